@@ -1,0 +1,40 @@
+#include "support/environnement.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace essai {
+
+void FixerEnvironnement() {
+  setenv("TZ", "UTC0", 1);
+  setenv("LC_ALL", "C", 1);
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+}
+
+DossierTemporaire::DossierTemporaire() {
+  std::string modele = (std::filesystem::temp_directory_path() / "quelvar-XXXXXX").string();
+  if (mkdtemp(modele.data()) == nullptr) throw std::runtime_error("no temporary directory: " + modele);
+  chemin_ = modele;
+}
+
+DossierTemporaire::~DossierTemporaire() {
+  std::error_code ignoree;
+  std::filesystem::remove_all(chemin_, ignoree);
+}
+
+std::string LireOctets(const std::filesystem::path &fichier) {
+  std::ifstream flux(fichier, std::ios::binary);
+  if (!flux) throw std::runtime_error("cannot read " + fichier.string());
+  return {std::istreambuf_iterator<char>(flux), std::istreambuf_iterator<char>()};
+}
+
+void EcrireOctets(const std::filesystem::path &fichier, std::string_view octets) {
+  std::ofstream flux(fichier, std::ios::binary | std::ios::trunc);
+  flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
+  flux.close();
+  if (!flux) throw std::runtime_error("cannot write " + fichier.string());
+}
+
+} // namespace essai
