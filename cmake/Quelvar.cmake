@@ -82,7 +82,7 @@ function(quelvar_test nom)
     list(APPEND A_DEPEND ${nom})
   endif()
   _quelvar_lier(${cible} PRIVATE ${A_DEPEND})
-  gtest_discover_tests(${cible} TEST_PREFIX "${nom}: " DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 LABELS ${nom})
+  gtest_discover_tests(${cible} TEST_PREFIX "${nom}: " NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 LABELS ${nom})
 endfunction()
 
 function(_quelvar_lier cible portee)
