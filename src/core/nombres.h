@@ -1,0 +1,53 @@
+// Numbers of the files: the lenient reading of a text, the roundings, and the bare number that is written without a helper.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quelvar {
+
+// Value of the numeric prefix of a text. Leading blanks and tabs are skipped, then blanks anywhere; an optional sign,
+// digits with at most one ".", an exponent (E, e, D, d, optional sign, at least one digit); the first character that
+// cannot continue stops the reading. No digit gives 0. Raises 6 when the value is beyond a double.
+double ValeurDe(std::string_view texte);
+
+// True when the text holds, apart from outer blanks and tabs, one number in the writing above and nothing else.
+bool EstNombre(std::string_view texte);
+
+// Nearest integer, ties to even.
+double ArrondirPair(double valeur);
+// Rounded to a number of decimals: times 10^d, ties to even, divided. Never a negative zero.
+double Arrondir(double valeur, int decimales);
+
+// Nearest integer as a 16-bit, 32-bit or 64-bit value; raises 6 when it does not fit.
+std::int16_t Entier16(double valeur);
+std::int32_t Entier32(double valeur);
+std::int64_t Entier64(double valeur);
+
+// The shortest decimal text: at most 15 significant digits for a double, 7 for a single, no trailing zeros, a zero
+// before the point. Raises 6 for an infinity and 5 for what is not a number.
+std::string Nombre(double valeur);
+std::string Nombre(float valeur);
+std::string Nombre(std::int64_t valeur);
+inline std::string Nombre(int valeur) { return Nombre(static_cast<std::int64_t>(valeur)); }
+inline std::string Nombre(std::size_t valeur) { return Nombre(static_cast<std::int64_t>(valeur)); }
+
+// The bare number of a file: a blank (or "-"), the digits, a blank.
+template <typename T>
+std::string NombreNu(T valeur) {
+  std::string texte = Nombre(valeur);
+  if (texte.front() != '-') texte.insert(texte.begin(), ' ');
+  texte += ' ';
+  return texte;
+}
+
+// The number with its leading blank (or "-") and no blank behind, as it stands inside a composed message.
+template <typename T>
+std::string NombreBlanc(T valeur) {
+  std::string texte = NombreNu(valeur);
+  texte.pop_back();
+  return texte;
+}
+
+}  // namespace quelvar
