@@ -13,9 +13,9 @@ namespace quelvar {
 
 // One row of a .BRT: name in columns 1-4, cells of `largeur` characters from column 5, optional label behind them.
 struct LigneBrt {
-  std::string nom;               // 4 characters, padded on the right
+  std::string nom;  // 4 characters, padded on the right
   std::vector<double> cellules;
-  std::string intitule;          // trimmed, at most 25 characters
+  std::string intitule;  // trimmed, at most 25 characters
 };
 
 // Cuts a row of `colonnes` cells; `ligne.cellules` is filled in place, so that one row serves a whole file.

@@ -36,7 +36,8 @@ int LireChamp(std::string_view ligne, Champ champ);
 inline int LireChampInterieur(const char* ligne, Champ champ) {
   const char* octets = ligne + champ.debut;
   const auto chiffre = [&](int i) { return static_cast<unsigned>(static_cast<unsigned char>(octets[i])) - '0'; };
-  if (champ.largeur == 1) return chiffre(0) < 10 ? static_cast<int>(chiffre(0)) : ValeursDUnOctet()[static_cast<unsigned char>(octets[0])];
+  if (champ.largeur == 1)
+    return chiffre(0) < 10 ? static_cast<int>(chiffre(0)) : ValeursDUnOctet()[static_cast<unsigned char>(octets[0])];
   if (champ.largeur == 2) {
     const unsigned unites = chiffre(1);
     if (unites < 10 && chiffre(0) < 10) return static_cast<int>(10 * chiffre(0) + unites);
@@ -72,6 +73,7 @@ class LecteurIndividus {
 std::int64_t CompterLignes(const Chemin& chemin);
 
 // The warning on a file shorter than announced, in the wording of all programs but the recoding.
-inline constexpr std::string_view kFichierPlusCourt = "Attention : le nombre reel d'individus est inferieur a celui annonce";
+inline constexpr std::string_view kFichierPlusCourt =
+    "Attention : le nombre reel d'individus est inferieur a celui annonce";
 
 }  // namespace quelvar

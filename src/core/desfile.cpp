@@ -12,7 +12,9 @@ namespace {
 
 constexpr int kLargeurAlphaMaximale = 20;
 
-bool Contient(std::string_view texte, std::string_view cherche) { return texte.find(cherche) != std::string_view::npos; }
+bool Contient(std::string_view texte, std::string_view cherche) {
+  return texte.find(cherche) != std::string_view::npos;
+}
 
 class LecteurDeDescription {
  public:
@@ -55,10 +57,12 @@ class LecteurDeDescription {
     const std::size_t signe = options.find_first_of("<=>", si);
     const std::size_t plus = options.find('+', si);
     if (plus == std::string::npos) return Signaler("*** Pas de signe plus dans le saut, test abandonné"_w, description);
-    if (signe == std::string::npos || signe > plus) return Signaler("*** Pas de < ou = ou >, test abandonné"_w, description);
+    if (signe == std::string::npos || signe > plus)
+      return Signaler("*** Pas de < ou = ou >, test abandonné"_w, description);
     const int nombre = Entier16(ValeurDe(std::string_view(options).substr(plus + 1)));
     if (nombre == 0) return Signaler("*** Pas de valeur dans le saut, test abandonné"_w, description);
-    description.saut = SautConditionnel{options[signe], std::string(Rogner(std::string_view(options).substr(signe + 1, plus - signe - 1))), nombre};
+    description.saut = SautConditionnel{
+        options[signe], std::string(Rogner(std::string_view(options).substr(signe + 1, plus - signe - 1))), nombre};
   }
 
   Descripteur& descripteur_;
@@ -87,11 +91,12 @@ Descripteur LireDes(const Chemin& chemin) {
 void VerifierLongueur(Descripteur& descripteur, std::string_view derniereLigne) {
   const int longueur = descripteur.LongueurEnregistrement();
   if (static_cast<std::size_t>(longueur) == derniereLigne.size()) return;
-  const std::string_view dernierNom = descripteur.descriptions.empty() ? std::string_view{} : descripteur.descriptions.back().nom;
-  descripteur.fautes.push_back(Joindre({"*** Erreur : la longueur de l'enregistrement calculée à partir\r\n    du fichier de description est de "_w,
-                                        Nombre(longueur),
-                                        "\r\n    celle du dernier enregistrement du fichier de données\r\n    existant déjà est de "_w,
-                                        Nombre(derniereLigne.size()), " Question ", RognerDroite(dernierNom)}));
+  const std::string_view dernierNom =
+      descripteur.descriptions.empty() ? std::string_view{} : descripteur.descriptions.back().nom;
+  descripteur.fautes.push_back(Joindre(
+      {"*** Erreur : la longueur de l'enregistrement calculée à partir\r\n    du fichier de description est de "_w,
+       Nombre(longueur), "\r\n    celle du dernier enregistrement du fichier de données\r\n    existant déjà est de "_w,
+       Nombre(derniereLigne.size()), " Question ", RognerDroite(dernierNom)}));
   descripteur.nombreFautes += 10;
 }
 

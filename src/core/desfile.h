@@ -13,19 +13,19 @@ namespace quelvar {
 
 // Jump of `nombre` questions when the value compares so.
 struct SautConditionnel {
-  char signe = '=';     // '<', '=' or '>'
-  std::string valeur;   // compared value
-  int nombre = 0;       // questions to jump
+  char signe = '=';    // '<', '=' or '>'
+  std::string valeur;  // compared value
+  int nombre = 0;      // questions to jump
 };
 
 struct Description {
-  std::string nom;           // columns 1-7
-  int nombre = 0;            // columns 8-9: code-max, or number of characters
-  bool alphabetique = false; // "A" in column 10: alphabetic or long numeric
-  bool numerique = false;    // "num" or "NUM": entered as a number of that many digits
-  bool tabulation = false;   // "tab" or "TAB"
+  std::string nom;            // columns 1-7
+  int nombre = 0;             // columns 8-9: code-max, or number of characters
+  bool alphabetique = false;  // "A" in column 10: alphabetic or long numeric
+  bool numerique = false;     // "num" or "NUM": entered as a number of that many digits
+  bool tabulation = false;    // "tab" or "TAB"
   std::optional<SautConditionnel> saut;
-  std::string options;       // column 11 to the end as it stands
+  std::string options;  // column 11 to the end as it stands
 
   int Largeur() const { return alphabetique ? nombre : nombre < 10 ? 1 : 2; }
 };

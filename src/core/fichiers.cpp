@@ -61,7 +61,8 @@ std::optional<Chemin> ChercherComposant(const Chemin& repertoire, const Chemin& 
 
   const std::string voulu = TexteDe(composant);
   std::optional<std::string> trouve;
-  for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin; i.increment(code)) {
+  for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
+       i.increment(code)) {
     std::string nom = i->path().filename().native();
     if (EgalSansCasse(DepuisUtf8(nom), voulu) && (!trouve || nom < *trouve)) trouve = std::move(nom);
   }

@@ -53,11 +53,11 @@ class LecteurLignes {
   bool LireLaFin(std::string_view& ligne);
 
   int descripteur_ = -1;
-  bool finie_ = false;             // the file has no byte left behind the buffer
+  bool finie_ = false;  // the file has no byte left behind the buffer
   std::unique_ptr<char[]> tampon_;
   std::size_t capacite_ = 0;
-  std::size_t debut_ = 0;          // first byte not given yet
-  std::size_t fin_ = 0;            // end of the bytes read
+  std::size_t debut_ = 0;  // first byte not given yet
+  std::size_t fin_ = 0;    // end of the bytes read
 };
 
 // Writes a file through one large buffer. Every failure raises 61, 57, 70 or 75.

@@ -48,7 +48,8 @@ FichierMod LireMod(const Chemin& chemin) {
 }
 
 std::string LigneModalite(std::string_view nom, bool supplementaire, std::string_view intitule) {
-  return Joindre({CadreGauche(nom, kLargeurNom), std::string_view(supplementaire ? " S " : "   "), intitule.substr(0, kLargeurIntitule)});
+  return Joindre({CadreGauche(nom, kLargeurNom), std::string_view(supplementaire ? " S " : "   "),
+                  intitule.substr(0, kLargeurIntitule)});
 }
 
 std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom) {
@@ -70,7 +71,8 @@ IntitulesModalites LireIntitules(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   std::string_view ligne;
   if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
-  while (lecteur.Lire(ligne)) intitules.lignes.push_back({std::string(Milieu(ligne, 1, kLargeurNom)), std::string(Milieu(ligne, 8))});
+  while (lecteur.Lire(ligne))
+    intitules.lignes.push_back({std::string(Milieu(ligne, 1, kLargeurNom)), std::string(Milieu(ligne, 8))});
   return intitules;
 }
 

@@ -12,18 +12,18 @@
 namespace quelvar {
 
 struct Modalite {
-  std::string nom;               // 4 characters, padded on the right
-  std::string marque;            // columns 5-7 as they stand
-  bool supplementaire = false;   // an S or s in columns 5-7
-  std::string intitule;          // column 8 to the end as it stands
+  std::string nom;              // 4 characters, padded on the right
+  std::string marque;           // columns 5-7 as they stand
+  bool supplementaire = false;  // an S or s in columns 5-7
+  std::string intitule;         // column 8 to the end as it stands
 };
 
 struct FichierMod {
   std::string titre;
-  std::string parametres;             // line 2
-  std::vector<Modalite> modalites;    // up to the end mark
-  std::vector<std::string> lignes;    // every line of the file as it stands
-  std::size_t premiereApres = 0;      // index in `lignes` of the end mark; its size at the end of the file
+  std::string parametres;           // line 2
+  std::vector<Modalite> modalites;  // up to the end mark
+  std::vector<std::string> lignes;  // every line of the file as it stands
+  std::size_t premiereApres = 0;    // index in `lignes` of the end mark; its size at the end of the file
 };
 
 // A .MOD shorter than this counts as absent.

@@ -13,9 +13,9 @@ namespace {
 
 // The characters of one number, gathered without the blanks between them, in the writing that from_chars takes.
 struct NombreLu {
-  std::string texte;     // sign "-", digits, point, exponent with "e"
+  std::string texte;  // sign "-", digits, point, exponent with "e"
   bool chiffres = false;
-  std::size_t fin = 0;   // first character of the source that does not belong to it
+  std::size_t fin = 0;  // first character of the source that does not belong to it
 };
 
 bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
@@ -88,7 +88,8 @@ std::string EnTexte(T valeur, int chiffres) {
   if (std::isinf(valeur)) throw Erreur(kDepassementCapacite);
   if (valeur == 0) return "0";
   std::array<char, 40> tampon{};
-  const auto [fin, _] = std::to_chars(tampon.data(), tampon.data() + tampon.size(), valeur, std::chars_format::general, chiffres);
+  const auto [fin, _] =
+      std::to_chars(tampon.data(), tampon.data() + tampon.size(), valeur, std::chars_format::general, chiffres);
   std::string texte(tampon.data(), fin);
   for (char& c : texte)
     if (c == 'e') c = 'E';

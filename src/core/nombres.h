@@ -1,4 +1,5 @@
-// Numbers of the files: the lenient reading of a text, the roundings, and the bare number that is written without a helper.
+// Numbers of the files: the lenient reading of a text, the roundings, and the bare number that is written without a
+// helper.
 #pragma once
 
 #include <cstdint>

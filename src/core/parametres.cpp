@@ -16,23 +16,23 @@ enum class Cle { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, D
 
 // The order matters: the first code that occurs anywhere in the key wins.
 constexpr std::array<std::pair<std::string_view, Cle>, 18> kCodesDeCle = {{{"IM", Cle::Lignes},
-                                                                         {"LI", Cle::Lignes},
-                                                                         {"JM", Cle::Colonnes},
-                                                                         {"CO", Cle::Colonnes},
-                                                                         {"IS", Cle::LignesSup},
-                                                                         {"LS", Cle::LignesSup},
-                                                                         {"JS", Cle::ColonnesSup},
-                                                                         {"CS", Cle::ColonnesSup},
-                                                                         {"FM", Cle::Largeur},
-                                                                         {"FO", Cle::Largeur},
-                                                                         {"LA", Cle::Largeur},
-                                                                         {"LR", Cle::Largeur},
-                                                                         {"BR", Cle::Burt},
-                                                                         {"BU", Cle::Burt},
-                                                                         {"MO", Cle::Mod},
-                                                                         {"EF", Cle::Decimales},
-                                                                         {"DE", Cle::Decimales},
-                                                                         {"CD", Cle::Cdg}}};
+                                                                           {"LI", Cle::Lignes},
+                                                                           {"JM", Cle::Colonnes},
+                                                                           {"CO", Cle::Colonnes},
+                                                                           {"IS", Cle::LignesSup},
+                                                                           {"LS", Cle::LignesSup},
+                                                                           {"JS", Cle::ColonnesSup},
+                                                                           {"CS", Cle::ColonnesSup},
+                                                                           {"FM", Cle::Largeur},
+                                                                           {"FO", Cle::Largeur},
+                                                                           {"LA", Cle::Largeur},
+                                                                           {"LR", Cle::Largeur},
+                                                                           {"BR", Cle::Burt},
+                                                                           {"BU", Cle::Burt},
+                                                                           {"MO", Cle::Mod},
+                                                                           {"EF", Cle::Decimales},
+                                                                           {"DE", Cle::Decimales},
+                                                                           {"CD", Cle::Cdg}}};
 
 struct Paire {
   std::string cle;
@@ -42,7 +42,9 @@ struct Paire {
 // Blanks for the separators, and no blank on either side of "=".
 std::string Normaliser(std::string_view ligne) {
   std::string texte(Rogner(ligne));
-  std::replace_if(texte.begin(), texte.end(), [](char c) { return std::string_view(",:;/.").find(c) != std::string_view::npos; }, ' ');
+  std::replace_if(
+      texte.begin(), texte.end(), [](char c) { return std::string_view(",:;/.").find(c) != std::string_view::npos; },
+      ' ');
   std::string serre;
   for (std::size_t i = 0; i < texte.size(); ++i) {
     if (texte[i] == ' ') {

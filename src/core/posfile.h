@@ -15,10 +15,10 @@ namespace quelvar {
 
 // The size line (line 2).
 struct LigneTaille {
-  std::string texte;                    // the whole line, for the keywords of the recoding
-  std::int64_t individus = 0;           // constructed count N; 0 when unknown
-  std::int64_t avantPonderation = 0;    // count M between the parentheses; 0 without them
-  bool parenthesesFautives = false;     // a "(" without a ")" behind it
+  std::string texte;                  // the whole line, for the keywords of the recoding
+  std::int64_t individus = 0;         // constructed count N; 0 when unknown
+  std::int64_t avantPonderation = 0;  // count M between the parentheses; 0 without them
+  bool parenthesesFautives = false;   // a "(" without a ")" behind it
 };
 
 enum class Statut { Aucun, Actif, Supplementaire };
@@ -31,9 +31,9 @@ struct Question {
   char type = ' ';            // column 10 as it stands
   bool alphabetique = false;  // "A" or "a" in column 10
   Statut statut = Statut::Aucun;
-  std::string intitule;       // between the first two "$"; empty without them
+  std::string intitule;         // between the first two "$"; empty without them
   bool intituleOuvert = false;  // one "$" only
-  std::string regle;          // free area without label and mark, trimmed on both sides
+  std::string regle;            // free area without label and mark, trimmed on both sides
 };
 
 // What ended the list of questions.

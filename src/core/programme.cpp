@@ -77,11 +77,13 @@ std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreu
     const RepereQuestion& question = *erreur.Question();
     lignes.emplace_back("Il y a probablement une erreur dans le fichier *.POS");
     lignes.push_back(Joindre({"a la question ", NombreNu(question.numero), " nom=", question.nom}));
-    lignes.push_back(Joindre({"position =", NombreNu(question.position), " code maximum=", NombreNu(question.codeMax)}));
+    lignes.push_back(
+        Joindre({"position =", NombreNu(question.position), " code maximum=", NombreNu(question.codeMax)}));
     lignes.emplace_back("Verifiez et corrigez avant de relancer");
   } else {
     lignes.emplace_back(libelles.imprevue);
-    lignes.push_back(Joindre({libelles.numero, NombreNu(numero), libelles.avecTexte ? TexteErreur(numero) : std::string_view{}}));
+    lignes.push_back(
+        Joindre({libelles.numero, NombreNu(numero), libelles.avecTexte ? TexteErreur(numero) : std::string_view{}}));
     if (libelles.avecAssistance) lignes.emplace_back(" et prévenez l'assistance technique"_w);
   }
   return lignes;
@@ -94,8 +96,8 @@ Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, co
     const bool ephemere = contexte.generique.empty();
     if (LongueurFichier(*rapport) > kLimiteTexte) {
       Affichage affichage{Affichage::Ou::Lecteur,
-                          Joindre({"texte trop long, WordPad est lancé\r\npour examiner les résultats de : "_w, nomRapport,
-                                   "\r\nProgramme terminé"_w}),
+                          Joindre({"texte trop long, WordPad est lancé\r\npour examiner les résultats de : "_w,
+                                   nomRapport, "\r\nProgramme terminé"_w}),
                           std::string(nomRapport), rapport->native()};
       if (ephemere) {
         EffacerFichier(*rapport);
@@ -133,14 +135,17 @@ Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, con
   return fin;
 }
 
-std::string_view TexteFichAff(std::string_view nom) { return nom.size() > 15 ? nom.substr(nom.size() - std::min<std::size_t>(16, nom.size())) : nom; }
+std::string_view TexteFichAff(std::string_view nom) {
+  return nom.size() > 15 ? nom.substr(nom.size() - std::min<std::size_t>(16, nom.size())) : nom;
+}
 
 void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte) {
   rapport.Ligne(texte);
   dialogue.biper();
 }
 
-void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers, Texte ligneDArret) {
+void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
+                    Texte ligneDArret) {
   bool manque = false;
   for (const FichierObligatoire& fichier : fichiers) {
     if (fichier.present) continue;

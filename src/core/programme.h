@@ -23,7 +23,9 @@ struct Contexte {
   Dialogue& Ecran() const { return *dialogue; }
   std::string Nom(std::string_view extension) const { return generique + std::string(extension); }
   // The file of the generic with that extension (".DAT"), if it exists.
-  std::optional<Chemin> Chercher(std::string_view extension) const { return ChercherFichier(repertoire, Nom(extension)); }
+  std::optional<Chemin> Chercher(std::string_view extension) const {
+    return ChercherFichier(repertoire, Nom(extension));
+  }
 };
 
 enum class Fin { Normale, Arret };
@@ -62,11 +64,13 @@ struct FichierObligatoire {
   std::string nom;
   bool present;
 };
-void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers, Texte ligneDArret);
+void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
+                    Texte ligneDArret);
 
 // Stopping lines of ExigerFichiers.
 inline constexpr std::string_view kArretAbsenceUnOuDeux = "Arret du programme du a l'absence d'un ou de deux fichiers";
-inline constexpr std::string_view kArretAbsenceSansAccents = "Arret du programme du a l'absence d'un ou de plusieurs fichiers";
+inline constexpr std::string_view kArretAbsenceSansAccents =
+    "Arret du programme du a l'absence d'un ou de plusieurs fichiers";
 inline constexpr std::string_view kArretAbsence = "Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
 
 // Moves the progress display, at most once every few thousand individuals; hides it at the end of its life.

@@ -100,7 +100,8 @@ std::string NombreFixe(double valeur, int largeurEntiere, int decimales) {
 }
 
 void EcrireBandeau(Rapport& rapport, Texte titre) {
-  const auto retrait = static_cast<std::size_t>(std::max(0.0, 28 - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));
+  const auto retrait =
+      static_cast<std::size_t>(std::max(0.0, 28 - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));
   rapport.Ligne("          QUELVAR Version 5.3 - Mai 2017");
   rapport.Ligne(std::string(27, ' '));
   rapport.Ligne("          Atelier statistique pour l'analyse des enquêtes"_w);

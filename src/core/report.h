@@ -19,7 +19,9 @@ std::string CadreDroit(std::string_view texte, int largeur);
 // The shortest decimal form, right-aligned; a longer one is not cut.
 std::string EntierDroit(double valeur, int largeur);
 std::string EntierDroit(std::int64_t valeur, int largeur);
-inline std::string EntierDroit(int valeur, int largeur) { return EntierDroit(static_cast<std::int64_t>(valeur), largeur); }
+inline std::string EntierDroit(int valeur, int largeur) {
+  return EntierDroit(static_cast<std::int64_t>(valeur), largeur);
+}
 // The same, where a longer text raises the width for what the caller writes next.
 std::string EntierDroitElargi(double valeur, int& largeur);
 

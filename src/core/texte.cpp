@@ -23,7 +23,8 @@ std::array<char, 256> ConstruireMinuscules() {
   std::array<char, 256> table{};
   for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<char>(i);
   for (unsigned i = 0; i < 256; ++i)
-    if (static_cast<unsigned char>(majuscules[i]) != i) table[static_cast<unsigned char>(majuscules[i])] = static_cast<char>(i);
+    if (static_cast<unsigned char>(majuscules[i]) != i)
+      table[static_cast<unsigned char>(majuscules[i])] = static_cast<char>(i);
   return table;
 }
 
@@ -56,9 +57,7 @@ std::string_view RognerGauche(std::string_view texte) {
   return debut == std::string_view::npos ? std::string_view{} : texte.substr(debut);
 }
 
-std::string_view RognerDroite(std::string_view texte) {
-  return texte.substr(0, texte.find_last_not_of(' ') + 1);
-}
+std::string_view RognerDroite(std::string_view texte) { return texte.substr(0, texte.find_last_not_of(' ') + 1); }
 
 std::string_view Rogner(std::string_view texte) { return RognerGauche(RognerDroite(texte)); }
 
@@ -85,7 +84,8 @@ std::string Minuscules(std::string_view texte) {
 }
 
 bool EgalSansCasse(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Majuscule(x) == Majuscule(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Majuscule(x) == Majuscule(y); });
 }
 
 std::string_view Milieu(std::string_view texte, std::size_t colonne, std::size_t largeur) {
@@ -118,7 +118,8 @@ bool EstUtf8MultiOctet(std::string_view octets) {
   bool multiple = false;
   while (!octets.empty()) {
     if (static_cast<unsigned char>(octets.front()) < 0x80) {
-      const auto suite = std::find_if(octets.begin(), octets.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+      const auto suite =
+          std::find_if(octets.begin(), octets.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
       octets.remove_prefix(static_cast<std::size_t>(suite - octets.begin()));
       continue;
     }

@@ -12,11 +12,12 @@ namespace quelvar {
 
 namespace detail {
 
-// Code points of the bytes 80 to 9F hex; the five undefined bytes keep their own number, so that they survive a round trip.
-inline constexpr std::array<char16_t, 32> pointsDe80 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+// Code points of the bytes 80 to 9F hex; the five undefined bytes keep their own number, so that they survive a round
+// trip.
+inline constexpr std::array<char16_t, 32> pointsDe80 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                        0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 // Byte of a code point, or -1 when the code page does not hold it.
 constexpr int OctetDe(char32_t point) {
@@ -36,7 +37,10 @@ constexpr PointUtf8 DecoderUtf8(std::string_view texte) {
   const auto octet = [&](std::size_t i) { return static_cast<unsigned char>(texte[i]); };
   const unsigned char tete = octet(0);
   if (tete < 0x80) return {tete, 1};
-  const std::size_t longueur = tete >= 0xC2 && tete <= 0xDF ? 2 : tete >= 0xE0 && tete <= 0xEF ? 3 : tete >= 0xF0 && tete <= 0xF4 ? 4 : 0;
+  const std::size_t longueur = tete >= 0xC2 && tete <= 0xDF   ? 2
+                               : tete >= 0xE0 && tete <= 0xEF ? 3
+                               : tete >= 0xF0 && tete <= 0xF4 ? 4
+                                                              : 0;
   if (longueur == 0 || texte.size() < longueur) return {0, 0};
   char32_t point = tete & (0xFFU >> (longueur + 1));
   for (std::size_t i = 1; i < longueur; ++i) {
@@ -125,7 +129,8 @@ bool EgalSansCasse(std::string_view a, std::string_view b);
 // The part of a text that starts at a column counted from 1, at most `largeur` bytes; empty past the end.
 std::string_view Milieu(std::string_view texte, std::size_t colonne, std::size_t largeur = std::string_view::npos);
 
-// The edge to the screen, the terminal and the file names. Characters outside the code page, and invalid bytes, become "?".
+// The edge to the screen, the terminal and the file names. Characters outside the code page, and invalid bytes, become
+// "?".
 std::string VersUtf8(std::string_view texte);
 std::string DepuisUtf8(std::string_view utf8);
 // True when the bytes hold at least one multi-byte UTF-8 sequence and no invalid one.

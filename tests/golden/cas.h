@@ -30,31 +30,31 @@ struct Cas {
   std::set<std::string> effaces;
 };
 
-/// What the runs left: the files of the working directory by relative name, and what they told.
+// What the runs left: the files of the working directory by relative name, and what they told.
 struct Constat {
   std::map<std::string, std::string> fichiers;
-  std::vector<int> statuts; ///< exit status of each run; minus the signal when one killed it
+  std::vector<int> statuts;  //< exit status of each run; minus the signal when one killed it
   std::string sortie;
   std::string boites;
 };
 
-/// Every directory that holds a `commande`, two levels below the root, sorted.
-std::vector<std::filesystem::path> ListerCas(const std::filesystem::path &racine);
+// Every directory that holds a `commande`, two levels below the root, sorted.
+std::vector<std::filesystem::path> ListerCas(const std::filesystem::path& racine);
 
-/// Reads the case; throws std::runtime_error when it cannot fail (nothing expected) or cannot be read.
-Cas LireCas(const std::filesystem::path &dossier);
+// Reads the case; throws std::runtime_error when it cannot fail (nothing expected) or cannot be read.
+Cas LireCas(const std::filesystem::path& dossier);
 
-/// Runs the case in a scratch copy of entree/, with a fixed clock, time zone and locale.
-Constat ExecuterCas(const Cas &cas, const std::filesystem::path &programme);
+// Runs the case in a scratch copy of entree/, with a fixed clock, time zone and locale.
+Constat ExecuterCas(const Cas& cas, const std::filesystem::path& programme);
 
-/// One readable text for each difference between what is expected and what the runs left; empty when all is equal.
-std::vector<std::string> Differences(const Cas &cas, const Constat &constat);
+// One readable text for each difference between what is expected and what the runs left; empty when all is equal.
+std::vector<std::string> Differences(const Cas& cas, const Constat& constat);
 
-/// Rewrites attendu/ (and sortie, boites where they exist) after what the runs left.
-/// Returns remarks on what only a hand can change in `commande`.
-std::vector<std::string> Reecrire(const Cas &cas, const Constat &constat);
+// Rewrites attendu/ (and sortie, boites where they exist) after what the runs left.
+// Returns remarks on what only a hand can change in `commande`.
+std::vector<std::string> Reecrire(const Cas& cas, const Constat& constat);
 
-/// The names in the output of `quelvar-batch --liste`: the first word of each line.
+// The names in the output of `quelvar-batch --liste`: the first word of each line.
 std::vector<std::string> LireListe(std::string_view sortie);
 
-} // namespace golden
+}  // namespace golden

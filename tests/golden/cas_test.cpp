@@ -1,36 +1,37 @@
 // The golden runner must fail when it should: each row breaks one expectation of a case that is right.
 #include "golden/cas.h"
-#include "support/environnement.h"
 
 #include <gtest/gtest.h>
+
+#include "support/environnement.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 // Stands in for quelvar-batch: its first two arguments fix the clock, the third is run by the shell.
-constexpr std::string_view programmeFactice = "#!/bin/sh\nshift 2\neval \"$1\"\n";
+constexpr std::string_view kProgrammeFactice = "#!/bin/sh\nshift 2\neval \"$1\"\n";
 
 struct Disposition {
   essai::DossierTemporaire temporaire;
   fs::path dossier = temporaire.Chemin() / "cas";
   fs::path programme = temporaire.Chemin() / "programme";
 
-  explicit Disposition(const std::string &commande) {
+  explicit Disposition(const std::string& commande) {
     fs::create_directories(dossier / "entree");
     fs::create_directories(dossier / "attendu");
     essai::EcrireOctets(dossier / "commande", commande);
     essai::EcrireOctets(dossier / "entree" / "ENQ.DAT", "1\r\n2\r\n");
     essai::EcrireOctets(dossier / "entree" / "ENQ.MOD", "ENQ\r\n");
     essai::EcrireOctets(dossier / "attendu" / "ENQ.TAP", "il y a  2 \r\n");
-    essai::EcrireOctets(programme, programmeFactice);
+    essai::EcrireOctets(programme, kProgrammeFactice);
     fs::permissions(programme, fs::perms::owner_all);
   }
 
   std::string Verdict() const {
     const golden::Cas cas = golden::LireCas(dossier);
     std::string tout;
-    for (const std::string &d : golden::Differences(cas, golden::ExecuterCas(cas, programme))) tout += d + "\n";
+    for (const std::string& d : golden::Differences(cas, golden::ExecuterCas(cas, programme))) tout += d + "\n";
     return tout;
   }
 };
@@ -38,19 +39,17 @@ struct Disposition {
 const std::string juste = R"("printf 'il y a  2 \r\n' > ENQ.TAP)";
 
 struct Ligne {
-  const char *nom;
+  const char* nom;
   std::string commande;
-  const char *attendu; ///< part of the verdict; "" when the case must pass
+  const char* attendu;  //< part of the verdict; "" when the case must pass
 };
 
 class Verdicts : public testing::TestWithParam<Ligne> {};
 
 TEST_P(Verdicts, TellsTheDifference) {
   const std::string verdict = Disposition(GetParam().commande + "\"\n").Verdict();
-  if (*GetParam().attendu == '\0')
-    EXPECT_EQ(verdict, "");
-  else
-    EXPECT_NE(verdict.find(GetParam().attendu), std::string::npos) << verdict;
+  if (*GetParam().attendu == '\0') EXPECT_EQ(verdict, "");
+  else EXPECT_NE(verdict.find(GetParam().attendu), std::string::npos) << verdict;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -70,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Ligne{"StatusAsTold", "statut=1 " + juste + R"(; exit 1)", ""},
                     Ligne{"Killed", juste + R"(; kill -9 $$)", "ended with status -9"},
                     Ligne{"SecondRun", juste + "\"\nstatut=2 \"true", "run 2 ended with status 0, expected 2"}),
-    [](const auto &ligne) { return std::string(ligne.param.nom); });
+    [](const auto& ligne) { return std::string(ligne.param.nom); });
 
 TEST(Cas, StandardOutputIsComparedWhenExpected) {
   const Disposition d(juste + "; echo bonjour; echo boite >&2\"\n");
@@ -103,4 +102,4 @@ TEST(Cas, RewritingMakesTheCasePass) {
   EXPECT_FALSE(fs::exists(d.dossier / "attendu" / "ENQ.MOD"));
 }
 
-} // namespace
+}  // namespace

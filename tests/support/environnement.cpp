@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
+#include <string>
 
 namespace essai {
 
@@ -24,17 +24,11 @@ DossierTemporaire::~DossierTemporaire() {
   std::filesystem::remove_all(chemin_, ignoree);
 }
 
-std::string LireOctets(const std::filesystem::path &fichier) {
-  std::ifstream flux(fichier, std::ios::binary);
-  if (!flux) throw std::runtime_error("cannot read " + fichier.string());
-  return {std::istreambuf_iterator<char>(flux), std::istreambuf_iterator<char>()};
-}
-
-void EcrireOctets(const std::filesystem::path &fichier, std::string_view octets) {
+void EcrireOctets(const std::filesystem::path& fichier, std::string_view octets) {
   std::ofstream flux(fichier, std::ios::binary | std::ios::trunc);
   flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
   flux.close();
   if (!flux) throw std::runtime_error("cannot write " + fichier.string());
 }
 
-} // namespace essai
+}  // namespace essai

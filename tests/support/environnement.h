@@ -2,32 +2,28 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 #include <string_view>
 
 namespace essai {
 
-/// Fixes time zone, locale and the platform of the windows, before anything reads them.
+// Fixes time zone, locale and the platform of the windows, before anything reads them.
 void FixerEnvironnement();
 
-/// A new empty directory, removed with all its content at the end of the object's life.
+// A new empty directory, removed with all its content at the end of the object's life.
 class DossierTemporaire {
-public:
+ public:
   DossierTemporaire();
   ~DossierTemporaire();
-  DossierTemporaire(const DossierTemporaire &) = delete;
-  DossierTemporaire &operator=(const DossierTemporaire &) = delete;
+  DossierTemporaire(const DossierTemporaire&) = delete;
+  DossierTemporaire& operator=(const DossierTemporaire&) = delete;
 
-  const std::filesystem::path &Chemin() const { return chemin_; }
+  const std::filesystem::path& Chemin() const { return chemin_; }
 
-private:
+ private:
   std::filesystem::path chemin_;
 };
 
-/// The bytes of a file; throws std::runtime_error when it cannot be read.
-std::string LireOctets(const std::filesystem::path &fichier);
+// Writes the bytes as they stand; throws std::runtime_error when it cannot.
+void EcrireOctets(const std::filesystem::path& fichier, std::string_view octets);
 
-/// Writes the bytes as they stand; throws std::runtime_error when it cannot.
-void EcrireOctets(const std::filesystem::path &fichier, std::string_view octets);
-
-} // namespace essai
+}  // namespace essai

@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Builds Quelvar and shows it at work. With a screen: the program, on a copy of the survey of examples/loisirs
+# in the user's documents. Without one: the chain of examples/loisirs/chaine.sh in a scratch copy, on the terminal.
+set -euo pipefail
+racine=$(cd "$(dirname "$0")" && pwd)
+cd "$racine"
+. tools/paquets.sh
+CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
+export CMAKE_BUILD_PARALLEL_LEVEL
+
+# construire PRESET CIBLE... : quiet unless it fails
+construire() {
+  local preset=$1 journal
+  shift
+  journal=$(mktemp)
+  echo "Construction de Quelvar (quelques minutes la première fois)..." >&2
+  if ! { cmake --preset "$preset" -DQUELVAR_TESTS=OFF -DQUELVAR_BENCH=OFF &&
+         cmake --build --preset "$preset" --target "$@"; } >"$journal" 2>&1; then
+    cat "$journal" >&2
+    exit 1
+  fi
+  rm -f "$journal"
+}
+
+sans_ecran() {
+  installer "${PAQUETS_NOYAU[@]}"
+  construire core quelvar-batch
+  local copie
+  copie=$(mktemp -d)
+  trap 'rm -rf "$copie"' EXIT
+  cp -r examples/loisirs/. "$copie"
+  cd "$copie"
+  PATH="$racine/build/core/bin:$PATH" sh -e chaine.sh
+}
+
+# The copy is made once: what the user does there afterwards is never overwritten.
+preparer_documents() {
+  local documents
+  documents=$(xdg-user-dir DOCUMENTS 2>/dev/null || echo "$HOME/Documents")
+  [ "$documents" != "$HOME" ] || documents="$HOME/Documents"
+  copie="$documents/Quelvar/loisirs"
+  if [ ! -e "$copie" ]; then
+    mkdir -p "$copie"
+    cp -r examples/loisirs/. "$copie"
+    (cd "$copie" && "$racine/build/release/bin/quelvar-batch" import-csv LOISIRS >/dev/null) || true
+  fi
+}
+
+avec_ecran() {
+  installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_FORMES[@]}"
+  construire release quelvar quelvar-batch
+  preparer_documents
+  cd "$copie"
+  "$racine/build/release/bin/quelvar"
+}
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ -d src/forms ]; then avec_ecran; else sans_ecran; fi

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# Builds Quelvar and runs every test: layout of the sources, release, sanitizers, the part below the windows without
+# Qt, static analysis, and a short run of the fuzz targets.
+#   ./test.sh            everything; installs what is missing
+#   ./test.sh --rapide   the suite of the dev preset only, installs nothing
+set -uo pipefail
+cd "$(dirname "$0")" || exit 1
+. tools/paquets.sh
+CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
+export CMAKE_BUILD_PARALLEL_LEVEL
+reussis=0
+echecs=0
+journal=$(mktemp)
+trap 'rm -f "$journal"' EXIT
+
+# etape NOM COMMANDE... : one check that passes or fails as a whole; its output is shown when it fails
+etape() {
+  local nom=$1 debut=$SECONDS
+  shift
+  if "$@" >"$journal" 2>&1; then
+    reussis=$((reussis + 1))
+    echo "ok      $nom ($((SECONDS - debut)) s)"
+  else
+    echecs=$((echecs + 1))
+    tail -n 200 "$journal"
+    echo "ÉCHEC   $nom"
+    return 1
+  fi
+}
+
+# suite PRESET : builds it and counts every test that ctest runs
+suite() {
+  etape "construction $1" eval "cmake --preset $1 -DQUELVAR_TESTS=ON $2 && cmake --build --preset $1" || return
+  ctest --preset "$1" --progress >"$journal" 2>&1
+  local bilan
+  bilan=$(sed -n 's/.*% tests passed, \([0-9]*\) tests failed out of \([0-9]*\).*/\1 \2/p' "$journal")
+  if [ -z "$bilan" ] || [ "${bilan%% *}" != 0 ]; then cat "$journal"; else tail -n 4 "$journal"; fi
+  if [ -z "$bilan" ]; then echecs=$((echecs + 1)); return; fi
+  echecs=$((echecs + ${bilan%% *}))
+  reussis=$((reussis + ${bilan##* } - ${bilan%% *}))
+}
+
+tout() {
+  etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_FORMES[@]}" "${PAQUETS_ESSAIS[@]}"
+  etape "paquets de clang" installer_runtime_clang
+  etape "mise en page des sources" tools/format.sh --verifier
+  suite release -DQUELVAR_BENCH=ON
+  suite asan ""
+  etape "construction sans Qt" eval \
+    "cmake --preset core -DQUELVAR_TESTS=ON -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON && cmake --build --preset core"
+  etape "analyse statique" tools/tidy.sh build/release
+  if [ -d fuzz ]; then etape "lectures au hasard" fuzz/court.sh; fi
+}
+
+case "${1:-}" in
+  --rapide) suite dev "" ;;
+  "") tout ;;
+  *) sed -n '2,5p' "$0"; exit 2 ;;
+esac
+echo
+echo "$reussis passed, $echecs failed"
+[ "$echecs" = 0 ]
