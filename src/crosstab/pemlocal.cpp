@@ -1,0 +1,44 @@
+#include "crosstab/pemlocal.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quelvar {
+
+namespace {
+
+constexpr double kTheoriqueYates = 5;
+constexpr double kResidu = 1e-12;  // share of the total below which a difference of sums is rounding
+
+// The four counts of the table: cell, rest of its column, rest of its row, all others.
+double Khi2DeuxParDeux(double total, double a, double b, double n) {
+  const double resteA = total - a;
+  const double resteB = total - b;
+  const double residu = kResidu * total;
+  if (std::min({a, b, resteA, resteB}) <= residu) return 0;
+  const double croise = std::fabs(n * (total - a - b + n) - (b - n) * (a - n));
+  const double marges = a * b * resteA * resteB;
+  const double plusPetit = std::min(a, resteA) * std::min(b, resteB) / total;
+  if (plusPetit >= kTheoriqueYates) return total * croise * croise / marges;
+  const double corrige = croise - total / 2;
+  return corrige <= 0 ? 0 : total * corrige * corrige / marges;
+}
+
+}  // namespace
+
+AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif) {
+  AttractionLocale locale;
+  if (total == 0) return locale;
+  const double theorique = totalLigne * totalColonne / total;
+  locale.ecart = effectif - theorique;
+  const double possible = totalLigne < total - totalColonne ? 0 : totalLigne + totalColonne - total;
+  const double marge = locale.ecart > 0 ? std::min(totalLigne, totalColonne) - theorique : possible - theorique;
+  if (std::fabs(locale.ecart) > kResidu * std::fabs(total) && marge != 0) {
+    locale.pem = 100 * locale.ecart / marge;
+    if (locale.ecart < 0) locale.pem = -locale.pem;
+  }
+  locale.khi2 = Khi2DeuxParDeux(total, totalLigne, totalColonne, effectif);
+  return locale;
+}
+
+}  // namespace quelvar

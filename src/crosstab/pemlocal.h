@@ -1,0 +1,22 @@
+// The local PEM of a cell: the share of the largest deviation from independence that its margins allow, with the
+// chi-square of the 2 x 2 table that the cell makes with everything else.
+#pragma once
+
+namespace quelvar {
+
+struct AttractionLocale {
+  double ecart = 0;  // count less theoretical count
+  double pem = 0;    // percent, from -100 to 100
+  double khi2 = 0;   // of the 2 x 2 table, Yates's correction when a theoretical count is below 5
+};
+
+// For a cell of `effectif` individuals out of `total`, in a row and a column of the totals given. Where the margins
+// leave no room for a deviation the PEM is 0; where a row or a column takes all or nothing the chi-square is 0.
+// Counts may be fractional: residues of their sums count as 0. Nothing is raised; a total of 0 gives zeros.
+// The correction is that of F. Yates (Supplement to the Journal of the Royal Statistical Society, 1934).
+AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif);
+
+// Chi-square of the 2 x 2 table above this is a cell marked as attracted or repelled at 10 %.
+inline constexpr double kSeuilAttraction = 2.71;
+
+}  // namespace quelvar
