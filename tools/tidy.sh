@@ -3,6 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 dossier=${1:-build/dev}
-# The database is the compiler's own: options that only g++ knows are no concern here.
+# The warnings of the compiler are g++'s matter: here only the checks count.
 git ls-files -z 'src/*.cpp' |
-  xargs -0 -r -n 4 -P "$(nproc)" clang-tidy-14 --quiet -p "$dossier" --extra-arg=-Wno-unknown-warning-option
+  xargs -0 -r -n 4 -P "$(nproc)" clang-tidy-14 --quiet -p "$dossier" --extra-arg=-w

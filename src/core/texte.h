@@ -62,7 +62,7 @@ struct LitteralUtf8 {
 
 template <LitteralUtf8 L>
 struct LitteralW {
-  static consteval std::size_t Longueur() {
+  static constexpr std::size_t Longueur() {
     std::size_t n = 0;
     for (std::string_view reste(L.octets, sizeof L.octets - 1); !reste.empty(); ++n) {
       const PointUtf8 lu = DecoderUtf8(reste);
@@ -71,15 +71,15 @@ struct LitteralW {
     }
     return n;
   }
-  static consteval auto Convertir() {
-    std::array<char, Longueur() + 1> octets = {};
+  static constexpr auto Convertir() {
+    std::array<char, Longueur() + 1> convertis = {};
     std::size_t n = 0;
     for (std::string_view reste(L.octets, sizeof L.octets - 1); !reste.empty(); ++n) {
       const PointUtf8 lu = DecoderUtf8(reste);
-      octets[n] = static_cast<char>(OctetDe(lu.point));
+      convertis[n] = static_cast<char>(OctetDe(lu.point));
       reste.remove_prefix(lu.longueur);
     }
-    return octets;
+    return convertis;
   }
   static constexpr auto octets = Convertir();
 };
