@@ -1,0 +1,21 @@
+// Any parameter line: LireParametres ends with values that fit their types or with an error number.
+#include "core/parametres.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "core/erreur.h"
+#include "fichier_memoire.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  const std::string_view ligne(reinterpret_cast<const char*>(donnees), taille);
+  const fuzz::FichierMemoire fichier("");
+  quelvar::Rapport rapport(fichier.Chemin());
+  try {
+    const quelvar::ParametresMod lus = quelvar::LireParametres(ligne, &rapport);
+    if (lus.modPresent && lus.mod.ends_with(' ')) std::abort();
+  } catch (const quelvar::Erreur& erreur) {
+    if (quelvar::TexteErreur(erreur.Numero()).empty()) std::abort();
+  }
+  return 0;
+}
