@@ -13,7 +13,7 @@ std::vector<Champ> ChampsDe(const FichierPos& pos) {
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
     if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(pos, i));
-    champs.push_back({static_cast<std::uint32_t>(question.position - 1), static_cast<std::uint32_t>(question.largeur)});
+    champs.push_back(ChampDe(question));
   }
   return champs;
 }

@@ -18,6 +18,11 @@ struct Champ {
   std::uint32_t largeur = 1;  // bytes
 };
 
+// The field of a question whose position is at least 1.
+inline Champ ChampDe(const Question& question) {
+  return {static_cast<std::uint32_t>(question.position - 1), static_cast<std::uint32_t>(question.largeur)};
+}
+
 // The fields of the questions. Raises 5, with the question, for a position below 1.
 std::vector<Champ> ChampsDe(const FichierPos& pos);
 

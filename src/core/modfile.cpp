@@ -1,7 +1,5 @@
 #include "core/modfile.h"
 
-#include <algorithm>
-
 #include "core/report.h"
 
 namespace quelvar {
@@ -61,9 +59,9 @@ std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom
   return chemin;
 }
 
-const IntitulesModalites::Ligne* IntitulesModalites::Chercher(std::string_view nom) const {
-  const auto ligne = std::find_if(lignes.begin(), lignes.end(), [&](const Ligne& l) { return l.nom == nom; });
-  return ligne == lignes.end() ? nullptr : &*ligne;
+const std::string* IntitulesModalites::Chercher(std::string_view nom) const {
+  const auto ligne = intitules_.find(std::string(nom));
+  return ligne == intitules_.end() ? nullptr : &ligne->second;
 }
 
 IntitulesModalites LireIntitules(const Chemin& chemin) {
@@ -71,8 +69,7 @@ IntitulesModalites LireIntitules(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   std::string_view ligne;
   if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
-  while (lecteur.Lire(ligne))
-    intitules.lignes.push_back({std::string(Milieu(ligne, 1, kLargeurNom)), std::string(Milieu(ligne, 8))});
+  while (lecteur.Lire(ligne)) intitules.Ajouter(Milieu(ligne, 1, kLargeurNom), Milieu(ligne, 8));
   return intitules;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "core/fichiers.h"
@@ -43,15 +44,15 @@ std::string LigneModalite(std::string_view nom, bool supplementaire, std::string
 std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom);
 
 // Labels of modalities by name, for the programs that print tables: every line behind the first two, also behind "**".
-struct IntitulesModalites {
-  struct Ligne {
-    std::string nom;       // columns 1-4 as they stand
-    std::string intitule;  // from column 8 on, not trimmed
-  };
-  std::vector<Ligne> lignes;
+class IntitulesModalites {
+ public:
+  // Name: columns 1-4 as they stand. Label: from column 8 on, not trimmed. Of two lines of one name the first counts.
+  void Ajouter(std::string_view nom, std::string_view intitule) { intitules_.emplace(nom, intitule); }
+  // The label of that modality, empty when its line has none; nullptr without such a line.
+  const std::string* Chercher(std::string_view nom) const;
 
-  // The first line of that name, or nullptr.
-  const Ligne* Chercher(std::string_view nom) const;
+ private:
+  std::unordered_map<std::string, std::string> intitules_;
 };
 
 // Without two lines the file has no labels. Raises the numbers of LecteurLignes.

@@ -1,0 +1,150 @@
+#include "batch/ligne_de_commande.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "core/report.h"
+
+namespace quelvar::batch {
+
+namespace {
+
+const Programme& Trouver(const std::string& nom) {
+  const std::vector<Programme>& programmes = Programmes();
+  const auto trouve =
+      std::find_if(programmes.begin(), programmes.end(), [&](const Programme& p) { return p.nom == Minuscules(nom); });
+  if (trouve == programmes.end())
+    throw UsageIncorrect(Joindre({"programme inconnu : ", nom, " (voir : quelvar-batch --liste)"}));
+  return *trouve;
+}
+
+DateHeure LireHorloge(const std::string& texte) {
+  DateHeure instant;
+  const int lus = std::sscanf(texte.c_str(), "%d-%d-%d%*1[ T]%d:%d:%d", &instant.annee, &instant.mois, &instant.jour,
+                              &instant.heure, &instant.minute, &instant.seconde);
+  if (lus != 6) throw UsageIncorrect(Joindre({"--horloge attend \"AAAA-MM-JJ hh:mm:ss\" et non \"", texte, "\""}));
+  return instant;
+}
+
+// Arguments taken one after the other.
+class Suite {
+ public:
+  explicit Suite(const std::vector<std::string>& arguments) : arguments_(arguments) {}
+  bool Reste() const { return i_ < arguments_.size(); }
+  std::string Prendre() { return DepuisUtf8(arguments_[i_++]); }
+  std::string Brut() { return arguments_[i_++]; }
+  // What follows an option that needs it.
+  std::string Valeur(const std::string& option) {
+    if (!Reste()) throw UsageIncorrect(Joindre({"il manque une valeur après "_w, option}));
+    return Prendre();
+  }
+
+ private:
+  const std::vector<std::string>& arguments_;
+  std::size_t i_ = 0;
+};
+
+// Takes a global option; false when the argument is none.
+bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& demande) {
+  if (argument == "-C") {
+    const std::string repertoire = suite.Valeur(argument);
+    const std::optional<Chemin> trouve = ChercherFichier(".", repertoire);
+    if (!trouve || !std::filesystem::is_directory(*trouve))
+      throw UsageIncorrect(Joindre({"répertoire introuvable : "_w, repertoire}));
+    demande.repertoire = *trouve;
+  } else if (argument == "--niveau") {
+    const std::string niveau = suite.Valeur(argument);
+    if (niveau != "1" && niveau != "2")
+      throw UsageIncorrect(Joindre({"--niveau attend 1 ou 2 et non \"", niveau, "\""}));
+    demande.niveau = niveau == "1" ? 1 : 2;
+  } else if (argument == "--reponse") {
+    demande.reponses.push_back(suite.Valeur(argument));
+  } else if (argument == "--horloge") {
+    demande.horloge = LireHorloge(suite.Valeur(argument));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
+  demande.programme = &Trouver(nom);
+  bool avecGenerique = false;
+  while (suite.Reste()) {
+    const std::string argument = suite.Prendre();
+    if (argument == "--aide") {
+      demande.genre = Demande::Genre::AideProgramme;
+      return;
+    }
+    if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, suite, demande)) continue;
+    if (!avecGenerique) {
+      demande.generique = argument.substr(0, argument.find('.'));
+      avecGenerique = true;
+      continue;
+    }
+    const std::size_t egal = argument.find('=');
+    if (egal == std::string::npos || egal == 0)
+      throw UsageIncorrect(Joindre({"une option s'écrit nom=valeur, et non \""_w, argument, "\""}));
+    demande.options.emplace_back(Minuscules(argument.substr(0, egal)), argument.substr(egal + 1));
+  }
+  if (!avecGenerique) throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));
+}
+
+}  // namespace
+
+Demande LireLigneDeCommande(const std::vector<std::string>& arguments) {
+  Demande demande;
+  Suite suite(arguments);
+  while (suite.Reste()) {
+    const std::string argument = suite.Prendre();
+    if (PrendreOptionGenerale(argument, suite, demande)) continue;
+    if (argument == "--liste") {
+      demande.genre = Demande::Genre::Liste;
+      return demande;
+    }
+    if (argument == "--aide" || argument == "--help" || argument == "-h") {
+      demande.genre = Demande::Genre::AideGenerale;
+      return demande;
+    }
+    if (!argument.empty() && argument[0] == '-') throw UsageIncorrect(Joindre({"option inconnue : ", argument}));
+    PrendreProgramme(argument, suite, demande);
+    return demande;
+  }
+  throw UsageIncorrect("il manque le programme (voir : quelvar-batch --liste)");
+}
+
+std::string TexteListe() {
+  std::string texte;
+  for (const Programme& programme : Programmes())
+    texte += Joindre({CadreGauche(programme.nom, 16), "  ", programme.resume, "\n"});
+  return texte;
+}
+
+std::string TexteAideGenerale() {
+  return Joindre(
+      {"usage : quelvar-batch [-C REPERTOIRE] [--niveau 1|2] [--reponse TEXTE]... PROGRAMME GENERIQUE "
+       "[option=valeur]...\n"
+       "        quelvar-batch --liste              tous les programmes\n"
+       "        quelvar-batch PROGRAMME --aide     ses options, leurs valeurs et leurs défauts\n\n"
+       "  -C REPERTOIRE     répertoire de travail (par défaut le répertoire courant)\n"
+       "  --niveau 1|2      niveau d'utilisateur (par défaut 1)\n"
+       "  --reponse TEXTE   réponse aux boîtes de dialogue, dans l'ordre : Oui, Non, Annuler ou un texte ;\n"
+       "                    sans réponse, une boîte prend sa valeur par défaut\n"
+       "  --horloge \"AAAA-MM-JJ hh:mm:ss\"   date et heure que portent les comptes rendus\n\n"
+       "Le compte rendu va sur la sortie standard, les boîtes sur la sortie d'erreur.\n"
+       "Code de retour : 0 fin normale, 1 arrêt du programme, 2 commande incorrecte.\n"_w});
+}
+
+std::string TexteAideProgramme(const Programme& programme) {
+  std::string texte = Joindre({programme.nom, " : ", programme.resume, "\n\nusage : quelvar-batch ", programme.nom,
+                               " GENERIQUE [option=valeur]...\n"});
+  if (!programme.options.empty()) texte += "\n";
+  for (const Option& option : programme.options) {
+    texte += Joindre({"  ", option.nom, "=", option.valeurs, "\n      ", option.aide});
+    if (!option.defaut.empty()) texte += Joindre({" (par défaut : "_w, option.defaut, ")"});
+    texte += "\n";
+  }
+  return texte;
+}
+
+}  // namespace quelvar::batch

@@ -1,0 +1,136 @@
+// The table of the programs that quelvar-batch runs: names, options, and the function behind each. The list, the help
+// and the parsing of the command line all come from it.
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/nombres.h"
+#include "core/programme.h"
+
+namespace quelvar::batch {
+
+// A command line that can't be run; the text (code page) is for the user.
+struct UsageIncorrect : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct Option {
+  std::string nom;      // as typed before "="
+  std::string valeurs;  // what may stand behind it
+  std::string defaut;
+  std::string aide;
+};
+
+// An option as typed, in the order of the command line.
+using ValeurDOption = std::pair<std::string, std::string>;
+
+struct Programme {
+  std::string nom;
+  std::string resume;
+  std::vector<Option> options;
+  // Raises UsageIncorrect before anything runs when an option or a value is not known.
+  std::function<Fin(const Contexte&, const std::vector<ValeurDOption>&)> executer;
+};
+
+// Builds a Programme around an options struct: each option names the member that it sets, and its default is read from
+// a struct fresh from its constructor.
+template <typename Options>
+class Description {
+ public:
+  using Entree = Fin (*)(const Contexte&, const Options&);
+  using Poser = std::function<void(Options&, const std::string& valeur)>;
+
+  Description(std::string nom, std::string_view resume, Entree entree) : entree_(entree) {
+    programme_.nom = std::move(nom);
+    programme_.resume = resume;
+  }
+
+  // oui or non.
+  Description& OuiNon(std::string nom, bool Options::*membre, std::string_view aide) {
+    return Choix(std::move(nom), membre, {{"oui", true}, {"non", false}}, aide);
+  }
+
+  // One of a few words.
+  template <typename T>
+  Description& Choix(std::string nom, T Options::*membre, std::vector<std::pair<std::string, T>> mots,
+                     std::string_view aide) {
+    std::string valeurs;
+    std::string defaut;
+    for (const auto& [mot, valeur] : mots) {
+      valeurs += (valeurs.empty() ? "" : "|") + mot;
+      if (Options{}.*membre == valeur && defaut.empty()) defaut = mot;
+    }
+    return Libre(nom, valeurs, defaut, aide, [nom, valeurs, membre, mots](Options& options, const std::string& texte) {
+      for (const auto& [mot, valeur] : mots) {
+        if (mot != Minuscules(texte)) continue;
+        options.*membre = valeur;
+        return;
+      }
+      throw UsageIncorrect(Joindre({"l'option ", nom, " attend ", valeurs, " et non \"", texte, "\""}));
+    });
+  }
+
+  // A whole number between two bounds.
+  Description& Entier(std::string nom, int Options::*membre, int minimum, int maximum, std::string_view aide) {
+    const std::string valeurs = Joindre({Nombre(minimum), "..", Nombre(maximum)});
+    return Libre(nom, valeurs, Nombre(Options{}.*membre), aide, [=](Options& options, const std::string& texte) {
+      const bool chiffres = !texte.empty() && texte.size() <= 9 &&
+                            texte.find_first_not_of("0123456789", texte[0] == '-' ? 1 : 0) == std::string::npos;
+      const double valeur = chiffres ? ValeurDe(texte) : 0;
+      if (!chiffres || valeur < minimum || valeur > maximum)
+        throw UsageIncorrect(
+            Joindre({"l'option ", nom, " attend un nombre entier (", valeurs, ") et non \"", texte, "\""}));
+      options.*membre = static_cast<int>(valeur);
+    });
+  }
+
+  Description& Texte(std::string nom, std::string Options::*membre, std::string_view valeurs, std::string_view aide) {
+    return Libre(std::move(nom), valeurs, Options{}.*membre, aide,
+                 [membre](Options& options, const std::string& texte) { options.*membre = texte; });
+  }
+
+  // Anything else: `poser` sets the struct or raises UsageIncorrect.
+  Description& Libre(std::string nom, std::string_view valeurs, std::string_view defaut, std::string_view aide,
+                     Poser poser) {
+    programme_.options.push_back({std::move(nom), std::string(valeurs), std::string(defaut), std::string(aide)});
+    poseurs_.push_back(std::move(poser));
+    return *this;
+  }
+
+  operator Programme() const {
+    Programme programme = programme_;
+    programme.executer = [entree = entree_, decrites = programme_.options, poseurs = poseurs_, nom = programme_.nom](
+                             const Contexte& contexte, const std::vector<ValeurDOption>& valeurs) {
+      Options options;
+      for (const auto& [cle, valeur] : valeurs) {
+        std::size_t i = 0;
+        while (i < decrites.size() && decrites[i].nom != cle) ++i;
+        if (i == decrites.size())
+          throw UsageIncorrect(Joindre({"option inconnue : ", cle, " (voir : quelvar-batch ", nom, " --aide)"}));
+        poseurs[i](options, valeur);
+      }
+      return entree(contexte, options);
+    };
+    return programme;
+  }
+
+ private:
+  Entree entree_;
+  Programme programme_;
+  std::vector<Poser> poseurs_;
+};
+
+// Every program, in the order of --liste.
+const std::vector<Programme>& Programmes();
+
+// One function a program, each in its own file.
+Programme ProgrammeImportCsv();
+Programme ProgrammeTriapl();
+
+}  // namespace quelvar::batch

@@ -1,0 +1,302 @@
+#include "capture/import_csv.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "capture/tableur.h"
+#include "core/nombres.h"
+#include "core/posfile.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::uintmax_t kPosVide = 3;             // a .POS shorter than this counts as absent
+constexpr std::size_t kLignesDeVerification = 10;  // lines of the .DAT shown in the report
+constexpr std::string_view kSansNom = "XXX";
+
+struct FichiersImport {
+  std::string nomSource;
+  std::optional<Chemin> source;
+  std::optional<Chemin> pos;
+  bool datPresent = false;
+};
+
+// A column as it goes into .DAT and .POS.
+struct ColonneImportee {
+  std::string intitule;
+  std::size_t position = 1;  // in .DAT, from 1
+  std::size_t largeur = 0;
+  double codeMax = 0;   // 0 for a column that holds no codes
+  bool numero = false;  // identifies the individuals
+
+  bool EstDeCodes() const { return largeur > 0 && largeur <= kLargeurCodes; }
+  bool DansPos() const { return codeMax > 0 && !numero; }
+  std::string NomCourt() const { return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, 3); }
+};
+
+FichiersImport TrouverFichiers(const Contexte& contexte) {
+  FichiersImport fichiers;
+  fichiers.source = contexte.Chercher(".CSV");
+  fichiers.nomSource = contexte.Nom(fichiers.source ? ".CSV" : ".TXT");
+  if (!fichiers.source) fichiers.source = contexte.Chercher(".TXT");
+  fichiers.pos = contexte.Chercher(".POS");
+  if (fichiers.pos && LongueurFichier(*fichiers.pos) < kPosVide) fichiers.pos.reset();
+  fichiers.datPresent = contexte.Chercher(".DAT").has_value();
+  return fichiers;
+}
+
+void SauvegarderPos(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options, const Chemin& pos) {
+  const std::string nom = contexte.Nom(".POS");
+  const std::string sauvegarde = NomDeSauvegarde(nom);
+  rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
+  CopierLignes(pos, contexte.repertoire, sauvegarde);
+  rapport.Ligne({"Il est sauvegardé sous le nom "_w, sauvegarde,
+                 options.sansIntitules ? " et il est effacé "_w : std::string_view{}});
+}
+
+// Lines on the files found; stops the run when there is no source.
+void EcrirePresence(Rapport& rapport, const Contexte& contexte, const FichiersImport& fichiers) {
+  const std::string dat = contexte.Nom(".DAT");
+  const std::string pos = contexte.Nom(".POS");
+  const auto presence = [&](const std::string& nom, std::string_view etat) {
+    rapport.Ligne({"Le fichier ", nom, etat});
+  };
+  const auto existe = [](bool present) { return std::string_view(present ? " existe" : " n'existe pas"); };
+  if (!fichiers.source) {
+    presence(fichiers.nomSource, existe(false));
+    presence(dat, existe(fichiers.datPresent));
+    presence(pos, existe(fichiers.pos.has_value()));
+    rapport.Ligne();
+    rapport.Ligne(fichiers.pos || fichiers.datPresent ? "Arrêt du programme car il n'y a pas de données"_w
+                                                      : "Arrêt du programme car aucun fichier n'existe"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  presence(fichiers.nomSource, existe(true));
+  if (fichiers.datPresent) {
+    presence(dat, " existait déjà et a été remplacé"_w);
+  } else if (fichiers.pos) {
+    presence(dat, " n'existe pas et sera cree");
+  } else {
+    presence(dat, " n'existe pas et sera créé"_w);
+    presence(pos, " n'existe pas et sera créé"_w);
+    rapport.Ligne();
+    rapport.Ligne("Tous les champs du fichier seront examinés"_w);
+  }
+}
+
+// The columns of the files to make. Raises 13 for a text in a column of codes.
+std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits, const OptionsImportCsv& options,
+                                            std::int64_t individus) {
+  std::vector<ColonneImportee> colonnes;
+  std::size_t position = 1;
+  for (std::size_t j = 0; j < faits.colonnes.size(); ++j) {
+    const FaitsColonne& fait = faits.colonnes[j];
+    ColonneImportee colonne{faits.intitules[j], position, fait.largeur, 0, false};
+    if (!options.sansIntitules && fait.largeur <= kLargeurCodes) {
+      if (fait.texte) throw Erreur(kIncompatibiliteType);
+      colonne.codeMax = fait.codeMax;
+    }
+    position += fait.largeur;
+    colonnes.push_back(std::move(colonne));
+  }
+  ColonneImportee& premiere = colonnes.front();
+  premiere.numero = premiere.intitule == "NUM" || premiere.codeMax == static_cast<double>(individus);
+  return colonnes;
+}
+
+std::string LigneDeColonne(const ColonneImportee& colonne, std::size_t numero) {
+  const bool nomme = !colonne.intitule.empty();
+  std::string_view statut = "NON         ";
+  std::string nomCourt(3, ' ');
+  std::string_view intitule = nomme ? std::string_view(colonne.intitule) : "pas d'intitulé"_w;
+  if (colonne.numero) {
+    statut = "NON (numéro)"_w;
+    intitule = colonne.intitule;
+  } else if (colonne.DansPos()) {
+    statut = "OUI         ";
+    nomCourt = colonne.NomCourt();
+  }
+  return Joindre({NombreFixe(static_cast<double>(numero), 4, 0), std::string(4, ' '), NombreFixe(colonne.codeMax, 4, 0),
+                  std::string(10, ' '), NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(8, ' '),
+                  NombreFixe(static_cast<double>(colonne.largeur), 4, 0), std::string(6, ' '), nomCourt,
+                  std::string(7, ' '), statut, " ", intitule});
+}
+
+std::string LigneDeColonneSansIntitules(const ColonneImportee& colonne, std::size_t numero) {
+  return Joindre({NombreFixe(static_cast<double>(numero), 4, 0), std::string(14, ' '),
+                  NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(10, ' '),
+                  NombreFixe(static_cast<double>(colonne.largeur), 4, 0)});
+}
+
+void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, const OptionsImportCsv& options) {
+  rapport.Ligne();
+  const std::string nombre = NombreNu(colonnes.size());
+  if (options.sansIntitules) {
+    rapport.Ligne({"Examen du fichier  importé qui comporte "_w, nombre, " colonnes"});
+    rapport.Ligne("C'est un fichier quelconque, il ne génère pas un fichier *.POS mais seulement un fichier *.DAT\""_w);
+  } else {
+    rapport.Ligne({"Examen du fichier importé qui comporte "_w, nombre, " colonnes"});
+  }
+  rapport.Ligne();
+  rapport.Ligne("Résultat de l'importation pour chaque colonne"_w);
+  rapport.Ligne();
+  if (options.sansIntitules) {
+    rapport.Ligne("Numéro         1ère position      Largeur  "_w);
+    rapport.Ligne("colonne     dans données *.DAT             "_w);
+  } else {
+    rapport.Ligne("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
+    rapport.Ligne("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
+  }
+  for (std::size_t j = 0; j < colonnes.size(); ++j)
+    rapport.Ligne(options.sansIntitules ? LigneDeColonneSansIntitules(colonnes[j], j + 1)
+                                        : LigneDeColonne(colonnes[j], j + 1));
+}
+
+void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<ColonneImportee>& colonnes,
+               std::int64_t individus) {
+  pos.Ligne(contexte.generique);
+  pos.Ligne(NombreNu(individus));
+  for (const ColonneImportee& colonne : colonnes) {
+    if (!colonne.DansPos()) continue;
+    std::string ligne = Joindre({colonne.NomCourt(), NombreFixe(static_cast<double>(colonne.position), 4, 0)});
+    ligne += colonne.codeMax >= 100 ? "L3" : NombreFixe(colonne.codeMax, 2, 0);
+    if (colonne.intitule.size() >= 4) ligne += Joindre({" $", colonne.intitule, "$"});
+    pos.Ligne(ligne);
+  }
+}
+
+// Lays the cells of a line in fixed columns, a row at a time.
+class MetteurEnColonnes {
+ public:
+  MetteurEnColonnes(const std::vector<ColonneImportee>& colonnes, const OptionsImportCsv& options) : options_(options) {
+    std::size_t alignees = colonnes.size();  // behind the last column of codes the texts are not aligned
+    while (alignees > 0 && !colonnes[alignees - 1].EstDeCodes()) --alignees;
+    alignees_ = alignees;
+    for (const ColonneImportee& colonne : colonnes) places_.push_back({colonne.position - 1, colonne.largeur});
+    largeurAlignee_ = alignees == 0 ? 0 : places_[alignees - 1].debut + places_[alignees - 1].largeur;
+  }
+
+  // The line of .DAT, as a view that lives until the next call.
+  std::string_view Mettre(LigneDeTableur cellules) {
+    ligne_.assign(largeurAlignee_, ' ');
+    std::size_t j = 0;
+    for (std::string_view cellule; cellules.Suivante(cellule); ++j) {
+      if (j < alignees_) Aligner(places_[j], cellule);
+      else ligne_.append(Rogner(cellule)).append(1, ' ');
+    }
+    for (j = std::max(j, alignees_); j < places_.size(); ++j) ligne_ += ' ';
+    return RognerDroite(ligne_);
+  }
+
+ private:
+  struct Place {
+    std::size_t debut;
+    std::size_t largeur;
+  };
+
+  void Aligner(const Place& place, std::string_view cellule) {
+    if (cellule.empty()) return;
+    char* champ = ligne_.data() + place.debut;
+    if (cellule.size() == 1 && place.largeur == 1) {
+      *champ = options_.sansIntitules || (cellule[0] != '.' && cellule[0] != ',') ? cellule[0] : '0';
+      return;
+    }
+    if (!options_.sansIntitules && place.largeur <= kLargeurCodes) {
+      if (EstDecimale(cellule)) cellule = "0";
+      std::memset(champ, '0', place.largeur);
+    }
+    cellule = cellule.substr(0, place.largeur);
+    cellule.copy(champ + (place.largeur - cellule.size()), cellule.size());
+  }
+
+  const OptionsImportCsv& options_;
+  std::size_t alignees_ = 0;  // columns up to the last one of codes
+  std::size_t largeurAlignee_ = 0;
+  std::vector<Place> places_;
+  std::string ligne_;
+};
+
+// Writes the lines of .DAT; returns the first ones, for the report.
+std::vector<std::string> EcrireDat(Ecrivain& dat, const Chemin& source, const FaitsTableur& faits,
+                                   const OptionsImportCsv& options, const std::vector<ColonneImportee>& colonnes,
+                                   Progression& progression) {
+  std::vector<std::string> premieres;
+  MetteurEnColonnes metteur(colonnes, options);
+  LecteurTableur lecteur(source, faits.utf8);
+  std::string_view ligne;
+  if (!options.sansIntitules) lecteur.Lire(ligne);
+  while (lecteur.Lire(ligne)) {
+    const std::string_view individu = metteur.Mettre(LigneDeTableur(ligne, faits.separateur));
+    if (premieres.size() < kLignesDeVerification) premieres.emplace_back(individu);
+    dat.Ligne(individu);
+    progression.Avancer();
+  }
+  return premieres;
+}
+
+void EcrireVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
+                        const OptionsImportCsv& options) {
+  rapport.Ligne();
+  rapport.Ligne({"Le nombre d'individus est de ", NombreNu(individus)});
+  rapport.Ligne();
+  rapport.Ligne("Impression des premières lignes du fichier créé *.DAT pour vérification"_w);
+  rapport.Ligne();
+  for (const std::string& ligne : premieres) rapport.Ligne(ligne);
+  rapport.Ligne();
+  rapport.Ligne("En principe la partie des données numériques est alignée alors que la partie texte ne l'est pas"_w);
+  rapport.Ligne();
+  rapport.Ligne("Si la répartition se fait mal, on peut forcer la séparation entre partie numérique et"_w);
+  rapport.Ligne(
+      "  partie texte en insérant (entre les deux parties), un zéro dans toute une colonne du fichier Excel "_w);
+  rapport.Ligne();
+  if (options.sansIntitules) {
+    rapport.Ligne("Fin normale du programme");
+  } else {
+    rapport.Ligne("Si tout est ok, lancez le tri à plat et passez à la suite"_w);
+    rapport.Ligne("sinon corrigez le fichier ou modifiez le fichier *.POS");
+  }
+}
+
+void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options) {
+  const FichiersImport fichiers = TrouverFichiers(contexte);
+  EcrireBandeau(rapport, fichiers.nomSource.ends_with(".CSV") ? "Compte rendu d'importation de données en CSV"_w
+                                                              : "Compte rendu d'importation de données en TXT"_w);
+  if (fichiers.source && fichiers.pos) SauvegarderPos(rapport, contexte, options, *fichiers.pos);
+  EcrirePresence(rapport, contexte, fichiers);
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
+
+  const FaitsTableur faits = ExaminerTableur(*fichiers.source, !options.sansIntitules);
+  const std::int64_t individus = faits.lignes - (options.sansIntitules ? 0 : 1);
+  const std::vector<ColonneImportee> colonnes = PlacerColonnes(faits, options, individus);
+  EcrireColonnes(rapport, colonnes, options);
+
+  Remplacement dat(contexte.repertoire, contexte.Nom(".DAT"));
+  std::vector<std::string> premieres;
+  {
+    Progression progression(contexte.Ecran(), individus);
+    premieres = EcrireDat(dat.Fichier(), *fichiers.source, faits, options, colonnes, progression);
+  }
+  dat.Achever();
+  std::optional<Remplacement> pos;
+  if (!options.sansIntitules) {
+    pos.emplace(contexte.repertoire, contexte.Nom(".POS"));
+    EcrirePos(pos->Fichier(), contexte, colonnes, individus);
+    pos->Achever();
+  }
+  EcrireVerification(rapport, individus, premieres, options);
+  dat.Valider();
+  if (pos) pos->Valider();
+  else if (fichiers.pos) EffacerFichier(*fichiers.pos);
+}
+
+}  // namespace
+
+Fin ImportCsv(const Contexte& contexte, const OptionsImportCsv& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".IMP"), LibellesErreur{},
+                           [&](Rapport& rapport) { Importer(rapport, contexte, options); });
+}
+
+}  // namespace quelvar
