@@ -1,0 +1,37 @@
+// Small tables written out in a test, with their margins.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <initializer_list>
+#include <vector>
+
+#include "core/matrice.h"
+
+namespace essai {
+
+inline quelvar::Matrice MatriceDe(std::initializer_list<std::initializer_list<double>> lignes) {
+  quelvar::Matrice matrice(lignes.size(), lignes.size() == 0 ? 0 : lignes.begin()->size());
+  std::size_t i = 0;
+  for (const auto& ligne : lignes) std::copy(ligne.begin(), ligne.end(), matrice.Ligne(i++).begin());
+  return matrice;
+}
+
+struct Tableau {
+  explicit Tableau(const quelvar::Matrice& cellules)
+      : effectifs(cellules), totauxLignes(cellules.Lignes()), totauxColonnes(cellules.Colonnes()) {
+    for (std::size_t i = 0; i < cellules.Lignes(); ++i)
+      for (std::size_t j = 0; j < cellules.Colonnes(); ++j) {
+        totauxLignes[i] += cellules(i, j);
+        totauxColonnes[j] += cellules(i, j);
+        total += cellules(i, j);
+      }
+  }
+
+  quelvar::Matrice effectifs;
+  std::vector<double> totauxLignes;
+  std::vector<double> totauxColonnes;
+  double total = 0;
+};
+
+}  // namespace essai
