@@ -183,10 +183,16 @@ class MetteurEnColonnes {
   std::string_view Mettre(LigneDeTableur cellules) {
     ligne_.assign(largeurAlignee_, ' ');
     std::size_t j = 0;
-    for (std::string_view cellule; cellules.Suivante(cellule); ++j) {
-      if (j < alignees_) Aligner(places_[j], cellule);
-      else ligne_.append(Rogner(cellule)).append(1, ' ');
-    }
+    const char* octets = nullptr;
+    std::string_view cellule;
+    do {
+      while (const unsigned nombre = cellules.ChiffresSuivants(octets)) {
+        for (unsigned i = 0; i < nombre; ++i) PlacerChiffre(j + i, octets[i * std::size_t{2}]);
+        j += nombre;
+      }
+      if (!cellules.Suivante(cellule)) break;
+      Placer(j++, cellule);
+    } while (true);
     for (j = std::max(j, alignees_); j < places_.size(); ++j) ligne_ += ' ';
     return RognerDroite(ligne_);
   }
@@ -197,13 +203,19 @@ class MetteurEnColonnes {
     std::size_t largeur;
   };
 
+  void PlacerChiffre(std::size_t j, char chiffre) {
+    if (j < alignees_ && places_[j].largeur == 1) ligne_[places_[j].debut] = chiffre;
+    else Placer(j, std::string_view(&chiffre, 1));
+  }
+
+  void Placer(std::size_t j, std::string_view cellule) {
+    if (j < alignees_) Aligner(places_[j], cellule);
+    else ligne_.append(Rogner(cellule)).append(1, ' ');
+  }
+
   void Aligner(const Place& place, std::string_view cellule) {
     if (cellule.empty()) return;
     char* champ = ligne_.data() + place.debut;
-    if (cellule.size() == 1 && place.largeur == 1) {
-      *champ = options_.sansIntitules || (cellule[0] != '.' && cellule[0] != ',') ? cellule[0] : '0';
-      return;
-    }
     if (!options_.sansIntitules && place.largeur <= kLargeurCodes) {
       if (EstDecimale(cellule)) cellule = "0";
       std::memset(champ, '0', place.largeur);

@@ -36,26 +36,30 @@ struct Encodage {
   bool Utf8() const { return marque || (multiple && !invalide); }
 };
 
+std::int64_t Occurrences(std::string_view ligne, char signe) {
+  std::int64_t nombre = 0;  // a hop a sign: the one looked for is rare
+  for (std::size_t i = ligne.find(signe); i != std::string_view::npos; i = ligne.find(signe, i + 1)) ++nombre;
+  return nombre;
+}
+
 // Counts of the two possible separators outside quotes.
 struct Separateurs {
   std::int64_t pointsVirgules = 0;
   std::int64_t tabulations = 0;
 
-  void Compter(std::string_view ligne) {
-    if (ligne.find('"') != std::string_view::npos) return CompterHorsGuillemets(ligne);
-    pointsVirgules += std::count(ligne.begin(), ligne.end(), ';');
-    tabulations += std::count(ligne.begin(), ligne.end(), '\t');
+  // A line whose cells were counted under the separator.
+  void Compter(std::string_view ligne, char separateur, std::int64_t cellules, bool avecGuillemets) {
+    if (avecGuillemets) return CompterHorsGuillemets(ligne);
+    const bool virgules = separateur == ';';
+    (virgules ? pointsVirgules : tabulations) += cellules - 1;
+    (virgules ? tabulations : pointsVirgules) += Occurrences(ligne, virgules ? '\t' : ';');
   }
   // A quote opens where a field starts, whichever sign starts it.
   void CompterHorsGuillemets(std::string_view ligne) {
     bool debut = true;
     for (std::size_t i = 0; i < ligne.size(); ++i) {
       if (debut && ligne[i] == '"') {
-        for (++i; i < ligne.size(); ++i) {
-          if (ligne[i] != '"') continue;
-          if (i + 1 < ligne.size() && ligne[i + 1] == '"') ++i;
-          else break;
-        }
+        i = FinDesGuillemets(ligne, i);
         debut = false;
         continue;
       }
@@ -65,6 +69,17 @@ struct Separateurs {
     }
   }
   char Choix() const { return tabulations > pointsVirgules ? '\t' : ';'; }
+
+ private:
+  // Place of the quote that closes the one at `i`; the end of the line when none does.
+  static std::size_t FinDesGuillemets(std::string_view ligne, std::size_t i) {
+    for (++i; i < ligne.size(); ++i) {
+      if (ligne[i] != '"') continue;
+      if (i + 1 == ligne.size() || ligne[i + 1] != '"') break;
+      ++i;
+    }
+    return i;
+  }
 };
 
 // A number with a sign, digits and an exponent only; nothing between its characters.
@@ -76,19 +91,29 @@ bool EstCode(std::string_view cellule) {
   return nombre.find_first_of(" \t") == std::string_view::npos && EstNombre(nombre);
 }
 
-void Retenir(FaitsColonne& colonne, std::string_view cellule) {
-  if (cellule.size() == 1) {  // nearly every cell of a survey
-    const auto chiffre = static_cast<unsigned char>(cellule.front()) - unsigned{'0'};
-    if (chiffre < 10) {
-      if (colonne.largeur == 0) colonne.largeur = 1;
-      if (colonne.codeMax < chiffre) colonne.codeMax = chiffre;
-      return;
-    }
+// Value of a cell of one to three digits, what most of them are; -1 for any other.
+int ValeurDesChiffres(std::string_view cellule) {
+  int valeur = 0;
+  for (const char c : cellule) {
+    if (c < '0' || c > '9') return -1;
+    valeur = valeur * 10 + (c - '0');
   }
+  return valeur;
+}
+
+void Retenir(FaitsColonne& colonne, std::string_view cellule) {
   colonne.largeur = std::max(colonne.largeur, cellule.size());
-  if (cellule.empty() || colonne.largeur > kLargeurCodes || EstDecimale(cellule)) return;
-  if (EstCode(cellule)) colonne.codeMax = std::max(colonne.codeMax, ValeurDe(cellule));
-  else colonne.texte = true;
+  if (cellule.empty() || colonne.largeur > kLargeurCodes) return;
+  if (const int valeur = ValeurDesChiffres(cellule); valeur >= 0) {
+    colonne.codeMax = std::max<double>(colonne.codeMax, valeur);
+    return;
+  }
+  if (EstDecimale(cellule)) return;
+  if (EstCode(cellule)) {
+    colonne.codeMax = std::max(colonne.codeMax, ValeurDe(cellule));
+  } else {
+    colonne.texte = true;
+  }
 }
 
 // One reading of the source under a supposed separator and encoding.
@@ -96,15 +121,51 @@ struct Examen {
   FaitsTableur faits;
   Separateurs separateurs;
   Encodage encodage;
+  std::vector<unsigned char> chiffres;  // by column: the largest cell of one digit, as a character; 0 without any
 
-  void LireLigne(std::string_view ligne, bool intitules) {
+  void LireIntitules(std::string_view ligne) {
+    LigneDeTableur cellules(ligne, faits.separateur);
+    for (std::string_view cellule; cellules.Suivante(cellule);) faits.intitules.emplace_back(cellule);
+    separateurs.CompterHorsGuillemets(ligne);
+    AssurerColonnes(faits.intitules.size());
+  }
+
+  void LireLigne(std::string_view ligne) {
     std::size_t colonne = 0;
     LigneDeTableur cellules(ligne, faits.separateur);
-    for (std::string_view cellule; cellules.Suivante(cellule); ++colonne) {
-      if (colonne == faits.colonnes.size()) faits.colonnes.emplace_back();
-      if (intitules) faits.intitules.emplace_back(cellule);
-      else Retenir(faits.colonnes[colonne], cellule);
+    const char* octets = nullptr;
+    std::string_view cellule;
+    do {
+      while (const unsigned nombre = cellules.ChiffresSuivants(octets)) {
+        AssurerColonnes(colonne + nombre);
+        unsigned char* maxima = chiffres.data() + colonne;
+        for (unsigned i = 0; i < nombre; ++i)
+          maxima[i] = std::max(maxima[i], static_cast<unsigned char>(octets[i * std::size_t{2}]));
+        colonne += nombre;
+      }
+      if (!cellules.Suivante(cellule)) break;
+      AssurerColonnes(++colonne);
+      Retenir(faits.colonnes[colonne - 1], cellule);
+    } while (true);
+    separateurs.Compter(ligne, faits.separateur, static_cast<std::int64_t>(colonne), cellules.AvecGuillemets());
+  }
+
+  // Brings the cells of one digit into the facts of their columns.
+  void Achever() {
+    for (std::size_t j = 0; j < chiffres.size(); ++j) {
+      if (chiffres[j] == 0) continue;
+      FaitsColonne& colonne = faits.colonnes[j];
+      colonne.largeur = std::max<std::size_t>(colonne.largeur, 1);
+      colonne.codeMax = std::max<double>(colonne.codeMax, chiffres[j] - '0');
     }
+    faits.intitules.resize(faits.colonnes.size());
+  }
+
+ private:
+  void AssurerColonnes(std::size_t nombre) {
+    if (nombre <= chiffres.size()) return;
+    chiffres.resize(nombre);
+    faits.colonnes.resize(nombre);
   }
 };
 
@@ -120,13 +181,15 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
       ligne.remove_prefix(kMarqueUtf8.size());
     }
     examen.encodage.Examiner(ligne);
-    examen.separateurs.Compter(ligne);
     if (utf8 && !ResteEnAscii(ligne)) {
       converti = DepuisUtf8(ligne);
       ligne = converti;
     }
-    examen.LireLigne(ligne, avecIntitules && examen.faits.lignes == 0);
+    if (avecIntitules && examen.faits.lignes == 0) examen.LireIntitules(ligne);
+    else examen.LireLigne(ligne);
   }
+  if (examen.faits.colonnes.empty()) examen.faits.colonnes.emplace_back();
+  examen.Achever();
   return examen;
 }
 
@@ -169,7 +232,7 @@ FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   if (LecteurLignes lecteur(source); lecteur.Lire(ligne)) {
     premier.marque = ligne.starts_with(kMarqueUtf8);
     premier.Examiner(ligne);
-    premiers.Compter(ligne);
+    premiers.CompterHorsGuillemets(ligne);
   } else if (avecIntitules) {
     throw Erreur(kFinDeFichierDepassee);
   }
@@ -178,10 +241,7 @@ FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   const bool utf8 = examen.encodage.Utf8();
   if (separateur != examen.faits.separateur || utf8 != examen.faits.utf8)
     examen = Examiner(source, avecIntitules, separateur, utf8);
-  FaitsTableur faits = std::move(examen.faits);
-  if (faits.colonnes.empty()) faits.colonnes.emplace_back();
-  faits.intitules.resize(faits.colonnes.size());
-  return faits;
+  return std::move(examen.faits);
 }
 
 }  // namespace quelvar
