@@ -1,0 +1,42 @@
+// A directory in memory for a whole program under fuzzing, emptied between two inputs.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include "core/fichiers.h"
+#include "core/programme.h"
+
+namespace fuzz {
+
+class DossierMemoire {
+ public:
+  DossierMemoire() {
+    std::string modele = "/dev/shm/quelvar-fuzz-XXXXXX";
+    if (mkdtemp(modele.data()) == nullptr) std::abort();
+    chemin_ = modele;
+  }
+  ~DossierMemoire() { std::filesystem::remove_all(chemin_); }
+  DossierMemoire(const DossierMemoire&) = delete;
+  DossierMemoire& operator=(const DossierMemoire&) = delete;
+
+  void Vider() const {
+    for (const auto& fichier : std::filesystem::directory_iterator(chemin_)) std::filesystem::remove(fichier);
+  }
+  void Ecrire(std::string_view nom, std::string_view octets) const {
+    std::ofstream(chemin_ / nom, std::ios::binary).write(octets.data(), static_cast<std::streamsize>(octets.size()));
+  }
+  std::string Lire(std::string_view nom) const { return quelvar::LireOctets(chemin_ / nom); }
+  bool Existe(std::string_view nom) const { return std::filesystem::exists(chemin_ / nom); }
+
+  quelvar::Contexte Contexte(quelvar::Dialogue& dialogue) const { return {chemin_, "ENQ", 1, &dialogue}; }
+
+ private:
+  std::filesystem::path chemin_;
+};
+
+}  // namespace fuzz
