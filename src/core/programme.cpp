@@ -71,12 +71,11 @@ std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreu
   std::vector<std::string> lignes;
   if (libelles.avecAsterisques) lignes.emplace_back("**** ERREUR ********");
   if (numero == kFinDeFichierDepassee) {
-    lignes.emplace_back("Il y a eu tentative de lire un fichier deja termine");
-    lignes.emplace_back("Verifiez et corrigez avant de relancer");
+    lignes.insert(lignes.end(), libelles.finDeFichier.begin(), libelles.finDeFichier.end());
   } else if (numero == kArgumentIncorrect && erreur.Question()) {
     const RepereQuestion& question = *erreur.Question();
     lignes.emplace_back("Il y a probablement une erreur dans le fichier *.POS");
-    lignes.push_back(Joindre({"a la question ", NombreNu(question.numero), " nom=", question.nom}));
+    lignes.push_back(Joindre({libelles.question, NombreNu(question.numero), " nom=", question.nom}));
     lignes.push_back(
         Joindre({"position =", NombreNu(question.position), " code maximum=", NombreNu(question.codeMax)}));
     lignes.emplace_back("Verifiez et corrigez avant de relancer");
@@ -84,7 +83,7 @@ std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreu
     lignes.emplace_back(libelles.imprevue);
     lignes.push_back(
         Joindre({libelles.numero, NombreNu(numero), libelles.avecTexte ? TexteErreur(numero) : std::string_view{}}));
-    if (libelles.avecAssistance) lignes.emplace_back(" et prévenez l'assistance technique"_w);
+    if (libelles.avecAssistance) lignes.emplace_back(libelles.assistance);
   }
   return lignes;
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/dialogue.h"
 #include "core/erreur.h"
@@ -35,8 +36,13 @@ struct LibellesErreur {
   std::string_view imprevue = " Erreur non prévue : si après vérification l'erreur persiste"_w;
   std::string_view numero = " notez le numero = ";
   bool avecTexte = true;        // the words of the number stand behind it
-  bool avecAssistance = true;   // " et prévenez l'assistance technique" on its own line
+  bool avecAssistance = true;   // `assistance` on its own line
   bool avecAsterisques = true;  // "**** ERREUR ********" first
+  std::string_view assistance = " et prévenez l'assistance technique"_w;
+  std::string_view question = "a la question ";  // before the rank of the question of error 5
+  // The lines of error 62.
+  std::vector<std::string_view> finDeFichier = {"Il y a eu tentative de lire un fichier deja termine",
+                                                "Verifiez et corrigez avant de relancer"};
 };
 
 // Opens the report `nomRapport` (generic and extension), runs the body and ends in FinProgramme. The body never

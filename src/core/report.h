@@ -48,6 +48,8 @@ class Rapport {
   void Suite(std::initializer_list<Texte> morceaux) {
     for (const Texte& morceau : morceaux) fichier_.Ecrire(morceau.Vue());
   }
+  // Puts what was written so far into the file, for who reads it meanwhile.
+  void Vider() { fichier_.Vider(); }
   void Fermer() { fichier_.Fermer(); }
 
  private:
