@@ -93,10 +93,9 @@ Matrice Reordonner(const Matrice& table, const std::vector<std::size_t>& lignes,
 }
 
 void OrdonnerPourPem(TableauCroise& t, const Matrice& ecarts, const OrdreDemande& ordre) {
-  const PremierFacteur facteur =
-      ExtrairePremierFacteur(ecarts, Parts(t.marges.lignes, 1, t.marges.total),
-                             Parts(t.marges.colonnes, 1, t.marges.total),
-                             {PlaceDeDepart(t.marges.lignes), PlaceDeDepart(t.marges.colonnes)});
+  const PremierFacteur facteur = ExtrairePremierFacteur(
+      ecarts, Parts(t.marges.lignes, 1, t.marges.total), Parts(t.marges.colonnes, 1, t.marges.total),
+      {PlaceDeDepart(t.marges.lignes), PlaceDeDepart(t.marges.colonnes)});
   const std::vector<std::size_t> lignes = OrdreDesScores(facteur.lignes, ordre.inverserLignes);
   const std::vector<std::size_t> colonnes = OrdreDesScores(facteur.colonnes, ordre.inverserColonnes);
   t.codesLignes = Reordonner(t.codesLignes, lignes);

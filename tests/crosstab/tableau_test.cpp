@@ -80,9 +80,9 @@ TEST(AnalyserTableau, CasesFaibles) {
 // Eye colour (blue, light, medium, dark) and hair colour (fair, red, medium, dark, black) of the school children of
 // Caithness: R. A. Fisher, "The precision of discriminant functions", Annals of Eugenics (1940).
 TEST(AnalyserTableau, ExemplePublie) {
-  const TableauCroise t =
-      AnalyserTableau(MatriceDe({{326, 38, 241, 110, 3}, {688, 116, 584, 188, 4}, {343, 84, 909, 412, 26}, {98, 48, 403, 681, 85}}),
-                      {.pourPem = true});
+  const TableauCroise t = AnalyserTableau(
+      MatriceDe({{326, 38, 241, 110, 3}, {688, 116, 584, 188, 4}, {343, 84, 909, 412, 26}, {98, 48, 403, 681, 85}}),
+      {.pourPem = true});
   EXPECT_NEAR(t.khi2, 1240.04, 0.005);
   EXPECT_EQ(t.codesLignes, (Codes{3, 2, 0, 1}));  // dark to light, as published
   EXPECT_EQ(t.codesColonnes, (Codes{4, 3, 2, 1, 0}));
