@@ -1,0 +1,59 @@
+#include "core/affichage.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "core/erreur.h"
+#include "core/texte.h"
+
+namespace quelvar {
+
+std::string RegleDesPositions(std::size_t longueur) {
+  const std::size_t colonnes = std::min(longueur, kRegleMaximum);
+  std::string centaines(colonnes, ' ');
+  std::string dizaines(colonnes, ' ');
+  std::string unites(colonnes, ' ');
+  for (std::size_t colonne = 1; colonne <= colonnes; ++colonne) {
+    const auto chiffre = [&](std::size_t rang) { return static_cast<char>('0' + colonne / rang % 10); };
+    if (colonne % 100 == 0) centaines[colonne - 1] = chiffre(100);
+    if (colonne % 10 == 0) dizaines[colonne - 1] = chiffre(10);
+    unites[colonne - 1] = chiffre(1);
+  }
+  const std::string_view annonce = longueur > kRegleMaximum
+                                       ? "Longueur supérieur à 1024, renvoi à la ligne après cette valeur"_w
+                                       : std::string_view("Positions : lignes des centaines, dizaines, unités"_w);
+  return Joindre(
+      {annonce, "\r\n", centaines, "\r\n", dizaines, "\r\n", unites, "\r\n", std::string(colonnes, '-'), "\r\n"});
+}
+
+std::string LireTete(const Chemin& chemin, std::size_t octets) {
+  LongueurFichier(chemin);  // tells a missing file and a directory apart
+  std::ifstream flux(chemin, std::ios::binary);
+  if (!flux) throw Erreur(kPermissionRefusee);
+  std::string tete(octets, '\0');
+  flux.read(tete.data(), static_cast<std::streamsize>(octets));
+  if (flux.bad()) throw Erreur(kErreurPeripherique);
+  tete.resize(static_cast<std::size_t>(flux.gcount()));
+  return tete;
+}
+
+AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
+  AffichagePartiel partiel;
+  std::string tete = LireTete(chemin, kAffichagePartiel + 1);
+  partiel.entier = tete.size() <= kAffichagePartiel;
+  if (!partiel.entier) tete.resize(avecRegle ? kAffichageSousRegle : kAffichagePartiel);
+  if (avecRegle) {
+    std::string_view premiere = std::string_view(tete).substr(0, tete.find('\n'));
+    if (premiere.ends_with('\r')) premiere.remove_suffix(1);
+    partiel.texte = RegleDesPositions(premiere.size());
+    partiel.lignesDeRegle = 5;
+  }
+  partiel.texte += tete;
+  return partiel;
+}
+
+std::string QuestionFichierVide(std::string_view nom) {
+  return Joindre({"Le fichier ", nom, " est vide : vous devez l'effacer"});
+}
+
+}  // namespace quelvar

@@ -1,0 +1,35 @@
+#include "forms/application.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "core/version.h"
+#include "forms/texte_qt.h"
+
+namespace quelvar {
+
+void PreparerApplication() {
+  QCoreApplication::setOrganizationName(QStringLiteral("Quelvar"));
+  QCoreApplication::setApplicationName(QStringLiteral("Quelvar"));
+  QCoreApplication::setApplicationVersion(VersQt(kVersion));
+  QGuiApplication::setDesktopFileName(QStringLiteral("quelvar"));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("quelvar")));
+  QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+  auto* catalogue = new QTranslator(qApp);
+  if (catalogue->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(catalogue);
+}
+
+QString DossierAide() {
+  const QString programme = QCoreApplication::applicationDirPath();
+  for (const QString& dossier :
+       {programme + QStringLiteral("/aide"), programme + QStringLiteral("/../share/quelvar/aide")})
+    if (QFileInfo::exists(dossier + QStringLiteral("/QuelvarAide.html"))) return dossier;
+  return {};
+}
+
+}  // namespace quelvar

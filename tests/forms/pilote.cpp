@@ -1,0 +1,124 @@
+#include "forms/pilote.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <fstream>
+#include <iterator>
+
+namespace essai {
+
+Pilote::Pilote() { qApp->installEventFilter(this); }
+
+Pilote::~Pilote() { EXPECT_TRUE(reponses_.empty()) << reponses_.size() << " boxes were awaited and never came"; }
+
+void Pilote::Faire(const std::function<void(QDialog&)>& action) { reponses_.push_back(action); }
+
+void Pilote::Cliquer(const QString& bouton) {
+  Faire([bouton](QDialog& boite) {
+    for (QAbstractButton* candidat : boite.findChildren<QAbstractButton*>())
+      if (candidat->isVisible() && candidat->text().remove(u'&') == bouton) {
+        QTest::mouseClick(candidat, Qt::LeftButton);
+        return;
+      }
+    ADD_FAILURE() << "no button " << bouton.toStdString() << " in the box";
+    boite.reject();
+  });
+}
+
+void Pilote::Taper(const QString& texte) {
+  Faire([texte](QDialog& boite) {
+    auto* champ = boite.findChild<QLineEdit*>();
+    champ->selectAll();
+    QTest::keyClicks(champ, texte);
+    QTest::keyClick(champ, Qt::Key_Return);
+  });
+}
+
+void Pilote::Choisir(const QString& fichier) {
+  Faire([fichier](QDialog& boite) {
+    auto* champ = boite.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    champ->setText(fichier);
+    QTest::keyClick(champ, Qt::Key_Return);
+  });
+}
+
+void Pilote::Abandonner() {
+  Faire([](QDialog& boite) { QTest::keyClick(&boite, Qt::Key_Escape); });
+}
+
+bool Pilote::eventFilter(QObject* objet, QEvent* evenement) {
+  auto* boite = qobject_cast<QDialog*>(objet);
+  if (boite != nullptr && evenement->type() == QEvent::Show && boite->isModal())
+    QTimer::singleShot(0, boite, [this, boite] { Repondre(*boite); });
+  return QObject::eventFilter(objet, evenement);
+}
+
+void Pilote::Repondre(QDialog& boite) {
+  if (auto* message = qobject_cast<QMessageBox*>(&boite)) vues_ << message->text();
+  else if (auto* saisie = qobject_cast<QInputDialog*>(&boite)) vues_ << saisie->labelText();
+  else vues_ << boite.windowTitle();
+  if (reponses_.empty()) {
+    ADD_FAILURE() << "a box nobody awaited: " << vues_.back().toStdString();
+    boite.reject();
+    return;
+  }
+  const auto reponse = std::move(reponses_.front());
+  reponses_.pop_front();
+  reponse(boite);
+}
+
+Bureau::Bureau(bool pointeur) : programme_(dossier_.Chemin() / "programme"), donnees_(dossier_.Chemin() / "donnees") {
+  std::filesystem::create_directories(programme_);
+  std::filesystem::create_directories(donnees_);
+  if (pointeur) EcrireOctets(programme_ / "Qvr2.in0", (donnees_ / "qvr2.ini").string() + "\r\n");
+}
+
+quelvar::Principal& Bureau::Ouvrir() {
+  principal_ = std::make_unique<quelvar::Principal>(
+      quelvar::Environnement{programme_, reglages, QString::fromStdString((programme_ / "aide").string()),
+                             [this](const QString& programme, const QStringList& arguments) {
+                               demarres << programme + u' ' + arguments.join(u' ');
+                               return true;
+                             },
+                             [this](const QUrl& adresse) {
+                               ouverts << adresse.toString();
+                               return true;
+                             }});
+  principal_->show();
+  return *principal_;
+}
+
+std::string Bureau::Lire(const char* nom) const {
+  std::ifstream flux(donnees_ / nom, std::ios::binary);
+  return {std::istreambuf_iterator<char>(flux), {}};
+}
+
+QString Bureau::Texte() { return Controle<QPlainTextEdit>("Text1").toPlainText(); }
+
+QAction& Bureau::Action(const char* nom) {
+  auto* action = principal_->findChild<QAction*>(QString::fromUtf8(nom));
+  if (action == nullptr) throw std::runtime_error(std::string("no such menu entry: ") + nom);
+  return *action;
+}
+
+bool Bureau::MenuActif(const char* nom) { return Action(nom).isEnabled(); }
+
+void Bureau::Menu(const char* nom) {
+  QAction& action = Action(nom);
+  auto* menu = qobject_cast<QMenu*>(action.parent());
+  ASSERT_NE(menu, nullptr);
+  menu->popup(principal_->mapToGlobal(QPoint(0, 0)));
+  ASSERT_TRUE(action.isEnabled()) << nom << " is disabled";
+  QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&action).center());
+}
+
+}  // namespace essai

@@ -1,0 +1,98 @@
+// Plays the user in the tests of the forms: answers the modal boxes as they open, through their own widgets, and brings
+// up a main form on a directory of its own.
+#pragma once
+
+#include <QAction>
+#include <QDialog>
+#include <QStringList>
+#include <QTest>
+#include <QUrl>
+#include <deque>
+#include <functional>
+#include <stdexcept>
+
+#include "forms/principal.h"
+#include "support/environnement.h"
+
+namespace essai {
+
+// Waits for modal boxes while it lives. A box that nobody announced, or an answer that no box took, fails the test.
+class Pilote : public QObject {
+ public:
+  Pilote();
+  ~Pilote() override;
+
+  // The answers, in the order of the boxes.
+  void Cliquer(const QString& bouton);   // a message box: "Oui", "Non", "Annuler", "OK"
+  void Taper(const QString& texte);      // an input box: text, then Return
+  void Choisir(const QString& fichier);  // a file dialog: path, then Return
+  void Abandonner();                     // any of them: Escape
+  void Faire(const std::function<void(QDialog&)>& action);
+
+  // Texts of the message and input boxes, titles of the file dialogs.
+  const QStringList& Vues() const { return vues_; }
+
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+ private:
+  void Repondre(QDialog& boite);
+
+  std::deque<std::function<void(QDialog&)>> reponses_;
+  QStringList vues_;
+};
+
+// A main form on a new directory, its settings in memory, what it starts outside written down.
+class Bureau {
+ public:
+  // With `pointeur`, the program finds the directory as that of the last session.
+  explicit Bureau(bool pointeur = false);
+
+  // Makes the form; files put in the directory before are there at start-up.
+  quelvar::Principal& Ouvrir();
+  quelvar::Principal& Fenetre() { return *principal_; }
+  void Fermer() { principal_.reset(); }
+
+  const std::filesystem::path& Dossier() const { return donnees_; }
+  const std::filesystem::path& DossierProgramme() const { return programme_; }
+  void Ecrire(const char* nom, std::string_view octets) const { EcrireOctets(donnees_ / nom, octets); }
+  std::string Lire(const char* nom) const;
+  bool Existe(const char* nom) const { return std::filesystem::exists(donnees_ / nom); }
+
+  // A widget of the main form, by name.
+  template <class W>
+  W& Controle(const char* nom) {
+    return Dans<W>(*principal_, nom);
+  }
+  template <class W>
+  static W& Dans(const QWidget& forme, const char* nom) {
+    auto* trouve = forme.findChild<W*>(QString::fromUtf8(nom));
+    if (trouve == nullptr) throw std::runtime_error(std::string("no such control: ") + nom);
+    return *trouve;
+  }
+  // The form of that class that is shown, or nullptr.
+  template <class F>
+  F* Forme() {
+    for (F* forme : principal_->findChildren<F*>())
+      if (forme->isVisible()) return forme;
+    return nullptr;
+  }
+  // What Text1 shows, lines ended by "\n".
+  QString Texte();
+  // Takes an entry of the menu, which must be enabled, as a user with the mouse would.
+  void Menu(const char* nom);
+  bool MenuActif(const char* nom);
+
+  QStringList demarres;  // programs started beside this one, with their arguments
+  QStringList ouverts;   // documents and pages opened
+  quelvar::Reglages reglages = quelvar::ReglagesEnMemoire();
+
+ private:
+  QAction& Action(const char* nom);
+
+  DossierTemporaire dossier_;
+  std::filesystem::path programme_;
+  std::filesystem::path donnees_;
+  std::unique_ptr<quelvar::Principal> principal_;
+};
+
+}  // namespace essai
