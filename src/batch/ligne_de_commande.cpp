@@ -22,7 +22,11 @@ DateHeure LireHorloge(const std::string& texte) {
   DateHeure instant;
   const int lus = std::sscanf(texte.c_str(), "%d-%d-%d%*1[ T]%d:%d:%d", &instant.annee, &instant.mois, &instant.jour,
                               &instant.heure, &instant.minute, &instant.seconde);
-  if (lus != 6) throw UsageIncorrect(Joindre({"--horloge attend \"AAAA-MM-JJ hh:mm:ss\" et non \"", texte, "\""}));
+  const auto entre = [](int valeur, int minimum, int maximum) { return valeur >= minimum && valeur <= maximum; };
+  const bool valable = lus == 6 && entre(instant.annee, 1, 9999) && entre(instant.mois, 1, 12) &&
+                       entre(instant.jour, 1, 31) && entre(instant.heure, 0, 23) && entre(instant.minute, 0, 59) &&
+                       entre(instant.seconde, 0, 59);
+  if (!valable) throw UsageIncorrect(Joindre({"--horloge attend \"AAAA-MM-JJ hh:mm:ss\" et non \"", texte, "\""}));
   return instant;
 }
 

@@ -80,10 +80,11 @@ class Description {
   Description& Entier(std::string nom, int Options::*membre, int minimum, int maximum, std::string_view aide) {
     const std::string valeurs = Joindre({Nombre(minimum), "..", Nombre(maximum)});
     return Libre(nom, valeurs, Nombre(Options{}.*membre), aide, [=](Options& options, const std::string& texte) {
-      const bool chiffres = !texte.empty() && texte.size() <= 9 &&
-                            texte.find_first_not_of("0123456789", texte[0] == '-' ? 1 : 0) == std::string::npos;
-      const double valeur = chiffres ? ValeurDe(texte) : 0;
-      if (!chiffres || valeur < minimum || valeur > maximum)
+      const std::string_view chiffres = std::string_view(texte).substr(texte.starts_with('-') ? 1 : 0);
+      const bool entier = !chiffres.empty() && chiffres.size() <= 9 &&
+                          chiffres.find_first_not_of("0123456789") == std::string_view::npos;
+      const double valeur = entier ? ValeurDe(texte) : 0;
+      if (!entier || valeur < minimum || valeur > maximum)
         throw UsageIncorrect(
             Joindre({"l'option ", nom, " attend un nombre entier (", valeurs, ") et non \"", texte, "\""}));
       options.*membre = static_cast<int>(valeur);

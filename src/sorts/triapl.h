@@ -12,7 +12,7 @@ struct OptionsTriapl {
   bool reponsesMultiples = false;  // print the cumulation of all questions as multiple responses
   bool triangulaire = false;       // prepare the .TRG
   int limite = 0;                  // overflows of the code-max allowed before the run stops; 0 for no check
-  std::string fichierDonnees;      // other data file; empty for generic .DAT
+  std::string fichierDonnees{};    // other data file; empty for generic .DAT
   bool intitules = true;           // labels from the .MOD
   bool nonReponses = true;         // code 0 counts as a response
 };
