@@ -37,6 +37,26 @@ std::string LireTete(const Chemin& chemin, std::size_t octets) {
   return tete;
 }
 
+namespace {
+
+// Breaks the lines that are longer than a ruler.
+std::string RenvoyerALaLigne(std::string_view texte) {
+  std::string resultat;
+  std::size_t colonne = 0;
+  for (const char c : texte) {
+    const bool fin = c == '\n' || c == '\r';
+    if (!fin && colonne == kRegleMaximum) {
+      resultat += "\r\n";
+      colonne = 0;
+    }
+    resultat += c;
+    colonne = fin ? 0 : colonne + 1;
+  }
+  return resultat;
+}
+
+}  // namespace
+
 AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
   AffichagePartiel partiel;
   std::string tete = LireTete(chemin, kAffichagePartiel + 1);
@@ -47,6 +67,7 @@ AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
     if (premiere.ends_with('\r')) premiere.remove_suffix(1);
     partiel.texte = RegleDesPositions(premiere.size());
     partiel.lignesDeRegle = 5;
+    if (premiere.size() > kRegleMaximum) tete = RenvoyerALaLigne(tete);
   }
   partiel.texte += tete;
   return partiel;
