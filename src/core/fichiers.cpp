@@ -122,6 +122,22 @@ std::string LireOctets(const Chemin& chemin) {
   return octets;
 }
 
+std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille) {
+  const int descripteur = OuvrirEnLecture(chemin);
+  const std::unique_ptr<const int, void (*)(const int*)> fermeture(&descripteur, [](const int* d) { ::close(*d); });
+  std::string octets(taille, '\0');
+  std::size_t lus = 0;
+  while (lus < taille) {
+    const ssize_t suite = ::pread(descripteur, octets.data() + lus, taille - lus, static_cast<off_t>(debut + lus));
+    if (suite < 0 && errno == EINTR) continue;
+    if (suite < 0) LeverErrno(errno);
+    if (suite == 0) break;
+    lus += static_cast<std::size_t>(suite);
+  }
+  octets.resize(lus);
+  return octets;
+}
+
 std::string NomDeSauvegarde(std::string_view nom) {
   std::string sauvegarde(nom);
   if (!sauvegarde.empty()) sauvegarde.back() = '2';
@@ -266,10 +282,22 @@ Chemin CheminProvisoireDe(const Chemin& cible) {
   return provisoire;
 }
 
+// The file behind a link; raises 70 for one that exists and may not be written.
+Chemin CibleDuLien(const Chemin& cible) {
+  std::error_code code;
+  Chemin suivie = fs::canonical(cible, code);
+  if (code) return cible;
+  if (::access(suivie.c_str(), W_OK) != 0) LeverErrno(errno);
+  return suivie;
+}
+
 }  // namespace
 
 Remplacement::Remplacement(const Chemin& repertoire, std::string_view nom)
-    : cible_(CheminDEcriture(repertoire, nom)), provisoire_(CheminProvisoireDe(cible_)), ecrivain_(provisoire_) {}
+    : Remplacement(CheminDEcriture(repertoire, nom)) {}
+
+Remplacement::Remplacement(const Chemin& cible)
+    : cible_(CibleDuLien(cible)), provisoire_(CheminProvisoireDe(cible_)), ecrivain_(provisoire_) {}
 
 Remplacement::~Remplacement() {
   if (valide_) return;
@@ -279,6 +307,8 @@ Remplacement::~Remplacement() {
 
 void Remplacement::Valider() {
   ecrivain_.Fermer();
+  struct stat etat {};
+  if (::stat(cible_.c_str(), &etat) == 0) ::chmod(provisoire_.c_str(), etat.st_mode & 07777U);
   if (::rename(provisoire_.c_str(), cible_.c_str()) != 0) LeverErrno(errno);
   valide_ = true;
 }

@@ -31,6 +31,8 @@ std::uintmax_t LongueurFichier(const Chemin& chemin);
 void EffacerFichier(const Chemin& chemin);
 // The whole file as bytes; raises 53, 57, 70 or 75.
 std::string LireOctets(const Chemin& chemin);
+// At most `taille` bytes from a place of the file, fewer at its end; raises 53, 57, 70 or 75.
+std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille);
 // Name of the copy that keeps a former file: the last character replaced by "2" (.MOD gives .MO2).
 std::string NomDeSauvegarde(std::string_view nom);
 
@@ -103,11 +105,14 @@ class Ecrivain {
   std::size_t rempli_ = 0;
 };
 
-// A file written whole under a scratch name beside its target, then put in its place by one rename. Without
-// Valider the scratch file disappears and the target stays what it was.
+// A file written whole under a scratch name beside its target, then put in its place by one rename with the rights of
+// the file that it replaces. Without Valider the scratch file disappears and the target stays what it was. A target
+// that may not be written raises 70.
 class Remplacement {
  public:
   Remplacement(const Chemin& repertoire, std::string_view nom);
+  // The target by its path; one that is a link is followed.
+  explicit Remplacement(const Chemin& cible);
   ~Remplacement();
   Remplacement(const Remplacement&) = delete;
   Remplacement& operator=(const Remplacement&) = delete;

@@ -1,0 +1,26 @@
+// Notices that a file has changed on the disk since it was read or written.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+#include "core/fichiers.h"
+
+namespace quelvar {
+
+// What is remembered of a file to notice that another program has changed it.
+struct Empreinte {
+  std::uintmax_t taille = 0;
+  std::filesystem::file_time_type instant{};
+  std::size_t contenu = 0;
+};
+Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets);
+
+enum class SurDisque { Inchange, Modifie, Disparu };
+// Compares the file with what is remembered of it. The content decides as soon as the size or the time differs, and
+// always when `toujoursLire`; a file that only has another time is unchanged and its time is taken over.
+SurDisque ComparerAvecDisque(const Chemin& chemin, Empreinte& connue, bool toujoursLire);
+
+}  // namespace quelvar
