@@ -7,7 +7,8 @@ Programme ProgrammeImportCsv() {
   return Description<OptionsImportCsv>("import-csv",
                                        "Importation d'un tableur sauvé en .CSV ou .TXT (.DAT, .POS, .IMP)"_w, ImportCsv)
       .OuiNon("sansintitules", &OptionsImportCsv::sansIntitules,
-              "fichier sans première ligne donnant les intitulés ; il ne donne pas de .POS"_w);
+              "fichier sans première ligne donnant les intitulés ; il ne donne pas de .POS"_w)
+      .Alias({"checktrg"});
 }
 
 }  // namespace quelvar::batch

@@ -1,5 +1,7 @@
 #include "batch/programmes.h"
 
+#include <algorithm>
+
 namespace quelvar::batch {
 
 const std::vector<Programme>& Programmes() {
@@ -8,6 +10,25 @@ const std::vector<Programme>& Programmes() {
       ProgrammeTriapl(),
   };
   return programmes;
+}
+
+std::size_t TrouverOption(const std::vector<Option>& options, const std::string& nom, const std::string& nomProgramme) {
+  std::vector<std::size_t> commencent;
+  for (std::size_t i = 0; i < options.size(); ++i) {
+    const std::vector<std::string>& autres = options[i].autresNoms;
+    if (options[i].nom == nom || std::find(autres.begin(), autres.end(), nom) != autres.end()) return i;
+    if (!nom.empty() && options[i].nom.starts_with(nom)) commencent.push_back(i);
+  }
+  if (commencent.size() == 1) return commencent.front();
+  throw UsageIncorrect(Joindre({std::string_view(commencent.empty() ? "option inconnue : " : "option ambigue : "), nom,
+                                " (voir : quelvar-batch ", nomProgramme, " --aide)"}));
+}
+
+bool LireOuiNon(const std::string& nom, const std::string& valeur) {
+  const std::string mot = Minuscules(valeur);
+  if (mot != "oui" && mot != "non")
+    throw UsageIncorrect(Joindre({"l'option ", nom, " attend oui|non et non \"", valeur, "\""}));
+  return mot == "oui";
 }
 
 }  // namespace quelvar::batch

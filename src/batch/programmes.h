@@ -21,10 +21,11 @@ struct UsageIncorrect : std::runtime_error {
 };
 
 struct Option {
-  std::string nom;      // as typed before "="
+  std::string nom;      // as typed before "="; any beginning of it that names no other option will do
   std::string valeurs;  // what may stand behind it
   std::string defaut;
   std::string aide;
+  std::vector<std::string> autresNoms;  // that of the control on the form, above all
 };
 
 // An option as typed, in the order of the command line.
@@ -37,6 +38,13 @@ struct Programme {
   // Raises UsageIncorrect before anything runs when an option or a value is not known.
   std::function<Fin(const Contexte&, const std::vector<ValeurDOption>&)> executer;
 };
+
+// Index of the option that a name stands for: the option itself, one of its other names, or the only one that begins
+// so. `nomProgramme` is for the message. Raises UsageIncorrect.
+std::size_t TrouverOption(const std::vector<Option>& options, const std::string& nom, const std::string& nomProgramme);
+
+// The value of a box that is ticked or not. Raises UsageIncorrect.
+bool LireOuiNon(const std::string& nom, const std::string& valeur);
 
 // Builds a Programme around an options struct: each option names the member that it sets, and its default is read from
 // a struct fresh from its constructor.
@@ -99,8 +107,14 @@ class Description {
   // Anything else: `poser` sets the struct or raises UsageIncorrect.
   Description& Libre(std::string nom, std::string_view valeurs, std::string_view defaut, std::string_view aide,
                      Poser poser) {
-    programme_.options.push_back({std::move(nom), std::string(valeurs), std::string(defaut), std::string(aide)});
+    programme_.options.push_back({std::move(nom), std::string(valeurs), std::string(defaut), std::string(aide), {}});
     poseurs_.push_back(std::move(poser));
+    return *this;
+  }
+
+  // Other names of the option described last.
+  Description& Alias(std::initializer_list<std::string> noms) {
+    programme_.options.back().autresNoms = noms;
     return *this;
   }
 
@@ -109,13 +123,7 @@ class Description {
     programme.executer = [entree = entree_, decrites = programme_.options, poseurs = poseurs_, nom = programme_.nom](
                              const Contexte& contexte, const std::vector<ValeurDOption>& valeurs) {
       Options options;
-      for (const auto& [cle, valeur] : valeurs) {
-        std::size_t i = 0;
-        while (i < decrites.size() && decrites[i].nom != cle) ++i;
-        if (i == decrites.size())
-          throw UsageIncorrect(Joindre({"option inconnue : ", cle, " (voir : quelvar-batch ", nom, " --aide)"}));
-        poseurs[i](options, valeur);
-      }
+      for (const auto& [cle, valeur] : valeurs) poseurs[TrouverOption(decrites, cle, nom)](options, valeur);
       return entree(contexte, options);
     };
     return programme;

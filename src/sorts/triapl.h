@@ -8,6 +8,9 @@
 
 namespace quelvar {
 
+// Overflows that the option form allows when it checks them.
+inline constexpr int kLimiteDuFormulaire = 50;
+
 struct OptionsTriapl {
   bool reponsesMultiples = false;  // print the cumulation of all questions as multiple responses
   bool triangulaire = false;       // prepare the .TRG

@@ -54,11 +54,15 @@ TEST(Description, OptionsAreCheckedBeforeTheRun) {
   const Programme programme = Description<OptionsEssai>("essai", "essai", Essai)
                                   .OuiNon("drapeau", &OptionsEssai::drapeau, "un drapeau")
                                   .Entier("nombre", &OptionsEssai::nombre, -5, 50, "un nombre")
+                                  .Alias({"casenombre"})
                                   .Texte("texte", &OptionsEssai::texte, "TEXTE", "un texte");
   EXPECT_EQ(programme.executer({}, {{"drapeau", "OUI"}, {"nombre", "-3"}, {"texte", "a b"}}), Fin::Normale);
   EXPECT_TRUE(recues.drapeau);
   EXPECT_EQ(recues.nombre, -3);
   EXPECT_EQ(recues.texte, "a b");
+  EXPECT_EQ(programme.executer({}, {{"casenombre", "9"}, {"te", "abrege"}}), Fin::Normale);
+  EXPECT_EQ(recues.nombre, 9);
+  EXPECT_EQ(recues.texte, "abrege");
   for (const ValeurDOption& faute : std::vector<ValeurDOption>{{"drapeau", "peut-etre"},
                                                                {"nombre", "51"},
                                                                {"nombre", ""},

@@ -15,8 +15,9 @@ using essai::Tableau;
 
 PremierFacteur FacteurDe(const Tableau& t, int toursMax = 100000) {
   std::vector<double> poidsLignes, poidsColonnes;
-  for (const double total : t.totauxLignes) poidsLignes.push_back(total / t.total);
-  for (const double total : t.totauxColonnes) poidsColonnes.push_back(total / t.total);
+  const auto part = [&](double total) { return t.total == 0 ? 0 : total / t.total; };
+  for (const double total : t.totauxLignes) poidsLignes.push_back(part(total));
+  for (const double total : t.totauxColonnes) poidsColonnes.push_back(part(total));
   return ExtrairePremierFacteur(EcartsEnProportions(t.effectifs, t.totauxLignes, t.totauxColonnes, t.total),
                                 poidsLignes, poidsColonnes,
                                 {PremierNonVide(t.totauxLignes), PremierNonVide(t.totauxColonnes)}, toursMax);
