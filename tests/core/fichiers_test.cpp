@@ -4,20 +4,13 @@
 
 #include <vector>
 
-#include "core/erreur.h"
 #include "support/environnement.h"
+#include "support/erreur.h"
 
 namespace quelvar {
 namespace {
 
-int NumeroLeve(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const Erreur& erreur) {
-    return erreur.Numero();
-  }
-  return 0;
-}
+using essai::NumeroLeve;
 
 std::vector<std::string> Lignes(const Chemin& chemin) {
   std::vector<std::string> lignes;

@@ -3,22 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <limits>
 
-#include "core/erreur.h"
+#include "support/erreur.h"
 
 namespace quelvar {
 namespace {
 
-int NumeroLeve(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const Erreur& erreur) {
-    return erreur.Numero();
-  }
-  return 0;
-}
+using essai::NumeroLeve;
 
 TEST(Nombres, LenientConversion) {
   const struct {
