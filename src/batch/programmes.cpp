@@ -8,6 +8,7 @@ const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
       ProgrammeImportCsv(),
       ProgrammeTriapl(),
+      ProgrammeRecodage(),
   };
   return programmes;
 }

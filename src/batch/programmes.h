@@ -140,6 +140,7 @@ const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
 Programme ProgrammeImportCsv();
+Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();
 
 }  // namespace quelvar::batch

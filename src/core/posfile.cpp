@@ -79,9 +79,11 @@ Question LireLigneQuestion(std::string_view ligne) {
   question.position = Entier16(ValeurDe(Milieu(ligne, 4, 4)));
   question.codeMax = LireCodeMax(Milieu(ligne, 8, 2));
   question.largeur = LargeurDe(question.codeMax);
-  if (ligne.size() >= 10) question.type = ligne[9];
+  // A label or a mark that starts a column too early belongs to the free area all the same.
+  const bool libreDesDix = ligne.size() >= 10 && (ligne[9] == '$' || ligne[9] == '&');
+  if (ligne.size() >= 10 && !libreDesDix) question.type = ligne[9];
   question.alphabetique = question.type == 'A' || question.type == 'a';
-  std::string zoneLibre(Milieu(ligne, 11));
+  std::string zoneLibre(Milieu(ligne, libreDesDix ? 10 : 11));
   DetacherIntitule(ligne, zoneLibre, question);
   if (Oter(zoneLibre, "&ACT&")) question.statut = Statut::Actif;
   if (Oter(zoneLibre, "&SUP&")) question.statut = Statut::Supplementaire;

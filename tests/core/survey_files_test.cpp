@@ -62,6 +62,9 @@ TEST(LigneQuestion, FixedColumnsAndFreeArea) {
   EXPECT_EQ(nom.statut, Statut::Supplementaire);
   EXPECT_EQ(nom.largeur, 2);
 
+  const Question collee = LireLigneQuestion("AAA   1 2$Age$1=2&ACT&");
+  EXPECT_EQ(collee.intitule + "|" + collee.regle + "|" + collee.type, "Age|1=2| ") << "a label from column 10 on";
+  EXPECT_EQ(collee.statut, Statut::Actif);
   EXPECT_TRUE(LireLigneQuestion("AAA   1 2 $sans fin").intituleOuvert);
   EXPECT_EQ(LireLigneQuestion("AAA   1 2 $$").intitule, "");
   EXPECT_EQ(LireLigneQuestion("AAA   1L3").codeMax, 999);

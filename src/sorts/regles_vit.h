@@ -1,0 +1,43 @@
+// The block of VIT (created variables) that stands behind the questions of a .POS, between lines of "$$".
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quelvar {
+
+struct ElementVit {
+  std::string ligne;       // as it stands
+  std::string nom;         // columns 1-3
+  bool sansCode = false;   // columns 8-9 are blank
+  bool additif = false;    // a "+" in columns 8-9: the value of the question counts
+  int code = 0;            // the code counted
+  std::int32_t score = 1;  // what it counts for
+};
+
+struct Vit {
+  std::string nom;
+  std::vector<ElementVit> elements;
+
+  bool Additive() const;    // its first element has a "+"
+  bool PlusOublie() const;  // some elements have a "+" and some have none
+};
+
+struct BlocVit {
+  std::vector<Vit> vits;
+  std::size_t lignes = 0;  // lines of the block, its closing "$$" included
+};
+
+// Largest numbers of VIT and of elements of one.
+inline constexpr std::size_t kVitMaximum = 50;
+inline constexpr std::size_t kElementsVitMaximum = 50;
+
+// Reads the block that opens on the first line. The end of the lines closes it too. Raises 9 beyond the largest
+// numbers, 6 for a code or a score beyond 16 bits.
+BlocVit LireBlocVit(std::span<const std::string> lignes);
+
+}  // namespace quelvar
