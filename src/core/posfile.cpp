@@ -21,12 +21,20 @@ constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
 
 constexpr auto kCodes = ConstruireCodes();
 
-// Takes the first occurrence of a mark out of the text; true when it was there.
-bool Oter(std::string& texte, std::string_view marque) {
+constexpr std::string_view kMarqueActive = "&ACT&";
+constexpr std::string_view kMarqueSupplementaire = "&SUP&";
+
+// Takes the first occurrence of a mark out of the text.
+void Oter(std::string& texte, std::string_view marque) {
   const std::size_t place = texte.find(marque);
-  if (place == std::string::npos) return false;
-  texte.erase(place, marque.size());
-  return true;
+  if (place != std::string::npos) texte.erase(place, marque.size());
+}
+
+// The marks are looked for from column 10 on, in the label too.
+Statut StatutDe(std::string_view ligne) {
+  const std::string_view zone = Milieu(ligne, 10);
+  if (zone.find(kMarqueSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
+  return zone.find(kMarqueActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
 }
 
 int LireCodeMax(std::string_view colonnes) {
@@ -83,10 +91,11 @@ Question LireLigneQuestion(std::string_view ligne) {
   const bool libreDesDix = ligne.size() >= 10 && (ligne[9] == '$' || ligne[9] == '&');
   if (ligne.size() >= 10 && !libreDesDix) question.type = ligne[9];
   question.alphabetique = question.type == 'A' || question.type == 'a';
+  question.statut = StatutDe(ligne);
   std::string zoneLibre(Milieu(ligne, libreDesDix ? 10 : 11));
   DetacherIntitule(ligne, zoneLibre, question);
-  if (Oter(zoneLibre, "&ACT&")) question.statut = Statut::Actif;
-  if (Oter(zoneLibre, "&SUP&")) question.statut = Statut::Supplementaire;
+  Oter(zoneLibre, kMarqueActive);
+  Oter(zoneLibre, kMarqueSupplementaire);
   question.regle = Rogner(zoneLibre);
   return question;
 }

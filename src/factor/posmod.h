@@ -1,0 +1,33 @@
+// Posmod: turns chosen questions of a survey into modalities, their Burt table and, on demand, the logical coding of
+// the individuals.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/programme.h"
+#include "factor/choixposmod.h"
+
+namespace quelvar {
+
+struct OptionsPosmod {
+  ModePosmod mode = ModePosmod::Afc;
+  // Names of the chosen questions; the marks of the .POS stand for them when neither list is given.
+  std::optional<std::vector<std::string>> actives;
+  std::optional<std::vector<std::string>> supplementaires;
+  bool codesZero = true;           // the code 0 of each question is a modality
+  bool individus = false;          // logical coding, and rows of individuals behind the Burt table
+  NomsDIndividus noms;             // of the individuals
+  bool verifierCodesMax = true;    // stop after more than 50 values above their code-max
+  bool oublierAnciennes = false;   // marks and labels of an earlier .MOD are not used
+};
+
+// Writes .PRT, .BRT and .MOD (.CDG with individuals) and the marks of the choice in .POS. In the mode Modi it names the
+// modalities without reading the data. A run that stops leaves every file but .PRT as it was.
+Fin Posmod(const Contexte& contexte, const OptionsPosmod& options);
+
+// The run that leaving the form ends: the preparation alone, which the report tells.
+Fin AbandonnerPosmod(const Contexte& contexte);
+
+}  // namespace quelvar
