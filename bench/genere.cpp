@@ -1,7 +1,8 @@
 // Writes a large survey for measurements: fixed columns with dictionary and labels, or the same table as CSV.
 //
-//   quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv]
+//   quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv | --actives CODEMAX]
 //
+// With --actives every question has that code-max, is marked as active, and the file has no labels.
 // Eight latent classes make the answers depend on each other; about 3 % are non-responses. The same arguments
 // always give the same bytes.
 #include <array>
@@ -44,7 +45,13 @@ class Hasard {
   std::uint64_t etat_ = 20030501;
 };
 
-int CodeMaxDe(int rang) {
+// What the position files of the measurements differ in.
+struct Modele {
+  int codeMax = 0;  // of every question; 0 for a mixture
+};
+
+int CodeMaxDe(int rang, const Modele& modele) {
+  if (modele.codeMax > 0) return modele.codeMax;
   switch (rang % 25) {
     case 3: return 2;
     case 7: return 3;
@@ -55,14 +62,14 @@ int CodeMaxDe(int rang) {
   }
 }
 
-std::vector<Question> FaireQuestions(int nombre) {
+std::vector<Question> FaireQuestions(int nombre, const Modele& modele) {
   static constexpr char kSignes[] = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
   std::vector<Question> questions;
   int position = 1;
   for (int i = 0; i < nombre; ++i) {
     Question q;
     q.nom = {static_cast<char>('A' + i / 1296 % 26), kSignes[i / 36 % 36], kSignes[i % 36]};
-    q.codeMax = CodeMaxDe(i);
+    q.codeMax = CodeMaxDe(i, modele);
     q.largeur = q.codeMax > 9 ? 2 : 1;
     q.position = position;
     position += q.largeur;
@@ -130,11 +137,12 @@ void EcrireIndividus(const std::string& nom, const std::string& entete, const st
 }
 
 void EcrirePos(const std::string& base, const std::string& generique, const std::vector<Question>& questions,
-               long long individus) {
+               long long individus, const Modele& modele) {
   const Fichier f = Ouvrir(base + ".POS");
   std::fprintf(f.get(), "%s\r\n %lld \r\n", generique.c_str(), individus);
   for (const Question& q : questions) {
-    std::fprintf(f.get(), "%s%4d%2d $Question %s$\r\n", q.nom.c_str(), q.position, q.codeMax, q.nom.c_str());
+    std::fprintf(f.get(), "%s%4d%2d $Question %s$%s\r\n", q.nom.c_str(), q.position, q.codeMax, q.nom.c_str(),
+                 modele.codeMax > 0 ? " &ACT&" : "");
   }
 }
 
@@ -153,15 +161,17 @@ void EcrireMod(const std::string& base, const std::string& generique, const std:
 
 int main(int argc, char** argv) {
   const bool csv = argc == 6 && std::strcmp(argv[5], "--csv") == 0;
+  const bool actives = argc == 7 && std::strcmp(argv[5], "--actives") == 0;
+  const Modele modele{actives ? std::atoi(argv[6]) : 0};
   const long long individus = argc > 3 ? std::atoll(argv[3]) : 0;
   const int nombre = argc > 4 ? std::atoi(argv[4]) : 0;
-  if ((argc != 5 && !csv) || individus < 1 || nombre < 1) {
-    std::fprintf(stderr, "usage: quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv]\n");
+  if ((argc != 5 && !csv && !actives) || individus < 1 || nombre < 1 || modele.codeMax < 0 || modele.codeMax > 99) {
+    std::fprintf(stderr, "usage: quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv | --actives CODEMAX]\n");
     return 2;
   }
   const std::string generique = argv[2];
   const std::string base = std::string(argv[1]) + "/" + generique;
-  const std::vector<Question> questions = FaireQuestions(nombre);
+  const std::vector<Question> questions = FaireQuestions(nombre, modele);
   if (!csv && questions.back().position + 1 > kPositionMaximale) {
     std::fprintf(stderr, "too many questions for the dictionary: the last position is above %d\n", kPositionMaximale);
     return 2;
@@ -172,8 +182,8 @@ int main(int argc, char** argv) {
     EcrireIndividus(base + ".CSV", titres + "\r\n", questions, individus, true);
   } else {
     EcrireIndividus(base + ".DAT", "", questions, individus, false);
-    EcrirePos(base, generique, questions, individus);
-    EcrireMod(base, generique, questions);
+    EcrirePos(base, generique, questions, individus, modele);
+    if (!actives) EcrireMod(base, generique, questions);
   }
   return 0;
 }

@@ -4,11 +4,23 @@
 
 namespace quelvar::batch {
 
+std::vector<std::string> NomsSepares(std::string_view texte) {
+  std::vector<std::string> noms;
+  if (texte.empty()) return noms;
+  for (std::size_t virgule = 0; virgule != std::string_view::npos;) {
+    virgule = texte.find(',');
+    noms.emplace_back(texte.substr(0, virgule));
+    if (virgule != std::string_view::npos) texte.remove_prefix(virgule + 1);
+  }
+  return noms;
+}
+
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
       ProgrammeImportCsv(),
       ProgrammeTriapl(),
       ProgrammeRecodage(),
+      ProgrammePosmod(),
   };
   return programmes;
 }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -45,6 +46,9 @@ std::size_t TrouverOption(const std::vector<Option>& options, const std::string&
 
 // The value of a box that is ticked or not. Raises UsageIncorrect.
 bool LireOuiNon(const std::string& nom, const std::string& valeur);
+
+// The names of a list separated by commas; an empty text holds none. Blanks belong to the names.
+std::vector<std::string> NomsSepares(std::string_view texte);
 
 // Builds a Programme around an options struct: each option names the member that it sets, and its default is read from
 // a struct fresh from its constructor.
@@ -104,6 +108,13 @@ class Description {
                  [membre](Options& options, const std::string& texte) { options.*membre = texte; });
   }
 
+  // Names separated by commas.
+  Description& Noms(std::string nom, std::optional<std::vector<std::string>> Options::*membre, std::string_view defaut,
+                    std::string_view aide) {
+    return Libre(std::move(nom), "NOM,NOM...", defaut, aide,
+                 [membre](Options& options, const std::string& texte) { options.*membre = NomsSepares(texte); });
+  }
+
   // Anything else: `poser` sets the struct or raises UsageIncorrect.
   Description& Libre(std::string nom, std::string_view valeurs, std::string_view defaut, std::string_view aide,
                      Poser poser) {
@@ -140,6 +151,7 @@ const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
 Programme ProgrammeImportCsv();
+Programme ProgrammePosmod();
 Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();
 

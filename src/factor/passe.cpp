@@ -78,6 +78,7 @@ std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, 
     if (demande.codage != nullptr) demande.codage->Ecrire(numero, lecteur.Ligne(), presentes);
     progression.Avancer();
   }
+  burt.Achever();
   return numero;
 }
 
