@@ -43,7 +43,7 @@ class TableBurt {
   void AjouterPorteurs(std::size_t i, std::span<const std::uint32_t> individus);
   void Reporter(std::size_t i);
 
-  std::size_t mots_;                  // words of a presence vector, a whole number of runs
+  std::size_t mots_;  // words of a presence vector, a whole number of runs
   std::size_t individusParBloc_;
   std::vector<std::size_t> departs_;  // first word of each row, and the number of words
 

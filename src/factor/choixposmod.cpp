@@ -93,9 +93,10 @@ std::string TexteNombreUnique(std::int64_t modalites) {
 }
 
 std::string TexteSansNonReponses(std::int64_t modalites) {
-  return Joindre({"*** Attention ***\nCette option suppose qu'il n'y ait pas de non-réponses ou qu'elles aient été "
-                  "recodées. Est-ce bien le cas ?\n"_w,
-                  TexteNombreUnique(modalites)});
+  return Joindre(
+      {"*** Attention ***\nCette option suppose qu'il n'y ait pas de non-réponses ou qu'elles aient été "
+       "recodées. Est-ce bien le cas ?\n"_w,
+       TexteNombreUnique(modalites)});
 }
 
 std::string_view RefusDeLancer(bool individus, const NomsDIndividus& noms, std::int64_t actives,

@@ -9,11 +9,6 @@ namespace {
 constexpr int kCodeEnDeuxChiffres = 36;
 constexpr int kCodeNomme = 99;  // last code that has a name
 
-TypeModalite TypeDe(Statut statut, int code) {
-  if (statut == Statut::Supplementaire) return TypeModalite::Supplementaire;
-  return code == 0 ? TypeModalite::NonReponseActive : TypeModalite::Active;
-}
-
 }  // namespace
 
 std::string NomDeModalite(std::string_view nomQuestion, int code) {
@@ -29,14 +24,12 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
       if (question.codeMax < 0 || question.codeMax > kCodeNomme) throw Erreur(kIndiceHorsSelection);
       plan.questions.push_back({rang, static_cast<std::uint32_t>(plan.modalites.size()), question.codeMax});
       for (int code = codesZero ? 0 : 1; code <= question.codeMax; ++code)
-        plan.modalites.push_back({NomDeModalite(question.nom, code), TypeDe(statut, code), {}, {}});
+        plan.modalites.push_back({NomDeModalite(question.nom, code), statut == Statut::Supplementaire, {}, {}});
     }
   }
   return plan;
 }
 
-bool EstEcartee(const ModaliteCreee& modalite) {
-  return modalite.type == TypeModalite::Supplementaire || modalite.nom[3] == '0';
-}
+bool EstEcartee(const ModaliteCreee& modalite) { return modalite.supplementaire || modalite.nom[3] == '0'; }
 
 }  // namespace quelvar

@@ -16,13 +16,11 @@ struct QuestionChoisie {
   int codeMax = 0;
 };
 
-enum class TypeModalite { Active = 1, Supplementaire = 2, NonReponseActive = 3 };
-
 struct ModaliteCreee {
-  std::string nom;  // 4 characters
-  TypeModalite type = TypeModalite::Active;
-  std::string marque;    // 3 characters
-  std::string intitule;  // at most 25 characters
+  std::string nom;              // 4 characters
+  bool supplementaire = false;  // of a supplementary question
+  std::string marque;           // 3 characters
+  std::string intitule;         // at most 25 characters
 };
 
 // The questions in the order in which they are read, active ones first, and the modalities that they take.

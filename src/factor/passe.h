@@ -36,8 +36,8 @@ struct Depassement {
 
 struct DemandeDePasse {
   Chemin donnees;
-  std::int64_t individus = 0;               // lines that are read at most
-  CodageLogique* codage = nullptr;          // written when there is one
+  std::int64_t individus = 0;                        // lines that are read at most
+  CodageLogique* codage = nullptr;                   // written when there is one
   std::function<void(const Depassement&)> signaler;  // told each value set to 0 for being too large
 };
 

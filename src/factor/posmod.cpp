@@ -4,6 +4,7 @@
 #include "core/modfile.h"
 #include "core/nombres.h"
 #include "factor/fichiersposmod.h"
+#include "factor/impressionchoix.h"
 #include "factor/passe.h"
 
 namespace quelvar {
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int kDepassementsAuPlus = 50;
 constexpr int kCodeMaxActif = 99;
-constexpr int kCodeMaxSurUnCaractere = 35;
 
 // What a run starts from.
 struct Preparation {
@@ -68,58 +68,6 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
   dialogue.biper();
   dialogue.demander(refus, Boutons::Ok);
   throw Erreur(kArretAnnonce);
-}
-
-void ImprimerQuestions(const Preparation& preparation, const ChoixQuestions& choix, Statut statut, Rapport& rapport,
-                       const Dialogue& dialogue) {
-  for (const std::size_t rang : choix.Rangs(statut)) {
-    rapport.Ligne(TexteQuestion(preparation.pos, rang));
-    const Question& question = preparation.pos.questions[rang];
-    if (question.codeMax <= kCodeMaxSurUnCaractere) continue;
-    if (statut == Statut::Supplementaire && question.codeMax > kCodeMaxActif) continue;
-    rapport.Ligne();
-    Avertir(rapport, dialogue, Joindre({"ATTENTION *** Code-maximum depassant 35 a la question ", question.nom}));
-  }
-}
-
-void ImprimerOptions(const Preparation& preparation, const OptionsPosmod& options, Rapport& rapport) {
-  rapport.Ligne();
-  rapport.Ligne("Options (ne sont modifiables qu'en niveau 2 d'utilisateur)");
-  rapport.Ligne();
-  rapport.Ligne(std::string_view(options.codesZero
-                                     ? "Les codes zero sont pris en compte et mis en modalites supplementaires"
-                                     : "Les codes zero ne sont pas pris en compte"));
-  rapport.Ligne(std::string_view(options.individus
-                                     ? "Les individus sont pris en compte"
-                                     : "Les individus ne seront pas pris en compte dans les graphiques factoriels"));
-  rapport.Ligne(options.verifierCodesMax
-                    ? "Les codes max sont verifies (arret apres plus de 50 erreurs, auparavant le code fautif est mis à zero)"_w
-                    : "Les codes max ne sont pas verifies (les codes depassant le code-max ou >35 sont mis à zero)"_w);
-  if (!preparation.ancienMod) return;
-  rapport.Ligne(std::string_view(
-      options.oublierAnciennes
-          ? "Les anciennes indications de modalites supplementaires ne sont pas prises en compte"
-          : "Il y a deja un fichier de modalites et les anciennes indications sont prises en compte (modalites supplementaires et intitules)"));
-}
-
-void ImprimerChoix(const Preparation& preparation, const ChoixQuestions& choix, const OptionsPosmod& options,
-                   Rapport& rapport, const Dialogue& dialogue) {
-  const FichierPos& pos = preparation.pos;
-  rapport.Ligne();
-  rapport.Ligne("Impression des questions actives");
-  ImprimerQuestions(preparation, choix, Statut::Actif, rapport, dialogue);
-  rapport.Ligne({"Nombre de modalités actives = "_w,
-                 NombreNu(CompterModalites(pos, choix, Statut::Actif, options.codesZero))});
-  rapport.Ligne();
-  rapport.Ligne("Impression des questions supplémentaires"_w);
-  ImprimerQuestions(preparation, choix, Statut::Supplementaire, rapport, dialogue);
-  if (choix.Nombre(Statut::Supplementaire) == 0) {
-    rapport.Ligne("Pas de questions supplémentaires"_w);
-  } else {
-    rapport.Ligne({"Nombre de modalités supplémentaires = "_w,
-                   NombreNu(CompterModalites(pos, choix, Statut::Supplementaire, options.codesZero))});
-  }
-  ImprimerOptions(preparation, options, rapport);
 }
 
 // The count that line 2 of the .POS announces, or that of the data lines when it announces none.
@@ -179,8 +127,7 @@ struct Sorties {
 
 // Reads the data and writes the tables; returns the parameter line of the .MOD.
 std::string ConstruireTables(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
-                             const OptionsPosmod& options, std::int64_t individus, Sorties& sorties,
-                             Rapport& rapport) {
+                             const OptionsPosmod& options, std::int64_t individus, Sorties& sorties, Rapport& rapport) {
   const std::size_t modalites = plan.modalites.size();
   std::optional<CodageLogique> codage;
   if (options.individus) codage.emplace(Sorties::Ouvrir(sorties.cdg, contexte, ".CDG"), modalites, options.noms);
@@ -209,7 +156,7 @@ void Executer(const Contexte& contexte, const OptionsPosmod& options, Rapport& r
 
   std::int64_t individus = 0;
   if (!nommer) {
-    ImprimerChoix(preparation, choix, options, rapport, contexte.Ecran());
+    ImprimerChoix(preparation.pos, choix, options, preparation.ancienMod.has_value(), rapport, contexte.Ecran());
     individus = CompterIndividus(preparation, rapport);
   }
   RefuserCodesMax(preparation.pos, choix, rapport, contexte.Ecran());

@@ -14,13 +14,13 @@ namespace quelvar {
 struct OptionsPosmod {
   ModePosmod mode = ModePosmod::Afc;
   // Names of the chosen questions; the marks of the .POS stand for them when neither list is given.
-  std::optional<std::vector<std::string>> actives;
-  std::optional<std::vector<std::string>> supplementaires;
-  bool codesZero = true;           // the code 0 of each question is a modality
-  bool individus = false;          // logical coding, and rows of individuals behind the Burt table
-  NomsDIndividus noms;             // of the individuals
-  bool verifierCodesMax = true;    // stop after more than 50 values above their code-max
-  bool oublierAnciennes = false;   // marks and labels of an earlier .MOD are not used
+  std::optional<std::vector<std::string>> actives = {};
+  std::optional<std::vector<std::string>> supplementaires = {};
+  bool codesZero = true;          // the code 0 of each question is a modality
+  bool individus = false;         // logical coding, and rows of individuals behind the Burt table
+  NomsDIndividus noms = {};       // of the individuals
+  bool verifierCodesMax = true;   // stop after more than 50 values above their code-max
+  bool oublierAnciennes = false;  // marks and labels of an earlier .MOD are not used
 };
 
 // Writes .PRT, .BRT and .MOD (.CDG with individuals) and the marks of the choice in .POS. In the mode Modi it names the
