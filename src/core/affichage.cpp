@@ -1,9 +1,7 @@
 #include "core/affichage.h"
 
 #include <algorithm>
-#include <fstream>
 
-#include "core/erreur.h"
 #include "core/texte.h"
 
 namespace quelvar {
@@ -24,17 +22,6 @@ std::string RegleDesPositions(std::size_t longueur) {
                                        : std::string_view("Positions : lignes des centaines, dizaines, unités"_w);
   return Joindre(
       {annonce, "\r\n", centaines, "\r\n", dizaines, "\r\n", unites, "\r\n", std::string(colonnes, '-'), "\r\n"});
-}
-
-std::string LireTete(const Chemin& chemin, std::size_t octets) {
-  LongueurFichier(chemin);  // tells a missing file and a directory apart
-  std::ifstream flux(chemin, std::ios::binary);
-  if (!flux) throw Erreur(kPermissionRefusee);
-  std::string tete(octets, '\0');
-  flux.read(tete.data(), static_cast<std::streamsize>(octets));
-  if (flux.bad()) throw Erreur(kErreurPeripherique);
-  tete.resize(static_cast<std::size_t>(flux.gcount()));
-  return tete;
 }
 
 namespace {
@@ -59,7 +46,7 @@ std::string RenvoyerALaLigne(std::string_view texte) {
 
 AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
   AffichagePartiel partiel;
-  std::string tete = LireTete(chemin, kAffichagePartiel + 1);
+  std::string tete = LireMorceau(chemin, 0, kAffichagePartiel + 1);
   partiel.entier = tete.size() <= kAffichagePartiel;
   if (!partiel.entier) tete.resize(avecRegle ? kAffichageSousRegle : kAffichagePartiel);
   if (avecRegle) {

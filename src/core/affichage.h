@@ -18,9 +18,6 @@ inline constexpr std::size_t kRegleMaximum = 1024;
 // The ruler over a first line of that length: what it is, hundreds, tens, units, a line of "-"; each ended by CR LF.
 std::string RegleDesPositions(std::size_t longueur);
 
-// The head of a file, at most `octets` bytes of it. Raises 53, 57, 70 or 75.
-std::string LireTete(const Chemin& chemin, std::size_t octets);
-
 struct AffichagePartiel {
   std::string texte;
   std::size_t lignesDeRegle = 0;  // lines of the ruler in front
