@@ -21,6 +21,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeTriapl(),
       ProgrammeRecodage(),
       ProgrammePosmod(),
+      ProgrammeEcapem(),
   };
   return programmes;
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace quelvar {
@@ -12,6 +13,9 @@ class Matrice {
   Matrice() = default;
   Matrice(std::size_t lignes, std::size_t colonnes, double valeur = 0)
       : lignes_(lignes), colonnes_(colonnes), valeurs_(lignes * colonnes, valeur) {}
+  // Takes the values row by row; there must be one for each place.
+  Matrice(std::size_t lignes, std::size_t colonnes, std::vector<double> valeurs)
+      : lignes_(lignes), colonnes_(colonnes), valeurs_(std::move(valeurs)) {}
 
   std::size_t Lignes() const { return lignes_; }
   std::size_t Colonnes() const { return colonnes_; }

@@ -1,0 +1,133 @@
+#include "tables/ecapem.h"
+
+#include <string_view>
+#include <utility>
+
+#include "core/modfile.h"
+#include "core/nombres.h"
+#include "core/posfile.h"
+#include "tables/examentableau.h"
+#include "tables/lecturetable.h"
+#include "tables/travailecapem.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::string_view kArretFichiers = "*** Arret du programme du à l'absence d'un ou de plusieurs fichiers"_w;
+
+struct FichiersDeTable {
+  Chemin mod;
+  Chemin brt;
+};
+
+// The two files that every path needs; a .MOD too short to hold anything counts as missing.
+FichiersDeTable TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
+  const std::optional<Chemin> brt = contexte.Chercher(".BRT");
+  std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  if (mod && LongueurFichier(*mod) < kModVide) mod.reset();
+  if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
+  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
+  if (!brt || !mod) {
+    Avertir(rapport, contexte.Ecran(), kArretFichiers);
+    throw Erreur(kArretAnnonce);
+  }
+  return {*mod, *brt};
+}
+
+// A file that one path needs beside the table.
+Chemin ExigerFichier(const TravailEcapem& t, std::string_view extension, Texte ligneDArret) {
+  const std::optional<Chemin> chemin = t.contexte.Chercher(extension);
+  if (chemin) return *chemin;
+  t.rapport.Ligne({"*** Le fichier ", t.contexte.Nom(extension), " n'existe pas"});
+  t.rapport.Ligne(ligneDArret);
+  throw Erreur(kArretAnnonce);
+}
+
+void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
+  rapport.Ligne({"Ce fichier d'impression a pour nom ", contexte.Nom(".PRO")});
+  rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
+  rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
+}
+
+// Individuals of the survey behind a Burt table, from the size line of .POS.
+std::int64_t LireIndividus(const TravailEcapem& t) {
+  LecteurLignes pos(ExigerFichier(t, ".POS", "*** Arret du programme"));
+  pos.LireObligatoire();
+  return LireLigneTaille(pos.LireObligatoire()).individus;
+}
+
+void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
+  const std::int64_t individus = LireIndividus(t);
+  t.rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
+  const DemiBurt burt = LireDemiBurt(t.brt, modalites, t.parametres.largeur);
+  std::vector<Lien> liens = LiensDuBurt(burt, static_cast<double>(individus));
+  ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Burt);
+  TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
+  EnregistrerLiens(t.contexte, liens, std::nullopt);
+  if (liens.empty()) return;
+
+  std::vector<std::string_view> intitules;
+  for (std::size_t i = 0; i < modalites; ++i) intitules.push_back(IntituleEdite(t.modalites[i], t.options.intitules));
+  ImprimeurDeProfils imprimeur(t.rapport, intitules, t.LargeurDesProfils());
+  LiensParNoeud parNoeud(liens, LiensParNoeud::Bout::LesDeux, modalites);
+  for (std::size_t i = 0; i < modalites; ++i) {
+    t.rapport.Ligne({t.modalites[i].court, " = ", t.modalites[i].intitule});
+    imprimeur.Imprimer(parNoeud.Profil(i + 1));
+  }
+}
+
+void EnregistrerCliques(const TravailEcapem& t) {
+  t.rapport.Ligne("Enregistrement des cliques issues de Ucinet");
+  LecteurLignes fichier(ExigerFichier(t, ".NT1", kArretFichiers));
+  std::vector<std::vector<std::size_t>> cliques;
+  for (std::string_view ligne; fichier.Lire(ligne);) cliques.push_back(LireClique(ligne));
+  const bool burt = t.parametres.burt > 1;
+  const std::size_t lignes = NombreDe(burt ? t.parametres.burt : t.parametres.lignes);
+  const std::size_t colonnes = burt ? lignes : t.modalites.size();
+  std::vector<Lien> liens = LiensDesCliques(cliques, lignes, colonnes);
+  TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
+  EnregistrerLiens(t.contexte, std::nullopt, liens);
+}
+
+void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& rapport) {
+  const FichiersDeTable fichiers = TrouverFichiers(contexte, rapport);
+  EcrireBandeau(rapport, "Profils de modalités"_w);
+  ImprimerNomsDeFichiers(contexte, rapport);
+  const FichierMod mod = LireMod(fichiers.mod);
+  TravailEcapem travail{contexte, options, rapport, fichiers.brt, LireParametres(mod.parametres, &rapport), {}};
+  for (const Modalite& modalite : mod.modalites) travail.modalites.push_back(NommerModalite(modalite));
+  if (travail.parametres.largeur == 0) {
+    rapport.Ligne({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")});
+    throw Erreur(kArretAnnonce);
+  }
+  const std::int16_t burt = travail.parametres.burt;
+  if (options.cliques) EnregistrerCliques(travail);
+  else if (burt > 0) ExaminerBurt(travail, NombreDe(burt == 1 ? travail.parametres.colonnes : burt));
+  else ExaminerTableau(travail);
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+std::size_t NombreDe(double parametre) {
+  const std::int64_t nombre = Entier64(parametre);
+  return nombre > 0 ? static_cast<std::size_t>(nombre) : 0;
+}
+
+void EnregistrerLiens(const Contexte& contexte, ListeDeLiens pem, ListeDeLiens pel) {
+  const auto remplacer = [&](std::string_view extension, ListeDeLiens liens) {
+    if (liens) return EcrireLiens(contexte.repertoire, contexte.Nom(extension), *liens);
+    if (const std::optional<Chemin> ancien = contexte.Chercher(extension)) EffacerFichier(*ancien);
+  };
+  remplacer(".PEM", pem);
+  remplacer(".PEL", pel);
+}
+
+Fin Ecapem(const Contexte& contexte, const OptionsEcapem& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRO"), LibellesErreur{},
+                           [&](Rapport& rapport) { Executer(contexte, options, rapport); });
+}
+
+}  // namespace quelvar

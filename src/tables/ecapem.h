@@ -1,0 +1,27 @@
+// Ecapem: everything that can be said of the association in a counted table, and the PEM links of a table, of a Burt
+// table or of cliques.
+#pragma once
+
+#include "core/programme.h"
+#include "tables/impression.h"
+#include "tables/liaisons.h"
+#include "tables/nomselements.h"
+
+namespace quelvar {
+
+struct OptionsEcapem {
+  bool cliques = false;  // records the cliques of the .NT1 as links, and nothing else
+  ModeIntitules intitules = ModeIntitules::Longs;
+  SeuilKhi2 seuil = SeuilKhi2::DixPourCent;
+  bool positifsSeuls = true;     // "POSI" or "NEGA"; in both only positive PEM are recorded
+  bool diagonalisation = false;  // repeats the analysis on the maximum table
+  bool tousTableaux = false;     // prints the tables beyond 30 rows or columns as well
+  bool liensLignes = false;      // writes the .PEL, links between rows
+  ChoixDeLiens choixLiens = ChoixDeLiens::DeuxMille;
+};
+
+// Reads the .MOD and .BRT (.POS for a Burt table, .NT1 for cliques), writes the report .PRO and replaces .PEM and .PEL
+// once the new links are known; a run that stops before leaves them as they were.
+Fin Ecapem(const Contexte& contexte, const OptionsEcapem& options);
+
+}  // namespace quelvar

@@ -1,0 +1,132 @@
+#include "tables/examentableau.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "core/nombres.h"
+#include "tables/gamma.h"
+#include "tables/lecturetable.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kTailleEditee = 30;  // rows and columns beyond which the tables are printed on demand only
+constexpr std::size_t kTitreDeLigne = 25;
+constexpr std::size_t kTitreDeColonne = 10;
+
+struct Noms {
+  const std::vector<NomDElement>& colonnes;
+  std::vector<NomDElement> lignes;
+};
+
+OrdresTries OrdresDemandes(std::int32_t parametreDe) {
+  return {.lignes = parametreDe != 1 && parametreDe != 3, .colonnes = parametreDe != 2 && parametreDe != 3};
+}
+
+std::vector<std::string_view> IntitulesDes(const std::vector<NomDElement>& noms, const std::vector<std::size_t>& rangs,
+                                           ModeIntitules mode) {
+  std::vector<std::string_view> intitules;
+  for (const std::size_t rang : rangs) intitules.push_back(IntituleEdite(noms[rang], mode));
+  return intitules;
+}
+
+Presentation PresentationDe(const TravailEcapem& t, const Noms& noms, const TableauCompte& table) {
+  return {IntitulesDes(noms.lignes, table.rangsLignes, t.options.intitules),
+          IntitulesDes(noms.colonnes, table.rangsColonnes, t.options.intitules), t.parametres.largeur};
+}
+
+// Labels by node: the columns, then the rows, in the order of the files.
+std::vector<std::string_view> IntitulesDesNoeuds(const Noms& noms, ModeIntitules mode) {
+  std::vector<std::string_view> intitules;
+  for (const auto* liste : {&noms.colonnes, &noms.lignes})
+    for (const NomDElement& nom : *liste) intitules.push_back(IntituleEdite(nom, mode));
+  return intitules;
+}
+
+std::vector<Lien> LiensGardesEntreLignes(const TravailEcapem& t, const TableauCompte& table, const Matrice& pem) {
+  std::vector<Lien> liens = LiensEntreLignes(table, pem);
+  TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
+  GarderMeilleurs(liens, t.options.choixLiens);
+  return liens;
+}
+
+// Rows and then columns, from the links sorted for each in turn.
+void ImprimerProfils(const TravailEcapem& t, const Noms& noms, std::vector<Lien>& liens) {
+  const std::vector<std::string_view> intitules = IntitulesDesNoeuds(noms, t.options.intitules);
+  ImprimeurDeProfils imprimeur(t.rapport, intitules, t.LargeurDesProfils());
+  const auto serie = [&](Texte titre, LiensParNoeud::Bout bout, const std::vector<NomDElement>& elements,
+                         std::size_t premierNoeud, std::size_t largeurTitre) {
+    t.rapport.Ligne();
+    t.rapport.Ligne(titre);
+    t.rapport.Ligne();
+    LiensParNoeud parNoeud(liens, bout, intitules.size());
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+      t.rapport.Ligne(elements[i].intitule.substr(0, largeurTitre));
+      imprimeur.Imprimer(parNoeud.Profil(premierNoeud + i));
+    }
+  };
+  TrierLiens(liens, ModeTri::LIGN, t.contexte.Ecran());
+  serie("Impression des profils des PEM des lignes", LiensParNoeud::Bout::Premier, noms.lignes,
+        noms.colonnes.size() + 1, kTitreDeLigne);
+  TrierLiens(liens, ModeTri::COL, t.contexte.Ecran());
+  serie("Impression des profils des PEM des colonnes", LiensParNoeud::Bout::Second, noms.colonnes, 1, kTitreDeColonne);
+}
+
+// Links of the cells, their count and their profiles; the files then hold the links by value.
+void TraiterLiens(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, const Matrice& pem) {
+  std::vector<Lien> liens = LiensDesCellules(table, pem);
+  ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Tableau);
+  if (!liens.empty()) ImprimerProfils(t, noms, liens);
+  TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
+  std::optional<std::vector<Lien>> entreLignes;
+  if (t.options.liensLignes) entreLignes = LiensGardesEntreLignes(t, table, pem);
+  EnregistrerLiens(t.contexte, liens, entreLignes);
+}
+
+// The analysis of one table, the observed one or its maximum table.
+Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, OrdresTries tries) {
+  Diagonalisee diagonalisee = Diagonalisation(table, tries);
+  ImprimerFacteur(t.rapport, PresentationDe(t, noms, table), diagonalisee.facteur);
+  const AttractionsDuTableau attractions = CalculerAttractions(diagonalisee.table);
+  const Matrice& effectifs = table.effectifs;
+  if (t.options.tousTableaux || std::max(effectifs.Lignes(), effectifs.Colonnes()) <= kTailleEditee)
+    ImprimerTableaux(t.rapport, PresentationDe(t, noms, diagonalisee.table),
+                     {diagonalisee.table, diagonalisee.maximum, attractions}, tries);
+  if (t.options.seuil == SeuilKhi2::Gendat) EnregistrerLiens(t.contexte, std::nullopt, std::nullopt);
+  else TraiterLiens(t, noms, diagonalisee.table, attractions.pem);
+  return diagonalisee;
+}
+
+TableauCompte TableDuMaximum(const Diagonalisee& diagonalisee) {
+  TableauCompte table = diagonalisee.table;
+  table.effectifs = diagonalisee.maximum;
+  return table;
+}
+
+}  // namespace
+
+void ExaminerTableau(const TravailEcapem& t) {
+  const std::size_t lignes = NombreDe(t.parametres.lignes);
+  t.rapport.Ligne({"Il y a ", NombreNu(t.modalites.size()), " modalites en colonne"});
+  t.rapport.Ligne({"Il y a ", NombreNu(lignes), " modalites en ligne"});
+  TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
+  const Noms noms{t.modalites, std::move(lue.lignes)};
+  const OrdresTries tries = OrdresDemandes(t.parametres.decimales);
+
+  const Diagonalisee observe = Analyser(t, noms, Compter(std::move(lue.effectifs)), tries);
+  if (t.options.seuil == SeuilKhi2::Gendat) return;
+  const SommesDEcarts sommes = SommerEcarts(observe.table, observe.table.effectifs);
+  if (t.options.diagonalisation) {
+    Analyser(t, noms, TableDuMaximum(observe), tries);
+    ImprimerPartDuFacteur(t.rapport, observe.facteur.valeurPropre, sommes.khi2, observe.table.total,
+                          t.parametres.largeur);
+  }
+  ImprimerIndices(t.rapport, CalculerIndices(observe.table, sommes, SommerEcarts(observe.table, observe.maximum)),
+                  tries, t.parametres.largeur);
+  ImprimerGamma(t.rapport, "Tableau d'origine", CalculerGamma(observe.table));
+  ImprimerOrdre(t.rapport, tries);
+}
+
+}  // namespace quelvar

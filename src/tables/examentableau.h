@@ -1,0 +1,12 @@
+// The path of Ecapem for a rectangular table.
+#pragma once
+
+#include "tables/travailecapem.h"
+
+namespace quelvar {
+
+// Reads the table, prints its whole analysis and records its links. Raises 62 when rows are missing, 11 for a table of
+// total 0 and at the line of an index that has no value.
+void ExaminerTableau(const TravailEcapem& travail);
+
+}  // namespace quelvar

@@ -1,0 +1,66 @@
+#include "tables/gamma.h"
+
+#include <vector>
+
+#include "core/erreur.h"
+#include "tables/diagonalisation.h"
+
+namespace quelvar {
+
+namespace {
+
+// Products summed over the pairs of cells of two rows, the second one lower.
+struct SommesDePaires {
+  double descendantes = 0;  // the lower cell stands to the right
+  double montantes = 0;     // the lower cell stands to the left
+};
+
+SommesDePaires SommerPaires(const Matrice& effectifs) {
+  SommesDePaires sommes;
+  std::vector<double> auDessus(effectifs.Colonnes());  // sum of each column in the rows above
+  for (std::size_t k = 0; k < effectifs.Lignes(); ++k) {
+    const std::span<const double> ligne = effectifs.Ligne(k);
+    double aGauche = 0;
+    for (std::size_t l = 0; l < ligne.size(); ++l) {
+      sommes.descendantes += ligne[l] * aGauche;
+      aGauche += auDessus[l];
+    }
+    double aDroite = 0;
+    for (std::size_t l = ligne.size(); l-- > 0;) {
+      sommes.montantes += ligne[l] * aDroite;
+      aDroite += auDessus[l];
+    }
+    for (std::size_t l = 0; l < ligne.size(); ++l) auDessus[l] += ligne[l];
+  }
+  return sommes;
+}
+
+}  // namespace
+
+Gamma CalculerGamma(const TableauCompte& table) {
+  const Diagonale diagonale = DiagonaleDe(table);
+  const SommesDePaires sommes = SommerPaires(table.effectifs);
+  const double carre = table.total * table.total;
+  Gamma gamma;
+  gamma.accords = 2 * (diagonale == Diagonale::Principale ? sommes.descendantes : sommes.montantes) / carre;
+  gamma.desaccords = 2 * (diagonale == Diagonale::Principale ? sommes.montantes : sommes.descendantes) / carre;
+  const double paires = gamma.accords + gamma.desaccords;
+  if (paires != 0) gamma.gamma = (gamma.accords - gamma.desaccords) / paires;
+  return gamma;
+}
+
+void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma) {
+  constexpr int largeur = 3;
+  constexpr int decimales = 3;
+  rapport.Ligne(titre);
+  rapport.Ligne();
+  rapport.Ligne("Gamma de Goodman et Kruskal");
+  rapport.Ligne({"Proportion d'accords        =", NombreFixe(gamma.accords, largeur, decimales)});
+  rapport.Ligne({"Proportion de désaccords    ="_w, NombreFixe(gamma.desaccords, largeur, decimales)});
+  rapport.Ligne();
+  if (!gamma.gamma) throw Erreur(kDivisionParZero);
+  rapport.Ligne({"*** Gamma de Goodman et Kruskal =", NombreFixe(*gamma.gamma, largeur, decimales)});
+  rapport.Ligne();
+}
+
+}  // namespace quelvar

@@ -1,0 +1,27 @@
+// Gamma of Goodman and Kruskal, along the diagonal that a table leans to.
+#pragma once
+
+#include <optional>
+
+#include "core/report.h"
+#include "tables/tableaucompte.h"
+
+namespace quelvar {
+
+struct Gamma {
+  double accords = 0;     // share of the ordered pairs of individuals that lie along the leaning diagonal, from 0 to 1
+  double desaccords = 0;  // share of those that lie across it
+  std::optional<double> gamma;  // from -1 to 1; nothing without any pair of either kind
+};
+
+// Counts the pairs of cells of distinct rows and columns; ties enter no value. The diagonal is that of the corners
+// (ChoisirDiagonale), so that gamma is positive for a table that follows the order of its rows and columns either way.
+// Raises 11 for a table of total 0, 9 for one without cells.
+// Source: L. A. Goodman and W. H. Kruskal, "Measures of Association for Cross Classifications", Journal of the American
+// Statistical Association 49 (1954); there the direction of the columns is given, here the table chooses it.
+Gamma CalculerGamma(const TableauCompte& table);
+
+// Writes the block under its title. Raises 11 at the line of gamma when it has no value.
+void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma);
+
+}  // namespace quelvar

@@ -1,0 +1,49 @@
+// Prints the analysis of a counted table: the first factor, the nine tables, the counts of links and the indices.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "core/report.h"
+#include "tables/diagonalisation.h"
+#include "tables/statistiques.h"
+
+namespace quelvar {
+
+// What the printers need beside the numbers: labels in the order of the rows and columns printed, and the width of a
+// cell in the table file.
+struct Presentation {
+  std::vector<std::string_view> lignes;
+  std::vector<std::string_view> colonnes;
+  int largeur = 0;
+};
+
+// Coordinates in thousandths, and the eigenvalue.
+void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const PremierFacteur& facteur);
+
+// The nine tables, an empty line between them.
+struct TableauxAEditer {
+  const TableauCompte& table;
+  const Matrice& maximum;
+  const AttractionsDuTableau& attractions;
+};
+void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const TableauxAEditer& tableaux,
+                      OrdresTries tries);
+
+// The part that the first factor takes of the chi-square of the observed table. Raises 11 when that is 0.
+void ImprimerPartDuFacteur(Rapport& rapport, double valeurPropre, double khi2, double effectif, int largeur);
+
+// From "Somme des écarts positifs" to the V of Cramér. Raises 11 at the line of an index without value.
+void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur);
+
+// The sentence on the order of rows and columns that closes the report.
+void ImprimerOrdre(Rapport& rapport, OrdresTries tries);
+
+// Chi-square threshold: it chooses the wording of the count of links and filters nothing. The caller "GENDAT" passes
+// its name in this place: its runs stop after the tables.
+enum class SeuilKhi2 { Aucun, DixPourCent, CinqPourCent, UnPourCent, Gendat };
+// Table: the PEM of a rectangular table, whose wording at threshold 0 differs from that of a Burt table.
+enum class OrigineDesLiens { Tableau, Burt };
+void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilKhi2 seuil, OrigineDesLiens origine);
+
+}  // namespace quelvar

@@ -1,0 +1,46 @@
+#include "tables/lecturetable.h"
+
+#include <limits>
+#include <utility>
+
+#include "core/erreur.h"
+
+namespace quelvar {
+
+namespace {
+
+int NombreDeCellules(std::size_t colonnes) {
+  if (colonnes > static_cast<std::size_t>(std::numeric_limits<int>::max())) throw Erreur(kDepassementCapacite);
+  return static_cast<int>(colonnes);
+}
+
+}  // namespace
+
+TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, int largeur) {
+  TableLue table;
+  std::vector<double> cellules;
+  LecteurLignes lecteur(brt);
+  LigneBrt ligne;
+  for (std::size_t i = 0; i < lignes; ++i) {
+    LireLigneBrt(lecteur.LireObligatoire(), NombreDeCellules(colonnes), largeur, ligne);
+    cellules.insert(cellules.end(), ligne.cellules.begin(), ligne.cellules.end());
+    table.lignes.push_back(NommerLigne(ligne));
+  }
+  table.effectifs = Matrice(lignes, colonnes, std::move(cellules));
+  return table;
+}
+
+DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur) {
+  DemiBurt burt;
+  LecteurLignes lecteur(brt);
+  LigneBrt ligne;
+  for (std::size_t i = 0; i < modalites; ++i) {
+    LireLigneBrt(lecteur.LireObligatoire(), NombreDeCellules(modalites), largeur, ligne);
+    burt.totaux.push_back(ligne.cellules[i]);
+    burt.cellules.insert(burt.cellules.end(), ligne.cellules.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                         ligne.cellules.end());
+  }
+  return burt;
+}
+
+}  // namespace quelvar

@@ -1,0 +1,25 @@
+// Reads the table files that Ecapem works on: a rectangular table, or the upper half of a Burt table.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "core/fichiers.h"
+#include "core/matrice.h"
+#include "tables/liaisons.h"
+#include "tables/nomselements.h"
+
+namespace quelvar {
+
+struct TableLue {
+  Matrice effectifs;
+  std::vector<NomDElement> lignes;
+};
+
+// The first `lignes` rows of a .BRT. Raises 62 when it has fewer, and the numbers of LireLigneBrt and LecteurLignes.
+TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, int largeur);
+
+// The first `modalites` rows of a Burt table, cut in as many cells. Raises as above.
+DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur);
+
+}  // namespace quelvar
