@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "core/erreur.h"
+#include "support/erreur.h"
 #include "support/tableau.h"
 
 namespace quelvar {
@@ -72,14 +72,7 @@ TEST(PremierFacteur, TableauIndependant) {
 }
 
 TEST(PremierFacteur, TableauxImpossibles) {
-  const auto numero = [](const Tableau& t) {
-    try {
-      FacteurDe(t);
-    } catch (const Erreur& erreur) {
-      return erreur.Numero();
-    }
-    return 0;
-  };
+  const auto numero = [](const Tableau& t) { return essai::NumeroLeve([&] { FacteurDe(t); }); };
   EXPECT_EQ(numero(Tableau(MatriceDe({{0, 0}, {0, 0}}))), kDivisionParZero);
   EXPECT_EQ(numero(Tableau(MatriceDe({{1, 2}, {-30, 30}, {1, -2}}))), kArgumentIncorrect);
 }

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/erreur.h"
+#include "support/erreur.h"
 #include "tables/diagonalisation.h"
 #include "tables/gamma.h"
 #include "tables/statistiques.h"
