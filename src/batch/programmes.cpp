@@ -17,11 +17,7 @@ std::vector<std::string> NomsSepares(std::string_view texte) {
 
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
-      ProgrammeImportCsv(),
-      ProgrammeTriapl(),
-      ProgrammeRecodage(),
-      ProgrammePosmod(),
-      ProgrammeEcapem(),
+      ProgrammeImportCsv(), ProgrammeTriapl(), ProgrammeRecodage(), ProgrammePosmod(), ProgrammeEcapem(),
   };
   return programmes;
 }
