@@ -115,7 +115,8 @@ FichierPos LirePos(const Chemin& chemin) {
   pos.lignes.push_back(pos.titre);
   pos.taille = LireLigneTaille(lecteur.LireObligatoire());
   pos.lignes.push_back(pos.taille.texte);
-  bool dansLaListe = true;
+  // Nothing behind faulty parentheses is worth a fault of its own: the run stops there.
+  bool dansLaListe = !pos.taille.parenthesesFautives;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     if (dansLaListe) {
       if (const std::optional<FinDeListe> fin = MarqueDeFin(ligne)) {
@@ -128,7 +129,7 @@ FichierPos LirePos(const Chemin& chemin) {
     }
     pos.lignes.emplace_back(ligne);
   }
-  if (dansLaListe) pos.premiereApres = pos.lignes.size();
+  if (pos.fin == FinDeListe::FinDeFichier) pos.premiereApres = pos.lignes.size();
   return pos;
 }
 

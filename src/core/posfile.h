@@ -64,7 +64,8 @@ Question LireLigneQuestion(std::string_view ligne);
 // The end of the list of questions that a line is, if it is one.
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 
-// Reads the file. Raises 62 for less than two lines, 6, and the numbers of LecteurLignes.
+// Reads the file; without its questions when the parentheses of line 2 are faulty. Raises 62 for less than two lines,
+// 6, and the numbers of LecteurLignes.
 FichierPos LirePos(const Chemin& chemin);
 
 // The message on the parentheses of line 2.
