@@ -17,7 +17,8 @@ std::vector<std::string> NomsSepares(std::string_view texte) {
 
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
-      ProgrammeImportCsv(), ProgrammeTriapl(), ProgrammeRecodage(), ProgrammePosmod(), ProgrammeEcapem(),
+      ProgrammeImportCsv(), ProgrammeTriapl(), ProgrammeRecodage(),
+      ProgrammeCroise(),    ProgrammePosmod(), ProgrammeEcapem(),
   };
   return programmes;
 }

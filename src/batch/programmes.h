@@ -150,6 +150,7 @@ class Description {
 const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
+Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
 Programme ProgrammeImportCsv();
 Programme ProgrammePosmod();

@@ -1,0 +1,198 @@
+#include "crosstab/croise.h"
+
+#include <algorithm>
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurCelluleIsolee = 5;
+
+// One table of the request with what it is printed from.
+struct Triple {
+  const QuestionCroisee* filtre = nullptr;
+  const QuestionCroisee& ligne;
+  const QuestionCroisee& colonne;
+  std::span<const std::string> intitulesLignes;
+  std::span<const std::string> intitulesColonnes;
+};
+
+// The tables of one launch, printed one after the other.
+class Impression {
+ public:
+  Impression(const Contexte& contexte, Rapport& rapport, const EnqueteCroisee& enquete, const DemandeCroise& demande)
+      : contexte_(contexte),
+        rapport_(rapport),
+        enquete_(enquete),
+        demande_(demande),
+        intitules_(enquete.questions.size()) {}
+
+  ResultatLancement Imprimer();
+
+ private:
+  void EcrireEnTete();
+  void CroiserTrois(std::size_t filtre, std::size_t ligne, std::size_t colonne);
+  void Traiter(Matrice effectifs, const Triple& triple, std::string_view modalite);
+  void Ramener(Matrice& effectifs) const;
+  const std::vector<std::string>& Intitules(std::size_t question);
+
+  const Contexte& contexte_;
+  Rapport& rapport_;
+  const EnqueteCroisee& enquete_;
+  const DemandeCroise& demande_;
+  std::vector<std::vector<std::string>> intitules_;  // of each question, made when first needed
+  std::vector<std::string> lignesTrg_;
+  ResultatLancement resultat_;
+};
+
+void EcrireTableauIsole(const Contexte& contexte, const TableauTitre& titre) {
+  const TableauCroise& t = titre.tableau;
+  const auto lignes = static_cast<double>(t.lignes.size());
+  const auto colonnes = static_cast<double>(t.colonnes.size());
+  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
+  mod.Fichier().Ligne(contexte.generique);
+  mod.Fichier().Ligne(Joindre({"Li=", NombreFixe(lignes, 3, 0), " Co=", NombreFixe(lignes + colonnes, 3, 0), " La=5"}));
+  for (const std::size_t j : t.colonnes) mod.Fichier().Ligne(CadreGauche(titre.IntituleColonne(j), 4));
+  mod.Fichier().FinDeLigne();
+
+  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
+  for (const std::size_t i : t.lignes) {
+    brt.Fichier().Ecrire(CadreGauche(titre.IntituleLigne(i), 4));
+    for (const std::size_t j : t.colonnes)
+      brt.Fichier().Ecrire(NombreFixe(t.effectifs(i, j), kLargeurCelluleIsolee, 0));
+    brt.Fichier().FinDeLigne();
+  }
+  mod.Valider();
+  brt.Valider();
+}
+
+// The former lines, then these, each a line of its own.
+void AjouterAuTrg(const Contexte& contexte, const std::vector<std::string>& lignes) {
+  if (lignes.empty()) return;
+  const std::optional<Chemin> ancien = contexte.Chercher(".TRG");
+  const std::string octets = ancien ? LireOctets(*ancien) : std::string();
+  Remplacement trg(contexte.repertoire, contexte.Nom(".TRG"));
+  trg.Fichier().Ecrire(octets);
+  if (!octets.empty() && octets.back() != '\n') trg.Fichier().FinDeLigne();
+  for (const std::string& ligne : lignes) trg.Fichier().Ligne(ligne);
+  trg.Valider();
+}
+
+// Individuals without an answer to the row or to the column question leave the table.
+void OterNonReponses(Matrice& effectifs) {
+  for (double& effectif : effectifs.Ligne(0)) effectif = 0;
+  for (std::size_t i = 0; i < effectifs.Lignes(); ++i) effectifs(i, 0) = 0;
+}
+
+void Impression::EcrireEnTete() {
+  const DateHeure instant = contexte_.Ecran().horloge();
+  rapport_.Ligne();
+  rapport_.Ligne({"Demande faite le ", TexteDate(instant), " à "_w, TexteHeure(instant)});
+  rapport_.Ligne();
+  if (demande_.nonReponses) return;
+  rapport_.Ligne("Les non-réponses sont exclues"_w);
+  rapport_.Ligne();
+}
+
+// Long labels belong to the wide edition that is really printed.
+const std::vector<std::string>& Impression::Intitules(std::size_t question) {
+  std::vector<std::string>& intitules = intitules_[question];
+  if (intitules.empty()) {
+    const QuestionCroisee& q = enquete_.questions[question];
+    const bool etendus = demande_.edition.etendue && !demande_.edition.triangulaire;
+    intitules = etendus ? IntitulesEtendus(enquete_, q) : IntitulesCourts(q);
+  }
+  return intitules;
+}
+
+// Brings the counts to those that the table shows.
+void Impression::Ramener(Matrice& effectifs) const {
+  if (!demande_.nonReponses) OterNonReponses(effectifs);
+  if (!enquete_.Pondere() || enquete_.individus == 0) return;
+  const double echelle = static_cast<double>(enquete_.individus) / static_cast<double>(enquete_.avantPonderation);
+  for (double& effectif : effectifs.Valeurs()) effectif /= echelle;
+}
+
+void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_view modalite) {
+  Ramener(effectifs);
+  TableauCroise tableau = AnalyserTableau(effectifs, demande_.ordre);
+  const TableauTitre titre{tableau,  triple.ligne,           triple.colonne,          triple.filtre,
+                           modalite, triple.intitulesLignes, triple.intitulesColonnes};
+  if (tableau.Vide()) {
+    EcrireTableauVide(rapport_, titre);
+    return;
+  }
+  const Edition edition = ChoisirEdition(demande_.edition, triple.colonne.plafond);
+  EcrireStatistiques(rapport_, titre, demande_.edition.detailKhi2, demande_.ordre.pourPem);
+  if (edition == Edition::Etendue)
+    EcrireEditionEtendue(rapport_, titre, FormatDesEffectifs(enquete_), demande_.edition);
+  else EcrireEditionCompacte(rapport_, titre, edition, demande_.ordre.pourPem);
+  if (edition == Edition::DeuxBandes || edition == Edition::Triangulaire)
+    for (std::string& ligne : LignesTriangulaires(tableau, triple.ligne)) lignesTrg_.push_back(std::move(ligne));
+  if (demande_.tableauIsole && !resultat_.isoleEcrit) {
+    EcrireTableauIsole(contexte_, titre);
+    resultat_.isoleEcrit = true;
+  }
+  if (demande_.retenir)
+    resultat_.retenu = TableauRetenu{std::move(tableau),
+                                     triple.ligne,
+                                     triple.colonne,
+                                     {triple.intitulesLignes.begin(), triple.intitulesLignes.end()},
+                                     {triple.intitulesColonnes.begin(), triple.intitulesColonnes.end()}};
+}
+
+void Impression::CroiserTrois(std::size_t filtre, std::size_t ligne, std::size_t colonne) {
+  const bool filtree = filtre != kSansFiltre;
+  const QuestionCroisee* questionFiltre = filtree ? &enquete_.questions[filtre] : nullptr;
+  const std::vector<std::string> modalites = filtree ? IntitulesCourts(*questionFiltre) : std::vector<std::string>(1);
+  const Triple triple{questionFiltre, enquete_.questions[ligne], enquete_.questions[colonne], Intitules(ligne),
+                      Intitules(colonne)};
+  std::vector<Matrice> tables = CompterCroisement(enquete_.codes, {filtre, ligne, colonne});
+  for (std::size_t f = 0; f < tables.size(); ++f) Traiter(std::move(tables[f]), triple, modalites[f]);
+}
+
+ResultatLancement Impression::Imprimer() {
+  const std::vector<std::size_t> filtres =
+      demande_.troisDimensions ? demande_.filtres : std::vector<std::size_t>{kSansFiltre};
+  if (filtres.empty() || demande_.lignes.empty() || demande_.colonnes.empty()) return {};
+  EcrireEnTete();
+  for (const std::size_t filtre : filtres)
+    for (const std::size_t ligne : demande_.lignes)
+      for (const std::size_t colonne : demande_.colonnes) CroiserTrois(filtre, ligne, colonne);
+  AjouterAuTrg(contexte_, lignesTrg_);
+  rapport_.Vider();
+  return std::move(resultat_);
+}
+
+}  // namespace
+
+ResultatLancement SessionCroise::Lancer(const DemandeCroise& demande) {
+  return Impression(contexte_, rapport_, enquete_, demande).Imprimer();
+}
+
+const LibellesErreur& LibellesCroise() {
+  static const LibellesErreur libelles{
+      .imprevue = " Erreur non prevue : si apres verification l'erreur persiste",
+      .numero = " notez le numero suivant : ERREUR NUMERO =",
+      .avecTexte = false,
+      .avecAsterisques = false,
+      .assistance = " et prevenez l'assistance technique",
+      .question = "a la question n+",
+      .finDeFichier = {"Le nombre d'individus indique dans *.POS est plus grand",
+                       "le nombre d'individus presents dans le fichier", "Verifiez et corrigez avant de relancer"}};
+  return libelles;
+}
+
+void ViderTableauIsole(const Contexte& contexte) {
+  for (const std::string_view extension : {".MOD", ".BRT"})
+    Ecrivain(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))).Fermer();
+}
+
+Fin Croise(const Contexte& contexte, const OptionsCroise& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".TCR"), LibellesCroise(), [&](Rapport& rapport) {
+    SessionCroise session(contexte, rapport, PreparerEnquete(rapport, contexte, options.fichierDonnees));
+    options.demander(session);
+  });
+}
+
+}  // namespace quelvar

@@ -1,0 +1,77 @@
+// The printers of a two-way table: heading, statistics, and the five editions.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/report.h"
+#include "crosstab/enquete.h"
+#include "crosstab/tableau.h"
+
+namespace quelvar {
+
+enum class Edition {
+  TroisBandes = 1,   // compact: counts, percentages and signs under each other
+  DeuxBandes = 2,    // compact: counts beside percentages, signs under them
+  UneBande = 3,      // compact: the three side by side
+  Etendue = 4,       // pages of labelled cells
+  Triangulaire = 5,  // as DeuxBandes, for the rows of the triangular graph
+};
+
+// What was asked of the printing of a launch.
+struct OptionsEdition {
+  bool etendue = true;
+  bool triangulaire = false;
+  bool detailKhi2 = false;
+  int colonnesParPage = 5;
+  int lignesParPage = 18;
+};
+
+// The columns of a table decide between the compact editions; the wide one and the triangular one go before them.
+Edition ChoisirEdition(const OptionsEdition& options, int plafondColonnes);
+
+// A table with the words that go with it; labels are by code.
+struct TableauTitre {
+  const TableauCroise& tableau;
+  const QuestionCroisee& ligne;
+  const QuestionCroisee& colonne;
+  const QuestionCroisee* filtre = nullptr;  // none in a run of two dimensions
+  std::string_view modaliteFiltre;
+  std::span<const std::string> intitulesLignes;
+  std::span<const std::string> intitulesColonnes;
+
+  const std::string& IntituleLigne(std::size_t place) const {
+    return intitulesLignes[static_cast<std::size_t>(tableau.codesLignes[place])];
+  }
+  const std::string& IntituleColonne(std::size_t place) const {
+    return intitulesColonnes[static_cast<std::size_t>(tableau.codesColonnes[place])];
+  }
+};
+
+// The whole of what stands in place of a table of total 0.
+void EcrireTableauVide(Rapport& rapport, const TableauTitre& titre);
+
+// Heading and statistics, up to the empty line before the table itself.
+void EcrireStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem);
+
+// Editions 1, 2, 3 and 5.
+void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, Edition edition, bool ordrePem);
+
+// How a count is written in the wide edition.
+enum class FormatEffectif { Entier, GrandEntier, Pondere };
+FormatEffectif FormatDesEffectifs(const EnqueteCroisee& enquete);
+
+// Edition 4.
+void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, FormatEffectif format,
+                          const OptionsEdition& options);
+
+// The rows of a table as points of a triangular graph: four characters of name, the percentages of the columns, the
+// name again.
+std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const QuestionCroisee& ligne);
+
+// A percentage with one decimal, rounded half up, in 5 places.
+std::string TextePourcentage(double pourcentage);
+
+}  // namespace quelvar

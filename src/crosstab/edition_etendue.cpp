@@ -1,0 +1,149 @@
+#include <algorithm>
+
+#include "crosstab/edition.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurCellule = 12;
+constexpr std::int64_t kIndividusSurCinqPlaces = 99999;
+constexpr std::string_view kTotalEnLigne = "   Total      en ligne";
+constexpr std::string_view kTotalEnColonne = "   Total     en colonne";
+
+std::string TexteEffectif(double effectif, FormatEffectif format) {
+  switch (format) {
+    case FormatEffectif::Pondere: return NombreFixe(effectif, 4, 1) + " ";
+    case FormatEffectif::GrandEntier: return NombreFixe(effectif, 7, 0);
+    case FormatEffectif::Entier: break;
+  }
+  return NombreFixe(effectif, 5, 0) + "  ";
+}
+
+std::string TexteContribution(double contribution) {
+  if (contribution < 1000) return NombreFixe(contribution, 3, 1) + " ";
+  return contribution < 100000 ? NombreFixe(contribution, 5, 0) + " " : NombreFixe(contribution, 6, 0);
+}
+
+std::string_view PremiereLigne(std::string_view intitule) { return Milieu(intitule, 1, kLargeurCellule); }
+std::string_view SecondeLigne(std::string_view intitule) {
+  return Milieu(intitule, kLargeurCellule + 1, kLargeurCellule);
+}
+
+// The non-empty rows and columns of a table, then its totals: rank `lignes` is the total row, rank `colonnes` the total
+// column.
+struct Grille {
+  const TableauTitre& titre;
+  FormatEffectif format;
+  std::vector<AttractionLocale> attractions;
+  std::size_t lignes;
+  std::size_t colonnes;
+
+  Grille(const TableauTitre& t, FormatEffectif f)
+      : titre(t),
+        format(f),
+        attractions(AttractionsLocales(t.tableau)),
+        lignes(t.tableau.lignes.size()),
+        colonnes(t.tableau.colonnes.size()) {}
+
+  std::string_view IntituleLigne(std::size_t i) const {
+    return i < lignes ? std::string_view(titre.IntituleLigne(titre.tableau.lignes[i])) : kTotalEnColonne;
+  }
+  std::string_view IntituleColonne(std::size_t j) const {
+    return j < colonnes ? std::string_view(titre.IntituleColonne(titre.tableau.colonnes[j])) : kTotalEnLigne;
+  }
+};
+
+// Count and row percentage.
+std::string PremiereMoitie(const Grille& grille, std::size_t i, std::size_t j) {
+  const TableauCroise& t = grille.titre.tableau;
+  if (i < grille.lignes) {
+    const std::size_t ligne = t.lignes[i];
+    if (j == grille.colonnes) return TexteEffectif(t.marges.lignes[ligne], grille.format) + "  100";
+    const std::size_t colonne = t.colonnes[j];
+    return TexteEffectif(t.effectifs(ligne, colonne), grille.format) + TextePourcentage(t.pourcentages(ligne, colonne));
+  }
+  if (j == grille.colonnes) return TexteEffectif(t.marges.total, grille.format) + "  100";
+  const std::size_t colonne = t.colonnes[j];
+  return TexteEffectif(t.marges.colonnes[colonne], grille.format) + TextePourcentage(t.partsColonnes[colonne]);
+}
+
+// Contribution to the chi-square and local PEM, with the sign that closes the cell.
+std::string SecondeMoitie(const Grille& grille, std::size_t i, std::size_t j) {
+  const TableauCroise& t = grille.titre.tableau;
+  if (i < grille.lignes) {
+    const std::size_t ligne = t.lignes[i];
+    if (j == grille.colonnes)
+      return TexteContribution(t.contributionsLignes[ligne]) + NombreFixe(t.partsLignes[ligne], 4, 1) + "|";
+    const AttractionLocale& attraction = grille.attractions[i * grille.colonnes + j];
+    return TexteContribution(t.contributions(ligne, t.colonnes[j])) + NombreFixe(attraction.pem, 4, 1) +
+           (attraction.khi2 > kSeuilAttraction ? "*" : "|");
+  }
+  if (j == grille.colonnes) return TexteContribution(t.khi2) + "   100|";
+  return TexteContribution(t.contributionsColonnes[t.colonnes[j]]) + "      |";
+}
+
+// Ranks from `premier` to before `fin`.
+struct Tranche {
+  std::size_t premier;
+  std::size_t fin;
+};
+
+void EcrireFilet(Rapport& rapport, const Tranche& colonnes) {
+  static const std::string morceau = std::string(kLargeurCellule, '-') + "+";
+  rapport.Suite({"+", morceau});
+  for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport.Suite(morceau);
+  rapport.Ligne();
+}
+
+void EcrireEnTeteDePage(Rapport& rapport, const Grille& grille, const Tranche& colonnes) {
+  EcrireFilet(rapport, colonnes);
+  rapport.Suite("|N=    %Ligne|");
+  for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
+    rapport.Suite({CadreGauche(PremiereLigne(grille.IntituleColonne(j)), kLargeurCellule), "|"});
+  rapport.Ligne();
+  rapport.Suite("|Khi2 %Attrac|");
+  for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
+    rapport.Suite({CadreGauche(SecondeLigne(grille.IntituleColonne(j)), kLargeurCellule), "|"});
+  rapport.Ligne();
+  EcrireFilet(rapport, colonnes);
+}
+
+void EcrirePage(Rapport& rapport, const Grille& grille, const Tranche& lignes, const Tranche& colonnes) {
+  EcrireEnTeteDePage(rapport, grille, colonnes);
+  for (std::size_t i = lignes.premier; i < lignes.fin; ++i) {
+    rapport.Suite({"|", CadreGauche(PremiereLigne(grille.IntituleLigne(i)), kLargeurCellule), "|"});
+    for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport.Suite({PremiereMoitie(grille, i, j), "|"});
+    rapport.Ligne();
+    rapport.Suite({"|", CadreGauche(SecondeLigne(grille.IntituleLigne(i)), kLargeurCellule), "|"});
+    for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport.Suite(SecondeMoitie(grille, i, j));
+    rapport.Ligne();
+    EcrireFilet(rapport, colonnes);
+  }
+  for (int k = 0; k < 3; ++k) rapport.Ligne();
+}
+
+}  // namespace
+
+FormatEffectif FormatDesEffectifs(const EnqueteCroisee& enquete) {
+  if (enquete.Pondere()) return FormatEffectif::Pondere;
+  return enquete.individus > kIndividusSurCinqPlaces ? FormatEffectif::GrandEntier : FormatEffectif::Entier;
+}
+
+void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, FormatEffectif format,
+                          const OptionsEdition& options) {
+  if (format == FormatEffectif::Pondere) {
+    rapport.Ligne("Les effectifs avec décimale sont le résultat d'une pondération"_w);
+    rapport.Ligne();
+  }
+  const Grille grille(titre, format);
+  const auto parPageLignes = static_cast<std::size_t>(options.lignesParPage);
+  const auto parPageColonnes = static_cast<std::size_t>(options.colonnesParPage);
+  for (std::size_t i = 0; i <= grille.lignes; i += parPageLignes)
+    for (std::size_t j = 0; j <= grille.colonnes; j += parPageColonnes)
+      EcrirePage(rapport, grille, {i, std::min(i + parPageLignes, grille.lignes + 1)},
+                 {j, std::min(j + parPageColonnes, grille.colonnes + 1)});
+  rapport.Ligne();
+}
+
+}  // namespace quelvar

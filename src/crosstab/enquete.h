@@ -1,0 +1,53 @@
+// The survey as the crosstabs keep it: questions, ceiling of the codes, labels of modalities, and every code in memory.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/modfile.h"
+#include "core/programme.h"
+#include "crosstab/codes.h"
+
+namespace quelvar {
+
+struct QuestionCroisee {
+  std::string nom;      // 3 characters
+  std::string libelle;  // name, position and code-max as they stand in the file: 10 characters
+  std::string intitule;
+  int codeMax = 0;
+  int plafond = 0;  // the code-max brought down to the ceiling, at least 0
+
+  // Long name, else short name.
+  const std::string& NomLong() const { return intitule.empty() ? nom : intitule; }
+};
+
+struct EnqueteCroisee {
+  std::vector<QuestionCroisee> questions;
+  std::int64_t individus = 0;         // N
+  std::int64_t avantPonderation = 0;  // W, the size that the counts are brought to; 0 without weighting
+  IntitulesModalites intitules;
+  MatriceCodes codes;
+
+  bool Pondere() const { return avantPonderation > 0; }
+};
+
+// Reads the files of the generic and tells in the report what it finds. `fichierDonnees` stands for the .DAT of the
+// generic unless it is empty. Raises 5 with the question, 6, 7, 62, the numbers of LecteurLignes, and stops
+// (kArretAnnonce) for a missing file, bad parentheses or too many questions.
+EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::string_view fichierDonnees);
+
+// Question name and code text, by code: "SEX1", "AGEB", "AGE36". Raises 9 for a code beyond 99.
+std::vector<std::string> IntitulesCourts(const QuestionCroisee& question);
+
+// Four characters by code, which identify the modality in the .MOD: "SEX1", "AGEB", "AG36". Raises 9 as above.
+std::vector<std::string> NomsDeModalites(const QuestionCroisee& question);
+
+// The same, replaced by the text of the .MOD laid out for two lines of 12 characters where there is one.
+std::vector<std::string> IntitulesEtendus(const EnqueteCroisee& enquete, const QuestionCroisee& question);
+
+// A text of at least 13 characters whose first blank from the 7th on is at 7 to 12 gets its next word at 13.
+std::string DisposerSurDeuxLignes(std::string_view texte);
+
+}  // namespace quelvar
