@@ -24,23 +24,14 @@ struct LigneCroise {
 
 using Mots = std::vector<std::string>;
 
-std::size_t Choisir(std::string_view option, const Mots& mots, const std::string& valeur) {
-  const auto trouve = std::find(mots.begin(), mots.end(), Minuscules(valeur));
-  if (trouve != mots.end()) return static_cast<std::size_t>(trouve - mots.begin());
-  std::string attendus;
-  for (const std::string& mot : mots) attendus += (attendus.empty() ? "" : "|") + mot;
-  throw UsageIncorrect(Joindre({"l'option ", option, " attend ", attendus, " et non \"", valeur, "\""}));
-}
+// Words that an option takes, each with its rank; the first ones are those of the help.
+using Choix = std::vector<std::pair<std::string_view, std::size_t>>;
 
-Mots Separer(const std::string& liste) {
-  Mots noms;
-  for (std::size_t debut = 0; debut <= liste.size();) {
-    const std::size_t fin = std::min(liste.find(',', debut), liste.size());
-    if (const std::string_view nom = Rogner(std::string_view(liste).substr(debut, fin - debut)); !nom.empty())
-      noms.emplace_back(nom);
-    debut = fin + 1;
-  }
-  return noms;
+std::size_t RangDuMot(std::string_view option, const Choix& choix, std::string_view valeurs,
+                      const std::string& valeur) {
+  for (const auto& [mot, rang] : choix)
+    if (mot == Minuscules(valeur)) return rang;
+  throw UsageIncorrect(Joindre({"l'option ", option, " attend ", valeurs, " et non \"", valeur, "\""}));
 }
 
 // The questions of those names, "*" for all; a name that the survey has not stops the run.
@@ -53,7 +44,7 @@ std::vector<std::size_t> Trouver(FormeCroise& forme, const Mots& noms) {
       continue;
     }
     const auto question = std::find_if(questions.begin(), questions.end(),
-                                       [&](const QuestionCroisee& q) { return Rogner(q.nom) == nom; });
+                                       [&](const QuestionCroisee& q) { return Rogner(q.nom) == Rogner(nom); });
     if (question == questions.end()) {
       const std::string texte =
           Joindre({"La question ", nom, " n'existe pas dans ", forme.session.Cadre().Nom(".POS")});
@@ -98,66 +89,96 @@ void Ajouter(LigneCroise& ligne, std::function<void(FormeCroise&)> geste) {
 // An option that sets a role of the request.
 auto Role(RoleQuestion role) {
   return [role](LigneCroise& ligne, const std::string& valeur) {
-    Ajouter(ligne, [role, noms = Separer(valeur)](FormeCroise& forme) { Poser(forme, role, noms); });
+    Ajouter(ligne, [role, noms = NomsSepares(valeur)](FormeCroise& forme) { Poser(forme, role, noms); });
   };
 }
 
-// An option of a few words; `geste` receives the rank of the one typed.
-auto ParmiLesMots(std::string_view nom, const Mots& mots, std::function<void(FormeCroise&, std::size_t)> geste) {
-  return [nom, mots, geste](LigneCroise& ligne, const std::string& valeur) {
-    const std::size_t rang = Choisir(nom, mots, valeur);
-    Ajouter(ligne, [geste, rang](FormeCroise& forme) { geste(forme, rang); });
-  };
-}
+using Geste = std::function<void(FormeCroise&, std::size_t)>;
 
-// A box that only sets a member of the state.
-auto Case(std::string_view nom, const Mots& mots, bool EtatChoixVar::*membre) {
-  return ParmiLesMots(nom, mots, [membre](FormeCroise& forme, std::size_t rang) { forme.etat.*membre = rang == 1; });
-}
+// The options of the program, each a gesture on the form.
+class OptionsDeLaForme {
+ public:
+  OptionsDeLaForme()
+      : description_("croise", "Tris croisés à deux et trois dimensions (.TCR) ; les options agissent dans l'ordre"_w,
+                     Executer) {}
+
+  OptionsDeLaForme& Questions(std::string nom, std::string controle, RoleQuestion role, std::string_view aide) {
+    description_.Libre(std::move(nom), "SEX,AGE,...|*", "", aide, Role(role)).Alias({std::move(controle)});
+    return *this;
+  }
+
+  // One of a few words; the gesture receives the rank of the one typed.
+  OptionsDeLaForme& Parmi(std::string_view nom, std::string_view valeurs, std::string_view defaut, const Choix& choix,
+                          std::string_view aide, const Geste& geste) {
+    description_.Libre(std::string(nom), valeurs, defaut, aide, [=](LigneCroise& ligne, const std::string& valeur) {
+      const std::size_t rang = RangDuMot(nom, choix, valeurs, valeur);
+      Ajouter(ligne, [geste, rang](FormeCroise& forme) { geste(forme, rang); });
+    });
+    return *this;
+  }
+
+  // A box of the form.
+  OptionsDeLaForme& Case(std::string_view nom, std::string controle, std::string_view aide, const Geste& geste) {
+    Parmi(nom, "oui|non", "non", {{"non", 0}, {"oui", 1}}, aide, geste);
+    description_.Alias({std::move(controle)});
+    return *this;
+  }
+  OptionsDeLaForme& Case(std::string_view nom, std::string controle, std::string_view aide,
+                         bool EtatChoixVar::*membre) {
+    return Case(nom, std::move(controle), aide,
+                [membre](FormeCroise& forme, std::size_t rang) { forme.etat.*membre = rang == 1; });
+  }
+
+  Programme Achever() {
+    description_
+        .Texte("donnees", &LigneCroise::donnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
+        .Libre("lancer", "oui", "", "lance les tris demandés jusqu'ici ; ce qui suit prépare le lancement suivant"_w,
+               [](LigneCroise& ligne, const std::string& valeur) {
+                 RangDuMot("lancer", {{"oui", 1}}, "oui", valeur);
+                 ligne.gestes.emplace_back(Lancer);
+                 ligne.aLancer = false;
+               })
+        .Alias({"boutlancertri"});
+    return description_;
+  }
+
+ private:
+  Description<LigneCroise> description_;
+};
 
 }  // namespace
 
 Programme ProgrammeCroise() {
-  return Description<LigneCroise>(
-             "croise", "Tris croisés à deux et trois dimensions (.TCR) ; les options agissent dans l'ordre"_w, Executer)
-      .Libre("lignes", "SEX,AGE,...|*", "", "questions en ligne ; * pour toutes", Role(RoleQuestion::Ligne))
-      .Libre("colonnes", "SEX,AGE,...|*", "", "questions en colonne ; * pour toutes", Role(RoleQuestion::Colonne))
-      .Libre("filtres", "SEX,AGE,...|*", "", "questions filtre d'un tri à trois dimensions ; vide : deux dimensions"_w,
-             Role(RoleQuestion::Filtre))
-      .Libre("nonreponses", "prises|exclues", "prises", "les non-réponses (code zéro) font une ligne et une colonne"_w,
-             ParmiLesMots("nonreponses", {"prises", "exclues"},
-                          [](FormeCroise& forme, std::size_t rang) { forme.etat.nonReponses = rang == 0; }))
-      .Libre("edition", "etendue|compacte|triangulaire", "etendue",
+  OptionsDeLaForme options;
+  options.Questions("lignes", "listvar2", RoleQuestion::Ligne, "questions en ligne ; * pour toutes")
+      .Questions("colonnes", "listvar3", RoleQuestion::Colonne, "questions en colonne ; * pour toutes")
+      .Questions("filtres", "listvar0", RoleQuestion::Filtre,
+                 "questions filtre d'un tri à trois dimensions ; vide : deux dimensions"_w)
+      .Parmi("nonreponses", "prises|exclues", "prises", {{"prises", 1}, {"exclues", 0}, {"oui", 1}, {"non", 0}},
+             "les non-réponses (code zéro) font une ligne et une colonne"_w,
+             [](FormeCroise& forme, std::size_t rang) { forme.etat.nonReponses = rang == 1; })
+      .Parmi("edition", "etendue|compacte|triangulaire", "etendue",
+             {{"compacte", 0}, {"etendue", 1}, {"triangulaire", 2}, {"compactee", 0}, {"large", 1}, {"trg", 2}},
              "édition étendue avec modalités, compactée, ou pour le graphique triangulaire (ajoute au .TRG)"_w,
-             ParmiLesMots("edition", {"compacte", "etendue", "triangulaire"},
-                          [](FormeCroise& forme, std::size_t rang) {
-                            ChoisirEdition(forme.etat, static_cast<ChoixEdition>(rang),
-                                           forme.session.Enquete().individus, forme.Ecran());
-                          }))
-      .Libre(
-          "caracteres", "10|8", "10", "taille des caractères de l'édition étendue : pages de 5 x 18 ou 6 x 24 cases"_w,
-          ParmiLesMots("caracteres", {"10", "8"},
-                       [](FormeCroise& forme, std::size_t rang) { ChoisirCaractere(forme.etat, rang == 0 ? 10 : 8); }))
-      .Libre("ordre", "origine|pem", "origine", "ordre des lignes et colonnes : d'origine, ou en vue du PEM",
-             Case("ordre", {"origine", "pem"}, &EtatChoixVar::ordrePem))
-      .Libre("invlign", "oui|non", "non", "inverse l'ordre des lignes en vue du PEM",
-             Case("invlign", {"non", "oui"}, &EtatChoixVar::inverserLignes))
-      .Libre("invcol", "oui|non", "non", "inverse l'ordre des colonnes en vue du PEM",
-             Case("invcol", {"non", "oui"}, &EtatChoixVar::inverserColonnes))
-      .Libre("detailkhi2", "oui|non", "non", "détail des cases d'effectif théorique inférieur à 1"_w,
-             Case("detailkhi2", {"non", "oui"}, &EtatChoixVar::detailKhi2))
-      .Libre("tableauisole", "oui|non", "non", "sauvegarde le premier tableau en .MOD et .BRT",
-             ParmiLesMots("tableauisole", {"non", "oui"},
-                          [](FormeCroise& forme, std::size_t rang) {
-                            CocherTableauIsole(forme.etat, rang == 1, forme.session.Cadre());
-                          }))
-      .Texte("donnees", &LigneCroise::donnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
-      .Libre("lancer", "oui", "", "lance les tris demandés jusqu'ici ; ce qui suit prépare le lancement suivant"_w,
-             [](LigneCroise& ligne, const std::string& valeur) {
-               Choisir("lancer", {"oui"}, valeur);
-               ligne.gestes.emplace_back(Lancer);
-               ligne.aLancer = false;
-             });
+             [](FormeCroise& forme, std::size_t rang) {
+               ChoisirEdition(forme.etat, static_cast<ChoixEdition>(rang), forme.session.Enquete().individus,
+                              forme.Ecran());
+             })
+      .Parmi("caracteres", "10|8", "10", {{"10", 10}, {"8", 8}},
+             "taille des caractères de l'édition étendue : pages de 5 x 18 ou 6 x 24 cases"_w,
+             [](FormeCroise& forme, std::size_t rang) { ChoisirCaractere(forme.etat, static_cast<int>(rang)); })
+      .Parmi("ordre", "origine|pem", "origine", {{"origine", 0}, {"pem", 1}, {"afc", 1}},
+             "ordre des lignes et colonnes : d'origine, ou en vue du PEM",
+             [](FormeCroise& forme, std::size_t rang) { forme.etat.ordrePem = rang == 1; })
+      .Case("invlign", "invc", "inverse l'ordre des lignes en vue du PEM", &EtatChoixVar::inverserLignes)
+      .Case("invcol", "invl", "inverse l'ordre des colonnes en vue du PEM", &EtatChoixVar::inverserColonnes)
+      .Case("detailkhi2", "casedetkhi2", "détail des cases d'effectif théorique inférieur à 1"_w,
+            &EtatChoixVar::detailKhi2)
+      .Case("tableauisole", "casebrt", "sauvegarde le premier tableau en .MOD et .BRT",
+            [](FormeCroise& forme, std::size_t rang) {
+              CocherTableauIsole(forme.etat, rang == 1, forme.session.Cadre());
+            });
+  return options.Achever();
 }
 
 }  // namespace quelvar::batch

@@ -129,16 +129,16 @@ void CalculerKhi2(TableauCroise& t) {
       if (theorique < 1) {
         t.casesFaibles.push_back({i, j, contribution});
         t.khi2Faibles += contribution;
-      } else {
-        t.khi2SansFaibles += contribution;
       }
     }
   }
   t.degres = (static_cast<int>(t.colonnes.size()) - 1) * (static_cast<int>(t.lignes.size()) - 1);
   t.proba = ProbaKhi2(t.degres, t.khi2);
+  const std::size_t nombreDeCases = t.lignes.size() * t.colonnes.size();
+  // Nothing but rounding is left when every cell is taken away.
+  if (t.casesFaibles.size() < nombreDeCases) t.khi2SansFaibles = std::max(0.0, t.khi2 - t.khi2Faibles);
   t.probaSansFaibles = ProbaKhi2(t.degres, t.khi2SansFaibles);
-  const double cases = static_cast<double>(t.lignes.size() * t.colonnes.size());
-  t.partCasesFaibles = 100 * static_cast<double>(t.casesFaibles.size()) / cases;
+  t.partCasesFaibles = 100 * static_cast<double>(t.casesFaibles.size()) / static_cast<double>(nombreDeCases);
   if (t.khi2 > 0) t.partKhi2Faibles = 100 * t.khi2Faibles / t.khi2;
 }
 
