@@ -33,16 +33,21 @@ sans_ecran() {
   PATH="$racine/build/core/bin:$PATH" sh -e chaine.sh
 }
 
-# The copy is made once: what the user does there afterwards is never overwritten.
+# The copy is made once: what the user does there afterwards is never overwritten. The survey is imported in it, and
+# the program's pointer to the last survey leads there, unless it leads somewhere already.
 preparer_documents() {
-  local documents
+  local documents bin="$racine/build/release/bin"
   documents=$(xdg-user-dir DOCUMENTS 2>/dev/null || echo "$HOME/Documents")
   [ "$documents" != "$HOME" ] || documents="$HOME/Documents"
   copie="$documents/Quelvar/loisirs"
   if [ ! -e "$copie" ]; then
     mkdir -p "$copie"
     cp -r examples/loisirs/. "$copie"
-    (cd "$copie" && "$racine/build/release/bin/quelvar-batch" import-csv LOISIRS >/dev/null) || true
+    "$bin/quelvar-batch" -C "$copie" import-csv LOISIRS >/dev/null || true
+    printf 'LOISIRS\r\n 1 \r\n' >"$copie/qvr2.ini"
+  fi
+  if [ ! -e "$bin/Qvr2.in0" ]; then
+    printf '%s/qvr2.ini\r\n' "$copie" | iconv -f UTF-8 -t WINDOWS-1252 >"$bin/Qvr2.in0"
   fi
 }
 
