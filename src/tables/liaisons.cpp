@@ -1,6 +1,7 @@
 #include "tables/liaisons.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -30,11 +31,31 @@ std::vector<std::int16_t> NoeudsDesLignes(const TableauCompte& table) {
   return noeuds;
 }
 
-double Proximite(std::span<const double> a, std::span<const double> b) {
-  double somme = 0;
-  for (std::size_t j = 0; j < a.size(); ++j) somme += std::fabs(a[j] - b[j]);
-  return 100 - somme / static_cast<double>(a.size());
-}
+// Some neighbouring rows, column after column, so that another row is compared with all of them in one pass while each
+// sum keeps the order of the columns.
+class GroupeDeLignes {
+ public:
+  static constexpr std::size_t kTaille = 8;
+  using Sommes = std::array<double, kTaille>;
+
+  // The rows from `premiere` on; behind the last one of the matrix, zeros.
+  void Charger(const Matrice& pem, std::size_t premiere) {
+    valeurs_.assign(pem.Colonnes(), {});
+    for (std::size_t r = 0; r < std::min(kTaille, pem.Lignes() - premiere); ++r)
+      for (std::size_t j = 0; j < pem.Colonnes(); ++j) valeurs_[j][r] = pem(premiere + r, j);
+  }
+
+  // Sums of the absolute differences from a row.
+  Sommes Differences(std::span<const double> ligne) const {
+    Sommes sommes{};
+    for (std::size_t j = 0; j < ligne.size(); ++j)
+      for (std::size_t r = 0; r < kTaille; ++r) sommes[r] += std::fabs(ligne[j] - valeurs_[j][r]);
+    return sommes;
+  }
+
+ private:
+  std::vector<Sommes> valeurs_;  // index: column, then row of the group
+};
 
 }  // namespace
 
@@ -49,10 +70,20 @@ std::vector<Lien> LiensDesCellules(const TableauCompte& table, const Matrice& pe
 
 std::vector<Lien> LiensEntreLignes(const TableauCompte& table, const Matrice& pem) {
   const std::vector<std::int16_t> noeuds = NoeudsDesLignes(table);
-  std::vector<Lien> liens;
-  for (std::size_t i = 0; i < pem.Lignes(); ++i)
-    for (std::size_t k = i + 1; k < pem.Lignes(); ++k)
-      liens.push_back({noeuds[i], noeuds[k], EnSimple(Proximite(pem.Ligne(i), pem.Ligne(k)))});
+  const std::size_t lignes = pem.Lignes();
+  const auto colonnes = static_cast<double>(pem.Colonnes());
+  std::vector<Lien> liens(lignes * (lignes - std::min<std::size_t>(lignes, 1)) / 2);
+  GroupeDeLignes groupe;
+  for (std::size_t premiere = 0; premiere < lignes; premiere += GroupeDeLignes::kTaille) {
+    groupe.Charger(pem, premiere);
+    const std::size_t fin = std::min(premiere + GroupeDeLignes::kTaille, lignes);
+    for (std::size_t i = 0; i + 1 < fin; ++i) {
+      const GroupeDeLignes::Sommes sommes = groupe.Differences(pem.Ligne(i));
+      const std::size_t debut = i * (2 * lignes - i - 1) / 2;  // of the pairs of row i
+      for (std::size_t k = std::max(i + 1, premiere); k < fin; ++k)
+        liens[debut + k - i - 1] = {noeuds[i], noeuds[k], EnSimple(100 - sommes[k - premiere] / colonnes)};
+    }
+  }
   return liens;
 }
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "support/tableau.h"
 
 namespace quelvar {
@@ -40,17 +38,9 @@ double EcartsPositifs(const essai::Tableau& t) {
   return somme;
 }
 
-Matrice AuHasard(std::mt19937& hasard, std::size_t lignes, std::size_t colonnes) {
-  Matrice cellules(lignes, colonnes);
-  for (double& cellule : cellules.Valeurs()) cellule = static_cast<double>(hasard() % 30);
-  cellules(0, 0) += 1;
-  return cellules;
-}
-
 TEST(TableauMaximum, MargesGardees) {
-  std::mt19937 hasard(3);
-  for (int essai = 0; essai < 200; ++essai) {
-    const essai::Tableau t(AuHasard(hasard, 2 + hasard() % 6, 2 + hasard() % 6));
+  for (unsigned graine = 0; graine < 200; ++graine) {
+    const essai::Tableau t(essai::MatriceAuHasard(2 + graine % 6, 2 + graine % 7, graine));
     for (const Diagonale diagonale : {Diagonale::Principale, Diagonale::Autre}) {
       const essai::Tableau maximum(TableauMaximum(t.totauxLignes, t.totauxColonnes, diagonale));
       EXPECT_EQ(maximum.totauxLignes, t.totauxLignes);
@@ -61,9 +51,8 @@ TEST(TableauMaximum, MargesGardees) {
 
 // In a table of two rows and two columns no other one of the same margins deviates more on the side it leans to.
 TEST(TableauMaximum, EcartsMaximaux) {
-  std::mt19937 hasard(4);
-  for (int essai = 0; essai < 200; ++essai) {
-    const essai::Tableau t(AuHasard(hasard, 2, 2));
+  for (unsigned graine = 0; graine < 200; ++graine) {
+    const essai::Tableau t(essai::MatriceAuHasard(2, 2, graine));
     const Matrice& n = t.effectifs;
     const Diagonale diagonale = n(0, 0) * n(1, 1) > n(0, 1) * n(1, 0) ? Diagonale::Principale : Diagonale::Autre;
     const essai::Tableau maximum(TableauMaximum(t.totauxLignes, t.totauxColonnes, diagonale));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "core/erreur.h"
 #include "support/environnement.h"
 #include "support/tableau.h"
@@ -40,6 +42,23 @@ TEST(Liaisons, LignesIdentiquesEtOpposees) {
   const TableauCompte table = Compter(Matrice(3, 2, 1));
   const Matrice pem = essai::MatriceDe({{100, -100}, {100, -100}, {-100, 100}});
   EXPECT_EQ(En(LiensEntreLignes(table, pem)), (std::vector<Attendu>{{3, 4, 100}, {3, 5, -100}, {4, 5, -100}}));
+}
+
+// More rows than are compared in one pass, against the mean written out.
+TEST(Liaisons, PairesDansLOrdreDesLignes) {
+  const Matrice cellules = essai::MatriceAuHasard(19, 7, 11);
+  const std::vector<Lien> liens = LiensEntreLignes(Compter(cellules), cellules);
+  ASSERT_EQ(liens.size(), 19U * 18 / 2);
+  std::size_t n = 0;
+  for (std::size_t i = 0; i < 19; ++i)
+    for (std::size_t k = i + 1; k < 19; ++k, ++n) {
+      double somme = 0;
+      for (std::size_t j = 0; j < 7; ++j) somme += std::fabs(cellules(i, j) - cellules(k, j));
+      EXPECT_EQ(liens[n].premier, static_cast<int>(8 + i));
+      EXPECT_EQ(liens[n].second, static_cast<int>(8 + k));
+      EXPECT_EQ(liens[n].valeur, static_cast<float>(100 - somme / 7));
+    }
+  EXPECT_TRUE(LiensEntreLignes(Compter(Matrice(1, 3, 1)), Matrice(1, 3, 1)).empty());
 }
 
 TEST(Liaisons, MeilleursGardes) {
