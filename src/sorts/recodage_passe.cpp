@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::string_view kLettresLiberees = "XYZTU";
 constexpr std::size_t kCases = 256;
+constexpr std::size_t kBloc = 16;  // bytes compared at once
 
 // What stands in a field after the recoding: the new code, and the letters of the columns that it frees.
 using TexteCode = std::array<char, 4>;
@@ -85,12 +86,19 @@ TexteCode TexteDuCode(const ChampNeuf& champ, int code) {
   return texte;
 }
 
+bool GardeTout(const ChampNeuf& champ) {
+  for (std::size_t code = 0; code < champ.table.size(); ++code)
+    if (champ.table[code] != static_cast<int>(code)) return false;
+  return true;
+}
+
 // The instructions and the plan of a run, made ready for the lines.
 class Traduction {
  public:
   Traduction(const Consignes& consignes, const Plan& plan);
 
-  std::size_t LongueurUtile() const { return utile_; }
+  // Bytes that every line must be given.
+  std::size_t LongueurLue() const { return lue_; }
 
   bool Retenu(const char* individu) const {
     if (sens_ == SensFiltre::Aucun) return true;
@@ -118,11 +126,15 @@ class Traduction {
   const char* Reponses(const ChampNeuf& champ);
   std::size_t Copier(const char* individu, std::size_t longueur);
   bool Recoder(const char* individu);
+  bool Repondre(const std::vector<ChampOctet>& champs, const char* individu);
+  bool Inchangee(const char* individu) const;
   void AjouterScore(std::size_t indice, const char* individu, std::int64_t numero, const TemoinsDePasse& temoins);
 
   const Consignes& consignes_;
   std::vector<Champ> lus_;  // fields of the questions
   std::vector<ChampOctet> octets_;
+  std::vector<ChampOctet> gardes_;     // in place, with every code kept: nothing to do for a digit up to the code-max
+  std::vector<unsigned char> maxima_;  // by column: largest digit of a field of gardes_, 255 elsewhere; whole blocks
   std::vector<ChampCode> codes_;
   std::vector<std::pair<std::size_t, ValeurApres>> surveilles_;  // question and value of each rule
   std::vector<VitCompilee> vits_;
@@ -132,7 +144,8 @@ class Traduction {
   ValeurApres poids_;
   std::map<std::vector<int>, std::array<char, kCases>> reponses_;
   std::vector<std::vector<TexteCode>> textes_;
-  std::size_t utile_ = 0;         // bytes read of a line
+  std::size_t utile_ = 0;         // columns of the fields that are read
+  std::size_t lue_ = 0;           // the same in whole blocks
   std::size_t finDesChamps_ = 0;  // columns that the patched fields need, in place
   std::size_t base_ = 0;          // columns of the copied line, when something is put behind it
   std::size_t ajoutees_ = 0;      // columns put behind it, or all of them when only the recoded are kept
@@ -158,7 +171,9 @@ Traduction::Traduction(const Consignes& consignes, const Plan& plan)
     poids_ = Apres(*consignes.ponderation, plan);
     if (question.alphabetique) poids_.champ.largeur = static_cast<std::uint32_t>(std::max(question.codeMax, 0));
   }
-  utile_ = std::max<std::size_t>(quelvar::LongueurUtile(lus_), poids_.champ.debut + poids_.champ.largeur);
+  utile_ = std::max<std::size_t>(LongueurUtile(lus_), poids_.champ.debut + poids_.champ.largeur);
+  lue_ = (utile_ + kBloc - 1) / kBloc * kBloc;
+  maxima_.resize(lue_, 255);
 }
 
 ValeurApres Traduction::Apres(std::size_t question, const Plan& plan) const {
@@ -185,7 +200,12 @@ void Traduction::PreparerChamp(const Question& question, const ChampNeuf& champ)
   const auto largeur = static_cast<std::uint32_t>(champ.largeur + champ.liberees);
   finDesChamps_ = std::max<std::size_t>(finDesChamps_, sortie + largeur);
   if (source.largeur == 1 && champ.largeur == 1) {
-    octets_.push_back({source.debut, sortie, Reponses(champ)});
+    const bool garde = consignes_.mode == ModeRecodage::SurPlace && GardeTout(champ);
+    if (garde) {
+      if (maxima_.size() <= sortie) maxima_.resize(sortie + 1, 255);
+      maxima_[sortie] = static_cast<unsigned char>(std::max(question.codeMax, 0));
+    }
+    (garde ? gardes_ : octets_).push_back({source.debut, sortie, Reponses(champ)});
     return;
   }
   std::vector<TexteCode>& textes = textes_.emplace_back();
@@ -214,11 +234,24 @@ std::size_t Traduction::Copier(const char* individu, std::size_t longueur) {
   return totale;
 }
 
-// Patches the recoded fields; true when a value is above its code-max.
-bool Traduction::Recoder(const char* individu) {
+// True when every field of gardes_ holds a digit up to its code-max: the copied line needs no patch there.
+bool Traduction::Inchangee(const char* individu) const {
+  for (std::size_t bloc = 0; bloc < maxima_.size(); bloc += kBloc) {
+    unsigned char hors = 0;
+    for (std::size_t i = bloc; i < bloc + kBloc; ++i) {
+      const auto chiffre = static_cast<unsigned char>(individu[i] - '0');
+      hors = static_cast<unsigned char>(hors | (chiffre > maxima_[i] ? 1 : 0));
+    }
+    if (hors != 0) return false;
+  }
+  return true;
+}
+
+// Patches fields of one byte; true when a value is above its code-max.
+bool Traduction::Repondre(const std::vector<ChampOctet>& champs, const char* individu) {
   char* ligne = ligne_.data();
   bool depasse = false;
-  for (const ChampOctet& champ : octets_) {
+  for (const ChampOctet& champ : champs) {
     char reponse = champ.reponses[static_cast<unsigned char>(individu[champ.source])];
     if (reponse == '\0') [[unlikely]] {
       reponse = champ.reponses[static_cast<unsigned char>('0')];
@@ -226,6 +259,14 @@ bool Traduction::Recoder(const char* individu) {
     }
     ligne[champ.sortie] = reponse;
   }
+  return depasse;
+}
+
+// Patches the recoded fields; true when a value is above its code-max.
+bool Traduction::Recoder(const char* individu) {
+  bool depasse = Repondre(octets_, individu);
+  if (!Inchangee(individu)) depasse = Repondre(gardes_, individu) || depasse;
+  char* ligne = ligne_.data();
   for (const ChampCode& champ : codes_) {
     int code = LireChampInterieur(individu, champ.source);
     if (code > champ.codeMax || code < 0) [[unlikely]] {
@@ -271,7 +312,7 @@ struct Somme {
 };
 
 Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int64_t maximum) {
-  LecteurIndividus lecteur(donnees, traduction.LongueurUtile());
+  LecteurIndividus lecteur(donnees, traduction.LongueurLue());
   Somme somme;
   while (somme.entree < maximum) {
     const char* individu = lecteur.Lire();
@@ -300,7 +341,7 @@ BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const
   BilanDePasse bilan;
   if (consignes.ponderation && !consignes.maximum)
     bilan.pas = PasDeReduction(SommerPoids(traduction, donnees, consignes.individus));
-  LecteurIndividus lecteur(donnees, traduction.LongueurUtile());
+  LecteurIndividus lecteur(donnees, traduction.LongueurLue());
   Progression progression(ecran, consignes.individus);
   while (bilan.entree < consignes.individus) {
     const char* individu = lecteur.Lire();

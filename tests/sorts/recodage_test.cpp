@@ -126,6 +126,30 @@ TEST_F(RunRecodage, VitAndFilterReadTheRecodedValues) {
   EXPECT_TRUE(Dit("SOM      3   13\r\nCAS      5   13\r\n")) << montre_;
 }
 
+// Whatever stands in a field that keeps its codes, and wherever it stands, only digits up to the code-max come through.
+TEST_F(RunRecodage, EveryColumnIsLookedAt) {
+  constexpr int kColonnes = 37;
+  std::string pos = "T\n 0 \n";
+  for (int i = 1; i <= kColonnes; ++i)
+    pos += "Q" + std::to_string(10 + i) + (i < 10 ? "   " : "  ") + std::to_string(i) + " 5\n";
+  const std::string juste(kColonnes, '5');
+  std::string donnees, attendu;
+  for (std::size_t i = 0; i < kColonnes; ++i)
+    for (const char c : {'6', ' ', '/', ':', '\xFF', '0', '4'}) {
+      std::string ligne = juste;
+      ligne[i] = c;
+      donnees += ligne + "\n";
+      ligne[i] = c == '4' ? '4' : '0';
+      attendu += ligne + "\r\n";
+    }
+  Ecrire("ENQ.POS", pos);
+  Ecrire("ENQ.DAT", donnees);
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.DAT"), attendu);
+  EXPECT_TRUE(Dit("a Q11 Ligne 1\r\n") && Dit("a Q47 Ligne 253\r\n"));
+  EXPECT_FALSE(Dit("Ligne 2\r\n")) << "only a code above the code-max is told";
+}
+
 TEST_F(RunRecodage, CancelIsRememberedForTheModalityFile) {
   Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2\n");
   Ecrire("ENQ.DAT", "1\n");
