@@ -15,10 +15,27 @@ std::vector<std::string> NomsSepares(std::string_view texte) {
   return noms;
 }
 
+std::pair<std::string, std::string> NomEtTexte(const std::string& option, const std::string& valeur) {
+  constexpr std::size_t kNomLePlusLong = 4;
+  const std::size_t egal = valeur.find('=');
+  if (egal == std::string::npos || egal == 0 || egal > kNomLePlusLong)
+    throw UsageIncorrect(Joindre({"l'option ", option, " attend NOM=TEXTE et non \"", valeur, "\""}));
+  return {valeur.substr(0, egal), valeur.substr(egal + 1)};
+}
+
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
-      ProgrammeImportCsv(), ProgrammeTriapl(), ProgrammeRecodage(),
-      ProgrammeCroise(),    ProgrammePosmod(), ProgrammeEcapem(),
+      // clang-format off
+      ProgrammeImportCsv(),
+      ProgrammeTriapl(),
+      ProgrammeRecodage(),
+      ProgrammeCroise(),
+      ProgrammePosmod(),
+      ProgrammeModifMod(),
+      ProgrammeNomeMod(),
+      ProgrammeNomQuest(),
+      ProgrammeEcapem(),
+      // clang-format on
   };
   return programmes;
 }

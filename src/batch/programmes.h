@@ -50,6 +50,9 @@ bool LireOuiNon(const std::string& nom, const std::string& valeur);
 // The names of a list separated by commas; an empty text holds none. Blanks belong to the names.
 std::vector<std::string> NomsSepares(std::string_view texte);
 
+// "SEX1=Homme" in two: a name of at most four characters, and the text behind the sign. Raises UsageIncorrect.
+std::pair<std::string, std::string> NomEtTexte(const std::string& option, const std::string& valeur);
+
 // Builds a Programme around an options struct: each option names the member that it sets, and its default is read from
 // a struct fresh from its constructor.
 template <typename Options>
@@ -153,6 +156,9 @@ const std::vector<Programme>& Programmes();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
 Programme ProgrammeImportCsv();
+Programme ProgrammeModifMod();
+Programme ProgrammeNomeMod();
+Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
 Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();

@@ -134,6 +134,13 @@ Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, con
   return fin;
 }
 
+Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    if (sauver) sauver();
+    rapport.Ligne(phrase);
+  });
+}
+
 std::string_view TexteFichAff(std::string_view nom) {
   return nom.size() > 15 ? nom.substr(nom.size() - std::min<std::size_t>(16, nom.size())) : nom;
 }

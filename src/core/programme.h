@@ -51,6 +51,10 @@ struct LibellesErreur {
 Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
                       const std::function<void(Rapport&)>& corps);
 
+// The run of an editing form that closes: does what is to be saved, then the report (generic and ".PRT") holds the one
+// sentence.
+Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver = {});
+
 // The lines that the error handler writes for a failure; none for kArretAnnonce.
 std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreur& libelles);
 

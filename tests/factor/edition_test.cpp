@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include "core/listemod.h"
+#include "core/posfile.h"
+#include "factor/modifmod.h"
+#include "factor/nomemod.h"
+#include "factor/nomquest.h"
+#include "factor/posmod.h"
+#include "support/environnement.h"
+
+namespace quelvar {
+namespace {
+
+class Edition : public ::testing::Test {
+ protected:
+  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
+  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
+
+  essai::DossierTemporaire dossier_;
+  Dialogue dialogue_;
+  Contexte contexte_{dossier_.Chemin(), "ENQ", 2, &dialogue_};
+};
+
+// --- the list of a .MOD ---
+
+TEST_F(Edition, EveryPartOfTheFileSurvivesARoundTrip) {
+  const std::string contenu = "T\r\n\r\nSEX0   \r\nSEX1 S Homme\r\nSEX2 zé  \r\n** x\r\n\r\nAAA\r\n   \r\n**\r\n";
+  Ecrire("ENQ.MOD", contenu);
+  const ListeModalites liste = LireListeModalites(dossier_.Chemin() / "ENQ.MOD");
+  EXPECT_EQ(liste.textes.size(), 3U);
+  EcrireListeModalites(dossier_.Chemin(), "ENQ.MOD", liste);
+  EXPECT_EQ(Lire("ENQ.MOD"), contenu);
+}
+
+TEST_F(Edition, AFileOfOneLineHasNoModalities) {
+  Ecrire("ENQ.MOD", "Titre");
+  const EtatModifMod etat = OuvrirModifMod(contexte_);
+  EXPECT_TRUE(etat.message.empty());
+  EXPECT_TRUE(etat.textes.empty());
+}
+
+// --- ModifMod ---
+
+TEST(TexteDeModalite, StatusFlipsAndLabelsAreStoredAsTyped) {
+  const struct {
+    std::string depart, une, deux;
+  } cas[] = {{"SEX1   Homme", "SEX1 S Homme", "SEX1   Homme"},
+             {"SEX1 S Homme", "SEX1   Homme", "SEX1 S Homme"},
+             {"AGE1  s", "AGE1   ", "AGE1 S "},
+             {"AGE1 Y x", "AGE1 S x", "AGE1   x"}};
+  for (const auto& c : cas) {
+    std::string texte = c.depart;
+    BasculerStatut(texte);
+    EXPECT_EQ(texte, c.une);
+    BasculerStatut(texte);
+    EXPECT_EQ(texte, c.deux);
+    PoserIntitule(texte, " long " + std::string(40, 'x'));
+    EXPECT_EQ(texte, c.deux.substr(0, 7) + " long " + std::string(40, 'x'));
+  }
+}
+
+TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
+  Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1 \r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\n");
+  EtatModifMod etat = OuvrirModifMod(contexte_);
+  BasculerStatut(etat.textes[0]);
+  Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\nYYY1\r\n");
+  EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.MOD"), "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1 S \r\nSEX2 S F\r\n**\r\nXXX1\r\nYYY1\r\n");
+}
+
+TEST_F(Edition, LeavingWritesNothingButTheReport) {
+  Ecrire("ENQ.MOD", "T\n\nSEX1");
+  AbandonnerEdition(contexte_);
+  EXPECT_EQ(Lire("ENQ.MOD"), "T\n\nSEX1");
+  EXPECT_EQ(Lire("ENQ.PRT"), "Arrêt volontaire du programme\r\n"_w);
+}
+
+// --- NomQuest ---
+
+TEST(LigneAvecIntitule, ReadersFindTheNameAgain) {
+  const struct {
+    std::string_view ligne, intitule, attendue;
+  } cas[] = {
+      {"AAA   1 5 $Ancien$ 1=1 $reste$", "Neuf", "AAA   1 5 $Neuf$ 1=1 $reste$"},
+      {"AAA   1 5 $Ancien$ &ACT&", "", "AAA   1 5 $$ &ACT&"},
+      {"AAA   1 5 1=1", "Neuf", "AAA   1 5 1=1 $Neuf$"},
+      {"AAA   1 5", "", "AAA   1 5"},
+      {"AAA   1 5 $Ouvert", "Neuf", "AAA   1 5 $Neuf$ $Ouvert"},
+      {"AAA   1 5 $Ouvert", "", "AAA   1 5 $Ouvert"},
+      {"AAA   15", "Neuf", "AAA   15 $Neuf$"},
+      {"AAA  1", "Neuf", "AAA  1   $Neuf$"},
+  };
+  for (const auto& c : cas) {
+    const std::string ligne = LigneAvecIntitule(c.ligne, c.intitule);
+    EXPECT_EQ(ligne, c.attendue);
+    EXPECT_EQ(LireLigneQuestion(ligne).intitule, c.intitule);
+    EXPECT_EQ(LireLigneQuestion(ligne).codeMax, LireLigneQuestion(c.ligne).codeMax) << ligne;
+  }
+}
+
+TEST(NommerQuestion, TooLongIsRefusedUnlessItStoodThere) {
+  NomDeQuestion question{"AAA", std::string(40, 'x')};
+  EXPECT_EQ(NommerQuestion(question, std::string(40, 'x')), "");
+  EXPECT_FALSE(question.modifie);
+  EXPECT_EQ(NommerQuestion(question, std::string(31, 'x')), "max=30 caractères"_w);
+  EXPECT_NE(NommerQuestion(question, "a$b"), "");
+  EXPECT_EQ(question.intitule, std::string(40, 'x'));
+  EXPECT_EQ(NommerQuestion(question, std::string(30, 'x')), "");
+  EXPECT_TRUE(question.modifie);
+}
+
+TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
+  Ecrire("ENQ.POS", "T\n1\nAAA   1 5 $A$\nBBB   2 5\nAAA   3 5\n");
+  EtatNomQuest etat = OuvrirNomQuest(contexte_);
+  ASSERT_EQ(etat.questions.size(), 3U);
+  EXPECT_EQ(TexteDeRecapitulatif(etat.questions[0]), "AAA A");
+  NommerQuestion(etat.questions[1], "B");
+  NommerQuestion(etat.questions[2], "A2");
+  SauverNomQuest(contexte_, etat.questions);
+  EXPECT_EQ(Lire("ENQ.POS"), "T\r\n1\r\nAAA   1 5 $A$\r\nBBB   2 5 $B$\r\nAAA   3 5 $A2$\r\n");
+  Ecrire("ENQ.POS", "T\n1\nNEW   1 5\nBBB   2 5\n**\nfin\n");
+  SauverNomQuest(contexte_, etat.questions);
+  EXPECT_EQ(Lire("ENQ.POS"), "T\r\n1\r\nNEW   1 5\r\nBBB   2 5 $B$\r\n**\r\nfin\r\n");
+}
+
+// --- NomeMod ---
+
+TEST_F(Edition, RepeatedCreationsAppendAndAreSavedTogether) {
+  Ecrire("ENQ.DAT", "1\n");
+  Ecrire("ENQ.POS", "T\n1\nSEX   1 1\nAGE   2 1\n");
+  std::vector<ModaliteNommee> modalites;
+  for (const char* question : {"SEX", "AGE"}) {
+    ASSERT_EQ(Posmod(contexte_, {.mode = ModePosmod::Modi, .actives = {{question}}}), Fin::Normale);
+    for (const ModaliteNommee& creee : LireModalitesCreees(contexte_).modalites) modalites.push_back(creee);
+  }
+  ASSERT_EQ(modalites.size(), 4U);
+  PoserIntitule(modalites[1].texte, "Homme");
+  EXPECT_EQ(EnregistrerNomeMod(contexte_, modalites), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.MOD"),
+            "ENQ\r\n BRT=2 FMT=0 \r\nSEX0   NonRéponse\r\nSEX1   Homme\r\nAGE0   NonRéponse\r\nAGE1   \r\n**\r\n"_w);
+}
+
+TEST_F(Edition, ANewFileGetsItsTwoFirstLines) {
+  SauverNomeMod(contexte_, {{"SEX1 S Homme"}, {"SEX2   "}});
+  EXPECT_EQ(Lire("ENQ.MOD"), "Liste des modalités\r\n BRT=2 FMT=0 \r\nSEX1   Homme\r\nSEX2   \r\n"_w);
+}
+
+TEST_F(Edition, WhatTheListDoesNotHoldStays) {
+  Ecrire("ENQ.MOD", "T\r\n\r\nSEX1 S H\r\nAGE1 S J\r\n**\r\nSEX2   F\r\nCSP1 S C\r\n");
+  SauverNomeMod(contexte_, {{"SEX2   Femme"}});
+  EXPECT_EQ(Lire("ENQ.MOD"), "T\r\n\r\nSEX2   Femme\r\nSEX1 S H\r\nAGE1 S J\r\n**\r\nCSP1 S C\r\n");
+}
+
+}  // namespace
+}  // namespace quelvar
