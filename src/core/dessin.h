@@ -1,0 +1,175 @@
+// A picture as a list of marks in user units, on a page measured in points: lines, filled shapes, circles and texts in
+// the sixteen colours. Graph programs fill it, screens and files draw it, a test reads it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quelvar {
+
+// The sixteen colours by number. The tones are those of print: every colour but the last is legible on white.
+enum class Couleur : std::uint8_t {
+  Noir = 0,
+  BleuFonce = 1,
+  VertFonce = 2,
+  CyanFonce = 3,
+  RougeFonce = 4,
+  MagentaFonce = 5,
+  Brun = 6,
+  GrisClair = 7,
+  Gris = 8,
+  Bleu = 9,
+  Vert = 10,
+  Cyan = 11,
+  Rouge = 12,
+  Magenta = 13,
+  Jaune = 14,
+  Blanc = 15
+};
+
+struct Rvb {
+  std::uint8_t rouge, vert, bleu;
+};
+// The colour mixed with white: a tint of 1 is the colour itself, of 0 white.
+Rvb RvbDe(Couleur couleur, double teinte = 1);
+
+// In user units, or in points of the page (x to the right, y downwards) where told.
+struct Position {
+  double x = 0;
+  double y = 0;
+};
+
+enum class StyleTrait : std::uint8_t { Plein, Tirets, Pointilles };
+
+// How a line or an outline is drawn; a width of 0 draws none.
+struct Plume {
+  Couleur couleur = Couleur::Noir;
+  double epaisseur = 0.75;  // points
+  StyleTrait style = StyleTrait::Plein;
+  double teinte = 1;
+};
+
+// What fills a shape; a tint of 0 fills nothing and lets through what lies behind.
+struct Fond {
+  Couleur couleur = Couleur::Noir;
+  double teinte = 0;
+};
+
+// The point of a text that stands at its position.
+enum class Ancre : std::uint8_t { Debut, Milieu, Fin };        // across
+enum class Niveau : std::uint8_t { Haut, Centre, Base, Bas };  // upwards
+
+struct Police {
+  double corps = 8;  // points
+  bool gras = false;
+  bool italique = false;
+  Couleur couleur = Couleur::Noir;
+  Ancre ancre = Ancre::Debut;
+  Niveau niveau = Niveau::Base;
+};
+
+enum class GenreForme : std::uint8_t { Ligne, Polygone, Cercle, Texte };
+
+// One mark. Its points stand in the list of the picture.
+struct Forme {
+  GenreForme genre = GenreForme::Ligne;
+  std::uint32_t premier = 0;  // first of its points: vertices, centre, or place of the text
+  std::uint32_t nombre = 0;
+  std::uint16_t calque = 0;
+  std::int32_t id = -1;  // of the element that it stands for; -1 for none
+  double rayon = 0;      // of a circle, points
+  Position decalage;     // points, added on the page whatever the scale
+  Plume plume;
+  Fond fond;
+  Police police;
+  std::string texte;  // code page
+};
+
+// Part of the user plane; `haut` may lie below or above `bas`.
+struct Fenetre {
+  double gauche = 0, droite = 1, haut = 1, bas = 0;
+};
+
+// A rectangle of the page, points.
+struct Zone {
+  double x = 0, y = 0, largeur = 0, hauteur = 0;
+
+  bool Contient(Position p) const { return p.x >= x && p.x <= x + largeur && p.y >= y && p.y <= y + hauteur; }
+  bool Touche(const Zone& autre) const {
+    return x < autre.x + autre.largeur && autre.x < x + largeur && y < autre.y + autre.hauteur && autre.y < y + hauteur;
+  }
+};
+
+struct Calque {
+  std::string nom;
+  bool visible = true;
+};
+
+class Dessin {
+ public:
+  // A page of that size, whose zone shows the window.
+  Dessin(double largeur, double hauteur, const Fenetre& fenetre, const Zone& zone);
+  // A page in points: user units are those of the page.
+  Dessin(double largeur, double hauteur);
+
+  double Largeur() const { return largeur_; }
+  double Hauteur() const { return hauteur_; }
+  const Fenetre& VueUtilisateur() const { return fenetre_; }
+  Position VersPage(Position utilisateur) const;
+  Position VersUtilisateur(Position page) const;
+
+  // What is added from now on belongs to that layer, which is made when there is none of the name.
+  void Calquer(std::string_view nom);
+  void MontrerCalque(std::string_view nom, bool visible);
+  // What is added from now on stands for that element.
+  void Designer(std::int32_t id) { id_ = id; }
+
+  Forme& Ligne(Position a, Position b, const Plume& plume = {});
+  Forme& Ligne(std::span<const Position> points, const Plume& plume = {});
+  Forme& Polygone(std::span<const Position> points, const Fond& fond, const Plume& plume = {.epaisseur = 0});
+  Forme& Rectangle(Position coin, Position oppose, const Fond& fond, const Plume& plume = {.epaisseur = 0});
+  Forme& Cercle(Position centre, double rayon, const Fond& fond, const Plume& plume = {});
+  // The offset, in points of the page, does not change with the scale.
+  Forme& Texte(Position place, std::string_view texte, const Police& police = {}, Position decalage = {});
+
+  const std::vector<Forme>& Formes() const { return formes_; }
+  const std::vector<Calque>& Calques() const { return calques_; }
+  bool Visible(const Forme& forme) const { return calques_[forme.calque].visible; }
+  std::span<const Position> Points(const Forme& forme) const {
+    return std::span(points_).subspan(forme.premier, forme.nombre);
+  }
+  // A point of a form, on the page.
+  Position SurPage(const Forme& forme, std::size_t rang = 0) const;
+  // The rectangle that a form covers on the page, without the width of its line.
+  Zone Etendue(const Forme& forme) const;
+
+  // The element drawn last under a point of the page, within that many points.
+  std::optional<std::int32_t> ElementSous(Position page, double tolerance) const;
+
+ private:
+  Forme& Ajouter(GenreForme genre, std::span<const Position> points);
+
+  double largeur_;
+  double hauteur_;
+  Fenetre fenetre_;
+  Zone zone_;
+  std::vector<Position> points_;
+  std::vector<Forme> formes_;
+  std::vector<Calque> calques_{{}};
+  std::uint16_t calque_ = 0;
+  std::int32_t id_ = -1;
+};
+
+// Width of a text of the code page, in points, in the metrics of Helvetica that Arial and Liberation Sans share.
+double LargeurTexte(std::string_view texte, double corps, bool gras = false);
+// The rectangle that a text takes around its place on the page.
+Zone ZoneDuTexte(Position place, std::string_view texte, const Police& police);
+// How far below the place of a text of that font its base line lies, points.
+double DescenteDeLaBase(const Police& police);
+
+}  // namespace quelvar
