@@ -25,8 +25,7 @@ construire() {
 sans_ecran() {
   installer "${PAQUETS_NOYAU[@]}"
   construire core quelvar-batch
-  local copie
-  copie=$(mktemp -d)
+  copie=$(mktemp -d) # not local: the trap needs it when this function is over
   trap 'rm -rf "$copie"' EXIT
   cp -r examples/loisirs/. "$copie"
   cd "$copie"
