@@ -40,11 +40,18 @@ suite() {
   reussis=$((reussis + ${bilan##* } - ${bilan%% *}))
 }
 
+# The commands of the README on the example survey, as run.sh shows them.
+chaine() (
+  copie=$(mktemp -d) && trap 'rm -rf "$copie"' EXIT
+  cp -r examples/loisirs/. "$copie" && PATH="$PWD/build/release/bin:$PATH" && cd "$copie" && sh -e chaine.sh
+)
+
 tout() {
   etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_FORMES[@]}" "${PAQUETS_ESSAIS[@]}"
   etape "paquets de clang" installer_runtime_clang
   etape "mise en page des sources" tools/format.sh --verifier
   suite release -DQUELVAR_BENCH=ON
+  etape "chaîne d'exemple" chaine
   suite asan ""
   etape "construction sans Qt" eval \
     "cmake --preset core -DQUELVAR_TESTS=ON -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON && cmake --build --preset core"

@@ -24,18 +24,23 @@ ligne() {
   echo "| $nom | $taille Mo | $mur s | $utilisateur s | $systeme s | $memoire Mio |"
 }
 
-# importer GENERIQUE : the import with nothing left from the run before
-importer() {
-  ligne "import-csv" "$1.CSV" "rm -f $1.DAT $1.POS $1.PO2 $1.IMP" "$bin/quelvar-batch" import-csv "$1"
+# programme GENERIQUE SOURCE SORTIES COMMANDE... : a program, with the files that it makes removed before each run
+programme() {
+  local generique=$1 source=$2 sorties=$3 avant="rm -f" extension
+  shift 3
+  for extension in $sorties; do avant="$avant $generique.$extension"; done
+  ligne "$1" "$generique.$source" "$avant" "$bin/quelvar-batch" "$1" "$generique" "${@:2}"
 }
 
 echo "| programme | source | durée | dont calcul | dont système | mémoire |"
 echo "|---|---:|---:|---:|---:|---:|"
 for g in CENT MILLION; do
   ligne "plancher : décoder et compter" $g.DAT "" "$bin/quelvar-plancher" dat $g
-  ligne "triapl" $g.DAT "" "$bin/quelvar-batch" triapl $g
+  programme $g DAT "TAP" triapl
+  programme $g DAT "TCR" croise lignes=A00,A01,A02,A04,A05 colonnes=A06,A08,A0A,A0C,A0D
+  programme $g DAT "BRT CDG PRT" posmod actives=A00,A01,A02,A04,A05,A06,A08,A0A,A0C,A0D oublier=oui
 done
 for g in TCENT TMILLION; do
   ligne "plancher : voir chaque octet" $g.CSV "" "$bin/quelvar-plancher" octets $g.CSV
-  importer $g
+  programme $g CSV "DAT POS PO2 IMP" import-csv
 done
