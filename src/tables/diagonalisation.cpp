@@ -29,11 +29,11 @@ Diagonale DiagonaleDe(const TableauCompte& table) {
 }
 
 Diagonalisee Diagonalisation(const TableauCompte& table, OrdresTries tries) {
+  const Matrice ecarts = EcartsEnProportions(table.effectifs, table.totauxLignes, table.totauxColonnes, table.total);
   Diagonalisee resultat;
-  resultat.facteur = ExtrairePremierFacteur(
-      EcartsEnProportions(table.effectifs, table.totauxLignes, table.totauxColonnes, table.total),
-      PartsDuTotal(table.totauxLignes, table.total), PartsDuTotal(table.totauxColonnes, table.total),
-      {PremierNonVide(table.totauxLignes), PremierNonVide(table.totauxColonnes)});
+  resultat.facteur = ExtrairePremierFacteur(ecarts, PartsDuTotal(table.totauxLignes, table.total),
+                                            PartsDuTotal(table.totauxColonnes, table.total),
+                                            {PremierNonVide(table.totauxLignes), PremierNonVide(table.totauxColonnes)});
   resultat.table = Reordonner(table, Places(resultat.facteur.lignes, tries.lignes),
                               Places(resultat.facteur.colonnes, tries.colonnes));
   resultat.maximum =
