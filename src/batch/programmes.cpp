@@ -35,6 +35,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeNomeMod(),
       ProgrammeNomQuest(),
       ProgrammeEcapem(),
+      ProgrammeAnecar(),
       // clang-format on
   };
   return programmes;

@@ -153,6 +153,7 @@ class Description {
 const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
+Programme ProgrammeAnecar();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
 Programme ProgrammeImportCsv();

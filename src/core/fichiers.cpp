@@ -274,6 +274,40 @@ void Ecrivain::Fermer() {
   if (code != 0) LeverErrno(code);
 }
 
+FichierDeTravail::FichierDeTravail(Chemin chemin) : chemin_(std::move(chemin)) {
+  descripteur_ = ::open(chemin_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (descripteur_ < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+}
+
+FichierDeTravail::~FichierDeTravail() {
+  ::close(descripteur_);
+  std::error_code ignore;
+  fs::remove(chemin_, ignore);
+}
+
+void FichierDeTravail::Lire(std::uint64_t place, void* octets, std::size_t taille) const {
+  for (char* suite = static_cast<char*>(octets); taille > 0;) {
+    const ssize_t lus = ::pread(descripteur_, suite, taille, static_cast<off_t>(place));
+    if (lus < 0 && errno == EINTR) continue;
+    if (lus < 0) LeverErrno(errno);
+    if (lus == 0) throw Erreur(kFinDeFichierDepassee);
+    suite += lus;
+    place += static_cast<std::uint64_t>(lus);
+    taille -= static_cast<std::size_t>(lus);
+  }
+}
+
+void FichierDeTravail::Ecrire(std::uint64_t place, const void* octets, std::size_t taille) {
+  for (const char* suite = static_cast<const char*>(octets); taille > 0;) {
+    const ssize_t ecrits = ::pwrite(descripteur_, suite, taille, static_cast<off_t>(place));
+    if (ecrits < 0 && errno == EINTR) continue;
+    if (ecrits < 0) LeverErrno(errno);
+    suite += ecrits;
+    place += static_cast<std::uint64_t>(ecrits);
+    taille -= static_cast<std::size_t>(ecrits);
+  }
+}
+
 namespace {
 
 Chemin CheminProvisoireDe(const Chemin& cible) {

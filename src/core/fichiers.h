@@ -105,6 +105,23 @@ class Ecrivain {
   std::size_t rempli_ = 0;
 };
 
+// A scratch file of bytes read and written at any place; it is deleted at the end of the object's life. Failures raise
+// 57, 61, 70, 75, and 62 for bytes that are not there.
+class FichierDeTravail {
+ public:
+  explicit FichierDeTravail(Chemin chemin);
+  ~FichierDeTravail();
+  FichierDeTravail(const FichierDeTravail&) = delete;
+  FichierDeTravail& operator=(const FichierDeTravail&) = delete;
+
+  void Lire(std::uint64_t place, void* octets, std::size_t taille) const;
+  void Ecrire(std::uint64_t place, const void* octets, std::size_t taille);
+
+ private:
+  Chemin chemin_;
+  int descripteur_;
+};
+
 // A file written whole under a scratch name beside its target, then put in its place by one rename with the rights of
 // the file that it replaces. Without Valider the scratch file disappears and the target stays what it was. A target
 // that may not be written raises 70.

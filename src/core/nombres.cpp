@@ -130,6 +130,12 @@ std::int16_t Entier16(double valeur) { return EnEntier<std::int16_t>(valeur); }
 std::int32_t Entier32(double valeur) { return EnEntier<std::int32_t>(valeur); }
 std::int64_t Entier64(double valeur) { return EnEntier<std::int64_t>(valeur); }
 
+float Simple(double valeur) {
+  if (!(std::fabs(valeur) <= static_cast<double>(std::numeric_limits<float>::max())))
+    throw Erreur(kDepassementCapacite);
+  return static_cast<float>(valeur);
+}
+
 std::string Nombre(double valeur) { return EnTexte(valeur, 15); }
 std::string Nombre(float valeur) { return EnTexte(valeur, 7); }
 std::string Nombre(std::int64_t valeur) { return std::to_string(valeur); }

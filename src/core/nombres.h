@@ -25,6 +25,8 @@ double Arrondir(double valeur, int decimales);
 std::int16_t Entier16(double valeur);
 std::int32_t Entier32(double valeur);
 std::int64_t Entier64(double valeur);
+// Nearest single-precision value; raises 6 beyond its range.
+float Simple(double valeur);
 
 // The shortest decimal text: at most 15 significant digits for a double, 7 for a single, no trailing zeros, a zero
 // before the point. Raises 6 for an infinity and 5 for what is not a number.

@@ -115,23 +115,48 @@ Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, co
   }
 }
 
-Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
-                      const std::function<void(Rapport&)>& corps) {
+namespace {
+
+void Montrer(const Contexte& contexte, const Affichage& affichage) {
+  contexte.Ecran().montrerProgression(0);
+  if (affichage.ou == Affichage::Ou::Lecteur) contexte.Ecran().biper();
+  contexte.Ecran().afficher(affichage);
+}
+
+enum class AFinNormale { Montrer, Taire };
+
+Fin Executer(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+             const std::function<void(Rapport&)>& corps, AFinNormale aFinNormale) {
   Fin fin = Fin::Arret;
   Affichage affichage;
   try {
     Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport));
     if (ExecuterCorps(rapport, libelles, corps)) fin = Fin::Normale;
     rapport.Fermer();
+    if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
     affichage = FinProgramme(contexte, nomRapport, libelles);
   } catch (...) {  // the report can't be opened or written: nothing but the screen is left to tell it
     fin = Fin::Arret;
     affichage = AffichageDErreur(ErreurEnCours(), nomRapport, libelles);
   }
-  contexte.Ecran().montrerProgression(0);
-  if (affichage.ou == Affichage::Ou::Lecteur) contexte.Ecran().biper();
-  contexte.Ecran().afficher(affichage);
+  Montrer(contexte, affichage);
   return fin;
+}
+
+}  // namespace
+
+Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                      const std::function<void(Rapport&)>& corps) {
+  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Montrer);
+}
+
+bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                       const std::function<void(Rapport&)>& corps) {
+  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Taire) == Fin::Normale;
+}
+
+void MontrerRapport(const Contexte& contexte, std::string_view nomRapport) {
+  Montrer(contexte, FinProgramme(contexte, nomRapport, LibellesErreur{}));
 }
 
 Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver) {

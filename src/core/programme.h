@@ -55,6 +55,14 @@ Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, con
 // sentence.
 Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver = {});
 
+// The preparation of a program that goes on with another report: the same, but a body that comes to its end shows
+// nothing, and true is returned.
+bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                       const std::function<void(Rapport&)>& corps);
+
+// Ends a run that a form gives up after its preparation: shows the report as it stands.
+void MontrerRapport(const Contexte& contexte, std::string_view nomRapport);
+
 // The lines that the error handler writes for a failure; none for kArretAnnonce.
 std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreur& libelles);
 

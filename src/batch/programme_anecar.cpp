@@ -1,0 +1,62 @@
+#include "batch/programmes.h"
+#include "factor/anecar.h"
+
+namespace quelvar::batch {
+
+namespace {
+
+using O = OptionsAnecar;
+
+Description<O>::Poser PoserSeuil(std::string nom, std::optional<int> O::*membre) {
+  return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
+    if (Minuscules(valeur) == "moyenne") {
+      options.*membre = kSeuilMoyen;
+      return;
+    }
+    if (valeur.empty() || valeur.size() > 4 || valeur.find_first_not_of("0123456789") != std::string::npos)
+      throw UsageIncorrect(
+          Joindre({"l'option ", nom, " attend moyenne ou un nombre entier (0..9999) et non \"", valeur, "\""}));
+    options.*membre = static_cast<int>(ValeurDe(valeur));
+  };
+}
+
+void PoserEdition(O& options, const std::string& valeur) {
+  const std::string mot = Minuscules(valeur);
+  if (mot == "compacte") options.edition = EditionAnecar::Compacte;
+  else if (mot == "triee") options.edition = EditionAnecar::Triee;
+  else if (mot == "etendue") options.edition = EditionAnecar::Etendue;
+  else throw UsageIncorrect(Joindre({"l'option edition attend compacte|triee|etendue et non \"", valeur, "\""}));
+}
+
+void PoserInversions(O& options, const std::string& valeur) {
+  options.inversions = {};
+  for (std::size_t i = 0; i < valeur.size(); i += 2) {
+    const bool separe = i + 1 == valeur.size() || valeur[i + 1] == ',';
+    if (valeur[i] < '1' || valeur[i] > '3' || !separe)
+      throw UsageIncorrect(
+          Joindre({"l'option inversions attend des facteurs de 1 à 3 (1,3) et non \""_w, valeur, "\""}));
+    options.inversions[static_cast<std::size_t>(valeur[i] - '1')] = true;
+  }
+}
+
+}  // namespace
+
+Programme ProgrammeAnecar() {
+  return Description<O>("anecar", "Analyse factorielle d'un tableau (.AFC ou .ACP, coordonnées .FAJ .FAI .FJ2 .FI2)"_w,
+                        Anecar)
+      .Choix<TypeAnalyse>("analyse", &O::type, {{"afc", TypeAnalyse::Afc}, {"acp", TypeAnalyse::Acp}},
+                          "analyse des correspondances ou en composantes principales")
+      .Entier("facteurs", &O::facteurs, 0, 999, "nombre de facteurs à extraire, 0 pour 3"_w)
+      .Libre("edition", "compacte|triee|etendue", "selon le niveau et la taille",
+             "tables compactes, listes triées par facteur, ou tables étendues avec Cos2"_w, PoserEdition)
+      .OuiNon("lignes", &O::imprimerLignes, "imprime aussi les lignes du tableau dans les listes triées"_w)
+      .Libre("seuillignes", "moyenne|N", "niveau 1 : 0, niveau 2 : moyenne",
+             "contribution minimum pour l'édition des lignes"_w, PoserSeuil("seuillignes", &O::seuilLignes))
+      .Libre("seuilcolonnes", "moyenne|N", "niveau 1 : 0, niveau 2 : moyenne",
+             "contribution minimum pour l'édition des colonnes"_w, PoserSeuil("seuilcolonnes", &O::seuilColonnes))
+      .OuiNon("codagelogique", &O::codageLogique, "analyse les individus eux-mêmes, en codage logique"_w)
+      .Libre("inversions", "facteurs", "aucune", "facteurs, de 1 à 3, dont le signe est inversé dans les fichiers"_w,
+             PoserInversions);
+}
+
+}  // namespace quelvar::batch
