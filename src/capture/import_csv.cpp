@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "capture/presence.h"
 #include "capture/tableur.h"
 #include "core/nombres.h"
 #include "core/posfile.h"
@@ -13,7 +14,6 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::uintmax_t kPosVide = 3;             // a .POS shorter than this counts as absent
 constexpr std::size_t kLignesDeVerification = 10;  // lines of the .DAT shown in the report
 constexpr std::string_view kSansNom = "XXX";
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/programme.h"
 #include "core/texte.h"
 
 namespace quelvar {
@@ -60,8 +61,12 @@ AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
   return partiel;
 }
 
-std::string QuestionFichierVide(std::string_view nom) {
-  return Joindre({"Le fichier ", nom, " est vide : vous devez l'effacer"});
+Resultat LireResultat(const Chemin& chemin) {
+  const std::string nom = TexteDe(chemin.filename());
+  const std::uintmax_t longueur = LongueurFichier(chemin);
+  if (longueur == 0) return {Resultat::Etat::Vide, Joindre({"Le fichier ", nom, " est vide : vous devez l'effacer"})};
+  if (longueur > kAffichageEntier) return {Resultat::Etat::TropLong, TexteTropLong(nom)};
+  return {Resultat::Etat::Montre, LireOctets(chemin)};
 }
 
 }  // namespace quelvar

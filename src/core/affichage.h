@@ -1,7 +1,8 @@
-// How Text1 shows a result file: whole, or by its head with a ruler of columns over it.
+// How Text1 shows a result file: whole or by its head, with a ruler of columns over it.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,7 +27,14 @@ struct AffichagePartiel {
 // The first characters of a file, under a ruler if one is asked for. Raises 53, 57, 70 or 75.
 AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle);
 
-// The question about a result file without content.
-std::string QuestionFichierVide(std::string_view nom);
+// How a result file is shown: one longer than kAffichageEntier goes to the viewer, the text box could not hold it.
+inline constexpr std::uintmax_t kAffichageEntier = std::uintmax_t{8} << 20;
+struct Resultat {
+  enum class Etat { Montre, Vide, TropLong };
+  Etat etat = Etat::Montre;
+  std::string texte;  // the file, the question whether to delete it, or where to look at it
+};
+// Raises 53, 57, 70 or 75.
+Resultat LireResultat(const Chemin& chemin);
 
 }  // namespace quelvar

@@ -94,9 +94,7 @@ Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, co
     if (!rapport) throw Erreur(kFichierIntrouvable);
     const bool ephemere = contexte.generique.empty();
     if (LongueurFichier(*rapport) > kLimiteTexte) {
-      Affichage affichage{Affichage::Ou::Lecteur,
-                          Joindre({"texte trop long, WordPad est lancé\r\npour examiner les résultats de : "_w,
-                                   nomRapport, "\r\nProgramme terminé"_w}),
+      Affichage affichage{Affichage::Ou::Lecteur, TexteTropLong(nomRapport) + std::string("Programme terminé"_w),
                           std::string(nomRapport), rapport->native()};
       if (ephemere) {
         EffacerFichier(*rapport);
@@ -164,6 +162,10 @@ Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<voi
     if (sauver) sauver();
     rapport.Ligne(phrase);
   });
+}
+
+std::string TexteTropLong(std::string_view nomRapport) {
+  return Joindre({"texte trop long, WordPad est lancé\r\npour examiner les résultats de : "_w, nomRapport, "\r\n"});
 }
 
 std::string_view TexteFichAff(std::string_view nom) {

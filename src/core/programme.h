@@ -70,6 +70,9 @@ std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreu
 // "$$$.prt" and the report of an empty generic once read.
 Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles);
 
+// What Text1 holds in place of a report that goes to the viewer.
+std::string TexteTropLong(std::string_view nomRapport);
+
 // Text of the label FichAff: the last 16 characters of a name longer than 15.
 std::string_view TexteFichAff(std::string_view nom);
 

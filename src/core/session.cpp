@@ -192,7 +192,7 @@ std::string OuvrirGenerique(Session& session, const Reglages& reglages) {
   } catch (const Erreur& erreur) {
     session.ouverture = Ouverture::SansInitialisation;
     session.generique.clear();
-    session.titre = TitreDe(session);
+    if (session.titre != kTitreNouvelleUtilisation) session.titre = TitreDe(session);
     if (erreur.Numero() == kFichierIntrouvable) return {};
     return Phrase(Joindre({"le fichier ", TexteDe(session.initialisation), " ne peut pas être lu"_w}), erreur);
   }
@@ -353,8 +353,9 @@ Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::s
 }
 
 std::string AdopterGenerique(Session& session, const Reglages& reglages, std::string_view generique) {
-  QuitterGenerique(session);
+  if (generique != session.generique) QuitterGenerique(session);
   session.generique = generique;
+  if (session.generique.empty()) return {};
   session.titre = TitreDe(session);
   const std::string texte = EnregistrerInitialisation(session);
   const std::optional<Chemin> pos = ChercherPos(session);

@@ -98,7 +98,8 @@ struct Acceptation {
 };
 // The typed name becomes the generic; OuvrirGenerique and EtatRepertoire follow when it is accepted.
 Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::string_view saisi);
-// A program has moved the data set to another generic. Returns what could not be written.
+// A program has moved the data set to another generic, or has made files of the present one. Returns what could not be
+// written.
 std::string AdopterGenerique(Session& session, const Reglages& reglages, std::string_view generique);
 // Returns what could not be written.
 std::string ChangerNiveau(Session& session, int niveau);

@@ -10,14 +10,18 @@
 #include "core/version.h"
 #include "forms/texte_qt.h"
 
+// The resources of a static library are brought in by hand, outside of any namespace.
+static void InitialiserRessources() { Q_INIT_RESOURCE(quelvar); }
+
 namespace quelvar {
 
 void PreparerApplication() {
+  InitialiserRessources();
   QCoreApplication::setOrganizationName(QStringLiteral("Quelvar"));
   QCoreApplication::setApplicationName(QStringLiteral("Quelvar"));
   QCoreApplication::setApplicationVersion(VersQt(kVersion));
   QGuiApplication::setDesktopFileName(QStringLiteral("quelvar"));
-  QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("quelvar")));
+  QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/quelvar.svg")));
   QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
   auto* catalogue = new QTranslator(qApp);
   if (catalogue->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

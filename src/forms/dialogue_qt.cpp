@@ -142,6 +142,16 @@ Occupation::~Occupation() {
   QApplication::restoreOverrideCursor();
 }
 
+// True for what happens in the box that the run has opened, its own lists and menus included.
+bool Occupation::EstPourLaBoite(const QObject* objet) {
+  const QWidget* boite = QApplication::activeModalWidget();
+  if (boite == nullptr) return false;
+  if (!objet->isWidgetType()) return true;  // the window system holds back what is not for the box
+  const auto* widget = static_cast<const QWidget*>(objet);
+  while (widget != nullptr && widget != boite) widget = widget->parentWidget();
+  return widget != nullptr;
+}
+
 bool Occupation::eventFilter(QObject* objet, QEvent* evenement) {
   switch (evenement->type()) {
     case QEvent::MouseButtonPress:
@@ -152,7 +162,7 @@ bool Occupation::eventFilter(QObject* objet, QEvent* evenement) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::Shortcut:
-    case QEvent::ShortcutOverride: return QApplication::activeModalWidget() == nullptr;
+    case QEvent::ShortcutOverride: return !EstPourLaBoite(objet);
     case QEvent::Close:
       if (QApplication::activeModalWidget() != nullptr || !evenement->spontaneous()) break;
       evenement->ignore();

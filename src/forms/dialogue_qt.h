@@ -38,6 +38,9 @@ class Occupation : public QObject {
   Occupation& operator=(const Occupation&) = delete;
 
   bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+ private:
+  static bool EstPourLaBoite(const QObject* objet);
 };
 
 }  // namespace quelvar

@@ -1,6 +1,8 @@
 #include "forms/entrees.h"
 
 #include "forms/fimportcsv.h"
+#include "forms/frmabout.h"
+#include "forms/prem.h"
 #include "forms/principal2.h"
 
 namespace quelvar {
@@ -9,8 +11,8 @@ namespace {
 
 // In the order of the menu. An entry that is not here is shown disabled.
 constexpr EntreeDeProgramme kEntrees[] = {
-    {"mnuImport", OuvrirImport},
-    {"mnuTriapl", OuvrirTriapl},
+    {"mnuPrem", OuvrirPrem},     {"mnuChangeRepert", OuvrirRepertoires}, {"mnuImport", OuvrirImport},
+    {"mnuTriapl", OuvrirTriapl}, {"mnuAPropos", OuvrirAPropos},
 };
 
 }  // namespace

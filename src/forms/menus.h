@@ -20,9 +20,11 @@ struct LigneDeMenu {
 void ConstruireMenus(QMenuBar& barre);
 
 // A result file that the menu "Affichage" shows.
+enum class GenreDAffichage { Entier, Partiel, SousRegle };
 struct EntreeDAffichage {
   const char* nom;        // of the action
   const char* extension;  // ".tap"
+  GenreDAffichage genre = GenreDAffichage::Entier;
 };
 std::span<const EntreeDAffichage> EntreesDAffichage();
 

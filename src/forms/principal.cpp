@@ -6,8 +6,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QScreen>
-#include <QStyle>
-#include <QUrl>
+#include <algorithm>
 
 #include "core/erreur.h"
 #include "forms/dialogue_qt.h"
@@ -17,6 +16,15 @@
 #include "ui_principal.h"
 
 namespace quelvar {
+
+namespace {
+
+constexpr int kColonnesDeNom = 4;  // row and modality names
+
+// Entries that wait for the first generic of a new use.
+constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
+
+}  // namespace
 
 Principal::Principal(Environnement environnement)
     : environnement_(std::move(environnement)), ui_(std::make_unique<Ui::Principal>()) {
@@ -62,10 +70,13 @@ void Principal::RelierMenus() {
   for (const EntreeDeProgramme& entree : EntreesDeProgrammes())
     Relier(entree.action, [this, entree] { entree.ouvrir(*this); });
   for (const EntreeDAffichage& entree : EntreesDAffichage())
-    Relier(entree.nom, [this, entree] { AfficherResultat(QString::fromLatin1(entree.extension)); });
+    Relier(entree.nom, [this, &entree] { AfficherResultat(entree); });
+  Relier("MnuAfPartielAll", [this] { AfficherQuelconque(); });
+  Relier("mnuEnregSous", [this] { EnregistrerSous(); });
+  Relier("mnuImpr", [this] { Imprimer(); });
+  Relier("mnuPDF", [this] { ImprimerEnPdf(); });
   for (const EntreeDAide& entree : EntreesDAide())
-    Relier(entree.nom,
-           [this, entree] { OuvrirAide(QString::fromUtf8(entree.document), QString::fromUtf8(entree.ancre)); });
+    Relier(entree.nom, [this, &entree] { OuvrirAide(QString::fromUtf8(entree.nom)); });
   connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
           &Principal::PreparerMenuAffichage);
   PreparerMenuAide();
@@ -79,6 +90,12 @@ void Principal::RelierControles() {
   connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
   connect(ui_->CmdGenAncien, &QPushButton::clicked, this,
           [this] { ui_->ComboGen->setEditText(VersQt(session_.ancien)); });
+  connect(ui_->VerrouLignes, &QCheckBox::toggled, this,
+          [this](bool fige) { ui_->Text1->FigerLignes(fige ? lignesDeRegle_ : 0); });
+  connect(ui_->VerrouColonnes, &QCheckBox::toggled, this,
+          [this](bool fige) { ui_->Text1->FigerColonnes(fige ? kColonnesDeNom : 0); });
+  connect(ui_->BoutonEnregS, &QPushButton::clicked, this, &Principal::EnregistrerSous);
+  connect(ui_->BoutonImpr, &QPushButton::clicked, this, &Principal::Imprimer);
   connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { AfficherTexte({}); });
   connect(ui_->BoutNouv, &QPushButton::clicked, this, &Principal::NouvelleDemande);
   connect(ui_->BoutQuit, &QPushButton::clicked, this, &Principal::close);
@@ -115,6 +132,11 @@ void Principal::MontrerSession() {
   ui_->EnCours->setText(VersQt(session_.generique));
   ui_->OldGen->setText(VersQt(session_.ancien));
   repertoire_->setText(QStringLiteral("Répertoire : ") + VersQt(TexteRepertoire(session_.repertoire)));
+  const bool nouvelle = session_.titre == kTitreNouvelleUtilisation;
+  for (const char* entree : kEntreesDeDonnees) {
+    const QString nom = QString::fromLatin1(entree);
+    Action(nom)->setEnabled(!nouvelle && ProgrammeExiste(nom));
+  }
   Action(session_.niveau == 2 ? QStringLiteral("mnuNiv2") : QStringLiteral("mnuNiv1"))->setChecked(true);
 }
 
@@ -134,8 +156,6 @@ bool Principal::AccepterGenerique(const QString& saisi) {
     dialogue_.biper();
     return false;
   }
-  if (acceptation.premiere)
-    for (const auto* entree : {"mnuImport", "mnuSaisie"}) Action(QString::fromLatin1(entree))->setEnabled(true);
   ui_->Text1->setFocus();
   OuvrirEtRapporter();
   return true;
@@ -146,6 +166,11 @@ void Principal::AdopterGenerique(std::string_view generique) {
   if (!texte.empty()) AjouterTexte(texte);
   ui_->ComboGen->setEditText(VersQt(session_.generique));
   ReconstruireRecents();
+  MontrerSession();
+}
+
+void Principal::CommencerNouvelleUtilisation() {
+  session_.titre = kTitreNouvelleUtilisation;
   MontrerSession();
 }
 
@@ -204,6 +229,14 @@ void Principal::closeEvent(QCloseEvent* evenement) {
 }
 
 // --- programs and forms ---
+
+bool Principal::ProgrammeExiste(const QString& action) const {
+  const auto entrees = EntreesDeProgrammes();
+  return std::any_of(entrees.begin(), entrees.end(),
+                     [&](const EntreeDeProgramme& entree) { return action == QString::fromLatin1(entree.action); });
+}
+
+void Principal::OuvrirProgramme(const QString& action) { Action(action)->trigger(); }
 
 Contexte Principal::ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
 

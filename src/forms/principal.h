@@ -10,6 +10,8 @@
 #include <memory>
 
 #include "core/affichage.h"
+#include "core/empreinte.h"
+#include "core/erreur.h"
 #include "core/programme.h"
 #include "core/session.h"
 
@@ -18,6 +20,8 @@ class Principal;
 }
 
 namespace quelvar {
+
+struct EntreeDAffichage;
 
 // What lies outside the program, given at the start: the tests put their own in its place.
 struct Environnement {
@@ -43,26 +47,36 @@ class Principal : public QMainWindow {
   Contexte ContexteEnCours();
   // Runs a program: the window is kept from the user until it comes back.
   void Lancer(const std::function<void(const Contexte&)>& programme);
-  // Shows the form of that class: the one that is open, else a new one made with this window.
-  template <class Forme>
-  Forme& Montrer() {
-    for (const QPointer<QWidget>& ouverte : formes_)
-      if (auto* forme = qobject_cast<Forme*>(ouverte.data()); forme != nullptr && forme->isVisible()) {
-        Presenter(*forme);
-        return *forme;
-      }
-    auto* forme = new Forme(*this);
+  // Shows the form of that class: the one that is open, else a new one made with this window and the arguments.
+  template <class Forme, class... Arguments>
+  Forme& Montrer(Arguments&&... arguments) {
+    Forme* forme = Ouverte<Forme>();
+    if (forme == nullptr) forme = new Forme(*this, std::forward<Arguments>(arguments)...);
     Presenter(*forme);
     return *forme;
+  }
+  // The open form of that class, or nullptr.
+  template <class Forme>
+  Forme* Ouverte() const {
+    for (const QPointer<QWidget>& ouverte : formes_)
+      if (auto* forme = qobject_cast<Forme*>(ouverte.data()); forme != nullptr && forme->isVisible()) return forme;
+    return nullptr;
   }
   // Closes every form that Montrer has opened and hides the progress display.
   void FermerFormes();
   // A program has moved the data set to another generic; Text1 keeps the report.
   void AdopterGenerique(std::string_view generique);
+  // A program has made files of the current generic: Qvr2.ini is written and the count of individuals read anew.
+  void RelireGenerique() { AdopterGenerique(std::string(session_.generique)); }
   // Replaces what Text1 holds by lines that belong to no file.
   void AfficherTexte(std::string_view texte);
   void AjouterTexte(std::string_view texte);
-  void OuvrirAide(const QString& document, const QString& ancre);
+  // By the name of an entry of the menu "Aide".
+  bool AideExiste(const QString& action) const;
+  void OuvrirAide(const QString& action);
+  // By the name of an entry of the menu: whether a program is behind it, and running it.
+  bool ProgrammeExiste(const QString& action) const;
+  void OuvrirProgramme(const QString& action);
 
   // --- moves of the session ---
 
@@ -92,10 +106,25 @@ class Principal : public QMainWindow {
   void FixerTailleDEcran(const QString& action);
 
   void Presenter(QWidget& forme);
+
   void Afficher(const Affichage& affichage);
+  void MontrerTexte(std::string_view texte, const std::string& nomFichier, bool alaFin);
+  void MontrerVerrous(int lignesDeRegle);
+  void PermettreEnregistrement(bool permis);
+  void DemarrerLecteur(const Chemin& fichier);
   void PreparerMenuAffichage();
   void PreparerMenuAide();
-  void AfficherResultat(const QString& extension);
+  void AfficherResultat(const EntreeDAffichage& entree);
+  void AfficherEntier(const Chemin& fichier);
+  void AfficherPartiel(const Chemin& fichier, bool avecRegle);
+  void AfficherQuelconque();
+  void AfficherEchec(const Chemin& fichier, const Erreur& erreur);
+  void Retenir(const Chemin& fichier, std::string_view octets);
+  bool PeutRemplacer(const Chemin& fichier);
+  void EnregistrerSous();
+  void Imprimer();
+  void ImprimerEnPdf();
+  void Annoncer(const QString& texte);
 
   Environnement environnement_;
   std::unique_ptr<Ui::Principal> ui_;
@@ -106,6 +135,10 @@ class Principal : public QMainWindow {
   Dialogue dialogue_;
   QList<QPointer<QWidget>> formes_;
   bool enCours_ = false;  // a program runs
+  int lignesDeRegle_ = 0;
+  std::optional<Chemin> affiche_;  // the file that Text1 shows, as it was then
+  Empreinte empreinte_;
+  bool partiel_ = false;  // Text1 does not hold the whole of it
 };
 
 }  // namespace quelvar

@@ -1,10 +1,39 @@
 // Options of the flat sort and of the recoding, and the choice of the working directory.
 #pragma once
 
+#include <QDialog>
+#include <memory>
+
+#include "forms/principal.h"
+
+namespace Ui {
+class Principal2;
+}
+
 namespace quelvar {
 
-class Principal;
+class Principal2 : public QDialog {
+  Q_OBJECT
+ public:
+  enum class Usage { Repertoires, Triapl };
+  Principal2(Principal& principal, Usage usage);
+  ~Principal2() override;
 
+ private:
+  void MontrerRepertoires();
+  void MontrerOptionsTriapl();
+  void Reinitialiser();
+  void LancerTriapl();
+  // The other data file when CaseDat is ticked; nothing when its choice is cancelled.
+  std::optional<std::string> FichierDeDonnees();
+  void ListerInitialisations();
+
+  Principal& principal_;
+  std::unique_ptr<Ui::Principal2> ui_;
+};
+
+void OuvrirRepertoires(Principal& principal);
+// At level 1 runs the flat sort at once, else shows its options.
 void OuvrirTriapl(Principal& principal);
 
 }  // namespace quelvar

@@ -9,10 +9,13 @@
 #include <QUrl>
 #include <deque>
 #include <functional>
+#include <ostream>
 #include <stdexcept>
 
 #include "forms/principal.h"
 #include "support/environnement.h"
+
+inline void PrintTo(const QString& texte, std::ostream* flux) { *flux << '"' << texte.toStdString() << '"'; }
 
 namespace essai {
 

@@ -1,0 +1,33 @@
+// Which source files the generic has for an import, and what the forms of the import say about them.
+#pragma once
+
+#include <string>
+
+#include "core/programme.h"
+
+namespace quelvar {
+
+struct SourcesPresentes {
+  bool dbf = false;
+  bool csv = false;
+  bool dat = false;
+  bool pos = false;  // one shorter than kPosVide bytes counts as absent
+  bool brt = false;
+  bool txt = false;
+
+  // The form FImportCSV serves these sources, FImport the others.
+  bool DeTableur() const { return csv || txt; }
+};
+
+// A .POS shorter than this counts as absent.
+inline constexpr std::uintmax_t kPosVide = 3;
+
+SourcesPresentes ChercherSources(const Contexte& contexte);
+
+std::string_view TextePresence(bool present);
+// Text of the help box of FImportCSV, lines ended by CR LF.
+std::string AideImportCsv(const SourcesPresentes& sources, bool sansIntitules);
+// Text of the help box of FImport; at level 1 the import of a Burt table is not offered.
+std::string AideImport(const SourcesPresentes& sources, int niveau);
+
+}  // namespace quelvar
