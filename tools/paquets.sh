@@ -45,5 +45,5 @@ installer() {
 installer_runtime_clang() {
   local version
   version=$(clang --version | sed -n 's/.*clang version \([0-9]*\).*/\1/p')
-  installer "libclang-rt-$version-dev|libclang-common-$version-dev"
+  installer "libclang-rt-$version-dev"
 }
