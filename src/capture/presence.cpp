@@ -14,25 +14,28 @@ std::string_view TextePresence(bool present) { return present ? "Présent"_w : s
 
 std::string AideImportCsv(const SourcesPresentes& sources, bool sansIntitules) {
   if (!sources.DeTableur())
-    return Joindre({"Pas d'mportation d'un fichier CSV (*.CSV) ou d'un fichier TXT (*.TXT) possible du fait de "
-                    "l'absence de fichiers.\r\nAnnulez.\r\n"_w});
+    return Joindre(
+        {"Pas d'mportation d'un fichier CSV (*.CSV) ou d'un fichier TXT (*.TXT) possible du fait de "
+         "l'absence de fichiers.\r\nAnnulez.\r\n"_w});
   std::string texte = Joindre(
       {"Importation d'un fichier CSV (*.CSV) ou d'un fichier TXT (*.TXT) .\r\n"
        "Le nom du champ issu d'Excel  est repris uniquement dans le cas des champs de largeur 1, 2 ou 3. Les autres "
        "champs son conservés dans le fichier *.DAT mais non dans le fichier *.POS\r\n"_w});
   if (sources.dat || sources.pos)
-    texte += "Attention les fichiers *.DAT et *.POS qui existent déjà seront remplacés du fait de l'importation du "
-             "fichier CSV.\r\n"_w;
+    texte +=
+        "Attention les fichiers *.DAT et *.POS qui existent déjà seront remplacés du fait de l'importation du "
+        "fichier CSV.\r\n"_w;
   if (sansIntitules) texte += "Dans ce cas, un fichier DAT est créé mais non un fichier POS.\r\n"_w;
   return texte;
 }
 
 std::string AideImport(const SourcesPresentes& sources, int niveau) {
   if (sources.dbf || sources.dat) return "Importation d'un fichier dBase (*.DBF).\r\n";
-  return Joindre({"Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
-                  "l'absence de fichiers.\r\n"_w,
-                  niveau == 1 ? std::string_view("Annulez.\r\n")
-                              : "Annulez ou prenez l'option d'importation d'un tableau de Burt.\r\n"_w});
+  return Joindre(
+      {"Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
+       "l'absence de fichiers.\r\n"_w,
+       niveau == 1 ? std::string_view("Annulez.\r\n")
+                   : "Annulez ou prenez l'option d'importation d'un tableau de Burt.\r\n"_w});
 }
 
 }  // namespace quelvar

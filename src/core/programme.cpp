@@ -1,6 +1,7 @@
 #include "core/programme.h"
 
 #include <new>
+#include <stdexcept>
 #include <system_error>
 
 #include "core/nombres.h"

@@ -135,12 +135,27 @@ TEST_F(RunAnecar, EditionFollowsTheSizeAtLevelOne) {
 TEST_F(RunAnecar, BrokenDeclarationsEndInAReport) {
   const std::string brt = "L1  1203\nL2  3102\nL3  0514\nL4  2220\n";
   const std::string modalites = "\nC1\nC2   S\nC3\nC4\n";
-  for (const char* parametres :
-       {"", "BRT=1", "BRT=2 FMT=1", "BRT=4 FMT=1", "BRT=5 FMT=1", "BRT=32767 FMT=1", "BRT=-3 LIGN=4 FMT=1",
-        "BRT=1 LIGN=4 COL=3 LSUP=1 FMT=1", "BRT=1 LIGN=2 COL=4 LSUP=1 FMT=1", "BRT=1 LIGN=4 COL=-4 FMT=1",
-        "LIGN=4 FMT=0", "LIGN=4 FMT=-1", "LIGN=4 FMT=32767", "LIGN=4 FMT=99999", "LIGN=4 LSUP=-2 FMT=1",
-        "LIGN=4 LSUP=3 FMT=1", "LIGN=1E300 FMT=1", "LIGN=999999999999 FMT=1", "LIGN=4 FMT=1 DE=2000000000",
-        "LIGN=4 FMT=1 DE=30", "LIGN=4 FMT=1 DE=-1"}) {
+  for (const char* parametres : {"",
+                                 "BRT=1",
+                                 "BRT=2 FMT=1",
+                                 "BRT=4 FMT=1",
+                                 "BRT=5 FMT=1",
+                                 "BRT=32767 FMT=1",
+                                 "BRT=-3 LIGN=4 FMT=1",
+                                 "BRT=1 LIGN=4 COL=3 LSUP=1 FMT=1",
+                                 "BRT=1 LIGN=2 COL=4 LSUP=1 FMT=1",
+                                 "BRT=1 LIGN=4 COL=-4 FMT=1",
+                                 "LIGN=4 FMT=0",
+                                 "LIGN=4 FMT=-1",
+                                 "LIGN=4 FMT=32767",
+                                 "LIGN=4 FMT=99999",
+                                 "LIGN=4 LSUP=-2 FMT=1",
+                                 "LIGN=4 LSUP=3 FMT=1",
+                                 "LIGN=1E300 FMT=1",
+                                 "LIGN=999999999999 FMT=1",
+                                 "LIGN=4 FMT=1 DE=2000000000",
+                                 "LIGN=4 FMT=1 DE=30",
+                                 "LIGN=4 FMT=1 DE=-1"}) {
     for (const bool logique : {false, true}) {
       Table(std::string("T\n ") + parametres + modalites, brt);
       essai::EcrireOctets(dossier_.Chemin() / "ENQ.CDG", "");

@@ -38,7 +38,8 @@ std::vector<FacteurLu> Extraire(Matrice d, TypeAnalyse type, std::size_t nombre)
 
 // Staff groups by smoking: M. J. Greenacre, "Theory and Applications of Correspondence Analysis", 1984, section 3.1.
 const Matrice& Fumeurs() {
-  static const Matrice table = MatriceDe({{4, 2, 3, 2}, {4, 3, 7, 4}, {25, 10, 12, 4}, {18, 24, 33, 13}, {10, 6, 7, 2}});
+  static const Matrice table =
+      MatriceDe({{4, 2, 3, 2}, {4, 3, 7, 4}, {25, 10, 12, 4}, {18, 24, 33, 13}, {10, 6, 7, 2}});
   return table;
 }
 
@@ -145,7 +146,9 @@ TEST(Extraction, DegenerateTables) {
   EXPECT_EQ(creux[0].g[1], 0);
   // Margins of both signs leave the vectors without a norm.
   EXPECT_EQ(essai::NumeroLeve([] { Extraire(MatriceDe({{1, -9}, {9, 2}}), TypeAnalyse::Afc, 1); }), kArgumentIncorrect);
-  EXPECT_EQ(essai::NumeroLeve([] { Extraire(MatriceDe({{1e308, 1e308}, {1e308, 1}}), TypeAnalyse::Afc, 1); }),
+  EXPECT_EQ(essai::NumeroLeve([] {
+              Extraire(MatriceDe({{1e308, 1e308}, {1e308, 1}}), TypeAnalyse::Afc, 1);
+            }),
             kDepassementCapacite);
 }
 
