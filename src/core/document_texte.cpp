@@ -237,6 +237,19 @@ std::string TexteCapacite(std::string_view nom, const Mesure& mesure, const Capa
                   Nombre(capacite.longueurLigne), " caractères."_w});
 }
 
+std::u16string CouperLignesLongues(std::u16string texte, std::size_t longueur) {
+  std::u16string coupe;
+  std::size_t debut = 0;
+  for (std::size_t fin = 0; debut < texte.size(); debut = fin) {
+    fin = std::min(texte.find(u'\n', debut), texte.size() - 1) + 1;
+    if (fin - debut <= longueur + 1 && coupe.empty()) continue;  // nothing cut so far: nothing to copy
+    if (coupe.empty()) coupe.assign(texte, 0, debut);
+    for (; fin - debut > longueur + 1; debut += longueur) (coupe.append(texte, debut, longueur)) += u'\n';
+    coupe.append(texte, debut, fin - debut);
+  }
+  return coupe.empty() ? std::move(texte) : coupe;
+}
+
 FichierOuvert OuvrirDocument(const Chemin& chemin, const Capacite& capacite) {
   FichierOuvert ouvert;
   ouvert.mesure.octets = LongueurFichier(chemin);

@@ -69,4 +69,7 @@ FichierOuvert OuvrirDocument(const Chemin& chemin, const Capacite& capacite);
 // was.
 Empreinte EnregistrerDocument(const Chemin& chemin, std::u16string_view texte, const FormeTexte& forme);
 
+// The lines longer than `longueur` broken into lines of that length, for a view that is not to stand still on them.
+std::u16string CouperLignesLongues(std::u16string texte, std::size_t longueur);
+
 }  // namespace quelvar

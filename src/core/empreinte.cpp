@@ -17,13 +17,20 @@ Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets) {
   return {octets.size(), std::filesystem::last_write_time(chemin, ignoree), Condense(octets)};
 }
 
+Empreinte EmpreinteSansContenu(const Chemin& chemin) {
+  std::error_code ignoree;
+  return {LongueurFichier(chemin), std::filesystem::last_write_time(chemin, ignoree), std::nullopt};
+}
+
 SurDisque ComparerAvecDisque(const Chemin& chemin, Empreinte& connue, bool toujoursLire) {
   std::error_code code;
   const std::uintmax_t taille = std::filesystem::file_size(chemin, code);
   const auto instant = code ? std::filesystem::file_time_type{} : std::filesystem::last_write_time(chemin, code);
   if (code) return SurDisque::Disparu;
   if (taille != connue.taille) return SurDisque::Modifie;
-  if (instant == connue.instant && !toujoursLire) return SurDisque::Inchange;
+  const bool memeInstant = instant == connue.instant;
+  if (!connue.contenu) return memeInstant ? SurDisque::Inchange : SurDisque::Modifie;
+  if (memeInstant && !toujoursLire) return SurDisque::Inchange;
   try {
     if (Condense(LireOctets(chemin)) != connue.contenu) return SurDisque::Modifie;
   } catch (const Erreur&) {

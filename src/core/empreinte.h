@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 
 #include "core/fichiers.h"
@@ -14,9 +15,12 @@ namespace quelvar {
 struct Empreinte {
   std::uintmax_t taille = 0;
   std::filesystem::file_time_type instant{};
-  std::size_t contenu = 0;
+  std::optional<std::size_t> contenu;  // nothing when size and time are to be enough
 };
+// Of a file whose bytes have been read or written.
 Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets);
+// Without a look at the content. Raises 53, 70 or 75.
+Empreinte EmpreinteSansContenu(const Chemin& chemin);
 
 enum class SurDisque { Inchange, Modifie, Disparu };
 // Compares the file with what is remembered of it. The content decides as soon as the size or the time differs, and

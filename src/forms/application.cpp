@@ -11,7 +11,10 @@
 #include "forms/texte_qt.h"
 
 // The resources of a static library are brought in by hand, outside of any namespace.
-static void InitialiserRessources() { Q_INIT_RESOURCE(quelvar); }
+static void InitialiserRessources() {
+  Q_INIT_RESOURCE(quelvar);
+  Q_INIT_RESOURCE(icones);
+}
 
 namespace quelvar {
 
