@@ -29,6 +29,7 @@ frmSDI::frmSDI(ServicesEditeur services, Genre genre, QWidget* parent)
   RelierMenus();
   RelierEdition();
   if (genre_ == Genre::Lecteur) PreparerLecteur();
+  else connect(ui_->TexteEd, &QPlainTextEdit::modificationChanged, this, &QWidget::setWindowModified);
   MontrerTitre();
   MontrerForme();
   MontrerPosition();
@@ -88,7 +89,6 @@ void frmSDI::RelierEdition() {
   connect(texte, &QPlainTextEdit::copyAvailable, ui_->mnuCouper, &QAction::setEnabled);
   connect(texte, &QPlainTextEdit::cursorPositionChanged, this, &frmSDI::MontrerPosition);
   connect(texte, &QPlainTextEdit::selectionChanged, this, &frmSDI::MontrerPosition);
-  connect(texte, &QPlainTextEdit::modificationChanged, this, &QWidget::setWindowModified);
   connect(texte, &EditTexte::remarque, this, &frmSDI::Dire);
   connect(texte, &EditTexte::chargement, this, [this](int pourcent) {
     if (pourcent < 100) Dire(QStringLiteral("Chargement... %1 %").arg(pourcent));

@@ -78,6 +78,8 @@ class frmSDI : public QMainWindow {
   bool PeutRemplacer();
   bool Ecrire(const QString& fichier);
   void SurveillerLeDisque();
+  bool DejaSignale() const;
+  void RetenirSignalement();
   void PreparerRecents();
   void RetenirRecent();
 
@@ -102,6 +104,7 @@ class frmSDI : public QMainWindow {
   QString fichier_;
   FormeTexte formeTexte_;
   std::optional<Empreinte> empreinte_;  // nothing for a file that is not on the disk yet
+  std::optional<Empreinte> signale_;    // another state of the file that the user has been told of
   std::size_t partie_ = 0;              // of a long file in the viewer
   std::size_t parties_ = 1;
   bool surveille_ = false;  // a question about the disk is open

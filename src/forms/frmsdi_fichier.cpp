@@ -146,6 +146,7 @@ bool frmSDI::PeutRemplacer() {
   const bool change =
       empreinte_ ? ComparerAvecDisque(chemin, *empreinte_, true) == SurDisque::Modifie : QFileInfo::exists(fichier_);
   if (!change) return true;
+  RetenirSignalement();
   switch (DemanderReponse(this,
                           QStringLiteral("Le fichier %1 a été changé par un autre programme.\n"
                                          "Le remplacer par le texte de l'éditeur ?\n\n"
@@ -181,7 +182,7 @@ bool frmSDI::Ecrire(const QString& fichier) {
 void frmSDI::SurveillerLeDisque() {
   if (surveille_ || !empreinte_ || QApplication::activeModalWidget() != nullptr) return;
   const SurDisque etat = ComparerAvecDisque(CheminDepuisQt(fichier_), *empreinte_, false);
-  if (etat == SurDisque::Inchange) return;
+  if (etat == SurDisque::Inchange || (etat == SurDisque::Modifie && DejaSignale())) return;
   surveille_ = true;
   if (etat == SurDisque::Disparu) {
     empreinte_.reset();
@@ -189,18 +190,32 @@ void frmSDI::SurveillerLeDisque() {
     DemanderReponse(this, QStringLiteral("Le fichier %1 n'est plus sur le disque.\nLe texte reste ici.").arg(Nom()),
                     Boutons::Ok);
   } else {
+    RetenirSignalement();
     QString phrase = QStringLiteral("Le fichier %1 a été changé par un autre programme.\nVoulez-vous le relire ?");
     if (isWindowModified()) phrase += QStringLiteral("\nVos modifications seront perdues.");
     if (DemanderReponse(this, phrase.arg(Nom()), Boutons::OuiNon) == Reponse::Oui) {
       ui_->TexteEd->document()->setModified(false);
       if (!Recharger()) ui_->TexteEd->document()->setModified(genre_ == Genre::Editeur);
     } else {
-      // The user keeps this text: what the disk holds is now known, and the text differs from it.
       ui_->TexteEd->document()->setModified(genre_ == Genre::Editeur);
-      empreinte_ = EmpreinteSansContenu(CheminDepuisQt(fichier_));
     }
   }
   surveille_ = false;
+}
+
+bool frmSDI::DejaSignale() const {
+  if (!signale_) return false;
+  std::error_code code;
+  const Chemin chemin = CheminDepuisQt(fichier_);
+  return std::filesystem::file_size(chemin, code) == signale_->taille &&
+         std::filesystem::last_write_time(chemin, code) == signale_->instant;
+}
+
+// The user is told of this state of the file once; a save still asks.
+void frmSDI::RetenirSignalement() {
+  std::error_code code;
+  const Chemin chemin = CheminDepuisQt(fichier_);
+  signale_ = Empreinte{std::filesystem::file_size(chemin, code), std::filesystem::last_write_time(chemin, code), {}};
 }
 
 // --- recent files ---

@@ -95,6 +95,21 @@ TEST(DocumentTexte, CharacterOutsideTheEncodingBecomesAQuestionMark) {
   EXPECT_EQ(CaracteresAdmis(texte, Encodage::Utf8), u"œ Ŵ 😀 \u2400 \u240D \uFFFD.\n");
 }
 
+TEST(DocumentTexte, LongLinesAreBroken) {
+  struct Cas {
+    std::u16string texte;
+    std::u16string coupe;
+  };
+  const Cas cas[] = {
+      {u"", u""},
+      {u"abc\nabc", u"abc\nabc"},
+      {u"abcd\n", u"abc\nd\n"},
+      {u"a\n\nabcdefg", u"a\n\nabc\ndef\ng"},
+      {u"abcdef\nab\nabcd\n", u"abc\ndef\nab\nabc\nd\n"},
+  };
+  for (const Cas& c : cas) EXPECT_EQ(CouperLignesLongues(c.texte, 3), c.coupe);
+}
+
 TEST(DocumentTexte, CapacityRefusesTooManyBytesTooManyLinesOrALongLine) {
   const essai::DossierTemporaire dossier;
   const Chemin chemin = dossier.Chemin() / "ENQ.DAT";

@@ -36,5 +36,15 @@ TEST(Empreinte, ContentDecides) {
   EXPECT_EQ(ComparerAvecDisque(fichier, connue, false), SurDisque::Disparu);
 }
 
+TEST(Empreinte, WithoutContentTheTimeDecides) {
+  const essai::DossierTemporaire dossier;
+  const Chemin fichier = dossier.Chemin() / "LONG.TCR";
+  essai::EcrireOctets(fichier, "un\r\n");
+  Empreinte connue = EmpreinteSansContenu(fichier);
+  EXPECT_EQ(ComparerAvecDisque(fichier, connue, true), SurDisque::Inchange);
+  std::filesystem::last_write_time(fichier, connue.instant + std::chrono::seconds(5));
+  EXPECT_EQ(ComparerAvecDisque(fichier, connue, false), SurDisque::Modifie);
+}
+
 }  // namespace
 }  // namespace quelvar
