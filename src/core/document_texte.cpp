@@ -239,15 +239,16 @@ std::string TexteCapacite(std::string_view nom, const Mesure& mesure, const Capa
 
 std::u16string CouperLignesLongues(std::u16string texte, std::size_t longueur) {
   std::u16string coupe;
-  std::size_t debut = 0;
-  for (std::size_t fin = 0; debut < texte.size(); debut = fin) {
-    fin = std::min(texte.find(u'\n', debut), texte.size() - 1) + 1;
-    if (fin - debut <= longueur + 1 && coupe.empty()) continue;  // nothing cut so far: nothing to copy
-    if (coupe.empty()) coupe.assign(texte, 0, debut);
-    for (; fin - debut > longueur + 1; debut += longueur) (coupe.append(texte, debut, longueur)) += u'\n';
-    coupe.append(texte, debut, fin - debut);
+  std::size_t copie = 0;  // characters of the text that `coupe` holds
+  for (std::size_t debut = 0; debut < texte.size();) {
+    const std::size_t fin = std::min(texte.find(u'\n', debut), texte.size());
+    for (; fin - debut > longueur; debut += longueur) {
+      coupe.append(texte, copie, debut + longueur - copie) += u'\n';
+      copie = debut + longueur;
+    }
+    debut = fin + 1;
   }
-  return coupe.empty() ? std::move(texte) : coupe;
+  return copie == 0 ? std::move(texte) : coupe.append(texte, copie);
 }
 
 FichierOuvert OuvrirDocument(const Chemin& chemin, const Capacite& capacite) {
