@@ -60,6 +60,15 @@ void DetacherIntitule(std::string_view ligne, std::string& zoneLibre, Question& 
 
 std::string TexteCodeMax(int codeMax) { return codeMax >= 100 ? "L3" : NombreFixe(codeMax, 2, 0); }
 
+std::string_view MarqueDe(Statut statut) {
+  switch (statut) {
+    case Statut::Actif: return kMarqueActive;
+    case Statut::Supplementaire: return kMarqueSupplementaire;
+    case Statut::Aucun: break;
+  }
+  return {};
+}
+
 std::string_view CodeCaractere(int code) {
   if (code < 0 || code > 99) throw Erreur(kIndiceHorsSelection);
   return {kCodes[static_cast<std::size_t>(code)].data(), code < 36 ? std::size_t{1} : std::size_t{2}};
@@ -131,6 +140,10 @@ FichierPos LirePos(const Chemin& chemin) {
   }
   if (pos.fin == FinDeListe::FinDeFichier) pos.premiereApres = pos.lignes.size();
   return pos;
+}
+
+std::string FauteIntitule(const Question& question) {
+  return Joindre({"L'intitulé de la question "_w, question.nom, " n'est pas encadré par le signe dollar"_w});
 }
 
 std::string_view MessageParentheses() {

@@ -54,6 +54,9 @@ constexpr int LargeurDe(int codeMax) { return codeMax == 999 ? 3 : codeMax >= 10
 // Columns 8-9 of a question line for a numeric code-max: right-aligned, "L3" from 100 on.
 std::string TexteCodeMax(int codeMax);
 
+// "&ACT&", "&SUP&", or nothing.
+std::string_view MarqueDe(Statut statut);
+
 // Printed form of a code from 1 to 99: "1" to "9", "A" to "Z", then two digits; "0" for the non-response. Raises 9.
 std::string_view CodeCaractere(int code);
 
@@ -67,6 +70,10 @@ std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 // Reads the file; without its questions when the parentheses of line 2 are faulty. Raises 62 for less than two lines,
 // 6, and the numbers of LecteurLignes.
 FichierPos LirePos(const Chemin& chemin);
+
+// The fault of a label without its second "$", as a report tells it; a message box goes on with kCorrigezRelancez.
+std::string FauteIntitule(const Question& question);
+inline constexpr std::string_view kCorrigezRelancez = ", corrigez et relancez ";
 
 // The message on the parentheses of line 2.
 std::string_view MessageParentheses();

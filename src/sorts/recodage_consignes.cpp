@@ -74,9 +74,8 @@ void Lecture::LireFichier(const Chemin& chemin) {
 
 void Lecture::ExigerIntitule(const Question& question) {
   if (!question.intituleOuvert) return;
-  const std::string faute =
-      Joindre({"L'intitulé de la question "_w, question.nom, " n'est pas encadré par le signe dollar"_w});
-  contexte_.Ecran().demander(Joindre({faute, ", corrigez et relancez "}), Boutons::Ok);
+  const std::string faute = FauteIntitule(question);
+  contexte_.Ecran().demander(Joindre({faute, kCorrigezRelancez}), Boutons::Ok);
   avertisseur_.Avertir(faute);
 }
 
@@ -206,7 +205,8 @@ void Lecture::LireElementFiltre(const ElementFiltre& element) {
   }
   const std::string nom = Majuscules(element.nom);
   if (nom != element.nom) feuille_.Ligne("Le filtre a été converti en majuscules"_w);
-  feuille_.Ligne({nom, NombreNu(element.code)});
+  const int code = Entier16(ValeurDe(element.code));
+  feuille_.Ligne({nom, NombreNu(code)});
   const auto& questions = consignes_.pos.questions;
   const auto trouvee = std::ranges::find_if(
       questions, [&](const Question& q) { return Majuscules(q.nom).find(nom) != std::string::npos; });
@@ -216,7 +216,7 @@ void Lecture::LireElementFiltre(const ElementFiltre& element) {
   }
   const auto question = static_cast<std::size_t>(trouvee - questions.begin());
   if (!EstGardee(question)) avertisseur_.Avertir("STOP : un élément du filtre n'est pas conservé"_w);
-  consignes_.filtre.push_back({question, element.code});
+  consignes_.filtre.push_back({question, code});
 }
 
 void Lecture::VerifierRegles() {

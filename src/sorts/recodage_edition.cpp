@@ -39,15 +39,6 @@ void EcrireTableVit(Rapport& rapport, const Consignes& consignes, const Plan& pl
   }
 }
 
-std::string_view Marque(Statut statut) {
-  switch (statut) {
-    case Statut::Actif: return "&ACT&";
-    case Statut::Supplementaire: return "&SUP&";
-    case Statut::Aucun: break;
-  }
-  return {};
-}
-
 std::string DebutDeLigne(std::string_view nom, int position, int codeMax) {
   return Joindre({CadreGauche(nom, kLargeurNom), EntierDroit(position, 4), TexteCodeMax(codeMax)});
 }
@@ -56,7 +47,7 @@ void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& qu
   sortie.Ecrire(debut);
   sortie.Ecrire(question.type);
   if (!question.intitule.empty()) sortie.Ecrire(Joindre({avantIntitule, question.intitule, "$ "}));
-  sortie.Ligne(Marque(question.statut));
+  sortie.Ligne(MarqueDe(question.statut));
 }
 
 void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const Plan& plan) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/nombres.h"
 #include "core/texte.h"
 
 namespace quelvar {
@@ -64,7 +63,7 @@ ExpressionFiltre LireFiltre(std::string_view filtre) {
     element.vide = texte.empty();
     element.egal = egal != std::string_view::npos;
     element.nom = texte.substr(0, egal);
-    if (element.egal) element.code = Entier16(ValeurDe(texte.substr(egal + 1)));
+    if (element.egal) element.code = texte.substr(egal + 1);
     expression.elements.push_back(std::move(element));
     if (lien == std::string_view::npos) return expression;
     suite.remove_prefix(lien + 1);

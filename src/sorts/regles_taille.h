@@ -26,7 +26,7 @@ struct ElementFiltre {
   bool vide = false;
   bool egal = false;  // it has an "="
   std::string nom;    // as typed, without blanks
-  int code = 0;
+  std::string code;   // what stands behind the "="
 };
 
 struct ExpressionFiltre {
@@ -34,7 +34,7 @@ struct ExpressionFiltre {
   std::vector<ElementFiltre> elements;
 };
 
-// Reads a filter from its keyword on. Raises 6 for a code beyond 16 bits.
+// Reads a filter from its keyword on.
 ExpressionFiltre LireFiltre(std::string_view filtre);
 
 // What the weighting question is named without a name on the size line.

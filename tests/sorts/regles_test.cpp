@@ -119,11 +119,10 @@ TEST(Filtre, IsAListOfComparisons) {
     const ExpressionFiltre lue = LireFiltre(filtre);
     if (lue.sansBlanc) return std::string("sans blanc");
     std::string texte;
-    for (const ElementFiltre& e : lue.elements)
-      texte += e.vide ? "vide " : e.nom + (e.egal ? "=" + std::to_string(e.code) : "") + " ";
+    for (const ElementFiltre& e : lue.elements) texte += e.vide ? "vide " : e.nom + (e.egal ? "=" + e.code : "") + " ";
     return texte;
   };
-  EXPECT_EQ(ecrire("INCL A B=1 2 + c=x&D"), "AB=12 c=0 D ");
+  EXPECT_EQ(ecrire("INCL A B=1 2 + c=x&D"), "AB=12 c=x D ");
   EXPECT_EQ(ecrire("INCL A=1+"), "A=1 vide ");
   EXPECT_EQ(ecrire("INCL "), "vide ");
   EXPECT_EQ(ecrire("INCL"), "sans blanc");
