@@ -28,6 +28,7 @@ const std::vector<Programme>& Programmes() {
       // clang-format off
       ProgrammeImportCsv(),
       ProgrammeTriapl(),
+      ProgrammePrepRecod(),
       ProgrammeRecodage(),
       ProgrammeCroise(),
       ProgrammePosmod(),

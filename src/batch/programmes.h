@@ -161,6 +161,7 @@ Programme ProgrammeModifMod();
 Programme ProgrammeNomeMod();
 Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
+Programme ProgrammePrepRecod();
 Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();
 

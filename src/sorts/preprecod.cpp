@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kLargeurTete = 10;
 constexpr std::size_t kLargeurNomVit = 3;
+constexpr int kFinCodeVit = 9;       // last column of the code of an element
 constexpr int kCodeVitMaximum = 99;  // two columns
 constexpr std::string_view kMarqueVit = "$$";
 
@@ -244,6 +245,14 @@ std::string* ElementEnCours(EtatPrepRecod& etat) {
   return etat.vitAffichee.empty() || !EstElement(etat.vitAffichee.back()) ? nullptr : &etat.vitAffichee.back();
 }
 
+// Columns 8-9 of the element that is being built.
+void PoserCode(EtatPrepRecod& etat, const std::string& texte) {
+  std::string* element = ElementEnCours(etat);
+  if (element == nullptr || element->size() < kLargeurNomVit) return;
+  element->resize(kLargeurNomVit);
+  *element += CadreDroit(texte, kFinCodeVit - static_cast<int>(kLargeurNomVit));
+}
+
 }  // namespace
 
 void CommencerVit(EtatPrepRecod& etat, std::string_view nom) {
@@ -274,18 +283,13 @@ bool AjouterQuestionALaVit(EtatPrepRecod& etat) {
   return true;
 }
 
-void AjouterCodeALaVit(EtatPrepRecod& etat, int code) {
-  std::string* element = ElementEnCours(etat);
-  if (element == nullptr || element->size() < kLargeurNomVit) return;
-  element->resize(kLargeurNomVit);
-  element->append(code < 10 ? 5 : 4, ' ');
-  element->append(Nombre(code));
-}
+void AjouterCodeALaVit(EtatPrepRecod& etat, int code) { PoserCode(etat, Nombre(code)); }
 
 void AjouterScoreALaVit(EtatPrepRecod& etat, std::string_view score) {
+  const std::string_view seul = Rogner(score);
   std::string* element = ElementEnCours(etat);
-  if (element == nullptr || Rogner(score).empty()) return;
-  *element += Joindre({" ", Rogner(score)});
+  if (seul == "+") PoserCode(etat, "+");
+  else if (element != nullptr && !seul.empty()) *element += Joindre({" ", seul});
 }
 
 void CommencerElementDeVit(EtatPrepRecod& etat) {

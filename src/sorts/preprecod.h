@@ -69,6 +69,7 @@ void CommencerVit(EtatPrepRecod& etat, std::string_view nom);
 // Adds the current question to the displayed VIT; true when a code is to be chosen for it.
 bool AjouterQuestionALaVit(EtatPrepRecod& etat);
 void AjouterCodeALaVit(EtatPrepRecod& etat, int code);
+// The score "+" takes the place of the code: the value of the question is to be added.
 void AjouterScoreALaVit(EtatPrepRecod& etat, std::string_view score);
 void CommencerElementDeVit(EtatPrepRecod& etat);
 void CorrigerVit(EtatPrepRecod& etat);

@@ -39,8 +39,8 @@ constexpr std::string_view kVit =
     "    $$CUL           nom de la VIT\r\n"
     "    CIN     1       cinéma : oui compte pour 1\r\n"
     "    LEC     1 2     lecture : oui compte pour 2\r\n"
-    "Pour additionner les réponses elles-mêmes, modifiez la VIT et écrivez le signe + en colonne 9 à la place du code, "
-    "à tous les éléments.\r\n"
+    "Pour additionner les réponses elles-mêmes, donnez le score + à tous les éléments : il prend la place du code en "
+    "colonne 9.\r\n"
     "Validez la VIT, puis enregistrez."_w;
 
 }  // namespace

@@ -158,14 +158,17 @@ TEST_F(Preparation, AVitIsBuiltElementByElement) {
   EXPECT_EQ(TexteVit(etat), "$$Cul\r\nSEX     1\r\nAG     12 3");
   CommencerElementDeVit(etat);
   CommencerVit(etat, "B");
+  AjouterQuestionALaVit(etat);
+  AjouterCodeALaVit(etat, 12);
+  AjouterScoreALaVit(etat, "+");
   ValiderVit(etat);
   EXPECT_EQ(etat.message, "La VIT affichée est validée (mais non enregistrée)"_w);
   EXPECT_TRUE(EnregistrerListe(etat).ends_with(
-      "REV   4L3 \r\n$$Cul\r\nSEX     1\r\nAG     12 3\r\n$$B\r\n$$\r\n**\r\nReste\r\n"));
+      "REV   4L3 \r\n$$Cul\r\nSEX     1\r\nAG     12 3\r\n$$B\r\nAG      +\r\n$$\r\n**\r\nReste\r\n"));
 
   ReprendreTexteVit(etat, "SEX     1");
   ValiderVit(etat);
-  EXPECT_EQ(etat.vit.size(), 4U) << "a block without its name would be read as questions";
+  EXPECT_EQ(etat.vit.size(), 5U) << "a block without its name would be read as questions";
   ReprendreTexteVit(etat, "$$B\nSEX     +\n\n$$\n");
   ValiderVit(etat);
   EXPECT_EQ(etat.vit, (std::vector<std::string>{"$$B", "SEX     +"}));
