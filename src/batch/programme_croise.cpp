@@ -1,8 +1,10 @@
 #include <algorithm>
 
 #include "batch/programmes.h"
+#include "core/dessin_svg.h"
 #include "crosstab/choixvar.h"
 #include "crosstab/croise.h"
+#include "crosstab/graphe2.h"
 
 namespace quelvar::batch {
 
@@ -12,6 +14,7 @@ namespace {
 struct FormeCroise {
   SessionCroise& session;
   EtatChoixVar etat;
+  std::string graphique;  // file of the picture of a single table
 
   const Dialogue& Ecran() const { return session.Cadre().Ecran(); }
 };
@@ -70,12 +73,17 @@ void Lancer(FormeCroise& forme) {
     forme.Ecran().demander(forme.etat.titre, Boutons::Ok);
     throw Erreur(kArretAnnonce);
   }
-  ApresLancement(forme.etat, forme.session.Lancer(*demande));
+  const ResultatLancement resultat = forme.session.Lancer(*demande);
+  ApresLancement(forme.etat, resultat);
+  if (!resultat.retenu) return;
+  Remplacement fichier(forme.session.Cadre().repertoire, forme.graphique);
+  fichier.Fichier().Ecrire(TexteSvg(DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(*resultat.retenu)))));
+  fichier.Valider();
 }
 
 Fin Executer(const Contexte& contexte, const LigneCroise& ligne) {
   return Croise(contexte, {ligne.donnees, [&](SessionCroise& session) {
-                             FormeCroise forme{session, NouveauChoix(session.Enquete())};
+                             FormeCroise forme{session, NouveauChoix(session.Enquete()), {}};
                              for (const auto& geste : ligne.gestes) geste(forme);
                              if (ligne.aLancer) Lancer(forme);
                            }});
@@ -131,6 +139,18 @@ class OptionsDeLaForme {
 
   Programme Achever() {
     description_
+        .Libre(
+            "graphique", "FICHIER.svg", "", "tri individuel : le graphique du tableau dans ce fichier"_w,
+            [](LigneCroise& ligne, const std::string& valeur) {
+              if (!valeur.empty() &&
+                  !EgalSansCasse(Milieu(valeur, valeur.size() - std::min<std::size_t>(valeur.size(), 4) + 1), ".svg"))
+                throw UsageIncorrect(Joindre({"l'option graphique attend un fichier .svg et non \"", valeur, "\""}));
+              Ajouter(ligne, [valeur](FormeCroise& forme) {
+                forme.graphique = valeur;
+                ChoisirUnSeul(forme.etat, !valeur.empty(), forme.Ecran());
+              });
+            })
+        .Alias({"boutunseul"})
         .Texte("donnees", &LigneCroise::donnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
         .Libre("lancer", "oui", "", "lance les tris demandés jusqu'ici ; ce qui suit prépare le lancement suivant"_w,
                [](LigneCroise& ligne, const std::string& valeur) {
