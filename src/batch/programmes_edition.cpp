@@ -18,7 +18,8 @@ Description<OptionsModifMod>::Poser PoserStatuts(OptionsModifMod::Action::Genre 
 
 Programme ProgrammeModifMod() {
   using Genre = OptionsModifMod::Action::Genre;
-  return Description<OptionsModifMod>("modifmod", "Statut et intitulé des modalités d'un .MOD existant"_w, ModifMod)
+  return Description<OptionsModifMod>("modifmod", "Statut et intitulé des modalités d'un .MOD existant"_w,
+ ModifierModalites)
       .Libre("supplementaires", "NOM,NOM...", "",
              "modalités mises en supplémentaires ; le nom d'une question vaut pour toutes les siennes"_w,
              PoserStatuts(Genre::Supplementaire))
@@ -32,7 +33,7 @@ Programme ProgrammeModifMod() {
 
 Programme ProgrammeNomeMod() {
   return Description<OptionsNomeMod>("nomemod", "Création de modalités et intitulés, sans lecture des données (.MOD)"_w,
-                                     NomeMod)
+                                     NommerModalites)
       .Noms("questions", &OptionsNomeMod::questions, "aucune : toutes les modalités du .MOD"_w,
             "questions dont on crée les modalités"_w)
       .Alias({"listvar2"})
@@ -48,7 +49,7 @@ Programme ProgrammeNomeMod() {
 }
 
 Programme ProgrammeNomQuest() {
-  return Description<OptionsNomQuest>("nomquest", "Intitulés des questions, entre signes $ dans le .POS"_w, NomQuest)
+  return Description<OptionsNomQuest>("nomquest", "Intitulés des questions, entre signes $ dans le .POS"_w, NommerQuestions)
       .Libre("intitule", "NOM=TEXTE", "", "intitulé d'une question, 30 caractères au plus ; peut être répété"_w,
              [](OptionsNomQuest& options, const std::string& valeur) {
                options.intitules.push_back(NomEtTexte("intitule", valeur));

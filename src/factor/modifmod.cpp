@@ -47,7 +47,7 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 
 }  // namespace
 
-EtatModifMod OuvrirModifMod(const Contexte& contexte) {
+EtatModifMod ChargerModifMod(const Contexte& contexte) {
   EtatModifMod etat;
   try {
     const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
@@ -79,9 +79,9 @@ Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>
 
 Fin AbandonnerEdition(const Contexte& contexte) { return RendreCompte(contexte, "Arrêt volontaire du programme"_w); }
 
-Fin ModifMod(const Contexte& contexte, const OptionsModifMod& options) {
+Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EtatModifMod etat = OuvrirModifMod(contexte);
+    EtatModifMod etat = ChargerModifMod(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
     for (const OptionsModifMod::Action& action : options.actions) Appliquer(etat.textes, action, rapport);

@@ -15,7 +15,7 @@ struct EtatModifMod {
   std::vector<std::string> textes;  // as core/listemod has them
 };
 
-EtatModifMod OuvrirModifMod(const Contexte& contexte);
+EtatModifMod ChargerModifMod(const Contexte& contexte);
 
 // A click in ListSuppl: the supplementary becomes active and back; name and label stay.
 void BasculerStatut(std::string& texte);
@@ -39,6 +39,6 @@ struct OptionsModifMod {
   };
   std::vector<Action> actions = {};  // in their order
 };
-Fin ModifMod(const Contexte& contexte, const OptionsModifMod& options);
+Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options);
 
 }  // namespace quelvar

@@ -9,13 +9,13 @@
 #include "core/report.h"
 #include "factor/fichiersposmod.h"
 #include "factor/modifmod.h"
+#include "factor/nomquest.h"
 #include "factor/posmod.h"
 
 namespace quelvar {
 
 namespace {
 
-constexpr std::string_view kSauvegarde = "Les intitulés des questions ont été sauvegardés"_w;
 constexpr std::string_view kFinDesModalites = "**";
 
 constexpr std::string_view kGuideClic =
@@ -118,10 +118,10 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
 }
 
 Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites) {
-  return RendreCompte(contexte, kSauvegarde, [&] { SauverNomeMod(contexte, modalites); });
+  return RendreCompte(contexte, kIntitulesSauvegardes, [&] { SauverNomeMod(contexte, modalites); });
 }
 
-Fin NomeMod(const Contexte& contexte, const OptionsNomeMod& options) {
+Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
   if (options.questions) {
     OptionsPosmod creation;
     creation.mode = ModePosmod::Modi;
@@ -144,7 +144,7 @@ Fin NomeMod(const Contexte& contexte, const OptionsNomeMod& options) {
       PoserIntitule(modalite->texte, intitule);
     }
     SauverNomeMod(contexte, etat.modalites);
-    rapport.Ligne(kSauvegarde);
+    rapport.Ligne(kIntitulesSauvegardes);
   });
 }
 

@@ -45,6 +45,6 @@ struct OptionsNomeMod {
   bool codesZero = true;
   std::vector<std::pair<std::string, std::string>> intitules = {};  // modality, label
 };
-Fin NomeMod(const Contexte& contexte, const OptionsNomeMod& options);
+Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options);
 
 }  // namespace quelvar

@@ -8,9 +8,7 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::size_t kLongueurMaximum = 30;
 constexpr std::size_t kColonnesDeQuestion = 8;  // columns that a label never enters, less the blank before it
-constexpr std::string_view kSauvegarde = "Les intitulés des questions ont été sauvegardés"_w;
 
 // The question that a line of the list stands for: that of the same rank, or, in a file that has changed, the first of
 // the same name.
@@ -24,7 +22,7 @@ std::size_t RangDansFichier(const FichierPos& pos, const std::vector<NomDeQuesti
 
 }  // namespace
 
-EtatNomQuest OuvrirNomQuest(const Contexte& contexte) {
+EtatNomQuest ChargerNomQuest(const Contexte& contexte) {
   EtatNomQuest etat;
   try {
     const std::optional<Chemin> chemin = contexte.Chercher(".POS");
@@ -47,7 +45,7 @@ std::string TexteDeRecapitulatif(const NomDeQuestion& question) {
 
 std::string_view NommerQuestion(NomDeQuestion& question, std::string_view intitule) {
   if (intitule == question.intitule) return {};
-  if (intitule.size() > kLongueurMaximum) return "max=30 caractères"_w;
+  if (intitule.size() > kLongueurDeNomMaximum) return kNomTropLong;
   if (intitule.find('$') != std::string_view::npos) return "un intitulé ne peut pas contenir le signe $"_w;
   question.intitule = intitule;
   question.modifie = true;
@@ -82,12 +80,12 @@ void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& 
 }
 
 Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions) {
-  return RendreCompte(contexte, kSauvegarde, [&] { SauverNomQuest(contexte, questions); });
+  return RendreCompte(contexte, kIntitulesSauvegardes, [&] { SauverNomQuest(contexte, questions); });
 }
 
-Fin NomQuest(const Contexte& contexte, const OptionsNomQuest& options) {
+Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EtatNomQuest etat = OuvrirNomQuest(contexte);
+    EtatNomQuest etat = ChargerNomQuest(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
     for (const auto& [nom, intitule] : options.intitules) {
@@ -101,7 +99,7 @@ Fin NomQuest(const Contexte& contexte, const OptionsNomQuest& options) {
       throw Erreur(kArretAnnonce);
     }
     SauverNomQuest(contexte, etat.questions);
-    rapport.Ligne(kSauvegarde);
+    rapport.Ligne(kIntitulesSauvegardes);
   });
 }
 

@@ -22,10 +22,14 @@ struct EtatNomQuest {
   std::vector<NomDeQuestion> questions;
 };
 
-EtatNomQuest OuvrirNomQuest(const Contexte& contexte);
+EtatNomQuest ChargerNomQuest(const Contexte& contexte);
 
 // The line of a question in ListRecap.
 std::string TexteDeRecapitulatif(const NomDeQuestion& question);
+inline constexpr std::size_t kLongueurDeNomMaximum = 30;
+inline constexpr std::string_view kNomTropLong = "max=30 caractères"_w;
+inline constexpr std::string_view kIntitulesSauvegardes = "Les intitulés des questions ont été sauvegardés"_w;
+
 // Stores a name; returns why it is refused (more than 30 characters, a "$"), empty when it is stored.
 std::string_view NommerQuestion(NomDeQuestion& question, std::string_view intitule);
 
@@ -42,6 +46,6 @@ Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestio
 struct OptionsNomQuest {
   std::vector<std::pair<std::string, std::string>> intitules = {};  // question, name
 };
-Fin NomQuest(const Contexte& contexte, const OptionsNomQuest& options);
+Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options);
 
 }  // namespace quelvar

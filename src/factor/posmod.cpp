@@ -21,6 +21,7 @@ struct Preparation {
   std::optional<Chemin> ancienMod;
 };
 
+// Opens the files and tells their names.
 Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
   Preparation preparation;
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
@@ -148,12 +149,9 @@ std::string ConstruireTables(const Contexte& contexte, const Preparation& prepar
   return LigneDeParametres(modalites, options.individus ? lus : -1, largeur);
 }
 
-void Executer(const Contexte& contexte, const OptionsPosmod& options, Rapport& rapport) {
-  const Preparation preparation = Preparer(contexte, rapport);
-  const ChoixQuestions choix = Choisir(preparation.pos, options, rapport);
-  ExigerModalites(preparation.pos, choix, options, contexte.Ecran());
+void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, const ChoixQuestions& choix,
+                  const OptionsPosmod& options, Rapport& rapport) {
   const bool nommer = options.mode == ModePosmod::Modi;
-
   std::int64_t individus = 0;
   if (!nommer) {
     ImprimerChoix(preparation.pos, choix, options, preparation.ancienMod.has_value(), rapport, contexte.Ecran());
@@ -186,8 +184,28 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options) {
     effectives.noms = {};
     effectives.oublierAnciennes = false;
   }
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
-                           [&](Rapport& rapport) { Executer(contexte, effectives, rapport); });
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    const Preparation preparation = Preparer(contexte, rapport);
+    const ChoixQuestions choix = Choisir(preparation.pos, effectives, rapport);
+    ExigerModalites(preparation.pos, choix, effectives, contexte.Ecran());
+    MoteurPosmod(contexte, preparation, choix, effectives, rapport);
+  });
+}
+
+std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {
+  std::optional<ChoixPrepare> prepare;
+  Affichage affichage;
+  Dialogue retenue = contexte.Ecran();
+  retenue.afficher = [&](const Affichage& montre) { affichage = montre; };
+  Contexte sansMontrer = contexte;
+  sansMontrer.dialogue = &retenue;
+  ExecuterProgramme(sansMontrer, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    Preparation preparation = Preparer(sansMontrer, rapport);
+    ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
+    prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
+  });
+  if (!prepare) contexte.Ecran().afficher(affichage);
+  return prepare;
 }
 
 Fin AbandonnerPosmod(const Contexte& contexte) {

@@ -27,6 +27,15 @@ struct OptionsPosmod {
 // modalities without reading the data. A run that stops leaves every file but .PRT as it was.
 Fin Posmod(const Contexte& contexte, const OptionsPosmod& options);
 
+// What the form starts from.
+struct ChoixPrepare {
+  FichierPos pos;
+  ChoixQuestions choix;    // the one that the marks of the .POS keep
+  bool ancienMod = false;  // there is an earlier .MOD
+};
+// The preparation alone. When it stops, its report is shown and there is nothing to start from.
+std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode);
+
 // The run that leaving the form ends: the preparation alone, which the report tells.
 Fin AbandonnerPosmod(const Contexte& contexte);
 

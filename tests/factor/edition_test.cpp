@@ -34,7 +34,7 @@ TEST_F(Edition, EveryPartOfTheFileSurvivesARoundTrip) {
 
 TEST_F(Edition, AFileOfOneLineHasNoModalities) {
   Ecrire("ENQ.MOD", "Titre");
-  const EtatModifMod etat = OuvrirModifMod(contexte_);
+  const EtatModifMod etat = ChargerModifMod(contexte_);
   EXPECT_TRUE(etat.message.empty());
   EXPECT_TRUE(etat.textes.empty());
 }
@@ -61,7 +61,7 @@ TEST(TexteDeModalite, StatusFlipsAndLabelsAreStoredAsTyped) {
 
 TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1 \r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\n");
-  EtatModifMod etat = OuvrirModifMod(contexte_);
+  EtatModifMod etat = ChargerModifMod(contexte_);
   BasculerStatut(etat.textes[0]);
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\nYYY1\r\n");
   EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Normale);
@@ -111,7 +111,7 @@ TEST(NommerQuestion, TooLongIsRefusedUnlessItStoodThere) {
 
 TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
   Ecrire("ENQ.POS", "T\n1\nAAA   1 5 $A$\nBBB   2 5\nAAA   3 5\n");
-  EtatNomQuest etat = OuvrirNomQuest(contexte_);
+  EtatNomQuest etat = ChargerNomQuest(contexte_);
   ASSERT_EQ(etat.questions.size(), 3U);
   EXPECT_EQ(TexteDeRecapitulatif(etat.questions[0]), "AAA A");
   NommerQuestion(etat.questions[1], "B");

@@ -1,0 +1,42 @@
+// The choice of the questions that Posmod turns into modalities, for the factor analysis or for the regression.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "factor/posmod.h"
+#include "forms/principal.h"
+
+namespace Ui {
+class ChoixPosmod;
+}
+
+namespace quelvar {
+
+class ChoixPosmod : public QDialog {
+  Q_OBJECT
+ public:
+  ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare prepare);
+  ~ChoixPosmod() override;
+
+ private:
+  void AdapterALaRegression();
+  void RelierListes();
+  void RelierOptions();
+  void Deplacer(const QListWidget& liste, Statut statut);
+  void MontrerListes();
+  void MontrerNombres();
+  void ChangerCodesZero(bool sans);
+  OptionsPosmod Options() const;
+  void LancerPosmod();
+
+  Principal& principal_;
+  ModePosmod mode_;
+  ChoixPrepare prepare_;
+  std::unique_ptr<Ui::ChoixPosmod> ui_;
+};
+
+void OuvrirPosmod(Principal& principal);
+void OuvrirPosmodRegression(Principal& principal);
+
+}  // namespace quelvar

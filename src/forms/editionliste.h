@@ -1,0 +1,57 @@
+// The editing of labels that several forms share: a list, the label of its current line in a text box, and the button
+// that stores it and goes on.
+#pragma once
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QObject>
+#include <QPushButton>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quelvar {
+
+class EditionListe : public QObject {
+  Q_OBJECT
+ public:
+  // The list behind the form.
+  struct Acces {
+    std::function<int()> nombre;
+    std::function<QString(int ligne)> texte;     // what the list shows
+    std::function<QString(int ligne)> intitule;  // what the text box shows
+    // Stores a label; returns why it is refused, empty when it is stored.
+    std::function<QString(int ligne, const QString& intitule)> poser;
+    int longueur = 32767;     // characters that the text box takes, unless the label is longer
+    QString tropLong = {};    // told when more are typed
+  };
+  // The controls live as long as their form, which is the parent.
+  EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ, QPushButton& suivant, Acces acces);
+
+  // Fills the list anew; no line is current.
+  void Remplir();
+  // Shows a line again after its text has changed.
+  void Montrer(int ligne);
+  // Stores what the text box holds; false when it is refused.
+  bool Ranger();
+
+ signals:
+  // Why a label is refused, or empty.
+  void Refus(const QString& texte);
+
+ private:
+  void Aller(int ligne);
+
+  QListWidget& liste_;
+  QLineEdit& champ_;
+  Acces acces_;
+  int ligne_ = -1;  // the one in the text box
+};
+
+// Runs a save; returns the words of its failure, or the sentence for a success.
+QString Tenter(const std::function<void()>& sauver, const QString& reussite);
+
+// Lines of the code page as the text of a label.
+QString EnUnTexte(const std::vector<std::string>& lignes);
+
+}  // namespace quelvar

@@ -1,0 +1,37 @@
+// Status and labels of the modalities of the current generic.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "factor/modifmod.h"
+#include "forms/editionliste.h"
+#include "forms/principal.h"
+
+namespace Ui {
+class ModifMod;
+}
+
+namespace quelvar {
+
+class ModifMod : public QDialog {
+  Q_OBJECT
+ public:
+  explicit ModifMod(Principal& principal);
+  ~ModifMod() override;
+
+ private:
+  void Remplir();
+  void Basculer(int ligne);
+  void MontrerStatut(int ligne);
+  void Enregistrer();
+
+  Principal& principal_;
+  EtatModifMod etat_;
+  std::unique_ptr<Ui::ModifMod> ui_;
+  EditionListe* edition_ = nullptr;
+};
+
+void OuvrirModifMod(Principal& principal);
+
+}  // namespace quelvar

@@ -1,0 +1,44 @@
+// Creation of modalities without reading the data, and their labels.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "factor/nomemod.h"
+#include "factor/posmod.h"
+#include "forms/editionliste.h"
+#include "forms/principal.h"
+
+namespace Ui {
+class NomeMod;
+}
+
+namespace quelvar {
+
+class NomeMod : public QDialog {
+  Q_OBJECT
+ public:
+  NomeMod(Principal& principal, ChoixPrepare prepare);
+  ~NomeMod() override;
+
+ private:
+  void RelierChoix();
+  void RelierEdition();
+  void Deplacer(const QListWidget& liste, Statut statut);
+  void MontrerChoix();
+  void LancerCreation();
+  void OuvrirModification();
+  void MontrerModalites();
+  void Sauver();
+  void Enregistrer();
+
+  Principal& principal_;
+  ChoixPrepare prepare_;
+  std::vector<ModaliteNommee> modalites_;
+  std::unique_ptr<Ui::NomeMod> ui_;
+  EditionListe* edition_ = nullptr;
+};
+
+void OuvrirNomMod(Principal& principal);
+
+}  // namespace quelvar

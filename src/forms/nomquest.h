@@ -1,0 +1,36 @@
+// The long names of the questions of the current generic.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "factor/nomquest.h"
+#include "forms/editionliste.h"
+#include "forms/principal.h"
+
+namespace Ui {
+class NomQuest;
+}
+
+namespace quelvar {
+
+class NomQuest : public QDialog {
+  Q_OBJECT
+ public:
+  explicit NomQuest(Principal& principal);
+  ~NomQuest() override;
+
+ private:
+  void MontrerMessage(const QString& texte);
+  void Sauver();
+  void Enregistrer();
+
+  Principal& principal_;
+  EtatNomQuest etat_;
+  std::unique_ptr<Ui::NomQuest> ui_;
+  EditionListe* edition_ = nullptr;
+};
+
+void OuvrirNomQuest(Principal& principal);
+
+}  // namespace quelvar
