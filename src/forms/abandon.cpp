@@ -4,12 +4,15 @@
 
 namespace quelvar {
 
-Abandon::Abandon(QDialog& forme, QPushButton& quitter, std::function<void()> effet)
-    : QObject(&forme), effet_(std::move(effet)) {
+Abandon::Abandon(QDialog& forme, QPushButton& quitter, Principal& principal,
+                 const std::function<void(const Contexte&)>& programme)
+    : QObject(&forme) {
   forme.installEventFilter(this);
   connect(&quitter, &QPushButton::clicked, &forme, &QDialog::reject);
-  connect(&forme, &QDialog::rejected, this, [this] {
-    if (!parLeProgramme_) effet_();
+  connect(&forme, &QDialog::rejected, this, [this, &principal, programme] {
+    if (parLeProgramme_) return;
+    QMetaObject::invokeMethod(
+        &principal, [&principal, programme] { principal.Lancer(programme); }, Qt::QueuedConnection);
   });
 }
 

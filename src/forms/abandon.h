@@ -6,17 +6,19 @@
 #include <QPushButton>
 #include <functional>
 
+#include "forms/principal.h"
+
 namespace quelvar {
 
 class Abandon : public QObject {
  public:
-  // Belongs to the form.
-  Abandon(QDialog& forme, QPushButton& quitter, std::function<void()> effet);
+  // Belongs to the form; the program runs once the form is gone.
+  Abandon(QDialog& forme, QPushButton& quitter, Principal& principal,
+          const std::function<void(const Contexte&)>& programme);
 
   bool eventFilter(QObject* objet, QEvent* evenement) override;
 
  private:
-  std::function<void()> effet_;
   bool parLeProgramme_ = false;
 };
 

@@ -1,10 +1,8 @@
 #include "forms/choixposmod.h"
 
-#include <QListWidget>
 #include <algorithm>
 
 #include "core/nombres.h"
-
 #include "forms/abandon.h"
 #include "forms/listequestions.h"
 #include "forms/texte_qt.h"
@@ -26,13 +24,12 @@ ChoixPosmod::ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare pre
   RelierListes();
   RelierOptions();
   if (mode_ == ModePosmod::Regr) AdapterALaRegression();
+  AlignerBoutons();
   const QString aide = mode_ == ModePosmod::Regr ? QStringLiteral("mnuAPosmodR") : QStringLiteral("mnuAPosmod");
   ui_->BoutAide->setEnabled(principal.AideExiste(aide));
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { principal_.OuvrirAide(aide); });
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixPosmod::LancerPosmod);
-  new Abandon(*this, *ui_->BoutQuitter, [this] {
-    principal_.Lancer([](const Contexte& contexte) { AbandonnerPosmod(contexte); });
-  });
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerPosmod);
   MontrerListes();
 }
 
@@ -46,6 +43,13 @@ void ChoixPosmod::AdapterALaRegression() {
   ui_->CaseCodLog->setChecked(true);
   for (QWidget* cache : std::initializer_list<QWidget*>{ui_->CaseCodLog, ui_->FrmSup, ui_->FrmIndiv, ui_->CaseSup})
     cache->hide();
+}
+
+// The two lists on the right have one width.
+void ChoixPosmod::AlignerBoutons() {
+  const int largeur = std::max(ui_->BoutSupPlus->sizeHint().width(), ui_->BoutSupMoins->sizeHint().width());
+  for (QPushButton* bouton : {ui_->BoutActPlus, ui_->BoutActMoins, ui_->BoutSupPlus, ui_->BoutSupMoins})
+    bouton->setMinimumWidth(largeur);
 }
 
 void ChoixPosmod::RelierListes() {
@@ -122,17 +126,17 @@ OptionsPosmod ChoixPosmod::Options() const {
 
 void ChoixPosmod::LancerPosmod() {
   const OptionsPosmod options = Options();
-  const std::string_view refus =
-      RefusDeLancer(options.individus, options.noms,
-                    CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
-                    CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));
+  const std::string_view refus = RefusDeLancer(
+      options.individus, options.noms, CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
+      CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));
   if (!refus.empty()) {
     principal_.Ecran().biper();
     ui_->TitreNbPos->setText(VersQt(refus));
     return;
   }
-  principal_.Lancer([&](const Contexte& contexte) { Posmod(contexte, options); });
-  accept();
+  Principal& principal = principal_;
+  accept();  // a long report closes every form: this one is gone by then
+  principal.Lancer([&](const Contexte& contexte) { Posmod(contexte, options); });
 }
 
 namespace {

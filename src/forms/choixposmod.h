@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QListWidget>
 #include <memory>
 
 #include "factor/posmod.h"
@@ -21,6 +22,7 @@ class ChoixPosmod : public QDialog {
 
  private:
   void AdapterALaRegression();
+  void AlignerBoutons();
   void RelierListes();
   void RelierOptions();
   void Deplacer(const QListWidget& liste, Statut statut);

@@ -1,7 +1,11 @@
 #include "forms/entrees.h"
 
+#include "forms/choixposmod.h"
 #include "forms/fimportcsv.h"
 #include "forms/frmabout.h"
+#include "forms/modifmod.h"
+#include "forms/nomemod.h"
+#include "forms/nomquest.h"
 #include "forms/prem.h"
 #include "forms/principal2.h"
 
@@ -11,8 +15,18 @@ namespace {
 
 // In the order of the menu. An entry that is not here is shown disabled.
 constexpr EntreeDeProgramme kEntrees[] = {
-    {"mnuPrem", OuvrirPrem},     {"mnuChangeRepert", OuvrirRepertoires}, {"mnuImport", OuvrirImport},
-    {"mnuTriapl", OuvrirTriapl}, {"mnuAPropos", OuvrirAPropos},
+    // clang-format off
+    {"mnuPrem", OuvrirPrem},
+    {"mnuChangeRepert", OuvrirRepertoires},
+    {"mnuImport", OuvrirImport},
+    {"mnuTriapl", OuvrirTriapl},
+    {"mnuNomQuest", OuvrirNomQuest},
+    {"mnuNomMod", OuvrirNomMod},
+    {"mnuPosmod", OuvrirPosmod},
+    {"mnuModifMod", OuvrirModifMod},
+    {"mnuPosmod2", OuvrirPosmodRegression},
+    {"mnuAPropos", OuvrirAPropos},
+    // clang-format on
 };
 
 }  // namespace

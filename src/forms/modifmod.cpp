@@ -17,24 +17,22 @@ ModifMod::ModifMod(Principal& principal)
       ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
-  edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
-                              {[this] { return static_cast<int>(etat_.textes.size()); },
-                               [texte](int ligne) { return VersQt(texte(ligne)); },
-                               [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
-                               [this, texte](int ligne, const QString& intitule) {
-                                 PoserIntitule(texte(ligne), DepuisQt(intitule));
-                                 MontrerStatut(ligne);
-                                 return QString();
-                               }});
+  edition_ = new EditionListe(
+      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+      {[this] { return static_cast<int>(etat_.textes.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
+       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
+       [this, texte](int ligne, const QString& intitule) {
+         PoserIntitule(texte(ligne), DepuisQt(intitule));
+         MontrerStatut(ligne);
+         return QString();
+       }});
   ui_->ListSuppl->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   connect(ui_->ListSuppl, &QListWidget::itemClicked, this, [this] { Basculer(ui_->ListSuppl->currentRow()); });
   auto* espace = new QShortcut(Qt::Key_Space, ui_->ListSuppl);
   espace->setContext(Qt::WidgetShortcut);
   connect(espace, &QShortcut::activated, this, [this] { Basculer(ui_->ListSuppl->currentRow()); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ModifMod::Enregistrer);
-  new Abandon(*this, *ui_->BoutQuitter, [this] {
-    principal_.Lancer([](const Contexte& contexte) { AbandonnerEdition(contexte); });
-  });
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
   ui_->BoutAide->setEnabled(principal.AideExiste(QStringLiteral("mnuAModmod")));
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAModmod")); });
   Remplir();

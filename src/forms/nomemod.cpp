@@ -11,17 +11,12 @@
 namespace quelvar {
 
 NomeMod::NomeMod(Principal& principal, ChoixPrepare prepare)
-    : QDialog(&principal),
-      principal_(principal),
-      prepare_(std::move(prepare)),
-      ui_(std::make_unique<Ui::NomeMod>()) {
+    : QDialog(&principal), principal_(principal), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::NomeMod>()) {
   ui_->setupUi(this);
   ui_->BoutModif->setVisible(principal.SessionEnCours().niveau == 2);
   RelierChoix();
   RelierEdition();
-  new Abandon(*this, *ui_->BoutQuitter, [this] {
-    principal_.Lancer([](const Contexte& contexte) { AbandonnerEdition(contexte); });
-  });
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
   MontrerChoix();
   MontrerModalites();
 }
@@ -41,14 +36,14 @@ void NomeMod::RelierChoix() {
 
 void NomeMod::RelierEdition() {
   const auto texte = [this](int ligne) -> std::string& { return modalites_[static_cast<std::size_t>(ligne)].texte; };
-  edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
-                              {[this] { return static_cast<int>(modalites_.size()); },
-                               [texte](int ligne) { return VersQt(texte(ligne)); },
-                               [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
-                               [texte](int ligne, const QString& intitule) {
-                                 PoserIntitule(texte(ligne), DepuisQt(intitule));
-                                 return QString();
-                               }});
+  edition_ = new EditionListe(
+      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+      {[this] { return static_cast<int>(modalites_.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
+       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
+       [texte](int ligne, const QString& intitule) {
+         PoserIntitule(texte(ligne), DepuisQt(intitule));
+         return QString();
+       }});
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomeMod::Sauver);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomeMod::Enregistrer);
 }
@@ -62,8 +57,8 @@ void NomeMod::Deplacer(const QListWidget& liste, Statut statut) {
 void NomeMod::MontrerChoix() {
   MontrerQuestions(*ui_->ListQuest, prepare_.pos, prepare_.choix, Statut::Aucun);
   MontrerQuestions(*ui_->ListVar2, prepare_.pos, prepare_.choix, Statut::Actif);
-  ui_->TitreNbPos->setText(VersQt(TexteNombrePrevu(
-      CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, !ui_->CaseCodZ->isChecked()))));
+  ui_->TitreNbPos->setText(VersQt(
+      TexteNombrePrevu(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, !ui_->CaseCodZ->isChecked()))));
 }
 
 void NomeMod::LancerCreation() {
@@ -107,8 +102,8 @@ void NomeMod::MontrerModalites() {
 
 void NomeMod::Sauver() {
   if (!edition_->Ranger()) return;
-  ui_->TextMsg->setPlainText(Tenter([this] { SauverNomeMod(principal_.ContexteEnCours(), modalites_); },
-                                    VersQt(kIntitulesSauvegardes)));
+  ui_->TextMsg->setPlainText(
+      Tenter([this] { SauverNomeMod(principal_.ContexteEnCours(), modalites_); }, VersQt(kIntitulesSauvegardes)));
 }
 
 void NomeMod::Enregistrer() {

@@ -26,9 +26,7 @@ NomQuest::NomQuest(Principal& principal)
   connect(edition_, &EditionListe::Refus, this, &NomQuest::MontrerMessage);
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomQuest::Sauver);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomQuest::Enregistrer);
-  new Abandon(*this, *ui_->BoutQuitter, [this] {
-    principal_.Lancer([](const Contexte& contexte) { AbandonnerEdition(contexte); });
-  });
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
   MontrerMessage(EnUnTexte(etat_.message));
   for (QPushButton* bouton : {ui_->BoutSuivant, ui_->BoutSauve, ui_->BoutEnreg})
     bouton->setEnabled(etat_.message.empty());
@@ -41,8 +39,8 @@ void NomQuest::MontrerMessage(const QString& texte) { ui_->TextMsg->setText(text
 
 void NomQuest::Sauver() {
   if (!edition_->Ranger()) return;
-  MontrerMessage(Tenter([this] { SauverNomQuest(principal_.ContexteEnCours(), etat_.questions); },
-                        VersQt(kIntitulesSauvegardes)));
+  MontrerMessage(
+      Tenter([this] { SauverNomQuest(principal_.ContexteEnCours(), etat_.questions); }, VersQt(kIntitulesSauvegardes)));
 }
 
 void NomQuest::Enregistrer() {
