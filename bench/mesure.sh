@@ -44,3 +44,8 @@ for g in TCENT TMILLION; do
   ligne "plancher : voir chaque octet" $g.CSV "" "$bin/quelvar-plancher" octets $g.CSV
   programme $g CSV "DAT POS PO2 IMP" import-csv
 done
+
+# A Burt table of 1,500 modalities
+"$bin/quelvar-genere" . BURT 20000 300 --actives 5
+programme BURT DAT "BRT CDG PRT" posmod oublier=oui codeszero=non
+programme BURT BRT "PEM PEL PRO" ecapem intitules=courts
