@@ -1,5 +1,6 @@
 #include "forms/entrees.h"
 
+#include "forms/choixecapem.h"
 #include "forms/choixposmod.h"
 #include "forms/fimportcsv.h"
 #include "forms/frmabout.h"
@@ -24,7 +25,9 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuNomMod", OuvrirNomMod},
     {"mnuPosmod", OuvrirPosmod},
     {"mnuModifMod", OuvrirModifMod},
+    {"mnuEcapem", OuvrirChoixEcapem},
     {"mnuPosmod2", OuvrirPosmodRegression},
+    {"mnuPEM", OuvrirChoixEcapem},
     {"mnuAPropos", OuvrirAPropos},
     // clang-format on
 };
