@@ -40,6 +40,17 @@ for g in CENT MILLION; do
   programme $g DAT "TCR" croise lignes=A00,A01,A02,A04,A05 colonnes=A06,A08,A0A,A0C,A0D
   programme $g DAT "BRT CDG PRT" posmod actives=A00,A01,A02,A04,A05,A06,A08,A0A,A0C,A0D oublier=oui
 done
+# Twenty rules, a filter and a VIT in place; then a weighting whose result is thinned to about ten times the input.
+regles=$(for q in A00 A01 A02 A04 A05 A06 A08 A0A A0C A0D A0E A0F A0G A0I A0J A0K A0M A0N A0O A0P; do
+  echo "regle=$q=1-2=1/R=2"
+done)
+"$bin/quelvar-batch" preprecod MILLION $regles filtre=excl:A03=2 vit=VIT=A00=1,A01=1,A02=1,A04=1,A05=1,A06=1 >/dev/null
+sed 's/EXCL.*$//; /^\$\$/,$d' MILLION.POS >PONDERE.POS
+ln MILLION.DAT PONDERE.DAT
+"$bin/quelvar-batch" preprecod PONDERE ponderation=A09 regle=A09=1-17=17 >/dev/null
+ligne "recodage, 20 règles, filtre, VIT" MILLION.DAT "rm -f MILLIOO.*" "$bin/quelvar-batch" recodage MILLION
+ligne "recodage pondéré et réduit" PONDERE.DAT "rm -f PONDERF.*" "$bin/quelvar-batch" recodage PONDERE
+rm -f PONDER?.* MILLIOO.*
 for g in TCENT TMILLION; do
   ligne "plancher : voir chaque octet" $g.CSV "" "$bin/quelvar-plancher" octets $g.CSV
   programme $g CSV "DAT POS PO2 IMP" import-csv
