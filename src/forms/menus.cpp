@@ -39,7 +39,7 @@ constexpr LigneDeMenu kLignes[] = {
     {Entree, "mnuEdMOD", "&Modalités (*.mod)"},
     {Separateur},
     {Entree, "mnuEdAutres", "&Autres fichiers...", "Ctrl+E"},
-    {Entree, "mnuEdWordpad", "&WordPad (fichiers trop longs pour l'éditeur)"},
+    {Entree, "mnuEdWordpad", "&Lecteur de fichiers longs..."},
 
     {Menu, "mnuAffichage", "Affic&hage"},
     {Entree, "mnuAfIMP", "&Importation (*.imp)"},

@@ -11,6 +11,7 @@
 #include "core/erreur.h"
 #include "forms/dialogue_qt.h"
 #include "forms/entrees.h"
+#include "forms/frmsdi.h"
 #include "forms/menus.h"
 #include "forms/texte_qt.h"
 #include "ui_principal.h"
@@ -48,7 +49,9 @@ Principal::Principal(Environnement environnement)
   Demarrer();
 }
 
-Principal::~Principal() = default;
+Principal::~Principal() {
+  for (const QPointer<frmSDI>& editeur : editeurs_) delete editeur.data();
+}
 
 QAction* Principal::Action(const QString& nom) const { return ui_->BarreDeMenus->findChild<QAction*>(nom); }
 
@@ -79,6 +82,7 @@ void Principal::RelierMenus() {
     Relier(entree.nom, [this, &entree] { OuvrirAide(QString::fromUtf8(entree.nom)); });
   connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
           &Principal::PreparerMenuAffichage);
+  RelierEditeur();
   PreparerMenuAide();
 }
 
@@ -215,7 +219,7 @@ void Principal::ReconstruireRecents() {
 }
 
 void Principal::closeEvent(QCloseEvent* evenement) {
-  if (enCours_) {
+  if (enCours_ || !FermerEditeurs()) {
     evenement->ignore();
     return;
   }

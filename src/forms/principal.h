@@ -22,6 +22,7 @@ class Principal;
 namespace quelvar {
 
 struct EntreeDAffichage;
+class frmSDI;
 
 // What lies outside the program, given at the start: the tests put their own in its place.
 struct Environnement {
@@ -107,6 +108,13 @@ class Principal : public QMainWindow {
 
   void Presenter(QWidget& forme);
 
+  void RelierEditeur();
+  void Editer(const QString& fichier);
+  void EditerFichierDuGenerique(const char* extension);
+  void EditerFichierChoisi();
+  void LireFichierChoisi();
+  bool FermerEditeurs();
+
   void Afficher(const Affichage& affichage);
   void MontrerTexte(std::string_view texte, const std::string& nomFichier, bool alaFin);
   void MontrerVerrous(int lignesDeRegle);
@@ -134,6 +142,7 @@ class Principal : public QMainWindow {
   Session session_;
   Dialogue dialogue_;
   QList<QPointer<QWidget>> formes_;
+  QList<QPointer<frmSDI>> editeurs_;
   bool enCours_ = false;  // a program runs
   int lignesDeRegle_ = 0;
   std::optional<Chemin> affiche_;  // the file that Text1 shows, as it was then
