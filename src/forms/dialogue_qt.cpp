@@ -163,10 +163,6 @@ bool Occupation::eventFilter(QObject* objet, QEvent* evenement) {
     case QEvent::KeyRelease:
     case QEvent::Shortcut:
     case QEvent::ShortcutOverride: return !EstPourLaBoite(objet);
-    case QEvent::Close:
-      if (QApplication::activeModalWidget() != nullptr || !evenement->spontaneous()) break;
-      evenement->ignore();
-      return true;
     default: break;
   }
   return QObject::eventFilter(objet, evenement);

@@ -1,12 +1,16 @@
 #include "forms/principal.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QMenu>
 #include <QScreen>
+#include <QTimer>
 #include <algorithm>
+#include <new>
+#include <utility>
 
 #include "core/erreur.h"
 #include "forms/dialogue_qt.h"
@@ -248,16 +252,25 @@ void Principal::Lancer(const std::function<void(const Contexte&)>& programme) {
   if (enCours_) return;
   const Occupation occupation;
   enCours_ = true;
-  programme(ContexteEnCours());
+  std::optional<Erreur> echec;
+  try {
+    programme(ContexteEnCours());
+  } catch (const Erreur& erreur) {
+    echec = erreur;
+  } catch (const std::bad_alloc&) {
+    echec = Erreur(kMemoireInsuffisante);
+  }
   enCours_ = false;
+  if (!echec) return;
+  std::string texte;
+  for (const std::string& ligne : LignesDErreur(*echec, {})) texte += ligne + "\r\n";
+  AfficherTexte(texte);
 }
 
 void Principal::Presenter(QWidget& forme) {
-  const bool nouvelle = std::none_of(formes_.begin(), formes_.end(), [&](const auto& f) { return f == &forme; });
-  if (nouvelle) {
-    formes_.removeIf([](const QPointer<QWidget>& f) { return f.isNull(); });
+  if (std::none_of(formes_.begin(), formes_.end(), [&](const auto& f) { return f == &forme; })) {
     formes_.append(&forme);
-    forme.setAttribute(Qt::WA_DeleteOnClose);
+    forme.installEventFilter(this);
   }
   forme.show();
   forme.raise();
@@ -265,9 +278,32 @@ void Principal::Presenter(QWidget& forme) {
 }
 
 void Principal::FermerFormes() {
-  for (const QPointer<QWidget>& forme : std::exchange(formes_, {}))
+  const QList<QPointer<QWidget>> ouvertes = formes_;
+  for (const QPointer<QWidget>& forme : ouvertes)
     if (forme) forme->close();
   progression_->setVisible(false);
+}
+
+bool Principal::eventFilter(QObject* objet, QEvent* evenement) {
+  if (evenement->type() == QEvent::Hide && !evenement->spontaneous()) {
+    auto* forme = qobject_cast<QWidget*>(objet);
+    if (formes_.removeAll(forme) > 0) {
+      fermees_.append(forme);
+      QTimer::singleShot(0, this, &Principal::SupprimerFermees);
+    }
+  }
+  return QMainWindow::eventFilter(objet, evenement);
+}
+
+// A form may be closed by a handler of its own that goes on behind a box or a program: it is deleted when neither is
+// there.
+void Principal::SupprimerFermees() {
+  constexpr int patience = 200;  // milliseconds
+  if (enCours_ || QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) {
+    QTimer::singleShot(patience, this, &Principal::SupprimerFermees);
+    return;
+  }
+  for (const QPointer<QWidget>& forme : std::exchange(fermees_, {})) delete forme.data();
 }
 
 // --- size of the window ---

@@ -90,6 +90,7 @@ class Principal : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
 
  private:
   void RelierMenus();
@@ -107,6 +108,7 @@ class Principal : public QMainWindow {
   void FixerTailleDEcran(const QString& action);
 
   void Presenter(QWidget& forme);
+  void SupprimerFermees();
 
   void RelierEditeur();
   void Editer(const QString& fichier);
@@ -141,7 +143,8 @@ class Principal : public QMainWindow {
   QProgressBar* progression_ = nullptr;
   Session session_;
   Dialogue dialogue_;
-  QList<QPointer<QWidget>> formes_;
+  QList<QPointer<QWidget>> formes_;   // shown by Montrer
+  QList<QPointer<QWidget>> fermees_;  // closed, deleted as soon as none of their handlers can be running
   QList<QPointer<frmSDI>> editeurs_;
   bool enCours_ = false;  // a program runs
   int lignesDeRegle_ = 0;

@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 
 #include "forms/dialogue_qt.h"
 #include "forms/frmabout.h"
@@ -282,6 +283,47 @@ TEST(Principal, UnProgrammeTientLaFenetre) {
   EXPECT_EQ(bureau.Texte(), avant + "e") << "the window is the user's again";
 }
 
+// A form whose handler closes it and goes on: run and box spin the event loop, and the form must still be there.
+class FormeQuiSeFerme : public QDialog {
+  Q_OBJECT
+ public:
+  explicit FormeQuiSeFerme(quelvar::Principal& principal) : QDialog(&principal), principal_(principal) {}
+  void Fermer() {
+    close();
+    principal_.Lancer([](const quelvar::Contexte& contexte) {
+      contexte.Ecran().montrerProgression(1);
+      contexte.Ecran().demander("?", quelvar::Boutons::Ok);
+    });
+    fini = true;
+  }
+  bool fini = false;
+
+ private:
+  quelvar::Principal& principal_;
+};
+
+TEST(Principal, FormeFermeeParSonPropreBouton) {
+  BureauOuvert bureau;
+  Pilote pilote;
+  QPointer<FormeQuiSeFerme> forme = &bureau.Fenetre().Montrer<FormeQuiSeFerme>();
+  EXPECT_EQ(&bureau.Fenetre().Montrer<FormeQuiSeFerme>(), forme.data()) << "one form of a class at a time";
+  pilote.Cliquer("OK");
+  QTimer::singleShot(0, forme.data(), [forme] {
+    forme->Fermer();
+    ASSERT_FALSE(forme.isNull());
+    EXPECT_TRUE(forme->fini);
+  });
+  QTest::qWait(20);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return forme.isNull(); }, 2000));
+}
+
+TEST(Principal, EchecQuUnProgrammeLaisseSortir) {
+  BureauOuvert bureau;
+  bureau.Fenetre().Lancer([](const quelvar::Contexte&) { throw quelvar::Erreur(quelvar::kDisquePlein); });
+  EXPECT_TRUE(bureau.Texte().contains("notez le numero =  61 Disque plein"));
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST(Principal, FiltresDeFichiers) {
   EXPECT_EQ(quelvar::FiltreQt("Fichiers *.dat|*.dat|Tous fichiers *.*|*.*"),
             "Fichiers *.dat (*.dat *.DAT);;Tous fichiers *.* (*)");
@@ -290,3 +332,5 @@ TEST(Principal, FiltresDeFichiers) {
 }
 
 }  // namespace
+
+#include "principal_test.moc"
