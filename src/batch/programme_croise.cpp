@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 
 #include "batch/programmes.h"
 #include "core/dessin_svg.h"
@@ -12,11 +13,12 @@ namespace {
 
 // The form and the survey that the options of the command line act on, one after the other.
 struct FormeCroise {
-  SessionCroise& session;
+  const Contexte& contexte;
+  const EnqueteCroisee& enquete;
   EtatChoixVar etat;
   std::string graphique;  // file of the picture of a single table
 
-  const Dialogue& Ecran() const { return session.Cadre().Ecran(); }
+  const Dialogue& Ecran() const { return contexte.Ecran(); }
 };
 
 struct LigneCroise {
@@ -39,7 +41,7 @@ std::size_t RangDuMot(std::string_view option, const Choix& choix, std::string_v
 
 // The questions of those names, "*" for all; a name that the survey has not stops the run.
 std::vector<std::size_t> Trouver(FormeCroise& forme, const Mots& noms) {
-  const std::vector<QuestionCroisee>& questions = forme.session.Enquete().questions;
+  const std::vector<QuestionCroisee>& questions = forme.enquete.questions;
   std::vector<std::size_t> trouvees;
   for (const std::string& nom : noms) {
     if (nom == "*") {
@@ -49,9 +51,8 @@ std::vector<std::size_t> Trouver(FormeCroise& forme, const Mots& noms) {
     const auto question = std::find_if(questions.begin(), questions.end(),
                                        [&](const QuestionCroisee& q) { return Rogner(q.nom) == Rogner(nom); });
     if (question == questions.end()) {
-      const std::string texte =
-          Joindre({"La question ", nom, " n'existe pas dans ", forme.session.Cadre().Nom(".POS")});
-      Avertir(forme.session.CompteRendu(), forme.Ecran(), texte);
+      forme.Ecran().demander(Joindre({"La question ", nom, " n'existe pas dans ", forme.contexte.Nom(".POS")}),
+                             Boutons::Ok);
       throw Erreur(kArretAnnonce);
     }
     trouvees.push_back(static_cast<std::size_t>(question - questions.begin()));
@@ -73,20 +74,36 @@ void Lancer(FormeCroise& forme) {
     forme.Ecran().demander(forme.etat.titre, Boutons::Ok);
     throw Erreur(kArretAnnonce);
   }
-  const ResultatLancement resultat = forme.session.Lancer(*demande);
-  ApresLancement(forme.etat, resultat);
-  if (!resultat.retenu) return;
-  Remplacement fichier(forme.session.Cadre().repertoire, forme.graphique);
-  fichier.Fichier().Ecrire(TexteSvg(DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(*resultat.retenu)))));
+  const std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
+  if (!resultat) throw Erreur(kArretAnnonce);
+  ApresLancement(forme.etat, *resultat);
+  if (!resultat->retenu) return;
+  Remplacement fichier(forme.contexte.repertoire, forme.graphique);
+  fichier.Fichier().Ecrire(TexteSvg(DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(*resultat->retenu)))));
   fichier.Valider();
 }
 
+// The report is shown once, when the last launch is over.
 Fin Executer(const Contexte& contexte, const LigneCroise& ligne) {
-  return Croise(contexte, {ligne.donnees, [&](SessionCroise& session) {
-                             FormeCroise forme{session, NouveauChoix(session.Enquete()), {}};
-                             for (const auto& geste : ligne.gestes) geste(forme);
-                             if (ligne.aLancer) Lancer(forme);
-                           }});
+  std::optional<Affichage> dernier;
+  Dialogue ecran = contexte.Ecran();
+  ecran.afficher = [&](const Affichage& affichage) { dernier = affichage; };
+  Contexte muet = contexte;
+  muet.dialogue = &ecran;
+  Fin fin = Fin::Arret;
+  if (const std::optional<EnqueteCroisee> enquete = PreparerCroise(muet, ligne.donnees)) {
+    try {
+      FormeCroise forme{muet, *enquete, NouveauChoix(*enquete), {}};
+      for (const auto& geste : ligne.gestes) geste(forme);
+      if (ligne.aLancer) Lancer(forme);
+      fin = Fin::Normale;
+    } catch (const Erreur& erreur) {
+      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    }
+  }
+  if (dernier) contexte.Ecran().afficher(*dernier);
+  else MontrerRapport(contexte, contexte.Nom(".TCR"));
+  return fin;
 }
 
 void Ajouter(LigneCroise& ligne, std::function<void(FormeCroise&)> geste) {
@@ -181,8 +198,7 @@ Programme ProgrammeCroise() {
              {{"compacte", 0}, {"etendue", 1}, {"triangulaire", 2}, {"compactee", 0}, {"large", 1}, {"trg", 2}},
              "édition étendue avec modalités, compactée, ou pour le graphique triangulaire (ajoute au .TRG)"_w,
              [](FormeCroise& forme, std::size_t rang) {
-               ChoisirEdition(forme.etat, static_cast<ChoixEdition>(rang), forme.session.Enquete().individus,
-                              forme.Ecran());
+               ChoisirEdition(forme.etat, static_cast<ChoixEdition>(rang), forme.enquete.individus, forme.Ecran());
              })
       .Parmi("caracteres", "10|8", "10", {{"10", 10}, {"8", 8}},
              "taille des caractères de l'édition étendue : pages de 5 x 18 ou 6 x 24 cases"_w,
@@ -195,9 +211,7 @@ Programme ProgrammeCroise() {
       .Case("detailkhi2", "casedetkhi2", "détail des cases d'effectif théorique inférieur à 1"_w,
             &EtatChoixVar::detailKhi2)
       .Case("tableauisole", "casebrt", "sauvegarde le premier tableau en .MOD et .BRT",
-            [](FormeCroise& forme, std::size_t rang) {
-              CocherTableauIsole(forme.etat, rang == 1, forme.session.Cadre());
-            });
+            [](FormeCroise& forme, std::size_t rang) { CocherTableauIsole(forme.etat, rang == 1, forme.contexte); });
   return options.Achever();
 }
 

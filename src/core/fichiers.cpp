@@ -38,8 +38,9 @@ int OuvrirEnLecture(const Chemin& chemin) {
   return descripteur;
 }
 
-int OuvrirEnEcriture(const Chemin& chemin) {
-  const int descripteur = ::open(chemin.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+int OuvrirEnEcriture(const Chemin& chemin, ModeEcriture mode) {
+  const int place = mode == ModeEcriture::Neuf ? O_TRUNC : O_APPEND;
+  const int descripteur = ::open(chemin.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | place, 0666);
   // For a file to be made, what is missing is the directory.
   if (descripteur < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
   return descripteur;
@@ -216,7 +217,8 @@ std::string_view LecteurLignes::LireObligatoire() {
   return ligne;
 }
 
-Ecrivain::Ecrivain(const Chemin& chemin) : descripteur_(OuvrirEnEcriture(chemin)), tampon_(new char[capacite]) {}
+Ecrivain::Ecrivain(const Chemin& chemin, ModeEcriture mode)
+    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[capacite]) {}
 
 Ecrivain::~Ecrivain() {
   if (descripteur_ < 0) return;

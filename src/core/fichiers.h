@@ -62,10 +62,13 @@ class LecteurLignes {
   std::size_t fin_ = 0;    // end of the bytes read
 };
 
+// Whether what is written takes the place of the file or stands behind what it holds.
+enum class ModeEcriture { Neuf, Suite };
+
 // Writes a file through one large buffer. Every failure raises 61, 57, 70 or 75.
 class Ecrivain {
  public:
-  explicit Ecrivain(const Chemin& chemin);
+  explicit Ecrivain(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
   ~Ecrivain();  // closes silently: a writer whose bytes count is closed by Fermer
   Ecrivain(Ecrivain&&) noexcept;
   Ecrivain& operator=(Ecrivain&&) noexcept;

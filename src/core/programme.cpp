@@ -125,11 +125,11 @@ void Montrer(const Contexte& contexte, const Affichage& affichage) {
 enum class AFinNormale { Montrer, Taire };
 
 Fin Executer(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
-             const std::function<void(Rapport&)>& corps, AFinNormale aFinNormale) {
+             const std::function<void(Rapport&)>& corps, AFinNormale aFinNormale, ModeEcriture mode) {
   Fin fin = Fin::Arret;
   Affichage affichage;
   try {
-    Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport));
+    Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport), mode);
     if (ExecuterCorps(rapport, libelles, corps)) fin = Fin::Normale;
     rapport.Fermer();
     if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
@@ -145,13 +145,13 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
 }  // namespace
 
 Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
-                      const std::function<void(Rapport&)>& corps) {
-  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Montrer);
+                      const std::function<void(Rapport&)>& corps, ModeEcriture mode) {
+  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Montrer, mode);
 }
 
 bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
                        const std::function<void(Rapport&)>& corps) {
-  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Taire) == Fin::Normale;
+  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Taire, ModeEcriture::Neuf) == Fin::Normale;
 }
 
 void MontrerRapport(const Contexte& contexte, std::string_view nomRapport) {

@@ -48,8 +48,9 @@ struct LibellesErreur {
 // Opens the report `nomRapport` (generic and extension), runs the body and ends in FinProgramme. The body never
 // catches: an Erreur becomes the text of its number in the report, kArgumentIncorrect with a question becomes the
 // lines on *.POS, kArretAnnonce adds nothing. Returns Arret for every run that did not come to its normal end.
+// A run that goes on with the report of an earlier one writes behind it (ModeEcriture::Suite).
 Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
-                      const std::function<void(Rapport&)>& corps);
+                      const std::function<void(Rapport&)>& corps, ModeEcriture mode = ModeEcriture::Neuf);
 
 // The run of an editing form that closes: does what is to be saved, then the report (generic and ".PRT") holds the one
 // sentence.

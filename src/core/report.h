@@ -35,7 +35,7 @@ std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
 // A report file under construction. Every failure to write raises 61, 57, 70 or 75.
 class Rapport {
  public:
-  explicit Rapport(const Chemin& chemin) : fichier_(chemin) {}
+  explicit Rapport(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf) : fichier_(chemin, mode) {}
 
   void Ligne() { fichier_.FinDeLigne(); }
   void Ligne(Texte texte) { fichier_.Ligne(texte); }
@@ -48,8 +48,6 @@ class Rapport {
   void Suite(std::initializer_list<Texte> morceaux) {
     for (const Texte& morceau : morceaux) fichier_.Ecrire(morceau.Vue());
   }
-  // Puts what was written so far into the file, for who reads it meanwhile.
-  void Vider() { fichier_.Vider(); }
   void Fermer() { fichier_.Fermer(); }
 
  private:

@@ -160,39 +160,42 @@ ResultatLancement Impression::Imprimer() {
     for (const std::size_t ligne : demande_.lignes)
       for (const std::size_t colonne : demande_.colonnes) CroiserTrois(filtre, ligne, colonne);
   AjouterAuTrg(contexte_, lignesTrg_);
-  rapport_.Vider();
   return std::move(resultat_);
+}
+
+LibellesErreur Libelles() {
+  return {.imprevue = " Erreur non prevue : si apres verification l'erreur persiste",
+          .numero = " notez le numero suivant : ERREUR NUMERO =",
+          .avecTexte = false,
+          .avecAsterisques = false,
+          .assistance = " et prevenez l'assistance technique",
+          .question = "a la question n+",
+          .finDeFichier = {"Le nombre d'individus indique dans *.POS est plus grand",
+                           "le nombre d'individus presents dans le fichier", "Verifiez et corrigez avant de relancer"}};
 }
 
 }  // namespace
 
-ResultatLancement SessionCroise::Lancer(const DemandeCroise& demande) {
-  return Impression(contexte_, rapport_, enquete_, demande).Imprimer();
+std::optional<EnqueteCroisee> PreparerCroise(const Contexte& contexte, std::string_view fichierDonnees) {
+  std::optional<EnqueteCroisee> enquete;
+  PreparerProgramme(contexte, contexte.Nom(".TCR"), Libelles(),
+                    [&](Rapport& rapport) { enquete = PreparerEnquete(rapport, contexte, fichierDonnees); });
+  return enquete;
 }
 
-const LibellesErreur& LibellesCroise() {
-  static const LibellesErreur libelles{
-      .imprevue = " Erreur non prevue : si apres verification l'erreur persiste",
-      .numero = " notez le numero suivant : ERREUR NUMERO =",
-      .avecTexte = false,
-      .avecAsterisques = false,
-      .assistance = " et prevenez l'assistance technique",
-      .question = "a la question n+",
-      .finDeFichier = {"Le nombre d'individus indique dans *.POS est plus grand",
-                       "le nombre d'individus presents dans le fichier", "Verifiez et corrigez avant de relancer"}};
-  return libelles;
+std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const EnqueteCroisee& enquete,
+                                              const DemandeCroise& demande) {
+  std::optional<ResultatLancement> resultat;
+  ExecuterProgramme(
+      contexte, contexte.Nom(".TCR"), Libelles(),
+      [&](Rapport& rapport) { resultat = Impression(contexte, rapport, enquete, demande).Imprimer(); },
+      ModeEcriture::Suite);
+  return resultat;
 }
 
 void ViderTableauIsole(const Contexte& contexte) {
   for (const std::string_view extension : {".MOD", ".BRT"})
     Ecrivain(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))).Fermer();
-}
-
-Fin Croise(const Contexte& contexte, const OptionsCroise& options) {
-  return ExecuterProgramme(contexte, contexte.Nom(".TCR"), LibellesCroise(), [&](Rapport& rapport) {
-    SessionCroise session(contexte, rapport, PreparerEnquete(rapport, contexte, options.fichierDonnees));
-    options.demander(session);
-  });
 }
 
 }  // namespace quelvar

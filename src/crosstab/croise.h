@@ -1,9 +1,8 @@
-// Crosstabs: loads the survey once, then prints in the report .TCR any number of two- and three-way tables each time it
-// is asked to; on request saves one table as .MOD and .BRT and appends rows to the .TRG of the triangular graph.
+// Crosstabs: loads the survey once, then prints in the report .TCR any number of two- and three-way tables at each
+// launch; on request saves one table as .MOD and .BRT and appends rows to the .TRG of the triangular graph.
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,37 +42,14 @@ struct ResultatLancement {
   std::optional<TableauRetenu> retenu;
 };
 
-// A run between its preparation and its end.
-class SessionCroise {
- public:
-  SessionCroise(const Contexte& contexte, Rapport& rapport, EnqueteCroisee enquete)
-      : contexte_(contexte), rapport_(rapport), enquete_(std::move(enquete)) {}
+// Loads the survey and starts the report anew; `fichierDonnees` stands for the .DAT of the generic unless it is empty.
+// Nothing when the run stopped; the report, which is shown only then, tells why.
+std::optional<EnqueteCroisee> PreparerCroise(const Contexte& contexte, std::string_view fichierDonnees);
 
-  const Contexte& Cadre() const { return contexte_; }
-  const EnqueteCroisee& Enquete() const { return enquete_; }
-  Rapport& CompteRendu() { return rapport_; }
-
-  // Computes and prints the tables asked for; the report file holds them when it returns. Raises 9 for a question with
-  // codes beyond 99, and the numbers of the writers.
-  ResultatLancement Lancer(const DemandeCroise& demande);
-
- private:
-  const Contexte& contexte_;
-  Rapport& rapport_;
-  EnqueteCroisee enquete_;
-};
-
-struct OptionsCroise {
-  std::string fichierDonnees;  // other data file; empty for generic .DAT
-  // Shows the request form, or stands for it: launches as often as it likes.
-  std::function<void(SessionCroise&)> demander;
-};
-
-// Prepares the survey, hands it to `demander` and ends the run when that returns.
-Fin Croise(const Contexte& contexte, const OptionsCroise& options);
-
-// The error texts of the program, which its form needs to show the report between two launches.
-const LibellesErreur& LibellesCroise();
+// Computes the tables asked for and prints them behind what the report holds. Nothing when an error ended the run: a
+// question with codes beyond 99 is error 9.
+std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const EnqueteCroisee& enquete,
+                                              const DemandeCroise& demande);
 
 // The two files of an isolated table, emptied for the launch that fills them. Raises 61, 70 or 75.
 void ViderTableauIsole(const Contexte& contexte);
