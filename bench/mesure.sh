@@ -56,7 +56,9 @@ for g in TCENT TMILLION; do
   programme $g CSV "DAT POS PO2 IMP" import-csv
 done
 
-# A Burt table of 1,500 modalities
+# Burt tables of 200 and of 1,500 modalities
+"$bin/quelvar-genere" . BURT40 20000 40 --actives 5
+programme BURT40 DAT "BRT CDG PRT" posmod oublier=oui codeszero=non
 "$bin/quelvar-genere" . BURT 20000 300 --actives 5
 programme BURT DAT "BRT CDG PRT" posmod oublier=oui codeszero=non
 programme BURT BRT "PEM PEL PRO" ecapem intitules=courts
