@@ -31,9 +31,10 @@ std::optional<std::string> ReponseSuivante(Demande& demande) {
 Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   const std::string minuscules = Minuscules(mot);
   if (boutons == Boutons::Ok) return defaut;
-  if (minuscules == "oui") return Reponse::Oui;
-  if (minuscules == "non") return Reponse::Non;
-  if (minuscules == "annuler" && boutons == Boutons::OuiNonAnnuler) return Reponse::Annuler;
+  if (minuscules == "annuler" && boutons != Boutons::OuiNon) return Reponse::Annuler;
+  if (boutons != Boutons::OkAnnuler && minuscules == "oui") return Reponse::Oui;
+  if (boutons != Boutons::OkAnnuler && minuscules == "non") return Reponse::Non;
+  if (boutons == Boutons::OkAnnuler && minuscules == "ok") return Reponse::Ok;
   Ecrire(stderr, Joindre({"(réponse \""_w, mot, "\" sans objet ici : réponse par défaut)\n"_w}));
   return defaut;
 }
@@ -52,7 +53,7 @@ Dialogue DialogueBatch(Demande& demande) {
   Dialogue dialogue;
   dialogue.demander = [&demande](std::string_view texte, Boutons boutons) {
     Ecrire(stderr, Joindre({SansRetoursChariot(texte), "\n"}));
-    const Reponse defaut = boutons == Boutons::Ok ? Reponse::Ok : Reponse::Oui;
+    const Reponse defaut = PremierBouton(boutons);
     if (boutons == Boutons::Ok) return defaut;
     const std::optional<std::string> mot = ReponseSuivante(demande);
     return mot ? ReponseDe(*mot, boutons, defaut) : defaut;

@@ -13,8 +13,12 @@
 
 namespace quelvar {
 
-enum class Boutons { Ok, OuiNon, OuiNonAnnuler };
+enum class Boutons { Ok, OkAnnuler, OuiNon, OuiNonAnnuler };
 enum class Reponse { Ok, Oui, Non, Annuler };
+
+constexpr Reponse PremierBouton(Boutons boutons) {
+  return boutons == Boutons::Ok || boutons == Boutons::OkAnnuler ? Reponse::Ok : Reponse::Oui;
+}
 
 // What is shown at the end of a run.
 struct Affichage {
@@ -39,7 +43,7 @@ struct Dialogue {
   std::function<void(std::string_view texte)> montrerIteration = [](std::string_view) {};
   // A message box; the default is its first button.
   std::function<Reponse(std::string_view texte, Boutons boutons)> demander = [](std::string_view, Boutons boutons) {
-    return boutons == Boutons::Ok ? Reponse::Ok : Reponse::Oui;
+    return PremierBouton(boutons);
   };
   // An input box: the text typed, the proposed one when it is accepted, an empty one when it is cancelled.
   std::function<std::string(std::string_view question, std::string_view propose)> saisir =

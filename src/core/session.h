@@ -32,8 +32,9 @@ struct Session {
   std::string vus;     // former generics, a ";" after each, in order of first use
   double individus = 0;
   Ouverture ouverture = Ouverture::SansInitialisation;
-  std::string titre;           // title of the main form
-  std::string fichierAffiche;  // name of the file shown in Text1
+  std::string titre;             // title of the main form
+  std::string fichierAffiche;    // name of the file shown in Text1
+  bool passerModalites = false;  // "Annuler" at a recoding: the modality file goes along without a question
   // Content of Qvr2.ini as this session last read or wrote it: another one found there comes from another window.
   std::optional<Initialisation> derniereInitialisation;
 };

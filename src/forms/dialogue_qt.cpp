@@ -73,12 +73,13 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons) 
   boite.setTextFormat(Qt::PlainText);
   switch (boutons) {
     case Boutons::Ok: boite.setStandardButtons(QMessageBox::Ok); break;
+    case Boutons::OkAnnuler: boite.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
     case Boutons::OuiNon: boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
     case Boutons::OuiNonAnnuler:
       boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
       break;
   }
-  boite.setDefaultButton(boutons == Boutons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+  boite.setDefaultButton(PremierBouton(boutons) == Reponse::Ok ? QMessageBox::Ok : QMessageBox::Yes);
   switch (boite.exec()) {
     case QMessageBox::Yes: return Reponse::Oui;
     case QMessageBox::No: return Reponse::Non;

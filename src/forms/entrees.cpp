@@ -8,6 +8,7 @@
 #include "forms/nomemod.h"
 #include "forms/nomquest.h"
 #include "forms/prem.h"
+#include "forms/preprecod.h"
 #include "forms/principal2.h"
 
 namespace quelvar {
@@ -23,6 +24,8 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuTriapl", OuvrirTriapl},
     {"mnuNomQuest", OuvrirNomQuest},
     {"mnuNomMod", OuvrirNomMod},
+    {"mnuPrepRecod", OuvrirPrepRecod},
+    {"mnuOutils", OuvrirOutils},
     {"mnuPosmod", OuvrirPosmod},
     {"mnuModifMod", OuvrirModifMod},
     {"mnuEcapem", OuvrirChoixEcapem},

@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "forms/texte_qt.h"
+#include "sorts/recodage.h"
 #include "sorts/triapl.h"
 #include "ui_principal2.h"
 
@@ -17,7 +18,8 @@ constexpr int kLimiteDeDepassements = 50;
 Principal2::Principal2(Principal& principal, Usage usage)
     : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::Principal2>()) {
   ui_->setupUi(this);
-  connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &Principal2::LancerTriapl);
+  if (usage == Usage::Recodage) connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &Principal2::LancerRecodage);
+  else connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &Principal2::LancerTriapl);
   connect(ui_->BoutonTriaplNull, &QPushButton::clicked, this, [this] {
     Reinitialiser();
     close();
@@ -35,6 +37,7 @@ Principal2::Principal2(Principal& principal, Usage usage)
   });
   if (usage == Usage::Repertoires) MontrerRepertoires();
   else MontrerOptionsTriapl();
+  if (usage == Usage::Recodage) MontrerOptionsRecodage();
 }
 
 Principal2::~Principal2() = default;
@@ -56,6 +59,31 @@ void Principal2::MontrerOptionsTriapl() {
   ui_->BoutonTriapl->setFocus();
 }
 
+// The recoding takes the boxes of the flat sort under other captions.
+void Principal2::MontrerOptionsRecodage() {
+  setWindowTitle(QStringLiteral("Options du recodage"));
+  ui_->FrTriapl->setTitle(QStringLiteral("Options Outils"));
+  ui_->BoutonTriapl->setText(QStringLiteral("&Lancer Outils"));
+  ui_->CaseMod->hide();
+  ui_->FrmNR->hide();
+  ui_->CaseTriang->setText(QStringLiteral("&Ne garder que les recodées"));
+  ui_->CaseTriang->setToolTip(
+      QStringLiteral("L'option par défaut est de laisser inchangé l'ensemble des variables, recodées ou non"));
+  ui_->CaseRepMult->setText(QStringLiteral("&Mettre les recodées à la fin"));
+  ui_->CaseRepMult->setToolTip(QStringLiteral("Ne pas recoder sur place mais mettre les recodées à la fin"));
+  ui_->CaseVerif->setText(QStringLiteral("Ne sont &prises que les sélectionnées"));
+  ui_->CaseVerif->setToolTip(
+      QStringLiteral("Par défaut toutes les questions du fichier *.POS sont prises, recodées, sélectionnées ou non"));
+  const auto accorder = [this](bool seules) {
+    QCheckBox* exclue = seules ? ui_->CaseRepMult : ui_->CaseVerif;
+    exclue->setChecked(false);
+    exclue->setEnabled(false);
+    (seules ? ui_->CaseVerif : ui_->CaseRepMult)->setEnabled(true);
+  };
+  connect(ui_->CaseTriang, &QCheckBox::toggled, this, accorder);
+  accorder(ui_->CaseTriang->isChecked());
+}
+
 void Principal2::Reinitialiser() {
   ui_->CaseMod->setChecked(true);
   ui_->BoutNROui->setChecked(true);
@@ -73,6 +101,34 @@ void Principal2::LancerTriapl() {
   options.limite = ui_->CaseVerif->isChecked() ? kLimiteDeDepassements : 0;
   options.fichierDonnees = *donnees;
   principal_.Lancer([&](const Contexte& contexte) { Triapl(contexte, options); });
+  Reinitialiser();
+  close();
+}
+
+namespace {
+
+// The session follows a complete run to the new generic.
+void Recoder(Principal& principal, OptionsRecodage options) {
+  Session& session = principal.SessionEnCours();
+  SuiteRecodage suite{session.generique, session.passerModalites};
+  options.suite = &suite;
+  Fin fin = Fin::Arret;
+  principal.Lancer([&](const Contexte& contexte) { fin = Recodage(contexte, options); });
+  session.passerModalites = suite.passerModalites;
+  if (fin == Fin::Normale) principal.AdopterGenerique(suite.generique);
+}
+
+}  // namespace
+
+void Principal2::LancerRecodage() {
+  const std::optional<std::string> donnees = FichierDeDonnees();
+  if (!donnees) return;
+  OptionsRecodage options;
+  options.seules = ui_->CaseTriang->isChecked();
+  options.enFin = ui_->CaseRepMult->isChecked();
+  options.toutesSelectionnees = !ui_->CaseVerif->isChecked();
+  options.fichierDonnees = *donnees;
+  Recoder(principal_, options);
   Reinitialiser();
   close();
 }
@@ -108,6 +164,11 @@ void OuvrirRepertoires(Principal& principal) { Ouvrir(principal, Principal2::Usa
 void OuvrirTriapl(Principal& principal) {
   if (principal.SessionEnCours().niveau == 1) principal.Lancer([](const Contexte& contexte) { Triapl(contexte, {}); });
   else Ouvrir(principal, Principal2::Usage::Triapl);
+}
+
+void OuvrirOutils(Principal& principal) {
+  if (principal.SessionEnCours().niveau == 1) Recoder(principal, {});
+  else Ouvrir(principal, Principal2::Usage::Recodage);
 }
 
 }  // namespace quelvar

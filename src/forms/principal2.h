@@ -15,15 +15,17 @@ namespace quelvar {
 class Principal2 : public QDialog {
   Q_OBJECT
  public:
-  enum class Usage { Repertoires, Triapl };
+  enum class Usage { Repertoires, Triapl, Recodage };
   Principal2(Principal& principal, Usage usage);
   ~Principal2() override;
 
  private:
   void MontrerRepertoires();
   void MontrerOptionsTriapl();
+  void MontrerOptionsRecodage();
   void Reinitialiser();
   void LancerTriapl();
+  void LancerRecodage();
   // The other data file when CaseDat is ticked; nothing when its choice is cancelled.
   std::optional<std::string> FichierDeDonnees();
   void ListerInitialisations();
@@ -33,7 +35,8 @@ class Principal2 : public QDialog {
 };
 
 void OuvrirRepertoires(Principal& principal);
-// At level 1 runs the flat sort at once, else shows its options.
+// At level 1 they run the program at once, else they show its options.
 void OuvrirTriapl(Principal& principal);
+void OuvrirOutils(Principal& principal);
 
 }  // namespace quelvar

@@ -1,0 +1,130 @@
+#include "forms/preprecod.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "forms/pilote.h"
+#include "forms/principal2.h"
+
+namespace {
+
+using essai::Bureau;
+using essai::Pilote;
+using quelvar::PrepRecod;
+using quelvar::Principal2;
+
+class FormeRecodage : public testing::Test {
+ protected:
+  FormeRecodage() : bureau_(true) {
+    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\nAGE   212 $Age$\r\nLEC   4 2\r\n");
+    bureau_.Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 71\r\n");
+    bureau_.Ouvrir();
+  }
+  PrepRecod& Ouvrir() {
+    bureau_.Menu("mnuPrepRecod");
+    auto* forme = bureau_.Forme<PrepRecod>();
+    if (forme == nullptr) throw std::runtime_error("the form is not shown");
+    return *forme;
+  }
+  static void Cliquer(const QWidget& forme, const char* nom) {
+    auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);
+    ASSERT_TRUE(bouton.isEnabled()) << nom;
+    QTest::mouseClick(&bouton, Qt::LeftButton, {}, QPoint(8, bouton.height() / 2));
+  }
+  static void Question(const QWidget& forme, int rang) {
+    Bureau::Dans<QListWidget>(forme, "ListPos").setCurrentRow(rang);
+  }
+  // Takes a code of the list as a user does.
+  static void Code(const QWidget& forme, const char* liste, int code) {
+    auto& codes = Bureau::Dans<QComboBox>(forme, liste);
+    ASSERT_TRUE(codes.isEnabled());
+    codes.setFocus();
+    codes.setCurrentIndex(codes.findData(code));
+    emit codes.activated(codes.currentIndex());
+  }
+  static QString Message(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
+
+  Bureau bureau_;
+};
+
+TEST_F(FormeRecodage, RulesFilterAndVitReachThePosAndTheRecoding) {
+  PrepRecod& forme = Ouvrir();
+  EXPECT_TRUE(Message(forme).startsWith("Cette fenêtre prépare 4 opérations"));
+  Question(forme, 1);
+  auto& regle = Bureau::Dans<QLineEdit>(forme, "TextMod");
+  regle.setText("1-6=1/5=2");
+  QTest::keyClick(&regle, Qt::Key_Return);
+  EXPECT_TRUE(Message(forme).endsWith("***Attention erreur à corriger***"));
+  regle.setText("1-6=1/7-12=2");
+  QTest::keyClick(&regle, Qt::Key_Return);
+  EXPECT_EQ(Message(forme), "La question est validée");
+
+  Question(forme, 0);
+  Cliquer(forme, "OptIncl");
+  Cliquer(forme, "ChoixFiltre");
+  Code(forme, "ComboGen", 1);
+  EXPECT_EQ(Bureau::Dans<QLineEdit>(forme, "TextFiltre").text(), "INCL SEX=1");
+  Cliquer(forme, "ValidFiltre");
+
+  Pilote pilote;
+  pilote.Taper("CUL");
+  Cliquer(forme, "OptVITNouv");
+  Question(forme, 2);
+  Cliquer(forme, "ChkVITAv");
+  Cliquer(forme, "ChoixVIT");
+  pilote.Taper("2");
+  Code(forme, "ComboVIT", 1);
+  Cliquer(forme, "ValidVIT");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), nullptr);
+  EXPECT_EQ(bureau_.Lire("ENQ.POS"),
+            "ENQ\r\n3 INCL SEX=1 \r\nSEX   1 2 $Sexe$\r\nAGE   212 1-6=1/7-12=2$Age$\r\nLEC   4 2 \r\n$$CUL\r\n"
+            "LEC     1 2\r\n$$\r\n");
+
+  bureau_.Menu("mnuOutils");
+  pilote.Taper("SUITE");
+  Cliquer(*bureau_.Forme<Principal2>(), "BoutonTriapl");
+  EXPECT_EQ(bureau_.Lire("SUITE.DAT"), "11X12\r\n12X12\r\n");
+  EXPECT_EQ(bureau_.Fenetre().SessionEnCours().generique, "SUITE");
+  EXPECT_EQ(bureau_.Fenetre().SessionEnCours().ancien, "ENQ");
+  EXPECT_TRUE(bureau_.Texte().endsWith("Fin normale du programme\n"));
+}
+
+TEST_F(FormeRecodage, LeavingWithChangesIsAskedOnce) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 0);
+  Cliquer(forme, "ValidPond");
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_TRUE(forme.isVisible());
+  pilote.Cliquer("OK");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_TRUE(pilote.Vues().last().startsWith("Vous avez fait des modifications"));
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), nullptr);
+  EXPECT_FALSE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("POND"));
+}
+
+TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
+  bureau_.Menu("mnuOutils");
+  const Principal2& options = *bureau_.Forme<Principal2>();
+  EXPECT_EQ(options.windowTitle(), "Options du recodage");
+  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseVerif").isEnabled());
+  Cliquer(options, "CaseRepMult");
+  Cliquer(options, "CaseTriang");
+  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseRepMult").isChecked());
+  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseRepMult").isEnabled());
+  Cliquer(options, "CaseVerif");
+  Cliquer(options, "CaseTriang");
+  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseVerif").isChecked());
+  EXPECT_TRUE(Bureau::Dans<QCheckBox>(options, "CaseRepMult").isEnabled());
+}
+
+}  // namespace
