@@ -19,7 +19,7 @@ Description<OptionsModifMod>::Poser PoserStatuts(OptionsModifMod::Action::Genre 
 Programme ProgrammeModifMod() {
   using Genre = OptionsModifMod::Action::Genre;
   return Description<OptionsModifMod>("modifmod", "Statut et intitulé des modalités d'un .MOD existant"_w,
- ModifierModalites)
+                                      ModifierModalites)
       .Libre("supplementaires", "NOM,NOM...", "",
              "modalités mises en supplémentaires ; le nom d'une question vaut pour toutes les siennes"_w,
              PoserStatuts(Genre::Supplementaire))
@@ -49,7 +49,8 @@ Programme ProgrammeNomeMod() {
 }
 
 Programme ProgrammeNomQuest() {
-  return Description<OptionsNomQuest>("nomquest", "Intitulés des questions, entre signes $ dans le .POS"_w, NommerQuestions)
+  return Description<OptionsNomQuest>("nomquest", "Intitulés des questions, entre signes $ dans le .POS"_w,
+                                      NommerQuestions)
       .Libre("intitule", "NOM=TEXTE", "", "intitulé d'une question, 30 caractères au plus ; peut être répété"_w,
              [](OptionsNomQuest& options, const std::string& valeur) {
                options.intitules.push_back(NomEtTexte("intitule", valeur));
