@@ -195,6 +195,12 @@ void EditTexte::AllerALigne(int ligne) {
   centerCursor();
 }
 
+void EditTexte::Montrer(const QTextCursor& selection) {
+  const bool visible = viewport()->rect().contains(cursorRect(selection));
+  setTextCursor(selection);
+  if (!visible) centerCursor();
+}
+
 void EditTexte::FixerTailleCaracteres(int points) {
   FixerTaille(std::clamp(points, 6, 32));
   setTabStopDistance(kTabulation * QFontMetricsF(font()).horizontalAdvance(QString(100, u'0')) / 100);

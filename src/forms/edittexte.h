@@ -32,6 +32,8 @@ class EditTexte : public TexteFixe {
   int Ligne() const;    // of the caret, from 1
   int Colonne() const;  // from 1
   void AllerALigne(int ligne);
+  // Selects a place and brings it to the middle of the window when it was out of sight.
+  void Montrer(const QTextCursor& selection);
 
   // Typed and pasted text as the document takes it.
   QString Admettre(const QString& texte);

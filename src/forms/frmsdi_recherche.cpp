@@ -67,7 +67,7 @@ void frmSDI::Chercher(bool enArriere) {
     phrase = enArriere ? QStringLiteral("Reprise à la fin du texte") : QStringLiteral("Reprise au début du texte");
   }
   if (trouve) {
-    texte->setTextCursor(*trouve);
+    texte->Montrer(*trouve);
   } else {
     phrase = QStringLiteral("« %1 » est introuvable").arg(options.motif);
     QApplication::beep();
@@ -91,7 +91,7 @@ bool frmSDI::ChercherDansLesParties(bool enArriere) {
     ui_->TexteEd->AcheverChargement();
     ui_->TexteEd->moveCursor(enArriere ? QTextCursor::End : QTextCursor::Start);
     if (std::optional<QTextCursor> trouve = ChercherDansTexte(ui_->TexteEd->textCursor(), options, enArriere)) {
-      ui_->TexteEd->setTextCursor(*trouve);
+      ui_->TexteEd->Montrer(*trouve);
       recherche_->Dire(QStringLiteral("Partie %1 sur %2").arg(rang + 1).arg(parties_));
       return true;
     }
