@@ -159,7 +159,7 @@ void Principal::EnregistrerSous() {
   try {
     if (!PeutRemplacer(fichier)) return;
     const std::string octets = ui_->Text1->Octets();
-    Remplacement remplacement(fichier.parent_path(), TexteDe(fichier.filename()));
+    Remplacement remplacement(fichier);
     remplacement.Fichier().Ecrire(octets);
     remplacement.Valider();
     if (affiche_ == fichier) Retenir(fichier, octets);
