@@ -2,6 +2,7 @@
 
 #include "forms/choixecapem.h"
 #include "forms/choixposmod.h"
+#include "forms/choixvar.h"
 #include "forms/fimportcsv.h"
 #include "forms/frmabout.h"
 #include "forms/modifmod.h"
@@ -22,6 +23,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuChangeRepert", OuvrirRepertoires},
     {"mnuImport", OuvrirImport},
     {"mnuTriapl", OuvrirTriapl},
+    {"mnuCroise", OuvrirChoixVar},
     {"mnuNomQuest", OuvrirNomQuest},
     {"mnuNomMod", OuvrirNomMod},
     {"mnuPrepRecod", OuvrirPrepRecod},

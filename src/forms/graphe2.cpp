@@ -1,0 +1,120 @@
+#include "forms/graphe2.h"
+
+#include <QFileDialog>
+
+#include "core/nombres.h"
+#include "forms/choixvar.h"
+#include "forms/rendudessin.h"
+#include "forms/texte_qt.h"
+#include "ui_graphe2.h"
+
+namespace quelvar {
+
+Graphe2::Graphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees)
+    : QDialog(&principal, Qt::Window),
+      principal_(principal),
+      contexte_(contexte),
+      etat_(NouveauGraphe2(donnees)),
+      ui_(std::make_unique<Ui::Graphe2>()) {
+  ui_->setupUi(this);
+  for (const EntreeGraphe2& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
+  ui_->ListVar->setCurrentRow(0);
+  ui_->BtMoyen->setChecked(true);
+  ui_->Pict2->deplacable = [](int) { return true; };
+  ui_->Pict2->infobulle = [this](int element) {
+    return VersQt(etat_.entrees[static_cast<std::size_t>(element)].texte);
+  };
+  RelierGestes();
+  RelierFichiers();
+  Dessiner();
+}
+
+Graphe2::~Graphe2() = default;
+
+void Graphe2::RelierGestes() {
+  const auto geste = [this](QAbstractButton* bouton, auto effet) {
+    connect(bouton, &QAbstractButton::clicked, this, [this, effet] {
+      effet();
+      Dessiner();
+    });
+  };
+  connect(ui_->ListVar, &QListWidget::currentRowChanged, this,
+          [this](int rang) { etat_.choisie = static_cast<std::size_t>(std::max(rang, 0)); });
+  connect(ui_->Pict2, &VueDessin::Clique, this, [this](int element) {
+    if (element >= 0) ui_->ListVar->setCurrentRow(element);
+  });
+  connect(ui_->Pict2, &VueDessin::Deplace, this, [this](int, const QPointF& pas) {
+    DeplacerEntree(etat_, {pas.x(), pas.y()});
+    Dessiner();
+  });
+  geste(ui_->Command3, [this] { DeplacerEntree(etat_, SensGraphe2::Haut); });
+  geste(ui_->Command4, [this] { DeplacerEntree(etat_, SensGraphe2::Bas); });
+  geste(ui_->Command5, [this] { DeplacerEntree(etat_, SensGraphe2::Gauche); });
+  geste(ui_->Command6, [this] { DeplacerEntree(etat_, SensGraphe2::Droite); });
+  geste(ui_->BtPlus, [this] { ChangerEchelle(etat_, true); });
+  geste(ui_->BtMoins, [this] { ChangerEchelle(etat_, false); });
+  geste(ui_->BtPlusF, [this] { ChangerFenetre(etat_, true); });
+  geste(ui_->BtMoinsF, [this] { ChangerFenetre(etat_, false); });
+  geste(ui_->BoutonValP, [this] { ChangerValeur(etat_, true); });
+  geste(ui_->BoutonValM, [this] { ChangerValeur(etat_, false); });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = CoefficientGraphe2::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = CoefficientGraphe2::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = CoefficientGraphe2::Fort; });
+  geste(ui_->BoutonRAZ, [this] {
+    Reinitialiser(etat_);
+    ui_->BtMoyen->setChecked(true);
+    ui_->Pict2->Ajuster();
+  });
+}
+
+void Graphe2::RelierFichiers() {
+  connect(ui_->BoutonEnreg, &QPushButton::clicked, this,
+          [this] { Enregistrer(CheminVersQt(CheminDEcriture(contexte_.repertoire, contexte_.Nom("Tab.bmp")))); });
+  connect(ui_->BoutonEnregSous, &QPushButton::clicked, this, &Graphe2::EnregistrerSous);
+  connect(ui_->BoutonImpr, &QPushButton::clicked, this, [this] {
+    if (!ImprimerDessin(this, ui_->Pict2->Contenu()))
+      principal_.Ecran().demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
+  });
+  connect(ui_->BoutonNouv, &QPushButton::clicked, this, [this] {
+    close();
+    if (auto* demande = principal_.Ouverte<ChoixVar>()) {
+      demande->raise();
+      demande->activateWindow();
+    }
+  });
+  connect(ui_->BoutonQuitter, &QPushButton::clicked, this, &Graphe2::close);
+}
+
+void Graphe2::Dessiner() {
+  ui_->Pict2->Montrer(DessinerGraphe2(etat_));
+  ui_->Coordonnees->setText(VersQt(TexteFenetre(etat_)).remove(u'\r'));
+}
+
+void Graphe2::Enregistrer(const QString& fichier) {
+  if (!EnregistrerDessin(fichier, ui_->Pict2->Contenu())) {
+    principal_.Ecran().demander(
+        Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}), Boutons::Ok);
+    return;
+  }
+  const std::string nom = TexteDe(CheminDepuisQt(fichier).filename());
+  setWindowTitle(VersQt(nom));
+  principal_.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
+}
+
+void Graphe2::EnregistrerSous() {
+  const QString propose = CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("Tab.png")));
+  QString choisi;
+  QString fichier =
+      QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer le graphique"), propose,
+                                   QStringLiteral("PNG (*.png);;SVG (*.svg);;PDF (*.pdf);;BMP (*.bmp)"), &choisi);
+  if (fichier.isEmpty()) return;
+  if (QFileInfo(fichier).suffix().isEmpty()) fichier += u'.' + choisi.left(3).toLower();
+  Enregistrer(fichier);
+}
+
+void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees) {
+  if (auto* ouverte = principal.Ouverte<Graphe2>()) ouverte->close();
+  principal.Montrer<Graphe2>(contexte, donnees);
+}
+
+}  // namespace quelvar
