@@ -120,9 +120,9 @@ MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampCode>& c
 
 std::vector<Matrice> CompterCroisement(const MatriceCodes& codes, const QuestionsCroisees& questions) {
   const bool filtre = questions.filtre != kSansFiltre;
-  const auto modalites = static_cast<std::size_t>(filtre ? codes.Plafond(questions.filtre) + 1 : 1);
-  const auto lignes = static_cast<std::size_t>(codes.Plafond(questions.ligne) + 1);
-  const auto colonnes = static_cast<std::size_t>(codes.Plafond(questions.colonne) + 1);
+  const auto modalites = filtre ? static_cast<std::size_t>(codes.Plafond(questions.filtre)) + 1 : std::size_t{1};
+  const auto lignes = static_cast<std::size_t>(codes.Plafond(questions.ligne)) + 1;
+  const auto colonnes = static_cast<std::size_t>(codes.Plafond(questions.colonne)) + 1;
   const std::size_t taille = modalites * lignes * colonnes;
 
   std::vector<std::uint32_t> compteurs(taille * kTablesParalleles);

@@ -158,7 +158,7 @@ std::string EnTeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
   std::string ligne(8, ' ');
   for (std::size_t j = 0; j < colonnes.actifs; ++j) {
     ligne += CadreGauche(colonnes.noms[j], 5);
-    ligne.append(static_cast<std::size_t>(1 + decimales), ' ');
+    ligne.append(static_cast<std::size_t>(decimales) + 1, ' ');
   }
   return ligne;
 }
