@@ -89,8 +89,9 @@ Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
     for (const auto& [nom, intitule] : options.intitules) {
-      const auto question = std::find_if(etat.questions.begin(), etat.questions.end(),
-                                         [&](const auto& q) { return CadreGauche(q.nom, 3) == CadreGauche(nom, 3); });
+      const auto question = std::find_if(etat.questions.begin(), etat.questions.end(), [&nom = nom](const auto& q) {
+        return CadreGauche(q.nom, 3) == CadreGauche(nom, 3);
+      });
       const std::string_view refus = question == etat.questions.end()
                                          ? "la question n'est pas dans le fichier de positions"
                                          : NommerQuestion(*question, intitule);

@@ -237,7 +237,7 @@ TEST(TriAPlat, RapportLongDansLeLecteur) {
   BureauEnq bureau(1);
   std::string pos = "ENQ\r\n 1 \r\n";
   for (int i = 1; i <= 400; ++i) {
-    char ligne[40];
+    char ligne[64];
     std::snprintf(ligne, sizeof ligne, "%03d%4d 9 $Question numero %d$\r\n", i, i, i);
     pos += ligne;
   }
