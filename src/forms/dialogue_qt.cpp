@@ -44,6 +44,12 @@ class CurseurNormal {
   CurseurNormal& operator=(const CurseurNormal&) = delete;
 };
 
+// The window that the user is in: a box over another one would bring that to the front and leave the focus there.
+QWidget* ParentDesBoites(QWidget* fenetre) {
+  QWidget* active = QApplication::activeWindow();
+  return active != nullptr ? active : fenetre;
+}
+
 QString SansFinsDeLigneDos(std::string_view texte) {
   return VersQt(texte).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
@@ -111,19 +117,20 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
   };
   dialogue.demander = [=](std::string_view texte, Boutons boutons) {
     const CurseurNormal curseur;
-    return DemanderReponse(ecran.fenetre, SansFinsDeLigneDos(texte), boutons);
+    return DemanderReponse(ParentDesBoites(ecran.fenetre), SansFinsDeLigneDos(texte), boutons);
   };
   dialogue.saisir = [=](std::string_view question, std::string_view propose) {
     const CurseurNormal curseur;
     bool accepte = false;
-    const QString texte = QInputDialog::getText(ecran.fenetre, QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
-                                                QLineEdit::Normal, VersQt(propose), &accepte);
+    const QString texte =
+        QInputDialog::getText(ParentDesBoites(ecran.fenetre), QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
+                              QLineEdit::Normal, VersQt(propose), &accepte);
     return accepte ? DepuisQt(texte) : std::string();
   };
   dialogue.choisirFichier = [=](std::string_view titre, std::string_view filtre) {
     const CurseurNormal curseur;
-    const QString chemin =
-        QFileDialog::getOpenFileName(ecran.fenetre, VersQt(titre), QStringLiteral("."), FiltreQt(VersQt(filtre)));
+    const QString chemin = QFileDialog::getOpenFileName(ParentDesBoites(ecran.fenetre), VersQt(titre),
+                                                        QStringLiteral("."), FiltreQt(VersQt(filtre)));
     return DepuisQt(chemin);
   };
   dialogue.biper = [] { QApplication::beep(); };

@@ -229,10 +229,16 @@ TEST(Graphe2, TextesDeplacesEtTailles) {
 
 TEST(Graphe2, EnregistreSousSonNom) {
   BureauDeGraphe bureau;
-  const Graphe2& forme = bureau.Graphe();
+  Graphe2& forme = bureau.Graphe();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&forme));
   Pilote pilote;
-  pilote.Cliquer("OK");
+  QWidget* parent = nullptr;
+  pilote.Faire([&](QDialog& boite) {
+    parent = boite.parentWidget();
+    boite.accept();
+  });
   Cliquer(forme, "BoutonEnreg");
+  EXPECT_EQ(parent, &forme);  // the box leaves the picture in front
   EXPECT_EQ(pilote.Vues().last(), "Graphique enregistré sous le nom : ENQTab.bmp");
   EXPECT_EQ(forme.windowTitle(), "ENQTab.bmp");
   const QImage image(QString::fromStdString((bureau.Dossier() / "ENQTab.bmp").string()));
