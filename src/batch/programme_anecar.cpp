@@ -39,6 +39,30 @@ void PoserInversions(O& options, const std::string& valeur) {
   }
 }
 
+void PoserFacteurs(O& options, const std::string& valeur) {
+  if (valeur.empty() || valeur.size() > 3 || valeur.find_first_not_of("0123456789") != std::string::npos)
+    throw UsageIncorrect(Joindre({"l'option facteurs attend un nombre entier (0..999) et non \"", valeur, "\""}));
+  options.facteurs = static_cast<int>(ValeurDe(valeur));
+}
+
+void PoserClassification(O& options, const std::string& valeur) {
+  const std::string mot = Minuscules(valeur);
+  if (mot == "non") return options.classification.reset();
+  if (mot != "ward1" && mot != "ward2")
+    throw UsageIncorrect(Joindre({"l'option cah attend ward1|ward2|non et non \"", valeur, "\""}));
+  if (!options.classification) options.classification.emplace();
+  options.classification->methode = mot == "ward1" ? MethodeWard::Distances : MethodeWard::Carres;
+}
+
+// A choice of the classification, which begins with it.
+Description<O>::Poser PoserChoixWard(std::string nom, bool OptionsWard::*membre) {
+  return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
+    const bool choisi = LireOuiNon(nom, valeur);
+    if (choisi && !options.classification) options.classification.emplace();
+    if (options.classification) *options.classification.*membre = choisi;
+  };
+}
+
 }  // namespace
 
 Programme ProgrammeAnecar() {
@@ -46,17 +70,30 @@ Programme ProgrammeAnecar() {
                         Anecar)
       .Choix<TypeAnalyse>("analyse", &O::type, {{"afc", TypeAnalyse::Afc}, {"acp", TypeAnalyse::Acp}},
                           "analyse des correspondances ou en composantes principales")
-      .Entier("facteurs", &O::facteurs, 0, 999, "nombre de facteurs à extraire, 0 pour 3"_w)
+      .Libre("facteurs", "0..999", "3, ou 5 avec cah", "nombre de facteurs à extraire, 0 pour 3"_w, PoserFacteurs)
+      .Alias({"textboxnbfact"})
       .Libre("edition", "compacte|triee|etendue", "selon le niveau et la taille",
              "tables compactes, listes triées par facteur, ou tables étendues avec Cos2"_w, PoserEdition)
       .OuiNon("lignes", &O::imprimerLignes, "imprime aussi les lignes du tableau dans les listes triées"_w)
+      .Alias({"caselignes"})
       .Libre("seuillignes", "moyenne|N", "niveau 1 : 0, niveau 2 : moyenne",
              "contribution minimum pour l'édition des lignes"_w, PoserSeuil("seuillignes", &O::seuilLignes))
+      .Alias({"textboxctrl"})
       .Libre("seuilcolonnes", "moyenne|N", "niveau 1 : 0, niveau 2 : moyenne",
              "contribution minimum pour l'édition des colonnes"_w, PoserSeuil("seuilcolonnes", &O::seuilColonnes))
+      .Alias({"textboxctrc"})
       .OuiNon("codagelogique", &O::codageLogique, "analyse les individus eux-mêmes, en codage logique"_w)
+      .Alias({"casecdg"})
       .Libre("inversions", "facteurs", "aucune", "facteurs, de 1 à 3, dont le signe est inversé dans les fichiers"_w,
-             PoserInversions);
+             PoserInversions)
+      .Libre("cah", "ward1|ward2|non", "non", "classe ensuite les modalités par la méthode de Ward"_w,
+             PoserClassification)
+      .Libre("individus", "oui|non", "non", "classe les individus au lieu des modalités"_w,
+             PoserChoixWard("individus", &OptionsWard::individus))
+      .Alias({"indivcah"})
+      .Libre("csv", "oui|non", "non", "écrit le .CSV des étapes de la classification"_w,
+             PoserChoixWard("csv", &OptionsWard::etapesCsv))
+      .Alias({"impragr"});
 }
 
 }  // namespace quelvar::batch

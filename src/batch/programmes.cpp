@@ -37,6 +37,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeNomQuest(),
       ProgrammeEcapem(),
       ProgrammeAnecar(),
+      ProgrammeWardCoupe(),
       // clang-format on
   };
   return programmes;

@@ -164,5 +164,6 @@ Programme ProgrammePosmod();
 Programme ProgrammePrepRecod();
 Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();
+Programme ProgrammeWardCoupe();
 
 }  // namespace quelvar::batch

@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::string_view kTravail = "$$AEI.TIS";
 constexpr int kFacteursParDefaut = 3;
+constexpr int kFacteursAClasser = 5;
 constexpr int kBurtEnListes = 50;  // from this size on a table is edited by sorted listings at level 1
 
 // The options with every choice of the level made.
@@ -113,7 +114,8 @@ void RefuserTableau(Rapport& rapport, const Contexte& contexte, const PlanAnecar
     Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
 }
 
-int NombreDeFacteurs(int demandes, const PlanAnecar& plan) {
+int NombreDeFacteurs(const OptionsAnecar& options, const PlanAnecar& plan) {
+  const int demandes = options.facteurs.value_or(options.classification ? kFacteursAClasser : kFacteursParDefaut);
   const std::int64_t lesPlus = std::min(plan.lignesActives, static_cast<std::int64_t>(plan.colonnes.actifs)) - 1;
   return static_cast<int>(std::min<std::int64_t>(demandes == 0 ? kFacteursParDefaut : demandes, lesPlus));
 }
@@ -163,7 +165,7 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
     Refuser(rapport, contexte, "*** Arret du programme : le total du tableau est nul");
   moteur.analyse = CommencerAnalyse(moteur.tableau, moteur.options.type);
   ImprimerTitre(rapport, moteur.analyse);
-  const int facteurs = NombreDeFacteurs(moteur.options.facteurs, moteur.plan);
+  const int facteurs = NombreDeFacteurs(moteur.options, moteur.plan);
   ImprimerNombreDeFacteurs(rapport, facteurs);
 
   contexte.Ecran().montrerProgression(std::max(100 * std::int64_t{facteurs}, std::int64_t{1}));
@@ -175,8 +177,14 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   contexte.Ecran().montrerProgression(0);
 }
 
-void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
-              const OptionsAnecar& options) {
+// What the classification that follows needs to know.
+struct SuiteWard {
+  std::size_t facteurs = 0;
+  std::optional<std::size_t> derniers;  // individuals behind the modalities
+};
+
+SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+                   const OptionsAnecar& options) {
   if (options.codageLogique) ExigerCodageLogique(contexte);
   Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}};
   moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique);
@@ -190,6 +198,21 @@ void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAneca
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan);
   ExtraireEtImprimer(rapport, moteur);
+  SuiteWard suite{moteur.analyse.facteurs.size(), std::nullopt};
+  if (moteur.plan.genre == GenreTableau::BurtEtIndividus && options.classification && options.classification->individus)
+    suite.derniers = moteur.tableau.lignes.Nombre() - moteur.plan.positions.size();
+  return suite;
+}
+
+// The table is given back before the distances take its place in memory.
+void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+              const OptionsAnecar& options) {
+  const SuiteWard suite = Extraire(rapport, contexte, preparation, options);
+  if (options.classification) {
+    if (suite.facteurs == 0)
+      Refuser(rapport, contexte, "*** Arret du programme : pas de facteur pour la classification");
+    ClasserWard(contexte, rapport, suite.facteurs, *options.classification, suite.derniers);
+  }
   rapport.Ligne("Fin normale du programme");
 }
 

@@ -10,6 +10,7 @@
 #include "factor/anecar_editions.h"
 #include "factor/anecar_fichiers.h"
 #include "factor/extraction.h"
+#include "factor/ward_classement.h"
 
 namespace quelvar {
 
@@ -24,7 +25,7 @@ inline constexpr int kSeuilMoyen = -1;
 
 struct OptionsAnecar {
   TypeAnalyse type = TypeAnalyse::Afc;
-  int facteurs = 3;  // 0 stands for 3
+  std::optional<int> facteurs;  // 0 stands for 3; left out: 3, or 5 with a classification
   // Left out: at level 1 compact tables below BRT=50 and sorted listings above; at level 2 compact tables.
   std::optional<EditionAnecar> edition;
   bool imprimerLignes = false;  // rows are listed in the sorted edition
@@ -33,6 +34,7 @@ struct OptionsAnecar {
   std::optional<int> seuilColonnes;
   bool codageLogique = false;  // the individuals themselves are analysed
   InversionsDeFacteurs inversions{};
+  std::optional<OptionsWard> classification;  // run after the factors
 };
 
 // Checks the files and writes the short report .ANA; nothing when the run has ended there.

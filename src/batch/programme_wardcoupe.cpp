@@ -1,0 +1,15 @@
+#include "batch/programmes.h"
+#include "factor/ward_coupe.h"
+
+namespace quelvar::batch {
+
+Programme ProgrammeWardCoupe() {
+  using O = OptionsCoupe;
+  return Description<O>("ward-coupe",
+                        "Coupe l'arbre d'une classification : groupes de modalités, ou nouveau générique"_w, WardCoupe)
+      .Entier("niveau", &O::niveau, 0, 999999, "nombre d'étapes de l'arbre"_w)
+      .OuiNon("intituleslongs", &O::intitulesLongs, "liste les modalités par leur intitulé long"_w)
+      .Alias({"checklong"});
+}
+
+}  // namespace quelvar::batch

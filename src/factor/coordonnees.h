@@ -1,0 +1,48 @@
+// Reading of the coordinate files of a factor analysis: .FAJ and .FAI in whole thousandths with the contributions, .FJ2
+// and .FI2 with four decimals.
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers.h"
+#include "core/matrice.h"
+
+namespace quelvar {
+
+inline constexpr std::size_t kToutesLesLignes = std::numeric_limits<std::size_t>::max();
+
+// The lines of a .FAJ or .FAI, in the order of the file.
+struct ElementsFactoriels {
+  Matrice coordonnees;                 // factors x elements, thousandths
+  Matrice cpf;                         // factors x elements, per mille
+  std::vector<double> inerties;        // per mille of the total
+  std::vector<std::string> noms;       // 4 characters
+  std::vector<std::string> intitules;  // what stands behind the last factor: labels of a .FAI, nothing in a .FAJ
+
+  std::size_t Nombre() const { return noms.size(); }
+  std::size_t Facteurs() const { return coordonnees.Lignes(); }
+};
+
+// Number of factors that a line without label holds. Of a .FAI take the number of its .FAJ.
+std::size_t FacteursDUneLigne(std::string_view ligneFaj);
+
+// The lines of a .FAJ, with as many factors as its first line holds; nothing for an empty file. Raises 6 for a value
+// beyond a double and the numbers of LecteurLignes.
+ElementsFactoriels LireFaj(const Chemin& chemin);
+// The lines of a .FAI on that many factors; at most `derniers` lines, from the end. Raises the same.
+ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs, std::size_t derniers = kToutesLesLignes);
+
+struct PointsFactoriels {
+  Matrice coordonnees;                 // factors x elements, thousandths
+  std::vector<std::string> noms;       // 4 characters
+  std::vector<std::string> intitules;  // what stands behind the last factor and its blank: labels of a .FJ2
+};
+
+// The lines of a .FJ2 or .FI2 on its first factors; at most `derniers` lines, from the end. Raises the same.
+PointsFactoriels LirePoints(const Chemin& chemin, std::size_t facteurs, std::size_t derniers = kToutesLesLignes);
+
+}  // namespace quelvar
