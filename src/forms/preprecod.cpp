@@ -28,7 +28,11 @@ QString Voisine(const EtatPrepRecod& etat, const char* titre, std::ptrdiff_t pas
 }  // namespace
 
 PrepRecod::PrepRecod(Principal& principal, EtatPrepRecod etat)
-    : QDialog(&principal), principal_(principal), etat_(std::move(etat)), ui_(std::make_unique<Ui::PrepRecod>()) {
+    : QDialog(&principal),
+      principal_(principal),
+      contexte_(principal.ContexteEnCours()),
+      etat_(std::move(etat)),
+      ui_(std::make_unique<Ui::PrepRecod>()) {
   ui_->setupUi(this);
   setWindowTitle(VersQt(kTitrePrepRecod));
   const QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -212,13 +216,15 @@ void PrepRecod::EffacerVit() {
 }
 
 void PrepRecod::Enregistrer() {
-  try {
-    EnregistrerPrepRecod(etat_, principal_.ContexteEnCours());
-  } catch (const Erreur& erreur) {  // the form stays, with everything that was typed
-    Agir([&] { etat_.message = TexteErreur(erreur.Numero()); });
-    return;
-  }
-  accept();
+  bool enregistre = false;
+  Agir([&] {
+    try {
+      enregistre = EnregistrerPrepRecod(etat_, contexte_);
+    } catch (const Erreur& erreur) {  // the form stays, with everything that was typed
+      etat_.message = TexteErreur(erreur.Numero());
+    }
+  });
+  if (enregistre) accept();
 }
 
 void PrepRecod::closeEvent(QCloseEvent* evenement) {

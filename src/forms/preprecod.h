@@ -43,6 +43,7 @@ class PrepRecod : public QDialog {
   void Enregistrer();
 
   Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
   EtatPrepRecod etat_;
   bool parLeProgramme_ = false;  // closed by the program, not left by the user
   std::unique_ptr<Ui::PrepRecod> ui_;

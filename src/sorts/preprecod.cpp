@@ -28,8 +28,14 @@ std::string TeteDe(const std::string& ligne) {
   return tete;
 }
 
+// The keywords of a size line, as they stand.
+std::string_view MotsDe(std::string_view ligneTaille) {
+  return ligneTaille.substr(LireConsignesTaille(ligneTaille).avant.size());
+}
+
 void PrendreTaille(EtatPrepRecod& etat, const std::string& ligneTaille) {
   const ConsignesTaille consignes = LireConsignesTaille(ligneTaille);
+  etat.motsLus = MotsDe(ligneTaille);
   if (consignes.ponderation) etat.ponderation = consignes.question.empty() ? kNomPonderation : consignes.question;
   etat.maximum = consignes.maximum;
   etat.filtre = etat.filtreAffiche = RognerDroite(consignes.filtre);
@@ -64,6 +70,7 @@ EtatPrepRecod Lire(const Contexte& contexte, const Chemin& chemin) {
   const FichierPos pos = LirePos(chemin);
   ExigerParentheses(pos.taille, contexte.Ecran());
   EtatPrepRecod etat;
+  etat.lues.assign(pos.lignes.begin() + 2, pos.lignes.end());
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     if (pos.questions[i].intituleOuvert) {
       contexte.Ecran().demander(Joindre({FauteIntitule(pos.questions[i]), kCorrigezRelancez}), Boutons::Ok);
@@ -377,24 +384,45 @@ std::string LigneQuestionNeuve(const QuestionPreparee& preparee) {
   return ligne;
 }
 
+// The file from line 3 on.
+std::vector<std::string> LignesNeuves(const EtatPrepRecod& etat) {
+  std::vector<std::string> lignes;
+  for (const QuestionPreparee& question : etat.questions) lignes.push_back(LigneQuestionNeuve(question));
+  lignes.insert(lignes.end(), etat.vit.begin(), etat.vit.end());
+  if (!etat.vit.empty()) lignes.emplace_back(kMarqueVit);
+  // Lines that stood behind a VIT are no questions.
+  else if (!etat.suite.empty() && !MarqueDeFin(etat.suite.front())) lignes.emplace_back("**");
+  lignes.insert(lignes.end(), etat.suite.begin(), etat.suite.end());
+  return lignes;
+}
+
 }  // namespace
 
-void EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
+bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) throw Erreur(kFichierIntrouvable);
   LecteurLignes lecteur(*chemin);
+  const std::string titre(lecteur.LireObligatoire());
+  const std::string taille(lecteur.LireObligatoire());
+  std::vector<std::string> presentes;
+  for (std::string_view ligne; lecteur.Lire(ligne);) presentes.emplace_back(ligne);
+  if (presentes != etat.lues || MotsDe(taille) != etat.motsLus) {
+    etat.message =
+        "Le fichier *.POS a été modifié depuis l'ouverture de cette fenêtre : rien n'est enregistré, annulez et "
+        "recommencez"_w;
+    return false;
+  }
+  std::vector<std::string> lignes = LignesNeuves(etat);
   Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
-  Ecrivain& sortie = pos.Fichier();
-  sortie.Ligne(lecteur.LireObligatoire());
-  sortie.Ligne(LigneTailleNeuve(etat, lecteur.LireObligatoire()));
-  for (const QuestionPreparee& question : etat.questions) sortie.Ligne(LigneQuestionNeuve(question));
-  for (const std::string& ligne : etat.vit) sortie.Ligne(ligne);
-  if (!etat.vit.empty()) sortie.Ligne(kMarqueVit);
-  // Lines that stood behind a VIT are no questions.
-  else if (!etat.suite.empty() && !MarqueDeFin(etat.suite.front())) sortie.Ligne("**");
-  for (const std::string& ligne : etat.suite) sortie.Ligne(ligne);
+  pos.Fichier().Ligne(titre);
+  const std::string tailleNeuve = LigneTailleNeuve(etat, taille);
+  pos.Fichier().Ligne(tailleNeuve);
+  for (const std::string& ligne : lignes) pos.Fichier().Ligne(ligne);
   pos.Valider();
+  etat.motsLus = MotsDe(tailleNeuve);
+  etat.lues = std::move(lignes);
   etat.modifie = false;
+  return true;
 }
 
 }  // namespace quelvar

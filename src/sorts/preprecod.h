@@ -29,6 +29,8 @@ struct EtatPrepRecod {
   std::vector<std::string> vit;  // validated lines, without the closing mark
   std::vector<std::string> vitAffichee;
   std::vector<std::string> suite;  // lines behind the questions and the VIT, kept as they stand
+  std::vector<std::string> lues;   // the file from line 3 on, as it was read or last written
+  std::string motsLus;             // the keywords of its size line
   bool modifie = false;
   std::string message;  // TextMsg, lines ended by CR LF but the last
 };
@@ -83,8 +85,9 @@ void SupprimerVit(EtatPrepRecod& etat);
 std::vector<int> CodesPourFiltre(const EtatPrepRecod& etat);
 std::vector<int> CodesPourVit(const EtatPrepRecod& etat);
 
-// Rewrites the .POS in one rename. Raises the numbers of the reader and the writer.
-void EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte);
+// Rewrites the .POS in one rename. False, with a message, when another hand has changed its questions or its
+// keywords since they were read: nothing is written then. Raises the numbers of the reader and the writer.
+bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte);
 
 // --- texts ---
 

@@ -89,7 +89,10 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
   if (!etat) return Fin::Arret;
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
     Script(*etat, rapport).Executer(options);
-    EnregistrerPrepRecod(*etat, contexte);
+    if (!EnregistrerPrepRecod(*etat, contexte)) {
+      rapport.Ligne(etat->message);
+      throw Erreur(kArretAnnonce);
+    }
     rapport.Ligne("Fin normale du programme");
   });
 }

@@ -112,6 +112,18 @@ TEST_F(FormeRecodage, LeavingWithChangesIsAskedOnce) {
   EXPECT_FALSE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("POND"));
 }
 
+TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 1);
+  Bureau::Dans<QLineEdit>(forme, "TextMod").setText("s");
+  Cliquer(forme, "BoutEnCours");
+  bureau_.Ecrire("AUTRE.POS", "AUTRE\r\n 1 \r\nREV   1 9\r\n");
+  bureau_.Fenetre().AccepterGenerique("AUTRE");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Lire("AUTRE.POS"), "AUTRE\r\n 1 \r\nREV   1 9\r\n");
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("AGE   212 s$Age$"));
+}
+
 TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
   bureau_.Menu("mnuOutils");
   const Principal2& options = *bureau_.Forme<Principal2>();

@@ -27,7 +27,7 @@ class Preparation : public ::testing::Test {
     return PreparerRecodage(contexte_).value();
   }
   std::string Enregistrer(EtatPrepRecod& etat) {
-    EnregistrerPrepRecod(etat, contexte_);
+    EXPECT_TRUE(EnregistrerPrepRecod(etat, contexte_));
     return Lire();
   }
   // The saved file from its question list on.
@@ -183,6 +183,21 @@ TEST_F(Preparation, LinesBehindADeletedVitDoNotBecomeQuestions) {
   EtatPrepRecod etat = Ouvrir();
   SupprimerVit(etat);
   EXPECT_TRUE(EnregistrerListe(etat).ends_with("PON  12 9 S\r\n**\r\nReste\r\n"));
+}
+
+TEST_F(Preparation, WhatAnotherHandHasWrittenIsNotLost) {
+  EtatPrepRecod etat = Ouvrir("T\r\n10\r\nSEX   1 2\r\n");
+  ChoisirQuestion(etat, 0);
+  ValiderRegle(etat, "1=2");
+  Ecrire("Autre titre\r\n12\r\nSEX   1 2\r\n");
+  EXPECT_EQ(Enregistrer(etat), "Autre titre\r\n12\r\nSEX   1 2 1=2\r\n") << "the two first lines are read again";
+  for (const std::string ailleurs :
+       {"T\r\n10\r\nSEX   1 2 1=2\r\nAGE   2 8\r\n", "T\r\n10 INCL SEX=1\r\nSEX   1 2 1=2\r\n"}) {
+    Ecrire(ailleurs);
+    EXPECT_FALSE(EnregistrerPrepRecod(etat, contexte_));
+    EXPECT_EQ(Lire(), ailleurs);
+    EXPECT_TRUE(etat.message.starts_with("Le fichier *.POS a été modifié"_w));
+  }
 }
 
 TEST_F(Preparation, ABrokenFileIsTold) {
