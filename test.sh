@@ -48,6 +48,7 @@ chaine() (
 
 tout() {
   etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_FORMES[@]}" "${PAQUETS_ESSAIS[@]}"
+  installer "${PAQUETS_FACULTATIFS[@]}" || true
   etape "paquets de clang" installer_runtime_clang
   etape "mise en page des sources" tools/format.sh --verifier
   suite release -DQUELVAR_BENCH=ON

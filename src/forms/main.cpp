@@ -27,6 +27,6 @@ int main(int argc, char** argv) {
            quelvar::CheminDepuisQt(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))),
        quelvar::ReglagesQt(), quelvar::DossierAide(), DemarrerVoisin,
        [](const QUrl& adresse) { return QDesktopServices::openUrl(adresse); }});
-  principal.showMaximized();
+  principal.show();
   return QApplication::exec();
 }

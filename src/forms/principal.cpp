@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QMenu>
 #include <QScreen>
@@ -112,6 +113,7 @@ void Principal::RelierControles() {
 // --- session ---
 
 void Principal::Demarrer() {
+  FixerTailleDEcran(QStringLiteral("mnuEcrAuto"));
   Demarrage demarrage = DemarrerSession(environnement_.repertoireProgramme);
   session_ = std::move(demarrage.session);
   AfficherTexte(demarrage.texte);
@@ -212,10 +214,9 @@ void Principal::ReconstruireRecents() {
   menu->addSeparator()->setObjectName(QStringLiteral("mnuRecentFile0"));
   int rang = 0;
   for (const EntreeRecente& entree : entrees) {
-    QString chemin = QString::fromStdString(entree.chemin) + QStringLiteral(" (") + VersQt(entree.generique) + u')';
-    QAction* action =
-        menu->addAction(QStringLiteral("&%1  %2").arg(++rang).arg(chemin.replace(u'&', QStringLiteral("&&"))));
-    action->setObjectName(QStringLiteral("mnuRecentFile%1").arg(rang));
+    QString titre = QString::fromStdString(entree.chemin) + QStringLiteral(" (") + VersQt(entree.generique) + u')';
+    QAction* action = menu->addAction(titre.replace(u'&', QStringLiteral("&&")));
+    action->setObjectName(QStringLiteral("mnuRecentFile%1").arg(++rang));
     action->setEnabled(entree.fichier.has_value());
     if (entree.fichier)
       connect(action, &QAction::triggered, this, [this, f = *entree.fichier] { OuvrirInitialisation(f); });
@@ -233,6 +234,7 @@ void Principal::closeEvent(QCloseEvent* evenement) {
     EcrirePointeur(session_);
   } catch (const Erreur&) {  // the next session starts without a data set
   }
+  QDir::setCurrent(CheminVersQt(session_.repertoireProgramme));
   QMainWindow::closeEvent(evenement);
 }
 

@@ -52,6 +52,7 @@ void Principal::MontrerVerrous(int lignesDeRegle) {
 }
 
 void Principal::Afficher(const Affichage& affichage) {
+  if (affichage.ou == Affichage::Ou::Rien) return;
   MontrerTexte(affichage.texte, affichage.nomRapport, true);
   if (affichage.ou != Affichage::Ou::Lecteur) return;
   FermerFormes();
