@@ -35,7 +35,7 @@ struct OptionsArbre {
   double ecSup = std::numeric_limits<double>::infinity();  // EcSupVal: links above are left out
   bool arbre = false;                                      // CheckArbrMin: only the links of the tree are drawn
   bool pajek = false;                                      // FichPajek: the links read are kept for the network file
-  std::optional<std::size_t> progressif;                   // only so many links are read
+  std::optional<std::size_t> progressif = {};              // only so many links are read
   int niveauCpf = 0;                                       // smallest CPF of a shown point
 };
 
