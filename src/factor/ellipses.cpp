@@ -7,6 +7,7 @@
 #include "core/modfile.h"
 #include "core/nombres.h"
 #include "core/parametres.h"
+#include "factor/coordonnees.h"
 #include "factor/ellipses_lecture.h"
 
 namespace quelvar {
@@ -110,15 +111,16 @@ std::size_t NombreDeclare(double valeur) {
 // The individuals are the last lines of the .FI2, all of them after an analysis of the logical coding.
 std::vector<Position> PointsDesIndividus(const Contexte& contexte, const DemandeEllipses& demande,
                                          std::size_t individus, bool& codageLogique) {
-  std::vector<Position> points =
-      LirePlanDesLignes(*contexte.Chercher(".FI2"), demande.horizontal.facteur, demande.vertical.facteur);
-  if (points.size() < individus) throw Erreur(kFinDeFichierDepassee);
-  codageLogique = points.size() == individus;
-  points.erase(points.begin(), points.end() - static_cast<std::ptrdiff_t>(individus));
-  for (Position& point : points) {
-    if (demande.horizontal.inverse) point.x = -point.x;
-    if (demande.vertical.inverse) point.y = -point.y;
-  }
+  const auto h = static_cast<std::size_t>(demande.horizontal.facteur);
+  const auto v = static_cast<std::size_t>(demande.vertical.facteur);
+  const Matrice lignes = LirePoints(*contexte.Chercher(".FI2"), std::max(h, v)).coordonnees;
+  if (lignes.Colonnes() < individus) throw Erreur(kFinDeFichierDepassee);
+  codageLogique = lignes.Colonnes() == individus;
+  std::vector<Position> points;
+  points.reserve(individus);
+  for (std::size_t i = lignes.Colonnes() - individus; i < lignes.Colonnes(); ++i)
+    points.push_back({(demande.horizontal.inverse ? -1 : 1) * lignes(h - 1, i),
+                      (demande.vertical.inverse ? -1 : 1) * lignes(v - 1, i)});
   return points;
 }
 
@@ -149,7 +151,6 @@ std::vector<std::size_t> PlacesDansLaLigne(const FichierMod& mod, std::span<cons
 // The point of the modality in the cloud of the individuals.
 Position CentreDe(const ModaliteMarquee& modalite, const DemandeEllipses& demande, std::span<const double> racines) {
   const auto surLAxe = [&](double coordonnee, const AxeDuPlan& axe) {
-    if (axe.facteur < 1 || static_cast<std::size_t>(axe.facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
     return (axe.inverse ? -1 : 1) * coordonnee * racines[static_cast<std::size_t>(axe.facteur) - 1];
   };
   return {surLAxe(modalite.horizontal, demande.horizontal), surLAxe(modalite.vertical, demande.vertical)};
@@ -174,6 +175,8 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
     Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
 
   const std::vector<double> racines = RacinesDesValeursPropres(*contexte.Chercher(".AFC"));
+  for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
+    if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
   std::vector<EllipsesDeModalite> resultat;
   for (const ModaliteMarquee& modalite : demande.modalites)
     resultat.push_back({modalite.nom, modalite.intitule, 0, CentreDe(modalite, demande, racines), {}, {}});

@@ -12,9 +12,6 @@ namespace {
 
 constexpr std::size_t kColonneFacteurs = 40;
 constexpr std::size_t kColonneValeur = 16;
-constexpr std::size_t kPremierBloc = 10;  // column of the first coordinate of a .FI2
-constexpr std::size_t kLargeurBloc = 17;
-constexpr std::size_t kLargeurCoordonnee = 12;
 constexpr std::size_t kPremiereCellule = 5;
 constexpr double kMilliemes = 1000;
 
@@ -33,18 +30,6 @@ std::vector<double> RacinesDesValeursPropres(const Chemin& rapport) {
     racines.push_back(std::sqrt(valeur));
   }
   return racines;
-}
-
-std::vector<Position> LirePlanDesLignes(const Chemin& fi2, int horizontal, int vertical) {
-  const auto colonne = [](int facteur) {
-    return kPremierBloc + kLargeurBloc * (static_cast<std::size_t>(facteur) - 1);
-  };
-  std::vector<Position> points;
-  LecteurLignes lecteur(fi2);
-  for (std::string_view ligne; lecteur.Lire(ligne);)
-    points.push_back({ValeurDe(Milieu(ligne, colonne(horizontal), kLargeurCoordonnee)),
-                      ValeurDe(Milieu(ligne, colonne(vertical), kLargeurCoordonnee))});
-  return points;
 }
 
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,

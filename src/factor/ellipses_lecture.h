@@ -16,9 +16,6 @@ namespace quelvar {
 // a negative one.
 std::vector<double> RacinesDesValeursPropres(const Chemin& rapport);
 
-// Coordinates of every line of a .FI2 on two factors (from 1), thousandths.
-std::vector<Position> LirePlanDesLignes(const Chemin& fi2, int horizontal, int vertical);
-
 // Where the modalities stand in the rows of individuals.
 struct LignesDIndividus {
   Chemin fichier;           // .BRT or .CDG
