@@ -10,7 +10,7 @@ namespace {
 double MillemeLigne(double f) { return 1000 * f; }
 double MillemeColonne(double g) { return static_cast<double>(Simple(1000 * g)); }
 
-CoteFacteur DresserCote(const std::vector<double>& coordonnees, const Marges& marges, double valeurPropre,
+CoteFacteur DresserCote(const std::vector<double>& coordonnees, const MargesDesEcarts& marges, double valeurPropre,
                         double (*milleme)(double), std::vector<std::int16_t>& qlt) {
   CoteFacteur cote;
   const std::size_t nombre = coordonnees.size();

@@ -22,7 +22,7 @@ struct FormatCoordonnees {
 
 struct CoteAEcrire {
   const ElementsAnecar& elements;
-  const Marges& marges;
+  const MargesDesEcarts& marges;
   CoteFacteur FacteurAnecar::*cote;
 };
 

@@ -16,7 +16,7 @@ double InertieDeCellule(double d, double e, TypeAnalyse type) {
   return e == 0 ? 0 : d * d / e;
 }
 
-void AjouterElement(Marges& marges, double profil, TypeAnalyse type, double inertie) {
+void AjouterElement(MargesDesEcarts& marges, double profil, TypeAnalyse type, double inertie) {
   marges.profil.push_back(profil);
   marges.poids.push_back(type == TypeAnalyse::Afc ? profil : 1);
   marges.inertie.push_back(inertie);

@@ -22,7 +22,7 @@ namespace quelvar {
 enum class TypeAnalyse { Acp = 1, Afc = 2 };
 
 // What is known of the rows or of the columns: active ones first, then supplementary ones.
-struct Marges {
+struct MargesDesEcarts {
   std::vector<double> profil;   // margin / N
   std::vector<double> poids;    // the same in correspondence analysis, 1 in principal components
   std::vector<double> inertie;  // in units of the total inertia
@@ -33,8 +33,8 @@ struct Ecarts {
   double phiDeux = 0;      // sum of d^2/e over the active cells
   double sommeCarres = 0;  // sum of d^2
   std::size_t temoin = 0;  // row of the largest |d|, whose coordinate the stop test follows
-  Marges lignes;
-  Marges colonnes;
+  MargesDesEcarts lignes;
+  MargesDesEcarts colonnes;
 
   double Inertie(TypeAnalyse type) const { return type == TypeAnalyse::Afc ? phiDeux : sommeCarres; }
 };
