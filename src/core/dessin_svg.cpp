@@ -100,6 +100,20 @@ std::string Balise(const Dessin& dessin, const Forme& forme) {
   return TexteEcrit(dessin, forme, id);
 }
 
+// A layer that is cut brings the rectangle of its cut along.
+std::string DebutDeGroupe(const Calque& calque, std::size_t rang) {
+  std::string coupe;
+  std::string groupe = "<g" + (calque.nom.empty() ? "" : Attribut("class", Proteger(calque.nom)));
+  if (calque.coupe) {
+    const std::string nom = "coupe" + std::to_string(rang);
+    coupe = "<clipPath" + Attribut("id", nom) + "><rect" + Attribut("x", Cote(calque.coupe->x)) +
+            Attribut("y", Cote(calque.coupe->y)) + Attribut("width", Cote(calque.coupe->largeur)) +
+            Attribut("height", Cote(calque.coupe->hauteur)) + "/></clipPath>\n";
+    groupe += Attribut("clip-path", "url(#" + nom + ")");
+  }
+  return coupe + groupe + ">\n";
+}
+
 }  // namespace
 
 std::string TexteSvg(const Dessin& dessin) {
@@ -112,12 +126,12 @@ std::string TexteSvg(const Dessin& dessin) {
                     Attribut("width", largeur) + Attribut("height", hauteur) + Attribut("fill", "#ffffff") + "/>\n";
   // Marks keep their order: a group ends where the next mark belongs to another layer.
   std::optional<std::uint16_t> ouvert;
+  std::size_t groupes = 0;
   for (const Forme& forme : dessin.Formes()) {
     if (!dessin.Visible(forme)) continue;
     if (ouvert != forme.calque) {
       if (ouvert) svg += "</g>\n";
-      const std::string& nom = dessin.Calques()[forme.calque].nom;
-      svg += "<g" + (nom.empty() ? "" : Attribut("class", Proteger(nom))) + ">\n";
+      svg += DebutDeGroupe(dessin.Calques()[forme.calque], ++groupes);
       ouvert = forme.calque;
     }
     svg += Balise(dessin, forme);
