@@ -38,6 +38,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeEcapem(),
       ProgrammeAnecar(),
       ProgrammeWardCoupe(),
+      ProgrammeGraphe(),
       // clang-format on
   };
   return programmes;

@@ -156,6 +156,7 @@ const std::vector<Programme>& Programmes();
 Programme ProgrammeAnecar();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
+Programme ProgrammeGraphe();
 Programme ProgrammeImportCsv();
 Programme ProgrammeModifMod();
 Programme ProgrammeNomeMod();

@@ -254,9 +254,8 @@ LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
                        static_cast<std::int16_t>(donnees.cpf(Rang(reglages.horizontal), i)),
                        static_cast<std::int16_t>(donnees.cpf(Rang(reglages.vertical), i))});
   OptionsArbre options;
-  options.mode = reglages.liens.mode.value_or(reglages.ensemble == EnsemblePoints::Actifs
-                                                  ? ModeArbre::SaufSupplementaires
-                                                  : ModeArbre::TousLesLiens);
+  options.mode = reglages.liens.mode.value_or(
+      reglages.ensemble == EnsemblePoints::Actifs ? ModeArbre::SaufSupplementaires : ModeArbre::TousLesLiens);
   options.ecMin = reglages.liens.ecMin;
   options.ecSup = reglages.liens.ecSup;
   options.arbre = reglages.liens.arbre;
@@ -323,8 +322,9 @@ std::string LigneDuPlan(const EtatPlan& etat, std::size_t liensTraces) {
   if (reglages.ensemble == EnsemblePoints::Supplementaires) ligne += Joindre({", supplémentaires seuls"_w});
   if (reglages.niveauCpf > 0) ligne += Joindre({", CPF d'au moins ", Nombre(reglages.niveauCpf)});
   if (reglages.liens.actif) {
-    ligne += Joindre({", ", Nombre(liensTraces), std::string_view(reglages.liens.arbre ? " liens de l'arbre" : " liens"),
-                      " de ", Nombre(reglages.liens.ecMin), " à "_w, Nombre(reglages.liens.ecSup)});
+    ligne +=
+        Joindre({", ", Nombre(liensTraces), std::string_view(reglages.liens.arbre ? " liens de l'arbre" : " liens"),
+                 " de ", Nombre(reglages.liens.ecMin), " à "_w, Nombre(reglages.liens.ecSup)});
   } else if (reglages.cah.actif && donnees.cah) {
     ligne += Joindre({", ", Nombre(ClassesAuNiveau(*donnees.cah, reglages.cah.niveau)), " classes au niveau ",
                       Nombre(reglages.cah.niveau)});

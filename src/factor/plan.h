@@ -30,17 +30,17 @@ struct PointPlan {
 };
 
 struct DonneesPlan {
-  std::string titre;             // line 1 of the .MOD
-  int burt = 0;                  // BRT=
-  std::size_t facteurs = 0;      // at least 1
-  std::size_t colonnes = 0;      // the first elements, in the order of the .MOD; rows or individuals stand behind
+  std::string titre;         // line 1 of the .MOD
+  int burt = 0;              // BRT=
+  std::size_t facteurs = 0;  // at least 1
+  std::size_t colonnes = 0;  // the first elements, in the order of the .MOD; rows or individuals stand behind
   std::vector<PointPlan> points;
-  Matrice coordonnees;           // factors x elements, thousandths
-  Matrice cpf;                   // factors x elements, per mille
-  std::vector<double> parts;     // of each factor in the inertia, percent; empty when no report tells them
-  bool liensPresents = false;    // .PEM exists
-  std::vector<Lien> liens;       // .PEM: elements counted from 1
-  std::vector<Lien> liensLignes; // .PEL
+  Matrice coordonnees;            // factors x elements, thousandths
+  Matrice cpf;                    // factors x elements, per mille
+  std::vector<double> parts;      // of each factor in the inertia, percent; empty when no report tells them
+  bool liensPresents = false;     // .PEM exists
+  std::vector<Lien> liens;        // .PEM: elements counted from 1
+  std::vector<Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
@@ -75,8 +75,8 @@ struct ReglagesLiens {
 struct ReglagesCah {
   bool actif = false;  // CheckCAH
   TraceCah trace = TraceCah::Lignes;
-  std::size_t niveau = 0;                // steps of the tree that are shown
-  std::optional<std::uint32_t> hasard;   // seed of colours drawn at random
+  std::size_t niveau = 0;               // steps of the tree that are shown
+  std::optional<std::uint32_t> hasard;  // seed of colours drawn at random
 };
 
 // Colour codes of marked elements.
@@ -90,8 +90,8 @@ struct ReglagesPlan {
   bool pointExact = false;       // a mark at the place itself, the label beside it
   bool parContribution = false;  // size by contribution
   bool intitulesLongs = false;
-  bool information = false;      // line under the picture
-  bool individus = false;        // individuals are drawn like the modalities
+  bool information = false;  // line under the picture
+  bool individus = false;    // individuals are drawn like the modalities
   EnsemblePoints ensemble = EnsemblePoints::Tous;
   int niveauCpf = 0;
   TailleTexte taille = TailleTexte::Moyenne;

@@ -137,8 +137,7 @@ void TraceDuPlan::Graduer(bool horizontale) {
   for (double rang = std::ceil(debut / pas); rang * pas <= fin; ++rang) {
     const double valeur = Arrondir(rang * pas, 6);
     const Position bord = dessin_.VersPage(horizontale ? Position{valeur, oppose.y} : Position{coin.x, valeur});
-    const Position bout =
-        horizontale ? Position{bord.x, bord.y + kGraduation} : Position{bord.x - kGraduation, bord.y};
+    const Position bout = horizontale ? Position{bord.x, bord.y + kGraduation} : Position{bord.x - kGraduation, bord.y};
     dessin_.Ligne(dessin_.VersUtilisateur(bord), dessin_.VersUtilisateur(bout), kPlumeAxe);
     dessin_.Texte(dessin_.VersUtilisateur(bout), Nombre(valeur), police,
                   horizontale ? Position{0, 1.5} : Position{-1.5, 0});
@@ -159,8 +158,7 @@ void TraceDuPlan::Axes() {
 std::string TraceDuPlan::NomDAxe(const AxePlan& axe) const {
   std::string nom = Joindre({std::string_view(axe.cpf ? "CPF du facteur " : "Facteur "), Nombre(axe.facteur)});
   const auto rang = static_cast<std::size_t>(axe.facteur - 1);
-  if (rang < donnees_.parts.size())
-    nom += Joindre({" (", Rogner(NombreFixe(donnees_.parts[rang], 1, 1)), " %)"});
+  if (rang < donnees_.parts.size()) nom += Joindre({" (", Rogner(NombreFixe(donnees_.parts[rang], 1, 1)), " %)"});
   if (axe.inverse) nom += Joindre({", signe inversé"_w});
   return nom;
 }
@@ -173,8 +171,8 @@ void TraceDuPlan::NommerAxes() {
                 NomDAxe(reglages_.horizontal), police);
   const std::string nom = NomDAxe(reglages_.vertical);
   const double demi = LargeurTexte(nom, police.corps) / 2;
-  const double x =
-      std::clamp(dessin_.VersPage({0, 0}).x, cadre_.x + demi, std::max(cadre_.x + demi, cadre_.x + cadre_.largeur - demi));
+  const double x = std::clamp(dessin_.VersPage({0, 0}).x, cadre_.x + demi,
+                              std::max(cadre_.x + demi, cadre_.x + cadre_.largeur - demi));
   police.ancre = Ancre::Milieu;
   dessin_.Texte(dessin_.VersUtilisateur({x, cadre_.y - 4}), nom, police);
 }
@@ -201,8 +199,8 @@ void TraceDuPlan::Etiquette(Position place, std::string_view texte, Police polic
   }
   const Zone zone = ZoneDuTexte({page.x + decalage.x, page.y}, texte, police);
   decalage.x += std::max(0.0, cadre_.x + 2 - zone.x) - std::max(0.0, zone.x + zone.largeur - bord);
-  decalage.y += std::max(0.0, cadre_.y + 2 - zone.y) -
-                std::max(0.0, zone.y + zone.hauteur - (cadre_.y + cadre_.hauteur - 2));
+  decalage.y +=
+      std::max(0.0, cadre_.y + 2 - zone.y) - std::max(0.0, zone.y + zone.hauteur - (cadre_.y + cadre_.hauteur - 2));
   dessin_.Texte(place, texte, police, decalage);
 }
 
@@ -323,8 +321,8 @@ void TraceDuPlan::Titre() {
   dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, 15}),
                 Joindre({Rogner(donnees_.titre), SuiteDuTitre(reglages_.ellipses)}), kPoliceTitre);
   if (reglages_.information)
-    dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, cadre_.y + cadre_.hauteur + 22}),
-                  LigneDuPlan(etat_, liens_), kPoliceInformation);
+    dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, cadre_.y + cadre_.hauteur + 22}), LigneDuPlan(etat_, liens_),
+                  kPoliceInformation);
 }
 
 Dessin TraceDuPlan::Tracer() {
