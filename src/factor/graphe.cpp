@@ -22,7 +22,8 @@ std::string ReglerCah(const OptionsGraphe& options, EtatPlan& etat) {
   reglages.trace = options.cah == CahDuGraphe::Lignes ? TraceCah::Lignes : TraceCah::Couleurs;
   if (options.niveauCah >= 0) reglages.niveau = static_cast<std::size_t>(options.niveauCah);
   if (reglages.niveau > cah.etapes.size())
-    return Joindre({"*** Arrêt du programme : la classification n'a que "_w, Nombre(cah.etapes.size()), " niveaux"});
+    return Joindre(
+        {"*** Arrêt du programme : les niveaux de la classification vont de 0 à "_w, Nombre(cah.etapes.size())});
   if (options.classes == 0) return {};
   const std::optional<std::size_t> niveau = NiveauDesClasses(cah, static_cast<std::size_t>(options.classes));
   if (!niveau)

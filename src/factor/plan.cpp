@@ -316,7 +316,7 @@ std::string LigneDuPlan(const EtatPlan& etat, std::size_t liensTraces) {
   const DonneesPlan& donnees = etat.donnees;
   const ReglagesPlan& reglages = etat.reglages;
   std::size_t montres = 0;
-  for (std::size_t i = 0; i < donnees.points.size(); ++i) montres += EstMontre(etat, i) ? 1 : 0;
+  for (std::size_t i = 0; i < donnees.points.size(); ++i) montres += EstMontre(etat, i) ? 1U : 0U;
   std::string ligne = Joindre({Nombre(montres), " points sur ", Nombre(donnees.points.size())});
   if (reglages.ensemble == EnsemblePoints::Actifs) ligne += ", actifs seuls";
   if (reglages.ensemble == EnsemblePoints::Supplementaires) ligne += Joindre({", supplémentaires seuls"_w});

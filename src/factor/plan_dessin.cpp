@@ -158,7 +158,7 @@ void TraceDuPlan::Axes() {
 std::string TraceDuPlan::NomDAxe(const AxePlan& axe) const {
   std::string nom = Joindre({std::string_view(axe.cpf ? "CPF du facteur " : "Facteur "), Nombre(axe.facteur)});
   const auto rang = static_cast<std::size_t>(axe.facteur - 1);
-  if (rang < donnees_.parts.size()) nom += Joindre({" (", Rogner(NombreFixe(donnees_.parts[rang], 1, 1)), " %)"});
+  if (rang < donnees_.parts.size()) nom += Joindre({" (", Rogner(NombreFixe(donnees_.parts[rang], 3, 1)), " %)"});
   if (axe.inverse) nom += Joindre({", signe inversé"_w});
   return nom;
 }
@@ -239,7 +239,7 @@ void TraceDuPlan::Liens() {
     dessin_.Ligne(de, vers, {Couleur::Rouge, 0.6, StyleTrait::Plein, 0.7});
     ++liens_;
     if (reglages_.liens.values)
-      dessin_.Texte({(de.x + vers.x) / 2, (de.y + vers.y) / 2}, Rogner(NombreFixe(lien.valeur, 1, 1)),
+      dessin_.Texte({(de.x + vers.x) / 2, (de.y + vers.y) / 2}, Rogner(NombreFixe(lien.valeur, 3, 1)),
                     {.corps = 6, .couleur = Couleur::RougeFonce, .ancre = Ancre::Milieu, .niveau = Niveau::Centre});
   }
   Calquer("points");

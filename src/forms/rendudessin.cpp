@@ -117,14 +117,26 @@ bool EcrirePdfDessin(QIODevice& sortie, const Dessin& dessin) {
 }  // namespace
 
 void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone) {
+  const Zone* coupe = nullptr;
+  const auto couper = [&](const std::optional<Zone>& voulue) {
+    if ((voulue ? &*voulue : nullptr) == coupe) return;
+    if (coupe != nullptr) peintre.restore();
+    coupe = voulue ? &*voulue : nullptr;
+    if (coupe == nullptr) return;
+    peintre.save();
+    peintre.setClipRect(QRectF(coupe->x, coupe->y, coupe->largeur, coupe->hauteur), Qt::IntersectClip);
+  };
   for (const Forme& forme : dessin.Formes()) {
     if (!dessin.Visible(forme)) continue;
     // A text may be a little wider in the font at hand than in the metrics of the picture.
     constexpr double marge = 12;
     Zone etendue = dessin.Etendue(forme);
     etendue = {etendue.x - marge, etendue.y - marge, etendue.largeur + 2 * marge, etendue.hauteur + 2 * marge};
-    if (etendue.Touche(zone)) PeindreForme(peintre, dessin, forme);
+    if (!etendue.Touche(zone)) continue;
+    couper(dessin.Coupe(forme));
+    PeindreForme(peintre, dessin, forme);
   }
+  couper({});
 }
 
 bool EnregistrerDessin(const QString& fichier, const Dessin& dessin, int resolution) {

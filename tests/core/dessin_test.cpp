@@ -44,6 +44,20 @@ TEST(Dessin, ElementSous) {
   EXPECT_EQ(dessin.ElementSous({55, 20}, 0), std::nullopt);
 }
 
+// A layer that is cut shows nothing outside its zone, and the group of the file says so.
+TEST(Dessin, CalqueCoupe) {
+  Dessin dessin(100, 100);
+  dessin.Calquer("plan");
+  dessin.Couper({10, 20, 30, 40});
+  dessin.Designer(4);
+  dessin.Ligne({0, 50}, {100, 50});
+  EXPECT_EQ(dessin.ElementSous({25, 50}, 1), 4);
+  EXPECT_EQ(dessin.ElementSous({60, 50}, 1), std::nullopt);
+  EXPECT_NE(TexteSvg(dessin).find("<clipPath id=\"coupe1\"><rect x=\"10\" y=\"20\" width=\"30\" height=\"40\"/>"
+                                  "</clipPath>\n<g class=\"plan\" clip-path=\"url(#coupe1)\">"),
+            std::string::npos);
+}
+
 // "Été" in 10 points: E 667, accented letters as the plain ones, t 278, e 556.
 TEST(Dessin, MesureDesTextes) {
   EXPECT_NEAR(LargeurTexte("Été"_w, 10), 15.01, 1e-9);
