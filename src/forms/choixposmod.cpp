@@ -37,7 +37,7 @@ ChoixPosmod::~ChoixPosmod() = default;
 
 void ChoixPosmod::AdapterALaRegression() {
   setWindowTitle(QStringLiteral("Choix des questions pour créer des modalités"));
-  ui_->TitreLignes->setText(QStringLiteral("&Questions choisies"));
+  ui_->TitreLignes->setText(QStringLiteral("Questions ch&oisies"));
   ui_->BoutActPlus->setText(QStringLiteral("A&joute modalités"));
   ui_->BoutActMoins->setText(QStringLiteral("En&lève modalités"));
   ui_->CaseCodLog->setChecked(true);

@@ -52,33 +52,34 @@ std::vector<Lien> LiensGardesEntreLignes(const TravailEcapem& t, const TableauCo
   return liens;
 }
 
-// Rows and then columns, from the links sorted for each in turn.
-void ImprimerProfils(const TravailEcapem& t, const Noms& noms, std::vector<Lien>& liens) {
+// Rows and then columns, in the order of the table, from the links sorted for each in turn.
+void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, std::vector<Lien>& liens) {
   const std::vector<std::string_view> intitules = IntitulesDesNoeuds(noms, t.options.intitules);
   ImprimeurDeProfils imprimeur(t.rapport, intitules, t.LargeurDesProfils());
   const auto serie = [&](Texte titre, LiensParNoeud::Bout bout, const std::vector<NomDElement>& elements,
-                         std::size_t premierNoeud, std::size_t largeurTitre) {
+                         const std::vector<std::size_t>& rangs, std::size_t premierNoeud, std::size_t largeurTitre) {
     t.rapport.Ligne();
     t.rapport.Ligne(titre);
     t.rapport.Ligne();
     LiensParNoeud parNoeud(liens, bout, intitules.size());
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-      t.rapport.Ligne(elements[i].intitule.substr(0, largeurTitre));
-      imprimeur.Imprimer(parNoeud.Profil(premierNoeud + i));
+    for (const std::size_t rang : rangs) {
+      t.rapport.Ligne(elements[rang].intitule.substr(0, largeurTitre));
+      imprimeur.Imprimer(parNoeud.Profil(premierNoeud + rang));
     }
   };
   TrierLiens(liens, ModeTri::LIGN, t.contexte.Ecran());
-  serie("Impression des profils des PEM des lignes", LiensParNoeud::Bout::Premier, noms.lignes,
+  serie("Impression des profils des PEM des lignes", LiensParNoeud::Bout::Premier, noms.lignes, table.rangsLignes,
         noms.colonnes.size() + 1, kTitreDeLigne);
   TrierLiens(liens, ModeTri::COL, t.contexte.Ecran());
-  serie("Impression des profils des PEM des colonnes", LiensParNoeud::Bout::Second, noms.colonnes, 1, kTitreDeColonne);
+  serie("Impression des profils des PEM des colonnes", LiensParNoeud::Bout::Second, noms.colonnes, table.rangsColonnes,
+        1, kTitreDeColonne);
 }
 
 // Links of the cells, their count and their profiles; the files then hold the links by value.
 void TraiterLiens(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, const Matrice& pem) {
   std::vector<Lien> liens = LiensDesCellules(table, pem);
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Tableau);
-  if (!liens.empty()) ImprimerProfils(t, noms, liens);
+  if (!liens.empty()) ImprimerProfils(t, noms, table, liens);
   TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
   std::optional<std::vector<Lien>> entreLignes;
   if (t.options.liensLignes) entreLignes = LiensGardesEntreLignes(t, table, pem);
