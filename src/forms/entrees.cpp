@@ -1,5 +1,6 @@
 #include "forms/entrees.h"
 
+#include "forms/choixanecar.h"
 #include "forms/choixecapem.h"
 #include "forms/choixposmod.h"
 #include "forms/choixvar.h"
@@ -31,7 +32,9 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuPosmod", OuvrirPosmod},
     {"mnuModifMod", OuvrirModifMod},
     {"mnuEcapem", OuvrirChoixEcapem},
+    {"mnuAnecar", OuvrirAnecar},
     {"mnuPosmod2", OuvrirPosmodRegression},
+    {"mnuAnecarText", OuvrirAnecar},
     {"mnuPEM", OuvrirChoixEcapem},
     {"mnuAPropos", OuvrirAPropos},
     // clang-format on
