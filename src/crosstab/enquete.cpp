@@ -103,7 +103,7 @@ std::vector<ChampCode> Champs(const FichierPos& pos, const EnqueteCroisee& enque
 // The first data line gives the pseudo question its place: a file without any cannot be crossed.
 MatriceCodes LireCodes(const Contexte& contexte, const Chemin& donnees, const FichierPos& pos,
                        const EnqueteCroisee& enquete) {
-  if (LongueurFichier(donnees) == 0) throw Erreur(kFinDeFichierDepassee);
+  LecteurLignes(donnees).LireObligatoire();
   Progression progression(contexte.Ecran(), enquete.individus);
   return ChargerCodes(donnees, Champs(pos, enquete), enquete.individus, progression);
 }
