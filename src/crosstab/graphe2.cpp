@@ -10,8 +10,6 @@ namespace quelvar {
 
 namespace {
 
-constexpr double kLargeurInitiale = 135;
-constexpr double kHauteurInitiale = 216;
 constexpr std::array<double, 7> kValeurs = {1, 2, 5, 10, 20, 50, 100};
 
 std::vector<ElementGraphe2> Elements(const std::vector<std::size_t>& places, const std::vector<int>& codes,
@@ -90,7 +88,8 @@ DonneesGraphe2 PreparerGraphe2(const TableauRetenu& retenu) {
 }
 
 double AgrandissementGraphe2(const DonneesGraphe2& donnees) {
-  return std::max({kLargeurInitiale, donnees.observe.largeur, donnees.maximum.largeur}) / kLargeurInitiale;
+  return std::max({kLargeurInitialeGraphe2, donnees.observe.largeur, donnees.maximum.largeur}) /
+         kLargeurInitialeGraphe2;
 }
 
 EtatGraphe2 NouveauGraphe2(const DonneesGraphe2& donnees) {
@@ -148,7 +147,8 @@ std::string TexteFenetre(const EtatGraphe2& etat) {
     return Joindre(
         {minimum, Nombre(Arrondir(-marge, 1)), maximum, Nombre(Arrondir(initiale * agrandissement + marge, 1))});
   };
-  return Joindre({limites("xi=", " Xa=", kLargeurInitiale), "\r\n", limites("yi=", " ya=", kHauteurInitiale)});
+  return Joindre(
+      {limites("xi=", " Xa=", kLargeurInitialeGraphe2), "\r\n", limites("yi=", " ya=", kHauteurInitialeGraphe2)});
 }
 
 }  // namespace quelvar

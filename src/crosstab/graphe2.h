@@ -41,7 +41,9 @@ inline constexpr double kEcartementGraphe2 = 5;
 
 DonneesGraphe2 PreparerGraphe2(const TableauRetenu& retenu);
 
-// How many times the initial window of 135 by 216 units the drawing needs.
+// The initial window, units; how many times that the drawing needs.
+inline constexpr double kLargeurInitialeGraphe2 = 135;
+inline constexpr double kHauteurInitialeGraphe2 = 216;
 double AgrandissementGraphe2(const DonneesGraphe2& donnees);
 
 // A text of the list, and how far it was moved, in points of the page.

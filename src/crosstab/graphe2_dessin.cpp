@@ -11,21 +11,30 @@ namespace quelvar {
 namespace {
 
 // Sizes of the page, points.
-constexpr double kLargeurUtile = 480;  // of the initial window
-constexpr double kUniteMinimum = 2;    // a point of percentage never takes less
+constexpr double kUniteInitiale = 480 / kLargeurInitialeGraphe2;  // of a point of percentage
+constexpr double kUniteMinimum = 0.6;
+constexpr double kLargeurVisee = 660;  // columns that are wider take smaller units: a page on its side holds them
 constexpr double kPasDeLigne = 16;     // between two rows
 constexpr double kMarge = 18;          // around the whole
 constexpr double kGouttiereMaximum = 150;
-constexpr double kMargeDesNoms = 30;   // between the row labels and the window
-constexpr double kInterligne = 9.5;    // of the column labels
-constexpr double kHauteurTitres = 50;  // title and scale
+constexpr double kMargeDesNoms = 30;  // between the row labels and the window
+constexpr double kInterligne = 9.5;   // of the column labels
+constexpr double kLargeurTete = 48;   // to which a column label is folded in a narrow column
+constexpr double kLargeurTeteMaximum = 96;
+constexpr std::size_t kLignesDeTete = 4;
+constexpr double kInterligneTitre = 15;
+constexpr double kInterligneLigne = 8;     // of the row labels
+constexpr std::size_t kLignesDeTexte = 2;  // that a row label takes at most
+constexpr double kSousEchelle = 20;
 constexpr double kHauteurNomDeBande = 16;
 constexpr double kEntreBandes = 22;
 constexpr double kPiedDeBande = 12;  // shares of the columns, under the rows
 constexpr double kDemiBarre = 3.4;
+constexpr const char* kSuite = "...";  // of a text that was cut
 
 constexpr Police kPoliceTitre{.corps = 12, .gras = true};
 constexpr Police kPoliceEchelle{.corps = 9};
+constexpr Police kPoliceLegende{.corps = 7.5, .couleur = Couleur::Gris};
 constexpr Police kPoliceBande{.corps = 9, .gras = true};
 constexpr Police kPoliceTete{.corps = 8, .gras = true, .ancre = Ancre::Milieu};
 constexpr Police kPoliceLigne{.corps = 8, .ancre = Ancre::Fin, .niveau = Niveau::Centre};
@@ -45,6 +54,26 @@ std::vector<std::string> Plier(std::string_view texte, double largeur, const Pol
   return lignes;
 }
 
+// At most that many of the lines, none wider than that; what is cut is marked.
+std::vector<std::string> Couper(std::vector<std::string> lignes, std::size_t lignesMax, double largeur,
+                                const Police& police) {
+  const bool coupees = lignes.size() > lignesMax;
+  if (coupees) lignes.resize(lignesMax);
+  for (std::size_t k = 0; k < lignes.size(); ++k) {
+    std::string& ligne = lignes[k];
+    const bool tropLarge = LargeurTexte(ligne, police.corps, police.gras) > largeur;
+    if (!tropLarge && !(coupees && k + 1 == lignes.size())) continue;
+    while (ligne.size() > 1 && LargeurTexte(ligne + kSuite, police.corps, police.gras) > largeur) ligne.pop_back();
+    ligne += kSuite;
+  }
+  return lignes;
+}
+
+// What names a row or a column on the picture.
+const std::string& Libelle(const ElementGraphe2& element) {
+  return element.texte.empty() ? element.nom : element.texte;
+}
+
 // Rectangles of the page that are taken.
 class Occupation {
  public:
@@ -58,10 +87,12 @@ class Occupation {
   std::vector<Zone> zones_;
 };
 
-// The label of a column: its lines and how high above the rows its lowest line stands.
+// The label of a column: its lines, how high above the rows its lowest line stands, and what it covers, upwards from
+// the rows.
 struct Tete {
   std::vector<std::string> lignes;
   double elevation = 0;
+  Zone zone;
 };
 
 // One band with its places on the page.
@@ -86,6 +117,9 @@ class Trace {
 
  private:
   double X(double unites) const { return gauche_ + unites * unite_; }
+  double YEchelle() const { return kMarge + 15 + kInterligneTitre * static_cast<double>(titre_.size()); }
+  double DebutEchelle() const { return kMarge + LargeurTexte(TexteEchelle(etat_), kPoliceEchelle.corps) + 10; }
+  double Largeur() const;
   void PlacerColonnes();
   void PlacerTetes(BandePlacee& placee) const;
   void Titres(Dessin& dessin) const;
@@ -105,37 +139,38 @@ class Trace {
   std::vector<double> zeros_;
   std::vector<double> largeurs_;
   double largeur_ = 0;
+  double fenetre_ = 0;  // width of the window, units: the columns or more
+  std::vector<std::string> titre_;
   std::vector<BandePlacee> bandes_;
   // Entry of the long text of each row, then of each column; 0 without one.
   std::vector<std::size_t> entreesDesTextes_;
 };
 
-double LargeurGouttiere(const DonneesGraphe2& donnees) {
-  double largeur = 0;
-  for (const ElementGraphe2& ligne : donnees.lignes)
-    largeur = std::max(largeur, LargeurTexte(ligne.texte.empty() ? ligne.nom : ligne.texte, kPoliceLigne.corps));
-  return std::min(largeur, kGouttiereMaximum);
+std::vector<std::string> LignesDuNom(const ElementGraphe2& ligne) {
+  return Couper(Plier(Libelle(ligne), kGouttiereMaximum, kPoliceLigne), kLignesDeTexte, kGouttiereMaximum,
+                kPoliceLigne);
 }
 
-// Blanks that pad a label to two columns of a report are one on a picture.
-std::string SansBlancsDoubles(std::string_view texte) {
-  std::string resultat;
-  for (const char c : texte)
-    if (c != ' ' || resultat.empty() || resultat.back() != ' ') resultat += c;
-  return resultat;
+double LargeurGouttiere(const DonneesGraphe2& donnees) {
+  double largeur = 0;
+  for (const ElementGraphe2& element : donnees.lignes)
+    for (const std::string& ligne : LignesDuNom(element))
+      largeur = std::max(largeur, LargeurTexte(ligne, kPoliceLigne.corps));
+  return largeur;
 }
 
 Trace::Trace(const EtatGraphe2& etat) : etat_(etat), donnees_(etat.donnees) {
-  const double agrandissement = AgrandissementGraphe2(donnees_);
-  unite_ = std::max(kLargeurUtile / (135 * agrandissement), kUniteMinimum) * etat.echelle;
   gauche_ = kMarge + LargeurGouttiere(donnees_) + kMargeDesNoms;
   PlacerColonnes();
+  fenetre_ = std::max(largeur_, AgrandissementGraphe2(donnees_) * kLargeurInitialeGraphe2);
+  unite_ = std::clamp(kLargeurVisee / fenetre_, kUniteMinimum, kUniteInitiale) * etat.echelle;
+  titre_ = Plier(donnees_.titre, std::max(X(fenetre_), kLargeurVisee), kPoliceTitre);
   std::size_t entree = 2 + donnees_.lignes.size() + donnees_.colonnes.size();
   for (const auto* elements : {&donnees_.lignes, &donnees_.colonnes})
     for (const ElementGraphe2& element : *elements) entreesDesTextes_.push_back(element.texte.empty() ? 0 : entree++);
   bandes_.push_back({donnees_.observe, "Tableau observé"_w, {}, {}});
   bandes_.push_back({donnees_.maximum, "Tableau d'écart maximum"_w, {}, {}});
-  double haut = kMarge + kHauteurTitres;
+  double haut = YEchelle() + kSousEchelle;
   for (BandePlacee& placee : bandes_) {
     placee.pas = kPasDeLigne * etat.echelle;
     PlacerTetes(placee);
@@ -161,41 +196,52 @@ void Trace::PlacerColonnes() {
 void Trace::PlacerTetes(BandePlacee& placee) const {
   Occupation occupation;
   for (std::size_t j = 0; j < donnees_.colonnes.size(); ++j) {
-    const ElementGraphe2& colonne = donnees_.colonnes[j];
     Tete tete;
-    tete.lignes =
-        Plier(colonne.texte.empty() ? colonne.nom : colonne.texte, std::max(largeurs_[j] * unite_, 48.0), kPoliceTete);
+    const double largeurVisee = std::max(largeurs_[j] * unite_, kLargeurTete);
+    tete.lignes = Couper(Plier(Libelle(donnees_.colonnes[j]), largeurVisee, kPoliceTete), kLignesDeTete,
+                         std::max(largeurVisee, kLargeurTeteMaximum), kPoliceTete);
     double largeur = 0;
     for (const std::string& ligne : tete.lignes)
       largeur = std::max(largeur, LargeurTexte(ligne, kPoliceTete.corps, kPoliceTete.gras));
     const double hauteur = kInterligne * static_cast<double>(tete.lignes.size());
-    const auto zone = [&] {
-      return Zone{X(zeros_[j]) - largeur / 2 - 3, -tete.elevation - hauteur, largeur + 6, hauteur};
-    };
-    while (!occupation.Libre(zone())) tete.elevation += kInterligne;
-    occupation.Prendre(zone());
+    tete.zone = {X(zeros_[j]) - largeur / 2 - 3, -hauteur, largeur + 6, hauteur};
+    for (; !occupation.Libre(tete.zone); tete.elevation += kInterligne) tete.zone.y -= kInterligne;
+    occupation.Prendre(tete.zone);
     placee.hauteurTetes = std::max(placee.hauteurTetes, tete.elevation + hauteur);
     placee.tetes.push_back(tete);
   }
   placee.hauteurTetes += 6;
 }
 
+std::string LegendeEchelle(const EtatGraphe2& etat) {
+  return Joindre({Nombre(etat.valeurEchelle), " points d'écart à la marge"_w});
+}
+
+// Columns with the names beside their marks, or what stands over them.
+double Trace::Largeur() const {
+  double droite = X(fenetre_) + kMargeDesNoms;
+  for (const std::string& ligne : titre_)
+    droite = std::max(droite, kMarge + LargeurTexte(ligne, kPoliceTitre.corps, kPoliceTitre.gras) + kMarge);
+  const double echelle = DebutEchelle() + etat_.valeurEchelle * unite_ + 6;
+  return std::max(droite, echelle + LargeurTexte(LegendeEchelle(etat_), kPoliceLegende.corps) + kMarge);
+}
+
 void Trace::Titres(Dessin& dessin) const {
   dessin.Calquer("titres");
   dessin.Designer(0);
-  dessin.Texte({kMarge, kMarge + 10}, donnees_.titre, kPoliceTitre, Deplacement(0));
+  for (std::size_t k = 0; k < titre_.size(); ++k)
+    dessin.Texte({kMarge, kMarge + 10 + kInterligneTitre * static_cast<double>(k)}, titre_[k], kPoliceTitre,
+                 Deplacement(0));
   dessin.Designer(1);
-  const std::string echelle = TexteEchelle(etat_);
-  const double y = kMarge + 30;
+  const double y = YEchelle();
   const Position d = Deplacement(1);
-  dessin.Texte({kMarge, y}, echelle, kPoliceEchelle, d);
-  const double debut = kMarge + LargeurTexte(echelle, kPoliceEchelle.corps) + 10 + d.x;
+  dessin.Texte({kMarge, y}, TexteEchelle(etat_), kPoliceEchelle, d);
+  const double debut = DebutEchelle() + d.x;
   const double fin = debut + etat_.valeurEchelle * unite_;
   const double trait = y - 3 + d.y;
   dessin.Ligne({debut, trait}, {fin, trait}, {.epaisseur = 1.2});
   for (const double x : {debut, fin}) dessin.Ligne({x, trait - 3}, {x, trait + 3}, {.epaisseur = 0.8});
-  dessin.Texte({fin + 6, y + d.y}, Joindre({Nombre(etat_.valeurEchelle), " points d'écart à la marge"_w}),
-               {.corps = 7.5, .couleur = Couleur::Gris});
+  dessin.Texte({fin + 6, y + d.y}, LegendeEchelle(etat_), kPoliceLegende);
   dessin.Designer(-1);
 }
 
@@ -203,10 +249,14 @@ void Trace::Tetes(Dessin& dessin, const BandePlacee& placee) const {
   dessin.Calquer("colonnes");
   const double base = placee.haut + kHauteurNomDeBande + placee.hauteurTetes - 6;
   const double bas = placee.Bas(donnees_.lignes.size());
+  Occupation occupation;
   for (std::size_t j = 0; j < donnees_.colonnes.size(); ++j) {
     const Tete& tete = placee.tetes[j];
     const double x = X(zeros_[j]);
-    dessin.Ligne({x, base - tete.elevation + 2}, {x, bas}, {Couleur::Gris, 0.7});
+    const Zone fil{x, -tete.elevation + 1, 0.1, tete.elevation};
+    const bool traverse =
+        std::any_of(placee.tetes.begin(), placee.tetes.end(), [&](const Tete& t) { return t.zone.Touche(fil); });
+    dessin.Ligne({x, base + 2 - (traverse ? 0 : tete.elevation)}, {x, bas}, {Couleur::Gris, 0.7});
     const std::size_t texte = entreesDesTextes_[donnees_.lignes.size() + j];
     const std::size_t entree = texte == 0 ? EntreeColonne(j) : texte;
     dessin.Designer(static_cast<std::int32_t>(entree));
@@ -214,7 +264,11 @@ void Trace::Tetes(Dessin& dessin, const BandePlacee& placee) const {
       dessin.Texte({x, base - tete.elevation - kInterligne * static_cast<double>(tete.lignes.size() - 1 - k) - 1},
                    tete.lignes[k], kPoliceTete, Deplacement(entree));
     dessin.Designer(-1);
-    dessin.Texte({x, bas + 2}, Joindre({Rogner(TextePourcentage(donnees_.colonnes[j].part)), "%"}), kPolicePied);
+    const std::string part = Joindre({Rogner(TextePourcentage(donnees_.colonnes[j].part)), "%"});
+    const Zone pied = ZoneDuTexte({x, bas + 2}, part, kPolicePied);
+    if (!occupation.Libre(pied)) continue;
+    occupation.Prendre(pied);
+    dessin.Texte({x, bas + 2}, part, kPolicePied);
   }
 }
 
@@ -253,8 +307,11 @@ void Trace::Lignes(Dessin& dessin, const BandePlacee& placee) const {
     const std::size_t texte = entreesDesTextes_[i];
     const std::size_t entree = texte == 0 ? EntreeLigne(i) : texte;
     dessin.Designer(static_cast<std::int32_t>(entree));
-    dessin.Texte({gauche_ - kMargeDesNoms + 2, y}, SansBlancsDoubles(ligne.texte.empty() ? ligne.nom : ligne.texte),
-                 kPoliceLigne, Deplacement(entree));
+    const std::vector<std::string> nom = LignesDuNom(ligne);
+    for (std::size_t k = 0; k < nom.size(); ++k) {
+      const double decalage = kInterligneLigne * (static_cast<double>(k) - static_cast<double>(nom.size() - 1) / 2);
+      dessin.Texte({gauche_ - kMargeDesNoms + 2, y + decalage}, nom[k], kPoliceLigne, Deplacement(entree));
+    }
     dessin.Designer(-1);
     dessin.Calquer("marques");
     occupation.Vider();
@@ -274,7 +331,7 @@ void Trace::Lignes(Dessin& dessin, const BandePlacee& placee) const {
 }
 
 Dessin Trace::Dessiner() {
-  const double droite = X(std::max(largeur_, AgrandissementGraphe2(donnees_) * 135)) + kMargeDesNoms;
+  const double droite = Largeur();
   const double bas = bandes_.back().Bas(donnees_.lignes.size()) + kPiedDeBande + kMarge;
   const double largeur = droite * etat_.fenetre;
   const double hauteur = bas * etat_.fenetre;

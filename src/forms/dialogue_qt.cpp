@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QRegularExpression>
 #include <algorithm>
 #include <chrono>
@@ -45,10 +46,28 @@ class CurseurNormal {
 };
 
 // The window that the user is in: a box over another one would bring that to the front and leave the focus there.
-QWidget* ParentDesBoites(QWidget* fenetre) {
-  QWidget* active = QApplication::activeWindow();
-  return active != nullptr ? active : fenetre;
-}
+// Behind a dialogue of the system that has just closed none is active yet: it is then the one where the user was
+// before.
+class FenetreDuMoment {
+ public:
+  explicit FenetreDuMoment(QWidget* principale) : principale_(principale) {
+    QObject::connect(qApp, &QApplication::focusChanged, principale, [derniere = derniere_](QWidget*, QWidget* nouveau) {
+      const auto estFenetre = [](const QWidget* w) {
+        return !w->isModal() && (w->windowType() == Qt::Window || w->windowType() == Qt::Dialog);
+      };
+      if (nouveau != nullptr && estFenetre(nouveau->window())) *derniere = nouveau->window();
+    });
+  }
+
+  QWidget* Parent() const {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    return *derniere_ != nullptr && (*derniere_)->isVisible() ? derniere_->data() : principale_;
+  }
+
+ private:
+  QWidget* principale_;
+  std::shared_ptr<QPointer<QWidget>> derniere_ = std::make_shared<QPointer<QWidget>>();
+};
 
 QString SansFinsDeLigneDos(std::string_view texte) {
   return VersQt(texte).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -97,6 +116,7 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons) 
 Dialogue DialogueQt(const EcranDeRun& ecran) {
   const auto respiration = std::make_shared<Respiration>();
   const auto maximum = std::make_shared<std::int64_t>(1);
+  const FenetreDuMoment fenetre(ecran.fenetre);
   Dialogue dialogue;
   dialogue.montrerProgression = [=](std::int64_t valeur) {
     *maximum = std::max<std::int64_t>(valeur, 1);
@@ -117,20 +137,20 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
   };
   dialogue.demander = [=](std::string_view texte, Boutons boutons) {
     const CurseurNormal curseur;
-    return DemanderReponse(ParentDesBoites(ecran.fenetre), SansFinsDeLigneDos(texte), boutons);
+    return DemanderReponse(fenetre.Parent(), SansFinsDeLigneDos(texte), boutons);
   };
   dialogue.saisir = [=](std::string_view question, std::string_view propose) {
     const CurseurNormal curseur;
     bool accepte = false;
     const QString texte =
-        QInputDialog::getText(ParentDesBoites(ecran.fenetre), QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
+        QInputDialog::getText(fenetre.Parent(), QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
                               QLineEdit::Normal, VersQt(propose), &accepte);
     return accepte ? DepuisQt(texte) : std::string();
   };
   dialogue.choisirFichier = [=](std::string_view titre, std::string_view filtre) {
     const CurseurNormal curseur;
-    const QString chemin = QFileDialog::getOpenFileName(ParentDesBoites(ecran.fenetre), VersQt(titre),
-                                                        QStringLiteral("."), FiltreQt(VersQt(filtre)));
+    const QString chemin =
+        QFileDialog::getOpenFileName(fenetre.Parent(), VersQt(titre), QStringLiteral("."), FiltreQt(VersQt(filtre)));
     return DepuisQt(chemin);
   };
   dialogue.biper = [] { QApplication::beep(); };

@@ -110,6 +110,37 @@ TEST(Graphe2, UneMarqueParCase) {
   }
 }
 
+// Long labels are folded, then cut, and nothing is written beyond the page, nor over the label of a neighbour.
+TEST(Graphe2, TextesLongsDansLaPage) {
+  Matrice effectifs(4, 13);
+  for (std::size_t i = 1; i < 4; ++i)
+    for (std::size_t j = 1; j < 13; ++j) effectifs(i, j) = static_cast<double>(1 + (i * 5 + j * 3) % 7);
+  TableauRetenu retenu = Retenu(effectifs);
+  retenu.ligne.intitule = std::string(60, 'A') + " quelle est votre profession, ou la derni\xE8re ?";
+  for (std::string& intitule : retenu.intitulesLignes) intitule = "Profession de la personne de qui depend le menage";
+  for (std::string& intitule : retenu.intitulesColonnes) intitule = "Anticonstitutionnellement parlant, une fois";
+  EtatGraphe2 etat = NouveauGraphe2(PreparerGraphe2(retenu));
+  etat.valeurEchelle = 100;
+  for (const double echelle : {0.3, 1.0, 4.0}) {
+    etat.echelle = echelle;
+    const Dessin dessin = DessinerGraphe2(etat);
+    for (const Forme& forme : dessin.Formes()) {
+      if (forme.genre != GenreForme::Texte) continue;
+      const Zone zone = dessin.Etendue(forme);
+      EXPECT_GE(zone.x, 0) << forme.texte;
+      EXPECT_LE(zone.x + zone.largeur, dessin.Largeur()) << forme.texte;
+    }
+    const std::vector<Forme> tetes = FormesDuCalque(dessin, "colonnes", GenreForme::Texte);
+    EXPECT_GT(tetes.size(), 24U);
+    for (std::size_t k = 0; k < tetes.size(); ++k) {
+      for (std::size_t m = k + 1; m < tetes.size(); ++m) {
+        if (tetes[k].id == tetes[m].id && tetes[k].id >= 0) continue;
+        EXPECT_FALSE(dessin.Etendue(tetes[k]).Touche(dessin.Etendue(tetes[m])));
+      }
+    }
+  }
+}
+
 // Names of a large table lie over no bar, no other name, and inside the page; moving an entry moves its texts only.
 TEST(Graphe2, NomsQuiNeSeChevauchentPas) {
   Matrice effectifs(13, 9);
