@@ -18,7 +18,7 @@ cmake --build "$racine/build/release" --target quelvar-batch quelvar-genere quel
 
 # ligne NOM FICHIER AVANT COMMANDE... : one row of the table
 ligne() {
-  local nom=$1 taille=$(($(stat -c %s "$2") / 1000000)) avant=$3 mur utilisateur systeme memoire
+  local nom=$1 taille=$((($(stat -c %s "$2") + 500000) / 1000000)) avant=$3 mur utilisateur systeme memoire
   shift 3
   read -r mur utilisateur systeme memoire < <("$bin/quelvar-chrono" "$fois" "$avant" "$@")
   echo "| $nom | $taille Mo | $mur s | $utilisateur s | $systeme s | $memoire Mio |"
@@ -56,9 +56,16 @@ for g in TCENT TMILLION; do
   programme $g CSV "DAT POS PO2 IMP" import-csv
 done
 
-# Burt tables of 200 and of 1,500 modalities
+# Burt tables of 200, of 1,500 and of 3,500 modalities
+burt() {
+  ligne "posmod, $2 modalités" $1.DAT "rm -f $1.BRT $1.CDG $1.PRT" \
+    "$bin/quelvar-batch" posmod $1 oublier=oui codeszero=non
+}
 "$bin/quelvar-genere" . BURT40 20000 40 --actives 5
-programme BURT40 DAT "BRT CDG PRT" posmod oublier=oui codeszero=non
+burt BURT40 200
 "$bin/quelvar-genere" . BURT 20000 300 --actives 5
-programme BURT DAT "BRT CDG PRT" posmod oublier=oui codeszero=non
-programme BURT BRT "PEM PEL PRO" ecapem intitules=courts
+burt BURT "1 500"
+ligne "ecapem, 1 500 modalités" BURT.BRT "rm -f BURT.PEM BURT.PEL BURT.PRO" \
+  "$bin/quelvar-batch" ecapem BURT intitules=courts
+"$bin/quelvar-genere" . BURT700 3000 700 --actives 5
+burt BURT700 "3 500"
