@@ -144,7 +144,7 @@ bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
   std::vector<std::string> intitules;
   for (const PointPlan& point : etat.donnees.points)
-    intitules.push_back(etat.reglages.intitulesLongs && !point.intitule.empty() ? point.intitule : point.nom);
+    intitules.push_back(etat.reglages.intitulesLongs ? point.intitule : point.nom);
   EcrirePajek(contexte.repertoire, contexte.Nom(".net"), intitules, LiensMontres(etat, true).pajek);
 }
 
