@@ -16,6 +16,9 @@ constexpr char16_t kImages = 0x2400;  // pictures of the control bytes, in their
 constexpr char16_t kImageLf = kImages + '\n';
 constexpr char16_t kImageCr = kImages + '\r';
 constexpr char16_t kImageSuppression = 0x2421;
+// A text box gives the soft hyphen no width: in the code page the plain one, which the page lacks, stands for it.
+constexpr char16_t kTraitConditionnel = 0xAD;
+constexpr char16_t kTraitVisible = 0x2010;
 
 constexpr bool EstControle(unsigned char octet) { return (octet < 0x20 && octet != '\t') || octet == 0x7F; }
 constexpr bool EstImage(char32_t point) {
@@ -38,6 +41,7 @@ std::array<char16_t, 256> TableDeLecture() {
   for (unsigned i = 0; i < 256; ++i) {
     const auto octet = static_cast<unsigned char>(i);
     table[i] = EstControle(octet)         ? ImageDe(octet)
+               : i == kTraitConditionnel  ? kTraitVisible
                : (i >= 0x80 && i <= 0x9F) ? detail::pointsDe80[i - 0x80]
                                           : static_cast<char16_t>(i);
   }
@@ -124,7 +128,7 @@ void AjouterCaractere(std::string& octets, char32_t point, Encodage encodage) {
   } else if (encodage == Encodage::Utf8) {
     AjouterUtf8(octets, point);
   } else {
-    const int octet = detail::OctetDe(point);
+    const int octet = detail::OctetDe(point == kTraitVisible ? kTraitConditionnel : point);
     octets += octet < 0 ? '?' : static_cast<char>(octet);
   }
 }
@@ -200,9 +204,11 @@ std::u16string CaracteresAdmis(std::u16string_view texte, Encodage encodage) {
   std::u16string admis;
   admis.reserve(texte.size());
   while (!texte.empty()) {
-    const char32_t point = Suivant(texte);
+    char32_t point = Suivant(texte);
+    if (encodage == Encodage::PageDeCode && point == kTraitConditionnel) point = kTraitVisible;
     const bool controle = point < 0x100 && point != '\n' && EstControle(static_cast<unsigned char>(point));
-    const bool connu = encodage == Encodage::Utf8 || detail::OctetDe(point) >= 0 || EstImage(point);
+    const bool connu =
+        encodage == Encodage::Utf8 || detail::OctetDe(point) >= 0 || EstImage(point) || point == kTraitVisible;
     if (controle) admis += ImageDe(static_cast<unsigned char>(point));
     else AjouterUtf16(admis, connu ? point : U'?');
   }

@@ -28,8 +28,8 @@ struct FormeTexte {
 
 struct DocumentTexte {
   // Lines are ended by LF. Control bytes stand as their pictures (U+2400 and following, U+2421 for 7F), the undefined
-  // bytes of the code page under their own number. A line that ends otherwise than the others has the picture of CR or
-  // LF before its end.
+  // bytes of the code page under their own number, its soft hyphen (AD hex) as U+2010. A line that ends otherwise than
+  // the others has the picture of CR or LF before its end.
   std::u16string texte;
   FormeTexte forme;
 };

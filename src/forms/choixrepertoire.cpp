@@ -35,6 +35,7 @@ ChoixRepertoire::ChoixRepertoire(QWidget* parent)
   disposition->setContentsMargins(0, 0, 0, 0);
   disposition->addWidget(lieux_);
   disposition->addWidget(branche_);
+  setFocusPolicy(Qt::StrongFocus);  // a label may lead here by its letter
   setFocusProxy(branche_);
   RemplirLieux();
   connect(lieux_, &QComboBox::activated, this, [this](int rang) {

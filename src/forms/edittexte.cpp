@@ -1,6 +1,5 @@
 #include "forms/edittexte.h"
 
-#include <QFontMetricsF>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -14,7 +13,6 @@ namespace {
 
 constexpr std::size_t kTete = std::size_t{1} << 18;   // characters shown at once
 constexpr std::size_t kSuite = std::size_t{1} << 19;  // characters loaded in one pause
-constexpr int kTabulation = 8;
 
 QString VersQString(std::u16string_view texte) {
   return QString::fromUtf16(texte.data(), static_cast<qsizetype>(texte.size()));
@@ -203,7 +201,6 @@ void EditTexte::Montrer(const QTextCursor& selection) {
 
 void EditTexte::FixerTailleCaracteres(int points) {
   FixerTaille(std::clamp(points, 6, 32));
-  setTabStopDistance(kTabulation * QFontMetricsF(font()).horizontalAdvance(QString(100, u'0')) / 100);
   DisposerRegle();
 }
 

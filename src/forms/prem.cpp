@@ -1,6 +1,8 @@
 #include "forms/prem.h"
 
 #include <QDir>
+#include <QLayout>
+#include <algorithm>
 
 #include "forms/texte_qt.h"
 #include "ui_prem.h"
@@ -43,6 +45,9 @@ void Prem::MontrerSuite() {
                                  "ou plus tard, prendre le menu 'Nouvelles données' puis 'Import'")
                 : QStringLiteral("Vous pouvez passer à l'étape suivante de constitution d'un descripteur des données\n"
                                  "ou plus tard, prendre le menu 'Nouvelles données' puis 'Saisie'")));
+  // The sentences take more lines than their empty label: the form grows rather than squeeze what is above.
+  layout()->activate();
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
 }
 
 void Prem::CreerRepertoire() {

@@ -55,8 +55,11 @@ PrepRecod::PrepRecod(Principal& principal, EtatPrepRecod etat)
 PrepRecod::~PrepRecod() = default;
 
 void PrepRecod::RelierQuestions() {
-  connect(ui_->ListPos, &QListWidget::currentRowChanged, this, [this](int rang) {
-    ChoisirQuestion(etat_, static_cast<std::size_t>(rang));
+  // The list has a current row as soon as it gets the focus: only a row that is marked has been chosen.
+  connect(ui_->ListPos, &QListWidget::itemSelectionChanged, this, [this] {
+    const QList<QListWidgetItem*> choisies = ui_->ListPos->selectedItems();
+    if (choisies.isEmpty()) return;
+    ChoisirQuestion(etat_, static_cast<std::size_t>(ui_->ListPos->row(choisies.first())));
     MontrerQuestion();
   });
   connect(ui_->ListPos, &QListWidget::itemClicked, this, [this] { ui_->TextMod->setFocus(); });
@@ -64,14 +67,14 @@ void PrepRecod::RelierQuestions() {
     bool juste = false;
     Agir([&] { juste = ValiderRegle(etat_, DepuisQt(ui_->TextMod->text())); });
     if (!juste) return;
-    MontrerLigne(ui_->ListPos->currentRow());
+    MontrerLigneEnCours();
     ui_->ListPos->setFocus();
   };
   connect(ui_->BoutEnCours, &QPushButton::clicked, this, valider);
   connect(ui_->TextMod, &QLineEdit::returnPressed, this, valider);
   connect(ui_->BoutEffEnCours, &QPushButton::clicked, this, [this] {
     Agir([this] { EffacerRegle(etat_); });
-    MontrerLigne(ui_->ListPos->currentRow());
+    MontrerLigneEnCours();
     MontrerQuestion();
   });
 }
@@ -183,9 +186,9 @@ void PrepRecod::MontrerQuestion() {
                                                         .arg(VersQt(question->intitule)));
 }
 
-void PrepRecod::MontrerLigne(int rang) {
-  if (rang < 0) return;
-  ui_->ListPos->item(rang)->setText(LigneDe(etat_.questions[static_cast<std::size_t>(rang)].question));
+void PrepRecod::MontrerLigneEnCours() {
+  if (!etat_.courante) return;
+  ui_->ListPos->item(static_cast<int>(*etat_.courante))->setText(LigneDe(etat_.questions[*etat_.courante].question));
 }
 
 void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts) {
@@ -193,7 +196,9 @@ void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts)
   for (const int code : offerts) codes.addItem(QString::number(code), code);
   codes.setCurrentIndex(-1);
   codes.setEnabled(codes.count() > 0);
-  if (codes.isEnabled()) codes.setFocus();
+  if (!codes.isEnabled()) return;
+  codes.setFocus();
+  codes.showPopup();
 }
 
 void PrepRecod::NommerVit() {

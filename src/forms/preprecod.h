@@ -35,7 +35,7 @@ class PrepRecod : public QDialog {
   void Agir(const std::function<void()>& action);
   void Montrer();
   void MontrerQuestion();
-  void MontrerLigne(int rang);
+  void MontrerLigneEnCours();
   void ProposerCodes(QComboBox& codes, const std::vector<int>& offerts);
   void NommerVit();
   void ChoisirCodeDeVit(int rang);

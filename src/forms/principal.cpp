@@ -30,6 +30,12 @@ constexpr int kColonnesDeNom = 4;  // row and modality names
 // Entries that wait for the first generic of a new use.
 constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
 
+// The largest window that the screen shows whole.
+QSize PlaceSurLEcran(const QWidget& fenetre) {
+  constexpr QSize cadre(0, 40);  // what the window system puts above and below
+  return fenetre.screen()->availableSize() - cadre;
+}
+
 }  // namespace
 
 Principal::Principal(Environnement environnement)
@@ -273,6 +279,9 @@ void Principal::Presenter(QWidget& forme) {
   if (std::none_of(formes_.begin(), formes_.end(), [&](const auto& f) { return f == &forme; })) {
     formes_.append(&forme);
     forme.installEventFilter(this);
+    forme.ensurePolished();
+    if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
+    forme.resize(forme.size().boundedTo(PlaceSurLEcran(*this)));
   }
   forme.show();
   forme.raise();
@@ -323,7 +332,7 @@ void Principal::FixerTailleDEcran(const QString& action) {
   QSize page(colonnes * police.horizontalAdvance(u'0') + 12, lignes * police.lineSpacing());
   if (action == QStringLiteral("mnuEcr38")) page = page * 4 / 3;
   setWindowState(windowState() & ~Qt::WindowMaximized);
-  resize((page + autour).boundedTo(screen()->availableSize()));
+  resize((page + autour).boundedTo(PlaceSurLEcran(*this)));
 }
 
 }  // namespace quelvar

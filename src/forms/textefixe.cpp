@@ -1,6 +1,7 @@
 #include "forms/textefixe.h"
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -72,6 +73,8 @@ void TexteFixe::FixerTaille(int points) {
   police.setStyleHint(QFont::TypeWriter);
   police.setFixedPitch(true);
   setFont(police);
+  // A tab is one position of the file like any other character.
+  setTabStopDistance(QFontMetricsF(police).horizontalAdvance(QString(100, u'0')) / 100);
 }
 
 void TexteFixe::FigerLignes(int lignes) {

@@ -76,6 +76,10 @@ TEST(DocumentTexte, ShowsTheCharactersAndTellsTheForm) {
       {"a\r\nb\nc\r\n\x1A", u"a\nb\u240A\nc\n", {page, false, crlf, true, true}},
       {"a\nb\r\nc\n", u"a\nb\u240D\nc\n", {page, false, lf, true, false}},
       {"a\0b\x7F\t\r\n"s, u"a\u2400b\u2421\t\n", {page, false, crlf, false, false}},
+      {"1\xAD\x32\r\n",
+       u"1\u2010"
+       u"2\n",
+       {page, false, crlf, false, false}},
       {"\xC3\xA9\n", u"é\n", {utf8, false, lf, false, false}},
       {"\xEF\xBB\xBF\xF0\x9F\x98\x80", u"😀", {utf8, true, crlf, false, false}},
       {"\xC3\xA9\xE9", u"Ã©é", {page, false, crlf, false, false}},
@@ -92,6 +96,8 @@ TEST(DocumentTexte, CharacterOutsideTheEncodingBecomesAQuestionMark) {
   const std::u16string texte = u"œ Ŵ 😀 \u2400 \r \xD800.\n";
   EXPECT_EQ(EncoderTexte(u"œ Ŵ 😀\n", {}), "\x9C ? ?\r\n");
   EXPECT_EQ(CaracteresAdmis(texte, Encodage::PageDeCode), u"œ ? ? \u2400 \u240D ?.\n");
+  EXPECT_EQ(CaracteresAdmis(u"\u00AD\u2010", Encodage::PageDeCode), u"\u2010\u2010");
+  EXPECT_EQ(EncoderTexte(u"\u2010", {}), "\xAD");
   EXPECT_EQ(CaracteresAdmis(texte, Encodage::Utf8), u"œ Ŵ 😀 \u2400 \u240D \uFFFD.\n");
 }
 

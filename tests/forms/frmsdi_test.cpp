@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTextBlock>
 #include <filesystem>
 
 #include "forms/edittexte.h"
@@ -126,6 +127,21 @@ TEST_F(FrmSDI, PositionSelectionAndOverwriting) {
   // With Shift, Return is no soft end of line.
   Touche(Qt::Key_Return, Qt::ShiftModifier);
   EXPECT_EQ(Texte().blockCount(), 4);
+}
+
+TEST_F(FrmSDI, TabAndSoftHyphenTakeOnePositionUnderTheRuler) {
+  Ecrire("ENQ.DAT",
+         "1\t3\t\t\xAD"
+         "78\r\n12345678\r\n");
+  Ouvrir("ENQ.DAT");
+  const QTextDocument& document = *Texte().document();
+  for (int position = 0; position <= 8; ++position) {
+    QTextCursor mele(document.firstBlock());
+    mele.setPosition(position);
+    QTextCursor chiffres(document.lastBlock().previous());
+    chiffres.setPosition(chiffres.position() + position);
+    EXPECT_EQ(Texte().cursorRect(mele).x(), Texte().cursorRect(chiffres).x()) << position;
+  }
 }
 
 TEST_F(FrmSDI, PastedTextFitsTheFile) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -44,10 +45,10 @@ class FormeRecodage : public testing::Test {
   // Takes a code of the list as a user does.
   static void Code(const QWidget& forme, const char* liste, int code) {
     auto& codes = Bureau::Dans<QComboBox>(forme, liste);
-    ASSERT_TRUE(codes.isEnabled());
-    codes.setFocus();
-    codes.setCurrentIndex(codes.findData(code));
-    emit codes.activated(codes.currentIndex());
+    ASSERT_TRUE(codes.view()->isVisible()) << "the codes are offered at once";
+    QTest::keyClick(codes.view(), Qt::Key_Home);
+    for (int pas = codes.findData(code); pas > 0; --pas) QTest::keyClick(codes.view(), Qt::Key_Down);
+    QTest::keyClick(codes.view(), Qt::Key_Return);
   }
   static QString Message(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
 
@@ -57,6 +58,8 @@ class FormeRecodage : public testing::Test {
 TEST_F(FormeRecodage, RulesFilterAndVitReachThePosAndTheRecoding) {
   PrepRecod& forme = Ouvrir();
   EXPECT_TRUE(Message(forme).startsWith("Cette fenêtre prépare 4 opérations"));
+  Cliquer(forme, "BoutEnCours");
+  EXPECT_EQ(Message(forme), "Cliquer sur une question à recoder") << "no question is taken before one is chosen";
   Question(forme, 1);
   auto& regle = Bureau::Dans<QLineEdit>(forme, "TextMod");
   regle.setText("1-6=1/5=2");
