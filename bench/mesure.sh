@@ -37,9 +37,21 @@ echo "|---|---:|---:|---:|---:|---:|"
 for g in CENT MILLION; do
   ligne "plancher : décoder et compter" $g.DAT "" "$bin/quelvar-plancher" dat $g
   programme $g DAT "TAP" triapl
-  programme $g DAT "TCR" croise lignes=A00,A01,A02,A04,A05 colonnes=A06,A08,A0A,A0C,A0D
+  ligne "croise, 25 tableaux" $g.DAT "rm -f $g.TCR" "$bin/quelvar-batch" croise $g \
+    lignes=A00,A01,A02,A04,A05 colonnes=A06,A08,A0A,A0C,A0D
   programme $g DAT "BRT CDG PRT" posmod actives=A00,A01,A02,A04,A05,A06,A08,A0A,A0C,A0D oublier=oui
 done
+# Every cross of twenty questions with twenty others, one filtered by its six modalities, and a table of 100 codes
+"$bin/quelvar-genere" . QUARANTE 99999 40
+noms=$(sed -n '3,$s/^\(...\).*/\1/p' QUARANTE.POS)
+croix="lignes=$(head -n 20 <<<"$noms" | paste -sd,) colonnes=$(tail -n 20 <<<"$noms" | paste -sd,)"
+ligne "croise, 400 tableaux, éditions compactes" QUARANTE.DAT "rm -f QUARANTE.TCR" \
+  "$bin/quelvar-batch" croise QUARANTE $croix edition=compacte
+ligne "croise, un tri à 3 dimensions" MILLION.DAT "rm -f MILLION.TCR" \
+  "$bin/quelvar-batch" --niveau 2 croise MILLION lignes=A00 colonnes=A01 filtres=A02
+"$bin/quelvar-genere" . CODES 20000 2 --actives 99
+ligne "croise, édition étendue de 100 x 100" CODES.DAT "rm -f CODES.TCR" \
+  "$bin/quelvar-batch" --niveau 2 --reponse Oui croise CODES lignes=A00 colonnes=A01 2>/dev/null
 # Twenty rules, a filter and a VIT in place; then a weighting whose result is thinned to about ten times the input.
 regles=$(for q in A00 A01 A02 A04 A05 A06 A08 A0A A0C A0D A0E A0F A0G A0I A0J A0K A0M A0N A0O A0P; do
   echo "regle=$q=1-2=1/R=2"
