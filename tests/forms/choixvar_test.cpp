@@ -28,6 +28,8 @@ struct BureauDEnquete : Bureau {
   explicit BureauDEnquete(int niveau = 2) : Bureau(true) {
     Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
     Ecrire("ENQ.POS", "ENQ\r\n 8 \r\nSEX   1 2 $Sexe$\r\nVOT   2 2 $Vote$\r\nREG   3 3\r\n");
+    std::filesystem::create_directories(DossierProgramme() / "aide");
+    essai::EcrireOctets(DossierProgramme() / "aide" / "QuelvarAide.html", "<h2 id=\"8\">Tri</h2>");
     Ecrire("ENQ.DAT", "111\r\n112\r\n113\r\n121\r\n211\r\n222\r\n223\r\n221\r\n");
     Ouvrir();
   }
@@ -100,6 +102,9 @@ TEST(ChoixVar, ControlesSelonLeNiveau) {
     EXPECT_FALSE(Visible(simple, cadre)) << cadre;
   EXPECT_TRUE(Visible(simple, "FrmNR"));
   EXPECT_TRUE(Bureau::Dans<QRadioButton>(simple, "EditLarge").isChecked());
+  Cliquer(simple, "Aide");
+  ASSERT_EQ(debutant.ouverts.size(), 1);
+  EXPECT_TRUE(debutant.ouverts[0].endsWith("/aide/QuelvarAide.html#8"));
 
   BureauDEnquete avance(2);
   const ChoixVar& forme = avance.Demande();
