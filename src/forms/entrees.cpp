@@ -6,6 +6,7 @@
 #include "forms/choixvar.h"
 #include "forms/fimportcsv.h"
 #include "forms/frmabout.h"
+#include "forms/graphe3.h"
 #include "forms/modifmod.h"
 #include "forms/nomemod.h"
 #include "forms/nomquest.h"
@@ -33,8 +34,10 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuModifMod", OuvrirModifMod},
     {"mnuEcapem", OuvrirChoixEcapem},
     {"mnuAnecar", OuvrirAnecar},
+    {"mnuGraphe", OuvrirGraphe3},
     {"mnuPosmod2", OuvrirPosmodRegression},
     {"mnuAnecarText", OuvrirAnecar},
+    {"mnuGrapheText", OuvrirGraphe3},
     {"mnuPEM", OuvrirChoixEcapem},
     {"mnuAPropos", OuvrirAPropos},
     // clang-format on

@@ -48,6 +48,11 @@ void VueDessin::Ajuster() {
 
 void VueDessin::Zoomer(double facteur) { FixerEchelle(echelle_ * facteur, QRectF(viewport()->rect()).center()); }
 
+void VueDessin::Grossir(double facteur, const QPointF& ancre) {
+  if (surMolette) surMolette(facteur, VersPage(ancre));
+  else FixerEchelle(echelle_ * facteur, ancre);
+}
+
 // The point of the page under the anchor stays there.
 void VueDessin::FixerEchelle(double echelle, const QPointF& ancre) {
   const QPointF page = VersPage(ancre);
@@ -106,14 +111,14 @@ void VueDessin::resizeEvent(QResizeEvent* evenement) {
 }
 
 void VueDessin::wheelEvent(QWheelEvent* evenement) {
-  FixerEchelle(echelle_ * std::pow(kPasDeZoom, evenement->angleDelta().y() / kCranDeMolette), evenement->position());
+  Grossir(std::pow(kPasDeZoom, evenement->angleDelta().y() / kCranDeMolette), evenement->position());
   evenement->accept();
 }
 
 void VueDessin::keyPressEvent(QKeyEvent* evenement) {
   switch (evenement->key()) {
-    case Qt::Key_Plus: return Zoomer(kPasDeZoom);
-    case Qt::Key_Minus: return Zoomer(1 / kPasDeZoom);
+    case Qt::Key_Plus: return Grossir(kPasDeZoom, QRectF(viewport()->rect()).center());
+    case Qt::Key_Minus: return Grossir(1 / kPasDeZoom, QRectF(viewport()->rect()).center());
     case Qt::Key_0: return Ajuster();
     default: return QAbstractScrollArea::keyPressEvent(evenement);
   }
@@ -126,12 +131,18 @@ void VueDessin::mousePressEvent(QMouseEvent* evenement) {
     saisi_ = element >= 0 && deplacable(element) ? element : -1;
   }
   emit Clique(element, evenement->button());
+  emit Presse(VersPage(evenement->position()), evenement->button());
 }
 
 void VueDessin::mouseMoveEvent(QMouseEvent* evenement) {
   if (!dernier_ || (evenement->buttons() & Qt::LeftButton) == 0) return;
   const QPointF pas = evenement->position() - *dernier_;
+  const QPointF avant = *dernier_;
   dernier_ = evenement->position();
+  if (surGlissement) {
+    surGlissement(VersPage(avant), VersPage(*dernier_));
+    return;
+  }
   if (saisi_ >= 0) {
     emit Deplace(saisi_, pas / echelle_);
     return;
@@ -148,6 +159,10 @@ void VueDessin::mouseReleaseEvent(QMouseEvent*) {
 bool VueDessin::viewportEvent(QEvent* evenement) {
   if (evenement->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(evenement);
   const auto* aide = static_cast<QHelpEvent*>(evenement);
+  if (infobulleDeLaPlace) {
+    QToolTip::showText(aide->globalPos(), infobulleDeLaPlace(VersPage(aide->pos())), viewport());
+    return true;
+  }
   const int element = ElementA(aide->pos());
   QToolTip::showText(aide->globalPos(), element < 0 ? QString() : infobulle(element), viewport());
   return true;

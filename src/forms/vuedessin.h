@@ -32,9 +32,17 @@ class VueDessin : public QAbstractScrollArea {
   // What the tool tip of an element says.
   std::function<QString(int element)> infobulle = [](int) { return QString(); };
 
+  // For a picture that is drawn anew at another scale: what the wheel does about a place of the page in place of the
+  // zoom of the view, the drag in place of its move, and what the tool tip of a place says.
+  std::function<void(double facteur, const QPointF& page)> surMolette;
+  std::function<void(const QPointF& de, const QPointF& vers)> surGlissement;
+  std::function<QString(const QPointF& page)> infobulleDeLaPlace;
+
  signals:
   // Left or right button on an element, or on none (-1).
   void Clique(int element, Qt::MouseButton bouton);
+  // The same, by the place of the page.
+  void Presse(const QPointF& page, Qt::MouseButton bouton);
   // An element was dragged that far, in points.
   void Deplace(int element, const QPointF& points);
 
@@ -50,6 +58,7 @@ class VueDessin : public QAbstractScrollArea {
   void scrollContentsBy(int dx, int dy) override;
 
  private:
+  void Grossir(double facteur, const QPointF& ancre);
   void FixerEchelle(double echelle, const QPointF& ancre);
   void ReglerBarres();
   QPointF Origine() const;
