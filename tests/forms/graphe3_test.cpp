@@ -166,7 +166,7 @@ TEST(Graphe3, SizeWheelAndDrag) {
                       Qt::NoScrollPhase, false);
   QApplication::sendEvent(image.viewport(), &molette);
   EXPECT_NEAR(limites().droite - limites().gauche, (debut.droite - debut.gauche) / 1.25, 1e-6);
-  EXPECT_LE((PlaceDe(forme, {400, 200}) - place).manhattanLength(), 1);
+  EXPECT_LE((PlaceDe(forme, {400, 200}) - place).manhattanLength(), 2);
 
   QTest::mousePress(image.viewport(), Qt::LeftButton, {}, place);
   QTest::mouseMove(image.viewport(), place + QPoint(-40, 25));
