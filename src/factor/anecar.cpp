@@ -146,8 +146,9 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
         100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / 10)));
     if (avance != dernier) contexte.Ecran().progresser(dernier = avance);
   };
+  ImprimerDebutDeFacteur(rapport, k);
   const FacteurCourant courant = ExtraireFacteur(tableau, analyse, suivre);
-  ImprimerFacteur(rapport, analyse.facteurs.back(), k);
+  ImprimerFacteur(rapport, analyse.facteurs.back());
   if (!analyse.facteurs.back().converge) contexte.Ecran().biper();
   if (reglages.edition == EditionAnecar::Triee) ImprimerListes(rapport, k);
   if (plan.decimales > 0) ImprimerEcartsRestants(rapport, tableau, plan.colonnes, analyse.ecarts, plan.decimales);

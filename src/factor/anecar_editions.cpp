@@ -73,9 +73,12 @@ void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre) {
   rapport.Ligne();
 }
 
-void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur, std::size_t k) {
+void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k) {
   rapport.Ligne();
   rapport.Ligne({"Facteur ", EntierDroit(static_cast<std::int64_t>(k), 3)});
+}
+
+void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
   if (!facteur.converge)
     rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});

@@ -27,8 +27,9 @@ void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAn
 void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse);
 void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre);
 
-// Eigenvalue and share of factor k (from 1), the last of the analysis.
-void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur, std::size_t k);
+// The number of the factor (from 1), before it is looked for, then its eigenvalue and share.
+void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k);
+void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
 
 // The elements of factor k in the order of their signed CPF, those at or above the threshold.
 void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,

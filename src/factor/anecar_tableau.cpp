@@ -67,7 +67,7 @@ PlanAnecar PlanifierTableau(const ParametresMod& parametres, const FichierMod& m
   plan.burt = parametres.burt;
   plan.largeur = parametres.largeur;
   plan.decimales = parametres.decimales;
-  plan.lignes = Taille(parametres.lignes);
+  plan.lignes = Entier64(parametres.lignes);  // below 0 there is no active row
   std::int64_t lignesSup = Taille(parametres.lignesSup);
   std::int64_t colonnes = Taille(parametres.colonnes);
   if (codageLogique) {
