@@ -81,3 +81,14 @@ ligne "ecapem, 1 500 modalités" BURT.BRT "rm -f BURT.PEM BURT.PEL BURT.PRO" \
   "$bin/quelvar-batch" ecapem BURT intitules=courts
 "$bin/quelvar-genere" . BURT700 3000 700 --actives 5
 burt BURT700 "3 500"
+
+# Three factors of those tables; a tree over 10,000 individuals on five factors.
+facteurs() {
+  ligne "anecar, $2" $1.BRT "rm -f $1.AFC $1.FAJ $1.FAI $1.FJ2 $1.FI2 $1.CAH" "$bin/quelvar-batch" anecar $1 "${@:3}"
+}
+facteurs BURT "1 500 modalités" facteurs=3
+facteurs BURT700 "3 500 modalités" facteurs=3
+"$bin/quelvar-genere" . INDIV 10000 20 --actives 5
+"$bin/quelvar-batch" posmod INDIV oublier=oui codeszero=non individus=oui >/dev/null
+facteurs INDIV "10 000 individus" facteurs=5
+facteurs INDIV "10 000 individus, Ward" facteurs=5 cah=ward2 individus=oui

@@ -17,7 +17,7 @@ namespace quelvar {
 namespace {
 
 constexpr double kLointain = 100000;  // from this distance on nothing is a neighbour
-constexpr std::size_t kAvance = 16;   // elements between the announcement of a distance and its use
+constexpr std::size_t kAvance = 16;   // elements between asking the memory for a distance and its use
 constexpr double kAbsent = std::numeric_limits<double>::infinity();
 
 // The distances of the pairs i < j, row by row. A merging walks down two columns, a jump of memory for each element:
@@ -36,8 +36,6 @@ class DemiMatrice {
 
   // To be indexed by j > i only.
   double* Ligne(std::size_t i) { return valeurs_.get() + (i * n_ - i * (i + 1) / 2 - i); }
-  // Asks for a cell that will be wanted soon.
-  void Annoncer(std::size_t i, std::size_t j) { __builtin_prefetch(Ligne(i) + j, 1); }
 
  private:
   struct Liberation {
@@ -75,7 +73,6 @@ class Classification {
   void CalculerDistances(const Matrice& points);
   void ChercherVoisin(std::size_t i);
   void Fusionner(std::size_t a, std::size_t b);
-  void Annoncer(std::size_t rang, std::size_t a, std::size_t b);
   bool ActualiserAvant(std::size_t k, std::size_t a, std::size_t b, double v);
   double NouvelleDistance(std::size_t k, double ka, double kb) const {
     return ((tailles_[k] + ta_) * ka + (tailles_[k] + tb_) * kb - tailles_[k] * ab_) / (tailles_[k] + ta_ + tb_);
@@ -137,14 +134,6 @@ bool Classification::ActualiserAvant(std::size_t k, std::size_t a, std::size_t b
   return false;
 }
 
-// Tells the memory which distances the element of that rank will need.
-void Classification::Annoncer(std::size_t rang, std::size_t a, std::size_t b) {
-  if (rang >= actifs_.size()) return;
-  const std::size_t k = actifs_[rang];
-  if (k < a) distances_.Annoncer(k, a);
-  if (k < b) distances_.Annoncer(k, b);
-}
-
 void Classification::Fusionner(std::size_t a, std::size_t b) {
   double* ligneA = distances_.Ligne(a);
   double* ligneB = distances_.Ligne(b);
@@ -153,7 +142,14 @@ void Classification::Fusionner(std::size_t a, std::size_t b) {
   tb_ = tailles_[b];
   aRevoir_.clear();
   for (std::size_t rang = 0; actifs_[rang] < b; ++rang) {
-    Annoncer(rang + kAvance, a, b);
+    // Asks the memory for what an element further on will need. Not in a function of its own: one that does nothing
+    // else has no effect in the compiler's eyes, and its calls are dropped.
+    if (rang + kAvance < actifs_.size()) {
+      const std::size_t suivant = actifs_[rang + kAvance];
+      const double* ligne = distances_.Ligne(suivant);
+      if (suivant < a) __builtin_prefetch(ligne + a, 1);
+      if (suivant < b) __builtin_prefetch(ligne + b, 1);
+    }
     const std::size_t k = actifs_[rang];
     if (k == a) continue;
     double* ligneK = distances_.Ligne(k);
