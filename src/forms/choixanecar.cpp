@@ -31,10 +31,12 @@ ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, Prepara
   ui_->DispositionEdition->addWidget(siTrie_);
   RelierEditions();
   RelierDetails();
-  connect(ui_->TextBoxNbFact, &QLineEdit::textChanged, this, [this] {
-    const bool assez = FacteursDe(*ui_->TextBoxNbFact) >= kMinimumDeFacteurs;
-    ui_->LibelleMinimum->setText(assez ? QString() : QStringLiteral("Valeur minimum 2"));
-  });
+  QSizePolicy place = ui_->LibelleMinimum->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  ui_->LibelleMinimum->setSizePolicy(place);
+  ui_->LibelleMinimum->hide();
+  connect(ui_->TextBoxNbFact, &QLineEdit::textChanged, this,
+          [this] { ui_->LibelleMinimum->setVisible(FacteursDe(*ui_->TextBoxNbFact) < kMinimumDeFacteurs); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ChoixAnecar::LancerAnalyse);
   ui_->BoutAide->setEnabled(principal.AideExiste(QStringLiteral("mnuAAnecar")));
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAAnecar")); });

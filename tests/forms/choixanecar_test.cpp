@@ -125,12 +125,13 @@ TEST_F(FormeAnecar, LEditionEtendueMontreSesOptionsEtLesPasseAuProgramme) {
   for (const char* nom : kDetails) EXPECT_TRUE(Visible(forme, nom)) << nom;
   EXPECT_FALSE(Visible(forme, "FrWard"));
   Taper(forme, "TextBoxNbFact", "1");
+  EXPECT_TRUE(Visible(forme, "LibelleMinimum"));
   EXPECT_EQ(Bureau::Dans<QLabel>(forme, "LibelleMinimum").text(), "Valeur minimum 2");
   Cliquer(forme, "BoutEnreg");
   EXPECT_TRUE(Rapporte("Le nombre de facteurs a extraire est de  2\n"));
   EXPECT_TRUE(Rapporte("ACT.  QLT!   F=1 COS2  CPF!   F=2 COS2  CPF!\n"));
   Taper(Ouvrir(), "TextBoxNbFact", "2");
-  EXPECT_EQ(Bureau::Dans<QLabel>(*bureau_.Forme<ChoixAnecar>(), "LibelleMinimum").text(), "");
+  EXPECT_FALSE(Visible(*bureau_.Forme<ChoixAnecar>(), "LibelleMinimum"));
 }
 
 TEST_F(FormeAnecar, InversionsClassificationEtCodageLogiqueArriventAuProgramme) {
