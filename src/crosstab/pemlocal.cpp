@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/erreur.h"
+
 namespace quelvar {
 
 namespace {
@@ -27,13 +29,14 @@ double Khi2DeuxParDeux(double total, double a, double b, double n) {
 }  // namespace
 
 AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif) {
+  if (total == 0) throw Erreur(kDivisionParZero);
   AttractionLocale locale;
-  if (total == 0) return locale;
   const double theorique = totalLigne * totalColonne / total;
   locale.ecart = effectif - theorique;
   const double possible = totalLigne < total - totalColonne ? 0 : totalLigne + totalColonne - total;
   const double marge = locale.ecart > 0 ? std::min(totalLigne, totalColonne) - theorique : possible - theorique;
-  if (std::fabs(locale.ecart) > kResidu * std::fabs(total) && marge != 0) {
+  if (std::fabs(locale.ecart) > kResidu * std::fabs(total)) {
+    if (marge == 0) throw Erreur(kDivisionParZero);
     locale.pem = 100 * locale.ecart / marge;
     if (locale.ecart < 0) locale.pem = -locale.pem;
   }

@@ -10,9 +10,9 @@ struct AttractionLocale {
   double khi2 = 0;   // of the 2 x 2 table, Yates's correction when a theoretical count is below 5
 };
 
-// For a cell of `effectif` individuals out of `total`, in a row and a column of the totals given. Where the margins
-// leave no room for a deviation the PEM is 0; where a row or a column takes all or nothing the chi-square is 0.
-// Counts may be fractional: residues of their sums count as 0. Nothing is raised; a total of 0 gives zeros.
+// For a cell of `effectif` individuals out of `total`, in a row and a column of the totals given. Where a row or a
+// column takes all or nothing the chi-square is 0. Counts may be fractional: residues of their sums count as 0.
+// Raises 11 for a total of 0, and for a deviation where the margins leave no room for one, as in a damaged table.
 // The correction is that of F. Yates (Supplement to the Journal of the Royal Statistical Society, 1934).
 AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif);
 

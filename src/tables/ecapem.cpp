@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/datfile.h"
 #include "core/modfile.h"
 #include "core/nombres.h"
 #include "core/posfile.h"
@@ -50,11 +51,15 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
   rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
 }
 
-// Individuals of the survey behind a Burt table, from the size line of .POS.
+// Individuals of the survey behind a Burt table, from the size line of .POS; a count that it leaves unknown is that of
+// the data lines.
 std::int64_t LireIndividus(const TravailEcapem& t) {
   LecteurLignes pos(ExigerFichier(t, ".POS", "*** Arret du programme"));
   pos.LireObligatoire();
-  return LireLigneTaille(pos.LireObligatoire()).individus;
+  const std::int64_t individus = LireLigneTaille(pos.LireObligatoire()).individus;
+  if (individus != 0) return individus;
+  const std::optional<Chemin> donnees = t.contexte.Chercher(".DAT");
+  return donnees ? CompterLignes(*donnees) : 0;
 }
 
 void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {

@@ -31,7 +31,8 @@ struct DemiBurt {
   std::vector<double> cellules;  // row after row, the cells on the right of the diagonal
 };
 
-// One link for each pair of modalities whose PEM and chi-square are positive, out of `individus`. Raises 6 as above.
+// One link for each pair of modalities whose PEM and chi-square are positive, out of `individus`. Raises 6 as above and
+// 11 as PemLocal.
 std::vector<Lien> LiensDuBurt(const DemiBurt& burt, double individus);
 
 // One link of value 100 for each pair of rows, numbered from 1 to `lignes`, that stand together in one of the cliques;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/erreur.h"
+
 namespace quelvar {
 namespace {
 
@@ -28,7 +30,6 @@ TEST(PemLocal, CasTravaillesALaMain) {
       {50, 50, 20, 20, 0, 0, 0},
       {50, 20, 50, 20, 0, 0, 0},
       {50, 0, 20, 0, 0, 0, 0},
-      {0, 0, 0, 0, 0, 0, 0},
   };
   for (const auto& c : cas) {
     SCOPED_TRACE(testing::Message() << c.total << " " << c.ligne << " " << c.colonne << " " << c.effectif);
@@ -37,6 +38,11 @@ TEST(PemLocal, CasTravaillesALaMain) {
     EXPECT_DOUBLE_EQ(locale.pem, c.pem);
     EXPECT_DOUBLE_EQ(locale.khi2, c.khi2);
   }
+}
+
+TEST(PemLocal, RienADiviser) {
+  const double cas[][4] = {{0, 0, 0, 0}, {0, 5, 5, 5}, {50, 0, 20, 3}, {50, 50, 20, 21}, {50, 0, 20, -1}};
+  for (const auto& c : cas) EXPECT_THROW(PemLocal(c[0], c[1], c[2], c[3]), Erreur) << c[0] << ' ' << c[1];
 }
 
 // Rows and columns play the same part, and the bounds hold for every table of 12 individuals.

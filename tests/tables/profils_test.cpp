@@ -83,7 +83,7 @@ TEST(Liaisons, MeilleursGardes) {
 TEST(Liaisons, PairesDuBurt) {
   const DemiBurt burt{{40, 50, 5}, {30, 0, 3}};
   EXPECT_EQ(En(LiensDuBurt(burt, 100)), (std::vector<Attendu>{{1, 2, 50}}));
-  EXPECT_TRUE(LiensDuBurt(burt, 0).empty());
+  EXPECT_THROW(LiensDuBurt(burt, 0), Erreur);
   EXPECT_TRUE(LiensDuBurt({}, 100).empty());
 }
 
