@@ -56,8 +56,9 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
 std::int64_t LireIndividus(const TravailEcapem& t) {
   LecteurLignes pos(ExigerFichier(t, ".POS", "*** Arret du programme"));
   pos.LireObligatoire();
-  const std::int64_t individus = LireLigneTaille(pos.LireObligatoire()).individus;
-  if (individus != 0) return individus;
+  const LigneTaille taille = LireLigneTaille(pos.LireObligatoire());
+  ExigerParentheses(taille, t.contexte.Ecran());
+  if (taille.individus != 0) return taille.individus;
   const std::optional<Chemin> donnees = t.contexte.Chercher(".DAT");
   return donnees ? CompterLignes(*donnees) : 0;
 }
