@@ -53,6 +53,7 @@ void EditTexte::Charger(std::u16string texte, Encodage encodage) {
     FinirChargement();
   } else {
     setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     ChargerSuite(kTete);
     moveCursor(QTextCursor::Start);
   }

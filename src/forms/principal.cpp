@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QTimer>
@@ -103,6 +104,7 @@ void Principal::RelierControles() {
   connect(ui_->TailleCar, &QComboBox::currentTextChanged, this,
           [this](const QString& taille) { ui_->Text1->FixerTaille(taille.toInt()); });
   connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
+  connect(ui_->ComboGen->lineEdit(), &QLineEdit::returnPressed, ui_->CmdGenOui, &QPushButton::click);
   connect(ui_->CmdGenAncien, &QPushButton::clicked, this,
           [this] { ui_->ComboGen->setEditText(VersQt(session_.ancien)); });
   connect(ui_->VerrouLignes, &QCheckBox::toggled, this,

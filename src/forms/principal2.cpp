@@ -1,6 +1,7 @@
 #include "forms/principal2.h"
 
 #include <QDir>
+#include <QShortcut>
 
 #include "forms/texte_qt.h"
 #include "sorts/recodage.h"
@@ -32,9 +33,15 @@ Principal2::Principal2(Principal& principal, Usage usage)
     ListerInitialisations();
     principal_.OuvrirRepertoire(CheminDepuisQt(repertoire));
   });
-  connect(ui_->FileDir, &QListWidget::itemDoubleClicked, this, [this](const QListWidgetItem* ligne) {
+  const auto ouvrir = [this] {
+    const QListWidgetItem* ligne = ui_->FileDir->currentItem();
+    if (ligne == nullptr) return;
     principal_.OuvrirInitialisation(CheminDepuisQt(QDir(ui_->Repertoires->Courant()).filePath(ligne->text())));
-  });
+  };
+  connect(ui_->FileDir, &QListWidget::itemDoubleClicked, this, ouvrir);
+  for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter})
+    connect(new QShortcut(touche, ui_->FileDir, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+            ouvrir);
   if (usage == Usage::Repertoires) MontrerRepertoires();
   else MontrerOptionsTriapl();
   if (usage == Usage::Recodage) MontrerOptionsRecodage();

@@ -92,6 +92,12 @@ TEST(Principal, ChaineDesGeneriquesALaSouris) {
   EXPECT_EQ(bureau.Texte(), "Pas de nom : recommencer\n");
   EXPECT_EQ(combo.currentText(), "");
   EXPECT_EQ(bureau.Lire("qvr2.ini"), "ENQ\r\n 1 \r\n");
+  combo.setFocus();
+  QTest::keyClicks(&combo, "AUTRE");
+  QTest::keyClick(&combo, Qt::Key_Return);
+  EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "AUTRE");
+  Cliquer(bureau, "CmdGenAncien");
+  Cliquer(bureau, "CmdGenOui");
   Cliquer(bureau, "CmdGenNon");
   EXPECT_EQ(bureau.Texte(), "");
   Cliquer(bureau, "BoutNouv");

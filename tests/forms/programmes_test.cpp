@@ -1,7 +1,9 @@
 // The forms of the first job: first use, import, flat sort, choice of the directory.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -71,8 +73,13 @@ TEST(Prem, DesDonneesExistantesAuTriAPlat) {
   ASSERT_NE(prem, nullptr);
   EXPECT_FALSE(Bureau::Dans<QPushButton>(*prem, "BnomDir").isEnabled());
   Clic<QRadioButton>(*prem, "BdatOui");
+  prem->activateWindow();
+  QApplication::processEvents();
+  QTest::keyClick(prem, Qt::Key_S, Qt::AltModifier);
+  EXPECT_TRUE(Bureau::Dans<QListWidget>(*prem, "Dir1").hasFocus()) << "the letter of its label";
   DoubleClic(Bureau::Dans<QListWidget>(*prem, "Dir1"), "donnees");
   Clic<QPushButton>(*prem, "BnomDir");
+  EXPECT_GE(prem->height(), prem->layout()->totalHeightForWidth(prem->width())) << "nothing is squeezed";
   EXPECT_EQ(Bureau::Dans<QLabel>(*prem, "LabelDir").text(),
             "Vos données seront désormais dans le répertoire " + QString::fromStdString(bureau.Dossier().string()) +
                 "\nVous pouvez passer aux traitement de vos données déjà existantes\n"
