@@ -10,7 +10,8 @@ namespace quelvar {
 namespace {
 
 constexpr double kTheoriqueYates = 5;
-constexpr double kResidu = 1e-12;  // share of the total below which a difference of sums is rounding
+constexpr double kResidu = 1e-12;    // share of the total below which a remainder of it is rounding
+constexpr double kEcartNul = 3e-14;  // share of the theoretical count below which a deviation is rounding
 
 // The four counts of the table: cell, rest of its column, rest of its row, all others.
 double Khi2DeuxParDeux(double total, double a, double b, double n) {
@@ -35,7 +36,7 @@ AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, 
   locale.ecart = effectif - theorique;
   const double possible = totalLigne < total - totalColonne ? 0 : totalLigne + totalColonne - total;
   const double marge = locale.ecart > 0 ? std::min(totalLigne, totalColonne) - theorique : possible - theorique;
-  if (std::fabs(locale.ecart) > kResidu * std::fabs(total)) {
+  if (std::fabs(locale.ecart) > kEcartNul * std::fabs(theorique)) {
     if (marge == 0) throw Erreur(kDivisionParZero);
     locale.pem = 100 * locale.ecart / marge;
     if (locale.ecart < 0) locale.pem = -locale.pem;

@@ -61,6 +61,17 @@ TEST(PemLocal, SymetriqueEtBorne) {
       }
 }
 
+// One individual apart from a million others is a whole deviation, however small beside the total.
+TEST(PemLocal, GrandesEnquetes) {
+  for (const double total : {1e5, 1e6, 4e6}) {
+    EXPECT_NEAR(PemLocal(total, 1, total - 1, 1).pem, 100, 0.01) << total;
+    EXPECT_NEAR(PemLocal(total, 1, total - 1, 0).pem, -100, 0.01) << total;
+    EXPECT_NEAR(PemLocal(total, total - 1, total - 1, total - 1).pem, 100, 0.01) << total;
+    EXPECT_NEAR(PemLocal(total, total - 1, total - 1, total - 2).pem, -100, 0.2) << total;
+    EXPECT_EQ(PemLocal(total, total, total - 3, total - 3).pem, 0) << total;
+  }
+}
+
 // A weighting leaves residues where whole counts would give exactly nothing.
 TEST(PemLocal, ResidusDePonderation) {
   const double total = 0.1 + 0.2 + 0.3;
