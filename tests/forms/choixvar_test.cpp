@@ -237,13 +237,17 @@ TEST(Graphe2, EnregistreSousSonNom) {
   Graphe2& forme = bureau.Graphe();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&forme));
   Pilote pilote;
-  QWidget* parent = nullptr;
-  pilote.Faire([&](QDialog& boite) {
-    parent = boite.parentWidget();
+  const auto accepterSurLaForme = [&](QDialog& boite) {
+    EXPECT_EQ(boite.parentWidget(), &forme);  // the box leaves the picture in front
     boite.accept();
-  });
+  };
+  pilote.Choisir(QString::fromStdString((bureau.Dossier() / "figure.svg").string()));
+  pilote.Faire(accepterSurLaForme);
+  Cliquer(forme, "BoutonEnregSous");
+  EXPECT_EQ(forme.windowTitle(), "figure.svg");
+  EXPECT_TRUE(bureau.Lire("figure.svg").starts_with("<?xml"));
+  pilote.Faire(accepterSurLaForme);
   Cliquer(forme, "BoutonEnreg");
-  EXPECT_EQ(parent, &forme);  // the box leaves the picture in front
   EXPECT_EQ(pilote.Vues().last(), "Graphique enregistré sous le nom : ENQTab.bmp");
   EXPECT_EQ(forme.windowTitle(), "ENQTab.bmp");
   const QImage image(QString::fromStdString((bureau.Dossier() / "ENQTab.bmp").string()));
