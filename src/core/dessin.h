@@ -52,6 +52,8 @@ struct Plume {
   double epaisseur = 0.75;  // points
   StyleTrait style = StyleTrait::Plein;
   double teinte = 1;
+
+  friend bool operator==(const Plume&, const Plume&) = default;
 };
 
 // What fills a shape; a tint of 0 fills nothing and lets through what lies behind.

@@ -2,13 +2,18 @@
 
 #include <QBuffer>
 #include <QFileInfo>
+#include <QHash>
 #include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSaveFile>
+#include <QStaticText>
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
 
 #include "core/dessin_svg.h"
 #include "forms/texte_qt.h"
@@ -20,6 +25,7 @@ namespace {
 constexpr double kPointsParPouce = 72;
 constexpr int kCorpsDeReference = 48;  // glyphs are made at this size and scaled, so that fractions of a point count
 constexpr double kPixelsMaximum = 60e6;
+constexpr std::size_t kSegmentsLisses = 4000;
 
 QColor TonDe(Couleur couleur, double teinte) {
   const Rvb rvb = RvbDe(couleur, teinte);
@@ -45,25 +51,54 @@ QPolygonF Sommets(const Dessin& dessin, const Forme& forme) {
   return sommets;
 }
 
+// The font of a text at the size of reference. It is made once for each look: to find the fonts of a family takes
+// longer than to write a label.
+const QFont& FonteDe(const Police& police) {
+  static const auto faire = [](bool gras, bool italique) {
+    QFont fonte;
+    fonte.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial"), QStringLiteral("Helvetica")});
+    fonte.setStyleHint(QFont::SansSerif);
+    fonte.setPixelSize(kCorpsDeReference);
+    fonte.setBold(gras);
+    fonte.setItalic(italique);
+    fonte.setHintingPreference(QFont::PreferNoHinting);
+    return fonte;
+  };
+  static const std::array fontes = {faire(false, false), faire(true, false), faire(false, true), faire(true, true)};
+  return fontes[(police.gras ? 1U : 0U) + (police.italique ? 2U : 0U)];
+}
+
+// Labels with their glyphs laid out, kept from one picture to the next: a plane is drawn anew at each turn of the
+// wheel.
+const QStaticText& TexteDispose(const Forme& forme, const QFont& fonte) {
+  constexpr qsizetype gardes = 20000;
+  static QHash<QByteArray, QStaticText> textes;
+  QByteArray cle(forme.texte.data(), static_cast<qsizetype>(forme.texte.size()));
+  cle.append(forme.police.gras ? 'g' : '-').append(forme.police.italique ? 'i' : '-');
+  const auto trouve = textes.constFind(cle);
+  if (trouve != textes.constEnd()) return *trouve;
+  if (textes.size() >= gardes) textes.clear();
+  QStaticText texte(VersQt(forme.texte));
+  texte.setTextFormat(Qt::PlainText);
+  texte.setPerformanceHint(QStaticText::AggressiveCaching);
+  texte.prepare({}, fonte);
+  return *textes.insert(cle, texte);
+}
+
 void PeindreTexte(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
   const Police& police = forme.police;
-  QFont fonte;
-  fonte.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial"), QStringLiteral("Helvetica")});
-  fonte.setStyleHint(QFont::SansSerif);
-  fonte.setPixelSize(kCorpsDeReference);
-  fonte.setBold(police.gras);
-  fonte.setItalic(police.italique);
-  fonte.setHintingPreference(QFont::PreferNoHinting);
-  const QString texte = VersQt(forme.texte);
-  const double largeur = police.ancre == Ancre::Debut ? 0 : QFontMetricsF(fonte).horizontalAdvance(texte);
+  const QFont& fonte = FonteDe(police);
+  const QStaticText& texte = TexteDispose(forme, fonte);
+  const double largeur = texte.size().width();
+  const double retrait = police.ancre == Ancre::Debut ? 0 : police.ancre == Ancre::Milieu ? largeur / 2 : largeur;
   const Position place = dessin.SurPage(forme);
-  peintre.save();
+  const QTransform avant = peintre.transform();
   peintre.translate(place.x, place.y + DescenteDeLaBase(police));
   peintre.scale(police.corps / kCorpsDeReference, police.corps / kCorpsDeReference);
   peintre.setFont(fonte);
   peintre.setPen(TonDe(police.couleur, 1));
-  peintre.drawText(QPointF(police.ancre == Ancre::Milieu ? -largeur / 2 : -largeur, 0), texte);
-  peintre.restore();
+  peintre.drawStaticText(QPointF(-retrait, -QFontMetricsF(fonte).ascent()), texte);
+  peintre.setTransform(avant);
 }
 
 void PeindreForme(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
@@ -82,6 +117,60 @@ void PeindreForme(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
     peintre.drawPolyline(Sommets(dessin, forme));
   }
 }
+
+// Paints the marks one after the other. Segments of one pen that follow one another go to the painter together.
+class Peinture {
+ public:
+  Peinture(QPainter& peintre, const Dessin& dessin) : peintre_(peintre), dessin_(dessin) {}
+  ~Peinture() {
+    Vider();
+    Couper({});
+  }
+  Peinture(const Peinture&) = delete;
+  Peinture& operator=(const Peinture&) = delete;
+
+  void Ajouter(const Forme& forme) {
+    const bool segment = forme.genre == GenreForme::Ligne && forme.nombre == 2;
+    if (!segment || !(forme.plume == plume_)) Vider();
+    Couper(dessin_.Coupe(forme));
+    if (!segment) {
+      PeindreForme(peintre_, dessin_, forme);
+      return;
+    }
+    plume_ = forme.plume;
+    const Position a = dessin_.SurPage(forme, 0);
+    const Position b = dessin_.SurPage(forme, 1);
+    segments_.emplace_back(a.x, a.y, b.x, b.y);
+  }
+
+ private:
+  void Vider() {
+    if (segments_.empty()) return;
+    // On the screen that many lines are a texture: their edges take most of the time and are not seen.
+    const bool lisses = peintre_.testRenderHint(QPainter::Antialiasing);
+    const bool brutes = segments_.size() > kSegmentsLisses && peintre_.device()->devType() == QInternal::Widget;
+    peintre_.setRenderHint(QPainter::Antialiasing, lisses && !brutes);
+    peintre_.setPen(PlumeQt(plume_));
+    peintre_.drawLines(segments_.data(), static_cast<int>(segments_.size()));
+    peintre_.setRenderHint(QPainter::Antialiasing, lisses);
+    segments_.clear();
+  }
+  void Couper(const std::optional<Zone>& voulue) {
+    if ((voulue ? &*voulue : nullptr) == coupe_) return;
+    Vider();
+    if (coupe_ != nullptr) peintre_.restore();
+    coupe_ = voulue ? &*voulue : nullptr;
+    if (coupe_ == nullptr) return;
+    peintre_.save();
+    peintre_.setClipRect(QRectF(coupe_->x, coupe_->y, coupe_->largeur, coupe_->hauteur), Qt::IntersectClip);
+  }
+
+  QPainter& peintre_;
+  const Dessin& dessin_;
+  const Zone* coupe_ = nullptr;
+  Plume plume_;
+  std::vector<QLineF> segments_;
+};
 
 Zone PageDe(const Dessin& dessin) { return {0, 0, dessin.Largeur(), dessin.Hauteur()}; }
 
@@ -117,26 +206,15 @@ bool EcrirePdfDessin(QIODevice& sortie, const Dessin& dessin) {
 }  // namespace
 
 void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone) {
-  const Zone* coupe = nullptr;
-  const auto couper = [&](const std::optional<Zone>& voulue) {
-    if ((voulue ? &*voulue : nullptr) == coupe) return;
-    if (coupe != nullptr) peintre.restore();
-    coupe = voulue ? &*voulue : nullptr;
-    if (coupe == nullptr) return;
-    peintre.save();
-    peintre.setClipRect(QRectF(coupe->x, coupe->y, coupe->largeur, coupe->hauteur), Qt::IntersectClip);
-  };
+  Peinture peinture(peintre, dessin);
   for (const Forme& forme : dessin.Formes()) {
     if (!dessin.Visible(forme)) continue;
     // A text may be a little wider in the font at hand than in the metrics of the picture.
     constexpr double marge = 12;
     Zone etendue = dessin.Etendue(forme);
     etendue = {etendue.x - marge, etendue.y - marge, etendue.largeur + 2 * marge, etendue.hauteur + 2 * marge};
-    if (!etendue.Touche(zone)) continue;
-    couper(dessin.Coupe(forme));
-    PeindreForme(peintre, dessin, forme);
+    if (etendue.Touche(zone)) peinture.Ajouter(forme);
   }
-  couper({});
 }
 
 bool EnregistrerDessin(const QString& fichier, const Dessin& dessin, int resolution) {
