@@ -10,8 +10,6 @@
 #include <new>
 #include <numeric>
 
-#include "core/erreur.h"
-
 namespace quelvar {
 
 namespace {
@@ -175,7 +173,7 @@ std::vector<EtapeWard> Classification::Agreger(const std::function<void(std::int
   std::iota(items.begin(), items.end(), 1);
   for (std::int32_t s = 1; actifs_.size() > 1; ++s) {
     const std::size_t i = PremierMinimum(proches_.data(), n_ - 1, kLointain);
-    if (i == n_ - 1) throw Erreur(kIndiceHorsSelection);
+    if (i == n_ - 1) break;
     const std::size_t a = i;
     const std::size_t b = voisins_[i];
     const double critere = methode_ == MethodeWard::Carres ? std::sqrt(proches_[i]) : proches_[i];

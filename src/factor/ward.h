@@ -28,9 +28,9 @@ struct EtapeWard {
   double critere = 0;  // in units of distance
 };
 
-// The n - 1 steps of the tree over the points (factors x elements, one row a factor). `suivre` is told the number of
-// steps done. Raises 9 when two points or classes are 100000 or more apart, which no scan takes, and std::bad_alloc
-// when the n (n - 1) / 2 distances do not fit the memory.
+// The n - 1 steps of the tree over the points (factors x elements, one row a factor); fewer when what is left is 100000
+// or more apart, which no scan takes. `suivre` is told the number of steps done. Raises std::bad_alloc when the
+// n (n - 1) / 2 distances do not fit the memory.
 std::vector<EtapeWard> ClasserPoints(const Matrice& points, MethodeWard methode,
                                      const std::function<void(std::int64_t)>& suivre);
 

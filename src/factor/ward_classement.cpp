@@ -88,6 +88,10 @@ void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteur
   const auto elements = static_cast<std::int64_t>(population.libelles.size());
   contexte.Ecran().montrerProgression(std::max<std::int64_t>(elements - 1, 1));
   const std::vector<EtapeWard> etapes = ClasserPoints(population.points, options.methode, contexte.Ecran().progresser);
+  if (static_cast<std::int64_t>(etapes.size()) < elements - 1) {
+    Avertir(rapport, contexte.Ecran(), "*** Arret du programme : des éléments sont trop éloignés pour être classés"_w);
+    throw Erreur(kArretAnnonce);
+  }
 
   Remplacement cah(contexte.repertoire, contexte.Nom(".CAH"));
   EcrireArbre(cah.Fichier(), etapes, options.individus);

@@ -17,8 +17,8 @@ struct OptionsWard {
 };
 
 // Classifies on that many factors and appends to the report. With `derniers` only that many lines at the end of the
-// file are taken, the individuals behind the modalities of a Burt table. Raises 9 as ClasserPoints, 53 without the
-// coordinate file.
+// file are taken, the individuals behind the modalities of a Burt table. Elements too far apart stop the run with a
+// line. Raises 53 without the coordinate file.
 void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteurs, const OptionsWard& options,
                  std::optional<std::size_t> derniers);
 

@@ -216,5 +216,16 @@ TEST(LignesSupplementairesAnecar, BlocksComeBackInOrderWithTheirChanges) {
   EXPECT_FALSE(std::filesystem::exists(chemin));
 }
 
+// The two columns are at root(200000) on the only factor: the square of their distance is beyond every scan.
+TEST_F(RunAnecar, ElementsTooFarApartAreNotClassified) {
+  Table("T\n LIGN=2 FMT=7\nC1\nC2\n", "L1   200000      0\nL2        0      1\n");
+  OptionsAnecar options;
+  options.classification.emplace();
+  EXPECT_EQ(Anecar(contexte_, options), Fin::Normale) << montre_;
+  options.classification->methode = MethodeWard::Carres;
+  EXPECT_EQ(Anecar(contexte_, options), Fin::Arret);
+  EXPECT_NE(montre_.find("trop éloignés pour être classés"_w), std::string::npos) << montre_;
+}
+
 }  // namespace
 }  // namespace quelvar

@@ -153,8 +153,8 @@ TEST(Ward, SmallAndDistantPopulations) {
   EXPECT_TRUE(ClasserPoints(Matrice(2, 0), MethodeWard::Carres, kSansSuivi).empty());
   EXPECT_TRUE(ClasserPoints(Matrice(2, 1), MethodeWard::Carres, kSansSuivi).empty());
   EXPECT_EQ(ClasserPoints(Matrice(2, 3), MethodeWard::Carres, kSansSuivi)[1].critere, 0);
-  const Matrice loin = essai::MatriceDe({{0, 100000}});
-  EXPECT_EQ(essai::NumeroLeve([&] { ClasserPoints(loin, MethodeWard::Distances, kSansSuivi); }), kIndiceHorsSelection);
+  const Matrice loin = essai::MatriceDe({{0, 100000, 1}});
+  EXPECT_EQ(ClasserPoints(loin, MethodeWard::Distances, kSansSuivi).size(), 1u) << "what is left is too far apart";
 }
 
 TEST(Ward, ALevelKeepsTheStepsThatNoneHasTakenOver) {
