@@ -244,10 +244,17 @@ void PrepRecod::reject() {
   QDialog::reject();
 }
 
+bool PrepRecod::EstSur(const Contexte& contexte) const {
+  return contexte.repertoire == contexte_.repertoire && contexte.generique == contexte_.generique;
+}
+
 void OuvrirPrepRecod(Principal& principal) {
-  if (principal.Ouverte<PrepRecod>() != nullptr) {
-    principal.Montrer<PrepRecod>(EtatPrepRecod());
-    return;
+  if (auto* ouverte = principal.Ouverte<PrepRecod>()) {
+    if (!ouverte->EstSur(principal.ContexteEnCours())) ouverte->reject();  // asks when there is something to lose
+    if (ouverte->isVisible()) {
+      principal.Montrer<PrepRecod>(EtatPrepRecod());
+      return;
+    }
   }
   std::optional<EtatPrepRecod> etat;
   principal.Lancer([&](const Contexte& contexte) { etat = PreparerRecodage(contexte); });

@@ -20,6 +20,8 @@ class PrepRecod : public QDialog {
   PrepRecod(Principal& principal, EtatPrepRecod etat);
   ~PrepRecod() override;
 
+  // Whether the form was opened on that generic.
+  bool EstSur(const Contexte& contexte) const;
   void reject() override;
 
  protected:

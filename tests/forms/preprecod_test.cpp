@@ -122,9 +122,17 @@ TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
   Cliquer(forme, "BoutEnCours");
   bureau_.Ecrire("AUTRE.POS", "AUTRE\r\n 1 \r\nREV   1 9\r\n");
   bureau_.Fenetre().AccepterGenerique("AUTRE");
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  bureau_.Menu("mnuPrepRecod");
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), &forme) << "what is not saved is not given up for the other generic";
   Cliquer(forme, "BoutEnreg");
   EXPECT_EQ(bureau_.Lire("AUTRE.POS"), "AUTRE\r\n 1 \r\nREV   1 9\r\n");
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("AGE   212 s$Age$"));
+
+  Ouvrir();
+  bureau_.Fenetre().AccepterGenerique("ENQ");
+  EXPECT_EQ(Bureau::Dans<QListWidget>(Ouvrir(), "ListPos").count(), 3) << "opened anew on the present generic";
 }
 
 TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
