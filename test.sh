@@ -40,14 +40,17 @@ suite() {
   reussis=$((reussis + ${bilan##* } - ${bilan%% *}))
 }
 
-# The commands of the README on the example survey, as run.sh shows them.
+# The commands of the README on the example survey, as run.sh shows them; its picture is the one that they draw.
 chaine() (
   copie=$(mktemp -d) && trap 'rm -rf "$copie"' EXIT
-  cp -r examples/loisirs/. "$copie" && PATH="$PWD/build/release/bin:$PATH" && cd "$copie" && sh -e chaine.sh
+  racine=$PWD
+  cp -r examples/loisirs/. "$copie" && PATH="$racine/build/release/bin:$PATH" && cd "$copie" && sh -e chaine.sh &&
+    cmp plan.svg "$racine/docs/images/plan.svg"
 )
 
 tout() {
-  etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_FORMES[@]}" "${PAQUETS_ESSAIS[@]}"
+  etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_EXEMPLE[@]}" "${PAQUETS_FORMES[@]}" \
+    "${PAQUETS_ESSAIS[@]}"
   installer "${PAQUETS_FACULTATIFS[@]}" || true
   etape "paquets de clang" installer_runtime_clang
   etape "mise en page des sources" tools/format.sh --verifier

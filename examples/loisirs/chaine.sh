@@ -10,3 +10,11 @@ quelvar-batch ecapem LOISIRS
 quelvar-batch preprecod LOISIRS regle=AGE=1-2=1/3-5=2/6-8=3 filtre=excl:PRO=0 vit=CUL=LEC=1,MUS=1,CIN=1,SPE=1,EXP=1,INS=1
 quelvar-batch recodage LOISIRS enfin=oui toutes=non
 quelvar-batch triapl LOISIRT nonreponses=exclues
+# Les facteurs des pratiques, sexe, âge et profession placés sur leur plan : plan.svg, et la même image en PNG.
+quelvar-batch anecar LOISIRS
+quelvar-batch graphe LOISIRS fichier=plan.svg pointexact=oui longs=oui
+if command -v rsvg-convert >/dev/null; then
+  rsvg-convert --dpi-x 150 --dpi-y 150 plan.svg --output plan.png
+else
+  echo "plan.png n'est pas écrit : il y faut rsvg-convert (paquet librsvg2-bin)" >&2
+fi

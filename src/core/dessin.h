@@ -73,6 +73,7 @@ struct Police {
   Couleur couleur = Couleur::Noir;
   Ancre ancre = Ancre::Debut;
   Niveau niveau = Niveau::Base;
+  double halo = 0;  // points: a white rim around the letters, which sets them off from what lies behind
 };
 
 enum class GenreForme : std::uint8_t { Ligne, Polygone, Cercle, Texte };

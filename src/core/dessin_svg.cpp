@@ -79,6 +79,9 @@ std::string TexteEcrit(const Dessin& dessin, const Forme& forme, const std::stri
                        Attribut("font-size", Cote(police.corps)) + Attribut("fill", Teinte(police.couleur, 1));
   if (police.gras) balise += Attribut("font-weight", "bold");
   if (police.italique) balise += Attribut("font-style", "italic");
+  if (police.halo > 0)
+    balise += Attribut("stroke", "#ffffff") + Attribut("stroke-width", Cote(2 * police.halo)) +
+              Attribut("stroke-linejoin", "round") + Attribut("paint-order", "stroke");
   if (police.ancre != Ancre::Debut) balise += Attribut("text-anchor", police.ancre == Ancre::Milieu ? "middle" : "end");
   return balise + ">" + Proteger(forme.texte) + "</text>\n";
 }

@@ -28,6 +28,8 @@ constexpr double kGraduation = 3;
 constexpr double kRayonDuPoint = 1.7;
 constexpr double kEcartDuPoint = 3.6;  // from a mark to its label
 constexpr double kGraduationsVoulues = 9;
+constexpr double kHalo = 0.9;                  // of labels over lines
+constexpr std::size_t kEtiquettesAHalo = 200;  // beyond, the rims of labels would hide their neighbours
 
 constexpr Police kPoliceTitre{.corps = 11, .gras = true};
 constexpr Police kPoliceAxe{.corps = 8.5};
@@ -87,6 +89,7 @@ class TraceDuPlan {
   Dessin dessin_;
   Zone cadre_;  // the box, on the page
   double cpfMaximum_ = 1;
+  double halo_ = 0;
   std::size_t liens_ = 0;
 };
 
@@ -110,8 +113,14 @@ TraceDuPlan::TraceDuPlan(const EtatPlan& etat)
   const Position coin = dessin_.VersPage({f.gauche - x, f.haut + y});
   const Position oppose = dessin_.VersPage({f.droite + x, f.bas - y});
   cadre_ = {coin.x, coin.y, oppose.x - coin.x, oppose.y - coin.y};
-  for (std::size_t i = 0; i < donnees_.points.size(); ++i)
-    if (EstMontre(etat_, i)) cpfMaximum_ = std::max(cpfMaximum_, CpfDuPoint(etat_, i));
+  std::size_t montres = 0;
+  for (std::size_t i = 0; i < donnees_.points.size(); ++i) {
+    if (!EstMontre(etat_, i)) continue;
+    ++montres;
+    cpfMaximum_ = std::max(cpfMaximum_, CpfDuPoint(etat_, i));
+  }
+  const bool traits = reglages_.liens.actif || reglages_.cah.actif || !etat_.ellipses.empty();
+  if (traits && montres <= kEtiquettesAHalo) halo_ = kHalo;
 }
 
 void TraceDuPlan::Calquer(std::string_view nom) {
@@ -214,8 +223,9 @@ void TraceDuPlan::Element(std::size_t i, Couleur couleur) {
   if (reglages_.pointExact)
     dessin_.Cercle(place, kRayonDuPoint * corps / CorpsDe(TailleTexte::Moyenne),
                    {point.supplementaire ? Couleur::Blanc : couleur, 1}, {couleur, 0.7});
-  Etiquette(place, TexteDuPoint(reglages_, point),
-            {.corps = corps, .gras = reglages_.gras, .italique = point.supplementaire, .couleur = couleur});
+  Etiquette(
+      place, TexteDuPoint(reglages_, point),
+      {.corps = corps, .gras = reglages_.gras, .italique = point.supplementaire, .couleur = couleur, .halo = halo_});
   dessin_.Designer(-1);
 }
 
@@ -240,14 +250,18 @@ void TraceDuPlan::Liens() {
     ++liens_;
     if (reglages_.liens.values)
       dessin_.Texte({(de.x + vers.x) / 2, (de.y + vers.y) / 2}, Rogner(NombreFixe(lien.valeur, 3, 1)),
-                    {.corps = 6, .couleur = Couleur::RougeFonce, .ancre = Ancre::Milieu, .niveau = Niveau::Centre});
+                    {.corps = 6,
+                     .couleur = Couleur::RougeFonce,
+                     .ancre = Ancre::Milieu,
+                     .niveau = Niveau::Centre,
+                     .halo = halo_});
   }
   Calquer("points");
   for (std::size_t i = 0; i < montres.size(); ++i)
     if (montres[i] && liens.atteints[i]) Element(i, CouleurDe(i));
   if (!liens.complet) return;
   dessin_.Texte(dessin_.VersUtilisateur({cadre_.x + cadre_.largeur - 6, cadre_.y + 12}), kArbreComplet,
-                {.corps = 8.5, .couleur = Couleur::Rouge, .ancre = Ancre::Fin});
+                {.corps = 8.5, .couleur = Couleur::Rouge, .ancre = Ancre::Fin, .halo = halo_});
 }
 
 // Each step joins the points of its two items and keeps the one between them, whatever the sizes.
@@ -313,7 +327,7 @@ void TraceDuPlan::Ellipses() {
   if (etat_.ellipses.empty() || reglages_.horizontal.cpf || reglages_.vertical.cpf) return;
   Calquer("ellipses");
   TracerEllipses(dessin_, etat_.ellipses, reglages_.intitulesLongs,
-                 {.corps = CorpsDe(reglages_.taille), .gras = reglages_.gras});
+                 {.corps = CorpsDe(reglages_.taille), .gras = reglages_.gras, .halo = halo_});
 }
 
 void TraceDuPlan::Titre() {

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QImage>
 #include <QPageSize>
+#include <QPainterPath>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -97,6 +98,12 @@ void PeindreTexte(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
   peintre.scale(police.corps / kCorpsDeReference, police.corps / kCorpsDeReference);
   peintre.setFont(fonte);
   peintre.setPen(TonDe(police.couleur, 1));
+  if (police.halo > 0) {
+    QPainterPath lettres;
+    lettres.addText(QPointF(-retrait, 0), fonte, texte.text());
+    const double largeurDuHalo = 2 * police.halo * kCorpsDeReference / police.corps;
+    peintre.strokePath(lettres, QPen(Qt::white, largeurDuHalo, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  }
   peintre.drawStaticText(QPointF(-retrait, -QFontMetricsF(fonte).ascent()), texte);
   peintre.setTransform(avant);
 }
