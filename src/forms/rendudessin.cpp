@@ -65,7 +65,8 @@ const QFont& FonteDe(const Police& police) {
     fonte.setHintingPreference(QFont::PreferNoHinting);
     return fonte;
   };
-  static const std::array fontes = {faire(false, false), faire(true, false), faire(false, true), faire(true, true)};
+  static const auto& fontes =
+      *new std::array{faire(false, false), faire(true, false), faire(false, true), faire(true, true)};
   return fontes[(police.gras ? 1U : 0U) + (police.italique ? 2U : 0U)];
 }
 
@@ -73,7 +74,7 @@ const QFont& FonteDe(const Police& police) {
 // wheel.
 const QStaticText& TexteDispose(const Forme& forme, const QFont& fonte) {
   constexpr qsizetype gardes = 20000;
-  static QHash<QByteArray, QStaticText> textes;
+  static auto& textes = *new QHash<QByteArray, QStaticText>;  // never freed: the fonts are gone before statics are
   QByteArray cle(forme.texte.data(), static_cast<qsizetype>(forme.texte.size()));
   cle.append(forme.police.gras ? 'g' : '-').append(forme.police.italique ? 'i' : '-');
   const auto trouve = textes.constFind(cle);

@@ -59,6 +59,7 @@ class VueDessin : public QAbstractScrollArea {
 
  private:
   void Grossir(double facteur, const QPointF& ancre);
+  void Pousser(const QPointF& sens, QKeyEvent* evenement);
   void FixerEchelle(double echelle, const QPointF& ancre);
   void ReglerBarres();
   QPointF Origine() const;

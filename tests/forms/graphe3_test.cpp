@@ -173,6 +173,15 @@ TEST(Graphe3, SizeWheelAndDrag) {
   QTest::mouseRelease(image.viewport(), Qt::LeftButton, {}, place + QPoint(-40, 25));
   EXPECT_LE((PlaceDe(forme, {400, 200}) - (place + QPoint(-40, 25))).manhattanLength(), 2);
 
+  const double gauche = limites().gauche;
+  QTest::keyClick(&image, Qt::Key_Right);  // the plane goes to the right, by a tenth of the view
+  EXPECT_LT(limites().gauche, gauche);
+  QTest::keyClick(&image, Qt::Key_Left);
+  EXPECT_NEAR(limites().gauche, gauche, 1e-6);
+  const double etendue = limites().droite - limites().gauche;
+  QTest::keyClick(&image, Qt::Key_Plus);
+  EXPECT_NEAR(limites().droite - limites().gauche, etendue / 1.25, 1e-6);
+
   Cliquer(forme, "CheckTaille");
   EXPECT_NEAR(image.Echelle(), image.logicalDpiX() / 72.0, 1e-9);
   Cliquer(forme, "CheckTaille");
