@@ -13,6 +13,7 @@ namespace quelvar {
 ChoixPosmod::ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare prepare)
     : QDialog(&principal),
       principal_(principal),
+      contexte_(principal.ContexteEnCours()),
       mode_(mode),
       prepare_(std::move(prepare)),
       ui_(std::make_unique<Ui::ChoixPosmod>()) {
@@ -135,8 +136,9 @@ void ChoixPosmod::LancerPosmod() {
     return;
   }
   Principal& principal = principal_;
+  const Contexte contexte = contexte_;
   accept();  // a long report closes every form: this one is gone by then
-  principal.Lancer([&](const Contexte& contexte) { Posmod(contexte, options); });
+  principal.Lancer([&](const Contexte&) { Posmod(contexte, options); });
 }
 
 namespace {

@@ -33,6 +33,7 @@ class ChoixPosmod : public QDialog {
   void LancerPosmod();
 
   Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
   ModePosmod mode_;
   ChoixPrepare prepare_;
   std::unique_ptr<Ui::ChoixPosmod> ui_;

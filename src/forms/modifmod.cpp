@@ -13,7 +13,8 @@ namespace quelvar {
 ModifMod::ModifMod(Principal& principal)
     : QDialog(&principal),
       principal_(principal),
-      etat_(ChargerModifMod(principal.ContexteEnCours())),
+      contexte_(principal.ContexteEnCours()),
+      etat_(ChargerModifMod(contexte_)),
       ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
@@ -69,7 +70,7 @@ void ModifMod::MontrerStatut(int ligne) {
 void ModifMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte& contexte) { fin = EnregistrerModifMod(contexte, etat_.textes); });
+  principal_.Lancer([&](const Contexte&) { fin = EnregistrerModifMod(contexte_, etat_.textes); });
   if (fin == Fin::Normale) accept();
 }
 

@@ -27,6 +27,7 @@ class ModifMod : public QDialog {
   void Enregistrer();
 
   Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
   EtatModifMod etat_;
   std::unique_ptr<Ui::ModifMod> ui_;
   EditionListe* edition_ = nullptr;

@@ -11,7 +11,11 @@
 namespace quelvar {
 
 NomeMod::NomeMod(Principal& principal, ChoixPrepare prepare)
-    : QDialog(&principal), principal_(principal), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::NomeMod>()) {
+    : QDialog(&principal),
+      principal_(principal),
+      contexte_(principal.ContexteEnCours()),
+      prepare_(std::move(prepare)),
+      ui_(std::make_unique<Ui::NomeMod>()) {
   ui_->setupUi(this);
   ui_->BoutModif->setVisible(principal.SessionEnCours().niveau == 2);
   RelierChoix();
@@ -75,16 +79,16 @@ void NomeMod::LancerCreation() {
   }
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte& contexte) { fin = Posmod(contexte, options); });
+  principal_.Lancer([&](const Contexte&) { fin = Posmod(contexte_, options); });
   if (fin == Fin::Arret) return;
-  const EtatNomeMod creees = LireModalitesCreees(principal_.ContexteEnCours());
+  const EtatNomeMod creees = LireModalitesCreees(contexte_);
   modalites_.insert(modalites_.end(), creees.modalites.begin(), creees.modalites.end());
   MontrerModalites();
   ui_->TextMsg->setPlainText(creees.message.empty() ? VersQt(GuideDeLaCreation()) : EnUnTexte(creees.message));
 }
 
 void NomeMod::OuvrirModification() {
-  EtatNomeMod toutes = LireToutesModalites(principal_.ContexteEnCours());
+  EtatNomeMod toutes = LireToutesModalites(contexte_);
   if (!toutes.message.empty()) {
     ui_->TextMsg->setPlainText(EnUnTexte(toutes.message));
     return;
@@ -102,14 +106,13 @@ void NomeMod::MontrerModalites() {
 
 void NomeMod::Sauver() {
   if (!edition_->Ranger()) return;
-  ui_->TextMsg->setPlainText(
-      Tenter([this] { SauverNomeMod(principal_.ContexteEnCours(), modalites_); }, VersQt(kIntitulesSauvegardes)));
+  ui_->TextMsg->setPlainText(Tenter([this] { SauverNomeMod(contexte_, modalites_); }, VersQt(kIntitulesSauvegardes)));
 }
 
 void NomeMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte& contexte) { fin = EnregistrerNomeMod(contexte, modalites_); });
+  principal_.Lancer([&](const Contexte&) { fin = EnregistrerNomeMod(contexte_, modalites_); });
   if (fin == Fin::Normale) accept();
 }
 

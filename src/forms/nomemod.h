@@ -33,6 +33,7 @@ class NomeMod : public QDialog {
   void Enregistrer();
 
   Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
   ChoixPrepare prepare_;
   std::vector<ModaliteNommee> modalites_;
   std::unique_ptr<Ui::NomeMod> ui_;

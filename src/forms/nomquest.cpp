@@ -10,7 +10,8 @@ namespace quelvar {
 NomQuest::NomQuest(Principal& principal)
     : QDialog(&principal),
       principal_(principal),
-      etat_(ChargerNomQuest(principal.ContexteEnCours())),
+      contexte_(principal.ContexteEnCours()),
+      etat_(ChargerNomQuest(contexte_)),
       ui_(std::make_unique<Ui::NomQuest>()) {
   ui_->setupUi(this);
   const auto question = [this](int ligne) -> NomDeQuestion& {
@@ -39,14 +40,13 @@ void NomQuest::MontrerMessage(const QString& texte) { ui_->TextMsg->setText(text
 
 void NomQuest::Sauver() {
   if (!edition_->Ranger()) return;
-  MontrerMessage(
-      Tenter([this] { SauverNomQuest(principal_.ContexteEnCours(), etat_.questions); }, VersQt(kIntitulesSauvegardes)));
+  MontrerMessage(Tenter([this] { SauverNomQuest(contexte_, etat_.questions); }, VersQt(kIntitulesSauvegardes)));
 }
 
 void NomQuest::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte& contexte) { fin = EnregistrerNomQuest(contexte, etat_.questions); });
+  principal_.Lancer([&](const Contexte&) { fin = EnregistrerNomQuest(contexte_, etat_.questions); });
   if (fin == Fin::Normale) accept();
 }
 

@@ -26,6 +26,7 @@ class NomQuest : public QDialog {
   void Enregistrer();
 
   Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
   EtatNomQuest etat_;
   std::unique_ptr<Ui::NomQuest> ui_;
   EditionListe* edition_ = nullptr;

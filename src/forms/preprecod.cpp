@@ -252,7 +252,8 @@ void OuvrirPrepRecod(Principal& principal) {
   if (auto* ouverte = principal.Ouverte<PrepRecod>()) {
     if (!ouverte->EstSur(principal.ContexteEnCours())) ouverte->reject();  // asks when there is something to lose
     if (ouverte->isVisible()) {
-      principal.Montrer<PrepRecod>(EtatPrepRecod());
+      ouverte->raise();
+      ouverte->activateWindow();
       return;
     }
   }

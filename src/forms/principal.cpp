@@ -277,9 +277,24 @@ void Principal::Lancer(const std::function<void(const Contexte&)>& programme) {
   AfficherTexte(texte);
 }
 
+namespace {
+
+constexpr const char* kGeneriqueDeForme = "generique";  // property of a form
+
+QString RepereDuGenerique(const Session& session) {
+  return CheminVersQt(session.repertoire) + u'/' + VersQt(session.generique);
+}
+
+}  // namespace
+
+bool Principal::EstDuGenerique(const QWidget& forme) const {
+  return forme.property(kGeneriqueDeForme).toString() == RepereDuGenerique(session_);
+}
+
 void Principal::Presenter(QWidget& forme) {
   if (std::none_of(formes_.begin(), formes_.end(), [&](const auto& f) { return f == &forme; })) {
     formes_.append(&forme);
+    forme.setProperty(kGeneriqueDeForme, RepereDuGenerique(session_));
     forme.installEventFilter(this);
     forme.ensurePolished();
     if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <utility>
 
 #include "core/affichage.h"
 #include "core/empreinte.h"
@@ -48,10 +49,12 @@ class Principal : public QMainWindow {
   Contexte ContexteEnCours();
   // Runs a program: the window is kept from the user until it comes back.
   void Lancer(const std::function<void(const Contexte&)>& programme);
-  // Shows the form of that class: the one that is open, else a new one made with this window and the arguments.
+  // Shows the form of that class: the one that is open on the present generic, else a new one made with this window and
+  // the arguments.
   template <class Forme, class... Arguments>
   Forme& Montrer(Arguments&&... arguments) {
     Forme* forme = Ouverte<Forme>();
+    if (forme != nullptr && !EstDuGenerique(*forme)) std::exchange(forme, nullptr)->close();
     if (forme == nullptr) forme = new Forme(*this, std::forward<Arguments>(arguments)...);
     Presenter(*forme);
     return *forme;
@@ -108,6 +111,8 @@ class Principal : public QMainWindow {
   void FixerTailleDEcran(const QString& action);
 
   void Presenter(QWidget& forme);
+  // Whether the form was opened on the present generic.
+  bool EstDuGenerique(const QWidget& forme) const;
   void SupprimerFermees();
 
   void RelierEditeur();

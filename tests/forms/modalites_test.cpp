@@ -270,4 +270,17 @@ TEST_F(FormesDesModalites, LOptionBEstDuNiveauDeux) {
             "*** Attention ***\nLe fichier des noms de modalités n'existe pas encore");
 }
 
+TEST_F(FormesDesModalites, WhatIsNamedGoesToTheGenericOfTheForm) {
+  constexpr const char* autre = "AUTRE\r\n 1 \r\nREV   1 9\r\n";
+  bureau_.Ecrire("AUTRE.POS", autre);
+  auto& forme = Ouvrir<NomQuest>("mnuNomQuest");
+  CliquerLigne(forme, "ListRecap", 2);
+  Taper(forme, "TextMod", "Profession");
+  bureau_.Fenetre().AccepterGenerique("AUTRE");
+  Cliquer(forme, "BoutSauve");
+  EXPECT_EQ(bureau_.Lire("AUTRE.POS"), autre);
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("$Profession$"));
+  EXPECT_EQ(Lignes(Ouvrir<NomQuest>("mnuNomQuest"), "ListRecap").size(), 1) << "opened anew on the present generic";
+}
+
 }  // namespace
