@@ -12,6 +12,7 @@ namespace quelvar {
 
 namespace {
 
+// The line of a question in the list; its rule shows whole in the tool tip too.
 QString LigneDe(const Question& question) {
   const std::string regle = question.regle.empty() ? std::string() : "  [" + question.regle + "]";
   return VersQt(Joindre({CadreGauche(question.nom, 3), "  ", question.intitule, regle}));
@@ -38,7 +39,10 @@ PrepRecod::PrepRecod(Principal& principal, EtatPrepRecod etat)
   const QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   for (QWidget* texte : std::initializer_list<QWidget*>{ui_->ListPos, ui_->TextMod, ui_->TextFiltre, ui_->TextVIT})
     texte->setFont(fixe);
-  for (const QuestionPreparee& preparee : etat_.questions) ui_->ListPos->addItem(LigneDe(preparee.question));
+  for (const QuestionPreparee& preparee : etat_.questions) {
+    ui_->ListPos->addItem(LigneDe(preparee.question));
+    ui_->ListPos->item(ui_->ListPos->count() - 1)->setToolTip(LigneDe(preparee.question));
+  }
   ui_->OptEffMax->setChecked(etat_.maximum);
   RelierQuestions();
   RelierPonderation();
@@ -188,7 +192,10 @@ void PrepRecod::MontrerQuestion() {
 
 void PrepRecod::MontrerLigneEnCours() {
   if (!etat_.courante) return;
-  ui_->ListPos->item(static_cast<int>(*etat_.courante))->setText(LigneDe(etat_.questions[*etat_.courante].question));
+  const QString ligne = LigneDe(etat_.questions[*etat_.courante].question);
+  QListWidgetItem* place = ui_->ListPos->item(static_cast<int>(*etat_.courante));
+  place->setText(ligne);
+  place->setToolTip(ligne);
 }
 
 void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts) {

@@ -37,7 +37,7 @@ printf '1\r\n2\r\n1\r\n' >ENQ.DAT
 
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$dossier/affichage" 2>/dev/null &
 ecran=$!
-attendre 20 test -s "$dossier/affichage"
+attendre 20 test -s "$dossier/affichage" || { echo "Xvfb gives no screen here"; exit 77; }
 DISPLAY=:$(cat "$dossier/affichage")
 export DISPLAY QT_QPA_PLATFORM=xcb XDG_CONFIG_HOME="$dossier/config" HOME="$dossier"
 # What the libraries of the window system keep until the end is no leak of ours.
