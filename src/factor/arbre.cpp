@@ -17,7 +17,9 @@ constexpr std::size_t kZone = 14;  // columns of a print zone
 // Source: R. E. Tarjan, "Efficiency of a Good But Not Linear Set Union Algorithm", Journal of the ACM 22 (1975).
 class Composantes {
  public:
-  explicit Composantes(std::size_t elements) : parents_(elements), tailles_(elements, 1) {
+  // Complete as soon as one component has `entiere` elements.
+  Composantes(std::size_t elements, std::size_t entiere)
+      : parents_(elements), tailles_(elements, 1), entiere_(entiere) {
     std::iota(parents_.begin(), parents_.end(), std::size_t{0});
   }
 
@@ -29,10 +31,9 @@ class Composantes {
     if (tailles_[a] < tailles_[b]) std::swap(a, b);
     parents_[b] = a;
     tailles_[a] += tailles_[b];
-    complete_ = complete_ || tailles_[a] == parents_.size();
+    complete_ = complete_ || tailles_[a] == entiere_;
     return true;
   }
-  // One component holds every element.
   bool Complete() const { return complete_; }
 
  private:
@@ -43,6 +44,7 @@ class Composantes {
 
   std::vector<std::size_t> parents_;
   std::vector<std::size_t> tailles_;
+  std::size_t entiere_;
   bool complete_ = false;
 };
 
@@ -75,7 +77,7 @@ LiensDuGraphe ArbreMaximum(std::span<const Lien> liens, std::span<const SommetAr
 
   LiensDuGraphe resultat;
   resultat.atteints.resize(sommets.size());
-  Composantes composantes(options.arbre ? sommets.size() : 0);
+  Composantes composantes(options.arbre ? sommets.size() : 0, options.aCouvrir.value_or(sommets.size()));
   for (const Lien& lien : liens) {
     if (options.progressif && resultat.lus >= *options.progressif) break;
     if (!std::isfinite(lien.valeur) || lien.valeur < 0 || lien.valeur < ecMin) break;

@@ -37,6 +37,8 @@ struct OptionsArbre {
   bool pajek = false;                                      // FichPajek: the links read are kept for the network file
   std::optional<std::size_t> progressif = {};              // only so many links are read
   int niveauCpf = 0;                                       // smallest CPF of a shown point
+  // The tree is complete with the first so many elements; left out, with all. Individuals have no links.
+  std::optional<std::size_t> aCouvrir = {};
 };
 
 struct LiensDuGraphe {

@@ -96,6 +96,11 @@ bool DansLEnsemble(EnsemblePoints ensemble, const PointPlan& point) {
   return ensemble == EnsemblePoints::Tous || (ensemble == EnsemblePoints::Supplementaires) == point.supplementaire;
 }
 
+// "1 lien", "2 liens".
+std::string Compte(std::size_t nombre, std::string_view nom) {
+  return Joindre({Nombre(nombre), " ", nom, std::string_view(nombre > 1 ? "s" : "")});
+}
+
 }  // namespace
 
 EtatPlan NouveauPlan(DonneesPlan donnees) {
@@ -125,7 +130,8 @@ bool EstMontre(const EtatPlan& etat, std::size_t element) {
   const ReglagesPlan& reglages = etat.reglages;
   const PointPlan& point = donnees.points[element];
   if (!point.place || !DansLEnsemble(reglages.ensemble, point)) return false;
-  if (element >= donnees.colonnes && donnees.Individus() && !reglages.individus && !reglages.cah.actif) return false;
+  const bool classes = reglages.cah.actif && donnees.cah && donnees.cah->individus;
+  if (element >= donnees.colonnes && donnees.Individus() && !reglages.individus && !classes) return false;
   return CpfDuPoint(etat, element) >= reglages.niveauCpf;
 }
 
@@ -262,6 +268,7 @@ LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
   options.pajek = pajek;
   options.progressif = reglages.liens.progressif;
   options.niveauCpf = reglages.niveauCpf;
+  if (donnees.Individus()) options.aCouvrir = donnees.colonnes;
   return ArbreMaximum(reglages.liens.lignes ? donnees.liensLignes : donnees.liens, sommets, options);
 }
 
@@ -317,16 +324,15 @@ std::string LigneDuPlan(const EtatPlan& etat, std::size_t liensTraces) {
   const ReglagesPlan& reglages = etat.reglages;
   std::size_t montres = 0;
   for (std::size_t i = 0; i < donnees.points.size(); ++i) montres += EstMontre(etat, i) ? 1U : 0U;
-  std::string ligne = Joindre({Nombre(montres), " points sur ", Nombre(donnees.points.size())});
+  std::string ligne = Joindre({Compte(montres, "point"), " sur ", Nombre(donnees.points.size())});
   if (reglages.ensemble == EnsemblePoints::Actifs) ligne += ", actifs seuls";
   if (reglages.ensemble == EnsemblePoints::Supplementaires) ligne += Joindre({", supplémentaires seuls"_w});
   if (reglages.niveauCpf > 0) ligne += Joindre({", CPF d'au moins ", Nombre(reglages.niveauCpf)});
   if (reglages.liens.actif) {
-    ligne +=
-        Joindre({", ", Nombre(liensTraces), std::string_view(reglages.liens.arbre ? " liens de l'arbre" : " liens"),
-                 " de ", Nombre(reglages.liens.ecMin), " à "_w, Nombre(reglages.liens.ecSup)});
+    ligne += Joindre({", ", Compte(liensTraces, "lien"), std::string_view(reglages.liens.arbre ? " de l'arbre" : ""),
+                      " de ", Nombre(reglages.liens.ecMin), " à "_w, Nombre(reglages.liens.ecSup)});
   } else if (reglages.cah.actif && donnees.cah) {
-    ligne += Joindre({", ", Nombre(ClassesAuNiveau(*donnees.cah, reglages.cah.niveau)), " classes au niveau ",
+    ligne += Joindre({", ", Compte(ClassesAuNiveau(*donnees.cah, reglages.cah.niveau), "classe"), " au niveau ",
                       Nombre(reglages.cah.niveau)});
   }
   return ligne;

@@ -229,10 +229,15 @@ void TraceDuPlan::Element(std::size_t i, Couleur couleur) {
   dessin_.Designer(-1);
 }
 
+// Individuals lie under the modalities, which they would hide.
 void TraceDuPlan::Points() {
   Calquer("points");
-  for (std::size_t i = 0; i < donnees_.points.size(); ++i)
+  const std::size_t nombre = donnees_.points.size();
+  const std::size_t dessous = donnees_.Individus() ? donnees_.colonnes : 0;
+  for (std::size_t rang = 0; rang < nombre; ++rang) {
+    const std::size_t i = (rang + dessous) % nombre;
     if (EstMontre(etat_, i)) Element(i, CouleurDe(i));
+  }
 }
 
 void TraceDuPlan::Liens() {

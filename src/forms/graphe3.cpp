@@ -71,12 +71,16 @@ void Graphe3::RelierAxes() {
 
 void Graphe3::RelierPoints() {
   for (QAbstractButton* bouton : std::initializer_list<QAbstractButton*>{
-           ui_->PointExact, ui_->CheckContrib, ui_->CheckLong, ui_->CheckInfo, ui_->CheckIndiv, ui_->Opt1, ui_->Opt2,
-           ui_->Opt3, ui_->Option1, ui_->Option2, ui_->Option3, ui_->Check1})
+           ui_->PointExact, ui_->CheckContrib, ui_->CheckLong, ui_->CheckInfo, ui_->Opt1, ui_->Opt2, ui_->Opt3,
+           ui_->Option1, ui_->Option2, ui_->Option3, ui_->Check1})
     connect(bouton, &QAbstractButton::toggled, this, [this, bouton] {
       const bool deuxFois = !bouton->isChecked() && bouton->autoExclusive();  // the other one of a group comes as well
       if (!deuxFois) Redessiner();
     });
+  connect(ui_->CheckIndiv, &QCheckBox::toggled, this, [this] {
+    LireReglages();
+    Recaler();
+  });
   const auto niveau = [this] {
     FixerNiveauCpf(static_cast<int>(ValeurDuChamp(*ui_->TextBoxVal, etat_.reglages.niveauCpf, 0, kCpfMaximum)));
   };

@@ -73,9 +73,10 @@ TEST(Arbre, TheMessageNeedsALinkLeftWhenTheTreeIsComplete) {
     return ArbreMaximum(liens, std::vector<SommetArbre>(elements), options).complet;
   };
   EXPECT_TRUE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, 7}}, 3));
-  EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}}, 3));              // nothing left
-  EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, -1}}, 3));  // negative
-  EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, 7}}, 4));   // element 4 has no link
+  EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}}, 3));                                            // nothing left
+  EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, -1}}, 3));                                // negative
+  EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, 7}}, 4));                                 // element 4 has no link
+  EXPECT_TRUE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, 7}}, 4, {.arbre = true, .aCouvrir = 3}));  // nor is to have one
   EXPECT_FALSE(complet({{1, 2, 9}, {2, 3, 8}, {1, 3, 7}}, 3, {.arbre = false}));
   EXPECT_TRUE(ArbreMaximum(kLiens, Sommets(), {.arbre = true}).complet);
 }

@@ -129,8 +129,8 @@ TEST(Plan, WhatIsShown) {
       {EnsemblePoints::Supplementaires, 0, 0, false, "E R2 "},
       {EnsemblePoints::Tous, 60, 0, false, "A B C D "},  // on either factor
       {EnsemblePoints::Tous, 61, 0, false, "A B C "},
-      {EnsemblePoints::Tous, 0, 1, false, "A B C D E "},  // rows that are individuals, when they are asked for
-      {EnsemblePoints::Tous, 0, 1, true, "A B C D E R1 R2 "},
+      {EnsemblePoints::Tous, 0, 1, false, "A B C D E "},       // rows that are individuals, when they are asked for
+      {EnsemblePoints::Tous, 0, 1, true, "R1 R2 A B C D E "},  // and then under the modalities
   };
   for (const auto& c : cas) {
     EtatPlan etat = NouveauPlan(Carre());
@@ -331,6 +331,17 @@ TEST(Plan, WardClassesInColours) {
   EXPECT_EQ(ClassesAuNiveau(Arbre(), 3), 1U);
   EXPECT_EQ(NiveauDesClasses(Arbre(), 1), 4U);
   EXPECT_EQ(NiveauDesClasses(Arbre(), 3), std::nullopt);
+}
+
+TEST(Plan, IndividualsAreShownWithTheirOwnClassification) {
+  EtatPlan etat = NouveauPlan(Carre());
+  etat.donnees.burt = 1;
+  etat.donnees.cah = Arbre();
+  etat.reglages.cah.actif = true;
+  EXPECT_EQ(LigneDuPlan(etat, 0), "5 points sur 7, 0 classe au niveau 0");
+  etat.donnees.cah->individus = true;
+  etat.reglages.cah.niveau = 2;
+  EXPECT_EQ(LigneDuPlan(etat, 0), "7 points sur 7, 2 classes au niveau 2");
 }
 
 TEST(Plan, ItemsOfAClassificationOfIndividuals) {
