@@ -75,6 +75,27 @@ void InclureContours(const EtatPlan& etat, Etendue& x, Etendue& y) {
       }
 }
 
+// The places of the elements shown, or of every element; false when there is none.
+bool InclurePlaces(const EtatPlan& etat, bool tous, Etendue& x, Etendue& y) {
+  bool vus = false;
+  for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
+    if (!etat.donnees.points[i].place || (!tous && !EstMontre(etat, i))) continue;
+    const Position p = PlaceDe(etat, i);
+    x.Inclure(p.x);
+    y.Inclure(p.y);
+    vus = true;
+  }
+  return vus;
+}
+
+void Elargir(EtatPlan& etat, Etendue& x, Etendue& y) {
+  const Fenetre& f = etat.cadre.limites;
+  if (x.Minimum() >= f.gauche && x.Maximum() <= f.droite && y.Minimum() >= f.bas && y.Maximum() <= f.haut) return;
+  for (const double bord : {f.gauche, f.droite}) x.Inclure(bord);
+  for (const double bord : {f.bas, f.haut}) y.Inclure(bord);
+  etat.cadre.limites = FenetreDe(etat.reglages, x, y);
+}
+
 // The window grown or shrunk about a point of its own; a window that would leave the bounds stays.
 Fenetre Grandie(const Fenetre& f, double facteurX, double facteurY, Position fixe) {
   const Fenetre nouvelle{fixe.x + (f.gauche - fixe.x) * facteurX, fixe.x + (f.droite - fixe.x) * facteurX,
@@ -148,18 +169,7 @@ std::string_view TexteDuPoint(const ReglagesPlan& reglages, const PointPlan& poi
 void Caler(EtatPlan& etat) {
   Etendue x;
   Etendue y;
-  const auto inclure = [&](bool tous) {
-    bool vus = false;
-    for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
-      if (!etat.donnees.points[i].place || (!tous && !EstMontre(etat, i))) continue;
-      const Position p = PlaceDe(etat, i);
-      x.Inclure(p.x);
-      y.Inclure(p.y);
-      vus = true;
-    }
-    return vus;
-  };
-  if (!inclure(false)) inclure(true);
+  if (!InclurePlaces(etat, false, x, y)) InclurePlaces(etat, true, x, y);
   InclureContours(etat, x, y);
   etat.cadre.limites = FenetreDe(etat.reglages, x, y);
 }
@@ -168,11 +178,14 @@ void InclureEllipses(EtatPlan& etat) {
   Etendue x;
   Etendue y;
   InclureContours(etat, x, y);
-  const Fenetre& f = etat.cadre.limites;
-  if (x.Minimum() >= f.gauche && x.Maximum() <= f.droite && y.Minimum() >= f.bas && y.Maximum() <= f.haut) return;
-  for (const double bord : {f.gauche, f.droite}) x.Inclure(bord);
-  for (const double bord : {f.bas, f.haut}) y.Inclure(bord);
-  etat.cadre.limites = FenetreDe(etat.reglages, x, y);
+  Elargir(etat, x, y);
+}
+
+void InclurePoints(EtatPlan& etat) {
+  Etendue x;
+  Etendue y;
+  InclurePlaces(etat, false, x, y);
+  Elargir(etat, x, y);
 }
 
 void ChangerEchelle(EtatPlan& etat, bool plus) {

@@ -138,8 +138,9 @@ std::string_view TexteDuPoint(const ReglagesPlan& reglages, const PointPlan& poi
 // Limits that hold the shown elements, the ellipses and the origin; every element when none is shown. The two axes have
 // one scale unless one of them shows CPF.
 void Caler(EtatPlan& etat);
-// The same without a change where the ellipses are inside the limits already.
+// Limits widened to the ellipses, to the elements shown; no change where they are inside already.
 void InclureEllipses(EtatPlan& etat);
+void InclurePoints(EtatPlan& etat);
 
 // BtPlus, BtMoins; BtPlusF, BtMoinsF; the arrows, in steps; BoutonValP, BoutonValM; BoutonRAZ.
 void ChangerEchelle(EtatPlan& etat, bool plus);

@@ -79,7 +79,8 @@ void Graphe3::RelierPoints() {
     });
   connect(ui_->CheckIndiv, &QCheckBox::toggled, this, [this] {
     LireReglages();
-    Recaler();
+    InclurePoints(etat_);  // individuals lie far outside of the modalities
+    Redessiner();
   });
   const auto niveau = [this] {
     FixerNiveauCpf(static_cast<int>(ValeurDuChamp(*ui_->TextBoxVal, etat_.reglages.niveauCpf, 0, kCpfMaximum)));

@@ -342,6 +342,11 @@ TEST(Plan, IndividualsAreShownWithTheirOwnClassification) {
   etat.donnees.cah->individus = true;
   etat.reglages.cah.niveau = 2;
   EXPECT_EQ(LigneDuPlan(etat, 0), "7 points sur 7, 2 classes au niveau 2");
+
+  etat.donnees.coordonnees(0, 5) = 1000;
+  InclurePoints(etat);  // from -800 to 800
+  EXPECT_NEAR(etat.cadre.limites.gauche, -800, 1e-9);
+  EXPECT_NEAR(etat.cadre.limites.droite, 1000, 1e-9);
 }
 
 TEST(Plan, ItemsOfAClassificationOfIndividuals) {

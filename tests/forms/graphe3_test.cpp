@@ -133,7 +133,7 @@ TEST(Graphe3, AxesAndPoints) {
   Cliquer(forme, "Opt3");
   EXPECT_EQ(Ecrits(forme), QStringList({"Quatrieme"}));
   Cliquer(forme, "CheckIndiv");
-  EXPECT_EQ(Ecrits(forme), QStringList({"Quatrieme", "Pierre", "Paule"}));
+  EXPECT_EQ(Ecrits(forme), QStringList({"Pierre", "Paule", "Quatrieme"}));
   Cliquer(forme, "Opt2");
   EXPECT_EQ(Ecrits(forme).size(), 3);
   Cliquer(forme, "Opt1");
