@@ -229,16 +229,19 @@ void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite) {
   }
 }
 
-void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police) {
+void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites) {
+  for (const EllipsesDeModalite& modalite : modalites)
+    for (const GenreEllipse genre : modalite.genres)
+      dessin.Ligne(ContourDEllipse(modalite.centre, modalite.axes, Kappa(genre)), {Couleur::BleuFonce});
+}
+
+void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police) {
   constexpr double rayon = 2;         // of the mark, points
   constexpr Position decalage{4, 3};  // of the text from the mark, points
   police.couleur = Couleur::BleuFonce;
-  dessin.Calquer("ellipses");
   for (const EllipsesDeModalite& modalite : modalites) {
     dessin.Cercle(modalite.centre, rayon, {Couleur::BleuFonce, 1}, {Couleur::BleuFonce});
     dessin.Texte(modalite.centre, Joindre({"PM", intitulesLongs ? modalite.intitule : modalite.nom}), police, decalage);
-    for (const GenreEllipse genre : modalite.genres)
-      dessin.Ligne(ContourDEllipse(modalite.centre, modalite.axes, Kappa(genre)), {Couleur::BleuFonce});
   }
 }
 

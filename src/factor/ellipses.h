@@ -104,7 +104,8 @@ std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& 
 // Lines of a modality in the report.
 void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite);
 
-// Draws them on the layer "ellipses": a mark and "PM" with the label or the name at the centre, and the chords.
-void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police);
+// Draws the chords, and a mark and "PM" with the label or the name at each centre.
+void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites);
+void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police);
 
 }  // namespace quelvar

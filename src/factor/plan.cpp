@@ -75,6 +75,12 @@ void InclureContours(const EtatPlan& etat, Etendue& x, Etendue& y) {
       }
 }
 
+// The drawing that the settings choose has individuals: those of their classification, none with links.
+bool AvecIndividus(const DonneesPlan& donnees, const ReglagesPlan& reglages) {
+  if (reglages.liens.actif) return false;
+  return reglages.cah.actif && donnees.cah ? donnees.cah->individus : reglages.individus;
+}
+
 // The places of the elements shown, or of every element; false when there is none.
 bool InclurePlaces(const EtatPlan& etat, bool tous, Etendue& x, Etendue& y) {
   bool vus = false;
@@ -151,8 +157,7 @@ bool EstMontre(const EtatPlan& etat, std::size_t element) {
   const ReglagesPlan& reglages = etat.reglages;
   const PointPlan& point = donnees.points[element];
   if (!point.place || !DansLEnsemble(reglages.ensemble, point)) return false;
-  const bool classes = reglages.cah.actif && donnees.cah && donnees.cah->individus;
-  if (element >= donnees.colonnes && donnees.Individus() && !reglages.individus && !classes) return false;
+  if (element >= donnees.colonnes && donnees.Individus() && !AvecIndividus(donnees, reglages)) return false;
   return CpfDuPoint(etat, element) >= reglages.niveauCpf;
 }
 

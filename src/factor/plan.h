@@ -175,7 +175,8 @@ DemandeEllipses EllipsesDemandees(const EtatPlan& etat);
 
 // --- the picture ---
 
-// Title, frame, then links, points, tree or classes, then ellipses. An element's marks stand for it.
+// Frame, axes, ellipses, then links, points, tree or classes, the centres of the ellipses, titles. An element's marks
+// stand for it.
 Dessin DessinerPlan(const EtatPlan& etat);
 
 // Elements whose small box holds a place of the page, the nearest first.

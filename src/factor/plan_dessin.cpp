@@ -73,7 +73,9 @@ class TraceDuPlan {
   void ArbreCah();
   void ClassesCah();
   void Points();
+  bool AvecEllipses() const { return !etat_.ellipses.empty() && !reglages_.horizontal.cpf && !reglages_.vertical.cpf; }
   void Ellipses();
+  void Centres();
   void Titre();
   void Calquer(std::string_view nom);
   void Element(std::size_t i, Couleur couleur);
@@ -329,10 +331,16 @@ void TraceDuPlan::ClassesCah() {
 }
 
 void TraceDuPlan::Ellipses() {
-  if (etat_.ellipses.empty() || reglages_.horizontal.cpf || reglages_.vertical.cpf) return;
+  if (!AvecEllipses()) return;
   Calquer("ellipses");
-  TracerEllipses(dessin_, etat_.ellipses, reglages_.intitulesLongs,
-                 {.corps = CorpsDe(reglages_.taille), .gras = reglages_.gras, .halo = halo_});
+  TracerEllipses(dessin_, etat_.ellipses);
+}
+
+void TraceDuPlan::Centres() {
+  if (!AvecEllipses()) return;
+  Calquer("centres");
+  TracerCentres(dessin_, etat_.ellipses, reglages_.intitulesLongs,
+                {.corps = CorpsDe(reglages_.taille), .gras = reglages_.gras, .halo = halo_});
 }
 
 void TraceDuPlan::Titre() {
@@ -344,17 +352,16 @@ void TraceDuPlan::Titre() {
                   kPoliceInformation);
 }
 
+// The labels come after the lines, which would run through them.
 Dessin TraceDuPlan::Tracer() {
   Cadre();
-  if (reglages_.liens.actif) {
-    Liens();
-  } else {
-    Axes();
-    if (!reglages_.cah.actif || !donnees_.cah) Points();
-    else if (reglages_.cah.trace == TraceCah::Lignes) ArbreCah();
-    else ClassesCah();
-  }
+  if (!reglages_.liens.actif) Axes();
   Ellipses();
+  if (reglages_.liens.actif) Liens();
+  else if (!reglages_.cah.actif || !donnees_.cah) Points();
+  else if (reglages_.cah.trace == TraceCah::Lignes) ArbreCah();
+  else ClassesCah();
+  Centres();
   NommerAxes();
   Titre();
   return std::move(dessin_);

@@ -214,8 +214,8 @@ TEST(Ellipses, DrawnInColourOneAroundAMarkAndItsName) {
   Dessin dessin(500, 400, {-1000, 1000, 1000, -1000}, {0, 0, 500, 400});
   const EllipsesDeModalite oui{"A1  ",      "Oui",       4,
                                {200, -100}, {2, 0.5, 0}, {GenreEllipse::Concentration, GenreEllipse::Indicatrice}};
-  TracerEllipses(dessin, std::span(&oui, 1), true, {});
-  TracerEllipses(dessin, std::span(&oui, 1), false, {});
+  TracerEllipses(dessin, std::span(&oui, 1));
+  for (const bool longs : {true, false}) TracerCentres(dessin, std::span(&oui, 1), longs, {});
   std::string textes;
   int courbes = 0;
   for (const Forme& forme : dessin.Formes()) {
@@ -226,7 +226,7 @@ TEST(Ellipses, DrawnInColourOneAroundAMarkAndItsName) {
     EXPECT_EQ(forme.nombre, 101U);
   }
   EXPECT_EQ(textes, "PMOuiPMA1  ");
-  EXPECT_EQ(courbes, 4);
+  EXPECT_EQ(courbes, 2);
 }
 
 }  // namespace
