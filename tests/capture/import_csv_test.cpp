@@ -1,12 +1,9 @@
 #include "capture/import_csv.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-
-#include <csignal>
 
 #include "capture/tableur.h"
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
@@ -57,25 +54,12 @@ TEST(LigneDeTableur, DigitsReadByFourAreThoseReadOneByOne) {
     }
 }
 
-class RunImport : public ::testing::Test {
+class RunImport : public essai::RunDeProgramme {
  protected:
-  RunImport() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-  }
-  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
   Fin Importer(std::string_view csv, bool sansIntitules = false) {
     Ecrire("ENQ.CSV", csv);
     return ImportCsv(contexte_, {sansIntitules});
   }
-  std::size_t NombreDeFichiers() const {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(dossier_.Chemin()), {}));
-  }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  std::string montre_;
 };
 
 TEST_F(RunImport, WhatACellOfCodesMayHold) {
@@ -109,7 +93,7 @@ TEST_F(RunImport, AFailedRunLeavesTheFormerFilesWhole) {
   EXPECT_EQ(Lire("ENQ.DAT"), "ancien");
   EXPECT_EQ(Lire("ENQ.POS"), "T\n1\nAAA   1 2\n");
   EXPECT_EQ(Lire("ENQ.PO2"), "T\r\n1\r\nAAA   1 2\r\n");
-  EXPECT_EQ(NombreDeFichiers(), 5U) << "no scratch file is left";
+  EXPECT_EQ(Fichiers().size(), 5U) << "no scratch file is left";
 }
 
 TEST_F(RunImport, AFullDiskLeavesTheFormerFilesWhole) {
@@ -117,18 +101,13 @@ TEST_F(RunImport, AFullDiskLeavesTheFormerFilesWhole) {
   std::string csv = "AAA;BBB\n";
   for (int i = 0; i < 100000; ++i) csv += "1;2\n";
   Ecrire("ENQ.CSV", csv);
-  // A limit on the length of files stands for the disk: what goes beyond it can't be written.
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit avant{};
-  getrlimit(RLIMIT_FSIZE, &avant);
-  const rlimit limite{100000, avant.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &limite);
-  const Fin fin = ImportCsv(contexte_, {});
-  setrlimit(RLIMIT_FSIZE, &avant);
-  EXPECT_EQ(fin, Fin::Arret);
+  {
+    const essai::DisquePlein disque(100000);
+    EXPECT_EQ(ImportCsv(contexte_, {}), Fin::Arret);
+  }
   EXPECT_NE(montre_.find("notez le numero =  61 Disque plein"), std::string::npos) << montre_;
   EXPECT_EQ(Lire("ENQ.DAT"), "ancien");
-  EXPECT_EQ(NombreDeFichiers(), 3U) << "no scratch file is left";
+  EXPECT_EQ(Fichiers().size(), 3U) << "no scratch file is left";
 }
 
 TEST_F(RunImport, LinesOfAnyShape) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/erreur.h"
 #include "support/environnement.h"
 
 namespace {
@@ -61,18 +60,6 @@ TEST(Affichage, LignesTropLonguesRenvoyees) {
   const AffichagePartiel partiel = LirePartiel(dossier.Chemin() / "F.DAT", true);
   EXPECT_EQ(partiel.texte,
             RegleDesPositions(1025) + std::string(1024, 'a') + "\r\nb\r\n" + std::string(1024, 'c') + "\r\nd");
-}
-
-TEST(Affichage, FichierQuiManque) {
-  const essai::DossierTemporaire dossier;
-  for (const auto& [nom, numero] : {std::pair{"absent", 53}, std::pair{".", 75}}) {
-    try {
-      LirePartiel(dossier.Chemin() / nom, false);
-      ADD_FAILURE() << nom;
-    } catch (const Erreur& erreur) {
-      EXPECT_EQ(erreur.Numero(), numero);
-    }
-  }
 }
 
 }  // namespace

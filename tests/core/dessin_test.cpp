@@ -58,14 +58,6 @@ TEST(Dessin, CalqueCoupe) {
             std::string::npos);
 }
 
-TEST(Dessin, HaloDUnTexte) {
-  Dessin dessin(100, 100);
-  dessin.Texte({10, 20}, "a", {.halo = 0.5});
-  EXPECT_NE(TexteSvg(dessin).find(" stroke=\"#ffffff\" stroke-width=\"1\" stroke-linejoin=\"round\""
-                                  " paint-order=\"stroke\">a</text>"),
-            std::string::npos);
-}
-
 // "Été" in 10 points: E 667, accented letters as the plain ones, t 278, e 556.
 TEST(Dessin, MesureDesTextes) {
   EXPECT_NEAR(LargeurTexte("Été"_w, 10), 15.01, 1e-9);

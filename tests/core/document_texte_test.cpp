@@ -1,15 +1,12 @@
 #include "core/document_texte.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <string>
 
-#include "core/erreur.h"
 #include "support/environnement.h"
+#include "support/erreur.h"
 
 namespace quelvar {
 namespace {
@@ -143,14 +140,7 @@ TEST(DocumentTexte, CapacityRefusesTooManyBytesTooManyLinesOrALongLine) {
 
 TEST(DocumentTexte, FailureToOpenByItsNumber) {
   const essai::DossierTemporaire dossier;
-  const auto numero = [](const Chemin& chemin) {
-    try {
-      OuvrirDocument(chemin, {});
-    } catch (const Erreur& erreur) {
-      return erreur.Numero();
-    }
-    return -1;
-  };
+  const auto numero = [](const Chemin& chemin) { return essai::NumeroLeve([&] { OuvrirDocument(chemin, {}); }); };
   EXPECT_EQ(numero(dossier.Chemin() / "absent.pos"), kFichierIntrouvable);
   EXPECT_EQ(numero(dossier.Chemin()), kAccesFichier);
   EXPECT_EQ(numero("/dev/zero"), kAccesFichier);
@@ -177,14 +167,10 @@ TEST(DocumentTexte, FailedSaveLeavesTheFileWhole) {
   const essai::DossierTemporaire dossier;
   const Chemin fichier = dossier.Chemin() / "ENQ.POS";
   essai::EcrireOctets(fichier, "avant\r\n");
-  // A limit on the size of files stands in for a full disk.
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit avant{};
-  getrlimit(RLIMIT_FSIZE, &avant);
-  const rlimit court{1000, avant.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &court);
-  EXPECT_THROW(EnregistrerDocument(fichier, std::u16string(5000, u'x'), {}), Erreur);
-  setrlimit(RLIMIT_FSIZE, &avant);
+  {
+    const essai::DisquePlein disque(1000);
+    EXPECT_THROW(EnregistrerDocument(fichier, std::u16string(5000, u'x'), {}), Erreur);
+  }
 
   EXPECT_EQ(LireOctets(fichier), "avant\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dossier.Chemin()), {}), 1);

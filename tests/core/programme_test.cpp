@@ -89,11 +89,5 @@ TEST_F(Cadre, AReportThatCannotBeWrittenIsToldOnTheScreen) {
   EXPECT_NE(montre_.texte.find("notez le numero =  61 Disque plein"), std::string::npos);
 }
 
-TEST(FichAff, LongNamesKeepTheirEnd) {
-  EXPECT_EQ(TexteFichAff("ENQ.TAP"), "ENQ.TAP");
-  EXPECT_EQ(TexteFichAff("123456789012345"), "123456789012345");
-  EXPECT_EQ(TexteFichAff("/donnees/ENQUETE.TAP"), "nees/ENQUETE.TAP");
-}
-
 }  // namespace
 }  // namespace quelvar

@@ -126,15 +126,6 @@ TEST(Session, OuvertureSelonLesFichiers) {
   }
 }
 
-TEST(Session, TitreSelonLEtat) {
-  Essai essai;
-  essai.session.niveau = 2;
-  EXPECT_EQ(TitreDe(essai.session), " Pas de générique en cours, niveau d'utilisateur=2"_w);
-  essai.session.generique = "ENQ";
-  EXPECT_EQ(TitreDe(essai.session),
-            essai.Titre(" Générique en cours= ENQ, niveau d'utilisateur=2, répertoire en cours ="_w));
-}
-
 TEST(Session, InitialisationIllisible) {
   Essai essai;
   std::filesystem::create_directory(essai.donnees / "Qvr2.ini");  // something that no reading opens

@@ -204,15 +204,6 @@ TEST_F(FichiersDEnquete, TableRowsKeepTouchingCells) {
   EXPECT_EQ(codage.nomLong, "Dupont");
 }
 
-TEST_F(FichiersDEnquete, WrittenRowsStandInTheirColumns) {
-  const Chemin chemin = Ecrire("E.BRT", "");
-  Ecrivain fichier(chemin);
-  EcrireLigneBrt(fichier, "A1", std::vector<std::int64_t>{5, 123, -1}, LargeurDeTable(123));
-  EcrireLigneCdg(fichier, "Dupont", std::vector<std::uint8_t>{0, 1});
-  fichier.Fermer();
-  EXPECT_EQ(LireOctets(chemin), "A1    5123 -1\r\n    01Dupont\r\n");
-}
-
 TEST_F(FichiersDEnquete, DescriptorWithItsFaults) {
   Descripteur descripteur = LireDes(Ecrire("E.DES",
                                            "SEXE    2 \n"

@@ -39,33 +39,6 @@ class ChoixVarTest : public testing::Test {
   std::vector<std::string> boites;
 };
 
-TEST_F(ChoixVarTest, DrapeauxEtRecompte) {
-  EXPECT_EQ(etat.titre, "Sélectionner une question"_w);
-  EXPECT_FALSE(etat.lancerPossible);
-  EXPECT_FALSE(etat.isolePossible);
-
-  Ajouter(RoleQuestion::Ligne, {4, 0, 2});
-  EXPECT_EQ(QuestionsDuRole(etat, RoleQuestion::Ligne), (Places{0, 2, 4}));  // whatever the clicks
-  EXPECT_FALSE(etat.lancerPossible);
-  Ajouter(RoleQuestion::Colonne, {1, 3});
-  EXPECT_EQ(etat.titre, "Nombre de tableaux demandés : 6"_w);
-  EXPECT_EQ(etat.infobulle, "Nombre de lignes x nombre de colonnes");
-  EXPECT_TRUE(etat.lancerPossible);
-
-  InverserLignesEtColonnes(etat, ecran);
-  EXPECT_EQ(QuestionsDuRole(etat, RoleQuestion::Ligne), (Places{1, 3}));
-  EXPECT_EQ(QuestionsDuRole(etat, RoleQuestion::Colonne), (Places{0, 2, 4}));
-  EXPECT_EQ(etat.nombreTableaux, 6);
-
-  EnleverDuRole(etat, RoleQuestion::Ligne, Places{3}, ecran);
-  EnleverDuRole(etat, RoleQuestion::Colonne, Places{0, 2}, ecran);
-  EXPECT_EQ(etat.nombreTableaux, 1);
-  EXPECT_TRUE(etat.isolePossible);
-  ToutEffacer(etat, ecran);
-  EXPECT_EQ(etat.nombreTableaux, 0);
-  EXPECT_EQ(bips, 0);
-}
-
 // A filter of code-max 3 makes four tables; two filters add up.
 TEST_F(ChoixVarTest, TroisDimensions) {
   Ajouter(RoleQuestion::Ligne, {0});
@@ -115,11 +88,6 @@ TEST_F(ChoixVarTest, UnSeulTableau) {
   EXPECT_EQ(TexteLancer(etat), "Lancer les tris");
 }
 
-TEST_F(ChoixVarTest, LancementVideSonne) {
-  EXPECT_FALSE(PreparerLancement(etat, ecran));
-  EXPECT_EQ(bips, 1);
-}
-
 TEST_F(ChoixVarTest, Editions) {
   ChoisirEdition(etat, ChoixEdition::Compacte, 99999, ecran);
   EXPECT_EQ(etat.edition, ChoixEdition::Compacte);
@@ -141,33 +109,6 @@ TEST_F(ChoixVarTest, Editions) {
   EXPECT_TRUE(demande->edition.triangulaire);
   EXPECT_EQ(demande->edition.colonnesParPage, 6);
   EXPECT_EQ(demande->edition.lignesParPage, 24);
-}
-
-TEST_F(ChoixVarTest, TableauIsole) {
-  Ajouter(RoleQuestion::Ligne, {0});
-  Ajouter(RoleQuestion::Colonne, {1});
-  const std::filesystem::path mod = dossier.Chemin() / "ENQ.MOD";
-  const std::filesystem::path brt = dossier.Chemin() / "enq.brt";
-  essai::EcrireOctets(brt, "former");
-
-  reponse = Reponse::Non;
-  CocherTableauIsole(etat, true, contexte);
-  EXPECT_FALSE(etat.tableauIsole);
-  EXPECT_FALSE(etat.isolePossible);
-  EXPECT_EQ(std::filesystem::file_size(brt), 6U);
-  EXPECT_FALSE(std::filesystem::exists(mod));
-  ASSERT_EQ(boites.size(), 1U);
-
-  reponse = Reponse::Oui;
-  CocherTableauIsole(etat, true, contexte);
-  EXPECT_TRUE(etat.tableauIsole);
-  EXPECT_EQ(std::filesystem::file_size(brt), 0U);
-  EXPECT_EQ(std::filesystem::file_size(mod), 0U);
-
-  ApresLancement(etat, {false, std::nullopt});
-  EXPECT_TRUE(etat.tableauIsole);
-  ApresLancement(etat, {true, std::nullopt});
-  EXPECT_FALSE(etat.tableauIsole);
 }
 
 }  // namespace

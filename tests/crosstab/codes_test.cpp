@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/erreur.h"
 #include "support/environnement.h"
+#include "support/erreur.h"
 
 namespace quelvar {
 namespace {
@@ -17,12 +17,7 @@ class CodesTest : public testing::Test {
     return ChargerCodes(Donnees(), champs, individus, progression);
   }
   int Numero(std::string_view octets, const std::vector<ChampCode>& champs, std::int64_t individus) {
-    try {
-      Charger(octets, champs, individus);
-    } catch (const Erreur& erreur) {
-      return erreur.Numero();
-    }
-    return 0;
+    return essai::NumeroLeve([&] { Charger(octets, champs, individus); });
   }
   std::filesystem::path Donnees() const { return dossier_.Chemin() / "ENQ.DAT"; }
 

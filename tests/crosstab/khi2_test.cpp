@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "core/erreur.h"
+#include "support/erreur.h"
 
 namespace quelvar {
 namespace {
@@ -47,14 +47,7 @@ TEST(ProbaKhi2, CasLimites) {
   EXPECT_EQ(ProbaKhi2(1, 1e12).p, 1);
   EXPECT_EQ(ProbaKhi2(1, 1e12).marque, "***");
   EXPECT_NEAR(ProbaKhi2(1000, 0.001).p, 0, 1e-12);
-  const auto numero = [](double degres, double khi2) {
-    try {
-      ProbaKhi2(degres, khi2);
-    } catch (const Erreur& erreur) {
-      return erreur.Numero();
-    }
-    return 0;
-  };
+  const auto numero = [](double degres, double khi2) { return essai::NumeroLeve([&] { ProbaKhi2(degres, khi2); }); };
   EXPECT_EQ(numero(0, 1), kDivisionParZero);
   EXPECT_EQ(numero(-1, 1), kArgumentIncorrect);
   EXPECT_EQ(numero(1, std::numeric_limits<double>::infinity()), kDepassementCapacite);

@@ -8,23 +8,16 @@
 
 #include "factor/anecar_supplementaires.h"
 #include "factor/anecar_tri.h"
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
 
-class RunAnecar : public ::testing::Test {
+class RunAnecar : public essai::RunDeProgramme {
  protected:
-  RunAnecar() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-    dialogue_.demander = [this](std::string_view texte, Boutons) {
-      boites_ += texte;
-      return Reponse::Ok;
-    };
-  }
   void Table(std::string_view mod, std::string_view brt) {
-    essai::EcrireOctets(dossier_.Chemin() / "ENQ.MOD", mod);
-    essai::EcrireOctets(dossier_.Chemin() / "ENQ.BRT", brt);
+    Ecrire("ENQ.MOD", mod);
+    Ecrire("ENQ.BRT", brt);
   }
   // A table of random counts of two digits, with that many rows and columns, and what else its line 2 tells.
   void TableAuHasard(int lignes, int colonnes, const std::string& parametres = "") {
@@ -39,14 +32,6 @@ class RunAnecar : public ::testing::Test {
     }
     Table(mod, brt);
   }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
-  bool Existe(const std::string& nom) { return std::filesystem::exists(dossier_.Chemin() / nom); }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  std::string montre_;
-  std::string boites_;
 };
 
 TEST_F(RunAnecar, NumberOfFactorsIsBoundByTheActiveElements) {
@@ -97,10 +82,10 @@ TEST_F(RunAnecar, LogicalCodingNeedsItsFileAndAnalysesTheIndividuals) {
   options.codageLogique = true;
   options.facteurs = 2;
   EXPECT_EQ(Anecar(contexte_, options), Fin::Arret);
-  EXPECT_EQ(boites_, "Le fichier en codage logique n'existe pas, vérifiez et relancez"_w);
+  EXPECT_EQ(boites_.back(), "Le fichier en codage logique n'existe pas, vérifiez et relancez"_w);
 
   // Two questions with phi = 0.5: the eigenvalues of the indicator table are (1 + phi)/2 and (1 - phi)/2.
-  essai::EcrireOctets(dossier_.Chemin() / "ENQ.CDG", "");
+  Ecrire("ENQ.CDG", "");
   EXPECT_EQ(Anecar(contexte_, options), Fin::Normale);
   EXPECT_NE(montre_.find("actives est de  8 "), std::string::npos);
   EXPECT_NE(montre_.find("Valeur propre =  0.750000\r\nPourcentage du total = 75.0"), std::string::npos);
@@ -158,7 +143,7 @@ TEST_F(RunAnecar, BrokenDeclarationsEndInAReport) {
                                  "LIGN=4 FMT=1 DE=-1"}) {
     for (const bool logique : {false, true}) {
       Table(std::string("T\n ") + parametres + modalites, brt);
-      essai::EcrireOctets(dossier_.Chemin() / "ENQ.CDG", "");
+      Ecrire("ENQ.CDG", "");
       OptionsAnecar options;
       options.codageLogique = logique;
       options.edition = EditionAnecar::Etendue;

@@ -5,20 +5,14 @@
 #include "factor/modifmod.h"
 #include "factor/nomemod.h"
 #include "factor/nomquest.h"
-#include "factor/posmod.h"
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
 
-class Edition : public ::testing::Test {
+class Edition : public essai::RunDeProgramme {
  protected:
-  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 2, &dialogue_};
+  Edition() : RunDeProgramme(2) {}
 };
 
 // --- the list of a .MOD ---
@@ -66,13 +60,6 @@ TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\nYYY1\r\n");
   EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.MOD"), "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1 S \r\nSEX2 S F\r\n**\r\nXXX1\r\nYYY1\r\n");
-}
-
-TEST_F(Edition, LeavingWritesNothingButTheReport) {
-  Ecrire("ENQ.MOD", "T\n\nSEX1");
-  AbandonnerEdition(contexte_);
-  EXPECT_EQ(Lire("ENQ.MOD"), "T\n\nSEX1");
-  EXPECT_EQ(Lire("ENQ.PRT"), "Arrêt volontaire du programme\r\n"_w);
 }
 
 // --- NomQuest ---
@@ -124,26 +111,6 @@ TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
 }
 
 // --- NomeMod ---
-
-TEST_F(Edition, RepeatedCreationsAppendAndAreSavedTogether) {
-  Ecrire("ENQ.DAT", "1\n");
-  Ecrire("ENQ.POS", "T\n1\nSEX   1 1\nAGE   2 1\n");
-  std::vector<ModaliteNommee> modalites;
-  for (const char* question : {"SEX", "AGE"}) {
-    ASSERT_EQ(Posmod(contexte_, {.mode = ModePosmod::Modi, .actives = {{question}}}), Fin::Normale);
-    for (const ModaliteNommee& creee : LireModalitesCreees(contexte_).modalites) modalites.push_back(creee);
-  }
-  ASSERT_EQ(modalites.size(), 4U);
-  PoserIntitule(modalites[1].texte, "Homme");
-  EXPECT_EQ(EnregistrerNomeMod(contexte_, modalites), Fin::Normale);
-  EXPECT_EQ(Lire("ENQ.MOD"),
-            "ENQ\r\n BRT=2 FMT=0 \r\nSEX0   NonRéponse\r\nSEX1   Homme\r\nAGE0   NonRéponse\r\nAGE1   \r\n**\r\n"_w);
-}
-
-TEST_F(Edition, ANewFileGetsItsTwoFirstLines) {
-  SauverNomeMod(contexte_, {{"SEX1 S Homme"}, {"SEX2   "}});
-  EXPECT_EQ(Lire("ENQ.MOD"), "Liste des modalités\r\n BRT=2 FMT=0 \r\nSEX1   Homme\r\nSEX2   \r\n"_w);
-}
 
 TEST_F(Edition, WhatTheListDoesNotHoldStays) {
   Ecrire("ENQ.MOD", "T\r\n\r\nSEX1 S H\r\nAGE1 S J\r\n**\r\nSEX2   F\r\nCSP1 S C\r\n");

@@ -7,7 +7,7 @@
 #include <numbers>
 #include <random>
 
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
@@ -84,14 +84,9 @@ TEST(Ellipses, TitleNamesTheBoxesInTheirOrder) {
   EXPECT_EQ(SuiteDuTitre({false, false, true}), "  Ellipse(s)  indicatrice ");
 }
 
-class RunEllipses : public ::testing::Test {
+class RunEllipses : public essai::RunDeProgramme {
  protected:
-  RunEllipses() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-    dialogue_.demander = [this](std::string_view texte, Boutons) {
-      boites_ += texte;
-      return Reponse::Ok;
-    };
+  RunEllipses() : RunDeProgramme(2) {
     // Modality B2 stands third in the line. A1 is had by the first four people, B2 by the last, C1 by nobody.
     Ecrire("ENQ.MOD", "Titre\n BRT=1 LIGN=9 LSUP=5 COL=4 FMT=2 CDG=1\nA1     Oui\nA2     Non\nB2     Femme\nC1\n");
     Ecrire("ENQ.AFC",
@@ -103,8 +98,6 @@ class RunEllipses : public ::testing::Test {
     Ecrire("ENQ.CDG", "1   1000\n2   1000\n3   1000\n    1000Bernadette\n5   0110\n");
     Ecrire("ENQ.FI2", "Ax\nAx\nAx\nAx\n" + individus_);
   }
-  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
   std::optional<std::vector<EllipsesDeModalite>> Calculer() { return CalculerEllipses(contexte_, demande_); }
 
   const std::string entetes_ = "A1   4 0 0 0\nA2   0 1 1 0\nB2   0 1 1 0\nC1   0 0 0 0\n";
@@ -113,37 +106,8 @@ class RunEllipses : public ::testing::Test {
       "1     100   2000.0000  111      0.0000    0\n2     100  -2000.0000  111      0.0000    0\n"
       "3     100      0.0000  111   1000.0000    0\n4     100      0.0000  111  -1000.0000    0\n"
       "5     100    300.0000  111    500.0000    0\n";
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 2, &dialogue_};
   DemandeEllipses demande_{{1}, {2}, {true, true, true}, {{"A1  ", "Oui", 400, -500}}};
-  std::string montre_;
-  std::string boites_;
 };
-
-TEST_F(RunEllipses, ReportAndEllipsesOfTheMarkedModalities) {
-  demande_.modalites = {{"B2  ", "Femme", 100, 200}, {"C1  ", "", 1, 1}, {"A1  ", "Oui", 400, -500}};
-  const auto ellipses = Calculer();
-  ASSERT_TRUE(ellipses);
-  ASSERT_EQ(ellipses->size(), 2U);
-  const EllipsesDeModalite& oui = ellipses->back();
-  EXPECT_EQ(oui.effectif, 4);
-  EXPECT_DOUBLE_EQ(oui.centre.x, 200);  // 400 times the root of 0.25
-  EXPECT_DOUBLE_EQ(oui.centre.y, -100);
-  EXPECT_DOUBLE_EQ(oui.axes.lambda1, 2);
-  EXPECT_DOUBLE_EQ(oui.axes.lambda2, 0.5);
-  const std::string rapport = Lire("ENQ.PRT");
-  const std::string trois =
-      "Ellipse de concentration\r\nKappa=2.00 Pourcentage d'individus : 86.5%\r\n\r\n"
-      "Ellipse m\xE9"
-      "diane\r\nKappa=1.18 Pourcentage d'individus : 50.0%\r\n\r\n"
-      "Ellipse indicatrice\r\nKappa=1.00 Pourcentage d'individus : 39.3%\r\n\r\n";
-  EXPECT_EQ(rapport.substr(rapport.find("            Graphique")),
-            "            Graphique factoriel + Ellipse(s)\r\n\r\n"
-            "Modalit\xE9= B2   effectif=   1 Femme\r\n" +
-                trois + "Modalit\xE9= A1   effectif=   4 Oui\r\n" + trois);
-  EXPECT_EQ(montre_, "");
-}
 
 TEST_F(RunEllipses, AReversedAxisMirrorsCentreAndCloud) {
   Ecrire("ENQ.FI2",
@@ -160,6 +124,8 @@ TEST_F(RunEllipses, AReversedAxisMirrorsCentreAndCloud) {
   EXPECT_GT(droites->at(0).axes.angle, 0);
   EXPECT_DOUBLE_EQ(inverses->at(0).axes.angle, -droites->at(0).axes.angle);
   EXPECT_DOUBLE_EQ(inverses->at(0).axes.lambda2, droites->at(0).axes.lambda2);
+  EXPECT_NE(Lire("ENQ.PRT").find("Ellipse médiane\r\nKappa=1.18 Pourcentage d'individus : 50.0%\r\n"_w),
+            std::string::npos);
 }
 
 TEST_F(RunEllipses, AxesMayBeExchanged) {
@@ -180,9 +146,9 @@ TEST_F(RunEllipses, AfterAnAnalysisOfTheLogicalCodingTheLinesAreThoseOfTheCdg) {
   EXPECT_EQ(ellipses->at(0).effectif, 4);
   EXPECT_DOUBLE_EQ(ellipses->at(0).axes.lambda1, 2);
 
-  std::filesystem::remove(dossier_.Chemin() / "ENQ.CDG");
+  Effacer("ENQ.CDG");
   EXPECT_TRUE(Calculer()->empty());
-  EXPECT_EQ(boites_, "Le fichier en codage logique n'existe pas, vérifiez et relancez"_w);
+  EXPECT_EQ(boites_.back(), "Le fichier en codage logique n'existe pas, vérifiez et relancez"_w);
 }
 
 TEST_F(RunEllipses, RefusalsAreToldInTheReport) {
@@ -202,31 +168,12 @@ TEST_F(RunEllipses, RefusalsAreToldInTheReport) {
   for (const auto& c : cas) {
     SCOPED_TRACE(c.fichier + c.contenu);
     const std::string avant = Lire(c.fichier);
-    if (c.contenu == "-") std::filesystem::remove(dossier_.Chemin() / c.fichier);
+    if (c.contenu == "-") Effacer(c.fichier);
     else Ecrire(c.fichier, c.contenu);
     EXPECT_FALSE(Calculer());
     EXPECT_NE(montre_.find(c.attendu), std::string::npos) << montre_;
     Ecrire(c.fichier, avant);
   }
-}
-
-TEST(Ellipses, DrawnInColourOneAroundAMarkAndItsName) {
-  Dessin dessin(500, 400, {-1000, 1000, 1000, -1000}, {0, 0, 500, 400});
-  const EllipsesDeModalite oui{"A1  ",      "Oui",       4,
-                               {200, -100}, {2, 0.5, 0}, {GenreEllipse::Concentration, GenreEllipse::Indicatrice}};
-  TracerEllipses(dessin, std::span(&oui, 1));
-  for (const bool longs : {true, false}) TracerCentres(dessin, std::span(&oui, 1), longs, {});
-  std::string textes;
-  int courbes = 0;
-  for (const Forme& forme : dessin.Formes()) {
-    textes += forme.texte;
-    if (forme.genre != GenreForme::Ligne) continue;
-    ++courbes;
-    EXPECT_EQ(forme.plume.couleur, Couleur::BleuFonce);
-    EXPECT_EQ(forme.nombre, 101U);
-  }
-  EXPECT_EQ(textes, "PMOuiPMA1  ");
-  EXPECT_EQ(courbes, 2);
 }
 
 }  // namespace

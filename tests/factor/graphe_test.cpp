@@ -102,20 +102,6 @@ TEST(Graphe, SharesComeFromAReportOnAsManyFactors) {
   EXPECT_TRUE(enquete.Preparer()->parts.empty());
 }
 
-TEST(Graphe, WhatAClickTells) {
-  Enquete enquete;
-  enquete.Avec(".MOD", kMod).Avec(".FAJ", kFaj);
-  enquete.Avec(".FAI", "1       0      7    0      8    0Pierre\n2       0      9    0     10    0\n");
-  const EtatPlan etat = NouveauPlan(*enquete.Preparer());
-  const Contexte contexte = enquete.LeContexte();
-  EXPECT_EQ(TexteDuClic(contexte, etat, 2), "Trois");
-  EXPECT_EQ(TexteDuClic(contexte, etat, 1), "A2");
-  EXPECT_EQ(TexteDuClic(contexte, etat, 3), "Pierre\r\nPas de concordance disponible");  // no .DAT
-  enquete.Avec(".DAT", "12 mot $$ avant mot apres\r\n34 sans\r\n");
-  EXPECT_EQ(TexteDuClic(contexte, etat, 3), "Pierre\r\n avant mot apres");
-  EXPECT_EQ(TexteDuClic(contexte, etat, 4), "2\r\nPas de concordance disponible");
-}
-
 // Links may name any number: what the graph does not have is left out, and nothing falls.
 TEST(Graphe, LinksBeyondTheElements) {
   Enquete enquete;

@@ -117,31 +117,6 @@ TEST(Plan, ALevelAboveEveryCpfLeavesTheFrameAndTheAxes) {
   EXPECT_NEAR(axes[0].vers.x, 800 + 0.055 * 1600, 1e-9);
 }
 
-TEST(Plan, WhatIsShown) {
-  const struct {
-    EnsemblePoints ensemble;
-    int niveau, burt;
-    bool individus;
-    const char* attendus;
-  } cas[] = {
-      {EnsemblePoints::Tous, 0, 0, false, "A B C D E R1 R2 "},
-      {EnsemblePoints::Actifs, 0, 0, false, "A B C D R1 "},
-      {EnsemblePoints::Supplementaires, 0, 0, false, "E R2 "},
-      {EnsemblePoints::Tous, 60, 0, false, "A B C D "},  // on either factor
-      {EnsemblePoints::Tous, 61, 0, false, "A B C "},
-      {EnsemblePoints::Tous, 0, 1, false, "A B C D E "},       // rows that are individuals, when they are asked for
-      {EnsemblePoints::Tous, 0, 1, true, "R1 R2 A B C D E "},  // and then under the modalities
-  };
-  for (const auto& c : cas) {
-    EtatPlan etat = NouveauPlan(Carre());
-    etat.donnees.burt = c.burt;
-    etat.reglages.ensemble = c.ensemble;
-    etat.reglages.niveauCpf = c.niveau;
-    etat.reglages.individus = c.individus;
-    EXPECT_EQ(Ecrits(etat), c.attendus);
-  }
-}
-
 TEST(Plan, AxesAsTyped) {
   const DonneesPlan donnees = Carre();
   const struct {
@@ -195,34 +170,16 @@ TEST(Plan, LabelsAreNotCut) {
   EXPECT_EQ(Ecrits(etat), "E R1 R2 ");
 }
 
-TEST(Plan, SizeAndMoveButtons) {
+TEST(Plan, AWindowOfAnySizeKeepsTheScale) {
   EtatPlan etat = NouveauPlan(Carre());
   const Fenetre debut = etat.cadre.limites;
-  etat.dimension = DimensionPlan::Largeur;
-  ChangerEchelle(etat, true);
-  EXPECT_NEAR(etat.cadre.limites.droite, debut.droite / 1.2, 1e-9);
-  EXPECT_DOUBLE_EQ(etat.cadre.limites.haut, debut.haut);
-  ChangerEchelle(etat, false);
-  EXPECT_NEAR(etat.cadre.limites.droite, debut.droite, 1e-9);
-
   // A larger window shows more at the same scale.
   const double points = DessinerPlan(etat).VersPage({800, 0}).x - DessinerPlan(etat).VersPage({0, 0}).x;
   etat.coefficient = CoefficientPlan::Fort;
   ChangerPage(etat, true);
   EXPECT_NEAR(etat.cadre.limites.droite, debut.droite * 1.5, 1e-9);
   EXPECT_NEAR(DessinerPlan(etat).VersPage({800, 0}).x - DessinerPlan(etat).VersPage({0, 0}).x, points, points * 0.05);
-  ReinitialiserCadre(etat);
-  EXPECT_DOUBLE_EQ(etat.cadre.page, 1);
-
-  // The image goes to the right: the limits go to the left, by 50 thousandths of the window.
-  DeplacerImage(etat, 1, 0);
-  EXPECT_NEAR(etat.cadre.limites.gauche, -800 - 80, 1e-9);
-  // The place under the wheel stays.
   const Position fixe{200, 100};
-  const Position avant = DessinerPlan(etat).VersPage(fixe);
-  ZoomerAutour(etat, 3, fixe);
-  EXPECT_NEAR(DessinerPlan(etat).VersPage(fixe).x, avant.x, 1e-6);
-  EXPECT_NEAR(DessinerPlan(etat).VersPage(fixe).y, avant.y, 1e-6);
   // No wheel makes the window vanish or overflow.
   for (int i = 0; i < 2000; ++i) ZoomerAutour(etat, 2, fixe);
   EXPECT_GT(etat.cadre.limites.droite, etat.cadre.limites.gauche);
@@ -248,28 +205,6 @@ EtatPlan AvecLiens() {
   etat.donnees.liens = {{1, 2, 90}, {2, 3, 80}, {1, 3, 70}, {4, 5, 60}, {1, 6, 50}};
   etat.reglages.liens.actif = true;
   return etat;
-}
-
-TEST(Plan, LinksReplaceThePointsAndTheAxes) {
-  EtatPlan etat = AvecLiens();
-  EXPECT_TRUE(Traits(etat, "axes").empty());
-  EXPECT_EQ(Ecrits(etat), "A B C D E R1 ");  // R2 has no link
-  EXPECT_EQ(Traits(etat, "liens").size(), 5U);
-  EXPECT_EQ(Traits(etat, "liens")[1], (Trait{{-800, 400}, {-800, -400}, Couleur::Rouge}));
-
-  etat.reglages.liens.progressif = 1;
-  EXPECT_EQ(Ecrits(etat), "A B ");
-  etat.reglages.liens.progressif.reset();
-  etat.reglages.liens.ecMin = 60;
-  etat.reglages.liens.ecSup = 80;
-  EXPECT_EQ(Ecrits(etat), "A B C D E ");
-  EXPECT_EQ(Traits(etat, "liens").size(), 3U);
-  etat.reglages.ensemble = EnsemblePoints::Actifs;
-  EXPECT_EQ(Ecrits(etat), "A B C ");
-  etat.reglages.liens.arbre = true;  // 2-3 and 1-3 close no cycle without 1-2
-  EXPECT_EQ(Traits(etat, "liens").size(), 2U);
-  etat.reglages.liens.ecSup = 100;
-  EXPECT_EQ(Traits(etat, "liens").size(), 2U);  // 1-2 and 2-3: 1-3 would close one
 }
 
 TEST(Plan, MarksChooseLinksAndColours) {

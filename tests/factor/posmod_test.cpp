@@ -1,41 +1,13 @@
 #include "factor/posmod.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
-#include <filesystem>
-#include <map>
-
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
 
-namespace fs = std::filesystem;
-
-class RunPosmod : public ::testing::Test {
- protected:
-  RunPosmod() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-    dialogue_.biper = [this] { ++bips_; };
-  }
-  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
-  std::map<std::string, std::string> Fichiers() {
-    std::map<std::string, std::string> fichiers;
-    for (const auto& entree : fs::directory_iterator(dossier_.Chemin()))
-      if (entree.path().filename() != "ENQ.PRT")
-        fichiers[entree.path().filename().string()] = LireOctets(entree.path());
-    return fichiers;
-  }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  std::string montre_;
-  int bips_ = 0;
-};
+class RunPosmod : public essai::RunDeProgramme {};
 
 TEST_F(RunPosmod, NumbersAbove9999AreLongNames) {
   std::string donnees;
@@ -96,38 +68,24 @@ TEST_F(RunPosmod, AFailedRunLeavesTheFilesWhole) {
   Ecrire("ENQ.BRT", "ancien\r\n");
   Ecrire("ENQ.CDG", "ancien\r\n");
   Ecrire("ENQ.MOD", "T\r\n");  // its second line lacks
-  auto avant = Fichiers();
+  auto avant = Fichiers("ENQ.PRT");
   EXPECT_EQ(Posmod(contexte_, {.individus = true}), Fin::Arret);
   EXPECT_NE(montre_.find("Il y a eu tentative de lire un fichier deja termine"), std::string::npos);
-  EXPECT_EQ(Fichiers(), avant);
+  EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
 
   Ecrire("ENQ.MOD", "T\r\n\r\nSEX1 S Homme\r\n");
-  avant = Fichiers();
-  rlimit ancienne{};
-  getrlimit(RLIMIT_FSIZE, &ancienne);
-  rlimit courte = ancienne;
-  courte.rlim_cur = 2048;  // enough for the report, not for the table of 200 modalities
+  avant = Fichiers("ENQ.PRT");
   std::string donnees;
   for (int i = 0; i < 30; ++i) donnees += "1234567890\n";
   Ecrire("ENQ.DAT", donnees);
   Ecrire("ENQ.POS", "T\n 30 \nAAA   199 &ACT&\nBBB   399 &ACT&\n");
-  avant = Fichiers();
-  signal(SIGXFSZ, SIG_IGN);
-  setrlimit(RLIMIT_FSIZE, &courte);
-  const Fin fin = Posmod(contexte_, {.individus = true});
-  setrlimit(RLIMIT_FSIZE, &ancienne);
-  EXPECT_EQ(fin, Fin::Arret);
+  avant = Fichiers("ENQ.PRT");
+  {
+    const essai::DisquePlein disque(2048);  // enough for the report, not for the table of 200 modalities
+    EXPECT_EQ(Posmod(contexte_, {.individus = true}), Fin::Arret);
+  }
   EXPECT_NE(montre_.find(" notez le numero =  61 Disque plein"), std::string::npos) << montre_;
-  EXPECT_EQ(Fichiers(), avant);
-}
-
-TEST_F(RunPosmod, LeavingTheFormReportsThePreparation) {
-  Ecrire("ENQ.DAT", "1\n");
-  Ecrire("ENQ.POS", "T\n 1 \nSEX   1 2 &ACT&\n");
-  const auto avant = Fichiers();
-  EXPECT_EQ(AbandonnerPosmod(contexte_), Fin::Normale);
-  EXPECT_TRUE(montre_.ends_with("ENQ.BRT\r\nIl y a  1  individus\r\n"));
-  EXPECT_EQ(Fichiers(), avant);
+  EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
 }
 
 }  // namespace

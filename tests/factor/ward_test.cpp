@@ -137,18 +137,6 @@ TEST(Ward, HeightsOnSquaresAreThoseOfTheMeans) {
   }
 }
 
-TEST(Ward, TiesGoToTheLowestElement) {
-  // Four corners of a square: 1-2, 3-4 and two more pairs are at distance 1.
-  const std::vector<EtapeWard> etapes =
-      ClasserPoints(essai::MatriceDe({{0, 1, 1, 0}, {0, 0, 1, 1}}), MethodeWard::Distances, kSansSuivi);
-  EXPECT_EQ(etapes[0].premier, 1);
-  EXPECT_EQ(etapes[0].second, 2);
-  EXPECT_EQ(etapes[1].itemPremier, 3);
-  EXPECT_EQ(etapes[1].itemSecond, 4);
-  EXPECT_EQ(etapes[2].itemPremier, -1);
-  EXPECT_EQ(etapes[2].itemSecond, -2);
-}
-
 TEST(Ward, SmallAndDistantPopulations) {
   EXPECT_TRUE(ClasserPoints(Matrice(2, 0), MethodeWard::Carres, kSansSuivi).empty());
   EXPECT_TRUE(ClasserPoints(Matrice(2, 1), MethodeWard::Carres, kSansSuivi).empty());

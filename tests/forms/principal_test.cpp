@@ -150,15 +150,6 @@ TEST(Principal, RepertoireSansInitialisationAttendUnGenerique) {
   EXPECT_EQ(bureau.Fenetre().windowTitle(), " Pas de générique en cours, niveau d'utilisateur=1");
 }
 
-TEST(Principal, EntreesSansProgrammeDesactivees) {
-  Bureau bureau;
-  bureau.Ouvrir();
-  for (const char* entree : {"mnuReglin", "mnuAnecar", "mnuUtil"})
-    EXPECT_EQ(bureau.MenuActif(entree), bureau.Fenetre().ProgrammeExiste(entree)) << entree;
-  for (const char* presente : {"mnuPrem", "mnuImport", "mnuTriapl", "mnuImpr", "mnuQuitter", "mnuAPropos"})
-    EXPECT_TRUE(bureau.MenuActif(presente)) << presente;
-}
-
 TEST(Principal, TaillesDeLEcran) {
   BureauOuvert bureau;
   auto& texte = bureau.Controle<quelvar::TexteFixe>("Text1");

@@ -260,15 +260,6 @@ TEST(TriAPlat, RapportLongDansLeLecteur) {
   EXPECT_EQ(bureau.Forme<quelvar::FrmAbout>(), nullptr);
 }
 
-TEST(TriAPlat, RapportQuiNePeutPasEtreEcrit) {
-  BureauEnq bureau(1);
-  bureau.AvecDonnees();
-  std::filesystem::create_directory(bureau.Dossier() / "ENQ.TAP");
-  bureau.Ouvrir();
-  bureau.Menu("mnuTriapl");
-  EXPECT_TRUE(bureau.Texte().contains("Erreur d'accès chemin/fichier"));
-}
-
 TEST(Repertoires, DoubleClicEtFichierInitialisation) {
   BureauEnq bureau(1);
   std::filesystem::create_directory(bureau.Dossier() / "Autre");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
@@ -11,17 +11,12 @@ constexpr std::string_view kPos =
     "Enquête\r\n 100 ( 10 ) max POND incl sex=1\r\nSEX   1 2&ACT&$Sexe$\r\nAGE   212 1-6=1 / 7-12=2 $Age$ &SUP&\r\n"
     "NOM   4 5A\r\nREV   9L3\r\nPON  12 9 S\r\n$$CUL\r\nSEX     1\r\nAGE    12 3\r\n$$NRP\r\nREV     0\r\n$$\r\nReste\r\n"_w;
 
-class Preparation : public ::testing::Test {
+class Preparation : public essai::RunDeProgramme {
  protected:
-  Preparation() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-    dialogue_.demander = [this](std::string_view texte, Boutons) {
-      boite_ = texte;
-      return Reponse::Ok;
-    };
-  }
-  void Ecrire(std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / "ENQ.POS", octets); }
-  std::string Lire() { return LireOctets(dossier_.Chemin() / "ENQ.POS"); }
+  using RunDeProgramme::Ecrire;
+  using RunDeProgramme::Lire;
+  void Ecrire(std::string_view octets) const { Ecrire("ENQ.POS", octets); }
+  std::string Lire() const { return Lire("ENQ.POS"); }
   EtatPrepRecod Ouvrir(std::string_view pos = kPos) {
     Ecrire(pos);
     return PreparerRecodage(contexte_).value();
@@ -35,11 +30,6 @@ class Preparation : public ::testing::Test {
     const std::string pos = Enregistrer(etat);
     return pos.substr(pos.find("\r\n", pos.find("\r\n") + 2) + 2);
   }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  std::string montre_, boite_;
 };
 
 TEST_F(Preparation, SavingWithoutAChangeKeepsTheInstructions) {
@@ -210,10 +200,11 @@ TEST_F(Preparation, ABrokenFileIsTold) {
   montre_ = "rien";
   Ecrire("T\r\n1\r\nSEX   1 2 $Sexe\r\n");
   EXPECT_FALSE(PreparerRecodage(contexte_).has_value());
-  EXPECT_EQ(boite_, "L'intitulé de la question SEX n'est pas encadré par le signe dollar, corrigez et relancez "_w);
+  EXPECT_EQ(boites_.back(),
+            "L'intitulé de la question SEX n'est pas encadré par le signe dollar, corrigez et relancez "_w);
   Ecrire("T\r\n1 )(\r\nSEX   1 2\r\n");
   EXPECT_FALSE(PreparerRecodage(contexte_).has_value());
-  EXPECT_EQ(boite_, MessageParentheses());
+  EXPECT_EQ(boites_.back(), MessageParentheses());
   EXPECT_EQ(montre_, "rien");
 }
 

@@ -2,43 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
-#include "core/fichiers.h"
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
 
-class RunRecodage : public ::testing::Test {
+class RunRecodage : public essai::RunDeProgramme {
  protected:
-  RunRecodage() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-    dialogue_.saisir = [this](std::string_view, std::string_view propose) {
-      return reponse_.value_or(std::string(propose));
-    };
-    dialogue_.demander = [this](std::string_view texte, Boutons) {
-      boites_.emplace_back(texte);
-      return bouton_;
-    };
-  }
-  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
-  bool Dit(std::string_view texte) const { return montre_.find(texte) != std::string::npos; }
-  std::set<std::string> Fichiers() const {
-    std::set<std::string> noms;
-    for (const auto& f : std::filesystem::directory_iterator(dossier_.Chemin())) noms.insert(f.path().filename());
-    return noms;
-  }
   Fin Executer(const OptionsRecodage& options = {}) { return Recodage(contexte_, options); }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  std::optional<std::string> reponse_;
-  Reponse bouton_ = Reponse::Oui;
-  std::vector<std::string> boites_;
-  std::string montre_;
 };
 
 TEST_F(RunRecodage, AStoppedRunLeavesTheNewGenericAlone) {
@@ -65,27 +36,30 @@ TEST_F(RunRecodage, AStoppedRunLeavesTheNewGenericAlone) {
     Ecrire("ENR.DAT", "ancien");
     EXPECT_EQ(Executer(), Fin::Arret) << texte;
     EXPECT_TRUE(Dit(texte)) << texte << montre_;
-    EXPECT_EQ(Lire("ENR.POS") + Lire("ENR.DAT"), "ancienancien") << texte;
-    EXPECT_EQ(Fichiers(), (std::set<std::string>{"ENQ.DAT", "ENQ.POS", "ENR.DAT", "ENR.POS", "ENR.REC"})) << texte;
+    EXPECT_EQ(Fichiers("ENR.REC"), (std::map<std::string, std::string>{{"ENQ.DAT", std::string(donnees)},
+                                                                       {"ENQ.POS", std::string(pos)},
+                                                                       {"ENR.DAT", "ancien"},
+                                                                       {"ENR.POS", "ancien"}}))
+        << texte;
   }
 }
 
 TEST_F(RunRecodage, NothingThatTheRunReadsIsWrittenOver) {
   Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2 1=2\n");
   Ecrire("ENQ.DAT", "1\r\n");
-  reponse_ = "enq";
+  saisie_ = "enq";
   EXPECT_EQ(Executer(), Fin::Arret);
   EXPECT_TRUE(Dit("notez le numero =  70 ")) << montre_;
   EXPECT_EQ(Lire("ENQ.DAT"), "1\r\n");
 
   Ecrire("ENR.DAT", "1\r\n");
-  reponse_ = "ENR";
+  saisie_ = "ENR";
   EXPECT_EQ(Executer({.fichierDonnees = "enr.dat"}), Fin::Arret);
   EXPECT_TRUE(Dit("notez le numero =  70 ")) << montre_;
   EXPECT_EQ(Lire("ENR.DAT"), "1\r\n");
 
   Ecrire("ENR.POS", "ancien");
-  EffacerFichier(dossier_.Chemin() / "ENR.DAT");
+  Effacer("ENR.DAT");
   std::filesystem::create_directory(dossier_.Chemin() / "ENR.DAT");
   EXPECT_EQ(Executer(), Fin::Arret) << "a directory stands in the way";
   EXPECT_EQ(Lire("ENR.POS"), "ancien");

@@ -6,7 +6,7 @@
 #include "core/report.h"
 #include "sorts/tableau_plat.h"
 #include "sorts/triapl_edition.h"
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
@@ -69,21 +69,9 @@ TEST(TableauPlat, SharesRoundHalfUpAndSurviveAnEmptyTotal) {
   EXPECT_EQ(PartEnDixiemes(5, 0), 0);
 }
 
-class RunTriapl : public ::testing::Test {
+class RunTriapl : public essai::RunDeProgramme {
  protected:
-  RunTriapl() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage.texte; };
-    dialogue_.biper = [this] { ++bips_; };
-  }
-  void Ecrire(const std::string& nom, std::string_view octets) { essai::EcrireOctets(dossier_.Chemin() / nom, octets); }
-  std::string Lire(const std::string& nom) { return LireOctets(dossier_.Chemin() / nom); }
   Fin Executer(const OptionsTriapl& options = {}) { return Triapl(contexte_, options); }
-
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  std::string montre_;
-  int bips_ = 0;
 };
 
 TEST_F(RunTriapl, FiftyOverflowsPassAndTheNextOneStops) {

@@ -1,5 +1,6 @@
 #include "support/environnement.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
@@ -23,6 +24,15 @@ DossierTemporaire::~DossierTemporaire() {
   std::error_code ignoree;
   std::filesystem::remove_all(chemin_, ignoree);
 }
+
+DisquePlein::DisquePlein(rlim_t octets) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  getrlimit(RLIMIT_FSIZE, &avant_);
+  const rlimit limite{octets, avant_.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &limite);
+}
+
+DisquePlein::~DisquePlein() { setrlimit(RLIMIT_FSIZE, &avant_); }
 
 void EcrireOctets(const std::filesystem::path& fichier, std::string_view octets) {
   std::ofstream flux(fichier, std::ios::binary | std::ios::trunc);

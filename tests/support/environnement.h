@@ -1,6 +1,8 @@
 // Pins what a test could catch from the machine it runs on, and lends it a directory of its own.
 #pragma once
 
+#include <sys/resource.h>
+
 #include <filesystem>
 #include <string_view>
 
@@ -21,6 +23,18 @@ class DossierTemporaire {
 
  private:
   std::filesystem::path chemin_;
+};
+
+// While it lives no file grows beyond that many bytes: it stands in for a disk that is full.
+class DisquePlein {
+ public:
+  explicit DisquePlein(rlim_t octets);
+  ~DisquePlein();
+  DisquePlein(const DisquePlein&) = delete;
+  DisquePlein& operator=(const DisquePlein&) = delete;
+
+ private:
+  rlimit avant_{};
 };
 
 // Writes the bytes as they stand; throws std::runtime_error when it cannot.
