@@ -102,8 +102,8 @@ TEST(Affichage, PartielSousSaRegle) {
   EXPECT_EQ(lignes.size(), 5 + 28000 / 14 + 1);
   auto& verrou = bureau.Controle<QCheckBox>("VerrouLignes");
   ASSERT_TRUE(verrou.isVisible());
-  QTest::mouseClick(&verrou, Qt::LeftButton, {}, QPoint(8, verrou.height() / 2));
-  QTest::mouseClick(&bureau.Controle<QCheckBox>("VerrouColonnes"), Qt::LeftButton, {}, QPoint(8, verrou.height() / 2));
+  essai::Cliquer(bureau.Fenetre(), "VerrouLignes");
+  essai::Cliquer(bureau.Fenetre(), "VerrouColonnes");
   ASSERT_TRUE(verrou.isChecked());
   // The ruler stays where it was on the screen while the lines pass under it.
   QWidget* vue = bureau.Text1().viewport();
@@ -112,7 +112,7 @@ TEST(Affichage, PartielSousSaRegle) {
   const QImage avant = tete();
   bureau.Text1().verticalScrollBar()->setValue(500);
   EXPECT_EQ(tete(), avant);
-  QTest::mouseClick(&verrou, Qt::LeftButton, {}, QPoint(8, verrou.height() / 2));
+  essai::Cliquer(bureau.Fenetre(), "VerrouLignes");
   EXPECT_NE(tete(), avant);
   bureau.Ecrire("ENQ.TAP", "x");
   bureau.Menu("mnuAfTAP");
@@ -135,7 +135,7 @@ TEST(Affichage, PartielDUnFichierQuelconque) {
   });
   pilote.Cliquer("Oui");
   pilote.Cliquer("Non");
-  QTest::mouseClick(&bureau.Controle<QPushButton>("BoutonEnregS"), Qt::LeftButton);
+  essai::Cliquer(bureau.Fenetre(), "BoutonEnregS");
   EXPECT_TRUE(pilote.Vues().back().contains("ne montre que le début"));
   EXPECT_EQ(bureau.Lire("Autre nom.xyz").size(), 40000U);
 }
@@ -204,7 +204,7 @@ TEST(Affichage, ImpressionAbandonneeEtPdf) {
   bureau.Menu("mnuPDF");
   EXPECT_TRUE(bureau.Lire("resultat.pdf").starts_with("%PDF-"));
   pilote.Cliquer("OK");  // no printer here
-  QTest::mouseClick(&bureau.Controle<QPushButton>("BoutonImpr"), Qt::LeftButton);
+  essai::Cliquer(bureau.Fenetre(), "BoutonImpr");
   EXPECT_EQ(pilote.Vues().back(), "Pas d'imprimante disponible (ou annulation)");
 }
 

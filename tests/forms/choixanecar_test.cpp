@@ -15,6 +15,10 @@
 namespace {
 
 using essai::Bureau;
+using essai::Champ;
+using essai::Cliquer;
+using essai::Taper;
+using essai::Visible;
 using namespace quelvar;
 
 // Four modalities and eight people behind their Burt table; the generic AUT is a plain table of 3 x 3.
@@ -37,37 +41,13 @@ class FormeAnecar : public testing::Test {
   ChoixAnecar& Ouvrir(const char* menu = "mnuAnecar") {
     if (!ouvert_) bureau_.Ouvrir();
     ouvert_ = true;
-    bureau_.Menu(menu);
-    auto* forme = bureau_.Forme<ChoixAnecar>();
-    if (forme == nullptr) throw std::runtime_error("the form is not shown");
-    return *forme;
+    return bureau_.Demander<ChoixAnecar>(menu);
   }
   void ChoisirGenerique(const QString& generique) {
     if (!ouvert_) bureau_.Ouvrir();
     ouvert_ = true;
     ASSERT_TRUE(bureau_.Fenetre().AccepterGenerique(generique));
   }
-  // Clicks where a user would: on the mark of a box, in the middle of a button.
-  static void Cliquer(const QWidget& forme, const char* nom) {
-    auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);
-    ASSERT_TRUE(bouton.isVisible()) << nom;
-    QTest::mouseClick(&bouton, Qt::LeftButton, {},
-                      bouton.isCheckable() ? QPoint(8, bouton.height() / 2) : bouton.rect().center());
-    QCoreApplication::processEvents();
-  }
-  static void Cliquer(const QWidget& forme, std::initializer_list<const char*> noms) {
-    for (const char* nom : noms) Cliquer(forme, nom);
-  }
-  static void Taper(const QWidget& forme, const char* champ, const char* texte) {
-    auto& c = Bureau::Dans<QLineEdit>(forme, champ);
-    ASSERT_TRUE(c.isVisible()) << champ;
-    c.selectAll();
-    QTest::keyClicks(&c, texte);
-  }
-  static QString Valeur(const QWidget& forme, const char* champ) {
-    return Bureau::Dans<QLineEdit>(forme, champ).text();
-  }
-  static bool Visible(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isVisible(); }
   bool Rapporte(const char* texte) { return bureau_.Texte().contains(QString::fromUtf8(texte)); }
 
   Bureau bureau_{true};
@@ -83,7 +63,7 @@ TEST_F(FormeAnecar, ParDefautTablesCompactesDeTroisFacteurs) {
   for (const char* nom : kDetails) EXPECT_FALSE(Visible(forme, nom)) << nom;
   EXPECT_FALSE(Visible(forme, "frmSiTrié"));
   EXPECT_FALSE(Visible(forme, "FrWard"));
-  EXPECT_EQ(Valeur(forme, "TextBoxNbFact"), "3");
+  EXPECT_EQ(Champ(forme, "TextBoxNbFact"), "3");
   Cliquer(forme, "BoutEnreg");
   EXPECT_EQ(bureau_.Forme<ChoixAnecar>(), nullptr);
   EXPECT_TRUE(Rapporte("AFC : Analyse des correspondances"));
@@ -98,8 +78,8 @@ TEST_F(FormeAnecar, LEditionTrieeOuvreSesSeuils) {
   const ChoixAnecar& forme = Ouvrir("mnuAnecarText");
   Cliquer(forme, {"optACP", "optTrié"});
   EXPECT_TRUE(Visible(forme, "frmSiTrié"));
-  EXPECT_EQ(Valeur(forme, "TextBoxCTRL"), "Moyenne");
-  EXPECT_EQ(Valeur(forme, "TextBoxCTRC"), "Moyenne");
+  EXPECT_EQ(Champ(forme, "TextBoxCTRL"), "Moyenne");
+  EXPECT_EQ(Champ(forme, "TextBoxCTRC"), "Moyenne");
   Cliquer(forme, "CaseLignes");
   Taper(forme, "TextBoxCTRL", "450");
   Cliquer(forme, "BoutEnreg");
@@ -114,7 +94,7 @@ TEST_F(FormeAnecar, LesSeuilsReviennentALaMoyenneEtLesLignesNeSontQueDesListes) 
   Cliquer(forme, {"optTrié", "CaseLignes"});
   Taper(forme, "TextBoxCTRC", "0");
   Cliquer(forme, {"optCompact", "optTrié"});
-  EXPECT_EQ(Valeur(forme, "TextBoxCTRC"), "Moyenne");
+  EXPECT_EQ(Champ(forme, "TextBoxCTRC"), "Moyenne");
   Cliquer(forme, {"optCompact", "BoutEnreg"});
   EXPECT_FALSE(Rapporte("Le seuil d'edition"));
 }
@@ -151,12 +131,12 @@ TEST_F(FormeAnecar, CeQuiEstCacheNePrendPasPartALAnalyse) {
   const ChoixAnecar& forme = Ouvrir();
   Cliquer(forme, {"optDetails", "CaseCDG", "ChkCAH", "TriEdit", "CaseLignes2"});
   EXPECT_TRUE(Visible(forme, "FrWard"));
-  EXPECT_EQ(Valeur(forme, "TextBoxNbFact"), "5");
+  EXPECT_EQ(Champ(forme, "TextBoxNbFact"), "5");
   Cliquer(forme, "optCompact");
   for (const char* nom : kDetails) EXPECT_FALSE(Visible(forme, nom)) << nom;
   EXPECT_FALSE(Visible(forme, "FrWard"));
   EXPECT_FALSE(Visible(forme, "frmSiTrié"));
-  EXPECT_EQ(Valeur(forme, "TextBoxNbFact"), "3");
+  EXPECT_EQ(Champ(forme, "TextBoxNbFact"), "3");
   Cliquer(forme, "BoutEnreg");
   EXPECT_TRUE(Rapporte("Le nombre total de  lignes  du tableau est de  12 \n"));
   EXPECT_FALSE(bureau_.Existe("ENQ.CAH"));
@@ -179,7 +159,7 @@ TEST_F(FormeAnecar, ChaqueClicSurLaClassificationRemetCinqFacteurs) {
   for (int clic = 0; clic < 2; ++clic) {
     Taper(forme, "TextBoxNbFact", "4");
     Cliquer(forme, "ChkCAH");
-    EXPECT_EQ(Valeur(forme, "TextBoxNbFact"), "5");
+    EXPECT_EQ(Champ(forme, "TextBoxNbFact"), "5");
     EXPECT_EQ(Visible(forme, "FrWard"), clic == 0);
   }
 }

@@ -12,7 +12,10 @@
 
 namespace {
 
+using essai::Actif;
 using essai::Bureau;
+using essai::Cliquer;
+using essai::Etiquette;
 using quelvar::ChoixEcapem;
 
 class FormeEcapem : public testing::Test {
@@ -25,19 +28,7 @@ class FormeEcapem : public testing::Test {
     bureau_.Ouvrir();
   }
 
-  ChoixEcapem& Ouvrir(const char* entree = "mnuEcapem") {
-    bureau_.Menu(entree);
-    auto* forme = bureau_.Forme<ChoixEcapem>();
-    if (forme == nullptr) throw std::runtime_error("the form is not shown");
-    return *forme;
-  }
-  // Clicks where a user would: on the mark of the box.
-  static void Cliquer(const ChoixEcapem& forme, const char* nom) {
-    auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);
-    QTest::mouseClick(&bouton, Qt::LeftButton, {}, QPoint(8, bouton.height() / 2));
-  }
-  static QString Texte(const ChoixEcapem& forme, const char* nom) { return Bureau::Dans<QLabel>(forme, nom).text(); }
-  static bool Actif(const ChoixEcapem& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isEnabled(); }
+  ChoixEcapem& Ouvrir(const char* entree = "mnuEcapem") { return bureau_.Demander<ChoixEcapem>(entree); }
 
   Bureau bureau_;
 };
@@ -77,12 +68,12 @@ TEST_F(FormeEcapem, TousLesPemEtNomsCourts) {
 
 TEST_F(FormeEcapem, AidesDesCases) {
   const ChoixEcapem& forme = Ouvrir();
-  EXPECT_EQ(Texte(forme, "AideCompact"), "Seuls les écarts positifs sont pris en compte");
-  EXPECT_EQ(Texte(forme, "AideRetour"), "Seul le tableau observé est examiné ");
+  EXPECT_EQ(Etiquette(forme, "AideCompact"), "Seuls les écarts positifs sont pris en compte");
+  EXPECT_EQ(Etiquette(forme, "AideRetour"), "Seul le tableau observé est examiné ");
   Cliquer(forme, "ChkCompact");
-  EXPECT_EQ(Texte(forme, "AideCompact"), "Les écarts positifs et négatifs sont utilisés");
+  EXPECT_EQ(Etiquette(forme, "AideCompact"), "Les écarts positifs et négatifs sont utilisés");
   Cliquer(forme, "ChkRetour");
-  EXPECT_NE(Texte(forme, "AideRetour"), "Seul le tableau observé est examiné ");
+  EXPECT_NE(Etiquette(forme, "AideRetour"), "Seul le tableau observé est examiné ");
 }
 
 TEST_F(FormeEcapem, CliquesAuClavier) {

@@ -17,8 +17,12 @@
 
 namespace {
 
+using essai::Actif;
 using essai::Bureau;
+using essai::Cliquer;
+using essai::Coche;
 using essai::Pilote;
+using essai::Visible;
 using quelvar::ChoixVar;
 using quelvar::Graphe2;
 using quelvar::VueDessin;
@@ -33,18 +37,8 @@ struct BureauDEnquete : Bureau {
     Ecrire("ENQ.DAT", "111\r\n112\r\n113\r\n121\r\n211\r\n222\r\n223\r\n221\r\n");
     Ouvrir();
   }
-  ChoixVar& Demande() {
-    Menu("mnuCroise");
-    ChoixVar* forme = Forme<ChoixVar>();
-    if (forme == nullptr) throw std::runtime_error("the form did not open");
-    return *forme;
-  }
+  ChoixVar& Demande() { return Demander<ChoixVar>("mnuCroise"); }
 };
-
-void Cliquer(const QWidget& forme, const char* bouton) {
-  auto& controle = Bureau::Dans<QAbstractButton>(forme, bouton);
-  QTest::mouseClick(&controle, Qt::LeftButton, {}, QPoint(8, controle.height() / 2));
-}
 
 // Chooses these rows of a list as a click and control clicks do.
 void Choisir(const QWidget& forme, const char* liste, const QList<int>& rangs) {
@@ -55,14 +49,12 @@ void Choisir(const QWidget& forme, const char* liste, const QList<int>& rangs) {
                       lignes.visualItemRect(lignes.item(rang)).center());
 }
 
-QString Titre(const QWidget& forme) { return Bureau::Dans<QLabel>(forme, "TitreNbTab").text(); }
-bool Visible(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isVisible(); }
-bool Actif(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isEnabled(); }
+QString Titre(const QWidget& forme) { return essai::Etiquette(forme, "TitreNbTab"); }
 
 TEST(ChoixVar, SerieALaSouris) {
   BureauDEnquete bureau;
   ChoixVar& forme = bureau.Demande();
-  EXPECT_EQ(Bureau::Dans<QListWidget>(forme, "ListVar1").item(0)->text(), "SEX   1  2 Sexe");
+  EXPECT_EQ(essai::Lignes(forme, "ListVar1")[0], "SEX   1  2 Sexe");
   EXPECT_EQ(Titre(forme), "Sélectionner une question");
   EXPECT_FALSE(Actif(forme, "BoutLancerTri"));
   Choisir(forme, "ListVar1", {2, 0});
@@ -101,7 +93,7 @@ TEST(ChoixVar, ControlesSelonLeNiveau) {
   for (const char* cadre : {"FrmTri", "FrmBloc", "FrmAFC", "FrmGraphe", "FrmDetKhi2"})
     EXPECT_FALSE(Visible(simple, cadre)) << cadre;
   EXPECT_TRUE(Visible(simple, "FrmNR"));
-  EXPECT_TRUE(Bureau::Dans<QRadioButton>(simple, "EditLarge").isChecked());
+  EXPECT_TRUE(Coche(simple, "EditLarge"));
   Cliquer(simple, "Aide");
   ASSERT_EQ(debutant.ouverts.size(), 1);
   EXPECT_TRUE(debutant.ouverts[0].endsWith("/aide/QuelvarAide.html#8"));
@@ -164,14 +156,14 @@ TEST(ChoixVar, TableauIsoleAvecQuestion) {
   Pilote pilote;
   pilote.Cliquer("Non");
   Cliquer(forme, "CaseBRT");
-  EXPECT_FALSE(Bureau::Dans<QCheckBox>(forme, "CaseBRT").isChecked());
+  EXPECT_FALSE(Coche(forme, "CaseBRT"));
   EXPECT_FALSE(Actif(forme, "CaseBRT"));
   EXPECT_EQ(bureau.Lire("ENQ.MOD"), "ancien\r\n");
   Cliquer(forme, "BoutInvers");
   pilote.Cliquer("Oui");
   Cliquer(forme, "CaseBRT");
   Cliquer(forme, "BoutLancerTri");
-  EXPECT_FALSE(Bureau::Dans<QCheckBox>(forme, "CaseBRT").isChecked());
+  EXPECT_FALSE(Coche(forme, "CaseBRT"));
   EXPECT_EQ(bureau.Lire("ENQ.BRT"), "VOT1    3    1\r\nVOT2    1    3\r\n");
 }
 

@@ -199,21 +199,20 @@ TEST_F(FrmSDI, FindsAndReplacesFromTheDialog) {
   EXPECT_EQ(Texte().textCursor().selectionStart(), 12);
   QTest::keyClick(&Texte(), Qt::Key_F3);
   EXPECT_EQ(Texte().textCursor().selectionStart(), 0);
-  EXPECT_EQ(Bureau::Dans<QLabel>(*dialogue, "LabelResultat").text(), "Reprise au début du texte");
+  EXPECT_EQ(essai::Etiquette(*dialogue, "LabelResultat"), "Reprise au début du texte");
   QTest::keyClick(&Texte(), Qt::Key_F3, Qt::ShiftModifier);
   EXPECT_EQ(Texte().textCursor().selectionStart(), 12);
 
-  auto& boucle = Bureau::Dans<QCheckBox>(*dialogue, "ChkBoucle");
-  QTest::mouseClick(&boucle, Qt::LeftButton, {}, QPoint(8, boucle.height() / 2));
-  QTest::mouseClick(&Bureau::Dans<QPushButton>(*dialogue, "BoutSuivant"), Qt::LeftButton);
-  EXPECT_EQ(Bureau::Dans<QLabel>(*dialogue, "LabelResultat").text(), QString::fromUtf8("« sex » est introuvable"));
+  essai::Cliquer(*dialogue, "ChkBoucle");
+  essai::Cliquer(*dialogue, "BoutSuivant");
+  EXPECT_EQ(essai::Etiquette(*dialogue, "LabelResultat"), QString::fromUtf8("« sex » est introuvable"));
 
   QTest::keyClicks(&Bureau::Dans<QLineEdit>(*dialogue, "TextRemplace"), "SXE");
-  QTest::mouseClick(&Bureau::Dans<QPushButton>(*dialogue, "BoutRemplacer"), Qt::LeftButton);
+  essai::Cliquer(*dialogue, "BoutRemplacer");
   EXPECT_EQ(Texte().toPlainText(), "SEX 1\nAGE 2\nSXE 3\n");
-  QTest::mouseClick(&Bureau::Dans<QPushButton>(*dialogue, "BoutToutRemplacer"), Qt::LeftButton);
+  essai::Cliquer(*dialogue, "BoutToutRemplacer");
   EXPECT_EQ(Texte().toPlainText(), "SXE 1\nAGE 2\nSXE 3\n");
-  EXPECT_EQ(Bureau::Dans<QLabel>(*dialogue, "LabelResultat").text(), "1 remplacement");
+  EXPECT_EQ(essai::Etiquette(*dialogue, "LabelResultat"), "1 remplacement");
 }
 
 TEST_F(FrmSDI, GoesToALine) {

@@ -21,6 +21,8 @@
 namespace {
 
 using essai::Bureau;
+using essai::Champ;
+using essai::Cliquer;
 using essai::Pilote;
 using quelvar::Couleur;
 using quelvar::Forme;
@@ -55,35 +57,15 @@ struct BureauDePlan : Bureau {
     if (liens) Ecrire("ENQ.PEM", {reinterpret_cast<const char*>(octets.data()), octets.size()});
     Ouvrir();
   }
-  Graphe3& Graphe() {
-    Menu("mnuGraphe");
-    auto* forme = Bureau::Forme<Graphe3>();
-    if (forme == nullptr) throw std::runtime_error("the form did not open");
-    return *forme;
-  }
+  Graphe3& Graphe() { return Demander<Graphe3>("mnuGraphe"); }
 };
 
 VueDessin& Image(const QWidget& forme) { return Bureau::Dans<VueDessin>(forme, "Image"); }
 QString Information(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText(); }
-QString Champ(const QWidget& forme, const char* nom) { return Bureau::Dans<QLineEdit>(forme, nom).text(); }
-
-// A click on a control of whatever tab it is on.
-void Cliquer(const QWidget& forme, const char* nom) {
-  auto& controle = Bureau::Dans<QAbstractButton>(forme, nom);
-  auto& onglets = Bureau::Dans<QTabWidget>(forme, "Onglets");
-  for (int rang = 0; rang < onglets.count(); ++rang)
-    if (onglets.widget(rang)->isAncestorOf(&controle)) onglets.setCurrentIndex(rang);
-  QTest::mouseClick(&controle, Qt::LeftButton, {}, QPoint(8, controle.height() / 2));
-}
-
-void Taper(const QWidget& forme, const char* nom, const char* texte) {
-  auto& champ = Bureau::Dans<QLineEdit>(forme, nom);
-  auto& onglets = Bureau::Dans<QTabWidget>(forme, "Onglets");
-  for (int rang = 0; rang < onglets.count(); ++rang)
-    if (onglets.widget(rang)->isAncestorOf(&champ)) onglets.setCurrentIndex(rang);
-  champ.selectAll();
-  QTest::keyClicks(&champ, QString::fromUtf8(texte));
-  QTest::keyClick(&champ, Qt::Key_Return);
+// What is typed counts with Return.
+void Taper(const QWidget& forme, const char* champ, const char* texte) {
+  essai::Taper(forme, champ, texte);
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, champ), Qt::Key_Return);
 }
 
 QStringList Ecrits(const QWidget& forme) {

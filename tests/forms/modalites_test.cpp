@@ -17,7 +17,7 @@
 
 namespace {
 
-using essai::Bureau;
+using namespace essai;
 using namespace quelvar;
 
 class FormesDesModalites : public testing::Test {
@@ -31,39 +31,8 @@ class FormesDesModalites : public testing::Test {
   F& Ouvrir(const char* menu) {
     if (!ouvert_) bureau_.Ouvrir();
     ouvert_ = true;
-    bureau_.Menu(menu);
-    F* forme = bureau_.Forme<F>();
-    if (forme == nullptr) throw std::runtime_error(std::string(menu) + " shows no form");
-    return *forme;
+    return bureau_.Demander<F>(menu);
   }
-  static QStringList Lignes(const QWidget& forme, const char* liste) {
-    QStringList lignes;
-    const auto& l = Bureau::Dans<QListWidget>(forme, liste);
-    for (int i = 0; i < l.count(); ++i) lignes << l.item(i)->text();
-    return lignes;
-  }
-  static void Cliquer(const QWidget& forme, const char* bouton) {
-    QTest::mouseClick(&Bureau::Dans<QPushButton>(forme, bouton), Qt::LeftButton);
-    QCoreApplication::processEvents();
-  }
-  static void CliquerLigne(const QWidget& forme, const char* liste, int ligne) {
-    auto& l = Bureau::Dans<QListWidget>(forme, liste);
-    QTest::mouseClick(l.viewport(), Qt::LeftButton, {}, l.visualItemRect(l.item(ligne)).center());
-  }
-  static void Cocher(const QWidget& forme, const char* boite) {
-    QTest::keyClick(&Bureau::Dans<QCheckBox>(forme, boite), Qt::Key_Space);
-  }
-  static void Taper(const QWidget& forme, const char* champ, const QString& texte) {
-    auto& c = Bureau::Dans<QLineEdit>(forme, champ);
-    c.selectAll();
-    for (const QChar signe : texte) {
-      if (signe.unicode() < 128) QTest::keyClick(&c, signe.toLatin1());
-      else c.insert(signe);  // key events of the tests are ASCII
-    }
-  }
-  static QString Texte(const QWidget& forme, const char* titre) { return Bureau::Dans<QLabel>(forme, titre).text(); }
-  static bool Visible(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isVisible(); }
-
   Bureau bureau_{true};
   bool ouvert_ = false;
 };
@@ -73,7 +42,7 @@ TEST_F(FormesDesModalites, LesMarquesRemplissentLesListesEtLesQuestionsSeDeplace
   EXPECT_EQ(Lignes(forme, "ListVar1"), QStringList{"CSP   3  1 "});
   EXPECT_EQ(Lignes(forme, "ListVar2"), QStringList{"SEX   1  2 Sexe"});
   EXPECT_EQ(Lignes(forme, "ListVar3"), QStringList{"AGE   2  3 Age"});
-  EXPECT_EQ(Texte(forme, "TitreNbPos"),
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"),
             "Le nombre de modalités actives est de 3\nLe nombre de modalités supplémentaires est de 4");
   CliquerLigne(forme, "ListVar1", 0);
   Cliquer(forme, "BoutSupPlus");
@@ -81,8 +50,8 @@ TEST_F(FormesDesModalites, LesMarquesRemplissentLesListesEtLesQuestionsSeDeplace
   Cliquer(forme, "BoutSupMoins");
   EXPECT_EQ(Lignes(forme, "ListVar1"), QStringList{"AGE   2  3 Age"});
   EXPECT_EQ(Lignes(forme, "ListVar3"), QStringList{"CSP   3  1 "});
-  Cocher(forme, "CaseCodZ");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"),
+  Cliquer(forme, "CaseCodZ");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"),
             "Le nombre de modalités actives est de 2\nLe nombre de modalités supplémentaires est de 1");
   Cliquer(forme, "BoutLancer");
   EXPECT_TRUE(bureau_.Texte().endsWith("Fin normale du programme\n")) << bureau_.Texte().toStdString();
@@ -95,22 +64,22 @@ TEST_F(FormesDesModalites, LesRefusSontDitsSansLancer) {
   auto& forme = Ouvrir<ChoixPosmod>("mnuPosmod");
   EXPECT_FALSE(Visible(forme, "CaseSup")) << "there is no earlier .MOD";
   EXPECT_FALSE(Visible(forme, "FrmIndiv"));
-  Cocher(forme, "CaseCodLog");
+  Cliquer(forme, "CaseCodLog");
   EXPECT_FALSE(Visible(forme, "FrmPos"));
-  Cocher(forme, "CaseNomIndiv");
+  Cliquer(forme, "CaseNomIndiv");
   Cliquer(forme, "BoutEffacer");
   Cliquer(forme, "BoutLancer");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Pas de position de début définie");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Pas de position de début définie");
   Taper(forme, "TextBoxDebut", "2");
   Cliquer(forme, "BoutLancer");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Pas de largeur du numéro définie");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Pas de largeur du numéro définie");
   Taper(forme, "TextBoxLargeur", "2");
   Cliquer(forme, "BoutLancer");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Pas de modalités définies");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Pas de modalités définies");
   CliquerLigne(forme, "ListVar1", 0);
   Cliquer(forme, "BoutSupPlus");
   Cliquer(forme, "BoutLancer");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Pas de modalités actives définies");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Pas de modalités actives définies");
   EXPECT_FALSE(bureau_.Existe("ENQ.MOD"));
   CliquerLigne(forme, "ListVar1", 1);
   Cliquer(forme, "BoutActPlus");
@@ -121,18 +90,18 @@ TEST_F(FormesDesModalites, LesRefusSontDitsSansLancer) {
 TEST_F(FormesDesModalites, LaRegressionNAQuUneListe) {
   auto& forme = Ouvrir<ChoixPosmod>("mnuPosmod2");
   EXPECT_EQ(forme.windowTitle(), "Choix des questions pour créer des modalités");
-  EXPECT_EQ(Texte(forme, "TitreLignes").remove('&'), "Questions choisies");
+  EXPECT_EQ(Etiquette(forme, "TitreLignes").remove('&'), "Questions choisies");
   EXPECT_EQ(Lignes(forme, "ListVar2"), (QStringList{"SEX   1  2 Sexe", "AGE   2  3 Age"}));
   for (const char* cache : {"CaseCodLog", "ListVar3", "BoutSupPlus", "BoutSupMoins", "FrmIndiv", "CaseSup"})
     EXPECT_FALSE(Visible(forme, cache)) << cache;
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Le nombre de modalités est de 7");
-  Cocher(forme, "CaseCodZ");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"),
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Le nombre de modalités est de 7");
+  Cliquer(forme, "CaseCodZ");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"),
             "*** Attention ***\nCette option suppose qu'il n'y ait pas de non-réponses ou qu'elles aient été recodées. "
             "Est-ce bien le cas ?\nLe nombre de modalités est de 5");
   CliquerLigne(forme, "ListVar2", 1);
   Cliquer(forme, "BoutActMoins");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Le nombre de modalités est de 2");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Le nombre de modalités est de 2");
   Cliquer(forme, "BoutLancer");
   EXPECT_EQ(bureau_.Lire("ENQ.MOD").substr(0, 40), "ENQ\r\n BRT=1 LIGN=5 LSUP=3 COL=2 FMT=1 \r\n");
 }
@@ -190,7 +159,7 @@ TEST_F(FormesDesModalites, StatutEtIntitulesDesModalites) {
 
 TEST_F(FormesDesModalites, SansModalitesLaFormeResteAvecSonMessage) {
   auto& forme = Ouvrir<ModifMod>("mnuModifMod");
-  EXPECT_EQ(Texte(forme, "TextMsg"),
+  EXPECT_EQ(Etiquette(forme, "TextMsg"),
             "*** Erreur ***\nLe fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure en "
             "utilisant la touche 'Annuler'");
   EXPECT_TRUE(Lignes(forme, "ListRecap").isEmpty());
@@ -214,11 +183,11 @@ TEST_F(FormesDesModalites, NomsDesQuestions) {
   CliquerLigne(forme, "ListRecap", 2);
   Taper(forme, "TextMod", QString(31, 'x'));
   EXPECT_EQ(Bureau::Dans<QLineEdit>(forme, "TextMod").text(), QString(30, 'x'));
-  EXPECT_EQ(Texte(forme, "TextMsg"), "max=30 caractères");
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "max=30 caractères");
   Taper(forme, "TextMod", "5$");
   CliquerLigne(forme, "ListRecap", 0);
   EXPECT_EQ(Bureau::Dans<QListWidget>(forme, "ListRecap").currentRow(), 2) << "a refused name stays in the box";
-  EXPECT_NE(Texte(forme, "TextMsg"), "");
+  EXPECT_NE(Etiquette(forme, "TextMsg"), "");
   Taper(forme, "TextMod", "Profession");
   Cliquer(forme, "BoutSauve");
   const std::string sauve =
@@ -234,7 +203,7 @@ TEST_F(FormesDesModalites, NomsDesQuestions) {
 
 TEST_F(FormesDesModalites, CreerDesModalitesPuisLesNommer) {
   auto& forme = Ouvrir<NomeMod>("mnuNomMod");
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Le nombre de modalités prévu est de 3");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Le nombre de modalités prévu est de 3");
   CliquerLigne(forme, "ListVar2", 0);
   Cliquer(forme, "BoutMoins");
   Cliquer(forme, "BoutLancer");
@@ -243,7 +212,7 @@ TEST_F(FormesDesModalites, CreerDesModalitesPuisLesNommer) {
   CliquerLigne(forme, "ListQuest", 2);
   Cliquer(forme, "BoutPlus");
   EXPECT_TRUE(guide.toPlainText().startsWith("Vous pouvez éliminer de votre choix"));
-  EXPECT_EQ(Texte(forme, "TitreNbPos"), "Le nombre de modalités prévu est de 2");
+  EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Le nombre de modalités prévu est de 2");
   Cliquer(forme, "BoutLancer");
   EXPECT_TRUE(guide.toPlainText().startsWith("Cliquez maintenant sur la modalité"));
   EXPECT_EQ(Lignes(forme, "ListRecap"), (QStringList{"CSP0   NonRéponse", "CSP1   "}));

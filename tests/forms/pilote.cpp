@@ -6,10 +6,13 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QTabWidget>
 #include <QTimer>
 #include <fstream>
 #include <iterator>
@@ -120,5 +123,58 @@ void Bureau::Menu(const char* nom) {
   ASSERT_TRUE(action.isEnabled()) << nom << " is disabled";
   QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&action).center());
 }
+
+namespace {
+
+// Brings the tab of a control to the front.
+void MontrerOnglet(const QWidget& forme, const QWidget& controle) {
+  for (auto* onglets : forme.findChildren<QTabWidget*>())
+    for (int rang = 0; rang < onglets->count(); ++rang)
+      if (onglets->widget(rang)->isAncestorOf(&controle)) onglets->setCurrentIndex(rang);
+}
+
+}  // namespace
+
+void Cliquer(const QWidget& forme, const char* nom) {
+  auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);
+  MontrerOnglet(forme, bouton);
+  ASSERT_TRUE(bouton.isVisible() && bouton.isEnabled()) << nom;
+  QTest::mouseClick(&bouton, Qt::LeftButton, {},
+                    bouton.isCheckable() ? QPoint(8, bouton.height() / 2) : bouton.rect().center());
+  QCoreApplication::processEvents();
+}
+
+void Cliquer(const QWidget& forme, std::initializer_list<const char*> noms) {
+  for (const char* nom : noms) Cliquer(forme, nom);
+}
+
+void Taper(const QWidget& forme, const char* champ, const QString& texte) {
+  auto& c = Bureau::Dans<QLineEdit>(forme, champ);
+  MontrerOnglet(forme, c);
+  ASSERT_TRUE(c.isVisible()) << champ;
+  c.selectAll();
+  for (const QChar signe : texte) {
+    if (signe.unicode() < 128) QTest::keyClick(&c, signe.toLatin1());
+    else c.insert(signe);  // key events of the tests are ASCII
+  }
+}
+
+void CliquerLigne(const QWidget& forme, const char* liste, int ligne) {
+  auto& l = Bureau::Dans<QListWidget>(forme, liste);
+  QTest::mouseClick(l.viewport(), Qt::LeftButton, {}, l.visualItemRect(l.item(ligne)).center());
+}
+
+QStringList Lignes(const QWidget& forme, const char* liste) {
+  QStringList lignes;
+  const auto& l = Bureau::Dans<QListWidget>(forme, liste);
+  for (int i = 0; i < l.count(); ++i) lignes << l.item(i)->text();
+  return lignes;
+}
+
+bool Visible(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isVisible(); }
+bool Actif(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isEnabled(); }
+bool Coche(const QWidget& forme, const char* nom) { return Bureau::Dans<QAbstractButton>(forme, nom).isChecked(); }
+QString Etiquette(const QWidget& forme, const char* nom) { return Bureau::Dans<QLabel>(forme, nom).text(); }
+QString Champ(const QWidget& forme, const char* nom) { return Bureau::Dans<QLineEdit>(forme, nom).text(); }
 
 }  // namespace essai

@@ -79,6 +79,14 @@ class Bureau {
       if (forme->isVisible()) return forme;
     return nullptr;
   }
+  // The form of that class, which the entry of the menu must open.
+  template <class F>
+  F& Demander(const char* entree) {
+    Menu(entree);
+    F* forme = Forme<F>();
+    if (forme == nullptr) throw std::runtime_error(std::string(entree) + " shows no form");
+    return *forme;
+  }
   // What Text1 shows, lines ended by "\n".
   QString Texte();
   // Takes an entry of the menu, which must be enabled, as a user with the mouse would.
@@ -97,5 +105,20 @@ class Bureau {
   std::filesystem::path donnees_;
   std::unique_ptr<quelvar::Principal> principal_;
 };
+
+// --- what a user does in a form, and what he sees there, by the names of the controls ---
+
+// Clicks a button in its middle, a box on its mark; the tab that holds it comes to the front before.
+void Cliquer(const QWidget& forme, const char* nom);
+void Cliquer(const QWidget& forme, std::initializer_list<const char*> noms);
+// Writes over what stands in the field.
+void Taper(const QWidget& forme, const char* champ, const QString& texte);
+void CliquerLigne(const QWidget& forme, const char* liste, int ligne);
+QStringList Lignes(const QWidget& forme, const char* liste);
+bool Visible(const QWidget& forme, const char* nom);
+bool Actif(const QWidget& forme, const char* nom);
+bool Coche(const QWidget& forme, const char* nom);
+QString Etiquette(const QWidget& forme, const char* nom);
+QString Champ(const QWidget& forme, const char* nom);
 
 }  // namespace essai

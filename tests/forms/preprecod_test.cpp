@@ -15,7 +15,10 @@
 
 namespace {
 
+using essai::Actif;
 using essai::Bureau;
+using essai::Cliquer;
+using essai::Coche;
 using essai::Pilote;
 using quelvar::PrepRecod;
 using quelvar::Principal2;
@@ -28,17 +31,7 @@ class FormeRecodage : public testing::Test {
     bureau_.Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 71\r\n");
     bureau_.Ouvrir();
   }
-  PrepRecod& Ouvrir() {
-    bureau_.Menu("mnuPrepRecod");
-    auto* forme = bureau_.Forme<PrepRecod>();
-    if (forme == nullptr) throw std::runtime_error("the form is not shown");
-    return *forme;
-  }
-  static void Cliquer(const QWidget& forme, const char* nom) {
-    auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);
-    ASSERT_TRUE(bouton.isEnabled()) << nom;
-    QTest::mouseClick(&bouton, Qt::LeftButton, {}, QPoint(8, bouton.height() / 2));
-  }
+  PrepRecod& Ouvrir() { return bureau_.Demander<PrepRecod>("mnuPrepRecod"); }
   static void Question(const QWidget& forme, int rang) {
     Bureau::Dans<QListWidget>(forme, "ListPos").setCurrentRow(rang);
   }
@@ -139,15 +132,15 @@ TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
   bureau_.Menu("mnuOutils");
   const Principal2& options = *bureau_.Forme<Principal2>();
   EXPECT_EQ(options.windowTitle(), "Options du recodage");
-  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseVerif").isEnabled());
+  EXPECT_FALSE(Actif(options, "CaseVerif"));
   Cliquer(options, "CaseRepMult");
   Cliquer(options, "CaseTriang");
-  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseRepMult").isChecked());
-  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseRepMult").isEnabled());
+  EXPECT_FALSE(Coche(options, "CaseRepMult"));
+  EXPECT_FALSE(Actif(options, "CaseRepMult"));
   Cliquer(options, "CaseVerif");
   Cliquer(options, "CaseTriang");
-  EXPECT_FALSE(Bureau::Dans<QCheckBox>(options, "CaseVerif").isChecked());
-  EXPECT_TRUE(Bureau::Dans<QCheckBox>(options, "CaseRepMult").isEnabled());
+  EXPECT_FALSE(Coche(options, "CaseVerif"));
+  EXPECT_TRUE(Actif(options, "CaseRepMult"));
 }
 
 }  // namespace

@@ -21,6 +21,7 @@
 namespace {
 
 using essai::Bureau;
+using essai::Cliquer;
 using essai::Pilote;
 using quelvar::operator""_w;
 
@@ -36,10 +37,6 @@ struct BureauOuvert : Bureau {
     Ouvrir();
   }
 };
-
-void Cliquer(Bureau& bureau, const char* bouton) {
-  QTest::mouseClick(&bureau.Controle<QPushButton>(bouton), Qt::LeftButton);
-}
 
 TEST(Principal, PremierDemarrage) {
   Bureau bureau;
@@ -75,7 +72,7 @@ TEST(Principal, ChaineDesGeneriquesALaSouris) {
     combo.setFocus();
     combo.lineEdit()->selectAll();
     QTest::keyClicks(combo.lineEdit(), nom);
-    Cliquer(bureau, "CmdGenOui");
+    Cliquer(bureau.Fenetre(), "CmdGenOui");
   };
   taper("ESSAI.POS");
   EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "ESSAI");
@@ -83,12 +80,12 @@ TEST(Principal, ChaineDesGeneriquesALaSouris) {
   EXPECT_EQ(bureau.Lire("qvr2.ini"), "ESSAI\r\n 1 \r\n");
   EXPECT_TRUE(bureau.Texte().contains("(ESSAI) n'a pas de fichier *.pos"));
   EXPECT_EQ(combo.itemText(0), "ENQ");
-  Cliquer(bureau, "CmdGenAncien");
+  Cliquer(bureau.Fenetre(), "CmdGenAncien");
   EXPECT_EQ(combo.currentText(), "ENQ");
-  Cliquer(bureau, "CmdGenOui");
+  Cliquer(bureau.Fenetre(), "CmdGenOui");
   EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "ENQ");
   combo.setCurrentIndex(combo.findText("------------------"));
-  Cliquer(bureau, "CmdGenOui");
+  Cliquer(bureau.Fenetre(), "CmdGenOui");
   EXPECT_EQ(bureau.Texte(), "Pas de nom : recommencer\n");
   EXPECT_EQ(combo.currentText(), "");
   EXPECT_EQ(bureau.Lire("qvr2.ini"), "ENQ\r\n 1 \r\n");
@@ -96,11 +93,11 @@ TEST(Principal, ChaineDesGeneriquesALaSouris) {
   QTest::keyClicks(&combo, "AUTRE");
   QTest::keyClick(&combo, Qt::Key_Return);
   EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "AUTRE");
-  Cliquer(bureau, "CmdGenAncien");
-  Cliquer(bureau, "CmdGenOui");
-  Cliquer(bureau, "CmdGenNon");
+  Cliquer(bureau.Fenetre(), "CmdGenAncien");
+  Cliquer(bureau.Fenetre(), "CmdGenOui");
+  Cliquer(bureau.Fenetre(), "CmdGenNon");
   EXPECT_EQ(bureau.Texte(), "");
-  Cliquer(bureau, "BoutNouv");
+  Cliquer(bureau.Fenetre(), "BoutNouv");
   EXPECT_TRUE(bureau.Texte().startsWith("Le générique en cours dans ce répertoire est : ENQ"));
 }
 
@@ -125,7 +122,7 @@ TEST(Principal, FichiersRecentsDansLeMenu) {
   bureau.Menu("mnuChercher");
   EXPECT_EQ(pilote.Vues().value(0), "Options de recherche de fichier Qvr2.ini");
   EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "AUTRE");
-  Cliquer(bureau, "CmdGenOui");  // accepted without a .pos: recent all the same
+  Cliquer(bureau.Fenetre(), "CmdGenOui");  // accepted without a .pos: recent all the same
   auto* premier = bureau.Fenetre().findChild<QAction*>("mnuRecentFile1");
   ASSERT_NE(premier, nullptr);
   EXPECT_TRUE(premier->text().endsWith("/AUTRE/QVR2.INI (AUTRE)")) << premier->text().toStdString();

@@ -20,6 +20,8 @@
 namespace {
 
 using essai::Bureau;
+using essai::Cliquer;
+using essai::Etiquette;
 using essai::Pilote;
 using quelvar::FImport;
 using quelvar::FImportCSV;
@@ -38,13 +40,6 @@ struct BureauEnq : Bureau {
     Ecrire("ENQ.MOD", "ENQ\r\n\r\nSEX1   Homme\r\nSEX2   Femme\r\n");
   }
 };
-
-void Clic(QWidget& bouton) { QTest::mouseClick(&bouton, Qt::LeftButton, {}, QPoint(8, bouton.height() / 2)); }
-
-template <class W>
-void Clic(const QWidget& forme, const char* nom) {
-  Clic(Bureau::Dans<W>(forme, nom));
-}
 
 QListWidgetItem* Ligne(QListWidget& liste, const QString& nom) {
   for (int i = 0; i < liste.count(); ++i)
@@ -72,21 +67,21 @@ TEST(Prem, DesDonneesExistantesAuTriAPlat) {
   Prem* prem = bureau.Forme<Prem>();
   ASSERT_NE(prem, nullptr);
   EXPECT_FALSE(Bureau::Dans<QPushButton>(*prem, "BnomDir").isEnabled());
-  Clic<QRadioButton>(*prem, "BdatOui");
+  Cliquer(*prem, "BdatOui");
   prem->activateWindow();
   QApplication::processEvents();
   QTest::keyClick(prem, Qt::Key_S, Qt::AltModifier);
   EXPECT_TRUE(Bureau::Dans<QListWidget>(*prem, "Dir1").hasFocus()) << "the letter of its label";
   DoubleClic(Bureau::Dans<QListWidget>(*prem, "Dir1"), "donnees");
-  Clic<QPushButton>(*prem, "BnomDir");
+  Cliquer(*prem, "BnomDir");
   EXPECT_GE(prem->height(), prem->layout()->totalHeightForWidth(prem->width())) << "nothing is squeezed";
-  EXPECT_EQ(Bureau::Dans<QLabel>(*prem, "LabelDir").text(),
-            "Vos données seront désormais dans le répertoire " + QString::fromStdString(bureau.Dossier().string()) +
-                "\nVous pouvez passer aux traitement de vos données déjà existantes\n"
-                "ou plus tard, prendre le menu 'Nouvelles données' puis 'Import'");
+  EXPECT_EQ(Etiquette(*prem, "LabelDir"), "Vos données seront désormais dans le répertoire " +
+                                              QString::fromStdString(bureau.Dossier().string()) +
+                                              "\nVous pouvez passer aux traitement de vos données déjà existantes\n"
+                                              "ou plus tard, prendre le menu 'Nouvelles données' puis 'Import'");
   EXPECT_EQ(bureau.Fenetre().windowTitle(), "Nouvelle utilisation");
-  Clic<QPushButton>(*prem, "BnomGen");
-  EXPECT_EQ(Bureau::Dans<QLabel>(*prem, "LabelGen").text(), "Pas de nom : recommencer");
+  Cliquer(*prem, "BnomGen");
+  EXPECT_EQ(Etiquette(*prem, "LabelGen"), "Pas de nom : recommencer");
   auto& nom = Bureau::Dans<QLineEdit>(*prem, "TxtGen");
   nom.setFocus();
   QTest::keyClicks(&nom, "ENQ");
@@ -94,10 +89,10 @@ TEST(Prem, DesDonneesExistantesAuTriAPlat) {
   EXPECT_EQ(bureau.Lire("qvr2.ini"), "ENQ\r\n 1 \r\n");
   EXPECT_TRUE(bureau.Texte().contains("Utilisez saisie ou import (dans menu Nouvelles données)"));
   EXPECT_TRUE(bureau.MenuActif("mnuImport"));
-  Clic<QPushButton>(*prem, "Bimport");
+  Cliquer(*prem, "Bimport");
   FImportCSV* import = bureau.Forme<FImportCSV>();
   ASSERT_NE(import, nullptr);
-  Clic<QPushButton>(*import, "Lancer");
+  Cliquer(*import, "Lancer");
   EXPECT_EQ(bureau.Forme<FImportCSV>(), nullptr);
   EXPECT_TRUE(bureau.Texte().contains("Le nombre d'individus est de  3"));
   EXPECT_EQ(bureau.Fenetre().SessionEnCours().individus, 3);
@@ -111,13 +106,13 @@ TEST(Prem, RepertoireACreerPourLaSaisie) {
   bureau.Ouvrir();
   bureau.Menu("mnuPrem");
   Prem* prem = bureau.Forme<Prem>();
-  Clic<QRadioButton>(*prem, "BdatNon");
+  Cliquer(*prem, "BdatNon");
   Pilote pilote;
   pilote.Taper("Nouvelle enquete");
-  Clic<QPushButton>(*prem, "BnouvDir");
-  Clic<QPushButton>(*prem, "BnomDir");
+  Cliquer(*prem, "BnouvDir");
+  Cliquer(*prem, "BnomDir");
   EXPECT_TRUE(std::filesystem::is_directory(bureau.Dossier() / "Nouvelle enquete"));
-  EXPECT_TRUE(Bureau::Dans<QLabel>(*prem, "LabelDir").text().contains("constitution d'un descripteur des données"));
+  EXPECT_TRUE(Etiquette(*prem, "LabelDir").contains("constitution d'un descripteur des données"));
   EXPECT_EQ(bureau.Fenetre().SessionEnCours().repertoire, bureau.Dossier() / "Nouvelle enquete");
 }
 
@@ -145,7 +140,7 @@ TEST(Import, AideEtEtatDesFichiers) {
   bureau.Ouvrir();
   bureau.Menu("mnuImport");
   FImportCSV& forme = *bureau.Forme<FImportCSV>();
-  const auto etat = [&](const char* nom) { return Bureau::Dans<QLabel>(forme, nom).text(); };
+  const auto etat = [&](const char* nom) { return Etiquette(forme, nom); };
   EXPECT_EQ(etat("LabelCSV") + etat("LabelTXT") + etat("LabelDAT") + etat("LabelPOS"), "PrésentAbsentPrésentAbsent");
   auto& aide = Bureau::Dans<QPlainTextEdit>(forme, "TextAide");
   EXPECT_EQ(aide.toPlainText(),
@@ -154,9 +149,9 @@ TEST(Import, AideEtEtatDesFichiers) {
             "autres champs son conservés dans le fichier *.DAT mais non dans le fichier *.POS\n"
             "Attention les fichiers *.DAT et *.POS qui existent déjà seront remplacés du fait de l'importation du "
             "fichier CSV.\n");
-  Clic<QCheckBox>(forme, "CheckTrg");
+  Cliquer(forme, "CheckTrg");
   EXPECT_TRUE(aide.toPlainText().endsWith("Dans ce cas, un fichier DAT est créé mais non un fichier POS.\n"));
-  Clic<QPushButton>(forme, "Lancer");
+  Cliquer(forme, "Lancer");
   EXPECT_FALSE(bureau.Existe("ENQ.POS"));
   EXPECT_TRUE(bureau.Lire("ENQ.DAT").starts_with("NUM")) << "the title line is data";
 }
@@ -170,10 +165,10 @@ TEST(Import, AutresSourcesPasEncoreLa) {
             "Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
             "l'absence de fichiers.\nAnnulez ou prenez l'option d'importation d'un tableau de Burt.\n");
   Pilote pilote;
-  Clic<QCheckBox>(forme, "CheckTrg");
-  Clic<QCheckBox>(forme, "CheckBRT");
+  Cliquer(forme, "CheckTrg");
+  Cliquer(forme, "CheckBRT");
   pilote.Cliquer("OK");
-  Clic<QPushButton>(forme, "Lancer");
+  Cliquer(forme, "Lancer");
   EXPECT_EQ(pilote.Vues().value(0), "Vous ne pouvez prendre qu'une seule des options");
   bureau.Menu("mnuNiv1");
   bureau.Menu("mnuImport");
@@ -202,13 +197,13 @@ TEST(TriAPlat, ChaqueOptionDuNiveauDeux) {
     Principal2* forme = bureau.Forme<Principal2>();
     if (forme == nullptr) throw std::runtime_error("no options");
     EXPECT_EQ(forme->windowTitle(), "Options du tri à plat");
-    EXPECT_TRUE(Bureau::Dans<QCheckBox>(*forme, "CaseMod").isChecked());
-    EXPECT_TRUE(Bureau::Dans<QRadioButton>(*forme, "BoutNROui").isChecked());
+    EXPECT_TRUE(essai::Coche(*forme, "CaseMod"));
+    EXPECT_TRUE(essai::Coche(*forme, "BoutNROui"));
     for (const char* nom : {"CaseTriang", "CaseRepMult", "CaseVerif", "CaseDat"})
-      EXPECT_FALSE(Bureau::Dans<QCheckBox>(*forme, nom).isChecked()) << nom;
-    for (const char* nom : cases) Clic<QCheckBox>(*forme, nom);
-    if (bouton != nullptr) Clic<QRadioButton>(*forme, bouton);
-    Clic<QPushButton>(*forme, "BoutonTriapl");
+      EXPECT_FALSE(essai::Coche(*forme, nom)) << nom;
+    for (const char* nom : cases) Cliquer(*forme, nom);
+    if (bouton != nullptr) Cliquer(*forme, bouton);
+    Cliquer(*forme, "BoutonTriapl");
     return bureau.Texte();
   };
   EXPECT_TRUE(lancer({}).contains("Homme"));
@@ -230,13 +225,13 @@ TEST(TriAPlat, AbandonDuFichierEtAnnulation) {
   bureau.Ouvrir();
   bureau.Menu("mnuTriapl");
   Principal2* forme = bureau.Forme<Principal2>();
-  Clic<QCheckBox>(*forme, "CaseDat");
+  Cliquer(*forme, "CaseDat");
   Pilote pilote;
   pilote.Abandonner();
-  Clic<QPushButton>(*forme, "BoutonTriapl");
+  Cliquer(*forme, "BoutonTriapl");
   EXPECT_FALSE(bureau.Existe("ENQ.TAP"));
   EXPECT_TRUE(forme->isVisible());
-  Clic<QPushButton>(*forme, "BoutonTriaplNull");
+  Cliquer(*forme, "BoutonTriaplNull");
   EXPECT_EQ(bureau.Forme<Principal2>(), nullptr);
 }
 
