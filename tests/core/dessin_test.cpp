@@ -67,12 +67,6 @@ TEST(Dessin, MesureDesTextes) {
   EXPECT_NEAR(zone.y, 50, 1e-9);
 }
 
-TEST(Dessin, Couleurs) {
-  EXPECT_EQ(RvbDe(Couleur::Rouge, 0).vert, 255);
-  EXPECT_EQ(RvbDe(Couleur::Noir, 1).rouge, 0);
-  EXPECT_EQ(RvbDe(Couleur::Noir, 0.5).rouge, 128);
-}
-
 TEST(DessinSvg, UneFormeDeChaqueGenre) {
   Dessin dessin(200, 100, {0, 10, 1, -1}, {20, 10, 160, 80});
   dessin.Ligne({0, 0}, {10, 0}, {Couleur::Noir, 0.5, StyleTrait::Tirets});

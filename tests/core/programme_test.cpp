@@ -2,27 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include "support/environnement.h"
+#include "support/programme.h"
 
 namespace quelvar {
 namespace {
 
-class Cadre : public ::testing::Test {
+class Cadre : public essai::RunDeProgramme {
  protected:
   Cadre() {
-    dialogue_.afficher = [this](const Affichage& affichage) { montre_ = affichage; };
-    dialogue_.biper = [this] { ++bips_; };
+    dialogue_.afficher = [this](const Affichage& affichage) { vu_ = affichage; };
   }
   Fin Executer(const std::function<void(Rapport&)>& corps, std::string_view rapport = "ENQ.PRT") {
     return ExecuterProgramme(contexte_, rapport, LibellesErreur{}, corps);
   }
-  bool Existe(const char* nom) const { return std::filesystem::exists(dossier_.Chemin() / nom); }
 
-  essai::DossierTemporaire dossier_;
-  Dialogue dialogue_;
-  Contexte contexte_{dossier_.Chemin(), "ENQ", 1, &dialogue_};
-  Affichage montre_;
-  int bips_ = 0;
+  Affichage vu_;
 };
 
 TEST_F(Cadre, EveryFailureIsToldByItsNumber) {
@@ -52,7 +46,7 @@ TEST_F(Cadre, EveryFailureIsToldByItsNumber) {
       faute();
     });
     EXPECT_EQ(fin, Fin::Arret);
-    EXPECT_EQ(montre_.texte, Joindre({"debut\r\n", lignes}));
+    EXPECT_EQ(vu_.texte, Joindre({"debut\r\n", lignes}));
   }
 }
 
@@ -61,32 +55,32 @@ TEST_F(Cadre, AReportOfExactlyTheLimitIsShown) {
     return [taille](Rapport& rapport) { rapport.Suite(std::string(taille, 'x')); };
   };
   EXPECT_EQ(Executer(ecrire(35000)), Fin::Normale);
-  EXPECT_EQ(montre_.ou, Affichage::Ou::Texte);
+  EXPECT_EQ(vu_.ou, Affichage::Ou::Texte);
   EXPECT_EQ(bips_, 0);
   EXPECT_EQ(Executer(ecrire(35001)), Fin::Normale);
-  EXPECT_EQ(montre_.ou, Affichage::Ou::Lecteur);
-  EXPECT_EQ(montre_.texte,
+  EXPECT_EQ(vu_.ou, Affichage::Ou::Lecteur);
+  EXPECT_EQ(vu_.texte,
             "texte trop long, WordPad est lancé\r\npour examiner les résultats de : ENQ.PRT\r\nProgramme terminé"_w);
   EXPECT_EQ(bips_, 1);
 }
 
 TEST_F(Cadre, AReportWithoutANameIsDeletedOnceShown) {
   Executer([](Rapport& rapport) { rapport.Ligne("a"); }, "$$$.prt");
-  EXPECT_EQ(montre_.texte, "a\r\n");
+  EXPECT_EQ(vu_.texte, "a\r\n");
   EXPECT_FALSE(Existe("$$$.prt"));
   contexte_.generique.clear();
   Executer([](Rapport& rapport) { rapport.Ligne("b"); }, ".PRT");
-  EXPECT_EQ(montre_.texte, "b\r\n");
+  EXPECT_EQ(vu_.texte, "b\r\n");
   EXPECT_FALSE(Existe(".PRT"));
 }
 
 TEST_F(Cadre, AReportThatCannotBeWrittenIsToldOnTheScreen) {
   std::filesystem::create_directory(dossier_.Chemin() / "ENQ.PRT");
   EXPECT_EQ(Executer([](Rapport&) {}), Fin::Arret);
-  EXPECT_NE(montre_.texte.find("notez le numero =  75 "), std::string::npos);
+  EXPECT_NE(vu_.texte.find("notez le numero =  75 "), std::string::npos);
   std::filesystem::create_symlink("/dev/full", dossier_.Chemin() / "ENQ.PLE");
   EXPECT_EQ(Executer([](Rapport& rapport) { rapport.Ligne("x"); }, "ENQ.PLE"), Fin::Arret);
-  EXPECT_NE(montre_.texte.find("notez le numero =  61 Disque plein"), std::string::npos);
+  EXPECT_NE(vu_.texte.find("notez le numero =  61 Disque plein"), std::string::npos);
 }
 
 }  // namespace

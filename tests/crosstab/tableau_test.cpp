@@ -21,35 +21,6 @@ Matrice AvecCodeZero(const Matrice& table) {
   return complete;
 }
 
-// Everything worked by hand: T = 20 20 30 30, deviations 0.1 in proportions, at most 0.2.
-TEST(AnalyserTableau, DeuxParDeux) {
-  const TableauCroise t = AnalyserTableau(AvecCodeZero(MatriceDe({{30, 10}, {20, 40}})), {});
-  EXPECT_EQ(t.marges.total, 100);
-  EXPECT_EQ(t.lignes, (Places{1, 2}));
-  EXPECT_EQ(t.colonnes, (Places{1, 2}));
-  EXPECT_NEAR(t.khi2, 100.0 / 6, 1e-12);
-  EXPECT_EQ(t.degres, 1);
-  EXPECT_EQ(t.proba.marque, "***");
-  EXPECT_TRUE(t.casesFaibles.empty());
-  EXPECT_EQ(t.pourcentages(1, 1), 75);
-  EXPECT_EQ(t.partsLignes[1], 40);
-  EXPECT_EQ(t.partsColonnes[2], 50);
-  EXPECT_TRUE(t.AuDessus(1, 1));
-  EXPECT_FALSE(t.AuDessus(1, 2));
-  EXPECT_NEAR(t.contributionsLignes[1], 10, 1e-12);
-  EXPECT_NEAR(t.contributionsColonnes[1], 25.0 / 3, 1e-12);
-  EXPECT_NEAR(t.pem, 50, 1e-12);
-  EXPECT_NEAR(t.partKhi2Max, 25, 1e-12);
-  EXPECT_TRUE(t.deuxParDeux);
-  EXPECT_EQ(std::vector(t.maximum.Valeurs().begin(), t.maximum.Valeurs().end()),
-            (std::vector<double>{0, 0, 0, 0, 40, 0, 0, 10, 50}));
-
-  const std::vector<AttractionLocale> attractions = AttractionsLocales(t);
-  ASSERT_EQ(attractions.size(), 4U);
-  EXPECT_NEAR(attractions[0].pem, 50, 1e-12);
-  EXPECT_NEAR(attractions[1].pem, -50, 1e-12);
-}
-
 TEST(AnalyserTableau, DeuxParDeuxSeulementPourDeuxCodes) {
   const Matrice pleine = AvecCodeZero(MatriceDe({{30, 10}, {20, 40}}));
   Matrice troisCodes(4, 3);

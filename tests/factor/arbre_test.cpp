@@ -7,8 +7,6 @@
 #include <random>
 #include <string>
 
-#include "support/environnement.h"
-
 namespace quelvar {
 namespace {
 
@@ -125,30 +123,6 @@ TEST(Arbre, SameTreeAsByRowsOfMarks) {
     EXPECT_EQ(Noms(ArbreMaximum(liens, std::vector<SommetArbre>(n), {.arbre = true}).traces),
               ArbreParMarques(liens, n));
   }
-}
-
-TEST(Arbre, NetworkFileHoldsEveryElementAndEveryLinkRead) {
-  const essai::DossierTemporaire dossier;
-  OptionsArbre options{.mode = ModeArbre::SaufSupplementaires, .arbre = true, .pajek = true};
-  const LiensDuGraphe liens = ArbreMaximum(kLiens, Sommets(), options);
-  const std::vector<std::string> noms = {"SEX1", "SEX2", "", "Un intitulé de 25 caractè"};
-  EcrirePajek(dossier.Chemin(), "ENQ.net", noms, liens.pajek);
-  EXPECT_EQ(LireOctets(dossier.Chemin() / "ENQ.net"),
-            "*Vertices      4 \r\n"
-            " 1            SEX1\r\n"
-            " 2            SEX2\r\n"
-            " 3            \r\n"
-            " 4            Un intitulé de 25 caractè\r\n"
-            "*Edges\r\n"
-            " 1             2             90 \r\n"
-            " 2             3             80 \r\n"
-            " 1             3             70 \r\n");
-  options.mode = ModeArbre::TousLesLiens;
-  const LiensDuGraphe tous = ArbreMaximum(kLiens, Sommets(), options);  // up to the one that finds the tree complete
-  EcrirePajek(dossier.Chemin(), "ENQ.net", {}, std::span(tous.pajek).subspan(3));
-  EXPECT_EQ(LireOctets(dossier.Chemin() / "ENQ.net"),
-            "*Vertices      0 \r\n*Edges\r\n 4             5             33.3 \r\n 2             5             20 \r\n"
-            " 3             5             20 \r\n");
 }
 
 }  // namespace

@@ -35,24 +35,6 @@ TEST_F(Edition, AFileOfOneLineHasNoModalities) {
 
 // --- ModifMod ---
 
-TEST(TexteDeModalite, StatusFlipsAndLabelsAreStoredAsTyped) {
-  const struct {
-    std::string depart, une, deux;
-  } cas[] = {{"SEX1   Homme", "SEX1 S Homme", "SEX1   Homme"},
-             {"SEX1 S Homme", "SEX1   Homme", "SEX1 S Homme"},
-             {"AGE1  s", "AGE1   ", "AGE1 S "},
-             {"AGE1 Y x", "AGE1 S x", "AGE1   x"}};
-  for (const auto& c : cas) {
-    std::string texte = c.depart;
-    BasculerStatut(texte);
-    EXPECT_EQ(texte, c.une);
-    BasculerStatut(texte);
-    EXPECT_EQ(texte, c.deux);
-    PoserIntitule(texte, " long " + std::string(40, 'x'));
-    EXPECT_EQ(texte, c.deux.substr(0, 7) + " long " + std::string(40, 'x'));
-  }
-}
-
 TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1 \r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\n");
   EtatModifMod etat = ChargerModifMod(contexte_);
@@ -85,17 +67,6 @@ TEST(LigneAvecIntitule, ReadersFindTheNameAgain) {
   }
 }
 
-TEST(NommerQuestion, TooLongIsRefusedUnlessItStoodThere) {
-  NomDeQuestion question{"AAA", std::string(40, 'x')};
-  EXPECT_EQ(NommerQuestion(question, std::string(40, 'x')), "");
-  EXPECT_FALSE(question.modifie);
-  EXPECT_EQ(NommerQuestion(question, std::string(31, 'x')), "max=30 caractères"_w);
-  EXPECT_NE(NommerQuestion(question, "a$b"), "");
-  EXPECT_EQ(question.intitule, std::string(40, 'x'));
-  EXPECT_EQ(NommerQuestion(question, std::string(30, 'x')), "");
-  EXPECT_TRUE(question.modifie);
-}
-
 TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
   Ecrire("ENQ.POS", "T\n1\nAAA   1 5 $A$\nBBB   2 5\nAAA   3 5\n");
   EtatNomQuest etat = ChargerNomQuest(contexte_);
@@ -111,12 +82,6 @@ TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
 }
 
 // --- NomeMod ---
-
-TEST_F(Edition, WhatTheListDoesNotHoldStays) {
-  Ecrire("ENQ.MOD", "T\r\n\r\nSEX1 S H\r\nAGE1 S J\r\n**\r\nSEX2   F\r\nCSP1 S C\r\n");
-  SauverNomeMod(contexte_, {{"SEX2   Femme"}});
-  EXPECT_EQ(Lire("ENQ.MOD"), "T\r\n\r\nSEX2   Femme\r\nSEX1 S H\r\nAGE1 S J\r\n**\r\nCSP1 S C\r\n");
-}
 
 }  // namespace
 }  // namespace quelvar
