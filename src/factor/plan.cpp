@@ -11,7 +11,6 @@ namespace quelvar {
 
 namespace {
 
-constexpr double kHauteurSurLargeur = 0.767;
 constexpr double kEtendueParDefaut = 100;  // half a window without any extent, thousandths
 constexpr double kEtendueMinimum = 0.01;
 constexpr double kEtendueMaximum = 1e9;

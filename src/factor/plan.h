@@ -20,6 +20,8 @@
 
 namespace quelvar {
 
+inline constexpr double kHauteurSurLargeur = 0.767;  // of the window, and of the picture
+
 // --- what the files give ---
 
 struct PointPlan {

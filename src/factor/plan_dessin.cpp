@@ -23,7 +23,6 @@ constexpr double kMargeGauche = 36;
 constexpr double kMargeDroite = 10;
 constexpr double kMargeHaut = 36;
 constexpr double kMargeBas = 34;
-constexpr double kHauteurSurLargeur = 0.767;
 constexpr double kGraduation = 3;
 constexpr double kRayonDuPoint = 1.7;
 constexpr double kEcartDuPoint = 3.6;  // from a mark to its label

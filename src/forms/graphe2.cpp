@@ -1,10 +1,8 @@
 #include "forms/graphe2.h"
 
-#include <QFileDialog>
-
-#include "core/nombres.h"
 #include "forms/choixvar.h"
 #include "forms/rendudessin.h"
+#include "forms/sortiesdessin.h"
 #include "forms/texte_qt.h"
 #include "ui_graphe2.h"
 
@@ -68,13 +66,8 @@ void Graphe2::RelierGestes() {
 }
 
 void Graphe2::RelierFichiers() {
-  connect(ui_->BoutonEnreg, &QPushButton::clicked, this,
-          [this] { Enregistrer(CheminVersQt(CheminDEcriture(contexte_.repertoire, contexte_.Nom("Tab.bmp")))); });
-  connect(ui_->BoutonEnregSous, &QPushButton::clicked, this, &Graphe2::EnregistrerSous);
-  connect(ui_->BoutonImpr, &QPushButton::clicked, this, [this] {
-    if (!ImprimerDessin(this, ui_->Pict2->Contenu()))
-      principal_.Ecran().demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
-  });
+  RelierSorties(*this, principal_, *ui_->Pict2, contexte_, "Tab",
+                {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
   connect(ui_->BoutonNouv, &QPushButton::clicked, this, [this] {
     close();
     if (auto* demande = principal_.Ouverte<ChoixVar>()) {
@@ -88,28 +81,6 @@ void Graphe2::RelierFichiers() {
 void Graphe2::Dessiner() {
   ui_->Pict2->Montrer(DessinerGraphe2(etat_));
   ui_->Coordonnees->setText(VersQt(TexteFenetre(etat_)).remove(u'\r'));
-}
-
-void Graphe2::Enregistrer(const QString& fichier) {
-  if (!EnregistrerDessin(fichier, ui_->Pict2->Contenu())) {
-    principal_.Ecran().demander(
-        Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}), Boutons::Ok);
-    return;
-  }
-  const std::string nom = TexteDe(CheminDepuisQt(fichier).filename());
-  setWindowTitle(VersQt(nom));
-  principal_.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
-}
-
-void Graphe2::EnregistrerSous() {
-  const QString propose = CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("Tab.png")));
-  QString choisi;
-  QString fichier =
-      QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer le graphique"), propose,
-                                   QStringLiteral("PNG (*.png);;SVG (*.svg);;PDF (*.pdf);;BMP (*.bmp)"), &choisi);
-  if (fichier.isEmpty()) return;
-  if (QFileInfo(fichier).suffix().isEmpty()) fichier += u'.' + choisi.left(3).toLower();
-  Enregistrer(fichier);
 }
 
 void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees) {

@@ -23,8 +23,6 @@ class Graphe2 : public QDialog {
   void RelierGestes();
   void RelierFichiers();
   void Dessiner();
-  void Enregistrer(const QString& fichier);
-  void EnregistrerSous();
 
   Principal& principal_;
   Contexte contexte_;

@@ -50,8 +50,6 @@ class Graphe3 : public QDialog {
   void Marquer(const QPointF& page);
   QString Infobulle(const QPointF& page) const;
 
-  void Enregistrer(const QString& fichier);
-  void EnregistrerSous();
   void Refuser(const Erreur& erreur);
 
   Principal& principal_;

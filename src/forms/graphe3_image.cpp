@@ -1,11 +1,8 @@
 // What the mouse does on the factor plane, and the files that the form writes.
-#include <QFileDialog>
-
-#include "core/nombres.h"
 #include "factor/ward_coupe.h"
 #include "forms/abandon.h"
 #include "forms/graphe3.h"
-#include "forms/rendudessin.h"
+#include "forms/sortiesdessin.h"
 #include "forms/texte_qt.h"
 #include "ui_graphe3.h"
 
@@ -80,38 +77,12 @@ void Graphe3::CouperLaClassification() {
 }
 
 void Graphe3::RelierFichiers() {
-  connect(ui_->BoutonEnreg, &QPushButton::clicked, this,
-          [this] { Enregistrer(CheminVersQt(CheminDEcriture(contexte_.repertoire, contexte_.Nom("Fac.bmp")))); });
-  connect(ui_->BoutonEnregSous, &QPushButton::clicked, this, &Graphe3::EnregistrerSous);
-  connect(ui_->BoutonImpr, &QPushButton::clicked, this, [this] {
-    if (!ImprimerDessin(this, ui_->Image->Contenu()))
-      principal_.Ecran().demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
-  });
+  RelierSorties(*this, principal_, *ui_->Image, contexte_, "Fac",
+                {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
+                [this] { return ui_->Resolution->value(); });
   connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAGraphe")); });
   new Abandon(*this, *ui_->BoutonQuitter, principal_,
               [contexte = contexte_](const Contexte&) { QuitterGraphe(contexte); });
-}
-
-void Graphe3::Enregistrer(const QString& fichier) {
-  if (!EnregistrerDessin(fichier, ui_->Image->Contenu(), ui_->Resolution->value())) {
-    principal_.Ecran().demander(
-        Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}), Boutons::Ok);
-    return;
-  }
-  const std::string nom = TexteDe(CheminDepuisQt(fichier).filename());
-  setWindowTitle(VersQt(nom));
-  principal_.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
-}
-
-void Graphe3::EnregistrerSous() {
-  const QString propose = CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("Fac.png")));
-  QString choisi;
-  QString fichier =
-      QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer le graphique"), propose,
-                                   QStringLiteral("PNG (*.png);;SVG (*.svg);;PDF (*.pdf);;BMP (*.bmp)"), &choisi);
-  if (fichier.isEmpty()) return;
-  if (QFileInfo(fichier).suffix().isEmpty()) fichier += u'.' + choisi.left(3).toLower();
-  Enregistrer(fichier);
 }
 
 void Graphe3::Refuser(const Erreur& erreur) {
