@@ -11,8 +11,8 @@ namespace {
 
 void Enregistrer(QWidget& forme, Principal& principal, const QString& fichier, const Dessin& dessin, int resolution) {
   if (!EnregistrerDessin(fichier, dessin, resolution)) {
-    principal.Ecran().demander(
-        Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}), Boutons::Ok);
+    principal.Ecran().demander(Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}),
+                               Boutons::Ok);
     return;
   }
   const std::string nom = TexteDe(CheminDepuisQt(fichier).filename());
