@@ -39,6 +39,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeAnecar(),
       ProgrammeWardCoupe(),
       ProgrammeGraphe(),
+      ProgrammeTriFichier(),
       // clang-format on
   };
   return programmes;

@@ -165,6 +165,7 @@ Programme ProgrammePosmod();
 Programme ProgrammePrepRecod();
 Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();
+Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();
 
 }  // namespace quelvar::batch

@@ -1,0 +1,79 @@
+#include "utilities/trifichier.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "core/tris.h"
+#include "support/programme.h"
+
+namespace quelvar::utilities {
+namespace {
+
+// Texts of a few letters, so that many are equal; some longer than a key.
+std::vector<std::string> TextesAuHasard(std::size_t nombre) {
+  std::mt19937 hasard(4);
+  std::vector<std::string> textes;
+  for (std::size_t i = 0; i < nombre; ++i) {
+    std::string texte(hasard() % 4 + (hasard() % 5 == 0 ? 18 : 0), 'a');
+    for (char& c : texte) c = " az\xE9"[hasard() % 4];
+    textes.push_back(texte);
+  }
+  return textes;
+}
+
+TEST(TriChaines, LeavesEqualKeysWhereTheHeapSortOfWholeKeysLeavesThem) {
+  struct Fiche {
+    std::basic_string<unsigned char> cle;
+    std::uint32_t rang;
+  };
+  for (const std::size_t nombre : {0U, 1U, 2U, 3U, 10U, 777U}) {
+    const std::vector<std::string> textes = TextesAuHasard(nombre);
+    std::vector<CleDeTri> cles;
+    std::vector<Fiche> fiches;
+    for (const std::string& texte : textes) {
+      std::string cle = texte.substr(0, kLargeurCle);
+      cle.resize(kLargeurCle, ' ');
+      fiches.push_back({{cle.begin(), cle.end()}, static_cast<std::uint32_t>(cles.size())});
+      cles.push_back(CleDe(texte));
+    }
+    for (const SensDeTri sens : {SensDeTri::Croissant, SensDeTri::Decroissant}) {
+      std::vector<Fiche> attendu = fiches;
+      TrierParTas(std::span<Fiche>(attendu), [sens](const Fiche& a, const Fiche& b) {
+        return sens == SensDeTri::Croissant ? a.cle < b.cle : a.cle > b.cle;
+      });
+      const std::vector<std::uint32_t> ordre = TriChaines(cles, sens, nullptr);
+      ASSERT_EQ(ordre.size(), nombre);
+      for (std::size_t i = 0; i < nombre; ++i) EXPECT_EQ(ordre[i], attendu[i].rang) << nombre << " / " << i;
+    }
+  }
+}
+
+class RunTriFichier : public essai::RunDeProgramme {};
+
+TEST_F(RunTriFichier, WithoutAGenericTheReportIsShownAndGoes) {
+  Ecrire("A.TXT", "b\na\n");
+  contexte_.generique.clear();
+  EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "C.TXT", "1", "1"}), Fin::Normale);
+  EXPECT_FALSE(Existe("$$$.prt"));
+  EXPECT_EQ(Lire("C.TXT"), "a\r\nb\r\n");
+}
+
+TEST_F(RunTriFichier, AFieldThatCannotBeCutLeavesTheFiles) {
+  Ecrire("A.TXT", "b\na\n");
+  EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "A.TXT", "-1", "1"}), Fin::Arret);
+  EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "A.TXT", "1", "-1"}), Fin::Arret);
+  EXPECT_EQ(Lire("A.TXT"), "b\na\n");
+}
+
+TEST(RefusDeTrier, NamesTheFirstMissingItem) {
+  EXPECT_EQ(RefusDeTrier({}), "Vous devez entrer le nom du fichier A à trier"_w);
+  EXPECT_EQ(RefusDeTrier({"A"}), "Vous devez entrer le nom du fichier C résultant du tri"_w);
+  EXPECT_EQ(RefusDeTrier({"A", "C"}), "Vous devez entrer la position initiale du champ de tri");
+  EXPECT_EQ(RefusDeTrier({"A", "C", "3"}), "Vous devez entrer la largeur du champ de tri (10 max)");
+  EXPECT_TRUE(RefusDeTrier({"A", "C", "0"}).empty());
+  EXPECT_TRUE(RefusDeTrier({"A", "C", "3", "4"}).empty());
+}
+
+}  // namespace
+}  // namespace quelvar::utilities
