@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "core/nombres.h"
-#include "core/report.h"
-#include "core/texte.h"
-#include "factor/plan.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
+#include "factor/plan/plan.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // Any table, with any options: the run ends with a report, its coordinates have a line for each element, and the tree
 // that follows can be cut. Then any tree file: the cut ends with a report and leaves the data as they were. Input: two
 // bytes of options, the bytes of the .MOD, FF hex, those of the .BRT, FF hex, those of the .CAH.
-#include "factor/anecar.h"
+#include "factor/analyse/anecar.h"
 
 #include <cstdint>
 #include <cstdlib>
 
 #include "dossier_memoire.h"
-#include "factor/ward_coupe.h"
+#include "factor/classement/coupe.h"
 
 namespace {
 

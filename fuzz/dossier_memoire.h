@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/fichiers.h"
-#include "core/programme.h"
+#include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 
 namespace fuzz {
 

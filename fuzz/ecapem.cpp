@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "dossier_memoire.h"
-#include "tables/liens.h"
+#include "tables/liens/liens.h"
 
 namespace {
 

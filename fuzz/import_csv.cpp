@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "dossier_memoire.h"
-#include "sorts/triapl.h"
+#include "sorts/triapl/triapl.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // Any parameter line: LireParametres ends with values that fit their types or with an error number.
-#include "core/parametres.h"
+#include "core/enquete/parametres.h"
 
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 #include "fichier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {

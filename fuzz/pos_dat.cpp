@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/datfile.h"
-#include "core/posfile.h"
+#include "core/enquete/datfile.h"
+#include "core/enquete/posfile.h"
 #include "fichier_memoire.h"
 
 namespace {

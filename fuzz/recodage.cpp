@@ -1,13 +1,13 @@
 // Any instructions and data, in any mode: the recoding ends with a report, leaves what it read alone, and writes either
 // a generic that the flat sort can read (nobody may be left in it) or none at all. Input: one byte of options, the
 // bytes of the .POS, FF hex, those of the .DAT.
-#include "sorts/recodage.h"
+#include "sorts/recodage/recodage.h"
 
 #include <cstdint>
 #include <cstdlib>
 
 #include "dossier_memoire.h"
-#include "sorts/triapl.h"
+#include "sorts/triapl/triapl.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   if (taille == 0) return 0;

@@ -1,6 +1,6 @@
 // Any dictionary, data file and labels, with any options: the flat sort ends with a report. Input: one byte of options,
 // the bytes of the .POS, FF hex, those of the .DAT, FF hex, those of the .MOD, FF hex, those of the .TRG.
-#include "sorts/triapl.h"
+#include "sorts/triapl/triapl.h"
 
 #include <array>
 #include <cstdint>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "batch/ligne_de_commande.h"
-#include "core/dialogue.h"
+#include "core/programme/dialogue.h"
 
 namespace quelvar::batch {
 

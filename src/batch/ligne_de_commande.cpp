@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "core/report.h"
+#include "core/programme/report.h"
 
 namespace quelvar::batch {
 

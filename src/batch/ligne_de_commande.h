@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "batch/programmes.h"
-#include "core/dialogue.h"
+#include "core/programme/dialogue.h"
 
 namespace quelvar::batch {
 

@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "factor/anecar.h"
+#include "factor/analyse/anecar.h"
 
 namespace quelvar::batch {
 

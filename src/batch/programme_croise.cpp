@@ -2,10 +2,10 @@
 #include <optional>
 
 #include "batch/programmes.h"
-#include "core/dessin_svg.h"
+#include "core/dessin/svg.h"
 #include "crosstab/choixvar.h"
 #include "crosstab/croise.h"
-#include "crosstab/graphe2.h"
+#include "crosstab/graphe/graphe2.h"
 
 namespace quelvar::batch {
 

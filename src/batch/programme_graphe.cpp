@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "factor/graphe.h"
+#include "factor/plan/graphe.h"
 
 namespace quelvar::batch {
 

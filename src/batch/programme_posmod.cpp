@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "factor/posmod.h"
+#include "modalities/creation/posmod.h"
 
 namespace quelvar::batch {
 

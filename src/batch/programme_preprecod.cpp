@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "sorts/preprecod_script.h"
+#include "sorts/preparation/script.h"
 
 namespace quelvar::batch {
 

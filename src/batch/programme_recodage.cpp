@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "sorts/recodage.h"
+#include "sorts/recodage/recodage.h"
 
 namespace quelvar::batch {
 

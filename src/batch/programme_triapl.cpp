@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "sorts/triapl.h"
+#include "sorts/triapl/triapl.h"
 
 namespace quelvar::batch {
 

@@ -1,5 +1,5 @@
 #include "batch/programmes.h"
-#include "factor/ward_coupe.h"
+#include "factor/classement/coupe.h"
 
 namespace quelvar::batch {
 

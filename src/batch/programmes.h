@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/nombres.h"
-#include "core/programme.h"
+#include "core/programme/programme.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar::batch {
 

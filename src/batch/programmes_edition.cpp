@@ -1,8 +1,8 @@
 // The actions of the forms that edit modalities and names of questions.
 #include "batch/programmes.h"
-#include "factor/modifmod.h"
-#include "factor/nomemod.h"
-#include "factor/nomquest.h"
+#include "modalities/edition/modifmod.h"
+#include "modalities/edition/nomemod.h"
+#include "modalities/edition/nomquest.h"
 
 namespace quelvar::batch {
 

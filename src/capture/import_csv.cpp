@@ -7,8 +7,8 @@
 
 #include "capture/presence.h"
 #include "capture/tableur.h"
-#include "core/nombres.h"
-#include "core/posfile.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar {
 

@@ -2,7 +2,7 @@
 // holds the titles, and an account in .IMP.
 #pragma once
 
-#include "core/programme.h"
+#include "core/programme/programme.h"
 
 namespace quelvar {
 

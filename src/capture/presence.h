@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/programme.h"
+#include "core/programme/programme.h"
 
 namespace quelvar {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/nombres.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/nombres.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar {
 

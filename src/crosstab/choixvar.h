@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/dialogue.h"
+#include "core/programme/dialogue.h"
 #include "crosstab/croise.h"
 
 namespace quelvar {

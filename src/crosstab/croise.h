@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "core/programme.h"
+#include "core/programme/programme.h"
 #include "crosstab/edition.h"
 #include "crosstab/enquete.h"
-#include "crosstab/tableau.h"
+#include "crosstab/tableau/tableau.h"
 
 namespace quelvar {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "core/report.h"
+#include "core/programme/report.h"
 #include "crosstab/enquete.h"
-#include "crosstab/tableau.h"
+#include "crosstab/tableau/tableau.h"
 
 namespace quelvar {
 

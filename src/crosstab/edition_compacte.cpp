@@ -1,4 +1,4 @@
-#include "core/posfile.h"
+#include "core/enquete/posfile.h"
 #include "crosstab/edition.h"
 
 namespace quelvar {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/modfile.h"
-#include "core/nombres.h"
-#include "core/posfile.h"
+#include "core/enquete/modfile.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar {
 

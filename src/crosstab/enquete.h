@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/modfile.h"
-#include "core/programme.h"
-#include "crosstab/codes.h"
+#include "core/enquete/modfile.h"
+#include "core/programme/programme.h"
+#include "crosstab/tableau/codes.h"
 
 namespace quelvar {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <functional>
 
-#include "core/datfile.h"
-#include "core/nombres.h"
-#include "core/report.h"
+#include "core/enquete/datfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar {
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/fichiers.h"
-#include "core/matrice.h"
+#include "core/calcul/matrice.h"
+#include "core/fichiers/fichiers.h"
 
 namespace quelvar {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 
 namespace quelvar {
 

@@ -2,8 +2,8 @@
 // with.
 #pragma once
 
-#include "crosstab/premierfacteur.h"
-#include "crosstab/tableaumaximum.h"
+#include "crosstab/tableau/maximum.h"
+#include "crosstab/tableau/premierfacteur.h"
 #include "tables/tableaucompte.h"
 
 namespace quelvar {

@@ -3,10 +3,10 @@
 #include <string_view>
 #include <utility>
 
-#include "core/datfile.h"
-#include "core/modfile.h"
-#include "core/nombres.h"
-#include "core/posfile.h"
+#include "core/enquete/datfile.h"
+#include "core/enquete/modfile.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
 #include "tables/examentableau.h"
 #include "tables/lecturetable.h"
 #include "tables/travailecapem.h"

@@ -2,9 +2,9 @@
 // table or of cliques.
 #pragma once
 
-#include "core/programme.h"
+#include "core/programme/programme.h"
 #include "tables/impression.h"
-#include "tables/liaisons.h"
+#include "tables/liens/liaisons.h"
 #include "tables/nomselements.h"
 
 namespace quelvar {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "core/nombres.h"
+#include "core/texte/nombres.h"
 #include "tables/gamma.h"
 #include "tables/lecturetable.h"
 

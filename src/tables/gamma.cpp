@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 #include "tables/diagonalisation.h"
 
 namespace quelvar {

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "core/report.h"
+#include "core/programme/report.h"
 #include "tables/tableaucompte.h"
 
 namespace quelvar {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "core/erreur.h"
-#include "core/nombres.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "core/report.h"
+#include "core/programme/report.h"
 #include "tables/diagonalisation.h"
 #include "tables/statistiques.h"
 

@@ -3,7 +3,7 @@
 #include <limits>
 #include <utility>
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 
 namespace quelvar {
 

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <vector>
 
-#include "core/fichiers.h"
-#include "core/matrice.h"
-#include "tables/liaisons.h"
+#include "core/calcul/matrice.h"
+#include "core/fichiers/fichiers.h"
+#include "tables/liens/liaisons.h"
 #include "tables/nomselements.h"
 
 namespace quelvar {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/brtfile.h"
-#include "core/modfile.h"
+#include "core/enquete/brtfile.h"
+#include "core/enquete/modfile.h"
 
 namespace quelvar {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/erreur.h"
-#include "crosstab/pemlocal.h"
+#include "core/programme/erreur.h"
+#include "crosstab/tableau/pemlocal.h"
 
 namespace quelvar {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/matrice.h"
+#include "core/calcul/matrice.h"
 #include "tables/tableaucompte.h"
 
 namespace quelvar {

@@ -4,7 +4,7 @@
 #include <numeric>
 #include <utility>
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 
 namespace quelvar {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "core/matrice.h"
+#include "core/calcul/matrice.h"
 
 namespace quelvar {
 

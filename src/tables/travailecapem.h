@@ -5,9 +5,9 @@
 #include <optional>
 #include <vector>
 
-#include "core/parametres.h"
+#include "core/enquete/parametres.h"
 #include "tables/ecapem.h"
-#include "tables/profils.h"
+#include "tables/liens/profils.h"
 
 namespace quelvar {
 

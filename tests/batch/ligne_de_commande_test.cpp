@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "batch/dialogue_batch.h"
-#include "sorts/triapl.h"
+#include "sorts/triapl/triapl.h"
 
 namespace quelvar::batch {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 
 namespace quelvar {
 namespace {

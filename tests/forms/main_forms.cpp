@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "forms/application.h"
+#include "forms/cadre/application.h"
 #include "support/environnement.h"
 
 int main(int argc, char** argv) {

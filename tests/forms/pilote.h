@@ -12,7 +12,7 @@
 #include <ostream>
 #include <stdexcept>
 
-#include "forms/principal.h"
+#include "forms/cadre/principal.h"
 #include "support/environnement.h"
 
 inline void PrintTo(const QString& texte, std::ostream* flux) { *flux << '"' << texte.toStdString() << '"'; }

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "core/fichiers.h"
+#include "core/fichiers/fichiers.h"
 #include "support/environnement.h"
 
 namespace fs = std::filesystem;

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "core/fichiers.h"
+#include "core/fichiers/fichiers.h"
 #include "golden/cas.h"
 #include "support/environnement.h"
 

@@ -1,7 +1,7 @@
 // What a test asks of a call that must fail: the number of its error.
 #pragma once
 
-#include "core/erreur.h"
+#include "core/programme/erreur.h"
 
 namespace essai {
 

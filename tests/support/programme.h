@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "core/fichiers.h"
-#include "core/programme.h"
+#include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 #include "support/environnement.h"
 
 namespace essai {

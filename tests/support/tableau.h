@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-#include "core/matrice.h"
+#include "core/calcul/matrice.h"
 
 namespace essai {
 

@@ -1,0 +1,43 @@
+#include "core/document/empreinte.h"
+
+#include <functional>
+
+#include "core/programme/erreur.h"
+
+namespace quelvar {
+
+namespace {
+
+std::size_t Condense(std::string_view octets) { return std::hash<std::string_view>{}(octets); }
+
+}  // namespace
+
+Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets) {
+  std::error_code ignoree;
+  return {octets.size(), std::filesystem::last_write_time(chemin, ignoree), Condense(octets)};
+}
+
+Empreinte EmpreinteSansContenu(const Chemin& chemin) {
+  std::error_code ignoree;
+  return {LongueurFichier(chemin), std::filesystem::last_write_time(chemin, ignoree), std::nullopt};
+}
+
+SurDisque ComparerAvecDisque(const Chemin& chemin, Empreinte& connue, bool toujoursLire) {
+  std::error_code code;
+  const std::uintmax_t taille = std::filesystem::file_size(chemin, code);
+  const auto instant = code ? std::filesystem::file_time_type{} : std::filesystem::last_write_time(chemin, code);
+  if (code) return SurDisque::Disparu;
+  if (taille != connue.taille) return SurDisque::Modifie;
+  const bool memeInstant = instant == connue.instant;
+  if (!connue.contenu) return memeInstant ? SurDisque::Inchange : SurDisque::Modifie;
+  if (memeInstant && !toujoursLire) return SurDisque::Inchange;
+  try {
+    if (Condense(LireOctets(chemin)) != connue.contenu) return SurDisque::Modifie;
+  } catch (const Erreur&) {
+    return SurDisque::Disparu;
+  }
+  connue.instant = instant;
+  return SurDisque::Inchange;
+}
+
+}  // namespace quelvar

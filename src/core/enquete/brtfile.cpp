@@ -1,0 +1,65 @@
+#include "core/enquete/brtfile.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "core/programme/erreur.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurNom = 4;
+constexpr std::size_t kLargeurIntitule = 25;
+
+// An integer right-aligned in the width, whole when longer.
+void EcrireEntier(Ecrivain& fichier, std::int64_t valeur, int largeur) {
+  char chiffres[24];
+  const auto [fin, _] = std::to_chars(chiffres, chiffres + sizeof chiffres, valeur);
+  const auto longueur = static_cast<std::size_t>(fin - chiffres);
+  for (std::size_t i = longueur; i < static_cast<std::size_t>(std::max(largeur, 0)); ++i) fichier.Ecrire(' ');
+  fichier.Ecrire(std::string_view(chiffres, longueur));
+}
+
+}  // namespace
+
+void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne) {
+  if (largeur < 1) throw Erreur(kArgumentIncorrect);
+  const auto w = static_cast<std::size_t>(largeur);
+  ligne.nom = CadreGauche(texte.substr(0, kLargeurNom), kLargeurNom);
+  ligne.cellules.resize(static_cast<std::size_t>(std::max(colonnes, 0)));
+  std::size_t colonne = kLargeurNom + 1;
+  for (double& cellule : ligne.cellules) {
+    cellule = ValeurDe(Milieu(texte, colonne, w));
+    colonne += w;
+  }
+  ligne.intitule = Rogner(Milieu(texte, colonne)).substr(0, kLargeurIntitule);
+}
+
+void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,
+                    std::string_view intitule) {
+  fichier.Ecrire(CadreGauche(nom, kLargeurNom));
+  for (const std::int64_t cellule : cellules) EcrireEntier(fichier, cellule, largeur);
+  fichier.Ligne(intitule);
+}
+
+void LireLigneCdg(std::string_view texte, int modalites, LigneCdg& ligne) {
+  ligne.nom = CadreGauche(texte.substr(0, kLargeurNom), kLargeurNom);
+  ligne.presence.resize(static_cast<std::size_t>(std::max(modalites, 0)));
+  for (std::size_t j = 0; j < ligne.presence.size(); ++j)
+    ligne.presence[j] = kLargeurNom + j < texte.size() && texte[kLargeurNom + j] == '1' ? 1 : 0;
+  ligne.nomLong = Milieu(texte, kLargeurNom + ligne.presence.size() + 1);
+}
+
+void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std::uint8_t> presence) {
+  const bool nomLong = nom.size() > kLargeurNom;
+  fichier.Ecrire(CadreGauche(nomLong ? std::string_view{} : nom, kLargeurNom));
+  for (const std::uint8_t present : presence) fichier.Ecrire(present != 0 ? '1' : '0');
+  fichier.Ligne(nomLong ? nom : std::string_view{});
+}
+
+int LargeurDeTable(std::int64_t plusGrandeCellule) { return static_cast<int>(Nombre(plusGrandeCellule).size()); }
+
+}  // namespace quelvar

@@ -1,0 +1,43 @@
+// The table files that go with a .MOD: the Burt or counted table .BRT and the logical coding .CDG.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar {
+
+// One row of a .BRT: name in columns 1-4, cells of `largeur` characters from column 5, optional label behind them.
+struct LigneBrt {
+  std::string nom;  // 4 characters, padded on the right
+  std::vector<double> cellules;
+  std::string intitule;  // trimmed, at most 25 characters
+};
+
+// Cuts a row of `colonnes` cells; `ligne.cellules` is filled in place, so that one row serves a whole file.
+// Raises 5 for a width below 1, 6 for a value beyond a double.
+void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne);
+
+// Writes a row of integer cells, right-aligned in the width and without separator.
+void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,
+                    std::string_view intitule = {});
+
+// One line of a .CDG: short name in columns 1-4, one digit a modality, the long name behind them.
+struct LigneCdg {
+  std::string nom;                     // 4 characters
+  std::vector<std::uint8_t> presence;  // 0 or 1 for each modality
+  std::string nomLong;                 // empty unless the name is longer than 4 characters
+};
+
+void LireLigneCdg(std::string_view texte, int modalites, LigneCdg& ligne);
+// A name longer than 4 characters leaves columns 1-4 blank and stands behind the digits.
+void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std::uint8_t> presence);
+
+// Number of digits of the largest cell, the width that a written table takes.
+int LargeurDeTable(std::int64_t plusGrandeCellule);
+
+}  // namespace quelvar

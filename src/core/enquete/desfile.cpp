@@ -1,0 +1,126 @@
+#include "core/enquete/desfile.h"
+
+#include <algorithm>
+
+#include "core/enquete/posfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurAlphaMaximale = 20;
+
+bool Contient(std::string_view texte, std::string_view cherche) {
+  return texte.find(cherche) != std::string_view::npos;
+}
+
+class LecteurDeDescription {
+ public:
+  explicit LecteurDeDescription(Descripteur& descripteur) : descripteur_(descripteur) {}
+
+  void Lire(std::string_view ligne) {
+    Description description;
+    description.nom = CadreGauche(Milieu(ligne, 1, 7), 7);
+    description.nombre = Entier16(ValeurDe(Milieu(ligne, 8, 2)));
+    description.alphabetique = Majuscules(Milieu(ligne, 10, 1)) == "A";
+    description.options = Milieu(ligne, 11);
+    description.numerique = Contient(description.options, "num") || Contient(description.options, "NUM");
+    description.tabulation = Contient(description.options, "tab") || Contient(description.options, "TAB");
+    LireSaut(description);
+    ControlerNombre(description);
+    descripteur_.descriptions.push_back(std::move(description));
+  }
+
+ private:
+  void Signaler(std::string_view texte, const Description& description) {
+    descripteur_.fautes.push_back(Joindre({texte, " Question ", RognerDroite(description.nom)}));
+    ++descripteur_.nombreFautes;
+  }
+
+  void ControlerNombre(Description& description) {
+    if (description.alphabetique && description.nombre > kLargeurAlphaMaximale) {
+      Signaler("*** Attention un code alpha est plus grand que 20 ramené à 20 à la question "_w, description);
+      description.nombre = kLargeurAlphaMaximale;
+    } else if (description.alphabetique && description.nombre == 0) {
+      Signaler("*** Attention un code alpha est de largeur 0 à la question "_w, description);
+    } else if (!description.alphabetique && description.nombre == 0) {
+      Signaler("*** Attention un code numérique a comme code-max 0 à la question "_w, description);
+    }
+  }
+
+  void LireSaut(Description& description) {
+    const std::string& options = description.options;
+    const std::size_t si = Majuscules(options).find("SI");
+    if (si == std::string::npos) return;
+    const std::size_t signe = options.find_first_of("<=>", si);
+    const std::size_t plus = options.find('+', si);
+    if (plus == std::string::npos) return Signaler("*** Pas de signe plus dans le saut, test abandonné"_w, description);
+    if (signe == std::string::npos || signe > plus)
+      return Signaler("*** Pas de < ou = ou >, test abandonné"_w, description);
+    const int nombre = Entier16(ValeurDe(std::string_view(options).substr(plus + 1)));
+    if (nombre == 0) return Signaler("*** Pas de valeur dans le saut, test abandonné"_w, description);
+    description.saut = SautConditionnel{
+        options[signe], std::string(Rogner(std::string_view(options).substr(signe + 1, plus - signe - 1))), nombre};
+  }
+
+  Descripteur& descripteur_;
+};
+
+}  // namespace
+
+int Descripteur::LongueurEnregistrement() const {
+  int longueur = 0;
+  for (const Description& description : descriptions) longueur += description.Largeur();
+  return longueur;
+}
+
+Descripteur LireDes(const Chemin& chemin) {
+  Descripteur descripteur;
+  LecteurDeDescription lecteurDeDescription(descripteur);
+  LecteurLignes lecteur(chemin);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    const std::string_view tete = Milieu(ligne, 1, 4);
+    if (Rogner(tete).empty() || Contient(tete, "**")) break;
+    lecteurDeDescription.Lire(ligne);
+  }
+  return descripteur;
+}
+
+void VerifierLongueur(Descripteur& descripteur, std::string_view derniereLigne) {
+  const int longueur = descripteur.LongueurEnregistrement();
+  if (static_cast<std::size_t>(longueur) == derniereLigne.size()) return;
+  const std::string_view dernierNom =
+      descripteur.descriptions.empty() ? std::string_view{} : descripteur.descriptions.back().nom;
+  descripteur.fautes.push_back(Joindre(
+      {"*** Erreur : la longueur de l'enregistrement calculée à partir\r\n    du fichier de description est de "_w,
+       Nombre(longueur), "\r\n    celle du dernier enregistrement du fichier de données\r\n    existant déjà est de "_w,
+       Nombre(derniereLigne.size()), " Question ", RognerDroite(dernierNom)}));
+  descripteur.nombreFautes += 10;
+}
+
+std::string TexteDesFautes(const Descripteur& descripteur) {
+  std::string texte;
+  for (const std::string& faute : descripteur.fautes) texte += (texte.empty() ? "" : "\r\n") + faute;
+  return texte;
+}
+
+std::string LigneDescription(std::string_view nom, int nombre, GenreDescription genre, std::string_view options) {
+  std::string_view colonnes = "     ";
+  if (genre == GenreDescription::Alphabetique) colonnes = "A    ";
+  if (genre == GenreDescription::NumeriqueLongue) colonnes = "A NUM";
+  return Joindre({CadreGauche(nom, 7), EntierDroit(nombre, 2), colonnes, options});
+}
+
+std::string CodeMaxGenere(const Description& description) {
+  if (!description.alphabetique) return TexteCodeMax(description.nombre);
+  switch (description.nombre) {
+    case 1: return " 9";
+    case 2: return "99";
+    case 3: return "L3";
+    default: return EntierDroit(description.nombre, 2) + "A";
+  }
+}
+
+}  // namespace quelvar

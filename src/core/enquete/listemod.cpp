@@ -1,0 +1,67 @@
+#include "core/enquete/listemod.h"
+
+#include <algorithm>
+
+#include "core/enquete/modfile.h"
+#include "core/programme/erreur.h"
+#include "core/programme/report.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurNom = 4;
+constexpr int kLargeurMarque = 3;
+
+}  // namespace
+
+ListeModalites LireListeModalites(const Chemin& chemin) {
+  ListeModalites liste;
+  LecteurLignes lecteur(chemin);
+  std::string_view ligne;
+  if (lecteur.Lire(ligne)) liste.titre = ligne;
+  if (lecteur.Lire(ligne)) liste.parametres = ligne;
+  while (lecteur.Lire(ligne)) {
+    if (!liste.suite.empty() || FinitLesModalites(ligne)) {
+      liste.suite.emplace_back(ligne);
+    } else {
+      const Modalite lue = LireLigneModalite(ligne);
+      liste.textes.push_back(TexteDeModalite(lue.nom, lue.marque, lue.intitule));
+    }
+  }
+  return liste;
+}
+
+void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste) {
+  Remplacement fichier(repertoire, nom);
+  fichier.Fichier().Ligne(liste.titre);
+  fichier.Fichier().Ligne(liste.parametres);
+  for (const std::string& texte : liste.textes) fichier.Fichier().Ligne(texte);
+  for (const std::string& ligne : liste.suite) fichier.Fichier().Ligne(ligne);
+  fichier.Valider();
+}
+
+void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes) {
+  const std::optional<Chemin> chemin = ChercherFichier(repertoire, nom);
+  if (!chemin) throw Erreur(kFichierIntrouvable);
+  ListeModalites liste = LireListeModalites(*chemin);
+  liste.textes = textes;
+  EcrireListeModalites(repertoire, nom, liste);
+}
+
+std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule) {
+  return Joindre({CadreGauche(nom, kLargeurNom), CadreGauche(marque, kLargeurMarque), intitule});
+}
+
+bool EstSupplementaire(std::string_view texte) {
+  return MarqueDeTexte(texte).find_first_of("Ss") != std::string_view::npos;
+}
+
+std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom) {
+  const std::string cherche = CadreGauche(nom, kLargeurNom);
+  const auto trouve =
+      std::find_if(textes.begin(), textes.end(), [&](const auto& texte) { return NomDeTexte(texte) == cherche; });
+  return static_cast<std::size_t>(trouve - textes.begin());
+}
+
+}  // namespace quelvar

@@ -1,0 +1,39 @@
+// The modality list as the editing forms hold it: one text a modality, in the columns of its line of the .MOD.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar {
+
+// The .MOD in its parts, all lines as they stand but those of the modalities, which are padded to seven columns.
+struct ListeModalites {
+  std::string titre;
+  std::string parametres;
+  std::vector<std::string> textes;  // name in columns 1-4, mark in 5-7, label from 8 on
+  std::vector<std::string> suite;   // the end mark and what stands behind it
+};
+
+// A file of less than two lines has an empty list. Raises the numbers of LecteurLignes.
+ListeModalites LireListeModalites(const Chemin& chemin);
+// Replaces the file. Raises the numbers of Remplacement.
+void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
+// Replaces the modalities of the file by these texts; what else the file holds by then stays. Without a file,
+// raises 53.
+void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes);
+
+// Parts of a text of the list.
+inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, 4); }
+inline std::string_view MarqueDeTexte(std::string_view texte) { return texte.substr(4, 3); }
+inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(7); }
+std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
+// An S or s in the mark.
+bool EstSupplementaire(std::string_view texte);
+
+// Rank of the modality of that name, padded to four columns, or the number of texts.
+std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom);
+
+}  // namespace quelvar

@@ -1,0 +1,76 @@
+#include "core/enquete/modfile.h"
+
+#include "core/programme/report.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurNom = 4;
+constexpr std::size_t kLargeurIntitule = 25;
+
+}  // namespace
+
+Modalite LireLigneModalite(std::string_view ligne) {
+  Modalite modalite;
+  modalite.nom = CadreGauche(Milieu(ligne, 1, kLargeurNom), kLargeurNom);
+  modalite.marque = Milieu(ligne, 5, 3);
+  modalite.supplementaire = modalite.marque.find_first_of("Ss") != std::string::npos;
+  modalite.intitule = Milieu(ligne, 8);
+  return modalite;
+}
+
+bool FinitLesModalites(std::string_view ligne) {
+  const std::string_view tete = Milieu(ligne, 1, kLargeurNom);
+  return Rogner(tete).empty() || tete.find("**") != std::string_view::npos;
+}
+
+FichierMod LireMod(const Chemin& chemin) {
+  FichierMod mod;
+  LecteurLignes lecteur(chemin);
+  mod.titre = lecteur.LireObligatoire();
+  mod.lignes.push_back(mod.titre);
+  mod.parametres = lecteur.LireObligatoire();
+  mod.lignes.push_back(mod.parametres);
+  bool dansLaListe = true;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (dansLaListe && FinitLesModalites(ligne)) {
+      mod.premiereApres = mod.lignes.size();
+      dansLaListe = false;
+    }
+    if (dansLaListe) mod.modalites.push_back(LireLigneModalite(ligne));
+    mod.lignes.emplace_back(ligne);
+  }
+  if (dansLaListe) mod.premiereApres = mod.lignes.size();
+  return mod;
+}
+
+std::string LigneModalite(std::string_view nom, bool supplementaire, std::string_view intitule) {
+  return Joindre({CadreGauche(nom, kLargeurNom), std::string_view(supplementaire ? " S " : "   "),
+                  intitule.substr(0, kLargeurIntitule)});
+}
+
+std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom) {
+  std::optional<Chemin> chemin = ChercherFichier(repertoire, nom);
+  if (chemin && LongueurFichier(*chemin) < kModVide) {
+    EffacerFichier(*chemin);
+    chemin.reset();
+  }
+  return chemin;
+}
+
+const std::string* IntitulesModalites::Chercher(std::string_view nom) const {
+  const auto ligne = intitules_.find(std::string(nom));
+  return ligne == intitules_.end() ? nullptr : &ligne->second;
+}
+
+IntitulesModalites LireIntitules(const Chemin& chemin) {
+  IntitulesModalites intitules;
+  LecteurLignes lecteur(chemin);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
+  while (lecteur.Lire(ligne)) intitules.Ajouter(Milieu(ligne, 1, kLargeurNom), Milieu(ligne, 8));
+  return intitules;
+}
+
+}  // namespace quelvar

@@ -1,0 +1,110 @@
+#include "core/enquete/parametres.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+enum class Cle { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, Decimales, Cdg };
+
+// The order matters: the first code that occurs anywhere in the key wins.
+constexpr std::array<std::pair<std::string_view, Cle>, 18> kCodesDeCle = {{{"IM", Cle::Lignes},
+                                                                           {"LI", Cle::Lignes},
+                                                                           {"JM", Cle::Colonnes},
+                                                                           {"CO", Cle::Colonnes},
+                                                                           {"IS", Cle::LignesSup},
+                                                                           {"LS", Cle::LignesSup},
+                                                                           {"JS", Cle::ColonnesSup},
+                                                                           {"CS", Cle::ColonnesSup},
+                                                                           {"FM", Cle::Largeur},
+                                                                           {"FO", Cle::Largeur},
+                                                                           {"LA", Cle::Largeur},
+                                                                           {"LR", Cle::Largeur},
+                                                                           {"BR", Cle::Burt},
+                                                                           {"BU", Cle::Burt},
+                                                                           {"MO", Cle::Mod},
+                                                                           {"EF", Cle::Decimales},
+                                                                           {"DE", Cle::Decimales},
+                                                                           {"CD", Cle::Cdg}}};
+
+struct Paire {
+  std::string cle;
+  std::string valeur;
+};
+
+// Blanks for the separators, and no blank on either side of "=".
+std::string Normaliser(std::string_view ligne) {
+  std::string texte(Rogner(ligne));
+  std::replace_if(
+      texte.begin(), texte.end(), [](char c) { return std::string_view(",:;/.").find(c) != std::string_view::npos; },
+      ' ');
+  std::string serre;
+  for (std::size_t i = 0; i < texte.size(); ++i) {
+    if (texte[i] == ' ') {
+      const std::size_t suite = texte.find_first_not_of(' ', i);
+      const bool avantEgal = suite != std::string::npos && texte[suite] == '=';
+      const bool apresEgal = !serre.empty() && serre.back() == '=';
+      if (avantEgal || apresEgal) continue;
+    }
+    serre += texte[i];
+  }
+  return serre;
+}
+
+// The pairs of the line, or nothing when a token lacks its "=".
+std::optional<std::vector<Paire>> Decouper(const std::string& texte) {
+  std::vector<Paire> paires;
+  for (std::size_t i = texte.find_first_not_of(' '); i != std::string::npos; i = texte.find_first_not_of(' ', i)) {
+    const std::size_t egal = texte.find('=', i);
+    if (egal == std::string::npos) return std::nullopt;
+    const std::size_t fin = std::min(texte.find(' ', egal), texte.size());
+    paires.push_back({Majuscules(texte.substr(i, egal - i)), texte.substr(egal + 1, fin - egal - 1)});
+    i = fin;
+  }
+  return paires;
+}
+
+void Retenir(const Paire& paire, ParametresMod& parametres) {
+  const auto ligne = std::find_if(kCodesDeCle.begin(), kCodesDeCle.end(),
+                                  [&](const auto& code) { return paire.cle.find(code.first) != std::string::npos; });
+  if (ligne == kCodesDeCle.end()) return;
+  if (ligne->second == Cle::Mod) {
+    parametres.modPresent = true;
+    parametres.mod = RognerDroite(paire.valeur);
+    return;
+  }
+  const double valeur = ValeurDe(paire.valeur);
+  switch (ligne->second) {
+    case Cle::Lignes: parametres.lignes = valeur; break;
+    case Cle::Colonnes: parametres.colonnes = valeur; break;
+    case Cle::LignesSup: parametres.lignesSup = valeur; break;
+    case Cle::ColonnesSup: parametres.colonnesSup = Entier16(valeur); break;
+    case Cle::Largeur: parametres.largeur = Entier16(valeur); break;
+    case Cle::Burt: parametres.burt = Entier16(valeur); break;
+    case Cle::Decimales: parametres.decimales = Entier32(valeur); break;
+    case Cle::Cdg: parametres.cdg = valeur; break;
+    case Cle::Mod: break;
+  }
+}
+
+}  // namespace
+
+ParametresMod LireParametres(std::string_view ligne, Rapport* rapport) {
+  ParametresMod parametres;
+  const std::optional<std::vector<Paire>> paires = Decouper(Normaliser(ligne));
+  if (!paires) {
+    if (rapport) rapport->Ligne("Arret : manque signe = dans ligne 2 de *.MOD");
+    return parametres;
+  }
+  for (const Paire& paire : *paires) Retenir(paire, parametres);
+  return parametres;
+}
+
+}  // namespace quelvar

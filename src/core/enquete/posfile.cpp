@@ -1,0 +1,164 @@
+#include "core/enquete/posfile.h"
+
+#include <array>
+
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
+  std::array<std::array<char, 2>, 100> codes{};
+  for (std::size_t code = 0; code < codes.size(); ++code) {
+    if (code < 10) codes[code] = {static_cast<char>('0' + code), 0};
+    else if (code < 36) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
+    else codes[code] = {static_cast<char>('0' + code / 10), static_cast<char>('0' + code % 10)};
+  }
+  return codes;
+}
+
+constexpr auto kCodes = ConstruireCodes();
+
+constexpr std::string_view kMarqueActive = "&ACT&";
+constexpr std::string_view kMarqueSupplementaire = "&SUP&";
+
+// Takes the first occurrence of a mark out of the text.
+void Oter(std::string& texte, std::string_view marque) {
+  const std::size_t place = texte.find(marque);
+  if (place != std::string::npos) texte.erase(place, marque.size());
+}
+
+// The marks are looked for from column 10 on, in the label too.
+Statut StatutDe(std::string_view ligne) {
+  const std::string_view zone = Milieu(ligne, 10);
+  if (zone.find(kMarqueSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
+  return zone.find(kMarqueActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
+}
+
+int LireCodeMax(std::string_view colonnes) {
+  return colonnes == "L3" || colonnes == "l3" ? 999 : Entier16(ValeurDe(colonnes));
+}
+
+// Takes the label between its "$" signs out of the free area.
+void DetacherIntitule(std::string_view ligne, std::string& zoneLibre, Question& question) {
+  const std::size_t premier = ligne.find('$');
+  if (premier == std::string_view::npos) return;
+  const std::size_t second = ligne.find('$', premier + 1);
+  if (second == std::string_view::npos) {
+    question.intituleOuvert = true;
+    return;
+  }
+  question.intitule = ligne.substr(premier + 1, second - premier - 1);
+  const std::size_t ouverture = zoneLibre.find('$');
+  const std::size_t fermeture = ouverture == std::string::npos ? ouverture : zoneLibre.find('$', ouverture + 1);
+  if (fermeture != std::string::npos) zoneLibre.erase(ouverture, fermeture - ouverture + 1);
+}
+
+}  // namespace
+
+std::string TexteCodeMax(int codeMax) { return codeMax >= 100 ? "L3" : NombreFixe(codeMax, 2, 0); }
+
+std::string_view MarqueDe(Statut statut) {
+  switch (statut) {
+    case Statut::Actif: return kMarqueActive;
+    case Statut::Supplementaire: return kMarqueSupplementaire;
+    case Statut::Aucun: break;
+  }
+  return {};
+}
+
+std::string_view CodeCaractere(int code) {
+  if (code < 0 || code > 99) throw Erreur(kIndiceHorsSelection);
+  return {kCodes[static_cast<std::size_t>(code)].data(), code < 36 ? std::size_t{1} : std::size_t{2}};
+}
+
+LigneTaille LireLigneTaille(std::string_view ligne) {
+  LigneTaille taille;
+  taille.texte = ligne;
+  const std::size_t ouvrante = ligne.find('(');
+  const std::size_t fermante = ligne.find(')');
+  if (ouvrante == std::string_view::npos) {
+    taille.individus = Entier64(ValeurDe(ligne));
+  } else if (fermante == std::string_view::npos || fermante < ouvrante) {
+    taille.parenthesesFautives = true;
+  } else {
+    taille.individus = Entier64(ValeurDe(ligne.substr(0, ouvrante)));
+    taille.avantPonderation = Entier64(ValeurDe(ligne.substr(ouvrante + 1, fermante - ouvrante - 1)));
+  }
+  return taille;
+}
+
+Question LireLigneQuestion(std::string_view ligne) {
+  Question question;
+  question.nom = Milieu(ligne, 1, 3);
+  question.position = Entier16(ValeurDe(Milieu(ligne, 4, 4)));
+  question.codeMax = LireCodeMax(Milieu(ligne, 8, 2));
+  question.largeur = LargeurDe(question.codeMax);
+  // A label or a mark that starts a column too early belongs to the free area all the same.
+  const bool libreDesDix = ligne.size() >= 10 && (ligne[9] == '$' || ligne[9] == '&');
+  if (ligne.size() >= 10 && !libreDesDix) question.type = ligne[9];
+  question.alphabetique = question.type == 'A' || question.type == 'a';
+  question.statut = StatutDe(ligne);
+  std::string zoneLibre(Milieu(ligne, libreDesDix ? 10 : 11));
+  DetacherIntitule(ligne, zoneLibre, question);
+  Oter(zoneLibre, kMarqueActive);
+  Oter(zoneLibre, kMarqueSupplementaire);
+  question.regle = Rogner(zoneLibre);
+  return question;
+}
+
+std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {
+  const std::string_view nom = Milieu(ligne, 1, 3);
+  if (Rogner(nom).empty()) return FinDeListe::LigneBlanche;
+  if (nom.find("**") != std::string_view::npos) return FinDeListe::Asterisques;
+  if (nom.find("$$") != std::string_view::npos) return FinDeListe::Dollars;
+  return std::nullopt;
+}
+
+FichierPos LirePos(const Chemin& chemin) {
+  FichierPos pos;
+  LecteurLignes lecteur(chemin);
+  pos.titre = lecteur.LireObligatoire();
+  pos.lignes.push_back(pos.titre);
+  pos.taille = LireLigneTaille(lecteur.LireObligatoire());
+  pos.lignes.push_back(pos.taille.texte);
+  // Nothing behind faulty parentheses is worth a fault of its own: the run stops there.
+  bool dansLaListe = !pos.taille.parenthesesFautives;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (dansLaListe) {
+      if (const std::optional<FinDeListe> fin = MarqueDeFin(ligne)) {
+        pos.fin = *fin;
+        pos.premiereApres = pos.lignes.size();
+        dansLaListe = false;
+      } else {
+        pos.questions.push_back(LireLigneQuestion(ligne));
+      }
+    }
+    pos.lignes.emplace_back(ligne);
+  }
+  if (pos.fin == FinDeListe::FinDeFichier) pos.premiereApres = pos.lignes.size();
+  return pos;
+}
+
+std::string FauteIntitule(const Question& question) {
+  return Joindre({"L'intitulé de la question "_w, question.nom, " n'est pas encadré par le signe dollar"_w});
+}
+
+std::string_view MessageParentheses() {
+  return "Il y a des incohérences dans les parenthèses de ligne 2 du fichier *.POS, corrigez et relancez "_w;
+}
+
+void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue) {
+  if (!taille.parenthesesFautives) return;
+  dialogue.demander(MessageParentheses(), Boutons::Ok);
+  throw Erreur(kArretAnnonce);
+}
+
+RepereQuestion Reperer(const FichierPos& pos, std::size_t indice) {
+  const Question& question = pos.questions.at(indice);
+  return {static_cast<int>(indice) + 1, question.nom, question.position, question.codeMax};
+}
+
+}  // namespace quelvar

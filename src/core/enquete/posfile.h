@@ -1,0 +1,86 @@
+// The position file .POS: title, size line, questions, and where the lines behind the questions start.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+#include "core/programme/dialogue.h"
+#include "core/programme/erreur.h"
+
+namespace quelvar {
+
+// The size line (line 2).
+struct LigneTaille {
+  std::string texte;                  // the whole line, for the keywords of the recoding
+  std::int64_t individus = 0;         // constructed count N; 0 when unknown
+  std::int64_t avantPonderation = 0;  // count M between the parentheses; 0 without them
+  bool parenthesesFautives = false;   // a "(" without a ")" behind it
+};
+
+enum class Statut { Aucun, Actif, Supplementaire };
+
+struct Question {
+  std::string nom;            // columns 1-3
+  int position = 0;           // first column in a data line, from 1
+  int codeMax = 0;            // 999 for "L3"
+  int largeur = 1;            // columns of the field, from the code-max
+  char type = ' ';            // column 10 as it stands
+  bool alphabetique = false;  // "A" or "a" in column 10
+  Statut statut = Statut::Aucun;
+  std::string intitule;         // between the first two "$"; empty without them
+  bool intituleOuvert = false;  // one "$" only
+  std::string regle;            // free area without label and mark, trimmed on both sides
+};
+
+// What ended the list of questions.
+enum class FinDeListe { FinDeFichier, LigneBlanche, Asterisques, Dollars };
+
+struct FichierPos {
+  std::string titre;
+  LigneTaille taille;
+  std::vector<Question> questions;
+  FinDeListe fin = FinDeListe::FinDeFichier;
+  std::vector<std::string> lignes;  // every line of the file as it stands
+  std::size_t premiereApres = 0;    // index in `lignes` of the end mark; its size at the end of the file
+};
+
+// Width of a field: 3 for code-max 999, 2 from 10 on, else 1.
+constexpr int LargeurDe(int codeMax) { return codeMax == 999 ? 3 : codeMax >= 10 ? 2 : 1; }
+
+// Columns 8-9 of a question line for a numeric code-max: right-aligned, "L3" from 100 on.
+std::string TexteCodeMax(int codeMax);
+
+// "&ACT&", "&SUP&", or nothing.
+std::string_view MarqueDe(Statut statut);
+
+// Printed form of a code from 1 to 99: "1" to "9", "A" to "Z", then two digits; "0" for the non-response. Raises 9.
+std::string_view CodeCaractere(int code);
+
+// Raises 6 for a count beyond 64 bits.
+LigneTaille LireLigneTaille(std::string_view ligne);
+// Raises 6 when position or code-max do not fit 16 bits.
+Question LireLigneQuestion(std::string_view ligne);
+// The end of the list of questions that a line is, if it is one.
+std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
+
+// Reads the file; without its questions when the parentheses of line 2 are faulty. Raises 62 for less than two lines,
+// 6, and the numbers of LecteurLignes.
+FichierPos LirePos(const Chemin& chemin);
+
+// The fault of a label without its second "$", as a report tells it; a message box goes on with kCorrigezRelancez.
+std::string FauteIntitule(const Question& question);
+inline constexpr std::string_view kCorrigezRelancez = ", corrigez et relancez ";
+
+// The message on the parentheses of line 2.
+std::string_view MessageParentheses();
+// Shows that message and stops the run (kArretAnnonce) when the size line has it coming.
+void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue);
+
+// Name of the file of a question for the lines of error 5: numero counts from 1.
+RepereQuestion Reperer(const FichierPos& pos, std::size_t indice);
+
+}  // namespace quelvar

@@ -1,0 +1,359 @@
+#include "core/fichiers/fichiers.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "core/programme/erreur.h"
+
+namespace quelvar {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kTamponLecture = std::size_t{1} << 18;
+
+[[noreturn]] void LeverErrno(int code) { throw Erreur(NumeroDErrno(code)); }
+
+int Ouvrir(const Chemin& chemin, int drapeaux) {
+  const int descripteur = ::open(chemin.c_str(), drapeaux | O_CLOEXEC, 0666);
+  if (descripteur < 0) LeverErrno(errno);
+  return descripteur;
+}
+
+int OuvrirEnLecture(const Chemin& chemin) {
+  const int descripteur = Ouvrir(chemin, O_RDONLY);
+  struct stat etat {};
+  if (::fstat(descripteur, &etat) != 0 || S_ISDIR(etat.st_mode)) {
+    ::close(descripteur);
+    throw Erreur(kAccesFichier);
+  }
+  return descripteur;
+}
+
+int OuvrirEnEcriture(const Chemin& chemin, ModeEcriture mode) {
+  const int place = mode == ModeEcriture::Neuf ? O_TRUNC : O_APPEND;
+  const int descripteur = ::open(chemin.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | place, 0666);
+  // For a file to be made, what is missing is the directory.
+  if (descripteur < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+  return descripteur;
+}
+
+// Bytes read, 0 at the end of the file.
+std::size_t LireDirect(int descripteur, char* place, std::size_t taille) {
+  for (;;) {
+    const ssize_t lus = ::read(descripteur, place, taille);
+    if (lus >= 0) return static_cast<std::size_t>(lus);
+    if (errno != EINTR) LeverErrno(errno);
+  }
+}
+
+std::optional<Chemin> ChercherComposant(const Chemin& repertoire, const Chemin& composant) {
+  std::error_code code;
+  Chemin exact = repertoire / composant;
+  if (fs::exists(fs::symlink_status(exact, code))) return exact;
+
+  const std::string voulu = TexteDe(composant);
+  std::optional<std::string> trouve;
+  for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
+       i.increment(code)) {
+    std::string nom = i->path().filename().native();
+    if (EgalSansCasse(DepuisUtf8(nom), voulu) && (!trouve || nom < *trouve)) trouve = std::move(nom);
+  }
+  if (!trouve) return std::nullopt;
+  return repertoire / *trouve;
+}
+
+}  // namespace
+
+Chemin CheminDe(std::string_view texte) { return Chemin(VersUtf8(texte)); }
+std::string TexteDe(const Chemin& chemin) { return DepuisUtf8(chemin.native()); }
+
+std::optional<Chemin> ChercherFichier(const Chemin& repertoire, std::string_view nom) {
+  if (nom.empty()) return std::nullopt;
+  const Chemin demande = CheminDe(nom);
+  Chemin trouve = demande.is_absolute() ? Chemin() : repertoire;
+  for (const Chemin& composant : demande) {
+    if (composant.empty()) continue;
+    if (composant == demande.root_directory() || composant == "." || composant == "..") {
+      trouve /= composant;
+      continue;
+    }
+    std::optional<Chemin> suite = ChercherComposant(trouve, composant);
+    if (!suite) return std::nullopt;
+    trouve = std::move(*suite);
+  }
+  return trouve;
+}
+
+Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom) {
+  if (std::optional<Chemin> existant = ChercherFichier(repertoire, nom)) return *existant;
+  return repertoire / CheminDe(nom);
+}
+
+std::uintmax_t LongueurFichier(const Chemin& chemin) {
+  struct stat etat {};
+  if (::stat(chemin.c_str(), &etat) != 0) LeverErrno(errno);
+  if (S_ISDIR(etat.st_mode)) throw Erreur(kAccesFichier);
+  return static_cast<std::uintmax_t>(etat.st_size);
+}
+
+void EffacerFichier(const Chemin& chemin) {
+  if (::unlink(chemin.c_str()) != 0 && errno != ENOENT) LeverErrno(errno == EISDIR ? EISDIR : errno);
+}
+
+std::string LireOctets(const Chemin& chemin) {
+  const int descripteur = OuvrirEnLecture(chemin);
+  const std::unique_ptr<const int, void (*)(const int*)> fermeture(&descripteur, [](const int* d) { ::close(*d); });
+  std::string octets;
+  std::size_t lus = 0;
+  do {
+    const std::size_t avant = octets.size();
+    octets.resize(avant + kTamponLecture);
+    lus = LireDirect(descripteur, octets.data() + avant, kTamponLecture);
+    octets.resize(avant + lus);
+  } while (lus > 0);
+  return octets;
+}
+
+std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille) {
+  const int descripteur = OuvrirEnLecture(chemin);
+  const std::unique_ptr<const int, void (*)(const int*)> fermeture(&descripteur, [](const int* d) { ::close(*d); });
+  std::string octets(taille, '\0');
+  std::size_t lus = 0;
+  while (lus < taille) {
+    const ssize_t suite = ::pread(descripteur, octets.data() + lus, taille - lus, static_cast<off_t>(debut + lus));
+    if (suite < 0 && errno == EINTR) continue;
+    if (suite < 0) LeverErrno(errno);
+    if (suite == 0) break;
+    lus += static_cast<std::size_t>(suite);
+  }
+  octets.resize(lus);
+  return octets;
+}
+
+std::string NomDeSauvegarde(std::string_view nom) {
+  std::string sauvegarde(nom);
+  if (!sauvegarde.empty()) sauvegarde.back() = '2';
+  return sauvegarde;
+}
+
+LecteurLignes::LecteurLignes(const Chemin& chemin)
+    : descripteur_(OuvrirEnLecture(chemin)), tampon_(new char[kTamponLecture]), capacite_(kTamponLecture) {}
+
+LecteurLignes::~LecteurLignes() {
+  if (descripteur_ >= 0) ::close(descripteur_);
+}
+
+LecteurLignes::LecteurLignes(LecteurLignes&& autre) noexcept { *this = std::move(autre); }
+
+LecteurLignes& LecteurLignes::operator=(LecteurLignes&& autre) noexcept {
+  std::swap(descripteur_, autre.descripteur_);
+  std::swap(finie_, autre.finie_);
+  std::swap(tampon_, autre.tampon_);
+  std::swap(capacite_, autre.capacite_);
+  std::swap(debut_, autre.debut_);
+  std::swap(fin_, autre.fin_);
+  return *this;
+}
+
+// Brings more bytes behind those not given yet; false when the file has no more.
+bool LecteurLignes::Remplir() {
+  if (finie_) return false;
+  if (debut_ > 0) {
+    std::memmove(tampon_.get(), tampon_.get() + debut_, fin_ - debut_);
+    fin_ -= debut_;
+    debut_ = 0;
+  }
+  if (fin_ == capacite_) {
+    std::unique_ptr<char[]> plusGrand(new char[capacite_ * 2]);
+    std::memcpy(plusGrand.get(), tampon_.get(), fin_);
+    tampon_ = std::move(plusGrand);
+    capacite_ *= 2;
+  }
+  const std::size_t lus = LireDirect(descripteur_, tampon_.get() + fin_, capacite_ - fin_);
+  fin_ += lus;
+  finie_ = lus == 0;
+  return !finie_;
+}
+
+bool LecteurLignes::Lire(std::string_view& ligne) {
+  std::size_t examines = 0;
+  for (;;) {
+    const char* debut = tampon_.get() + debut_;
+    const std::size_t disponibles = fin_ - debut_;
+    if (const void* saut = std::memchr(debut + examines, '\n', disponibles - examines)) {
+      const auto longueur = static_cast<std::size_t>(static_cast<const char*>(saut) - debut);
+      debut_ += longueur + 1;
+      ligne = std::string_view(debut, longueur > 0 && debut[longueur - 1] == '\r' ? longueur - 1 : longueur);
+      return true;
+    }
+    examines = disponibles;
+    if (!Remplir()) return LireLaFin(ligne);
+  }
+}
+
+// The last line, which no line feed ends.
+bool LecteurLignes::LireLaFin(std::string_view& ligne) {
+  std::string_view reste(tampon_.get() + debut_, fin_ - debut_);
+  debut_ = fin_;
+  if (!reste.empty() && reste.back() == '\x1A') reste.remove_suffix(1);
+  if (reste.empty()) return false;
+  if (reste.back() == '\r') reste.remove_suffix(1);
+  ligne = reste;
+  return true;
+}
+
+std::string_view LecteurLignes::LireObligatoire() {
+  std::string_view ligne;
+  if (!Lire(ligne)) throw Erreur(kFinDeFichierDepassee);
+  return ligne;
+}
+
+Ecrivain::Ecrivain(const Chemin& chemin, ModeEcriture mode)
+    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[capacite]) {}
+
+Ecrivain::~Ecrivain() {
+  if (descripteur_ < 0) return;
+  try {
+    Fermer();
+  } catch (const Erreur&) {  // nobody is left to hear it
+  }
+}
+
+Ecrivain::Ecrivain(Ecrivain&& autre) noexcept { *this = std::move(autre); }
+
+Ecrivain& Ecrivain::operator=(Ecrivain&& autre) noexcept {
+  std::swap(descripteur_, autre.descripteur_);
+  std::swap(tampon_, autre.tampon_);
+  std::swap(rempli_, autre.rempli_);
+  return *this;
+}
+
+void Ecrivain::EcrireParMorceaux(std::string_view octets) {
+  Vider();
+  if (octets.size() >= capacite) {
+    EcrireDirect(octets.data(), octets.size());
+  } else {
+    octets.copy(tampon_.get(), octets.size());
+    rempli_ = octets.size();
+  }
+}
+
+void Ecrivain::EcrireDirect(const char* octets, std::size_t taille) {
+  while (taille > 0) {
+    const ssize_t ecrits = ::write(descripteur_, octets, taille);
+    if (ecrits < 0 && errno == EINTR) continue;
+    if (ecrits < 0) LeverErrno(errno);
+    octets += ecrits;
+    taille -= static_cast<std::size_t>(ecrits);
+  }
+}
+
+void Ecrivain::Vider() {
+  // Whatever happens to these bytes, they are not written twice.
+  const std::size_t taille = std::exchange(rempli_, 0);
+  EcrireDirect(tampon_.get(), taille);
+}
+
+void Ecrivain::Fermer() {
+  if (descripteur_ < 0) return;
+  int code = 0;
+  try {
+    Vider();
+  } catch (...) {
+    ::close(std::exchange(descripteur_, -1));
+    throw;
+  }
+  if (::close(std::exchange(descripteur_, -1)) != 0) code = errno;
+  if (code != 0) LeverErrno(code);
+}
+
+FichierDeTravail::FichierDeTravail(Chemin chemin) : chemin_(std::move(chemin)) {
+  descripteur_ = ::open(chemin_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (descripteur_ < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+}
+
+FichierDeTravail::~FichierDeTravail() {
+  ::close(descripteur_);
+  std::error_code ignore;
+  fs::remove(chemin_, ignore);
+}
+
+void FichierDeTravail::Lire(std::uint64_t place, void* octets, std::size_t taille) const {
+  for (char* suite = static_cast<char*>(octets); taille > 0;) {
+    const ssize_t lus = ::pread(descripteur_, suite, taille, static_cast<off_t>(place));
+    if (lus < 0 && errno == EINTR) continue;
+    if (lus < 0) LeverErrno(errno);
+    if (lus == 0) throw Erreur(kFinDeFichierDepassee);
+    suite += lus;
+    place += static_cast<std::uint64_t>(lus);
+    taille -= static_cast<std::size_t>(lus);
+  }
+}
+
+void FichierDeTravail::Ecrire(std::uint64_t place, const void* octets, std::size_t taille) {
+  for (const char* suite = static_cast<const char*>(octets); taille > 0;) {
+    const ssize_t ecrits = ::pwrite(descripteur_, suite, taille, static_cast<off_t>(place));
+    if (ecrits < 0 && errno == EINTR) continue;
+    if (ecrits < 0) LeverErrno(errno);
+    suite += ecrits;
+    place += static_cast<std::uint64_t>(ecrits);
+    taille -= static_cast<std::size_t>(ecrits);
+  }
+}
+
+namespace {
+
+Chemin CheminProvisoireDe(const Chemin& cible) {
+  Chemin provisoire = cible;
+  provisoire += ".$$$";
+  return provisoire;
+}
+
+// The file behind a link; raises 70 for one that exists and may not be written.
+Chemin CibleDuLien(const Chemin& cible) {
+  std::error_code code;
+  Chemin suivie = fs::canonical(cible, code);
+  if (code) return cible;
+  if (::access(suivie.c_str(), W_OK) != 0) LeverErrno(errno);
+  return suivie;
+}
+
+}  // namespace
+
+Remplacement::Remplacement(const Chemin& repertoire, std::string_view nom)
+    : Remplacement(CheminDEcriture(repertoire, nom)) {}
+
+Remplacement::Remplacement(const Chemin& cible)
+    : cible_(CibleDuLien(cible)), provisoire_(CheminProvisoireDe(cible_)), ecrivain_(provisoire_) {}
+
+Remplacement::~Remplacement() {
+  if (valide_) return;
+  std::error_code ignore;
+  fs::remove(provisoire_, ignore);
+}
+
+void Remplacement::Valider() {
+  ecrivain_.Fermer();
+  struct stat etat {};
+  if (::stat(cible_.c_str(), &etat) == 0) ::chmod(provisoire_.c_str(), etat.st_mode & 07777U);
+  if (::rename(provisoire_.c_str(), cible_.c_str()) != 0) LeverErrno(errno);
+  valide_ = true;
+}
+
+void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible) {
+  LecteurLignes lecteur(source);
+  Remplacement copie(repertoire, nomCible);
+  for (std::string_view ligne; lecteur.Lire(ligne);) copie.Fichier().Ligne(ligne);
+  copie.Valider();
+}
+
+}  // namespace quelvar

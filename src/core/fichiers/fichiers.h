@@ -1,0 +1,156 @@
+// Files: names looked up without regard to case, line reading and writing through one large buffer, replacement that
+// leaves the old file or the new one and never half of either.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+using Chemin = std::filesystem::path;
+
+// A text of the code page as a path, and back.
+Chemin CheminDe(std::string_view texte);
+std::string TexteDe(const Chemin& chemin);
+
+// The existing file (or directory) that a name of the directory stands for, without regard to case: the exact spelling
+// wins, else the first in byte order. A name with directories in it has each component resolved so.
+std::optional<Chemin> ChercherFichier(const Chemin& repertoire, std::string_view nom);
+// Where a file of that name is written: over the file that exists under the name it has, else under the name given.
+Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom);
+// Length in bytes; raises 53, 70 or 75.
+std::uintmax_t LongueurFichier(const Chemin& chemin);
+// Deletes the file if it is there; raises 70 or 75.
+void EffacerFichier(const Chemin& chemin);
+// The whole file as bytes; raises 53, 57, 70 or 75.
+std::string LireOctets(const Chemin& chemin);
+// At most `taille` bytes from a place of the file, fewer at its end; raises 53, 57, 70 or 75.
+std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille);
+// Name of the copy that keeps a former file: the last character replaced by "2" (.MOD gives .MO2).
+std::string NomDeSauvegarde(std::string_view nom);
+
+// Reads a file line by line. CR LF and LF end a line; the last one may lack its end; a final byte 1A hex ends the file.
+class LecteurLignes {
+ public:
+  // Raises 53, 70 or 75; a directory in place of the file is 75.
+  explicit LecteurLignes(const Chemin& chemin);
+  ~LecteurLignes();
+  LecteurLignes(LecteurLignes&&) noexcept;
+  LecteurLignes& operator=(LecteurLignes&&) noexcept;
+
+  // Gives the next line, without its end, as a view that lives until the next call; false at the end. Raises 57.
+  bool Lire(std::string_view& ligne);
+  // The next line; raises 62 at the end of the file.
+  std::string_view LireObligatoire();
+
+ private:
+  bool Remplir();
+  bool LireLaFin(std::string_view& ligne);
+
+  int descripteur_ = -1;
+  bool finie_ = false;  // the file has no byte left behind the buffer
+  std::unique_ptr<char[]> tampon_;
+  std::size_t capacite_ = 0;
+  std::size_t debut_ = 0;  // first byte not given yet
+  std::size_t fin_ = 0;    // end of the bytes read
+};
+
+// Whether what is written takes the place of the file or stands behind what it holds.
+enum class ModeEcriture { Neuf, Suite };
+
+// Writes a file through one large buffer. Every failure raises 61, 57, 70 or 75.
+class Ecrivain {
+ public:
+  explicit Ecrivain(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
+  ~Ecrivain();  // closes silently: a writer whose bytes count is closed by Fermer
+  Ecrivain(Ecrivain&&) noexcept;
+  Ecrivain& operator=(Ecrivain&&) noexcept;
+
+  void Ecrire(std::string_view octets) {
+    if (octets.size() > capacite - rempli_) {
+      EcrireParMorceaux(octets);
+      return;
+    }
+    octets.copy(tampon_.get() + rempli_, octets.size());
+    rempli_ += octets.size();
+  }
+  void Ecrire(char octet) { Ecrire(std::string_view(&octet, 1)); }
+  void FinDeLigne() { Ecrire(std::string_view("\r\n", 2)); }
+  void Ligne(Texte texte) {
+    Ecrire(texte.Vue());
+    FinDeLigne();
+  }
+  // A place of `taille` bytes (at most 64 KiB) in the buffer, to be filled by the caller and accounted by Avancer.
+  char* Place(std::size_t taille) {
+    if (taille > capacite - rempli_) Vider();
+    return tampon_.get() + rempli_;
+  }
+  void Avancer(std::size_t taille) { rempli_ += taille; }
+
+  void Vider();
+  void Fermer();
+
+  static constexpr std::size_t capacite = std::size_t{1} << 18;
+
+ private:
+  void EcrireParMorceaux(std::string_view octets);
+  void EcrireDirect(const char* octets, std::size_t taille);
+
+  int descripteur_ = -1;
+  std::unique_ptr<char[]> tampon_;
+  std::size_t rempli_ = 0;
+};
+
+// A scratch file of bytes read and written at any place; it is deleted at the end of the object's life. Failures raise
+// 57, 61, 70, 75, and 62 for bytes that are not there.
+class FichierDeTravail {
+ public:
+  explicit FichierDeTravail(Chemin chemin);
+  ~FichierDeTravail();
+  FichierDeTravail(const FichierDeTravail&) = delete;
+  FichierDeTravail& operator=(const FichierDeTravail&) = delete;
+
+  void Lire(std::uint64_t place, void* octets, std::size_t taille) const;
+  void Ecrire(std::uint64_t place, const void* octets, std::size_t taille);
+
+ private:
+  Chemin chemin_;
+  int descripteur_;
+};
+
+// A file written whole under a scratch name beside its target, then put in its place by one rename with the rights of
+// the file that it replaces. Without Valider the scratch file disappears and the target stays what it was. A target
+// that may not be written raises 70.
+class Remplacement {
+ public:
+  Remplacement(const Chemin& repertoire, std::string_view nom);
+  // The target by its path; one that is a link is followed.
+  explicit Remplacement(const Chemin& cible);
+  ~Remplacement();
+  Remplacement(const Remplacement&) = delete;
+  Remplacement& operator=(const Remplacement&) = delete;
+
+  Ecrivain& Fichier() { return ecrivain_; }
+  // Closes the scratch file and keeps it, for a caller that renames several files at the end.
+  void Achever() { ecrivain_.Fermer(); }
+  void Valider();
+  const Chemin& CheminProvisoire() const { return provisoire_; }
+
+ private:
+  Chemin cible_;
+  Chemin provisoire_;
+  Ecrivain ecrivain_;
+  bool valide_ = false;
+};
+
+// Copies a file line by line, every line ended by CR LF, through a replacement of the target.
+void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible);
+
+}  // namespace quelvar

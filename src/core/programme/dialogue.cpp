@@ -1,0 +1,27 @@
+#include "core/programme/dialogue.h"
+
+#include <cstdio>
+#include <ctime>
+
+namespace quelvar {
+
+DateHeure Dialogue::HeureLocale() {
+  const std::time_t maintenant = std::time(nullptr);
+  std::tm local{};
+  ::localtime_r(&maintenant, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+}
+
+std::string TexteDate(const DateHeure& instant) {
+  char texte[40];
+  std::snprintf(texte, sizeof texte, "%02d/%02d/%04d", instant.jour, instant.mois, instant.annee);
+  return texte;
+}
+
+std::string TexteHeure(const DateHeure& instant) {
+  char texte[40];
+  std::snprintf(texte, sizeof texte, "%02d:%02d:%02d", instant.heure, instant.minute, instant.seconde);
+  return texte;
+}
+
+}  // namespace quelvar

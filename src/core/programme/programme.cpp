@@ -1,0 +1,201 @@
+#include "core/programme/programme.h"
+
+#include <new>
+#include <stdexcept>
+#include <system_error>
+
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::uintmax_t kLimiteTexte = 35000;  // bytes that Text1 shows at most
+constexpr std::string_view kRapportSansNom = "$$$.prt";
+
+// Turns whatever the body threw into the one failure type.
+Erreur ErreurEnCours() {
+  try {
+    throw;
+  } catch (const Erreur& erreur) {
+    return erreur;
+  } catch (const std::bad_alloc&) {
+    return Erreur(kMemoireInsuffisante);
+  } catch (const std::system_error& erreur) {
+    return Erreur(NumeroDErrno(erreur.code().value()));
+  } catch (const std::length_error&) {
+    return Erreur(kMemoireInsuffisante);
+  } catch (const std::out_of_range&) {
+    return Erreur(kIndiceHorsSelection);
+  } catch (...) {
+    return Erreur(kArgumentIncorrect);
+  }
+}
+
+std::string EnLignes(const std::vector<std::string>& lignes) {
+  std::string texte;
+  for (const std::string& ligne : lignes) texte += ligne + "\r\n";
+  return texte;
+}
+
+Affichage AffichageDErreur(const Erreur& erreur, std::string_view nomRapport, const LibellesErreur& libelles) {
+  return {Affichage::Ou::Texte, EnLignes(LignesDErreur(erreur, libelles)), std::string(nomRapport), {}};
+}
+
+// The lines of the report joined by CR LF.
+std::string LireRapport(const Chemin& chemin) {
+  std::string texte;
+  LecteurLignes lecteur(chemin);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    texte += ligne;
+    texte += "\r\n";
+  }
+  return texte;
+}
+
+// Runs the body; false when it stopped. A failure to write the report itself comes out as an Erreur.
+bool ExecuterCorps(Rapport& rapport, const LibellesErreur& libelles, const std::function<void(Rapport&)>& corps) {
+  try {
+    corps(rapport);
+    return true;
+  } catch (...) {
+    for (const std::string& ligne : LignesDErreur(ErreurEnCours(), libelles)) rapport.Ligne(ligne);
+    return false;
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreur& libelles) {
+  const int numero = erreur.Numero();
+  if (numero == kArretAnnonce) return {};
+  std::vector<std::string> lignes;
+  if (libelles.avecAsterisques) lignes.emplace_back("**** ERREUR ********");
+  if (numero == kFinDeFichierDepassee) {
+    lignes.insert(lignes.end(), libelles.finDeFichier.begin(), libelles.finDeFichier.end());
+  } else if (numero == kArgumentIncorrect && erreur.Question()) {
+    const RepereQuestion& question = *erreur.Question();
+    lignes.emplace_back("Il y a probablement une erreur dans le fichier *.POS");
+    lignes.push_back(Joindre({libelles.question, NombreNu(question.numero), " nom=", question.nom}));
+    lignes.push_back(
+        Joindre({"position =", NombreNu(question.position), " code maximum=", NombreNu(question.codeMax)}));
+    lignes.emplace_back("Verifiez et corrigez avant de relancer");
+  } else {
+    lignes.emplace_back(libelles.imprevue);
+    lignes.push_back(
+        Joindre({libelles.numero, NombreNu(numero), libelles.avecTexte ? TexteErreur(numero) : std::string_view{}}));
+    if (libelles.avecAssistance) lignes.emplace_back(libelles.assistance);
+  }
+  return lignes;
+}
+
+Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles) {
+  try {
+    const std::optional<Chemin> rapport = ChercherFichier(contexte.repertoire, nomRapport);
+    if (!rapport) throw Erreur(kFichierIntrouvable);
+    const bool ephemere = contexte.generique.empty();
+    if (LongueurFichier(*rapport) > kLimiteTexte) {
+      Affichage affichage{Affichage::Ou::Lecteur, TexteTropLong(nomRapport) + std::string("Programme terminé"_w),
+                          std::string(nomRapport), rapport->native()};
+      if (ephemere) {
+        EffacerFichier(*rapport);
+        affichage.rapport.clear();
+      }
+      return affichage;
+    }
+    Affichage affichage{Affichage::Ou::Texte, LireRapport(*rapport), std::string(nomRapport), rapport->native()};
+    if (ephemere || nomRapport == kRapportSansNom) {
+      EffacerFichier(*rapport);
+      affichage.rapport.clear();
+    }
+    return affichage;
+  } catch (const Erreur& erreur) {
+    return AffichageDErreur(erreur, nomRapport, libelles);
+  }
+}
+
+namespace {
+
+void Montrer(const Contexte& contexte, const Affichage& affichage) {
+  contexte.Ecran().montrerProgression(0);
+  if (affichage.ou == Affichage::Ou::Lecteur) contexte.Ecran().biper();
+  contexte.Ecran().afficher(affichage);
+}
+
+enum class AFinNormale { Montrer, Taire };
+
+Fin Executer(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+             const std::function<void(Rapport&)>& corps, AFinNormale aFinNormale, ModeEcriture mode) {
+  Fin fin = Fin::Arret;
+  Affichage affichage;
+  try {
+    Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport), mode);
+    if (ExecuterCorps(rapport, libelles, corps)) fin = Fin::Normale;
+    rapport.Fermer();
+    if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
+    affichage = FinProgramme(contexte, nomRapport, libelles);
+  } catch (...) {  // the report can't be opened or written: nothing but the screen is left to tell it
+    fin = Fin::Arret;
+    affichage = AffichageDErreur(ErreurEnCours(), nomRapport, libelles);
+  }
+  Montrer(contexte, affichage);
+  return fin;
+}
+
+}  // namespace
+
+Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                      const std::function<void(Rapport&)>& corps, ModeEcriture mode) {
+  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Montrer, mode);
+}
+
+bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                       const std::function<void(Rapport&)>& corps) {
+  return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Taire, ModeEcriture::Neuf) == Fin::Normale;
+}
+
+void MontrerRapport(const Contexte& contexte, std::string_view nomRapport) {
+  Montrer(contexte, FinProgramme(contexte, nomRapport, LibellesErreur{}));
+}
+
+Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    if (sauver) sauver();
+    rapport.Ligne(phrase);
+  });
+}
+
+std::string TexteTropLong(std::string_view nomRapport) {
+  return Joindre({"texte trop long, WordPad est lancé\r\npour examiner les résultats de : "_w, nomRapport, "\r\n"});
+}
+
+std::string_view TexteFichAff(std::string_view nom) {
+  return nom.size() > 15 ? nom.substr(nom.size() - std::min<std::size_t>(16, nom.size())) : nom;
+}
+
+void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte) {
+  rapport.Ligne(texte);
+  dialogue.biper();
+}
+
+void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
+                    Texte ligneDArret) {
+  bool manque = false;
+  for (const FichierObligatoire& fichier : fichiers) {
+    if (fichier.present) continue;
+    rapport.Ligne({"Le fichier ", fichier.nom, " n'existe pas"});
+    manque = true;
+  }
+  if (!manque) return;
+  dialogue.biper();
+  rapport.Ligne(ligneDArret);
+  throw Erreur(kArretAnnonce);
+}
+
+Progression::Progression(const Dialogue& dialogue, std::int64_t maximum) : dialogue_(dialogue) {
+  dialogue_.montrerProgression(std::max<std::int64_t>(maximum, 1));
+}
+
+Progression::~Progression() { dialogue_.montrerProgression(0); }
+
+}  // namespace quelvar

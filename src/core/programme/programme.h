@@ -1,0 +1,115 @@
+// The frame that every batch program shares: it opens the report, runs the body, turns every failure into its error
+// text, and ends in FinProgramme.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+#include "core/programme/dialogue.h"
+#include "core/programme/erreur.h"
+#include "core/programme/report.h"
+
+namespace quelvar {
+
+// What every program receives.
+struct Contexte {
+  Chemin repertoire;      // working directory
+  std::string generique;  // code page, without extension
+  int niveau = 1;         // user level, 1 or 2
+  Dialogue* dialogue = nullptr;
+
+  Dialogue& Ecran() const { return *dialogue; }
+  std::string Nom(std::string_view extension) const { return generique + std::string(extension); }
+  // The file of the generic with that extension (".DAT"), if it exists.
+  std::optional<Chemin> Chercher(std::string_view extension) const {
+    return ChercherFichier(repertoire, Nom(extension));
+  }
+};
+
+enum class Fin { Normale, Arret };
+
+// The wordings of the unexpected error that the programs use, each its own.
+struct LibellesErreur {
+  std::string_view imprevue = " Erreur non prévue : si après vérification l'erreur persiste"_w;
+  std::string_view numero = " notez le numero = ";
+  bool avecTexte = true;        // the words of the number stand behind it
+  bool avecAssistance = true;   // `assistance` on its own line
+  bool avecAsterisques = true;  // "**** ERREUR ********" first
+  std::string_view assistance = " et prévenez l'assistance technique"_w;
+  std::string_view question = "a la question ";  // before the rank of the question of error 5
+  // The lines of error 62.
+  std::vector<std::string_view> finDeFichier = {"Il y a eu tentative de lire un fichier deja termine",
+                                                "Verifiez et corrigez avant de relancer"};
+};
+
+// Opens the report `nomRapport` (generic and extension), runs the body and ends in FinProgramme. The body never
+// catches: an Erreur becomes the text of its number in the report, kArgumentIncorrect with a question becomes the
+// lines on *.POS, kArretAnnonce adds nothing. Returns Arret for every run that did not come to its normal end.
+// A run that goes on with the report of an earlier one writes behind it (ModeEcriture::Suite).
+Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                      const std::function<void(Rapport&)>& corps, ModeEcriture mode = ModeEcriture::Neuf);
+
+// The run of an editing form that closes: does what is to be saved, then the report (generic and ".PRT") holds the one
+// sentence.
+Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver = {});
+
+// The preparation of a program that goes on with another report: the same, but a body that comes to its end shows
+// nothing, and true is returned.
+bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                       const std::function<void(Rapport&)>& corps);
+
+// Ends a run that a form gives up after its preparation: shows the report as it stands.
+void MontrerRapport(const Contexte& contexte, std::string_view nomRapport);
+
+// The lines that the error handler writes for a failure; none for kArretAnnonce.
+std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreur& libelles);
+
+// Decides how a finished report is shown: in Text1, or in the external viewer when it exceeds 35000 bytes. Deletes
+// "$$$.prt" and the report of an empty generic once read.
+Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles);
+
+// What Text1 holds in place of a report that goes to the viewer.
+std::string TexteTropLong(std::string_view nomRapport);
+
+// Text of the label FichAff: the last 16 characters of a name longer than 15.
+std::string_view TexteFichAff(std::string_view nom);
+
+// Writes a warning to the report and beeps.
+void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte);
+
+// Writes "Le fichier ... n'existe pas" for each mandatory file that is missing; when there is one, beeps, writes the
+// stopping line and stops the run (kArretAnnonce).
+struct FichierObligatoire {
+  std::string nom;
+  bool present;
+};
+void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
+                    Texte ligneDArret);
+
+// Stopping lines of ExigerFichiers.
+inline constexpr std::string_view kArretAbsenceUnOuDeux = "Arret du programme du a l'absence d'un ou de deux fichiers";
+inline constexpr std::string_view kArretAbsenceSansAccents =
+    "Arret du programme du a l'absence d'un ou de plusieurs fichiers";
+inline constexpr std::string_view kArretAbsence = "Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
+
+// Moves the progress display, at most once every few thousand individuals; hides it at the end of its life.
+class Progression {
+ public:
+  Progression(const Dialogue& dialogue, std::int64_t maximum);
+  ~Progression();
+  Progression(const Progression&) = delete;
+  Progression& operator=(const Progression&) = delete;
+
+  void Avancer() {
+    if ((++faits_ & 0xFFF) == 0) dialogue_.progresser(faits_);
+  }
+
+ private:
+  const Dialogue& dialogue_;
+  std::int64_t faits_ = 0;
+};
+
+}  // namespace quelvar

@@ -1,0 +1,114 @@
+#include "core/programme/report.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+std::size_t Blancs(std::size_t longueur, int largeur) {
+  return largeur > 0 && static_cast<std::size_t>(largeur) > longueur ? static_cast<std::size_t>(largeur) - longueur : 0;
+}
+
+// Right-aligned in the width, whole when longer.
+std::string AlignerDroite(std::string_view texte, int largeur) {
+  std::string resultat(Blancs(texte.size(), largeur), ' ');
+  resultat += texte;
+  return resultat;
+}
+
+// Digits of v times 10^d rounded, with a zero for each missing place before the point: 5 with 2 decimals gives "005".
+// Only for magnitudes that hold in 15 digits, where they are those of the rounded quotient.
+std::string ChiffresEchelonnes(std::int64_t echelonne, int decimales) {
+  std::array<char, 24> tampon{};
+  const auto [fin, _] = std::to_chars(tampon.data(), tampon.data() + tampon.size(), echelonne);
+  std::string chiffres(tampon.data(), fin);
+  const auto minimum = static_cast<std::size_t>(decimales) + 1;
+  if (chiffres.size() < minimum) chiffres.insert(0, minimum - chiffres.size(), '0');
+  return chiffres;
+}
+
+struct PartiesFixes {
+  std::string entiere;
+  std::string fraction;
+};
+
+PartiesFixes Decouper(double valeur, int decimales) {
+  static constexpr std::array<double, 16> puissances = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (decimales >= 0 && decimales <= 15) {
+    const double echelonne = ArrondirPair(valeur * puissances[static_cast<std::size_t>(decimales)]);
+    if (std::fabs(echelonne) < 1e15) {
+      std::string chiffres = ChiffresEchelonnes(static_cast<std::int64_t>(std::fabs(echelonne)), decimales);
+      const std::size_t coupe = chiffres.size() - static_cast<std::size_t>(decimales);
+      return {(echelonne < 0 ? "-" : "") + chiffres.substr(0, coupe), chiffres.substr(coupe)};
+    }
+  }
+  const std::string texte = Nombre(Arrondir(valeur, decimales));
+  const std::size_t point = texte.find('.');
+  if (point == std::string::npos) return {texte, {}};
+  return {texte.substr(0, point), texte.substr(point + 1)};
+}
+
+}  // namespace
+
+std::string CadreGauche(std::string_view texte, int largeur) {
+  std::string resultat(texte.substr(0, static_cast<std::size_t>(std::max(largeur, 0))));
+  resultat.append(Blancs(resultat.size(), largeur), ' ');
+  return resultat;
+}
+
+std::string CadreDroit(std::string_view texte, int largeur) {
+  return AlignerDroite(texte.substr(0, static_cast<std::size_t>(std::max(largeur, 0))), largeur);
+}
+
+std::string EntierDroit(double valeur, int largeur) { return AlignerDroite(Nombre(valeur), largeur); }
+std::string EntierDroit(std::int64_t valeur, int largeur) { return AlignerDroite(Nombre(valeur), largeur); }
+
+std::string EntierDroitElargi(double valeur, int& largeur) {
+  std::string texte = EntierDroit(valeur, largeur);
+  largeur = std::max(largeur, static_cast<int>(texte.size()));
+  return texte;
+}
+
+std::string Dixiemes(std::int64_t dixiemes, int largeur) {
+  const int w = largeur - 1;
+  const std::string texte = AlignerDroite(Nombre(dixiemes), w);
+  const bool sousUn = dixiemes < 10;
+  std::string resultat(texte.substr(0, static_cast<std::size_t>(std::max(sousUn ? w - 2 : w - 1, 0))));
+  resultat += sousUn ? "0." : ".";
+  resultat += Milieu(texte, static_cast<std::size_t>(std::max(w, 1)));
+  return resultat;
+}
+
+std::string NombreFixe(double valeur, int largeurEntiere, int decimales) {
+  if (!std::isfinite(valeur)) return Nombre(valeur);  // raises the fitting number
+  PartiesFixes parties = Decouper(valeur, decimales);
+  std::string resultat = AlignerDroite(parties.entiere, largeurEntiere);
+  if (decimales > 0) {
+    parties.fraction.resize(static_cast<std::size_t>(decimales), '0');
+    resultat += '.';
+    resultat += parties.fraction;
+  }
+  if (static_cast<int>(resultat.size()) > largeurEntiere + decimales + 1) resultat.insert(resultat.begin(), '$');
+  return resultat;
+}
+
+void EcrireBandeau(Rapport& rapport, Texte titre) {
+  const auto retrait =
+      static_cast<std::size_t>(std::max(0.0, 28 - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));
+  rapport.Ligne("          QUELVAR Version 5.3 - Mai 2017");
+  rapport.Ligne(std::string(27, ' '));
+  rapport.Ligne("          Atelier statistique pour l'analyse des enquêtes"_w);
+  rapport.Ligne("          Aide et mode d'emploi : menu Aide du programme");
+  rapport.Ligne("          Assistance technique : documentation jointe au programme");
+  rapport.Ligne({std::string(retrait, ' '), titre});
+  rapport.Ligne();
+}
+
+}  // namespace quelvar

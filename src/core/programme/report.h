@@ -1,0 +1,60 @@
+// The report of a program: the helpers that lay texts and numbers in columns, and the file they go to.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "core/fichiers/fichiers.h"
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+// The first `largeur` characters, padded with blanks on the right.
+std::string CadreGauche(std::string_view texte, int largeur);
+// The first `largeur` characters, padded with blanks on the left.
+std::string CadreDroit(std::string_view texte, int largeur);
+
+// The shortest decimal form, right-aligned; a longer one is not cut.
+std::string EntierDroit(double valeur, int largeur);
+std::string EntierDroit(std::int64_t valeur, int largeur);
+inline std::string EntierDroit(int valeur, int largeur) {
+  return EntierDroit(static_cast<std::int64_t>(valeur), largeur);
+}
+// The same, where a longer text raises the width for what the caller writes next.
+std::string EntierDroitElargi(double valeur, int& largeur);
+
+// A count of tenths with one decimal, right-aligned: 123 in width 5 gives " 12.3".
+std::string Dixiemes(std::int64_t dixiemes, int largeur);
+
+// Fixed-point text: integer part padded to `largeurEntiere`, `decimales` digits, "$" in front when longer than both
+// and the point. The integer part is never cut. Raises 5 or 6 for a value that is not finite.
+std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
+
+// A report file under construction. Every failure to write raises 61, 57, 70 or 75.
+class Rapport {
+ public:
+  explicit Rapport(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf) : fichier_(chemin, mode) {}
+
+  void Ligne() { fichier_.FinDeLigne(); }
+  void Ligne(Texte texte) { fichier_.Ligne(texte); }
+  void Ligne(std::initializer_list<Texte> morceaux) {
+    Suite(morceaux);
+    fichier_.FinDeLigne();
+  }
+  // Text that the line goes on behind.
+  void Suite(Texte texte) { fichier_.Ecrire(texte.Vue()); }
+  void Suite(std::initializer_list<Texte> morceaux) {
+    for (const Texte& morceau : morceaux) fichier_.Ecrire(morceau.Vue());
+  }
+  void Fermer() { fichier_.Fermer(); }
+
+ private:
+  Ecrivain fichier_;
+};
+
+// The banner of every report.
+void EcrireBandeau(Rapport& rapport, Texte titre);
+
+}  // namespace quelvar

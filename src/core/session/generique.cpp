@@ -1,0 +1,30 @@
+#include "core/session/generique.h"
+
+namespace quelvar {
+
+namespace {
+
+// Each test sees the value that the one before it left: "9" becomes "/", which is below "0" and so ends in "A".
+unsigned char AvantDernierSigne(unsigned char c) {
+  if (c == '9') c = '0' - 1;
+  if (c == 'Z') c = 'A' - 1;
+  if (c == 'z') c = 'a' - 1;
+  if (c < '0') c = 'A' - 1;
+  if (c > '9' && c < 'A') c = 'A' - 1;
+  if (c > 'Z' && c < 'a') c = 'A' - 1;
+  if (c > 'z') c = 'A' - 1;
+  return c;
+}
+
+}  // namespace
+
+std::string GeneriqueSuivant(std::string_view generique) {
+  std::string suivant(generique);
+  if (!suivant.empty()) {
+    const unsigned char avant = AvantDernierSigne(static_cast<unsigned char>(suivant.back()));
+    suivant.back() = static_cast<char>(avant + 1);
+  }
+  return suivant;
+}
+
+}  // namespace quelvar

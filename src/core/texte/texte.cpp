@@ -1,0 +1,134 @@
+#include "core/texte/texte.h"
+
+#include <algorithm>
+
+namespace quelvar {
+
+namespace {
+
+std::array<char, 256> ConstruireMajuscules() {
+  std::array<char, 256> table{};
+  for (unsigned i = 0; i < 256; ++i) {
+    unsigned haut = i;
+    if ((i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7)) haut = i - 0x20;
+    if (i == 0x9A || i == 0x9C || i == 0x9E) haut = i - 0x10;
+    if (i == 0xFF) haut = 0x9F;
+    table[i] = static_cast<char>(haut);
+  }
+  return table;
+}
+
+std::array<char, 256> ConstruireMinuscules() {
+  const std::array<char, 256> majuscules = ConstruireMajuscules();
+  std::array<char, 256> table{};
+  for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<char>(i);
+  for (unsigned i = 0; i < 256; ++i)
+    if (static_cast<unsigned char>(majuscules[i]) != i)
+      table[static_cast<unsigned char>(majuscules[i])] = static_cast<char>(i);
+  return table;
+}
+
+void AjouterUtf8(std::string& utf8, char32_t point) {
+  if (point < 0x80) {
+    utf8 += static_cast<char>(point);
+  } else if (point < 0x800) {
+    utf8 += static_cast<char>(0xC0 | (point >> 6));
+    utf8 += static_cast<char>(0x80 | (point & 0x3F));
+  } else {
+    utf8 += static_cast<char>(0xE0 | (point >> 12));
+    utf8 += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+    utf8 += static_cast<char>(0x80 | (point & 0x3F));
+  }
+}
+
+}  // namespace
+
+std::string Joindre(std::initializer_list<Texte> morceaux) {
+  std::size_t longueur = 0;
+  for (const Texte& morceau : morceaux) longueur += morceau.Vue().size();
+  std::string resultat;
+  resultat.reserve(longueur);
+  for (const Texte& morceau : morceaux) resultat += morceau.Vue();
+  return resultat;
+}
+
+std::string_view RognerGauche(std::string_view texte) {
+  const std::size_t debut = texte.find_first_not_of(' ');
+  return debut == std::string_view::npos ? std::string_view{} : texte.substr(debut);
+}
+
+std::string_view RognerDroite(std::string_view texte) { return texte.substr(0, texte.find_last_not_of(' ') + 1); }
+
+std::string_view Rogner(std::string_view texte) { return RognerGauche(RognerDroite(texte)); }
+
+char Majuscule(char c) {
+  static const std::array<char, 256> table = ConstruireMajuscules();
+  return table[static_cast<unsigned char>(c)];
+}
+
+char Minuscule(char c) {
+  static const std::array<char, 256> table = ConstruireMinuscules();
+  return table[static_cast<unsigned char>(c)];
+}
+
+std::string Majuscules(std::string_view texte) {
+  std::string resultat(texte);
+  std::transform(resultat.begin(), resultat.end(), resultat.begin(), Majuscule);
+  return resultat;
+}
+
+std::string Minuscules(std::string_view texte) {
+  std::string resultat(texte);
+  std::transform(resultat.begin(), resultat.end(), resultat.begin(), Minuscule);
+  return resultat;
+}
+
+bool EgalSansCasse(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Majuscule(x) == Majuscule(y); });
+}
+
+std::string_view Milieu(std::string_view texte, std::size_t colonne, std::size_t largeur) {
+  return colonne > texte.size() ? std::string_view{} : texte.substr(colonne - 1, largeur);
+}
+
+std::string VersUtf8(std::string_view texte) {
+  std::string utf8;
+  utf8.reserve(texte.size() + texte.size() / 8);
+  for (const char c : texte) {
+    const auto octet = static_cast<unsigned char>(c);
+    AjouterUtf8(utf8, octet >= 0x80 && octet <= 0x9F ? detail::pointsDe80[octet - 0x80U] : octet);
+  }
+  return utf8;
+}
+
+std::string DepuisUtf8(std::string_view utf8) {
+  std::string texte;
+  texte.reserve(utf8.size());
+  while (!utf8.empty()) {
+    const detail::PointUtf8 lu = detail::DecoderUtf8(utf8);
+    const int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
+    texte += octet < 0 ? '?' : static_cast<char>(octet);
+    utf8.remove_prefix(std::max<std::size_t>(lu.longueur, 1));
+  }
+  return texte;
+}
+
+bool EstUtf8MultiOctet(std::string_view octets) {
+  bool multiple = false;
+  while (!octets.empty()) {
+    if (static_cast<unsigned char>(octets.front()) < 0x80) {
+      const auto suite =
+          std::find_if(octets.begin(), octets.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+      octets.remove_prefix(static_cast<std::size_t>(suite - octets.begin()));
+      continue;
+    }
+    const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
+    if (lu.longueur == 0) return false;
+    multiple = true;
+    octets.remove_prefix(lu.longueur);
+  }
+  return multiple;
+}
+
+}  // namespace quelvar

@@ -1,0 +1,47 @@
+// First factor of the correspondence analysis of a table by reciprocal averaging, and the order it gives to rows and
+// columns.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "core/calcul/matrice.h"
+
+namespace quelvar {
+
+// Deviations from independence, in proportions of the total: n/N - (row/N)(column/N). Raises 11 for a total of 0.
+Matrice EcartsEnProportions(const Matrice& effectifs, std::span<const double> totauxLignes,
+                            std::span<const double> totauxColonnes, double total);
+
+// Rank, counted from 0, of the first total above 0 from `depart` on; `depart` itself when there is none.
+std::size_t PremierNonVide(std::span<const double> totaux, std::size_t depart = 0);
+
+// Where the averaging starts: the signs of the scores are those of that column, and the score of that row is the one
+// that the stop test follows.
+struct DepartDuFacteur {
+  std::size_t ligne = 0;
+  std::size_t colonne = 0;
+};
+
+struct PremierFacteur {
+  std::vector<double> lignes;    // coordinates
+  std::vector<double> colonnes;  // coordinates
+  double valeurPropre = 0;       // first eigenvalue, the square of the last norm
+};
+
+// Scores of the rows, 1 or -1 at first, give those of the columns and these give the rows again, each time divided by
+// the weight (unless it is 0) and by the norm (unless it is 0), until 1000 times the score of the row that is followed
+// rounds to the same integer twice, or after `toursMax` rounds; the coordinates are the scores times the last norm.
+// Sums run in index order. Raises 9 for a table without rows or columns, 5 when negative weights give no norm, 6 when
+// a score is beyond a double.
+// Source: M. O. Hill, "Correspondence Analysis: A Neglected Multivariate Method", Applied Statistics 23 (1974); there
+// the scores are centred at each round, here the deviations take the trivial factor out beforehand.
+PremierFacteur ExtrairePremierFacteur(const Matrice& ecarts, std::span<const double> poidsLignes,
+                                      std::span<const double> poidsColonnes, DepartDuFacteur depart,
+                                      int toursMax = 100000);
+
+// Ranks of the scores, counted from 0, in ascending or descending order; equal scores keep theirs.
+std::vector<std::size_t> OrdreDesScores(std::span<const double> scores, bool decroissant = false);
+
+}  // namespace quelvar

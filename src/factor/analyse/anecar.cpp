@@ -1,0 +1,245 @@
+#include "factor/analyse/anecar.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
+#include "factor/analyse/facteurs.h"
+#include "factor/analyse/tableau.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::string_view kTravail = "$$AEI.TIS";
+constexpr int kFacteursParDefaut = 3;
+constexpr int kFacteursAClasser = 5;
+constexpr int kBurtEnListes = 50;  // from this size on a table is edited by sorted listings at level 1
+
+// The options with every choice of the level made.
+struct Reglages {
+  EditionAnecar edition = EditionAnecar::Compacte;
+  int seuilLignes = 0;
+  int seuilColonnes = 0;
+};
+
+Reglages ReglagesDe(const OptionsAnecar& options, int niveau, int burt) {
+  const int seuil = niveau == 1 ? 0 : kSeuilMoyen;
+  const bool listes = niveau == 1 && burt >= kBurtEnListes;
+  return {options.edition.value_or(listes ? EditionAnecar::Triee : EditionAnecar::Compacte),
+          options.seuilLignes.value_or(seuil), options.seuilColonnes.value_or(seuil)};
+}
+
+void ExigerTable(Rapport& rapport, const Contexte& contexte) {
+  const auto exiger = [&](std::string_view extension, Texte arret) {
+    if (contexte.Chercher(extension)) return true;
+    rapport.Ligne({"Le fichier ", contexte.Nom(extension), " n'existe pas"});
+    rapport.Ligne(arret);
+    return false;
+  };
+  const bool donnees = exiger(".BRT", "Arret du programme car absence de donnees");
+  const bool modalites = exiger(".MOD", "Arret du programme car absence de fichier de modalites");
+  if (donnees && modalites) return;
+  Avertir(rapport, contexte.Ecran(), "*** Arret du programme du à l'absence d'un ou de plusieurs fichiers"_w);
+  throw Erreur(kArretAnnonce);
+}
+
+void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& preparation) {
+  if (const std::optional<Chemin> reste = contexte.Chercher(".FA2")) EffacerFichier(*reste);
+  ExigerTable(rapport, contexte);
+  EcrireBandeau(rapport, "Calcul des facteurs");
+  rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
+  LecteurLignes mod(*contexte.Chercher(".MOD"));
+  preparation.titre = mod.LireObligatoire();
+  preparation.parametres = mod.LireObligatoire();
+  preparation.burt = LireParametres(preparation.parametres, &rapport).burt;
+}
+
+// The preparation's report opens the report of the run.
+void ReprendreRapport(Rapport& rapport, const Contexte& contexte, std::string_view nomRapport) {
+  LecteurLignes ana(*contexte.Chercher(".ANA"));
+  for (std::string_view ligne; ana.Lire(ligne);) rapport.Ligne(ligne);
+  rapport.Ligne({"Ce fichier d'impression a pour nom ", nomRapport});
+}
+
+void ExigerCodageLogique(const Contexte& contexte) {
+  if (contexte.Chercher(".CDG")) return;
+  contexte.Ecran().demander("Le fichier en codage logique n'existe pas, vérifiez et relancez"_w, Boutons::Ok);
+  throw Erreur(kArretAnnonce);
+}
+
+// Tells later programs that the individuals were analysed with the table.
+void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod) {
+  if (mod.parametres.find("CDG=1") != std::string::npos) return;
+  Remplacement fichier(contexte.repertoire, contexte.Nom(".MOD"));
+  for (std::size_t i = 0; i < mod.lignes.size(); ++i) {
+    fichier.Fichier().Ecrire(mod.lignes[i]);
+    fichier.Fichier().Ligne(std::string_view(i == 1 ? " CDG=1" : ""));
+  }
+  fichier.Valider();
+}
+
+[[noreturn]] void Refuser(Rapport& rapport, const Contexte& contexte, Texte texte) {
+  Avertir(rapport, contexte.Ecran(), texte);
+  throw Erreur(kArretAnnonce);
+}
+
+int SeuilEffectif(int seuil, std::int64_t actifs) {
+  return seuil == kSeuilMoyen && actifs > 0 ? Entier16(1000 / static_cast<double>(actifs)) : seuil;
+}
+
+PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+                           bool codageLogique) {
+  const ParametresMod parametres = LireParametres(preparation.parametres, &rapport);
+  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  if (parametres.burt == 1) MarquerCodageLogique(contexte, mod);
+  PlanAnecar plan = PlanifierTableau(parametres, mod, codageLogique);
+  for (const std::string& nom : AttribuerIntitules(mod, plan)) {
+    rapport.Ligne();
+    rapport.Ligne({"Intitule court ", nom, " non trouve"});
+    rapport.Ligne();
+  }
+  return plan;
+}
+
+void RefuserTableau(Rapport& rapport, const Contexte& contexte, const PlanAnecar& plan) {
+  if (plan.lignesActives <= 0)
+    Refuser(rapport, contexte, "*** Arret du programme : le tableau n'a pas de ligne active");
+  if (plan.colonnes.actifs == 0)
+    Refuser(rapport, contexte, "*** Arret du programme : le tableau n'a pas de colonne active");
+  if (plan.largeur < 1)
+    Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
+}
+
+int NombreDeFacteurs(const OptionsAnecar& options, const PlanAnecar& plan) {
+  const int demandes = options.facteurs.value_or(options.classification ? kFacteursAClasser : kFacteursParDefaut);
+  const std::int64_t lesPlus = std::min(plan.lignesActives, static_cast<std::int64_t>(plan.colonnes.actifs)) - 1;
+  return static_cast<int>(std::min<std::int64_t>(demandes == 0 ? kFacteursParDefaut : demandes, lesPlus));
+}
+
+// One run of the engine, from the declared table to the final editions.
+struct Moteur {
+  const Contexte& contexte;
+  const OptionsAnecar& options;
+  Reglages reglages;
+  PlanAnecar plan;
+  TableauAnecar tableau;
+  AnalyseAnecar analyse;
+
+  void TraiterFacteur(Rapport& rapport, std::size_t k);
+  void ImprimerListes(Rapport& rapport, std::size_t k) const;
+};
+
+void Moteur::ImprimerListes(Rapport& rapport, std::size_t k) const {
+  const FacteurAnecar& facteur = analyse.facteurs.back();
+  if (options.imprimerLignes) ImprimerLignesTriees(rapport, tableau, facteur.lignes, k, reglages.seuilLignes);
+  ImprimerColonnesTriees(rapport, plan.colonnes, facteur.colonnes, k, reglages.seuilColonnes);
+}
+
+void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
+  // The progress is told in hundredths of a factor.
+  const auto suivre = [this, k, dernier = std::int64_t{-1}](std::int64_t tour) mutable {
+    const auto avance = static_cast<std::int64_t>(
+        100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / 10)));
+    if (avance != dernier) contexte.Ecran().progresser(dernier = avance);
+  };
+  ImprimerDebutDeFacteur(rapport, k);
+  const FacteurCourant courant = ExtraireFacteur(tableau, analyse, suivre);
+  ImprimerFacteur(rapport, analyse.facteurs.back());
+  if (!analyse.facteurs.back().converge) contexte.Ecran().biper();
+  if (reglages.edition == EditionAnecar::Triee) ImprimerListes(rapport, k);
+  if (plan.decimales > 0) ImprimerEcartsRestants(rapport, tableau, plan.colonnes, analyse.ecarts, plan.decimales);
+  DeflaterActives(tableau, analyse, courant);
+  if (plan.decimales > 0)
+    ImprimerReconstitution(rapport, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
+  DeflaterSupplementaires(tableau, analyse, courant);
+  EcrireCoordonnees(contexte, plan, tableau, analyse, options.inversions);
+}
+
+void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
+  const Contexte& contexte = moteur.contexte;
+  moteur.tableau = LireTableau(*contexte.Chercher(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
+  if (EffectifTotal(moteur.tableau.actives) == 0)
+    Refuser(rapport, contexte, "*** Arret du programme : le total du tableau est nul");
+  moteur.analyse = CommencerAnalyse(moteur.tableau, moteur.options.type);
+  ImprimerTitre(rapport, moteur.analyse);
+  const int facteurs = NombreDeFacteurs(moteur.options, moteur.plan);
+  ImprimerNombreDeFacteurs(rapport, facteurs);
+
+  contexte.Ecran().montrerProgression(std::max(100 * std::int64_t{facteurs}, std::int64_t{1}));
+  for (int k = 1; k <= facteurs; ++k) moteur.TraiterFacteur(rapport, static_cast<std::size_t>(k));
+  if (moteur.reglages.edition == EditionAnecar::Compacte)
+    ImprimerTablesCompactes(rapport, moteur.plan, moteur.tableau, moteur.analyse);
+  if (moteur.reglages.edition == EditionAnecar::Etendue)
+    ImprimerTablesEtendues(rapport, moteur.plan, moteur.tableau, moteur.analyse);
+  contexte.Ecran().montrerProgression(0);
+}
+
+// What the classification that follows needs to know.
+struct SuiteWard {
+  std::size_t facteurs = 0;
+  std::optional<std::size_t> derniers;  // individuals behind the modalities
+};
+
+SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+                   const OptionsAnecar& options) {
+  if (options.codageLogique) ExigerCodageLogique(contexte);
+  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}};
+  moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique);
+  Reglages& reglages = moteur.reglages;
+  reglages.seuilLignes = SeuilEffectif(reglages.seuilLignes, moteur.plan.lignesActives);
+  reglages.seuilColonnes =
+      SeuilEffectif(reglages.seuilColonnes, static_cast<std::int64_t>(moteur.plan.colonnes.actifs));
+  SeuilsAnecar seuils;
+  if (options.imprimerLignes) seuils.lignes = reglages.seuilLignes;
+  if (reglages.edition == EditionAnecar::Triee) seuils.colonnes = reglages.seuilColonnes;
+  ImprimerDimensions(rapport, moteur.plan, seuils);
+  RefuserTableau(rapport, contexte, moteur.plan);
+  ExtraireEtImprimer(rapport, moteur);
+  SuiteWard suite{moteur.analyse.facteurs.size(), std::nullopt};
+  if (moteur.plan.genre == GenreTableau::BurtEtIndividus && options.classification && options.classification->individus)
+    suite.derniers = moteur.tableau.lignes.Nombre() - moteur.plan.positions.size();
+  return suite;
+}
+
+// The table is given back before the distances take its place in memory.
+void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+              const OptionsAnecar& options) {
+  const SuiteWard suite = Extraire(rapport, contexte, preparation, options);
+  if (options.classification) {
+    if (suite.facteurs == 0)
+      Refuser(rapport, contexte, "*** Arret du programme : pas de facteur pour la classification");
+    ClasserWard(contexte, rapport, suite.facteurs, *options.classification, suite.derniers);
+  }
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte) {
+  PreparationAnecar preparation;
+  if (!PreparerProgramme(contexte, contexte.Nom(".ANA"), LibellesErreur{},
+                         [&](Rapport& rapport) { Preparer(rapport, contexte, preparation); }))
+    return std::nullopt;
+  return preparation;
+}
+
+void AbandonnerAnecar(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".ANA")); }
+
+Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options) {
+  const std::string nomRapport = contexte.Nom(options.type == TypeAnalyse::Acp ? ".ACP" : ".AFC");
+  return ExecuterProgramme(contexte, nomRapport, LibellesErreur{}, [&](Rapport& rapport) {
+    ReprendreRapport(rapport, contexte, nomRapport);
+    Analyser(rapport, contexte, preparation, options);
+  });
+}
+
+Fin Anecar(const Contexte& contexte, const OptionsAnecar& options) {
+  const std::optional<PreparationAnecar> preparation = PrepAnecar(contexte);
+  return preparation ? MoteurAnecar(contexte, *preparation, options) : Fin::Arret;
+}
+
+}  // namespace quelvar

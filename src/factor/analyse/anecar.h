@@ -1,0 +1,52 @@
+// Anecar: the factors of a table of the generic, by correspondence analysis or by principal components of the
+// deviations from independence.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "core/programme/programme.h"
+#include "factor/analyse/editions.h"
+#include "factor/analyse/extraction.h"
+#include "factor/analyse/fichiers.h"
+#include "factor/classement/classement.h"
+
+namespace quelvar {
+
+// What the preparation tells the form and the engine.
+struct PreparationAnecar {
+  std::string titre;       // line 1 of the .MOD
+  std::string parametres;  // line 2
+  int burt = 0;            // BRT=
+};
+
+inline constexpr int kSeuilMoyen = -1;
+
+struct OptionsAnecar {
+  TypeAnalyse type = TypeAnalyse::Afc;
+  std::optional<int> facteurs;  // 0 stands for 3; left out: 3, or 5 with a classification
+  // Left out: at level 1 compact tables below BRT=50 and sorted listings above; at level 2 compact tables.
+  std::optional<EditionAnecar> edition;
+  bool imprimerLignes = false;  // rows are listed in the sorted edition
+  // Smallest CPF of a listed element, kSeuilMoyen for the mean; left out: 0 at level 1, the mean at level 2.
+  std::optional<int> seuilLignes;
+  std::optional<int> seuilColonnes;
+  bool codageLogique = false;  // the individuals themselves are analysed
+  InversionsDeFacteurs inversions{};
+  std::optional<OptionsWard> classification;  // run after the factors
+};
+
+// Checks the files and writes the short report .ANA; nothing when the run has ended there.
+std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte);
+// The run that leaving the form ends.
+void AbandonnerAnecar(const Contexte& contexte);
+
+// Extracts the factors: writes .AFC or .ACP and the coordinate files, and marks "CDG=1" in the .MOD of a Burt table
+// with individuals. Coordinate files of an earlier run stay whole until the first factor is found.
+Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options);
+
+// Preparation and engine, as one run.
+Fin Anecar(const Contexte& contexte, const OptionsAnecar& options);
+
+}  // namespace quelvar

@@ -1,0 +1,53 @@
+// The editions of a factor analysis: its results laid out in the columns of the report.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "core/programme/report.h"
+#include "factor/analyse/facteurs.h"
+#include "factor/analyse/tableau.h"
+
+namespace quelvar {
+
+enum class EditionAnecar { Compacte = 1, Triee = 2, Etendue = 3 };
+
+// Smallest CPF of a listed element; nothing where no threshold is told.
+struct SeuilsAnecar {
+  std::optional<int> lignes;
+  std::optional<int> colonnes;
+};
+
+// The sizes of the table, as declared.
+void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAnecar& seuils);
+
+// Kind of analysis and total inertia, then the number of factors.
+void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse);
+void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre);
+
+// The number of the factor (from 1), before it is looked for, then its eigenvalue and share.
+void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k);
+void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
+
+// The elements of factor k in the order of their signed CPF, those at or above the threshold.
+void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,
+                          int seuil);
+void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
+                            int seuil);
+
+// What is left of the deviations, in individuals with that many decimals. Raises 5 for more than 99 decimals.
+void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
+                            const Ecarts& ecarts, int decimales);
+// What the factor gives back of the deviations. Raises 5 for a total below 0.
+void ImprimerReconstitution(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
+                            const Ecarts& ecarts, const FacteurCourant& facteur, int decimales);
+
+// The final tables of all factors.
+void ImprimerTablesCompactes(Rapport& rapport, const PlanAnecar& plan, const TableauAnecar& tableau,
+                             const AnalyseAnecar& analyse);
+void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const TableauAnecar& tableau,
+                            const AnalyseAnecar& analyse);
+
+}  // namespace quelvar

@@ -1,0 +1,93 @@
+#include "factor/analyse/facteurs.h"
+
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+// Thousandths as they are kept: rows in double, columns in single precision.
+double MillemeLigne(double f) { return 1000 * f; }
+double MillemeColonne(double g) { return static_cast<double>(Simple(1000 * g)); }
+
+CoteFacteur DresserCote(const std::vector<double>& coordonnees, const MargesDesEcarts& marges, double valeurPropre,
+                        double (*milleme)(double), std::vector<std::int16_t>& qlt) {
+  CoteFacteur cote;
+  const std::size_t nombre = coordonnees.size();
+  cote.coordonnees.reserve(nombre);
+  cote.cpf.reserve(nombre);
+  cote.cos2.reserve(nombre);
+  for (std::size_t i = 0; i < nombre; ++i) {
+    cote.coordonnees.push_back(milleme(coordonnees[i]));
+    cote.cpf.push_back(Contribution(marges.poids[i], coordonnees[i], valeurPropre));
+    cote.cos2.push_back(Cos2(marges.poids[i], coordonnees[i], marges.inertie[i]));
+    qlt[i] = Entier16(qlt[i] + cote.cos2.back());
+  }
+  return cote;
+}
+
+double PartDe(double fois, double valeurPropre, double inertie) {
+  return inertie == 0 ? 0 : fois * valeurPropre / inertie;
+}
+
+}  // namespace
+
+AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type) {
+  AnalyseAnecar analyse;
+  analyse.type = type;
+  analyse.ecarts = CalculerEcarts(tableau.actives, type);
+  if (tableau.lignesSup)
+    tableau.lignesSup->Modifier(
+        [&](std::size_t, std::span<float> ligne) { CalculerEcartsLigneSup(ligne, type, analyse.ecarts); });
+  CalculerEcartsColonnesSup(tableau.colonnesSup, type, analyse.ecarts);
+  analyse.qltLignes.assign(analyse.ecarts.lignes.poids.size(), 0);
+  analyse.qltColonnes.assign(analyse.ecarts.colonnes.poids.size(), 0);
+  return analyse;
+}
+
+FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
+                               const std::function<void(std::int64_t)>& suivre) {
+  const Ecarts& ecarts = analyse.ecarts;
+  const std::size_t actives = tableau.actives.Lignes();
+  const VecteursSinguliers vecteurs = Iterer(tableau.actives, ecarts, ToursAuPlus(tableau.actives), suivre);
+  FacteurCourant courant{vecteurs.lignes, vecteurs.colonnes, vecteurs.valeur};
+
+  const std::vector<double> sup = ProjeterColonnesSup(tableau.colonnesSup, ecarts, vecteurs);
+  courant.g.insert(courant.g.end(), sup.begin(), sup.end());
+  if (tableau.lignesSup)
+    tableau.lignesSup->Parcourir([&](std::size_t rang, std::span<const float> ligne) {
+      courant.f.push_back(ProjeterLigneSup(ligne, ecarts, vecteurs, actives + rang));
+    });
+  for (double& f : courant.f) f *= vecteurs.valeur;
+  for (double& g : courant.g) g *= vecteurs.valeur;
+
+  FacteurAnecar facteur;
+  facteur.valeurPropre = vecteurs.valeur * vecteurs.valeur;
+  const double inertie = ecarts.Inertie(analyse.type);
+  facteur.pourcentage = PartDe(100, facteur.valeurPropre, inertie);
+  facteur.part = Entier16(PartDe(1000, facteur.valeurPropre, inertie));
+  facteur.tours = vecteurs.tours;
+  facteur.converge = vecteurs.converge;
+  facteur.lignes = DresserCote(courant.f, ecarts.lignes, facteur.valeurPropre, MillemeLigne, analyse.qltLignes);
+  facteur.colonnes = DresserCote(courant.g, ecarts.colonnes, facteur.valeurPropre, MillemeColonne, analyse.qltColonnes);
+  analyse.sommeParts += facteur.part;
+  analyse.facteurs.push_back(std::move(facteur));
+  return courant;
+}
+
+void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur) {
+  Deflater(tableau.actives, analyse.ecarts, facteur.EnComposante());
+  analyse.ecarts.temoin = LigneTemoin(tableau.actives);
+}
+
+void DeflaterSupplementaires(TableauAnecar& tableau, const AnalyseAnecar& analyse, const FacteurCourant& facteur) {
+  const Composante composante = facteur.EnComposante();
+  const std::size_t actives = tableau.actives.Lignes();
+  if (tableau.lignesSup)
+    tableau.lignesSup->Modifier([&](std::size_t rang, std::span<float> ligne) {
+      DeflaterLigneSup(ligne, analyse.ecarts, composante, actives + rang);
+    });
+  Deflater(tableau.colonnesSup, analyse.ecarts, composante, tableau.actives.Colonnes());
+}
+
+}  // namespace quelvar

@@ -1,0 +1,62 @@
+// The analysis of one table: its deviations and its factors with coordinates, contributions and squared cosines, as
+// plain numbers that the editions and the coordinate files are drawn from.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "factor/analyse/extraction.h"
+#include "factor/analyse/tableau.h"
+
+namespace quelvar {
+
+// One factor on the rows or on the columns, by position.
+struct CoteFacteur {
+  std::vector<double> coordonnees;  // thousandths; those of columns are rounded to single precision
+  std::vector<std::int16_t> cpf;    // contribution to the factor, per mille
+  std::vector<std::int16_t> cos2;   // per mille
+};
+
+struct FacteurAnecar {
+  double valeurPropre = 0;
+  double pourcentage = 0;  // of the total inertia
+  std::int16_t part = 0;   // the same, per mille
+  std::int64_t tours = 0;
+  bool converge = true;
+  CoteFacteur lignes;
+  CoteFacteur colonnes;
+};
+
+struct AnalyseAnecar {
+  TypeAnalyse type = TypeAnalyse::Afc;
+  Ecarts ecarts;
+  std::vector<FacteurAnecar> facteurs;
+  std::vector<std::int16_t> qltLignes;  // sum of the squared cosines of the factors so far, per mille
+  std::vector<std::int16_t> qltColonnes;
+  int sommeParts = 0;  // of the factors so far, per mille
+};
+
+// Coordinates of the factor under way, in their own unit, active elements first.
+struct FacteurCourant {
+  std::vector<double> f;  // rows
+  std::vector<double> g;  // columns
+  double valeurSinguliere = 0;
+
+  Composante EnComposante() const { return {f, g, valeurSinguliere}; }
+};
+
+// Turns the counts of the table into deviations. Raises 6.
+AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type);
+
+// Finds the next factor of what is left of the deviations, adds it to the analysis and returns its coordinates.
+// `suivre` is told the number of each round. Raises 5 and 6.
+FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
+                               const std::function<void(std::int64_t)>& suivre);
+
+// Takes the factor off the active cells and chooses the row that the next stop test follows.
+void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur);
+// Takes it off the supplementary rows and columns.
+void DeflaterSupplementaires(TableauAnecar& tableau, const AnalyseAnecar& analyse, const FacteurCourant& facteur);
+
+}  // namespace quelvar

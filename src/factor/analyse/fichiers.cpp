@@ -1,0 +1,80 @@
+#include "factor/analyse/fichiers.h"
+
+#include <numeric>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/programme/report.h"
+
+namespace quelvar {
+
+namespace {
+
+enum class Intitule { Aucun, Colle, ApresUnBlanc };
+
+// What one file shows of one dimension of the table.
+struct FormatCoordonnees {
+  std::string_view extension;
+  int decimales;
+  Intitule intitule;
+};
+
+struct CoteAEcrire {
+  const ElementsAnecar& elements;
+  const MargesDesEcarts& marges;
+  CoteFacteur FacteurAnecar::*cote;
+};
+
+double PourMille(double inertie, double total) { return total == 0 ? 0 : 1000 * inertie / total; }
+
+void EcrireFichier(const Contexte& contexte, const AnalyseAnecar& analyse, const CoteAEcrire& source,
+                   const std::vector<double>& signes, const std::vector<std::size_t>& ordre,
+                   const FormatCoordonnees& format) {
+  const double total = analyse.ecarts.Inertie(analyse.type);
+  Remplacement fichier(contexte.repertoire, contexte.Nom(format.extension));
+  std::string ligne;
+  for (const std::size_t i : ordre) {
+    ligne = CadreGauche(source.elements.noms[i], 4);
+    ligne += NombreFixe(PourMille(source.marges.inertie[i], total), 5, 0);
+    for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
+      const CoteFacteur& cote = analyse.facteurs[k].*source.cote;
+      ligne += NombreFixe(signes[k] * cote.coordonnees[i], 7, format.decimales);
+      ligne += EntierDroit(cote.cpf[i], 5);
+    }
+    if (format.intitule == Intitule::ApresUnBlanc) ligne += ' ';
+    if (format.intitule != Intitule::Aucun) ligne += source.elements.intitules[i];
+    fichier.Fichier().Ligne(ligne);
+  }
+  fichier.Valider();
+}
+
+std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFacteurs& inversions) {
+  std::vector<double> signes(facteurs, 1);
+  if (facteurs > inversions.size()) return signes;
+  for (std::size_t k = 0; k < facteurs; ++k)
+    if (inversions[k]) signes[k] = -1;
+  return signes;
+}
+
+}  // namespace
+
+void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
+                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions) {
+  const std::vector<double> signes = SignesDesFacteurs(analyse.facteurs.size(), inversions);
+  const CoteAEcrire colonnes{plan.colonnes, analyse.ecarts.colonnes, &FacteurAnecar::colonnes};
+  const CoteAEcrire lignes{tableau.lignes, analyse.ecarts.lignes, &FacteurAnecar::lignes};
+  const auto enOrdre = [](std::size_t nombre) {
+    std::vector<std::size_t> ordre(nombre);
+    std::iota(ordre.begin(), ordre.end(), std::size_t{0});
+    return ordre;
+  };
+  const std::vector<std::size_t> ordreColonnes = enOrdre(plan.colonnes.Nombre());
+  const std::vector<std::size_t> ordreLignes = enOrdre(tableau.lignes.Nombre());
+  EcrireFichier(contexte, analyse, colonnes, signes, ordreColonnes, {".FAJ", 0, Intitule::Aucun});
+  EcrireFichier(contexte, analyse, colonnes, signes, plan.positions, {".FJ2", 4, Intitule::ApresUnBlanc});
+  EcrireFichier(contexte, analyse, lignes, signes, ordreLignes, {".FAI", 0, Intitule::Colle});
+  EcrireFichier(contexte, analyse, lignes, signes, ordreLignes, {".FI2", 4, Intitule::Aucun});
+}
+
+}  // namespace quelvar

@@ -1,0 +1,20 @@
+// The coordinate files of a factor analysis: .FAJ and .FJ2 for the columns, .FAI and .FI2 for the rows.
+#pragma once
+
+#include <array>
+
+#include "core/programme/programme.h"
+#include "factor/analyse/facteurs.h"
+#include "factor/analyse/tableau.h"
+
+namespace quelvar {
+
+// Whether the sign of factor 1, 2 or 3 is reversed; from four factors on none is.
+using InversionsDeFacteurs = std::array<bool, 3>;
+
+// Writes the four files anew with the factors found so far; coordinates are thousandths. Raises the numbers of
+// Remplacement.
+void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
+                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions);
+
+}  // namespace quelvar

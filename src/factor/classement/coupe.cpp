@@ -1,0 +1,193 @@
+#include "factor/classement/coupe.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/posfile.h"
+#include "core/session/generique.h"
+#include "core/session/session.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kLargeurNumero = 5;
+
+// The two numbers that end a step line, in five places each; a sixth stands when a step from 10000 on is taken over.
+std::array<std::int32_t, 2> LireItems(std::string_view items) {
+  const std::size_t premier = items.size() > 2 * kLargeurNumero + 1                               ? kLargeurNumero + 1
+                              : items.size() > 2 * kLargeurNumero && items[kLargeurNumero] != '-' ? kLargeurNumero + 1
+                                                                                                  : kLargeurNumero;
+  return {Entier32(ValeurDe(items.substr(0, std::min(premier, items.size())))),
+          Entier32(ValeurDe(Milieu(items, premier + 1)))};
+}
+
+EtapeWard LireEtape(std::string_view ligne, std::size_t numero, std::size_t elements) {
+  const std::size_t debut = NombreFixe(static_cast<double>(numero), 4, 0).size() + 1;
+  EtapeWard etape;
+  etape.premier = Entier32(ValeurDe(Milieu(ligne, debut, kLargeurNumero)));
+  etape.second = Entier32(ValeurDe(Milieu(ligne, debut + kLargeurNumero, kLargeurNumero)));
+  const auto [premier, second] = LireItems(Milieu(ligne, debut + 2 * kLargeurNumero));
+  etape.itemPremier = premier;
+  etape.itemSecond = second;
+  for (const std::int32_t item : {premier, second})
+    if (item == 0 || item > static_cast<std::int64_t>(elements) || item <= -static_cast<std::int64_t>(numero))
+      throw Erreur(kIndiceHorsSelection);
+  return etape;
+}
+
+// An item may stand once only, else the classes overlap.
+void ExigerUnArbre(const std::vector<EtapeWard>& etapes) {
+  std::vector<char> elements(etapes.size() + 2, 0);
+  std::vector<char> classes(etapes.size() + 1, 0);
+  for (const EtapeWard& etape : etapes)
+    for (const std::int32_t item : {etape.itemPremier, etape.itemSecond}) {
+      char& vu = item > 0 ? elements[static_cast<std::size_t>(item)] : classes[static_cast<std::size_t>(-item)];
+      if (vu != 0) throw Erreur(kIndiceHorsSelection);
+      vu = 1;
+    }
+}
+
+// Rank of a name's fourth character among 0-9 and A-Z: the first one that isn't below it.
+int CodeDuNom(std::string_view nom) {
+  static constexpr std::string_view kSignes = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  std::size_t code = 0;
+  while (code + 1 < kSignes.size() && static_cast<unsigned char>(kSignes[code]) < static_cast<unsigned char>(nom[3]))
+    ++code;
+  return static_cast<int>(code);
+}
+
+// The classes of modalities as recoding orders that the user can copy.
+void ListerClasses(Rapport& rapport, const std::vector<Modalite>& modalites, const std::vector<EtapeWard>& etapes,
+                   const OptionsCoupe& options) {
+  rapport.Ligne({"Aggrégation niveau "_w, NombreFixe(options.niveau, 4, 0)});
+  const MembresWard membres = MembresDesEtapes(etapes);
+  int groupe = 0;
+  for (const std::size_t s : EtapesRestantes(etapes, static_cast<std::size_t>(options.niveau))) {
+    rapport.Ligne({"$$G", NombreFixe(++groupe, 2, 0)});
+    for (const std::int32_t element : membres.DeLEtape(s)) {
+      const auto rang = static_cast<std::size_t>(element - 1);
+      if (rang >= modalites.size()) throw Erreur(kIndiceHorsSelection);
+      const Modalite& modalite = modalites[rang];
+      if (options.intitulesLongs) rapport.Ligne(Rogner(modalite.intitule));
+      else rapport.Ligne({Milieu(modalite.nom, 1, 3), "    ", NombreFixe(CodeDuNom(modalite.nom), 2, 0)});
+    }
+  }
+  rapport.Ligne("$$");
+}
+
+// Class of each individual, 0 for one alone, and their number.
+struct ClassesDIndividus {
+  std::vector<int> groupes;
+  int nombre = 0;
+};
+
+ClassesDIndividus ClasserIndividus(const std::vector<EtapeWard>& etapes, int niveau) {
+  ClassesDIndividus classes{std::vector<int>(etapes.size() + 1, 0), 0};
+  const MembresWard membres = MembresDesEtapes(etapes);
+  for (const std::size_t s : EtapesRestantes(etapes, static_cast<std::size_t>(niveau))) {
+    ++classes.nombre;
+    for (const std::int32_t element : membres.DeLEtape(s))
+      classes.groupes[static_cast<std::size_t>(element - 1)] = classes.nombre;
+  }
+  return classes;
+}
+
+std::size_t LongueurLaPlusGrande(const Chemin& donnees) {
+  std::size_t longueur = 0;
+  LecteurLignes lecteur(donnees);
+  for (std::string_view ligne; lecteur.Lire(ligne);) longueur = std::max(longueur, ligne.size());
+  return longueur;
+}
+
+void EcrireDonnees(Ecrivain& fichier, const Chemin& donnees, std::size_t longueur, const ClassesDIndividus& classes) {
+  LecteurLignes lecteur(donnees);
+  std::size_t i = 0;
+  for (std::string_view ligne; lecteur.Lire(ligne); ++i) {
+    fichier.Ecrire(ligne);
+    for (std::size_t c = ligne.size(); c < longueur; ++c) fichier.Ecrire(' ');
+    fichier.Ligne(NombreFixe(i < classes.groupes.size() ? classes.groupes[i] : 0, 2, 0));
+  }
+}
+
+void EcrireQuestions(Ecrivain& fichier, const FichierPos& pos, std::size_t longueur, int groupes) {
+  for (std::size_t i = 0; i < pos.premiereApres; ++i) fichier.Ligne(pos.lignes[i]);
+  const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);
+  fichier.Ligne(
+      Joindre({"AGR", NombreFixe(static_cast<double>(position), 4, 0), NombreFixe(groupes, 2, 0), " $$ &SUP&"}));
+}
+
+// The next generic with the variable of the classes.
+std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const std::vector<EtapeWard>& etapes,
+                           int niveau) {
+  const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  ExigerFichiers(rapport, contexte.Ecran(),
+                 {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
+                 kArretAbsenceSansAccents);
+  const ClassesDIndividus classes = ClasserIndividus(etapes, niveau);
+  const std::string nouveau = GeneriqueSuivant(contexte.generique);
+  const std::size_t longueur = LongueurLaPlusGrande(*donnees);
+
+  Remplacement nouvellesDonnees(contexte.repertoire, nouveau + ".DAT");
+  EcrireDonnees(nouvellesDonnees.Fichier(), *donnees, longueur, classes);
+  Remplacement nouveauPos(contexte.repertoire, nouveau + ".POS");
+  EcrireQuestions(nouveauPos.Fichier(), LirePos(*pos), longueur, classes.nombre);
+  nouvellesDonnees.Achever();
+  nouveauPos.Achever();
+  CopierLignes(*contexte.Chercher(".MOD"), contexte.repertoire, nouveau + ".MOD");
+  nouvellesDonnees.Valider();
+  nouveauPos.Valider();
+  return nouveau;
+}
+
+}  // namespace
+
+ArbreCah LireCah(const Chemin& chemin) {
+  std::vector<std::string> lignes;
+  LecteurLignes lecteur(chemin);
+  ArbreCah arbre;
+  arbre.individus = lecteur.LireObligatoire().find("OUI") != std::string_view::npos;
+  for (std::string_view ligne; lecteur.Lire(ligne);) lignes.emplace_back(ligne);
+  // As many lines of members follow the lines of steps.
+  const std::size_t etapes = lignes.size() / 2;
+  for (std::size_t s = 0; s < etapes; ++s) arbre.etapes.push_back(LireEtape(lignes[s], s + 1, etapes + 1));
+  ExigerUnArbre(arbre.etapes);
+  return arbre;
+}
+
+void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options, std::string& nouveau) {
+  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  if (!mod) rapport.Ligne({"*** Le fichier des modalites ", contexte.Nom(".MOD"), " n'existe pas"});
+  if (!cah) rapport.Ligne({"*** Le fichier de CAH ", contexte.Nom(".CAH"), " n'existe pas"});
+  if (!cah || !mod) {
+    rapport.Ligne();
+    Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
+    throw Erreur(kArretAnnonce);
+  }
+  const ArbreCah arbre = LireCah(*cah);
+  if (!arbre.individus) {
+    ListerClasses(rapport, LireMod(*mod).modalites, arbre.etapes, options);
+    return;
+  }
+  nouveau = CreerGenerique(contexte, rapport, arbre.etapes, options.niveau);
+  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  rapport.Ligne();
+  rapport.Ligne({"Nouveau fichier de générique "_w, nouveau});
+  rapport.Ligne("avec à la fin une nouvelle variable correspondant à la classification des individus"_w);
+  rapport.Ligne({"pour le niveau d'agrégation "_w, NombreNu(options.niveau)});
+}
+
+Fin WardCoupe(const Contexte& contexte, const OptionsCoupe& options) {
+  std::string nouveau;
+  return ExecuterProgramme(
+      contexte, contexte.Nom(".PRT"), LibellesErreur{},
+      [&](Rapport& rapport) { CouperArbre(contexte, rapport, options, nouveau); }, ModeEcriture::Suite);
+}
+
+}  // namespace quelvar

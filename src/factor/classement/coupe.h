@@ -1,0 +1,36 @@
+// The tree of a classification read back from its .CAH file, and its cut at a level: the list of the classes of
+// modalities as recoding orders, or a new generic with a variable of the classes of individuals.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "core/programme/programme.h"
+#include "factor/classement/ward.h"
+
+namespace quelvar {
+
+struct ArbreCah {
+  bool individus = false;         // elements are individuals, and not the modalities of the .MOD
+  std::vector<EtapeWard> etapes;  // without their criteria
+};
+
+// Raises 62 for a file without its first line, 9 for a number that stands for no element or no earlier step, and the
+// numbers of LecteurLignes.
+ArbreCah LireCah(const Chemin& chemin);
+
+struct OptionsCoupe {
+  int niveau = 0;               // number of steps
+  bool intitulesLongs = false;  // classes of modalities are listed by their long labels
+};
+
+// Cuts the tree of the generic and appends to .PRT. For individuals it writes .DAT, .POS and .MOD of the next generic,
+// to which Qvr2.ini moves; `nouveau` receives its name. A run that stops leaves these files as they were. Raises what
+// the files raise.
+void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options, std::string& nouveau);
+
+// The same as a run of its own.
+Fin WardCoupe(const Contexte& contexte, const OptionsCoupe& options);
+
+}  // namespace quelvar

@@ -1,0 +1,248 @@
+#include "factor/ellipses/ellipses.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
+#include "factor/coordonnees.h"
+#include "factor/ellipses/lecture.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr double kArrondi = -1E-9;  // a second eigenvalue above that part of the first is negative by rounding only
+constexpr double kMilliemes = 1000;
+constexpr int kCordes = 100;
+
+struct TextesDuGenre {
+  std::string_view titre;
+  std::string_view legende;
+};
+
+TextesDuGenre TextesDe(GenreEllipse genre) {
+  switch (genre) {
+    case GenreEllipse::Concentration: return {"Ellipse de concentration", " de concentration "};
+    case GenreEllipse::Mediane: return {"Ellipse médiane"_w, " médiane "_w};
+    case GenreEllipse::Indicatrice: break;
+  }
+  return {"Ellipse indicatrice", " indicatrice "};
+}
+
+}  // namespace
+
+double Kappa(GenreEllipse genre) {
+  switch (genre) {
+    case GenreEllipse::Concentration: return 2;
+    case GenreEllipse::Mediane: return std::sqrt(-2 * std::log(1 - 0.5));
+    case GenreEllipse::Indicatrice: break;
+  }
+  return 1;
+}
+
+double PourcentageDIndividus(double kappa) { return 100 * (1 - std::exp(-kappa * kappa / 2)); }
+
+bool ChoixEllipses::Voulue(GenreEllipse genre) const {
+  return genre == GenreEllipse::Concentration ? concentration : genre == GenreEllipse::Mediane ? mediane : indicatrice;
+}
+
+std::string SuiteDuTitre(const ChoixEllipses& choix) {
+  if (choix.Aucune()) return {};
+  std::string suite = "  Ellipse(s) ";
+  for (const GenreEllipse genre : kGenresEllipse)
+    if (choix.Voulue(genre)) suite += TextesDe(genre).legende;
+  return suite;
+}
+
+void Nuage::Ajouter(double x, double y) {
+  ++effectif;
+  sx += x;
+  sxx += x * x;
+  sy += y;
+  syy += y * y;
+  sxy += x * y;
+}
+
+std::optional<AxesDInertie> AxesDuNuage(const Nuage& nuage) {
+  const auto n = static_cast<double>(nuage.effectif);
+  const double vx = nuage.sxx / n - (nuage.sx / n) * (nuage.sx / n);
+  const double vy = nuage.syy / n - (nuage.sy / n) * (nuage.sy / n);
+  const double c = nuage.sxy / n - (nuage.sx / n) * (nuage.sy / n);
+  const double racine = std::sqrt((vy - vx) * (vy - vx) + 4 * c * c);
+  AxesDInertie axes{(vx + vy + racine) / 2, (vx + vy - racine) / 2, 0};
+  if (axes.lambda2 < 0 && axes.lambda2 > kArrondi * axes.lambda1) axes.lambda2 = 0;
+  if (!(axes.lambda2 >= 0) || !std::isfinite(axes.lambda1)) return std::nullopt;
+  // The direction arctan(c / (lambda1 - vy)), in a form that loses no digits when c is small.
+  axes.angle = c != 0 ? std::atan2(2 * c, vx - vy) / 2 : vy > vx ? std::numbers::pi / 2 : 0;
+  return axes;
+}
+
+std::vector<Position> ContourDEllipse(Position centre, const AxesDInertie& axes, double kappa) {
+  const double a = kappa * std::sqrt(axes.lambda1);
+  const double b = kappa * std::sqrt(axes.lambda2);
+  const double cosinus = std::cos(axes.angle);
+  const double sinus = std::sin(axes.angle);
+  std::vector<Position> points;
+  points.reserve(kCordes + 1);
+  for (int k = 0; k <= kCordes; ++k) {
+    const double t = 2 * k * 0.031415926535;
+    points.push_back({centre.x + kMilliemes * (a * std::cos(t) * cosinus - b * std::sin(t) * sinus),
+                      centre.y + kMilliemes * (a * std::cos(t) * sinus + b * std::sin(t) * cosinus)});
+  }
+  return points;
+}
+
+namespace {
+
+[[noreturn]] void Refuser(Rapport& rapport, const Contexte& contexte, Texte texte) {
+  Avertir(rapport, contexte.Ecran(), texte);
+  throw Erreur(kArretAnnonce);
+}
+
+std::size_t NombreDeclare(double valeur) {
+  const std::int64_t nombre = Entier64(valeur);
+  if (nombre < 0) throw Erreur(kIndiceHorsSelection);
+  return static_cast<std::size_t>(nombre);
+}
+
+// The individuals are the last lines of the .FI2, all of them after an analysis of the logical coding.
+std::vector<Position> PointsDesIndividus(const Contexte& contexte, const DemandeEllipses& demande,
+                                         std::size_t individus, bool& codageLogique) {
+  const auto h = static_cast<std::size_t>(demande.horizontal.facteur);
+  const auto v = static_cast<std::size_t>(demande.vertical.facteur);
+  const Matrice lignes = LirePoints(*contexte.Chercher(".FI2"), std::max(h, v)).coordonnees;
+  if (lignes.Colonnes() < individus) throw Erreur(kFinDeFichierDepassee);
+  codageLogique = lignes.Colonnes() == individus;
+  std::vector<Position> points;
+  points.reserve(individus);
+  for (std::size_t i = lignes.Colonnes() - individus; i < lignes.Colonnes(); ++i)
+    points.push_back({(demande.horizontal.inverse ? -1 : 1) * lignes(h - 1, i),
+                      (demande.vertical.inverse ? -1 : 1) * lignes(v - 1, i)});
+  return points;
+}
+
+// Where the modalities are told, once the lines of the coordinates have told which analysis made them; nothing after
+// the message box on a missing .CDG.
+std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const ParametresMod& parametres,
+                                         bool codageLogique) {
+  if (!codageLogique)
+    return LignesDIndividus{*contexte.Chercher(".BRT"), NombreDeclare(parametres.colonnes),
+                            static_cast<std::size_t>(parametres.largeur)};
+  const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
+  if (cdg) return LignesDIndividus{*cdg, 0, 1};
+  contexte.Ecran().demander("Le fichier en codage logique n'existe pas, vérifiez et relancez"_w, Boutons::Ok);
+  return std::nullopt;
+}
+
+std::vector<std::size_t> PlacesDansLaLigne(const FichierMod& mod, std::span<const ModaliteMarquee> modalites) {
+  std::vector<std::size_t> places;
+  for (const ModaliteMarquee& modalite : modalites) {
+    const auto trouvee = std::find_if(mod.modalites.begin(), mod.modalites.end(),
+                                      [&](const Modalite& candidate) { return candidate.nom == modalite.nom; });
+    if (trouvee == mod.modalites.end()) throw Erreur(kIndiceHorsSelection);
+    places.push_back(static_cast<std::size_t>(trouvee - mod.modalites.begin()));
+  }
+  return places;
+}
+
+// The point of the modality in the cloud of the individuals.
+Position CentreDe(const ModaliteMarquee& modalite, const DemandeEllipses& demande, std::span<const double> racines) {
+  const auto surLAxe = [&](double coordonnee, const AxeDuPlan& axe) {
+    return (axe.inverse ? -1 : 1) * coordonnee * racines[static_cast<std::size_t>(axe.facteur) - 1];
+  };
+  return {surLAxe(modalite.horizontal, demande.horizontal), surLAxe(modalite.vertical, demande.vertical)};
+}
+
+void ExigerFichiersDesEllipses(Rapport& rapport, const Contexte& contexte) {
+  const auto exigence = [&](std::string_view extension) {
+    return FichierObligatoire{contexte.Nom(extension), contexte.Chercher(extension).has_value()};
+  };
+  ExigerFichiers(rapport, contexte.Ecran(), {exigence(".MOD"), exigence(".AFC"), exigence(".FI2"), exigence(".BRT")},
+                 kArretAbsence);
+}
+
+std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& contexte, const DemandeEllipses& demande) {
+  ExigerFichiersDesEllipses(rapport, contexte);
+  EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
+  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  if (parametres.burt != 1)
+    Refuser(rapport, contexte, "*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
+  if (parametres.largeur < 1)
+    Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
+
+  const std::vector<double> racines = RacinesDesValeursPropres(*contexte.Chercher(".AFC"));
+  for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
+    if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
+  std::vector<EllipsesDeModalite> resultat;
+  for (const ModaliteMarquee& modalite : demande.modalites)
+    resultat.push_back({modalite.nom, modalite.intitule, 0, CentreDe(modalite, demande, racines), {}, {}});
+  bool codageLogique = false;
+  const std::vector<Position> points =
+      PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);
+  const std::optional<LignesDIndividus> lignes = LignesDe(contexte, parametres, codageLogique);
+  if (!lignes) return {};
+  const std::vector<Nuage> nuages = LireNuages(*lignes, PlacesDansLaLigne(mod, demande.modalites), points);
+
+  std::vector<EllipsesDeModalite> tracees;
+  for (std::size_t m = 0; m < nuages.size(); ++m) {
+    if (nuages[m].effectif == 0) continue;
+    const std::optional<AxesDInertie> axes = AxesDuNuage(nuages[m]);
+    if (!axes) {
+      contexte.Ecran().demander("calcul impossible. Relancez ellipse", Boutons::Ok);
+      continue;
+    }
+    EllipsesDeModalite& modalite = resultat[m];
+    modalite.effectif = nuages[m].effectif;
+    modalite.axes = *axes;
+    std::copy_if(kGenresEllipse.begin(), kGenresEllipse.end(), std::back_inserter(modalite.genres),
+                 [&](GenreEllipse genre) { return demande.choix.Voulue(genre); });
+    ImprimerEllipses(rapport, modalite);
+    tracees.push_back(std::move(modalite));
+  }
+  return tracees;
+}
+
+}  // namespace
+
+std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& contexte,
+                                                                const DemandeEllipses& demande) {
+  std::vector<EllipsesDeModalite> tracees;
+  if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
+                         [&](Rapport& rapport) { tracees = Calculer(rapport, contexte, demande); }))
+    return std::nullopt;
+  return tracees;
+}
+
+void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite) {
+  rapport.Ligne({"Modalité= "_w, modalite.nom, " effectif=", NombreFixe(static_cast<double>(modalite.effectif), 4, 0),
+                 " ", modalite.intitule});
+  for (const GenreEllipse genre : modalite.genres) {
+    const double kappa = Kappa(genre);
+    rapport.Ligne(TextesDe(genre).titre);
+    rapport.Ligne({"Kappa=", NombreFixe(kappa, 1, 2),
+                   " Pourcentage d'individus : ", NombreFixe(PourcentageDIndividus(kappa), 2, 1), "%"});
+    rapport.Ligne();
+  }
+}
+
+void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites) {
+  for (const EllipsesDeModalite& modalite : modalites)
+    for (const GenreEllipse genre : modalite.genres)
+      dessin.Ligne(ContourDEllipse(modalite.centre, modalite.axes, Kappa(genre)), {Couleur::BleuFonce});
+}
+
+void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police) {
+  constexpr double rayon = 2;         // of the mark, points
+  constexpr Position decalage{4, 3};  // of the text from the mark, points
+  police.couleur = Couleur::BleuFonce;
+  for (const EllipsesDeModalite& modalite : modalites) {
+    dessin.Cercle(modalite.centre, rayon, {Couleur::BleuFonce, 1}, {Couleur::BleuFonce});
+    dessin.Texte(modalite.centre, Joindre({"PM", intitulesLongs ? modalite.intitule : modalite.nom}), police, decalage);
+  }
+}
+
+}  // namespace quelvar

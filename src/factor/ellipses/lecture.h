@@ -1,0 +1,32 @@
+// What the inertia ellipses read of the generic: eigenvalues of the report, coordinates of the individuals, and who has
+// which modality.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "core/dessin/dessin.h"
+#include "core/fichiers/fichiers.h"
+#include "factor/ellipses/ellipses.h"
+
+namespace quelvar {
+
+// Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises 5 for
+// a negative one.
+std::vector<double> RacinesDesValeursPropres(const Chemin& rapport);
+
+// Where the modalities stand in the rows of individuals.
+struct LignesDIndividus {
+  Chemin fichier;           // .BRT or .CDG
+  std::size_t sautees = 0;  // lines before the first individual
+  std::size_t largeur = 1;  // characters of a cell
+};
+
+// The clouds of the modalities (ranks in the .MOD from 0): one for each, over the individuals whose cell isn't zero.
+// `points` are the coordinates of the individuals, thousandths, in the order of the file. Raises 62 for a file that is
+// too short.
+std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
+                              std::span<const Position> points);
+
+}  // namespace quelvar

@@ -1,0 +1,179 @@
+#include "factor/plan/graphe.h"
+
+#include "core/dessin/svg.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+// Applies an axis; what is not one of the factors is told.
+std::string ReglerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view nom, std::string_view texte) {
+  if (texte.empty() || FixerAxe(donnees, axe, texte)) return {};
+  return Joindre({"*** Arrêt du programme : l'axe "_w, nom, " demande le facteur "_w, texte, ", le fichier en a "_w,
+                  Nombre(donnees.facteurs)});
+}
+
+std::string ReglerCah(const OptionsGraphe& options, EtatPlan& etat) {
+  if (options.cah == CahDuGraphe::Aucune) return {};
+  ReglagesCah& reglages = etat.reglages.cah;
+  const ArbreCah& cah = *etat.donnees.cah;
+  reglages.actif = true;
+  reglages.trace = options.cah == CahDuGraphe::Lignes ? TraceCah::Lignes : TraceCah::Couleurs;
+  if (options.niveauCah >= 0) reglages.niveau = static_cast<std::size_t>(options.niveauCah);
+  if (reglages.niveau > cah.etapes.size())
+    return Joindre(
+        {"*** Arrêt du programme : les niveaux de la classification vont de 0 à "_w, Nombre(cah.etapes.size())});
+  if (options.classes == 0) return {};
+  const std::optional<std::size_t> niveau = NiveauDesClasses(cah, static_cast<std::size_t>(options.classes));
+  if (!niveau)
+    return Joindre({"*** Arrêt du programme : aucun niveau de la classification ne laisse "_w, Nombre(options.classes),
+                    " classes"});
+  reglages.niveau = *niveau;
+  return {};
+}
+
+std::string Marquer(const std::vector<std::string>& noms, EtatPlan& etat) {
+  for (const std::string& nom : noms) {
+    bool trouve = false;
+    for (std::size_t i = 0; i < etat.donnees.points.size() && !trouve; ++i) {
+      if (!EgalSansCasse(Rogner(etat.donnees.points[i].nom), Rogner(nom))) continue;
+      trouve = true;
+      if (etat.reglages.marques[i] == 0) BasculerMarque(etat, i);
+    }
+    if (!trouve) return Joindre({"*** Arrêt du programme : aucun élément n'a le nom "_w, nom});
+  }
+  return {};
+}
+
+void ReglerPoints(const OptionsGraphe& options, ReglagesPlan& reglages) {
+  reglages.horizontal.inverse = options.inverserX;
+  reglages.vertical.inverse = options.inverserY;
+  reglages.pointExact = options.pointExact;
+  reglages.parContribution = options.contributions;
+  reglages.intitulesLongs = options.longs;
+  reglages.information = options.information;
+  reglages.individus = options.individus;
+  reglages.ensemble = options.ensemble;
+  reglages.niveauCpf = options.niveauCpf;
+  reglages.taille = options.taille;
+  reglages.gras = options.gras;
+  for (const char lettre : options.ellipses) {
+    if (Majuscule(lettre) == 'C') reglages.ellipses.concentration = true;
+    if (Majuscule(lettre) == 'M') reglages.ellipses.mediane = true;
+    if (Majuscule(lettre) == 'I') reglages.ellipses.indicatrice = true;
+  }
+}
+
+void ReglerLiens(const OptionsGraphe& options, ReglagesLiens& reglages) {
+  reglages.actif = DemandeDesLiens(options);
+  reglages.lignes = options.liensDeLignes;
+  reglages.values = options.values;
+  reglages.arbre = options.arbre;
+  reglages.mode = options.mode;
+  if (options.progressif > 0) reglages.progressif = static_cast<std::size_t>(options.progressif);
+  reglages.ecMin = options.ecMin.value_or(options.liensDeLignes ? kEcMinDesLiensDeLignes : 0);
+  reglages.ecSup = options.ecSup;
+}
+
+// The settings of the options; the first that the data refuse is told.
+std::string Regler(const OptionsGraphe& options, EtatPlan& etat) {
+  ReglagesPlan& reglages = etat.reglages;
+  ReglerPoints(options, reglages);
+  ReglerLiens(options, reglages.liens);
+  std::string refus = ReglerAxe(etat.donnees, reglages.horizontal, "horizontal", options.horizontal);
+  if (refus.empty()) refus = ReglerAxe(etat.donnees, reglages.vertical, "vertical", options.vertical);
+  if (refus.empty()) refus = ReglerCah(options, etat);
+  if (refus.empty()) refus = Marquer(options.marques, etat);
+  if (options.echanger) EchangerAxes(etat);
+  return refus;
+}
+
+void ReglerCadre(const OptionsGraphe& options, EtatPlan& etat) {
+  Caler(etat);
+  Fenetre& f = etat.cadre.limites;
+  etat.cadre.page = options.page / 100.0;
+  const double x = etat.cadre.page * 100 / options.zoomLargeur;
+  const double y = etat.cadre.page * 100 / options.zoomHauteur;
+  const Position centre{(f.gauche + f.droite) / 2, (f.haut + f.bas) / 2};
+  f = {centre.x + (f.gauche - centre.x) * x, centre.x + (f.droite - centre.x) * x, centre.y + (f.haut - centre.y) * y,
+       centre.y + (f.bas - centre.y) * y};
+  Glisser(etat, {},
+          {options.versLaDroite * (f.droite - f.gauche) / 1000, options.versLeHaut * (f.haut - f.bas) / 1000});
+}
+
+void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGraphe& options) {
+  const std::string nom = options.fichier.empty() ? contexte.Nom("Fac.svg") : options.fichier;
+  Remplacement fichier(contexte.repertoire, nom);
+  fichier.Fichier().Ecrire(TexteSvg(DessinerPlan(etat)));
+  fichier.Valider();
+  if (options.pajek) EcrireReseau(contexte, etat);
+  contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
+}
+
+Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& corps) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, corps, ModeEcriture::Suite);
+}
+
+std::string Concordance(const Contexte& contexte, std::size_t individu) {
+  if (const std::optional<Chemin> donnees = contexte.Chercher(".DAT")) {
+    LecteurLignes lecteur(*donnees);
+    std::size_t rang = 0;
+    for (std::string_view ligne; lecteur.Lire(ligne);) {
+      if (rang++ != individu) continue;
+      const std::size_t debut = ligne.find("$$");
+      if (debut != std::string_view::npos) return std::string(ligne.substr(debut + 2));
+      break;
+    }
+  }
+  return "Pas de concordance disponible";
+}
+
+}  // namespace
+
+bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
+  etat.ellipses.clear();
+  const DemandeEllipses demande = EllipsesDemandees(etat);
+  if (demande.choix.Aucune()) return true;
+  std::optional<std::vector<EllipsesDeModalite>> ellipses = CalculerEllipses(contexte, demande);
+  if (!ellipses) return false;
+  etat.ellipses = std::move(*ellipses);
+  return true;
+}
+
+void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
+  std::vector<std::string> intitules;
+  for (const PointPlan& point : etat.donnees.points)
+    intitules.push_back(etat.reglages.intitulesLongs ? point.intitule : point.nom);
+  EcrirePajek(contexte.repertoire, contexte.Nom(".net"), intitules, LiensMontres(etat, true).pajek);
+}
+
+std::string TexteDuClic(const Contexte& contexte, const EtatPlan& etat, std::size_t element) {
+  const DonneesPlan& donnees = etat.donnees;
+  const PointPlan& point = donnees.points[element];
+  std::string texte(Rogner(point.intitule.empty() ? point.nom : point.intitule));
+  if (element >= donnees.colonnes && donnees.Individus())
+    texte += Joindre({"\r\n", Concordance(contexte, element - donnees.colonnes)});
+  return texte;
+}
+
+bool DemandeDesLiens(const OptionsGraphe& options) {
+  return options.liens || options.liensDeLignes || options.arbre || options.pajek;
+}
+
+Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
+  std::optional<DonneesPlan> donnees =
+      PrepGraphe(contexte, {DemandeDesLiens(options) && !options.liensDeLignes, options.cah != CahDuGraphe::Aucune});
+  if (!donnees) return Fin::Arret;
+  EtatPlan etat = NouveauPlan(std::move(*donnees));
+  if (const std::string refus = Regler(options, etat); !refus.empty())
+    return Continuer(contexte, [&](Rapport& rapport) {
+      Avertir(rapport, contexte.Ecran(), refus);
+      throw Erreur(kArretAnnonce);
+    });
+  if (!ActualiserEllipses(contexte, etat)) return Fin::Arret;
+  ReglerCadre(options, etat);
+  return Continuer(contexte, [&](Rapport&) { EcrireImage(contexte, etat, options); });
+}
+
+}  // namespace quelvar

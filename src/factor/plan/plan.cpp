@@ -1,0 +1,373 @@
+#include "factor/plan/plan.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr double kEtendueParDefaut = 100;  // half a window without any extent, thousandths
+constexpr double kEtendueMinimum = 0.01;
+constexpr double kEtendueMaximum = 1e9;
+constexpr double kPageMinimum = 0.5;
+constexpr double kPageMaximum = 4;
+constexpr double kPasMinimum = 5;
+constexpr double kPasMaximum = 500;
+
+std::size_t Rang(const AxePlan& axe) { return static_cast<std::size_t>(axe.facteur - 1); }
+
+double Facteur(CoefficientPlan coefficient) {
+  switch (coefficient) {
+    case CoefficientPlan::Faible: return 1.05;
+    case CoefficientPlan::Fort: return 1.5;
+    case CoefficientPlan::Moyen: break;
+  }
+  return 1.2;
+}
+
+class Etendue {
+ public:
+  void Inclure(double valeur) {
+    minimum_ = std::min(minimum_, valeur);
+    maximum_ = std::max(maximum_, valeur);
+  }
+  double Milieu() const { return (minimum_ + maximum_) / 2; }
+  double Longueur() const { return maximum_ - minimum_; }
+  double Minimum() const { return minimum_; }
+  double Maximum() const { return maximum_; }
+
+ private:
+  double minimum_ = 0;  // the origin is inside
+  double maximum_ = 0;
+};
+
+Fenetre Autour(Position centre, double largeur, double hauteur) {
+  return {centre.x - largeur / 2, centre.x + largeur / 2, centre.y + hauteur / 2, centre.y - hauteur / 2};
+}
+
+double Largeur(const Fenetre& f) { return f.droite - f.gauche; }
+double Hauteur(const Fenetre& f) { return f.haut - f.bas; }
+
+bool AUnAxeDeCpf(const ReglagesPlan& reglages) { return reglages.horizontal.cpf || reglages.vertical.cpf; }
+
+Fenetre FenetreDe(const ReglagesPlan& reglages, const Etendue& x, const Etendue& y) {
+  double largeur = x.Longueur() > 0 ? x.Longueur() : 2 * kEtendueParDefaut;
+  double hauteur = y.Longueur() > 0 ? y.Longueur() : 2 * kEtendueParDefaut;
+  if (!AUnAxeDeCpf(reglages)) {
+    largeur = std::max(largeur, hauteur / kHauteurSurLargeur);
+    hauteur = largeur * kHauteurSurLargeur;
+  }
+  return Autour({x.Milieu(), y.Milieu()}, largeur, hauteur);
+}
+
+void InclureContours(const EtatPlan& etat, Etendue& x, Etendue& y) {
+  for (const EllipsesDeModalite& modalite : etat.ellipses)
+    for (const GenreEllipse genre : modalite.genres)
+      for (const Position& p : ContourDEllipse(modalite.centre, modalite.axes, Kappa(genre))) {
+        x.Inclure(p.x);
+        y.Inclure(p.y);
+      }
+}
+
+// The drawing that the settings choose has individuals: those of their classification, none with links.
+bool AvecIndividus(const DonneesPlan& donnees, const ReglagesPlan& reglages) {
+  if (reglages.liens.actif) return false;
+  return reglages.cah.actif && donnees.cah ? donnees.cah->individus : reglages.individus;
+}
+
+// The places of the elements shown, or of every element; false when there is none.
+bool InclurePlaces(const EtatPlan& etat, bool tous, Etendue& x, Etendue& y) {
+  bool vus = false;
+  for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
+    if (!etat.donnees.points[i].place || (!tous && !EstMontre(etat, i))) continue;
+    const Position p = PlaceDe(etat, i);
+    x.Inclure(p.x);
+    y.Inclure(p.y);
+    vus = true;
+  }
+  return vus;
+}
+
+void Elargir(EtatPlan& etat, Etendue& x, Etendue& y) {
+  const Fenetre& f = etat.cadre.limites;
+  if (x.Minimum() >= f.gauche && x.Maximum() <= f.droite && y.Minimum() >= f.bas && y.Maximum() <= f.haut) return;
+  for (const double bord : {f.gauche, f.droite}) x.Inclure(bord);
+  for (const double bord : {f.bas, f.haut}) y.Inclure(bord);
+  etat.cadre.limites = FenetreDe(etat.reglages, x, y);
+}
+
+// The window grown or shrunk about a point of its own; a window that would leave the bounds stays.
+Fenetre Grandie(const Fenetre& f, double facteurX, double facteurY, Position fixe) {
+  const Fenetre nouvelle{fixe.x + (f.gauche - fixe.x) * facteurX, fixe.x + (f.droite - fixe.x) * facteurX,
+                         fixe.y + (f.haut - fixe.y) * facteurY, fixe.y + (f.bas - fixe.y) * facteurY};
+  const double petit = std::min(Largeur(nouvelle), Hauteur(nouvelle));
+  const double grand = std::max(Largeur(nouvelle), Hauteur(nouvelle));
+  return petit >= kEtendueMinimum && grand <= kEtendueMaximum ? nouvelle : f;
+}
+
+Position Centre(const Fenetre& f) { return {(f.gauche + f.droite) / 2, (f.haut + f.bas) / 2}; }
+
+// A step makes a class of two elements, or one of two classes.
+void CompterClasses(const EtapeWard& etape, std::size_t& classes) {
+  if (etape.itemPremier > 0 && etape.itemSecond > 0) ++classes;
+  if (etape.itemPremier < 0 && etape.itemSecond < 0) --classes;
+}
+
+bool DansLEnsemble(EnsemblePoints ensemble, const PointPlan& point) {
+  return ensemble == EnsemblePoints::Tous || (ensemble == EnsemblePoints::Supplementaires) == point.supplementaire;
+}
+
+// "1 lien", "2 liens".
+std::string Compte(std::size_t nombre, std::string_view nom) {
+  return Joindre({Nombre(nombre), " ", nom, std::string_view(nombre > 1 ? "s" : "")});
+}
+
+}  // namespace
+
+EtatPlan NouveauPlan(DonneesPlan donnees) {
+  EtatPlan etat;
+  etat.donnees = std::move(donnees);
+  ReglagesPlan& reglages = etat.reglages;
+  if (etat.donnees.facteurs < 2) reglages.vertical = {1, true, false};
+  if (etat.donnees.facteurs < 3) reglages.troisieme = 0;
+  if (etat.donnees.cah) reglages.cah.niveau = etat.donnees.cah->etapes.size();
+  reglages.marques.assign(etat.donnees.points.size(), 0);
+  Caler(etat);
+  return etat;
+}
+
+double Coordonnee(const DonneesPlan& donnees, const AxePlan& axe, std::size_t element) {
+  const double valeur = (axe.cpf ? donnees.cpf : donnees.coordonnees)(Rang(axe), element);
+  return axe.inverse ? -valeur : valeur;
+}
+
+Position PlaceDe(const EtatPlan& etat, std::size_t element) {
+  return {Coordonnee(etat.donnees, etat.reglages.horizontal, element),
+          Coordonnee(etat.donnees, etat.reglages.vertical, element)};
+}
+
+bool EstMontre(const EtatPlan& etat, std::size_t element) {
+  const DonneesPlan& donnees = etat.donnees;
+  const ReglagesPlan& reglages = etat.reglages;
+  const PointPlan& point = donnees.points[element];
+  if (!point.place || !DansLEnsemble(reglages.ensemble, point)) return false;
+  if (element >= donnees.colonnes && donnees.Individus() && !AvecIndividus(donnees, reglages)) return false;
+  return CpfDuPoint(etat, element) >= reglages.niveauCpf;
+}
+
+double CpfDuPoint(const EtatPlan& etat, std::size_t element) {
+  const Matrice& cpf = etat.donnees.cpf;
+  return std::max(cpf(Rang(etat.reglages.horizontal), element), cpf(Rang(etat.reglages.vertical), element));
+}
+
+std::string_view TexteDuPoint(const ReglagesPlan& reglages, const PointPlan& point) {
+  const std::string_view intitule = Rogner(point.intitule);
+  return reglages.intitulesLongs && !intitule.empty() ? intitule : Rogner(point.nom);
+}
+
+void Caler(EtatPlan& etat) {
+  Etendue x;
+  Etendue y;
+  if (!InclurePlaces(etat, false, x, y)) InclurePlaces(etat, true, x, y);
+  InclureContours(etat, x, y);
+  etat.cadre.limites = FenetreDe(etat.reglages, x, y);
+}
+
+void InclureEllipses(EtatPlan& etat) {
+  Etendue x;
+  Etendue y;
+  InclureContours(etat, x, y);
+  Elargir(etat, x, y);
+}
+
+void InclurePoints(EtatPlan& etat) {
+  Etendue x;
+  Etendue y;
+  InclurePlaces(etat, false, x, y);
+  Elargir(etat, x, y);
+}
+
+void ChangerEchelle(EtatPlan& etat, bool plus) {
+  const double facteur = plus ? 1 / Facteur(etat.coefficient) : Facteur(etat.coefficient);
+  Fenetre& limites = etat.cadre.limites;
+  limites = Grandie(limites, etat.dimension == DimensionPlan::Hauteur ? 1 : facteur,
+                    etat.dimension == DimensionPlan::Largeur ? 1 : facteur, Centre(limites));
+}
+
+void ChangerPage(EtatPlan& etat, bool plus) {
+  const double voulue = etat.cadre.page * (plus ? Facteur(etat.coefficient) : 1 / Facteur(etat.coefficient));
+  const double page = std::clamp(voulue, kPageMinimum, kPageMaximum);
+  const double facteur = page / etat.cadre.page;
+  Fenetre& limites = etat.cadre.limites;
+  limites = Grandie(limites, facteur, facteur, Centre(limites));
+  etat.cadre.page = page;
+}
+
+void DeplacerImage(EtatPlan& etat, int versLaDroite, int versLeHaut) {
+  const Fenetre& f = etat.cadre.limites;
+  const Position centre = Centre(f);
+  const double x = versLaDroite * etat.pas * Largeur(f) / 1000;
+  const double y = versLeHaut * etat.pas * Hauteur(f) / 1000;
+  Glisser(etat, centre, {centre.x + x, centre.y + y});
+}
+
+void ChangerPas(EtatPlan& etat, bool plus) {
+  etat.pas = std::clamp(plus ? etat.pas * 2 : etat.pas / 2, kPasMinimum, kPasMaximum);
+}
+
+void ReinitialiserCadre(EtatPlan& etat) {
+  etat.cadre.page = 1;
+  Caler(etat);
+}
+
+void ZoomerAutour(EtatPlan& etat, double facteur, Position place) {
+  etat.cadre.limites = Grandie(etat.cadre.limites, 1 / facteur, 1 / facteur, place);
+}
+
+void Glisser(EtatPlan& etat, Position de, Position vers) {
+  Fenetre& f = etat.cadre.limites;
+  const double x = vers.x - de.x;
+  const double y = vers.y - de.y;
+  if (std::fabs(f.gauche - x) + std::fabs(f.haut - y) > kEtendueMaximum) return;
+  f = {f.gauche - x, f.droite - x, f.haut - y, f.bas - y};
+}
+
+bool FixerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view texte) {
+  std::string_view reste = Rogner(texte);
+  const bool cpf = !reste.empty() && Majuscule(reste.front()) == 'C';
+  if (cpf) reste = RognerGauche(reste.substr(1));
+  int facteur = axe.facteur;
+  if (!cpf || !reste.empty()) {
+    if (reste.empty() || reste.size() > 4 || reste.find_first_not_of("0123456789") != std::string_view::npos)
+      return false;
+    facteur = static_cast<int>(ValeurDe(reste));
+  }
+  if (facteur < 1 || static_cast<std::size_t>(facteur) > donnees.facteurs) return false;
+  axe.facteur = facteur;
+  axe.cpf = cpf;
+  return true;
+}
+
+std::string TexteAxe(const AxePlan& axe) { return axe.cpf ? "C" : Nombre(axe.facteur); }
+
+void EchangerAxes(EtatPlan& etat) { std::swap(etat.reglages.horizontal, etat.reglages.vertical); }
+
+void BasculerMarque(EtatPlan& etat, std::size_t element) {
+  std::uint8_t& code = etat.reglages.marques[element];
+  code = code != 0 ? 0 : element < etat.donnees.colonnes ? kMarqueColonne : kMarqueLigne;
+}
+
+bool PorteUneMarque(const EtatPlan& etat, std::uint8_t code) {
+  const std::vector<std::uint8_t>& marques = etat.reglages.marques;
+  return std::find(marques.begin(), marques.end(), code) != marques.end();
+}
+
+LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
+  const DonneesPlan& donnees = etat.donnees;
+  const ReglagesPlan& reglages = etat.reglages;
+  std::vector<SommetArbre> sommets;
+  sommets.reserve(donnees.points.size());
+  for (std::size_t i = 0; i < donnees.points.size(); ++i)
+    sommets.push_back({donnees.points[i].supplementaire, reglages.marques[i] != 0,
+                       static_cast<std::int16_t>(donnees.cpf(Rang(reglages.horizontal), i)),
+                       static_cast<std::int16_t>(donnees.cpf(Rang(reglages.vertical), i))});
+  OptionsArbre options;
+  options.mode = reglages.liens.mode.value_or(
+      reglages.ensemble == EnsemblePoints::Actifs ? ModeArbre::SaufSupplementaires : ModeArbre::TousLesLiens);
+  options.ecMin = reglages.liens.ecMin;
+  options.ecSup = reglages.liens.ecSup;
+  options.arbre = reglages.liens.arbre;
+  options.pajek = pajek;
+  options.progressif = reglages.liens.progressif;
+  options.niveauCpf = reglages.niveauCpf;
+  if (donnees.Individus()) options.aCouvrir = donnees.colonnes;
+  return ArbreMaximum(reglages.liens.lignes ? donnees.liensLignes : donnees.liens, sommets, options);
+}
+
+std::optional<std::size_t> ElementDeCah(const DonneesPlan& donnees, std::int32_t item) {
+  auto rang = static_cast<std::size_t>(item - 1);
+  if (donnees.cah->individus) {
+    if (donnees.points.size() > donnees.colonnes) {
+      rang += donnees.colonnes;
+    } else {  // the rows of a square table are its active modalities
+      std::size_t i = 0;
+      for (; i < donnees.colonnes; ++i)
+        if (!donnees.points[i].supplementaire && rang-- == 0) break;
+      rang = i;
+    }
+  }
+  return rang < donnees.points.size() ? std::optional(rang) : std::nullopt;
+}
+
+std::size_t ClassesAuNiveau(const ArbreCah& cah, std::size_t niveau) {
+  std::size_t classes = 0;
+  for (std::size_t s = 0; s < std::min(niveau, cah.etapes.size()); ++s) CompterClasses(cah.etapes[s], classes);
+  return classes;
+}
+
+std::optional<std::size_t> NiveauDesClasses(const ArbreCah& cah, std::size_t classes) {
+  std::optional<std::size_t> niveau;
+  std::size_t restantes = 0;
+  for (std::size_t s = 0; s < cah.etapes.size(); ++s) {
+    CompterClasses(cah.etapes[s], restantes);
+    if (restantes == classes) niveau = s + 1;
+  }
+  return niveau;
+}
+
+DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
+  const ReglagesPlan& reglages = etat.reglages;
+  DemandeEllipses demande;
+  if (AUnAxeDeCpf(reglages)) return demande;
+  demande.horizontal = {reglages.horizontal.facteur, reglages.horizontal.inverse};
+  demande.vertical = {reglages.vertical.facteur, reglages.vertical.inverse};
+  demande.choix = reglages.ellipses;
+  for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
+    if (reglages.marques[i] != kMarqueColonne || !etat.donnees.points[i].place) continue;
+    demande.modalites.push_back({etat.donnees.points[i].nom, etat.donnees.points[i].intitule,
+                                 etat.donnees.coordonnees(Rang(reglages.horizontal), i),
+                                 etat.donnees.coordonnees(Rang(reglages.vertical), i)});
+  }
+  return demande;
+}
+
+std::string LigneDuPlan(const EtatPlan& etat, std::size_t liensTraces) {
+  const DonneesPlan& donnees = etat.donnees;
+  const ReglagesPlan& reglages = etat.reglages;
+  std::size_t montres = 0;
+  for (std::size_t i = 0; i < donnees.points.size(); ++i) montres += EstMontre(etat, i) ? 1U : 0U;
+  std::string ligne = Joindre({Compte(montres, "point"), " sur ", Nombre(donnees.points.size())});
+  if (reglages.ensemble == EnsemblePoints::Actifs) ligne += ", actifs seuls";
+  if (reglages.ensemble == EnsemblePoints::Supplementaires) ligne += Joindre({", supplémentaires seuls"_w});
+  if (reglages.niveauCpf > 0) ligne += Joindre({", CPF d'au moins ", Nombre(reglages.niveauCpf)});
+  if (reglages.liens.actif) {
+    ligne += Joindre({", ", Compte(liensTraces, "lien"), std::string_view(reglages.liens.arbre ? " de l'arbre" : ""),
+                      " de ", Nombre(reglages.liens.ecMin), " à "_w, Nombre(reglages.liens.ecSup)});
+  } else if (reglages.cah.actif && donnees.cah) {
+    ligne += Joindre({", ", Compte(ClassesAuNiveau(*donnees.cah, reglages.cah.niveau), "classe"), " au niveau ",
+                      Nombre(reglages.cah.niveau)});
+  }
+  return ligne;
+}
+
+std::string LigneDInformation(const EtatPlan& etat, std::size_t element) {
+  const DonneesPlan& donnees = etat.donnees;
+  const PointPlan& point = donnees.points[element];
+  std::string ligne = Joindre({Rogner(point.nom), "  ", Rogner(point.intitule), "\r\n"});
+  std::vector<int> facteurs = {etat.reglages.horizontal.facteur, etat.reglages.vertical.facteur,
+                               etat.reglages.troisieme};
+  for (auto facteur = facteurs.begin(); facteur != facteurs.end(); ++facteur) {
+    if (*facteur == 0 || std::find(facteurs.begin(), facteur, *facteur) != facteur) continue;
+    const auto rang = static_cast<std::size_t>(*facteur - 1);
+    ligne += Joindre({std::string_view(facteur == facteurs.begin() ? "" : "   "), "F", Nombre(*facteur), "=",
+                      Nombre(donnees.coordonnees(rang, element)), " CPF=", Nombre(donnees.cpf(rang, element))});
+  }
+  return ligne;
+}
+
+}  // namespace quelvar

@@ -1,0 +1,199 @@
+#include "forms/cadre/dialogue_qt.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QRegularExpression>
+#include <algorithm>
+#include <chrono>
+#include <memory>
+
+#include "forms/texte/texte_qt.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kCrans = 1000;  // steps of the progress bar, whatever the number of individuals
+
+// Lets the window paint, at most 25 times a second: a run is not to wait for its own progress bar.
+class Respiration {
+ public:
+  void Passer() {
+    const auto maintenant = std::chrono::steady_clock::now();
+    if (maintenant - derniere_ < std::chrono::milliseconds(40)) return;
+    Forcer();
+  }
+  void Forcer() {
+    QCoreApplication::processEvents();
+    derniere_ = std::chrono::steady_clock::now();
+  }
+
+ private:
+  std::chrono::steady_clock::time_point derniere_;
+};
+
+// The cursor of the boxes that a run opens is the ordinary one.
+class CurseurNormal {
+ public:
+  CurseurNormal() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~CurseurNormal() { QApplication::restoreOverrideCursor(); }
+  CurseurNormal(const CurseurNormal&) = delete;
+  CurseurNormal& operator=(const CurseurNormal&) = delete;
+};
+
+// The window that the user is in: a box over another one would bring that to the front and leave the focus there.
+// Behind a dialogue of the system that has just closed none is active yet: it is then the one where the user was
+// before.
+class FenetreDuMoment {
+ public:
+  explicit FenetreDuMoment(QWidget* principale) : principale_(principale) {
+    QObject::connect(qApp, &QApplication::focusChanged, principale, [derniere = derniere_](QWidget*, QWidget* nouveau) {
+      const auto estFenetre = [](const QWidget* w) {
+        return !w->isModal() && (w->windowType() == Qt::Window || w->windowType() == Qt::Dialog);
+      };
+      if (nouveau != nullptr && estFenetre(nouveau->window())) *derniere = nouveau->window();
+    });
+  }
+
+  QWidget* Parent() const {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    return *derniere_ != nullptr && (*derniere_)->isVisible() ? derniere_->data() : principale_;
+  }
+
+ private:
+  QWidget* principale_;
+  std::shared_ptr<QPointer<QWidget>> derniere_ = std::make_shared<QPointer<QWidget>>();
+};
+
+QString SansFinsDeLigneDos(std::string_view texte) {
+  return VersQt(texte).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+}  // namespace
+
+QString FiltreQt(const QString& filtre) {
+  const QStringList parties = filtre.split(u'|');
+  QStringList filtres;
+  for (qsizetype i = 0; i + 1 < parties.size(); i += 2) {
+    QStringList motifs;
+    for (const QString& motif : parties[i + 1].split(u';', Qt::SkipEmptyParts)) {
+      if (motif == QStringLiteral("*.*")) motifs << QStringLiteral("*");
+      else motifs << motif << motif.toLower() << motif.toUpper();
+    }
+    motifs.removeDuplicates();
+    QString nom = parties[i];  // the parentheses of a Qt filter are its patterns
+    nom.remove(QRegularExpression(QStringLiteral("[()]")));
+    filtres << nom + QStringLiteral(" (") + motifs.join(u' ') + u')';
+  }
+  return filtres.join(QStringLiteral(";;"));
+}
+
+Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons) {
+  QMessageBox boite(boutons == Boutons::Ok ? QMessageBox::Information : QMessageBox::Question,
+                    QStringLiteral("Quelvar"), texte, QMessageBox::NoButton, parent);
+  boite.setTextFormat(Qt::PlainText);
+  switch (boutons) {
+    case Boutons::Ok: boite.setStandardButtons(QMessageBox::Ok); break;
+    case Boutons::OkAnnuler: boite.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+    case Boutons::OuiNon: boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    case Boutons::OuiNonAnnuler:
+      boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+      break;
+  }
+  boite.setDefaultButton(PremierBouton(boutons) == Reponse::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+  switch (boite.exec()) {
+    case QMessageBox::Yes: return Reponse::Oui;
+    case QMessageBox::No: return Reponse::Non;
+    case QMessageBox::Cancel: return Reponse::Annuler;
+    default: return Reponse::Ok;
+  }
+}
+
+Dialogue DialogueQt(const EcranDeRun& ecran) {
+  const auto respiration = std::make_shared<Respiration>();
+  const auto maximum = std::make_shared<std::int64_t>(1);
+  const FenetreDuMoment fenetre(ecran.fenetre);
+  Dialogue dialogue;
+  dialogue.montrerProgression = [=](std::int64_t valeur) {
+    *maximum = std::max<std::int64_t>(valeur, 1);
+    ecran.progression->setRange(0, kCrans);
+    ecran.progression->setValue(0);
+    ecran.progression->setVisible(valeur > 0);
+    if (valeur == 0) ecran.iteration->clear();
+    respiration->Forcer();
+  };
+  dialogue.progresser = [=](std::int64_t faits) {
+    const double part = static_cast<double>(std::min(faits, *maximum)) / static_cast<double>(*maximum);
+    ecran.progression->setValue(static_cast<int>(part * kCrans));
+    respiration->Passer();
+  };
+  dialogue.montrerIteration = [=](std::string_view texte) {
+    ecran.iteration->setText(VersQt(texte));
+    respiration->Passer();
+  };
+  dialogue.demander = [=](std::string_view texte, Boutons boutons) {
+    const CurseurNormal curseur;
+    return DemanderReponse(fenetre.Parent(), SansFinsDeLigneDos(texte), boutons);
+  };
+  dialogue.saisir = [=](std::string_view question, std::string_view propose) {
+    const CurseurNormal curseur;
+    bool accepte = false;
+    const QString texte =
+        QInputDialog::getText(fenetre.Parent(), QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
+                              QLineEdit::Normal, VersQt(propose), &accepte);
+    return accepte ? DepuisQt(texte) : std::string();
+  };
+  dialogue.choisirFichier = [=](std::string_view titre, std::string_view filtre) {
+    const CurseurNormal curseur;
+    const QString chemin =
+        QFileDialog::getOpenFileName(fenetre.Parent(), VersQt(titre), QStringLiteral("."), FiltreQt(VersQt(filtre)));
+    return DepuisQt(chemin);
+  };
+  dialogue.biper = [] { QApplication::beep(); };
+  dialogue.afficher = ecran.afficher;
+  return dialogue;
+}
+
+Occupation::Occupation() {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  qApp->installEventFilter(this);
+}
+
+Occupation::~Occupation() {
+  // What was typed or clicked during the run was meant for nothing that is still there.
+  QCoreApplication::processEvents();
+  qApp->removeEventFilter(this);
+  QApplication::restoreOverrideCursor();
+}
+
+// True for what happens in the box that the run has opened, its own lists and menus included.
+bool Occupation::EstPourLaBoite(const QObject* objet) {
+  const QWidget* boite = QApplication::activeModalWidget();
+  if (boite == nullptr) return false;
+  if (!objet->isWidgetType()) return true;  // the window system holds back what is not for the box
+  const auto* widget = static_cast<const QWidget*>(objet);
+  while (widget != nullptr && widget != boite) widget = widget->parentWidget();
+  return widget != nullptr;
+}
+
+bool Occupation::eventFilter(QObject* objet, QEvent* evenement) {
+  switch (evenement->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride: return !EstPourLaBoite(objet);
+    default: break;
+  }
+  return QObject::eventFilter(objet, evenement);
+}
+
+}  // namespace quelvar

@@ -1,0 +1,46 @@
+// The screen that a program talks to: progress display, boxes and file choice of the window, and the window kept from
+// the user's hands while the program runs.
+#pragma once
+
+#include <QLabel>
+#include <QObject>
+#include <QProgressBar>
+#include <QString>
+#include <functional>
+
+#include "core/programme/dialogue.h"
+
+namespace quelvar {
+
+// What a run moves on the main form.
+struct EcranDeRun {
+  QWidget* fenetre;           // parent of the boxes
+  QProgressBar* progression;  // hidden between two runs
+  QLabel* iteration;
+  std::function<void(const Affichage&)> afficher;
+};
+
+// The functions live as long as the widgets.
+Dialogue DialogueQt(const EcranDeRun& ecran);
+
+// "Fichiers *.dat|*.dat|Tous fichiers *.*|*.*" as Qt writes filters; a name is matched in lower and in upper case.
+QString FiltreQt(const QString& filtre);
+
+// A message box of the program: text, buttons, and the button that was chosen.
+Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons);
+
+// While one lives, key and mouse events reach the boxes that the run opens and nothing else, and the cursor is busy.
+class Occupation : public QObject {
+ public:
+  Occupation();
+  ~Occupation() override;
+  Occupation(const Occupation&) = delete;
+  Occupation& operator=(const Occupation&) = delete;
+
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+ private:
+  static bool EstPourLaBoite(const QObject* objet);
+};
+
+}  // namespace quelvar

@@ -1,0 +1,50 @@
+#include "forms/cadre/entrees.h"
+
+#include "forms/aide/frmabout.h"
+#include "forms/cadre/prem.h"
+#include "forms/cadre/principal2.h"
+#include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/crosstab/choixvar.h"
+#include "forms/programmes/factor/choixanecar.h"
+#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/modalities/choixposmod.h"
+#include "forms/programmes/modalities/modifmod.h"
+#include "forms/programmes/modalities/nomemod.h"
+#include "forms/programmes/modalities/nomquest.h"
+#include "forms/programmes/sorts/preprecod.h"
+#include "forms/programmes/tables/choixecapem.h"
+
+namespace quelvar {
+
+namespace {
+
+// In the order of the menu. An entry that is not here is shown disabled.
+constexpr EntreeDeProgramme kEntrees[] = {
+    // clang-format off
+    {"mnuPrem", OuvrirPrem},
+    {"mnuChangeRepert", OuvrirRepertoires},
+    {"mnuImport", OuvrirImport},
+    {"mnuTriapl", OuvrirTriapl},
+    {"mnuCroise", OuvrirChoixVar},
+    {"mnuNomQuest", OuvrirNomQuest},
+    {"mnuNomMod", OuvrirNomMod},
+    {"mnuPrepRecod", OuvrirPrepRecod},
+    {"mnuOutils", OuvrirOutils},
+    {"mnuPosmod", OuvrirPosmod},
+    {"mnuModifMod", OuvrirModifMod},
+    {"mnuEcapem", OuvrirChoixEcapem},
+    {"mnuAnecar", OuvrirAnecar},
+    {"mnuGraphe", OuvrirGraphe3},
+    {"mnuPosmod2", OuvrirPosmodRegression},
+    {"mnuAnecarText", OuvrirAnecar},
+    {"mnuGrapheText", OuvrirGraphe3},
+    {"mnuPEM", OuvrirChoixEcapem},
+    {"mnuAPropos", OuvrirAPropos},
+    // clang-format on
+};
+
+}  // namespace
+
+std::span<const EntreeDeProgramme> EntreesDeProgrammes() { return kEntrees; }
+
+}  // namespace quelvar

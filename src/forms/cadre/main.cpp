@@ -1,0 +1,32 @@
+// Starts the window program: texts in French, the services of the platform, the main form.
+#include <QApplication>
+#include <QDesktopServices>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include "forms/cadre/application.h"
+#include "forms/cadre/principal.h"
+#include "forms/cadre/reglages_qt.h"
+#include "forms/texte/texte_qt.h"
+
+namespace {
+
+bool DemarrerVoisin(const QString& programme, const QStringList& arguments) {
+  return QProcess::startDetached(QCoreApplication::applicationDirPath() + u'/' + programme, arguments);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  quelvar::PreparerApplication();
+  quelvar::Principal principal(
+      {quelvar::RepertoireDuProgramme(
+           quelvar::CheminDepuisQt(QCoreApplication::applicationFilePath()),
+           quelvar::CheminDepuisQt(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))),
+       quelvar::ReglagesQt(), quelvar::DossierAide(), DemarrerVoisin,
+       [](const QUrl& adresse) { return QDesktopServices::openUrl(adresse); }});
+  principal.show();
+  return QApplication::exec();
+}

@@ -1,0 +1,86 @@
+#include "forms/cadre/prem.h"
+
+#include <QDir>
+#include <QLayout>
+#include <algorithm>
+
+#include "forms/texte/texte_qt.h"
+#include "ui_prem.h"
+
+namespace quelvar {
+
+Prem::Prem(Principal& principal) : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::Prem>()) {
+  ui_->setupUi(this);
+  ui_->Repertoires->Aller(QDir::homePath());
+  connect(ui_->BdatOui, &QRadioButton::toggled, this, &Prem::MontrerSuite);
+  connect(ui_->BdatNon, &QRadioButton::toggled, this, &Prem::MontrerSuite);
+  connect(ui_->BnouvDir, &QPushButton::clicked, this, &Prem::CreerRepertoire);
+  connect(ui_->BnomDir, &QPushButton::clicked, this, &Prem::EnregistrerRepertoire);
+  connect(ui_->BnomGen, &QPushButton::clicked, this, &Prem::EnregistrerGenerique);
+  const auto passer = [this](const char* action) {
+    return [this, action] {
+      Principal& bureau = principal_;
+      close();
+      bureau.OuvrirProgramme(QString::fromLatin1(action));
+    };
+  };
+  connect(ui_->Bimport, &QPushButton::clicked, this, passer("mnuImport"));
+  connect(ui_->BsaisieDes, &QPushButton::clicked, this, passer("mnuSaisie"));
+  connect(ui_->Bfermer, &QPushButton::clicked, this, &Prem::close);
+}
+
+Prem::~Prem() = default;
+
+// What becomes possible, and what is told, with what the user has chosen so far.
+void Prem::MontrerSuite() {
+  const bool existent = ui_->BdatOui->isChecked();
+  ui_->FrRepertoire->setEnabled(existent || ui_->BdatNon->isChecked());
+  ui_->FrEtape2->setEnabled(!repertoire_.isEmpty());
+  ui_->Bimport->setEnabled(generiqueDonne_ && existent && principal_.ProgrammeExiste(QStringLiteral("mnuImport")));
+  ui_->BsaisieDes->setEnabled(generiqueDonne_ && !existent && principal_.ProgrammeExiste(QStringLiteral("mnuSaisie")));
+  if (repertoire_.isEmpty()) return;
+  ui_->LabelDir->setText(
+      QStringLiteral("Vos données seront désormais dans le répertoire ") + repertoire_ + u'\n' +
+      (existent ? QStringLiteral("Vous pouvez passer aux traitement de vos données déjà existantes\n"
+                                 "ou plus tard, prendre le menu 'Nouvelles données' puis 'Import'")
+                : QStringLiteral("Vous pouvez passer à l'étape suivante de constitution d'un descripteur des données\n"
+                                 "ou plus tard, prendre le menu 'Nouvelles données' puis 'Saisie'")));
+  // The sentences take more lines than their empty label: the form grows rather than squeeze what is above.
+  layout()->activate();
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+}
+
+void Prem::CreerRepertoire() {
+  const std::string nom = principal_.Ecran().saisir("Nom du nouveau répertoire"_w, "");
+  if (nom.empty()) return;
+  QDir parent(ui_->Repertoires->Designe());
+  if (!parent.mkpath(VersQt(nom))) {
+    principal_.Ecran().demander(Joindre({"Le répertoire "_w, nom, " ne peut pas être créé"_w}), Boutons::Ok);
+    return;
+  }
+  ui_->Repertoires->Aller(parent.filePath(VersQt(nom)));
+}
+
+void Prem::EnregistrerRepertoire() {
+  repertoire_ = ui_->Repertoires->Designe();
+  principal_.OuvrirRepertoire(CheminDepuisQt(repertoire_));
+  MontrerSuite();
+  ui_->TxtGen->setText(VersQt(principal_.SessionEnCours().generique));
+  ui_->TxtGen->setFocus();
+}
+
+void Prem::EnregistrerGenerique() {
+  generiqueDonne_ = principal_.AccepterGenerique(ui_->TxtGen->text());
+  ui_->LabelGen->setText(generiqueDonne_
+                             ? QStringLiteral("Le générique est ") + VersQt(principal_.SessionEnCours().generique)
+                             : QStringLiteral("Pas de nom : recommencer"));
+  MontrerSuite();
+  if (!generiqueDonne_) ui_->TxtGen->setFocus();
+}
+
+void OuvrirPrem(Principal& principal) {
+  principal.CommencerNouvelleUtilisation();
+  principal.Montrer<Prem>();
+}
+
+}  // namespace quelvar

@@ -1,0 +1,355 @@
+#include "forms/cadre/principal.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "core/programme/erreur.h"
+#include "forms/cadre/dialogue_qt.h"
+#include "forms/cadre/entrees.h"
+#include "forms/cadre/menus.h"
+#include "forms/editeur/frmsdi.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_principal.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kColonnesDeNom = 4;  // row and modality names
+
+// Entries that wait for the first generic of a new use.
+constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
+
+// The largest window that the screen shows whole.
+QSize PlaceSurLEcran(const QWidget& fenetre) {
+  constexpr QSize cadre(0, 40);  // what the window system puts above and below
+  return fenetre.screen()->availableSize() - cadre;
+}
+
+}  // namespace
+
+Principal::Principal(Environnement environnement)
+    : environnement_(std::move(environnement)), ui_(std::make_unique<Ui::Principal>()) {
+  ui_->setupUi(this);
+  repertoire_ = new QLabel(this);
+  repertoire_->setObjectName(QStringLiteral("Repertoire"));
+  repertoire_->setTextFormat(Qt::PlainText);
+  iteration_ = new QLabel(this);
+  iteration_->setObjectName(QStringLiteral("LabelIter"));
+  progression_ = new QProgressBar(this);
+  progression_->setObjectName(QStringLiteral("ProgressBar1"));
+  progression_->setMaximumWidth(220);
+  progression_->setVisible(false);
+  ui_->BarreDEtat->addWidget(repertoire_, 1);
+  ui_->BarreDEtat->addPermanentWidget(iteration_);
+  ui_->BarreDEtat->addPermanentWidget(progression_);
+  dialogue_ = DialogueQt({this, progression_, iteration_, [this](const Affichage& affichage) { Afficher(affichage); }});
+  ConstruireMenus(*ui_->BarreDeMenus);
+  RelierMenus();
+  RelierControles();
+  Demarrer();
+}
+
+Principal::~Principal() {
+  for (const QPointer<frmSDI>& editeur : editeurs_) delete editeur.data();
+}
+
+QAction* Principal::Action(const QString& nom) const { return ui_->BarreDeMenus->findChild<QAction*>(nom); }
+
+void Principal::Relier(const char* action, const std::function<void()>& effet) {
+  QAction* entree = Action(QString::fromUtf8(action));
+  Q_ASSERT(entree != nullptr);
+  entree->setEnabled(true);
+  connect(entree, &QAction::triggered, this, effet);
+}
+
+void Principal::RelierMenus() {
+  Relier("mnuPreced", [this] { OuvrirInitialisation(CheminInitialisation(session_.repertoire)); });
+  Relier("mnuChercher", [this] { ChercherInitialisation(); });
+  Relier("mnuNiv1", [this] { ChangerNiveau(1); });
+  Relier("mnuNiv2", [this] { ChangerNiveau(2); });
+  for (const char* taille : {"mnuEcr35", "mnuEcr38", "mnuEcrAuto"})
+    Relier(taille, [this, taille] { FixerTailleDEcran(QString::fromLatin1(taille)); });
+  Relier("mnuQuitter", [this] { close(); });
+  for (const EntreeDeProgramme& entree : EntreesDeProgrammes())
+    Relier(entree.action, [this, entree] { entree.ouvrir(*this); });
+  for (const EntreeDAffichage& entree : EntreesDAffichage())
+    Relier(entree.nom, [this, &entree] { AfficherResultat(entree); });
+  Relier("MnuAfPartielAll", [this] { AfficherQuelconque(); });
+  Relier("mnuEnregSous", [this] { EnregistrerSous(); });
+  Relier("mnuImpr", [this] { Imprimer(); });
+  Relier("mnuPDF", [this] { ImprimerEnPdf(); });
+  for (const EntreeDAide& entree : EntreesDAide())
+    Relier(entree.nom, [this, &entree] { OuvrirAide(QString::fromUtf8(entree.nom)); });
+  connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
+          &Principal::PreparerMenuAffichage);
+  RelierEditeur();
+  PreparerMenuAide();
+}
+
+void Principal::RelierControles() {
+  for (const int taille : {8, 9, 10, 11, 12}) ui_->TailleCar->addItem(QString::number(taille));
+  ui_->TailleCar->setCurrentText(QStringLiteral("10"));
+  connect(ui_->TailleCar, &QComboBox::currentTextChanged, this,
+          [this](const QString& taille) { ui_->Text1->FixerTaille(taille.toInt()); });
+  connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
+  connect(ui_->ComboGen->lineEdit(), &QLineEdit::returnPressed, ui_->CmdGenOui, &QPushButton::click);
+  connect(ui_->CmdGenAncien, &QPushButton::clicked, this,
+          [this] { ui_->ComboGen->setEditText(VersQt(session_.ancien)); });
+  connect(ui_->VerrouLignes, &QCheckBox::toggled, this,
+          [this](bool fige) { ui_->Text1->FigerLignes(fige ? lignesDeRegle_ : 0); });
+  connect(ui_->VerrouColonnes, &QCheckBox::toggled, this,
+          [this](bool fige) { ui_->Text1->FigerColonnes(fige ? kColonnesDeNom : 0); });
+  connect(ui_->BoutonEnregS, &QPushButton::clicked, this, &Principal::EnregistrerSous);
+  connect(ui_->BoutonImpr, &QPushButton::clicked, this, &Principal::Imprimer);
+  connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { AfficherTexte({}); });
+  connect(ui_->BoutNouv, &QPushButton::clicked, this, &Principal::NouvelleDemande);
+  connect(ui_->BoutQuit, &QPushButton::clicked, this, &Principal::close);
+}
+
+// --- session ---
+
+void Principal::Demarrer() {
+  FixerTailleDEcran(QStringLiteral("mnuEcrAuto"));
+  Demarrage demarrage = DemarrerSession(environnement_.repertoireProgramme);
+  session_ = std::move(demarrage.session);
+  AfficherTexte(demarrage.texte);
+  ReconstruireRecents();
+  if (demarrage.aOuvrir) OuvrirEtRapporter();
+  MontrerSession();
+}
+
+void Principal::OuvrirEtRapporter() {
+  AjouterTexte(OuvrirGenerique(session_, environnement_.reglages));
+  const RapportRepertoire rapport = EtatRepertoire(session_);
+  AjouterTexte(rapport.texte);
+  ui_->ComboGen->clear();
+  QStringList choix;
+  for (const std::string& nom : rapport.choix) choix << VersQt(nom);
+  ui_->ComboGen->addItems(choix);
+  ui_->ComboGen->setEditText(VersQt(session_.generique));
+  ReconstruireRecents();
+  MontrerSession();
+  if (rapport.attendGenerique) ui_->ComboGen->setFocus();
+}
+
+// The parts of the window that follow the session.
+void Principal::MontrerSession() {
+  setWindowTitle(VersQt(session_.titre));
+  ui_->EnCours->setText(VersQt(session_.generique));
+  ui_->OldGen->setText(VersQt(session_.ancien));
+  repertoire_->setText(QStringLiteral("Répertoire : ") + VersQt(TexteRepertoire(session_.repertoire)));
+  const bool nouvelle = session_.titre == kTitreNouvelleUtilisation;
+  for (const char* entree : kEntreesDeDonnees) {
+    const QString nom = QString::fromLatin1(entree);
+    Action(nom)->setEnabled(!nouvelle && ProgrammeExiste(nom));
+  }
+  Action(session_.niveau == 2 ? QStringLiteral("mnuNiv2") : QStringLiteral("mnuNiv1"))->setChecked(true);
+}
+
+void Principal::OuvrirRepertoire(const Chemin& repertoire) { OuvrirInitialisation(CheminInitialisation(repertoire)); }
+
+void Principal::OuvrirInitialisation(const Chemin& initialisation) {
+  PrendreInitialisation(session_, initialisation);
+  AfficherTexte({});
+  OuvrirEtRapporter();
+}
+
+bool Principal::AccepterGenerique(const QString& saisi) {
+  const Acceptation acceptation = quelvar::AccepterGenerique(session_, environnement_.reglages, DepuisQt(saisi));
+  AfficherTexte(acceptation.texte);
+  if (!acceptation.acceptee) {
+    ui_->ComboGen->clearEditText();
+    dialogue_.biper();
+    return false;
+  }
+  ui_->Text1->setFocus();
+  OuvrirEtRapporter();
+  return true;
+}
+
+void Principal::AdopterGenerique(std::string_view generique) {
+  const std::string texte = quelvar::AdopterGenerique(session_, environnement_.reglages, generique);
+  if (!texte.empty()) AjouterTexte(texte);
+  ui_->ComboGen->setEditText(VersQt(session_.generique));
+  ReconstruireRecents();
+  MontrerSession();
+}
+
+void Principal::CommencerNouvelleUtilisation() {
+  session_.titre = kTitreNouvelleUtilisation;
+  MontrerSession();
+}
+
+void Principal::ChangerNiveau(int niveau) {
+  const std::string texte = quelvar::ChangerNiveau(session_, niveau);
+  if (!texte.empty()) AjouterTexte(texte);
+  MontrerSession();
+  FermerFormes();
+}
+
+void Principal::ChercherInitialisation() {
+  const QString chemin = QFileDialog::getOpenFileName(this, QStringLiteral("Options de recherche de fichier Qvr2.ini"),
+                                                      CheminVersQt(session_.repertoire),
+                                                      FiltreQt(QStringLiteral("Fichiers Qvr2.ini|Qvr2.ini")));
+  if (!chemin.isEmpty()) OuvrirInitialisation(CheminDepuisQt(chemin));
+}
+
+void Principal::NouvelleDemande() {
+  FermerFormes();
+  AfficherTexte({});
+  OuvrirEtRapporter();
+  ui_->Text1->setFocus();
+}
+
+void Principal::ReconstruireRecents() {
+  auto* menu = ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuFichier"));
+  for (int rang = 0; rang <= kRecentsPrincipal.capacite; ++rang)
+    delete Action(QStringLiteral("mnuRecentFile%1").arg(rang));
+  const std::vector<EntreeRecente> entrees = FichiersRecents(environnement_.reglages);
+  if (entrees.empty()) return;
+  menu->addSeparator()->setObjectName(QStringLiteral("mnuRecentFile0"));
+  int rang = 0;
+  for (const EntreeRecente& entree : entrees) {
+    QString titre = QString::fromStdString(entree.chemin) + QStringLiteral(" (") + VersQt(entree.generique) + u')';
+    QAction* action = menu->addAction(titre.replace(u'&', QStringLiteral("&&")));
+    action->setObjectName(QStringLiteral("mnuRecentFile%1").arg(++rang));
+    action->setEnabled(entree.fichier.has_value());
+    if (entree.fichier)
+      connect(action, &QAction::triggered, this, [this, f = *entree.fichier] { OuvrirInitialisation(f); });
+  }
+}
+
+void Principal::closeEvent(QCloseEvent* evenement) {
+  if (enCours_ || !FermerEditeurs()) {
+    evenement->ignore();
+    return;
+  }
+  FermerFormes();
+  ReconstruireRecents();
+  try {
+    EcrirePointeur(session_);
+  } catch (const Erreur&) {  // the next session starts without a data set
+  }
+  QDir::setCurrent(CheminVersQt(session_.repertoireProgramme));
+  QMainWindow::closeEvent(evenement);
+}
+
+// --- programs and forms ---
+
+bool Principal::ProgrammeExiste(const QString& action) const {
+  const auto entrees = EntreesDeProgrammes();
+  return std::any_of(entrees.begin(), entrees.end(),
+                     [&](const EntreeDeProgramme& entree) { return action == QString::fromLatin1(entree.action); });
+}
+
+void Principal::OuvrirProgramme(const QString& action) { Action(action)->trigger(); }
+
+Contexte Principal::ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
+
+void Principal::Lancer(const std::function<void(const Contexte&)>& programme) {
+  if (enCours_) return;
+  const Occupation occupation;
+  enCours_ = true;
+  std::optional<Erreur> echec;
+  try {
+    programme(ContexteEnCours());
+  } catch (const Erreur& erreur) {
+    echec = erreur;
+  } catch (const std::bad_alloc&) {
+    echec = Erreur(kMemoireInsuffisante);
+  }
+  enCours_ = false;
+  if (!echec) return;
+  std::string texte;
+  for (const std::string& ligne : LignesDErreur(*echec, {})) texte += ligne + "\r\n";
+  AfficherTexte(texte);
+}
+
+namespace {
+
+constexpr const char* kGeneriqueDeForme = "generique";  // property of a form
+
+QString RepereDuGenerique(const Session& session) {
+  return CheminVersQt(session.repertoire) + u'/' + VersQt(session.generique);
+}
+
+}  // namespace
+
+bool Principal::EstDuGenerique(const QWidget& forme) const {
+  return forme.property(kGeneriqueDeForme).toString() == RepereDuGenerique(session_);
+}
+
+void Principal::Presenter(QWidget& forme) {
+  if (std::none_of(formes_.begin(), formes_.end(), [&](const auto& f) { return f == &forme; })) {
+    formes_.append(&forme);
+    forme.setProperty(kGeneriqueDeForme, RepereDuGenerique(session_));
+    forme.installEventFilter(this);
+    forme.ensurePolished();
+    if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
+    forme.resize(forme.size().boundedTo(PlaceSurLEcran(*this)));
+  }
+  forme.show();
+  forme.raise();
+  forme.activateWindow();
+}
+
+void Principal::FermerFormes() {
+  const QList<QPointer<QWidget>> ouvertes = formes_;
+  for (const QPointer<QWidget>& forme : ouvertes)
+    if (forme) forme->close();
+  progression_->setVisible(false);
+}
+
+bool Principal::eventFilter(QObject* objet, QEvent* evenement) {
+  if (evenement->type() == QEvent::Hide && !evenement->spontaneous()) {
+    auto* forme = qobject_cast<QWidget*>(objet);
+    if (formes_.removeAll(forme) > 0) {
+      fermees_.append(forme);
+      QTimer::singleShot(0, this, &Principal::SupprimerFermees);
+    }
+  }
+  return QMainWindow::eventFilter(objet, evenement);
+}
+
+// A form may be closed by a handler of its own that goes on behind a box or a program: it is deleted when neither is
+// there.
+void Principal::SupprimerFermees() {
+  constexpr int patience = 200;  // milliseconds
+  if (enCours_ || QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) {
+    QTimer::singleShot(patience, this, &Principal::SupprimerFermees);
+    return;
+  }
+  for (const QPointer<QWidget>& forme : std::exchange(fermees_, {})) delete forme.data();
+}
+
+// --- size of the window ---
+
+void Principal::FixerTailleDEcran(const QString& action) {
+  Action(action)->setChecked(true);
+  if (action == QStringLiteral("mnuEcrAuto")) {
+    setWindowState(windowState() | Qt::WindowMaximized);
+    return;
+  }
+  constexpr int colonnes = 80;  // a printed page
+  constexpr int lignes = 45;
+  const QFontMetrics police(ui_->Text1->font());
+  const QSize autour = size() - ui_->Text1->viewport()->size();
+  QSize page(colonnes * police.horizontalAdvance(u'0') + 12, lignes * police.lineSpacing());
+  if (action == QStringLiteral("mnuEcr38")) page = page * 4 / 3;
+  setWindowState(windowState() & ~Qt::WindowMaximized);
+  resize((page + autour).boundedTo(PlaceSurLEcran(*this)));
+}
+
+}  // namespace quelvar

@@ -1,0 +1,10 @@
+// The settings store of the platform: one INI file an application in the user's configuration.
+#pragma once
+
+#include "core/session/reglages.h"
+
+namespace quelvar {
+
+Reglages ReglagesQt();
+
+}  // namespace quelvar

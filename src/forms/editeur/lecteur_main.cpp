@@ -1,0 +1,28 @@
+// The viewer of long reports: the window of the editor, read-only, in a process of its own that nobody waits for.
+#include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "forms/cadre/application.h"
+#include "forms/cadre/reglages_qt.h"
+#include "forms/editeur/frmsdi.h"
+
+namespace {
+
+void OuvrirAide() {
+  QUrl adresse = QUrl::fromLocalFile(quelvar::DossierAide() + QStringLiteral("/QuelvarAide.html"));
+  adresse.setFragment(QStringLiteral("33"));
+  QDesktopServices::openUrl(adresse);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  quelvar::PreparerApplication();
+  const QStringList arguments = QCoreApplication::arguments();
+  quelvar::frmSDI lecteur({quelvar::ReglagesQt(), OuvrirAide}, quelvar::frmSDI::Genre::Lecteur);
+  lecteur.show();
+  const bool ouvert = arguments.size() > 1 ? lecteur.Ouvrir(arguments[1]) : lecteur.OuvrirParDialogue();
+  return ouvert ? QApplication::exec() : 1;
+}

@@ -1,0 +1,56 @@
+#include "forms/images/sortiesdessin.h"
+
+#include <QFileDialog>
+
+#include "forms/images/rendudessin.h"
+#include "forms/texte/texte_qt.h"
+
+namespace quelvar {
+
+namespace {
+
+void Enregistrer(QWidget& forme, Principal& principal, const QString& fichier, const Dessin& dessin, int resolution) {
+  if (!EnregistrerDessin(fichier, dessin, resolution)) {
+    principal.Ecran().demander(Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}),
+                               Boutons::Ok);
+    return;
+  }
+  const std::string nom = TexteDe(CheminDepuisQt(fichier).filename());
+  forme.setWindowTitle(VersQt(nom));
+  principal.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
+}
+
+// Empty when the user gave up.
+QString FichierChoisi(QWidget& forme, const QString& propose) {
+  QString choisi;
+  const QString fichier =
+      QFileDialog::getSaveFileName(&forme, QStringLiteral("Enregistrer le graphique"), propose,
+                                   QStringLiteral("PNG (*.png);;SVG (*.svg);;PDF (*.pdf);;BMP (*.bmp)"), &choisi);
+  if (fichier.isEmpty() || !QFileInfo(fichier).suffix().isEmpty()) return fichier;
+  return fichier + u'.' + choisi.left(3).toLower();
+}
+
+}  // namespace
+
+void RelierSorties(QWidget& forme, Principal& principal, const VueDessin& vue, const Contexte& contexte,
+                   std::string_view suffixe, const BoutonsDessin& boutons, std::function<int()> resolution) {
+  const std::string usuel = contexte.Nom(Joindre({suffixe, ".bmp"}));
+  const Chemin propose = contexte.repertoire / CheminDe(contexte.Nom(Joindre({suffixe, ".png"})));
+  const auto enregistrer = [&forme, &principal, &vue, resolution = std::move(resolution)](const QString& fichier) {
+    Enregistrer(forme, principal, fichier, vue.Contenu(), resolution());
+  };
+  QObject::connect(&boutons.enregistrer, &QAbstractButton::clicked, &forme,
+                   [enregistrer, usuel, repertoire = contexte.repertoire] {
+                     enregistrer(CheminVersQt(CheminDEcriture(repertoire, usuel)));
+                   });
+  QObject::connect(&boutons.enregistrerSous, &QAbstractButton::clicked, &forme, [enregistrer, &forme, propose] {
+    const QString fichier = FichierChoisi(forme, CheminVersQt(propose));
+    if (!fichier.isEmpty()) enregistrer(fichier);
+  });
+  QObject::connect(&boutons.imprimer, &QAbstractButton::clicked, &forme, [&forme, &principal, &vue] {
+    if (!ImprimerDessin(&forme, vue.Contenu()))
+      principal.Ecran().demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
+  });
+}
+
+}  // namespace quelvar

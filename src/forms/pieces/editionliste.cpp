@@ -1,0 +1,83 @@
+#include "forms/pieces/editionliste.h"
+
+#include <QFontDatabase>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "core/programme/erreur.h"
+#include "forms/texte/texte_qt.h"
+
+namespace quelvar {
+
+EditionListe::EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ, QPushButton& suivant, Acces acces)
+    : QObject(&forme), liste_(liste), champ_(champ), acces_(std::move(acces)) {
+  liste.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  champ.setEnabled(false);
+  suivant.setDefault(true);
+  connect(&liste, &QListWidget::currentRowChanged, this, &EditionListe::Aller);
+  connect(&liste, &QListWidget::itemClicked, &champ, [&champ] { champ.setFocus(); });
+  connect(&champ, &QLineEdit::inputRejected, this, [this] { emit Refus(acces_.tropLong); });
+  connect(&champ, &QLineEdit::textEdited, this, [this](const QString& texte) {
+    if (texte.size() < champ_.maxLength()) emit Refus(QString());
+  });
+  connect(&suivant, &QPushButton::clicked, this, [this] {
+    if (ligne_ < 0) return;
+    const int suite = ligne_ + 1 < liste_.count() ? ligne_ + 1 : 0;
+    if (suite == ligne_) Ranger();
+    else liste_.setCurrentRow(suite);
+    champ_.setFocus();
+    champ_.selectAll();
+  });
+}
+
+void EditionListe::Remplir() {
+  ligne_ = -1;
+  const QSignalBlocker silence(liste_);
+  liste_.clear();
+  for (int i = 0; i < acces_.nombre(); ++i) liste_.addItem(acces_.texte(i));
+  champ_.clear();
+  champ_.setEnabled(false);
+}
+
+void EditionListe::Montrer(int ligne) { liste_.item(ligne)->setText(acces_.texte(ligne)); }
+
+bool EditionListe::Ranger() {
+  if (ligne_ < 0 || !champ_.isModified()) return true;
+  const QString refus = acces_.poser(ligne_, champ_.text());
+  emit Refus(refus);
+  if (!refus.isEmpty()) return false;
+  champ_.setModified(false);
+  Montrer(ligne_);
+  return true;
+}
+
+void EditionListe::Aller(int ligne) {
+  if (!Ranger()) {  // the line that is refused stays the current one
+    const QSignalBlocker silence(liste_);
+    liste_.setCurrentRow(ligne_);
+    champ_.setFocus();
+    return;
+  }
+  ligne_ = ligne;
+  champ_.setEnabled(ligne >= 0);
+  const QString intitule = ligne >= 0 ? acces_.intitule(ligne) : QString();
+  champ_.setMaxLength(std::max(acces_.longueur, static_cast<int>(intitule.size())));
+  champ_.setText(intitule);
+}
+
+QString Tenter(const std::function<void()>& sauver, const QString& reussite) {
+  try {
+    sauver();
+    return reussite;
+  } catch (const Erreur& erreur) {
+    return QStringLiteral("*** Erreur ***\n") + VersQt(TexteErreur(erreur.Numero()));
+  }
+}
+
+QString EnUnTexte(const std::vector<std::string>& lignes) {
+  QStringList textes;
+  for (const std::string& ligne : lignes) textes << VersQt(ligne);
+  return textes.join(u'\n');
+}
+
+}  // namespace quelvar

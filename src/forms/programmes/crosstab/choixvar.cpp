@@ -1,0 +1,241 @@
+#include "forms/programmes/crosstab/choixvar.h"
+
+#include <QCloseEvent>
+#include <QSignalBlocker>
+#include <QWindow>
+#include <utility>
+
+#include "forms/programmes/crosstab/graphe2.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_choixvar.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kNiveauAvance = 2;
+constexpr std::uintmax_t kRapportMontre = 8'000'000;  // bytes that Text1 shows between two launches
+
+QListWidgetItem* LigneDe(const QuestionCroisee& question, std::size_t rang) {
+  auto* ligne = new QListWidgetItem(VersQt(Joindre({question.libelle, " ", question.intitule})));
+  ligne->setData(Qt::UserRole, static_cast<int>(rang));
+  return ligne;
+}
+
+std::vector<std::size_t> QuestionsChoisies(const QListWidget& liste) {
+  std::vector<std::size_t> questions;
+  for (const QListWidgetItem* ligne : liste.selectedItems())
+    questions.push_back(static_cast<std::size_t>(ligne->data(Qt::UserRole).toInt()));
+  return questions;
+}
+
+// Sets a box or a button without its handler.
+void Poser(QAbstractButton& bouton, bool coche) {
+  const QSignalBlocker silence(bouton);
+  bouton.setChecked(coche);
+}
+
+}  // namespace
+
+ChoixVar::ChoixVar(Principal& principal, const Contexte& contexte, EnqueteCroisee enquete)
+    : QDialog(&principal, Qt::Window),
+      principal_(principal),
+      contexte_(contexte),
+      enquete_(std::move(enquete)),
+      etat_(NouveauChoix(enquete_)),
+      ui_(std::make_unique<Ui::ChoixVar>()) {
+  ui_->setupUi(this);
+  for (std::size_t i = 0; i < enquete_.questions.size(); ++i) ui_->ListVar1->addItem(LigneDe(enquete_.questions[i], i));
+  const QFont fixe(QStringLiteral("Courier New"), ui_->ListVar1->font().pointSize());
+  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) liste->setFont(fixe);
+  ui_->FrmTri->setVisible(contexte_.niveau >= kNiveauAvance);
+  ui_->FrmDetKhi2->setVisible(contexte_.niveau >= kNiveauAvance);
+  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuACroise")));
+  RelierListes();
+  RelierOptions();
+  RelierBoutons();
+  Montrer();
+  ui_->ListVar1->setCurrentRow(0);
+  ui_->ListVar1->setFocus();
+}
+
+ChoixVar::~ChoixVar() = default;
+
+void ChoixVar::RelierListes() {
+  connect(ui_->BoutLignePlus, &QPushButton::clicked, this, [this] { Ajouter(RoleQuestion::Ligne); });
+  connect(ui_->BoutLigneMoins, &QPushButton::clicked, this, [this] { Enlever(RoleQuestion::Ligne); });
+  connect(ui_->BoutColPlus, &QPushButton::clicked, this, [this] { Ajouter(RoleQuestion::Colonne); });
+  connect(ui_->BoutColMoins, &QPushButton::clicked, this, [this] { Enlever(RoleQuestion::Colonne); });
+  connect(ui_->BoutBlocPlus, &QPushButton::clicked, this, [this] { Ajouter(RoleQuestion::Filtre); });
+  connect(ui_->BoutBlocMoins, &QPushButton::clicked, this, [this] { Enlever(RoleQuestion::Filtre); });
+}
+
+void ChoixVar::RelierOptions() {
+  // A choice among buttons acts when it is made, not when it is left.
+  const auto choisir = [this](QAbstractButton* bouton, auto geste) {
+    connect(bouton, &QAbstractButton::toggled, this, [this, geste](bool coche) {
+      if (!coche) return;
+      geste();
+      Montrer();
+    });
+  };
+  const auto cocher = [this](QAbstractButton* bouton, bool EtatChoixVar::*membre) {
+    connect(bouton, &QAbstractButton::toggled, this, [this, membre](bool coche) { etat_.*membre = coche; });
+  };
+  const auto editer = [this](ChoixEdition edition) {
+    ChoisirEdition(etat_, edition, enquete_.individus, principal_.Ecran());
+  };
+  choisir(ui_->BoutQvr2, [this] { ChoisirDeuxDimensions(etat_, principal_.Ecran()); });
+  choisir(ui_->BoutTri3, [this] { ChoisirTroisDimensions(etat_, principal_.Ecran()); });
+  choisir(ui_->BoutSerie, [this] { ChoisirUnSeul(etat_, false, principal_.Ecran()); });
+  choisir(ui_->BoutUnSeul, [this] { ChoisirUnSeul(etat_, true, principal_.Ecran()); });
+  choisir(ui_->BoutOrdreOri, [this] { etat_.ordrePem = false; });
+  choisir(ui_->BoutOrdreAFC, [this] { etat_.ordrePem = true; });
+  choisir(ui_->BoutNROui, [this] { etat_.nonReponses = true; });
+  choisir(ui_->BoutNRNon, [this] { etat_.nonReponses = false; });
+  choisir(ui_->EditCompact, [editer] { editer(ChoixEdition::Compacte); });
+  choisir(ui_->EditLarge, [editer] { editer(ChoixEdition::Etendue); });
+  choisir(ui_->OptTRG, [editer] { editer(ChoixEdition::Triangulaire); });
+  choisir(ui_->Option1, [this] { ChoisirCaractere(etat_, 10); });
+  choisir(ui_->Option2, [this] { ChoisirCaractere(etat_, 8); });
+  cocher(ui_->INVC, &EtatChoixVar::inverserLignes);
+  cocher(ui_->INVL, &EtatChoixVar::inverserColonnes);
+  cocher(ui_->CaseDetKhi2, &EtatChoixVar::detailKhi2);
+  connect(ui_->CaseBRT, &QCheckBox::toggled, this, &ChoixVar::CocherIsole);
+}
+
+void ChoixVar::RelierBoutons() {
+  connect(ui_->BoutInvers, &QPushButton::clicked, this, [this] {
+    InverserLignesEtColonnes(etat_, principal_.Ecran());
+    Montrer();
+  });
+  connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] {
+    ToutEffacer(etat_, principal_.Ecran());
+    Montrer();
+  });
+  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuACroise")); });
+  connect(ui_->BoutLancerTri, &QPushButton::clicked, this, &ChoixVar::LancerTri);
+  connect(ui_->BoutNouv, &QPushButton::clicked, this, &ChoixVar::reject);
+}
+
+QListWidget& ChoixVar::ListeDu(RoleQuestion role) const {
+  return role == RoleQuestion::Filtre ? *ui_->ListVar0 : role == RoleQuestion::Ligne ? *ui_->ListVar2 : *ui_->ListVar3;
+}
+
+void ChoixVar::RemplirListe(RoleQuestion role) {
+  QListWidget& liste = ListeDu(role);
+  liste.clear();
+  for (const std::size_t question : QuestionsDuRole(etat_, role))
+    liste.addItem(LigneDe(enquete_.questions[question], question));
+}
+
+// Every control as the state has it.
+void ChoixVar::Montrer() {
+  for (const RoleQuestion role : {RoleQuestion::Filtre, RoleQuestion::Ligne, RoleQuestion::Colonne}) RemplirListe(role);
+  Poser(etat_.troisDimensions ? *ui_->BoutTri3 : *ui_->BoutQvr2, true);
+  Poser(etat_.unSeul ? *ui_->BoutUnSeul : *ui_->BoutSerie, true);
+  Poser(etat_.ordrePem ? *ui_->BoutOrdreAFC : *ui_->BoutOrdreOri, true);
+  Poser(etat_.nonReponses ? *ui_->BoutNROui : *ui_->BoutNRNon, true);
+  Poser(etat_.edition == ChoixEdition::Compacte  ? *ui_->EditCompact
+        : etat_.edition == ChoixEdition::Etendue ? *ui_->EditLarge
+                                                 : *ui_->OptTRG,
+        true);
+  Poser(etat_.lignesParPage == 18 ? *ui_->Option1 : *ui_->Option2, true);
+  Poser(*ui_->CaseBRT, etat_.tableauIsole);
+  ui_->CaseBRT->setEnabled(etat_.isolePossible);
+  ui_->FrmBloc->setVisible(FiltreVisible(etat_, contexte_.niveau));
+  ui_->FrmAFC->setVisible(OrdreVisible(etat_, contexte_.niveau));
+  ui_->FrmGraphe->setVisible(OrdreVisible(etat_, contexte_.niveau));
+  ui_->FrmTaille->setVisible(etat_.tailleVisible);
+  ui_->INVC->setVisible(etat_.ordrePem);
+  ui_->INVL->setVisible(etat_.ordrePem);
+  ui_->TitreNbTab->setText(VersQt(etat_.titre));
+  ui_->TitreNbTab->setToolTip(VersQt(etat_.infobulle));
+  ui_->BoutLancerTri->setText(VersQt(TexteLancer(etat_)));
+  ui_->BoutLancerTri->setEnabled(etat_.lancerPossible);
+}
+
+void ChoixVar::Ajouter(RoleQuestion role) {
+  AjouterAuRole(etat_, role, QuestionsChoisies(*ui_->ListVar1), principal_.Ecran());
+  Montrer();
+}
+
+void ChoixVar::Enlever(RoleQuestion role) {
+  EnleverDuRole(etat_, role, QuestionsChoisies(ListeDu(role)), principal_.Ecran());
+  Montrer();
+}
+
+void ChoixVar::CocherIsole(bool coche) {
+  try {
+    CocherTableauIsole(etat_, coche, contexte_);
+  } catch (const Erreur& erreur) {
+    etat_.tableauIsole = false;
+    principal_.Ecran().demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+  }
+  Montrer();
+}
+
+void ChoixVar::LancerTri() {
+  const std::optional<DemandeCroise> demande = PreparerLancement(etat_, principal_.Ecran());
+  Montrer();
+  if (!demande) return;
+  // A long report does not close the form as the end of a run does: Text1 shows what it can hold.
+  Dialogue ecran = principal_.Ecran();
+  ecran.afficher = [this](Affichage affichage) {
+    if (affichage.ou == Affichage::Ou::Lecteur && LongueurFichier(affichage.rapport) <= kRapportMontre)
+      affichage.texte = LireOctets(affichage.rapport);
+    affichage.ou = Affichage::Ou::Texte;
+    principal_.Ecran().afficher(affichage);
+  };
+  Contexte contexte = contexte_;
+  contexte.dialogue = &ecran;
+  std::optional<ResultatLancement> resultat;
+  principal_.Lancer([&](const Contexte&) { resultat = LancerCroise(contexte, enquete_, *demande); });
+  if (!resultat) {  // the run ended by an error, which its report tells
+    finie_ = true;
+    close();
+    return;
+  }
+  ApresLancement(etat_, *resultat);
+  Montrer();
+  if (resultat->retenu) {
+    OuvrirGraphe2(principal_, contexte_, PreparerGraphe2(*resultat->retenu));
+    return;
+  }
+  principal_.raise();
+  principal_.activateWindow();
+}
+
+// The main form comes before this one when it shows the tables: it is a window beside it.
+void ChoixVar::showEvent(QShowEvent* evenement) {
+  QDialog::showEvent(evenement);
+  if (windowHandle() != nullptr) windowHandle()->setTransientParent(nullptr);
+}
+
+// The user ends the run, by the button, the Escape key or the frame of the window.
+void ChoixVar::reject() {
+  if (!std::exchange(finie_, true)) MontrerRapport(contexte_, contexte_.Nom(".TCR"));
+  QDialog::reject();
+}
+
+// A form that the program closes leaves Text1 as it is.
+void ChoixVar::closeEvent(QCloseEvent* evenement) {
+  if (!evenement->spontaneous()) finie_ = true;
+  QDialog::closeEvent(evenement);
+}
+
+void OuvrirChoixVar(Principal& principal) {
+  const Contexte contexte = principal.ContexteEnCours();
+  if (auto* ouverte = principal.Ouverte<ChoixVar>()) {
+    if (ouverte->EstPour(contexte)) {
+      principal.Montrer<ChoixVar>(contexte, EnqueteCroisee());
+      return;
+    }
+    ouverte->close();
+  }
+  std::optional<EnqueteCroisee> enquete;
+  principal.Lancer([&](const Contexte& courant) { enquete = PreparerCroise(courant, {}); });
+  if (enquete) principal.Montrer<ChoixVar>(contexte, std::move(*enquete));
+}
+
+}  // namespace quelvar

@@ -1,0 +1,91 @@
+#include "forms/programmes/crosstab/graphe2.h"
+
+#include "forms/images/rendudessin.h"
+#include "forms/images/sortiesdessin.h"
+#include "forms/programmes/crosstab/choixvar.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_graphe2.h"
+
+namespace quelvar {
+
+Graphe2::Graphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees)
+    : QDialog(&principal, Qt::Window),
+      principal_(principal),
+      contexte_(contexte),
+      etat_(NouveauGraphe2(donnees)),
+      ui_(std::make_unique<Ui::Graphe2>()) {
+  ui_->setupUi(this);
+  for (const EntreeGraphe2& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
+  ui_->ListVar->setCurrentRow(0);
+  ui_->BtMoyen->setChecked(true);
+  ui_->Pict2->deplacable = [](int) { return true; };
+  ui_->Pict2->infobulle = [this](int element) {
+    return VersQt(etat_.entrees[static_cast<std::size_t>(element)].texte);
+  };
+  RelierGestes();
+  RelierFichiers();
+  Dessiner();
+}
+
+Graphe2::~Graphe2() = default;
+
+void Graphe2::RelierGestes() {
+  const auto geste = [this](QAbstractButton* bouton, auto effet) {
+    connect(bouton, &QAbstractButton::clicked, this, [this, effet] {
+      effet();
+      Dessiner();
+    });
+  };
+  connect(ui_->ListVar, &QListWidget::currentRowChanged, this,
+          [this](int rang) { etat_.choisie = static_cast<std::size_t>(std::max(rang, 0)); });
+  connect(ui_->Pict2, &VueDessin::Clique, this, [this](int element) {
+    if (element >= 0) ui_->ListVar->setCurrentRow(element);
+  });
+  connect(ui_->Pict2, &VueDessin::Deplace, this, [this](int, const QPointF& pas) {
+    DeplacerEntree(etat_, {pas.x(), pas.y()});
+    Dessiner();
+  });
+  geste(ui_->Command3, [this] { DeplacerEntree(etat_, SensGraphe2::Haut); });
+  geste(ui_->Command4, [this] { DeplacerEntree(etat_, SensGraphe2::Bas); });
+  geste(ui_->Command5, [this] { DeplacerEntree(etat_, SensGraphe2::Gauche); });
+  geste(ui_->Command6, [this] { DeplacerEntree(etat_, SensGraphe2::Droite); });
+  geste(ui_->BtPlus, [this] { ChangerEchelle(etat_, true); });
+  geste(ui_->BtMoins, [this] { ChangerEchelle(etat_, false); });
+  geste(ui_->BtPlusF, [this] { ChangerFenetre(etat_, true); });
+  geste(ui_->BtMoinsF, [this] { ChangerFenetre(etat_, false); });
+  geste(ui_->BoutonValP, [this] { ChangerValeur(etat_, true); });
+  geste(ui_->BoutonValM, [this] { ChangerValeur(etat_, false); });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = CoefficientGraphe2::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = CoefficientGraphe2::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = CoefficientGraphe2::Fort; });
+  geste(ui_->BoutonRAZ, [this] {
+    Reinitialiser(etat_);
+    ui_->BtMoyen->setChecked(true);
+    ui_->Pict2->Ajuster();
+  });
+}
+
+void Graphe2::RelierFichiers() {
+  RelierSorties(*this, principal_, *ui_->Pict2, contexte_, "Tab",
+                {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
+  connect(ui_->BoutonNouv, &QPushButton::clicked, this, [this] {
+    close();
+    if (auto* demande = principal_.Ouverte<ChoixVar>()) {
+      demande->raise();
+      demande->activateWindow();
+    }
+  });
+  connect(ui_->BoutonQuitter, &QPushButton::clicked, this, &Graphe2::close);
+}
+
+void Graphe2::Dessiner() {
+  ui_->Pict2->Montrer(DessinerGraphe2(etat_));
+  ui_->Coordonnees->setText(VersQt(TexteFenetre(etat_)).remove(u'\r'));
+}
+
+void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees) {
+  if (auto* ouverte = principal.Ouverte<Graphe2>()) ouverte->close();
+  principal.Montrer<Graphe2>(contexte, donnees);
+}
+
+}  // namespace quelvar

@@ -1,0 +1,36 @@
+// The picture of one crosstab: moves of its texts, sizes, saving and printing.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "crosstab/graphe/graphe2.h"
+#include "forms/cadre/principal.h"
+
+namespace Ui {
+class Graphe2;
+}
+
+namespace quelvar {
+
+class Graphe2 : public QDialog {
+  Q_OBJECT
+ public:
+  Graphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees);
+  ~Graphe2() override;
+
+ private:
+  void RelierGestes();
+  void RelierFichiers();
+  void Dessiner();
+
+  Principal& principal_;
+  Contexte contexte_;
+  EtatGraphe2 etat_;
+  std::unique_ptr<Ui::Graphe2> ui_;
+};
+
+// Opens the form on a new picture, in place of the one that is open.
+void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees);
+
+}  // namespace quelvar

@@ -1,0 +1,126 @@
+#include "forms/programmes/factor/choixanecar.h"
+
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+#include "forms/pieces/abandon.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_choixanecar.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kMinimumDeFacteurs = 2;
+constexpr int kMaximumDeFacteurs = 999;
+
+int FacteursDe(const QLineEdit& champ) {
+  return static_cast<int>(ArrondirPair(std::clamp<double>(ValeurDe(DepuisQt(champ.text())), 0, kMaximumDeFacteurs)));
+}
+
+}  // namespace
+
+ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, PreparationAnecar preparation)
+    : QDialog(&principal),
+      principal_(principal),
+      contexte_(contexte),
+      preparation_(std::move(preparation)),
+      ui_(std::make_unique<Ui::ChoixAnecar>()) {
+  ui_->setupUi(this);
+  siTrie_ = new frmSiTrié(*ui_->FrEdition, *ui_->CaseLignes2);
+  ui_->DispositionEdition->addWidget(siTrie_);
+  RelierEditions();
+  RelierDetails();
+  QSizePolicy place = ui_->LibelleMinimum->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  ui_->LibelleMinimum->setSizePolicy(place);
+  ui_->LibelleMinimum->hide();
+  connect(ui_->TextBoxNbFact, &QLineEdit::textChanged, this,
+          [this] { ui_->LibelleMinimum->setVisible(FacteursDe(*ui_->TextBoxNbFact) < kMinimumDeFacteurs); });
+  connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ChoixAnecar::LancerAnalyse);
+  ui_->BoutAide->setEnabled(principal.AideExiste(QStringLiteral("mnuAAnecar")));
+  connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAAnecar")); });
+  // The run that is given up is that of the generic of the form.
+  new Abandon(*this, *ui_->BoutAnnul, principal,
+              [contexte = contexte_](const Contexte& /*courant*/) { AbandonnerAnecar(contexte); });
+  MontrerEdition();
+}
+
+ChoixAnecar::~ChoixAnecar() = default;
+
+void ChoixAnecar::RelierEditions() {
+  for (QRadioButton* edition : {ui_->optCompact, ui_->optTrié, ui_->optDetails})
+    connect(edition, &QRadioButton::toggled, this, [this](bool choisie) {
+      if (choisie) MontrerEdition();
+    });
+  connect(ui_->TriEdit, &QCheckBox::toggled, this, &ChoixAnecar::MontrerSeuils);
+}
+
+void ChoixAnecar::RelierDetails() {
+  connect(ui_->ChkCAH, &QCheckBox::toggled, ui_->FrWard, &QWidget::setVisible);
+  connect(ui_->ChkCAH, &QCheckBox::clicked, this, [this] { ui_->TextBoxNbFact->setText(QStringLiteral("5")); });
+}
+
+// The controls of the chosen edition; those of the extended one go back to their defaults when they are hidden, so that
+// nothing that is not seen takes part in the run.
+void ChoixAnecar::MontrerEdition() {
+  const bool details = ui_->optDetails->isChecked();
+  ui_->FrDetails->setVisible(details);
+  if (!details) {
+    for (QCheckBox* boite : ui_->FrDetails->findChildren<QCheckBox*>()) boite->setChecked(false);
+    ui_->OptW1->setChecked(true);
+    ui_->TextBoxNbFact->setText(QStringLiteral("3"));
+  }
+  MontrerSeuils();
+}
+
+// The thresholds of the sorted lists, and the box of the rows that goes with them.
+void ChoixAnecar::MontrerSeuils() {
+  ui_->FrWard->setVisible(ui_->ChkCAH->isChecked());
+  const bool trieEtendue = ui_->TriEdit->isChecked();
+  ui_->CaseLignes2->setVisible(trieEtendue);
+  if (ui_->optTrié->isChecked() || trieEtendue) siTrie_->Ouvrir(!trieEtendue);
+  else siTrie_->hide();
+}
+
+OptionsAnecar ChoixAnecar::Options() const {
+  OptionsAnecar options;
+  options.type = ui_->optACP->isChecked() ? TypeAnalyse::Acp : TypeAnalyse::Afc;
+  options.facteurs = std::max(kMinimumDeFacteurs, FacteursDe(*ui_->TextBoxNbFact));
+  const bool triee = ui_->optTrié->isChecked();
+  const bool trieEtendue = ui_->TriEdit->isChecked();
+  options.edition = triee || trieEtendue           ? EditionAnecar::Triee
+                    : ui_->optDetails->isChecked() ? EditionAnecar::Etendue
+                                                   : EditionAnecar::Compacte;
+  options.imprimerLignes = (triee && siTrie_->ImprimerLignes()) || (trieEtendue && ui_->CaseLignes2->isChecked());
+  options.seuilLignes = siTrie_->SeuilLignes();
+  options.seuilColonnes = siTrie_->SeuilColonnes();
+  options.codageLogique = ui_->CaseCDG->isChecked();
+  options.inversions = {ui_->Inv1->isChecked(), ui_->Inv2->isChecked(), ui_->Inv3->isChecked()};
+  if (ui_->ChkCAH->isChecked())
+    options.classification = OptionsWard{ui_->OptW2->isChecked() ? MethodeWard::Carres : MethodeWard::Distances,
+                                         ui_->IndivCAH->isChecked(), ui_->ImprAgr->isChecked()};
+  return options;
+}
+
+void ChoixAnecar::LancerAnalyse() {
+  const OptionsAnecar options = Options();
+  Principal& principal = principal_;
+  const Contexte contexte = contexte_;
+  const PreparationAnecar preparation = preparation_;
+  accept();  // a long report closes every form: this one is gone by then
+  principal.Lancer([&](const Contexte& /*courant*/) { MoteurAnecar(contexte, preparation, options); });
+}
+
+void OuvrirAnecar(Principal& principal) {
+  if (auto* ouverte = principal.Ouverte<ChoixAnecar>()) ouverte->close();
+  if (principal.SessionEnCours().niveau == 1) {
+    principal.Lancer([](const Contexte& contexte) { Anecar(contexte, {}); });
+    return;
+  }
+  std::optional<PreparationAnecar> preparation;
+  principal.Lancer([&](const Contexte& contexte) { preparation = PrepAnecar(contexte); });
+  if (preparation) principal.Montrer<ChoixAnecar>(principal.ContexteEnCours(), std::move(*preparation));
+}
+
+}  // namespace quelvar

@@ -1,0 +1,41 @@
+// "Choix des parmètres de l'analyse factorielle": the options of the factors and of the classification behind them.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "factor/analyse/anecar.h"
+#include "forms/cadre/principal.h"
+#include "forms/programmes/factor/frmsitrie.h"
+
+namespace Ui {
+class ChoixAnecar;
+}
+
+namespace quelvar {
+
+class ChoixAnecar : public QDialog {
+  Q_OBJECT
+ public:
+  ChoixAnecar(Principal& principal, const Contexte& contexte, PreparationAnecar preparation);
+  ~ChoixAnecar() override;
+
+ private:
+  void RelierEditions();
+  void RelierDetails();
+  void MontrerEdition();
+  void MontrerSeuils();
+  OptionsAnecar Options() const;
+  void LancerAnalyse();
+
+  Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
+  PreparationAnecar preparation_;
+  std::unique_ptr<Ui::ChoixAnecar> ui_;
+  frmSiTrié* siTrie_ = nullptr;
+};
+
+// At level 1 runs the analysis at once.
+void OuvrirAnecar(Principal& principal);
+
+}  // namespace quelvar

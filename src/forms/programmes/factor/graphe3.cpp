@@ -1,0 +1,320 @@
+#include "forms/programmes/factor/graphe3.h"
+
+#include <QSignalBlocker>
+#include <algorithm>
+#include <cmath>
+
+#include "core/texte/nombres.h"
+#include "forms/pieces/abandon.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_graphe3.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kCpfMaximum = 1000;
+constexpr double kEcMaximum = 1000;
+
+// What a field holds, kept between two bounds; a text that is no number leaves the present value.
+double ValeurDuChamp(const QLineEdit& champ, double presente, double minimum, double maximum) {
+  std::string texte = DepuisQt(champ.text());
+  std::replace(texte.begin(), texte.end(), ',', '.');
+  return std::clamp(EstNombre(texte) ? ValeurDe(texte) : presente, minimum, maximum);
+}
+
+}  // namespace
+
+Graphe3::Graphe3(Principal& principal, const Contexte& contexte, DonneesPlan donnees)
+    : QDialog(&principal, Qt::Window),
+      principal_(principal),
+      contexte_(contexte),
+      etat_(NouveauPlan(std::move(donnees))),
+      ui_(std::make_unique<Ui::Graphe3>()) {
+  ui_->setupUi(this);
+  const DonneesPlan& plan = etat_.donnees;
+  ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || !plan.liensLignes.empty());
+  ui_->CheckPEM->setEnabled(plan.liensPresents);
+  ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty());
+  ui_->CheckIndiv->setVisible(plan.Individus());
+  ui_->FrCAH->setEnabled(plan.cah.has_value());
+  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAGraphe")));
+  for (QToolButton* bouton : findChildren<QToolButton*>()) bouton->setAutoRepeat(true);
+  RelierAxes();
+  RelierPoints();
+  RelierTaille();
+  RelierLiens();
+  RelierCah();
+  RelierImage();
+  RelierFichiers();
+  Redessiner();
+}
+
+Graphe3::~Graphe3() = default;
+
+void Graphe3::RelierAxes() {
+  connect(ui_->TextFH, &QLineEdit::editingFinished, this,
+          [this] { ChangerAxe(*ui_->TextFH, etat_.reglages.horizontal); });
+  connect(ui_->TextFV, &QLineEdit::editingFinished, this,
+          [this] { ChangerAxe(*ui_->TextFV, etat_.reglages.vertical); });
+  connect(ui_->InvXY, &QPushButton::clicked, this, [this] {
+    EchangerAxes(etat_);
+    Recaler();
+  });
+  for (QCheckBox* boite : {ui_->CheckInvX, ui_->CheckInvY})
+    connect(boite, &QCheckBox::toggled, this, [this] {
+      etat_.reglages.horizontal.inverse = ui_->CheckInvX->isChecked();
+      etat_.reglages.vertical.inverse = ui_->CheckInvY->isChecked();
+      Recaler();
+    });
+}
+
+void Graphe3::RelierPoints() {
+  for (QAbstractButton* bouton : std::initializer_list<QAbstractButton*>{
+           ui_->PointExact, ui_->CheckContrib, ui_->CheckLong, ui_->CheckInfo, ui_->Opt1, ui_->Opt2, ui_->Opt3,
+           ui_->Option1, ui_->Option2, ui_->Option3, ui_->Check1})
+    connect(bouton, &QAbstractButton::toggled, this, [this, bouton] {
+      const bool deuxFois = !bouton->isChecked() && bouton->autoExclusive();  // the other one of a group comes as well
+      if (!deuxFois) Redessiner();
+    });
+  connect(ui_->CheckIndiv, &QCheckBox::toggled, this, [this] {
+    LireReglages();
+    InclurePoints(etat_);  // individuals lie far outside of the modalities
+    Redessiner();
+  });
+  const auto niveau = [this] {
+    FixerNiveauCpf(static_cast<int>(ValeurDuChamp(*ui_->TextBoxVal, etat_.reglages.niveauCpf, 0, kCpfMaximum)));
+  };
+  connect(ui_->BoutonOK, &QPushButton::clicked, this, niveau);
+  connect(ui_->TextBoxVal, &QLineEdit::returnPressed, this, niveau);
+  connect(ui_->CmdCpfMoins, &QToolButton::clicked, this, [this] { FixerNiveauCpf(etat_.reglages.niveauCpf - 1); });
+  connect(ui_->CmdCpfPlus, &QToolButton::clicked, this, [this] { FixerNiveauCpf(etat_.reglages.niveauCpf + 1); });
+}
+
+void Graphe3::RelierTaille() {
+  const auto geste = [this](QAbstractButton* bouton, auto effet) {
+    connect(bouton, &QAbstractButton::clicked, this, [this, effet] {
+      effet();
+      Dessiner();
+    });
+  };
+  geste(ui_->BtPlus, [this] { ChangerEchelle(etat_, true); });
+  geste(ui_->BtMoins, [this] { ChangerEchelle(etat_, false); });
+  geste(ui_->BtPlusF, [this] { ChangerPage(etat_, true); });
+  geste(ui_->BtMoinsF, [this] { ChangerPage(etat_, false); });
+  geste(ui_->OptH, [this] { etat_.dimension = DimensionPlan::Hauteur; });
+  geste(ui_->OptL, [this] { etat_.dimension = DimensionPlan::Largeur; });
+  geste(ui_->OptAll, [this] { etat_.dimension = DimensionPlan::Toutes; });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = CoefficientPlan::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = CoefficientPlan::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = CoefficientPlan::Fort; });
+  geste(ui_->BoutonRAZ, [this] { ReinitialiserCadre(etat_); });
+  geste(ui_->BoutonH, [this] { DeplacerImage(etat_, 0, 1); });
+  geste(ui_->BoutonB, [this] { DeplacerImage(etat_, 0, -1); });
+  geste(ui_->Command1, [this] { DeplacerImage(etat_, -1, 0); });
+  geste(ui_->Command2, [this] { DeplacerImage(etat_, 1, 0); });
+  geste(ui_->Command3, [this] { DeplacerImage(etat_, -1, 1); });
+  geste(ui_->Command4, [this] { DeplacerImage(etat_, 1, 1); });
+  geste(ui_->Command5, [this] { DeplacerImage(etat_, -1, -1); });
+  geste(ui_->Command6, [this] { DeplacerImage(etat_, 1, -1); });
+  geste(ui_->BoutonValP, [this] { ChangerPas(etat_, true); });
+  geste(ui_->BoutonValM, [this] { ChangerPas(etat_, false); });
+  connect(ui_->CheckTaille, &QCheckBox::toggled, this, [this](bool reelle) {
+    constexpr double kPointsParPouce = 72;
+    if (reelle) ui_->Image->Zoomer(ui_->Image->logicalDpiX() / kPointsParPouce / ui_->Image->Echelle());
+    else ui_->Image->Ajuster();
+  });
+}
+
+// What the boxes and buttons say; the fields are read when they are left.
+void Graphe3::LireReglages() {
+  ReglagesPlan& reglages = etat_.reglages;
+  reglages.pointExact = ui_->PointExact->isChecked();
+  reglages.parContribution = ui_->CheckContrib->isChecked();
+  reglages.intitulesLongs = ui_->CheckLong->isChecked();
+  reglages.information = ui_->CheckInfo->isChecked();
+  reglages.individus = ui_->CheckIndiv->isChecked();
+  reglages.ensemble = ui_->Opt2->isChecked()   ? EnsemblePoints::Actifs
+                      : ui_->Opt3->isChecked() ? EnsemblePoints::Supplementaires
+                                               : EnsemblePoints::Tous;
+  reglages.taille = ui_->Option1->isChecked()   ? TailleTexte::Petite
+                    : ui_->Option3->isChecked() ? TailleTexte::Grande
+                                                : TailleTexte::Moyenne;
+  reglages.gras = ui_->Check1->isChecked();
+  ReglagesLiens& liens = reglages.liens;
+  liens.actif = ui_->CheckPEM->isChecked() || ui_->ChkLgnPEM->isChecked();
+  liens.lignes = ui_->ChkLgnPEM->isChecked();
+  liens.values = ui_->BtVal->isChecked();
+  liens.arbre = ui_->CheckArbrMin->isChecked();
+  reglages.cah.actif = ui_->CheckCAH->isChecked();
+  reglages.cah.trace = ui_->BtCouleursOui->isChecked() ? TraceCah::Couleurs : TraceCah::Lignes;
+  reglages.ellipses = {ui_->CheckEllipseC->isChecked(), ui_->CheckEllipseM->isChecked(),
+                       ui_->CheckEllipseI->isChecked()};
+}
+
+// What follows from the state in fields and labels.
+void Graphe3::MontrerReglages() {
+  const ReglagesPlan& reglages = etat_.reglages;
+  ui_->TextFH->setText(VersQt(TexteAxe(reglages.horizontal)));
+  ui_->TextFV->setText(VersQt(TexteAxe(reglages.vertical)));
+  const QSignalBlocker bloqueX(ui_->CheckInvX);
+  const QSignalBlocker bloqueY(ui_->CheckInvY);
+  ui_->CheckInvX->setChecked(reglages.horizontal.inverse);
+  ui_->CheckInvY->setChecked(reglages.vertical.inverse);
+  ui_->TextBoxVal->setText(QString::number(reglages.niveauCpf));
+  ui_->ValeurPas->setText(VersQt(Joindre({Nombre(etat_.pas), " millièmes"_w})));
+  ui_->EcMinVal->setText(VersQt(Nombre(reglages.liens.ecMin)));
+  ui_->EcSupVal->setText(VersQt(Nombre(reglages.liens.ecSup)));
+  ui_->ValeurProg->setText(reglages.liens.progressif ? VersQt(Nombre(*reglages.liens.progressif)) : QString());
+  for (QWidget* controle : {ui_->CmdProgMoins, ui_->CmdProgPlus}) controle->setEnabled(ui_->CheckProg->isChecked());
+  ui_->ValCAH->setText(VersQt(Nombre(reglages.cah.niveau)));
+  ui_->ValNCla->setText(etat_.donnees.cah ? VersQt(Nombre(ClassesAuNiveau(*etat_.donnees.cah, reglages.cah.niveau)))
+                                          : QString());
+  const bool colonnes = PorteUneMarque(etat_, kMarqueColonne);
+  const bool lignes = PorteUneMarque(etat_, kMarqueLigne);
+  for (QWidget* controle : std::initializer_list<QWidget*>{ui_->Label8, ui_->TextNouvCol})
+    controle->setVisible(colonnes);
+  for (QWidget* controle : std::initializer_list<QWidget*>{ui_->Label2, ui_->TextNouvNom}) controle->setVisible(lignes);
+}
+
+void Graphe3::ChangerAxe(QLineEdit& texte, AxePlan& axe) {
+  const std::string voulu = DepuisQt(texte.text());
+  if (EgalSansCasse(Rogner(voulu), TexteAxe(axe))) return;
+  if (!FixerAxe(etat_.donnees, axe, voulu)) {
+    principal_.Ecran().biper();
+    ui_->Information->setPlainText(
+        QStringLiteral("Les facteurs vont de 1 à %1 ; la lettre C montre leur CPF.").arg(etat_.donnees.facteurs));
+  }
+  Recaler();
+}
+
+void Graphe3::Recaler() {
+  Caler(etat_);
+  RefaireEllipses();
+  Redessiner();
+}
+
+// The run of the ellipses tells in the main form why it has stopped; without them the graph goes on.
+void Graphe3::RefaireEllipses() {
+  LireReglages();
+  etat_.ellipses.clear();
+  if (etat_.reglages.ellipses.Aucune()) return;
+  bool faites = true;
+  principal_.Lancer([&](const Contexte&) { faites = ActualiserEllipses(contexte_, etat_); });
+  if (!faites) {
+    for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI}) {
+      const QSignalBlocker bloque(boite);
+      boite->setChecked(false);
+    }
+    ui_->Information->setPlainText(
+        QStringLiteral("Les ellipses n'ont pas pu être calculées : voir la fenêtre principale."));
+  }
+  InclureEllipses(etat_);
+}
+
+void Graphe3::Redessiner() {
+  LireReglages();
+  if (etat_.reglages.liens.actif && ui_->FichPajek->isChecked()) {
+    try {
+      EcrireReseau(contexte_, etat_);
+    } catch (const Erreur& erreur) {
+      const QSignalBlocker bloque(ui_->FichPajek);
+      ui_->FichPajek->setChecked(false);
+      Refuser(erreur);
+    }
+  }
+  Dessiner();
+}
+
+void Graphe3::Dessiner() {
+  ui_->Image->Montrer(DessinerPlan(etat_));
+  MontrerReglages();
+}
+
+void Graphe3::FixerNiveauCpf(int niveau) {
+  etat_.reglages.niveauCpf = std::clamp(niveau, 0, kCpfMaximum);
+  Redessiner();
+}
+
+void Graphe3::FixerEcMin(double limite) {
+  etat_.reglages.liens.ecMin = std::clamp(limite, 0.0, kEcMaximum);
+  Redessiner();
+}
+
+void Graphe3::FixerEcSup(double limite) {
+  etat_.reglages.liens.ecSup = std::clamp(limite, 0.0, kEcMaximum);
+  Redessiner();
+}
+
+void Graphe3::FixerProgression(std::int64_t liens) {
+  etat_.reglages.liens.progressif = static_cast<std::size_t>(std::max<std::int64_t>(liens, 1));
+  Redessiner();
+}
+
+void Graphe3::FixerNiveauCah(std::int64_t niveau) {
+  const auto etapes = static_cast<std::int64_t>(etat_.donnees.cah ? etat_.donnees.cah->etapes.size() : 0);
+  etat_.reglages.cah.niveau = static_cast<std::size_t>(std::clamp<std::int64_t>(niveau, 0, etapes));
+  Redessiner();
+}
+
+void Graphe3::RelierLiens() {
+  const auto limite = [this](QLineEdit& champ, QAbstractButton& moins, QAbstractButton& plus,
+                             double ReglagesLiens::*membre, void (Graphe3::*fixer)(double)) {
+    const auto presente = [this, membre] { return etat_.reglages.liens.*membre; };
+    connect(&champ, &QLineEdit::editingFinished, this, [this, &champ, presente, fixer] {
+      const double voulue = ValeurDuChamp(champ, presente(), 0, kEcMaximum);
+      if (voulue != presente()) (this->*fixer)(voulue);
+    });
+    connect(&moins, &QAbstractButton::clicked, this, [this, presente, fixer] { (this->*fixer)(presente() - 1); });
+    connect(&plus, &QAbstractButton::clicked, this, [this, presente, fixer] { (this->*fixer)(presente() + 1); });
+  };
+  limite(*ui_->EcMinVal, *ui_->CmdFiltrMoinsMin, *ui_->CmdFiltrPlusMin, &ReglagesLiens::ecMin, &Graphe3::FixerEcMin);
+  limite(*ui_->EcSupVal, *ui_->CmdFiltrMoinsSup, *ui_->CmdFiltrPlusSup, &ReglagesLiens::ecSup, &Graphe3::FixerEcSup);
+  for (QAbstractButton* bouton :
+       std::initializer_list<QAbstractButton*>{ui_->CheckPEM, ui_->BtVal, ui_->CheckArbrMin, ui_->FichPajek})
+    connect(bouton, &QAbstractButton::toggled, this, &Graphe3::Redessiner);
+  connect(ui_->ChkLgnPEM, &QCheckBox::toggled, this,
+          [this](bool lignes) { FixerEcMin(lignes ? kEcMinDesLiensDeLignes : 0); });
+  connect(ui_->CheckProg, &QCheckBox::toggled, this, [this](bool progressif) {
+    etat_.reglages.liens.progressif = progressif ? std::optional<std::size_t>(1) : std::nullopt;
+    Redessiner();
+  });
+  const auto progression = [this] { return static_cast<std::int64_t>(etat_.reglages.liens.progressif.value_or(1)); };
+  connect(ui_->CmdProgMoins, &QToolButton::clicked, this, [=, this] { FixerProgression(progression() - 1); });
+  connect(ui_->CmdProgPlus, &QToolButton::clicked, this, [=, this] { FixerProgression(progression() + 1); });
+}
+
+void Graphe3::RelierCah() {
+  const auto niveau = [this] { return static_cast<std::int64_t>(etat_.reglages.cah.niveau); };
+  connect(ui_->CheckCAH, &QCheckBox::toggled, this, &Graphe3::Redessiner);
+  connect(ui_->CmdCahMoins, &QToolButton::clicked, this, [=, this] { FixerNiveauCah(niveau() - 1); });
+  connect(ui_->CmdCahPlus, &QToolButton::clicked, this, [=, this] { FixerNiveauCah(niveau() + 1); });
+  connect(ui_->ValCAH, &QLineEdit::editingFinished, this, [=, this] {
+    const double voulu = ValeurDuChamp(*ui_->ValCAH, static_cast<double>(niveau()), 0, 1e9);
+    if (voulu != static_cast<double>(niveau())) FixerNiveauCah(static_cast<std::int64_t>(voulu));
+  });
+  connect(ui_->ValNCla, &QLineEdit::editingFinished, this, [this] {
+    if (!etat_.donnees.cah) return;
+    const ArbreCah& cah = *etat_.donnees.cah;
+    const std::size_t presentes = ClassesAuNiveau(cah, etat_.reglages.cah.niveau);
+    const auto voulues = static_cast<std::size_t>(ValeurDuChamp(*ui_->ValNCla, static_cast<double>(presentes), 0, 1e9));
+    const std::optional<std::size_t> trouve = NiveauDesClasses(cah, voulues);
+    if (voulues != presentes && trouve) FixerNiveauCah(static_cast<std::int64_t>(*trouve));
+    else MontrerReglages();
+  });
+  connect(ui_->BtCouleursOui, &QRadioButton::clicked, this, [this] {
+    std::optional<std::uint32_t>& hasard = etat_.reglages.cah.hasard;
+    if (etat_.reglages.cah.trace == TraceCah::Couleurs) hasard = ++tirages_;
+    else hasard.reset();
+    Redessiner();
+  });
+  connect(ui_->BtCouleursNon, &QRadioButton::clicked, this, &Graphe3::Redessiner);
+  connect(ui_->BoutonCAH, &QPushButton::clicked, this, &Graphe3::CouperLaClassification);
+  for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI})
+    connect(boite, &QCheckBox::toggled, this, [this] {
+      RefaireEllipses();
+      Redessiner();
+    });
+}
+
+}  // namespace quelvar

@@ -1,0 +1,65 @@
+// The factor plane: axes, points, size and place, links, classes and ellipses, marks, saving and printing.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "factor/plan/graphe.h"
+#include "forms/cadre/principal.h"
+
+class QLineEdit;
+
+namespace Ui {
+class Graphe3;
+}
+
+namespace quelvar {
+
+class Graphe3 : public QDialog {
+  Q_OBJECT
+ public:
+  Graphe3(Principal& principal, const Contexte& contexte, DonneesPlan donnees);
+  ~Graphe3() override;
+
+ private:
+  void RelierAxes();
+  void RelierPoints();
+  void RelierTaille();
+  void RelierLiens();
+  void RelierCah();
+  void RelierImage();
+  void RelierFichiers();
+
+  void LireReglages();
+  void MontrerReglages();
+  void ChangerAxe(QLineEdit& texte, AxePlan& axe);
+  void Recaler();
+  void RefaireEllipses();
+  // After a change of settings; after a change of the limits alone, in which no file has a part.
+  void Redessiner();
+  void Dessiner();
+
+  void FixerNiveauCpf(int niveau);
+  void FixerEcMin(double limite);
+  void FixerEcSup(double limite);
+  void FixerProgression(std::int64_t liens);
+  void FixerNiveauCah(std::int64_t niveau);
+  void CouperLaClassification();
+
+  void Informer(const QPointF& page);
+  void Marquer(const QPointF& page);
+  QString Infobulle(const QPointF& page) const;
+
+  void Refuser(const Erreur& erreur);
+
+  Principal& principal_;
+  Contexte contexte_;
+  EtatPlan etat_;
+  std::uint32_t tirages_ = 0;  // times that the colours were drawn at random
+  std::unique_ptr<Ui::Graphe3> ui_;
+};
+
+// Prepares the graph and shows the form, in place of the one that is open.
+void OuvrirGraphe3(Principal& principal);
+
+}  // namespace quelvar

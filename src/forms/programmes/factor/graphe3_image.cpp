@@ -1,0 +1,102 @@
+// What the mouse does on the factor plane, and the files that the form writes.
+#include "factor/classement/coupe.h"
+#include "forms/images/sortiesdessin.h"
+#include "forms/pieces/abandon.h"
+#include "forms/programmes/factor/graphe3.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_graphe3.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kElementsDUneInfobulle = 12;
+
+Position PositionDe(const QPointF& point) { return {point.x(), point.y()}; }
+
+}  // namespace
+
+void Graphe3::RelierImage() {
+  VueDessin& image = *ui_->Image;
+  image.surMolette = [this](double facteur, const QPointF& page) {
+    ZoomerAutour(etat_, facteur, ui_->Image->Contenu().VersUtilisateur(PositionDe(page)));
+    Dessiner();
+  };
+  image.surGlissement = [this](const QPointF& de, const QPointF& vers) {
+    const Dessin& dessin = ui_->Image->Contenu();
+    Glisser(etat_, dessin.VersUtilisateur(PositionDe(de)), dessin.VersUtilisateur(PositionDe(vers)));
+    Dessiner();
+  };
+  image.infobulleDeLaPlace = [this](const QPointF& page) { return Infobulle(page); };
+  connect(&image, &VueDessin::Presse, this, [this](const QPointF& page, Qt::MouseButton bouton) {
+    if (bouton == Qt::LeftButton) Informer(page);
+    if (bouton == Qt::RightButton) Marquer(page);
+  });
+}
+
+QString Graphe3::Infobulle(const QPointF& page) const {
+  const std::vector<std::size_t> elements = ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
+  QStringList lignes;
+  for (const std::size_t element : elements) {
+    if (lignes.size() == static_cast<qsizetype>(kElementsDUneInfobulle)) {
+      lignes << QStringLiteral("et %1 autres").arg(elements.size() - kElementsDUneInfobulle);
+      break;
+    }
+    lignes << VersQt(LigneDInformation(etat_, element)).remove(u'\r');
+  }
+  return lignes.join(u'\n');
+}
+
+void Graphe3::Informer(const QPointF& page) {
+  const std::vector<std::size_t> elements = ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
+  if (elements.empty()) return;
+  try {
+    ui_->Information->setPlainText(VersQt(TexteDuClic(contexte_, etat_, elements.front())).remove(u'\r'));
+  } catch (const Erreur& erreur) {
+    Refuser(erreur);
+  }
+}
+
+void Graphe3::Marquer(const QPointF& page) {
+  const std::vector<std::size_t> elements = ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
+  if (elements.empty()) return;
+  BasculerMarque(etat_, elements.front());
+  if (!etat_.reglages.ellipses.Aucune()) RefaireEllipses();
+  Redessiner();
+}
+
+void Graphe3::CouperLaClassification() {
+  const OptionsCoupe options{static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
+  std::string nouveau;
+  principal_.Lancer([&](const Contexte&) {
+    ExecuterProgramme(
+        contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
+        [&](Rapport& rapport) { CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
+  });
+  if (!nouveau.empty()) principal_.AdopterGenerique(nouveau);
+}
+
+void Graphe3::RelierFichiers() {
+  RelierSorties(*this, principal_, *ui_->Image, contexte_, "Fac",
+                {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
+                [this] { return ui_->Resolution->value(); });
+  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAGraphe")); });
+  new Abandon(*this, *ui_->BoutonQuitter, principal_,
+              [contexte = contexte_](const Contexte&) { QuitterGraphe(contexte); });
+}
+
+void Graphe3::Refuser(const Erreur& erreur) {
+  std::string texte;
+  for (const std::string& ligne : LignesDErreur(erreur, {})) texte += Joindre({ligne, "\r\n"});
+  ui_->Information->setPlainText(VersQt(texte).remove(u'\r'));
+  principal_.Ecran().biper();
+}
+
+void OuvrirGraphe3(Principal& principal) {
+  if (auto* ouverte = principal.Ouverte<Graphe3>()) ouverte->close();
+  std::optional<DonneesPlan> donnees;
+  principal.Lancer([&](const Contexte& contexte) { donnees = PrepGraphe(contexte); });
+  if (donnees) principal.Montrer<Graphe3>(principal.ContexteEnCours(), std::move(*donnees));
+}
+
+}  // namespace quelvar

@@ -1,0 +1,158 @@
+#include "forms/programmes/modalities/choixposmod.h"
+
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+#include "forms/pieces/abandon.h"
+#include "forms/pieces/listequestions.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_choixposmod.h"
+
+namespace quelvar {
+
+ChoixPosmod::ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare prepare)
+    : QDialog(&principal),
+      principal_(principal),
+      contexte_(principal.ContexteEnCours()),
+      mode_(mode),
+      prepare_(std::move(prepare)),
+      ui_(std::make_unique<Ui::ChoixPosmod>()) {
+  ui_->setupUi(this);
+  ui_->FrmOptions->setVisible(principal.SessionEnCours().niveau == 2);
+  ui_->FrmIndiv->hide();
+  ui_->FrmPos->hide();
+  ui_->CaseSup->setVisible(prepare_.ancienMod);
+  RelierListes();
+  RelierOptions();
+  if (mode_ == ModePosmod::Regr) AdapterALaRegression();
+  AlignerBoutons();
+  const QString aide = mode_ == ModePosmod::Regr ? QStringLiteral("mnuAPosmodR") : QStringLiteral("mnuAPosmod");
+  ui_->BoutAide->setEnabled(principal.AideExiste(aide));
+  connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { principal_.OuvrirAide(aide); });
+  connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixPosmod::LancerPosmod);
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerPosmod);
+  MontrerListes();
+}
+
+ChoixPosmod::~ChoixPosmod() = default;
+
+void ChoixPosmod::AdapterALaRegression() {
+  setWindowTitle(QStringLiteral("Choix des questions pour créer des modalités"));
+  ui_->TitreLignes->setText(QStringLiteral("Questions ch&oisies"));
+  ui_->BoutActPlus->setText(QStringLiteral("A&joute modalités"));
+  ui_->BoutActMoins->setText(QStringLiteral("En&lève modalités"));
+  ui_->CaseCodLog->setChecked(true);
+  for (QWidget* cache : std::initializer_list<QWidget*>{ui_->CaseCodLog, ui_->FrmSup, ui_->FrmIndiv, ui_->CaseSup})
+    cache->hide();
+}
+
+// The two lists on the right have one width.
+void ChoixPosmod::AlignerBoutons() {
+  const int largeur = std::max(ui_->BoutSupPlus->sizeHint().width(), ui_->BoutSupMoins->sizeHint().width());
+  for (QPushButton* bouton : {ui_->BoutActPlus, ui_->BoutActMoins, ui_->BoutSupPlus, ui_->BoutSupMoins})
+    bouton->setMinimumWidth(largeur);
+}
+
+void ChoixPosmod::RelierListes() {
+  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3}) PreparerListeDeQuestions(*liste);
+  const auto relier = [this](QPushButton* bouton, QListWidget* depart, Statut statut) {
+    connect(bouton, &QPushButton::clicked, this, [this, depart, statut] { Deplacer(*depart, statut); });
+  };
+  relier(ui_->BoutActPlus, ui_->ListVar1, Statut::Actif);
+  relier(ui_->BoutSupPlus, ui_->ListVar1, Statut::Supplementaire);
+  relier(ui_->BoutActMoins, ui_->ListVar2, Statut::Aucun);
+  relier(ui_->BoutSupMoins, ui_->ListVar3, Statut::Aucun);
+  connect(ui_->ListVar1, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListVar1, Statut::Actif); });
+  for (QListWidget* liste : {ui_->ListVar2, ui_->ListVar3})
+    connect(liste, &QListWidget::itemDoubleClicked, this, [this, liste] { Deplacer(*liste, Statut::Aucun); });
+  connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] {
+    std::fill(prepare_.choix.statuts.begin(), prepare_.choix.statuts.end(), Statut::Aucun);
+    MontrerListes();
+  });
+}
+
+void ChoixPosmod::RelierOptions() {
+  connect(ui_->CaseCodZ, &QCheckBox::toggled, this, &ChoixPosmod::ChangerCodesZero);
+  connect(ui_->CaseCodLog, &QCheckBox::toggled, this,
+          [this](bool coche) { ui_->FrmIndiv->setVisible(coche && mode_ == ModePosmod::Afc); });
+  connect(ui_->CaseNomIndiv, &QCheckBox::toggled, ui_->FrmPos, &QWidget::setVisible);
+}
+
+void ChoixPosmod::Deplacer(const QListWidget& liste, Statut statut) {
+  if (PoserStatut(liste, prepare_.choix, statut)) MontrerListes();
+}
+
+void ChoixPosmod::MontrerListes() {
+  MontrerQuestions(*ui_->ListVar1, prepare_.pos, prepare_.choix, Statut::Aucun);
+  MontrerQuestions(*ui_->ListVar2, prepare_.pos, prepare_.choix, Statut::Actif);
+  MontrerQuestions(*ui_->ListVar3, prepare_.pos, prepare_.choix, Statut::Supplementaire);
+  MontrerNombres();
+}
+
+void ChoixPosmod::MontrerNombres() {
+  const bool codesZero = !ui_->CaseCodZ->isChecked();
+  const std::int64_t actives = CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, codesZero);
+  const std::int64_t supplementaires =
+      CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, codesZero);
+  ui_->TitreNbPos->setText(
+      VersQt(mode_ == ModePosmod::Regr ? TexteNombreUnique(actives) : TexteNombres(actives, supplementaires)));
+}
+
+void ChoixPosmod::ChangerCodesZero(bool sans) {
+  MontrerNombres();
+  if (!sans || mode_ != ModePosmod::Regr) return;
+  principal_.Ecran().biper();
+  ui_->TitreNbPos->setText(
+      VersQt(TexteSansNonReponses(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, false))));
+}
+
+OptionsPosmod ChoixPosmod::Options() const {
+  OptionsPosmod options;
+  options.mode = mode_;
+  options.actives = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif);
+  options.supplementaires = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Supplementaire);
+  options.codesZero = !ui_->CaseCodZ->isChecked();
+  options.individus = ui_->CaseCodLog->isChecked();
+  options.noms.dansDonnees = ui_->CaseNomIndiv->isChecked();
+  // A column beyond any line reads nothing, as one that is no number reads 0.
+  const auto colonne = [](const QString& texte) {
+    return static_cast<int>(std::clamp(ValeurDe(DepuisQt(texte)), -1.0, 1e6));
+  };
+  if (!ui_->TextBoxDebut->text().trimmed().isEmpty()) options.noms.debut = colonne(ui_->TextBoxDebut->text());
+  options.noms.largeur = colonne(ui_->TextBoxLargeur->text());
+  options.verifierCodesMax = !ui_->CaseCodmax->isChecked();
+  options.oublierAnciennes = ui_->CaseSup->isChecked();
+  return options;
+}
+
+void ChoixPosmod::LancerPosmod() {
+  const OptionsPosmod options = Options();
+  const std::string_view refus = RefusDeLancer(
+      options.individus, options.noms, CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
+      CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));
+  if (!refus.empty()) {
+    principal_.Ecran().biper();
+    ui_->TitreNbPos->setText(VersQt(refus));
+    return;
+  }
+  Principal& principal = principal_;
+  const Contexte contexte = contexte_;
+  accept();  // a long report closes every form: this one is gone by then
+  principal.Lancer([&](const Contexte&) { Posmod(contexte, options); });
+}
+
+namespace {
+
+void Ouvrir(Principal& principal, ModePosmod mode) {
+  if (auto* ouverte = principal.Ouverte<ChoixPosmod>()) ouverte->close();
+  std::optional<ChoixPrepare> prepare;
+  principal.Lancer([&](const Contexte& contexte) { prepare = PrepPosmod(contexte, mode); });
+  if (prepare) principal.Montrer<ChoixPosmod>(mode, std::move(*prepare));
+}
+
+}  // namespace
+
+void OuvrirPosmod(Principal& principal) { Ouvrir(principal, ModePosmod::Afc); }
+void OuvrirPosmodRegression(Principal& principal) { Ouvrir(principal, ModePosmod::Regr); }
+
+}  // namespace quelvar

@@ -1,0 +1,126 @@
+#include "forms/programmes/modalities/nomemod.h"
+
+#include "core/enquete/listemod.h"
+#include "forms/pieces/abandon.h"
+#include "forms/pieces/listequestions.h"
+#include "forms/texte/texte_qt.h"
+#include "modalities/edition/modifmod.h"
+#include "modalities/edition/nomquest.h"
+#include "ui_nomemod.h"
+
+namespace quelvar {
+
+NomeMod::NomeMod(Principal& principal, ChoixPrepare prepare)
+    : QDialog(&principal),
+      principal_(principal),
+      contexte_(principal.ContexteEnCours()),
+      prepare_(std::move(prepare)),
+      ui_(std::make_unique<Ui::NomeMod>()) {
+  ui_->setupUi(this);
+  ui_->BoutModif->setVisible(principal.SessionEnCours().niveau == 2);
+  RelierChoix();
+  RelierEdition();
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
+  MontrerChoix();
+  MontrerModalites();
+}
+
+NomeMod::~NomeMod() = default;
+
+void NomeMod::RelierChoix() {
+  for (QListWidget* liste : {ui_->ListQuest, ui_->ListVar2}) PreparerListeDeQuestions(*liste);
+  connect(ui_->BoutPlus, &QPushButton::clicked, this, [this] { Deplacer(*ui_->ListQuest, Statut::Actif); });
+  connect(ui_->BoutMoins, &QPushButton::clicked, this, [this] { Deplacer(*ui_->ListVar2, Statut::Aucun); });
+  connect(ui_->ListQuest, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListQuest, Statut::Actif); });
+  connect(ui_->ListVar2, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListVar2, Statut::Aucun); });
+  connect(ui_->CaseCodZ, &QCheckBox::toggled, this, &NomeMod::MontrerChoix);
+  connect(ui_->BoutLancer, &QPushButton::clicked, this, &NomeMod::LancerCreation);
+  connect(ui_->BoutModif, &QPushButton::clicked, this, &NomeMod::OuvrirModification);
+}
+
+void NomeMod::RelierEdition() {
+  const auto texte = [this](int ligne) -> std::string& { return modalites_[static_cast<std::size_t>(ligne)].texte; };
+  edition_ = new EditionListe(
+      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+      {[this] { return static_cast<int>(modalites_.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
+       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
+       [texte](int ligne, const QString& intitule) {
+         PoserIntitule(texte(ligne), DepuisQt(intitule));
+         return QString();
+       }});
+  connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomeMod::Sauver);
+  connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomeMod::Enregistrer);
+}
+
+void NomeMod::Deplacer(const QListWidget& liste, Statut statut) {
+  if (!PoserStatut(liste, prepare_.choix, statut)) return;
+  MontrerChoix();
+  ui_->TextMsg->setPlainText(VersQt(GuideDuChoix()));
+}
+
+void NomeMod::MontrerChoix() {
+  MontrerQuestions(*ui_->ListQuest, prepare_.pos, prepare_.choix, Statut::Aucun);
+  MontrerQuestions(*ui_->ListVar2, prepare_.pos, prepare_.choix, Statut::Actif);
+  ui_->TitreNbPos->setText(VersQt(
+      TexteNombrePrevu(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, !ui_->CaseCodZ->isChecked()))));
+}
+
+void NomeMod::LancerCreation() {
+  OptionsPosmod options;
+  options.mode = ModePosmod::Modi;
+  options.actives = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif);
+  options.codesZero = !ui_->CaseCodZ->isChecked();
+  const std::string_view refus =
+      RefusDeNommer(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero));
+  if (!refus.empty()) {
+    principal_.Ecran().biper();
+    ui_->TextMsg->setPlainText(VersQt(refus));
+    return;
+  }
+  if (!edition_->Ranger()) return;
+  Fin fin = Fin::Arret;
+  principal_.Lancer([&](const Contexte&) { fin = Posmod(contexte_, options); });
+  if (fin == Fin::Arret) return;
+  const EtatNomeMod creees = LireModalitesCreees(contexte_);
+  modalites_.insert(modalites_.end(), creees.modalites.begin(), creees.modalites.end());
+  MontrerModalites();
+  ui_->TextMsg->setPlainText(creees.message.empty() ? VersQt(GuideDeLaCreation()) : EnUnTexte(creees.message));
+}
+
+void NomeMod::OuvrirModification() {
+  EtatNomeMod toutes = LireToutesModalites(contexte_);
+  if (!toutes.message.empty()) {
+    ui_->TextMsg->setPlainText(EnUnTexte(toutes.message));
+    return;
+  }
+  modalites_ = std::move(toutes.modalites);
+  MontrerModalites();
+  ui_->TextMsg->setPlainText(VersQt(GuideDeLaModification()));
+}
+
+void NomeMod::MontrerModalites() {
+  edition_->Remplir();
+  for (QPushButton* bouton : {ui_->BoutSuivant, ui_->BoutSauve, ui_->BoutEnreg})
+    bouton->setEnabled(!modalites_.empty());
+}
+
+void NomeMod::Sauver() {
+  if (!edition_->Ranger()) return;
+  ui_->TextMsg->setPlainText(Tenter([this] { SauverNomeMod(contexte_, modalites_); }, VersQt(kIntitulesSauvegardes)));
+}
+
+void NomeMod::Enregistrer() {
+  if (!edition_->Ranger()) return;
+  Fin fin = Fin::Arret;
+  principal_.Lancer([&](const Contexte&) { fin = EnregistrerNomeMod(contexte_, modalites_); });
+  if (fin == Fin::Normale) accept();
+}
+
+void OuvrirNomMod(Principal& principal) {
+  if (auto* ouverte = principal.Ouverte<NomeMod>()) ouverte->close();
+  std::optional<ChoixPrepare> prepare;
+  principal.Lancer([&](const Contexte& contexte) { prepare = PrepPosmod(contexte, ModePosmod::Modi); });
+  if (prepare) principal.Montrer<NomeMod>(std::move(*prepare));
+}
+
+}  // namespace quelvar

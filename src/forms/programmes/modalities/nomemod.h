@@ -1,0 +1,45 @@
+// Creation of modalities without reading the data, and their labels.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "forms/cadre/principal.h"
+#include "forms/pieces/editionliste.h"
+#include "modalities/creation/posmod.h"
+#include "modalities/edition/nomemod.h"
+
+namespace Ui {
+class NomeMod;
+}
+
+namespace quelvar {
+
+class NomeMod : public QDialog {
+  Q_OBJECT
+ public:
+  NomeMod(Principal& principal, ChoixPrepare prepare);
+  ~NomeMod() override;
+
+ private:
+  void RelierChoix();
+  void RelierEdition();
+  void Deplacer(const QListWidget& liste, Statut statut);
+  void MontrerChoix();
+  void LancerCreation();
+  void OuvrirModification();
+  void MontrerModalites();
+  void Sauver();
+  void Enregistrer();
+
+  Principal& principal_;
+  Contexte contexte_;  // of the generic that the form was opened on
+  ChoixPrepare prepare_;
+  std::vector<ModaliteNommee> modalites_;
+  std::unique_ptr<Ui::NomeMod> ui_;
+  EditionListe* edition_ = nullptr;
+};
+
+void OuvrirNomMod(Principal& principal);
+
+}  // namespace quelvar

@@ -1,0 +1,55 @@
+#include "forms/programmes/modalities/nomquest.h"
+
+#include "forms/pieces/abandon.h"
+#include "forms/texte/texte_qt.h"
+#include "modalities/edition/modifmod.h"
+#include "ui_nomquest.h"
+
+namespace quelvar {
+
+NomQuest::NomQuest(Principal& principal)
+    : QDialog(&principal),
+      principal_(principal),
+      contexte_(principal.ContexteEnCours()),
+      etat_(ChargerNomQuest(contexte_)),
+      ui_(std::make_unique<Ui::NomQuest>()) {
+  ui_->setupUi(this);
+  const auto question = [this](int ligne) -> NomDeQuestion& {
+    return etat_.questions[static_cast<std::size_t>(ligne)];
+  };
+  edition_ = new EditionListe(
+      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+      {[this] { return static_cast<int>(etat_.questions.size()); },
+       [question](int ligne) { return VersQt(TexteDeRecapitulatif(question(ligne))); },
+       [question](int ligne) { return VersQt(question(ligne).intitule); },
+       [question](int ligne, const QString& texte) { return VersQt(NommerQuestion(question(ligne), DepuisQt(texte))); },
+       static_cast<int>(kLongueurDeNomMaximum), VersQt(kNomTropLong)});
+  connect(edition_, &EditionListe::Refus, this, &NomQuest::MontrerMessage);
+  connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomQuest::Sauver);
+  connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomQuest::Enregistrer);
+  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
+  MontrerMessage(EnUnTexte(etat_.message));
+  for (QPushButton* bouton : {ui_->BoutSuivant, ui_->BoutSauve, ui_->BoutEnreg})
+    bouton->setEnabled(etat_.message.empty());
+  edition_->Remplir();
+}
+
+NomQuest::~NomQuest() = default;
+
+void NomQuest::MontrerMessage(const QString& texte) { ui_->TextMsg->setText(texte); }
+
+void NomQuest::Sauver() {
+  if (!edition_->Ranger()) return;
+  MontrerMessage(Tenter([this] { SauverNomQuest(contexte_, etat_.questions); }, VersQt(kIntitulesSauvegardes)));
+}
+
+void NomQuest::Enregistrer() {
+  if (!edition_->Ranger()) return;
+  Fin fin = Fin::Arret;
+  principal_.Lancer([&](const Contexte&) { fin = EnregistrerNomQuest(contexte_, etat_.questions); });
+  if (fin == Fin::Normale) accept();
+}
+
+void OuvrirNomQuest(Principal& principal) { principal.Montrer<NomQuest>(); }
+
+}  // namespace quelvar

@@ -1,0 +1,63 @@
+#include "forms/programmes/tables/choixecapem.h"
+
+#include "ui_choixecapem.h"
+
+namespace quelvar {
+
+ChoixEcapem::ChoixEcapem(Principal& principal)
+    : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::ChoixEcapem>()) {
+  ui_->setupUi(this);
+  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAEcapem")));
+  MontrerEtat();
+  for (QCheckBox* boite : findChildren<QCheckBox*>())
+    connect(boite, &QCheckBox::toggled, this, &ChoixEcapem::MontrerEtat);
+  connect(ui_->Lancer, &QPushButton::clicked, this, &ChoixEcapem::LancerAnalyse);
+  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAEcapem")); });
+  connect(ui_->Annuler, &QPushButton::clicked, this, &ChoixEcapem::close);
+}
+
+ChoixEcapem::~ChoixEcapem() = default;
+
+// What the boxes mean as they stand, and which options they leave open.
+void ChoixEcapem::MontrerEtat() {
+  ui_->AideCompact->setText(ui_->ChkCompact->isChecked()
+                                ? QStringLiteral("Seuls les écarts positifs sont pris en compte")
+                                : QStringLiteral("Les écarts positifs et négatifs sont utilisés"));
+  ui_->AideRetour->setText(ui_->ChkRetour->isChecked()
+                               ? QStringLiteral("Le tableau observé, puis le tableau diagonalisé, sont examinés")
+                               : QStringLiteral("Seul le tableau observé est examiné "));
+  for (QRadioButton* choix : {ui_->OptCourt, ui_->OptLong}) choix->setEnabled(ui_->ChkIntit->isChecked());
+  for (QRadioButton* choix : {ui_->Opt2M, ui_->Opt50, ui_->OptAll}) choix->setEnabled(ui_->ChkPEL->isChecked());
+  const bool cliques = ui_->CheckClique->isChecked();
+  for (QGroupBox* cadre : {ui_->FrIntit, ui_->FrPEM, ui_->FrPEL}) cadre->setEnabled(!cliques);
+  ui_->FrSeuil->setEnabled(!cliques && !ui_->ChkK2->isChecked());
+}
+
+OptionsEcapem ChoixEcapem::Options() const {
+  OptionsEcapem options;
+  options.cliques = ui_->CheckClique->isChecked();
+  if (ui_->ChkIntit->isChecked())
+    options.intitules = ui_->OptCourt->isChecked() ? ModeIntitules::Courts : ModeIntitules::QuatreCaracteres;
+  options.seuil = ui_->ChkK2->isChecked()   ? SeuilKhi2::Aucun
+                  : ui_->Opt10->isChecked() ? SeuilKhi2::DixPourCent
+                  : ui_->Opt5->isChecked()  ? SeuilKhi2::CinqPourCent
+                                            : SeuilKhi2::UnPourCent;
+  options.positifsSeuls = ui_->ChkCompact->isChecked();
+  options.diagonalisation = ui_->ChkRetour->isChecked();
+  options.tousTableaux = ui_->ChkTab->isChecked();
+  options.liensLignes = ui_->ChkPEL->isChecked();
+  options.choixLiens = ui_->Opt2M->isChecked()   ? ChoixDeLiens::DeuxMille
+                       : ui_->Opt50->isChecked() ? ChoixDeLiens::IndexDe80
+                                                 : ChoixDeLiens::Tous;
+  return options;
+}
+
+void ChoixEcapem::LancerAnalyse() {
+  const OptionsEcapem options = Options();
+  principal_.Lancer([&](const Contexte& contexte) { Ecapem(contexte, options); });
+  principal_.FermerFormes();
+}
+
+void OuvrirChoixEcapem(Principal& principal) { principal.Montrer<ChoixEcapem>(); }
+
+}  // namespace quelvar

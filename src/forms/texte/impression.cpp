@@ -1,0 +1,120 @@
+#include "forms/texte/impression.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QSaveFile>
+#include <algorithm>
+
+namespace quelvar {
+
+namespace {
+
+constexpr qreal kMargeMm = 15;
+
+QFont PoliceDImpression() {
+  QFont police(QStringLiteral("Courier New"), 10);
+  police.setStyleHint(QFont::TypeWriter);
+  police.setFixedPitch(true);
+  return police;
+}
+
+// Places on the page of a device, in its units.
+struct Page {
+  QSizeF surface;
+  qreal hauteur;  // of a line
+  int colonnes;
+  int lignes;  // of text, under the title and a blank line
+};
+
+Page MesurerPage(QPagedPaintDevice& papier, const QFont& police) {
+  const QFontMetricsF mesures(police, &papier);
+  const QSizeF surface(papier.width(), papier.height());
+  const qreal largeur = mesures.horizontalAdvance(QString(100, u'0')) / 100;
+  return {surface, mesures.lineSpacing(), std::max(1, static_cast<int>(surface.width() / largeur)),
+          std::max(1, static_cast<int>(surface.height() / mesures.lineSpacing()) - 2)};
+}
+
+}  // namespace
+
+QList<QStringList> MettreEnPages(const QString& texte, int colonnes, int lignes) {
+  QList<QStringList> pages(1);
+  const auto ajouter = [&](const QString& ligne) {
+    if (pages.last().size() == lignes) pages.append(QStringList());
+    pages.last().append(ligne);
+  };
+  QString net = texte;
+  net.remove(u'\r');
+  if (net.endsWith(u'\n')) net.chop(1);
+  const QStringList feuillets = net.split(u'\f');
+  for (qsizetype i = 0; i < feuillets.size(); ++i) {
+    if (i > 0) pages.append(QStringList());
+    for (const QString& ligne : feuillets[i].split(u'\n')) {
+      ajouter(ligne.left(colonnes));
+      for (qsizetype suite = colonnes; suite < ligne.size(); suite += colonnes) ajouter(ligne.mid(suite, colonnes));
+    }
+  }
+  return pages;
+}
+
+int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString& titre, int premiere, int derniere) {
+  const QFont police = PoliceDImpression();
+  const Page page = MesurerPage(papier, police);
+  const QList<QStringList> pages = MettreEnPages(texte, page.colonnes, page.lignes);
+  const int nombre = static_cast<int>(pages.size());
+  const int de = std::clamp(premiere, 1, nombre);
+  const int a = derniere == 0 ? nombre : std::clamp(derniere, de, nombre);
+
+  QPainter pinceau(&papier);
+  for (int numero = de; numero <= a; ++numero) {
+    if (numero > de) papier.newPage();
+    pinceau.setFont(police);
+    const QRectF tete(0, 0, page.surface.width(), page.hauteur);
+    pinceau.drawText(tete, Qt::AlignLeft | Qt::TextSingleLine, titre);
+    pinceau.drawText(tete, Qt::AlignRight, QStringLiteral("%1 / %2").arg(numero).arg(nombre));
+    qreal y = 2 * page.hauteur;
+    for (const QString& ligne : pages[numero - 1]) {
+      pinceau.drawText(QRectF(0, y, page.surface.width() * 2, page.hauteur), Qt::AlignLeft | Qt::TextExpandTabs, ligne);
+      y += page.hauteur;
+    }
+  }
+  return nombre;
+}
+
+bool ImprimerParDialogue(QWidget* parent, const QString& texte, const QString& titre) {
+  if (QPrinterInfo::availablePrinters().isEmpty()) return false;
+  QPrinter imprimante;
+  imprimante.setDocName(titre);
+  imprimante.setPageMargins(QMarginsF(kMargeMm, kMargeMm, kMargeMm, kMargeMm), QPageLayout::Millimeter);
+  QPrintDialog dialogue(&imprimante, parent);
+  dialogue.setOption(QAbstractPrintDialog::PrintPageRange);
+  if (dialogue.exec() != QDialog::Accepted) return false;
+  ImprimerTexte(imprimante, texte, titre, imprimante.fromPage(), imprimante.toPage());
+  return true;
+}
+
+bool EcrirePdf(const QString& fichier, const QString& texte, const QString& titre) {
+  QSaveFile cible(fichier);
+  if (!cible.open(QIODevice::WriteOnly)) return false;
+  {
+    QPdfWriter papier(&cible);
+    papier.setTitle(titre);
+    papier.setCreator(QStringLiteral("Quelvar"));
+    papier.setPageSize(QPageSize(QPageSize::A4));
+    papier.setPageMargins(QMarginsF(kMargeMm, kMargeMm, kMargeMm, kMargeMm), QPageLayout::Millimeter);
+    const auto lignes = QStringView(texte).split(u'\n');
+    const int colonnes = MesurerPage(papier, PoliceDImpression()).colonnes;
+    const auto deborde = [&](QStringView ligne) {
+      while (ligne.endsWith(u' ') || ligne.endsWith(u'\r')) ligne.chop(1);
+      return ligne.size() > colonnes;
+    };
+    if (std::any_of(lignes.begin(), lignes.end(), deborde)) papier.setPageOrientation(QPageLayout::Landscape);
+    ImprimerTexte(papier, texte, titre);
+  }
+  return cible.commit();
+}
+
+}  // namespace quelvar

@@ -1,0 +1,30 @@
+// What a new .MOD takes over from the one before: marks and labels of the modalities that come back, and the lines of
+// those that do not.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+#include "modalities/modalites.h"
+
+namespace quelvar {
+
+struct AncienneModalite {
+  std::string ligne;  // as it stands in the file
+  std::string nom;    // 4 characters, padded on the right
+  bool reprise = false;
+};
+
+// The lines behind the first two, also behind "**". A line without a name, and one of "**", count as taken over.
+// Raises 62 for less than two lines and the numbers of LecteurLignes.
+std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin);
+
+// Gives each modality its mark and label: those of the first old line of its name, which is then taken over, else the
+// usual ones. With `oublier` the old ones are not used, yet their lines count as taken over. With `nommer` (no table is
+// made) a non-response gets its label and no mark.
+void ReprendreAnciennes(std::vector<ModaliteCreee>& modalites, std::vector<AncienneModalite>& anciennes, bool oublier,
+                        bool nommer);
+
+}  // namespace quelvar

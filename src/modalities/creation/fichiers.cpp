@@ -1,0 +1,61 @@
+#include "modalities/creation/fichiers.h"
+
+#include "core/enquete/brtfile.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+int LargeurDeCellule(const TableBurt& burt) { return LargeurDeTable(burt.PlusGrandEffectif()); }
+
+void EcrireTableBurt(Ecrivain& fichier, const std::vector<ModaliteCreee>& modalites, const TableBurt& burt,
+                     int largeur) {
+  std::vector<std::int64_t> effectifs(modalites.size());
+  for (std::size_t i = 0; i < modalites.size(); ++i) {
+    burt.Ligne(i, effectifs);
+    EcrireLigneBrt(fichier, modalites[i].nom, effectifs, largeur);
+  }
+}
+
+void EcrireIndividus(Ecrivain& fichier, const Chemin& codageLogique, std::size_t modalites, int largeur) {
+  constexpr std::size_t kLargeurNom = 4;
+  const auto w = static_cast<std::size_t>(largeur);
+  LecteurLignes lecteur(codageLogique);
+  std::string cellules(modalites * w, ' ');
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    for (std::size_t j = 0; j < modalites; ++j) cellules[j * w + w - 1] = ligne[kLargeurNom + j];
+    fichier.Ecrire(ligne.substr(0, kLargeurNom));
+    fichier.Ecrire(cellules);
+    fichier.Ligne(ligne.substr(kLargeurNom + modalites));
+  }
+}
+
+std::string LigneDeParametres(std::size_t modalites, std::int64_t individus, int largeur) {
+  const std::string colonnes = Nombre(modalites);
+  if (individus < 0) return Joindre({" BRT=", colonnes, " FMT=", Nombre(largeur), " "});
+  return Joindre({" BRT=1 LIGN=", Nombre(static_cast<std::int64_t>(modalites) + individus), " LSUP=", Nombre(individus),
+                  " COL=", colonnes, " FMT=", Nombre(largeur), " "});
+}
+
+void EcrireMod(Ecrivain& fichier, const std::string& titre, const std::string& parametres,
+               const std::vector<ModaliteCreee>& modalites, const std::vector<AncienneModalite>* anciennes) {
+  fichier.Ligne(titre);
+  fichier.Ligne(parametres);
+  for (const ModaliteCreee& modalite : modalites) {
+    fichier.Ecrire(modalite.nom);
+    fichier.Ecrire(modalite.marque);
+    fichier.Ligne(modalite.intitule);
+  }
+  if (anciennes == nullptr) return;
+  fichier.Ligne("**");
+  for (const AncienneModalite& ancienne : *anciennes)
+    if (!ancienne.reprise) fichier.Ligne(ancienne.ligne);
+}
+
+void EcrirePosMarque(Ecrivain& fichier, const FichierPos& pos, const ChoixQuestions& choix) {
+  for (std::size_t i = 0; i < pos.lignes.size(); ++i) {
+    const bool question = i >= 2 && i < pos.premiereApres;
+    fichier.Ligne(question ? LigneAvecMarque(pos.lignes[i], choix.statuts[i - 2]) : pos.lignes[i]);
+  }
+}
+
+}  // namespace quelvar

@@ -1,0 +1,216 @@
+#include "modalities/creation/posmod.h"
+
+#include "core/enquete/datfile.h"
+#include "core/enquete/modfile.h"
+#include "core/texte/nombres.h"
+#include "modalities/creation/fichiers.h"
+#include "modalities/creation/impression.h"
+#include "modalities/creation/passe.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kDepassementsAuPlus = 50;
+constexpr int kCodeMaxActif = 99;
+
+// What a run starts from.
+struct Preparation {
+  Chemin donnees;
+  FichierPos pos;
+  std::optional<Chemin> ancienMod;
+};
+
+// Opens the files and tells their names.
+Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
+  Preparation preparation;
+  const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  preparation.ancienMod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
+  ExigerFichiers(rapport, contexte.Ecran(),
+                 {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
+                 kArretAbsenceSansAccents);
+  preparation.donnees = *donnees;
+  EcrireBandeau(rapport, "Création des modalités"_w);
+  rapport.Ligne({"Le nom du fichier d'entree est ", contexte.Nom(".DAT")});
+  rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
+  rapport.Ligne({"Ce fichier d'impression a pour nom ", contexte.Nom(".PRT")});
+  rapport.Ligne({"Le nom du fichier des donnees en codage logique est ", contexte.Nom(".CDG")});
+  rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
+  rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
+  preparation.pos = LirePos(*pos);
+  ExigerParentheses(preparation.pos.taille, contexte.Ecran());
+  if (preparation.pos.taille.individus > 0)
+    rapport.Ligne({"Il y a ", NombreNu(preparation.pos.taille.individus), " individus"});
+  return preparation;
+}
+
+ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapport& rapport) {
+  if (!options.actives && !options.supplementaires) return ChoixDesMarques(pos, options.mode);
+  static const std::vector<std::string> aucune;
+  std::vector<std::string> inconnues;
+  ChoixQuestions choix = ChoixDesNoms(pos, options.mode, options.actives ? *options.actives : aucune,
+                                      options.supplementaires ? *options.supplementaires : aucune, inconnues);
+  for (const std::string& nom : inconnues)
+    rapport.Ligne({"La question ", nom, " n'est pas dans le fichier de positions"});
+  if (!inconnues.empty()) throw Erreur(kArretAnnonce);
+  return choix;
+}
+
+// Stops a run that the form would not have started.
+void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const OptionsPosmod& options,
+                     const Dialogue& dialogue) {
+  const std::int64_t actives = CompterModalites(pos, choix, Statut::Actif, options.codesZero);
+  const std::int64_t supplementaires = CompterModalites(pos, choix, Statut::Supplementaire, options.codesZero);
+  const std::string_view refus = options.mode == ModePosmod::Modi
+                                     ? RefusDeNommer(actives)
+                                     : RefusDeLancer(options.individus, options.noms, actives, supplementaires);
+  if (refus.empty()) return;
+  dialogue.biper();
+  dialogue.demander(refus, Boutons::Ok);
+  throw Erreur(kArretAnnonce);
+}
+
+// The count that line 2 of the .POS announces, or that of the data lines when it announces none.
+std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) {
+  if (preparation.pos.taille.individus > 0) return preparation.pos.taille.individus;
+  const std::int64_t individus = CompterLignes(preparation.donnees);
+  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  return individus;
+}
+
+void RefuserCodesMax(const FichierPos& pos, const ChoixQuestions& choix, Rapport& rapport, const Dialogue& dialogue) {
+  for (const std::size_t rang : choix.Rangs(Statut::Actif)) {
+    const Question& question = pos.questions[rang];
+    if (question.codeMax <= kCodeMaxActif) continue;
+    dialogue.demander(Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}),
+                      Boutons::Ok);
+    rapport.Ligne({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w});
+    throw Erreur(kArretAnnonce);
+  }
+}
+
+// Tells a value above its code-max, and stops the run at one too many.
+class Surveillance {
+ public:
+  Surveillance(Rapport& rapport, const Dialogue& dialogue) : rapport_(rapport), dialogue_(dialogue) {}
+
+  void operator()(const Depassement& depassement) {
+    Avertir(rapport_, dialogue_,
+            Joindre({"Avertissement : depassement de code-max ", depassement.question, " Ligne ",
+                     NombreBlanc(depassement.ligne), " Valeur ", NombreBlanc(depassement.valeur)}));
+    if (++nombre_ <= kDepassementsAuPlus) return;
+    Avertir(rapport_, dialogue_,
+            Joindre({"Erreur : arret pour nombre de depassement de code-max >", NombreNu(kDepassementsAuPlus)}));
+    throw Erreur(kArretAnnonce);
+  }
+
+ private:
+  Rapport& rapport_;
+  const Dialogue& dialogue_;
+  int nombre_ = 0;
+};
+
+// The files of a run under their scratch names, put in place together at its end.
+struct Sorties {
+  std::optional<Remplacement> cdg, brt, mod, pos;
+
+  static Ecrivain& Ouvrir(std::optional<Remplacement>& sortie, const Contexte& contexte, std::string_view extension) {
+    return sortie.emplace(contexte.repertoire, contexte.Nom(extension)).Fichier();
+  }
+  void Valider() {
+    for (std::optional<Remplacement>* sortie : {&cdg, &brt, &mod, &pos})
+      if (*sortie) (*sortie)->Achever();
+    for (std::optional<Remplacement>* sortie : {&cdg, &brt, &mod, &pos})
+      if (*sortie) (*sortie)->Valider();
+  }
+};
+
+// Reads the data and writes the tables; returns the parameter line of the .MOD.
+std::string ConstruireTables(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
+                             const OptionsPosmod& options, std::int64_t individus, Sorties& sorties, Rapport& rapport) {
+  const std::size_t modalites = plan.modalites.size();
+  std::optional<CodageLogique> codage;
+  if (options.individus) codage.emplace(Sorties::Ouvrir(sorties.cdg, contexte, ".CDG"), modalites, options.noms);
+  DemandeDePasse demande{preparation.donnees, individus, codage ? &*codage : nullptr, {}};
+  if (options.verifierCodesMax) demande.signaler = Surveillance(rapport, contexte.Ecran());
+  TableBurt burt(modalites);
+  const std::int64_t lus = PasserLesDonnees(preparation.pos, plan, demande, burt, contexte.Ecran());
+  if (lus < individus)
+    Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui prevu");
+
+  const int largeur = LargeurDeCellule(burt);
+  Ecrivain& table = Sorties::Ouvrir(sorties.brt, contexte, ".BRT");
+  EcrireTableBurt(table, plan.modalites, burt, largeur);
+  if (options.individus) {
+    sorties.cdg->Achever();
+    EcrireIndividus(table, sorties.cdg->CheminProvisoire(), modalites, largeur);
+  }
+  return LigneDeParametres(modalites, options.individus ? lus : -1, largeur);
+}
+
+void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, const ChoixQuestions& choix,
+                  const OptionsPosmod& options, Rapport& rapport) {
+  const bool nommer = options.mode == ModePosmod::Modi;
+  std::int64_t individus = 0;
+  if (!nommer) {
+    ImprimerChoix(preparation.pos, choix, options, preparation.ancienMod.has_value(), rapport, contexte.Ecran());
+    individus = CompterIndividus(preparation, rapport);
+  }
+  RefuserCodesMax(preparation.pos, choix, rapport, contexte.Ecran());
+  PlanModalites plan = PlanifierModalites(preparation.pos, choix, options.codesZero);
+  std::vector<AncienneModalite> anciennes;
+  if (preparation.ancienMod) anciennes = LireAnciennes(*preparation.ancienMod);
+  ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer);
+
+  Sorties sorties;
+  const std::string parametres =
+      nommer ? LigneDeParametres(plan.modalites.size(), -1, 0)
+             : ConstruireTables(contexte, preparation, plan, options, individus, sorties, rapport);
+  EcrireMod(Sorties::Ouvrir(sorties.mod, contexte, ".MOD"), contexte.generique, parametres, plan.modalites,
+            preparation.ancienMod ? &anciennes : nullptr);
+  EcrirePosMarque(Sorties::Ouvrir(sorties.pos, contexte, ".POS"), preparation.pos, choix);
+  sorties.Valider();
+  rapport.Ligne();
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+Fin Posmod(const Contexte& contexte, const OptionsPosmod& options) {
+  OptionsPosmod effectives = options;
+  if (options.mode != ModePosmod::Afc) {
+    effectives.individus = options.mode == ModePosmod::Regr;
+    effectives.noms = {};
+    effectives.oublierAnciennes = false;
+  }
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    const Preparation preparation = Preparer(contexte, rapport);
+    const ChoixQuestions choix = Choisir(preparation.pos, effectives, rapport);
+    ExigerModalites(preparation.pos, choix, effectives, contexte.Ecran());
+    MoteurPosmod(contexte, preparation, choix, effectives, rapport);
+  });
+}
+
+std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {
+  std::optional<ChoixPrepare> prepare;
+  Affichage affichage;
+  Dialogue retenue = contexte.Ecran();
+  retenue.afficher = [&](const Affichage& montre) { affichage = montre; };
+  Contexte sansMontrer = contexte;
+  sansMontrer.dialogue = &retenue;
+  ExecuterProgramme(sansMontrer, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    Preparation preparation = Preparer(sansMontrer, rapport);
+    ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
+    prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
+  });
+  if (!prepare) contexte.Ecran().afficher(affichage);
+  return prepare;
+}
+
+Fin AbandonnerPosmod(const Contexte& contexte) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
+                           [&](Rapport& rapport) { Preparer(contexte, rapport); });
+}
+
+}  // namespace quelvar

@@ -1,0 +1,151 @@
+#include "modalities/edition/nomemod.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "core/enquete/listemod.h"
+#include "core/enquete/modfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+#include "modalities/creation/fichiers.h"
+#include "modalities/creation/posmod.h"
+#include "modalities/edition/modifmod.h"
+#include "modalities/edition/nomquest.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::string_view kFinDesModalites = "**";
+
+constexpr std::string_view kGuideClic =
+    "Cliquez maintenant sur la modalité dont vous voulez modifier l'intitulé. Celui-ci apparaitra s'il existe dans une "
+    "ligne en bas. Il faudra alors entrer le texte de l'intitulé ou le modifier, nombre maximum de caractères = 20."_w;
+constexpr std::string_view kGuideSuivant =
+    "En passant au suivant, ou en cliquant sur un autre intitulé, on sauve ce qui était sur la ligne (mais ce n'est "
+    "pas un enregistrement définitif)."_w;
+constexpr std::string_view kGuideFin =
+    "A la fin on enregistre définitivement en utilisant le bouton correspondant ; on peut faire aussi une sauvegarde "
+    "en cours de route."_w;
+
+// Reads the file, or tells that there is none.
+std::optional<ListeModalites> Lire(const Contexte& contexte, std::vector<std::string>& message) {
+  try {
+    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
+    if (chemin && LongueurFichier(*chemin) >= kModVide) return LireListeModalites(*chemin);
+    message = {"*** Attention ***", std::string("Le fichier des noms de modalités n'existe pas encore"_w)};
+  } catch (const Erreur& erreur) {
+    message = {"*** Attention ***", std::string(TexteErreur(erreur.Numero()))};
+  }
+  return std::nullopt;
+}
+
+std::string TexteDeLigne(std::string_view ligne) {
+  const Modalite lue = LireLigneModalite(ligne);
+  return TexteDeModalite(lue.nom, lue.marque, lue.intitule);
+}
+
+ListeModalites ListeNouvelle(std::size_t modalites) {
+  return {std::string("Liste des modalités"_w), LigneDeParametres(modalites, -1, 0), {}, {}};
+}
+
+}  // namespace
+
+EtatNomeMod LireModalitesCreees(const Contexte& contexte) {
+  EtatNomeMod etat;
+  if (const std::optional<ListeModalites> liste = Lire(contexte, etat.message))
+    for (const std::string& texte : liste->textes) etat.modalites.push_back({texte});
+  return etat;
+}
+
+EtatNomeMod LireToutesModalites(const Contexte& contexte) {
+  EtatNomeMod etat;
+  const std::optional<ListeModalites> liste = Lire(contexte, etat.message);
+  if (!liste) return etat;
+  std::unordered_set<std::string> noms;
+  const auto ajouter = [&](const std::string& texte, bool derriere) {
+    if (noms.insert(std::string(NomDeTexte(texte))).second) etat.modalites.push_back({texte, derriere});
+  };
+  for (const std::string& texte : liste->textes) ajouter(texte, false);
+  for (const std::string& ligne : liste->suite)
+    if (!FinitLesModalites(ligne)) ajouter(TexteDeLigne(ligne), true);
+  return etat;
+}
+
+std::string TexteNombrePrevu(std::int64_t modalites) {
+  return Joindre({"Le nombre de modalités prévu est de "_w, Nombre(modalites)});
+}
+
+std::string GuideDuChoix() {
+  return std::string(
+      "Vous pouvez éliminer de votre choix une ou plusieurs questions en les sélectionnant et en utilisant le bouton "
+      "Enlever.\nUne fois votre choix fait, lancer la création des modalités en appuyant sur le bouton A3"_w);
+}
+
+std::string GuideDeLaCreation() {
+  return Joindre({kGuideClic, "\n", kGuideSuivant, "\n", kGuideFin,
+                  "\nLes étapes A1 à A3 peuvent être répétées.\nEn cas de création multiple par erreur, utilisez "
+                  "l'option B qui éliminera de la liste les doublons."_w});
+}
+
+std::string GuideDeLaModification() {
+  return Joindre({"Option B : la liste de toutes les modalités créées précédemment est affichée. "_w, kGuideClic, "\n",
+                  kGuideSuivant, "\n", kGuideFin});
+}
+
+void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
+  ListeModalites liste = chemin ? LireListeModalites(*chemin) : ListeNouvelle(modalites.size());
+  std::unordered_set<std::string> noms;
+  for (const ModaliteNommee& modalite : modalites) noms.emplace(NomDeTexte(modalite.texte));
+  const auto tenue = [&](std::string_view ligne) { return noms.contains(CadreGauche(ligne, 4)); };
+
+  std::vector<std::string> presentes;
+  std::vector<std::string> suite;
+  for (const ModaliteNommee& modalite : modalites) {
+    if (modalite.derriere) suite.push_back(modalite.texte);
+    else presentes.push_back(TexteDeModalite(NomDeTexte(modalite.texte), {}, IntituleDeTexte(modalite.texte)));
+  }
+  for (const std::string& texte : liste.textes)
+    if (!tenue(texte)) presentes.push_back(texte);
+  for (std::size_t i = 1; i < liste.suite.size(); ++i)
+    if (FinitLesModalites(liste.suite[i]) || !tenue(liste.suite[i])) suite.push_back(liste.suite[i]);
+  if (!liste.suite.empty()) suite.insert(suite.begin(), liste.suite.front());
+  else if (!suite.empty()) suite.insert(suite.begin(), std::string(kFinDesModalites));
+  liste.textes = std::move(presentes);
+  liste.suite = std::move(suite);
+  EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), liste);
+}
+
+Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites) {
+  return RendreCompte(contexte, kIntitulesSauvegardes, [&] { SauverNomeMod(contexte, modalites); });
+}
+
+Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
+  if (options.questions) {
+    OptionsPosmod creation;
+    creation.mode = ModePosmod::Modi;
+    creation.actives = options.questions;
+    creation.codesZero = options.codesZero;
+    if (Posmod(contexte, creation) == Fin::Arret) return Fin::Arret;
+  }
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    EtatNomeMod etat = options.questions ? LireModalitesCreees(contexte) : LireToutesModalites(contexte);
+    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
+    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    for (const auto& [nom, intitule] : options.intitules) {
+      const std::string cherche = CadreGauche(nom, 4);
+      const auto modalite = std::find_if(etat.modalites.begin(), etat.modalites.end(),
+                                         [&](const auto& m) { return NomDeTexte(m.texte) == cherche; });
+      if (modalite == etat.modalites.end()) {
+        rapport.Ligne({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
+        throw Erreur(kArretAnnonce);
+      }
+      PoserIntitule(modalite->texte, intitule);
+    }
+    SauverNomeMod(contexte, etat.modalites);
+    rapport.Ligne(kIntitulesSauvegardes);
+  });
+}
+
+}  // namespace quelvar

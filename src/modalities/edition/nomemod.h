@@ -1,0 +1,50 @@
+// NomeMod: creates the modalities of chosen questions without reading the data, and edits the labels of modalities.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/programme/programme.h"
+
+namespace quelvar {
+
+struct ModaliteNommee {
+  std::string texte;      // name, mark and label, as core/listemod has them
+  bool derriere = false;  // stands behind "**"
+};
+
+// What the form works on. Without a list, the lines of `message` tell why.
+struct EtatNomeMod {
+  std::vector<std::string> message;
+  std::vector<ModaliteNommee> modalites;
+};
+
+// Option A: the modalities that a creation has just left in the .MOD.
+EtatNomeMod LireModalitesCreees(const Contexte& contexte);
+// Option B: every modality of the .MOD, those behind "**" too, each name once.
+EtatNomeMod LireToutesModalites(const Contexte& contexte);
+
+// The text of TitreNbPos, and those of TextMsg.
+std::string TexteNombrePrevu(std::int64_t modalites);
+std::string GuideDuChoix();
+std::string GuideDeLaCreation();
+std::string GuideDeLaModification();
+
+// Writes the list into the .MOD, or a new one: the modalities in its order, without marks, and behind "**" those that
+// stood there, with their marks. What the file holds besides stays as it is.
+void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites);
+// The same at the end of the form.
+Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites);
+
+// The same without a form: option A with questions, else option B.
+struct OptionsNomeMod {
+  std::optional<std::vector<std::string>> questions = {};
+  bool codesZero = true;
+  std::vector<std::pair<std::string, std::string>> intitules = {};  // modality, label
+};
+Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options);
+
+}  // namespace quelvar

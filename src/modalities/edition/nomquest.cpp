@@ -1,0 +1,107 @@
+#include "modalities/edition/nomquest.h"
+
+#include <algorithm>
+
+#include "core/enquete/posfile.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kColonnesDeQuestion = 8;  // columns that a label never enters, less the blank before it
+
+// The question that a line of the list stands for: that of the same rank, or, in a file that has changed, the first of
+// the same name.
+std::size_t RangDansFichier(const FichierPos& pos, const std::vector<NomDeQuestion>& questions, std::size_t rang) {
+  const std::string& nom = questions[rang].nom;
+  if (rang < pos.questions.size() && pos.questions[rang].nom == nom) return rang;
+  const auto trouvee =
+      std::find_if(pos.questions.begin(), pos.questions.end(), [&](const Question& q) { return q.nom == nom; });
+  return static_cast<std::size_t>(trouvee - pos.questions.begin());
+}
+
+}  // namespace
+
+EtatNomQuest ChargerNomQuest(const Contexte& contexte) {
+  EtatNomQuest etat;
+  try {
+    const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+    if (!chemin) {
+      etat.message = {"*** Attention ***",
+                      std::string("Le fichier des noms de questions n'existe pas, appuyez sur 'Annuler'")};
+      return etat;
+    }
+    for (const Question& question : LirePos(*chemin).questions)
+      etat.questions.push_back({question.nom, question.intitule});
+  } catch (const Erreur& erreur) {
+    etat.message = {"*** Attention ***", std::string(TexteErreur(erreur.Numero()))};
+  }
+  return etat;
+}
+
+std::string TexteDeRecapitulatif(const NomDeQuestion& question) {
+  return Joindre({question.nom, " ", question.intitule});
+}
+
+std::string_view NommerQuestion(NomDeQuestion& question, std::string_view intitule) {
+  if (intitule == question.intitule) return {};
+  if (intitule.size() > kLongueurDeNomMaximum) return kNomTropLong;
+  if (intitule.find('$') != std::string_view::npos) return "un intitulé ne peut pas contenir le signe $"_w;
+  question.intitule = intitule;
+  question.modifie = true;
+  return {};
+}
+
+std::string LigneAvecIntitule(std::string_view ligne, std::string_view intitule) {
+  std::string resultat(ligne);
+  const std::size_t premier = resultat.find('$');
+  const std::size_t second = premier == std::string::npos ? premier : resultat.find('$', premier + 1);
+  if (second != std::string::npos) return resultat.replace(premier + 1, second - premier - 1, intitule);
+  if (intitule.empty()) return resultat;
+  // Readers take the first two "$": a lone one has to come behind them.
+  if (premier != std::string::npos) return resultat.insert(premier, Joindre({"$", intitule, "$ "}));
+  resultat.resize(std::max(resultat.size(), kColonnesDeQuestion), ' ');
+  return resultat + Joindre({" $", intitule, "$"});
+}
+
+void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  if (!chemin) throw Erreur(kFichierIntrouvable);
+  FichierPos pos = LirePos(*chemin);
+  for (std::size_t i = 0; i < questions.size(); ++i) {
+    const std::size_t rang = RangDansFichier(pos, questions, i);
+    if (!questions[i].modifie || rang == pos.questions.size()) continue;
+    std::string& ligne = pos.lignes[rang + 2];
+    ligne = LigneAvecIntitule(ligne, questions[i].intitule);
+  }
+  Remplacement fichier(contexte.repertoire, contexte.Nom(".POS"));
+  for (const std::string& ligne : pos.lignes) fichier.Fichier().Ligne(ligne);
+  fichier.Valider();
+}
+
+Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions) {
+  return RendreCompte(contexte, kIntitulesSauvegardes, [&] { SauverNomQuest(contexte, questions); });
+}
+
+Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    EtatNomQuest etat = ChargerNomQuest(contexte);
+    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
+    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    for (const auto& [nom, intitule] : options.intitules) {
+      const auto question = std::find_if(etat.questions.begin(), etat.questions.end(), [&nom = nom](const auto& q) {
+        return CadreGauche(q.nom, 3) == CadreGauche(nom, 3);
+      });
+      const std::string_view refus = question == etat.questions.end()
+                                         ? "la question n'est pas dans le fichier de positions"
+                                         : NommerQuestion(*question, intitule);
+      if (refus.empty()) continue;
+      rapport.Ligne({nom, " : ", refus});
+      throw Erreur(kArretAnnonce);
+    }
+    SauverNomQuest(contexte, etat.questions);
+    rapport.Ligne(kIntitulesSauvegardes);
+  });
+}
+
+}  // namespace quelvar

@@ -1,0 +1,44 @@
+// The modalities of a choice of questions: their order, names and types.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "modalities/creation/choix.h"
+
+namespace quelvar {
+
+struct QuestionChoisie {
+  std::size_t rang = 0;        // in the .POS, from 0
+  std::uint32_t premiere = 0;  // index of its first modality, from 0
+  int codeMax = 0;
+};
+
+struct ModaliteCreee {
+  std::string nom;              // 4 characters
+  bool supplementaire = false;  // of a supplementary question
+  std::string marque;           // 3 characters
+  std::string intitule;         // at most 25 characters
+};
+
+// The questions in the order in which they are read, active ones first, and the modalities that they take.
+struct PlanModalites {
+  std::vector<QuestionChoisie> questions;
+  std::vector<ModaliteCreee> modalites;
+  bool codesZero = true;
+};
+
+// Name of a modality: three characters of the question and the code character, or from code 36 on two characters and
+// two digits. Raises 9 for a code above 99.
+std::string NomDeModalite(std::string_view nomQuestion, int code);
+
+// Lays out and names the modalities; marks and labels stay empty. Raises 9 for a code-max above 99 or below 0.
+PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& choix, bool codesZero);
+
+// True for the modalities that are supplementary, or called a non-response, unless an earlier .MOD says otherwise: code
+// 0, every supplementary one, and any name that ends in "0".
+bool EstEcartee(const ModaliteCreee& modalite);
+
+}  // namespace quelvar

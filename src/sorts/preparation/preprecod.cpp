@@ -1,0 +1,428 @@
+#include "sorts/preparation/preprecod.h"
+
+#include <algorithm>
+
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+#include "sorts/regles/regles.h"
+#include "sorts/regles/vit.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kLargeurTete = 10;
+constexpr std::size_t kLargeurNomVit = 3;
+constexpr int kFinCodeVit = 9;       // last column of the code of an element
+constexpr int kCodeVitMaximum = 99;  // two columns
+constexpr std::string_view kMarqueVit = "$$";
+
+const Question* Courante(const EtatPrepRecod& etat) {
+  return etat.courante ? &etat.questions[*etat.courante].question : nullptr;
+}
+
+// A question line keeps its columns 1-10; a label that starts in column 10 is not one of them.
+std::string TeteDe(const std::string& ligne) {
+  std::string tete = CadreGauche(ligne, kLargeurTete);
+  if (tete.back() == '$' || tete.back() == '&') tete.back() = ' ';
+  return tete;
+}
+
+// The keywords of a size line, as they stand.
+std::string_view MotsDe(std::string_view ligneTaille) {
+  return ligneTaille.substr(LireConsignesTaille(ligneTaille).avant.size());
+}
+
+void PrendreTaille(EtatPrepRecod& etat, const std::string& ligneTaille) {
+  const ConsignesTaille consignes = LireConsignesTaille(ligneTaille);
+  etat.motsLus = MotsDe(ligneTaille);
+  if (consignes.ponderation) etat.ponderation = consignes.question.empty() ? kNomPonderation : consignes.question;
+  etat.maximum = consignes.maximum;
+  etat.filtre = etat.filtreAffiche = RognerDroite(consignes.filtre);
+}
+
+void PrendreVit(EtatPrepRecod& etat, const FichierPos& pos) {
+  const std::span<const std::string> apres = std::span(pos.lignes).subspan(pos.premiereApres);
+  const std::size_t lignes = pos.fin == FinDeListe::Dollars ? LireBlocVit(apres).lignes : 0;
+  for (const std::string& ligne : apres.first(lignes))
+    if (Rogner(ligne) != kMarqueVit) etat.vit.push_back(ligne);
+  etat.vitAffichee = etat.vit;
+  etat.suite.assign(apres.begin() + static_cast<std::ptrdiff_t>(lignes), apres.end());
+}
+
+std::string MessageDAccueil(const EtatPrepRecod& etat) {
+  std::string message = Joindre(
+      {"Cette fenêtre prépare 4 opérations qui seront mises en oeuvre dans le programme 'Modifier' 2) recoder, etc.\r\n"
+       "Recoder : c'est la plus classique\r\n"
+       "Pondérer : faire que chaque individu compte pour plusieurs en fonction d'une variable précise\r\n"
+       "Filtrer : créer un nouveau fichier en excluant des individus ou en en sélectionnant\r\n"
+       "VIT : créer des variables idéales-typiques\r\n"
+       "\r\n"
+       "Des boutons d'aide spécifiques à chaque opération sont disponibles. Pour les utilisateurs avertis, il est "
+       "possible de créer toutes ses opérations et de faire des modifications sous l'éditeur de *.POS, voir la "
+       "documentation"_w});
+  if (!etat.ponderation.empty()) message += "\r\n\r\nUne question à déjà été prise comme pondération"_w;
+  if (!etat.filtre.empty()) message += "\r\n\r\nUn filtre existe déjà"_w;
+  return message;
+}
+
+EtatPrepRecod Lire(const Contexte& contexte, const Chemin& chemin) {
+  const FichierPos pos = LirePos(chemin);
+  ExigerParentheses(pos.taille, contexte.Ecran());
+  EtatPrepRecod etat;
+  etat.lues.assign(pos.lignes.begin() + 2, pos.lignes.end());
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
+    if (pos.questions[i].intituleOuvert) {
+      contexte.Ecran().demander(Joindre({FauteIntitule(pos.questions[i]), kCorrigezRelancez}), Boutons::Ok);
+      throw Erreur(kArretAnnonce);
+    }
+    etat.questions.push_back({pos.questions[i], TeteDe(pos.lignes[i + 2])});
+  }
+  PrendreTaille(etat, pos.taille.texte);
+  PrendreVit(etat, pos);
+  etat.message = MessageDAccueil(etat);
+  return etat;
+}
+
+}  // namespace
+
+std::optional<EtatPrepRecod> PreparerRecodage(const Contexte& contexte) {
+  std::optional<EtatPrepRecod> etat;
+  std::optional<Erreur> panne;
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  try {
+    if (pos) etat = Lire(contexte, *pos);
+  } catch (const Erreur& erreur) {
+    if (erreur.Numero() == kArretAnnonce) return std::nullopt;
+    panne = erreur;
+  }
+  if (etat) return etat;
+  // Only what went wrong makes a report: an older .PRT is not emptied by looking at the questions.
+  ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".POS"), pos.has_value()}}, kArretAbsence);
+    throw Erreur(*panne);
+  });
+  return std::nullopt;
+}
+
+// --- the list of questions and the rule ---
+
+void ChoisirQuestion(EtatPrepRecod& etat, std::size_t question) {
+  etat.courante = question < etat.questions.size() ? std::optional(question) : std::nullopt;
+}
+
+std::string_view LibelleEnCours(const EtatPrepRecod& etat) {
+  return etat.courante ? std::string_view("Question en cours") : std::string_view("Pas de question en cours");
+}
+
+bool ValiderRegle(EtatPrepRecod& etat, std::string_view texte) {
+  const Question* question = Courante(etat);
+  if (question == nullptr) {
+    etat.message = "Cliquer sur une question à recoder"_w;
+    return false;
+  }
+  std::string regle(Rogner(texte));
+  std::erase(regle, '$');  // the sign of the label
+  etat.message.clear();
+  if (regle.empty()) {
+    etat.message = "Pas de recodage";
+  } else if (regle == "S" || regle == "s") {
+    etat.message = "Recodage standard";
+  } else {
+    const RegleVerifiee verifiee = VerifierRegle(LireRegle(regle), {question->codeMax, 0}, UsageRegle::Formulaire);
+    for (const FauteTrouvee& faute : verifiee.fautes)
+      etat.message += Joindre({TexteFauteFormulaire(faute.quoi), "\r\n"});
+    if (!verifiee.fautes.empty()) {
+      etat.message += "***Attention erreur à corriger***"_w;
+      return false;
+    }
+    etat.message = "La question est validée"_w;
+  }
+  etat.questions[*etat.courante].question.regle = regle;
+  etat.modifie = true;
+  return true;
+}
+
+void EffacerRegle(EtatPrepRecod& etat) {
+  if (!etat.courante) {
+    etat.message = "Cliquer sur une question à recoder"_w;
+    return;
+  }
+  etat.questions[*etat.courante].question.regle.clear();
+  etat.modifie = true;
+  etat.message = "La question est validée sans recodage"_w;
+}
+
+// --- weighting ---
+
+void ValiderPonderation(EtatPrepRecod& etat) {
+  const Question* question = Courante(etat);
+  if (question == nullptr) {
+    etat.message = "Cliquer sur une question à prendre comme pondération"_w;
+    return;
+  }
+  etat.ponderation = Majuscules(question->nom);
+  etat.modifie = true;
+  etat.message.clear();
+}
+
+void EffacerPonderation(EtatPrepRecod& etat) {
+  etat.ponderation.clear();
+  etat.modifie = true;
+  etat.message = "Choisir une nouvelle question pour la pondération"_w;
+}
+
+void ChoisirEffectif(EtatPrepRecod& etat, bool maximum) {
+  etat.modifie = etat.modifie || etat.maximum != maximum;
+  etat.maximum = maximum;
+}
+
+// --- filter ---
+
+namespace {
+
+// Names of the questions in the displayed filter, the last one with or without its code.
+std::vector<ElementFiltre> ElementsAffiches(const EtatPrepRecod& etat) {
+  return LireFiltre(etat.filtreAffiche).elements;
+}
+
+}  // namespace
+
+void ChoisirSens(EtatPrepRecod& etat, SensFiltre sens) {
+  etat.message.clear();
+  etat.filtreAffiche = sens == SensFiltre::Inclure ? "INCL " : sens == SensFiltre::Exclure ? "EXCL " : "";
+  if (sens != SensFiltre::Aucun) return;
+  etat.modifie = etat.modifie || !etat.filtre.empty();
+  etat.filtre.clear();
+}
+
+SensFiltre SensAffiche(const EtatPrepRecod& etat) { return LireConsignesTaille(etat.filtreAffiche).sens; }
+
+bool AjouterQuestionAuFiltre(EtatPrepRecod& etat) {
+  const Question* question = Courante(etat);
+  if (question == nullptr) {
+    etat.message = "Cliquer sur une question à prendre comme filtre";
+    return false;
+  }
+  if (SensAffiche(etat) == SensFiltre::Aucun) return false;
+  const std::string nom = Majuscules(Rogner(question->nom));
+  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
+  if (std::ranges::any_of(elements, [&](const ElementFiltre& e) { return e.egal && Majuscules(e.nom) == nom; })) {
+    etat.filtreAffiche.clear();
+    etat.message =
+        "La question a déjà été utilisée : aucune individu ne peut logiquement avoir deux codes différents. Le filtre "
+        "est annulé"_w;
+    return false;
+  }
+  if (elements.empty()) etat.filtreAffiche += ' ';  // the keyword stands alone
+  else if (elements.back().egal) etat.filtreAffiche += " + ";
+  else etat.filtreAffiche.erase(etat.filtreAffiche.find_last_of(" +&") + 1);
+  etat.filtreAffiche += nom;
+  etat.message.clear();
+  return true;
+}
+
+void AjouterCodeAuFiltre(EtatPrepRecod& etat, int code) {
+  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
+  if (elements.empty() || elements.back().nom.empty()) return;
+  if (elements.back().egal) etat.filtreAffiche.erase(etat.filtreAffiche.rfind('='));
+  etat.filtreAffiche += "=" + Nombre(code);
+}
+
+void AjouterExpression(EtatPrepRecod& etat) {
+  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
+  if (!elements.empty() && elements.back().egal) etat.filtreAffiche += " + ";
+  etat.message = "Recommencer à choisir une question"_w;
+}
+
+void ValiderFiltre(EtatPrepRecod& etat) {
+  etat.filtre = Rogner(etat.filtreAffiche);
+  etat.modifie = true;
+  etat.message = "Le filtre affiché est validé (mais non enregistré)"_w;
+}
+
+// --- VIT ---
+
+namespace {
+
+bool EstElement(const std::string& ligne) { return ligne.find(kMarqueVit) == std::string::npos; }
+
+// The line of the element that is being built, if there is one.
+std::string* ElementEnCours(EtatPrepRecod& etat) {
+  return etat.vitAffichee.empty() || !EstElement(etat.vitAffichee.back()) ? nullptr : &etat.vitAffichee.back();
+}
+
+// Columns 8-9 of the element that is being built.
+void PoserCode(EtatPrepRecod& etat, const std::string& texte) {
+  std::string* element = ElementEnCours(etat);
+  if (element == nullptr || element->size() < kLargeurNomVit) return;
+  element->resize(kLargeurNomVit);
+  *element += CadreDroit(texte, kFinCodeVit - static_cast<int>(kLargeurNomVit));
+}
+
+}  // namespace
+
+void CommencerVit(EtatPrepRecod& etat, std::string_view nom) {
+  std::string court(Rogner(nom));
+  std::erase(court, '$');
+  if (court.empty()) {
+    etat.message = "Nom vide, recommencez ou annulez";
+    return;
+  }
+  if (std::string* inacheve = ElementEnCours(etat); inacheve != nullptr && inacheve->empty())
+    etat.vitAffichee.pop_back();
+  etat.vitAffichee.push_back(Joindre({kMarqueVit, court.substr(0, kLargeurNomVit)}));
+  etat.message.clear();
+}
+
+bool AjouterQuestionALaVit(EtatPrepRecod& etat) {
+  const Question* question = Courante(etat);
+  if (question == nullptr) {
+    etat.message = "Cliquer sur une question à prendre comme VIT";
+    return false;
+  }
+  if (etat.vitAffichee.empty()) return false;
+  std::string* element = ElementEnCours(etat);
+  // A name that got no code gives way to the new one.
+  if (element == nullptr || element->size() > kLargeurNomVit) element = &etat.vitAffichee.emplace_back();
+  *element = CadreGauche(question->nom, kLargeurNomVit);
+  etat.message.clear();
+  return true;
+}
+
+void AjouterCodeALaVit(EtatPrepRecod& etat, int code) { PoserCode(etat, Nombre(code)); }
+
+void AjouterScoreALaVit(EtatPrepRecod& etat, std::string_view score) {
+  const std::string_view seul = Rogner(score);
+  std::string* element = ElementEnCours(etat);
+  if (seul == "+") PoserCode(etat, "+");
+  else if (element != nullptr && !seul.empty()) *element += Joindre({" ", seul});
+}
+
+void CommencerElementDeVit(EtatPrepRecod& etat) {
+  const std::string* element = ElementEnCours(etat);
+  if (element != nullptr && !element->empty()) etat.vitAffichee.emplace_back();
+  etat.message = "Cliquer sur une question à prendre comme VIT";
+}
+
+void CorrigerVit(EtatPrepRecod& etat) { etat.message = "Corrigez les erreurs éventuelles et validez la VIT"_w; }
+
+void ReprendreTexteVit(EtatPrepRecod& etat, std::string_view texte) {
+  etat.vitAffichee.clear();
+  while (!texte.empty()) {
+    const std::size_t fin = std::min(texte.find('\n'), texte.size());
+    std::string_view ligne = texte.substr(0, fin);
+    if (!ligne.empty() && ligne.back() == '\r') ligne.remove_suffix(1);
+    etat.vitAffichee.emplace_back(ligne);
+    texte.remove_prefix(std::min(fin + 1, texte.size()));
+  }
+}
+
+std::string TexteVit(const EtatPrepRecod& etat) {
+  std::string texte;
+  for (const std::string& ligne : etat.vitAffichee) texte += (texte.empty() ? "" : "\r\n") + ligne;
+  return texte;
+}
+
+void ValiderVit(EtatPrepRecod& etat) {
+  std::vector<std::string> lignes = etat.vitAffichee;
+  std::erase_if(lignes, [](const std::string& l) { return Rogner(l).empty() || Rogner(l) == kMarqueVit; });
+  // Without the line of its name the block would be taken for questions.
+  if (!lignes.empty() && MarqueDeFin(lignes.front()) != FinDeListe::Dollars) {
+    etat.message = "Nom vide, recommencez ou annulez";
+    return;
+  }
+  etat.vit = etat.vitAffichee = std::move(lignes);
+  etat.modifie = true;
+  etat.message = "La VIT affichée est validée (mais non enregistrée)"_w;
+}
+
+void SupprimerVit(EtatPrepRecod& etat) {
+  etat.message = etat.vitAffichee.empty() && etat.vit.empty() ? std::string_view("Il n'y a pas de VIT en cours")
+                                                              : "La VIT a été supprimée"_w;
+  etat.modifie = etat.modifie || !etat.vit.empty();
+  etat.vitAffichee.clear();
+  etat.vit.clear();
+}
+
+namespace {
+
+std::vector<int> CodesJusqua(int maximum) {
+  std::vector<int> codes;
+  for (int code = 0; code <= maximum; ++code) codes.push_back(code);
+  return codes;
+}
+
+}  // namespace
+
+std::vector<int> CodesPourFiltre(const EtatPrepRecod& etat) {
+  const Question* question = Courante(etat);
+  return question == nullptr ? std::vector<int>{} : CodesJusqua(question->codeMax);
+}
+
+std::vector<int> CodesPourVit(const EtatPrepRecod& etat) {
+  const Question* question = Courante(etat);
+  return question == nullptr ? std::vector<int>{} : CodesJusqua(std::min(question->codeMax, kCodeVitMaximum));
+}
+
+// --- saving ---
+
+namespace {
+
+std::string LigneTailleNeuve(const EtatPrepRecod& etat, std::string_view ancienne) {
+  std::string ligne(Rogner(LireConsignesTaille(ancienne).avant));
+  if (!etat.ponderation.empty()) ligne += Joindre({" POND=", etat.ponderation, " "});
+  if (etat.maximum) ligne += " MAX ";
+  if (!etat.filtre.empty()) ligne += Joindre({" ", etat.filtre, " "});
+  return ligne;
+}
+
+std::string LigneQuestionNeuve(const QuestionPreparee& preparee) {
+  const Question& question = preparee.question;
+  std::string ligne = Joindre({preparee.tete, question.regle, MarqueDe(question.statut)});
+  if (!question.intitule.empty()) ligne += Joindre({"$", question.intitule, "$"});
+  return ligne;
+}
+
+// The file from line 3 on.
+std::vector<std::string> LignesNeuves(const EtatPrepRecod& etat) {
+  std::vector<std::string> lignes;
+  for (const QuestionPreparee& question : etat.questions) lignes.push_back(LigneQuestionNeuve(question));
+  lignes.insert(lignes.end(), etat.vit.begin(), etat.vit.end());
+  if (!etat.vit.empty()) lignes.emplace_back(kMarqueVit);
+  // Lines that stood behind a VIT are no questions.
+  else if (!etat.suite.empty() && !MarqueDeFin(etat.suite.front())) lignes.emplace_back("**");
+  lignes.insert(lignes.end(), etat.suite.begin(), etat.suite.end());
+  return lignes;
+}
+
+}  // namespace
+
+bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  if (!chemin) throw Erreur(kFichierIntrouvable);
+  LecteurLignes lecteur(*chemin);
+  const std::string titre(lecteur.LireObligatoire());
+  const std::string taille(lecteur.LireObligatoire());
+  std::vector<std::string> presentes;
+  for (std::string_view ligne; lecteur.Lire(ligne);) presentes.emplace_back(ligne);
+  if (presentes != etat.lues || MotsDe(taille) != etat.motsLus) {
+    etat.message =
+        "Le fichier *.POS a été modifié depuis l'ouverture de cette fenêtre : rien n'est enregistré, annulez et "
+        "recommencez"_w;
+    return false;
+  }
+  std::vector<std::string> lignes = LignesNeuves(etat);
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  pos.Fichier().Ligne(titre);
+  const std::string tailleNeuve = LigneTailleNeuve(etat, taille);
+  pos.Fichier().Ligne(tailleNeuve);
+  for (const std::string& ligne : lignes) pos.Fichier().Ligne(ligne);
+  pos.Valider();
+  etat.motsLus = MotsDe(tailleNeuve);
+  etat.lues = std::move(lignes);
+  etat.modifie = false;
+  return true;
+}
+
+}  // namespace quelvar

@@ -1,0 +1,44 @@
+// The preparation of a recoding without its form: instructions given one by one, checked like those typed on the form,
+// and written to the .POS all together or not at all.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/programme/programme.h"
+#include "sorts/regles/taille.h"
+
+namespace quelvar {
+
+struct ElementDeScript {
+  std::string question;
+  std::optional<int> code;  // none: the value of the question is added
+  std::string score;
+};
+
+struct VitDeScript {
+  std::string nom;
+  std::vector<ElementDeScript> elements;
+};
+
+struct FiltreDeScript {
+  SensFiltre sens = SensFiltre::Aucun;  // none: the filter is taken out
+  std::vector<std::pair<std::string, int>> expressions;
+};
+
+struct OptionsPrepRecod {
+  std::vector<std::pair<std::string, std::string>> regles;  // question and rule; an empty rule takes the old one out
+  std::optional<std::string> ponderation;                   // question; empty: the weighting is taken out
+  std::optional<bool> maximum;
+  std::optional<FiltreDeScript> filtre;
+  bool supprimerVit = false;
+  std::vector<VitDeScript> vits;  // put behind those of the file
+};
+
+// Tells what became of each instruction in a report that is not kept; one that has a fault stops the run and leaves the
+// .POS as it was.
+Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options);
+
+}  // namespace quelvar

@@ -1,0 +1,108 @@
+#include "sorts/recodage/edition.h"
+
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kLargeurNom = 3;
+
+// Name of a recoded question in the new file.
+std::string NomNeuf(const Question& question, ModeRecodage mode) {
+  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurNom - 1) : question.nom;
+}
+
+void EcrireLigneTable(Rapport& rapport, const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
+  const Question& question = consignes.pos.questions[champ.question];
+  rapport.Suite({CadreGauche(NomNeuf(question, consignes.mode), 4), "  ", EntierDroit(champ.position, 4), "  ",
+                 EntierDroit(question.codeMax, 3), "  ", EntierDroit(champ.codeMax, 3), "   ", regle, " "});
+  if (champ.liberees > 0) {
+    rapport.Suite({NombreNu(champ.liberees), " position(s) inutilisee(s) apres la position ", NombreNu(champ.position),
+                   " et marquee(s) d'un X(Y) dans les donnees"});
+  }
+  rapport.Ligne(question.intitule);
+}
+
+void EcrireTableVit(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
+  rapport.Ligne();
+  rapport.Ligne("Variables Ideales Typiques VIT (ou variables crees)");
+  rapport.Ligne("     Posi-  Code-max                    ");
+  rapport.Ligne("Nom  tion  Theorique");
+  for (const VitNeuve& vit : plan.vits) {
+    if (vit.ramene) {
+      rapport.Ligne("Attention, le code-max theorique suivant depassait 999 ");
+      rapport.Ligne("il a ete ramene a 999");
+    }
+    rapport.Ligne({CadreGauche(consignes.vits[vit.demandee].nom, 4), "  ", EntierDroit(vit.position, 4), "  ",
+                   EntierDroit(vit.codeMax, 3)});
+  }
+}
+
+std::string DebutDeLigne(std::string_view nom, int position, int codeMax) {
+  return Joindre({CadreGauche(nom, kLargeurNom), EntierDroit(position, 4), TexteCodeMax(codeMax)});
+}
+
+void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& question, Texte avantIntitule) {
+  sortie.Ecrire(debut);
+  sortie.Ecrire(question.type);
+  if (!question.intitule.empty()) sortie.Ecrire(Joindre({avantIntitule, question.intitule, "$ "}));
+  sortie.Ligne(MarqueDe(question.statut));
+}
+
+void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const Plan& plan) {
+  std::size_t suivant = 0;
+  for (std::size_t i = 0; i < consignes.pos.questions.size(); ++i) {
+    const Question& question = consignes.pos.questions[i];
+    const bool recodee = suivant < plan.champs.size() && plan.champs[suivant].question == i;
+    const int codeMax =
+        recodee && consignes.mode == ModeRecodage::SurPlace ? plan.champs[suivant].codeMax : question.codeMax;
+    if (recodee) ++suivant;
+    EcrireQuestion(sortie, DebutDeLigne(question.nom, question.position, codeMax), question, " $");
+  }
+}
+
+void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const Plan& plan) {
+  const std::string_view avantIntitule = consignes.mode == ModeRecodage::EnFin ? " $ Rec " : " $";
+  for (const ChampNeuf& champ : plan.champs) {
+    const Question& question = consignes.pos.questions[champ.question];
+    EcrireQuestion(sortie, DebutDeLigne(NomNeuf(question, consignes.mode), champ.position, champ.codeMax), question,
+                   avantIntitule);
+  }
+}
+
+// The lines behind the question list; the block of VIT that they open is not to be carried out again.
+void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
+  for (std::size_t i = pos.premiereApres; i < pos.lignes.size(); ++i) {
+    std::string ligne = pos.lignes[i];
+    const std::size_t marque = i == pos.premiereApres ? ligne.find("$$") : std::string::npos;
+    if (marque != std::string::npos) ligne.replace(marque, 2, "**");
+    sortie.Ligne(ligne);
+  }
+}
+
+}  // namespace
+
+void EcrireTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
+  rapport.Ligne("Impression de la table de recodage");
+  rapport.Ligne("     Posi-  Code-max                    ");
+  rapport.Ligne("Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w);
+  for (std::size_t i = 0; i < plan.champs.size(); ++i)
+    EcrireLigneTable(rapport, consignes, plan.champs[i], consignes.aRegle[i].regle);
+  if (!plan.vits.empty()) EcrireTableVit(rapport, consignes, plan);
+}
+
+void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,
+                   const std::string& generique) {
+  sortie.Ligne(Joindre({consignes.pos.titre, " Recode en ", generique}));
+  std::string ligneTaille = NombreNu(taille.individus);
+  if (taille.avantPonderation != 0) ligneTaille += Joindre({"(", NombreNu(taille.avantPonderation), ")"});
+  sortie.Ligne(ligneTaille);
+  if (consignes.mode != ModeRecodage::Seules) EcrireAnciennes(sortie, consignes, plan);
+  if (consignes.mode != ModeRecodage::SurPlace) EcrireRecodees(sortie, consignes, plan);
+  for (const VitNeuve& vit : plan.vits)
+    sortie.Ligne(DebutDeLigne(consignes.vits[vit.demandee].nom, vit.position, vit.codeMax));
+  if (consignes.mode != ModeRecodage::Seules) EcrireSuite(sortie, consignes.pos);
+}
+
+}  // namespace quelvar

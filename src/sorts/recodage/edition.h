@@ -1,0 +1,23 @@
+// Printing of a recoding: its table in the report, and the position file of the new generic.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/programme/report.h"
+#include "sorts/recodage/plan.h"
+
+namespace quelvar {
+
+void EcrireTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan);
+
+// The counts of the size line of the new position file; `avantPonderation` 0 leaves the parentheses out.
+struct TailleNeuve {
+  std::int64_t individus = 0;
+  std::int64_t avantPonderation = 0;
+};
+
+void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,
+                   const std::string& generique);
+
+}  // namespace quelvar

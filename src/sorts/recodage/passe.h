@@ -1,0 +1,37 @@
+// The pass over the individuals of a recoding: every line is copied once, its fields are patched through tables, and
+// it is written as often as it weighs.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include "core/enquete/datfile.h"
+#include "core/programme/programme.h"
+#include "sorts/recodage/plan.h"
+
+namespace quelvar {
+
+// Told of each value above the code-max of its question, and of each score of a VIT above 999; `ligne` counts from 1.
+struct TemoinsDePasse {
+  std::function<void(std::size_t question, std::int64_t ligne)> depassement;
+  std::function<void(std::size_t vit, std::int64_t ligne)> scoreTropGrand;
+};
+
+struct BilanDePasse {
+  std::int64_t entree = 0;  // lines read
+  std::int64_t sortie = 0;  // lines that the filter and the weights give
+  std::int64_t pas = 1;     // one line in so many of those is written
+  std::int64_t ecrites = 0;
+};
+
+// Runs the pass. With a weighting and without the maximum effective the output is thinned to about ten times the
+// input: the first line, then one in `pas`; the weights are summed in a pass of their own before. Raises 5 with the
+// question for a field that can't be cut, 6 for a value beyond its type, and the numbers of the reader and the writer.
+BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const Chemin& donnees, Ecrivain& sortie,
+                             const TemoinsDePasse& temoins, const Dialogue& ecran);
+
+// Length of the longest of the first `maximum` lines.
+std::int64_t LongueurDesLignes(const Chemin& donnees, std::int64_t maximum);
+
+}  // namespace quelvar

@@ -1,0 +1,227 @@
+#include "sorts/recodage/recodage.h"
+
+#include <memory>
+#include <optional>
+
+#include "core/session/generique.h"
+#include "core/session/session.h"
+#include "core/texte/nombres.h"
+#include "sorts/recodage/consignes.h"
+#include "sorts/recodage/edition.h"
+#include "sorts/recodage/passe.h"
+#include "sorts/recodage/plan.h"
+
+namespace quelvar {
+
+namespace {
+
+// The names of a run: what it reads, and the generic that it makes.
+struct Noms {
+  std::string donnees;
+  std::string nouveau;
+
+  std::string Neuf(std::string_view extension) const { return nouveau + std::string(extension); }
+};
+
+// A typed name loses what follows its first point; an empty answer keeps the proposed name.
+std::string DemanderGenerique(const Contexte& contexte) {
+  if (contexte.generique.empty()) return {};
+  const std::string propose = GeneriqueSuivant(contexte.generique);
+  const std::string saisi = contexte.Ecran().saisir(
+      "Si choix d'un générique autre que par défaut, entrez le générique sinon faites entrée "_w, propose);
+  const std::string_view nom = Rogner(std::string_view(saisi).substr(0, saisi.find('.')));
+  return nom.empty() ? propose : std::string(nom);
+}
+
+// Whether the modality file goes to the new generic; asks, unless the session has its answer.
+bool DemanderModalites(const Contexte& contexte, Rapport& rapport, const std::string& nouveau, SuiteRecodage& suite) {
+  if (!contexte.Chercher(".MOD")) return false;
+  if (suite.passerModalites) return true;
+  const bool remplace = ChercherFichier(contexte.repertoire, nouveau + ".MOD").has_value();
+  const std::string question =
+      remplace ? Joindre({"L'ancien fichier de modalités du générique "_w, nouveau,
+                          "\r\n va être remplacé par celui du générique, "_w, contexte.generique,
+                          "\r\nest-ce que vous acceptez ce remplacement ? (mais il sera conservé en *.MO2) "_w})
+               : Joindre({"L'actuel fichier de modalités du générique "_w, contexte.generique,
+                          ", va être recopié dans le nouveau générique, "_w, nouveau,
+                          "\r\nest-ce que vous acceptez ce passage ?"});
+  const Reponse reponse = contexte.Ecran().demander(
+      Joindre({question, "\r\nPour répondre Oui et ne plus avoir la question répondre 'Annuler'"_w}),
+      Boutons::OuiNonAnnuler);
+  suite.passerModalites = reponse == Reponse::Annuler;
+  const bool passe = reponse != Reponse::Non;
+  if (remplace && !passe) rapport.Ligne({"L'ancien fichier de modalités du générique "_w, nouveau, " est conservé"_w});
+  if (!remplace && passe)
+    rapport.Ligne({"Le fichier de modalités du générique "_w, contexte.generique, " est recopié "_w});
+  return passe;
+}
+
+// The new generic must not write over what the run reads, and its files must be files.
+void ExigerSortiesLibres(const Contexte& contexte, const Noms& noms, const Chemin& donnees) {
+  if (EgalSansCasse(noms.nouveau, contexte.generique)) throw Erreur(kPermissionRefusee);
+  if (noms.nouveau.find_first_of("/\\") != std::string::npos) throw Erreur(kNomFichierIncorrect);
+  for (const std::string_view extension : {".DAT", ".POS", ".MOD", ".MO2"}) {
+    const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
+    if (!cible) continue;
+    LongueurFichier(*cible);  // a directory of that name raises
+    std::error_code inconnu;
+    if (std::filesystem::equivalent(*cible, donnees, inconnu)) throw Erreur(kPermissionRefusee);
+  }
+}
+
+void ArreterSurFautes(const Contexte& contexte, const Avertisseur& avertisseur, Rapport& rapport) {
+  if (avertisseur.Nombre() == 0) return;
+  contexte.Ecran().biper();
+  rapport.Ligne("Arrêt du programme dû aux erreurs signalées"_w);
+  rapport.Ligne({"Du fait de l'erreur le générique reste "_w, contexte.generique});
+  throw Erreur(kArretAnnonce);
+}
+
+// Tables, then the faults that only they show, then the place of each field.
+Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Chemin& donnees,
+                 Avertisseur& avertisseur) {
+  std::vector<ChampNeuf> champs = CompleterChamps(consignes);
+  for (std::size_t i = 0; i < champs.size(); ++i) {
+    if (champs[i].tropLarge && consignes.aRegle[i].verifiee.fautes.empty())
+      avertisseur.Avertir(
+          Joindre({"Nouveau code trop large pour la question : ", consignes.pos.questions[champs[i].question].nom}));
+  }
+  ArreterSurFautes(contexte, avertisseur, avertisseur.Feuille());
+  std::int64_t longueur = 0;
+  if (consignes.mode == ModeRecodage::EnFin || !consignes.vits.empty())
+    longueur = LongueurEnregistrement(consignes.pos.questions, LongueurDesLignes(donnees, consignes.individus));
+  return Disposer(consignes, std::move(champs), longueur);
+}
+
+BilanDePasse Passer(const Contexte& contexte, const Consignes& consignes, const Plan& plan, const Chemin& donnees,
+                    Ecrivain& sortie, Avertisseur& avertisseur) {
+  TemoinsDePasse temoins;
+  temoins.depassement = [&](std::size_t question, std::int64_t ligne) {
+    avertisseur.Avertir(
+        Joindre({"Depassement de code-max a ", consignes.pos.questions[question].nom, " Ligne", NombreBlanc(ligne)}));
+  };
+  temoins.scoreTropGrand = [&](std::size_t vit, std::int64_t ligne) {
+    avertisseur.Avertir(Joindre(
+        {"VIT plus grande que 999 ", " a la VIT ", consignes.vits[vit].nom, " a la ligne ", NombreBlanc(ligne)}));
+  };
+  return PasserIndividus(consignes, plan, donnees, sortie, temoins, contexte.Ecran());
+}
+
+void EcrireBilan(Rapport& rapport, const Consignes& consignes, const BilanDePasse& bilan, Avertisseur& avertisseur) {
+  rapport.Ligne({"Le nombre d'individus en entrée est de "_w, NombreNu(bilan.entree)});
+  if (consignes.ponderation) {
+    rapport.Ligne();
+    rapport.Ligne({"Une pondération est appliquée en utilisant la question "_w,
+                   consignes.pos.questions[*consignes.ponderation].nom});
+  }
+  rapport.Ligne({"Le nombre d'individus en sortie est de ", NombreNu(bilan.sortie)});
+  if (bilan.entree < consignes.individus)
+    avertisseur.Avertir("Attention : le nombre réel d'individus est inferieur à celui annoncé"_w);
+  if (bilan.pas > 1) {
+    rapport.Ligne();
+    rapport.Ligne("Le nombre d'individus en sortie est ramené à "_w);
+    rapport.Ligne({"    l'effectif de départ, il est maintenant de "_w, NombreNu(bilan.ecrites)});
+    rapport.Ligne();
+  }
+}
+
+TailleNeuve TailleDe(const Consignes& consignes, const BilanDePasse& bilan) {
+  const bool reduite = consignes.ponderation && !consignes.maximum;
+  return {bilan.ecrites, reduite ? bilan.entree : consignes.pos.taille.avantPonderation};
+}
+
+// The files of the new generic, written whole under scratch names, then put in place in one go.
+class Sorties {
+ public:
+  Sorties(const Contexte& contexte, const Noms& noms)
+      : contexte_(contexte),
+        noms_(noms),
+        donnees_(contexte.repertoire, noms.Neuf(".DAT")),
+        pos_(contexte.repertoire, noms.Neuf(".POS")) {}
+
+  Ecrivain& Donnees() { return donnees_.Fichier(); }
+  Ecrivain& Pos() { return pos_.Fichier(); }
+
+  // The modality file of the old generic, and the backup of the one that it replaces.
+  void CopierModalites() {
+    const std::string nom = noms_.Neuf(".MOD");
+    const std::optional<Chemin> ancien = ChercherFichier(contexte_.repertoire, nom);
+    if (ancien) sauvegarde_ = Copier(*ancien, NomDeSauvegarde(nom));
+    modalites_ = Copier(*contexte_.Chercher(".MOD"), nom);
+  }
+
+  // Without its .POS a generic is not there: the former one goes first, and the new one comes last.
+  void Valider() {
+    for (Remplacement* fichier : {&donnees_, sauvegarde_.get(), modalites_.get(), &pos_})
+      if (fichier != nullptr) fichier->Achever();
+    EffacerFichier(CheminDEcriture(contexte_.repertoire, noms_.Neuf(".POS")));
+    for (Remplacement* fichier : {&donnees_, sauvegarde_.get(), modalites_.get(), &pos_})
+      if (fichier != nullptr) fichier->Valider();
+  }
+
+ private:
+  std::unique_ptr<Remplacement> Copier(const Chemin& source, const std::string& nom) {
+    auto copie = std::make_unique<Remplacement>(contexte_.repertoire, nom);
+    copie->Fichier().Ecrire(LireOctets(source));
+    return copie;
+  }
+
+  const Contexte& contexte_;
+  const Noms& noms_;
+  Remplacement donnees_;
+  Remplacement pos_;
+  std::unique_ptr<Remplacement> sauvegarde_;
+  std::unique_ptr<Remplacement> modalites_;
+};
+
+void EcrireFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
+  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
+  rapport.Ligne();
+  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
+  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+  rapport.Ligne();
+  rapport.Ligne("Fin normale du programme");
+  contexte.Ecran().biper();
+}
+
+void Executer(const Contexte& contexte, const OptionsRecodage& options, const Noms& noms, SuiteRecodage& suite,
+              Rapport& rapport) {
+  const std::optional<Chemin> donnees = ChercherFichier(contexte.repertoire, noms.donnees);
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  ExigerFichiers(rapport, contexte.Ecran(),
+                 {{"des donnees " + noms.donnees, donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
+                 kArretAbsenceSansAccents);
+  EcrireBandeau(rapport, "Création d'un nouveau fichier"_w);
+  ExigerSortiesLibres(contexte, noms, *donnees);
+  const bool passerModalites = DemanderModalites(contexte, rapport, noms.nouveau, suite);
+
+  Avertisseur avertisseur(rapport, contexte.Ecran());
+  const Consignes consignes = LireConsignes(contexte, options, *pos, *donnees, avertisseur);
+  const Plan plan = DresserPlan(contexte, consignes, *donnees, avertisseur);
+  EcrireTableRecodage(rapport, consignes, plan);
+
+  Sorties sorties(contexte, noms);
+  const BilanDePasse bilan = Passer(contexte, consignes, plan, *donnees, sorties.Donnees(), avertisseur);
+  EcrireBilan(rapport, consignes, bilan, avertisseur);
+  EcrirePosNeuf(sorties.Pos(), consignes, plan, TailleDe(consignes, bilan), noms.nouveau);
+  if (passerModalites) sorties.CopierModalites();
+  sorties.Valider();
+  EcrireInitialisation(contexte.repertoire, noms.nouveau, contexte.niveau);
+  EcrireFin(contexte, rapport, noms.nouveau);
+}
+
+}  // namespace
+
+Fin Recodage(const Contexte& contexte, const OptionsRecodage& options) {
+  SuiteRecodage sansSuite;
+  SuiteRecodage& suite = options.suite != nullptr ? *options.suite : sansSuite;
+  suite.generique = contexte.generique;
+  const Noms noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees,
+                  DemanderGenerique(contexte)};
+  const Fin fin = ExecuterProgramme(contexte, noms.Neuf(".REC"), LibellesErreur{},
+                                    [&](Rapport& rapport) { Executer(contexte, options, noms, suite, rapport); });
+  if (fin == Fin::Normale) suite.generique = noms.nouveau;
+  return fin;
+}
+
+}  // namespace quelvar

@@ -1,0 +1,227 @@
+#include "sorts/triapl/triapl.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/enquete/datfile.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
+#include "sorts/triapl/comptage.h"
+#include "sorts/triapl/edition.h"
+#include "sorts/triapl/tableau.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr int kValeurEsperluette = 203;  // what the character & reads as in old card files
+
+// The files of a run, found before the banner.
+struct FichiersTriapl {
+  std::string nomDonnees;
+  std::optional<Chemin> donnees;
+  std::optional<Chemin> pos;
+  std::optional<Chemin> trg;
+  std::optional<Chemin> mod;  // only when its labels are used
+};
+
+// Everything that the tables are drawn from.
+struct Etude {
+  FichierPos pos;
+  std::int64_t individus = 0;                  // N of the report, the count before weighting once it is applied
+  std::vector<std::vector<double>> effectifs;  // by question, then by code from 0
+  IntitulesModalites intitules;
+};
+
+FichiersTriapl TrouverFichiers(const Contexte& contexte, const OptionsTriapl& options) {
+  FichiersTriapl fichiers;
+  fichiers.nomDonnees = options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees;
+  fichiers.donnees = ChercherFichier(contexte.repertoire, fichiers.nomDonnees);
+  fichiers.pos = contexte.Chercher(".POS");
+  fichiers.trg = contexte.Chercher(".TRG");
+  fichiers.mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
+  if (!options.intitules) fichiers.mod.reset();
+  return fichiers;
+}
+
+EnTeteTriangle LireEnTeteTriangle(const Chemin& trg) {
+  LecteurLignes lecteur(trg);
+  EnTeteTriangle enTete;
+  enTete.titre = lecteur.LireObligatoire();
+  for (std::string& sommet : enTete.sommets) sommet = lecteur.LireObligatoire();
+  return enTete;
+}
+
+// Asks for one text; an answer that is blank keeps the one proposed.
+void Demander(const Dialogue& dialogue, std::string_view question, std::string& texte) {
+  const std::string reponse = dialogue.saisir(question, texte);
+  if (!Rogner(reponse).empty()) texte = reponse;
+}
+
+EnTeteTriangle DemanderEnTeteTriangle(const Contexte& contexte) {
+  EnTeteTriangle enTete{contexte.generique, {"%COD1", "%COD2", "%COD3"}};
+  Demander(contexte.Ecran(),
+           Joindre({"Donnez un titre au graphique triangulaire, par défaut le titre est "_w, contexte.generique}),
+           enTete.titre);
+  for (std::string& sommet : enTete.sommets)
+    Demander(contexte.Ecran(), Joindre({"Donnez le code associé au sommet de code 1 qui actuellement est "_w, sommet}),
+             sommet);
+  return enTete;
+}
+
+void EcrireNomsDeFichiers(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
+  rapport.Ligne({"Le nom du fichier d'entree est ", fichiers.nomDonnees});
+  rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TAP")});
+}
+
+void EcrireNombreDIndividus(Rapport& rapport, std::int64_t individus) {
+  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+}
+
+// Size and questions, with their lines; a size of 0 becomes the count of lines of the data file.
+Etude LireQuestions(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
+  Etude etude;
+  if (fichiers.mod) etude.intitules = LireIntitules(*fichiers.mod);
+  etude.pos = LirePos(*fichiers.pos);
+  ExigerParentheses(etude.pos.taille, contexte.Ecran());
+  etude.individus = etude.pos.taille.individus;
+  if (etude.individus > 0) EcrireNombreDIndividus(rapport, etude.individus);
+  rapport.Ligne({"Il y a ", NombreNu(etude.pos.questions.size()), " questions"});
+  if (etude.individus == 0) {
+    etude.individus = CompterLignes(*fichiers.donnees);
+    EcrireNombreDIndividus(rapport, etude.individus);
+  }
+  rapport.Ligne(" ");
+  return etude;
+}
+
+// Writes each overflow, and stops the run with the first one beyond the limit.
+SignalerDepassement ControleDesDepassements(Rapport& rapport, const Dialogue& dialogue, const FichierPos& pos,
+                                            int limite) {
+  if (limite <= 0) return nullptr;
+  return [&rapport, &dialogue, &pos, limite, nombre = std::int64_t{0}](std::size_t question, std::int64_t ligne,
+                                                                       int valeur) mutable {
+    ++nombre;
+    Avertir(rapport, dialogue,
+            Joindre({"Depassement de code-max a ", pos.questions[question].nom, " Ligne", NombreBlanc(ligne), " Valeur",
+                     NombreBlanc(valeur),
+                     std::string_view(valeur == kValeurEsperluette ? " (valeur du caractere &)" : "")}));
+    if (nombre <= limite) return;
+    Avertir(rapport, dialogue, Joindre({"Arret pour nombre de depassement de code-max >", NombreNu(limite)}));
+    throw Erreur(kArretAnnonce);
+  };
+}
+
+void Compter(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& options, const FichiersTriapl& fichiers,
+             Etude& etude) {
+  Progression progression(contexte.Ecran(), etude.individus);
+  const Comptage comptage =
+      CompterCodes(*fichiers.donnees, etude.pos, etude.individus,
+                   ControleDesDepassements(rapport, contexte.Ecran(), etude.pos, options.limite), progression);
+  if (comptage.individus < etude.individus) {
+    rapport.Ligne(std::string(12, ' '));
+    Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
+    etude.individus = comptage.individus;
+  }
+  for (const std::vector<std::int64_t>& effectifs : comptage.effectifs) {
+    etude.effectifs.emplace_back(effectifs.begin(), effectifs.end());
+    if (!options.nonReponses) etude.effectifs.back()[0] = 0;
+  }
+}
+
+// The data file stands for fewer real individuals: counts come back to their scale. Raises 11 for an empty data file.
+void Ponderer(Rapport& rapport, Etude& etude) {
+  const std::int64_t avant = etude.pos.taille.avantPonderation;
+  if (avant <= 0) return;
+  if (etude.individus == 0) throw Erreur(kDivisionParZero);
+  const double rapportDEchelle = static_cast<double>(etude.individus) / static_cast<double>(avant);
+  for (std::vector<double>& effectifs : etude.effectifs)
+    for (double& effectif : effectifs) effectif /= rapportDEchelle;
+  rapport.Ligne("Les effectifs sont le résultat d'une pondération"_w);
+  rapport.Ligne({"L'effectif construit avec  la pondération est de "_w, NombreNu(etude.individus)});
+  rapport.Ligne({"L'effectif d'origine avant la pondération est de "_w, NombreNu(avant)});
+  etude.individus = avant;
+}
+
+void EcrireTitreDesTris(Rapport& rapport, const OptionsTriapl& options) {
+  rapport.Ligne(" ");
+  rapport.Suite("Impression des tris a plat");
+  if (!options.nonReponses) rapport.Suite(", non-réponses (de code zéro) exclues"_w);
+  rapport.Ligne();
+  if (options.triangulaire) {
+    rapport.Ligne("Préparation du graphique triangulaire :"_w);
+    rapport.Ligne("les codes supérieurs à 3 sont ajoutés aux non-réponses"_w);
+  }
+  rapport.Ligne(" ");
+}
+
+double TotalDe(const std::vector<double>& effectifs, const OptionsTriapl& options) {
+  double total = 0;
+  if (options.triangulaire) {
+    for (const double effectif : TriangleDe(effectifs)) total += effectif;
+  } else {
+    for (const double effectif : effectifs) total += effectif;
+  }
+  return total;
+}
+
+void EcrireTris(Rapport& rapport, const OptionsTriapl& options, const Etude& etude,
+                const IntitulesModalites* intitules) {
+  std::vector<double> cumul;
+  double totalCumule = 0;
+  for (std::size_t i = 0; i < etude.pos.questions.size(); ++i) {
+    const Question& question = etude.pos.questions[i];
+    const std::vector<double>& effectifs = etude.effectifs[i];
+    const double total = TotalDe(effectifs, options);
+    const double nonReponses = static_cast<double>(etude.individus) - total;
+    EcrireEnTete(rapport, question, options.nonReponses ? nullptr : &nonReponses);
+    EcrireTableau(rapport, DresserTableau(question, effectifs, total, intitules));
+    cumul.resize(std::max(cumul.size(), effectifs.size()));
+    for (std::size_t code = 1; code < effectifs.size(); ++code) {
+      cumul[code] += effectifs[code];
+      totalCumule += effectifs[code];
+    }
+  }
+  if (options.reponsesMultiples) EcrireCumul(rapport, DresserCumul(cumul, totalCumule));
+}
+
+void EcrireTriangle(const Contexte& contexte, const Etude& etude, const EnTeteTriangle& enTete) {
+  Remplacement trg(contexte.repertoire, contexte.Nom(".TRG"));
+  trg.Fichier().Ligne(enTete.titre);
+  for (const std::string& sommet : enTete.sommets) trg.Fichier().Ligne(sommet);
+  for (std::size_t i = 0; i < etude.pos.questions.size(); ++i)
+    trg.Fichier().Ligne(LigneTriangle(etude.pos.questions[i], TriangleDe(etude.effectifs[i])));
+  trg.Valider();
+}
+
+void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& options) {
+  const FichiersTriapl fichiers = TrouverFichiers(contexte, options);
+  ExigerFichiers(
+      rapport, contexte.Ecran(),
+      {{fichiers.nomDonnees, fichiers.donnees.has_value()}, {contexte.Nom(".POS"), fichiers.pos.has_value()}},
+      kArretAbsenceUnOuDeux);
+  EnTeteTriangle enTete;
+  if (options.triangulaire)
+    enTete = fichiers.trg ? LireEnTeteTriangle(*fichiers.trg) : DemanderEnTeteTriangle(contexte);
+
+  EcrireBandeau(rapport, "Tri à plat"_w);
+  EcrireNomsDeFichiers(rapport, contexte, fichiers);
+  Etude etude = LireQuestions(rapport, contexte, fichiers);
+  Compter(rapport, contexte, options, fichiers, etude);
+  if (!options.triangulaire) Ponderer(rapport, etude);
+
+  EcrireTitreDesTris(rapport, options);
+  EcrireTris(rapport, options, etude, fichiers.mod ? &etude.intitules : nullptr);
+  if (options.triangulaire) EcrireTriangle(contexte, etude, enTete);
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+Fin Triapl(const Contexte& contexte, const OptionsTriapl& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".TAP"), LibellesErreur{},
+                           [&](Rapport& rapport) { TrierAPlat(rapport, contexte, options); });
+}
+
+}  // namespace quelvar

@@ -1,0 +1,57 @@
+// Profiles: for one node, the links that it stands in, by descending value, and their printing in blocks.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/programme/report.h"
+#include "tables/liens/liens.h"
+
+namespace quelvar {
+
+// The links of each node, grouped without changing their order.
+class LiensParNoeud {
+ public:
+  // Which end of a link gives it to a node. A link of a Burt table belongs to both its ends.
+  enum class Bout { Premier, Second, LesDeux };
+  // `noeuds` is the largest node number.
+  LiensParNoeud(std::span<const Lien> liens, Bout bout, std::size_t noeuds);
+
+  // Links whose first node is the one at the other end: the profile of the node, not yet sorted.
+  std::span<Lien> Profil(std::size_t noeud) {
+    return std::span(liens_).subspan(debuts_[noeud], debuts_[noeud + 1] - debuts_[noeud]);
+  }
+
+ private:
+  std::vector<std::size_t> debuts_;  // index: node
+  std::vector<Lien> liens_;          // premier: the node at the other end
+};
+
+// Compact: labels of 4 characters. Long: labels of 10.
+enum class LargeurDeProfil { Compacte, Longue };
+
+// Prints profiles whose items are labelled by node.
+class ImprimeurDeProfils {
+ public:
+  // `intitules` gives the label of node 1, 2...
+  ImprimeurDeProfils(Rapport& rapport, std::span<const std::string_view> intitules, LargeurDeProfil largeur);
+
+  // Sorts the profile (TrierProfil) and prints it in blocks of 16 items; nothing for an empty one.
+  void Imprimer(std::span<Lien> profil);
+
+ private:
+  void ImprimerBloc(std::span<const Lien> bloc);
+  void AjouterValeur(float valeur);
+
+  Rapport& rapport_;
+  std::vector<std::string> intitules_;  // in their columns, with the blank behind
+  std::string_view suite_;              // what stands behind a value
+  std::vector<std::string> textes_;     // of the values from 0 to 100 by tenths, filled when needed
+  std::string ligneIntitules_;
+  std::string ligneValeurs_;
+};
+
+}  // namespace quelvar

@@ -1,0 +1,87 @@
+#include "core/programme/programme.h"
+
+#include <gtest/gtest.h>
+
+#include "support/programme.h"
+
+namespace quelvar {
+namespace {
+
+class Cadre : public essai::RunDeProgramme {
+ protected:
+  Cadre() {
+    dialogue_.afficher = [this](const Affichage& affichage) { vu_ = affichage; };
+  }
+  Fin Executer(const std::function<void(Rapport&)>& corps, std::string_view rapport = "ENQ.PRT") {
+    return ExecuterProgramme(contexte_, rapport, LibellesErreur{}, corps);
+  }
+
+  Affichage vu_;
+};
+
+TEST_F(Cadre, EveryFailureIsToldByItsNumber) {
+  const struct {
+    std::function<void()> faute;
+    std::string_view lignes;
+  } cas[] = {
+      {[] { throw Erreur(kFinDeFichierDepassee); },
+       "**** ERREUR ********\r\nIl y a eu tentative de lire un fichier deja termine\r\nVerifiez et corrigez avant de "
+       "relancer\r\n"},
+      {[] {
+         throw Erreur(kArgumentIncorrect, {2, "BBB", 0, 3});
+       },
+       "**** ERREUR ********\r\nIl y a probablement une erreur dans le fichier *.POS\r\na la question  2  nom=BBB\r\n"
+       "position = 0  code maximum= 3 \r\nVerifiez et corrigez avant de relancer\r\n"},
+      {[] { throw Erreur(kDivisionParZero); },
+       "**** ERREUR ********\r\n Erreur non prévue : si après vérification l'erreur persiste\r\n"
+       " notez le numero =  11 Division par zéro\r\n et prévenez l'assistance technique\r\n"_w},
+      {[] { throw std::bad_alloc(); },
+       "**** ERREUR ********\r\n Erreur non prévue : si après vérification l'erreur persiste\r\n"
+       " notez le numero =  7 Mémoire insuffisante\r\n et prévenez l'assistance technique\r\n"_w},
+      {[] { throw Erreur(kArretAnnonce); }, ""},
+  };
+  for (const auto& [faute, lignes] : cas) {
+    const Fin fin = Executer([&faute = faute](Rapport& rapport) {
+      rapport.Ligne("debut");
+      faute();
+    });
+    EXPECT_EQ(fin, Fin::Arret);
+    EXPECT_EQ(vu_.texte, Joindre({"debut\r\n", lignes}));
+  }
+}
+
+TEST_F(Cadre, AReportOfExactlyTheLimitIsShown) {
+  const auto ecrire = [](std::size_t taille) {
+    return [taille](Rapport& rapport) { rapport.Suite(std::string(taille, 'x')); };
+  };
+  EXPECT_EQ(Executer(ecrire(35000)), Fin::Normale);
+  EXPECT_EQ(vu_.ou, Affichage::Ou::Texte);
+  EXPECT_EQ(bips_, 0);
+  EXPECT_EQ(Executer(ecrire(35001)), Fin::Normale);
+  EXPECT_EQ(vu_.ou, Affichage::Ou::Lecteur);
+  EXPECT_EQ(vu_.texte,
+            "texte trop long, WordPad est lancé\r\npour examiner les résultats de : ENQ.PRT\r\nProgramme terminé"_w);
+  EXPECT_EQ(bips_, 1);
+}
+
+TEST_F(Cadre, AReportWithoutANameIsDeletedOnceShown) {
+  Executer([](Rapport& rapport) { rapport.Ligne("a"); }, "$$$.prt");
+  EXPECT_EQ(vu_.texte, "a\r\n");
+  EXPECT_FALSE(Existe("$$$.prt"));
+  contexte_.generique.clear();
+  Executer([](Rapport& rapport) { rapport.Ligne("b"); }, ".PRT");
+  EXPECT_EQ(vu_.texte, "b\r\n");
+  EXPECT_FALSE(Existe(".PRT"));
+}
+
+TEST_F(Cadre, AReportThatCannotBeWrittenIsToldOnTheScreen) {
+  std::filesystem::create_directory(dossier_.Chemin() / "ENQ.PRT");
+  EXPECT_EQ(Executer([](Rapport&) {}), Fin::Arret);
+  EXPECT_NE(vu_.texte.find("notez le numero =  75 "), std::string::npos);
+  std::filesystem::create_symlink("/dev/full", dossier_.Chemin() / "ENQ.PLE");
+  EXPECT_EQ(Executer([](Rapport& rapport) { rapport.Ligne("x"); }, "ENQ.PLE"), Fin::Arret);
+  EXPECT_NE(vu_.texte.find("notez le numero =  61 Disque plein"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quelvar

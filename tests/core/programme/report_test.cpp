@@ -1,0 +1,48 @@
+#include "core/programme/report.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "core/programme/erreur.h"
+
+namespace quelvar {
+namespace {
+
+TEST(Report, FixedNumbers) {
+  const struct {
+    double valeur;
+    int entiere, decimales;
+    std::string_view texte;
+  } cas[] = {{12345, 4, 0, "12345"}, {123456, 4, 0, "$123456"}, {2.5, 4, 0, "   2"},     {3.5, 4, 0, "   4"},
+             {7, 3, 1, "  7.0"},     {12345, 3, 1, "$12345.0"}, {1234, 3, 1, "$1234.0"}, {-0.3, 3, 1, " -0.3"},
+             {-0.04, 3, 1, "  0.0"}, {0.05, 3, 1, "  0.0"},     {0.15, 1, 1, "0.2"},     {99.96, 3, 1, "100.0"},
+             {-12, 2, 0, "-12"},     {-123, 2, 0, "$-123"},     {0.001, 1, 3, "0.001"},  {1e15, 3, 0, "$1E+15"}};
+  for (const auto& [valeur, entiere, decimales, texte] : cas)
+    EXPECT_EQ(NombreFixe(valeur, entiere, decimales), texte) << valeur;
+  EXPECT_THROW(NombreFixe(std::numeric_limits<double>::quiet_NaN(), 3, 1), Erreur);
+}
+
+TEST(Report, Tenths) {
+  EXPECT_EQ(Dixiemes(5, 5), "  0.5");
+  EXPECT_EQ(Dixiemes(0, 5), "  0.0");
+  EXPECT_EQ(Dixiemes(10, 5), "  1.0");
+  EXPECT_EQ(Dixiemes(123, 5), " 12.3");
+  EXPECT_EQ(Dixiemes(1000, 5), "100.0");
+  EXPECT_EQ(Dixiemes(1000, 7), "  100.0");
+}
+
+TEST(Report, Frames) {
+  EXPECT_EQ(CadreGauche("abc", 5), "abc  ");
+  EXPECT_EQ(CadreGauche("abcdef", 4), "abcd");
+  EXPECT_EQ(CadreDroit("abc", 5), "  abc");
+  EXPECT_EQ(CadreDroit("abcdef", 4), "abcd");
+  EXPECT_EQ(EntierDroit(12, 4), "  12");
+  EXPECT_EQ(EntierDroit(12345, 4), "12345");
+  int largeur = 4;
+  EXPECT_EQ(EntierDroitElargi(12345, largeur), "12345");
+  EXPECT_EQ(largeur, 5);
+}
+
+}  // namespace
+}  // namespace quelvar

@@ -1,0 +1,56 @@
+#include "core/texte/texte.h"
+
+#include <gtest/gtest.h>
+
+namespace quelvar {
+namespace {
+
+TEST(Texte, EveryByteSurvivesTheScreenAndBack) {
+  std::string octets;
+  for (int i = 1; i < 256; ++i) octets += static_cast<char>(i);
+  EXPECT_EQ(DepuisUtf8(VersUtf8(octets)), octets);
+}
+
+TEST(Texte, LiteralsAreConvertedAtCompileTime) {
+  static_assert("é€œ"_w == "\xE9\x80\x9C");
+  EXPECT_EQ("Tri à plat"_w.size(), 10U);
+}
+
+TEST(Texte, WhatTheCodePageLacksBecomesAQuestionMark) {
+  EXPECT_EQ(DepuisUtf8("a\u2192b"), "a?b");
+  EXPECT_EQ(DepuisUtf8("\xC3"), "?");
+  EXPECT_EQ(DepuisUtf8("\xE9t\xE9"), "?t?");
+}
+
+TEST(Texte, CaseCoversAccentedLetters) {
+  EXPECT_EQ(Majuscules("été œuvre ÿ ž ß ÷ 9"_w), "ÉTÉ ŒUVRE Ÿ Ž ß ÷ 9"_w);
+  EXPECT_EQ(Minuscules("ÉTÉ ŒUVRE Ÿ Ž ×"_w), "été œuvre ÿ ž ×"_w);
+  EXPECT_TRUE(EgalSansCasse("Enquête"_w, "ENQUÊTE"_w));
+  EXPECT_FALSE(EgalSansCasse("ENQ", "ENQA"));
+}
+
+TEST(Texte, OnlyBlanksAreTrimmed) {
+  EXPECT_EQ(Rogner("  a\t "), "a\t");
+  EXPECT_EQ(Rogner("   "), "");
+  EXPECT_EQ(RognerGauche("  a "), "a ");
+  EXPECT_EQ(RognerDroite("  a "), "  a");
+}
+
+TEST(Texte, ColumnsCountFromOneAndEndWithTheText) {
+  EXPECT_EQ(Milieu("abcdef", 2, 3), "bcd");
+  EXPECT_EQ(Milieu("abcdef", 6, 3), "f");
+  EXPECT_EQ(Milieu("abcdef", 7, 3), "");
+}
+
+TEST(Texte, Utf8IsToldFromTheCodePage) {
+  EXPECT_TRUE(EstUtf8MultiOctet("caf\xC3\xA9"));
+  EXPECT_FALSE(EstUtf8MultiOctet("cafe"));
+  EXPECT_FALSE(EstUtf8MultiOctet("caf\xE9"));
+  EXPECT_FALSE(EstUtf8MultiOctet("\xC3\xA9 caf\xE9"));
+  EXPECT_FALSE(EstUtf8MultiOctet("\xC0\xAF"));          // overlong
+  EXPECT_FALSE(EstUtf8MultiOctet("\xED\xA0\x80"));      // surrogate
+  EXPECT_FALSE(EstUtf8MultiOctet("\xF4\x90\x80\x80"));  // beyond the last code point
+}
+
+}  // namespace
+}  // namespace quelvar

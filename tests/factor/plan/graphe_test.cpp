@@ -1,0 +1,121 @@
+#include "factor/plan/graphe.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "support/environnement.h"
+
+namespace quelvar {
+namespace {
+
+// A generic ENQ in a directory of its own.
+struct Enquete {
+  essai::DossierTemporaire dossier;
+  Dialogue dialogue;
+
+  Enquete& Avec(const char* extension, std::string_view octets) {
+    essai::EcrireOctets(dossier.Chemin() / (std::string("ENQ") + extension), octets);
+    return *this;
+  }
+  Contexte LeContexte() { return {dossier.Chemin(), "ENQ", 2, &dialogue}; }
+  std::optional<DonneesPlan> Preparer() { return PrepGraphe(LeContexte()); }
+};
+
+constexpr std::string_view kMod =
+    "Titre\n BRT=1 LIGN=5 COL=3 LSUP=2 FMT=1 \n"
+    "A1     Un intitule qui depasse les vingt-cinq\nA2   S \nA3  s  Trois\n**\nZ9     Autre\n";
+// Active columns stand first in the file of coordinates.
+constexpr std::string_view kFaj =
+    "A1    700   -450  600      3    4\nA3    100     20    1     30    2\nA2    200     40    5     50    6\n";
+
+std::string Noms(const DonneesPlan& donnees) {
+  std::string noms;
+  for (const PointPlan& point : donnees.points)
+    noms += std::string(Rogner(point.nom)) + (point.supplementaire ? "s" : "") + (point.place ? " " : "? ");
+  return noms;
+}
+
+// Links, tree and classification number the modalities as the .MOD does.
+TEST(Graphe, ElementsStandInTheOrderOfTheModalities) {
+  Enquete enquete;
+  enquete.Avec(".MOD", kMod).Avec(".FAJ", kFaj);
+  enquete.Avec(
+      ".FAI",
+      "A1    700   -450  600      3    4Un\nA2    200     40    5     50    6\nA3    100     20    1     30    2\n"
+      "1       0      7    0      8    0Pierre\n2       0      9    0     10    0\n");
+  const std::optional<DonneesPlan> donnees = enquete.Preparer();
+  ASSERT_TRUE(donnees);
+  EXPECT_EQ(Noms(*donnees), "A1 A2s A3s 1s 2s ");  // the individuals are the last LSUP lines
+  EXPECT_EQ(donnees->facteurs, 2U);
+  EXPECT_EQ(donnees->colonnes, 3U);
+  EXPECT_EQ(donnees->points[0].intitule, "Un intitule qui depasse l");
+  EXPECT_EQ(donnees->points[3].intitule, "Pierre");
+  EXPECT_EQ(donnees->coordonnees(0, 0), -450);
+  EXPECT_EQ(donnees->cpf(0, 0), 600);
+  EXPECT_EQ(donnees->coordonnees(1, 1), 50);
+  EXPECT_EQ(donnees->cpf(0, 2), 1);
+  EXPECT_EQ(donnees->coordonnees(0, 4), 9);
+}
+
+TEST(Graphe, RowsByTheKindOfTable) {
+  const std::string fai =
+      "1       0      7    0      8    0\n2       0      9    0     10    0\n3       0      9    0     10    0\n";
+  const auto lire = [&](std::string_view parametres, bool avecFai) {
+    Enquete enquete;
+    enquete.Avec(".MOD", "T\n" + std::string(parametres) + "\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
+    if (avecFai) enquete.Avec(".FAI", fai);
+    const std::optional<DonneesPlan> donnees = enquete.Preparer();
+    return donnees ? Noms(*donnees) : "stopped";
+  };
+  EXPECT_EQ(lire("LIGN=3 LSUP=1 FMT=4", true), "A1 A2 A3 1 2 3s ");
+  EXPECT_EQ(lire("LIGN=3 FMT=4", false), "A1 A2 A3 ");
+  EXPECT_EQ(lire("BRT=3 FMT=4", true), "A1 A2 A3 ");                            // rows repeat the columns
+  EXPECT_EQ(lire("BRT=1 LIGN=6 COL=3 LSUP=3 FMT=4", true), "A1 A2 A3 1 2 3 ");  // the individuals were the table
+  EXPECT_EQ(lire("BRT=1 LIGN=4 COL=3 LSUP=1 FMT=4", true), "A1 A2 A3 3s ");
+  EXPECT_EQ(lire("BRT=1 LIGN=4 COL=3 LSUP=1 FMT=4", false), "stopped");
+  EXPECT_EQ(lire("BRT=4 FMT=4", true), "stopped");
+}
+
+TEST(Graphe, OddFiles) {
+  const auto lire = [](std::string_view mod, std::string_view faj) {
+    Enquete enquete;
+    enquete.Avec(".MOD", mod).Avec(".FAJ", faj);
+    const std::optional<DonneesPlan> donnees = enquete.Preparer();
+    return donnees ? Noms(*donnees) : "stopped";
+  };
+  EXPECT_EQ(lire("T\nBRT=2 FMT=1\nA1\nA1\n", "A1      0      7    0\nA1      0      8    0\n"), "A1 A1 ");
+  EXPECT_EQ(lire("T\nBRT=2 FMT=1\nA1\nA2\n", "A2      0      7    0\n"), "A1? A2 ");  // a modality without a line
+  EXPECT_EQ(lire("T\nBRT=2 FMT=1\nA1\nA2\n", "A1\n"), "stopped");                     // no factor at all
+  EXPECT_EQ(lire("T\n", "A1      0      7    0\n"), "stopped");
+  EXPECT_EQ(lire("T\nBRT=1e9\nA1\n", "A1      0      7    0\n"), "stopped");
+  EXPECT_EQ(lire("T\nBRT=2 FMT=1\nA1\nA2\n", "A1      0 1e400    0\n"), "stopped");
+}
+
+TEST(Graphe, SharesComeFromAReportOnAsManyFactors) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\nBRT=3 FMT=1\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
+  EXPECT_TRUE(enquete.Preparer()->parts.empty());
+  enquete.Avec(".AFC", "Pourcentage du total = 12.5\nPourcentage du total =  7.0\n");
+  EXPECT_EQ(enquete.Preparer()->parts, (std::vector<double>{12.5, 7}));
+  enquete.Avec(".AFC", "Pourcentage du total = 12.5\n");
+  EXPECT_TRUE(enquete.Preparer()->parts.empty());
+}
+
+// Links may name any number: what the graph does not have is left out, and nothing falls.
+TEST(Graphe, LinksBeyondTheElements) {
+  Enquete enquete;
+  constexpr std::array<char, 16> liens = {1, 0, 3, 0, 0,    0,   static_cast<char>(0xA0), 0x42, -1, -1,
+                                          9, 0, 0, 0, 0x48, 0x42};
+  enquete.Avec(".MOD", "T\nBRT=3 FMT=1\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
+  enquete.Avec(".PEM", {liens.data(), liens.size()});
+  EtatPlan etat = NouveauPlan(*enquete.Preparer());
+  EXPECT_TRUE(etat.donnees.liensPresents);
+  etat.reglages.liens.actif = true;
+  const LiensDuGraphe traces = LiensMontres(etat);
+  ASSERT_EQ(traces.traces.size(), 1U);
+  EXPECT_EQ(traces.traces[0].valeur, 80);
+}
+
+}  // namespace
+}  // namespace quelvar

@@ -1,0 +1,330 @@
+// The main form: start-up, moves between data sets, sizes, boxes of a run.
+#include "forms/cadre/principal.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QInputDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+
+#include "forms/aide/frmabout.h"
+#include "forms/cadre/dialogue_qt.h"
+#include "forms/pilote.h"
+#include "forms/texte/textefixe.h"
+
+namespace {
+
+using essai::Bureau;
+using essai::Cliquer;
+using essai::Pilote;
+using quelvar::operator""_w;
+
+constexpr const char* kPos = "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\n";
+constexpr const char* kDat = "1\r\n2\r\n1\r\n";
+
+// A directory with the data set ENQ, opened at start-up.
+struct BureauOuvert : Bureau {
+  explicit BureauOuvert(int niveau = 1) : Bureau(true) {
+    Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
+    Ecrire("ENQ.POS", kPos);
+    Ecrire("ENQ.DAT", kDat);
+    Ouvrir();
+  }
+};
+
+TEST(Principal, PremierDemarrage) {
+  Bureau bureau;
+  bureau.Ouvrir();
+  EXPECT_TRUE(bureau.Texte().startsWith("Pas de fichier ouvert\n\nPour une première utilisation"));
+  EXPECT_TRUE(
+      bureau.Fenetre().windowTitle().startsWith("Pas de générique en cours, niveau d'utilisateur non déterminé"));
+  EXPECT_EQ(bureau.Controle<QLabel>("OldGen").text(), "Non encore utilisé");
+  EXPECT_EQ(bureau.Controle<QComboBox>("TailleCar").currentText(), "10");
+  bureau.Menu("mnuTriapl");  // no data set: the report says so
+  EXPECT_TRUE(bureau.Texte().contains("n'existe pas"));
+}
+
+TEST(Principal, ReprendLaDerniereSession) {
+  BureauOuvert bureau(2);
+  const QString dossier = QString::fromStdString(bureau.Dossier().string());
+  EXPECT_EQ(bureau.Fenetre().windowTitle(),
+            " Générique en cours= ENQ, niveau d'utilisateur=2, répertoire en cours =" + dossier + "/");
+  EXPECT_TRUE(
+      bureau.Texte().endsWith("Le générique en cours dans ce répertoire est : ENQ\n"
+                              "  il a été ouvert normalement et comporte 3 individus\n"
+                              "Liste des génériques disponibles dans ce répertoire :\nENQ\n"));
+  EXPECT_TRUE(bureau.Fenetre().findChild<QAction*>("mnuNiv2")->isChecked());
+  bureau.Menu("mnuQuitter");
+  EXPECT_FALSE(bureau.Fenetre().isVisible());
+  EXPECT_EQ(quelvar::LirePointeur(bureau.DossierProgramme()), bureau.Dossier() / "qvr2.ini");
+}
+
+TEST(Principal, ChaineDesGeneriquesALaSouris) {
+  BureauOuvert bureau;
+  auto& combo = bureau.Controle<QComboBox>("ComboGen");
+  const auto taper = [&](const char* nom) {
+    combo.setFocus();
+    combo.lineEdit()->selectAll();
+    QTest::keyClicks(combo.lineEdit(), nom);
+    Cliquer(bureau.Fenetre(), "CmdGenOui");
+  };
+  taper("ESSAI.POS");
+  EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "ESSAI");
+  EXPECT_EQ(bureau.Controle<QLabel>("OldGen").text(), "ENQ");
+  EXPECT_EQ(bureau.Lire("qvr2.ini"), "ESSAI\r\n 1 \r\n");
+  EXPECT_TRUE(bureau.Texte().contains("(ESSAI) n'a pas de fichier *.pos"));
+  EXPECT_EQ(combo.itemText(0), "ENQ");
+  Cliquer(bureau.Fenetre(), "CmdGenAncien");
+  EXPECT_EQ(combo.currentText(), "ENQ");
+  Cliquer(bureau.Fenetre(), "CmdGenOui");
+  EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "ENQ");
+  combo.setCurrentIndex(combo.findText("------------------"));
+  Cliquer(bureau.Fenetre(), "CmdGenOui");
+  EXPECT_EQ(bureau.Texte(), "Pas de nom : recommencer\n");
+  EXPECT_EQ(combo.currentText(), "");
+  EXPECT_EQ(bureau.Lire("qvr2.ini"), "ENQ\r\n 1 \r\n");
+  combo.setFocus();
+  QTest::keyClicks(&combo, "AUTRE");
+  QTest::keyClick(&combo, Qt::Key_Return);
+  EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "AUTRE");
+  Cliquer(bureau.Fenetre(), "CmdGenAncien");
+  Cliquer(bureau.Fenetre(), "CmdGenOui");
+  Cliquer(bureau.Fenetre(), "CmdGenNon");
+  EXPECT_EQ(bureau.Texte(), "");
+  Cliquer(bureau.Fenetre(), "BoutNouv");
+  EXPECT_TRUE(bureau.Texte().startsWith("Le générique en cours dans ce répertoire est : ENQ"));
+}
+
+TEST(Principal, NiveauDepuisLeMenu) {
+  BureauOuvert bureau;
+  bureau.Menu("mnuNiv2");
+  EXPECT_EQ(bureau.Lire("qvr2.ini"), "ENQ\r\n 2 \r\n");
+  EXPECT_TRUE(bureau.Fenetre().windowTitle().contains("niveau d'utilisateur=2"));
+  bureau.Menu("mnuAPropos");
+  ASSERT_NE(bureau.Forme<quelvar::FrmAbout>(), nullptr);
+  bureau.Menu("mnuNiv1");
+  EXPECT_EQ(bureau.Forme<quelvar::FrmAbout>(), nullptr) << "a change of level closes the forms";
+}
+
+TEST(Principal, FichiersRecentsDansLeMenu) {
+  BureauOuvert bureau;
+  const std::filesystem::path autre = bureau.Dossier() / "Autre";
+  std::filesystem::create_directory(autre);
+  essai::EcrireOctets(autre / "Qvr2.ini", "AUTRE\r\n 2 \r\n");
+  Pilote pilote;
+  pilote.Choisir(QString::fromStdString((autre / "Qvr2.ini").string()));
+  bureau.Menu("mnuChercher");
+  EXPECT_EQ(pilote.Vues().value(0), "Options de recherche de fichier Qvr2.ini");
+  EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "AUTRE");
+  Cliquer(bureau.Fenetre(), "CmdGenOui");  // accepted without a .pos: recent all the same
+  auto* premier = bureau.Fenetre().findChild<QAction*>("mnuRecentFile1");
+  ASSERT_NE(premier, nullptr);
+  EXPECT_TRUE(premier->text().endsWith("/AUTRE/QVR2.INI (AUTRE)")) << premier->text().toStdString();
+  EXPECT_EQ(bureau.Fenetre().findChild<QAction*>("mnuRecentFile0")->isSeparator(), true);
+  bureau.Menu("mnuRecentFile2");
+  EXPECT_EQ(bureau.Controle<QLabel>("EnCours").text(), "ENQ");
+  std::filesystem::remove_all(autre);
+  bureau.Menu("mnuPreced");
+  EXPECT_TRUE(bureau.Fenetre().findChild<QAction*>("mnuRecentFile1")->text().endsWith("(indéterminé)"));
+  EXPECT_FALSE(bureau.MenuActif("mnuRecentFile1"));
+}
+
+TEST(Principal, RepertoireSansInitialisationAttendUnGenerique) {
+  BureauOuvert bureau;
+  bureau.Fenetre().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&bureau.Fenetre()));
+  const std::filesystem::path vide = bureau.Dossier() / "vide";
+  std::filesystem::create_directory(vide);
+  bureau.Fenetre().OuvrirRepertoire(vide);
+  EXPECT_TRUE(bureau.Texte().contains("Il n'y a pas de fichier d'initialisation (Qvr2.ini) dans ce répertoire"));
+  EXPECT_TRUE(bureau.Controle<QComboBox>("ComboGen").hasFocus());
+  EXPECT_EQ(bureau.Fenetre().windowTitle(), " Pas de générique en cours, niveau d'utilisateur=1");
+}
+
+TEST(Principal, TaillesDeLEcran) {
+  BureauOuvert bureau;
+  auto& texte = bureau.Controle<quelvar::TexteFixe>("Text1");
+  bureau.Controle<QComboBox>("TailleCar").setCurrentText("8");  // a page that fits the screen of the test
+  bureau.Menu("mnuEcr35");
+  QTest::qWait(20);
+  const QSize page = texte.viewport()->size();
+  const QFontMetrics police(texte.font());
+  EXPECT_GE(page.width(), 80 * police.horizontalAdvance(u'0'));
+  bureau.Menu("mnuEcrAuto");
+  QTest::qWait(20);
+  EXPECT_TRUE(bureau.Fenetre().isMaximized());
+  bureau.Menu("mnuEcr38");
+  QTest::qWait(20);
+  EXPECT_FALSE(bureau.Fenetre().isMaximized());
+  const QSize ecran = bureau.Fenetre().screen()->availableSize();
+  const int autour = bureau.Fenetre().width() - texte.viewport()->width();
+  EXPECT_EQ(bureau.Fenetre().width(), std::min(ecran.width(), page.width() * 4 / 3 + autour));
+}
+
+TEST(Principal, TailleDesCaracteres) {
+  BureauOuvert bureau;
+  auto& taille = bureau.Controle<QComboBox>("TailleCar");
+  taille.setFocus();
+  QTest::keyClick(&taille, Qt::Key_Down);
+  EXPECT_EQ(taille.currentText(), "11");
+  EXPECT_EQ(bureau.Controle<quelvar::TexteFixe>("Text1").font().pointSize(), 11);
+}
+
+// Two controls of a window that answer to the same Alt key leave one of them out of reach.
+TEST(Principal, LettresDAccesDistinctes) {
+  BureauOuvert bureau;
+  QMap<QChar, QStringList> lettres;
+  for (const QAction* menu : bureau.Fenetre().menuBar()->actions())
+    lettres[QKeySequence::mnemonic(menu->text()).toString().back().toUpper()] << menu->text();
+  for (const auto* bouton : bureau.Fenetre().centralWidget()->findChildren<QAbstractButton*>())
+    if (const QKeySequence lettre = QKeySequence::mnemonic(bouton->text()); !lettre.isEmpty())
+      lettres[lettre.toString().back().toUpper()] << bouton->text();
+  for (auto i = lettres.cbegin(); i != lettres.cend(); ++i) {
+    const bool attendue = i.key() == u'F';  // both captions are given: the key goes from one menu to the other
+    EXPECT_EQ(i.value().size(), attendue ? 2 : 1) << i.value().join(u", ").toStdString();
+  }
+}
+
+TEST(Principal, MenusSansLettreNiRaccourciDouble) {
+  BureauOuvert bureau;
+  QMap<QString, QString> raccourcis;
+  for (const QMenu* menu : bureau.Fenetre().findChildren<QMenu*>()) {
+    if (menu->title().isEmpty()) continue;  // the bar's own, for what does not fit
+    QMap<QString, QString> lettres;
+    for (const QAction* action : menu->actions()) {
+      const QString lettre = QKeySequence::mnemonic(action->text()).toString();
+      if (action->isSeparator() || action->objectName().startsWith("mnuRecentFile")) continue;
+      EXPECT_FALSE(lettre.isEmpty()) << action->text().toStdString();
+      EXPECT_FALSE(lettres.contains(lettre)) << menu->title().toStdString() << ": " << action->text().toStdString()
+                                             << " / " << lettres[lettre].toStdString();
+      lettres[lettre] = action->text();
+      const QString raccourci = action->shortcut().toString();
+      EXPECT_TRUE(raccourci.isEmpty() || !raccourcis.contains(raccourci)) << raccourci.toStdString();
+      raccourcis[raccourci] = action->text();
+    }
+  }
+}
+
+// --- a run and its boxes ---
+
+TEST(Principal, BoitesDUnProgramme) {
+  BureauOuvert bureau;
+  const quelvar::Dialogue& ecran = bureau.Fenetre().Ecran();
+  using quelvar::Boutons;
+  using quelvar::Reponse;
+  Pilote pilote;
+  pilote.Cliquer("Oui");
+  EXPECT_EQ(ecran.demander("un\r\ndeux", Boutons::OuiNon), Reponse::Oui);
+  EXPECT_EQ(pilote.Vues().value(0), "un\ndeux");
+  pilote.Cliquer("Non");
+  EXPECT_EQ(ecran.demander("<b>x</b>", Boutons::OuiNon), Reponse::Non);
+  pilote.Abandonner();
+  EXPECT_EQ(ecran.demander("x", Boutons::OuiNon), Reponse::Non);
+  pilote.Cliquer("Annuler");
+  EXPECT_EQ(ecran.demander("x", Boutons::OuiNonAnnuler), Reponse::Annuler);
+  pilote.Cliquer("OK");
+  EXPECT_EQ(ecran.demander("x", Boutons::Ok), Reponse::Ok);
+  pilote.Taper("reponse");
+  EXPECT_EQ(ecran.saisir("Nom", "propose"), "reponse");
+  pilote.Faire([](QDialog& boite) { QTest::keyClick(&boite, Qt::Key_Return); });
+  EXPECT_EQ(ecran.saisir("Nom", "propose"), "propose");
+  pilote.Abandonner();
+  EXPECT_EQ(ecran.saisir("Nom", "propose"), "");
+  pilote.Choisir(QString::fromStdString((bureau.Dossier() / "ENQ.DAT").string()));
+  EXPECT_EQ(ecran.choisirFichier("Choix", "Fichiers *.dat|*.dat"), (bureau.Dossier() / "ENQ.DAT").string());
+  pilote.Abandonner();
+  EXPECT_EQ(ecran.choisirFichier("Choix", "Fichiers *.dat|*.dat"), "");
+}
+
+TEST(Principal, UnProgrammeTientLaFenetre) {
+  BureauOuvert bureau;
+  Pilote pilote;
+  auto& quitter = bureau.Controle<QPushButton>("BoutQuit");
+  auto& texte = bureau.Controle<quelvar::TexteFixe>("Text1");
+  texte.setFocus();
+  const QString avant = bureau.Texte();
+  bureau.Fenetre().Lancer([&](const quelvar::Contexte& contexte) {
+    const auto& progression = bureau.Controle<QProgressBar>("ProgressBar1");
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    contexte.Ecran().montrerProgression(4'000'000'000);
+    EXPECT_TRUE(progression.isVisible());
+    contexte.Ecran().progresser(1'000'000'000);
+    EXPECT_EQ(progression.value() * 4, progression.maximum());
+    contexte.Ecran().montrerIteration("itération 3"_w);
+    EXPECT_EQ(bureau.Controle<QLabel>("LabelIter").text(), "itération 3");
+    QTest::mouseClick(&quitter, Qt::LeftButton);
+    QTest::keyClicks(&texte, "abc");
+    for (const QEvent::Type genre : {QEvent::KeyPress, QEvent::KeyRelease})
+      QCoreApplication::postEvent(&texte, new QKeyEvent(genre, Qt::Key_D, Qt::NoModifier, "d"));
+    bureau.Menu("mnuNiv2");
+    pilote.Cliquer("Oui");
+    EXPECT_EQ(contexte.Ecran().demander("Suite ?", quelvar::Boutons::OuiNon), quelvar::Reponse::Oui);
+    bureau.Fenetre().Lancer([](const quelvar::Contexte&) { FAIL() << "one run at a time"; });
+    bureau.Fenetre().close();
+  });
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(bureau.Fenetre().isVisible());
+  EXPECT_EQ(bureau.Texte(), avant);
+  EXPECT_EQ(bureau.Fenetre().SessionEnCours().niveau, 1);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  QTest::keyClicks(&texte, "e");
+  EXPECT_EQ(bureau.Texte(), avant + "e") << "the window is the user's again";
+}
+
+// A form whose handler closes it and goes on: run and box spin the event loop, and the form must still be there.
+class FormeQuiSeFerme : public QDialog {
+  Q_OBJECT
+ public:
+  explicit FormeQuiSeFerme(quelvar::Principal& principal) : QDialog(&principal), principal_(principal) {}
+  void Fermer() {
+    close();
+    principal_.Lancer([](const quelvar::Contexte& contexte) {
+      contexte.Ecran().montrerProgression(1);
+      contexte.Ecran().demander("?", quelvar::Boutons::Ok);
+    });
+    fini = true;
+  }
+  bool fini = false;
+
+ private:
+  quelvar::Principal& principal_;
+};
+
+TEST(Principal, FormeFermeeParSonPropreBouton) {
+  BureauOuvert bureau;
+  Pilote pilote;
+  QPointer<FormeQuiSeFerme> forme = &bureau.Fenetre().Montrer<FormeQuiSeFerme>();
+  EXPECT_EQ(&bureau.Fenetre().Montrer<FormeQuiSeFerme>(), forme.data()) << "one form of a class at a time";
+  pilote.Cliquer("OK");
+  QTimer::singleShot(0, forme.data(), [forme] {
+    forme->Fermer();
+    ASSERT_FALSE(forme.isNull());
+    EXPECT_TRUE(forme->fini);
+  });
+  QTest::qWait(20);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return forme.isNull(); }, 2000));
+}
+
+TEST(Principal, EchecQuUnProgrammeLaisseSortir) {
+  BureauOuvert bureau;
+  bureau.Fenetre().Lancer([](const quelvar::Contexte&) { throw quelvar::Erreur(quelvar::kDisquePlein); });
+  EXPECT_TRUE(bureau.Texte().contains("notez le numero =  61 Disque plein"));
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(Principal, FiltresDeFichiers) {
+  EXPECT_EQ(quelvar::FiltreQt("Fichiers *.dat|*.dat|Tous fichiers *.*|*.*"),
+            "Fichiers *.dat (*.dat *.DAT);;Tous fichiers *.* (*)");
+  EXPECT_EQ(quelvar::FiltreQt("Fichiers Qvr2.ini|Qvr2.ini"), "Fichiers Qvr2.ini (Qvr2.ini qvr2.ini QVR2.INI)");
+  EXPECT_EQ(quelvar::FiltreQt("Textes (a)|*.txt;*.csv"), "Textes a (*.txt *.TXT *.csv *.CSV)");
+}
+
+}  // namespace
+
+#include "principal_test.moc"

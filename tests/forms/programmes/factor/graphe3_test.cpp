@@ -1,0 +1,295 @@
+// The factor plane by key and mouse.
+#include "forms/programmes/factor/graphe3.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QImage>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <array>
+
+#include "forms/images/vuedessin.h"
+#include "forms/pilote.h"
+
+namespace {
+
+using essai::Bureau;
+using essai::Champ;
+using essai::Cliquer;
+using essai::Pilote;
+using quelvar::Couleur;
+using quelvar::Forme;
+using quelvar::GenreForme;
+using quelvar::Graphe3;
+using quelvar::Position;
+using quelvar::VueDessin;
+
+// Four columns at the corners of the plane, two individuals, links, a classification.
+struct BureauDePlan : Bureau {
+  explicit BureauDePlan(bool liens = true) : Bureau(true) {
+    Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+    Ecrire("ENQ.POS", "ENQ\r\n 2 \r\nSEX   1 2 $Sexe$\r\n");
+    Ecrire("ENQ.DAT", "1 $$le mot en son lieu\r\n2\r\n");
+    Ecrire("ENQ.MOD",
+           "Mon plan\r\n BRT=1 LIGN=6 COL=4 LSUP=2 FMT=1 \r\nA1     Premiere\r\nA2     Deuxieme\r\nB1     Troisieme\r\n"
+           "B2   S Quatrieme\r\n");
+    Ecrire("ENQ.FAJ",
+           "A1    250    800  400    400   10    100    1\r\nA2    250   -800  300    400   20   -100    1\r\n"
+           "B1    250   -800  100   -400  600    100    1\r\nB2    250    800   50   -400   60   -100    1\r\n");
+    Ecrire("ENQ.FAI",
+           "A1    250    800  400    400   10    100    1\r\nA2    250   -800  300    400   20   -100    1\r\n"
+           "B1    250   -800  100   -400  600    100    1\r\nB2    250    800   50   -400   60   -100    1\r\n"
+           "1       0    300    0    200    0      0    0Pierre\r\n2       0   -300    0   -200    0      0    "
+           "0Paule\r\n");
+    Ecrire("ENQ.CAH",
+           "INDIV = NON\r\n   1    1    2    1    2\r\n   2    3    4    3    4\r\n   3    1    3   -1   -2\r\n"
+           "   1    1   2\r\n   2    3   4\r\n   3    1   2   3   4\r\n");
+    // 1-2 at 90, 3-4 at 60, 1-3 at 50.
+    constexpr std::array<unsigned char, 24> octets = {1, 0, 2,    0,    0, 0, 0xB4, 0x42, 3, 0, 4,    0,
+                                                      0, 0, 0x70, 0x42, 1, 0, 3,    0,    0, 0, 0x48, 0x42};
+    if (liens) Ecrire("ENQ.PEM", {reinterpret_cast<const char*>(octets.data()), octets.size()});
+    Ouvrir();
+  }
+  Graphe3& Graphe() { return Demander<Graphe3>("mnuGraphe"); }
+};
+
+VueDessin& Image(const QWidget& forme) { return Bureau::Dans<VueDessin>(forme, "Image"); }
+QString Information(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText(); }
+// What is typed counts with Return.
+void Taper(const QWidget& forme, const char* champ, const char* texte) {
+  essai::Taper(forme, champ, texte);
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, champ), Qt::Key_Return);
+}
+
+QStringList Ecrits(const QWidget& forme) {
+  QStringList textes;
+  for (const Forme& marque : Image(forme).Contenu().Formes())
+    if (marque.genre == GenreForme::Texte && marque.id >= 0) textes << QString::fromStdString(marque.texte);
+  return textes;
+}
+
+std::vector<Couleur> Traits(const QWidget& forme, std::string_view calque) {
+  std::vector<Couleur> couleurs;
+  const quelvar::Dessin& dessin = Image(forme).Contenu();
+  for (const Forme& marque : dessin.Formes())
+    if (marque.genre == GenreForme::Ligne && dessin.Calques()[marque.calque].nom == calque)
+      couleurs.push_back(marque.plume.couleur);
+  return couleurs;
+}
+
+QPoint PlaceDe(const QWidget& forme, Position point) {
+  const Position page = Image(forme).Contenu().VersPage(point);
+  return Image(forme).VersVue({page.x, page.y}).toPoint();
+}
+
+TEST(Graphe3, AxesAndPoints) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  EXPECT_EQ(forme.windowTitle(), "Graphique non encore enregistré");
+  EXPECT_EQ(Ecrits(forme), QStringList({"A1", "A2", "B1", "B2"}));
+  const auto limites = [&] { return Image(forme).Contenu().VueUtilisateur(); };
+  EXPECT_NEAR(limites().droite, 800 + 0.06 * 1600, 1e-9);
+
+  Taper(forme, "TextFV", "c");  // the CPF on the second factor: 10 to 600
+  EXPECT_NEAR(limites().haut, 600 * 1.06, 1e-9);
+  EXPECT_EQ(Champ(forme, "TextFV"), "C");
+  Taper(forme, "TextFV", "3");
+  EXPECT_NEAR(limites().droite, 800 + 0.06 * 1600, 1e-9);
+  Taper(forme, "TextFV", "4");  // there are three
+  EXPECT_EQ(Champ(forme, "TextFV"), "3");
+  EXPECT_TRUE(Information(forme).contains("de 1 à 3"));
+  Cliquer(forme, "CheckInvX");
+  Cliquer(forme, "InvXY");
+  EXPECT_EQ(Champ(forme, "TextFH"), "3");
+  EXPECT_TRUE(Bureau::Dans<QCheckBox>(forme, "CheckInvY").isChecked());
+  EXPECT_FALSE(Bureau::Dans<QCheckBox>(forme, "CheckInvX").isChecked());
+
+  Cliquer(forme, "CheckLong");
+  Cliquer(forme, "Opt3");
+  EXPECT_EQ(Ecrits(forme), QStringList({"Quatrieme"}));
+  Cliquer(forme, "CheckIndiv");
+  EXPECT_EQ(Ecrits(forme), QStringList({"Pierre", "Paule", "Quatrieme"}));
+  Cliquer(forme, "Opt2");
+  EXPECT_EQ(Ecrits(forme).size(), 3);
+  Cliquer(forme, "Opt1");
+  Taper(forme, "TextBoxVal", "59");
+  EXPECT_EQ(Ecrits(forme).size(), 3);  // CPF of factor 3 and factor 1: 400, 300, 100, 50
+  Cliquer(forme, "CmdCpfMoins");
+  EXPECT_EQ(Champ(forme, "TextBoxVal"), "58");
+  Taper(forme, "TextBoxVal", "rien");
+  EXPECT_EQ(Champ(forme, "TextBoxVal"), "58");
+}
+
+TEST(Graphe3, SizeWheelAndDrag) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  const auto limites = [&] { return Image(forme).Contenu().VueUtilisateur(); };
+  const quelvar::Fenetre debut = limites();
+  Cliquer(forme, "BtFort");
+  Cliquer(forme, "OptH");
+  Cliquer(forme, "BtPlus");
+  EXPECT_NEAR(limites().haut, debut.haut / 1.5, 1e-6);
+  EXPECT_NEAR(limites().droite, debut.droite, 1e-6);
+  Cliquer(forme, "BoutonRAZ");
+  Cliquer(forme, "Command1");
+  EXPECT_GT(limites().droite, debut.droite);  // the image has gone to the left
+  Cliquer(forme, "BoutonRAZ");
+
+  VueDessin& image = Image(forme);
+  const QPoint place = PlaceDe(forme, {400, 200});
+  QWheelEvent molette(place, image.viewport()->mapToGlobal(place), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+  QApplication::sendEvent(image.viewport(), &molette);
+  EXPECT_NEAR(limites().droite - limites().gauche, (debut.droite - debut.gauche) / 1.25, 1e-6);
+  EXPECT_LE((PlaceDe(forme, {400, 200}) - place).manhattanLength(), 2);
+
+  QTest::mousePress(image.viewport(), Qt::LeftButton, {}, place);
+  QTest::mouseMove(image.viewport(), place + QPoint(-40, 25));
+  QTest::mouseRelease(image.viewport(), Qt::LeftButton, {}, place + QPoint(-40, 25));
+  EXPECT_LE((PlaceDe(forme, {400, 200}) - (place + QPoint(-40, 25))).manhattanLength(), 2);
+
+  const double gauche = limites().gauche;
+  QTest::keyClick(&image, Qt::Key_Right);  // the plane goes to the right, by a tenth of the view
+  EXPECT_LT(limites().gauche, gauche);
+  QTest::keyClick(&image, Qt::Key_Left);
+  EXPECT_NEAR(limites().gauche, gauche, 1e-6);
+  const double etendue = limites().droite - limites().gauche;
+  QTest::keyClick(&image, Qt::Key_Plus);
+  EXPECT_NEAR(limites().droite - limites().gauche, etendue / 1.25, 1e-6);
+
+  Cliquer(forme, "CheckTaille");
+  EXPECT_NEAR(image.Echelle(), image.logicalDpiX() / 72.0, 1e-9);
+  Cliquer(forme, "CheckTaille");
+  QCoreApplication::processEvents();  // the bars of the view go
+  EXPECT_LT(image.Contenu().Largeur() * image.Echelle(), image.viewport()->width() + 1);
+}
+
+TEST(Graphe3, ClicksInformAndMark) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "CheckIndiv");
+  QWidget* vue = Image(forme).viewport();
+  QTest::mouseClick(vue, Qt::LeftButton, {}, PlaceDe(forme, {-800, -400}));
+  EXPECT_EQ(Information(forme), "Troisieme");
+  QTest::mouseClick(vue, Qt::LeftButton, {}, PlaceDe(forme, {300, 200}));
+  EXPECT_EQ(Information(forme), "Pierre\nle mot en son lieu");
+  QTest::mouseClick(vue, Qt::LeftButton, {}, PlaceDe(forme, {-300, -200}));
+  EXPECT_EQ(Information(forme), "Paule\nPas de concordance disponible");
+
+  const auto ouvert = [&](const char* nom) { return !Bureau::Dans<QWidget>(forme, nom).isHidden(); };
+  EXPECT_FALSE(ouvert("TextNouvCol"));
+  QTest::mouseClick(vue, Qt::RightButton, {}, PlaceDe(forme, {800, 400}));
+  EXPECT_TRUE(ouvert("TextNouvCol") && ouvert("Label8"));
+  EXPECT_FALSE(ouvert("TextNouvNom"));
+  QTest::mouseClick(vue, Qt::RightButton, {}, PlaceDe(forme, {300, 200}));
+  EXPECT_TRUE(ouvert("TextNouvNom") && ouvert("Label2"));
+  QTest::mouseClick(vue, Qt::RightButton, {}, PlaceDe(forme, {800, 400}));
+  EXPECT_FALSE(ouvert("TextNouvCol"));
+  EXPECT_EQ(Image(forme).infobulleDeLaPlace({-50, -50}), "");
+  const Position page = Image(forme).Contenu().VersPage({800, -400});
+  EXPECT_EQ(Image(forme).infobulleDeLaPlace({page.x, page.y}),
+            "B2  Quatrieme\nF1=800 CPF=50   F2=-400 CPF=60   F3=-100 CPF=1");
+}
+
+TEST(Graphe3, LinksAndTree) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "CheckPEM");
+  EXPECT_EQ(Traits(forme, "liens").size(), 3U);
+  EXPECT_TRUE(Traits(forme, "axes").empty());
+  Cliquer(forme, "CheckProg");
+  EXPECT_EQ(Ecrits(forme), QStringList({"A1", "A2"}));
+  Cliquer(forme, "CmdProgPlus");
+  EXPECT_EQ(Traits(forme, "liens").size(), 2U);
+  Cliquer(forme, "CheckProg");
+  Taper(forme, "EcMinVal", "50,5");
+  EXPECT_EQ(Traits(forme, "liens").size(), 2U);
+  Taper(forme, "EcMinVal", "51");
+  Cliquer(forme, "CmdFiltrMoinsMin");
+  EXPECT_EQ(Traits(forme, "liens").size(), 3U);
+  Taper(forme, "EcSupVal", "89");
+  EXPECT_EQ(Traits(forme, "liens").size(), 2U);
+  Cliquer(forme, "BtVal");
+  bool valeur = false;
+  for (const Forme& marque : Image(forme).Contenu().Formes()) valeur = valeur || marque.texte == "60.0";
+  EXPECT_TRUE(valeur);
+  EXPECT_FALSE(bureau.Existe("ENQ.net"));
+  Cliquer(forme, "FichPajek");
+  EXPECT_TRUE(bureau.Existe("ENQ.net"));
+  EXPECT_FALSE(Bureau::Dans<QWidget>(forme, "ChkLgnPEM").isEnabled());  // no .PEL
+}
+
+TEST(Graphe3, LinksNeedTheirFile) {
+  BureauDePlan bureau(false);
+  const Graphe3& forme = bureau.Graphe();
+  const auto& onglets = Bureau::Dans<QTabWidget>(forme, "Onglets");
+  EXPECT_FALSE(onglets.isTabVisible(onglets.indexOf(&Bureau::Dans<QWidget>(forme, "OngletPEM"))));
+}
+
+TEST(Graphe3, Classification) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "CheckCAH");
+  EXPECT_EQ(Champ(forme, "ValCAH"), "3");
+  EXPECT_EQ(Champ(forme, "ValNCla"), "1");
+  EXPECT_EQ(Traits(forme, "cah").size(), 3U);
+  Taper(forme, "ValNCla", "2");
+  EXPECT_EQ(Champ(forme, "ValCAH"), "2");
+  Cliquer(forme, "BtCouleursOui");
+  EXPECT_EQ(Traits(forme, "cah"), (std::vector{Couleur::Bleu, Couleur::Vert}));
+  Cliquer(forme, "CmdCahMoins");
+  EXPECT_EQ(Ecrits(forme), QStringList({"A1", "A2"}));
+  Cliquer(forme, "CmdCahPlus");
+  Cliquer(forme, "BoutonCAH");
+  EXPECT_TRUE(bureau.Texte().contains("Aggrégation niveau    2\n$$G 1\n"));
+  EXPECT_NE(bureau.Forme<Graphe3>(), nullptr);
+}
+
+// The run of the ellipses says in the main form what is missing, and the box goes off again.
+TEST(Graphe3, EllipsesWithoutTheirFiles) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "CheckEllipseM");
+  EXPECT_FALSE(Bureau::Dans<QCheckBox>(forme, "CheckEllipseM").isChecked());
+  EXPECT_TRUE(bureau.Texte().contains("Le fichier ENQ.AFC n'existe pas"));
+}
+
+TEST(Graphe3, SavedPictures) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Pilote pilote;
+  Bureau::Dans<QSpinBox>(forme, "Resolution").setValue(100);
+  pilote.Cliquer("OK");
+  Cliquer(forme, "BoutonEnreg");
+  EXPECT_EQ(pilote.Vues().last(), "Graphique enregistré sous le nom : ENQFac.bmp");
+  EXPECT_EQ(forme.windowTitle(), "ENQFac.bmp");
+  const QImage image(QString::fromStdString((bureau.Dossier() / "ENQFac.bmp").string()));
+  EXPECT_NEAR(image.width(), Image(forme).Contenu().Largeur() * 100 / 72, 1);
+  pilote.Choisir(QString::fromStdString((bureau.Dossier() / "plan.svg").string()));
+  pilote.Cliquer("OK");
+  Cliquer(forme, "BoutonEnregSous");
+  EXPECT_NE(bureau.Lire("plan.svg").find("Mon plan"), std::string::npos);
+  EXPECT_EQ(forme.windowTitle(), "plan.svg");
+}
+
+TEST(Graphe3, LeavingShowsTheReport) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "BoutonQuitter");
+  EXPECT_EQ(bureau.Forme<Graphe3>(), nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Texte().contains("Il y a  1  modalites supplementaires"); }));
+
+  std::filesystem::remove(bureau.Dossier() / "ENQ.FAJ");
+  bureau.Menu("mnuGrapheText");
+  EXPECT_EQ(bureau.Forme<Graphe3>(), nullptr);
+  EXPECT_TRUE(bureau.Texte().startsWith("*** Le fichier des coordonnees factorielles ENQ.FAJ n'existe pas"));
+}
+
+}  // namespace

@@ -1,0 +1,146 @@
+#include "forms/programmes/sorts/preprecod.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "forms/cadre/principal2.h"
+#include "forms/pilote.h"
+
+namespace {
+
+using essai::Actif;
+using essai::Bureau;
+using essai::Cliquer;
+using essai::Coche;
+using essai::Pilote;
+using quelvar::PrepRecod;
+using quelvar::Principal2;
+
+class FormeRecodage : public testing::Test {
+ protected:
+  FormeRecodage() : bureau_(true) {
+    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\nAGE   212 $Age$\r\nLEC   4 2\r\n");
+    bureau_.Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 71\r\n");
+    bureau_.Ouvrir();
+  }
+  PrepRecod& Ouvrir() { return bureau_.Demander<PrepRecod>("mnuPrepRecod"); }
+  static void Question(const QWidget& forme, int rang) {
+    Bureau::Dans<QListWidget>(forme, "ListPos").setCurrentRow(rang);
+  }
+  // Takes a code of the list as a user does.
+  static void Code(const QWidget& forme, const char* liste, int code) {
+    auto& codes = Bureau::Dans<QComboBox>(forme, liste);
+    ASSERT_TRUE(codes.view()->isVisible()) << "the codes are offered at once";
+    QTest::keyClick(codes.view(), Qt::Key_Home);
+    for (int pas = codes.findData(code); pas > 0; --pas) QTest::keyClick(codes.view(), Qt::Key_Down);
+    QTest::keyClick(codes.view(), Qt::Key_Return);
+  }
+  static QString Message(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
+
+  Bureau bureau_;
+};
+
+TEST_F(FormeRecodage, RulesFilterAndVitReachThePosAndTheRecoding) {
+  PrepRecod& forme = Ouvrir();
+  EXPECT_TRUE(Message(forme).startsWith("Cette fenêtre prépare 4 opérations"));
+  Cliquer(forme, "BoutEnCours");
+  EXPECT_EQ(Message(forme), "Cliquer sur une question à recoder") << "no question is taken before one is chosen";
+  Question(forme, 1);
+  auto& regle = Bureau::Dans<QLineEdit>(forme, "TextMod");
+  regle.setText("1-6=1/5=2");
+  QTest::keyClick(&regle, Qt::Key_Return);
+  EXPECT_TRUE(Message(forme).endsWith("***Attention erreur à corriger***"));
+  regle.setText("1-6=1/7-12=2");
+  QTest::keyClick(&regle, Qt::Key_Return);
+  EXPECT_EQ(Message(forme), "La question est validée");
+
+  Question(forme, 0);
+  Cliquer(forme, "OptIncl");
+  Cliquer(forme, "ChoixFiltre");
+  Code(forme, "ComboGen", 1);
+  EXPECT_EQ(Bureau::Dans<QLineEdit>(forme, "TextFiltre").text(), "INCL SEX=1");
+  Cliquer(forme, "ValidFiltre");
+
+  Pilote pilote;
+  pilote.Taper("CUL");
+  Cliquer(forme, "OptVITNouv");
+  Question(forme, 2);
+  Cliquer(forme, "ChkVITAv");
+  Cliquer(forme, "ChoixVIT");
+  pilote.Taper("2");
+  Code(forme, "ComboVIT", 1);
+  Cliquer(forme, "ValidVIT");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), nullptr);
+  EXPECT_EQ(bureau_.Lire("ENQ.POS"),
+            "ENQ\r\n3 INCL SEX=1 \r\nSEX   1 2 $Sexe$\r\nAGE   212 1-6=1/7-12=2$Age$\r\nLEC   4 2 \r\n$$CUL\r\n"
+            "LEC     1 2\r\n$$\r\n");
+
+  bureau_.Menu("mnuOutils");
+  pilote.Taper("SUITE");
+  Cliquer(*bureau_.Forme<Principal2>(), "BoutonTriapl");
+  EXPECT_EQ(bureau_.Lire("SUITE.DAT"), "11X12\r\n12X12\r\n");
+  EXPECT_EQ(bureau_.Fenetre().SessionEnCours().generique, "SUITE");
+  EXPECT_EQ(bureau_.Fenetre().SessionEnCours().ancien, "ENQ");
+  EXPECT_TRUE(bureau_.Texte().endsWith("Fin normale du programme\n"));
+}
+
+TEST_F(FormeRecodage, LeavingWithChangesIsAskedOnce) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 0);
+  Cliquer(forme, "ValidPond");
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_TRUE(forme.isVisible());
+  pilote.Cliquer("OK");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_TRUE(pilote.Vues().last().startsWith("Vous avez fait des modifications"));
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), nullptr);
+  EXPECT_FALSE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("POND"));
+}
+
+TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 1);
+  Bureau::Dans<QLineEdit>(forme, "TextMod").setText("s");
+  Cliquer(forme, "BoutEnCours");
+  bureau_.Ecrire("AUTRE.POS", "AUTRE\r\n 1 \r\nREV   1 9\r\n");
+  bureau_.Fenetre().AccepterGenerique("AUTRE");
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  bureau_.Menu("mnuPrepRecod");
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), &forme) << "what is not saved is not given up for the other generic";
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Lire("AUTRE.POS"), "AUTRE\r\n 1 \r\nREV   1 9\r\n");
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("AGE   212 s$Age$"));
+
+  Ouvrir();
+  bureau_.Fenetre().AccepterGenerique("ENQ");
+  EXPECT_EQ(Bureau::Dans<QListWidget>(Ouvrir(), "ListPos").count(), 3) << "opened anew on the present generic";
+}
+
+TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
+  bureau_.Menu("mnuOutils");
+  const Principal2& options = *bureau_.Forme<Principal2>();
+  EXPECT_EQ(options.windowTitle(), "Options du recodage");
+  EXPECT_FALSE(Actif(options, "CaseVerif"));
+  Cliquer(options, "CaseRepMult");
+  Cliquer(options, "CaseTriang");
+  EXPECT_FALSE(Coche(options, "CaseRepMult"));
+  EXPECT_FALSE(Actif(options, "CaseRepMult"));
+  Cliquer(options, "CaseVerif");
+  Cliquer(options, "CaseTriang");
+  EXPECT_FALSE(Coche(options, "CaseVerif"));
+  EXPECT_TRUE(Actif(options, "CaseRepMult"));
+}
+
+}  // namespace

@@ -1,0 +1,92 @@
+#include "modalities/creation/posmod.h"
+
+#include <gtest/gtest.h>
+
+#include "support/programme.h"
+
+namespace quelvar {
+namespace {
+
+class RunPosmod : public essai::RunDeProgramme {};
+
+TEST_F(RunPosmod, NumbersAbove9999AreLongNames) {
+  std::string donnees;
+  for (int i = 0; i < 10001; ++i) donnees += i % 2 == 0 ? "1\n" : "2\n";
+  Ecrire("ENQ.DAT", donnees);
+  Ecrire("ENQ.POS", "T\n 10001 \nSEX   1 2 &ACT&\n");
+  ASSERT_EQ(Posmod(contexte_, {.codesZero = false, .individus = true}), Fin::Normale) << montre_;
+  const std::string cdg = Lire("ENQ.CDG");
+  EXPECT_EQ(cdg.substr(0, 8), "1   10\r\n");
+  EXPECT_NE(cdg.find("\r\n999 10\r\n100001\r\n100110\r\n"), std::string::npos) << "1000 fills the four columns";
+  EXPECT_EQ(cdg.substr(cdg.size() - 34), "999910\r\n    0110000\r\n    1010001\r\n");
+  const std::string brt = Lire("ENQ.BRT");
+  EXPECT_EQ(brt.substr(0, 32), "SEX15001   0\r\nSEX2   05000\r\n1   ") << "four digits a cell";
+  EXPECT_EQ(brt.substr(brt.size() - 19), "       1   010001\r\n");
+}
+
+TEST_F(RunPosmod, ASecondRunKeepsWhatTheFirstOneTold) {
+  Ecrire("ENQ.DAT", "12\n21\n");
+  Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2 $S$\nAGE   2 2\n**\nreste");
+  OptionsPosmod options;
+  options.actives = {"SEX"};
+  options.supplementaires = {"AGE"};
+  ASSERT_EQ(Posmod(contexte_, options), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.POS"), "T\r\n 2 \r\nSEX   1 2 $S$ &ACT&\r\nAGE   2 2 &SUP&\r\n**\r\nreste\r\n");
+  const std::string premier = Lire("ENQ.MOD");
+  ASSERT_EQ(Posmod(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.MOD"), premier + "**\r\n");
+  options.supplementaires.reset();
+  ASSERT_EQ(Posmod(contexte_, options), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.POS"), "T\r\n 2 \r\nSEX   1 2 $S$ &ACT&\r\nAGE   2 2\r\n**\r\nreste\r\n");
+  ASSERT_EQ(Posmod(contexte_, {.actives = {{"SEX", "AGE"}}}), Fin::Normale);
+  EXPECT_NE(Lire("ENQ.MOD").find("AGE0 S \r\nAGE1 S \r\nAGE2 S \r\n**\r\n"), std::string::npos)
+      << "the marks of a modality that had gone come back";
+}
+
+TEST_F(RunPosmod, TheProgressCoversTheIndividualsAndIsHidden) {
+  Ecrire("ENQ.DAT", "1\n2\n");
+  Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2 &ACT&\n");
+  std::vector<std::int64_t> maximums;
+  dialogue_.montrerProgression = [&](std::int64_t maximum) { maximums.push_back(maximum); };
+  Posmod(contexte_, {});
+  ASSERT_GE(maximums.size(), 2U);
+  EXPECT_EQ(maximums.front(), 2);
+  EXPECT_EQ(maximums.back(), 0);
+}
+
+TEST_F(RunPosmod, WarningsBeep) {
+  Ecrire("ENQ.DAT", "3\n");
+  Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2 &ACT&\nDEP   240 &SUP&\n");
+  EXPECT_EQ(Posmod(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(bips_, 3) << "a code-max above 35, a value above its code-max, a file too short";
+}
+
+// Runs that fail on the way leave every file but the report as it was, and no scratch file behind.
+TEST_F(RunPosmod, AFailedRunLeavesTheFilesWhole) {
+  Ecrire("ENQ.DAT", "12\n21\n");
+  Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2 &ACT&\nAGE   2 2 &ACT&\n");
+  Ecrire("ENQ.BRT", "ancien\r\n");
+  Ecrire("ENQ.CDG", "ancien\r\n");
+  Ecrire("ENQ.MOD", "T\r\n");  // its second line lacks
+  auto avant = Fichiers("ENQ.PRT");
+  EXPECT_EQ(Posmod(contexte_, {.individus = true}), Fin::Arret);
+  EXPECT_NE(montre_.find("Il y a eu tentative de lire un fichier deja termine"), std::string::npos);
+  EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
+
+  Ecrire("ENQ.MOD", "T\r\n\r\nSEX1 S Homme\r\n");
+  avant = Fichiers("ENQ.PRT");
+  std::string donnees;
+  for (int i = 0; i < 30; ++i) donnees += "1234567890\n";
+  Ecrire("ENQ.DAT", donnees);
+  Ecrire("ENQ.POS", "T\n 30 \nAAA   199 &ACT&\nBBB   399 &ACT&\n");
+  avant = Fichiers("ENQ.PRT");
+  {
+    const essai::DisquePlein disque(2048);  // enough for the report, not for the table of 200 modalities
+    EXPECT_EQ(Posmod(contexte_, {.individus = true}), Fin::Arret);
+  }
+  EXPECT_NE(montre_.find(" notez le numero =  61 Disque plein"), std::string::npos) << montre_;
+  EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
+}
+
+}  // namespace
+}  // namespace quelvar

@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include "core/enquete/listemod.h"
+#include "core/enquete/posfile.h"
+#include "modalities/edition/modifmod.h"
+#include "modalities/edition/nomemod.h"
+#include "modalities/edition/nomquest.h"
+#include "support/programme.h"
+
+namespace quelvar {
+namespace {
+
+class Edition : public essai::RunDeProgramme {
+ protected:
+  Edition() : RunDeProgramme(2) {}
+};
+
+// --- the list of a .MOD ---
+
+TEST_F(Edition, EveryPartOfTheFileSurvivesARoundTrip) {
+  const std::string contenu = "T\r\n\r\nSEX0   \r\nSEX1 S Homme\r\nSEX2 zé  \r\n** x\r\n\r\nAAA\r\n   \r\n**\r\n";
+  Ecrire("ENQ.MOD", contenu);
+  const ListeModalites liste = LireListeModalites(dossier_.Chemin() / "ENQ.MOD");
+  EXPECT_EQ(liste.textes.size(), 3U);
+  EcrireListeModalites(dossier_.Chemin(), "ENQ.MOD", liste);
+  EXPECT_EQ(Lire("ENQ.MOD"), contenu);
+}
+
+TEST_F(Edition, AFileOfOneLineHasNoModalities) {
+  Ecrire("ENQ.MOD", "Titre");
+  const EtatModifMod etat = ChargerModifMod(contexte_);
+  EXPECT_TRUE(etat.message.empty());
+  EXPECT_TRUE(etat.textes.empty());
+}
+
+// --- ModifMod ---
+
+TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
+  Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1 \r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\n");
+  EtatModifMod etat = ChargerModifMod(contexte_);
+  BasculerStatut(etat.textes[0]);
+  Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\nYYY1\r\n");
+  EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.MOD"), "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1 S \r\nSEX2 S F\r\n**\r\nXXX1\r\nYYY1\r\n");
+}
+
+// --- NomQuest ---
+
+TEST(LigneAvecIntitule, ReadersFindTheNameAgain) {
+  const struct {
+    std::string_view ligne, intitule, attendue;
+  } cas[] = {
+      {"AAA   1 5 $Ancien$ 1=1 $reste$", "Neuf", "AAA   1 5 $Neuf$ 1=1 $reste$"},
+      {"AAA   1 5 $Ancien$ &ACT&", "", "AAA   1 5 $$ &ACT&"},
+      {"AAA   1 5 1=1", "Neuf", "AAA   1 5 1=1 $Neuf$"},
+      {"AAA   1 5", "", "AAA   1 5"},
+      {"AAA   1 5 $Ouvert", "Neuf", "AAA   1 5 $Neuf$ $Ouvert"},
+      {"AAA   1 5 $Ouvert", "", "AAA   1 5 $Ouvert"},
+      {"AAA   15", "Neuf", "AAA   15 $Neuf$"},
+      {"AAA  1", "Neuf", "AAA  1   $Neuf$"},
+  };
+  for (const auto& c : cas) {
+    const std::string ligne = LigneAvecIntitule(c.ligne, c.intitule);
+    EXPECT_EQ(ligne, c.attendue);
+    EXPECT_EQ(LireLigneQuestion(ligne).intitule, c.intitule);
+    EXPECT_EQ(LireLigneQuestion(ligne).codeMax, LireLigneQuestion(c.ligne).codeMax) << ligne;
+  }
+}
+
+TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
+  Ecrire("ENQ.POS", "T\n1\nAAA   1 5 $A$\nBBB   2 5\nAAA   3 5\n");
+  EtatNomQuest etat = ChargerNomQuest(contexte_);
+  ASSERT_EQ(etat.questions.size(), 3U);
+  EXPECT_EQ(TexteDeRecapitulatif(etat.questions[0]), "AAA A");
+  NommerQuestion(etat.questions[1], "B");
+  NommerQuestion(etat.questions[2], "A2");
+  SauverNomQuest(contexte_, etat.questions);
+  EXPECT_EQ(Lire("ENQ.POS"), "T\r\n1\r\nAAA   1 5 $A$\r\nBBB   2 5 $B$\r\nAAA   3 5 $A2$\r\n");
+  Ecrire("ENQ.POS", "T\n1\nNEW   1 5\nBBB   2 5\n**\nfin\n");
+  SauverNomQuest(contexte_, etat.questions);
+  EXPECT_EQ(Lire("ENQ.POS"), "T\r\n1\r\nNEW   1 5\r\nBBB   2 5 $B$\r\n**\r\nfin\r\n");
+}
+
+// --- NomeMod ---
+
+}  // namespace
+}  // namespace quelvar

@@ -1,0 +1,152 @@
+#include "sorts/recodage/recodage.h"
+
+#include <gtest/gtest.h>
+
+#include "support/programme.h"
+
+namespace quelvar {
+namespace {
+
+class RunRecodage : public essai::RunDeProgramme {
+ protected:
+  Fin Executer(const OptionsRecodage& options = {}) { return Recodage(contexte_, options); }
+};
+
+TEST_F(RunRecodage, AStoppedRunLeavesTheNewGenericAlone) {
+  std::string sixCentsUne = "T\n 1 \n";
+  for (int i = 0; i < 601; ++i) sixCentsUne += "AAA   1 2\n";
+  const struct {
+    std::string_view pos, donnees, texte;
+  } cas[] = {
+      {"T\n", "1\n", "Il y a eu tentative de lire un fichier deja termine"},
+      {"T\n 1 \nAAA   1 2\nBBB   0 2\n", "1\n", "a la question  2  nom=BBB"},
+      {"T\n 1 \nAAA9E9  2\n", "1\n", "notez le numero =  6 "},
+      {"T\n 2 \nAAA   1L3\n", "123\n9E9\n", "notez le numero =  6 "},
+      {"T\n 2 POND\nPON   112A\n", "1\n999999999999\n", "notez le numero =  6 "},
+      {sixCentsUne, "1\n", "\r\n***  Plus de questions que le maximum possible\r\nArret pour trop de questions\r\n"},
+      {"T\n 1 INCL A=1 EXCL A=2\nA     1 2\n", "1\n", "\r\n***  Inclure et exclure presents en meme temps\r\n"},
+      {"T\n 1 \nAAA   1 2 1=-1\n", "1\n", "Nouveau code trop large pour la question : AAA"},
+      {"T\n 1 \nAAA9999 2\n$$V\nAAA     1\n$$\n", "1\n", "notez le numero =  6 "},
+      {"T\n 1 \nAAA   1 2\n$$V\nAAA     199999\n$$\n", "1\n", "notez le numero =  6 "},
+  };
+  for (const auto& [pos, donnees, texte] : cas) {
+    Ecrire("ENQ.POS", pos);
+    Ecrire("ENQ.DAT", donnees);
+    Ecrire("ENR.POS", "ancien");
+    Ecrire("ENR.DAT", "ancien");
+    EXPECT_EQ(Executer(), Fin::Arret) << texte;
+    EXPECT_TRUE(Dit(texte)) << texte << montre_;
+    EXPECT_EQ(Fichiers("ENR.REC"), (std::map<std::string, std::string>{{"ENQ.DAT", std::string(donnees)},
+                                                                       {"ENQ.POS", std::string(pos)},
+                                                                       {"ENR.DAT", "ancien"},
+                                                                       {"ENR.POS", "ancien"}}))
+        << texte;
+  }
+}
+
+TEST_F(RunRecodage, NothingThatTheRunReadsIsWrittenOver) {
+  Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2 1=2\n");
+  Ecrire("ENQ.DAT", "1\r\n");
+  saisie_ = "enq";
+  EXPECT_EQ(Executer(), Fin::Arret);
+  EXPECT_TRUE(Dit("notez le numero =  70 ")) << montre_;
+  EXPECT_EQ(Lire("ENQ.DAT"), "1\r\n");
+
+  Ecrire("ENR.DAT", "1\r\n");
+  saisie_ = "ENR";
+  EXPECT_EQ(Executer({.fichierDonnees = "enr.dat"}), Fin::Arret);
+  EXPECT_TRUE(Dit("notez le numero =  70 ")) << montre_;
+  EXPECT_EQ(Lire("ENR.DAT"), "1\r\n");
+
+  Ecrire("ENR.POS", "ancien");
+  Effacer("ENR.DAT");
+  std::filesystem::create_directory(dossier_.Chemin() / "ENR.DAT");
+  EXPECT_EQ(Executer(), Fin::Arret) << "a directory stands in the way";
+  EXPECT_EQ(Lire("ENR.POS"), "ancien");
+}
+
+TEST_F(RunRecodage, HundredPeopleOfWeightFiftyAreReducedToAThousandLines) {
+  Ecrire("ENQ.POS", "T\n 100 POND=pds\nPDS   150\nPON   1 9\n");
+  std::string donnees;
+  for (int i = 0; i < 100; ++i) donnees += "50\n";
+  Ecrire("ENQ.DAT", donnees);
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_TRUE(Dit("POND=PDS est prioritaire"));
+  EXPECT_TRUE(Dit("en sortie est de  5000 \r\n"));
+  EXPECT_TRUE(Dit("il est maintenant de  1000 \r\n"));
+  EXPECT_EQ(Lire("ENR.DAT").size(), 4000U);
+  EXPECT_TRUE(Lire("ENR.POS").starts_with("T Recode en ENR\r\n 1000 ( 100 )\r\n"));
+
+  Ecrire("ENQ.POS", "T\n 100 MAX POND=ZZZ\nPON   150\n");
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_FALSE(Dit("*** Attention, une")) << "a question PON serves for an unknown name";
+  EXPECT_EQ(Lire("ENR.DAT").size(), 20000U);
+  EXPECT_TRUE(Lire("ENR.POS").starts_with("T Recode en ENR\r\n 5000 \r\n"));
+}
+
+// A VIT and a filter read the new codes, of a question without rule the old ones; values that no code-max allows count
+// as 0, and a VIT never takes more columns than it has.
+TEST_F(RunRecodage, VitAndFilterReadTheRecodedValues) {
+  Ecrire("ENQ.POS",
+         "T\n 6 EXCL A=3 & BBB=0\nAAA   1 4 1-2=3\nBBB   2 9\n$$SOM\nAAA    +\nBBB     +\n$$CAS\nAAA     3-5\n"
+         "BBB     9 12\nBBB     2\n");
+  Ecrire("ENQ.DAT", "19\n4\n2 \n59\n-2\n21\n");
+  EXPECT_EQ(Executer({.toutesSelectionnees = false}), Fin::Normale);
+  // A filter names the first question that contains it. SOM: 3+9, 4+0, excluded, 0+9 with a warning, 0+2, 3+1;
+  // CAS: 12-5, 0, excluded, 12, 1, and -5 which counts as 0.
+  EXPECT_EQ(Lire("ENR.DAT"), "3912 7\r\n4  4 0\r\n09 912\r\n02 2 1\r\n31 4 0\r\n");
+  EXPECT_TRUE(Dit("***  Depassement de code-max a AAA Ligne 4\r\n"));
+  EXPECT_FALSE(Dit("Ligne 5"));
+  EXPECT_TRUE(Dit("SOM      3   13\r\nCAS      5   13\r\n")) << montre_;
+}
+
+// Whatever stands in a field that keeps its codes, and wherever it stands, only digits up to the code-max come through.
+TEST_F(RunRecodage, EveryColumnIsLookedAt) {
+  constexpr int kColonnes = 37;
+  std::string pos = "T\n 0 \n";
+  for (int i = 1; i <= kColonnes; ++i)
+    pos += "Q" + std::to_string(10 + i) + (i < 10 ? "   " : "  ") + std::to_string(i) + " 5\n";
+  const std::string juste(kColonnes, '5');
+  std::string donnees, attendu;
+  for (std::size_t i = 0; i < kColonnes; ++i)
+    for (const char c : {'6', ' ', '/', ':', '\xFF', '0', '4'}) {
+      std::string ligne = juste;
+      ligne[i] = c;
+      donnees += ligne + "\n";
+      ligne[i] = c == '4' ? '4' : '0';
+      attendu += ligne + "\r\n";
+    }
+  Ecrire("ENQ.POS", pos);
+  Ecrire("ENQ.DAT", donnees);
+  EXPECT_EQ(Executer(), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.DAT"), attendu);
+  EXPECT_TRUE(Dit("a Q11 Ligne 1\r\n") && Dit("a Q47 Ligne 253\r\n"));
+  EXPECT_FALSE(Dit("Ligne 2\r\n")) << "only a code above the code-max is told";
+}
+
+TEST_F(RunRecodage, CancelIsRememberedForTheModalityFile) {
+  Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2\n");
+  Ecrire("ENQ.DAT", "1\n");
+  Ecrire("ENQ.MOD", "un");
+  SuiteRecodage suite;
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Executer({.suite = &suite}), Fin::Normale);
+  EXPECT_EQ(suite.generique, "ENR");
+  EXPECT_FALSE(suite.passerModalites);
+  EXPECT_FALSE(Fichiers().contains("ENR.MOD"));
+  bouton_ = Reponse::Annuler;
+  EXPECT_EQ(Executer({.suite = &suite}), Fin::Normale);
+  EXPECT_TRUE(suite.passerModalites);
+  EXPECT_EQ(Lire("ENR.MOD"), "un");
+  Ecrire("ENQ.MOD", "deux");
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Executer({.suite = &suite}), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.MOD") + Lire("ENR.MO2"), "deuxun");
+  EXPECT_EQ(boites_.size(), 2U);
+  Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2 x\n");
+  EXPECT_EQ(Executer({.suite = &suite}), Fin::Arret);
+  EXPECT_EQ(suite.generique, "ENQ") << "a stopped run keeps the generic";
+}
+
+}  // namespace
+}  // namespace quelvar
