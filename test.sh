@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Quelvar and runs every test: layout of the sources, release, sanitizers, the part below the windows without
+# Builds Quelvar and runs every test: layout of the sources, arrows between folders, release, sanitizers, the part below the windows without
 # Qt, static analysis, and a short run of the fuzz targets.
 #   ./test.sh            everything; installs what is missing
 #   ./test.sh --rapide   the suite of the dev preset only, installs nothing
@@ -54,6 +54,7 @@ tout() {
   installer "${PAQUETS_FACULTATIFS[@]}" || true
   etape "paquets de clang" installer_runtime_clang
   etape "mise en page des sources" tools/format.sh --verifier
+  etape "sens des flèches" tools/fleches.sh
   suite release -DQUELVAR_BENCH=ON
   etape "chaîne d'exemple" chaine
   suite asan ""

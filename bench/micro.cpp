@@ -46,11 +46,11 @@ void ConvertirEnUtf8(benchmark::State& etat) {
 BENCHMARK(ConvertirEnUtf8);
 
 // A plane of 3,500 elements with 20,000 links, as it is drawn anew at each turn of the wheel.
-quelvar::EtatPlan GrandPlan() {
+quelvar::factor::EtatPlan GrandPlan() {
   constexpr std::size_t elements = 3500;
   std::mt19937 hasard(1);
   std::normal_distribution<double> nuage(0, 300);
-  quelvar::DonneesPlan donnees;
+  quelvar::factor::DonneesPlan donnees;
   donnees.titre = "Plan";
   donnees.facteurs = 2;
   donnees.colonnes = elements;
@@ -61,14 +61,14 @@ quelvar::EtatPlan GrandPlan() {
     donnees.points.push_back({quelvar::CadreGauche(quelvar::Nombre(i), 4), "Modalite", i % 5 == 0, true});
   const auto element = [&] { return static_cast<std::int16_t>(1 + hasard() % elements); };
   for (int k = 0; k < 20000; ++k) donnees.liens.push_back({element(), element(), 100 - static_cast<float>(k) / 200});
-  quelvar::EtatPlan etat = quelvar::NouveauPlan(std::move(donnees));
+  quelvar::factor::EtatPlan etat = quelvar::factor::NouveauPlan(std::move(donnees));
   etat.reglages.liens.actif = true;
   return etat;
 }
 
 void DessinerUnPlan(benchmark::State& mesure) {
-  const quelvar::EtatPlan etat = GrandPlan();
-  for (auto _ : mesure) benchmark::DoNotOptimize(quelvar::DessinerPlan(etat));
+  const quelvar::factor::EtatPlan etat = GrandPlan();
+  for (auto _ : mesure) benchmark::DoNotOptimize(quelvar::factor::DessinerPlan(etat));
 }
 BENCHMARK(DessinerUnPlan)->Unit(benchmark::kMillisecond);
 

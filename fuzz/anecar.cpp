@@ -14,25 +14,25 @@ namespace {
 constexpr std::string_view kDonnees = "1\r\n2\r\n1\r\n";
 constexpr std::string_view kQuestions = "ENQ\r\n 3 \r\nAAA   1 2\r\n";
 
-quelvar::OptionsAnecar OptionsDe(unsigned choix, unsigned facteurs) {
-  quelvar::OptionsAnecar options;
-  options.type = (choix & 1) != 0 ? quelvar::TypeAnalyse::Acp : quelvar::TypeAnalyse::Afc;
+quelvar::factor::OptionsAnecar OptionsDe(unsigned choix, unsigned facteurs) {
+  quelvar::factor::OptionsAnecar options;
+  options.type = (choix & 1) != 0 ? quelvar::factor::TypeAnalyse::Acp : quelvar::factor::TypeAnalyse::Afc;
   options.facteurs = static_cast<int>(facteurs % 7);
-  if ((choix & 2) != 0) options.edition = quelvar::EditionAnecar::Triee;
-  if ((choix & 4) != 0) options.edition = quelvar::EditionAnecar::Etendue;
+  if ((choix & 2) != 0) options.edition = quelvar::factor::EditionAnecar::Triee;
+  if ((choix & 4) != 0) options.edition = quelvar::factor::EditionAnecar::Etendue;
   options.imprimerLignes = (choix & 8) != 0;
   options.codageLogique = (choix & 16) != 0;
   if ((choix & 32) != 0) {
     options.classification.emplace();
     options.classification->methode =
-        (choix & 64) != 0 ? quelvar::MethodeWard::Carres : quelvar::MethodeWard::Distances;
+        (choix & 64) != 0 ? quelvar::factor::MethodeWard::Carres : quelvar::factor::MethodeWard::Distances;
     options.classification->individus = (choix & 128) != 0;
   }
   return options;
 }
 
 void Couper(const fuzz::DossierMemoire& dossier, quelvar::Dialogue& dialogue, int niveau) {
-  quelvar::WardCoupe(dossier.Contexte(dialogue), {.niveau = niveau});
+  quelvar::factor::WardCoupe(dossier.Contexte(dialogue), {.niveau = niveau});
   if (!dossier.Existe("ENQ.PRT") || dossier.Lire("ENQ.DAT") != kDonnees || dossier.Lire("ENQ.POS") != kQuestions)
     std::abort();
 }
@@ -57,8 +57,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   dossier.Ecrire("ENQ.CDG", "");
 
   quelvar::Dialogue dialogue;
-  const quelvar::OptionsAnecar options = OptionsDe(donnees[0], donnees[1]);
-  const quelvar::Fin fin = quelvar::Anecar(dossier.Contexte(dialogue), options);
+  const quelvar::factor::OptionsAnecar options = OptionsDe(donnees[0], donnees[1]);
+  const quelvar::Fin fin = quelvar::factor::Anecar(dossier.Contexte(dialogue), options);
   const bool rapport = dossier.Existe("ENQ.AFC") || dossier.Existe("ENQ.ACP");
   if (!dossier.Existe("ENQ.ANA") || (fin == quelvar::Fin::Normale && !rapport)) std::abort();
   if (fin == quelvar::Fin::Normale && options.classification) Couper(dossier, dialogue, donnees[1]);

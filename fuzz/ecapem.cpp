@@ -16,7 +16,7 @@ constexpr std::string_view kAnciensLiens("\x01\0\x02\0\0\0\x80\x3F", 8);
 void Verifier(const fuzz::DossierMemoire& dossier, quelvar::Fin fin) {
   const std::string rapport = dossier.Lire("ENQ.PRO");
   for (const char* nom : {"ENQ.PEM", "ENQ.PEL"})
-    if (dossier.Existe(nom) && dossier.Lire(nom).size() % quelvar::kOctetsDUnLien != 0) std::abort();
+    if (dossier.Existe(nom) && dossier.Lire(nom).size() % quelvar::tables::kOctetsDUnLien != 0) std::abort();
   if (fin == quelvar::Fin::Normale && rapport.find("Fin normale") == rapport.npos) std::abort();
 }
 
@@ -34,14 +34,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     if (coupe == reste.npos) break;
     reste.remove_prefix(coupe + 1);
   }
-  quelvar::OptionsEcapem options;
+  quelvar::tables::OptionsEcapem options;
   options.cliques = (donnees[0] & 1) != 0;
-  options.intitules = (donnees[0] & 2) != 0 ? quelvar::ModeIntitules::Courts : quelvar::ModeIntitules::Longs;
+  options.intitules =
+      (donnees[0] & 2) != 0 ? quelvar::tables::ModeIntitules::Courts : quelvar::tables::ModeIntitules::Longs;
   options.diagonalisation = (donnees[0] & 4) != 0;
   options.liensLignes = (donnees[0] & 8) != 0;
   options.tousTableaux = (donnees[0] & 16) != 0;
-  if ((donnees[0] & 32) != 0) options.seuil = quelvar::SeuilKhi2::Gendat;
+  if ((donnees[0] & 32) != 0) options.seuil = quelvar::tables::SeuilKhi2::Gendat;
   quelvar::Dialogue dialogue;
-  Verifier(dossier, quelvar::Ecapem(dossier.Contexte(dialogue), options));
+  Verifier(dossier, quelvar::tables::Ecapem(dossier.Contexte(dialogue), options));
   return 0;
 }

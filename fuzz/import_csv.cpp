@@ -26,13 +26,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
 
   quelvar::Dialogue dialogue;
   const bool sansIntitules = (donnees[0] & 1) != 0;
-  const quelvar::Fin fin = quelvar::ImportCsv(dossier.Contexte(dialogue), {.sansIntitules = sansIntitules});
+  const quelvar::Fin fin = quelvar::capture::ImportCsv(dossier.Contexte(dialogue), {.sansIntitules = sansIntitules});
   if (!dossier.Existe("ENQ.IMP") || dossier.Lire("ENQ.PO2") != kAncienPos) std::abort();
   if (fin == quelvar::Fin::Arret) {
     if (dossier.Lire("ENQ.POS") != kAncienPos || dossier.Lire("ENQ.DAT") != kAncienDat) std::abort();
     return 0;
   }
   if (dossier.Existe("ENQ.POS") == sansIntitules) std::abort();
-  quelvar::Triapl(dossier.Contexte(dialogue), {});
+  quelvar::sorts::Triapl(dossier.Contexte(dialogue), {});
   return 0;
 }

@@ -21,18 +21,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   if (quelvar::Majuscules(pos).find("MAX") != pos.npos) return 0;
   dossier.Ecrire("ENQ.POS", pos);
   dossier.Ecrire("ENQ.DAT", dat);
-  quelvar::OptionsRecodage options;
+  quelvar::sorts::OptionsRecodage options;
   options.seules = (donnees[0] & 1) != 0;
   options.enFin = (donnees[0] & 2) != 0;
   options.toutesSelectionnees = (donnees[0] & 4) == 0;
   quelvar::Dialogue dialogue;
   quelvar::Contexte contexte = dossier.Contexte(dialogue);
-  const bool complete = quelvar::Recodage(contexte, options) == quelvar::Fin::Normale;
+  const bool complete = quelvar::sorts::Recodage(contexte, options) == quelvar::Fin::Normale;
   if (!dossier.Existe("ENR.REC") || dossier.Existe("ENR.POS") != complete || dossier.Existe("ENR.DAT") != complete)
     std::abort();
   if (dossier.Lire("ENQ.POS") != pos || dossier.Lire("ENQ.DAT") != dat) std::abort();
   contexte.generique = "ENR";
   const bool peuplee = complete && !dossier.Lire("ENR.DAT").empty();
-  if (peuplee && quelvar::Triapl(contexte, {}) != quelvar::Fin::Normale) std::abort();
+  if (peuplee && quelvar::sorts::Triapl(contexte, {}) != quelvar::Fin::Normale) std::abort();
   return 0;
 }

@@ -19,14 +19,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     if (coupe == reste.npos) break;
     reste.remove_prefix(coupe + 1);
   }
-  quelvar::OptionsTriapl options;
+  quelvar::sorts::OptionsTriapl options;
   options.reponsesMultiples = (donnees[0] & 1) != 0;
   options.triangulaire = (donnees[0] & 2) != 0;
   options.limite = (donnees[0] & 4) != 0 ? 2 : 0;
   options.intitules = (donnees[0] & 8) == 0;
   options.nonReponses = (donnees[0] & 16) == 0;
   quelvar::Dialogue dialogue;
-  quelvar::Triapl(dossier.Contexte(dialogue), options);
+  quelvar::sorts::Triapl(dossier.Contexte(dialogue), options);
   if (!dossier.Existe("ENQ.TAP")) std::abort();
   return 0;
 }

@@ -5,12 +5,12 @@ namespace quelvar::batch {
 
 namespace {
 
-using O = OptionsAnecar;
+using O = factor::OptionsAnecar;
 
 Description<O>::Poser PoserSeuil(std::string nom, std::optional<int> O::*membre) {
   return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
     if (Minuscules(valeur) == "moyenne") {
-      options.*membre = kSeuilMoyen;
+      options.*membre = factor::kSeuilMoyen;
       return;
     }
     if (valeur.empty() || valeur.size() > 4 || valeur.find_first_not_of("0123456789") != std::string::npos)
@@ -22,9 +22,9 @@ Description<O>::Poser PoserSeuil(std::string nom, std::optional<int> O::*membre)
 
 void PoserEdition(O& options, const std::string& valeur) {
   const std::string mot = Minuscules(valeur);
-  if (mot == "compacte") options.edition = EditionAnecar::Compacte;
-  else if (mot == "triee") options.edition = EditionAnecar::Triee;
-  else if (mot == "etendue") options.edition = EditionAnecar::Etendue;
+  if (mot == "compacte") options.edition = factor::EditionAnecar::Compacte;
+  else if (mot == "triee") options.edition = factor::EditionAnecar::Triee;
+  else if (mot == "etendue") options.edition = factor::EditionAnecar::Etendue;
   else throw UsageIncorrect(Joindre({"l'option edition attend compacte|triee|etendue et non \"", valeur, "\""}));
 }
 
@@ -51,11 +51,11 @@ void PoserClassification(O& options, const std::string& valeur) {
   if (mot != "ward1" && mot != "ward2")
     throw UsageIncorrect(Joindre({"l'option cah attend ward1|ward2|non et non \"", valeur, "\""}));
   if (!options.classification) options.classification.emplace();
-  options.classification->methode = mot == "ward1" ? MethodeWard::Distances : MethodeWard::Carres;
+  options.classification->methode = mot == "ward1" ? factor::MethodeWard::Distances : factor::MethodeWard::Carres;
 }
 
 // A choice of the classification, which begins with it.
-Description<O>::Poser PoserChoixWard(std::string nom, bool OptionsWard::*membre) {
+Description<O>::Poser PoserChoixWard(std::string nom, bool factor::OptionsWard::*membre) {
   return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
     const bool choisi = LireOuiNon(nom, valeur);
     if (choisi && !options.classification) options.classification.emplace();
@@ -67,9 +67,10 @@ Description<O>::Poser PoserChoixWard(std::string nom, bool OptionsWard::*membre)
 
 Programme ProgrammeAnecar() {
   return Description<O>("anecar", "Analyse factorielle d'un tableau (.AFC ou .ACP, coordonnées .FAJ .FAI .FJ2 .FI2)"_w,
-                        Anecar)
-      .Choix<TypeAnalyse>("analyse", &O::type, {{"afc", TypeAnalyse::Afc}, {"acp", TypeAnalyse::Acp}},
-                          "analyse des correspondances ou en composantes principales")
+                        factor::Anecar)
+      .Choix<factor::TypeAnalyse>("analyse", &O::type,
+                                  {{"afc", factor::TypeAnalyse::Afc}, {"acp", factor::TypeAnalyse::Acp}},
+                                  "analyse des correspondances ou en composantes principales")
       .Libre("facteurs", "0..999", "3, ou 5 avec cah", "nombre de facteurs à extraire, 0 pour 3"_w, PoserFacteurs)
       .Alias({"textboxnbfact"})
       .Libre("edition", "compacte|triee|etendue", "selon le niveau et la taille",
@@ -89,10 +90,10 @@ Programme ProgrammeAnecar() {
       .Libre("cah", "ward1|ward2|non", "non", "classe ensuite les modalités par la méthode de Ward"_w,
              PoserClassification)
       .Libre("individus", "oui|non", "non", "classe les individus au lieu des modalités"_w,
-             PoserChoixWard("individus", &OptionsWard::individus))
+             PoserChoixWard("individus", &factor::OptionsWard::individus))
       .Alias({"indivcah"})
       .Libre("csv", "oui|non", "non", "écrit le .CSV des étapes de la classification"_w,
-             PoserChoixWard("csv", &OptionsWard::etapesCsv))
+             PoserChoixWard("csv", &factor::OptionsWard::etapesCsv))
       .Alias({"impragr"});
 }
 

@@ -14,8 +14,8 @@ namespace {
 // The form and the survey that the options of the command line act on, one after the other.
 struct FormeCroise {
   const Contexte& contexte;
-  const EnqueteCroisee& enquete;
-  EtatChoixVar etat;
+  const crosstab::EnqueteCroisee& enquete;
+  crosstab::EtatChoixVar etat;
   std::string graphique;  // file of the picture of a single table
 
   const Dialogue& Ecran() const { return contexte.Ecran(); }
@@ -41,15 +41,16 @@ std::size_t RangDuMot(std::string_view option, const Choix& choix, std::string_v
 
 // The questions of those names, "*" for all; a name that the survey has not stops the run.
 std::vector<std::size_t> Trouver(FormeCroise& forme, const Mots& noms) {
-  const std::vector<QuestionCroisee>& questions = forme.enquete.questions;
+  const std::vector<crosstab::QuestionCroisee>& questions = forme.enquete.questions;
   std::vector<std::size_t> trouvees;
   for (const std::string& nom : noms) {
     if (nom == "*") {
       for (std::size_t i = 0; i < questions.size(); ++i) trouvees.push_back(i);
       continue;
     }
-    const auto question = std::find_if(questions.begin(), questions.end(),
-                                       [&](const QuestionCroisee& q) { return Rogner(q.nom) == Rogner(nom); });
+    const auto question = std::find_if(questions.begin(), questions.end(), [&](const crosstab::QuestionCroisee& q) {
+      return Rogner(q.nom) == Rogner(nom);
+    });
     if (question == questions.end()) {
       forme.Ecran().demander(Joindre({"La question ", nom, " n'existe pas dans ", forme.contexte.Nom(".POS")}),
                              Boutons::Ok);
@@ -61,25 +62,28 @@ std::vector<std::size_t> Trouver(FormeCroise& forme, const Mots& noms) {
 }
 
 // Puts these questions, and no others, into a role.
-void Poser(FormeCroise& forme, RoleQuestion role, const Mots& noms) {
-  EnleverDuRole(forme.etat, role, QuestionsDuRole(forme.etat, role), forme.Ecran());
-  if (role == RoleQuestion::Filtre && noms.empty()) ChoisirDeuxDimensions(forme.etat, forme.Ecran());
-  else if (role == RoleQuestion::Filtre) ChoisirTroisDimensions(forme.etat, forme.Ecran());
-  AjouterAuRole(forme.etat, role, Trouver(forme, noms), forme.Ecran());
+void Poser(FormeCroise& forme, crosstab::RoleQuestion role, const Mots& noms) {
+  crosstab::EnleverDuRole(forme.etat, role, crosstab::QuestionsDuRole(forme.etat, role), forme.Ecran());
+  if (role == crosstab::RoleQuestion::Filtre && noms.empty())
+    crosstab::ChoisirDeuxDimensions(forme.etat, forme.Ecran());
+  else if (role == crosstab::RoleQuestion::Filtre) crosstab::ChoisirTroisDimensions(forme.etat, forme.Ecran());
+  crosstab::AjouterAuRole(forme.etat, role, Trouver(forme, noms), forme.Ecran());
 }
 
 void Lancer(FormeCroise& forme) {
-  const std::optional<DemandeCroise> demande = PreparerLancement(forme.etat, forme.Ecran());
+  const std::optional<crosstab::DemandeCroise> demande = crosstab::PreparerLancement(forme.etat, forme.Ecran());
   if (!demande) {
     forme.Ecran().demander(forme.etat.titre, Boutons::Ok);
     throw Erreur(kArretAnnonce);
   }
-  const std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
+  const std::optional<crosstab::ResultatLancement> resultat =
+      crosstab::LancerCroise(forme.contexte, forme.enquete, *demande);
   if (!resultat) throw Erreur(kArretAnnonce);
-  ApresLancement(forme.etat, *resultat);
+  crosstab::ApresLancement(forme.etat, *resultat);
   if (!resultat->retenu) return;
   Remplacement fichier(forme.contexte.repertoire, forme.graphique);
-  fichier.Fichier().Ecrire(TexteSvg(DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(*resultat->retenu)))));
+  fichier.Fichier().Ecrire(
+      TexteSvg(crosstab::DessinerGraphe2(crosstab::NouveauGraphe2(crosstab::PreparerGraphe2(*resultat->retenu)))));
   fichier.Valider();
 }
 
@@ -91,9 +95,9 @@ Fin Executer(const Contexte& contexte, const LigneCroise& ligne) {
   Contexte muet = contexte;
   muet.dialogue = &ecran;
   Fin fin = Fin::Arret;
-  if (const std::optional<EnqueteCroisee> enquete = PreparerCroise(muet, ligne.donnees)) {
+  if (const std::optional<crosstab::EnqueteCroisee> enquete = crosstab::PreparerCroise(muet, ligne.donnees)) {
     try {
-      FormeCroise forme{muet, *enquete, NouveauChoix(*enquete), {}};
+      FormeCroise forme{muet, *enquete, crosstab::NouveauChoix(*enquete), {}};
       for (const auto& geste : ligne.gestes) geste(forme);
       if (ligne.aLancer) Lancer(forme);
       fin = Fin::Normale;
@@ -112,7 +116,7 @@ void Ajouter(LigneCroise& ligne, std::function<void(FormeCroise&)> geste) {
 }
 
 // An option that sets a role of the request.
-auto Role(RoleQuestion role) {
+auto Role(crosstab::RoleQuestion role) {
   return [role](LigneCroise& ligne, const std::string& valeur) {
     Ajouter(ligne, [role, noms = NomsSepares(valeur)](FormeCroise& forme) { Poser(forme, role, noms); });
   };
@@ -127,7 +131,8 @@ class OptionsDeLaForme {
       : description_("croise", "Tris croisés à deux et trois dimensions (.TCR) ; les options agissent dans l'ordre"_w,
                      Executer) {}
 
-  OptionsDeLaForme& Questions(std::string nom, std::string controle, RoleQuestion role, std::string_view aide) {
+  OptionsDeLaForme& Questions(std::string nom, std::string controle, crosstab::RoleQuestion role,
+                              std::string_view aide) {
     description_.Libre(std::move(nom), "SEX,AGE,...|*", "", aide, Role(role)).Alias({std::move(controle)});
     return *this;
   }
@@ -149,7 +154,7 @@ class OptionsDeLaForme {
     return *this;
   }
   OptionsDeLaForme& Case(std::string_view nom, std::string controle, std::string_view aide,
-                         bool EtatChoixVar::*membre) {
+                         bool crosstab::EtatChoixVar::*membre) {
     return Case(nom, std::move(controle), aide,
                 [membre](FormeCroise& forme, std::size_t rang) { forme.etat.*membre = rang == 1; });
   }
@@ -164,7 +169,7 @@ class OptionsDeLaForme {
                 throw UsageIncorrect(Joindre({"l'option graphique attend un fichier .svg et non \"", valeur, "\""}));
               Ajouter(ligne, [valeur](FormeCroise& forme) {
                 forme.graphique = valeur;
-                ChoisirUnSeul(forme.etat, !valeur.empty(), forme.Ecran());
+                crosstab::ChoisirUnSeul(forme.etat, !valeur.empty(), forme.Ecran());
               });
             })
         .Alias({"boutunseul"})
@@ -187,9 +192,9 @@ class OptionsDeLaForme {
 
 Programme ProgrammeCroise() {
   OptionsDeLaForme options;
-  options.Questions("lignes", "listvar2", RoleQuestion::Ligne, "questions en ligne ; * pour toutes")
-      .Questions("colonnes", "listvar3", RoleQuestion::Colonne, "questions en colonne ; * pour toutes")
-      .Questions("filtres", "listvar0", RoleQuestion::Filtre,
+  options.Questions("lignes", "listvar2", crosstab::RoleQuestion::Ligne, "questions en ligne ; * pour toutes")
+      .Questions("colonnes", "listvar3", crosstab::RoleQuestion::Colonne, "questions en colonne ; * pour toutes")
+      .Questions("filtres", "listvar0", crosstab::RoleQuestion::Filtre,
                  "questions filtre d'un tri à trois dimensions ; vide : deux dimensions"_w)
       .Parmi("nonreponses", "prises|exclues", "prises", {{"prises", 1}, {"exclues", 0}, {"oui", 1}, {"non", 0}},
              "les non-réponses (code zéro) font une ligne et une colonne"_w,
@@ -198,20 +203,24 @@ Programme ProgrammeCroise() {
              {{"compacte", 0}, {"etendue", 1}, {"triangulaire", 2}, {"compactee", 0}, {"large", 1}, {"trg", 2}},
              "édition étendue avec modalités, compactée, ou pour le graphique triangulaire (ajoute au .TRG)"_w,
              [](FormeCroise& forme, std::size_t rang) {
-               ChoisirEdition(forme.etat, static_cast<ChoixEdition>(rang), forme.enquete.individus, forme.Ecran());
+               crosstab::ChoisirEdition(forme.etat, static_cast<crosstab::ChoixEdition>(rang), forme.enquete.individus,
+                                        forme.Ecran());
              })
-      .Parmi("caracteres", "10|8", "10", {{"10", 10}, {"8", 8}},
-             "taille des caractères de l'édition étendue : pages de 5 x 18 ou 6 x 24 cases"_w,
-             [](FormeCroise& forme, std::size_t rang) { ChoisirCaractere(forme.etat, static_cast<int>(rang)); })
+      .Parmi(
+          "caracteres", "10|8", "10", {{"10", 10}, {"8", 8}},
+          "taille des caractères de l'édition étendue : pages de 5 x 18 ou 6 x 24 cases"_w,
+          [](FormeCroise& forme, std::size_t rang) { crosstab::ChoisirCaractere(forme.etat, static_cast<int>(rang)); })
       .Parmi("ordre", "origine|pem", "origine", {{"origine", 0}, {"pem", 1}, {"afc", 1}},
              "ordre des lignes et colonnes : d'origine, ou en vue du PEM",
              [](FormeCroise& forme, std::size_t rang) { forme.etat.ordrePem = rang == 1; })
-      .Case("invlign", "invc", "inverse l'ordre des lignes en vue du PEM", &EtatChoixVar::inverserLignes)
-      .Case("invcol", "invl", "inverse l'ordre des colonnes en vue du PEM", &EtatChoixVar::inverserColonnes)
+      .Case("invlign", "invc", "inverse l'ordre des lignes en vue du PEM", &crosstab::EtatChoixVar::inverserLignes)
+      .Case("invcol", "invl", "inverse l'ordre des colonnes en vue du PEM", &crosstab::EtatChoixVar::inverserColonnes)
       .Case("detailkhi2", "casedetkhi2", "détail des cases d'effectif théorique inférieur à 1"_w,
-            &EtatChoixVar::detailKhi2)
+            &crosstab::EtatChoixVar::detailKhi2)
       .Case("tableauisole", "casebrt", "sauvegarde le premier tableau en .MOD et .BRT",
-            [](FormeCroise& forme, std::size_t rang) { CocherTableauIsole(forme.etat, rang == 1, forme.contexte); });
+            [](FormeCroise& forme, std::size_t rang) {
+              crosstab::CocherTableauIsole(forme.etat, rang == 1, forme.contexte);
+            });
   return options.Achever();
 }
 

@@ -5,7 +5,7 @@ namespace quelvar::batch {
 
 namespace {
 
-using O = OptionsGraphe;
+using O = factor::OptionsGraphe;
 
 void PoserFichier(O& options, const std::string& valeur) {
   if (!Minuscules(valeur).ends_with(".svg"))
@@ -66,17 +66,18 @@ void DecrirePoints(Description<O>& description) {
       .Alias({"checkinfo"})
       .OuiNon("individus", &O::individus, "place aussi les individus (BRT=1)")
       .Alias({"checkindiv"})
-      .Choix<EnsemblePoints>("points", &O::ensemble,
-                             {{"tous", EnsemblePoints::Tous},
-                              {"actifs", EnsemblePoints::Actifs},
-                              {"supplementaires", EnsemblePoints::Supplementaires}},
-                             "actifs et supplémentaires, ou les uns seulement"_w)
+      .Choix<factor::EnsemblePoints>("points", &O::ensemble,
+                                     {{"tous", factor::EnsemblePoints::Tous},
+                                      {"actifs", factor::EnsemblePoints::Actifs},
+                                      {"supplementaires", factor::EnsemblePoints::Supplementaires}},
+                                     "actifs et supplémentaires, ou les uns seulement"_w)
       .Entier("niveaucpf", &O::niveauCpf, 0, 1000, "CPF minimum d'un point")
       .Alias({"textboxval"})
-      .Choix<TailleTexte>(
-          "caracteres", &O::taille,
-          {{"moyens", TailleTexte::Moyenne}, {"petits", TailleTexte::Petite}, {"grands", TailleTexte::Grande}},
-          "taille des caractères"_w)
+      .Choix<factor::TailleTexte>("caracteres", &O::taille,
+                                  {{"moyens", factor::TailleTexte::Moyenne},
+                                   {"petits", factor::TailleTexte::Petite},
+                                   {"grands", factor::TailleTexte::Grande}},
+                                  "taille des caractères"_w)
       .OuiNon("gras", &O::gras, "caractères gras"_w)
       .Alias({"check1"});
 }
@@ -109,7 +110,7 @@ void DecrireLiens(Description<O>& description) {
              [](O& options, const std::string& valeur) {
                if (valeur.size() != 1 || valeur[0] < '0' || valeur[0] > '2')
                  throw UsageIncorrect(Joindre({"l'option mode attend 0|1|2 et non \"", valeur, "\""}));
-               options.mode = static_cast<ModeArbre>(valeur[0] - '0');
+               options.mode = static_cast<factor::ModeArbre>(valeur[0] - '0');
              })
       .OuiNon("arbre", &O::arbre, "arbre maximum des liens")
       .Alias({"checkarbrmin"})
@@ -121,14 +122,15 @@ void DecrireLiens(Description<O>& description) {
 
 Programme ProgrammeGraphe() {
   Description<O> description("graphe", "Graphique factoriel : points, liens, classes et ellipses (SVG, rapport .PRT)"_w,
-                             Graphe);
+                             factor::Graphe);
   DecrirePoints(description);
   DecrireLiens(description);
   description
-      .Choix<CahDuGraphe>(
-          "cah", &O::cah,
-          {{"non", CahDuGraphe::Aucune}, {"lignes", CahDuGraphe::Lignes}, {"couleurs", CahDuGraphe::Couleurs}},
-          "arbre de la classification, ou ses classes en couleurs")
+      .Choix<factor::CahDuGraphe>("cah", &O::cah,
+                                  {{"non", factor::CahDuGraphe::Aucune},
+                                   {"lignes", factor::CahDuGraphe::Lignes},
+                                   {"couleurs", factor::CahDuGraphe::Couleurs}},
+                                  "arbre de la classification, ou ses classes en couleurs")
       .Alias({"checkcah"})
       .Libre("niveau", "N", "toutes les étapes"_w, "nombre d'étapes de la classification"_w,
              [](O& options, const std::string& valeur) {

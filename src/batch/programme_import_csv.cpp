@@ -4,9 +4,9 @@
 namespace quelvar::batch {
 
 Programme ProgrammeImportCsv() {
-  return Description<OptionsImportCsv>("import-csv",
-                                       "Importation d'un tableur sauvé en .CSV ou .TXT (.DAT, .POS, .IMP)"_w, ImportCsv)
-      .OuiNon("sansintitules", &OptionsImportCsv::sansIntitules,
+  return Description<capture::OptionsImportCsv>(
+             "import-csv", "Importation d'un tableur sauvé en .CSV ou .TXT (.DAT, .POS, .IMP)"_w, capture::ImportCsv)
+      .OuiNon("sansintitules", &capture::OptionsImportCsv::sansIntitules,
               "fichier sans première ligne donnant les intitulés ; il ne donne pas de .POS"_w)
       .Alias({"checktrg"});
 }

@@ -15,12 +15,16 @@ int Colonnes(const std::string& nom, const std::string& texte) {
 }  // namespace
 
 Programme ProgrammePosmod() {
-  using O = OptionsPosmod;
+  using O = modalities::OptionsPosmod;
   return Description<O>("posmod",
-                        "Création des modalités, du tableau de Burt et du codage logique (.MOD, .BRT, .CDG)"_w, Posmod)
-      .Choix<ModePosmod>("mode", &O::mode,
-                         {{"afc", ModePosmod::Afc}, {"regr", ModePosmod::Regr}, {"modi", ModePosmod::Modi}},
-                         "analyse factorielle, régression (individus toujours pris) ou intitulés seulement"_w)
+                        "Création des modalités, du tableau de Burt et du codage logique (.MOD, .BRT, .CDG)"_w,
+                        modalities::Posmod)
+      .Choix<modalities::ModePosmod>(
+          "mode", &O::mode,
+          {{"afc", modalities::ModePosmod::Afc},
+           {"regr", modalities::ModePosmod::Regr},
+           {"modi", modalities::ModePosmod::Modi}},
+          "analyse factorielle, régression (individus toujours pris) ou intitulés seulement"_w)
       .Noms("actives", &O::actives, "marques &ACT& du .POS", "questions actives, ou questions choisies"_w)
       .Alias({"listvar2", "questions"})
       .Noms("supplementaires", &O::supplementaires, "marques &SUP& du .POS", "questions supplémentaires"_w)

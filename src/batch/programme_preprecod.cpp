@@ -19,12 +19,12 @@ int LireCode(std::string_view option, std::string_view attendu, std::string_view
 
 constexpr std::string_view kFormeFiltre = "incl:NOM=CODE,... ou excl:NOM=CODE,... ou non";
 
-void LireFiltre(OptionsPrepRecod& options, const std::string& valeur) {
-  FiltreDeScript filtre;
+void LireFiltre(sorts::OptionsPrepRecod& options, const std::string& valeur) {
+  sorts::FiltreDeScript filtre;
   if (Minuscules(valeur) != kAucun) {
     const std::string sens = Minuscules(valeur.substr(0, 5));
     if (sens != "incl:" && sens != "excl:") Refuser("filtre", kFormeFiltre, valeur);
-    filtre.sens = sens == "incl:" ? SensFiltre::Inclure : SensFiltre::Exclure;
+    filtre.sens = sens == "incl:" ? sorts::SensFiltre::Inclure : sorts::SensFiltre::Exclure;
     for (const std::string& expression : NomsSepares(std::string_view(valeur).substr(5))) {
       const std::size_t egal = expression.find('=');
       if (egal == std::string::npos) Refuser("filtre", kFormeFiltre, valeur);
@@ -37,8 +37,8 @@ void LireFiltre(OptionsPrepRecod& options, const std::string& valeur) {
 
 constexpr std::string_view kFormeVit = "NOM=QUESTION=CODE,QUESTION=CODE*SCORE,... ou NOM=QUESTION+,... ou non";
 
-ElementDeScript LireElement(std::string_view texte) {
-  ElementDeScript element;
+sorts::ElementDeScript LireElement(std::string_view texte) {
+  sorts::ElementDeScript element;
   const std::size_t etoile = texte.find('*');
   if (etoile != std::string_view::npos) element.score = texte.substr(etoile + 1);
   texte = texte.substr(0, etoile);
@@ -50,13 +50,13 @@ ElementDeScript LireElement(std::string_view texte) {
   return element;
 }
 
-void LireVit(OptionsPrepRecod& options, const std::string& valeur) {
+void LireVit(sorts::OptionsPrepRecod& options, const std::string& valeur) {
   if (Minuscules(valeur) == kAucun) {
     options.supprimerVit = true;
     return;
   }
   const auto [nom, elements] = NomEtTexte("vit", valeur);
-  VitDeScript vit{nom, {}};
+  sorts::VitDeScript vit{nom, {}};
   for (const std::string& element : NomsSepares(elements)) vit.elements.push_back(LireElement(element));
   options.vits.push_back(std::move(vit));
 }
@@ -64,20 +64,20 @@ void LireVit(OptionsPrepRecod& options, const std::string& valeur) {
 }  // namespace
 
 Programme ProgrammePrepRecod() {
-  return Description<OptionsPrepRecod>(
+  return Description<sorts::OptionsPrepRecod>(
              "preprecod", "Écrit dans le .POS les consignes du recodage, comme le formulaire de préparation"_w,
-             PreparerParScript)
+             sorts::PreparerParScript)
       .Libre("regle", "NOM=REGLE", "", "règle d'une question (AGE=1-3=1/4-8=2) ; vide : plus de règle ; se répète"_w,
-             [](OptionsPrepRecod& options, const std::string& valeur) {
+             [](sorts::OptionsPrepRecod& options, const std::string& valeur) {
                options.regles.push_back(NomEtTexte("regle", valeur));
              })
       .Libre("ponderation", "NOM|non", "", "question de pondération"_w,
-             [](OptionsPrepRecod& options, const std::string& valeur) {
+             [](sorts::OptionsPrepRecod& options, const std::string& valeur) {
                options.ponderation = Minuscules(valeur) == kAucun ? std::string() : valeur;
              })
       .Alias({"pond"})
       .Libre("effectif", "reduit|maximum", "", "effectif résultant de la pondération"_w,
-             [](OptionsPrepRecod& options, const std::string& valeur) {
+             [](sorts::OptionsPrepRecod& options, const std::string& valeur) {
                const std::string mot = Minuscules(valeur);
                if (mot != "reduit" && mot != "maximum") Refuser("effectif", "reduit|maximum", valeur);
                options.maximum = mot == "maximum";

@@ -10,7 +10,7 @@
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::capture {
 
 namespace {
 
@@ -311,4 +311,4 @@ Fin ImportCsv(const Contexte& contexte, const OptionsImportCsv& options) {
                            [&](Rapport& rapport) { Importer(rapport, contexte, options); });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::capture

@@ -4,7 +4,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::capture {
 
 struct OptionsImportCsv {
   bool sansIntitules = false;  // the first line is data, and no .POS is made
@@ -14,4 +14,4 @@ struct OptionsImportCsv {
 // the normal end.
 Fin ImportCsv(const Contexte& contexte, const OptionsImportCsv& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::capture

@@ -1,6 +1,6 @@
 #include "capture/presence.h"
 
-namespace quelvar {
+namespace quelvar::capture {
 
 SourcesPresentes ChercherSources(const Contexte& contexte) {
   if (contexte.generique.empty()) return {};
@@ -38,4 +38,4 @@ std::string AideImport(const SourcesPresentes& sources, int niveau) {
                    : "Annulez ou prenez l'option d'importation d'un tableau de Burt.\r\n"_w});
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::capture

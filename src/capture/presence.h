@@ -5,7 +5,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::capture {
 
 struct SourcesPresentes {
   bool dbf = false;
@@ -30,4 +30,4 @@ std::string AideImportCsv(const SourcesPresentes& sources, bool sansIntitules);
 // Text of the help box of FImport; at level 1 the import of a Burt table is not offered.
 std::string AideImport(const SourcesPresentes& sources, int niveau);
 
-}  // namespace quelvar
+}  // namespace quelvar::capture

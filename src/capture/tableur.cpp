@@ -5,7 +5,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::capture {
 
 namespace {
 
@@ -244,4 +244,4 @@ FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   return std::move(examen.faits);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::capture

@@ -11,7 +11,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::capture {
 
 // The cells of one line. A field that starts with a double quote runs to the closing one, a doubled quote standing
 // for one; what follows the closing quote up to the separator is kept; an unclosed quote runs to the end of the line.
@@ -120,4 +120,4 @@ inline bool EstDecimale(std::string_view cellule) {
   return false;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::capture

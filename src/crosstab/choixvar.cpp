@@ -4,7 +4,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -173,4 +173,4 @@ void ApresLancement(EtatChoixVar& etat, const ResultatLancement& resultat) {
   if (resultat.isoleEcrit) etat.tableauIsole = false;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

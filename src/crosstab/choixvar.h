@@ -13,7 +13,7 @@
 #include "core/programme/dialogue.h"
 #include "crosstab/croise.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 enum class RoleQuestion { Filtre, Ligne, Colonne };
 
@@ -82,4 +82,4 @@ std::optional<DemandeCroise> PreparerLancement(EtatChoixVar& etat, const Dialogu
 // One isolated table only is saved by a launch.
 void ApresLancement(EtatChoixVar& etat, const ResultatLancement& resultat);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

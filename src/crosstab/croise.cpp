@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -198,4 +198,4 @@ void ViderTableauIsole(const Contexte& contexte) {
     Ecrivain(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))).Fermer();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

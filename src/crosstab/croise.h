@@ -12,7 +12,7 @@
 #include "crosstab/enquete.h"
 #include "crosstab/tableau/tableau.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 // What a launch computes: every crossing of a row question by a column question, questions by index. In three
 // dimensions each of them for every modality of each filter question.
@@ -54,4 +54,4 @@ std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const En
 // The two files of an isolated table, emptied for the launch that fills them. Raises 61, 70 or 75.
 void ViderTableauIsole(const Contexte& contexte);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -85,4 +85,4 @@ std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const
 
 std::string TextePourcentage(double pourcentage) { return Dixiemes(EnDixiemes(pourcentage), kLargeurPourcentage); }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

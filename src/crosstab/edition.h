@@ -10,7 +10,7 @@
 #include "crosstab/enquete.h"
 #include "crosstab/tableau/tableau.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 enum class Edition {
   TroisBandes = 1,   // compact: counts, percentages and signs under each other
@@ -74,4 +74,4 @@ std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const
 // A percentage with one decimal, rounded half up, in 5 places.
 std::string TextePourcentage(double pourcentage);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -1,7 +1,7 @@
 #include "core/enquete/posfile.h"
 #include "crosstab/edition.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -134,4 +134,4 @@ void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, Edition 
   else EcrireBandeDouble(rapport, titre, edition);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

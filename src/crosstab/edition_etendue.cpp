@@ -2,7 +2,7 @@
 
 #include "crosstab/edition.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -146,4 +146,4 @@ void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, FormatEff
   rapport.Ligne();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

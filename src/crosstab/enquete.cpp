@@ -7,7 +7,7 @@
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -172,4 +172,4 @@ std::string DisposerSurDeuxLignes(std::string_view texte) {
   return Joindre({CadreGauche(texte.substr(0, blanc), static_cast<int>(largeur)), texte.substr(blanc + 1)});
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -10,7 +10,7 @@
 #include "core/programme/programme.h"
 #include "crosstab/tableau/codes.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 struct QuestionCroisee {
   std::string nom;      // 3 characters
@@ -50,4 +50,4 @@ std::vector<std::string> IntitulesEtendus(const EnqueteCroisee& enquete, const Q
 // A text of at least 13 characters whose first blank from the 7th on is at 7 to 12 gets its next word at 13.
 std::string DisposerSurDeuxLignes(std::string_view texte);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

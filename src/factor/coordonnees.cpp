@@ -7,7 +7,7 @@
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -78,4 +78,4 @@ PointsFactoriels LirePoints(const Chemin& chemin, std::size_t facteurs, std::siz
   return points;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

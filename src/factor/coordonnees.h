@@ -11,7 +11,7 @@
 #include "core/calcul/matrice.h"
 #include "core/fichiers/fichiers.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 inline constexpr std::size_t kToutesLesLignes = std::numeric_limits<std::size_t>::max();
 
@@ -45,4 +45,4 @@ struct PointsFactoriels {
 // The lines of a .FJ2 or .FI2 on its first factors; at most `derniers` lines, from the end. Raises the same.
 PointsFactoriels LirePoints(const Chemin& chemin, std::size_t facteurs, std::size_t derniers = kToutesLesLignes);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -2,7 +2,7 @@
 
 #include "core/programme/report.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -32,4 +32,4 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
 
 bool EstEcartee(const ModaliteCreee& modalite) { return modalite.supplementaire || modalite.nom[3] == '0'; }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -8,7 +8,7 @@
 
 #include "modalities/creation/choix.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 struct QuestionChoisie {
   std::size_t rang = 0;        // in the .POS, from 0
@@ -41,4 +41,4 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
 // 0, every supplementary one, and any name that ends in "0".
 bool EstEcartee(const ModaliteCreee& modalite);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

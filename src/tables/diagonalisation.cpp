@@ -4,7 +4,7 @@
 
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -15,30 +15,32 @@ std::vector<double> PartsDuTotal(const std::vector<double>& totaux, double total
 }
 
 std::vector<std::size_t> Places(const std::vector<double>& scores, bool triees) {
-  return OrdreDesScores(triees ? scores : std::vector<double>(scores.size()));
+  return crosstab::OrdreDesScores(triees ? scores : std::vector<double>(scores.size()));
 }
 
 }  // namespace
 
-Diagonale DiagonaleDe(const TableauCompte& table) {
+crosstab::Diagonale DiagonaleDe(const TableauCompte& table) {
   if (table.effectifs.Lignes() == 0 || table.effectifs.Colonnes() == 0) throw Erreur(kIndiceHorsSelection);
-  const Matrice d = EcartsEnProportions(table.effectifs, table.totauxLignes, table.totauxColonnes, table.total);
+  const Matrice d =
+      crosstab::EcartsEnProportions(table.effectifs, table.totauxLignes, table.totauxColonnes, table.total);
   const std::size_t i = d.Lignes() - 1;
   const std::size_t j = d.Colonnes() - 1;
-  return ChoisirDiagonale(d(0, 0), d(0, j), d(i, 0), d(i, j));
+  return crosstab::ChoisirDiagonale(d(0, 0), d(0, j), d(i, 0), d(i, j));
 }
 
 Diagonalisee Diagonalisation(const TableauCompte& table, OrdresTries tries) {
-  const Matrice ecarts = EcartsEnProportions(table.effectifs, table.totauxLignes, table.totauxColonnes, table.total);
+  const Matrice ecarts =
+      crosstab::EcartsEnProportions(table.effectifs, table.totauxLignes, table.totauxColonnes, table.total);
   Diagonalisee resultat;
-  resultat.facteur = ExtrairePremierFacteur(ecarts, PartsDuTotal(table.totauxLignes, table.total),
-                                            PartsDuTotal(table.totauxColonnes, table.total),
-                                            {PremierNonVide(table.totauxLignes), PremierNonVide(table.totauxColonnes)});
+  resultat.facteur = crosstab::ExtrairePremierFacteur(
+      ecarts, PartsDuTotal(table.totauxLignes, table.total), PartsDuTotal(table.totauxColonnes, table.total),
+      {crosstab::PremierNonVide(table.totauxLignes), crosstab::PremierNonVide(table.totauxColonnes)});
   resultat.table = Reordonner(table, Places(resultat.facteur.lignes, tries.lignes),
                               Places(resultat.facteur.colonnes, tries.colonnes));
   resultat.maximum =
-      TableauMaximum(resultat.table.totauxLignes, resultat.table.totauxColonnes, DiagonaleDe(resultat.table));
+      crosstab::TableauMaximum(resultat.table.totauxLignes, resultat.table.totauxColonnes, DiagonaleDe(resultat.table));
   return resultat;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -6,7 +6,7 @@
 #include "crosstab/tableau/premierfacteur.h"
 #include "tables/tableaucompte.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // Which dimensions are put in the order of the first factor; the others keep that of the table.
 struct OrdresTries {
@@ -15,9 +15,9 @@ struct OrdresTries {
 };
 
 struct Diagonalisee {
-  PremierFacteur facteur;  // coordinates in the order that the table had before
-  TableauCompte table;     // in the order of the first factor
-  Matrice maximum;         // of the margins and the order of `table`
+  crosstab::PremierFacteur facteur;  // coordinates in the order that the table had before
+  TableauCompte table;               // in the order of the first factor
+  Matrice maximum;                   // of the margins and the order of `table`
 };
 
 // Extracts the first factor, with the shares of the totals as weights, then orders and loads the diagonal. The signs
@@ -26,6 +26,6 @@ struct Diagonalisee {
 Diagonalisee Diagonalisation(const TableauCompte& table, OrdresTries tries);
 
 // The diagonal that the corners of a table lean to. Raises 11 for a total of 0, 9 without cells.
-Diagonale DiagonaleDe(const TableauCompte& table);
+crosstab::Diagonale DiagonaleDe(const TableauCompte& table);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

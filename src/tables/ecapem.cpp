@@ -11,7 +11,7 @@
 #include "tables/lecturetable.h"
 #include "tables/travailecapem.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -136,4 +136,4 @@ Fin Ecapem(const Contexte& contexte, const OptionsEcapem& options) {
                            [&](Rapport& rapport) { Executer(contexte, options, rapport); });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

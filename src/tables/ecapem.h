@@ -7,7 +7,7 @@
 #include "tables/liens/liaisons.h"
 #include "tables/nomselements.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 struct OptionsEcapem {
   bool cliques = false;  // records the cliques of the .NT1 as links, and nothing else
@@ -24,4 +24,4 @@ struct OptionsEcapem {
 // once the new links are known; a run that stops before leaves them as they were.
 Fin Ecapem(const Contexte& contexte, const OptionsEcapem& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

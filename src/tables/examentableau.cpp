@@ -8,7 +8,7 @@
 #include "tables/gamma.h"
 #include "tables/lecturetable.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -130,4 +130,4 @@ void ExaminerTableau(const TravailEcapem& t) {
   ImprimerOrdre(t.rapport, tries);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

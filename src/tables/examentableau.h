@@ -3,10 +3,10 @@
 
 #include "tables/travailecapem.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // Reads the table, prints its whole analysis and records its links. Raises 62 when rows are missing, 11 for a table of
 // total 0 and at the line of an index that has no value.
 void ExaminerTableau(const TravailEcapem& travail);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

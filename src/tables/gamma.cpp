@@ -5,7 +5,7 @@
 #include "core/programme/erreur.h"
 #include "tables/diagonalisation.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -38,12 +38,13 @@ SommesDePaires SommerPaires(const Matrice& effectifs) {
 }  // namespace
 
 Gamma CalculerGamma(const TableauCompte& table) {
-  const Diagonale diagonale = DiagonaleDe(table);
+  const crosstab::Diagonale diagonale = DiagonaleDe(table);
   const SommesDePaires sommes = SommerPaires(table.effectifs);
   const double carre = table.total * table.total;
   Gamma gamma;
-  gamma.accords = 2 * (diagonale == Diagonale::Principale ? sommes.descendantes : sommes.montantes) / carre;
-  gamma.desaccords = 2 * (diagonale == Diagonale::Principale ? sommes.montantes : sommes.descendantes) / carre;
+  gamma.accords = 2 * (diagonale == crosstab::Diagonale::Principale ? sommes.descendantes : sommes.montantes) / carre;
+  gamma.desaccords =
+      2 * (diagonale == crosstab::Diagonale::Principale ? sommes.montantes : sommes.descendantes) / carre;
   const double paires = gamma.accords + gamma.desaccords;
   if (paires != 0) gamma.gamma = (gamma.accords - gamma.desaccords) / paires;
   return gamma;
@@ -63,4 +64,4 @@ void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma) {
   rapport.Ligne();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

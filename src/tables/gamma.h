@@ -6,7 +6,7 @@
 #include "core/programme/report.h"
 #include "tables/tableaucompte.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 struct Gamma {
   double accords = 0;     // share of the ordered pairs of individuals that lie along the leaning diagonal, from 0 to 1
@@ -24,4 +24,4 @@ Gamma CalculerGamma(const TableauCompte& table);
 // Writes the block under its title. Raises 11 at the line of gamma when it has no value.
 void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -6,7 +6,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -94,7 +94,7 @@ void ImprimerAxe(Rapport& rapport, std::span<const std::string_view> intitules, 
 
 }  // namespace
 
-void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const PremierFacteur& facteur) {
+void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const crosstab::PremierFacteur& facteur) {
   const int largeur = presentation.largeur + 3;
   rapport.Ligne("Coordonnées factorielles du premier facteur de l'analyse des correspondances"_w);
   ImprimerAxe(rapport, presentation.colonnes, facteur.colonnes, largeur);
@@ -189,4 +189,4 @@ void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilKhi2 seuil,
   rapport.Ligne();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

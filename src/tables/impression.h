@@ -8,7 +8,7 @@
 #include "tables/diagonalisation.h"
 #include "tables/statistiques.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // What the printers need beside the numbers: labels in the order of the rows and columns printed, and the width of a
 // cell in the table file.
@@ -19,7 +19,7 @@ struct Presentation {
 };
 
 // Coordinates in thousandths, and the eigenvalue.
-void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const PremierFacteur& facteur);
+void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const crosstab::PremierFacteur& facteur);
 
 // The nine tables, an empty line between them.
 struct TableauxAEditer {
@@ -46,4 +46,4 @@ enum class SeuilKhi2 { Aucun, DixPourCent, CinqPourCent, UnPourCent, Gendat };
 enum class OrigineDesLiens { Tableau, Burt };
 void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilKhi2 seuil, OrigineDesLiens origine);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

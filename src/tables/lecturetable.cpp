@@ -5,7 +5,7 @@
 
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -43,4 +43,4 @@ DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur) {
   return burt;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -9,7 +9,7 @@
 #include "tables/liens/liaisons.h"
 #include "tables/nomselements.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 struct TableLue {
   Matrice effectifs;
@@ -22,4 +22,4 @@ TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, 
 // The first `modalites` rows of a Burt table, cut in as many cells. Raises as above.
 DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -1,6 +1,6 @@
 #include "tables/nomselements.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -28,4 +28,4 @@ std::string_view IntituleEdite(const NomDElement& nom, ModeIntitules mode) {
   return {};
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -7,7 +7,7 @@
 #include "core/enquete/brtfile.h"
 #include "core/enquete/modfile.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 struct NomDElement {
   std::string court;     // 4 characters, padded on the right
@@ -24,4 +24,4 @@ enum class ModeIntitules { Longs, Courts, QuatreCaracteres };
 // The label of an edition; a view into the name.
 std::string_view IntituleEdite(const NomDElement& nom, ModeIntitules mode);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

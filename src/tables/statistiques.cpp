@@ -6,7 +6,7 @@
 #include "core/programme/erreur.h"
 #include "crosstab/tableau/pemlocal.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -34,8 +34,8 @@ AttractionsDuTableau CalculerAttractions(const TableauCompte& table) {
   AttractionsDuTableau attractions{Matrice(lignes, colonnes), Matrice(lignes, colonnes)};
   for (std::size_t i = 0; i < lignes; ++i)
     for (std::size_t j = 0; j < colonnes; ++j) {
-      const AttractionLocale locale =
-          PemLocal(table.total, table.totauxLignes[i], table.totauxColonnes[j], table.effectifs(i, j));
+      const crosstab::AttractionLocale locale =
+          crosstab::PemLocal(table.total, table.totauxLignes[i], table.totauxColonnes[j], table.effectifs(i, j));
       attractions.pem(i, j) = locale.pem;
       attractions.khi2(i, j) = locale.khi2;
     }
@@ -94,4 +94,4 @@ IndicesGlobaux CalculerIndices(const TableauCompte& table, const SommesDEcarts& 
   return indices;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -8,7 +8,7 @@
 #include "core/calcul/matrice.h"
 #include "tables/tableaucompte.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // Local PEM of each cell, in percent, with the chi-square of its 2 x 2 table.
 struct AttractionsDuTableau {
@@ -54,4 +54,4 @@ struct IndicesGlobaux {
 // ratio, which only negative counts can give.
 IndicesGlobaux CalculerIndices(const TableauCompte& table, const SommesDEcarts& observe, const SommesDEcarts& maximum);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

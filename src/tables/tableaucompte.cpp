@@ -6,7 +6,7 @@
 
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 TableauCompte Compter(Matrice effectifs) {
   TableauCompte table;
@@ -45,4 +45,4 @@ TableauCompte Reordonner(const TableauCompte& table, const std::vector<std::size
   return ordonne;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -6,7 +6,7 @@
 
 #include "core/calcul/matrice.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 struct TableauCompte {
   Matrice effectifs;
@@ -25,4 +25,4 @@ TableauCompte Compter(Matrice effectifs);
 TableauCompte Reordonner(const TableauCompte& table, const std::vector<std::size_t>& lignes,
                          const std::vector<std::size_t>& colonnes);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -9,7 +9,7 @@
 #include "tables/ecapem.h"
 #include "tables/liens/profils.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 struct TravailEcapem {
   const Contexte& contexte;
@@ -31,4 +31,4 @@ std::size_t NombreDe(double parametre);
 using ListeDeLiens = std::optional<std::span<const Lien>>;
 void EnregistrerLiens(const Contexte& contexte, ListeDeLiens pem, ListeDeLiens pel);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

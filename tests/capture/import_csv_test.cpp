@@ -5,6 +5,8 @@
 #include "capture/tableur.h"
 #include "support/programme.h"
 
+using namespace quelvar::capture;
+
 namespace quelvar {
 namespace {
 

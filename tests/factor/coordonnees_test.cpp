@@ -4,6 +4,8 @@
 
 #include "support/environnement.h"
 
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

@@ -5,11 +5,13 @@
 #include "forms/cadre/application.h"
 #include "support/environnement.h"
 
+using namespace quelvar::forms;
+
 int main(int argc, char** argv) {
   essai::FixerEnvironnement();
   testing::InitGoogleTest(&argc, argv);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QApplication application(argc, argv);
-  quelvar::PreparerApplication();
+  quelvar::forms::PreparerApplication();
   return RUN_ALL_TESTS();
 }

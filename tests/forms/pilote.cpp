@@ -17,6 +17,8 @@
 #include <fstream>
 #include <iterator>
 
+using namespace quelvar::forms;
+
 namespace essai {
 
 Pilote::Pilote() { qApp->installEventFilter(this); }
@@ -85,17 +87,17 @@ Bureau::Bureau(bool pointeur) : programme_(dossier_.Chemin() / "programme"), don
   if (pointeur) EcrireOctets(programme_ / "Qvr2.in0", (donnees_ / "qvr2.ini").string() + "\r\n");
 }
 
-quelvar::Principal& Bureau::Ouvrir() {
-  principal_ = std::make_unique<quelvar::Principal>(
-      quelvar::Environnement{programme_, reglages, QString::fromStdString((programme_ / "aide").string()),
-                             [this](const QString& programme, const QStringList& arguments) {
-                               demarres << programme + u' ' + arguments.join(u' ');
-                               return true;
-                             },
-                             [this](const QUrl& adresse) {
-                               ouverts << adresse.toString();
-                               return true;
-                             }});
+quelvar::forms::Principal& Bureau::Ouvrir() {
+  principal_ = std::make_unique<quelvar::forms::Principal>(
+      quelvar::forms::Environnement{programme_, reglages, QString::fromStdString((programme_ / "aide").string()),
+                                    [this](const QString& programme, const QStringList& arguments) {
+                                      demarres << programme + u' ' + arguments.join(u' ');
+                                      return true;
+                                    },
+                                    [this](const QUrl& adresse) {
+                                      ouverts << adresse.toString();
+                                      return true;
+                                    }});
   principal_->show();
   return *principal_;
 }

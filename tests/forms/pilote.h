@@ -15,6 +15,8 @@
 #include "forms/cadre/principal.h"
 #include "support/environnement.h"
 
+using namespace quelvar::forms;
+
 inline void PrintTo(const QString& texte, std::ostream* flux) { *flux << '"' << texte.toStdString() << '"'; }
 
 namespace essai {
@@ -51,8 +53,8 @@ class Bureau {
   explicit Bureau(bool pointeur = false);
 
   // Makes the form; files put in the directory before are there at start-up.
-  quelvar::Principal& Ouvrir();
-  quelvar::Principal& Fenetre() { return *principal_; }
+  quelvar::forms::Principal& Ouvrir();
+  quelvar::forms::Principal& Fenetre() { return *principal_; }
   void Fermer() { principal_.reset(); }
 
   const std::filesystem::path& Dossier() const { return donnees_; }
@@ -103,7 +105,7 @@ class Bureau {
   DossierTemporaire dossier_;
   std::filesystem::path programme_;
   std::filesystem::path donnees_;
-  std::unique_ptr<quelvar::Principal> principal_;
+  std::unique_ptr<quelvar::forms::Principal> principal_;
 };
 
 // --- what a user does in a form, and what he sees there, by the names of the controls ---

@@ -8,6 +8,8 @@
 #include "tables/gamma.h"
 #include "tables/statistiques.h"
 
+using namespace quelvar::tables;
+
 namespace quelvar {
 namespace {
 

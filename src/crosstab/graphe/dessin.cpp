@@ -6,7 +6,7 @@
 #include "core/texte/nombres.h"
 #include "crosstab/graphe/graphe2.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -352,4 +352,4 @@ Dessin Trace::Dessiner() {
 
 Dessin DessinerGraphe2(const EtatGraphe2& etat) { return Trace(etat).Dessiner(); }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

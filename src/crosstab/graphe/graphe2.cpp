@@ -6,7 +6,7 @@
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -151,4 +151,4 @@ std::string TexteFenetre(const EtatGraphe2& etat) {
       {limites("xi=", " Xa=", kLargeurInitialeGraphe2), "\r\n", limites("yi=", " ya=", kHauteurInitialeGraphe2)});
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -10,7 +10,7 @@
 #include "core/dessin/dessin.h"
 #include "crosstab/croise.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 // A row or a column of the picture.
 struct ElementGraphe2 {
@@ -83,4 +83,4 @@ std::string TexteFenetre(const EtatGraphe2& etat);
 // The picture. Each text stands for its entry of the list.
 Dessin DessinerGraphe2(const EtatGraphe2& etat);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -6,7 +6,7 @@
 
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -148,4 +148,4 @@ std::vector<Matrice> CompterCroisement(const MatriceCodes& codes, const Question
   return tables;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

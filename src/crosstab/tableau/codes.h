@@ -10,7 +10,7 @@
 #include "core/enquete/datfile.h"
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 // Largest code that a matrix keeps: the last one that has a character.
 inline constexpr int kCodeMaxGarde = 99;
@@ -61,4 +61,4 @@ inline constexpr std::size_t kSansFiltre = static_cast<std::size_t>(-1);
 // over the individuals serves them all.
 std::vector<Matrice> CompterCroisement(const MatriceCodes& codes, const QuestionsCroisees& questions);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -6,7 +6,7 @@
 
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -62,4 +62,4 @@ ProbabiliteKhi2 ProbaKhi2(double degres, double khi2) {
   return {p, Etoiles(1 - p)};
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 struct ProbabiliteKhi2 {
   double p = 0;             // distribution function, from 0 to 1; -1 for a negative chi-square
@@ -20,4 +20,4 @@ struct ProbabiliteKhi2 {
 // one.
 ProbabiliteKhi2 ProbaKhi2(double degres, double khi2);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

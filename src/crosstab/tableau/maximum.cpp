@@ -2,7 +2,7 @@
 
 #include <vector>
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 Diagonale ChoisirDiagonale(double premierePremiere, double premiereDerniere, double dernierePremiere,
                            double derniereDerniere) {
@@ -29,4 +29,4 @@ Matrice TableauMaximum(std::span<const double> totauxLignes, std::span<const dou
   return maximum;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -5,7 +5,7 @@
 
 #include "core/calcul/matrice.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 enum class Diagonale { Principale, Autre };
 
@@ -21,4 +21,4 @@ Diagonale ChoisirDiagonale(double premierePremiere, double premiereDerniere, dou
 Matrice TableauMaximum(std::span<const double> totauxLignes, std::span<const double> totauxColonnes,
                        Diagonale diagonale);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

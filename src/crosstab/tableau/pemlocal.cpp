@@ -5,7 +5,7 @@
 
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -45,4 +45,4 @@ AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, 
   return locale;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -2,7 +2,7 @@
 // chi-square of the 2 x 2 table that the cell makes with everything else.
 #pragma once
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 struct AttractionLocale {
   double ecart = 0;  // count less theoretical count
@@ -19,4 +19,4 @@ AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, 
 // Chi-square of the 2 x 2 table above this is a cell marked as attracted or repelled at 10 %.
 inline constexpr double kSeuilAttraction = 2.71;
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -7,7 +7,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -88,4 +88,4 @@ std::vector<std::size_t> OrdreDesScores(std::span<const double> scores, bool dec
   return ordre;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -8,7 +8,7 @@
 
 #include "core/calcul/matrice.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 // Deviations from independence, in proportions of the total: n/N - (row/N)(column/N). Raises 11 for a total of 0.
 Matrice EcartsEnProportions(const Matrice& effectifs, std::span<const double> totauxLignes,
@@ -44,4 +44,4 @@ PremierFacteur ExtrairePremierFacteur(const Matrice& ecarts, std::span<const dou
 // Ranks of the scores, counted from 0, in ascending or descending order; equal scores keep theirs.
 std::vector<std::size_t> OrdreDesScores(std::span<const double> scores, bool decroissant = false);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -9,7 +9,7 @@
 #include "crosstab/tableau/maximum.h"
 #include "crosstab/tableau/premierfacteur.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 namespace {
 
@@ -204,4 +204,4 @@ std::vector<AttractionLocale> AttractionsLocales(const TableauCroise& tableau) {
   return attractions;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -10,7 +10,7 @@
 #include "crosstab/tableau/khi2.h"
 #include "crosstab/tableau/pemlocal.h"
 
-namespace quelvar {
+namespace quelvar::crosstab {
 
 // Order of rows and columns.
 struct OrdreDemande {
@@ -77,4 +77,4 @@ TableauCroise AnalyserTableau(const Matrice& effectifs, const OrdreDemande& ordr
 // The local PEM of each cell of the non-empty rows and columns, by rows.
 std::vector<AttractionLocale> AttractionsLocales(const TableauCroise& tableau);
 
-}  // namespace quelvar
+}  // namespace quelvar::crosstab

@@ -10,7 +10,7 @@
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -242,4 +242,4 @@ Fin Anecar(const Contexte& contexte, const OptionsAnecar& options) {
   return preparation ? MoteurAnecar(contexte, *preparation, options) : Fin::Arret;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -12,7 +12,7 @@
 #include "factor/analyse/fichiers.h"
 #include "factor/classement/classement.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // What the preparation tells the form and the engine.
 struct PreparationAnecar {
@@ -49,4 +49,4 @@ Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation,
 // Preparation and engine, as one run.
 Fin Anecar(const Contexte& contexte, const OptionsAnecar& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -8,7 +8,7 @@
 #include "core/texte/nombres.h"
 #include "factor/analyse/tri.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -320,4 +320,4 @@ void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const Tabl
   ImprimerTableEtendue(rapport, DimensionColonnes(plan, analyse), analyse);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

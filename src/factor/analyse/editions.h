@@ -10,7 +10,7 @@
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 enum class EditionAnecar { Compacte = 1, Triee = 2, Etendue = 3 };
 
@@ -50,4 +50,4 @@ void ImprimerTablesCompactes(Rapport& rapport, const PlanAnecar& plan, const Tab
 void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const TableauAnecar& tableau,
                             const AnalyseAnecar& analyse);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

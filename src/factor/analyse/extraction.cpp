@@ -6,7 +6,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -249,4 +249,4 @@ std::int16_t Cos2(double poids, double coordonnee, double inertie) {
   return inertie > 0 ? PourMille(1000 * poids * (coordonnee * coordonnee) / inertie) : std::int16_t{0};
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -17,7 +17,7 @@
 
 #include "core/calcul/matrice.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 enum class TypeAnalyse { Acp = 1, Afc = 2 };
 
@@ -100,4 +100,4 @@ void DeflaterLigneSup(std::span<float> ligne, const Ecarts& ecarts, const Compos
 std::int16_t Contribution(double poids, double coordonnee, double valeurPropre);
 std::int16_t Cos2(double poids, double coordonnee, double inertie);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -2,7 +2,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -90,4 +90,4 @@ void DeflaterSupplementaires(TableauAnecar& tableau, const AnalyseAnecar& analys
   Deflater(tableau.colonnesSup, analyse.ecarts, composante, tableau.actives.Colonnes());
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -9,7 +9,7 @@
 #include "factor/analyse/extraction.h"
 #include "factor/analyse/tableau.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // One factor on the rows or on the columns, by position.
 struct CoteFacteur {
@@ -59,4 +59,4 @@ void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const Facte
 // Takes it off the supplementary rows and columns.
 void DeflaterSupplementaires(TableauAnecar& tableau, const AnalyseAnecar& analyse, const FacteurCourant& facteur);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

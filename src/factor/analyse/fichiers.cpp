@@ -7,7 +7,7 @@
 
 #include "core/programme/report.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -77,4 +77,4 @@ void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const T
   EcrireFichier(contexte, analyse, lignes, signes, ordreLignes, {".FI2", 4, Intitule::Aucun});
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -7,7 +7,7 @@
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // Whether the sign of factor 1, 2 or 3 is reversed; from four factors on none is.
 using InversionsDeFacteurs = std::array<bool, 3>;
@@ -17,4 +17,4 @@ using InversionsDeFacteurs = std::array<bool, 3>;
 void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
                        const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -49,4 +49,4 @@ void LignesSupplementaires::PourChaqueBloc(const Traiter& traiter, bool recopier
   bloc_.clear();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

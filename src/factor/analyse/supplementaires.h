@@ -9,7 +9,7 @@
 
 #include "core/fichiers/fichiers.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 class LignesSupplementaires {
  public:
@@ -38,4 +38,4 @@ class LignesSupplementaires {
   std::vector<float> bloc_;  // rows added and not yet written, then the block under treatment
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -9,7 +9,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -138,4 +138,4 @@ TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemi
   return tableau;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -13,7 +13,7 @@
 #include "core/fichiers/fichiers.h"
 #include "factor/analyse/supplementaires.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // The rows or the columns of the reorganised table, in the order of their positions: active ones first, supplementary
 // ones behind them.
@@ -67,4 +67,4 @@ struct TableauAnecar {
 // declared, 6 for a value beyond its type.
 TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemin& travail);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -6,7 +6,7 @@
 #include <numeric>
 #include <utility>
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -68,4 +68,4 @@ std::vector<std::size_t> OrdreParEchanges(std::span<const int> cles) {
   return ordre;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -7,7 +7,7 @@
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -106,4 +106,4 @@ void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteur
   contexte.Ecran().montrerProgression(0);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

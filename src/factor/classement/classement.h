@@ -8,7 +8,7 @@
 #include "core/programme/programme.h"
 #include "factor/classement/ward.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 struct OptionsWard {
   MethodeWard methode = MethodeWard::Distances;
@@ -22,4 +22,4 @@ struct OptionsWard {
 void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteurs, const OptionsWard& options,
                  std::optional<std::size_t> derniers);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

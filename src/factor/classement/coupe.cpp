@@ -11,7 +11,7 @@
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -190,4 +190,4 @@ Fin WardCoupe(const Contexte& contexte, const OptionsCoupe& options) {
       [&](Rapport& rapport) { CouperArbre(contexte, rapport, options, nouveau); }, ModeEcriture::Suite);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -9,7 +9,7 @@
 #include "core/programme/programme.h"
 #include "factor/classement/ward.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 struct ArbreCah {
   bool individus = false;         // elements are individuals, and not the modalities of the .MOD
@@ -33,4 +33,4 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
 // The same as a run of its own.
 Fin WardCoupe(const Contexte& contexte, const OptionsCoupe& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -10,7 +10,7 @@
 #include <new>
 #include <numeric>
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -230,4 +230,4 @@ std::vector<std::size_t> EtapesRestantes(std::span<const EtapeWard> etapes, std:
   return restantes;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -15,7 +15,7 @@
 
 #include "core/calcul/matrice.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 enum class MethodeWard { Distances = 1, Carres = 2 };
 
@@ -50,4 +50,4 @@ MembresWard MembresDesEtapes(std::span<const EtapeWard> etapes);
 // has taken over.
 std::vector<std::size_t> EtapesRestantes(std::span<const EtapeWard> etapes, std::size_t niveau);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -10,7 +10,7 @@
 #include "factor/coordonnees.h"
 #include "factor/ellipses/lecture.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -245,4 +245,4 @@ void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites
   }
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

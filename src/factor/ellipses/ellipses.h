@@ -17,7 +17,7 @@
 #include "core/dessin/dessin.h"
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 enum class GenreEllipse : std::uint8_t { Concentration, Mediane, Indicatrice };
 
@@ -108,4 +108,4 @@ void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite);
 void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites);
 void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

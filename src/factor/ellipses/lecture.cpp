@@ -6,7 +6,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -46,4 +46,4 @@ std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const st
   return nuages;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

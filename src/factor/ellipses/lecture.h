@@ -10,7 +10,7 @@
 #include "core/fichiers/fichiers.h"
 #include "factor/ellipses/ellipses.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises 5 for
 // a negative one.
@@ -29,4 +29,4 @@ struct LignesDIndividus {
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
                               std::span<const Position> points);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

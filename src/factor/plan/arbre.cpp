@@ -6,7 +6,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -62,7 +62,7 @@ void AllerALaZoneSuivante(std::string& ligne) { ligne.resize((ligne.size() / kZo
 
 }  // namespace
 
-LiensDuGraphe ArbreMaximum(std::span<const Lien> liens, std::span<const SommetArbre> sommets,
+LiensDuGraphe ArbreMaximum(std::span<const tables::Lien> liens, std::span<const SommetArbre> sommets,
                            const OptionsArbre& options) {
   const auto sousLeNiveau = [&](const SommetArbre& sommet) {
     return sommet.cpfHorizontal < options.niveauCpf && sommet.cpfVertical < options.niveauCpf;
@@ -78,7 +78,7 @@ LiensDuGraphe ArbreMaximum(std::span<const Lien> liens, std::span<const SommetAr
   LiensDuGraphe resultat;
   resultat.atteints.resize(sommets.size());
   Composantes composantes(options.arbre ? sommets.size() : 0, options.aCouvrir.value_or(sommets.size()));
-  for (const Lien& lien : liens) {
+  for (const tables::Lien& lien : liens) {
     if (options.progressif && resultat.lus >= *options.progressif) break;
     if (!std::isfinite(lien.valeur) || lien.valeur < 0 || lien.valeur < ecMin) break;
     if (lien.valeur > ecSup || !surLeGraphe(lien.premier) || !surLeGraphe(lien.second)) continue;
@@ -102,7 +102,7 @@ LiensDuGraphe ArbreMaximum(std::span<const Lien> liens, std::span<const SommetAr
 }
 
 void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const std::string> intitules,
-                 std::span<const Lien> liens) {
+                 std::span<const tables::Lien> liens) {
   Remplacement remplacement(repertoire, nom);
   Ecrivain& fichier = remplacement.Fichier();
   std::string ligne = "*Vertices";
@@ -114,7 +114,7 @@ void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const
     fichier.Ligne(ligne + intitules[i]);
   }
   fichier.Ligne("*Edges");
-  for (const Lien& lien : liens) {
+  for (const tables::Lien& lien : liens) {
     ligne = NombreNu(static_cast<std::int64_t>(lien.premier));
     AllerALaZoneSuivante(ligne);
     ligne += NombreNu(static_cast<std::int64_t>(lien.second));
@@ -124,4 +124,4 @@ void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const
   remplacement.Valider();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

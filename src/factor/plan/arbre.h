@@ -16,7 +16,7 @@
 #include "core/fichiers/fichiers.h"
 #include "tables/liens/liens.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // Which links are left out: none ("0"), those between two supplementary elements ("1"), those with any ("2").
 enum class ModeArbre : std::uint8_t { TousLesLiens = 0, SaufEntreSupplementaires = 1, SaufSupplementaires = 2 };
@@ -42,16 +42,16 @@ struct OptionsArbre {
 };
 
 struct LiensDuGraphe {
-  std::vector<Lien> traces;    // to be drawn, in the order of the file
-  std::vector<bool> atteints;  // by element: an end of a link kept, drawn or below the CPF level
-  std::size_t lus = 0;         // links read
-  std::vector<Lien> pajek;     // the links read, when the network file is wanted
-  bool complet = false;        // links were left when the tree had every element: "Arbre Maximum complet"
+  std::vector<tables::Lien> traces;  // to be drawn, in the order of the file
+  std::vector<bool> atteints;        // by element: an end of a link kept, drawn or below the CPF level
+  std::size_t lus = 0;               // links read
+  std::vector<tables::Lien> pajek;   // the links read, when the network file is wanted
+  bool complet = false;              // links were left when the tree had every element: "Arbre Maximum complet"
 };
 
 // Goes through the links in the order of the file, that of decreasing value. The reading stops at the first negative
 // link. A link to an element that the graph does not have is left out.
-LiensDuGraphe ArbreMaximum(std::span<const Lien> liens, std::span<const SommetArbre> sommets,
+LiensDuGraphe ArbreMaximum(std::span<const tables::Lien> liens, std::span<const SommetArbre> sommets,
                            const OptionsArbre& options);
 
 inline constexpr std::string_view kArbreComplet = "Arbre Maximum complet";
@@ -59,6 +59,6 @@ inline constexpr std::string_view kArbreComplet = "Arbre Maximum complet";
 // Replaces the file of that name (generic and ".net"). One name or label for each element. Raises the numbers of
 // Remplacement.
 void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const std::string> intitules,
-                 std::span<const Lien> liens);
+                 std::span<const tables::Lien> liens);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -7,7 +7,7 @@
 #include "core/texte/nombres.h"
 #include "factor/plan/plan.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -246,7 +246,7 @@ void TraceDuPlan::Liens() {
   const LiensDuGraphe liens = LiensMontres(etat_);
   std::vector<bool> montres(donnees_.points.size());
   for (std::size_t i = 0; i < montres.size(); ++i) montres[i] = EstMontre(etat_, i);
-  for (const Lien& lien : liens.traces) {
+  for (const tables::Lien& lien : liens.traces) {
     const auto a = static_cast<std::size_t>(lien.premier - 1);
     const auto b = static_cast<std::size_t>(lien.second - 1);
     if (!montres[a] || !montres[b]) continue;
@@ -391,4 +391,4 @@ std::vector<std::size_t> ElementsSous(const EtatPlan& etat, const Dessin& dessin
   return elements;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

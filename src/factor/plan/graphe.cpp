@@ -3,7 +3,7 @@
 #include "core/dessin/svg.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -176,4 +176,4 @@ Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
   return Continuer(contexte, [&](Rapport&) { EcrireImage(contexte, etat, options); });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -9,7 +9,7 @@
 #include "core/programme/programme.h"
 #include "factor/plan/plan.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 // Files that the settings asked for can't do without; another caller goes on without them.
 struct ExigencesGraphe {
@@ -80,4 +80,4 @@ bool DemandeDesLiens(const OptionsGraphe& options);
 // Preparation, settings, ellipses, picture. A setting that the data refuse stops the run.
 Fin Graphe(const Contexte& contexte, const OptionsGraphe& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -7,7 +7,7 @@
 #include "core/texte/nombres.h"
 #include "factor/plan/graphe.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -199,8 +199,8 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   donnees.parts = LireParts(contexte, donnees.facteurs);
   const std::optional<Chemin> pem = contexte.Chercher(".PEM");
   donnees.liensPresents = pem.has_value();
-  donnees.liens = LireLiens(pem);
-  donnees.liensLignes = LireLiens(contexte.Chercher(".PEL"));
+  donnees.liens = tables::LireLiens(pem);
+  donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
   if (const std::optional<Chemin> cah = contexte.Chercher(".CAH")) donnees.cah = LireCah(*cah);
 }
 
@@ -216,4 +216,4 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
 
 void QuitterGraphe(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".PRT")); }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

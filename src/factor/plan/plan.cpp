@@ -7,7 +7,7 @@
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 namespace {
 
@@ -370,4 +370,4 @@ std::string LigneDInformation(const EtatPlan& etat, std::size_t element) {
   return ligne;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -18,7 +18,7 @@
 #include "factor/plan/arbre.h"
 #include "tables/liens/liens.h"
 
-namespace quelvar {
+namespace quelvar::factor {
 
 inline constexpr double kHauteurSurLargeur = 0.767;  // of the window, and of the picture
 
@@ -37,12 +37,12 @@ struct DonneesPlan {
   std::size_t facteurs = 0;  // at least 1
   std::size_t colonnes = 0;  // the first elements, in the order of the .MOD; rows or individuals stand behind
   std::vector<PointPlan> points;
-  Matrice coordonnees;            // factors x elements, thousandths
-  Matrice cpf;                    // factors x elements, per mille
-  std::vector<double> parts;      // of each factor in the inertia, percent; empty when no report tells them
-  bool liensPresents = false;     // .PEM exists
-  std::vector<Lien> liens;        // .PEM: elements counted from 1
-  std::vector<Lien> liensLignes;  // .PEL
+  Matrice coordonnees;                    // factors x elements, thousandths
+  Matrice cpf;                            // factors x elements, per mille
+  std::vector<double> parts;              // of each factor in the inertia, percent; empty when no report tells them
+  bool liensPresents = false;             // .PEM exists
+  std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
+  std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
@@ -188,4 +188,4 @@ std::string LigneDuPlan(const EtatPlan& etat, std::size_t liensTraces);
 // What a tool tip tells of an element: name, label, coordinates and CPF on the two factors.
 std::string LigneDInformation(const EtatPlan& etat, std::size_t element);
 
-}  // namespace quelvar
+}  // namespace quelvar::factor

@@ -5,7 +5,7 @@
 
 #include "forms/cadre/entrees.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 QString SansAvisPerimes(const QString& page) {
   static const QRegularExpression avis(QStringLiteral("<p class=\"etat\" data-menu=\"(\\w+)\">.*?</p>\\n?"),
@@ -25,4 +25,4 @@ QString SansAvisPerimes(const QString& page) {
   return nette + page.sliced(copie);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -3,9 +3,9 @@
 
 #include <QString>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 // The page without the paragraphs (class "etat") whose data-menu names an entry that has a program behind it.
 QString SansAvisPerimes(const QString& page);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

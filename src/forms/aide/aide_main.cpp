@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
   }
   const QString texte = QString::fromUtf8(source.readAll());
   const bool fait = arguments[1] == QStringLiteral("page")
-                        ? Ecrire(arguments[3], quelvar::SansAvisPerimes(texte).toUtf8())
+                        ? Ecrire(arguments[3], quelvar::forms::SansAvisPerimes(texte).toUtf8())
                         : Imprimer(arguments[3], texte);
   if (!fait) std::fprintf(stderr, "%s: cannot be written\n", qPrintable(arguments[3]));
   return fait ? 0 : 1;

@@ -10,7 +10,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_frmabout.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -53,4 +53,4 @@ FrmAbout::~FrmAbout() = default;
 
 void OuvrirAPropos(Principal& principal) { principal.Montrer<FrmAbout>(); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -10,7 +10,7 @@ namespace Ui {
 class frmAbout;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class FrmAbout : public QDialog {
   Q_OBJECT
@@ -24,4 +24,4 @@ class FrmAbout : public QDialog {
 
 void OuvrirAPropos(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

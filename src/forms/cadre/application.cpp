@@ -16,7 +16,7 @@ static void InitialiserRessources() {
   Q_INIT_RESOURCE(icones);
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 void PreparerApplication() {
   InitialiserRessources();
@@ -39,4 +39,4 @@ QString DossierAide() {
   return {};
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 // Called once, when the application object exists.
 void PreparerApplication();
@@ -11,4 +11,4 @@ void PreparerApplication();
 // The directory of QuelvarAide.html, beside the executable or installed; empty when there is none.
 QString DossierAide();
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -8,7 +8,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -108,4 +108,4 @@ void ChoixRepertoire::RemplirBranche() {
   branche_->scrollToItem(courante);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -6,7 +6,7 @@
 #include <QListWidget>
 #include <QWidget>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ChoixRepertoire : public QWidget {
   Q_OBJECT
@@ -33,4 +33,4 @@ class ChoixRepertoire : public QWidget {
   QListWidget* branche_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

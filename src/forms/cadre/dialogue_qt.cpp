@@ -13,7 +13,7 @@
 
 #include "forms/texte/texte_qt.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -196,4 +196,4 @@ bool Occupation::eventFilter(QObject* objet, QEvent* evenement) {
   return QObject::eventFilter(objet, evenement);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

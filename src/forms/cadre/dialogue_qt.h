@@ -10,7 +10,7 @@
 
 #include "core/programme/dialogue.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 // What a run moves on the main form.
 struct EcranDeRun {
@@ -43,4 +43,4 @@ class Occupation : public QObject {
   static bool EstPourLaBoite(const QObject* objet);
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -14,7 +14,7 @@
 #include "forms/programmes/sorts/preprecod.h"
 #include "forms/programmes/tables/choixecapem.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -47,4 +47,4 @@ constexpr EntreeDeProgramme kEntrees[] = {
 
 std::span<const EntreeDeProgramme> EntreesDeProgrammes() { return kEntrees; }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -20,7 +20,7 @@
 
 #include <span>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class Principal;
 
@@ -31,4 +31,4 @@ struct EntreeDeProgramme {
 
 std::span<const EntreeDeProgramme> EntreesDeProgrammes();
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -20,12 +20,12 @@ bool DemarrerVoisin(const QString& programme, const QStringList& arguments) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  quelvar::PreparerApplication();
-  quelvar::Principal principal(
+  quelvar::forms::PreparerApplication();
+  quelvar::forms::Principal principal(
       {quelvar::RepertoireDuProgramme(
-           quelvar::CheminDepuisQt(QCoreApplication::applicationFilePath()),
-           quelvar::CheminDepuisQt(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))),
-       quelvar::ReglagesQt(), quelvar::DossierAide(), DemarrerVoisin,
+           quelvar::forms::CheminDepuisQt(QCoreApplication::applicationFilePath()),
+           quelvar::forms::CheminDepuisQt(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))),
+       quelvar::forms::ReglagesQt(), quelvar::forms::DossierAide(), DemarrerVoisin,
        [](const QUrl& adresse) { return QDesktopServices::openUrl(adresse); }});
   principal.show();
   return QApplication::exec();

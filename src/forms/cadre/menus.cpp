@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <QStack>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -291,4 +291,4 @@ void ConstruireMenus(QMenuBar& barre) {
 std::span<const EntreeDAffichage> EntreesDAffichage() { return kAffichages; }
 std::span<const EntreeDAide> EntreesDAide() { return kAides; }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -5,7 +5,7 @@
 #include <QString>
 #include <span>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 enum class GenreDeLigne { Menu, SousMenu, FinDeSousMenu, Entree, Coche, Separateur };
 
@@ -36,4 +36,4 @@ struct EntreeDAide {
 };
 std::span<const EntreeDAide> EntreesDAide();
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -7,7 +7,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_prem.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 Prem::Prem(Principal& principal) : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::Prem>()) {
   ui_->setupUi(this);
@@ -83,4 +83,4 @@ void OuvrirPrem(Principal& principal) {
   principal.Montrer<Prem>();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -10,7 +10,7 @@ namespace Ui {
 class Prem;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class Prem : public QDialog {
   Q_OBJECT
@@ -32,4 +32,4 @@ class Prem : public QDialog {
 
 void OuvrirPrem(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -22,7 +22,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -352,4 +352,4 @@ void Principal::FixerTailleDEcran(const QString& action) {
   resize((page + autour).boundedTo(PlaceSurLEcran(*this)));
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

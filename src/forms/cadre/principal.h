@@ -20,7 +20,7 @@ namespace Ui {
 class Principal;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 struct EntreeDAffichage;
 class frmSDI;
@@ -158,4 +158,4 @@ class Principal : public QMainWindow {
   bool partiel_ = false;  // Text1 does not hold the whole of it
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -8,7 +8,7 @@
 #include "sorts/triapl/triapl.h"
 #include "ui_principal2.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -100,14 +100,14 @@ void Principal2::Reinitialiser() {
 void Principal2::LancerTriapl() {
   const std::optional<std::string> donnees = FichierDeDonnees();
   if (!donnees) return;
-  OptionsTriapl options;
+  sorts::OptionsTriapl options;
   options.intitules = ui_->CaseMod->isChecked();
   options.nonReponses = ui_->BoutNROui->isChecked();
   options.triangulaire = ui_->CaseTriang->isChecked();
   options.reponsesMultiples = ui_->CaseRepMult->isChecked();
   options.limite = ui_->CaseVerif->isChecked() ? kLimiteDeDepassements : 0;
   options.fichierDonnees = *donnees;
-  principal_.Lancer([&](const Contexte& contexte) { Triapl(contexte, options); });
+  principal_.Lancer([&](const Contexte& contexte) { sorts::Triapl(contexte, options); });
   Reinitialiser();
   close();
 }
@@ -115,12 +115,12 @@ void Principal2::LancerTriapl() {
 namespace {
 
 // The session follows a complete run to the new generic.
-void Recoder(Principal& principal, OptionsRecodage options) {
+void Recoder(Principal& principal, sorts::OptionsRecodage options) {
   Session& session = principal.SessionEnCours();
-  SuiteRecodage suite{session.generique, session.passerModalites};
+  sorts::SuiteRecodage suite{session.generique, session.passerModalites};
   options.suite = &suite;
   Fin fin = Fin::Arret;
-  principal.Lancer([&](const Contexte& contexte) { fin = Recodage(contexte, options); });
+  principal.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
   session.passerModalites = suite.passerModalites;
   if (fin == Fin::Normale) principal.AdopterGenerique(suite.generique);
 }
@@ -130,7 +130,7 @@ void Recoder(Principal& principal, OptionsRecodage options) {
 void Principal2::LancerRecodage() {
   const std::optional<std::string> donnees = FichierDeDonnees();
   if (!donnees) return;
-  OptionsRecodage options;
+  sorts::OptionsRecodage options;
   options.seules = ui_->CaseTriang->isChecked();
   options.enFin = ui_->CaseRepMult->isChecked();
   options.toutesSelectionnees = !ui_->CaseVerif->isChecked();
@@ -169,7 +169,8 @@ void Ouvrir(Principal& principal, Principal2::Usage usage) {
 void OuvrirRepertoires(Principal& principal) { Ouvrir(principal, Principal2::Usage::Repertoires); }
 
 void OuvrirTriapl(Principal& principal) {
-  if (principal.SessionEnCours().niveau == 1) principal.Lancer([](const Contexte& contexte) { Triapl(contexte, {}); });
+  if (principal.SessionEnCours().niveau == 1)
+    principal.Lancer([](const Contexte& contexte) { sorts::Triapl(contexte, {}); });
   else Ouvrir(principal, Principal2::Usage::Triapl);
 }
 
@@ -178,4 +179,4 @@ void OuvrirOutils(Principal& principal) {
   else Ouvrir(principal, Principal2::Usage::Recodage);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -10,7 +10,7 @@ namespace Ui {
 class Principal2;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class Principal2 : public QDialog {
   Q_OBJECT
@@ -39,4 +39,4 @@ void OuvrirRepertoires(Principal& principal);
 void OuvrirTriapl(Principal& principal);
 void OuvrirOutils(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -16,7 +16,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 // --- the text box ---
 
@@ -241,4 +241,4 @@ void Principal::OuvrirAide(const QString& action) {
     dialogue_.demander(Joindre({"Aucun programme n'a pu ouvrir "_w, DepuisQt(adresse.toDisplayString())}), Boutons::Ok);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

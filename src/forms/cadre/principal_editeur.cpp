@@ -11,7 +11,7 @@
 #include "forms/editeur/frmsdi.h"
 #include "forms/texte/texte_qt.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -86,4 +86,4 @@ bool Principal::FermerEditeurs() {
                      [](const QPointer<frmSDI>& editeur) { return editeur.isNull() || editeur->close(); });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

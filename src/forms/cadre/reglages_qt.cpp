@@ -2,7 +2,7 @@
 
 #include <QSettings>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -27,4 +27,4 @@ Reglages ReglagesQt() {
   return reglages;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -3,8 +3,8 @@
 
 #include "core/session/reglages.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 Reglages ReglagesQt();
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -7,7 +7,7 @@
 #include <QTextBlock>
 #include <algorithm>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -244,4 +244,4 @@ void EditTexte::MarquerLigne() {
   setExtraSelections({ligne});
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

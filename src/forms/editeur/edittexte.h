@@ -9,7 +9,7 @@
 #include "forms/texte/regle.h"
 #include "forms/texte/textefixe.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class EditTexte : public TexteFixe {
   Q_OBJECT
@@ -67,4 +67,4 @@ class EditTexte : public TexteFixe {
   bool lectureSeule_ = false;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -2,7 +2,7 @@
 
 #include "ui_frmfind.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 frmFind::frmFind(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmFind>()) {
   ui_->setupUi(this);
@@ -48,4 +48,4 @@ void frmFind::Ouvrir(const QString& motif, bool remplacer) {
 
 void frmFind::Dire(const QString& phrase) { ui_->LabelResultat->setText(phrase); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

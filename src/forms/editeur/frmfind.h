@@ -10,7 +10,7 @@ namespace Ui {
 class frmFind;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class frmFind : public QDialog {
   Q_OBJECT
@@ -36,4 +36,4 @@ class frmFind : public QDialog {
   std::unique_ptr<Ui::frmFind> ui_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

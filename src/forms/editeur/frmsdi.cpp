@@ -10,7 +10,7 @@
 #include "forms/texte/impression.h"
 #include "ui_frmsdi.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 frmSDI::frmSDI(ServicesEditeur services, Genre genre, QWidget* parent)
     : QMainWindow(parent), services_(std::move(services)), genre_(genre), ui_(std::make_unique<Ui::frmSDI>()) {
@@ -189,4 +189,4 @@ void frmSDI::closeEvent(QCloseEvent* evenement) {
   QMainWindow::closeEvent(evenement);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -15,7 +15,7 @@ namespace Ui {
 class frmSDI;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class frmFind;
 
@@ -110,4 +110,4 @@ class frmSDI : public QMainWindow {
   bool surveille_ = false;  // a question about the disk is open
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

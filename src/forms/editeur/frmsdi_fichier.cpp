@@ -10,7 +10,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -236,4 +236,4 @@ void frmSDI::PreparerRecents() {
   if (ui_->mnuRecents->isEmpty()) ui_->mnuRecents->addAction(QStringLiteral("(aucun)"))->setEnabled(false);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -9,7 +9,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -132,4 +132,4 @@ void frmSDI::AllerALigne() {
   if (accepte) texte->AllerALigne(ligne);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

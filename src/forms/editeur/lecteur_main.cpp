@@ -10,7 +10,7 @@
 namespace {
 
 void OuvrirAide() {
-  QUrl adresse = QUrl::fromLocalFile(quelvar::DossierAide() + QStringLiteral("/QuelvarAide.html"));
+  QUrl adresse = QUrl::fromLocalFile(quelvar::forms::DossierAide() + QStringLiteral("/QuelvarAide.html"));
   adresse.setFragment(QStringLiteral("33"));
   QDesktopServices::openUrl(adresse);
 }
@@ -19,9 +19,9 @@ void OuvrirAide() {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  quelvar::PreparerApplication();
+  quelvar::forms::PreparerApplication();
   const QStringList arguments = QCoreApplication::arguments();
-  quelvar::frmSDI lecteur({quelvar::ReglagesQt(), OuvrirAide}, quelvar::frmSDI::Genre::Lecteur);
+  quelvar::forms::frmSDI lecteur({quelvar::forms::ReglagesQt(), OuvrirAide}, quelvar::forms::frmSDI::Genre::Lecteur);
   lecteur.show();
   const bool ouvert = arguments.size() > 1 ? lecteur.Ouvrir(arguments[1]) : lecteur.OuvrirParDialogue();
   return ouvert ? QApplication::exec() : 1;

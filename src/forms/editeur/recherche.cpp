@@ -3,7 +3,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -86,4 +86,4 @@ int RemplacerTout(QTextDocument& document, const OptionsRecherche& options, cons
   return nombre;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

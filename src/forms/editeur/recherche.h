@@ -5,7 +5,7 @@
 #include <QTextCursor>
 #include <optional>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 struct OptionsRecherche {
   QString motif;
@@ -28,4 +28,4 @@ bool EstOccurrence(const QTextCursor& selection, const OptionsRecherche& options
 // Replaces every occurrence of the text, to be undone in one step; returns their number.
 int RemplacerTout(QTextDocument& document, const OptionsRecherche& options, const QString& remplacement);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -19,7 +19,7 @@
 #include "core/dessin/svg.h"
 #include "forms/texte/texte_qt.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -258,4 +258,4 @@ bool ImprimerDessin(QWidget* parent, const Dessin& dessin) {
   return peintre.end();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

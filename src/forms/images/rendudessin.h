@@ -7,7 +7,7 @@
 
 #include "core/dessin/dessin.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 // Paints the page, whose unit is the point, at the scale of the painter; marks outside `zone` (points) are left out.
 void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone);
@@ -22,4 +22,4 @@ bool EnregistrerDessin(const QString& fichier, const Dessin& dessin, int resolut
 // user gave up.
 bool ImprimerDessin(QWidget* parent, const Dessin& dessin);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

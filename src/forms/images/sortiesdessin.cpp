@@ -5,7 +5,7 @@
 #include "forms/images/rendudessin.h"
 #include "forms/texte/texte_qt.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -53,4 +53,4 @@ void RelierSorties(QWidget& forme, Principal& principal, const VueDessin& vue, c
   });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

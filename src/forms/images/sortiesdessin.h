@@ -8,7 +8,7 @@
 #include "forms/cadre/principal.h"
 #include "forms/images/vuedessin.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 struct BoutonsDessin {
   QAbstractButton& enregistrer;
@@ -22,4 +22,4 @@ struct BoutonsDessin {
 void RelierSorties(QWidget& forme, Principal& principal, const VueDessin& vue, const Contexte& contexte,
                    std::string_view suffixe, const BoutonsDessin& boutons, std::function<int()> resolution);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

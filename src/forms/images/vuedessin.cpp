@@ -12,7 +12,7 @@
 
 #include "forms/images/rendudessin.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -181,4 +181,4 @@ bool VueDessin::viewportEvent(QEvent* evenement) {
 
 void VueDessin::scrollContentsBy(int dx, int dy) { viewport()->scroll(dx, dy); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -7,7 +7,7 @@
 
 #include "core/dessin/dessin.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class VueDessin : public QAbstractScrollArea {
   Q_OBJECT
@@ -72,4 +72,4 @@ class VueDessin : public QAbstractScrollArea {
   int saisi_ = -1;                  // element that is dragged
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -2,7 +2,7 @@
 
 #include <QEvent>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 Abandon::Abandon(QDialog& forme, QPushButton& quitter, Principal& principal,
                  const std::function<void(const Contexte&)>& programme)
@@ -21,4 +21,4 @@ bool Abandon::eventFilter(QObject* objet, QEvent* evenement) {
   return QObject::eventFilter(objet, evenement);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

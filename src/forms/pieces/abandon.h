@@ -8,7 +8,7 @@
 
 #include "forms/cadre/principal.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class Abandon : public QObject {
  public:
@@ -22,4 +22,4 @@ class Abandon : public QObject {
   bool parLeProgramme_ = false;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -7,7 +7,7 @@
 #include "core/programme/erreur.h"
 #include "forms/texte/texte_qt.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 EditionListe::EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ, QPushButton& suivant, Acces acces)
     : QObject(&forme), liste_(liste), champ_(champ), acces_(std::move(acces)) {
@@ -80,4 +80,4 @@ QString EnUnTexte(const std::vector<std::string>& lignes) {
   return textes.join(u'\n');
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

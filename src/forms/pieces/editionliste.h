@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class EditionListe : public QObject {
   Q_OBJECT
@@ -54,4 +54,4 @@ QString Tenter(const std::function<void()>& sauver, const QString& reussite);
 // Lines of the code page as the text of a label.
 QString EnUnTexte(const std::vector<std::string>& lignes);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

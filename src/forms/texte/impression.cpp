@@ -9,7 +9,7 @@
 #include <QSaveFile>
 #include <algorithm>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -117,4 +117,4 @@ bool EcrirePdf(const QString& fichier, const QString& texte, const QString& titr
   return cible.commit();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 // Lines of the pages, in order. A line longer than `colonnes` goes on in the next one; a form feed begins a new page.
 QList<QStringList> MettreEnPages(const QString& texte, int colonnes, int lignes);
@@ -21,4 +21,4 @@ bool ImprimerParDialogue(QWidget* parent, const QString& texte, const QString& t
 // then stays what it was.
 bool EcrirePdf(const QString& fichier, const QString& texte, const QString& titre);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -6,7 +6,7 @@
 #include <QTextBlock>
 #include <cmath>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 ReglePositions::ReglePositions(QPlainTextEdit& texte) : QWidget(&texte), texte_(texte) {
   setObjectName(QStringLiteral("Regle"));
@@ -51,4 +51,4 @@ void ReglePositions::paintEvent(QPaintEvent*) {
   pinceau.drawLine(0, height() - 1, width(), height() - 1);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

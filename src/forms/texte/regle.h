@@ -4,7 +4,7 @@
 #include <QPlainTextEdit>
 #include <QWidget>
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ReglePositions : public QWidget {
   Q_OBJECT
@@ -21,4 +21,4 @@ class ReglePositions : public QWidget {
   QPlainTextEdit& texte_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

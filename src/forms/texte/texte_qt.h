@@ -7,7 +7,7 @@
 
 #include "core/fichiers/fichiers.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 inline QString VersQt(std::string_view texte) { return QString::fromStdString(VersUtf8(texte)); }
 // A character outside the code page becomes "?".
@@ -16,4 +16,4 @@ inline std::string DepuisQt(const QString& texte) { return DepuisUtf8(texte.toSt
 inline QString CheminVersQt(const Chemin& chemin) { return QString::fromStdString(chemin.native()); }
 inline Chemin CheminDepuisQt(const QString& texte) { return {texte.toStdString()}; }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -10,7 +10,7 @@
 
 #include "forms/texte/texte_qt.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -134,4 +134,4 @@ void TexteFixe::PeindreColonnes(QPainter& peintre) const {
   }
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

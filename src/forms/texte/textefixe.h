@@ -8,7 +8,7 @@
 
 #include "core/document/texte_edite.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class TexteFixe : public QPlainTextEdit {
   Q_OBJECT
@@ -45,4 +45,4 @@ class TexteFixe : public QPlainTextEdit {
   QWidget* voletColonnes_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

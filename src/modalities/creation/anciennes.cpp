@@ -5,7 +5,7 @@
 #include "core/enquete/modfile.h"
 #include "core/programme/report.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -50,4 +50,4 @@ void ReprendreAnciennes(std::vector<ModaliteCreee>& modalites, std::vector<Ancie
   }
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -9,7 +9,7 @@
 #include "core/fichiers/fichiers.h"
 #include "modalities/modalites.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 struct AncienneModalite {
   std::string ligne;  // as it stands in the file
@@ -27,4 +27,4 @@ std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin);
 void ReprendreAnciennes(std::vector<ModaliteCreee>& modalites, std::vector<AncienneModalite>& anciennes, bool oublier,
                         bool nommer);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

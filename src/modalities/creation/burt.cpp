@@ -4,7 +4,7 @@
 #include <array>
 #include <limits>
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -102,4 +102,4 @@ std::int64_t TableBurt::PlusGrandEffectif() const {
   return plusGrand;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 // A symmetric table of counts, of which only the cells on and above the diagonal are kept.
 //
@@ -57,4 +57,4 @@ class TableBurt {
   std::vector<std::int64_t> reportes_;  // a count for each byte of recents_; empty until the first carry
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -5,7 +5,7 @@
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -132,4 +132,4 @@ std::string LigneAvecMarque(std::string_view ligne, Statut statut) {
   return resultat;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

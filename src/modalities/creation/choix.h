@@ -11,7 +11,7 @@
 
 #include "core/enquete/posfile.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 enum class ModePosmod { Afc, Regr, Modi };
 
@@ -63,4 +63,4 @@ std::string_view RefusDeNommer(std::int64_t modalites);
 // A question line with the mark of a status, or without any: the columns before 10 and all other texts stay.
 std::string LigneAvecMarque(std::string_view ligne, Statut statut);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -3,7 +3,7 @@
 #include "core/enquete/brtfile.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 int LargeurDeCellule(const TableBurt& burt) { return LargeurDeTable(burt.PlusGrandEffectif()); }
 
@@ -58,4 +58,4 @@ void EcrirePosMarque(Ecrivain& fichier, const FichierPos& pos, const ChoixQuesti
   }
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -11,7 +11,7 @@
 #include "modalities/creation/burt.h"
 #include "modalities/modalites.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 // Width of a cell of the written table: the digits of its largest count.
 int LargeurDeCellule(const TableBurt& burt);
@@ -32,4 +32,4 @@ void EcrireMod(Ecrivain& fichier, const std::string& titre, const std::string& p
 // The position file with the marks of the choice on its question lines, every other line as it stands.
 void EcrirePosMarque(Ecrivain& fichier, const FichierPos& pos, const ChoixQuestions& choix);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -2,7 +2,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -63,4 +63,4 @@ void ImprimerChoix(const FichierPos& pos, const ChoixQuestions& choix, const Opt
   ImprimerOptions(options, ancienMod, rapport);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

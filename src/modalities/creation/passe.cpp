@@ -6,7 +6,7 @@
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, 
   return numero;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -12,7 +12,7 @@
 #include "modalities/creation/burt.h"
 #include "modalities/modalites.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 // Writes the logical coding, one line an individual.
 class CodageLogique {
@@ -46,4 +46,4 @@ struct DemandeDePasse {
 std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, const DemandeDePasse& demande,
                               TableBurt& burt, const Dialogue& dialogue);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

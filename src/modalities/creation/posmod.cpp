@@ -7,7 +7,7 @@
 #include "modalities/creation/impression.h"
 #include "modalities/creation/passe.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -213,4 +213,4 @@ Fin AbandonnerPosmod(const Contexte& contexte) {
                            [&](Rapport& rapport) { Preparer(contexte, rapport); });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

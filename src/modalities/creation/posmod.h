@@ -9,7 +9,7 @@
 #include "core/programme/programme.h"
 #include "modalities/creation/choix.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 struct OptionsPosmod {
   ModePosmod mode = ModePosmod::Afc;
@@ -39,4 +39,4 @@ std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode
 // The run that leaving the form ends: the preparation alone, which the report tells.
 Fin AbandonnerPosmod(const Contexte& contexte);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

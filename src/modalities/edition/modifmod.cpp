@@ -3,7 +3,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -90,4 +90,4 @@ Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) 
   });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -7,7 +7,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 // What the form works on. Without a list, the lines of `message` tell why.
 struct EtatModifMod {
@@ -41,4 +41,4 @@ struct OptionsModifMod {
 };
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

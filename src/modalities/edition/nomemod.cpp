@@ -12,7 +12,7 @@
 #include "modalities/edition/modifmod.h"
 #include "modalities/edition/nomquest.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -148,4 +148,4 @@ Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
   });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

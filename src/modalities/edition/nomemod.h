@@ -9,7 +9,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 struct ModaliteNommee {
   std::string texte;      // name, mark and label, as core/listemod has them
@@ -47,4 +47,4 @@ struct OptionsNomeMod {
 };
 Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -4,7 +4,7 @@
 
 #include "core/enquete/posfile.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 namespace {
 
@@ -104,4 +104,4 @@ Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
   });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -8,7 +8,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::modalities {
 
 struct NomDeQuestion {
   std::string nom;  // columns 1-3
@@ -48,4 +48,4 @@ struct OptionsNomQuest {
 };
 Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::modalities

@@ -1,6 +1,6 @@
 #include "sorts/preparation/preprecod.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -55,4 +55,4 @@ std::string_view AidePrepRecod(SujetAide sujet) {
   return kVit;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

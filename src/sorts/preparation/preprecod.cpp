@@ -7,7 +7,7 @@
 #include "sorts/regles/regles.h"
 #include "sorts/regles/vit.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -425,4 +425,4 @@ bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
   return true;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -12,7 +12,7 @@
 #include "core/programme/programme.h"
 #include "sorts/regles/taille.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 struct QuestionPreparee {
   Question question;  // its rule is the one to be written
@@ -106,4 +106,4 @@ inline constexpr std::string_view kNonSauvegarde =
 enum class SujetAide { Recodage, Ponderation, Filtre, Vit };
 std::string_view AidePrepRecod(SujetAide sujet);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -2,7 +2,7 @@
 
 #include "sorts/preparation/preprecod.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -97,4 +97,4 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
   });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

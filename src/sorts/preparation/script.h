@@ -10,7 +10,7 @@
 #include "core/programme/programme.h"
 #include "sorts/regles/taille.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 struct ElementDeScript {
   std::string question;
@@ -41,4 +41,4 @@ struct OptionsPrepRecod {
 // .POS as it was.
 Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -6,7 +6,7 @@
 #include "core/texte/nombres.h"
 #include "sorts/regles/vit.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -247,4 +247,4 @@ Consignes LireConsignes(const Contexte& contexte, const OptionsRecodage& options
   return lecture.Resultat();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

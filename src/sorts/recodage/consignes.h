@@ -13,7 +13,7 @@
 #include "sorts/regles/regles.h"
 #include "sorts/regles/taille.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 enum class ModeRecodage { SurPlace, EnFin, Seules };
 
@@ -77,4 +77,4 @@ inline constexpr std::size_t kQuestionsMaximum = 600;
 Consignes LireConsignes(const Contexte& contexte, const OptionsRecodage& options, const Chemin& pos,
                         const Chemin& donnees, Avertisseur& avertisseur);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

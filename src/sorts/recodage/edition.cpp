@@ -2,7 +2,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -105,4 +105,4 @@ void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& pla
   if (consignes.mode != ModeRecodage::Seules) EcrireSuite(sortie, consignes.pos);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

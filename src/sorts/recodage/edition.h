@@ -7,7 +7,7 @@
 #include "core/programme/report.h"
 #include "sorts/recodage/plan.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 void EcrireTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan);
 
@@ -20,4 +20,4 @@ struct TailleNeuve {
 void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,
                    const std::string& generique);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

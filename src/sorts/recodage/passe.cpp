@@ -10,7 +10,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -365,4 +365,4 @@ std::int64_t LongueurDesLignes(const Chemin& donnees, std::int64_t maximum) {
   return static_cast<std::int64_t>(longueur);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

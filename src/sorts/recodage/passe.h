@@ -10,7 +10,7 @@
 #include "core/programme/programme.h"
 #include "sorts/recodage/plan.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 // Told of each value above the code-max of its question, and of each score of a VIT above 999; `ligne` counts from 1.
 struct TemoinsDePasse {
@@ -34,4 +34,4 @@ BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const
 // Length of the longest of the first `maximum` lines.
 std::int64_t LongueurDesLignes(const Chemin& donnees, std::int64_t maximum);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -4,7 +4,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -94,4 +94,4 @@ Plan Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::in
   return plan;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -9,7 +9,7 @@
 
 #include "sorts/recodage/consignes.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 // A recoded question in the new record.
 struct ChampNeuf {
@@ -51,4 +51,4 @@ std::int64_t LongueurEnregistrement(const std::vector<Question>& questions, std:
 // Lays out the new record behind `longueur` columns. Raises 6 for a position beyond four columns.
 Plan Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::int64_t longueur);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -11,7 +11,7 @@
 #include "sorts/recodage/passe.h"
 #include "sorts/recodage/plan.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -224,4 +224,4 @@ Fin Recodage(const Contexte& contexte, const OptionsRecodage& options) {
   return fin;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

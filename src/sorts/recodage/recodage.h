@@ -6,7 +6,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 // What a session keeps from one recoding to the next.
 struct SuiteRecodage {
@@ -27,4 +27,4 @@ struct OptionsRecodage {
 // the report.
 Fin Recodage(const Contexte& contexte, const OptionsRecodage& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

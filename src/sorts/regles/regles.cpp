@@ -6,7 +6,7 @@
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -186,4 +186,4 @@ std::string TexteFaute(FauteRegle faute, std::string_view nomQuestion) {
 
 std::string_view TexteFauteFormulaire(FauteRegle faute) { return LibelleDe(faute).formulaire; }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 // One element of the left side: a code, or a range of codes.
 struct ElementRegle {
@@ -80,4 +80,4 @@ std::vector<int> CompleterTable(const RegleVerifiee& regle);
 std::string TexteFaute(FauteRegle faute, std::string_view nomQuestion);  // the recoding
 std::string_view TexteFauteFormulaire(FauteRegle faute);                 // the form; empty for what is no fault there
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -4,7 +4,7 @@
 
 #include "core/texte/texte.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -70,4 +70,4 @@ ExpressionFiltre LireFiltre(std::string_view filtre) {
   }
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

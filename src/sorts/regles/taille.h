@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 enum class SensFiltre { Aucun, Inclure, Exclure };
 
@@ -40,4 +40,4 @@ ExpressionFiltre LireFiltre(std::string_view filtre);
 // What the weighting question is named without a name on the size line.
 inline constexpr std::string_view kNomPonderation = "PON";
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -7,7 +7,7 @@
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -52,4 +52,4 @@ BlocVit LireBlocVit(std::span<const std::string> lignes) {
   return bloc;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 struct ElementVit {
   std::string ligne;       // as it stands
@@ -40,4 +40,4 @@ inline constexpr std::size_t kElementsVitMaximum = 50;
 // numbers, 6 for a code or a score beyond 16 bits.
 BlocVit LireBlocVit(std::span<const std::string> lignes);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

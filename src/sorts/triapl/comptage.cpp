@@ -6,7 +6,7 @@
 
 #include "core/enquete/datfile.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -131,4 +131,4 @@ Comptage CompterCodes(const Chemin& donnees, const FichierPos& pos, std::int64_t
   return comptage;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

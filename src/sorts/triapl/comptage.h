@@ -9,7 +9,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 struct Comptage {
   std::int64_t individus = 0;  // lines read
@@ -26,4 +26,4 @@ using SignalerDepassement = std::function<void(std::size_t question, std::int64_
 Comptage CompterCodes(const Chemin& donnees, const FichierPos& pos, std::int64_t maximum,
                       const SignalerDepassement& signaler, Progression& progression);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -1,6 +1,6 @@
 #include "sorts/triapl/edition.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -53,4 +53,4 @@ std::string LigneTriangle(const Question& question, const EffectifsTriangle& eff
   return ligne;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

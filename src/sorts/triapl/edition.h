@@ -8,7 +8,7 @@
 #include "core/programme/report.h"
 #include "sorts/triapl/tableau.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 // The line "Question ..."; `nonReponses` is printed when it is not null.
 void EcrireEnTete(Rapport& rapport, const Question& question, const double* nonReponses);
@@ -27,4 +27,4 @@ struct EnTeteTriangle {
 // Line of a question in a .TRG: a blank, the name, the three percentages, the label or the name.
 std::string LigneTriangle(const Question& question, const EffectifsTriangle& effectifs);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -5,7 +5,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -95,4 +95,4 @@ EffectifsTriangle TriangleDe(const std::vector<double>& effectifs) {
   return triangle;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -9,7 +9,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 struct ColonneCode {
   int code = 0;
@@ -49,4 +49,4 @@ std::vector<Bloc> DecouperEnBlocs(const TableauPlat& tableau);
 using EffectifsTriangle = std::array<double, 3>;
 EffectifsTriangle TriangleDe(const std::vector<double>& effectifs);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

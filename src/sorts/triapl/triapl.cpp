@@ -10,7 +10,7 @@
 #include "sorts/triapl/edition.h"
 #include "sorts/triapl/tableau.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 namespace {
 
@@ -224,4 +224,4 @@ Fin Triapl(const Contexte& contexte, const OptionsTriapl& options) {
                            [&](Rapport& rapport) { TrierAPlat(rapport, contexte, options); });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

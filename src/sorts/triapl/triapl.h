@@ -6,7 +6,7 @@
 
 #include "core/programme/programme.h"
 
-namespace quelvar {
+namespace quelvar::sorts {
 
 // Overflows that the option form allows when it checks them.
 inline constexpr int kLimiteDuFormulaire = 50;
@@ -23,4 +23,4 @@ struct OptionsTriapl {
 // Runs the flat sort of the generic. Every failure is told in the report.
 Fin Triapl(const Contexte& contexte, const OptionsTriapl& options);
 
-}  // namespace quelvar
+}  // namespace quelvar::sorts

@@ -9,7 +9,7 @@
 #include "core/texte/nombres.h"
 #include "crosstab/tableau/pemlocal.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -106,7 +106,8 @@ std::vector<Lien> LiensDuBurt(const DemiBurt& burt, double individus) {
   const double* cellule = burt.cellules.data();
   for (std::size_t i = 0; i < modalites; ++i)
     for (std::size_t j = i + 1; j < modalites; ++j) {
-      const AttractionLocale locale = PemLocal(individus, burt.totaux[i], burt.totaux[j], *cellule++);
+      const crosstab::AttractionLocale locale =
+          crosstab::PemLocal(individus, burt.totaux[i], burt.totaux[j], *cellule++);
       if (locale.pem > 0 && locale.khi2 > 0)
         liens.push_back({static_cast<std::int16_t>(i + 1), static_cast<std::int16_t>(j + 1), EnSimple(locale.pem)});
     }
@@ -144,4 +145,4 @@ std::vector<std::size_t> LireClique(std::string_view ligne) {
   return rangs;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -11,7 +11,7 @@
 #include "tables/liens/liens.h"
 #include "tables/tableaucompte.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // One link for each cell of positive PEM (percent), row after row of the present order; the nodes are those of the
 // files. Raises 6 when there are more nodes than a record can number.
@@ -43,4 +43,4 @@ std::vector<Lien> LiensDesCliques(std::span<const std::vector<std::size_t>> cliq
 // The row numbers of a line: the first 5 columns number the clique, blanks stand between the numbers.
 std::vector<std::size_t> LireClique(std::string_view ligne);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

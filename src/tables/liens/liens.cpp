@@ -9,7 +9,7 @@
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -105,4 +105,4 @@ void TrierProfil(std::span<Lien> profil) {
     for (std::size_t depart = 0; depart < pas; ++depart) TrierChaine(profil, depart, pas);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -11,7 +11,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // Nodes are numbered from 1 in the order of the files: in a rectangular table of C columns, columns 1 to C and row i
 // as C + i; in a Burt table the modalities of the .MOD.
@@ -45,4 +45,4 @@ void TrierLiens(std::span<Lien> liens, ModeTri mode, const Dialogue& dialogue);
 // Source: D. L. Shell, "A High-Speed Sorting Procedure", Communications of the ACM 2 (1959), gaps n/2, n/4, ... 1.
 void TrierProfil(std::span<Lien> profil);
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

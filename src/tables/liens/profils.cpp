@@ -5,7 +5,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 namespace {
 
@@ -72,4 +72,4 @@ void ImprimeurDeProfils::AjouterValeur(float valeur) {
   ligneValeurs_ += suite_;
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

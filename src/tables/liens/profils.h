@@ -10,7 +10,7 @@
 #include "core/programme/report.h"
 #include "tables/liens/liens.h"
 
-namespace quelvar {
+namespace quelvar::tables {
 
 // The links of each node, grouped without changing their order.
 class LiensParNoeud {
@@ -54,4 +54,4 @@ class ImprimeurDeProfils {
   std::string ligneValeurs_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::tables

@@ -6,6 +6,8 @@
 
 #include "support/tableau.h"
 
+using namespace quelvar::crosstab;
+
 namespace quelvar {
 namespace {
 

@@ -5,6 +5,8 @@
 #include "support/environnement.h"
 #include "support/erreur.h"
 
+using namespace quelvar::crosstab;
+
 namespace quelvar {
 namespace {
 

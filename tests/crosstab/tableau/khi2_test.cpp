@@ -6,6 +6,8 @@
 
 #include "support/erreur.h"
 
+using namespace quelvar::crosstab;
+
 namespace quelvar {
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include "support/tableau.h"
 
+using namespace quelvar::crosstab;
+
 namespace quelvar {
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include "core/programme/erreur.h"
 
+using namespace quelvar::crosstab;
+
 namespace quelvar {
 namespace {
 

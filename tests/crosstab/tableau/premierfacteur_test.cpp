@@ -7,6 +7,8 @@
 #include "support/erreur.h"
 #include "support/tableau.h"
 
+using namespace quelvar::crosstab;
+
 namespace quelvar {
 namespace {
 

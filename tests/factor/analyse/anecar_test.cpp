@@ -10,6 +10,8 @@
 #include "factor/analyse/tri.h"
 #include "support/programme.h"
 
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

@@ -9,6 +9,8 @@
 #include "support/erreur.h"
 #include "support/tableau.h"
 
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

@@ -9,6 +9,8 @@
 
 #include "support/programme.h"
 
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

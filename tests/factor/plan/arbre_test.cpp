@@ -7,6 +7,9 @@
 #include <random>
 #include <string>
 
+using namespace quelvar::tables;
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

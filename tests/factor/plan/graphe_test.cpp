@@ -6,6 +6,8 @@
 
 #include "support/environnement.h"
 
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

@@ -7,6 +7,8 @@
 
 #include "core/texte/texte.h"
 
+using namespace quelvar::factor;
+
 namespace quelvar {
 namespace {
 

@@ -12,6 +12,8 @@
 #include "forms/cadre/menus.h"
 #include "forms/pilote.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 struct Page {
@@ -21,7 +23,7 @@ struct Page {
 };
 
 Page LirePage() {
-  QFile fichier(quelvar::DossierAide() + "/QuelvarAide.html");
+  QFile fichier(quelvar::forms::DossierAide() + "/QuelvarAide.html");
   Page page;
   if (!fichier.open(QIODevice::ReadOnly)) {
     page.erreur = "no help page";
@@ -40,7 +42,7 @@ Page LirePage() {
 TEST(Aide, EveryAnchorOfTheMenuIsInThePageOnce) {
   const Page page = LirePage();
   EXPECT_EQ(page.erreur, "");
-  for (const quelvar::EntreeDAide& entree : quelvar::EntreesDAide()) {
+  for (const quelvar::forms::EntreeDAide& entree : quelvar::forms::EntreesDAide()) {
     if (*entree.ancre == '\0') continue;
     EXPECT_EQ(page.ancres.value(QString::fromLatin1(entree.ancre)), 1) << entree.nom << " #" << entree.ancre;
   }
@@ -53,18 +55,19 @@ TEST(Aide, NoLinkIsDead) {
   ASSERT_GT(page.liens.size(), 50);
   for (const QString& lien : page.liens) {
     if (lien.startsWith(u'#')) EXPECT_TRUE(page.ancres.contains(lien.mid(1))) << lien.toStdString();
-    else EXPECT_TRUE(QFile::exists(quelvar::DossierAide() + u'/' + lien)) << lien.toStdString();
+    else EXPECT_TRUE(QFile::exists(quelvar::forms::DossierAide() + u'/' + lien)) << lien.toStdString();
   }
 }
 
 TEST(Aide, EveryNoteIsAPdfThatTheMenuOpens) {
   QStringList documents;
-  for (const quelvar::EntreeDAide& entree : quelvar::EntreesDAide()) documents << QString::fromUtf8(entree.document);
-  const QStringList notes = QDir(quelvar::DossierAide()).entryList({"*.pdf"}, QDir::Files);
+  for (const quelvar::forms::EntreeDAide& entree : quelvar::forms::EntreesDAide())
+    documents << QString::fromUtf8(entree.document);
+  const QStringList notes = QDir(quelvar::forms::DossierAide()).entryList({"*.pdf"}, QDir::Files);
   EXPECT_FALSE(notes.isEmpty());
   for (const QString& note : notes) {
     EXPECT_TRUE(documents.contains(note)) << note.toStdString();
-    QFile fichier(quelvar::DossierAide() + u'/' + note);
+    QFile fichier(quelvar::forms::DossierAide() + u'/' + note);
     ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
     EXPECT_TRUE(fichier.read(5) == "%PDF-") << note.toStdString();
   }
@@ -74,8 +77,8 @@ TEST(Aide, NoticesGoWithTheProgramsThatArrive) {
   const QString page =
       "<p class=\"etat\" data-menu=\"mnuTriapl\">pas\nencore</p>\n<p>un</p><p class=\"etat\" "
       "data-menu=\"mnuRien\">non</p>";
-  EXPECT_EQ(quelvar::SansAvisPerimes(page), "<p>un</p><p class=\"etat\" data-menu=\"mnuRien\">non</p>");
-  EXPECT_EQ(quelvar::SansAvisPerimes("<p>rien</p>"), "<p>rien</p>");
+  EXPECT_EQ(quelvar::forms::SansAvisPerimes(page), "<p>un</p><p class=\"etat\" data-menu=\"mnuRien\">non</p>");
+  EXPECT_EQ(quelvar::forms::SansAvisPerimes("<p>rien</p>"), "<p>rien</p>");
 }
 
 }  // namespace

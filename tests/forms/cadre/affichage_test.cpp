@@ -12,6 +12,8 @@
 #include "forms/pilote.h"
 #include "forms/texte/textefixe.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Bureau;
@@ -21,7 +23,7 @@ using quelvar::operator""_w;
 struct BureauEnq : Bureau {
   BureauEnq() : Bureau(true) { Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n"); }
   QString Chemin(const char* nom) const { return QString::fromStdString((Dossier() / nom).string()); }
-  quelvar::TexteFixe& Text1() { return Controle<quelvar::TexteFixe>("Text1"); }
+  quelvar::forms::TexteFixe& Text1() { return Controle<quelvar::forms::TexteFixe>("Text1"); }
 };
 
 TEST(Affichage, ChaqueGenreDeResultat) {

@@ -8,11 +8,13 @@
 #include "forms/editeur/frmsdi.h"
 #include "forms/pilote.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Bureau;
 using essai::Pilote;
-using quelvar::frmSDI;
+using quelvar::forms::frmSDI;
 
 std::vector<frmSDI*> Editeurs() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -36,7 +38,7 @@ class MenuEditeur : public testing::Test {
 TEST_F(MenuEditeur, CorrectsTheFileThatTheNextRunReads) {
   bureau.Menu("mnuEdPOS");
   ASSERT_EQ(Editeurs().size(), 1U);
-  auto& texte = Bureau::Dans<quelvar::EditTexte>(*Editeurs()[0], "TexteEd");
+  auto& texte = Bureau::Dans<quelvar::forms::EditTexte>(*Editeurs()[0], "TexteEd");
   Editeurs()[0]->activateWindow();
   QApplication::processEvents();
   QTest::keyClick(&texte, Qt::Key_End, Qt::ControlModifier);
@@ -52,7 +54,7 @@ TEST_F(MenuEditeur, CorrectsTheFileThatTheNextRunReads) {
 
 TEST_F(MenuEditeur, QuittingAsksAboutAnUnsavedText) {
   bureau.Menu("mnuEdMOD");  // not there yet
-  auto& texte = Bureau::Dans<quelvar::EditTexte>(*Editeurs()[0], "TexteEd");
+  auto& texte = Bureau::Dans<quelvar::forms::EditTexte>(*Editeurs()[0], "TexteEd");
   QTest::keyClicks(&texte, "x");
   Pilote pilote;
   pilote.Cliquer("Annuler");

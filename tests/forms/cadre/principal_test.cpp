@@ -107,9 +107,9 @@ TEST(Principal, NiveauDepuisLeMenu) {
   EXPECT_EQ(bureau.Lire("qvr2.ini"), "ENQ\r\n 2 \r\n");
   EXPECT_TRUE(bureau.Fenetre().windowTitle().contains("niveau d'utilisateur=2"));
   bureau.Menu("mnuAPropos");
-  ASSERT_NE(bureau.Forme<quelvar::FrmAbout>(), nullptr);
+  ASSERT_NE(bureau.Forme<quelvar::forms::FrmAbout>(), nullptr);
   bureau.Menu("mnuNiv1");
-  EXPECT_EQ(bureau.Forme<quelvar::FrmAbout>(), nullptr) << "a change of level closes the forms";
+  EXPECT_EQ(bureau.Forme<quelvar::forms::FrmAbout>(), nullptr) << "a change of level closes the forms";
 }
 
 TEST(Principal, FichiersRecentsDansLeMenu) {
@@ -149,7 +149,7 @@ TEST(Principal, RepertoireSansInitialisationAttendUnGenerique) {
 
 TEST(Principal, TaillesDeLEcran) {
   BureauOuvert bureau;
-  auto& texte = bureau.Controle<quelvar::TexteFixe>("Text1");
+  auto& texte = bureau.Controle<quelvar::forms::TexteFixe>("Text1");
   bureau.Controle<QComboBox>("TailleCar").setCurrentText("8");  // a page that fits the screen of the test
   bureau.Menu("mnuEcr35");
   QTest::qWait(20);
@@ -173,7 +173,7 @@ TEST(Principal, TailleDesCaracteres) {
   taille.setFocus();
   QTest::keyClick(&taille, Qt::Key_Down);
   EXPECT_EQ(taille.currentText(), "11");
-  EXPECT_EQ(bureau.Controle<quelvar::TexteFixe>("Text1").font().pointSize(), 11);
+  EXPECT_EQ(bureau.Controle<quelvar::forms::TexteFixe>("Text1").font().pointSize(), 11);
 }
 
 // Two controls of a window that answer to the same Alt key leave one of them out of reach.
@@ -246,7 +246,7 @@ TEST(Principal, UnProgrammeTientLaFenetre) {
   BureauOuvert bureau;
   Pilote pilote;
   auto& quitter = bureau.Controle<QPushButton>("BoutQuit");
-  auto& texte = bureau.Controle<quelvar::TexteFixe>("Text1");
+  auto& texte = bureau.Controle<quelvar::forms::TexteFixe>("Text1");
   texte.setFocus();
   const QString avant = bureau.Texte();
   bureau.Fenetre().Lancer([&](const quelvar::Contexte& contexte) {
@@ -281,7 +281,7 @@ TEST(Principal, UnProgrammeTientLaFenetre) {
 class FormeQuiSeFerme : public QDialog {
   Q_OBJECT
  public:
-  explicit FormeQuiSeFerme(quelvar::Principal& principal) : QDialog(&principal), principal_(principal) {}
+  explicit FormeQuiSeFerme(quelvar::forms::Principal& principal) : QDialog(&principal), principal_(principal) {}
   void Fermer() {
     close();
     principal_.Lancer([](const quelvar::Contexte& contexte) {
@@ -293,7 +293,7 @@ class FormeQuiSeFerme : public QDialog {
   bool fini = false;
 
  private:
-  quelvar::Principal& principal_;
+  quelvar::forms::Principal& principal_;
 };
 
 TEST(Principal, FormeFermeeParSonPropreBouton) {
@@ -319,12 +319,14 @@ TEST(Principal, EchecQuUnProgrammeLaisseSortir) {
 }
 
 TEST(Principal, FiltresDeFichiers) {
-  EXPECT_EQ(quelvar::FiltreQt("Fichiers *.dat|*.dat|Tous fichiers *.*|*.*"),
+  EXPECT_EQ(quelvar::forms::FiltreQt("Fichiers *.dat|*.dat|Tous fichiers *.*|*.*"),
             "Fichiers *.dat (*.dat *.DAT);;Tous fichiers *.* (*)");
-  EXPECT_EQ(quelvar::FiltreQt("Fichiers Qvr2.ini|Qvr2.ini"), "Fichiers Qvr2.ini (Qvr2.ini qvr2.ini QVR2.INI)");
-  EXPECT_EQ(quelvar::FiltreQt("Textes (a)|*.txt;*.csv"), "Textes a (*.txt *.TXT *.csv *.CSV)");
+  EXPECT_EQ(quelvar::forms::FiltreQt("Fichiers Qvr2.ini|Qvr2.ini"), "Fichiers Qvr2.ini (Qvr2.ini qvr2.ini QVR2.INI)");
+  EXPECT_EQ(quelvar::forms::FiltreQt("Textes (a)|*.txt;*.csv"), "Textes a (*.txt *.TXT *.csv *.CSV)");
 }
 
 }  // namespace
 
 #include "principal_test.moc"
+
+using namespace quelvar::forms;

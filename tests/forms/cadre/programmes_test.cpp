@@ -17,16 +17,18 @@
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/fimportcsv.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Bureau;
 using essai::Cliquer;
 using essai::Etiquette;
 using essai::Pilote;
-using quelvar::FImport;
-using quelvar::FImportCSV;
-using quelvar::Prem;
-using quelvar::Principal2;
+using quelvar::forms::FImport;
+using quelvar::forms::FImportCSV;
+using quelvar::forms::Prem;
+using quelvar::forms::Principal2;
 
 constexpr const char* kCsv = "NUM;SEX Sexe;AGE Age\r\n1;1;3\r\n2;2;1\r\n3;1;2\r\n";
 
@@ -252,7 +254,7 @@ TEST(TriAPlat, RapportLongDansLeLecteur) {
             "texte trop long, WordPad est lancé\npour examiner les résultats de : ENQ.TAP\nProgramme terminé");
   EXPECT_EQ(bureau.demarres,
             QStringList("quelvar-lecteur " + QString::fromStdString((bureau.Dossier() / "ENQ.TAP").string())));
-  EXPECT_EQ(bureau.Forme<quelvar::FrmAbout>(), nullptr);
+  EXPECT_EQ(bureau.Forme<quelvar::forms::FrmAbout>(), nullptr);
 }
 
 TEST(Repertoires, DoubleClicEtFichierInitialisation) {

@@ -17,21 +17,23 @@
 #include "forms/editeur/frmfind.h"
 #include "forms/pilote.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Bureau;
 using essai::Pilote;
-using quelvar::EditTexte;
-using quelvar::frmSDI;
+using quelvar::forms::EditTexte;
+using quelvar::forms::frmSDI;
 
 class FrmSDI : public testing::Test {
  protected:
   frmSDI& Ouvrir(const char* nom, frmSDI::Genre genre = frmSDI::Genre::Editeur) {
-    editeur_ = std::make_unique<frmSDI>(quelvar::ServicesEditeur{reglages, [this] { ++aides; },
-                                                                 [this](const QString& fichier) {
-                                                                   lecteurs << fichier;
-                                                                   return true;
-                                                                 }},
+    editeur_ = std::make_unique<frmSDI>(quelvar::forms::ServicesEditeur{reglages, [this] { ++aides; },
+                                                                        [this](const QString& fichier) {
+                                                                          lecteurs << fichier;
+                                                                          return true;
+                                                                        }},
                                         genre);
     editeur_->show();
     editeur_->activateWindow();
@@ -168,8 +170,8 @@ TEST_F(FrmSDI, NewFileIsMadeByTheSave) {
   Touche(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(Lire("autre.txt"), "Descripteur");
   EXPECT_TRUE(editeur_->windowTitle().startsWith("autre.txt"));
-  EXPECT_EQ(quelvar::LireRecent(reglages, quelvar::kRecentsEditeur, 1), Chemin("autre.txt").toStdString());
-  EXPECT_EQ(quelvar::LireRecent(reglages, quelvar::kRecentsEditeur, 2), Chemin("ENQ.DES").toStdString());
+  EXPECT_EQ(quelvar::LireRecent(reglages, quelvar::forms::kRecentsEditeur, 1), Chemin("autre.txt").toStdString());
+  EXPECT_EQ(quelvar::LireRecent(reglages, quelvar::forms::kRecentsEditeur, 2), Chemin("ENQ.DES").toStdString());
 }
 
 TEST_F(FrmSDI, RecentFilesOpenAndVanishedOnesAreDisabled) {
@@ -190,7 +192,7 @@ TEST_F(FrmSDI, FindsAndReplacesFromTheDialog) {
   Ecrire("ENQ.POS", "SEX 1\r\nAGE 2\r\nSEX 3\r\n");
   Ouvrir("ENQ.POS");
   Touche(Qt::Key_H, Qt::ControlModifier);
-  auto* dialogue = editeur_->findChild<quelvar::frmFind*>();
+  auto* dialogue = editeur_->findChild<quelvar::forms::frmFind*>();
   ASSERT_NE(dialogue, nullptr);
   QTest::keyClicks(&Bureau::Dans<QLineEdit>(*dialogue, "TextCherche"), "sex");
   QTest::keyClick(&Bureau::Dans<QLineEdit>(*dialogue, "TextCherche"), Qt::Key_Return);
@@ -364,7 +366,7 @@ TEST_F(FrmSDI, TheViewerShowsALongFileInParts) {
   Ouvrir("LONG.TCR", frmSDI::Genre::Lecteur);
   EXPECT_TRUE(editeur_->windowTitle().startsWith("LONG.TCR (partie 1 sur 3)"));
   Touche(Qt::Key_F, Qt::ControlModifier);
-  auto* dialogue = editeur_->findChild<quelvar::frmFind*>();
+  auto* dialogue = editeur_->findChild<quelvar::forms::frmFind*>();
   auto& cherche = Bureau::Dans<QLineEdit>(*dialogue, "TextCherche");
   QTest::keyClicks(&cherche, "AIGUILLE");
   QTest::keyClick(&cherche, Qt::Key_Return);

@@ -5,6 +5,8 @@
 #include <QTextDocument>
 #include <vector>
 
+using namespace quelvar::forms;
+
 namespace quelvar {
 namespace {
 

@@ -7,6 +7,8 @@
 
 #include "support/environnement.h"
 
+using namespace quelvar::forms;
+
 namespace quelvar {
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include <random>
 
+using namespace quelvar::modalities;
+
 namespace quelvar {
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include "modalities/modalites.h"
 
+using namespace quelvar::modalities;
+
 namespace quelvar {
 namespace {
 

@@ -7,6 +7,8 @@
 #include "modalities/edition/nomquest.h"
 #include "support/programme.h"
 
+using namespace quelvar::modalities;
+
 namespace quelvar {
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include "support/programme.h"
 
+using namespace quelvar::sorts;
+
 namespace quelvar {
 namespace {
 

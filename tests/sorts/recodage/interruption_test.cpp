@@ -16,6 +16,8 @@
 #include "sorts/recodage/recodage.h"
 #include "support/environnement.h"
 
+using namespace quelvar::sorts;
+
 namespace quelvar {
 namespace {
 

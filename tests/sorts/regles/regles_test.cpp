@@ -7,6 +7,8 @@
 #include "sorts/regles/taille.h"
 #include "sorts/regles/vit.h"
 
+using namespace quelvar::sorts;
+
 namespace quelvar {
 namespace {
 

@@ -8,6 +8,8 @@
 #include "sorts/triapl/tableau.h"
 #include "support/programme.h"
 
+using namespace quelvar::sorts;
+
 namespace quelvar {
 namespace {
 

@@ -10,6 +10,8 @@
 #include "support/environnement.h"
 #include "support/erreur.h"
 
+using namespace quelvar::tables;
+
 namespace quelvar {
 namespace {
 

@@ -10,6 +10,8 @@
 #include "support/tableau.h"
 #include "tables/liens/liaisons.h"
 
+using namespace quelvar::tables;
+
 namespace quelvar {
 namespace {
 

@@ -3,18 +3,18 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 FImport::FImport(Principal& principal)
     : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::FImport>()) {
   ui_->setupUi(this);
-  const SourcesPresentes sources = ChercherSources(principal.ContexteEnCours());
+  const capture::SourcesPresentes sources = capture::ChercherSources(principal.ContexteEnCours());
   const int niveau = principal.SessionEnCours().niveau;
-  ui_->LabelDBF->setText(VersQt(TextePresence(sources.dbf)));
-  ui_->LabelDAT->setText(VersQt(TextePresence(sources.dat)));
-  ui_->LabelPOS->setText(VersQt(TextePresence(sources.pos)));
-  ui_->LabelBRT->setText(VersQt(TextePresence(sources.brt)));
-  ui_->TextAide->setPlainText(VersQt(AideImport(sources, niveau)));
+  ui_->LabelDBF->setText(VersQt(capture::TextePresence(sources.dbf)));
+  ui_->LabelDAT->setText(VersQt(capture::TextePresence(sources.dat)));
+  ui_->LabelPOS->setText(VersQt(capture::TextePresence(sources.pos)));
+  ui_->LabelBRT->setText(VersQt(capture::TextePresence(sources.brt)));
+  ui_->TextAide->setPlainText(VersQt(capture::AideImport(sources, niveau)));
   ui_->FrOptions->setVisible(niveau != 1);
   ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAImport")));
   connect(ui_->CheckBRT, &QCheckBox::toggled, ui_->FrNoms, &QWidget::setEnabled);
@@ -34,4 +34,4 @@ void FImport::LancerImport() {
                               Boutons::Ok);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -11,7 +11,7 @@ namespace Ui {
 class FImport;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class FImport : public QDialog {
   Q_OBJECT
@@ -26,4 +26,4 @@ class FImport : public QDialog {
   std::unique_ptr<Ui::FImport> ui_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

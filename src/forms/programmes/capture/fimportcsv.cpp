@@ -5,18 +5,18 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_fimportcsv.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 FImportCSV::FImportCSV(Principal& principal)
     : QDialog(&principal),
       principal_(principal),
-      sources_(ChercherSources(principal.ContexteEnCours())),
+      sources_(capture::ChercherSources(principal.ContexteEnCours())),
       ui_(std::make_unique<Ui::FImportCSV>()) {
   ui_->setupUi(this);
-  ui_->LabelCSV->setText(VersQt(TextePresence(sources_.csv)));
-  ui_->LabelTXT->setText(VersQt(TextePresence(sources_.txt)));
-  ui_->LabelDAT->setText(VersQt(TextePresence(sources_.dat)));
-  ui_->LabelPOS->setText(VersQt(TextePresence(sources_.pos)));
+  ui_->LabelCSV->setText(VersQt(capture::TextePresence(sources_.csv)));
+  ui_->LabelTXT->setText(VersQt(capture::TextePresence(sources_.txt)));
+  ui_->LabelDAT->setText(VersQt(capture::TextePresence(sources_.dat)));
+  ui_->LabelPOS->setText(VersQt(capture::TextePresence(sources_.pos)));
   ui_->Lancer->setEnabled(sources_.DeTableur());
   ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAImport")));
   MontrerAide();
@@ -29,20 +29,20 @@ FImportCSV::FImportCSV(Principal& principal)
 FImportCSV::~FImportCSV() = default;
 
 void FImportCSV::MontrerAide() {
-  ui_->TextAide->setPlainText(VersQt(AideImportCsv(sources_, ui_->CheckTrg->isChecked())));
+  ui_->TextAide->setPlainText(VersQt(capture::AideImportCsv(sources_, ui_->CheckTrg->isChecked())));
 }
 
 void FImportCSV::LancerImport() {
-  OptionsImportCsv options;
+  capture::OptionsImportCsv options;
   options.sansIntitules = ui_->CheckTrg->isChecked();
-  principal_.Lancer([&](const Contexte& contexte) { ImportCsv(contexte, options); });
+  principal_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); });
   principal_.RelireGenerique();
   principal_.FermerFormes();
 }
 
 void OuvrirImport(Principal& principal) {
-  if (ChercherSources(principal.ContexteEnCours()).DeTableur()) principal.Montrer<FImportCSV>();
+  if (capture::ChercherSources(principal.ContexteEnCours()).DeTableur()) principal.Montrer<FImportCSV>();
   else principal.Montrer<FImport>();
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -11,7 +11,7 @@ namespace Ui {
 class FImportCSV;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class FImportCSV : public QDialog {
   Q_OBJECT
@@ -24,11 +24,11 @@ class FImportCSV : public QDialog {
   void LancerImport();
 
   Principal& principal_;
-  SourcesPresentes sources_;
+  capture::SourcesPresentes sources_;
   std::unique_ptr<Ui::FImportCSV> ui_;
 };
 
 // Finds which source files the generic has and opens the form for them.
 void OuvrirImport(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

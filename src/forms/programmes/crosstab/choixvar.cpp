@@ -9,14 +9,14 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_choixvar.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
 constexpr int kNiveauAvance = 2;
 constexpr std::uintmax_t kRapportMontre = 8'000'000;  // bytes that Text1 shows between two launches
 
-QListWidgetItem* LigneDe(const QuestionCroisee& question, std::size_t rang) {
+QListWidgetItem* LigneDe(const crosstab::QuestionCroisee& question, std::size_t rang) {
   auto* ligne = new QListWidgetItem(VersQt(Joindre({question.libelle, " ", question.intitule})));
   ligne->setData(Qt::UserRole, static_cast<int>(rang));
   return ligne;
@@ -37,12 +37,12 @@ void Poser(QAbstractButton& bouton, bool coche) {
 
 }  // namespace
 
-ChoixVar::ChoixVar(Principal& principal, const Contexte& contexte, EnqueteCroisee enquete)
+ChoixVar::ChoixVar(Principal& principal, const Contexte& contexte, crosstab::EnqueteCroisee enquete)
     : QDialog(&principal, Qt::Window),
       principal_(principal),
       contexte_(contexte),
       enquete_(std::move(enquete)),
-      etat_(NouveauChoix(enquete_)),
+      etat_(crosstab::NouveauChoix(enquete_)),
       ui_(std::make_unique<Ui::ChoixVar>()) {
   ui_->setupUi(this);
   for (std::size_t i = 0; i < enquete_.questions.size(); ++i) ui_->ListVar1->addItem(LigneDe(enquete_.questions[i], i));
@@ -62,12 +62,12 @@ ChoixVar::ChoixVar(Principal& principal, const Contexte& contexte, EnqueteCroise
 ChoixVar::~ChoixVar() = default;
 
 void ChoixVar::RelierListes() {
-  connect(ui_->BoutLignePlus, &QPushButton::clicked, this, [this] { Ajouter(RoleQuestion::Ligne); });
-  connect(ui_->BoutLigneMoins, &QPushButton::clicked, this, [this] { Enlever(RoleQuestion::Ligne); });
-  connect(ui_->BoutColPlus, &QPushButton::clicked, this, [this] { Ajouter(RoleQuestion::Colonne); });
-  connect(ui_->BoutColMoins, &QPushButton::clicked, this, [this] { Enlever(RoleQuestion::Colonne); });
-  connect(ui_->BoutBlocPlus, &QPushButton::clicked, this, [this] { Ajouter(RoleQuestion::Filtre); });
-  connect(ui_->BoutBlocMoins, &QPushButton::clicked, this, [this] { Enlever(RoleQuestion::Filtre); });
+  connect(ui_->BoutLignePlus, &QPushButton::clicked, this, [this] { Ajouter(crosstab::RoleQuestion::Ligne); });
+  connect(ui_->BoutLigneMoins, &QPushButton::clicked, this, [this] { Enlever(crosstab::RoleQuestion::Ligne); });
+  connect(ui_->BoutColPlus, &QPushButton::clicked, this, [this] { Ajouter(crosstab::RoleQuestion::Colonne); });
+  connect(ui_->BoutColMoins, &QPushButton::clicked, this, [this] { Enlever(crosstab::RoleQuestion::Colonne); });
+  connect(ui_->BoutBlocPlus, &QPushButton::clicked, this, [this] { Ajouter(crosstab::RoleQuestion::Filtre); });
+  connect(ui_->BoutBlocMoins, &QPushButton::clicked, this, [this] { Enlever(crosstab::RoleQuestion::Filtre); });
 }
 
 void ChoixVar::RelierOptions() {
@@ -79,38 +79,38 @@ void ChoixVar::RelierOptions() {
       Montrer();
     });
   };
-  const auto cocher = [this](QAbstractButton* bouton, bool EtatChoixVar::*membre) {
+  const auto cocher = [this](QAbstractButton* bouton, bool crosstab::EtatChoixVar::*membre) {
     connect(bouton, &QAbstractButton::toggled, this, [this, membre](bool coche) { etat_.*membre = coche; });
   };
-  const auto editer = [this](ChoixEdition edition) {
-    ChoisirEdition(etat_, edition, enquete_.individus, principal_.Ecran());
+  const auto editer = [this](crosstab::ChoixEdition edition) {
+    crosstab::ChoisirEdition(etat_, edition, enquete_.individus, principal_.Ecran());
   };
-  choisir(ui_->BoutQvr2, [this] { ChoisirDeuxDimensions(etat_, principal_.Ecran()); });
-  choisir(ui_->BoutTri3, [this] { ChoisirTroisDimensions(etat_, principal_.Ecran()); });
-  choisir(ui_->BoutSerie, [this] { ChoisirUnSeul(etat_, false, principal_.Ecran()); });
-  choisir(ui_->BoutUnSeul, [this] { ChoisirUnSeul(etat_, true, principal_.Ecran()); });
+  choisir(ui_->BoutQvr2, [this] { crosstab::ChoisirDeuxDimensions(etat_, principal_.Ecran()); });
+  choisir(ui_->BoutTri3, [this] { crosstab::ChoisirTroisDimensions(etat_, principal_.Ecran()); });
+  choisir(ui_->BoutSerie, [this] { crosstab::ChoisirUnSeul(etat_, false, principal_.Ecran()); });
+  choisir(ui_->BoutUnSeul, [this] { crosstab::ChoisirUnSeul(etat_, true, principal_.Ecran()); });
   choisir(ui_->BoutOrdreOri, [this] { etat_.ordrePem = false; });
   choisir(ui_->BoutOrdreAFC, [this] { etat_.ordrePem = true; });
   choisir(ui_->BoutNROui, [this] { etat_.nonReponses = true; });
   choisir(ui_->BoutNRNon, [this] { etat_.nonReponses = false; });
-  choisir(ui_->EditCompact, [editer] { editer(ChoixEdition::Compacte); });
-  choisir(ui_->EditLarge, [editer] { editer(ChoixEdition::Etendue); });
-  choisir(ui_->OptTRG, [editer] { editer(ChoixEdition::Triangulaire); });
-  choisir(ui_->Option1, [this] { ChoisirCaractere(etat_, 10); });
-  choisir(ui_->Option2, [this] { ChoisirCaractere(etat_, 8); });
-  cocher(ui_->INVC, &EtatChoixVar::inverserLignes);
-  cocher(ui_->INVL, &EtatChoixVar::inverserColonnes);
-  cocher(ui_->CaseDetKhi2, &EtatChoixVar::detailKhi2);
+  choisir(ui_->EditCompact, [editer] { editer(crosstab::ChoixEdition::Compacte); });
+  choisir(ui_->EditLarge, [editer] { editer(crosstab::ChoixEdition::Etendue); });
+  choisir(ui_->OptTRG, [editer] { editer(crosstab::ChoixEdition::Triangulaire); });
+  choisir(ui_->Option1, [this] { crosstab::ChoisirCaractere(etat_, 10); });
+  choisir(ui_->Option2, [this] { crosstab::ChoisirCaractere(etat_, 8); });
+  cocher(ui_->INVC, &crosstab::EtatChoixVar::inverserLignes);
+  cocher(ui_->INVL, &crosstab::EtatChoixVar::inverserColonnes);
+  cocher(ui_->CaseDetKhi2, &crosstab::EtatChoixVar::detailKhi2);
   connect(ui_->CaseBRT, &QCheckBox::toggled, this, &ChoixVar::CocherIsole);
 }
 
 void ChoixVar::RelierBoutons() {
   connect(ui_->BoutInvers, &QPushButton::clicked, this, [this] {
-    InverserLignesEtColonnes(etat_, principal_.Ecran());
+    crosstab::InverserLignesEtColonnes(etat_, principal_.Ecran());
     Montrer();
   });
   connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] {
-    ToutEffacer(etat_, principal_.Ecran());
+    crosstab::ToutEffacer(etat_, principal_.Ecran());
     Montrer();
   });
   connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuACroise")); });
@@ -118,56 +118,60 @@ void ChoixVar::RelierBoutons() {
   connect(ui_->BoutNouv, &QPushButton::clicked, this, &ChoixVar::reject);
 }
 
-QListWidget& ChoixVar::ListeDu(RoleQuestion role) const {
-  return role == RoleQuestion::Filtre ? *ui_->ListVar0 : role == RoleQuestion::Ligne ? *ui_->ListVar2 : *ui_->ListVar3;
+QListWidget& ChoixVar::ListeDu(crosstab::RoleQuestion role) const {
+  return role == crosstab::RoleQuestion::Filtre  ? *ui_->ListVar0
+         : role == crosstab::RoleQuestion::Ligne ? *ui_->ListVar2
+                                                 : *ui_->ListVar3;
 }
 
-void ChoixVar::RemplirListe(RoleQuestion role) {
+void ChoixVar::RemplirListe(crosstab::RoleQuestion role) {
   QListWidget& liste = ListeDu(role);
   liste.clear();
-  for (const std::size_t question : QuestionsDuRole(etat_, role))
+  for (const std::size_t question : crosstab::QuestionsDuRole(etat_, role))
     liste.addItem(LigneDe(enquete_.questions[question], question));
 }
 
 // Every control as the state has it.
 void ChoixVar::Montrer() {
-  for (const RoleQuestion role : {RoleQuestion::Filtre, RoleQuestion::Ligne, RoleQuestion::Colonne}) RemplirListe(role);
+  for (const crosstab::RoleQuestion role :
+       {crosstab::RoleQuestion::Filtre, crosstab::RoleQuestion::Ligne, crosstab::RoleQuestion::Colonne})
+    RemplirListe(role);
   Poser(etat_.troisDimensions ? *ui_->BoutTri3 : *ui_->BoutQvr2, true);
   Poser(etat_.unSeul ? *ui_->BoutUnSeul : *ui_->BoutSerie, true);
   Poser(etat_.ordrePem ? *ui_->BoutOrdreAFC : *ui_->BoutOrdreOri, true);
   Poser(etat_.nonReponses ? *ui_->BoutNROui : *ui_->BoutNRNon, true);
-  Poser(etat_.edition == ChoixEdition::Compacte  ? *ui_->EditCompact
-        : etat_.edition == ChoixEdition::Etendue ? *ui_->EditLarge
-                                                 : *ui_->OptTRG,
+  Poser(etat_.edition == crosstab::ChoixEdition::Compacte  ? *ui_->EditCompact
+        : etat_.edition == crosstab::ChoixEdition::Etendue ? *ui_->EditLarge
+                                                           : *ui_->OptTRG,
         true);
   Poser(etat_.lignesParPage == 18 ? *ui_->Option1 : *ui_->Option2, true);
   Poser(*ui_->CaseBRT, etat_.tableauIsole);
   ui_->CaseBRT->setEnabled(etat_.isolePossible);
-  ui_->FrmBloc->setVisible(FiltreVisible(etat_, contexte_.niveau));
-  ui_->FrmAFC->setVisible(OrdreVisible(etat_, contexte_.niveau));
-  ui_->FrmGraphe->setVisible(OrdreVisible(etat_, contexte_.niveau));
+  ui_->FrmBloc->setVisible(crosstab::FiltreVisible(etat_, contexte_.niveau));
+  ui_->FrmAFC->setVisible(crosstab::OrdreVisible(etat_, contexte_.niveau));
+  ui_->FrmGraphe->setVisible(crosstab::OrdreVisible(etat_, contexte_.niveau));
   ui_->FrmTaille->setVisible(etat_.tailleVisible);
   ui_->INVC->setVisible(etat_.ordrePem);
   ui_->INVL->setVisible(etat_.ordrePem);
   ui_->TitreNbTab->setText(VersQt(etat_.titre));
   ui_->TitreNbTab->setToolTip(VersQt(etat_.infobulle));
-  ui_->BoutLancerTri->setText(VersQt(TexteLancer(etat_)));
+  ui_->BoutLancerTri->setText(VersQt(crosstab::TexteLancer(etat_)));
   ui_->BoutLancerTri->setEnabled(etat_.lancerPossible);
 }
 
-void ChoixVar::Ajouter(RoleQuestion role) {
-  AjouterAuRole(etat_, role, QuestionsChoisies(*ui_->ListVar1), principal_.Ecran());
+void ChoixVar::Ajouter(crosstab::RoleQuestion role) {
+  crosstab::AjouterAuRole(etat_, role, QuestionsChoisies(*ui_->ListVar1), principal_.Ecran());
   Montrer();
 }
 
-void ChoixVar::Enlever(RoleQuestion role) {
-  EnleverDuRole(etat_, role, QuestionsChoisies(ListeDu(role)), principal_.Ecran());
+void ChoixVar::Enlever(crosstab::RoleQuestion role) {
+  crosstab::EnleverDuRole(etat_, role, QuestionsChoisies(ListeDu(role)), principal_.Ecran());
   Montrer();
 }
 
 void ChoixVar::CocherIsole(bool coche) {
   try {
-    CocherTableauIsole(etat_, coche, contexte_);
+    crosstab::CocherTableauIsole(etat_, coche, contexte_);
   } catch (const Erreur& erreur) {
     etat_.tableauIsole = false;
     principal_.Ecran().demander(TexteErreur(erreur.Numero()), Boutons::Ok);
@@ -176,7 +180,7 @@ void ChoixVar::CocherIsole(bool coche) {
 }
 
 void ChoixVar::LancerTri() {
-  const std::optional<DemandeCroise> demande = PreparerLancement(etat_, principal_.Ecran());
+  const std::optional<crosstab::DemandeCroise> demande = crosstab::PreparerLancement(etat_, principal_.Ecran());
   Montrer();
   if (!demande) return;
   // A long report does not close the form as the end of a run does: Text1 shows what it can hold.
@@ -189,17 +193,17 @@ void ChoixVar::LancerTri() {
   };
   Contexte contexte = contexte_;
   contexte.dialogue = &ecran;
-  std::optional<ResultatLancement> resultat;
-  principal_.Lancer([&](const Contexte&) { resultat = LancerCroise(contexte, enquete_, *demande); });
+  std::optional<crosstab::ResultatLancement> resultat;
+  principal_.Lancer([&](const Contexte&) { resultat = crosstab::LancerCroise(contexte, enquete_, *demande); });
   if (!resultat) {  // the run ended by an error, which its report tells
     finie_ = true;
     close();
     return;
   }
-  ApresLancement(etat_, *resultat);
+  crosstab::ApresLancement(etat_, *resultat);
   Montrer();
   if (resultat->retenu) {
-    OuvrirGraphe2(principal_, contexte_, PreparerGraphe2(*resultat->retenu));
+    OuvrirGraphe2(principal_, contexte_, crosstab::PreparerGraphe2(*resultat->retenu));
     return;
   }
   principal_.raise();
@@ -228,14 +232,14 @@ void OuvrirChoixVar(Principal& principal) {
   const Contexte contexte = principal.ContexteEnCours();
   if (auto* ouverte = principal.Ouverte<ChoixVar>()) {
     if (ouverte->EstPour(contexte)) {
-      principal.Montrer<ChoixVar>(contexte, EnqueteCroisee());
+      principal.Montrer<ChoixVar>(contexte, crosstab::EnqueteCroisee());
       return;
     }
     ouverte->close();
   }
-  std::optional<EnqueteCroisee> enquete;
-  principal.Lancer([&](const Contexte& courant) { enquete = PreparerCroise(courant, {}); });
+  std::optional<crosstab::EnqueteCroisee> enquete;
+  principal.Lancer([&](const Contexte& courant) { enquete = crosstab::PreparerCroise(courant, {}); });
   if (enquete) principal.Montrer<ChoixVar>(contexte, std::move(*enquete));
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -13,13 +13,13 @@ namespace Ui {
 class ChoixVar;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ChoixVar : public QDialog {
   Q_OBJECT
  public:
   // The survey as it was loaded for that generic.
-  ChoixVar(Principal& principal, const Contexte& contexte, EnqueteCroisee enquete);
+  ChoixVar(Principal& principal, const Contexte& contexte, crosstab::EnqueteCroisee enquete);
   ~ChoixVar() override;
 
   // The data set whose survey the form holds is that one.
@@ -36,18 +36,18 @@ class ChoixVar : public QDialog {
   void RelierListes();
   void RelierOptions();
   void RelierBoutons();
-  QListWidget& ListeDu(RoleQuestion role) const;
+  QListWidget& ListeDu(crosstab::RoleQuestion role) const;
   void Montrer();
-  void RemplirListe(RoleQuestion role);
-  void Ajouter(RoleQuestion role);
-  void Enlever(RoleQuestion role);
+  void RemplirListe(crosstab::RoleQuestion role);
+  void Ajouter(crosstab::RoleQuestion role);
+  void Enlever(crosstab::RoleQuestion role);
   void CocherIsole(bool coche);
   void LancerTri();
 
   Principal& principal_;
   Contexte contexte_;
-  EnqueteCroisee enquete_;
-  EtatChoixVar etat_;
+  crosstab::EnqueteCroisee enquete_;
+  crosstab::EtatChoixVar etat_;
   bool finie_ = false;  // the run has ended and shown its report
   std::unique_ptr<Ui::ChoixVar> ui_;
 };
@@ -55,4 +55,4 @@ class ChoixVar : public QDialog {
 // Loads the survey and opens the form; the one that is open for the same data set is shown again.
 void OuvrirChoixVar(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -6,16 +6,16 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_graphe2.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
-Graphe2::Graphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees)
+Graphe2::Graphe2(Principal& principal, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees)
     : QDialog(&principal, Qt::Window),
       principal_(principal),
       contexte_(contexte),
-      etat_(NouveauGraphe2(donnees)),
+      etat_(crosstab::NouveauGraphe2(donnees)),
       ui_(std::make_unique<Ui::Graphe2>()) {
   ui_->setupUi(this);
-  for (const EntreeGraphe2& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
+  for (const crosstab::EntreeGraphe2& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
   ui_->ListVar->setCurrentRow(0);
   ui_->BtMoyen->setChecked(true);
   ui_->Pict2->deplacable = [](int) { return true; };
@@ -42,24 +42,24 @@ void Graphe2::RelierGestes() {
     if (element >= 0) ui_->ListVar->setCurrentRow(element);
   });
   connect(ui_->Pict2, &VueDessin::Deplace, this, [this](int, const QPointF& pas) {
-    DeplacerEntree(etat_, {pas.x(), pas.y()});
+    crosstab::DeplacerEntree(etat_, {pas.x(), pas.y()});
     Dessiner();
   });
-  geste(ui_->Command3, [this] { DeplacerEntree(etat_, SensGraphe2::Haut); });
-  geste(ui_->Command4, [this] { DeplacerEntree(etat_, SensGraphe2::Bas); });
-  geste(ui_->Command5, [this] { DeplacerEntree(etat_, SensGraphe2::Gauche); });
-  geste(ui_->Command6, [this] { DeplacerEntree(etat_, SensGraphe2::Droite); });
-  geste(ui_->BtPlus, [this] { ChangerEchelle(etat_, true); });
-  geste(ui_->BtMoins, [this] { ChangerEchelle(etat_, false); });
-  geste(ui_->BtPlusF, [this] { ChangerFenetre(etat_, true); });
-  geste(ui_->BtMoinsF, [this] { ChangerFenetre(etat_, false); });
-  geste(ui_->BoutonValP, [this] { ChangerValeur(etat_, true); });
-  geste(ui_->BoutonValM, [this] { ChangerValeur(etat_, false); });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = CoefficientGraphe2::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = CoefficientGraphe2::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = CoefficientGraphe2::Fort; });
+  geste(ui_->Command3, [this] { crosstab::DeplacerEntree(etat_, crosstab::SensGraphe2::Haut); });
+  geste(ui_->Command4, [this] { crosstab::DeplacerEntree(etat_, crosstab::SensGraphe2::Bas); });
+  geste(ui_->Command5, [this] { crosstab::DeplacerEntree(etat_, crosstab::SensGraphe2::Gauche); });
+  geste(ui_->Command6, [this] { crosstab::DeplacerEntree(etat_, crosstab::SensGraphe2::Droite); });
+  geste(ui_->BtPlus, [this] { crosstab::ChangerEchelle(etat_, true); });
+  geste(ui_->BtMoins, [this] { crosstab::ChangerEchelle(etat_, false); });
+  geste(ui_->BtPlusF, [this] { crosstab::ChangerFenetre(etat_, true); });
+  geste(ui_->BtMoinsF, [this] { crosstab::ChangerFenetre(etat_, false); });
+  geste(ui_->BoutonValP, [this] { crosstab::ChangerValeur(etat_, true); });
+  geste(ui_->BoutonValM, [this] { crosstab::ChangerValeur(etat_, false); });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Fort; });
   geste(ui_->BoutonRAZ, [this] {
-    Reinitialiser(etat_);
+    crosstab::Reinitialiser(etat_);
     ui_->BtMoyen->setChecked(true);
     ui_->Pict2->Ajuster();
   });
@@ -79,13 +79,13 @@ void Graphe2::RelierFichiers() {
 }
 
 void Graphe2::Dessiner() {
-  ui_->Pict2->Montrer(DessinerGraphe2(etat_));
-  ui_->Coordonnees->setText(VersQt(TexteFenetre(etat_)).remove(u'\r'));
+  ui_->Pict2->Montrer(crosstab::DessinerGraphe2(etat_));
+  ui_->Coordonnees->setText(VersQt(crosstab::TexteFenetre(etat_)).remove(u'\r'));
 }
 
-void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees) {
+void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees) {
   if (auto* ouverte = principal.Ouverte<Graphe2>()) ouverte->close();
   principal.Montrer<Graphe2>(contexte, donnees);
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -11,12 +11,12 @@ namespace Ui {
 class Graphe2;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class Graphe2 : public QDialog {
   Q_OBJECT
  public:
-  Graphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees);
+  Graphe2(Principal& principal, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees);
   ~Graphe2() override;
 
  private:
@@ -26,11 +26,11 @@ class Graphe2 : public QDialog {
 
   Principal& principal_;
   Contexte contexte_;
-  EtatGraphe2 etat_;
+  crosstab::EtatGraphe2 etat_;
   std::unique_ptr<Ui::Graphe2> ui_;
 };
 
 // Opens the form on a new picture, in place of the one that is open.
-void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const DonneesGraphe2& donnees);
+void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -7,7 +7,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_choixanecar.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -20,7 +20,7 @@ int FacteursDe(const QLineEdit& champ) {
 
 }  // namespace
 
-ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, PreparationAnecar preparation)
+ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, factor::PreparationAnecar preparation)
     : QDialog(&principal),
       principal_(principal),
       contexte_(contexte),
@@ -42,7 +42,7 @@ ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, Prepara
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAAnecar")); });
   // The run that is given up is that of the generic of the form.
   new Abandon(*this, *ui_->BoutAnnul, principal,
-              [contexte = contexte_](const Contexte& /*courant*/) { AbandonnerAnecar(contexte); });
+              [contexte = contexte_](const Contexte& /*courant*/) { factor::AbandonnerAnecar(contexte); });
   MontrerEdition();
 }
 
@@ -83,44 +83,45 @@ void ChoixAnecar::MontrerSeuils() {
   else siTrie_->hide();
 }
 
-OptionsAnecar ChoixAnecar::Options() const {
-  OptionsAnecar options;
-  options.type = ui_->optACP->isChecked() ? TypeAnalyse::Acp : TypeAnalyse::Afc;
+factor::OptionsAnecar ChoixAnecar::Options() const {
+  factor::OptionsAnecar options;
+  options.type = ui_->optACP->isChecked() ? factor::TypeAnalyse::Acp : factor::TypeAnalyse::Afc;
   options.facteurs = std::max(kMinimumDeFacteurs, FacteursDe(*ui_->TextBoxNbFact));
   const bool triee = ui_->optTrié->isChecked();
   const bool trieEtendue = ui_->TriEdit->isChecked();
-  options.edition = triee || trieEtendue           ? EditionAnecar::Triee
-                    : ui_->optDetails->isChecked() ? EditionAnecar::Etendue
-                                                   : EditionAnecar::Compacte;
+  options.edition = triee || trieEtendue           ? factor::EditionAnecar::Triee
+                    : ui_->optDetails->isChecked() ? factor::EditionAnecar::Etendue
+                                                   : factor::EditionAnecar::Compacte;
   options.imprimerLignes = (triee && siTrie_->ImprimerLignes()) || (trieEtendue && ui_->CaseLignes2->isChecked());
   options.seuilLignes = siTrie_->SeuilLignes();
   options.seuilColonnes = siTrie_->SeuilColonnes();
   options.codageLogique = ui_->CaseCDG->isChecked();
   options.inversions = {ui_->Inv1->isChecked(), ui_->Inv2->isChecked(), ui_->Inv3->isChecked()};
   if (ui_->ChkCAH->isChecked())
-    options.classification = OptionsWard{ui_->OptW2->isChecked() ? MethodeWard::Carres : MethodeWard::Distances,
-                                         ui_->IndivCAH->isChecked(), ui_->ImprAgr->isChecked()};
+    options.classification =
+        factor::OptionsWard{ui_->OptW2->isChecked() ? factor::MethodeWard::Carres : factor::MethodeWard::Distances,
+                            ui_->IndivCAH->isChecked(), ui_->ImprAgr->isChecked()};
   return options;
 }
 
 void ChoixAnecar::LancerAnalyse() {
-  const OptionsAnecar options = Options();
+  const factor::OptionsAnecar options = Options();
   Principal& principal = principal_;
   const Contexte contexte = contexte_;
-  const PreparationAnecar preparation = preparation_;
+  const factor::PreparationAnecar preparation = preparation_;
   accept();  // a long report closes every form: this one is gone by then
-  principal.Lancer([&](const Contexte& /*courant*/) { MoteurAnecar(contexte, preparation, options); });
+  principal.Lancer([&](const Contexte& /*courant*/) { factor::MoteurAnecar(contexte, preparation, options); });
 }
 
 void OuvrirAnecar(Principal& principal) {
   if (auto* ouverte = principal.Ouverte<ChoixAnecar>()) ouverte->close();
   if (principal.SessionEnCours().niveau == 1) {
-    principal.Lancer([](const Contexte& contexte) { Anecar(contexte, {}); });
+    principal.Lancer([](const Contexte& contexte) { factor::Anecar(contexte, {}); });
     return;
   }
-  std::optional<PreparationAnecar> preparation;
-  principal.Lancer([&](const Contexte& contexte) { preparation = PrepAnecar(contexte); });
+  std::optional<factor::PreparationAnecar> preparation;
+  principal.Lancer([&](const Contexte& contexte) { preparation = factor::PrepAnecar(contexte); });
   if (preparation) principal.Montrer<ChoixAnecar>(principal.ContexteEnCours(), std::move(*preparation));
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

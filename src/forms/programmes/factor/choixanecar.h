@@ -12,12 +12,12 @@ namespace Ui {
 class ChoixAnecar;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ChoixAnecar : public QDialog {
   Q_OBJECT
  public:
-  ChoixAnecar(Principal& principal, const Contexte& contexte, PreparationAnecar preparation);
+  ChoixAnecar(Principal& principal, const Contexte& contexte, factor::PreparationAnecar preparation);
   ~ChoixAnecar() override;
 
  private:
@@ -25,12 +25,12 @@ class ChoixAnecar : public QDialog {
   void RelierDetails();
   void MontrerEdition();
   void MontrerSeuils();
-  OptionsAnecar Options() const;
+  factor::OptionsAnecar Options() const;
   void LancerAnalyse();
 
   Principal& principal_;
   Contexte contexte_;  // of the generic that the form was opened on
-  PreparationAnecar preparation_;
+  factor::PreparationAnecar preparation_;
   std::unique_ptr<Ui::ChoixAnecar> ui_;
   frmSiTrié* siTrie_ = nullptr;
 };
@@ -38,4 +38,4 @@ class ChoixAnecar : public QDialog {
 // At level 1 runs the analysis at once.
 void OuvrirAnecar(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

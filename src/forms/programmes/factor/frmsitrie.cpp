@@ -9,7 +9,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsitrie.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -17,7 +17,7 @@ const QString kMoyenne = QStringLiteral("Moyenne");
 
 int SeuilDe(const QLineEdit& champ) {
   const QString texte = champ.text().trimmed();
-  if (texte.compare(kMoyenne, Qt::CaseInsensitive) == 0) return kSeuilMoyen;
+  if (texte.compare(kMoyenne, Qt::CaseInsensitive) == 0) return factor::kSeuilMoyen;
   using Limites = std::numeric_limits<std::int16_t>;
   return Entier16(std::clamp<double>(ValeurDe(DepuisQt(texte)), Limites::min(), Limites::max()));
 }
@@ -43,4 +43,4 @@ bool frmSiTrié::ImprimerLignes() const { return ui_->CaseLignes->isChecked(); }
 int frmSiTrié::SeuilLignes() const { return SeuilDe(*ui_->TextBoxCTRL); }
 int frmSiTrié::SeuilColonnes() const { return SeuilDe(*ui_->TextBoxCTRC); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -9,7 +9,7 @@ namespace Ui {
 class frmSiTrié;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class frmSiTrié : public QWidget {
  public:
@@ -28,4 +28,4 @@ class frmSiTrié : public QWidget {
   std::unique_ptr<Ui::frmSiTrié> ui_;
 };
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -9,7 +9,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_graphe3.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -25,14 +25,14 @@ double ValeurDuChamp(const QLineEdit& champ, double presente, double minimum, do
 
 }  // namespace
 
-Graphe3::Graphe3(Principal& principal, const Contexte& contexte, DonneesPlan donnees)
+Graphe3::Graphe3(Principal& principal, const Contexte& contexte, factor::DonneesPlan donnees)
     : QDialog(&principal, Qt::Window),
       principal_(principal),
       contexte_(contexte),
-      etat_(NouveauPlan(std::move(donnees))),
+      etat_(factor::NouveauPlan(std::move(donnees))),
       ui_(std::make_unique<Ui::Graphe3>()) {
   ui_->setupUi(this);
-  const DonneesPlan& plan = etat_.donnees;
+  const factor::DonneesPlan& plan = etat_.donnees;
   ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || !plan.liensLignes.empty());
   ui_->CheckPEM->setEnabled(plan.liensPresents);
   ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty());
@@ -58,7 +58,7 @@ void Graphe3::RelierAxes() {
   connect(ui_->TextFV, &QLineEdit::editingFinished, this,
           [this] { ChangerAxe(*ui_->TextFV, etat_.reglages.vertical); });
   connect(ui_->InvXY, &QPushButton::clicked, this, [this] {
-    EchangerAxes(etat_);
+    factor::EchangerAxes(etat_);
     Recaler();
   });
   for (QCheckBox* boite : {ui_->CheckInvX, ui_->CheckInvY})
@@ -79,7 +79,7 @@ void Graphe3::RelierPoints() {
     });
   connect(ui_->CheckIndiv, &QCheckBox::toggled, this, [this] {
     LireReglages();
-    InclurePoints(etat_);  // individuals lie far outside of the modalities
+    factor::InclurePoints(etat_);  // individuals lie far outside of the modalities
     Redessiner();
   });
   const auto niveau = [this] {
@@ -98,27 +98,27 @@ void Graphe3::RelierTaille() {
       Dessiner();
     });
   };
-  geste(ui_->BtPlus, [this] { ChangerEchelle(etat_, true); });
-  geste(ui_->BtMoins, [this] { ChangerEchelle(etat_, false); });
-  geste(ui_->BtPlusF, [this] { ChangerPage(etat_, true); });
-  geste(ui_->BtMoinsF, [this] { ChangerPage(etat_, false); });
-  geste(ui_->OptH, [this] { etat_.dimension = DimensionPlan::Hauteur; });
-  geste(ui_->OptL, [this] { etat_.dimension = DimensionPlan::Largeur; });
-  geste(ui_->OptAll, [this] { etat_.dimension = DimensionPlan::Toutes; });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = CoefficientPlan::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = CoefficientPlan::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = CoefficientPlan::Fort; });
-  geste(ui_->BoutonRAZ, [this] { ReinitialiserCadre(etat_); });
-  geste(ui_->BoutonH, [this] { DeplacerImage(etat_, 0, 1); });
-  geste(ui_->BoutonB, [this] { DeplacerImage(etat_, 0, -1); });
-  geste(ui_->Command1, [this] { DeplacerImage(etat_, -1, 0); });
-  geste(ui_->Command2, [this] { DeplacerImage(etat_, 1, 0); });
-  geste(ui_->Command3, [this] { DeplacerImage(etat_, -1, 1); });
-  geste(ui_->Command4, [this] { DeplacerImage(etat_, 1, 1); });
-  geste(ui_->Command5, [this] { DeplacerImage(etat_, -1, -1); });
-  geste(ui_->Command6, [this] { DeplacerImage(etat_, 1, -1); });
-  geste(ui_->BoutonValP, [this] { ChangerPas(etat_, true); });
-  geste(ui_->BoutonValM, [this] { ChangerPas(etat_, false); });
+  geste(ui_->BtPlus, [this] { factor::ChangerEchelle(etat_, true); });
+  geste(ui_->BtMoins, [this] { factor::ChangerEchelle(etat_, false); });
+  geste(ui_->BtPlusF, [this] { factor::ChangerPage(etat_, true); });
+  geste(ui_->BtMoinsF, [this] { factor::ChangerPage(etat_, false); });
+  geste(ui_->OptH, [this] { etat_.dimension = factor::DimensionPlan::Hauteur; });
+  geste(ui_->OptL, [this] { etat_.dimension = factor::DimensionPlan::Largeur; });
+  geste(ui_->OptAll, [this] { etat_.dimension = factor::DimensionPlan::Toutes; });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = factor::CoefficientPlan::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = factor::CoefficientPlan::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = factor::CoefficientPlan::Fort; });
+  geste(ui_->BoutonRAZ, [this] { factor::ReinitialiserCadre(etat_); });
+  geste(ui_->BoutonH, [this] { factor::DeplacerImage(etat_, 0, 1); });
+  geste(ui_->BoutonB, [this] { factor::DeplacerImage(etat_, 0, -1); });
+  geste(ui_->Command1, [this] { factor::DeplacerImage(etat_, -1, 0); });
+  geste(ui_->Command2, [this] { factor::DeplacerImage(etat_, 1, 0); });
+  geste(ui_->Command3, [this] { factor::DeplacerImage(etat_, -1, 1); });
+  geste(ui_->Command4, [this] { factor::DeplacerImage(etat_, 1, 1); });
+  geste(ui_->Command5, [this] { factor::DeplacerImage(etat_, -1, -1); });
+  geste(ui_->Command6, [this] { factor::DeplacerImage(etat_, 1, -1); });
+  geste(ui_->BoutonValP, [this] { factor::ChangerPas(etat_, true); });
+  geste(ui_->BoutonValM, [this] { factor::ChangerPas(etat_, false); });
   connect(ui_->CheckTaille, &QCheckBox::toggled, this, [this](bool reelle) {
     constexpr double kPointsParPouce = 72;
     if (reelle) ui_->Image->Zoomer(ui_->Image->logicalDpiX() / kPointsParPouce / ui_->Image->Echelle());
@@ -128,35 +128,35 @@ void Graphe3::RelierTaille() {
 
 // What the boxes and buttons say; the fields are read when they are left.
 void Graphe3::LireReglages() {
-  ReglagesPlan& reglages = etat_.reglages;
+  factor::ReglagesPlan& reglages = etat_.reglages;
   reglages.pointExact = ui_->PointExact->isChecked();
   reglages.parContribution = ui_->CheckContrib->isChecked();
   reglages.intitulesLongs = ui_->CheckLong->isChecked();
   reglages.information = ui_->CheckInfo->isChecked();
   reglages.individus = ui_->CheckIndiv->isChecked();
-  reglages.ensemble = ui_->Opt2->isChecked()   ? EnsemblePoints::Actifs
-                      : ui_->Opt3->isChecked() ? EnsemblePoints::Supplementaires
-                                               : EnsemblePoints::Tous;
-  reglages.taille = ui_->Option1->isChecked()   ? TailleTexte::Petite
-                    : ui_->Option3->isChecked() ? TailleTexte::Grande
-                                                : TailleTexte::Moyenne;
+  reglages.ensemble = ui_->Opt2->isChecked()   ? factor::EnsemblePoints::Actifs
+                      : ui_->Opt3->isChecked() ? factor::EnsemblePoints::Supplementaires
+                                               : factor::EnsemblePoints::Tous;
+  reglages.taille = ui_->Option1->isChecked()   ? factor::TailleTexte::Petite
+                    : ui_->Option3->isChecked() ? factor::TailleTexte::Grande
+                                                : factor::TailleTexte::Moyenne;
   reglages.gras = ui_->Check1->isChecked();
-  ReglagesLiens& liens = reglages.liens;
+  factor::ReglagesLiens& liens = reglages.liens;
   liens.actif = ui_->CheckPEM->isChecked() || ui_->ChkLgnPEM->isChecked();
   liens.lignes = ui_->ChkLgnPEM->isChecked();
   liens.values = ui_->BtVal->isChecked();
   liens.arbre = ui_->CheckArbrMin->isChecked();
   reglages.cah.actif = ui_->CheckCAH->isChecked();
-  reglages.cah.trace = ui_->BtCouleursOui->isChecked() ? TraceCah::Couleurs : TraceCah::Lignes;
+  reglages.cah.trace = ui_->BtCouleursOui->isChecked() ? factor::TraceCah::Couleurs : factor::TraceCah::Lignes;
   reglages.ellipses = {ui_->CheckEllipseC->isChecked(), ui_->CheckEllipseM->isChecked(),
                        ui_->CheckEllipseI->isChecked()};
 }
 
 // What follows from the state in fields and labels.
 void Graphe3::MontrerReglages() {
-  const ReglagesPlan& reglages = etat_.reglages;
-  ui_->TextFH->setText(VersQt(TexteAxe(reglages.horizontal)));
-  ui_->TextFV->setText(VersQt(TexteAxe(reglages.vertical)));
+  const factor::ReglagesPlan& reglages = etat_.reglages;
+  ui_->TextFH->setText(VersQt(factor::TexteAxe(reglages.horizontal)));
+  ui_->TextFV->setText(VersQt(factor::TexteAxe(reglages.vertical)));
   const QSignalBlocker bloqueX(ui_->CheckInvX);
   const QSignalBlocker bloqueY(ui_->CheckInvY);
   ui_->CheckInvX->setChecked(reglages.horizontal.inverse);
@@ -168,19 +168,19 @@ void Graphe3::MontrerReglages() {
   ui_->ValeurProg->setText(reglages.liens.progressif ? VersQt(Nombre(*reglages.liens.progressif)) : QString());
   for (QWidget* controle : {ui_->CmdProgMoins, ui_->CmdProgPlus}) controle->setEnabled(ui_->CheckProg->isChecked());
   ui_->ValCAH->setText(VersQt(Nombre(reglages.cah.niveau)));
-  ui_->ValNCla->setText(etat_.donnees.cah ? VersQt(Nombre(ClassesAuNiveau(*etat_.donnees.cah, reglages.cah.niveau)))
-                                          : QString());
-  const bool colonnes = PorteUneMarque(etat_, kMarqueColonne);
-  const bool lignes = PorteUneMarque(etat_, kMarqueLigne);
+  ui_->ValNCla->setText(
+      etat_.donnees.cah ? VersQt(Nombre(factor::ClassesAuNiveau(*etat_.donnees.cah, reglages.cah.niveau))) : QString());
+  const bool colonnes = factor::PorteUneMarque(etat_, factor::kMarqueColonne);
+  const bool lignes = factor::PorteUneMarque(etat_, factor::kMarqueLigne);
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->Label8, ui_->TextNouvCol})
     controle->setVisible(colonnes);
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->Label2, ui_->TextNouvNom}) controle->setVisible(lignes);
 }
 
-void Graphe3::ChangerAxe(QLineEdit& texte, AxePlan& axe) {
+void Graphe3::ChangerAxe(QLineEdit& texte, factor::AxePlan& axe) {
   const std::string voulu = DepuisQt(texte.text());
-  if (EgalSansCasse(Rogner(voulu), TexteAxe(axe))) return;
-  if (!FixerAxe(etat_.donnees, axe, voulu)) {
+  if (EgalSansCasse(Rogner(voulu), factor::TexteAxe(axe))) return;
+  if (!factor::FixerAxe(etat_.donnees, axe, voulu)) {
     principal_.Ecran().biper();
     ui_->Information->setPlainText(
         QStringLiteral("Les facteurs vont de 1 à %1 ; la lettre C montre leur CPF.").arg(etat_.donnees.facteurs));
@@ -189,7 +189,7 @@ void Graphe3::ChangerAxe(QLineEdit& texte, AxePlan& axe) {
 }
 
 void Graphe3::Recaler() {
-  Caler(etat_);
+  factor::Caler(etat_);
   RefaireEllipses();
   Redessiner();
 }
@@ -200,7 +200,7 @@ void Graphe3::RefaireEllipses() {
   etat_.ellipses.clear();
   if (etat_.reglages.ellipses.Aucune()) return;
   bool faites = true;
-  principal_.Lancer([&](const Contexte&) { faites = ActualiserEllipses(contexte_, etat_); });
+  principal_.Lancer([&](const Contexte&) { faites = factor::ActualiserEllipses(contexte_, etat_); });
   if (!faites) {
     for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI}) {
       const QSignalBlocker bloque(boite);
@@ -209,14 +209,14 @@ void Graphe3::RefaireEllipses() {
     ui_->Information->setPlainText(
         QStringLiteral("Les ellipses n'ont pas pu être calculées : voir la fenêtre principale."));
   }
-  InclureEllipses(etat_);
+  factor::InclureEllipses(etat_);
 }
 
 void Graphe3::Redessiner() {
   LireReglages();
   if (etat_.reglages.liens.actif && ui_->FichPajek->isChecked()) {
     try {
-      EcrireReseau(contexte_, etat_);
+      factor::EcrireReseau(contexte_, etat_);
     } catch (const Erreur& erreur) {
       const QSignalBlocker bloque(ui_->FichPajek);
       ui_->FichPajek->setChecked(false);
@@ -227,7 +227,7 @@ void Graphe3::Redessiner() {
 }
 
 void Graphe3::Dessiner() {
-  ui_->Image->Montrer(DessinerPlan(etat_));
+  ui_->Image->Montrer(factor::DessinerPlan(etat_));
   MontrerReglages();
 }
 
@@ -259,7 +259,7 @@ void Graphe3::FixerNiveauCah(std::int64_t niveau) {
 
 void Graphe3::RelierLiens() {
   const auto limite = [this](QLineEdit& champ, QAbstractButton& moins, QAbstractButton& plus,
-                             double ReglagesLiens::*membre, void (Graphe3::*fixer)(double)) {
+                             double factor::ReglagesLiens::*membre, void (Graphe3::*fixer)(double)) {
     const auto presente = [this, membre] { return etat_.reglages.liens.*membre; };
     connect(&champ, &QLineEdit::editingFinished, this, [this, &champ, presente, fixer] {
       const double voulue = ValeurDuChamp(champ, presente(), 0, kEcMaximum);
@@ -268,13 +268,15 @@ void Graphe3::RelierLiens() {
     connect(&moins, &QAbstractButton::clicked, this, [this, presente, fixer] { (this->*fixer)(presente() - 1); });
     connect(&plus, &QAbstractButton::clicked, this, [this, presente, fixer] { (this->*fixer)(presente() + 1); });
   };
-  limite(*ui_->EcMinVal, *ui_->CmdFiltrMoinsMin, *ui_->CmdFiltrPlusMin, &ReglagesLiens::ecMin, &Graphe3::FixerEcMin);
-  limite(*ui_->EcSupVal, *ui_->CmdFiltrMoinsSup, *ui_->CmdFiltrPlusSup, &ReglagesLiens::ecSup, &Graphe3::FixerEcSup);
+  limite(*ui_->EcMinVal, *ui_->CmdFiltrMoinsMin, *ui_->CmdFiltrPlusMin, &factor::ReglagesLiens::ecMin,
+         &Graphe3::FixerEcMin);
+  limite(*ui_->EcSupVal, *ui_->CmdFiltrMoinsSup, *ui_->CmdFiltrPlusSup, &factor::ReglagesLiens::ecSup,
+         &Graphe3::FixerEcSup);
   for (QAbstractButton* bouton :
        std::initializer_list<QAbstractButton*>{ui_->CheckPEM, ui_->BtVal, ui_->CheckArbrMin, ui_->FichPajek})
     connect(bouton, &QAbstractButton::toggled, this, &Graphe3::Redessiner);
   connect(ui_->ChkLgnPEM, &QCheckBox::toggled, this,
-          [this](bool lignes) { FixerEcMin(lignes ? kEcMinDesLiensDeLignes : 0); });
+          [this](bool lignes) { FixerEcMin(lignes ? factor::kEcMinDesLiensDeLignes : 0); });
   connect(ui_->CheckProg, &QCheckBox::toggled, this, [this](bool progressif) {
     etat_.reglages.liens.progressif = progressif ? std::optional<std::size_t>(1) : std::nullopt;
     Redessiner();
@@ -295,16 +297,16 @@ void Graphe3::RelierCah() {
   });
   connect(ui_->ValNCla, &QLineEdit::editingFinished, this, [this] {
     if (!etat_.donnees.cah) return;
-    const ArbreCah& cah = *etat_.donnees.cah;
-    const std::size_t presentes = ClassesAuNiveau(cah, etat_.reglages.cah.niveau);
+    const factor::ArbreCah& cah = *etat_.donnees.cah;
+    const std::size_t presentes = factor::ClassesAuNiveau(cah, etat_.reglages.cah.niveau);
     const auto voulues = static_cast<std::size_t>(ValeurDuChamp(*ui_->ValNCla, static_cast<double>(presentes), 0, 1e9));
-    const std::optional<std::size_t> trouve = NiveauDesClasses(cah, voulues);
+    const std::optional<std::size_t> trouve = factor::NiveauDesClasses(cah, voulues);
     if (voulues != presentes && trouve) FixerNiveauCah(static_cast<std::int64_t>(*trouve));
     else MontrerReglages();
   });
   connect(ui_->BtCouleursOui, &QRadioButton::clicked, this, [this] {
     std::optional<std::uint32_t>& hasard = etat_.reglages.cah.hasard;
-    if (etat_.reglages.cah.trace == TraceCah::Couleurs) hasard = ++tirages_;
+    if (etat_.reglages.cah.trace == factor::TraceCah::Couleurs) hasard = ++tirages_;
     else hasard.reset();
     Redessiner();
   });
@@ -317,4 +319,4 @@ void Graphe3::RelierCah() {
     });
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -13,12 +13,12 @@ namespace Ui {
 class Graphe3;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class Graphe3 : public QDialog {
   Q_OBJECT
  public:
-  Graphe3(Principal& principal, const Contexte& contexte, DonneesPlan donnees);
+  Graphe3(Principal& principal, const Contexte& contexte, factor::DonneesPlan donnees);
   ~Graphe3() override;
 
  private:
@@ -32,7 +32,7 @@ class Graphe3 : public QDialog {
 
   void LireReglages();
   void MontrerReglages();
-  void ChangerAxe(QLineEdit& texte, AxePlan& axe);
+  void ChangerAxe(QLineEdit& texte, factor::AxePlan& axe);
   void Recaler();
   void RefaireEllipses();
   // After a change of settings; after a change of the limits alone, in which no file has a part.
@@ -54,7 +54,7 @@ class Graphe3 : public QDialog {
 
   Principal& principal_;
   Contexte contexte_;
-  EtatPlan etat_;
+  factor::EtatPlan etat_;
   std::uint32_t tirages_ = 0;  // times that the colours were drawn at random
   std::unique_ptr<Ui::Graphe3> ui_;
 };
@@ -62,4 +62,4 @@ class Graphe3 : public QDialog {
 // Prepares the graph and shows the form, in place of the one that is open.
 void OuvrirGraphe3(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

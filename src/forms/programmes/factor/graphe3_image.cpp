@@ -6,7 +6,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_graphe3.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -19,12 +19,12 @@ Position PositionDe(const QPointF& point) { return {point.x(), point.y()}; }
 void Graphe3::RelierImage() {
   VueDessin& image = *ui_->Image;
   image.surMolette = [this](double facteur, const QPointF& page) {
-    ZoomerAutour(etat_, facteur, ui_->Image->Contenu().VersUtilisateur(PositionDe(page)));
+    factor::ZoomerAutour(etat_, facteur, ui_->Image->Contenu().VersUtilisateur(PositionDe(page)));
     Dessiner();
   };
   image.surGlissement = [this](const QPointF& de, const QPointF& vers) {
     const Dessin& dessin = ui_->Image->Contenu();
-    Glisser(etat_, dessin.VersUtilisateur(PositionDe(de)), dessin.VersUtilisateur(PositionDe(vers)));
+    factor::Glisser(etat_, dessin.VersUtilisateur(PositionDe(de)), dessin.VersUtilisateur(PositionDe(vers)));
     Dessiner();
   };
   image.infobulleDeLaPlace = [this](const QPointF& page) { return Infobulle(page); };
@@ -35,43 +35,43 @@ void Graphe3::RelierImage() {
 }
 
 QString Graphe3::Infobulle(const QPointF& page) const {
-  const std::vector<std::size_t> elements = ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
+  const std::vector<std::size_t> elements = factor::ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
   QStringList lignes;
   for (const std::size_t element : elements) {
     if (lignes.size() == static_cast<qsizetype>(kElementsDUneInfobulle)) {
       lignes << QStringLiteral("et %1 autres").arg(elements.size() - kElementsDUneInfobulle);
       break;
     }
-    lignes << VersQt(LigneDInformation(etat_, element)).remove(u'\r');
+    lignes << VersQt(factor::LigneDInformation(etat_, element)).remove(u'\r');
   }
   return lignes.join(u'\n');
 }
 
 void Graphe3::Informer(const QPointF& page) {
-  const std::vector<std::size_t> elements = ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
+  const std::vector<std::size_t> elements = factor::ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
   if (elements.empty()) return;
   try {
-    ui_->Information->setPlainText(VersQt(TexteDuClic(contexte_, etat_, elements.front())).remove(u'\r'));
+    ui_->Information->setPlainText(VersQt(factor::TexteDuClic(contexte_, etat_, elements.front())).remove(u'\r'));
   } catch (const Erreur& erreur) {
     Refuser(erreur);
   }
 }
 
 void Graphe3::Marquer(const QPointF& page) {
-  const std::vector<std::size_t> elements = ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
+  const std::vector<std::size_t> elements = factor::ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
   if (elements.empty()) return;
-  BasculerMarque(etat_, elements.front());
+  factor::BasculerMarque(etat_, elements.front());
   if (!etat_.reglages.ellipses.Aucune()) RefaireEllipses();
   Redessiner();
 }
 
 void Graphe3::CouperLaClassification() {
-  const OptionsCoupe options{static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
+  const factor::OptionsCoupe options{static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
   std::string nouveau;
   principal_.Lancer([&](const Contexte&) {
     ExecuterProgramme(
         contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
-        [&](Rapport& rapport) { CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
+        [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
   });
   if (!nouveau.empty()) principal_.AdopterGenerique(nouveau);
 }
@@ -82,7 +82,7 @@ void Graphe3::RelierFichiers() {
                 [this] { return ui_->Resolution->value(); });
   connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAGraphe")); });
   new Abandon(*this, *ui_->BoutonQuitter, principal_,
-              [contexte = contexte_](const Contexte&) { QuitterGraphe(contexte); });
+              [contexte = contexte_](const Contexte&) { factor::QuitterGraphe(contexte); });
 }
 
 void Graphe3::Refuser(const Erreur& erreur) {
@@ -94,9 +94,9 @@ void Graphe3::Refuser(const Erreur& erreur) {
 
 void OuvrirGraphe3(Principal& principal) {
   if (auto* ouverte = principal.Ouverte<Graphe3>()) ouverte->close();
-  std::optional<DonneesPlan> donnees;
-  principal.Lancer([&](const Contexte& contexte) { donnees = PrepGraphe(contexte); });
+  std::optional<factor::DonneesPlan> donnees;
+  principal.Lancer([&](const Contexte& contexte) { donnees = factor::PrepGraphe(contexte); });
   if (donnees) principal.Montrer<Graphe3>(principal.ContexteEnCours(), std::move(*donnees));
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -8,9 +8,9 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_choixposmod.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
-ChoixPosmod::ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare prepare)
+ChoixPosmod::ChoixPosmod(Principal& principal, modalities::ModePosmod mode, modalities::ChoixPrepare prepare)
     : QDialog(&principal),
       principal_(principal),
       contexte_(principal.ContexteEnCours()),
@@ -24,13 +24,14 @@ ChoixPosmod::ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare pre
   ui_->CaseSup->setVisible(prepare_.ancienMod);
   RelierListes();
   RelierOptions();
-  if (mode_ == ModePosmod::Regr) AdapterALaRegression();
+  if (mode_ == modalities::ModePosmod::Regr) AdapterALaRegression();
   AlignerBoutons();
-  const QString aide = mode_ == ModePosmod::Regr ? QStringLiteral("mnuAPosmodR") : QStringLiteral("mnuAPosmod");
+  const QString aide =
+      mode_ == modalities::ModePosmod::Regr ? QStringLiteral("mnuAPosmodR") : QStringLiteral("mnuAPosmod");
   ui_->BoutAide->setEnabled(principal.AideExiste(aide));
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { principal_.OuvrirAide(aide); });
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixPosmod::LancerPosmod);
-  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerPosmod);
+  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerPosmod);
   MontrerListes();
 }
 
@@ -74,7 +75,7 @@ void ChoixPosmod::RelierListes() {
 void ChoixPosmod::RelierOptions() {
   connect(ui_->CaseCodZ, &QCheckBox::toggled, this, &ChoixPosmod::ChangerCodesZero);
   connect(ui_->CaseCodLog, &QCheckBox::toggled, this,
-          [this](bool coche) { ui_->FrmIndiv->setVisible(coche && mode_ == ModePosmod::Afc); });
+          [this](bool coche) { ui_->FrmIndiv->setVisible(coche && mode_ == modalities::ModePosmod::Afc); });
   connect(ui_->CaseNomIndiv, &QCheckBox::toggled, ui_->FrmPos, &QWidget::setVisible);
 }
 
@@ -91,23 +92,24 @@ void ChoixPosmod::MontrerListes() {
 
 void ChoixPosmod::MontrerNombres() {
   const bool codesZero = !ui_->CaseCodZ->isChecked();
-  const std::int64_t actives = CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, codesZero);
+  const std::int64_t actives = modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, codesZero);
   const std::int64_t supplementaires =
-      CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, codesZero);
-  ui_->TitreNbPos->setText(
-      VersQt(mode_ == ModePosmod::Regr ? TexteNombreUnique(actives) : TexteNombres(actives, supplementaires)));
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, codesZero);
+  ui_->TitreNbPos->setText(VersQt(mode_ == modalities::ModePosmod::Regr
+                                      ? modalities::TexteNombreUnique(actives)
+                                      : modalities::TexteNombres(actives, supplementaires)));
 }
 
 void ChoixPosmod::ChangerCodesZero(bool sans) {
   MontrerNombres();
-  if (!sans || mode_ != ModePosmod::Regr) return;
+  if (!sans || mode_ != modalities::ModePosmod::Regr) return;
   principal_.Ecran().biper();
-  ui_->TitreNbPos->setText(
-      VersQt(TexteSansNonReponses(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, false))));
+  ui_->TitreNbPos->setText(VersQt(modalities::TexteSansNonReponses(
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, false))));
 }
 
-OptionsPosmod ChoixPosmod::Options() const {
-  OptionsPosmod options;
+modalities::OptionsPosmod ChoixPosmod::Options() const {
+  modalities::OptionsPosmod options;
   options.mode = mode_;
   options.actives = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif);
   options.supplementaires = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Supplementaire);
@@ -126,10 +128,11 @@ OptionsPosmod ChoixPosmod::Options() const {
 }
 
 void ChoixPosmod::LancerPosmod() {
-  const OptionsPosmod options = Options();
-  const std::string_view refus = RefusDeLancer(
-      options.individus, options.noms, CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
-      CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));
+  const modalities::OptionsPosmod options = Options();
+  const std::string_view refus = modalities::RefusDeLancer(
+      options.individus, options.noms,
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));
   if (!refus.empty()) {
     principal_.Ecran().biper();
     ui_->TitreNbPos->setText(VersQt(refus));
@@ -138,21 +141,21 @@ void ChoixPosmod::LancerPosmod() {
   Principal& principal = principal_;
   const Contexte contexte = contexte_;
   accept();  // a long report closes every form: this one is gone by then
-  principal.Lancer([&](const Contexte&) { Posmod(contexte, options); });
+  principal.Lancer([&](const Contexte&) { modalities::Posmod(contexte, options); });
 }
 
 namespace {
 
-void Ouvrir(Principal& principal, ModePosmod mode) {
+void Ouvrir(Principal& principal, modalities::ModePosmod mode) {
   if (auto* ouverte = principal.Ouverte<ChoixPosmod>()) ouverte->close();
-  std::optional<ChoixPrepare> prepare;
-  principal.Lancer([&](const Contexte& contexte) { prepare = PrepPosmod(contexte, mode); });
+  std::optional<modalities::ChoixPrepare> prepare;
+  principal.Lancer([&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, mode); });
   if (prepare) principal.Montrer<ChoixPosmod>(mode, std::move(*prepare));
 }
 
 }  // namespace
 
-void OuvrirPosmod(Principal& principal) { Ouvrir(principal, ModePosmod::Afc); }
-void OuvrirPosmodRegression(Principal& principal) { Ouvrir(principal, ModePosmod::Regr); }
+void OuvrirPosmod(Principal& principal) { Ouvrir(principal, modalities::ModePosmod::Afc); }
+void OuvrirPosmodRegression(Principal& principal) { Ouvrir(principal, modalities::ModePosmod::Regr); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -12,12 +12,12 @@ namespace Ui {
 class ChoixPosmod;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ChoixPosmod : public QDialog {
   Q_OBJECT
  public:
-  ChoixPosmod(Principal& principal, ModePosmod mode, ChoixPrepare prepare);
+  ChoixPosmod(Principal& principal, modalities::ModePosmod mode, modalities::ChoixPrepare prepare);
   ~ChoixPosmod() override;
 
  private:
@@ -29,17 +29,17 @@ class ChoixPosmod : public QDialog {
   void MontrerListes();
   void MontrerNombres();
   void ChangerCodesZero(bool sans);
-  OptionsPosmod Options() const;
+  modalities::OptionsPosmod Options() const;
   void LancerPosmod();
 
   Principal& principal_;
   Contexte contexte_;  // of the generic that the form was opened on
-  ModePosmod mode_;
-  ChoixPrepare prepare_;
+  modalities::ModePosmod mode_;
+  modalities::ChoixPrepare prepare_;
   std::unique_ptr<Ui::ChoixPosmod> ui_;
 };
 
 void OuvrirPosmod(Principal& principal);
 void OuvrirPosmodRegression(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -8,13 +8,13 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_modifmod.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 ModifMod::ModifMod(Principal& principal)
     : QDialog(&principal),
       principal_(principal),
       contexte_(principal.ContexteEnCours()),
-      etat_(ChargerModifMod(contexte_)),
+      etat_(modalities::ChargerModifMod(contexte_)),
       ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
@@ -23,7 +23,7 @@ ModifMod::ModifMod(Principal& principal)
       {[this] { return static_cast<int>(etat_.textes.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
        [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
        [this, texte](int ligne, const QString& intitule) {
-         PoserIntitule(texte(ligne), DepuisQt(intitule));
+         modalities::PoserIntitule(texte(ligne), DepuisQt(intitule));
          MontrerStatut(ligne);
          return QString();
        }});
@@ -33,7 +33,7 @@ ModifMod::ModifMod(Principal& principal)
   espace->setContext(Qt::WidgetShortcut);
   connect(espace, &QShortcut::activated, this, [this] { Basculer(ui_->ListSuppl->currentRow()); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ModifMod::Enregistrer);
-  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
+  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerEdition);
   ui_->BoutAide->setEnabled(principal.AideExiste(QStringLiteral("mnuAModmod")));
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAModmod")); });
   Remplir();
@@ -54,7 +54,7 @@ void ModifMod::Remplir() {
 
 void ModifMod::Basculer(int ligne) {
   if (ligne < 0) return;
-  BasculerStatut(etat_.textes[static_cast<std::size_t>(ligne)]);
+  modalities::BasculerStatut(etat_.textes[static_cast<std::size_t>(ligne)]);
   MontrerStatut(ligne);
   edition_->Montrer(ligne);
 }
@@ -70,10 +70,10 @@ void ModifMod::MontrerStatut(int ligne) {
 void ModifMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = EnregistrerModifMod(contexte_, etat_.textes); });
+  principal_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerModifMod(contexte_, etat_.textes); });
   if (fin == Fin::Normale) accept();
 }
 
 void OuvrirModifMod(Principal& principal) { principal.Montrer<ModifMod>(); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

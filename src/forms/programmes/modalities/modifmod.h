@@ -12,7 +12,7 @@ namespace Ui {
 class ModifMod;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ModifMod : public QDialog {
   Q_OBJECT
@@ -28,11 +28,11 @@ class ModifMod : public QDialog {
 
   Principal& principal_;
   Contexte contexte_;  // of the generic that the form was opened on
-  EtatModifMod etat_;
+  modalities::EtatModifMod etat_;
   std::unique_ptr<Ui::ModifMod> ui_;
   EditionListe* edition_ = nullptr;
 };
 
 void OuvrirModifMod(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -8,9 +8,9 @@
 #include "modalities/edition/nomquest.h"
 #include "ui_nomemod.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
-NomeMod::NomeMod(Principal& principal, ChoixPrepare prepare)
+NomeMod::NomeMod(Principal& principal, modalities::ChoixPrepare prepare)
     : QDialog(&principal),
       principal_(principal),
       contexte_(principal.ContexteEnCours()),
@@ -20,7 +20,7 @@ NomeMod::NomeMod(Principal& principal, ChoixPrepare prepare)
   ui_->BoutModif->setVisible(principal.SessionEnCours().niveau == 2);
   RelierChoix();
   RelierEdition();
-  new Abandon(*this, *ui_->BoutQuitter, principal, AbandonnerEdition);
+  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerEdition);
   MontrerChoix();
   MontrerModalites();
 }
@@ -45,7 +45,7 @@ void NomeMod::RelierEdition() {
       {[this] { return static_cast<int>(modalites_.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
        [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
        [texte](int ligne, const QString& intitule) {
-         PoserIntitule(texte(ligne), DepuisQt(intitule));
+         modalities::PoserIntitule(texte(ligne), DepuisQt(intitule));
          return QString();
        }});
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomeMod::Sauver);
@@ -55,23 +55,23 @@ void NomeMod::RelierEdition() {
 void NomeMod::Deplacer(const QListWidget& liste, Statut statut) {
   if (!PoserStatut(liste, prepare_.choix, statut)) return;
   MontrerChoix();
-  ui_->TextMsg->setPlainText(VersQt(GuideDuChoix()));
+  ui_->TextMsg->setPlainText(VersQt(modalities::GuideDuChoix()));
 }
 
 void NomeMod::MontrerChoix() {
   MontrerQuestions(*ui_->ListQuest, prepare_.pos, prepare_.choix, Statut::Aucun);
   MontrerQuestions(*ui_->ListVar2, prepare_.pos, prepare_.choix, Statut::Actif);
-  ui_->TitreNbPos->setText(VersQt(
-      TexteNombrePrevu(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, !ui_->CaseCodZ->isChecked()))));
+  ui_->TitreNbPos->setText(VersQt(modalities::TexteNombrePrevu(
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, !ui_->CaseCodZ->isChecked()))));
 }
 
 void NomeMod::LancerCreation() {
-  OptionsPosmod options;
-  options.mode = ModePosmod::Modi;
+  modalities::OptionsPosmod options;
+  options.mode = modalities::ModePosmod::Modi;
   options.actives = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif);
   options.codesZero = !ui_->CaseCodZ->isChecked();
-  const std::string_view refus =
-      RefusDeNommer(CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero));
+  const std::string_view refus = modalities::RefusDeNommer(
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero));
   if (!refus.empty()) {
     principal_.Ecran().biper();
     ui_->TextMsg->setPlainText(VersQt(refus));
@@ -79,23 +79,24 @@ void NomeMod::LancerCreation() {
   }
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = Posmod(contexte_, options); });
+  principal_.Lancer([&](const Contexte&) { fin = modalities::Posmod(contexte_, options); });
   if (fin == Fin::Arret) return;
-  const EtatNomeMod creees = LireModalitesCreees(contexte_);
+  const modalities::EtatNomeMod creees = modalities::LireModalitesCreees(contexte_);
   modalites_.insert(modalites_.end(), creees.modalites.begin(), creees.modalites.end());
   MontrerModalites();
-  ui_->TextMsg->setPlainText(creees.message.empty() ? VersQt(GuideDeLaCreation()) : EnUnTexte(creees.message));
+  ui_->TextMsg->setPlainText(creees.message.empty() ? VersQt(modalities::GuideDeLaCreation())
+                                                    : EnUnTexte(creees.message));
 }
 
 void NomeMod::OuvrirModification() {
-  EtatNomeMod toutes = LireToutesModalites(contexte_);
+  modalities::EtatNomeMod toutes = modalities::LireToutesModalites(contexte_);
   if (!toutes.message.empty()) {
     ui_->TextMsg->setPlainText(EnUnTexte(toutes.message));
     return;
   }
   modalites_ = std::move(toutes.modalites);
   MontrerModalites();
-  ui_->TextMsg->setPlainText(VersQt(GuideDeLaModification()));
+  ui_->TextMsg->setPlainText(VersQt(modalities::GuideDeLaModification()));
 }
 
 void NomeMod::MontrerModalites() {
@@ -106,21 +107,23 @@ void NomeMod::MontrerModalites() {
 
 void NomeMod::Sauver() {
   if (!edition_->Ranger()) return;
-  ui_->TextMsg->setPlainText(Tenter([this] { SauverNomeMod(contexte_, modalites_); }, VersQt(kIntitulesSauvegardes)));
+  ui_->TextMsg->setPlainText(
+      Tenter([this] { modalities::SauverNomeMod(contexte_, modalites_); }, VersQt(modalities::kIntitulesSauvegardes)));
 }
 
 void NomeMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = EnregistrerNomeMod(contexte_, modalites_); });
+  principal_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomeMod(contexte_, modalites_); });
   if (fin == Fin::Normale) accept();
 }
 
 void OuvrirNomMod(Principal& principal) {
   if (auto* ouverte = principal.Ouverte<NomeMod>()) ouverte->close();
-  std::optional<ChoixPrepare> prepare;
-  principal.Lancer([&](const Contexte& contexte) { prepare = PrepPosmod(contexte, ModePosmod::Modi); });
+  std::optional<modalities::ChoixPrepare> prepare;
+  principal.Lancer(
+      [&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi); });
   if (prepare) principal.Montrer<NomeMod>(std::move(*prepare));
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

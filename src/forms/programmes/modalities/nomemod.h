@@ -13,12 +13,12 @@ namespace Ui {
 class NomeMod;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class NomeMod : public QDialog {
   Q_OBJECT
  public:
-  NomeMod(Principal& principal, ChoixPrepare prepare);
+  NomeMod(Principal& principal, modalities::ChoixPrepare prepare);
   ~NomeMod() override;
 
  private:
@@ -34,12 +34,12 @@ class NomeMod : public QDialog {
 
   Principal& principal_;
   Contexte contexte_;  // of the generic that the form was opened on
-  ChoixPrepare prepare_;
-  std::vector<ModaliteNommee> modalites_;
+  modalities::ChoixPrepare prepare_;
+  std::vector<modalities::ModaliteNommee> modalites_;
   std::unique_ptr<Ui::NomeMod> ui_;
   EditionListe* edition_ = nullptr;
 };
 
 void OuvrirNomMod(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -12,7 +12,7 @@ namespace Ui {
 class NomQuest;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class NomQuest : public QDialog {
   Q_OBJECT
@@ -27,11 +27,11 @@ class NomQuest : public QDialog {
 
   Principal& principal_;
   Contexte contexte_;  // of the generic that the form was opened on
-  EtatNomQuest etat_;
+  modalities::EtatNomQuest etat_;
   std::unique_ptr<Ui::NomQuest> ui_;
   EditionListe* edition_ = nullptr;
 };
 
 void OuvrirNomQuest(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

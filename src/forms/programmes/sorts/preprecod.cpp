@@ -8,7 +8,7 @@
 #include "forms/texte/texte_qt.h"
 #include "ui_preprecod.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 namespace {
 
@@ -18,7 +18,7 @@ QString LigneDe(const Question& question) {
   return VersQt(Joindre({CadreGauche(question.nom, 3), "  ", question.intitule, regle}));
 }
 
-QString Voisine(const EtatPrepRecod& etat, const char* titre, std::ptrdiff_t pas) {
+QString Voisine(const sorts::EtatPrepRecod& etat, const char* titre, std::ptrdiff_t pas) {
   if (!etat.courante) return {};
   const std::ptrdiff_t rang = static_cast<std::ptrdiff_t>(*etat.courante) + pas;
   if (rang < 0 || rang >= std::ssize(etat.questions)) return {};
@@ -28,18 +28,18 @@ QString Voisine(const EtatPrepRecod& etat, const char* titre, std::ptrdiff_t pas
 
 }  // namespace
 
-PrepRecod::PrepRecod(Principal& principal, EtatPrepRecod etat)
+PrepRecod::PrepRecod(Principal& principal, sorts::EtatPrepRecod etat)
     : QDialog(&principal),
       principal_(principal),
       contexte_(principal.ContexteEnCours()),
       etat_(std::move(etat)),
       ui_(std::make_unique<Ui::PrepRecod>()) {
   ui_->setupUi(this);
-  setWindowTitle(VersQt(kTitrePrepRecod));
+  setWindowTitle(VersQt(sorts::kTitrePrepRecod));
   const QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   for (QWidget* texte : std::initializer_list<QWidget*>{ui_->ListPos, ui_->TextMod, ui_->TextFiltre, ui_->TextVIT})
     texte->setFont(fixe);
-  for (const QuestionPreparee& preparee : etat_.questions) {
+  for (const sorts::QuestionPreparee& preparee : etat_.questions) {
     ui_->ListPos->addItem(LigneDe(preparee.question));
     ui_->ListPos->item(ui_->ListPos->count() - 1)->setToolTip(LigneDe(preparee.question));
   }
@@ -63,13 +63,13 @@ void PrepRecod::RelierQuestions() {
   connect(ui_->ListPos, &QListWidget::itemSelectionChanged, this, [this] {
     const QList<QListWidgetItem*> choisies = ui_->ListPos->selectedItems();
     if (choisies.isEmpty()) return;
-    ChoisirQuestion(etat_, static_cast<std::size_t>(ui_->ListPos->row(choisies.first())));
+    sorts::ChoisirQuestion(etat_, static_cast<std::size_t>(ui_->ListPos->row(choisies.first())));
     MontrerQuestion();
   });
   connect(ui_->ListPos, &QListWidget::itemClicked, this, [this] { ui_->TextMod->setFocus(); });
   const auto valider = [this] {
     bool juste = false;
-    Agir([&] { juste = ValiderRegle(etat_, DepuisQt(ui_->TextMod->text())); });
+    Agir([&] { juste = sorts::ValiderRegle(etat_, DepuisQt(ui_->TextMod->text())); });
     if (!juste) return;
     MontrerLigneEnCours();
     ui_->ListPos->setFocus();
@@ -77,84 +77,85 @@ void PrepRecod::RelierQuestions() {
   connect(ui_->BoutEnCours, &QPushButton::clicked, this, valider);
   connect(ui_->TextMod, &QLineEdit::returnPressed, this, valider);
   connect(ui_->BoutEffEnCours, &QPushButton::clicked, this, [this] {
-    Agir([this] { EffacerRegle(etat_); });
+    Agir([this] { sorts::EffacerRegle(etat_); });
     MontrerLigneEnCours();
     MontrerQuestion();
   });
 }
 
 void PrepRecod::RelierPonderation() {
-  connect(ui_->ValidPond, &QPushButton::clicked, this, [this] { Agir([this] { ValiderPonderation(etat_); }); });
-  connect(ui_->EffacePond, &QPushButton::clicked, this, [this] { Agir([this] { EffacerPonderation(etat_); }); });
+  connect(ui_->ValidPond, &QPushButton::clicked, this, [this] { Agir([this] { sorts::ValiderPonderation(etat_); }); });
+  connect(ui_->EffacePond, &QPushButton::clicked, this, [this] { Agir([this] { sorts::EffacerPonderation(etat_); }); });
   connect(ui_->OptEffMax, &QRadioButton::toggled, this,
-          [this](bool maximum) { Agir([=, this] { ChoisirEffectif(etat_, maximum); }); });
+          [this](bool maximum) { Agir([=, this] { sorts::ChoisirEffectif(etat_, maximum); }); });
 }
 
 void PrepRecod::RelierFiltre() {
-  const auto choisir = [this](QRadioButton* bouton, SensFiltre sens) {
+  const auto choisir = [this](QRadioButton* bouton, sorts::SensFiltre sens) {
     connect(bouton, &QRadioButton::clicked, this, [=, this] {
       ui_->ComboGen->clear();
-      Agir([=, this] { ChoisirSens(etat_, sens); });
+      Agir([=, this] { sorts::ChoisirSens(etat_, sens); });
     });
   };
-  choisir(ui_->OptIncl, SensFiltre::Inclure);
-  choisir(ui_->OptExcl, SensFiltre::Exclure);
-  choisir(ui_->OptNini, SensFiltre::Aucun);
+  choisir(ui_->OptIncl, sorts::SensFiltre::Inclure);
+  choisir(ui_->OptExcl, sorts::SensFiltre::Exclure);
+  choisir(ui_->OptNini, sorts::SensFiltre::Aucun);
   connect(ui_->ChoixFiltre, &QPushButton::clicked, this, [this] {
     bool attend = false;
-    Agir([&] { attend = AjouterQuestionAuFiltre(etat_); });
-    ui_->LabelFiltre->setText(attend ? VersQt(kChoixCodeFiltre) : QString());
-    ProposerCodes(*ui_->ComboGen, attend ? CodesPourFiltre(etat_) : std::vector<int>());
+    Agir([&] { attend = sorts::AjouterQuestionAuFiltre(etat_); });
+    ui_->LabelFiltre->setText(attend ? VersQt(sorts::kChoixCodeFiltre) : QString());
+    ProposerCodes(*ui_->ComboGen, attend ? sorts::CodesPourFiltre(etat_) : std::vector<int>());
   });
-  connect(ui_->ComboGen, &QComboBox::activated, this,
-          [this](int rang) { Agir([=, this] { AjouterCodeAuFiltre(etat_, ui_->ComboGen->itemData(rang).toInt()); }); });
+  connect(ui_->ComboGen, &QComboBox::activated, this, [this](int rang) {
+    Agir([=, this] { sorts::AjouterCodeAuFiltre(etat_, ui_->ComboGen->itemData(rang).toInt()); });
+  });
   connect(ui_->Ajout, &QPushButton::clicked, this, [this] {
-    Agir([this] { AjouterExpression(etat_); });
+    Agir([this] { sorts::AjouterExpression(etat_); });
     ui_->ComboGen->clear();
     ui_->ListPos->setFocus();
   });
-  connect(ui_->ValidFiltre, &QPushButton::clicked, this, [this] { Agir([this] { ValiderFiltre(etat_); }); });
+  connect(ui_->ValidFiltre, &QPushButton::clicked, this, [this] { Agir([this] { sorts::ValiderFiltre(etat_); }); });
 }
 
 void PrepRecod::RelierVit() {
   connect(ui_->OptVITNouv, &QRadioButton::clicked, this, &PrepRecod::NommerVit);
   connect(ui_->OptVITModif, &QRadioButton::clicked, this, [this] {
-    Agir([this] { CorrigerVit(etat_); });
+    Agir([this] { sorts::CorrigerVit(etat_); });
     ui_->TextVIT->setReadOnly(false);
     ui_->TextVIT->setFocus();
   });
   connect(ui_->OptVITSupp, &QRadioButton::clicked, this, &PrepRecod::EffacerVit);
   connect(ui_->ChoixVIT, &QPushButton::clicked, this, [this] {
     bool attend = false;
-    Agir([&] { attend = AjouterQuestionALaVit(etat_); });
-    ui_->LabelVIT->setText(attend ? VersQt(kChoixCodeVit) : QString());
-    ProposerCodes(*ui_->ComboVIT, attend ? CodesPourVit(etat_) : std::vector<int>());
+    Agir([&] { attend = sorts::AjouterQuestionALaVit(etat_); });
+    ui_->LabelVIT->setText(attend ? VersQt(sorts::kChoixCodeVit) : QString());
+    ProposerCodes(*ui_->ComboVIT, attend ? sorts::CodesPourVit(etat_) : std::vector<int>());
   });
   connect(ui_->ComboVIT, &QComboBox::activated, this, &PrepRecod::ChoisirCodeDeVit);
   connect(ui_->AjoutVIT, &QPushButton::clicked, this, [this] {
-    Agir([this] { CommencerElementDeVit(etat_); });
+    Agir([this] { sorts::CommencerElementDeVit(etat_); });
     ui_->ComboVIT->clear();
     ui_->ListPos->setFocus();
   });
   connect(ui_->ValidVIT, &QPushButton::clicked, this, [this] {
-    Agir([this] { ValiderVit(etat_); });
+    Agir([this] { sorts::ValiderVit(etat_); });
     ui_->TextVIT->setReadOnly(true);
   });
 }
 
 void PrepRecod::RelierAides() {
-  const auto aider = [this](QPushButton* bouton, SujetAide sujet) {
+  const auto aider = [this](QPushButton* bouton, sorts::SujetAide sujet) {
     connect(bouton, &QPushButton::clicked, this,
-            [=, this] { Agir([=, this] { etat_.message = AidePrepRecod(sujet); }); });
+            [=, this] { Agir([=, this] { etat_.message = sorts::AidePrepRecod(sujet); }); });
   };
-  aider(ui_->BoutAide, SujetAide::Recodage);
-  aider(ui_->AidePond, SujetAide::Ponderation);
-  aider(ui_->AideFiltre, SujetAide::Filtre);
-  aider(ui_->AideVIT, SujetAide::Vit);
+  aider(ui_->BoutAide, sorts::SujetAide::Recodage);
+  aider(ui_->AidePond, sorts::SujetAide::Ponderation);
+  aider(ui_->AideFiltre, sorts::SujetAide::Filtre);
+  aider(ui_->AideVIT, sorts::SujetAide::Vit);
 }
 
 void PrepRecod::Agir(const std::function<void()>& action) {
-  if (!ui_->TextVIT->isReadOnly()) ReprendreTexteVit(etat_, DepuisQt(ui_->TextVIT->toPlainText()));
+  if (!ui_->TextVIT->isReadOnly()) sorts::ReprendreTexteVit(etat_, DepuisQt(ui_->TextVIT->toPlainText()));
   action();
   Montrer();
 }
@@ -164,21 +165,21 @@ void PrepRecod::Montrer() {
   ui_->LabelPond->setText(etat_.ponderation.empty() ? QStringLiteral("Pas de pondération")
                                                     : QStringLiteral("Pondération : ") + VersQt(etat_.ponderation));
   ui_->TextFiltre->setText(VersQt(etat_.filtreAffiche));
-  const SensFiltre sens = SensAffiche(etat_);
-  (sens == SensFiltre::Inclure   ? ui_->OptIncl
-   : sens == SensFiltre::Exclure ? ui_->OptExcl
-                                 : ui_->OptNini)
+  const sorts::SensFiltre sens = sorts::SensAffiche(etat_);
+  (sens == sorts::SensFiltre::Inclure   ? ui_->OptIncl
+   : sens == sorts::SensFiltre::Exclure ? ui_->OptExcl
+                                        : ui_->OptNini)
       ->setChecked(true);
-  for (QPushButton* bouton : {ui_->ChoixFiltre, ui_->Ajout}) bouton->setEnabled(sens != SensFiltre::Aucun);
+  for (QPushButton* bouton : {ui_->ChoixFiltre, ui_->Ajout}) bouton->setEnabled(sens != sorts::SensFiltre::Aucun);
   ui_->ComboGen->setEnabled(ui_->ComboGen->count() > 0);
-  const QString vit = VersQt(TexteVit(etat_)).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  const QString vit = VersQt(sorts::TexteVit(etat_)).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
   if (ui_->TextVIT->toPlainText() != vit) ui_->TextVIT->setPlainText(vit);
   for (QPushButton* bouton : {ui_->ChoixVIT, ui_->AjoutVIT}) bouton->setEnabled(!etat_.vitAffichee.empty());
   ui_->ComboVIT->setEnabled(ui_->ComboVIT->count() > 0);
 }
 
 void PrepRecod::MontrerQuestion() {
-  ui_->LabelEnCours->setText(VersQt(LibelleEnCours(etat_)));
+  ui_->LabelEnCours->setText(VersQt(sorts::LibelleEnCours(etat_)));
   ui_->Precedente->setText(Voisine(etat_, "Précédente : ", -1));
   ui_->Suivante->setText(Voisine(etat_, "Suivante : ", 1));
   const Question* question = etat_.courante ? &etat_.questions[*etat_.courante].question : nullptr;
@@ -209,29 +210,29 @@ void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts)
 }
 
 void PrepRecod::NommerVit() {
-  const std::string nom = principal_.Ecran().saisir(kDemandeNomVit, {});
-  Agir([&] { CommencerVit(etat_, nom); });
+  const std::string nom = principal_.Ecran().saisir(sorts::kDemandeNomVit, {});
+  Agir([&] { sorts::CommencerVit(etat_, nom); });
 }
 
 void PrepRecod::ChoisirCodeDeVit(int rang) {
-  Agir([=, this] { AjouterCodeALaVit(etat_, ui_->ComboVIT->itemData(rang).toInt()); });
+  Agir([=, this] { sorts::AjouterCodeALaVit(etat_, ui_->ComboVIT->itemData(rang).toInt()); });
   if (!ui_->ChkVITAv->isChecked()) return;
-  const std::string score = principal_.Ecran().saisir(kDemandeScoreVit, {});
-  Agir([&] { AjouterScoreALaVit(etat_, score); });
+  const std::string score = principal_.Ecran().saisir(sorts::kDemandeScoreVit, {});
+  Agir([&] { sorts::AjouterScoreALaVit(etat_, score); });
 }
 
 void PrepRecod::EffacerVit() {
-  if (principal_.Ecran().demander(kConfirmerSuppressionVit, Boutons::OuiNon) != Reponse::Oui) return;
+  if (principal_.Ecran().demander(sorts::kConfirmerSuppressionVit, Boutons::OuiNon) != Reponse::Oui) return;
   ui_->ComboVIT->clear();
   ui_->TextVIT->setReadOnly(true);
-  Agir([this] { SupprimerVit(etat_); });
+  Agir([this] { sorts::SupprimerVit(etat_); });
 }
 
 void PrepRecod::Enregistrer() {
   bool enregistre = false;
   Agir([&] {
     try {
-      enregistre = EnregistrerPrepRecod(etat_, contexte_);
+      enregistre = sorts::EnregistrerPrepRecod(etat_, contexte_);
     } catch (const Erreur& erreur) {  // the form stays, with everything that was typed
       etat_.message = TexteErreur(erreur.Numero());
     }
@@ -246,7 +247,7 @@ void PrepRecod::closeEvent(QCloseEvent* evenement) {
 
 void PrepRecod::reject() {
   if (etat_.modifie && !parLeProgramme_ &&
-      principal_.Ecran().demander(kNonSauvegarde, Boutons::OkAnnuler) != Reponse::Ok)
+      principal_.Ecran().demander(sorts::kNonSauvegarde, Boutons::OkAnnuler) != Reponse::Ok)
     return;
   QDialog::reject();
 }
@@ -264,9 +265,9 @@ void OuvrirPrepRecod(Principal& principal) {
       return;
     }
   }
-  std::optional<EtatPrepRecod> etat;
-  principal.Lancer([&](const Contexte& contexte) { etat = PreparerRecodage(contexte); });
+  std::optional<sorts::EtatPrepRecod> etat;
+  principal.Lancer([&](const Contexte& contexte) { etat = sorts::PreparerRecodage(contexte); });
   if (etat) principal.Montrer<PrepRecod>(std::move(*etat));
 }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -12,12 +12,12 @@ namespace Ui {
 class PrepRecod;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class PrepRecod : public QDialog {
   Q_OBJECT
  public:
-  PrepRecod(Principal& principal, EtatPrepRecod etat);
+  PrepRecod(Principal& principal, sorts::EtatPrepRecod etat);
   ~PrepRecod() override;
 
   // Whether the form was opened on that generic.
@@ -46,11 +46,11 @@ class PrepRecod : public QDialog {
 
   Principal& principal_;
   Contexte contexte_;  // of the generic that the form was opened on
-  EtatPrepRecod etat_;
+  sorts::EtatPrepRecod etat_;
   bool parLeProgramme_ = false;  // closed by the program, not left by the user
   std::unique_ptr<Ui::PrepRecod> ui_;
 };
 
 void OuvrirPrepRecod(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -2,7 +2,7 @@
 
 #include "ui_choixecapem.h"
 
-namespace quelvar {
+namespace quelvar::forms {
 
 ChoixEcapem::ChoixEcapem(Principal& principal)
     : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::ChoixEcapem>()) {
@@ -33,31 +33,32 @@ void ChoixEcapem::MontrerEtat() {
   ui_->FrSeuil->setEnabled(!cliques && !ui_->ChkK2->isChecked());
 }
 
-OptionsEcapem ChoixEcapem::Options() const {
-  OptionsEcapem options;
+tables::OptionsEcapem ChoixEcapem::Options() const {
+  tables::OptionsEcapem options;
   options.cliques = ui_->CheckClique->isChecked();
   if (ui_->ChkIntit->isChecked())
-    options.intitules = ui_->OptCourt->isChecked() ? ModeIntitules::Courts : ModeIntitules::QuatreCaracteres;
-  options.seuil = ui_->ChkK2->isChecked()   ? SeuilKhi2::Aucun
-                  : ui_->Opt10->isChecked() ? SeuilKhi2::DixPourCent
-                  : ui_->Opt5->isChecked()  ? SeuilKhi2::CinqPourCent
-                                            : SeuilKhi2::UnPourCent;
+    options.intitules =
+        ui_->OptCourt->isChecked() ? tables::ModeIntitules::Courts : tables::ModeIntitules::QuatreCaracteres;
+  options.seuil = ui_->ChkK2->isChecked()   ? tables::SeuilKhi2::Aucun
+                  : ui_->Opt10->isChecked() ? tables::SeuilKhi2::DixPourCent
+                  : ui_->Opt5->isChecked()  ? tables::SeuilKhi2::CinqPourCent
+                                            : tables::SeuilKhi2::UnPourCent;
   options.positifsSeuls = ui_->ChkCompact->isChecked();
   options.diagonalisation = ui_->ChkRetour->isChecked();
   options.tousTableaux = ui_->ChkTab->isChecked();
   options.liensLignes = ui_->ChkPEL->isChecked();
-  options.choixLiens = ui_->Opt2M->isChecked()   ? ChoixDeLiens::DeuxMille
-                       : ui_->Opt50->isChecked() ? ChoixDeLiens::IndexDe80
-                                                 : ChoixDeLiens::Tous;
+  options.choixLiens = ui_->Opt2M->isChecked()   ? tables::ChoixDeLiens::DeuxMille
+                       : ui_->Opt50->isChecked() ? tables::ChoixDeLiens::IndexDe80
+                                                 : tables::ChoixDeLiens::Tous;
   return options;
 }
 
 void ChoixEcapem::LancerAnalyse() {
-  const OptionsEcapem options = Options();
-  principal_.Lancer([&](const Contexte& contexte) { Ecapem(contexte, options); });
+  const tables::OptionsEcapem options = Options();
+  principal_.Lancer([&](const Contexte& contexte) { tables::Ecapem(contexte, options); });
   principal_.FermerFormes();
 }
 
 void OuvrirChoixEcapem(Principal& principal) { principal.Montrer<ChoixEcapem>(); }
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -11,7 +11,7 @@ namespace Ui {
 class ChoixEcapem;
 }
 
-namespace quelvar {
+namespace quelvar::forms {
 
 class ChoixEcapem : public QDialog {
   Q_OBJECT
@@ -21,7 +21,7 @@ class ChoixEcapem : public QDialog {
 
  private:
   void MontrerEtat();
-  OptionsEcapem Options() const;
+  tables::OptionsEcapem Options() const;
   void LancerAnalyse();
 
   Principal& principal_;
@@ -30,4 +30,4 @@ class ChoixEcapem : public QDialog {
 
 void OuvrirChoixEcapem(Principal& principal);
 
-}  // namespace quelvar
+}  // namespace quelvar::forms

@@ -15,6 +15,8 @@
 #include "forms/pilote.h"
 #include "forms/programmes/crosstab/graphe2.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Actif;
@@ -23,9 +25,9 @@ using essai::Cliquer;
 using essai::Coche;
 using essai::Pilote;
 using essai::Visible;
-using quelvar::ChoixVar;
-using quelvar::Graphe2;
-using quelvar::VueDessin;
+using quelvar::forms::ChoixVar;
+using quelvar::forms::Graphe2;
+using quelvar::forms::VueDessin;
 
 // Eight individuals: SEX x VOT 3 1 / 1 3; REG has three codes.
 struct BureauDEnquete : Bureau {
@@ -262,13 +264,13 @@ TEST(RenduDessin, QuatreFormatsEtEchecs) {
   const std::pair<const char*, std::string_view> debuts[] = {
       {"a.bmp", "BM"}, {"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.pdf", "%PDF"}};
   for (const auto& [fichier, debut] : debuts) {
-    ASSERT_TRUE(quelvar::EnregistrerDessin(nom(fichier), dessin)) << fichier;
+    ASSERT_TRUE(quelvar::forms::EnregistrerDessin(nom(fichier), dessin)) << fichier;
     EXPECT_TRUE(quelvar::LireOctets(dossier.Chemin() / fichier).starts_with(debut)) << fichier;
   }
   essai::EcrireOctets(dossier.Chemin() / "a.gif", "former");
-  EXPECT_FALSE(quelvar::EnregistrerDessin(nom("a.gif"), dessin));
+  EXPECT_FALSE(quelvar::forms::EnregistrerDessin(nom("a.gif"), dessin));
   EXPECT_EQ(quelvar::LireOctets(dossier.Chemin() / "a.gif"), "former");
-  EXPECT_FALSE(quelvar::EnregistrerDessin(nom("absent/a.png"), dessin));
+  EXPECT_FALSE(quelvar::forms::EnregistrerDessin(nom("absent/a.png"), dessin));
 }
 
 TEST(VueDessin, ZoomAutourDeLaSouris) {

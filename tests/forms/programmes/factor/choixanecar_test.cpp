@@ -12,6 +12,8 @@
 #include "core/texte/texte.h"
 #include "forms/pilote.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Bureau;

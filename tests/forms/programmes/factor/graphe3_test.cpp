@@ -18,6 +18,9 @@
 #include "forms/images/vuedessin.h"
 #include "forms/pilote.h"
 
+using namespace quelvar::factor;
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Bureau;
@@ -27,9 +30,9 @@ using essai::Pilote;
 using quelvar::Couleur;
 using quelvar::Forme;
 using quelvar::GenreForme;
-using quelvar::Graphe3;
 using quelvar::Position;
-using quelvar::VueDessin;
+using quelvar::forms::Graphe3;
+using quelvar::forms::VueDessin;
 
 // Four columns at the corners of the plane, two individuals, links, a classification.
 struct BureauDePlan : Bureau {

@@ -15,6 +15,8 @@
 #include "forms/programmes/modalities/nomemod.h"
 #include "forms/programmes/modalities/nomquest.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using namespace essai;

@@ -13,6 +13,8 @@
 #include "forms/cadre/principal2.h"
 #include "forms/pilote.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Actif;
@@ -20,8 +22,8 @@ using essai::Bureau;
 using essai::Cliquer;
 using essai::Coche;
 using essai::Pilote;
-using quelvar::PrepRecod;
-using quelvar::Principal2;
+using quelvar::forms::PrepRecod;
+using quelvar::forms::Principal2;
 
 class FormeRecodage : public testing::Test {
  protected:

@@ -10,13 +10,15 @@
 
 #include "forms/pilote.h"
 
+using namespace quelvar::forms;
+
 namespace {
 
 using essai::Actif;
 using essai::Bureau;
 using essai::Cliquer;
 using essai::Etiquette;
-using quelvar::ChoixEcapem;
+using quelvar::forms::ChoixEcapem;
 
 class FormeEcapem : public testing::Test {
  protected:
