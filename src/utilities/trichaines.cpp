@@ -6,8 +6,8 @@
 #include <limits>
 #include <span>
 
-#include "core/erreur.h"
-#include "core/tris.h"
+#include "core/calcul/tris.h"
+#include "core/programme/erreur.h"
 
 namespace quelvar::utilities {
 

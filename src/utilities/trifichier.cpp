@@ -5,7 +5,7 @@
 #include <cstring>
 #include <optional>
 
-#include "core/nombres.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme.h"
+#include "core/programme/programme.h"
 #include "utilities/trichaines.h"
 
 namespace quelvar::utilities {
