@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "core/tris.h"
+#include "core/calcul/tris.h"
 #include "support/programme.h"
 
 namespace quelvar::utilities {
