@@ -3,6 +3,8 @@
 # Qt, static analysis, and a short run of the fuzz targets.
 #   ./test.sh            everything; installs what is missing
 #   ./test.sh --rapide   the suite of the dev preset only, installs nothing
+#   ./test.sh --avant-envoi   what would be refused in what has changed: layout, arrows, the suite of the dev preset,
+#                             analysis of the sources that changed or whose headers did
 set -uo pipefail
 cd "$(dirname "$0")" || exit 1
 . tools/paquets.sh
@@ -58,16 +60,23 @@ tout() {
   suite release -DQUELVAR_BENCH=ON
   etape "chaîne d'exemple" chaine
   suite asan ""
-  etape "construction sans Qt" eval \
-    "cmake --preset core -DQUELVAR_TESTS=ON -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON && cmake --build --preset core"
+  suite core -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
   etape "analyse statique" tools/tidy.sh build/release
   if [ -d fuzz ]; then etape "lectures au hasard" fuzz/court.sh; fi
 }
 
+avant_envoi() {
+  etape "mise en page des sources" tools/format.sh --verifier
+  etape "sens des flèches" tools/fleches.sh
+  suite dev ""
+  etape "analyse statique" tools/tidy.sh build/dev
+}
+
 case "${1:-}" in
   --rapide) suite dev "" ;;
+  --avant-envoi) avant_envoi ;;
   "") tout ;;
-  *) sed -n '2,5p' "$0"; exit 2 ;;
+  *) sed -n '2,9p' "$0"; exit 2 ;;
 esac
 echo
 echo "$reussis passed, $echecs failed"

@@ -35,6 +35,16 @@ if(QUELVAR_WERROR AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILE
     -Wno-error=stringop-overread -Wno-error=restrict)
 endif()
 
+# Below the forms: what computes and prints is optimised a little in every debug build, for its tests run over whole
+# surveys; the sanitizers of undefined behaviour look there and not into what Qt generates.
+add_library(quelvar_calcul INTERFACE)
+target_compile_options(quelvar_calcul INTERFACE $<$<CONFIG:Debug>:-O1>)
+if(QUELVAR_INDEFINIS)
+  set(detecteurs -fsanitize=undefined,float-divide-by-zero,float-cast-overflow)
+  target_compile_options(quelvar_calcul INTERFACE ${detecteurs} -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=undefined)
+endif()
+
 # quelvar_bibliotheque(core SOURCES texte.cpp ... [DEPEND other folders or targets])
 # makes quelvar_core of the files of this folder; includes are written from src/ ("core/texte.h").
 function(quelvar_bibliotheque nom)
@@ -44,6 +54,9 @@ function(quelvar_bibliotheque nom)
     add_library(${cible} STATIC ${A_SOURCES})
     set(portee PUBLIC)
     target_link_libraries(${cible} PRIVATE quelvar_options)
+    if(NOT nom STREQUAL "forms")
+      target_link_libraries(${cible} PRIVATE quelvar_calcul)
+    endif()
   else()
     add_library(${cible} INTERFACE)
     set(portee INTERFACE)

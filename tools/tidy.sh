@@ -1,8 +1,43 @@
 #!/usr/bin/env bash
-# Static analysis of src/ after .clang-tidy; the argument is a build directory (default build/dev).
+# Static analysis of src/ after .clang-tidy.
+#   tools/tidy.sh [DOSSIER [FICHIER...]]    a build directory (default build/dev) that is up to date; all of src/
+# A file that was found clean is not looked at again until something that it reads has changed: its verdict is kept
+# under the hash of its own bytes, of every header of ours that it includes, and of .clang-tidy.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 dossier=${1:-build/dev}
+shift || true
+cache=${XDG_CACHE_HOME:-$HOME/.cache}/quelvar-tidy
+mkdir -p "$cache"
+travail=$(mktemp -d)
+trap 'rm -rf "$travail"' EXIT
+
+git ls-files 'src/*.cpp' >"$travail/tous"
+if [ $# -gt 0 ]; then printf '%s\n' "$@" | sort | comm -12 - <(sort "$travail/tous") >"$travail/voulus"
+else cp "$travail/tous" "$travail/voulus"; fi
+
+# Every header of ours that each source reads, as the last build saw it: "source header", paths from the root.
+(cd "$dossier" && ninja -t deps) |
+  sed -n 's|^\([^ ].*\): #deps.*|= \1|p; s|^    .*\(src/[a-z].*\)|\1|p' |
+  awk '/^= / { source = ""; next } source == "" { source = $0 } { print source, $0 }' |
+  sort -u >"$travail/lectures"
+cut -d' ' -f2 "$travail/lectures" | sort -u |
+  while read -r lu; do [ ! -f "$lu" ] || echo "$lu"; done | xargs -r sha256sum >"$travail/empreintes"
+reglage=$({ clang-tidy-14 --version; cat .clang-tidy; } | sha256sum)
+awk -v reglage="$reglage" '
+  FILENAME ~ /empreintes$/ { empreinte[$2] = $1; next }
+  FILENAME ~ /lectures$/ { cles[$1] = cles[$1] empreinte[$2]; next }
+  { print $1, reglage, cles[$1] }' "$travail/empreintes" "$travail/lectures" "$travail/voulus" |
+  while read -r source reste; do
+    cle=$({ echo "$source $reste"; cat "$source"; } | sha256sum | cut -d' ' -f1)
+    [ -e "$cache/$cle" ] || echo "$source $cle"
+  done >"$travail/a_voir"
+
 # The warnings of the compiler are g++'s matter: here only the checks count.
-git ls-files -z 'src/*.cpp' |
-  xargs -0 -r -n 4 -P "$(nproc)" clang-tidy-14 --quiet -p "$dossier" --extra-arg=-w 2> >(grep -v "warnings* generated" >&2)
+examiner() {
+  clang-tidy-14 --quiet -p "$1" --extra-arg=-w "$3" 2> >(grep -v "warnings* generated" >&2) && touch "$2/$4"
+}
+export -f examiner
+xargs -r -n 2 -P "$(nproc)" bash -c 'examiner "$0" "$1" "$2" "$3"' "$dossier" "$cache" <"$travail/a_voir"
+find "$cache" -type f -mtime +60 -delete
+echo "$(wc -l <"$travail/a_voir") fichiers analysés sur $(wc -l <"$travail/voulus")"
