@@ -39,6 +39,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeAnecar(),
       ProgrammeWardCoupe(),
       ProgrammeGraphe(),
+      ProgrammePrepText(),
       ProgrammeTriFichier(),
       // clang-format on
   };

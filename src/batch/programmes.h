@@ -163,6 +163,7 @@ Programme ProgrammeNomeMod();
 Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
 Programme ProgrammePrepRecod();
+Programme ProgrammePrepText();
 Programme ProgrammeRecodage();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();

@@ -1,0 +1,28 @@
+// The lines of a text held in memory, by the rules of LecteurLignes.
+#pragma once
+
+#include <string_view>
+
+namespace quelvar::text {
+
+class LignesDuTexte {
+ public:
+  explicit LignesDuTexte(std::string_view octets) : reste_(octets) {
+    if (reste_.ends_with('\x1A')) reste_.remove_suffix(1);
+  }
+
+  // The next line without its end, as a view on the text; false behind the last one.
+  bool Lire(std::string_view& ligne) {
+    if (reste_.empty()) return false;
+    const std::size_t saut = reste_.find('\n');
+    ligne = reste_.substr(0, saut);
+    reste_.remove_prefix(saut == std::string_view::npos ? reste_.size() : saut + 1);
+    if (ligne.ends_with('\r')) ligne.remove_suffix(1);
+    return true;
+  }
+
+ private:
+  std::string_view reste_;
+};
+
+}  // namespace quelvar::text

@@ -1,0 +1,181 @@
+#include "text/preparation/preptext.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "core/session/session.h"
+#include "core/texte/nombres.h"
+#include "text/commun/generique_neuf.h"
+#include "text/commun/lignes.h"
+#include "text/commun/source.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::size_t kOctetsMontres = 600;
+constexpr std::size_t kOctetsParBloc = 20;
+constexpr std::size_t kLignesMontrees = 10;
+
+// The head of a text and the number of its lines.
+struct Apercu {
+  std::vector<std::string> lignes;
+  std::int64_t nombre = 0;
+
+  void Compter(std::string_view ligne) {
+    ++nombre;
+    if (lignes.size() < kLignesMontrees) lignes.emplace_back(ligne);
+  }
+};
+
+Apercu ApercuDe(std::string_view octets) {
+  Apercu apercu;
+  LignesDuTexte lignes(octets);
+  for (std::string_view ligne; lignes.Lire(ligne);) apercu.Compter(ligne);
+  return apercu;
+}
+
+// Writes the lines that are not empty; returns what was written.
+Apercu EcrireSansLignesVides(Ecrivain& fichier, std::string_view octets) {
+  Apercu apercu;
+  LignesDuTexte lignes(octets);
+  for (std::string_view ligne; lignes.Lire(ligne);) {
+    if (ligne.empty()) continue;
+    apercu.Compter(ligne);
+    fichier.Ligne(ligne);
+  }
+  return apercu;
+}
+
+// Codes of a block in fields of three, then its characters below them.
+void EcrireBloc(Rapport& rapport, std::string_view octets) {
+  std::string codes;
+  std::string caracteres;
+  for (const char c : octets) {
+    if (!codes.empty()) {
+      codes += ' ';
+      caracteres += ' ';
+    }
+    const int code = static_cast<unsigned char>(c);
+    codes += EntierDroit(code, 3);
+    caracteres += Joindre({"  ", std::string(1, code < 32 ? '.' : c)});
+  }
+  rapport.Ligne(codes);
+  rapport.Ligne(caracteres);
+}
+
+void EcrireCodes(Rapport& rapport, std::string_view anciens, std::string_view nouveaux) {
+  rapport.Ligne("Code décimal et charactères imprimables : anciens, nouveaux"_w);
+  for (std::size_t debut = 0; debut < anciens.size(); debut += kOctetsParBloc) {
+    EcrireBloc(rapport, anciens.substr(debut, kOctetsParBloc));
+    EcrireBloc(rapport, nouveaux.substr(debut, kOctetsParBloc));
+  }
+}
+
+void EcrireApercu(Rapport& rapport, std::string_view quoi, std::string_view nom, const Apercu& apercu,
+                  std::string_view sens) {
+  rapport.Ligne({"Impression des 10 premières lignes du fichier "_w, quoi, " ", nom});
+  for (const std::string& ligne : apercu.lignes) rapport.Ligne(ligne);
+  rapport.Ligne({"Le nombre de lignes en ", sens, " est de ", NombreNu(apercu.nombre)});
+}
+
+// The files of the data set that go along, copied as they are.
+class FichiersTransmis {
+ public:
+  FichiersTransmis(const Contexte& contexte, const std::string& nouveau) : contexte_(contexte), nouveau_(nouveau) {}
+
+  void Annoncer(Rapport& rapport, std::string_view extension, std::string_view debut) {
+    const std::optional<Chemin> source = contexte_.Chercher(extension);
+    if (!source) return;
+    sources_.push_back({*source, nouveau_ + std::string(extension)});
+    rapport.Ligne({debut, contexte_.Nom(extension), " sera transmis sous le nom ", sources_.back().nom});
+  }
+  void Copier() {
+    for (const Transmis& transmis : sources_) {
+      copies_.push_back(std::make_unique<Remplacement>(contexte_.repertoire, transmis.nom));
+      copies_.back()->Fichier().Ecrire(LireOctets(transmis.source));
+      copies_.back()->Achever();
+    }
+  }
+  void Valider() {
+    for (const auto& copie : copies_) copie->Valider();
+  }
+
+ private:
+  struct Transmis {
+    Chemin source;
+    std::string nom;
+  };
+  const Contexte& contexte_;
+  const std::string& nouveau_;
+  std::vector<Transmis> sources_;
+  std::vector<std::unique_ptr<Remplacement>> copies_;
+};
+
+// Name without the directories before it.
+std::string NomSeul(const std::string& saisi) { return TexteDe(CheminDe(saisi).filename()); }
+
+void ExigerTexte(const Contexte& contexte, Rapport& rapport, const std::string& nom,
+                 const std::optional<Chemin>& source) {
+  const bool vide = source && LongueurFichier(*source) == 0;
+  if (source && !vide) return;
+  contexte.Ecran().biper();
+  rapport.Ligne({"Le fichier des donnees ", nom, std::string_view(vide ? " est vide" : " n'existe pas")});
+  throw Erreur(kArretAnnonce);
+}
+
+void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText& options, const std::string& nouveau) {
+  const std::string nomOrigine = NomDeLOrigine(contexte, options);
+  const std::string nomNeuf = nouveau + ".txt";
+  const std::optional<Chemin> source =
+      ChercherFichier(contexte.repertoire, options.fichier.empty() ? nomOrigine : options.fichier);
+  EcrireBandeau(rapport, "Préparation d'un fichier texte"_w);
+  rapport.Ligne({"Le nom du fichier d'origine est  ", nomOrigine});
+  rapport.Ligne({"Le nom du fichier de texte modifié sera "_w, nomNeuf});
+  rapport.Ligne();
+  FichiersTransmis transmis(contexte, nouveau);
+  transmis.Annoncer(rapport, ".pos", "Le fichier de position  ");
+  transmis.Annoncer(rapport, ".mod", "Le fichier de modalités "_w);
+  ExigerTexte(contexte, rapport, nomOrigine, source);
+
+  std::string texte = LireTexte(contexte, *source, nomOrigine, rapport);
+  const Apercu ancien = ApercuDe(texte);
+  const std::string anciensOctets = texte.substr(0, kOctetsMontres);
+  TransformerOctets(texte, options);
+  EcrireCodes(rapport, anciensOctets, std::string_view(texte).substr(0, kOctetsMontres));
+
+  Remplacement neuf(contexte.repertoire, nomNeuf);
+  const Apercu modifie = EcrireSansLignesVides(neuf.Fichier(), texte);
+  neuf.Achever();
+  EcrireApercu(rapport, "d'origine", nomOrigine, ancien, "entrée"_w);
+  EcrireApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
+  transmis.Copier();
+  neuf.Valider();
+  transmis.Valider();
+  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  EcrireChangement(rapport, contexte, nouveau);
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+std::string NomDeLOrigine(const Contexte& contexte, const OptionsPrepText& options) {
+  if (!options.fichier.empty()) return NomSeul(options.fichier);
+  return contexte.Nom(options.fichierDat ? ".DAT" : ".txt");
+}
+
+std::string RefusDePreparer(const Contexte& contexte, const OptionsPrepText& options) {
+  if (options.fichierDat || !options.fichier.empty() || contexte.Chercher(".txt")) return {};
+  return Joindre({"*** Attention ***\r\n",
+                  "Le fichier de texte n'est pas présent avec une extension *.txt le choisir manuellement"_w});
+}
+
+Fin PrepText(const Contexte& contexte, const OptionsPrepText& options, std::string& nouveau) {
+  nouveau = ChoisirGeneriqueNeuf(contexte);
+  if (nouveau.empty()) return Fin::Arret;
+  return ExecuterProgramme(contexte, nouveau + ".prt", LibellesErreur{},
+                           [&](Rapport& rapport) { Preparer(rapport, contexte, options, nouveau); });
+}
+
+}  // namespace quelvar::text

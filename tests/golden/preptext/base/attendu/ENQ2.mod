@@ -1,0 +1,2 @@
+ENQ
+ BRT=2 FMT=1 
