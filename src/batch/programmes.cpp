@@ -40,6 +40,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeWardCoupe(),
       ProgrammeGraphe(),
       ProgrammePrepText(),
+      ProgrammeSaisieMot(),
       ProgrammeTriFichier(),
       // clang-format on
   };

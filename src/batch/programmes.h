@@ -165,6 +165,7 @@ Programme ProgrammePosmod();
 Programme ProgrammePrepRecod();
 Programme ProgrammePrepText();
 Programme ProgrammeRecodage();
+Programme ProgrammeSaisieMot();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();

@@ -1,4 +1,5 @@
 #include "batch/programmes.h"
+#include "text/decoupage/saisiemot.h"
 #include "text/preparation/preptext.h"
 
 namespace quelvar::batch {
@@ -8,6 +9,23 @@ namespace {
 Fin LancerPrepText(const Contexte& contexte, const text::OptionsPrepText& options) {
   std::string nouveau;
   return text::PrepText(contexte, options, nouveau);
+}
+
+// The boxes of the form come first; nothing runs before them.
+Fin LancerSaisieMot(const Contexte& contexte, const text::OptionsSaisieMot& options) {
+  const std::string refus = text::RefusDeDecouper(options);
+  if (refus.empty()) return text::SaisieMot(contexte, options);
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(refus, Boutons::Ok);
+  return Fin::Arret;
+}
+
+// An option button of the form: "oui" takes it, "non" changes nothing.
+template <typename Options, typename T>
+std::function<void(Options&, const std::string&)> Bouton(const char* nom, T Options::*membre, T choisi) {
+  return [=](Options& options, const std::string& valeur) {
+    if (LireOuiNon(nom, valeur)) options.*membre = choisi;
+  };
 }
 
 }  // namespace
@@ -30,6 +48,46 @@ Programme ProgrammePrepText() {
       .Alias({"cmdfichdat"})
       .Texte("fichier", &O::fichier, "FICHIER", "autre fichier de texte")
       .Alias({"cmdficha"});
+}
+
+Programme ProgrammeSaisieMot() {
+  using O = text::OptionsSaisieMot;
+  using text::ModeStimulus;
+  using text::ReponseVide;
+  Description<O> description("saisiemot", "Découpage en mots d'un texte (.DAT, .POS, .IMP)"_w, LancerSaisieMot);
+  description.Entier("position", &O::position, 0, 32767, "colonne où finissent les caractéristiques"_w)
+      .Alias({"tbpos"})
+      .Choix<ReponseVide>("vides", &O::vide, {{"nr", ReponseVide::NonReponse}, {"supprimees", ReponseVide::Supprimee}},
+                          "lignes sans texte : réponse NR, ou supprimées"_w)
+      .Choix<ModeStimulus>("mode", &O::mode,
+                           {{"1", ModeStimulus::Aucun},
+                            {"2", ModeStimulus::CaracteristiqueReportee},
+                            {"3", ModeStimulus::Caracteristique},
+                            {"4", ModeStimulus::FinDeMot},
+                            {"5", ModeStimulus::FinDeMotSupprimee}},
+                           "question ouverte (1), stimulus dans les caractéristiques et reporté (2) ou non (3), en fin "
+                           "de mot et laissé (4) ou supprimé (5)"_w)
+      .Entier("stimulus", &O::positionStimulus, 0, 32767, "colonne du stimulus, en modes 2 et 3")
+      .Alias({"tbposstim"})
+      .Entier("lignes", &O::lignesMax, 1, 9999, "lignes de texte d'un individu au plus")
+      .Alias({"cblignmax"})
+      .OuiNon("auxiliaires", &O::auxiliaires, "garde les fichiers auxiliaires .NT1, .TR1 et .EDI")
+      .Alias({"opfichauxy"})
+      .OuiNon("themes", &O::themes, "ne garde que les mots qui commencent par $, comme thèmes"_w)
+      .Alias({"chkthemes"});
+  const auto bouton = [&](const char* nom, auto membre, auto choisi, std::string_view aide) {
+    description.Libre(nom, "oui|non", "", aide, Bouton<O>(nom, membre, choisi));
+  };
+  bouton("optnr", &O::vide, ReponseVide::NonReponse, "la case du formulaire : vides=nr");
+  bouton("optsupr", &O::vide, ReponseVide::Supprimee, "la case du formulaire : vides=supprimees");
+  bouton("opfichauxn", &O::auxiliaires, false, "la case du formulaire : auxiliaires=non");
+  bouton("opquestouv", &O::mode, ModeStimulus::Aucun, "la case du formulaire : mode=1");
+  bouton("opnonnote", &O::mode, ModeStimulus::Aucun, "la case du formulaire : mode=1");
+  bouton("opcaracfinmoty", &O::mode, ModeStimulus::CaracteristiqueReportee, "la case du formulaire : mode=2");
+  bouton("opcaracfinmotn", &O::mode, ModeStimulus::Caracteristique, "la case du formulaire : mode=3");
+  bouton("opstimfiny", &O::mode, ModeStimulus::FinDeMot, "la case du formulaire : mode=4");
+  bouton("opstimfinmotn", &O::mode, ModeStimulus::FinDeMotSupprimee, "la case du formulaire : mode=5");
+  return description;
 }
 
 }  // namespace quelvar::batch

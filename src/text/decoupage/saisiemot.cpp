@@ -1,0 +1,240 @@
+#include "text/decoupage/saisiemot.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "core/texte/nombres.h"
+#include "text/commun/source.h"
+#include "text/decoupage/liste.h"
+#include "text/decoupage/positions.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::int64_t kMotsLongsMontres = 10;
+
+Gabarit GabaritDe(const OptionsSaisieMot& options) {
+  return {static_cast<std::size_t>(std::max(options.position, 0)), options.mode,
+          static_cast<std::size_t>(std::max(options.positionStimulus, 0)), options.themes};
+}
+
+Chemin TrouverTexte(Rapport& rapport, const Contexte& contexte) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".TXT");
+  const bool vide = chemin && LongueurFichier(*chemin) == 0;
+  if (chemin && !vide) return *chemin;
+  contexte.Ecran().biper();
+  rapport.Ligne("*** Arrêt du programme"_w);
+  rapport.Ligne({"*** Le fichier ", contexte.Nom(".TXT"), std::string_view(vide ? " est vide" : " n'existe pas")});
+  throw Erreur(kArretAnnonce);
+}
+
+void EcrireNoms(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {
+  constexpr std::string_view kEntree = "       et servira d'entrée pour la création du tableau lexical des questions"_w;
+  if (options.auxiliaires) {
+    rapport.Ligne({"Le fichier de sortie mots longs non triés est  "_w, contexte.Nom(".NT1")});
+    rapport.Ligne({"Le fichier de sortie mots longs triés est  "_w, contexte.Nom(".TR1")});
+    rapport.Ligne({"Le fichier de sortie mots courts+longs+fréquence est "_w, contexte.Nom(".EDI")});
+  }
+  rapport.Ligne({"Le fichier de sortie mots triés est  "_w, contexte.Nom(".DAT")});
+  rapport.Ligne(kEntree);
+  rapport.Ligne({"Le fichier de position en sortie sera  ", contexte.Nom(".POS")});
+  rapport.Ligne(kEntree);
+  rapport.Ligne({"Le fichier d'impression est ", contexte.Nom(".IMP")});
+  rapport.Ligne({"Position de fin des caractéristiques  "_w, NombreNu(options.position)});
+  rapport.Ligne({"Nombre de lignes maximum par individu ", NombreNu(options.lignesMax)});
+}
+
+void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
+  switch (options.mode) {
+    case ModeStimulus::Aucun: rapport.Ligne("Traitement de mots de question ouverte"); return;
+    case ModeStimulus::CaracteristiqueReportee:
+    case ModeStimulus::Caracteristique:
+      rapport.Ligne({"Le stimulus est dans les caractéristiques à la position "_w, NombreNu(options.positionStimulus)});
+      rapport.Ligne(options.mode == ModeStimulus::CaracteristiqueReportee
+                        ? "   il sera reporté en fin de mot"_w
+                        : "   il ne sera pas reporté en fin de mot"_w);
+      return;
+    case ModeStimulus::FinDeMot:
+    case ModeStimulus::FinDeMotSupprimee: break;
+  }
+  rapport.Ligne("Le stimulus est en fin de mot et sera reporté"_w);
+  rapport.Ligne({"  en fin de caractéristiques à la position "_w, NombreNu(options.position + 1)});
+  rapport.Ligne(options.mode == ModeStimulus::FinDeMot ? "   il sera laissé en fin de mot"_w
+                                                       : "   il sera supprimé en fin de mot"_w);
+}
+
+// The questions of the former position file, if there is one.
+std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, const Contexte& contexte,
+                                                          const Gabarit& gabarit) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  if (!chemin) return std::nullopt;
+  const FichierPos pos = LirePos(*chemin);
+  ExigerParentheses(pos.taille, contexte.Ecran());
+  std::vector<std::string> auDela;
+  std::vector<QuestionDesMots> questions = ReprendreQuestions(pos, gabarit, auDela);
+  if (auDela.empty()) return questions;
+  std::string noms;
+  for (const std::string& nom : auDela) noms += ' ' + nom;
+  Avertir(rapport, contexte.Ecran(),
+          Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ", contexte.Nom(".POS"),
+                   " hors des caractéristiques, non reprise(s) :"_w, noms}));
+  return questions;
+}
+
+// A data file that no cutting has written holds a survey: the user is asked before it goes.
+void ConfirmerRemplacement(const Contexte& contexte) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".DAT");
+  if (!chemin) return;
+  LecteurLignes lecteur(*chemin);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne) || ligne.find(kFinDeMot) != std::string_view::npos) return;
+  const Reponse reponse = contexte.Ecran().demander(
+      Joindre({"Le fichier ", contexte.Nom(".DAT"),
+               " ne contient pas des mots : il va être remplacé par les mots du texte. L'acceptez-vous ?"_w}),
+      Boutons::OuiNon);
+  if (reponse != Reponse::Oui) throw Erreur(kArretAnnonce);
+}
+
+// The witnesses that write the report as the cutting goes on.
+TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {
+  const Dialogue& ecran = contexte.Ecran();
+  TemoinsDeCoupe temoins;
+  temoins.etape = [&ecran](std::string_view etape, std::int64_t nombre) {
+    ecran.montrerIteration(Joindre({etape, Nombre(nombre)}));
+  };
+  temoins.incomplete = [&rapport, &ecran](std::int64_t ligne, std::string_view texte) {
+    Avertir(rapport, ecran, Joindre({"Enregistrement incomplet à la ligne "_w, NombreNu(ligne)}));
+    rapport.Ligne(texte);
+    rapport.Ligne();
+  };
+  temoins.tropDeLignes = [&rapport, &ecran, maximum = options.lignesMax](std::string_view caracteristiques) {
+    Avertir(rapport, ecran, Joindre({"*** ERREUR : PLUS DE ", NombreNu(maximum), " LIGNES PAR INDIVIDU"}));
+    rapport.Ligne(caracteristiques);
+  };
+  temoins.sansEtoile = [&rapport, &ecran] { Avertir(rapport, ecran, "ARRET : MANQUE ETOILE FINALE"); };
+  temoins.motLong = [&rapport, mode = options.mode, nombre = std::int64_t{0}](const Concordance& mot) mutable {
+    if (++nombre > kMotsLongsMontres) return;
+    if (nombre == 1) rapport.Ligne("*** ATTENTION : mot plus long que 10 caractères"_w);
+    char champ[kLargeurMot];
+    mot.EcrireMot(champ);
+    rapport.Suite({std::string_view(champ, sizeof champ), " ", mot.Caracteristiques()});
+    if (mode != ModeStimulus::Aucun) rapport.Suite({" ", mot.Stimulus()});
+    rapport.Ligne();
+  };
+  return temoins;
+}
+
+void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, std::size_t motsGardes) {
+  rapport.Ligne({"Nombre de lignes lues en entrée "_w, NombreNu(bilan.lignes)});
+  rapport.Ligne({"Nombre de mots écrits en sortie "_w, NombreNu(bilan.mots)});
+  rapport.Ligne({"Nombre de mots de longueur supérieure à 10 ="_w, NombreNu(bilan.motsLongs)});
+  if (bilan.motsLongs > kMotsLongsMontres) rapport.Ligne(" seuls les 10 premiers sont été imprimés "_w);
+  if (bilan.erreurs > 0) {
+    Avertir(rapport, contexte.Ecran(), "ARRET DU AUX ERREURS RENCONTREES");
+    throw Erreur(kArretAnnonce);
+  }
+  if (motsGardes == 0) {
+    Avertir(rapport, contexte.Ecran(),
+            bilan.mots == 0 ? "*** Arrêt du programme : le texte ne contient aucun mot"_w
+                            : "*** Arrêt du programme : aucun mot ne commence par $, il n'y a pas de thèmes"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  rapport.Ligne("Découpage en mots terminé"_w);
+}
+
+Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
+  Corpus corpus;
+  const std::string octets = LireTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
+  const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
+  const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
+  EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
+  return corpus;
+}
+
+// The files of a run, put in place together; auxiliaries that are not kept go.
+class Sorties {
+ public:
+  Sorties(const Contexte& contexte, bool auxiliaires) : contexte_(contexte) {
+    Ouvrir(dat_, ".DAT");
+    Ouvrir(pos_, ".POS");
+    if (!auxiliaires) return;
+    Ouvrir(nt1_, ".NT1");
+    Ouvrir(tr1_, ".TR1");
+    Ouvrir(edi_, ".EDI");
+  }
+
+  Ecrivain& Donnees() { return dat_->Fichier(); }
+  Ecrivain& Positions() { return pos_->Fichier(); }
+  Ecrivain* NonTries() { return nt1_ ? &nt1_->Fichier() : nullptr; }
+  Ecrivain* Tries() { return tr1_ ? &tr1_->Fichier() : nullptr; }
+  Ecrivain* Edition() { return edi_ ? &edi_->Fichier() : nullptr; }
+
+  void Valider() {
+    for (std::optional<Remplacement>* sortie : {&nt1_, &tr1_, &edi_, &dat_, &pos_})
+      if (*sortie) (*sortie)->Achever();
+    for (std::optional<Remplacement>* sortie : {&nt1_, &tr1_, &edi_, &dat_, &pos_})
+      if (*sortie) (*sortie)->Valider();
+    if (nt1_) return;
+    for (const std::string_view extension : {".NT1", ".TR1", ".EDI"})
+      if (const std::optional<Chemin> ancien = contexte_.Chercher(extension)) EffacerFichier(*ancien);
+  }
+
+ private:
+  void Ouvrir(std::optional<Remplacement>& sortie, std::string_view extension) {
+    sortie.emplace(contexte_.repertoire, contexte_.Nom(extension));
+  }
+
+  const Contexte& contexte_;
+  std::optional<Remplacement> dat_, pos_, nt1_, tr1_, edi_;
+};
+
+void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {
+  EcrireBandeau(rapport, "Importation de données textuelles"_w);
+  const Chemin texte = TrouverTexte(rapport, contexte);
+  EcrireNoms(rapport, contexte, options);
+  EcrireMode(rapport, options);
+  const Gabarit gabarit = GabaritDe(options);
+  std::optional<std::vector<QuestionDesMots>> questions = LireQuestions(rapport, contexte, gabarit);
+  ConfirmerRemplacement(contexte);
+
+  Corpus corpus = Couper(rapport, contexte, options, texte);
+  Sorties sorties(contexte, options.auxiliaires);
+  if (sorties.NonTries() != nullptr) EcrireConcordances(*sorties.NonTries(), corpus);
+  const std::vector<MotDistinct> distincts = TrierEtCoder(corpus, contexte.Ecran());
+  if (sorties.Tries() != nullptr) EcrireConcordances(*sorties.Tries(), corpus);
+  if (sorties.Edition() != nullptr) EcrireEdition(*sorties.Edition(), distincts);
+  EcrireDonnees(sorties.Donnees(), corpus, distincts);
+  rapport.Ligne("Impression de la liste des mots");
+  ImprimerListe(rapport, distincts);
+  rapport.Ligne({"Nombre de mots entrés"_w, NombreNu(corpus.mots.size())});
+  rapport.Ligne({"Nombre de mots différents"_w, NombreNu(distincts.size())});
+
+  if (!questions) questions = DemanderQuestions(gabarit, contexte.Ecran());
+  else CompleterStimulus(*questions, gabarit, contexte.Ecran());
+  EcrirePosDesMots(sorties.Positions(), contexte.generique, static_cast<std::int64_t>(corpus.mots.size()), *questions);
+  sorties.Valider();
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+std::string RefusDeDecouper(const OptionsSaisieMot& options) {
+  if (options.position <= 0) return std::string("En étape 1, il faut indiquer une position non nulle"_w);
+  const bool dansCaracteristiques =
+      options.mode == ModeStimulus::CaracteristiqueReportee || options.mode == ModeStimulus::Caracteristique;
+  if (!dansCaracteristiques) return {};
+  if (options.positionStimulus <= 0) return std::string("En étape 2, il faut indiquer une position non nulle"_w);
+  if (options.positionStimulus > options.position)
+    return Joindre({"En étape 2, la position du stimulus ("_w, Nombre(options.positionStimulus),
+                    ") dépasse celle de fin des caractéristiques ("_w, Nombre(options.position), ")"});
+  return {};
+}
+
+Fin SaisieMot(const Contexte& contexte, const OptionsSaisieMot& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".IMP"), LibellesErreur{},
+                           [&](Rapport& rapport) { Decouper(rapport, contexte, options); });
+}
+
+}  // namespace quelvar::text
