@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "capture/nomscourts.h"
 #include "capture/presence.h"
 #include "capture/tableur.h"
 #include "core/enquete/posfile.h"
@@ -15,7 +16,7 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kLignesDeVerification = 10;  // lines of the .DAT shown in the report
-constexpr std::string_view kSansNom = "XXX";
+constexpr std::size_t kPositionMaximale = 9999;    // last column that .POS can tell
 
 struct FichiersImport {
   std::string nomSource;
@@ -27,14 +28,15 @@ struct FichiersImport {
 // A column as it goes into .DAT and .POS.
 struct ColonneImportee {
   std::string intitule;
+  std::string nomCourt;      // empty when it stays out of .POS
   std::size_t position = 1;  // in .DAT, from 1
   std::size_t largeur = 0;
   double codeMax = 0;   // 0 for a column that holds no codes
   bool numero = false;  // identifies the individuals
 
-  bool EstDeCodes() const { return largeur > 0 && largeur <= kLargeurCodes; }
-  bool DansPos() const { return codeMax > 0 && !numero; }
-  std::string NomCourt() const { return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, 3); }
+  bool EstEtroite() const { return largeur > 0 && largeur <= kLargeurCodes; }
+  bool HorsDePortee() const { return position > kPositionMaximale; }
+  bool DansPos() const { return codeMax > 0 && !numero && !HorsDePortee(); }
 };
 
 FichiersImport TrouverFichiers(const Contexte& contexte) {
@@ -48,10 +50,29 @@ FichiersImport TrouverFichiers(const Contexte& contexte) {
   return fichiers;
 }
 
+// A former copy that says something else goes on under the first number that is free (.PO3).
+void GarderSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& pos, const std::string& sauvegarde) {
+  const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
+  if (!ancienne) return;
+  const std::string contenu = LireOctets(*ancienne);
+  if (contenu == LireOctets(pos)) return;
+  std::string nom = sauvegarde;
+  for (nom.back() = '3'; nom.back() < '9'; ++nom.back()) {
+    const std::optional<Chemin> occupant = ChercherFichier(contexte.repertoire, nom);
+    if (!occupant) break;
+    if (LireOctets(*occupant) == contenu) return;
+  }
+  Remplacement copie(contexte.repertoire, nom);
+  copie.Fichier().Ecrire(contenu);
+  copie.Valider();
+  rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
+}
+
 void SauvegarderPos(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options, const Chemin& pos) {
   const std::string nom = contexte.Nom(".POS");
   const std::string sauvegarde = NomDeSauvegarde(nom);
   rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
+  GarderSauvegarde(rapport, contexte, pos, sauvegarde);
   CopierLignes(pos, contexte.repertoire, sauvegarde);
   rapport.Ligne({"Il est sauvegardé sous le nom "_w, sauvegarde,
                  options.sansIntitules ? " et il est effacé "_w : std::string_view{}});
@@ -88,23 +109,36 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, const FichiersIm
 }
 
 // The columns of the files to make. Raises 13 for a text in a column of codes.
-std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits, const OptionsImportCsv& options,
-                                            std::int64_t individus) {
+std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits) {
   std::vector<ColonneImportee> colonnes;
   std::size_t position = 1;
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) {
     const FaitsColonne& fait = faits.colonnes[j];
-    ColonneImportee colonne{faits.intitules[j], position, fait.largeur, 0, false};
-    if (!options.sansIntitules && fait.largeur <= kLargeurCodes) {
-      if (fait.texte) throw Erreur(kIncompatibiliteType);
-      colonne.codeMax = fait.codeMax;
-    }
+    if (fait.texte) throw Erreur(kIncompatibiliteType);
+    colonnes.push_back({faits.intitules[j], {}, position, fait.largeur, fait.codeMax, false});
     position += fait.largeur;
-    colonnes.push_back(std::move(colonne));
   }
   ColonneImportee& premiere = colonnes.front();
-  premiere.numero = premiere.intitule == "NUM" || premiere.codeMax == static_cast<double>(individus);
+  premiere.numero = premiere.intitule == "NUM" || premiere.codeMax == static_cast<double>(faits.individus);
   return colonnes;
+}
+
+// Gives the columns of .POS their names; returns those whose name is not that of their title.
+std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes) {
+  std::vector<std::size_t> rangs;
+  std::vector<std::string> intitules;
+  for (std::size_t j = 0; j < colonnes.size(); ++j) {
+    if (!colonnes[j].DansPos()) continue;
+    rangs.push_back(j);
+    intitules.push_back(colonnes[j].intitule);
+  }
+  std::vector<NomCourt> noms = NomsCourts(intitules);
+  std::vector<std::size_t> changees;
+  for (std::size_t i = 0; i < rangs.size(); ++i) {
+    colonnes[rangs[i]].nomCourt = std::move(noms[i].nom);
+    if (noms[i].distingue) changees.push_back(rangs[i]);
+  }
+  return changees;
 }
 
 std::string LigneDeColonne(const ColonneImportee& colonne, std::size_t numero) {
@@ -117,7 +151,7 @@ std::string LigneDeColonne(const ColonneImportee& colonne, std::size_t numero) {
     intitule = colonne.intitule;
   } else if (colonne.DansPos()) {
     statut = "OUI         ";
-    nomCourt = colonne.NomCourt();
+    nomCourt = colonne.nomCourt;
   }
   return Joindre({NombreFixe(static_cast<double>(numero), 4, 0), std::string(4, ' '), NombreFixe(colonne.codeMax, 4, 0),
                   std::string(10, ' '), NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(8, ' '),
@@ -155,13 +189,45 @@ void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonn
                                         : LigneDeColonne(colonnes[j], j + 1));
 }
 
+std::string NumeroEtIntitule(const ColonneImportee& colonne, std::size_t rang) {
+  return Joindre({NombreNu(rang + 1), colonne.intitule});
+}
+
+// What the import left out or changed in what it read; nothing for a source that is clean.
+void EcrireRemarques(Rapport& rapport, const FaitsTableur& faits, const std::vector<ColonneImportee>& colonnes,
+                     const std::vector<std::size_t>& nomsChanges) {
+  std::vector<std::string> remarques;
+  if (faits.lignesVides > 0) {
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.lignesVides),
+                                 "ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w}));
+  }
+  for (std::size_t j = 0; j < colonnes.size(); ++j) {
+    if (faits.colonnes[j].negatives == 0) continue;
+    remarques.push_back(
+        Joindre({"*** Attention :", NombreNu(faits.colonnes[j].negatives),
+                 "valeur(s) négative(s) comptée(s) pour 0 à la colonne"_w, NumeroEtIntitule(colonnes[j], j)}));
+  }
+  if (!nomsChanges.empty())
+    remarques.emplace_back("*** Attention : noms courts choisis pour qu'ils soient tous différents"_w);
+  for (const std::size_t j : nomsChanges)
+    remarques.push_back(Joindre({"    ", colonnes[j].nomCourt, " pour la colonne", NumeroEtIntitule(colonnes[j], j)}));
+  const auto loin = std::ranges::find_if(colonnes, &ColonneImportee::HorsDePortee);
+  if (loin != colonnes.end()) {
+    remarques.push_back(Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin - colonnes.begin() + 1),
+                                 "la position dépasse 9999, les colonnes restent hors du fichier *.POS"_w}));
+  }
+  if (remarques.empty()) return;
+  rapport.Ligne();
+  for (const std::string& remarque : remarques) rapport.Ligne(remarque);
+}
+
 void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<ColonneImportee>& colonnes,
                std::int64_t individus) {
   pos.Ligne(contexte.generique);
   pos.Ligne(NombreNu(individus));
   for (const ColonneImportee& colonne : colonnes) {
     if (!colonne.DansPos()) continue;
-    std::string ligne = Joindre({colonne.NomCourt(), NombreFixe(static_cast<double>(colonne.position), 4, 0)});
+    std::string ligne = Joindre({colonne.nomCourt, NombreFixe(static_cast<double>(colonne.position), 4, 0)});
     ligne += colonne.codeMax >= 100 ? "L3" : NombreFixe(colonne.codeMax, 2, 0);
     if (colonne.intitule.size() >= 4) ligne += Joindre({" $", colonne.intitule, "$"});
     pos.Ligne(ligne);
@@ -173,7 +239,7 @@ class MetteurEnColonnes {
  public:
   MetteurEnColonnes(const std::vector<ColonneImportee>& colonnes, const OptionsImportCsv& options) : options_(options) {
     std::size_t alignees = colonnes.size();  // behind the last column of codes the texts are not aligned
-    while (alignees > 0 && !colonnes[alignees - 1].EstDeCodes()) --alignees;
+    while (alignees > 0 && !colonnes[alignees - 1].EstEtroite()) --alignees;
     alignees_ = alignees;
     for (const ColonneImportee& colonne : colonnes) places_.push_back({colonne.position - 1, colonne.largeur});
     largeurAlignee_ = alignees == 0 ? 0 : places_[alignees - 1].debut + places_[alignees - 1].largeur;
@@ -217,11 +283,18 @@ class MetteurEnColonnes {
     if (cellule.empty()) return;
     char* champ = ligne_.data() + place.debut;
     if (!options_.sansIntitules && place.largeur <= kLargeurCodes) {
-      if (EstDecimale(cellule)) cellule = "0";
+      if (cellule.size() > place.largeur || !std::ranges::all_of(cellule, EstChiffre)) cellule = Code(cellule);
       std::memset(champ, '0', place.largeur);
     }
     cellule = cellule.substr(0, place.largeur);
     cellule.copy(champ + (place.largeur - cellule.size()), cellule.size());
+  }
+
+  static bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+
+  std::string_view Code(std::string_view cellule) {
+    code_ = ChiffresDuCode(cellule).value_or("0");
+    return code_;
   }
 
   const OptionsImportCsv& options_;
@@ -229,6 +302,7 @@ class MetteurEnColonnes {
   std::size_t largeurAlignee_ = 0;
   std::vector<Place> places_;
   std::string ligne_;
+  std::string code_;
 };
 
 // Writes the lines of .DAT; returns the first ones, for the report.
@@ -237,10 +311,11 @@ std::vector<std::string> EcrireDat(Ecrivain& dat, const Chemin& source, const Fa
                                    Progression& progression) {
   std::vector<std::string> premieres;
   MetteurEnColonnes metteur(colonnes, options);
-  LecteurTableur lecteur(source, faits.utf8);
+  LecteurTableur lecteur(source, faits.separateur);
   std::string_view ligne;
-  if (!options.sansIntitules) lecteur.Lire(ligne);
-  while (lecteur.Lire(ligne)) {
+  if (!options.sansIntitules) lecteur.Lire(ligne, faits.utf8);
+  while (lecteur.Lire(ligne, faits.utf8)) {
+    if (LigneSansValeur(ligne, faits.separateur)) continue;
     const std::string_view individu = metteur.Mettre(LigneDeTableur(ligne, faits.separateur));
     if (premieres.size() < kLignesDeVerification) premieres.emplace_back(individu);
     dat.Ligne(individu);
@@ -281,24 +356,25 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
 
   const FaitsTableur faits = ExaminerTableur(*fichiers.source, !options.sansIntitules);
-  const std::int64_t individus = faits.lignes - (options.sansIntitules ? 0 : 1);
-  const std::vector<ColonneImportee> colonnes = PlacerColonnes(faits, options, individus);
+  std::vector<ColonneImportee> colonnes = PlacerColonnes(faits);
+  const std::vector<std::size_t> nomsChanges = NommerColonnes(colonnes);
   EcrireColonnes(rapport, colonnes, options);
+  EcrireRemarques(rapport, faits, colonnes, nomsChanges);
 
   Remplacement dat(contexte.repertoire, contexte.Nom(".DAT"));
   std::vector<std::string> premieres;
   {
-    Progression progression(contexte.Ecran(), individus);
+    Progression progression(contexte.Ecran(), faits.individus);
     premieres = EcrireDat(dat.Fichier(), *fichiers.source, faits, options, colonnes, progression);
   }
   dat.Achever();
   std::optional<Remplacement> pos;
   if (!options.sansIntitules) {
     pos.emplace(contexte.repertoire, contexte.Nom(".POS"));
-    EcrirePos(pos->Fichier(), contexte, colonnes, individus);
+    EcrirePos(pos->Fichier(), contexte, colonnes, faits.individus);
     pos->Achever();
   }
-  EcrireVerification(rapport, individus, premieres, options);
+  EcrireVerification(rapport, faits.individus, premieres, options);
   dat.Valider();
   if (pos) pos->Valider();
   else if (fichiers.pos) EffacerFichier(*fichiers.pos);

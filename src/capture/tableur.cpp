@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <utility>
 
 #include "core/texte/nombres.h"
 
@@ -42,6 +44,32 @@ std::int64_t Occurrences(std::string_view ligne, char signe) {
   return nombre;
 }
 
+// Place of the quote that closes the one at `i`; the end of the line when none does.
+std::size_t FinDesGuillemets(std::string_view ligne, std::size_t i) {
+  for (++i; i < ligne.size(); ++i) {
+    if (ligne[i] != '"') continue;
+    if (i + 1 == ligne.size() || ligne[i + 1] != '"') break;
+    ++i;
+  }
+  return i;
+}
+
+// True when a field of the line opens a quote that nothing closes.
+bool GuillemetOuvert(std::string_view ligne, char separateur) {
+  if (ligne.find('"') == std::string_view::npos) return false;
+  bool debut = true;
+  for (std::size_t i = 0; i < ligne.size(); ++i) {
+    if (debut && ligne[i] == '"') {
+      i = FinDesGuillemets(ligne, i);
+      if (i == ligne.size()) return true;
+      debut = false;
+    } else {
+      debut = separateur == '\0' ? ligne[i] == ';' || ligne[i] == '\t' : ligne[i] == separateur;
+    }
+  }
+  return false;
+}
+
 // Counts of the two possible separators outside quotes.
 struct Separateurs {
   std::int64_t pointsVirgules = 0;
@@ -69,30 +97,16 @@ struct Separateurs {
     }
   }
   char Choix() const { return tabulations > pointsVirgules ? '\t' : ';'; }
-
- private:
-  // Place of the quote that closes the one at `i`; the end of the line when none does.
-  static std::size_t FinDesGuillemets(std::string_view ligne, std::size_t i) {
-    for (++i; i < ligne.size(); ++i) {
-      if (ligne[i] != '"') continue;
-      if (i + 1 == ligne.size() || ligne[i + 1] != '"') break;
-      ++i;
-    }
-    return i;
-  }
 };
 
-// A number with a sign, digits and an exponent only; nothing between its characters.
-bool EstCode(std::string_view cellule) {
-  const std::size_t debut = cellule.find_first_not_of(" \t");
-  if (debut == std::string_view::npos) return false;
-  const std::size_t fin = cellule.find_last_not_of(" \t");
-  const std::string_view nombre = cellule.substr(debut, fin - debut + 1);
-  return nombre.find_first_of(" \t") == std::string_view::npos && EstNombre(nombre);
+// The cell without its leading zeros; "0" keeps one.
+std::string_view SansZeros(std::string_view cellule) {
+  return cellule.substr(std::min(cellule.find_first_not_of('0'), cellule.size() - 1));
 }
 
-// Value of a cell of one to three digits, what most of them are; -1 for any other.
+// Value of one to three digits, what most cells are; -1 for any other.
 int ValeurDesChiffres(std::string_view cellule) {
+  if (cellule.size() > kLargeurCodes) return -1;
   int valeur = 0;
   for (const char c : cellule) {
     if (c < '0' || c > '9') return -1;
@@ -102,17 +116,35 @@ int ValeurDesChiffres(std::string_view cellule) {
 }
 
 void Retenir(FaitsColonne& colonne, std::string_view cellule) {
-  colonne.largeur = std::max(colonne.largeur, cellule.size());
-  if (cellule.empty() || colonne.largeur > kLargeurCodes) return;
-  if (const int valeur = ValeurDesChiffres(cellule); valeur >= 0) {
+  colonne.largeurLue = std::max(colonne.largeurLue, cellule.size());
+  if (cellule.empty() || colonne.largeurCode > kLargeurCodes) return;
+  const std::string_view chiffres = SansZeros(cellule);
+  if (const int valeur = ValeurDesChiffres(chiffres); valeur >= 0) {
+    colonne.largeurCode = std::max(colonne.largeurCode, chiffres.size());
     colonne.codeMax = std::max<double>(colonne.codeMax, valeur);
     return;
   }
-  if (EstDecimale(cellule)) return;
-  if (EstCode(cellule)) {
-    colonne.codeMax = std::max(colonne.codeMax, ValeurDe(cellule));
-  } else {
-    colonne.texte = true;
+  if (const std::optional<std::string> code = ChiffresDuCode(cellule)) {
+    colonne.largeurCode = std::max(colonne.largeurCode, code->size());
+    colonne.codeMax = std::max(colonne.codeMax, ValeurDe(*code));
+    if (ValeurDe(cellule) < 0) ++colonne.negatives;
+    return;
+  }
+  colonne.largeurCode = std::max(colonne.largeurCode, cellule.size());
+  if (!EstDecimale(cellule)) colonne.texte = true;
+}
+
+// A column of numbers whose digits are few holds codes, and its width is that of its code-max.
+void Mesurer(FaitsColonne& colonne, bool avecCodes) {
+  colonne.largeur = colonne.largeurLue;
+  const bool codes =
+      avecCodes && colonne.largeurCode <= kLargeurCodes && (!colonne.texte || colonne.largeurLue <= kLargeurCodes);
+  if (!codes) {
+    colonne.codeMax = 0;
+    colonne.negatives = 0;
+    colonne.texte = false;
+  } else if (!colonne.texte) {
+    colonne.largeur = colonne.codeMax > 0 ? Nombre(colonne.codeMax).size() : colonne.largeurCode;
   }
 }
 
@@ -121,6 +153,7 @@ struct Examen {
   FaitsTableur faits;
   Separateurs separateurs;
   Encodage encodage;
+  std::int64_t blanches = 0;            // blank lines met since the last row
   std::vector<unsigned char> chiffres;  // by column: the largest cell of one digit, as a character; 0 without any
 
   void LireIntitules(std::string_view ligne) {
@@ -130,7 +163,25 @@ struct Examen {
     AssurerColonnes(faits.intitules.size());
   }
 
+  // A blank line counts once a row stands behind it; one of separators tells how many columns there are.
+  void LireLigneVide(std::string_view ligne) {
+    if (ligne.find_first_not_of(' ') == std::string_view::npos) {
+      ++blanches;
+      return;
+    }
+    faits.lignesVides += std::exchange(blanches, 0) + 1;
+    std::size_t colonne = 0;
+    LigneDeTableur cellules(ligne, faits.separateur);
+    for (std::string_view cellule; cellules.Suivante(cellule);) ++colonne;
+    AssurerColonnes(colonne);
+    separateurs.CompterHorsGuillemets(ligne);
+  }
+
   void LireLigne(std::string_view ligne) {
+    if (LigneSansValeur(ligne, faits.separateur)) [[unlikely]]
+      return LireLigneVide(ligne);
+    ++faits.individus;
+    faits.lignesVides += std::exchange(blanches, 0);
     std::size_t colonne = 0;
     LigneDeTableur cellules(ligne, faits.separateur);
     const char* octets = nullptr;
@@ -151,13 +202,15 @@ struct Examen {
   }
 
   // Brings the cells of one digit into the facts of their columns.
-  void Achever() {
+  void Achever(bool avecCodes) {
     for (std::size_t j = 0; j < chiffres.size(); ++j) {
       if (chiffres[j] == 0) continue;
       FaitsColonne& colonne = faits.colonnes[j];
-      colonne.largeur = std::max<std::size_t>(colonne.largeur, 1);
+      colonne.largeurLue = std::max<std::size_t>(colonne.largeurLue, 1);
+      colonne.largeurCode = std::max<std::size_t>(colonne.largeurCode, 1);
       colonne.codeMax = std::max<double>(colonne.codeMax, chiffres[j] - '0');
     }
+    for (FaitsColonne& colonne : faits.colonnes) Mesurer(colonne, avecCodes);
     faits.intitules.resize(faits.colonnes.size());
   }
 
@@ -173,23 +226,21 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
   Examen examen;
   examen.faits.separateur = separateur;
   examen.faits.utf8 = utf8;
-  LecteurLignes lecteur(source);
+  LecteurTableur lecteur(source, separateur);
   std::string converti;
-  for (std::string_view ligne; lecteur.Lire(ligne); ++examen.faits.lignes) {
-    if (examen.faits.lignes == 0 && ligne.starts_with(kMarqueUtf8)) {
-      examen.encodage.marque = true;
-      ligne.remove_prefix(kMarqueUtf8.size());
-    }
+  bool intitules = avecIntitules;
+  for (std::string_view ligne; lecteur.LireOctetsDeLigne(ligne);) {
     examen.encodage.Examiner(ligne);
     if (utf8 && !ResteEnAscii(ligne)) {
       converti = DepuisUtf8(ligne);
       ligne = converti;
     }
-    if (avecIntitules && examen.faits.lignes == 0) examen.LireIntitules(ligne);
+    if (std::exchange(intitules, false)) examen.LireIntitules(ligne);
     else examen.LireLigne(ligne);
   }
+  examen.encodage.marque = lecteur.AvecMarqueUtf8();
   if (examen.faits.colonnes.empty()) examen.faits.colonnes.emplace_back();
-  examen.Achever();
+  examen.Achever(avecIntitules);
   return examen;
 }
 
@@ -214,23 +265,78 @@ std::string_view LigneDeTableur::LireEntreGuillemets() {
   return tampon_;
 }
 
-bool LecteurTableur::Lire(std::string_view& ligne) {
-  if (!lecteur_.Lire(ligne)) return false;
-  if (premiere_ && ligne.starts_with(kMarqueUtf8)) ligne.remove_prefix(kMarqueUtf8.size());
-  premiere_ = false;
-  if (utf8_ && !ResteEnAscii(ligne)) {
-    converti_ = DepuisUtf8(ligne);
-    ligne = converti_;
+bool LecteurTableur::LireUneLigne(std::string_view& ligne) {
+  if (enAttente_.empty()) return lecteur_.Lire(ligne);
+  rendue_ = std::move(enAttente_.front());
+  enAttente_.pop_front();
+  ligne = rendue_;
+  return true;
+}
+
+// Joins the lines behind a line whose last field opens a quote, up to the one that closes it; without one the lines
+// read ahead are given back one by one.
+void LecteurTableur::JoindreSuite(std::string_view& ligne) {
+  jointe_ = ligne;
+  const std::size_t premiere = jointe_.size();
+  std::vector<std::string> lues;
+  for (bool ouvert = true; ouvert;) {
+    if (lues.size() == kLignesJointes || jointe_.size() > kOctetsJoints || !LireUneLigne(ligne)) {
+      jointe_.resize(premiere);
+      enAttente_.insert(enAttente_.begin(), std::make_move_iterator(lues.begin()), std::make_move_iterator(lues.end()));
+      break;
+    }
+    jointe_.append(1, ' ').append(ligne);
+    lues.emplace_back(ligne);
+    ouvert = ligne.find('"') == std::string_view::npos || GuillemetOuvert(jointe_, separateur_);
+  }
+  ligne = jointe_;
+}
+
+bool LecteurTableur::LireOctetsDeLigne(std::string_view& ligne) {
+  if (!LireUneLigne(ligne)) return false;
+  if (std::exchange(premiere_, false) && ligne.starts_with(kMarqueUtf8)) {
+    marque_ = true;
+    ligne.remove_prefix(kMarqueUtf8.size());
+  }
+  if (GuillemetOuvert(ligne, separateur_)) [[unlikely]]
+    JoindreSuite(ligne);
+  return true;
+}
+
+bool LecteurTableur::Lire(std::string_view& ligne, bool utf8) {
+  if (!LireOctetsDeLigne(ligne)) return false;
+  if (utf8 && !ResteEnAscii(ligne)) {
+    convertie_ = DepuisUtf8(ligne);
+    ligne = convertie_;
   }
   return true;
+}
+
+bool LigneSansValeur(std::string_view ligne, char separateur) {
+  std::size_t i = 0;
+  while (i < ligne.size() && (ligne[i] == separateur || ligne[i] == ' ')) ++i;
+  if (i == ligne.size()) return true;
+  if (ligne[i] != '"') return false;
+  LigneDeTableur cellules(ligne, separateur);
+  for (std::string_view cellule; cellules.Suivante(cellule);)
+    if (!Rogner(cellule).empty()) return false;
+  return true;
+}
+
+std::optional<std::string> ChiffresDuCode(std::string_view cellule) {
+  const std::size_t debut = cellule.find_first_not_of(" \t");
+  if (debut == std::string_view::npos || EstDecimale(cellule)) return std::nullopt;
+  const std::string_view nombre = cellule.substr(debut, cellule.find_last_not_of(" \t") - debut + 1);
+  if (nombre.find_first_of(" \t") != std::string_view::npos || !EstNombre(nombre)) return std::nullopt;
+  return Nombre(ArrondirPair(std::max(ValeurDe(nombre), 0.0)));
 }
 
 FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   Separateurs premiers;
   Encodage premier;
   std::string_view ligne;
-  if (LecteurLignes lecteur(source); lecteur.Lire(ligne)) {
-    premier.marque = ligne.starts_with(kMarqueUtf8);
+  if (LecteurTableur lecteur(source, '\0'); lecteur.LireOctetsDeLigne(ligne)) {
+    premier.marque = lecteur.AvecMarqueUtf8();
     premier.Examiner(ligne);
     premiers.CompterHorsGuillemets(ligne);
   } else if (avecIntitules) {

@@ -4,6 +4,8 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +16,8 @@
 namespace quelvar::capture {
 
 // The cells of one line. A field that starts with a double quote runs to the closing one, a doubled quote standing
-// for one; what follows the closing quote up to the separator is kept; an unclosed quote runs to the end of the line.
+// for one; what follows the closing quote up to the separator is kept; an unclosed quote runs to the end of the line
+// (LecteurTableur has joined the lines of a quoted field before).
 // Every cell but the last is trimmed, after its quotes are taken off.
 class LigneDeTableur {
  public:
@@ -79,14 +82,18 @@ class LigneDeTableur {
 
 // What the import knows of a column.
 struct FaitsColonne {
-  std::size_t largeur = 0;  // longest cell
-  double codeMax = 0;       // largest value of its cells
-  bool texte = false;       // a cell that is neither empty nor a number
+  std::size_t largeur = 0;      // in .DAT: of its longest cell; of its code-max for a column of codes
+  double codeMax = 0;           // largest value of its cells
+  std::int64_t negatives = 0;   // cells below 0, which count as 0
+  bool texte = false;           // a cell that is neither empty nor a number
+  std::size_t largeurLue = 0;   // of the longest cell as it stands
+  std::size_t largeurCode = 0;  // the same with numbers brought to their digits
 };
 
 // Facts of a whole source.
 struct FaitsTableur {
-  std::int64_t lignes = 0;  // title line included
+  std::int64_t individus = 0;    // rows that hold something, without the title line
+  std::int64_t lignesVides = 0;  // rows that hold nothing; blank lines at the end of the file are not among them
   char separateur = ';';
   bool utf8 = false;                   // the lines are to be converted on reading
   std::vector<std::string> intitules;  // of the title line; as many as columns, the missing ones empty
@@ -96,22 +103,46 @@ struct FaitsTableur {
 // Columns up to this width hold codes.
 inline constexpr std::size_t kLargeurCodes = 3;
 
-// Reads the lines of a source as bytes of the code page.
+// Reads the rows of a source. A field in quotes may span lines: the line end inside it becomes a blank. A quote that
+// is not closed within kLignesJointes lines or kOctetsJoints bytes runs to the end of its own line only.
 class LecteurTableur {
  public:
-  LecteurTableur(const Chemin& source, bool utf8) : lecteur_(source), utf8_(utf8) {}
-  bool Lire(std::string_view& ligne);
+  static constexpr std::size_t kLignesJointes = 1000;
+  static constexpr std::size_t kOctetsJoints = std::size_t{1} << 20;
+
+  // With the separator 0 a field starts behind a ";" as behind a tab.
+  LecteurTableur(const Chemin& source, char separateur) : lecteur_(source), separateur_(separateur) {}
+
+  // The next row as the bytes of the file without a byte-order mark; views live until the next call.
+  bool LireOctetsDeLigne(std::string_view& ligne);
+  // The next row as bytes of the code page.
+  bool Lire(std::string_view& ligne, bool utf8);
+  bool AvecMarqueUtf8() const { return marque_; }
 
  private:
+  bool LireUneLigne(std::string_view& ligne);
+  void JoindreSuite(std::string_view& ligne);
+
   LecteurLignes lecteur_;
-  bool utf8_;
+  char separateur_;
   bool premiere_ = true;
-  std::string converti_;
+  bool marque_ = false;
+  std::string jointe_;
+  std::string rendue_;
+  std::deque<std::string> enAttente_;  // lines read ahead behind a quote that nothing closes
+  std::string convertie_;
 };
+
+// True for a row whose cells are all blank.
+bool LigneSansValeur(std::string_view ligne, char separateur);
 
 // Examines the source in one reading, or in two when its first lines mislead on the separator or the encoding.
 // Raises 62 when a title line is expected and the file is empty, and the numbers of LecteurLignes.
 FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules);
+
+// The digits of a number without decimals, as .DAT holds them: no sign, no leading zero, "0" for a negative one.
+// Nothing for a text or a number with decimals.
+std::optional<std::string> ChiffresDuCode(std::string_view cellule);
 
 // A cell with a decimal sign in a column of codes counts as "0".
 inline bool EstDecimale(std::string_view cellule) {

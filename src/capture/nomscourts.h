@@ -1,0 +1,19 @@
+// Three-character names of questions made from the titles of columns, all different.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quelvar::capture {
+
+struct NomCourt {
+  std::string nom;         // three columns, right-aligned
+  bool distingue = false;  // it is not the one that the title alone gives
+};
+
+// The name of each title: its first three characters, "XXX" without a title. Titles that would share a name, and names
+// that a .POS can't hold (blank, or with a sign of its own), get another one: the first three letters and digits of
+// the title, else its first two with a digit or a letter, else any three that are free. Raises 9 when none is left.
+std::vector<NomCourt> NomsCourts(const std::vector<std::string>& intitules);
+
+}  // namespace quelvar::capture
