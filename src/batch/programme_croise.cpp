@@ -3,6 +3,7 @@
 
 #include "batch/programmes.h"
 #include "core/dessin/svg.h"
+#include "core/enquete/noms.h"
 #include "crosstab/choixvar.h"
 #include "crosstab/croise.h"
 #include "crosstab/graphe/graphe2.h"
@@ -48,15 +49,15 @@ std::vector<std::size_t> Trouver(FormeCroise& forme, const Mots& noms) {
       for (std::size_t i = 0; i < questions.size(); ++i) trouvees.push_back(i);
       continue;
     }
-    const auto question = std::find_if(questions.begin(), questions.end(), [&](const crosstab::QuestionCroisee& q) {
-      return Rogner(q.nom) == Rogner(nom);
-    });
-    if (question == questions.end()) {
-      forme.Ecran().demander(Joindre({"La question ", nom, " n'existe pas dans ", forme.contexte.Nom(".POS")}),
+    const std::vector<std::size_t> rangs = RangsDuNom(questions, nom);
+    if (rangs.size() != 1) {
+      forme.Ecran().demander(rangs.empty()
+                                 ? Joindre({"La question ", nom, " n'existe pas dans ", forme.contexte.Nom(".POS")})
+                                 : FauteHomonymes(nom, questions, rangs),
                              Boutons::Ok);
       throw Erreur(kArretAnnonce);
     }
-    trouvees.push_back(static_cast<std::size_t>(question - questions.begin()));
+    trouvees.push_back(rangs.front());
   }
   return trouvees;
 }

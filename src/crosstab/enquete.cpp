@@ -79,6 +79,7 @@ QuestionCroisee QuestionDe(const Question& question, std::string_view ligne, int
   croisee.nom = question.nom;
   croisee.libelle = Joindre({CadreGauche(Milieu(ligne, 1, 7), 7), " ", CadreGauche(Milieu(ligne, 8, 2), 2)});
   croisee.intitule = question.intitule;
+  croisee.position = question.position;
   croisee.codeMax = question.codeMax;
   croisee.plafond = std::clamp(question.codeMax, 0, plafond);
   return croisee;

@@ -16,6 +16,7 @@ struct QuestionCroisee {
   std::string nom;      // 3 characters
   std::string libelle;  // name, position and code-max as they stand in the file: 10 characters
   std::string intitule;
+  int position = 0;  // in .DAT
   int codeMax = 0;
   int plafond = 0;  // the code-max brought down to the ceiling, at least 0
 

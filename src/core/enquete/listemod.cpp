@@ -58,9 +58,9 @@ bool EstSupplementaire(std::string_view texte) {
 }
 
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom) {
-  const std::string cherche = CadreGauche(nom, kLargeurNom);
-  const auto trouve =
-      std::find_if(textes.begin(), textes.end(), [&](const auto& texte) { return NomDeTexte(texte) == cherche; });
+  const std::string_view cherche = Rogner(nom);
+  const auto trouve = std::find_if(textes.begin(), textes.end(),
+                                   [&](const auto& texte) { return Rogner(NomDeTexte(texte)) == cherche; });
   return static_cast<std::size_t>(trouve - textes.begin());
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/noms.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
@@ -50,17 +51,16 @@ ChoixQuestions ChoixDesMarques(const FichierPos& pos, ModePosmod mode) {
 }
 
 ChoixQuestions ChoixDesNoms(const FichierPos& pos, ModePosmod mode, const std::vector<std::string>& actives,
-                            const std::vector<std::string>& supplementaires, std::vector<std::string>& inconnues) {
+                            const std::vector<std::string>& supplementaires, std::vector<std::string>& fautes) {
   ChoixQuestions choix;
   choix.statuts.assign(pos.questions.size(), Statut::Aucun);
   const auto placer = [&](const std::vector<std::string>& noms, Statut statut) {
     for (const std::string& nom : noms) {
-      std::size_t rang = 0;
-      while (rang < pos.questions.size() &&
-             (choix.statuts[rang] != Statut::Aucun || CadreGauche(pos.questions[rang].nom, 3) != CadreGauche(nom, 3)))
-        ++rang;
-      if (rang < pos.questions.size()) choix.statuts[rang] = statut;
-      else inconnues.push_back(nom);
+      const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
+      if (rangs.size() > 1) fautes.push_back(FauteHomonymes(nom, pos.questions, rangs));
+      else if (rangs.empty() || choix.statuts[rangs.front()] != Statut::Aucun)
+        fautes.push_back(Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
+      else choix.statuts[rangs.front()] = statut;
     }
   };
   placer(actives, Statut::Actif);

@@ -28,10 +28,10 @@ struct ChoixQuestions {
 // marked question as active, and the naming of modalities the active ones alone.
 ChoixQuestions ChoixDesMarques(const FichierPos& pos, ModePosmod mode);
 
-// The choice that lists of names stand for; a name met twice takes the next question of that name. The names that no
-// question is left for go to `inconnues`. In the modes with one list only, all are active.
+// The choice that lists of names stand for. A name that no question is left for, or that several share, adds its
+// sentence to `fautes`. In the modes with one list only, all are active.
 ChoixQuestions ChoixDesNoms(const FichierPos& pos, ModePosmod mode, const std::vector<std::string>& actives,
-                            const std::vector<std::string>& supplementaires, std::vector<std::string>& inconnues);
+                            const std::vector<std::string>& supplementaires, std::vector<std::string>& fautes);
 
 // Modalities of the questions of a status: the code-max of each, and one more with the zero codes.
 std::int64_t CompterModalites(const FichierPos& pos, const ChoixQuestions& choix, Statut statut, bool codesZero);

@@ -48,12 +48,11 @@ Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
 ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapport& rapport) {
   if (!options.actives && !options.supplementaires) return ChoixDesMarques(pos, options.mode);
   static const std::vector<std::string> aucune;
-  std::vector<std::string> inconnues;
+  std::vector<std::string> fautes;
   ChoixQuestions choix = ChoixDesNoms(pos, options.mode, options.actives ? *options.actives : aucune,
-                                      options.supplementaires ? *options.supplementaires : aucune, inconnues);
-  for (const std::string& nom : inconnues)
-    rapport.Ligne({"La question ", nom, " n'est pas dans le fichier de positions"});
-  if (!inconnues.empty()) throw Erreur(kArretAnnonce);
+                                      options.supplementaires ? *options.supplementaires : aucune, fautes);
+  for (const std::string& faute : fautes) rapport.Ligne(faute);
+  if (!fautes.empty()) throw Erreur(kArretAnnonce);
   return choix;
 }
 

@@ -20,8 +20,8 @@ std::vector<std::size_t> RangsDe(const std::vector<std::string>& textes, std::st
   const std::size_t rang = RangDeModalite(textes, nom);
   if (rang < textes.size()) return {rang};
   std::vector<std::size_t> rangs;
-  for (std::size_t i = 0; questionAdmise && nom.size() == kLargeurQuestion && i < textes.size(); ++i)
-    if (textes[i].starts_with(nom)) rangs.push_back(i);
+  for (std::size_t i = 0; questionAdmise && !Rogner(nom).empty() && i < textes.size(); ++i)
+    if (Rogner(Milieu(textes[i], 1, kLargeurQuestion)) == Rogner(nom)) rangs.push_back(i);
   return rangs;
 }
 

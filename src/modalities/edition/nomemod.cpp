@@ -134,9 +134,9 @@ Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
     for (const auto& [nom, intitule] : options.intitules) {
-      const std::string cherche = CadreGauche(nom, 4);
-      const auto modalite = std::find_if(etat.modalites.begin(), etat.modalites.end(),
-                                         [&](const auto& m) { return NomDeTexte(m.texte) == cherche; });
+      const auto modalite = std::find_if(etat.modalites.begin(), etat.modalites.end(), [&nom = nom](const auto& m) {
+        return Rogner(NomDeTexte(m.texte)) == Rogner(nom);
+      });
       if (modalite == etat.modalites.end()) {
         rapport.Ligne({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
         throw Erreur(kArretAnnonce);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 
 namespace quelvar::modalities {
@@ -89,12 +90,11 @@ Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
     for (const auto& [nom, intitule] : options.intitules) {
-      const auto question = std::find_if(etat.questions.begin(), etat.questions.end(), [&nom = nom](const auto& q) {
-        return CadreGauche(q.nom, 3) == CadreGauche(nom, 3);
-      });
-      const std::string_view refus = question == etat.questions.end()
-                                         ? "la question n'est pas dans le fichier de positions"
-                                         : NommerQuestion(*question, intitule);
+      const std::vector<std::size_t> rangs = RangsDuNom(etat.questions, nom);
+      const std::string_view refus = rangs.empty() ? "la question n'est pas dans le fichier de positions"
+                                     : rangs.size() > 1
+                                         ? "plusieurs questions ont ce nom, donnez-leur des noms différents"_w
+                                         : NommerQuestion(etat.questions[rangs.front()], intitule);
       if (refus.empty()) continue;
       rapport.Ligne({nom, " : ", refus});
       throw Erreur(kArretAnnonce);

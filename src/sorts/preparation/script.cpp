@@ -1,5 +1,6 @@
 #include "sorts/preparation/script.h"
 
+#include "core/enquete/noms.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace quelvar::sorts {
@@ -28,13 +29,16 @@ class Script {
   void Dire(std::string_view sujet) { rapport_.Ligne({sujet, " : ", etat_.message}); }
 
   bool Choisir(std::string_view nom) {
-    for (std::size_t i = 0; i < etat_.questions.size(); ++i) {
-      if (!EgalSansCasse(RognerDroite(etat_.questions[i].question.nom), Rogner(nom))) continue;
-      ChoisirQuestion(etat_, i);
+    std::vector<Question> questions;
+    for (const QuestionPreparee& preparee : etat_.questions) questions.push_back(preparee.question);
+    const std::vector<std::size_t> rangs = RangsDuNom(questions, nom, Casse::Indifferente);
+    if (rangs.size() == 1) {
+      ChoisirQuestion(etat_, rangs.front());
       return true;
     }
     fautif_ = true;
-    rapport_.Ligne({nom, " : la question n'est pas dans le fichier *.POS"});
+    if (rangs.empty()) rapport_.Ligne({nom, " : la question n'est pas dans le fichier *.POS"});
+    else rapport_.Ligne(FauteHomonymes(nom, questions, rangs));
     return false;
   }
 

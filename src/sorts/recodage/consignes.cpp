@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/vit.h"
 
@@ -35,7 +36,8 @@ class Lecture {
   void LireVit(const Vit& vit, std::size_t numero);
   void LireElementVit(const Vit& vit, const ElementVit& element, VitDemandee& demandee);
   void LireElementFiltre(const ElementFiltre& element);
-  Indice ChercherQuestion(std::string_view nom) const;
+  Indice Seule(std::string_view nom, const std::vector<std::size_t>& rangs);
+  std::vector<std::size_t> QuestionsDuFiltre(const std::string& type, const std::string& nom) const;
   bool EstGardee(std::size_t question) const;
 
   const Contexte& contexte_;
@@ -108,12 +110,11 @@ void Lecture::LireQuestions() {
   feuille_.Ligne();
 }
 
-Indice Lecture::ChercherQuestion(std::string_view nom) const {
-  const auto& questions = consignes_.pos.questions;
-  const auto trouvee =
-      std::ranges::find_if(questions, [&](const Question& q) { return RognerDroite(q.nom) == RognerDroite(nom); });
-  if (trouvee == questions.end()) return std::nullopt;
-  return static_cast<std::size_t>(trouvee - questions.begin());
+// The question found, if there is one; a name that several share is a fault.
+Indice Lecture::Seule(std::string_view nom, const std::vector<std::size_t>& rangs) {
+  if (rangs.empty()) return std::nullopt;
+  if (rangs.size() > 1) avertisseur_.Avertir(FauteHomonymes(nom, consignes_.pos.questions, rangs));
+  return rangs.front();
 }
 
 bool Lecture::EstGardee(std::size_t question) const {
@@ -123,21 +124,15 @@ bool Lecture::EstGardee(std::size_t question) const {
 
 void Lecture::ChercherPonderation() {
   if (!taille_.ponderation) return;
-  const auto chercher = [this](std::string_view nom) -> Indice {
-    const auto& questions = consignes_.pos.questions;
-    const auto trouvee =
-        std::ranges::find_if(questions, [&](const Question& q) { return EgalSansCasse(RognerDroite(q.nom), nom); });
-    if (nom.empty() || trouvee == questions.end()) return std::nullopt;
-    return static_cast<std::size_t>(trouvee - questions.begin());
-  };
-  const Indice nommee = chercher(taille_.question);
-  const Indice parDefaut = chercher(kNomPonderation);
-  consignes_.ponderation = nommee ? nommee : parDefaut;
+  const auto& questions = consignes_.pos.questions;
+  const std::vector<std::size_t> nommees = RangsDuNom(questions, taille_.question, Casse::Indifferente);
+  const std::vector<std::size_t> parDefaut = RangsDuNom(questions, kNomPonderation, Casse::Indifferente);
+  consignes_.ponderation = nommees.empty() ? Seule(kNomPonderation, parDefaut) : Seule(taille_.question, nommees);
   if (!consignes_.ponderation) {
     feuille_.Ligne("*** Attention, une pondération est demandée sans question de nom PON"_w);
     feuille_.Ligne("    (ou avec une question absente de la liste)");
     feuille_.Ligne("    cette demande est ignorée"_w);
-  } else if (nommee && parDefaut && nommee != parDefaut) {
+  } else if (!nommees.empty() && !parDefaut.empty() && nommees.front() != parDefaut.front()) {
     feuille_.Ligne("*** Attention, une pondération est demandée et il y a une question nommée PON"_w);
     feuille_.Ligne({"    la question marquée en 2e ligne POND="_w, taille_.question, " est prioritaire"});
   }
@@ -166,7 +161,7 @@ void Lecture::LireElementVit(const Vit& vit, const ElementVit& element, VitDeman
     feuille_.Ligne("n'a pas de valeur définie à la ligne ci-dessous"_w);
     feuille_.Ligne(element.ligne);
   }
-  const Indice question = ChercherQuestion(element.nom);
+  const Indice question = Seule(element.nom, RangsDuNom(consignes_.pos.questions, element.nom));
   if (!question) {
     avertisseur_.Avertir(Joindre({"Nom de l'element VIT non trouve =", element.nom}));
     return;
@@ -194,6 +189,23 @@ void Lecture::LireElementsFiltre() {
   for (const ElementFiltre& element : filtre.elements) LireElementFiltre(element);
 }
 
+// Those of exactly that name, as typed or in upper case; else the first one whose name contains it. The blanks of a
+// filter are gone, so those of the names don't count.
+std::vector<std::size_t> Lecture::QuestionsDuFiltre(const std::string& type, const std::string& nom) const {
+  struct Nom {
+    std::string nom;
+  };
+  std::vector<Nom> noms;
+  for (const Question& question : consignes_.pos.questions) {
+    noms.push_back({question.nom});
+    std::erase(noms.back().nom, ' ');
+  }
+  std::vector<std::size_t> rangs = RangsDuNom(noms, type, Casse::Indifferente);
+  for (std::size_t i = 0; rangs.empty() && i < noms.size(); ++i)
+    if (!nom.empty() && Majuscules(noms[i].nom).find(nom) != std::string::npos) rangs.push_back(i);
+  return rangs;
+}
+
 void Lecture::LireElementFiltre(const ElementFiltre& element) {
   if (element.vide) {
     avertisseur_.Avertir("Expression vide dans le filtre");
@@ -207,16 +219,13 @@ void Lecture::LireElementFiltre(const ElementFiltre& element) {
   if (nom != element.nom) feuille_.Ligne("Le filtre a été converti en majuscules"_w);
   const int code = Entier16(ValeurDe(element.code));
   feuille_.Ligne({nom, NombreNu(code)});
-  const auto& questions = consignes_.pos.questions;
-  const auto trouvee = std::ranges::find_if(
-      questions, [&](const Question& q) { return Majuscules(q.nom).find(nom) != std::string::npos; });
-  if (nom.empty() || trouvee == questions.end()) {
+  const Indice question = Seule(nom, QuestionsDuFiltre(element.nom, nom));
+  if (!question) {
     avertisseur_.Avertir(Joindre({"STOP : Nom de l'élément du filtre non trouvé ="_w, nom}));
     return;
   }
-  const auto question = static_cast<std::size_t>(trouvee - questions.begin());
-  if (!EstGardee(question)) avertisseur_.Avertir("STOP : un élément du filtre n'est pas conservé"_w);
-  consignes_.filtre.push_back({question, code});
+  if (!EstGardee(*question)) avertisseur_.Avertir("STOP : un élément du filtre n'est pas conservé"_w);
+  consignes_.filtre.push_back({*question, code});
 }
 
 void Lecture::VerifierRegles() {

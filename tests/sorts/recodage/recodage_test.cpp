@@ -46,6 +46,31 @@ TEST_F(RunRecodage, AStoppedRunLeavesTheNewGenericAlone) {
   }
 }
 
+TEST_F(RunRecodage, NamesAreFoundTrimmedAndExactlyFirst) {
+  const struct {
+    std::string_view pos;  // behind line 1; the questions stand for the columns of "123"
+    std::string_view sortie, texte;
+  } cas[] = {
+      {" 1 INCL W1=2\nW10   1 9\n W1   2 9\n", "123\r\n", "W1 2"},
+      {" 1 INCL W1=2\nW10   1 9\nW 1   2 9\n", "123\r\n", "W1 2"},
+      {" 1 INCL W=1\nW10   1 9\n W1   2 9\n", "123\r\n", "W 1"},
+      {" 1 POND=W1 MAX\nW10   1 9\n W1   2 9\n", "123\r\n123\r\n", "utilisant la question  W1"},
+      {" 1 \nW10   1 9\n W1   2 9\n$$V\nW1      2\n$$\n", "1231\r\n", "W1      2"},
+      {" 1 INCL lec=1\nLEC   2 9\nlec   1 9\n", "123\r\n", "LEC 1"},
+      {" 1 INCL W1=2\n W1   1 9\nW1    2 9\n", "", "Le nom W1 est celui de 2 questions, aux positions 1 et 2 : "},
+      {" 1 POND=W1\n W1   1 9\nW1    2 9\n", "", "Le nom W1 est celui de 2 questions"},
+      {" 1 \nW1    1 9\n W1   2 9\nW1    3 9\n$$V\nW1      2\n$$\n", "", "aux positions 1, 2 et 3 : "},
+  };
+  for (const auto& [pos, sortie, texte] : cas) {
+    Ecrire("ENQ.POS", Joindre({"T\n", pos}));
+    Ecrire("ENQ.DAT", "123\n");
+    Ecrire("ENR.DAT", "");
+    EXPECT_EQ(Executer(), sortie.empty() ? Fin::Arret : Fin::Normale) << pos << montre_;
+    EXPECT_EQ(Lire("ENR.DAT"), sortie) << pos;
+    EXPECT_TRUE(Dit(texte)) << pos << montre_;
+  }
+}
+
 TEST_F(RunRecodage, NothingThatTheRunReadsIsWrittenOver) {
   Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2 1=2\n");
   Ecrire("ENQ.DAT", "1\r\n");
