@@ -41,6 +41,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeGraphe(),
       ProgrammePrepText(),
       ProgrammeSaisieMot(),
+      ProgrammeTabMot(),
       ProgrammeTriFichier(),
       // clang-format on
   };

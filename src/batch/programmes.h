@@ -166,6 +166,7 @@ Programme ProgrammePrepRecod();
 Programme ProgrammePrepText();
 Programme ProgrammeRecodage();
 Programme ProgrammeSaisieMot();
+Programme ProgrammeTabMot();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();

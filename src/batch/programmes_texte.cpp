@@ -1,6 +1,7 @@
 #include "batch/programmes.h"
 #include "text/decoupage/saisiemot.h"
 #include "text/preparation/preptext.h"
+#include "text/tableau/tabmot.h"
 
 namespace quelvar::batch {
 
@@ -88,6 +89,23 @@ Programme ProgrammeSaisieMot() {
   bouton("opstimfiny", &O::mode, ModeStimulus::FinDeMot, "la case du formulaire : mode=4");
   bouton("opstimfinmotn", &O::mode, ModeStimulus::FinDeMotSupprimee, "la case du formulaire : mode=5");
   return description;
+}
+
+Programme ProgrammeTabMot() {
+  using O = text::OptionsTabMot;
+  return Description<O>("tabmot", "Création du tableau lexical des questions (.BRT, .MOD, .PRT)"_w, text::TabMot)
+      .Noms("questions", &O::actives, "marques &ACT& du .POS", "questions actives")
+      .Alias({"actives", "listvar2"})
+      .Entier("frequence", &O::frequenceMin, 0, 99999999, "fréquence minimum d'un mot ; 0 : 4"_w)
+      .Alias({"tbfreq"})
+      .OuiNon("codeszero", &O::codesZero, "le code zéro de chaque question est une modalité"_w)
+      .Alias({"opcodzy"})
+      .Libre("opcodzn", "oui|non", "", "la case du formulaire : codeszero=non",
+             [](O& options, const std::string& valeur) { options.codesZero = !LireOuiNon("opcodzn", valeur); })
+      .Entier("limite", &O::limite, 0, 99999999, "dépassements de code-max admis ; 0 : pas d'arrêt"_w)
+      .Libre("themes", "oui|non", "selon les mots", "mots qui sont des thèmes : tableau de 0 et de 1"_w,
+             [](O& options, const std::string& valeur) { options.themes = LireOuiNon("themes", valeur); })
+      .Alias({"chkthemes"});
 }
 
 }  // namespace quelvar::batch

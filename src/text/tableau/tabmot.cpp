@@ -1,0 +1,250 @@
+#include "text/tableau/tabmot.h"
+
+#include <algorithm>
+
+#include "core/enquete/datfile.h"
+#include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
+#include "text/tableau/comptage.h"
+#include "text/tableau/sorties.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr int kCodeMaxNomme = 99;
+
+struct Entrees {
+  Chemin donnees;
+  FichierPos pos;
+  ParametresMod parametres;  // of the former .MOD
+  IntitulesModalites intitules;
+  std::int64_t individus = 0;
+};
+
+[[noreturn]] void Arreter(Rapport& rapport, const Contexte& contexte, Texte phrase) {
+  Avertir(rapport, contexte.Ecran(), phrase);
+  throw Erreur(kArretAnnonce);
+}
+
+void ExigerEntrees(Rapport& rapport, const Contexte& contexte) {
+  bool manque = false;
+  for (const std::string_view extension : {".DAT", ".POS"}) {
+    if (contexte.Chercher(extension)) continue;
+    rapport.Ligne({"*** Le fichier ", contexte.Nom(extension), " n'existe pas"});
+    manque = true;
+  }
+  if (manque) Arreter(rapport, contexte, "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w);
+}
+
+void EcrireNoms(Rapport& rapport, const Contexte& contexte) {
+  rapport.Ligne({"Le nom du fichier d'entrée est "_w, contexte.Nom(".DAT")});
+  rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".PRT")});
+  rapport.Ligne({"Le nom du fichier des noms de modalités est "_w, contexte.Nom(".MOD")});
+  rapport.Ligne({"Le nom du fichier des données en tableau lexical des questions est "_w, contexte.Nom(".BRT")});
+}
+
+Entrees LireEntrees(Rapport& rapport, const Contexte& contexte) {
+  Entrees entrees;
+  entrees.donnees = *contexte.Chercher(".DAT");
+  if (const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
+    LecteurLignes lecteur(*mod);
+    std::string_view ligne;
+    if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne, &rapport);
+    entrees.intitules = LireIntitules(*mod);
+  }
+  entrees.pos = LirePos(*contexte.Chercher(".POS"));
+  ExigerParentheses(entrees.pos.taille, contexte.Ecran());
+  entrees.individus = entrees.pos.taille.individus;
+  if (entrees.individus == 0) entrees.individus = CompterLignes(entrees.donnees);
+  rapport.Ligne({"Il y a ", NombreNu(entrees.individus), " individus"});
+  return entrees;
+}
+
+// Ranks of the questions of that name: exactly written first, then trimmed.
+std::vector<std::size_t> RangsDuNom(const FichierPos& pos, const std::string& nom) {
+  std::vector<std::size_t> rangs;
+  const auto chercher = [&](auto egal) {
+    for (std::size_t i = 0; i < pos.questions.size(); ++i)
+      if (egal(pos.questions[i].nom)) rangs.push_back(i);
+  };
+  chercher([&](const std::string& autre) { return autre == nom; });
+  if (rangs.empty()) chercher([&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
+  return rangs;
+}
+
+// Ranks of the active questions, in the order of the position file.
+std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& contexte, const FichierPos& pos,
+                                          const OptionsTabMot& options) {
+  std::vector<std::size_t> actives;
+  if (!options.actives) {
+    for (std::size_t i = 0; i < pos.questions.size(); ++i)
+      if (pos.questions[i].statut == Statut::Actif) actives.push_back(i);
+    return actives;
+  }
+  for (const std::string& nom : *options.actives) {
+    const std::vector<std::size_t> rangs = RangsDuNom(pos, nom);
+    if (rangs.empty())
+      Arreter(rapport, contexte, Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
+    if (rangs.size() > 1)
+      Arreter(rapport, contexte, Joindre({"Deux questions portent le nom ", nom, " : il faut renommer l'une d'elles"}));
+    actives.push_back(rangs.front());
+  }
+  std::sort(actives.begin(), actives.end());
+  actives.erase(std::unique(actives.begin(), actives.end()), actives.end());
+  return actives;
+}
+
+void EcrireQuestions(Rapport& rapport, const Entrees& entrees, const std::vector<std::size_t>& actives) {
+  rapport.Ligne("Liste des questions retenues");
+  rapport.Ligne({"Il y a ", NombreNu(actives.size()), " questions"});
+  rapport.Ligne({"Il y a ", NombreNu(entrees.individus), " individus"});
+  for (const std::size_t rang : actives)
+    rapport.Ligne({entrees.pos.questions[rang].nom, " ", entrees.pos.questions[rang].intitule});
+}
+
+// Width of the characteristics; stops a run whose questions do not go with the data.
+std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const Entrees& entrees,
+                            const std::vector<std::size_t>& actives) {
+  if (actives.empty())
+    Arreter(rapport, contexte,
+            contexte.niveau == 1
+                ? "*** Aucune question n'est marquée &ACT& : passer en niveau 2 d'utilisateur pour en choisir"_w
+                : "*** Aucune question n'est choisie comme active"_w);
+  for (const std::size_t rang : actives) {
+    const Question& question = entrees.pos.questions[rang];
+    if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(entrees.pos, rang));
+    if (question.codeMax <= kCodeMaxNomme) continue;
+    contexte.Ecran().demander(
+        Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}), Boutons::Ok);
+    Arreter(rapport, contexte,
+            Joindre({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w}));
+  }
+  LecteurLignes lecteur(entrees.donnees);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne)) return static_cast<std::size_t>(-1);  // no word, no column to look for
+  const std::optional<std::size_t> largeur = LargeurDesCaracteristiques(ligne);
+  if (!largeur)
+    Arreter(rapport, contexte,
+            Joindre({"*** Le fichier ", contexte.Nom(".DAT"),
+                     " ne contient pas des mots ($$ absent en ligne 1) : faire d'abord le découpage en mots"_w}));
+  for (const std::size_t rang : actives) {
+    const Question& question = entrees.pos.questions[rang];
+    if (static_cast<std::size_t>(question.position) <= *largeur) continue;
+    Arreter(rapport, contexte,
+            Joindre({"*** La question ", question.nom, " (position ", Nombre(question.position),
+                     ") est au-delà des caractéristiques des mots, qui ont "_w, Nombre(*largeur),
+                     " colonne(s) : corriger ", contexte.Nom(".POS")}));
+  }
+  return *largeur;
+}
+
+TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const PlanLexical& plan,
+                      const OptionsTabMot& options, std::size_t caracteristiques) {
+  ConsignesDeComptage consignes;
+  consignes.individus = entrees.individus;
+  consignes.caracteristiques = caracteristiques;
+  consignes.frequenceMin = options.frequenceMin == 0 ? kFrequenceParDefaut : options.frequenceMin;
+  consignes.horsFormat = [&](std::int64_t ligne) {
+    Arreter(rapport, contexte,
+            Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
+                     " n'est pas celle d'un mot ($$ absent en colonne "_w, Nombre(caracteristiques + 15), ")"}));
+  };
+  consignes.depassement = [&, nombre = 0](std::size_t question, std::int64_t ligne, int valeur) mutable {
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"Dépassement de code-max à "_w, entrees.pos.questions[question].nom, " Ligne ", NombreBlanc(ligne),
+                     " Valeur ", NombreBlanc(valeur)}));
+    if (++nombre <= options.limite || options.limite < 1) return;
+    Arreter(rapport, contexte, Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
+  };
+  return CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());
+}
+
+void EcrireBilan(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& options, const Entrees& entrees,
+                 const TableLexicale& table) {
+  if (table.individus < entrees.individus)
+    Avertir(rapport, contexte.Ecran(), "Attention : le nombre réel d'individus est inférieur à celui annoncé"_w);
+  rapport.Ligne(options.codesZero ? "Les codes zéro sont pris en compte"_w : "Les codes zéro sont ignorés"_w);
+  rapport.Ligne({"La fréquence minimum requise est de "_w,
+                 NombreFixe(options.frequenceMin == 0 ? kFrequenceParDefaut : options.frequenceMin, 4, 0)});
+  if (contexte.niveau == 1) rapport.Ligne("Ces paramètres peuvent être modifiés en niveau 2 d'utilisateur"_w);
+  rapport.Ligne();
+  rapport.Ligne({"Nombre de mots lus en entrée "_w, NombreNu(table.motsLus)});
+  rapport.Ligne({"Nombre de mots écrits en sortie "_w, NombreNu(table.lignes.size())});
+  for (const LigneLexicale& ligne : table.lignes) {
+    if (ligne.frequence <= kFrequenceEcrite) continue;
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Attention : la fréquence du mot "_w, RognerDroite(std::string_view(ligne.texte).substr(4)),
+                     " est de ", Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
+  }
+}
+
+// Threshold of the inversion, which goes to DE= too.
+std::int64_t TraiterThemes(Rapport& rapport, const Entrees& entrees, const PlanLexical& plan, TableLexicale& table) {
+  std::int64_t seuil = entrees.parametres.decimales;
+  if (seuil == 0 && plan.groupes.size() == 1) seuil = plan.groupes.front().codeMax / 3;
+  rapport.Ligne("Option thèmes utilisée"_w);
+  rapport.Ligne({"Seuil d'inversion =", NombreNu(seuil)});
+  ReduireAuxThemes(table, seuil);
+  return seuil;
+}
+
+void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::vector<std::size_t>& actives,
+                   const PlanLexical& plan, const std::vector<std::string>& lignes, int largeur,
+                   std::int64_t decimales) {
+  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
+  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  for (const std::string& ligne : lignes) brt.Fichier().Ligne(ligne);
+  EcrireModLexical(mod.Fichier(), contexte.generique, plan, entrees.intitules, lignes, largeur, decimales);
+  for (std::size_t i = 0; i < entrees.pos.lignes.size(); ++i) {
+    const bool question = i >= 2 && i < entrees.pos.premiereApres;
+    const bool choisie = question && std::binary_search(actives.begin(), actives.end(), i - 2);
+    pos.Fichier().Ligne(question ? LigneMarquee(entrees.pos.lignes[i], choisie) : entrees.pos.lignes[i]);
+  }
+  for (Remplacement* fichier : {&brt, &mod, &pos}) fichier->Achever();
+  for (Remplacement* fichier : {&brt, &mod, &pos}) fichier->Valider();
+}
+
+void EcrireFin(Rapport& rapport) {
+  rapport.Ligne("Programme normalement terminé"_w);
+  rapport.Ligne();
+  rapport.Ligne("Vous pouvez maintenant lancer les étapes suivantes de l'analyse factorielle"_w);
+  rapport.Ligne("2) Modification  modalités (si besoin est)"_w);
+  rapport.Ligne("3) Profil de modalités (Pour calculer les PEM entre mots et modalités)"_w);
+  rapport.Ligne("4) Calcul des facteurs ");
+  rapport.Ligne("5) Graphiques factoriels ");
+}
+
+void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& options) {
+  ExigerEntrees(rapport, contexte);
+  EcrireBandeau(rapport, "Création du tableau lexical des questions"_w);
+  EcrireNoms(rapport, contexte);
+  const Entrees entrees = LireEntrees(rapport, contexte);
+  const std::vector<std::size_t> actives = ChoisirQuestions(rapport, contexte, entrees.pos, options);
+  EcrireQuestions(rapport, entrees, actives);
+  const std::size_t caracteristiques = ExigerQuestions(rapport, contexte, entrees, actives);
+  const PlanLexical plan = PlanifierTable(entrees.pos, actives, options.codesZero);
+  rapport.Ligne({"Nombre total de modalités ="_w, NombreNu(plan.noms.size())});
+
+  TableLexicale table = Compter(rapport, contexte, entrees, plan, options, caracteristiques);
+  EcrireBilan(rapport, contexte, options, entrees, table);
+  const int chiffres = static_cast<int>(Nombre(static_cast<std::int64_t>(table.plusGrande)).size());
+  const int largeur = std::max({1, static_cast<int>(entrees.parametres.largeur), chiffres});
+  std::int64_t decimales = entrees.parametres.decimales;
+  if (options.themes.value_or(table.themes)) decimales = TraiterThemes(rapport, entrees, plan, table);
+  const std::vector<std::string> lignes = LignesTriees(table, largeur, contexte.Ecran());
+  rapport.Ligne("Un utilitaire de tri range les fréquences par ordre croissant"_w);
+  EcrireSorties(contexte, entrees, actives, plan, lignes, largeur, decimales);
+  EcrireFin(rapport);
+}
+
+}  // namespace
+
+Fin TabMot(const Contexte& contexte, const OptionsTabMot& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
+                           [&](Rapport& rapport) { Croiser(rapport, contexte, options); });
+}
+
+}  // namespace quelvar::text
