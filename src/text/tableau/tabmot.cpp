@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "text/tableau/comptage.h"
@@ -62,18 +63,6 @@ Entrees LireEntrees(Rapport& rapport, const Contexte& contexte) {
   return entrees;
 }
 
-// Ranks of the questions of that name: exactly written first, then trimmed.
-std::vector<std::size_t> RangsDuNom(const FichierPos& pos, const std::string& nom) {
-  std::vector<std::size_t> rangs;
-  const auto chercher = [&](auto egal) {
-    for (std::size_t i = 0; i < pos.questions.size(); ++i)
-      if (egal(pos.questions[i].nom)) rangs.push_back(i);
-  };
-  chercher([&](const std::string& autre) { return autre == nom; });
-  if (rangs.empty()) chercher([&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
-  return rangs;
-}
-
 // Ranks of the active questions, in the order of the position file.
 std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& contexte, const FichierPos& pos,
                                           const OptionsTabMot& options) {
@@ -84,11 +73,10 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
     return actives;
   }
   for (const std::string& nom : *options.actives) {
-    const std::vector<std::size_t> rangs = RangsDuNom(pos, nom);
+    const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
     if (rangs.empty())
       Arreter(rapport, contexte, Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
-    if (rangs.size() > 1)
-      Arreter(rapport, contexte, Joindre({"Deux questions portent le nom ", nom, " : il faut renommer l'une d'elles"}));
+    if (rangs.size() > 1) Arreter(rapport, contexte, FauteHomonymes(nom, pos.questions, rangs));
     actives.push_back(rangs.front());
   }
   std::sort(actives.begin(), actives.end());
