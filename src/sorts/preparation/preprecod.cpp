@@ -126,12 +126,14 @@ bool ValiderRegle(EtatPrepRecod& etat, std::string_view texte) {
   etat.message.clear();
   if (regle.empty()) {
     etat.message = "Pas de recodage";
+  } else if (question->alphabetique) {
+    etat.message = Joindre({question->nom, " est une question alphabétique qui n'est pas susceptible de recodage"_w});
+    return false;
   } else if (regle == "S" || regle == "s") {
     etat.message = "Recodage standard";
   } else {
     const RegleVerifiee verifiee = VerifierRegle(LireRegle(regle), {question->codeMax, 0}, UsageRegle::Formulaire);
-    for (const FauteTrouvee& faute : verifiee.fautes)
-      etat.message += Joindre({TexteFauteFormulaire(faute.quoi), "\r\n"});
+    for (const FauteTrouvee& faute : verifiee.fautes) etat.message += Joindre({TexteFauteFormulaire(faute), "\r\n"});
     if (!verifiee.fautes.empty()) {
       etat.message += "***Attention erreur à corriger***"_w;
       return false;
@@ -209,6 +211,8 @@ bool AjouterQuestionAuFiltre(EtatPrepRecod& etat) {
   const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
   if (std::ranges::any_of(elements, [&](const ElementFiltre& e) { return e.egal && Majuscules(e.nom) == nom; })) {
     etat.filtreAffiche.clear();
+    etat.modifie = etat.modifie || !etat.filtre.empty();
+    etat.filtre.clear();
     etat.message =
         "La question a déjà été utilisée : aucune individu ne peut logiquement avoir deux codes différents. Le filtre "
         "est annulé"_w;
@@ -235,10 +239,19 @@ void AjouterExpression(EtatPrepRecod& etat) {
   etat.message = "Recommencer à choisir une question"_w;
 }
 
-void ValiderFiltre(EtatPrepRecod& etat) {
+bool ValiderFiltre(EtatPrepRecod& etat) {
+  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
+  const bool complet = !elements.empty() && std::ranges::all_of(elements, [](const ElementFiltre& element) {
+    return !element.nom.empty() && !element.code.empty();
+  });
+  if (!complet && !Rogner(etat.filtreAffiche).empty()) {
+    etat.message = "Le filtre affiché est incomplet, il n'est pas validé : à chaque question il faut une modalité"_w;
+    return false;
+  }
   etat.filtre = Rogner(etat.filtreAffiche);
   etat.modifie = true;
   etat.message = "Le filtre affiché est validé (mais non enregistré)"_w;
+  return true;
 }
 
 // --- VIT ---
@@ -324,17 +337,40 @@ std::string TexteVit(const EtatPrepRecod& etat) {
   return texte;
 }
 
-void ValiderVit(EtatPrepRecod& etat) {
+namespace {
+
+// The sentence on what the recoding would refuse in a block; empty when there is nothing.
+std::string FauteDuBloc(const std::vector<std::string>& lignes) {
+  try {
+    for (const Vit& vit : LireBlocVit(lignes).vits) {
+      if (!vit.PlusOublie()) continue;
+      return Joindre({"Oubli de signe + : il en faut à tous les éléments de la VIT "_w, vit.nom,
+                      " ou à aucun, elle n'est pas validée"_w});
+    }
+  } catch (const Erreur& erreur) {
+    return Joindre({TexteErreur(erreur.Numero()), " : la VIT n'est pas validée"_w});
+  }
+  return {};
+}
+
+}  // namespace
+
+bool ValiderVit(EtatPrepRecod& etat) {
   std::vector<std::string> lignes = etat.vitAffichee;
   std::erase_if(lignes, [](const std::string& l) { return Rogner(l).empty() || Rogner(l) == kMarqueVit; });
   // Without the line of its name the block would be taken for questions.
   if (!lignes.empty() && MarqueDeFin(lignes.front()) != FinDeListe::Dollars) {
     etat.message = "Nom vide, recommencez ou annulez";
-    return;
+    return false;
+  }
+  if (std::string faute = FauteDuBloc(lignes); !faute.empty()) {
+    etat.message = std::move(faute);
+    return false;
   }
   etat.vit = etat.vitAffichee = std::move(lignes);
   etat.modifie = true;
   etat.message = "La VIT affichée est validée (mais non enregistrée)"_w;
+  return true;
 }
 
 void SupprimerVit(EtatPrepRecod& etat) {

@@ -63,7 +63,8 @@ SensFiltre SensAffiche(const EtatPrepRecod& etat);
 bool AjouterQuestionAuFiltre(EtatPrepRecod& etat);
 void AjouterCodeAuFiltre(EtatPrepRecod& etat, int code);
 void AjouterExpression(EtatPrepRecod& etat);
-void ValiderFiltre(EtatPrepRecod& etat);
+// Stores the displayed filter; false, with the reason as message, for one that lacks a question or a code.
+bool ValiderFiltre(EtatPrepRecod& etat);
 
 // --- VIT ---
 
@@ -78,7 +79,8 @@ void CorrigerVit(EtatPrepRecod& etat);
 // The displayed text as the user has it on the screen.
 void ReprendreTexteVit(EtatPrepRecod& etat, std::string_view texte);
 std::string TexteVit(const EtatPrepRecod& etat);
-void ValiderVit(EtatPrepRecod& etat);
+// Stores the displayed block; false, with the reason as message, without a name or with a "+" on some elements only.
+bool ValiderVit(EtatPrepRecod& etat);
 void SupprimerVit(EtatPrepRecod& etat);
 
 // Codes that a filter, or an element of a VIT with its two columns, may ask of the current question.

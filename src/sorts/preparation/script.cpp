@@ -66,7 +66,7 @@ class Script {
       }
       AjouterCodeAuFiltre(etat_, code);
     }
-    ValiderFiltre(etat_);
+    if (!ValiderFiltre(etat_)) fautif_ = true;
     Dire(etat_.filtreAffiche);
   }
 
@@ -77,7 +77,7 @@ class Script {
       if (element.code) AjouterCodeALaVit(etat_, *element.code);
       AjouterScoreALaVit(etat_, element.code ? std::string_view(element.score) : "+");
     }
-    ValiderVit(etat_);
+    if (!ValiderVit(etat_)) fautif_ = true;
     Dire(vit.nom);
   }
 

@@ -228,14 +228,19 @@ void Lecture::LireElementFiltre(const ElementFiltre& element) {
   consignes_.filtre.push_back({*question, code});
 }
 
+// An alphabetic question counts with its columns.
+int CodeMaxPourRecodage(const Question& question) {
+  return question.alphabetique ? ColonnesAlphabetiques(question.codeMax) : question.codeMax;
+}
+
 void Lecture::VerifierRegles() {
   const std::vector<Question>& questions = consignes_.pos.questions;
   const int codeMaxFichier =
-      questions.empty() ? 0 : std::ranges::max_element(questions, {}, &Question::codeMax)->codeMax;
+      questions.empty() ? 0 : CodeMaxPourRecodage(*std::ranges::max_element(questions, {}, CodeMaxPourRecodage));
   for (QuestionARegle& aRegle : consignes_.aRegle) {
     const Question& question = questions[aRegle.question];
     aRegle.verifiee = VerifierRegle(LireRegle(aRegle.regle), {question.codeMax, codeMaxFichier}, UsageRegle::Moteur);
-    for (const FauteTrouvee& faute : aRegle.verifiee.fautes) avertisseur_.Avertir(TexteFaute(faute.quoi, question.nom));
+    for (const FauteTrouvee& faute : aRegle.verifiee.fautes) avertisseur_.Avertir(TexteFaute(faute, question.nom));
     if (aRegle.verifiee.arret) throw Erreur(kArretAnnonce);
   }
 }

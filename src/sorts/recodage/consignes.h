@@ -71,6 +71,9 @@ struct Consignes {
 
 inline constexpr std::size_t kQuestionsMaximum = 600;
 
+// Columns of an alphabetic question: its code-max, 3 for "L3".
+constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == 999 ? 3 : codeMax > 0 ? codeMax : 0; }
+
 // Reads the .POS and writes the head of the report. Faults of the instructions are written through `avertisseur`; what
 // has a fault is not fit for use when it has counted some. Raises kArretAnnonce for a stop that the report tells, and
 // the numbers of LirePos and CompterLignes.

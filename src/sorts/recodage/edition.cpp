@@ -8,11 +8,6 @@ namespace {
 
 constexpr std::size_t kLargeurNom = 3;
 
-// Name of a recoded question in the new file.
-std::string NomNeuf(const Question& question, ModeRecodage mode) {
-  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurNom - 1) : question.nom;
-}
-
 void EcrireLigneTable(Rapport& rapport, const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
   const Question& question = consignes.pos.questions[champ.question];
   rapport.Suite({CadreGauche(NomNeuf(question, consignes.mode), 4), "  ", EntierDroit(champ.position, 4), "  ",
@@ -82,6 +77,10 @@ void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
 }
 
 }  // namespace
+
+std::string NomNeuf(const Question& question, ModeRecodage mode) {
+  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurNom - 1) : question.nom;
+}
 
 void EcrireTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
   rapport.Ligne("Impression de la table de recodage");

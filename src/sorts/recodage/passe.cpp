@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -112,7 +113,8 @@ class Traduction {
     if (!ponderee_) return 1;
     if (poids_.table != nullptr) return std::max(poids_.Lire(individu), 0);
     const std::string_view champ(individu + poids_.champ.debut, poids_.champ.largeur);
-    return std::max(Entier32(ValeurDe(champ)), 0);
+    const int poids = Entier32(ValeurDe(champ));
+    return poids < 0 || poids > poids_.codeMax ? 0 : poids;
   }
 
   // The new line, with its end, as a view that lives until the next call.
@@ -169,7 +171,10 @@ Traduction::Traduction(const Consignes& consignes, const Plan& plan)
     const Question& question = questions[*consignes.ponderation];
     ponderee_ = true;
     poids_ = Apres(*consignes.ponderation, plan);
-    if (question.alphabetique) poids_.champ.largeur = static_cast<std::uint32_t>(std::max(question.codeMax, 0));
+    if (question.alphabetique) {
+      poids_.champ.largeur = static_cast<std::uint32_t>(ColonnesAlphabetiques(question.codeMax));
+      poids_.codeMax = std::numeric_limits<int>::max();
+    }
   }
   utile_ = std::max<std::size_t>(LongueurUtile(lus_), poids_.champ.debut + poids_.champ.largeur);
   lue_ = (utile_ + kBloc - 1) / kBloc * kBloc;
@@ -306,9 +311,9 @@ std::string_view Traduction::Traduire(const char* individu, std::size_t longueur
   return {ligne_.data(), totale + 2};
 }
 
-// Lines that the filter and the weights give, and lines read.
+// Lines read, those that the filter keeps, and lines that the weights make of these.
 struct Somme {
-  std::int64_t entree = 0, sortie = 0;
+  std::int64_t entree = 0, retenus = 0, sortie = 0;
 };
 
 Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int64_t maximum) {
@@ -318,15 +323,17 @@ Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int6
     const char* individu = lecteur.Lire();
     if (individu == nullptr) break;
     ++somme.entree;
-    if (traduction.Retenu(individu)) somme.sortie += traduction.Poids(individu);
+    if (!traduction.Retenu(individu)) continue;
+    ++somme.retenus;
+    somme.sortie += traduction.Poids(individu);
   }
   return somme;
 }
 
-// One line in so many, for an output of about ten times the input.
+// One line in so many, for an output of about ten times what the filter keeps.
 std::int64_t PasDeReduction(const Somme& somme) {
-  if (somme.entree == 0) return 1;
-  const double rapport = static_cast<double>(somme.sortie) / (10 * static_cast<double>(somme.entree));
+  if (somme.retenus == 0) return 1;
+  const double rapport = static_cast<double>(somme.sortie) / (10 * static_cast<double>(somme.retenus));
   return std::max<std::int64_t>(Entier64(rapport), 1);
 }
 
@@ -350,6 +357,7 @@ BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const
     progression.Avancer();
     const std::string_view ligne = traduction.Traduire(individu, lecteur.Ligne().size(), bilan.entree, temoins);
     if (!traduction.Retenu(individu)) continue;
+    ++bilan.retenus;
     bilan.sortie += traduction.Poids(individu);
     for (const std::int64_t voulues = Multiples(bilan.sortie, bilan.pas); bilan.ecrites < voulues; ++bilan.ecrites)
       sortie.Ecrire(ligne);

@@ -19,15 +19,17 @@ struct TemoinsDePasse {
 };
 
 struct BilanDePasse {
-  std::int64_t entree = 0;  // lines read
-  std::int64_t sortie = 0;  // lines that the filter and the weights give
-  std::int64_t pas = 1;     // one line in so many of those is written
+  std::int64_t entree = 0;   // lines read
+  std::int64_t retenus = 0;  // lines that the filter keeps
+  std::int64_t sortie = 0;   // lines that the filter and the weights give
+  std::int64_t pas = 1;      // one line in so many of those is written
   std::int64_t ecrites = 0;
 };
 
-// Runs the pass. With a weighting and without the maximum effective the output is thinned to about ten times the
-// input: the first line, then one in `pas`; the weights are summed in a pass of their own before. Raises 5 with the
-// question for a field that can't be cut, 6 for a value beyond its type, and the numbers of the reader and the writer.
+// Runs the pass. With a weighting and without the maximum effective the output is thinned to about ten times what the
+// filter keeps: the first line, then one in `pas`; the weights are summed in a pass of their own before. Raises 5 with
+// the question for a field that can't be cut, 6 for a value beyond its type, and the numbers of the reader and the
+// writer.
 BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const Chemin& donnees, Ecrivain& sortie,
                              const TemoinsDePasse& temoins, const Dialogue& ecran);
 

@@ -66,7 +66,7 @@ std::vector<ChampNeuf> CompleterChamps(const Consignes& consignes) {
 std::int64_t LongueurEnregistrement(const std::vector<Question>& questions, std::int64_t longueurLignes) {
   std::int64_t longueur = longueurLignes;
   for (const Question& question : questions) {
-    const int largeur = question.alphabetique ? question.codeMax : question.largeur;
+    const int largeur = question.alphabetique ? ColonnesAlphabetiques(question.codeMax) : question.largeur;
     longueur = std::max<std::int64_t>(longueur, question.position + std::int64_t{largeur} - 1);
   }
   return longueur;

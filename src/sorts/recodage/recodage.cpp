@@ -1,5 +1,6 @@
 #include "sorts/recodage/recodage.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -8,8 +9,10 @@
 #include "core/texte/nombres.h"
 #include "sorts/recodage/consignes.h"
 #include "sorts/recodage/edition.h"
+#include "sorts/recodage/etiquettes.h"
 #include "sorts/recodage/passe.h"
 #include "sorts/recodage/plan.h"
+#include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {
 
@@ -56,6 +59,33 @@ bool DemanderModalites(const Contexte& contexte, Rapport& rapport, const std::st
   return passe;
 }
 
+// The modality file after the rules, told in the report; nothing when it goes over as it is. Faults of the files are
+// left to the readers that tell them.
+std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const OptionsRecodage& options,
+                                                const Chemin& cheminPos, Rapport& rapport) {
+  std::optional<ModalitesSuivies> suivies;
+  try {
+    const FichierPos pos = LirePos(cheminPos);
+    std::vector<std::string> creees;
+    if (pos.fin == FinDeListe::Dollars)
+      for (const Vit& vit : LireBlocVit(std::span(pos.lignes).subspan(pos.premiereApres)).vits)
+        creees.push_back(vit.nom);
+    suivies = SuivreRecodage(LireMod(*contexte.Chercher(".MOD")), CodesChangesPar(pos, options), creees);
+  } catch (const Erreur&) {
+    return std::nullopt;
+  }
+  if (suivies->refaites.empty() && suivies->otees.empty()) return std::nullopt;
+  const auto dire = [&](Texte texte, const std::vector<std::string>& noms) {
+    if (noms.empty()) return;
+    rapport.Suite(texte);
+    for (const std::string& nom : noms) rapport.Suite({" ", nom});
+    rapport.Ligne();
+  };
+  dire("Les intitulés de modalités sont refaits d'après le recodage pour :"_w, suivies->refaites);
+  dire("Les intitulés de modalités ne sont pas repris, une question créée a le même nom :"_w, suivies->otees);
+  return suivies;
+}
+
 // The new generic must not write over what the run reads, and its files must be files.
 void ExigerSortiesLibres(const Contexte& contexte, const Noms& noms, const Chemin& donnees) {
   if (EgalSansCasse(noms.nouveau, contexte.generique)) throw Erreur(kPermissionRefusee);
@@ -82,7 +112,7 @@ Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Che
                  Avertisseur& avertisseur) {
   std::vector<ChampNeuf> champs = CompleterChamps(consignes);
   for (std::size_t i = 0; i < champs.size(); ++i) {
-    if (champs[i].tropLarge && consignes.aRegle[i].verifiee.fautes.empty())
+    if (champs[i].tropLarge)
       avertisseur.Avertir(
           Joindre({"Nouveau code trop large pour la question : ", consignes.pos.questions[champs[i].question].nom}));
   }
@@ -125,9 +155,24 @@ void EcrireBilan(Rapport& rapport, const Consignes& consignes, const BilanDePass
   }
 }
 
+// The people behind the former lines that the filter keeps: at least one, since 0 would tell a file without weights.
+std::int64_t AncienCompteRetenu(std::int64_t ancien, const BilanDePasse& bilan) {
+  if (ancien <= 0 || bilan.retenus == bilan.entree) return ancien;
+  const double part = static_cast<double>(bilan.retenus) / static_cast<double>(bilan.entree);
+  return std::max<std::int64_t>(Entier64(static_cast<double>(ancien) * part), 1);
+}
+
 TailleNeuve TailleDe(const Consignes& consignes, const BilanDePasse& bilan) {
   const bool reduite = consignes.ponderation && !consignes.maximum;
-  return {bilan.ecrites, reduite ? bilan.entree : consignes.pos.taille.avantPonderation};
+  return {bilan.ecrites, reduite ? bilan.retenus : AncienCompteRetenu(consignes.pos.taille.avantPonderation, bilan)};
+}
+
+void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& consignes, const BilanDePasse& bilan) {
+  if (consignes.sens == SensFiltre::Aucun || bilan.retenus > 0 || bilan.entree == 0) return;
+  contexte.Ecran().biper();
+  rapport.Ligne("Arrêt du programme : le filtre ne garde aucun individu, aucun fichier n'est créé ni modifié"_w);
+  rapport.Ligne({"Corrigez le filtre et relancez, le générique reste "_w, contexte.generique});
+  throw Erreur(kArretAnnonce);
 }
 
 // The files of the new generic, written whole under scratch names, then put in place in one go.
@@ -143,11 +188,16 @@ class Sorties {
   Ecrivain& Pos() { return pos_.Fichier(); }
 
   // The modality file of the old generic, and the backup of the one that it replaces.
-  void CopierModalites() {
+  void CopierModalites(const std::optional<ModalitesSuivies>& suivies) {
     const std::string nom = noms_.Neuf(".MOD");
     const std::optional<Chemin> ancien = ChercherFichier(contexte_.repertoire, nom);
     if (ancien) sauvegarde_ = Copier(*ancien, NomDeSauvegarde(nom));
-    modalites_ = Copier(*contexte_.Chercher(".MOD"), nom);
+    if (!suivies) {
+      modalites_ = Copier(*contexte_.Chercher(".MOD"), nom);
+      return;
+    }
+    modalites_ = std::make_unique<Remplacement>(contexte_.repertoire, nom);
+    for (const std::string& ligne : suivies->lignes) modalites_->Fichier().Ligne(ligne);
   }
 
   // Without its .POS a generic is not there: the former one goes first, and the new one comes last.
@@ -194,6 +244,8 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   EcrireBandeau(rapport, "Création d'un nouveau fichier"_w);
   ExigerSortiesLibres(contexte, noms, *donnees);
   const bool passerModalites = DemanderModalites(contexte, rapport, noms.nouveau, suite);
+  std::optional<ModalitesSuivies> modalites;
+  if (passerModalites) modalites = SuivreModalites(contexte, options, *pos, rapport);
 
   Avertisseur avertisseur(rapport, contexte.Ecran());
   const Consignes consignes = LireConsignes(contexte, options, *pos, *donnees, avertisseur);
@@ -202,9 +254,10 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
 
   Sorties sorties(contexte, noms);
   const BilanDePasse bilan = Passer(contexte, consignes, plan, *donnees, sorties.Donnees(), avertisseur);
+  ExigerRetenus(contexte, rapport, consignes, bilan);
   EcrireBilan(rapport, consignes, bilan, avertisseur);
   EcrirePosNeuf(sorties.Pos(), consignes, plan, TailleDe(consignes, bilan), noms.nouveau);
-  if (passerModalites) sorties.CopierModalites();
+  if (passerModalites) sorties.CopierModalites(modalites);
   sorties.Valider();
   EcrireInitialisation(contexte.repertoire, noms.nouveau, contexte.niveau);
   EcrireFin(contexte, rapport, noms.nouveau);

@@ -43,15 +43,38 @@ ElementRegle LireElement(std::string_view texte) {
   return element;
 }
 
-OrdreRegle LireOrdre(std::string_view texte) {
+bool EstLettre(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 0xC0;
+}
+
+// A word for the codes not named: letters and stars that hold one of those that tell it.
+bool EstMotDeReste(std::string_view gauche) {
+  return gauche.find_first_of("*ERer") != std::string_view::npos &&
+         std::ranges::all_of(gauche, [](char c) { return c == '*' || c == ' ' || EstLettre(c); });
+}
+
+// The first character of an order as typed that is no sign of a rule; `debut` is its place in the rule.
+std::optional<OrdreRegle::Signe> SigneInterdit(std::string_view ordre, std::size_t debut) {
+  const std::size_t egal = ordre.find('=');
+  const std::size_t libre = EstMotDeReste(ordre.substr(0, egal)) ? egal : 0;
+  const std::size_t place = ordre.find_first_not_of("0123456789,-= ", libre);
+  if (egal == std::string_view::npos || place == std::string_view::npos) return std::nullopt;
+  return OrdreRegle::Signe{ordre[place], debut + place + 1};
+}
+
+OrdreRegle LireOrdre(std::string_view type, std::size_t debut) {
   OrdreRegle ordre;
-  ordre.texte = texte;
+  ordre.texte = type;
+  std::erase(ordre.texte, ' ');
+  const std::string_view texte = ordre.texte;
   const std::size_t egal = texte.find('=');
   if (egal == std::string_view::npos) return ordre;
   ordre.egal = true;
+  ordre.interdit = SigneInterdit(type, debut);
   ordre.gauche = texte.substr(0, egal);
   const std::string_view droite = texte.substr(egal + 1);
-  ordre.droiteTropLongue = droite.size() > kLargeurDroite;
+  ordre.droiteFautive = droite.empty() || droite.size() > kLargeurDroite ||
+                        droite.find_first_not_of("0123456789") != std::string_view::npos;
   ordre.nouveau = LireCode(droite);
   for (const std::string_view element : Couper(ordre.gauche, ',')) ordre.elements.push_back(LireElement(element));
   return ordre;
@@ -87,7 +110,8 @@ class Verificateur {
 
  private:
   void Affectation(const OrdreRegle& ordre) {
-    if (ordre.droiteTropLongue) Signaler(FauteRegle::DroiteTropLongue);
+    if (ordre.interdit) return Signaler(FauteRegle::SigneInterdit, *ordre.interdit);
+    if (ordre.droiteFautive) Signaler(FauteRegle::DroiteFautive);
     if (EstReste(ordre.gauche, usage_)) {
       regle_.reste = ordre.nouveau;
       return;
@@ -117,12 +141,12 @@ class Verificateur {
     }
   }
 
-  void Signaler(FauteRegle faute) {
+  void Signaler(FauteRegle faute, OrdreRegle::Signe signe = {}) {
     const auto meme = [&](const FauteTrouvee& f) {
       return f.quoi == faute && f.ordre == ordre_ && f.element == element_;
     };
     const bool dejaDite = usage_ == UsageRegle::Formulaire && std::ranges::any_of(regle_.fautes, meme);
-    if (!dejaDite) regle_.fautes.push_back({faute, ordre_, element_});
+    if (!dejaDite) regle_.fautes.push_back({faute, ordre_, element_, signe});
   }
 
   BornesRegle bornes_;
@@ -137,9 +161,10 @@ struct Libelle {
   std::string_view avant, apres, formulaire;
 };
 
-constexpr std::array<Libelle, 10> kLibelles = {{
+constexpr std::array<Libelle, 11> kLibelles = {{
     {"Expression vide a la question: ", "", "Elément vide autour d'un séparateur"_w},
     {"Defaut de signe egal a la question : ", "", "Défaut de signe égal"_w},
+    {"Signe interdit", " a la question : ", "Signe interdit"},
     {"Erreur a droite d'un signe egal a question : ", "", "Erreur à droite d'un signe égal"_w},
     {"Element vide a la question : ", "", "Elément vide à gauche du signe égal"_w},
     {"", "", "Element vide autour d'un tiret"},
@@ -151,15 +176,19 @@ constexpr std::array<Libelle, 10> kLibelles = {{
     {"Question : ", " : recodage deja fait", "Recodage d'une des modalités deja fait"_w},
 }};
 
+std::string PlaceDuSigne(const OrdreRegle::Signe& signe) {
+  return Joindre({" (", std::string_view(&signe.signe, 1), ", caractère "_w,
+                  Nombre(static_cast<std::int64_t>(signe.place)), " de la règle)"_w});
+}
+
 const Libelle& LibelleDe(FauteRegle faute) { return kLibelles[static_cast<std::size_t>(faute)]; }
 
 }  // namespace
 
 std::vector<OrdreRegle> LireRegle(std::string_view texte) {
-  std::string sansBlancs(texte);
-  std::erase(sansBlancs, ' ');
   std::vector<OrdreRegle> ordres;
-  for (const std::string_view ordre : Couper(sansBlancs, '/')) ordres.push_back(LireOrdre(ordre));
+  for (const std::string_view ordre : Couper(texte, '/'))
+    ordres.push_back(LireOrdre(ordre, static_cast<std::size_t>(ordre.data() - texte.data())));
   return ordres;
 }
 
@@ -179,11 +208,17 @@ std::vector<int> CompleterTable(const RegleVerifiee& regle) {
   return table;
 }
 
-std::string TexteFaute(FauteRegle faute, std::string_view nomQuestion) {
-  const Libelle& libelle = LibelleDe(faute);
+std::string TexteFaute(const FauteTrouvee& faute, std::string_view nomQuestion) {
+  const Libelle& libelle = LibelleDe(faute.quoi);
+  if (faute.quoi == FauteRegle::SigneInterdit)
+    return Joindre({libelle.avant, PlaceDuSigne(faute.signe), libelle.apres, nomQuestion});
   return Joindre({libelle.avant, nomQuestion, libelle.apres});
 }
 
-std::string_view TexteFauteFormulaire(FauteRegle faute) { return LibelleDe(faute).formulaire; }
+std::string TexteFauteFormulaire(const FauteTrouvee& faute) {
+  const std::string_view libelle = LibelleDe(faute.quoi).formulaire;
+  if (faute.quoi != FauteRegle::SigneInterdit) return std::string(libelle);
+  return Joindre({libelle, PlaceDuSigne(faute.signe)});
+}
 
 }  // namespace quelvar::sorts

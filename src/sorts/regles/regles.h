@@ -25,8 +25,14 @@ struct OrdreRegle {
   bool egal = false;   // it has an "="
   std::string gauche;  // whole left side
   std::vector<ElementRegle> elements;
-  int nouveau = 0;  // code on the right
-  bool droiteTropLongue = false;
+  int nouveau = 0;             // code on the right
+  bool droiteFautive = false;  // empty, too long, or not a number
+  // First character that a rule can't hold.
+  struct Signe {
+    char signe = ' ';
+    std::size_t place = 0;  // in the rule as typed, from 1
+  };
+  std::optional<Signe> interdit;
 };
 
 // The orders of a rule. Codes beyond five digits are brought to the bounds of 16 bits.
@@ -35,7 +41,8 @@ std::vector<OrdreRegle> LireRegle(std::string_view texte);
 enum class FauteRegle {
   OrdreVide,
   SansEgal,
-  DroiteTropLongue,
+  SigneInterdit,
+  DroiteFautive,
   ElementVide,
   CoteVide,
   DebutPasSousFin,
@@ -50,8 +57,9 @@ enum class UsageRegle { Moteur, Formulaire };
 
 struct FauteTrouvee {
   FauteRegle quoi;
-  std::size_t ordre = 0;    // index of the order
-  std::size_t element = 0;  // index of the element of its left side
+  std::size_t ordre = 0;         // index of the order
+  std::size_t element = 0;       // index of the element of its left side
+  OrdreRegle::Signe signe = {};  // of SigneInterdit
 };
 
 // Codes that a rule may name.
@@ -77,7 +85,7 @@ RegleVerifiee VerifierRegle(const std::vector<OrdreRegle>& ordres, const BornesR
 std::vector<int> CompleterTable(const RegleVerifiee& regle);
 
 // Words of a fault, in the code page.
-std::string TexteFaute(FauteRegle faute, std::string_view nomQuestion);  // the recoding
-std::string_view TexteFauteFormulaire(FauteRegle faute);                 // the form; empty for what is no fault there
+std::string TexteFaute(const FauteTrouvee& faute, std::string_view nomQuestion);  // the recoding
+std::string TexteFauteFormulaire(const FauteTrouvee& faute);  // the form; empty for what is no fault there
 
 }  // namespace quelvar::sorts

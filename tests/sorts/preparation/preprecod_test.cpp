@@ -171,6 +171,34 @@ TEST_F(Preparation, AVitIsBuiltElementByElement) {
   EXPECT_EQ(etat.message, "Il n'y a pas de VIT en cours");
 }
 
+TEST_F(Preparation, WhatTheScreenRefusesIsNotStored) {
+  EtatPrepRecod etat = Ouvrir();
+  ChoisirQuestion(etat, 2);
+  EXPECT_FALSE(ValiderRegle(etat, "1=2")) << "an alphabetic question";
+  EXPECT_EQ(etat.message, "NOM est une question alphabétique qui n'est pas susceptible de recodage"_w);
+  ChoisirSens(etat, SensFiltre::Exclure);
+  EXPECT_FALSE(ValiderFiltre(etat));
+  ChoisirQuestion(etat, 0);
+  AjouterQuestionAuFiltre(etat);
+  EXPECT_FALSE(ValiderFiltre(etat));
+  EXPECT_EQ(etat.message,
+            "Le filtre affiché est incomplet, il n'est pas validé : à chaque question il faut une modalité"_w);
+  EXPECT_EQ(etat.filtre, "incl sex=1");
+  AjouterCodeAuFiltre(etat, 2);
+  EXPECT_TRUE(ValiderFiltre(etat));
+  EXPECT_EQ(etat.filtre, "EXCL SEX=2");
+  AjouterExpression(etat);
+  EXPECT_FALSE(ValiderFiltre(etat));
+  EXPECT_FALSE(AjouterQuestionAuFiltre(etat)) << "twice";
+  EXPECT_EQ(etat.filtre, "") << "the stored filter is cancelled, too";
+  ReprendreTexteVit(etat, "$$V\r\nSEX     +\r\nAGE     1\r\n$$");
+  EXPECT_FALSE(ValiderVit(etat));
+  EXPECT_TRUE(etat.message.starts_with("Oubli de signe +"));
+  EXPECT_EQ(etat.vit.front(), "$$CUL");
+  ReprendreTexteVit(etat, "$$V\r\nSEX     99E9\r\n$$");
+  EXPECT_FALSE(ValiderVit(etat));
+}
+
 TEST_F(Preparation, LinesBehindADeletedVitDoNotBecomeQuestions) {
   EtatPrepRecod etat = Ouvrir();
   SupprimerVit(etat);

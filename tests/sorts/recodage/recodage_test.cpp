@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "sorts/recodage/etiquettes.h"
 #include "support/programme.h"
 
 using namespace quelvar::sorts;
@@ -27,7 +28,11 @@ TEST_F(RunRecodage, AStoppedRunLeavesTheNewGenericAlone) {
       {"T\n 2 POND\nPON   112A\n", "1\n999999999999\n", "notez le numero =  6 "},
       {sixCentsUne, "1\n", "\r\n***  Plus de questions que le maximum possible\r\nArret pour trop de questions\r\n"},
       {"T\n 1 INCL A=1 EXCL A=2\nA     1 2\n", "1\n", "\r\n***  Inclure et exclure presents en meme temps\r\n"},
-      {"T\n 1 \nAAA   1 2 1=-1\n", "1\n", "Nouveau code trop large pour la question : AAA"},
+      {"T\n 1 \nAAA   1 2 1=10/1=2\n", "1\n",
+       "Question : AAA : recodage deja fait\r\n\r\n***  Nouveau code trop large pour la question : AAA\r\n"},
+      {"T\n 1 \nAAA   1 2 1=x\n", "1\n", "Signe interdit (x, caractère 3 de la règle) a la question : AAA"_w},
+      {"T\n 2 INCL AAA=7\nAAA   1 2\n", "1\n2\n", "Arrêt du programme : le filtre ne garde aucun individu"_w},
+      {"T\n 2 EXCL AAA=7\nAAA   1 2 4=1\nTXT   2L3A\n", "1\n2\n", "STOP : codage > max des code-max"},
       {"T\n 1 \nAAA9999 2\n$$V\nAAA     1\n$$\n", "1\n", "notez le numero =  6 "},
       {"T\n 1 \nAAA   1 2\n$$V\nAAA     199999\n$$\n", "1\n", "notez le numero =  6 "},
   };
@@ -68,6 +73,99 @@ TEST_F(RunRecodage, NamesAreFoundTrimmedAndExactlyFirst) {
     EXPECT_EQ(Executer(), sortie.empty() ? Fin::Arret : Fin::Normale) << pos << montre_;
     EXPECT_EQ(Lire("ENR.DAT"), sortie) << pos;
     EXPECT_TRUE(Dit(texte)) << pos << montre_;
+  }
+}
+
+TEST_F(RunRecodage, TheCountBeforeWeightingIsThatOfTheFilter) {
+  const struct {
+    std::string_view pos, taille;
+    std::size_t lignes;
+  } cas[] = {
+      // Of four people three are kept, their weights give 150 lines, one in five is written.
+      {" 4 POND=PDS INCL SEX=1\n", " 30 ( 3 )", 30},
+      {" 4 (40) INCL SEX=1\n", " 3 ( 30 )", 3},
+      {" 4 (1) EXCL SEX=1\n", " 1 ( 1 )", 1},
+      {" 4 (40) POND=PDS MAX INCL SEX=1\n", " 150 ( 30 )", 150},
+      {" 4 (40)\n", " 4 ( 40 )", 4},
+  };
+  for (const auto& [taille, attendue, lignes] : cas) {
+    Ecrire("ENQ.POS", Joindre({"T\n", taille, "SEX   1 2\nPDS   250\n"}));
+    Ecrire("ENQ.DAT", "150\n150\n150\n250\n");
+    EXPECT_EQ(Executer(), Fin::Normale) << taille << montre_;
+    EXPECT_TRUE(Lire("ENR.POS").starts_with(Joindre({"T Recode en ENR\r\n", attendue, "\r\n"}))) << Lire("ENR.POS");
+    EXPECT_EQ(Lire("ENR.DAT").size(), 5 * lignes) << taille;
+  }
+}
+
+TEST_F(RunRecodage, AnOverflowWeighsNothing) {
+  Ecrire("ENQ.POS", "T\n 2 POND=PDS MAX\nAAA   1 2 S\nPDS   2 2\n");
+  Ecrire("ENQ.DAT", "19\n12\n");
+  EXPECT_EQ(Executer({.toutesSelectionnees = false}), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENR.DAT"), "12\r\n12\r\n");
+}
+
+TEST_F(RunRecodage, AnAlphabeticQuestionCountsWithItsColumns) {
+  Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2\nTXT   2L3A\n");
+  Ecrire("ENQ.DAT", "1abc\n");
+  EXPECT_EQ(Executer({.enFin = true}), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENR.DAT"), "1abc1\r\n") << "the copy stands behind the record, not behind column 999";
+}
+
+TEST(Etiquettes, LabelsOfCodesThatBecomeOne) {
+  const struct {
+    std::vector<std::string> intitules;
+    std::string_view reuni;
+  } cas[] = {{{}, ""},
+             {{"Homme"}, "Homme"},
+             {{"Oui", "Non"}, "Oui + Non"},
+             {{"15-25 ans", "26-35 ans"}, "15-35 ans"},
+             {{"15-25 ans", "25-35 ans", "36-45 ans"}, "15-45 ans"},
+             {{"15-25 ans", "36-45 ans"}, "15-25 ans + 36-45 ans"},
+             {{"15-25 ans", "26-35"}, "15-25 ans + 26-35"},
+             {{"-5-10", "11-12"}, "-5-10 + 11-12"},
+             {{"56-65 ans", "66 ans et plus"}, "56-65 ans + 66 ans et"},
+             {{"Ouvrier qualifié", "Technicien"}, "Ouvrier qualifié +"},
+             {{"abcdefghijklm", "nopqrstuv", "x"}, "abcdefghijklm + nopqrstuv"},
+             {{"abcdefghijklmnopqrstuvwxyz"}, "abcdefghijklmnopqrstuvwxy"}};
+  for (const auto& [intitules, reuni] : cas) EXPECT_EQ(IntituleReuni(intitules), reuni);
+}
+
+TEST_F(RunRecodage, LabelsFollowTheirCodes) {
+  const std::string_view mod =
+      "ENQ\r\n FMT=4 \r\nAGE0   NR\r\nAGE1   15-25 ans\r\nAGE2   26-35 ans\r\nAGE3 S \r\nAGE4 S Vieux\r\nSEX1   "
+      "Homme\r\n"
+      "SEX2   Femme\r\n**\r\nVEL1   ancien\r\n";
+  const struct {
+    std::string_view regle, suite, mod, dit;
+    bool enFin;
+  } cas[] = {
+      {"1-2=1/3-4=2", "",
+       "AGE0   NR\r\nAGE1   15-35 ans\r\nAGE2 S Vieux\r\nSEX1   Homme\r\nSEX2   Femme\r\n**\r\nVEL1   ancien\r\n",
+       "refaits d'après le recodage pour : AGE\r\n"_w, false},
+      {"1=2/2=1", "",
+       "AGE0   NR\r\nAGE1   26-35 ans\r\nAGE2   15-25 ans\r\nAGE3 S \r\nAGE4 S Vieux\r\nSEX1   Homme\r\nSEX2   "
+       "Femme\r\n**\r\nVEL1   ancien\r\n",
+       "pour : AGE\r\n", false},
+      {"4=1/R=0", "",
+       "AGE0   NR + 15-35 ans\r\nAGE1 S Vieux\r\nSEX1   Homme\r\nSEX2   Femme\r\n**\r\nVEL1   ancien\r\n",
+       "pour : AGE\r\n", false},
+      {"1-2=1/3-4=2", "",
+       "AGE0   NR\r\nAGE1   15-25 ans\r\nAGE2   26-35 ans\r\nAGE3 S \r\nAGE4 S Vieux\r\nSEX1   Homme\r\nSEX2   "
+       "Femme\r\n"
+       "*AG0   NR\r\n*AG1   15-35 ans\r\n*AG2 S Vieux\r\n**\r\nVEL1   ancien\r\n",
+       "pour : *AG\r\n", true},
+      {"", "$$SEX\nAGE     1\n$$\n",
+       "AGE0   NR\r\nAGE1   15-25 ans\r\nAGE2   26-35 ans\r\nAGE3 S \r\nAGE4 S Vieux\r\n**\r\nVEL1   ancien\r\n",
+       "une question créée a le même nom : SEX\r\n"_w, false},
+  };
+  for (const auto& [regle, suite, attendu, dit, enFin] : cas) {
+    Ecrire("ENQ.POS", Joindre({"T\n 1 \nAGE   1 4 ", regle, "\nSEX   2 2\n", suite}));
+    Ecrire("ENQ.DAT", "11\n");
+    Ecrire("ENQ.MOD", mod);
+    EXPECT_EQ(Executer({.enFin = enFin}), Fin::Normale) << montre_;
+    EXPECT_EQ(Lire("ENR.MOD"), Joindre({"ENQ\r\n FMT=4 \r\n", attendu})) << regle;
+    EXPECT_TRUE(Dit(dit)) << montre_;
+    Effacer("ENR.MOD");
   }
 }
 

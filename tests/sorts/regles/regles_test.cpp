@@ -39,7 +39,7 @@ TEST(Regle, GivesANewCodeToEachOldOne) {
       {"S", 3, "0 1 2 3 "},
       {"s/1=/=", 2, "0 1 2 "},
       {"1=2/S", 2, "0 1 2 "},
-      {"1=x", 1, "0 0 "},
+      {"AUTRES=2", 1, "2 2 "},
       {"-2=5", 3, "5 5 5 3 "},
   };
   for (const auto& [regle, codeMax, table] : cas) {
@@ -59,6 +59,17 @@ TEST(Regle, ListsItsFaults) {
       {"12", "Defaut de signe egal a la question : Q", "Défaut de signe égal"_w},
       {"1=1000/1=1", "Erreur a droite d'un signe egal a question : Q|Question : Q : recodage deja fait",
        "Erreur à droite d'un signe égal|Recodage d'une des modalités deja fait"_w},
+      {"1= ", "Erreur a droite d'un signe egal a question : Q", "Erreur à droite d'un signe égal"_w},
+      {"1=-1", "Erreur a droite d'un signe egal a question : Q", "Erreur à droite d'un signe égal"_w},
+      {"1=2=3", "Erreur a droite d'un signe egal a question : Q", "Erreur à droite d'un signe égal"_w},
+      {"1 = 2 / 3 = x", "Signe interdit (x, caractère 13 de la règle) a la question : Q"_w,
+       "Signe interdit (x, caractère 13 de la règle)"_w},
+      {"1.2=3", "Signe interdit (., caractère 2 de la règle) a la question : Q"_w,
+       "Signe interdit (., caractère 2 de la règle)"_w},
+      {"1;2=3", "Signe interdit (;, caractère 2 de la règle) a la question : Q"_w,
+       "Signe interdit (;, caractère 2 de la règle)"_w},
+      {"1e=2", "Signe interdit (e, caractère 2 de la règle) a la question : Q"_w,
+       "Signe interdit (e, caractère 2 de la règle)"_w},
       {",1=2", "Element vide a la question : Q", "Elément vide à gauche du signe égal"_w},
       {"1-1=2", "Debut plus grand que fin a la question : Q",
        "Début plus grand ou égal à fin entre la gauche et la droite d'un tiret"_w},
@@ -79,11 +90,11 @@ TEST(Regle, ListsItsFaults) {
   for (const auto& [regle, moteur, formulaire] : cas) {
     std::string dits;
     for (const FauteTrouvee& faute : Verifier(regle, {5, 7}).fautes)
-      dits += (dits.empty() ? "" : "|") + TexteFaute(faute.quoi, "Q");
+      dits += (dits.empty() ? "" : "|") + TexteFaute(faute, "Q");
     EXPECT_EQ(dits, moteur) << regle;
     dits.clear();
     for (const FauteTrouvee& faute : Verifier(regle, {5, 7}, UsageRegle::Formulaire).fautes)
-      dits += (dits.empty() ? "" : "|") + std::string(TexteFauteFormulaire(faute.quoi));
+      dits += (dits.empty() ? "" : "|") + TexteFauteFormulaire(faute);
     EXPECT_EQ(dits, formulaire) << regle;
   }
 }

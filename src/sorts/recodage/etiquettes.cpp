@@ -1,0 +1,226 @@
+#include "sorts/recodage/etiquettes.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <set>
+
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+#include "sorts/recodage/edition.h"
+#include "sorts/regles/regles.h"
+
+namespace quelvar::sorts {
+
+namespace {
+
+constexpr std::size_t kLargeurIntitule = 25;
+constexpr std::size_t kLargeurQuestion = 3;
+constexpr std::size_t kDebutDesModalites = 2;  // lines before them
+constexpr int kCodesNommes = 36;               // codes of one character, 0 included
+constexpr std::string_view kChiffres = "0123456789";
+
+// "15-25 ans": two numbers and what follows.
+struct Tranche {
+  std::int64_t debut = 0;
+  std::int64_t fin = 0;
+  std::string_view unite;
+};
+
+std::optional<Tranche> LireTranche(std::string_view intitule) {
+  const std::size_t tiret = intitule.find_first_not_of(kChiffres);
+  if (tiret == 0 || tiret == std::string_view::npos || intitule[tiret] != '-') return std::nullopt;
+  const std::size_t unite = std::min(intitule.find_first_not_of(kChiffres, tiret + 1), intitule.size());
+  if (unite == tiret + 1 || tiret > 15 || unite - tiret > 15) return std::nullopt;
+  return Tranche{Entier64(ValeurDe(intitule.substr(0, tiret))),
+                 Entier64(ValeurDe(intitule.substr(tiret + 1, unite - tiret - 1))), intitule.substr(unite)};
+}
+
+// The range that two touching ones make.
+std::optional<std::string> Reunir(std::string_view premier, std::string_view second) {
+  const std::optional<Tranche> a = LireTranche(premier);
+  const std::optional<Tranche> b = LireTranche(second);
+  if (!a || !b || a->unite != b->unite || (b->debut != a->fin && b->debut != a->fin + 1)) return std::nullopt;
+  return Joindre({Nombre(a->debut), "-", Nombre(b->fin), a->unite});
+}
+
+std::string Couper(std::string_view texte) {
+  if (texte.size() <= kLargeurIntitule) return std::string(texte);
+  const std::string_view coupe = texte.substr(0, kLargeurIntitule);
+  if (texte[kLargeurIntitule] == ' ') return std::string(RognerDroite(coupe));
+  const std::size_t blanc = coupe.rfind(' ');
+  return std::string(RognerDroite(coupe.substr(0, blanc == std::string_view::npos ? coupe.size() : blanc)));
+}
+
+// Name of a modality as .MOD has it.
+std::string NomDeModalite(std::string_view question, int code) {
+  return Joindre({CadreGauche(question, static_cast<int>(kLargeurQuestion)), CodeCaractere(code)});
+}
+
+// One question at work: its new modalities, and where the first old line that makes each of them stands.
+class Reprise {
+ public:
+  Reprise(const CodesChanges& changee, const std::map<std::string, std::size_t>& places, const FichierMod& mod) {
+    std::map<int, std::vector<std::size_t>> sources;  // lines by new code, in the order of the old codes
+    for (std::size_t ancien = 0; ancien < changee.table.size() && ancien < kCodesNommes; ++ancien) {
+      const auto place = places.find(NomDeModalite(changee.question, static_cast<int>(ancien)));
+      const int nouveau = changee.table[ancien];
+      if (place != places.end() && nouveau >= 0 && nouveau < kCodesNommes) sources[nouveau].push_back(place->second);
+    }
+    for (const auto& [code, lignes] : sources) Ajouter(NomDeModalite(changee.nouvelle, code), lignes, mod);
+  }
+
+  bool Vide() const { return derriere_.empty() && devant_.empty(); }
+  const std::vector<std::string>& Lignes(bool derriere) const { return derriere ? derriere_ : devant_; }
+
+ private:
+  void Ajouter(const std::string& nom, const std::vector<std::size_t>& lignes, const FichierMod& mod) {
+    std::vector<std::string> intitules;
+    bool supplementaire = true;
+    bool derriere = true;
+    for (const std::size_t ligne : lignes) {
+      const Modalite lue = LireLigneModalite(mod.lignes[ligne]);
+      supplementaire = supplementaire && lue.supplementaire;
+      derriere = derriere && ligne >= mod.premiereApres;
+      if (!Rogner(lue.intitule).empty()) intitules.emplace_back(Rogner(lue.intitule));
+    }
+    (derriere ? derriere_ : devant_).push_back(LigneModalite(nom, supplementaire, IntituleReuni(intitules)));
+  }
+
+  std::vector<std::string> devant_;    // in the list
+  std::vector<std::string> derriere_;  // behind its end mark
+};
+
+// The lines of the names of one question.
+bool EstDe(std::string_view ligne, std::string_view question) {
+  return Milieu(ligne, 1, kLargeurQuestion) == CadreGauche(question, static_cast<int>(kLargeurQuestion)) &&
+         !FinitLesModalites(ligne);
+}
+
+std::map<std::string, std::size_t> PremieresLignes(const FichierMod& mod) {
+  std::map<std::string, std::size_t> places;
+  for (std::size_t i = kDebutDesModalites; i < mod.lignes.size(); ++i)
+    if (!FinitLesModalites(mod.lignes[i])) places.emplace(CadreGauche(mod.lignes[i], 4), i);
+  return places;
+}
+
+}  // namespace
+
+std::string IntituleReuni(const std::vector<std::string>& intitules) {
+  std::vector<std::string> reunis;
+  for (const std::string& intitule : intitules) {
+    std::optional<std::string> tranche;
+    if (!reunis.empty()) tranche = Reunir(reunis.back(), intitule);
+    if (tranche) reunis.back() = std::move(*tranche);
+    else reunis.push_back(intitule);
+  }
+  std::string texte;
+  for (const std::string& intitule : reunis) texte += (texte.empty() ? "" : " + ") + intitule;
+  return Couper(texte);
+}
+
+bool CodesChanges::Change() const {
+  for (std::size_t code = 0; code < table.size(); ++code)
+    if (table[code] != static_cast<int>(code)) return true;
+  return false;
+}
+
+std::vector<CodesChanges> CodesChangesPar(const FichierPos& pos, const OptionsRecodage& options) {
+  std::vector<CodesChanges> changees;
+  const bool enFin = options.enFin && !options.seules;
+  for (const Question& question : pos.questions) {
+    const bool sansRegle = question.regle.empty() || question.intituleOuvert;
+    if (question.alphabetique || (sansRegle && !options.toutesSelectionnees)) continue;
+    const RegleVerifiee regle = VerifierRegle(LireRegle(sansRegle ? "S" : question.regle),
+                                              {question.codeMax, question.codeMax}, UsageRegle::Moteur);
+    if (!regle.fautes.empty()) continue;
+    changees.push_back(
+        {question.nom, NomNeuf(question, enFin ? ModeRecodage::EnFin : ModeRecodage::SurPlace), CompleterTable(regle)});
+  }
+  return changees;
+}
+
+namespace {
+
+// The rewriting of a file in progress.
+class Suivi {
+ public:
+  Suivi(const FichierMod& mod, const std::vector<CodesChanges>& regles, const std::vector<std::string>& creees)
+      : mod_(mod) {
+    std::map<std::string, int> copies;
+    for (const CodesChanges& regle : regles) {
+      if (regle.Copie()) ++copies[regle.nouvelle];
+      if (regle.Change()) changees_.push_back(regle);
+    }
+    for (const std::string& nom : creees)
+      if (Presente(nom)) otees_.push_back(nom);
+    // Two copies of one name, or a copy that takes a name that is there: no label can be right for both.
+    for (const auto& [nom, nombre] : copies)
+      if (nombre > 1 || Presente(nom)) otees_.push_back(nom);
+  }
+
+  ModalitesSuivies Resultat() {
+    const std::map<std::string, std::size_t> places = PremieresLignes(mod_);
+    for (const CodesChanges& changee : changees_) {
+      reprises_.emplace_back(changee, places, mod_);
+      if (!reprises_.back().Vide() && !Otee(NomDeModalite(changee.nouvelle, 1)))
+        suivies_.refaites.push_back(changee.nouvelle);
+    }
+    for (std::size_t i = 0; i < mod_.lignes.size(); ++i) {
+      if (i == mod_.premiereApres) EcrireCopies(false);
+      Ligne(i);
+    }
+    if (mod_.premiereApres == mod_.lignes.size()) EcrireCopies(false);
+    else EcrireCopies(true);
+    suivies_.otees = otees_;
+    return std::move(suivies_);
+  }
+
+ private:
+  bool Presente(const std::string& nom) const {
+    return std::any_of(mod_.lignes.begin() + kDebutDesModalites, mod_.lignes.end(),
+                       [&](const std::string& ligne) { return EstDe(ligne, nom); });
+  }
+
+  bool Otee(std::string_view ligne) const {
+    return std::ranges::any_of(otees_, [&](const std::string& nom) { return EstDe(ligne, nom); });
+  }
+
+  void EcrireCopies(bool derriere) {
+    for (std::size_t rang = 0; rang < changees_.size(); ++rang)
+      if (changees_[rang].Copie()) Ecrire(rang, derriere);
+  }
+
+  void Ecrire(std::size_t rang, bool derriere) {
+    const std::string modalite = NomDeModalite(changees_[rang].nouvelle, 1);
+    if (Otee(modalite) || FinitLesModalites(modalite) || !ecrites_.emplace(rang, derriere).second) return;
+    const std::vector<std::string>& lignes = reprises_[rang].Lignes(derriere);
+    suivies_.lignes.insert(suivies_.lignes.end(), lignes.begin(), lignes.end());
+  }
+
+  void Ligne(std::size_t i) {
+    const std::string& ligne = mod_.lignes[i];
+    const auto changee =
+        std::ranges::find_if(changees_, [&](const CodesChanges& c) { return !c.Copie() && EstDe(ligne, c.question); });
+    if (i < kDebutDesModalites || FinitLesModalites(ligne)) suivies_.lignes.push_back(ligne);
+    else if (Otee(ligne)) return;
+    else if (changee == changees_.end()) suivies_.lignes.push_back(ligne);
+    else Ecrire(static_cast<std::size_t>(changee - changees_.begin()), i >= mod_.premiereApres);
+  }
+
+  const FichierMod& mod_;
+  std::vector<CodesChanges> changees_;
+  std::vector<std::string> otees_;
+  std::vector<Reprise> reprises_;
+  std::set<std::pair<std::size_t, bool>> ecrites_;  // question and part of the file
+  ModalitesSuivies suivies_;
+};
+
+}  // namespace
+
+ModalitesSuivies SuivreRecodage(const FichierMod& mod, const std::vector<CodesChanges>& regles,
+                                const std::vector<std::string>& creees) {
+  return Suivi(mod, regles, creees).Resultat();
+}
+
+}  // namespace quelvar::sorts
