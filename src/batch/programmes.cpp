@@ -26,7 +26,10 @@ std::pair<std::string, std::string> NomEtTexte(const std::string& option, const 
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
       // clang-format off
+      ProgrammeImportBurt(),
       ProgrammeImportCsv(),
+      ProgrammeImportDbf(),
+      ProgrammeImportTableau(),
       ProgrammeTriapl(),
       ProgrammePrepRecod(),
       ProgrammeRecodage(),

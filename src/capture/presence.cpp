@@ -38,4 +38,21 @@ std::string AideImport(const SourcesPresentes& sources, int niveau) {
                    : "Annulez ou prenez l'option d'importation d'un tableau de Burt.\r\n"_w});
 }
 
+std::string AideImportBurt() {
+  return Joindre(
+      {"Importation d'un tableau de Burt issu de SAS : un fichier texte d'une ligne par modalité, son intitulé puis "
+       "ses "
+       "effectifs séparés par des blancs.\r\n"
+       "Dans PROC CORRESP;\r\n"
+       "     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\r\n"
+       "     ods  output   Burt=fichtemp ;\r\n"
+       "Puis\r\n"
+       "DATA _NULL_;\r\n"
+       "     set fichtemp ;\r\n"
+       "     file 'burt.txt' lrecl=32767 ;\r\n"
+       "     put Label $40. (_NUMERIC_) (9.) ;\r\n"
+       "RUN;\r\n"
+       "Noms courts donnés par l'utilisateur : les quatre premiers caractères de chaque format.\r\n"_w});
+}
+
 }  // namespace quelvar::capture

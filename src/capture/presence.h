@@ -30,4 +30,7 @@ std::string AideImportCsv(const SourcesPresentes& sources, bool sansIntitules);
 // Text of the help box of FImport; at level 1 the import of a Burt table is not offered.
 std::string AideImport(const SourcesPresentes& sources, int niveau);
 
+// What FImport says of the import of a Burt table: the steps that make its source.
+std::string AideImportBurt();
+
 }  // namespace quelvar::capture

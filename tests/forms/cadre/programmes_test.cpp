@@ -158,25 +158,6 @@ TEST(Import, AideEtEtatDesFichiers) {
   EXPECT_TRUE(bureau.Lire("ENQ.DAT").starts_with("NUM")) << "the title line is data";
 }
 
-TEST(Import, AutresSourcesPasEncoreLa) {
-  BureauEnq bureau(2);
-  bureau.Ouvrir();
-  bureau.Menu("mnuImport");
-  FImport& forme = *bureau.Forme<FImport>();
-  EXPECT_EQ(Bureau::Dans<QPlainTextEdit>(forme, "TextAide").toPlainText(),
-            "Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
-            "l'absence de fichiers.\nAnnulez ou prenez l'option d'importation d'un tableau de Burt.\n");
-  Pilote pilote;
-  Cliquer(forme, "CheckTrg");
-  Cliquer(forme, "CheckBRT");
-  pilote.Cliquer("OK");
-  Cliquer(forme, "Lancer");
-  EXPECT_EQ(pilote.Vues().value(0), "Vous ne pouvez prendre qu'une seule des options");
-  bureau.Menu("mnuNiv1");
-  bureau.Menu("mnuImport");
-  EXPECT_FALSE(Bureau::Dans<QWidget>(*bureau.Forme<FImport>(), "FrOptions").isVisible());
-}
-
 TEST(TriAPlat, NiveauUnSansOptions) {
   BureauEnq bureau(1);
   bureau.AvecDonnees();

@@ -1,5 +1,8 @@
 #include "forms/programmes/capture/fimport.h"
 
+#include "capture/burt.h"
+#include "capture/dbase/import.h"
+#include "capture/dbase/tableau.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
 
@@ -14,10 +17,15 @@ FImport::FImport(Principal& principal)
   ui_->LabelDAT->setText(VersQt(capture::TextePresence(sources.dat)));
   ui_->LabelPOS->setText(VersQt(capture::TextePresence(sources.pos)));
   ui_->LabelBRT->setText(VersQt(capture::TextePresence(sources.brt)));
-  ui_->TextAide->setPlainText(VersQt(capture::AideImport(sources, niveau)));
+  const QString aide = VersQt(capture::AideImport(sources, niveau));
+  ui_->TextAide->setPlainText(aide);
   ui_->FrOptions->setVisible(niveau != 1);
   ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAImport")));
-  connect(ui_->CheckBRT, &QCheckBox::toggled, ui_->FrNoms, &QWidget::setEnabled);
+  connect(ui_->CheckBRT, &QCheckBox::toggled, this, [this, aide](bool burt) {
+    ui_->FrNoms->setEnabled(burt);
+    ui_->TextAide->setPlainText(burt ? VersQt(capture::AideImportBurt()) : aide);
+  });
+  connect(ui_->BoutFichier, &QPushButton::clicked, this, &FImport::ChoisirFichier);
   connect(ui_->Lancer, &QPushButton::clicked, this, &FImport::LancerImport);
   connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAImport")); });
   connect(ui_->Annuler, &QPushButton::clicked, this, &FImport::close);
@@ -30,8 +38,28 @@ void FImport::LancerImport() {
     principal_.Ecran().demander("Vous ne pouvez prendre qu'une seule des options", Boutons::Ok);
     return;
   }
-  principal_.Ecran().demander("Cette importation n'est pas encore disponible dans cette version de Quelvar"_w,
-                              Boutons::Ok);
+  if (ui_->CheckBRT->isChecked()) {
+    const capture::OptionsImportBurt options{
+        DepuisQt(ui_->TextFichier->text()),
+        ui_->OptNum->isChecked() ? capture::NomsCourts::Automatiques : capture::NomsCourts::Utilisateur};
+    if (const std::string_view refus = capture::RefusDImporterBurt(options); !refus.empty()) {
+      principal_.Ecran().demander(refus, Boutons::Ok);
+      return;
+    }
+    principal_.Lancer([&](const Contexte& contexte) { capture::ImportBurt(contexte, options); });
+  } else if (ui_->CheckTrg->isChecked()) {
+    principal_.Lancer([](const Contexte& contexte) { capture::ImportTableau(contexte, {}); });
+  } else {
+    principal_.Lancer([](const Contexte& contexte) { capture::ImportDbf(contexte, {}); });
+  }
+  principal_.RelireGenerique();
+  principal_.FermerFormes();
+}
+
+void FImport::ChoisirFichier() {
+  const std::string fichier = principal_.Ecran().choisirFichier("Fichier du tableau de Burt issu de SAS",
+                                                                "Fichiers *.txt|*.txt|Tous fichiers *.*|*.*");
+  if (!fichier.empty()) ui_->TextFichier->setText(VersQt(fichier));
 }
 
 }  // namespace quelvar::forms

@@ -21,6 +21,7 @@ class FImport : public QDialog {
 
  private:
   void LancerImport();
+  void ChoisirFichier();
 
   Principal& principal_;
   std::unique_ptr<Ui::FImport> ui_;

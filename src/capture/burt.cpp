@@ -1,0 +1,239 @@
+#include "capture/burt.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "capture/dbase/tableau.h"
+#include "capture/fichiers.h"
+#include "core/enquete/modfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr int kLargeurNom = 4;
+constexpr std::string_view kBlancs = " \t";
+
+// The words of a row that are its counts, and the label before them.
+struct Rangee {
+  std::string_view intitule;
+  std::vector<std::string_view> effectifs;
+};
+
+bool EstVide(std::string_view ligne) { return ligne.find_first_not_of(kBlancs) == std::string_view::npos; }
+
+// The last `nombre` words of the line. Raises 9 when it has not as many, 13 when one of them is not a number.
+void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
+  rangee.effectifs.resize(nombre);
+  std::string_view reste = ligne;
+  for (std::size_t j = nombre; j-- > 0;) {
+    reste = reste.substr(0, reste.find_last_not_of(kBlancs) + 1);
+    if (reste.empty()) throw Erreur(kIndiceHorsSelection);
+    const std::size_t avant = reste.find_last_of(kBlancs);
+    const std::size_t debut = avant == std::string_view::npos ? 0 : avant + 1;
+    const std::string_view mot = reste.substr(debut);
+    if (!EstNombre(mot)) throw Erreur(kIncompatibiliteType);
+    rangee.effectifs[j] = mot;
+    reste = reste.substr(0, debut);
+  }
+  const std::size_t debut = reste.find_first_not_of(kBlancs);
+  rangee.intitule = debut == std::string_view::npos
+                        ? std::string_view{}
+                        : reste.substr(debut, reste.find_last_not_of(kBlancs) + 1 - debut);
+}
+
+// The rows of a file, those that hold nothing but blanks left out.
+class LecteurRangees {
+ public:
+  explicit LecteurRangees(const Chemin& chemin) : lecteur_(chemin) {}
+  bool Lire(std::string_view& ligne) {
+    while (lecteur_.Lire(ligne))
+      if (!EstVide(ligne)) return true;
+    return false;
+  }
+
+ private:
+  LecteurLignes lecteur_;
+};
+
+struct FaitsBurt {
+  std::size_t rangees = 0;
+  std::size_t largeur = 0;  // characters of the longest count
+  double diagonale = 0;     // individuals times questions
+  double total = 0;         // of all the cells
+  std::vector<std::string> intitules;
+
+  // Number of questions, if the table is one of a whole number of them.
+  std::optional<double> Questions() const {
+    if (diagonale <= 0) return std::nullopt;
+    const double questions = total / diagonale;
+    return questions >= 1 && questions == std::floor(questions) ? std::optional(questions) : std::nullopt;
+  }
+};
+
+FaitsBurt Examiner(const Chemin& source) {
+  FaitsBurt faits;
+  std::string_view ligne;
+  for (LecteurRangees lecteur(source); lecteur.Lire(ligne);) ++faits.rangees;
+  if (faits.rangees == 0) throw Erreur(kFinDeFichierDepassee);
+  Rangee rangee;
+  for (LecteurRangees lecteur(source); lecteur.Lire(ligne);) {
+    LireRangee(ligne, faits.rangees, rangee);
+    const std::size_t i = faits.intitules.size();
+    faits.diagonale += ValeurDe(rangee.effectifs[i]);
+    for (const std::string_view mot : rangee.effectifs) {
+      faits.largeur = std::max(faits.largeur, mot.size());
+      faits.total += ValeurDe(mot);
+    }
+    faits.intitules.emplace_back(rangee.intitule);
+  }
+  return faits;
+}
+
+// Short and long name of each row.
+std::vector<std::pair<std::string, std::string>> Nommer(const FaitsBurt& faits, NomsCourts noms) {
+  std::vector<std::pair<std::string, std::string>> modalites;
+  for (std::size_t i = 0; i < faits.rangees; ++i) {
+    const std::string& intitule = faits.intitules[i];
+    if (noms == NomsCourts::Automatiques) modalites.emplace_back(CadreGauche(Nombre(i + 1), kLargeurNom), intitule);
+    else modalites.emplace_back(CadreGauche(intitule, kLargeurNom), Milieu(intitule, kLargeurNom + 1));
+  }
+  return modalites;
+}
+
+// Short names given by the user must let every row be found: stops the run for one that ends the list of modalities or
+// that two rows share.
+void ExigerNoms(Rapport& rapport, const std::vector<std::pair<std::string, std::string>>& modalites) {
+  std::unordered_map<std::string_view, std::size_t> rangs;
+  for (std::size_t i = 0; i < modalites.size(); ++i) {
+    const std::string& nom = modalites[i].first;
+    if (FinitLesModalites(nom)) {
+      rapport.Ligne({"Le nom court de la ligne "_w, Nombre(i + 1), " (\"", nom,
+                     "\") n'est pas possible : il terminerait la liste des modalités"_w});
+      throw Erreur(kArretAnnonce);
+    }
+    if (const auto [deja, neuf] = rangs.emplace(nom, i); !neuf) {
+      rapport.Ligne({"Les lignes "_w, Nombre(deja->second + 1), " et ", Nombre(i + 1),
+                     " ont le même nom court (\""_w, nom,
+                     "\") : donnez-leur des noms différents sur 4 caractères, ou prenez les noms courts automatiques"_w});
+      throw Erreur(kArretAnnonce);
+    }
+  }
+}
+
+// Asks the size of the survey until the number of questions that it gives is agreed to.
+double DemanderEffectif(Rapport& rapport, const Contexte& contexte, const FaitsBurt& faits) {
+  const std::optional<double> questions = faits.Questions();
+  const std::string propose = questions ? Nombre(faits.diagonale / *questions) : std::string();
+  const std::string demande = questions ? Joindre({"Entrez l'effectif de l'enquête si différent de "_w, propose})
+                                        : std::string("Entrez l'effectif de l'enquête  "_w);
+  for (;;) {
+    std::string reponse = contexte.Ecran().saisir(demande, propose);
+    if (Rogner(reponse).empty()) reponse = propose;
+    if (reponse.empty()) {  // nothing is proposed and nothing was typed: the box was closed
+      rapport.Ligne("Importation abandonnée : l'effectif de l'enquête n'est pas donné"_w);
+      throw Erreur(kArretAnnonce);
+    }
+    const double effectif = ValeurDe(reponse);
+    if (effectif <= 0) continue;
+    const Reponse coherent = contexte.Ecran().demander(
+        Joindre({"le nombre de questions est de ", Nombre(faits.diagonale / effectif),
+                 " : est-ce cohérent ? (une valeur fractionnaire est incohérente). En cas d'incertitude, répondez oui : "
+                 "vous pourrez ultérieurement corriger la valeur de l'effectif dans la deuxième ligne du fichier *.POS "
+                 "en utilisant l'éditeur. "_w}),
+        Boutons::OuiNon);
+    if (coherent != Reponse::Non) return effectif;
+  }
+}
+
+void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte) {
+  for (const std::string_view extension : {".BRT", ".MOD", ".POS"})
+    if (const std::optional<Chemin> ancien = contexte.Chercher(extension))
+      SauvegarderAncien(rapport, contexte, contexte.Nom(extension), *ancien);
+}
+
+constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps
+
+void SignalerIntitulesCoupes(const Dialogue& dialogue,
+                             const std::vector<std::pair<std::string, std::string>>& modalites) {
+  const auto coupes = std::count_if(modalites.begin(), modalites.end(),
+                                    [](const auto& modalite) { return modalite.second.size() > kLargeurIntitule; });
+  if (coupes > 0)
+    dialogue.demander(Joindre({"Intitulés de plus de 25 caractères, coupés dans *.MOD : "_w,
+                               Nombre(static_cast<std::int64_t>(coupes))}),
+                      Boutons::Ok);
+}
+
+void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
+               const std::vector<std::pair<std::string, std::string>>& modalites) {
+  mod.Ligne(contexte.generique);
+  mod.Ligne(Joindre({" BRT=", Nombre(faits.rangees), " FMT=", Nombre(faits.largeur), " "}));
+  for (const auto& [nom, nomLong] : modalites) mod.Ligne(LigneModalite(nom, false, nomLong));
+}
+
+// The rows of .BRT, written to the file and to the report.
+void EcrireRangees(Ecrivain& brt, Rapport& rapport, const Chemin& source, const FaitsBurt& faits,
+                   const std::vector<std::pair<std::string, std::string>>& modalites) {
+  LecteurRangees lecteur(source);
+  Rangee rangee;
+  std::string texte;
+  std::string_view ligne;
+  for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(ligne); ++i) {
+    LireRangee(ligne, faits.rangees, rangee);
+    texte = modalites[i].first;
+    for (const std::string_view mot : rangee.effectifs) texte.append(faits.largeur - mot.size(), ' ').append(mot);
+    brt.Ligne(texte);
+    rapport.Ligne(texte);
+  }
+}
+
+void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBurt& options) {
+  const std::optional<Chemin> source = ChercherFichier(contexte.repertoire, options.fichier);
+  const std::string nomSource = TexteDe(CheminDe(options.fichier).filename());
+  ExigerFichiers(rapport, contexte.Ecran(), {{nomSource, source.has_value()}}, kArretAbsence);
+  EcrireBandeau(rapport, "Importation d'un tableau de Burt");
+  SauvegarderAnciens(rapport, contexte);
+  const FaitsBurt faits = Examiner(*source);
+  const std::vector<std::pair<std::string, std::string>> modalites = Nommer(faits, options.noms);
+  ExigerNoms(rapport, modalites);
+  SignalerIntitulesCoupes(contexte.Ecran(), modalites);
+  const double effectif = DemanderEffectif(rapport, contexte, faits);
+
+  rapport.Ligne({"Le tableau de burt ", nomSource, " a été importé et est enregistré sous le nom "_w,
+                 contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
+  rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
+  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
+  EcrireRangees(brt.Fichier(), rapport, *source, faits, modalites);
+  brt.Achever();
+  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
+  EcrireMod(mod.Fichier(), contexte, faits, modalites);
+  mod.Achever();
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  pos.Fichier().Ligne(contexte.generique);
+  pos.Fichier().Ligne(NombreNu(effectif));
+  pos.Achever();
+  rapport.Ligne({"L'effectif de la population de l'enquête est de "_w, NombreNu(effectif), " individus"});
+  rapport.Ligne({"Il est enregistré dans le fichier "_w, contexte.Nom(".POS")});
+  rapport.Ligne("Fin normale du programme");
+  brt.Valider();
+  mod.Valider();
+  pos.Valider();
+}
+
+}  // namespace
+
+std::string_view RefusDImporterBurt(const OptionsImportBurt& options) {
+  return options.fichier.empty() ? "Vous devez définir le fichier Burt issu de SAS"_w : std::string_view{};
+}
+
+Fin ImportBurt(const Contexte& contexte, const OptionsImportBurt& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".IMP"), LibellesDesTableaux(),
+                           [&](Rapport& rapport) { Importer(rapport, contexte, options); });
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,227 @@
+#include "capture/dbase/import.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "capture/dbase/dbf.h"
+#include "capture/dbase/questions.h"
+#include "capture/dbase/remarques.h"
+#include "capture/dbase/tri.h"
+#include "capture/fichiers.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+struct Fichiers {
+  std::optional<Chemin> dbf;
+  std::optional<Chemin> dat;
+  std::optional<Chemin> pos;
+};
+
+void EcrirePresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+  const std::string dat = contexte.Nom(".DAT");
+  const std::string pos = contexte.Nom(".POS");
+  const std::string dbf = contexte.Nom(".DBF");
+  if (fichiers.dbf) {
+    EcrireEtat(rapport, dbf, kExiste);
+    EcrireEtatDeSortie(rapport, dat, fichiers.dat.has_value());
+    EcrireEtatDeSortie(rapport, pos, fichiers.pos.has_value());
+    rapport.Ligne();
+    rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
+  } else if (fichiers.dat) {
+    EcrireEtat(rapport, dat, kExiste);
+    EcrireEtat(rapport, pos, fichiers.pos ? kExiste : kSeraCreeSansAccents);
+    rapport.Ligne();
+    rapport.Ligne(fichiers.pos ? "Toutes les positions sont examinées selon les largeurs de *.POS"_w
+                               : "Toutes les positions sont examinées l'une apres l'autre"_w);
+  } else {
+    EcrireEtat(rapport, dbf, kNExistePas);
+    EcrireEtat(rapport, dat, kNExistePas);
+    EcrireEtat(rapport, pos, fichiers.pos ? kExiste : kNExistePas);
+    rapport.Ligne();
+    rapport.Ligne(fichiers.pos ? "Arrêt du programme car il n'y a pas de données"_w
+                               : "Arrêt du programme car aucun fichier n'existe"_w);
+    throw Erreur(kArretAnnonce);
+  }
+}
+
+void EcrireAvis(Rapport& rapport) {
+  rapport.Ligne("   +------------------------------------------------------------+");
+  rapport.Ligne("   + Le nom du  champ dBase  est repris uniquement  dans le cas +");
+  rapport.Ligne("   + des champs de largeur 1 ou 2. Les autres sont  decoupés en +"_w);
+  rapport.Ligne("   + positions de largeur 1 et nommés par leur position dans le +"_w);
+  rapport.Ligne("   + fichier *.POS                                              +");
+}
+
+std::vector<Champ> ChampsDe(const std::vector<QuestionImportee>& questions) {
+  std::vector<Champ> champs;
+  champs.reserve(questions.size());
+  for (const QuestionImportee& question : questions) champs.push_back(question.EnChamp());
+  return champs;
+}
+
+std::vector<QuestionComptee> Assembler(const std::vector<QuestionImportee>& questions, std::vector<TriDeChamp> tris) {
+  std::vector<QuestionComptee> comptees;
+  for (std::size_t i = 0; i < questions.size(); ++i)
+    comptees.push_back({questions[i].nom, questions[i].position, questions[i].largeur, std::move(tris[i])});
+  return comptees;
+}
+
+// Columns 8-9 of a line of .POS, such that a reader finds the width again.
+std::string CodeMaxEcrit(const QuestionComptee& question) {
+  if (question.largeur == 3) return "L3";
+  return NombreFixe(question.largeur == 2 ? std::max(question.tri.codeMax, 10) : question.tri.codeMax, 2, 0);
+}
+
+void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<QuestionComptee>& questions,
+               std::int64_t individus) {
+  pos.Ligne(contexte.generique);
+  pos.Ligne(NombreNu(individus));
+  for (const QuestionComptee& question : questions)
+    pos.Ligne(
+        Joindre({question.nom, NombreFixe(static_cast<double>(question.position), 4, 0), CodeMaxEcrit(question)}));
+}
+
+// Writes the records as lines of .DAT and counts them on the way.
+PassageDbf CopierEnregistrements(Ecrivain& dat, LecteurDbf& lecteur, const EnteteDbf& entete,
+                                 CompteurDeChamps& compteur, std::size_t longueurUtile, Progression& progression) {
+  const std::size_t longueur = entete.LongueurLigne();
+  std::string ligne(std::max(longueur, longueurUtile), ' ');
+  ConvertisseurDbf convertisseur(entete);
+  PassageDbf passage;
+  for (std::string_view enregistrement; lecteur.Lire(enregistrement);) {
+    passage.Voir(enregistrement);
+    convertisseur.Convertir(enregistrement, ligne.data());
+    compteur.Compter(ligne.data());
+    dat.Ligne(std::string_view(ligne).substr(0, longueur));
+    progression.Avancer();
+  }
+  passage.Prendre(convertisseur);
+  return passage;
+}
+
+void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& dbf) {
+  const EnteteDbf entete = ExigerEntete(rapport, dbf, contexte.Nom(".DBF"));
+  LecteurDbf lecteur(dbf, entete);
+  const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
+  rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(individus)});
+  rapport.Ligne({"La longueur d'un enregistrement est de ", NombreNu(entete.longueurEnregistrement)});
+
+  std::vector<QuestionImportee> questions = QuestionsDesChamps(entete.champs);
+  const std::vector<std::size_t> renommees = NommerQuestions(questions);
+  const std::vector<Champ> champs = ChampsDe(questions);
+  CompteurDeChamps compteur(champs);
+
+  Remplacement dat(contexte.repertoire, contexte.Nom(".DAT"));
+  PassageDbf passage;
+  {
+    Progression progression(contexte.Ecran(), individus);
+    passage = CopierEnregistrements(dat.Fichier(), lecteur, entete, compteur, LongueurUtile(champs), progression);
+  }
+  dat.Achever();
+  const std::vector<QuestionComptee> comptees = Assembler(questions, compteur.Tris());
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  EcrirePos(pos.Fichier(), contexte, comptees, individus);
+  pos.Achever();
+  EcrireTris(rapport, comptees, individus);
+  EcrireFinDImport(rapport, contexte.niveau);
+
+  Remarques remarques;
+  RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
+  RemarquerQuestions(remarques, questions, renommees, entete.LongueurChamps());
+  RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
+  MontrerRemarques(contexte.Ecran(), remarques);
+  dat.Valider();
+  pos.Valider();
+}
+
+// Makes the dictionary of a .DAT that has none: every column is a question.
+void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin& dat) {
+  std::int64_t individus = 0;
+  std::size_t longueur = 0;
+  {
+    LecteurLignes lecteur(dat);
+    for (std::string_view ligne; lecteur.Lire(ligne); ++individus) longueur = std::max(longueur, ligne.size());
+  }
+  if (individus == 0) throw Erreur(kFinDeFichierDepassee);
+  const std::vector<QuestionImportee> questions = QuestionsDesPositions(longueur);
+  const std::vector<Champ> champs = ChampsDe(questions);
+  CompteurDeChamps compteur(champs);
+  {
+    Progression progression(contexte.Ecran(), individus);
+    LecteurIndividus lecteur(dat, questions.size());
+    while (const char* ligne = lecteur.Lire()) {
+      compteur.Compter(ligne);
+      progression.Avancer();
+    }
+  }
+  const std::vector<QuestionComptee> comptees = Assembler(questions, compteur.Tris());
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  EcrirePos(pos.Fichier(), contexte, comptees, individus);
+  pos.Achever();
+  EcrireTris(rapport, comptees, individus);
+  EcrireFinDImport(rapport, contexte.niveau);
+  Remarques remarques;
+  RemarquerQuestions(remarques, questions, {}, longueur);
+  MontrerRemarques(contexte.Ecran(), remarques);
+  pos.Valider();
+}
+
+// Counts a .DAT by the questions of its .POS; both stay as they are.
+void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+  const FichierPos pos = LirePos(*fichiers.pos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
+  const std::vector<Champ> champs = quelvar::ChampsDe(pos);
+  CompteurDeChamps compteur(champs);
+  const std::int64_t annonces = pos.taille.individus;
+  std::int64_t individus = 0;
+  {
+    Progression progression(contexte.Ecran(), annonces);
+    LecteurIndividus lecteur(*fichiers.dat, LongueurUtile(champs));
+    while (annonces == 0 || individus < annonces) {
+      const char* ligne = lecteur.Lire();
+      if (ligne == nullptr) break;
+      compteur.Compter(ligne);
+      ++individus;
+      progression.Avancer();
+    }
+  }
+  if (individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
+  std::vector<TriDeChamp> tris = compteur.Tris();
+  std::vector<QuestionComptee> comptees;
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
+    const Question& question = pos.questions[i];
+    comptees.push_back({question.nom, static_cast<std::size_t>(question.position),
+                        static_cast<std::size_t>(question.largeur), std::move(tris[i])});
+  }
+  EcrireTris(rapport, comptees, individus);
+  EcrireFinDImport(rapport, contexte.niveau);
+  Remarques remarques;
+  RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
+  MontrerRemarques(contexte.Ecran(), remarques);
+}
+
+void Importer(Rapport& rapport, const Contexte& contexte) {
+  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"), ChercherPos(contexte)};
+  EcrireBandeau(rapport, "Importation de données"_w);
+  if (fichiers.pos && (fichiers.dbf || fichiers.dat))
+    SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos);
+  EcrirePresence(rapport, contexte, fichiers);
+  if (fichiers.dbf && contexte.niveau == 1) EcrireAvis(rapport);
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
+  if (fichiers.dbf) ImporterChamps(rapport, contexte, *fichiers.dbf);
+  else if (fichiers.pos) CompterSelonPos(rapport, contexte, fichiers);
+  else ImporterPositions(rapport, contexte, *fichiers.dat);
+}
+
+}  // namespace
+
+Fin ImportDbf(const Contexte& contexte, const OptionsImportDbf&) {
+  return ExecuterProgramme(contexte, contexte.Nom(".IMP"), LibellesErreur{},
+                           [&](Rapport& rapport) { Importer(rapport, contexte); });
+}
+
+}  // namespace quelvar::capture

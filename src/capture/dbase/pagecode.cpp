@@ -1,0 +1,58 @@
+#include "capture/dbase/pagecode.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "core/texte/texte.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::u16string_view k437 =
+    u"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜ¢£¥₧ƒáíóúñÑªº¿⌐¬½¼¡«»░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+    u"└┴┬├─┼╞╟╚╔╩╦╠═╬╧╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀αßΓπΣσµτΦΘΩδ∞φε∩≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
+constexpr std::u16string_view k850 =
+    u"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜø£Ø×ƒáíóúñÑªº¿®¬½¼¡«»░▒▓│┤ÁÂÀ©╣║╗╝¢¥┐"
+    u"└┴┬├─┼ãÃ╚╔╩╦╠═╬¤ðÐÊËÈıÍÎÏ┘┌█▄¦Ì▀ÓßÔÒõÕµþÞÚÛÙýÝ¯´\u00AD±‗¾¶§÷¸°¨·¹³²■\u00A0";
+static_assert(k437.size() == 128 && k850.size() == 128);
+
+// Language bytes of the two pages of DOS in Western Europe and America.
+constexpr std::string_view kLangues437 = "\x01\x09\x0B\x0D\x0F\x11\x15\x18\x19\x1B";
+constexpr std::string_view kLangues850 = "\x02\x0A\x0E\x10\x12\x14\x16\x1A\x1D\x25\x37";
+constexpr std::string_view kLangues1252 = "\x03\x57\x58\x59";
+
+}  // namespace
+
+PageDeCode PageDeLangue(unsigned char octet) {
+  const auto parmi = [octet](std::string_view langues) {
+    return langues.find(static_cast<char>(octet)) != std::string_view::npos;
+  };
+  if (parmi(kLangues437)) return PageDeCode::Dos437;
+  if (parmi(kLangues850)) return PageDeCode::Dos850;
+  return parmi(kLangues1252) ? PageDeCode::Windows1252 : PageDeCode::Inconnue;
+}
+
+std::string_view NomDePage(PageDeCode page) {
+  switch (page) {
+    case PageDeCode::Dos437: return "437";
+    case PageDeCode::Dos850: return "850";
+    case PageDeCode::Windows1252: return "1252";
+    case PageDeCode::Inconnue: break;
+  }
+  return {};
+}
+
+TableDOctets TableDePage(PageDeCode page) {
+  TableDOctets table{};
+  for (std::size_t octet = 0; octet < table.size(); ++octet) table[octet] = static_cast<char>(octet);
+  if (page != PageDeCode::Dos437 && page != PageDeCode::Dos850) return table;
+  const std::u16string_view hauts = page == PageDeCode::Dos437 ? k437 : k850;
+  for (std::size_t i = 0; i < hauts.size(); ++i) {
+    const int octet = detail::OctetDe(hauts[i]);
+    table[128 + i] = octet < 0 ? '?' : static_cast<char>(octet);
+  }
+  return table;
+}
+
+}  // namespace quelvar::capture

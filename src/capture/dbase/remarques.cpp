@@ -1,0 +1,109 @@
+#include "capture/dbase/remarques.h"
+
+#include <algorithm>
+
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kNomsCites = 12;
+
+std::string Compte(std::uint64_t nombre) { return Nombre(static_cast<std::int64_t>(nombre)); }
+
+void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t taille,
+                        const PassageDbf& passage) {
+  if (!entete.VersionConnue())
+    remarques.push_back(Joindre({"L'octet de version ("_w, Nombre(static_cast<int>(entete.version)),
+                                 ") n'est pas celui d'un fichier dBase : vérifiez que c'en est un"_w}));
+  if (passage.enregistrements < entete.annonces)
+    remarques.push_back(
+        Joindre({"L'en-tête annonce "_w, Compte(entete.annonces), " enregistrements, le fichier n'en contient que "_w,
+                 Compte(passage.enregistrements), " entiers : seuls ceux-là sont repris"_w}));
+  const std::uintmax_t repris =
+      entete.longueurEntete + passage.enregistrements * static_cast<std::uintmax_t>(entete.longueurEnregistrement);
+  if (passage.enregistrements == entete.annonces && entete.longueurEnregistrement > 0 && taille > repris &&
+      (taille - repris) / entete.longueurEnregistrement > 0)
+    remarques.push_back(
+        Joindre({"Le fichier contient de quoi faire "_w, Compte((taille - repris) / entete.longueurEnregistrement),
+                 " enregistrements de plus que l'en-tête n'en annonce : ils ne sont pas repris"_w}));
+  const std::size_t champs = entete.LongueurChamps();
+  if (champs != entete.LongueurLigne())
+    remarques.push_back(Joindre({"Les champs occupent ensemble "_w, Nombre(champs),
+                                 " positions, un enregistrement en a "_w, Nombre(entete.LongueurLigne()),
+                                 champs > entete.LongueurLigne() ? " : ce qui manque se lit comme des blancs"_w
+                                                                 : " : les dernières ne sont dans aucun champ"_w}));
+}
+
+void RemarquerMemos(Remarques& remarques, const EnteteDbf& entete) {
+  for (const ChampDbf& champ : entete.champs)
+    if (champ.type == 'M' || champ.type == 'G' || champ.type == 'P')
+      remarques.push_back(Joindre({"Le texte du champ mémo "_w, RognerDroite(champ.nom),
+                                   " est dans un autre fichier : seul le numéro de son bloc est repris"_w}));
+}
+
+}  // namespace
+
+void PassageDbf::Prendre(const ConvertisseurDbf& convertisseur) {
+  convertis = convertisseur.Convertis();
+  sansEquivalent = convertisseur.SansEquivalent();
+  coupants = convertisseur.Coupants();
+}
+
+EnteteDbf ExigerEntete(Rapport& rapport, const Chemin& chemin, std::string_view nom) {
+  EnteteDbf entete = LireEnteteDuFichier(chemin);
+  if (entete.longueurEntete >= kEnteteMinimal) return entete;
+  rapport.Ligne({"L'en-tête du fichier "_w, nom, " annonce une longueur de "_w, Nombre(entete.longueurEntete),
+                 " octets alors qu'il en faut au moins 32 : les enregistrements sont introuvables"_w});
+  rapport.Ligne("Verifiez et corrigez avant de relancer");
+  throw Erreur(kArretAnnonce);
+}
+
+void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t taille, const PassageDbf& passage) {
+  RemarquerLongueurs(remarques, entete, taille, passage);
+  if (passage.effaces > 0)
+    remarques.push_back(
+        Joindre({"Enregistrements marqués comme effacés : "_w, Compte(passage.effaces), " (le premier est le numéro "_w,
+                 Compte(passage.premierEfface), "). Ils sont repris comme les autres"}));
+  RemarquerMemos(remarques, entete);
+  if (passage.convertis > 0)
+    remarques.push_back(
+        Joindre({"Caractères convertis de la page de code "_w, NomDePage(entete.page), " : ", Compte(passage.convertis),
+                 ", dont "_w, Compte(passage.sansEquivalent), " sans équivalent, remplacés par \"?\""_w}));
+  if (passage.coupants > 0)
+    remarques.push_back(Joindre(
+        {"Caractères qui auraient coupé une ligne de *.DAT, remplacés par des blancs : "_w, Compte(passage.coupants)}));
+}
+
+void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee>& questions,
+                        const std::vector<std::size_t>& renommees, std::size_t longueur) {
+  std::string noms;
+  for (std::size_t i = 0; i < std::min(renommees.size(), kNomsCites); ++i) {
+    const QuestionImportee& question = questions[renommees[i]];
+    noms += Joindre({std::string_view(i == 0 ? "" : ", "), Rogner(question.champ), " -> ", question.nom});
+  }
+  if (renommees.size() > kNomsCites) noms += "...";
+  if (!renommees.empty())
+    remarques.push_back(Joindre({"Noms vides ou en double, remplacés par la position de la question : "_w,
+                                 Nombre(renommees.size()), " (", noms, ")"}));
+  if (longueur > kDernierePosition)
+    remarques.push_back(Joindre({"Les positions au-delà de "_w, Nombre(kDernierePosition),
+                                 " ne sont pas des questions : *.POS ne peut pas les désigner"_w}));
+}
+
+void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs) {
+  if (valeurs > 0)
+    remarques.push_back(
+        Joindre({"Valeurs trop grandes pour être un code, comptées comme le code 0 : "_w, Nombre(valeurs)}));
+}
+
+void MontrerRemarques(const Dialogue& dialogue, const Remarques& remarques) {
+  std::string texte;
+  for (const std::string& remarque : remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
+  if (!texte.empty()) dialogue.demander(texte, Boutons::Ok);
+}
+
+}  // namespace quelvar::capture

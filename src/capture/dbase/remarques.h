@@ -1,0 +1,48 @@
+// What an import of a dBase file has to tell beside its report: lies of the header, deleted records, conversions.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "capture/dbase/dbf.h"
+#include "capture/dbase/questions.h"
+#include "core/programme/dialogue.h"
+#include "core/programme/report.h"
+
+namespace quelvar::capture {
+
+// What was met while the records went by.
+struct PassageDbf {
+  std::uint64_t enregistrements = 0;
+  std::uint64_t effaces = 0;        // records that bear the mark of a deleted one
+  std::uint64_t premierEfface = 0;  // number of the first of them, from 1
+  std::uint64_t convertis = 0;      // characters brought from another code page
+  std::uint64_t sansEquivalent = 0;
+  std::uint64_t coupants = 0;  // bytes that would have cut a line
+
+  void Voir(std::string_view enregistrement) {
+    ++enregistrements;
+    if (enregistrement.empty() || enregistrement.front() != kEfface) return;
+    if (effaces++ == 0) premierEfface = enregistrements;
+  }
+  void Prendre(const ConvertisseurDbf& convertisseur);
+};
+
+using Remarques = std::vector<std::string>;
+
+// The header of a file of that name. One whose records can't be found is told in the report and stops the run
+// (kArretAnnonce); raises besides what LireEnteteDuFichier raises.
+EnteteDbf ExigerEntete(Rapport& rapport, const Chemin& chemin, std::string_view nom);
+
+void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t taille, const PassageDbf& passage);
+// The questions that have their position for a name, and the columns behind the last one that .POS can tell.
+void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee>& questions,
+                        const std::vector<std::size_t>& renommees, std::size_t longueur);
+void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs);
+
+// Shows all of them in one box; none, no box.
+void MontrerRemarques(const Dialogue& dialogue, const Remarques& remarques);
+
+}  // namespace quelvar::capture

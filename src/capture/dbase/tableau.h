@@ -1,0 +1,17 @@
+// Import of any table saved as dBase: first field the names of the rows, last field their long names, cells between.
+#pragma once
+
+#include "core/programme/programme.h"
+
+namespace quelvar::capture {
+
+struct OptionsImportTableau {};
+
+// Makes .BRT and .MOD of the .DBF of the generic, with an account in .IMP. Stops with error 9 for fewer than three
+// fields, 13 for a word among the counts, 62 for a file without rows.
+Fin ImportTableau(const Contexte& contexte, const OptionsImportTableau& options);
+
+// The wording of an unexpected error of the two imports of tables.
+LibellesErreur LibellesDesTableaux();
+
+}  // namespace quelvar::capture

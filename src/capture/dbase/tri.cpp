@@ -1,0 +1,106 @@
+#include "capture/dbase/tri.h"
+
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kCodesDUnOctet = 10;
+constexpr int kPlusGrand16 = 32767;
+
+}  // namespace
+
+CompteurDeChamps::CompteurDeChamps(std::span<const Champ> champs) : champs_(champs.size()) {
+  for (std::size_t i = 0; i < champs.size(); ++i) {
+    Groupe& groupe = champs[i].largeur == 1 ? un_ : champs[i].largeur == 2 ? deux_ : trois_;
+    groupe.debuts.push_back(champs[i].debut);
+    groupe.rangs.push_back(i);
+  }
+  un_.effectifs.resize(un_.rangs.size() * kCodesDUnOctet);
+  deux_.effectifs.resize(deux_.rangs.size() * kCodesComptes);
+  trois_.effectifs.resize(trois_.rangs.size() * kCodesComptes);
+  codesMax_.resize(trois_.rangs.size());
+}
+
+void CompteurDeChamps::Compter(const char* ligne) {
+  static const std::array<std::uint8_t, 256>& unOctet = ValeursDUnOctet();
+  static const std::array<std::int8_t, 65536>& deuxOctets = ValeursDeDeuxOctets();
+  std::int64_t* effectifs = un_.effectifs.data();
+  for (const std::uint32_t debut : un_.debuts) {
+    ++effectifs[unOctet[static_cast<unsigned char>(ligne[debut])]];
+    effectifs += kCodesDUnOctet;
+  }
+  effectifs = deux_.effectifs.data();
+  for (const std::uint32_t debut : deux_.debuts) {
+    const std::size_t octets =
+        static_cast<unsigned char>(ligne[debut]) + 256U * static_cast<unsigned char>(ligne[debut + 1]);
+    ++effectifs[std::max<int>(deuxOctets[octets], 0)];
+    effectifs += kCodesComptes;
+  }
+  if (!trois_.debuts.empty()) CompterTrois(ligne);
+}
+
+void CompteurDeChamps::CompterTrois(const char* ligne) {
+  for (std::size_t i = 0; i < trois_.debuts.size(); ++i) {
+    const std::string_view texte(ligne + trois_.debuts[i], 3);
+    const double valeur = ArrondirPair(ValeurDe(texte));
+    std::size_t code = 0;
+    if (valeur > kPlusGrand16 || valeur < -kPlusGrand16 - 1) {
+      ++impossibles_;
+    } else {
+      codesMax_[i] = std::max(codesMax_[i], static_cast<int>(valeur));
+      if (valeur > 0 && valeur < static_cast<double>(kCodesComptes)) code = static_cast<std::size_t>(valeur);
+    }
+    ++trois_.effectifs[i * kCodesComptes + code];
+  }
+}
+
+std::vector<TriDeChamp> CompteurDeChamps::Tris() const {
+  std::vector<TriDeChamp> tris(champs_);
+  const auto verser = [&](const Groupe& groupe, std::size_t codes) {
+    for (std::size_t i = 0; i < groupe.rangs.size(); ++i) {
+      TriDeChamp& tri = tris[groupe.rangs[i]];
+      const auto debut = groupe.effectifs.begin() + static_cast<std::ptrdiff_t>(i * codes);
+      tri.effectifs.assign(debut, debut + static_cast<std::ptrdiff_t>(codes));
+      for (std::size_t code = 0; code < codes; ++code)
+        if (tri.effectifs[code] > 0) tri.codeMax = static_cast<int>(code);
+    }
+  };
+  verser(un_, kCodesDUnOctet);
+  verser(deux_, kCodesComptes);
+  verser(trois_, kCodesComptes);
+  for (std::size_t i = 0; i < codesMax_.size(); ++i) {
+    int& codeMax = tris[trois_.rangs[i]].codeMax;
+    codeMax = std::max(codeMax, codesMax_[i]);
+  }
+  return tris;
+}
+
+void EcrireTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus) {
+  rapport.Ligne();
+  rapport.Ligne("Impression des tris a plat");
+  rapport.Ligne();
+  // Six columns for a count, more when a blank would no longer stand before the largest.
+  const int largeur = std::max(6, static_cast<int>(Nombre(individus).size()) + 1);
+  for (const QuestionComptee& question : questions) {
+    rapport.Ligne({"Question ", question.nom, " Position ", NombreFixe(static_cast<double>(question.position), 4, 0),
+                   "    Code-max. ", NombreFixe(question.tri.codeMax, 3, 0)});
+    for (std::size_t code = 0; code < question.tri.effectifs.size(); ++code) {
+      const std::int64_t effectif = question.tri.effectifs[code];
+      if (effectif > 0)
+        rapport.Ligne({EntierDroit(static_cast<std::int64_t>(code), 4), EntierDroit(effectif, largeur)});
+    }
+    rapport.Ligne({"Tot.", EntierDroit(individus, largeur), " 100"});
+    rapport.Ligne();
+  }
+  rapport.Ligne({"Il y a ", NombreNu(questions.size()), " questions"});
+  if (std::any_of(questions.begin(), questions.end(), [](const QuestionComptee& q) { return q.largeur == 3; })) {
+    rapport.Ligne("Avec TRIAPL, passez d'abord les tris de questions sur 3 ");
+    rapport.Ligne("positions ou, s'il y en a de trop, une partie seulement ");
+  }
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,59 @@
+// The flat count that an import makes of its questions, to see that the columns were cut where they should.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/enquete/datfile.h"
+#include "core/programme/report.h"
+
+namespace quelvar::capture {
+
+// Codes counted apart; every other value counts as a non-response.
+inline constexpr std::size_t kCodesComptes = 100;
+
+struct TriDeChamp {
+  std::vector<std::int64_t> effectifs;  // of the codes 0 to 99 that the width can hold
+  int codeMax = 0;                      // the largest value seen, above 99 too
+};
+
+// Counts lines that hold the whole of every field.
+class CompteurDeChamps {
+ public:
+  explicit CompteurDeChamps(std::span<const Champ> champs);
+
+  void Compter(const char* ligne);
+  // For each field, in the order given.
+  std::vector<TriDeChamp> Tris() const;
+  // Values beyond 16 bits, counted as non-responses and left out of the largest value.
+  std::int64_t ValeursImpossibles() const { return impossibles_; }
+
+ private:
+  struct Groupe {
+    std::vector<std::uint32_t> debuts;  // first byte of each field
+    std::vector<std::size_t> rangs;     // its rank among all the fields
+    std::vector<std::int64_t> effectifs;
+  };
+
+  void CompterTrois(const char* ligne);
+
+  Groupe un_, deux_, trois_;
+  std::vector<int> codesMax_;  // of the fields of three bytes
+  std::size_t champs_;
+  std::int64_t impossibles_ = 0;
+};
+
+// A question of the count as it is printed.
+struct QuestionComptee {
+  std::string nom;
+  std::size_t position = 1;
+  std::size_t largeur = 1;
+  TriDeChamp tri;
+};
+
+// Prints the counts of all questions, their number, and the advice on questions of three columns.
+void EcrireTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus);
+
+}  // namespace quelvar::capture

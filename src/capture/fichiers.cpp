@@ -1,0 +1,40 @@
+#include "capture/fichiers.h"
+
+#include <string>
+
+#include "capture/presence.h"
+
+namespace quelvar::capture {
+
+void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }
+
+void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present) {
+  EcrireEtat(rapport, nom, present ? kRemplace : kSeraCree);
+}
+
+std::optional<Chemin> ChercherPos(const Contexte& contexte) {
+  std::optional<Chemin> pos = contexte.Chercher(".POS");
+  if (pos && LongueurFichier(*pos) < kPosVide) pos.reset();
+  return pos;
+}
+
+void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier) {
+  const std::string sauvegarde = NomDeSauvegarde(nom);
+  EcrireEtat(rapport, nom, " existe déjà"_w);
+  CopierLignes(fichier, contexte.repertoire, sauvegarde);
+  rapport.Ligne({"Il est sauvegardé sous le nom "_w, sauvegarde});
+}
+
+void EcrireFinDImport(Rapport& rapport, int niveau) {
+  if (niveau != 1) {
+    rapport.Ligne("Fin normale du programme");
+    return;
+  }
+  rapport.Ligne("   +----------------------------------------------------------------+");
+  rapport.Ligne("   +    Fin normale du programme.  Vous disposez  maintenant d'un   +");
+  rapport.Ligne("   +    ensemble  cohérent  de  fichiers *.DAT (données)  et *.POS  +"_w);
+  rapport.Ligne("   + (noms, positions et codes-max) ainsi que du tri à plat relatif +"_w);
+  rapport.Ligne("   +    à ces données *.IMP où * représente votre générique.        +"_w);
+}
+
+}  // namespace quelvar::capture

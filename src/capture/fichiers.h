@@ -1,0 +1,31 @@
+// The files that an import finds and makes, as its report tells them.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "core/programme/programme.h"
+#include "core/programme/report.h"
+
+namespace quelvar::capture {
+
+// "Le fichier ENQ.DAT existe", with the state that the text gives.
+void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat);
+// The state of a file to be made: to be created, or replaced.
+void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present);
+inline constexpr std::string_view kExiste = " existe";
+inline constexpr std::string_view kNExistePas = " n'existe pas";
+inline constexpr std::string_view kSeraCree = " n'existe pas et sera créé"_w;
+inline constexpr std::string_view kSeraCreeSansAccents = " n'existe pas et sera cree";
+inline constexpr std::string_view kRemplace = " existait déjà et a été remplacé"_w;
+
+// The .POS of the generic; one too short to be one counts as absent.
+std::optional<Chemin> ChercherPos(const Contexte& contexte);
+
+// Copies a former file of the generic under its backup name, and tells it.
+void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier);
+
+// What ends the report of an import: the frame that tells what there is now, or one line at level 2.
+void EcrireFinDImport(Rapport& rapport, int niveau);
+
+}  // namespace quelvar::capture

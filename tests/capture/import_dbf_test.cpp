@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include "capture/dbase/dbf.h"
+#include "capture/dbase/import.h"
+#include "capture/dbase/questions.h"
+#include "capture/noms.h"
+#include "support/erreur.h"
+#include "support/programme.h"
+
+using namespace quelvar;
+using namespace quelvar::capture;
+
+namespace {
+
+struct Champ3 {
+  std::string nom;
+  char type;
+  int largeur;
+};
+
+std::string Mot(std::size_t valeur) { return {static_cast<char>(valeur & 255), static_cast<char>(valeur >> 8)}; }
+
+// A dBase file of those fields; `donnees` are the records with their deletion marks.
+std::string Dbf(const std::vector<Champ3>& champs, std::size_t enregistrements, const std::string& donnees,
+                char langue = 0) {
+  std::size_t longueur = 1;
+  for (const Champ3& champ : champs) longueur += static_cast<std::size_t>(champ.largeur);
+  std::string octets = "\x03" + std::string(3, '\0') + Mot(enregistrements & 0xFFFF) + Mot(enregistrements >> 16) +
+                       Mot(33 + 32 * champs.size()) + Mot(longueur) + std::string(17, '\0') + langue +
+                       std::string(2, '\0');
+  for (const Champ3& champ : champs) {
+    std::string description(32, '\0');
+    description.replace(0, champ.nom.size(), champ.nom);
+    description[11] = champ.type;
+    description[16] = static_cast<char>(champ.largeur);
+    octets += description;
+  }
+  return octets + '\r' + donnees;
+}
+
+class ImportDbfTest : public essai::RunDeProgramme {
+ protected:
+  Fin Importer() { return ImportDbf(contexte_, {}); }
+};
+
+}  // namespace
+
+TEST(Dbf, EnteteQuiMent) {
+  const std::string bon = Dbf({{"A", 'N', 1}, {"B", 'C', 3}, {"VIDE", 'C', 0}, {"C", 'D', 8}}, 66000, "");
+  const EnteteDbf entete = LireEnteteDbf(bon);
+  EXPECT_EQ(entete.annonces, 66000U);
+  ASSERT_EQ(entete.champs.size(), 3U) << "a field without width is none";
+  EXPECT_EQ(entete.champs[2].position, 5U);
+  EXPECT_EQ(entete.LongueurChamps(), 12U);
+
+  std::string avecFin = bon;
+  avecFin[64] = '\r';  // the end mark of the fields, where the header length would let one more follow
+  EXPECT_EQ(LireEnteteDbf(avecFin).champs.size(), 1U);
+  EXPECT_EQ(LireEnteteDbf(bon.substr(0, 70)).champs.size(), 1U) << "the second description is not wholly there";
+  EXPECT_EQ(essai::NumeroLeve([&] { LireEnteteDbf(bon.substr(0, 31)); }), kFinDeFichierDepassee);
+
+  // 162 bytes of header, records of 13.
+  EXPECT_EQ(EnregistrementsEntiers(entete, entete.longueurEntete + 13 * 5 + 12), 5U);
+  EXPECT_EQ(EnregistrementsEntiers(entete, 10), 0U);
+  EnteteDbf sansLongueur = entete;
+  sansLongueur.longueurEnregistrement = 0;
+  EXPECT_EQ(EnregistrementsEntiers(sansLongueur, 200), 66000U);
+  sansLongueur.annonces = 4'000'000'000;
+  EXPECT_EQ(EnregistrementsEntiers(sansLongueur, 200), kEnregistrementsVides);
+}
+
+TEST(Dbf, PageDeCode) {
+  struct Cas {
+    char langue;
+    std::string_view attendu;  // of the bytes 82 85 E1 B0, "é", "à", "ß" and a shade in both pages of DOS
+  };
+  for (const Cas& cas : {Cas{'\x01', "éàß?"_w}, Cas{'\x02', "éàß?"_w}, Cas{'\x0E', "éàß?"_w},
+                         Cas{'\x03', std::string_view("\x82\x85\xE1\xB0")}, Cas{'\x7F', "\x82\x85\xE1\xB0"}}) {
+    SCOPED_TRACE(static_cast<int>(cas.langue));
+    const EnteteDbf entete = LireEnteteDbf(Dbf({{"T", 'C', 4}, {"N", 'N', 1}}, 1, "", cas.langue));
+    ConvertisseurDbf convertisseur(entete);
+    std::string ligne(5, '-');
+    convertisseur.Convertir(" \x82\x85\xE1\xB0\x82", ligne.data());
+    EXPECT_EQ(ligne, std::string(cas.attendu) + "\x82") << "only fields of characters are converted";
+    EXPECT_EQ(convertisseur.SansEquivalent(), cas.attendu.ends_with('?') ? 1U : 0U);
+  }
+}
+
+TEST(Noms, PositionsEtDoubles) {
+  const std::pair<std::size_t, const char*> positions[] = {{1, "001"},    {999, "999"},  {1000, "A00"}, {1099, "A99"},
+                                                           {3599, "Z99"}, {3600, "AA0"}, {9999, "YP9"}};
+  for (const auto& [position, nom] : positions) EXPECT_EQ(NomDePosition(position), nom);
+
+  std::vector<std::string> noms = {"AGE", "AGE", "2", "SEX", "4", " "};
+  const auto blanc = [](std::string_view nom) { return Rogner(nom).empty(); };
+  const auto rang = [](std::size_t i) { return std::to_string(i + 1); };
+  EXPECT_EQ(DistinguerNoms(noms, blanc, rang), (std::vector<std::size_t>{0, 1, 2, 5}));
+  EXPECT_EQ(noms, (std::vector<std::string>{"1", "2", "3", "SEX", "4", "6"})) << "\"2\" gives way to the second AGE";
+}
+
+TEST_F(ImportDbfTest, PlusDeNeufMilleNeufCentsPositions) {
+  Ecrire("ENQ.DAT", std::string(10050, '1') + "\r\n");
+  EXPECT_EQ(Importer(), Fin::Normale);
+  const std::string pos = Lire("ENQ.POS");
+  EXPECT_TRUE(pos.ends_with("YP99999 1\r\n")) << pos.substr(pos.size() - 40);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_EQ(boites_[0],
+            "Les positions au-delà de 9999 ne sont pas des questions : *.POS ne peut pas les désigner"_w);
+}
+
+TEST_F(ImportDbfTest, ValeurAuDelaDesCodes) {
+  Ecrire("ENQ.DBF", Dbf({{"C", 'C', 3}}, 2, " 1E9 120"));
+  EXPECT_EQ(Importer(), Fin::Normale);
+  EXPECT_TRUE(Dit("Code-max. 120\r\n   0     2\r\n")) << montre_;
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_EQ(boites_[0], "Valeurs trop grandes pour être un code, comptées comme le code 0 : 1"_w);
+}
+
+// The count of a hundred thousand individuals keeps a blank before it.
+TEST_F(ImportDbfTest, EffectifsDeSixChiffres) {
+  std::string donnees;
+  for (int i = 0; i < 100000; ++i) donnees += " 1";
+  Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 100000, donnees));
+  EXPECT_EQ(Importer(), Fin::Normale);
+  EXPECT_TRUE(Dit("   1 100000\r\nTot. 100000 100\r\n")) << montre_;
+}
+
+TEST_F(ImportDbfTest, DisquePleinLaisseLesAnciensFichiers) {
+  Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 4000, std::string(8000, '1')));
+  Ecrire("ENQ.DAT", "7\r\n");
+  {
+    const essai::DisquePlein disque(4096);
+    EXPECT_EQ(Importer(), Fin::Arret);
+  }
+  EXPECT_EQ(Lire("ENQ.DAT"), "7\r\n");
+  EXPECT_FALSE(Existe("ENQ.POS"));
+}

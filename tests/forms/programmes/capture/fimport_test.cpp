@@ -1,0 +1,87 @@
+#include "forms/programmes/capture/fimport.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "forms/pilote.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using essai::Bureau;
+using essai::Cliquer;
+using essai::Etiquette;
+using essai::Pilote;
+
+struct BureauEnq : Bureau {
+  explicit BureauEnq(int niveau) : Bureau(true) {
+    Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
+  }
+};
+
+QString Aide(FImport& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextAide").toPlainText(); }
+
+}  // namespace
+
+TEST(FImport, SansSource) {
+  BureauEnq bureau(2);
+  bureau.Ouvrir();
+  FImport& forme = bureau.Demander<FImport>("mnuImport");
+  EXPECT_EQ(Aide(forme),
+            "Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
+            "l'absence de fichiers.\nAnnulez ou prenez l'option d'importation d'un tableau de Burt.\n");
+  Pilote pilote;
+  Cliquer(forme, {"CheckTrg", "CheckBRT"});
+  pilote.Cliquer("OK");
+  Cliquer(forme, "Lancer");
+  Cliquer(forme, "CheckTrg");
+  pilote.Cliquer("OK");
+  Cliquer(forme, "Lancer");
+  EXPECT_EQ(pilote.Vues(), (QStringList{"Vous ne pouvez prendre qu'une seule des options",
+                                        "Vous devez définir le fichier Burt issu de SAS"}));
+  EXPECT_FALSE(bureau.Existe("ENQ.IMP")) << "nothing was launched";
+  bureau.Menu("mnuNiv1");
+  bureau.Menu("mnuImport");
+  EXPECT_FALSE(Bureau::Dans<QWidget>(*bureau.Forme<FImport>(), "FrOptions").isVisible());
+}
+
+TEST(FImport, DonneesSeules) {
+  BureauEnq bureau(1);
+  bureau.Ecrire("ENQ.DAT", "12\r\n31\r\n");
+  bureau.Ouvrir();
+  FImport& forme = bureau.Demander<FImport>("mnuImport");
+  EXPECT_EQ(Etiquette(forme, "LabelDBF") + Etiquette(forme, "LabelDAT") + Etiquette(forme, "LabelPOS") +
+                Etiquette(forme, "LabelBRT"),
+            "AbsentPrésentAbsentAbsent");
+  Cliquer(forme, "Lancer");
+  EXPECT_EQ(bureau.Forme<FImport>(), nullptr);
+  EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 2 \r\n001   1 3\r\n002   2 2\r\n");
+  EXPECT_TRUE(bureau.Texte().contains("Question 002 Position    2    Code-max.   2\n   1     1\n   2     1\n"));
+  EXPECT_EQ(bureau.Fenetre().SessionEnCours().individus, 2);
+}
+
+TEST(FImport, TableauDeBurt) {
+  BureauEnq bureau(2);
+  bureau.Ecrire("sas.txt", "SEX1Homme 4 0\r\nSEX2Femme 0 6\r\n");
+  bureau.Ouvrir();
+  FImport& forme = bureau.Demander<FImport>("mnuImport");
+  Cliquer(forme, {"CheckBRT", "OptUtil"});
+  EXPECT_TRUE(Aide(forme).contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
+                                   "     ods  output   Burt=fichtemp ;\n"));
+  Pilote pilote;
+  pilote.Choisir(QString::fromStdString((bureau.Dossier() / "sas.txt").string()));
+  Cliquer(forme, "BoutFichier");
+  pilote.Taper("5");
+  pilote.Cliquer("Non");
+  pilote.Taper("10");
+  pilote.Cliquer("Oui");
+  Cliquer(forme, "Lancer");
+  EXPECT_TRUE(pilote.Vues().value(2).startsWith("le nombre de questions est de 2 : est-ce cohérent ?"));
+  EXPECT_EQ(bureau.Lire("ENQ.MOD"), "ENQ\r\n BRT=2 FMT=1 \r\nSEX1   Homme\r\nSEX2   Femme\r\n");
+  EXPECT_EQ(bureau.Lire("ENQ.BRT"), "SEX140\r\nSEX206\r\n");
+  EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 10 \r\n");
+  EXPECT_TRUE(bureau.Texte().contains("Le tableau de burt sas.txt a été importé"));
+}
