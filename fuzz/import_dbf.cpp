@@ -1,10 +1,9 @@
 // Any bytes as a dBase file: the imports end, a stopped run leaves the former files whole, and what a normal end leaves
 // can be sorted. Input: one byte of options (1 a table), then the bytes of the source.
-#include "capture/dbase/import.h"
-
 #include <cstdint>
 #include <cstdlib>
 
+#include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"
 #include "dossier_memoire.h"
 #include "sorts/triapl/triapl.h"

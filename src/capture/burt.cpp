@@ -42,9 +42,8 @@ void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
     reste = reste.substr(0, debut);
   }
   const std::size_t debut = reste.find_first_not_of(kBlancs);
-  rangee.intitule = debut == std::string_view::npos
-                        ? std::string_view{}
-                        : reste.substr(debut, reste.find_last_not_of(kBlancs) + 1 - debut);
+  rangee.intitule = debut == std::string_view::npos ? std::string_view{}
+                                                    : reste.substr(debut, reste.find_last_not_of(kBlancs) + 1 - debut);
 }
 
 // The rows of a file, those that hold nothing but blanks left out.
@@ -118,9 +117,9 @@ void ExigerNoms(Rapport& rapport, const std::vector<std::pair<std::string, std::
       throw Erreur(kArretAnnonce);
     }
     if (const auto [deja, neuf] = rangs.emplace(nom, i); !neuf) {
-      rapport.Ligne({"Les lignes "_w, Nombre(deja->second + 1), " et ", Nombre(i + 1),
-                     " ont le même nom court (\""_w, nom,
-                     "\") : donnez-leur des noms différents sur 4 caractères, ou prenez les noms courts automatiques"_w});
+      rapport.Ligne(
+          {"Les lignes "_w, Nombre(deja->second + 1), " et ", Nombre(i + 1), " ont le même nom court (\""_w, nom,
+           "\") : donnez-leur des noms différents sur 4 caractères, ou prenez les noms courts automatiques"_w});
       throw Erreur(kArretAnnonce);
     }
   }
@@ -142,10 +141,11 @@ double DemanderEffectif(Rapport& rapport, const Contexte& contexte, const FaitsB
     const double effectif = ValeurDe(reponse);
     if (effectif <= 0) continue;
     const Reponse coherent = contexte.Ecran().demander(
-        Joindre({"le nombre de questions est de ", Nombre(faits.diagonale / effectif),
-                 " : est-ce cohérent ? (une valeur fractionnaire est incohérente). En cas d'incertitude, répondez oui : "
-                 "vous pourrez ultérieurement corriger la valeur de l'effectif dans la deuxième ligne du fichier *.POS "
-                 "en utilisant l'éditeur. "_w}),
+        Joindre(
+            {"le nombre de questions est de ", Nombre(faits.diagonale / effectif),
+             " : est-ce cohérent ? (une valeur fractionnaire est incohérente). En cas d'incertitude, répondez oui : "
+             "vous pourrez ultérieurement corriger la valeur de l'effectif dans la deuxième ligne du fichier *.POS "
+             "en utilisant l'éditeur. "_w}),
         Boutons::OuiNon);
     if (coherent != Reponse::Non) return effectif;
   }

@@ -104,8 +104,7 @@ TEST_F(ImportDbfTest, PlusDeNeufMilleNeufCentsPositions) {
   const std::string pos = Lire("ENQ.POS");
   EXPECT_TRUE(pos.ends_with("YP99999 1\r\n")) << pos.substr(pos.size() - 40);
   ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_EQ(boites_[0],
-            "Les positions au-delà de 9999 ne sont pas des questions : *.POS ne peut pas les désigner"_w);
+  EXPECT_EQ(boites_[0], "Les positions au-delà de 9999 ne sont pas des questions : *.POS ne peut pas les désigner"_w);
 }
 
 TEST_F(ImportDbfTest, ValeurAuDelaDesCodes) {

@@ -84,7 +84,8 @@ std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remar
   const auto rang = [](std::size_t j) { return CadreGauche(Nombre(j + 1), kLargeurNom); };
   std::string renommees;
   for (const std::size_t j : DistinguerNoms(noms, FinitLesModalites, rang))
-    renommees += Joindre({std::string_view(renommees.empty() ? "" : ", "), Rogner(propres[j]), " -> ", Rogner(noms[j])});
+    renommees +=
+        Joindre({std::string_view(renommees.empty() ? "" : ", "), Rogner(propres[j]), " -> ", Rogner(noms[j])});
   if (!renommees.empty())
     remarques.push_back(
         Joindre({"Colonnes sans nom ou de même nom sur 4 caractères, désignées par leur rang : "_w, renommees}));

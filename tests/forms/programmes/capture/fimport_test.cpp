@@ -69,8 +69,9 @@ TEST(FImport, TableauDeBurt) {
   bureau.Ouvrir();
   FImport& forme = bureau.Demander<FImport>("mnuImport");
   Cliquer(forme, {"CheckBRT", "OptUtil"});
-  EXPECT_TRUE(Aide(forme).contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
-                                   "     ods  output   Burt=fichtemp ;\n"));
+  EXPECT_TRUE(
+      Aide(forme).contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
+                           "     ods  output   Burt=fichtemp ;\n"));
   Pilote pilote;
   pilote.Choisir(QString::fromStdString((bureau.Dossier() / "sas.txt").string()));
   Cliquer(forme, "BoutFichier");
