@@ -46,6 +46,12 @@ const std::vector<Programme>& Programmes() {
       ProgrammeSaisieMot(),
       ProgrammeTabMot(),
       ProgrammeTriFichier(),
+      ProgrammeExportCsv(),
+      ProgrammeExporter(),
+      ProgrammeCaracteres(),
+      ProgrammeFusionner(),
+      ProgrammeGendat(),
+      ProgrammeInversion(),
       // clang-format on
   };
   return programmes;

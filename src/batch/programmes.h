@@ -154,13 +154,19 @@ const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
 Programme ProgrammeAnecar();
+Programme ProgrammeCaracteres();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
+Programme ProgrammeExportCsv();
+Programme ProgrammeExporter();
+Programme ProgrammeFusionner();
+Programme ProgrammeGendat();
 Programme ProgrammeGraphe();
 Programme ProgrammeImportBurt();
 Programme ProgrammeImportCsv();
 Programme ProgrammeImportDbf();
 Programme ProgrammeImportTableau();
+Programme ProgrammeInversion();
 Programme ProgrammeModifMod();
 Programme ProgrammeNomeMod();
 Programme ProgrammeNomQuest();

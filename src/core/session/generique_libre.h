@@ -1,0 +1,21 @@
+// The generic that a program makes: the next one by the rule of names, or a free one when that name is taken.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/programme/programme.h"
+
+namespace quelvar {
+
+// Whether a file of a data set stands under that generic.
+bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique);
+// The first generic behind this one, by the rule of names, that is free.
+std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique);
+
+// The next generic if it is free. Else an input box proposes a free one; a name that is taken too is confirmed by a
+// box. Nothing when the user gives up; an empty name without a current generic.
+std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte);
+
+}  // namespace quelvar

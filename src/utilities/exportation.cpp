@@ -1,0 +1,102 @@
+#include "utilities/exportation.h"
+
+#include "core/texte/nombres.h"
+#include "utilities/utilitaires.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+// A zone of columns, counted from 1; its end may stand one column before its start.
+struct Zone {
+  std::int64_t debut;
+  std::int64_t fin;
+
+  bool Depasse(std::string_view ligne) const {
+    const auto longueur = static_cast<std::int64_t>(ligne.size());
+    return debut > longueur || fin > longueur;
+  }
+};
+
+struct BilanExportation {
+  std::int64_t lignes = 0;
+  bool arretee = false;  // at a line that the zone leaves
+};
+
+BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, const Zone& zone, bool complementaire,
+                                Ecrivain& sortie) {
+  AvancementOctets avancement(contexte, LongueurFichier(source));
+  BilanExportation bilan;
+  LecteurLignes lecteur(source);
+  for (std::string_view ligne; lecteur.Lire(ligne); ++bilan.lignes) {
+    if (zone.Depasse(ligne)) {
+      bilan.arretee = true;
+      return bilan;
+    }
+    if (zone.debut < 1 || zone.fin < zone.debut - 1) throw Erreur(kArgumentIncorrect);
+    const auto debut = static_cast<std::size_t>(zone.debut - 1);
+    const auto fin = static_cast<std::size_t>(zone.fin);
+    if (complementaire) {
+      sortie.Ecrire(ligne.substr(0, debut));
+      sortie.Ecrire(ligne.substr(fin));
+    } else {
+      sortie.Ecrire(ligne.substr(debut, fin - debut));
+    }
+    sortie.FinDeLigne();
+    avancement.Avancer(ligne.size());
+  }
+  return bilan;
+}
+
+void EcrireTete(Rapport& rapport, const Entree& a, const OptionsExportation& options) {
+  EcrireBandeau(rapport, "Exportation de fichiers");
+  rapport.Ligne({"Le nom du fichier d'entrée est "_w, a.nom});
+  rapport.Ligne({"Le nom du fichier exporté est "_w, NomAffiche(options.c)});
+  rapport.Ligne({"Début de la zone d'exportation "_w, options.debut});
+  rapport.Ligne({"Fin de la zone d'exportation ", options.fin});
+}
+
+void EcrireBilan(Rapport& rapport, const BilanExportation& bilan, bool complementaire) {
+  rapport.Ligne({"Nombre d'enregistrement dans le fichier résultant :"_w, NombreNu(bilan.lignes)});
+  rapport.Ligne();
+  rapport.Ligne(complementaire ? "Le fichier exporté est le complémentaire de la zone définie"_w
+                               : "Le fichier exporté est celui correspondant à la zone définie"_w);
+  rapport.Ligne();
+  rapport.Ligne("Programme normalement terminé"_w);
+}
+
+void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExportation& options) {
+  const Entree a = ChercherEntree(contexte, options.a);
+  ExigerEntrees(rapport, contexte, {a});
+  EcrireTete(rapport, a, options);
+  const Zone zone{NombreTape(options.debut), NombreTape(options.fin)};
+  Remplacement c(contexte.repertoire, options.c);
+  const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
+  c.Valider();
+  if (bilan.arretee) {
+    Avertir(rapport, contexte.Ecran(),
+            "*** Arrêt du programme car le début ou la fin de la zone d'exportation dépasse la longueur de "
+            "l'enregistrement"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  EcrireBilan(rapport, bilan, options.complementaire);
+}
+
+}  // namespace
+
+std::string ManqueExportation(const Contexte& contexte, const OptionsExportation& options) {
+  if (options.a.empty()) return "Vous devez entrer le nom du fichier A d'origine";
+  if (options.c.empty()) return std::string("Vous devez entrer le nom du fichier C résultant de l'exportation"_w);
+  if (MemeFichier(contexte, options.a, options.c))
+    return std::string("*** Attention : l'exportation ne peut écraser le fichier d'origine. Option impossible"_w);
+  if (options.debut.empty()) return "Vous devez entrer la position initiale de la zone d'exportation";
+  if (options.fin.empty()) return "Vous devez entrer la position finale de la zone d'exportation";
+  return EntreeEcrasee(contexte, {options.a, options.c});
+}
+
+Fin Exporter(const Contexte& contexte, const OptionsExportation& options) {
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+                           [&](Rapport& rapport) { ExporterZone(rapport, contexte, options); });
+}
+
+}  // namespace quelvar::utilities

@@ -1,0 +1,21 @@
+// The data set for a spreadsheet: one line of titles, one line for each individual.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::utilities {
+
+struct OptionsExportCsv {
+  bool tabulation = false;  // the cells are separated by tabs instead of ";"
+  bool utf8 = false;        // UTF-8 with its mark instead of Windows-1252
+  bool codes = false;  // codes instead of labels, under titles that begin with the names: what an import reads back
+};
+
+// Report: "$$$.prt", empty unless a file is missing. Writes generic and ".csv". A value outside its codes reads as a
+// non-response. Raises 5, with the question, for a position below 1.
+Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options);
+
+}  // namespace quelvar::utilities

@@ -1,0 +1,299 @@
+#include "utilities/fusion.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/texte/nombres.h"
+#include "utilities/fusion_pos.h"
+#include "utilities/utilitaires.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr int kDifferencesPermises = 50;
+
+// An input and what a first reading tells of it.
+struct FichierMesure {
+  Entree entree;
+  std::int64_t lignes = 0;
+  std::size_t plusLongue = 0;
+  std::uintmax_t octets = 0;
+};
+
+FichierMesure Mesurer(Entree entree) {
+  FichierMesure mesure{std::move(entree), 0, 0, 0};
+  mesure.octets = LongueurFichier(*mesure.entree.chemin);
+  LecteurLignes lecteur(*mesure.entree.chemin);
+  for (std::string_view ligne; lecteur.Lire(ligne); ++mesure.lignes)
+    mesure.plusLongue = std::max(mesure.plusLongue, ligne.size());
+  return mesure;
+}
+
+// Where the identifiers stand: columns from 1, and their width.
+struct Identifiants {
+  std::size_t a = 0, b = 0, largeur = 0;
+
+  std::string_view DeA(std::string_view ligne) const { return Milieu(ligne, a, largeur); }
+  std::string_view DeB(std::string_view ligne) const { return Milieu(ligne, b, largeur); }
+};
+
+Identifiants LireIdentifiants(const OptionsFusion& options) {
+  const std::int32_t a = NombreTape(options.positionA);
+  const std::int32_t b = NombreTape(options.positionB);
+  const std::int32_t largeur = NombreTape(options.largeur);
+  if (a < 1 || b < 1 || largeur < 1) throw Erreur(kArgumentIncorrect);
+  return {static_cast<std::size_t>(a), static_cast<std::size_t>(b), static_cast<std::size_t>(largeur)};
+}
+
+// The .POS of both inputs, when both are there with questions.
+struct PaireDePos {
+  PosDeFusion a, b;
+};
+
+struct Travail {
+  const Contexte& contexte;
+  const OptionsFusion& options;
+  Rapport& rapport;
+  FichierMesure a, b;
+  std::optional<PaireDePos> pos;
+};
+
+std::optional<PaireDePos> LirePaireDePos(const Contexte& contexte, const OptionsFusion& options) {
+  if (!options.pos) return std::nullopt;
+  std::optional<PosDeFusion> a = LirePosDeFusion(contexte.repertoire, options.a);
+  std::optional<PosDeFusion> b = LirePosDeFusion(contexte.repertoire, options.b);
+  if (!a || !b) return std::nullopt;
+  return PaireDePos{std::move(*a), std::move(*b)};
+}
+
+void Repeter(Ecrivain& sortie, char signe, std::size_t fois) {
+  for (; fois > 0; --fois) sortie.Ecrire(signe);
+}
+
+// With questions to find again behind it, every line of A takes the room of the longest.
+void EcrireLigneDeA(const Travail& travail, std::string_view ligne, Ecrivain& sortie) {
+  sortie.Ecrire(ligne);
+  if (travail.pos) Repeter(sortie, ' ', travail.a.plusLongue - ligne.size());
+}
+
+void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
+  rapport.Ligne({" Le nombre d'individus du fichier ", mesure.entree.nom, " est de ",
+                 NombreFixe(static_cast<double>(mesure.lignes), 6, 0)});
+}
+
+[[noreturn]] void Arreter(const Travail& travail, Texte raison) {
+  Avertir(travail.rapport, travail.contexte.Ecran(), raison);
+  throw Erreur(kArretAnnonce);
+}
+
+// Puts C, and its .POS, in their places.
+void Enregistrer(const Travail& travail, Remplacement& c, const std::vector<std::string>& lignesPos) {
+  c.Achever();
+  if (!travail.pos) {
+    c.Valider();
+    return;
+  }
+  Remplacement pos(travail.contexte.repertoire, NomDuPos(travail.options.c));
+  for (const std::string& ligne : lignesPos) pos.Fichier().Ligne(ligne);
+  pos.Achever();
+  c.Valider();
+  pos.Valider();
+}
+
+std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t individus) {
+  if (!travail.pos) return {};
+  return PosCoteACote(travail.pos->a, travail.pos->b, travail.a.plusLongue, individus);
+}
+
+// False from the difference on that is one too many.
+class Verification {
+ public:
+  Verification(Rapport& rapport, const OptionsFusion& options) : rapport_(rapport) {
+    if (!options.verifier) return;
+    identifiants_ = LireIdentifiants(options);
+    active_ = true;
+  }
+
+  bool Accepter(std::int64_t individu, std::string_view a, std::string_view b) {
+    if (!active_) return true;
+    const std::string_view identA = identifiants_.DeA(a);
+    const std::string_view identB = identifiants_.DeB(b);
+    if (identA == identB) return true;
+    rapport_.Ligne({"*** Identité différente à l'individu numéro "_w, NombreNu(individu), " Ident A= ", identA,
+                    " Ident B= ", identB});
+    return ++differences_ <= kDifferencesPermises;
+  }
+
+ private:
+  Rapport& rapport_;
+  Identifiants identifiants_;
+  bool active_ = false;
+  int differences_ = 0;
+};
+
+void FusionnerCoteACote(const Travail& travail) {
+  if (travail.a.lignes != travail.b.lignes) {
+    travail.rapport.Ligne("*** Erreur : les deux fichiers n'ont pas le même nombre d'individus"_w);
+    EcrireEffectif(travail.rapport, travail.a);
+    EcrireEffectif(travail.rapport, travail.b);
+    travail.contexte.Ecran().biper();
+    throw Erreur(kArretAnnonce);
+  }
+  Verification verification(travail.rapport, travail.options);
+  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  AvancementOctets avancement(travail.contexte, travail.a.octets);
+  LecteurLignes a(*travail.a.entree.chemin);
+  LecteurLignes b(*travail.b.entree.chemin);
+  std::string_view ligneA;
+  std::string_view ligneB;
+  for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
+    if (!verification.Accepter(individu, ligneA, ligneB)) {
+      c.Valider();
+      Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
+    }
+    EcrireLigneDeA(travail, ligneA, c.Fichier());
+    c.Fichier().Ligne(ligneB);
+    avancement.Avancer(ligneA.size());
+  }
+  Enregistrer(travail, c, LignesPosCoteACote(travail, travail.a.lignes));
+  travail.rapport.Ligne(" Fusion côte à côte"_w);
+}
+
+void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets& avancement) {
+  LecteurLignes lecteur(*mesure.entree.chemin);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    sortie.Ligne(ligne);
+    avancement.Avancer(ligne.size());
+  }
+}
+
+void FusionnerALaSuite(const Travail& travail) {
+  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  AvancementOctets avancement(travail.contexte, travail.a.octets + travail.b.octets);
+  CopierVers(travail.a, c.Fichier(), avancement);
+  CopierVers(travail.b, c.Fichier(), avancement);
+  Enregistrer(
+      travail, c,
+      travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes) : std::vector<std::string>{});
+  EcrireEffectif(travail.rapport, travail.a);
+  EcrireEffectif(travail.rapport, travail.b);
+  travail.rapport.Ligne(" Fusion à la suite"_w);
+}
+
+struct BilanAppareillement {
+  std::int64_t lignes = 0;
+  std::int64_t incomplets = 0;
+  bool resteDeA = false;  // lines of A were left when B ended
+  bool resteDeB = false;  // the line in hand of B found none of A
+};
+
+BilanAppareillement Appareiller(const Travail& travail, const Identifiants& identifiants, Ecrivain& sortie) {
+  AvancementOctets avancement(travail.contexte, travail.a.octets);
+  LecteurLignes a(*travail.a.entree.chemin);
+  LecteurLignes b(*travail.b.entree.chemin);
+  BilanAppareillement bilan;
+  std::string_view ligneB;
+  bool enMain = b.Lire(ligneB);
+  for (std::string_view ligneA; a.Lire(ligneA); ++bilan.lignes) {
+    EcrireLigneDeA(travail, ligneA, sortie);
+    bilan.resteDeA = bilan.resteDeA || !enMain;
+    if (enMain && identifiants.DeA(ligneA) == identifiants.DeB(ligneB)) {
+      sortie.Ligne(ligneB);
+      enMain = b.Lire(ligneB);
+    } else {
+      Repeter(sortie, '0', travail.b.plusLongue);
+      sortie.FinDeLigne();
+      ++bilan.incomplets;
+    }
+    avancement.Avancer(ligneA.size());
+  }
+  bilan.resteDeB = enMain;
+  return bilan;
+}
+
+void FusionnerParNumero(const Travail& travail) {
+  const Identifiants identifiants = LireIdentifiants(travail.options);
+  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
+  if (bilan.resteDeA || bilan.resteDeB) {
+    c.Valider();
+    travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
+                                         : "*** ERREUR Fichier B non terminé"_w);
+    Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
+  }
+  Enregistrer(travail, c, LignesPosCoteACote(travail, bilan.lignes));
+  travail.rapport.Ligne({"Nombre d'enregistrement résultant :"_w, NombreNu(bilan.lignes)});
+  travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
+  travail.rapport.Ligne(" Fusion côte à côte"_w);
+}
+
+void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const OptionsFusion& options) {
+  Entree a = ChercherEntree(contexte, options.a);
+  Entree b = ChercherEntree(contexte, options.b);
+  ExigerEntrees(rapport, contexte, {a, b});
+  EcrireBandeau(rapport, "Fusion de fichiers");
+  rapport.Ligne({"Le nom du fichier d'entrée A est "_w, a.nom});
+  rapport.Ligne({"Le nom du fichier d'entrée B est "_w, b.nom});
+  rapport.Ligne({"Le nom du fichier des données jointes est "_w, NomAffiche(options.c)});
+  const Travail travail{
+      contexte, options, rapport, Mesurer(std::move(a)), Mesurer(std::move(b)), LirePaireDePos(contexte, options)};
+  switch (options.type) {
+    case TypeFusion::CoteACote: FusionnerCoteACote(travail); break;
+    case TypeFusion::ALaSuite: FusionnerALaSuite(travail); break;
+    case TypeFusion::Appareillement: FusionnerParNumero(travail); break;
+    case TypeFusion::Aucun: throw Erreur(kArgumentIncorrect);
+  }
+  rapport.Ligne("Programme normalement terminé"_w);
+}
+
+// The three boxes of a verification; false when one is cancelled.
+bool DemanderIdentifiants(const Contexte& contexte, OptionsFusion& options) {
+  const auto demander = [&](std::string_view question, std::string& valeur) {
+    valeur = Rogner(contexte.Ecran().saisir(question, valeur));
+    return !valeur.empty();
+  };
+  return demander("Entrez la position initiale du numéro (ou du nom) d'individu du premier fichier dit A "_w,
+                  options.positionA) &&
+         demander("Entrez la position initiale du numéro (ou du nom) d'individu du deuxième fichier dit B "_w,
+                  options.positionB) &&
+         demander("Entrez la largeur commune aux numéro (ou nom) des deux fichiers"_w, options.largeur);
+}
+
+}  // namespace
+
+std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options) {
+  if (options.a.empty()) return "Vous devez entrer le nom du fichier A";
+  if (options.b.empty()) return "Vous devez entrer le nom du fichier B";
+  if (options.c.empty()) return std::string("Vous devez entrer le nom du fichier résultant"_w);
+  if (MemeFichier(contexte, options.c, options.a) || MemeFichier(contexte, options.c, options.b))
+    return std::string("Le fichier résultant ne peut être un des deux fichiers d'entrée"_w);
+  if (options.type == TypeFusion::Aucun) return "Vous devez choisir un type de fusion";
+  if (options.type == TypeFusion::Appareillement) {
+    const auto position = [](std::string_view fichier) {
+      return Joindre({"Vous devez entrer la position de l'identificateur dans le fichier ", fichier});
+    };
+    if (options.positionA.empty()) return position("A");
+    if (options.positionB.empty()) return position("B");
+    if (options.largeur.empty())
+      return std::string("Vous devez entrer la largeur de l'identificateur commune à A et B"_w);
+  }
+  if (options.pos) {
+    const std::string pos = NomDuPos(options.c);
+    for (const std::string& entree : {options.a, options.b})
+      if (MemeFichier(contexte, pos, NomDuPos(entree)) || MemeFichier(contexte, pos, entree))
+        return Joindre({"Le fichier de positions du résultat, "_w, NomAffiche(pos),
+                        ", est celui d'un des deux fichiers d'entrée : donnez un autre nom au fichier C"_w});
+  }
+  return EntreeEcrasee(contexte, {options.a, options.b, options.c});
+}
+
+Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
+  OptionsFusion demandees = options;
+  if (options.type == TypeFusion::CoteACote && options.verifier && !DemanderIdentifiants(contexte, demandees))
+    return Fin::Arret;
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+                           [&](Rapport& rapport) { FusionnerFichiers(rapport, contexte, demandees); });
+}
+
+}  // namespace quelvar::utilities

@@ -1,0 +1,63 @@
+#include "utilities/fusion_pos.h"
+
+#include "core/enquete/posfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr std::size_t kLettresDuType = 3;
+constexpr int kLargeurNom = 3;
+constexpr int kLargeurPosition = 4;
+constexpr std::int64_t kPositionLaPlusGrande = 9999;
+
+std::string LigneDeplacee(const std::string& ligne, std::size_t decalage) {
+  const std::int64_t position =
+      Entier64(ValeurDe(Milieu(ligne, kLargeurNom + 1, kLargeurPosition))) + static_cast<std::int64_t>(decalage);
+  if (position > kPositionLaPlusGrande) throw Erreur(kDepassementCapacite);
+  return Joindre({CadreGauche(ligne, kLargeurNom), EntierDroit(position, kLargeurPosition),
+                  Milieu(ligne, kLargeurNom + kLargeurPosition + 1)});
+}
+
+}  // namespace
+
+std::string NomDuPos(std::string_view fichier) {
+  fichier.remove_suffix(std::min(kLettresDuType, fichier.size()));
+  return Joindre({fichier, "POS"});
+}
+
+std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string_view fichier) {
+  const std::optional<Chemin> chemin = ChercherFichier(repertoire, NomDuPos(fichier));
+  if (!chemin) return std::nullopt;
+  LecteurLignes lecteur(*chemin);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne)) return std::nullopt;
+  PosDeFusion pos;
+  pos.titre = ligne;
+  lecteur.Lire(ligne);  // the size of the file that it stands beside
+  while (lecteur.Lire(ligne)) {
+    const bool dansLaListe = pos.suite.empty() && !MarqueDeFin(ligne);
+    (dansLaListe ? pos.questions : pos.suite).emplace_back(ligne);
+  }
+  if (pos.questions.empty()) return std::nullopt;
+  return pos;
+}
+
+std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b, std::size_t decalage,
+                                      std::int64_t individus) {
+  std::vector<std::string> lignes{a.titre, NombreNu(individus)};
+  lignes.insert(lignes.end(), a.questions.begin(), a.questions.end());
+  for (const std::string& question : b.questions) lignes.push_back(LigneDeplacee(question, decalage));
+  return lignes;
+}
+
+std::vector<std::string> PosALaSuite(const PosDeFusion& a, std::int64_t individus) {
+  std::vector<std::string> lignes{a.titre, NombreNu(individus)};
+  lignes.insert(lignes.end(), a.questions.begin(), a.questions.end());
+  lignes.insert(lignes.end(), a.suite.begin(), a.suite.end());
+  return lignes;
+}
+
+}  // namespace quelvar::utilities

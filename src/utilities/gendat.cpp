@@ -1,0 +1,175 @@
+#include "utilities/gendat.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
+#include "utilities/tableau.h"
+#include "utilities/utilitaires.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr std::int64_t kCodeLePlusGrand = 999;
+
+// One question of the new data.
+struct QuestionCreee {
+  std::string nom;
+  int codeMax = 0;
+  std::vector<std::string> codes;  // printed, from code 1 on
+};
+
+QuestionCreee Creer(std::string nom, std::int64_t codeMax) {
+  if (codeMax > kCodeLePlusGrand) throw Erreur(kDepassementCapacite);
+  QuestionCreee question{std::move(nom), static_cast<int>(codeMax), {}};
+  const int largeur = question.codeMax < 100 ? LargeurDe(question.codeMax) : 3;
+  for (int code = 1; code <= question.codeMax; ++code) question.codes.push_back(NombreFixe(code, largeur, 0));
+  return question;
+}
+
+// Rows, columns and, when there is more than one, blocks.
+std::vector<QuestionCreee> CreerQuestions(const Tableau& tableau) {
+  const std::array<std::string, 3> noms = NomsDesQuestions(tableau.titre);
+  std::vector<QuestionCreee> questions;
+  questions.push_back(Creer(noms[0], tableau.lignes));
+  questions.push_back(Creer(noms[1], static_cast<std::int64_t>(tableau.colonnes.size())));
+  if (tableau.Blocs() > 1) questions.push_back(Creer(noms[2], tableau.Blocs()));
+  return questions;
+}
+
+// Cells of which individuals can't be made as they stand, and the first of them.
+struct CellulesAParts {
+  std::int64_t nombre = 0;
+  std::string premiere;
+
+  void Noter(std::int64_t ligne, std::size_t colonne, std::string_view cellule) {
+    if (nombre++ > 0) return;
+    premiere = Joindre(
+        {"la première à la ligne "_w, Nombre(ligne), ", colonne ", Nombre(colonne), " ("_w, Rogner(cellule), ")"});
+  }
+};
+
+struct BilanGendat {
+  std::int64_t individus = 0;
+  CellulesAParts negatives;
+  CellulesAParts fractionnaires;
+};
+
+// Number of individuals of a cell.
+std::int64_t Compter(std::string_view cellule, std::int64_t ligne, std::size_t colonne, BilanGendat& bilan) {
+  const double valeur = ValeurDe(cellule);
+  const double arrondie = ArrondirPair(valeur);
+  if (valeur < 0) bilan.negatives.Noter(ligne, colonne, cellule);
+  else if (valeur != arrondie) bilan.fractionnaires.Noter(ligne, colonne, cellule);
+  return std::max<std::int64_t>(Entier64(arrondie), 0);
+}
+
+BilanGendat EcrireDonnees(const Contexte& contexte, const Tableau& tableau, const std::vector<QuestionCreee>& questions,
+                          Ecrivain& sortie) {
+  BilanGendat bilan;
+  std::int64_t rangee = 0;
+  Progression progression(contexte.Ecran(), tableau.lignes * tableau.Blocs());
+  std::string individu;
+  ParcourirTableau(tableau, tableau.lignes * tableau.Blocs(), [&](const LigneDeTableau& ligne) {
+    const auto i = static_cast<std::size_t>(rangee % tableau.lignes);
+    const auto k = static_cast<std::size_t>(rangee / tableau.lignes);
+    ++rangee;
+    for (std::size_t j = 0; j < ligne.cellules.size(); ++j) {
+      const std::int64_t nombre = Compter(ligne.cellules[j], rangee, j + 1, bilan);
+      individu = Joindre({questions[0].codes[i], questions[1].codes[j],
+                          questions.size() > 2 ? std::string_view(questions[2].codes[k]) : std::string_view{}});
+      for (std::int64_t n = 0; n < nombre; ++n) sortie.Ligne(individu);
+      bilan.individus += nombre;
+    }
+    progression.Avancer();
+  });
+  return bilan;
+}
+
+void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<QuestionCreee>& questions,
+               std::int64_t individus) {
+  sortie.Ligne(titre);
+  sortie.Ligne(NombreNu(individus));
+  std::size_t position = 1;
+  for (const QuestionCreee& question : questions) {
+    sortie.Ligne(
+        Joindre({question.nom, EntierDroit(static_cast<std::int64_t>(position), 4), TexteCodeMax(question.codeMax)}));
+    position += question.codes.empty() ? 1 : question.codes.front().size();
+  }
+}
+
+void EcrireReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
+  const auto cellules = [&](const CellulesAParts& parts, std::string_view sort) {
+    if (parts.nombre > 0)
+      rapport.Ligne({"*** Attention : cellules ", sort, " :", NombreNu(parts.nombre), parts.premiere});
+  };
+  cellules(bilan.negatives, "négatives, qui n'engendrent aucun individu"_w);
+  cellules(bilan.fractionnaires, "fractionnaires, qui sont arrondies");
+  const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes * tableau.Blocs();
+  if (reste > 0)
+    rapport.Ligne({"*** Attention : lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,
+                   NombreNu(reste)});
+}
+
+void EcrireTete(Rapport& rapport, const Contexte& contexte) {
+  EcrireBandeau(rapport, "  Gendat 3 dim .DAT à partir d'un tableau"_w);
+  rapport.Ligne({"Le nom du fichier de Burt est ", contexte.Nom(".BRT")});
+  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
+  rapport.Ligne({"Les impressions se font sur ", NomDuRapport(contexte)});
+  rapport.Ligne({"Le fichier des nouvelles données est "_w, contexte.Nom(".DAT")});
+}
+
+void Engendrer(Rapport& rapport, const Contexte& contexte) {
+  ExigerTableau(rapport, contexte);
+  EcrireTete(rapport, contexte);
+  const Tableau tableau = LireTableau(rapport, contexte);
+  const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
+
+  Remplacement donnees(contexte.repertoire, contexte.Nom(".DAT"));
+  const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees.Fichier());
+  donnees.Achever();
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  EcrirePos(pos.Fichier(), tableau.titre, questions, bilan.individus);
+  pos.Achever();
+  if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
+    CopierLignes(*ancien, contexte.repertoire, NomDeSauvegarde(contexte.Nom(".POS")));
+  donnees.Valider();
+  pos.Valider();
+  EcrireReserves(rapport, tableau, bilan);
+  rapport.Ligne("Programme normalement terminé"_w);
+}
+
+// Data that can't be counted again from the table are not lost unasked.
+bool RemplacementAccepte(const Contexte& contexte) {
+  if (!contexte.Chercher(".DAT") || !contexte.Chercher(".BRT") || !contexte.Chercher(".MOD")) return true;
+  return contexte.Ecran().demander(
+             Joindre({"Le fichier ", contexte.Nom(".DAT"),
+                      " existe déjà : il va être remplacé par des individus refaits à partir du tableau, et "_w,
+                      contexte.Nom(".POS"), " sera conservé sous le nom "_w, NomDeSauvegarde(contexte.Nom(".POS")),
+                      ". L'acceptez-vous ?"}),
+             Boutons::OuiNon) == Reponse::Oui;
+}
+
+}  // namespace
+
+std::array<std::string, 3> NomsDesQuestions(std::string_view titre) {
+  std::array<std::string, 3> noms = {"LGN", "COL", "BLK"};
+  if (titre.find('/') == std::string_view::npos) return noms;
+  for (std::string& nom : noms) {
+    const std::size_t fin = std::min(titre.find('/'), titre.size());
+    const std::string_view partie = Rogner(titre.substr(0, fin));
+    if (!partie.empty()) nom = CadreGauche(partie, 3);
+    titre.remove_prefix(std::min(fin + 1, titre.size()));
+  }
+  return noms;
+}
+
+Fin Gendat(const Contexte& contexte, const OptionsGendat&) {
+  if (!RemplacementAccepte(contexte)) return Fin::Arret;
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+                           [&](Rapport& rapport) { Engendrer(rapport, contexte); });
+}
+
+}  // namespace quelvar::utilities

@@ -1,0 +1,124 @@
+#include "utilities/inversion.h"
+
+#include <array>
+
+#include "core/session/generique_libre.h"
+#include "core/session/session.h"
+#include "core/texte/nombres.h"
+#include "utilities/tableau.h"
+#include "utilities/utilitaires.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr std::size_t kSommets = 3;
+
+// The table in memory: what becomes a column is read as a row.
+struct TableauEntier {
+  std::vector<std::string> noms;       // of the rows
+  std::vector<std::string> intitules;  // of the rows
+  std::vector<std::string> cellules;   // row by row, as they are printed
+};
+
+// A number that would lose digits in its width stays as it was typed.
+std::string TexteDeCellule(std::string_view cellule) {
+  const std::string nombre = Nombre(ValeurDe(cellule));
+  return nombre.size() <= cellule.size() || Rogner(cellule).empty() ? nombre : std::string(Rogner(cellule));
+}
+
+TableauEntier LireEntier(const Tableau& tableau) {
+  TableauEntier entier;
+  ParcourirTableau(tableau, tableau.lignes, [&](const LigneDeTableau& ligne) {
+    entier.noms.push_back(ligne.nom);
+    entier.intitules.push_back(ligne.intitule);
+    for (const std::string_view cellule : ligne.cellules) entier.cellules.push_back(TexteDeCellule(cellule));
+  });
+  return entier;
+}
+
+void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
+  mod.Ligne(nouveau);
+  mod.Ligne(Joindre({" IMAX=", Nombre(tableau.colonnes.size()), " JMAX=", Nombre(entier.noms.size()),
+                     " FMT=", Nombre(static_cast<int>(tableau.parametres.largeur)), " "}));
+  for (std::size_t i = 0; i < entier.noms.size(); ++i) mod.Ligne(Joindre({entier.noms[i], "   ", entier.intitules[i]}));
+}
+
+void EcrireBrt(Ecrivain& brt, const Tableau& tableau, const TableauEntier& entier) {
+  const std::size_t colonnes = tableau.colonnes.size();
+  for (std::size_t j = 0; j < colonnes; ++j) {
+    brt.Ecrire(tableau.colonnes[j].nom);
+    for (std::size_t i = 0; i < entier.noms.size(); ++i)
+      brt.Ecrire(CadreDroit(entier.cellules[i * colonnes + j], tableau.parametres.largeur));
+    brt.Ligne(tableau.colonnes[j].intitule);
+  }
+}
+
+// The three percentages of a row of the inverted table, of the sum of its first three cells.
+std::array<double, kSommets> Pourcentages(const TableauEntier& entier, std::size_t colonnes, std::size_t j) {
+  std::array<double, kSommets> parts = {};
+  double somme = 0;
+  for (std::size_t i = 0; i < std::min(kSommets, entier.noms.size()); ++i) {
+    parts[i] = ValeurDe(entier.cellules[i * colonnes + j]);
+    somme += parts[i];
+  }
+  for (double& part : parts) part = somme == 0 ? 0 : 100 * part / somme;
+  return parts;
+}
+
+void EcrireTrg(Ecrivain& trg, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
+  trg.Ligne(nouveau);
+  for (std::size_t i = 0; i < kSommets; ++i) trg.Ligne(i < entier.noms.size() ? entier.noms[i] : std::string());
+  for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) {
+    const ColonneDeTableau& colonne = tableau.colonnes[j];
+    trg.Ecrire(colonne.nom);
+    for (const double part : Pourcentages(entier, tableau.colonnes.size(), j)) trg.Ecrire(NombreFixe(part, 3, 1));
+    trg.Ligne(Rogner(colonne.intitule).empty() ? colonne.nom : colonne.intitule);
+  }
+}
+
+void Enregistrer(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier,
+                 const std::string& nouveau, bool enTriangle) {
+  if (enTriangle) {
+    Remplacement trg(contexte.repertoire, nouveau + ".TRG");
+    EcrireTrg(trg.Fichier(), tableau, entier, nouveau);
+    trg.Valider();
+    return;
+  }
+  Remplacement brt(contexte.repertoire, nouveau + ".BRT");
+  EcrireBrt(brt.Fichier(), tableau, entier);
+  Remplacement mod(contexte.repertoire, nouveau + ".MOD");
+  EcrireMod(mod.Fichier(), tableau, entier, nouveau);
+  brt.Achever();
+  mod.Achever();
+  brt.Valider();
+  mod.Valider();
+}
+
+void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsInversion& options,
+                     const std::string& nouveau) {
+  ExigerTableau(rapport, contexte);
+  EcrireBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
+  const Tableau tableau = LireTableau(rapport, contexte);
+  Enregistrer(contexte, tableau, LireEntier(tableau), nouveau, options.trg);
+  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
+  rapport.Ligne();
+  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
+  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+  rapport.Ligne();
+  rapport.Ligne("Programme normalement terminé"_w);
+}
+
+}  // namespace
+
+Fin Inverser(const Contexte& contexte, const OptionsInversion& options) {
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  if (!nouveau) return Fin::Arret;
+  const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+                                    [&](Rapport& rapport) { InverserTableau(rapport, contexte, options, *nouveau); });
+  if (fin == Fin::Normale && options.nouveau != nullptr) *options.nouveau = *nouveau;
+  return fin;
+}
+
+}  // namespace quelvar::utilities

@@ -1,0 +1,19 @@
+// Inversion of a table: rows become columns under a new generic, as a pair .BRT and .MOD or as a .TRG.
+#pragma once
+
+#include <string>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::utilities {
+
+struct OptionsInversion {
+  bool trg = false;                // the table goes to .TRG instead
+  std::string* nouveau = nullptr;  // if given, receives the generic that the session is to take
+};
+
+// Report: generic and ".prt". The new generic is the next one by the rule of names; when it exists already, an input
+// box proposes a free one. Qvr2.ini takes the new generic.
+Fin Inverser(const Contexte& contexte, const OptionsInversion& options);
+
+}  // namespace quelvar::utilities

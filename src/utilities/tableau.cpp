@@ -1,0 +1,81 @@
+#include "utilities/tableau.h"
+
+#include <algorithm>
+
+#include "core/enquete/modfile.h"
+#include "core/texte/nombres.h"
+#include "utilities/utilitaires.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr std::size_t kLargeurNom = 4;
+constexpr std::size_t kLargeurIntitule = 25;
+
+std::int64_t CompterRangees(const Chemin& brt) {
+  std::int64_t lues = 0;
+  std::int64_t pleines = 0;
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    ++lues;
+    if (!Rogner(ligne).empty()) pleines = lues;
+  }
+  return pleines;
+}
+
+std::int64_t LignesDUnBloc(const ParametresMod& parametres, std::int64_t lignesDuFichier) {
+  if (parametres.burt > 1) return parametres.burt;
+  return parametres.lignes >= 1 ? Entier64(parametres.lignes) : lignesDuFichier;
+}
+
+}  // namespace
+
+void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
+  const bool brt = contexte.Chercher(".BRT").has_value();
+  const bool mod = contexte.Chercher(".MOD").has_value();
+  if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
+  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
+  if (brt && mod) return;
+  Avertir(rapport, contexte.Ecran(), kArretSansFichiers);
+  throw Erreur(kArretAnnonce);
+}
+
+Tableau LireTableau(Rapport& rapport, const Contexte& contexte) {
+  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  Tableau tableau;
+  tableau.brt = *contexte.Chercher(".BRT");
+  tableau.titre = mod.titre;
+  tableau.parametres = LireParametres(mod.parametres, &rapport);
+  if (tableau.parametres.largeur == 0) {
+    contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
+    throw Erreur(kArretAnnonce);
+  }
+  if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
+  for (const Modalite& modalite : mod.modalites)
+    tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule)});
+  tableau.lignesDuFichier = CompterRangees(tableau.brt);
+  tableau.lignes = LignesDUnBloc(tableau.parametres, tableau.lignesDuFichier);
+  return tableau;
+}
+
+void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
+                      const std::function<void(const LigneDeTableau&)>& recevoir) {
+  const auto largeur = static_cast<std::size_t>(tableau.parametres.largeur);
+  LigneDeTableau rangee;
+  rangee.cellules.resize(tableau.colonnes.size());
+  LecteurLignes lecteur(tableau.brt);
+  for (std::int64_t i = 0; i < lignes; ++i) {
+    const std::string_view ligne = lecteur.LireObligatoire();
+    rangee.nom = CadreGauche(ligne, kLargeurNom);
+    std::size_t colonne = kLargeurNom + 1;
+    for (std::string_view& cellule : rangee.cellules) {
+      cellule = Milieu(ligne, colonne, largeur);
+      colonne += largeur;
+    }
+    rangee.intitule = Rogner(Milieu(ligne, colonne)).substr(0, kLargeurIntitule);
+    recevoir(rangee);
+  }
+}
+
+}  // namespace quelvar::utilities

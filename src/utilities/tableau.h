@@ -1,0 +1,50 @@
+// The counted table that the table utilities work on: the pair .BRT and .MOD of the current generic, checked in the
+// same way by each.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/enquete/parametres.h"
+#include "core/programme/programme.h"
+
+namespace quelvar::utilities {
+
+struct ColonneDeTableau {
+  std::string nom;       // 4 characters
+  std::string intitule;  // at most 25 characters from column 8, as they stand
+};
+
+// A table without its cells, which are read row by row.
+struct Tableau {
+  Chemin brt;
+  std::string titre;
+  ParametresMod parametres;
+  std::vector<ColonneDeTableau> colonnes;
+  std::int64_t lignesDuFichier = 0;  // rows that .BRT holds, blank lines at its end left out
+  std::int64_t lignes = 0;           // rows of the table, or of one of its blocks
+
+  // What is left over when the rows are cut in blocks makes none.
+  std::int64_t Blocs() const { return lignes > 0 ? std::max<std::int64_t>(lignesDuFichier / lignes, 1) : 1; }
+};
+
+// Writes what is missing and stops the run (kArretAnnonce).
+void ExigerTableau(Rapport& rapport, const Contexte& contexte);
+// Reads the pair but for the cells. Without a format a box says so and the run stops (kArretAnnonce). Raises 62 for a
+// .MOD of less than two lines and 5 for a width below 1.
+Tableau LireTableau(Rapport& rapport, const Contexte& contexte);
+
+// One cell at a time, row by row.
+struct LigneDeTableau {
+  std::string nom;                         // 4 characters
+  std::vector<std::string_view> cellules;  // as they stand in the file; they live until the next row
+  std::string intitule;                    // trimmed, at most 25 characters
+};
+// Gives the first `lignes` rows. Raises 62 when the file has fewer.
+void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
+                      const std::function<void(const LigneDeTableau&)>& recevoir);
+
+}  // namespace quelvar::utilities

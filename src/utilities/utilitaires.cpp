@@ -1,0 +1,58 @@
+#include "utilities/utilitaires.h"
+
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+
+namespace quelvar::utilities {
+
+std::string NomDuRapport(const Contexte& contexte) {
+  return contexte.generique.empty() ? std::string("$$$.prt") : contexte.Nom(".prt");
+}
+
+LibellesErreur Libelles() {
+  LibellesErreur libelles;
+  libelles.numero = " notez le numéro suivant : ERREUR NUMERO ="_w;
+  libelles.avecTexte = false;
+  return libelles;
+}
+
+std::string NomAffiche(std::string_view fichier) { return TexteDe(CheminDe(fichier).filename()); }
+
+Entree ChercherEntree(const Contexte& contexte, std::string_view fichier) {
+  return {NomAffiche(fichier), ChercherFichier(contexte.repertoire, fichier)};
+}
+
+void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<Entree> entrees) {
+  bool manque = false;
+  for (const Entree& entree : entrees) {
+    if (entree.chemin) continue;
+    rapport.Ligne({"*** Le fichier ", entree.nom, " n'existe pas"});
+    manque = true;
+  }
+  if (!manque) return;
+  Avertir(rapport, contexte.Ecran(), kArretSansFichiers);
+  throw Erreur(kArretAnnonce);
+}
+
+bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b) {
+  if (a.empty() || b.empty()) return false;
+  const Chemin premier = CheminDEcriture(contexte.repertoire, a);
+  const Chemin second = CheminDEcriture(contexte.repertoire, b);
+  std::error_code absent;
+  if (std::filesystem::equivalent(premier, second, absent)) return true;
+  return EgalSansCasse(TexteDe(premier.lexically_normal()), TexteDe(second.lexically_normal()));
+}
+
+std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::string_view> entrees) {
+  const std::string rapport = NomDuRapport(contexte);
+  for (const std::string_view entree : entrees)
+    if (MemeFichier(contexte, entree, rapport))
+      return Joindre({"Le fichier ", NomAffiche(entree),
+                      " est celui où ce programme imprime : il serait perdu. Changez son nom avant de relancer"_w});
+  return {};
+}
+
+std::int32_t NombreTape(std::string_view texte) { return Entier32(ValeurDe(texte)); }
+
+}  // namespace quelvar::utilities

@@ -1,0 +1,70 @@
+// What the programs of the form Utilitaires share: files A, B and C as the user names them, the report, the missing
+// inputs and the words of an unexpected error.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::utilities {
+
+// Report of the utilities: generic and ".prt", or the report that is deleted once shown.
+std::string NomDuRapport(const Contexte& contexte);
+
+// The words of an unexpected error, the same for every utility.
+LibellesErreur Libelles();
+
+// Last component of a file name, as reports print it.
+std::string NomAffiche(std::string_view fichier);
+
+// An input as it was chosen: its name, and its path when it exists.
+struct Entree {
+  std::string nom;  // as printed
+  std::optional<Chemin> chemin;
+};
+Entree ChercherEntree(const Contexte& contexte, std::string_view fichier);
+
+// Writes a line for each input that is missing and stops the run (kArretAnnonce) when there is one.
+void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<Entree> entrees);
+inline constexpr std::string_view kArretSansFichiers =
+    "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w;
+
+// Whether two names stand for one file, by whatever path.
+bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b);
+
+// Why a run can't write its report or its result without losing a file that it reads; empty when it can.
+std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::string_view> entrees);
+
+// A position or a width as typed. Raises 6 beyond 32 bits.
+std::int32_t NombreTape(std::string_view texte);
+
+// Moves the progress display by the bytes of the file that is read.
+class AvancementOctets {
+ public:
+  AvancementOctets(const Contexte& contexte, std::uintmax_t total) : dialogue_(contexte.Ecran()) {
+    dialogue_.montrerProgression(static_cast<std::int64_t>(total / kPas + 1));
+  }
+  ~AvancementOctets() { dialogue_.montrerProgression(0); }
+  AvancementOctets(const AvancementOctets&) = delete;
+  AvancementOctets& operator=(const AvancementOctets&) = delete;
+
+  void Avancer(std::size_t octets) {
+    attente_ += octets;
+    if (attente_ < kPas) return;
+    pas_ += static_cast<std::int64_t>(attente_ / kPas);
+    attente_ %= kPas;
+    dialogue_.progresser(pas_);
+  }
+
+ private:
+  static constexpr std::uintmax_t kPas = std::uintmax_t{1} << 20;
+  const Dialogue& dialogue_;
+  std::uintmax_t attente_ = 0;
+  std::int64_t pas_ = 0;
+};
+
+}  // namespace quelvar::utilities
