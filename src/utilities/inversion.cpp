@@ -102,6 +102,9 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   const Tableau tableau = LireTableau(rapport, contexte);
   Enregistrer(contexte, tableau, LireEntier(tableau), nouveau, options.trg);
   EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
+    rapport.Ligne(
+        {"*** Attention : lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w, NombreNu(reste)});
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
   rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
