@@ -1,5 +1,6 @@
 #include "batch/programmes.h"
 #include "utilities/trifichier.h"
+#include "utilities/utilitaires.h"
 
 namespace quelvar::batch {
 
@@ -12,12 +13,18 @@ Fin LancerTri(const Contexte& contexte, const utilities::OptionsTriFichier& opti
   return utilities::TriFichier(contexte, options);
 }
 
-}  // namespace
+// The same with the question of the form.
+Fin LancerTriDuFormulaire(const Contexte& contexte, const utilities::OptionsTriFichier& options) {
+  if (utilities::MemeFichier(contexte, options.fichierA, options.fichierC) &&
+      contexte.Ecran().demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
+    return Fin::Arret;
+  return LancerTri(contexte, options);
+}
 
-Programme ProgrammeTriFichier() {
+Programme Decrire(std::string nom, std::string_view resume, Description<utilities::OptionsTriFichier>::Entree entree) {
   using O = utilities::OptionsTriFichier;
   using utilities::SensDeTri;
-  return Description<O>("trifichier", "Tri des lignes d'un fichier sur un champ (.prt)", LancerTri)
+  return Description<O>(std::move(nom), resume, entree)
       .Texte("a", &O::fichierA, "FICHIER", "fichier à trier"_w)
       .Alias({"fichiera", "entree"})
       .Texte("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
@@ -36,6 +43,16 @@ Programme ProgrammeTriFichier() {
              })
       .OuiNon("rogner", &O::rogner, "supprime les blancs à droite"_w)
       .Alias({"checktrim"});
+}
+
+}  // namespace
+
+Programme ProgrammeTriFichier() {
+  return Decrire("trifichier", "Tri des lignes d'un fichier sur un champ (.prt)", LancerTri);
+}
+
+Programme ProgrammeTri() {
+  return Decrire("tri", "Le même tri, qui demande avant de remplacer le fichier d'origine"_w, LancerTriDuFormulaire);
 }
 
 }  // namespace quelvar::batch

@@ -176,6 +176,7 @@ Programme ProgrammePrepText();
 Programme ProgrammeRecodage();
 Programme ProgrammeSaisieMot();
 Programme ProgrammeTabMot();
+Programme ProgrammeTri();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();

@@ -36,6 +36,11 @@ inline constexpr std::string_view kArretSansFichiers =
 // Whether two names stand for one file, by whatever path.
 bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b);
 
+// Asked before a sort whose result takes the place of its input.
+inline constexpr std::string_view kTriSurPlace =
+    "*** Attention : le résultat du tri sera mis dans le fichier d'origine, c'est possible mais fait perdre "
+    "l'ordre d'origine. L'acceptez-vous ?"_w;
+
 // Why a run can't write its report or its result without losing a file that it reads; empty when it can.
 std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::string_view> entrees);
 

@@ -1,0 +1,162 @@
+// Export, listing and fusion: what holds of every file, and what happens to the broken ones.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/programme.h"
+#include "utilities/caracteres.h"
+#include "utilities/exportation.h"
+#include "utilities/fusion.h"
+
+namespace quelvar::utilities {
+namespace {
+
+class RunUtilitaires : public essai::RunDeProgramme {
+ protected:
+  // Lines of one length, of any characters but those that end a line.
+  static std::string Lignes(std::size_t nombre, std::size_t largeur, unsigned graine) {
+    std::mt19937 hasard(graine);
+    std::string texte;
+    for (std::size_t i = 0; i < nombre; ++i) {
+      for (std::size_t j = 0; j < largeur; ++j) texte += static_cast<char>(32 + hasard() % 224);
+      texte += "\r\n";
+    }
+    return texte;
+  }
+  static OptionsFusion Fusion(TypeFusion type, bool pos = false) {
+    OptionsFusion options;
+    options.a = "A.DAT";
+    options.b = "B.DAT";
+    options.c = "C.DAT";
+    options.type = type;
+    options.pos = pos;
+    return options;
+  }
+};
+
+TEST_F(RunUtilitaires, AZoneAndItsComplementHoldEveryByte) {
+  const std::string texte = Lignes(40, 9, 1);
+  Ecrire("A.TXT", texte);
+  for (int debut = 1; debut <= 9; ++debut)
+    for (int fin = debut - 1; fin <= 9; ++fin) {
+      OptionsExportation options{"A.TXT", "ZONE.TXT", std::to_string(debut), std::to_string(fin)};
+      ASSERT_EQ(Exporter(contexte_, options), Fin::Normale);
+      options.c = "RESTE.TXT";
+      options.complementaire = true;
+      ASSERT_EQ(Exporter(contexte_, options), Fin::Normale);
+      const std::string zone = Lire("ZONE.TXT");
+      const std::string reste = Lire("RESTE.TXT");
+      const auto largeur = static_cast<std::size_t>(fin - debut + 1);
+      std::string refait;
+      for (std::size_t i = 0; i < 40; ++i) {
+        std::string ligne = reste.substr(i * (11 - largeur), 9 - largeur);
+        ligne.insert(static_cast<std::size_t>(debut - 1), zone.substr(i * (largeur + 2), largeur));
+        refait += ligne + "\r\n";
+      }
+      EXPECT_EQ(refait, texte) << debut << "-" << fin;
+    }
+}
+
+TEST_F(RunUtilitaires, WhatIsJoinedSideBySideComesBackByZones) {
+  const std::string a = Lignes(30, 7, 2);
+  const std::string b = Lignes(30, 5, 3);
+  Ecrire("A.DAT", a);
+  Ecrire("B.DAT", b);
+  ASSERT_EQ(Fusionner(contexte_, Fusion(TypeFusion::CoteACote)), Fin::Normale);
+  ASSERT_EQ(Exporter(contexte_, {"C.DAT", "A2.DAT", "1", "7"}), Fin::Normale);
+  ASSERT_EQ(Exporter(contexte_, {"C.DAT", "B2.DAT", "8", "12"}), Fin::Normale);
+  EXPECT_EQ(Lire("A2.DAT"), a);
+  EXPECT_EQ(Lire("B2.DAT"), b);
+  ASSERT_EQ(Fusionner(contexte_, Fusion(TypeFusion::ALaSuite)), Fin::Normale);
+  EXPECT_EQ(Lire("C.DAT"), a + b);
+}
+
+TEST_F(RunUtilitaires, TheListingGivesEveryByteBack) {
+  std::string octets;
+  for (int n = 0; n < 700; ++n) octets += static_cast<char>(n * 37);
+  for (const std::size_t taille : {0U, 1U, 14U, 15U, 700U}) {
+    Ecrire("A.TXT", octets.substr(0, taille));
+    ASSERT_EQ(ListerCaracteres(contexte_, {"A.TXT"}), Fin::Normale);
+    std::string rapport = Lire("ENQ.prt");
+    rapport = rapport.substr(rapport.find("analyser\r\n") + 10);
+    std::string lus;
+    for (std::size_t reste = taille; reste > 0;) {  // an empty line, the codes, the characters
+      const std::size_t n = std::min<std::size_t>(reste, 14);
+      for (std::size_t i = 0; i < n; ++i) lus += static_cast<char>(std::stoi(rapport.substr(2 + 4 * i, 4)));
+      rapport = rapport.substr(2 + 2 * (4 * n + 2));
+      reste -= n;
+    }
+    EXPECT_EQ(lus, octets.substr(0, taille));
+    EXPECT_EQ(rapport, "Fin normale du programme\r\n");
+  }
+}
+
+TEST_F(RunUtilitaires, WhatALaunchLacksIsToldInOrder) {
+  OptionsExportation exportation;
+  const auto manque = [&] { return ManqueExportation(contexte_, exportation); };
+  EXPECT_EQ(manque(), "Vous devez entrer le nom du fichier A d'origine");
+  exportation.a = "A.TXT";
+  EXPECT_EQ(manque(), std::string("Vous devez entrer le nom du fichier C résultant de l'exportation"_w));
+  exportation.c = "./a.txt";
+  EXPECT_EQ(manque(),
+            std::string("*** Attention : l'exportation ne peut écraser le fichier d'origine. Option impossible"_w));
+  exportation.c = "C.TXT";
+  EXPECT_EQ(manque(), "Vous devez entrer la position initiale de la zone d'exportation");
+  exportation.debut = "1";
+  EXPECT_EQ(manque(), "Vous devez entrer la position finale de la zone d'exportation");
+  exportation.fin = "2";
+  EXPECT_EQ(manque(), "");
+  exportation.a = "enq.PRT";  // where the report goes
+  EXPECT_NE(manque(), "");
+
+  OptionsFusion fusion = Fusion(TypeFusion::Appareillement);
+  const auto manqueALaFusion = [&] { return ManqueFusion(contexte_, fusion); };
+  EXPECT_EQ(manqueALaFusion(), "Vous devez entrer la position de l'identificateur dans le fichier A");
+  fusion.positionA = fusion.positionB = "1";
+  EXPECT_EQ(manqueALaFusion(), std::string("Vous devez entrer la largeur de l'identificateur commune à A et B"_w));
+  fusion.largeur = "2";
+  EXPECT_EQ(manqueALaFusion(), "");
+  fusion.c = "B.DAT";
+  EXPECT_EQ(manqueALaFusion(), std::string("Le fichier résultant ne peut être un des deux fichiers d'entrée"_w));
+  fusion.c = "A.TXT";  // whose .POS would be that of A
+  EXPECT_EQ(manqueALaFusion(), "");
+  fusion.pos = true;
+  EXPECT_NE(manqueALaFusion(), "");
+}
+
+TEST_F(RunUtilitaires, InputsAndFormerResultsAreWholeWhateverHappens) {
+  Ecrire("A.DAT", Lignes(3000, 60, 4));
+  Ecrire("B.DAT", Lignes(3000, 60, 5));
+  Ecrire("A.POS", "A\r\n 3000 \r\nAGE   1 9\r\n");
+  Ecrire("B.POS", "B\r\n 3000 \r\nSEX   1 9\r\n");
+  Ecrire("C.DAT", "ancien");
+  const auto avant = Fichiers("ENQ.prt");
+  {
+    const essai::DisquePlein disque(200000);
+    EXPECT_EQ(Fusionner(contexte_, Fusion(TypeFusion::CoteACote, true)), Fin::Arret);
+    EXPECT_TRUE(Dit("ERREUR NUMERO = 61 "));
+    EXPECT_EQ(Exporter(contexte_, {"A.DAT", "C.DAT", "0", "4"}), Fin::Arret);
+    EXPECT_TRUE(Dit("ERREUR NUMERO = 5 "));
+  }
+  EXPECT_EQ(Fichiers("ENQ.prt"), avant);
+  Ecrire("B.POS", "B\r\n 3000 \r\nSEX9990 9\r\n");  // moves beyond the four columns of a position
+  EXPECT_EQ(Fusionner(contexte_, Fusion(TypeFusion::CoteACote, true)), Fin::Arret);
+  EXPECT_TRUE(Dit("ERREUR NUMERO = 6 "));
+  EXPECT_EQ(Lire("C.DAT"), "ancien");
+  EXPECT_FALSE(Existe("C.POS"));
+}
+
+TEST_F(RunUtilitaires, AVerificationGivenUpLeavesNoTrace) {
+  Ecrire("A.DAT", "01\r\n");
+  Ecrire("B.DAT", "01\r\n");
+  OptionsFusion options = Fusion(TypeFusion::CoteACote);
+  options.verifier = true;
+  const auto avant = Fichiers();
+  saisie_ = "";
+  EXPECT_EQ(Fusionner(contexte_, options), Fin::Arret);
+  EXPECT_EQ(Fichiers(), avant);
+  EXPECT_EQ(montre_, "");
+}
+
+}  // namespace
+}  // namespace quelvar::utilities

@@ -1,0 +1,172 @@
+// Table utilities: the laws that tie a table to its inverse and to its individuals, and a survey to its spreadsheet.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "capture/import_csv.h"
+#include "core/enquete/datfile.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
+#include "support/programme.h"
+#include "utilities/exportcsv.h"
+#include "utilities/gendat.h"
+#include "utilities/inversion.h"
+
+namespace quelvar::utilities {
+namespace {
+
+class RunTableaux : public essai::RunDeProgramme {
+ protected:
+  // A table of that many rows and columns, its cells below 200, in `blocs` blocks.
+  std::vector<int> EcrireTableau(int lignes, int colonnes, int blocs, unsigned graine) const {
+    std::mt19937 hasard(graine);
+    std::vector<int> cellules;
+    std::string brt;
+    for (int i = 0; i < lignes * blocs; ++i) {
+      brt += CadreGauche("L" + std::to_string(i % lignes + 1), 4);
+      for (int j = 0; j < colonnes; ++j) {
+        cellules.push_back(static_cast<int>(hasard() % 3 == 0 ? 0 : hasard() % 200));
+        brt += EntierDroit(cellules.back(), 4);
+      }
+      brt += "ligne " + std::to_string(i % lignes + 1) + "\r\n";
+    }
+    std::string mod = "AGE/SEX/VIL\r\n LIGN=" + std::to_string(lignes) + " COL=" + std::to_string(colonnes) + " FMT=4 \r\n";
+    for (int j = 0; j < colonnes; ++j) mod += CadreGauche("C" + std::to_string(j + 1), 4) + "   colonne " + std::to_string(j + 1) + "\r\n";
+    Ecrire("ENQ.BRT", brt);
+    Ecrire("ENQ.MOD", mod);
+    return cellules;
+  }
+};
+
+TEST_F(RunTableaux, InvertedTwiceATableIsItselfUnderAThirdGeneric) {
+  for (const auto& [lignes, colonnes] : {std::pair(1, 1), std::pair(3, 5), std::pair(12, 2)}) {
+    EcrireTableau(lignes, colonnes, 1, 7);
+    Contexte suivant = contexte_;
+    for (const std::string nouveau : {"ENR", "ENS"}) {
+      std::string recu;
+      ASSERT_EQ(Inverser(suivant, {.nouveau = &recu}), Fin::Normale);
+      ASSERT_EQ(recu, nouveau);
+      suivant.generique = recu;
+    }
+    EXPECT_EQ(Lire("ENS.BRT"), Lire("ENQ.BRT"));
+    const std::string mod = Lire("ENS.MOD");
+    const std::string ancien = Lire("ENQ.MOD");
+    const auto noms = [](const std::string& texte) { return texte.substr(texte.find("C1  ")); };
+    EXPECT_EQ(noms(mod), noms(ancien));
+    for (const char* reste : {"ENR.BRT", "ENR.MOD", "ENS.BRT", "ENS.MOD"}) Effacer(reste);
+  }
+}
+
+TEST_F(RunTableaux, TheIndividualsOfGendatCountBackToTheTable) {
+  for (const auto& [lignes, colonnes, blocs] :
+       {std::tuple(1, 1, 1), std::tuple(3, 4, 1), std::tuple(12, 9, 1), std::tuple(2, 101, 1), std::tuple(3, 2, 4)}) {
+    const std::vector<int> cellules = EcrireTableau(lignes, colonnes, blocs, 11);
+    ASSERT_EQ(Gendat(contexte_, {}), Fin::Normale);
+    const FichierPos pos = LirePos(dossier_.Chemin() / "ENQ.POS");
+    ASSERT_EQ(pos.questions.size(), blocs > 1 ? 3U : 2U);
+    EXPECT_EQ(pos.questions[0].nom, "AGE");
+    EXPECT_EQ(pos.questions[1].nom, "SEX");
+    std::vector<Champ> champs;
+    for (Question question : pos.questions) {
+      champs.push_back(ChampDe(question));
+      if (question.codeMax == 999) continue;
+      EXPECT_LE(question.codeMax, 99);
+    }
+    std::vector<int> comptes(cellules.size(), 0);
+    std::int64_t individus = 0;
+    LecteurLignes lecteur(dossier_.Chemin() / "ENQ.DAT");
+    for (std::string_view ligne; lecteur.Lire(ligne); ++individus) {
+      const int i = LireChamp(ligne, champs[0]) - 1;
+      const int j = LireChamp(ligne, champs[1]) - 1;
+      const int k = blocs > 1 ? LireChamp(ligne, champs[2]) - 1 : 0;
+      ++comptes.at(static_cast<std::size_t>((k * lignes + i) * colonnes + j));
+    }
+    EXPECT_EQ(comptes, cellules) << lignes << " x " << colonnes << " x " << blocs;
+    EXPECT_EQ(pos.taille.individus, individus);
+  }
+}
+
+TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
+  EcrireTableau(2, 2, 1, 3);
+  Ecrire("ENQ.DAT", "enquete\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nAGE   1 9\r\n");
+  const auto avant = Fichiers();
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Gendat(contexte_, {}), Fin::Arret);
+  EXPECT_EQ(Fichiers(), avant);
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(Gendat(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.PO2"), avant.at("ENQ.POS"));
+}
+
+TEST_F(RunTableaux, ANewGenericThatExistsIsNotWrittenOver) {
+  EcrireTableau(2, 2, 1, 3);
+  Ecrire("ENR.DAT", "une autre enquete\r\n");
+  std::string recu;
+  EXPECT_EQ(Inverser(contexte_, {.nouveau = &recu}), Fin::Normale);
+  EXPECT_EQ(recu, "ENS");  // the box proposes a free one
+  saisie_ = "enr.pos";
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Inverser(contexte_, {}), Fin::Arret);
+  saisie_ = "ENQ";
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(Inverser(contexte_, {}), Fin::Arret);
+  EXPECT_FALSE(Existe("ENR.MOD"));
+}
+
+TEST_F(RunTableaux, ADiskWithoutRoomLeavesNoHalfTable) {
+  EcrireTableau(300, 300, 1, 3);
+  const auto avant = Fichiers("ENQ.prt");
+  const essai::DisquePlein disque(100000);
+  EXPECT_EQ(Inverser(contexte_, {}), Fin::Arret);
+  EXPECT_TRUE(Dit("ERREUR NUMERO = 61 "));
+  EXPECT_EQ(Gendat(contexte_, {}), Fin::Arret);
+  EXPECT_EQ(Fichiers("ENQ.prt"), avant);
+}
+
+// The codes of every question, line by line.
+std::string CodesDe(const Chemin& repertoire) {
+  const FichierPos pos = LirePos(repertoire / "ENQ.POS");
+  std::string codes;
+  LecteurLignes lecteur(repertoire / "ENQ.DAT");
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    for (const Question& question : pos.questions) codes += Nombre(LireChamp(ligne, ChampDe(question))) + ' ';
+    codes += '\n';
+  }
+  return codes;
+}
+
+TEST_F(RunTableaux, ASurveyExportedAndImportedAgainIsTheSame) {
+  std::mt19937 hasard(5);
+  for (int tour = 0; tour < 8; ++tour) {
+    std::string pos = "ENQ\r\n 60 \r\n";
+    std::vector<int> codesMax;
+    int position = 1;
+    for (int q = 0; q < 6; ++q) {
+      codesMax.push_back(static_cast<int>(hasard() % 3 == 0 ? 10 + hasard() % 85 : 2 + hasard() % 7));
+      const std::string nom = "Q" + std::to_string(q) + "X";
+      pos += nom + EntierDroit(position, 4) + EntierDroit(codesMax.back(), 2) + " $" + nom + " une \"question\"; longue$\r\n";
+      position += codesMax.back() > 9 ? 2 : 1;
+    }
+    std::string dat;
+    for (int i = 0; i < 60; ++i, dat += "\r\n")
+      for (const int codeMax : codesMax) {
+        const int code = i == 0 ? codeMax : static_cast<int>(hasard() % static_cast<unsigned>(codeMax + 1));
+        dat += NombreFixe(code, codeMax > 9 ? 2 : 1, 0);
+      }
+    Ecrire("ENQ.POS", pos);
+    Ecrire("ENQ.DAT", dat);
+    Ecrire("ENQ.MOD", "ENQ\r\n BRT=0\r\n");
+    const std::string codes = CodesDe(dossier_.Chemin());
+    ASSERT_EQ(ExporterCsv(contexte_, {.tabulation = tour % 2 == 0, .utf8 = tour % 3 == 0, .codes = true}), Fin::Normale);
+    Effacer("ENQ.DAT");
+    Effacer("ENQ.POS");
+    ASSERT_EQ(capture::ImportCsv(contexte_, {}), Fin::Normale) << montre_;
+    EXPECT_EQ(CodesDe(dossier_.Chemin()), codes);
+    Effacer("ENQ.csv");
+    ASSERT_EQ(ExporterCsv(contexte_, {.codes = true}), Fin::Normale);
+  }
+}
+
+}  // namespace
+}  // namespace quelvar::utilities
