@@ -30,8 +30,10 @@ class RunTableaux : public essai::RunDeProgramme {
       }
       brt += "ligne " + std::to_string(i % lignes + 1) + "\r\n";
     }
-    std::string mod = "AGE/SEX/VIL\r\n LIGN=" + std::to_string(lignes) + " COL=" + std::to_string(colonnes) + " FMT=4 \r\n";
-    for (int j = 0; j < colonnes; ++j) mod += CadreGauche("C" + std::to_string(j + 1), 4) + "   colonne " + std::to_string(j + 1) + "\r\n";
+    std::string mod =
+        "AGE/SEX/VIL\r\n LIGN=" + std::to_string(lignes) + " COL=" + std::to_string(colonnes) + " FMT=4 \r\n";
+    for (int j = 0; j < colonnes; ++j)
+      mod += CadreGauche("C" + std::to_string(j + 1), 4) + "   colonne " + std::to_string(j + 1) + "\r\n";
     Ecrire("ENQ.BRT", brt);
     Ecrire("ENQ.MOD", mod);
     return cellules;
@@ -145,7 +147,8 @@ TEST_F(RunTableaux, ASurveyExportedAndImportedAgainIsTheSame) {
     for (int q = 0; q < 6; ++q) {
       codesMax.push_back(static_cast<int>(hasard() % 3 == 0 ? 10 + hasard() % 85 : 2 + hasard() % 7));
       const std::string nom = "Q" + std::to_string(q) + "X";
-      pos += nom + EntierDroit(position, 4) + EntierDroit(codesMax.back(), 2) + " $" + nom + " une \"question\"; longue$\r\n";
+      pos += nom + EntierDroit(position, 4) + EntierDroit(codesMax.back(), 2) + " $" + nom +
+             " une \"question\"; longue$\r\n";
       position += codesMax.back() > 9 ? 2 : 1;
     }
     std::string dat;
@@ -158,7 +161,8 @@ TEST_F(RunTableaux, ASurveyExportedAndImportedAgainIsTheSame) {
     Ecrire("ENQ.DAT", dat);
     Ecrire("ENQ.MOD", "ENQ\r\n BRT=0\r\n");
     const std::string codes = CodesDe(dossier_.Chemin());
-    ASSERT_EQ(ExporterCsv(contexte_, {.tabulation = tour % 2 == 0, .utf8 = tour % 3 == 0, .codes = true}), Fin::Normale);
+    ASSERT_EQ(ExporterCsv(contexte_, {.tabulation = tour % 2 == 0, .utf8 = tour % 3 == 0, .codes = true}),
+              Fin::Normale);
     Effacer("ENQ.DAT");
     Effacer("ENQ.POS");
     ASSERT_EQ(capture::ImportCsv(contexte_, {}), Fin::Normale) << montre_;
