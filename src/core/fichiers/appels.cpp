@@ -37,7 +37,11 @@ int EchangerParEtapes(const char* cible, const char* provisoire) {
     errno = code;
     return -1;
   }
-  return Renommer(tiers.c_str(), provisoire);
+  if (Renommer(tiers.c_str(), provisoire) == 0) return 0;
+  const int code = errno;  // back to what was
+  if (::rename(cible, provisoire) == 0) ::rename(tiers.c_str(), cible);
+  errno = code;
+  return -1;
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// A digest of bytes as they are written, to tell later whether a file is whole; it guards against accidents, not against
-// intent.
+// A digest of bytes as they are written, to tell later whether a file is whole; it guards against accidents, not
+// against intent.
 #pragma once
 
 #include <algorithm>
@@ -11,9 +11,9 @@
 
 namespace quelvar {
 
-// Eight lanes of the FNV-1a step on words of 64 bits, with a rotation that brings the high bits down; lanes of their own
-// let the multiplications overlap. Source of the step: G. Fowler, L. C. Noll, K.-P. Vo, "The FNV Non-Cryptographic Hash
-// Algorithm", IETF draft, 2011 (there on bytes). The cut of the bytes into calls does not matter.
+// Eight lanes of the FNV-1a step on words of 64 bits, with a rotation that brings the high bits down; lanes of their
+// own let the multiplications overlap. Source of the step: G. Fowler, L. C. Noll, K.-P. Vo, "The FNV Non-Cryptographic
+// Hash Algorithm", IETF draft, 2011 (there on bytes). The cut of the bytes into calls does not matter.
 class CondenseDOctets {
  public:
   void Ajouter(std::string_view octets) {

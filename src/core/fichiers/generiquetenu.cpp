@@ -59,14 +59,16 @@ Detenteur LireDetenteur(int descripteur) {
 }
 
 void EcrireDetenteur(int descripteur, std::string_view ouvrage) {
-  const std::string texte =
-      Joindre({std::to_string(::getpid()), "\r\n", DepuisUtf8(Utilisateur()), "\r\n", ouvrage, "\r\n", Instant(), "\r\n"});
+  const std::string texte = Joindre(
+      {std::to_string(::getpid()), "\r\n", DepuisUtf8(Utilisateur()), "\r\n", ouvrage, "\r\n", Instant(), "\r\n"});
   // Without these lines the lock holds all the same.
   if (::ftruncate(descripteur, 0) != 0 || ::pwrite(descripteur, texte.data(), texte.size(), 0) < 0) return;
 }
 
 std::string PhraseOccupe(std::string_view generique, const Detenteur& detenteur) {
-  if (detenteur[0].empty()) return Joindre({"Le générique "_w, generique, " est en cours d'écriture par un autre programme : relancez quand il aura fini"_w});
+  if (detenteur[0].empty())
+    return Joindre({"Le générique "_w, generique,
+                    " est en cours d'écriture par un autre programme : relancez quand il aura fini"_w});
   return Joindre({"Le générique "_w, generique, " est en cours d'écriture par un autre programme ("_w, detenteur[2],
                   ", processus ", detenteur[0], " de ", detenteur[1], ", depuis le ", detenteur[3],
                   ") : relancez quand il aura fini"_w});

@@ -87,11 +87,9 @@ void JeuDeFichiers::Tenir() {
 void JeuDeFichiers::Poser(std::size_t rang) {
   const EntreeDeReleve& e = entrees_[rang];
   switch (e.genre) {
-    case GenreDEntree::Nouveau:
-      return Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+    case GenreDEntree::Nouveau: return Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
     case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Efface:
-      return Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Efface: return Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
   }
 }
 

@@ -1,5 +1,5 @@
-// A set of output files that changes as one: scratch files written whole, every target checked and held before the first
-// rename, all of them put in place or none.
+// A set of output files that changes as one: scratch files written whole, every target checked and held before the
+// first rename, all of them put in place or none.
 #pragma once
 
 #include <memory>
@@ -32,8 +32,8 @@ class JeuDeFichiers {
   // The file of that name goes with the commit, if there is one.
   void Effacer(std::string_view nom);
 
-  // Puts everything in place. On a failure (61, 57, 70, 75) everything is what it was before; a kill at any instant leaves
-  // a record by which the next program of the generic finishes or undoes.
+  // Puts everything in place. On a failure (61, 57, 70, 75) everything is what it was before; a kill at any instant
+  // leaves a record by which the next program of the generic finishes or undoes.
   void Valider();
 
   // What had to be repaired when the generic was taken, for the report; empty when the run of a program holds it.

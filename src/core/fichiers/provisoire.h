@@ -13,12 +13,12 @@
 
 namespace quelvar {
 
-// A scratch file beside its target. It is locked (flock) as long as the object lives: one that nobody has locked was left
-// by a run that was killed.
+// A scratch file beside its target. It is locked (flock) as long as the object lives: one that nobody has locked was
+// left by a run that was killed.
 class Provisoire {
  public:
-  // The target may be a link to a file elsewhere: the scratch file lies beside that file. Raises 70 for a target that may
-  // not be written or replaced, 75 for one that is no ordinary file, 61, 57, 70, 75 or 76 for the scratch file.
+  // The target may be a link to a file elsewhere: the scratch file lies beside that file. Raises 70 for a target that
+  // may not be written or replaced, 75 for one that is no ordinary file, 61, 57, 70, 75 or 76 for the scratch file.
   Provisoire(const Chemin& cible, Nature nature);
   ~Provisoire();
   Provisoire(const Provisoire&) = delete;

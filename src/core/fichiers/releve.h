@@ -1,6 +1,6 @@
-// The record of a commit: what becomes of each file of the set, with sizes and digests. It stands beside the generic from
-// before the first rename, so that the next program of the family can finish or undo what a kill has cut, and stays while
-// the machine may still lose results that nobody waited for.
+// The record of a commit: what becomes of each file of the set, with sizes and digests. It stands beside the generic
+// from before the first rename, so that the next program of the family can finish or undo what a kill has cut, and
+// stays while the machine may still lose results that nobody waited for.
 #pragma once
 
 #include <cstdint>

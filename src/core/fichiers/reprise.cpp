@@ -73,13 +73,9 @@ void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>
     const EntreeDeReleve& e = entrees[i];
     if (avances[i].pose) continue;
     switch (e.genre) {
-      case GenreDEntree::Nouveau:
-        Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
-        break;
+      case GenreDEntree::Nouveau: Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str())); break;
       case GenreDEntree::Remplace: Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str())); break;
-      case GenreDEntree::Efface:
-        Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
-        break;
+      case GenreDEntree::Efface: Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str())); break;
     }
   }
   for (const EntreeDeReleve& e : entrees)
@@ -132,8 +128,8 @@ bool MettreDeCote(const EntreeDeReleve& e, std::vector<std::string>& recit) {
   Chemin aCote = e.cible;
   aCote += ".incomplet";
   Exiger(appels::Renommer(e.cible.c_str(), aCote.c_str()));
-  recit.push_back(Joindre({"*** Attention : l'arrêt de la machine a coupé l'écriture de "_w,
-                           TexteDe(e.cible.filename())}));
+  recit.push_back(
+      Joindre({"*** Attention : l'arrêt de la machine a coupé l'écriture de "_w, TexteDe(e.cible.filename())}));
   recit.push_back(Joindre({"    il a ", Nombre(mesure->taille), " octets, il devait en avoir ", Nombre(e.taille),
                            " ; il est mis de côté sous le nom "_w, TexteDe(aCote.filename())}));
   recit.emplace_back("    relancez le programme qui l'écrit"_w);

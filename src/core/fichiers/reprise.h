@@ -1,5 +1,5 @@
-// What the next program of a generic does with the record of a commit: a cut one is finished or undone, results that the
-// machine has lost are set aside.
+// What the next program of a generic does with the record of a commit: a cut one is finished or undone, results that
+// the machine has lost are set aside.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 namespace quelvar {
 
 struct Reprise {
-  std::vector<std::string> recit;            // lines for the report, in the code page; empty when nothing was repaired
+  std::vector<std::string> recit;           // lines for the report, in the code page; empty when nothing was repaired
   std::vector<EntreeDeReleve> anterieures;  // results that the machine may still lose
 };
 

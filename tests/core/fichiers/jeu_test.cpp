@@ -37,9 +37,13 @@ int Compter(const char* appel) {
 class Jeu : public testing::Test {
  protected:
   Jeu() {
-    avant_ = {{"ENQ.BRT", "ancienne table"}, {"ENQ.MOD", "anciens noms"}, {"ENQ.PEM", "anciens liens"},
+    avant_ = {{"ENQ.BRT", "ancienne table"},
+              {"ENQ.MOD", "anciens noms"},
+              {"ENQ.PEM", "anciens liens"},
               {"enq.pos", "meme dictionnaire"}};
-    apres_ = {{"ENQ.BRT", std::string(300000, 'b')}, {"ENQ.MOD", "nouveaux noms"}, {"ENQ.CDG", "codage"},
+    apres_ = {{"ENQ.BRT", std::string(300000, 'b')},
+              {"ENQ.MOD", "nouveaux noms"},
+              {"ENQ.CDG", "codage"},
               {"enq.pos", "meme dictionnaire"}};
   }
   ~Jeu() override {
@@ -102,17 +106,19 @@ TEST_F(Jeu, AKillAtAnyCallIsRepairedByTheNextProgram) {
         ASSERT_EQ(WEXITSTATUS(etat), 100);
         break;
       }
-      const bool melange = Lire() != avant_ && Lire() != apres_;
       const GeneriqueTenu tenu(dossier_.Chemin(), "enq", "ENQ.PRT");
       Contenu repare = Lire();
       repare.erase(".ENQ.verrou");
       EXPECT_TRUE(repare == avant_ || repare == apres_) << "killed at call " << appel;
       avantVu = avantVu || repare == avant_;
       apresVu = apresVu || repare == apres_;
-      EXPECT_TRUE(!tenu.Recit().empty() || !melange || repare == avant_ || repare == apres_);
       for (const std::string& ligne : tenu.Recit()) {
-        finie = finie || ligne.find("achev\xE9""e") != std::string::npos;
-        annulee = annulee || ligne.find("annul\xE9""e") != std::string::npos;
+        finie = finie || ligne.find(
+                             "achev\xE9"
+                             "e") != std::string::npos;
+        annulee = annulee || ligne.find(
+                                 "annul\xE9"
+                                 "e") != std::string::npos;
       }
     }
     EXPECT_GT(appel, 15);
@@ -130,12 +136,12 @@ TEST_F(Jeu, AFailureAtAnyCallPutsAllBack) {
       if (WEXITSTATUS(etat) == 100) break;
       Contenu suite = Lire();
       if (WEXITSTATUS(etat) != 0) {
-        EXPECT_EQ(suite, avant_) << "failed at call " << appel;
+        EXPECT_TRUE(suite == avant_) << "failed at call " << appel;
       } else {  // the former files could not be removed, or not recorded: the new ones are there
         const GeneriqueTenu tenu(dossier_.Chemin(), "ENQ", "ENQ.PRT");
         suite = Lire();
         suite.erase(".ENQ.verrou");
-        EXPECT_EQ(suite, apres_) << "failed at call " << appel;
+        EXPECT_TRUE(suite == apres_) << "failed at call " << appel;
       }
     }
   }
@@ -197,7 +203,7 @@ TEST_F(Jeu, ACommitWhoseScratchFilesAreTornIsUndone) {
               "    elle a été annulée, ces fichiers sont ceux d'avant : ENQ.BRT ENQ.CDG ENQ.MOD ENQ.PEM"_w);
     Contenu suite = Lire();
     suite.erase(".ENQ.verrou");
-    EXPECT_EQ(suite, avant_) << appel;
+    EXPECT_TRUE(suite == avant_) << appel;
     return;
   }
   FAIL() << "no kill before the first exchange";
@@ -229,7 +235,7 @@ TEST_F(Jeu, OneWriterAtATime) {
   waitpid(enfant, nullptr, 0);
   essai::EcrireOctets(dossier_.Chemin() / "ENQ.BRT.~1-1", "reste");
   Ecrire();
-  EXPECT_EQ(Lire(), apres_) << "the lock of a dead process is taken over, its scratch files are gone";
+  EXPECT_TRUE(Lire() == apres_) << "the lock of a dead process is taken over, its scratch files are gone";
 }
 
 TEST_F(Jeu, AScratchNameIsNeverFollowed) {
@@ -239,8 +245,8 @@ TEST_F(Jeu, AScratchNameIsNeverFollowed) {
   essai::EcrireOctets(victime, "intacte");
   // The next names of this process, whatever they are, are links.
   for (int i = 1; i < 200; ++i)
-    std::filesystem::create_symlink(victime,
-                                    dossier_.Chemin() / ("ENQ.MOD.~" + std::to_string(getpid()) + "-" + std::to_string(i)));
+    std::filesystem::create_symlink(
+        victime, dossier_.Chemin() / ("ENQ.MOD.~" + std::to_string(getpid()) + "-" + std::to_string(i)));
   Remplacement fichier(dossier_.Chemin(), "ENQ.MOD");
   fichier.Fichier().Ecrire("neuf");
   fichier.Valider();
