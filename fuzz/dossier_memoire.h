@@ -24,6 +24,7 @@ class DossierMemoire {
   DossierMemoire(const DossierMemoire&) = delete;
   DossierMemoire& operator=(const DossierMemoire&) = delete;
 
+  const std::filesystem::path& Chemin() const { return chemin_; }
   void Vider() const {
     for (const auto& fichier : std::filesystem::directory_iterator(chemin_)) std::filesystem::remove(fichier);
   }

@@ -5,12 +5,12 @@
 #include <cstdlib>
 
 #include "core/programme/erreur.h"
-#include "fichier_memoire.h"
+#include "dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const std::string_view ligne(reinterpret_cast<const char*>(donnees), taille);
-  const fuzz::FichierMemoire fichier("");
-  quelvar::Rapport rapport(fichier.Chemin());
+  static const fuzz::DossierMemoire dossier;
+  quelvar::Rapport rapport(dossier.Chemin() / "ENQ.PRT");
   try {
     const quelvar::ParametresMod lus = quelvar::LireParametres(ligne, &rapport);
     if (lus.modPresent && lus.mod.ends_with(' ')) std::abort();

@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(erreur.what()).c_str());
     return kUsage;
   } catch (const Erreur& erreur) {
-    std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(TexteErreur(erreur.Numero())).c_str());
+    std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(TexteErreur(erreur)).c_str());
     return kArret;
   }
 }

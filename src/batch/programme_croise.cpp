@@ -103,7 +103,7 @@ Fin Executer(const Contexte& contexte, const LigneCroise& ligne) {
       if (ligne.aLancer) Lancer(forme);
       fin = Fin::Normale;
     } catch (const Erreur& erreur) {
-      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur), Boutons::Ok);
     }
   }
   if (dernier) contexte.Ecran().afficher(*dernier);

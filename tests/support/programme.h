@@ -33,11 +33,12 @@ class RunDeProgramme : public testing::Test {
   bool Existe(const std::string& nom) const { return std::filesystem::exists(dossier_.Chemin() / nom); }
   void Effacer(const std::string& nom) const { std::filesystem::remove(dossier_.Chemin() / nom); }
   bool Dit(std::string_view texte) const { return montre_.find(texte) != std::string::npos; }
-  // Every file of the directory but that one, by name.
+  // Every file of the directory but that one and the record of the last set, by name.
   std::map<std::string, std::string> Fichiers(std::string_view sauf = {}) const {
     std::map<std::string, std::string> fichiers;
     for (const auto& entree : std::filesystem::directory_iterator(dossier_.Chemin()))
-      if (const std::string nom = entree.path().filename(); nom != sauf) fichiers[nom] = quelvar::LireOctets(entree);
+      if (const std::string nom = entree.path().filename(); nom != sauf && !nom.ends_with(".jeu"))
+        fichiers[nom] = quelvar::LireOctets(entree);
     return fichiers;
   }
 

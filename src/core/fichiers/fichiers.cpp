@@ -10,7 +10,11 @@
 #include <utility>
 #include <vector>
 
+#include "core/fichiers/appels.h"
+#include "core/fichiers/condense.h"
+#include "core/fichiers/provisoire.h"
 #include "core/programme/erreur.h"
+#include "core/texte/texte.h"
 
 namespace quelvar {
 
@@ -28,14 +32,13 @@ int Ouvrir(const Chemin& chemin, int drapeaux) {
   return descripteur;
 }
 
+// A pipe or a device may have no end, and opening one may never come back.
 int OuvrirEnLecture(const Chemin& chemin) {
-  const int descripteur = Ouvrir(chemin, O_RDONLY);
+  const int descripteur = Ouvrir(chemin, O_RDONLY | O_NONBLOCK);
   struct stat etat {};
-  if (::fstat(descripteur, &etat) != 0 || S_ISDIR(etat.st_mode)) {
-    ::close(descripteur);
-    throw Erreur(kAccesFichier);
-  }
-  return descripteur;
+  if (::fstat(descripteur, &etat) == 0 && S_ISREG(etat.st_mode)) return descripteur;
+  ::close(descripteur);
+  throw PasUnFichier(chemin);
 }
 
 int OuvrirEnEcriture(const Chemin& chemin, ModeEcriture mode) {
@@ -101,7 +104,7 @@ Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom) {
 std::uintmax_t LongueurFichier(const Chemin& chemin) {
   struct stat etat {};
   if (::stat(chemin.c_str(), &etat) != 0) LeverErrno(errno);
-  if (S_ISDIR(etat.st_mode)) throw Erreur(kAccesFichier);
+  if (!S_ISREG(etat.st_mode)) throw PasUnFichier(chemin);
   return static_cast<std::uintmax_t>(etat.st_size);
 }
 
@@ -220,6 +223,9 @@ std::string_view LecteurLignes::LireObligatoire() {
 Ecrivain::Ecrivain(const Chemin& chemin, ModeEcriture mode)
     : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[capacite]) {}
 
+Ecrivain::Ecrivain(int descripteur, CondenseDOctets* condense)
+    : descripteur_(descripteur), condense_(condense), tampon_(new char[capacite]) {}
+
 Ecrivain::~Ecrivain() {
   if (descripteur_ < 0) return;
   try {
@@ -232,6 +238,7 @@ Ecrivain::Ecrivain(Ecrivain&& autre) noexcept { *this = std::move(autre); }
 
 Ecrivain& Ecrivain::operator=(Ecrivain&& autre) noexcept {
   std::swap(descripteur_, autre.descripteur_);
+  std::swap(condense_, autre.condense_);
   std::swap(tampon_, autre.tampon_);
   std::swap(rempli_, autre.rempli_);
   return *this;
@@ -248,8 +255,9 @@ void Ecrivain::EcrireParMorceaux(std::string_view octets) {
 }
 
 void Ecrivain::EcrireDirect(const char* octets, std::size_t taille) {
+  if (condense_ != nullptr) condense_->Ajouter({octets, taille});
   while (taille > 0) {
-    const ssize_t ecrits = ::write(descripteur_, octets, taille);
+    const ssize_t ecrits = appels::Ecrire(descripteur_, octets, taille);
     if (ecrits < 0 && errno == EINTR) continue;
     if (ecrits < 0) LeverErrno(errno);
     octets += ecrits;
@@ -272,20 +280,18 @@ void Ecrivain::Fermer() {
     ::close(std::exchange(descripteur_, -1));
     throw;
   }
-  if (::close(std::exchange(descripteur_, -1)) != 0) code = errno;
+  if (appels::Fermer(std::exchange(descripteur_, -1)) != 0) code = errno;
   if (code != 0) LeverErrno(code);
 }
 
-FichierDeTravail::FichierDeTravail(Chemin chemin) : chemin_(std::move(chemin)) {
-  descripteur_ = ::open(chemin_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+FichierDeTravail::FichierDeTravail(const Chemin& chemin) {
+  const Chemin nom = NomProvisoire(chemin);
+  descripteur_ = appels::Creer(nom.c_str());
   if (descripteur_ < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+  ::unlink(nom.c_str());
 }
 
-FichierDeTravail::~FichierDeTravail() {
-  ::close(descripteur_);
-  std::error_code ignore;
-  fs::remove(chemin_, ignore);
-}
+FichierDeTravail::~FichierDeTravail() { ::close(descripteur_); }
 
 void FichierDeTravail::Lire(std::uint64_t place, void* octets, std::size_t taille) const {
   for (char* suite = static_cast<char*>(octets); taille > 0;) {
@@ -310,48 +316,27 @@ void FichierDeTravail::Ecrire(std::uint64_t place, const void* octets, std::size
   }
 }
 
-namespace {
+Remplacement::Remplacement(const Chemin& repertoire, std::string_view nom, Nature nature)
+    : Remplacement(CheminDEcriture(repertoire, nom), nature) {}
 
-Chemin CheminProvisoireDe(const Chemin& cible) {
-  Chemin provisoire = cible;
-  provisoire += ".$$$";
-  return provisoire;
-}
+Remplacement::Remplacement(const Chemin& cible, Nature nature) : fichier_(new Provisoire(cible, nature)) {}
 
-// The file behind a link; raises 70 for one that exists and may not be written.
-Chemin CibleDuLien(const Chemin& cible) {
-  std::error_code code;
-  Chemin suivie = fs::canonical(cible, code);
-  if (code) return cible;
-  if (::access(suivie.c_str(), W_OK) != 0) LeverErrno(errno);
-  return suivie;
-}
+Remplacement::~Remplacement() = default;
 
-}  // namespace
-
-Remplacement::Remplacement(const Chemin& repertoire, std::string_view nom)
-    : Remplacement(CheminDEcriture(repertoire, nom)) {}
-
-Remplacement::Remplacement(const Chemin& cible)
-    : cible_(CibleDuLien(cible)), provisoire_(CheminProvisoireDe(cible_)), ecrivain_(provisoire_) {}
-
-Remplacement::~Remplacement() {
-  if (valide_) return;
-  std::error_code ignore;
-  fs::remove(provisoire_, ignore);
-}
+Ecrivain& Remplacement::Fichier() { return fichier_->Fichier(); }
 
 void Remplacement::Valider() {
-  ecrivain_.Fermer();
-  struct stat etat {};
-  if (::stat(cible_.c_str(), &etat) == 0) ::chmod(provisoire_.c_str(), etat.st_mode & 07777U);
-  if (::rename(provisoire_.c_str(), cible_.c_str()) != 0) LeverErrno(errno);
-  valide_ = true;
+  fichier_->Achever();
+  fichier_->Tenir();
+  if (fichier_->SaNature() == Nature::Unique) fichier_->Synchroniser();
+  fichier_->Placer();
 }
 
-void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible) {
+const Chemin& Remplacement::CheminProvisoire() const { return fichier_->Emplacement(); }
+
+void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible, Nature nature) {
   LecteurLignes lecteur(source);
-  Remplacement copie(repertoire, nomCible);
+  Remplacement copie(repertoire, nomCible, nature);
   for (std::string_view ligne; lecteur.Lire(ligne);) copie.Fichier().Ligne(ligne);
   copie.Valider();
 }

@@ -65,10 +65,19 @@ class LecteurLignes {
 // Whether what is written takes the place of the file or stands behind what it holds.
 enum class ModeEcriture { Neuf, Suite };
 
+class CondenseDOctets;
+class Provisoire;
+
+// What a file that is replaced is worth: one that nobody can make again (dictionaries, labels, entered data, edited
+// texts) is on the disk before it replaces anything; nobody waits for a result that a run makes again.
+enum class Nature { Unique, Refaisable };
+
 // Writes a file through one large buffer. Every failure raises 61, 57, 70 or 75.
 class Ecrivain {
  public:
   explicit Ecrivain(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
+  // Writes to a file that is open, and closes it; the bytes that reach it are added to the digest.
+  Ecrivain(int descripteur, CondenseDOctets* condense);
   ~Ecrivain();  // closes silently: a writer whose bytes count is closed by Fermer
   Ecrivain(Ecrivain&&) noexcept;
   Ecrivain& operator=(Ecrivain&&) noexcept;
@@ -104,15 +113,17 @@ class Ecrivain {
   void EcrireDirect(const char* octets, std::size_t taille);
 
   int descripteur_ = -1;
+  CondenseDOctets* condense_ = nullptr;
   std::unique_ptr<char[]> tampon_;
   std::size_t rempli_ = 0;
 };
 
-// A scratch file of bytes read and written at any place; it is deleted at the end of the object's life. Failures raise
-// 57, 61, 70, 75, and 62 for bytes that are not there.
+// A scratch file of bytes read and written at any place. It has no name, so that nothing stays of it whatever happens.
+// Failures raise 57, 61, 70, 75, 76, and 62 for bytes that are not there.
 class FichierDeTravail {
  public:
-  explicit FichierDeTravail(Chemin chemin);
+  // In the directory of that path, on whose name its own is made.
+  explicit FichierDeTravail(const Chemin& chemin);
   ~FichierDeTravail();
   FichierDeTravail(const FichierDeTravail&) = delete;
   FichierDeTravail& operator=(const FichierDeTravail&) = delete;
@@ -121,36 +132,34 @@ class FichierDeTravail {
   void Ecrire(std::uint64_t place, const void* octets, std::size_t taille);
 
  private:
-  Chemin chemin_;
   int descripteur_;
 };
 
-// A file written whole under a scratch name beside its target, then put in its place by one rename with the rights of
+// One file written whole under a scratch name beside its target, then put in its place by one rename with the rights of
 // the file that it replaces. Without Valider the scratch file disappears and the target stays what it was. A target
-// that may not be written raises 70.
+// that may not be written raises 70. Several files that belong together go through JeuDeFichiers.
 class Remplacement {
  public:
-  Remplacement(const Chemin& repertoire, std::string_view nom);
+  Remplacement(const Chemin& repertoire, std::string_view nom, Nature nature = Nature::Refaisable);
   // The target by its path; one that is a link is followed.
-  explicit Remplacement(const Chemin& cible);
+  explicit Remplacement(const Chemin& cible, Nature nature = Nature::Refaisable);
   ~Remplacement();
   Remplacement(const Remplacement&) = delete;
   Remplacement& operator=(const Remplacement&) = delete;
 
-  Ecrivain& Fichier() { return ecrivain_; }
-  // Closes the scratch file and keeps it, for a caller that renames several files at the end.
-  void Achever() { ecrivain_.Fermer(); }
+  Ecrivain& Fichier();
+  // Closes the scratch file and keeps it, for a caller that reads it again.
+  void Achever() { Fichier().Fermer(); }
   void Valider();
-  const Chemin& CheminProvisoire() const { return provisoire_; }
+  // Where the bytes are until then; those that Fichier still holds in its buffer are not there.
+  const Chemin& CheminProvisoire() const;
 
  private:
-  Chemin cible_;
-  Chemin provisoire_;
-  Ecrivain ecrivain_;
-  bool valide_ = false;
+  std::unique_ptr<Provisoire> fichier_;
 };
 
 // Copies a file line by line, every line ended by CR LF, through a replacement of the target.
-void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible);
+void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible,
+                  Nature nature = Nature::Refaisable);
 
 }  // namespace quelvar

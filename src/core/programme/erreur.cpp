@@ -24,6 +24,10 @@ std::string_view TexteErreur(int numero) {
   }
 }
 
+std::string_view TexteErreur(const Erreur& erreur) {
+  return erreur.Phrase().empty() ? TexteErreur(erreur.Numero()) : std::string_view(erreur.Phrase());
+}
+
 int NumeroDErrno(int codeErrno) {
   switch (codeErrno) {
     case ENOENT: return kFichierIntrouvable;

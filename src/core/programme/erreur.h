@@ -33,6 +33,10 @@ enum NumeroErreur : int {
 // Words of an error number, in the code page; empty for a number that the table does not hold.
 std::string_view TexteErreur(int numero);
 
+class Erreur;
+// The sentence of the failure, or the words of its number.
+std::string_view TexteErreur(const Erreur& erreur);
+
 // The question whose field could not be cut, told by the report of error 5.
 struct RepereQuestion {
   int numero = 0;  // rank in the list of questions, from 1
@@ -44,14 +48,18 @@ struct RepereQuestion {
 class Erreur : public std::exception {
  public:
   explicit Erreur(int numero) : numero_(numero) {}
+  // A failure that has a sentence of its own, in the code page: it stands in place of the words of the number.
+  Erreur(int numero, std::string phrase) : numero_(numero), phrase_(std::move(phrase)) {}
   Erreur(int numero, RepereQuestion question) : numero_(numero), question_(std::move(question)) {}
 
   int Numero() const { return numero_; }
+  const std::string& Phrase() const { return phrase_; }
   const std::optional<RepereQuestion>& Question() const { return question_; }
   const char* what() const noexcept override { return "quelvar::Erreur"; }
 
  private:
   int numero_;
+  std::string phrase_;
   std::optional<RepereQuestion> question_;
 };
 

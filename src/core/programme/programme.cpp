@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "core/fichiers/generiquetenu.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -68,6 +69,7 @@ bool ExecuterCorps(Rapport& rapport, const LibellesErreur& libelles, const std::
 
 std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreur& libelles) {
   const int numero = erreur.Numero();
+  if (!erreur.Phrase().empty()) return {erreur.Phrase()};
   if (numero == kArretAnnonce) return {};
   std::vector<std::string> lignes;
   if (libelles.avecAsterisques) lignes.emplace_back("**** ERREUR ********");
@@ -89,25 +91,30 @@ std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreu
   return lignes;
 }
 
+namespace {
+
+// Nobody keeps the report of an empty generic, nor one without a name of its own.
+bool EstEphemere(const Contexte& contexte, std::string_view nomRapport) {
+  return contexte.generique.empty() || nomRapport == kRapportSansNom;
+}
+
+Affichage Presenter(const Chemin& rapport, std::string_view nomRapport, bool ephemere) {
+  const std::string garde = ephemere ? std::string() : rapport.native();
+  if (LongueurFichier(rapport) > kLimiteTexte)
+    return {Affichage::Ou::Lecteur, TexteTropLong(nomRapport) + std::string("Programme terminé"_w),
+            std::string(nomRapport), garde};
+  return {Affichage::Ou::Texte, LireRapport(rapport), std::string(nomRapport), garde};
+}
+
+}  // namespace
+
 Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles) {
   try {
     const std::optional<Chemin> rapport = ChercherFichier(contexte.repertoire, nomRapport);
     if (!rapport) throw Erreur(kFichierIntrouvable);
-    const bool ephemere = contexte.generique.empty();
-    if (LongueurFichier(*rapport) > kLimiteTexte) {
-      Affichage affichage{Affichage::Ou::Lecteur, TexteTropLong(nomRapport) + std::string("Programme terminé"_w),
-                          std::string(nomRapport), rapport->native()};
-      if (ephemere) {
-        EffacerFichier(*rapport);
-        affichage.rapport.clear();
-      }
-      return affichage;
-    }
-    Affichage affichage{Affichage::Ou::Texte, LireRapport(*rapport), std::string(nomRapport), rapport->native()};
-    if (ephemere || nomRapport == kRapportSansNom) {
-      EffacerFichier(*rapport);
-      affichage.rapport.clear();
-    }
+    const bool ephemere = EstEphemere(contexte, nomRapport);
+    Affichage affichage = Presenter(*rapport, nomRapport, ephemere);
+    if (ephemere) EffacerFichier(*rapport);
     return affichage;
   } catch (const Erreur& erreur) {
     return AffichageDErreur(erreur, nomRapport, libelles);
@@ -124,16 +131,34 @@ void Montrer(const Contexte& contexte, const Affichage& affichage) {
 
 enum class AFinNormale { Montrer, Taire };
 
+// The generics that a run writes to: its own, and that of its report, which may be a new one.
+std::vector<GeneriqueTenu> Tenir(const Contexte& contexte, std::string_view nomRapport) {
+  std::vector<GeneriqueTenu> tenus;
+  tenus.emplace_back(contexte.repertoire, contexte.generique, nomRapport);
+  const std::string_view autre = nomRapport.substr(0, nomRapport.rfind('.'));
+  if (!EstEphemere(contexte, nomRapport) && !EgalSansCasse(autre, contexte.generique))
+    tenus.emplace_back(contexte.repertoire, autre, nomRapport);
+  return tenus;
+}
+
 Fin Executer(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
              const std::function<void(Rapport&)>& corps, AFinNormale aFinNormale, ModeEcriture mode) {
   Fin fin = Fin::Arret;
   Affichage affichage;
   try {
+    const std::vector<GeneriqueTenu> tenus = Tenir(contexte, nomRapport);
+    const bool ephemere = EstEphemere(contexte, nomRapport);
     Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport), mode);
+    for (const GeneriqueTenu& tenu : tenus)
+      for (const std::string& ligne : tenu.Recit()) rapport.Ligne(ligne);
     if (ExecuterCorps(rapport, libelles, corps)) fin = Fin::Normale;
-    rapport.Fermer();
+    if (ephemere) {
+      affichage = Presenter(rapport.Achever(), nomRapport, true);
+    } else {
+      rapport.Valider();
+      affichage = FinProgramme(contexte, nomRapport, libelles);
+    }
     if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
-    affichage = FinProgramme(contexte, nomRapport, libelles);
   } catch (...) {  // the report can't be opened or written: nothing but the screen is left to tell it
     fin = Fin::Arret;
     affichage = AffichageDErreur(ErreurEnCours(), nomRapport, libelles);

@@ -99,6 +99,20 @@ std::string NombreFixe(double valeur, int largeurEntiere, int decimales) {
   return resultat;
 }
 
+Rapport::Rapport(const Chemin& chemin, ModeEcriture mode) : fichier_(chemin), ecrivain_(fichier_.Fichier()) {
+  constexpr std::size_t kMorceau = std::size_t{1} << 20;
+  std::error_code code;
+  if (mode == ModeEcriture::Neuf || !std::filesystem::exists(chemin, code)) return;
+  std::uintmax_t place = 0;
+  for (std::string octets; octets = LireMorceau(chemin, place, kMorceau), !octets.empty(); place += octets.size())
+    ecrivain_.Ecrire(octets);
+}
+
+const Chemin& Rapport::Achever() {
+  ecrivain_.Fermer();
+  return fichier_.CheminProvisoire();
+}
+
 void EcrireBandeau(Rapport& rapport, Texte titre) {
   const auto retrait =
       static_cast<std::size_t>(std::max(0.0, 28 - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));

@@ -32,26 +32,32 @@ std::string Dixiemes(std::int64_t dixiemes, int largeur);
 // and the point. The integer part is never cut. Raises 5 or 6 for a value that is not finite.
 std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
 
-// A report file under construction. Every failure to write raises 61, 57, 70 or 75.
+// A report under construction: it lies under a scratch name, and the former report stays whole until Valider. Every
+// failure to write raises 61, 57, 70 or 75.
 class Rapport {
  public:
-  explicit Rapport(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf) : fichier_(chemin, mode) {}
+  // Suite: the lines go behind those of the former report.
+  explicit Rapport(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
 
-  void Ligne() { fichier_.FinDeLigne(); }
-  void Ligne(Texte texte) { fichier_.Ligne(texte); }
+  void Ligne() { ecrivain_.FinDeLigne(); }
+  void Ligne(Texte texte) { ecrivain_.Ligne(texte); }
   void Ligne(std::initializer_list<Texte> morceaux) {
     Suite(morceaux);
-    fichier_.FinDeLigne();
+    ecrivain_.FinDeLigne();
   }
   // Text that the line goes on behind.
-  void Suite(Texte texte) { fichier_.Ecrire(texte.Vue()); }
+  void Suite(Texte texte) { ecrivain_.Ecrire(texte.Vue()); }
   void Suite(std::initializer_list<Texte> morceaux) {
-    for (const Texte& morceau : morceaux) fichier_.Ecrire(morceau.Vue());
+    for (const Texte& morceau : morceaux) ecrivain_.Ecrire(morceau.Vue());
   }
-  void Fermer() { fichier_.Fermer(); }
+  // Ends the report; it is shown from here when it takes no place.
+  const Chemin& Achever();
+  // Takes the place of the former report.
+  void Valider() { fichier_.Valider(); }
 
  private:
-  Ecrivain fichier_;
+  Remplacement fichier_;
+  Ecrivain& ecrivain_;
 };
 
 // The banner of every report.

@@ -29,7 +29,7 @@ std::string Lignes(std::initializer_list<std::string_view> lignes) {
 
 // A failure as a sentence: what was tried, then the words of its number.
 std::string Phrase(Texte tentative, const Erreur& erreur) {
-  return Joindre({"*** Attention *** ", tentative, " : ", TexteErreur(erreur.Numero()), kFin});
+  return Joindre({"*** Attention *** ", tentative, " : ", TexteErreur(erreur), kFin});
 }
 
 // Runs what may fail to read or write; the failure comes back as a sentence.

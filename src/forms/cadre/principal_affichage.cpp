@@ -127,8 +127,8 @@ void Principal::AfficherQuelconque() {
 
 void Principal::AfficherEchec(const Chemin& fichier, const Erreur& erreur) {
   dialogue_.biper();
-  AfficherTexte(Joindre({"Le fichier ", TexteDe(fichier.filename()), " ne peut pas être affiché : "_w,
-                         TexteErreur(erreur.Numero()), "\r\n"}));
+  AfficherTexte(Joindre(
+      {"Le fichier ", TexteDe(fichier.filename()), " ne peut pas être affiché : "_w, TexteErreur(erreur), "\r\n"}));
 }
 
 void Principal::Retenir(const Chemin& fichier, std::string_view octets) {
@@ -167,8 +167,8 @@ void Principal::EnregistrerSous() {
     partiel_ = false;
     Annoncer(QStringLiteral("Enregistré sous ") + choisi);
   } catch (const Erreur& erreur) {
-    dialogue_.demander(Joindre({"Le fichier ", DepuisQt(choisi), " ne peut pas être écrit : "_w,
-                                TexteErreur(erreur.Numero()), "\r\nLe texte affiché est conservé."_w}),
+    dialogue_.demander(Joindre({"Le fichier ", DepuisQt(choisi), " ne peut pas être écrit : "_w, TexteErreur(erreur),
+                                "\r\nLe texte affiché est conservé."_w}),
                        Boutons::Ok);
   }
 }

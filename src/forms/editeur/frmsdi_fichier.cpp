@@ -44,7 +44,7 @@ bool frmSDI::Ouvrir(const QString& fichier) {
   } catch (const Erreur& erreur) {
     DemanderReponse(this,
                     QStringLiteral("Impossible d'ouvrir le fichier %1\n%2")
-                        .arg(QDir::toNativeSeparators(chemin), VersQt(TexteErreur(erreur.Numero()))),
+                        .arg(QDir::toNativeSeparators(chemin), VersQt(TexteErreur(erreur))),
                     Boutons::Ok);
   }
   return false;
@@ -101,7 +101,7 @@ void frmSDI::LirePartieDuFichier(std::size_t rang) {
     partie_ = rang;
     ui_->TexteEd->Charger(CouperLignesLongues(std::move(document.texte), kLigneLecteur), formeTexte_.encodage);
   } catch (const Erreur& erreur) {
-    DemanderReponse(this, QStringLiteral("Impossible de lire %1\n%2").arg(Nom(), VersQt(TexteErreur(erreur.Numero()))),
+    DemanderReponse(this, QStringLiteral("Impossible de lire %1\n%2").arg(Nom(), VersQt(TexteErreur(erreur))),
                     Boutons::Ok);
   }
   MontrerTitre();
@@ -165,7 +165,7 @@ bool frmSDI::Ecrire(const QString& fichier) {
   } catch (const Erreur& erreur) {
     DemanderReponse(this,
                     QStringLiteral("Le fichier %1 n'a pas pu être enregistré : %2.\nLe texte reste dans l'éditeur.")
-                        .arg(QFileInfo(fichier).fileName(), VersQt(TexteErreur(erreur.Numero()))),
+                        .arg(QFileInfo(fichier).fileName(), VersQt(TexteErreur(erreur))),
                     Boutons::Ok);
     return false;
   }

@@ -70,7 +70,7 @@ QString Tenter(const std::function<void()>& sauver, const QString& reussite) {
     sauver();
     return reussite;
   } catch (const Erreur& erreur) {
-    return QStringLiteral("*** Erreur ***\n") + VersQt(TexteErreur(erreur.Numero()));
+    return QStringLiteral("*** Erreur ***\n") + VersQt(TexteErreur(erreur));
   }
 }
 

@@ -59,7 +59,7 @@ EtatModifMod ChargerModifMod(const Contexte& contexte) {
                                   "en utilisant la touche 'Annuler'"_w)};
     }
   } catch (const Erreur& erreur) {
-    etat.message = {"*** Erreur ***", std::string(TexteErreur(erreur.Numero()))};
+    etat.message = {"*** Erreur ***", std::string(TexteErreur(erreur))};
   }
   return etat;
 }

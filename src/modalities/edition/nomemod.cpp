@@ -35,7 +35,7 @@ std::optional<ListeModalites> Lire(const Contexte& contexte, std::vector<std::st
     if (chemin && LongueurFichier(*chemin) >= kModVide) return LireListeModalites(*chemin);
     message = {"*** Attention ***", std::string("Le fichier des noms de modalités n'existe pas encore"_w)};
   } catch (const Erreur& erreur) {
-    message = {"*** Attention ***", std::string(TexteErreur(erreur.Numero()))};
+    message = {"*** Attention ***", std::string(TexteErreur(erreur))};
   }
   return std::nullopt;
 }

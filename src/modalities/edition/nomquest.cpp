@@ -35,7 +35,7 @@ EtatNomQuest ChargerNomQuest(const Contexte& contexte) {
     for (const Question& question : LirePos(*chemin).questions)
       etat.questions.push_back({question.nom, question.intitule});
   } catch (const Erreur& erreur) {
-    etat.message = {"*** Attention ***", std::string(TexteErreur(erreur.Numero()))};
+    etat.message = {"*** Attention ***", std::string(TexteErreur(erreur))};
   }
   return etat;
 }

@@ -166,7 +166,7 @@ TEST_F(FichiersDEnquete, AMissingEqualSignUnsetsEverything) {
   const Chemin chemin = Ecrire("R", "");
   Rapport rapport(chemin);
   EXPECT_EQ(LireParametres("BRT=3 FMT=5.0", &rapport).burt, 0);
-  rapport.Fermer();
+  rapport.Valider();
   EXPECT_EQ(LireOctets(chemin), "Arret : manque signe = dans ligne 2 de *.MOD\r\n");
 }
 

@@ -77,9 +77,14 @@ TEST_F(Cadre, AReportWithoutANameIsDeletedOnceShown) {
 TEST_F(Cadre, AReportThatCannotBeWrittenIsToldOnTheScreen) {
   std::filesystem::create_directory(dossier_.Chemin() / "ENQ.PRT");
   EXPECT_EQ(Executer([](Rapport&) {}), Fin::Arret);
-  EXPECT_NE(vu_.texte.find("notez le numero =  75 "), std::string::npos);
+  EXPECT_EQ(vu_.texte, "ENQ.PRT est un répertoire et non un fichier : Erreur d'accès chemin/fichier\r\n"_w);
   std::filesystem::create_symlink("/dev/full", dossier_.Chemin() / "ENQ.PLE");
   EXPECT_EQ(Executer([](Rapport& rapport) { rapport.Ligne("x"); }, "ENQ.PLE"), Fin::Arret);
+  EXPECT_EQ(vu_.texte, "full est un tube ou un périphérique et non un fichier : Erreur d'accès chemin/fichier\r\n"_w);
+  std::filesystem::remove(dossier_.Chemin() / "ENQ.PRT");
+  Executer([](Rapport& rapport) { rapport.Ligne("ancien"); });
+  const essai::DisquePlein plein(10);
+  EXPECT_EQ(Executer([](Rapport& rapport) { rapport.Ligne("un rapport trop long"); }), Fin::Arret);
   EXPECT_NE(vu_.texte.find("notez le numero =  61 Disque plein"), std::string::npos);
 }
 

@@ -132,7 +132,8 @@ TEST(Session, InitialisationIllisible) {
   PrendreRepertoire(essai.session, essai.donnees);
   const std::string texte = OuvrirGenerique(essai.session, essai.reglages);
   EXPECT_EQ(essai.session.ouverture, Ouverture::SansInitialisation);
-  EXPECT_NE(texte.find("ne peut pas être lu : Erreur d'accès chemin/fichier"_w), std::string::npos) << texte;
+  EXPECT_NE(texte.find("ne peut pas être lu : Qvr2.ini est un répertoire et non un fichier"_w), std::string::npos)
+      << texte;
 }
 
 TEST(Session, EtatDuRepertoire) {

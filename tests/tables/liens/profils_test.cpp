@@ -107,7 +107,7 @@ std::string Imprime(std::vector<Lien> profil, LargeurDeProfil largeur) {
   const std::vector<std::string_view> vues(noms.begin(), noms.end());
   Rapport rapport(dossier.Chemin() / "ENQ.PRO");
   ImprimeurDeProfils(rapport, vues, largeur).Imprimer(profil);
-  rapport.Fermer();
+  rapport.Valider();
   return LireOctets(dossier.Chemin() / "ENQ.PRO");
 }
 

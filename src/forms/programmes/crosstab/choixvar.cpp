@@ -174,7 +174,7 @@ void ChoixVar::CocherIsole(bool coche) {
     crosstab::CocherTableauIsole(etat_, coche, contexte_);
   } catch (const Erreur& erreur) {
     etat_.tableauIsole = false;
-    principal_.Ecran().demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    principal_.Ecran().demander(TexteErreur(erreur), Boutons::Ok);
   }
   Montrer();
 }

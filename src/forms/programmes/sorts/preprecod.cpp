@@ -234,7 +234,7 @@ void PrepRecod::Enregistrer() {
     try {
       enregistre = sorts::EnregistrerPrepRecod(etat_, contexte_);
     } catch (const Erreur& erreur) {  // the form stays, with everything that was typed
-      etat_.message = TexteErreur(erreur.Numero());
+      etat_.message = TexteErreur(erreur);
     }
   });
   if (enregistre) accept();

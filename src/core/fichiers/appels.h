@@ -1,0 +1,33 @@
+// The system calls by which files come into being and take their places, each behind one point where a test may cut the
+// run or make the call fail.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+
+namespace quelvar::appels {
+
+// What a test puts before every call: it receives the name of the call and returns the errno that it is to fail with,
+// 0 to let it go on. It may also end the process.
+using Sonde = int (*)(const char* appel);
+void PoserSonde(Sonde sonde);  // nullptr takes it away
+
+// As the calls of their kind: -1 (or a negative count) and errno on failure.
+int Creer(const char* chemin);  // a new file, never through a link, open for reading and writing
+ssize_t Ecrire(int descripteur, const void* octets, std::size_t taille);
+int Fermer(int descripteur);
+int Synchroniser(int descripteur);
+int Effacer(const char* chemin);
+int Lier(const char* existant, const char* nouveau);
+int Renommer(const char* de, const char* vers);
+// Fails with EEXIST when there is a file of the second name.
+int RenommerSansRemplacer(const char* de, const char* vers);
+// Both files are there, before and after. Where the file system cannot do it in one call it goes by a third name,
+// `CheminDEchange` of the second file, and the first name is never without a file.
+int Echanger(const char* cible, const char* provisoire);
+
+// Ends an exchange by a third name that a kill has cut, forwards when the new file has taken its place, else backwards.
+int AcheverEchange(const char* cible, const char* provisoire);
+
+}  // namespace quelvar::appels

@@ -1,0 +1,165 @@
+#include "core/fichiers/generiquetenu.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <utility>
+
+#include "core/fichiers/appels.h"
+#include "core/fichiers/provisoire.h"
+#include "core/fichiers/reprise.h"
+#include "core/fichiers/signaux.h"
+#include "core/programme/erreur.h"
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// What stands in the lock: process, user, what it writes, since when; a line for each.
+using Detenteur = std::array<std::string, 4>;
+
+std::string Utilisateur() {
+  std::array<char, 4096> place{};
+  passwd fiche{};
+  passwd* trouvee = nullptr;
+  if (::getpwuid_r(::getuid(), &fiche, place.data(), place.size(), &trouvee) == 0 && trouvee != nullptr)
+    return fiche.pw_name;
+  return std::to_string(::getuid());
+}
+
+std::string Instant() {
+  const std::time_t maintenant = std::time(nullptr);
+  std::tm local{};
+  ::localtime_r(&maintenant, &local);
+  std::array<char, 40> texte{};
+  const std::size_t taille = std::strftime(texte.data(), texte.size(), "%d/%m/%Y \xE0 %H:%M:%S", &local);
+  return {texte.data(), taille};
+}
+
+Detenteur LireDetenteur(int descripteur) {
+  std::array<char, 1024> octets{};
+  const ssize_t lus = ::pread(descripteur, octets.data(), octets.size(), 0);
+  std::string_view texte(octets.data(), lus > 0 ? static_cast<std::size_t>(lus) : 0);
+  Detenteur detenteur;
+  for (std::string& ligne : detenteur) {
+    const std::size_t fin = texte.find("\r\n");
+    ligne = texte.substr(0, fin);
+    texte.remove_prefix(fin == std::string_view::npos ? texte.size() : fin + 2);
+  }
+  return detenteur;
+}
+
+void EcrireDetenteur(int descripteur, std::string_view ouvrage) {
+  const std::string texte = Joindre(
+      {std::to_string(::getpid()), "\r\n", DepuisUtf8(Utilisateur()), "\r\n", ouvrage, "\r\n", Instant(), "\r\n"});
+  // Without these lines the lock holds all the same.
+  if (::ftruncate(descripteur, 0) != 0 || ::pwrite(descripteur, texte.data(), texte.size(), 0) < 0) return;
+}
+
+std::string PhraseOccupe(std::string_view generique, const Detenteur& detenteur) {
+  if (detenteur[0].empty())
+    return Joindre({"Le générique "_w, generique,
+                    " est en cours d'écriture par un autre programme : relancez quand il aura fini"_w});
+  return Joindre({"Le générique "_w, generique, " est en cours d'écriture par un autre programme ("_w, detenteur[2],
+                  ", processus ", detenteur[0], " de ", detenteur[1], ", depuis le ", detenteur[3],
+                  ") : relancez quand il aura fini"_w});
+}
+
+int Ouvrir(const Chemin& chemin) {
+  constexpr int kToujours = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+  const int descripteur = ::open(chemin.c_str(), O_RDWR | O_CREAT | kToujours, 0666);
+  return descripteur >= 0 ? descripteur : ::open(chemin.c_str(), O_RDONLY | kToujours);
+}
+
+bool EstEncoreA(int descripteur, const Chemin& chemin) {
+  struct stat ouvert {};
+  struct stat present {};
+  return ::fstat(descripteur, &ouvert) == 0 && ::lstat(chemin.c_str(), &present) == 0 &&
+         ouvert.st_ino == present.st_ino && ouvert.st_dev == present.st_dev;
+}
+
+struct Prise {
+  int descripteur = -1;
+  bool perime = false;  // the process that made the lock is gone
+};
+
+Prise Prendre(const Chemin& chemin, std::string_view generique) {
+  for (;;) {
+    const int descripteur = Ouvrir(chemin);
+    if (descripteur < 0) return {};
+    if (::flock(descripteur, LOCK_EX | LOCK_NB) != 0) {
+      const bool occupe = errno == EWOULDBLOCK;
+      const Detenteur detenteur = LireDetenteur(descripteur);
+      ::close(descripteur);
+      if (!occupe || detenteur[0] == std::to_string(::getpid())) return {};
+      throw Erreur(kPermissionRefusee, PhraseOccupe(generique, detenteur));
+    }
+    // The former holder removes its file when it has done: one that is gone holds nothing.
+    if (EstEncoreA(descripteur, chemin)) return {descripteur, !LireDetenteur(descripteur)[0].empty()};
+    ::close(descripteur);
+  }
+}
+
+// Scratch files of the generic, and of the initialisation file that its programs write, which nobody holds.
+void Balayer(const Chemin& repertoire, std::string_view generique) {
+  std::error_code code;
+  const std::string debut = Joindre({Majuscules(generique), "."});
+  std::vector<Chemin> abandonnes;
+  for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
+       i.increment(code)) {
+    const std::string nom = i->path().filename().native();
+    if (!EstNomProvisoire(nom)) continue;
+    const std::string majuscules = Majuscules(DepuisUtf8(nom));
+    if (majuscules.starts_with(debut) || majuscules.starts_with("." + debut) || majuscules.starts_with("QVR2.IN"))
+      abandonnes.push_back(i->path());
+  }
+  for (const Chemin& chemin : abandonnes) EffacerSiAbandonne(chemin);
+}
+
+}  // namespace
+
+GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage) {
+  if (Rogner(generique).empty()) return;
+  const Chemin verrou = repertoire / CheminDe(Joindre({".", Majuscules(generique), ".verrou"}));
+  const Prise prise = Prendre(verrou, generique);
+  if (prise.descripteur < 0) return;
+  verrou_ = verrou;
+  descripteur_ = prise.descripteur;
+  inscription_ = InscrireProvisoire(verrou_);
+  EcrireDetenteur(descripteur_, ouvrage);
+  try {
+    recit_ = ReprendreGenerique(repertoire, generique).recit;
+    if (prise.perime) Balayer(repertoire, generique);
+  } catch (...) {
+    *this = GeneriqueTenu();
+    throw;
+  }
+}
+
+GeneriqueTenu::~GeneriqueTenu() {
+  if (descripteur_ < 0) return;
+  ::unlink(verrou_.c_str());
+  RayerProvisoire(inscription_);
+  ::close(descripteur_);
+}
+
+GeneriqueTenu::GeneriqueTenu(GeneriqueTenu&& autre) noexcept { *this = std::move(autre); }
+
+GeneriqueTenu& GeneriqueTenu::operator=(GeneriqueTenu&& autre) noexcept {
+  std::swap(verrou_, autre.verrou_);
+  std::swap(descripteur_, autre.descripteur_);
+  std::swap(inscription_, autre.inscription_);
+  std::swap(recit_, autre.recit_);
+  return *this;
+}
+
+}  // namespace quelvar

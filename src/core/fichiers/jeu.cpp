@@ -1,0 +1,176 @@
+#include "core/fichiers/jeu.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "core/fichiers/appels.h"
+#include "core/fichiers/releve.h"
+#include "core/fichiers/reprise.h"
+#include "core/fichiers/signaux.h"
+#include "core/programme/erreur.h"
+
+namespace quelvar {
+
+namespace {
+
+void Exiger(int resultat) {
+  if (resultat != 0) throw Erreur(NumeroDErrno(errno));
+}
+
+void SynchroniserDossier(const Chemin& dossier) {
+  const int descripteur = ::open(dossier.empty() ? "." : dossier.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descripteur < 0) return;
+  appels::Synchroniser(descripteur);
+  ::close(descripteur);
+}
+
+}  // namespace
+
+JeuDeFichiers::JeuDeFichiers(const Chemin& repertoire, std::string_view generique)
+    : repertoire_(repertoire), generique_(generique), tenu_(repertoire, generique, generique) {}
+
+JeuDeFichiers::~JeuDeFichiers() = default;
+
+Ecrivain& JeuDeFichiers::Ouvrir(std::string_view nom, Nature nature) {
+  sorties_.push_back(std::make_unique<Provisoire>(CheminDEcriture(repertoire_, nom), nature));
+  noms_.emplace_back(nom);
+  return sorties_.back()->Fichier();
+}
+
+void JeuDeFichiers::Copier(const Chemin& source, std::string_view nom, Nature nature) {
+  constexpr std::size_t kMorceau = std::size_t{1} << 20;
+  Ecrivain& copie = Ouvrir(nom, nature);
+  std::uintmax_t place = 0;
+  for (std::string octets; octets = LireMorceau(source, place, kMorceau), !octets.empty(); place += octets.size())
+    copie.Ecrire(octets);
+}
+
+const Chemin& JeuDeFichiers::Achever(std::string_view nom) {
+  const auto rang = std::find(noms_.begin(), noms_.end(), nom) - noms_.begin();
+  Provisoire& sortie = *sorties_.at(static_cast<std::size_t>(rang));
+  sortie.Achever();
+  return sortie.Emplacement();
+}
+
+void JeuDeFichiers::Effacer(std::string_view nom) {
+  if (std::optional<Chemin> chemin = ChercherFichier(repertoire_, nom)) effaces_.push_back(std::move(*chemin));
+}
+
+// What nobody can make again is not put at risk for the bytes that it holds already; and nobody waits for the disk.
+void JeuDeFichiers::OublierInchangees() {
+  std::erase_if(sorties_, [](const std::unique_ptr<Provisoire>& sortie) {
+    return sortie->SaNature() == Nature::Unique && sortie->MemesOctets();
+  });
+}
+
+void JeuDeFichiers::Tenir() {
+  entrees_.clear();
+  for (const std::unique_ptr<Provisoire>& sortie : sorties_) {
+    sortie->Tenir();
+    entrees_.push_back({sortie->CibleExiste() ? GenreDEntree::Remplace : GenreDEntree::Nouveau, sortie->SaNature(),
+                        sortie->Taille(), sortie->Empreinte(), 0, 0, sortie->Cible(), sortie->Emplacement()});
+  }
+  for (const Chemin& chemin : effaces_) {
+    if (!VerifierCible(chemin)) continue;
+    EntreeDeReleve entree;
+    entree.genre = GenreDEntree::Efface;
+    entree.cible = chemin;
+    entree.provisoire = NomProvisoire(chemin);
+    NoterEtat(chemin, entree.noeud, entree.instant);
+    entrees_.push_back(std::move(entree));
+  }
+}
+
+void JeuDeFichiers::Poser(std::size_t rang) {
+  const EntreeDeReleve& e = entrees_[rang];
+  switch (e.genre) {
+    case GenreDEntree::Nouveau: return Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+    case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Efface: return Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+  }
+}
+
+void JeuDeFichiers::Defaire(std::size_t rang) {
+  const EntreeDeReleve& e = entrees_[rang];
+  switch (e.genre) {
+    case GenreDEntree::Nouveau:
+    case GenreDEntree::Efface: {
+      const bool nouveau = e.genre == GenreDEntree::Nouveau;
+      const Chemin& de = nouveau ? e.cible : e.provisoire;
+      return Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
+    }
+    case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+  }
+}
+
+void JeuDeFichiers::PoserTout() {
+  std::size_t poses = 0;
+  try {
+    for (; poses < entrees_.size(); ++poses) Poser(poses);
+  } catch (const Erreur&) {
+    try {
+      while (poses > 0) Defaire(--poses);
+      Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
+    } catch (const Erreur&) {
+      // The next program of the generic finds scratch files and record, and ends it.
+      for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Lacher();
+    }
+    throw;
+  }
+}
+
+// Results that may still be lost with the machine stay recorded, beside those of earlier sets that were not replaced.
+void JeuDeFichiers::NoterPose(bool refaisables) {
+  const Chemin chemin = CheminDeReleve(repertoire_, generique_);
+  if (!refaisables) {
+    Exiger(appels::Effacer(chemin.c_str()));
+    return;
+  }
+  Releve releve{EtatDeReleve::Pose, AmorceDuSysteme(), Maintenant(), {}};
+  for (EntreeDeReleve& entree : entrees_) {
+    if (entree.nature == Nature::Unique || entree.genre == GenreDEntree::Efface) continue;
+    entree.provisoire.clear();
+    if (NoterEtat(entree.cible, entree.noeud, entree.instant)) releve.entrees.push_back(entree);
+  }
+  for (const EntreeDeReleve& ancienne : anterieures_) {
+    const auto remplacee = [&](const EntreeDeReleve& e) { return e.cible == ancienne.cible; };
+    if (std::none_of(entrees_.begin(), entrees_.end(), remplacee)) releve.entrees.push_back(ancienne);
+  }
+  EcrireReleve(chemin, releve, false);
+}
+
+void JeuDeFichiers::Valider() {
+  for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Achever();
+  OublierInchangees();
+  Tenir();
+  if (entrees_.empty()) return;
+  const bool uniques = std::any_of(sorties_.begin(), sorties_.end(),
+                                   [](const auto& sortie) { return sortie->SaNature() == Nature::Unique; });
+  const bool refaisables = std::any_of(sorties_.begin(), sorties_.end(),
+                                       [](const auto& sortie) { return sortie->SaNature() == Nature::Refaisable; });
+  const SansSignaux sansSignaux;
+  for (const std::unique_ptr<Provisoire>& sortie : sorties_)
+    if (sortie->SaNature() == Nature::Unique) sortie->Synchroniser();
+  if (entrees_.size() == 1 && sorties_.size() == 1) {
+    sorties_.front()->Placer();
+    if (uniques) SynchroniserDossier(repertoire_);
+    return;
+  }
+  anterieures_ = ReprendreGenerique(repertoire_, generique_).anterieures;
+  EcrireReleve(CheminDeReleve(repertoire_, generique_),
+               {EtatDeReleve::EnCours, AmorceDuSysteme(), Maintenant(), entrees_}, uniques);
+  PoserTout();
+  // Every file is in place: what comes now removes the former ones, and a failure changes nothing any more.
+  for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Lacher();
+  try {
+    for (const EntreeDeReleve& e : entrees_)
+      if (e.genre != GenreDEntree::Nouveau) Exiger(appels::Effacer(e.provisoire.c_str()));
+    NoterPose(refaisables);
+  } catch (const Erreur&) {  // the next program of the generic removes what is left
+  }
+}
+
+}  // namespace quelvar

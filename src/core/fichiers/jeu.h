@@ -1,0 +1,60 @@
+// A set of output files that changes as one: scratch files written whole, every target checked and held before the
+// first rename, all of them put in place or none.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+#include "core/fichiers/generiquetenu.h"
+#include "core/fichiers/provisoire.h"
+#include "core/fichiers/releve.h"
+
+namespace quelvar {
+
+class JeuDeFichiers {
+ public:
+  // Outputs of that generic in the directory; the generic is held while the object lives, unless the run of a program
+  // holds it already. Raises a sentence (70) when another process holds it.
+  JeuDeFichiers(const Chemin& repertoire, std::string_view generique);
+  ~JeuDeFichiers();
+  JeuDeFichiers(const JeuDeFichiers&) = delete;
+  JeuDeFichiers& operator=(const JeuDeFichiers&) = delete;
+
+  // A new output under a scratch name; the writer lives as long as the set. Raises what Provisoire raises.
+  Ecrivain& Ouvrir(std::string_view nom, Nature nature);
+  // An output that has the bytes of a file there is.
+  void Copier(const Chemin& source, std::string_view nom, Nature nature);
+  // Ends an output and tells where its bytes are until the commit, for a caller that reads them again.
+  const Chemin& Achever(std::string_view nom);
+  // The file of that name goes with the commit, if there is one.
+  void Effacer(std::string_view nom);
+
+  // Puts everything in place. On a failure (61, 57, 70, 75) everything is what it was before; a kill at any instant
+  // leaves a record by which the next program of the generic finishes or undoes.
+  void Valider();
+
+  // What had to be repaired when the generic was taken, for the report; empty when the run of a program holds it.
+  const std::vector<std::string>& Recit() const { return tenu_.Recit(); }
+
+ private:
+  void OublierInchangees();
+  void Tenir();
+  void Poser(std::size_t rang);
+  void Defaire(std::size_t rang);
+  void PoserTout();
+  void NoterPose(bool refaisables);
+
+  Chemin repertoire_;
+  std::string generique_;
+  GeneriqueTenu tenu_;
+  std::vector<std::unique_ptr<Provisoire>> sorties_;
+  std::vector<std::string> noms_;  // of the outputs, as they were asked
+  std::vector<Chemin> effaces_;
+  std::vector<EntreeDeReleve> entrees_;
+  std::vector<EntreeDeReleve> anterieures_;  // results of earlier sets that the machine may still lose
+};
+
+}  // namespace quelvar

@@ -1,0 +1,53 @@
+// The record of a commit: what becomes of each file of the set, with sizes and digests. It stands beside the generic
+// from before the first rename, so that the next program of the family can finish or undo what a kill has cut, and
+// stays while the machine may still lose results that nobody waited for.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar {
+
+enum class GenreDEntree { Nouveau, Remplace, Efface };
+
+// One file of the set. A file is known again by its size and digest, or, where it is of no use to read it, by the
+// place and the time that the file system gave it.
+struct EntreeDeReleve {
+  GenreDEntree genre = GenreDEntree::Nouveau;
+  Nature nature = Nature::Refaisable;
+  std::uint64_t taille = 0;     // of the new file
+  std::uint64_t empreinte = 0;  // of the new file
+  std::uint64_t noeud = 0;      // of the former file (Efface), of the new one once it is in place
+  std::int64_t instant = 0;     // its time in nanoseconds
+  Chemin cible;
+  Chemin provisoire;  // the new file before its exchange with the target, the former one behind it
+};
+
+enum class EtatDeReleve { EnCours, Pose };
+
+struct Releve {
+  EtatDeReleve etat = EtatDeReleve::EnCours;
+  std::string amorce;        // what the system calls its present start
+  std::int64_t instant = 0;  // seconds since 1970
+  std::vector<EntreeDeReleve> entrees;
+};
+
+// `.ENQ.jeu` in the directory; one name for all spellings of a generic.
+Chemin CheminDeReleve(const Chemin& repertoire, std::string_view generique);
+// Nothing when there is none, and when it is not whole (it then says nothing about any file).
+std::optional<Releve> LireReleve(const Chemin& chemin);
+// Puts it in place in one rename, on the disk when `synchroniser`. Raises 61, 57, 70 or 75.
+void EcrireReleve(const Chemin& chemin, const Releve& releve, bool synchroniser);
+
+// The start of the machine that this process lives in.
+std::string AmorceDuSysteme();
+std::int64_t Maintenant();
+// Takes over node and time of a file; false when it is not there.
+bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant);
+
+}  // namespace quelvar

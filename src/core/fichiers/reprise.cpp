@@ -1,0 +1,191 @@
+#include "core/fichiers/reprise.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "core/fichiers/appels.h"
+#include "core/fichiers/provisoire.h"
+#include "core/fichiers/signaux.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int64_t kSecondesDeGrace = 120;  // the system has written by then what it was given
+
+void Exiger(int resultat) {
+  if (resultat != 0) throw Erreur(NumeroDErrno(errno));
+}
+
+bool Present(const Chemin& chemin) {
+  std::error_code code;
+  return fs::exists(fs::symlink_status(chemin, code));
+}
+
+bool Est(const Chemin& chemin, const EntreeDeReleve& e) {
+  return MesurerFichier(chemin) == Mesure{e.taille, e.empreinte};
+}
+
+// The former file of an entry that removes it.
+bool EstLAncien(const Chemin& chemin, const EntreeDeReleve& e) {
+  std::uint64_t noeud = 0;
+  std::int64_t instant = 0;
+  return NoterEtat(chemin, noeud, instant) && noeud == e.noeud && instant == e.instant;
+}
+
+// Where a file of a cut commit stands.
+struct Avance {
+  bool pose = false;     // the new file is in place
+  bool ancien = false;   // the former one is still there under the scratch name
+  bool posable = false;  // the new file is whole under the scratch name
+  bool entier = true;    // the file in place is the one that was recorded
+};
+
+Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
+  Exiger(appels::AcheverEchange(e.cible.c_str(), e.provisoire.c_str()));
+  Avance avance;
+  const bool reste = Present(e.provisoire);
+  if (e.genre == GenreDEntree::Efface) {
+    avance.pose = reste || !EstLAncien(e.cible, e);
+    avance.ancien = reste;
+    avance.posable = !avance.pose;
+    return avance;
+  }
+  avance.posable = reste && Est(e.provisoire, e) && !(e.genre == GenreDEntree::Remplace && !Present(e.cible));
+  if (e.genre == GenreDEntree::Nouveau) {
+    avance.pose = !reste;
+  } else {
+    // The scratch name holds the former file as soon as the target holds the new one.
+    avance.pose = !reste || (!avance.posable && Est(e.cible, e));
+    avance.ancien = reste && avance.pose;
+  }
+  if (avance.pose && !memeAmorce) avance.entier = Est(e.cible, e);
+  return avance;
+}
+
+void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
+  for (std::size_t i = 0; i < entrees.size(); ++i) {
+    const EntreeDeReleve& e = entrees[i];
+    if (avances[i].pose) continue;
+    switch (e.genre) {
+      case GenreDEntree::Nouveau: Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str())); break;
+      case GenreDEntree::Remplace: Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str())); break;
+      case GenreDEntree::Efface: Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str())); break;
+    }
+  }
+  for (const EntreeDeReleve& e : entrees)
+    if (Present(e.provisoire)) Exiger(appels::Effacer(e.provisoire.c_str()));
+}
+
+void Annuler(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
+  for (std::size_t i = entrees.size(); i-- > 0;) {
+    const EntreeDeReleve& e = entrees[i];
+    if (!avances[i].pose) continue;
+    if (e.genre == GenreDEntree::Nouveau) {
+      // A file that another program has put there meanwhile is not ours to remove.
+      if (Present(e.cible) && (!avances[i].entier || Est(e.cible, e)))
+        Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+    } else if (e.genre == GenreDEntree::Remplace) {
+      Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+    } else if (avances[i].ancien && !Present(e.cible)) {
+      Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+    }
+  }
+  for (const EntreeDeReleve& e : entrees)
+    if (Present(e.provisoire)) Exiger(appels::Effacer(e.provisoire.c_str()));
+}
+
+std::string Noms(const std::vector<EntreeDeReleve>& entrees, GenreDEntree genre, bool autres) {
+  std::string noms;
+  for (const EntreeDeReleve& e : entrees)
+    if ((e.genre == genre) != autres) noms += Joindre({" ", TexteDe(e.cible.filename())});
+  return noms;
+}
+
+void Raconter(std::vector<std::string>& recit, const std::vector<EntreeDeReleve>& entrees, bool finie) {
+  recit.emplace_back("*** Attention : l'écriture de plusieurs fichiers avait été interrompue"_w);
+  const std::string ecrits = Noms(entrees, GenreDEntree::Efface, true);
+  const std::string effaces = Noms(entrees, GenreDEntree::Efface, false);
+  recit.push_back(Joindre({finie ? "    elle a été achevée, ces fichiers sont les nouveaux :"_w
+                                 : "    elle a été annulée, ces fichiers sont ceux d'avant :"_w,
+                           finie ? ecrits : Joindre({ecrits, effaces})}));
+  if (finie && !effaces.empty()) recit.push_back(Joindre({"    ceux-ci sont effacés :"_w, effaces}));
+  recit.emplace_back();
+}
+
+// A result that the stop of the machine has torn must not be computed on: it goes aside.
+bool MettreDeCote(const EntreeDeReleve& e, std::vector<std::string>& recit) {
+  std::uint64_t noeud = 0;
+  std::int64_t instant = 0;
+  if (!NoterEtat(e.cible, noeud, instant) || noeud != e.noeud || instant > e.instant) return false;
+  const std::optional<Mesure> mesure = MesurerFichier(e.cible);
+  if (!mesure || *mesure == Mesure{e.taille, e.empreinte}) return false;
+  Chemin aCote = e.cible;
+  aCote += ".incomplet";
+  Exiger(appels::Renommer(e.cible.c_str(), aCote.c_str()));
+  recit.push_back(
+      Joindre({"*** Attention : l'arrêt de la machine a coupé l'écriture de "_w, TexteDe(e.cible.filename())}));
+  recit.push_back(Joindre({"    il a ", Nombre(mesure->taille), " octets, il devait en avoir ", Nombre(e.taille),
+                           " ; il est mis de côté sous le nom "_w, TexteDe(aCote.filename())}));
+  recit.emplace_back("    relancez le programme qui l'écrit"_w);
+  recit.emplace_back();
+  return true;
+}
+
+}  // namespace
+
+Reprise ReprendreGenerique(const Chemin& repertoire, std::string_view generique) {
+  Reprise reprise;
+  const Chemin chemin = CheminDeReleve(repertoire, generique);
+  if (!Present(chemin)) return reprise;
+  const SansSignaux sansSignaux;
+  const std::optional<Releve> releve = LireReleve(chemin);
+  if (!releve) {  // a record that is not whole was never relied upon
+    Exiger(appels::Effacer(chemin.c_str()));
+    return reprise;
+  }
+  const bool memeAmorce = !releve->amorce.empty() && releve->amorce == AmorceDuSysteme();
+  if (releve->etat == EtatDeReleve::Pose) {
+    if (memeAmorce && Maintenant() - releve->instant <= kSecondesDeGrace) {
+      reprise.anterieures = releve->entrees;
+      return reprise;
+    }
+    if (!memeAmorce)
+      for (const EntreeDeReleve& e : releve->entrees) MettreDeCote(e, reprise.recit);
+    Exiger(appels::Effacer(chemin.c_str()));
+    return reprise;
+  }
+
+  std::vector<Avance> avances;
+  for (const EntreeDeReleve& e : releve->entrees) avances.push_back(Examiner(e, memeAmorce));
+  const bool toutPose = std::all_of(avances.begin(), avances.end(), [](const Avance& a) { return a.pose; });
+  const bool finissable =
+      std::all_of(avances.begin(), avances.end(), [](const Avance& a) { return a.pose ? a.entier : a.posable; });
+  // Former files that are gone already show that every new one had been in place.
+  const bool annulable = [&] {
+    for (std::size_t i = 0; i < avances.size(); ++i)
+      if (releve->entrees[i].genre == GenreDEntree::Remplace && avances[i].pose && !avances[i].ancien) return false;
+    return true;
+  }();
+  if (finissable || !annulable) {
+    Finir(releve->entrees, avances);
+    if (!toutPose) Raconter(reprise.recit, releve->entrees, true);
+    if (!memeAmorce)
+      for (EntreeDeReleve e : releve->entrees) {
+        if (e.genre == GenreDEntree::Efface || !NoterEtat(e.cible, e.noeud, e.instant)) continue;
+        MettreDeCote(e, reprise.recit);
+      }
+  } else {
+    Annuler(releve->entrees, avances);
+    Raconter(reprise.recit, releve->entrees, false);
+  }
+  Exiger(appels::Effacer(chemin.c_str()));
+  return reprise;
+}
+
+}  // namespace quelvar

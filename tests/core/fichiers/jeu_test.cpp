@@ -1,0 +1,258 @@
+// A set of files that is cut or fails at any system call of its commit is the former set or the new one, and the next
+// program of the generic finds it so.
+#include "core/fichiers/jeu.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <functional>
+#include <map>
+
+#include "core/fichiers/appels.h"
+#include "core/fichiers/reprise.h"
+#include "support/environnement.h"
+#include "support/erreur.h"
+
+namespace quelvar {
+namespace {
+
+using Contenu = std::map<std::string, std::string>;
+
+int appelsVus = 0;
+int appelVise = 0;
+int codeVise = 0;  // errno of the call aimed at; 0 kills the process there
+bool sansEchange = false;
+
+int Compter(const char* appel) {
+  if (++appelsVus == appelVise) {
+    if (codeVise == 0) ::kill(::getpid(), SIGKILL);
+    return codeVise;
+  }
+  return sansEchange && std::string_view(appel) == "echanger" ? ENOSYS : 0;
+}
+
+class Jeu : public testing::Test {
+ protected:
+  Jeu() {
+    avant_ = {{"ENQ.BRT", "ancienne table"},
+              {"ENQ.MOD", "anciens noms"},
+              {"ENQ.PEM", "anciens liens"},
+              {"enq.pos", "meme dictionnaire"}};
+    apres_ = {{"ENQ.BRT", std::string(300000, 'b')},
+              {"ENQ.MOD", "nouveaux noms"},
+              {"ENQ.CDG", "codage"},
+              {"enq.pos", "meme dictionnaire"}};
+  }
+  ~Jeu() override {
+    appels::PoserSonde(nullptr);
+    sansEchange = false;
+  }
+
+  void Preparer() {
+    for (const auto& f : std::filesystem::directory_iterator(dossier_.Chemin())) std::filesystem::remove(f);
+    for (const auto& [nom, octets] : avant_) essai::EcrireOctets(dossier_.Chemin() / nom, octets);
+  }
+
+  void Ecrire() const {
+    JeuDeFichiers jeu(dossier_.Chemin(), "ENQ");
+    jeu.Ouvrir("ENQ.BRT", Nature::Refaisable).Ecrire(apres_.at("ENQ.BRT"));
+    jeu.Ouvrir("ENQ.CDG", Nature::Refaisable).Ecrire(apres_.at("ENQ.CDG"));
+    jeu.Ouvrir("ENQ.MOD", Nature::Unique).Ecrire(apres_.at("ENQ.MOD"));
+    jeu.Ouvrir("ENQ.POS", Nature::Unique).Ecrire(apres_.at("enq.pos"));
+    jeu.Effacer("ENQ.PEM");
+    jeu.Effacer("ENQ.PEL");
+    jeu.Valider();
+  }
+
+  // Every file but the record, which a set of results leaves for a while.
+  Contenu Lire() const {
+    Contenu contenu;
+    for (const auto& f : std::filesystem::directory_iterator(dossier_.Chemin()))
+      if (f.path().filename() != ".ENQ.jeu") contenu[f.path().filename()] = LireOctets(f.path());
+    return contenu;
+  }
+
+  // The state of a process that writes the set and is cut, or fails, at the given call.
+  int EcrireAilleurs(int appel, int code) const {
+    const pid_t enfant = fork();
+    if (enfant == 0) {
+      appelsVus = 0;
+      appelVise = appel;
+      codeVise = code;
+      appels::PoserSonde(Compter);
+      const int numero = essai::NumeroLeve([this] { Ecrire(); });
+      _exit(appelsVus < appel ? 100 : numero);
+    }
+    int etat = 0;
+    waitpid(enfant, &etat, 0);
+    return etat;
+  }
+
+  essai::DossierTemporaire dossier_;
+  Contenu avant_, apres_;
+};
+
+TEST_F(Jeu, AKillAtAnyCallIsRepairedByTheNextProgram) {
+  for (const bool parEtapes : {false, true}) {
+    sansEchange = parEtapes;
+    bool avantVu = false, apresVu = false, finie = false, annulee = false;
+    int appel = 1;
+    for (;; ++appel) {
+      Preparer();
+      if (const int etat = EcrireAilleurs(appel, 0); WIFEXITED(etat)) {
+        ASSERT_EQ(WEXITSTATUS(etat), 100);
+        break;
+      }
+      const GeneriqueTenu tenu(dossier_.Chemin(), "enq", "ENQ.PRT");
+      Contenu repare = Lire();
+      repare.erase(".ENQ.verrou");
+      EXPECT_TRUE(repare == avant_ || repare == apres_) << "killed at call " << appel;
+      avantVu = avantVu || repare == avant_;
+      apresVu = apresVu || repare == apres_;
+      for (const std::string& ligne : tenu.Recit()) {
+        finie = finie || ligne.find(
+                             "achev\xE9"
+                             "e") != std::string::npos;
+        annulee = annulee || ligne.find(
+                                 "annul\xE9"
+                                 "e") != std::string::npos;
+      }
+    }
+    EXPECT_GT(appel, 15);
+    EXPECT_TRUE(avantVu && apresVu && finie && !annulee);
+  }
+}
+
+TEST_F(Jeu, AFailureAtAnyCallPutsAllBack) {
+  for (const bool parEtapes : {false, true}) {
+    sansEchange = parEtapes;
+    for (int appel = 1;; ++appel) {
+      Preparer();
+      const int etat = EcrireAilleurs(appel, EIO);
+      ASSERT_TRUE(WIFEXITED(etat)) << appel;
+      if (WEXITSTATUS(etat) == 100) break;
+      Contenu suite = Lire();
+      if (WEXITSTATUS(etat) != 0) {
+        EXPECT_TRUE(suite == avant_) << "failed at call " << appel;
+      } else {  // the former files could not be removed, or not recorded: the new ones are there
+        const GeneriqueTenu tenu(dossier_.Chemin(), "ENQ", "ENQ.PRT");
+        suite = Lire();
+        suite.erase(".ENQ.verrou");
+        EXPECT_TRUE(suite == apres_) << "failed at call " << appel;
+      }
+    }
+  }
+}
+
+TEST_F(Jeu, ATargetThatMayNotBeReplacedStopsBeforeTheFirstRename) {
+  Preparer();
+  std::filesystem::remove(dossier_.Chemin() / "ENQ.MOD");
+  std::filesystem::create_directory(dossier_.Chemin() / "ENQ.MOD");
+  JeuDeFichiers jeu(dossier_.Chemin(), "ENQ");
+  jeu.Ouvrir("ENQ.BRT", Nature::Refaisable).Ecrire("nouvelle");
+  EXPECT_EQ(essai::NumeroLeve([&] { jeu.Ouvrir("ENQ.MOD", Nature::Unique); }), kAccesFichier);
+  EXPECT_EQ(LireOctets(dossier_.Chemin() / "ENQ.BRT"), "ancienne table");
+}
+
+// What a stop of the machine may leave: another start is written into the record of a set that was put in place.
+TEST_F(Jeu, AResultThatTheMachineHasLostIsSetAside) {
+  const Chemin releve = CheminDeReleve(dossier_.Chemin(), "ENQ");
+  const auto redemarrer = [&] {
+    Releve lu = *LireReleve(releve);
+    lu.amorce = "avant";
+    EcrireReleve(releve, lu, false);
+  };
+  Preparer();
+  Ecrire();
+  redemarrer();
+  EXPECT_TRUE(ReprendreGenerique(dossier_.Chemin(), "ENQ").recit.empty()) << "a whole result is left in peace";
+  EXPECT_FALSE(std::filesystem::exists(releve));
+
+  Preparer();
+  Ecrire();
+  redemarrer();
+  const auto instant = std::filesystem::last_write_time(dossier_.Chemin() / "ENQ.BRT");
+  std::filesystem::resize_file(dossier_.Chemin() / "ENQ.BRT", 4096);
+  std::filesystem::last_write_time(dossier_.Chemin() / "ENQ.BRT", instant);
+  essai::EcrireOctets(dossier_.Chemin() / "ENQ.CDG", "corrig\xE9 par l'utilisateur");
+  const Reprise reprise = ReprendreGenerique(dossier_.Chemin(), "ENQ");
+  ASSERT_EQ(reprise.recit.size(), 4U);
+  EXPECT_EQ(reprise.recit[1],
+            "    il a 4096 octets, il devait en avoir 300000 ; il est mis de côté sous le nom ENQ.BRT.incomplet"_w);
+  EXPECT_FALSE(std::filesystem::exists(dossier_.Chemin() / "ENQ.BRT"));
+  EXPECT_TRUE(std::filesystem::exists(dossier_.Chemin() / "ENQ.CDG"));
+}
+
+// A scratch file that the stop of the machine has emptied cannot finish the set.
+TEST_F(Jeu, ACommitWhoseScratchFilesAreTornIsUndone) {
+  for (int appel = 1;; ++appel) {
+    Preparer();
+    if (WIFEXITED(EcrireAilleurs(appel, 0))) break;
+    const std::optional<Releve> lu = LireReleve(CheminDeReleve(dossier_.Chemin(), "ENQ"));
+    if (!lu || lu->etat != EtatDeReleve::EnCours) continue;
+    const bool nonPose = std::filesystem::exists(lu->entrees.front().provisoire) &&
+                         LireOctets(lu->entrees.front().cible) == avant_.at("ENQ.BRT");
+    if (!nonPose) continue;
+    std::filesystem::resize_file(lu->entrees.front().provisoire, 0);
+    const GeneriqueTenu tenu(dossier_.Chemin(), "ENQ", "ENQ.PRT");
+    ASSERT_EQ(tenu.Recit().size(), 3U);
+    EXPECT_EQ(tenu.Recit()[1],
+              "    elle a été annulée, ces fichiers sont ceux d'avant : ENQ.BRT ENQ.CDG ENQ.MOD ENQ.PEM"_w);
+    Contenu suite = Lire();
+    suite.erase(".ENQ.verrou");
+    EXPECT_TRUE(suite == avant_) << appel;
+    return;
+  }
+  FAIL() << "no kill before the first exchange";
+}
+
+TEST_F(Jeu, OneWriterAtATime) {
+  Preparer();
+  int tube[2];
+  ASSERT_EQ(pipe(tube), 0);
+  const pid_t enfant = fork();
+  if (enfant == 0) {
+    const GeneriqueTenu tenu(dossier_.Chemin(), "ENQ", "ENQ.TAP");
+    if (write(tube[1], "x", 1) != 1) _exit(1);
+    pause();
+    _exit(0);
+  }
+  char recu = 0;
+  ASSERT_EQ(read(tube[0], &recu, 1), 1);
+  try {
+    const JeuDeFichiers jeu(dossier_.Chemin(), "enq");
+    ADD_FAILURE() << "the generic was taken twice";
+  } catch (const Erreur& erreur) {
+    EXPECT_EQ(erreur.Numero(), kPermissionRefusee);
+    const std::string attendu = Joindre({"Le générique enq est en cours d'écriture par un autre programme (ENQ.TAP, "_w,
+                                         "processus ", std::to_string(enfant), " de "});
+    EXPECT_TRUE(erreur.Phrase().starts_with(attendu)) << erreur.Phrase();
+  }
+  ::kill(enfant, SIGKILL);
+  waitpid(enfant, nullptr, 0);
+  essai::EcrireOctets(dossier_.Chemin() / "ENQ.BRT.~1-1", "reste");
+  Ecrire();
+  EXPECT_TRUE(Lire() == apres_) << "the lock of a dead process is taken over, its scratch files are gone";
+}
+
+TEST_F(Jeu, AScratchNameIsNeverFollowed) {
+  const Chemin victime = dossier_.Chemin() / "victime";
+  essai::EcrireOctets(victime, "intacte");
+  Preparer();
+  essai::EcrireOctets(victime, "intacte");
+  // The next names of this process, whatever they are, are links.
+  for (int i = 1; i < 200; ++i)
+    std::filesystem::create_symlink(
+        victime, dossier_.Chemin() / ("ENQ.MOD.~" + std::to_string(getpid()) + "-" + std::to_string(i)));
+  Remplacement fichier(dossier_.Chemin(), "ENQ.MOD");
+  fichier.Fichier().Ecrire("neuf");
+  fichier.Valider();
+  EXPECT_EQ(LireOctets(victime), "intacte");
+  EXPECT_EQ(LireOctets(dossier_.Chemin() / "ENQ.MOD"), "neuf");
+}
+
+}  // namespace
+}  // namespace quelvar
