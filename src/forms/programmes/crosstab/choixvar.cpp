@@ -82,9 +82,7 @@ void ChoixVar::RelierOptions() {
   const auto cocher = [this](QAbstractButton* bouton, bool crosstab::EtatChoixVar::*membre) {
     connect(bouton, &QAbstractButton::toggled, this, [this, membre](bool coche) { etat_.*membre = coche; });
   };
-  const auto editer = [this](crosstab::ChoixEdition edition) {
-    crosstab::ChoisirEdition(etat_, edition, enquete_.individus, principal_.Ecran());
-  };
+  const auto editer = [this](crosstab::ChoixEdition edition) { crosstab::ChoisirEdition(etat_, edition); };
   choisir(ui_->BoutQvr2, [this] { crosstab::ChoisirDeuxDimensions(etat_, principal_.Ecran()); });
   choisir(ui_->BoutTri3, [this] { crosstab::ChoisirTroisDimensions(etat_, principal_.Ecran()); });
   choisir(ui_->BoutSerie, [this] { crosstab::ChoisirUnSeul(etat_, false, principal_.Ecran()); });
