@@ -204,8 +204,7 @@ Programme ProgrammeCroise() {
              {{"compacte", 0}, {"etendue", 1}, {"triangulaire", 2}, {"compactee", 0}, {"large", 1}, {"trg", 2}},
              "édition étendue avec modalités, compactée, ou pour le graphique triangulaire (ajoute au .TRG)"_w,
              [](FormeCroise& forme, std::size_t rang) {
-               crosstab::ChoisirEdition(forme.etat, static_cast<crosstab::ChoixEdition>(rang), forme.enquete.individus,
-                                        forme.Ecran());
+               crosstab::ChoisirEdition(forme.etat, static_cast<crosstab::ChoixEdition>(rang));
              })
       .Parmi(
           "caracteres", "10|8", "10", {{"10", 10}, {"8", 8}},

@@ -8,7 +8,6 @@ namespace quelvar::crosstab {
 
 namespace {
 
-constexpr std::int64_t kIndividusEditionCompacte = 99999;
 constexpr int kNiveauAvance = 2;
 
 std::vector<bool>& Drapeaux(EtatChoixVar& etat, RoleQuestion role) {
@@ -104,17 +103,11 @@ void ChoisirUnSeul(EtatChoixVar& etat, bool unSeul, const Dialogue& dialogue) {
   Recompter(etat, dialogue);
 }
 
-void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition, std::int64_t individus, const Dialogue& dialogue) {
-  if (edition == ChoixEdition::Compacte && individus > kIndividusEditionCompacte) {
-    dialogue.demander(Joindre({"Une enquête dont l'effectif total est de"_w, Nombre(individus),
-                               " (>99999) ne peut être traitée qu'en édition étendue"_w}),
-                      Boutons::Ok);
-    edition = ChoixEdition::Etendue;
-  }
+void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition) {
   etat.edition = edition;
   if (edition == ChoixEdition::Compacte) etat.tailleVisible = false;
   else if (edition == ChoixEdition::Etendue) etat.tailleVisible = true;
-  else etat.triangulaire = true;
+  etat.triangulaire = edition == ChoixEdition::Triangulaire;
 }
 
 void ChoisirCaractere(EtatChoixVar& etat, int points) {

@@ -30,7 +30,7 @@ struct EtatChoixVar {
   bool nonReponses = true;                       // BoutNROui; else BoutNRNon
   bool detailKhi2 = false;                       // CaseDetKhi2
   ChoixEdition edition = ChoixEdition::Etendue;  // EditCompact, EditLarge, OptTRG
-  bool triangulaire = false;                     // set by OptTRG, never cleared
+  bool triangulaire = false;                     // OptTRG, until another edition is chosen
   bool tailleVisible = true;                     // FrmTaille
   int colonnesParPage = 5;
   int lignesParPage = 18;
@@ -63,8 +63,8 @@ void ToutEffacer(EtatChoixVar& etat, const Dialogue& dialogue);
 void ChoisirDeuxDimensions(EtatChoixVar& etat, const Dialogue& dialogue);
 void ChoisirTroisDimensions(EtatChoixVar& etat, const Dialogue& dialogue);
 void ChoisirUnSeul(EtatChoixVar& etat, bool unSeul, const Dialogue& dialogue);
-// Beyond 99999 individuals the compact edition is refused with a box and the wide one takes its place.
-void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition, std::int64_t individus, const Dialogue& dialogue);
+// Cells are as wide as the largest count wants them, so that no size of a survey shuts an edition out.
+void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition);
 // The two character sizes: 10 points make pages of 5 columns and 18 rows, 8 points pages of 6 and 24.
 void ChoisirCaractere(EtatChoixVar& etat, int points);
 // Ticked, asks before it empties existing files; a refusal clears and disables the box. Raises 61, 70 or 75.

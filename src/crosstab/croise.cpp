@@ -2,11 +2,12 @@
 
 #include <algorithm>
 
+#include "core/texte/nombres.h"
+#include "crosstab/sorties.h"
+
 namespace quelvar::crosstab {
 
 namespace {
-
-constexpr int kLargeurCelluleIsolee = 5;
 
 // One table of the request with what it is printed from.
 struct Triple {
@@ -41,42 +42,9 @@ class Impression {
   const EnqueteCroisee& enquete_;
   const DemandeCroise& demande_;
   std::vector<std::vector<std::string>> intitules_;  // of each question, made when first needed
-  std::vector<std::string> lignesTrg_;
+  AjoutTrg trg_;
   ResultatLancement resultat_;
 };
-
-void EcrireTableauIsole(const Contexte& contexte, const TableauTitre& titre) {
-  const TableauCroise& t = titre.tableau;
-  const auto lignes = static_cast<double>(t.lignes.size());
-  const auto colonnes = static_cast<double>(t.colonnes.size());
-  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
-  mod.Fichier().Ligne(contexte.generique);
-  mod.Fichier().Ligne(Joindre({"Li=", NombreFixe(lignes, 3, 0), " Co=", NombreFixe(lignes + colonnes, 3, 0), " La=5"}));
-  for (const std::size_t j : t.colonnes) mod.Fichier().Ligne(CadreGauche(titre.IntituleColonne(j), 4));
-  mod.Fichier().FinDeLigne();
-
-  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
-  for (const std::size_t i : t.lignes) {
-    brt.Fichier().Ecrire(CadreGauche(titre.IntituleLigne(i), 4));
-    for (const std::size_t j : t.colonnes)
-      brt.Fichier().Ecrire(NombreFixe(t.effectifs(i, j), kLargeurCelluleIsolee, 0));
-    brt.Fichier().FinDeLigne();
-  }
-  mod.Valider();
-  brt.Valider();
-}
-
-// The former lines, then these, each a line of its own.
-void AjouterAuTrg(const Contexte& contexte, const std::vector<std::string>& lignes) {
-  if (lignes.empty()) return;
-  const std::optional<Chemin> ancien = contexte.Chercher(".TRG");
-  const std::string octets = ancien ? LireOctets(*ancien) : std::string();
-  Remplacement trg(contexte.repertoire, contexte.Nom(".TRG"));
-  trg.Fichier().Ecrire(octets);
-  if (!octets.empty() && octets.back() != '\n') trg.Fichier().FinDeLigne();
-  for (const std::string& ligne : lignes) trg.Fichier().Ligne(ligne);
-  trg.Valider();
-}
 
 // Individuals without an answer to the row or to the column question leave the table.
 void OterNonReponses(Matrice& effectifs) {
@@ -127,10 +95,9 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
   if (edition == Edition::Etendue)
     EcrireEditionEtendue(rapport_, titre, FormatDesEffectifs(enquete_), demande_.edition);
   else EcrireEditionCompacte(rapport_, titre, edition, demande_.ordre.pourPem);
-  if (edition == Edition::DeuxBandes || edition == Edition::Triangulaire)
-    for (std::string& ligne : LignesTriangulaires(tableau, triple.ligne)) lignesTrg_.push_back(std::move(ligne));
+  if (edition == Edition::DeuxBandes || edition == Edition::Triangulaire) RetenirPourTrg(trg_, enquete_, titre);
   if (demande_.tableauIsole && !resultat_.isoleEcrit) {
-    EcrireTableauIsole(contexte_, titre);
+    EcrireTableauIsole(contexte_, enquete_, titre);
     resultat_.isoleEcrit = true;
   }
   if (demande_.retenir)
@@ -138,7 +105,8 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
                                      triple.ligne,
                                      triple.colonne,
                                      {triple.intitulesLignes.begin(), triple.intitulesLignes.end()},
-                                     {triple.intitulesColonnes.begin(), triple.intitulesColonnes.end()}};
+                                     {triple.intitulesColonnes.begin(), triple.intitulesColonnes.end()},
+                                     demande_.ordre.pourPem};
 }
 
 void Impression::CroiserTrois(std::size_t filtre, std::size_t ligne, std::size_t colonne) {
@@ -159,7 +127,10 @@ ResultatLancement Impression::Imprimer() {
   for (const std::size_t filtre : filtres)
     for (const std::size_t ligne : demande_.lignes)
       for (const std::size_t colonne : demande_.colonnes) CroiserTrois(filtre, ligne, colonne);
-  AjouterAuTrg(contexte_, lignesTrg_);
+  AjouterAuTrg(contexte_, trg_);
+  if (demande_.edition.triangulaire && trg_.tableauxRefuses > 0)
+    rapport_.Ligne({"Tableau(x) sans trois colonnes, non ajouté(s) au fichier "_w, contexte_.Nom(".TRG"), " :",
+                    NombreNu(trg_.tableauxRefuses)});
   return std::move(resultat_);
 }
 

@@ -35,6 +35,7 @@ struct TableauRetenu {
   QuestionCroisee colonne;
   std::vector<std::string> intitulesLignes;  // by code
   std::vector<std::string> intitulesColonnes;
+  bool ordrePem = false;  // rows and columns stand in the order of the first axis
 };
 
 struct ResultatLancement {

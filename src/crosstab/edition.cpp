@@ -1,5 +1,6 @@
 #include "crosstab/edition.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quelvar::crosstab {
@@ -11,7 +12,9 @@ constexpr int kLargeurPem = 7;
 
 std::int64_t EnDixiemes(double valeur) { return static_cast<std::int64_t>(std::floor(10 * valeur + 0.5)); }
 
-std::string TexteKhi2(double khi2) { return khi2 < 3000 ? NombreFixe(khi2, 4, 1) : NombreFixe(khi2, 7, 0); }
+std::string TexteKhi2(double khi2) {
+  return khi2 < 3000 ? NombreFixe(khi2, 4, 1) : NombreFixe(khi2, LargeurDesEffectifs(khi2, 0, 8) - 1, 0);
+}
 
 std::string TexteProba(const ProbabiliteKhi2& proba) {
   return Joindre({" Prob.= ", NombreFixe(1 - proba.p, 1, 3), " ", proba.marque});
@@ -81,6 +84,10 @@ std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const
     points.push_back(Joindre({point, " ", nom}));
   }
   return points;
+}
+
+int LargeurDesEffectifs(double maximum, int decimales, int minimum) {
+  return std::max(minimum, static_cast<int>(NombreFixe(maximum, 0, decimales).size()) + 1);
 }
 
 std::string TextePourcentage(double pourcentage) { return Dixiemes(EnDixiemes(pourcentage), kLargeurPourcentage); }

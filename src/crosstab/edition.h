@@ -71,6 +71,10 @@ void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, FormatEff
 // name again.
 std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const QuestionCroisee& ligne);
 
+// Columns of a count in a table whose counts go up to `maximum`: those of the largest and one blank, at least
+// `minimum`.
+int LargeurDesEffectifs(double maximum, int decimales, int minimum);
+
 // A percentage with one decimal, rounded half up, in 5 places.
 std::string TextePourcentage(double pourcentage);
 

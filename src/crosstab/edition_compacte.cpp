@@ -6,19 +6,34 @@ namespace quelvar::crosstab {
 namespace {
 
 constexpr std::size_t kLargeurEtiquette = 5;
+constexpr int kLargeurEffectif = 5;
 constexpr std::string_view kTotalLigne = " TOT ";
 constexpr std::string_view kCent = " 100 ";
 
 // Writes the compact bands of one table: each method adds a piece of the current line.
 class BandesCompactes {
  public:
-  BandesCompactes(Rapport& rapport, const TableauTitre& titre) : rapport_(rapport), titre_(titre), t_(titre.tableau) {
+  BandesCompactes(Rapport& rapport, const TableauTitre& titre)
+      : rapport_(rapport),
+        titre_(titre),
+        t_(titre.tableau),
+        largeur_(LargeurDesEffectifs(t_.marges.total, 0, kLargeurEffectif)) {
     for (const std::size_t j : t_.colonnes) {
       noms_ += Joindre({" ", titre.colonne.nom, " "});
       codes_ += Joindre({" ", CodeCaractere(t_.codesColonnes[j]), "   "});
       intitules_ += CadreGauche(CadreGauche(titre.IntituleColonne(j), kLargeurEtiquette - 1), kLargeurEtiquette);
     }
   }
+
+  // A heading of 5 columns a column, each moved to the right as the counts under it are wider than that.
+  std::string SurEffectifs(const std::string& enTete) const {
+    std::string large;
+    for (std::size_t i = 0; i < enTete.size(); i += kLargeurEtiquette)
+      large += Elargissement() + enTete.substr(i, kLargeurEtiquette);
+    return large;
+  }
+  std::string EcartDuTotal() const { return Elargissement(); }
+  std::string TotalSurEffectifs() const { return Elargissement() + "TOT"; }
 
   const std::string& Noms() const { return noms_; }
   const std::string& Codes() const { return codes_; }
@@ -61,19 +76,21 @@ class BandesCompactes {
   }
 
  private:
-  void Effectif(double effectif) { rapport_.Suite(NombreFixe(effectif, 5, 0)); }
+  std::string Elargissement() const { return std::string(static_cast<std::size_t>(largeur_ - kLargeurEffectif), ' '); }
+  void Effectif(double effectif) { rapport_.Suite(NombreFixe(effectif, largeur_, 0)); }
 
   Rapport& rapport_;
   const TableauTitre& titre_;
   const TableauCroise& t_;
+  int largeur_;
   std::string noms_, codes_, intitules_;
 };
 
 void EcrireTroisBandes(Rapport& rapport, const TableauTitre& titre, bool ordrePem) {
   BandesCompactes bandes(rapport, titre);
   const std::string& enTetes = ordrePem ? bandes.Intitules() : bandes.Codes();
-  rapport.Ligne({" COL:", bandes.Noms()});
-  rapport.Ligne({"Modal.  ", enTetes, "TOT"});
+  rapport.Ligne({" COL:", bandes.SurEffectifs(bandes.Noms())});
+  rapport.Ligne({"Modal.  ", bandes.SurEffectifs(enTetes), bandes.TotalSurEffectifs()});
   for (const std::size_t i : titre.tableau.lignes) {
     bandes.Etiquette(titre.IntituleLigne(i));
     bandes.Effectifs(i);
@@ -102,10 +119,10 @@ void EcrireTroisBandes(Rapport& rapport, const TableauTitre& titre, bool ordrePe
 void EcrireBandeDouble(Rapport& rapport, const TableauTitre& titre, Edition edition) {
   BandesCompactes bandes(rapport, titre);
   const bool signesACote = edition == Edition::UneBande;
-  rapport.Suite({"  COL: ", bandes.Noms(), "       ", bandes.Noms()});
+  rapport.Suite({"  COL: ", bandes.SurEffectifs(bandes.Noms()), bandes.EcartDuTotal(), "       ", bandes.Noms()});
   if (signesACote) rapport.Suite({"          ", bandes.Noms()});
   rapport.Ligne();
-  rapport.Suite({"Modal.  ", bandes.Codes(), "TOT    ", bandes.Codes()});
+  rapport.Suite({"Modal.  ", bandes.SurEffectifs(bandes.Codes()), bandes.TotalSurEffectifs(), "    ", bandes.Codes()});
   if (signesACote) rapport.Suite({"TOT       ", bandes.Codes()});
   else rapport.Suite(" TOT");
   rapport.Ligne();

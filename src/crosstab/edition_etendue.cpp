@@ -11,18 +11,30 @@ constexpr std::int64_t kIndividusSurCinqPlaces = 99999;
 constexpr std::string_view kTotalEnLigne = "   Total      en ligne";
 constexpr std::string_view kTotalEnColonne = "   Total     en colonne";
 
-std::string TexteEffectif(double effectif, FormatEffectif format) {
+// Columns of a count before any widening.
+int LargeurUsuelle(FormatEffectif format) {
   switch (format) {
-    case FormatEffectif::Pondere: return NombreFixe(effectif, 4, 1) + " ";
-    case FormatEffectif::GrandEntier: return NombreFixe(effectif, 7, 0);
+    case FormatEffectif::Pondere: return 6;
+    case FormatEffectif::GrandEntier: return 7;
     case FormatEffectif::Entier: break;
   }
-  return NombreFixe(effectif, 5, 0) + "  ";
+  return 5;
 }
 
-std::string TexteContribution(double contribution) {
-  if (contribution < 1000) return NombreFixe(contribution, 3, 1) + " ";
-  return contribution < 100000 ? NombreFixe(contribution, 5, 0) + " " : NombreFixe(contribution, 6, 0);
+// A count, `supplement` columns wider than usual.
+std::string TexteEffectif(double effectif, FormatEffectif format, int supplement) {
+  switch (format) {
+    case FormatEffectif::Pondere: return NombreFixe(effectif, 4 + supplement, 1) + " ";
+    case FormatEffectif::GrandEntier: return NombreFixe(effectif, 7 + supplement, 0);
+    case FormatEffectif::Entier: break;
+  }
+  return NombreFixe(effectif, 5 + supplement, 0) + "  ";
+}
+
+std::string TexteContribution(double contribution, int supplement) {
+  if (contribution < 1000) return NombreFixe(contribution, 3 + supplement, 1) + " ";
+  return contribution < 100000 ? NombreFixe(contribution, 5 + supplement, 0) + " "
+                               : NombreFixe(contribution, 6 + supplement, 0);
 }
 
 std::string_view PremiereLigne(std::string_view intitule) { return Milieu(intitule, 1, kLargeurCellule); }
@@ -38,13 +50,22 @@ struct Grille {
   std::vector<AttractionLocale> attractions;
   std::size_t lignes;
   std::size_t colonnes;
+  int supplement;  // columns that the cells are wider than usual, for counts and contributions that want them
 
   Grille(const TableauTitre& t, FormatEffectif f)
       : titre(t),
         format(f),
         attractions(AttractionsLocales(t.tableau)),
         lignes(t.tableau.lignes.size()),
-        colonnes(t.tableau.colonnes.size()) {}
+        colonnes(t.tableau.colonnes.size()),
+        supplement(std::max(
+            LargeurDesEffectifs(t.tableau.marges.total, f == FormatEffectif::Pondere ? 1 : 0, LargeurUsuelle(f)) -
+                LargeurUsuelle(f),
+            LargeurDesEffectifs(t.tableau.khi2, 0, 7) - 7)) {}
+
+  std::string Effectif(double effectif) const { return TexteEffectif(effectif, format, supplement); }
+  std::string Contribution(double contribution) const { return TexteContribution(contribution, supplement); }
+  int LargeurCellule() const { return kLargeurCellule + supplement; }
 
   std::string_view IntituleLigne(std::size_t i) const {
     return i < lignes ? std::string_view(titre.IntituleLigne(titre.tableau.lignes[i])) : kTotalEnColonne;
@@ -59,13 +80,13 @@ std::string PremiereMoitie(const Grille& grille, std::size_t i, std::size_t j) {
   const TableauCroise& t = grille.titre.tableau;
   if (i < grille.lignes) {
     const std::size_t ligne = t.lignes[i];
-    if (j == grille.colonnes) return TexteEffectif(t.marges.lignes[ligne], grille.format) + "  100";
+    if (j == grille.colonnes) return grille.Effectif(t.marges.lignes[ligne]) + "  100";
     const std::size_t colonne = t.colonnes[j];
-    return TexteEffectif(t.effectifs(ligne, colonne), grille.format) + TextePourcentage(t.pourcentages(ligne, colonne));
+    return grille.Effectif(t.effectifs(ligne, colonne)) + TextePourcentage(t.pourcentages(ligne, colonne));
   }
-  if (j == grille.colonnes) return TexteEffectif(t.marges.total, grille.format) + "  100";
+  if (j == grille.colonnes) return grille.Effectif(t.marges.total) + "  100";
   const std::size_t colonne = t.colonnes[j];
-  return TexteEffectif(t.marges.colonnes[colonne], grille.format) + TextePourcentage(t.partsColonnes[colonne]);
+  return grille.Effectif(t.marges.colonnes[colonne]) + TextePourcentage(t.partsColonnes[colonne]);
 }
 
 // Contribution to the chi-square and local PEM, with the sign that closes the cell.
@@ -74,13 +95,13 @@ std::string SecondeMoitie(const Grille& grille, std::size_t i, std::size_t j) {
   if (i < grille.lignes) {
     const std::size_t ligne = t.lignes[i];
     if (j == grille.colonnes)
-      return TexteContribution(t.contributionsLignes[ligne]) + NombreFixe(t.partsLignes[ligne], 4, 1) + "|";
+      return grille.Contribution(t.contributionsLignes[ligne]) + NombreFixe(t.partsLignes[ligne], 4, 1) + "|";
     const AttractionLocale& attraction = grille.attractions[i * grille.colonnes + j];
-    return TexteContribution(t.contributions(ligne, t.colonnes[j])) + NombreFixe(attraction.pem, 4, 1) +
+    return grille.Contribution(t.contributions(ligne, t.colonnes[j])) + NombreFixe(attraction.pem, 4, 1) +
            (attraction.khi2 > kSeuilAttraction ? "*" : "|");
   }
-  if (j == grille.colonnes) return TexteContribution(t.khi2) + "   100|";
-  return TexteContribution(t.contributionsColonnes[t.colonnes[j]]) + "      |";
+  if (j == grille.colonnes) return grille.Contribution(t.khi2) + "   100|";
+  return grille.Contribution(t.contributionsColonnes[t.colonnes[j]]) + "      |";
 }
 
 // Ranks from `premier` to before `fin`.
@@ -89,24 +110,24 @@ struct Tranche {
   std::size_t fin;
 };
 
-void EcrireFilet(Rapport& rapport, const Tranche& colonnes) {
-  static const std::string morceau = std::string(kLargeurCellule, '-') + "+";
-  rapport.Suite({"+", morceau});
+void EcrireFilet(Rapport& rapport, const Grille& grille, const Tranche& colonnes) {
+  const std::string morceau = std::string(static_cast<std::size_t>(grille.LargeurCellule()), '-') + "+";
+  rapport.Suite({"+", std::string(kLargeurCellule, '-'), "+"});
   for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport.Suite(morceau);
   rapport.Ligne();
 }
 
 void EcrireEnTeteDePage(Rapport& rapport, const Grille& grille, const Tranche& colonnes) {
-  EcrireFilet(rapport, colonnes);
+  EcrireFilet(rapport, grille, colonnes);
   rapport.Suite("|N=    %Ligne|");
   for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
-    rapport.Suite({CadreGauche(PremiereLigne(grille.IntituleColonne(j)), kLargeurCellule), "|"});
+    rapport.Suite({CadreGauche(PremiereLigne(grille.IntituleColonne(j)), grille.LargeurCellule()), "|"});
   rapport.Ligne();
   rapport.Suite("|Khi2 %Attrac|");
   for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
-    rapport.Suite({CadreGauche(SecondeLigne(grille.IntituleColonne(j)), kLargeurCellule), "|"});
+    rapport.Suite({CadreGauche(SecondeLigne(grille.IntituleColonne(j)), grille.LargeurCellule()), "|"});
   rapport.Ligne();
-  EcrireFilet(rapport, colonnes);
+  EcrireFilet(rapport, grille, colonnes);
 }
 
 void EcrirePage(Rapport& rapport, const Grille& grille, const Tranche& lignes, const Tranche& colonnes) {
@@ -118,7 +139,7 @@ void EcrirePage(Rapport& rapport, const Grille& grille, const Tranche& lignes, c
     rapport.Suite({"|", CadreGauche(SecondeLigne(grille.IntituleLigne(i)), kLargeurCellule), "|"});
     for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport.Suite(SecondeMoitie(grille, i, j));
     rapport.Ligne();
-    EcrireFilet(rapport, colonnes);
+    EcrireFilet(rapport, grille, colonnes);
   }
   for (int k = 0; k < 3; ++k) rapport.Ligne();
 }

@@ -77,7 +77,7 @@ DonneesGraphe2 PreparerGraphe2(const TableauRetenu& retenu) {
   const TableauCroise& t = retenu.tableau;
   DonneesGraphe2 donnees;
   donnees.titre = Joindre({retenu.ligne.NomLong(), " et ", retenu.colonne.NomLong()});
-  donnees.pem = t.pem;
+  if (retenu.ordrePem) donnees.pem = t.pem;
   donnees.lignes =
       Elements(t.lignes, t.codesLignes, t.partsLignes, NomsDeModalites(retenu.ligne), retenu.intitulesLignes);
   donnees.colonnes =
@@ -137,7 +137,9 @@ void Reinitialiser(EtatGraphe2& etat) {
 }
 
 std::string TexteEchelle(const EtatGraphe2& etat) {
-  return Joindre({"Echelle=", Nombre(etat.valeurEchelle), " PEM=", Rogner(TextePourcentage(etat.donnees.pem)), "% "});
+  const std::string echelle = Joindre({"Echelle=", Nombre(etat.valeurEchelle), " "});
+  if (!etat.donnees.pem) return echelle;
+  return Joindre({echelle, "PEM=", Rogner(TextePourcentage(*etat.donnees.pem)), "% "});
 }
 
 std::string TexteFenetre(const EtatGraphe2& etat) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,7 @@ struct BandeGraphe2 {
 
 struct DonneesGraphe2 {
   std::string titre;
-  double pem = 0;                      // percent
+  std::optional<double> pem;           // percent; none in the original order, where it says nothing of the picture
   std::vector<ElementGraphe2> lignes;  // not empty, in their final order
   std::vector<ElementGraphe2> colonnes;
   BandeGraphe2 observe;
@@ -75,7 +76,7 @@ void ChangerValeur(EtatGraphe2& etat, bool plus);
 // The initial drawing again.
 void Reinitialiser(EtatGraphe2& etat);
 
-// Title line of the scale: "Echelle=10 PEM=41.2% ".
+// Title line of the scale: "Echelle=10 PEM=41.2% ", or "Echelle=10 " in the original order.
 std::string TexteEchelle(const EtatGraphe2& etat);
 // Limits of the window in units, on two lines: "xi=0 Xa=135", "yi=0 ya=216".
 std::string TexteFenetre(const EtatGraphe2& etat);

@@ -22,6 +22,7 @@ QuestionCroisee Question(std::string nom, std::string intitule, int plafond) {
 TableauRetenu Retenu(const Matrice& effectifs, bool ordre = false) {
   TableauRetenu retenu;
   retenu.tableau = AnalyserTableau(effectifs, {.pourPem = ordre});
+  retenu.ordrePem = ordre;
   retenu.ligne = Question("SEX", "Sexe", static_cast<int>(effectifs.Lignes()) - 1);
   retenu.colonne = Question("AGE", "", static_cast<int>(effectifs.Colonnes()) - 1);
   retenu.intitulesLignes = NomsDeModalites(retenu.ligne);
@@ -59,7 +60,9 @@ TEST(Graphe2, ListeEtBornes) {
   std::vector<std::string> textes;
   for (const EntreeGraphe2& entree : etat.entrees) textes.push_back(entree.texte);
   EXPECT_EQ(textes, (std::vector<std::string>{"Sexe et AGE", "Echelle=", "SEX1", "SEX2", "AGE1", "AGE3", "Femmes"}));
-  EXPECT_EQ(TexteEchelle(etat), "Echelle=10 PEM=50.0% ");
+  EXPECT_EQ(TexteEchelle(etat), "Echelle=10 ");
+  retenu.ordrePem = true;
+  EXPECT_EQ(TexteEchelle(NouveauGraphe2(PreparerGraphe2(retenu))), "Echelle=10 PEM=50.0% ");
   ChangerValeur(etat, true);
   EXPECT_EQ(etat.valeurEchelle, 20);
   for (int k = 0; k < 9; ++k) ChangerValeur(etat, false);

@@ -79,9 +79,7 @@ void ChoixVar::RelierOptions() {
   const auto cocher = [this](QAbstractButton* bouton, bool crosstab::EtatChoixVar::*membre) {
     connect(bouton, &QAbstractButton::toggled, this, [this, membre](bool coche) { etat_.*membre = coche; });
   };
-  const auto editer = [this](crosstab::ChoixEdition edition) {
-    crosstab::ChoisirEdition(etat_, edition, enquete_.individus, services_.ecran);
-  };
+  const auto editer = [this](crosstab::ChoixEdition edition) { crosstab::ChoisirEdition(etat_, edition); };
   choisir(ui_->BoutQvr2, [this] { crosstab::ChoisirDeuxDimensions(etat_, services_.ecran); });
   choisir(ui_->BoutTri3, [this] { crosstab::ChoisirTroisDimensions(etat_, services_.ecran); });
   choisir(ui_->BoutSerie, [this] { crosstab::ChoisirUnSeul(etat_, false, services_.ecran); });
