@@ -39,6 +39,8 @@ const std::vector<Programme>& Programmes() {
       ProgrammeAnecar(),
       ProgrammeWardCoupe(),
       ProgrammeGraphe(),
+      ProgrammeModifModR(),
+      ProgrammeAnatab(),
       ProgrammeTriFichier(),
       // clang-format on
   };

@@ -153,12 +153,14 @@ class Description {
 const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
+Programme ProgrammeAnatab();
 Programme ProgrammeAnecar();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
 Programme ProgrammeGraphe();
 Programme ProgrammeImportCsv();
 Programme ProgrammeModifMod();
+Programme ProgrammeModifModR();
 Programme ProgrammeNomeMod();
 Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
