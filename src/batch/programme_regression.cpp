@@ -2,6 +2,7 @@
 #include "batch/programmes.h"
 #include "regression/anatab/anatab.h"
 #include "regression/modifmodr.h"
+#include "regression/reglin/reglin.h"
 
 namespace quelvar::batch {
 
@@ -24,8 +25,7 @@ Programme ProgrammeModifModR() {
                         regression::ModifModR)
       .Libre("expliquer", "NOM", "", "modalité à expliquer ; les autres de sa question sont mises à blanc"_w,
              PoserCodes(O::Action::Genre::Expliquer))
-      .Libre("reference", "NOM,NOM...", "",
-             "modalités de référence ; les autres de leur question sont explicatives"_w,
+      .Libre("reference", "NOM,NOM...", "", "modalités de référence ; les autres de leur question sont explicatives"_w,
              PoserCodes(O::Action::Genre::Reference))
       .Libre("intitule", "NOM=TEXTE", "", "intitulé d'une modalité ; peut être répété"_w,
              [](O& options, const std::string& valeur) {
@@ -38,6 +38,12 @@ Programme ProgrammeAnatab() {
   return Description<SansOption>(
       "anatab", "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique"_w,
       [](const Contexte& contexte, const SansOption&) { return regression::Anatab(contexte); });
+}
+
+Programme ProgrammeReglin() {
+  return Description<SansOption>(
+      "reglin", "Régression linéaire d'une variable numérique sur d'autres"_w,
+      [](const Contexte& contexte, const SansOption&) { return regression::Reglin(contexte); });
 }
 
 }  // namespace quelvar::batch

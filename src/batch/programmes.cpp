@@ -41,6 +41,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeGraphe(),
       ProgrammeModifModR(),
       ProgrammeAnatab(),
+      ProgrammeReglin(),
       ProgrammeTriFichier(),
       // clang-format on
   };

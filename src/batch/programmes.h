@@ -166,6 +166,7 @@ Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
 Programme ProgrammePrepRecod();
 Programme ProgrammeRecodage();
+Programme ProgrammeReglin();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();
