@@ -46,6 +46,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeSaisieMot(),
       ProgrammeTabMot(),
       ProgrammeTriFichier(),
+      ProgrammeProfilMod(),
       ProgrammeTri(),
       ProgrammeExportCsv(),
       ProgrammeExporter(),
