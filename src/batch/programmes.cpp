@@ -46,6 +46,8 @@ const std::vector<Programme>& Programmes() {
       ProgrammeSaisieMot(),
       ProgrammeTabMot(),
       ProgrammeTriFichier(),
+      ProgrammeTriang(),
+      ProgrammeModifBurt(),
       ProgrammeProfilMod(),
       ProgrammeTri(),
       ProgrammeExportCsv(),
