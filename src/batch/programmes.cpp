@@ -45,6 +45,8 @@ const std::vector<Programme>& Programmes() {
       ProgrammePrepText(),
       ProgrammeSaisieMot(),
       ProgrammeTabMot(),
+      ProgrammeSuplMot(),
+      ProgrammeTabMotAgreg(),
       ProgrammeTriFichier(),
       ProgrammeTri(),
       ProgrammeExportCsv(),
