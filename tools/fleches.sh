@@ -15,7 +15,7 @@ declare -A PERMIS=(
   [modalities]="core crosstab"
   [factor]="core crosstab tables"
   [regression]="core crosstab tables"
-  [text]="core utilities"
+  [text]="core factor utilities"
   [batch]="core sorts capture crosstab tables modalities factor regression text utilities"
   [forms]="core sorts capture crosstab tables modalities factor regression text utilities"
 )

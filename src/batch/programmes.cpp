@@ -48,6 +48,8 @@ const std::vector<Programme>& Programmes() {
       ProgrammeModifModR(),
       ProgrammeAnatab(),
       ProgrammeReglin(),
+      ProgrammeSuplMot(),
+      ProgrammeTabMotAgreg(),
       ProgrammeTriFichier(),
       ProgrammeTriang(),
       ProgrammeModifBurt(),

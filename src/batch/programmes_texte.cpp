@@ -1,5 +1,7 @@
 #include "batch/programmes.h"
 #include "text/decoupage/saisiemot.h"
+#include "text/gestion/agregation.h"
+#include "text/gestion/suplmot.h"
 #include "text/preparation/preptext.h"
 #include "text/tableau/tabmot.h"
 
@@ -19,6 +21,33 @@ Fin LancerSaisieMot(const Contexte& contexte, const text::OptionsSaisieMot& opti
   contexte.Ecran().biper();
   contexte.Ecran().demander(refus, Boutons::Ok);
   return Fin::Arret;
+}
+
+// "NOM=TEXTE" in two, whatever the length of the name.
+std::pair<std::string, std::string> AvantEtApres(const std::string& option, const std::string& valeur) {
+  const std::size_t egal = valeur.find('=');
+  if (egal == std::string::npos)
+    throw UsageIncorrect(Joindre({"l'option ", option, " attend NOM=TEXTE et non \"", valeur, "\""}));
+  return {valeur.substr(0, egal), valeur.substr(egal + 1)};
+}
+
+// frequence, alphabetique or facteurN, then the order behind a comma.
+text::TriDeLignes LireTri(const std::string& valeur) {
+  const std::vector<std::string> mots = NomsSepares(valeur);
+  const std::string cle = mots.empty() ? std::string() : Minuscules(mots.front());
+  const std::string ordre = mots.size() > 1 ? Minuscules(mots[1]) : "croissant";
+  text::TriDeLignes tri;
+  if (cle == "alphabetique") tri.cle = text::CleDeLignes::Intitule;
+  else if (cle.starts_with("facteur")) tri.cle = text::CleDeLignes::Facteur;
+  if ((tri.cle == text::CleDeLignes::Frequence && cle != "frequence") || mots.size() > 2 ||
+      (ordre != "croissant" && ordre != "decroissant"))
+    throw UsageIncorrect(
+        Joindre({"l'option tri attend frequence, alphabetique ou facteurN, puis ,croissant ou "
+                 ",decroissant et non \"",
+                 valeur, "\""}));
+  if (tri.cle == text::CleDeLignes::Facteur) tri.facteur = ValeurDe(cle.substr(7));
+  if (ordre == "decroissant") tri.sens = utilities::SensDeTri::Decroissant;
+  return tri;
 }
 
 // An option button of the form: "oui" takes it, "non" changes nothing.
@@ -106,6 +135,50 @@ Programme ProgrammeTabMot() {
       .Libre("themes", "oui|non", "selon les mots", "mots qui sont des thèmes : tableau de 0 et de 1"_w,
              [](O& options, const std::string& valeur) { options.themes = LireOuiNon("themes", valeur); })
       .Alias({"chkthemes"});
+}
+
+Programme ProgrammeSuplMot() {
+  using O = text::OptionsSuplMot;
+  using Genre = O::Action::Genre;
+  const auto statuts = [](Genre genre) {
+    return [genre](O& options, const std::string& valeur) {
+      for (const std::string& nom : NomsSepares(valeur)) options.actions.push_back({genre, nom});
+    };
+  };
+  const auto intitule = [](const char* option, Genre genre) {
+    return [=](O& options, const std::string& valeur) {
+      auto [nom, texte] = AvantEtApres(option, valeur);
+      options.actions.push_back({genre, std::move(nom), std::move(texte)});
+    };
+  };
+  return Description<O>("suplmot", "Gestion des colonnes et lignes d'un tableau (.BRT, .MOD)", text::SuplMot)
+      .Libre("colonnes-sup", "NOM,NOM...", "", "colonnes mises en supplémentaires"_w, statuts(Genre::ColonneSup))
+      .Alias({"listcolsuppl"})
+      .Libre("colonnes-actives", "NOM,NOM...", "", "colonnes mises en actives", statuts(Genre::ColonneActive))
+      .Libre("lignes-sup", "MOT,MOT...", "", "lignes mises en supplémentaires"_w, statuts(Genre::LigneSup))
+      .Alias({"listlignsuppl"})
+      .Libre("lignes-actives", "MOT,MOT...", "", "lignes mises en actives", statuts(Genre::LigneActive))
+      .Libre("intitule-colonne", "NOM=TEXTE", "", "intitulé d'une colonne ; peut être répété"_w,
+             intitule("intitule-colonne", Genre::IntituleColonne))
+      .Alias({"textmodcol"})
+      .Libre("intitule-ligne", "MOT=TEXTE", "", "intitulé d'une ligne ; peut être répété"_w,
+             intitule("intitule-ligne", Genre::IntituleLigne))
+      .Alias({"textmodlign"});
+}
+
+Programme ProgrammeTabMotAgreg() {
+  using O = text::OptionsTabMotAgreg;
+  return Description<O>("tabmotagreg", "Agrégation manuelle de lignes d'un tableau, sous un nouveau générique"_w,
+                        text::TabMotAgreg)
+      .Libre("agreger", "NOM=MOT,MOT...", "", "lignes réunies en une seule par sommation ; peut être répété"_w,
+             [](O& options, const std::string& valeur) {
+               auto [nom, lignes] = AvantEtApres("agreger", valeur);
+               options.actions.push_back({std::nullopt, std::move(nom), NomsSepares(lignes)});
+             })
+      .Alias({"btenreg"})
+      .Libre("tri", "frequence|alphabetique|facteurN[,decroissant]", "", "tri des lignes ; peut être répété"_w,
+             [](O& options, const std::string& valeur) { options.actions.push_back({LireTri(valeur)}); })
+      .Alias({"bttri"});
 }
 
 }  // namespace quelvar::batch

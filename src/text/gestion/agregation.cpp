@@ -1,0 +1,301 @@
+#include "text/gestion/agregation.h"
+
+#include <algorithm>
+#include <memory>
+#include <unordered_map>
+
+#include "core/session/session.h"
+#include "core/texte/nombres.h"
+#include "factor/coordonnees.h"
+#include "text/commun/generique_neuf.h"
+#include "text/tableau/sorties.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::string_view kTitre = "Agrégation des lignes d'un tableau"_w;
+constexpr std::string_view kAttention = "*** Attention ***";
+constexpr int kCle = 10;             // columns of a key
+constexpr int kFrequence = 4;        // columns
+constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
+constexpr std::size_t kMorceau = std::size_t{1} << 20;
+
+std::optional<FacteursDesLignes> LireFacteurs(const Contexte& contexte) {
+  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
+  const std::optional<Chemin> fai = contexte.Chercher(".FAI");
+  if (!faj || !fai) return std::nullopt;
+  LecteurLignes lecteur(*faj);
+  std::string_view premiere;
+  if (!lecteur.Lire(premiere)) return std::nullopt;
+  const factor::ElementsFactoriels lus = factor::LireFai(*fai, factor::FacteursDUneLigne(premiere));
+  FacteursDesLignes facteurs;
+  for (const std::string& intitule : lus.intitules) facteurs.intitules.emplace_back(Rogner(intitule));
+  for (std::size_t f = 0; f < lus.Facteurs(); ++f) {
+    std::vector<double>& contributions = facteurs.contributions.emplace_back();
+    for (std::size_t i = 0; i < lus.Nombre(); ++i)
+      contributions.push_back(lus.coordonnees(f, i) < 0 ? -lus.cpf(f, i) : lus.cpf(f, i));
+  }
+  return facteurs;
+}
+
+double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size_t largeur) {
+  return ValeurDe(std::string_view(ligne.cellules).substr(colonne * largeur, largeur));
+}
+
+struct Somme {
+  double frequence = 0;
+  std::vector<double> cellules;
+};
+
+Somme SommeDesMarquees(const TableGeree& table) {
+  Somme somme;
+  somme.cellules.resize(table.Colonnes());
+  for (const LigneDeTable& ligne : table.lignes) {
+    if (!ligne.marquee) continue;
+    somme.frequence += ValeurDe(ligne.nom);
+    for (std::size_t j = 0; j < somme.cellules.size(); ++j)
+      somme.cellules[j] += ValeurDeCellule(ligne, j, static_cast<std::size_t>(table.largeur));
+  }
+  return somme;
+}
+
+// Every cell in one more column.
+void Elargir(TableGeree& table) {
+  const auto largeur = static_cast<std::size_t>(table.largeur);
+  for (LigneDeTable& ligne : table.lignes) {
+    std::string cellules;
+    cellules.reserve(table.Colonnes() * (largeur + 1));
+    for (std::size_t j = 0; j < table.Colonnes(); ++j) {
+      cellules += ' ';
+      cellules += std::string_view(ligne.cellules).substr(j * largeur, largeur);
+    }
+    ligne.cellules = std::move(cellules);
+  }
+  ++table.largeur;
+}
+
+void DireLesMarquees(Agregation& agregation) {
+  for (const LigneDeTable& ligne : agregation.table.lignes)
+    if (ligne.marquee)
+      agregation.compteRendu.push_back(
+          Joindre({std::string(9, ' '), CadreGauche(ligne.nom, kFrequence), " ", Rogner(ligne.intitule)}));
+}
+
+// The name field of a merged row; more than it holds is told.
+std::string ChampDeFrequence(Agregation& agregation, double frequence) {
+  if (frequence > static_cast<double>(kFrequenceEcrite))
+    agregation.compteRendu.push_back(Joindre({"*** Attention : cette fréquence dépasse "_w, Nombre(kFrequenceEcrite),
+                                              ", que ses 4 colonnes du tableau portent à sa place"_w}));
+  return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kFrequence, 0);
+}
+
+// Key of each row for the sort asked for. Signed contributions are moved above zero, so that the order of their texts
+// is that of their values; a row that is not on the factor has a blank key.
+std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriDeLignes& tri) {
+  std::unordered_map<std::string_view, double> contributions;
+  if (tri.cle == CleDeLignes::Facteur) {
+    const auto f = static_cast<std::size_t>(tri.facteur) - 1;
+    for (std::size_t i = 0; i < agregation.facteurs->intitules.size(); ++i)
+      contributions.emplace(agregation.facteurs->intitules[i], agregation.facteurs->contributions[f][i]);
+  }
+  std::vector<utilities::CleDeTri> cles;
+  for (const LigneDeTable& ligne : agregation.table.lignes) {
+    const std::string_view intitule = Rogner(ligne.intitule);
+    switch (tri.cle) {
+      case CleDeLignes::Frequence: cles.push_back(utilities::CleDe(CadreDroit(Rogner(ligne.nom), kCle))); break;
+      case CleDeLignes::Intitule: cles.push_back(utilities::CleDe(CadreGauche(intitule, kCle))); break;
+      case CleDeLignes::Facteur: {
+        const auto trouvee = contributions.find(intitule);
+        cles.push_back(utilities::CleDe(trouvee == contributions.end() ? std::string()
+                                                                       : EntierDroit(kMilieu + trouvee->second, kCle)));
+      }
+    }
+  }
+  return cles;
+}
+
+bool AUneLigneDuTableau(const Agregation& agregation) {
+  const std::vector<std::string>& connus = agregation.facteurs->intitules;
+  return std::any_of(agregation.table.lignes.begin(), agregation.table.lignes.end(), [&](const LigneDeTable& ligne) {
+    return std::find(connus.begin(), connus.end(), Rogner(ligne.intitule)) != connus.end();
+  });
+}
+
+std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLignes& tri) {
+  if (tri.cle != CleDeLignes::Facteur) return {};
+  if (!agregation.facteurs || tri.facteur < 1 ||
+      tri.facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
+    return {std::string(kAttention), std::string("Le facteur demandé n'existe pas"_w)};
+  if (!AUneLigneDuTableau(agregation))
+    return {
+        std::string(kAttention),
+        std::string("Les coordonnées factorielles sont celles d'un autre tableau : aucune de ses lignes n'y est"_w)};
+  return {};
+}
+
+void Copier(const Chemin& source, Ecrivain& fichier) {
+  for (std::uintmax_t debut = 0;; debut += kMorceau) {
+    const std::string morceau = LireMorceau(source, debut, kMorceau);
+    fichier.Ecrire(morceau);
+    if (morceau.size() < kMorceau) return;
+  }
+}
+
+// The files of the new generic, put in place together; the parameter line of .MOD comes last.
+void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std::string& nouveau) {
+  Remplacement brt(contexte.repertoire, nouveau + ".brt");
+  EcrireLignesDeTable(brt.Fichier(), table.lignes);
+  brt.Achever();
+  std::vector<std::unique_ptr<Remplacement>> copies;
+  for (const std::string_view extension : {".DAT", ".POS"}) {
+    const std::optional<Chemin> source = contexte.Chercher(extension);
+    if (!source) continue;
+    copies.push_back(std::make_unique<Remplacement>(contexte.repertoire, nouveau + std::string(extension)));
+    Copier(*source, copies.back()->Fichier());
+    copies.back()->Achever();
+  }
+  ListeModalites mod = table.mod;
+  mod.titre = nouveau;
+  mod.parametres = ParametresDeTable(table.lignes.size(), table.Colonnes(), table.lignesSup, table.largeur);
+  for (const auto& copie : copies) copie->Valider();
+  brt.Valider();
+  EcrireListeModalites(contexte.repertoire, nouveau + ".MOD", mod);
+}
+
+void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agregation, const std::string& nouveau) {
+  EcrireNouveau(contexte, agregation.table, nouveau);
+  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  EcrireChangement(rapport, contexte, nouveau);
+}
+
+// Rows behind the merged one are supplementary by their number only: the user is told that they move.
+void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agregation) {
+  if (agregation.table.lignesSup <= 0) return;
+  contexte.Ecran().demander(
+      Joindre(
+          {"Ce tableau a ", Nombre(agregation.table.lignesSup),
+           " ligne(s) supplémentaire(s), les dernières : une ligne agrégée se met à la fin et devient supplémentaire "
+           "à la place d'une autre. Vérifiez-les dans la gestion des colonnes et lignes."_w}),
+      Boutons::Ok);
+}
+
+void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTabMotAgreg::Action& action,
+               Rapport& rapport) {
+  if (action.tri) {
+    const std::vector<std::string> fautes = TrierLignes(agregation, *action.tri, contexte.Ecran());
+    for (const std::string& ligne : fautes) rapport.Ligne(ligne);
+    if (!fautes.empty()) throw Erreur(kArretAnnonce);
+    return;
+  }
+  for (const std::string& nom : action.lignes)
+    agregation.table.lignes[TrouverLigne(agregation.table, nom, rapport)].marquee = true;
+  Agreger(agregation, action.intitule);
+}
+
+}  // namespace
+
+AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
+  AgregationOuverte resultat;
+  TableOuverte table = OuvrirTable(contexte);
+  resultat.message = std::move(table.message);
+  if (!resultat.message.empty()) return resultat;
+  resultat.ouverte = true;
+  resultat.agregation.table = std::move(table.table);
+  resultat.agregation.facteurs = LireFacteurs(contexte);
+  if (!resultat.agregation.facteurs)
+    resultat.message = {std::string(kAttention),
+                        std::string("Comme il n'existe pas encore de fichier des coordonnées factorielles des lignes, "
+                                    "le tri n'est pas possible par ce biais "_w)};
+  return resultat;
+}
+
+std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
+  TableGeree& table = agregation.table;
+  if (std::none_of(table.lignes.begin(), table.lignes.end(), [](const auto& ligne) { return ligne.marquee; })) {
+    agregation.compteRendu.emplace_back("*** Absence de traitement des lignes");
+    return "Il n'y a pas de mots à regrouper"_w;
+  }
+  DireLesMarquees(agregation);
+  const Somme somme = SommeDesMarquees(table);
+  const auto tropLarge = [&](double valeur) {
+    return EntierDroit(valeur, 1).size() > static_cast<std::size_t>(table.largeur);
+  };
+  while (std::any_of(somme.cellules.begin(), somme.cellules.end(), tropLarge)) {
+    agregation.compteRendu.emplace_back(
+        "*** Attention, le processus est réitéré pour tenir compte d'un effectif qui dépasse la largeur initiale"_w);
+    agregation.compteRendu.emplace_back("    de ce fait, des indications de regroupement sont dupliquées"_w);
+    Elargir(table);
+    DireLesMarquees(agregation);
+  }
+  agregation.compteRendu.push_back(Joindre({"Le regroupement des lignes précédentes a pour nom : "_w, intitule,
+                                            " Sa fréquence est de "_w, NombreNu(somme.frequence)}));
+  LigneDeTable regroupee{ChampDeFrequence(agregation, somme.frequence), {}, std::string(intitule), false};
+  for (const double cellule : somme.cellules) regroupee.cellules += EntierDroit(cellule, table.largeur);
+  std::erase_if(table.lignes, [](const LigneDeTable& ligne) { return ligne.marquee; });
+  table.lignes.push_back(std::move(regroupee));
+  agregation.modifiee = true;
+  return {};
+}
+
+std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Dialogue& ecran) {
+  std::vector<std::string> fautes = FauteDeTri(agregation, tri);
+  if (!fautes.empty()) return fautes;
+  const std::vector<std::uint32_t> ordre =
+      utilities::TriChaines(ClesDe(agregation, tri), tri.sens, [&](std::int64_t reste) {
+        ecran.montrerIteration(Joindre({"Il reste ", Nombre(reste), " à trier"_w}));
+      });
+  std::vector<LigneDeTable> triees;
+  triees.reserve(ordre.size());
+  for (const std::uint32_t rang : ordre) triees.push_back(std::move(agregation.table.lignes[rang]));
+  agregation.table.lignes = std::move(triees);
+  return fautes;
+}
+
+std::string RefusDeTerminer(const Agregation& agregation) {
+  if (agregation.modifiee) return {};
+  return Joindre({"*** Erreur ***\r\n", "Il n'y a pas de nouveau fichier créé. Annulez pour sortir"_w});
+}
+
+Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, std::string& nouveau) {
+  nouveau = ChoisirGeneriqueNeuf(contexte);
+  if (nouveau.empty()) return Fin::Arret;
+  PrevenirDesSupplementaires(contexte, agregation);
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    EcrireBandeau(rapport, kTitre);
+    for (const std::string& ligne : agregation.compteRendu) rapport.Ligne(ligne);
+    Terminer(rapport, contexte, agregation, nouveau);
+  });
+}
+
+std::string TexteDeRangee(const LigneDeTable& ligne) {
+  return Joindre({CadreGauche(ligne.nom, kFrequence), ligne.marquee ? " A agréger "_w : std::string_view("           "),
+                  ligne.intitule});
+}
+
+Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    EcrireBandeau(rapport, kTitre);
+    AgregationOuverte ouverte = OuvrirAgregation(contexte);
+    if (!ouverte.ouverte) {
+      for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
+      throw Erreur(kArretAnnonce);
+    }
+    Agregation& agregation = ouverte.agregation;
+    for (const OptionsTabMotAgreg::Action& action : options.actions) {
+      Appliquer(contexte, agregation, action, rapport);
+      for (const std::string& ligne : agregation.compteRendu) rapport.Ligne(ligne);
+      agregation.compteRendu.clear();
+    }
+    if (!agregation.modifiee) {
+      contexte.Ecran().demander(RefusDeTerminer(agregation), Boutons::Ok);
+      throw Erreur(kArretAnnonce);
+    }
+    const std::string nouveau = ChoisirGeneriqueNeuf(contexte);
+    if (nouveau.empty()) throw Erreur(kArretAnnonce);
+    PrevenirDesSupplementaires(contexte, agregation);
+    Terminer(rapport, contexte, agregation, nouveau);
+  });
+}
+
+}  // namespace quelvar::text

@@ -1,0 +1,69 @@
+// TabMotAgreg: rows of a table merged into one by summation, and the sorts of the rows that help to choose them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "text/gestion/table.h"
+#include "utilities/trichaines.h"
+
+namespace quelvar::text {
+
+// Contributions of the rows to the factors, signed by their side, from the coordinate files.
+struct FacteursDesLignes {
+  std::vector<std::string> intitules;                // trimmed
+  std::vector<std::vector<double>> contributions{};  // factors x rows, per mille
+};
+
+enum class CleDeLignes { Facteur, Frequence, Intitule };
+
+struct TriDeLignes {
+  CleDeLignes cle = CleDeLignes::Frequence;
+  double facteur = 1;  // number from 1, for the key of that name
+  utilities::SensDeTri sens = utilities::SensDeTri::Croissant;
+};
+
+// The work in progress: nothing of it is in a file before Terminer.
+struct Agregation {
+  TableGeree table;
+  std::optional<FacteursDesLignes> facteurs;  // without both coordinate files there is no sort by factor
+  std::vector<std::string> compteRendu;       // lines of the report, behind the banner
+  bool modifiee = false;                      // a merge was made
+};
+
+struct AgregationOuverte {
+  std::vector<std::string> message;  // an error, or the remark on the sort by factor
+  bool ouverte = false;
+  Agregation agregation;
+};
+AgregationOuverte OuvrirAgregation(const Contexte& contexte);
+
+// Merges the marked rows into a new one at the end; returns what the form says of it when nothing is marked.
+std::string_view Agreger(Agregation& agregation, std::string_view intitule);
+
+// Sorts the rows; returns the lines of what is wrong with the request, nothing when it is done.
+std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Dialogue& ecran);
+
+// What the form says when there is nothing to save; empty otherwise.
+std::string RefusDeTerminer(const Agregation& agregation);
+
+// Writes the table under a new generic, to which the session goes; on a normal end `nouveau` holds it.
+Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, std::string& nouveau);
+
+// The text of a row in the list of the form.
+std::string TexteDeRangee(const LigneDeTable& ligne);
+
+// The same without a form.
+struct OptionsTabMotAgreg {
+  struct Action {
+    std::optional<TriDeLignes> tri;  // a sort; without it a merge
+    std::string intitule = {};
+    std::vector<std::string> lignes = {};
+  };
+  std::vector<Action> actions = {};  // in their order
+};
+Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options);
+
+}  // namespace quelvar::text

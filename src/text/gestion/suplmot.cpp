@@ -1,0 +1,95 @@
+#include "text/gestion/suplmot.h"
+
+#include <algorithm>
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::string_view kEnregistre = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
+constexpr std::string_view kSupplementaire = " S ";
+constexpr std::string_view kActive = "   ";
+
+void PoserColonne(std::string& texte, bool supplementaire) {
+  texte = TexteDeModalite(NomDeTexte(texte), supplementaire ? kSupplementaire : kActive, IntituleDeTexte(texte));
+}
+
+void Enregistrer(const Contexte& contexte, const TableGeree& table) {
+  std::vector<LigneDeTable> lignes = table.lignes;
+  const auto premiereSup =
+      std::stable_partition(lignes.begin(), lignes.end(), [](const LigneDeTable& ligne) { return !ligne.marquee; });
+  ListeModalites mod = table.mod;
+  for (std::string& texte : mod.textes) PoserColonne(texte, EstSupplementaire(texte));
+  mod.parametres = ParametresDeTable(lignes.size(), table.Colonnes(), lignes.end() - premiereSup, table.largeur);
+
+  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
+  EcrireLignesDeTable(brt.Fichier(), lignes);
+  brt.Achever();
+  EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), mod);
+  brt.Valider();
+}
+
+void Appliquer(TableGeree& table, const OptionsSuplMot::Action& action, Rapport& rapport) {
+  using Genre = OptionsSuplMot::Action::Genre;
+  const bool colonne = action.genre == Genre::ColonneSup || action.genre == Genre::ColonneActive ||
+                       action.genre == Genre::IntituleColonne;
+  if (!colonne) {
+    LigneDeTable& ligne = table.lignes[TrouverLigne(table, action.nom, rapport)];
+    if (action.genre == Genre::IntituleLigne) ligne.intitule = action.intitule;
+    else ligne.marquee = action.genre == Genre::LigneSup;
+    return;
+  }
+  const std::size_t rang = RangDeModalite(table.mod.textes, action.nom);
+  if (rang == table.Colonnes()) {
+    rapport.Ligne({"La modalité "_w, action.nom, " n'est pas dans le fichier de modalités"_w});
+    throw Erreur(kArretAnnonce);
+  }
+  std::string& texte = table.mod.textes[rang];
+  if (action.genre == Genre::IntituleColonne)
+    texte = TexteDeModalite(NomDeTexte(texte), MarqueDeTexte(texte), action.intitule);
+  else PoserColonne(texte, action.genre == Genre::ColonneSup);
+}
+
+}  // namespace
+
+TableOuverte OuvrirSuplMot(const Contexte& contexte) {
+  TableOuverte ouverte = OuvrirTable(contexte);
+  std::vector<LigneDeTable>& lignes = ouverte.table.lignes;
+  const auto sup = static_cast<std::size_t>(std::max<std::int64_t>(ouverte.table.lignesSup, 0));
+  for (std::size_t i = lignes.size() - std::min(sup, lignes.size()); i < lignes.size(); ++i) lignes[i].marquee = true;
+  return ouverte;
+}
+
+void BasculerColonne(TableGeree& table, std::size_t colonne) {
+  std::string& texte = table.mod.textes.at(colonne);
+  PoserColonne(texte, !EstSupplementaire(texte));
+}
+
+void BasculerLigne(TableGeree& table, std::size_t ligne) {
+  bool& marquee = table.lignes.at(ligne).marquee;
+  marquee = !marquee;
+}
+
+std::string TexteDeColonne(const TableGeree& table, std::size_t colonne) { return table.mod.textes.at(colonne); }
+
+std::string TexteDeLigne(const TableGeree& table, std::size_t ligne) {
+  const LigneDeTable& choisie = table.lignes.at(ligne);
+  return Joindre({choisie.nom, choisie.marquee ? kSupplementaire : kActive, choisie.intitule});
+}
+
+Fin EnregistrerSuplMot(const Contexte& contexte, const TableGeree& table) {
+  return RendreCompte(contexte, kEnregistre, [&] { Enregistrer(contexte, table); });
+}
+
+Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    TableOuverte ouverte = OuvrirSuplMot(contexte);
+    for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
+    if (!ouverte.message.empty()) throw Erreur(kArretAnnonce);
+    for (const OptionsSuplMot::Action& action : options.actions) Appliquer(ouverte.table, action, rapport);
+    Enregistrer(contexte, ouverte.table);
+    rapport.Ligne(kEnregistre);
+  });
+}
+
+}  // namespace quelvar::text

@@ -1,0 +1,105 @@
+#include "text/gestion/table.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::size_t kNom = 4;
+constexpr std::string_view kErreur = "*** Erreur ***";
+constexpr std::string_view kRevenir =
+    " n'a pas été créé auparavant : revenir à l'étape antérieure en utilisant la touche 'Annuler'"_w;
+
+// A sentence of refusal, or nothing when the row is as long as its cells.
+std::string FauteDeLigne(const Contexte& contexte, std::string_view ligne, std::size_t cellules, std::size_t numero) {
+  if (ligne.size() >= kNom + cellules) return {};
+  return Joindre({"La ligne ", Nombre(numero), " de ", contexte.Nom(".BRT"), " est trop courte ("_w,
+                  Nombre(ligne.size()), " caractères au lieu de "_w, Nombre(kNom + cellules),
+                  " au moins) : elle ne va pas avec ", contexte.Nom(".MOD")});
+}
+
+void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouverte) {
+  const std::size_t cellules = ouverte.table.Colonnes() * static_cast<std::size_t>(ouverte.table.largeur);
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    const std::string faute = FauteDeLigne(contexte, ligne, cellules, ouverte.table.lignes.size() + 1);
+    if (!faute.empty()) {
+      ouverte.message = {std::string(kErreur), faute};
+      return;
+    }
+    ouverte.table.lignes.push_back({std::string(ligne.substr(0, kNom)), std::string(ligne.substr(kNom, cellules)),
+                                    std::string(ligne.substr(kNom + cellules)), false});
+  }
+}
+
+void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  const std::optional<Chemin> brt = contexte.Chercher(".BRT");
+  if (!mod || LongueurFichier(*mod) < kModVide) {
+    ouverte.message = {std::string(kErreur), Joindre({"Le fichier de modalités"_w, kRevenir})};
+    return;
+  }
+  if (!brt) {
+    ouverte.message = {std::string(kErreur), Joindre({"Le tableau de données"_w, kRevenir})};
+    return;
+  }
+  ouverte.table.mod = LireListeModalites(*mod);
+  const ParametresMod parametres = LireParametres(ouverte.table.mod.parametres, nullptr);
+  ouverte.table.largeur = parametres.largeur;
+  ouverte.table.lignesSup = Entier64(parametres.lignesSup);
+  if (parametres.largeur < 1) {
+    ouverte.message = {std::string(kErreur),
+                       Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")})};
+    return;
+  }
+  LireLignes(contexte, *brt, ouverte);
+}
+
+}  // namespace
+
+TableOuverte OuvrirTable(const Contexte& contexte) {
+  TableOuverte ouverte;
+  try {
+    Ouvrir(contexte, ouverte);
+  } catch (const Erreur& erreur) {
+    ouverte.message = {std::string(kErreur), std::string(TexteErreur(erreur.Numero()))};
+  }
+  return ouverte;
+}
+
+std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur) {
+  return Joindre({" IMAX=", Nombre(lignes), " JMAX=", Nombre(colonnes), " ISUP=", Nombre(lignesSup),
+                  " FMT=", Nombre(largeur), " "});
+}
+
+void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes) {
+  for (const LigneDeTable& ligne : lignes) {
+    fichier.Ecrire(ligne.nom);
+    fichier.Ecrire(ligne.cellules);
+    fichier.Ligne(ligne.intitule);
+  }
+}
+
+std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport) {
+  std::vector<std::size_t> trouvees;
+  const auto chercher = [&](std::size_t debut) {
+    for (std::size_t i = 0; i < table.lignes.size(); ++i)
+      if (Rogner(std::string_view(table.lignes[i].intitule).substr(std::min(debut, table.lignes[i].intitule.size()))) ==
+          Rogner(nom))
+        trouvees.push_back(i);
+  };
+  chercher(0);
+  if (trouvees.empty()) chercher(kNom);
+  if (trouvees.size() == 1) return trouvees.front();
+  rapport.Ligne({"La ligne ", Rogner(nom),
+                 trouvees.empty() ? " n'est pas dans le tableau"_w : " est plusieurs fois dans le tableau"_w});
+  throw Erreur(kArretAnnonce);
+}
+
+}  // namespace quelvar::text
