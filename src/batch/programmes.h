@@ -170,6 +170,7 @@ Programme ProgrammePrepText();
 Programme ProgrammeRecodage();
 Programme ProgrammeSaisieMot();
 Programme ProgrammeTabMot();
+Programme ProgrammeSaisie();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();
