@@ -185,6 +185,7 @@ Programme ProgrammeTabMot();
 Programme ProgrammeTri();
 Programme ProgrammeReglin();
 Programme ProgrammeTabMotAgreg();
+Programme ProgrammeSaisie();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();
