@@ -47,6 +47,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeTabMot(),
       ProgrammeSuplMot(),
       ProgrammeTabMotAgreg(),
+      ProgrammeConcordance(),
       ProgrammeTriFichier(),
       ProgrammeTri(),
       ProgrammeExportCsv(),

@@ -155,6 +155,7 @@ const std::vector<Programme>& Programmes();
 // One function a program, each in its own file.
 Programme ProgrammeAnecar();
 Programme ProgrammeCaracteres();
+Programme ProgrammeConcordance();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
 Programme ProgrammeExportCsv();
