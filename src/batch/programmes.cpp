@@ -51,6 +51,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeReglin(),
       ProgrammeSuplMot(),
       ProgrammeTabMotAgreg(),
+      ProgrammeConcordance(),
       ProgrammeTriFichier(),
       ProgrammeTriang(),
       ProgrammeModifBurt(),

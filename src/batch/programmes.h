@@ -156,6 +156,7 @@ const std::vector<Programme>& Programmes();
 Programme ProgrammeAnatab();
 Programme ProgrammeAnecar();
 Programme ProgrammeCaracteres();
+Programme ProgrammeConcordance();
 Programme ProgrammeCroise();
 Programme ProgrammeEcapem();
 Programme ProgrammeExportCsv();

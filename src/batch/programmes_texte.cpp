@@ -1,4 +1,5 @@
 #include "batch/programmes.h"
+#include "text/concordance/concord.h"
 #include "text/decoupage/saisiemot.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/suplmot.h"
@@ -179,6 +180,21 @@ Programme ProgrammeTabMotAgreg() {
       .Libre("tri", "frequence|alphabetique|facteurN[,decroissant]", "", "tri des lignes ; peut être répété"_w,
              [](O& options, const std::string& valeur) { options.actions.push_back({LireTri(valeur)}); })
       .Alias({"bttri"});
+}
+
+Programme ProgrammeConcordance() {
+  using O = text::OptionsConcordance;
+  using text::OrdreDeConcordance;
+  return Description<O>("concordance", "Concordance de mots du dernier découpage, le mot dans une colonne"_w,
+                        text::Concord)
+      .Libre("mots", "MOT,MOT...", "", "mots cherchés, sur 10 caractères"_w,
+             [](O& options, const std::string& valeur) { options.mots = NomsSepares(valeur); })
+      .Choix<OrdreDeConcordance>("ordre", &O::ordre,
+                                 {{"fichier", OrdreDeConcordance::Fichier},
+                                  {"gauche", OrdreDeConcordance::Gauche},
+                                  {"droite", OrdreDeConcordance::Droite}},
+                                 "lignes dans l'ordre du fichier, du contexte gauche ou du contexte droit")
+      .Texte("sortie", &O::sortie, "FICHIER", "fichier où le texte est enregistré"_w);
 }
 
 }  // namespace quelvar::batch

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <bit>
 #include <limits>
 #include <span>
+#include <utility>
 
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
@@ -29,30 +30,28 @@ Entier GrosBoutiste(const char* octets) {
   return valeur;
 }
 
-std::uint64_t Hacher(const CleDeTri& cle) {
-  std::uint64_t h = cle.debut * 0x9E3779B97F4A7C15ULL;
-  h = (h ^ (h >> 32) ^ cle.milieu) * 0xD6E8FEB86659FD93ULL;
-  h = (h ^ (h >> 32) ^ cle.fin) * 0x9E3779B97F4A7C15ULL;
+std::uint64_t Hacher(std::uint64_t valeur) {
+  const std::uint64_t h = (valeur ^ (valeur >> 32)) * 0x9E3779B97F4A7C15ULL;
   return h ^ (h >> 29);
 }
 
-// The distinct keys, in the order in which they are met, and the number of the key of each record.
-class ClesDistinctes {
+// The distinct values of a part of the keys, in the order in which they are met, and the one of each record.
+class ValeursDistinctes {
  public:
-  explicit ClesDistinctes(std::size_t records) { numeros.reserve(records); }
+  explicit ValeursDistinctes(std::size_t records) { numeros.reserve(records); }
 
-  void Ajouter(const CleDeTri& cle) {
-    if ((cles.size() + 1) * 2 > cases_.size()) Agrandir();
-    std::size_t place = Hacher(cle) & (cases_.size() - 1);
-    while (cases_[place] != kLibre && cles[cases_[place]] != cle) place = (place + 1) & (cases_.size() - 1);
+  void Ajouter(std::uint64_t valeur) {
+    if ((valeurs.size() + 1) * 2 > cases_.size()) Agrandir();
+    std::size_t place = Hacher(valeur) & (cases_.size() - 1);
+    while (cases_[place] != kLibre && valeurs[cases_[place]] != valeur) place = (place + 1) & (cases_.size() - 1);
     if (cases_[place] == kLibre) {
-      cases_[place] = static_cast<std::uint32_t>(cles.size());
-      cles.push_back(cle);
+      cases_[place] = static_cast<std::uint32_t>(valeurs.size());
+      valeurs.push_back(valeur);
     }
     numeros.push_back(cases_[place]);
   }
 
-  std::vector<CleDeTri> cles;
+  std::vector<std::uint64_t> valeurs;
   std::vector<std::uint32_t> numeros;
 
  private:
@@ -60,8 +59,8 @@ class ClesDistinctes {
 
   void Agrandir() {
     cases_.assign(std::max<std::size_t>(1024, cases_.size() * 4), kLibre);
-    for (std::size_t i = 0; i < cles.size(); ++i) {
-      std::size_t place = Hacher(cles[i]) & (cases_.size() - 1);
+    for (std::size_t i = 0; i < valeurs.size(); ++i) {
+      std::size_t place = Hacher(valeurs[i]) & (cases_.size() - 1);
       while (cases_[place] != kLibre) place = (place + 1) & (cases_.size() - 1);
       cases_[place] = static_cast<std::uint32_t>(i);
     }
@@ -70,19 +69,73 @@ class ClesDistinctes {
   std::vector<std::uint32_t> cases_;
 };
 
+// Dense ranks (from 0) of values, a record each, and how many bits they take.
+struct Rangs {
+  std::vector<std::uint32_t> rangs;
+  unsigned bits = 0;
+};
+
+// A part of the keys has few distinct values: each is looked up, and only they are sorted.
+template <typename Partie>
+Rangs RangsDe(const std::vector<CleDeTri>& cles, Partie CleDeTri::*partie) {
+  ValeursDistinctes distinctes(cles.size());
+  for (const CleDeTri& cle : cles) distinctes.Ajouter(cle.*partie);
+  std::vector<std::pair<std::uint64_t, std::uint32_t>> ordre(distinctes.valeurs.size());
+  for (std::size_t i = 0; i < ordre.size(); ++i) ordre[i] = {distinctes.valeurs[i], static_cast<std::uint32_t>(i)};
+  std::sort(ordre.begin(), ordre.end());
+  std::vector<std::uint32_t> rangs(ordre.size());
+  for (std::size_t i = 0; i < ordre.size(); ++i) rangs[ordre[i].second] = static_cast<std::uint32_t>(i);
+  Rangs resultat{std::move(distinctes.numeros), static_cast<unsigned>(std::bit_width(ordre.size() - 1))};
+  for (std::uint32_t& rang : resultat.rangs) rang = rangs[rang];
+  return resultat;
+}
+
+struct Numerotee {
+  std::uint64_t valeur;
+  std::uint32_t indice;
+};
+
+// Sorts by the lowest bits of the values, a digit of eleven bits a pass.
+void TrierParChiffres(std::vector<Numerotee>& valeurs, unsigned bits) {
+  constexpr unsigned kBits = 11;
+  constexpr std::size_t kChiffres = std::size_t{1} << kBits;
+  std::vector<Numerotee> autre(valeurs.size());
+  for (unsigned decalage = 0; decalage < bits; decalage += kBits) {
+    const auto chiffre = [decalage](const Numerotee& n) { return (n.valeur >> decalage) & (kChiffres - 1); };
+    std::array<std::size_t, kChiffres> places{};
+    for (const Numerotee& n : valeurs) ++places[chiffre(n)];
+    std::size_t debut = 0;
+    for (std::size_t& place : places) debut += std::exchange(place, debut);
+    for (const Numerotee& n : valeurs) autre[places[chiffre(n)]++] = n;
+    valeurs.swap(autre);
+  }
+}
+
+// The ranks of pairs of ranks.
+Rangs Combiner(const Rangs& haut, const Rangs& bas) {
+  if (bas.bits == 0) return haut;
+  if (haut.bits == 0) return bas;
+  std::vector<Numerotee> valeurs(haut.rangs.size());
+  for (std::size_t i = 0; i < valeurs.size(); ++i)
+    valeurs[i] = {std::uint64_t{haut.rangs[i]} << bas.bits | bas.rangs[i], static_cast<std::uint32_t>(i)};
+  TrierParChiffres(valeurs, haut.bits + bas.bits);
+  Rangs resultat{std::vector<std::uint32_t>(valeurs.size()), 0};
+  std::uint32_t rang = 0;
+  for (std::size_t i = 0; i < valeurs.size(); ++i) {
+    if (i > 0 && valeurs[i].valeur != valeurs[i - 1].valeur) ++rang;
+    resultat.rangs[valeurs[i].indice] = rang;
+  }
+  resultat.bits = static_cast<unsigned>(std::bit_width(rang));
+  return resultat;
+}
+
 // Each record with the dense rank of its key: comparing ranks is comparing keys.
 std::vector<Element> ElementsDe(const std::vector<CleDeTri>& cles) {
-  ClesDistinctes distinctes(cles.size());
-  for (const CleDeTri& cle : cles) distinctes.Ajouter(cle);
-  std::vector<std::uint32_t> ordre(distinctes.cles.size());
-  for (std::size_t i = 0; i < ordre.size(); ++i) ordre[i] = static_cast<std::uint32_t>(i);
-  std::sort(ordre.begin(), ordre.end(),
-            [&](std::uint32_t a, std::uint32_t b) { return distinctes.cles[a] < distinctes.cles[b]; });
-  std::vector<std::uint32_t> rangs(ordre.size());
-  for (std::size_t i = 0; i < ordre.size(); ++i) rangs[ordre[i]] = static_cast<std::uint32_t>(i);
+  if (cles.empty()) return {};
+  const Rangs fin = Combiner(RangsDe(cles, &CleDeTri::milieu), RangsDe(cles, &CleDeTri::fin));
+  const Rangs rangs = Combiner(RangsDe(cles, &CleDeTri::debut), fin);
   std::vector<Element> elements(cles.size());
-  for (std::size_t i = 0; i < elements.size(); ++i)
-    elements[i] = {rangs[distinctes.numeros[i]], static_cast<std::uint32_t>(i)};
+  for (std::size_t i = 0; i < elements.size(); ++i) elements[i] = {rangs.rangs[i], static_cast<std::uint32_t>(i)};
   return elements;
 }
 

@@ -1,0 +1,148 @@
+#include "text/concordance/concord.h"
+
+#include <algorithm>
+#include <numeric>
+#include <optional>
+
+#include "core/texte/nombres.h"
+#include "text/decoupage/mots.h"
+#include "text/tableau/comptage.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::size_t kContextes = kContexteGauche + kContexteDroit;
+
+// Where the parts of a line of words stand.
+struct Plan {
+  std::size_t mot = 0;
+  std::size_t caracteristiques = 0;
+  std::size_t largeur = 0;  // of the characteristics
+  std::size_t contexte = 0;
+
+  bool Tient(std::string_view ligne) const {
+    return ligne.size() >= std::max(mot + kLargeurMot, contexte + kContexteGauche);
+  }
+};
+
+std::optional<Plan> PlanDeTr1(std::string_view ligne) {
+  if (ligne.size() < kLargeurMot + kContextes) return std::nullopt;
+  const std::size_t largeur = ligne.size() - kLargeurMot - kContextes;
+  return Plan{0, kLargeurMot, largeur, kLargeurMot + largeur};
+}
+
+std::optional<Plan> PlanDeDat(std::string_view ligne) {
+  const std::optional<std::size_t> largeur = LargeurDesCaracteristiques(ligne);
+  if (!largeur) return std::nullopt;
+  const std::size_t mot = *largeur + kLargeurCode;
+  return Plan{mot, 0, *largeur, mot + kLargeurMot + kFinDeMot.size()};
+}
+
+LigneDeConcordance Couper(const Plan& plan, std::string_view ligne) {
+  std::string_view gauche = ligne.substr(plan.contexte, kContexteGauche);
+  gauche.remove_prefix(std::min(gauche.find_first_not_of('*'), gauche.size()));
+  return {std::string(ligne.substr(plan.caracteristiques, plan.largeur)), std::string(gauche),
+          std::string(RognerDroite(ligne.substr(plan.contexte + kContexteGauche)))};
+}
+
+void Lire(const Chemin& chemin, bool tr1, Concordances& concordances) {
+  std::vector<std::string> champs;
+  for (const std::string& mot : concordances.mots) champs.push_back(CadreGauche(mot, kLargeurMot));
+  std::optional<Plan> plan;
+  LecteurLignes lecteur(chemin);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (!plan) plan = tr1 ? PlanDeTr1(ligne) : PlanDeDat(ligne);
+    if (!plan) {
+      concordances.faute = Joindre(
+          {"Le fichier ", concordances.source, " ne contient pas des mots : faire d'abord le découpage en mots"_w});
+      return;
+    }
+    if (!plan->Tient(ligne)) continue;
+    const std::string_view mot = ligne.substr(plan->mot, kLargeurMot);
+    if (std::find(champs.begin(), champs.end(), mot) != champs.end())
+      concordances.lignes.push_back(Couper(*plan, ligne));
+  }
+}
+
+// The words before, from the nearest to the farthest.
+std::string CleDeGauche(const LigneDeConcordance& ligne) {
+  std::string cle;
+  std::string_view reste = RognerDroite(ligne.gauche);
+  while (!reste.empty()) {
+    const std::size_t blanc = reste.rfind(' ');
+    const std::size_t debut = blanc == std::string_view::npos ? 0 : blanc + 1;
+    cle += Minuscules(reste.substr(debut));
+    cle += ' ';
+    reste = RognerDroite(reste.substr(0, debut));
+  }
+  return cle;
+}
+
+}  // namespace
+
+std::string MotDeLIntitule(std::string_view intitule) {
+  std::string_view mot = RognerDroite(intitule);
+  if (mot.size() > kLargeurCode) mot = mot.substr(kLargeurCode);
+  if (mot.ends_with('*') && mot.starts_with('_')) mot.remove_suffix(1);
+  return std::string(RognerDroite(mot.substr(0, kLargeurMot)));
+}
+
+Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots) {
+  Concordances concordances;
+  concordances.mots = mots;
+  const std::optional<Chemin> tr1 = contexte.Chercher(".TR1");
+  const std::optional<Chemin> source = tr1 ? tr1 : contexte.Chercher(".DAT");
+  if (!source) {
+    concordances.faute = "Il n'y a pas de fichier de mots : faire d'abord le découpage en mots"_w;
+    return concordances;
+  }
+  concordances.source = contexte.Nom(tr1 ? ".TR1" : ".DAT");
+  Lire(*source, tr1.has_value(), concordances);
+  return concordances;
+}
+
+std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre) {
+  std::vector<std::uint32_t> rangs(concordances.lignes.size());
+  std::iota(rangs.begin(), rangs.end(), 0U);
+  if (ordre == OrdreDeConcordance::Fichier) return rangs;
+  std::vector<std::string> cles;
+  cles.reserve(rangs.size());
+  for (const LigneDeConcordance& ligne : concordances.lignes)
+    cles.push_back(ordre == OrdreDeConcordance::Gauche ? CleDeGauche(ligne) : Minuscules(ligne.droite));
+  std::stable_sort(rangs.begin(), rangs.end(), [&](std::uint32_t a, std::uint32_t b) { return cles[a] < cles[b]; });
+  return rangs;
+}
+
+std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre) {
+  std::string noms;
+  for (const std::string& mot : concordances.mots) noms += (noms.empty() ? "" : ", ") + mot;
+  if (!concordances.faute.empty()) return concordances.faute + "\r\n";
+  std::string texte = Joindre({"Concordance de : ", noms, "\r\n", Nombre(concordances.lignes.size()), " ligne(s) de ",
+                               concordances.source, "\r\n\r\n"});
+  for (const std::uint32_t rang : RangsDansLOrdre(concordances, ordre)) {
+    const LigneDeConcordance& ligne = concordances.lignes[rang];
+    texte += ligne.caracteristiques;
+    texte += "  ";
+    texte.append(kContexteGauche - std::min(kContexteGauche, ligne.gauche.size()), ' ');
+    texte += ligne.gauche;
+    texte += ligne.droite;
+    texte += "\r\n";
+  }
+  return texte;
+}
+
+Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
+  return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
+    const Concordances concordances = ChercherConcordances(contexte, options.mots);
+    const std::string texte = TexteDeConcordances(concordances, options.ordre);
+    rapport.Suite(texte);
+    if (!concordances.faute.empty()) throw Erreur(kArretAnnonce);
+    if (options.sortie.empty()) return;
+    Remplacement fichier(contexte.repertoire, options.sortie);
+    fichier.Fichier().Ecrire(texte);
+    fichier.Valider();
+  });
+}
+
+}  // namespace quelvar::text

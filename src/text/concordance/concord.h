@@ -1,0 +1,50 @@
+// Concordance: the lines of the last cutting in which a word stands, the word lined up in one column.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::text {
+
+enum class OrdreDeConcordance { Fichier, Gauche, Droite };
+
+struct LigneDeConcordance {
+  std::string caracteristiques;
+  std::string gauche;  // 30 columns, the stars of the fill taken off
+  std::string droite;  // what follows, the word first
+};
+
+struct Concordances {
+  std::vector<std::string> mots;  // looked for
+  std::string source;             // name of the file read
+  std::string faute;              // why there are no lines to read; empty otherwise
+  std::vector<LigneDeConcordance> lignes;
+};
+
+// The ten columns that a word has in the files, from what a user types or a list shows: the field itself, or the label
+// of a row (code and word) without its code and its star of theme.
+std::string MotDeLIntitule(std::string_view intitule);
+
+// Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
+// Raises 57, 70 or 75.
+Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots);
+
+// By what follows the word, by what stands before it (the nearest word first), or as the file has them; equal lines
+// keep their order. `rangs` are those of the lines to show.
+std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre);
+
+// The text of the window: a title, then the lines.
+std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre);
+
+struct OptionsConcordance {
+  std::vector<std::string> mots{};
+  OrdreDeConcordance ordre = OrdreDeConcordance::Fichier;
+  std::string sortie{};  // file for the text; it is only shown without one
+};
+Fin Concord(const Contexte& contexte, const OptionsConcordance& options);
+
+}  // namespace quelvar::text
