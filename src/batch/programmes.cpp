@@ -48,6 +48,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeSuplMot(),
       ProgrammeTabMotAgreg(),
       ProgrammeTriFichier(),
+      ProgrammeProfilMod(),
       ProgrammeTri(),
       ProgrammeExportCsv(),
       ProgrammeExporter(),

@@ -173,6 +173,7 @@ Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
 Programme ProgrammePrepRecod();
 Programme ProgrammePrepText();
+Programme ProgrammeProfilMod();
 Programme ProgrammeRecodage();
 Programme ProgrammeSaisieMot();
 Programme ProgrammeSuplMot();
