@@ -48,6 +48,8 @@ const std::vector<Programme>& Programmes() {
       ProgrammeSuplMot(),
       ProgrammeTabMotAgreg(),
       ProgrammeTriFichier(),
+      ProgrammeTriang(),
+      ProgrammeModifBurt(),
       ProgrammeProfilMod(),
       ProgrammeTri(),
       ProgrammeExportCsv(),
