@@ -119,7 +119,7 @@ TEST_F(RunProfil, TheDataAndTheirBurtTableGiveTheSameProfile) {
   Ecrire("ENQ.POS", "ENQ\r\n 6 \r\nAGE   1 9\r\nSEX   2 9\r\n");
   Ecrire("ENQ.DAT", "11\r\n11\r\n21\r\n22\r\n32\r\n31\r\n");
   Ecrire("ENQ.MOD",
-         "ENQ\r\n BRT=5 FMT=2 MOD=AGE1 SEX2\r\nAGE1   a\r\nAGE2   b\r\nAGE3   c\r\nSEX1   d\r\nSEX2   e\r\n");
+         "ENQ\r\n BRT=5 FMT=2 MOD=AGE1~SEX2\r\nAGE1   a\r\nAGE2   b\r\nAGE3   c\r\nSEX1   d\r\nSEX2   e\r\n");
   Ecrire("ENQ.BRT", "AGE1 2 0 0 2 0\r\nAGE2 0 2 0 1 1\r\nAGE3 0 0 2 1 1\r\nSEX1 2 1 1 4 0\r\nSEX2 0 1 1 0 2\r\n");
   const auto profil = [&] {
     EXPECT_EQ(ProfilMod(contexte_, {.detail = true}), Fin::Normale);

@@ -31,7 +31,8 @@ std::optional<Position> MarqueDe(const EtatTriangle& etat, std::size_t point) {
 
 std::size_t TextesDe(const Dessin& dessin, std::string_view texte) {
   std::size_t nombre = 0;
-  for (const Forme& forme : dessin.Formes()) nombre += forme.genre == GenreForme::Texte && forme.texte == texte ? 1 : 0;
+  for (const Forme& forme : dessin.Formes())
+    nombre += forme.genre == GenreForme::Texte && forme.texte == texte ? 1U : 0U;
   return nombre;
 }
 
