@@ -95,9 +95,7 @@ TEST(DessinerTriangle, LabelsDoNotCoverEachOther) {
   int recouvrements = 0;
   for (const Forme& forme : dessin.Formes()) {
     if (forme.genre != GenreForme::Texte || forme.id < static_cast<int>(kEntreeDuPremierPoint)) continue;
-    Position place = dessin.SurPage(forme);
-    place = {place.x + forme.decalage.x, place.y + forme.decalage.y};
-    const Zone zone = ZoneDuTexte(place, forme.texte, forme.police);
+    const Zone zone = dessin.Etendue(forme);
     for (const Zone& autre : zones) recouvrements += autre.Touche(zone) ? 1 : 0;
     zones.push_back(zone);
   }
