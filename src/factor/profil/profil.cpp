@@ -33,10 +33,12 @@ double Khi2(const Rencontre& r, double theorique) {
   return n * croise * croise / marges;
 }
 
+// The deviation over the largest one of its sign; 0 for a count of independence, whatever the bound.
 double Pem(const Rencontre& r, double theorique, double ecart) {
-  if (ecart > 0) return 100 * ecart / (std::min(r.choisie, r.autre) - theorique);
-  if (ecart < 0) return -100 * ecart / (std::max(0.0, r.choisie + r.autre - r.individus) - theorique);
-  return 0;
+  if (ecart == 0) return 0;
+  const double borne = ecart > 0 ? std::min(r.choisie, r.autre) : std::max(0.0, r.choisie + r.autre - r.individus);
+  if (borne == theorique) throw Erreur(kDivisionParZero);
+  return (ecart > 0 ? 100 : -100) * ecart / (borne - theorique);
 }
 
 struct Cle {

@@ -15,10 +15,10 @@ struct OptionsProfil {
   bool detail = false;  // the columns of the chi-square
   bool nonTri = false;  // the order of the file
   std::optional<std::vector<std::string>>
-      modalites;  // kept on line 2 of the .MOD before the run; what it holds without them
-  std::vector<std::pair<std::string, std::string>> intitules;  // name and new label, written with them
-  std::vector<ProfilDeModalite>* profils = nullptr;            // if given, receives what is printed, for the picture
-  std::string fichier;                                         // picture of the first profile, in SVG; empty for none
+      modalites{};  // kept on line 2 of the .MOD before the run; what it holds without them
+  std::vector<std::pair<std::string, std::string>> intitules{};  // name and new label, written with them
+  std::vector<ProfilDeModalite>* profils = nullptr;              // if given, receives what is printed, for the picture
+  std::string fichier{};                                         // picture of the first profile, in SVG; empty for none
 };
 
 // Report: generic and ".PR2".

@@ -121,11 +121,15 @@ BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan,
   Groupe groupe;
   const bool groupeActif = GroupeActif(plan);
   bool groupeEcrit = !plan.AvecLignes();
+  const auto derniereMarquee =
+      static_cast<std::int64_t>(plan.lignes.rend() - std::find(plan.lignes.rbegin(), plan.lignes.rend(), 1)) - 1;
+  std::string suite;  // supplementary rows before the last marked one: they follow the group's
   const auto ecrireGroupe = [&] {
     groupeEcrit = true;
     const std::optional<std::string> ligne = groupe.Ligne(plan.nomCourt, largeur);
     bilan.ligneTropLarge = !ligne;
     if (ligne) sortie.Ligne(*ligne);
+    sortie.Ecrire(suite);
     ++bilan.rangees;
   };
   std::int64_t rang = 0;
@@ -133,7 +137,7 @@ BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan,
   for (std::string_view ligne; lecteur.Lire(ligne); ++rang) {
     if (Rogner(ligne).empty()) continue;
     const bool active = rang < plan.lignesActives;
-    if (!active && groupeActif && !groupeEcrit) ecrireGroupe();
+    if (!active && groupeActif && !groupeEcrit && rang > derniereMarquee) ecrireGroupe();
     if (!rangee.Lire(ligne)) {
       bilan.colonneTropLarge = true;
       return bilan;
@@ -144,7 +148,8 @@ BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan,
       bilan.frequence += bilan.lignes.back().frequence;
       continue;
     }
-    sortie.Ligne(rangee.Texte());
+    if (!active && groupeActif && !groupeEcrit) suite += rangee.Texte() + "\r\n";
+    else sortie.Ligne(rangee.Texte());
     ++bilan.rangees;
     if (!active) ++bilan.lignesSup;
   }

@@ -1,7 +1,7 @@
 // Draws the triangular graph: sides, graduations, vertices, points, and labels that keep clear of each other.
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
+#include <numbers>
 
 #include "core/texte/nombres.h"
 #include "tables/triangle/triangle.h"
@@ -19,22 +19,22 @@ constexpr double kCorpsDuTitre = 12;
 constexpr double kCorpsDesSommets = 10;
 constexpr double kCorpsDesGraduations = 6.5;
 
-// Where a label may stand beside its point, in the order of preference: right, left, above, below, then the corners,
-// then farther off.
+// Where a label may stand beside its point, in the order of preference: right, left, above, below, then the corners;
+// then on circles around the point, with a line to it.
 struct Place {
   double dx, dy;
   Ancre ancre;
   Niveau niveau;
 };
 constexpr Place kPlaces[] = {
-    {5, 0, Ancre::Debut, Niveau::Centre}, {-5, 0, Ancre::Fin, Niveau::Centre},  {0, -5, Ancre::Milieu, Niveau::Bas},
-    {0, 5, Ancre::Milieu, Niveau::Haut},  {4, -4, Ancre::Debut, Niveau::Bas},   {4, 4, Ancre::Debut, Niveau::Haut},
-    {-4, -4, Ancre::Fin, Niveau::Bas},    {-4, 4, Ancre::Fin, Niveau::Haut},    {14, -10, Ancre::Debut, Niveau::Bas},
-    {14, 10, Ancre::Debut, Niveau::Haut}, {-14, -10, Ancre::Fin, Niveau::Bas},  {-14, 10, Ancre::Fin, Niveau::Haut},
-    {26, -20, Ancre::Debut, Niveau::Bas}, {26, 20, Ancre::Debut, Niveau::Haut}, {-26, -20, Ancre::Fin, Niveau::Bas},
-    {-26, 20, Ancre::Fin, Niveau::Haut},  {0, -34, Ancre::Milieu, Niveau::Bas}, {0, 34, Ancre::Milieu, Niveau::Haut},
+    {5, 0, Ancre::Debut, Niveau::Centre}, {-5, 0, Ancre::Fin, Niveau::Centre}, {0, -5, Ancre::Milieu, Niveau::Bas},
+    {0, 5, Ancre::Milieu, Niveau::Haut},  {4, -4, Ancre::Debut, Niveau::Bas},  {4, 4, Ancre::Debut, Niveau::Haut},
+    {-4, -4, Ancre::Fin, Niveau::Bas},    {-4, 4, Ancre::Fin, Niveau::Haut},
 };
-constexpr std::size_t kPlacesProches = 8;  // those that need no line to the point
+constexpr double kPremierRayon = 16;
+constexpr double kDernierRayon = 120;
+constexpr double kPasDeRayon = 8;
+constexpr int kDirections = 12;
 
 // Rectangles that are taken, found by the squares of a grid that they touch.
 class Occupation {
@@ -205,12 +205,21 @@ void TracerMarque(Dessin& page, Position place, int marque) {
 
 // Where the label of a point goes: the first free place around it; the first of all when none is.
 Place ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
-  for (const Place& place : kPlaces) {
+  const auto libre = [&](const Place& place) {
     Police essai = police;
     essai.ancre = place.ancre;
     essai.niveau = place.niveau;
-    if (occupation.Libre(ZoneDuTexte(Ajouter(point, {place.dx, place.dy}), texte, essai))) return place;
-  }
+    return occupation.Libre(ZoneDuTexte(Ajouter(point, {place.dx, place.dy}), texte, essai));
+  };
+  for (const Place& place : kPlaces)
+    if (libre(place)) return place;
+  for (double rayon = kPremierRayon; rayon <= kDernierRayon; rayon += kPasDeRayon)
+    for (int i = 0; i < kDirections; ++i) {
+      const double angle = 2 * std::numbers::pi * (i + 0.5) / kDirections;
+      const Place place{rayon * std::cos(angle), rayon * std::sin(angle),
+                        std::cos(angle) < 0 ? Ancre::Fin : Ancre::Debut, Niveau::Centre};
+      if (libre(place)) return place;
+    }
   return kPlaces[0];
 }
 
