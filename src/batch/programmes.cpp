@@ -45,6 +45,8 @@ const std::vector<Programme>& Programmes() {
       ProgrammePrepText(),
       ProgrammeSaisieMot(),
       ProgrammeTabMot(),
+      ProgrammeModifModR(),
+      ProgrammeAnatab(),
       ProgrammeTriFichier(),
       ProgrammeTri(),
       ProgrammeExportCsv(),

@@ -153,6 +153,7 @@ class Description {
 const std::vector<Programme>& Programmes();
 
 // One function a program, each in its own file.
+Programme ProgrammeAnatab();
 Programme ProgrammeAnecar();
 Programme ProgrammeCaracteres();
 Programme ProgrammeCroise();
@@ -168,6 +169,7 @@ Programme ProgrammeImportDbf();
 Programme ProgrammeImportTableau();
 Programme ProgrammeInversion();
 Programme ProgrammeModifMod();
+Programme ProgrammeModifModR();
 Programme ProgrammeNomeMod();
 Programme ProgrammeNomQuest();
 Programme ProgrammePosmod();
