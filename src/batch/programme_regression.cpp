@@ -24,8 +24,7 @@ Programme ProgrammeModifModR() {
                         regression::ModifModR)
       .Libre("expliquer", "NOM", "", "modalité à expliquer ; les autres de sa question sont mises à blanc"_w,
              PoserCodes(O::Action::Genre::Expliquer))
-      .Libre("reference", "NOM,NOM...", "",
-             "modalités de référence ; les autres de leur question sont explicatives"_w,
+      .Libre("reference", "NOM,NOM...", "", "modalités de référence ; les autres de leur question sont explicatives"_w,
              PoserCodes(O::Action::Genre::Reference))
       .Libre("intitule", "NOM=TEXTE", "", "intitulé d'une modalité ; peut être répété"_w,
              [](O& options, const std::string& valeur) {

@@ -10,8 +10,7 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr std::string_view kFinNormale =
-    "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
+constexpr std::string_view kFinNormale = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
 constexpr std::size_t kPlaceDuCode = 4;
 constexpr std::size_t kLargeurDuCode = 3;
 constexpr std::size_t kDebutIntitule = kPlaceDuCode + kLargeurDuCode;

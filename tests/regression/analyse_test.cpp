@@ -36,7 +36,8 @@ Individus IndividusAuHasard(const Modele& modele, std::size_t nombre, unsigned g
   Individus individus(modele.LargeurFiche());
   for (std::size_t i = 0; i < nombre; ++i) {
     std::string fiche(modele.LargeurFiche(), '0');
-    for (const QuestionCodee& question : modele.explicantes) fiche[question.premiere + hasard() % question.nombre] = '1';
+    for (const QuestionCodee& question : modele.explicantes)
+      fiche[question.premiere + hasard() % question.nombre] = '1';
     const bool oui = hasard() % 2 == 0;
     fiche[fiche.size() - (oui ? 2 : 1)] = '1';
     individus.fiche.push_back(individus.fiches.Ranger(fiche));

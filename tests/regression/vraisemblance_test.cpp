@@ -32,7 +32,8 @@ Observations Enquete(unsigned graine, bool pourLineaire) {
         const auto profil = static_cast<std::uint32_t>(o.Profils() - 1);
         for (const Observations::Terme& t : o.Termes(profil)) score += vrais[t.rang];
         const double n = std::floor(tirer(40, 300));
-        const double oui = std::max(1.0, std::floor(n * Probabilite(pourLineaire ? Lien::Lineaire : Lien::Logistique, score)));
+        const double oui =
+            std::max(1.0, std::floor(n * Probabilite(pourLineaire ? Lien::Lineaire : Lien::Logistique, score)));
         for (const double y : {1.0, 0.0}) {
           o.profils.push_back(profil);
           o.poids.push_back(y == 1 ? oui : std::max(1.0, n - oui));

@@ -66,8 +66,8 @@ void LireLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& c
   LireIndividus(codageLogique, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
   for (const std::int64_t rang : individus.rangsFautifs)
-    rapport.Ligne({"*** L'individu ", Figure(static_cast<double>(rang), 5, 0),
-                   " n'a pas une réponse à chaque question"_w});
+    rapport.Ligne(
+        {"*** L'individu ", Figure(static_cast<double>(rang), 5, 0), " n'a pas une réponse à chaque question"_w});
   if (individus.fautifs > 0) {
     rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
     rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(individus.fautifs), 5, 0)});
@@ -111,8 +111,8 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& 
   const double population = travail.analyse.table.Population();
   const double part = 100 * population / travail.base.individus;
   rapport.Ligne();
-  rapport.Ligne({"Population concernée="_w, Figure(population, 5, 0), " soit ", NombreFixe(part, 3, 1),
-                 "% de l'effectif total"});
+  rapport.Ligne(
+      {"Population concernée="_w, Figure(population, 5, 0), " soit ", NombreFixe(part, 3, 1), "% de l'effectif total"});
   if (part < kPopulationSuffisante &&
       contexte.Ecran().demander("La population concernée est inférieure à 50%\nSouhaitez-vous continuer ?"_w,
                                 Boutons::OuiNon) != Reponse::Oui)

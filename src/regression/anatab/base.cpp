@@ -37,19 +37,19 @@ void ImprimerModele(Rapport& rapport, const Modele& modele) {
   Colonne nombre(3, 0);
   for (const QuestionCodee& question : modele.questions) nombre.Voir(static_cast<double>(question.nombre));
   for (const QuestionCodee& question : modele.questions)
-    rapport.Ligne({question.nom, nombre(static_cast<double>(question.nombre)),
-                   question.references > 0 ? " modalités. Question explicative "_w
-                                           : " modalités. Question à expliquer "_w});
+    rapport.Ligne(
+        {question.nom, nombre(static_cast<double>(question.nombre)),
+         question.references > 0 ? " modalités. Question explicative "_w : " modalités. Question à expliquer "_w});
   rapport.Ligne("Intitulés des modalités et type de chacune"_w);
   for (const QuestionCodee& question : modele.questions)
     for (std::size_t i = question.premiere; i < question.premiere + question.nombre; ++i) {
       const ModaliteCodee& modalite = modele.codage[i];
-      rapport.Ligne({CadreGauche(modalite.intitule, kLargeur),
-                     question.references > 0 ? " modalité de question explicative "_w
-                                             : " modalité de question à expliquer "_w,
-                     modalite.aExpliquer  ? " modalité à expliquer "_w
-                     : modalite.reference ? " modalité de référence"_w
-                                          : std::string_view("                      ")});
+      rapport.Ligne(
+          {CadreGauche(modalite.intitule, kLargeur),
+           question.references > 0 ? " modalité de question explicative "_w : " modalité de question à expliquer "_w,
+           modalite.aExpliquer  ? " modalité à expliquer "_w
+           : modalite.reference ? " modalité de référence"_w
+                                : std::string_view("                      ")});
     }
   rapport.Ligne(kEtoiles);
   rapport.Ligne(modele.titre);
@@ -71,8 +71,8 @@ void ImprimerDonneesDeBase(Rapport& rapport, const Modele& modele, const Donnees
   voir(base.nombreOui, base.individus);
 
   const auto ligne = [&](std::string_view intitule, double y, double n, double part) {
-    rapport.Ligne({CadreGauche(intitule, kLargeur), oui(y), " ", non(n - y), " ", total(n), "    ",
-                   NombreFixe(part, 1, 4)});
+    rapport.Ligne(
+        {CadreGauche(intitule, kLargeur), oui(y), " ", non(n - y), " ", total(n), "    ", NombreFixe(part, 1, 4)});
   };
   const auto entete = [&](Texte colonne) {
     rapport.Ligne({colonne, oui.Ajout(), "  Oui ", non.Ajout(), "  Non ", total.Ajout(), " Total", "  Prop de Y"});

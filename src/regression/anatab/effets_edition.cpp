@@ -219,8 +219,8 @@ void ImprimerReference(Rapport& rapport, const AnalyseTabulaire& analyse) {
   rapport.Ligne({NomsDeSituation(analyse, analyse.reference), " = ", NombreFixe(situation.pourcentage, 3, 1),
                  "   effectif associé ="_w, Figure(situation.effectif, 5, 0)});
   rapport.Ligne({"Ecart-type en pourcentage =", NombreFixe(100 * EcartTypeDeLaPart(situation), 3, 1)});
-  rapport.Ligne({"Khi-deux =", Figure(analyse.khi2Reference.khi2, 4, 1), " ",
-                 MarqueDeCellule(analyse.khi2Reference.classe)});
+  rapport.Ligne(
+      {"Khi-deux =", Figure(analyse.khi2Reference.khi2, 4, 1), " ", MarqueDeCellule(analyse.khi2Reference.classe)});
   rapport.Ligne();
   rapport.Ligne();
 }

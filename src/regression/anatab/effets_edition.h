@@ -19,7 +19,7 @@ struct AnalyseTabulaire {
   std::vector<SousEffet> sousEffets;
   std::vector<Effet> effets;
   std::size_t examinees = 0;  // situations with a chi-square; fewer than there are only behind a failure
-  std::size_t reference = 0;        // the reference situation
+  std::size_t reference = 0;  // the reference situation
   Khi2Paire khi2Reference;
 
   const Situation& Reference() const { return table.situations[reference]; }

@@ -4,16 +4,16 @@
 #include <cstring>
 #include <numeric>
 
+#include "core/calcul/tris.h"
 #include "core/enquete/datfile.h"
 #include "core/texte/nombres.h"
-#include "core/calcul/tris.h"
 
 namespace quelvar::regression {
 
 namespace {
 
 constexpr std::size_t kTableInitiale = 1024;
-constexpr std::size_t kDebutCodage = 4;     // bytes in front of the first modality
+constexpr std::size_t kDebutCodage = 4;      // bytes in front of the first modality
 constexpr std::size_t kChiffresExacts = 15;  // a decimal number of so many digits is exact in a double
 constexpr std::int64_t kPasDAffichage = 50000;
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme/dialogue.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/dialogue.h"
 #include "regression/anatab/modele.h"
 
 namespace quelvar::regression {
@@ -24,9 +24,7 @@ class Fiches {
 
   std::size_t Largeur() const { return largeur_; }
   std::size_t Nombre() const { return octets_.size() / largeur_; }
-  std::string_view operator[](NumeroFiche numero) const {
-    return {octets_.data() + numero * largeur_, largeur_};
-  }
+  std::string_view operator[](NumeroFiche numero) const { return {octets_.data() + numero * largeur_, largeur_}; }
   // Without the pair of the explained modality.
   std::string_view Situation(NumeroFiche numero) const { return (*this)[numero].substr(0, largeur_ - 2); }
   bool Oui(NumeroFiche numero) const { return (*this)[numero][largeur_ - 2] == '1'; }
@@ -46,10 +44,10 @@ struct Individus {
   explicit Individus(std::size_t largeurFiche) : fiches(largeurFiche) {}
 
   Fiches fiches;
-  std::vector<NumeroFiche> fiche;           // of each individual, in the order of the file
-  std::int64_t oui = 0;                     // individuals with the explained modality
-  std::int64_t fautifs = 0;                 // individuals without one answer to each question
-  std::vector<std::int64_t> rangsFautifs;   // ranks of the first of them, from 1
+  std::vector<NumeroFiche> fiche;          // of each individual, in the order of the file
+  std::int64_t oui = 0;                    // individuals with the explained modality
+  std::int64_t fautifs = 0;                // individuals without one answer to each question
+  std::vector<std::int64_t> rangsFautifs;  // ranks of the first of them, from 1
 
   std::int64_t Nombre() const { return static_cast<std::int64_t>(fiche.size()); }
 };

@@ -123,8 +123,8 @@ void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste&
   rapport.Ligne({"Cst seulement ", ensemble(constante)});
   rapport.Ligne({"Modèle complet"_w, ensemble(complet)});
   rapport.Ligne({"Khideux Vrais.", ensemble(tests.modele.khi2)});
-  rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0), " Prob.=",
-                 NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
+  rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0),
+                 " Prob.=", NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
 
   Colonne khi2(5, 4);
   for (const TestDeVraisemblance& test : tests.parametres)
@@ -145,9 +145,9 @@ void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste&
 void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
                                const std::vector<double>& moyennes) {
   rapport.Ligne("Sorties en probabilité selon méthode de l'effet expérimental (Brenque, BMS à paraitre)"_w);
-  ImprimerMoyennes(
-      rapport, travail, ajuste, moyennes,
-      "             Moyenne expérimentale Ecart de la moyenne expérimentale à la moyenne générale en %"_w, "  ");
+  ImprimerMoyennes(rapport, travail, ajuste, moyennes,
+                   "             Moyenne expérimentale Ecart de la moyenne expérimentale à la moyenne générale en %"_w,
+                   "  ");
 }
 
 void ImprimerEffetPur(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,

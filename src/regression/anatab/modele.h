@@ -12,13 +12,13 @@
 namespace quelvar::regression {
 
 struct Modele {
-  std::vector<ModaliteCodee> codage;        // every line of the .MOD
-  std::vector<QuestionCodee> questions;     // all of them
-  std::vector<std::size_t> explicatives;    // indices in `codage`, in order
-  std::vector<QuestionCodee> explicantes;   // the explanatory questions; `premiere` counts in `explicatives`
-  std::size_t aExpliquer = 0;               // index in `codage`
-  std::vector<std::size_t> autres;          // the other modalities of the explained question
-  std::string titre;                        // "Modalité à expliquer : " and its label
+  std::vector<ModaliteCodee> codage;       // every line of the .MOD
+  std::vector<QuestionCodee> questions;    // all of them
+  std::vector<std::size_t> explicatives;   // indices in `codage`, in order
+  std::vector<QuestionCodee> explicantes;  // the explanatory questions; `premiere` counts in `explicatives`
+  std::size_t aExpliquer = 0;              // index in `codage`
+  std::vector<std::size_t> autres;         // the other modalities of the explained question
+  std::string titre;                       // "Modalité à expliquer : " and its label
 
   std::size_t Explicatives() const { return explicatives.size(); }
   const ModaliteCodee& Explicative(std::size_t k) const { return codage[explicatives[k]]; }

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
 #include "core/programme/report.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar::regression {
 

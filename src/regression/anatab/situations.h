@@ -17,11 +17,11 @@ namespace quelvar::regression {
 // How a modality shows itself in a situation: by the first four characters of its label, which are all that tells it
 // from the others of its question.
 struct Cellule {
-  std::string intitule;       // 4 characters
-  std::string role;           // 4 characters: " R  ", " Y  " or blanks
+  std::string intitule;  // 4 characters
+  std::string role;      // 4 characters: " R  ", " Y  " or blanks
   bool reference = false;
-  std::size_t texte = 0;      // the first modality whose cell reads the same
-  std::size_t designee = 0;   // the last modality whose label begins so: the one that is found by these characters
+  std::size_t texte = 0;     // the first modality whose cell reads the same
+  std::size_t designee = 0;  // the last modality whose label begins so: the one that is found by these characters
 };
 
 // The cell of each explanatory modality, and behind them an empty one that stands where a situation lacks a modality.
@@ -50,10 +50,10 @@ struct Situation {
 };
 
 struct TableSituations {
-  std::size_t questions = 0;               // cells of a situation
+  std::size_t questions = 0;  // cells of a situation
   std::vector<Situation> situations;
-  std::vector<std::uint32_t> modalites;    // `questions` of them a situation, by rank among the cells
-  std::vector<NumeroFiche> fiches;         // of each situation
+  std::vector<std::uint32_t> modalites;  // `questions` of them a situation, by rank among the cells
+  std::vector<NumeroFiche> fiches;       // of each situation
 
   std::span<const std::uint32_t> Modalites(std::size_t s) const {
     return std::span(modalites).subspan(s * questions, questions);

@@ -44,8 +44,8 @@ Observations ObservationsDe(const std::vector<Comptee>& comptees, const Fiches& 
     if (profil == observations.Profils()) {
       for (std::size_t k = 0; k < rangs.size(); ++k)
         if (rangs[k] != kSansParametre && ValeurDuCaractere(fiche[k]) != 0)
-          observations.termes.push_back({static_cast<std::uint32_t>(rangs[k]),
-                                         static_cast<double>(ValeurDuCaractere(fiche[k]))});
+          observations.termes.push_back(
+              {static_cast<std::uint32_t>(rangs[k]), static_cast<double>(ValeurDuCaractere(fiche[k]))});
       observations.departs.push_back(observations.termes.size());
     }
     observations.profils.push_back(profil);

@@ -41,11 +41,11 @@ std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& 
                              const std::vector<Cellule>& cellules);
 
 struct Effet {
-  std::size_t modalite = 0;         // rank among the explanatory ones
+  std::size_t modalite = 0;          // rank among the explanatory ones
   std::vector<std::uint32_t> rangs;  // of its sub-effects, in the order of their discovery
-  double poids = 0;                 // sum of the weights
-  double moyenne = 0;               // weighted mean, in points or as odds-ratio
-  double ecartType = 0;             // weighted standard deviation
+  double poids = 0;                  // sum of the weights
+  double moyenne = 0;                // weighted mean, in points or as odds-ratio
+  double ecartType = 0;              // weighted standard deviation
 
   bool EcartDepasseMoyenne() const;
   bool Seul() const { return rangs.size() == 1; }

@@ -71,8 +71,7 @@ void LaisserLesFichiers(const Contexte& contexte, const Travail& travail) {
     EcrireFiches(Ouvrir(contexte, ".CD4"), fiches, travail.triees);
   if (travail.etape >= Etape::SansPaire) EcrireComptees(Ouvrir(contexte, ".cd6"), travail);
   if (travail.etape >= Etape::Situations) EcrireSituations(Ouvrir(contexte, ".cd8"), travail.analyse);
-  if (travail.etape >= Etape::SousEffets)
-    EcrireSousEffets(Ouvrir(contexte, ".CD2"), Ouvrir(contexte, ".CD4"), travail);
+  if (travail.etape >= Etape::SousEffets) EcrireSousEffets(Ouvrir(contexte, ".CD2"), Ouvrir(contexte, ".CD4"), travail);
 }
 
 void EcrireListeFinale(const Contexte& contexte, const Travail& travail) {

@@ -20,9 +20,9 @@ struct Travail {
   Modele modele;
   ParametresMod parametres;
   Individus individus;
-  std::vector<NumeroFiche> triees;   // the records of the individuals, sorted
-  std::vector<Comptee> comptees;     // neighbours counted together; the pairs only where some are missing
-  bool filtrees = false;             // only pairs were kept
+  std::vector<NumeroFiche> triees;  // the records of the individuals, sorted
+  std::vector<Comptee> comptees;    // neighbours counted together; the pairs only where some are missing
+  bool filtrees = false;            // only pairs were kept
   DonneesDeBase base;
   AnalyseTabulaire analyse;
   Etape etape = Etape::Rien;

@@ -18,12 +18,12 @@ struct Observations {
     std::uint32_t rang;  // of the parameter, from 0
     double valeur;       // of the regressor
   };
-  std::size_t parametres = 0;             // without the constant
-  std::vector<Terme> termes;              // of the profiles, one after the other, by ascending rank
+  std::size_t parametres = 0;              // without the constant
+  std::vector<Terme> termes;               // of the profiles, one after the other, by ascending rank
   std::vector<std::size_t> departs = {0};  // first term of each profile, and their number
-  std::vector<std::uint32_t> profils;     // of each row
-  std::vector<double> poids;              // of each row: individuals
-  std::vector<double> reponses;           // of each row: 1 for yes, 0 for no
+  std::vector<std::uint32_t> profils;      // of each row
+  std::vector<double> poids;               // of each row: individuals
+  std::vector<double> reponses;            // of each row: 1 for yes, 0 for no
 
   std::size_t Profils() const { return departs.size() - 1; }
   std::span<const Terme> Termes(std::size_t profil) const {
@@ -63,10 +63,10 @@ class LogVraisemblance {
   std::vector<std::size_t> departsProfils_;  // where the profiles of each parameter start, and their number
   std::vector<std::uint32_t> porteurs_;      // profiles in which the parameter has a term
   std::vector<std::size_t> departsLignes_;
-  std::vector<std::uint32_t> lignes_;        // the rows of each profile
-  std::vector<std::size_t> premieres_;       // the first row that each parameter reaches
-  std::vector<double> termes_;               // of each row
-  std::vector<double> cumuls_;               // sums of the rows in front of each row, and of all
+  std::vector<std::uint32_t> lignes_;   // the rows of each profile
+  std::vector<std::size_t> premieres_;  // the first row that each parameter reaches
+  std::vector<double> termes_;          // of each row
+  std::vector<double> cumuls_;          // sums of the rows in front of each row, and of all
 };
 
 // A sweep moves each parameter up and down; ordinary tables settle within some hundreds of them.
