@@ -2,6 +2,7 @@
 #include "batch/programmes.h"
 #include "regression/anatab/anatab.h"
 #include "regression/modifmodr.h"
+#include "regression/reglin/reglin.h"
 
 namespace quelvar::batch {
 
@@ -37,6 +38,12 @@ Programme ProgrammeAnatab() {
   return Description<SansOption>(
       "anatab", "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique"_w,
       [](const Contexte& contexte, const SansOption&) { return regression::Anatab(contexte); });
+}
+
+Programme ProgrammeReglin() {
+  return Description<SansOption>(
+      "reglin", "Régression linéaire d'une variable numérique sur d'autres"_w,
+      [](const Contexte& contexte, const SansOption&) { return regression::Reglin(contexte); });
 }
 
 }  // namespace quelvar::batch

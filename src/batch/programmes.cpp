@@ -47,6 +47,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeTabMot(),
       ProgrammeModifModR(),
       ProgrammeAnatab(),
+      ProgrammeReglin(),
       ProgrammeTriFichier(),
       ProgrammeTri(),
       ProgrammeExportCsv(),

@@ -179,6 +179,7 @@ Programme ProgrammeRecodage();
 Programme ProgrammeSaisieMot();
 Programme ProgrammeTabMot();
 Programme ProgrammeTri();
+Programme ProgrammeReglin();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();
