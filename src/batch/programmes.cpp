@@ -30,6 +30,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeImportCsv(),
       ProgrammeImportDbf(),
       ProgrammeImportTableau(),
+      ProgrammeSaisie(),
       ProgrammeTriapl(),
       ProgrammePrepRecod(),
       ProgrammeRecodage(),

@@ -179,6 +179,7 @@ Programme ProgrammeSuplMot();
 Programme ProgrammeTabMot();
 Programme ProgrammeTri();
 Programme ProgrammeTabMotAgreg();
+Programme ProgrammeSaisie();
 Programme ProgrammeTriapl();
 Programme ProgrammeTriFichier();
 Programme ProgrammeWardCoupe();

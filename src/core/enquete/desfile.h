@@ -19,7 +19,7 @@ struct SautConditionnel {
 };
 
 struct Description {
-  std::string nom;            // columns 1-7
+  std::string nom;            // columns 1-7, padded on the right
   int nombre = 0;             // columns 8-9: code-max, or number of characters
   bool alphabetique = false;  // "A" in column 10: alphabetic or long numeric
   bool numerique = false;     // "num" or "NUM": entered as a number of that many digits
@@ -43,7 +43,7 @@ struct Descripteur {
 Descripteur LireDes(const Chemin& chemin);
 
 // Adds the fault on the record length when the last line of the data file has another one.
-void VerifierLongueur(Descripteur& descripteur, std::string_view derniereLigne);
+void VerifierLongueur(Descripteur& descripteur, std::size_t longueurDerniereLigne);
 
 // The faults as one text, separated by line ends.
 std::string TexteDesFautes(const Descripteur& descripteur);
