@@ -139,6 +139,21 @@ std::string TexteAideGenerale() {
        "Code de retour : 0 fin normale, 1 arrêt du programme, 2 commande incorrecte.\n"_w});
 }
 
+namespace {
+
+// "verification=oui|non (oui : 50, non : 0)", a name with words of its own.
+std::string TexteAutreNom(const AutreNom& autre) {
+  std::string mots;
+  std::string sens;
+  for (const auto& [mot, valeur] : autre.mots) {
+    mots += (mots.empty() ? "" : "|") + mot;
+    if (!valeur.empty()) sens += (sens.empty() ? "" : ", ") + Joindre({mot, " : ", valeur});
+  }
+  return Joindre({"      ou ", autre.nom, "=", mots, " (", sens, ")\n"});
+}
+
+}  // namespace
+
 std::string TexteAideProgramme(const Programme& programme) {
   std::string texte = Joindre({programme.nom, " : ", programme.resume, "\n\nusage : quelvar-batch ", programme.nom,
                                " GENERIQUE [option=valeur]...\n"});
@@ -147,6 +162,8 @@ std::string TexteAideProgramme(const Programme& programme) {
     texte += Joindre({"  ", option.nom, "=", option.valeurs, "\n      ", option.aide});
     if (!option.defaut.empty()) texte += Joindre({" (par défaut : "_w, option.defaut, ")"});
     texte += "\n";
+    for (const AutreNom& autre : option.autresNoms)
+      if (!autre.mots.empty()) texte += TexteAutreNom(autre);
   }
   return texte;
 }

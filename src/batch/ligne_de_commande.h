@@ -20,7 +20,7 @@ struct Demande {
   std::optional<DateHeure> horloge;
   const Programme* programme = nullptr;
   std::string generique;
-  std::vector<ValeurDOption> options;
+  LigneDOptions options;
 };
 
 // Parses the arguments (UTF-8, without the program's name). Raises UsageIncorrect.

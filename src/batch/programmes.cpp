@@ -1,90 +1,62 @@
 #include "batch/programmes.h"
 
-#include <algorithm>
+#include "capture/import_csv_options.h"
+#include "capture/import_options.h"
+#include "crosstab/croise_options.h"
+#include "factor/analyse/anecar_options.h"
+#include "factor/classement/coupe_options.h"
+#include "factor/plan/graphe_options.h"
+#include "modalities/creation/posmod_options.h"
+#include "modalities/edition/modifmod_options.h"
+#include "modalities/edition/nomemod_options.h"
+#include "modalities/edition/nomquest_options.h"
+#include "sorts/preparation/preprecod_options.h"
+#include "sorts/recodage/recodage_options.h"
+#include "sorts/triapl/triapl_options.h"
+#include "tables/ecapem_options.h"
+#include "text/decoupage/saisiemot_options.h"
+#include "text/gestion/gestion_options.h"
+#include "text/preparation/preptext_options.h"
+#include "text/tableau/tabmot_options.h"
+#include "utilities/options.h"
 
 namespace quelvar::batch {
-
-std::vector<std::string> NomsSepares(std::string_view texte) {
-  std::vector<std::string> noms;
-  if (texte.empty()) return noms;
-  for (std::size_t virgule = 0; virgule != std::string_view::npos;) {
-    virgule = texte.find(',');
-    noms.emplace_back(texte.substr(0, virgule));
-    if (virgule != std::string_view::npos) texte.remove_prefix(virgule + 1);
-  }
-  return noms;
-}
-
-std::pair<std::string, std::string> NomEtTexte(const std::string& option, const std::string& valeur) {
-  constexpr std::size_t kNomLePlusLong = 4;
-  const std::size_t egal = valeur.find('=');
-  if (egal == std::string::npos || egal == 0 || egal > kNomLePlusLong)
-    throw UsageIncorrect(Joindre({"l'option ", option, " attend NOM=TEXTE et non \"", valeur, "\""}));
-  return {valeur.substr(0, egal), valeur.substr(egal + 1)};
-}
 
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
       // clang-format off
-      ProgrammeImportBurt(),
-      ProgrammeImportCsv(),
-      ProgrammeImportDbf(),
-      ProgrammeImportTableau(),
-      ProgrammeSaisie(),
-      ProgrammeTriapl(),
-      ProgrammePrepRecod(),
-      ProgrammeRecodage(),
-      ProgrammeCroise(),
-      ProgrammePosmod(),
-      ProgrammeModifMod(),
-      ProgrammeNomeMod(),
-      ProgrammeNomQuest(),
-      ProgrammeEcapem(),
-      ProgrammeAnecar(),
-      ProgrammeWardCoupe(),
-      ProgrammeGraphe(),
-      ProgrammePrepText(),
-      ProgrammeSaisieMot(),
-      ProgrammeTabMot(),
-      ProgrammeModifModR(),
-      ProgrammeAnatab(),
-      ProgrammeReglin(),
-      ProgrammeSuplMot(),
-      ProgrammeTabMotAgreg(),
-      ProgrammeConcordance(),
-      ProgrammeTriFichier(),
-      ProgrammeTriang(),
-      ProgrammeModifBurt(),
-      ProgrammeProfilMod(),
-      ProgrammeTri(),
-      ProgrammeExportCsv(),
-      ProgrammeExporter(),
-      ProgrammeCaracteres(),
-      ProgrammeFusionner(),
-      ProgrammeGendat(),
-      ProgrammeInversion(),
+      ProgrammeDe(capture::DescriptionImportBurt()),
+      ProgrammeDe(capture::DescriptionImportCsv()),
+      ProgrammeDe(capture::DescriptionImportDbf()),
+      ProgrammeDe(capture::DescriptionImportTableau()),
+      ProgrammeDe(sorts::DescriptionTriapl()),
+      ProgrammeDe(sorts::DescriptionPrepRecod()),
+      ProgrammeDe(sorts::DescriptionRecodage()),
+      ProgrammeDe(crosstab::DescriptionCroise()),
+      ProgrammeDe(modalities::DescriptionPosmod()),
+      ProgrammeDe(modalities::DescriptionModifMod()),
+      ProgrammeDe(modalities::DescriptionNomeMod()),
+      ProgrammeDe(modalities::DescriptionNomQuest()),
+      ProgrammeDe(tables::DescriptionEcapem()),
+      ProgrammeDe(factor::DescriptionAnecar()),
+      ProgrammeDe(factor::DescriptionWardCoupe()),
+      ProgrammeDe(factor::DescriptionGraphe()),
+      ProgrammeDe(text::DescriptionPrepText()),
+      ProgrammeDe(text::DescriptionSaisieMot()),
+      ProgrammeDe(text::DescriptionTabMot()),
+      ProgrammeDe(text::DescriptionSuplMot()),
+      ProgrammeDe(text::DescriptionTabMotAgreg()),
+      ProgrammeDe(utilities::DescriptionTriFichier()),
+      ProgrammeDe(utilities::DescriptionTri()),
+      ProgrammeDe(utilities::DescriptionExportCsv()),
+      ProgrammeDe(utilities::DescriptionExporter()),
+      ProgrammeDe(utilities::DescriptionCaracteres()),
+      ProgrammeDe(utilities::DescriptionFusionner()),
+      ProgrammeDe(utilities::DescriptionGendat()),
+      ProgrammeDe(utilities::DescriptionInversion()),
       // clang-format on
   };
   return programmes;
-}
-
-std::size_t TrouverOption(const std::vector<Option>& options, const std::string& nom, const std::string& nomProgramme) {
-  std::vector<std::size_t> commencent;
-  for (std::size_t i = 0; i < options.size(); ++i) {
-    const std::vector<std::string>& autres = options[i].autresNoms;
-    if (options[i].nom == nom || std::find(autres.begin(), autres.end(), nom) != autres.end()) return i;
-    if (!nom.empty() && options[i].nom.starts_with(nom)) commencent.push_back(i);
-  }
-  if (commencent.size() == 1) return commencent.front();
-  throw UsageIncorrect(Joindre({std::string_view(commencent.empty() ? "option inconnue : " : "option ambigue : "), nom,
-                                " (voir : quelvar-batch ", nomProgramme, " --aide)"}));
-}
-
-bool LireOuiNon(const std::string& nom, const std::string& valeur) {
-  const std::string mot = Minuscules(valeur);
-  if (mot != "oui" && mot != "non")
-    throw UsageIncorrect(Joindre({"l'option ", nom, " attend oui|non et non \"", valeur, "\""}));
-  return mot == "oui";
 }
 
 }  // namespace quelvar::batch

@@ -16,6 +16,8 @@ enum class NomsCourts {
 struct OptionsImportBurt {
   std::string fichier;  // text file, by its name in the working directory or its path
   NomsCourts noms = NomsCourts::Automatiques;
+
+  bool operator==(const OptionsImportBurt&) const = default;
 };
 
 // What is missing before a launch; empty when the import may start.

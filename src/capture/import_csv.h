@@ -8,6 +8,8 @@ namespace quelvar::capture {
 
 struct OptionsImportCsv {
   bool sansIntitules = false;  // the first line is data, and no .POS is made
+
+  bool operator==(const OptionsImportCsv&) const = default;
 };
 
 // Runs the import of the generic. Every failure is told in the report; the former .DAT and .POS stay in place until

@@ -18,6 +18,8 @@ struct OptionsEcapem {
   bool tousTableaux = false;     // prints the tables beyond 30 rows or columns as well
   bool liensLignes = false;      // writes the .PEL, links between rows
   ChoixDeLiens choixLiens = ChoixDeLiens::DeuxMille;
+
+  bool operator==(const OptionsEcapem&) const = default;
 };
 
 // Reads the .MOD and .BRT (.POS for a Burt table, .NT1 for cliques), writes the report .PRO and replaces .PEM and .PEL

@@ -9,6 +9,8 @@ namespace quelvar::utilities {
 
 struct OptionsCaracteres {
   std::string a;  // file to look at
+
+  bool operator==(const OptionsCaracteres&) const = default;
 };
 
 // The first thing that a launch lacks; empty when nothing is missing.

@@ -13,6 +13,8 @@ struct OptionsExportation {
   std::string debut;            // first position of the zone, as typed
   std::string fin;              // last position of the zone, as typed
   bool complementaire = false;  // every column but those of the zone
+
+  bool operator==(const OptionsExportation&) const = default;
 };
 
 // The first thing that a launch lacks, in the words of the form; empty when nothing is missing.

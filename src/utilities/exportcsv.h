@@ -12,6 +12,8 @@ struct OptionsExportCsv {
   bool tabulation = false;  // the cells are separated by tabs instead of ";"
   bool utf8 = false;        // UTF-8 with its mark instead of Windows-1252
   bool codes = false;  // codes instead of labels, under titles that begin with the names: what an import reads back
+
+  bool operator==(const OptionsExportCsv&) const = default;
 };
 
 // Report: "$$$.prt", empty unless a file is missing. Writes generic and ".csv". A value outside its codes reads as a

@@ -19,6 +19,8 @@ struct OptionsFusion {
   // Identifiers as typed: column in A and in B, common width. Those of a verification are asked by input boxes, which
   // propose these.
   std::string positionA, positionB, largeur;
+
+  bool operator==(const OptionsFusion&) const = default;
 };
 
 // The first thing that a launch lacks, in the words of the form; empty when nothing is missing.

@@ -9,7 +9,9 @@
 
 namespace quelvar::utilities {
 
-struct OptionsGendat {};
+struct OptionsGendat {
+  bool operator==(const OptionsGendat&) const = default;
+};
 
 // Names of the questions of rows, columns and blocks: the parts of a title that holds "/", the defaults for those that
 // it lacks.

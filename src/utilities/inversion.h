@@ -10,6 +10,8 @@ namespace quelvar::utilities {
 struct OptionsInversion {
   bool trg = false;                // the table goes to .TRG instead
   std::string* nouveau = nullptr;  // if given, receives the generic that the session is to take
+
+  bool operator==(const OptionsInversion&) const = default;
 };
 
 // Report: generic and ".prt". The new generic is the next one by the rule of names; when it exists already, an input

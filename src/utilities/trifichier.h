@@ -32,6 +32,8 @@ struct OptionsTriFichier {
   std::string largeur{};   // as typed
   SensDeTri sens = SensDeTri::Croissant;
   bool rogner = false;  // trailing blanks of each line go
+
+  bool operator==(const OptionsTriFichier&) const = default;
 };
 
 // What the user still has to give before a sort can start; empty when nothing is missing. "A" and "C" being one file

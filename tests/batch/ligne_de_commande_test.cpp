@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "batch/dialogue_batch.h"
-#include "sorts/triapl/triapl.h"
 
 namespace quelvar::batch {
 namespace {
@@ -20,7 +19,7 @@ TEST(LigneDeCommande, GlobalOptionsMayStandOnBothSidesOfTheProgram) {
   EXPECT_EQ(demande.repertoire, "/");
   EXPECT_EQ(demande.reponses.size(), 1U);
   EXPECT_EQ(TexteDate(*demande.horloge) + TexteHeure(*demande.horloge), "02/05/201714:30:05");
-  EXPECT_EQ(demande.options, (std::vector<ValeurDOption>{{"limite", "50"}, {"donnees", "A=B.DAT"}}));
+  EXPECT_EQ(demande.options, (LigneDOptions{{"limite", "50"}, {"donnees", "A=B.DAT"}}));
   EXPECT_EQ(LireLigneDeCommande({"triapl", "--aide"}).genre, Demande::Genre::AideProgramme);
 }
 
@@ -37,41 +36,6 @@ TEST(LigneDeCommande, WhatCannotBeRunIsRefused) {
                                                      {"triapl", "ENQ", "limite"},
                                                      {"triapl", "ENQ", "=50"}};
   for (const auto& arguments : cas) EXPECT_THROW(LireLigneDeCommande(arguments), UsageIncorrect);
-}
-
-struct OptionsEssai {
-  bool drapeau = false;
-  int nombre = 7;
-  std::string texte{};
-};
-OptionsEssai recues;
-Fin Essai(const Contexte&, const OptionsEssai& options) {
-  recues = options;
-  return Fin::Normale;
-}
-
-TEST(Description, OptionsAreCheckedBeforeTheRun) {
-  const Programme programme = Description<OptionsEssai>("essai", "essai", Essai)
-                                  .OuiNon("drapeau", &OptionsEssai::drapeau, "un drapeau")
-                                  .Entier("nombre", &OptionsEssai::nombre, -5, 50, "un nombre")
-                                  .Alias({"casenombre"})
-                                  .Texte("texte", &OptionsEssai::texte, "TEXTE", "un texte");
-  EXPECT_EQ(programme.executer({}, {{"drapeau", "OUI"}, {"nombre", "-3"}, {"texte", "a b"}}), Fin::Normale);
-  EXPECT_TRUE(recues.drapeau);
-  EXPECT_EQ(recues.nombre, -3);
-  EXPECT_EQ(recues.texte, "a b");
-  EXPECT_EQ(programme.executer({}, {{"casenombre", "9"}, {"te", "abrege"}}), Fin::Normale);
-  EXPECT_EQ(recues.nombre, 9);
-  EXPECT_EQ(recues.texte, "abrege");
-  for (const ValeurDOption& faute : std::vector<ValeurDOption>{{"drapeau", "peut-etre"},
-                                                               {"nombre", "51"},
-                                                               {"nombre", ""},
-                                                               {"nombre", "-"},
-                                                               {"nombre", "3x"},
-                                                               {"autre", "1"}})
-    EXPECT_THROW(programme.executer({}, {faute}), UsageIncorrect) << faute.first << "=" << faute.second;
-  const std::string aide = TexteAideProgramme(programme);
-  EXPECT_NE(aide.find("nombre=-5..50\n      un nombre (par défaut : 7)\n"_w), std::string::npos) << aide;
 }
 
 TEST(Programmes, EveryProgramIsListedOnceWithItsHelp) {

@@ -5,7 +5,9 @@
 
 namespace quelvar::capture {
 
-struct OptionsImportDbf {};
+struct OptionsImportDbf {
+  bool operator==(const OptionsImportDbf&) const = default;
+};
 
 // Runs the import of the generic: its .DBF when there is one, else its .DAT. A .DAT beside its .POS is only counted.
 // The former .DAT and .POS stay in place until the normal end; what was converted, left out or renamed is told in a

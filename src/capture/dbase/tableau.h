@@ -5,7 +5,9 @@
 
 namespace quelvar::capture {
 
-struct OptionsImportTableau {};
+struct OptionsImportTableau {
+  bool operator==(const OptionsImportTableau&) const = default;
+};
 
 // Makes .BRT and .MOD of the .DBF of the generic, with an account in .IMP. Stops with error 9 for fewer than three
 // fields, 13 for a word among the counts, 62 for a file without rows.

@@ -35,6 +35,8 @@ struct OptionsAnecar {
   bool codageLogique = false;  // the individuals themselves are analysed
   InversionsDeFacteurs inversions{};
   std::optional<OptionsWard> classification;  // run after the factors
+
+  bool operator==(const OptionsAnecar&) const = default;
 };
 
 // Checks the files and writes the short report .ANA; nothing when the run has ended there.

@@ -14,6 +14,8 @@ struct OptionsWard {
   MethodeWard methode = MethodeWard::Distances;
   bool individus = false;  // the lines of .FI2 instead of those of .FJ2
   bool etapesCsv = false;  // write the .CSV of the steps
+
+  bool operator==(const OptionsWard&) const = default;
 };
 
 // Classifies on that many factors and appends to the report. With `derniers` only that many lines at the end of the

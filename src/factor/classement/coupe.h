@@ -23,6 +23,8 @@ ArbreCah LireCah(const Chemin& chemin);
 struct OptionsCoupe {
   int niveau = 0;               // number of steps
   bool intitulesLongs = false;  // classes of modalities are listed by their long labels
+
+  bool operator==(const OptionsCoupe&) const = default;
 };
 
 // Cuts the tree of the generic and appends to .PRT. For individuals it writes .DAT, .POS and .MOD of the next generic,

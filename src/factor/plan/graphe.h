@@ -72,6 +72,8 @@ struct OptionsGraphe {
   int classes = 0;       // 0: by the level
   std::string ellipses;  // of the letters C, M and I
   std::vector<std::string> marques;
+
+  bool operator==(const OptionsGraphe&) const = default;
 };
 
 // Links, rows' links, the tree or the network file are asked for.

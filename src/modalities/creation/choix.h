@@ -52,6 +52,8 @@ struct NomsDIndividus {
   bool dansDonnees = false;  // taken from the data line instead of the number of the line
   std::optional<int> debut;  // first column, from 1; none when the box is empty
   int largeur = 0;           // columns
+
+  bool operator==(const NomsDIndividus&) const = default;
 };
 
 // Why the button BoutLancer refuses to run; empty when it runs.

@@ -21,6 +21,8 @@ struct OptionsPosmod {
   NomsDIndividus noms = {};       // of the individuals
   bool verifierCodesMax = true;   // stop after more than 50 values above their code-max
   bool oublierAnciennes = false;  // marks and labels of an earlier .MOD are not used
+
+  bool operator==(const OptionsPosmod&) const = default;
 };
 
 // Writes .PRT, .BRT and .MOD (.CDG with individuals) and the marks of the choice in .POS. In the mode Modi it names the

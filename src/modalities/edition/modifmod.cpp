@@ -1,5 +1,8 @@
 #include "modalities/edition/modifmod.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 
@@ -15,26 +18,56 @@ void PoserStatut(std::string& texte, bool supplementaire) {
   texte.replace(4, 3, supplementaire ? kSupplementaire : kActive);
 }
 
-// The ranks that a name stands for: one modality, or those of a question.
-std::vector<std::size_t> RangsDe(const std::vector<std::string>& textes, std::string_view nom, bool questionAdmise) {
-  const std::size_t rang = RangDeModalite(textes, nom);
-  if (rang < textes.size()) return {rang};
+[[noreturn]] void Arreter(Rapport& rapport, std::initializer_list<Texte> phrase) {
+  rapport.Ligne(phrase);
+  throw Erreur(kArretAnnonce);
+}
+
+[[noreturn]] void RefuserModalite(Rapport& rapport, std::string_view nom) {
+  Arreter(rapport, {"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
+}
+
+// The modalities of a question.
+std::vector<std::size_t> RangsDeLaQuestion(const std::vector<std::string>& textes, std::string_view nom) {
   std::vector<std::size_t> rangs;
-  for (std::size_t i = 0; questionAdmise && !Rogner(nom).empty() && i < textes.size(); ++i)
+  for (std::size_t i = 0; !Rogner(nom).empty() && i < textes.size(); ++i)
     if (Rogner(Milieu(textes[i], 1, kLargeurQuestion)) == Rogner(nom)) rangs.push_back(i);
   return rangs;
 }
 
-void Appliquer(std::vector<std::string>& textes, const OptionsModifMod::Action& action, Rapport& rapport) {
-  using Genre = OptionsModifMod::Action::Genre;
-  const std::vector<std::size_t> rangs = RangsDe(textes, action.nom, action.genre != Genre::Intitule);
-  if (rangs.empty()) {
-    rapport.Ligne({"La modalité "_w, action.nom, " n'est pas dans le fichier de modalités"_w});
-    throw Erreur(kArretAnnonce);
+// The status asked for, as ranks: those of questions, then those of single modalities.
+struct Statuts {
+  std::vector<std::pair<std::size_t, bool>> questions;
+  std::vector<std::pair<std::size_t, bool>> modalites;
+};
+
+void DemanderStatut(Statuts& statuts, const std::vector<std::string>& textes, const std::vector<std::string>& noms,
+                    bool supplementaire, Rapport& rapport) {
+  for (const std::string& nom : noms) {
+    const std::size_t rang = RangDeModalite(textes, nom);
+    if (rang < textes.size()) {
+      statuts.modalites.emplace_back(rang, supplementaire);
+      continue;
+    }
+    const std::vector<std::size_t> rangs = RangsDeLaQuestion(textes, nom);
+    if (rangs.empty()) RefuserModalite(rapport, nom);
+    for (const std::size_t r : rangs) statuts.questions.emplace_back(r, supplementaire);
   }
-  for (const std::size_t rang : rangs) {
-    if (action.genre == Genre::Intitule) PoserIntitule(textes[rang], action.intitule);
-    else PoserStatut(textes[rang], action.genre == Genre::Supplementaire);
+}
+
+void Appliquer(std::vector<std::string>& textes, const OptionsModifMod& options, Rapport& rapport) {
+  for (const std::string& nom : options.actives)
+    if (std::find(options.supplementaires.begin(), options.supplementaires.end(), nom) != options.supplementaires.end())
+      Arreter(rapport, {nom, " est demandé à la fois actif et supplémentaire"_w});
+  Statuts statuts;
+  DemanderStatut(statuts, textes, options.supplementaires, true, rapport);
+  DemanderStatut(statuts, textes, options.actives, false, rapport);
+  for (const auto& demandes : {statuts.questions, statuts.modalites})
+    for (const auto& [rang, supplementaire] : demandes) PoserStatut(textes[rang], supplementaire);
+  for (const auto& [nom, intitule] : options.intitules) {
+    const std::size_t rang = RangDeModalite(textes, nom);
+    if (rang == textes.size()) RefuserModalite(rapport, nom);
+    PoserIntitule(textes[rang], intitule);
   }
 }
 
@@ -84,7 +117,7 @@ Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) 
     EtatModifMod etat = ChargerModifMod(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
-    for (const OptionsModifMod::Action& action : options.actions) Appliquer(etat.textes, action, rapport);
+    Appliquer(etat.textes, options, rapport);
     Enregistrer(contexte, etat.textes);
     rapport.Ligne(kEnregistre);
   });

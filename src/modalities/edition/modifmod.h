@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/programme/programme.h"
@@ -29,15 +30,14 @@ Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>
 // Leaves without saving: the report says so. Also for NomQuest and NomeMod.
 Fin AbandonnerEdition(const Contexte& contexte);
 
-// The same without a form.
+// The same without a form: names of modalities, or of questions for the status of all their modalities; a modality
+// named by itself goes before its question. A name asked to be both is refused in the report.
 struct OptionsModifMod {
-  struct Action {
-    enum class Genre { Active, Supplementaire, Intitule };
-    Genre genre;
-    std::string nom;  // of a modality, or of a question for the status of all its modalities
-    std::string intitule = {};
-  };
-  std::vector<Action> actions = {};  // in their order
+  std::vector<std::string> supplementaires = {};
+  std::vector<std::string> actives = {};
+  std::vector<std::pair<std::string, std::string>> intitules = {};  // modality, label
+
+  bool operator==(const OptionsModifMod&) const = default;
 };
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options);
 

@@ -44,6 +44,8 @@ struct OptionsNomeMod {
   std::optional<std::vector<std::string>> questions = {};
   bool codesZero = true;
   std::vector<std::pair<std::string, std::string>> intitules = {};  // modality, label
+
+  bool operator==(const OptionsNomeMod&) const = default;
 };
 Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options);
 

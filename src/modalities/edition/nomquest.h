@@ -45,6 +45,8 @@ Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestio
 // The same without a form.
 struct OptionsNomQuest {
   std::vector<std::pair<std::string, std::string>> intitules = {};  // question, name
+
+  bool operator==(const OptionsNomQuest&) const = default;
 };
 Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options);
 

@@ -16,16 +16,22 @@ struct ElementDeScript {
   std::string question;
   std::optional<int> code;  // none: the value of the question is added
   std::string score;
+
+  bool operator==(const ElementDeScript&) const = default;
 };
 
 struct VitDeScript {
   std::string nom;
   std::vector<ElementDeScript> elements;
+
+  bool operator==(const VitDeScript&) const = default;
 };
 
 struct FiltreDeScript {
   SensFiltre sens = SensFiltre::Aucun;  // none: the filter is taken out
   std::vector<std::pair<std::string, int>> expressions;
+
+  bool operator==(const FiltreDeScript&) const = default;
 };
 
 struct OptionsPrepRecod {
@@ -35,6 +41,8 @@ struct OptionsPrepRecod {
   std::optional<FiltreDeScript> filtre;
   bool supprimerVit = false;
   std::vector<VitDeScript> vits;  // put behind those of the file
+
+  bool operator==(const OptionsPrepRecod&) const = default;
 };
 
 // Tells what became of each instruction in a report that is not kept; one that has a fault stops the run and leaves the

@@ -20,6 +20,8 @@ struct OptionsRecodage {
   bool enFin = false;               // keep the old questions and put recoded copies at the end of the record
   SuiteRecodage* suite = nullptr;   // of the session that runs the program, if any
   std::string fichierDonnees = {};  // other data file; empty for generic .DAT
+
+  bool operator==(const OptionsRecodage&) const = default;
 };
 
 // Asks for the name of the new generic and writes its .REC, .DAT, .POS and, passed on, its .MOD; then Qvr2.ini names

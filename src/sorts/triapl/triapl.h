@@ -18,6 +18,8 @@ struct OptionsTriapl {
   std::string fichierDonnees{};    // other data file; empty for generic .DAT
   bool intitules = true;           // labels from the .MOD
   bool nonReponses = true;         // code 0 counts as a response
+
+  bool operator==(const OptionsTriapl&) const = default;
 };
 
 // Runs the flat sort of the generic. Every failure is told in the report.

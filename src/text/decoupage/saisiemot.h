@@ -18,6 +18,8 @@ struct OptionsSaisieMot {
   int lignesMax = 1;         // lines of text of an individual
   bool auxiliaires = false;  // keep .NT1, .TR1 and .EDI
   bool themes = false;       // only words that begin with "$", as markers of themes
+
+  bool operator==(const OptionsSaisieMot&) const = default;
 };
 
 // What the form says instead of starting; empty when it may start.

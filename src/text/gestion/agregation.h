@@ -23,6 +23,8 @@ struct TriDeLignes {
   CleDeLignes cle = CleDeLignes::Frequence;
   double facteur = 1;  // number from 1, for the key of that name
   utilities::SensDeTri sens = utilities::SensDeTri::Croissant;
+
+  bool operator==(const TriDeLignes&) const = default;
 };
 
 // The work in progress: nothing of it is in a file before Terminer.
@@ -61,8 +63,12 @@ struct OptionsTabMotAgreg {
     std::optional<TriDeLignes> tri;  // a sort; without it a merge
     std::string intitule = {};
     std::vector<std::string> lignes = {};
+
+    bool operator==(const Action&) const = default;
   };
   std::vector<Action> actions = {};  // in their order
+
+  bool operator==(const OptionsTabMotAgreg&) const = default;
 };
 Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options);
 

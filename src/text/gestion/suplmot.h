@@ -28,8 +28,12 @@ struct OptionsSuplMot {
     Genre genre;
     std::string nom;
     std::string intitule = {};
+
+    bool operator==(const Action&) const = default;
   };
   std::vector<Action> actions = {};  // in their order
+
+  bool operator==(const OptionsSuplMot&) const = default;
 };
 Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options);
 

@@ -19,6 +19,8 @@ struct OptionsTabMot {
   bool codesZero = false;                             // code 0 gets a column
   int limite = kDepassementsAdmis;                    // excesses of code-max before the stop; 0 for no stop
   std::optional<bool> themes{};                       // without it the words tell: all begin with "_"
+
+  bool operator==(const OptionsTabMot&) const = default;
 };
 
 // Runs the program; the report is .PRT. .BRT, .MOD and .POS change at the normal end only, all or none.

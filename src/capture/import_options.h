@@ -1,0 +1,15 @@
+// The options of the imports of tables as the command line and the forms know them.
+#pragma once
+
+#include "capture/burt.h"
+#include "capture/dbase/import.h"
+#include "capture/dbase/tableau.h"
+#include "core/options/description.h"
+
+namespace quelvar::capture {
+
+const Description<OptionsImportDbf>& DescriptionImportDbf();
+const Description<OptionsImportTableau>& DescriptionImportTableau();
+const Description<OptionsImportBurt>& DescriptionImportBurt();
+
+}  // namespace quelvar::capture

@@ -1,0 +1,147 @@
+#include "core/options/option.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+
+#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+namespace {
+
+const AutreNom* AutreNomDe(const Option& option, std::string_view nom) {
+  const auto trouve = std::find_if(option.autresNoms.begin(), option.autresNoms.end(),
+                                   [&](const AutreNom& autre) { return autre.nom == nom; });
+  return trouve == option.autresNoms.end() ? nullptr : &*trouve;
+}
+
+std::string ValeursDe(const AutreNom& autre) {
+  std::string valeurs;
+  for (const auto& mot : autre.mots) valeurs += (valeurs.empty() ? "" : "|") + mot.first;
+  return valeurs;
+}
+
+OptionTrouvee Traduire(std::size_t rang, const AutreNom* autre, const std::string& valeur) {
+  if (autre == nullptr || autre->mots.empty()) return {rang, valeur};
+  for (const auto& [mot, traduit] : autre->mots)
+    if (EgalSansCasse(mot, valeur)) return {rang, traduit, traduit.empty()};
+  RefuserValeur(autre->nom, ValeursDe(*autre), valeur);
+}
+
+// The options whose name begins so; without one, the names with words of their own that do.
+struct Commencement {
+  std::size_t rang;
+  const AutreNom* autre;
+};
+
+std::vector<Commencement> Commencements(const std::vector<Option>& options, const std::string& debut) {
+  std::vector<Commencement> trouves;
+  if (debut.empty()) return trouves;
+  for (std::size_t i = 0; i < options.size(); ++i)
+    if (options[i].nom.starts_with(debut)) trouves.push_back({i, nullptr});
+  if (!trouves.empty()) return trouves;
+  for (std::size_t i = 0; i < options.size(); ++i)
+    for (const AutreNom& autre : options[i].autresNoms)
+      if (!autre.mots.empty() && autre.nom.starts_with(debut)) trouves.push_back({i, &autre});
+  return trouves;
+}
+
+bool SansDanger(char c) {
+  constexpr std::string_view kSignes = "_.,:/=+-@%";
+  return (c >= '0' && c <= '9') || (Minuscule(c) >= 'a' && Minuscule(c) <= 'z') ||
+         kSignes.find(c) != std::string_view::npos;
+}
+
+std::string Proteger(std::string_view mot) {
+  if (!mot.empty() && std::all_of(mot.begin(), mot.end(), SansDanger)) return std::string(mot);
+  std::string protege = "'";
+  for (const char c : mot) {
+    if (c == '\'') protege += "'\\''";
+    else protege += c;
+  }
+  return protege + "'";
+}
+
+}  // namespace
+
+OptionTrouvee TrouverOption(const std::vector<Option>& options, const ValeurDOption& typee,
+                            std::string_view programme) {
+  const auto& [nom, valeur] = typee;
+  for (std::size_t i = 0; i < options.size(); ++i) {
+    if (options[i].nom == nom) return {i, valeur};
+    if (const AutreNom* autre = AutreNomDe(options[i], nom)) return Traduire(i, autre, valeur);
+  }
+  const std::vector<Commencement> commencements = Commencements(options, nom);
+  if (commencements.size() == 1) return Traduire(commencements.front().rang, commencements.front().autre, valeur);
+  throw UsageIncorrect(Joindre({std::string_view(commencements.empty() ? "option inconnue : " : "option ambigue : "),
+                                nom, " (voir : quelvar-batch ", programme, " --aide)"}));
+}
+
+void RefuserValeur(std::string_view nom, std::string_view attendu, std::string_view valeur) {
+  throw UsageIncorrect(Joindre({"l'option ", nom, " attend ", attendu, " et non \"", valeur, "\""}));
+}
+
+bool LireOuiNon(std::string_view nom, std::string_view valeur) {
+  const std::string mot = Minuscules(valeur);
+  if (mot != "oui" && mot != "non") RefuserValeur(nom, "oui|non", valeur);
+  return mot == "oui";
+}
+
+int LireEntier(std::string_view nom, std::string_view valeur, int minimum, int maximum) {
+  constexpr std::size_t kChiffresDUnEntier = 9;
+  const std::string_view chiffres = valeur.substr(valeur.starts_with('-') ? 1 : 0);
+  const bool entier = !chiffres.empty() && chiffres.size() <= kChiffresDUnEntier &&
+                      chiffres.find_first_not_of("0123456789") == std::string_view::npos;
+  const double nombre = entier ? ValeurDe(valeur) : 0;
+  if (!entier || nombre < minimum || nombre > maximum)
+    RefuserValeur(nom, Joindre({"un nombre entier (", Nombre(minimum), "..", Nombre(maximum), ")"}), valeur);
+  return static_cast<int>(nombre);
+}
+
+double LireReel(std::string_view nom, std::string_view valeur) {
+  if (!EstNombre(valeur)) RefuserValeur(nom, "un nombre", valeur);
+  return ValeurDe(valeur);
+}
+
+std::string EcrireReel(double valeur) {
+  char octets[32];
+  const std::to_chars_result fin = std::to_chars(octets, octets + sizeof octets, valeur);
+  return {octets, fin.ptr};
+}
+
+std::vector<std::string> NomsSepares(std::string_view texte) {
+  std::vector<std::string> noms;
+  if (texte.empty()) return noms;
+  for (std::size_t virgule = 0; virgule != std::string_view::npos;) {
+    virgule = texte.find(',');
+    noms.emplace_back(texte.substr(0, virgule));
+    if (virgule != std::string_view::npos) texte.remove_prefix(virgule + 1);
+  }
+  return noms;
+}
+
+std::string NomsJoints(const std::vector<std::string>& noms) {
+  std::string texte;
+  for (std::size_t i = 0; i < noms.size(); ++i) texte += (i == 0 ? "" : ",") + noms[i];
+  return texte;
+}
+
+std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::string_view valeur) {
+  constexpr std::size_t kNomLePlusLong = 4;
+  const std::size_t egal = valeur.find('=');
+  if (egal == std::string_view::npos || egal == 0 || egal > kNomLePlusLong) RefuserValeur(option, "NOM=TEXTE", valeur);
+  return {std::string(valeur.substr(0, egal)), std::string(valeur.substr(egal + 1))};
+}
+
+std::string CommandeEcrite(std::string_view programme, std::string_view generique, int niveau,
+                           const LigneDOptions& ligne) {
+  std::string commande = "quelvar-batch ";
+  if (niveau != 1) commande += Joindre({"--niveau ", Nombre(niveau), " "});
+  commande += Joindre({programme, " ", Proteger(generique)});
+  for (const auto& [nom, valeur] : ligne) commande += " " + Proteger(Joindre({nom, "=", valeur}));
+  return commande;
+}
+
+}  // namespace quelvar

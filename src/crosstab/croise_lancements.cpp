@@ -1,0 +1,111 @@
+// The run of the crosstabs without their form: each request is done on the state of the form as a user would.
+#include <optional>
+
+#include "core/dessin/svg.h"
+#include "core/enquete/noms.h"
+#include "crosstab/croise.h"
+#include "crosstab/croise_options.h"
+#include "crosstab/graphe/graphe2.h"
+
+namespace quelvar::crosstab {
+
+namespace {
+
+struct FormeCroise {
+  const Contexte& contexte;
+  const EnqueteCroisee& enquete;
+  EtatChoixVar etat;
+
+  const Dialogue& Ecran() const { return contexte.Ecran(); }
+};
+
+// The questions of those names, "*" for all; a name that the survey has not stops the run.
+std::vector<std::size_t> Trouver(const FormeCroise& forme, const std::vector<std::string>& noms) {
+  const std::vector<QuestionCroisee>& questions = forme.enquete.questions;
+  std::vector<std::size_t> trouvees;
+  for (const std::string& nom : noms) {
+    if (nom == "*") {
+      for (std::size_t i = 0; i < questions.size(); ++i) trouvees.push_back(i);
+      continue;
+    }
+    const std::vector<std::size_t> rangs = RangsDuNom(questions, nom);
+    if (rangs.size() != 1) {
+      forme.Ecran().demander(rangs.empty()
+                                 ? Joindre({"La question ", nom, " n'existe pas dans ", forme.contexte.Nom(".POS")})
+                                 : FauteHomonymes(nom, questions, rangs),
+                             Boutons::Ok);
+      throw Erreur(kArretAnnonce);
+    }
+    trouvees.push_back(rangs.front());
+  }
+  return trouvees;
+}
+
+// Puts these questions, and no others, into a role.
+void Poser(FormeCroise& forme, RoleQuestion role, const std::vector<std::string>& noms) {
+  const std::vector<std::size_t> questions = Trouver(forme, noms);
+  EnleverDuRole(forme.etat, role, QuestionsDuRole(forme.etat, role), forme.Ecran());
+  AjouterAuRole(forme.etat, role, questions, forme.Ecran());
+}
+
+void Preparer(FormeCroise& forme, const RequeteCroise& requete) {
+  EtatChoixVar& etat = forme.etat;
+  if (requete.filtres.empty()) ChoisirDeuxDimensions(etat, forme.Ecran());
+  else ChoisirTroisDimensions(etat, forme.Ecran());
+  Poser(forme, RoleQuestion::Filtre, requete.filtres);
+  Poser(forme, RoleQuestion::Ligne, requete.lignes);
+  Poser(forme, RoleQuestion::Colonne, requete.colonnes);
+  ChoisirUnSeul(etat, !requete.graphique.empty(), forme.Ecran());
+  ChoisirEdition(etat, requete.edition);
+  ChoisirCaractere(etat, requete.points);
+  etat.nonReponses = requete.nonReponses;
+  etat.ordrePem = requete.ordrePem;
+  etat.inverserLignes = requete.inverserLignes;
+  etat.inverserColonnes = requete.inverserColonnes;
+  etat.detailKhi2 = requete.detailKhi2;
+  if (requete.tableauIsole) CocherTableauIsole(etat, true, forme.contexte);
+}
+
+void EcrireGraphique(const FormeCroise& forme, std::string_view nom, const TableauRetenu& tableau) {
+  Remplacement fichier(forme.contexte.repertoire, nom);
+  fichier.Fichier().Ecrire(TexteSvg(DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(tableau)))));
+  fichier.Valider();
+}
+
+void Lancer(FormeCroise& forme, const RequeteCroise& requete) {
+  Preparer(forme, requete);
+  const std::optional<DemandeCroise> demande = PreparerLancement(forme.etat, forme.Ecran());
+  if (!demande) {
+    forme.Ecran().demander(forme.etat.titre, Boutons::Ok);
+    throw Erreur(kArretAnnonce);
+  }
+  const std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
+  if (!resultat) throw Erreur(kArretAnnonce);
+  ApresLancement(forme.etat, *resultat);
+  if (resultat->retenu) EcrireGraphique(forme, requete.graphique, *resultat->retenu);
+}
+
+}  // namespace
+
+Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
+  std::optional<Affichage> dernier;
+  Dialogue ecran = contexte.Ecran();
+  ecran.afficher = [&](const Affichage& affichage) { dernier = affichage; };
+  Contexte muet = contexte;
+  muet.dialogue = &ecran;
+  Fin fin = Fin::Arret;
+  if (const std::optional<EnqueteCroisee> enquete = PreparerCroise(muet, options.fichierDonnees)) {
+    try {
+      FormeCroise forme{muet, *enquete, NouveauChoix(*enquete)};
+      for (const RequeteCroise& requete : options.lancements) Lancer(forme, requete);
+      fin = Fin::Normale;
+    } catch (const Erreur& erreur) {
+      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    }
+  }
+  if (dernier) contexte.Ecran().afficher(*dernier);
+  else MontrerRapport(contexte, contexte.Nom(".TCR"));
+  return fin;
+}
+
+}  // namespace quelvar::crosstab

@@ -1,0 +1,11 @@
+// The options of the factor analysis as the command line and the form know them.
+#pragma once
+
+#include "core/options/description.h"
+#include "factor/analyse/anecar.h"
+
+namespace quelvar::factor {
+
+const Description<OptionsAnecar>& DescriptionAnecar();
+
+}  // namespace quelvar::factor

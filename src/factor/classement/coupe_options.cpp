@@ -1,0 +1,22 @@
+#include "factor/classement/coupe_options.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+constexpr int kEtapesAuPlus = 999999;
+
+}  // namespace
+
+const Description<OptionsCoupe>& DescriptionWardCoupe() {
+  using O = OptionsCoupe;
+  static const Description<O> description =
+      Description<O>("ward-coupe", "Coupe l'arbre d'une classification : groupes de modalités, ou nouveau générique"_w,
+                     WardCoupe)
+          .Entier("niveau", &O::niveau, 0, kEtapesAuPlus, "nombre d'étapes de l'arbre"_w)
+          .OuiNon("intituleslongs", &O::intitulesLongs, "liste les modalités par leur intitulé long"_w)
+          .Montre("CheckLong");
+  return description;
+}
+
+}  // namespace quelvar::factor

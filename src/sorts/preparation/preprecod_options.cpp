@@ -1,0 +1,122 @@
+#include "sorts/preparation/preprecod_options.h"
+
+namespace quelvar::sorts {
+
+namespace {
+
+using O = OptionsPrepRecod;
+using Textes = std::vector<std::string>;
+
+constexpr std::string_view kAucun = "non";
+
+int LireCode(std::string_view option, std::string_view attendu, std::string_view texte) {
+  if (texte.empty() || texte.size() > 3 || texte.find_first_not_of("0123456789") != std::string_view::npos)
+    RefuserValeur(option, attendu, texte);
+  return static_cast<int>(ValeurDe(texte));
+}
+
+void PoserPonderation(O& options, const std::string& valeur) {
+  options.ponderation = Minuscules(valeur) == kAucun ? std::string() : valeur;
+}
+
+Textes EcrirePonderation(const O& options) {
+  if (!options.ponderation) return {};
+  return {options.ponderation->empty() ? std::string(kAucun) : *options.ponderation};
+}
+
+constexpr std::string_view kFormeFiltre = "incl:NOM=CODE,... ou excl:NOM=CODE,... ou non";
+
+void PoserFiltre(O& options, const std::string& valeur) {
+  FiltreDeScript filtre;
+  if (Minuscules(valeur) != kAucun) {
+    const std::string sens = Minuscules(valeur.substr(0, 5));
+    if (sens != "incl:" && sens != "excl:") RefuserValeur("filtre", kFormeFiltre, valeur);
+    filtre.sens = sens == "incl:" ? SensFiltre::Inclure : SensFiltre::Exclure;
+    for (const std::string& expression : NomsSepares(std::string_view(valeur).substr(5))) {
+      const std::size_t egal = expression.find('=');
+      if (egal == std::string::npos) RefuserValeur("filtre", kFormeFiltre, valeur);
+      filtre.expressions.emplace_back(expression.substr(0, egal),
+                                      LireCode("filtre", kFormeFiltre, std::string_view(expression).substr(egal + 1)));
+    }
+  }
+  options.filtre = filtre;
+}
+
+Textes EcrireFiltre(const O& options) {
+  if (!options.filtre) return {};
+  if (options.filtre->sens == SensFiltre::Aucun) return {std::string(kAucun)};
+  Textes expressions;
+  for (const auto& [question, code] : options.filtre->expressions)
+    expressions.push_back(Joindre({question, "=", Nombre(code)}));
+  return {(options.filtre->sens == SensFiltre::Inclure ? "incl:" : "excl:") + NomsJoints(expressions)};
+}
+
+constexpr std::string_view kFormeVit = "NOM=QUESTION=CODE,QUESTION=CODE*SCORE,... ou NOM=QUESTION+,... ou non";
+
+ElementDeScript LireElement(std::string_view texte) {
+  ElementDeScript element;
+  const std::size_t etoile = texte.find('*');
+  if (etoile != std::string_view::npos) element.score = texte.substr(etoile + 1);
+  texte = texte.substr(0, etoile);
+  const std::size_t signe = texte.find_first_of("=+");
+  if (signe == std::string_view::npos) RefuserValeur("vit", kFormeVit, texte);
+  element.question = texte.substr(0, signe);
+  if (texte[signe] == '=') element.code = LireCode("vit", kFormeVit, texte.substr(signe + 1));
+  if (element.code.value_or(0) > 99) RefuserValeur("vit", "un code de deux chiffres", texte);
+  return element;
+}
+
+std::string EcrireElement(const ElementDeScript& element) {
+  std::string texte = element.question + (element.code ? "=" + Nombre(*element.code) : "+");
+  if (!element.score.empty()) texte += "*" + element.score;
+  return texte;
+}
+
+void PoserVit(O& options, const std::string& valeur) {
+  if (Minuscules(valeur) == kAucun) {
+    options.supprimerVit = true;
+    return;
+  }
+  const auto [nom, elements] = NomEtTexte("vit", valeur);
+  VitDeScript vit{nom, {}};
+  for (const std::string& element : NomsSepares(elements)) vit.elements.push_back(LireElement(element));
+  options.vits.push_back(std::move(vit));
+}
+
+Textes EcrireVits(const O& options) {
+  Textes textes;
+  if (options.supprimerVit) textes.emplace_back(kAucun);
+  for (const VitDeScript& vit : options.vits) {
+    Textes elements;
+    for (const ElementDeScript& element : vit.elements) elements.push_back(EcrireElement(element));
+    textes.push_back(Joindre({vit.nom, "=", NomsJoints(elements)}));
+  }
+  return textes;
+}
+
+Description<O> Decrire() {
+  return Description<O>("preprecod",
+                        "Écrit dans le .POS les consignes du recodage, comme le formulaire de préparation"_w,
+                        PreparerParScript)
+      .Couples("regle", &O::regles, "NOM=REGLE",
+               "règle d'une question (AGE=1-3=1/4-8=2) ; vide : plus de règle ; se répète"_w)
+      .Libre("ponderation", "NOM|non", "question de pondération"_w, PoserPonderation, EcrirePonderation)
+      .Alias({"pond"})
+      .Choix("effectif", &O::maximum, {{"reduit", false}, {"maximum", true}}, "effectif résultant de la pondération"_w)
+      .Bouton("OptEffReduit", "reduit")
+      .Bouton("OptEffMax", "maximum")
+      .Libre("filtre", kFormeFiltre, "individus gardés ou écartés, tous les codes étant exigés ensemble"_w, PoserFiltre,
+             EcrireFiltre)
+      .Libre("vit", kFormeVit, "variable idéale-typique ajoutée à celles du fichier ; non les efface ; se répète"_w,
+             PoserVit, EcrireVits)
+      .Repetable();
+}
+
+}  // namespace
+
+const Description<OptionsPrepRecod>& DescriptionPrepRecod() {
+  static const Description<OptionsPrepRecod> description = Decrire();
+  return description;
+}
+
+}  // namespace quelvar::sorts

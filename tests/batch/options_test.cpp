@@ -1,0 +1,156 @@
+// The law of the tables of options, for every program: reading what was written gives the same options, and the order
+// in which they are typed never matters.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+
+#include "batch/ligne_de_commande.h"
+
+namespace quelvar::batch {
+namespace {
+
+using Hasard = std::mt19937;
+using Textes = std::vector<std::string>;
+
+std::size_t Tirer(Hasard& hasard, std::size_t nombre) {
+  return std::uniform_int_distribution<std::size_t>(0, nombre - 1)(hasard);
+}
+const std::string& Parmi(Hasard& hasard, const Textes& textes) { return textes[Tirer(hasard, textes.size())]; }
+
+// Values of the options that have a reading of their own.
+const std::map<std::string, Textes> kLibres = {
+    {"preprecod regle", {"AGE=1-3=1/4-8=2", "SEX=", "A=b c"}},
+    {"preprecod ponderation", {"PDS", "non"}},
+    {"preprecod filtre", {"non", "incl:", "incl:SEX=1", "excl:SEX=1,AGE=012"}},
+    {"preprecod vit", {"non", "CUL=", "CUL=AGE=12*2,SEX=1", "SOM=AGE+,SEX+*-1.5"}},
+    {"modifmod supplementaires", {"SEX", "SEX1,AGE2"}},
+    {"modifmod actives", {"PCS", "PCS1,PCS2,LIE"}},
+    {"modifmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"nomemod intitule", {"SEX1=l'homme seul", "AGE2="}},
+    {"nomquest intitule", {"SEX=Sexe = genre", "AGE="}},
+    {"anecar seuillignes", {"moyenne", "0", "12"}},
+    {"anecar seuilcolonnes", {"Moyenne", "0", "9999"}},
+    {"anecar inversions", {"1", "3,1", "1,2,3"}},
+    {"graphe fichier", {"plan.svg", "mon plan.SVG"}},
+    {"graphe horizontal", {"1", "c", "C3"}},
+    {"graphe vertical", {"2", "C", "12"}},
+    {"graphe niveau", {"0", "12"}},
+    {"graphe ellipses", {"mediane", "i,c", "concentration,indicatrice,mediane"}},
+    {"suplmot colonnes-sup", {"SEX1", "SEX1,AGE2"}},
+    {"suplmot colonnes-actives", {"PCS1", "SEX2,AGE2"}},
+    {"suplmot lignes-sup", {"travail", "vie,sante"}},
+    {"suplmot lignes-actives", {"", "de"}},
+    {"suplmot intitule-colonne", {"SEX1=Hommes", "SEX2="}},
+    {"suplmot intitule-ligne", {"travail=le travail", "vie=a=b"}},
+    {"tabmotagreg agreger", {"tout=de,sante", "vide="}},
+    {"tabmotagreg tri", {"frequence", "alphabetique,decroissant", "facteur2,croissant", "Facteur"}},
+    {"croise graphique", {"", "g.svg"}},
+};
+
+std::string Valeur(Hasard& hasard, const std::string& programme, const Option& option) {
+  switch (option.genre) {
+    case Option::Genre::Mots: return Parmi(hasard, option.mots);
+    case Option::Genre::Entier:
+      return Nombre(std::uniform_int_distribution<int>(option.minimum, option.maximum)(hasard));
+    case Option::Genre::Reel: return Parmi(hasard, {"0", "-1.5", "0.1", "1e-7", "90", "123456789.25"});
+    case Option::Genre::Texte: return Parmi(hasard, {"", "A.DAT", "un nom 'long'", "a=b", "\xE9t\xE9"});
+    case Option::Genre::Noms: return Parmi(hasard, {"", "SEX", "SEX,AGE", "*", " A,B,"});
+    case Option::Genre::Libre: break;
+  }
+  const auto valeurs = kLibres.find(programme + " " + option.nom);
+  if (valeurs == kLibres.end()) throw std::logic_error("no values for " + programme + " " + option.nom);
+  return Parmi(hasard, valeurs->second);
+}
+
+// Each option by one of its names.
+ValeurDOption Typee(Hasard& hasard, const std::string& programme, const Option& option) {
+  const std::size_t nom = Tirer(hasard, option.autresNoms.size() + 1);
+  if (nom == 0) return {option.nom, Valeur(hasard, programme, option)};
+  const AutreNom& autre = option.autresNoms[nom - 1];
+  if (autre.mots.empty()) return {autre.nom, Valeur(hasard, programme, option)};
+  return {autre.nom, autre.mots[Tirer(hasard, autre.mots.size())].first};
+}
+
+LigneDOptions UnLancement(Hasard& hasard, const Programme& programme) {
+  LigneDOptions ligne;
+  for (const Option& option : programme.options) {
+    if (option.nom == "lancer") continue;
+    const std::size_t fois = Tirer(hasard, option.repetable ? 4 : 2);
+    for (std::size_t i = 0; i < fois; ++i) ligne.push_back(Typee(hasard, programme.nom, option));
+  }
+  return ligne;
+}
+
+// In any order but that of the values of an option that may be repeated, which is its own, and that of what is done
+// one after the other.
+LigneDOptions Melangee(Hasard& hasard, const Programme& programme, const LigneDOptions& ligne) {
+  const auto rang = [&](const ValeurDOption& typee) {
+    const std::size_t trouve = TrouverOption(programme.options, typee, programme.nom).rang;
+    return programme.options[trouve].geste ? programme.options.size() : trouve;
+  };
+  LigneDOptions melangee = ligne;
+  std::shuffle(melangee.begin(), melangee.end(), hasard);
+  for (std::size_t option = 0; option <= programme.options.size(); ++option) {
+    auto source = ligne.begin();
+    for (ValeurDOption& typee : melangee) {
+      if (rang(typee) != option) continue;
+      while (rang(*source) != option) ++source;
+      typee = *source++;
+    }
+  }
+  return melangee;
+}
+
+// The words of a line of the shell.
+Textes Mots(std::string_view ligne) {
+  Textes mots(1);
+  bool entre = false;
+  for (std::size_t i = 0; i < ligne.size(); ++i) {
+    if (ligne[i] == '\'') entre = !entre;
+    else if (ligne[i] == '\\' && !entre) mots.back() += ligne[++i];
+    else if (ligne[i] == ' ' && !entre) mots.emplace_back();
+    else mots.back() += ligne[i];
+  }
+  return mots;
+}
+
+TEST(OptionsDesProgrammes, ReadingWhatWasWrittenGivesTheSameOptions) {
+  constexpr int kEssais = 300;
+  Hasard hasard(1);
+  for (const Programme& programme : Programmes()) {
+    const bool parEtapes = std::any_of(programme.options.begin(), programme.options.end(),
+                                       [](const Option& option) { return option.nom == "lancer"; });
+    for (int essai = 0; essai < kEssais; ++essai) {
+      LigneDOptions ligne = UnLancement(hasard, programme);
+      if (parEtapes)
+        for (std::size_t reste = Tirer(hasard, 3); reste > 0; --reste) {
+          ligne.emplace_back("lancer", "oui");
+          for (ValeurDOption& typee : UnLancement(hasard, programme)) ligne.push_back(std::move(typee));
+        }
+      const LigneDOptions ecrite = programme.recrire(ligne);
+      ASSERT_TRUE(programme.memes(ligne, ecrite)) << CommandeEcrite(programme.nom, "ENQ", 1, ligne) << "\n"
+                                                  << CommandeEcrite(programme.nom, "ENQ", 1, ecrite);
+      Textes mots = Mots(CommandeEcrite(programme.nom, "ENQ", 2, ecrite));
+      for (std::string& mot : mots) mot = VersUtf8(mot);
+      const Demande demande = LireLigneDeCommande({mots.begin() + 1, mots.end()});
+      EXPECT_EQ(demande.options, ecrite);
+      EXPECT_EQ(demande.niveau, 2);
+    }
+  }
+}
+
+TEST(OptionsDesProgrammes, TheirOrderNeverMatters) {
+  constexpr int kEssais = 300;
+  Hasard hasard(2);
+  for (const Programme& programme : Programmes())
+    for (int essai = 0; essai < kEssais; ++essai) {
+      const LigneDOptions ligne = UnLancement(hasard, programme);
+      const LigneDOptions melangee = Melangee(hasard, programme, ligne);
+      ASSERT_TRUE(programme.memes(ligne, melangee)) << CommandeEcrite(programme.nom, "ENQ", 1, melangee);
+    }
+}
+
+}  // namespace
+}  // namespace quelvar::batch
