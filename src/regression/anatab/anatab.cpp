@@ -1,0 +1,189 @@
+#include "regression/anatab/anatab.h"
+
+#include <optional>
+#include <utility>
+
+#include "core/enquete/modfile.h"
+#include "core/texte/nombres.h"
+#include "regression/anatab/logistique.h"
+#include "regression/anatab/travail.h"
+#include "regression/colonne.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr std::string_view kTitre = "Régression sur données d'enquête"_w;
+constexpr double kPopulationSuffisante = 50;  // percent
+constexpr int kFichiersGardes = 3;            // DE=3
+constexpr std::int64_t kProgressionMax = 100;
+
+struct FichiersDAnatab {
+  Chemin codageLogique;
+  Chemin mod;
+};
+
+FichiersDAnatab TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
+  const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  if (!cdg) rapport.Ligne({"*** Le tableau de codage logique ", contexte.Nom(".CDG"), " n'existe pas"});
+  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
+  if (!cdg || !mod) {
+    Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  return {*cdg, *mod};
+}
+
+void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
+  EcrireBandeau(rapport, kTitre);
+  rapport.Ligne({"Le nom du fichier de codage logique est ", contexte.Nom(".CDG")});
+  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TRP")});
+}
+
+[[noreturn]] void Arreter(Rapport& rapport, Texte ligne) {
+  rapport.Ligne(ligne);
+  throw Erreur(kArretAnnonce);
+}
+
+Travail LireLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
+  const FichierMod mod = LireMod(chemin);
+  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
+  std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
+  std::vector<QuestionCodee> questions = QuestionsDe(codage);
+  const std::vector<std::string> fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
+  for (const std::string& faute : fautes) rapport.Ligne(faute);
+  if (!fautes.empty()) Arreter(rapport, "*** Arrêt du programme dû aux erreurs mentionnées"_w);
+  Travail travail(ConstruireModele(std::move(codage), std::move(questions)));
+  travail.parametres = parametres;
+  return travail;
+}
+
+void LireLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+  travail.etape = Etape::Lecture;
+  LireIndividus(codageLogique, travail.modele, contexte.Ecran(), travail.individus);
+  const Individus& individus = travail.individus;
+  for (const std::int64_t rang : individus.rangsFautifs)
+    rapport.Ligne(
+        {"*** L'individu ", Figure(static_cast<double>(rang), 5, 0), " n'a pas une réponse à chaque question"_w});
+  if (individus.fautifs > 0) {
+    rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
+    rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(individus.fautifs), 5, 0)});
+    if (individus.fautifs >= static_cast<std::int64_t>(kFautifsCites))
+      rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  if (individus.Nombre() == 0)
+    Arreter(rapport, Joindre({"*** Le fichier ", contexte.Nom(".CDG"), " est vide. Arrêt du programme"_w}));
+  rapport.Ligne({"Nombre d'individus =", NombreNu(individus.Nombre())});
+}
+
+void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
+  travail.triees = TrierFiches(travail.individus, contexte.Ecran());
+  travail.etape = Etape::Tri;
+  travail.comptees = CompterVoisines(travail.triees);
+  double possibles = 2;
+  for (const QuestionCodee& question : travail.modele.explicantes) possibles *= static_cast<double>(question.nombre);
+  if (possibles == static_cast<double>(travail.comptees.size())) {
+    rapport.Ligne("Tous les sous-effets possibles sont attestés"_w);
+    return;
+  }
+  rapport.Ligne("Tous les sous-effets possibles ne sont pas attestés"_w);
+  std::vector<Comptee> paires = GarderLesPaires(travail.comptees, travail.individus.fiches);
+  if (paires.empty()) {
+    travail.etape = Etape::SansPaire;
+    Arreter(rapport, "Aucun sous-effet n'est calculable. Arrêt du programme"_w);
+  }
+  travail.comptees = std::move(paires);
+  travail.filtrees = true;
+}
+
+void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& travail) {
+  travail.analyse.cellules = CellulesDe(travail.modele);
+  travail.analyse.table = FormerSituations(travail.comptees, travail.individus.fiches, travail.modele);
+  travail.etape = Etape::Situations;
+  AnalyseTabulaire& analyse = travail.analyse;
+  analyse.examinees = ExaminerSituations(analyse.table, travail.base.individus, travail.base.nombreOui);
+  ImprimerSituations(rapport, analyse, travail.modele);
+  if (analyse.examinees < analyse.table.situations.size()) throw Erreur(kDivisionParZero);
+  const double population = travail.analyse.table.Population();
+  const double part = 100 * population / travail.base.individus;
+  rapport.Ligne();
+  rapport.Ligne(
+      {"Population concernée="_w, Figure(population, 5, 0), " soit ", NombreFixe(part, 3, 1), "% de l'effectif total"});
+  if (part < kPopulationSuffisante &&
+      contexte.Ecran().demander("La population concernée est inférieure à 50%\nSouhaitez-vous continuer ?"_w,
+                                Boutons::OuiNon) != Reponse::Oui)
+    throw Erreur(kArretAnnonce);
+}
+
+void ChercherLesEffets(Rapport& rapport, Travail& travail) {
+  AnalyseTabulaire& analyse = travail.analyse;
+  analyse.sousEffets = ChercherSousEffets(analyse.table, analyse.cellules);
+  travail.etape = Etape::SousEffets;
+  analyse.effets = CalculerEffets(analyse.sousEffets, analyse.table, analyse.cellules, travail.Choix().oddsRatio);
+  ImprimerTitreParametres(rapport, travail.modele, travail.Choix());
+  const std::optional<std::size_t> reference = SituationDeReference(analyse.table, analyse.cellules);
+  if (!reference) {
+    rapport.Ligne("*** La situation de référence n'est attestée par aucun individu"_w);
+    rapport.Ligne("    Au vu des résultats précédents prendre une situation attestée"_w);
+    Arreter(rapport, "    Arrêt du programme"_w);
+  }
+  analyse.reference = *reference;
+  const Situation& situation = analyse.Reference();
+  analyse.khi2Reference = KhiCellule(travail.base.individus, travail.base.nombreOui, situation.effectif,
+                                     situation.pourcentage * situation.effectif / 100);
+  ImprimerReference(rapport, analyse);
+  ImprimerEffets(rapport, analyse, travail.modele, travail.Choix());
+  ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
+}
+
+void Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+  const Dialogue& ecran = contexte.Ecran();
+  ecran.montrerProgression(kProgressionMax);
+  ImprimerModele(rapport, travail.modele);
+  LireLesReponses(contexte, rapport, codageLogique, travail);
+  travail.base = CompterLaBase(travail.individus, travail.modele);
+  ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
+  ecran.progresser(20);
+  FormerLesGroupes(contexte, rapport, travail);
+  ecran.progresser(40);
+  ExaminerLesSituations(contexte, rapport, travail);
+  ecran.progresser(60);
+  ChercherLesEffets(rapport, travail);
+  ecran.progresser(80);
+  AjusterLesModeles(contexte, rapport, travail);
+}
+
+// A run that stops leaves its work files as they stand.
+void Executer(const Contexte& contexte, Rapport& rapport) {
+  const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
+  ImprimerNomsDeFichiers(contexte, rapport);
+  Travail travail = LireLeModele(contexte, rapport, fichiers.mod);
+  try {
+    Analyser(contexte, rapport, fichiers.codageLogique, travail);
+  } catch (const Erreur&) {
+    LaisserLesFichiers(contexte, travail);
+    throw;
+  }
+  if (travail.parametres.decimales == kFichiersGardes) {
+    LaisserLesFichiers(contexte, travail);
+    EcrireListeFinale(contexte, travail);
+  } else {
+    EffacerLesFichiers(contexte);
+  }
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+Fin Anatab(const Contexte& contexte) {
+  const Fin fin = ExecuterProgramme(contexte, contexte.Nom(".TRP"), LibellesErreur{},
+                                    [&](Rapport& rapport) { Executer(contexte, rapport); });
+  contexte.Ecran().montrerProgression(0);
+  return fin;
+}
+
+}  // namespace quelvar::regression

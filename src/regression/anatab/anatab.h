@@ -1,0 +1,15 @@
+// Anatab: a modality explained by those of several questions, by the tabular analysis and then by the likelihood of a
+// linear and of a logistic model, in one report.
+#pragma once
+
+#include <string>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::regression {
+
+// Reads the coding of the .MOD and the logical coding, writes the .TRP. What else it needs stands in the .MOD (DE=).
+// A population of the situations kept below 50 % is put to the user.
+Fin Anatab(const Contexte& contexte);
+
+}  // namespace quelvar::regression

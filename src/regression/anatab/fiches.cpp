@@ -1,0 +1,170 @@
+#include "regression/anatab/fiches.h"
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+
+#include "core/calcul/tris.h"
+#include "core/enquete/datfile.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr std::size_t kTableInitiale = 1024;
+constexpr std::size_t kDebutCodage = 4;      // bytes in front of the first modality
+constexpr std::size_t kChiffresExacts = 15;  // a decimal number of so many digits is exact in a double
+constexpr std::int64_t kPasDAffichage = 50000;
+
+std::uint64_t Hacher(std::string_view fiche) {
+  std::uint64_t h = 0x9E3779B97F4A7C15U;
+  const auto meler = [&h](std::uint64_t mot) {
+    h = (h ^ mot) * 0xFF51AFD7ED558CCDU;
+    h ^= h >> 32;
+  };
+  std::size_t i = 0;
+  for (; i + 8 <= fiche.size(); i += 8) {
+    std::uint64_t mot;
+    std::memcpy(&mot, fiche.data() + i, 8);
+    meler(mot);
+  }
+  std::uint64_t mot = 0;
+  std::memcpy(&mot, fiche.data() + i, fiche.size() - i);
+  meler(mot);
+  return h;
+}
+
+double ValeurDeFiche(std::string_view fiche) {
+  if (fiche.size() <= kChiffresExacts &&
+      std::all_of(fiche.begin(), fiche.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+    std::int64_t valeur = 0;
+    for (const char c : fiche) valeur = 10 * valeur + (c - '0');
+    return static_cast<double>(valeur);
+  }
+  return ValeurDe(fiche);
+}
+
+// Rank of the value of each distinct record, from 0; records of one value share it.
+std::vector<std::uint32_t> RangsDesValeurs(const Fiches& fiches, bool& partagees) {
+  std::vector<double> valeurs(fiches.Nombre());
+  for (NumeroFiche f = 0; f < valeurs.size(); ++f) valeurs[f] = ValeurDeFiche(fiches[f]);
+  std::vector<NumeroFiche> ordre(valeurs.size());
+  std::iota(ordre.begin(), ordre.end(), NumeroFiche{0});
+  std::sort(ordre.begin(), ordre.end(), [&](NumeroFiche a, NumeroFiche b) { return valeurs[a] < valeurs[b]; });
+  std::vector<std::uint32_t> rangs(valeurs.size());
+  partagees = false;
+  for (std::size_t i = 1; i < ordre.size(); ++i) {
+    const bool egales = valeurs[ordre[i]] == valeurs[ordre[i - 1]];
+    partagees |= egales;
+    rangs[ordre[i]] = rangs[ordre[i - 1]] + (egales ? 0 : 1);
+  }
+  return rangs;
+}
+
+// Where every record has a value of its own, equal keys are equal records: any sort gives the same order.
+std::vector<NumeroFiche> TrierParComptage(const Individus& individus, const std::vector<std::uint32_t>& rangs) {
+  std::vector<std::uint32_t> effectifs(rangs.size());
+  for (const NumeroFiche f : individus.fiche) ++effectifs[f];
+  std::vector<NumeroFiche> parRang(rangs.size());
+  for (NumeroFiche f = 0; f < rangs.size(); ++f) parRang[rangs[f]] = f;
+  std::vector<NumeroFiche> triees;
+  triees.reserve(individus.fiche.size());
+  for (auto f = parRang.rbegin(); f != parRang.rend(); ++f) triees.insert(triees.end(), effectifs[*f], *f);
+  return triees;
+}
+
+}  // namespace
+
+Fiches::Fiches(std::size_t largeur) : largeur_(largeur), table_(kTableInitiale) {}
+
+std::size_t Fiches::Place(std::string_view fiche) const {
+  std::size_t place = Hacher(fiche) & (table_.size() - 1);
+  while (table_[place] != 0 && (*this)[table_[place] - 1] != fiche) place = (place + 1) & (table_.size() - 1);
+  return place;
+}
+
+void Fiches::Agrandir() {
+  std::vector<NumeroFiche> anciennes(2 * table_.size());
+  anciennes.swap(table_);
+  for (const NumeroFiche numero : anciennes)
+    if (numero != 0) table_[Place((*this)[numero - 1])] = numero;
+}
+
+NumeroFiche Fiches::Ranger(std::string_view fiche) {
+  const std::size_t place = Place(fiche);
+  if (table_[place] != 0) return table_[place] - 1;
+  octets_.insert(octets_.end(), fiche.begin(), fiche.end());
+  const auto numero = static_cast<NumeroFiche>(Nombre());
+  table_[place] = numero;
+  if (2 * Nombre() > table_.size()) Agrandir();
+  return numero - 1;
+}
+
+void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dialogue& ecran, Individus& individus) {
+  const std::size_t modalites = modele.codage.size();
+  const auto questions = static_cast<int>(modele.questions.size());
+  LecteurIndividus lecteur(codageLogique, kDebutCodage + modalites);
+  std::string fiche(modele.LargeurFiche(), ' ');
+  for (const char* ligne = lecteur.Lire(); ligne != nullptr; ligne = lecteur.Lire()) {
+    const char* codage = ligne + kDebutCodage;
+    int reponses = 0;
+    for (std::size_t i = 0; i < modalites; ++i) reponses += ValeurDuCaractere(codage[i]);
+    for (std::size_t k = 0; k < modele.Explicatives(); ++k) fiche[k] = codage[modele.explicatives[k]];
+    const char y = codage[modele.aExpliquer];
+    fiche[fiche.size() - 2] = y;
+    fiche[fiche.size() - 1] = y == '1' ? '0' : '1';
+    if (y == '1') ++individus.oui;
+    individus.fiche.push_back(individus.fiches.Ranger(fiche));
+    const std::int64_t rang = individus.Nombre();
+    if (reponses != questions) {
+      ++individus.fautifs;
+      if (individus.rangsFautifs.size() < kFautifsCites) individus.rangsFautifs.push_back(rang);
+    }
+    if (rang % kPasDAffichage == 0) ecran.montrerIteration(Joindre({"Lecture individus : ", Nombre(rang)}));
+  }
+}
+
+std::vector<NumeroFiche> TrierFiches(const Individus& individus, const Dialogue& ecran) {
+  bool partagees = false;
+  const std::vector<std::uint32_t> rangs = RangsDesValeurs(individus.fiches, partagees);
+  if (!partagees) return TrierParComptage(individus, rangs);
+
+  struct Cle {
+    std::uint32_t rang;
+    NumeroFiche fiche;
+  };
+  std::vector<Cle> cles;
+  cles.reserve(individus.fiche.size());
+  for (const NumeroFiche f : individus.fiche) cles.push_back({rangs[f], f});
+  TrierParTas(
+      std::span(cles), [](const Cle& a, const Cle& b) { return a.rang > b.rang; },
+      [&](std::size_t reste) {
+        if (static_cast<std::int64_t>(reste) % kPasDAffichage == 0)
+          ecran.montrerIteration(Joindre({"Il reste ", Nombre(reste), " à trier"_w}));
+      });
+  std::vector<NumeroFiche> triees(cles.size());
+  std::transform(cles.begin(), cles.end(), triees.begin(), [](const Cle& cle) { return cle.fiche; });
+  return triees;
+}
+
+std::vector<Comptee> CompterVoisines(const std::vector<NumeroFiche>& triees) {
+  std::vector<Comptee> comptees;
+  for (const NumeroFiche f : triees) {
+    if (comptees.empty() || comptees.back().fiche != f) comptees.push_back({f, 0});
+    ++comptees.back().effectif;
+  }
+  return comptees;
+}
+
+std::vector<Comptee> GarderLesPaires(const std::vector<Comptee>& comptees, const Fiches& fiches) {
+  std::vector<Comptee> paires;
+  for (std::size_t i = 0; i + 1 < comptees.size(); ++i) {
+    if (fiches.Situation(comptees[i].fiche) != fiches.Situation(comptees[i + 1].fiche)) continue;
+    paires.push_back(comptees[i]);
+    paires.push_back(comptees[++i]);
+  }
+  return paires;
+}
+
+}  // namespace quelvar::regression

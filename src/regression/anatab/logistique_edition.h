@@ -1,0 +1,21 @@
+// Prints a fitted model: parameters, tests, and its outputs in probability.
+#pragma once
+
+#include "core/programme/report.h"
+#include "regression/anatab/sorties.h"
+#include "regression/anatab/travail.h"
+
+namespace quelvar::regression {
+
+void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste);
+void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste, const TestsDuModele& tests);
+// `moyennes` of each explanatory modality.
+void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+                               const std::vector<double>& moyennes);
+void ImprimerEffetPur(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+                      const std::vector<double>& ajustees);
+
+// The effect of a coefficient in percentage points, from the reference situation of the model.
+double EffetEnPoints(const ModeleAjuste& ajuste, double beta);
+
+}  // namespace quelvar::regression

@@ -1,0 +1,111 @@
+#include "regression/anatab/situations.h"
+
+#include <algorithm>
+
+#include "core/programme/erreur.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr int kLargeurCourte = 4;
+constexpr int kDecimalesConservees = 6;
+constexpr double kSeuils[] = {2.71, 3.84, 6.64};
+
+// The flag of the explained modality is kept by the order of the file, that of the references by the packed one: a
+// modality may thus bear the mark of another.
+std::string_view RoleDe(const Modele& modele, std::size_t k) {
+  if (modele.Explicative(k).reference) return " R  ";
+  return modele.codage[k].aExpliquer ? " Y  " : "    ";
+}
+
+}  // namespace
+
+std::vector<Cellule> CellulesDe(const Modele& modele) {
+  std::vector<Cellule> cellules(modele.Explicatives() + 1);
+  for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
+    Cellule& cellule = cellules[k];
+    cellule.intitule = CadreGauche(modele.Explicative(k).intitule, kLargeurCourte);
+    cellule.role = RoleDe(modele, k);
+    cellule.reference = modele.Explicative(k).reference;
+    cellule.texte = k;
+    for (std::size_t avant = k; avant-- > 0;) {
+      if (cellules[avant].intitule != cellule.intitule) continue;
+      if (cellules[avant].role == cellule.role) cellule.texte = cellules[avant].texte;
+      cellules[avant].designee = k;
+    }
+    cellule.designee = k;
+  }
+  cellules.back().intitule = cellules.back().role = CadreGauche("", kLargeurCourte);
+  cellules.back().texte = cellules.back().designee = modele.Explicatives();
+  return cellules;
+}
+
+Khi2Paire KhiCellule(double total, double totalOui, double n, double y) {
+  const double nons = total - totalOui;
+  const double theoriques[] = {n * totalOui / total, n * nons / total, (total - n) * totalOui / total,
+                               (total - n) * nons / total};
+  const double observes[] = {y, n - y, totalOui - y, total - n - totalOui + y};
+  Khi2Paire resultat;
+  for (std::size_t i = 0; i < 4; ++i) {
+    if (theoriques[i] == 0) throw Erreur(kDivisionParZero);
+    const double ecart = theoriques[i] - observes[i];
+    resultat.khi2 += ecart * ecart / theoriques[i];
+  }
+  for (const double seuil : kSeuils) resultat.classe += resultat.khi2 > seuil ? 1 : 0;
+  return resultat;
+}
+
+Khi2Paire KhiPaire(double n1, double n2, double y1, double y2) { return KhiCellule(n1 + n2, y1 + y2, n1, y1); }
+
+double TableSituations::Population() const {
+  double population = 0;
+  for (const Situation& situation : situations) population += situation.effectif;
+  return population;
+}
+
+TableSituations FormerSituations(const std::vector<Comptee>& comptees, const Fiches& fiches, const Modele& modele) {
+  TableSituations table;
+  table.questions = modele.explicantes.size();
+  for (std::size_t debut = 0, fin = 0; debut < comptees.size(); debut = fin) {
+    const std::string_view fiche = fiches.Situation(comptees[debut].fiche);
+    for (fin = debut + 1; fin < comptees.size() && fiches.Situation(comptees[fin].fiche) == fiche;) ++fin;
+    Situation situation;
+    situation.oui = comptees[debut].effectif;
+    situation.effectif = situation.oui + comptees[fin - 1].effectif;
+    situation.pourcentage = Arrondir(situation.Brut(), kDecimalesConservees);
+    table.situations.push_back(situation);
+    table.fiches.push_back(comptees[debut].fiche);
+    std::size_t trouvees = 0;
+    for (std::uint32_t k = 0; k < fiche.size() && trouvees < table.questions; ++k)
+      if (ValeurDuCaractere(fiche[k]) != 0) {
+        table.modalites.push_back(k);
+        ++trouvees;
+      }
+    table.modalites.resize(table.situations.size() * table.questions,
+                           static_cast<std::uint32_t>(modele.Explicatives()));
+  }
+  return table;
+}
+
+std::size_t ExaminerSituations(TableSituations& table, double individus, double oui) {
+  for (std::size_t s = 0; s < table.situations.size(); ++s) {
+    Situation& situation = table.situations[s];
+    if (situation.effectif == individus || oui == 0 || oui == individus) return s;
+    situation.khi2 = KhiCellule(individus, oui, situation.effectif, situation.oui);
+  }
+  return table.situations.size();
+}
+
+std::optional<std::size_t> SituationDeReference(const TableSituations& table, const std::vector<Cellule>& cellules) {
+  for (std::size_t s = table.situations.size(); s-- > 0;) {
+    const std::span<const std::uint32_t> modalites = table.Modalites(s);
+    if (std::all_of(modalites.begin(), modalites.end(), [&](std::uint32_t k) { return cellules[k].reference; }))
+      return s;
+  }
+  return std::nullopt;
+}
+
+}  // namespace quelvar::regression

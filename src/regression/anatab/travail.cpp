@@ -1,0 +1,105 @@
+#include "regression/anatab/travail.h"
+
+#include <string>
+
+#include "core/texte/nombres.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr std::string_view kExtensions[] = {".CD2", ".CD4", ".cd6", ".cd7", ".cd8"};
+
+Ecrivain Ouvrir(const Contexte& contexte, std::string_view extension) {
+  return Ecrivain(CheminDEcriture(contexte.repertoire, contexte.Nom(extension)));
+}
+
+void EcrireFiches(Ecrivain fichier, const Fiches& fiches, const std::vector<NumeroFiche>& liste) {
+  for (const NumeroFiche f : liste) fichier.Ligne(fiches[f]);
+  fichier.Fermer();
+}
+
+std::string LigneComptee(const Fiches& fiches, const Comptee& comptee) {
+  return Joindre({fiches[comptee.fiche], " ", NombreNu(comptee.effectif)});
+}
+
+void EcrireComptees(Ecrivain fichier, const Travail& travail) {
+  for (const Comptee& comptee : travail.comptees) fichier.Ligne(LigneComptee(travail.individus.fiches, comptee));
+  fichier.Fermer();
+}
+
+void EcrireSituations(Ecrivain fichier, const AnalyseTabulaire& analyse) {
+  for (std::size_t s = 0; s < analyse.examinees; ++s) {
+    const Situation& situation = analyse.table.situations[s];
+    for (const std::uint32_t k : analyse.table.Modalites(s))
+      for (const std::string& morceau : {analyse.cellules[k].intitule, analyse.cellules[k].role})
+        fichier.Ecrire(morceau);
+    fichier.Ligne(Joindre({NombreFixe(situation.effectif, 6, 0), NombreFixe(situation.pourcentage, 3, 6)}));
+  }
+  fichier.Fermer();
+}
+
+void EcrireSousEffets(Ecrivain populations, Ecrivain tableaux, const Travail& travail) {
+  for (const SousEffet& sousEffet : travail.analyse.sousEffets) {
+    populations.Ligne(SousPopulation(travail.analyse, sousEffet));
+    for (const std::string& bande : TableauPaire(travail.analyse, travail.modele, sousEffet)) tableaux.Ecrire(bande);
+    tableaux.FinDeLigne();
+  }
+  populations.Fermer();
+  tableaux.Fermer();
+}
+
+// The names of the columns of the list: the explanatory modalities, the explained one, the others of its question.
+std::vector<std::string_view> NomsDesColonnes(const Modele& modele) {
+  std::vector<std::string_view> noms;
+  for (std::size_t k = 0; k < modele.Explicatives(); ++k) noms.push_back(modele.Explicative(k).nom);
+  noms.push_back(modele.Expliquee().nom);
+  for (const std::size_t i : modele.autres) noms.push_back(modele.codage[i].nom);
+  return noms;
+}
+
+}  // namespace
+
+void LaisserLesFichiers(const Contexte& contexte, const Travail& travail) {
+  const Fiches& fiches = travail.individus.fiches;
+  if (travail.etape >= Etape::Lecture && travail.etape <= Etape::Situations) {
+    if (travail.etape == Etape::SansPaire) Ouvrir(contexte, ".CD2").Fermer();
+    else if (travail.filtrees) EcrireComptees(Ouvrir(contexte, ".CD2"), travail);
+    else EcrireFiches(Ouvrir(contexte, ".CD2"), fiches, travail.individus.fiche);
+  }
+  if (travail.etape >= Etape::Tri && travail.etape <= Etape::Situations)
+    EcrireFiches(Ouvrir(contexte, ".CD4"), fiches, travail.triees);
+  if (travail.etape >= Etape::SansPaire) EcrireComptees(Ouvrir(contexte, ".cd6"), travail);
+  if (travail.etape >= Etape::Situations) EcrireSituations(Ouvrir(contexte, ".cd8"), travail.analyse);
+  if (travail.etape >= Etape::SousEffets) EcrireSousEffets(Ouvrir(contexte, ".CD2"), Ouvrir(contexte, ".CD4"), travail);
+}
+
+void EcrireListeFinale(const Contexte& contexte, const Travail& travail) {
+  const std::vector<std::string_view> noms = NomsDesColonnes(travail.modele);
+  Ecrivain fichier = Ouvrir(contexte, ".cd7");
+  double numero = 0;
+  for (const Comptee& comptee : travail.comptees) {
+    // The count and the marks are looked up by the number of modalities of the file, which is the width of a record
+    // when the explained question has two.
+    const std::string ligne = LigneComptee(travail.individus.fiches, comptee);
+    const std::string_view marques = Milieu(ligne, 1, noms.size());
+    fichier.Ecrire(NombreFixe(++numero, 4, 0));
+    fichier.Ecrire(NombreFixe(ValeurDe(Milieu(ligne, noms.size() + 1)), 4, 0));
+    fichier.Ecrire(marques);
+    fichier.Ecrire(' ');
+    for (std::size_t c = 0; c < marques.size(); ++c) {
+      if (marques[c] != '1') continue;
+      fichier.Ecrire(noms[c]);
+      fichier.Ecrire(' ');
+    }
+    fichier.FinDeLigne();
+  }
+  fichier.Fermer();
+}
+
+void EffacerLesFichiers(const Contexte& contexte) {
+  for (const std::string_view extension : kExtensions)
+    if (const std::optional<Chemin> fichier = contexte.Chercher(extension)) EffacerFichier(*fichier);
+}
+
+}  // namespace quelvar::regression

@@ -1,0 +1,40 @@
+// What a run of Anatab goes through, and the work files in which a run that stops leaves it.
+#pragma once
+
+#include <vector>
+
+#include "core/enquete/parametres.h"
+#include "core/programme/programme.h"
+#include "regression/anatab/base.h"
+#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/fiches.h"
+#include "regression/anatab/modele.h"
+
+namespace quelvar::regression {
+
+enum class Etape { Rien, Lecture, Tri, SansPaire, Situations, SousEffets };
+
+struct Travail {
+  explicit Travail(Modele m) : modele(std::move(m)), individus(modele.LargeurFiche()) {}
+
+  Modele modele;
+  ParametresMod parametres;
+  Individus individus;
+  std::vector<NumeroFiche> triees;  // the records of the individuals, sorted
+  std::vector<Comptee> comptees;    // neighbours counted together; the pairs only where some are missing
+  bool filtrees = false;            // only pairs were kept
+  DonneesDeBase base;
+  AnalyseTabulaire analyse;
+  Etape etape = Etape::Rien;
+
+  ChoixEdition Choix() const { return {parametres.decimales == 1, parametres.decimales == 2}; }
+};
+
+// Writes .CD2, .CD4, .cd6 and .cd8 as they stand at the stage that the run has reached.
+void LaisserLesFichiers(const Contexte& contexte, const Travail& travail);
+// Writes .cd7, the list of the situations.
+void EcrireListeFinale(const Contexte& contexte, const Travail& travail);
+// Deletes the work files, those of an earlier run too.
+void EffacerLesFichiers(const Contexte& contexte);
+
+}  // namespace quelvar::regression

@@ -1,0 +1,152 @@
+#include "regression/modifmodr.h"
+
+#include <algorithm>
+
+#include "core/enquete/listemod.h"
+#include "core/enquete/modfile.h"
+#include "regression/codage.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr std::string_view kFinNormale = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
+constexpr std::size_t kPlaceDuCode = 4;
+constexpr std::size_t kLargeurDuCode = 3;
+constexpr std::size_t kDebutIntitule = kPlaceDuCode + kLargeurDuCode;
+
+std::string_view QuestionDe(std::string_view texte) { return texte.substr(0, kLargeurQuestion); }
+
+void PoserCode(std::string& texte, std::string_view code) { texte.replace(kPlaceDuCode, kLargeurDuCode, code); }
+
+struct Comptes {
+  std::size_t y = 0;
+  std::size_t r = 0;
+  std::size_t x = 0;
+  std::size_t blancs = 0;
+};
+
+Comptes Compter(const std::vector<std::string>& textes) {
+  Comptes comptes;
+  for (const std::string& texte : textes) {
+    const std::string_view code = MarqueDeTexte(texte);
+    const auto porte = [code](std::string_view lettres) { return code.find_first_of(lettres) != code.npos; };
+    comptes.y += porte("Yy") ? 1U : 0U;
+    comptes.r += porte("Rr") ? 1U : 0U;
+    comptes.x += porte("Xx") ? 1U : 0U;
+    comptes.blancs += Rogner(code).empty() ? 1U : 0U;
+  }
+  return comptes;
+}
+
+// The text of the modality of that name; without one, stops the run.
+std::string& Trouver(std::vector<std::string>& textes, const std::string& nom, Rapport& rapport) {
+  const std::size_t rang = RangDeModalite(textes, Rogner(nom));
+  if (rang < textes.size()) return textes[rang];
+  rapport.Ligne({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
+  throw Erreur(kArretAnnonce);
+}
+
+void Coder(std::vector<std::string>& textes, const std::vector<std::string>& noms, TypeDeQuestion type,
+           Rapport& rapport) {
+  for (const std::string& nom : noms) {
+    std::string& texte = Trouver(textes, nom, rapport);
+    CoderQuestion(textes, QuestionDe(texte), type);
+    CoderModalite(texte, type);
+  }
+}
+
+}  // namespace
+
+EtatModifModR ChargerModifModR(const Contexte& contexte) {
+  EtatModifModR etat;
+  try {
+    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
+    if (chemin && LongueurFichier(*chemin) >= kModVide) {
+      etat.textes = LireListeModalites(*chemin).textes;
+    } else {
+      etat.message = {std::string(kTitreErreur),
+                      std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
+                                  "en utilisant la touche 'Annuler'"_w)};
+    }
+  } catch (const Erreur& erreur) {
+    etat.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur.Numero()))};
+  }
+  return etat;
+}
+
+std::vector<std::string> QuestionsDesTextes(const std::vector<std::string>& textes) {
+  std::vector<std::string> questions;
+  for (const std::string& texte : textes)
+    if (std::find(questions.begin(), questions.end(), QuestionDe(texte)) == questions.end())
+      questions.emplace_back(QuestionDe(texte));
+  return questions;
+}
+
+std::vector<std::size_t> ModalitesDe(const std::vector<std::string>& textes, std::string_view question) {
+  std::vector<std::size_t> rangs;
+  for (std::size_t i = 0; i < textes.size(); ++i)
+    if (QuestionDe(textes[i]) == question) rangs.push_back(i);
+  return rangs;
+}
+
+void CoderQuestion(std::vector<std::string>& textes, std::string_view question, TypeDeQuestion type) {
+  for (const std::size_t i : ModalitesDe(textes, question))
+    PoserCode(textes[i], type == TypeDeQuestion::Explicative ? " X " : "   ");
+}
+
+void CoderModalite(std::string& texte, TypeDeQuestion type) {
+  PoserCode(texte, type == TypeDeQuestion::Explicative ? " R " : " Y ");
+}
+
+std::string_view RefusDEnregistrer(const std::vector<std::string>& textes) {
+  const Comptes comptes = Compter(textes);
+  if (comptes.y > 1) return "Plusieurs modalités sont explicatives au lieu d'une seule"_w;
+  if (comptes.y == 0) return "Il n'y a aucune modalité explicative"_w;
+  if (comptes.r + 1 != QuestionsDesTextes(textes).size())
+    return "Le nombre de modalités de référence est différent du nombre de questions explicatives (un seul R par question)"_w;
+  return {};
+}
+
+std::string_view Incoherence(const std::vector<std::string>& textes) {
+  const Comptes comptes = Compter(textes);
+  if (1 + comptes.r + comptes.x + comptes.blancs == textes.size()) return {};
+  return "Incohérence globale : toute question à expliquer doit avoir une modalité en Y et les autres à blanc, toutes les questions explicatives doivent avoir toutes leurs modalités en X sauf la référence en R. Cependant le fichier a été enregistré et vous pouvez continuer en sortant par le bouton 'Annuler' et en passant à l'étape suivante."_w;
+}
+
+void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& textes) {
+  RemplacerModalites(contexte.repertoire, contexte.Nom(".MOD"), textes);
+}
+
+Fin TerminerModifModR(const Contexte& contexte) { return RendreCompte(contexte, kFinNormale); }
+
+Fin AbandonnerModifModR(const Contexte& contexte) { return RendreCompte(contexte, "Arrêt volontaire du programme"_w); }
+
+Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    EtatModifModR etat = ChargerModifModR(contexte);
+    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
+    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    Coder(etat.textes, options.expliquer, TypeDeQuestion::AExpliquer, rapport);
+    Coder(etat.textes, options.references, TypeDeQuestion::Explicative, rapport);
+    for (const auto& [nom, intitule] : options.intitules) {
+      std::string& texte = Trouver(etat.textes, nom, rapport);
+      texte.resize(kDebutIntitule, ' ');
+      texte += intitule;
+    }
+    if (const std::string_view refus = RefusDEnregistrer(etat.textes); !refus.empty()) {
+      rapport.Ligne(kTitreErreur);
+      Avertir(rapport, contexte.Ecran(), refus);
+      throw Erreur(kArretAnnonce);
+    }
+    SauverModifModR(contexte, etat.textes);
+    if (const std::string_view incoherence = Incoherence(etat.textes); !incoherence.empty()) {
+      rapport.Ligne(kTitreAvertissement);
+      Avertir(rapport, contexte.Ecran(), incoherence);
+      return;
+    }
+    rapport.Ligne(kFinNormale);
+  });
+}
+
+}  // namespace quelvar::regression

@@ -1,0 +1,154 @@
+#include "regression/reglin/moindrescarres.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "core/programme/erreur.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+// A pivot below so many units of the last place of its diagonal element holds no figure.
+constexpr double kResteDArrondi = 64 * std::numeric_limits<double>::epsilon();
+
+double Diviser(double numerateur, double denominateur) {
+  if (denominateur == 0) throw Erreur(kDivisionParZero);
+  return numerateur / denominateur;
+}
+
+struct Pivot {
+  std::size_t ligne = 0;
+  std::size_t colonne = 0;
+  double grandeur = -1;
+};
+
+Pivot ChercherPivot(const Matrice& a, const std::vector<bool>& lignesPrises, const std::vector<bool>& colonnesPrises) {
+  Pivot pivot;
+  for (std::size_t i = 0; i < a.Lignes(); ++i)
+    for (std::size_t j = 0; j < a.Lignes() && !lignesPrises[i]; ++j)
+      if (!colonnesPrises[j] && std::fabs(a(i, j)) > pivot.grandeur) pivot = {i, j, std::fabs(a(i, j))};
+  return pivot;
+}
+
+void Eliminer(Matrice& a, const Pivot& place) {
+  const double pivot = a(place.ligne, place.colonne);
+  for (double& x : a.Ligne(place.ligne)) x /= pivot;
+  a(place.ligne, place.colonne) = 1 / pivot;
+  for (std::size_t i = 0; i < a.Lignes(); ++i) {
+    if (i == place.ligne) continue;
+    const double facteur = a(i, place.colonne);
+    for (std::size_t j = 0; j < a.Lignes(); ++j)
+      if (j != place.colonne) a(i, j) -= facteur * a(place.ligne, j);
+    a(i, place.colonne) = facteur / -pivot;
+  }
+}
+
+}  // namespace
+
+Moments::Moments(std::size_t explicatives) : ordre_(explicatives + 2), sommes_(ordre_ * ordre_) {}
+
+void Moments::Ajouter(std::span<const double> valeurs) {
+  for (std::size_t i = 0; i < ordre_; ++i) {
+    double* ligne = sommes_.data() + i * ordre_;
+    const double facteur = valeurs[i];
+    for (std::size_t j = 0; j <= i; ++j) ligne[j] += facteur * valeurs[j];
+  }
+}
+
+Matrice Moments::Symetrique() const {
+  Matrice matrice(ordre_, ordre_, sommes_);
+  for (std::size_t i = 0; i < ordre_; ++i)
+    for (std::size_t j = i + 1; j < ordre_; ++j) matrice(i, j) = matrice(j, i);
+  return matrice;
+}
+
+Dispersion DisperserMoments(const Matrice& moments) {
+  const std::size_t constante = moments.Lignes() - 2;
+  Dispersion dispersion;
+  dispersion.individus = moments(constante, constante);
+  dispersion.covariances = Matrice(moments.Lignes(), moments.Lignes());
+  const double n = dispersion.individus;
+  for (std::size_t i = 0; i < moments.Lignes(); ++i) {
+    dispersion.moyennes.push_back(Diviser(moments(i, constante), n));
+    for (std::size_t j = 0; j < moments.Lignes(); ++j)
+      dispersion.covariances(i, j) = (moments(i, j) - moments(i, constante) * moments(j, constante) / n) / n;
+  }
+  return dispersion;
+}
+
+std::optional<Matrice> InverseMatrice(const Matrice& matrice) {
+  const std::size_t n = matrice.Lignes();
+  Matrice a = matrice;
+  std::vector<bool> lignesPrises(n);
+  std::vector<bool> colonnesPrises(n);
+  std::vector<std::size_t> colonneDe(n);
+  std::vector<std::size_t> ligneDe(n);
+  for (std::size_t tour = 0; tour < n; ++tour) {
+    const Pivot pivot = ChercherPivot(a, lignesPrises, colonnesPrises);
+    if (pivot.grandeur <= kResteDArrondi * std::fabs(matrice(pivot.ligne, pivot.ligne))) return std::nullopt;
+    lignesPrises[pivot.ligne] = colonnesPrises[pivot.colonne] = true;
+    colonneDe[pivot.ligne] = pivot.colonne;
+    ligneDe[pivot.colonne] = pivot.ligne;
+    Eliminer(a, pivot);
+  }
+  Matrice inverse(n, n);
+  for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t j = 0; j < n; ++j) inverse(colonneDe[i], ligneDe[j]) = a(i, j);
+  return inverse;
+}
+
+AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse) {
+  const std::size_t p = moments.Lignes() - 2;
+  const std::size_t y = p + 1;
+  AjustementLineaire a;
+  a.explicatives = p;
+  a.individus = dispersion.individus;
+  a.parametres.resize(p + 1);
+  for (std::size_t i = 0; i <= p; ++i)
+    for (std::size_t j = 0; j <= p; ++j) a.parametres[i] += inverse(i, j) * moments(j, y);
+  a.totale = dispersion.covariances(y, y);
+  for (std::size_t i = 0; i < p; ++i)
+    for (std::size_t j = 0; j < p; ++j) a.expliquee += a.parametres[i] * a.parametres[j] * dispersion.covariances(i, j);
+  a.residuelle = a.totale - a.expliquee;
+  a.degres = a.individus - static_cast<double>(p) - 1;
+  a.f = Diviser(a.expliquee * a.degres, a.residuelle) / static_cast<double>(p);
+  if (a.f < 0) throw Erreur(kArgumentIncorrect);
+  for (std::size_t i = 0; i <= p; ++i) {
+    const double variance = Diviser(a.residuelle * inverse(i, i) * a.individus, a.degres);
+    if (variance < 0) throw Erreur(kArgumentIncorrect);
+    a.ecartsTypes.push_back(std::sqrt(variance));
+  }
+  return a;
+}
+
+double ProbabiliteF(double f, double degres1, double degres2) {
+  if (!(f > 0)) throw Erreur(kArgumentIncorrect);
+  const bool renverse = f < 1;
+  if (renverse) std::swap(degres1, degres2);
+  const double g = renverse ? 1 / f : f;
+  const double a = 2.0 / 9 / degres1;
+  const double b = 2.0 / 9 / degres2;
+  const double racine = std::pow(g, 1.0 / 3);
+  double z = std::fabs((1 - b) * racine + a - 1) / std::sqrt(a + b * std::pow(g, 2.0 / 3));
+  if (degres2 < 4) z *= 1 + 0.08 * z * z * z * z / (degres2 * degres2 * degres2);
+  const double polynome = 1 + z * (0.196854 + z * (0.115194 + z * (0.000344 + z * 0.019527)));
+  const double p = 0.5 / (polynome * polynome * polynome * polynome);
+  return renverse ? 1 - p : p;
+}
+
+std::string_view TexteDeF(double probabilite) {
+  if (probabilite > 0.5) return "non significatif";
+  return probabilite > 0.1 ? " * *" : "* * *";
+}
+
+std::string_view MarqueT(double t) {
+  const double grandeur = std::fabs(t);
+  if (grandeur < 1.645) return "Non sign.";
+  if (grandeur < 1.96) return " *";
+  return grandeur < 2.576 ? " * *" : " * * *";
+}
+
+}  // namespace quelvar::regression

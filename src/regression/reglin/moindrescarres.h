@@ -1,0 +1,73 @@
+// Least squares on moments: sums of products, covariances, inversion, decomposition of the variance and its tests.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "core/calcul/matrice.h"
+
+namespace quelvar::regression {
+
+// Sums of the products of the values of each individual, for the explanatory variables, the constant and the explained
+// variable in this order.
+class Moments {
+ public:
+  explicit Moments(std::size_t explicatives);
+  void Ajouter(std::span<const double> valeurs);
+  // The whole symmetric matrix.
+  Matrice Symetrique() const;
+  std::size_t Ordre() const { return ordre_; }
+
+ private:
+  std::size_t ordre_;
+  std::vector<double> sommes_;  // row i holds the products of value i with values 0 to i
+};
+
+// What the moments say of the variables; the constant stands at the last but one place, the explained one at the last.
+struct Dispersion {
+  double individus = 0;
+  std::vector<double> moyennes;
+  Matrice covariances;  // divided by the number of individuals
+};
+
+// Raises 11 without individuals.
+Dispersion DisperserMoments(const Matrice& moments);
+
+// Inverse by Gauss-Jordan steps with complete pivoting: each round takes the element of largest absolute value among
+// the rows and columns not used yet, of equal ones the first. No value when a pivot is 0, or is nothing but what
+// rounding left of the diagonal element that stood in its row.
+// Source: A. Ralston and P. Rabinowitz, "A First Course in Numerical Analysis" (1978), chapter 9.
+std::optional<Matrice> InverseMatrice(const Matrice& matrice);
+
+struct AjustementLineaire {
+  std::size_t explicatives = 0;
+  double individus = 0;
+  std::vector<double> parametres;   // of the explanatory variables, then the constant
+  std::vector<double> ecartsTypes;  // standard errors, in the same order
+  double totale = 0;                // variances, divided by the number of individuals
+  double expliquee = 0;
+  double residuelle = 0;
+  double degres = 0;  // of the residual
+  double f = 0;
+
+  double R2() const { return expliquee / totale; }
+};
+
+// Fits by the inverse of the moments. Raises 11 where a division has 0 below, 5 for a variance that rounding has made
+// negative.
+AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse);
+
+// Upper tail of an F ratio. Raises 5 for a negative ratio.
+// Source: M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions", 26.6.15 and 26.2.19, the correction for
+// few degrees of freedom after T. L. Kelley; here the ratio is turned over below 1.
+double ProbabiliteF(double f, double degres1, double degres2);
+
+// The words of a significance: by these bounds "non significatif" is said above one half only.
+std::string_view TexteDeF(double probabilite);
+// "Non sign.", " *", " * *", " * * *" by the absolute value of a Student ratio.
+std::string_view MarqueT(double t);
+
+}  // namespace quelvar::regression

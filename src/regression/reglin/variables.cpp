@@ -1,0 +1,79 @@
+#include "regression/reglin/variables.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+#include "regression/codage.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+// Powers of ten that a double holds exactly, and a mantissa below it does too: their quotient is the nearest double.
+constexpr std::array<double, 16> kPuissances = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+constexpr std::size_t kChiffresExacts = 15;
+
+double Logarithme(double valeur) {
+  if (!(valeur > 0)) throw Erreur(kArgumentIncorrect);
+  return std::log(valeur);
+}
+
+double Lire(std::string_view ligne, const Variable& variable, std::size_t largeur) {
+  const double valeur = ValeurDuChamp(TexteDuChamp(ligne, variable.rang, largeur));
+  return variable.logarithme ? Logarithme(valeur) : valeur;
+}
+
+}  // namespace
+
+VariablesDeRegression LireVariables(const std::vector<Modalite>& lignes, std::size_t largeur) {
+  VariablesDeRegression variables;
+  variables.largeur = largeur;
+  for (const ModaliteCodee& ligne : LireCodage(lignes)) {
+    Variable variable{ligne.nom, ligne.intitule, variables.noms.size(), false};
+    for (const std::string_view marque : {"*LOG*", "*log*"})
+      variable.logarithme |= variable.intitule.find(marque) != std::string::npos;
+    if (variable.logarithme) variable.intitule = "LOG()";
+    variables.noms.push_back(ligne.nom);
+    if (ligne.explicative) variables.explicatives.push_back(std::move(variable));
+    else if (ligne.aExpliquer) variables.aExpliquer.push_back(std::move(variable));
+  }
+  return variables;
+}
+
+std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur) {
+  return Milieu(ligne, kLargeurIdentifiant + rang * largeur + 1, largeur);
+}
+
+double ValeurDuChamp(std::string_view champ) {
+  std::size_t i = 0;
+  while (i < champ.size() && champ[i] == ' ') ++i;
+  const bool negatif = i < champ.size() && champ[i] == '-';
+  if (negatif) ++i;
+  const std::size_t premier = i;
+  std::int64_t mantisse = 0;
+  std::size_t point = champ.size();
+  for (; i < champ.size(); ++i) {
+    const auto chiffre = static_cast<unsigned>(static_cast<unsigned char>(champ[i])) - '0';
+    if (chiffre < 10) mantisse = 10 * mantisse + static_cast<std::int64_t>(chiffre);
+    else if (champ[i] == '.' && point == champ.size()) point = i;
+    else break;
+    if (i - premier > kChiffresExacts) return ValeurDe(champ);
+  }
+  if (i < champ.size() || i == premier) return ValeurDe(champ);
+  const std::size_t decimales = point == champ.size() ? 0 : champ.size() - point - 1;
+  const double valeur = static_cast<double>(mantisse) / kPuissances[decimales];
+  return negatif ? -valeur : valeur;
+}
+
+void LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs) {
+  std::size_t place = 0;
+  for (const Variable& variable : variables.explicatives) valeurs[place++] = Lire(ligne, variable, variables.largeur);
+  valeurs[place++] = 1;
+  valeurs[place] = Lire(ligne, variables.Expliquee(), variables.largeur);
+}
+
+}  // namespace quelvar::regression

@@ -1,0 +1,45 @@
+// The variables of a linear regression, as the lines of the .MOD tell them, and the reading of their values.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/enquete/modfile.h"
+
+namespace quelvar::regression {
+
+struct Variable {
+  std::string nom;       // 4 characters
+  std::string intitule;  // trimmed, at most 25 characters; "LOG()" for a logarithm
+  std::size_t rang = 0;  // place of its field in a data line, from 0
+  bool logarithme = false;
+};
+
+struct VariablesDeRegression {
+  std::vector<std::string> noms;       // of every line of the .MOD
+  std::vector<Variable> explicatives;  // marked X
+  std::vector<Variable> aExpliquer;    // marked Y and not X; the last one counts
+  std::size_t largeur = 0;             // of a field
+
+  const Variable& Expliquee() const { return aExpliquer.back(); }
+};
+
+VariablesDeRegression LireVariables(const std::vector<Modalite>& lignes, std::size_t largeur);
+
+// Characters in front of the first field of a data line.
+inline constexpr std::size_t kLargeurIdentifiant = 4;
+
+// The field of that place as it stands; shorter or empty past the end of the line.
+std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur);
+
+// Value of a field by the lenient conversion, the common writings without its detours. Raises 6.
+double ValeurDuChamp(std::string_view champ);
+
+// The values that enter the regression: the explanatory variables in order, 1 for the constant, the explained one.
+// Raises 5 for the logarithm of a value that is not positive, 6 for a value beyond a double.
+void LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs);
+
+}  // namespace quelvar::regression

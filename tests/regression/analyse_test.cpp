@@ -1,0 +1,110 @@
+// Sorting of records, pairs of situations and their measures, against their definitions.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "core/calcul/tris.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+#include "regression/anatab/fiches.h"
+#include "regression/anatab/souseffets.h"
+#include "support/environnement.h"
+#include "support/erreur.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+// `questions` explanatory questions of `modalites` modalities, the second the reference, and an explained one.
+Modele ModeleDe(std::size_t questions, std::size_t modalites) {
+  std::vector<Modalite> lignes;
+  for (std::size_t q = 0; q < questions; ++q)
+    for (std::size_t m = 0; m < modalites; ++m) {
+      const std::string nom = "Q" + Nombre(q) + "_" + Nombre(m);
+      lignes.push_back(LireLigneModalite(nom + (m == 1 ? " R " : " X ") + nom));
+    }
+  lignes.push_back(LireLigneModalite("OUI1 Y oui"));
+  lignes.push_back(LireLigneModalite("OUI2   non"));
+  std::vector<ModaliteCodee> codage = LireCodage(lignes);
+  std::vector<QuestionCodee> questionsCodees = QuestionsDe(codage);
+  return ConstruireModele(std::move(codage), std::move(questionsCodees));
+}
+
+Individus IndividusAuHasard(const Modele& modele, std::size_t nombre, unsigned graine) {
+  std::mt19937 hasard(graine);
+  Individus individus(modele.LargeurFiche());
+  for (std::size_t i = 0; i < nombre; ++i) {
+    std::string fiche(modele.LargeurFiche(), '0');
+    for (const QuestionCodee& question : modele.explicantes)
+      fiche[question.premiere + hasard() % question.nombre] = '1';
+    const bool oui = hasard() % 2 == 0;
+    fiche[fiche.size() - (oui ? 2 : 1)] = '1';
+    individus.fiche.push_back(individus.fiches.Ranger(fiche));
+  }
+  return individus;
+}
+
+TEST(Fiches, LOrdreEstCeluiDuTriParTasSurLesValeurs) {
+  // 10 characters are exact in a double; 30 are not: several records share a value.
+  for (const std::size_t questions : {std::size_t{2}, std::size_t{7}}) {
+    const Modele modele = ModeleDe(questions, 4);
+    const Individus individus = IndividusAuHasard(modele, 3000, 11);
+    struct Cle {
+      double valeur;
+      NumeroFiche fiche;
+    };
+    std::vector<Cle> cles;
+    for (const NumeroFiche f : individus.fiche) cles.push_back({ValeurDe(individus.fiches[f]), f});
+    TrierParTas(std::span(cles), [](const Cle& a, const Cle& b) { return a.valeur > b.valeur; });
+    const std::vector<NumeroFiche> triees = TrierFiches(individus, Dialogue{});
+    for (std::size_t i = 0; i < cles.size(); ++i) ASSERT_EQ(triees[i], cles[i].fiche) << questions << " at " << i;
+  }
+}
+
+TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
+  const Modele modele = ModeleDe(4, 3);
+  const Individus individus = IndividusAuHasard(modele, 400, 5);
+  const std::vector<Comptee> comptees =
+      GarderLesPaires(CompterVoisines(TrierFiches(individus, Dialogue{})), individus.fiches);
+  const TableSituations table = FormerSituations(comptees, individus.fiches, modele);
+  const std::vector<Cellule> cellules = CellulesDe(modele);
+  const std::vector<SousEffet> trouves = ChercherSousEffets(table, cellules);
+  std::size_t rang = 0;
+  for (std::uint32_t i = 0; i < table.situations.size(); ++i)
+    for (std::uint32_t j = i; j < table.situations.size(); ++j) {
+      std::vector<std::uint32_t> differentes;
+      for (std::uint32_t c = 0; c < table.questions; ++c)
+        if (table.Modalites(i)[c] != table.Modalites(j)[c]) differentes.push_back(c);
+      if (differentes.size() != 1) continue;
+      const bool premiere = cellules[table.Modalites(i)[differentes[0]]].reference;
+      if (!premiere && !cellules[table.Modalites(j)[differentes[0]]].reference) continue;
+      ASSERT_LT(rang, trouves.size());
+      EXPECT_EQ(trouves[rang].premiere, i);
+      EXPECT_EQ(trouves[rang].seconde, j);
+      EXPECT_EQ(trouves[rang].question, differentes[0]);
+      EXPECT_EQ(trouves[rang].Reference(), premiere ? i : j);
+      ++rang;
+    }
+  EXPECT_EQ(rang, trouves.size());
+  EXPECT_GT(rang, 50U);
+}
+
+// The worked example of a 2 x 2 table: 20 of 30 against 10 of 50; by hand N(ad-bc)^2 / (products of the margins).
+TEST(KhiPaire, EstLeKhiDeuxDuTableauDeDeuxLignes) {
+  const Khi2Paire paire = KhiPaire(30, 50, 20, 10);
+  EXPECT_NEAR(paire.khi2, 80.0 * 700 * 700 / (30.0 * 50 * 30 * 50), 1e-12);
+  EXPECT_EQ(paire.classe, 3);
+  EXPECT_EQ(KhiPaire(30, 50, 15, 25).classe, 0);
+  const auto marque = [](double khi2) { return khi2 > 6.64 ? 3 : khi2 > 3.84 ? 2 : khi2 > 2.71 ? 1 : 0; };
+  for (double y = 1; y < 60; ++y) {
+    const Khi2Paire k = KhiCellule(200, 80, 60, y);
+    EXPECT_EQ(k.classe, marque(k.khi2));
+  }
+  for (const double oui : {0.0, 200.0})
+    EXPECT_EQ(essai::NumeroLeve([&] { KhiCellule(200, oui, 60, oui > 0 ? 60 : 0); }), kDivisionParZero);
+}
+
+}  // namespace
+
+}  // namespace quelvar::regression
