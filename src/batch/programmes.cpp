@@ -10,6 +10,7 @@
 #include "modalities/edition/modifmod_options.h"
 #include "modalities/edition/nomemod_options.h"
 #include "modalities/edition/nomquest_options.h"
+#include "regression/options.h"
 #include "sorts/preparation/preprecod_options.h"
 #include "sorts/recodage/recodage_options.h"
 #include "sorts/triapl/triapl_options.h"
@@ -41,6 +42,10 @@ const std::vector<Programme>& Programmes() {
       ProgrammeDe(factor::DescriptionAnecar()),
       ProgrammeDe(factor::DescriptionWardCoupe()),
       ProgrammeDe(factor::DescriptionGraphe()),
+      ProgrammeDe(regression::DescriptionModifModR()),
+      ProgrammeDe(regression::DescriptionAnatab()),
+      ProgrammeDe(regression::DescriptionReglin()),
+      ProgrammeDe(regression::DescriptionVarint()),
       ProgrammeDe(text::DescriptionPrepText()),
       ProgrammeDe(text::DescriptionSaisieMot()),
       ProgrammeDe(text::DescriptionTabMot()),

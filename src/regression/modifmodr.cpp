@@ -39,22 +39,21 @@ Comptes Compter(const std::vector<std::string>& textes) {
   return comptes;
 }
 
-void Appliquer(std::vector<std::string>& textes, const OptionsModifModR::Action& action, Rapport& rapport) {
-  using Genre = OptionsModifModR::Action::Genre;
-  const std::size_t rang = RangDeModalite(textes, action.nom);
-  if (rang == textes.size()) {
-    rapport.Ligne({"La modalité "_w, action.nom, " n'est pas dans le fichier de modalités"_w});
-    throw Erreur(kArretAnnonce);
+// The text of the modality of that name; without one, stops the run.
+std::string& Trouver(std::vector<std::string>& textes, const std::string& nom, Rapport& rapport) {
+  const std::size_t rang = RangDeModalite(textes, Rogner(nom));
+  if (rang < textes.size()) return textes[rang];
+  rapport.Ligne({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
+  throw Erreur(kArretAnnonce);
+}
+
+void Coder(std::vector<std::string>& textes, const std::vector<std::string>& noms, TypeDeQuestion type,
+           Rapport& rapport) {
+  for (const std::string& nom : noms) {
+    std::string& texte = Trouver(textes, nom, rapport);
+    CoderQuestion(textes, QuestionDe(texte), type);
+    CoderModalite(texte, type);
   }
-  if (action.genre == Genre::Intitule) {
-    textes[rang].resize(kDebutIntitule, ' ');
-    textes[rang] += action.intitule;
-    return;
-  }
-  const TypeDeQuestion type =
-      action.genre == Genre::Expliquer ? TypeDeQuestion::AExpliquer : TypeDeQuestion::Explicative;
-  CoderQuestion(textes, QuestionDe(textes[rang]), type);
-  CoderModalite(textes[rang], type);
 }
 
 }  // namespace
@@ -92,7 +91,7 @@ std::vector<std::size_t> ModalitesDe(const std::vector<std::string>& textes, std
 }
 
 void CoderQuestion(std::vector<std::string>& textes, std::string_view question, TypeDeQuestion type) {
-  for (const std::size_t i : ModalitesDe(textes, std::string(question)))
+  for (const std::size_t i : ModalitesDe(textes, question))
     PoserCode(textes[i], type == TypeDeQuestion::Explicative ? " X " : "   ");
 }
 
@@ -128,7 +127,13 @@ Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
     EtatModifModR etat = ChargerModifModR(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
-    for (const OptionsModifModR::Action& action : options.actions) Appliquer(etat.textes, action, rapport);
+    Coder(etat.textes, options.expliquer, TypeDeQuestion::AExpliquer, rapport);
+    Coder(etat.textes, options.references, TypeDeQuestion::Explicative, rapport);
+    for (const auto& [nom, intitule] : options.intitules) {
+      std::string& texte = Trouver(etat.textes, nom, rapport);
+      texte.resize(kDebutIntitule, ' ');
+      texte += intitule;
+    }
     if (const std::string_view refus = RefusDEnregistrer(etat.textes); !refus.empty()) {
       rapport.Ligne(kTitreErreur);
       Avertir(rapport, contexte.Ecran(), refus);

@@ -44,15 +44,13 @@ void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& t
 Fin TerminerModifModR(const Contexte& contexte);
 Fin AbandonnerModifModR(const Contexte& contexte);
 
-// The same without a form: each name codes its question anew, in the order of the actions.
+// The same without a form: each name codes its question anew, the ones to explain before the references.
 struct OptionsModifModR {
-  struct Action {
-    enum class Genre { Expliquer, Reference, Intitule };
-    Genre genre;
-    std::string nom;  // of a modality
-    std::string intitule = {};
-  };
-  std::vector<Action> actions = {};
+  std::vector<std::string> expliquer = {};
+  std::vector<std::string> references = {};
+  std::vector<std::pair<std::string, std::string>> intitules = {};  // name and label
+
+  bool operator==(const OptionsModifModR&) const = default;
 };
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options);
 

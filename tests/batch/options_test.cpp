@@ -28,6 +28,7 @@ const std::map<std::string, Textes> kLibres = {
     {"modifmod supplementaires", {"SEX", "SEX1,AGE2"}},
     {"modifmod actives", {"PCS", "PCS1,PCS2,LIE"}},
     {"modifmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"modifmodr intitule", {"SEX1=Homme", "AGE2="}},
     {"nomemod intitule", {"SEX1=l'homme seul", "AGE2="}},
     {"nomquest intitule", {"SEX=Sexe = genre", "AGE="}},
     {"anecar seuillignes", {"moyenne", "0", "12"}},

@@ -1,0 +1,47 @@
+#include "regression/options.h"
+
+#include "regression/anatab/anatab.h"
+#include "regression/reglin/reglin.h"
+
+namespace quelvar::regression {
+
+const Description<OptionsModifModR>& DescriptionModifModR() {
+  using O = OptionsModifModR;
+  static const Description<O> description =
+      Description<O>("modifmodr", "Codage d'une régression dans le .MOD : modalité à expliquer, références"_w,
+                     ModifModR)
+          .Noms("expliquer", &O::expliquer, "modalité à expliquer ; les autres de sa question sont mises à blanc"_w)
+          .Noms("reference", &O::references, "modalités de référence ; les autres de leur question sont explicatives"_w)
+          .Couples("intitule", &O::intitules, "NOM=TEXTE", "intitulé d'une modalité ; peut être répété"_w);
+  return description;
+}
+
+const Description<SansOption>& DescriptionAnatab() {
+  static const Description<SansOption> description(
+      "anatab", "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w,
+      [](const Contexte& contexte, const SansOption&) { return Anatab(contexte); });
+  return description;
+}
+
+const Description<SansOption>& DescriptionReglin() {
+  static const Description<SansOption> description(
+      "reglin", "Régression linéaire d'une variable numérique sur d'autres (.REG)"_w,
+      [](const Contexte& contexte, const SansOption&) { return Reglin(contexte); });
+  return description;
+}
+
+const Description<OptionsVarint>& DescriptionVarint() {
+  using O = OptionsVarint;
+  static const Description<O> description =
+      Description<O>("varint", "Profils de variables d'intérêt : les questions par la force de leur lien (.TRF)"_w,
+                     Varint)
+          .Noms("questions", &O::questions, "questions dont on veut le profil"_w)
+          .Alias({"listvar2"})
+          .Choix("edition", &O::edition, {{"compacte", EditionVarint::Courte}, {"longue", EditionVarint::Longue}},
+                 "avec les noms longs au niveau 2 seulement"_w)
+          .Bouton("Opt1", "compacte")
+          .Bouton("Opt2", "longue");
+  return description;
+}
+
+}  // namespace quelvar::regression

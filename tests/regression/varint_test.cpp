@@ -1,0 +1,43 @@
+// The PEM of a table of two questions against values worked out by hand.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "core/programme/erreur.h"
+#include "regression/varint/profils.h"
+#include "support/erreur.h"
+#include "support/tableau.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+TEST(Pem, DeTablesConnues) {
+  // All on one diagonal, whatever the order of the codes, and with codes that nobody has.
+  EXPECT_DOUBLE_EQ(PemDeTable(essai::MatriceDe({{0, 7, 0}, {0, 0, 4}, {9, 0, 0}})), 100);
+  EXPECT_DOUBLE_EQ(PemDeTable(essai::MatriceDe({{0, 0, 0}, {0, 0, 6}, {0, 5, 0}})), 100);
+  // Margins 40, 60 and 50, 50: 30 where 20 are expected; the margins allow 40, so half of the room of 20 is taken.
+  EXPECT_NEAR(PemDeTable(essai::MatriceDe({{30, 10}, {20, 40}})), 50, 1e-9);
+  EXPECT_NEAR(PemDeTable(essai::MatriceDe({{10, 30}, {40, 20}})), 50, 1e-9);
+  // No spread: no deviation is possible.
+  EXPECT_EQ(PemDeTable(essai::MatriceDe({{12}})), 0);
+  EXPECT_EQ(PemDeTable(essai::MatriceDe({{3, 4, 5}})), 0);
+  EXPECT_EQ(essai::NumeroLeve([] { PemDeTable(Matrice(2, 3)); }), kDivisionParZero);
+}
+
+TEST(Pem, NeDependPasDesCodesVidesEtResteSousCent) {
+  for (unsigned graine = 1; graine <= 30; ++graine) {
+    const Matrice pleine = essai::MatriceAuHasard(4, 3, graine);
+    Matrice trouee(6, 5);
+    for (std::size_t i = 0; i < 4; ++i)
+      for (std::size_t j = 0; j < 3; ++j) trouee(i + (i > 1 ? 2 : 1), j + (j > 0 ? 2 : 0)) = pleine(i, j);
+    const double pem = PemDeTable(pleine);
+    EXPECT_EQ(PemDeTable(trouee), pem);
+    EXPECT_GE(pem, 0);
+    EXPECT_LE(pem, 100);
+  }
+}
+
+}  // namespace
+
+}  // namespace quelvar::regression
