@@ -1,0 +1,71 @@
+#include "factor/profil/choix.h"
+
+#include <algorithm>
+
+#include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+constexpr std::size_t kLargeurNom = 4;
+constexpr char kBlanc = '~';
+constexpr std::string_view kSeparateurs = ",:;/.=";  // what the reading of line 2 takes for blanks or for a sign
+
+}  // namespace
+
+std::string TexteDuChoix(const std::vector<std::string>& noms) {
+  std::string texte;
+  for (const std::string& nom : noms) {
+    if (!texte.empty()) texte += kBlanc;
+    texte += CadreGauche(nom, kLargeurNom);
+  }
+  std::replace(texte.begin(), texte.end(), ' ', kBlanc);
+  return texte;
+}
+
+std::vector<std::string> NomsDuChoix(std::string_view texte) {
+  std::string choix(texte);
+  std::replace(choix.begin(), choix.end(), kBlanc, ' ');
+  std::vector<std::string> noms;
+  for (std::size_t i = 0; i < choix.size(); i += kLargeurNom + 1)
+    noms.push_back(CadreGauche(std::string_view(choix).substr(i), kLargeurNom));
+  return noms;
+}
+
+std::string RefusDuChoix(const std::vector<std::string>& noms) {
+  if (noms.empty()) return std::string("Aucune modalité n'a été choisie"_w);
+  for (const std::string& nom : noms) {
+    if (nom.find(kBlanc) != std::string::npos)
+      return std::string(
+          "Le signe tilde ~ ne peut pas être utilisé comme caractère d'une modalité dont on demande le profil"_w);
+    if (const std::size_t signe = nom.find_first_of(kSeparateurs); signe != std::string::npos)
+      return Joindre({"Le signe ", std::string(1, nom[signe]), " de la modalité "_w, nom,
+                      " ne peut pas être gardé sur la 2e ligne du fichier *.MOD : changez ce nom"_w});
+  }
+  return {};
+}
+
+std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms) {
+  const ParametresMod lus = LireParametres(parametres, nullptr);
+  std::string ligne;
+  const auto ajouter = [&](std::string_view cle, double valeur) {
+    if (valeur > 0) ligne += Joindre({cle, Nombre(valeur), " "});
+  };
+  ajouter("LIGN=", lus.lignes);
+  ajouter("COL=", lus.colonnes);
+  ajouter("LSUP=", lus.lignesSup);
+  ajouter("JSUP=", lus.colonnesSup);
+  ajouter("LA=", lus.largeur);
+  ajouter("BRT=", lus.burt);
+  ajouter("DE=", lus.decimales);
+  return Joindre({ligne, " MOD=", TexteDuChoix(noms)});
+}
+
+void RendreMarque(std::string& texte) {
+  if (MarqueDeTexte(texte).find_first_of("RXY") != std::string_view::npos) return;
+  texte.replace(kLargeurNom, 3, EstSupplementaire(texte) ? " S " : "   ");
+}
+
+}  // namespace quelvar::factor

@@ -1,0 +1,175 @@
+#include "factor/profil/lecture.h"
+
+#include "core/enquete/datfile.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+constexpr int kPremierCodeDouble = 36;  // the first one written with two digits
+constexpr std::size_t kLargeurNom = 4;
+
+bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+
+// Rank of the first question of that name whose code-max admits the code; of the name alone without one.
+std::optional<std::size_t> ChercherQuestion(const FichierPos& pos, std::string_view nom, std::size_t largeur,
+                                            int code) {
+  std::optional<std::size_t> trouvee;
+  for (std::size_t q = 0; q < pos.questions.size(); ++q) {
+    if (std::string_view(pos.questions[q].nom).substr(0, largeur) != nom.substr(0, largeur)) continue;
+    if (pos.questions[q].codeMax >= code) return q;
+    if (!trouvee) trouvee = q;
+  }
+  return trouvee;
+}
+
+// The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
+struct QuestionComptee {
+  Champ champ;
+  int codeMax = 0;
+  std::size_t premiere = 0;  // of its counts
+  std::size_t places = 256;
+};
+
+class Comptoir {
+ public:
+  Comptoir(const FichierPos& pos, const std::vector<CodeDeModalite>& codes) : rangs_(pos.questions.size(), kAucune) {
+    for (const CodeDeModalite& code : codes) {
+      if (rangs_[code.question] != kAucune) continue;
+      const Question& question = pos.questions[code.question];
+      if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(pos, code.question));
+      rangs_[code.question] = questions_.size();
+      questions_.push_back({ChampDe(question), question.codeMax, places_,
+                            question.largeur == 1 ? 256U : static_cast<std::size_t>(question.codeMax) + 2});
+      champs_.push_back(questions_.back().champ);
+      places_ += questions_.back().places;
+    }
+  }
+
+  std::size_t Longueur() const { return LongueurUtile(champs_); }
+  std::size_t Places() const { return places_; }
+
+  // Adds the codes of a line to counts that start at 0.
+  void Compter(const char* ligne, std::uint32_t* comptes) const {
+    for (const QuestionComptee& question : questions_) {
+      std::size_t place = question.premiere;
+      if (question.champ.largeur == 1) place += static_cast<unsigned char>(ligne[question.champ.debut]);
+      else place += PlaceDe(LireChampInterieur(ligne, question.champ), question.codeMax);
+      ++comptes[place];
+    }
+  }
+
+  bool APour(const char* ligne, const CodeDeModalite& modalite) const {
+    const QuestionComptee& question = questions_[rangs_[modalite.question]];
+    return modalite.code <= question.codeMax && LireChampInterieur(ligne, question.champ) == modalite.code;
+  }
+
+  // What the counts hold for a code.
+  double Effectif(const std::uint32_t* comptes, const CodeDeModalite& modalite) const {
+    const QuestionComptee& question = questions_[rangs_[modalite.question]];
+    if (modalite.code > question.codeMax) return 0;
+    if (question.champ.largeur > 1) return comptes[question.premiere + static_cast<std::size_t>(modalite.code)];
+    double effectif = 0;
+    for (std::size_t octet = 0; octet < 256; ++octet)
+      if (ValeursDUnOctet()[octet] == modalite.code) effectif += comptes[question.premiere + octet];
+    return effectif;
+  }
+
+ private:
+  static constexpr std::size_t kAucune = static_cast<std::size_t>(-1);
+
+  // The last place is that of the values that are no code.
+  static std::size_t PlaceDe(int valeur, int codeMax) {
+    return static_cast<std::size_t>(valeur < 0 || valeur > codeMax ? codeMax + 1 : valeur);
+  }
+
+  std::vector<std::size_t> rangs_;  // by question of the .POS
+  std::vector<QuestionComptee> questions_;
+  std::vector<Champ> champs_;
+  std::size_t places_ = 0;
+};
+
+}  // namespace
+
+FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, CodeDeModalite& lu) {
+  const char signe = nom[kLargeurNom - 1];
+  const bool lettre = signe >= 'A' && signe <= 'Z';
+  const bool chiffre = EstChiffre(signe);
+  const int court = lettre ? signe - 'A' + 10 : signe - '0';
+  const bool double_ = chiffre && EstChiffre(nom[kLargeurNom - 2]);
+  const int longue = double_ ? 10 * (nom[kLargeurNom - 2] - '0') + (signe - '0') : 0;
+
+  std::optional<std::size_t> question;
+  if (lettre || chiffre) question = ChercherQuestion(pos, nom, 3, court);
+  const bool admise = question && pos.questions[*question].codeMax >= court;
+  if (!admise && longue >= kPremierCodeDouble) {
+    if (const auto autre = ChercherQuestion(pos, nom, 2, longue); autre && pos.questions[*autre].codeMax >= longue) {
+      lu = {*autre, longue};
+      return FauteDeNom::Aucune;
+    }
+  }
+  if (!lettre && !chiffre) return FauteDeNom::HorsNorme;
+  if (!question) return FauteDeNom::Inconnue;
+  lu = {*question, court};
+  return FauteDeNom::Aucune;
+}
+
+ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
+                               const std::vector<std::size_t>& choisies, const Dialogue& dialogue) {
+  const Comptoir comptoir(pos, codes);
+  // Those who have the chosen one, and the others; of several, all of them besides.
+  std::vector<std::vector<std::uint32_t>> ensemble(choisies.size(), std::vector<std::uint32_t>(comptoir.Places(), 0));
+  std::vector<std::uint32_t> autres(comptoir.Places(), 0);
+  const bool seule = choisies.size() == 1;
+  LecteurIndividus lecteur(donnees, comptoir.Longueur());
+  Progression progression(dialogue, pos.taille.individus);
+  std::int64_t lus = 0;
+  for (; pos.taille.individus == 0 || lus < pos.taille.individus; ++lus) {
+    const char* ligne = lecteur.Lire();
+    if (ligne == nullptr) break;
+    bool compte = false;
+    for (std::size_t k = 0; k < choisies.size(); ++k)
+      if (comptoir.APour(ligne, codes[choisies[k]])) {
+        comptoir.Compter(ligne, ensemble[k].data());
+        compte = seule;
+      }
+    if (!compte) comptoir.Compter(ligne, autres.data());
+    progression.Avancer();
+  }
+  ComptesDeProfil comptes;
+  comptes.individus = static_cast<double>(lus);
+  for (const CodeDeModalite& code : codes)
+    comptes.effectifs.push_back(comptoir.Effectif(autres.data(), code) +
+                                (seule ? comptoir.Effectif(ensemble.front().data(), code) : 0));
+  for (const std::vector<std::uint32_t>& avec : ensemble) {
+    comptes.ensemble.emplace_back();
+    for (const CodeDeModalite& code : codes) comptes.ensemble.back().push_back(comptoir.Effectif(avec.data(), code));
+  }
+  return comptes;
+}
+
+ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres,
+                         const std::vector<std::size_t>& choisies, double annonces) {
+  const auto largeur = static_cast<std::size_t>(parametres.largeur);
+  ComptesDeProfil comptes;
+  comptes.ensemble.resize(choisies.size());
+  LecteurLignes lecteur(brt);
+  for (std::size_t i = 0; i < mod.modalites.size(); ++i) {
+    const std::string_view ligne = lecteur.LireObligatoire();
+    const auto cellule = [&](std::size_t j) { return ValeurDe(Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur)); };
+    comptes.effectifs.push_back(cellule(i));
+    for (std::size_t k = 0; k < choisies.size(); ++k)
+      if (choisies[k] == i)
+        for (std::size_t j = 0; j < mod.modalites.size(); ++j) comptes.ensemble[k].push_back(cellule(j));
+  }
+  comptes.individus = annonces > 0 ? annonces : parametres.burt == 1 ? parametres.lignesSup : 0;
+  const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, 3);
+  if (comptes.individus > 0) return comptes;
+  comptes.individus = 0;
+  for (std::size_t j = 0; j < mod.modalites.size(); ++j)
+    if (mod.modalites[j].nom.starts_with(premiere)) comptes.individus += comptes.effectifs[j];
+  return comptes;
+}
+
+}  // namespace quelvar::factor

@@ -1,0 +1,43 @@
+// What the profile of a modality is computed from: the modality list, and counts from the data or from the Burt table.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
+#include "core/enquete/posfile.h"
+#include "core/programme/programme.h"
+
+namespace quelvar::factor {
+
+// Margins of every modality of the list, and what each chosen one shares with them.
+struct ComptesDeProfil {
+  double individus = 0;
+  std::vector<double> effectifs;              // by modality
+  std::vector<std::vector<double>> ensemble;  // by chosen one, then by modality
+};
+
+// The question and the code that the name of a modality stands for.
+struct CodeDeModalite {
+  std::size_t question = 0;  // rank in the .POS
+  int code = 0;
+};
+enum class FauteDeNom { Aucune, Inconnue, HorsNorme };
+// The code of a name: a digit, or "A" to "Z" from 10 on, behind three characters of the question; two digits from 36
+// on behind two characters.
+FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, CodeDeModalite& lu);
+
+// Counts the data, at most the announced individuals, all of them when the size is 0. `codes` has the code of each
+// modality. Raises 5 with the question for a position below 1, and the numbers of LecteurLignes.
+ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
+                               const std::vector<std::size_t>& choisies, const Dialogue& dialogue);
+
+// Counts of the Burt table: its diagonal and the rows of the chosen ones. `annonces` is line 2 of the .POS; without it,
+// LSUP= of a table with individuals, else the diagonal of the first question. Raises 62 for a table that is cut.
+ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres,
+                         const std::vector<std::size_t>& choisies, double annonces);
+
+}  // namespace quelvar::factor

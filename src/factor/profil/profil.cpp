@@ -1,0 +1,72 @@
+#include "factor/profil/profil.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "core/calcul/tris.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+constexpr double kTheoriqueYates = 5;
+
+double Khi2(const Rencontre& r, double theorique) {
+  const double n = r.individus;
+  const double a = r.ensemble;
+  const double b = r.choisie - a;
+  const double c = r.autre - a;
+  const double d = n - a - b - c;
+  const double marges = r.choisie * r.autre * (n - r.choisie) * (n - r.autre);
+  if (marges == 0) return 0;
+  const double resteChoisie = r.choisie - theorique;
+  const double resteAutre = r.autre - theorique;
+  const double resteTous = n - theorique - resteChoisie - resteAutre;
+  double croise = std::fabs(a * d - b * c);
+  if (std::min({theorique, resteChoisie, resteAutre, resteTous}) < kTheoriqueYates) {
+    if (croise <= n / 2) return 0;
+    croise -= n / 2;
+  }
+  return n * croise * croise / marges;
+}
+
+// The deviation over the largest one of its sign; 0 for a count of independence, whatever the bound.
+double Pem(const Rencontre& r, double theorique, double ecart) {
+  if (ecart == 0) return 0;
+  const double borne = ecart > 0 ? std::min(r.choisie, r.autre) : std::max(0.0, r.choisie + r.autre - r.individus);
+  if (borne == theorique) throw Erreur(kDivisionParZero);
+  return (ecart > 0 ? 100 : -100) * ecart / (borne - theorique);
+}
+
+struct Cle {
+  int pem;
+  std::size_t rang;
+};
+
+}  // namespace
+
+Attraction Attirer(const Rencontre& rencontre) {
+  if (rencontre.individus == 0) throw Erreur(kDivisionParZero);
+  Attraction attraction;
+  attraction.theorique = rencontre.choisie * rencontre.autre / rencontre.individus;
+  attraction.ecart = rencontre.ensemble - attraction.theorique;
+  attraction.khi2 = Khi2(rencontre, attraction.theorique);
+  attraction.pem = Entier32(std::floor(Pem(rencontre, attraction.theorique, attraction.ecart) + 0.5));
+  return attraction;
+}
+
+int ClasseKhi2(double khi2) { return khi2 >= 6.64 ? 3 : khi2 >= 3.84 ? 2 : khi2 >= 2.71 ? 1 : 0; }
+
+std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions) {
+  std::vector<Cle> cles;
+  for (std::size_t i = 0; i < attractions.size(); ++i) cles.push_back({attractions[i].pem, i});
+  TrierParTas(std::span<Cle>(cles), [](const Cle& a, const Cle& b) { return a.pem > b.pem; });
+  std::vector<std::size_t> ordre;
+  for (const Cle& cle : cles) ordre.push_back(cle.rang);
+  return ordre;
+}
+
+}  // namespace quelvar::factor

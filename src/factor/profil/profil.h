@@ -1,0 +1,37 @@
+// The profile of a modality: how strongly every other one is attracted or repelled by it, from their counts.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace quelvar::factor {
+
+// Counts of a chosen modality against another one, among N individuals.
+struct Rencontre {
+  double individus = 0;  // N
+  double choisie = 0;    // nA
+  double autre = 0;      // nB
+  double ensemble = 0;   // O, those who have both
+};
+
+struct Attraction {
+  double theorique = 0;  // T, the count of independence
+  double ecart = 0;      // O - T
+  double khi2 = 0;       // of the 2 x 2 table, with Yates's correction below an expected count of 5
+  int pem = 0;           // percent, negative for a repulsion, rounded half up
+};
+
+// Raises 11 without individuals or for counts that their margins do not allow, 6 for a PEM beyond an integer.
+//
+// The PEM is the share of the largest deviation from independence that the margins allow. Correction of continuity:
+// F. Yates, Supplement to the Journal of the Royal Statistical Society 1 (1934).
+Attraction Attirer(const Rencontre& rencontre);
+
+// Probability class of a chi-square of one degree of freedom: 3 from 6.64 on, 2 from 3.84, 1 from 2.71, else 0.
+int ClasseKhi2(double khi2);
+
+// Order of the rows by falling PEM; equal ones stand as the heap sort leaves them.
+std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions);
+
+}  // namespace quelvar::factor

@@ -1,0 +1,242 @@
+#include "factor/profil/profilmod.h"
+
+#include "core/dessin/svg.h"
+#include "core/enquete/listemod.h"
+#include "core/texte/nombres.h"
+#include "factor/profil/choix.h"
+#include "factor/profil/dessin.h"
+#include "factor/profil/lecture.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+LibellesErreur Libelles() {
+  LibellesErreur libelles;
+  libelles.numero = " notez le numéro suivant : ERREUR NUMERO ="_w;
+  libelles.avecTexte = false;
+  return libelles;
+}
+
+struct Fichiers {
+  std::optional<Chemin> donnees, pos, mod, brt;
+};
+
+Fichiers TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
+  Fichiers fichiers{contexte.Chercher(".DAT"), contexte.Chercher(".POS"), contexte.Chercher(".MOD"),
+                    contexte.Chercher(".BRT")};
+  bool manque = false;
+  const auto absent = [&](Texte ligne) {
+    rapport.Ligne(ligne);
+    manque = true;
+  };
+  if (!fichiers.donnees && !fichiers.brt) absent("Ni le fichier des données, ni le tableau de Burt n'existent"_w);
+  if (fichiers.donnees && !fichiers.pos) absent(Joindre({"Le fichier ", contexte.Nom(".POS"), " n'existe pas"}));
+  if (!fichiers.mod) absent(Joindre({"Le fichier ", contexte.Nom(".MOD"), " n'existe pas"}));
+  if (manque) {
+    Avertir(rapport, contexte.Ecran(), "Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  return fichiers;
+}
+
+void EcrireNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+  rapport.Ligne({"Le nom du fichier d'entrée est "_w, contexte.Nom(fichiers.donnees ? ".DAT" : ".BRT")});
+  rapport.Ligne({"Le nom du fichier de positions est ", contexte.Nom(".POS")});
+  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".PR2")});
+}
+
+// Tells the names that are not what they should be, and stops for any.
+class Controle {
+ public:
+  explicit Controle(Rapport& rapport) : rapport_(rapport) {}
+
+  void Faute(Texte ligne) {
+    rapport_.Ligne(ligne);
+    fautif_ = true;
+  }
+  void Conclure(const Dialogue& dialogue) {
+    if (!fautif_) return;
+    Avertir(rapport_, dialogue, "Arrêt : nom de modalité non trouvé"_w);
+    throw Erreur(kArretAnnonce);
+  }
+
+ private:
+  Rapport& rapport_;
+  bool fautif_ = false;
+};
+
+// Ranks of the chosen modalities.
+std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
+                                         const ParametresMod& parametres) {
+  Controle controle(rapport);
+  std::vector<std::size_t> choisies;
+  if (!parametres.modPresent || parametres.mod.empty()) controle.Faute("Erreur : nom de MOD= non trouvé"_w);
+  for (const std::string& nom : NomsDuChoix(parametres.mod)) {
+    std::size_t rang = 0;
+    while (rang < mod.modalites.size() && mod.modalites[rang].nom != nom) ++rang;
+    if (rang == mod.modalites.size()) controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
+    else choisies.push_back(rang);
+  }
+  controle.Conclure(contexte.Ecran());
+  for (const std::size_t rang : choisies)
+    if (Rogner(mod.modalites[rang].intitule).empty()) {
+      Avertir(rapport, contexte.Ecran(), "Attention : intitulé long  MOD= non trouvé"_w);
+      break;
+    }
+  return choisies;
+}
+
+std::vector<CodeDeModalite> LireCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
+                                      const FichierPos& pos) {
+  Controle controle(rapport);
+  std::vector<CodeDeModalite> codes;
+  for (const Modalite& modalite : mod.modalites) {
+    codes.emplace_back();
+    switch (LireNomDeModalite(pos, modalite.nom, codes.back())) {
+      case FauteDeNom::Aucune: break;
+      case FauteDeNom::Inconnue: controle.Faute(Joindre({"Erreur : ", modalite.nom, " non trouvé"_w})); break;
+      case FauteDeNom::HorsNorme:
+        controle.Faute(Joindre({"Erreur : valeur de modalité "_w, modalite.nom, " hors norme"}));
+        break;
+    }
+  }
+  controle.Conclure(contexte.Ecran());
+  return codes;
+}
+
+ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const FichierMod& mod,
+                        const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
+  std::optional<FichierPos> pos;
+  if (fichiers.pos) {
+    pos = LirePos(*fichiers.pos);
+    ExigerParentheses(pos->taille, contexte.Ecran());
+  }
+  if (!fichiers.donnees)
+    return LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
+  const std::vector<CodeDeModalite> codes = LireCodes(rapport, contexte, mod, *pos);
+  ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
+  if (comptes.individus < static_cast<double>(pos->taille.individus))
+    Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui annonce");
+  return comptes;
+}
+
+ProfilDeModalite Profiler(const FichierMod& mod, const ComptesDeProfil& comptes, std::size_t k, std::size_t choisie,
+                          bool nonTri) {
+  ProfilDeModalite profil{mod.modalites[choisie].nom, std::string(Rogner(mod.modalites[choisie].intitule)), {}};
+  std::vector<LigneDeProfil> lignes;
+  std::vector<Attraction> attractions;
+  for (std::size_t j = 0; j < mod.modalites.size(); ++j) {
+    if (j == choisie) continue;
+    const double ensemble = comptes.ensemble[k][j];
+    attractions.push_back(Attirer({comptes.individus, comptes.effectifs[choisie], comptes.effectifs[j], ensemble}));
+    lignes.push_back(
+        {mod.modalites[j].nom, std::string(Rogner(mod.modalites[j].intitule)), ensemble, attractions.back()});
+  }
+  if (nonTri) {
+    profil.lignes = std::move(lignes);
+    return profil;
+  }
+  for (const std::size_t rang : OrdreDesPem(attractions)) profil.lignes.push_back(std::move(lignes[rang]));
+  return profil;
+}
+
+// The choice and the labels that are given with the run.
+void PoserChoix(const Contexte& contexte, Rapport& rapport, const OptionsProfil& options) {
+  if (!options.modalites) return;
+  const auto arreter = [&](Texte ligne) {
+    Avertir(rapport, contexte.Ecran(), ligne);
+    throw Erreur(kArretAnnonce);
+  };
+  if (const std::string refus = RefusDuChoix(*options.modalites); !refus.empty()) arreter(refus);
+  EtatProfil etat = ChargerProfil(contexte);
+  for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
+  if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+  for (const auto& [nom, intitule] : options.intitules) {
+    const std::size_t rang = RangDeModalite(etat.textes, nom);
+    if (rang == etat.textes.size()) arreter(Joindre({"Erreur : ", nom, " non trouvé"_w}));
+    else etat.textes[rang] = TexteDeModalite(nom, MarqueDeTexte(etat.textes[rang]), intitule);
+  }
+  EnregistrerChoix(contexte, etat.textes, *options.modalites);
+}
+
+void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const OptionsProfil& options) {
+  PoserChoix(contexte, rapport, options);
+  EcrireBandeau(rapport, "Profil d'une modalité"_w);
+  const Fichiers fichiers = TrouverFichiers(contexte, rapport);
+  EcrireNoms(rapport, contexte, fichiers);
+  const FichierMod mod = LireMod(*fichiers.mod);
+  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  if (!fichiers.donnees && parametres.largeur <= 0) {
+    Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
+    throw Erreur(kArretAnnonce);
+  }
+  const std::vector<std::size_t> choisies = TrouverChoisies(rapport, contexte, mod, parametres);
+  const ComptesDeProfil comptes = Compter(rapport, contexte, fichiers, mod, parametres, choisies);
+  std::vector<ProfilDeModalite> profils;
+  for (std::size_t k = 0; k < choisies.size(); ++k) {
+    profils.push_back(Profiler(mod, comptes, k, choisies[k], options.nonTri));
+    EcrireProfil(rapport, profils.back(), options.detail);
+  }
+  if (!options.fichier.empty()) {
+    Remplacement image(contexte.repertoire, options.fichier);
+    image.Fichier().Ecrire(TexteSvg(DessinerProfil(profils.front())));
+    image.Valider();
+  }
+  rapport.Ligne();
+  rapport.Ligne("Fin normale du programme");
+  if (options.profils != nullptr) *options.profils = std::move(profils);
+}
+
+}  // namespace
+
+Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
+                          const std::vector<std::string>& noms, const OptionsProfil& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(), [&](Rapport& rapport) {
+    EnregistrerChoix(contexte, textes, noms);
+    ProfilerModalites(rapport, contexte, options);
+  });
+}
+
+Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(),
+                           [&](Rapport& rapport) { ProfilerModalites(rapport, contexte, options); });
+}
+
+EtatProfil ChargerProfil(const Contexte& contexte) {
+  EtatProfil etat;
+  try {
+    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
+    if (!chemin) throw Erreur(kFichierIntrouvable);
+    const ListeModalites liste = LireListeModalites(*chemin);
+    if (Rogner(liste.parametres).empty())
+      etat.message = {"*** Attention ***",
+                      std::string("La 2e ligne du fichier *.MOD (paramètres) est vide, il faut lancer une analyse "
+                                  "factorielle ou une régression sur données d'enquête pour la reconstituer"_w)};
+    else etat.textes = liste.textes;
+  } catch (const Erreur&) {
+    etat.message = {"*** Attention ***",
+                    std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
+                                "en utilisant la touche 'Annuler'"_w)};
+  }
+  return etat;
+}
+
+void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& textes,
+                      const std::vector<std::string>& noms) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
+  if (!chemin) throw Erreur(kFichierIntrouvable);
+  ListeModalites liste = LireListeModalites(*chemin);
+  liste.parametres = LigneDuChoix(liste.parametres, noms);
+  liste.textes = textes;
+  for (std::string& texte : liste.textes) RendreMarque(texte);
+  EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), liste);
+}
+
+Fin AbandonnerProfil(const Contexte& contexte) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(),
+                           [](Rapport& rapport) { rapport.Ligne("Arrêt volontaire du programme"_w); });
+}
+
+}  // namespace quelvar::factor

@@ -1,0 +1,266 @@
+#include "modalities/regroupement/modifburt.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
+#include "core/session/generique_libre.h"
+#include "core/session/session.h"
+#include "core/texte/nombres.h"
+#include "modalities/regroupement/regroupement.h"
+
+namespace quelvar::modalities {
+
+namespace {
+
+constexpr std::string_view kArret = "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
+
+// Short and long names of the new column and of the new row.
+struct NomsDeGroupe {
+  std::string colonne, colonneLongue;
+  std::string ligne, ligneLongue;
+};
+
+struct Table {
+  FichierMod mod;
+  ParametresMod parametres;
+  Chemin brt;
+  std::optional<Chemin> pos;
+};
+
+Table OuvrirTable(const Contexte& contexte, Rapport& rapport) {
+  Table table;
+  bool manque = false;
+  const auto chercher = [&](std::string_view extension, bool exige) {
+    std::optional<Chemin> chemin = contexte.Chercher(extension);
+    if (!chemin && exige) {
+      rapport.Ligne({"*** Le fichier ", contexte.Nom(extension), " n'existe pas"});
+      manque = true;
+    }
+    return chemin;
+  };
+  const std::optional<Chemin> mod = chercher(".MOD", true);
+  const std::optional<Chemin> brt = chercher(".BRT", true);
+  if (mod) {
+    table.mod = LireMod(*mod);
+    table.parametres = LireParametres(table.mod.parametres, &rapport);
+  }
+  table.pos = chercher(".POS", table.parametres.burt > 0);
+  if (manque) {
+    Avertir(rapport, contexte.Ecran(), kArret);
+    throw Erreur(kArretAnnonce);
+  }
+  table.brt = *brt;
+  return table;
+}
+
+std::size_t NombreDeColonnes(const Table& table) {
+  if (table.parametres.burt > 1) return static_cast<std::size_t>(table.parametres.burt);
+  return table.mod.modalites.size();
+}
+
+// Marks a column by its name; a name that the list does not hold stops the run.
+void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const Table& table,
+                     const std::vector<std::string>& noms, std::vector<char>& marques) {
+  for (const std::string& nom : noms) {
+    const auto& modalites = table.mod.modalites;
+    const auto trouvee = std::find_if(modalites.begin(), modalites.end(),
+                                      [&](const Modalite& m) { return RognerDroite(m.nom) == RognerDroite(nom); });
+    const auto rang = static_cast<std::size_t>(trouvee - modalites.begin());
+    if (rang >= marques.size() || trouvee == modalites.end()) {
+      Avertir(rapport, contexte.Ecran(), Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w}));
+      throw Erreur(kArretAnnonce);
+    }
+    marques[rang] = 1;
+  }
+}
+
+void MarquerLignes(const Contexte& contexte, Rapport& rapport, const Table& table, std::vector<std::string> noms,
+                   std::vector<char>& marques) {
+  if (noms.empty()) return;
+  LecteurLignes lecteur(table.brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    const auto trouvee = std::find_if(noms.begin(), noms.end(), [&](const std::string& nom) {
+      return RognerDroite(nom) == RognerDroite(ligne.substr(0, 4));
+    });
+    marques.push_back(trouvee == noms.end() ? char{0} : char{1});
+    if (trouvee != noms.end()) noms.erase(trouvee);
+  }
+  if (noms.empty()) return;
+  Avertir(rapport, contexte.Ecran(), Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"}));
+  throw Erreur(kArretAnnonce);
+}
+
+std::int64_t CompterRangees(const Chemin& brt) {
+  std::int64_t rangees = 0;
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);)
+    if (!Rogner(ligne).empty()) ++rangees;
+  return rangees;
+}
+
+PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const Table& table,
+                             const OptionsModifBurt& options) {
+  PlanDeRegroupement plan;
+  plan.ancienneLargeur = table.parametres.largeur;
+  plan.colonnes.assign(NombreDeColonnes(table), 0);
+  MarquerColonnes(contexte, rapport, table, options.colonnes, plan.colonnes);
+  if (table.parametres.burt > 0) {
+    MarquerColonnes(contexte, rapport, table, options.lignes, plan.colonnes);
+    plan.lignes = plan.colonnes;
+    plan.lignesActives = static_cast<std::int64_t>(plan.colonnes.size());
+    return plan;
+  }
+  MarquerLignes(contexte, rapport, table, options.lignes, plan.lignes);
+  plan.lignesActives = CompterRangees(table.brt) - Entier64(std::max(table.parametres.lignesSup, 0.0));
+  return plan;
+}
+
+void EcrireColonnes(Rapport& rapport, const Table& table, const PlanDeRegroupement& plan) {
+  rapport.Ligne("Traitement des colonnes du tableau");
+  for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
+    if (plan.colonnes[j] != 0)
+      rapport.Ligne({"La colonne ", table.mod.modalites[j].nom, " fait l'objet d'un regroupement"});
+}
+
+void EcrireLignes(Rapport& rapport, const PlanDeRegroupement& plan, const BilanDeRegroupement& bilan,
+                  const NomsDeGroupe& noms) {
+  if (plan.AvecColonnes()) rapport.Ligne({"Le regroupement de colonnes à pour nouveau nom : "_w, noms.colonneLongue});
+  else rapport.Ligne("*** Absence de traitement des colonnes ");
+  rapport.Ligne("Traitement des lignes du tableau");
+  for (const LigneGroupee& ligne : bilan.lignes)
+    rapport.Ligne({"La ligne ", ligne.nom, " fait l'objet d'un regroupement : ", NombreNu(ligne.frequence)});
+}
+
+void EcrireGroupeDeLignes(Rapport& rapport, const Table& table, const PlanDeRegroupement& plan,
+                          const BilanDeRegroupement& bilan, const NomsDeGroupe& noms) {
+  if (!plan.AvecLignes()) rapport.Ligne("*** Absence de traitement des lignes");
+  else if (table.parametres.burt > 0)
+    rapport.Ligne({"Le regroupement a pour nom : ", noms.ligne, " Sa fréquence est de "_w, NombreNu(bilan.frequence)});
+  else rapport.Ligne({"Le regroupement de lignes a pour nouveau nom ", noms.ligneLongue});
+}
+
+std::string LigneDeParametres(const ParametresMod& anciens, std::size_t colonnes, const BilanDeRegroupement& bilan,
+                              int largeur) {
+  const std::string fmt = Joindre({"FMT=", Nombre(largeur), " "});
+  if (anciens.burt > 1) return Joindre({" BRT=", Nombre(colonnes), " ", fmt});
+  const std::string sup = bilan.lignesSup > 0 ? Joindre({"LSUP=", Nombre(bilan.lignesSup), " "}) : std::string();
+  return Joindre({std::string_view(anciens.burt == 1 ? " BRT=1" : ""), " LIGN=", Nombre(bilan.rangees), " ", sup,
+                  "COL=", Nombre(colonnes), " ", fmt});
+}
+
+void EcrireMod(Ecrivain& sortie, const Table& table, const PlanDeRegroupement& plan, const NomsDeGroupe& noms,
+               const std::string& titre, const std::string& parametres) {
+  sortie.Ligne(titre);
+  sortie.Ligne(parametres);
+  for (std::size_t j = 0; j < table.mod.modalites.size(); ++j)
+    if (j >= plan.colonnes.size() || plan.colonnes[j] == 0) sortie.Ligne(table.mod.lignes[2 + j]);
+  if (plan.AvecColonnes()) sortie.Ligne(Joindre({noms.colonne, "   ", noms.colonneLongue}));
+  for (std::size_t i = table.mod.premiereApres; i < table.mod.lignes.size(); ++i) sortie.Ligne(table.mod.lignes[i]);
+}
+
+void EcrireFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
+  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
+  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
+  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+  rapport.Ligne("Vous pouvez lancer directement l'analyse factorielle");
+  if (contexte.niveau == 2) rapport.Ligne("Vous pouvez passer en niveau 1 pour accélérer le processus"_w);
+  rapport.Ligne("Fin normale du programme");
+  contexte.Ecran().biper();
+}
+
+// One pass after the other, each with cells one wider than the last, until every sum fits; returns the width.
+int RegrouperJusquAuBout(Rapport& rapport, const Contexte& contexte, const Table& table, const PlanDeRegroupement& plan,
+                         const NomsDeGroupe& noms, const std::string& nouveau, std::optional<Remplacement>& brt,
+                         BilanDeRegroupement& bilan) {
+  bool reitere = false;
+  for (int largeur = plan.ancienneLargeur;; ++largeur, reitere = true) {
+    if (largeur > std::numeric_limits<std::int16_t>::max()) throw Erreur(kDepassementCapacite);
+    brt.emplace(contexte.repertoire, nouveau + ".BRT");
+    EcrireColonnes(rapport, table, plan);
+    bilan = Regrouper(table.brt, plan, largeur, brt->Fichier());
+    if (bilan.colonneTropLarge) continue;
+    EcrireLignes(rapport, plan, bilan, noms);
+    if (bilan.ligneTropLarge) continue;
+    EcrireGroupeDeLignes(rapport, table, plan, bilan, noms);
+    if (reitere) {
+      rapport.Ligne(
+          "*** Attention, le processus est réitéré pour tenir compte d'un effectif qui dépasse la largeur initiale"_w);
+      rapport.Ligne("    de ce fait, des indications de regroupement sont dupliquées"_w);
+    }
+    return largeur;
+  }
+}
+
+NomsDeGroupe NommerGroupes(const Table& table, const OptionsModifBurt& options) {
+  const auto couper = [](const std::string& nom) { return nom.substr(0, kNomDeGroupeLePlusLong); };
+  const std::string colonne = couper(options.nomColonne);
+  const std::string ligne = table.parametres.burt > 0 ? colonne : couper(options.nomLigne);
+  return {NomCourtDeGroupe(colonne), colonne, NomCourtDeGroupe(ligne), ligne};
+}
+
+void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt& options, const std::string& nouveau) {
+  EcrireBandeau(rapport, "Modification d'un tableau de Burt");
+  const Table table = OuvrirTable(contexte, rapport);
+  if (table.parametres.largeur < 1) {
+    Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
+    throw Erreur(kArretAnnonce);
+  }
+  PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
+  const NomsDeGroupe noms = NommerGroupes(table, options);
+  plan.nomCourt = noms.ligne;
+
+  std::optional<Remplacement> brt;
+  BilanDeRegroupement bilan;
+  const int largeur = RegrouperJusquAuBout(rapport, contexte, table, plan, noms, nouveau, brt, bilan);
+  const auto restantes = static_cast<std::size_t>(std::count(plan.colonnes.begin(), plan.colonnes.end(), 0));
+  Remplacement mod(contexte.repertoire, nouveau + ".MOD");
+  EcrireMod(mod.Fichier(), table, plan, noms, nouveau,
+            LigneDeParametres(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
+  brt->Achever();
+  mod.Achever();
+  if (table.pos) CopierLignes(*table.pos, contexte.repertoire, nouveau + ".POS");
+  brt->Valider();
+  mod.Valider();
+  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  EcrireFin(contexte, rapport, nouveau);
+}
+
+std::string Enumerer(const std::vector<std::string>& noms) {
+  std::string liste;
+  for (const std::string& nom : noms) liste += (liste.empty() ? "" : ", ") + std::string(RognerDroite(nom));
+  return liste;
+}
+
+}  // namespace
+
+std::string NomCourtDeGroupe(std::string_view nom) {
+  std::string court(nom.substr(0, 4));
+  court.resize(4, '0');
+  return court;
+}
+
+std::string AnnonceDuRegroupement(const OptionsModifBurt& options) {
+  std::string annonce;
+  const auto ajouter = [&](std::string_view quoi, const std::vector<std::string>& noms, const std::string& nom) {
+    if (noms.empty()) return;
+    if (!annonce.empty()) annonce += "\r\n";
+    annonce += Joindre({quoi, Enumerer(noms), "\r\n   sous le nom ", NomCourtDeGroupe(nom), " (", nom, ")"});
+  };
+  ajouter("Colonnes qui vont être regroupées : "_w, options.colonnes, options.nomColonne);
+  ajouter("Lignes qui vont être regroupées : "_w, options.lignes, options.nomLigne);
+  return annonce;
+}
+
+Fin ModifierBurt(const Contexte& contexte, const OptionsModifBurt& options) {
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  if (!nouveau) return Fin::Arret;
+  const Fin fin = ExecuterProgramme(contexte, *nouveau + ".PRT", LibellesErreur{},
+                                    [&](Rapport& rapport) { Modifier(rapport, contexte, options, *nouveau); });
+  if (fin == Fin::Normale && options.nouveau != nullptr) *options.nouveau = *nouveau;
+  return fin;
+}
+
+}  // namespace quelvar::modalities

@@ -1,0 +1,31 @@
+// The triangular file .TRG: title, names of the three vertices, and points of three percentages.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar::tables {
+
+struct PointTriangle {
+  std::string nom;               // 4 characters
+  std::string intitule;          // trimmed; the name when there is none
+  std::array<float, 3> parts{};  // percent, in the order of the vertices
+  std::string reste;             // the line behind the name, as it stands
+};
+
+struct FichierTrg {
+  std::string titre;
+  std::array<std::string, 3> sommets;
+  std::vector<PointTriangle> points;
+  std::size_t inegaux = 0;  // points whose percentages make neither 100 nor 0
+};
+
+// Reads up to a line that is blank, has four blanks for a name, or holds "**". Raises 62 for less than four lines, 6
+// for a percentage beyond a single, and the numbers of LecteurLignes.
+FichierTrg LireTrg(const Chemin& chemin);
+
+}  // namespace quelvar::tables

@@ -1,0 +1,89 @@
+#include "tables/triangle/triang.h"
+
+#include "core/dessin/svg.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::tables {
+
+namespace {
+
+constexpr std::string_view kExtension = ".prt";
+
+void EcrireTrg(Rapport& rapport, const FichierTrg& trg) {
+  EcrireBandeau(rapport, "Graphique triangulaire");
+  rapport.Ligne({"Titre : ", trg.titre});
+  rapport.Ligne("Intitulés des sommets "_w);
+  for (const std::string& sommet : trg.sommets) rapport.Ligne(sommet);
+  rapport.Ligne("Liste des valeurs");
+  for (const PointTriangle& point : trg.points) rapport.Ligne({point.nom, " ", point.reste});
+}
+
+// What a user should know before he reads the picture.
+void Prevenir(const Contexte& contexte, const FichierTrg& trg) {
+  if (trg.points.empty())
+    contexte.Ecran().demander(Joindre({"Le fichier ", contexte.Nom(".TRG"), " n'a aucun point : le triangle est vide"}),
+                              Boutons::Ok);
+  if (trg.inegaux > 0)
+    contexte.Ecran().demander(
+        Joindre({"Points dont les trois pourcentages ne font pas 100 : ", Nombre(trg.inegaux),
+                 ". Leur place dépend des deux premiers seulement. Vérifiez le fichier "_w, contexte.Nom(".TRG")}),
+        Boutons::Ok);
+}
+
+Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& corps) {
+  return ExecuterProgramme(contexte, contexte.Nom(kExtension), LibellesErreur{}, corps, ModeEcriture::Suite);
+}
+
+EtatTriangle Regler(const OptionsTriang& options, FichierTrg trg) {
+  EtatTriangle etat = NouveauTriangle(std::move(trg));
+  etat.reglages = options.reglages;
+  etat.cotes = options.cotes;
+  etat.largeur = options.largeur / 100.0;
+  etat.hauteur = options.hauteur / 100.0;
+  etat.fenetre = options.fenetre / 100.0;
+  for (EntreeTriangle& entree : etat.entrees) entree.marque = options.marque;
+  return etat;
+}
+
+}  // namespace
+
+std::optional<FichierTrg> PrepTriang(const Contexte& contexte) {
+  std::optional<FichierTrg> trg;
+  const bool pret = PreparerProgramme(contexte, contexte.Nom(kExtension), LibellesErreur{}, [&](Rapport& rapport) {
+    const std::optional<Chemin> chemin = contexte.Chercher(".TRG");
+    if (!chemin) {
+      rapport.Ligne({"*** Le fichier du graphique triangulaire ", contexte.Nom(".TRG"), " n'existe pas"});
+      Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
+      throw Erreur(kArretAnnonce);
+    }
+    trg = LireTrg(*chemin);
+    EcrireTrg(rapport, *trg);
+  });
+  if (!pret) return std::nullopt;
+  Prevenir(contexte, *trg);
+  return trg;
+}
+
+Fin TerminerTriang(const Contexte& contexte) {
+  return Continuer(contexte, [](Rapport& rapport) { rapport.Ligne("Fin normale du programme"); });
+}
+
+Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
+  std::optional<FichierTrg> trg = PrepTriang(contexte);
+  if (!trg) return Fin::Arret;
+  return Continuer(contexte, [&](Rapport& rapport) {
+    const CotesTriangle& cotes = options.cotes;
+    if (cotes.gauche < 0 || cotes.bas < 0 || cotes.droit > 100 || cotes.droit - cotes.gauche - cotes.bas < 1) {
+      Avertir(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
+      throw Erreur(kArretAnnonce);
+    }
+    const std::string nom = options.fichier.empty() ? contexte.Nom("Trg.svg") : options.fichier;
+    Remplacement image(contexte.repertoire, nom);
+    image.Fichier().Ecrire(TexteSvg(DessinerTriangle(Regler(options, std::move(*trg)))));
+    image.Valider();
+    contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
+    rapport.Ligne("Fin normale du programme");
+  });
+}
+
+}  // namespace quelvar::tables

@@ -1,0 +1,119 @@
+#include "tables/triangle/triangle.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace quelvar::tables {
+
+namespace {
+
+constexpr double kHauteurDuTriangle = 0.866025404;  // of an equilateral one with a side of 1
+constexpr double kMinimum = 0.2;
+constexpr double kMaximum = 10;
+
+double PasDuTexte(CoefficientTriangle coefficient) {
+  switch (coefficient) {
+    case CoefficientTriangle::Faible: return 1;
+    case CoefficientTriangle::Fort: return 20;
+    case CoefficientTriangle::Moyen: break;
+  }
+  return 5;
+}
+
+double PasDuCote(CoefficientTriangle coefficient) {
+  switch (coefficient) {
+    case CoefficientTriangle::Faible: return 1;
+    case CoefficientTriangle::Fort: return 10;
+    case CoefficientTriangle::Moyen: break;
+  }
+  return 5;
+}
+
+double Changer(double valeur, bool plus, CoefficientTriangle coefficient) {
+  const double facteur = 1 + PasDuTexte(coefficient) / 40;
+  return std::clamp(plus ? valeur * facteur : valeur / facteur, kMinimum, kMaximum);
+}
+
+}  // namespace
+
+EtatTriangle NouveauTriangle(FichierTrg trg) {
+  EtatTriangle etat;
+  etat.entrees.push_back({trg.titre});
+  for (const std::string& sommet : trg.sommets) etat.entrees.push_back({sommet});
+  for (const PointTriangle& point : trg.points) etat.entrees.push_back({point.intitule});
+  etat.trg = std::move(trg);
+  return etat;
+}
+
+Position ProjeterTriangle(FormeTriangle forme, double a, double b) {
+  if (forme == FormeTriangle::AngleDroit) return {a, b};
+  return {a + b / 2, kHauteurDuTriangle * b};
+}
+
+Position CoordonneesDe(const EtatTriangle& etat, const PointTriangle& point) {
+  return {double{point.parts[etat.axes[0]]}, double{point.parts[etat.axes[1]]}};
+}
+
+bool DansLesCotes(const CotesTriangle& cotes, Position coordonnees) {
+  const CotesTriangle depart;
+  return (cotes.gauche == depart.gauche || coordonnees.x >= cotes.gauche) &&
+         (cotes.bas == depart.bas || coordonnees.y >= cotes.bas) &&
+         (cotes.droit == depart.droit || coordonnees.x + coordonnees.y <= cotes.droit);
+}
+
+std::vector<std::optional<std::size_t>> LiensDuTriangle(const FichierTrg& trg) {
+  std::vector<std::optional<std::size_t>> liens(trg.points.size());
+  std::unordered_map<std::string, std::size_t> derniers;
+  for (std::size_t i = 0; i < trg.points.size(); ++i) {
+    const auto [place, nouveau] = derniers.try_emplace(trg.points[i].nom.substr(0, 3), i);
+    if (nouveau) continue;
+    liens[i] = place->second;
+    place->second = i;
+  }
+  return liens;
+}
+
+void DeplacerTexte(EtatTriangle& etat, SensTriangle sens) {
+  const double pas = PasDuTexte(etat.coefficient);
+  switch (sens) {
+    case SensTriangle::Haut: return DeplacerTexte(etat, {0, -pas});
+    case SensTriangle::Bas: return DeplacerTexte(etat, {0, pas});
+    case SensTriangle::Gauche: return DeplacerTexte(etat, {-pas, 0});
+    case SensTriangle::Droite: return DeplacerTexte(etat, {pas, 0});
+  }
+}
+
+void DeplacerTexte(EtatTriangle& etat, Position deplacement) {
+  EntreeTriangle& entree = etat.entrees.at(etat.choisie);
+  entree.deplacee = true;
+  entree.deplacement = {entree.deplacement.x + deplacement.x, entree.deplacement.y + deplacement.y};
+}
+
+void ChangerTaille(EtatTriangle& etat, DimensionTriangle dimension, bool plus) {
+  if (dimension != DimensionTriangle::Hauteur) etat.largeur = Changer(etat.largeur, plus, etat.coefficient);
+  if (dimension != DimensionTriangle::Largeur) etat.hauteur = Changer(etat.hauteur, plus, etat.coefficient);
+}
+
+void ChangerFenetreTriangle(EtatTriangle& etat, bool plus) {
+  etat.fenetre = Changer(etat.fenetre, plus, etat.coefficient);
+}
+
+void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans) {
+  CotesTriangle& cotes = etat.cotes;
+  const double pas = dedans ? PasDuCote(etat.coefficient) : -PasDuCote(etat.coefficient);
+  const double reste = cotes.droit - cotes.gauche - cotes.bas - 1;
+  const double permis = std::min(pas, std::max(reste, 0.0));
+  switch (cote) {
+    case CoteTriangle::Gauche: cotes.gauche = std::max(cotes.gauche + permis, 0.0); break;
+    case CoteTriangle::Bas: cotes.bas = std::max(cotes.bas + permis, 0.0); break;
+    case CoteTriangle::Droit: cotes.droit = std::min(cotes.droit - permis, 100.0); break;
+  }
+}
+
+void ReinitialiserTriangle(EtatTriangle& etat) {
+  const std::size_t choisie = etat.choisie;
+  etat = NouveauTriangle(std::move(etat.trg));
+  etat.choisie = choisie;
+}
+
+}  // namespace quelvar::tables

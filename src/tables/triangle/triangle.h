@@ -1,0 +1,91 @@
+// The triangular graph as the form Graphe holds it: points in the plane of two percentages, the three sides, and what
+// the controls do to the drawing.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/dessin/dessin.h"
+#include "tables/triangle/trg.h"
+
+namespace quelvar::tables {
+
+enum class FormeTriangle { Triangulaire, AngleDroit };
+enum class CoefficientTriangle { Faible, Moyen, Fort };
+enum class SensTriangle { Haut, Bas, Gauche, Droite };
+enum class DimensionTriangle { Largeur, Hauteur, Ensemble };
+enum class CoteTriangle { Gauche, Droit, Bas };
+enum class TailleTriangle { Petite, Moyenne, Grande };
+
+// A text of the list: the title, the three vertices, then the points.
+struct EntreeTriangle {
+  std::string texte{};
+  Position deplacement{};  // points of the page, from where the drawing would put it
+  bool deplacee = false;   // by the user: it keeps its place beside its point whatever the others do
+  int marque = 2;          // of a point: 0 for "*", else a circle, from 1 to 5
+  bool invisible = false;
+};
+inline constexpr std::size_t kEntreeDuPremierPoint = 4;
+
+// Reglages that go to the drawing as they are.
+struct ReglagesTriangle {
+  FormeTriangle forme = FormeTriangle::Triangulaire;
+  bool intitulesLongs = false;
+  bool centre = false;     // the point of equal thirds
+  bool troisieme = false;  // the third coordinate beside each point
+  bool traits = false;     // between modalities whose names begin with the same three characters
+  TailleTriangle taille = TailleTriangle::Moyenne;
+  bool gras = false;
+
+  bool operator==(const ReglagesTriangle&) const = default;
+};
+
+// The sides, in percent: first coordinate at the left side, second at the lower side, their sum at the right side.
+struct CotesTriangle {
+  double gauche = 0;
+  double bas = 0;
+  double droit = 100;
+
+  bool operator==(const CotesTriangle&) const = default;
+};
+
+struct EtatTriangle {
+  FichierTrg trg;
+  std::vector<EntreeTriangle> entrees;
+  std::size_t choisie = 0;
+  std::array<std::size_t, 3> axes = {0, 1, 2};  // percentage used as first, second and third axis
+  ReglagesTriangle reglages;
+  CotesTriangle cotes;
+  CoefficientTriangle coefficient = CoefficientTriangle::Moyen;
+  double largeur = 1;  // of the drawing, over that of the start
+  double hauteur = 1;
+  double fenetre = 1;  // of the window printed, over the one that holds the drawing
+};
+
+EtatTriangle NouveauTriangle(FichierTrg trg);
+
+// Coordinates of the drawing for those of the data: the equilateral triangle, or the right angle.
+Position ProjeterTriangle(FormeTriangle forme, double a, double b);
+// First and second coordinate of a point in the current order of the axes.
+Position CoordonneesDe(const EtatTriangle& etat, const PointTriangle& point);
+// Whether a point lies inside the sides that were moved.
+bool DansLesCotes(const CotesTriangle& cotes, Position coordonnees);
+// For each point the nearest one before it whose name has the same three first characters.
+std::vector<std::optional<std::size_t>> LiensDuTriangle(const FichierTrg& trg);
+
+void DeplacerTexte(EtatTriangle& etat, SensTriangle sens);
+void DeplacerTexte(EtatTriangle& etat, Position deplacement);
+void ChangerTaille(EtatTriangle& etat, DimensionTriangle dimension, bool plus);
+void ChangerFenetreTriangle(EtatTriangle& etat, bool plus);
+// Moves a side towards the inside, or back; the triangle keeps a height of one percent, and no side leaves it.
+void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans);
+// The initial drawing again, the chosen text apart.
+void ReinitialiserTriangle(EtatTriangle& etat);
+
+// The picture; each text and mark stands for its entry of the list.
+Dessin DessinerTriangle(const EtatTriangle& etat);
+
+}  // namespace quelvar::tables

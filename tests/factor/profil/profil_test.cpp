@@ -1,0 +1,151 @@
+#include "factor/profil/profil.h"
+
+#include <gtest/gtest.h>
+
+#include "core/enquete/listemod.h"
+#include "core/enquete/parametres.h"
+#include "factor/profil/choix.h"
+#include "factor/profil/dessin.h"
+#include "factor/profil/profilmod.h"
+#include "support/erreur.h"
+#include "support/programme.h"
+
+namespace quelvar {
+
+using namespace quelvar::factor;
+
+namespace {
+
+TEST(Attirer, GivesTheFiguresWorkedOutByHand) {
+  struct Cas {
+    Rencontre rencontre;
+    double theorique, khi2;
+    int pem, classe;
+  };
+  const Cas cas[] = {
+      {{100, 40, 30, 30}, 12, 64.2857142857, 100, 3},   // all who have the one have the other: 100*(30*60-0*10)^2/(...)
+      {{100, 40, 30, 12}, 12, 0, 0, 0},                 // independence
+      {{100, 40, 30, 0}, 12, 28.5714285714, -100, 3},   // never together, which the margins allow
+      {{100, 80, 70, 50}, 56, 10.7142857143, -100, 3},  // never fewer than 50 together
+      {{20, 5, 4, 2}, 1, 0.4166666667, 33, 0},          // expected counts below 5: |2*13-3*2| - 10 = 10
+      {{20, 5, 4, 1}, 1, 0, 0, 0},
+      {{10, 10, 4, 4}, 4, 0, 0, 0},  // everybody has the one: a margin is empty
+  };
+  for (const Cas& c : cas) {
+    const Attraction a = Attirer(c.rencontre);
+    EXPECT_DOUBLE_EQ(a.theorique, c.theorique);
+    EXPECT_DOUBLE_EQ(a.ecart, c.rencontre.ensemble - c.theorique);
+    EXPECT_NEAR(a.khi2, c.khi2, 1e-9);
+    EXPECT_EQ(a.pem, c.pem);
+    EXPECT_EQ(ClasseKhi2(a.khi2), c.classe);
+  }
+  EXPECT_EQ(essai::NumeroLeve([] { Attirer({0, 0, 0, 0}); }), kDivisionParZero);
+  EXPECT_EQ(essai::NumeroLeve([] { Attirer({10, 4, 4, 6}); }), 0);  // more than the margins allow: beyond 100 %
+  EXPECT_EQ(essai::NumeroLeve([] { Attirer({10, 5, 0, -1}); }), kDivisionParZero);
+}
+
+TEST(ClasseKhi2, TurnsAtItsThresholds) {
+  for (const auto& [khi2, classe] :
+       {std::pair(2.7099, 0), std::pair(2.71, 1), std::pair(3.84, 2), std::pair(6.6399, 2), std::pair(6.64, 3)})
+    EXPECT_EQ(ClasseKhi2(khi2), classe) << khi2;
+}
+
+TEST(Choix, NamesComeBackWholeFromTheLine) {
+  const std::vector<std::vector<std::string>> listes = {{"AGE1"}, {"A  1", "AB  ", " C 2"}, {"SEX1", "SEX2", "AGE3"}};
+  for (const auto& noms : listes) {
+    ASSERT_EQ(RefusDuChoix(noms), "");
+    const std::string ligne = LigneDuChoix(" BRT=12 FMT=3 LIGN=20 LSUP=8 JSUP=-1 CDG=1 MOD=AGE9", noms);
+    EXPECT_EQ(ligne, "LIGN=20 LSUP=8 LA=3 BRT=12  MOD=" + TexteDuChoix(noms));
+    EXPECT_EQ(NomsDuChoix(LireParametres(ligne, nullptr).mod), noms);
+  }
+  for (const char* refuse : {"A~1 ", "A.1 ", "A=1 ", "A/1 "}) EXPECT_NE(RefusDuChoix({refuse}), "") << refuse;
+  EXPECT_EQ(RefusDuChoix({}), std::string("Aucune modalité n'a été choisie"_w));
+}
+
+TEST(Choix, MarksAreWrittenInTheirTwoFormsButTheCodingOfARegressionStays) {
+  for (const auto& [lue, ecrite] : {std::pair("s  ", " S "), std::pair(" S ", " S "), std::pair(" a ", "   "),
+                                    std::pair("R  ", "R  "), std::pair(" XS", " XS"), std::pair("  Y", "  Y")}) {
+    std::string texte = TexteDeModalite("AGE1", lue, "jeunes");
+    RendreMarque(texte);
+    EXPECT_EQ(texte, TexteDeModalite("AGE1", ecrite, "jeunes"));
+  }
+}
+
+TEST(DessinerProfil, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
+  ProfilDeModalite profil{"AGE1", "jeunes", {}};
+  for (const auto& [pem, khi2] : {std::pair(60, 7.0), std::pair(20, 1.0), std::pair(0, 0.0), std::pair(-40, 9.0)}) {
+    LigneDeProfil ligne{"SEX1", "hommes", 3, {}};
+    ligne.attraction.pem = pem;
+    ligne.attraction.khi2 = khi2;
+    profil.lignes.push_back(ligne);
+  }
+  const Dessin dessin = DessinerProfil(profil);
+  std::vector<double> largeurs;
+  std::vector<bool> pleines;
+  for (const Forme& forme : dessin.Formes()) {
+    if (forme.genre != GenreForme::Polygone) continue;
+    const Zone zone = dessin.Etendue(forme);
+    largeurs.push_back(zone.largeur);
+    pleines.push_back(forme.fond.teinte > 0);
+    EXPECT_EQ(zone.x + 1 > 410, profil.lignes[static_cast<std::size_t>(forme.id)].attraction.pem > 0);
+  }
+  ASSERT_EQ(largeurs.size(), 3U);
+  EXPECT_NEAR(largeurs[0] / largeurs[1], 3, 1e-9);
+  EXPECT_NEAR(largeurs[2] / largeurs[1], 2, 1e-9);
+  EXPECT_EQ(pleines, (std::vector<bool>{true, false, true}));
+}
+
+class RunProfil : public essai::RunDeProgramme {
+ protected:
+  void EcrireEnquete() const {
+    Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nNBA   199\r\n");
+    Ecrire("ENQ.DAT", "36\r\n 1\r\n99\r\n");
+  }
+};
+
+TEST_F(RunProfil, LongCodesAreReadFromTheirTwoDigits) {
+  EcrireEnquete();
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1\r\nNB36\r\nNBA1\r\nNB99\r\n");
+  std::vector<ProfilDeModalite> profils;
+  OptionsProfil options;
+  options.modalites = {{"NB36"}};
+  options.profils = &profils;
+  ASSERT_EQ(ProfilMod(contexte_, options), Fin::Normale) << montre_;
+  ASSERT_EQ(profils.size(), 1U);
+  for (const LigneDeProfil& ligne : profils[0].lignes) EXPECT_EQ(ligne.attraction.pem, -100) << ligne.nom;
+}
+
+TEST_F(RunProfil, TheDataAndTheirBurtTableGiveTheSameProfile) {
+  Ecrire("ENQ.POS", "ENQ\r\n 6 \r\nAGE   1 9\r\nSEX   2 9\r\n");
+  Ecrire("ENQ.DAT", "11\r\n11\r\n21\r\n22\r\n32\r\n31\r\n");
+  Ecrire("ENQ.MOD",
+         "ENQ\r\n BRT=5 FMT=2 MOD=AGE1~SEX2\r\nAGE1   a\r\nAGE2   b\r\nAGE3   c\r\nSEX1   d\r\nSEX2   e\r\n");
+  Ecrire("ENQ.BRT", "AGE1 2 0 0 2 0\r\nAGE2 0 2 0 1 1\r\nAGE3 0 0 2 1 1\r\nSEX1 2 1 1 4 0\r\nSEX2 0 1 1 0 2\r\n");
+  const auto profil = [&] {
+    EXPECT_EQ(ProfilMod(contexte_, {.detail = true}), Fin::Normale);
+    const std::string rapport = Lire("ENQ.PR2");
+    return rapport.substr(rapport.find("Profil de la modalit"));
+  };
+  const std::string desDonnees = profil();
+  Effacer("ENQ.DAT");
+  EXPECT_EQ(profil(), desDonnees);
+  Effacer("ENQ.POS");  // the diagonal of the first question makes the six individuals
+  EXPECT_EQ(profil(), desDonnees);
+}
+
+TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {
+  EcrireEnquete();
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1\r\nNB~6\r\n");
+  const std::string avant = Lire("ENQ.MOD");
+  EXPECT_EQ(ProfilMod(contexte_, {.modalites = {{"NB~6"}}}), Fin::Arret);
+  EXPECT_EQ(Lire("ENQ.MOD"), avant);
+  Ecrire("ENQ.MOD", "ENQ\r\n\r\nNB36\r\n");
+  EXPECT_EQ(ChargerProfil(contexte_).message.size(), 2U);
+  Effacer("ENQ.MOD");
+  EXPECT_EQ(ChargerProfil(contexte_).message.size(), 2U);
+  AbandonnerProfil(contexte_);
+  EXPECT_EQ(Lire("ENQ.PR2"), std::string("Arrêt volontaire du programme\r\n"_w));
+}
+
+}  // namespace
+}  // namespace quelvar

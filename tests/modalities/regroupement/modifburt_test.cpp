@@ -1,0 +1,63 @@
+#include "modalities/regroupement/modifburt.h"
+
+#include <gtest/gtest.h>
+
+#include "support/programme.h"
+
+namespace quelvar {
+
+using namespace quelvar::modalities;
+
+namespace {
+
+TEST(NomCourtDeGroupe, IsTheFirstFourCharactersOrZeros) {
+  for (const auto& [nom, court] : {std::pair("", "0000"), std::pair("Ag", "Ag00"), std::pair("Jeunes", "Jeun")})
+    EXPECT_EQ(NomCourtDeGroupe(nom), court);
+}
+
+class RunModifBurt : public essai::RunDeProgramme {
+ protected:
+  void EcrireTable() const {
+    Ecrire("ENQ.MOD", "ENQ\r\n BRT=1 LIGN=5 LSUP=2 COL=3 FMT=1 \r\nAGE1\r\nAGE2\r\nSEX1\r\n");
+    Ecrire("ENQ.BRT", "AGE1101\r\nAGE2011\r\nSEX1112\r\n1   101Un\r\n2   011Deux\r\n");
+    Ecrire("ENQ.POS", "ENQ\r\n 2 \r\nAGE   1 2\r\n");
+  }
+};
+
+TEST_F(RunModifBurt, IndividualsStayBehindTheGroup) {
+  EcrireTable();
+  std::string nouveau;
+  OptionsModifBurt options;
+  options.colonnes = {"AGE1", "AGE2"};
+  options.nomColonne = "Tous";
+  options.nouveau = &nouveau;
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
+  EXPECT_EQ(nouveau, "ENR");
+  EXPECT_EQ(Lire("ENR.BRT"), "SEX122\r\nTous22\r\n1   11Un\r\n2   11Deux\r\n");
+  EXPECT_EQ(Lire("ENR.MOD"), "ENR\r\n BRT=1 LIGN=4 LSUP=2 COL=2 FMT=1 \r\nSEX1\r\nTous   Tous\r\n");
+  EXPECT_EQ(Lire("ENR.POS"), Lire("ENQ.POS"));
+  EXPECT_NE(AnnonceDuRegroupement(options).find("AGE1, AGE2"), std::string::npos);
+}
+
+TEST_F(RunModifBurt, AnUnknownMarkOrAFullDiskMovesNothing) {
+  EcrireTable();
+  const auto avant = Fichiers();
+  OptionsModifBurt options;
+  options.colonnes = {"ZZZ1"};
+  EXPECT_EQ(ModifierBurt(contexte_, options), Fin::Arret);
+  Effacer("ENR.PRT");
+  EXPECT_EQ(Fichiers(), avant);
+  std::string lignes;
+  for (int i = 0; i < 4000; ++i) lignes += "R   " + std::string(60, '1') + "\r\n";
+  Ecrire("ENQ.BRT", lignes);
+  options.colonnes.clear();
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=4000 FMT=60\r\nCOL1\r\n");
+  const essai::DisquePlein disque(100000);
+  EXPECT_EQ(ModifierBurt(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit(" 61 "));
+  EXPECT_FALSE(Existe("ENR.MOD"));
+  EXPECT_FALSE(Existe("qvr2.ini"));
+}
+
+}  // namespace
+}  // namespace quelvar

@@ -1,0 +1,152 @@
+#include "tables/triangle/triangle.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/programme.h"
+#include "tables/triangle/triang.h"
+
+namespace quelvar {
+
+using namespace quelvar::tables;
+
+namespace {
+
+FichierTrg TrgDe(std::initializer_list<std::array<float, 3>> parts) {
+  FichierTrg trg{"Titre", {"Un", "Deux", "Trois"}, {}, 0};
+  for (const std::array<float, 3>& p : parts)
+    trg.points.push_back({"P" + std::to_string(trg.points.size()) + "  ", "point", p, {}});
+  return trg;
+}
+
+// Where the mark of a point stands in the drawing; nothing when it is left out.
+std::optional<Position> MarqueDe(const EtatTriangle& etat, std::size_t point) {
+  const Dessin dessin = DessinerTriangle(etat);
+  for (const Forme& forme : dessin.Formes())
+    if (forme.genre == GenreForme::Cercle && forme.id == static_cast<int>(point + kEntreeDuPremierPoint))
+      return dessin.Points(forme)[0];
+  return std::nullopt;
+}
+
+std::size_t TextesDe(const Dessin& dessin, std::string_view texte) {
+  std::size_t nombre = 0;
+  for (const Forme& forme : dessin.Formes())
+    nombre += forme.genre == GenreForme::Texte && forme.texte == texte ? 1U : 0U;
+  return nombre;
+}
+
+TEST(ProjeterTriangle, PutsTheVerticesWhereTheyBelong) {
+  const Position sommet = ProjeterTriangle(FormeTriangle::Triangulaire, 0, 100);
+  EXPECT_DOUBLE_EQ(sommet.x, 50);
+  EXPECT_DOUBLE_EQ(sommet.y, 86.6025404);
+  EXPECT_DOUBLE_EQ(ProjeterTriangle(FormeTriangle::AngleDroit, 30, 20).x, 30);
+  EXPECT_DOUBLE_EQ(ProjeterTriangle(FormeTriangle::AngleDroit, 30, 20).y, 20);
+}
+
+TEST(DessinerTriangle, PointsStandAtTheirPercentages) {
+  EtatTriangle etat = NouveauTriangle(TrgDe({{0, 0, 100}, {100, 0, 0}, {0, 100, 0}, {20, 30, 50}, {0, 0, 0}}));
+  etat.reglages.forme = FormeTriangle::AngleDroit;
+  const Position attendues[] = {{0, 0}, {100, 0}, {0, 100}, {20, 30}, {0, 0}};
+  for (std::size_t i = 0; i < std::size(attendues); ++i) {
+    const std::optional<Position> place = MarqueDe(etat, i);
+    ASSERT_TRUE(place) << i;
+    EXPECT_DOUBLE_EQ(place->x, attendues[i].x);
+    EXPECT_DOUBLE_EQ(place->y, attendues[i].y);
+  }
+  etat.axes = {2, 0, 1};
+  EXPECT_DOUBLE_EQ(MarqueDe(etat, 3)->x, 50);
+  EXPECT_DOUBLE_EQ(MarqueDe(etat, 3)->y, 20);
+}
+
+TEST(DessinerTriangle, SidesMovedInwardLeaveOutPointsBeyondThem) {
+  // Percentages that round to more than 100 stay inside a side that nobody moved.
+  EtatTriangle etat = NouveauTriangle(TrgDe({{5, 50, 45}, {50, 5, 45}, {60, 40.1F, 0}, {40, 30, 30}}));
+  const auto montres = [&] {
+    std::string texte;
+    for (std::size_t i = 0; i < 4; ++i) texte += MarqueDe(etat, i) ? '1' : '0';
+    return texte;
+  };
+  EXPECT_EQ(montres(), "1111");
+  etat.coefficient = CoefficientTriangle::Fort;
+  DeplacerCote(etat, CoteTriangle::Gauche, true);
+  EXPECT_EQ(montres(), "0111");
+  DeplacerCote(etat, CoteTriangle::Bas, true);
+  EXPECT_EQ(montres(), "0011");
+  DeplacerCote(etat, CoteTriangle::Droit, true);
+  EXPECT_EQ(montres(), "0001");
+  for (int i = 0; i < 20; ++i) DeplacerCote(etat, CoteTriangle::Droit, true);
+  EXPECT_DOUBLE_EQ(etat.cotes.droit - etat.cotes.gauche - etat.cotes.bas, 1);
+  for (const CoteTriangle cote : {CoteTriangle::Gauche, CoteTriangle::Bas, CoteTriangle::Droit})
+    for (int i = 0; i < 20; ++i) DeplacerCote(etat, cote, false);
+  EXPECT_EQ(etat.cotes, CotesTriangle());
+}
+
+TEST(DessinerTriangle, LabelsDoNotCoverEachOther) {
+  FichierTrg trg{"Titre", {"Un", "Deux", "Trois"}, {}, 0};
+  std::mt19937 hasard(3);
+  for (int i = 0; i < 40; ++i) {
+    const auto a = static_cast<float>(30 + hasard() % 12);
+    const auto b = static_cast<float>(30 + hasard() % 12);
+    trg.points.push_back({"Q" + std::to_string(10 + i) + " ", "point", {a, b, 100 - a - b}, {}});
+  }
+  const Dessin dessin = DessinerTriangle(NouveauTriangle(trg));
+  std::vector<Zone> zones;
+  int recouvrements = 0;
+  for (const Forme& forme : dessin.Formes()) {
+    if (forme.genre != GenreForme::Texte || forme.id < static_cast<int>(kEntreeDuPremierPoint)) continue;
+    const Zone zone = dessin.Etendue(forme);
+    for (const Zone& autre : zones) recouvrements += autre.Touche(zone) ? 1 : 0;
+    zones.push_back(zone);
+  }
+  EXPECT_EQ(zones.size(), 40U);
+  EXPECT_EQ(recouvrements, 0);
+}
+
+TEST(DessinerTriangle, OptionsShowWhatTheySay) {
+  EtatTriangle etat = NouveauTriangle(TrgDe({{20, 30, 50}, {10, 10, 80}}));
+  etat.trg.points[0].nom = "AGE1";
+  etat.trg.points[1].nom = "AGE2";
+  EXPECT_EQ(TextesDe(DessinerTriangle(etat), "AGE1"), 1U);
+  EXPECT_EQ(TextesDe(DessinerTriangle(etat), "+"), 0U);
+  const auto lignes = [&] {
+    const Dessin dessin = DessinerTriangle(etat);
+    return std::count_if(dessin.Formes().begin(), dessin.Formes().end(), [](const Forme& f) {
+      return f.genre == GenreForme::Ligne && f.plume.couleur == Couleur::Rouge;
+    });
+  };
+  EXPECT_EQ(lignes(), 0);
+  etat.reglages = {.intitulesLongs = true, .centre = true, .troisieme = true, .traits = true};
+  EXPECT_EQ(TextesDe(DessinerTriangle(etat), "point (50)"), 1U);
+  EXPECT_EQ(TextesDe(DessinerTriangle(etat), "+"), 1U);
+  EXPECT_EQ(lignes(), 1);
+  etat.entrees[kEntreeDuPremierPoint].invisible = true;
+  EXPECT_EQ(TextesDe(DessinerTriangle(etat), "point (50)"), 0U);
+  EXPECT_EQ(lignes(), 0);
+  ReinitialiserTriangle(etat);
+  EXPECT_EQ(etat.reglages, ReglagesTriangle());
+  EXPECT_TRUE(MarqueDe(etat, 0));
+}
+
+class RunTriang : public essai::RunDeProgramme {};
+
+TEST_F(RunTriang, TheReportEndsBehindThePicture) {
+  Ecrire("ENQ.TRG", "T\r\nA\r\nB\r\nC\r\n AGE 10.0 20.0 60.0 Age\r\nAB\r\n\r\nhors liste\r\n");
+  ASSERT_EQ(Triang(contexte_, {}), Fin::Normale);
+  const std::string rapport = Lire("ENQ.prt");
+  EXPECT_EQ(
+      rapport.substr(rapport.find("Titre")),
+      std::string("Titre : T\r\nIntitulés des sommets \r\nA\r\nB\r\nC\r\nListe des valeurs\r\n AGE  10.0 20.0 60.0 "
+                  "Age\r\nAB   \r\nFin normale du programme\r\n"_w));
+  EXPECT_TRUE(Existe("ENQTrg.svg"));
+  ASSERT_EQ(boites_.size(), 2U);  // the point that does not make 100, the name of the picture
+  Ecrire("ENQ.TRG", "T\r\nA\r\nB\r\nC\r\n");
+  boites_.clear();
+  OptionsTriang options;
+  options.cotes.droit = 0;
+  EXPECT_EQ(Triang(contexte_, options), Fin::Arret);
+  EXPECT_EQ(boites_.size(), 1U);  // no point at all
+}
+
+}  // namespace
+}  // namespace quelvar
