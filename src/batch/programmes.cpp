@@ -6,15 +6,18 @@
 #include "factor/analyse/anecar_options.h"
 #include "factor/classement/coupe_options.h"
 #include "factor/plan/graphe_options.h"
+#include "factor/profil/profilmod_options.h"
 #include "modalities/creation/posmod_options.h"
 #include "modalities/edition/modifmod_options.h"
 #include "modalities/edition/nomemod_options.h"
 #include "modalities/edition/nomquest_options.h"
 #include "regression/options.h"
+#include "modalities/regroupement/modifburt_options.h"
 #include "sorts/preparation/preprecod_options.h"
 #include "sorts/recodage/recodage_options.h"
 #include "sorts/triapl/triapl_options.h"
 #include "tables/ecapem_options.h"
+#include "tables/triangle/triang_options.h"
 #include "text/decoupage/saisiemot_options.h"
 #include "text/gestion/gestion_options.h"
 #include "text/preparation/preptext_options.h"
@@ -46,6 +49,9 @@ const std::vector<Programme>& Programmes() {
       ProgrammeDe(regression::DescriptionAnatab()),
       ProgrammeDe(regression::DescriptionReglin()),
       ProgrammeDe(regression::DescriptionVarint()),
+      ProgrammeDe(tables::DescriptionTriang()),
+      ProgrammeDe(modalities::DescriptionModifBurt()),
+      ProgrammeDe(factor::DescriptionProfilMod()),
       ProgrammeDe(text::DescriptionPrepText()),
       ProgrammeDe(text::DescriptionSaisieMot()),
       ProgrammeDe(text::DescriptionTabMot()),

@@ -48,6 +48,9 @@ const std::map<std::string, Textes> kLibres = {
     {"tabmotagreg agreger", {"tout=de,sante", "vide="}},
     {"tabmotagreg tri", {"frequence", "alphabetique,decroissant", "facteur2,croissant", "Facteur"}},
     {"croise graphique", {"", "g.svg"}},
+    {"modifburt colonnes", {"SEX1", "SEX1,AGE2"}},
+    {"modifburt lignes", {"OUV", "OUV,CAD"}},
+    {"profilmod intitule", {"SEX1=Homme", "AGE2="}},
 };
 
 std::string Valeur(Hasard& hasard, const std::string& programme, const Option& option) {

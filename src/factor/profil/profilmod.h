@@ -19,6 +19,8 @@ struct OptionsProfil {
   std::vector<std::pair<std::string, std::string>> intitules{};  // name and new label, written with them
   std::vector<ProfilDeModalite>* profils = nullptr;              // if given, receives what is printed, for the picture
   std::string fichier{};                                         // picture of the first profile, in SVG; empty for none
+
+  bool operator==(const OptionsProfil&) const = default;
 };
 
 // Report: generic and ".PR2".
@@ -34,6 +36,10 @@ EtatProfil ChargerProfil(const Contexte& contexte);
 // Writes the choice, marks and labels to the .MOD; raises the numbers of Remplacement.
 void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                       const std::vector<std::string>& noms);
+
+// The button of the form: the same, then the run on what was written.
+Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
+                          const std::vector<std::string>& noms, const OptionsProfil& options);
 
 // The form left without a run: the report says so.
 Fin AbandonnerProfil(const Contexte& contexte);

@@ -14,6 +14,8 @@ struct OptionsModifBurt {
   std::string nomColonne;             // of the group; its first four characters are the short name
   std::string nomLigne;               // of the rows, where they are not those of the columns
   std::string* nouveau = nullptr;     // if given, receives the generic that the session is to take
+
+  bool operator==(const OptionsModifBurt&) const = default;
 };
 
 // Longest name of a group.

@@ -72,7 +72,8 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
   std::optional<FichierTrg> trg = PrepTriang(contexte);
   if (!trg) return Fin::Arret;
   return Continuer(contexte, [&](Rapport& rapport) {
-    if (options.cotes.droit - options.cotes.gauche - options.cotes.bas < 1) {
+    const CotesTriangle& cotes = options.cotes;
+    if (cotes.gauche < 0 || cotes.bas < 0 || cotes.droit > 100 || cotes.droit - cotes.gauche - cotes.bas < 1) {
       Avertir(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
       throw Erreur(kArretAnnonce);
     }
