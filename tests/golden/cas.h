@@ -6,6 +6,7 @@
 //                "statut=1" before them is the exit status to expect (0 without it); "efface: ENQ.MOD" tells that
 //                a file of entree/ must be gone at the end; a line that starts with # is a remark
 //     attendu/   every file that the runs create or change, byte for byte; all others must be as in entree/
+//     clavier    if present, the standard input of each run
 //     sortie     if present, the standard output of the runs, one after the other
 //     boites     if present, their standard error (the message boxes)
 #pragma once

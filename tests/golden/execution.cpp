@@ -43,7 +43,7 @@ void Rediriger(const fs::path& fichier, int descripteur, int mode) {
 }
 
 // Runs one command in the directory; standard output and error are appended to two files.
-int Lancer(std::vector<std::string> arguments, const fs::path& dossier, const fs::path& sortie,
+int Lancer(std::vector<std::string> arguments, const fs::path& dossier, const fs::path& clavier, const fs::path& sortie,
            const fs::path& boites) {
   std::vector<std::string> variables = EnvironnementFixe(dossier.parent_path());
   const auto argv = Pointeurs(arguments);
@@ -53,7 +53,7 @@ int Lancer(std::vector<std::string> arguments, const fs::path& dossier, const fs
   if (enfant == 0) {
     alarm(kDureeMaximale);  // kept through execve: a run that hangs is killed
     if (chdir(dossier.c_str()) != 0) _exit(127);
-    Rediriger("/dev/null", STDIN_FILENO, O_RDONLY);
+    Rediriger(clavier, STDIN_FILENO, O_RDONLY);
     Rediriger(sortie, STDOUT_FILENO, O_WRONLY | O_CREAT | O_APPEND);
     Rediriger(boites, STDERR_FILENO, O_WRONLY | O_CREAT | O_APPEND);
     execve(argv[0], argv.data(), envp.data());
@@ -71,6 +71,8 @@ Constat ExecuterCas(const Cas& cas, const fs::path& programme) {
   const fs::path travail = scratch.Chemin() / "travail";
   const fs::path sortie = scratch.Chemin() / "sortie";
   const fs::path boites = scratch.Chemin() / "boites";
+  const fs::path clavier =
+      fs::exists(cas.dossier / "clavier") ? fs::absolute(cas.dossier / "clavier") : fs::path("/dev/null");
   fs::create_directory(travail);
   if (fs::exists(cas.dossier / "entree")) fs::copy(cas.dossier / "entree", travail, fs::copy_options::recursive);
 
@@ -78,7 +80,7 @@ Constat ExecuterCas(const Cas& cas, const fs::path& programme) {
   for (const Execution& execution : cas.executions) {
     std::vector<std::string> arguments = {programme.string(), "--horloge", kHorloge};
     arguments.insert(arguments.end(), execution.arguments.begin(), execution.arguments.end());
-    constat.statuts.push_back(Lancer(std::move(arguments), travail, sortie, boites));
+    constat.statuts.push_back(Lancer(std::move(arguments), travail, clavier, sortie, boites));
   }
   constat.sortie = LireOctets(sortie);
   constat.boites = LireOctets(boites);

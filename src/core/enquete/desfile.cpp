@@ -11,6 +11,7 @@ namespace quelvar {
 namespace {
 
 constexpr int kLargeurAlphaMaximale = 20;
+constexpr double kSautMaximal = 32767;  // beyond the end of every descriptor
 
 bool Contient(std::string_view texte, std::string_view cherche) {
   return texte.find(cherche) != std::string_view::npos;
@@ -21,9 +22,9 @@ class LecteurDeDescription {
   explicit LecteurDeDescription(Descripteur& descripteur) : descripteur_(descripteur) {}
 
   void Lire(std::string_view ligne) {
-    Description description;
+    DescriptionDeQuestion description;
     description.nom = CadreGauche(Milieu(ligne, 1, 7), 7);
-    description.nombre = Entier16(ValeurDe(Milieu(ligne, 8, 2)));
+    description.nombre = std::max<int>(Entier16(ValeurDe(Milieu(ligne, 8, 2))), 0);
     description.alphabetique = Majuscules(Milieu(ligne, 10, 1)) == "A";
     description.options = Milieu(ligne, 11);
     description.numerique = Contient(description.options, "num") || Contient(description.options, "NUM");
@@ -34,12 +35,12 @@ class LecteurDeDescription {
   }
 
  private:
-  void Signaler(std::string_view texte, const Description& description) {
-    descripteur_.fautes.push_back(Joindre({texte, " Question ", RognerDroite(description.nom)}));
+  void Signaler(std::string_view texte, const DescriptionDeQuestion& description) {
+    descripteur_.fautes.push_back(Joindre({texte, " Question ", description.nom}));
     ++descripteur_.nombreFautes;
   }
 
-  void ControlerNombre(Description& description) {
+  void ControlerNombre(DescriptionDeQuestion& description) {
     if (description.alphabetique && description.nombre > kLargeurAlphaMaximale) {
       Signaler("*** Attention un code alpha est plus grand que 20 ramené à 20 à la question "_w, description);
       description.nombre = kLargeurAlphaMaximale;
@@ -50,17 +51,17 @@ class LecteurDeDescription {
     }
   }
 
-  void LireSaut(Description& description) {
+  void LireSaut(DescriptionDeQuestion& description) {
     const std::string& options = description.options;
     const std::size_t si = Majuscules(options).find("SI");
     if (si == std::string::npos) return;
     const std::size_t signe = options.find_first_of("<=>", si);
-    const std::size_t plus = options.find('+', si);
+    const std::size_t plus = options.find('+', signe == std::string::npos ? si : signe);
     if (plus == std::string::npos) return Signaler("*** Pas de signe plus dans le saut, test abandonné"_w, description);
-    if (signe == std::string::npos || signe > plus)
-      return Signaler("*** Pas de < ou = ou >, test abandonné"_w, description);
-    const int nombre = Entier16(ValeurDe(std::string_view(options).substr(plus + 1)));
-    if (nombre == 0) return Signaler("*** Pas de valeur dans le saut, test abandonné"_w, description);
+    if (signe == std::string::npos) return Signaler("*** Pas de < ou = ou >, test abandonné"_w, description);
+    const double lu = ArrondirPair(ValeurDe(std::string_view(options).substr(plus + 1)));
+    const int nombre = static_cast<int>(std::min(lu, kSautMaximal));
+    if (nombre <= 0) return Signaler("*** Pas de valeur dans le saut, test abandonné"_w, description);
     description.saut = SautConditionnel{
         options[signe], std::string(Rogner(std::string_view(options).substr(signe + 1, plus - signe - 1))), nombre};
   }
@@ -72,7 +73,7 @@ class LecteurDeDescription {
 
 int Descripteur::LongueurEnregistrement() const {
   int longueur = 0;
-  for (const Description& description : descriptions) longueur += description.Largeur();
+  for (const DescriptionDeQuestion& description : descriptions) longueur += description.Largeur();
   return longueur;
 }
 
@@ -88,15 +89,13 @@ Descripteur LireDes(const Chemin& chemin) {
   return descripteur;
 }
 
-void VerifierLongueur(Descripteur& descripteur, std::string_view derniereLigne) {
+void VerifierLongueur(Descripteur& descripteur, std::size_t longueurDerniereLigne) {
   const int longueur = descripteur.LongueurEnregistrement();
-  if (static_cast<std::size_t>(longueur) == derniereLigne.size()) return;
-  const std::string_view dernierNom =
-      descripteur.descriptions.empty() ? std::string_view{} : descripteur.descriptions.back().nom;
+  if (static_cast<std::size_t>(longueur) == longueurDerniereLigne) return;
   descripteur.fautes.push_back(Joindre(
       {"*** Erreur : la longueur de l'enregistrement calculée à partir\r\n    du fichier de description est de "_w,
        Nombre(longueur), "\r\n    celle du dernier enregistrement du fichier de données\r\n    existant déjà est de "_w,
-       Nombre(derniereLigne.size()), " Question ", RognerDroite(dernierNom)}));
+       Nombre(longueurDerniereLigne)}));
   descripteur.nombreFautes += 10;
 }
 
@@ -113,7 +112,7 @@ std::string LigneDescription(std::string_view nom, int nombre, GenreDescription 
   return Joindre({CadreGauche(nom, 7), EntierDroit(nombre, 2), colonnes, options});
 }
 
-std::string CodeMaxGenere(const Description& description) {
+std::string CodeMaxGenere(const DescriptionDeQuestion& description) {
   if (!description.alphabetique) return TexteCodeMax(description.nombre);
   switch (description.nombre) {
     case 1: return " 9";

@@ -225,21 +225,24 @@ TEST_F(FichiersDEnquete, DescriptorWithItsFaults) {
   EXPECT_EQ(descripteur.descriptions[4].saut->valeur, "2");
   EXPECT_EQ(descripteur.descriptions[4].saut->nombre, 4);
   EXPECT_EQ(TexteDesFautes(descripteur),
-            "*** Attention un code alpha est plus grand que 20 ramené à 20 à la question  Question NOM\r\n"
-            "*** Pas de < ou = ou >, test abandonné Question OP2\r\n"
-            "*** Pas de signe plus dans le saut, test abandonné Question OP3\r\n"
-            "*** Pas de valeur dans le saut, test abandonné Question OP4\r\n"
-            "*** Attention un code numérique a comme code-max 0 à la question  Question NUL"_w);
+            "*** Attention un code alpha est plus grand que 20 ramené à 20 à la question  Question NOM    \r\n"
+            "*** Pas de < ou = ou >, test abandonné Question OP2    \r\n"
+            "*** Pas de signe plus dans le saut, test abandonné Question OP3    \r\n"
+            "*** Pas de valeur dans le saut, test abandonné Question OP4    \r\n"
+            "*** Attention un code numérique a comme code-max 0 à la question  Question NUL    "_w);
   EXPECT_EQ(descripteur.nombreFautes, 5);
   EXPECT_EQ(descripteur.LongueurEnregistrement(), 1 + 2 + 20 + 5 + 1 + 1 + 1 + 1 + 1);
-  VerifierLongueur(descripteur, std::string(33, '1'));
+  VerifierLongueur(descripteur, 33);
   EXPECT_EQ(descripteur.nombreFautes, 5);
-  VerifierLongueur(descripteur, "12");
+  VerifierLongueur(descripteur, 2);
   EXPECT_EQ(descripteur.nombreFautes, 15);
+  EXPECT_TRUE(descripteur.fautes.back().ends_with("est de 2")) << "no question is to blame";
   EXPECT_EQ(LigneDescription("CP", 5, GenreDescription::NumeriqueLongue), "CP      5A NUM");
   EXPECT_EQ(LigneDescription("NOM", 10, GenreDescription::Alphabetique), "NOM    10A    ");
   const auto codeMax = [](int nombre, bool alpha) { return CodeMaxGenere({"", nombre, alpha, false, false, {}, ""}); };
+  EXPECT_EQ(codeMax(0, true), " 0A");
   EXPECT_EQ(codeMax(1, true), " 9");
+  EXPECT_EQ(codeMax(2, true), "99");
   EXPECT_EQ(codeMax(3, true), "L3");
   EXPECT_EQ(codeMax(10, true), "10A");
   EXPECT_EQ(codeMax(7, false), " 7");

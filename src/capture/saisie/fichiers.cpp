@@ -1,0 +1,214 @@
+#include "capture/saisie/fichiers.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "capture/fichiers.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+[[noreturn]] void LeverErrno() { throw Erreur(NumeroDErrno(errno)); }
+
+// A descriptor that closes itself.
+class DescripteurDeFichier {
+ public:
+  DescripteurDeFichier(const Chemin& chemin, int drapeaux)
+      : numero_(::open(chemin.c_str(), drapeaux | O_CLOEXEC, 0666)) {
+    if (numero_ < 0) LeverErrno();
+  }
+  ~DescripteurDeFichier() { ::close(numero_); }
+  DescripteurDeFichier(const DescripteurDeFichier&) = delete;
+  DescripteurDeFichier& operator=(const DescripteurDeFichier&) = delete;
+  int Numero() const { return numero_; }
+
+ private:
+  int numero_;
+};
+
+void Synchroniser(const Chemin& chemin) {
+  const DescripteurDeFichier fichier(chemin, O_RDONLY);
+  if (::fsync(fichier.Numero()) != 0) LeverErrno();
+}
+
+bool EstBlanche(std::string_view ligne) { return Rogner(ligne).empty(); }
+
+}  // namespace
+
+ExamenDat ExaminerDat(const Chemin& dat) {
+  ExamenDat examen;
+  examen.taille = LongueurFichier(dat);
+  LecteurLignes lecteur(dat);
+  std::uintmax_t octets = 0;
+  std::size_t premiere = 0;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (++examen.lignes == 1) premiere = ligne.size();
+    examen.uniforme = examen.uniforme && ligne.size() == premiere;
+    octets += ligne.size() + 2;
+    if (!ligne.empty()) examen.longueurDerniere = ligne.size();
+    if (!EstBlanche(ligne)) ++examen.nonVides;
+  }
+  // Lines that are all ended by CR LF make up the whole file; any other end leaves another sum.
+  const std::string fin = LireMorceau(dat, examen.taille - std::min<std::uintmax_t>(examen.taille, 2), 2);
+  examen.derniereInachevee = examen.taille > 0 && !fin.ends_with('\n');
+  examen.propre = octets == examen.taille && examen.nonVides == examen.lignes && !examen.derniereInachevee;
+  return examen;
+}
+
+std::string LignesDeQuestions(const Descripteur& descripteur) {
+  std::string lignes;
+  std::int64_t position = 1;
+  for (const DescriptionDeQuestion& description : descripteur.descriptions) {
+    lignes += Joindre({CadreGauche(description.nom, 3), EntierDroit(position, 4), CodeMaxGenere(description),
+                       std::string_view("\r\n")});
+    position += description.Largeur();
+  }
+  return lignes;
+}
+
+FichiersSaisie::FichiersSaisie(const Contexte& contexte, const Descripteur& descripteur,
+                               Synchronisation synchronisation)
+    : contexte_(contexte),
+      questions_(LignesDeQuestions(descripteur)),
+      synchroniser_(synchronisation == Synchronisation::Oui) {
+  Revoir();
+  const std::optional<Chemin> pos = ChercherPos(contexte_);
+  if (!pos) return;
+  const std::string octets = LireOctets(*pos);
+  const std::size_t premiere = octets.find('\n');
+  const std::size_t seconde = premiere == std::string::npos ? premiere : octets.find('\n', premiere + 1);
+  posAGarder_ = seconde == std::string::npos || std::string_view(octets).substr(seconde + 1) != questions_;
+  posARefaire_ = !posAGarder_ && examen_.propre && octets != TextePos(examen_.nonVides);
+}
+
+bool FichiersSaisie::Reprendre() {
+  if (!posARefaire_) return false;
+  Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"));
+  pos.Fichier().Ecrire(TextePos(examen_.nonVides));
+  pos.Valider();
+  posARefaire_ = false;
+  return true;
+}
+
+std::optional<FichiersSaisie::Trace> FichiersSaisie::TracerFichier(const Chemin& chemin) {
+  struct stat etat {};
+  if (::stat(chemin.c_str(), &etat) != 0) return std::nullopt;
+  return Trace{etat.st_dev, etat.st_ino, static_cast<std::uint64_t>(etat.st_size), etat.st_mtim.tv_sec,
+               etat.st_mtim.tv_nsec};
+}
+
+Chemin FichiersSaisie::Dat() const { return CheminDEcriture(contexte_.repertoire, contexte_.Nom(".DAT")); }
+
+std::string FichiersSaisie::TextePos(std::int64_t nonVides) const {
+  return Joindre({contexte_.generique, "\r\n", NombreNu(nonVides), "\r\n", questions_});
+}
+
+// Looks at the data file again when it is no longer the one that was left.
+void FichiersSaisie::Revoir() {
+  const Chemin dat = Dat();
+  const std::optional<Trace> trace = TracerFichier(dat);
+  if (trace && trace == trace_) return;
+  examen_ = trace ? ExaminerDat(dat) : ExamenDat{};
+  trace_ = trace;
+}
+
+// A .POS that tells more than the descriptor is kept once.
+void FichiersSaisie::GarderPos() {
+  if (!posAGarder_) return;
+  if (const std::optional<Chemin> pos = ChercherPos(contexte_))
+    CopierLignes(*pos, contexte_.repertoire, NomDeSauvegarde(contexte_.Nom(".POS")));
+  posAGarder_ = false;
+}
+
+void FichiersSaisie::Ajouter(std::string_view ligne) {
+  Revoir();
+  GarderPos();
+  // .POS is ready beside its target before the record is there, so that nothing but a rename is left then.
+  Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"));
+  pos.Fichier().Ecrire(TextePos(examen_.nonVides + 1));
+  pos.Achever();
+  if (synchroniser_) Synchroniser(pos.CheminProvisoire());
+  if (examen_.propre) Allonger(ligne);
+  else Recopier(ligne, 0);
+  pos.Valider();
+  const Chemin dat = Dat();
+  if (synchroniser_) {
+    Synchroniser(dat);
+    Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
+  }
+  if (examen_.propre) {
+    ++examen_.lignes;
+  } else {
+    examen_.propre = true;
+    examen_.lignes = examen_.nonVides + 1;
+  }
+  ++examen_.nonVides;
+  examen_.uniforme = examen_.nonVides == 1 || (examen_.uniforme && ligne.size() == examen_.longueurDerniere);
+  examen_.longueurDerniere = ligne.size();
+  trace_ = TracerFichier(dat);
+  examen_.taille = trace_ ? trace_->taille : 0;
+}
+
+// The record behind the last one, in one write: all of it is there, or none.
+void FichiersSaisie::Allonger(std::string_view ligne) {
+  const std::string octets = std::string(ligne) + "\r\n";
+  const DescripteurDeFichier fichier(Dat(), O_WRONLY | O_CREAT | O_APPEND);
+  const ssize_t ecrits = ::write(fichier.Numero(), octets.data(), octets.size());
+  if (ecrits == static_cast<ssize_t>(octets.size())) return;
+  const Erreur erreur(ecrits < 0 ? NumeroDErrno(errno) : static_cast<int>(kDisquePlein));
+  if (ecrits > 0 && ::ftruncate(fichier.Numero(), static_cast<off_t>(examen_.taille)) != 0) LeverErrno();
+  throw erreur;
+}
+
+// Copies the lines that are not empty and puts `ajout` behind them, or in the place of the line `remplacee` (from 1; 0
+// for none, and only then empty lines go).
+void FichiersSaisie::Recopier(std::string_view ajout, std::int64_t remplacee) {
+  const Chemin dat = Dat();
+  Remplacement copie(dat);
+  std::int64_t numero = 0;
+  if (trace_) {
+    LecteurLignes lecteur(dat);
+    for (std::string_view ligne; lecteur.Lire(ligne);) {
+      ++numero;
+      if (numero == remplacee) copie.Fichier().Ligne(ajout);
+      else if (remplacee != 0 || !EstBlanche(ligne)) copie.Fichier().Ligne(ligne);
+    }
+  }
+  if (remplacee == 0) copie.Fichier().Ligne(ajout);
+  else if (numero < remplacee) throw Erreur(kFinDeFichierDepassee);
+  copie.Achever();
+  if (synchroniser_) Synchroniser(copie.CheminProvisoire());
+  copie.Valider();
+}
+
+void FichiersSaisie::Corriger(std::int64_t numero, std::string_view ligne) {
+  Revoir();
+  if (numero < 1 || numero > examen_.lignes) throw Erreur(kFinDeFichierDepassee);
+  Recopier(ligne, numero);
+  const Chemin dat = Dat();
+  if (synchroniser_) Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
+  trace_.reset();
+  Revoir();
+}
+
+std::string FichiersSaisie::Lire(std::int64_t numero) const {
+  if (examen_.propre && examen_.uniforme && numero >= 1 && numero <= examen_.lignes) {
+    const std::uintmax_t longueur = examen_.longueurDerniere;
+    std::string ligne = LireMorceau(Dat(), static_cast<std::uintmax_t>(numero - 1) * (longueur + 2), longueur);
+    if (ligne.size() == longueur && ligne.find_first_of("\r\n") == std::string::npos) return ligne;
+  }
+  LecteurLignes lecteur(Dat());
+  std::string_view ligne;
+  for (std::int64_t i = 0; i < numero; ++i)
+    if (!lecteur.Lire(ligne)) throw Erreur(kFinDeFichierDepassee);
+  return std::string(ligne);
+}
+
+}  // namespace quelvar::capture

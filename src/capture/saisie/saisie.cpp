@@ -1,0 +1,146 @@
+#include "capture/saisie/saisie.h"
+
+#include <unordered_set>
+
+#include "capture/saisie/touches.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::string_view kRapport = "$$$.prt";
+
+// The fault of a name whose three first characters would end the list of .POS or hide another question of it.
+void SignalerNoms(Descripteur& descripteur) {
+  std::unordered_set<std::string> pris;
+  for (const DescriptionDeQuestion& description : descripteur.descriptions) {
+    const std::string court = description.nom.substr(0, 3);
+    std::string_view faute;
+    if (Rogner(court).empty() || court.find("**") != std::string::npos || court.find("$$") != std::string::npos)
+      faute = "*** Attention les 3 premiers caractères du nom arrêtent la liste de *.POS"_w;
+    else if (!pris.insert(court).second)
+      faute = "*** Attention les 3 premiers caractères du nom sont déjà ceux d'une autre question"_w;
+    if (faute.empty()) continue;
+    descripteur.fautes.push_back(Joindre({faute, " Question ", description.nom}));
+    ++descripteur.nombreFautes;
+  }
+}
+
+void AjouterLigne(std::string& texte, std::string_view ligne) {
+  texte += Joindre({std::string_view(texte.empty() ? "" : "\r\n"), ligne});
+}
+
+void Finir(Rapport& rapport, std::int64_t faits) {
+  rapport.Ligne("Interruption de la saisie");
+  rapport.Ligne({"Nombre d'enregistrements déjà faits ="_w, NombreNu(faits)});
+  rapport.Ligne();
+  rapport.Ligne("Fin normale du programme");
+}
+
+// One line of the text; what is wrong with it, or nothing. `quitter` is set by Escape.
+std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const Dialogue& ecran, bool& quitter) {
+  const LigneDeTouches lue = LireTouches(ligne);
+  if (!lue.faute.empty()) return Joindre({"la touche \"", lue.faute, "\" n'existe pas"});
+  for (const Frappe& frappe : lue.frappes) {
+    if (frappe.enregistrement != 0) {
+      if (std::string refus = Revoir(saisie, frappe.enregistrement); !refus.empty()) return refus;
+      continue;
+    }
+    const Effet effet = Frapper(saisie.etat, frappe.touche);
+    if (effet.bip) ecran.biper();
+    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie);
+    quitter = effet.demande == Demande::Quitter;
+    if (quitter) return {};
+  }
+  return {};
+}
+
+std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne) {
+  std::string faute = PrendreReponses(saisie.etat, ligne);
+  if (faute.empty()) Enregistrer(saisie);
+  return faute;
+}
+
+// True when the text came to its end without a line that can't be taken.
+bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire, const Dialogue& ecran) {
+  std::string ligne;
+  bool quitter = false;
+  for (std::int64_t numero = 1; !quitter && lire(ligne); ++numero) {
+    const std::string faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, quitter)
+                                                                     : RejouerEnregistrement(saisie, ligne);
+    if (faute.empty()) continue;
+    ecran.demander(Joindre({"Ligne ", Nombre(numero), " : ", faute}), Boutons::Ok);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchronisation synchronisation) {
+  const std::optional<Chemin> des = contexte.Chercher(".DES");
+  if (!des) return std::nullopt;
+  Descripteur descripteur = LireDes(*des);
+  FichiersSaisie fichiers(contexte, descripteur, synchronisation);
+  const ExamenDat& examen = fichiers.Examen();
+  if (examen.longueurDerniere > 0) VerifierLongueur(descripteur, examen.longueurDerniere);
+  SignalerNoms(descripteur);
+  std::string fautes = TexteDesFautes(descripteur);
+  if (descripteur.descriptions.empty()) AjouterLigne(fautes, "*** Le descripteur ne contient aucune question");
+  if (fichiers.PosAGarder())
+    AjouterLigne(fautes, Joindre({"Le fichier ", contexte.Nom(".POS"),
+                                  " contient autre chose que ce que donne le descripteur (intitulés, règles) : il sera "
+                                  "remplacé au premier enregistrement et sauvegardé sous le nom "_w,
+                                  NomDeSauvegarde(contexte.Nom(".POS"))}));
+  if (fichiers.Reprendre())
+    AjouterLigne(fautes, Joindre({"L'effectif du fichier ", contexte.Nom(".POS"),
+                                  " a été remis d'accord avec les données après une saisie interrompue"_w}));
+  return SaisieEnCours{NouvelleSaisie(descripteur, examen.lignes), std::move(fichiers), std::move(fautes)};
+}
+
+void Enregistrer(SaisieEnCours& saisie) {
+  EtatSaisie& etat = saisie.etat;
+  const std::optional<std::string> ligne = Enregistrement(etat);
+  std::string message(ligne ? std::string_view{} : kEnregistrementVide);
+  if (ligne && etat.corrige) {
+    if (*ligne != etat.ligneCorrigee) saisie.fichiers.Corriger(*etat.corrige, *ligne);
+    message = Joindre(
+        {"Enregistrement ", Nombre(*etat.corrige), *ligne != etat.ligneCorrigee ? " corrigé"_w : " inchangé"_w});
+  } else if (ligne) {
+    saisie.fichiers.Ajouter(*ligne);
+    ++etat.faits;
+  }
+  RecommencerIndividu(etat);
+  etat.message = std::move(message);
+}
+
+std::string Revoir(SaisieEnCours& saisie, std::int64_t numero) {
+  if (EstEntame(saisie.etat))
+    return std::string("l'enregistrement en cours n'est pas validé : faites Entrée, ou videz-le"_w);
+  if (numero < 1 || numero > saisie.fichiers.Examen().lignes)
+    return Joindre({"il n'y a pas d'enregistrement numéro "_w, Nombre(numero)});
+  PrendreEnregistrement(saisie.etat, numero, saisie.fichiers.Lire(numero));
+  return {};
+}
+
+Fin TerminerSaisie(const Contexte& contexte, std::int64_t faits) {
+  return ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) { Finir(rapport, faits); });
+}
+
+Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const LectureDeLigne& lire) {
+  bool entiere = false;
+  const Fin fin = ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) {
+    std::optional<SaisieEnCours> saisie =
+        CommencerSaisie(contexte, options.synchroniser ? Synchronisation::Oui : Synchronisation::Non);
+    ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".DES"), saisie.has_value()}}, kArretAbsence);
+    saisie->etat.directe = options.directe;
+    entiere =
+        saisie->fautes.empty() || contexte.Ecran().demander(saisie->fautes, Boutons::OkAnnuler) != Reponse::Annuler;
+    if (entiere) entiere = Rejouer(*saisie, options, lire, contexte.Ecran());
+    Finir(rapport, saisie->etat.faits);
+  });
+  return entiere ? fin : Fin::Arret;
+}
+
+}  // namespace quelvar::capture

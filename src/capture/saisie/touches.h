@@ -1,0 +1,31 @@
+// An entry as text, so that it can be replayed: keys by their names, or records by their answers.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "capture/saisie/etat.h"
+
+namespace quelvar::capture {
+
+// A line of keys: names separated by blanks ("Droite", "Bas*3"), a text between quotes for its characters (a quote
+// inside is doubled), a single character for itself, and "Enregistrement=12" to look at a record.
+struct Frappe {
+  Touche touche;
+  std::int64_t enregistrement = 0;  // the record to look at instead of a key; 0 for a key
+};
+struct LigneDeTouches {
+  std::vector<Frappe> frappes;
+  std::string faute;  // the word that is no key; empty when all of them are
+};
+LigneDeTouches LireTouches(std::string_view ligne);
+
+// A line of answers separated by ";", in the order of the questions. Returns what is wrong with it, or nothing and the
+// answers in the state.
+std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne);
+
+// The names of the keys, separated by blanks, for the help of the companion.
+std::string NomsDesTouches();
+
+}  // namespace quelvar::capture

@@ -1,0 +1,286 @@
+#include "capture/saisie/saisie.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <random>
+#include <thread>
+
+#include "capture/saisie/descripteur.h"
+#include "capture/saisie/ecran.h"
+#include "capture/saisie/touches.h"
+#include "core/texte/nombres.h"
+#include "support/programme.h"
+
+using namespace quelvar;
+using namespace quelvar::capture;
+
+namespace {
+
+DescriptionDeQuestion Numerique(const char* nom, int codeMax) {
+  return {CadreGauche(nom, 7), codeMax, false, false, false, {}, ""};
+}
+DescriptionDeQuestion Alpha(const char* nom, int largeur, bool numerique = false) {
+  return {CadreGauche(nom, 7), largeur, true, numerique, false, {}, ""};
+}
+DescriptionDeQuestion AvecSaut(DescriptionDeQuestion question, char signe, const char* valeur, int nombre) {
+  question.saut = SautConditionnel{signe, valeur, nombre};
+  return question;
+}
+
+// The keys of the text, one after the other; returns the number of beeps.
+int Frapper(EtatSaisie& etat, std::string_view touches) {
+  int bips = 0;
+  const LigneDeTouches lue = LireTouches(touches);
+  EXPECT_EQ(lue.faute, "");
+  for (const Frappe& frappe : lue.frappes) bips += capture::Frapper(etat, frappe.touche).bip ? 1 : 0;
+  return bips;
+}
+
+class SaisieTest : public essai::RunDeProgramme {
+ protected:
+  void SetUp() override { Ecrire("ENQ.DES", "SEX     2     \r\nAGE    99     \r\nNOM     5A    \r\n"); }
+
+  Fin Rejouer(const std::string& texte, ModeDEntree mode = ModeDEntree::Touches) {
+    OptionsSaisie options;
+    options.entree = mode;
+    const auto lire = [&texte, place = std::size_t{0}](std::string& ligne) mutable {
+      if (place >= texte.size()) return false;
+      const std::size_t fin = std::min(texte.find('\n', place), texte.size());
+      ligne = texte.substr(place, fin - place);
+      place = fin + 1;
+      return true;
+    };
+    return Saisie(contexte_, options, lire);
+  }
+};
+
+}  // namespace
+
+// Where a skip test lands, and that each fires once for an individual: a jump of 3 on the fifth question leads to the
+// eighth.
+TEST(EtatSaisie, Sauts) {
+  struct Cas {
+    char signe;
+    const char* valeur;
+    int nombre;
+    const char* touches;
+    std::size_t attendue;  // current question, from 0
+  };
+  const Cas cas[] = {{'=', "2", 3, "Bas*4 Droite*2 Bas", 7},
+                     {'=', "2", 3, "Bas*4 Droite Bas", 5},
+                     {'<', "3", 3, "Bas*4 Droite*2 Bas", 7},
+                     {'>', "1", 2, "Bas*4 Droite*2 Bas", 6},
+                     {'=', "2", 1, "Bas*4 Droite*2 Bas", 5},
+                     {'=', "2", 30, "Bas*4 Droite*2 Bas", 9},
+                     {'=', "2", 3, "Bas*4 Droite*2 Bas Haut*2 Suppr Haut Bas", 5},
+                     {'=', "2", 3, "Bas*4 Droite*2 Bas Haut*3 Bas", 5}};
+  for (const Cas& c : cas) {
+    SCOPED_TRACE(std::string(1, c.signe) + c.valeur + " " + c.touches);
+    Descripteur descripteur;
+    for (int i = 0; i < 9; ++i) descripteur.descriptions.push_back(Numerique("Q", 9));
+    descripteur.descriptions[4] = AvecSaut(Numerique("Q5", 9), c.signe, c.valeur, c.nombre);
+    EtatSaisie etat = NouvelleSaisie(descripteur, 0);
+    Frapper(etat, c.touches);
+    EXPECT_EQ(etat.courante, c.attendue);
+  }
+}
+
+TEST(EtatSaisie, NombresLongs) {
+  EtatSaisie etat = NouvelleSaisie(
+      {{AvecSaut(Numerique("Q", 9), '=', "1", 2), Alpha("CP", 5, true), Alpha("NUM", 20, true)}, {}, 0}, 0);
+  EXPECT_EQ(Frapper(etat, "Bas 0 0 7 x Bas"), 0) << "a letter is not taken, without a beep";
+  EXPECT_EQ(etat.reponses[1], "7    ");
+  EXPECT_EQ(Frapper(etat, "Haut 5 1 2 3 4"), 1) << "the fifth digit behind a 7";
+  EXPECT_EQ(etat.reponses[1], "75123");
+  Frapper(etat, "Bas \"12345678901234567890\" Bas");
+  EXPECT_EQ(etat.reponses[2], "12345678901234567890") << "no digit is lost beyond those of a double";
+  RecommencerIndividu(etat);
+  Frapper(etat, "Droite Bas Retour");
+  EXPECT_EQ(etat.courante, 2U);
+  EXPECT_EQ(etat.reponses[1], "") << "a question jumped keeps its empty answer";
+  EXPECT_EQ(Enregistrement(etat), "1     " + std::string(20, ' '));
+}
+
+TEST(EtatSaisie, CaracteresDesQuestionsAlphabetiques) {
+  EtatSaisie etat = NouvelleSaisie({{Alpha("NOM", 10)}, {}, 0}, 0);
+  Frapper(etat, Joindre({"\"L'Étœ a\"\"€\""_w}));
+  EXPECT_EQ(etat.reponses[0], "l'étœ a\"€"_w);
+  Frapper(etat, Joindre({"Suppr VerrMaj \"été ÿ\""_w}));
+  EXPECT_EQ(etat.reponses[0], "ÉTÉ Ÿ"_w);
+  EXPECT_EQ(Frapper(etat, "Droite \"123456\""), 2) << "Right, and the eleventh character";
+  EXPECT_EQ(Frapper(etat, "Fin Droite a 1 Suppr Retour Gauche"), 0) << "the end mark only moves";
+}
+
+// With direct entry: what digits give on a code-max, and whether the cursor goes on.
+TEST(EtatSaisie, SaisieDirecte) {
+  struct Cas {
+    int codeMax;
+    const char* touches;
+    const char* reponse;
+    std::size_t courante;
+    int bips;
+  };
+  const Cas cas[] = {{5, "3", " 3", 1, 0},           {5, "7", " 0", 0, 1},      {5, "0", " 0", 1, 0},
+                     {25, "3", " 3", 1, 0},          {25, "2", " 2", 0, 0},     {25, "2 5", "25", 1, 0},
+                     {25, "2 6", " 2", 0, 1},        {25, "2 6 4", "24", 1, 1}, {25, "0 7", " 7", 1, 0},
+                     {25, "2 Droite 5", " 5", 1, 0}, {10, "1", " 1", 0, 0},     {25, "2 Bas", " 2", 1, 0}};
+  for (const Cas& c : cas) {
+    SCOPED_TRACE(c.touches);
+    EtatSaisie etat = NouvelleSaisie({{Numerique("Q", c.codeMax), Numerique("R", 9)}, {}, 0}, 0);
+    EXPECT_EQ(Frapper(etat, c.touches[0] == '2' ? "5" : "1"), 0) << "off at the start: a digit does nothing";
+    EXPECT_EQ(etat.reponses[0], " 0");
+    etat.directe = true;
+    EXPECT_EQ(Frapper(etat, c.touches), c.bips);
+    EXPECT_EQ(etat.reponses[0], c.reponse);
+    EXPECT_EQ(etat.courante, c.courante);
+  }
+}
+
+TEST(EtatSaisie, CorrigerGardeCeQuOnNeTouchePas) {
+  EtatSaisie etat =
+      NouvelleSaisie({{Numerique("Q", 9), Numerique("R", 99), Alpha("CP", 4, true), Numerique("S", 9)}, {}, 0}, 3);
+  PrendreEnregistrement(etat, 2, "X 7007  suite");
+  EXPECT_EQ(Enregistrement(etat), "X 7007  suite");
+  Frapper(etat, "Bas Droite Bas Bas");
+  EXPECT_EQ(Enregistrement(etat), "X 8007  suite") << "only the answer that was changed";
+  EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, Demande::Rien);
+  EXPECT_FALSE(etat.corrige) << "Escape leaves the correction, not the entry";
+}
+
+TEST(EtatSaisie, EcranDeLaQuestion) {
+  Descripteur descripteur{{Numerique("SEX", 2), Numerique("AGE", 40), Alpha("NOM", 5), Alpha("CP", 5, true)}, {}, 0};
+  EtatSaisie etat = NouvelleSaisie(descripteur, 0);
+  IntitulesModalites intitules;
+  intitules.Ajouter("SEX2", "Femme ");
+  intitules.Ajouter("AG36", "36 ans");
+  EXPECT_EQ(TypeCourant(etat), " Numérique de code-max =2"_w);
+  EXPECT_EQ(ConseilCourant(etat), " Vide : utiliser le clavier numérique"_w);
+  Frapper(etat, "Droite*2 Bas Droite*36");
+  EXPECT_EQ(TexteDeQuestion(etat, -1, intitules), "SEX       2  Femme");
+  EXPECT_EQ(IntituleDeReponse(etat, 1, intitules), "36 ans");
+  EXPECT_EQ(TexteDeQuestion(etat, 3, intitules), "FIN");
+  EXPECT_EQ(TexteDeQuestion(etat, 4, intitules) + TexteDeQuestion(etat, -2, intitules), "");
+  Frapper(etat, "Bas");
+  EXPECT_EQ(TypeCourant(etat), " Alphanum. de longueur max =5");
+  EXPECT_EQ(ConseilCourant(etat), " Vide : utiliser le clavier");
+  Frapper(etat, "a");
+  EXPECT_EQ(ConseilCourant(etat), " Pour modifier, effacer avec Suppr");
+  Frapper(etat, "Bas*2");
+  EXPECT_EQ(NomCourant(etat) + TypeCourant(etat) + ReponseCourante(etat), "FIN");
+}
+
+TEST(DescripteurDeSaisie, RefusDansLOrdre) {
+  EtatDescripteur etat;
+  const auto valider = [&](const char* nom, const char* codeMax, GenreDescription genre) {
+    return std::string(ValiderQuestion(etat, nom, codeMax, genre));
+  };
+  constexpr auto kCourte = GenreDescription::NumeriqueCourte;
+  constexpr auto kAlpha = GenreDescription::Alphabetique;
+  EXPECT_EQ(valider("", "", kCourte), "Nom vide");
+  EXPECT_EQ(valider("AB", "", kCourte), "Code max non défini"_w);
+  EXPECT_EQ(valider("AB", "", kAlpha), "Largeur non définie"_w);
+  EXPECT_EQ(valider("AB", "5", kAlpha), "Le nom n'a pas 3 caractères"_w);
+  EXPECT_EQ(valider("ABC", "21", kAlpha), "La largeur est un nombre de 1 à 20"_w);
+  for (const char* faux : {"0", "100", "abc", "-1"}) EXPECT_NE(valider("ABC", faux, kCourte), "") << faux;
+  EXPECT_EQ(valider("ABC", "25", kCourte), "");
+  EXPECT_EQ(valider("ABC", "2", kCourte), "Ce nom est déjà celui d'une autre question"_w);
+  EXPECT_EQ(valider("NOM", "5", kAlpha), "");
+  EXPECT_EQ(valider("NUM", "12", GenreDescription::NumeriqueLongue), "");
+  etat.corrigee = 0;
+  EXPECT_EQ(valider("ABC", "3", kCourte), "") << "a question keeps its own name";
+  std::string lignes;
+  for (const DefinitionDeQuestion& question : etat.questions) lignes += LigneDeQuestion(question) + "|";
+  EXPECT_EQ(lignes, "ABC     3     |NOM     5A    |NUM    12A NUM|");
+}
+
+TEST_F(SaisieTest, RepriseEtCorrection) {
+  Ecrire("ENQ.DAT", "1 7DURAN\r\n\r\n2 9\r\n");
+  EXPECT_EQ(Rejouer("Droite Entree\nEnregistrement=1 Bas Droite Entree\n"), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_TRUE(boites_[0].ends_with("est de 3")) << "the last record is shorter than the descriptor";
+  // The first record written drops the empty line; the correction changes one line.
+  EXPECT_EQ(Lire("ENQ.DAT"), "1 8DURAN\r\n2 9\r\n1 0     \r\n");
+  EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 3 \r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n");
+  EXPECT_TRUE(Dit("faits = 4 \r\n")) << "the lines at the start, the empty one too, and the new one";
+}
+
+TEST_F(SaisieTest, EnregistrementsEnTexte) {
+  EXPECT_EQ(Rejouer("1;34;MARC\n2;;\n0;0;\n3;1;X\n", ModeDEntree::Enregistrements), Fin::Arret);
+  EXPECT_EQ(Lire("ENQ.DAT"), "134MARC \r\n2 0     \r\n") << "an empty record is not kept, a wrong one stops";
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_EQ(boites_[0], "Ligne 4 : la question SEX attend un code de 0 à 2 et non \"3\""_w);
+}
+
+TEST_F(SaisieTest, RienNEstPerdu) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n");
+  Ecrire("ENQ.DAT", "1 7DURAN");  // without its end
+  EXPECT_EQ(Rejouer("Entree"), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n") << "an empty record touches no file";
+  {
+    const essai::DisquePlein disque(12);
+    EXPECT_EQ(Rejouer("Droite Entree"), Fin::Arret);
+  }
+  EXPECT_EQ(Lire("ENQ.DAT"), "1 7DURAN");
+  EXPECT_EQ(Rejouer("Droite Entree"), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.PO2"), "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n") << "labels that the descriptor does not know";
+  EXPECT_EQ(Lire("ENQ.DAT"), "1 7DURAN\r\n1 0     \r\n");
+}
+
+TEST_F(SaisieTest, UnAutreProgrammeChangeLesDonnees) {
+  std::optional<SaisieEnCours> saisie = CommencerSaisie(contexte_, Synchronisation::Non);
+  ASSERT_TRUE(saisie);
+  Frapper(saisie->etat, "Droite");
+  Enregistrer(*saisie);
+  std::filesystem::rename(dossier_.Chemin() / "ENQ.DAT", dossier_.Chemin() / "AVANT");
+  Ecrire("ENQ.DAT", "2 0     \r\n2 1     \r\n");
+  Frapper(saisie->etat, "Droite");
+  Enregistrer(*saisie);
+  EXPECT_EQ(Lire("ENQ.DAT"), "2 0     \r\n2 1     \r\n1 0     \r\n");
+  EXPECT_TRUE(Lire("ENQ.POS").starts_with("ENQ\r\n 3 \r\n"));
+  EXPECT_EQ(Lire("AVANT"), "1 0     \r\n");
+}
+
+// An entry fed without end is killed two hundred times: after each the data are whole lines, none that was acknowledged
+// is missing, and the next start finds a .POS that matches.
+TEST_F(SaisieTest, TueDeuxCentsFois) {
+  std::mt19937 hasard(7);
+  std::int64_t acquis = 0;
+  for (int fois = 0; fois < 200; ++fois) {
+    int tube[2];
+    ASSERT_EQ(pipe(tube), 0);
+    const pid_t enfant = fork();
+    if (enfant == 0) {
+      std::optional<SaisieEnCours> saisie = CommencerSaisie(contexte_, Synchronisation::Non);
+      for (;;) {
+        Repondre(saisie->etat, 0, "1");
+        Repondre(saisie->etat, 2, "ABCDE");
+        Enregistrer(*saisie);
+        const char fait = '.';
+        if (write(tube[1], &fait, 1) != 1) _exit(1);
+      }
+    }
+    close(tube[1]);
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + hasard() % 4000));
+    kill(enfant, SIGKILL);
+    waitpid(enfant, nullptr, 0);
+    char octets[4096];
+    for (ssize_t lus = 0; (lus = read(tube[0], octets, sizeof octets)) > 0;) acquis += lus;
+    close(tube[0]);
+    if (!Existe("ENQ.DAT")) continue;
+
+    const std::string dat = Lire("ENQ.DAT");
+    ASSERT_EQ(dat.size() % 10, 0U);
+    const auto lignes = static_cast<std::int64_t>(dat.size() / 10);
+    for (std::size_t i = 0; i < dat.size(); i += 10) ASSERT_EQ(dat.substr(i, 10), "1 0ABCDE\r\n");
+    ASSERT_GE(lignes, acquis);
+    ASSERT_LE(lignes, acquis + 1);
+    acquis = lignes;
+    CommencerSaisie(contexte_, Synchronisation::Non);
+    ASSERT_EQ(Lire("ENQ.POS"), Joindre({"ENQ\r\n", NombreNu(lignes), "\r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n"}));
+  }
+  EXPECT_GT(acquis, 200);
+}
