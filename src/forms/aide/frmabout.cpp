@@ -33,7 +33,7 @@ QString InformationsSysteme(const QWidget& fenetre) {
 
 }  // namespace
 
-FrmAbout::FrmAbout(Principal& principal) : QDialog(&principal), ui_(std::make_unique<Ui::frmAbout>()) {
+FrmAbout::FrmAbout(Services& services) : Forme(services), ui_(std::make_unique<Ui::frmAbout>()) {
   ui_->setupUi(this);
   ui_->lblVersion->setText(QStringLiteral("Version ") + VersQt(kVersion));
   QFont titre = font();
@@ -51,6 +51,6 @@ FrmAbout::FrmAbout(Principal& principal) : QDialog(&principal), ui_(std::make_un
 
 FrmAbout::~FrmAbout() = default;
 
-void OuvrirAPropos(Principal& principal) { principal.Montrer<FrmAbout>(); }
+void OuvrirAPropos(Services& services) { Montrer<FrmAbout>(services); }
 
 }  // namespace quelvar::forms

@@ -1,10 +1,9 @@
 // About Quelvar: version, and what the system is made of.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 
 namespace Ui {
 class frmAbout;
@@ -12,16 +11,16 @@ class frmAbout;
 
 namespace quelvar::forms {
 
-class FrmAbout : public QDialog {
+class FrmAbout : public Forme {
   Q_OBJECT
  public:
-  explicit FrmAbout(Principal& principal);
+  explicit FrmAbout(Services& services);
   ~FrmAbout() override;
 
  private:
   std::unique_ptr<Ui::frmAbout> ui_;
 };
 
-void OuvrirAPropos(Principal& principal);
+void OuvrirAPropos(Services& services);
 
 }  // namespace quelvar::forms

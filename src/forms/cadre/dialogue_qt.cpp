@@ -191,6 +191,10 @@ bool Occupation::eventFilter(QObject* objet, QEvent* evenement) {
     case QEvent::KeyRelease:
     case QEvent::Shortcut:
     case QEvent::ShortcutOverride: return !EstPourLaBoite(objet);
+    case QEvent::Close:  // by the cross of the window; the program closes what it wants
+      if (!objet->isWidgetType() || !evenement->spontaneous() || EstPourLaBoite(objet)) break;
+      evenement->ignore();
+      return true;
     default: break;
   }
   return QObject::eventFilter(objet, evenement);

@@ -29,7 +29,8 @@ QString FiltreQt(const QString& filtre);
 // A message box of the program: text, buttons, and the button that was chosen.
 Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons);
 
-// While one lives, key and mouse events reach the boxes that the run opens and nothing else, and the cursor is busy.
+// While one lives, key and mouse events and the cross of a window reach the boxes that the run opens and nothing else,
+// and the cursor is busy.
 class Occupation : public QObject {
  public:
   Occupation();

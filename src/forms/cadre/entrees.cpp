@@ -1,8 +1,6 @@
 #include "forms/cadre/entrees.h"
 
 #include "forms/aide/frmabout.h"
-#include "forms/cadre/prem.h"
-#include "forms/cadre/principal2.h"
 #include "forms/programmes/capture/fimportcsv.h"
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/choixanecar.h"
@@ -11,6 +9,10 @@
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/programmes/modalities/nomemod.h"
 #include "forms/programmes/modalities/nomquest.h"
+#include "forms/programmes/session/prem.h"
+#include "forms/programmes/session/repertoires.h"
+#include "forms/programmes/sorts/choixrecodage.h"
+#include "forms/programmes/sorts/choixtriapl.h"
 #include "forms/programmes/sorts/preprecod.h"
 #include "forms/programmes/tables/choixecapem.h"
 

@@ -9,13 +9,12 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
-#include <QTimer>
 #include <algorithm>
-#include <new>
 #include <utility>
 
 #include "core/programme/erreur.h"
 #include "forms/cadre/dialogue_qt.h"
+#include "forms/cadre/ecran.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
 #include "forms/editeur/frmsdi.h"
@@ -31,16 +30,31 @@ constexpr int kColonnesDeNom = 4;  // row and modality names
 // Entries that wait for the first generic of a new use.
 constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
 
-// The largest window that the screen shows whole.
-QSize PlaceSurLEcran(const QWidget& fenetre) {
-  constexpr QSize cadre(0, 40);  // what the window system puts above and below
-  return fenetre.screen()->availableSize() - cadre;
-}
-
 }  // namespace
 
 Principal::Principal(Environnement environnement)
-    : environnement_(std::move(environnement)), ui_(std::make_unique<Ui::Principal>()) {
+    : environnement_(std::move(environnement)),
+      ui_(std::make_unique<Ui::Principal>()),
+      lanceur_(
+          formes_, [this] { return ContexteEnCours(); }, [this](const Erreur& erreur) { MontrerEchec(erreur); }),
+      aide_(environnement_.dossierAide, environnement_.ouvrir,
+            [this](const QString& adresse) {
+              dialogue_.demander(Joindre({"Aucun programme n'a pu ouvrir "_w, DepuisQt(adresse)}), Boutons::Ok);
+            }),
+      services_{*this,
+                session_,
+                dialogue_,
+                lanceur_,
+                formes_,
+                aide_,
+                [this](std::string_view generique) { AdopterGenerique(generique); },
+                [this] { AdopterGenerique(std::string(session_.generique)); },
+                [this](std::string_view texte) { AfficherTexte(texte); },
+                [this](const QString& entree) { return ProgrammeExiste(entree); },
+                [this](const QString& entree) { Action(entree)->trigger(); },
+                [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
+                [this](const QString& saisi) { return AccepterGenerique(saisi); },
+                [this] { CommencerNouvelleUtilisation(); }} {
   ui_->setupUi(this);
   repertoire_ = new QLabel(this);
   repertoire_->setObjectName(QStringLiteral("Repertoire"));
@@ -83,7 +97,7 @@ void Principal::RelierMenus() {
     Relier(taille, [this, taille] { FixerTailleDEcran(QString::fromLatin1(taille)); });
   Relier("mnuQuitter", [this] { close(); });
   for (const EntreeDeProgramme& entree : EntreesDeProgrammes())
-    Relier(entree.action, [this, entree] { entree.ouvrir(*this); });
+    Relier(entree.action, [this, entree] { entree.ouvrir(services_); });
   for (const EntreeDAffichage& entree : EntreesDAffichage())
     Relier(entree.nom, [this, &entree] { AfficherResultat(entree); });
   Relier("MnuAfPartielAll", [this] { AfficherQuelconque(); });
@@ -91,11 +105,14 @@ void Principal::RelierMenus() {
   Relier("mnuImpr", [this] { Imprimer(); });
   Relier("mnuPDF", [this] { ImprimerEnPdf(); });
   for (const EntreeDAide& entree : EntreesDAide())
-    Relier(entree.nom, [this, &entree] { OuvrirAide(QString::fromUtf8(entree.nom)); });
+    Relier(entree.nom, [this, &entree] { aide_.Ouvrir(QString::fromUtf8(entree.nom)); });
   connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
           &Principal::PreparerMenuAffichage);
   RelierEditeur();
-  PreparerMenuAide();
+  for (const EntreeDAide& entree : EntreesDAide()) {
+    const QString nom = QString::fromUtf8(entree.nom);
+    Action(nom)->setEnabled(aide_.Existe(nom));
+  }
 }
 
 void Principal::RelierControles() {
@@ -158,15 +175,16 @@ void Principal::MontrerSession() {
   Action(session_.niveau == 2 ? QStringLiteral("mnuNiv2") : QStringLiteral("mnuNiv1"))->setChecked(true);
 }
 
-void Principal::OuvrirRepertoire(const Chemin& repertoire) { OuvrirInitialisation(CheminInitialisation(repertoire)); }
-
-void Principal::OuvrirInitialisation(const Chemin& initialisation) {
+bool Principal::OuvrirInitialisation(const Chemin& initialisation) {
+  if (!formes_.LaisserLeTravail()) return false;
   PrendreInitialisation(session_, initialisation);
   AfficherTexte({});
   OuvrirEtRapporter();
+  return true;
 }
 
 bool Principal::AccepterGenerique(const QString& saisi) {
+  if (!formes_.LaisserLeTravail()) return false;
   const Acceptation acceptation = quelvar::AccepterGenerique(session_, environnement_.reglages, DepuisQt(saisi));
   AfficherTexte(acceptation.texte);
   if (!acceptation.acceptee) {
@@ -193,10 +211,13 @@ void Principal::CommencerNouvelleUtilisation() {
 }
 
 void Principal::ChangerNiveau(int niveau) {
+  if (!formes_.Fermer()) {
+    MontrerSession();  // the mark in the menu goes back
+    return;
+  }
   const std::string texte = quelvar::ChangerNiveau(session_, niveau);
   if (!texte.empty()) AjouterTexte(texte);
   MontrerSession();
-  FermerFormes();
 }
 
 void Principal::ChercherInitialisation() {
@@ -207,7 +228,8 @@ void Principal::ChercherInitialisation() {
 }
 
 void Principal::NouvelleDemande() {
-  FermerFormes();
+  if (!formes_.Fermer()) return;
+  progression_->setVisible(false);
   AfficherTexte({});
   OuvrirEtRapporter();
   ui_->Text1->setFocus();
@@ -232,11 +254,11 @@ void Principal::ReconstruireRecents() {
 }
 
 void Principal::closeEvent(QCloseEvent* evenement) {
-  if (enCours_ || !FermerEditeurs()) {
+  if (lanceur_.EnCours() || !formes_.PeuventFermer() || !FermerEditeurs()) {
     evenement->ignore();
     return;
   }
-  FermerFormes();
+  formes_.FermerSansDemander();
   ReconstruireRecents();
   try {
     EcrirePointeur(session_);
@@ -254,84 +276,10 @@ bool Principal::ProgrammeExiste(const QString& action) const {
                      [&](const EntreeDeProgramme& entree) { return action == QString::fromLatin1(entree.action); });
 }
 
-void Principal::OuvrirProgramme(const QString& action) { Action(action)->trigger(); }
-
-Contexte Principal::ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
-
-void Principal::Lancer(const std::function<void(const Contexte&)>& programme) {
-  if (enCours_) return;
-  const Occupation occupation;
-  enCours_ = true;
-  std::optional<Erreur> echec;
-  try {
-    programme(ContexteEnCours());
-  } catch (const Erreur& erreur) {
-    echec = erreur;
-  } catch (const std::bad_alloc&) {
-    echec = Erreur(kMemoireInsuffisante);
-  }
-  enCours_ = false;
-  if (!echec) return;
+void Principal::MontrerEchec(const Erreur& erreur) {
   std::string texte;
-  for (const std::string& ligne : LignesDErreur(*echec, {})) texte += ligne + "\r\n";
+  for (const std::string& ligne : LignesDErreur(erreur, {})) texte += ligne + "\r\n";
   AfficherTexte(texte);
-}
-
-namespace {
-
-constexpr const char* kGeneriqueDeForme = "generique";  // property of a form
-
-QString RepereDuGenerique(const Session& session) {
-  return CheminVersQt(session.repertoire) + u'/' + VersQt(session.generique);
-}
-
-}  // namespace
-
-bool Principal::EstDuGenerique(const QWidget& forme) const {
-  return forme.property(kGeneriqueDeForme).toString() == RepereDuGenerique(session_);
-}
-
-void Principal::Presenter(QWidget& forme) {
-  if (std::none_of(formes_.begin(), formes_.end(), [&](const auto& f) { return f == &forme; })) {
-    formes_.append(&forme);
-    forme.setProperty(kGeneriqueDeForme, RepereDuGenerique(session_));
-    forme.installEventFilter(this);
-    forme.ensurePolished();
-    if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
-    forme.resize(forme.size().boundedTo(PlaceSurLEcran(*this)));
-  }
-  forme.show();
-  forme.raise();
-  forme.activateWindow();
-}
-
-void Principal::FermerFormes() {
-  const QList<QPointer<QWidget>> ouvertes = formes_;
-  for (const QPointer<QWidget>& forme : ouvertes)
-    if (forme) forme->close();
-  progression_->setVisible(false);
-}
-
-bool Principal::eventFilter(QObject* objet, QEvent* evenement) {
-  if (evenement->type() == QEvent::Hide && !evenement->spontaneous()) {
-    auto* forme = qobject_cast<QWidget*>(objet);
-    if (formes_.removeAll(forme) > 0) {
-      fermees_.append(forme);
-      QTimer::singleShot(0, this, &Principal::SupprimerFermees);
-    }
-  }
-  return QMainWindow::eventFilter(objet, evenement);
-}
-
-// A form may be closed by a handler of its own that goes on behind a box or a program: it is deleted when neither is
-// there.
-void Principal::SupprimerFermees() {
-  constexpr int patience = 200;  // milliseconds
-  if (enCours_ || QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) {
-    QTimer::singleShot(patience, this, &Principal::SupprimerFermees);
-    return;
-  }
-  for (const QPointer<QWidget>& forme : std::exchange(fermees_, {})) delete forme.data();
 }
 
 // --- size of the window ---

@@ -15,6 +15,7 @@
 #include "core/programme/erreur.h"
 #include "core/programme/programme.h"
 #include "core/session/session.h"
+#include "forms/cadre/services.h"
 
 namespace Ui {
 class Principal;
@@ -42,58 +43,11 @@ class Principal : public QMainWindow {
   explicit Principal(Environnement environnement);
   ~Principal() override;
 
-  // --- for the forms ---
-
-  Session& SessionEnCours() { return session_; }
-  Dialogue& Ecran() { return dialogue_; }
-  Contexte ContexteEnCours();
-  // Runs a program: the window is kept from the user until it comes back.
-  void Lancer(const std::function<void(const Contexte&)>& programme);
-  // Shows the form of that class: the one that is open on the present generic, else a new one made with this window and
-  // the arguments.
-  template <class Forme, class... Arguments>
-  Forme& Montrer(Arguments&&... arguments) {
-    Forme* forme = Ouverte<Forme>();
-    if (forme != nullptr && !EstDuGenerique(*forme)) std::exchange(forme, nullptr)->close();
-    if (forme == nullptr) forme = new Forme(*this, std::forward<Arguments>(arguments)...);
-    Presenter(*forme);
-    return *forme;
-  }
-  // The open form of that class, or nullptr.
-  template <class Forme>
-  Forme* Ouverte() const {
-    for (const QPointer<QWidget>& ouverte : formes_)
-      if (auto* forme = qobject_cast<Forme*>(ouverte.data()); forme != nullptr && forme->isVisible()) return forme;
-    return nullptr;
-  }
-  // Closes every form that Montrer has opened and hides the progress display.
-  void FermerFormes();
-  // A program has moved the data set to another generic; Text1 keeps the report.
-  void AdopterGenerique(std::string_view generique);
-  // A program has made files of the current generic: Qvr2.ini is written and the count of individuals read anew.
-  void RelireGenerique() { AdopterGenerique(std::string(session_.generique)); }
-  // Replaces what Text1 holds by lines that belong to no file.
-  void AfficherTexte(std::string_view texte);
-  void AjouterTexte(std::string_view texte);
-  // By the name of an entry of the menu "Aide".
-  bool AideExiste(const QString& action) const;
-  void OuvrirAide(const QString& action);
-  // By the name of an entry of the menu: whether a program is behind it, and running it.
-  bool ProgrammeExiste(const QString& action) const;
-  void OuvrirProgramme(const QString& action);
-
-  // --- moves of the session ---
-
-  void OuvrirRepertoire(const Chemin& repertoire);
-  void OuvrirInitialisation(const Chemin& initialisation);
-  // A first use: the title says so until a generic is accepted, and entry and import wait for it.
-  void CommencerNouvelleUtilisation();
-  // What CmdGenOui does with a typed name; false when the name is refused.
-  bool AccepterGenerique(const QString& saisi);
+  // What the forms work with; it lives as long as the window.
+  Services& ServicesDesFormes() { return services_; }
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
-  bool eventFilter(QObject* objet, QEvent* evenement) override;
 
  private:
   void RelierMenus();
@@ -110,10 +64,15 @@ class Principal : public QMainWindow {
   void NouvelleDemande();
   void FixerTailleDEcran(const QString& action);
 
-  void Presenter(QWidget& forme);
-  // Whether the form was opened on the present generic.
-  bool EstDuGenerique(const QWidget& forme) const;
-  void SupprimerFermees();
+  Contexte ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
+  void MontrerEchec(const Erreur& erreur);
+  bool ProgrammeExiste(const QString& action) const;
+  bool OuvrirInitialisation(const Chemin& initialisation);
+  bool AccepterGenerique(const QString& saisi);
+  void AdopterGenerique(std::string_view generique);
+  void CommencerNouvelleUtilisation();
+  void AfficherTexte(std::string_view texte);
+  void AjouterTexte(std::string_view texte);
 
   void RelierEditeur();
   void Editer(const QString& fichier);
@@ -128,7 +87,6 @@ class Principal : public QMainWindow {
   void PermettreEnregistrement(bool permis);
   void DemarrerLecteur(const Chemin& fichier);
   void PreparerMenuAffichage();
-  void PreparerMenuAide();
   void AfficherResultat(const EntreeDAffichage& entree);
   void AfficherEntier(const Chemin& fichier);
   void AfficherPartiel(const Chemin& fichier, bool avecRegle);
@@ -148,10 +106,11 @@ class Principal : public QMainWindow {
   QProgressBar* progression_ = nullptr;
   Session session_;
   Dialogue dialogue_;
-  QList<QPointer<QWidget>> formes_;   // shown by Montrer
-  QList<QPointer<QWidget>> fermees_;  // closed, deleted as soon as none of their handlers can be running
+  Formes formes_;
+  Lanceur lanceur_;
+  PagesDAide aide_;
+  Services services_;
   QList<QPointer<frmSDI>> editeurs_;
-  bool enCours_ = false;  // a program runs
   int lignesDeRegle_ = 0;
   std::optional<Chemin> affiche_;  // the file that Text1 shows, as it was then
   Empreinte empreinte_;

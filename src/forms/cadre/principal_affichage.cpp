@@ -55,7 +55,7 @@ void Principal::Afficher(const Affichage& affichage) {
   if (affichage.ou == Affichage::Ou::Rien) return;
   MontrerTexte(affichage.texte, affichage.nomRapport, true);
   if (affichage.ou != Affichage::Ou::Lecteur) return;
-  FermerFormes();
+  formes_.FermerCellesQuiPeuvent();
   if (!affichage.rapport.empty()) DemarrerLecteur(CheminDe(affichage.rapport));
 }
 
@@ -196,49 +196,6 @@ void Principal::ImprimerEnPdf() {
 void Principal::Annoncer(const QString& texte) {
   constexpr int duree = 8000;  // milliseconds
   ui_->BarreDEtat->showMessage(texte, duree);
-}
-
-// --- help ---
-
-namespace {
-
-const EntreeDAide* EntreeDe(const QString& action) {
-  const auto entrees = EntreesDAide();
-  const auto trouvee = std::find_if(entrees.begin(), entrees.end(),
-                                    [&](const EntreeDAide& e) { return action == QString::fromUtf8(e.nom); });
-  return trouvee == entrees.end() ? nullptr : &*trouvee;
-}
-
-}  // namespace
-
-// Reads the help page once: an entry whose document or whose place in it is not there yet stays disabled.
-void Principal::PreparerMenuAide() {
-  const QDir dossier(environnement_.dossierAide);
-  QHash<QString, QByteArray> pages;
-  for (const EntreeDAide& entree : EntreesDAide()) {
-    const QString document = QString::fromUtf8(entree.document);
-    bool existe = !environnement_.dossierAide.isEmpty() && dossier.exists(document);
-    if (existe && *entree.ancre != '\0') {
-      if (!pages.contains(document)) {
-        QFile page(dossier.filePath(document));
-        pages[document] = page.open(QIODevice::ReadOnly) ? page.readAll() : QByteArray();
-      }
-      existe = pages[document].contains(QByteArray("id=\"") + entree.ancre + '"');
-    }
-    Action(QString::fromUtf8(entree.nom))->setEnabled(existe);
-  }
-}
-
-bool Principal::AideExiste(const QString& action) const { return Action(action)->isEnabled(); }
-
-void Principal::OuvrirAide(const QString& action) {
-  const EntreeDAide* entree = EntreeDe(action);
-  if (entree == nullptr) return;
-  QUrl adresse =
-      QUrl::fromLocalFile(QDir(environnement_.dossierAide).absoluteFilePath(QString::fromUtf8(entree->document)));
-  if (*entree->ancre != '\0') adresse.setFragment(QString::fromUtf8(entree->ancre));
-  if (!environnement_.ouvrir(adresse))
-    dialogue_.demander(Joindre({"Aucun programme n'a pu ouvrir "_w, DepuisQt(adresse.toDisplayString())}), Boutons::Ok);
 }
 
 }  // namespace quelvar::forms

@@ -46,7 +46,7 @@ void Principal::Editer(const QString& fichier) {
   frmSDI* editeur = ouvert == editeurs_.end() ? nullptr : ouvert->data();
   if (editeur == nullptr) {
     editeur = new frmSDI(
-        {environnement_.reglages, [this] { OuvrirAide(QStringLiteral("mnuAEdAf")); },
+        {environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); },
          [this](const QString& long_) { return environnement_.demarrer(QStringLiteral("quelvar-lecteur"), {long_}); }});
     editeur->setAttribute(Qt::WA_DeleteOnClose);
     if (!editeur->Ouvrir(chemin)) {

@@ -9,15 +9,15 @@ namespace quelvar::forms {
 
 namespace {
 
-void Enregistrer(QWidget& forme, Principal& principal, const QString& fichier, const Dessin& dessin, int resolution) {
+void Enregistrer(QWidget& forme, Services& services, const QString& fichier, const Dessin& dessin, int resolution) {
   if (!EnregistrerDessin(fichier, dessin, resolution)) {
-    principal.Ecran().demander(Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}),
-                               Boutons::Ok);
+    services.ecran.demander(Joindre({"Le graphique n'a pas pu être enregistré sous le nom : "_w, DepuisQt(fichier)}),
+                            Boutons::Ok);
     return;
   }
   const std::string nom = TexteDe(CheminDepuisQt(fichier).filename());
   forme.setWindowTitle(VersQt(nom));
-  principal.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
+  services.ecran.demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
 }
 
 // Empty when the user gave up.
@@ -32,12 +32,12 @@ QString FichierChoisi(QWidget& forme, const QString& propose) {
 
 }  // namespace
 
-void RelierSorties(QWidget& forme, Principal& principal, const VueDessin& vue, const Contexte& contexte,
+void RelierSorties(QWidget& forme, Services& services, const VueDessin& vue, const Contexte& contexte,
                    std::string_view suffixe, const BoutonsDessin& boutons, std::function<int()> resolution) {
   const std::string usuel = contexte.Nom(Joindre({suffixe, ".bmp"}));
   const Chemin propose = contexte.repertoire / CheminDe(contexte.Nom(Joindre({suffixe, ".png"})));
-  const auto enregistrer = [&forme, &principal, &vue, resolution = std::move(resolution)](const QString& fichier) {
-    Enregistrer(forme, principal, fichier, vue.Contenu(), resolution());
+  const auto enregistrer = [&forme, &services, &vue, resolution = std::move(resolution)](const QString& fichier) {
+    Enregistrer(forme, services, fichier, vue.Contenu(), resolution());
   };
   QObject::connect(&boutons.enregistrer, &QAbstractButton::clicked, &forme,
                    [enregistrer, usuel, repertoire = contexte.repertoire] {
@@ -47,9 +47,9 @@ void RelierSorties(QWidget& forme, Principal& principal, const VueDessin& vue, c
     const QString fichier = FichierChoisi(forme, CheminVersQt(propose));
     if (!fichier.isEmpty()) enregistrer(fichier);
   });
-  QObject::connect(&boutons.imprimer, &QAbstractButton::clicked, &forme, [&forme, &principal, &vue] {
+  QObject::connect(&boutons.imprimer, &QAbstractButton::clicked, &forme, [&forme, &services, &vue] {
     if (!ImprimerDessin(&forme, vue.Contenu()))
-      principal.Ecran().demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
+      services.ecran.demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
   });
 }
 

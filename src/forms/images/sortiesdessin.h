@@ -5,7 +5,7 @@
 #include <functional>
 #include <string_view>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "forms/images/vuedessin.h"
 
 namespace quelvar::forms {
@@ -19,7 +19,7 @@ struct BoutonsDessin {
 // Ties the buttons to the picture that the view shows when they are pressed. `suffixe` stands behind the generic in the
 // usual name ("Fac" for ENQFac.bmp); `resolution` gives the dots an inch of BMP and PNG. The form takes the name of the
 // saved file as its caption.
-void RelierSorties(QWidget& forme, Principal& principal, const VueDessin& vue, const Contexte& contexte,
+void RelierSorties(QWidget& forme, Services& services, const VueDessin& vue, const Contexte& contexte,
                    std::string_view suffixe, const BoutonsDessin& boutons, std::function<int()> resolution);
 
 }  // namespace quelvar::forms

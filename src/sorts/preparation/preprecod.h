@@ -102,8 +102,6 @@ inline constexpr std::string_view kChoixCodeVit = "Sélectionner la modalité "_
 inline constexpr std::string_view kDemandeNomVit = "Donnez un nom à la VIT (3 caractères)"_w;
 inline constexpr std::string_view kDemandeScoreVit = "Donnez un score à la VIT (nombre de 2 caractères ou signe +)"_w;
 inline constexpr std::string_view kConfirmerSuppressionVit = "Voulez-vous vraiment supprimer la VIT";
-inline constexpr std::string_view kNonSauvegarde =
-    "Vous avez fait des modifications et vous n'avez pas sauvegardé : annulez et sauvegardez le cas échéant"_w;
 
 enum class SujetAide { Recodage, Ponderation, Filtre, Vit };
 std::string_view AidePrepRecod(SujetAide sujet);

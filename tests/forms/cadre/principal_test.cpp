@@ -141,7 +141,7 @@ TEST(Principal, RepertoireSansInitialisationAttendUnGenerique) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&bureau.Fenetre()));
   const std::filesystem::path vide = bureau.Dossier() / "vide";
   std::filesystem::create_directory(vide);
-  bureau.Fenetre().OuvrirRepertoire(vide);
+  bureau.Fenetre().ServicesDesFormes().ouvrirInitialisation(quelvar::CheminInitialisation(vide));
   EXPECT_TRUE(bureau.Texte().contains("Il n'y a pas de fichier d'initialisation (Qvr2.ini) dans ce répertoire"));
   EXPECT_TRUE(bureau.Controle<QComboBox>("ComboGen").hasFocus());
   EXPECT_EQ(bureau.Fenetre().windowTitle(), " Pas de générique en cours, niveau d'utilisateur=1");
@@ -215,7 +215,7 @@ TEST(Principal, MenusSansLettreNiRaccourciDouble) {
 
 TEST(Principal, BoitesDUnProgramme) {
   BureauOuvert bureau;
-  const quelvar::Dialogue& ecran = bureau.Fenetre().Ecran();
+  const quelvar::Dialogue& ecran = bureau.Fenetre().ServicesDesFormes().ecran;
   using quelvar::Boutons;
   using quelvar::Reponse;
   Pilote pilote;
@@ -249,7 +249,7 @@ TEST(Principal, UnProgrammeTientLaFenetre) {
   auto& texte = bureau.Controle<quelvar::forms::TexteFixe>("Text1");
   texte.setFocus();
   const QString avant = bureau.Texte();
-  bureau.Fenetre().Lancer([&](const quelvar::Contexte& contexte) {
+  bureau.Fenetre().ServicesDesFormes().Lancer([&](const quelvar::Contexte& contexte) {
     const auto& progression = bureau.Controle<QProgressBar>("ProgressBar1");
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     contexte.Ecran().montrerProgression(4'000'000'000);
@@ -265,42 +265,40 @@ TEST(Principal, UnProgrammeTientLaFenetre) {
     bureau.Menu("mnuNiv2");
     pilote.Cliquer("Oui");
     EXPECT_EQ(contexte.Ecran().demander("Suite ?", quelvar::Boutons::OuiNon), quelvar::Reponse::Oui);
-    bureau.Fenetre().Lancer([](const quelvar::Contexte&) { FAIL() << "one run at a time"; });
+    bureau.Fenetre().ServicesDesFormes().Lancer([](const quelvar::Contexte&) { FAIL() << "one run at a time"; });
     bureau.Fenetre().close();
   });
   QCoreApplication::processEvents();
   EXPECT_TRUE(bureau.Fenetre().isVisible());
   EXPECT_EQ(bureau.Texte(), avant);
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().niveau, 1);
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.niveau, 1);
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   QTest::keyClicks(&texte, "e");
   EXPECT_EQ(bureau.Texte(), avant + "e") << "the window is the user's again";
 }
 
 // A form whose handler closes it and goes on: run and box spin the event loop, and the form must still be there.
-class FormeQuiSeFerme : public QDialog {
+class FormeQuiSeFerme : public Forme {
   Q_OBJECT
  public:
-  explicit FormeQuiSeFerme(quelvar::forms::Principal& principal) : QDialog(&principal), principal_(principal) {}
+  explicit FormeQuiSeFerme(Services& services) : Forme(services) {}
   void Fermer() {
     close();
-    principal_.Lancer([](const quelvar::Contexte& contexte) {
+    services_.Lancer([](const quelvar::Contexte& contexte) {
       contexte.Ecran().montrerProgression(1);
       contexte.Ecran().demander("?", quelvar::Boutons::Ok);
     });
     fini = true;
   }
   bool fini = false;
-
- private:
-  quelvar::forms::Principal& principal_;
 };
 
 TEST(Principal, FormeFermeeParSonPropreBouton) {
   BureauOuvert bureau;
   Pilote pilote;
-  QPointer<FormeQuiSeFerme> forme = &bureau.Fenetre().Montrer<FormeQuiSeFerme>();
-  EXPECT_EQ(&bureau.Fenetre().Montrer<FormeQuiSeFerme>(), forme.data()) << "one form of a class at a time";
+  Services& services = bureau.Fenetre().ServicesDesFormes();
+  QPointer<FormeQuiSeFerme> forme = &Montrer<FormeQuiSeFerme>(services);
+  EXPECT_EQ(&Montrer<FormeQuiSeFerme>(services), forme.data()) << "one form of a class at a time";
   pilote.Cliquer("OK");
   QTimer::singleShot(0, forme.data(), [forme] {
     forme->Fermer();
@@ -313,7 +311,8 @@ TEST(Principal, FormeFermeeParSonPropreBouton) {
 
 TEST(Principal, EchecQuUnProgrammeLaisseSortir) {
   BureauOuvert bureau;
-  bureau.Fenetre().Lancer([](const quelvar::Contexte&) { throw quelvar::Erreur(quelvar::kDisquePlein); });
+  bureau.Fenetre().ServicesDesFormes().Lancer(
+      [](const quelvar::Contexte&) { throw quelvar::Erreur(quelvar::kDisquePlein); });
   EXPECT_TRUE(bureau.Texte().contains("notez le numero =  61 Disque plein"));
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }

@@ -11,11 +11,12 @@
 #include <QRadioButton>
 
 #include "forms/aide/frmabout.h"
-#include "forms/cadre/prem.h"
-#include "forms/cadre/principal2.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/session/prem.h"
+#include "forms/programmes/session/repertoires.h"
+#include "forms/programmes/sorts/choixtriapl.h"
 
 using namespace quelvar::forms;
 
@@ -28,7 +29,6 @@ using essai::Pilote;
 using quelvar::forms::FImport;
 using quelvar::forms::FImportCSV;
 using quelvar::forms::Prem;
-using quelvar::forms::Principal2;
 
 constexpr const char* kCsv = "NUM;SEX Sexe;AGE Age\r\n1;1;3\r\n2;2;1\r\n3;1;2\r\n";
 
@@ -97,7 +97,7 @@ TEST(Prem, DesDonneesExistantesAuTriAPlat) {
   Cliquer(*import, "Lancer");
   EXPECT_EQ(bureau.Forme<FImportCSV>(), nullptr);
   EXPECT_TRUE(bureau.Texte().contains("Le nombre d'individus est de  3"));
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().individus, 3);
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.individus, 3);
   bureau.Menu("mnuTriapl");
   EXPECT_TRUE(bureau.Texte().contains("Question SEX Position    2"));
 }
@@ -115,7 +115,7 @@ TEST(Prem, RepertoireACreerPourLaSaisie) {
   Cliquer(*prem, "BnomDir");
   EXPECT_TRUE(std::filesystem::is_directory(bureau.Dossier() / "Nouvelle enquete"));
   EXPECT_TRUE(Etiquette(*prem, "LabelDir").contains("constitution d'un descripteur des données"));
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().repertoire, bureau.Dossier() / "Nouvelle enquete");
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.repertoire, bureau.Dossier() / "Nouvelle enquete");
 }
 
 TEST(Import, FormulaireSelonLesSources) {
@@ -163,7 +163,7 @@ TEST(TriAPlat, NiveauUnSansOptions) {
   bureau.AvecDonnees();
   bureau.Ouvrir();
   bureau.Menu("mnuTriapl");
-  EXPECT_EQ(bureau.Forme<Principal2>(), nullptr);
+  EXPECT_EQ(bureau.Forme<ChoixTriapl>(), nullptr);
   EXPECT_TRUE(bureau.Texte().contains("Homme"));
   EXPECT_TRUE(bureau.Texte().contains("Fin normale du programme"));
   EXPECT_FALSE(bureau.Texte().contains("exclues"));
@@ -177,7 +177,7 @@ TEST(TriAPlat, ChaqueOptionDuNiveauDeux) {
   Pilote pilote;
   const auto lancer = [&](std::initializer_list<const char*> cases, const char* bouton = nullptr) {
     bureau.Menu("mnuTriapl");
-    Principal2* forme = bureau.Forme<Principal2>();
+    ChoixTriapl* forme = bureau.Forme<ChoixTriapl>();
     if (forme == nullptr) throw std::runtime_error("no options");
     EXPECT_EQ(forme->windowTitle(), "Options du tri à plat");
     EXPECT_TRUE(essai::Coche(*forme, "CaseMod"));
@@ -207,7 +207,7 @@ TEST(TriAPlat, AbandonDuFichierEtAnnulation) {
   bureau.AvecDonnees();
   bureau.Ouvrir();
   bureau.Menu("mnuTriapl");
-  Principal2* forme = bureau.Forme<Principal2>();
+  ChoixTriapl* forme = bureau.Forme<ChoixTriapl>();
   Cliquer(*forme, "CaseDat");
   Pilote pilote;
   pilote.Abandonner();
@@ -215,7 +215,7 @@ TEST(TriAPlat, AbandonDuFichierEtAnnulation) {
   EXPECT_FALSE(bureau.Existe("ENQ.TAP"));
   EXPECT_TRUE(forme->isVisible());
   Cliquer(*forme, "BoutonTriaplNull");
-  EXPECT_EQ(bureau.Forme<Principal2>(), nullptr);
+  EXPECT_EQ(bureau.Forme<ChoixTriapl>(), nullptr);
 }
 
 TEST(TriAPlat, RapportLongDansLeLecteur) {
@@ -245,25 +245,25 @@ TEST(Repertoires, DoubleClicEtFichierInitialisation) {
   std::filesystem::create_directory(bureau.Dossier() / "Vide");
   bureau.Ouvrir();
   bureau.Menu("mnuChangeRepert");
-  Principal2* forme = bureau.Forme<Principal2>();
+  RepertoireEnCours* forme = bureau.Forme<RepertoireEnCours>();
   auto& dir = Bureau::Dans<QListWidget>(*forme, "Dir1");
   auto& fichiers = Bureau::Dans<QListWidget>(*forme, "FileDir");
   EXPECT_EQ(fichiers.count(), 1);
   DoubleClic(dir, "Autre");
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().generique, "AUTRE");
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "AUTRE");
   EXPECT_EQ(fichiers.item(0)->text(), "Qvr2.ini");
   DoubleClic(dir, "donnees");
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().generique, "ENQ");
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "ENQ");
   forme->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(forme));
   dir.setFocus();
   dir.setCurrentItem(Ligne(dir, "Vide"));
   QTest::keyClick(&dir, Qt::Key_Return);
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().repertoire, bureau.Dossier() / "Vide");
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.repertoire, bureau.Dossier() / "Vide");
   EXPECT_EQ(fichiers.count(), 0);
   DoubleClic(dir, "donnees");
   DoubleClic(fichiers, "qvr2.ini");
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().generique, "ENQ");
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "ENQ");
 }
 
 }  // namespace

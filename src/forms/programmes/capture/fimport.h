@@ -1,11 +1,10 @@
 // The import of a dBase file, a table or a Burt table: what is there, and the options.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
 #include "capture/presence.h"
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 
 namespace Ui {
 class FImport;
@@ -13,17 +12,16 @@ class FImport;
 
 namespace quelvar::forms {
 
-class FImport : public QDialog {
+class FImport : public Forme {
   Q_OBJECT
  public:
-  explicit FImport(Principal& principal);
+  explicit FImport(Services& services);
   ~FImport() override;
 
  private:
   void LancerImport();
   void ChoisirFichier();
 
-  Principal& principal_;
   std::unique_ptr<Ui::FImport> ui_;
 };
 

@@ -7,10 +7,9 @@
 
 namespace quelvar::forms {
 
-FImportCSV::FImportCSV(Principal& principal)
-    : QDialog(&principal),
-      principal_(principal),
-      sources_(capture::ChercherSources(principal.ContexteEnCours())),
+FImportCSV::FImportCSV(Services& services)
+    : Forme(services),
+      sources_(capture::ChercherSources(services.ContexteEnCours())),
       ui_(std::make_unique<Ui::FImportCSV>()) {
   ui_->setupUi(this);
   ui_->LabelCSV->setText(VersQt(capture::TextePresence(sources_.csv)));
@@ -18,12 +17,11 @@ FImportCSV::FImportCSV(Principal& principal)
   ui_->LabelDAT->setText(VersQt(capture::TextePresence(sources_.dat)));
   ui_->LabelPOS->setText(VersQt(capture::TextePresence(sources_.pos)));
   ui_->Lancer->setEnabled(sources_.DeTableur());
-  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAImport")));
+  RelierAide(*ui_->Aide, "mnuAImport");
   MontrerAide();
   connect(ui_->CheckTrg, &QCheckBox::toggled, this, &FImportCSV::MontrerAide);
   connect(ui_->Lancer, &QPushButton::clicked, this, &FImportCSV::LancerImport);
-  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAImport")); });
-  connect(ui_->Annuler, &QPushButton::clicked, this, &FImportCSV::close);
+  RelierQuitter(*ui_->Annuler);
 }
 
 FImportCSV::~FImportCSV() = default;
@@ -33,16 +31,17 @@ void FImportCSV::MontrerAide() {
 }
 
 void FImportCSV::LancerImport() {
+  if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
   capture::OptionsImportCsv options;
   options.sansIntitules = ui_->CheckTrg->isChecked();
-  principal_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); });
-  principal_.RelireGenerique();
-  principal_.FermerFormes();
+  services_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); });
+  services_.relireGenerique();
+  accept();
 }
 
-void OuvrirImport(Principal& principal) {
-  if (capture::ChercherSources(principal.ContexteEnCours()).DeTableur()) principal.Montrer<FImportCSV>();
-  else principal.Montrer<FImport>();
+void OuvrirImport(Services& services) {
+  if (capture::ChercherSources(services.ContexteEnCours()).DeTableur()) Montrer<FImportCSV>(services);
+  else Montrer<FImport>(services);
 }
 
 }  // namespace quelvar::forms

@@ -1,11 +1,10 @@
 // The import of a spreadsheet: what is there, and the one option of the program.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
 #include "capture/presence.h"
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 
 namespace Ui {
 class FImportCSV;
@@ -13,22 +12,21 @@ class FImportCSV;
 
 namespace quelvar::forms {
 
-class FImportCSV : public QDialog {
+class FImportCSV : public Forme {
   Q_OBJECT
  public:
-  explicit FImportCSV(Principal& principal);
+  explicit FImportCSV(Services& services);
   ~FImportCSV() override;
 
  private:
   void MontrerAide();
   void LancerImport();
 
-  Principal& principal_;
   capture::SourcesPresentes sources_;
   std::unique_ptr<Ui::FImportCSV> ui_;
 };
 
 // Finds which source files the generic has and opens the form for them.
-void OuvrirImport(Principal& principal);
+void OuvrirImport(Services& services);
 
 }  // namespace quelvar::forms

@@ -1,6 +1,5 @@
 #include "forms/programmes/crosstab/choixvar.h"
 
-#include <QCloseEvent>
 #include <QSignalBlocker>
 #include <QWindow>
 #include <utility>
@@ -37,10 +36,8 @@ void Poser(QAbstractButton& bouton, bool coche) {
 
 }  // namespace
 
-ChoixVar::ChoixVar(Principal& principal, const Contexte& contexte, crosstab::EnqueteCroisee enquete)
-    : QDialog(&principal, Qt::Window),
-      principal_(principal),
-      contexte_(contexte),
+ChoixVar::ChoixVar(Services& services, crosstab::EnqueteCroisee enquete)
+    : Forme(services, Qt::Window),
       enquete_(std::move(enquete)),
       etat_(crosstab::NouveauChoix(enquete_)),
       ui_(std::make_unique<Ui::ChoixVar>()) {
@@ -50,7 +47,7 @@ ChoixVar::ChoixVar(Principal& principal, const Contexte& contexte, crosstab::Enq
   for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) liste->setFont(fixe);
   ui_->FrmTri->setVisible(contexte_.niveau >= kNiveauAvance);
   ui_->FrmDetKhi2->setVisible(contexte_.niveau >= kNiveauAvance);
-  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuACroise")));
+  RelierAide(*ui_->Aide, "mnuACroise");
   RelierListes();
   RelierOptions();
   RelierBoutons();
@@ -83,10 +80,10 @@ void ChoixVar::RelierOptions() {
     connect(bouton, &QAbstractButton::toggled, this, [this, membre](bool coche) { etat_.*membre = coche; });
   };
   const auto editer = [this](crosstab::ChoixEdition edition) { crosstab::ChoisirEdition(etat_, edition); };
-  choisir(ui_->BoutQvr2, [this] { crosstab::ChoisirDeuxDimensions(etat_, principal_.Ecran()); });
-  choisir(ui_->BoutTri3, [this] { crosstab::ChoisirTroisDimensions(etat_, principal_.Ecran()); });
-  choisir(ui_->BoutSerie, [this] { crosstab::ChoisirUnSeul(etat_, false, principal_.Ecran()); });
-  choisir(ui_->BoutUnSeul, [this] { crosstab::ChoisirUnSeul(etat_, true, principal_.Ecran()); });
+  choisir(ui_->BoutQvr2, [this] { crosstab::ChoisirDeuxDimensions(etat_, services_.ecran); });
+  choisir(ui_->BoutTri3, [this] { crosstab::ChoisirTroisDimensions(etat_, services_.ecran); });
+  choisir(ui_->BoutSerie, [this] { crosstab::ChoisirUnSeul(etat_, false, services_.ecran); });
+  choisir(ui_->BoutUnSeul, [this] { crosstab::ChoisirUnSeul(etat_, true, services_.ecran); });
   choisir(ui_->BoutOrdreOri, [this] { etat_.ordrePem = false; });
   choisir(ui_->BoutOrdreAFC, [this] { etat_.ordrePem = true; });
   choisir(ui_->BoutNROui, [this] { etat_.nonReponses = true; });
@@ -104,16 +101,16 @@ void ChoixVar::RelierOptions() {
 
 void ChoixVar::RelierBoutons() {
   connect(ui_->BoutInvers, &QPushButton::clicked, this, [this] {
-    crosstab::InverserLignesEtColonnes(etat_, principal_.Ecran());
+    crosstab::InverserLignesEtColonnes(etat_, services_.ecran);
     Montrer();
   });
   connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] {
-    crosstab::ToutEffacer(etat_, principal_.Ecran());
+    crosstab::ToutEffacer(etat_, services_.ecran);
     Montrer();
   });
-  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuACroise")); });
   connect(ui_->BoutLancerTri, &QPushButton::clicked, this, &ChoixVar::LancerTri);
-  connect(ui_->BoutNouv, &QPushButton::clicked, this, &ChoixVar::reject);
+  RelierQuitter(*ui_->BoutNouv);
+  AuDepart([](const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".TCR")); });
 }
 
 QListWidget& ChoixVar::ListeDu(crosstab::RoleQuestion role) const {
@@ -158,12 +155,12 @@ void ChoixVar::Montrer() {
 }
 
 void ChoixVar::Ajouter(crosstab::RoleQuestion role) {
-  crosstab::AjouterAuRole(etat_, role, QuestionsChoisies(*ui_->ListVar1), principal_.Ecran());
+  crosstab::AjouterAuRole(etat_, role, QuestionsChoisies(*ui_->ListVar1), services_.ecran);
   Montrer();
 }
 
 void ChoixVar::Enlever(crosstab::RoleQuestion role) {
-  crosstab::EnleverDuRole(etat_, role, QuestionsChoisies(ListeDu(role)), principal_.Ecran());
+  crosstab::EnleverDuRole(etat_, role, QuestionsChoisies(ListeDu(role)), services_.ecran);
   Montrer();
 }
 
@@ -172,40 +169,39 @@ void ChoixVar::CocherIsole(bool coche) {
     crosstab::CocherTableauIsole(etat_, coche, contexte_);
   } catch (const Erreur& erreur) {
     etat_.tableauIsole = false;
-    principal_.Ecran().demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    services_.ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
   }
   Montrer();
 }
 
 void ChoixVar::LancerTri() {
-  const std::optional<crosstab::DemandeCroise> demande = crosstab::PreparerLancement(etat_, principal_.Ecran());
+  const std::optional<crosstab::DemandeCroise> demande = crosstab::PreparerLancement(etat_, services_.ecran);
   Montrer();
   if (!demande) return;
   // A long report does not close the form as the end of a run does: Text1 shows what it can hold.
-  Dialogue ecran = principal_.Ecran();
+  Dialogue ecran = services_.ecran;
   ecran.afficher = [this](Affichage affichage) {
     if (affichage.ou == Affichage::Ou::Lecteur && LongueurFichier(affichage.rapport) <= kRapportMontre)
       affichage.texte = LireOctets(affichage.rapport);
     affichage.ou = Affichage::Ou::Texte;
-    principal_.Ecran().afficher(affichage);
+    services_.ecran.afficher(affichage);
   };
   Contexte contexte = contexte_;
   contexte.dialogue = &ecran;
   std::optional<crosstab::ResultatLancement> resultat;
-  principal_.Lancer([&](const Contexte&) { resultat = crosstab::LancerCroise(contexte, enquete_, *demande); });
+  services_.Lancer([&](const Contexte&) { resultat = crosstab::LancerCroise(contexte, enquete_, *demande); });
   if (!resultat) {  // the run ended by an error, which its report tells
-    finie_ = true;
     close();
     return;
   }
   crosstab::ApresLancement(etat_, *resultat);
   Montrer();
   if (resultat->retenu) {
-    OuvrirGraphe2(principal_, contexte_, crosstab::PreparerGraphe2(*resultat->retenu));
+    OuvrirGraphe2(services_, contexte_, crosstab::PreparerGraphe2(*resultat->retenu));
     return;
   }
-  principal_.raise();
-  principal_.activateWindow();
+  services_.fenetre.raise();
+  services_.fenetre.activateWindow();
 }
 
 // The main form comes before this one when it shows the tables: it is a window beside it.
@@ -214,30 +210,17 @@ void ChoixVar::showEvent(QShowEvent* evenement) {
   if (windowHandle() != nullptr) windowHandle()->setTransientParent(nullptr);
 }
 
-// The user ends the run, by the button, the Escape key or the frame of the window.
-void ChoixVar::reject() {
-  if (!std::exchange(finie_, true)) MontrerRapport(contexte_, contexte_.Nom(".TCR"));
-  QDialog::reject();
-}
-
-// A form that the program closes leaves Text1 as it is.
-void ChoixVar::closeEvent(QCloseEvent* evenement) {
-  if (!evenement->spontaneous()) finie_ = true;
-  QDialog::closeEvent(evenement);
-}
-
-void OuvrirChoixVar(Principal& principal) {
-  const Contexte contexte = principal.ContexteEnCours();
-  if (auto* ouverte = principal.Ouverte<ChoixVar>()) {
-    if (ouverte->EstPour(contexte)) {
-      principal.Montrer<ChoixVar>(contexte, crosstab::EnqueteCroisee());
+void OuvrirChoixVar(Services& services) {
+  if (auto* ouverte = services.formes.Ouverte<ChoixVar>()) {
+    if (ouverte->EstSur(services.ContexteEnCours())) {
+      services.formes.Presenter(*ouverte);
       return;
     }
-    ouverte->close();
+    if (!services.formes.Fermer(*ouverte)) return;
   }
   std::optional<crosstab::EnqueteCroisee> enquete;
-  principal.Lancer([&](const Contexte& courant) { enquete = crosstab::PreparerCroise(courant, {}); });
-  if (enquete) principal.Montrer<ChoixVar>(contexte, std::move(*enquete));
+  services.Lancer([&](const Contexte& courant) { enquete = crosstab::PreparerCroise(courant, {}); });
+  if (enquete) Montrer<ChoixVar>(services, std::move(*enquete));
 }
 
 }  // namespace quelvar::forms

@@ -1,13 +1,12 @@
 // The request of the crosstabs: which questions are crossed, and how the tables are printed.
 #pragma once
 
-#include <QDialog>
 #include <QListWidget>
 #include <QShowEvent>
 #include <memory>
 
 #include "crosstab/choixvar.h"
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 
 namespace Ui {
 class ChoixVar;
@@ -15,22 +14,15 @@ class ChoixVar;
 
 namespace quelvar::forms {
 
-class ChoixVar : public QDialog {
+class ChoixVar : public Forme {
   Q_OBJECT
  public:
-  // The survey as it was loaded for that generic.
-  ChoixVar(Principal& principal, const Contexte& contexte, crosstab::EnqueteCroisee enquete);
+  // The survey as it was loaded for the current generic.
+  ChoixVar(Services& services, crosstab::EnqueteCroisee enquete);
   ~ChoixVar() override;
-
-  // The data set whose survey the form holds is that one.
-  bool EstPour(const Contexte& contexte) const {
-    return contexte.repertoire == contexte_.repertoire && contexte.generique == contexte_.generique;
-  }
 
  protected:
   void showEvent(QShowEvent* evenement) override;
-  void closeEvent(QCloseEvent* evenement) override;
-  void reject() override;
 
  private:
   void RelierListes();
@@ -44,15 +36,12 @@ class ChoixVar : public QDialog {
   void CocherIsole(bool coche);
   void LancerTri();
 
-  Principal& principal_;
-  Contexte contexte_;
   crosstab::EnqueteCroisee enquete_;
   crosstab::EtatChoixVar etat_;
-  bool finie_ = false;  // the run has ended and shown its report
   std::unique_ptr<Ui::ChoixVar> ui_;
 };
 
 // Loads the survey and opens the form; the one that is open for the same data set is shown again.
-void OuvrirChoixVar(Principal& principal);
+void OuvrirChoixVar(Services& services);
 
 }  // namespace quelvar::forms

@@ -8,10 +8,8 @@
 
 namespace quelvar::forms {
 
-Graphe2::Graphe2(Principal& principal, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees)
-    : QDialog(&principal, Qt::Window),
-      principal_(principal),
-      contexte_(contexte),
+Graphe2::Graphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees)
+    : Forme(services, contexte, Qt::Window),
       etat_(crosstab::NouveauGraphe2(donnees)),
       ui_(std::make_unique<Ui::Graphe2>()) {
   ui_->setupUi(this);
@@ -66,16 +64,16 @@ void Graphe2::RelierGestes() {
 }
 
 void Graphe2::RelierFichiers() {
-  RelierSorties(*this, principal_, *ui_->Pict2, contexte_, "Tab",
+  RelierSorties(*this, services_, *ui_->Pict2, contexte_, "Tab",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
   connect(ui_->BoutonNouv, &QPushButton::clicked, this, [this] {
     close();
-    if (auto* demande = principal_.Ouverte<ChoixVar>()) {
+    if (auto* demande = services_.formes.Ouverte<ChoixVar>()) {
       demande->raise();
       demande->activateWindow();
     }
   });
-  connect(ui_->BoutonQuitter, &QPushButton::clicked, this, &Graphe2::close);
+  RelierQuitter(*ui_->BoutonQuitter);
 }
 
 void Graphe2::Dessiner() {
@@ -83,9 +81,9 @@ void Graphe2::Dessiner() {
   ui_->Coordonnees->setText(VersQt(crosstab::TexteFenetre(etat_)).remove(u'\r'));
 }
 
-void OuvrirGraphe2(Principal& principal, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees) {
-  if (auto* ouverte = principal.Ouverte<Graphe2>()) ouverte->close();
-  principal.Montrer<Graphe2>(contexte, donnees);
+void OuvrirGraphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees) {
+  if (!FairePlace<Graphe2>(services)) return;
+  Montrer<Graphe2>(services, contexte, donnees);
 }
 
 }  // namespace quelvar::forms

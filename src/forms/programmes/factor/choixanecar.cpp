@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
-#include "forms/pieces/abandon.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixanecar.h"
 
@@ -20,12 +19,8 @@ int FacteursDe(const QLineEdit& champ) {
 
 }  // namespace
 
-ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, factor::PreparationAnecar preparation)
-    : QDialog(&principal),
-      principal_(principal),
-      contexte_(contexte),
-      preparation_(std::move(preparation)),
-      ui_(std::make_unique<Ui::ChoixAnecar>()) {
+ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparation)
+    : Forme(services), preparation_(std::move(preparation)), ui_(std::make_unique<Ui::ChoixAnecar>()) {
   ui_->setupUi(this);
   siTrie_ = new frmSiTrié(*ui_->FrEdition, *ui_->CaseLignes2);
   ui_->DispositionEdition->addWidget(siTrie_);
@@ -38,11 +33,9 @@ ChoixAnecar::ChoixAnecar(Principal& principal, const Contexte& contexte, factor:
   connect(ui_->TextBoxNbFact, &QLineEdit::textChanged, this,
           [this] { ui_->LibelleMinimum->setVisible(FacteursDe(*ui_->TextBoxNbFact) < kMinimumDeFacteurs); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ChoixAnecar::LancerAnalyse);
-  ui_->BoutAide->setEnabled(principal.AideExiste(QStringLiteral("mnuAAnecar")));
-  connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAAnecar")); });
-  // The run that is given up is that of the generic of the form.
-  new Abandon(*this, *ui_->BoutAnnul, principal,
-              [contexte = contexte_](const Contexte& /*courant*/) { factor::AbandonnerAnecar(contexte); });
+  RelierAide(*ui_->BoutAide, "mnuAAnecar");
+  RelierQuitter(*ui_->BoutAnnul);
+  AuDepart(factor::AbandonnerAnecar);
   MontrerEdition();
 }
 
@@ -106,22 +99,22 @@ factor::OptionsAnecar ChoixAnecar::Options() const {
 
 void ChoixAnecar::LancerAnalyse() {
   const factor::OptionsAnecar options = Options();
-  Principal& principal = principal_;
+  Services& services = services_;
   const Contexte contexte = contexte_;
   const factor::PreparationAnecar preparation = preparation_;
   accept();  // a long report closes every form: this one is gone by then
-  principal.Lancer([&](const Contexte& /*courant*/) { factor::MoteurAnecar(contexte, preparation, options); });
+  services.Lancer([&](const Contexte& /*courant*/) { factor::MoteurAnecar(contexte, preparation, options); });
 }
 
-void OuvrirAnecar(Principal& principal) {
-  if (auto* ouverte = principal.Ouverte<ChoixAnecar>()) ouverte->close();
-  if (principal.SessionEnCours().niveau == 1) {
-    principal.Lancer([](const Contexte& contexte) { factor::Anecar(contexte, {}); });
+void OuvrirAnecar(Services& services) {
+  if (!FairePlace<ChoixAnecar>(services)) return;
+  if (services.session.niveau == 1) {
+    services.Lancer([](const Contexte& contexte) { factor::Anecar(contexte, {}); });
     return;
   }
   std::optional<factor::PreparationAnecar> preparation;
-  principal.Lancer([&](const Contexte& contexte) { preparation = factor::PrepAnecar(contexte); });
-  if (preparation) principal.Montrer<ChoixAnecar>(principal.ContexteEnCours(), std::move(*preparation));
+  services.Lancer([&](const Contexte& contexte) { preparation = factor::PrepAnecar(contexte); });
+  if (preparation) Montrer<ChoixAnecar>(services, std::move(*preparation));
 }
 
 }  // namespace quelvar::forms

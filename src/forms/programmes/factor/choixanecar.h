@@ -1,11 +1,10 @@
 // "Choix des parmètres de l'analyse factorielle": the options of the factors and of the classification behind them.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
 #include "factor/analyse/anecar.h"
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "forms/programmes/factor/frmsitrie.h"
 
 namespace Ui {
@@ -14,10 +13,10 @@ class ChoixAnecar;
 
 namespace quelvar::forms {
 
-class ChoixAnecar : public QDialog {
+class ChoixAnecar : public Forme {
   Q_OBJECT
  public:
-  ChoixAnecar(Principal& principal, const Contexte& contexte, factor::PreparationAnecar preparation);
+  ChoixAnecar(Services& services, factor::PreparationAnecar preparation);
   ~ChoixAnecar() override;
 
  private:
@@ -28,14 +27,12 @@ class ChoixAnecar : public QDialog {
   factor::OptionsAnecar Options() const;
   void LancerAnalyse();
 
-  Principal& principal_;
-  Contexte contexte_;  // of the generic that the form was opened on
   factor::PreparationAnecar preparation_;
   std::unique_ptr<Ui::ChoixAnecar> ui_;
   frmSiTrié* siTrie_ = nullptr;
 };
 
 // At level 1 runs the analysis at once.
-void OuvrirAnecar(Principal& principal);
+void OuvrirAnecar(Services& services);
 
 }  // namespace quelvar::forms

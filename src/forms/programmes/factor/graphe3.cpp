@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "core/texte/nombres.h"
-#include "forms/pieces/abandon.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_graphe3.h"
 
@@ -25,10 +24,8 @@ double ValeurDuChamp(const QLineEdit& champ, double presente, double minimum, do
 
 }  // namespace
 
-Graphe3::Graphe3(Principal& principal, const Contexte& contexte, factor::DonneesPlan donnees)
-    : QDialog(&principal, Qt::Window),
-      principal_(principal),
-      contexte_(contexte),
+Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees)
+    : Forme(services, Qt::Window),
       etat_(factor::NouveauPlan(std::move(donnees))),
       ui_(std::make_unique<Ui::Graphe3>()) {
   ui_->setupUi(this);
@@ -38,7 +35,7 @@ Graphe3::Graphe3(Principal& principal, const Contexte& contexte, factor::Donnees
   ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty());
   ui_->CheckIndiv->setVisible(plan.Individus());
   ui_->FrCAH->setEnabled(plan.cah.has_value());
-  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAGraphe")));
+  RelierAide(*ui_->Aide, "mnuAGraphe");
   for (QToolButton* bouton : findChildren<QToolButton*>()) bouton->setAutoRepeat(true);
   RelierAxes();
   RelierPoints();
@@ -181,7 +178,7 @@ void Graphe3::ChangerAxe(QLineEdit& texte, factor::AxePlan& axe) {
   const std::string voulu = DepuisQt(texte.text());
   if (EgalSansCasse(Rogner(voulu), factor::TexteAxe(axe))) return;
   if (!factor::FixerAxe(etat_.donnees, axe, voulu)) {
-    principal_.Ecran().biper();
+    services_.ecran.biper();
     ui_->Information->setPlainText(
         QStringLiteral("Les facteurs vont de 1 à %1 ; la lettre C montre leur CPF.").arg(etat_.donnees.facteurs));
   }
@@ -200,7 +197,7 @@ void Graphe3::RefaireEllipses() {
   etat_.ellipses.clear();
   if (etat_.reglages.ellipses.Aucune()) return;
   bool faites = true;
-  principal_.Lancer([&](const Contexte&) { faites = factor::ActualiserEllipses(contexte_, etat_); });
+  services_.Lancer([&](const Contexte&) { faites = factor::ActualiserEllipses(contexte_, etat_); });
   if (!faites) {
     for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI}) {
       const QSignalBlocker bloque(boite);

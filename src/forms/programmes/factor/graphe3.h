@@ -1,11 +1,10 @@
 // The factor plane: axes, points, size and place, links, classes and ellipses, marks, saving and printing.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
 #include "factor/plan/graphe.h"
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 
 class QLineEdit;
 
@@ -15,10 +14,10 @@ class Graphe3;
 
 namespace quelvar::forms {
 
-class Graphe3 : public QDialog {
+class Graphe3 : public Forme {
   Q_OBJECT
  public:
-  Graphe3(Principal& principal, const Contexte& contexte, factor::DonneesPlan donnees);
+  Graphe3(Services& services, factor::DonneesPlan donnees);
   ~Graphe3() override;
 
  private:
@@ -52,14 +51,12 @@ class Graphe3 : public QDialog {
 
   void Refuser(const Erreur& erreur);
 
-  Principal& principal_;
-  Contexte contexte_;
   factor::EtatPlan etat_;
   std::uint32_t tirages_ = 0;  // times that the colours were drawn at random
   std::unique_ptr<Ui::Graphe3> ui_;
 };
 
 // Prepares the graph and shows the form, in place of the one that is open.
-void OuvrirGraphe3(Principal& principal);
+void OuvrirGraphe3(Services& services);
 
 }  // namespace quelvar::forms

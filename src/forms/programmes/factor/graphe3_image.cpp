@@ -1,7 +1,6 @@
 // What the mouse does on the factor plane, and the files that the form writes.
 #include "factor/classement/coupe.h"
 #include "forms/images/sortiesdessin.h"
-#include "forms/pieces/abandon.h"
 #include "forms/programmes/factor/graphe3.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_graphe3.h"
@@ -68,35 +67,34 @@ void Graphe3::Marquer(const QPointF& page) {
 void Graphe3::CouperLaClassification() {
   const factor::OptionsCoupe options{static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
   std::string nouveau;
-  principal_.Lancer([&](const Contexte&) {
+  services_.Lancer([&](const Contexte&) {
     ExecuterProgramme(
         contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
         [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
   });
-  if (!nouveau.empty()) principal_.AdopterGenerique(nouveau);
+  if (!nouveau.empty()) services_.adopterGenerique(nouveau);
 }
 
 void Graphe3::RelierFichiers() {
-  RelierSorties(*this, principal_, *ui_->Image, contexte_, "Fac",
+  RelierSorties(*this, services_, *ui_->Image, contexte_, "Fac",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
                 [this] { return ui_->Resolution->value(); });
-  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAGraphe")); });
-  new Abandon(*this, *ui_->BoutonQuitter, principal_,
-              [contexte = contexte_](const Contexte&) { factor::QuitterGraphe(contexte); });
+  RelierQuitter(*ui_->BoutonQuitter);
+  AuDepart(factor::QuitterGraphe);
 }
 
 void Graphe3::Refuser(const Erreur& erreur) {
   std::string texte;
   for (const std::string& ligne : LignesDErreur(erreur, {})) texte += Joindre({ligne, "\r\n"});
   ui_->Information->setPlainText(VersQt(texte).remove(u'\r'));
-  principal_.Ecran().biper();
+  services_.ecran.biper();
 }
 
-void OuvrirGraphe3(Principal& principal) {
-  if (auto* ouverte = principal.Ouverte<Graphe3>()) ouverte->close();
+void OuvrirGraphe3(Services& services) {
+  if (!FairePlace<Graphe3>(services)) return;
   std::optional<factor::DonneesPlan> donnees;
-  principal.Lancer([&](const Contexte& contexte) { donnees = factor::PrepGraphe(contexte); });
-  if (donnees) principal.Montrer<Graphe3>(principal.ContexteEnCours(), std::move(*donnees));
+  services.Lancer([&](const Contexte& contexte) { donnees = factor::PrepGraphe(contexte); });
+  if (donnees) Montrer<Graphe3>(services, std::move(*donnees));
 }
 
 }  // namespace quelvar::forms

@@ -3,22 +3,16 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
-#include "forms/pieces/abandon.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixposmod.h"
 
 namespace quelvar::forms {
 
-ChoixPosmod::ChoixPosmod(Principal& principal, modalities::ModePosmod mode, modalities::ChoixPrepare prepare)
-    : QDialog(&principal),
-      principal_(principal),
-      contexte_(principal.ContexteEnCours()),
-      mode_(mode),
-      prepare_(std::move(prepare)),
-      ui_(std::make_unique<Ui::ChoixPosmod>()) {
+ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modalities::ChoixPrepare prepare)
+    : Forme(services), mode_(mode), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::ChoixPosmod>()) {
   ui_->setupUi(this);
-  ui_->FrmOptions->setVisible(principal.SessionEnCours().niveau == 2);
+  ui_->FrmOptions->setVisible(services.session.niveau == 2);
   ui_->FrmIndiv->hide();
   ui_->FrmPos->hide();
   ui_->CaseSup->setVisible(prepare_.ancienMod);
@@ -28,10 +22,11 @@ ChoixPosmod::ChoixPosmod(Principal& principal, modalities::ModePosmod mode, moda
   AlignerBoutons();
   const QString aide =
       mode_ == modalities::ModePosmod::Regr ? QStringLiteral("mnuAPosmodR") : QStringLiteral("mnuAPosmod");
-  ui_->BoutAide->setEnabled(principal.AideExiste(aide));
-  connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { principal_.OuvrirAide(aide); });
+  ui_->BoutAide->setEnabled(services.aide.Existe(aide));
+  connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { services_.aide.Ouvrir(aide); });
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixPosmod::LancerPosmod);
-  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerPosmod);
+  RelierQuitter(*ui_->BoutQuitter);
+  AuDepart(modalities::AbandonnerPosmod);
   MontrerListes();
 }
 
@@ -103,7 +98,7 @@ void ChoixPosmod::MontrerNombres() {
 void ChoixPosmod::ChangerCodesZero(bool sans) {
   MontrerNombres();
   if (!sans || mode_ != modalities::ModePosmod::Regr) return;
-  principal_.Ecran().biper();
+  services_.ecran.biper();
   ui_->TitreNbPos->setText(VersQt(modalities::TexteSansNonReponses(
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, false))));
 }
@@ -134,28 +129,28 @@ void ChoixPosmod::LancerPosmod() {
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));
   if (!refus.empty()) {
-    principal_.Ecran().biper();
+    services_.ecran.biper();
     ui_->TitreNbPos->setText(VersQt(refus));
     return;
   }
-  Principal& principal = principal_;
+  Services& services = services_;
   const Contexte contexte = contexte_;
   accept();  // a long report closes every form: this one is gone by then
-  principal.Lancer([&](const Contexte&) { modalities::Posmod(contexte, options); });
+  services.Lancer([&](const Contexte&) { modalities::Posmod(contexte, options); });
 }
 
 namespace {
 
-void Ouvrir(Principal& principal, modalities::ModePosmod mode) {
-  if (auto* ouverte = principal.Ouverte<ChoixPosmod>()) ouverte->close();
+void Ouvrir(Services& services, modalities::ModePosmod mode) {
+  if (!FairePlace<ChoixPosmod>(services)) return;
   std::optional<modalities::ChoixPrepare> prepare;
-  principal.Lancer([&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, mode); });
-  if (prepare) principal.Montrer<ChoixPosmod>(mode, std::move(*prepare));
+  services.Lancer([&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, mode); });
+  if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(*prepare));
 }
 
 }  // namespace
 
-void OuvrirPosmod(Principal& principal) { Ouvrir(principal, modalities::ModePosmod::Afc); }
-void OuvrirPosmodRegression(Principal& principal) { Ouvrir(principal, modalities::ModePosmod::Regr); }
+void OuvrirPosmod(Services& services) { Ouvrir(services, modalities::ModePosmod::Afc); }
+void OuvrirPosmodRegression(Services& services) { Ouvrir(services, modalities::ModePosmod::Regr); }
 
 }  // namespace quelvar::forms

@@ -1,11 +1,10 @@
 // The choice of the questions that Posmod turns into modalities, for the factor analysis or for the regression.
 #pragma once
 
-#include <QDialog>
 #include <QListWidget>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "modalities/creation/posmod.h"
 
 namespace Ui {
@@ -14,10 +13,10 @@ class ChoixPosmod;
 
 namespace quelvar::forms {
 
-class ChoixPosmod : public QDialog {
+class ChoixPosmod : public Forme {
   Q_OBJECT
  public:
-  ChoixPosmod(Principal& principal, modalities::ModePosmod mode, modalities::ChoixPrepare prepare);
+  ChoixPosmod(Services& services, modalities::ModePosmod mode, modalities::ChoixPrepare prepare);
   ~ChoixPosmod() override;
 
  private:
@@ -32,14 +31,12 @@ class ChoixPosmod : public QDialog {
   modalities::OptionsPosmod Options() const;
   void LancerPosmod();
 
-  Principal& principal_;
-  Contexte contexte_;  // of the generic that the form was opened on
   modalities::ModePosmod mode_;
   modalities::ChoixPrepare prepare_;
   std::unique_ptr<Ui::ChoixPosmod> ui_;
 };
 
-void OuvrirPosmod(Principal& principal);
-void OuvrirPosmodRegression(Principal& principal);
+void OuvrirPosmod(Services& services);
+void OuvrirPosmodRegression(Services& services);
 
 }  // namespace quelvar::forms

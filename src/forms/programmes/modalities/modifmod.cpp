@@ -4,18 +4,13 @@
 #include <QShortcut>
 
 #include "core/enquete/listemod.h"
-#include "forms/pieces/abandon.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_modifmod.h"
 
 namespace quelvar::forms {
 
-ModifMod::ModifMod(Principal& principal)
-    : QDialog(&principal),
-      principal_(principal),
-      contexte_(principal.ContexteEnCours()),
-      etat_(modalities::ChargerModifMod(contexte_)),
-      ui_(std::make_unique<Ui::ModifMod>()) {
+ModifMod::ModifMod(Services& services)
+    : Forme(services), etat_(modalities::ChargerModifMod(contexte_)), ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
   edition_ = new EditionListe(
@@ -33,9 +28,9 @@ ModifMod::ModifMod(Principal& principal)
   espace->setContext(Qt::WidgetShortcut);
   connect(espace, &QShortcut::activated, this, [this] { Basculer(ui_->ListSuppl->currentRow()); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ModifMod::Enregistrer);
-  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerEdition);
-  ui_->BoutAide->setEnabled(principal.AideExiste(QStringLiteral("mnuAModmod")));
-  connect(ui_->BoutAide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAModmod")); });
+  RelierQuitter(*ui_->BoutQuitter);
+  AuDepart(modalities::AbandonnerEdition);
+  RelierAide(*ui_->BoutAide, "mnuAModmod");
   Remplir();
 }
 
@@ -70,10 +65,10 @@ void ModifMod::MontrerStatut(int ligne) {
 void ModifMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerModifMod(contexte_, etat_.textes); });
+  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerModifMod(contexte_, etat_.textes); });
   if (fin == Fin::Normale) accept();
 }
 
-void OuvrirModifMod(Principal& principal) { principal.Montrer<ModifMod>(); }
+void OuvrirModifMod(Services& services) { Montrer<ModifMod>(services); }
 
 }  // namespace quelvar::forms

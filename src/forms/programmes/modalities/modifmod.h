@@ -1,10 +1,9 @@
 // Status and labels of the modalities of the current generic.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
 #include "modalities/edition/modifmod.h"
 
@@ -14,10 +13,10 @@ class ModifMod;
 
 namespace quelvar::forms {
 
-class ModifMod : public QDialog {
+class ModifMod : public Forme {
   Q_OBJECT
  public:
-  explicit ModifMod(Principal& principal);
+  explicit ModifMod(Services& services);
   ~ModifMod() override;
 
  private:
@@ -26,13 +25,11 @@ class ModifMod : public QDialog {
   void MontrerStatut(int ligne);
   void Enregistrer();
 
-  Principal& principal_;
-  Contexte contexte_;  // of the generic that the form was opened on
   modalities::EtatModifMod etat_;
   std::unique_ptr<Ui::ModifMod> ui_;
   EditionListe* edition_ = nullptr;
 };
 
-void OuvrirModifMod(Principal& principal);
+void OuvrirModifMod(Services& services);
 
 }  // namespace quelvar::forms

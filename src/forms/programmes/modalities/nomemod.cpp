@@ -1,7 +1,6 @@
 #include "forms/programmes/modalities/nomemod.h"
 
 #include "core/enquete/listemod.h"
-#include "forms/pieces/abandon.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
@@ -10,17 +9,14 @@
 
 namespace quelvar::forms {
 
-NomeMod::NomeMod(Principal& principal, modalities::ChoixPrepare prepare)
-    : QDialog(&principal),
-      principal_(principal),
-      contexte_(principal.ContexteEnCours()),
-      prepare_(std::move(prepare)),
-      ui_(std::make_unique<Ui::NomeMod>()) {
+NomeMod::NomeMod(Services& services, modalities::ChoixPrepare prepare)
+    : Forme(services), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::NomeMod>()) {
   ui_->setupUi(this);
-  ui_->BoutModif->setVisible(principal.SessionEnCours().niveau == 2);
+  ui_->BoutModif->setVisible(services.session.niveau == 2);
   RelierChoix();
   RelierEdition();
-  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerEdition);
+  RelierQuitter(*ui_->BoutQuitter);
+  AuDepart(modalities::AbandonnerEdition);
   MontrerChoix();
   MontrerModalites();
 }
@@ -73,13 +69,13 @@ void NomeMod::LancerCreation() {
   const std::string_view refus = modalities::RefusDeNommer(
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero));
   if (!refus.empty()) {
-    principal_.Ecran().biper();
+    services_.ecran.biper();
     ui_->TextMsg->setPlainText(VersQt(refus));
     return;
   }
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = modalities::Posmod(contexte_, options); });
+  services_.Lancer([&](const Contexte&) { fin = modalities::Posmod(contexte_, options); });
   if (fin == Fin::Arret) return;
   const modalities::EtatNomeMod creees = modalities::LireModalitesCreees(contexte_);
   modalites_.insert(modalites_.end(), creees.modalites.begin(), creees.modalites.end());
@@ -114,16 +110,16 @@ void NomeMod::Sauver() {
 void NomeMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomeMod(contexte_, modalites_); });
+  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomeMod(contexte_, modalites_); });
   if (fin == Fin::Normale) accept();
 }
 
-void OuvrirNomMod(Principal& principal) {
-  if (auto* ouverte = principal.Ouverte<NomeMod>()) ouverte->close();
+void OuvrirNomMod(Services& services) {
+  if (!FairePlace<NomeMod>(services)) return;
   std::optional<modalities::ChoixPrepare> prepare;
-  principal.Lancer(
+  services.Lancer(
       [&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi); });
-  if (prepare) principal.Montrer<NomeMod>(std::move(*prepare));
+  if (prepare) Montrer<NomeMod>(services, std::move(*prepare));
 }
 
 }  // namespace quelvar::forms

@@ -1,10 +1,9 @@
 // Creation of modalities without reading the data, and their labels.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
 #include "modalities/creation/posmod.h"
 #include "modalities/edition/nomemod.h"
@@ -15,10 +14,10 @@ class NomeMod;
 
 namespace quelvar::forms {
 
-class NomeMod : public QDialog {
+class NomeMod : public Forme {
   Q_OBJECT
  public:
-  NomeMod(Principal& principal, modalities::ChoixPrepare prepare);
+  NomeMod(Services& services, modalities::ChoixPrepare prepare);
   ~NomeMod() override;
 
  private:
@@ -32,14 +31,12 @@ class NomeMod : public QDialog {
   void Sauver();
   void Enregistrer();
 
-  Principal& principal_;
-  Contexte contexte_;  // of the generic that the form was opened on
   modalities::ChoixPrepare prepare_;
   std::vector<modalities::ModaliteNommee> modalites_;
   std::unique_ptr<Ui::NomeMod> ui_;
   EditionListe* edition_ = nullptr;
 };
 
-void OuvrirNomMod(Principal& principal);
+void OuvrirNomMod(Services& services);
 
 }  // namespace quelvar::forms

@@ -1,18 +1,13 @@
 #include "forms/programmes/modalities/nomquest.h"
 
-#include "forms/pieces/abandon.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
 #include "ui_nomquest.h"
 
 namespace quelvar::forms {
 
-NomQuest::NomQuest(Principal& principal)
-    : QDialog(&principal),
-      principal_(principal),
-      contexte_(principal.ContexteEnCours()),
-      etat_(modalities::ChargerNomQuest(contexte_)),
-      ui_(std::make_unique<Ui::NomQuest>()) {
+NomQuest::NomQuest(Services& services)
+    : Forme(services), etat_(modalities::ChargerNomQuest(contexte_)), ui_(std::make_unique<Ui::NomQuest>()) {
   ui_->setupUi(this);
   const auto question = [this](int ligne) -> modalities::NomDeQuestion& {
     return etat_.questions[static_cast<std::size_t>(ligne)];
@@ -29,7 +24,8 @@ NomQuest::NomQuest(Principal& principal)
   connect(edition_, &EditionListe::Refus, this, &NomQuest::MontrerMessage);
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomQuest::Sauver);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomQuest::Enregistrer);
-  new Abandon(*this, *ui_->BoutQuitter, principal, modalities::AbandonnerEdition);
+  RelierQuitter(*ui_->BoutQuitter);
+  AuDepart(modalities::AbandonnerEdition);
   MontrerMessage(EnUnTexte(etat_.message));
   for (QPushButton* bouton : {ui_->BoutSuivant, ui_->BoutSauve, ui_->BoutEnreg})
     bouton->setEnabled(etat_.message.empty());
@@ -49,10 +45,10 @@ void NomQuest::Sauver() {
 void NomQuest::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  principal_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomQuest(contexte_, etat_.questions); });
+  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomQuest(contexte_, etat_.questions); });
   if (fin == Fin::Normale) accept();
 }
 
-void OuvrirNomQuest(Principal& principal) { principal.Montrer<NomQuest>(); }
+void OuvrirNomQuest(Services& services) { Montrer<NomQuest>(services); }
 
 }  // namespace quelvar::forms

@@ -1,10 +1,9 @@
 // The long names of the questions of the current generic.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
 #include "modalities/edition/nomquest.h"
 
@@ -14,10 +13,10 @@ class NomQuest;
 
 namespace quelvar::forms {
 
-class NomQuest : public QDialog {
+class NomQuest : public Forme {
   Q_OBJECT
  public:
-  explicit NomQuest(Principal& principal);
+  explicit NomQuest(Services& services);
   ~NomQuest() override;
 
  private:
@@ -25,13 +24,11 @@ class NomQuest : public QDialog {
   void Sauver();
   void Enregistrer();
 
-  Principal& principal_;
-  Contexte contexte_;  // of the generic that the form was opened on
   modalities::EtatNomQuest etat_;
   std::unique_ptr<Ui::NomQuest> ui_;
   EditionListe* edition_ = nullptr;
 };
 
-void OuvrirNomQuest(Principal& principal);
+void OuvrirNomQuest(Services& services);
 
 }  // namespace quelvar::forms

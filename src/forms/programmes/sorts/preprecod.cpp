@@ -1,6 +1,5 @@
 #include "forms/programmes/sorts/preprecod.h"
 
-#include <QCloseEvent>
 #include <QFontDatabase>
 
 #include "core/programme/erreur.h"
@@ -28,12 +27,8 @@ QString Voisine(const sorts::EtatPrepRecod& etat, const char* titre, std::ptrdif
 
 }  // namespace
 
-PrepRecod::PrepRecod(Principal& principal, sorts::EtatPrepRecod etat)
-    : QDialog(&principal),
-      principal_(principal),
-      contexte_(principal.ContexteEnCours()),
-      etat_(std::move(etat)),
-      ui_(std::make_unique<Ui::PrepRecod>()) {
+PrepRecod::PrepRecod(Services& services, sorts::EtatPrepRecod etat)
+    : Forme(services), etat_(std::move(etat)), ui_(std::make_unique<Ui::PrepRecod>()) {
   ui_->setupUi(this);
   setWindowTitle(VersQt(sorts::kTitrePrepRecod));
   const QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -50,7 +45,7 @@ PrepRecod::PrepRecod(Principal& principal, sorts::EtatPrepRecod etat)
   RelierVit();
   RelierAides();
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &PrepRecod::Enregistrer);
-  connect(ui_->BoutQuitter, &QPushButton::clicked, this, &PrepRecod::reject);
+  RelierQuitter(*ui_->BoutQuitter);
   MontrerQuestion();
   Montrer();
   ui_->ListPos->setFocus();
@@ -210,19 +205,19 @@ void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts)
 }
 
 void PrepRecod::NommerVit() {
-  const std::string nom = principal_.Ecran().saisir(sorts::kDemandeNomVit, {});
+  const std::string nom = services_.ecran.saisir(sorts::kDemandeNomVit, {});
   Agir([&] { sorts::CommencerVit(etat_, nom); });
 }
 
 void PrepRecod::ChoisirCodeDeVit(int rang) {
   Agir([=, this] { sorts::AjouterCodeALaVit(etat_, ui_->ComboVIT->itemData(rang).toInt()); });
   if (!ui_->ChkVITAv->isChecked()) return;
-  const std::string score = principal_.Ecran().saisir(sorts::kDemandeScoreVit, {});
+  const std::string score = services_.ecran.saisir(sorts::kDemandeScoreVit, {});
   Agir([&] { sorts::AjouterScoreALaVit(etat_, score); });
 }
 
 void PrepRecod::EffacerVit() {
-  if (principal_.Ecran().demander(sorts::kConfirmerSuppressionVit, Boutons::OuiNon) != Reponse::Oui) return;
+  if (services_.ecran.demander(sorts::kConfirmerSuppressionVit, Boutons::OuiNon) != Reponse::Oui) return;
   ui_->ComboVIT->clear();
   ui_->TextVIT->setReadOnly(true);
   Agir([this] { sorts::SupprimerVit(etat_); });
@@ -240,34 +235,17 @@ void PrepRecod::Enregistrer() {
   if (enregistre) accept();
 }
 
-void PrepRecod::closeEvent(QCloseEvent* evenement) {
-  parLeProgramme_ = !evenement->spontaneous();
-  QDialog::closeEvent(evenement);
-}
-
-void PrepRecod::reject() {
-  if (etat_.modifie && !parLeProgramme_ &&
-      principal_.Ecran().demander(sorts::kNonSauvegarde, Boutons::OkAnnuler) != Reponse::Ok)
-    return;
-  QDialog::reject();
-}
-
-bool PrepRecod::EstSur(const Contexte& contexte) const {
-  return contexte.repertoire == contexte_.repertoire && contexte.generique == contexte_.generique;
-}
-
-void OuvrirPrepRecod(Principal& principal) {
-  if (auto* ouverte = principal.Ouverte<PrepRecod>()) {
-    if (!ouverte->EstSur(principal.ContexteEnCours())) ouverte->reject();  // asks when there is something to lose
-    if (ouverte->isVisible()) {
-      ouverte->raise();
-      ouverte->activateWindow();
+void OuvrirPrepRecod(Services& services) {
+  if (auto* ouverte = services.formes.Ouverte<PrepRecod>()) {
+    if (ouverte->EstSur(services.ContexteEnCours())) {
+      services.formes.Presenter(*ouverte);
       return;
     }
+    if (!services.formes.Fermer(*ouverte)) return;
   }
   std::optional<sorts::EtatPrepRecod> etat;
-  principal.Lancer([&](const Contexte& contexte) { etat = sorts::PreparerRecodage(contexte); });
-  if (etat) principal.Montrer<PrepRecod>(std::move(*etat));
+  services.Lancer([&](const Contexte& contexte) { etat = sorts::PreparerRecodage(contexte); });
+  if (etat) Montrer<PrepRecod>(services, std::move(*etat));
 }
 
 }  // namespace quelvar::forms

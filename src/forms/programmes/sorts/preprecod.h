@@ -2,10 +2,9 @@
 #pragma once
 
 #include <QComboBox>
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace Ui {
@@ -14,18 +13,13 @@ class PrepRecod;
 
 namespace quelvar::forms {
 
-class PrepRecod : public QDialog {
+class PrepRecod : public Forme {
   Q_OBJECT
  public:
-  PrepRecod(Principal& principal, sorts::EtatPrepRecod etat);
+  PrepRecod(Services& services, sorts::EtatPrepRecod etat);
   ~PrepRecod() override;
 
-  // Whether the form was opened on that generic.
-  bool EstSur(const Contexte& contexte) const;
-  void reject() override;
-
- protected:
-  void closeEvent(QCloseEvent* evenement) override;
+  bool ATravail() const override { return etat_.modifie; }
 
  private:
   void RelierQuestions();
@@ -44,13 +38,10 @@ class PrepRecod : public QDialog {
   void EffacerVit();
   void Enregistrer();
 
-  Principal& principal_;
-  Contexte contexte_;  // of the generic that the form was opened on
   sorts::EtatPrepRecod etat_;
-  bool parLeProgramme_ = false;  // closed by the program, not left by the user
   std::unique_ptr<Ui::PrepRecod> ui_;
 };
 
-void OuvrirPrepRecod(Principal& principal);
+void OuvrirPrepRecod(Services& services);
 
 }  // namespace quelvar::forms

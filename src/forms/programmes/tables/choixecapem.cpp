@@ -4,16 +4,14 @@
 
 namespace quelvar::forms {
 
-ChoixEcapem::ChoixEcapem(Principal& principal)
-    : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::ChoixEcapem>()) {
+ChoixEcapem::ChoixEcapem(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixEcapem>()) {
   ui_->setupUi(this);
-  ui_->Aide->setEnabled(principal.AideExiste(QStringLiteral("mnuAEcapem")));
+  RelierAide(*ui_->Aide, "mnuAEcapem");
   MontrerEtat();
   for (QCheckBox* boite : findChildren<QCheckBox*>())
     connect(boite, &QCheckBox::toggled, this, &ChoixEcapem::MontrerEtat);
   connect(ui_->Lancer, &QPushButton::clicked, this, &ChoixEcapem::LancerAnalyse);
-  connect(ui_->Aide, &QPushButton::clicked, this, [this] { principal_.OuvrirAide(QStringLiteral("mnuAEcapem")); });
-  connect(ui_->Annuler, &QPushButton::clicked, this, &ChoixEcapem::close);
+  RelierQuitter(*ui_->Annuler);
 }
 
 ChoixEcapem::~ChoixEcapem() = default;
@@ -55,10 +53,10 @@ tables::OptionsEcapem ChoixEcapem::Options() const {
 
 void ChoixEcapem::LancerAnalyse() {
   const tables::OptionsEcapem options = Options();
-  principal_.Lancer([&](const Contexte& contexte) { tables::Ecapem(contexte, options); });
-  principal_.FermerFormes();
+  services_.Lancer([&](const Contexte& contexte) { tables::Ecapem(contexte, options); });
+  accept();
 }
 
-void OuvrirChoixEcapem(Principal& principal) { principal.Montrer<ChoixEcapem>(); }
+void OuvrirChoixEcapem(Services& services) { Montrer<ChoixEcapem>(services); }
 
 }  // namespace quelvar::forms

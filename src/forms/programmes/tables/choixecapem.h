@@ -1,10 +1,9 @@
 // "Choix pour le PEM": the options of the table analysis.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 #include "tables/ecapem.h"
 
 namespace Ui {
@@ -13,10 +12,10 @@ class ChoixEcapem;
 
 namespace quelvar::forms {
 
-class ChoixEcapem : public QDialog {
+class ChoixEcapem : public Forme {
   Q_OBJECT
  public:
-  explicit ChoixEcapem(Principal& principal);
+  explicit ChoixEcapem(Services& services);
   ~ChoixEcapem() override;
 
  private:
@@ -24,10 +23,9 @@ class ChoixEcapem : public QDialog {
   tables::OptionsEcapem Options() const;
   void LancerAnalyse();
 
-  Principal& principal_;
   std::unique_ptr<Ui::ChoixEcapem> ui_;
 };
 
-void OuvrirChoixEcapem(Principal& principal);
+void OuvrirChoixEcapem(Services& services);
 
 }  // namespace quelvar::forms

@@ -48,7 +48,7 @@ class FormeAnecar : public testing::Test {
   void ChoisirGenerique(const QString& generique) {
     if (!ouvert_) bureau_.Ouvrir();
     ouvert_ = true;
-    ASSERT_TRUE(bureau_.Fenetre().AccepterGenerique(generique));
+    ASSERT_TRUE(bureau_.Fenetre().ServicesDesFormes().accepterGenerique(generique));
   }
   bool Rapporte(const char* texte) { return bureau_.Texte().contains(QString::fromUtf8(texte)); }
 

@@ -174,7 +174,7 @@ TEST_F(FormesDesModalites, SansModalitesLaFormeResteAvecSonMessage) {
 TEST_F(FormesDesModalites, UneFormeFermeeParLeProgrammeNEcritRien) {
   bureau_.Ecrire("ENQ.MOD", "ENQ\r\n\r\nSEX1\r\n");
   Ouvrir<ModifMod>("mnuModifMod");
-  bureau_.Fenetre().FermerFormes();
+  bureau_.Fenetre().ServicesDesFormes().formes.Fermer();
   QCoreApplication::processEvents();
   EXPECT_FALSE(bureau_.Existe("ENQ.PRT"));
 }
@@ -247,7 +247,7 @@ TEST_F(FormesDesModalites, WhatIsNamedGoesToTheGenericOfTheForm) {
   auto& forme = Ouvrir<NomQuest>("mnuNomQuest");
   CliquerLigne(forme, "ListRecap", 2);
   Taper(forme, "TextMod", "Profession");
-  bureau_.Fenetre().AccepterGenerique("AUTRE");
+  bureau_.Fenetre().ServicesDesFormes().accepterGenerique("AUTRE");
   Cliquer(forme, "BoutSauve");
   EXPECT_EQ(bureau_.Lire("AUTRE.POS"), autre);
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("$Profession$"));

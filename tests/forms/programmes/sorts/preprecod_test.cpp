@@ -10,8 +10,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "forms/cadre/principal2.h"
 #include "forms/pilote.h"
+#include "forms/programmes/sorts/choixrecodage.h"
 
 using namespace quelvar::forms;
 
@@ -23,7 +23,6 @@ using essai::Cliquer;
 using essai::Coche;
 using essai::Pilote;
 using quelvar::forms::PrepRecod;
-using quelvar::forms::Principal2;
 
 class FormeRecodage : public testing::Test {
  protected:
@@ -88,10 +87,10 @@ TEST_F(FormeRecodage, RulesFilterAndVitReachThePosAndTheRecoding) {
 
   bureau_.Menu("mnuOutils");
   pilote.Taper("SUITE");
-  Cliquer(*bureau_.Forme<Principal2>(), "BoutonTriapl");
+  Cliquer(*bureau_.Forme<ChoixRecodage>(), "BoutonTriapl");
   EXPECT_EQ(bureau_.Lire("SUITE.DAT"), "11X12\r\n12X12\r\n");
-  EXPECT_EQ(bureau_.Fenetre().SessionEnCours().generique, "SUITE");
-  EXPECT_EQ(bureau_.Fenetre().SessionEnCours().ancien, "ENQ");
+  EXPECT_EQ(bureau_.Fenetre().ServicesDesFormes().session.generique, "SUITE");
+  EXPECT_EQ(bureau_.Fenetre().ServicesDesFormes().session.ancien, "ENQ");
   EXPECT_TRUE(bureau_.Texte().endsWith("Fin normale du programme\n"));
 }
 
@@ -116,8 +115,12 @@ TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
   Bureau::Dans<QLineEdit>(forme, "TextMod").setText("s");
   Cliquer(forme, "BoutEnCours");
   bureau_.Ecrire("AUTRE.POS", "AUTRE\r\n 1 \r\nREV   1 9\r\n");
-  bureau_.Fenetre().AccepterGenerique("AUTRE");
+  Services& services = bureau_.Fenetre().ServicesDesFormes();
   Pilote pilote;
+  pilote.Cliquer("Annuler");
+  EXPECT_FALSE(services.accepterGenerique("AUTRE"));
+  EXPECT_EQ(services.session.generique, "ENQ") << "the change of generic is given up with the question";
+  services.adopterGenerique("AUTRE");  // as a program does
   pilote.Cliquer("Annuler");
   bureau_.Menu("mnuPrepRecod");
   EXPECT_EQ(bureau_.Forme<PrepRecod>(), &forme) << "what is not saved is not given up for the other generic";
@@ -126,13 +129,13 @@ TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("AGE   212 s$Age$"));
 
   Ouvrir();
-  bureau_.Fenetre().AccepterGenerique("ENQ");
+  bureau_.Fenetre().ServicesDesFormes().accepterGenerique("ENQ");
   EXPECT_EQ(Bureau::Dans<QListWidget>(Ouvrir(), "ListPos").count(), 3) << "opened anew on the present generic";
 }
 
 TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
   bureau_.Menu("mnuOutils");
-  const Principal2& options = *bureau_.Forme<Principal2>();
+  const ChoixRecodage& options = *bureau_.Forme<ChoixRecodage>();
   EXPECT_EQ(options.windowTitle(), "Options du recodage");
   EXPECT_FALSE(Actif(options, "CaseVerif"));
   Cliquer(options, "CaseRepMult");

@@ -1,4 +1,4 @@
-#include "forms/cadre/choixrepertoire.h"
+#include "forms/programmes/session/choixrepertoire.h"
 
 #include <QDir>
 #include <QIcon>

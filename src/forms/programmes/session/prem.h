@@ -1,10 +1,9 @@
 // First use: where the data are to be kept, and the name of the generic.
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
-#include "forms/cadre/principal.h"
+#include "forms/cadre/services.h"
 
 namespace Ui {
 class Prem;
@@ -12,10 +11,10 @@ class Prem;
 
 namespace quelvar::forms {
 
-class Prem : public QDialog {
+class Prem : public Forme {
   Q_OBJECT
  public:
-  explicit Prem(Principal& principal);
+  explicit Prem(Services& services);
   ~Prem() override;
 
  private:
@@ -24,12 +23,11 @@ class Prem : public QDialog {
   void EnregistrerRepertoire();
   void EnregistrerGenerique();
 
-  Principal& principal_;
   std::unique_ptr<Ui::Prem> ui_;
   QString repertoire_;  // once registered
   bool generiqueDonne_ = false;
 };
 
-void OuvrirPrem(Principal& principal);
+void OuvrirPrem(Services& services);
 
 }  // namespace quelvar::forms

@@ -1,4 +1,4 @@
-#include "forms/cadre/prem.h"
+#include "forms/programmes/session/prem.h"
 
 #include <QDir>
 #include <QLayout>
@@ -9,7 +9,7 @@
 
 namespace quelvar::forms {
 
-Prem::Prem(Principal& principal) : QDialog(&principal), principal_(principal), ui_(std::make_unique<Ui::Prem>()) {
+Prem::Prem(Services& services) : Forme(services), ui_(std::make_unique<Ui::Prem>()) {
   ui_->setupUi(this);
   ui_->Repertoires->Aller(QDir::homePath());
   connect(ui_->BdatOui, &QRadioButton::toggled, this, &Prem::MontrerSuite);
@@ -19,14 +19,13 @@ Prem::Prem(Principal& principal) : QDialog(&principal), principal_(principal), u
   connect(ui_->BnomGen, &QPushButton::clicked, this, &Prem::EnregistrerGenerique);
   const auto passer = [this](const char* action) {
     return [this, action] {
-      Principal& bureau = principal_;
       close();
-      bureau.OuvrirProgramme(QString::fromLatin1(action));
+      services_.ouvrirProgramme(QString::fromLatin1(action));
     };
   };
   connect(ui_->Bimport, &QPushButton::clicked, this, passer("mnuImport"));
   connect(ui_->BsaisieDes, &QPushButton::clicked, this, passer("mnuSaisie"));
-  connect(ui_->Bfermer, &QPushButton::clicked, this, &Prem::close);
+  RelierQuitter(*ui_->Bfermer);
 }
 
 Prem::~Prem() = default;
@@ -36,8 +35,8 @@ void Prem::MontrerSuite() {
   const bool existent = ui_->BdatOui->isChecked();
   ui_->FrRepertoire->setEnabled(existent || ui_->BdatNon->isChecked());
   ui_->FrEtape2->setEnabled(!repertoire_.isEmpty());
-  ui_->Bimport->setEnabled(generiqueDonne_ && existent && principal_.ProgrammeExiste(QStringLiteral("mnuImport")));
-  ui_->BsaisieDes->setEnabled(generiqueDonne_ && !existent && principal_.ProgrammeExiste(QStringLiteral("mnuSaisie")));
+  ui_->Bimport->setEnabled(generiqueDonne_ && existent && services_.programmeExiste(QStringLiteral("mnuImport")));
+  ui_->BsaisieDes->setEnabled(generiqueDonne_ && !existent && services_.programmeExiste(QStringLiteral("mnuSaisie")));
   if (repertoire_.isEmpty()) return;
   ui_->LabelDir->setText(
       QStringLiteral("Vos données seront désormais dans le répertoire ") + repertoire_ + u'\n' +
@@ -51,11 +50,11 @@ void Prem::MontrerSuite() {
 }
 
 void Prem::CreerRepertoire() {
-  const std::string nom = principal_.Ecran().saisir("Nom du nouveau répertoire"_w, "");
+  const std::string nom = services_.ecran.saisir("Nom du nouveau répertoire"_w, "");
   if (nom.empty()) return;
   QDir parent(ui_->Repertoires->Designe());
   if (!parent.mkpath(VersQt(nom))) {
-    principal_.Ecran().demander(Joindre({"Le répertoire "_w, nom, " ne peut pas être créé"_w}), Boutons::Ok);
+    services_.ecran.demander(Joindre({"Le répertoire "_w, nom, " ne peut pas être créé"_w}), Boutons::Ok);
     return;
   }
   ui_->Repertoires->Aller(parent.filePath(VersQt(nom)));
@@ -63,24 +62,23 @@ void Prem::CreerRepertoire() {
 
 void Prem::EnregistrerRepertoire() {
   repertoire_ = ui_->Repertoires->Designe();
-  principal_.OuvrirRepertoire(CheminDepuisQt(repertoire_));
+  services_.ouvrirInitialisation(CheminInitialisation(CheminDepuisQt(repertoire_)));
   MontrerSuite();
-  ui_->TxtGen->setText(VersQt(principal_.SessionEnCours().generique));
+  ui_->TxtGen->setText(VersQt(services_.session.generique));
   ui_->TxtGen->setFocus();
 }
 
 void Prem::EnregistrerGenerique() {
-  generiqueDonne_ = principal_.AccepterGenerique(ui_->TxtGen->text());
-  ui_->LabelGen->setText(generiqueDonne_
-                             ? QStringLiteral("Le générique est ") + VersQt(principal_.SessionEnCours().generique)
-                             : QStringLiteral("Pas de nom : recommencer"));
+  generiqueDonne_ = services_.accepterGenerique(ui_->TxtGen->text());
+  ui_->LabelGen->setText(generiqueDonne_ ? QStringLiteral("Le générique est ") + VersQt(services_.session.generique)
+                                         : QStringLiteral("Pas de nom : recommencer"));
   MontrerSuite();
   if (!generiqueDonne_) ui_->TxtGen->setFocus();
 }
 
-void OuvrirPrem(Principal& principal) {
-  principal.CommencerNouvelleUtilisation();
-  principal.Montrer<Prem>();
+void OuvrirPrem(Services& services) {
+  services.commencerNouvelleUtilisation();
+  Montrer<Prem>(services);
 }
 
 }  // namespace quelvar::forms

@@ -1,0 +1,76 @@
+#include "forms/cadre/lanceur.h"
+
+#include <QApplication>
+#include <new>
+#include <optional>
+#include <utility>
+
+#include "forms/cadre/dialogue_qt.h"
+#include "forms/cadre/formes.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+// The flag of a run falls behind everything else: the end of the occupation lets events through, and none of them is to
+// find the window free while the handler that launched the run has not come back to its own code.
+class Drapeau {
+ public:
+  Drapeau(bool& drapeau, Formes& formes) : drapeau_(drapeau), formes_(formes) {
+    drapeau_ = true;
+    formes_.Retenir();
+  }
+  ~Drapeau() {
+    drapeau_ = false;
+    formes_.Relacher();
+  }
+  Drapeau(const Drapeau&) = delete;
+  Drapeau& operator=(const Drapeau&) = delete;
+
+ private:
+  bool& drapeau_;
+  Formes& formes_;
+};
+
+}  // namespace
+
+Lanceur::Lanceur(Formes& formes, std::function<Contexte()> contexte, std::function<void(const Erreur&)> echec)
+    : formes_(formes), contexte_(std::move(contexte)), echec_(std::move(echec)) {}
+
+bool Lanceur::Lancer(const Programme& programme) {
+  if (enCours_) {
+    QApplication::beep();
+    return false;
+  }
+  Executer(programme);
+  if (!attente_.empty()) QMetaObject::invokeMethod(this, &Lanceur::Servir, Qt::QueuedConnection);
+  return true;
+}
+
+void Lanceur::LancerEnsuite(Programme programme) {
+  attente_.push_back(std::move(programme));
+  QMetaObject::invokeMethod(this, &Lanceur::Servir, Qt::QueuedConnection);
+}
+
+void Lanceur::Servir() {
+  if (enCours_ || attente_.empty()) return;  // the end of the run comes back here
+  const Programme programme = std::move(attente_.front());
+  attente_.pop_front();
+  Lancer(programme);
+}
+
+void Lanceur::Executer(const Programme& programme) {
+  const Drapeau drapeau(enCours_, formes_);
+  const Occupation occupation;
+  std::optional<Erreur> echec;
+  try {
+    programme(contexte_());
+  } catch (const Erreur& erreur) {
+    echec = erreur;
+  } catch (const std::bad_alloc&) {
+    echec = Erreur(kMemoireInsuffisante);
+  }
+  if (echec) echec_(*echec);
+}
+
+}  // namespace quelvar::forms

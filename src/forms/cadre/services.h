@@ -1,0 +1,64 @@
+// What a form may ask of the program around it, as programs have their Dialogue: the session, the screen, the runs, the
+// other forms, the help. The main form fills it once and every form gets it by reference.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string_view>
+#include <utility>
+
+#include "core/session/session.h"
+#include "forms/aide/pages.h"
+#include "forms/cadre/formes.h"
+#include "forms/cadre/lanceur.h"
+
+namespace quelvar::forms {
+
+struct Services {
+  QWidget& fenetre;  // the main window, parent of every form
+  Session& session;  // directory, generic, level
+  Dialogue& ecran;   // boxes, files, beep: a form makes none of its own
+  Lanceur& lanceur;
+  Formes& formes;
+  const PagesDAide& aide;
+
+  // A program has moved the data set to another generic; Text1 keeps the report.
+  std::function<void(std::string_view generique)> adopterGenerique;
+  // A program has made files of the current generic: Qvr2.ini is written and the count of individuals read anew.
+  std::function<void()> relireGenerique;
+  // Replaces what Text1 holds by lines that belong to no file.
+  std::function<void(std::string_view texte)> afficherTexte;
+  // By the name of an entry of the menu: whether a program is behind it, and running it.
+  std::function<bool(const QString& entree)> programmeExiste;
+  std::function<void(const QString& entree)> ouvrirProgramme;
+
+  // Moves of the session; those that return false were given up or refused, and have changed nothing.
+  std::function<bool(const Chemin& initialisation)> ouvrirInitialisation;
+  std::function<bool(const QString& saisi)> accepterGenerique;  // what CmdGenOui does with a typed name
+  // A first use: the title says so until a generic is accepted, and entry and import wait for it.
+  std::function<void()> commencerNouvelleUtilisation;
+
+  Contexte ContexteEnCours() const { return {session.repertoire, session.generique, session.niveau, &ecran}; }
+  bool Lancer(const Programme& programme) const { return lanceur.Lancer(programme); }
+};
+
+// Shows the form of that class: the one that is open on the present generic, else a new one made with the services and
+// the arguments. One that is open on another generic goes first, or stays in front when the user keeps its work.
+template <class F, class... Arguments>
+F& Montrer(Services& services, Arguments&&... arguments) {
+  F* forme = services.formes.Ouverte<F>();
+  if (forme != nullptr && !forme->EstSur(services.ContexteEnCours()) && services.formes.Fermer(*forme)) forme = nullptr;
+  if (forme == nullptr) forme = new F(services, std::forward<Arguments>(arguments)...);
+  services.formes.Presenter(*forme);
+  return *forme;
+}
+
+// For a form that opens anew at each demand: closes the one of that class that is open. False when the user keeps the
+// work that it holds; it is then in front.
+template <class F>
+bool FairePlace(Services& services) {
+  F* forme = services.formes.Ouverte<F>();
+  return forme == nullptr || services.formes.Fermer(*forme);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,61 @@
+#include "forms/programmes/sorts/choixrecodage.h"
+
+#include "forms/programmes/sorts/fichierdonnees.h"
+#include "sorts/recodage/recodage.h"
+#include "ui_choixrecodage.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+// The session follows a complete run to the new generic.
+void Recoder(Services& services, sorts::OptionsRecodage options) {
+  Session& session = services.session;
+  sorts::SuiteRecodage suite{session.generique, session.passerModalites};
+  options.suite = &suite;
+  Fin fin = Fin::Arret;
+  services.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
+  session.passerModalites = suite.passerModalites;
+  if (fin == Fin::Normale) services.adopterGenerique(suite.generique);
+}
+
+}  // namespace
+
+ChoixRecodage::ChoixRecodage(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixRecodage>()) {
+  ui_->setupUi(this);
+  connect(ui_->CaseTriang, &QCheckBox::toggled, this, &ChoixRecodage::Accorder);
+  Accorder(ui_->CaseTriang->isChecked());
+  connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixRecodage::LancerRecodage);
+  RelierQuitter(*ui_->BoutonTriaplNull);
+  ui_->BoutonTriapl->setFocus();
+}
+
+ChoixRecodage::~ChoixRecodage() = default;
+
+// Of the two boxes one goes with the recoded questions alone, the other with all questions.
+void ChoixRecodage::Accorder(bool seules) {
+  QCheckBox* exclue = seules ? ui_->CaseRepMult : ui_->CaseVerif;
+  exclue->setChecked(false);
+  exclue->setEnabled(false);
+  (seules ? ui_->CaseVerif : ui_->CaseRepMult)->setEnabled(true);
+}
+
+void ChoixRecodage::LancerRecodage() {
+  const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
+  if (!donnees) return;
+  sorts::OptionsRecodage options;
+  options.seules = ui_->CaseTriang->isChecked();
+  options.enFin = ui_->CaseRepMult->isChecked();
+  options.toutesSelectionnees = !ui_->CaseVerif->isChecked();
+  options.fichierDonnees = *donnees;
+  Recoder(services_, options);
+  accept();
+}
+
+// Its boxes stand at their defaults each time.
+void OuvrirOutils(Services& services) {
+  if (services.session.niveau == 1) Recoder(services, {});
+  else if (FairePlace<ChoixRecodage>(services)) Montrer<ChoixRecodage>(services);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,49 @@
+#include "forms/programmes/sorts/choixtriapl.h"
+
+#include "forms/programmes/sorts/fichierdonnees.h"
+#include "sorts/triapl/triapl.h"
+#include "ui_choixtriapl.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+constexpr int kLimiteDeDepassements = 50;
+
+}  // namespace
+
+ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixTriapl>()) {
+  ui_->setupUi(this);
+  ui_->CaseMod->setChecked(true);
+  ui_->BoutNROui->setChecked(true);
+  connect(ui_->CaseTriang, &QCheckBox::toggled, this, [this](bool coche) {
+    if (coche) ui_->BoutNRNon->setChecked(true);
+  });
+  connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixTriapl::LancerTri);
+  RelierQuitter(*ui_->BoutonTriaplNull);
+  ui_->BoutonTriapl->setFocus();
+}
+
+ChoixTriapl::~ChoixTriapl() = default;
+
+void ChoixTriapl::LancerTri() {
+  const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
+  if (!donnees) return;
+  sorts::OptionsTriapl options;
+  options.intitules = ui_->CaseMod->isChecked();
+  options.nonReponses = ui_->BoutNROui->isChecked();
+  options.triangulaire = ui_->CaseTriang->isChecked();
+  options.reponsesMultiples = ui_->CaseRepMult->isChecked();
+  options.limite = ui_->CaseVerif->isChecked() ? kLimiteDeDepassements : 0;
+  options.fichierDonnees = *donnees;
+  services_.Lancer([&](const Contexte& contexte) { sorts::Triapl(contexte, options); });
+  accept();
+}
+
+// Its boxes stand at their defaults each time.
+void OuvrirTriapl(Services& services) {
+  if (services.session.niveau == 1) services.Lancer([](const Contexte& contexte) { sorts::Triapl(contexte, {}); });
+  else if (FairePlace<ChoixTriapl>(services)) Montrer<ChoixTriapl>(services);
+}
+
+}  // namespace quelvar::forms
