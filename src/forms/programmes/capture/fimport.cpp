@@ -57,7 +57,7 @@ void FImport::LancerImport() {
 
 void FImport::ChoisirFichier() {
   const std::string fichier = services_.ecran.choisirFichier("Fichier du tableau de Burt issu de SAS",
-                                                                "Fichiers *.txt|*.txt|Tous fichiers *.*|*.*");
+                                                             "Fichiers *.txt|*.txt|Tous fichiers *.*|*.*");
   if (!fichier.empty()) ui_->TextFichier->setText(VersQt(fichier));
 }
 

@@ -60,7 +60,7 @@ TEST(FImport, DonneesSeules) {
   EXPECT_EQ(bureau.Forme<FImport>(), nullptr);
   EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 2 \r\n001   1 3\r\n002   2 2\r\n");
   EXPECT_TRUE(bureau.Texte().contains("Question 002 Position    2    Code-max.   2\n   1     1\n   2     1\n"));
-  EXPECT_EQ(bureau.Fenetre().SessionEnCours().individus, 2);
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.individus, 2);
 }
 
 TEST(FImport, TableauDeBurt) {
