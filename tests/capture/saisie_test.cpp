@@ -99,6 +99,9 @@ TEST(EtatSaisie, NombresLongs) {
   Frapper(etat, "Bas \"12345678901234567890\" Bas");
   EXPECT_EQ(etat.reponses[2], "12345678901234567890") << "no digit is lost beyond those of a double";
   RecommencerIndividu(etat);
+  EXPECT_EQ(Frapper(etat, "Bas Bas Haut \"75012\""), 0) << "a number passed without an answer takes all its digits";
+  EXPECT_EQ(etat.reponses[1], "75012");
+  RecommencerIndividu(etat);
   Frapper(etat, "Droite Bas Retour");
   EXPECT_EQ(etat.courante, 2U);
   EXPECT_EQ(etat.reponses[1], "") << "a question jumped keeps its empty answer";

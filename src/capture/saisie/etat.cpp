@@ -79,8 +79,8 @@ void Ecrire(EtatSaisie& etat, char caractere, Effet& effet) {
   const DescriptionDeQuestion& question = etat.Courante();
   if (EstLongue(question) && !EstChiffre(caractere)) return;
   std::string& reponse = etat.reponses[etat.courante];
-  // A long number left and come back to has its blanks behind it.
-  if (EstLongue(question)) reponse = RognerDroite(reponse);
+  // A long number left and come back to has its blanks behind it; the 0 that a look at nothing made is no digit typed.
+  if (EstLongue(question)) reponse = reponse.starts_with("0 ") ? std::string() : std::string(RognerDroite(reponse));
   reponse += etat.majuscules ? Majuscule(caractere) : Minuscule(caractere);
   if (reponse.size() <= LargeurDeChamp(question)) return;
   effet.bip = true;

@@ -38,6 +38,10 @@ void Synchroniser(const Chemin& chemin) {
   if (::fsync(fichier.Numero()) != 0) LeverErrno();
 }
 
+void Raccourcir(const Chemin& chemin, std::uintmax_t taille) {
+  if (::truncate(chemin.c_str(), static_cast<off_t>(taille)) != 0) LeverErrno();
+}
+
 bool EstBlanche(std::string_view ligne) { return Rogner(ligne).empty(); }
 
 }  // namespace
@@ -134,14 +138,20 @@ void FichiersSaisie::Ajouter(std::string_view ligne) {
   Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"));
   pos.Fichier().Ecrire(TextePos(examen_.nonVides + 1));
   pos.Achever();
-  if (synchroniser_) Synchroniser(pos.CheminProvisoire());
+  const bool nouveau = !trace_ || !examen_.propre;
   if (examen_.propre) Allonger(ligne);
   else Recopier(ligne, 0);
-  pos.Valider();
   const Chemin dat = Dat();
+  try {
+    pos.Valider();
+  } catch (...) {  // a record that is not acknowledged must not be there when it is keyed again
+    if (examen_.propre) Raccourcir(dat, examen_.taille);
+    throw;
+  }
+  // The data must be on the disk; .POS follows from them, and Reprendre sets it right should the machine stop now.
   if (synchroniser_) {
     Synchroniser(dat);
-    Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
+    if (nouveau) Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
   }
   if (examen_.propre) {
     ++examen_.lignes;
