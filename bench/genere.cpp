@@ -1,6 +1,7 @@
-// Writes a large survey for measurements: fixed columns with dictionary and labels, or the same table as CSV.
+// Writes a large survey for measurements: fixed columns with dictionary and labels, or the same table as CSV
+// or dBase.
 //
-//   quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv | --actives CODEMAX]
+//   quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv | --dbf | --actives CODEMAX]
 //
 // With --actives every question has that code-max, is marked as active, and the file has no labels.
 // Eight latent classes make the answers depend on each other; about 3 % are non-responses. The same arguments
@@ -112,8 +113,26 @@ char* EcrireCellule(char* p, int code) {
   return p;
 }
 
+enum class Forme { Dat, Csv, Dbf };
+
+// Header and field descriptions of a dBase III file.
+std::string EnteteDbf(const std::vector<Question>& questions, long long individus) {
+  const auto mot = [](std::size_t n) {
+    return std::string{static_cast<char>(n & 255), static_cast<char>(n >> 8 & 255)};
+  };
+  const auto nombre = static_cast<std::size_t>(individus);
+  const auto longueur = static_cast<std::size_t>(questions.back().position + questions.back().largeur);
+  std::string entete = "\x03" + std::string(3, '\0') + mot(nombre) + mot(nombre >> 16) +
+                       mot(33 + 32 * questions.size()) + mot(longueur) + std::string(20, '\0');
+  for (const Question& q : questions)
+    entete += q.nom + std::string(8, '\0') + "N" + std::string(4, '\0') + static_cast<char>(q.largeur) +
+              std::string(15, '\0');
+  return entete + "\r";
+}
+
 void EcrireIndividus(const std::string& nom, const std::string& entete, const std::vector<Question>& questions,
-                     long long individus, bool csv) {
+                     long long individus, Forme forme) {
+  const bool csv = forme == Forme::Csv;
   const Fichier f = Ouvrir(nom);
   std::fwrite(entete.data(), 1, entete.size(), f.get());
   std::vector<char> tampon((1 << 20) + questions.size() * 3 + 32);
@@ -122,13 +141,16 @@ void EcrireIndividus(const std::string& nom, const std::string& entete, const st
   for (long long n = 1; n <= individus; ++n) {
     const std::size_t classe = hasard.Suivant() >> 29;
     if (csv) p = std::to_chars(p, p + 24, n).ptr;
+    if (forme == Forme::Dbf) *p++ = ' ';
     for (const Question& q : questions) {
       const int code = Repondre(q, classe, hasard);
       if (csv) *p++ = ';';
       p = csv ? EcrireCellule(p, code) : EcrireCode(p, code, q.largeur);
     }
-    *p++ = '\r';
-    *p++ = '\n';
+    if (forme != Forme::Dbf) {
+      *p++ = '\r';
+      *p++ = '\n';
+    }
     if (p - tampon.data() >= 1 << 20 || n == individus) {
       std::fwrite(tampon.data(), 1, static_cast<std::size_t>(p - tampon.data()), f.get());
       p = tampon.data();
@@ -161,12 +183,15 @@ void EcrireMod(const std::string& base, const std::string& generique, const std:
 
 int main(int argc, char** argv) {
   const bool csv = argc == 6 && std::strcmp(argv[5], "--csv") == 0;
+  const bool dbf = argc == 6 && std::strcmp(argv[5], "--dbf") == 0;
   const bool actives = argc == 7 && std::strcmp(argv[5], "--actives") == 0;
   const Modele modele{actives ? std::atoi(argv[6]) : 0};
   const long long individus = argc > 3 ? std::atoll(argv[3]) : 0;
   const int nombre = argc > 4 ? std::atoi(argv[4]) : 0;
-  if ((argc != 5 && !csv && !actives) || individus < 1 || nombre < 1 || modele.codeMax < 0 || modele.codeMax > 99) {
-    std::fprintf(stderr, "usage: quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv | --actives CODEMAX]\n");
+  if ((argc != 5 && !csv && !dbf && !actives) || individus < 1 || nombre < 1 || modele.codeMax < 0 ||
+      modele.codeMax > 99) {
+    std::fprintf(stderr,
+                 "usage: quelvar-genere DIR GENERIQUE INDIVIDUS QUESTIONS [--csv | --dbf | --actives CODEMAX]\n");
     return 2;
   }
   const std::string generique = argv[2];
@@ -179,9 +204,11 @@ int main(int argc, char** argv) {
   if (csv) {
     std::string titres = "NUM";
     for (const Question& q : questions) titres += ";" + q.nom + " Question";
-    EcrireIndividus(base + ".CSV", titres + "\r\n", questions, individus, true);
+    EcrireIndividus(base + ".CSV", titres + "\r\n", questions, individus, Forme::Csv);
+  } else if (dbf) {
+    EcrireIndividus(base + ".DBF", EnteteDbf(questions, individus), questions, individus, Forme::Dbf);
   } else {
-    EcrireIndividus(base + ".DAT", "", questions, individus, false);
+    EcrireIndividus(base + ".DAT", "", questions, individus, Forme::Dat);
     EcrirePos(base, generique, questions, individus, modele);
     if (!actives) EcrireMod(base, generique, questions);
   }

@@ -15,6 +15,7 @@ cmake --build "$racine/build/release" --target quelvar-batch quelvar-genere quel
 "$bin/quelvar-genere" . MILLION 1000000 100
 "$bin/quelvar-genere" . TCENT 100000 100 --csv
 "$bin/quelvar-genere" . TMILLION 1000000 100 --csv
+"$bin/quelvar-genere" . DCENT 100000 100 --dbf
 
 # ligne NOM FICHIER AVANT COMMANDE... : one row of the table
 ligne() {
@@ -66,6 +67,16 @@ rm -f PONDER?.* MILLIOO.*
 for g in TCENT TMILLION; do
   ligne "plancher : voir chaque octet" $g.CSV "" "$bin/quelvar-plancher" octets $g.CSV
   programme $g CSV "DAT POS PO2 IMP" import-csv
+done
+ligne "plancher : voir chaque octet" DCENT.DBF "" "$bin/quelvar-plancher" octets DCENT.DBF
+programme DCENT DBF "DAT POS PO2 IMP" import-dbf
+# A hundred records keyed behind 200,000 others, with the disk and without it.
+"$bin/quelvar-genere" . ENTREE 200000 100
+awk 'NR > 2 { printf "%-7s%2d     \r\n", substr($0, 1, 3), substr($0, 8, 2) }' ENTREE.POS >ENTREE.DES
+for n in $(seq 100); do echo "Droite Bas Droite Entree"; done >ENTREE.CLAVIER
+for mode in non oui; do
+  ligne "saisie, 100 enregistrements, synchroniser=$mode" ENTREE.DAT "" \
+    sh -c "$bin/quelvar-batch saisie ENTREE synchroniser=$mode <ENTREE.CLAVIER >/dev/null 2>&1"
 done
 
 # Burt tables of 200, of 1,500 and of 3,500 modalities

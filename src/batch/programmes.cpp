@@ -2,6 +2,7 @@
 
 #include "capture/import_csv_options.h"
 #include "capture/import_options.h"
+#include "capture/saisie/saisie_options.h"
 #include "crosstab/croise_options.h"
 #include "factor/analyse/anecar_options.h"
 #include "factor/classement/coupe_options.h"
@@ -33,6 +34,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeDe(capture::DescriptionImportCsv()),
       ProgrammeDe(capture::DescriptionImportDbf()),
       ProgrammeDe(capture::DescriptionImportTableau()),
+      ProgrammeDe(capture::DescriptionSaisie()),
       ProgrammeDe(sorts::DescriptionTriapl()),
       ProgrammeDe(sorts::DescriptionPrepRecod()),
       ProgrammeDe(sorts::DescriptionRecodage()),

@@ -20,13 +20,13 @@ using namespace quelvar::capture;
 
 namespace {
 
-Description Numerique(const char* nom, int codeMax) {
+DescriptionDeQuestion Numerique(const char* nom, int codeMax) {
   return {CadreGauche(nom, 7), codeMax, false, false, false, {}, ""};
 }
-Description Alpha(const char* nom, int largeur, bool numerique = false) {
+DescriptionDeQuestion Alpha(const char* nom, int largeur, bool numerique = false) {
   return {CadreGauche(nom, 7), largeur, true, numerique, false, {}, ""};
 }
-Description AvecSaut(Description question, char signe, const char* valeur, int nombre) {
+DescriptionDeQuestion AvecSaut(DescriptionDeQuestion question, char signe, const char* valeur, int nombre) {
   question.saut = SautConditionnel{signe, valeur, nombre};
   return question;
 }
@@ -47,14 +47,14 @@ class SaisieTest : public essai::RunDeProgramme {
   Fin Rejouer(const std::string& texte, ModeDEntree mode = ModeDEntree::Touches) {
     OptionsSaisie options;
     options.entree = mode;
-    options.lire = [&texte, place = std::size_t{0}](std::string& ligne) mutable {
+    const auto lire = [&texte, place = std::size_t{0}](std::string& ligne) mutable {
       if (place >= texte.size()) return false;
       const std::size_t fin = std::min(texte.find('\n', place), texte.size());
       ligne = texte.substr(place, fin - place);
       place = fin + 1;
       return true;
     };
-    return Saisie(contexte_, options);
+    return Saisie(contexte_, options, lire);
   }
 };
 
@@ -98,6 +98,9 @@ TEST(EtatSaisie, NombresLongs) {
   EXPECT_EQ(etat.reponses[1], "75123");
   Frapper(etat, "Bas \"12345678901234567890\" Bas");
   EXPECT_EQ(etat.reponses[2], "12345678901234567890") << "no digit is lost beyond those of a double";
+  RecommencerIndividu(etat);
+  EXPECT_EQ(Frapper(etat, "Bas Bas Haut \"75012\""), 0) << "a number passed without an answer takes all its digits";
+  EXPECT_EQ(etat.reponses[1], "75012");
   RecommencerIndividu(etat);
   Frapper(etat, "Droite Bas Retour");
   EXPECT_EQ(etat.courante, 2U);

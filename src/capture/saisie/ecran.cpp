@@ -20,7 +20,7 @@ std::string NomDeModalite(std::string_view question, int code) {
 }  // namespace
 
 std::string_view IntituleDeReponse(const EtatSaisie& etat, std::size_t question, const IntitulesModalites& intitules) {
-  const Description& description = etat.questions[question];
+  const DescriptionDeQuestion& description = etat.questions[question];
   if (!EstCourte(description)) return {};
   const double code = ValeurDe(etat.reponses[question]);
   if (code < 1 || code > kDernierCode) return {};
@@ -48,14 +48,14 @@ std::string ReponseCourante(const EtatSaisie& etat) {
 
 std::string TypeCourant(const EtatSaisie& etat) {
   if (etat.SurFin()) return {};
-  const Description& question = etat.Courante();
+  const DescriptionDeQuestion& question = etat.Courante();
   return Joindre({EstCourte(question) ? " Numérique de code-max ="_w : std::string_view(" Alphanum. de longueur max ="),
                   Nombre(question.nombre)});
 }
 
 std::string_view ConseilCourant(const EtatSaisie& etat) {
   if (etat.SurFin()) return {};
-  const Description& question = etat.Courante();
+  const DescriptionDeQuestion& question = etat.Courante();
   if (!EstVide(question, etat.reponses[etat.courante])) return " Pour modifier, effacer avec Suppr";
   return EstCourte(question) || EstLongue(question) ? " Vide : utiliser le clavier numérique"_w
                                                     : std::string_view(" Vide : utiliser le clavier");

@@ -19,12 +19,12 @@ bool EstImprimable(char c) {
   return octet >= 32 && octet != 127;
 }
 
-std::string ReponseVide(const Description& question) { return EstCourte(question) ? " 0" : ""; }
+std::string ReponseVide(const DescriptionDeQuestion& question) { return EstCourte(question) ? " 0" : ""; }
 std::string ReponseCourte(int code) { return EntierDroit(code, 2); }
 int CodeDe(std::string_view reponse) { return static_cast<int>(ValeurDe(reponse)); }
 
 // Columns of the field in .DAT.
-std::size_t LargeurDeChamp(const Description& question) {
+std::size_t LargeurDeChamp(const DescriptionDeQuestion& question) {
   return static_cast<std::size_t>(std::max(question.Largeur(), 0));
 }
 
@@ -76,11 +76,11 @@ void RepondreDirectement(EtatSaisie& etat, int chiffre, bool attendu, Effet& eff
 }
 
 void Ecrire(EtatSaisie& etat, char caractere, Effet& effet) {
-  const Description& question = etat.Courante();
+  const DescriptionDeQuestion& question = etat.Courante();
   if (EstLongue(question) && !EstChiffre(caractere)) return;
   std::string& reponse = etat.reponses[etat.courante];
-  // A long number left and come back to has its blanks behind it.
-  if (EstLongue(question)) reponse = RognerDroite(reponse);
+  // A long number left and come back to has its blanks behind it; the 0 that a look at nothing made is no digit typed.
+  if (EstLongue(question)) reponse = reponse.starts_with("0 ") ? std::string() : std::string(RognerDroite(reponse));
   reponse += etat.majuscules ? Majuscule(caractere) : Minuscule(caractere);
   if (reponse.size() <= LargeurDeChamp(question)) return;
   effet.bip = true;
@@ -94,7 +94,7 @@ void EcrireCaractere(EtatSaisie& etat, char caractere, bool chiffreAttendu, Effe
 }
 
 void Effacer(EtatSaisie& etat, bool tout) {
-  const Description& question = etat.Courante();
+  const DescriptionDeQuestion& question = etat.Courante();
   std::string& reponse = etat.reponses[etat.courante];
   if (EstCourte(question) || tout) {
     reponse = ReponseVide(question);
@@ -133,7 +133,7 @@ bool Satisfait(const SautConditionnel& saut, std::string_view reponse) {
 void RegarderPrecedente(EtatSaisie& etat) {
   if (etat.courante == 0) return;
   const std::size_t precedente = etat.courante - 1;
-  const Description& question = etat.questions[precedente];
+  const DescriptionDeQuestion& question = etat.questions[precedente];
   std::string& reponse = etat.reponses[precedente];
   const bool inchangee = etat.corrige && reponse == etat.reponsesCorrigees[precedente];
   if (EstLongue(question) && etat.sautees[precedente] == 0 && !inchangee)
@@ -158,7 +158,7 @@ EtatSaisie NouvelleSaisie(const Descripteur& descripteur, std::int64_t faits) {
 
 void RecommencerIndividu(EtatSaisie& etat) {
   etat.reponses.clear();
-  for (const Description& question : etat.questions) etat.reponses.push_back(ReponseVide(question));
+  for (const DescriptionDeQuestion& question : etat.questions) etat.reponses.push_back(ReponseVide(question));
   etat.sautsFaits.assign(etat.questions.size(), 0);
   etat.sautees.assign(etat.questions.size(), 0);
   etat.corrige.reset();
@@ -192,7 +192,11 @@ Effet Frapper(EtatSaisie& etat, Touche touche) {
   return effet;
 }
 
-bool EstVide(const Description& question, std::string_view reponse) {
+bool EstEntame(const EtatSaisie& etat) {
+  return etat.corrige ? etat.reponses != etat.reponsesCorrigees : Enregistrement(etat).has_value();
+}
+
+bool EstVide(const DescriptionDeQuestion& question, std::string_view reponse) {
   if (EstCourte(question)) return ValeurDe(reponse) == 0;
   if (EstLongue(question)) return Decimale(reponse) == "0";
   return Rogner(reponse).empty();
@@ -202,7 +206,7 @@ std::optional<std::string> Enregistrement(const EtatSaisie& etat) {
   std::string ligne;
   bool vide = true;
   for (std::size_t i = 0; i < etat.questions.size(); ++i) {
-    const Description& question = etat.questions[i];
+    const DescriptionDeQuestion& question = etat.questions[i];
     const std::string& reponse = etat.reponses[i];
     const auto largeur = static_cast<int>(LargeurDeChamp(question));
     vide = vide && EstVide(question, reponse);
@@ -219,7 +223,7 @@ void PrendreEnregistrement(EtatSaisie& etat, std::int64_t numero, std::string_vi
   RecommencerIndividu(etat);
   std::size_t debut = 0;
   for (std::size_t i = 0; i < etat.questions.size(); ++i) {
-    const Description& question = etat.questions[i];
+    const DescriptionDeQuestion& question = etat.questions[i];
     const std::size_t largeur = LargeurDeChamp(question);
     const std::string_view champ = Milieu(ligne, debut + 1, largeur);
     debut += largeur;
@@ -233,7 +237,7 @@ void PrendreEnregistrement(EtatSaisie& etat, std::int64_t numero, std::string_vi
 }
 
 bool Repondre(EtatSaisie& etat, std::size_t question, std::string_view reponse) {
-  const Description& description = etat.questions[question];
+  const DescriptionDeQuestion& description = etat.questions[question];
   if (!EstCourte(description)) {
     const bool chiffres = std::all_of(reponse.begin(), reponse.end(), EstChiffre);
     if (reponse.size() > LargeurDeChamp(description) || (EstLongue(description) && !chiffres) ||

@@ -35,7 +35,7 @@ struct Touche {
 };
 
 struct EtatSaisie {
-  std::vector<Description> questions;
+  std::vector<DescriptionDeQuestion> questions;
   std::vector<std::string> reponses;  // a short numeric on two characters (" 0"), the others as typed
   std::vector<char> sautsFaits;       // the skip test has fired for this individual
   std::vector<char> sautees;          // jumped over by a skip test and not visited since
@@ -50,7 +50,7 @@ struct EtatSaisie {
   std::string message;                         // what TextMsg says of the last key
 
   bool SurFin() const { return courante == questions.size(); }
-  const Description& Courante() const { return questions[courante]; }
+  const DescriptionDeQuestion& Courante() const { return questions[courante]; }
 };
 
 // What a key asks of the one who holds the files and the screen.
@@ -77,11 +77,14 @@ void RecommencerIndividu(EtatSaisie& etat);
 // Takes the answers of a record of the data file, to look at them or to correct them.
 void PrendreEnregistrement(EtatSaisie& etat, std::int64_t numero, std::string_view ligne);
 
+// Whether answers would be lost: those of a new individual, or changed ones of a record that is looked at.
+bool EstEntame(const EtatSaisie& etat);
+
 // An answer that says nothing: 0 for a numeric question, blanks for an alphabetic one.
-bool EstVide(const Description& question, std::string_view reponse);
+bool EstVide(const DescriptionDeQuestion& question, std::string_view reponse);
 // Whether the question is answered by its arrows, and not typed.
-inline bool EstCourte(const Description& question) { return !question.alphabetique; }
-inline bool EstLongue(const Description& question) { return question.alphabetique && question.numerique; }
+inline bool EstCourte(const DescriptionDeQuestion& question) { return !question.alphabetique; }
+inline bool EstLongue(const DescriptionDeQuestion& question) { return question.alphabetique && question.numerique; }
 
 // Takes a whole answer as text ("12", "DUPONT"); false, and no change, when the question can't hold it.
 bool Repondre(EtatSaisie& etat, std::size_t question, std::string_view reponse);

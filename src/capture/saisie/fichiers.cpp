@@ -38,6 +38,10 @@ void Synchroniser(const Chemin& chemin) {
   if (::fsync(fichier.Numero()) != 0) LeverErrno();
 }
 
+void Raccourcir(const Chemin& chemin, std::uintmax_t taille) {
+  if (::truncate(chemin.c_str(), static_cast<off_t>(taille)) != 0) LeverErrno();
+}
+
 bool EstBlanche(std::string_view ligne) { return Rogner(ligne).empty(); }
 
 }  // namespace
@@ -47,8 +51,10 @@ ExamenDat ExaminerDat(const Chemin& dat) {
   examen.taille = LongueurFichier(dat);
   LecteurLignes lecteur(dat);
   std::uintmax_t octets = 0;
+  std::size_t premiere = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    ++examen.lignes;
+    if (++examen.lignes == 1) premiere = ligne.size();
+    examen.uniforme = examen.uniforme && ligne.size() == premiere;
     octets += ligne.size() + 2;
     if (!ligne.empty()) examen.longueurDerniere = ligne.size();
     if (!EstBlanche(ligne)) ++examen.nonVides;
@@ -63,7 +69,7 @@ ExamenDat ExaminerDat(const Chemin& dat) {
 std::string LignesDeQuestions(const Descripteur& descripteur) {
   std::string lignes;
   std::int64_t position = 1;
-  for (const Description& description : descripteur.descriptions) {
+  for (const DescriptionDeQuestion& description : descripteur.descriptions) {
     lignes += Joindre({CadreGauche(description.nom, 3), EntierDroit(position, 4), CodeMaxGenere(description),
                        std::string_view("\r\n")});
     position += description.Largeur();
@@ -132,14 +138,20 @@ void FichiersSaisie::Ajouter(std::string_view ligne) {
   Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"));
   pos.Fichier().Ecrire(TextePos(examen_.nonVides + 1));
   pos.Achever();
-  if (synchroniser_) Synchroniser(pos.CheminProvisoire());
+  const bool nouveau = !trace_ || !examen_.propre;
   if (examen_.propre) Allonger(ligne);
   else Recopier(ligne, 0);
-  pos.Valider();
   const Chemin dat = Dat();
+  try {
+    pos.Valider();
+  } catch (...) {  // a record that is not acknowledged must not be there when it is keyed again
+    if (examen_.propre) Raccourcir(dat, examen_.taille);
+    throw;
+  }
+  // The data must be on the disk; .POS follows from them, and Reprendre sets it right should the machine stop now.
   if (synchroniser_) {
     Synchroniser(dat);
-    Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
+    if (nouveau) Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
   }
   if (examen_.propre) {
     ++examen_.lignes;
@@ -148,6 +160,7 @@ void FichiersSaisie::Ajouter(std::string_view ligne) {
     examen_.lignes = examen_.nonVides + 1;
   }
   ++examen_.nonVides;
+  examen_.uniforme = examen_.nonVides == 1 || (examen_.uniforme && ligne.size() == examen_.longueurDerniere);
   examen_.longueurDerniere = ligne.size();
   trace_ = TracerFichier(dat);
   examen_.taille = trace_ ? trace_->taille : 0;
@@ -196,6 +209,11 @@ void FichiersSaisie::Corriger(std::int64_t numero, std::string_view ligne) {
 }
 
 std::string FichiersSaisie::Lire(std::int64_t numero) const {
+  if (examen_.propre && examen_.uniforme && numero >= 1 && numero <= examen_.lignes) {
+    const std::uintmax_t longueur = examen_.longueurDerniere;
+    std::string ligne = LireMorceau(Dat(), static_cast<std::uintmax_t>(numero - 1) * (longueur + 2), longueur);
+    if (ligne.size() == longueur && ligne.find_first_of("\r\n") == std::string::npos) return ligne;
+  }
   LecteurLignes lecteur(Dat());
   std::string_view ligne;
   for (std::int64_t i = 0; i < numero; ++i)

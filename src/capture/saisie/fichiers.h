@@ -19,6 +19,7 @@ struct ExamenDat {
   std::uintmax_t taille = 0;         // bytes
   bool propre = true;                // no empty line, every line ended by CR LF
   bool derniereInachevee = false;    // the last line has no end
+  bool uniforme = true;              // all lines have one length
 };
 // Raises 53, 57, 70 or 75.
 ExamenDat ExaminerDat(const Chemin& dat);

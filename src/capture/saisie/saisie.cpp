@@ -14,7 +14,7 @@ constexpr std::string_view kRapport = "$$$.prt";
 // The fault of a name whose three first characters would end the list of .POS or hide another question of it.
 void SignalerNoms(Descripteur& descripteur) {
   std::unordered_set<std::string> pris;
-  for (const Description& description : descripteur.descriptions) {
+  for (const DescriptionDeQuestion& description : descripteur.descriptions) {
     const std::string court = description.nom.substr(0, 3);
     std::string_view faute;
     if (Rogner(court).empty() || court.find("**") != std::string::npos || court.find("$$") != std::string::npos)
@@ -44,8 +44,7 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
   if (!lue.faute.empty()) return Joindre({"la touche \"", lue.faute, "\" n'existe pas"});
   for (const Frappe& frappe : lue.frappes) {
     if (frappe.enregistrement != 0) {
-      if (!Revoir(saisie, frappe.enregistrement))
-        return Joindre({"il n'y a pas d'enregistrement numéro "_w, Nombre(frappe.enregistrement)});
+      if (std::string refus = Revoir(saisie, frappe.enregistrement); !refus.empty()) return refus;
       continue;
     }
     const Effet effet = Frapper(saisie.etat, frappe.touche);
@@ -64,10 +63,10 @@ std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne)
 }
 
 // True when the text came to its end without a line that can't be taken.
-bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const Dialogue& ecran) {
+bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire, const Dialogue& ecran) {
   std::string ligne;
   bool quitter = false;
-  for (std::int64_t numero = 1; !quitter && options.lire(ligne); ++numero) {
+  for (std::int64_t numero = 1; !quitter && lire(ligne); ++numero) {
     const std::string faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, quitter)
                                                                      : RejouerEnregistrement(saisie, ligne);
     if (faute.empty()) continue;
@@ -116,17 +115,20 @@ void Enregistrer(SaisieEnCours& saisie) {
   etat.message = std::move(message);
 }
 
-bool Revoir(SaisieEnCours& saisie, std::int64_t numero) {
-  if (numero < 1 || numero > saisie.fichiers.Examen().lignes) return false;
+std::string Revoir(SaisieEnCours& saisie, std::int64_t numero) {
+  if (EstEntame(saisie.etat))
+    return std::string("l'enregistrement en cours n'est pas validé : faites Entrée, ou videz-le"_w);
+  if (numero < 1 || numero > saisie.fichiers.Examen().lignes)
+    return Joindre({"il n'y a pas d'enregistrement numéro "_w, Nombre(numero)});
   PrendreEnregistrement(saisie.etat, numero, saisie.fichiers.Lire(numero));
-  return true;
+  return {};
 }
 
 Fin TerminerSaisie(const Contexte& contexte, std::int64_t faits) {
   return ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) { Finir(rapport, faits); });
 }
 
-Fin Saisie(const Contexte& contexte, const OptionsSaisie& options) {
+Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const LectureDeLigne& lire) {
   bool entiere = false;
   const Fin fin = ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) {
     std::optional<SaisieEnCours> saisie =
@@ -135,7 +137,7 @@ Fin Saisie(const Contexte& contexte, const OptionsSaisie& options) {
     saisie->etat.directe = options.directe;
     entiere =
         saisie->fautes.empty() || contexte.Ecran().demander(saisie->fautes, Boutons::OkAnnuler) != Reponse::Annuler;
-    if (entiere) entiere = Rejouer(*saisie, options, contexte.Ecran());
+    if (entiere) entiere = Rejouer(*saisie, options, lire, contexte.Ecran());
     Finir(rapport, saisie->etat.faits);
   });
   return entiere ? fin : Fin::Arret;

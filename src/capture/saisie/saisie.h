@@ -26,8 +26,9 @@ std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte,
 // What Enter asks for: writes the record, or tells that it is empty, and goes on with the next individual. When the
 // disk refuses it, the answers stay and the number is raised.
 void Enregistrer(SaisieEnCours& saisie);
-// Shows a record that was made, for correction; false when there is none of that number.
-bool Revoir(SaisieEnCours& saisie, std::int64_t numero);
+// Shows a record that was made, for correction. Returns why it can't, and then changes nothing: answers that are not
+// written would be lost, or there is no record of that number.
+std::string Revoir(SaisieEnCours& saisie, std::int64_t numero);
 
 // The end of an entry: the report "$$$.prt" with the count of records.
 Fin TerminerSaisie(const Contexte& contexte, std::int64_t faits);
@@ -38,12 +39,15 @@ struct OptionsSaisie {
   ModeDEntree entree = ModeDEntree::Touches;
   bool directe = false;      // CheckDirect
   bool synchroniser = true;  // each record is on the disk before the next one
-  // Gives the next line of the text to replay, in the code page; false at its end.
-  std::function<bool(std::string&)> lire = [](std::string&) { return false; };
+
+  bool operator==(const OptionsSaisie&) const = default;
 };
+
+// Gives the next line of the text to replay, in the code page; false at its end.
+using LectureDeLigne = std::function<bool(std::string& ligne)>;
 
 // Replays an entry. The end of the text ends it as Escape does; a line that can't be taken stops it and is told in a
 // box. The faults of the descriptor are told in a box, where "Annuler" stops.
-Fin Saisie(const Contexte& contexte, const OptionsSaisie& options);
+Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const LectureDeLigne& lire);
 
 }  // namespace quelvar::capture

@@ -108,7 +108,7 @@ std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne) {
     const std::string_view reponse = ligne.substr(0, fin);
     ligne.remove_prefix(std::min(fin + 1, ligne.size()));
     if (Repondre(etat, i, reponse)) continue;
-    const Description& question = etat.questions[i];
+    const DescriptionDeQuestion& question = etat.questions[i];
     const std::string_view attendu = EstCourte(question)   ? "un code de 0 à "_w
                                      : EstLongue(question) ? "un nombre de chiffres d'au plus "_w
                                                            : "un texte de longueur au plus "_w;

@@ -22,7 +22,7 @@ class LecteurDeDescription {
   explicit LecteurDeDescription(Descripteur& descripteur) : descripteur_(descripteur) {}
 
   void Lire(std::string_view ligne) {
-    Description description;
+    DescriptionDeQuestion description;
     description.nom = CadreGauche(Milieu(ligne, 1, 7), 7);
     description.nombre = std::max<int>(Entier16(ValeurDe(Milieu(ligne, 8, 2))), 0);
     description.alphabetique = Majuscules(Milieu(ligne, 10, 1)) == "A";
@@ -35,12 +35,12 @@ class LecteurDeDescription {
   }
 
  private:
-  void Signaler(std::string_view texte, const Description& description) {
+  void Signaler(std::string_view texte, const DescriptionDeQuestion& description) {
     descripteur_.fautes.push_back(Joindre({texte, " Question ", description.nom}));
     ++descripteur_.nombreFautes;
   }
 
-  void ControlerNombre(Description& description) {
+  void ControlerNombre(DescriptionDeQuestion& description) {
     if (description.alphabetique && description.nombre > kLargeurAlphaMaximale) {
       Signaler("*** Attention un code alpha est plus grand que 20 ramené à 20 à la question "_w, description);
       description.nombre = kLargeurAlphaMaximale;
@@ -51,7 +51,7 @@ class LecteurDeDescription {
     }
   }
 
-  void LireSaut(Description& description) {
+  void LireSaut(DescriptionDeQuestion& description) {
     const std::string& options = description.options;
     const std::size_t si = Majuscules(options).find("SI");
     if (si == std::string::npos) return;
@@ -73,7 +73,7 @@ class LecteurDeDescription {
 
 int Descripteur::LongueurEnregistrement() const {
   int longueur = 0;
-  for (const Description& description : descriptions) longueur += description.Largeur();
+  for (const DescriptionDeQuestion& description : descriptions) longueur += description.Largeur();
   return longueur;
 }
 
@@ -112,7 +112,7 @@ std::string LigneDescription(std::string_view nom, int nombre, GenreDescription 
   return Joindre({CadreGauche(nom, 7), EntierDroit(nombre, 2), colonnes, options});
 }
 
-std::string CodeMaxGenere(const Description& description) {
+std::string CodeMaxGenere(const DescriptionDeQuestion& description) {
   if (!description.alphabetique) return TexteCodeMax(description.nombre);
   switch (description.nombre) {
     case 1: return " 9";

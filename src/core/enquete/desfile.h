@@ -18,7 +18,7 @@ struct SautConditionnel {
   int nombre = 0;      // questions to jump
 };
 
-struct Description {
+struct DescriptionDeQuestion {
   std::string nom;            // columns 1-7, padded on the right
   int nombre = 0;             // columns 8-9: code-max, or number of characters
   bool alphabetique = false;  // "A" in column 10: alphabetic or long numeric
@@ -31,7 +31,7 @@ struct Description {
 };
 
 struct Descripteur {
-  std::vector<Description> descriptions;
+  std::vector<DescriptionDeQuestion> descriptions;
   std::vector<std::string> fautes;  // one text a fault, in the order met
   int nombreFautes = 0;             // a record of another length counts for ten
 
@@ -54,6 +54,6 @@ std::string LigneDescription(std::string_view nom, int nombre, GenreDescription 
 
 // Columns 8-9 of the question line that keyed entry generates, with its type mark when it needs one: " 9", "99" and
 // "L3" for alphabetic widths 1 to 3, the width and "A" from 4 on; the code-max, or "L3" from 100 on, else.
-std::string CodeMaxGenere(const Description& description);
+std::string CodeMaxGenere(const DescriptionDeQuestion& description);
 
 }  // namespace quelvar

@@ -2,6 +2,7 @@
 
 #include "forms/aide/frmabout.h"
 #include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/saisief.h"
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/choixanecar.h"
 #include "forms/programmes/factor/graphe3.h"
@@ -25,6 +26,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     // clang-format off
     {"mnuPrem", OuvrirPrem},
     {"mnuChangeRepert", OuvrirRepertoires},
+    {"mnuSaisie", OuvrirSaisie},
     {"mnuImport", OuvrirImport},
     {"mnuTriapl", OuvrirTriapl},
     {"mnuCroise", OuvrirChoixVar},

@@ -1,0 +1,100 @@
+#include "forms/programmes/capture/saisiedes.h"
+
+#include <QFontDatabase>
+
+#include "forms/texte/texte_qt.h"
+#include "ui_saisiedes.h"
+
+namespace quelvar::forms {
+
+SaisieDes::SaisieDes(Services& services) : Forme(services), ui_(std::make_unique<Ui::SaisieDes>()) {
+  ui_->setupUi(this);
+  for (int code = 1; code <= capture::kLargeurAlpha; ++code) ui_->CodeMax->addItem(QString::number(code));
+  ui_->CodeMax->setCurrentIndex(-1);
+  ui_->ListVar->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  for (QRadioButton* genre : {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2})
+    connect(genre, &QRadioButton::toggled, this, &SaisieDes::ChangerGenre);
+  connect(ui_->BoutCont, &QPushButton::clicked, this, &SaisieDes::Valider);
+  connect(ui_->ListVar, &QListWidget::itemClicked, this, [this] { Reprendre(ui_->ListVar->currentRow()); });
+  connect(ui_->ListVar, &QListWidget::itemActivated, this, [this] { Reprendre(ui_->ListVar->currentRow()); });
+  connect(ui_->BoutEnreg, &QPushButton::clicked, this, &SaisieDes::EnregistrerEtQuitter);
+  connect(ui_->BoutSaisie, &QPushButton::clicked, this, &SaisieDes::PasserALaSaisie);
+  // Its caption says that nothing is saved: it does not ask.
+  connect(ui_->BoutArret, &QPushButton::clicked, this, [this] {
+    change_ = false;
+    reject();
+  });
+  RelierAide(*ui_->BoutAide, "mnuASaisie");
+  ChangerGenre();
+  MontrerListe();
+}
+
+SaisieDes::~SaisieDes() = default;
+
+GenreDescription SaisieDes::Genre() const {
+  if (ui_->OptAlpha->isChecked()) return GenreDescription::Alphabetique;
+  return ui_->OptNum2->isChecked() ? GenreDescription::NumeriqueLongue : GenreDescription::NumeriqueCourte;
+}
+
+void SaisieDes::ChangerGenre() { ui_->LibelleCodeMax->setText(VersQt(capture::LibelleCodeMax(Genre()))); }
+
+void SaisieDes::Valider() {
+  const std::string_view refus =
+      capture::ValiderQuestion(etat_, DepuisQt(ui_->TextMod->text()), DepuisQt(ui_->CodeMax->currentText()), Genre());
+  if (!refus.empty()) {
+    services_.ecran.biper();
+    services_.ecran.demander(refus, Boutons::Ok);
+    return;
+  }
+  change_ = true;
+  MontrerListe();
+  ui_->TextMod->clear();
+  ui_->CodeMax->setCurrentIndex(-1);
+  ui_->CodeMax->clearEditText();
+  ui_->OptNum->setChecked(true);
+  ui_->TextMod->setFocus();
+}
+
+void SaisieDes::Reprendre(int ligne) {
+  if (ligne < 0) return;
+  const auto rang = static_cast<std::size_t>(ligne);
+  const capture::DefinitionDeQuestion& question = etat_.questions[rang];
+  etat_.corrigee = rang;
+  ui_->TextMod->setText(VersQt(question.nom));
+  ui_->CodeMax->setEditText(QString::number(question.nombre));
+  QRadioButton* const genres[] = {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2};
+  genres[static_cast<std::size_t>(question.genre)]->setChecked(true);
+  ui_->TextMod->setFocus();
+  ui_->TextMod->selectAll();
+}
+
+void SaisieDes::MontrerListe() {
+  ui_->ListVar->clear();
+  for (const capture::DefinitionDeQuestion& question : etat_.questions)
+    ui_->ListVar->addItem(VersQt(capture::LigneDeQuestion(question)));
+  ui_->ListVar->scrollToBottom();
+  ui_->LabelNombre->setText(QString::number(etat_.questions.size()));
+  for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSaisie}) bouton->setEnabled(!etat_.questions.empty());
+}
+
+bool SaisieDes::Enregistrer() {
+  bool fait = false;
+  services_.Lancer([&](const Contexte&) {
+    capture::EnregistrerDescripteur(contexte_, etat_);
+    fait = true;
+  });
+  if (fait) change_ = false;
+  return fait;
+}
+
+void SaisieDes::EnregistrerEtQuitter() {
+  if (Enregistrer()) accept();
+}
+
+void SaisieDes::PasserALaSaisie() {
+  if (!Enregistrer()) return;
+  accept();
+  services_.ouvrirProgramme(QStringLiteral("mnuSaisie"));
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,38 @@
+// The making of the descriptor of an entry: name and kind of each question, the list of those validated.
+#pragma once
+
+#include <memory>
+
+#include "capture/saisie/descripteur.h"
+#include "forms/cadre/services.h"
+
+namespace Ui {
+class SaisieDes;
+}
+
+namespace quelvar::forms {
+
+class SaisieDes : public Forme {
+  Q_OBJECT
+ public:
+  explicit SaisieDes(Services& services);
+  ~SaisieDes() override;
+
+  bool ATravail() const override { return change_; }
+
+ private:
+  GenreDescription Genre() const;
+  void ChangerGenre();
+  void Valider();
+  void Reprendre(int ligne);
+  void MontrerListe();
+  bool Enregistrer();
+  void EnregistrerEtQuitter();
+  void PasserALaSaisie();
+
+  capture::EtatDescripteur etat_;
+  bool change_ = false;  // questions that no file has
+  std::unique_ptr<Ui::SaisieDes> ui_;
+};
+
+}  // namespace quelvar::forms

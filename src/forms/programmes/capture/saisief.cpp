@@ -1,0 +1,173 @@
+#include "forms/programmes/capture/saisief.h"
+
+#include <QKeyEvent>
+
+#include "capture/saisie/ecran.h"
+#include "forms/programmes/capture/listeenregistrements.h"
+#include "forms/programmes/capture/saisiedes.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_saisief.h"
+
+namespace quelvar::forms {
+
+using capture::EtatSaisie;
+
+Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> saisie)
+    : Forme(services),
+      saisie_(std::move(saisie)),
+      ui_(std::make_unique<Ui::Saisief>()),
+      liste_(new ListeEnregistrements(*saisie_, this)),
+      fautesVues_(saisie_->fautes.empty()) {
+  ui_->setupUi(this);
+  if (const std::optional<Chemin> mod = ChercherMod(contexte_.repertoire, contexte_.Nom(".MOD")))
+    intitules_ = LireIntitules(*mod);
+  ui_->ListEnreg->setModel(liste_);
+  ui_->ListEnreg->installEventFilter(this);
+  ui_->FrListe->setVisible(false);
+  ui_->TextMsg->setPlainText(VersQt(saisie_->fautes));
+  connect(ui_->TextMod, &ZoneDeFrappe::frappe, this, &Saisief::Frapper);
+  connect(ui_->TextMod, &ZoneDeFrappe::listeDemandee, this, &Saisief::MontrerListe);
+  connect(ui_->BoutListe, &QPushButton::clicked, this, &Saisief::MontrerListe);
+  connect(ui_->BoutCont, &QPushButton::clicked, this, &Saisief::Continuer);
+  connect(ui_->CheckDirect, &QCheckBox::toggled, this, [this](bool directe) {
+    saisie_->etat.directe = directe;
+    ui_->TextMod->setFocus();
+  });
+  connect(ui_->ListEnreg->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& index) { Choisir(index.row()); });
+  connect(ui_->ListEnreg, &QListView::clicked, this, [this] { ui_->TextMod->setFocus(); });
+  RelierQuitter(*ui_->BoutArret);
+  AuDepart([saisie = saisie_, relire = services.relireGenerique](const Contexte& contexte) {
+    capture::TerminerSaisie(contexte, saisie->etat.faits);
+    relire();
+  });
+  RelierAide(*ui_->BoutAide, "mnuASaisie");
+  Montrer();
+}
+
+Saisief::~Saisief() = default;
+
+bool Saisief::ATravail() const { return capture::EstEntame(saisie_->etat); }
+
+std::string_view Saisief::QuestionDePerte() const {
+  return "L'enregistrement en cours n'est pas validé : annulez et faites Entrée pour le garder"_w;
+}
+
+void Saisief::Continuer() {
+  fautesVues_ = true;
+  ui_->TextMsg->clear();
+  Montrer();
+}
+
+void Saisief::Frapper(capture::Touche touche, bool tenue) {
+  if (!fautesVues_ || saisie_->etat.questions.empty()) {
+    if (touche.nom == capture::NomDeTouche::Echappement) reject();
+    return;
+  }
+  const capture::Effet effet = capture::Frapper(saisie_->etat, touche);
+  // A key held down against a bound says so once.
+  if (effet.bip && !tenue) services_.ecran.biper();
+  if (effet.demande == capture::Demande::Quitter) return reject();
+  if (effet.demande == capture::Demande::Enregistrer) Enregistrer();
+  Montrer();
+}
+
+// A record that the disk refuses stays on the screen.
+void Saisief::Enregistrer() {
+  try {
+    capture::Enregistrer(*saisie_);
+    liste_->Rafraichir();
+  } catch (const Erreur& erreur) {
+    services_.ecran.biper();
+    services_.ecran.demander(Joindre({"L'enregistrement n'est pas fait : "_w, TexteErreur(erreur.Numero()),
+                                      ". Les réponses restent à l'écran ; refaites Entrée quand c'est réparé."_w}),
+                             Boutons::Ok);
+  }
+}
+
+void Saisief::Montrer() {
+  const EtatSaisie& etat = saisie_->etat;
+  QLabel* const autour[] = {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4};
+  for (int i = 0; i < 5; ++i) autour[i]->setText(VersQt(capture::TexteDeQuestion(etat, i - 5, intitules_)));
+  ui_->Label6->setText(VersQt(capture::TexteDeQuestion(etat, 1, intitules_)));
+  ui_->Label7->setText(VersQt(capture::TexteDeQuestion(etat, 2, intitules_)));
+  ui_->Label5->setText(VersQt(capture::NomCourant(etat)));
+  ui_->TextMod->setText(VersQt(capture::ReponseCourante(etat)));
+  ui_->LabelIntitule->setText(etat.SurFin() ? QString()
+                                            : VersQt(capture::IntituleDeReponse(etat, etat.courante, intitules_)));
+  ui_->LabelType->setText(VersQt(capture::TypeCourant(etat)));
+  ui_->LabelConseil->setText(VersQt(capture::ConseilCourant(etat)));
+  ui_->Label9->setText(VersQt(capture::TexteDesMajuscules(etat)));
+  ui_->LabelFaits->setText(QString::number(etat.faits));
+  ui_->LabelEnCours->setText(etat.corrige ? QStringLiteral("%1 (correction)").arg(*etat.corrige)
+                                          : QString::number(etat.faits + 1));
+  if (fautesVues_) ui_->TextMsg->setPlainText(VersQt(etat.message));
+  ui_->FrMsg->setVisible(!fautesVues_ || !etat.message.empty());
+  ui_->BoutCont->setVisible(!fautesVues_);
+  if (fautesVues_) {
+    if (focusWidget() != ui_->ListEnreg) ui_->TextMod->setFocus();
+  } else {
+    ui_->BoutCont->setFocus();
+  }
+}
+
+void Saisief::MontrerListe() {
+  if (!fautesVues_ || liste_->rowCount() == 0) return;
+  ui_->FrListe->setVisible(true);
+  liste_->Rafraichir();
+  const bool premiere = !ui_->ListEnreg->currentIndex().isValid();
+  ui_->ListEnreg->setFocus();
+  if (premiere) ui_->ListEnreg->setCurrentIndex(liste_->index(liste_->rowCount() - 1));
+  else Choisir(ui_->ListEnreg->currentIndex().row());
+}
+
+void Saisief::Choisir(int rang) {
+  if (rang < 0) return;
+  std::string refus;
+  try {
+    refus = capture::Revoir(*saisie_, rang + 1);
+  } catch (const Erreur&) {  // the line has gone with a change of the file
+    liste_->Rafraichir();
+  }
+  saisie_->etat.message = refus;
+  if (!refus.empty()) {
+    services_.ecran.biper();
+    ui_->TextMod->setFocus();
+  }
+  Montrer();
+}
+
+bool Saisief::eventFilter(QObject* objet, QEvent* evenement) {
+  if (objet == ui_->ListEnreg && evenement->type() == QEvent::KeyPress &&
+      ToucheDeListe(static_cast<QKeyEvent*>(evenement)->key()))
+    return true;
+  return QDialog::eventFilter(objet, evenement);
+}
+
+// Enter in the list goes to the answers of the record, Escape back to the individual that is keyed.
+bool Saisief::ToucheDeListe(int cle) {
+  const bool garder = cle == Qt::Key_Return || cle == Qt::Key_Enter || cle == Qt::Key_F4;
+  if (!garder && cle != Qt::Key_Escape) return false;
+  if (!garder) capture::RecommencerIndividu(saisie_->etat);
+  ui_->TextMod->setFocus();
+  Montrer();
+  return true;
+}
+
+void OuvrirSaisie(Services& services) {
+  if (services.session.generique.empty()) {
+    services.ecran.demander("Donnez d'abord un générique à l'enquête"_w, Boutons::Ok);
+    return;
+  }
+  if (!FairePlace<Saisief>(services) || !FairePlace<SaisieDes>(services)) return;
+  std::optional<capture::SaisieEnCours> saisie;
+  bool descripteur = false;
+  services.Lancer([&](const Contexte& contexte) {
+    saisie = capture::CommencerSaisie(contexte);
+    descripteur = !saisie;
+  });
+  if (saisie) Montrer<Saisief>(services, std::make_shared<capture::SaisieEnCours>(std::move(*saisie)));
+  else if (descripteur) Montrer<SaisieDes>(services);
+}
+
+}  // namespace quelvar::forms
