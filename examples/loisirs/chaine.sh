@@ -3,8 +3,6 @@ quelvar-batch import-csv LOISIRS
 quelvar-batch triapl LOISIRS
 quelvar-batch croise LOISIRS lignes=PRO colonnes=LEC,CIN nonreponses=exclues
 quelvar-batch posmod LOISIRS actives=LEC,MUS,CIN,SPE,EXP,ORD,SPO,MAR supplementaires=SEX,AGE,PRO codeszero=non
-# Les intitulés du .MOD fourni ne portent aucune marque, et une ancienne ligne l'emporte sur le choix des questions.
-quelvar-batch modifmod LOISIRS supplementaires=SEX,AGE,PRO
 quelvar-batch ecapem LOISIRS
 # Les personnes dont on connaît la profession, l'âge en trois classes, un score de sorties et de pratiques culturelles.
 quelvar-batch preprecod LOISIRS regle=AGE=1-2=1/3-5=2/6-8=3 filtre=excl:PRO=0 vit=CUL=LEC=1,MUS=1,CIN=1,SPE=1,EXP=1,INS=1

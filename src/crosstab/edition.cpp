@@ -87,7 +87,9 @@ std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const
 }
 
 int LargeurDesEffectifs(double maximum, int decimales, int minimum) {
-  return std::max(minimum, static_cast<int>(NombreFixe(maximum, 0, decimales).size()) + 1);
+  constexpr int kAssezLarge = 30;
+  const std::string texte = NombreFixe(maximum, kAssezLarge, decimales);
+  return std::max(minimum, static_cast<int>(Rogner(texte).size()) + 1);
 }
 
 std::string TextePourcentage(double pourcentage) { return Dixiemes(EnDixiemes(pourcentage), kLargeurPourcentage); }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "crosstab/edition.h"
 #include "support/programme.h"
 
 using namespace quelvar::crosstab;
@@ -60,6 +61,16 @@ TEST_F(ChoixVarTest, UnSeulTableau) {
   EXPECT_TRUE(demande->retenir);
   ChoisirUnSeul(etat, false, dialogue_);
   EXPECT_EQ(TexteLancer(etat), "Lancer les tris");
+}
+
+TEST(Edition, ACountFitsWithOneBlankBeforeIt) {
+  const struct {
+    double maximum;
+    int decimales, minimum, largeur;
+  } cas[] = {{0, 0, 5, 5},     {9999, 0, 5, 5}, {9999.5, 0, 5, 6}, {10000, 0, 5, 6},
+             {999.9, 1, 6, 6}, {1000, 1, 6, 7}, {1e9, 0, 7, 11}};
+  for (const auto& [maximum, decimales, minimum, largeur] : cas)
+    EXPECT_EQ(LargeurDesEffectifs(maximum, decimales, minimum), largeur) << maximum;
 }
 
 TEST_F(ChoixVarTest, Editions) {

@@ -105,7 +105,16 @@ PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const Pre
   return plan;
 }
 
-void RefuserTableau(Rapport& rapport, const Contexte& contexte, const PlanAnecar& plan) {
+void RefuserTableau(Rapport& rapport, const Contexte& contexte, const PlanAnecar& plan, const OptionsAnecar& options) {
+  const bool sansIndividus = plan.genre == GenreTableau::BurtCarre;
+  if (sansIndividus && options.codageLogique)
+    Refuser(rapport, contexte,
+            "*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
+            "modalités avec les individus pour analyser leur codage logique"_w);
+  if (sansIndividus && options.classification && options.classification->individus)
+    Refuser(rapport, contexte,
+            "*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
+            "modalités avec les individus pour les classer"_w);
   if (plan.lignesActives <= 0)
     Refuser(rapport, contexte, "*** Arret du programme : le tableau n'a pas de ligne active");
   if (plan.colonnes.actifs == 0)
@@ -156,7 +165,7 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   if (plan.decimales > 0)
     ImprimerReconstitution(rapport, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
   DeflaterSupplementaires(tableau, analyse, courant);
-  EcrireCoordonnees(contexte, plan, tableau, analyse, options.inversions);
+  EcrireCoordonnees(contexte, plan, tableau, analyse, options.inversions, options.classification.has_value());
 }
 
 void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
@@ -197,7 +206,7 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   if (options.imprimerLignes) seuils.lignes = reglages.seuilLignes;
   if (reglages.edition == EditionAnecar::Triee) seuils.colonnes = reglages.seuilColonnes;
   ImprimerDimensions(rapport, moteur.plan, seuils);
-  RefuserTableau(rapport, contexte, moteur.plan);
+  RefuserTableau(rapport, contexte, moteur.plan, options);
   ExtraireEtImprimer(rapport, moteur);
   SuiteWard suite{moteur.analyse.facteurs.size(), std::nullopt};
   if (moteur.plan.genre == GenreTableau::BurtEtIndividus && options.classification && options.classification->individus)

@@ -237,7 +237,11 @@ void DeflaterLigneSup(std::span<float> ligne, const Ecarts& ecarts, const Compos
 
 namespace {
 
-std::int16_t PourMille(double valeur) { return valeur > 1000 ? std::int16_t{999} : Entier16(valeur); }
+// What rounding alone brings above 1000 is 1000.
+std::int16_t PourMille(double valeur) {
+  constexpr double kArrondi = 1e-9;
+  return valeur > 1000 * (1 + kArrondi) ? std::int16_t{999} : Entier16(valeur);
+}
 
 }  // namespace
 

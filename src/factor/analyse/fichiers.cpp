@@ -1,5 +1,6 @@
 #include "factor/analyse/fichiers.h"
 
+#include <algorithm>
 #include <numeric>
 #include <string>
 #include <string_view>
@@ -26,7 +27,11 @@ struct CoteAEcrire {
   CoteFacteur FacteurAnecar::*cote;
 };
 
-double PourMille(double inertie, double total) { return total == 0 ? 0 : 1000 * inertie / total; }
+constexpr double kInertieMaximale = 99999;  // five columns
+
+double PourMille(double inertie, double total) {
+  return total == 0 ? 0 : std::min(1000 * inertie / total, kInertieMaximale);
+}
 
 void EcrireFichier(const Contexte& contexte, const AnalyseAnecar& analyse, const CoteAEcrire& source,
                    const std::vector<double>& signes, const std::vector<std::size_t>& ordre,
@@ -49,10 +54,11 @@ void EcrireFichier(const Contexte& contexte, const AnalyseAnecar& analyse, const
   fichier.Valider();
 }
 
-std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFacteurs& inversions) {
+std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFacteurs& inversions,
+                                      bool classification) {
   std::vector<double> signes(facteurs, 1);
-  if (facteurs > inversions.size()) return signes;
-  for (std::size_t k = 0; k < facteurs; ++k)
+  if (facteurs > inversions.size() && !classification) return signes;
+  for (std::size_t k = 0; k < std::min(facteurs, inversions.size()); ++k)
     if (inversions[k]) signes[k] = -1;
   return signes;
 }
@@ -60,8 +66,8 @@ std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFa
 }  // namespace
 
 void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
-                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions) {
-  const std::vector<double> signes = SignesDesFacteurs(analyse.facteurs.size(), inversions);
+                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions, bool classification) {
+  const std::vector<double> signes = SignesDesFacteurs(analyse.facteurs.size(), inversions, classification);
   const CoteAEcrire colonnes{plan.colonnes, analyse.ecarts.colonnes, &FacteurAnecar::colonnes};
   const CoteAEcrire lignes{tableau.lignes, analyse.ecarts.lignes, &FacteurAnecar::lignes};
   const auto enOrdre = [](std::size_t nombre) {

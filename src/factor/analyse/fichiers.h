@@ -9,12 +9,12 @@
 
 namespace quelvar::factor {
 
-// Whether the sign of factor 1, 2 or 3 is reversed; from four factors on none is.
+// Whether the sign of factor 1, 2 or 3 is reversed. From four factors on none is, unless they are to be classified.
 using InversionsDeFacteurs = std::array<bool, 3>;
 
 // Writes the four files anew with the factors found so far; coordinates are thousandths. Raises the numbers of
 // Remplacement.
 void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
-                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions);
+                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions, bool classification);
 
 }  // namespace quelvar::factor

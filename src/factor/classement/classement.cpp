@@ -25,7 +25,7 @@ Population LirePopulation(const Contexte& contexte, std::size_t facteurs, const 
   Population population{std::move(lus.coordonnees), {}};
   for (double& x : population.points.Valeurs()) x /= 1000;
   for (std::size_t i = 0; i < lus.noms.size(); ++i) {
-    const bool nomCourt = options.individus || lus.intitules[i].empty();
+    const bool nomCourt = options.individus || Rogner(lus.intitules[i]).empty();
     population.libelles.push_back(std::move(nomCourt ? lus.noms[i] : lus.intitules[i]));
   }
   return population;

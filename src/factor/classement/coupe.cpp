@@ -5,7 +5,9 @@
 #include <optional>
 #include <string_view>
 
+#include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/session/generique.h"
 #include "core/session/session.h"
@@ -16,6 +18,8 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::size_t kLargeurNumero = 5;
+constexpr std::size_t kLargeurIntitule = 25;
+constexpr std::string_view kSuitesDeNom = "23456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
 // The two numbers that end a step line, in five places each; a sixth stands when a step from 10000 on is taken over.
 std::array<std::int32_t, 2> LireItems(std::string_view items) {
@@ -73,7 +77,7 @@ void ListerClasses(Rapport& rapport, const std::vector<Modalite>& modalites, con
       const auto rang = static_cast<std::size_t>(element - 1);
       if (rang >= modalites.size()) throw Erreur(kIndiceHorsSelection);
       const Modalite& modalite = modalites[rang];
-      if (options.intitulesLongs) rapport.Ligne(Rogner(modalite.intitule));
+      if (options.intitulesLongs) rapport.Ligne(Rogner(modalite.intitule.substr(0, kLargeurIntitule)));
       else rapport.Ligne({Milieu(modalite.nom, 1, 3), "    ", NombreFixe(CodeDuNom(modalite.nom), 2, 0)});
     }
   }
@@ -84,6 +88,9 @@ void ListerClasses(Rapport& rapport, const std::vector<Modalite>& modalites, con
 struct ClassesDIndividus {
   std::vector<int> groupes;
   int nombre = 0;
+
+  // Columns of a class in .DAT.
+  int Largeur() const { return nombre > 99 ? 3 : 2; }
 };
 
 ClassesDIndividus ClasserIndividus(const std::vector<EtapeWard>& etapes, int niveau) {
@@ -110,33 +117,61 @@ void EcrireDonnees(Ecrivain& fichier, const Chemin& donnees, std::size_t longueu
   for (std::string_view ligne; lecteur.Lire(ligne); ++i) {
     fichier.Ecrire(ligne);
     for (std::size_t c = ligne.size(); c < longueur; ++c) fichier.Ecrire(' ');
-    fichier.Ligne(NombreFixe(i < classes.groupes.size() ? classes.groupes[i] : 0, 2, 0));
+    fichier.Ligne(NombreFixe(i < classes.groupes.size() ? classes.groupes[i] : 0, classes.Largeur(), 0));
   }
+}
+
+// AGR, or a name that the former cuts have left free.
+std::string NomDeLaVariable(const FichierPos& pos) {
+  const auto prise = [&](std::string_view nom) { return !RangsDuNom(pos.questions, nom).empty(); };
+  std::string nom = "AGR";
+  for (std::size_t i = 0; prise(nom) && i < kSuitesDeNom.size(); ++i) nom = Joindre({"AG", kSuitesDeNom.substr(i, 1)});
+  if (prise(nom)) throw Erreur(kIndiceHorsSelection);
+  return nom;
 }
 
 void EcrireQuestions(Ecrivain& fichier, const FichierPos& pos, std::size_t longueur, int groupes) {
   for (std::size_t i = 0; i < pos.premiereApres; ++i) fichier.Ligne(pos.lignes[i]);
   const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);
-  fichier.Ligne(
-      Joindre({"AGR", NombreFixe(static_cast<double>(position), 4, 0), NombreFixe(groupes, 2, 0), " $$ &SUP&"}));
+  fichier.Ligne(Joindre(
+      {NomDeLaVariable(pos), NombreFixe(static_cast<double>(position), 4, 0), TexteCodeMax(groupes), " $$ &SUP&"}));
+}
+
+// A tree of another survey, or of an older state of this one, would give its classes to the wrong elements.
+void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre, std::int64_t presents,
+                    std::string_view extension) {
+  const auto elements = static_cast<std::int64_t>(arbre.etapes.size()) + 1;
+  if (elements == presents || arbre.etapes.empty()) return;
+  Avertir(rapport, contexte.Ecran(),
+          Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
+                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents),
+                   ": relancez l'analyse factorielle avec la classification"_w}));
+  throw Erreur(kArretAnnonce);
+}
+
+// Lines of the data that a run reads.
+std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
+  const std::int64_t lignes = CompterLignes(donnees);
+  return taille.individus > 0 ? std::min(taille.individus, lignes) : lignes;
 }
 
 // The next generic with the variable of the classes.
-std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const std::vector<EtapeWard>& etapes,
-                           int niveau) {
+std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre, int niveau) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   ExigerFichiers(rapport, contexte.Ecran(),
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
                  kArretAbsenceSansAccents);
-  const ClassesDIndividus classes = ClasserIndividus(etapes, niveau);
+  const FichierPos questions = LirePos(*pos);
+  ExigerElements(contexte, rapport, arbre, IndividusLus(*donnees, questions.taille), ".DAT");
+  const ClassesDIndividus classes = ClasserIndividus(arbre.etapes, niveau);
   const std::string nouveau = GeneriqueSuivant(contexte.generique);
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
 
   Remplacement nouvellesDonnees(contexte.repertoire, nouveau + ".DAT");
   EcrireDonnees(nouvellesDonnees.Fichier(), *donnees, longueur, classes);
   Remplacement nouveauPos(contexte.repertoire, nouveau + ".POS");
-  EcrireQuestions(nouveauPos.Fichier(), LirePos(*pos), longueur, classes.nombre);
+  EcrireQuestions(nouveauPos.Fichier(), questions, longueur, classes.nombre);
   nouvellesDonnees.Achever();
   nouveauPos.Achever();
   CopierLignes(*contexte.Chercher(".MOD"), contexte.repertoire, nouveau + ".MOD");
@@ -172,10 +207,12 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
   }
   const ArbreCah arbre = LireCah(*cah);
   if (!arbre.individus) {
-    ListerClasses(rapport, LireMod(*mod).modalites, arbre.etapes, options);
+    const std::vector<Modalite> modalites = LireMod(*mod).modalites;
+    ExigerElements(contexte, rapport, arbre, static_cast<std::int64_t>(modalites.size()), ".MOD");
+    ListerClasses(rapport, modalites, arbre.etapes, options);
     return;
   }
-  nouveau = CreerGenerique(contexte, rapport, arbre.etapes, options.niveau);
+  nouveau = CreerGenerique(contexte, rapport, arbre, options.niveau);
   EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
   rapport.Ligne();
   rapport.Ligne({"Nouveau fichier de générique "_w, nouveau});

@@ -83,10 +83,10 @@ void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const Ex
   for (const Fichier& fichier :
        {Fichier{".MOD", "modalites", true}, Fichier{".PEM", "PEM", exigences.liens},
         Fichier{".CAH", "CAH", exigences.cah}, Fichier{".FAJ", "coordonnees factorielles", true}}) {
-    if (contexte.Chercher(fichier.extension)) continue;
+    if (!fichier.exige || contexte.Chercher(fichier.extension)) continue;
     rapport.Ligne({"*** Le fichier de", std::string_view(fichier.extension == ".CAH" ? " " : "s "), fichier.sujet, " ",
                    contexte.Nom(fichier.extension), " n'existe pas"});
-    manque = manque || fichier.exige;
+    manque = true;
   }
   if (manque) Arreter(rapport, contexte, {"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"});
 }

@@ -27,4 +27,11 @@ std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin);
 void ReprendreAnciennes(std::vector<ModaliteCreee>& modalites, std::vector<AncienneModalite>& anciennes, bool oublier,
                         bool nommer);
 
+// Questions of the plan, by their place in it, that have changed sides: every modality, code 0 aside, that the old
+// lines know has the other status there. Marks that differ within a question were made by hand, and stay.
+std::vector<std::size_t> QuestionsPasseesDeLAutreCote(const PlanModalites& plan,
+                                                      const std::vector<AncienneModalite>& anciennes);
+// Gives the modalities of these questions the marks of the choice in place of the old ones; labels stay.
+void MarquerSelonLeChoix(PlanModalites& plan, const std::vector<std::size_t>& questions);
+
 }  // namespace quelvar::modalities

@@ -148,6 +148,30 @@ std::string ConstruireTables(const Contexte& contexte, const Preparation& prepar
   return LigneDeParametres(modalites, options.individus ? lus : -1, largeur);
 }
 
+// The questions whose marks follow today's choice against the old .MOD, once the user has agreed.
+std::vector<std::size_t> DemanderChangements(const FichierPos& pos, const PlanModalites& plan,
+                                             const std::vector<AncienneModalite>& anciennes, Rapport& rapport,
+                                             const Dialogue& dialogue) {
+  std::vector<std::size_t> changees = QuestionsPasseesDeLAutreCote(plan, anciennes);
+  if (changees.empty()) return changees;
+  std::string actives;
+  std::string supplementaires;
+  for (const std::size_t q : changees) {
+    const bool active = !plan.modalites[plan.questions[q].premiere].supplementaire;
+    (active ? actives : supplementaires) += Joindre({" ", pos.questions[plan.questions[q].rang].nom});
+  }
+  std::string texte("Ces questions étaient de l'autre côté dans l'ancien fichier de modalités :"_w);
+  if (!actives.empty()) texte += Joindre({"\r\nmaintenant actives :", actives});
+  if (!supplementaires.empty()) texte += Joindre({"\r\nmaintenant supplémentaires :"_w, supplementaires});
+  texte += "\r\nLe choix d'aujourd'hui l'emporte-t-il ? (Non : les anciennes marques sont gardées)"_w;
+  if (dialogue.demander(texte, Boutons::OuiNon) != Reponse::Oui) return {};
+  rapport.Ligne();
+  if (!actives.empty()) rapport.Ligne({"Questions passées en actives selon le choix :"_w, actives});
+  if (!supplementaires.empty())
+    rapport.Ligne({"Questions passées en supplémentaires selon le choix :"_w, supplementaires});
+  return changees;
+}
+
 void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, const ChoixQuestions& choix,
                   const OptionsPosmod& options, Rapport& rapport) {
   const bool nommer = options.mode == ModePosmod::Modi;
@@ -160,7 +184,11 @@ void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, cons
   PlanModalites plan = PlanifierModalites(preparation.pos, choix, options.codesZero);
   std::vector<AncienneModalite> anciennes;
   if (preparation.ancienMod) anciennes = LireAnciennes(*preparation.ancienMod);
+  std::vector<std::size_t> changees;
+  if (!nommer && !options.oublierAnciennes)
+    changees = DemanderChangements(preparation.pos, plan, anciennes, rapport, contexte.Ecran());
   ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer);
+  MarquerSelonLeChoix(plan, changees);
 
   Sorties sorties;
   const std::string parametres =

@@ -1,5 +1,7 @@
 #include "sorts/triapl/edition.h"
 
+#include <algorithm>
+
 namespace quelvar::sorts {
 
 namespace {
@@ -11,7 +13,11 @@ void EcrireBloc(Rapport& rapport, const TableauPlat& tableau, Bloc bloc) {
   };
   rapport.Suite({tableau.prefixe, "Tot."});
   colonnes([](const ColonneCode& c) { return NombreFixe(c.code, c.largeur, 0); });
-  if (tableau.etiquete) {
+  const auto debut = tableau.colonnes.begin();
+  const bool intitules =
+      std::any_of(debut + static_cast<std::ptrdiff_t>(bloc.premier), debut + static_cast<std::ptrdiff_t>(bloc.fin),
+                  [](const ColonneCode& c) { return !c.texte.empty(); });
+  if (tableau.etiquete && intitules) {
     rapport.Suite({tableau.prefixe, "    "});
     colonnes([](const ColonneCode& c) { return CadreDroit(c.texte, c.largeur); });
   }

@@ -19,24 +19,26 @@ void PoserIntitules(const Question& question, const IntitulesModalites& intitule
   for (std::size_t code = 0; code < codes; ++code) {
     const std::string nom = Joindre({question.nom, CodeCaractere(static_cast<int>(code))});
     const std::string* intitule = intitules.Chercher(nom);
-    if (intitule) tableau.etiquete = true;
     if (colonne == tableau.colonnes.end() || colonne->code != static_cast<int>(code)) continue;
     if (intitule) {
-      colonne->texte = intitule->empty() ? nom : *intitule;
+      tableau.etiquete = true;
+      colonne->texte = Rogner(*intitule).empty() ? nom : *intitule;
       colonne->largeur = std::max(kLargeurColonne, static_cast<int>(colonne->texte.size()) + 1);
     }
     ++colonne;
   }
 }
 
+int Chiffres(double effectif) { return static_cast<int>(Nombre(ArrondirPair(effectif)).size()); }
+
 void Elargir(TableauPlat& tableau) {
   for (ColonneCode& colonne : tableau.colonnes) {
     if (colonne.effectif <= 9999) continue;
-    colonne.largeur = std::max(colonne.largeur, colonne.effectif > 99999 ? 7 : 6);
+    colonne.largeur = std::max(colonne.largeur, Chiffres(colonne.effectif) + 1);
     tableau.elargi = true;
   }
   if (tableau.total <= 9999) return;
-  const int supplement = tableau.total > 99999 ? 2 : 1;
+  const int supplement = Chiffres(tableau.total) - tableau.largeurTotal;
   tableau.prefixe.assign(static_cast<std::size_t>(supplement), ' ');
   tableau.budget -= supplement;
   tableau.largeurTotal += supplement;

@@ -41,8 +41,38 @@ TEST_F(RunPosmod, ASecondRunKeepsWhatTheFirstOneTold) {
   ASSERT_EQ(Posmod(contexte_, options), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.POS"), "T\r\n 2 \r\nSEX   1 2 $S$ &ACT&\r\nAGE   2 2\r\n**\r\nreste\r\n");
   ASSERT_EQ(Posmod(contexte_, {.actives = {{"SEX", "AGE"}}}), Fin::Normale);
-  EXPECT_NE(Lire("ENQ.MOD").find("AGE0 S \r\nAGE1 S \r\nAGE2 S \r\n**\r\n"), std::string::npos)
-      << "the marks of a modality that had gone come back";
+  EXPECT_NE(Lire("ENQ.MOD").find("AGE0 S \r\nAGE1   \r\nAGE2   \r\n**\r\n"), std::string::npos)
+      << "a question that has changed sides follows today's choice";
+}
+
+TEST_F(RunPosmod, TodaysChoiceHoldsForAQuestionThatChangesSides) {
+  const struct {
+    std::string_view ancien;  // marks of AGE1, AGE2 and SEX1 in the old .MOD
+    Reponse reponse;
+    std::string_view boite, marques;  // of AGE1, AGE2, SEX1, SEX2
+  } cas[] = {
+      {"   |   | S ", Reponse::Oui, "actives : SEX\r\nmaintenant supplémentaires : AGE\r\n"_w, " S | S |   |   "},
+      {"   |   | S ", Reponse::Non, "supplémentaires : AGE\r\n"_w, "   |   | S |   "},
+      {" S |   |   ", Reponse::Oui, "", " S |   |   |   "},
+      {" S | S |   ", Reponse::Oui, "", " S | S |   |   "}};
+  for (const auto& [ancien, reponse, boite, marques] : cas) {
+    Ecrire("ENQ.DAT", "12\n21\n");
+    Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2\nAGE   2 2\n");
+    Ecrire("ENQ.MOD", Joindre({"ENQ\n x\nAGE1", ancien.substr(0, 3), "Jeunes\nAGE2", ancien.substr(4, 3), "Vieux\nSEX1",
+                               ancien.substr(8, 3), "Homme\n"}));
+    boites_.clear();
+    bouton_ = reponse;
+    ASSERT_EQ(Posmod(contexte_, {.actives = {{"SEX"}}, .supplementaires = {{"AGE"}}, .codesZero = false}),
+              Fin::Normale);
+    ASSERT_EQ(boites_.size(), boite.empty() ? 0U : 1U);
+    if (!boite.empty()) {
+      EXPECT_NE(boites_[0].find(boite), std::string::npos) << boites_[0];
+    }
+    EXPECT_TRUE(Lire("ENQ.MOD").find(Joindre({"SEX1", marques.substr(8, 3), "Homme\r\nSEX2", marques.substr(12, 3),
+                                              "\r\nAGE1", marques.substr(0, 3), "Jeunes\r\nAGE2", marques.substr(4, 3),
+                                              "Vieux\r\n"})) != std::string::npos)
+        << Lire("ENQ.MOD");
+  }
 }
 
 TEST_F(RunPosmod, TheProgressCoversTheIndividualsAndIsHidden) {

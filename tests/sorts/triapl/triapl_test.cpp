@@ -45,6 +45,8 @@ TEST(TableauPlat, LabelsWidenTheirColumnsAndCutByWidth) {
   EXPECT_EQ(LargeursDe(tableau), (std::vector<std::string>{"30 45 ", "5 5 ", "91 ", "5 "}));
   EXPECT_EQ(tableau.colonnes[2].texte, "AAA3") << "an empty label gives the name";
   EXPECT_EQ(tableau.colonnes[5].texte, "dix");
+  EXPECT_FALSE(DresserTableau(question, {3, 0, 0, 0, 0, 0, 3, 0, 0, 0, 0}, 6, &intitules).etiquete)
+      << "only codes that are there make a question labelled";
   EXPECT_FALSE(DresserTableau(LireLigneQuestion("AAA   136"), std::vector<double>(37, 1.0), 37, &intitules).etiquete)
       << "no modalities from code-max 36 on";
 }
@@ -62,6 +64,9 @@ TEST(TableauPlat, LargeCountsWidenColumnsAndTotal) {
   EXPECT_EQ(moyen.prefixe, " ");
   EXPECT_EQ(moyen.budget, 74);
   EXPECT_EQ(moyen.largeurTotal, 5);
+  const TableauPlat immense = DresserTableau(question, {0, 12345678, 0, 0}, 12345678, nullptr);
+  EXPECT_EQ(LargeursDe(immense), std::vector<std::string>{"9 "});
+  EXPECT_EQ(immense.largeurTotal, 8);
 }
 
 TEST(TableauPlat, SharesRoundHalfUpAndSurviveAnEmptyTotal) {
