@@ -95,8 +95,8 @@ struct EllipsesDeModalite {
   std::int64_t effectif = 0;
   Position centre;
   AxesDInertie axes;
-  std::vector<GenreEllipse> genres;  // those that are wanted
-  std::vector<double> observes = {}; // percent of the individuals inside each of them
+  std::vector<GenreEllipse> genres;   // those that are wanted
+  std::vector<double> observes = {};  // percent of the individuals inside each of them
 };
 
 // Percent of the points that lie inside the ellipse of that kappa around their mean.
