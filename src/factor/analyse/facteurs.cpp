@@ -1,6 +1,7 @@
 #include "factor/analyse/facteurs.h"
 
 #include "core/texte/nombres.h"
+#include "factor/analyse/premier.h"
 
 namespace quelvar::factor {
 
@@ -49,7 +50,9 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre) {
   const Ecarts& ecarts = analyse.ecarts;
   const std::size_t actives = tableau.actives.Lignes();
-  const VecteursSinguliers vecteurs = Iterer(tableau.actives, ecarts, ToursAuPlus(tableau.actives), suivre);
+  const VecteursSinguliers vecteurs =
+      PremierePaire(tableau.actives, ecarts, ecarts.Inertie(analyse.type),
+                    Iterer(tableau.actives, ecarts, ToursAuPlus(tableau.actives), suivre));
   FacteurCourant courant{vecteurs.lignes, vecteurs.colonnes, vecteurs.valeur};
 
   const std::vector<double> sup = ProjeterColonnesSup(tableau.colonnesSup, ecarts, vecteurs);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -64,6 +65,29 @@ void Nuage::Ajouter(double x, double y) {
   sy += y;
   syy += y * y;
   sxy += x * y;
+  points.push_back({x, y});
+}
+
+Position Nuage::Centre() const {
+  const auto n = static_cast<double>(effectif);
+  return {sx / n, sy / n};
+}
+
+double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double kappa) {
+  constexpr double kBord = 1 + 1E-9;
+  const Position centre = nuage.Centre();
+  const double cosinus = std::cos(axes.angle);
+  const double sinus = std::sin(axes.angle);
+  // Along an axis without extent every point is at the centre but for rounding.
+  const auto part = [](double ecart, double lambda) { return lambda > 0 ? ecart * ecart / lambda : 0; };
+  std::int64_t dedans = 0;
+  for (const Position& point : nuage.points) {
+    const double x = point.x - centre.x;
+    const double y = point.y - centre.y;
+    const double distance = part(x * cosinus + y * sinus, axes.lambda1) + part(y * cosinus - x * sinus, axes.lambda2);
+    if (distance <= kappa * kappa * kBord) ++dedans;
+  }
+  return 100 * static_cast<double>(dedans) / static_cast<double>(nuage.effectif);
 }
 
 std::optional<AxesDInertie> AxesDuNuage(const Nuage& nuage) {
@@ -148,24 +172,47 @@ std::vector<std::size_t> PlacesDansLaLigne(const FichierMod& mod, std::span<cons
   return places;
 }
 
-// The point of the modality in the cloud of the individuals.
-Position CentreDe(const ModaliteMarquee& modalite, const DemandeEllipses& demande, std::span<const double> racines) {
-  const auto surLAxe = [&](double coordonnee, const AxeDuPlan& axe) {
-    return (axe.inverse ? -1 : 1) * coordonnee * racines[static_cast<std::size_t>(axe.facteur) - 1];
-  };
-  return {surLAxe(modalite.horizontal, demande.horizontal), surLAxe(modalite.vertical, demande.vertical)};
+// As many lines of coordinates as individuals: their logical coding was the table.
+bool EstCodageLogique(const Contexte& contexte) {
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
+  if (!mod || !fi2) return false;
+  const double individus = LireParametres(LireMod(*mod).parametres, nullptr).lignesSup;
+  return static_cast<double>(CompterLignes(*fi2)) == individus;
 }
 
-void ExigerFichiersDesEllipses(Rapport& rapport, const Contexte& contexte) {
+// The table of the individuals is asked for where they are read from it; the report is that of the analysis done last.
+void ExigerFichiersDesEllipses(Rapport& rapport, const Contexte& contexte, std::string_view analyse) {
   const auto exigence = [&](std::string_view extension) {
     return FichierObligatoire{contexte.Nom(extension), contexte.Chercher(extension).has_value()};
   };
-  ExigerFichiers(rapport, contexte.Ecran(), {exigence(".MOD"), exigence(".AFC"), exigence(".FI2"), exigence(".BRT")},
+  const FichierObligatoire table = EstCodageLogique(contexte) ? FichierObligatoire{{}, true} : exigence(".BRT");
+  ExigerFichiers(rapport, contexte.Ecran(), {exigence(".MOD"), exigence(analyse), exigence(".FI2"), table},
                  kArretAbsence);
 }
 
+std::string_view DerniereAnalyse(const Contexte& contexte) {
+  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
+  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
+  if (!acp) return ".AFC";
+  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
+}
+
+void Situer(const Nuage& nuage, const AxesDInertie& axes, const ChoixEllipses& choix, EllipsesDeModalite& modalite) {
+  const Position centre = nuage.Centre();
+  modalite.effectif = nuage.effectif;
+  modalite.centre = {kMilliemes * centre.x, kMilliemes * centre.y};
+  modalite.axes = axes;
+  for (const GenreEllipse genre : kGenresEllipse) {
+    if (!choix.Voulue(genre)) continue;
+    modalite.genres.push_back(genre);
+    modalite.observes.push_back(PourcentageObserve(nuage, axes, Kappa(genre)));
+  }
+}
+
 std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& contexte, const DemandeEllipses& demande) {
-  ExigerFichiersDesEllipses(rapport, contexte);
+  const std::string_view analyse = DerniereAnalyse(contexte);
+  ExigerFichiersDesEllipses(rapport, contexte, analyse);
   EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
   const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
   const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
@@ -174,12 +221,12 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
   if (parametres.largeur < 1)
     Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
 
-  const std::vector<double> racines = RacinesDesValeursPropres(*contexte.Chercher(".AFC"));
+  const std::vector<double> racines = RacinesDesValeursPropres(*contexte.Chercher(analyse));
   for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
     if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
   std::vector<EllipsesDeModalite> resultat;
   for (const ModaliteMarquee& modalite : demande.modalites)
-    resultat.push_back({modalite.nom, modalite.intitule, 0, CentreDe(modalite, demande, racines), {}, {}});
+    resultat.push_back({modalite.nom, modalite.intitule, 0, {}, {}, {}, {}});
   bool codageLogique = false;
   const std::vector<Position> points =
       PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);
@@ -196,10 +243,7 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
       continue;
     }
     EllipsesDeModalite& modalite = resultat[m];
-    modalite.effectif = nuages[m].effectif;
-    modalite.axes = *axes;
-    std::copy_if(kGenresEllipse.begin(), kGenresEllipse.end(), std::back_inserter(modalite.genres),
-                 [&](GenreEllipse genre) { return demande.choix.Voulue(genre); });
+    Situer(nuages[m], *axes, demande.choix, modalite);
     ImprimerEllipses(rapport, modalite);
     tracees.push_back(std::move(modalite));
   }
@@ -220,11 +264,14 @@ std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& 
 void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite) {
   rapport.Ligne({"Modalité= "_w, modalite.nom, " effectif=", NombreFixe(static_cast<double>(modalite.effectif), 4, 0),
                  " ", modalite.intitule});
-  for (const GenreEllipse genre : modalite.genres) {
-    const double kappa = Kappa(genre);
-    rapport.Ligne(TextesDe(genre).titre);
-    rapport.Ligne({"Kappa=", NombreFixe(kappa, 1, 2),
-                   " Pourcentage d'individus : ", NombreFixe(PourcentageDIndividus(kappa), 2, 1), "%"});
+  for (std::size_t i = 0; i < modalite.genres.size(); ++i) {
+    const double kappa = Kappa(modalite.genres[i]);
+    const std::string attendu = NombreFixe(PourcentageDIndividus(kappa), 2, 1);
+    const std::string observe(Rogner(NombreFixe(modalite.observes[i], 3, 1)));
+    rapport.Ligne(TextesDe(modalite.genres[i]).titre);
+    rapport.Suite({"Kappa=", NombreFixe(kappa, 1, 2), " Pourcentage d'individus : ", attendu, "%"});
+    if (observe != attendu) rapport.Suite({" (observé : "_w, observe, "%)"});
+    rapport.Ligne();
     rapport.Ligne();
   }
 }

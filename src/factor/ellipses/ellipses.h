@@ -47,8 +47,11 @@ std::string SuiteDuTitre(const ChoixEllipses& choix);
 struct Nuage {
   std::int64_t effectif = 0;
   double sx = 0, sxx = 0, sy = 0, syy = 0, sxy = 0;
+  std::vector<Position> points = {};
 
   void Ajouter(double x, double y);
+  // The mean of the points; there is at least one.
+  Position Centre() const;
 };
 
 struct AxesDInertie {
@@ -92,12 +95,16 @@ struct EllipsesDeModalite {
   std::int64_t effectif = 0;
   Position centre;
   AxesDInertie axes;
-  std::vector<GenreEllipse> genres;  // those that are wanted
+  std::vector<GenreEllipse> genres;   // those that are wanted
+  std::vector<double> observes = {};  // percent of the individuals inside each of them
 };
 
-// One drawing of the ellipses: reads .AFC, .FI2, .MOD and .BRT (.CDG after an analysis of the logical coding) anew and
-// writes the report .PRT anew. Modalities without individuals, and those whose ellipse can't be computed (told by a
-// message box), are passed over. Nothing when the run has been stopped; its report has been shown then.
+// Percent of the points that lie inside the ellipse of that kappa around their mean.
+double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double kappa);
+
+// One drawing of the ellipses: reads .AFC or .ACP, .FI2, .MOD and .BRT (.CDG after an analysis of the logical coding)
+// anew and writes the report .PRT anew. Modalities without individuals, and those whose ellipse can't be computed (told
+// by a message box), are passed over. Nothing when the run has been stopped; its report has been shown then.
 std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& contexte,
                                                                 const DemandeEllipses& demande);
 

@@ -121,13 +121,26 @@ TEST_F(RunEllipses, AReversedAxisMirrorsCentreAndCloud) {
   demande_.vertical.inverse = true;
   const auto inverses = Calculer();
   ASSERT_TRUE(droites && inverses);
+  EXPECT_DOUBLE_EQ(droites->at(0).centre.x, 1000) << "the mean of 1000, 3000, 0 and 0";
+  EXPECT_DOUBLE_EQ(droites->at(0).centre.y, 750);
   EXPECT_DOUBLE_EQ(inverses->at(0).centre.x, droites->at(0).centre.x);
   EXPECT_DOUBLE_EQ(inverses->at(0).centre.y, -droites->at(0).centre.y);
   EXPECT_GT(droites->at(0).axes.angle, 0);
   EXPECT_DOUBLE_EQ(inverses->at(0).axes.angle, -droites->at(0).axes.angle);
   EXPECT_DOUBLE_EQ(inverses->at(0).axes.lambda2, droites->at(0).axes.lambda2);
-  EXPECT_NE(Lire("ENQ.PRT").find("Ellipse médiane\r\nKappa=1.18 Pourcentage d'individus : 50.0%\r\n"_w),
-            std::string::npos);
+  EXPECT_NE(Lire("ENQ.PRT").find("Ellipse médiane\r\nKappa=1.18 Pourcentage d'individus : 50.0%"_w), std::string::npos);
+}
+
+TEST(PourcentageObserve, CountsThePointsInside) {
+  Nuage nuage;
+  for (const Position& point : {Position{3, 1}, {-1, 1}, {1, 2}, {1, 0}, {1, 1}}) nuage.Ajouter(point.x, point.y);
+  const AxesDInertie axes = AxesDuNuage(nuage).value();  // 1.6 and 0.4 around (1, 1)
+  EXPECT_DOUBLE_EQ(axes.lambda1, 1.6);
+  EXPECT_DOUBLE_EQ(PourcentageObserve(nuage, axes, 2), 100);
+  EXPECT_DOUBLE_EQ(PourcentageObserve(nuage, axes, 1.5), 20) << "the four others stand at the root of 2.5";
+  Nuage seul;
+  seul.Ajouter(4, 5);
+  EXPECT_DOUBLE_EQ(PourcentageObserve(seul, AxesDuNuage(seul).value(), 1), 100);
 }
 
 TEST_F(RunEllipses, AxesMayBeExchanged) {
@@ -136,13 +149,13 @@ TEST_F(RunEllipses, AxesMayBeExchanged) {
   demande_.modalites[0] = {"A1  ", "Oui", -500, 400};
   const auto ellipses = Calculer();
   ASSERT_TRUE(ellipses);
-  EXPECT_DOUBLE_EQ(ellipses->at(0).centre.x, -100);
+  EXPECT_DOUBLE_EQ(ellipses->at(0).centre.x, 0) << "the mean of the individuals";
   EXPECT_DOUBLE_EQ(ellipses->at(0).axes.angle, std::numbers::pi / 2);
 }
 
 TEST_F(RunEllipses, AfterAnAnalysisOfTheLogicalCodingTheLinesAreThoseOfTheCdg) {
   Ecrire("ENQ.FI2", individus_);
-  Ecrire("ENQ.BRT", entetes_);  // no individual to be read there
+  Effacer("ENQ.BRT");  // nothing to be read there
   const auto ellipses = Calculer();
   ASSERT_TRUE(ellipses);
   EXPECT_EQ(ellipses->at(0).effectif, 4);
