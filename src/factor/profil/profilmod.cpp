@@ -191,6 +191,14 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
 
 }  // namespace
 
+Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
+                          const std::vector<std::string>& noms, const OptionsProfil& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(), [&](Rapport& rapport) {
+    EnregistrerChoix(contexte, textes, noms);
+    ProfilerModalites(rapport, contexte, options);
+  });
+}
+
 Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(),
                            [&](Rapport& rapport) { ProfilerModalites(rapport, contexte, options); });

@@ -35,6 +35,10 @@ EtatProfil ChargerProfil(const Contexte& contexte);
 void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                       const std::vector<std::string>& noms);
 
+// The button of the form: the same, then the run on what was written.
+Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
+                          const std::vector<std::string>& noms, const OptionsProfil& options);
+
 // The form left without a run: the report says so.
 Fin AbandonnerProfil(const Contexte& contexte);
 

@@ -5,6 +5,7 @@
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/choixanecar.h"
 #include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/profilmod.h"
 #include "forms/programmes/modalities/choixposmod.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/programmes/modalities/nomemod.h"
@@ -15,6 +16,9 @@
 #include "forms/programmes/sorts/choixtriapl.h"
 #include "forms/programmes/sorts/preprecod.h"
 #include "forms/programmes/tables/choixecapem.h"
+#include "forms/programmes/tables/graphe.h"
+#include "forms/programmes/utilities/exportcsv.h"
+#include "forms/programmes/utilities/utilitaires.h"
 
 namespace quelvar::forms {
 
@@ -28,6 +32,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuImport", OuvrirImport},
     {"mnuTriapl", OuvrirTriapl},
     {"mnuCroise", OuvrirChoixVar},
+    {"mnuTriang", OuvrirTriang},
     {"mnuNomQuest", OuvrirNomQuest},
     {"mnuNomMod", OuvrirNomMod},
     {"mnuPrepRecod", OuvrirPrepRecod},
@@ -37,10 +42,13 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuEcapem", OuvrirChoixEcapem},
     {"mnuAnecar", OuvrirAnecar},
     {"mnuGraphe", OuvrirGraphe3},
+    {"mnexportCSV", OuvrirExportCsv},
     {"mnuPosmod2", OuvrirPosmodRegression},
     {"mnuAnecarText", OuvrirAnecar},
     {"mnuGrapheText", OuvrirGraphe3},
     {"mnuPEM", OuvrirChoixEcapem},
+    {"mnuProfil", OuvrirProfilMod},
+    {"mnuUtil", OuvrirUtilitaires},
     {"mnuAPropos", OuvrirAPropos},
     // clang-format on
 };
