@@ -6,6 +6,7 @@
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/choixanecar.h"
 #include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/profilmod.h"
 #include "forms/programmes/modalities/choixposmod.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/programmes/modalities/nomemod.h"
@@ -21,6 +22,9 @@
 #include "forms/programmes/text/suplmot.h"
 #include "forms/programmes/text/tabmot.h"
 #include "forms/programmes/text/tabmotagreg.h"
+#include "forms/programmes/tables/graphe.h"
+#include "forms/programmes/utilities/exportcsv.h"
+#include "forms/programmes/utilities/utilitaires.h"
 
 namespace quelvar::forms {
 
@@ -35,6 +39,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuImport", OuvrirImport},
     {"mnuTriapl", OuvrirTriapl},
     {"mnuCroise", OuvrirChoixVar},
+    {"mnuTriang", OuvrirTriang},
     {"mnuNomQuest", OuvrirNomQuest},
     {"mnuNomMod", OuvrirNomMod},
     {"mnuPrepRecod", OuvrirPrepRecod},
@@ -44,6 +49,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuEcapem", OuvrirChoixEcapem},
     {"mnuAnecar", OuvrirAnecar},
     {"mnuGraphe", OuvrirGraphe3},
+    {"mnexportCSV", OuvrirExportCsv},
     {"mnuPosmod2", OuvrirPosmodRegression},
     {"mnuPrepText", OuvrirPrepText},
     {"mnuImpMot", OuvrirSaisieMot},
@@ -53,6 +59,8 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuSupLignes", OuvrirSuplMot},
     {"mnuTabMotAgreg", OuvrirTabMotAgreg},
     {"mnuPEM", OuvrirChoixEcapem},
+    {"mnuProfil", OuvrirProfilMod},
+    {"mnuUtil", OuvrirUtilitaires},
     {"mnuAPropos", OuvrirAPropos},
     // clang-format on
 };

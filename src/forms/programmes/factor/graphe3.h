@@ -47,6 +47,8 @@ class Graphe3 : public Forme {
 
   void Informer(const QPointF& page);
   void Marquer(const QPointF& page);
+  // Merges the marked elements into a new generic, told and confirmed first.
+  void Associer();
   QString Infobulle(const QPointF& page) const;
 
   void Refuser(const Erreur& erreur);

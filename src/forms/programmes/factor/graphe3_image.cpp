@@ -2,7 +2,9 @@
 #include "factor/classement/coupe.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/modalities/modifmod.h"
 #include "forms/texte/texte_qt.h"
+#include "modalities/regroupement/modifburt.h"
 #include "ui_graphe3.h"
 
 namespace quelvar::forms {
@@ -75,7 +77,34 @@ void Graphe3::CouperLaClassification() {
   if (!nouveau.empty()) services_.adopterGenerique(nouveau);
 }
 
+void Graphe3::Associer() {
+  modalities::OptionsModifBurt options;
+  for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i) {
+    if (etat_.reglages.marques[i] == 0) continue;
+    const std::string& nom = etat_.donnees.points[i].nom;
+    if (i < etat_.donnees.colonnes) options.colonnes.push_back(nom);
+    else if (!etat_.donnees.Individus()) options.lignes.push_back(nom);
+  }
+  options.nomColonne = DepuisQt(ui_->TextNouvCol->text());
+  options.nomLigne = DepuisQt(ui_->TextNouvNom->text());
+  const std::string annonce = modalities::AnnonceDuRegroupement(options);
+  if (annonce.empty() ||
+      services_.ecran.demander(
+          Joindre({annonce, "\r\nLe tableau modifié ira dans un nouveau générique. L'acceptez-vous ?"_w}),
+          Boutons::OuiNon) != Reponse::Oui)
+    return;
+  std::string nouveau;
+  options.nouveau = &nouveau;
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = modalities::ModifierBurt(contexte_, options); });
+  if (fin != Fin::Normale) return;
+  Services& services = services_;
+  services.adopterGenerique(nouveau);
+  OuvrirModifMod(services);
+}
+
 void Graphe3::RelierFichiers() {
+  connect(ui_->BoutonAssoc, &QPushButton::clicked, this, &Graphe3::Associer);
   RelierSorties(*this, services_, *ui_->Image, contexte_, "Fac",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
                 [this] { return ui_->Resolution->value(); });

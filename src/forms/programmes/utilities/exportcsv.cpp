@@ -1,0 +1,38 @@
+#include "forms/programmes/utilities/exportcsv.h"
+
+#include "ui_exportcsv.h"
+#include "utilities/exportcsv.h"
+
+namespace quelvar::forms {
+
+ExportCsv::ExportCsv(Services& services) : Forme(services), ui_(std::make_unique<Ui::ExportCsv>()) {
+  ui_->setupUi(this);
+  const utilities::OptionsExportCsv defaut;
+  ui_->OptTab->setChecked(defaut.tabulation);
+  ui_->OptPointVirgule->setChecked(!defaut.tabulation);
+  ui_->OptUtf8->setChecked(defaut.utf8);
+  ui_->OptWindows->setChecked(!defaut.utf8);
+  ui_->OptCodes->setChecked(defaut.codes);
+  ui_->OptIntitules->setChecked(!defaut.codes);
+  connect(ui_->Lancer, &QPushButton::clicked, this, &ExportCsv::Exporter);
+  RelierAide(*ui_->BoutAide, "mnuAUtilitaires");
+  RelierQuitter(*ui_->Annuler);
+}
+
+ExportCsv::~ExportCsv() = default;
+
+void ExportCsv::Exporter() {
+  const utilities::OptionsExportCsv options{ui_->OptTab->isChecked(), ui_->OptUtf8->isChecked(),
+                                            ui_->OptCodes->isChecked()};
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = utilities::ExporterCsv(contexte_, options); });
+  if (fin == Fin::Normale) accept();
+}
+
+void OuvrirExportCsv(Services& services) {
+  if (services.session.niveau == 1)
+    services.Lancer([](const Contexte& contexte) { utilities::ExporterCsv(contexte, {}); });
+  else if (FairePlace<ExportCsv>(services)) Montrer<ExportCsv>(services);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,245 @@
+#include "forms/programmes/utilities/utilitaires.h"
+
+#include <QFileDialog>
+
+#include "forms/texte/texte_qt.h"
+#include "tables/ecapem.h"
+#include "ui_utilitaires.h"
+#include "utilities/caracteres.h"
+#include "utilities/exportation.h"
+#include "utilities/fusion.h"
+#include "utilities/gendat.h"
+#include "utilities/inversion.h"
+#include "utilities/trifichier.h"
+#include "utilities/utilitaires.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+std::string Saisi(const QLineEdit& champ) { return DepuisQt(champ.text().trimmed()); }
+
+// A file of the working directory goes by its name.
+std::string NomChoisi(const QString& chemin, const Chemin& repertoire) {
+  const QFileInfo choisi(chemin);
+  if (choisi.absoluteDir() == QDir(CheminVersQt(repertoire))) return DepuisQt(choisi.fileName());
+  return DepuisQt(chemin);
+}
+
+const char* const kAideTri =
+    "Tri d'un fichier de colonnes fixes.\nChoisissez le fichier A à trier, le fichier C résultant, la position et la "
+    "largeur (10 max) du champ de tri. En position 0 il n'y a pas de tri : le fichier est recopié, sans ses blancs à "
+    "droite si on le demande.";
+const char* const kAideExport =
+    "Exportation d'une zone.\nChoisissez le fichier A d'origine, le fichier C résultant, la première et la dernière "
+    "position de la zone. On exporte la zone, ou tout le reste de chaque ligne.";
+const char* const kAideListage =
+    "Fichier par caractères.\nChoisissez le fichier A à regarder : chaque caractère est donné avec son code décimal.";
+const char* const kAideFusion =
+    "Fusion de fichiers.\nChoisissez les fichiers A et B, le fichier C résultant et le type de fusion. A et B ne sont "
+    "jamais modifiés. Si les *.POS existent, le résultat en a un.";
+const char* const kAideTableau =
+    "Dans *.BRT seulement les lignes du tableau : le nom de ligne sur quatre caractères, puis les effectifs, toujours "
+    "de même largeur ; pas de totaux de marge.\nDans *.MOD : ligne 1 un titre, ligne 2 les paramètres LI= (lignes), "
+    "CO= (colonnes), LA= (largeur commune des cases) et éventuellement De=, puis les noms de colonne, un par ligne sur "
+    "quatre caractères et, après trois blancs obligatoires, un intitulé long.";
+const char* const kAideGendat =
+    "\nLe but est de faire l'opération inverse de celle d'un tableau croisé. Un titre comme AGE/SEX donne les noms des "
+    "questions.";
+const char* const kAideInversion =
+    "\nL'inversion fait que dans un tableau (d'extension .brt et de .mod avec les intitulés de colonne) ce qui était "
+    "en ligne se trouve en colonne et réciproquement. Les intitulés de ligne passent du .brt au .mod, et "
+    "réciproquement pour les intitulés de colonne.\nSi l'option Trg est prise, le tableau sera exporté en mode pour "
+    "graphique triangulaire d'extension .trg";
+const char* const kAideEcapem = "\nA la fin d'une ligne de *.BRT, un intitulé long de 10 caractères au maximum.";
+
+}  // namespace
+
+Utilitaires::Utilitaires(Services& services) : Forme(services), ui_(std::make_unique<Ui::Utilitaires>()) {
+  ui_->setupUi(this);
+  for (QRadioButton* choix :
+       {ui_->OptTri, ui_->OptExport, ui_->OptHexDump, ui_->OptFusion, ui_->OptGendat, ui_->OptInvers, ui_->OptEcapem})
+    connect(choix, &QRadioButton::toggled, this, [this](bool pris) {
+      if (pris) MontrerChoix();
+    });
+  for (QRadioButton* type : {ui_->OptMerge, ui_->OptAppend, ui_->Appareille})
+    connect(type, &QRadioButton::toggled, this, &Utilitaires::MontrerChoix);
+  connect(ui_->OptNoms, &QCheckBox::toggled, this, &Utilitaires::MontrerChoix);
+  ui_->Croissant->setChecked(true);
+  ui_->OptExport1->setChecked(true);
+  ui_->OptVerifN->setChecked(true);
+  ui_->OptDefaut->setChecked(true);
+  ui_->OptTri->setChecked(true);
+  RelierFichiers();
+  connect(ui_->Lancer, &QPushButton::clicked, this, &Utilitaires::LancerChoix);
+  RelierAide(*ui_->BoutAide, "mnuAUtilitaires");
+  RelierQuitter(*ui_->Annuler);
+  MontrerChoix();
+}
+
+Utilitaires::~Utilitaires() = default;
+
+void Utilitaires::RelierFichiers() {
+  connect(ui_->CmdFichA, &QPushButton::clicked, this,
+          [this] { ChoisirEntree(a_, QStringLiteral("Choisir le premier fichier dit \"A\"")); });
+  connect(ui_->CmdFichB, &QPushButton::clicked, this,
+          [this] { ChoisirEntree(b_, QStringLiteral("Choisir le deuxième fichier dit \"B\"")); });
+  connect(ui_->CmdFichC, &QPushButton::clicked, this, &Utilitaires::ChoisirResultat);
+}
+
+void Utilitaires::ChoisirEntree(std::string& fichier, const QString& titre) {
+  const std::string choisi = services_.ecran.choisirFichier(DepuisQt(titre), "Tous fichiers *.*|*.*");
+  if (choisi.empty()) return;
+  fichier = NomChoisi(VersQt(choisi), contexte_.repertoire);
+  MontrerFichiers();
+}
+
+void Utilitaires::ChoisirResultat() {
+  // The programs ask before they write over a file that they read; of another one the dialog asks.
+  const QString choisi =
+      QFileDialog::getSaveFileName(this, QStringLiteral("Définir le fichier \"C\" résultant"),
+                                   CheminVersQt(contexte_.repertoire), QStringLiteral("Tous fichiers (*)"));
+  if (choisi.isEmpty()) return;
+  c_ = NomChoisi(choisi, contexte_.repertoire);
+  MontrerFichiers();
+}
+
+void Utilitaires::MontrerFichiers() {
+  if (!a_.empty()) ui_->LabelA->setText(VersQt(a_));
+  if (!b_.empty()) ui_->LabelB->setText(VersQt(b_));
+  if (!c_.empty()) ui_->LabelC->setText(VersQt(c_));
+}
+
+void Utilitaires::MontrerChoix() {
+  const bool fusion = ui_->OptFusion->isChecked();
+  const bool tableau = ui_->OptGendat->isChecked() || ui_->OptInvers->isChecked() || ui_->OptEcapem->isChecked();
+  ui_->ChampTri->setVisible(ui_->OptTri->isChecked());
+  ui_->ChampExport->setVisible(ui_->OptExport->isChecked());
+  ui_->ChampFusion->setVisible(fusion);
+  ui_->FrInvers->setVisible(ui_->OptInvers->isChecked());
+  ui_->FrNoms->setVisible(ui_->OptEcapem->isChecked());
+  ui_->FrVerif->setEnabled(ui_->OptMerge->isChecked());
+  ui_->FrIdent->setEnabled(ui_->Appareille->isChecked());
+  for (QRadioButton* nom : {ui_->OptDefaut, ui_->OptCour, ui_->OptCour4}) nom->setEnabled(ui_->OptNoms->isChecked());
+  ui_->FrFichiers->setVisible(!tableau);
+  for (QWidget* controle : std::initializer_list<QWidget*>{ui_->CmdFichB, ui_->LabelB}) controle->setVisible(fusion);
+  for (QWidget* controle : std::initializer_list<QWidget*>{ui_->CmdFichC, ui_->LabelC})
+    controle->setVisible(!ui_->OptHexDump->isChecked());
+  const QString aide = ui_->OptTri->isChecked()       ? QString::fromUtf8(kAideTri)
+                       : ui_->OptExport->isChecked()  ? QString::fromUtf8(kAideExport)
+                       : ui_->OptHexDump->isChecked() ? QString::fromUtf8(kAideListage)
+                       : fusion                       ? QString::fromUtf8(kAideFusion)
+                       : ui_->OptGendat->isChecked()  ? QString::fromUtf8(kAideTableau) + QString::fromUtf8(kAideGendat)
+                       : ui_->OptInvers->isChecked()
+                           ? QString::fromUtf8(kAideTableau) + QString::fromUtf8(kAideInversion)
+                           : QString::fromUtf8(kAideTableau) + QString::fromUtf8(kAideEcapem);
+  ui_->TextAide->setPlainText(aide);
+}
+
+bool Utilitaires::Complet(std::string_view manque) {
+  if (manque.empty()) return true;
+  ui_->TextAide->setPlainText(VersQt(manque));
+  services_.ecran.biper();
+  return false;
+}
+
+void Utilitaires::Executer(const std::function<Fin()>& programme) {
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = programme(); });
+  if (fin == Fin::Normale) accept();
+}
+
+void Utilitaires::LancerChoix() {
+  if (ui_->OptTri->isChecked()) return LancerTri();
+  if (ui_->OptExport->isChecked()) return LancerExport();
+  if (ui_->OptHexDump->isChecked()) return LancerListage();
+  if (ui_->OptFusion->isChecked()) return LancerFusion();
+  if (contexte_.generique.empty()) {
+    Complet("Cet utilitaire, à la différence des autres, requiert un nom générique"_w);
+    return;
+  }
+  if (ui_->OptGendat->isChecked()) return LancerTableau();
+  if (ui_->OptInvers->isChecked()) return LancerInversion();
+  LancerEcapem();
+}
+
+void Utilitaires::LancerTri() {
+  utilities::OptionsTriFichier options;
+  options.fichierA = a_;
+  options.fichierC = c_;
+  options.position = Saisi(*ui_->TextPosTri);
+  options.largeur = Saisi(*ui_->TextLargTri);
+  options.sens = ui_->Croissant->isChecked() ? utilities::SensDeTri::Croissant : utilities::SensDeTri::Decroissant;
+  options.rogner = ui_->CheckTrim->isChecked();
+  if (a_.empty() || c_.empty()) {
+    Complet(utilities::RefusDeTrier(options));
+    return;
+  }
+  if (utilities::MemeFichier(contexte_, a_, c_) &&
+      services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
+    return;
+  if (Complet(utilities::RefusDeTrier(options))) Executer([&] { return utilities::TriFichier(contexte_, options); });
+}
+
+void Utilitaires::LancerExport() {
+  const utilities::OptionsExportation options{a_, c_, Saisi(*ui_->TextDebut), Saisi(*ui_->TextFin),
+                                              ui_->OptExport2->isChecked()};
+  if (Complet(utilities::ManqueExportation(contexte_, options)))
+    Executer([&] { return utilities::Exporter(contexte_, options); });
+}
+
+void Utilitaires::LancerListage() {
+  const utilities::OptionsCaracteres options{a_};
+  if (Complet(utilities::ManqueCaracteres(contexte_, options)))
+    Executer([&] { return utilities::ListerCaracteres(contexte_, options); });
+}
+
+void Utilitaires::LancerFusion() {
+  utilities::OptionsFusion options;
+  options.a = a_;
+  options.b = b_;
+  options.c = c_;
+  options.type = ui_->OptMerge->isChecked()     ? utilities::TypeFusion::CoteACote
+                 : ui_->OptAppend->isChecked()  ? utilities::TypeFusion::ALaSuite
+                 : ui_->Appareille->isChecked() ? utilities::TypeFusion::Appareillement
+                                                : utilities::TypeFusion::Aucun;
+  options.verifier = ui_->OptVerifY->isChecked();
+  options.pos = ui_->CheckPOS->isChecked();
+  options.positionA = Saisi(*ui_->TextPosA);
+  options.positionB = Saisi(*ui_->TextPosB);
+  options.largeur = Saisi(*ui_->TextLarg);
+  if (Complet(utilities::ManqueFusion(contexte_, options)))
+    Executer([&] { return utilities::Fusionner(contexte_, options); });
+}
+
+void Utilitaires::LancerTableau() {
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = utilities::Gendat(contexte_, {}); });
+  if (fin != Fin::Normale) return;
+  services_.relireGenerique();
+  accept();
+}
+
+void Utilitaires::LancerInversion() {
+  std::string nouveau;
+  const utilities::OptionsInversion options{ui_->CheckTrg->isChecked(), &nouveau};
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = utilities::Inverser(contexte_, options); });
+  if (fin != Fin::Normale) return;
+  services_.adopterGenerique(nouveau);
+  accept();
+}
+
+void Utilitaires::LancerEcapem() {
+  tables::OptionsEcapem options;
+  options.intitules = !ui_->OptNoms->isChecked() || ui_->OptDefaut->isChecked() ? tables::ModeIntitules::Longs
+                      : ui_->OptCour->isChecked()                               ? tables::ModeIntitules::Courts
+                                                  : tables::ModeIntitules::QuatreCaracteres;
+  Executer([&] { return tables::Ecapem(contexte_, options); });
+}
+
+void OuvrirUtilitaires(Services& services) {
+  if (FairePlace<Utilitaires>(services)) Montrer<Utilitaires>(services);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,47 @@
+// Utilities on files and tables: the choice of one, its files and settings, and the start of its program.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "forms/cadre/services.h"
+
+namespace Ui {
+class Utilitaires;
+}
+
+namespace quelvar::forms {
+
+class Utilitaires : public Forme {
+  Q_OBJECT
+ public:
+  explicit Utilitaires(Services& services);
+  ~Utilitaires() override;
+
+ private:
+  void RelierFichiers();
+  void MontrerChoix();
+  void ChoisirEntree(std::string& fichier, const QString& titre);
+  void ChoisirResultat();
+  void MontrerFichiers();
+
+  void LancerChoix();
+  void LancerTri();
+  void LancerExport();
+  void LancerListage();
+  void LancerFusion();
+  void LancerTableau();
+  void LancerInversion();
+  void LancerEcapem();
+  // Shows what a launch lacks; true when nothing is missing.
+  bool Complet(std::string_view manque);
+  // Runs the program; a run that came to its end closes the form.
+  void Executer(const std::function<Fin()>& programme);
+
+  std::string a_, b_, c_;  // as chosen; a file of the working directory by its name
+  std::unique_ptr<Ui::Utilitaires> ui_;
+};
+
+void OuvrirUtilitaires(Services& services);
+
+}  // namespace quelvar::forms
