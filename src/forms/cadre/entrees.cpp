@@ -9,6 +9,8 @@
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/programmes/modalities/nomemod.h"
 #include "forms/programmes/modalities/nomquest.h"
+#include "forms/programmes/regression/choixvarint.h"
+#include "forms/programmes/regression/modifmodr.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
 #include "forms/programmes/sorts/choixrecodage.h"
@@ -32,12 +34,16 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuNomMod", OuvrirNomMod},
     {"mnuPrepRecod", OuvrirPrepRecod},
     {"mnuOutils", OuvrirOutils},
+    {"mnuVarInt", OuvrirVarInt},
     {"mnuPosmod", OuvrirPosmod},
     {"mnuModifMod", OuvrirModifMod},
     {"mnuEcapem", OuvrirChoixEcapem},
     {"mnuAnecar", OuvrirAnecar},
     {"mnuGraphe", OuvrirGraphe3},
     {"mnuPosmod2", OuvrirPosmodRegression},
+    {"mnuModifModR", OuvrirModifModR},
+    {"mnuAnatab", OuvrirAnatab},
+    {"mnuReglin", OuvrirReglin},
     {"mnuAnecarText", OuvrirAnecar},
     {"mnuGrapheText", OuvrirGraphe3},
     {"mnuPEM", OuvrirChoixEcapem},

@@ -1,0 +1,179 @@
+#include "regression/varint/varint.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/enquete/datfile.h"
+#include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
+#include "core/texte/nombres.h"
+#include "regression/varint/profils.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr std::size_t kParBloc = 16;  // questions on a line of the short edition
+constexpr std::size_t kIntituleDuMod = 25;
+
+[[noreturn]] void Arreter(const Contexte& contexte, Rapport& rapport, Texte phrase) {
+  Avertir(rapport, contexte.Ecran(), phrase);
+  throw Erreur(kArretAnnonce);
+}
+
+void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
+  EcrireBandeau(rapport, "Profils de variables d'intérêt"_w);
+  rapport.Ligne({"Le nom par défaut du fichier d'entrée est "_w, contexte.Nom(".DAT")});
+  rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});
+  rapport.Ligne({"Le nom du fichier de modalités  est  "_w, contexte.Nom(".MOD")});
+  rapport.Ligne("     ce fichier sera utilisé dans le calcul des facteurs"_w);
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TRF")});
+}
+
+void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
+  bool fautifs = false;
+  for (const Question& question : pos.questions) {
+    if (question.codeMax <= kCodeMaxDeProfil) continue;
+    fautifs = true;
+    rapport.Ligne({"Code-max >20 à la question "_w, question.nom});
+    rapport.Ligne("Les valeurs sup à 20 sont mises à zéro"_w);
+  }
+  if (!fautifs) return;
+  rapport.Ligne("Arrêt du programme du aux erreurs de Code-max>20"_w);
+  Arreter(contexte, rapport, "Arrêt pour correction"_w);
+}
+
+// Ranks of the questions of interest. A name that no question bears, or that several share, stops the run.
+std::vector<std::size_t> Choisir(const Contexte& contexte, Rapport& rapport, const FichierPos& pos,
+                                 const OptionsVarint& options) {
+  if (options.questions.empty()) Arreter(contexte, rapport, "Pas de questions définies"_w);
+  if (options.questions.size() > kQuestionsDInteretMax)
+    Arreter(contexte, rapport, "Trop de questions définies (N>1000)"_w);
+  std::vector<std::size_t> choisies;
+  for (const std::string& nom : options.questions) {
+    const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
+    if (rangs.empty())
+      Arreter(contexte, rapport, Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
+    if (rangs.size() > 1) Arreter(contexte, rapport, FauteHomonymes(nom, pos.questions, rangs));
+    if (std::find(choisies.begin(), choisies.end(), rangs[0]) == choisies.end()) choisies.push_back(rangs[0]);
+  }
+  return choisies;
+}
+
+void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profil, EditionVarint edition) {
+  const Question& question = pos.questions[profil.question];
+  const std::vector<LienDeProfil> liens = LiensTries(profil);
+  rapport.Ligne();
+  rapport.Ligne({"Edition du profil de la question ", question.nom, " ", question.intitule});
+  rapport.Ligne();
+  if (edition == EditionVarint::Longue) {
+    rapport.Ligne("Nom    PEM  Nom long éventuel"_w);
+    for (const LienDeProfil& lien : liens)
+      rapport.Ligne({CadreGauche(pos.questions[lien.question].nom, 5), NombreFixe(lien.pem, 5, 0), " ",
+                     pos.questions[lien.question].intitule});
+    return;
+  }
+  for (std::size_t debut = 0; debut < liens.size(); debut += kParBloc) {
+    const std::size_t fin = std::min(debut + kParBloc, liens.size());
+    rapport.Suite(" ");
+    for (std::size_t i = debut; i < fin; ++i) rapport.Suite(CadreGauche(pos.questions[liens[i].question].nom, 5));
+    rapport.Ligne();
+    rapport.Suite(" ");
+    for (std::size_t i = debut; i < fin; ++i) rapport.Suite(NombreFixe(liens[i].pem, 5, 0));
+    rapport.Ligne();
+  }
+}
+
+void EcrireTable(Ecrivain& fichier, const FichierPos& pos, const std::vector<Profil>& profils) {
+  for (const Profil& profil : profils) {
+    const Question& question = pos.questions[profil.question];
+    fichier.Ecrire(CadreGauche(question.nom, 3));
+    for (const double pem : profil.pems) fichier.Ecrire(NombreFixe(pem, 4, 0));
+    fichier.Ligne(Joindre({" ", question.intitule}));
+  }
+}
+
+// What stands behind the first end mark of the earlier .MOD.
+std::vector<std::string> SuiteAncienne(const std::optional<Chemin>& mod) {
+  std::vector<std::string> suite;
+  if (!mod) return suite;
+  LecteurLignes lecteur(*mod);
+  bool derriere = false;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (derriere) suite.emplace_back(ligne);
+    else derriere = Milieu(ligne, 1, 4).find("**") != std::string_view::npos;
+  }
+  return suite;
+}
+
+void EcrireModalites(Ecrivain& fichier, const Contexte& contexte, const FichierPos& pos,
+                     const std::vector<Profil>& profils, const std::vector<std::string>& suite) {
+  fichier.Ligne(contexte.generique);
+  fichier.Ligne(Joindre({" BRT=", Nombre(profils.size()), " FMT=4"}));
+  for (const Profil& profil : profils) {
+    const Question& question = pos.questions[profil.question];
+    fichier.Ligne(Joindre({CadreGauche(question.nom, 4), "   ", Milieu(question.intitule, 1, kIntituleDuMod)}));
+  }
+  fichier.Ligne("**");
+  for (const std::string& ligne : suite) fichier.Ligne(ligne);
+}
+
+std::vector<Profil> CalculerProfils(const Contexte& contexte, Rapport& rapport, const FichierPos& pos,
+                                    const Reponses& reponses, const std::vector<std::size_t>& choisies) {
+  std::vector<Profil> profils;
+  Progression progression(contexte.Ecran(), static_cast<std::int64_t>(choisies.size()));
+  for (const std::size_t question : choisies) {
+    contexte.Ecran().montrerIteration(Joindre({"Profil de ", pos.questions[question].nom}));
+    profils.push_back(CalculerProfil(reponses, pos, question));
+    for (const std::size_t autre : profils.back().vides)
+      rapport.Ligne(
+          {"*** ATTENTION : Tableau  ", pos.questions[question].nom, "  ", pos.questions[autre].nom, " vide"});
+    progression.Avancer();
+  }
+  return profils;
+}
+
+void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& rapport) {
+  const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
+  const std::optional<Chemin> fichierPos = contexte.Chercher(".POS");
+  ExigerFichiers(rapport, contexte.Ecran(),
+                 {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
+                 "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
+  ImprimerNomsDeFichiers(contexte, rapport);
+  const FichierPos pos = LirePos(*fichierPos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
+  ExigerCodesMax(rapport, contexte, pos);
+  const std::int64_t annonces = pos.taille.individus > 0 ? pos.taille.individus : CompterLignes(*donnees);
+  rapport.Ligne({"Il y a ", NombreNu(pos.questions.size()), " questions"});
+  rapport.Ligne({"Il y a ", NombreNu(annonces), " individus"});
+  const std::vector<std::size_t> choisies = Choisir(contexte, rapport, pos, options);
+  const Reponses reponses = LireReponses(*donnees, pos, annonces, contexte.Ecran());
+  if (reponses.individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
+  const std::vector<Profil> profils = CalculerProfils(contexte, rapport, pos, reponses, choisies);
+
+  rapport.Ligne("  ");
+  rapport.Ligne("          Edition des profils de questions ");
+  rapport.Ligne("          ******************************** ");
+  const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
+  for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
+
+  const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
+  Remplacement table(contexte.repertoire, contexte.Nom(".BRT"));
+  EcrireTable(table.Fichier(), pos, profils);
+  table.Achever();
+  Remplacement modalites(contexte.repertoire, contexte.Nom(".MOD"));
+  EcrireModalites(modalites.Fichier(), contexte, pos, profils, suite);
+  modalites.Achever();
+  table.Valider();
+  modalites.Valider();
+  rapport.Ligne("Fin normale du programme");
+}
+
+}  // namespace
+
+Fin Varint(const Contexte& contexte, const OptionsVarint& options) {
+  return ExecuterProgramme(contexte, contexte.Nom(".TRF"), LibellesErreur{},
+                           [&](Rapport& rapport) { Executer(contexte, options, rapport); });
+}
+
+}  // namespace quelvar::regression

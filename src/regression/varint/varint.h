@@ -1,0 +1,26 @@
+// Varint: for each question of interest the list of all others by the strength of their link with it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::regression {
+
+enum class EditionVarint { Courte, Longue };
+
+struct OptionsVarint {
+  std::vector<std::string> questions = {};        // names of the questions of interest, in the order of the profiles
+  EditionVarint edition = EditionVarint::Courte;  // the long one at level 2 only
+
+  bool operator==(const OptionsVarint&) const = default;
+};
+
+inline constexpr std::size_t kQuestionsDInteretMax = 1000;
+
+// Reads the .DAT and the .POS; writes the .TRF, and the profiles as a table .BRT with its .MOD, of which what stands
+// behind the first "**" is kept.
+Fin Varint(const Contexte& contexte, const OptionsVarint& options);
+
+}  // namespace quelvar::regression
