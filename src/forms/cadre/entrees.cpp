@@ -11,6 +11,8 @@
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/programmes/modalities/nomemod.h"
 #include "forms/programmes/modalities/nomquest.h"
+#include "forms/programmes/regression/choixvarint.h"
+#include "forms/programmes/regression/modifmodr.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
 #include "forms/programmes/sorts/choixrecodage.h"
@@ -44,6 +46,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuNomMod", OuvrirNomMod},
     {"mnuPrepRecod", OuvrirPrepRecod},
     {"mnuOutils", OuvrirOutils},
+    {"mnuVarInt", OuvrirVarInt},
     {"mnuPosmod", OuvrirPosmod},
     {"mnuModifMod", OuvrirModifMod},
     {"mnuEcapem", OuvrirChoixEcapem},
@@ -54,6 +57,9 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuPrepText", OuvrirPrepText},
     {"mnuImpMot", OuvrirSaisieMot},
     {"mnuTabMot", OuvrirTabMot},
+    {"mnuModifModR", OuvrirModifModR},
+    {"mnuAnatab", OuvrirAnatab},
+    {"mnuReglin", OuvrirReglin},
     {"mnuAnecarText", OuvrirAnecar},
     {"mnuGrapheText", OuvrirGraphe3},
     {"mnuSupLignes", OuvrirSuplMot},

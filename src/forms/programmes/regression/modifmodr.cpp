@@ -1,0 +1,156 @@
+#include "forms/programmes/regression/modifmodr.h"
+
+#include <QFontDatabase>
+#include <QShortcut>
+
+#include "core/enquete/listemod.h"
+#include "forms/texte/texte_qt.h"
+#include "regression/anatab/anatab.h"
+#include "regression/reglin/reglin.h"
+#include "ui_modifmodr.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+constexpr std::string_view kInstruction =
+    "Suivre les étapes 1 à 3 dans l'ordre. Les modifications d'intitulés sont indépendantes. (Utiliser le bouton 'Aide' pour plus de détails)"_w;
+
+constexpr std::string_view kAide[] = {
+    "Pour faire une régression il faut définir une modalité à expliquer et des modalité explicatives. Dans chaque question d'origine on distingue soit une modalité à expliquer (codée Y) soit une modalité de référence (codée R)."_w,
+    "Les autres modalités des questions explicatives autre que la référence sont explicatives (codées X)."_w,
+    "Une seule question est à expliquer, plusieurs peuvent être explicatives."_w,
+    "Pour procéder au codage, choisir en 1) le type de question (à expliquer à la première utilisation) puis cliquer sur la question en 2) puis sur la modalité choisie en 3)"_w,
+    "En cas d'erreur reprendre en 1)"_w,
+    "D'une manière indépendante, il est possible de modifier les intitulés longs. Conseil : faire en sorte que les 4 premiers caractères de l'intitulé long soient significatifs car seuls ces caractères sont utilisés dans certains affichages. La longueur maximale est celle de l'affichage du récapitulatif."_w};
+
+// A click on a line, or the space bar on it.
+void RelierLigne(QListWidget& liste, const std::function<void(int)>& action) {
+  liste.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  QObject::connect(&liste, &QListWidget::itemClicked, &liste, [&liste, action] { action(liste.currentRow()); });
+  auto* espace = new QShortcut(Qt::Key_Space, &liste);
+  espace->setContext(Qt::WidgetShortcut);
+  QObject::connect(espace, &QShortcut::activated, &liste, [&liste, action] { action(liste.currentRow()); });
+}
+
+}  // namespace
+
+ModifModR::ModifModR(Services& services)
+    : Forme(services),
+      etat_(regression::ChargerModifModR(contexte_)),
+      questions_(regression::QuestionsDesTextes(etat_.textes)),
+      ui_(std::make_unique<Ui::ModifModR>()) {
+  ui_->setupUi(this);
+  Relier();
+  RelierQuitter(*ui_->BoutQuitter);
+  AuDepart(regression::AbandonnerModifModR);
+  for (const std::string& question : questions_) ui_->ListPos->addItem(VersQt(question));
+  edition_->Remplir();
+  ChangerType();
+  const bool lisible = etat_.message.empty();
+  ui_->TextMsg->setPlainText(lisible ? VersQt(kInstruction) : EnUnTexte(etat_.message));
+  for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSuivant}) bouton->setEnabled(lisible);
+}
+
+ModifModR::~ModifModR() = default;
+
+void ModifModR::Relier() {
+  const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
+  edition_ = new EditionListe(
+      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+      {[this] { return static_cast<int>(etat_.textes.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
+       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
+       [this, texte](int ligne, const QString& intitule) {
+         std::string& ecrit = texte(ligne);
+         ecrit.resize(7, ' ');
+         ecrit += DepuisQt(intitule);
+         if (!montrees_.empty()) MontrerModalites(etat_.textes[montrees_[0]].substr(0, 3));
+         return QString();
+       }});
+  RelierLigne(*ui_->ListPos, [this](int ligne) { CoderQuestion(ligne); });
+  RelierLigne(*ui_->Listmod, [this](int ligne) { CoderModalite(ligne); });
+  for (QRadioButton* bouton : {ui_->BqAExpliq, ui_->BqExpliq})
+    connect(bouton, &QRadioButton::clicked, this, &ModifModR::ChangerType);
+  connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ModifModR::Enregistrer);
+  connect(ui_->BoutAide, &QPushButton::clicked, this, [this] {
+    QStringList paragraphes;
+    for (const std::string_view paragraphe : kAide) paragraphes << VersQt(paragraphe);
+    ui_->TextMsg->setPlainText(paragraphes.join('\n'));
+  });
+}
+
+regression::TypeDeQuestion ModifModR::Type() const {
+  return ui_->BqExpliq->isChecked() ? regression::TypeDeQuestion::Explicative : regression::TypeDeQuestion::AExpliquer;
+}
+
+void ModifModR::ChangerType() {
+  ui_->LibelleListmod->setText(VersQt(
+      Type() == regression::TypeDeQuestion::AExpliquer
+          ? "Cliquer sur la modalité à expliquer (mise en Y)"_w
+          : "Cliquer sur la modalité de référence : elle est mise en R, les autres sont explicatives (mises en X)"_w));
+  // A modality is coded by the type under which its question was chosen.
+  montrees_.clear();
+  ui_->Listmod->clear();
+  ui_->ListPos->clearSelection();
+}
+
+void ModifModR::CoderQuestion(int ligne) {
+  if (ligne < 0) return;
+  const std::string& question = questions_[static_cast<std::size_t>(ligne)];
+  regression::CoderQuestion(etat_.textes, question, Type());
+  MontrerModalites(question);
+  for (const std::size_t i : montrees_) edition_->Montrer(static_cast<int>(i));
+}
+
+void ModifModR::CoderModalite(int ligne) {
+  if (ligne < 0) return;
+  const std::size_t i = montrees_[static_cast<std::size_t>(ligne)];
+  regression::CoderModalite(etat_.textes[i], Type());
+  ui_->Listmod->item(ligne)->setText(VersQt(etat_.textes[i]));
+  edition_->Montrer(static_cast<int>(i));
+}
+
+void ModifModR::MontrerModalites(const std::string& question) {
+  montrees_ = regression::ModalitesDe(etat_.textes, question);
+  ui_->Listmod->clear();
+  for (const std::size_t i : montrees_) ui_->Listmod->addItem(VersQt(etat_.textes[i]));
+}
+
+void ModifModR::Dire(std::string_view titre, std::string_view texte) {
+  services_.ecran.biper();
+  ui_->TextMsg->setPlainText(VersQt(titre) + '\n' + VersQt(texte));
+}
+
+void ModifModR::Enregistrer() {
+  if (!edition_->Ranger()) return;
+  if (const std::string_view refus = regression::RefusDEnregistrer(etat_.textes); !refus.empty()) {
+    ui_->TextMod->clear();
+    Dire(regression::kTitreErreur, refus);
+    edition_->Remplir();
+    return;
+  }
+  try {
+    regression::SauverModifModR(contexte_, etat_.textes);
+  } catch (const Erreur& erreur) {
+    Dire(regression::kTitreErreur, TexteErreur(erreur.Numero()));
+    return;
+  }
+  if (const std::string_view incoherence = regression::Incoherence(etat_.textes); !incoherence.empty()) {
+    Dire(regression::kTitreAvertissement, incoherence);
+    return;
+  }
+  services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); });
+  accept();
+}
+
+void OuvrirModifModR(Services& services) { Montrer<ModifModR>(services); }
+
+void OuvrirAnatab(Services& services) {
+  services.Lancer([](const Contexte& contexte) { regression::Anatab(contexte); });
+}
+
+void OuvrirReglin(Services& services) {
+  services.Lancer([](const Contexte& contexte) { regression::Reglin(contexte); });
+}
+
+}  // namespace quelvar::forms

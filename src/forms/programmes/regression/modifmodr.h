@@ -1,0 +1,45 @@
+// Coding of a regression in the modalities of the current generic.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "forms/cadre/services.h"
+#include "forms/pieces/editionliste.h"
+#include "regression/modifmodr.h"
+
+namespace Ui {
+class ModifModR;
+}
+
+namespace quelvar::forms {
+
+class ModifModR : public Forme {
+  Q_OBJECT
+ public:
+  explicit ModifModR(Services& services);
+  ~ModifModR() override;
+
+ private:
+  regression::TypeDeQuestion Type() const;
+  void Relier();
+  void ChangerType();
+  void CoderQuestion(int ligne);
+  void CoderModalite(int ligne);
+  void MontrerModalites(const std::string& question);
+  void Dire(std::string_view titre, std::string_view texte);
+  void Enregistrer();
+
+  regression::EtatModifModR etat_;
+  std::vector<std::string> questions_;
+  std::vector<std::size_t> montrees_;  // indices of the modalities that Listmod shows
+  std::unique_ptr<Ui::ModifModR> ui_;
+  EditionListe* edition_ = nullptr;
+};
+
+void OuvrirModifModR(Services& services);
+// The two programs that have no form: they run at once.
+void OuvrirAnatab(Services& services);
+void OuvrirReglin(Services& services);
+
+}  // namespace quelvar::forms

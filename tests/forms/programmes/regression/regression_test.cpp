@@ -1,0 +1,106 @@
+// The coding of a regression by real clicks, and the choice of the questions of interest.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "forms/pilote.h"
+#include "forms/programmes/regression/choixvarint.h"
+#include "forms/programmes/regression/modifmodr.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using essai::Bureau;
+using essai::Cliquer;
+using essai::CliquerLigne;
+using essai::Etiquette;
+using essai::Lignes;
+using essai::Taper;
+
+class FormesDeLaRegression : public testing::Test {
+ protected:
+  FormesDeLaRegression() : bureau_(true) {
+    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nCIN   1 2 $Cinema$\r\nSEX   2 2 $Sexe$\r\nAGE   3 3\r\n");
+    bureau_.Ecrire("ENQ.DAT", "111\r\n212\r\n121\r\n223\r\n");
+    bureau_.Ecrire("ENQ.MOD",
+                   "ENQ\r\n FMT=1\r\nCIN1   oui\r\nCIN2   non\r\nSEX1   Homme\r\nSEX2   Femme\r\n**\r\nX\r\n");
+    bureau_.Ouvrir();
+  }
+  QString Message(const ModifModR& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
+
+  Bureau bureau_;
+};
+
+TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {
+  ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
+  EXPECT_EQ(Lignes(forme, "ListPos"), (QStringList{"CIN", "SEX"}));
+  EXPECT_TRUE(Message(forme).startsWith("Suivre les étapes 1 à 3"));
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(Message(forme), "*** Erreur ***\nIl n'y a aucune modalité explicative");
+
+  CliquerLigne(forme, "ListPos", 0);
+  CliquerLigne(forme, "Listmod", 0);
+  EXPECT_EQ(Lignes(forme, "Listmod"), (QStringList{"CIN1 Y oui", "CIN2   non"}));
+  const QString avant = QString::fromStdString(bureau_.Lire("ENQ.MOD"));
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_TRUE(Message(forme).contains("(un seul R par question)"));
+  EXPECT_EQ(QString::fromStdString(bureau_.Lire("ENQ.MOD")), avant);
+
+  Cliquer(forme, "BqExpliq");
+  EXPECT_TRUE(Lignes(forme, "Listmod").isEmpty());
+  CliquerLigne(forme, "ListPos", 1);
+  CliquerLigne(forme, "Listmod", 1);
+  EXPECT_EQ(Lignes(forme, "ListRecap"), (QStringList{"CIN1 Y oui", "CIN2   non", "SEX1 X Homme", "SEX2 R Femme"}));
+  CliquerLigne(forme, "ListRecap", 2);
+  Taper(forme, "TextMod", "Hommes");
+  Cliquer(forme, "BoutSuivant");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Lire("ENQ.MOD"),
+            "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2   non\r\nSEX1 X Hommes\r\nSEX2 R Femme\r\n**\r\nX\r\n");
+  EXPECT_TRUE(bureau_.Texte().startsWith("Fin normale des modifications de modalités"));
+  EXPECT_EQ(bureau_.Forme<ModifModR>(), nullptr);
+}
+
+TEST_F(FormesDeLaRegression, UnAvertissementLaisseLaFormeOuverte) {
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2 S non\r\nSEX1 R Homme\r\n");
+  ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_TRUE(Message(forme).startsWith("*** Avertissement ***\nIncohérence globale"));
+  Cliquer(forme, "BoutAide");
+  EXPECT_TRUE(Message(forme).startsWith("Pour faire une régression"));
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
+}
+
+TEST_F(FormesDeLaRegression, VariablesDInteret) {
+  ChoixVarInt& forme = bureau_.Demander<ChoixVarInt>("mnuVarInt");
+  EXPECT_EQ(forme.windowTitle(), "Choix de la (des) Variable(s) d'intérêt");
+  Cliquer(forme, "BoutLancer");
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "Pas de questions définies");
+  Cliquer(forme, "BoutAll");
+  EXPECT_TRUE(Lignes(forme, "ListVar1").isEmpty());
+  Cliquer(forme, "BoutEffacer");
+  CliquerLigne(forme, "ListVar1", 1);
+  Cliquer(forme, "BoutActPlus");
+  EXPECT_EQ(Lignes(forme, "ListVar2").size(), 1);
+  Cliquer(forme, "Opt2");
+  Cliquer(forme, "BoutLancer");
+  EXPECT_TRUE(bureau_.Texte().contains("Edition du profil de la question SEX Sexe\n\nNom    PEM  Nom long"));
+  EXPECT_TRUE(bureau_.Existe("ENQ.BRT"));
+}
+
+TEST_F(FormesDeLaRegression, LesProgrammesSansFormePartentAussitot) {
+  bureau_.Menu("mnuAnatab");
+  EXPECT_TRUE(bureau_.Texte().contains("Le tableau de codage logique ENQ.CDG n'existe pas"));
+  bureau_.Menu("mnuReglin");
+  EXPECT_TRUE(bureau_.Texte().contains("*** Le tableau de données ENQ.CDG n'existe pas"));
+}
+
+}  // namespace
