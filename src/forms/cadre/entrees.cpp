@@ -15,6 +15,11 @@
 #include "forms/programmes/sorts/choixtriapl.h"
 #include "forms/programmes/sorts/preprecod.h"
 #include "forms/programmes/tables/choixecapem.h"
+#include "forms/programmes/text/preptext.h"
+#include "forms/programmes/text/saisiemot.h"
+#include "forms/programmes/text/suplmot.h"
+#include "forms/programmes/text/tabmot.h"
+#include "forms/programmes/text/tabmotagreg.h"
 
 namespace quelvar::forms {
 
@@ -38,8 +43,13 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuAnecar", OuvrirAnecar},
     {"mnuGraphe", OuvrirGraphe3},
     {"mnuPosmod2", OuvrirPosmodRegression},
+    {"mnuPrepText", OuvrirPrepText},
+    {"mnuImpMot", OuvrirSaisieMot},
+    {"mnuTabMot", OuvrirTabMot},
     {"mnuAnecarText", OuvrirAnecar},
     {"mnuGrapheText", OuvrirGraphe3},
+    {"mnuSupLignes", OuvrirSuplMot},
+    {"mnuTabMotAgreg", OuvrirTabMotAgreg},
     {"mnuPEM", OuvrirChoixEcapem},
     {"mnuAPropos", OuvrirAPropos},
     // clang-format on

@@ -1,0 +1,33 @@
+// Window of a concordance: the lines of words, sorted as the user asks, to be copied or saved.
+#pragma once
+
+#include <memory>
+
+#include "forms/cadre/forme.h"
+#include "forms/cadre/services.h"
+#include "text/concordance/concord.h"
+
+namespace Ui {
+class Concord;
+}
+
+namespace quelvar::forms {
+
+class Concord : public Forme {
+  Q_OBJECT
+ public:
+  Concord(Services& services, text::Concordances concordances);
+  ~Concord() override;
+
+ private:
+  void MontrerTexte();
+  void Enregistrer();
+
+  text::Concordances concordances_;
+  std::unique_ptr<Ui::Concord> ui_;
+};
+
+// Opens the window on these words of the last cutting, in place of the one that is open.
+void OuvrirConcord(Services& services, const std::vector<std::string>& mots);
+
+}  // namespace quelvar::forms

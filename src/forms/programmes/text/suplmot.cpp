@@ -1,0 +1,121 @@
+#include "forms/programmes/text/suplmot.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QShortcut>
+
+#include "forms/texte/texte_qt.h"
+#include "ui_suplmot.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+std::size_t Rang(int ligne) { return static_cast<std::size_t>(ligne); }
+
+}  // namespace
+
+SuplMot::SuplMot(Services& services)
+    : Forme(services), ouverte_(text::OuvrirSuplMot(contexte_)), ui_(std::make_unique<Ui::SuplMot>()) {
+  ui_->setupUi(this);
+  PreparerEdition();
+  for (QListWidget* liste : {ui_->ListColSuppl, ui_->ListLignSuppl})
+    liste->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  connect(ui_->ListColSuppl, &QListWidget::itemClicked, this, &SuplMot::BasculerColonnes);
+  // A list of rows is chosen with the Shift or Ctrl key, and flips at the release of the mouse.
+  connect(ui_->ListLignSuppl, &QListWidget::itemClicked, this, [this] {
+    if (QGuiApplication::keyboardModifiers() == Qt::NoModifier) BasculerLignes();
+  });
+  const auto barre = [this](QListWidget* liste, void (SuplMot::*basculer)()) {
+    auto* espace = new QShortcut(Qt::Key_Space, liste);
+    espace->setContext(Qt::WidgetShortcut);
+    connect(espace, &QShortcut::activated, this, basculer);
+  };
+  barre(ui_->ListColSuppl, &SuplMot::BasculerColonnes);
+  barre(ui_->ListLignSuppl, &SuplMot::BasculerLignes);
+  connect(ui_->BoutEnreg, &QPushButton::clicked, this, &SuplMot::Enregistrer);
+  RelierQuitter(*ui_->BoutQuitter);
+  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  RelierAide(*ui_->BoutAide, "mnuASupLignes");
+  const bool ouvert = ouverte_.message.empty();
+  ui_->TextMsg->setText(EnUnTexte(ouverte_.message));
+  ui_->TextMsg->setVisible(!ouvert);
+  for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSuivant, ui_->BoutSuivantLigne}) bouton->setEnabled(ouvert);
+  for (std::size_t i = 0; ouvert && i < ouverte_.table.Colonnes(); ++i)
+    ui_->ListColSuppl->addItem(VersQt(text::TexteDeColonne(ouverte_.table, i)));
+  for (std::size_t i = 0; ouvert && i < ouverte_.table.lignes.size(); ++i)
+    ui_->ListLignSuppl->addItem(VersQt(text::TexteDeLigne(ouverte_.table, i)));
+  if (!ouvert) return;
+  colonnes_->Remplir();
+  lignes_->Remplir();
+}
+
+SuplMot::~SuplMot() = default;
+
+void SuplMot::PreparerEdition() {
+  text::TableGeree& table = ouverte_.table;
+  colonnes_ = new EditionListe(*this, *ui_->ListRecapCol, *ui_->TextModCol, *ui_->BoutSuivant,
+                               {[&table] { return static_cast<int>(table.Colonnes()); },
+                                [&table](int i) { return VersQt(text::TexteDeColonne(table, Rang(i))); },
+                                [&table](int i) { return VersQt(IntituleDeTexte(table.mod.textes[Rang(i)])); },
+                                [this, &table](int i, const QString& intitule) {
+                                  std::string& texte = table.mod.textes[Rang(i)];
+                                  texte = TexteDeModalite(NomDeTexte(texte), MarqueDeTexte(texte), DepuisQt(intitule));
+                                  modifie_ = true;
+                                  MontrerColonne(i);
+                                  return QString();
+                                }});
+  lignes_ = new EditionListe(*this, *ui_->ListRecapLign, *ui_->TextModLign, *ui_->BoutSuivantLigne,
+                             {[&table] { return static_cast<int>(table.lignes.size()); },
+                              [&table](int i) { return VersQt(text::TexteDeLigne(table, Rang(i))); },
+                              [&table](int i) { return VersQt(table.lignes[Rang(i)].intitule); },
+                              [this, &table](int i, const QString& intitule) {
+                                table.lignes[Rang(i)].intitule = DepuisQt(intitule);
+                                modifie_ = true;
+                                MontrerLigne(i);
+                                return QString();
+                              }});
+}
+
+void SuplMot::MontrerColonne(int colonne) {
+  ui_->ListColSuppl->item(colonne)->setText(VersQt(text::TexteDeColonne(ouverte_.table, Rang(colonne))));
+}
+
+void SuplMot::MontrerLigne(int ligne) {
+  ui_->ListLignSuppl->item(ligne)->setText(VersQt(text::TexteDeLigne(ouverte_.table, Rang(ligne))));
+}
+
+void SuplMot::BasculerColonnes() {
+  const int colonne = ui_->ListColSuppl->currentRow();
+  if (colonne < 0) return;
+  text::BasculerColonne(ouverte_.table, Rang(colonne));
+  modifie_ = true;
+  MontrerColonne(colonne);
+  colonnes_->Montrer(colonne);
+}
+
+void SuplMot::BasculerLignes() {
+  for (const QListWidgetItem* element : ui_->ListLignSuppl->selectedItems()) {
+    const int ligne = ui_->ListLignSuppl->row(element);
+    text::BasculerLigne(ouverte_.table, Rang(ligne));
+    modifie_ = true;
+    MontrerLigne(ligne);
+    lignes_->Montrer(ligne);
+  }
+}
+
+void SuplMot::Enregistrer() {
+  if (!colonnes_->Ranger() || !lignes_->Ranger()) return;
+  const text::TableGeree table = ouverte_.table;
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = text::EnregistrerSuplMot(contexte_, table); });
+  if (fin != Fin::Normale) return;
+  modifie_ = false;
+  accept();
+}
+
+void OuvrirSuplMot(Services& services) {
+  if (FairePlace<SuplMot>(services)) Montrer<SuplMot>(services);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,42 @@
+// Columns and rows of a table: which are supplementary, and their labels.
+#pragma once
+
+#include <QListWidget>
+#include <memory>
+
+#include "forms/cadre/forme.h"
+#include "forms/cadre/services.h"
+#include "forms/pieces/editionliste.h"
+#include "text/gestion/suplmot.h"
+
+namespace Ui {
+class SuplMot;
+}
+
+namespace quelvar::forms {
+
+class SuplMot : public Forme {
+  Q_OBJECT
+ public:
+  explicit SuplMot(Services& services);
+  ~SuplMot() override;
+  bool ATravail() const override { return modifie_; }
+
+ private:
+  void PreparerEdition();
+  void BasculerColonnes();
+  void BasculerLignes();
+  void MontrerColonne(int colonne);
+  void MontrerLigne(int ligne);
+  void Enregistrer();
+
+  text::TableOuverte ouverte_;
+  std::unique_ptr<Ui::SuplMot> ui_;
+  EditionListe* colonnes_ = nullptr;
+  EditionListe* lignes_ = nullptr;
+  bool modifie_ = false;
+};
+
+void OuvrirSuplMot(Services& services);
+
+}  // namespace quelvar::forms

@@ -1,0 +1,82 @@
+#include "forms/programmes/text/tabmot.h"
+
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+#include "forms/pieces/listequestions.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_tabmot.h"
+
+namespace quelvar::forms {
+
+TabMot::TabMot(Services& services, FichierPos pos)
+    : Forme(services), pos_(std::move(pos)), ui_(std::make_unique<Ui::TabMot>()) {
+  ui_->setupUi(this);
+  for (const Question& question : pos_.questions)
+    choix_.statuts.push_back(question.statut == Statut::Actif ? Statut::Actif : Statut::Aucun);
+  ui_->TextMsg->hide();
+  ui_->TBFreq->setText(QString::number(text::kFrequenceParDefaut));
+  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2}) PreparerListeDeQuestions(*liste);
+  const auto relier = [this](QPushButton* bouton, QListWidget* liste, Statut statut) {
+    connect(bouton, &QPushButton::clicked, this, [this, liste, statut] { Deplacer(*liste, statut); });
+    connect(liste, &QListWidget::itemDoubleClicked, this, [this, liste, statut] { Deplacer(*liste, statut); });
+  };
+  relier(ui_->BoutActPlus, ui_->ListVar1, Statut::Actif);
+  relier(ui_->BoutActMoins, ui_->ListVar2, Statut::Aucun);
+  connect(ui_->CbLancer, &QPushButton::clicked, this, &TabMot::LancerTabMot);
+  RelierQuitter(*ui_->CbAnnul);
+  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  RelierAide(*ui_->BoutAide, "mnuATabMot");
+  MontrerListes();
+}
+
+TabMot::~TabMot() = default;
+
+void TabMot::Deplacer(const QListWidget& liste, Statut statut) {
+  if (PoserStatut(liste, choix_, statut)) MontrerListes();
+}
+
+void TabMot::MontrerListes() {
+  MontrerQuestions(*ui_->ListVar1, pos_, choix_, Statut::Aucun);
+  MontrerQuestions(*ui_->ListVar2, pos_, choix_, Statut::Actif);
+}
+
+text::OptionsTabMot TabMot::Options() const {
+  text::OptionsTabMot options;
+  options.actives = NomsDesQuestions(pos_, choix_, Statut::Actif);
+  options.frequenceMin = static_cast<int>(std::clamp(ValeurDe(DepuisQt(ui_->TBFreq->text())), 0.0, 99999999.0));
+  options.codesZero = ui_->OpCodZY->isChecked();
+  return options;
+}
+
+void TabMot::LancerTabMot() {
+  const text::OptionsTabMot options = Options();
+  if (options.actives->empty()) {
+    services_.ecran.biper();
+    ui_->TextMsg->setText(QStringLiteral("Aucune question n'est choisie comme active"));
+    ui_->TextMsg->show();
+    return;
+  }
+  Services& services = services_;
+  const Contexte contexte = contexte_;
+  accept();  // a long report closes every form: this one is gone by then
+  services.Lancer([&](const Contexte&) { text::TabMot(contexte, options); });
+}
+
+void OuvrirTabMot(Services& services) {
+  const Contexte contexte = services.ContexteEnCours();
+  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  // Without its files, or at level 1, the program speaks at once.
+  if (contexte.niveau == 1 || !chemin || !contexte.Chercher(".DAT")) {
+    services.Lancer([](const Contexte& lance) { text::TabMot(lance, {}); });
+    return;
+  }
+  if (!FairePlace<TabMot>(services)) return;
+  try {
+    Montrer<TabMot>(services, LirePos(*chemin));
+  } catch (const Erreur&) {  // told by the report
+    services.Lancer([](const Contexte& lance) { text::TabMot(lance, {}); });
+  }
+}
+
+}  // namespace quelvar::forms

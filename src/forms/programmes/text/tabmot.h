@@ -1,0 +1,38 @@
+// Lexical table: the questions that are crossed with the words.
+#pragma once
+
+#include <QListWidget>
+#include <memory>
+
+#include "core/enquete/posfile.h"
+#include "forms/cadre/forme.h"
+#include "forms/cadre/services.h"
+#include "modalities/creation/choix.h"
+#include "text/tableau/tabmot.h"
+
+namespace Ui {
+class TabMot;
+}
+
+namespace quelvar::forms {
+
+class TabMot : public Forme {
+  Q_OBJECT
+ public:
+  TabMot(Services& services, FichierPos pos);
+  ~TabMot() override;
+
+ private:
+  void Deplacer(const QListWidget& liste, Statut statut);
+  void MontrerListes();
+  text::OptionsTabMot Options() const;
+  void LancerTabMot();
+
+  FichierPos pos_;
+  modalities::ChoixQuestions choix_;  // the active ones only
+  std::unique_ptr<Ui::TabMot> ui_;
+};
+
+void OuvrirTabMot(Services& services);
+
+}  // namespace quelvar::forms

@@ -1,0 +1,131 @@
+#include "forms/programmes/text/tabmotagreg.h"
+
+#include <QFontDatabase>
+#include <QSignalBlocker>
+
+#include "core/texte/nombres.h"
+#include "forms/pieces/editionliste.h"
+#include "forms/programmes/text/concord.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_tabmotagreg.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+constexpr std::string_view kAideFacteur =
+    "Le tri se fait par ordre décroissant des contributions du côté négatif du facteur, puis croissant du côté positif "
+    "(ou l'inverse selon le choix de tri)\r\n"
+    "Les intitulés sans valeur numérique correspondent à des lignes non existante dans le facteur"_w;
+
+}  // namespace
+
+TabMotAgreg::TabMotAgreg(Services& services)
+    : Forme(services), ouverte_(text::OuvrirAgregation(contexte_)), ui_(std::make_unique<Ui::TabMotAgreg>()) {
+  ui_->setupUi(this);
+  ui_->ListLignSuppl->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  ui_->TextMsg->setText(EnUnTexte(ouverte_.message));
+  for (QWidget* commande : std::initializer_list<QWidget*>{ui_->BtEnreg, ui_->BtTri, ui_->BtFin, ui_->BtConcord})
+    commande->setEnabled(ouverte_.ouverte);
+  ui_->OptFac->setEnabled(ouverte_.agregation.facteurs.has_value());
+  ui_->TextNum->setEnabled(false);
+  RelierTri();
+  connect(ui_->ListLignSuppl, &QListWidget::itemSelectionChanged, this, &TabMotAgreg::Marquer);
+  connect(ui_->ListLignSuppl, &QListWidget::itemDoubleClicked, this, &TabMotAgreg::MontrerConcordance);
+  connect(ui_->BtConcord, &QPushButton::clicked, this, &TabMotAgreg::MontrerConcordance);
+  connect(ui_->BtEnreg, &QPushButton::clicked, this, &TabMotAgreg::EnregistrerLigne);
+  connect(ui_->BtFin, &QPushButton::clicked, this, &TabMotAgreg::Terminer);
+  ui_->BtEnreg->setDefault(true);
+  RelierQuitter(*ui_->BtAnnuler);
+  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  RelierAide(*ui_->BoutAide, "mnuATabMotAgreg");
+  MontrerLignes();
+}
+
+TabMotAgreg::~TabMotAgreg() = default;
+
+void TabMotAgreg::RelierTri() {
+  connect(ui_->OptFac, &QRadioButton::toggled, this, [this](bool choisi) {
+    ui_->TextNum->setEnabled(choisi);
+    ui_->TextAideTri->setText(choisi ? VersQt(kAideFacteur) : QString());
+  });
+  connect(ui_->BtTri, &QPushButton::clicked, this, &TabMotAgreg::Trier);
+}
+
+void TabMotAgreg::Dire(std::string_view texte) { ui_->TextMsg->setText(VersQt(texte)); }
+
+void TabMotAgreg::MontrerLignes() {
+  const QSignalBlocker silence(ui_->ListLignSuppl);
+  ui_->ListLignSuppl->clear();
+  for (text::LigneDeTable& ligne : ouverte_.agregation.table.lignes) {
+    ligne.marquee = false;
+    ui_->ListLignSuppl->addItem(VersQt(text::TexteDeRangee(ligne)));
+  }
+}
+
+// The marks are the selection of the list.
+void TabMotAgreg::Marquer() {
+  std::vector<text::LigneDeTable>& lignes = ouverte_.agregation.table.lignes;
+  for (int i = 0; i < ui_->ListLignSuppl->count(); ++i) {
+    QListWidgetItem* element = ui_->ListLignSuppl->item(i);
+    text::LigneDeTable& ligne = lignes[static_cast<std::size_t>(i)];
+    if (ligne.marquee == element->isSelected()) continue;
+    ligne.marquee = element->isSelected();
+    element->setText(VersQt(text::TexteDeRangee(ligne)));
+  }
+}
+
+void TabMotAgreg::EnregistrerLigne() {
+  const std::string_view refus = text::Agreger(ouverte_.agregation, DepuisQt(ui_->TextModLign->text()));
+  if (!refus.empty()) services_.ecran.biper();
+  Dire(refus);
+  if (!refus.empty()) return;
+  ui_->TextModLign->clear();
+  MontrerLignes();
+  ui_->ListLignSuppl->scrollToBottom();
+}
+
+void TabMotAgreg::Trier() {
+  text::TriDeLignes tri;
+  tri.cle = ui_->OptFac->isChecked()    ? text::CleDeLignes::Facteur
+            : ui_->OptLong->isChecked() ? text::CleDeLignes::Intitule
+                                        : text::CleDeLignes::Frequence;
+  tri.facteur = ValeurDe(DepuisQt(ui_->TextNum->text()));
+  tri.sens = ui_->Decroissant->isChecked() ? utilities::SensDeTri::Decroissant : utilities::SensDeTri::Croissant;
+  const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, services_.ecran);
+  ui_->TextMsg->setText(EnUnTexte(fautes));
+  if (!fautes.empty()) services_.ecran.biper();
+  else MontrerLignes();
+}
+
+void TabMotAgreg::Terminer() {
+  const std::string refus = text::RefusDeTerminer(ouverte_.agregation);
+  if (!refus.empty()) {
+    services_.ecran.biper();
+    Dire(refus);
+    return;
+  }
+  Services& services = services_;
+  std::string nouveau;
+  Fin fin = Fin::Arret;
+  services.Lancer([&](const Contexte&) { fin = text::TerminerAgregation(contexte_, ouverte_.agregation, nouveau); });
+  if (fin != Fin::Normale) return;
+  ouverte_.agregation.modifiee = false;
+  accept();
+  services.adopterGenerique(nouveau);
+}
+
+void TabMotAgreg::MontrerConcordance() {
+  std::vector<std::string> mots;
+  for (const QListWidgetItem* element : ui_->ListLignSuppl->selectedItems()) {
+    const int ligne = ui_->ListLignSuppl->row(element);
+    mots.push_back(text::MotDeLIntitule(ouverte_.agregation.table.lignes[static_cast<std::size_t>(ligne)].intitule));
+  }
+  OuvrirConcord(services_, mots);
+}
+
+void OuvrirTabMotAgreg(Services& services) {
+  if (FairePlace<TabMotAgreg>(services)) Montrer<TabMotAgreg>(services);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,39 @@
+// Rows of a table merged by hand, with the sorts that help to choose them.
+#pragma once
+
+#include <memory>
+
+#include "forms/cadre/forme.h"
+#include "forms/cadre/services.h"
+#include "text/gestion/agregation.h"
+
+namespace Ui {
+class TabMotAgreg;
+}
+
+namespace quelvar::forms {
+
+class TabMotAgreg : public Forme {
+  Q_OBJECT
+ public:
+  explicit TabMotAgreg(Services& services);
+  ~TabMotAgreg() override;
+  bool ATravail() const override { return ouverte_.agregation.modifiee; }
+
+ private:
+  void RelierTri();
+  void MontrerLignes();
+  void Marquer();
+  void Dire(std::string_view texte);
+  void EnregistrerLigne();
+  void Trier();
+  void Terminer();
+  void MontrerConcordance();
+
+  text::AgregationOuverte ouverte_;
+  std::unique_ptr<Ui::TabMotAgreg> ui_;
+};
+
+void OuvrirTabMotAgreg(Services& services);
+
+}  // namespace quelvar::forms
