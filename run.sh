@@ -27,11 +27,11 @@ sans_ecran() {
   construire core quelvar-batch
   copie=$(mktemp -d) # not local: the trap needs it when this function is over
   trap 'rm -rf "$copie"' EXIT
-  cp -r examples/loisirs/. "$copie"
-  cd "$copie"
-  PATH="$racine/build/core/bin:$PATH" sh -e chaine.sh
-  cp plan.* "$racine/build/"
-  echo "Le plan des facteurs est dans $racine/build : plan.svg, plan.png" >&2
+  cp -r examples/loisirs examples/paquets "$copie"
+  PATH="$racine/build/core/bin:$PATH"
+  (cd "$copie/loisirs" && sh -e chaine.sh && cp plan.* "$racine/build/")
+  (cd "$copie/paquets" && sh -e chaine.sh && cp mots.* "$racine/build/")
+  echo "Le plan des facteurs est dans $racine/build : plan.svg, plan.png ; celui des mots : mots.svg, mots.png" >&2
 }
 
 # The copy is made once: what the user does there afterwards is never overwritten. The survey is imported in it, and

@@ -47,7 +47,8 @@ chaine() (
   copie=$(mktemp -d) && trap 'rm -rf "$copie"' EXIT
   racine=$PWD
   cp -r examples/loisirs/. "$copie" && PATH="$racine/build/release/bin:$PATH" && cd "$copie" && sh -e chaine.sh &&
-    cmp plan.svg "$racine/docs/images/plan.svg"
+    cmp plan.svg "$racine/docs/images/plan.svg" &&
+    cp -r "$racine/examples/paquets" "$copie/paquets" && cd "$copie/paquets" && sh -e chaine.sh && [ -s mots.svg ]
 )
 
 tout() {

@@ -92,3 +92,17 @@ facteurs BURT700 "3 500 modalités" facteurs=3
 "$bin/quelvar-batch" posmod INDIV oublier=oui codeszero=non individus=oui >/dev/null
 facteurs INDIV "10 000 individus" facteurs=5
 facteurs INDIV "10 000 individus, Ward" facteurs=5 cah=ward2 individus=oui
+
+# Textual data: 100,000 answers of twelve words with five characteristics, and a million lines to sort.
+awk 'BEGIN { srand(1); for (i = 0; i < 100000; i++) { l = ""; for (c = 0; c < 5; c++) l = l (1 + int(rand() * 5));
+  for (m = 0; m < 12; m++) { r = rand(); l = l (m ? " " : "") sprintf("mot%d", int(7000 * r * r * r)) } print l "*" } }' >MOTS.TXT
+printf 'MOTS\r\n 0 \r\n' >MOTS.POS
+for q in 1 2 3 4 5; do printf 'Q%d %4d 5 &ACT&\r\n' $q $q >>MOTS.POS; done
+ligne "plancher : voir chaque octet" MOTS.TXT "" "$bin/quelvar-plancher" octets MOTS.TXT
+ligne "saisiemot, 1,2 million de mots" MOTS.TXT "rm -f MOTS.DAT MOTS.IMP" "$bin/quelvar-batch" saisiemot MOTS position=5
+ligne "tabmot, 5 questions" MOTS.DAT "rm -f MOTS.BRT MOTS.MOD MOTS.PRT" "$bin/quelvar-batch" tabmot MOTS
+ligne "preptext" MOTS.DAT "rm -f MOTT.txt MOTT.pos MOTT.mod MOTT.prt" "$bin/quelvar-batch" preptext MOTS dat=oui
+ligne "concordance d'un mot" MOTS.DAT "" "$bin/quelvar-batch" concordance MOTS mots=mot77
+awk 'BEGIN { srand(2); for (i = 0; i < 1000000; i++) printf "%010d une ligne de soixante caracteres pour le tri        \n", int(rand() * 5000) }' >LIGNES.TXT
+ligne "trifichier, un million de lignes" LIGNES.TXT "rm -f TRIE.TXT" "$bin/quelvar-batch" trifichier MOTS a=LIGNES.TXT \
+  c=TRIE.TXT position=1 largeur=10

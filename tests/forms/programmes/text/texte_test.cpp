@@ -1,0 +1,109 @@
+// The forms of the textual data, one after the other on one text as a user takes them.
+#include <gtest/gtest.h>
+
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include "forms/pilote.h"
+#include "forms/programmes/text/concord.h"
+#include "forms/programmes/text/preptext.h"
+#include "forms/programmes/text/saisiemot.h"
+#include "forms/programmes/text/suplmot.h"
+#include "forms/programmes/text/tabmot.h"
+#include "forms/programmes/text/tabmotagreg.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using namespace essai;
+
+class FormesDuTexte : public testing::Test {
+ protected:
+  FormesDuTexte() {
+    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+    bureau_.Ecrire("ENQ.TXT", "1Le travail, bien s\xFBr\r\n2travailler et rire*\r\n1Rire au travail\r\n");
+    bureau_.Ouvrir();
+  }
+
+  void DoubleCliquer(const QWidget& forme, const char* nom, int ligne) {
+    auto& liste = Bureau::Dans<QListWidget>(forme, nom);
+    const QRect place = liste.visualItemRect(liste.item(ligne));
+    QTest::mouseClick(liste.viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+    QTest::mouseDClick(liste.viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+  }
+
+  Bureau bureau_{true};
+  Pilote pilote_;
+};
+
+TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
+  auto& preparation = bureau_.Demander<PrepText>("mnuPrepText");
+  EXPECT_TRUE(Etiquette(preparation, "TextAide").startsWith("Le présent programme, facultatif, permet :"));
+  Cliquer(preparation, "ChkMin");
+  EXPECT_EQ(Etiquette(preparation, "TextAide"), "Cette option transforme les minuscules en majuscules. ");
+  Cliquer(preparation, {"ChkMin", "BtLancer"});
+  EXPECT_EQ(bureau_.Lire("ENR.txt"), "1le travail  bien sur\r\n2travailler et rire*\r\n1rire au travail\r\n");
+  EXPECT_TRUE(bureau_.Texte().endsWith("    le nouveau est désormais : ENR\nFin normale du programme\n"));
+
+  auto& decoupage = bureau_.Demander<SaisieMot>("mnuImpMot");
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(decoupage, "Verif").toPlainText().contains("1le travail  bien sur"));
+  EXPECT_FALSE(Visible(decoupage, "FrMots"));
+  pilote_.Cliquer("OK");
+  Cliquer(decoupage, "CbLancer");
+  EXPECT_EQ(pilote_.Vues().last(), "En étape 1, il faut indiquer une position non nulle");
+  Taper(decoupage, "TbPos", "1");
+  pilote_.Taper("SEX");
+  pilote_.Taper("2");
+  Cliquer(decoupage, "CbLancer");
+  EXPECT_TRUE(bureau_.Texte().contains("Nombre de mots différents 8 ")) << bureau_.Texte().toStdString();
+  EXPECT_EQ(bureau_.Lire("ENR.POS"), "ENR\r\n 10 \r\nSEX   1 2\r\n");
+
+  auto& table = bureau_.Demander<TabMot>("mnuTabMot");
+  Cliquer(table, "CbLancer");
+  EXPECT_EQ(Etiquette(table, "TextMsg"), "Aucune question n'est choisie comme active");
+  CliquerLigne(table, "ListVar1", 0);
+  Cliquer(table, "BoutActPlus");
+  Taper(table, "TBFreq", "1");
+  Cliquer(table, "CbLancer");
+  EXPECT_TRUE(bureau_.Texte().contains("Nombre de mots écrits en sortie  8 ")) << bureau_.Texte().toStdString();
+
+  auto& lignes = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
+  EXPECT_FALSE(Actif(lignes, "OptFac"));
+  Cliquer(lignes, "BtEnreg");
+  EXPECT_EQ(Etiquette(lignes, "TextMsg"), "Il n'y a pas de mots à regrouper");
+  Cliquer(lignes, {"OptLong", "BtTri"});
+  EXPECT_EQ(Lignes(lignes, "ListLignSuppl").last(), "   1           tra1travailler");
+  DoubleCliquer(lignes, "ListLignSuppl", 6);
+  auto* concordance = bureau_.Forme<Concord>();
+  ASSERT_NE(concordance, nullptr);
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
+                  .toPlainText()
+                  .startsWith("Concordance de : travail\n2 ligne(s) de ENR.DAT\n"));
+  Cliquer(*concordance, "BoutQuitter");
+  auto& liste = Bureau::Dans<QListWidget>(lignes, "ListLignSuppl");
+  for (const int ligne : {6, 7}) liste.item(ligne)->setSelected(true);
+  Taper(lignes, "TextModLign", "travail");
+  Cliquer(lignes, {"BtEnreg", "BtFin"});
+  EXPECT_TRUE(bureau_.Lire("ENS.brt").ends_with("   321travail\r\n")) << bureau_.Lire("ENS.brt");
+  EXPECT_EQ(bureau_.Lire("ENS.POS"), bureau_.Lire("ENR.POS"));
+}
+
+TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n");
+  bureau_.Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n");
+  auto& forme = bureau_.Demander<SuplMot>("mnuSupLignes");
+  CliquerLigne(forme, "ListColSuppl", 1);
+  CliquerLigne(forme, "ListLignSuppl", 0);
+  EXPECT_EQ(Lignes(forme, "ListColSuppl"), (QStringList{"SEX1   H", "SEX2 S F"}));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2 S un", "   3   deux"}));
+  CliquerLigne(forme, "ListRecapLign", 1);
+  Taper(forme, "TextModLign", "trois");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Lire("ENQ.BRT"), "   312trois\r\n   211un\r\n");
+  EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n IMAX=2 JMAX=2 ISUP=1 FMT=1 \r\nSEX1   H\r\nSEX2 S F\r\n");
+  EXPECT_EQ(bureau_.Texte(), "Fin normale des modifications de modalités, passer à l'étape suivante\n");
+}
+
+}  // namespace
