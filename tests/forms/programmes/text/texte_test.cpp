@@ -74,8 +74,8 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   Cliquer(lignes, "BtEnreg");
   EXPECT_EQ(Etiquette(lignes, "TextMsg"), "Il n'y a pas de mots à regrouper");
   Cliquer(lignes, {"OptLong", "BtTri"});
-  EXPECT_EQ(Lignes(lignes, "ListLignSuppl").last(), "   1           tra1travailler");
-  DoubleCliquer(lignes, "ListLignSuppl", 6);
+  EXPECT_EQ(Lignes(lignes, "ListLignSuppl").last(), "   2           travtravail   ");
+  DoubleCliquer(lignes, "ListLignSuppl", 7);
   auto* concordance = bureau_.Forme<Concord>();
   ASSERT_NE(concordance, nullptr);
   EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")

@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include "core/texte/nombres.h"
+#include "support/programme.h"
+#include "text/decoupage/liste.h"
+#include "text/decoupage/saisiemot.h"
+#include "text/preparation/preptext.h"
+
+using namespace quelvar::text;
+
+namespace quelvar {
+namespace {
+
+std::string Code(Codeur& codeur, std::string_view mot) {
+  const auto code = codeur.Coder(CadreGauche(mot, 10));
+  return {code.data(), code.size()};
+}
+
+TEST(Codeur, TheRunningNumberTakesThePlaceOfTheLastCharacters) {
+  Codeur codeur;
+  EXPECT_EQ(Code(codeur, "travail"), "trav");
+  for (int i = 1; i <= 1000; ++i) {
+    const std::string numero = Nombre(i);
+    EXPECT_EQ(Code(codeur, "tra" + numero), std::string("trav").substr(0, 4 - numero.size()) + numero);
+  }
+  EXPECT_EQ(Code(codeur, "tr"), "tr  ") << "three other first columns";
+  EXPECT_EQ(Code(codeur, "tr a"), "tr 1");
+}
+
+TEST(TableDe, ByteByByte) {
+  const struct {
+    OptionsPrepText options;
+    std::string_view avant;
+    std::string_view apres;
+  } cas[] = {
+      {{}, "ÀÉÎÕÜÇæñ"_w, "aeiouc\xE6\xF1"},
+      {{}, "A-Z[\"'`]\t&*"_w, "a z      &*"},
+      {{}, "\x8C\x9C\x80\xAB~", "\x9C\x9C   "},
+      {{.accents = false, .ponctuation = false, .majusculesEnMin = true, .minusculesEnMaj = true},
+       "Aa~\xE9",
+       "AA^\xE9"},
+      {{.ponctuation = false, .finsDeLigne = true}, "a&\nb&&\r\n&&&&\n", "a& b&& \n&&&& "},
+  };
+  for (const auto& [options, avant, apres] : cas) {
+    std::string texte(avant);
+    TransformerOctets(texte, options);
+    EXPECT_EQ(texte, apres);
+  }
+}
+
+class RunTexte : public essai::RunDeProgramme {
+ protected:
+  Fin Decouper(std::string_view texte, const OptionsSaisieMot& options) {
+    Ecrire("ENQ.TXT", texte);
+    return SaisieMot(contexte_, options);
+  }
+};
+
+TEST_F(RunTexte, AStopLeavesTheFormerFiles) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+  Ecrire("ENQ.DAT", "1mot mot       $$\r\n");
+  Ecrire("ENQ.TR1", "ancien\r\n");
+  Ecrire("ENQ.TXT", "");
+  const auto avant = Fichiers("ENQ.IMP");
+  for (const std::string_view texte : {"", "1 a\n\n1\n", "12 sans fin", "123 a\nb\nc*\n"}) {
+    OptionsSaisieMot options;
+    options.position = 3;
+    options.lignesMax = 2;
+    EXPECT_EQ(Decouper(texte, options), Fin::Arret) << texte;
+    Ecrire("ENQ.TXT", "");
+    EXPECT_EQ(Fichiers("ENQ.IMP"), avant) << texte;
+  }
+}
+
+TEST_F(RunTexte, AUtf8TextIsConvertedOrRefusedNeverReadWrong) {
+  OptionsSaisieMot options;
+  options.position = 1;
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Decouper("1\xC3\xA9t\xC3\xA9*\n", options), Fin::Arret);
+  EXPECT_TRUE(Dit("*** Arrêt du programme : le fichier ENQ.TXT est en UTF-8"_w));
+  EXPECT_FALSE(Existe("ENQ.DAT"));
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(Decouper("1\xC3\xA9t\xC3\xA9 \xE2\x98\x83*\n", options), Fin::Normale);
+  EXPECT_TRUE(Dit("   1 ?            1 été       "_w)) << montre_;
+  EXPECT_TRUE(Dit("*** Attention : 1 caractère(s) de ENQ.TXT"_w));
+}
+
+TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {
+  Ecrire("ENQ.DAT", "112\r\n");
+  OptionsSaisieMot options;
+  options.position = 1;
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Decouper("1un*\n", options), Fin::Arret);
+  EXPECT_EQ(Lire("ENQ.DAT"), "112\r\n");
+}
+
+TEST(RefusDeDecouper, NamesTheStep) {
+  EXPECT_EQ(RefusDeDecouper({}), "En étape 1, il faut indiquer une position non nulle"_w);
+  OptionsSaisieMot options;
+  options.position = 2;
+  EXPECT_TRUE(RefusDeDecouper(options).empty());
+  options.mode = ModeStimulus::Caracteristique;
+  EXPECT_EQ(RefusDeDecouper(options), "En étape 2, il faut indiquer une position non nulle"_w);
+  options.positionStimulus = 3;
+  EXPECT_FALSE(RefusDeDecouper(options).empty());
+}
+
+}  // namespace
+}  // namespace quelvar

@@ -1,0 +1,51 @@
+#include <gtest/gtest.h>
+
+#include "support/programme.h"
+#include "text/gestion/agregation.h"
+#include "text/gestion/suplmot.h"
+
+using namespace quelvar::text;
+
+namespace quelvar {
+namespace {
+
+class RunGestion : public essai::RunDeProgramme {
+ protected:
+  RunGestion() {
+    Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=1 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n**\r\nun     un\r\n");
+    Ecrire("ENQ.BRT", "   999un\r\n   999deux\r\n   322trois\r\n");
+  }
+};
+
+TEST_F(RunGestion, MergedCellsWidenTheTableAndKeepItsMargin) {
+  AgregationOuverte ouverte = OuvrirAgregation(contexte_);
+  ASSERT_TRUE(ouverte.ouverte);
+  Agregation& agregation = ouverte.agregation;
+  for (LigneDeTable& ligne : agregation.table.lignes) ligne.marquee = true;
+  EXPECT_TRUE(Agreger(agregation, "tout").empty());
+  ASSERT_EQ(agregation.table.lignes.size(), 1U);
+  EXPECT_EQ(agregation.table.lignes[0].nom, "  21");
+  EXPECT_EQ(agregation.table.lignes[0].cellules, "2020");
+  EXPECT_EQ(agregation.table.largeur, 2);
+  EXPECT_EQ(agregation.compteRendu.size(), 9U) << "three rows, two lines of remark, three rows, the name";
+  EXPECT_EQ(Agreger(agregation, "rien"), "Il n'y a pas de mots à regrouper"_w);
+}
+
+TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
+  Ecrire("ENQ.BRT", "   999un\r\n   3\r\n");
+  EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte);
+  const TableOuverte table = OuvrirSuplMot(contexte_);
+  ASSERT_EQ(table.message.size(), 2U);
+  EXPECT_TRUE(table.message[1].starts_with("La ligne 2 de ENQ.BRT est trop courte"));
+}
+
+TEST_F(RunGestion, TheLastRowsOpenAsSupplementaryAndAllMayBe) {
+  TableOuverte ouverte = OuvrirSuplMot(contexte_);
+  EXPECT_EQ(TexteDeLigne(ouverte.table, 2), "   3 S trois");
+  for (const std::size_t ligne : {0U, 1U}) BasculerLigne(ouverte.table, ligne);
+  EXPECT_EQ(EnregistrerSuplMot(contexte_, ouverte.table), Fin::Normale);
+  EXPECT_TRUE(Lire("ENQ.MOD").starts_with("ENQ\r\n IMAX=3 JMAX=2 ISUP=3 FMT=1 \r\n"));
+}
+
+}  // namespace
+}  // namespace quelvar

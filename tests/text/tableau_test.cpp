@@ -1,0 +1,76 @@
+#include <gtest/gtest.h>
+
+#include "support/programme.h"
+#include "text/concordance/concord.h"
+#include "text/tableau/comptage.h"
+#include "text/tableau/sorties.h"
+#include "text/tableau/tabmot.h"
+
+using namespace quelvar::text;
+
+namespace quelvar {
+namespace {
+
+// A line of words with no context.
+std::string Ligne(std::string_view caracteristiques, std::string_view code, std::string_view mot) {
+  return Joindre({caracteristiques, CadreGauche(code, 4), CadreGauche(mot, 10), "$$", std::string(75, ' '), "\r\n"});
+}
+
+TEST(LargeurDesCaracteristiques, FoundByTheLengthThenByTheSign) {
+  EXPECT_EQ(LargeurDesCaracteristiques(Ligne("123", "a$$", "a$$b").substr(0, 94)), 3U);
+  EXPECT_EQ(LargeurDesCaracteristiques("12travtravail   $$ et le reste"), 2U);
+  EXPECT_EQ(LargeurDesCaracteristiques("112"), std::nullopt);
+}
+
+TEST(LigneMarquee, GivesTheMarkThatTheChoiceAsksFor) {
+  EXPECT_EQ(LigneMarquee("SEX   1 2", true), "SEX   1 2 &ACT&");
+  EXPECT_EQ(LigneMarquee("SEX   1", true), "SEX   1   &ACT&");
+  EXPECT_EQ(LigneMarquee("SEX   1 2 &SUP& $S$", true), "SEX   1 2 &ACT& $S$");
+  EXPECT_EQ(LigneMarquee("SEX   1 2 &ACT&", false), "SEX   1 2 &SUP&");
+  EXPECT_EQ(LigneMarquee("SEX   1 2", false), "SEX   1 2");
+}
+
+class RunTabMot : public essai::RunDeProgramme {};
+
+TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
+  const std::string mot = Ligne("1", "a", "a");
+  const struct {
+    std::string dat;
+    std::string pos;
+    std::string_view dit;
+  } cas[] = {
+      {"112\r\n", "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n", "ne contient pas des mots"},
+      {mot, "ENQ\r\n 1 \r\nSEX   2 2 &ACT&\r\n", "*** La question SEX (position 2) est au-delà des caractéristiques"_w},
+      {mot + "1\r\n", "ENQ\r\n 2 \r\nSEX   1 2 &ACT&\r\n", "*** La ligne 2 de ENQ.DAT n'est pas celle d'un mot"},
+      {mot, "ENQ\r\n 1 \r\nSEX   1L3 &ACT&\r\n", "dont le code-max dépasse 99"_w},
+      {mot, "ENQ\r\n 1 \r\nSEX   1 2\r\n", "*** Aucune question n'est marquée &ACT&"_w},
+  };
+  for (const auto& [dat, pos, dit] : cas) {
+    Ecrire("ENQ.DAT", dat);
+    Ecrire("ENQ.POS", pos);
+    const auto avant = Fichiers("ENQ.PRT");
+    EXPECT_EQ(TabMot(contexte_, {}), Fin::Arret);
+    EXPECT_TRUE(Dit(dit)) << montre_;
+    EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
+  }
+}
+
+TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
+  std::string dat;
+  for (int i = 0; i < 10001; ++i) dat += Ligne("1", "de", "de");
+  Ecrire("ENQ.DAT", dat);
+  Ecrire("ENQ.POS", "ENQ\r\n 10001 \r\nSEX   1 2 &ACT&\r\n");
+  EXPECT_EQ(TabMot(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.BRT"), "999910001    0de  de        \r\n");
+  EXPECT_TRUE(Dit("*** Attention : la fréquence du mot de est de 10001"_w));
+}
+
+TEST(MotDeLIntitule, IsThatOfTheFiles) {
+  EXPECT_EQ(MotDeLIntitule("tra1travailler"), "travailler");
+  EXPECT_EQ(MotDeLIntitule("vie vie       "), "vie");
+  EXPECT_EQ(MotDeLIntitule("_arg_argent*"), "_argent");
+  EXPECT_EQ(MotDeLIntitule("de"), "de");
+}
+
+}  // namespace
+}  // namespace quelvar
