@@ -36,7 +36,9 @@ TEST(TableDe, ByteByByte) {
       {{}, "ÀÉÎÕÜÇæñ"_w, "aeiouc\xE6\xF1"},
       {{}, "A-Z[\"'`]\t&*"_w, "a z      &*"},
       {{}, "\x8C\x9C\x80\xAB~", "\x9C\x9C   "},
-      {{.accents = false, .ponctuation = false, .majusculesEnMin = true, .minusculesEnMaj = true}, "Aa~\xE9", "AA^\xE9"},
+      {{.accents = false, .ponctuation = false, .majusculesEnMin = true, .minusculesEnMaj = true},
+       "Aa~\xE9",
+       "AA^\xE9"},
       {{.ponctuation = false, .finsDeLigne = true}, "a&\nb&&\r\n&&&&\n", "a& b&& \n&&&& "},
   };
   for (const auto& [options, avant, apres] : cas) {
