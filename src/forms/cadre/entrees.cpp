@@ -19,12 +19,12 @@
 #include "forms/programmes/sorts/choixtriapl.h"
 #include "forms/programmes/sorts/preprecod.h"
 #include "forms/programmes/tables/choixecapem.h"
+#include "forms/programmes/tables/graphe.h"
 #include "forms/programmes/text/preptext.h"
 #include "forms/programmes/text/saisiemot.h"
 #include "forms/programmes/text/suplmot.h"
 #include "forms/programmes/text/tabmot.h"
 #include "forms/programmes/text/tabmotagreg.h"
-#include "forms/programmes/tables/graphe.h"
 #include "forms/programmes/utilities/exportcsv.h"
 #include "forms/programmes/utilities/utilitaires.h"
 
