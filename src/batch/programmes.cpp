@@ -19,6 +19,7 @@
 #include "sorts/triapl/triapl_options.h"
 #include "tables/ecapem_options.h"
 #include "tables/triangle/triang_options.h"
+#include "text/concordance/concord_options.h"
 #include "text/decoupage/saisiemot_options.h"
 #include "text/gestion/gestion_options.h"
 #include "text/preparation/preptext_options.h"
@@ -59,6 +60,7 @@ const std::vector<Programme>& Programmes() {
       ProgrammeDe(text::DescriptionTabMot()),
       ProgrammeDe(text::DescriptionSuplMot()),
       ProgrammeDe(text::DescriptionTabMotAgreg()),
+      ProgrammeDe(text::DescriptionConcordance()),
       ProgrammeDe(utilities::DescriptionTriFichier()),
       ProgrammeDe(utilities::DescriptionTri()),
       ProgrammeDe(utilities::DescriptionExportCsv()),

@@ -44,6 +44,8 @@ struct OptionsConcordance {
   std::vector<std::string> mots{};
   OrdreDeConcordance ordre = OrdreDeConcordance::Fichier;
   std::string sortie{};  // file for the text; it is only shown without one
+
+  bool operator==(const OptionsConcordance&) const = default;
 };
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options);
 

@@ -17,7 +17,7 @@ Description<O> Decrire() {
       .OuiNon("accents", &O::accents, "suppression des accents")
       .Montre("ChkAccents")
       .OuiNon("ponctuation", &O::ponctuation, "suppression des signes de ponctuation (et tabulation)")
-      .Montre("ChkPonct")
+      .Montre("ChKPonct")
       .OuiNon("majuscules", &O::majusculesEnMin, "passage des majuscules en minuscules")
       .Montre("ChkMaj")
       .OuiNon("minuscules", &O::minusculesEnMaj, "passage des minuscules en majuscules")
