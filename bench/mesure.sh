@@ -117,3 +117,24 @@ ligne "concordance d'un mot" MOTS.DAT "" "$bin/quelvar-batch" concordance MOTS m
 awk 'BEGIN { srand(2); for (i = 0; i < 1000000; i++) printf "%010d une ligne de soixante caracteres pour le tri        \n", int(rand() * 5000) }' >LIGNES.TXT
 ligne "trifichier, un million de lignes" LIGNES.TXT "rm -f TRIE.TXT" "$bin/quelvar-batch" trifichier MOTS a=LIGNES.TXT \
   c=TRIE.TXT position=1 largeur=10
+
+# Utilities on a million individuals, the profile of a modality, the grouping of Burt tables.
+for programme in "exporter a=MILLION.DAT c=ZONE.TXT debut=1 fin=50" "fusionner a=MILLION.DAT b=MILLION.DAT c=JOINTS.TXT type=append" \
+  "caracteres a=CENT.DAT"; do
+  source=MILLION.DAT
+  [[ $programme == caracteres* ]] && source=CENT.DAT
+  ligne "${programme%% *}" $source "rm -f ZONE.TXT JOINTS.TXT RIEN.prt" "$bin/quelvar-batch" "${programme%% *}" RIEN ${programme#* }
+done
+rm -f ZONE.TXT JOINTS.TXT RIEN.prt
+cp -f MILLION.MOD MODALITES.MOD 2>/dev/null || printf 'MILLION\r\n BRT=2 FMT=1\r\nA000\r\nA001\r\n' >MILLION.MOD
+ligne "export-csv" MILLION.DAT "rm -f MILLION.csv" "$bin/quelvar-batch" export-csv MILLION
+ligne "profilmod, d'après les données" MILLION.DAT "rm -f MILLION.PR2" \
+  "$bin/quelvar-batch" profilmod MILLION modalites="$(sed -n '4s/^\(....\).*/\1/p' MILLION.MOD)"
+rm -f MILLION.csv
+regroupement() {
+  local colonnes
+  colonnes=$(sed -n '3,12s/^\(....\).*/\1/p' $1.MOD | paste -sd,)
+  ligne "modifburt, $2" $1.BRT "rm -f $3.*" "$bin/quelvar-batch" modifburt $1 colonnes="$colonnes" nomcolonne=Groupe
+}
+regroupement BURT "1 500 modalités" BURU
+regroupement BURT700 "3 500 modalités" BURT701

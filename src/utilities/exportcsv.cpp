@@ -231,6 +231,12 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
 }  // namespace
 
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
+  // It may be the source of the data set.
+  if (contexte.Chercher(".csv") &&
+      contexte.Ecran().demander(
+          Joindre({"Le fichier ", contexte.Nom(".csv"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w}),
+          Boutons::OuiNon) != Reponse::Oui)
+    return Fin::Arret;
   return ExecuterProgramme(contexte, kRapport, Libelles(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });
 }

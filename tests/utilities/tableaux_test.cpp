@@ -101,6 +101,19 @@ TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
   EXPECT_EQ(Lire("ENQ.PO2"), avant.at("ENQ.POS"));
 }
 
+TEST_F(RunTableaux, ASpreadsheetIsNotReplacedUnasked) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nAGE   1 9\r\n");
+  Ecrire("ENQ.DAT", "1\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n\r\n");
+  Ecrire("ENQ.CSV", "la source");
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(ExporterCsv(contexte_, {}), Fin::Arret);
+  EXPECT_EQ(Lire("ENQ.CSV"), "la source");
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.CSV"), "AGE\r\n1\r\n");
+}
+
 TEST_F(RunTableaux, ANewGenericThatExistsIsNotWrittenOver) {
   EcrireTableau(2, 2, 1, 3);
   Ecrire("ENR.DAT", "une autre enquete\r\n");

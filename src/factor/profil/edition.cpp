@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "core/texte/nombres.h"
+
 namespace quelvar::factor {
 
 namespace {
@@ -20,7 +22,7 @@ struct Largeurs {
 Largeurs LargeursDe(const ProfilDeModalite& profil) {
   Largeurs largeurs;
   const auto elargir = [](int& largeur, double valeur) {
-    largeur = std::max(largeur, static_cast<int>(NombreFixe(valeur, 0, 0).find_last_not_of(' ')) + 2);
+    largeur = std::max(largeur, static_cast<int>(Nombre(valeur).size()) + 1);
   };
   for (const LigneDeProfil& ligne : profil.lignes) {
     elargir(largeurs.effectif, std::floor(ligne.ensemble));

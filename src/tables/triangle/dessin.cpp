@@ -32,9 +32,9 @@ constexpr Place kPlaces[] = {
     {-4, -4, Ancre::Fin, Niveau::Bas},    {-4, 4, Ancre::Fin, Niveau::Haut},
 };
 constexpr double kPremierRayon = 16;
-constexpr double kDernierRayon = 120;
-constexpr double kPasDeRayon = 8;
-constexpr int kDirections = 12;
+constexpr double kDernierRayon = 112;
+constexpr double kPasDeRayon = 16;
+constexpr int kDirections = 10;
 
 // Rectangles that are taken, found by the squares of a grid that they touch.
 class Occupation {
@@ -45,27 +45,34 @@ class Occupation {
         cases_(static_cast<std::size_t>(colonnes_) * static_cast<std::size_t>(lignes_)) {}
 
   bool Libre(const Zone& zone) const {
-    bool libre = true;
-    Parcourir(zone, [&](std::size_t c) {
-      libre = libre && std::none_of(cases_[c].begin(), cases_[c].end(), [&](const Zone& z) { return z.Touche(zone); });
-    });
-    return libre;
+    const auto touche = [&](std::size_t c) {
+      return std::any_of(cases_[c].begin(), cases_[c].end(), [&](const Zone& z) { return z.Touche(zone); });
+    };
+    return !Parcourir(zone, touche);
   }
   void Prendre(const Zone& zone) {
-    Parcourir(zone, [&](std::size_t c) { cases_[c].push_back(zone); });
+    Parcourir(zone, [&](std::size_t c) {
+      cases_[c].push_back(zone);
+      return false;
+    });
   }
 
  private:
-  static constexpr double kCase = 24;
+  static constexpr double kCase = 12;
 
+  // Goes through the squares that a zone touches until the action says true; whether it did.
   template <typename Action>
-  void Parcourir(const Zone& zone, const Action& action) const {
+  bool Parcourir(const Zone& zone, const Action& action) const {
     const auto borner = [](double place, int nombre) {
       return std::clamp(static_cast<int>(std::floor(place / kCase)), 0, nombre - 1);
     };
-    for (int j = borner(zone.y, lignes_); j <= borner(zone.y + zone.hauteur, lignes_); ++j)
-      for (int i = borner(zone.x, colonnes_); i <= borner(zone.x + zone.largeur, colonnes_); ++i)
-        action(static_cast<std::size_t>(j) * static_cast<std::size_t>(colonnes_) + static_cast<std::size_t>(i));
+    const int droite = borner(zone.x + zone.largeur, colonnes_);
+    const int bas = borner(zone.y + zone.hauteur, lignes_);
+    for (int j = borner(zone.y, lignes_); j <= bas; ++j)
+      for (int i = borner(zone.x, colonnes_); i <= droite; ++i)
+        if (action(static_cast<std::size_t>(j) * static_cast<std::size_t>(colonnes_) + static_cast<std::size_t>(i)))
+          return true;
+    return false;
   }
 
   int colonnes_;
@@ -203,22 +210,43 @@ void TracerMarque(Dessin& page, Position place, int marque) {
               {.couleur = Couleur::BleuFonce, .epaisseur = 0.5});
 }
 
+// The rectangles of a text around its place, by the side that stands there; its width is measured once.
+class EtendueDuTexte {
+ public:
+  EtendueDuTexte(const std::string& texte, const Police& police) {
+    Police essai = police;
+    essai.ancre = Ancre::Debut;
+    for (const Niveau niveau : {Niveau::Centre, Niveau::Haut, Niveau::Bas}) {
+      essai.niveau = niveau;
+      zones_[Rang(niveau)] = ZoneDuTexte({}, texte, essai);
+    }
+  }
+  Zone A(Position point, const Place& place) const {
+    Zone zone = zones_[Rang(place.niveau)];
+    const double recul = place.ancre == Ancre::Debut    ? 0
+                         : place.ancre == Ancre::Milieu ? zone.largeur / 2
+                                                        : zone.largeur;
+    zone.x += point.x + place.dx - recul;
+    zone.y += point.y + place.dy;
+    return zone;
+  }
+
+ private:
+  static std::size_t Rang(Niveau niveau) { return niveau == Niveau::Centre ? 0 : niveau == Niveau::Haut ? 1 : 2; }
+  std::array<Zone, 3> zones_;
+};
+
 // Where the label of a point goes: the first free place around it; the first of all when none is.
 Place ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
-  const auto libre = [&](const Place& place) {
-    Police essai = police;
-    essai.ancre = place.ancre;
-    essai.niveau = place.niveau;
-    return occupation.Libre(ZoneDuTexte(Ajouter(point, {place.dx, place.dy}), texte, essai));
-  };
+  const EtendueDuTexte etendue(texte, police);
   for (const Place& place : kPlaces)
-    if (libre(place)) return place;
+    if (occupation.Libre(etendue.A(point, place))) return place;
   for (double rayon = kPremierRayon; rayon <= kDernierRayon; rayon += kPasDeRayon)
     for (int i = 0; i < kDirections; ++i) {
       const double angle = 2 * std::numbers::pi * (i + 0.5) / kDirections;
       const Place place{rayon * std::cos(angle), rayon * std::sin(angle),
                         std::cos(angle) < 0 ? Ancre::Fin : Ancre::Debut, Niveau::Centre};
-      if (libre(place)) return place;
+      if (occupation.Libre(etendue.A(point, place))) return place;
     }
   return kPlaces[0];
 }
@@ -288,6 +316,14 @@ void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation
   page.Designer(-1);
 }
 
+// Where the label of an entry stands; nothing when it is left out.
+std::optional<Zone> ZoneDeLIntitule(const Dessin& dessin, std::size_t entree) {
+  for (const Forme& forme : dessin.Formes())
+    if (forme.genre == GenreForme::Texte && forme.id == static_cast<std::int32_t>(entree) && forme.texte != "*")
+      return dessin.Etendue(forme);
+  return std::nullopt;
+}
+
 void TracerCentre(Cadre& cadre, const EtatTriangle& etat) {
   constexpr double kTiers = 100.0 / 3;
   if (!etat.reglages.centre || !DansLesCotes(etat.cotes, {kTiers, kTiers})) return;
@@ -299,6 +335,15 @@ void TracerCentre(Cadre& cadre, const EtatTriangle& etat) {
 }
 
 }  // namespace
+
+Position EcartDeLaPlace(const EtatTriangle& etat, std::size_t entree) {
+  EtatTriangle fixe = etat;
+  fixe.entrees[entree].deplacee = true;
+  const std::optional<Zone> vue = ZoneDeLIntitule(DessinerTriangle(etat), entree);
+  const std::optional<Zone> premiere = ZoneDeLIntitule(DessinerTriangle(fixe), entree);
+  if (!vue || !premiere) return {};
+  return {vue->x - premiere->x, vue->y - premiere->y};
+}
 
 Dessin DessinerTriangle(const EtatTriangle& etat) {
   Cadre cadre(etat);

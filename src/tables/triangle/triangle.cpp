@@ -85,6 +85,9 @@ void DeplacerTexte(EtatTriangle& etat, SensTriangle sens) {
 
 void DeplacerTexte(EtatTriangle& etat, Position deplacement) {
   EntreeTriangle& entree = etat.entrees.at(etat.choisie);
+  // A label is moved from where it is seen.
+  if (!entree.deplacee && etat.choisie >= kEntreeDuPremierPoint)
+    entree.deplacement = EcartDeLaPlace(etat, etat.choisie);
   entree.deplacee = true;
   entree.deplacement = {entree.deplacement.x + deplacement.x, entree.deplacement.y + deplacement.y};
 }

@@ -85,6 +85,10 @@ void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans);
 // The initial drawing again, the chosen text apart.
 void ReinitialiserTriangle(EtatTriangle& etat);
 
+// How far from its first place, right of its point, the label of an entry was put to keep clear of the others; points
+// of the page.
+Position EcartDeLaPlace(const EtatTriangle& etat, std::size_t entree);
+
 // The picture; each text and mark stands for its entry of the list.
 Dessin DessinerTriangle(const EtatTriangle& etat);
 

@@ -95,6 +95,19 @@ TEST(DessinerProfil, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
   EXPECT_EQ(pleines, (std::vector<bool>{true, false, true}));
 }
 
+TEST(EcrireProfil, CountsNeverTouchTheirNeighbours) {
+  const essai::DossierTemporaire dossier;
+  for (const auto& [effectif, ligne] :
+       {std::pair(2146.0, "SEX1   61 2146 *** "), std::pair(12345.0, "SEX1   61 12345 *** ")}) {
+    ProfilDeModalite profil{"AGE1", "jeunes", {{"SEX1", "hommes", effectif, {1, 1, 9, 61}}}};
+    const Chemin chemin = dossier.Chemin() / "r";
+    Rapport rapport(chemin);
+    EcrireProfil(rapport, profil, false);
+    rapport.Fermer();
+    EXPECT_NE(LireOctets(chemin).find(ligne), std::string::npos) << effectif;
+  }
+}
+
 class RunProfil : public essai::RunDeProgramme {
  protected:
   void EcrireEnquete() const {

@@ -103,6 +103,22 @@ TEST(DessinerTriangle, LabelsDoNotCoverEachOther) {
   EXPECT_EQ(recouvrements, 0);
 }
 
+TEST(DessinerTriangle, ALabelIsMovedFromWhereItIsSeen) {
+  EtatTriangle etat = NouveauTriangle(TrgDe({{20, 30, 50}, {20, 30, 50}, {20, 30, 50}}));
+  etat.choisie = kEntreeDuPremierPoint + 2;
+  const auto place = [&] {
+    const Dessin dessin = DessinerTriangle(etat);
+    for (const Forme& forme : dessin.Formes())
+      if (forme.genre == GenreForme::Texte && forme.id == static_cast<int>(etat.choisie)) return dessin.Etendue(forme);
+    return Zone{};
+  };
+  const Zone avant = place();
+  DeplacerTexte(etat, SensTriangle::Droite);
+  DeplacerTexte(etat, SensTriangle::Haut);
+  EXPECT_NEAR(place().x, avant.x + 5, 1e-9);
+  EXPECT_NEAR(place().y, avant.y - 5, 1e-9);
+}
+
 TEST(DessinerTriangle, OptionsShowWhatTheySay) {
   EtatTriangle etat = NouveauTriangle(TrgDe({{20, 30, 50}, {10, 10, 80}}));
   etat.trg.points[0].nom = "AGE1";
