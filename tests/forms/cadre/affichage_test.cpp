@@ -69,7 +69,9 @@ TEST(Affichage, FichierQuiNePeutPasEtreLu) {
   std::filesystem::create_directory(bureau.Dossier() / "ENQ.TAP");
   bureau.Ouvrir();
   bureau.Menu("mnuAfTAP");
-  EXPECT_EQ(bureau.Texte(), "Le fichier ENQ.TAP ne peut pas être affiché : Erreur d'accès chemin/fichier\n");
+  EXPECT_EQ(bureau.Texte(),
+            "Le fichier ENQ.TAP ne peut pas être affiché : ENQ.TAP est un répertoire et non un fichier : "
+            "Erreur d'accès chemin/fichier\n");
 }
 
 TEST(Affichage, NomLongCoupe) {

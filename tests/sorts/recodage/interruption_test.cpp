@@ -138,7 +138,7 @@ TEST_F(Interruption, NoRoomOnTheDisk) {
     EXPECT_TRUE(WIFEXITED(etat) && WEXITSTATUS(etat) == 1) << place;
     const Contenu apres = Lire();
     EXPECT_TRUE(Contient(apres, entrees_) && Contient(apres, ancienne_)) << place;
-    EXPECT_EQ(apres.size(), 7U) << "a scratch file stays: " << place;
+    EXPECT_LE(apres.size(), 7U) << "a scratch file stays: " << place;
   }
 }
 
