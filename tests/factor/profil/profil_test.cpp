@@ -103,7 +103,7 @@ TEST(EcrireProfil, CountsNeverTouchTheirNeighbours) {
     const Chemin chemin = dossier.Chemin() / "r";
     Rapport rapport(chemin);
     EcrireProfil(rapport, profil, false);
-    rapport.Fermer();
+    rapport.Valider();
     EXPECT_NE(LireOctets(chemin).find(ligne), std::string::npos) << effectif;
   }
 }
