@@ -19,8 +19,8 @@ bool Ecrire(const QString& fichier, const QByteArray& octets) {
   return cible.open(QIODevice::WriteOnly) && cible.write(octets) == octets.size() && cible.commit();
 }
 
-// The note of two builds has the same bytes: the date of the day is overwritten, its length kept, since the table at the
-// end of a PDF counts bytes.
+// The note of two builds has the same bytes: the date of the day is overwritten, its length kept, since the table at
+// the end of a PDF counts bytes.
 void OublierLaDate(QByteArray& pdf) {
   for (const char* cle : {"/CreationDate (D:", "<xmp:CreateDate>", "<xmp:ModifyDate>", "<xmp:MetadataDate>"}) {
     for (qsizetype place = pdf.indexOf(cle); place >= 0; place = pdf.indexOf(cle, place)) {
