@@ -124,9 +124,8 @@ void CocherTableauIsole(EtatChoixVar& etat, bool coche, const Contexte& contexte
                                           Boutons::OuiNon) == Reponse::Non) {
     etat.tableauIsole = false;
     etat.isolePossible = false;
-    return;
+    contexte.Ecran().demander("Le tableau isolé ne sera pas sauvegardé"_w, Boutons::Ok);
   }
-  ViderTableauIsole(contexte);
 }
 
 bool FiltreVisible(const EtatChoixVar& etat, int niveau) { return niveau >= kNiveauAvance && etat.troisDimensions; }

@@ -67,7 +67,8 @@ void ChoisirUnSeul(EtatChoixVar& etat, bool unSeul, const Dialogue& dialogue);
 void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition);
 // The two character sizes: 10 points make pages of 5 columns and 18 rows, 8 points pages of 6 and 24.
 void ChoisirCaractere(EtatChoixVar& etat, int points);
-// Ticked, asks before it empties existing files; a refusal clears and disables the box. Raises 61, 70 or 75.
+// Ticked, asks whether existing files may be replaced by the launch; without a yes the box is cleared and disabled, and
+// this is told.
 void CocherTableauIsole(EtatChoixVar& etat, bool coche, const Contexte& contexte);
 
 // What the form shows.

@@ -164,9 +164,4 @@ std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const En
   return resultat;
 }
 
-void ViderTableauIsole(const Contexte& contexte) {
-  for (const std::string_view extension : {".MOD", ".BRT"})
-    Ecrivain(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))).Fermer();
-}
-
 }  // namespace quelvar::crosstab

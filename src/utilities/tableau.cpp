@@ -42,9 +42,9 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
 }
 
 Tableau LireTableau(Rapport& rapport, const Contexte& contexte) {
-  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   Tableau tableau;
-  tableau.brt = *contexte.Chercher(".BRT");
+  tableau.brt = contexte.Exiger(".BRT");
   tableau.titre = mod.titre;
   tableau.parametres = LireParametres(mod.parametres, &rapport);
   if (tableau.parametres.largeur == 0) {

@@ -12,7 +12,6 @@ namespace quelvar {
 namespace {
 
 constexpr std::uintmax_t kLimiteTexte = 35000;  // bytes that Text1 shows at most
-constexpr std::string_view kRapportSansNom = "$$$.prt";
 
 // Turns whatever the body threw into the one failure type.
 Erreur ErreurEnCours() {
@@ -183,11 +182,13 @@ void MontrerRapport(const Contexte& contexte, std::string_view nomRapport) {
   Montrer(contexte, FinProgramme(contexte, nomRapport, LibellesErreur{}));
 }
 
-Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    if (sauver) sauver();
-    rapport.Ligne(phrase);
-  });
+Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver,
+                 std::string_view nomRapport) {
+  return ExecuterProgramme(contexte, nomRapport.empty() ? contexte.Nom(".PRT") : std::string(nomRapport),
+                           LibellesErreur{}, [&](Rapport& rapport) {
+                             if (sauver) sauver();
+                             rapport.Ligne(phrase);
+                           });
 }
 
 std::string TexteTropLong(std::string_view nomRapport) {

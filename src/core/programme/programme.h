@@ -27,6 +27,12 @@ struct Contexte {
   std::optional<Chemin> Chercher(std::string_view extension) const {
     return ChercherFichier(repertoire, Nom(extension));
   }
+  // The file of the generic that a run cannot do without, even when it was there at its beginning. Raises 53.
+  Chemin Exiger(std::string_view extension) const {
+    std::optional<Chemin> fichier = Chercher(extension);
+    if (!fichier) throw Erreur(kFichierIntrouvable);
+    return *std::move(fichier);
+  }
 };
 
 enum class Fin { Normale, Arret };
@@ -52,9 +58,13 @@ struct LibellesErreur {
 Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
                       const std::function<void(Rapport&)>& corps, ModeEcriture mode = ModeEcriture::Neuf);
 
-// The run of an editing form that closes: does what is to be saved, then the report (generic and ".PRT") holds the one
-// sentence.
-Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver = {});
+// The report that is shown and not kept.
+inline constexpr std::string_view kRapportSansNom = "$$$.prt";
+
+// The run of an editing form that closes: does what is to be saved, then the report (generic and ".PRT" without a name)
+// holds the one sentence.
+Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<void()>& sauver = {},
+                 std::string_view nomRapport = {});
 
 // The preparation of a program that goes on with another report: the same, but a body that comes to its end shows
 // nothing, and true is returned.

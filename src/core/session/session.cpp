@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::string_view kNomInitialisation = "qvr2.ini";
 constexpr std::string_view kNomPointeur = "Qvr2.in0";
-constexpr std::string_view kAncienAbsent = "Non encore utilisé"_w;
 constexpr std::string_view kGeneriqueInconnu = "indéterminé"_w;
 constexpr std::string_view kFin = "\r\n";
 
@@ -272,7 +271,8 @@ RapportRepertoire EtatRepertoire(const Session& session) {
   }
   rapport.texte = echec + TexteOuverture(session, !fichiers.empty());
   rapport.attendGenerique = session.ouverture == Ouverture::SansInitialisation;
-  rapport.choix = Decouper(session.vus);
+  if (!session.generique.empty()) rapport.choix.push_back(session.generique);
+  for (std::string& vu : Decouper(session.vus)) rapport.choix.push_back(std::move(vu));
   rapport.choix.emplace_back(kLigneTirets);
   std::string precedent;
   for (const std::string& fichier : fichiers) {
@@ -329,7 +329,7 @@ bool EstImpossible(std::string_view generique) {
 Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::string_view saisi) {
   Acceptation acceptation;
   const std::string_view generique = saisi.substr(0, saisi.find('.'));
-  if (Rogner(generique).empty() || saisi == kLigneTirets) {
+  if (Rogner(generique).empty() || saisi == kLigneTirets || saisi == kAncienAbsent) {
     acceptation.texte = Lignes({"Pas de nom : recommencer"});
     return acceptation;
   }
@@ -371,13 +371,24 @@ std::string ChangerNiveau(Session& session, int niveau) {
   return EnregistrerInitialisation(session);
 }
 
+namespace {
+
+// The file of an entry, in its true case. An earlier version kept its entries in upper case: they lead to any spelling.
+std::optional<Chemin> FichierRecent(const std::string& entree) {
+  std::error_code ignoree;
+  if (fs::exists(Chemin(entree), ignoree)) return Chemin(entree);
+  return entree == MajusculesUtf8(entree) ? ChercherFichier("/", DepuisUtf8(entree)) : std::nullopt;
+}
+
+}  // namespace
+
 std::vector<EntreeRecente> FichiersRecents(const Reglages& reglages) {
   std::vector<EntreeRecente> entrees;
   for (int rang = 1; rang <= kRecentsPrincipal.capacite; ++rang) {
     EntreeRecente entree{LireRecent(reglages, kRecentsPrincipal, rang), std::string(kGeneriqueInconnu), {}};
     if (entree.chemin.empty()) continue;
     try {
-      if (const std::optional<Chemin> fichier = ChercherFichier("/", DepuisUtf8(entree.chemin))) {
+      if (const std::optional<Chemin> fichier = FichierRecent(entree.chemin)) {
         entree.generique = LireInitialisation(*fichier).generique;
         entree.fichier = fichier;
       }
@@ -389,7 +400,7 @@ std::vector<EntreeRecente> FichiersRecents(const Reglages& reglages) {
 }
 
 void AjouterFichierRecent(const Reglages& reglages, const Chemin& initialisation) {
-  AjouterRecent(reglages, kRecentsPrincipal, MajusculesUtf8(initialisation.native()));
+  AjouterRecent(reglages, kRecentsPrincipal, initialisation.native());
 }
 
 }  // namespace quelvar

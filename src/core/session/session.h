@@ -41,6 +41,8 @@ struct Session {
 
 // Title of the main form while the form Prem makes a first data set.
 inline constexpr std::string_view kTitreNouvelleUtilisation = "Nouvelle utilisation";
+// What stands for the former generic while there is none.
+inline constexpr std::string_view kAncienAbsent = "Non encore utilisé"_w;
 // Line that parts the generics seen from those of the directory.
 inline constexpr std::string_view kLigneTirets = "------------------";
 
@@ -108,7 +110,7 @@ std::string ChangerNiveau(Session& session, int niveau);
 // --- recent files ---
 
 struct EntreeRecente {
-  std::string chemin;             // as the store keeps it: upper case, UTF-8
+  std::string chemin;             // as the store keeps it, UTF-8
   std::string generique;          // first line of the file, or that it is unknown
   std::optional<Chemin> fichier;  // nothing for a file that can't be opened
 };

@@ -52,7 +52,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& pre
   ExigerTable(rapport, contexte);
   EcrireBandeau(rapport, "Calcul des facteurs");
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
-  LecteurLignes mod(*contexte.Chercher(".MOD"));
+  LecteurLignes mod(contexte.Exiger(".MOD"));
   preparation.titre = mod.LireObligatoire();
   preparation.parametres = mod.LireObligatoire();
   preparation.burt = LireParametres(preparation.parametres, &rapport).burt;
@@ -60,7 +60,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& pre
 
 // The preparation's report opens the report of the run.
 void ReprendreRapport(Rapport& rapport, const Contexte& contexte, std::string_view nomRapport) {
-  LecteurLignes ana(*contexte.Chercher(".ANA"));
+  LecteurLignes ana(contexte.Exiger(".ANA"));
   for (std::string_view ligne; ana.Lire(ligne);) rapport.Ligne(ligne);
   rapport.Ligne({"Ce fichier d'impression a pour nom ", nomRapport});
 }
@@ -94,7 +94,7 @@ int SeuilEffectif(int seuil, std::int64_t actifs) {
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
                            bool codageLogique) {
   const ParametresMod parametres = LireParametres(preparation.parametres, &rapport);
-  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   if (parametres.burt == 1) MarquerCodageLogique(contexte, mod);
   PlanAnecar plan = PlanifierTableau(parametres, mod, codageLogique);
   for (const std::string& nom : AttribuerIntitules(mod, plan)) {
@@ -170,7 +170,7 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
 
 void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   const Contexte& contexte = moteur.contexte;
-  moteur.tableau = LireTableau(*contexte.Chercher(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
+  moteur.tableau = LireTableau(contexte.Exiger(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
   if (EffectifTotal(moteur.tableau.actives) == 0)
     Refuser(rapport, contexte, "*** Arret du programme : le total du tableau est nul");
   moteur.analyse = CommencerAnalyse(moteur.tableau, moteur.options.type);

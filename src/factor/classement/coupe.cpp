@@ -174,7 +174,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   EcrireQuestions(nouveauPos.Fichier(), questions, longueur, classes.nombre);
   nouvellesDonnees.Achever();
   nouveauPos.Achever();
-  CopierLignes(*contexte.Chercher(".MOD"), contexte.repertoire, nouveau + ".MOD");
+  CopierLignes(contexte.Exiger(".MOD"), contexte.repertoire, nouveau + ".MOD");
   nouvellesDonnees.Valider();
   nouveauPos.Valider();
   return nouveau;

@@ -137,7 +137,7 @@ std::vector<Position> PointsDesIndividus(const Contexte& contexte, const Demande
                                          std::size_t individus, bool& codageLogique) {
   const auto h = static_cast<std::size_t>(demande.horizontal.facteur);
   const auto v = static_cast<std::size_t>(demande.vertical.facteur);
-  const Matrice lignes = LirePoints(*contexte.Chercher(".FI2"), std::max(h, v)).coordonnees;
+  const Matrice lignes = LirePoints(contexte.Exiger(".FI2"), std::max(h, v)).coordonnees;
   if (lignes.Colonnes() < individus) throw Erreur(kFinDeFichierDepassee);
   codageLogique = lignes.Colonnes() == individus;
   std::vector<Position> points;
@@ -153,7 +153,7 @@ std::vector<Position> PointsDesIndividus(const Contexte& contexte, const Demande
 std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const ParametresMod& parametres,
                                          bool codageLogique) {
   if (!codageLogique)
-    return LignesDIndividus{*contexte.Chercher(".BRT"), NombreDeclare(parametres.colonnes),
+    return LignesDIndividus{contexte.Exiger(".BRT"), NombreDeclare(parametres.colonnes),
                             static_cast<std::size_t>(parametres.largeur)};
   const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
   if (cdg) return LignesDIndividus{*cdg, 0, 1};
@@ -214,14 +214,14 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
   const std::string_view analyse = DerniereAnalyse(contexte);
   ExigerFichiersDesEllipses(rapport, contexte, analyse);
   EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
-  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
   if (parametres.burt != 1)
     Refuser(rapport, contexte, "*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
   if (parametres.largeur < 1)
     Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
 
-  const std::vector<double> racines = RacinesDesValeursPropres(*contexte.Chercher(analyse));
+  const std::vector<double> racines = RacinesDesValeursPropres(contexte.Exiger(analyse));
   for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
     if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
   std::vector<EllipsesDeModalite> resultat;

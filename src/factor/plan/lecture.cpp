@@ -134,7 +134,7 @@ void PoserLigne(DonneesPlan& donnees, std::size_t element, const LigneFacteurs& 
 }
 
 void PlacerElements(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres, DonneesPlan& donnees) {
-  const std::vector<std::string> faj = LignesPleines(*contexte.Chercher(".FAJ"));
+  const std::vector<std::string> faj = LignesPleines(contexte.Exiger(".FAJ"));
   if (faj.empty()) throw Erreur(kFinDeFichierDepassee);
   if (faj.front().size() < kDebutDesFacteurs + kLargeurFacteur) throw Erreur(kArgumentIncorrect);
   donnees.facteurs = std::min((faj.front().size() - kDebutDesFacteurs) / kLargeurFacteur, kFacteursMaximum);
@@ -227,7 +227,7 @@ void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const Exigence
 void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   ExigerFichiersDuGraphe(rapport, contexte, exigences);
   ImprimerNoms(rapport, contexte);
-  const FichierMod mod = LireMod(*contexte.Chercher(".MOD"));
+  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
   if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
     Arreter(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});

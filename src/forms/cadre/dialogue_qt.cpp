@@ -92,7 +92,7 @@ QString FiltreQt(const QString& filtre) {
   return filtres.join(QStringLiteral(";;"));
 }
 
-Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons) {
+Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons, Echappement echappement) {
   QMessageBox boite(boutons == Boutons::Ok ? QMessageBox::Information : QMessageBox::Question,
                     QStringLiteral("Quelvar"), texte, QMessageBox::NoButton, parent);
   boite.setTextFormat(Qt::PlainText);
@@ -105,6 +105,7 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons) 
       break;
   }
   boite.setDefaultButton(PremierBouton(boutons) == Reponse::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+  if (boutons == Boutons::OuiNonAnnuler && echappement == Echappement::Non) boite.setEscapeButton(QMessageBox::No);
   switch (boite.exec()) {
     case QMessageBox::Yes: return Reponse::Oui;
     case QMessageBox::No: return Reponse::Non;
@@ -137,7 +138,7 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
   };
   dialogue.demander = [=](std::string_view texte, Boutons boutons) {
     const CurseurNormal curseur;
-    return DemanderReponse(fenetre.Parent(), SansFinsDeLigneDos(texte), boutons);
+    return DemanderReponse(fenetre.Parent(), SansFinsDeLigneDos(texte), boutons, Echappement::Non);
   };
   dialogue.saisir = [=](std::string_view question, std::string_view propose) {
     const CurseurNormal curseur;
@@ -145,7 +146,8 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
     const QString texte =
         QInputDialog::getText(fenetre.Parent(), QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
                               QLineEdit::Normal, VersQt(propose), &accepte);
-    return accepte ? DepuisQt(texte) : std::string();
+    if (!accepte) return std::string();
+    return texte.isEmpty() ? std::string(propose) : DepuisQt(texte);
   };
   dialogue.choisirFichier = [=](std::string_view titre, std::string_view filtre) {
     const CurseurNormal curseur;

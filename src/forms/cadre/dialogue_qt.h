@@ -26,8 +26,11 @@ Dialogue DialogueQt(const EcranDeRun& ecran);
 // "Fichiers *.dat|*.dat|Tous fichiers *.*|*.*" as Qt writes filters; a name is matched in lower and in upper case.
 QString FiltreQt(const QString& filtre);
 
-// A message box of the program: text, buttons, and the button that was chosen.
-Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons);
+// A message box of the program: text, buttons, and the button that was chosen. Of three buttons Escape is the last; in
+// the boxes of a run, where that one says yes for all times to come, it is "Non".
+enum class Echappement { Dernier, Non };
+Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons,
+                        Echappement echappement = Echappement::Dernier);
 
 // While one lives, key and mouse events and the cross of a window reach the boxes that the run opens and nothing else,
 // and the cursor is busy.

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/cadre/ecran.h"
+#include "forms/pieces/ecran.h"
 
 namespace quelvar::forms {
 
@@ -17,9 +17,11 @@ void Formes::Presenter(Forme& forme) {
     forme.installEventFilter(this);
     forme.ensurePolished();
     if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
-    forme.resize(forme.size().boundedTo(PlaceSurLEcran(*forme.parentWidget())));
+    NommerLesControles(forme);
+    DistinguerLesLettres(forme);
   }
   forme.show();
+  TenirDansLEcran(forme);
   forme.raise();
   forme.activateWindow();
 }

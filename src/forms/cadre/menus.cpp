@@ -85,7 +85,7 @@ constexpr LigneDeMenu kLignes[] = {
     {Entree, "mnuPrepRecod", "&1) Préparer les recodages, pondérations, filtres et VIT"},
     {Entree, "mnuOutils", "&2) Recoder, pondérer, filtrer, créer VIT"},
 
-    {Menu, "mnuFactorielle", "Analyse &factorielle"},
+    {Menu, "mnuFactorielle", "Anal&yse factorielle"},
     {Entree, "mnuVarInt", "&Variables d'intérêt"},
     {Entree, "mnuPosmod", "&Créer les modalités"},
     {Entree, "mnuModifMod", "&Modifier les modalités"},

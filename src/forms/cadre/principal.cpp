@@ -14,10 +14,10 @@
 
 #include "core/programme/erreur.h"
 #include "forms/cadre/dialogue_qt.h"
-#include "forms/cadre/ecran.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/pieces/ecran.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
@@ -54,7 +54,7 @@ Principal::Principal(Environnement environnement)
                 [this](const QString& entree) { Action(entree)->trigger(); },
                 [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
                 [this](const QString& saisi) { return AccepterGenerique(saisi); },
-                [this] { CommencerNouvelleUtilisation(); }} {
+                [this](bool nouvelle) { MontrerNouvelleUtilisation(nouvelle); }} {
   ui_->setupUi(this);
   repertoire_ = new QLabel(this);
   repertoire_->setObjectName(QStringLiteral("Repertoire"));
@@ -121,9 +121,12 @@ void Principal::RelierControles() {
   connect(ui_->TailleCar, &QComboBox::currentTextChanged, this,
           [this](const QString& taille) { ui_->Text1->FixerTaille(taille.toInt()); });
   connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
-  connect(ui_->ComboGen->lineEdit(), &QLineEdit::returnPressed, ui_->CmdGenOui, &QPushButton::click);
-  connect(ui_->CmdGenAncien, &QPushButton::clicked, this,
-          [this] { ui_->ComboGen->setEditText(VersQt(session_.ancien)); });
+  ui_->ComboGen->setCompleter(nullptr);  // what is typed is the name
+  connect(ui_->ComboGen->lineEdit(), &QLineEdit::returnPressed, this, [this] {
+    if (ui_->ComboGen->findText(ui_->ComboGen->currentText()) < 0) ui_->CmdGenOui->click();  // else it is a choice
+  });
+  connect(ui_->ComboGen, &QComboBox::textActivated, this, &Principal::ChoisirGenerique);
+  connect(ui_->CmdGenAncien, &QPushButton::clicked, this, [this] { ChoisirGenerique(VersQt(session_.ancien)); });
   connect(ui_->VerrouLignes, &QCheckBox::toggled, this,
           [this](bool fige) { ui_->Text1->FigerLignes(fige ? lignesDeRegle_ : 0); });
   connect(ui_->VerrouColonnes, &QCheckBox::toggled, this,
@@ -145,6 +148,7 @@ void Principal::Demarrer() {
   ReconstruireRecents();
   if (demarrage.aOuvrir) OuvrirEtRapporter();
   MontrerSession();
+  NommerLesControles(*this);
 }
 
 void Principal::OuvrirEtRapporter() {
@@ -183,6 +187,15 @@ bool Principal::OuvrirInitialisation(const Chemin& initialisation) {
   return true;
 }
 
+// A generic that is there to be chosen; the lines that stand for none leave the present one.
+void Principal::ChoisirGenerique(const QString& choisi) {
+  const std::string nom = DepuisQt(choisi);
+  const bool aucun = nom == kAncienAbsent || nom == kLigneTirets;
+  if (aucun) dialogue_.biper();
+  if (!aucun && AccepterGenerique(choisi)) return;
+  ui_->ComboGen->setEditText(VersQt(session_.generique));
+}
+
 bool Principal::AccepterGenerique(const QString& saisi) {
   if (!formes_.LaisserLeTravail()) return false;
   const Acceptation acceptation = quelvar::AccepterGenerique(session_, environnement_.reglages, DepuisQt(saisi));
@@ -205,8 +218,9 @@ void Principal::AdopterGenerique(std::string_view generique) {
   MontrerSession();
 }
 
-void Principal::CommencerNouvelleUtilisation() {
-  session_.titre = kTitreNouvelleUtilisation;
+void Principal::MontrerNouvelleUtilisation(bool nouvelle) {
+  if (nouvelle) session_.titre = kTitreNouvelleUtilisation;
+  else if (session_.titre == kTitreNouvelleUtilisation) session_.titre = TitreDe(session_);
   MontrerSession();
 }
 

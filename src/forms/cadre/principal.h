@@ -69,8 +69,9 @@ class Principal : public QMainWindow {
   bool ProgrammeExiste(const QString& action) const;
   bool OuvrirInitialisation(const Chemin& initialisation);
   bool AccepterGenerique(const QString& saisi);
+  void ChoisirGenerique(const QString& choisi);
   void AdopterGenerique(std::string_view generique);
-  void CommencerNouvelleUtilisation();
+  void MontrerNouvelleUtilisation(bool nouvelle);
   void AfficherTexte(std::string_view texte);
   void AjouterTexte(std::string_view texte);
 

@@ -35,8 +35,8 @@ struct Services {
   // Moves of the session; those that return false were given up or refused, and have changed nothing.
   std::function<bool(const Chemin& initialisation)> ouvrirInitialisation;
   std::function<bool(const QString& saisi)> accepterGenerique;  // what CmdGenOui does with a typed name
-  // A first use: the title says so until a generic is accepted, and entry and import wait for it.
-  std::function<void()> commencerNouvelleUtilisation;
+  // A first use begins: the title says so until a generic is accepted or the use given up, and entry and import wait.
+  std::function<void(bool nouvelle)> montrerNouvelleUtilisation;
 
   Contexte ContexteEnCours() const { return {session.repertoire, session.generique, session.niveau, &ecran}; }
   bool Lancer(const Programme& programme) const { return lanceur.Lancer(programme); }

@@ -34,6 +34,8 @@ class EditionListe : public QObject {
   void Montrer(int ligne);
   // Stores what the text box holds; false when it is refused.
   bool Ranger();
+  // Whether the text box holds what is not stored yet.
+  bool EnCours() const { return ligne_ >= 0 && champ_.isModified(); }
 
  signals:
   // Why a label is refused, or empty.

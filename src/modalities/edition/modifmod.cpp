@@ -107,13 +107,16 @@ void PoserIntitule(std::string& texte, std::string_view intitule) {
 std::size_t LigneSuivante(std::size_t ligne, std::size_t lignes) { return ligne + 1 < lignes ? ligne + 1 : 0; }
 
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes) {
-  return RendreCompte(contexte, kEnregistre, [&] { Enregistrer(contexte, textes); });
+  return RendreCompte(
+      contexte, kEnregistre, [&] { Enregistrer(contexte, textes); }, kRapportSansNom);
 }
 
-Fin AbandonnerEdition(const Contexte& contexte) { return RendreCompte(contexte, "Arrêt volontaire du programme"_w); }
+Fin AbandonnerEdition(const Contexte& contexte) {
+  return RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom);
+}
 
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     EtatModifMod etat = ChargerModifMod(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);

@@ -72,6 +72,39 @@ EtatNomeMod LireToutesModalites(const Contexte& contexte) {
   return etat;
 }
 
+void NommerModalite(ModaliteNommee& modalite, std::string_view intitule) {
+  PoserIntitule(modalite.texte, intitule);
+  modalite.modifiee = true;
+}
+
+namespace {
+
+ModaliteNommee* DuNom(std::vector<ModaliteNommee>& liste, std::string_view nom) {
+  const auto trouvee =
+      std::find_if(liste.begin(), liste.end(), [&](const ModaliteNommee& m) { return NomDeTexte(m.texte) == nom; });
+  return trouvee == liste.end() ? nullptr : &*trouvee;
+}
+
+}  // namespace
+
+void AjouterModalites(std::vector<ModaliteNommee>& liste, const std::vector<ModaliteNommee>& creees) {
+  for (const ModaliteNommee& creee : creees) {
+    ModaliteNommee* tenue = DuNom(liste, NomDeTexte(creee.texte));
+    if (tenue == nullptr) liste.push_back(creee);
+    else tenue->derriere = false;
+  }
+}
+
+void RemplacerModalites(std::vector<ModaliteNommee>& liste, std::vector<ModaliteNommee> lues) {
+  for (const ModaliteNommee& tenue : liste) {
+    if (!tenue.modifiee) continue;
+    ModaliteNommee* lue = DuNom(lues, NomDeTexte(tenue.texte));
+    if (lue == nullptr) lues.push_back(tenue);
+    else NommerModalite(*lue, IntituleDeTexte(tenue.texte));
+  }
+  liste = std::move(lues);
+}
+
 std::string TexteNombrePrevu(std::int64_t modalites) {
   return Joindre({"Le nombre de modalités prévu est de "_w, Nombre(modalites)});
 }
@@ -104,7 +137,7 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
   std::vector<std::string> suite;
   for (const ModaliteNommee& modalite : modalites) {
     if (modalite.derriere) suite.push_back(modalite.texte);
-    else presentes.push_back(TexteDeModalite(NomDeTexte(modalite.texte), {}, IntituleDeTexte(modalite.texte)));
+    else presentes.push_back(modalite.texte);
   }
   for (const std::string& texte : liste.textes)
     if (!tenue(texte)) presentes.push_back(texte);

@@ -14,6 +14,7 @@ namespace quelvar::modalities {
 struct ModaliteNommee {
   std::string texte;      // name, mark and label, as core/listemod has them
   bool derriere = false;  // stands behind "**"
+  bool modifiee = false;  // its label was typed and is in no file yet
 };
 
 // What the form works on. Without a list, the lines of `message` tell why.
@@ -27,14 +28,21 @@ EtatNomeMod LireModalitesCreees(const Contexte& contexte);
 // Option B: every modality of the .MOD, those behind "**" too, each name once.
 EtatNomeMod LireToutesModalites(const Contexte& contexte);
 
+// The label as typed.
+void NommerModalite(ModaliteNommee& modalite, std::string_view intitule);
+// Behind the list of the form, what a creation has left; a name that the list has keeps its place and its label.
+void AjouterModalites(std::vector<ModaliteNommee>& liste, const std::vector<ModaliteNommee>& creees);
+// In place of the list, what the file holds; the labels typed and not saved stay.
+void RemplacerModalites(std::vector<ModaliteNommee>& liste, std::vector<ModaliteNommee> lues);
+
 // The text of TitreNbPos, and those of TextMsg.
 std::string TexteNombrePrevu(std::int64_t modalites);
 std::string GuideDuChoix();
 std::string GuideDeLaCreation();
 std::string GuideDeLaModification();
 
-// Writes the list into the .MOD, or a new one: the modalities in its order, without marks, and behind "**" those that
-// stood there, with their marks. What the file holds besides stays as it is.
+// Writes the list into the .MOD, or a new one: the modalities in its order, with their marks, and behind "**" those
+// that stood there. What the file holds besides stays as it is.
 void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites);
 // The same at the end of the form.
 Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites);

@@ -81,11 +81,12 @@ void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& 
 }
 
 Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions) {
-  return RendreCompte(contexte, kIntitulesSauvegardes, [&] { SauverNomQuest(contexte, questions); });
+  return RendreCompte(
+      contexte, kIntitulesSauvegardes, [&] { SauverNomQuest(contexte, questions); }, kRapportSansNom);
 }
 
 Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     EtatNomQuest etat = ChargerNomQuest(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);

@@ -70,7 +70,7 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
     if (pos.fin == FinDeListe::Dollars)
       for (const Vit& vit : LireBlocVit(std::span(pos.lignes).subspan(pos.premiereApres)).vits)
         creees.push_back(vit.nom);
-    suivies = SuivreRecodage(LireMod(*contexte.Chercher(".MOD")), CodesChangesPar(pos, options), creees);
+    suivies = SuivreRecodage(LireMod(contexte.Exiger(".MOD")), CodesChangesPar(pos, options), creees);
   } catch (const Erreur&) {
     return std::nullopt;
   }
@@ -193,7 +193,7 @@ class Sorties {
     const std::optional<Chemin> ancien = ChercherFichier(contexte_.repertoire, nom);
     if (ancien) sauvegarde_ = Copier(*ancien, NomDeSauvegarde(nom));
     if (!suivies) {
-      modalites_ = Copier(*contexte_.Chercher(".MOD"), nom);
+      modalites_ = Copier(contexte_.Exiger(".MOD"), nom);
       return;
     }
     modalites_ = std::make_unique<Remplacement>(contexte_.repertoire, nom);

@@ -48,14 +48,14 @@ void EcrireNoms(Rapport& rapport, const Contexte& contexte) {
 
 Entrees LireEntrees(Rapport& rapport, const Contexte& contexte) {
   Entrees entrees;
-  entrees.donnees = *contexte.Chercher(".DAT");
+  entrees.donnees = contexte.Exiger(".DAT");
   if (const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
     LecteurLignes lecteur(*mod);
     std::string_view ligne;
     if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne, &rapport);
     entrees.intitules = LireIntitules(*mod);
   }
-  entrees.pos = LirePos(*contexte.Chercher(".POS"));
+  entrees.pos = LirePos(contexte.Exiger(".POS"));
   ExigerParentheses(entrees.pos.taille, contexte.Ecran());
   entrees.individus = entrees.pos.taille.individus;
   if (entrees.individus == 0) entrees.individus = CompterLignes(entrees.donnees);

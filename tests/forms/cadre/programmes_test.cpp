@@ -118,6 +118,44 @@ TEST(Prem, RepertoireACreerPourLaSaisie) {
   EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.repertoire, bureau.Dossier() / "Nouvelle enquete");
 }
 
+TEST(Prem, QuitteeElleRendTitreEtMenus) {
+  BureauEnq bureau(1);
+  bureau.AvecDonnees();
+  bureau.Ouvrir();
+  const QString titre = bureau.Fenetre().windowTitle();
+  const std::filesystem::path neuf = bureau.Dossier() / "Neuf";
+  std::filesystem::create_directory(neuf);
+  bureau.Menu("mnuPrem");
+  EXPECT_FALSE(bureau.MenuActif("mnuImport"));
+  QTest::keyClick(bureau.Forme<Prem>(), Qt::Key_Escape);
+  EXPECT_EQ(bureau.Fenetre().windowTitle(), titre);
+  EXPECT_TRUE(bureau.MenuActif("mnuImport"));
+  // The generic in force goes along to a directory that has none.
+  qputenv("HOME", QByteArray::fromStdString(neuf.string()));
+  Prem& prem = bureau.Demander<Prem>("mnuPrem");
+  Cliquer(prem, {"BdatOui", "BnomDir"});
+  EXPECT_EQ(bureau.Lire("Neuf/qvr2.ini"), "ENQ\r\n 1 \r\n");
+}
+
+TEST(Recodage, LaBoiteDuGeneriqueAnnuleeArreteTout) {
+  BureauEnq bureau(1);
+  bureau.AvecDonnees();
+  bureau.Ouvrir();
+  Pilote pilote;
+  pilote.Abandonner();
+  bureau.Menu("mnuOutils");
+  EXPECT_EQ(bureau.Texte(), "Arrêt volontaire du programme\n");
+  EXPECT_FALSE(bureau.Existe("ENR.POS") || bureau.Existe("ENR.REC"));
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "ENQ");
+  // Of the three buttons on the modality file Escape is "Non": nothing goes along, and the question comes again.
+  pilote.Taper("SUITE");
+  pilote.Abandonner();
+  bureau.Menu("mnuOutils");
+  EXPECT_TRUE(bureau.Existe("SUITE.DAT"));
+  EXPECT_FALSE(bureau.Existe("SUITE.MOD"));
+  EXPECT_FALSE(bureau.Fenetre().ServicesDesFormes().session.passerModalites);
+}
+
 TEST(Import, FormulaireSelonLesSources) {
   struct Cas {
     const char* fichier;

@@ -1,6 +1,8 @@
 #include "forms/programmes/capture/fimportcsv.h"
 
 #include "capture/import_csv.h"
+#include "capture/import_csv_options.h"
+#include "forms/pieces/commande.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimportcsv.h"
@@ -22,6 +24,11 @@ FImportCSV::FImportCSV(Services& services)
   connect(ui_->CheckTrg, &QCheckBox::toggled, this, &FImportCSV::MontrerAide);
   connect(ui_->Lancer, &QPushButton::clicked, this, &FImportCSV::LancerImport);
   RelierQuitter(*ui_->Annuler);
+  RelierCommande(*ui_->Lancer, capture::DescriptionImportCsv(), contexte_, [this] {
+    capture::OptionsImportCsv options;
+    options.sansIntitules = ui_->CheckTrg->isChecked();
+    return options;
+  });
 }
 
 FImportCSV::~FImportCSV() = default;

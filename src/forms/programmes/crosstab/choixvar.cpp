@@ -4,6 +4,8 @@
 #include <QWindow>
 #include <utility>
 
+#include "crosstab/croise_options.h"
+#include "forms/pieces/commande.h"
 #include "forms/programmes/crosstab/graphe2.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixvar.h"
@@ -36,9 +38,10 @@ void Poser(QAbstractButton& bouton, bool coche) {
 
 }  // namespace
 
-ChoixVar::ChoixVar(Services& services, crosstab::EnqueteCroisee enquete)
+ChoixVar::ChoixVar(Services& services, crosstab::EnqueteCroisee enquete, Brouillon rapport)
     : Forme(services, Qt::Window),
       enquete_(std::move(enquete)),
+      rapport_(std::make_shared<Brouillon>(std::move(rapport))),
       etat_(crosstab::NouveauChoix(enquete_)),
       ui_(std::make_unique<Ui::ChoixVar>()) {
   ui_->setupUi(this);
@@ -110,7 +113,12 @@ void ChoixVar::RelierBoutons() {
   });
   connect(ui_->BoutLancerTri, &QPushButton::clicked, this, &ChoixVar::LancerTri);
   RelierQuitter(*ui_->BoutNouv);
-  AuDepart([](const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".TCR")); });
+  RelierCommande(*ui_->BoutLancerTri, crosstab::DescriptionCroise(), contexte_, [this] {
+    crosstab::OptionsCroise options;
+    options.lancements = {crosstab::RequeteDeLEtat(etat_, enquete_, etat_.unSeul ? contexte_.Nom(".svg") : "")};
+    return options;
+  });
+  AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
 }
 
 QListWidget& ChoixVar::ListeDu(crosstab::RoleQuestion role) const {
@@ -165,12 +173,7 @@ void ChoixVar::Enlever(crosstab::RoleQuestion role) {
 }
 
 void ChoixVar::CocherIsole(bool coche) {
-  try {
-    crosstab::CocherTableauIsole(etat_, coche, contexte_);
-  } catch (const Erreur& erreur) {
-    etat_.tableauIsole = false;
-    services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
-  }
+  crosstab::CocherTableauIsole(etat_, coche, contexte_);
   Montrer();
 }
 
@@ -189,11 +192,16 @@ void ChoixVar::LancerTri() {
   Contexte contexte = contexte_;
   contexte.dialogue = &ecran;
   std::optional<crosstab::ResultatLancement> resultat;
-  services_.Lancer([&](const Contexte&) { resultat = crosstab::LancerCroise(contexte, enquete_, *demande); });
+  services_.Lancer([&](const Contexte&) {
+    rapport_->Poser();
+    resultat = crosstab::LancerCroise(contexte, enquete_, *demande);
+  });
   if (!resultat) {  // the run ended by an error, which its report tells
+    lancee_ = etat_.drapeaux;
     close();
     return;
   }
+  lancee_ = etat_.drapeaux;
   crosstab::ApresLancement(etat_, *resultat);
   Montrer();
   if (resultat->retenu) {
@@ -202,6 +210,10 @@ void ChoixVar::LancerTri() {
   }
   services_.fenetre.raise();
   services_.fenetre.activateWindow();
+}
+
+std::string_view ChoixVar::QuestionDePerte() const {
+  return "Les tableaux demandés n'ont pas été lancés : annulez pour garder la demande"_w;
 }
 
 // The main form comes before this one when it shows the tables: it is a window beside it.
@@ -219,8 +231,12 @@ void OuvrirChoixVar(Services& services) {
     if (!services.formes.Fermer(*ouverte)) return;
   }
   std::optional<crosstab::EnqueteCroisee> enquete;
-  services.Lancer([&](const Contexte& courant) { enquete = crosstab::PreparerCroise(courant, {}); });
-  if (enquete) Montrer<ChoixVar>(services, std::move(*enquete));
+  Brouillon rapport(services.ContexteEnCours(), ".TCR");
+  services.Lancer([&](const Contexte& courant) {
+    enquete = crosstab::PreparerCroise(courant, {});
+    if (enquete) rapport.Retirer();
+  });
+  if (enquete) Montrer<ChoixVar>(services, std::move(*enquete), std::move(rapport));
 }
 
 }  // namespace quelvar::forms

@@ -7,6 +7,7 @@
 
 #include "crosstab/choixvar.h"
 #include "forms/cadre/services.h"
+#include "forms/pieces/brouillon.h"
 
 namespace Ui {
 class ChoixVar;
@@ -18,11 +19,15 @@ class ChoixVar : public Forme {
   Q_OBJECT
  public:
   // The survey as it was loaded for the current generic.
-  ChoixVar(Services& services, crosstab::EnqueteCroisee enquete);
+  ChoixVar(Services& services, crosstab::EnqueteCroisee enquete, Brouillon rapport);
   ~ChoixVar() override;
+
+  // A request that was made and not launched as it stands.
+  bool ATravail() const override { return etat_.nombreTableaux > 0 && etat_.drapeaux != lancee_; }
 
  protected:
   void showEvent(QShowEvent* evenement) override;
+  std::string_view QuestionDePerte() const override;
 
  private:
   void RelierListes();
@@ -37,7 +42,9 @@ class ChoixVar : public Forme {
   void LancerTri();
 
   crosstab::EnqueteCroisee enquete_;
+  std::shared_ptr<Brouillon> rapport_;
   crosstab::EtatChoixVar etat_;
+  decltype(crosstab::EtatChoixVar::drapeaux) lancee_;  // the questions of the last launch
   std::unique_ptr<Ui::ChoixVar> ui_;
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
+#include "factor/analyse/anecar_options.h"
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixanecar.h"
 
@@ -19,8 +21,11 @@ int FacteursDe(const QLineEdit& champ) {
 
 }  // namespace
 
-ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparation)
-    : Forme(services), preparation_(std::move(preparation)), ui_(std::make_unique<Ui::ChoixAnecar>()) {
+ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparation, Brouillon rapport)
+    : Forme(services),
+      preparation_(std::move(preparation)),
+      rapport_(std::move(rapport)),
+      ui_(std::make_unique<Ui::ChoixAnecar>()) {
   ui_->setupUi(this);
   siTrie_ = new frmSiTrié(*ui_->FrEdition, *ui_->CaseLignes2);
   ui_->DispositionEdition->addWidget(siTrie_);
@@ -35,7 +40,8 @@ ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparati
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ChoixAnecar::LancerAnalyse);
   RelierAide(*ui_->BoutAide, "mnuAAnecar");
   RelierQuitter(*ui_->BoutAnnul);
-  AuDepart(factor::AbandonnerAnecar);
+  RelierCommande(*ui_->BoutEnreg, factor::DescriptionAnecar(), contexte_, [this] { return Options(); });
+  AuDepart([prepare = rapport_](const Contexte& sur) { prepare.Montrer(sur); });
   MontrerEdition();
 }
 
@@ -102,8 +108,12 @@ void ChoixAnecar::LancerAnalyse() {
   Services& services = services_;
   const Contexte contexte = contexte_;
   const factor::PreparationAnecar preparation = preparation_;
+  Brouillon rapport = rapport_;
   accept();  // a long report closes every form: this one is gone by then
-  services.Lancer([&](const Contexte& /*courant*/) { factor::MoteurAnecar(contexte, preparation, options); });
+  services.Lancer([&](const Contexte& /*courant*/) {
+    rapport.Poser();
+    factor::MoteurAnecar(contexte, preparation, options);
+  });
 }
 
 void OuvrirAnecar(Services& services) {
@@ -113,8 +123,12 @@ void OuvrirAnecar(Services& services) {
     return;
   }
   std::optional<factor::PreparationAnecar> preparation;
-  services.Lancer([&](const Contexte& contexte) { preparation = factor::PrepAnecar(contexte); });
-  if (preparation) Montrer<ChoixAnecar>(services, std::move(*preparation));
+  Brouillon rapport(services.ContexteEnCours(), ".ANA");
+  services.Lancer([&](const Contexte& contexte) {
+    preparation = factor::PrepAnecar(contexte);
+    if (preparation) rapport.Retirer();
+  });
+  if (preparation) Montrer<ChoixAnecar>(services, std::move(*preparation), std::move(rapport));
 }
 
 }  // namespace quelvar::forms

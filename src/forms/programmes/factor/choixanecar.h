@@ -5,6 +5,7 @@
 
 #include "factor/analyse/anecar.h"
 #include "forms/cadre/services.h"
+#include "forms/pieces/brouillon.h"
 #include "forms/programmes/factor/frmsitrie.h"
 
 namespace Ui {
@@ -16,7 +17,7 @@ namespace quelvar::forms {
 class ChoixAnecar : public Forme {
   Q_OBJECT
  public:
-  ChoixAnecar(Services& services, factor::PreparationAnecar preparation);
+  ChoixAnecar(Services& services, factor::PreparationAnecar preparation, Brouillon rapport);
   ~ChoixAnecar() override;
 
  private:
@@ -28,6 +29,7 @@ class ChoixAnecar : public Forme {
   void LancerAnalyse();
 
   factor::PreparationAnecar preparation_;
+  Brouillon rapport_;
   std::unique_ptr<Ui::ChoixAnecar> ui_;
   frmSiTrié* siTrie_ = nullptr;
 };

@@ -24,9 +24,10 @@ double ValeurDuChamp(const QLineEdit& champ, double presente, double minimum, do
 
 }  // namespace
 
-Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees)
+Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapport)
     : Forme(services, Qt::Window),
       etat_(factor::NouveauPlan(std::move(donnees))),
+      rapport_(std::make_shared<Brouillon>(std::move(rapport))),
       ui_(std::make_unique<Ui::Graphe3>()) {
   ui_->setupUi(this);
   const factor::DonneesPlan& plan = etat_.donnees;
@@ -198,7 +199,10 @@ void Graphe3::RefaireEllipses() {
   etat_.ellipses.clear();
   if (etat_.reglages.ellipses.Aucune()) return;
   bool faites = true;
-  services_.Lancer([&](const Contexte&) { faites = factor::ActualiserEllipses(contexte_, etat_); });
+  services_.Lancer([&](const Contexte&) {
+    rapport_->Poser();
+    faites = factor::ActualiserEllipses(contexte_, etat_);
+  });
   if (!faites) {
     for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI}) {
       const QSignalBlocker bloque(boite);
@@ -212,16 +216,25 @@ void Graphe3::RefaireEllipses() {
 
 void Graphe3::Redessiner() {
   LireReglages();
-  if (etat_.reglages.liens.actif && ui_->FichPajek->isChecked()) {
-    try {
-      factor::EcrireReseau(contexte_, etat_);
-    } catch (const Erreur& erreur) {
-      const QSignalBlocker bloque(ui_->FichPajek);
-      ui_->FichPajek->setChecked(false);
-      Refuser(erreur);
-    }
-  }
   Dessiner();
+}
+
+// The network file is written when its box is ticked, and as the graph stands when the form is left.
+void Graphe3::EcrireLeReseau() {
+  LireReglages();
+  if (!etat_.reglages.liens.actif || !ui_->FichPajek->isChecked()) return;
+  try {
+    factor::EcrireReseau(contexte_, etat_);
+  } catch (const Erreur& erreur) {
+    const QSignalBlocker bloque(ui_->FichPajek);
+    ui_->FichPajek->setChecked(false);
+    Refuser(erreur);
+  }
+}
+
+void Graphe3::done(int resultat) {
+  EcrireLeReseau();
+  Forme::done(resultat);
 }
 
 void Graphe3::Dessiner() {
@@ -270,9 +283,9 @@ void Graphe3::RelierLiens() {
          &Graphe3::FixerEcMin);
   limite(*ui_->EcSupVal, *ui_->CmdFiltrMoinsSup, *ui_->CmdFiltrPlusSup, &factor::ReglagesLiens::ecSup,
          &Graphe3::FixerEcSup);
-  for (QAbstractButton* bouton :
-       std::initializer_list<QAbstractButton*>{ui_->CheckPEM, ui_->BtVal, ui_->CheckArbrMin, ui_->FichPajek})
+  for (QAbstractButton* bouton : std::initializer_list<QAbstractButton*>{ui_->CheckPEM, ui_->BtVal, ui_->CheckArbrMin})
     connect(bouton, &QAbstractButton::toggled, this, &Graphe3::Redessiner);
+  connect(ui_->FichPajek, &QCheckBox::toggled, this, &Graphe3::EcrireLeReseau);
   connect(ui_->ChkLgnPEM, &QCheckBox::toggled, this,
           [this](bool lignes) { FixerEcMin(lignes ? factor::kEcMinDesLiensDeLignes : 0); });
   connect(ui_->CheckProg, &QCheckBox::toggled, this, [this](bool progressif) {

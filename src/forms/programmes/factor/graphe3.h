@@ -5,6 +5,7 @@
 
 #include "factor/plan/graphe.h"
 #include "forms/cadre/services.h"
+#include "forms/pieces/brouillon.h"
 
 class QLineEdit;
 
@@ -17,8 +18,9 @@ namespace quelvar::forms {
 class Graphe3 : public Forme {
   Q_OBJECT
  public:
-  Graphe3(Services& services, factor::DonneesPlan donnees);
+  Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapport);
   ~Graphe3() override;
+  void done(int resultat) override;
 
  private:
   void RelierAxes();
@@ -36,6 +38,7 @@ class Graphe3 : public Forme {
   void RefaireEllipses();
   // After a change of settings; after a change of the limits alone, in which no file has a part.
   void Redessiner();
+  void EcrireLeReseau();
   void Dessiner();
 
   void FixerNiveauCpf(int niveau);
@@ -54,7 +57,8 @@ class Graphe3 : public Forme {
   void Refuser(const Erreur& erreur);
 
   factor::EtatPlan etat_;
-  std::uint32_t tirages_ = 0;  // times that the colours were drawn at random
+  std::shared_ptr<Brouillon> rapport_;  // goes on once something is asked of the graph that the report tells
+  std::uint32_t tirages_ = 0;           // times that the colours were drawn at random
   std::unique_ptr<Ui::Graphe3> ui_;
 };
 

@@ -52,6 +52,7 @@ void Graphe3::Informer(const QPointF& page) {
   const std::vector<std::size_t> elements = factor::ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
   if (elements.empty()) return;
   try {
+    rapport_->Poser();
     ui_->Information->setPlainText(VersQt(factor::TexteDuClic(contexte_, etat_, elements.front())).remove(u'\r'));
   } catch (const Erreur& erreur) {
     Refuser(erreur);
@@ -70,6 +71,7 @@ void Graphe3::CouperLaClassification() {
   const factor::OptionsCoupe options{static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
   std::string nouveau;
   services_.Lancer([&](const Contexte&) {
+    rapport_->Poser();
     ExecuterProgramme(
         contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
         [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
@@ -109,7 +111,7 @@ void Graphe3::RelierFichiers() {
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
                 [this] { return ui_->Resolution->value(); });
   RelierQuitter(*ui_->BoutonQuitter);
-  AuDepart(factor::QuitterGraphe);
+  AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
 }
 
 void Graphe3::Refuser(const Erreur& erreur) {
@@ -122,8 +124,12 @@ void Graphe3::Refuser(const Erreur& erreur) {
 void OuvrirGraphe3(Services& services) {
   if (!FairePlace<Graphe3>(services)) return;
   std::optional<factor::DonneesPlan> donnees;
-  services.Lancer([&](const Contexte& contexte) { donnees = factor::PrepGraphe(contexte); });
-  if (donnees) Montrer<Graphe3>(services, std::move(*donnees));
+  Brouillon rapport(services.ContexteEnCours(), ".PRT");
+  services.Lancer([&](const Contexte& contexte) {
+    donnees = factor::PrepGraphe(contexte);
+    if (donnees) rapport.Retirer();
+  });
+  if (donnees) Montrer<Graphe3>(services, std::move(*donnees), std::move(rapport));
 }
 
 }  // namespace quelvar::forms

@@ -3,13 +3,16 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
+#include "forms/pieces/commande.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
+#include "modalities/creation/posmod_options.h"
 #include "ui_choixposmod.h"
 
 namespace quelvar::forms {
 
-ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modalities::ChoixPrepare prepare)
+ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modalities::ChoixPrepare prepare,
+                         Brouillon rapport)
     : Forme(services), mode_(mode), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::ChoixPosmod>()) {
   ui_->setupUi(this);
   ui_->FrmOptions->setVisible(services.session.niveau == 2);
@@ -26,7 +29,8 @@ ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modali
   connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { services_.aide.Ouvrir(aide); });
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixPosmod::LancerPosmod);
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart(modalities::AbandonnerPosmod);
+  RelierCommande(*ui_->BoutLancer, modalities::DescriptionPosmod(), contexte_, [this] { return Options(); });
+  AuDepart([preparation = std::move(rapport)](const Contexte& contexte) { preparation.Montrer(contexte); });
   MontrerListes();
 }
 
@@ -144,8 +148,12 @@ namespace {
 void Ouvrir(Services& services, modalities::ModePosmod mode) {
   if (!FairePlace<ChoixPosmod>(services)) return;
   std::optional<modalities::ChoixPrepare> prepare;
-  services.Lancer([&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, mode); });
-  if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(*prepare));
+  Brouillon rapport(services.ContexteEnCours(), ".PRT");
+  services.Lancer([&](const Contexte& contexte) {
+    prepare = modalities::PrepPosmod(contexte, mode);
+    if (prepare) rapport.Retirer();
+  });
+  if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(*prepare), std::move(rapport));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "forms/cadre/services.h"
+#include "forms/pieces/brouillon.h"
 #include "modalities/creation/posmod.h"
 
 namespace Ui {
@@ -16,7 +17,7 @@ namespace quelvar::forms {
 class ChoixPosmod : public Forme {
   Q_OBJECT
  public:
-  ChoixPosmod(Services& services, modalities::ModePosmod mode, modalities::ChoixPrepare prepare);
+  ChoixPosmod(Services& services, modalities::ModePosmod mode, modalities::ChoixPrepare prepare, Brouillon rapport);
   ~ChoixPosmod() override;
 
  private:

@@ -12,6 +12,7 @@ namespace quelvar::forms {
 ModifMod::ModifMod(Services& services)
     : Forme(services), etat_(modalities::ChargerModifMod(contexte_)), ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
+  dansLeFichier_ = etat_.textes;
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
   edition_ = new EditionListe(
       *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
@@ -35,6 +36,8 @@ ModifMod::ModifMod(Services& services)
 }
 
 ModifMod::~ModifMod() = default;
+
+bool ModifMod::ATravail() const { return edition_->EnCours() || etat_.textes != dansLeFichier_; }
 
 void ModifMod::Remplir() {
   ui_->TextMsg->setText(EnUnTexte(etat_.message));

@@ -19,6 +19,8 @@ class ModifMod : public Forme {
   explicit ModifMod(Services& services);
   ~ModifMod() override;
 
+  bool ATravail() const override;
+
  private:
   void Remplir();
   void Basculer(int ligne);
@@ -26,6 +28,7 @@ class ModifMod : public Forme {
   void Enregistrer();
 
   modalities::EtatModifMod etat_;
+  std::vector<std::string> dansLeFichier_;  // the texts as they were read
   std::unique_ptr<Ui::ModifMod> ui_;
   EditionListe* edition_ = nullptr;
 };

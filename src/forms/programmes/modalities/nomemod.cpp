@@ -1,6 +1,9 @@
 #include "forms/programmes/modalities/nomemod.h"
 
+#include <algorithm>
+
 #include "core/enquete/listemod.h"
+#include "forms/pieces/brouillon.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
@@ -40,8 +43,8 @@ void NomeMod::RelierEdition() {
       *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
       {[this] { return static_cast<int>(modalites_.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
        [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
-       [texte](int ligne, const QString& intitule) {
-         modalities::PoserIntitule(texte(ligne), DepuisQt(intitule));
+       [this](int ligne, const QString& intitule) {
+         modalities::NommerModalite(modalites_[static_cast<std::size_t>(ligne)], DepuisQt(intitule));
          return QString();
        }});
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomeMod::Sauver);
@@ -78,7 +81,7 @@ void NomeMod::LancerCreation() {
   services_.Lancer([&](const Contexte&) { fin = modalities::Posmod(contexte_, options); });
   if (fin == Fin::Arret) return;
   const modalities::EtatNomeMod creees = modalities::LireModalitesCreees(contexte_);
-  modalites_.insert(modalites_.end(), creees.modalites.begin(), creees.modalites.end());
+  modalities::AjouterModalites(modalites_, creees.modalites);
   MontrerModalites();
   ui_->TextMsg->setPlainText(creees.message.empty() ? VersQt(modalities::GuideDeLaCreation())
                                                     : EnUnTexte(creees.message));
@@ -90,9 +93,15 @@ void NomeMod::OuvrirModification() {
     ui_->TextMsg->setPlainText(EnUnTexte(toutes.message));
     return;
   }
-  modalites_ = std::move(toutes.modalites);
+  if (!edition_->Ranger()) return;
+  modalities::RemplacerModalites(modalites_, std::move(toutes.modalites));
   MontrerModalites();
   ui_->TextMsg->setPlainText(VersQt(modalities::GuideDeLaModification()));
+}
+
+bool NomeMod::ATravail() const {
+  return edition_->EnCours() || std::any_of(modalites_.begin(), modalites_.end(),
+                                            [](const modalities::ModaliteNommee& m) { return m.modifiee; });
 }
 
 void NomeMod::MontrerModalites() {
@@ -103,8 +112,12 @@ void NomeMod::MontrerModalites() {
 
 void NomeMod::Sauver() {
   if (!edition_->Ranger()) return;
-  ui_->TextMsg->setPlainText(
-      Tenter([this] { modalities::SauverNomeMod(contexte_, modalites_); }, VersQt(modalities::kIntitulesSauvegardes)));
+  ui_->TextMsg->setPlainText(Tenter(
+      [this] {
+        modalities::SauverNomeMod(contexte_, modalites_);
+        for (modalities::ModaliteNommee& modalite : modalites_) modalite.modifiee = false;
+      },
+      VersQt(modalities::kIntitulesSauvegardes)));
 }
 
 void NomeMod::Enregistrer() {
@@ -117,8 +130,11 @@ void NomeMod::Enregistrer() {
 void OuvrirNomMod(Services& services) {
   if (!FairePlace<NomeMod>(services)) return;
   std::optional<modalities::ChoixPrepare> prepare;
-  services.Lancer(
-      [&](const Contexte& contexte) { prepare = modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi); });
+  Brouillon rapport(services.ContexteEnCours(), ".PRT");
+  services.Lancer([&](const Contexte& contexte) {
+    prepare = modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi);
+    if (prepare) rapport.Retirer();
+  });
   if (prepare) Montrer<NomeMod>(services, std::move(*prepare));
 }
 

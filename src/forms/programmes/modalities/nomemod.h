@@ -20,6 +20,8 @@ class NomeMod : public Forme {
   NomeMod(Services& services, modalities::ChoixPrepare prepare);
   ~NomeMod() override;
 
+  bool ATravail() const override;
+
  private:
   void RelierChoix();
   void RelierEdition();

@@ -1,5 +1,7 @@
 #include "forms/programmes/modalities/nomquest.h"
 
+#include <algorithm>
+
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
 #include "ui_nomquest.h"
@@ -34,12 +36,21 @@ NomQuest::NomQuest(Services& services)
 
 NomQuest::~NomQuest() = default;
 
+bool NomQuest::ATravail() const {
+  return edition_->EnCours() || std::any_of(etat_.questions.begin(), etat_.questions.end(),
+                                            [](const modalities::NomDeQuestion& q) { return q.modifie; });
+}
+
 void NomQuest::MontrerMessage(const QString& texte) { ui_->TextMsg->setText(texte); }
 
 void NomQuest::Sauver() {
   if (!edition_->Ranger()) return;
-  MontrerMessage(Tenter([this] { modalities::SauverNomQuest(contexte_, etat_.questions); },
-                        VersQt(modalities::kIntitulesSauvegardes)));
+  MontrerMessage(Tenter(
+      [this] {
+        modalities::SauverNomQuest(contexte_, etat_.questions);
+        for (modalities::NomDeQuestion& question : etat_.questions) question.modifie = false;
+      },
+      VersQt(modalities::kIntitulesSauvegardes)));
 }
 
 void NomQuest::Enregistrer() {

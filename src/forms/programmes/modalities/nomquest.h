@@ -19,6 +19,8 @@ class NomQuest : public Forme {
   explicit NomQuest(Services& services);
   ~NomQuest() override;
 
+  bool ATravail() const override;
+
  private:
   void MontrerMessage(const QString& texte);
   void Sauver();

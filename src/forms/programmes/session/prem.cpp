@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QLayout>
 #include <algorithm>
+#include <filesystem>
 
 #include "forms/texte/texte_qt.h"
 #include "ui_prem.h"
@@ -60,9 +61,29 @@ void Prem::CreerRepertoire() {
   ui_->Repertoires->Aller(parent.filePath(VersQt(nom)));
 }
 
+// The generic in force, if any, becomes that of a directory that has none.
+bool Prem::EmporterLeGenerique(const Chemin& initialisation) {
+  const Session& session = services_.session;
+  if (session.generique.empty() || std::filesystem::exists(initialisation)) return true;
+  try {
+    EcrireInitialisation(initialisation.parent_path(), session.generique, session.niveau);
+    return true;
+  } catch (const Erreur& erreur) {
+    services_.ecran.demander(Joindre({"Le répertoire ne peut pas être pris : "_w, TexteErreur(erreur)}), Boutons::Ok);
+    return false;
+  }
+}
+
+void Prem::reject() {
+  Forme::reject();
+  if (!isVisible()) services_.montrerNouvelleUtilisation(false);
+}
+
 void Prem::EnregistrerRepertoire() {
-  repertoire_ = ui_->Repertoires->Designe();
-  services_.ouvrirInitialisation(CheminInitialisation(CheminDepuisQt(repertoire_)));
+  const QString choisi = ui_->Repertoires->Designe();
+  const Chemin initialisation = CheminInitialisation(CheminDepuisQt(choisi));
+  if (!EmporterLeGenerique(initialisation) || !services_.ouvrirInitialisation(initialisation)) return;
+  repertoire_ = choisi;
   MontrerSuite();
   ui_->TxtGen->setText(VersQt(services_.session.generique));
   ui_->TxtGen->setFocus();
@@ -77,7 +98,7 @@ void Prem::EnregistrerGenerique() {
 }
 
 void OuvrirPrem(Services& services) {
-  services.commencerNouvelleUtilisation();
+  services.montrerNouvelleUtilisation(true);
   Montrer<Prem>(services);
 }
 

@@ -16,11 +16,13 @@ class Prem : public Forme {
  public:
   explicit Prem(Services& services);
   ~Prem() override;
+  void reject() override;
 
  private:
   void MontrerSuite();
   void CreerRepertoire();
   void EnregistrerRepertoire();
+  bool EmporterLeGenerique(const Chemin& initialisation);
   void EnregistrerGenerique();
 
   std::unique_ptr<Ui::Prem> ui_;

@@ -1,7 +1,8 @@
 #include "forms/programmes/sorts/choixrecodage.h"
 
+#include "forms/pieces/commande.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
-#include "sorts/recodage/recodage.h"
+#include "sorts/recodage/recodage_options.h"
 #include "ui_choixrecodage.h"
 
 namespace quelvar::forms {
@@ -14,7 +15,24 @@ void Recoder(Services& services, sorts::OptionsRecodage options) {
   sorts::SuiteRecodage suite{session.generique, session.passerModalites};
   options.suite = &suite;
   Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
+  bool annulee = false;
+  Dialogue ecran = services.ecran;
+  ecran.saisir = [&](std::string_view question, std::string_view propose) {
+    std::string saisi = services.ecran.saisir(question, propose);
+    if (saisi.empty()) throw Erreur(kArretAnnonce);  // the box of the new generic was cancelled
+    return saisi;
+  };
+  services.Lancer([&](const Contexte& courant) {
+    Contexte contexte = courant;
+    contexte.dialogue = &ecran;
+    try {
+      fin = sorts::Recodage(contexte, options);
+    } catch (const Erreur& erreur) {
+      if (erreur.Numero() != kArretAnnonce) throw;
+      annulee = true;
+    }
+  });
+  if (annulee) services.afficherTexte("Arrêt volontaire du programme\r\n"_w);
   session.passerModalites = suite.passerModalites;
   if (fin == Fin::Normale) services.adopterGenerique(suite.generique);
 }
@@ -27,6 +45,7 @@ ChoixRecodage::ChoixRecodage(Services& services) : Forme(services), ui_(std::mak
   Accorder(ui_->CaseTriang->isChecked());
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixRecodage::LancerRecodage);
   RelierQuitter(*ui_->BoutonTriaplNull);
+  RelierCommande(*ui_->BoutonTriapl, sorts::DescriptionRecodage(), contexte_, [this] { return Options(); });
   ui_->BoutonTriapl->setFocus();
 }
 
@@ -40,13 +59,18 @@ void ChoixRecodage::Accorder(bool seules) {
   (seules ? ui_->CaseVerif : ui_->CaseRepMult)->setEnabled(true);
 }
 
-void ChoixRecodage::LancerRecodage() {
-  const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
-  if (!donnees) return;
+sorts::OptionsRecodage ChoixRecodage::Options() const {
   sorts::OptionsRecodage options;
   options.seules = ui_->CaseTriang->isChecked();
   options.enFin = ui_->CaseRepMult->isChecked();
   options.toutesSelectionnees = !ui_->CaseVerif->isChecked();
+  return options;
+}
+
+void ChoixRecodage::LancerRecodage() {
+  const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
+  if (!donnees) return;
+  sorts::OptionsRecodage options = Options();
   options.fichierDonnees = *donnees;
   Recoder(services_, options);
   accept();

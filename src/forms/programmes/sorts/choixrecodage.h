@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "forms/cadre/services.h"
+#include "sorts/recodage/recodage.h"
 
 namespace Ui {
 class ChoixRecodage;
@@ -19,6 +20,7 @@ class ChoixRecodage : public Forme {
 
  private:
   void Accorder(bool seules);
+  sorts::OptionsRecodage Options() const;
   void LancerRecodage();
 
   std::unique_ptr<Ui::ChoixRecodage> ui_;

@@ -1,7 +1,8 @@
 #include "forms/programmes/sorts/choixtriapl.h"
 
+#include "forms/pieces/commande.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
-#include "sorts/triapl/triapl.h"
+#include "sorts/triapl/triapl_options.h"
 #include "ui_choixtriapl.h"
 
 namespace quelvar::forms {
@@ -21,20 +22,26 @@ ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_un
   });
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixTriapl::LancerTri);
   RelierQuitter(*ui_->BoutonTriaplNull);
+  RelierCommande(*ui_->BoutonTriapl, sorts::DescriptionTriapl(), contexte_, [this] { return Options(); });
   ui_->BoutonTriapl->setFocus();
 }
 
 ChoixTriapl::~ChoixTriapl() = default;
 
-void ChoixTriapl::LancerTri() {
-  const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
-  if (!donnees) return;
+sorts::OptionsTriapl ChoixTriapl::Options() const {
   sorts::OptionsTriapl options;
   options.intitules = ui_->CaseMod->isChecked();
   options.nonReponses = ui_->BoutNROui->isChecked();
   options.triangulaire = ui_->CaseTriang->isChecked();
   options.reponsesMultiples = ui_->CaseRepMult->isChecked();
   options.limite = ui_->CaseVerif->isChecked() ? kLimiteDeDepassements : 0;
+  return options;
+}
+
+void ChoixTriapl::LancerTri() {
+  const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
+  if (!donnees) return;
+  sorts::OptionsTriapl options = Options();
   options.fichierDonnees = *donnees;
   services_.Lancer([&](const Contexte& contexte) { sorts::Triapl(contexte, options); });
   accept();

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "forms/cadre/services.h"
+#include "sorts/triapl/triapl.h"
 
 namespace Ui {
 class ChoixTriapl;
@@ -18,6 +19,7 @@ class ChoixTriapl : public Forme {
   ~ChoixTriapl() override;
 
  private:
+  sorts::OptionsTriapl Options() const;
   void LancerTri();
 
   std::unique_ptr<Ui::ChoixTriapl> ui_;

@@ -58,16 +58,18 @@ void PrepRecod::RelierQuestions() {
   connect(ui_->ListPos, &QListWidget::itemSelectionChanged, this, [this] {
     const QList<QListWidgetItem*> choisies = ui_->ListPos->selectedItems();
     if (choisies.isEmpty()) return;
-    sorts::ChoisirQuestion(etat_, static_cast<std::size_t>(ui_->ListPos->row(choisies.first())));
+    const int voulue = ui_->ListPos->row(choisies.first());
+    if (RegleTapee() && static_cast<std::size_t>(voulue) != *etat_.courante && !ValiderLaRegle()) {
+      const QSignalBlocker silence(ui_->ListPos);  // the question whose rule is refused stays the current one
+      ui_->ListPos->setCurrentRow(static_cast<int>(*etat_.courante));
+      return;
+    }
+    sorts::ChoisirQuestion(etat_, static_cast<std::size_t>(voulue));
     MontrerQuestion();
   });
   connect(ui_->ListPos, &QListWidget::itemClicked, this, [this] { ui_->TextMod->setFocus(); });
   const auto valider = [this] {
-    bool juste = false;
-    Agir([&] { juste = sorts::ValiderRegle(etat_, DepuisQt(ui_->TextMod->text())); });
-    if (!juste) return;
-    MontrerLigneEnCours();
-    ui_->ListPos->setFocus();
+    if (ValiderLaRegle()) ui_->ListPos->setFocus();
   };
   connect(ui_->BoutEnCours, &QPushButton::clicked, this, valider);
   connect(ui_->TextMod, &QLineEdit::returnPressed, this, valider);
@@ -223,7 +225,25 @@ void PrepRecod::EffacerVit() {
   Agir([this] { sorts::SupprimerVit(etat_); });
 }
 
+// Whether a rule was typed for the current question and not validated.
+bool PrepRecod::RegleTapee() const {
+  return etat_.courante && Rogner(DepuisQt(ui_->TextMod->text())) != etat_.questions[*etat_.courante].question.regle;
+}
+
+bool PrepRecod::ValiderLaRegle() {
+  bool juste = false;
+  Agir([&] { juste = sorts::ValiderRegle(etat_, DepuisQt(ui_->TextMod->text())); });
+  if (juste) MontrerLigneEnCours();
+  return juste;
+}
+
+// What was typed goes along, or keeps the form open.
 void PrepRecod::Enregistrer() {
+  if (RegleTapee() && !ValiderLaRegle()) {
+    services_.ecran.biper();
+    ui_->TextMod->setFocus();
+    return;
+  }
   bool enregistre = false;
   Agir([&] {
     try {

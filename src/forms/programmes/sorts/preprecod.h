@@ -19,9 +19,11 @@ class PrepRecod : public Forme {
   PrepRecod(Services& services, sorts::EtatPrepRecod etat);
   ~PrepRecod() override;
 
-  bool ATravail() const override { return etat_.modifie; }
+  bool ATravail() const override { return etat_.modifie || RegleTapee(); }
 
  private:
+  bool RegleTapee() const;
+  bool ValiderLaRegle();
   void RelierQuestions();
   void RelierPonderation();
   void RelierFiltre();

@@ -1,5 +1,7 @@
 #include "forms/programmes/tables/choixecapem.h"
 
+#include "forms/pieces/commande.h"
+#include "tables/ecapem_options.h"
 #include "ui_choixecapem.h"
 
 namespace quelvar::forms {
@@ -12,6 +14,7 @@ ChoixEcapem::ChoixEcapem(Services& services) : Forme(services), ui_(std::make_un
     connect(boite, &QCheckBox::toggled, this, &ChoixEcapem::MontrerEtat);
   connect(ui_->Lancer, &QPushButton::clicked, this, &ChoixEcapem::LancerAnalyse);
   RelierQuitter(*ui_->Annuler);
+  RelierCommande(*ui_->Lancer, tables::DescriptionEcapem(), contexte_, [this] { return Options(); });
 }
 
 ChoixEcapem::~ChoixEcapem() = default;

@@ -157,13 +157,16 @@ TEST(ChoixVar, TableauIsoleAvecQuestion) {
   Cliquer(forme, "BoutColPlus");
   Pilote pilote;
   pilote.Cliquer("Non");
+  pilote.Cliquer("OK");
   Cliquer(forme, "CaseBRT");
+  EXPECT_EQ(pilote.Vues().last(), "Le tableau isolé ne sera pas sauvegardé");
   EXPECT_FALSE(Coche(forme, "CaseBRT"));
   EXPECT_FALSE(Actif(forme, "CaseBRT"));
   EXPECT_EQ(bureau.Lire("ENQ.MOD"), "ancien\r\n");
   Cliquer(forme, "BoutInvers");
   pilote.Cliquer("Oui");
   Cliquer(forme, "CaseBRT");
+  EXPECT_EQ(bureau.Lire("ENQ.MOD"), "ancien\r\n") << "replaced by the launch, not by the box";
   Cliquer(forme, "BoutLancerTri");
   EXPECT_FALSE(Coche(forme, "CaseBRT"));
   EXPECT_EQ(bureau.Lire("ENQ.BRT"), "VOT1    3    1\r\nVOT2    1    3\r\n");

@@ -221,11 +221,11 @@ TEST_F(FormesDesModalites, CreerDesModalitesPuisLesNommer) {
   CliquerLigne(forme, "ListRecap", 1);
   Taper(forme, "TextMod", "Cadre");
   Cliquer(forme, "BoutLancer");
-  EXPECT_EQ(Lignes(forme, "ListRecap").size(), 4) << "a second creation adds to the list";
+  EXPECT_EQ(Lignes(forme, "ListRecap").size(), 2) << "a second creation makes no doubles";
   Cliquer(forme, "BoutSauve");
   Cliquer(forme, "BoutModif");
   EXPECT_TRUE(guide.toPlainText().startsWith("Option B : la liste de toutes les modalités"));
-  EXPECT_EQ(Lignes(forme, "ListRecap"), (QStringList{"CSP0   NonRéponse", "CSP1   Cadre"})) << "without doubles";
+  EXPECT_EQ(Lignes(forme, "ListRecap"), (QStringList{"CSP0   NonRéponse", "CSP1   Cadre"})) << "what was typed";
   Cliquer(forme, "BoutEnreg");
   EXPECT_EQ(bureau_.Texte(), "Les intitulés des questions ont été sauvegardés\n");
   EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n BRT=2 FMT=0 \r\nCSP0   NonRéponse\r\nCSP1   Cadre\r\n**\r\n"_w);
@@ -247,7 +247,7 @@ TEST_F(FormesDesModalites, WhatIsNamedGoesToTheGenericOfTheForm) {
   auto& forme = Ouvrir<NomQuest>("mnuNomQuest");
   CliquerLigne(forme, "ListRecap", 2);
   Taper(forme, "TextMod", "Profession");
-  bureau_.Fenetre().ServicesDesFormes().accepterGenerique("AUTRE");
+  bureau_.Fenetre().ServicesDesFormes().adopterGenerique("AUTRE");  // as a program does
   Cliquer(forme, "BoutSauve");
   EXPECT_EQ(bureau_.Lire("AUTRE.POS"), autre);
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("$Profession$"));

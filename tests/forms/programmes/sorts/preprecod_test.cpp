@@ -109,6 +109,25 @@ TEST_F(FormeRecodage, LeavingWithChangesIsAskedOnce) {
   EXPECT_FALSE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("POND"));
 }
 
+TEST_F(FormeRecodage, ATypedRuleIsTakenInOrRefusedAloud) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 1);
+  auto& regle = Bureau::Dans<QLineEdit>(forme, "TextMod");
+  regle.setText("1=");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_TRUE(forme.isVisible());
+  EXPECT_TRUE(Message(forme).endsWith("***Attention erreur à corriger***"));
+  Question(forme, 0);
+  EXPECT_EQ(regle.text(), "1=") << "the question whose rule is refused stays the current one";
+  regle.setText("1=2");
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_TRUE(forme.isVisible()) << "typed is work";
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("1=2$Age$"));
+}
+
 TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
   PrepRecod& forme = Ouvrir();
   Question(forme, 1);

@@ -1,0 +1,32 @@
+// The report that a preparation has begun: it stays out of the directory until something is launched, and the former
+// report stays in its place.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/programme/programme.h"
+
+namespace quelvar::forms {
+
+class Brouillon {
+ public:
+  // Before the preparation: remembers the report as it is (generic and extension).
+  Brouillon(const Contexte& contexte, std::string_view extension);
+
+  // Behind the preparation: takes what it has written out of the directory, and puts the former report back. Raises 61,
+  // 57, 70 or 75.
+  void Retirer();
+  // Before the first launch that goes on with it: the report of the preparation takes its place.
+  void Poser();
+  // At the end of a form: shows the report, which is not kept when nothing was launched.
+  void Montrer(const Contexte& contexte) const;
+
+ private:
+  Chemin chemin_;
+  std::string nom_;
+  std::optional<std::string> ancien_;
+  std::optional<std::string> prepare_;  // not in the directory yet
+};
+
+}  // namespace quelvar::forms

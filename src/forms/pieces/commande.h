@@ -1,0 +1,25 @@
+// The button "Voir la commande" of an option form: the line of quelvar-batch that would do what the form is about to
+// do.
+#pragma once
+
+#include <QPushButton>
+#include <functional>
+#include <string>
+
+#include "core/options/description.h"
+#include "core/programme/programme.h"
+
+namespace quelvar::forms {
+
+// Adds the button beside the one that launches. `commande` gives the line as the controls stand (code page).
+QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::string()> commande);
+
+// The same for the options of one program: `options()` gives them; the data set lives as long as the form.
+template <class O, class F>
+void RelierCommande(QPushButton& lancer, const Description<O>& programme, const Contexte& contexte, F options) {
+  AjouterVoirLaCommande(lancer, [&programme, &contexte, options] {
+    return CommandeEquivalente(programme, contexte.generique, contexte.niveau, options());
+  });
+}
+
+}  // namespace quelvar::forms

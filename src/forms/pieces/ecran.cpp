@@ -1,0 +1,109 @@
+#include "forms/pieces/ecran.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QList>
+#include <QScreen>
+#include <QStackedWidget>
+#include <algorithm>
+
+namespace quelvar::forms {
+
+namespace {
+
+QString SansLettre(QString texte) { return texte.remove(u'&').simplified(); }
+
+// The caption of the nearest frame around the control that has one.
+QString CadreDe(const QWidget& controle) {
+  for (const QWidget* parent = controle.parentWidget(); parent != nullptr && !parent->isWindow();
+       parent = parent->parentWidget())
+    if (const auto* cadre = qobject_cast<const QGroupBox*>(parent); cadre != nullptr && !cadre->title().isEmpty())
+      return SansLettre(cadre->title());
+  return controle.window()->windowTitle();
+}
+
+// The page of the tabs that holds the control; none for what is always seen.
+const QWidget* PageDe(const QWidget& controle) {
+  for (const QWidget* parent = &controle; parent->parentWidget() != nullptr; parent = parent->parentWidget())
+    if (qobject_cast<const QStackedWidget*>(parent->parentWidget()) != nullptr) return parent;
+  return nullptr;
+}
+
+struct Lettre {
+  QString touche;
+  const QWidget* page;
+};
+
+bool EstPrise(const QList<Lettre>& prises, const Lettre& lettre) {
+  return std::any_of(prises.begin(), prises.end(), [&](const Lettre& prise) {
+    return prise.touche == lettre.touche &&
+           (prise.page == lettre.page || prise.page == nullptr || lettre.page == nullptr);
+  });
+}
+
+// The caption with a letter that is free, none when there is none.
+QString AvecAutreLettre(QString texte, const QList<Lettre>& prises, const QWidget* page) {
+  texte.remove(u'&');
+  for (qsizetype i = 0; i < texte.size(); ++i) {
+    QString essai = texte;
+    essai.insert(i, u'&');
+    if (texte[i].isLetter() && !EstPrise(prises, {QKeySequence::mnemonic(essai).toString(), page})) return essai;
+  }
+  return texte;
+}
+
+}  // namespace
+
+void DistinguerLesLettres(QWidget& fenetre) {
+  QList<Lettre> prises;
+  const auto passer = [&](QWidget& controle, const QString& texte, const auto& poser) {
+    const QWidget* page = PageDe(controle);
+    QString touche = QKeySequence::mnemonic(texte).toString();
+    if (touche.isEmpty() || controle.isHidden()) return;
+    if (EstPrise(prises, {touche, page})) {
+      const QString autre = AvecAutreLettre(texte, prises, page);
+      poser(autre);
+      touche = QKeySequence::mnemonic(autre).toString();
+    }
+    if (!touche.isEmpty()) prises.append({touche, page});
+  };
+  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
+    if (auto* bouton = qobject_cast<QAbstractButton*>(controle))
+      passer(*bouton, bouton->text(), [bouton](const QString& texte) { bouton->setText(texte); });
+    else if (auto* libelle = qobject_cast<QLabel*>(controle); libelle != nullptr && libelle->buddy() != nullptr)
+      passer(*libelle, libelle->text(), [libelle](const QString& texte) { libelle->setText(texte); });
+    else if (auto* cadre = qobject_cast<QGroupBox*>(controle))
+      passer(*cadre, cadre->title(), [cadre](const QString& texte) { cadre->setTitle(texte); });
+  }
+}
+
+QSize PlaceSurLEcran(const QWidget& fenetre) {
+  constexpr QSize cadre(0, 40);
+  return fenetre.screen()->availableSize() - cadre;
+}
+
+void TenirDansLEcran(QWidget& fenetre) {
+  fenetre.resize(fenetre.size().boundedTo(PlaceSurLEcran(fenetre)));
+  const QRect ecran = fenetre.screen()->availableGeometry();
+  const QRect cadre = fenetre.frameGeometry();
+  fenetre.move(std::clamp(cadre.x(), ecran.x(), std::max(ecran.x(), ecran.right() + 1 - cadre.width())),
+               std::clamp(cadre.y(), ecran.y(), std::max(ecran.y(), ecran.bottom() + 1 - cadre.height())));
+}
+
+void NommerLesControles(QWidget& fenetre) {
+  for (const QLabel* libelle : fenetre.findChildren<QLabel*>())
+    if (QWidget* controle = libelle->buddy(); controle != nullptr && controle->accessibleName().isEmpty())
+      controle->setAccessibleName(SansLettre(libelle->text()));
+  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
+    if (controle->focusPolicy() == Qt::NoFocus || !controle->accessibleName().isEmpty()) continue;
+    if (const auto* bouton = qobject_cast<const QAbstractButton*>(controle);
+        bouton != nullptr && !bouton->text().isEmpty())
+      continue;  // its caption
+    const QString infobulle = SansLettre(controle->toolTip());
+    controle->setAccessibleName(infobulle.isEmpty() ? CadreDe(*controle) : infobulle);
+  }
+}
+
+}  // namespace quelvar::forms

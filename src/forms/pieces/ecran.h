@@ -1,0 +1,22 @@
+// What every window is given before it comes to the screen: its place, and a name for each control.
+#pragma once
+
+#include <QWidget>
+
+namespace quelvar::forms {
+
+// The largest window that the screen shows whole, with what the window system puts around it.
+QSize PlaceSurLEcran(const QWidget& fenetre);
+
+// Makes the window no larger than the screen, and puts it where its frame lies inside.
+void TenirDansLEcran(QWidget& fenetre);
+
+// Gives the controls that take the focus the name by which a screen reader calls them, from what stands beside them:
+// the label that leads to it, its tool tip, the frame that it is in. A name that is there stays.
+void NommerLesControles(QWidget& fenetre);
+
+// Two controls that are seen together and answer to the same Alt key leave one of them out of reach: the later one in
+// the order of the form takes a letter that is free, or none.
+void DistinguerLesLettres(QWidget& fenetre);
+
+}  // namespace quelvar::forms

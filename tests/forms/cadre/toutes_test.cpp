@@ -1,0 +1,222 @@
+// What holds for every window behind the menu, whichever is added: letters, names, tab order, size, and a long report
+// at the end of its run.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMap>
+#include <QPointer>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTimer>
+#include <filesystem>
+#include <map>
+
+#include "factor/analyse/anecar.h"
+#include "forms/cadre/entrees.h"
+#include "forms/pilote.h"
+#include "modalities/creation/posmod.h"
+#include "tables/ecapem.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using essai::Bureau;
+
+// Answers every box by Escape.
+class Silence : public QObject {
+ public:
+  Silence() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* objet, QEvent* evenement) override {
+    auto* boite = qobject_cast<QDialog*>(objet);
+    if (boite != nullptr && evenement->type() == QEvent::Show && boite->isModal())
+      QTimer::singleShot(0, boite, [boite] { boite->reject(); });
+    return QObject::eventFilter(objet, evenement);
+  }
+};
+
+// A survey on which every program has been run, so that every form finds what it reads.
+struct BureauComplet : Bureau {
+  explicit BureauComplet(int niveau = 2) : Bureau(true) {
+    Ecrire("qvr2.ini", niveau == 2 ? "ENQ\r\n 2 \r\n" : "ENQ\r\n 1 \r\n");
+    Ecrire("ENQ.POS", "ENQ\r\n 24 \r\nSEX   1 2 $Sexe$\r\nAGE   2 3 $Age$\r\nLEC   3 3 $Lecture$\r\n");
+    std::string dat;
+    for (int i = 0; i < 24; ++i)
+      dat += {static_cast<char>('1' + i % 2), static_cast<char>('1' + i % 3), static_cast<char>('1' + i * i / 5 % 3),
+              '\r', '\n'};
+    Ecrire("ENQ.DAT", dat);
+    Ecrire("ENQ.DES", "");
+    Ecrire("ENQ.TXT", "1 un mot\r\n2 deux mots\r\n");
+    Ouvrir();
+    Services& services = Fenetre().ServicesDesFormes();
+    const Silence silence;
+    services.Lancer([](const quelvar::Contexte& contexte) {
+      quelvar::modalities::OptionsPosmod choix;
+      choix.actives = {"SEX", "AGE", "LEC"};
+      choix.individus = true;
+      quelvar::modalities::Posmod(contexte, choix);
+      quelvar::tables::Ecapem(contexte, {});
+      quelvar::factor::OptionsAnecar analyse;
+      analyse.classification = quelvar::factor::OptionsWard{};
+      quelvar::factor::Anecar(contexte, analyse);
+    });
+  }
+  // The forms that are shown.
+  QList<quelvar::forms::Forme*> Ouvertes() {
+    QList<quelvar::forms::Forme*> ouvertes;
+    for (auto* forme : Fenetre().findChildren<quelvar::forms::Forme*>())
+      if (forme->isVisible()) ouvertes << forme;
+    return ouvertes;
+  }
+};
+
+// Takes an entry as the menu would, whatever the machine has disabled.
+void Prendre(Bureau& bureau, const EntreeDeProgramme& entree) {
+  entree.ouvrir(bureau.Fenetre().ServicesDesFormes());
+  QCoreApplication::processEvents();
+}
+
+void VerifierLettres(const QWidget& fenetre) {
+  QMap<QString, QStringList> lettres;
+  const auto noter = [&](const QWidget& controle, const QString& texte) {
+    const QString lettre = QKeySequence::mnemonic(texte).toString();
+    if (!lettre.isEmpty() && controle.isVisible()) lettres[lettre] << texte;
+  };
+  for (const auto* bouton : fenetre.findChildren<QAbstractButton*>()) noter(*bouton, bouton->text());
+  for (const auto* libelle : fenetre.findChildren<QLabel*>())
+    if (libelle->buddy() != nullptr) noter(*libelle, libelle->text());
+  for (const auto* cadre : fenetre.findChildren<QGroupBox*>()) noter(*cadre, cadre->title());
+  for (auto i = lettres.cbegin(); i != lettres.cend(); ++i)
+    EXPECT_EQ(i.value().size(), 1) << i.key().toStdString() << ": " << i.value().join(u" / ").toStdString();
+}
+
+void VerifierNoms(const QWidget& fenetre) {
+  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
+    if (!controle->isVisible() || !(controle->focusPolicy() & Qt::TabFocus)) continue;
+    QAccessibleInterface* acces = QAccessible::queryAccessibleInterface(controle);
+    EXPECT_TRUE(acces != nullptr && !acces->text(QAccessible::Name).isEmpty())
+        << controle->metaObject()->className() << ' ' << controle->objectName().toStdString();
+  }
+}
+
+// The Tab key reaches every control, and comes back to where it started.
+void VerifierTabulation(QWidget& fenetre) {
+  QSet<const QWidget*> attendus;
+  for (const QWidget* controle : fenetre.findChildren<QWidget*>())
+    if (controle->isVisible() && controle->isEnabled() && (controle->focusPolicy() & Qt::TabFocus) &&
+        controle->focusProxy() == nullptr && controle->window() == &fenetre)
+      attendus << controle;
+  QSet<const QWidget*> vus;
+  for (const QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre && suivant != nullptr;
+       suivant = suivant->nextInFocusChain())
+    vus << suivant;
+  for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
+}
+
+// The height of a screen of 1024 x 768, with the bar of the window, and inside the screen.
+void VerifierTaille(const QWidget& fenetre) {
+  EXPECT_LE(fenetre.minimumSizeHint().height(), 768 - 40);
+  const QRect ecran = fenetre.screen()->availableGeometry();
+  EXPECT_GE(fenetre.frameGeometry().top(), ecran.top());
+  EXPECT_GE(fenetre.frameGeometry().left(), ecran.left());
+}
+
+TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
+  for (const int niveau : {1, 2}) {
+    for (const EntreeDeProgramme& entree : EntreesDeProgrammes()) {
+      SCOPED_TRACE(std::string(entree.action) + " niveau " + std::to_string(niveau));
+      BureauComplet bureau(niveau);
+      const Silence silence;
+      Prendre(bureau, entree);
+      for (Forme* forme : bureau.Ouvertes()) {
+        auto* onglets = forme->findChild<QTabWidget*>();
+        for (int rang = 0; rang < (onglets == nullptr ? 1 : onglets->count()); ++rang) {
+          if (onglets != nullptr) onglets->setCurrentIndex(rang);
+          VerifierLettres(*forme);
+          VerifierNoms(*forme);
+          VerifierTabulation(*forme);
+        }
+        VerifierTaille(*forme);
+      }
+    }
+  }
+}
+
+// Opening a form and leaving it changes no byte in the directory.
+TEST(ToutesLesFormes, QuitterNeChangeAucunOctet) {
+  constexpr const char* kFormes[] = {"mnuCroise", "mnuNomQuest", "mnuNomMod", "mnuPrepRecod",
+                                     "mnuOutils", "mnuTriapl",   "mnuPosmod", "mnuModifMod",
+                                     "mnuEcapem", "mnuAnecar",   "mnuGraphe", "mnuPosmod2"};
+  for (const char* nom : kFormes) {
+    SCOPED_TRACE(nom);
+    BureauComplet bureau;
+    bureau.Ecrire("ENQ.TCR", "un ancien rapport\r\n");
+    bureau.Ecrire("ENQ.PRT", "un ancien rapport\r\n");
+    const auto etat = [&] {
+      std::map<std::string, std::string> fichiers;
+      for (const auto& entree : std::filesystem::directory_iterator(bureau.Dossier()))
+        if (entree.path().extension() != ".jeu")
+          fichiers[entree.path().filename()] = bureau.Lire(entree.path().filename().c_str());
+      return fichiers;
+    };
+    const auto avant = etat();
+    const Silence silence;
+    bureau.Menu(nom);
+    const QList<Forme*> ouvertes = bureau.Ouvertes();
+    EXPECT_EQ(ouvertes.size(), 1);
+    for (Forme* forme : ouvertes) QTest::keyClick(forme, Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(bureau.Ouvertes().isEmpty());
+    EXPECT_EQ(etat(), avant);
+  }
+}
+
+// The button that a form is there for.
+QAbstractButton* BoutonDeLancement(const QWidget& forme) {
+  for (const char* nom :
+       {"BoutLancer", "BoutLancerTri", "BoutonTriapl", "Lancer", "BoutEnreg", "BoutonCAH", "OK", "BoutOK"})
+    if (auto* bouton = forme.findChild<QAbstractButton*>(QString::fromUtf8(nom));
+        bouton != nullptr && bouton->isVisible() && bouton->isEnabled())
+      return bouton;
+  for (auto* bouton : forme.findChildren<QPushButton*>())
+    if (bouton->isDefault() && bouton->isVisible() && bouton->isEnabled()) return bouton;
+  return nullptr;
+}
+
+// A report that Text1 can't hold closes the forms while the handler of one of them is on its way: no form is deleted
+// before its handler has come back.
+TEST(ToutesLesFormes, UnRapportLongNEnleveAucuneFormeASonGestionnaire) {
+  for (const EntreeDeProgramme& entree : EntreesDeProgrammes()) {
+    SCOPED_TRACE(entree.action);
+    BureauComplet bureau;
+    const Silence silence;
+    quelvar::Dialogue& ecran = bureau.Fenetre().ServicesDesFormes().ecran;
+    ecran.afficher = [afficher = ecran.afficher](quelvar::Affichage affichage) {
+      affichage.ou = quelvar::Affichage::Ou::Lecteur;
+      afficher(affichage);
+    };
+    Prendre(bureau, entree);
+    for (Forme* ouverte : bureau.Ouvertes()) {
+      const QPointer<Forme> forme = ouverte;
+      QAbstractButton* bouton = BoutonDeLancement(*ouverte);
+      if (bouton == nullptr) continue;
+      bool revenu = false;
+      bool tropTot = false;
+      const QMetaObject::Connection veille =
+          QObject::connect(ouverte, &QObject::destroyed, &bureau.Fenetre(), [&] { tropTot = !revenu; });
+      QTest::mouseClick(bouton, Qt::LeftButton);
+      revenu = true;
+      EXPECT_FALSE(tropTot) << "deleted behind its own handler";
+      if (!forme.isNull() && !forme->isVisible()) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return forme.isNull(); }, 2000)) << "a closed form goes";
+      }
+      QObject::disconnect(veille);
+    }
+  }
+}
+
+}  // namespace
