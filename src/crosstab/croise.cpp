@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
+#include "crosstab/resultats.h"
 #include "crosstab/sorties.h"
 
 namespace quelvar::crosstab {
@@ -100,6 +101,8 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
     EcrireTableauIsole(contexte_, enquete_, titre);
     resultat_.isoleEcrit = true;
   }
+  if (demande_.tableaux)
+    for (TableauEdite& edite : EnTableaux(titre)) resultat_.tableaux.push_back(std::move(edite));
   if (demande_.retenir)
     resultat_.retenu = TableauRetenu{std::move(tableau),
                                      triple.ligne,
