@@ -124,9 +124,7 @@ void CocherTableauIsole(EtatChoixVar& etat, bool coche, const Contexte& contexte
                                           Boutons::OuiNon) == Reponse::Non) {
     etat.tableauIsole = false;
     etat.isolePossible = false;
-    return;
   }
-  ViderTableauIsole(contexte);
 }
 
 bool FiltreVisible(const EtatChoixVar& etat, int niveau) { return niveau >= kNiveauAvance && etat.troisDimensions; }

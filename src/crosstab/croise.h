@@ -52,7 +52,4 @@ std::optional<EnqueteCroisee> PreparerCroise(const Contexte& contexte, std::stri
 std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const EnqueteCroisee& enquete,
                                               const DemandeCroise& demande);
 
-// The two files of an isolated table, emptied for the launch that fills them. Raises 61, 70 or 75.
-void ViderTableauIsole(const Contexte& contexte);
-
 }  // namespace quelvar::crosstab

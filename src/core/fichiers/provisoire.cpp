@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "core/fichiers/appels.h"
+#include "core/fichiers/marque.h"
 #include "core/fichiers/signaux.h"
 #include "core/texte/texte.h"
 
@@ -125,6 +126,8 @@ Provisoire::~Provisoire() {
 void Provisoire::Synchroniser() const {
   if (appels::Synchroniser(descripteur_) != 0) LeverErrno(errno);
 }
+
+void Provisoire::Marquer() const { MarquerNonAttendu(descripteur_, Taille(), Empreinte()); }
 
 void Provisoire::Tenir() {
   existe_ = VerifierCible(cible_);

@@ -29,6 +29,8 @@ class Provisoire {
   void Achever() { ecrivain_.Fermer(); }
   // The bytes are on the disk when it returns.
   void Synchroniser() const;
+  // Marks the file as one that nobody waits for.
+  void Marquer() const;
   // Looks at the target again and gives the scratch file its rights. Raises as the constructor.
   void Tenir();
   // Takes the place of the target in one rename.

@@ -145,6 +145,11 @@ void PlacerElements(Rapport& rapport, const Contexte& contexte, const Parametres
              "   dans *.MOD - Il y a vraisemblablement eu une modification",
              "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
              "   a l'intérieur les deux fichiers et relancez le programme"_w});
+  if (faj.size() != donnees.colonnes)
+    Arreter(
+        rapport, contexte,
+        {Joindre({"*** Arret du programme : ", contexte.Nom(".FAJ"), " a ", Nombre(faj.size()), " modalités et "_w,
+                  contexte.Nom(".MOD"), " en a ", Nombre(donnees.colonnes), " : relancez le calcul des facteurs"})});
   std::vector<std::string> fai;
   if (const std::optional<Chemin> chemin = contexte.Chercher(".FAI"); chemin && donnees.burt <= 1)
     fai = LignesPleines(*chemin);
@@ -186,6 +191,47 @@ void CompterModalites(Rapport& rapport, const DonneesPlan& donnees) {
   rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
 }
 
+// Files of another table are told and left out, or stop the run that was to show them.
+void Ecarter(Rapport& rapport, const Contexte& contexte, std::string_view extension, Texte raison, bool exige) {
+  const std::string phrase =
+      Joindre({"le fichier ", contexte.Nom(extension), " n'est pas celui de ces modalités, "_w, raison});
+  if (exige) Arreter(rapport, contexte, {Joindre({"*** Arret du programme : ", phrase})});
+  rapport.Ligne({"*** Attention : ", phrase, ", il n'est pas pris en compte"});
+}
+
+bool SontDuTableau(const std::vector<tables::Lien>& liens, std::size_t noeuds) {
+  return std::all_of(liens.begin(), liens.end(), [&](const tables::Lien& lien) {
+    const auto dedans = [&](std::int16_t noeud) { return noeud >= 1 && static_cast<std::size_t>(noeud) <= noeuds; };
+    return dedans(lien.premier) && dedans(lien.second);
+  });
+}
+
+void LireLiaisons(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
+                  const ParametresMod& parametres, DonneesPlan& donnees) {
+  const std::optional<Chemin> pem = contexte.Chercher(".PEM");
+  donnees.liensPresents = pem.has_value();
+  donnees.liens = tables::LireLiens(pem);
+  // The links of a plain table count its rows behind the columns.
+  const auto lignes = static_cast<std::size_t>(std::clamp(parametres.lignes, 0.0, 1e9));
+  const std::size_t noeuds =
+      donnees.burt >= 1 ? donnees.colonnes : std::max(donnees.points.size(), donnees.colonnes + lignes);
+  if (!SontDuTableau(donnees.liens, noeuds)) {
+    Ecarter(rapport, contexte, ".PEM", "ses liens vont au-delà"_w, exigences.liens);
+    donnees.liens.clear();
+    donnees.liensPresents = false;
+  }
+  donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
+  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
+  if (!cah) return;
+  donnees.cah = LireCah(*cah);
+  if (donnees.cah->individus || donnees.cah->etapes.empty() || donnees.cah->etapes.size() + 1 == donnees.colonnes)
+    return;
+  Ecarter(rapport, contexte, ".CAH",
+          Joindre({"son arbre en a ", Nombre(donnees.cah->etapes.size() + 1), " et non ", Nombre(donnees.colonnes)}),
+          exigences.cah);
+  donnees.cah.reset();
+}
+
 void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   ExigerFichiersDuGraphe(rapport, contexte, exigences);
   ImprimerNoms(rapport, contexte);
@@ -197,11 +243,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   PlacerElements(rapport, contexte, parametres, donnees);
   CompterModalites(rapport, donnees);
   donnees.parts = LireParts(contexte, donnees.facteurs);
-  const std::optional<Chemin> pem = contexte.Chercher(".PEM");
-  donnees.liensPresents = pem.has_value();
-  donnees.liens = tables::LireLiens(pem);
-  donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
-  if (const std::optional<Chemin> cah = contexte.Chercher(".CAH")) donnees.cah = LireCah(*cah);
+  LireLiaisons(rapport, contexte, exigences, parametres, donnees);
 }
 
 }  // namespace

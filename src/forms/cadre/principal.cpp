@@ -185,7 +185,8 @@ bool Principal::OuvrirInitialisation(const Chemin& initialisation) {
 
 bool Principal::AccepterGenerique(const QString& saisi) {
   if (!formes_.LaisserLeTravail()) return false;
-  const Acceptation acceptation = quelvar::AccepterGenerique(session_, environnement_.reglages, DepuisQt(saisi));
+  const Acceptation acceptation =
+      quelvar::AccepterGenerique(session_, environnement_.reglages, NomDepuisUtf8(saisi.toStdString()));
   AfficherTexte(acceptation.texte);
   if (!acceptation.acceptee) {
     ui_->ComboGen->clearEditText();
