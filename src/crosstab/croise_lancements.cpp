@@ -100,7 +100,7 @@ Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
       for (const RequeteCroise& requete : options.lancements) Lancer(forme, requete);
       fin = Fin::Normale;
     } catch (const Erreur& erreur) {
-      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur), Boutons::Ok);
     }
   }
   if (dernier) contexte.Ecran().afficher(*dernier);

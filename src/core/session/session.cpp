@@ -6,7 +6,6 @@
 #include <system_error>
 
 #include "core/fichiers/jeu.h"
-#include "core/fichiers/jeu.h"
 #include "core/programme/erreur.h"
 #include "core/programme/version.h"
 #include "core/texte/nombres.h"

@@ -349,7 +349,7 @@ std::string FauteDuBloc(const std::vector<std::string>& lignes) {
                       " ou à aucun, elle n'est pas validée"_w});
     }
   } catch (const Erreur& erreur) {
-    return Joindre({TexteErreur(erreur.Numero()), " : la VIT n'est pas validée"_w});
+    return Joindre({TexteErreur(erreur), " : la VIT n'est pas validée"_w});
   }
   return {};
 }
