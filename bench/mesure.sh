@@ -138,3 +138,29 @@ regroupement() {
 }
 regroupement BURT "1 500 modalités" BURU
 regroupement BURT700 "3 500 modalités" BURT701
+
+# Regression: codings of questions of four modalities (six, whose records share values in the sort; three, where they
+# do not), a table of ten numbers, the links of a hundred questions.
+codage() {
+  awk -v n="$2" -v questions="$3" 'BEGIN { srand(3); for (i = 1; i <= n; i++) { l = sprintf("%-4.4s", i); s = 0; r = "";
+    for (q = 0; q < questions; q++) { k = int(rand() * rand() * 6); if (k > 3) k = 3; s += k; r = r substr("1000010000100001", 4 * k + 1, 4) }
+    print l (rand() < 0.2 + s / (5 * questions) ? "10" : "01") r "\r" } }' >$1.CDG
+  { printf '%s\r\n FMT=1\r\nOUI1 Y oui\r\nOUI2   non\r\n' $1
+    for ((q = 1; q <= $3; q++)); do for m in 1 2 3 4; do printf 'Q%d_%d %s Q%d%d modalite\r\n' $q $m "$([ $m = 1 ] && echo R || echo X)" $q $m; done; done; } >$1.MOD
+}
+codage CODE6 100000 6
+ligne "anatab, 6 questions" CODE6.CDG "rm -f CODE6.TRP" "$bin/quelvar-batch" anatab CODE6 2>/dev/null
+codage CODE3 1000000 3
+ligne "plancher : voir chaque octet" CODE3.CDG "" "$bin/quelvar-plancher" octets CODE3.CDG
+ligne "anatab, 3 questions" CODE3.CDG "rm -f CODE3.TRP" "$bin/quelvar-batch" anatab CODE3 2>/dev/null
+awk 'BEGIN { srand(4); for (i = 1; i <= 1000000; i++) { l = sprintf("%-4.4s", i); for (v = 0; v < 11; v++) l = l sprintf("%6.2f", rand() * 100); print l } }' >NOMBRES.CDG
+{ printf 'NOMBRES\r\n FMT=6\r\nY    Y expliquee\r\n'; for v in 1 2 3 4 5 6 7 8 9 A; do printf 'X%s   X variable\r\n' $v; done; } >NOMBRES.MOD
+ligne "plancher : voir chaque octet" NOMBRES.CDG "" "$bin/quelvar-plancher" octets NOMBRES.CDG
+ligne "reglin, 10 variables" NOMBRES.CDG "rm -f NOMBRES.REG" "$bin/quelvar-batch" reglin NOMBRES
+"$bin/quelvar-genere" . LIENS 100000 100 --actives 5
+ligne "plancher : décoder et compter" LIENS.DAT "" "$bin/quelvar-plancher" dat LIENS
+questions=$(sed -n '3,$s/^\(...\).*/\1/p' LIENS.POS)
+ligne "varint, 10 questions sur 100" LIENS.DAT "rm -f LIENS.TRF LIENS.BRT LIENS.MOD" \
+  "$bin/quelvar-batch" varint LIENS questions="$(head -n 10 <<<"$questions" | paste -sd,)"
+ligne "varint, 100 questions" LIENS.DAT "rm -f LIENS.TRF LIENS.BRT LIENS.MOD" \
+  "$bin/quelvar-batch" varint LIENS questions="$(paste -sd, <<<"$questions")"

@@ -16,3 +16,10 @@ if command -v rsvg-convert >/dev/null; then
 else
   echo "plan.png n'est pas écrit : il y faut rsvg-convert (paquet librsvg2-bin)" >&2
 fi
+# Qui va au cinéma ? Les questions qui lui sont le plus liées, puis le sexe, l'âge et la profession à la fois.
+quelvar-batch varint LOISIRT questions=CIN
+quelvar-batch posmod LOISIRT mode=regr 'actives=CIN,SEX,*AG,PRO' codeszero=non
+quelvar-batch modifmodr LOISIRT expliquer=CIN1 'reference=SEX1,*AG1,PRO5' \
+  'intitule=CIN1=va au cinéma' 'intitule=SEX1=Homme' 'intitule=SEX2=Femme' \
+  'intitule=*AG1=Moins de 36 ans' 'intitule=*AG2=De 36 à 65 ans' 'intitule=*AG3=Plus de 65 ans'
+quelvar-batch anatab LOISIRT

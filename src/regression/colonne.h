@@ -18,7 +18,7 @@ class Colonne {
 
   // To be called for the values of the column, or for the smallest and the largest, before any is written.
   void Voir(double valeur);
-  std::string operator()(double valeur) const { return NombreFixe(valeur, entiers_, decimales_); }
+  std::string operator()(double valeur) const;
   // Blanks that a heading needs in front to stand where it stood.
   std::string Ajout() const { return CadreGauche("", entiers_ - prevus_); }
 

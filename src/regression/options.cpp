@@ -1,6 +1,5 @@
 #include "regression/options.h"
 
-#include "regression/anatab/anatab.h"
 #include "regression/reglin/reglin.h"
 
 namespace quelvar::regression {
@@ -16,10 +15,13 @@ const Description<OptionsModifModR>& DescriptionModifModR() {
   return description;
 }
 
-const Description<SansOption>& DescriptionAnatab() {
-  static const Description<SansOption> description(
-      "anatab", "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w,
-      [](const Contexte& contexte, const SansOption&) { return Anatab(contexte); });
+const Description<OptionsAnatab>& DescriptionAnatab() {
+  using O = OptionsAnatab;
+  static const Description<O> description =
+      Description<O>(
+          "anatab",
+          "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w, Anatab)
+          .Texte("image", &O::image, "FICHIER.svg", "image des effets, la référence à zéro"_w);
   return description;
 }
 
@@ -40,7 +42,8 @@ const Description<OptionsVarint>& DescriptionVarint() {
           .Choix("edition", &O::edition, {{"compacte", EditionVarint::Courte}, {"longue", EditionVarint::Longue}},
                  "avec les noms longs au niveau 2 seulement"_w)
           .Bouton("Opt1", "compacte")
-          .Bouton("Opt2", "longue");
+          .Bouton("Opt2", "longue")
+          .Texte("image", &O::image, "FICHIER.svg", "image des profils, une barre par question"_w);
   return description;
 }
 

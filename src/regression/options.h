@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/options/description.h"
+#include "regression/anatab/anatab.h"
 #include "regression/modifmodr.h"
 #include "regression/varint/varint.h"
 
@@ -13,7 +14,7 @@ struct SansOption {
 };
 
 const Description<OptionsModifModR>& DescriptionModifModR();
-const Description<SansOption>& DescriptionAnatab();
+const Description<OptionsAnatab>& DescriptionAnatab();
 const Description<SansOption>& DescriptionReglin();
 const Description<OptionsVarint>& DescriptionVarint();
 

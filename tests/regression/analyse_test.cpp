@@ -9,6 +9,7 @@
 #include "core/texte/nombres.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/souseffets.h"
+#include "regression/colonne.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
 
@@ -88,6 +89,20 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
     }
   EXPECT_EQ(rang, trouves.size());
   EXPECT_GT(rang, 50U);
+}
+
+// A column is as wide as its largest number asks for, with a blank where a number stands in front of it.
+TEST(Colonne, SElargitPourCeQuiNYTientPas) {
+  Colonne libre(3, 1);
+  Colonne derriere(3, 1, Voisin::Nombre);
+  for (Colonne* colonne : {&libre, &derriere}) colonne->Voir(123.4);
+  EXPECT_EQ(libre(5), "  5.0");
+  EXPECT_EQ(libre.Ajout(), "");
+  EXPECT_EQ(derriere(123.4), " 123.4");
+  EXPECT_EQ(derriere.Ajout(), " ");
+  EXPECT_EQ(Figure(-0.0361, 1, 4), "-0.0361");
+  EXPECT_EQ(Figure(1234567, 5, 0), "1234567");
+  EXPECT_EQ(Figure(35742151557327244.0, 8, 4), "35742151557327244.0000");
 }
 
 // The worked example of a 2 x 2 table: 20 of 30 against 10 of 50; by hand N(ad-bc)^2 / (products of the margins).

@@ -92,7 +92,7 @@ LiensDuGraphe ArbreMaximum(std::span<const tables::Lien> liens, std::span<const 
         resultat.complet = true;
         break;
       }
-      if (!composantes.Reunir(i, j)) continue;
+      if (!sommets[i].montre || !sommets[j].montre || !composantes.Reunir(i, j)) continue;
     }
     if (desChoisis && !sommets[i].choisi && !sommets[j].choisi) continue;
     resultat.atteints[i] = resultat.atteints[j] = true;
@@ -111,7 +111,9 @@ void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const
   for (std::size_t i = 0; i < intitules.size(); ++i) {
     ligne = NombreNu(i + 1);
     AllerALaZoneSuivante(ligne);
-    fichier.Ligne(ligne + intitules[i]);
+    std::string intitule(RognerDroite(intitules[i]));
+    std::ranges::replace(intitule, '"', '\'');
+    fichier.Ligne(Joindre({ligne, "\"", intitule, "\""}));
   }
   fichier.Ligne("*Edges");
   for (const tables::Lien& lien : liens) {

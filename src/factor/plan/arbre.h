@@ -27,6 +27,7 @@ struct SommetArbre {
   bool choisi = false;             // has a colour: as soon as one has, only links with an end among them are drawn
   std::int16_t cpfHorizontal = 0;  // per mille, on the factors shown
   std::int16_t cpfVertical = 0;
+  bool montre = true;  // the tree is that of the elements shown
 };
 
 struct OptionsArbre {
@@ -37,7 +38,7 @@ struct OptionsArbre {
   bool pajek = false;                                      // FichPajek: the links read are kept for the network file
   std::optional<std::size_t> progressif = {};              // only so many links are read
   int niveauCpf = 0;                                       // smallest CPF of a shown point
-  // The tree is complete with the first so many elements; left out, with all. Individuals have no links.
+  // The tree is complete with so many elements; left out, with all. Individuals have no links.
   std::optional<std::size_t> aCouvrir = {};
 };
 
@@ -56,8 +57,8 @@ LiensDuGraphe ArbreMaximum(std::span<const tables::Lien> liens, std::span<const 
 
 inline constexpr std::string_view kArbreComplet = "Arbre Maximum complet";
 
-// Replaces the file of that name (generic and ".net"). One name or label for each element. Raises the numbers of
-// Remplacement.
+// Replaces the file of that name (generic and ".net"). One name or label for each element, put in quotes. Raises the
+// numbers of Remplacement.
 void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const std::string> intitules,
                  std::span<const tables::Lien> liens);
 

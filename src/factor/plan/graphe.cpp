@@ -143,8 +143,12 @@ bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
 
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
   std::vector<std::string> intitules;
-  for (const PointPlan& point : etat.donnees.points)
-    intitules.push_back(etat.reglages.intitulesLongs ? point.intitule : point.nom);
+  for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
+    const PointPlan& point = etat.donnees.points[i];
+    const bool individu = etat.donnees.Individus() && i >= etat.donnees.colonnes;
+    const std::string nom = individu ? Nombre(static_cast<std::int64_t>(i - etat.donnees.colonnes + 1)) : point.nom;
+    intitules.push_back(etat.reglages.intitulesLongs && !(individu && point.intitule.empty()) ? point.intitule : nom);
+  }
   EcrirePajek(contexte.repertoire, contexte.Nom(".net"), intitules, LiensMontres(etat, true).pajek);
 }
 

@@ -145,11 +145,6 @@ void PlacerElements(Rapport& rapport, const Contexte& contexte, const Parametres
              "   dans *.MOD - Il y a vraisemblablement eu une modification",
              "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
              "   a l'intérieur les deux fichiers et relancez le programme"_w});
-  if (faj.size() != donnees.colonnes)
-    Arreter(
-        rapport, contexte,
-        {Joindre({"*** Arret du programme : ", contexte.Nom(".FAJ"), " a ", Nombre(faj.size()), " modalités et "_w,
-                  contexte.Nom(".MOD"), " en a ", Nombre(donnees.colonnes), " : relancez le calcul des facteurs"})});
   std::vector<std::string> fai;
   if (const std::optional<Chemin> chemin = contexte.Chercher(".FAI"); chemin && donnees.burt <= 1)
     fai = LignesPleines(*chemin);
@@ -191,44 +186,41 @@ void CompterModalites(Rapport& rapport, const DonneesPlan& donnees) {
   rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
 }
 
-// Files of another table are told and left out, or stop the run that was to show them.
-void Ecarter(Rapport& rapport, const Contexte& contexte, std::string_view extension, Texte raison, bool exige) {
-  const std::string phrase =
-      Joindre({"le fichier ", contexte.Nom(extension), " n'est pas celui de ces modalités, "_w, raison});
-  if (exige) Arreter(rapport, contexte, {Joindre({"*** Arret du programme : ", phrase})});
-  rapport.Ligne({"*** Attention : ", phrase, ", il n'est pas pris en compte"});
+// Elements that a tree of this plane has: the columns, or what stands behind them; the rows of a square table are its
+// active columns.
+std::size_t ElementsDeLArbre(const DonneesPlan& donnees, bool individus) {
+  if (!individus) return donnees.colonnes;
+  if (donnees.points.size() > donnees.colonnes) return donnees.points.size() - donnees.colonnes;
+  return static_cast<std::size_t>(std::ranges::count(donnees.points, false, &PointPlan::supplementaire));
 }
 
-bool SontDuTableau(const std::vector<tables::Lien>& liens, std::size_t noeuds) {
-  return std::all_of(liens.begin(), liens.end(), [&](const tables::Lien& lien) {
-    const auto dedans = [&](std::int16_t noeud) { return noeud >= 1 && static_cast<std::size_t>(noeud) <= noeuds; };
-    return dedans(lien.premier) && dedans(lien.second);
-  });
-}
-
-void LireLiaisons(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
-                  const ParametresMod& parametres, DonneesPlan& donnees) {
-  const std::optional<Chemin> pem = contexte.Chercher(".PEM");
-  donnees.liensPresents = pem.has_value();
-  donnees.liens = tables::LireLiens(pem);
-  // The links of a plain table count its rows behind the columns.
-  const auto lignes = static_cast<std::size_t>(std::clamp(parametres.lignes, 0.0, 1e9));
-  const std::size_t noeuds =
-      donnees.burt >= 1 ? donnees.colonnes : std::max(donnees.points.size(), donnees.colonnes + lignes);
-  if (!SontDuTableau(donnees.liens, noeuds)) {
-    Ecarter(rapport, contexte, ".PEM", "ses liens vont au-delà"_w, exigences.liens);
-    donnees.liens.clear();
-    donnees.liensPresents = false;
+// What was made from another state of the table is told, and left out: nothing of it stands on the wrong point.
+void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
+                      DonneesPlan& donnees) {
+  const auto sansPlace =
+      std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
+                    [](const PointPlan& point) { return !point.place; });
+  if (sansPlace > 0)
+    rapport.Ligne({"*** Attention :", NombreNu(sansPlace), "modalité(s) de "_w, contexte.Nom(".MOD"), " absente(s) de ",
+                   contexte.Nom(".FAJ"), ", relancez l'analyse factorielle"});
+  const auto horsDuPlan = [&](const tables::Lien& lien) {
+    const auto hors = [&](std::int16_t noeud) {
+      return noeud < 1 || static_cast<std::size_t>(noeud) > donnees.points.size();
+    };
+    return hors(lien.premier) || hors(lien.second);
+  };
+  for (auto& [liens, extension] : {std::pair{&donnees.liens, ".PEM"}, std::pair{&donnees.liensLignes, ".PEL"}}) {
+    if (std::ranges::none_of(*liens, horsDuPlan)) continue;
+    rapport.Ligne({"*** Attention : ", contexte.Nom(extension),
+                   " n'est pas celui de ce tableau, ses liens ne sont pas montrés, relancez les PEM"_w});
+    liens->clear();
   }
-  donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
-  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
-  if (!cah) return;
-  donnees.cah = LireCah(*cah);
-  if (donnees.cah->individus || donnees.cah->etapes.empty() || donnees.cah->etapes.size() + 1 == donnees.colonnes)
-    return;
-  Ecarter(rapport, contexte, ".CAH",
-          Joindre({"son arbre en a ", Nombre(donnees.cah->etapes.size() + 1), " et non ", Nombre(donnees.colonnes)}),
-          exigences.cah);
+  if (!donnees.cah || donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus)) return;
+  const std::string faute = Joindre({"l'arbre de "_w, contexte.Nom(".CAH"),
+                                     " n'est pas celui de ce tableau, relancez l'analyse factorielle avec la "
+                                     "classification"});
+  if (exigences.cah) Arreter(rapport, contexte, {Joindre({"*** Arret du programme : ", faute})});
+  rapport.Ligne({"*** Attention : ", faute});
   donnees.cah.reset();
 }
 
@@ -243,7 +235,12 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   PlacerElements(rapport, contexte, parametres, donnees);
   CompterModalites(rapport, donnees);
   donnees.parts = LireParts(contexte, donnees.facteurs);
-  LireLiaisons(rapport, contexte, exigences, parametres, donnees);
+  const std::optional<Chemin> pem = contexte.Chercher(".PEM");
+  donnees.liensPresents = pem.has_value();
+  donnees.liens = tables::LireLiens(pem);
+  donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
+  if (const std::optional<Chemin> cah = contexte.Chercher(".CAH")) donnees.cah = LireCah(*cah);
+  EcarterEtrangers(rapport, contexte, exigences, donnees);
 }
 
 }  // namespace

@@ -275,7 +275,7 @@ LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
   for (std::size_t i = 0; i < donnees.points.size(); ++i)
     sommets.push_back({donnees.points[i].supplementaire, reglages.marques[i] != 0,
                        static_cast<std::int16_t>(donnees.cpf(Rang(reglages.horizontal), i)),
-                       static_cast<std::int16_t>(donnees.cpf(Rang(reglages.vertical), i))});
+                       static_cast<std::int16_t>(donnees.cpf(Rang(reglages.vertical), i)), EstMontre(etat, i)});
   OptionsArbre options;
   options.mode = reglages.liens.mode.value_or(
       reglages.ensemble == EnsemblePoints::Actifs ? ModeArbre::SaufSupplementaires : ModeArbre::TousLesLiens);
@@ -285,7 +285,10 @@ LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
   options.pajek = pajek;
   options.progressif = reglages.liens.progressif;
   options.niveauCpf = reglages.niveauCpf;
-  if (donnees.Individus()) options.aCouvrir = donnees.colonnes;
+  const std::size_t lies = donnees.Individus() ? donnees.colonnes : sommets.size();
+  options.aCouvrir =
+      static_cast<std::size_t>(std::count_if(sommets.begin(), sommets.begin() + static_cast<std::ptrdiff_t>(lies),
+                                             [](const SommetArbre& s) { return s.montre; }));
   return ArbreMaximum(reglages.liens.lignes ? donnees.liensLignes : donnees.liens, sommets, options);
 }
 

@@ -1,11 +1,14 @@
 // Makes the help at build time: "quelvar-aide page SOURCE TARGET" copies the help page without the notices of what is
 // not available for the entries that the menu has, "quelvar-aide note SOURCE TARGET" prints a method note as a PDF.
 #include <QApplication>
+#include <QBuffer>
 #include <QFile>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QTextDocument>
 #include <cstdio>
+#include <cstring>
 
 #include "forms/aide/aide.h"
 
@@ -16,20 +19,34 @@ bool Ecrire(const QString& fichier, const QByteArray& octets) {
   return cible.open(QIODevice::WriteOnly) && cible.write(octets) == octets.size() && cible.commit();
 }
 
+// The note of two builds has the same bytes: the date of the day is overwritten, its length kept, since the table at
+// the end of a PDF counts bytes.
+void OublierLaDate(QByteArray& pdf) {
+  for (const char* cle : {"/CreationDate (D:", "<xmp:CreateDate>", "<xmp:ModifyDate>", "<xmp:MetadataDate>"}) {
+    for (qsizetype place = pdf.indexOf(cle); place >= 0; place = pdf.indexOf(cle, place)) {
+      place += static_cast<qsizetype>(std::strlen(cle));
+      for (; place < pdf.size() && pdf[place] != ')' && pdf[place] != '<'; ++place)
+        if (pdf[place] >= '0' && pdf[place] <= '9') pdf[place] = '0';
+    }
+  }
+}
+
 bool Imprimer(const QString& fichier, const QString& html) {
   QTextDocument note;
   note.setDefaultFont(QFont(QStringLiteral("Liberation Serif"), 11));
   note.setHtml(html);
-  QSaveFile cible(fichier);
-  if (!cible.open(QIODevice::WriteOnly)) return false;
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
   {
-    QPdfWriter papier(&cible);
+    QPdfWriter papier(&pdf);
     papier.setPageSize(QPageSize(QPageSize::A4));
     papier.setTitle(note.metaInformation(QTextDocument::DocumentTitle));
     papier.setCreator(QStringLiteral("Quelvar"));
     note.print(&papier);
   }
-  return cible.commit();
+  QByteArray octets = pdf.data();
+  OublierLaDate(octets);
+  return Ecrire(fichier, octets);
 }
 
 }  // namespace

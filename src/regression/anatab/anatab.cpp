@@ -6,8 +6,10 @@
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/logistique.h"
+#include "regression/anatab/logistique_edition.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
+#include "regression/images/effets.h"
 
 namespace quelvar::regression {
 
@@ -140,7 +142,7 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
 }
 
-void Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
@@ -154,16 +156,36 @@ void Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLo
   ecran.progresser(60);
   ChercherLesEffets(rapport, travail);
   ecran.progresser(80);
-  AjusterLesModeles(contexte, rapport, travail);
+  return AjusterLesModeles(contexte, rapport, travail);
+}
+
+// One line for each explanatory modality. Odds-ratios are no points: the tabular effects are then left out.
+std::vector<LigneDEffet> LignesDeLImage(const Travail& travail, const ModeleAjuste& logistique) {
+  std::vector<LigneDEffet> lignes;
+  for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k) {
+    const ModaliteCodee& modalite = travail.modele.Explicative(k);
+    LigneDEffet ligne{modalite.intitule, modalite.reference, {}, 0, {}};
+    if (!modalite.reference) ligne.logistique = EffetEnPoints(logistique, logistique.betas[k]);
+    lignes.push_back(std::move(ligne));
+  }
+  if (travail.Choix().oddsRatio) return lignes;
+  for (const Effet& effet : travail.analyse.effets) {
+    lignes[effet.modalite].moyenne = effet.moyenne;
+    lignes[effet.modalite].ecartType = effet.ecartType;
+  }
+  return lignes;
 }
 
 // A run that stops leaves its work files as they stand.
-void Executer(const Contexte& contexte, Rapport& rapport) {
+void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
   Travail travail = LireLeModele(contexte, rapport, fichiers.mod);
   try {
-    Analyser(contexte, rapport, fichiers.codageLogique, travail);
+    const ModeleAjuste logistique = Analyser(contexte, rapport, fichiers.codageLogique, travail);
+    if (!options.image.empty())
+      EnregistrerImage(contexte.repertoire, options.image,
+                       DessinerEffets(travail.modele.titre, LignesDeLImage(travail, logistique)));
   } catch (const Erreur&) {
     LaisserLesFichiers(contexte, travail);
     throw;
@@ -179,9 +201,9 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
 
 }  // namespace
 
-Fin Anatab(const Contexte& contexte) {
+Fin Anatab(const Contexte& contexte, const OptionsAnatab& options) {
   const Fin fin = ExecuterProgramme(contexte, contexte.Nom(".TRP"), LibellesErreur{},
-                                    [&](Rapport& rapport) { Executer(contexte, rapport); });
+                                    [&](Rapport& rapport) { Executer(contexte, options, rapport); });
   contexte.Ecran().montrerProgression(0);
   return fin;
 }

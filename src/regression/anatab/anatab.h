@@ -8,8 +8,14 @@
 
 namespace quelvar::regression {
 
+struct OptionsAnatab {
+  std::string image = {};  // file of the picture of the effects; none is drawn when it is empty
+
+  bool operator==(const OptionsAnatab&) const = default;
+};
+
 // Reads the coding of the .MOD and the logical coding, writes the .TRP. What else it needs stands in the .MOD (DE=).
 // A population of the situations kept below 50 % is put to the user.
-Fin Anatab(const Contexte& contexte);
+Fin Anatab(const Contexte& contexte, const OptionsAnatab& options = {});
 
 }  // namespace quelvar::regression

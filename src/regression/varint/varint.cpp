@@ -7,6 +7,8 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
+#include "regression/images/barres.h"
+#include "regression/images/effets.h"
 #include "regression/varint/profils.h"
 
 namespace quelvar::regression {
@@ -84,6 +86,16 @@ void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profi
   }
 }
 
+BarresDeProfil BarresDe(const FichierPos& pos, const Profil& profil) {
+  const auto intitule = [&](std::size_t rang) {
+    const Question& question = pos.questions[rang];
+    return Joindre({question.nom, " ", question.intitule});
+  };
+  BarresDeProfil barres{Joindre({"Profil de ", intitule(profil.question)}), {}};
+  for (const LienDeProfil& lien : LiensTries(profil)) barres.barres.emplace_back(intitule(lien.question), lien.pem);
+  return barres;
+}
+
 void EcrireTable(Ecrivain& fichier, const FichierPos& pos, const std::vector<Profil>& profils) {
   for (const Profil& profil : profils) {
     const Question& question = pos.questions[profil.question];
@@ -157,6 +169,11 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
+  if (!options.image.empty()) {
+    std::vector<BarresDeProfil> images;
+    for (const Profil& profil : profils) images.push_back(BarresDe(pos, profil));
+    EnregistrerImage(contexte.repertoire, options.image, DessinerProfils(images));
+  }
   const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
   Remplacement table(contexte.repertoire, contexte.Nom(".BRT"));
   EcrireTable(table.Fichier(), pos, profils);

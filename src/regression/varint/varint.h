@@ -13,6 +13,7 @@ enum class EditionVarint { Courte, Longue };
 struct OptionsVarint {
   std::vector<std::string> questions = {};        // names of the questions of interest, in the order of the profiles
   EditionVarint edition = EditionVarint::Courte;  // the long one at level 2 only
+  std::string image = {};                         // file of the picture of the profiles; none is drawn when it is empty
 
   bool operator==(const OptionsVarint&) const = default;
 };

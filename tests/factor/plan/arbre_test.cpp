@@ -69,6 +69,14 @@ TEST(Arbre, ChosenElementsAndTheCpfLevelDecideWhatIsDrawnOfTheTree) {
   EXPECT_TRUE(liens.atteints[3]);  // by a link that is not drawn
 }
 
+TEST(Arbre, IsThatOfTheElementsShown) {
+  std::vector<SommetArbre> sommets = Sommets();
+  sommets[1].montre = false;
+  const LiensDuGraphe liens = ArbreMaximum(kLiens, sommets, {.arbre = true, .aCouvrir = 4});
+  EXPECT_EQ(Noms(liens.traces), "13 45 35 ") << "1-3 closes no triangle without element 2";
+  EXPECT_TRUE(liens.complet);
+}
+
 TEST(Arbre, TheMessageNeedsALinkLeftWhenTheTreeIsComplete) {
   const auto complet = [](std::vector<Lien> liens, std::size_t elements, OptionsArbre options = {.arbre = true}) {
     return ArbreMaximum(liens, std::vector<SommetArbre>(elements), options).complet;

@@ -104,8 +104,9 @@ TEST(Graphe, SharesComeFromAReportOnAsManyFactors) {
   EXPECT_TRUE(enquete.Preparer()->parts.empty());
 }
 
-// Links may name any number: what the graph does not have is left out, and nothing falls.
-TEST(Graphe, LinksBeyondTheElements) {
+// A file with links to elements that the plane has not is that of another table: nothing of it is shown, and this is
+// told.
+TEST(Graphe, LinksAndTreesOfAnotherTable) {
   Enquete enquete;
   constexpr std::array<char, 16> liens = {1, 0, 3, 0, 0,    0,   static_cast<char>(0xA0), 0x42, -1, -1,
                                           9, 0, 0, 0, 0x48, 0x42};
@@ -115,8 +116,22 @@ TEST(Graphe, LinksBeyondTheElements) {
   EXPECT_TRUE(etat.donnees.liensPresents);
   etat.reglages.liens.actif = true;
   const LiensDuGraphe traces = LiensMontres(etat);
-  ASSERT_EQ(traces.traces.size(), 1U);
-  EXPECT_EQ(traces.traces[0].valeur, 80);
+  EXPECT_TRUE(traces.traces.empty());
+  enquete.Avec(".PEM", {liens.data(), 8});
+  EXPECT_EQ(enquete.Preparer()->liens.size(), 1U);
+  // Two elements in the tree, three modalities in the table.
+  enquete.Avec(".CAH", "INDIV = NON\n   1    1    2    1    2\n   1    1   2\n");
+  EXPECT_FALSE(enquete.Preparer()->cah);
+  EXPECT_NE(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT").find("l'arbre de ENQ.CAH n'est pas celui de ce tableau"),
+            std::string::npos);
+  EXPECT_FALSE(PrepGraphe(enquete.LeContexte(), {.liens = false, .cah = true}));
+}
+
+TEST(Graphe, ModalitiesWithoutCoordinatesAreTold) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\nBRT=4 FMT=1\nA1\nA2\nA3\nA4\n").Avec(".FAJ", kFaj);
+  ASSERT_TRUE(enquete.Preparer());
+  EXPECT_NE(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT").find("*** Attention : 1 modalit"), std::string::npos);
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include "forms/programmes/capture/saisief.h"
 
+#include <QFontDatabase>
 #include <QKeyEvent>
+#include <QScreen>
+#include <algorithm>
 
 #include "capture/saisie/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"
@@ -21,6 +24,12 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
   ui_->setupUi(this);
   if (const std::optional<Chemin> mod = ChercherMod(contexte_.repertoire, contexte_.Nom(".MOD")))
     intitules_ = LireIntitules(*mod);
+  // Names, answers and records stand under each other.
+  QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  ui_->ListEnreg->setFont(fixe);
+  fixe.setPointSize(13);
+  for (QLabel* label : {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4, ui_->Label6, ui_->Label7})
+    label->setFont(fixe);
   ui_->ListEnreg->setModel(liste_);
   ui_->ListEnreg->installEventFilter(this);
   ui_->FrListe->setVisible(false);
@@ -113,7 +122,12 @@ void Saisief::Montrer() {
 
 void Saisief::MontrerListe() {
   if (!fautesVues_ || liste_->rowCount() == 0) return;
-  ui_->FrListe->setVisible(true);
+  if (!ui_->FrListe->isVisible()) {
+    ui_->FrListe->setVisible(true);
+    adjustSize();
+    const QRect place = screen()->availableGeometry();
+    move(std::clamp(x(), place.left(), std::max(place.left(), place.right() - frameGeometry().width())), y());
+  }
   liste_->Rafraichir();
   const bool premiere = !ui_->ListEnreg->currentIndex().isValid();
   ui_->ListEnreg->setFocus();

@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# The Debian package as its users meet it: built twice with the same bytes, without an error of lintian, valid for the
+# catalogues; installed in a clean root, its programs started there, and removed without a file left.
+#   packaging/essai.sh [DOSSIER]    a release build that is up to date (default build/release)
+# Ends with 77 where a tool for it is missing.
+set -euo pipefail
+racine=$(cd "$(dirname "$0")/.." && pwd)
+cd "$racine"
+construction=${1:-build/release}
+for outil in cpack lintian appstreamcli desktop-file-validate; do
+  command -v $outil >/dev/null || { echo "$outil manque" >&2; exit 77; }
+done
+travail=$(mktemp -d)
+trap 'rm -rf "$travail"' EXIT
+# The date of the package is that of its last entry of history, not that of the build.
+SOURCE_DATE_EPOCH=$(date -d "$(dpkg-parsechangelog -l packaging/debian/changelog -S Date)" +%s)
+export SOURCE_DATE_EPOCH
+
+appstreamcli validate --no-net packaging/quelvar.metainfo.xml
+desktop-file-validate packaging/quelvar.desktop
+for fois in 1 2; do
+  cpack --config "$construction/CPackConfig.cmake" -B "$travail/$fois" >"$travail/journal" || { cat "$travail/journal"; exit 1; }
+done
+paquet=$(echo "$travail"/1/*.deb)
+cmp "$paquet" "$travail"/2/*.deb
+lintian --fail-on error "$paquet"
+dpkg-deb -f "$paquet" Depends | grep -q libqt6svg6 || { echo "libqt6svg6 n'est pas dans Depends" >&2; exit 1; }
+
+if [ "$(id -u)" != 0 ] || ! command -v mmdebstrap >/dev/null; then
+  echo "sans mmdebstrap ou sans droits : le paquet n'est pas installé dans une racine neuve"
+  exit 0
+fi
+. /etc/os-release
+racine_neuve=$travail/racine
+sources=(/etc/apt/sources.list /etc/apt/sources.list.d/*)
+for s in "${sources[@]}"; do [ ! -s "$s" ] || presentes+=("$s"); done
+mmdebstrap --quiet --variant=apt --include=ca-certificates "$VERSION_CODENAME" "$racine_neuve" "${presentes[@]}"
+for reglage in /etc/apt/apt.conf.d/* /etc/apt/apt.conf; do [ ! -f "$reglage" ] || cp "$reglage" "$racine_neuve/etc/apt/apt.conf.d/"; done
+cp "$paquet" "$racine_neuve/quelvar.deb"
+dedans() { chroot "$racine_neuve" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root "$@"; }
+dedans apt-get install -y -qq --no-install-recommends /quelvar.deb >"$travail/journal" 2>&1 || { cat "$travail/journal"; exit 1; }
+dedans quelvar-batch --liste | grep -q '^triapl'
+dedans cp -r /usr/share/quelvar/examples/loisirs /tmp/loisirs
+dedans quelvar-batch -C /tmp/loisirs import-csv LOISIRS >/dev/null
+dedans quelvar-batch -C /tmp/loisirs triapl LOISIRS | grep -q 'Fin normale du programme'
+# The window lives until it is stopped.
+etat=0
+dedans env QT_QPA_PLATFORM=offscreen timeout 5 quelvar >/dev/null 2>&1 || etat=$?
+[ "$etat" = 124 ] || { echo "quelvar s'est arrêté : $etat" >&2; exit 1; }
+dpkg-deb -c "$paquet" | awk '$1 !~ /^d/ { print substr($6, 2) }' >"$travail/fichiers"
+dedans apt-get purge -y -qq quelvar >/dev/null 2>&1
+while read -r fichier; do
+  [ ! -e "$racine_neuve$fichier" ] || { echo "$fichier reste" >&2; exit 1; }
+done <"$travail/fichiers"
+echo "paquet construit, installé, essayé et retiré : $(basename "$paquet")"
