@@ -66,12 +66,12 @@ bool EstNomProvisoire(std::string_view nom);
 void EffacerSiAbandonne(const Chemin& chemin);
 
 // Length and digest of a file; nothing when it cannot be read.
-struct Mesure {
+struct MesureDeFichier {
   std::uint64_t taille = 0;
   std::uint64_t empreinte = 0;
-  bool operator==(const Mesure&) const = default;
+  bool operator==(const MesureDeFichier&) const = default;
 };
-std::optional<Mesure> MesurerFichier(const Chemin& chemin);
+std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin);
 
 // The failure (75) that a directory, a pipe or a device in place of a file is.
 Erreur PasUnFichier(const Chemin& chemin);

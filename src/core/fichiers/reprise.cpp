@@ -26,7 +26,7 @@ bool Present(const Chemin& chemin) {
 }
 
 bool Est(const Chemin& chemin, const EntreeDeReleve& e) {
-  return MesurerFichier(chemin) == Mesure{e.taille, e.empreinte};
+  return MesurerFichier(chemin) == MesureDeFichier{e.taille, e.empreinte};
 }
 
 // The former file of an entry that removes it.
