@@ -4,6 +4,7 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
+#include "crosstab/resultats.h"
 #include "crosstab/sorties.h"
 
 namespace quelvar::crosstab {
@@ -103,6 +104,8 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
     EcrireTableauIsole(contexte_, enquete_, titre, sorties_);
     resultat_.isoleEcrit = true;
   }
+  if (demande_.tableaux)
+    for (TableauEdite& edite : EnTableaux(titre)) resultat_.tableaux.push_back(std::move(edite));
   if (demande_.retenir)
     resultat_.retenu = TableauRetenu{std::move(tableau),
                                      triple.ligne,

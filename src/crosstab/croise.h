@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/programme/programme.h"
+#include "core/resultats/tableau.h"
 #include "crosstab/edition.h"
 #include "crosstab/enquete.h"
 #include "crosstab/tableau/tableau.h"
@@ -26,6 +27,7 @@ struct DemandeCroise {
   OptionsEdition edition;
   bool tableauIsole = false;  // save the first table as .MOD and .BRT
   bool retenir = false;       // keep the last table for its picture
+  bool tableaux = false;      // keep all of them as tables of data
 };
 
 // A printed table with its words, kept for its picture.
@@ -39,6 +41,7 @@ struct TableauRetenu {
 };
 
 struct ResultatLancement {
+  std::vector<TableauEdite> tableaux;  // when they are wanted
   bool isoleEcrit = false;
   std::optional<TableauRetenu> retenu;
 };

@@ -3,6 +3,7 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/noms.h"
+#include "core/resultats/fichiers.h"
 #include "crosstab/croise.h"
 #include "crosstab/croise_options.h"
 #include "crosstab/graphe/graphe2.h"
@@ -15,6 +16,8 @@ struct FormeCroise {
   const Contexte& contexte;
   const EnqueteCroisee& enquete;
   EtatChoixVar etat;
+  bool garderTableaux = false;
+  std::vector<TableauEdite> tableaux = {};
 
   const Dialogue& Ecran() const { return contexte.Ecran(); }
 };
@@ -74,14 +77,16 @@ void EcrireGraphique(const FormeCroise& forme, std::string_view nom, const Table
 
 void Lancer(FormeCroise& forme, const RequeteCroise& requete) {
   Preparer(forme, requete);
-  const std::optional<DemandeCroise> demande = PreparerLancement(forme.etat, forme.Ecran());
+  std::optional<DemandeCroise> demande = PreparerLancement(forme.etat, forme.Ecran());
   if (!demande) {
     forme.Ecran().demander(forme.etat.titre, Boutons::Ok);
     throw Erreur(kArretAnnonce);
   }
-  const std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
+  demande->tableaux = forme.garderTableaux;
+  std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
   if (!resultat) throw Erreur(kArretAnnonce);
   ApresLancement(forme.etat, *resultat);
+  for (TableauEdite& tableau : resultat->tableaux) forme.tableaux.push_back(std::move(tableau));
   if (resultat->retenu) EcrireGraphique(forme, requete.graphique, *resultat->retenu);
 }
 
@@ -96,8 +101,9 @@ Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
   Fin fin = Fin::Arret;
   if (const std::optional<EnqueteCroisee> enquete = PreparerCroise(muet, options.fichierDonnees)) {
     try {
-      FormeCroise forme{muet, *enquete, NouveauChoix(*enquete)};
+      FormeCroise forme{muet, *enquete, NouveauChoix(*enquete), options.sortie != SortieDeTableaux::Aucune};
       for (const RequeteCroise& requete : options.lancements) Lancer(forme, requete);
+      EcrireTableaux(contexte, contexte.Nom(".TCR"), forme.tableaux, options.sortie);
       fin = Fin::Normale;
     } catch (const Erreur& erreur) {
       if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur), Boutons::Ok);

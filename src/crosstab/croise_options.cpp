@@ -101,6 +101,7 @@ Description<O> Decrire() {
              EcrireGraphique)
       .Alias({"boutunseul"})
       .Texte("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
+      .Choix("sortie", &O::sortie, MotsDesSorties(), kAideSortie)
       .Etape("lancer", "lance les tris demandés jusqu'ici ; ce qui suit prépare le lancement suivant"_w, Avancer,
              Lancements)
       .Alias({"boutlancertri"});

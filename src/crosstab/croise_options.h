@@ -30,6 +30,7 @@ struct RequeteCroise {
 
 struct OptionsCroise {
   std::string fichierDonnees = {};  // other data file; empty for generic .DAT
+  SortieDeTableaux sortie = SortieDeTableaux::Aucune;
   std::vector<RequeteCroise> lancements = {RequeteCroise()};
 
   bool operator==(const OptionsCroise&) const = default;

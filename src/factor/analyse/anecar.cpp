@@ -6,6 +6,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
@@ -122,6 +123,10 @@ void RefuserTableau(Rapport& rapport, const Contexte& contexte, const PlanAnecar
     Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
 }
 
+std::string NomDuRapport(const Contexte& contexte, TypeAnalyse type) {
+  return contexte.Nom(type == TypeAnalyse::Acp ? ".ACP" : ".AFC");
+}
+
 int NombreDeFacteurs(const OptionsAnecar& options, const PlanAnecar& plan) {
   const int demandes = options.facteurs.value_or(options.classification ? kFacteursAClasser : kFacteursParDefaut);
   const std::int64_t lesPlus = std::min(plan.lignesActives, static_cast<std::int64_t>(plan.colonnes.actifs)) - 1;
@@ -182,6 +187,8 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
     ImprimerTablesCompactes(rapport, moteur.plan, moteur.tableau, moteur.analyse);
   if (moteur.reglages.edition == EditionAnecar::Etendue)
     ImprimerTablesEtendues(rapport, moteur.plan, moteur.tableau, moteur.analyse);
+  const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
+  EcrireTableaux(contexte, NomDuRapport(contexte, moteur.options.type), tableaux, moteur.options.sortie);
   contexte.Ecran().montrerProgression(0);
 }
 
@@ -243,7 +250,7 @@ std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte) {
 void AbandonnerAnecar(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".ANA")); }
 
 Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options) {
-  const std::string nomRapport = contexte.Nom(options.type == TypeAnalyse::Acp ? ".ACP" : ".AFC");
+  const std::string nomRapport = NomDuRapport(contexte, options.type);
   return ExecuterProgramme(contexte, nomRapport, LibellesErreur{}, [&](Rapport& rapport) {
     ReprendreRapport(rapport, contexte, nomRapport);
     Analyser(rapport, contexte, preparation, options);

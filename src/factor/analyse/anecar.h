@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/programme/programme.h"
+#include "core/resultats/tableau.h"
 #include "factor/analyse/editions.h"
 #include "factor/analyse/extraction.h"
 #include "factor/analyse/fichiers.h"
@@ -34,7 +35,8 @@ struct OptionsAnecar {
   std::optional<int> seuilColonnes;
   bool codageLogique = false;  // the individuals themselves are analysed
   InversionsDeFacteurs inversions{};
-  std::optional<OptionsWard> classification;  // run after the factors
+  std::optional<OptionsWard> classification;           // run after the factors
+  SortieDeTableaux sortie = SortieDeTableaux::Aucune;  // of the eigenvalues
 
   bool operator==(const OptionsAnecar&) const = default;
 };

@@ -134,6 +134,7 @@ Description<O> Decrire() {
              PoserInversions, EcrireInversions)
       .Defaut("aucune");
   DecrireClassification(description);
+  description.Choix("sortie", &O::sortie, MotsDesSorties(), kAideSortie);
   return description;
 }
 

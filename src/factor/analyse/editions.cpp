@@ -88,6 +88,21 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
   rapport.Ligne();
 }
 
+TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {
+  TableauEdite tableau;
+  tableau.titres = {"Valeurs propres"};
+  tableau.coin = "Facteur";
+  tableau.colonnes = {{"Valeur propre"}, {"Pourcentage du total"}};
+  for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
+    const FacteurAnecar& facteur = analyse.facteurs[k];
+    tableau.rangees.push_back({Nombre(k + 1),
+                               {},
+                               {{facteur.valeurPropre, Unite::Nombre, 6, facteur.converge ? "" : "*"},
+                                {facteur.pourcentage, Unite::Pourcent, 1}}});
+  }
+  return tableau;
+}
+
 namespace {
 
 // What tells the listing of rows from that of columns.

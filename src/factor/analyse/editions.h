@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/programme/report.h"
+#include "core/resultats/tableau.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 
@@ -30,6 +31,9 @@ void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre);
 // The number of the factor (from 1), before it is looked for, then its eigenvalue and share.
 void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k);
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
+
+// The eigenvalues of all factors and their shares, marked "*" where the factor has not converged.
+TableauEdite ValeursPropres(const AnalyseAnecar& analyse);
 
 // The elements of factor k in the order of their signed CPF, those at or above the threshold.
 void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,

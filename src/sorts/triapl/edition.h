@@ -1,4 +1,4 @@
-// Printing of the flat sort: headers and blocks of the tables, the cumulation, and the file of the triangular graph.
+// Printing of the flat sort: headers and blocks of the tables, and the file of the triangular graph.
 #pragma once
 
 #include <array>
@@ -10,13 +10,11 @@
 
 namespace quelvar::sorts {
 
-// The line "Question ..."; `nonReponses` is printed when it is not null.
-void EcrireEnTete(Rapport& rapport, const Question& question, const double* nonReponses);
+// The line "Question ..."; `nonReponses` is told when it is not null.
+std::string EnTeteDe(const Question& question, const double* nonReponses);
 
-// The blocks of a table; none for a question without any code present.
-void EcrireTableau(Rapport& rapport, const TableauPlat& tableau);
-
-void EcrireCumul(Rapport& rapport, const TableauPlat& cumul);
+// The titles and the blocks of a table; no block for a question without any code present.
+void EcrireTableau(Rapport& rapport, const TableauEdite& tableau);
 
 // Title and vertices of the triangular graph.
 struct EnTeteTriangle {

@@ -1,6 +1,5 @@
 #include "sorts/triapl/tableau.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "core/texte/nombres.h"
@@ -9,50 +8,35 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::size_t kColonnesParBloc = 15;
-constexpr int kLargeurColonne = 5;
 constexpr int kCodeMaxSansModalites = 36;  // from this code-max on a question has no modalities
 
-void PoserIntitules(const Question& question, const IntitulesModalites& intitules, std::size_t codes,
-                    TableauPlat& tableau) {
-  auto colonne = tableau.colonnes.begin();
-  for (std::size_t code = 0; code < codes; ++code) {
+// Columns of the codes behind that of the total; `codes` receives the code of each.
+TableauEdite RetenirPresents(const std::vector<double>& effectifs, std::size_t premierCode, double total,
+                             std::vector<int>& codes) {
+  TableauEdite tableau;
+  tableau.colonnes = {{"Tot."}};
+  tableau.rangees = {{"Effectif", {}, {{total, Unite::Effectif}}}, {"Pourcentage", {}, {{100.0, Unite::Pourcent}}}};
+  for (std::size_t code = premierCode; code < effectifs.size(); ++code) {
+    if (effectifs[code] <= 0) continue;
+    codes.push_back(static_cast<int>(code));
+    tableau.colonnes.push_back({Nombre(code)});
+    tableau.rangees[0].cellules.push_back({effectifs[code], Unite::Effectif});
+    const double part = static_cast<double>(PartEnDixiemes(effectifs[code], total)) / 10;
+    tableau.rangees[1].cellules.push_back({part, Unite::Pourcent, 1});
+  }
+  return tableau;
+}
+
+void PoserIntitules(const Question& question, const IntitulesModalites& intitules, std::size_t nombreDeCodes,
+                    const std::vector<int>& presents, TableauEdite& tableau) {
+  std::size_t colonne = 0;
+  for (std::size_t code = 0; code < nombreDeCodes; ++code) {
     const std::string nom = Joindre({question.nom, CodeCaractere(static_cast<int>(code))});
     const std::string* intitule = intitules.Chercher(nom);
-    if (colonne == tableau.colonnes.end() || colonne->code != static_cast<int>(code)) continue;
-    if (intitule) {
-      tableau.etiquete = true;
-      colonne->texte = Rogner(*intitule).empty() ? nom : *intitule;
-      colonne->largeur = std::max(kLargeurColonne, static_cast<int>(colonne->texte.size()) + 1);
-    }
+    if (colonne == presents.size() || presents[colonne] != static_cast<int>(code)) continue;
     ++colonne;
+    if (intitule) tableau.colonnes[colonne].intitule = Rogner(*intitule).empty() ? nom : *intitule;
   }
-}
-
-int Chiffres(double effectif) { return static_cast<int>(Nombre(ArrondirPair(effectif)).size()); }
-
-void Elargir(TableauPlat& tableau) {
-  for (ColonneCode& colonne : tableau.colonnes) {
-    if (colonne.effectif <= 9999) continue;
-    colonne.largeur = std::max(colonne.largeur, Chiffres(colonne.effectif) + 1);
-    tableau.elargi = true;
-  }
-  if (tableau.total <= 9999) return;
-  const int supplement = Chiffres(tableau.total) - tableau.largeurTotal;
-  tableau.prefixe.assign(static_cast<std::size_t>(supplement), ' ');
-  tableau.budget -= supplement;
-  tableau.largeurTotal += supplement;
-  tableau.elargi = true;
-}
-
-TableauPlat RetenirPresents(const std::vector<double>& effectifs, std::size_t premierCode, double total) {
-  TableauPlat tableau;
-  tableau.total = total;
-  for (std::size_t code = premierCode; code < effectifs.size(); ++code)
-    if (effectifs[code] > 0)
-      tableau.colonnes.push_back(
-          {static_cast<int>(code), effectifs[code], PartEnDixiemes(effectifs[code], total), {}, kLargeurColonne});
-  return tableau;
 }
 
 }  // namespace
@@ -61,33 +45,18 @@ std::int64_t PartEnDixiemes(double effectif, double total) {
   return total == 0 ? 0 : Entier64(std::floor(1000 * effectif / total + 0.5));
 }
 
-TableauPlat DresserTableau(const Question& question, const std::vector<double>& effectifs, double total,
-                           const IntitulesModalites* intitules) {
-  TableauPlat tableau = RetenirPresents(effectifs, 0, total);
+TableauEdite DresserTableau(const Question& question, const std::vector<double>& effectifs, double total,
+                            const IntitulesModalites* intitules) {
+  std::vector<int> codes;
+  TableauEdite tableau = RetenirPresents(effectifs, 0, total, codes);
   if (intitules && question.codeMax < kCodeMaxSansModalites)
-    PoserIntitules(question, *intitules, effectifs.size(), tableau);
-  Elargir(tableau);
+    PoserIntitules(question, *intitules, effectifs.size(), codes, tableau);
   return tableau;
 }
 
-TableauPlat DresserCumul(const std::vector<double>& effectifs, double total) {
-  return RetenirPresents(effectifs, 1, total);
-}
-
-std::vector<Bloc> DecouperEnBlocs(const TableauPlat& tableau) {
-  std::vector<Bloc> blocs;
-  const bool parLargeur = tableau.etiquete || tableau.elargi;
-  int somme = 0;
-  for (std::size_t i = 0; i < tableau.colonnes.size(); ++i) {
-    somme += tableau.colonnes[i].largeur;
-    const bool plein = parLargeur ? somme > tableau.budget : i % kColonnesParBloc == 0;
-    if (blocs.empty() || plein) {
-      blocs.push_back({i, i});
-      somme = tableau.colonnes[i].largeur;
-    }
-    blocs.back().fin = i + 1;
-  }
-  return blocs;
+TableauEdite DresserCumul(const std::vector<double>& effectifs, double total) {
+  std::vector<int> codes;
+  return RetenirPresents(effectifs, 1, total, codes);
 }
 
 EffectifsTriangle TriangleDe(const std::vector<double>& effectifs) {

@@ -5,6 +5,7 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
+#include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
 #include "sorts/triapl/comptage.h"
 #include "sorts/triapl/edition.h"
@@ -166,8 +167,15 @@ double TotalDe(const std::vector<double>& effectifs, const OptionsTriapl& option
   return total;
 }
 
-void EcrireTris(Rapport& rapport, const OptionsTriapl& options, const Etude& etude,
-                const IntitulesModalites* intitules) {
+const std::vector<std::string> kTitresDuCumul = {
+    " ", std::string("Impression du cumul des tris précedents"_w),
+    std::string("Les pourcentages sont calculés sur les occurences citées"_w),
+    std::string("c'est à dire autres que non-reponse=0"_w), " "};
+
+// The table of every question and, on request, that of all of them together.
+std::vector<TableauEdite> DresserTris(const OptionsTriapl& options, const Etude& etude,
+                                      const IntitulesModalites* intitules) {
+  std::vector<TableauEdite> tableaux;
   std::vector<double> cumul;
   double totalCumule = 0;
   for (std::size_t i = 0; i < etude.pos.questions.size(); ++i) {
@@ -175,15 +183,19 @@ void EcrireTris(Rapport& rapport, const OptionsTriapl& options, const Etude& etu
     const std::vector<double>& effectifs = etude.effectifs[i];
     const double total = TotalDe(effectifs, options);
     const double nonReponses = static_cast<double>(etude.individus) - total;
-    EcrireEnTete(rapport, question, options.nonReponses ? nullptr : &nonReponses);
-    EcrireTableau(rapport, DresserTableau(question, effectifs, total, intitules));
+    tableaux.push_back(DresserTableau(question, effectifs, total, intitules));
+    tableaux.back().titres = {EnTeteDe(question, options.nonReponses ? nullptr : &nonReponses)};
     cumul.resize(std::max(cumul.size(), effectifs.size()));
     for (std::size_t code = 1; code < effectifs.size(); ++code) {
       cumul[code] += effectifs[code];
       totalCumule += effectifs[code];
     }
   }
-  if (options.reponsesMultiples) EcrireCumul(rapport, DresserCumul(cumul, totalCumule));
+  if (options.reponsesMultiples) {
+    tableaux.push_back(DresserCumul(cumul, totalCumule));
+    tableaux.back().titres = kTitresDuCumul;
+  }
+  return tableaux;
 }
 
 void EcrireTriangle(const Contexte& contexte, const Etude& etude, const EnTeteTriangle& enTete) {
@@ -212,8 +224,10 @@ void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl&
   if (!options.triangulaire) Ponderer(rapport, etude);
 
   EcrireTitreDesTris(rapport, options);
-  EcrireTris(rapport, options, etude, fichiers.mod ? &etude.intitules : nullptr);
+  const std::vector<TableauEdite> tableaux = DresserTris(options, etude, fichiers.mod ? &etude.intitules : nullptr);
+  for (const TableauEdite& tableau : tableaux) EcrireTableau(rapport, tableau);
   if (options.triangulaire) EcrireTriangle(contexte, etude, enTete);
+  EcrireTableaux(contexte, contexte.Nom(".TAP"), tableaux, options.sortie);
   rapport.Ligne("Fin normale du programme");
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/programme/programme.h"
+#include "core/resultats/tableau.h"
 
 namespace quelvar::sorts {
 
@@ -18,6 +19,7 @@ struct OptionsTriapl {
   std::string fichierDonnees{};    // other data file; empty for generic .DAT
   bool intitules = true;           // labels from the .MOD
   bool nonReponses = true;         // code 0 counts as a response
+  SortieDeTableaux sortie = SortieDeTableaux::Aucune;
 
   bool operator==(const OptionsTriapl&) const = default;
 };

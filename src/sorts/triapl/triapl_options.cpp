@@ -40,7 +40,8 @@ Description<O> Decrire() {
       .Alias("caseverif", {{"oui", limiteDuFormulaire}, {"non", "0"}})
       .Texte("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
       .Montre("CaseDat")
-      .Alias({"dat"});
+      .Alias({"dat"})
+      .Choix("sortie", &O::sortie, MotsDesSorties(), kAideSortie);
 }
 
 }  // namespace

@@ -13,60 +13,22 @@ using namespace quelvar::sorts;
 namespace quelvar {
 namespace {
 
-std::vector<std::string> LargeursDe(const TableauPlat& tableau) {
-  std::vector<std::string> blocs;
-  for (const Bloc& bloc : DecouperEnBlocs(tableau)) {
-    std::string largeurs;
-    for (std::size_t i = bloc.premier; i < bloc.fin; ++i) largeurs += Nombre(tableau.colonnes[i].largeur) + " ";
-    blocs.push_back(largeurs);
-  }
-  return blocs;
-}
-
-TEST(TableauPlat, PlainTablesAreCutEveryFifteenColumns) {
-  const Question question = LireLigneQuestion("AAA   140");
-  const TableauPlat tableau = DresserTableau(question, std::vector<double>(41, 1.0), 41, nullptr);
-  const std::vector<Bloc> blocs = DecouperEnBlocs(tableau);
-  ASSERT_EQ(blocs.size(), 3U);
-  EXPECT_EQ(blocs[1].premier, 15U);
-  EXPECT_EQ(blocs[2].fin, 41U);
-}
-
-TEST(TableauPlat, LabelsWidenTheirColumnsAndCutByWidth) {
+TEST(TableauPlat, LabelsAreThoseOfTheModalities) {
   IntitulesModalites intitules;
-  intitules.Ajouter("AAA1", std::string(29, 'a'));
-  intitules.Ajouter("AAA2", std::string(44, 'b'));
+  intitules.Ajouter("AAA1", "un");
   intitules.Ajouter("AAA3", "");
-  intitules.Ajouter("AAA5", std::string(90, 'c'));
   intitules.Ajouter("AAAA", "dix");
   const Question question = LireLigneQuestion("AAA   110");
-  const TableauPlat tableau = DresserTableau(question, {0, 1, 1, 1, 1, 1, 0, 0, 0, 0, 1}, 6, &intitules);
-  // 30 + 45 = 75 fit the budget; a column beyond it stands alone; one without a line in the file is plain.
-  EXPECT_EQ(LargeursDe(tableau), (std::vector<std::string>{"30 45 ", "5 5 ", "91 ", "5 "}));
-  EXPECT_EQ(tableau.colonnes[2].texte, "AAA3") << "an empty label gives the name";
-  EXPECT_EQ(tableau.colonnes[5].texte, "dix");
-  EXPECT_FALSE(DresserTableau(question, {3, 0, 0, 0, 0, 0, 3, 0, 0, 0, 0}, 6, &intitules).etiquete)
-      << "only codes that are there make a question labelled";
-  EXPECT_FALSE(DresserTableau(LireLigneQuestion("AAA   136"), std::vector<double>(37, 1.0), 37, &intitules).etiquete)
-      << "no modalities from code-max 36 on";
-}
-
-TEST(TableauPlat, LargeCountsWidenColumnsAndTotal) {
-  const Question question = LireLigneQuestion("AAA   1 3");
-  const TableauPlat juste = DresserTableau(question, {0, 9999, 0, 0}, 9999, nullptr);
-  EXPECT_FALSE(juste.elargi);
-  const TableauPlat large = DresserTableau(question, {1, 9999, 10000, 100000}, 120000, nullptr);
-  EXPECT_EQ(LargeursDe(large), std::vector<std::string>{"5 5 6 7 "});
-  EXPECT_EQ(large.prefixe, "  ");
-  EXPECT_EQ(large.budget, 73);
-  EXPECT_EQ(large.largeurTotal, 6);
-  const TableauPlat moyen = DresserTableau(question, {0, 5000, 5000, 0}, 10000, nullptr);
-  EXPECT_EQ(moyen.prefixe, " ");
-  EXPECT_EQ(moyen.budget, 74);
-  EXPECT_EQ(moyen.largeurTotal, 5);
-  const TableauPlat immense = DresserTableau(question, {0, 12345678, 0, 0}, 12345678, nullptr);
-  EXPECT_EQ(LargeursDe(immense), std::vector<std::string>{"9 "});
-  EXPECT_EQ(immense.largeurTotal, 8);
+  const TableauEdite tableau = DresserTableau(question, {0, 1, 1, 1, 0, 0, 0, 0, 0, 0, 1}, 4, &intitules);
+  ASSERT_EQ(tableau.colonnes.size(), 5U);
+  EXPECT_EQ(tableau.colonnes[1].intitule, "un");
+  EXPECT_EQ(tableau.colonnes[2].intitule, "") << "without a line in the file";
+  EXPECT_EQ(tableau.colonnes[3].intitule, "AAA3") << "an empty label gives the name";
+  EXPECT_EQ(tableau.colonnes[4].titre, "10");
+  EXPECT_EQ(tableau.colonnes[4].intitule, "dix");
+  const TableauEdite sans =
+      DresserTableau(LireLigneQuestion("AAA   136"), std::vector<double>(37, 1.0), 37, &intitules);
+  EXPECT_EQ(sans.colonnes[2].intitule, "") << "no modalities from code-max 36 on";
 }
 
 TEST(TableauPlat, SharesRoundHalfUpAndSurviveAnEmptyTotal) {

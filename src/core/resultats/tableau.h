@@ -1,0 +1,58 @@
+// Results as tables of data, which computing hands to printing: titles, labels, and cells with value, unit, decimals
+// and mark. The drivers beside this file turn them into columns of a report, a page, or a file for a spreadsheet.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quelvar {
+
+enum class Unite : std::uint8_t { Nombre, Effectif, Pourcent };
+
+struct Cellule {
+  std::optional<double> valeur = {};  // none: nothing stands there
+  Unite unite = Unite::Nombre;
+  int decimales = 0;
+  std::string marque = {};  // behind the value: "+", "***"
+};
+
+struct Colonne {
+  std::string titre;          // code or short name
+  std::string intitule = {};  // label
+};
+
+struct Rangee {
+  std::string titre;
+  std::string intitule = {};
+  std::vector<Cellule> cellules = {};  // one a column
+};
+
+struct TableauEdite {
+  std::vector<std::string> titres = {};  // lines above the table
+  std::string coin = {};                 // stands above the titles of the rows
+  std::vector<Colonne> colonnes = {};
+  std::vector<Rangee> rangees = {};
+};
+
+// The value with its decimals and a point, without blanks; empty without a value.
+std::string TexteDeCellule(const Cellule& cellule);
+
+// The files that tables can go to besides the report.
+enum class SortieDeTableaux : std::uint8_t { Aucune, Html, Tsv, Csv };
+
+// The option of the programs that have them.
+inline const std::vector<std::pair<std::string, SortieDeTableaux>>& MotsDesSorties() {
+  static const std::vector<std::pair<std::string, SortieDeTableaux>> mots = {{"rapport", SortieDeTableaux::Aucune},
+                                                                             {"html", SortieDeTableaux::Html},
+                                                                             {"tsv", SortieDeTableaux::Tsv},
+                                                                             {"csv", SortieDeTableaux::Csv}};
+  return mots;
+}
+inline constexpr std::string_view kAideSortie =
+    "les tableaux aussi dans un fichier, sous le nom du rapport et .html, .tsv ou .csv";
+
+}  // namespace quelvar

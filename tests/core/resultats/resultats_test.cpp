@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include "core/resultats/fichiers.h"
+#include "core/resultats/largeurfixe.h"
+
+namespace quelvar {
+namespace {
+
+// A total and one column a count.
+TableauEdite Effectifs(double total, const std::vector<double>& effectifs) {
+  TableauEdite tableau;
+  tableau.colonnes = {{"Tot."}};
+  tableau.rangees = {{"Effectif", {}, {{total, Unite::Effectif}}}};
+  for (const double effectif : effectifs) {
+    tableau.colonnes.push_back({"c"});
+    tableau.rangees[0].cellules.push_back({effectif, Unite::Effectif});
+  }
+  return tableau;
+}
+
+TEST(LargeurFixe, WidthsAreMinima) {
+  struct Cas {
+    double total;
+    std::vector<double> effectifs;
+    int tete, page;
+    std::vector<int> colonnes;
+  };
+  const std::vector<Cas> cas = {
+      {9999, {0, 9999}, 4, 75, {5, 5}},
+      {10000, {5000, 5000}, 5, 74, {5, 5}},
+      {120000, {1, 9999, 10000, 100000}, 6, 73, {5, 5, 6, 7}},
+      {1234567, {9999.4, 1224568}, 7, 72, {5, 8}},
+      {9999.6, {9999.6}, 5, 74, {6}},  // as it is printed
+  };
+  for (const Cas& un : cas) {
+    const LargeursFixes largeurs = Mesurer(Effectifs(un.total, un.effectifs));
+    EXPECT_EQ(largeurs.tete, un.tete);
+    EXPECT_EQ(largeurs.page, un.page);
+    EXPECT_EQ(largeurs.colonnes, un.colonnes);
+  }
+}
+
+TEST(LargeurFixe, BlocksHoldWhatThePageHolds) {
+  const auto blocs = [](std::vector<int> colonnes) {
+    std::vector<std::size_t> fins;
+    for (const BlocDeColonnes& bloc : DecouperEnBlocs({4, 75, std::move(colonnes)})) fins.push_back(bloc.fin);
+    return fins;
+  };
+  EXPECT_EQ(blocs(std::vector<int>(41, 5)), (std::vector<std::size_t>{15, 30, 41}));
+  EXPECT_EQ(blocs({30, 45, 5, 5, 91, 5}), (std::vector<std::size_t>{2, 4, 5, 6})) << "one too wide stands alone";
+  EXPECT_TRUE(blocs({}).empty());
+}
+
+// Two rows and two columns of a crosstab with their margins, and the eigenvalues of a table.
+std::vector<TableauEdite> Exemples() {
+  TableauEdite croisement;
+  croisement.titres = {"Sexe & vote ", "Pourcentages"};
+  croisement.coin = "SEX";
+  croisement.colonnes = {{"VOT1", "Oui; \"net\""}, {"TOT"}};
+  croisement.rangees = {{"SEX1", "\xC9t\xE9", {{2.0, Unite::Effectif}, {1234.5, Unite::Effectif}}},
+                        {"TOT", {}, {{40.25, Unite::Pourcent, 1, "+"}, {}}}};
+  TableauEdite valeurs;
+  valeurs.coin = "Facteur";
+  valeurs.colonnes = {{"Valeur propre"}};
+  valeurs.rangees = {{"1", {}, {{0.5625, Unite::Nombre, 6}}}, {"2", {}, {{-0.0625, Unite::Nombre, 6, "<"}}}};
+  return {croisement, valeurs};
+}
+
+TEST(TableauxEnFichiers, EachDriverWritesItsBytes) {
+  const std::vector<TableauEdite> tableaux = Exemples();
+  EXPECT_EQ(TexteSepare(tableaux, SortieDeTableaux::Tsv),
+            "Sexe & vote\r\nPourcentages\r\n"
+            "SEX\t\"VOT1 Oui; \"\"net\"\"\"\tTOT\r\n"
+            "SEX1 \xC3\x89t\xC3\xA9\t2\t1234\r\n"
+            "TOT\t40.2 +\t\r\n"
+            "\r\n"
+            "Facteur\tValeur propre\r\n1\t0.562500\r\n2\t-0.062500 <\r\n");
+  EXPECT_EQ(TexteSepare(tableaux, SortieDeTableaux::Csv),
+            "\xEF\xBB\xBFSexe & vote\r\nPourcentages\r\n"
+            "SEX;\"VOT1 Oui; \"\"net\"\"\";TOT\r\n"
+            "SEX1 \xC3\x89t\xC3\xA9;2;1234\r\n"
+            "TOT;40,2 +;\r\n"
+            "\r\n"
+            "Facteur;Valeur propre\r\n1;0,562500\r\n2;-0,062500 <\r\n");
+  const std::string page = PageHtml("ENQ.TAP", tableaux);
+  EXPECT_NE(page.find("<caption>Sexe &amp; vote<br>Pourcentages</caption>\n"
+                      "<tr><th>SEX</th><th>VOT1 Oui; \"net\"</th><th>TOT</th></tr>\n"
+                      "<tr><th>SEX1 \xC3\x89t\xC3\xA9</th><td>2</td><td>1234</td></tr>\n"
+                      "<tr><th>TOT</th><td>40.2 % +</td><td></td></tr>\n</table>\n"
+                      "<table>\n<tr><th>Facteur</th><th>Valeur propre</th></tr>\n"
+                      "<tr><th>1</th><td>0.562500</td></tr>\n<tr><th>2</th><td>-0.062500 &lt;</td></tr>\n</table>\n"
+                      "</body>\n</html>\n"),
+            std::string::npos)
+      << page;
+  EXPECT_NE(page.find("<title>ENQ.TAP</title>"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quelvar
