@@ -40,4 +40,19 @@ class DossierMemoire {
   std::filesystem::path chemin_;
 };
 
+// An input cut at each byte FF hex; behind the last piece come empty ones.
+class Morceaux {
+ public:
+  explicit Morceaux(std::string_view octets) : reste_(octets) {}
+  std::string_view Suivant() {
+    const std::size_t coupe = reste_.find('\xFF');
+    const std::string_view debut = reste_.substr(0, coupe);
+    reste_.remove_prefix(coupe == std::string_view::npos ? reste_.size() : coupe + 1);
+    return debut;
+  }
+
+ private:
+  std::string_view reste_;
+};
+
 }  // namespace fuzz

@@ -31,7 +31,7 @@ std::optional<std::string> ReponseSuivante(Demande& demande) {
 Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   const std::string minuscules = Minuscules(mot);
   if (boutons == Boutons::Ok) return defaut;
-  if (minuscules == "annuler" && boutons != Boutons::OuiNon) return Reponse::Annuler;
+  if (minuscules == "annuler" && boutons != Boutons::OuiNon && boutons != Boutons::NonOui) return Reponse::Annuler;
   if (boutons != Boutons::OkAnnuler && minuscules == "oui") return Reponse::Oui;
   if (boutons != Boutons::OkAnnuler && minuscules == "non") return Reponse::Non;
   if (boutons == Boutons::OkAnnuler && minuscules == "ok") return Reponse::Ok;

@@ -1,5 +1,7 @@
 #include "batch/ligne_de_commande.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -36,7 +38,8 @@ class Suite {
   explicit Suite(const std::vector<std::string>& arguments) : arguments_(arguments) {}
   bool Reste() const { return i_ < arguments_.size(); }
   std::string Prendre() { return DepuisUtf8(arguments_[i_++]); }
-  std::string Brut() { return arguments_[i_++]; }
+  // The same argument as a name, of which nothing is lost.
+  std::string DernierNom() const { return NomDepuisUtf8(arguments_[i_ - 1]); }
   // What follows an option that needs it.
   std::string Valeur(const std::string& option) {
     if (!Reste()) throw UsageIncorrect(Joindre({"il manque une valeur après "_w, option}));
@@ -51,10 +54,14 @@ class Suite {
 // Takes a global option; false when the argument is none.
 bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& demande) {
   if (argument == "-C") {
-    const std::string repertoire = suite.Valeur(argument);
+    suite.Valeur(argument);
+    const std::string repertoire = suite.DernierNom();
     const std::optional<Chemin> trouve = ChercherFichier(".", repertoire);
-    if (!trouve || !std::filesystem::is_directory(*trouve))
+    std::error_code code;
+    if (!trouve || !std::filesystem::is_directory(*trouve, code))
       throw UsageIncorrect(Joindre({"répertoire introuvable : "_w, repertoire}));
+    if (::access(trouve->c_str(), R_OK | X_OK) != 0)
+      throw UsageIncorrect(Joindre({"répertoire interdit : "_w, repertoire}));
     demande.repertoire = *trouve;
   } else if (argument == "--niveau") {
     const std::string niveau = suite.Valeur(argument);
@@ -82,7 +89,8 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     }
     if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, suite, demande)) continue;
     if (!avecGenerique) {
-      demande.generique = argument.substr(0, argument.find('.'));
+      const std::string generique = suite.DernierNom();
+      demande.generique = generique.substr(0, generique.find('.'));
       avecGenerique = true;
       continue;
     }

@@ -1,9 +1,16 @@
 // quelvar-batch: runs one program as the menu or its option form would.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <new>
+#include <system_error>
 
 #include "batch/dialogue_batch.h"
 #include "batch/ligne_de_commande.h"
+#include "core/fichiers/signaux.h"
 
 namespace {
 
@@ -14,6 +21,8 @@ enum CodeDeRetour { kFinNormale = 0, kArret = 1, kUsage = 2 };
 
 void Montrer(std::string_view texte) { std::fputs(VersUtf8(texte).c_str(), stdout); }
 
+void Plaindre(std::string_view texte) { std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(texte).c_str()); }
+
 int Executer(Demande& demande) {
   switch (demande.genre) {
     case Demande::Genre::Liste: Montrer(TexteListe()); return kFinNormale;
@@ -23,21 +32,45 @@ int Executer(Demande& demande) {
   }
   Dialogue dialogue = DialogueBatch(demande);
   const Contexte contexte{demande.repertoire, demande.generique, demande.niveau, &dialogue};
-  const Fin fin = demande.programme->executer(contexte, demande.options);
-  return std::fflush(stdout) == 0 && fin == Fin::Normale ? kFinNormale : kArret;
+  return demande.programme->executer(contexte, demande.options) == Fin::Normale ? kFinNormale : kArret;
+}
+
+// A standard file that the caller has closed must not become a file of the survey: nothing comes from it, and what is
+// written to it fails.
+void OccuperLesEntreesFermees() {
+  for (const int descripteur : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    while (::fcntl(descripteur, F_GETFD) < 0)
+      if (::open(descripteur == STDIN_FILENO ? "/dev/null" : "/dev/full", O_RDWR) < 0) return;
+}
+
+// What was shown and did not arrive is a failure, whatever the program came to.
+int Achever(int code) {
+  errno = 0;
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
+  const int cause = errno != 0 ? errno : EIO;
+  Plaindre(Joindre({"la sortie standard n'a pas pu être écrite : "_w, TexteErreur(NumeroDErrno(cause))}));
+  return code == kUsage ? kUsage : kArret;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  OccuperLesEntreesFermees();
+  EffacerAuxSignaux();
   try {
     Demande demande = LireLigneDeCommande({argv + 1, argv + argc});
-    return Executer(demande);
+    return Achever(Executer(demande));
   } catch (const UsageIncorrect& erreur) {
-    std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(erreur.what()).c_str());
+    Plaindre(erreur.what());
     return kUsage;
   } catch (const Erreur& erreur) {
-    std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(TexteErreur(erreur)).c_str());
-    return kArret;
+    Plaindre(TexteErreur(erreur));
+  } catch (const std::bad_alloc&) {
+    Plaindre(TexteErreur(kMemoireInsuffisante));
+  } catch (const std::system_error& erreur) {
+    Plaindre(TexteErreur(NumeroDErrno(erreur.code().value())));
+  } catch (const std::exception&) {
+    Plaindre("arrêt sur une erreur imprévue du programme"_w);
   }
+  return kArret;
 }

@@ -9,6 +9,7 @@
 #include "capture/dbase/tableau.h"
 #include "capture/fichiers.h"
 #include "core/enquete/modfile.h"
+#include "core/fichiers/jeu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
@@ -207,22 +208,16 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   rapport.Ligne({"Le tableau de burt ", nomSource, " a été importé et est enregistré sous le nom "_w,
                  contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
   rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
-  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
-  EcrireRangees(brt.Fichier(), rapport, *source, faits, modalites);
-  brt.Achever();
-  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
-  EcrireMod(mod.Fichier(), contexte, faits, modalites);
-  mod.Achever();
-  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
-  pos.Fichier().Ligne(contexte.generique);
-  pos.Fichier().Ligne(NombreNu(effectif));
-  pos.Achever();
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, *source, faits, modalites);
+  EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
+  Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
+  pos.Ligne(contexte.generique);
+  pos.Ligne(NombreNu(effectif));
   rapport.Ligne({"L'effectif de la population de l'enquête est de "_w, NombreNu(effectif), " individus"});
   rapport.Ligne({"Il est enregistré dans le fichier "_w, contexte.Nom(".POS")});
   rapport.Ligne("Fin normale du programme");
-  brt.Valider();
-  mod.Valider();
-  pos.Valider();
+  sorties.Valider();
 }
 
 }  // namespace

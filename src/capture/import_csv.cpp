@@ -9,6 +9,7 @@
 #include "capture/presence.h"
 #include "capture/tableur.h"
 #include "core/enquete/posfile.h"
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -51,7 +52,8 @@ FichiersImport TrouverFichiers(const Contexte& contexte) {
 }
 
 // A former copy that says something else goes on under the first number that is free (.PO3).
-void GarderSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& pos, const std::string& sauvegarde) {
+void GarderSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& pos, const std::string& sauvegarde,
+                      JeuDeFichiers& sorties) {
   const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
   if (!ancienne) return;
   const std::string contenu = LireOctets(*ancienne);
@@ -62,18 +64,19 @@ void GarderSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& 
     if (!occupant) break;
     if (LireOctets(*occupant) == contenu) return;
   }
-  Remplacement copie(contexte.repertoire, nom);
-  copie.Fichier().Ecrire(contenu);
-  copie.Valider();
+  sorties.Ouvrir(nom, Nature::Unique).Ecrire(contenu);
   rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
 }
 
+// The copies are there whatever the import comes to: the report says so.
 void SauvegarderPos(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options, const Chemin& pos) {
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const std::string nom = contexte.Nom(".POS");
   const std::string sauvegarde = NomDeSauvegarde(nom);
   rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
-  GarderSauvegarde(rapport, contexte, pos, sauvegarde);
-  CopierLignes(pos, contexte.repertoire, sauvegarde);
+  GarderSauvegarde(rapport, contexte, pos, sauvegarde, sorties);
+  CopierLignes(pos, sorties.Ouvrir(sauvegarde, Nature::Unique));
+  sorties.Valider();
   rapport.Ligne({"Il est sauvegardé sous le nom "_w, sauvegarde,
                  options.sansIntitules ? " et il est effacé "_w : std::string_view{}});
 }
@@ -351,6 +354,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   const FichiersImport fichiers = TrouverFichiers(contexte);
   EcrireBandeau(rapport, fichiers.nomSource.ends_with(".CSV") ? "Compte rendu d'importation de données en CSV"_w
                                                               : "Compte rendu d'importation de données en TXT"_w);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   if (fichiers.source && fichiers.pos) SauvegarderPos(rapport, contexte, options, *fichiers.pos);
   EcrirePresence(rapport, contexte, fichiers);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
@@ -361,23 +365,17 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   EcrireColonnes(rapport, colonnes, options);
   EcrireRemarques(rapport, faits, colonnes, nomsChanges);
 
-  Remplacement dat(contexte.repertoire, contexte.Nom(".DAT"));
+  Ecrivain& dat = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   std::vector<std::string> premieres;
   {
     Progression progression(contexte.Ecran(), faits.individus);
-    premieres = EcrireDat(dat.Fichier(), *fichiers.source, faits, options, colonnes, progression);
+    premieres = EcrireDat(dat, *fichiers.source, faits, options, colonnes, progression);
   }
-  dat.Achever();
-  std::optional<Remplacement> pos;
-  if (!options.sansIntitules) {
-    pos.emplace(contexte.repertoire, contexte.Nom(".POS"));
-    EcrirePos(pos->Fichier(), contexte, colonnes, faits.individus);
-    pos->Achever();
-  }
+  const std::string pos = contexte.Nom(".POS");
+  if (!options.sansIntitules) EcrirePos(sorties.Ouvrir(pos, Nature::Unique), contexte, colonnes, faits.individus);
+  else if (fichiers.pos) sorties.Effacer(pos);
   EcrireVerification(rapport, faits.individus, premieres, options);
-  dat.Valider();
-  if (pos) pos->Valider();
-  else if (fichiers.pos) EffacerFichier(*fichiers.pos);
+  sorties.Valider();
 }
 
 }  // namespace

@@ -99,6 +99,8 @@ struct Separateurs {
   char Choix() const { return tabulations > pointsVirgules ? '\t' : ';'; }
 };
 
+constexpr std::size_t kColonnesAuPlus = 32767;
+
 // The cell without its leading zeros; "0" keeps one.
 std::string_view SansZeros(std::string_view cellule) {
   return cellule.substr(std::min(cellule.find_first_not_of('0'), cellule.size() - 1));
@@ -158,7 +160,10 @@ struct Examen {
 
   void LireIntitules(std::string_view ligne) {
     LigneDeTableur cellules(ligne, faits.separateur);
-    for (std::string_view cellule; cellules.Suivante(cellule);) faits.intitules.emplace_back(cellule);
+    for (std::string_view cellule; cellules.Suivante(cellule);) {
+      faits.intitules.emplace_back(cellule);
+      AssurerColonnes(faits.intitules.size());
+    }
     separateurs.CompterHorsGuillemets(ligne);
     AssurerColonnes(faits.intitules.size());
   }
@@ -217,6 +222,10 @@ struct Examen {
  private:
   void AssurerColonnes(std::size_t nombre) {
     if (nombre <= chiffres.size()) return;
+    if (nombre > kColonnesAuPlus)
+      throw Erreur(kDepassementCapacite,
+                   Joindre({"*** Arret du programme : la ligne ", Nombre(faits.individus + 1), " du fichier a plus de ",
+                            Nombre(kColonnesAuPlus), " colonnes ; vérifiez le séparateur et les lignes vides"_w}));
     chiffres.resize(nombre);
     faits.colonnes.resize(nombre);
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "crosstab/resultats.h"
 #include "crosstab/sorties.h"
@@ -27,7 +28,8 @@ class Impression {
         rapport_(rapport),
         enquete_(enquete),
         demande_(demande),
-        intitules_(enquete.questions.size()) {}
+        intitules_(enquete.questions.size()),
+        sorties_(contexte.repertoire, contexte.generique) {}
 
   ResultatLancement Imprimer();
 
@@ -44,6 +46,7 @@ class Impression {
   const DemandeCroise& demande_;
   std::vector<std::vector<std::string>> intitules_;  // of each question, made when first needed
   AjoutTrg trg_;
+  JeuDeFichiers sorties_;
   ResultatLancement resultat_;
 };
 
@@ -98,7 +101,7 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
   else EcrireEditionCompacte(rapport_, titre, edition, demande_.ordre.pourPem);
   if (edition == Edition::DeuxBandes || edition == Edition::Triangulaire) RetenirPourTrg(trg_, enquete_, titre);
   if (demande_.tableauIsole && !resultat_.isoleEcrit) {
-    EcrireTableauIsole(contexte_, enquete_, titre);
+    EcrireTableauIsole(contexte_, enquete_, titre, sorties_);
     resultat_.isoleEcrit = true;
   }
   if (demande_.tableaux)
@@ -130,10 +133,11 @@ ResultatLancement Impression::Imprimer() {
   for (const std::size_t filtre : filtres)
     for (const std::size_t ligne : demande_.lignes)
       for (const std::size_t colonne : demande_.colonnes) CroiserTrois(filtre, ligne, colonne);
-  AjouterAuTrg(contexte_, trg_);
+  AjouterAuTrg(contexte_, trg_, sorties_);
   if (demande_.edition.triangulaire && trg_.tableauxRefuses > 0)
     rapport_.Ligne({"Tableau(x) sans trois colonnes, non ajouté(s) au fichier "_w, contexte_.Nom(".TRG"), " :",
                     NombreNu(trg_.tableauxRefuses)});
+  sorties_.Valider();
   return std::move(resultat_);
 }
 
@@ -152,18 +156,20 @@ LibellesErreur Libelles() {
 
 std::optional<EnqueteCroisee> PreparerCroise(const Contexte& contexte, std::string_view fichierDonnees) {
   std::optional<EnqueteCroisee> enquete;
-  PreparerProgramme(contexte, contexte.Nom(".TCR"), Libelles(),
-                    [&](Rapport& rapport) { enquete = PreparerEnquete(rapport, contexte, fichierDonnees); });
+  if (!PreparerProgramme(contexte, contexte.Nom(".TCR"), Libelles(),
+                         [&](Rapport& rapport) { enquete = PreparerEnquete(rapport, contexte, fichierDonnees); }))
+    return std::nullopt;
   return enquete;
 }
 
 std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const EnqueteCroisee& enquete,
                                               const DemandeCroise& demande) {
   std::optional<ResultatLancement> resultat;
-  ExecuterProgramme(
+  const Fin fin = ExecuterProgramme(
       contexte, contexte.Nom(".TCR"), Libelles(),
       [&](Rapport& rapport) { resultat = Impression(contexte, rapport, enquete, demande).Imprimer(); },
       ModeEcriture::Suite);
+  if (fin == Fin::Arret) return std::nullopt;
   return resultat;
 }
 

@@ -106,7 +106,7 @@ Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
       EcrireTableaux(contexte, contexte.Nom(".TCR"), forme.tableaux, options.sortie);
       fin = Fin::Normale;
     } catch (const Erreur& erreur) {
-      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+      if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur), Boutons::Ok);
     }
   }
   if (dernier) contexte.Ecran().afficher(*dernier);

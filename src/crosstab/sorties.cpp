@@ -28,7 +28,8 @@ std::vector<NomIsole> NomsIsoles(const EnqueteCroisee& enquete, const QuestionCr
 
 }  // namespace
 
-void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete, const TableauTitre& titre) {
+void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete, const TableauTitre& titre,
+                        JeuDeFichiers& sorties) {
   const TableauCroise& t = titre.tableau;
   const auto lignes = static_cast<double>(t.lignes.size());
   const auto colonnes = static_cast<double>(t.colonnes.size());
@@ -39,43 +40,40 @@ void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete,
   const std::vector<NomIsole> nomsColonnes = NomsIsoles(enquete, titre.colonne);
   const auto rang = [](int code) { return static_cast<std::size_t>(code); };
 
-  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
-  mod.Fichier().Ligne(contexte.generique);
-  mod.Fichier().Ligne(Joindre({"Li=", NombreFixe(lignes, 3, 0), " Co=", NombreFixe(lignes + colonnes, 3, 0),
-                               " La=", Nombre(static_cast<std::int64_t>(largeur))}));
+  Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
+  mod.Ligne(contexte.generique);
+  mod.Ligne(Joindre({"Li=", NombreFixe(lignes, 3, 0), " Co=", NombreFixe(lignes + colonnes, 3, 0),
+                     " La=", Nombre(static_cast<std::int64_t>(largeur))}));
   for (const std::size_t j : t.colonnes) {
     const NomIsole& colonne = nomsColonnes[rang(t.codesColonnes[j])];
-    mod.Fichier().Ligne(colonne.intitule.empty() ? colonne.nom : LigneModalite(colonne.nom, false, colonne.intitule));
+    mod.Ligne(colonne.intitule.empty() ? colonne.nom : LigneModalite(colonne.nom, false, colonne.intitule));
   }
-  mod.Fichier().FinDeLigne();
+  mod.FinDeLigne();
 
-  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
+  Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   for (const std::size_t i : t.lignes) {
     const NomIsole& ligne = nomsLignes[rang(t.codesLignes[i])];
-    brt.Fichier().Ecrire(CadreGauche(ligne.nom, 4));
-    for (const std::size_t j : t.colonnes) brt.Fichier().Ecrire(NombreFixe(t.effectifs(i, j), largeur, 0));
-    if (!ligne.intitule.empty()) brt.Fichier().Ecrire(Joindre({" ", ligne.intitule}));
-    brt.Fichier().FinDeLigne();
+    brt.Ecrire(CadreGauche(ligne.nom, 4));
+    for (const std::size_t j : t.colonnes) brt.Ecrire(NombreFixe(t.effectifs(i, j), largeur, 0));
+    if (!ligne.intitule.empty()) brt.Ecrire(Joindre({" ", ligne.intitule}));
+    brt.FinDeLigne();
   }
-  mod.Valider();
-  brt.Valider();
 }
 
 // The former lines, then these, each a line of its own.
-void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout) {
+void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout, JeuDeFichiers& sorties) {
   if (ajout.points.empty()) return;
   const std::optional<Chemin> ancien = contexte.Chercher(".TRG");
   const std::string octets = ancien ? LireOctets(*ancien) : std::string();
-  Remplacement trg(contexte.repertoire, contexte.Nom(".TRG"));
-  trg.Fichier().Ecrire(octets);
+  Ecrivain& trg = sorties.Ouvrir(contexte.Nom(".TRG"), Nature::Refaisable);
+  trg.Ecrire(octets);
   if (octets.empty()) {
-    trg.Fichier().Ligne(contexte.generique);
-    for (const std::string& sommet : ajout.sommets) trg.Fichier().Ligne(sommet);
+    trg.Ligne(contexte.generique);
+    for (const std::string& sommet : ajout.sommets) trg.Ligne(sommet);
   } else if (octets.back() != '\n') {
-    trg.Fichier().FinDeLigne();
+    trg.FinDeLigne();
   }
-  for (const std::string& point : ajout.points) trg.Fichier().Ligne(point);
-  trg.Valider();
+  for (const std::string& point : ajout.points) trg.Ligne(point);
 }
 
 void RetenirPourTrg(AjoutTrg& ajout, const EnqueteCroisee& enquete, const TableauTitre& titre) {

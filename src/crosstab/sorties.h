@@ -5,13 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "crosstab/edition.h"
 
 namespace quelvar::crosstab {
 
 // Saves a table as .MOD and .BRT: its modalities by their names of four characters, with their labels behind.
-void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete, const TableauTitre& titre);
+void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete, const TableauTitre& titre,
+                        JeuDeFichiers& sorties);
 
 // What a launch adds to the .TRG: the names of the vertices, for a file that is not there yet, and the points.
 struct AjoutTrg {
@@ -24,6 +26,6 @@ struct AjoutTrg {
 void RetenirPourTrg(AjoutTrg& ajout, const EnqueteCroisee& enquete, const TableauTitre& titre);
 
 // The former lines, then these, each a line of its own.
-void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout);
+void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout, JeuDeFichiers& sorties);
 
 }  // namespace quelvar::crosstab

@@ -70,7 +70,7 @@ EtatModifModR ChargerModifModR(const Contexte& contexte) {
                                   "en utilisant la touche 'Annuler'"_w)};
     }
   } catch (const Erreur& erreur) {
-    etat.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur.Numero()))};
+    etat.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))};
   }
   return etat;
 }

@@ -6,6 +6,8 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "tables/examentableau.h"
 #include "tables/lecturetable.h"
@@ -67,7 +69,9 @@ void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   const std::int64_t individus = LireIndividus(t);
   t.rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
   if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
-  const DemiBurt burt = LireDemiBurt(t.brt, modalites, t.parametres.largeur);
+  const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
+  ExigerPlace(t.contexte, t.rapport, {32 * cellules, 52 * cellules});
+  const DemiBurt burt = LireDemiBurt(t.brt, modalites, t.parametres.largeur, t.modalites);
   std::vector<Lien> liens = LiensDuBurt(burt, static_cast<double>(individus));
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Burt);
   TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
@@ -123,12 +127,14 @@ std::size_t NombreDe(double parametre) {
 }
 
 void EnregistrerLiens(const Contexte& contexte, ListeDeLiens pem, ListeDeLiens pel) {
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const auto remplacer = [&](std::string_view extension, ListeDeLiens liens) {
-    if (liens) return EcrireLiens(contexte.repertoire, contexte.Nom(extension), *liens);
-    if (const std::optional<Chemin> ancien = contexte.Chercher(extension)) EffacerFichier(*ancien);
+    if (liens) EcrireLiens(sorties.Ouvrir(contexte.Nom(extension), Nature::Refaisable), *liens);
+    else sorties.Effacer(contexte.Nom(extension));
   };
   remplacer(".PEM", pem);
   remplacer(".PEL", pel);
+  sorties.Valider();
 }
 
 Fin Ecapem(const Contexte& contexte, const OptionsEcapem& options) {

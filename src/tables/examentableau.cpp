@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "tables/gamma.h"
 #include "tables/lecturetable.h"
@@ -112,6 +113,10 @@ void ExaminerTableau(const TravailEcapem& t) {
   const std::size_t lignes = NombreDe(t.parametres.lignes);
   t.rapport.Ligne({"Il y a ", NombreNu(t.modalites.size()), " modalites en colonne"});
   t.rapport.Ligne({"Il y a ", NombreNu(lignes), " modalites en ligne"});
+  // Bytes a cell takes at the most: table, theoretical counts, PEM, links and their sorts; report and link file.
+  // A count of rows that the file cannot hold is told by its reader.
+  const std::uint64_t cellules = std::min<std::uint64_t>(lignes, LongueurFichier(t.brt)) * t.modalites.size();
+  ExigerPlace(t.contexte, t.rapport, {66 * cellules, 30 * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
   const Noms noms{t.modalites, std::move(lue.lignes)};
   const OrdresTries tries = OrdresDemandes(t.parametres.decimales);

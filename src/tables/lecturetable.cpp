@@ -30,16 +30,20 @@ TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, 
   return table;
 }
 
-DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur) {
+DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, const std::vector<NomDElement>& noms) {
   DemiBurt burt;
   LecteurLignes lecteur(brt);
   LigneBrt ligne;
+  ControleDeBurt controle(brt, modalites, largeur);
   for (std::size_t i = 0; i < modalites; ++i) {
-    LireLigneBrt(lecteur.LireObligatoire(), NombreDeCellules(modalites), largeur, ligne);
+    const std::string_view texte = lecteur.LireObligatoire();
+    controle.Voir(texte, noms[i].court);
+    LireLigneBrt(texte, NombreDeCellules(modalites), largeur, ligne);
     burt.totaux.push_back(ligne.cellules[i]);
     burt.cellules.insert(burt.cellules.end(), ligne.cellules.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                          ligne.cellules.end());
   }
+  controle.Conclure();
   return burt;
 }
 

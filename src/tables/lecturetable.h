@@ -19,7 +19,8 @@ struct TableLue {
 // The first `lignes` rows of a .BRT. Raises 62 when it has fewer, and the numbers of LireLigneBrt and LecteurLignes.
 TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, int largeur);
 
-// The first `modalites` rows of a Burt table, cut in as many cells. Raises as above.
-DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur);
+// The first `modalites` rows of a Burt table, cut in as many cells; there are at least as many names. Raises as above,
+// and a sentence (13) when the rows are not those of these modalities.
+DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, const std::vector<NomDElement>& noms);
 
 }  // namespace quelvar::tables

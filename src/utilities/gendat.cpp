@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/enquete/posfile.h"
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "utilities/tableau.h"
 #include "utilities/utilitaires.h"
@@ -127,16 +128,13 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   const Tableau tableau = LireTableau(rapport, contexte);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
 
-  Remplacement donnees(contexte.repertoire, contexte.Nom(".DAT"));
-  const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees.Fichier());
-  donnees.Achever();
-  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
-  EcrirePos(pos.Fichier(), tableau.titre, questions, bilan.individus);
-  pos.Achever();
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  Ecrivain& donnees = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees);
+  EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), tableau.titre, questions, bilan.individus);
   if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
-    CopierLignes(*ancien, contexte.repertoire, NomDeSauvegarde(contexte.Nom(".POS")));
-  donnees.Valider();
-  pos.Valider();
+    CopierLignes(*ancien, sorties.Ouvrir(NomDeSauvegarde(contexte.Nom(".POS")), Nature::Unique));
+  sorties.Valider();
   EcrireReserves(rapport, tableau, bilan);
   rapport.Ligne("Programme normalement terminé"_w);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/fichiers/jeu.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -79,20 +80,15 @@ void EcrireTrg(Ecrivain& trg, const Tableau& tableau, const TableauEntier& entie
 
 void Enregistrer(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier,
                  const std::string& nouveau, bool enTriangle) {
+  JeuDeFichiers sorties(contexte.repertoire, nouveau);
   if (enTriangle) {
-    Remplacement trg(contexte.repertoire, nouveau + ".TRG");
-    EcrireTrg(trg.Fichier(), tableau, entier, nouveau);
-    trg.Valider();
-    return;
+    EcrireTrg(sorties.Ouvrir(nouveau + ".TRG", Nature::Refaisable), tableau, entier, nouveau);
+  } else {
+    EcrireBrt(sorties.Ouvrir(nouveau + ".BRT", Nature::Refaisable), tableau, entier);
+    EcrireMod(sorties.Ouvrir(nouveau + ".MOD", Nature::Unique), tableau, entier, nouveau);
   }
-  Remplacement brt(contexte.repertoire, nouveau + ".BRT");
-  EcrireBrt(brt.Fichier(), tableau, entier);
-  Remplacement mod(contexte.repertoire, nouveau + ".MOD");
-  EcrireMod(mod.Fichier(), tableau, entier, nouveau);
-  brt.Achever();
-  mod.Achever();
-  brt.Valider();
-  mod.Valider();
+  EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  sorties.Valider();
 }
 
 void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsInversion& options,
@@ -101,7 +97,6 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   EcrireBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
   const Tableau tableau = LireTableau(rapport, contexte);
   Enregistrer(contexte, tableau, LireEntier(tableau), nouveau, options.trg);
-  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
   if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
     rapport.Ligne(
         {"*** Attention : lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w, NombreNu(reste)});

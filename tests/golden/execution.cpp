@@ -85,8 +85,6 @@ Constat ExecuterCas(const Cas& cas, const fs::path& programme) {
   constat.sortie = LireOctets(sortie);
   constat.boites = LireOctets(boites);
   for (const auto& entree : fs::recursive_directory_iterator(travail)) {
-    // The record of the last set of files holds times of this machine, and goes by itself.
-    if (entree.path().extension() == ".jeu") continue;
     if (entree.is_regular_file()) constat.fichiers[fs::relative(entree.path(), travail).string()] = LireOctets(entree);
   }
   return constat;

@@ -9,6 +9,7 @@
 #include "capture/dbase/tri.h"
 #include "capture/fichiers.h"
 #include "core/enquete/posfile.h"
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -115,17 +116,15 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& db
   const std::vector<Champ> champs = ChampsDe(questions);
   CompteurDeChamps compteur(champs);
 
-  Remplacement dat(contexte.repertoire, contexte.Nom(".DAT"));
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  Ecrivain& dat = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   PassageDbf passage;
   {
     Progression progression(contexte.Ecran(), individus);
-    passage = CopierEnregistrements(dat.Fichier(), lecteur, entete, compteur, LongueurUtile(champs), progression);
+    passage = CopierEnregistrements(dat, lecteur, entete, compteur, LongueurUtile(champs), progression);
   }
-  dat.Achever();
   const std::vector<QuestionComptee> comptees = Assembler(questions, compteur.Tris());
-  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
-  EcrirePos(pos.Fichier(), contexte, comptees, individus);
-  pos.Achever();
+  EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
   EcrireTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);
 
@@ -134,8 +133,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& db
   RemarquerQuestions(remarques, questions, renommees, entete.LongueurChamps());
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
   MontrerRemarques(contexte.Ecran(), remarques);
-  dat.Valider();
-  pos.Valider();
+  sorties.Valider();
 }
 
 // Makes the dictionary of a .DAT that has none: every column is a question.

@@ -8,6 +8,7 @@
 #include "capture/fichiers.h"
 #include "capture/noms.h"
 #include "core/enquete/modfile.h"
+#include "core/fichiers/jeu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
@@ -115,17 +116,14 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
 
   Remarques remarques;
   const std::vector<std::string> noms = NommerColonnes(tableau, remarques);
-  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
-  const PassageDbf passage = EcrireBrt(brt.Fichier(), lecteur, entete, tableau);
-  brt.Achever();
-  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
-  EcrireMod(mod.Fichier(), contexte, noms, lignes, tableau.largeur);
-  mod.Achever();
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
+  const PassageDbf passage = EcrireBrt(brt, lecteur, entete, tableau);
+  EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, noms, lignes, tableau.largeur);
   EcrireFinDImport(rapport, contexte.niveau);
   RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
   MontrerRemarques(contexte.Ecran(), remarques);
-  brt.Valider();
-  mod.Valider();
+  sorties.Valider();
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ std::string_view LibelleCodeMax(GenreDescription genre) {
 }
 
 void EnregistrerDescripteur(const Contexte& contexte, const EtatDescripteur& etat) {
-  Remplacement des(contexte.repertoire, contexte.Nom(".DES"));
+  Remplacement des(contexte.repertoire, contexte.Nom(".DES"), Nature::Unique);
   for (const DefinitionDeQuestion& question : etat.questions) des.Fichier().Ligne(LigneDeQuestion(question));
   des.Valider();
 }

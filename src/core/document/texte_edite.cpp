@@ -272,7 +272,7 @@ FichierOuvert OuvrirDocument(const Chemin& chemin, const Capacite& capacite) {
 
 Empreinte EnregistrerDocument(const Chemin& chemin, std::u16string_view texte, const FormeTexte& forme) {
   const std::string octets = EncoderTexte(texte, forme);
-  Remplacement fichier(chemin);
+  Remplacement fichier(chemin, Nature::Unique);
   fichier.Fichier().Ecrire(octets);
   fichier.Valider();
   return EmpreinteDe(chemin, octets);

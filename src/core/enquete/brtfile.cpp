@@ -62,4 +62,29 @@ void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std
 
 int LargeurDeTable(std::int64_t plusGrandeCellule) { return static_cast<int>(Nombre(plusGrandeCellule).size()); }
 
+ControleDeBurt::ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur)
+    : brt_(brt), longueur_(kLargeurNom + colonnes * static_cast<std::size_t>(std::max(largeur, 0))) {}
+
+void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
+  ++rang_;
+  const std::string_view nom = Rogner(texte.substr(0, kLargeurNom));
+  if (!nom.empty() && nom != Rogner(nomAttendu))
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"*** Arret du programme : ", TexteDe(brt_.filename()),
+                          " ne va pas avec le fichier de modalités, la ligne "_w, Nombre(rang_), " porte le nom ", nom,
+                          " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
+  toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
+  const std::string_view reste = Rogner(texte.substr(std::min(longueur_, texte.size())));
+  toutesLongues_ = toutesLongues_ && !reste.empty() && reste.find_first_not_of(" 0123456789") == std::string_view::npos;
+}
+
+void ControleDeBurt::Conclure() const {
+  if (rang_ == 0 || (!toutesCourtes_ && !toutesLongues_)) return;
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arret du programme : ", TexteDe(brt_.filename()),
+                        " ne va pas avec le fichier de modalités, ses lignes sont plus "_w,
+                        std::string_view(toutesCourtes_ ? "courtes" : "longues"),
+                        " que ne le disent le nombre de modalités et FMT= : refaites le tableau"_w}));
+}
+
 }  // namespace quelvar

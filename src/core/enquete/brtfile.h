@@ -37,6 +37,24 @@ void LireLigneCdg(std::string_view texte, int modalites, LigneCdg& ligne);
 // A name longer than 4 characters leaves columns 1-4 blank and stands behind the digits.
 void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std::uint8_t> presence);
 
+// Follows the rows of a Burt table as they are read, and stops the run when the table is not that of the .MOD: a row
+// that bears the name of another modality, or rows of other widths than those that the parameters tell.
+class ControleDeBurt {
+ public:
+  ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur);
+  // The next row; raises a sentence (13) for a name that is not the one of its modality. A row without a name passes.
+  void Voir(std::string_view texte, std::string_view nomAttendu);
+  // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits.
+  void Conclure() const;
+
+ private:
+  const Chemin& brt_;
+  std::size_t longueur_;  // of a row up to its last cell
+  std::int64_t rang_ = 0;
+  bool toutesCourtes_ = true;
+  bool toutesLongues_ = true;
+};
+
 // Number of digits of the largest cell, the width that a written table takes.
 int LargeurDeTable(std::int64_t plusGrandeCellule);
 

@@ -33,12 +33,16 @@ ListeModalites LireListeModalites(const Chemin& chemin) {
 }
 
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste) {
-  Remplacement fichier(repertoire, nom);
-  fichier.Fichier().Ligne(liste.titre);
-  fichier.Fichier().Ligne(liste.parametres);
-  for (const std::string& texte : liste.textes) fichier.Fichier().Ligne(texte);
-  for (const std::string& ligne : liste.suite) fichier.Fichier().Ligne(ligne);
+  Remplacement fichier(repertoire, nom, Nature::Unique);
+  EcrireListeModalites(fichier.Fichier(), liste);
   fichier.Valider();
+}
+
+void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste) {
+  fichier.Ligne(liste.titre);
+  fichier.Ligne(liste.parametres);
+  for (const std::string& texte : liste.textes) fichier.Ligne(texte);
+  for (const std::string& ligne : liste.suite) fichier.Ligne(ligne);
 }
 
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes) {

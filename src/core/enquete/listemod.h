@@ -21,6 +21,8 @@ struct ListeModalites {
 ListeModalites LireListeModalites(const Chemin& chemin);
 // Replaces the file. Raises the numbers of Remplacement.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
+// The same as one of the files of a set.
+void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste);
 // Replaces the modalities of the file by these texts; what else the file holds by then stays. Without a file,
 // raises 53.
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes);

@@ -52,10 +52,7 @@ std::string LigneModalite(std::string_view nom, bool supplementaire, std::string
 
 std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom) {
   std::optional<Chemin> chemin = ChercherFichier(repertoire, nom);
-  if (chemin && LongueurFichier(*chemin) < kModVide) {
-    EffacerFichier(*chemin);
-    chemin.reset();
-  }
+  if (chemin && LongueurFichier(*chemin) < kModVide) chemin.reset();
   return chemin;
 }
 

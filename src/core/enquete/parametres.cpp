@@ -46,14 +46,13 @@ std::string Normaliser(std::string_view ligne) {
       texte.begin(), texte.end(), [](char c) { return std::string_view(",:;/.").find(c) != std::string_view::npos; },
       ' ');
   std::string serre;
-  for (std::size_t i = 0; i < texte.size(); ++i) {
-    if (texte[i] == ' ') {
-      const std::size_t suite = texte.find_first_not_of(' ', i);
-      const bool avantEgal = suite != std::string::npos && texte[suite] == '=';
-      const bool apresEgal = !serre.empty() && serre.back() == '=';
-      if (avantEgal || apresEgal) continue;
-    }
-    serre += texte[i];
+  for (std::size_t i = 0; i < texte.size();) {
+    const std::size_t suite = std::min(texte.find_first_not_of(' ', i), texte.size());
+    const bool avantEgal = suite < texte.size() && texte[suite] == '=';
+    const bool apresEgal = !serre.empty() && serre.back() == '=';
+    if (!avantEgal && !apresEgal) serre.append(texte, i, suite - i);
+    if (suite < texte.size()) serre += texte[suite];
+    i = suite + 1;
   }
   return serre;
 }

@@ -12,6 +12,7 @@
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
+#include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
 #include "core/programme/erreur.h"
 #include "core/texte/texte.h"
@@ -36,7 +37,15 @@ int Ouvrir(const Chemin& chemin, int drapeaux) {
 int OuvrirEnLecture(const Chemin& chemin) {
   const int descripteur = Ouvrir(chemin, O_RDONLY | O_NONBLOCK);
   struct stat etat {};
-  if (::fstat(descripteur, &etat) == 0 && S_ISREG(etat.st_mode)) return descripteur;
+  if (::fstat(descripteur, &etat) == 0 && S_ISREG(etat.st_mode)) {
+    try {
+      VerifierMarque(descripteur, chemin);
+      return descripteur;
+    } catch (...) {
+      ::close(descripteur);
+      throw;
+    }
+  }
   ::close(descripteur);
   throw PasUnFichier(chemin);
 }
@@ -68,7 +77,7 @@ std::optional<Chemin> ChercherComposant(const Chemin& repertoire, const Chemin& 
   for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
        i.increment(code)) {
     std::string nom = i->path().filename().native();
-    if (EgalSansCasse(DepuisUtf8(nom), voulu) && (!trouve || nom < *trouve)) trouve = std::move(nom);
+    if (EgalSansCasse(NomDepuisUtf8(nom), voulu) && (!trouve || nom < *trouve)) trouve = std::move(nom);
   }
   if (!trouve) return std::nullopt;
   return repertoire / *trouve;
@@ -77,7 +86,7 @@ std::optional<Chemin> ChercherComposant(const Chemin& repertoire, const Chemin& 
 }  // namespace
 
 Chemin CheminDe(std::string_view texte) { return Chemin(VersUtf8(texte)); }
-std::string TexteDe(const Chemin& chemin) { return DepuisUtf8(chemin.native()); }
+std::string TexteDe(const Chemin& chemin) { return NomDepuisUtf8(chemin.native()); }
 
 std::optional<Chemin> ChercherFichier(const Chemin& repertoire, std::string_view nom) {
   if (nom.empty()) return std::nullopt;
@@ -149,7 +158,10 @@ std::string NomDeSauvegarde(std::string_view nom) {
 }
 
 LecteurLignes::LecteurLignes(const Chemin& chemin)
-    : descripteur_(OuvrirEnLecture(chemin)), tampon_(new char[kTamponLecture]), capacite_(kTamponLecture) {}
+    : nom_(chemin.filename().native()),
+      descripteur_(OuvrirEnLecture(chemin)),
+      tampon_(new char[kTamponLecture]),
+      capacite_(kTamponLecture) {}
 
 LecteurLignes::~LecteurLignes() {
   if (descripteur_ >= 0) ::close(descripteur_);
@@ -158,6 +170,7 @@ LecteurLignes::~LecteurLignes() {
 LecteurLignes::LecteurLignes(LecteurLignes&& autre) noexcept { *this = std::move(autre); }
 
 LecteurLignes& LecteurLignes::operator=(LecteurLignes&& autre) noexcept {
+  std::swap(nom_, autre.nom_);
   std::swap(descripteur_, autre.descripteur_);
   std::swap(finie_, autre.finie_);
   std::swap(tampon_, autre.tampon_);
@@ -176,6 +189,10 @@ bool LecteurLignes::Remplir() {
     debut_ = 0;
   }
   if (fin_ == capacite_) {
+    if (capacite_ > kLigneAuPlus)
+      throw Erreur(kMemoireInsuffisante,
+                   Joindre({"*** Arret du programme : ", NomDepuisUtf8(nom_), " a une ligne de plus de ",
+                            std::to_string(kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
     std::unique_ptr<char[]> plusGrand(new char[capacite_ * 2]);
     std::memcpy(plusGrand.get(), tampon_.get(), fin_);
     tampon_ = std::move(plusGrand);
@@ -334,10 +351,14 @@ void Remplacement::Valider() {
 
 const Chemin& Remplacement::CheminProvisoire() const { return fichier_->Emplacement(); }
 
-void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible, Nature nature) {
+void CopierLignes(const Chemin& source, Ecrivain& copie) {
   LecteurLignes lecteur(source);
+  for (std::string_view ligne; lecteur.Lire(ligne);) copie.Ligne(ligne);
+}
+
+void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible, Nature nature) {
   Remplacement copie(repertoire, nomCible, nature);
-  for (std::string_view ligne; lecteur.Lire(ligne);) copie.Fichier().Ligne(ligne);
+  CopierLignes(source, copie.Fichier());
   copie.Valider();
 }
 

@@ -45,15 +45,19 @@ class LecteurLignes {
   LecteurLignes(LecteurLignes&&) noexcept;
   LecteurLignes& operator=(LecteurLignes&&) noexcept;
 
-  // Gives the next line, without its end, as a view that lives until the next call; false at the end. Raises 57.
+  // Gives the next line, without its end, as a view that lives until the next call; false at the end. Raises 57, and a
+  // sentence (7) for a line beyond kLigneAuPlus bytes.
   bool Lire(std::string_view& ligne);
   // The next line; raises 62 at the end of the file.
   std::string_view LireObligatoire();
+
+  static constexpr std::size_t kLigneAuPlus = std::size_t{1} << 26;
 
  private:
   bool Remplir();
   bool LireLaFin(std::string_view& ligne);
 
+  std::string nom_;  // for the sentence
   int descripteur_ = -1;
   bool finie_ = false;  // the file has no byte left behind the buffer
   std::unique_ptr<char[]> tampon_;
@@ -158,7 +162,8 @@ class Remplacement {
   std::unique_ptr<Provisoire> fichier_;
 };
 
-// Copies a file line by line, every line ended by CR LF, through a replacement of the target.
+// Copies a file line by line, every line ended by CR LF; the second one through a replacement of the target.
+void CopierLignes(const Chemin& source, Ecrivain& copie);
 void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible,
                   Nature nature = Nature::Refaisable);
 

@@ -109,20 +109,25 @@ Prise Prendre(const Chemin& chemin, std::string_view generique) {
   }
 }
 
-// Scratch files of the generic, and of the initialisation file that its programs write, which nobody holds.
+// Scratch files of the generic which nobody holds; those of the initialisation file, that its programs write too,
+// unless the record of a cut commit may name them.
 void Balayer(const Chemin& repertoire, std::string_view generique) {
   std::error_code code;
   const std::string debut = Joindre({Majuscules(generique), "."});
-  std::vector<Chemin> abandonnes;
+  std::vector<Chemin> duGenerique, deLInitialisation;
+  bool releve = false;
   for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
        i.increment(code)) {
     const std::string nom = i->path().filename().native();
+    releve = releve || nom.ends_with(".jeu");
     if (!EstNomProvisoire(nom)) continue;
-    const std::string majuscules = Majuscules(DepuisUtf8(nom));
-    if (majuscules.starts_with(debut) || majuscules.starts_with("." + debut) || majuscules.starts_with("QVR2.IN"))
-      abandonnes.push_back(i->path());
+    const std::string majuscules = Majuscules(NomDepuisUtf8(nom));
+    if (majuscules.starts_with(debut) || majuscules.starts_with("." + debut)) duGenerique.push_back(i->path());
+    else if (majuscules.starts_with("QVR2.IN")) deLInitialisation.push_back(i->path());
   }
-  for (const Chemin& chemin : abandonnes) EffacerSiAbandonne(chemin);
+  for (const Chemin& chemin : duGenerique) EffacerSiAbandonne(chemin);
+  if (releve) return;
+  for (const Chemin& chemin : deLInitialisation) EffacerSiAbandonne(chemin);
 }
 
 }  // namespace
@@ -137,7 +142,7 @@ GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generiqu
   inscription_ = InscrireProvisoire(verrou_);
   EcrireDetenteur(descripteur_, ouvrage);
   try {
-    recit_ = ReprendreGenerique(repertoire, generique).recit;
+    recit_ = ReprendreGenerique(repertoire, generique);
     if (prise.perime) Balayer(repertoire, generique);
   } catch (...) {
     *this = GeneriqueTenu();

@@ -7,8 +7,8 @@
 #include <cerrno>
 
 #include "core/fichiers/appels.h"
+#include "core/fichiers/marque.h"
 #include "core/fichiers/releve.h"
-#include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
 #include "core/programme/erreur.h"
 
@@ -122,26 +122,6 @@ void JeuDeFichiers::PoserTout() {
   }
 }
 
-// Results that may still be lost with the machine stay recorded, beside those of earlier sets that were not replaced.
-void JeuDeFichiers::NoterPose(bool refaisables) {
-  const Chemin chemin = CheminDeReleve(repertoire_, generique_);
-  if (!refaisables) {
-    Exiger(appels::Effacer(chemin.c_str()));
-    return;
-  }
-  Releve releve{EtatDeReleve::Pose, AmorceDuSysteme(), Maintenant(), {}};
-  for (EntreeDeReleve& entree : entrees_) {
-    if (entree.nature == Nature::Unique || entree.genre == GenreDEntree::Efface) continue;
-    entree.provisoire.clear();
-    if (NoterEtat(entree.cible, entree.noeud, entree.instant)) releve.entrees.push_back(entree);
-  }
-  for (const EntreeDeReleve& ancienne : anterieures_) {
-    const auto remplacee = [&](const EntreeDeReleve& e) { return e.cible == ancienne.cible; };
-    if (std::none_of(entrees_.begin(), entrees_.end(), remplacee)) releve.entrees.push_back(ancienne);
-  }
-  EcrireReleve(chemin, releve, false);
-}
-
 void JeuDeFichiers::Valider() {
   for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Achever();
   OublierInchangees();
@@ -149,26 +129,24 @@ void JeuDeFichiers::Valider() {
   if (entrees_.empty()) return;
   const bool uniques = std::any_of(sorties_.begin(), sorties_.end(),
                                    [](const auto& sortie) { return sortie->SaNature() == Nature::Unique; });
-  const bool refaisables = std::any_of(sorties_.begin(), sorties_.end(),
-                                       [](const auto& sortie) { return sortie->SaNature() == Nature::Refaisable; });
   const SansSignaux sansSignaux;
-  for (const std::unique_ptr<Provisoire>& sortie : sorties_)
+  for (const std::unique_ptr<Provisoire>& sortie : sorties_) {
     if (sortie->SaNature() == Nature::Unique) sortie->Synchroniser();
+    else sortie->Marquer();
+  }
   if (entrees_.size() == 1 && sorties_.size() == 1) {
     sorties_.front()->Placer();
     if (uniques) SynchroniserDossier(repertoire_);
     return;
   }
-  anterieures_ = ReprendreGenerique(repertoire_, generique_).anterieures;
-  EcrireReleve(CheminDeReleve(repertoire_, generique_),
-               {EtatDeReleve::EnCours, AmorceDuSysteme(), Maintenant(), entrees_}, uniques);
+  EcrireReleve(CheminDeReleve(repertoire_, generique_), {AmorceDuSysteme(), entrees_}, uniques);
   PoserTout();
   // Every file is in place: what comes now removes the former ones, and a failure changes nothing any more.
   for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Lacher();
   try {
     for (const EntreeDeReleve& e : entrees_)
       if (e.genre != GenreDEntree::Nouveau) Exiger(appels::Effacer(e.provisoire.c_str()));
-    NoterPose(refaisables);
+    Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
   } catch (const Erreur&) {  // the next program of the generic removes what is left
   }
 }

@@ -45,7 +45,6 @@ class JeuDeFichiers {
   void Poser(std::size_t rang);
   void Defaire(std::size_t rang);
   void PoserTout();
-  void NoterPose(bool refaisables);
 
   Chemin repertoire_;
   std::string generique_;
@@ -54,7 +53,6 @@ class JeuDeFichiers {
   std::vector<std::string> noms_;  // of the outputs, as they were asked
   std::vector<Chemin> effaces_;
   std::vector<EntreeDeReleve> entrees_;
-  std::vector<EntreeDeReleve> anterieures_;  // results of earlier sets that the machine may still lose
 };
 
 }  // namespace quelvar

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "core/fichiers/appels.h"
+#include "core/fichiers/marque.h"
 #include "core/fichiers/signaux.h"
 #include "core/texte/texte.h"
 
@@ -71,13 +72,13 @@ void EffacerSiAbandonne(const Chemin& chemin) {
   ::close(descripteur);
 }
 
-std::optional<Mesure> MesurerFichier(const Chemin& chemin) {
+std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin) {
   try {
     constexpr std::size_t kMorceau = std::size_t{1} << 20;
     CondenseDOctets condense;
     for (std::string octets; octets = LireMorceau(chemin, condense.Taille(), kMorceau), !octets.empty();)
       condense.Ajouter(octets);
-    return Mesure{condense.Taille(), condense.Valeur()};
+    return MesureDeFichier{condense.Taille(), condense.Valeur()};
   } catch (const Erreur&) {
     return std::nullopt;
   }
@@ -126,6 +127,8 @@ void Provisoire::Synchroniser() const {
   if (appels::Synchroniser(descripteur_) != 0) LeverErrno(errno);
 }
 
+void Provisoire::Marquer() const { MarquerNonAttendu(descripteur_, Taille(), Empreinte()); }
+
 void Provisoire::Tenir() {
   existe_ = VerifierCible(cible_);
   struct stat etat {};
@@ -148,7 +151,7 @@ void Provisoire::Lacher() {
 bool Provisoire::MemesOctets() const {
   std::error_code code;
   if (!existe_ || fs::file_size(cible_, code) != Taille() || code) return false;
-  return MesurerFichier(cible_) == Mesure{Taille(), Empreinte()};
+  return MesurerFichier(cible_) == MesureDeFichier{Taille(), Empreinte()};
 }
 
 }  // namespace quelvar

@@ -29,6 +29,8 @@ class Provisoire {
   void Achever() { ecrivain_.Fermer(); }
   // The bytes are on the disk when it returns.
   void Synchroniser() const;
+  // Marks the file as one that nobody waits for.
+  void Marquer() const;
   // Looks at the target again and gives the scratch file its rights. Raises as the constructor.
   void Tenir();
   // Takes the place of the target in one rename.
@@ -64,12 +66,12 @@ bool EstNomProvisoire(std::string_view nom);
 void EffacerSiAbandonne(const Chemin& chemin);
 
 // Length and digest of a file; nothing when it cannot be read.
-struct Mesure {
+struct MesureDeFichier {
   std::uint64_t taille = 0;
   std::uint64_t empreinte = 0;
-  bool operator==(const Mesure&) const = default;
+  bool operator==(const MesureDeFichier&) const = default;
 };
-std::optional<Mesure> MesurerFichier(const Chemin& chemin);
+std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin);
 
 // The failure (75) that a directory, a pipe or a device in place of a file is.
 Erreur PasUnFichier(const Chemin& chemin);

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <charconv>
-#include <ctime>
 
 #include "core/fichiers/condense.h"
 #include "core/fichiers/provisoire.h"
@@ -18,7 +17,6 @@ namespace {
 constexpr std::string_view kTitre = "Quelvar : jeu de fichiers, 1";
 constexpr std::array<std::string_view, 3> kGenres = {"nouveau", "remplace", "efface"};
 constexpr std::array<std::string_view, 2> kNatures = {"unique", "refaisable"};
-constexpr std::array<std::string_view, 2> kEtats = {"en cours", "pose"};
 
 // Names may hold any byte: the separators of the record are escaped.
 std::string Echapper(std::string_view nom) {
@@ -36,7 +34,7 @@ std::string Retablir(std::string_view texte) {
   std::string nom;
   for (std::size_t i = 0; i < texte.size(); ++i) {
     unsigned octet = 0;
-    if (texte[i] == '%' && i + 2 < texte.size() + 0 &&
+    if (texte[i] == '%' && i + 2 < texte.size() &&
         std::from_chars(texte.data() + i + 1, texte.data() + i + 3, octet, 16).ec == std::errc()) {
       nom += static_cast<char>(octet);
       i += 2;
@@ -79,8 +77,7 @@ std::string Condenser(std::string_view texte) {
 
 std::string TexteDuReleve(const Releve& releve) {
   std::string texte = std::string(kTitre) + "\r\n";
-  texte += std::string(kEtats[static_cast<std::size_t>(releve.etat)]) + '\t' + releve.amorce + '\t' +
-           std::to_string(releve.instant) + "\r\n";
+  texte += releve.amorce + "\r\n";
   for (const EntreeDeReleve& e : releve.entrees) {
     texte += std::string(kGenres[static_cast<std::size_t>(e.genre)]) + '\t' +
              std::string(kNatures[static_cast<std::size_t>(e.nature)]);
@@ -117,11 +114,7 @@ std::optional<Releve> LireReleve(const Chemin& chemin) {
     const std::size_t saut = octets.find("\r\n", debut);
     const std::vector<std::string_view> champs = Champs(std::string_view(octets).substr(debut, saut - debut));
     debut = saut + 2;
-    if (numero == 1 && champs.size() == 3) {
-      releve.etat = LireMot<EtatDeReleve>(champs[0], kEtats);
-      releve.amorce = champs[1];
-      releve.instant = LireNombre<std::int64_t>(champs[2]);
-    }
+    if (numero == 1) releve.amorce = champs[0];
     if (numero < 2 || champs.size() != 8) continue;
     releve.entrees.push_back({LireMot<GenreDEntree>(champs[0], kGenres), LireMot<Nature>(champs[1], kNatures),
                               LireNombre<std::uint64_t>(champs[2]), LireNombre<std::uint64_t>(champs[3]),
@@ -146,16 +139,6 @@ void EcrireReleve(const Chemin& chemin, const Releve& releve, bool synchroniser)
   if (synchroniser) fichier.Synchroniser();
   fichier.Placer();
 }
-
-std::string AmorceDuSysteme() {
-  try {
-    return std::string(Rogner(LireMorceau("/proc/sys/kernel/random/boot_id", 0, 36)));
-  } catch (const Erreur&) {
-    return {};
-  }
-}
-
-std::int64_t Maintenant() { return static_cast<std::int64_t>(std::time(nullptr)); }
 
 bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant) {
   struct stat etat {};

@@ -1,6 +1,6 @@
 // The record of a commit: what becomes of each file of the set, with sizes and digests. It stands beside the generic
 // from before the first rename, so that the next program of the family can finish or undo what a kill has cut, and
-// stays while the machine may still lose results that nobody waited for.
+// goes when everything is in place.
 #pragma once
 
 #include <cstdint>
@@ -22,18 +22,14 @@ struct EntreeDeReleve {
   Nature nature = Nature::Refaisable;
   std::uint64_t taille = 0;     // of the new file
   std::uint64_t empreinte = 0;  // of the new file
-  std::uint64_t noeud = 0;      // of the former file (Efface), of the new one once it is in place
+  std::uint64_t noeud = 0;      // of the former file (Efface)
   std::int64_t instant = 0;     // its time in nanoseconds
   Chemin cible;
   Chemin provisoire;  // the new file before its exchange with the target, the former one behind it
 };
 
-enum class EtatDeReleve { EnCours, Pose };
-
 struct Releve {
-  EtatDeReleve etat = EtatDeReleve::EnCours;
-  std::string amorce;        // what the system calls its present start
-  std::int64_t instant = 0;  // seconds since 1970
+  std::string amorce;  // what the system calls its present start
   std::vector<EntreeDeReleve> entrees;
 };
 
@@ -44,9 +40,6 @@ std::optional<Releve> LireReleve(const Chemin& chemin);
 // Puts it in place in one rename, on the disk when `synchroniser`. Raises 61, 57, 70 or 75.
 void EcrireReleve(const Chemin& chemin, const Releve& releve, bool synchroniser);
 
-// The start of the machine that this process lives in.
-std::string AmorceDuSysteme();
-std::int64_t Maintenant();
 // Takes over node and time of a file; false when it is not there.
 bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant);
 

@@ -4,10 +4,10 @@
 #include <cerrno>
 
 #include "core/fichiers/appels.h"
+#include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/signaux.h"
 #include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -15,8 +15,6 @@ namespace quelvar {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::int64_t kSecondesDeGrace = 120;  // the system has written by then what it was given
 
 void Exiger(int resultat) {
   if (resultat != 0) throw Erreur(NumeroDErrno(errno));
@@ -28,7 +26,7 @@ bool Present(const Chemin& chemin) {
 }
 
 bool Est(const Chemin& chemin, const EntreeDeReleve& e) {
-  return MesurerFichier(chemin) == Mesure{e.taille, e.empreinte};
+  return MesurerFichier(chemin) == MesureDeFichier{e.taille, e.empreinte};
 }
 
 // The former file of an entry that removes it.
@@ -118,74 +116,36 @@ void Raconter(std::vector<std::string>& recit, const std::vector<EntreeDeReleve>
   recit.emplace_back();
 }
 
-// A result that the stop of the machine has torn must not be computed on: it goes aside.
-bool MettreDeCote(const EntreeDeReleve& e, std::vector<std::string>& recit) {
-  std::uint64_t noeud = 0;
-  std::int64_t instant = 0;
-  if (!NoterEtat(e.cible, noeud, instant) || noeud != e.noeud || instant > e.instant) return false;
-  const std::optional<Mesure> mesure = MesurerFichier(e.cible);
-  if (!mesure || *mesure == Mesure{e.taille, e.empreinte}) return false;
-  Chemin aCote = e.cible;
-  aCote += ".incomplet";
-  Exiger(appels::Renommer(e.cible.c_str(), aCote.c_str()));
-  recit.push_back(
-      Joindre({"*** Attention : l'arrêt de la machine a coupé l'écriture de "_w, TexteDe(e.cible.filename())}));
-  recit.push_back(Joindre({"    il a ", Nombre(mesure->taille), " octets, il devait en avoir ", Nombre(e.taille),
-                           " ; il est mis de côté sous le nom "_w, TexteDe(aCote.filename())}));
-  recit.emplace_back("    relancez le programme qui l'écrit"_w);
-  recit.emplace_back();
-  return true;
-}
-
 }  // namespace
 
-Reprise ReprendreGenerique(const Chemin& repertoire, std::string_view generique) {
-  Reprise reprise;
+std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::string_view generique) {
   const Chemin chemin = CheminDeReleve(repertoire, generique);
-  if (!Present(chemin)) return reprise;
+  if (!Present(chemin)) return {};
   const SansSignaux sansSignaux;
   const std::optional<Releve> releve = LireReleve(chemin);
   if (!releve) {  // a record that is not whole was never relied upon
     Exiger(appels::Effacer(chemin.c_str()));
-    return reprise;
+    return {};
   }
   const bool memeAmorce = !releve->amorce.empty() && releve->amorce == AmorceDuSysteme();
-  if (releve->etat == EtatDeReleve::Pose) {
-    if (memeAmorce && Maintenant() - releve->instant <= kSecondesDeGrace) {
-      reprise.anterieures = releve->entrees;
-      return reprise;
-    }
-    if (!memeAmorce)
-      for (const EntreeDeReleve& e : releve->entrees) MettreDeCote(e, reprise.recit);
-    Exiger(appels::Effacer(chemin.c_str()));
-    return reprise;
-  }
-
+  const std::vector<EntreeDeReleve>& entrees = releve->entrees;
   std::vector<Avance> avances;
-  for (const EntreeDeReleve& e : releve->entrees) avances.push_back(Examiner(e, memeAmorce));
+  for (const EntreeDeReleve& e : entrees) avances.push_back(Examiner(e, memeAmorce));
   const bool toutPose = std::all_of(avances.begin(), avances.end(), [](const Avance& a) { return a.pose; });
   const bool finissable =
       std::all_of(avances.begin(), avances.end(), [](const Avance& a) { return a.pose ? a.entier : a.posable; });
-  // Former files that are gone already show that every new one had been in place.
-  const bool annulable = [&] {
-    for (std::size_t i = 0; i < avances.size(); ++i)
-      if (releve->entrees[i].genre == GenreDEntree::Remplace && avances[i].pose && !avances[i].ancien) return false;
-    return true;
-  }();
-  if (finissable || !annulable) {
-    Finir(releve->entrees, avances);
-    if (!toutPose) Raconter(reprise.recit, releve->entrees, true);
-    if (!memeAmorce)
-      for (EntreeDeReleve e : releve->entrees) {
-        if (e.genre == GenreDEntree::Efface || !NoterEtat(e.cible, e.noeud, e.instant)) continue;
-        MettreDeCote(e, reprise.recit);
-      }
-  } else {
-    Annuler(releve->entrees, avances);
-    Raconter(reprise.recit, releve->entrees, false);
-  }
+  // A former file that is gone already shows that every new one had been in place.
+  bool annulable = true;
+  for (std::size_t i = 0; i < avances.size(); ++i)
+    annulable = annulable && (entrees[i].genre != GenreDEntree::Remplace || !avances[i].pose || avances[i].ancien);
+
+  std::vector<std::string> recit;
+  const bool finie = finissable || !annulable;
+  if (finie) Finir(entrees, avances);
+  else Annuler(entrees, avances);
+  if (!finie || !toutPose) Raconter(recit, entrees, finie);
   Exiger(appels::Effacer(chemin.c_str()));
-  return reprise;
+  return recit;
 }
 
 }  // namespace quelvar

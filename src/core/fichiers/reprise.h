@@ -1,5 +1,4 @@
-// What the next program of a generic does with the record of a commit: a cut one is finished or undone, results that
-// the machine has lost are set aside.
+// What the next program of a generic does with the record of a commit that was cut: it is finished or undone.
 #pragma once
 
 #include <string>
@@ -10,12 +9,8 @@
 
 namespace quelvar {
 
-struct Reprise {
-  std::vector<std::string> recit;           // lines for the report, in the code page; empty when nothing was repaired
-  std::vector<EntreeDeReleve> anterieures;  // results that the machine may still lose
-};
-
-// To be called by the holder of the generic. Raises 57, 61, 70 or 75 when it can be neither finished nor undone.
-Reprise ReprendreGenerique(const Chemin& repertoire, std::string_view generique);
+// To be called by the holder of the generic. Returns lines for the report, in the code page; none when nothing was
+// repaired. Raises 57, 61, 70 or 75 when a commit can be neither finished nor undone.
+std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::string_view generique);
 
 }  // namespace quelvar

@@ -13,10 +13,12 @@
 
 namespace quelvar {
 
-enum class Boutons { Ok, OkAnnuler, OuiNon, OuiNonAnnuler };
+// NonOui: a question whose default is no.
+enum class Boutons { Ok, OkAnnuler, OuiNon, OuiNonAnnuler, NonOui };
 enum class Reponse { Ok, Oui, Non, Annuler };
 
 constexpr Reponse PremierBouton(Boutons boutons) {
+  if (boutons == Boutons::NonOui) return Reponse::Non;
   return boutons == Boutons::Ok || boutons == Boutons::OkAnnuler ? Reponse::Ok : Reponse::Oui;
 }
 

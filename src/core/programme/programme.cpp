@@ -148,6 +148,7 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
     const std::vector<GeneriqueTenu> tenus = Tenir(contexte, nomRapport);
     const bool ephemere = EstEphemere(contexte, nomRapport);
     Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport), mode);
+    if (AvecEtrangers(contexte.generique) || AvecEtrangers(nomRapport)) rapport.MontrerLesNomsEtrangers();
     for (const GeneriqueTenu& tenu : tenus)
       for (const std::string& ligne : tenu.Recit()) rapport.Ligne(ligne);
     if (ExecuterCorps(rapport, libelles, corps)) fin = Fin::Normale;

@@ -40,16 +40,24 @@ class Rapport {
   explicit Rapport(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
 
   void Ligne() { ecrivain_.FinDeLigne(); }
-  void Ligne(Texte texte) { ecrivain_.Ligne(texte); }
+  void Ligne(Texte texte) {
+    Suite(texte);
+    ecrivain_.FinDeLigne();
+  }
   void Ligne(std::initializer_list<Texte> morceaux) {
     Suite(morceaux);
     ecrivain_.FinDeLigne();
   }
   // Text that the line goes on behind.
-  void Suite(Texte texte) { ecrivain_.Ecrire(texte.Vue()); }
-  void Suite(std::initializer_list<Texte> morceaux) {
-    for (const Texte& morceau : morceaux) ecrivain_.Ecrire(morceau.Vue());
+  void Suite(Texte texte) {
+    if (nomsEtrangers_) ecrivain_.Ecrire(NomMontrable(texte.Vue()));
+    else ecrivain_.Ecrire(texte.Vue());
   }
+  void Suite(std::initializer_list<Texte> morceaux) {
+    for (const Texte& morceau : morceaux) Suite(morceau);
+  }
+  // The lines name files whose names the code page cannot hold: they show what they can.
+  void MontrerLesNomsEtrangers() { nomsEtrangers_ = true; }
   // Ends the report; it is shown from here when it takes no place.
   const Chemin& Achever();
   // Takes the place of the former report.
@@ -58,6 +66,7 @@ class Rapport {
  private:
   Remplacement fichier_;
   Ecrivain& ecrivain_;
+  bool nomsEtrangers_ = false;
 };
 
 // The banner of every report.

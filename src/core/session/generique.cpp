@@ -1,5 +1,7 @@
 #include "core/session/generique.h"
 
+#include "core/texte/texte.h"
+
 namespace quelvar {
 
 namespace {
@@ -20,7 +22,10 @@ unsigned char AvantDernierSigne(unsigned char c) {
 
 std::string GeneriqueSuivant(std::string_view generique) {
   std::string suivant(generique);
-  if (!suivant.empty()) {
+  if (const std::size_t etranger = EtrangerFinal(suivant)) {
+    suivant.resize(suivant.size() - etranger);
+    suivant += 'A';
+  } else if (!suivant.empty()) {
     const unsigned char avant = AvantDernierSigne(static_cast<unsigned char>(suivant.back()));
     suivant.back() = static_cast<char>(avant + 1);
   }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <system_error>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/erreur.h"
 #include "core/programme/version.h"
 #include "core/texte/nombres.h"
@@ -79,6 +80,13 @@ void EcrireInitialisation(const Chemin& repertoire, std::string_view generique, 
   fichier.Fichier().Ligne(generique);
   fichier.Fichier().Ligne(NombreNu(niveau));
   fichier.Valider();
+}
+
+void EcrireInitialisation(JeuDeFichiers& sorties, std::string_view generique, int niveau) {
+  if (generique.empty()) return;
+  Ecrivain& fichier = sorties.Ouvrir(kNomInitialisation, Nature::Refaisable);
+  fichier.Ligne(generique);
+  fichier.Ligne(NombreNu(niveau));
 }
 
 Chemin CheminInitialisation(const Chemin& repertoire) { return CheminDEcriture(repertoire, kNomInitialisation); }
@@ -213,7 +221,7 @@ namespace {
 std::vector<std::string> ListerFichiers(const Chemin& repertoire) {
   std::vector<std::pair<std::string, std::string>> trouves;  // upper case, as it stands
   for (const fs::directory_entry& entree : fs::directory_iterator(repertoire)) {
-    std::string nom = DepuisUtf8(entree.path().filename().native());
+    std::string nom = NomDepuisUtf8(entree.path().filename().native());
     std::string haut = Majuscules(nom);
     constexpr std::string_view extensions[] = {".POS", ".MOD", ".TXT", ".DBF", ".DAT", ".BRT"};
     std::error_code ignoree;

@@ -12,6 +12,8 @@
 
 namespace quelvar {
 
+class JeuDeFichiers;
+
 enum class Ouverture { Normale, SansInitialisation, SansPos };
 
 // The two lines of Qvr2.ini.
@@ -52,6 +54,8 @@ inline constexpr std::string_view kLigneTirets = "------------------";
 Initialisation LireInitialisation(const Chemin& chemin);
 // Writes Qvr2.ini anew in the directory, in one rename; nothing for an empty generic. Raises 61, 57, 70, 75 or 76.
 void EcrireInitialisation(const Chemin& repertoire, std::string_view generique, int niveau);
+// The same as one of the files of a set, which moves the session to a new generic.
+void EcrireInitialisation(JeuDeFichiers& sorties, std::string_view generique, int niveau);
 // The initialisation file of a directory: the one that exists, else the name of a new one.
 Chemin CheminInitialisation(const Chemin& repertoire);
 

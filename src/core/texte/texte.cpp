@@ -1,6 +1,8 @@
 #include "core/texte/texte.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
 
 namespace quelvar {
 
@@ -33,6 +35,11 @@ void AjouterUtf8(std::string& utf8, char32_t point) {
     utf8 += static_cast<char>(point);
   } else if (point < 0x800) {
     utf8 += static_cast<char>(0xC0 | (point >> 6));
+    utf8 += static_cast<char>(0x80 | (point & 0x3F));
+  } else if (point >= 0x10000) {
+    utf8 += static_cast<char>(0xF0 | (point >> 18));
+    utf8 += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+    utf8 += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
     utf8 += static_cast<char>(0x80 | (point & 0x3F));
   } else {
     utf8 += static_cast<char>(0xE0 | (point >> 12));
@@ -92,14 +99,83 @@ std::string_view Milieu(std::string_view texte, std::size_t colonne, std::size_t
   return colonne > texte.size() ? std::string_view{} : texte.substr(colonne - 1, largeur);
 }
 
+namespace {
+
+// A foreign character in a name: its point on eleven digits to the base of four between two marks, all of them bytes
+// that the code page leaves undefined. Points beyond those of Unicode are bytes that are no UTF-8.
+constexpr char kMarqueEtrangere = '\x81';
+constexpr std::string_view kChiffresEtrangers = "\x8D\x8F\x90\x9D";
+constexpr std::size_t kNombreDeChiffres = 11;
+constexpr std::size_t kEtranger = kNombreDeChiffres + 2;
+constexpr std::uint32_t kOctetBrut = 0x110000;
+
+void AjouterEtranger(std::string& nom, std::uint32_t point) {
+  nom += kMarqueEtrangere;
+  for (std::size_t i = kNombreDeChiffres; i-- > 0;) nom += kChiffresEtrangers[point >> (2 * i) & 3];
+  nom += kMarqueEtrangere;
+}
+
+// The point of the sequence that the text begins with.
+std::optional<std::uint32_t> EtrangerEnTete(std::string_view texte) {
+  if (texte.size() < kEtranger || texte.front() != kMarqueEtrangere || texte[kEtranger - 1] != kMarqueEtrangere)
+    return std::nullopt;
+  std::uint32_t point = 0;
+  for (const char c : texte.substr(1, kNombreDeChiffres)) {
+    const std::size_t chiffre = kChiffresEtrangers.find(c);
+    if (chiffre == std::string_view::npos) return std::nullopt;
+    point = point << 2 | static_cast<std::uint32_t>(chiffre);
+  }
+  return point < kOctetBrut + 256 ? std::optional(point) : std::nullopt;
+}
+
+}  // namespace
+
 std::string VersUtf8(std::string_view texte) {
   std::string utf8;
   utf8.reserve(texte.size() + texte.size() / 8);
-  for (const char c : texte) {
-    const auto octet = static_cast<unsigned char>(c);
+  for (std::size_t i = 0; i < texte.size(); ++i) {
+    const auto octet = static_cast<unsigned char>(texte[i]);
+    if (texte[i] == kMarqueEtrangere) {
+      if (const std::optional<std::uint32_t> point = EtrangerEnTete(texte.substr(i))) {
+        if (*point >= kOctetBrut) utf8 += static_cast<char>(*point - kOctetBrut);
+        else AjouterUtf8(utf8, *point);
+        i += kEtranger - 1;
+        continue;
+      }
+    }
     AjouterUtf8(utf8, octet >= 0x80 && octet <= 0x9F ? detail::pointsDe80[octet - 0x80U] : octet);
   }
   return utf8;
+}
+
+std::string NomDepuisUtf8(std::string_view utf8) {
+  std::string nom;
+  while (!utf8.empty()) {
+    const detail::PointUtf8 lu = detail::DecoderUtf8(utf8);
+    const int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
+    if (lu.longueur == 0) AjouterEtranger(nom, kOctetBrut + static_cast<unsigned char>(utf8.front()));
+    else if (octet < 0 || static_cast<char>(octet) == kMarqueEtrangere)
+      AjouterEtranger(nom, static_cast<std::uint32_t>(lu.point));
+    else nom += static_cast<char>(octet);
+    utf8.remove_prefix(std::max<std::size_t>(lu.longueur, 1));
+  }
+  return nom;
+}
+
+std::string NomMontrable(std::string_view nom) {
+  std::string texte;
+  for (std::size_t i = 0; i < nom.size(); ++i) {
+    const bool etranger = EtrangerEnTete(nom.substr(i)).has_value();
+    texte += etranger ? '?' : nom[i];
+    if (etranger) i += kEtranger - 1;
+  }
+  return texte;
+}
+
+bool AvecEtrangers(std::string_view nom) { return nom.find(kMarqueEtrangere) != std::string_view::npos; }
+
+std::size_t EtrangerFinal(std::string_view nom) {
+  return nom.size() >= kEtranger && EtrangerEnTete(nom.substr(nom.size() - kEtranger)) ? kEtranger : 0;
 }
 
 std::string DepuisUtf8(std::string_view utf8) {

@@ -133,6 +133,14 @@ std::string_view Milieu(std::string_view texte, std::size_t colonne, std::size_t
 // "?".
 std::string VersUtf8(std::string_view texte);
 std::string DepuisUtf8(std::string_view utf8);
+// A file name or a generic: nothing of it is lost, so that two names stay two. A character outside the code page, and
+// an invalid byte, become a sequence of bytes that the code page leaves undefined; VersUtf8 gives them back.
+std::string NomDepuisUtf8(std::string_view utf8);
+// The name as bytes of the code page can show it: "?" for each of these sequences.
+std::string NomMontrable(std::string_view nom);
+bool AvecEtrangers(std::string_view nom);
+// Length of the sequence at the end of the name, 0 when it ends in a character of the code page.
+std::size_t EtrangerFinal(std::string_view nom);
 // True when the bytes hold at least one multi-byte UTF-8 sequence and no invalid one.
 bool EstUtf8MultiOctet(std::string_view octets);
 

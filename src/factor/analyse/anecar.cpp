@@ -73,14 +73,13 @@ void ExigerCodageLogique(const Contexte& contexte) {
 }
 
 // Tells later programs that the individuals were analysed with the table.
-void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod) {
+void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod, JeuDeFichiers& sorties) {
   if (mod.parametres.find("CDG=1") != std::string::npos) return;
-  Remplacement fichier(contexte.repertoire, contexte.Nom(".MOD"));
+  Ecrivain& fichier = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
   for (std::size_t i = 0; i < mod.lignes.size(); ++i) {
-    fichier.Fichier().Ecrire(mod.lignes[i]);
-    fichier.Fichier().Ligne(std::string_view(i == 1 ? " CDG=1" : ""));
+    fichier.Ecrire(mod.lignes[i]);
+    fichier.Ligne(std::string_view(i == 1 ? " CDG=1" : ""));
   }
-  fichier.Valider();
 }
 
 [[noreturn]] void Refuser(Rapport& rapport, const Contexte& contexte, Texte texte) {
@@ -93,10 +92,10 @@ int SeuilEffectif(int seuil, std::int64_t actifs) {
 }
 
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
-                           bool codageLogique) {
+                           bool codageLogique, JeuDeFichiers& sorties) {
   const ParametresMod parametres = LireParametres(preparation.parametres, &rapport);
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
-  if (parametres.burt == 1) MarquerCodageLogique(contexte, mod);
+  if (parametres.burt == 1) MarquerCodageLogique(contexte, mod, sorties);
   PlanAnecar plan = PlanifierTableau(parametres, mod, codageLogique);
   for (const std::string& nom : AttribuerIntitules(mod, plan)) {
     rapport.Ligne();
@@ -170,7 +169,6 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   if (plan.decimales > 0)
     ImprimerReconstitution(rapport, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
   DeflaterSupplementaires(tableau, analyse, courant);
-  EcrireCoordonnees(contexte, plan, tableau, analyse, options.inversions, options.classification.has_value());
 }
 
 void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
@@ -201,10 +199,10 @@ struct SuiteWard {
 };
 
 SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
-                   const OptionsAnecar& options) {
+                   const OptionsAnecar& options, JeuDeFichiers& sorties) {
   if (options.codageLogique) ExigerCodageLogique(contexte);
   Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}};
-  moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique);
+  moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique, sorties);
   Reglages& reglages = moteur.reglages;
   reglages.seuilLignes = SeuilEffectif(reglages.seuilLignes, moteur.plan.lignesActives);
   reglages.seuilColonnes =
@@ -215,6 +213,9 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan, options);
   ExtraireEtImprimer(rapport, moteur);
+  if (!moteur.analyse.facteurs.empty())
+    EcrireCoordonnees(contexte, sorties, moteur.plan, moteur.tableau, moteur.analyse, options.inversions,
+                      options.classification.has_value());
   SuiteWard suite{moteur.analyse.facteurs.size(), std::nullopt};
   if (moteur.plan.genre == GenreTableau::BurtEtIndividus && options.classification && options.classification->individus)
     suite.derniers = moteur.tableau.lignes.Nombre() - moteur.plan.positions.size();
@@ -224,12 +225,15 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
 // The table is given back before the distances take its place in memory.
 void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
               const OptionsAnecar& options) {
-  const SuiteWard suite = Extraire(rapport, contexte, preparation, options);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  const SuiteWard suite = Extraire(rapport, contexte, preparation, options, sorties);
   if (options.classification) {
     if (suite.facteurs == 0)
       Refuser(rapport, contexte, "*** Arret du programme : pas de facteur pour la classification");
-    ClasserWard(contexte, rapport, suite.facteurs, *options.classification, suite.derniers);
+    const Chemin& points = sorties.Achever(contexte.Nom(options.classification->individus ? ".FI2" : ".FJ2"));
+    ClasserWard(contexte, rapport, points, suite.facteurs, *options.classification, suite.derniers, sorties);
   }
+  sorties.Valider();
   rapport.Ligne("Fin normale du programme");
 }
 

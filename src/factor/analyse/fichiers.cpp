@@ -33,11 +33,10 @@ double PourMille(double inertie, double total) {
   return total == 0 ? 0 : std::min(1000 * inertie / total, kInertieMaximale);
 }
 
-void EcrireFichier(const Contexte& contexte, const AnalyseAnecar& analyse, const CoteAEcrire& source,
+void EcrireFichier(Ecrivain& fichier, const AnalyseAnecar& analyse, const CoteAEcrire& source,
                    const std::vector<double>& signes, const std::vector<std::size_t>& ordre,
                    const FormatCoordonnees& format) {
   const double total = analyse.ecarts.Inertie(analyse.type);
-  Remplacement fichier(contexte.repertoire, contexte.Nom(format.extension));
   std::string ligne;
   for (const std::size_t i : ordre) {
     ligne = CadreGauche(source.elements.noms[i], 4);
@@ -49,9 +48,8 @@ void EcrireFichier(const Contexte& contexte, const AnalyseAnecar& analyse, const
     }
     if (format.intitule == Intitule::ApresUnBlanc) ligne += ' ';
     if (format.intitule != Intitule::Aucun) ligne += source.elements.intitules[i];
-    fichier.Fichier().Ligne(ligne);
+    fichier.Ligne(ligne);
   }
-  fichier.Valider();
 }
 
 std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFacteurs& inversions,
@@ -65,9 +63,15 @@ std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFa
 
 }  // namespace
 
-void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
-                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions, bool classification) {
+void EcrireCoordonnees(const Contexte& contexte, JeuDeFichiers& sorties, const PlanAnecar& plan,
+                       const TableauAnecar& tableau, const AnalyseAnecar& analyse,
+                       const InversionsDeFacteurs& inversions, bool classification) {
   const std::vector<double> signes = SignesDesFacteurs(analyse.facteurs.size(), inversions, classification);
+  const auto ecrire = [&](const CoteAEcrire& cote, const std::vector<std::size_t>& ordre,
+                          const FormatCoordonnees& format) {
+    EcrireFichier(sorties.Ouvrir(contexte.Nom(format.extension), Nature::Refaisable), analyse, cote, signes, ordre,
+                  format);
+  };
   const CoteAEcrire colonnes{plan.colonnes, analyse.ecarts.colonnes, &FacteurAnecar::colonnes};
   const CoteAEcrire lignes{tableau.lignes, analyse.ecarts.lignes, &FacteurAnecar::lignes};
   const auto enOrdre = [](std::size_t nombre) {
@@ -77,10 +81,10 @@ void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const T
   };
   const std::vector<std::size_t> ordreColonnes = enOrdre(plan.colonnes.Nombre());
   const std::vector<std::size_t> ordreLignes = enOrdre(tableau.lignes.Nombre());
-  EcrireFichier(contexte, analyse, colonnes, signes, ordreColonnes, {".FAJ", 0, Intitule::Aucun});
-  EcrireFichier(contexte, analyse, colonnes, signes, plan.positions, {".FJ2", 4, Intitule::ApresUnBlanc});
-  EcrireFichier(contexte, analyse, lignes, signes, ordreLignes, {".FAI", 0, Intitule::Colle});
-  EcrireFichier(contexte, analyse, lignes, signes, ordreLignes, {".FI2", 4, Intitule::Aucun});
+  ecrire(colonnes, ordreColonnes, {".FAJ", 0, Intitule::Aucun});
+  ecrire(colonnes, plan.positions, {".FJ2", 4, Intitule::ApresUnBlanc});
+  ecrire(lignes, ordreLignes, {".FAI", 0, Intitule::Colle});
+  ecrire(lignes, ordreLignes, {".FI2", 4, Intitule::Aucun});
 }
 
 }  // namespace quelvar::factor

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
@@ -12,9 +13,9 @@ namespace quelvar::factor {
 // Whether the sign of factor 1, 2 or 3 is reversed. From four factors on none is, unless they are to be classified.
 using InversionsDeFacteurs = std::array<bool, 3>;
 
-// Writes the four files anew with the factors found so far; coordinates are thousandths. Raises the numbers of
-// Remplacement.
-void EcrireCoordonnees(const Contexte& contexte, const PlanAnecar& plan, const TableauAnecar& tableau,
-                       const AnalyseAnecar& analyse, const InversionsDeFacteurs& inversions, bool classification);
+// Writes the four files into the set; coordinates are thousandths.
+void EcrireCoordonnees(const Contexte& contexte, JeuDeFichiers& sorties, const PlanAnecar& plan,
+                       const TableauAnecar& tableau, const AnalyseAnecar& analyse,
+                       const InversionsDeFacteurs& inversions, bool classification);
 
 }  // namespace quelvar::factor

@@ -125,8 +125,12 @@ TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemi
   for (std::int64_t i = 0; i < plan.lignesSautees; ++i) lecteur.LireObligatoire();
   Repartition repartition(plan, tableau);
   LigneBrt ligne;
+  const std::size_t burt = plan.genre == GenreTableau::Rectangulaire ? 0 : std::min(lignes, plan.colonnes.Nombre());
+  ControleDeBurt controle(brt, plan.colonnes.Nombre(), plan.largeur);
   for (std::size_t i = 0; i < lignes; ++i) {
     const std::string_view texte = lecteur.LireObligatoire();
+    if (i < burt) controle.Voir(texte, plan.colonnes.noms[plan.positions[i]]);
+    if (i + 1 == burt) controle.Conclure();
     const std::size_t position = plan.PositionLigne(i);
     if (position >= tableau.lignes.Nombre()) continue;
     LireLigneBrt(texte, static_cast<int>(plan.colonnes.Nombre()), plan.largeur, ligne);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 
@@ -17,11 +18,9 @@ struct Population {
   std::vector<std::string> libelles;
 };
 
-Population LirePopulation(const Contexte& contexte, std::size_t facteurs, const OptionsWard& options,
+Population LirePopulation(const Chemin& points, std::size_t facteurs, const OptionsWard& options,
                           std::optional<std::size_t> derniers) {
-  const std::optional<Chemin> chemin = contexte.Chercher(options.individus ? ".FI2" : ".FJ2");
-  if (!chemin) throw Erreur(kFichierIntrouvable);
-  PointsFactoriels lus = LirePoints(*chemin, facteurs, derniers.value_or(kToutesLesLignes));
+  PointsFactoriels lus = LirePoints(points, facteurs, derniers.value_or(kToutesLesLignes));
   Population population{std::move(lus.coordonnees), {}};
   for (double& x : population.points.Valeurs()) x /= 1000;
   for (std::size_t i = 0; i < lus.noms.size(); ++i) {
@@ -81,11 +80,13 @@ void EcrireArbre(Ecrivain& cah, const std::vector<EtapeWard>& etapes, bool indiv
 
 }  // namespace
 
-void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteurs, const OptionsWard& options,
-                 std::optional<std::size_t> derniers) {
-  Population population = LirePopulation(contexte, facteurs, options, derniers);
+void ClasserWard(const Contexte& contexte, Rapport& rapport, const Chemin& points, std::size_t facteurs,
+                 const OptionsWard& options, std::optional<std::size_t> derniers, JeuDeFichiers& sorties) {
+  Population population = LirePopulation(points, facteurs, options, derniers);
   rapport.Ligne({"Méthode Ward"_w, NombreNu(static_cast<int>(options.methode))});
   const auto elements = static_cast<std::int64_t>(population.libelles.size());
+  const auto n = static_cast<std::uint64_t>(elements);
+  ExigerPlace(contexte, rapport, {4 * n * n, 0});  // half a matrix of doubles
   contexte.Ecran().montrerProgression(std::max<std::int64_t>(elements - 1, 1));
   const std::vector<EtapeWard> etapes = ClasserPoints(population.points, options.methode, contexte.Ecran().progresser);
   if (static_cast<std::int64_t>(etapes.size()) < elements - 1) {
@@ -93,16 +94,13 @@ void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteur
     throw Erreur(kArretAnnonce);
   }
 
-  Remplacement cah(contexte.repertoire, contexte.Nom(".CAH"));
-  EcrireArbre(cah.Fichier(), etapes, options.individus);
-  std::optional<Remplacement> csv;
+  EcrireArbre(sorties.Ouvrir(contexte.Nom(".CAH"), Nature::Refaisable), etapes, options.individus);
+  Ecrivain* csv = nullptr;
   if (options.etapesCsv) {
-    csv.emplace(contexte.repertoire, contexte.Nom(".CSV"));
-    csv->Fichier().Ligne(" ;Etapes de l'agrégation"_w);
+    csv = &sorties.Ouvrir(contexte.Nom(".CSV"), Nature::Refaisable);
+    csv->Ligne(" ;Etapes de l'agrégation"_w);
   }
-  EcrireEtapes(rapport, csv ? &csv->Fichier() : nullptr, etapes, population.libelles);
-  cah.Valider();
-  if (csv) csv->Valider();
+  EcrireEtapes(rapport, csv, etapes, population.libelles);
   contexte.Ecran().montrerProgression(0);
 }
 

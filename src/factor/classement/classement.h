@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "factor/classement/ward.h"
 
@@ -18,10 +19,10 @@ struct OptionsWard {
   bool operator==(const OptionsWard&) const = default;
 };
 
-// Classifies on that many factors and appends to the report. With `derniers` only that many lines at the end of the
-// file are taken, the individuals behind the modalities of a Burt table. Elements too far apart stop the run with a
-// line. Raises 53 without the coordinate file.
-void ClasserWard(const Contexte& contexte, Rapport& rapport, std::size_t facteurs, const OptionsWard& options,
-                 std::optional<std::size_t> derniers);
+// Classifies the points of a coordinate file on that many factors, appends to the report and writes tree and steps into
+// the set. With `derniers` only that many lines at the end of the file are taken, the individuals behind the modalities
+// of a Burt table. Elements too far apart stop the run with a line.
+void ClasserWard(const Contexte& contexte, Rapport& rapport, const Chemin& points, std::size_t facteurs,
+                 const OptionsWard& options, std::optional<std::size_t> derniers, JeuDeFichiers& sorties);
 
 }  // namespace quelvar::factor

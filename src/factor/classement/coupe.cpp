@@ -9,6 +9,8 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
+#include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/session/generique.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -20,6 +22,7 @@ namespace {
 constexpr std::size_t kLargeurNumero = 5;
 constexpr std::size_t kLargeurIntitule = 25;
 constexpr std::string_view kSuitesDeNom = "23456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr std::uint64_t kBeaucoup = std::uint64_t{256} << 20;
 
 // The two numbers that end a step line, in five places each; a sixth stands when a step from 10000 on is taken over.
 std::array<std::int32_t, 2> LireItems(std::string_view items) {
@@ -168,15 +171,17 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   const std::string nouveau = GeneriqueSuivant(contexte.generique);
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
 
-  Remplacement nouvellesDonnees(contexte.repertoire, nouveau + ".DAT");
-  EcrireDonnees(nouvellesDonnees.Fichier(), *donnees, longueur, classes);
-  Remplacement nouveauPos(contexte.repertoire, nouveau + ".POS");
-  EcrireQuestions(nouveauPos.Fichier(), questions, longueur, classes.nombre);
-  nouvellesDonnees.Achever();
-  nouveauPos.Achever();
-  CopierLignes(contexte.Exiger(".MOD"), contexte.repertoire, nouveau + ".MOD");
-  nouvellesDonnees.Valider();
-  nouveauPos.Valider();
+  // Every line is as long as the longest: one that is much too long makes the file explode.
+  const std::uint64_t octets = static_cast<std::uint64_t>(CompterLignes(*donnees)) * (longueur + 4);
+  ExigerPlace(contexte, rapport, {0, octets}, octets > kBeaucoup && octets > 4 * LongueurFichier(*donnees));
+
+  JeuDeFichiers sorties(contexte.repertoire, nouveau);
+  for (const std::string& ligne : sorties.Recit()) rapport.Ligne(ligne);
+  EcrireDonnees(sorties.Ouvrir(nouveau + ".DAT", Nature::Refaisable), *donnees, longueur, classes);
+  EcrireQuestions(sorties.Ouvrir(nouveau + ".POS", Nature::Unique), questions, longueur, classes.nombre);
+  CopierLignes(contexte.Exiger(".MOD"), sorties.Ouvrir(nouveau + ".MOD", Nature::Unique));
+  EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  sorties.Valider();
   return nouveau;
 }
 
@@ -213,7 +218,6 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
     return;
   }
   nouveau = CreerGenerique(contexte, rapport, arbre, options.niveau);
-  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
   rapport.Ligne();
   rapport.Ligne({"Nouveau fichier de générique "_w, nouveau});
   rapport.Ligne("avec à la fin une nouvelle variable correspondant à la classification des individus"_w);

@@ -154,9 +154,9 @@ std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const Paramet
                                          bool codageLogique) {
   if (!codageLogique)
     return LignesDIndividus{contexte.Exiger(".BRT"), NombreDeclare(parametres.colonnes),
-                            static_cast<std::size_t>(parametres.largeur)};
+                            static_cast<std::size_t>(parametres.largeur), NombreDeclare(parametres.colonnes)};
   const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
-  if (cdg) return LignesDIndividus{*cdg, 0, 1};
+  if (cdg) return LignesDIndividus{*cdg, 0, 1, NombreDeclare(parametres.colonnes)};
   contexte.Ecran().demander("Le fichier en codage logique n'existe pas, vérifiez et relancez"_w, Boutons::Ok);
   return std::nullopt;
 }

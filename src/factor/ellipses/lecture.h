@@ -21,11 +21,12 @@ struct LignesDIndividus {
   Chemin fichier;           // .BRT or .CDG
   std::size_t sautees = 0;  // lines before the first individual
   std::size_t largeur = 1;  // characters of a cell
+  std::size_t colonnes = 0;
 };
 
 // The clouds of the modalities (ranks in the .MOD from 0): one for each, over the individuals whose cell isn't zero.
 // `points` are the coordinates of the individuals, thousandths, in the order of the file. Raises 62 for a file that is
-// too short.
+// too short, a sentence (13) for one that holds other modalities or more individuals.
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
                               std::span<const Position> points);
 

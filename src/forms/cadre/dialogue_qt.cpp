@@ -100,6 +100,10 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons, 
     case Boutons::Ok: boite.setStandardButtons(QMessageBox::Ok); break;
     case Boutons::OkAnnuler: boite.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
     case Boutons::OuiNon: boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    case Boutons::NonOui:
+      boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+      boite.setDefaultButton(QMessageBox::No);
+      break;
     case Boutons::OuiNonAnnuler:
       boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
       break;

@@ -198,7 +198,8 @@ void Principal::ChoisirGenerique(const QString& choisi) {
 
 bool Principal::AccepterGenerique(const QString& saisi) {
   if (!formes_.LaisserLeTravail()) return false;
-  const Acceptation acceptation = quelvar::AccepterGenerique(session_, environnement_.reglages, DepuisQt(saisi));
+  const Acceptation acceptation =
+      quelvar::AccepterGenerique(session_, environnement_.reglages, NomDepuisUtf8(saisi.toStdString()));
   AfficherTexte(acceptation.texte);
   if (!acceptation.acceptee) {
     ui_->ComboGen->clearEditText();

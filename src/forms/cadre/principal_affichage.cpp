@@ -160,7 +160,7 @@ void Principal::EnregistrerSous() {
   try {
     if (!PeutRemplacer(fichier)) return;
     const std::string octets = ui_->Text1->Octets();
-    Remplacement remplacement(fichier);
+    Remplacement remplacement(fichier, Nature::Unique);
     remplacement.Fichier().Ecrire(octets);
     remplacement.Valider();
     if (affiche_ == fichier) Retenir(fichier, octets);

@@ -2,6 +2,8 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
+#include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/impression.h"
@@ -110,27 +112,18 @@ class Surveillance {
   int nombre_ = 0;
 };
 
-// The files of a run under their scratch names, put in place together at its end.
-struct Sorties {
-  std::optional<Remplacement> cdg, brt, mod, pos;
-
-  static Ecrivain& Ouvrir(std::optional<Remplacement>& sortie, const Contexte& contexte, std::string_view extension) {
-    return sortie.emplace(contexte.repertoire, contexte.Nom(extension)).Fichier();
-  }
-  void Valider() {
-    for (std::optional<Remplacement>* sortie : {&cdg, &brt, &mod, &pos})
-      if (*sortie) (*sortie)->Achever();
-    for (std::optional<Remplacement>* sortie : {&cdg, &brt, &mod, &pos})
-      if (*sortie) (*sortie)->Valider();
-  }
-};
-
 // Reads the data and writes the tables; returns the parameter line of the .MOD.
 std::string ConstruireTables(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
-                             const OptionsPosmod& options, std::int64_t individus, Sorties& sorties, Rapport& rapport) {
+                             const OptionsPosmod& options, std::int64_t individus, JeuDeFichiers& sorties,
+                             Rapport& rapport) {
   const std::size_t modalites = plan.modalites.size();
+  const std::uint64_t m = modalites;
+  const std::uint64_t lignes = options.individus ? static_cast<std::uint64_t>(individus) : 0;
+  const std::uint64_t largeurPrevue = Nombre(individus).size();
+  ExigerPlace(contexte, rapport, {4 * m * m, (m + lignes) * (6 + m * largeurPrevue) + lignes * (6 + m)});
   std::optional<CodageLogique> codage;
-  if (options.individus) codage.emplace(Sorties::Ouvrir(sorties.cdg, contexte, ".CDG"), modalites, options.noms);
+  if (options.individus)
+    codage.emplace(sorties.Ouvrir(contexte.Nom(".CDG"), Nature::Refaisable), modalites, options.noms);
   DemandeDePasse demande{preparation.donnees, individus, codage ? &*codage : nullptr, {}};
   if (options.verifierCodesMax) demande.signaler = Surveillance(rapport, contexte.Ecran());
   TableBurt burt(modalites);
@@ -139,12 +132,9 @@ std::string ConstruireTables(const Contexte& contexte, const Preparation& prepar
     Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui prevu");
 
   const int largeur = LargeurDeCellule(burt);
-  Ecrivain& table = Sorties::Ouvrir(sorties.brt, contexte, ".BRT");
+  Ecrivain& table = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   EcrireTableBurt(table, plan.modalites, burt, largeur);
-  if (options.individus) {
-    sorties.cdg->Achever();
-    EcrireIndividus(table, sorties.cdg->CheminProvisoire(), modalites, largeur);
-  }
+  if (options.individus) EcrireIndividus(table, sorties.Achever(contexte.Nom(".CDG")), modalites, largeur);
   return LigneDeParametres(modalites, options.individus ? lus : -1, largeur);
 }
 
@@ -190,13 +180,13 @@ void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, cons
   ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer);
   MarquerSelonLeChoix(plan, changees);
 
-  Sorties sorties;
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const std::string parametres =
       nommer ? LigneDeParametres(plan.modalites.size(), -1, 0)
              : ConstruireTables(contexte, preparation, plan, options, individus, sorties, rapport);
-  EcrireMod(Sorties::Ouvrir(sorties.mod, contexte, ".MOD"), contexte.generique, parametres, plan.modalites,
+  EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, parametres, plan.modalites,
             preparation.ancienMod ? &anciennes : nullptr);
-  EcrirePosMarque(Sorties::Ouvrir(sorties.pos, contexte, ".POS"), preparation.pos, choix);
+  EcrirePosMarque(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), preparation.pos, choix);
   sorties.Valider();
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
@@ -226,13 +216,14 @@ std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode
   retenue.afficher = [&](const Affichage& montre) { affichage = montre; };
   Contexte sansMontrer = contexte;
   sansMontrer.dialogue = &retenue;
-  ExecuterProgramme(sansMontrer, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+  const Fin fin = ExecuterProgramme(sansMontrer, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     Preparation preparation = Preparer(sansMontrer, rapport);
     ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
     prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
   });
-  if (!prepare) contexte.Ecran().afficher(affichage);
-  return prepare;
+  if (fin == Fin::Normale) return prepare;
+  contexte.Ecran().afficher(affichage);
+  return std::nullopt;
 }
 
 Fin AbandonnerPosmod(const Contexte& contexte) {

@@ -5,12 +5,15 @@
 
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
+#include "modalities/creation/choix.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/posmod.h"
 #include "modalities/edition/modifmod.h"
 #include "modalities/edition/nomquest.h"
+#include "modalities/modalites.h"
 
 namespace quelvar::modalities {
 
@@ -43,6 +46,31 @@ std::optional<ListeModalites> Lire(const Contexte& contexte, std::vector<std::st
 std::string TexteDeLigne(std::string_view ligne) {
   const Modalite lue = LireLigneModalite(ligne);
   return TexteDeModalite(lue.nom, lue.marque, lue.intitule);
+}
+
+std::string PhraseInconnue(std::string_view nom) {
+  return Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
+}
+
+// A label for a modality that the creation is not going to make: told before anything is written.
+std::optional<std::string> ModaliteNonPrevue(const Contexte& contexte, const OptionsNomeMod& options) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  if (!chemin || options.intitules.empty()) return std::nullopt;
+  FichierPos pos;
+  try {
+    pos = LirePos(*chemin);
+  } catch (const Erreur&) {  // the creation tells it
+    return std::nullopt;
+  }
+  std::vector<std::string> inconnues;
+  const ChoixQuestions choix = ChoixDesNoms(pos, ModePosmod::Modi, *options.questions, {}, inconnues);
+  if (!inconnues.empty()) return std::nullopt;  // and this
+  const PlanModalites plan = PlanifierModalites(pos, choix, options.codesZero);
+  for (const auto& [nom, intitule] : options.intitules) {
+    const auto prevue = [cherche = CadreGauche(nom, 4)](const ModaliteCreee& m) { return m.nom == cherche; };
+    if (std::none_of(plan.modalites.begin(), plan.modalites.end(), prevue)) return nom;
+  }
+  return std::nullopt;
 }
 
 ListeModalites ListeNouvelle(std::size_t modalites) {
@@ -156,6 +184,10 @@ Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNomme
 
 Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
   if (options.questions) {
+    if (const std::optional<std::string> inconnue = ModaliteNonPrevue(contexte, options)) {
+      RendreCompte(contexte, PhraseInconnue(*inconnue));
+      return Fin::Arret;
+    }
     OptionsPosmod creation;
     creation.mode = ModePosmod::Modi;
     creation.actives = options.questions;
@@ -171,7 +203,7 @@ Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
         return Rogner(NomDeTexte(m.texte)) == Rogner(nom);
       });
       if (modalite == etat.modalites.end()) {
-        rapport.Ligne({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
+        rapport.Ligne(PhraseInconnue(nom));
         throw Erreur(kArretAnnonce);
       }
       PoserIntitule(modalite->texte, intitule);

@@ -75,7 +75,7 @@ void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& 
     std::string& ligne = pos.lignes[rang + 2];
     ligne = LigneAvecIntitule(ligne, questions[i].intitule);
   }
-  Remplacement fichier(contexte.repertoire, contexte.Nom(".POS"));
+  Remplacement fichier(contexte.repertoire, contexte.Nom(".POS"), Nature::Unique);
   for (const std::string& ligne : pos.lignes) fichier.Fichier().Ligne(ligne);
   fichier.Valider();
 }

@@ -6,6 +6,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/fichiers/jeu.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -173,14 +174,15 @@ void EcrireFin(const Contexte& contexte, Rapport& rapport, const std::string& no
 
 // One pass after the other, each with cells one wider than the last, until every sum fits; returns the width.
 int RegrouperJusquAuBout(Rapport& rapport, const Contexte& contexte, const Table& table, const PlanDeRegroupement& plan,
-                         const NomsDeGroupe& noms, const std::string& nouveau, std::optional<Remplacement>& brt,
+                         const NomsDeGroupe& noms, const std::string& nouveau, std::optional<JeuDeFichiers>& sorties,
                          BilanDeRegroupement& bilan) {
   bool reitere = false;
   for (int largeur = plan.ancienneLargeur;; ++largeur, reitere = true) {
     if (largeur > std::numeric_limits<std::int16_t>::max()) throw Erreur(kDepassementCapacite);
-    brt.emplace(contexte.repertoire, nouveau + ".BRT");
+    sorties.emplace(contexte.repertoire, nouveau);
+    Ecrivain& brt = sorties->Ouvrir(nouveau + ".BRT", Nature::Refaisable);
     EcrireColonnes(rapport, table, plan);
-    bilan = Regrouper(table.brt, plan, largeur, brt->Fichier());
+    bilan = Regrouper(table.brt, plan, largeur, brt);
     if (bilan.colonneTropLarge) continue;
     EcrireLignes(rapport, plan, bilan, noms);
     if (bilan.ligneTropLarge) continue;
@@ -212,19 +214,15 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   const NomsDeGroupe noms = NommerGroupes(table, options);
   plan.nomCourt = noms.ligne;
 
-  std::optional<Remplacement> brt;
+  std::optional<JeuDeFichiers> sorties;
   BilanDeRegroupement bilan;
-  const int largeur = RegrouperJusquAuBout(rapport, contexte, table, plan, noms, nouveau, brt, bilan);
+  const int largeur = RegrouperJusquAuBout(rapport, contexte, table, plan, noms, nouveau, sorties, bilan);
   const auto restantes = static_cast<std::size_t>(std::count(plan.colonnes.begin(), plan.colonnes.end(), 0));
-  Remplacement mod(contexte.repertoire, nouveau + ".MOD");
-  EcrireMod(mod.Fichier(), table, plan, noms, nouveau,
+  EcrireMod(sorties->Ouvrir(nouveau + ".MOD", Nature::Unique), table, plan, noms, nouveau,
             LigneDeParametres(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
-  brt->Achever();
-  mod.Achever();
-  if (table.pos) CopierLignes(*table.pos, contexte.repertoire, nouveau + ".POS");
-  brt->Valider();
-  mod.Valider();
-  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  if (table.pos) CopierLignes(*table.pos, sorties->Ouvrir(nouveau + ".POS", Nature::Unique));
+  EcrireInitialisation(*sorties, nouveau, contexte.niveau);
+  sorties->Valider();
   EcrireFin(contexte, rapport, nouveau);
 }
 

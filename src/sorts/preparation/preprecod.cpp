@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/fichiers/generiquetenu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/regles.h"
@@ -348,7 +349,7 @@ std::string FauteDuBloc(const std::vector<std::string>& lignes) {
                       " ou à aucun, elle n'est pas validée"_w});
     }
   } catch (const Erreur& erreur) {
-    return Joindre({TexteErreur(erreur.Numero()), " : la VIT n'est pas validée"_w});
+    return Joindre({TexteErreur(erreur), " : la VIT n'est pas validée"_w});
   }
   return {};
 }
@@ -449,7 +450,8 @@ bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
     return false;
   }
   std::vector<std::string> lignes = LignesNeuves(etat);
-  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
+  const GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(".POS"));
+  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"), Nature::Unique);
   pos.Fichier().Ligne(titre);
   const std::string tailleNeuve = LigneTailleNeuve(etat, taille);
   pos.Fichier().Ligne(tailleNeuve);

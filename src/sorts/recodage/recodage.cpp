@@ -1,9 +1,9 @@
 #include "sorts/recodage/recodage.h"
 
 #include <algorithm>
-#include <memory>
 #include <optional>
 
+#include "core/fichiers/jeu.h"
 #include "core/session/generique.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -175,54 +175,15 @@ void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& 
   throw Erreur(kArretAnnonce);
 }
 
-// The files of the new generic, written whole under scratch names, then put in place in one go.
-class Sorties {
- public:
-  Sorties(const Contexte& contexte, const Noms& noms)
-      : contexte_(contexte),
-        noms_(noms),
-        donnees_(contexte.repertoire, noms.Neuf(".DAT")),
-        pos_(contexte.repertoire, noms.Neuf(".POS")) {}
-
-  Ecrivain& Donnees() { return donnees_.Fichier(); }
-  Ecrivain& Pos() { return pos_.Fichier(); }
-
-  // The modality file of the old generic, and the backup of the one that it replaces.
-  void CopierModalites(const std::optional<ModalitesSuivies>& suivies) {
-    const std::string nom = noms_.Neuf(".MOD");
-    const std::optional<Chemin> ancien = ChercherFichier(contexte_.repertoire, nom);
-    if (ancien) sauvegarde_ = Copier(*ancien, NomDeSauvegarde(nom));
-    if (!suivies) {
-      modalites_ = Copier(contexte_.Exiger(".MOD"), nom);
-      return;
-    }
-    modalites_ = std::make_unique<Remplacement>(contexte_.repertoire, nom);
-    for (const std::string& ligne : suivies->lignes) modalites_->Fichier().Ligne(ligne);
-  }
-
-  // Without its .POS a generic is not there: the former one goes first, and the new one comes last.
-  void Valider() {
-    for (Remplacement* fichier : {&donnees_, sauvegarde_.get(), modalites_.get(), &pos_})
-      if (fichier != nullptr) fichier->Achever();
-    EffacerFichier(CheminDEcriture(contexte_.repertoire, noms_.Neuf(".POS")));
-    for (Remplacement* fichier : {&donnees_, sauvegarde_.get(), modalites_.get(), &pos_})
-      if (fichier != nullptr) fichier->Valider();
-  }
-
- private:
-  std::unique_ptr<Remplacement> Copier(const Chemin& source, const std::string& nom) {
-    auto copie = std::make_unique<Remplacement>(contexte_.repertoire, nom);
-    copie->Fichier().Ecrire(LireOctets(source));
-    return copie;
-  }
-
-  const Contexte& contexte_;
-  const Noms& noms_;
-  Remplacement donnees_;
-  Remplacement pos_;
-  std::unique_ptr<Remplacement> sauvegarde_;
-  std::unique_ptr<Remplacement> modalites_;
-};
+// The modality file of the old generic, and the backup of the one that it replaces.
+void CopierModalites(const Contexte& contexte, const std::string& nom, const std::optional<ModalitesSuivies>& suivies,
+                     JeuDeFichiers& sorties) {
+  if (const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom))
+    sorties.Copier(*ancien, NomDeSauvegarde(nom), Nature::Unique);
+  if (!suivies) return sorties.Copier(contexte.Exiger(".MOD"), nom, Nature::Unique);
+  Ecrivain& fichier = sorties.Ouvrir(nom, Nature::Unique);
+  for (const std::string& ligne : suivies->lignes) fichier.Ligne(ligne);
+}
 
 void EcrireFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
@@ -252,14 +213,16 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   const Plan plan = DresserPlan(contexte, consignes, *donnees, avertisseur);
   EcrireTableRecodage(rapport, consignes, plan);
 
-  Sorties sorties(contexte, noms);
-  const BilanDePasse bilan = Passer(contexte, consignes, plan, *donnees, sorties.Donnees(), avertisseur);
+  JeuDeFichiers sorties(contexte.repertoire, noms.nouveau);
+  Ecrivain& sortie = sorties.Ouvrir(noms.Neuf(".DAT"), Nature::Refaisable);
+  const BilanDePasse bilan = Passer(contexte, consignes, plan, *donnees, sortie, avertisseur);
   ExigerRetenus(contexte, rapport, consignes, bilan);
   EcrireBilan(rapport, consignes, bilan, avertisseur);
-  EcrirePosNeuf(sorties.Pos(), consignes, plan, TailleDe(consignes, bilan), noms.nouveau);
-  if (passerModalites) sorties.CopierModalites(modalites);
+  EcrirePosNeuf(sorties.Ouvrir(noms.Neuf(".POS"), Nature::Unique), consignes, plan, TailleDe(consignes, bilan),
+                noms.nouveau);
+  if (passerModalites) CopierModalites(contexte, noms.Neuf(".MOD"), modalites, sorties);
+  EcrireInitialisation(sorties, noms.nouveau, contexte.niveau);
   sorties.Valider();
-  EcrireInitialisation(contexte.repertoire, noms.nouveau, contexte.niveau);
   EcrireFin(contexte, rapport, noms.nouveau);
 }
 

@@ -76,9 +76,7 @@ std::vector<Lien> LireLiens(const std::optional<Chemin>& chemin) {
   return liens;
 }
 
-void EcrireLiens(const Chemin& repertoire, std::string_view nom, std::span<const Lien> liens) {
-  Remplacement remplacement(repertoire, nom);
-  Ecrivain& fichier = remplacement.Fichier();
+void EcrireLiens(Ecrivain& fichier, std::span<const Lien> liens) {
   for (const Lien& lien : liens) {
     char* place = fichier.Place(kOctetsDUnLien);
     PoserEntier(place, static_cast<std::uint16_t>(lien.premier), 2);
@@ -86,7 +84,6 @@ void EcrireLiens(const Chemin& repertoire, std::string_view nom, std::span<const
     PoserEntier(place + 4, std::bit_cast<std::uint32_t>(lien.valeur), 4);
     fichier.Avancer(kOctetsDUnLien);
   }
-  remplacement.Valider();
 }
 
 void TrierLiens(std::span<Lien> liens, ModeTri mode, const Dialogue& dialogue) {

@@ -31,8 +31,8 @@ std::int16_t NumeroDeNoeud(std::size_t numero);
 // Raises 57, 70 or 75.
 std::vector<Lien> LireLiens(const std::optional<Chemin>& chemin);
 
-// Replaces the file of that name by these records. Raises the numbers of Remplacement.
-void EcrireLiens(const Chemin& repertoire, std::string_view nom, std::span<const Lien> liens);
+// Writes the records behind each other.
+void EcrireLiens(Ecrivain& fichier, std::span<const Lien> liens);
 
 // Key of the heap sort: the value, descending; the first node, ascending; the second node, ascending.
 enum class ModeTri { NBR, LIGN, COL };

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "text/commun/source.h"
 #include "text/decoupage/liste.h"
@@ -156,38 +157,34 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
 // The files of a run, put in place together; auxiliaries that are not kept go.
 class Sorties {
  public:
-  Sorties(const Contexte& contexte, bool auxiliaires) : contexte_(contexte) {
-    Ouvrir(dat_, ".DAT");
-    Ouvrir(pos_, ".POS");
-    if (!auxiliaires) return;
-    Ouvrir(nt1_, ".NT1");
-    Ouvrir(tr1_, ".TR1");
-    Ouvrir(edi_, ".EDI");
+  Sorties(const Contexte& contexte, bool auxiliaires)
+      : jeu_(contexte.repertoire, contexte.generique),
+        donnees_(jeu_.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable)),
+        positions_(jeu_.Ouvrir(contexte.Nom(".POS"), Nature::Unique)) {
+    const auto auxiliaire = [&](std::string_view extension) -> Ecrivain* {
+      if (auxiliaires) return &jeu_.Ouvrir(contexte.Nom(extension), Nature::Refaisable);
+      jeu_.Effacer(contexte.Nom(extension));
+      return nullptr;
+    };
+    nonTries_ = auxiliaire(".NT1");
+    tries_ = auxiliaire(".TR1");
+    edition_ = auxiliaire(".EDI");
   }
 
-  Ecrivain& Donnees() { return dat_->Fichier(); }
-  Ecrivain& Positions() { return pos_->Fichier(); }
-  Ecrivain* NonTries() { return nt1_ ? &nt1_->Fichier() : nullptr; }
-  Ecrivain* Tries() { return tr1_ ? &tr1_->Fichier() : nullptr; }
-  Ecrivain* Edition() { return edi_ ? &edi_->Fichier() : nullptr; }
-
-  void Valider() {
-    for (std::optional<Remplacement>* sortie : {&nt1_, &tr1_, &edi_, &dat_, &pos_})
-      if (*sortie) (*sortie)->Achever();
-    for (std::optional<Remplacement>* sortie : {&nt1_, &tr1_, &edi_, &dat_, &pos_})
-      if (*sortie) (*sortie)->Valider();
-    if (nt1_) return;
-    for (const std::string_view extension : {".NT1", ".TR1", ".EDI"})
-      if (const std::optional<Chemin> ancien = contexte_.Chercher(extension)) EffacerFichier(*ancien);
-  }
+  Ecrivain& Donnees() { return donnees_; }
+  Ecrivain& Positions() { return positions_; }
+  Ecrivain* NonTries() { return nonTries_; }
+  Ecrivain* Tries() { return tries_; }
+  Ecrivain* Edition() { return edition_; }
+  void Valider() { jeu_.Valider(); }
 
  private:
-  void Ouvrir(std::optional<Remplacement>& sortie, std::string_view extension) {
-    sortie.emplace(contexte_.repertoire, contexte_.Nom(extension));
-  }
-
-  const Contexte& contexte_;
-  std::optional<Remplacement> dat_, pos_, nt1_, tr1_, edi_;
+  JeuDeFichiers jeu_;
+  Ecrivain& donnees_;
+  Ecrivain& positions_;
+  Ecrivain* nonTries_ = nullptr;
+  Ecrivain* tries_ = nullptr;
+  Ecrivain* edition_ = nullptr;
 };
 
 void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {

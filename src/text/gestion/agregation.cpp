@@ -4,6 +4,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "core/fichiers/jeu.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
@@ -19,7 +20,6 @@ constexpr std::string_view kAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
 constexpr int kFrequence = 4;        // columns
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
-constexpr std::size_t kMorceau = std::size_t{1} << 20;
 
 std::optional<FacteursDesLignes> LireFacteurs(const Contexte& contexte) {
   const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
@@ -134,38 +134,23 @@ std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLig
   return {};
 }
 
-void Copier(const Chemin& source, Ecrivain& fichier) {
-  for (std::uintmax_t debut = 0;; debut += kMorceau) {
-    const std::string morceau = LireMorceau(source, debut, kMorceau);
-    fichier.Ecrire(morceau);
-    if (morceau.size() < kMorceau) return;
-  }
-}
-
 // The files of the new generic, put in place together; the parameter line of .MOD comes last.
 void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std::string& nouveau) {
-  Remplacement brt(contexte.repertoire, nouveau + ".brt");
-  EcrireLignesDeTable(brt.Fichier(), table.lignes);
-  brt.Achever();
-  std::vector<std::unique_ptr<Remplacement>> copies;
-  for (const std::string_view extension : {".DAT", ".POS"}) {
-    const std::optional<Chemin> source = contexte.Chercher(extension);
-    if (!source) continue;
-    copies.push_back(std::make_unique<Remplacement>(contexte.repertoire, nouveau + std::string(extension)));
-    Copier(*source, copies.back()->Fichier());
-    copies.back()->Achever();
-  }
+  JeuDeFichiers sorties(contexte.repertoire, nouveau);
+  EcrireLignesDeTable(sorties.Ouvrir(nouveau + ".brt", Nature::Refaisable), table.lignes);
+  for (const std::string_view extension : {".DAT", ".POS"})
+    if (const std::optional<Chemin> source = contexte.Chercher(extension))
+      sorties.Copier(*source, nouveau + std::string(extension), Nature::Unique);
   ListeModalites mod = table.mod;
   mod.titre = nouveau;
   mod.parametres = ParametresDeTable(table.lignes.size(), table.Colonnes(), table.lignesSup, table.largeur);
-  for (const auto& copie : copies) copie->Valider();
-  brt.Valider();
-  EcrireListeModalites(contexte.repertoire, nouveau + ".MOD", mod);
+  EcrireListeModalites(sorties.Ouvrir(nouveau + ".MOD", Nature::Unique), mod);
+  EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  sorties.Valider();
 }
 
 void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agregation, const std::string& nouveau) {
   EcrireNouveau(contexte, agregation.table, nouveau);
-  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
   EcrireChangement(rapport, contexte, nouveau);
 }
 

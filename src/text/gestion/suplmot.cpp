@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/fichiers/jeu.h"
+
 namespace quelvar::text {
 
 namespace {
@@ -22,11 +24,10 @@ void Enregistrer(const Contexte& contexte, const TableGeree& table) {
   for (std::string& texte : mod.textes) PoserColonne(texte, EstSupplementaire(texte));
   mod.parametres = ParametresDeTable(lignes.size(), table.Colonnes(), lignes.end() - premiereSup, table.largeur);
 
-  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
-  EcrireLignesDeTable(brt.Fichier(), lignes);
-  brt.Achever();
-  EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), mod);
-  brt.Valider();
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  EcrireLignesDeTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Unique), lignes);
+  EcrireListeModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), mod);
+  sorties.Valider();
 }
 
 void Appliquer(TableGeree& table, const OptionsSuplMot::Action& action, Rapport& rapport) {

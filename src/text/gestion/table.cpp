@@ -68,7 +68,7 @@ TableOuverte OuvrirTable(const Contexte& contexte) {
   try {
     Ouvrir(contexte, ouverte);
   } catch (const Erreur& erreur) {
-    ouverte.message = {std::string(kErreur), std::string(TexteErreur(erreur.Numero()))};
+    ouverte.message = {std::string(kErreur), std::string(TexteErreur(erreur))};
   }
   return ouverte;
 }

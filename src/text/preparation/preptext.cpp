@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/fichiers/jeu.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "text/commun/generique_neuf.h"
@@ -91,15 +92,8 @@ class FichiersTransmis {
     sources_.push_back({*source, nouveau_ + std::string(extension)});
     rapport.Ligne({debut, contexte_.Nom(extension), " sera transmis sous le nom ", sources_.back().nom});
   }
-  void Copier() {
-    for (const Transmis& transmis : sources_) {
-      copies_.push_back(std::make_unique<Remplacement>(contexte_.repertoire, transmis.nom));
-      copies_.back()->Fichier().Ecrire(LireOctets(transmis.source));
-      copies_.back()->Achever();
-    }
-  }
-  void Valider() {
-    for (const auto& copie : copies_) copie->Valider();
+  void Copier(JeuDeFichiers& sorties) const {
+    for (const Transmis& transmis : sources_) sorties.Copier(transmis.source, transmis.nom, Nature::Unique);
   }
 
  private:
@@ -110,7 +104,6 @@ class FichiersTransmis {
   const Contexte& contexte_;
   const std::string& nouveau_;
   std::vector<Transmis> sources_;
-  std::vector<std::unique_ptr<Remplacement>> copies_;
 };
 
 // Name without the directories before it.
@@ -145,15 +138,13 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   TransformerOctets(texte, options);
   EcrireCodes(rapport, anciensOctets, std::string_view(texte).substr(0, kOctetsMontres));
 
-  Remplacement neuf(contexte.repertoire, nomNeuf);
-  const Apercu modifie = EcrireSansLignesVides(neuf.Fichier(), texte);
-  neuf.Achever();
+  JeuDeFichiers sorties(contexte.repertoire, nouveau);
+  const Apercu modifie = EcrireSansLignesVides(sorties.Ouvrir(nomNeuf, Nature::Refaisable), texte);
   EcrireApercu(rapport, "d'origine", nomOrigine, ancien, "entrée"_w);
   EcrireApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
-  transmis.Copier();
-  neuf.Valider();
-  transmis.Valider();
-  EcrireInitialisation(contexte.repertoire, nouveau, contexte.niveau);
+  transmis.Copier(sorties);
+  EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  sorties.Valider();
   EcrireChangement(rapport, contexte, nouveau);
   rapport.Ligne("Fin normale du programme");
 }

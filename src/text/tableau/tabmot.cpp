@@ -5,6 +5,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
@@ -181,18 +182,18 @@ std::int64_t TraiterThemes(Rapport& rapport, const Entrees& entrees, const PlanL
 void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::vector<std::size_t>& actives,
                    const PlanLexical& plan, const std::vector<std::string>& lignes, int largeur,
                    std::int64_t decimales) {
-  Remplacement brt(contexte.repertoire, contexte.Nom(".BRT"));
-  Remplacement mod(contexte.repertoire, contexte.Nom(".MOD"));
-  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
-  for (const std::string& ligne : lignes) brt.Fichier().Ligne(ligne);
-  EcrireModLexical(mod.Fichier(), contexte.generique, plan, entrees.intitules, lignes, largeur, decimales);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
+  Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
+  Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
+  for (const std::string& ligne : lignes) brt.Ligne(ligne);
+  EcrireModLexical(mod, contexte.generique, plan, entrees.intitules, lignes, largeur, decimales);
   for (std::size_t i = 0; i < entrees.pos.lignes.size(); ++i) {
     const bool question = i >= 2 && i < entrees.pos.premiereApres;
     const bool choisie = question && std::binary_search(actives.begin(), actives.end(), i - 2);
-    pos.Fichier().Ligne(question ? LigneMarquee(entrees.pos.lignes[i], choisie) : entrees.pos.lignes[i]);
+    pos.Ligne(question ? LigneMarquee(entrees.pos.lignes[i], choisie) : entrees.pos.lignes[i]);
   }
-  for (Remplacement* fichier : {&brt, &mod, &pos}) fichier->Achever();
-  for (Remplacement* fichier : {&brt, &mod, &pos}) fichier->Valider();
+  sorties.Valider();
 }
 
 void EcrireFin(Rapport& rapport) {

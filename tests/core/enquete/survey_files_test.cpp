@@ -10,6 +10,7 @@
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
 #include "support/environnement.h"
+#include "support/erreur.h"
 
 namespace quelvar {
 namespace {
@@ -202,6 +203,27 @@ TEST_F(FichiersDEnquete, TableRowsKeepTouchingCells) {
   EXPECT_EQ(codage.presence, (std::vector<std::uint8_t>{1, 0, 1}));
   LireLigneCdg(lecteur.LireObligatoire(), 3, codage);
   EXPECT_EQ(codage.nomLong, "Dupont");
+}
+
+TEST(ControleDeBurt, ATableOfOtherModalitiesIsRefused) {
+  struct Cas {
+    std::vector<std::string> lignes;
+    int numero;
+  };
+  const std::vector<std::string> noms = {"AAA1", "AAA2"};
+  for (const Cas& c :
+       {Cas{{"AAA1 3 0", "AAA2 0 4"}, 0}, Cas{{"     3 0", "AAA2 0 4 long"}, 0}, Cas{{"AAA1 3", "AAA2 0 4"}, 0},
+        Cas{{"AAA1 3 0", "BBB1 0 4"}, kIncompatibiliteType}, Cas{{"AAA130", "AAA204"}, kIncompatibiliteType},
+        Cas{{"AAA1  3  0", "AAA2  0  4"}, kIncompatibiliteType}}) {
+    const Chemin brt = "ENQ.BRT";
+    ControleDeBurt controle(brt, 2, 2);
+    EXPECT_EQ(essai::NumeroLeve([&] {
+                for (std::size_t i = 0; i < c.lignes.size(); ++i) controle.Voir(c.lignes[i], noms[i]);
+                controle.Conclure();
+              }),
+              c.numero)
+        << c.lignes.back();
+  }
 }
 
 TEST_F(FichiersDEnquete, DescriptorWithItsFaults) {

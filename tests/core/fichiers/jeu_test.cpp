@@ -5,14 +5,18 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <cstring>
 #include <functional>
 #include <map>
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/reprise.h"
+#include "core/fichiers/signaux.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
 
@@ -157,33 +161,35 @@ TEST_F(Jeu, ATargetThatMayNotBeReplacedStopsBeforeTheFirstRename) {
   EXPECT_EQ(LireOctets(dossier_.Chemin() / "ENQ.BRT"), "ancienne table");
 }
 
-// What a stop of the machine may leave: another start is written into the record of a set that was put in place.
-TEST_F(Jeu, AResultThatTheMachineHasLostIsSetAside) {
-  const Chemin releve = CheminDeReleve(dossier_.Chemin(), "ENQ");
+// What a stop of the machine may leave: the mark tells of another start, and the file is not what was written.
+TEST_F(Jeu, AResultThatTheMachineHasLostIsRefused) {
+  Preparer();
+  Ecrire();
+  EXPECT_FALSE(std::filesystem::exists(CheminDeReleve(dossier_.Chemin(), "ENQ")));
+  const Chemin brt = dossier_.Chemin() / "ENQ.BRT";
+  std::array<char, 256> marque{};
+  if (::getxattr(brt.c_str(), "user.quelvar.resultat", marque.data(), marque.size()) <= 0)
+    GTEST_SKIP() << "no extended attributes here";
   const auto redemarrer = [&] {
-    Releve lu = *LireReleve(releve);
-    lu.amorce = "avant";
-    EcrireReleve(releve, lu, false);
+    marque[0] = marque[0] == 'x' ? 'y' : 'x';
+    ::setxattr(brt.c_str(), "user.quelvar.resultat", marque.data(), std::strlen(marque.data()), 0);
   };
-  Preparer();
-  Ecrire();
   redemarrer();
-  EXPECT_TRUE(ReprendreGenerique(dossier_.Chemin(), "ENQ").recit.empty()) << "a whole result is left in peace";
-  EXPECT_FALSE(std::filesystem::exists(releve));
+  EXPECT_TRUE(LireOctets(brt) == apres_.at("ENQ.BRT")) << "a whole result is left in peace";
+  EXPECT_LT(::getxattr(brt.c_str(), "user.quelvar.resultat", nullptr, 0), 0) << "and loses its mark";
 
-  Preparer();
-  Ecrire();
   redemarrer();
-  const auto instant = std::filesystem::last_write_time(dossier_.Chemin() / "ENQ.BRT");
-  std::filesystem::resize_file(dossier_.Chemin() / "ENQ.BRT", 4096);
-  std::filesystem::last_write_time(dossier_.Chemin() / "ENQ.BRT", instant);
-  essai::EcrireOctets(dossier_.Chemin() / "ENQ.CDG", "corrig\xE9 par l'utilisateur");
-  const Reprise reprise = ReprendreGenerique(dossier_.Chemin(), "ENQ");
-  ASSERT_EQ(reprise.recit.size(), 4U);
-  EXPECT_EQ(reprise.recit[1],
-            "    il a 4096 octets, il devait en avoir 300000 ; il est mis de côté sous le nom ENQ.BRT.incomplet"_w);
-  EXPECT_FALSE(std::filesystem::exists(dossier_.Chemin() / "ENQ.BRT"));
-  EXPECT_TRUE(std::filesystem::exists(dossier_.Chemin() / "ENQ.CDG"));
+  const auto instant = std::filesystem::last_write_time(brt);
+  std::filesystem::resize_file(brt, 4096);
+  std::filesystem::last_write_time(brt, instant);
+  try {
+    LireOctets(brt);
+    ADD_FAILURE() << "a torn result was read";
+  } catch (const Erreur& erreur) {
+    EXPECT_NE(erreur.Phrase().find("(4096 octets, il devait en avoir 300000)"), std::string::npos) << erreur.Phrase();
+  }
+  essai::EcrireOctets(brt, "corrige par l'utilisateur");
+  EXPECT_EQ(LireOctets(brt), "corrige par l'utilisateur");
 }
 
 // A scratch file that the stop of the machine has emptied cannot finish the set.
@@ -192,7 +198,7 @@ TEST_F(Jeu, ACommitWhoseScratchFilesAreTornIsUndone) {
     Preparer();
     if (WIFEXITED(EcrireAilleurs(appel, 0))) break;
     const std::optional<Releve> lu = LireReleve(CheminDeReleve(dossier_.Chemin(), "ENQ"));
-    if (!lu || lu->etat != EtatDeReleve::EnCours) continue;
+    if (!lu) continue;
     const bool nonPose = std::filesystem::exists(lu->entrees.front().provisoire) &&
                          LireOctets(lu->entrees.front().cible) == avant_.at("ENQ.BRT");
     if (!nonPose) continue;
@@ -236,6 +242,23 @@ TEST_F(Jeu, OneWriterAtATime) {
   essai::EcrireOctets(dossier_.Chemin() / "ENQ.BRT.~1-1", "reste");
   Ecrire();
   EXPECT_TRUE(Lire() == apres_) << "the lock of a dead process is taken over, its scratch files are gone";
+}
+
+TEST_F(Jeu, ASignalRemovesTheScratchFiles) {
+  Preparer();
+  const pid_t enfant = fork();
+  if (enfant == 0) {
+    EffacerAuxSignaux();
+    JeuDeFichiers jeu(dossier_.Chemin(), "ENQ");
+    jeu.Ouvrir("ENQ.BRT", Nature::Refaisable).Ecrire("nouvelle");
+    jeu.Ouvrir("ENQ.MOD", Nature::Unique).Ecrire("nouveaux");
+    ::raise(SIGTERM);
+    _exit(0);
+  }
+  int etat = 0;
+  waitpid(enfant, &etat, 0);
+  EXPECT_TRUE(WIFSIGNALED(etat) && WTERMSIG(etat) == SIGTERM);
+  EXPECT_TRUE(Lire() == avant_);
 }
 
 TEST_F(Jeu, AScratchNameIsNeverFollowed) {

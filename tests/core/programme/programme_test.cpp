@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/programme/place.h"
 #include "support/programme.h"
 
 namespace quelvar {
@@ -72,6 +73,19 @@ TEST_F(Cadre, AReportWithoutANameIsDeletedOnceShown) {
   Executer([](Rapport& rapport) { rapport.Ligne("b"); }, ".PRT");
   EXPECT_EQ(vu_.texte, "b\r\n");
   EXPECT_FALSE(Existe(".PRT"));
+}
+
+TEST_F(Cadre, WhatTakesMuchRoomIsAskedAndNoIsTheDefault) {
+  const auto prendre = [](const Contexte& contexte, std::uint64_t octets) {
+    return [&contexte, octets](Rapport& rapport) { ExigerPlace(contexte, rapport, {octets, 0}); };
+  };
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Executer(prendre(contexte_, 1000)), Fin::Normale);
+  EXPECT_EQ(Executer(prendre(contexte_, std::uint64_t{1} << 60)), Fin::Arret);
+  EXPECT_NE(vu_.texte.find("il prendrait 1152921504606846976 octets de mémoire"_w), std::string::npos) << vu_.texte;
+  EXPECT_EQ(PremierBouton(Boutons::NonOui), Reponse::Non);
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(Executer(prendre(contexte_, std::uint64_t{1} << 60)), Fin::Normale);
 }
 
 TEST_F(Cadre, AReportThatCannotBeWrittenIsToldOnTheScreen) {

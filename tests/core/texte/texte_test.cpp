@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace quelvar {
 namespace {
 
@@ -40,6 +42,20 @@ TEST(Texte, ColumnsCountFromOneAndEndWithTheText) {
   EXPECT_EQ(Milieu("abcdef", 2, 3), "bcd");
   EXPECT_EQ(Milieu("abcdef", 6, 3), "f");
   EXPECT_EQ(Milieu("abcdef", 7, 3), "");
+}
+
+TEST(Texte, NamesLoseNothing) {
+  std::set<std::string> noms;
+  for (const std::string nom : {"ENQ", "Été", "Да", "Не", "a\xFF", "a\xFE", "\xC2\x81", "\xF0\x9F\x98\x80"}) {
+    const std::string texte = NomDepuisUtf8(nom);
+    EXPECT_EQ(VersUtf8(texte), nom);
+    noms.insert(Majuscules(texte));
+  }
+  EXPECT_EQ(noms.size(), 8U);
+  EXPECT_EQ(NomMontrable(NomDepuisUtf8("Да-é")),
+            "?"
+            "?-\xE9");
+  EXPECT_EQ(NomMontrable("\x81\x8D\x81"), "\x81\x8D\x81") << "bytes that are no name stay";
 }
 
 TEST(Texte, Utf8IsToldFromTheCodePage) {

@@ -31,7 +31,12 @@ TEST(Liens, OctetsDuFichier) {
   const std::string octets(reinterpret_cast<const char*>(kOctets), sizeof kOctets);
   const essai::DossierTemporaire dossier;
   const std::vector<Lien> liens = {{5, 258, 1.0F}, {32767, -2, -0.5F}};
-  EcrireLiens(dossier.Chemin(), "ENQ.PEM", liens);
+  const auto ecrire = [&](std::span<const Lien> aEcrire) {
+    Ecrivain fichier(dossier.Chemin() / "ENQ.PEM");
+    EcrireLiens(fichier, aEcrire);
+    fichier.Fermer();
+  };
+  ecrire(liens);
   EXPECT_EQ(LireOctets(dossier.Chemin() / "ENQ.PEM"), octets);
 
   essai::EcrireOctets(dossier.Chemin() / "ENQ.PEM", octets + "cut off");  // 7 bytes are no record
@@ -40,7 +45,7 @@ TEST(Liens, OctetsDuFichier) {
   EXPECT_EQ(relus[1].valeur, -0.5F);
 
   EXPECT_TRUE(LireLiens(std::nullopt).empty());
-  EcrireLiens(dossier.Chemin(), "ENQ.PEM", {});
+  ecrire({});
   EXPECT_EQ(LongueurFichier(dossier.Chemin() / "ENQ.PEM"), 0U);
 }
 

@@ -88,7 +88,7 @@ void Saisief::Enregistrer() {
     liste_->Rafraichir();
   } catch (const Erreur& erreur) {
     services_.ecran.biper();
-    services_.ecran.demander(Joindre({"L'enregistrement n'est pas fait : "_w, TexteErreur(erreur.Numero()),
+    services_.ecran.demander(Joindre({"L'enregistrement n'est pas fait : "_w, TexteErreur(erreur),
                                       ". Les réponses restent à l'écran ; refaites Entrée quand c'est réparé."_w}),
                              Boutons::Ok);
   }

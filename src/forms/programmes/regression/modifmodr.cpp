@@ -132,7 +132,7 @@ void ModifModR::Enregistrer() {
   try {
     regression::SauverModifModR(contexte_, etat_.textes);
   } catch (const Erreur& erreur) {
-    Dire(regression::kTitreErreur, TexteErreur(erreur.Numero()));
+    Dire(regression::kTitreErreur, TexteErreur(erreur));
     return;
   }
   if (const std::string_view incoherence = regression::Incoherence(etat_.textes); !incoherence.empty()) {

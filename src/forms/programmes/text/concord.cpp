@@ -42,7 +42,7 @@ void Concord::Enregistrer() {
     copie.Fichier().Ecrire(DepuisQt(ui_->TextInfo->toPlainText().replace('\n', QStringLiteral("\r\n"))));
     copie.Valider();
   } catch (const Erreur& erreur) {
-    services_.ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
   }
 }
 
@@ -51,7 +51,7 @@ void OuvrirConcord(Services& services, const std::vector<std::string>& mots) {
   try {
     Montrer<Concord>(services, text::ChercherConcordances(services.ContexteEnCours(), mots));
   } catch (const Erreur& erreur) {
-    services.ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    services.ecran.demander(TexteErreur(erreur), Boutons::Ok);
   }
 }
 

@@ -105,7 +105,7 @@ void OuvrirSaisieMot(Services& services) {
   try {
     Montrer<SaisieMot>(services);
   } catch (const Erreur& erreur) {
-    services.ecran.demander(TexteErreur(erreur.Numero()), Boutons::Ok);
+    services.ecran.demander(TexteErreur(erreur), Boutons::Ok);
   }
 }
 
