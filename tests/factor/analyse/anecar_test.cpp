@@ -103,7 +103,7 @@ TEST_F(RunAnecar, EditionFollowsTheSizeAtLevelOne) {
   std::string brt;
   for (int i = 0; i < 50; ++i) {
     mod += std::to_string(100 + i) + "1" + (i == 1 ? " S\n" : "\n");
-    brt += "X   ";
+    brt += std::to_string(100 + i) + "1";
     for (int j = 0; j < 50; ++j) brt += i == j ? "40" : (i + j) % 3 == 0 ? "20" : "10";
     brt += '\n';
   }
