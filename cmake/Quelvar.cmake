@@ -32,7 +32,8 @@ if(QUELVAR_WERROR AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILE
   # The ones left out come from the optimiser: they warn, but do not stop a build.
   target_compile_options(quelvar_options INTERFACE -Werror
     -Wno-error=maybe-uninitialized -Wno-error=array-bounds -Wno-error=stringop-overflow
-    -Wno-error=stringop-overread -Wno-error=restrict)
+    -Wno-error=stringop-overread -Wno-error=stringop-truncation -Wno-error=format-truncation
+    -Wno-error=free-nonheap-object -Wno-error=nonnull -Wno-error=restrict)
 endif()
 
 # Below the forms: what computes and prints is optimised a little in every debug build, for its tests run over whole
