@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Builds Quelvar and runs every test: layout of the sources, arrows between folders, release, the
-# Debian package, sanitizers, the part below the windows without
+# Builds Quelvar and runs every test: layout of the sources, arrows between folders, release, sanitizers, the part below the windows without
 # Qt, static analysis, and the seeds of the fuzz targets.
 #   ./test.sh            everything; installs what is missing
 #   ./test.sh --rapide   the suite of the dev preset only, installs nothing
@@ -52,8 +51,6 @@ chaine() (
     cp -r "$racine/examples/paquets" "$copie/paquets" && cd "$copie/paquets" && sh -e chaine.sh && [ -s mots.svg ]
 )
 
-paquet() { packaging/essai.sh build/release || [ $? = 77 ]; }
-
 tout() {
   etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_EXEMPLE[@]}" "${PAQUETS_FORMES[@]}" \
     "${PAQUETS_ESSAIS[@]}"
@@ -63,7 +60,6 @@ tout() {
   etape "sens des flèches" tools/fleches.sh
   suite release -DQUELVAR_BENCH=ON
   etape "chaîne d'exemple" chaine
-  etape "paquet Debian" paquet
   suite asan ""
   suite core -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
   etape "analyse statique" tools/tidy.sh build/release
