@@ -150,10 +150,10 @@ std::vector<std::size_t> DemanderChangements(const FichierPos& pos, const PlanMo
     const bool active = !plan.modalites[plan.questions[q].premiere].supplementaire;
     (active ? actives : supplementaires) += Joindre({" ", pos.questions[plan.questions[q].rang].nom});
   }
-  std::string texte("Ces questions étaient de l'autre côté dans l'ancien fichier de modalités :"_w);
+  std::string texte = Joindre({"Ces questions étaient de l'autre côté dans l'ancien fichier de modalités :"_w});
   if (!actives.empty()) texte += Joindre({"\r\nmaintenant actives :", actives});
   if (!supplementaires.empty()) texte += Joindre({"\r\nmaintenant supplémentaires :"_w, supplementaires});
-  texte += "\r\nLe choix d'aujourd'hui l'emporte-t-il ? (Non : les anciennes marques sont gardées)"_w;
+  texte += Joindre({"\r\nLe choix d'aujourd'hui l'emporte-t-il ? (Non : les anciennes marques sont gardées)"_w});
   if (dialogue.demander(texte, Boutons::OuiNon) != Reponse::Oui) return {};
   rapport.Ligne();
   if (!actives.empty()) rapport.Ligne({"Questions passées en actives selon le choix :"_w, actives});

@@ -167,10 +167,11 @@ double TotalDe(const std::vector<double>& effectifs, const OptionsTriapl& option
   return total;
 }
 
-const std::vector<std::string> kTitresDuCumul = {
-    " ", std::string("Impression du cumul des tris précedents"_w),
-    std::string("Les pourcentages sont calculés sur les occurences citées"_w),
-    std::string("c'est à dire autres que non-reponse=0"_w), " "};
+std::vector<std::string> TitresDuCumul() {
+  return {" ", Joindre({"Impression du cumul des tris précedents"_w}),
+          Joindre({"Les pourcentages sont calculés sur les occurences citées"_w}),
+          Joindre({"c'est à dire autres que non-reponse=0"_w}), " "};
+}
 
 // The table of every question and, on request, that of all of them together.
 std::vector<TableauEdite> DresserTris(const OptionsTriapl& options, const Etude& etude,
@@ -193,7 +194,7 @@ std::vector<TableauEdite> DresserTris(const OptionsTriapl& options, const Etude&
   }
   if (options.reponsesMultiples) {
     tableaux.push_back(DresserCumul(cumul, totalCumule));
-    tableaux.back().titres = kTitresDuCumul;
+    tableaux.back().titres = TitresDuCumul();
   }
   return tableaux;
 }
