@@ -121,7 +121,7 @@ void CocherTableauIsole(EtatChoixVar& etat, bool coche, const Contexte& contexte
   const bool existe = contexte.Chercher(".MOD").has_value() || contexte.Chercher(".BRT").has_value();
   if (existe && contexte.Ecran().demander("Attention : le nouveau fichier va effacer des fichiers existants (*.MOD "
                                           "*.BRT) : acceptez-vous cette éventualité ?"_w,
-                                          Boutons::OuiNon) == Reponse::Non) {
+                                          Boutons::NonOui) != Reponse::Oui) {
     etat.tableauIsole = false;
     etat.isolePossible = false;
     contexte.Ecran().demander("Le tableau isolé ne sera pas sauvegardé"_w, Boutons::Ok);

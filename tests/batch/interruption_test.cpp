@@ -56,6 +56,9 @@ class Interruptions : public testing::TestWithParam<Cas> {
     Demande demande = LireLigneDeCommande(mots);
     Dialogue dialogue;
     dialogue.horloge = [] { return DateHeure{2017, 5, 2, 14, 30, 0}; };
+    dialogue.demander = [](std::string_view, Boutons boutons) {
+      return boutons == Boutons::NonOui ? Reponse::Oui : PremierBouton(boutons);
+    };
     demande.programme->executer({demande.repertoire, demande.generique, 1, &dialogue}, demande.options);
   }
 
@@ -137,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Cas{"recodage", {kPosmod}, {"recodage", "ENQ"}, {"ENR.DAT", "ENR.POS", "ENR.MOD"}},
                     Cas{"coupe",
                         {kPosmod, {"anecar", "ENQ", "cah=ward1", "individus=oui"}},
-                        {"ward-coupe", "ENQ", "niveau=3"},
+                        {"ward-coupe", "ENQ", "niveau=3", "remplacer=oui"},
                         {"ENR.DAT", "ENR.POS", "ENR.MOD"}}),
     [](const auto& cas) { return cas.param.nom; });
 

@@ -6,7 +6,7 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::string_view kFichiers[] = {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES"};
+constexpr std::string_view kFichiers[] = {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES", ".TXT"};
 constexpr int kPasDUnTour = 26;  // the rule of names goes round the letters
 
 }  // namespace
@@ -42,12 +42,21 @@ std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte) {
     contexte.Ecran().demander("Le nouveau générique ne peut être celui en cours"_w, Boutons::Ok);
     return std::nullopt;
   }
-  if (GeneriqueExiste(contexte.repertoire, nom) &&
-      contexte.Ecran().demander(
-          Joindre({"Le générique "_w, nom, " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
-          Boutons::OuiNon) != Reponse::Oui)
-    return std::nullopt;
+  if (nom.find_first_of("/\\") != std::string::npos || !PeutEtreRemplace(contexte, nom)) return std::nullopt;
   return nom;
+}
+
+bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique) {
+  if (!GeneriqueExiste(contexte.repertoire, generique)) return true;
+  return contexte.Ecran().demander(Joindre({"Le générique "_w, generique,
+                                            " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
+                                   Boutons::NonOui) == Reponse::Oui;
+}
+
+void EcrireChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau) {
+  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
+  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
+  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
 }
 
 }  // namespace quelvar

@@ -15,7 +15,12 @@ bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique);
 std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique);
 
 // The next generic if it is free. Else an input box proposes a free one; a name that is taken too is confirmed by a
-// box. Nothing when the user gives up; an empty name without a current generic.
+// box, whose default is no. Nothing when the user gives up; an empty name without a current generic.
 std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte);
+// Whether the files of a generic may be replaced: true when there are none, else the answer to a box, by default no.
+bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique);
+
+// The lines of a report on the move to another generic.
+void EcrireChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau);
 
 }  // namespace quelvar

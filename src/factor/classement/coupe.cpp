@@ -12,6 +12,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/session/generique.h"
+#include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 
@@ -158,8 +159,17 @@ std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
   return taille.individus > 0 ? std::min(taille.individus, lignes) : lignes;
 }
 
+std::string NouveauGenerique(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options) {
+  if (options.remplacer) return GeneriqueSuivant(contexte.generique);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  if (nouveau) return *nouveau;
+  rapport.Ligne("Arrêt volontaire du programme"_w);
+  throw Erreur(kArretAnnonce);
+}
+
 // The next generic with the variable of the classes.
-std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre, int niveau) {
+std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre,
+                           const OptionsCoupe& options) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   ExigerFichiers(rapport, contexte.Ecran(),
@@ -167,8 +177,8 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
                  kArretAbsenceSansAccents);
   const FichierPos questions = LirePos(*pos);
   ExigerElements(contexte, rapport, arbre, IndividusLus(*donnees, questions.taille), ".DAT");
-  const ClassesDIndividus classes = ClasserIndividus(arbre.etapes, niveau);
-  const std::string nouveau = GeneriqueSuivant(contexte.generique);
+  const ClassesDIndividus classes = ClasserIndividus(arbre.etapes, options.niveau);
+  const std::string nouveau = NouveauGenerique(contexte, rapport, options);
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
 
   // Every line is as long as the longest: one that is much too long makes the file explode.
@@ -217,7 +227,7 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
     ListerClasses(rapport, modalites, arbre.etapes, options);
     return;
   }
-  nouveau = CreerGenerique(contexte, rapport, arbre, options.niveau);
+  nouveau = CreerGenerique(contexte, rapport, arbre, options);
   rapport.Ligne();
   rapport.Ligne({"Nouveau fichier de générique "_w, nouveau});
   rapport.Ligne("avec à la fin une nouvelle variable correspondant à la classification des individus"_w);

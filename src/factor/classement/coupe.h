@@ -23,6 +23,7 @@ ArbreCah LireCah(const Chemin& chemin);
 struct OptionsCoupe {
   int niveau = 0;               // number of steps
   bool intitulesLongs = false;  // classes of modalities are listed by their long labels
+  bool remplacer = false;       // the files of the next generic may be replaced unasked; else a free name is proposed
 
   bool operator==(const OptionsCoupe&) const = default;
 };

@@ -15,7 +15,9 @@ const Description<OptionsCoupe>& DescriptionWardCoupe() {
                      WardCoupe)
           .Entier("niveau", &O::niveau, 0, kEtapesAuPlus, "nombre d'étapes de l'arbre"_w)
           .OuiNon("intituleslongs", &O::intitulesLongs, "liste les modalités par leur intitulé long"_w)
-          .Montre("CheckLong");
+          .Montre("CheckLong")
+          .OuiNon("remplacer", &O::remplacer,
+                  "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);
   return description;
 }
 

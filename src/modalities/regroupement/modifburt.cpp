@@ -163,9 +163,7 @@ void EcrireMod(Ecrivain& sortie, const Table& table, const PlanDeRegroupement& p
 }
 
 void EcrireFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
-  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
-  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
-  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+  EcrireChangementDeGenerique(rapport, contexte, nouveau);
   rapport.Ligne("Vous pouvez lancer directement l'analyse factorielle");
   if (contexte.niveau == 2) rapport.Ligne("Vous pouvez passer en niveau 1 pour accélérer le processus"_w);
   rapport.Ligne("Fin normale du programme");

@@ -5,6 +5,7 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/session/generique.h"
+#include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "sorts/recodage/consignes.h"
@@ -26,14 +27,24 @@ struct Noms {
   std::string Neuf(std::string_view extension) const { return nouveau + std::string(extension); }
 };
 
-// A typed name loses what follows its first point; an empty answer keeps the proposed name.
-std::string DemanderGenerique(const Contexte& contexte) {
-  if (contexte.generique.empty()) return {};
-  const std::string propose = GeneriqueSuivant(contexte.generique);
-  const std::string saisi = contexte.Ecran().saisir(
-      "Si choix d'un générique autre que par défaut, entrez le générique sinon faites entrée "_w, propose);
-  const std::string_view nom = Rogner(std::string_view(saisi).substr(0, saisi.find('.')));
-  return nom.empty() ? propose : std::string(nom);
+// A typed name loses what follows its first point; an empty answer keeps the proposed name. Nothing when the files of
+// that generic are not to be replaced.
+std::optional<std::string> DemanderGenerique(const Contexte& contexte, bool remplacer) {
+  if (contexte.generique.empty()) return std::string();
+  const std::string suivant = GeneriqueSuivant(contexte.generique);
+  std::string question =
+      Joindre({"Si choix d'un générique autre que par défaut, entrez le générique sinon faites entrée "_w});
+  std::string propose = suivant;
+  if (!remplacer && GeneriqueExiste(contexte.repertoire, suivant)) {
+    propose = GeneriqueLibre(contexte.repertoire, contexte.generique);
+    question = Joindre({"Le générique "_w, suivant, " existe déjà dans ce répertoire.\r\n"_w, question});
+  }
+  const std::string saisi = contexte.Ecran().saisir(question, propose);
+  const std::string nom(Rogner(std::string_view(saisi).substr(0, saisi.find('.'))));
+  if (nom.empty()) return propose;
+  // The generic of the source is refused behind the banner, as ever.
+  if (!remplacer && !EgalSansCasse(nom, contexte.generique) && !PeutEtreRemplace(contexte, nom)) return std::nullopt;
+  return nom;
 }
 
 // Whether the modality file goes to the new generic; asks, unless the session has its answer.
@@ -232,8 +243,12 @@ Fin Recodage(const Contexte& contexte, const OptionsRecodage& options) {
   SuiteRecodage sansSuite;
   SuiteRecodage& suite = options.suite != nullptr ? *options.suite : sansSuite;
   suite.generique = contexte.generique;
-  const Noms noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees,
-                  DemanderGenerique(contexte)};
+  const std::optional<std::string> nouveau = DemanderGenerique(contexte, options.remplacer);
+  if (!nouveau) {
+    contexte.Ecran().demander("Arrêt volontaire du programme"_w, Boutons::Ok);
+    return Fin::Arret;
+  }
+  const Noms noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees, *nouveau};
   const Fin fin = ExecuterProgramme(contexte, noms.Neuf(".REC"), LibellesErreur{},
                                     [&](Rapport& rapport) { Executer(contexte, options, noms, suite, rapport); });
   if (fin == Fin::Normale) suite.generique = noms.nouveau;

@@ -19,6 +19,8 @@ Description<O> Decrire() {
       .OuiNon("toutes", &O::toutesSelectionnees, "une question sans règle compte comme sélectionnée par S"_w)
       .MontreLeContraire("CaseVerif")
       .Alias("selectionnees", {{"oui", "non"}, {"non", "oui"}})
+      .OuiNon("remplacer", &O::remplacer,
+              "remplace sans demander les fichiers du nouveau générique ; non : un nom libre est proposé"_w)
       .Texte("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
       .Montre("CaseDat")
       .Alias({"dat"});

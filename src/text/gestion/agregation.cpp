@@ -5,10 +5,10 @@
 #include <unordered_map>
 
 #include "core/fichiers/jeu.h"
+#include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
-#include "text/commun/generique_neuf.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {
@@ -151,7 +151,7 @@ void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std:
 
 void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agregation, const std::string& nouveau) {
   EcrireNouveau(contexte, agregation.table, nouveau);
-  EcrireChangement(rapport, contexte, nouveau);
+  EcrireChangementDeGenerique(rapport, contexte, nouveau);
 }
 
 // Rows behind the merged one are supplementary by their number only: the user is told that they move.
@@ -243,7 +243,7 @@ std::string RefusDeTerminer(const Agregation& agregation) {
 }
 
 Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, std::string& nouveau) {
-  nouveau = ChoisirGeneriqueNeuf(contexte);
+  nouveau = DemanderGeneriqueLibre(contexte).value_or("");
   if (nouveau.empty()) return Fin::Arret;
   PrevenirDesSupplementaires(contexte, agregation);
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
@@ -276,7 +276,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
       contexte.Ecran().demander(RefusDeTerminer(agregation), Boutons::Ok);
       throw Erreur(kArretAnnonce);
     }
-    const std::string nouveau = ChoisirGeneriqueNeuf(contexte);
+    const std::string nouveau = DemanderGeneriqueLibre(contexte).value_or("");
     if (nouveau.empty()) throw Erreur(kArretAnnonce);
     PrevenirDesSupplementaires(contexte, agregation);
     Terminer(rapport, contexte, agregation, nouveau);

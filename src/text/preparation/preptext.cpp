@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "core/fichiers/jeu.h"
+#include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
-#include "text/commun/generique_neuf.h"
 #include "text/commun/lignes.h"
 #include "text/commun/source.h"
 
@@ -145,7 +145,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   transmis.Copier(sorties);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
   sorties.Valider();
-  EcrireChangement(rapport, contexte, nouveau);
+  EcrireChangementDeGenerique(rapport, contexte, nouveau);
   rapport.Ligne("Fin normale du programme");
 }
 
@@ -163,7 +163,7 @@ std::string RefusDePreparer(const Contexte& contexte, const OptionsPrepText& opt
 }
 
 Fin PrepText(const Contexte& contexte, const OptionsPrepText& options, std::string& nouveau) {
-  nouveau = ChoisirGeneriqueNeuf(contexte);
+  nouveau = DemanderGeneriqueLibre(contexte).value_or("");
   if (nouveau.empty()) return Fin::Arret;
   return ExecuterProgramme(contexte, nouveau + ".prt", LibellesErreur{},
                            [&](Rapport& rapport) { Preparer(rapport, contexte, options, nouveau); });

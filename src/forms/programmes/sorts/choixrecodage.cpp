@@ -14,6 +14,7 @@ void Recoder(Services& services, sorts::OptionsRecodage options) {
   Session& session = services.session;
   sorts::SuiteRecodage suite{session.generique, session.passerModalites};
   options.suite = &suite;
+  options.remplacer = false;
   Fin fin = Fin::Arret;
   bool annulee = false;
   Dialogue ecran = services.ecran;
