@@ -70,9 +70,7 @@ void Preparer(FormeCroise& forme, const RequeteCroise& requete) {
 }
 
 void EcrireGraphique(const FormeCroise& forme, std::string_view nom, const TableauRetenu& tableau) {
-  Remplacement fichier(forme.contexte.repertoire, nom);
-  fichier.Fichier().Ecrire(TexteSvg(DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(tableau)))));
-  fichier.Valider();
+  EcrireSvg(forme.contexte.repertoire, nom, DessinerGraphe2(NouveauGraphe2(PreparerGraphe2(tableau))));
 }
 
 void Lancer(FormeCroise& forme, const RequeteCroise& requete) {

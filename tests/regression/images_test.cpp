@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <map>
 
-#include "regression/images/barres.h"
 #include "regression/images/effets.h"
 
 namespace quelvar::regression {
@@ -42,16 +41,6 @@ TEST(ImageDesEffets, LaReferenceEstAZeroEtLesPointsSontDansLeurOrdre) {
   });
   EXPECT_TRUE(barre);
   EXPECT_FALSE(DessinerEffets("vide", {}).Formes().empty());
-}
-
-TEST(ImageDesProfils, LesBarresOntLaLongueurDeLeurPem) {
-  const Dessin dessin = DessinerProfils({{"A", {{"B", 100}, {"C", 25}}}, {"B", {{"A", 50}}}});
-  std::vector<double> longueurs;
-  for (const Forme& forme : dessin.Formes())
-    if (forme.genre == GenreForme::Polygone) longueurs.push_back(dessin.Etendue(forme).largeur);
-  ASSERT_EQ(longueurs.size(), 3U);
-  EXPECT_NEAR(longueurs[1], longueurs[0] / 4, 1e-9);
-  EXPECT_NEAR(longueurs[2], longueurs[0] / 2, 1e-9);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 
+#include "core/programme/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -141,6 +142,16 @@ std::string TexteSvg(const Dessin& dessin) {
   }
   if (ouvert) svg += "</g>\n";
   return svg + "</svg>\n";
+}
+
+void EcrireSvg(const Chemin& repertoire, std::string_view nom, const Dessin& dessin) {
+  constexpr std::string_view kExtension = ".svg";
+  if (nom.size() <= kExtension.size() || !EgalSansCasse(nom.substr(nom.size() - kExtension.size()), kExtension))
+    throw Erreur(kNomFichierIncorrect,
+                 Joindre({"*** Le graphique demandé va dans un fichier .svg, et non dans "_w, nom}));
+  Remplacement fichier(repertoire, nom);
+  fichier.Fichier().Ecrire(TexteSvg(dessin));
+  fichier.Valider();
 }
 
 }  // namespace quelvar

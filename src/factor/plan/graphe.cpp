@@ -104,9 +104,7 @@ void ReglerCadre(const OptionsGraphe& options, EtatPlan& etat) {
 
 void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGraphe& options) {
   const std::string nom = options.fichier.empty() ? contexte.Nom("Fac.svg") : options.fichier;
-  Remplacement fichier(contexte.repertoire, nom);
-  fichier.Fichier().Ecrire(TexteSvg(DessinerPlan(etat)));
-  fichier.Valider();
+  EcrireSvg(contexte.repertoire, nom, DessinerPlan(etat));
   if (options.pajek) EcrireReseau(contexte, etat);
   contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
 }

@@ -179,11 +179,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
     profils.push_back(Profiler(mod, comptes, k, choisies[k], options.nonTri));
     EcrireProfil(rapport, profils.back(), options.detail);
   }
-  if (!options.fichier.empty()) {
-    Remplacement image(contexte.repertoire, options.fichier);
-    image.Fichier().Ecrire(TexteSvg(DessinerProfil(profils.front())));
-    image.Valider();
-  }
+  if (!options.fichier.empty()) EcrireSvg(contexte.repertoire, options.fichier, DessinerProfils(profils));
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
   if (options.profils != nullptr) *options.profils = std::move(profils);

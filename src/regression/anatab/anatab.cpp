@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/dessin/svg.h"
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/logistique.h"
@@ -184,8 +185,8 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
   try {
     const ModeleAjuste logistique = Analyser(contexte, rapport, fichiers.codageLogique, travail);
     if (!options.image.empty())
-      EnregistrerImage(contexte.repertoire, options.image,
-                       DessinerEffets(travail.modele.titre, LignesDeLImage(travail, logistique)));
+      EcrireSvg(contexte.repertoire, options.image,
+                DessinerEffets(travail.modele.titre, LignesDeLImage(travail, logistique)));
   } catch (const Erreur&) {
     LaisserLesFichiers(contexte, travail);
     throw;

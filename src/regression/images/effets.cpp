@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/dessin/svg.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::regression {
@@ -103,12 +102,6 @@ Dessin DessinerEffets(std::string_view titre, const std::vector<LigneDEffet>& li
     planche.Tracer(lignes[i], kTete + kHauteurLigne * (static_cast<double>(i) + 0.5));
   }
   return dessin;
-}
-
-void EnregistrerImage(const Chemin& repertoire, std::string_view nom, const Dessin& dessin) {
-  Remplacement fichier(repertoire, nom);
-  fichier.Fichier().Ecrire(TexteSvg(dessin));
-  fichier.Valider();
 }
 
 }  // namespace quelvar::regression

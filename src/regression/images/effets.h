@@ -23,7 +23,4 @@ struct LigneDEffet {
 // everything drawn.
 Dessin DessinerEffets(std::string_view titre, const std::vector<LigneDEffet>& lignes);
 
-// The picture as a file beside the reports. Raises the numbers of Remplacement.
-void EnregistrerImage(const Chemin& repertoire, std::string_view nom, const Dessin& dessin);
-
 }  // namespace quelvar::regression

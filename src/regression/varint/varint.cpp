@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/dessin/barres.h"
+#include "core/dessin/svg.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
-#include "regression/images/barres.h"
-#include "regression/images/effets.h"
 #include "regression/varint/profils.h"
 
 namespace quelvar::regression {
@@ -86,14 +87,15 @@ void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profi
   }
 }
 
-BarresDeProfil BarresDe(const FichierPos& pos, const Profil& profil) {
+GroupeDeBarres BarresDe(const FichierPos& pos, const Profil& profil) {
   const auto intitule = [&](std::size_t rang) {
     const Question& question = pos.questions[rang];
     return Joindre({question.nom, " ", question.intitule});
   };
-  BarresDeProfil barres{Joindre({"Profil de ", intitule(profil.question)}), {}};
-  for (const LienDeProfil& lien : LiensTries(profil)) barres.barres.emplace_back(intitule(lien.question), lien.pem);
-  return barres;
+  GroupeDeBarres groupe{Joindre({"Profil de ", intitule(profil.question)}), {}};
+  for (const LienDeProfil& lien : LiensTries(profil))
+    groupe.barres.push_back({intitule(lien.question), static_cast<int>(lien.pem), true});
+  return groupe;
 }
 
 void EcrireTable(Ecrivain& fichier, const FichierPos& pos, const std::vector<Profil>& profils) {
@@ -170,19 +172,15 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
   if (!options.image.empty()) {
-    std::vector<BarresDeProfil> images;
-    for (const Profil& profil : profils) images.push_back(BarresDe(pos, profil));
-    EnregistrerImage(contexte.repertoire, options.image, DessinerProfils(images));
+    std::vector<GroupeDeBarres> groupes;
+    for (const Profil& profil : profils) groupes.push_back(BarresDe(pos, profil));
+    EcrireSvg(contexte.repertoire, options.image, DessinerBarres(groupes, "PEM en %"));
   }
   const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
-  Remplacement table(contexte.repertoire, contexte.Nom(".BRT"));
-  EcrireTable(table.Fichier(), pos, profils);
-  table.Achever();
-  Remplacement modalites(contexte.repertoire, contexte.Nom(".MOD"));
-  EcrireModalites(modalites.Fichier(), contexte, pos, profils, suite);
-  modalites.Achever();
-  table.Valider();
-  modalites.Valider();
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  EcrireTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), pos, profils);
+  EcrireModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, pos, profils, suite);
+  sorties.Valider();
   rapport.Ligne("Fin normale du programme");
 }
 

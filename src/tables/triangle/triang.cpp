@@ -78,9 +78,7 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
       throw Erreur(kArretAnnonce);
     }
     const std::string nom = options.fichier.empty() ? contexte.Nom("Trg.svg") : options.fichier;
-    Remplacement image(contexte.repertoire, nom);
-    image.Fichier().Ecrire(TexteSvg(DessinerTriangle(Regler(options, std::move(*trg)))));
-    image.Valider();
+    EcrireSvg(contexte.repertoire, nom, DessinerTriangle(Regler(options, std::move(*trg))));
     contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
     rapport.Ligne("Fin normale du programme");
   });

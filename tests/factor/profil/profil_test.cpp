@@ -71,7 +71,7 @@ TEST(Choix, MarksAreWrittenInTheirTwoFormsButTheCodingOfARegressionStays) {
   }
 }
 
-TEST(DessinerProfil, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
+TEST(DessinerProfils, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
   ProfilDeModalite profil{"AGE1", "jeunes", {}};
   for (const auto& [pem, khi2] : {std::pair(60, 7.0), std::pair(20, 1.0), std::pair(0, 0.0), std::pair(-40, 9.0)}) {
     LigneDeProfil ligne{"SEX1", "hommes", 3, {}};
@@ -79,7 +79,7 @@ TEST(DessinerProfil, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
     ligne.attraction.khi2 = khi2;
     profil.lignes.push_back(ligne);
   }
-  const Dessin dessin = DessinerProfil(profil);
+  const Dessin dessin = DessinerProfils({&profil, 1});
   std::vector<double> largeurs;
   std::vector<bool> pleines;
   for (const Forme& forme : dessin.Formes()) {

@@ -104,7 +104,7 @@ ImageProfil::~ImageProfil() = default;
 
 void ImageProfil::Dessiner() {
   const int rang = ui_->ListProfils->currentIndex();
-  if (rang >= 0) ui_->Pict2->Montrer(factor::DessinerProfil(profils_[static_cast<std::size_t>(rang)]));
+  if (rang >= 0) ui_->Pict2->Montrer(factor::DessinerProfils({&profils_[static_cast<std::size_t>(rang)], 1}));
 }
 
 void OuvrirProfilMod(Services& services) {
