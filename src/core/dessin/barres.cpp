@@ -49,12 +49,10 @@ void TracerBarre(Dessin& dessin, const Barre& barre, double milieu) {
   if (barre.pourCent != 0)
     dessin.Rectangle({kZero, milieu - kEpaisseur / 2}, {bout, milieu + kEpaisseur / 2},
                      {.couleur = couleur, .teinte = barre.sure ? 0.75 : 0}, {.couleur = couleur});
-  dessin.Texte({bout, milieu}, Nombre(barre.pourCent),
-               {.corps = kPetitCorps,
-                .ancre = negative ? Ancre::Fin : Ancre::Debut,
-                .niveau = Niveau::Centre,
-                .halo = 1.5},
-               {negative ? -3.0 : 3.0, 0});
+  dessin.Texte(
+      {bout, milieu}, Nombre(barre.pourCent),
+      {.corps = kPetitCorps, .ancre = negative ? Ancre::Fin : Ancre::Debut, .niveau = Niveau::Centre, .halo = 1.5},
+      {negative ? -3.0 : 3.0, 0});
 }
 
 }  // namespace

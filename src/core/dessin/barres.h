@@ -19,8 +19,8 @@ struct GroupeDeBarres {
   std::vector<Barre> barres;
 };
 
-// One group below the other on a page in points, as high as they need; the elements are the ranks of the bars through all
-// groups. The scale runs from -100 to 100. `legende` stands under the last bar.
+// One group below the other on a page in points, as high as they need; the elements are the ranks of the bars through
+// all groups. The scale runs from -100 to 100. `legende` stands under the last bar.
 Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::string& legende);
 
 }  // namespace quelvar

@@ -143,10 +143,23 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
 }
 
+// Longer records may be mixed in the order, and situations then fall apart: the report is what it is, but this is said.
+void PrevenirDesMelanges(const Contexte& contexte, const Modele& modele) {
+  if (modele.LargeurFiche() <= kChiffresExacts) return;
+  const std::size_t aMarquer = modele.LargeurFiche() - modele.Explicatives();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : il y a ", Nombre(modele.Explicatives()), " modalités explicatives. Au-delà de "_w,
+               Nombre(kChiffresExacts - aMarquer),
+               " des situations différentes peuvent se mêler et la population concernée est alors trop petite : "_w,
+               "regroupez des modalités par un recodage"}),
+      Boutons::Ok);
+}
+
 ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
+  PrevenirDesMelanges(contexte, travail.modele);
   LireLesReponses(contexte, rapport, codageLogique, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);

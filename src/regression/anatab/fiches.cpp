@@ -13,8 +13,7 @@ namespace quelvar::regression {
 namespace {
 
 constexpr std::size_t kTableInitiale = 1024;
-constexpr std::size_t kDebutCodage = 4;      // bytes in front of the first modality
-constexpr std::size_t kChiffresExacts = 15;  // a decimal number of so many digits is exact in a double
+constexpr std::size_t kDebutCodage = 4;  // bytes in front of the first modality
 constexpr std::int64_t kPasDAffichage = 50000;
 
 std::uint64_t Hacher(std::string_view fiche) {

@@ -52,6 +52,9 @@ struct Individus {
   std::int64_t Nombre() const { return static_cast<std::int64_t>(fiche.size()); }
 };
 
+// Characters of a record whose value tells it apart from every other: so many digits are exact in a double.
+inline constexpr std::size_t kChiffresExacts = 15;
+
 // Ranks of individuals at fault that are told.
 inline constexpr std::size_t kFautifsCites = 51;
 
