@@ -151,7 +151,7 @@ void PrevenirDesMelanges(const Contexte& contexte, const Modele& modele) {
       Joindre({"*** Attention : il y a ", Nombre(modele.Explicatives()), " modalités explicatives. Au-delà de "_w,
                Nombre(kChiffresExacts - aMarquer),
                " des situations différentes peuvent se mêler et la population concernée est alors trop petite : "_w,
-               "regroupez des modalités par un recodage"}),
+               "regroupez des modalités par un recodage"_w}),
       Boutons::Ok);
 }
 
