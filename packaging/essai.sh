@@ -32,13 +32,16 @@ if [ "$(id -u)" != 0 ] || ! command -v mmdebstrap >/dev/null; then
 fi
 . /etc/os-release
 racine_neuve=$travail/racine
-sources=(/etc/apt/sources.list /etc/apt/sources.list.d/*)
+presentes=()
+sources=(/etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources)
 for s in "${sources[@]}"; do [ ! -s "$s" ] || presentes+=("$s"); done
 mmdebstrap --quiet --variant=apt --include=ca-certificates "$VERSION_CODENAME" "$racine_neuve" "${presentes[@]}"
 for reglage in /etc/apt/apt.conf.d/* /etc/apt/apt.conf; do [ ! -f "$reglage" ] || cp "$reglage" "$racine_neuve/etc/apt/apt.conf.d/"; done
 cp "$paquet" "$racine_neuve/quelvar.deb"
 dedans() { chroot "$racine_neuve" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root "$@"; }
-dedans apt-get install -y -qq --no-install-recommends /quelvar.deb >"$travail/journal" 2>&1 || { cat "$travail/journal"; exit 1; }
+cp /etc/resolv.conf "$racine_neuve/etc/resolv.conf" 2>/dev/null || true
+{ dedans apt-get update -qq && dedans apt-get install -y -qq --no-install-recommends /quelvar.deb; } \
+  >"$travail/journal" 2>&1 || { cat "$travail/journal"; exit 1; }
 dedans quelvar-batch --liste | grep -q '^triapl'
 dedans cp -r /usr/share/quelvar/examples/loisirs /tmp/loisirs
 dedans quelvar-batch -C /tmp/loisirs import-csv LOISIRS >/dev/null
