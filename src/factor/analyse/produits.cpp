@@ -12,8 +12,10 @@ void LignesParVecteur(const Matrice& d, std::size_t debut, std::size_t fin, cons
   for (; i + kLignes <= fin; i += kLignes) {
     const double* lignes = d.Ligne(i).data();
     double sommes[kLignes] = {};
-    for (std::size_t j = 0; j < p; ++j)
+    for (std::size_t j = 0; j < p; ++j) {
+#pragma GCC unroll 8  // else the sums stay in memory
       for (std::size_t k = 0; k < kLignes; ++k) sommes[k] += lignes[k * p + j] * b[j];
+    }
     std::copy(sommes, sommes + kLignes, a + i);
   }
   for (; i < fin; ++i) {
