@@ -30,8 +30,11 @@ Graphe::Graphe(Services& services, tables::FichierTrg trg)
   RelierTailles();
   RelierSorties(*this, services_, *ui_->Pict2, contexte_, "Trg",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
-  RelierCommande(*ui_->BoutonEnreg, tables::DescriptionTriang(), contexte_,
-                 [this] { return tables::OptionsDuTriangle(etat_); });
+  QPushButton& commande = AjouterVoirLaCommande(*ui_->BoutonQuitter, [this] {
+    return CommandeEquivalente(tables::DescriptionTriang(), contexte_.generique, contexte_.niveau,
+                               tables::OptionsDuTriangle(etat_));
+  });
+  setTabOrder(ui_->BoutonEnregSous, &commande);
   RelierAide(*ui_->BoutAide, "mnuATriang");
   RelierQuitter(*ui_->BoutonQuitter);
   AuDepart(tables::TerminerTriang);
