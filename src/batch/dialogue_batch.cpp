@@ -1,7 +1,9 @@
 #include "batch/dialogue_batch.h"
 
 #include <cstdio>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace quelvar::batch {
 
@@ -39,11 +41,24 @@ Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   return defaut;
 }
 
-void Afficher(const Affichage& affichage) {
-  if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) {
-    Ecrire(stdout, SansRetoursChariot(LireOctets(affichage.rapport)));
-    return;
+// A long report in parts of whole lines.
+void AfficherFichier(const std::string& chemin) {
+  constexpr std::size_t kBloc = std::size_t{1} << 18;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> fichier(std::fopen(chemin.c_str(), "rb"), std::fclose);
+  if (fichier == nullptr) throw Erreur(kFichierIntrouvable);
+  std::string attente;
+  std::vector<char> bloc(kBloc);
+  for (std::size_t lus = kBloc; lus == kBloc;) {
+    lus = std::fread(bloc.data(), 1, kBloc, fichier.get());
+    attente.append(bloc.data(), lus);
+    const std::size_t fin = lus < kBloc ? attente.size() : attente.rfind('\n') + 1;
+    Ecrire(stdout, SansRetoursChariot(std::string_view(attente).substr(0, fin)));
+    attente.erase(0, fin);
   }
+}
+
+void Afficher(const Affichage& affichage) {
+  if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) return AfficherFichier(affichage.rapport);
   Ecrire(stdout, SansRetoursChariot(affichage.texte));
 }
 
@@ -60,7 +75,9 @@ Dialogue DialogueBatch(Demande& demande) {
   };
   dialogue.saisir = [&demande](std::string_view question, std::string_view propose) {
     Ecrire(stderr, Joindre({SansRetoursChariot(question), "\n"}));
-    return ReponseSuivante(demande).value_or(std::string(propose));
+    const std::string reponse = ReponseSuivante(demande).value_or(std::string(propose));
+    // What is empty on a command line was typed so, and is no cancelled box: a blank proposal stands for it.
+    return reponse.empty() && Rogner(propose).empty() ? std::string(propose) : reponse;
   };
   dialogue.choisirFichier = [&demande](std::string_view titre, std::string_view) {
     Ecrire(stderr, Joindre({titre, "\n"}));

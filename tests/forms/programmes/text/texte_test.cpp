@@ -90,6 +90,25 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   EXPECT_EQ(bureau_.Lire("ENS.POS"), bureau_.Lire("ENR.POS"));
 }
 
+TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
+  for (const int avant : {0, 1}) {  // boxes that are answered before the one that is cancelled
+    auto& decoupage = bureau_.Demander<SaisieMot>("mnuImpMot");
+    Taper(decoupage, "TbPos", "1");
+    if (avant == 1) pilote_.Taper("SEX");
+    pilote_.Abandonner();
+    Cliquer(decoupage, "CbLancer");
+    EXPECT_TRUE(bureau_.Texte().endsWith("\nArrêt volontaire du programme\n")) << bureau_.Texte().toStdString();
+    EXPECT_FALSE(bureau_.Existe("ENQ.DAT"));
+    EXPECT_FALSE(bureau_.Existe("ENQ.POS"));
+  }
+  // Accepted as it stands, a name leaves its position out.
+  auto& decoupage = bureau_.Demander<SaisieMot>("mnuImpMot");
+  Taper(decoupage, "TbPos", "1");
+  pilote_.Cliquer("OK");
+  Cliquer(decoupage, "CbLancer");
+  EXPECT_EQ(bureau_.Lire("ENQ.POS"), "ENQ\r\n 10 \r\n");
+}
+
 TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n");
   bureau_.Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n");
