@@ -92,7 +92,8 @@ GroupeDeBarres BarresDe(const FichierPos& pos, const Profil& profil) {
     const std::string_view nom = Rogner(question.nom);
     const std::string_view longNom = Rogner(question.intitule);
     // Many long names begin with the short one.
-    return longNom.substr(0, nom.size()) == nom ? std::string(longNom) : std::string(RognerDroite(Joindre({nom, " ", longNom})));
+    return longNom.substr(0, nom.size()) == nom ? std::string(longNom)
+                                                : std::string(RognerDroite(Joindre({nom, " ", longNom})));
   };
   GroupeDeBarres groupe{Joindre({"Profil de ", intitule(profil.question)}), {}};
   for (const LienDeProfil& lien : LiensTries(profil))

@@ -55,8 +55,7 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
   return questions;
 }
 
-std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue,
-                                               Rapport& rapport) {
+std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue, Rapport& rapport) {
   std::vector<QuestionDesMots> questions;
   for (int position = 1; position <= static_cast<int>(gabarit.Largeur()); ++position) {
     if (position == ColonneDuStimulus(gabarit)) {
@@ -64,9 +63,9 @@ std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dia
       continue;
     }
     std::string nom =
-        Demander(dialogue, rapport, Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w,
-                                    Nombre(position),
-                                    ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}));
+        Demander(dialogue, rapport,
+                 Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w, Nombre(position),
+                          ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}));
     if (nom.empty()) continue;
     nom.resize(std::min(nom.size(), kNom));
     const std::string codeMax = Demander(dialogue, rapport, Joindre({"Donnez le code-maximum de la question ", nom}));
@@ -76,7 +75,7 @@ std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dia
 }
 
 void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue,
-                                               Rapport& rapport) {
+                       Rapport& rapport) {
   const int colonne = ColonneDuStimulus(gabarit);
   if (colonne == 0) return;
   if (std::any_of(questions.begin(), questions.end(), [&](const auto& q) { return q.position == colonne; })) return;
