@@ -7,8 +7,8 @@
 
 namespace quelvar {
 
-// Thrown by the screen out of a box that was cancelled, and caught by whoever started the run: the frame of the run lets
-// it through, and the files, the former report among them, stay as they were.
+// Thrown by the screen out of a box that was cancelled, and caught by whoever started the run: the frame of the run
+// lets it through, and the files, the former report among them, stay as they were.
 class Annulation : public std::exception {
  public:
   const char* what() const noexcept override { return "quelvar::Annulation"; }

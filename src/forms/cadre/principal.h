@@ -13,10 +13,10 @@
 #include "core/programme/erreur.h"
 #include "core/programme/programme.h"
 #include "core/session/session.h"
-#include "forms/cadre/editeurs.h"
-#include "forms/cadre/resultats.h"
 #include "forms/cadre/services.h"
-#include "forms/cadre/sortiestexte.h"
+#include "forms/editeur/editeurs.h"
+#include "forms/texte/resultats.h"
+#include "forms/texte/sorties.h"
 
 namespace Ui {
 class Principal;

@@ -6,7 +6,7 @@
 
 #include "core/programme/dialogue.h"
 #include "core/session/session.h"
-#include "forms/cadre/resultats.h"
+#include "forms/texte/resultats.h"
 
 namespace quelvar::forms {
 

@@ -1,4 +1,4 @@
-#include "forms/cadre/editeurs.h"
+#include "forms/editeur/editeurs.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "forms/cadre/resultats.h"
+#include "forms/texte/resultats.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "forms/cadre/sortiestexte.h"
+#include "forms/texte/sorties.h"
 
 #include <QDir>
 #include <QFileDialog>
