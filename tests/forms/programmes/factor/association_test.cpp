@@ -82,13 +82,13 @@ TEST(Association, FromTheMarksToTheFactorsOfTheNewGeneric) {
   pilote.Cliquer("Non");
   Cliquer(forme, "BoutonAssoc");
   ASSERT_EQ(pilote.Vues().size(), 1);
-  EXPECT_TRUE(pilote.Vues()[0].startsWith("Colonnes qui vont être regroupées : LEC2, LEC3\n   sous le nom Lit  (Lit peu)"))
+  EXPECT_TRUE(
+      pilote.Vues()[0].startsWith("Colonnes qui vont être regroupées : LEC2, LEC3\n   sous le nom Lit  (Lit peu)"))
       << pilote.Vues()[0].toStdString();
   EXPECT_FALSE(bureau.Existe("ENR.BRT"));
   pilote.Cliquer("Oui");
   Cliquer(forme, "BoutonAssoc");
-  EXPECT_EQ(LignesDe(bureau.Lire("ENR.BRT")),
-            (QStringList{"SEX15032", "SEX20514", "LEC13140", "Lit 2406"}));
+  EXPECT_EQ(LignesDe(bureau.Lire("ENR.BRT")), (QStringList{"SEX15032", "SEX20514", "LEC13140", "Lit 2406"}));
   EXPECT_EQ(LignesDe(bureau.Lire("ENQ.BRT")).size(), 5) << "the old generic stays";
   EXPECT_TRUE(bureau.Texte().contains("Le regroupement a pour nom : Lit  Sa fréquence est de  6"));
   EXPECT_TRUE(bureau.Fenetre().windowTitle().contains("ENR"));
