@@ -119,7 +119,8 @@ ligne "trifichier, un million de lignes" LIGNES.TXT "rm -f TRIE.TXT" "$bin/quelv
   c=TRIE.TXT position=1 largeur=10
 
 # Utilities on a million individuals, the profile of a modality, the grouping of Burt tables.
-for programme in "exporter a=MILLION.DAT c=ZONE.TXT debut=1 fin=50" "fusionner a=MILLION.DAT b=MILLION.DAT c=JOINTS.TXT type=append" \
+ligne "plancher : voir chaque octet" MILLION.DAT "" "$bin/quelvar-plancher" octets MILLION.DAT
+for programme in "exporter a=MILLION.DAT c=ZONE.TXT debut=1 fin=50" "fusionner a=MILLION.DAT b=CENT.DAT c=JOINTS.TXT type=append" \
   "caracteres a=CENT.DAT"; do
   source=MILLION.DAT
   [[ $programme == caracteres* ]] && source=CENT.DAT
@@ -136,8 +137,13 @@ regroupement() {
   colonnes=$(sed -n '3,12s/^\(....\).*/\1/p' $1.MOD | paste -sd,)
   ligne "modifburt, $2" $1.BRT "rm -f $3.*" "$bin/quelvar-batch" modifburt $1 colonnes="$colonnes" nomcolonne=Groupe
 }
+ligne "plancher : voir chaque octet" BURT.BRT "" "$bin/quelvar-plancher" octets BURT.BRT
 regroupement BURT "1 500 modalités" BURU
 regroupement BURT700 "3 500 modalités" BURT701
+# Two thousand points of a triangle, their labels kept apart.
+awk 'BEGIN { srand(4); print "Deux mille\nUn\nDeux\nTrois"; for (i = 0; i < 2000; i++) { a = -log(1 - rand()); b = -log(1 - rand());
+  c = -log(1 - rand()); t = (a + b + c) / 100; printf "Q%02d%d%5.1f%5.1f%5.1f point %d\n", i / 9 % 100, i % 9 + 1, a / t, b / t, c / t, i } }' >POINTS.TRG
+ligne "triang, 2 000 points" POINTS.TRG "rm -f POINTSTrg.svg" "$bin/quelvar-batch" triang POINTS
 
 # Regression: codings of questions of four modalities (six, whose records share values in the sort; three, where they
 # do not), a table of ten numbers, the links of a hundred questions.

@@ -1,6 +1,7 @@
 // Draws the triangular graph: sides, graduations, vertices, points, and labels that keep clear of each other.
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 #include "core/texte/nombres.h"
@@ -31,61 +32,68 @@ constexpr Place kPlaces[] = {
     {0, 5, Ancre::Milieu, Niveau::Haut},  {4, -4, Ancre::Debut, Niveau::Bas},  {4, 4, Ancre::Debut, Niveau::Haut},
     {-4, -4, Ancre::Fin, Niveau::Bas},    {-4, 4, Ancre::Fin, Niveau::Haut},
 };
+// White around the letters: it costs a screen more than all the rest, and among thousands it hides the points.
+constexpr std::size_t kPointsAHalo = 150;
 constexpr double kPremierRayon = 16;
 constexpr double kDernierRayon = 112;
 constexpr double kPasDeRayon = 16;
 constexpr int kDirections = 10;
 
-// The rectangles of a page that are taken, found by the squares of a grid that they touch.
+// What is taken of a page, point by point: a bit for each square of one point, rows of words.
 class Occupation {
  public:
   Occupation(double largeur, double hauteur)
       : largeur_(largeur),
         hauteur_(hauteur),
-        colonnes_(static_cast<int>(largeur / kCase) + 1),
-        lignes_(static_cast<int>(hauteur / kCase) + 1),
-        cases_(static_cast<std::size_t>(colonnes_) * static_cast<std::size_t>(lignes_)) {}
+        colonnes_(static_cast<std::size_t>(std::ceil(largeur))),
+        lignes_(static_cast<std::size_t>(std::ceil(hauteur))),
+        mots_((colonnes_ + kBits - 1) / kBits),
+        bits_(lignes_ * mots_) {}
 
   bool SurLaPage(const Zone& zone) const {
     return zone.x >= 0 && zone.y >= 0 && zone.x + zone.largeur <= largeur_ && zone.y + zone.hauteur <= hauteur_;
   }
+  // Whether every square that the zone touches is free; false for one that leaves the page.
   bool Libre(const Zone& zone) const {
-    if (!SurLaPage(zone)) return false;
-    const auto touche = [&](std::size_t c) {
-      return std::any_of(cases_[c].begin(), cases_[c].end(), [&](const Zone& z) { return z.Touche(zone); });
-    };
-    return !Parcourir(zone, touche);
+    return SurLaPage(zone) &&
+           !Parcourir(zone, [this](std::size_t mot, std::uint64_t bits) { return bits_[mot] & bits; });
   }
   void Prendre(const Zone& zone) {
-    Parcourir(zone, [&](std::size_t c) {
-      cases_[c].push_back(zone);
-      return false;
+    Parcourir(zone, [this](std::size_t mot, std::uint64_t bits) {
+      bits_[mot] |= bits;
+      return std::uint64_t{0};
     });
   }
 
  private:
-  static constexpr double kCase = 12;
+  static constexpr std::size_t kBits = 64;
 
-  // Goes through the squares that a zone touches until the action says true; whether it did.
+  // Goes through the words that a zone touches, with its bits in each, until the action gives something; whether it
+  // did.
   template <typename Action>
   bool Parcourir(const Zone& zone, const Action& action) const {
-    const auto borner = [](double place, int nombre) {
-      return std::clamp(static_cast<int>(std::floor(place / kCase)), 0, nombre - 1);
+    const auto borner = [](double place, std::size_t nombre) {
+      return static_cast<std::size_t>(std::clamp(place, 0.0, static_cast<double>(nombre)));
     };
-    const int droite = borner(zone.x + zone.largeur, colonnes_);
-    const int bas = borner(zone.y + zone.hauteur, lignes_);
-    for (int j = borner(zone.y, lignes_); j <= bas; ++j)
-      for (int i = borner(zone.x, colonnes_); i <= droite; ++i)
-        if (action(static_cast<std::size_t>(j) * static_cast<std::size_t>(colonnes_) + static_cast<std::size_t>(i)))
-          return true;
+    const std::size_t gauche = borner(std::floor(zone.x), colonnes_);
+    const std::size_t droite = borner(std::ceil(zone.x + zone.largeur), colonnes_);
+    const std::size_t haut = borner(std::floor(zone.y), lignes_);
+    const std::size_t bas = borner(std::ceil(zone.y + zone.hauteur), lignes_);
+    for (std::size_t debut = gauche; debut < droite; debut = (debut / kBits + 1) * kBits) {
+      const std::size_t nombre = std::min(droite, (debut / kBits + 1) * kBits) - debut;
+      const std::uint64_t bits = (~std::uint64_t{0} >> (kBits - nombre)) << (debut % kBits);
+      for (std::size_t ligne = haut; ligne < bas; ++ligne)
+        if (action(ligne * mots_ + debut / kBits, bits) != 0) return true;
+    }
     return false;
   }
 
   double largeur_;
   double hauteur_;
-  int colonnes_;
-  int lignes_;
-  std::vector<std::vector<Zone>> cases_;
+  std::size_t colonnes_;
+  std::size_t lignes_;
+  std::size_t mots_;
+  std::vector<std::uint64_t> bits_;
 };
 
 // The triangle that the sides leave, and the page that shows it.
@@ -244,18 +252,26 @@ class EtendueDuTexte {
   std::array<Zone, 3> zones_;
 };
 
-// Where the label of a point goes: the first free place around it; when none is, the first beside it on the page.
-Place ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
-  const EtendueDuTexte etendue(texte, police);
-  for (const Place& place : kPlaces)
-    if (occupation.Libre(etendue.A(point, place))) return place;
+// The places on circles around a point, the nearest first.
+std::vector<Place> PlacesEcartees() {
+  std::vector<Place> places;
   for (double rayon = kPremierRayon; rayon <= kDernierRayon; rayon += kPasDeRayon)
     for (int i = 0; i < kDirections; ++i) {
       const double angle = 2 * std::numbers::pi * (i + 0.5) / kDirections;
-      const Place place{rayon * std::cos(angle), rayon * std::sin(angle),
-                        std::cos(angle) < 0 ? Ancre::Fin : Ancre::Debut, Niveau::Centre};
-      if (occupation.Libre(etendue.A(point, place))) return place;
+      places.push_back({rayon * std::cos(angle), rayon * std::sin(angle),
+                        std::cos(angle) < 0 ? Ancre::Fin : Ancre::Debut, Niveau::Centre});
     }
+  return places;
+}
+
+// Where the label of a point goes: the first free place around it; when none is, the first beside it on the page.
+Place ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
+  static const std::vector<Place> ecartees = PlacesEcartees();
+  const EtendueDuTexte etendue(texte, police);
+  for (const Place& place : kPlaces)
+    if (occupation.Libre(etendue.A(point, place))) return place;
+  for (const Place& place : ecartees)
+    if (occupation.Libre(etendue.A(point, place))) return place;
   for (const Place& place : kPlaces)
     if (occupation.SurLaPage(etendue.A(point, place))) return place;
   return kPlaces[0];
@@ -264,7 +280,9 @@ Place ChoisirPlace(const Occupation& occupation, Position point, const std::stri
 void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, Occupation& occupation) {
   const EntreeTriangle& entree = etat.entrees[rang];
   const std::string texte = TexteDuPoint(etat, etat.trg.points[rang - kEntreeDuPremierPoint]);
-  Police police{.corps = Corps(etat.reglages.taille), .gras = etat.reglages.gras, .halo = 1};
+  Police police{.corps = Corps(etat.reglages.taille),
+                .gras = etat.reglages.gras,
+                .halo = etat.trg.points.size() <= kPointsAHalo ? 1.0 : 0.0};
   const Position point = cadre.Page().VersPage(place);
   const Place choisie = entree.deplacee ? kPlaces[0] : ChoisirPlace(occupation, point, texte, police);
   police.ancre = choisie.ancre;
