@@ -185,5 +185,28 @@ TEST_F(RunTableaux, ASurveyExportedAndImportedAgainIsTheSame) {
   }
 }
 
+// Names, code-maxes and labels of the questions, wherever their fields stand.
+std::string QuestionsDe(const Chemin& repertoire) {
+  std::string texte;
+  for (const Question& question : LirePos(repertoire / "ENQ.POS").questions)
+    texte += Joindre({question.nom, " ", Nombre(question.codeMax), " ", question.intitule, "\n"});
+  return texte;
+}
+
+TEST_F(RunTableaux, ARealSurveyExportedAndImportedAgainIsTheSame) {
+  std::filesystem::copy_file(QUELVAR_EXEMPLES "/loisirs/LOISIRS.CSV", dossier_.Chemin() / "ENQ.CSV");
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=0\r\n");
+  ASSERT_EQ(capture::ImportCsv(contexte_, {}), Fin::Normale) << montre_;
+  const std::string codes = CodesDe(dossier_.Chemin());
+  const std::string questions = QuestionsDe(dossier_.Chemin());
+  EXPECT_GT(codes.size(), 300000U);
+  for (const bool utf8 : {false, true}) {
+    ASSERT_EQ(ExporterCsv(contexte_, {.tabulation = utf8, .utf8 = utf8, .codes = true}), Fin::Normale);
+    ASSERT_EQ(capture::ImportCsv(contexte_, {}), Fin::Normale) << montre_;
+    EXPECT_TRUE(CodesDe(dossier_.Chemin()) == codes);
+    EXPECT_EQ(QuestionsDe(dossier_.Chemin()), questions);
+  }
+}
+
 }  // namespace
 }  // namespace quelvar::utilities
