@@ -42,8 +42,8 @@ bool EstMot(std::string_view texte, std::initializer_list<std::string_view> mots
   return std::ranges::find(mots, std::string_view(petit)) != mots.end();
 }
 bool EstOui(std::string_view texte) {
-  return EstMot(texte, {"oui", "yes", "y", "o", "x", "vrai", "true", "coché"_w, "checked", "selected",
-                        "sélectionné"_w, "quoted", "1"});
+  return EstMot(texte, {"oui", "yes", "y", "o", "x", "vrai", "true", "coché"_w, "checked", "selected", "sélectionné"_w,
+                        "quoted", "1"});
 }
 bool EstNon(std::string_view texte) {
   return EstMot(texte, {"non", "no", "n", "faux", "false", "non coché"_w, "unchecked", "not selected",
@@ -101,11 +101,13 @@ bool DonneUnNom(const ChoixDeColonne& choix, bool nombres) {
                       choix.genre == Genre::Multiple);
 }
 
-void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres) {
+// Codes that are all 0 make no question and take no name; `colonnes` tells which, when it is known.
+void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<FaitsDeColonne>* colonnes) {
   std::vector<std::size_t> rangs;
   std::vector<std::string> intitules;
   for (std::size_t j = 0; j < choix.size(); ++j) {
     if (!DonneUnNom(choix[j], nombres)) continue;
+    if (colonnes != nullptr && choix[j].genre == Genre::Codes && (*colonnes)[j].maximum <= 0) continue;
     rangs.push_back(j);
     intitules.push_back(choix[j].nom.empty() ? choix[j].intitule : choix[j].nom);
   }
@@ -124,14 +126,21 @@ void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne,
   const std::size_t avant = refus.size();
   for (const CelluleFautive& cellule : colonne.fautives) {
     if (EstParmi(choix.nonReponses, cellule.valeur)) continue;
-    refus.push_back(Cellule(colonne, numero, cellule,
-                            choix.genre == Genre::Codes ? std::string_view("n'est pas un code")
-                                                        : std::string_view("n'est pas un nombre")));
+    refus.push_back(Cellule(
+        colonne, numero, cellule,
+        choix.genre == Genre::Codes ? std::string_view("n'est pas un code") : std::string_view("n'est pas un nombre")));
   }
   const auto gardees = static_cast<std::int64_t>(colonne.fautives.size());
   if (refus.size() > avant && colonne.fautes > gardees)
     refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", et ",
                              Nombre(colonne.fautes - gardees), " autres cellules"}));
+}
+
+// Faulty cells that the choice does not count as 0; those that are not kept count.
+std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  const auto admises = std::ranges::count_if(
+      colonne.fautives, [&](const CelluleFautive& c) { return EstParmi(choix.nonReponses, c.valeur); });
+  return colonne.fautes - admises;
 }
 
 std::int64_t TextesACoder(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
@@ -187,7 +196,8 @@ std::vector<ChoixDeColonne> ProposerChoix(const std::vector<FaitsDeColonne>& col
     choix.push_back(ProposerGenre(colonne, propose, GenrePropose(colonne)));
   }
   ProposerReponses(colonnes, choix);
-  NommerChoix(choix);
+  Nommer(choix, false, &colonnes);
+  Nommer(choix, true, &colonnes);
   return choix;
 }
 
@@ -236,8 +246,8 @@ std::vector<Genre> GenresPossibles(const FaitsDeColonne& colonne) {
 }
 
 void NommerChoix(std::vector<ChoixDeColonne>& choix) {
-  Nommer(choix, false);
-  Nommer(choix, true);
+  Nommer(choix, false, nullptr);
+  Nommer(choix, true, nullptr);
 }
 
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
@@ -248,8 +258,7 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
     const bool enNombres =
         choix[j].genre == Genre::Codes || choix[j].genre == Genre::Classes || choix[j].genre == Genre::Nombres;
     if (enNombres) RefuserCellules(choix[j], colonne, j + 1, refus);
-    if (choix[j].genre == Genre::Textes &&
-        TextesACoder(choix[j], colonne) > static_cast<std::int64_t>(kCodesDeTextes))
+    if (choix[j].genre == Genre::Textes && TextesACoder(choix[j], colonne) > static_cast<std::int64_t>(kCodesDeTextes))
       refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule, ", ",
                                Nombre(TextesACoder(choix[j], colonne)), " textes différents pour 99 codes"_w}));
   }
@@ -259,16 +268,19 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
 std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
   switch (choix.genre) {
     case Genre::Codes:
-      if (colonne.contenu == Contenu::Melange)
-        return Joindre({Nombre(colonne.fautes), " cellules ne sont pas des codes : l'import s'arrête"_w});
+      if (FautesRestantes(choix, colonne) > 0)
+        return Joindre(
+            {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des codes : l'import s'arrête"_w});
       return "codes repris tels quels";
     case Genre::Textes: return DevenirTextes(choix, colonne);
     case Genre::Classes:
-      return choix.bornes.empty() ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
-                                  : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});
+      return choix.bornes.empty()
+                 ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
+                 : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});
     case Genre::Nombres:
-      if (colonne.contenu == Contenu::Melange)
-        return Joindre({Nombre(colonne.fautes), " cellules ne sont pas des nombres : l'import s'arrête"_w});
+      if (FautesRestantes(choix, colonne) > 0)
+        return Joindre(
+            {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des nombres : l'import s'arrête"_w});
       return Joindre({"nombres gardés tels quels, sous le générique suivi de N"_w});
     case Genre::Multiple:
       return choix.liste != '\0'

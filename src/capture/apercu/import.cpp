@@ -152,7 +152,8 @@ void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Fi
     perdus = EcrireModalites(sorties.jeu.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, plan,
                              fichiers.mod);
   } else if (fichiers.mod) {
-    rapport.Ligne({"Le fichier ", contexte.Nom(".MOD"), " reste : vérifiez que ses intitulés sont ceux des codes importés"_w});
+    rapport.Ligne(
+        {"Le fichier ", contexte.Nom(".MOD"), " reste : vérifiez que ses intitulés sont ceux des codes importés"_w});
   }
   if (!plan.nombres.empty()) {
     SauvegarderMod(rapport, contexte, contexte.Nom("N.MOD"), sorties.jeu);
@@ -179,7 +180,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
                                                                     : "Compte rendu d'importation de données en CSV"_w);
   const SourceDeTable source(fichiers.source, options.feuille, contexte.repertoire);
-  const Reconnaissance table = Reconnaitre(contexte, source.Texte(), options);
+  const Reconnaissance table = Reconnaitre(contexte, source, options);
   const Plan plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
   ExigerPlaces(contexte, fichiers, plan);
   Sorties sorties(contexte, plan);
@@ -209,8 +210,8 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
   }
   const std::optional<Chemin> ancien = contexte.Chercher(".DBF");
   if (!ancien || !MemeFichier(*ancien, *source)) {
-    const std::string question = Joindre(
-        {"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
+    const std::string question =
+        Joindre({"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
     if (ancien && contexte.Ecran().demander(question, Boutons::OuiNon) != Reponse::Oui) return Fin::Arret;
     JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
     sorties.Copier(*source, contexte.Nom(".DBF"), Nature::Unique);
@@ -223,7 +224,7 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
   const std::optional<Chemin> fichier = ChercherSource(contexte, options);
   ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), fichier.has_value()}}, kArretAbsence);
   const SourceDeTable source(*fichier, options.feuille, contexte.repertoire);
-  const Reconnaissance table = Reconnaitre(contexte, source.Texte(), options);
+  const Reconnaissance table = Reconnaitre(contexte, source, options);
   EcrireLecture(rapport, NomDeSource(contexte, options), table);
   EcrireTableDesColonnes(rapport, table);
   for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);

@@ -7,10 +7,11 @@ namespace quelvar::capture {
 
 namespace {
 
-LectureDetectee LireLaLecture(const Chemin& source, const LectureImposee& imposee) {
+LectureDetectee LireLaLecture(const SourceDeTable& source, const LectureImposee& imposee) {
   LectureDetectee detectee = DetecterLecture(source);
   // What lies behind the head may settle the encoding otherwise.
-  if (LongueurFichier(source) > kTete && !imposee.encodage && detectee.lecture.encodage != Encodage::Utf8AvecMarque)
+  if (LongueurFichier(source.Texte()) > kTete && !imposee.encodage &&
+      detectee.lecture.encodage != Encodage::Utf8AvecMarque)
     detectee = DetecterLecture(source, Etendue::Entier);
   detectee.lecture = imposee.Appliquer(detectee.lecture);
   return detectee;
@@ -38,8 +39,8 @@ std::vector<ChoixDeColonne> ChoixDeFichier(const Contexte& contexte, const Optio
                  Joindre({"*** Arrêt du programme : le fichier des choix "_w, options.fichierChoix, " n'existe pas"}));
   ChoixApparies apparies = Apparier(proposes, LireImc(*fichier));
   for (const std::string& titre : apparies.sansChoix)
-    doutes.push_back(Joindre({"la colonne ", titre, " n'est pas dans ", options.fichierChoix,
-                              ", elle devient ce qui est proposé"_w}));
+    doutes.push_back(Joindre(
+        {"la colonne ", titre, " n'est pas dans ", options.fichierChoix, ", elle devient ce qui est proposé"_w}));
   for (const std::string& titre : apparies.sansColonne)
     doutes.push_back(Joindre({"aucune colonne n'a l'intitulé "_w, titre, " de ", options.fichierChoix}));
   return std::move(apparies.choix);
@@ -61,13 +62,13 @@ Lecture LectureImposee::Appliquer(Lecture lecture) const {
   return lecture;
 }
 
-Reconnaissance Reconnaitre(const Contexte& contexte, const Chemin& source, const OptionsImport& options) {
+Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options) {
   LectureDetectee detectee = LireLaLecture(source, options.lecture);
-  Reconnaissance table{detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source, detectee.lecture), {}};
+  Reconnaissance table{
+      detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source.Texte(), detectee.lecture), {}};
   table.choix = ProposerChoix(table.faits.colonnes);
-  if (!options.choix.empty()) table.choix = ChoixDeFenetre(source, table.lecture, options, table.choix);
-  else if (!options.fichierChoix.empty())
-    table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);
+  if (!options.choix.empty()) table.choix = ChoixDeFenetre(source.Texte(), table.lecture, options, table.choix);
+  else if (!options.fichierChoix.empty()) table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);
   return table;
 }
 

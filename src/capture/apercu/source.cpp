@@ -1,26 +1,33 @@
 #include "capture/apercu/source.h"
 
-#include "core/programme/erreur.h"
+#include "capture/classeur/classeur.h"
 
 namespace quelvar::capture {
 
+namespace {
+constexpr std::string_view kFeuille = "feuille.csv";  // never takes this name: it goes with the object
+}
+
 GenreDeSource GenreDe(const Chemin& fichier) {
-  const std::string extension = Minuscules(TexteDe(fichier.extension()));
-  if (extension == ".ods" || extension == ".xlsx") return GenreDeSource::Classeur;
-  return extension == ".dbf" ? GenreDeSource::DBase : GenreDeSource::Texte;
+  if (EstNomDeClasseur(TexteDe(fichier))) return GenreDeSource::Classeur;
+  return EgalSansCasse(TexteDe(fichier.extension()), ".dbf") ? GenreDeSource::DBase : GenreDeSource::Texte;
 }
 
-SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view, const Chemin&) : texte_(fichier) {
-  if (GenreDe(fichier) == GenreDeSource::Classeur)
-    throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arrêt du programme : enregistrez la feuille de "_w, TexteDe(fichier.filename()),
-                          " en .csv pour l'importer"}));
+SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire)
+    : texte_(fichier) {
+  if (GenreDe(fichier) != GenreDeSource::Classeur) return;
+  copie_ = std::make_unique<Remplacement>(repertoire, kFeuille);
+  copie_->Achever();
+  texte_ = copie_->CheminProvisoire();
+  EcrireFeuilleEnCsv(fichier, feuille, texte_);
 }
 
-SourceDeTable::~SourceDeTable() {
-  if (!copie_) return;
-  std::error_code inconnu;
-  std::filesystem::remove(texte_, inconnu);
+SourceDeTable::~SourceDeTable() = default;
+
+LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue) {
+  LectureDetectee detectee = DetecterLecture(source.Texte(), etendue);
+  if (source.EstCopie()) detectee.lecture.decimale = '.';
+  return detectee;
 }
 
 }  // namespace quelvar::capture

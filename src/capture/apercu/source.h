@@ -1,9 +1,11 @@
 // The file that a user names, and the text that is read of it: sheets of workbooks become one first.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "capture/apercu/lecture.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {
@@ -24,11 +26,14 @@ class SourceDeTable {
   SourceDeTable& operator=(const SourceDeTable&) = delete;
 
   const Chemin& Texte() const { return texte_; }
-  bool EstCopie() const { return copie_; }
+  bool EstCopie() const { return copie_ != nullptr; }
 
  private:
   Chemin texte_;
-  bool copie_ = false;
+  std::unique_ptr<Remplacement> copie_;
 };
+
+// The reading of a source; the numbers of a sheet have a decimal point, whatever they look like.
+LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue = Etendue::Tete);
 
 }  // namespace quelvar::capture

@@ -31,7 +31,8 @@ char SansAccent(char c) {
   const char minuscule = Minuscule(c);
   static constexpr std::string_view kAccents = "àáâãäåçèéêëìíîïñòóôõöùúûüýÿ"_w;
   static constexpr std::string_view kLettres = "aaaaaaceeeeiiiinooooouuuuyy";
-  const std::size_t rang = static_cast<unsigned char>(minuscule) < 0x80 ? std::string_view::npos : kAccents.find(minuscule);
+  const std::size_t rang =
+      static_cast<unsigned char>(minuscule) < 0x80 ? std::string_view::npos : kAccents.find(minuscule);
   return rang == std::string_view::npos ? minuscule : kLettres[rang];
 }
 
@@ -169,7 +170,7 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
     faits.decimale = decimale;
     return ConclureMelange(faits, {decimale == ',' ? kPoint : kVirgule});
   }
-  if (zerosDevant_ > 0) return ConclureTextes(faits);
+  if (zerosDevant_ > 0 && larges_ > 0) return ConclureTextes(faits);
   const bool codes = faits.avecDecimales == 0 && exposants_ == 0 && larges_ == 0;
   const bool suite = codes && faits.maximum == static_cast<double>(individus);
   const bool tousDifferents = faits.differentes == faits.remplies && faits.vides == 0 && individus > 1;
