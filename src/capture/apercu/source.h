@@ -1,0 +1,34 @@
+// The file that a user names, and the text that is read of it: sheets of workbooks become one first.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar::capture {
+
+enum class GenreDeSource { Texte, Classeur, DBase };
+
+// By its extension: .ods and .xlsx, .dbf, all others are texts.
+GenreDeSource GenreDe(const Chemin& fichier);
+
+// A text to be read: the file itself, or a scratch file made of a sheet, which goes with the object.
+class SourceDeTable {
+ public:
+  // `feuille`: name or number of the sheet, empty for the first one. The scratch file stands in `repertoire`. Raises a
+  // sentence for a sheet that is not there or a workbook that cannot be read.
+  SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire);
+  ~SourceDeTable();
+  SourceDeTable(const SourceDeTable&) = delete;
+  SourceDeTable& operator=(const SourceDeTable&) = delete;
+
+  const Chemin& Texte() const { return texte_; }
+  bool EstCopie() const { return copie_; }
+
+ private:
+  Chemin texte_;
+  bool copie_ = false;
+};
+
+}  // namespace quelvar::capture
