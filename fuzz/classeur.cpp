@@ -1,10 +1,11 @@
 // Any bytes as a workbook: reading ends, and the CSV that it writes has a line for each row. Input: one byte (0 the
 // archive itself, 1 the content of a .ods, 2 the sheet of a .xlsx), then the bytes.
+#include "capture/classeur/classeur.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
-#include "capture/classeur/classeur.h"
 #include "dossier_memoire.h"
 #include "support/classeurs.h"
 

@@ -22,7 +22,7 @@ enum class Contenu {
   TextesUniques,  // texts that are all different
   Listes,         // several answers in a cell ("a;c")
   Dates,
-  Melange,        // codes or numbers among which some cells are none: `fautives`
+  Melange,  // codes or numbers among which some cells are none: `fautives`
 };
 
 inline constexpr std::size_t kTextesCourts = 30;

@@ -18,9 +18,9 @@ std::vector<ChoixDeColonne> LireImc(const Chemin& chemin);
 // The choices of the columns: those of the file with the same title (the n-th with it, where titles repeat), the
 // proposed ones for the others.
 struct ChoixApparies {
-  std::vector<ChoixDeColonne> choix;    // one for each column
-  std::vector<std::string> sansChoix;   // columns that the file says nothing of
-  std::vector<std::string> sansColonne; // titles of the file that no column has
+  std::vector<ChoixDeColonne> choix;     // one for each column
+  std::vector<std::string> sansChoix;    // columns that the file says nothing of
+  std::vector<std::string> sansColonne;  // titles of the file that no column has
 };
 ChoixApparies Apparier(const std::vector<ChoixDeColonne>& proposes, const std::vector<ChoixDeColonne>& lus);
 

@@ -1,5 +1,5 @@
-// How the bytes of a table become rows of cells: encoding, separator, decimal sign, quotes, row of titles; what of it is
-// found in the file itself, and how it is told.
+// How the bytes of a table become rows of cells: encoding, separator, decimal sign, quotes, row of titles; what of it
+// is found in the file itself, and how it is told.
 #pragma once
 
 #include <cstddef>

@@ -25,9 +25,8 @@ std::size_t Partie::Lire(std::span<char> octets) {
   }
   lus_ += static_cast<std::uint64_t>(lus);
   if (lus_ > kOctetsAuPlus)
-    throw Erreur(kMemoireInsuffisante,
-                 Joindre({"Ce classeur dépasse ce que l'import accepte : "_w, DepuisUtf8(nom_),
-                          " occupe plus de 8 Gio une fois décomprimé."_w}));
+    throw Erreur(kMemoireInsuffisante, Joindre({"Ce classeur dépasse ce que l'import accepte : "_w, DepuisUtf8(nom_),
+                                                " occupe plus de 8 Gio une fois décomprimé."_w}));
   return static_cast<std::size_t>(lus);
 }
 

@@ -57,8 +57,8 @@ std::size_t RangDe(const Ouvert& ouvert, std::string_view feuille) {
   std::string liste;
   for (std::size_t i = 0; i < ouvert.noms.size(); ++i)
     liste += Joindre({std::string_view(i == 0 ? "" : ", "), Nombre(i + 1), " \"", ouvert.noms[i], "\""});
-  throw Erreur(kIncompatibiliteType, Joindre({"Ce classeur n'a pas de feuille \"", feuille, "\". Ses feuilles sont : ",
-                                              liste, "."}));
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"Ce classeur n'a pas de feuille \"", feuille, "\". Ses feuilles sont : ", liste, "."}));
 }
 
 void LireLaFeuille(const Ouvert& ouvert, std::size_t rang, const RecevoirLigne& recevoir) {
@@ -69,8 +69,8 @@ void LireLaFeuille(const Ouvert& ouvert, std::size_t rang, const RecevoirLigne& 
 
 // What an import could take for a separator is quoted, so that counting them tells the right one.
 void EcrireCellule(std::string_view cellule, std::string& ligne) {
-  const bool entreGuillemets = cellule.find_first_of("\";,\t|") != std::string_view::npos || cellule.front() == ' ' ||
-                               cellule.back() == ' ';
+  const bool entreGuillemets =
+      cellule.find_first_of("\";,\t|") != std::string_view::npos || cellule.front() == ' ' || cellule.back() == ' ';
   if (entreGuillemets) ligne += '"';
   for (const char c : cellule) {
     if (c == '"') ligne += '"';

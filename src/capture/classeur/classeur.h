@@ -22,11 +22,10 @@ bool EstNomDeClasseur(std::string_view nom);
 std::vector<std::string> FeuillesDe(const Chemin& classeur);
 
 // The rows of one sheet from its first row on: empty rows and cells in their places, rows as long as their last cell
-// that holds something. `feuille` is a name (exactly, else without regard to case) or a number from 1; empty is the first
-// sheet that is not hidden. Numbers as they are stored, dates and times as
-// "2024-01-15 10:30:00", booleans "VRAI" and "FAUX", formulas by their
-// stored results, errors as their texts ("#N/A"), no comments. Raises as FeuillesDe, and a sentence (13) that
-// names the sheets when there is none of that name.
+// that holds something. `feuille` is a name (exactly, else without regard to case) or a number from 1; empty is the
+// first sheet that is not hidden. Numbers as they are stored, dates and times as "2024-01-15 10:30:00", booleans "VRAI"
+// and "FAUX", formulas by their stored results, errors as their texts ("#N/A"), no comments. Raises as FeuillesDe, and
+// a sentence (13) that names the sheets when there is none of that name.
 void LireFeuille(const Chemin& classeur, std::string_view feuille, const RecevoirLigne& recevoir);
 
 // Writes the sheet as CSV in UTF-8 with its mark: ";" between the cells, decimal points, CR LF, a row of the sheet for

@@ -89,14 +89,10 @@ class LecteurOds {
     const std::string_view type = attributs.Valeur("value-type", kOffice);
     if (type == "float" || type == "percentage" || type == "currency")
       valeur_ = TexteDuNombre(attributs.Valeur("value", kOffice));
-    else if (type == "date")
-      valeur_ = TexteDuJour(attributs.Valeur("date-value", kOffice));
-    else if (type == "time")
-      valeur_ = TexteDeLaDuree(attributs.Valeur("time-value", kOffice));
-    else if (type == "boolean")
-      valeur_ = attributs.Valeur("boolean-value", kOffice) == "true" ? "VRAI" : "FAUX";
-    else if (type == "string")
-      valeur_ = attributs.Valeur("string-value", kOffice);
+    else if (type == "date") valeur_ = TexteDuJour(attributs.Valeur("date-value", kOffice));
+    else if (type == "time") valeur_ = TexteDeLaDuree(attributs.Valeur("time-value", kOffice));
+    else if (type == "boolean") valeur_ = attributs.Valeur("boolean-value", kOffice) == "true" ? "VRAI" : "FAUX";
+    else if (type == "string") valeur_ = attributs.Valeur("string-value", kOffice);
   }
 
   void DebutDansLaCellule(const NomXml& nom, const AttributsXml& attributs) {

@@ -9,9 +9,8 @@ namespace quelvar::capture::classeur {
 namespace {
 
 [[noreturn]] void TropGrande(Texte quoi) {
-  throw Erreur(kMemoireInsuffisante,
-               Joindre({"La feuille dépasse ce que l'import accepte : plus de "_w, quoi,
-                        ". Partagez-la, ou enregistrez-la en CSV depuis le tableur."}));
+  throw Erreur(kMemoireInsuffisante, Joindre({"La feuille dépasse ce que l'import accepte : plus de "_w, quoi,
+                                              ". Partagez-la, ou enregistrez-la en CSV depuis le tableur."}));
 }
 
 }  // namespace

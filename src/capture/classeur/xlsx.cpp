@@ -137,24 +137,25 @@ std::vector<Sens> LireSens(const Archive& archive, const std::string& partie) {
   if (partie.empty() || !archive.Contient(partie)) return sens;
   std::map<std::int64_t, Sens> formats;
   bool deCellules = false;
-  LireXml(archive.Ouvrir(partie),
-          {[&](const NomXml& nom, const AttributsXml& attributs) {
-             if (nom.local == "numFmt") {
-               formats[Entier(attributs.Valeur("numFmtId"), -1)] = SensDuFormat(attributs.Valeur("formatCode"));
-             } else if (nom.local == "cellXfs") {
-               deCellules = true;
-             } else if (nom.local == "xf" && deCellules) {
-               const std::int64_t numero = Entier(attributs.Valeur("numFmtId"), 0);
-               const auto connu = formats.find(numero);
-               sens.push_back(connu != formats.end()               ? connu->second
-                              : numero >= 0 && numero < kPremierAvecCode ? SensDuFormatPredefini(static_cast<int>(numero))
-                                                                    : Sens::Nombre);
-             }
-           },
-           [&](const NomXml& nom) {
-             if (nom.local == "cellXfs") deCellules = false;
-           },
-           [](std::string_view) {}, nullptr});
+  LireXml(archive.Ouvrir(partie), {[&](const NomXml& nom, const AttributsXml& attributs) {
+                                     if (nom.local == "numFmt") {
+                                       formats[Entier(attributs.Valeur("numFmtId"), -1)] =
+                                           SensDuFormat(attributs.Valeur("formatCode"));
+                                     } else if (nom.local == "cellXfs") {
+                                       deCellules = true;
+                                     } else if (nom.local == "xf" && deCellules) {
+                                       const std::int64_t numero = Entier(attributs.Valeur("numFmtId"), 0);
+                                       const auto connu = formats.find(numero);
+                                       sens.push_back(connu != formats.end() ? connu->second
+                                                      : numero >= 0 && numero < kPremierAvecCode
+                                                          ? SensDuFormatPredefini(static_cast<int>(numero))
+                                                          : Sens::Nombre);
+                                     }
+                                   },
+                                   [&](const NomXml& nom) {
+                                     if (nom.local == "cellXfs") deCellules = false;
+                                   },
+                                   [](std::string_view) {}, nullptr});
   return sens;
 }
 
@@ -256,8 +257,7 @@ ClasseurXlsx OuvrirXlsx(const Archive& archive) {
   const std::string partie = PartieDuClasseur(archive);
   const std::size_t barre = partie.rfind('/');
   const std::string dossier = barre == std::string::npos ? "" : partie.substr(0, barre + 1);
-  const std::map<std::string, Relation> relations =
-      Relations(archive, dossier, partie.substr(dossier.size()));
+  const std::map<std::string, Relation> relations = Relations(archive, dossier, partie.substr(dossier.size()));
   ClasseurXlsx classeur;
   for (const auto& [id, relation] : relations) {
     if (relation.type == "sharedStrings") classeur.textes = relation.cible;

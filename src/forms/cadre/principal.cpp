@@ -13,11 +13,14 @@
 #include <utility>
 
 #include "core/programme/erreur.h"
+#include "forms/cadre/depot.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
 #include "forms/editeur/frmsdi.h"
 #include "forms/pieces/ecran.h"
+#include "forms/programmes/capture/apercuimport.h"
+#include "forms/programmes/capture/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
@@ -29,6 +32,18 @@ constexpr int kColonnesDeNom = 4;  // row and modality names
 
 // Entries that wait for the first generic of a new use.
 constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
+
+// What a first use comes down to, under the welcome.
+std::string TexteDesTroisPas() {
+  return Joindre(
+      {"\r\nPour commencer, trois pas :\r\n"
+       "   1. Prenez le bouton 'Importer un fichier...' à droite, ou déposez ici\r\n"
+       "      le fichier de votre enquête (.csv, .txt, .ods, .xlsx, .dbf).\r\n"
+       "      Il reste intact : ses données sont copiées à côté de lui.\r\n"
+       "   2. Regardez l'aperçu : comment le fichier est lu, ce que devient\r\n"
+       "      chaque colonne. Rien n'est écrit avant 'Importer'.\r\n"
+       "   3. Prenez 'Tris' puis 'Tri à plat' : c'est votre premier résultat.\r\n"_w});
+}
 
 }  // namespace
 
@@ -135,6 +150,14 @@ void Principal::RelierControles() {
   connect(ui_->BoutonImpr, &QPushButton::clicked, this, &Principal::Imprimer);
   connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { AfficherTexte({}); });
   connect(ui_->BoutNouv, &QPushButton::clicked, this, &Principal::NouvelleDemande);
+  connect(ui_->BoutImport, &QPushButton::clicked, this, [this] { OuvrirSourceImport(services_); });
+  new Depot(
+      {this, ui_->Text1->viewport()},
+      [this](const Chemin& fichier) {
+        if (lanceur_.EnCours()) dialogue_.biper();
+        else ImporterFichier(services_, fichier);
+      },
+      this);
   connect(ui_->BoutQuit, &QPushButton::clicked, this, &Principal::close);
 }
 
@@ -147,6 +170,7 @@ void Principal::Demarrer() {
   AfficherTexte(demarrage.texte);
   ReconstruireRecents();
   if (demarrage.aOuvrir) OuvrirEtRapporter();
+  else AjouterTexte(TexteDesTroisPas());
   MontrerSession();
   NommerLesControles(*this);
 }
