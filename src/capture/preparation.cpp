@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "capture/apercu/imc.h"
+#include "capture/apercu/sorties/plan.h"
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
@@ -155,16 +156,11 @@ std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeCol
   return nuls;
 }
 
-std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix) {
+std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
   std::vector<std::string> libelles;
-  for (std::size_t i = 0; i + 1 < choix.bornes.size(); ++i) {
-    const double debut = choix.bornes[i];
-    const double suite = choix.bornes[i + 1];
-    const bool entiers = ArrondirPair(debut) == debut && ArrondirPair(suite) == suite;
-    // A class ends below the next bound: at the whole number before it when bounds are whole.
-    libelles.push_back(entiers ? Joindre({Nombre(debut), "-", Nombre(suite - 1)})
-                               : Joindre({Nombre(debut), " à moins de "_w, Nombre(suite)}));
-  }
+  if (choix.bornes.empty()) return libelles;
+  for (const Etiquette& etiquette : ClassesSelonBornes(choix.bornes, colonne).etiquettes)
+    libelles.push_back(etiquette.intitule);
   return libelles;
 }
 
@@ -183,7 +179,7 @@ std::optional<std::vector<double>> BornesDe(std::string_view saisi) {
     if (c != ' ' && c != ';' && c != '\t' && c != '|') mot += c;
     else if (!prendre()) return std::nullopt;
   }
-  if (!prendre() || bornes.size() < 2) return std::nullopt;
+  if (!prendre() || bornes.empty()) return std::nullopt;
   return bornes;
 }
 
@@ -206,8 +202,7 @@ std::string GeneriquePropose(const Chemin& repertoire, const Chemin& fichier) {
 bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const Chemin& fichier) {
   // A .TXT or .CSV is no survey when it is what is imported.
   for (const std::string_view extension : {".CSV", ".TXT"})
-    if (const auto la = ChercherFichier(repertoire, Joindre({generique, extension}));
-        la && !MemeFichier(*la, fichier))
+    if (const auto la = ChercherFichier(repertoire, Joindre({generique, extension})); la && !MemeFichier(*la, fichier))
       return true;
   for (const std::string_view extension : {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES"})
     if (ChercherFichier(repertoire, Joindre({generique, extension}))) return true;

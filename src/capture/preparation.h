@@ -72,7 +72,7 @@ struct TexteCode {
 std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 
 // The labels of the classes ("15-24"), empty when they are cut in equal groups.
-std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix);
+std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 
 // Bounds as they are typed ("15 25 35" or "15;25;35", decimals with "." or ","); nothing when they are no rising
 // numbers.

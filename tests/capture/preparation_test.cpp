@@ -11,7 +11,9 @@ TEST(PreparationDImport, BoundsAsTheyAreTyped) {
   using Bornes = std::vector<double>;
   EXPECT_EQ(BornesDe("15 25 35"), (Bornes{15, 25, 35}));
   EXPECT_EQ(BornesDe(" 0;2,5;10|20 "), (Bornes{0, 2.5, 10, 20}));
-  for (const char* refuse : {"", "15", "15 15", "25 15", "15 x", "15 25x"}) EXPECT_EQ(BornesDe(refuse), std::nullopt) << refuse;
+  EXPECT_EQ(BornesDe("15"), (Bornes{15}));
+  for (const char* refuse : {"", " ; ", "15 15", "25 15", "15 x", "15 25x"})
+    EXPECT_EQ(BornesDe(refuse), std::nullopt) << refuse;
   EXPECT_EQ(TexteDesBornes({0, 2.5, 10}), "0 2.5 10");
 }
 
@@ -34,16 +36,6 @@ TEST(PreparationDImport, TextsInTheOrderOfTheirCodes) {
   choix.nonReponses.clear();
   choix.textes = {"NSP"};
   EXPECT_EQ(dit(choix), "1NSP9 2Femme2 3Homme5 ") << "those not named come behind";
-}
-
-TEST(PreparationDImport, LabelsOfClasses) {
-  ChoixDeColonne choix;
-  choix.bornes = {15, 25, 35};
-  EXPECT_EQ(LibellesDesClasses(choix), (std::vector<std::string>{"15-24", "25-34"}));
-  choix.bornes = {0, 2.5, 5};
-  EXPECT_EQ(LibellesDesClasses(choix), (std::vector<std::string>{Joindre({"0 à moins de 2.5"_w}), Joindre({"2.5 à moins de 5"_w})}));
-  choix.bornes.clear();
-  EXPECT_TRUE(LibellesDesClasses(choix).empty());
 }
 
 TEST(PreparationDImport, GenericsAndFilesOfADirectory) {

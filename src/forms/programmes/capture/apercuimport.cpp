@@ -20,8 +20,9 @@ namespace {
 
 using capture::Encodage;
 
-constexpr Encodage kEncodages[] = {Encodage::Utf8,        Encodage::Utf8AvecMarque, Encodage::Utf16LE, Encodage::Utf16BE,
-                                   Encodage::Windows1252, Encodage::Latin9,         Encodage::Cp850};
+constexpr Encodage kEncodages[] = {Encodage::Utf8,    Encodage::Utf8AvecMarque, Encodage::Utf16LE,
+                                   Encodage::Utf16BE, Encodage::Windows1252,    Encodage::Latin9,
+                                   Encodage::Cp850};
 constexpr char kSeparateurs[] = {';', ',', '\t', '|'};
 constexpr char kDecimales[] = {',', '.'};
 const QColor kFondBon(221, 242, 221);
@@ -113,12 +114,12 @@ void ApercuImport::ReprendreLesChoix() {
   try {
     const std::size_t repris = preparation_.Reprendre(capture::LireImc(*imc));
     if (repris > 0)
-      repris_ = QStringLiteral("Les choix de la dernière importation (%1) sont repris pour %2.")
-                    .arg(CheminVersQt(imc->filename()),
-                         Pluriel(static_cast<std::int64_t>(repris), "colonne", "colonnes"));
+      repris_ =
+          QStringLiteral("Les choix de la dernière importation (%1) sont repris pour %2.")
+              .arg(CheminVersQt(imc->filename()), Pluriel(static_cast<std::int64_t>(repris), "colonne", "colonnes"));
   } catch (const Erreur& erreur) {
-    repris_ = QStringLiteral("Les choix de la dernière importation ne sont pas repris : ") +
-              VersQt(TexteErreur(erreur));
+    repris_ =
+        QStringLiteral("Les choix de la dernière importation ne sont pas repris : ") + VersQt(TexteErreur(erreur));
   }
 }
 
@@ -242,14 +243,16 @@ void ApercuImport::MontrerBilan() {
   QString texte;
   if (!echec_.isEmpty()) texte = QStringLiteral("Ce fichier ne peut pas être importé ainsi : voyez ci-dessous.");
   else if (fautif)
-    texte = QStringLiteral("À corriger avant d'importer : les cellules en rouge, dites ci-dessous une à une. Changez ce que "
-                           "devient leur colonne, ou corrigez le fichier.");
+    texte = QStringLiteral(
+        "À corriger avant d'importer : les cellules en rouge, dites ci-dessous une à une. Changez ce que "
+        "devient leur colonne, ou corrigez le fichier.");
   else if (bon)
     texte = QStringLiteral("Tout va bien : %1, %2. Entrée importe.")
                 .arg(Pluriel(static_cast<std::int64_t>(choix.size()), "colonne de codes", "colonnes de codes"), compte);
   else
-    texte = QStringLiteral("%1 : %2 de codes, %3 à coder ou à classer, %4. Voyez ce que chacune devient, "
-                           "puis Entrée importe.")
+    texte = QStringLiteral(
+                "%1 : %2 de codes, %3 à coder ou à classer, %4. Voyez ce que chacune devient, "
+                "puis Entrée importe.")
                 .arg(compte, NombreFr(questions), NombreFr(autres), Pluriel(ecartees, "écartée", "écartées"));
   ui_->LabelBilan->setText(texte);
   QPalette palette = ui_->FrBilan->palette();
@@ -264,7 +267,8 @@ void ApercuImport::MontrerBilan() {
   QString pied = preparation_.Vue().entier
                      ? QStringLiteral("%1 lues").arg(Pluriel(individus + vides, "ligne", "lignes"))
                      : QStringLiteral("Examen du fichier entier en cours...");
-  if (preparation_.Vue().entier && vides > 0) pied += QStringLiteral(", dont %1 vides, laissées de côté").arg(NombreFr(vides));
+  if (preparation_.Vue().entier && vides > 0)
+    pied += QStringLiteral(", dont %1 vides, laissées de côté").arg(NombreFr(vides));
   if (attend_) pied = QStringLiteral("L'importation suivra la fin de l'examen du fichier (Échap y renonce)...");
   ui_->LabelCompte->setText(pied + QStringLiteral("   —   les fichiers iront dans ") +
                             VersQt(TexteRepertoire(cible_.repertoire)));
@@ -315,9 +319,9 @@ void ApercuImport::LancerImport() {
   const std::string generique = Generique();
   const bool dit = cible_.remplacer && generique == cible_.generique;
   if (!dit && capture::GeneriqueOccupe(cible_.repertoire, generique, preparation_.Fichier()) &&
-      services_.ecran.demander(Joindre({"Le générique "_w, generique,
-                                        " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
-                               Boutons::NonOui) != Reponse::Oui) {
+      services_.ecran.demander(
+          Joindre({"Le générique "_w, generique, " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
+          Boutons::NonOui) != Reponse::Oui) {
     ui_->TextGenerique->setFocus();
     return;
   }
@@ -389,9 +393,8 @@ void ImporterFichier(Services& services, const Chemin& fichier) {
   std::optional<capture::PreparationDImport> preparation = Preparer(services, fichier);
   if (!preparation) return;
   const Chemin repertoire = RepertoireDe(services.session, fichier);
-  Montrer<ApercuImport>(
-      services, *std::move(preparation),
-      ApercuImport::Cible{repertoire, capture::GeneriquePropose(repertoire, fichier), false});
+  Montrer<ApercuImport>(services, *std::move(preparation),
+                        ApercuImport::Cible{repertoire, capture::GeneriquePropose(repertoire, fichier), false});
 }
 
 void ImporterSourceDuGenerique(Services& services, bool toujoursMontrer) {

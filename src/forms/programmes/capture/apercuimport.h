@@ -68,10 +68,10 @@ class ApercuImport : public Forme {
   std::unique_ptr<Ui::ApercuImport> ui_;
   LignesDApercu* lignes_;
   ColonnesDApercu* colonnes_;
-  QString repris_;    // what was taken up of an earlier import
-  QString echec_;     // why the file cannot be read any more; empty when it can
-  bool attend_ = false;   // "Importer" was asked before the file is examined
-  bool montre_ = false;   // controls are being filled: what they signal is no choice
+  QString repris_;       // what was taken up of an earlier import
+  QString echec_;        // why the file cannot be read any more; empty when it can
+  bool attend_ = false;  // "Importer" was asked before the file is examined
+  bool montre_ = false;  // controls are being filled: what they signal is no choice
   // The last member: its thread reads the text of the preparation and goes first.
   ExamenDeFond examen_;
 };

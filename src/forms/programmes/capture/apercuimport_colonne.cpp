@@ -125,7 +125,7 @@ void ApercuImport::MontrerClasses() {
   ui_->TextBornes->setText(VersQt(capture::TexteDesBornes(choix.bornes)));
   QStringList libelles;
   int code = 0;
-  for (const std::string& libelle : capture::LibellesDesClasses(choix))
+  for (const std::string& libelle : capture::LibellesDesClasses(choix, preparation_.Colonnes()[Colonne()]))
     libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
   ui_->LabelClasses->setText(libelles.join(u'\n'));
 }
@@ -202,7 +202,7 @@ void ApercuImport::LireClasses() {
   } else {
     const auto bornes = capture::BornesDe(DepuisQt(ui_->TextBornes->text()));
     if (!bornes) {
-      ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants, deux au moins : 15 25 35 50"));
+      ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants : 15 25 35 50"));
       return;
     }
     choix.bornes = *bornes;
@@ -211,7 +211,7 @@ void ApercuImport::LireClasses() {
   ChoixChange();
   QStringList libelles;
   int code = 0;
-  for (const std::string& libelle : capture::LibellesDesClasses(preparation_.Choix()[Colonne()]))
+  for (const std::string& libelle : capture::LibellesDesClasses(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
     libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
   ui_->LabelClasses->setText(libelles.join(u'\n'));
 }
