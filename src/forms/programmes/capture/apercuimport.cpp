@@ -1,6 +1,6 @@
 #include "forms/programmes/capture/apercuimport.h"
 
-#include <QFontDatabase>
+#include <QHeaderView>
 #include <QLocale>
 #include <QPalette>
 #include <algorithm>
@@ -57,6 +57,11 @@ ApercuImport::ApercuImport(Services& services, capture::PreparationDImport prepa
   ui_->TextGenerique->setText(VersQt(cible_.generique));
   ui_->Lignes->setModel(lignes_);
   ui_->Colonnes->setModel(colonnes_);
+  for (QTableView* table : {ui_->Lignes, ui_->Colonnes}) {
+    table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table->horizontalHeader()->setTextElideMode(Qt::ElideRight);
+  }
   PreparerLaLecture();
   ReprendreLesChoix();
   RelierLesControles();
@@ -262,6 +267,9 @@ void ApercuImport::MontrerBilan() {
   const QString fautes = TexteDesFautes();
   ui_->TextFautes->setPlainText(fautes);
   ui_->TextFautes->setVisible(!fautes.isEmpty());
+  constexpr qsizetype kLignesAuPlus = 7;
+  const auto lignes = static_cast<int>(std::min(fautes.count(u'\n') + 1, kLignesAuPlus));
+  ui_->TextFautes->setFixedHeight(lignes * fontMetrics().lineSpacing() + 12);
   ui_->Lancer->setEnabled(!fautif && !attend_);
   const std::int64_t vides = preparation_.Vue().faits.lignesVides;
   QString pied = preparation_.Vue().entier

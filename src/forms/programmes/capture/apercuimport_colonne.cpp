@@ -22,12 +22,13 @@ constexpr Ordre kOrdres[] = {Ordre::Alphabetique, Ordre::Frequence, Ordre::Donne
 
 void ApercuImport::RelierLaColonne() {
   auto& entete = *ui_->Colonnes->horizontalHeader();
-  entete.setStretchLastSection(true);
   const int pas = fontMetrics().averageCharWidth();
-  const int largeurs[] = {24 * pas, 7 * pas, 20 * pas, 10 * pas, 8 * pas};
-  for (int rubrique = 0; rubrique < ColonnesDApercu::Devient; ++rubrique)
+  const int largeurs[] = {0, 7 * pas, 24 * pas, 10 * pas, 8 * pas, 24 * pas};
+  for (int rubrique = ColonnesDApercu::Nom; rubrique < ColonnesDApercu::kRubriques; ++rubrique)
     ui_->Colonnes->setColumnWidth(rubrique, largeurs[rubrique]);
-  ui_->Partage->setSizes({200, 260});
+  entete.setSectionResizeMode(ColonnesDApercu::Intitule, QHeaderView::Stretch);
+  entete.setMinimumSectionSize(6 * pas);
+  ui_->Partage->setSizes({180, 280});
   ui_->PartageColonnes->setSizes({640, 320});
   for (const char* ordre : {"alphabétique", "par fréquence", "celui de la liste"})
     ui_->ComboOrdre->addItem(QString::fromUtf8(ordre));
@@ -211,7 +212,8 @@ void ApercuImport::LireClasses() {
   ChoixChange();
   QStringList libelles;
   int code = 0;
-  for (const std::string& libelle : capture::LibellesDesClasses(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
+  for (const std::string& libelle :
+       capture::LibellesDesClasses(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
     libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
   ui_->LabelClasses->setText(libelles.join(u'\n'));
 }

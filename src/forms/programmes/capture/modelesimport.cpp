@@ -93,7 +93,9 @@ QVariant ColonnesDApercu::data(const QModelIndex& index, int role) const {
     case Contenu: return VersQt(capture::NomContenu(colonne.contenu));
     case Differentes: return Nombre(colonne.differentes);
     case Vides: return Nombre(colonne.vides);
-    default: return VersQt(capture::Devenir(choix, colonne));
+    default:
+      if (role == Qt::ToolTipRole) return VersQt(capture::Devenir(choix, colonne));
+      return VersQt(capture::LibelleGenre(choix.genre));
   }
 }
 
