@@ -47,15 +47,28 @@ struct FaitsDeColonne {
   std::int64_t differentes = 0;  // different values; at most kDifferentesAuPlus are told apart
   std::int64_t fautes = 0;       // faulty cells; the first ones are in `fautives`
   std::vector<CelluleFautive> fautives;
-  std::vector<ValeurComptee> valeurs;   // of texts, in alphabetic order; empty for long ones
+  // All different cells, numbers among them, in alphabetic order (numbers by size first); empty beyond kValeursGardees.
+  std::vector<ValeurComptee> valeurs;
   std::vector<ValeurComptee> elements;  // of lists, in alphabetic order
   char liste = '\0';                    // sign between the answers of a cell
   char decimale = ',';                  // of its numbers
   int decimales = 0;                    // most digits behind it
   double minimum = 0, maximum = 0;      // of its numbers
   std::int64_t negatives = 0;           // numbers below 0
+  std::size_t largeur = 0;              // of the longest cell
+  std::size_t largeurNombre = 0;        // of the longest number, written with a decimal point and no groups
+  std::int64_t avecDecimales = 0;       // numbers with a decimal sign
+  std::int64_t nonNumeriques = 0;       // filled cells that are no numbers
+  std::int64_t longues = 0;             // texts beyond kLongueurCourte characters
+  std::int64_t nonReponses = 0;         // cells "nr", as the export writes the code 0
 };
+inline constexpr std::size_t kValeursGardees = 1000;
 inline constexpr std::int64_t kDifferentesAuPlus = 100000;
+inline constexpr std::string_view kNonReponse = "nr";
+
+// Alphabetic order as a French reader expects it: case and accents count only between texts equal without them;
+// numbers come first, by size.
+bool AvantParOrdre(std::string_view a, std::string_view b);
 
 // A row that has more cells, or fewer, than there are titles.
 struct LigneIrreguliere {
@@ -71,6 +84,7 @@ struct FaitsDeTable {
   std::vector<LigneIrreguliere> irregulieres;
   std::int64_t etrangers = 0;  // characters that the code page has not, shown as "?"
   std::int64_t ligneEtrangere = 0;
+  std::int64_t guillemetSansFin = 0;  // line of a quote that nothing closes; 0 without any
 };
 
 // Called now and then with the bytes read; false stops the reading.

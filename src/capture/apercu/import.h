@@ -25,10 +25,12 @@ struct LectureImposee {
 
 struct OptionsImport {
   std::string fichier;       // table to import (code page); empty: the .CSV or .TXT of the generic
-  std::string fichierChoix;  // .IMC; empty: that of the generic when there is one
+  std::string fichierChoix;  // .IMC; empty: what is proposed without any hand
   std::string feuille;       // sheet of a workbook
   LectureImposee lecture;
-  std::vector<ChoixDeColonne> choix;  // made in the window; they go before the file
+  // Made in the window, where they go before the file; those that are what the first rows propose are proposed again
+  // from the whole file.
+  std::vector<ChoixDeColonne> choix;
 
   bool operator==(const OptionsImport&) const = default;
 };

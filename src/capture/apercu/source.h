@@ -1,6 +1,7 @@
 // The file that a user names, and the text that is read of it: sheets of workbooks become one first.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,7 @@ namespace quelvar::capture {
 
 enum class GenreDeSource { Texte, Classeur, DBase };
 
-// By its extension: .ods and .xlsx, .dbf, all others are texts.
+// By its extension: .ods and .xlsx and their kin, .dbf, all others are texts.
 GenreDeSource GenreDe(const Chemin& fichier);
 
 // A text to be read: the file itself, or a scratch file made of a sheet, which goes with the object.
@@ -24,11 +25,11 @@ class SourceDeTable {
   SourceDeTable& operator=(const SourceDeTable&) = delete;
 
   const Chemin& Texte() const { return texte_; }
-  bool EstCopie() const { return copie_; }
+  bool EstCopie() const { return feuille_ != nullptr; }
 
  private:
   Chemin texte_;
-  bool copie_ = false;
+  std::unique_ptr<Remplacement> feuille_;  // never put in place
 };
 
 }  // namespace quelvar::capture
