@@ -42,8 +42,8 @@ bool EstMot(std::string_view texte, std::initializer_list<std::string_view> mots
   return std::ranges::find(mots, std::string_view(petit)) != mots.end();
 }
 bool EstOui(std::string_view texte) {
-  return EstMot(texte, {"oui", "yes", "y", "o", "x", "vrai", "true", "coché"_w, "checked", "selected",
-                        "sélectionné"_w, "quoted", "1"});
+  return EstMot(texte, {"oui", "yes", "y", "o", "x", "vrai", "true", "coché"_w, "checked", "selected", "sélectionné"_w,
+                        "quoted", "1"});
 }
 bool EstNon(std::string_view texte) {
   return EstMot(texte, {"non", "no", "n", "faux", "false", "non coché"_w, "unchecked", "not selected",
@@ -124,9 +124,9 @@ void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne,
   const std::size_t avant = refus.size();
   for (const CelluleFautive& cellule : colonne.fautives) {
     if (EstParmi(choix.nonReponses, cellule.valeur)) continue;
-    refus.push_back(Cellule(colonne, numero, cellule,
-                            choix.genre == Genre::Codes ? std::string_view("n'est pas un code")
-                                                        : std::string_view("n'est pas un nombre")));
+    refus.push_back(Cellule(
+        colonne, numero, cellule,
+        choix.genre == Genre::Codes ? std::string_view("n'est pas un code") : std::string_view("n'est pas un nombre")));
   }
   const auto gardees = static_cast<std::int64_t>(colonne.fautives.size());
   if (refus.size() > avant && colonne.fautes > gardees)
@@ -248,8 +248,7 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
     const bool enNombres =
         choix[j].genre == Genre::Codes || choix[j].genre == Genre::Classes || choix[j].genre == Genre::Nombres;
     if (enNombres) RefuserCellules(choix[j], colonne, j + 1, refus);
-    if (choix[j].genre == Genre::Textes &&
-        TextesACoder(choix[j], colonne) > static_cast<std::int64_t>(kCodesDeTextes))
+    if (choix[j].genre == Genre::Textes && TextesACoder(choix[j], colonne) > static_cast<std::int64_t>(kCodesDeTextes))
       refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule, ", ",
                                Nombre(TextesACoder(choix[j], colonne)), " textes différents pour 99 codes"_w}));
   }
@@ -264,8 +263,9 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) 
       return "codes repris tels quels";
     case Genre::Textes: return DevenirTextes(choix, colonne);
     case Genre::Classes:
-      return choix.bornes.empty() ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
-                                  : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});
+      return choix.bornes.empty()
+                 ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
+                 : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});
     case Genre::Nombres:
       if (colonne.contenu == Contenu::Melange)
         return Joindre({Nombre(colonne.fautes), " cellules ne sont pas des nombres : l'import s'arrête"_w});

@@ -41,8 +41,7 @@ std::string EcrireLigne(const ChoixDeColonne& choix) {
     ligne.append(1, ';').append(nom).append(1, '=').append(valeur);
   };
   if (choix.genre == Genre::Textes) {
-    if (choix.ordre != Ordre::Donne)
-      parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
+    if (choix.ordre != Ordre::Donne) parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
     if (!choix.textes.empty()) parametre("textes", Liste(choix.textes));
   }
   if (choix.genre == Genre::Classes) {
@@ -65,9 +64,8 @@ class Analyse {
   Analyse(std::string_view reste, std::int64_t numero) : ligne_(reste), reste_(reste), numero_(numero) {}
 
   [[noreturn]] void Refuser(Texte raison) const {
-    throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arrêt du programme : ligne "_w, Nombre(numero_), " du fichier des choix, ", raison, " : ",
-                          ligne_}));
+    throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : ligne "_w, Nombre(numero_),
+                                                " du fichier des choix, ", raison, " : ", ligne_}));
   }
 
   // A text up to one of the signs, or a quoted one.

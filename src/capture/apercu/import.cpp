@@ -152,7 +152,8 @@ void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Fi
     perdus = EcrireModalites(sorties.jeu.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, plan,
                              fichiers.mod);
   } else if (fichiers.mod) {
-    rapport.Ligne({"Le fichier ", contexte.Nom(".MOD"), " reste : vérifiez que ses intitulés sont ceux des codes importés"_w});
+    rapport.Ligne(
+        {"Le fichier ", contexte.Nom(".MOD"), " reste : vérifiez que ses intitulés sont ceux des codes importés"_w});
   }
   if (!plan.nombres.empty()) {
     SauvegarderMod(rapport, contexte, contexte.Nom("N.MOD"), sorties.jeu);
@@ -209,8 +210,8 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
   }
   const std::optional<Chemin> ancien = contexte.Chercher(".DBF");
   if (!ancien || !MemeFichier(*ancien, *source)) {
-    const std::string question = Joindre(
-        {"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
+    const std::string question =
+        Joindre({"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
     if (ancien && contexte.Ecran().demander(question, Boutons::OuiNon) != Reponse::Oui) return Fin::Arret;
     JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
     sorties.Copier(*source, contexte.Nom(".DBF"), Nature::Unique);

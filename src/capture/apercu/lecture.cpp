@@ -15,9 +15,9 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kRangees = 300;        // looked at to find separator, titles and decimal sign
-constexpr std::size_t kLignesAvant = 10;     // lines that may stand before the titles
-constexpr double kPresque = 0.9;             // share of rows of one length below which a separator is no good
+constexpr std::size_t kRangees = 300;             // looked at to find separator, titles and decimal sign
+constexpr std::size_t kLignesAvant = 10;          // lines that may stand before the titles
+constexpr double kPresque = 0.9;                  // share of rows of one length below which a separator is no good
 constexpr std::string_view kCandidats = ";\t|,";  // of two that serve as well the first one wins
 
 using Rangees = std::vector<std::vector<std::string>>;
@@ -70,7 +70,8 @@ Essai Essayer(char separateur, const Rangees& rangees) {
   // One cell alone in front: a heading of the whole file, if titles stand behind it.
   for (std::size_t k = 1; k < std::min(rangees.size(), kLignesAvant); ++k) {
     if (Longueur(rangees[k]) == 1) continue;
-    const bool regulier = part * static_cast<double>(rangees.size()) >= kPresque * static_cast<double>(rangees.size() - k);
+    const bool regulier =
+        part * static_cast<double>(rangees.size()) >= kPresque * static_cast<double>(rangees.size() - k);
     if (Longueur(rangees[k]) == frequent->first && regulier && SansNombre(rangees[k])) return {separateur, part, k};
     break;
   }
@@ -124,8 +125,8 @@ void ChoisirDecimale(LectureDetectee& detectee, const Echantillon& echantillon) 
   const char usuelle = detectee.lecture.separateur == ',' ? '.' : ',';
   detectee.lecture.decimale = virgules == points || !certains ? usuelle : virgules > points ? ',' : '.';
   if (virgules > 0 && points > 0)
-    detectee.doutes.push_back(Joindre({"Des nombres ont une virgule décimale ("_w, Nombre(virgules), "), d'autres un point (",
-                                       Nombre(points), ") dans les premières lignes."_w}));
+    detectee.doutes.push_back(Joindre({"Des nombres ont une virgule décimale ("_w, Nombre(virgules),
+                                       "), d'autres un point (", Nombre(points), ") dans les premières lignes."_w}));
 }
 
 void ChoisirSeparateur(LectureDetectee& detectee, const Chemin& source, Echantillon& retenu) {
@@ -178,8 +179,8 @@ LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue) {
   }
   ChoisirDecimale(detectee, echantillon);
   if (echantillon.guillemetSansFin > 0)
-    detectee.doutes.push_back(Joindre({"Un guillemet ouvert à la ligne "_w, Nombre(echantillon.guillemetSansFin),
-                                       " n'est jamais fermé."_w}));
+    detectee.doutes.push_back(
+        Joindre({"Un guillemet ouvert à la ligne "_w, Nombre(echantillon.guillemetSansFin), " n'est jamais fermé."_w}));
   return detectee;
 }
 
@@ -208,8 +209,8 @@ std::string_view NomSeparateur(char separateur) {
 std::string_view NomDecimale(char decimale) { return decimale == ',' ? "virgule" : "point"; }
 
 std::string DireLecture(const Lecture& lecture) {
-  std::string phrase = Joindre({NomEncodage(lecture.encodage), ", séparateur "_w, NomSeparateur(lecture.separateur), ", ",
-                                lecture.decimale == ',' ? "virgule décimale"_w : "point décimal"_w,
+  std::string phrase = Joindre({NomEncodage(lecture.encodage), ", séparateur "_w, NomSeparateur(lecture.separateur),
+                                ", ", lecture.decimale == ',' ? "virgule décimale"_w : "point décimal"_w,
                                 std::string_view(lecture.guillemets ? ", guillemets" : ", sans guillemets")});
   if (lecture.ligneSep) phrase += ", ligne \"sep=\"";
   phrase += lecture.ligneTitres == 0 ? Joindre({", sans intitulés"_w})

@@ -38,8 +38,8 @@ std::vector<ChoixDeColonne> ChoixDeFichier(const Contexte& contexte, const Optio
                  Joindre({"*** Arrêt du programme : le fichier des choix "_w, options.fichierChoix, " n'existe pas"}));
   ChoixApparies apparies = Apparier(proposes, LireImc(*fichier));
   for (const std::string& titre : apparies.sansChoix)
-    doutes.push_back(Joindre({"la colonne ", titre, " n'est pas dans ", options.fichierChoix,
-                              ", elle devient ce qui est proposé"_w}));
+    doutes.push_back(Joindre(
+        {"la colonne ", titre, " n'est pas dans ", options.fichierChoix, ", elle devient ce qui est proposé"_w}));
   for (const std::string& titre : apparies.sansColonne)
     doutes.push_back(Joindre({"aucune colonne n'a l'intitulé "_w, titre, " de ", options.fichierChoix}));
   return std::move(apparies.choix);
@@ -66,8 +66,7 @@ Reconnaissance Reconnaitre(const Contexte& contexte, const Chemin& source, const
   Reconnaissance table{detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source, detectee.lecture), {}};
   table.choix = ProposerChoix(table.faits.colonnes);
   if (!options.choix.empty()) table.choix = ChoixDeFenetre(source, table.lecture, options, table.choix);
-  else if (!options.fichierChoix.empty())
-    table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);
+  else if (!options.fichierChoix.empty()) table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);
   return table;
 }
 

@@ -38,8 +38,9 @@ std::string LigneDeColonne(const ColonneImportee& colonne) {
     statut = "OUI         ";
     nomCourt = colonne.nomCourt;
   }
-  return Joindre({NombreFixe(static_cast<double>(colonne.rang), 4, 0), std::string(4, ' '), NombreFixe(colonne.codeMax, 4, 0),
-                  std::string(10, ' '), NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(8, ' '),
+  return Joindre({NombreFixe(static_cast<double>(colonne.rang), 4, 0), std::string(4, ' '),
+                  NombreFixe(colonne.codeMax, 4, 0), std::string(10, ' '),
+                  NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(8, ' '),
                   NombreFixe(static_cast<double>(colonne.largeur), 4, 0), std::string(6, ' '), nomCourt,
                   std::string(7, ' '), statut, " ", intitule});
 }
@@ -84,8 +85,8 @@ void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, co
   rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
   GarderSauvegarde(rapport, contexte, pos, sauvegarde, sorties);
   CopierLignes(pos, sorties.Ouvrir(sauvegarde, Nature::Unique));
-  rapport.Ligne({"Il est sauvegardé sous le nom "_w, sauvegarde,
-                 effacee ? " et il est effacé "_w : std::string_view{}});
+  rapport.Ligne(
+      {"Il est sauvegardé sous le nom "_w, sauvegarde, effacee ? " et il est effacé "_w : std::string_view{}});
 }
 
 void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
@@ -117,8 +118,8 @@ std::string NumeroEtIntitule(const ColonneImportee& colonne) {
 }
 
 std::string RemarqueLignesVides(std::int64_t nombre) {
-  return Joindre({"*** Attention :", NombreNu(nombre),
-                  "ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w});
+  return Joindre(
+      {"*** Attention :", NombreNu(nombre), "ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w});
 }
 
 std::string RemarqueNegatives(std::int64_t nombre, const ColonneImportee& colonne) {

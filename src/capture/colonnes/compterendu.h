@@ -24,7 +24,8 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, std::string_view
 
 // Keeps the former .POS as .PO2 among the outputs, and an older copy that says something else under the first number
 // that is free (.PO3).
-void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, const Chemin& pos, JeuDeFichiers& sorties);
+void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, const Chemin& pos,
+                    JeuDeFichiers& sorties);
 
 // The table of the columns, with or without titles.
 void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombre,

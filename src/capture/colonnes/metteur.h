@@ -19,7 +19,8 @@ class MetteurEnColonnes {
     std::size_t alignees = colonnes.size();  // behind the last column of codes the texts are not aligned
     while (alignees > 0 && !colonnes[alignees - 1].EstEtroite()) --alignees;
     alignees_ = alignees;
-    for (const ColonneImportee& colonne : colonnes) places_.push_back({colonne.position - 1, colonne.largeur, avecCodes && colonne.EstEtroite()});
+    for (const ColonneImportee& colonne : colonnes)
+      places_.push_back({colonne.position - 1, colonne.largeur, avecCodes && colonne.EstEtroite()});
     largeurAlignee_ = alignees == 0 ? 0 : places_[alignees - 1].debut + places_[alignees - 1].largeur;
   }
 

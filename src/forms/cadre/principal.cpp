@@ -13,14 +13,14 @@
 #include <utility>
 
 #include "core/programme/erreur.h"
-#include "forms/cadre/depot.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/pieces/depot.h"
 #include "forms/pieces/ecran.h"
-#include "forms/programmes/capture/apercuimport.h"
-#include "forms/programmes/capture/sourceimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 

@@ -19,8 +19,8 @@
 #include "factor/analyse/anecar.h"
 #include "forms/cadre/entrees.h"
 #include "forms/pilote.h"
-#include "forms/programmes/capture/apercuimport.h"
-#include "forms/programmes/capture/sourceimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "modalities/creation/posmod.h"
 #include "tables/ecapem.h"
 

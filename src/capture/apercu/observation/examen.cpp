@@ -20,9 +20,8 @@ constexpr std::int64_t kPas = 1024;  // rows between two calls of the follower
 void ExamenDeTable::AssurerColonnes(std::size_t nombre) {
   if (nombre <= colonnes_.size()) return;
   if (nombre > kColonnesAuPlus)
-    throw Erreur(kDepassementCapacite,
-                 Joindre({"*** Arrêt du programme : une ligne a plus de "_w, Nombre(kColonnesAuPlus),
-                          " colonnes ; vérifiez le séparateur"_w}));
+    throw Erreur(kDepassementCapacite, Joindre({"*** Arrêt du programme : une ligne a plus de "_w,
+                                                Nombre(kColonnesAuPlus), " colonnes ; vérifiez le séparateur"_w}));
   colonnes_.resize(nombre);
 }
 

@@ -31,7 +31,8 @@ char SansAccent(char c) {
   const char minuscule = Minuscule(c);
   static constexpr std::string_view kAccents = "àáâãäåçèéêëìíîïñòóôõöùúûüýÿ"_w;
   static constexpr std::string_view kLettres = "aaaaaaceeeeiiiinooooouuuuyy";
-  const std::size_t rang = static_cast<unsigned char>(minuscule) < 0x80 ? std::string_view::npos : kAccents.find(minuscule);
+  const std::size_t rang =
+      static_cast<unsigned char>(minuscule) < 0x80 ? std::string_view::npos : kAccents.find(minuscule);
   return rang == std::string_view::npos ? minuscule : kLettres[rang];
 }
 

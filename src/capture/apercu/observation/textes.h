@@ -22,7 +22,8 @@ inline std::uint64_t CondenseDeTexte(std::string_view texte) {
     h ^= h >> 29;
   }
   std::uint64_t mot = 0;
-  for (std::size_t i = 0; i < reste; ++i) mot |= static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])) << (8 * i);
+  for (std::size_t i = 0; i < reste; ++i)
+    mot |= static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])) << (8 * i);
   h = (h ^ mot) * kMelange;
   return h ^ (h >> 32);
 }

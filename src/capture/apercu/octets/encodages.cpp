@@ -105,9 +105,9 @@ std::size_t PremierInvalide(std::string_view octets) {
 
 // Looks at a file piece by piece, cut behind line ends.
 struct Examen {
-  bool multiple = false;             // valid sequences of UTF-8 were met
-  std::int64_t lignes = 0;           // lines before the piece
-  std::int64_t ligneInvalide = 0;    // first line that is not valid UTF-8
+  bool multiple = false;           // valid sequences of UTF-8 were met
+  std::int64_t lignes = 0;         // lines before the piece
+  std::int64_t ligneInvalide = 0;  // first line that is not valid UTF-8
   Indices indices;
 
   void Voir(std::string_view morceau) {

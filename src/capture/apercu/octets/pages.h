@@ -16,8 +16,7 @@ bool EstAscii(std::string_view octets);
 // followed by their accent are put together; the blanks and hyphens that the code page lacks become its own. Every
 // character that it has no sign for, and every invalid byte, becomes "?" and counts in `etrangers`. UTF-16 comes as
 // UTF-8, as its lines do.
-std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
-                              std::int64_t& etrangers);
+std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon, std::int64_t& etrangers);
 
 // Lines of a UTF-16 source as UTF-8, or of one whose lines end in CR alone, as LecteurLignes gives those of others. The
 // source is read in pieces.
@@ -33,10 +32,10 @@ class LignesDecodees {
   Chemin source_;
   Encodage encodage_;
   std::uintmax_t place_ = 0;
-  std::string tampon_;       // decoded bytes
-  std::size_t debut_ = 0;    // first byte not given yet
-  char16_t enAttente_ = u'\0';   // first half of a pair
-  std::string impair_;       // first byte of a character cut in two
+  std::string tampon_;          // decoded bytes
+  std::size_t debut_ = 0;       // first byte not given yet
+  char16_t enAttente_ = u'\0';  // first half of a pair
+  std::string impair_;          // first byte of a character cut in two
   bool finie_ = false;
 };
 

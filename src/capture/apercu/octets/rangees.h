@@ -17,9 +17,7 @@ class LecteurDeRangees {
 
   // The next row, as a view that lives until the next call; false at the end. What stands before the titles is skipped.
   bool Lire(std::string_view& rangee);
-  LigneDeTableur Cellules(std::string_view rangee) const {
-    return {rangee, lecture_.separateur, lecture_.guillemets};
-  }
+  LigneDeTableur Cellules(std::string_view rangee) const { return {rangee, lecture_.separateur, lecture_.guillemets}; }
   bool SansValeur(std::string_view rangee) const;
 
   std::int64_t Ligne() const { return lecteur_.Ligne(); }

@@ -47,8 +47,8 @@ void EcrireLecture(Rapport& rapport, std::string_view fichier, const Reconnaissa
 }
 
 void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
-  rapport.Ligne({"Il y a", NombreNu(table.faits.individus), "individus et", NombreNu(table.faits.colonnes.size()),
-                 "colonnes"});
+  rapport.Ligne(
+      {"Il y a", NombreNu(table.faits.individus), "individus et", NombreNu(table.faits.colonnes.size()), "colonnes"});
   rapport.Ligne();
   rapport.Ligne("   No Nom Contenu                 Différentes   Vides Intitulé : devenir"_w);
   for (std::size_t j = 0; j < table.faits.colonnes.size(); ++j) {
@@ -117,8 +117,7 @@ std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan
     remarques.push_back(Joindre({"*** Attention :", NombreNu(perdus.coupes.size()),
                                  "intitulé(s) de plus de 25 caractères, coupé(s) dans "_w, contexte.Nom(".MOD")}));
   for (const std::string& nom : perdus.communs)
-    remarques.push_back(
-        Joindre({"*** Attention : deux modalités ont le nom "_w, nom, " dans ", contexte.Nom(".MOD")}));
+    remarques.push_back(Joindre({"*** Attention : deux modalités ont le nom "_w, nom, " dans ", contexte.Nom(".MOD")}));
   if (perdus.gardes > 0)
     remarques.push_back(Joindre({"Les intitulés de l'ancien fichier "_w, contexte.Nom(".MOD"),
                                  " sont gardés pour les questions de codes :"_w, NombreBlanc(perdus.gardes)}));
@@ -130,12 +129,13 @@ std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan
       remarques.push_back(Joindre({"    cette position dit la colonne du texte : 1 pour la colonne",
                                    NombreNu(plan.longues.front() + 1), "et ainsi de suite"}));
     if (bilan.etoiles > 0)
-      remarques.push_back(Joindre({"*** Attention :", NombreNu(bilan.etoiles),
-                                   "étoile(s) des textes remplacée(s) par des blancs"_w}));
+      remarques.push_back(
+          Joindre({"*** Attention :", NombreNu(bilan.etoiles), "étoile(s) des textes remplacée(s) par des blancs"_w}));
   }
   if (plan.nombres.empty()) return remarques;
-  remarques.push_back(Joindre({"Les nombres gardés sont sous le générique "_w, contexte.generique, "N (", contexte.generique,
-                               "N.CDG et ", contexte.generique, "N.MOD), pour la régression sur données numériques"_w}));
+  remarques.push_back(
+      Joindre({"Les nombres gardés sont sous le générique "_w, contexte.generique, "N (", contexte.generique,
+               "N.CDG et ", contexte.generique, "N.MOD), pour la régression sur données numériques"_w}));
   if (bilan.sansNombre > 0) {
     remarques.push_back(Joindre({"*** Attention :", NombreNu(bilan.sansNombre),
                                  "individu(s) sans l'un de ces nombres n'y sont pas, car un vide y serait lu 0"}));
@@ -153,7 +153,8 @@ void EcrireRefus(Rapport& rapport, const Bilan& bilan, const FaitsDeTable& faits
   std::ranges::stable_sort(refusees, {}, &CelluleRefusee::colonne);
   for (const CelluleRefusee& refusee : refusees)
     rapport.Ligne({"*** Erreur : colonne", NumeroEtNom(refusee.colonne, faits.colonnes[refusee.colonne]), ", ligne",
-                   NombreNu(refusee.ligne), ": \"", refusee.valeur, "\" ", CeQuilFaut(choix[refusee.colonne], refusee.valeur)});
+                   NombreNu(refusee.ligne), ": \"", refusee.valeur, "\" ",
+                   CeQuilFaut(choix[refusee.colonne], refusee.valeur)});
   const auto tues = bilan.refus - static_cast<std::int64_t>(refusees.size());
   if (tues > 0) rapport.Ligne({"*** Erreur : et", NombreNu(tues), "autre(s) cellule(s)"});
 }

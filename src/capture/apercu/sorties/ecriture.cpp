@@ -20,10 +20,10 @@ constexpr std::size_t kCodesComptes = 100;
 
 bool EstNegation(std::string_view texte) {
   const std::string petit = Minuscules(texte);
-  for (const std::string_view non : {std::string_view("non"), std::string_view("no"), std::string_view("n"),
-                                     std::string_view("faux"), std::string_view("false"), "non coché"_w,
-                                     std::string_view("unchecked"), std::string_view("not selected"),
-                                     "non sélectionné"_w, std::string_view("not quoted"), std::string_view("0")})
+  for (const std::string_view non :
+       {std::string_view("non"), std::string_view("no"), std::string_view("n"), std::string_view("faux"),
+        std::string_view("false"), "non coché"_w, std::string_view("unchecked"), std::string_view("not selected"),
+        "non sélectionné"_w, std::string_view("not quoted"), std::string_view("0")})
     if (petit == non) return true;
   return false;
 }
@@ -31,8 +31,12 @@ bool EstNegation(std::string_view texte) {
 class EcritureDeTable {
  public:
   EcritureDeTable(const Plan& plan, std::int64_t individus, const SortiesDeTable& sorties)
-      : plan_(plan), sorties_(sorties), metteur_(plan.colonnes, true), reponses_(plan.colonnes.size()),
-        textes_(plan.longues.size()), nombres_(plan.nombres.size()) {
+      : plan_(plan),
+        sorties_(sorties),
+        metteur_(plan.colonnes, true),
+        reponses_(plan.colonnes.size()),
+        textes_(plan.longues.size()),
+        nombres_(plan.nombres.size()) {
     bilan_.effectifs.resize(plan.colonnes.size());
     for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
       if (!plan.etiquettes[k].empty()) bilan_.effectifs[k].resize(kCodesComptes);
@@ -77,7 +81,7 @@ class EcritureDeTable {
   std::vector<char> reponses_;  // of the lists of the row, by column of .DAT
   std::vector<std::string> textes_;
   std::vector<std::string> nombres_;
-  std::vector<std::size_t> textesDe_;   // columns of the table
+  std::vector<std::size_t> textesDe_;  // columns of the table
   std::vector<std::size_t> nombresDe_;
   std::size_t largeurRang_ = 1;
   std::string enregistrement_;
@@ -188,9 +192,8 @@ void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
 // One record a text: the characteristics, which of the columns it is when there are several, the text and its star.
 void EcritureDeTable::EcrireTextes() {
   for (std::size_t i = 0; i < textes_.size(); ++i) {
-    enregistrement_ = metteur_.LargeurAlignee() > 0
-                          ? std::string(metteur_.PartieAlignee())
-                          : EntierDroit(bilan_.individus, static_cast<int>(largeurRang_));
+    enregistrement_ = metteur_.LargeurAlignee() > 0 ? std::string(metteur_.PartieAlignee())
+                                                    : EntierDroit(bilan_.individus, static_cast<int>(largeurRang_));
     if (textes_.size() > 1) enregistrement_ += CodeCaractere(static_cast<int>(std::min<std::size_t>(i + 1, 35)));
     enregistrement_.append(textes_[i]).append(1, '*');
     sorties_.txt->Ligne(enregistrement_);

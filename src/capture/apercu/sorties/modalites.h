@@ -13,9 +13,9 @@ namespace quelvar::capture {
 
 // What the labels could not keep.
 struct IntitulesPerdus {
-  std::vector<std::string> coupes;    // longer than a line of .MOD keeps
-  std::vector<std::string> communs;   // names of modalities that two codes share
-  std::size_t gardes = 0;             // labels of the former .MOD that stay, behind "**"
+  std::vector<std::string> coupes;   // longer than a line of .MOD keeps
+  std::vector<std::string> communs;  // names of modalities that two codes share
+  std::size_t gardes = 0;            // labels of the former .MOD that stay, behind "**"
 };
 
 bool AvecIntitules(const Plan& plan);

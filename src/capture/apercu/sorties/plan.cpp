@@ -19,7 +19,8 @@ constexpr std::size_t kClassesAuPlus = 35;
 constexpr std::size_t kColonnesDeReponses = 200;
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
-  throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : colonne"_w, NumeroEtIntitule(colonne), ", ", raison}));
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arrêt du programme : colonne"_w, NumeroEtIntitule(colonne), ", ", raison}));
 }
 
 bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
@@ -128,7 +129,8 @@ void Dresseur::PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& 
   std::vector<ValeurComptee> autres;
   for (const ValeurComptee& valeur : faits.valeurs)
     if (!EstParmi(choix.textes, valeur.valeur) && !EstParmi(choix.nonReponses, valeur.valeur)) autres.push_back(valeur);
-  if (choix.ordre == Ordre::Frequence) std::ranges::stable_sort(autres, std::ranges::greater{}, &ValeurComptee::effectif);
+  if (choix.ordre == Ordre::Frequence)
+    std::ranges::stable_sort(autres, std::ranges::greater{}, &ValeurComptee::effectif);
   ordre.insert(ordre.end(), autres.begin(), autres.end());
   lue_.regle = Regle::Texte;
   const auto codeMax = static_cast<double>(ordre.size());
@@ -246,8 +248,7 @@ void Dresseur::Nommer() {
     if (colonne.nomCourt != naturel) plan_.nomsChanges.push_back(rangs[i]);
   }
   demandes.clear();
-  for (const NombreGarde& nombre : plan_.nombres)
-    demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
+  for (const NombreGarde& nombre : plan_.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
   const std::vector<NomCourt> gardes = NomsCourts(demandes);
   for (std::size_t i = 0; i < gardes.size(); ++i) plan_.nombres[i].nom = gardes[i].nom;
 }

@@ -33,11 +33,11 @@ struct ColonneLue {
   std::size_t nombre = 0;    // its columns there
   TableDeTextes textes;      // with a code for each: that of .DAT, or the column of the answer from 1
   std::vector<int> codes;
-  bool avecZeros = false;    // some texts count as 0
+  bool avecZeros = false;       // some texts count as 0
   std::vector<double> limites;  // classes: the lower limit of each but the first
   char liste = '\0';
-  bool longue = false;       // goes to .TXT
-  bool gardee = false;       // goes to the numbers
+  bool longue = false;  // goes to .TXT
+  bool gardee = false;  // goes to the numbers
   char decimale = ',';
 };
 
@@ -49,8 +49,8 @@ struct NombreGarde {
 };
 
 struct Plan {
-  std::vector<ColonneLue> lues;           // one for each column of the table
-  std::vector<ColonneImportee> colonnes;  // of .DAT
+  std::vector<ColonneLue> lues;                    // one for each column of the table
+  std::vector<ColonneImportee> colonnes;           // of .DAT
   std::vector<std::vector<Etiquette>> etiquettes;  // one list for each column of .DAT
   std::vector<std::size_t> nomsChanges;            // columns of .DAT whose name is not that of their title
   std::vector<std::size_t> longues;                // columns of the table that go to .TXT

@@ -3,7 +3,7 @@
 #include "capture/burt.h"
 #include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"
-#include "forms/programmes/capture/sourceimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
 

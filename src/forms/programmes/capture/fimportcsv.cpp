@@ -3,9 +3,9 @@
 #include "capture/import_csv.h"
 #include "capture/import_csv_options.h"
 #include "forms/pieces/commande.h"
-#include "forms/programmes/capture/apercuimport.h"
 #include "forms/programmes/capture/fimport.h"
-#include "forms/programmes/capture/sourceimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimportcsv.h"
 

@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/modelesimport.h"
+#include "forms/programmes/capture/import/modelesimport.h"
 
 #include <QBrush>
 #include <QFont>

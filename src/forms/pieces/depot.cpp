@@ -1,4 +1,4 @@
-#include "forms/cadre/depot.h"
+#include "forms/pieces/depot.h"
 
 #include <QDropEvent>
 #include <QFileInfo>

@@ -6,8 +6,8 @@
 
 #include "capture/preparation.h"
 #include "forms/cadre/services.h"
-#include "forms/programmes/capture/examendefond.h"
-#include "forms/programmes/capture/modelesimport.h"
+#include "forms/programmes/capture/import/examendefond.h"
+#include "forms/programmes/capture/import/modelesimport.h"
 
 namespace Ui {
 class ApercuImport;

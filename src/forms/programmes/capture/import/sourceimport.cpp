@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/sourceimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -9,8 +9,8 @@
 
 #include "capture/preparation.h"
 #include "forms/cadre/dialogue_qt.h"
-#include "forms/programmes/capture/apercuimport.h"
 #include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_sourceimport.h"
 

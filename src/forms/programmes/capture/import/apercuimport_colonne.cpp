@@ -2,7 +2,7 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 
-#include "forms/programmes/capture/apercuimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercuimport.h"
 

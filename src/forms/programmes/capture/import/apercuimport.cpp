@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/apercuimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
 
 #include <QHeaderView>
 #include <QLocale>
@@ -76,7 +76,10 @@ ApercuImport::ApercuImport(Services& services, capture::PreparationDImport prepa
   else ui_->Colonnes->setFocus();
 }
 
-ApercuImport::~ApercuImport() = default;
+ApercuImport::~ApercuImport() {
+  // The tables are hidden behind this, and would ask their models about a preparation that is gone.
+  for (QTableView* table : {ui_->Lignes, ui_->Colonnes}) table->setModel(nullptr);
+}
 
 void ApercuImport::PreparerLaLecture() {
   for (const Encodage encodage : kEncodages) ui_->ComboEncodage->addItem(VersQt(capture::NomEncodage(encodage)));
@@ -190,6 +193,7 @@ void ApercuImport::Examiner() {
 void ApercuImport::PrendreLesFaits(const capture::FaitsDeTable& faits) {
   const bool memeNombre = faits.colonnes.size() == preparation_.Colonnes().size();
   const int choisie = ui_->Colonnes->currentIndex().row();
+  const bool importer = std::exchange(attend_, false);
   preparation_.PoserFaits(faits);
   ui_->ProgresExamen->setVisible(false);
   lignes_->Relire();
@@ -198,7 +202,7 @@ void ApercuImport::PrendreLesFaits(const capture::FaitsDeTable& faits) {
   ui_->Colonnes->setCurrentIndex(colonnes_->index(std::max(choisie, 0), 0));
   MontrerColonne();
   MontrerBilan();
-  if (std::exchange(attend_, false)) Importer();
+  if (importer) Importer();
 }
 
 void ApercuImport::MontrerEchec(const QString& phrase) {

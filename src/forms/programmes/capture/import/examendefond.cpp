@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/examendefond.h"
+#include "forms/programmes/capture/import/examendefond.h"
 
 #include <memory>
 #include <new>
