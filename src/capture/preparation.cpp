@@ -43,7 +43,7 @@ PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille)
 void PreparationDImport::ChangerFeuille(std::string feuille) {
   // What stands in for a sheet is no file of the survey: it lies where scratch files do.
   auto source = std::make_unique<SourceDeTable>(fichier_, feuille, std::filesystem::temp_directory_path());
-  LectureDetectee detectee = DetecterLecture(source->Texte());
+  LectureDetectee detectee = DetecterLecture(*source);
   Apercu apercu = LireApercu(source->Texte(), detectee.lecture);
   feuille_ = std::move(feuille);
   source_ = std::move(source);

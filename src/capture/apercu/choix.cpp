@@ -101,11 +101,13 @@ bool DonneUnNom(const ChoixDeColonne& choix, bool nombres) {
                       choix.genre == Genre::Multiple);
 }
 
-void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres) {
+// Codes that are all 0 make no question and take no name; `colonnes` tells which, when it is known.
+void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<FaitsDeColonne>* colonnes) {
   std::vector<std::size_t> rangs;
   std::vector<std::string> intitules;
   for (std::size_t j = 0; j < choix.size(); ++j) {
     if (!DonneUnNom(choix[j], nombres)) continue;
+    if (colonnes != nullptr && choix[j].genre == Genre::Codes && (*colonnes)[j].maximum <= 0) continue;
     rangs.push_back(j);
     intitules.push_back(choix[j].nom.empty() ? choix[j].intitule : choix[j].nom);
   }
@@ -132,6 +134,13 @@ void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne,
   if (refus.size() > avant && colonne.fautes > gardees)
     refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", et ",
                              Nombre(colonne.fautes - gardees), " autres cellules"}));
+}
+
+// Faulty cells that the choice does not count as 0; those that are not kept count.
+std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  const auto admises = std::ranges::count_if(
+      colonne.fautives, [&](const CelluleFautive& c) { return EstParmi(choix.nonReponses, c.valeur); });
+  return colonne.fautes - admises;
 }
 
 std::int64_t TextesACoder(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
@@ -187,7 +196,8 @@ std::vector<ChoixDeColonne> ProposerChoix(const std::vector<FaitsDeColonne>& col
     choix.push_back(ProposerGenre(colonne, propose, GenrePropose(colonne)));
   }
   ProposerReponses(colonnes, choix);
-  NommerChoix(choix);
+  Nommer(choix, false, &colonnes);
+  Nommer(choix, true, &colonnes);
   return choix;
 }
 
@@ -236,8 +246,8 @@ std::vector<Genre> GenresPossibles(const FaitsDeColonne& colonne) {
 }
 
 void NommerChoix(std::vector<ChoixDeColonne>& choix) {
-  Nommer(choix, false);
-  Nommer(choix, true);
+  Nommer(choix, false, nullptr);
+  Nommer(choix, true, nullptr);
 }
 
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
@@ -258,8 +268,9 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
 std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
   switch (choix.genre) {
     case Genre::Codes:
-      if (colonne.contenu == Contenu::Melange)
-        return Joindre({Nombre(colonne.fautes), " cellules ne sont pas des codes : l'import s'arrête"_w});
+      if (FautesRestantes(choix, colonne) > 0)
+        return Joindre(
+            {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des codes : l'import s'arrête"_w});
       return "codes repris tels quels";
     case Genre::Textes: return DevenirTextes(choix, colonne);
     case Genre::Classes:
@@ -267,8 +278,9 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) 
                  ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
                  : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});
     case Genre::Nombres:
-      if (colonne.contenu == Contenu::Melange)
-        return Joindre({Nombre(colonne.fautes), " cellules ne sont pas des nombres : l'import s'arrête"_w});
+      if (FautesRestantes(choix, colonne) > 0)
+        return Joindre(
+            {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des nombres : l'import s'arrête"_w});
       return Joindre({"nombres gardés tels quels, sous le générique suivi de N"_w});
     case Genre::Multiple:
       return choix.liste != '\0'

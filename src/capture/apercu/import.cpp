@@ -180,7 +180,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
                                                                     : "Compte rendu d'importation de données en CSV"_w);
   const SourceDeTable source(fichiers.source, options.feuille, contexte.repertoire);
-  const Reconnaissance table = Reconnaitre(contexte, source.Texte(), options);
+  const Reconnaissance table = Reconnaitre(contexte, source, options);
   const Plan plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
   ExigerPlaces(contexte, fichiers, plan);
   Sorties sorties(contexte, plan);
@@ -224,7 +224,7 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
   const std::optional<Chemin> fichier = ChercherSource(contexte, options);
   ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), fichier.has_value()}}, kArretAbsence);
   const SourceDeTable source(*fichier, options.feuille, contexte.repertoire);
-  const Reconnaissance table = Reconnaitre(contexte, source.Texte(), options);
+  const Reconnaissance table = Reconnaitre(contexte, source, options);
   EcrireLecture(rapport, NomDeSource(contexte, options), table);
   EcrireTableDesColonnes(rapport, table);
   for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);

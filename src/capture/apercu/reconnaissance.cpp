@@ -7,10 +7,11 @@ namespace quelvar::capture {
 
 namespace {
 
-LectureDetectee LireLaLecture(const Chemin& source, const LectureImposee& imposee) {
+LectureDetectee LireLaLecture(const SourceDeTable& source, const LectureImposee& imposee) {
   LectureDetectee detectee = DetecterLecture(source);
   // What lies behind the head may settle the encoding otherwise.
-  if (LongueurFichier(source) > kTete && !imposee.encodage && detectee.lecture.encodage != Encodage::Utf8AvecMarque)
+  if (LongueurFichier(source.Texte()) > kTete && !imposee.encodage &&
+      detectee.lecture.encodage != Encodage::Utf8AvecMarque)
     detectee = DetecterLecture(source, Etendue::Entier);
   detectee.lecture = imposee.Appliquer(detectee.lecture);
   return detectee;
@@ -61,11 +62,12 @@ Lecture LectureImposee::Appliquer(Lecture lecture) const {
   return lecture;
 }
 
-Reconnaissance Reconnaitre(const Contexte& contexte, const Chemin& source, const OptionsImport& options) {
+Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options) {
   LectureDetectee detectee = LireLaLecture(source, options.lecture);
-  Reconnaissance table{detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source, detectee.lecture), {}};
+  Reconnaissance table{
+      detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source.Texte(), detectee.lecture), {}};
   table.choix = ProposerChoix(table.faits.colonnes);
-  if (!options.choix.empty()) table.choix = ChoixDeFenetre(source, table.lecture, options, table.choix);
+  if (!options.choix.empty()) table.choix = ChoixDeFenetre(source.Texte(), table.lecture, options, table.choix);
   else if (!options.fichierChoix.empty()) table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);
   return table;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "capture/apercu/import.h"
+#include "capture/apercu/source.h"
 
 namespace quelvar::capture {
 
@@ -16,6 +17,6 @@ struct Reconnaissance {
 };
 
 // Raises what DetecterLecture, ExaminerTable and LireImc raise, and 53 for a file of choices that is not there.
-Reconnaissance Reconnaitre(const Contexte& contexte, const Chemin& source, const OptionsImport& options);
+Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options);
 
 }  // namespace quelvar::capture

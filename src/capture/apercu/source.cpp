@@ -4,20 +4,30 @@
 
 namespace quelvar::capture {
 
+namespace {
+constexpr std::string_view kFeuille = "feuille.csv";  // never takes this name: it goes with the object
+}
+
 GenreDeSource GenreDe(const Chemin& fichier) {
-  if (EstNomDeClasseur(TexteDe(fichier.filename()))) return GenreDeSource::Classeur;
+  if (EstNomDeClasseur(TexteDe(fichier))) return GenreDeSource::Classeur;
   return EgalSansCasse(TexteDe(fichier.extension()), ".dbf") ? GenreDeSource::DBase : GenreDeSource::Texte;
 }
 
 SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire)
     : texte_(fichier) {
   if (GenreDe(fichier) != GenreDeSource::Classeur) return;
-  feuille_ = std::make_unique<Remplacement>(repertoire, "quelvar-feuille.csv");
-  feuille_->Achever();
-  texte_ = feuille_->CheminProvisoire();
+  copie_ = std::make_unique<Remplacement>(repertoire, kFeuille);
+  copie_->Achever();
+  texte_ = copie_->CheminProvisoire();
   EcrireFeuilleEnCsv(fichier, feuille, texte_);
 }
 
 SourceDeTable::~SourceDeTable() = default;
+
+LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue) {
+  LectureDetectee detectee = DetecterLecture(source.Texte(), etendue);
+  if (source.EstCopie()) detectee.lecture.decimale = '.';
+  return detectee;
+}
 
 }  // namespace quelvar::capture

@@ -5,13 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "capture/apercu/lecture.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {
 
 enum class GenreDeSource { Texte, Classeur, DBase };
 
-// By its extension: .ods and .xlsx and their kin, .dbf, all others are texts.
+// By its extension: .ods and .xlsx, .dbf, all others are texts.
 GenreDeSource GenreDe(const Chemin& fichier);
 
 // A text to be read: the file itself, or a scratch file made of a sheet, which goes with the object.
@@ -25,11 +26,14 @@ class SourceDeTable {
   SourceDeTable& operator=(const SourceDeTable&) = delete;
 
   const Chemin& Texte() const { return texte_; }
-  bool EstCopie() const { return feuille_ != nullptr; }
+  bool EstCopie() const { return copie_ != nullptr; }
 
  private:
   Chemin texte_;
-  std::unique_ptr<Remplacement> feuille_;  // never put in place
+  std::unique_ptr<Remplacement> copie_;
 };
+
+// The reading of a source; the numbers of a sheet have a decimal point, whatever they look like.
+LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue = Etendue::Tete);
 
 }  // namespace quelvar::capture

@@ -159,7 +159,6 @@ void Observation::ConclureMelange(FaitsDeColonne& faits, std::initializer_list<C
 void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus, bool premiere, char decimale) const {
   const std::int64_t virgules = nombres_[kVirgule];
   const std::int64_t points = nombres_[kPoint];
-  faits.avecDecimales = virgules + points;
   faits.decimale = virgules + points == 0 ? decimale : virgules >= points ? ',' : '.';
   if (virgules > 0 && points > 0) {
     faits.decimale = decimale;
@@ -170,7 +169,7 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
     faits.decimale = decimale;
     return ConclureMelange(faits, {decimale == ',' ? kPoint : kVirgule});
   }
-  if (zerosDevant_ > 0) return ConclureTextes(faits);
+  if (zerosDevant_ > 0 && larges_ > 0) return ConclureTextes(faits);
   const bool codes = faits.avecDecimales == 0 && exposants_ == 0 && larges_ == 0;
   const bool suite = codes && faits.maximum == static_cast<double>(individus);
   const bool tousDifferents = faits.differentes == faits.remplies && faits.vides == 0 && individus > 1;
@@ -200,6 +199,7 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   if (!comble_) faits.valeurs = Valeurs();
   faits.decimale = decimale;
   faits.decimales = decimales_;
+  faits.avecDecimales = nombres_[kVirgule] + nombres_[kPoint];
   faits.negatives = negatives_;
   faits.longues = longs_;
   faits.nonNumeriques = textes;

@@ -39,7 +39,7 @@ class Observation {
   std::int64_t nonReponses_ = 0;
   std::int64_t entiers_ = 0;      // other whole numbers
   std::int64_t larges_ = 0;       // among them, of more than three digits
-  std::int64_t zerosDevant_ = 0;  // "01000": four digits and more, the first a zero
+  std::int64_t zerosDevant_ = 0;  // "01000": four digits and more, the first a zero; among larger ones no number
   std::int64_t exposants_ = 0;
   std::int64_t negatives_ = 0;
   std::int64_t longs_ = 0;
