@@ -341,7 +341,7 @@ void ApercuImport::LancerImport() {
   const Contexte contexte{cible_.repertoire, generique, services_.session.niveau, &services_.ecran};
   const capture::OptionsImport options = preparation_.Options();
   Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = capture::Importer(contexte, options); });
+  if (!services_.Lancer([&](const Contexte&) { fin = capture::Importer(contexte, options); })) return;
   if (fin == Fin::Normale) {
     if (cible_.repertoire != services_.session.repertoire) PrendreRepertoire(services_.session, cible_.repertoire);
     services_.adopterGenerique(generique);
