@@ -1,5 +1,6 @@
 #include "batch/dialogue_batch.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -10,16 +11,20 @@ namespace quelvar::batch {
 namespace {
 
 void Ecrire(std::FILE* flux, std::string_view texte) {
-  const std::string utf8 = VersUtf8(texte);
-  std::fwrite(utf8.data(), 1, utf8.size(), flux);
+  const auto octets = [flux](std::string_view ecrits) { std::fwrite(ecrits.data(), 1, ecrits.size(), flux); };
+  if (std::any_of(texte.begin(), texte.end(), [](char c) { return (c & '\x80') != 0; })) octets(VersUtf8(texte));
+  else octets(texte);
 }
 
 // Line ends of a report as a terminal wants them.
 std::string SansRetoursChariot(std::string_view texte) {
   std::string resultat;
   resultat.reserve(texte.size());
-  for (std::size_t i = 0; i < texte.size(); ++i)
-    if (texte[i] != '\r' || i + 1 == texte.size() || texte[i + 1] != '\n') resultat += texte[i];
+  for (std::size_t debut = 0; debut < texte.size();) {
+    const std::size_t fin = std::min(texte.find("\r\n", debut), texte.size());
+    resultat.append(texte.substr(debut, fin - debut));
+    debut = fin + 1;
+  }
   return resultat;
 }
 

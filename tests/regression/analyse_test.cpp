@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <random>
+#include <tuple>
 
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
@@ -70,7 +72,10 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
       GarderLesPaires(CompterVoisines(TrierFiches(individus, Dialogue{})), individus.fiches);
   const TableSituations table = FormerSituations(comptees, individus.fiches, modele);
   const std::vector<Cellule> cellules = CellulesDe(modele);
-  const std::vector<SousEffet> trouves = ChercherSousEffets(table, cellules);
+  const Voisinages voisinages = VoisinagesDe(table, cellules);
+  std::vector<SousEffet> trouves;
+  const auto prendre = [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); };
+  ParcourirSousEffets(table, cellules, voisinages, prendre);
   std::size_t rang = 0;
   for (std::uint32_t i = 0; i < table.situations.size(); ++i)
     for (std::uint32_t j = i; j < table.situations.size(); ++j) {
@@ -89,6 +94,18 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
     }
   EXPECT_EQ(rang, trouves.size());
   EXPECT_GT(rang, 50U);
+  // By modality: the same ones in the same order.
+  for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
+    std::vector<SousEffet> attendus;
+    std::copy_if(trouves.begin(), trouves.begin() + static_cast<std::ptrdiff_t>(rang), std::back_inserter(attendus),
+                 [&](const SousEffet& paire) { return ModaliteComparee(paire, table, cellules) == k; });
+    trouves.resize(rang);
+    ParcourirSousEffets(table, cellules, voisinages, k, prendre);
+    ASSERT_EQ(trouves.size() - rang, attendus.size());
+    for (std::size_t i = 0; i < attendus.size(); ++i)
+      EXPECT_EQ(std::tie(trouves[rang + i].premiere, trouves[rang + i].seconde),
+                std::tie(attendus[i].premiere, attendus[i].seconde));
+  }
 }
 
 // A column is as wide as its largest number asks for, with a blank where a number stands in front of it.
@@ -101,6 +118,18 @@ TEST(Colonne, SElargitPourCeQuiNYTientPas) {
   EXPECT_EQ(derriere(123.4), " 123.4");
   EXPECT_EQ(derriere.Ajout(), " ");
   EXPECT_EQ(Figure(-0.0361, 1, 4), "-0.0361");
+  // At the end of a line, the same text.
+  for (const int decimales : {0, 1, 2, 3})
+    for (const double valeur :
+         {0.0, -0.04, -0.05, 0.05, 0.15, 0.25, -0.3, 9.96, 12.345, -123.4, 99999.5, 1e9, -1e16, 3e20}) {
+      Colonne colonne(4, decimales);
+      for (const bool vue : {false, true}) {
+        if (vue) colonne.Voir(valeur);
+        std::string ligne = "x";
+        colonne.Ajouter(ligne, valeur);
+        EXPECT_EQ(ligne, "x" + colonne(valeur)) << decimales;
+      }
+    }
   EXPECT_EQ(Figure(1234567, 5, 0), "1234567");
   EXPECT_EQ(Figure(35742151557327244.0, 8, 4), "35742151557327244.0000");
 }

@@ -124,9 +124,9 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& 
 
 void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   AnalyseTabulaire& analyse = travail.analyse;
-  analyse.sousEffets = ChercherSousEffets(analyse.table, analyse.cellules);
+  analyse.voisinages = VoisinagesDe(analyse.table, analyse.cellules);
   travail.etape = Etape::SousEffets;
-  analyse.effets = CalculerEffets(analyse.sousEffets, analyse.table, analyse.cellules, travail.Choix().oddsRatio);
+  analyse.effets = CalculerEffets(analyse.table, analyse.cellules, analyse.voisinages, travail.Choix().oddsRatio);
   ImprimerTitreParametres(rapport, travail.modele, travail.Choix());
   const std::optional<std::size_t> reference = SituationDeReference(analyse.table, analyse.cellules);
   if (!reference) {
