@@ -10,6 +10,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/fiches.h"
+#include "regression/anatab/melange.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
 #include "support/environnement.h"
@@ -105,6 +106,33 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
     for (std::size_t i = 0; i < attendus.size(); ++i)
       EXPECT_EQ(std::tie(trouves[rang + i].premiere, trouves[rang + i].seconde),
                 std::tie(attendus[i].premiere, attendus[i].seconde));
+  }
+}
+
+// The order of the records, as given here, keeps situations together, takes them apart, or turns them round.
+TEST(Melange, EstVuLaOuLOrdreSepareCeQuiVaEnsemble) {
+  const struct {
+    std::vector<std::string> ordre;  // a situation of two characters, then yes ("10") or no ("01")
+    bool mele;
+    std::size_t morceaux, inversees;
+    std::int64_t population;
+  } cas[] = {
+      {{"1010", "1010", "1001", "0110", "0101"}, false, 0, 0, 0},
+      {{"1010", "0101"}, false, 0, 0, 0},  // no pair, and nothing apart
+      {{"1010", "1001", "1010", "0110", "0101"}, true, 2, 1, 5},
+      {{"1001", "1010", "0110"}, true, 2, 1, 2},          // the second has no "no": an exact order leaves it out too
+      {{"1010", "0110", "1001", "0101"}, true, 4, 0, 4},  // all four records there can be
+  };
+  for (const auto& [ordre, mele, morceaux, inversees, population] : cas) {
+    Individus individus(4);
+    for (const std::string& fiche : ordre) individus.fiche.push_back(individus.fiches.Ranger(fiche));
+    const std::optional<Melange> melange = MelangeDesFiches(individus, CompterVoisines(individus.fiche), 4);
+    ASSERT_EQ(melange.has_value(), mele);
+    if (!melange) continue;
+    EXPECT_EQ(melange->situations, 2U);
+    EXPECT_EQ(melange->morceaux, morceaux);
+    EXPECT_EQ(melange->inversees, inversees);
+    EXPECT_EQ(melange->population, population);
   }
 }
 
