@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "utilities/fusion_pos.h"
 #include "utilities/utilitaires.h"
@@ -87,19 +88,32 @@ void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
   throw Erreur(kArretAnnonce);
 }
 
-// Puts C, and its .POS, in their places.
-void Enregistrer(const Travail& travail, Remplacement& c, const std::vector<std::string>& lignesPos) {
-  c.Achever();
-  if (!travail.pos) {
-    c.Valider();
-    return;
+// C and its .POS, which are files of the generic that C makes.
+class Sorties {
+ public:
+  explicit Sorties(const Travail& travail)
+      : avecPos_(travail.pos.has_value()),
+        chemin_(CheminDEcriture(travail.contexte.repertoire, travail.options.c)),
+        jeu_(chemin_.parent_path(), TexteDe(chemin_.stem())),
+        c_(jeu_.Ouvrir(TexteDe(chemin_.filename()), Nature::Refaisable)) {}
+
+  Ecrivain& C() { return c_; }
+  void Enregistrer(const std::vector<std::string>& lignesPos) {
+    if (avecPos_) {
+      Ecrivain& pos = jeu_.Ouvrir(NomDuPos(TexteDe(chemin_.filename())), Nature::Unique);
+      for (const std::string& ligne : lignesPos) pos.Ligne(ligne);
+    }
+    jeu_.Valider();
   }
-  Remplacement pos(travail.contexte.repertoire, NomDuPos(travail.options.c));
-  for (const std::string& ligne : lignesPos) pos.Fichier().Ligne(ligne);
-  pos.Achever();
-  c.Valider();
-  pos.Valider();
-}
+  // C as far as it goes, for a run that stops.
+  void EnregistrerC() { jeu_.Valider(); }
+
+ private:
+  bool avecPos_;
+  Chemin chemin_;
+  JeuDeFichiers jeu_;
+  Ecrivain& c_;
+};
 
 std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t individus) {
   if (!travail.pos) return {};
@@ -141,7 +155,7 @@ void FusionnerCoteACote(const Travail& travail) {
     throw Erreur(kArretAnnonce);
   }
   Verification verification(travail.rapport, travail.options);
-  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  Sorties sorties(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets);
   LecteurLignes a(*travail.a.entree.chemin);
   LecteurLignes b(*travail.b.entree.chemin);
@@ -149,14 +163,14 @@ void FusionnerCoteACote(const Travail& travail) {
   std::string_view ligneB;
   for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
     if (!verification.Accepter(individu, ligneA, ligneB)) {
-      c.Valider();
+      sorties.EnregistrerC();
       Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
     }
-    EcrireLigneDeA(travail, ligneA, c.Fichier());
-    c.Fichier().Ligne(ligneB);
+    EcrireLigneDeA(travail, ligneA, sorties.C());
+    sorties.C().Ligne(ligneB);
     avancement.Avancer(ligneA.size());
   }
-  Enregistrer(travail, c, LignesPosCoteACote(travail, travail.a.lignes));
+  sorties.Enregistrer(LignesPosCoteACote(travail, travail.a.lignes));
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 
@@ -169,13 +183,12 @@ void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets&
 }
 
 void FusionnerALaSuite(const Travail& travail) {
-  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  Sorties sorties(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets + travail.b.octets);
-  CopierVers(travail.a, c.Fichier(), avancement);
-  CopierVers(travail.b, c.Fichier(), avancement);
-  Enregistrer(
-      travail, c,
-      travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes) : std::vector<std::string>{});
+  CopierVers(travail.a, sorties.C(), avancement);
+  CopierVers(travail.b, sorties.C(), avancement);
+  sorties.Enregistrer(travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes)
+                                  : std::vector<std::string>{});
   EcrireEffectif(travail.rapport, travail.a);
   EcrireEffectif(travail.rapport, travail.b);
   travail.rapport.Ligne(" Fusion à la suite"_w);
@@ -214,15 +227,15 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
 
 void FusionnerParNumero(const Travail& travail) {
   const Identifiants identifiants = LireIdentifiants(travail.options);
-  Remplacement c(travail.contexte.repertoire, travail.options.c);
-  const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
+  Sorties sorties(travail);
+  const BilanAppareillement bilan = Appareiller(travail, identifiants, sorties.C());
   if (bilan.resteDeA || bilan.resteDeB) {
-    c.Valider();
+    sorties.EnregistrerC();
     travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
                                          : "*** ERREUR Fichier B non terminé"_w);
     Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
   }
-  Enregistrer(travail, c, LignesPosCoteACote(travail, bilan.lignes));
+  sorties.Enregistrer(LignesPosCoteACote(travail, bilan.lignes));
   travail.rapport.Ligne({"Nombre d'enregistrement résultant :"_w, NombreNu(bilan.lignes)});
   travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
   travail.rapport.Ligne(" Fusion côte à côte"_w);

@@ -89,7 +89,7 @@ bool EstEncoreA(int descripteur, const Chemin& chemin) {
 
 struct Prise {
   int descripteur = -1;
-  bool perime = false;  // the process that made the lock is gone
+  std::string disparu;  // the process that made the lock and is gone; empty without one
 };
 
 Prise Prendre(const Chemin& chemin, std::string_view generique) {
@@ -104,17 +104,18 @@ Prise Prendre(const Chemin& chemin, std::string_view generique) {
       throw Erreur(kPermissionRefusee, PhraseOccupe(generique, detenteur));
     }
     // The former holder removes its file when it has done: one that is gone holds nothing.
-    if (EstEncoreA(descripteur, chemin)) return {descripteur, !LireDetenteur(descripteur)[0].empty()};
+    if (EstEncoreA(descripteur, chemin)) return {descripteur, LireDetenteur(descripteur)[0]};
     ::close(descripteur);
   }
 }
 
-// Scratch files of the generic which nobody holds; those of the initialisation file, that its programs write too,
-// unless the record of a cut commit may name them.
-void Balayer(const Chemin& repertoire, std::string_view generique) {
+// Scratch files of the generic which nobody holds; those of the initialisation file, that its programs write too, and
+// those that the process made under other names (pictures, sorted and merged files, the report without a name), unless
+// the record of a cut commit may name them.
+void Balayer(const Chemin& repertoire, std::string_view generique, std::string_view disparu) {
   std::error_code code;
   const std::string debut = Joindre({Majuscules(generique), "."});
-  std::vector<Chemin> duGenerique, deLInitialisation;
+  std::vector<Chemin> duGenerique, autres;
   bool releve = false;
   for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
        i.increment(code)) {
@@ -123,11 +124,11 @@ void Balayer(const Chemin& repertoire, std::string_view generique) {
     if (!EstNomProvisoire(nom)) continue;
     const std::string majuscules = Majuscules(NomDepuisUtf8(nom));
     if (majuscules.starts_with(debut) || majuscules.starts_with("." + debut)) duGenerique.push_back(i->path());
-    else if (majuscules.starts_with("QVR2.IN")) deLInitialisation.push_back(i->path());
+    else if (ProcessusDuProvisoire(nom) == disparu || majuscules.starts_with("QVR2.IN")) autres.push_back(i->path());
   }
   for (const Chemin& chemin : duGenerique) EffacerSiAbandonne(chemin);
   if (releve) return;
-  for (const Chemin& chemin : deLInitialisation) EffacerSiAbandonne(chemin);
+  for (const Chemin& chemin : autres) EffacerSiAbandonne(chemin);
 }
 
 }  // namespace
@@ -143,7 +144,7 @@ GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generiqu
   EcrireDetenteur(descripteur_, ouvrage);
   try {
     recit_ = ReprendreGenerique(repertoire, generique);
-    if (prise.perime) Balayer(repertoire, generique);
+    if (!prise.disparu.empty()) Balayer(repertoire, generique, prise.disparu);
   } catch (...) {
     *this = GeneriqueTenu();
     throw;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/resultats/fichiers.h"
@@ -187,8 +188,6 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
     ImprimerTablesCompactes(rapport, moteur.plan, moteur.tableau, moteur.analyse);
   if (moteur.reglages.edition == EditionAnecar::Etendue)
     ImprimerTablesEtendues(rapport, moteur.plan, moteur.tableau, moteur.analyse);
-  const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
-  EcrireTableaux(contexte, NomDuRapport(contexte, moteur.options.type), tableaux, moteur.options.sortie);
   contexte.Ecran().montrerProgression(0);
 }
 
@@ -212,7 +211,12 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   if (reglages.edition == EditionAnecar::Triee) seuils.colonnes = reglages.seuilColonnes;
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan, options);
+  if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
+    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")),
+                     LireParametres(preparation.parametres, nullptr));
   ExtraireEtImprimer(rapport, moteur);
+  const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
+  EcrireTableaux(sorties, NomDuRapport(contexte, options.type), tableaux, options.sortie);
   if (!moteur.analyse.facteurs.empty())
     EcrireCoordonnees(contexte, sorties, moteur.plan, moteur.tableau, moteur.analyse, options.inversions,
                       options.classification.has_value());

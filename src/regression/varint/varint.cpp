@@ -171,13 +171,13 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   if (!options.image.empty()) {
     std::vector<GroupeDeBarres> groupes;
     for (const Profil& profil : profils) groupes.push_back(BarresDe(pos, profil));
-    EcrireSvg(contexte.repertoire, options.image, DessinerBarres(groupes, "PEM en %"));
+    EcrireSvg(sorties, options.image, DessinerBarres(groupes, "PEM en %"));
   }
   const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
-  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   EcrireTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), pos, profils);
   EcrireModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, pos, profils, suite);
   sorties.Valider();
