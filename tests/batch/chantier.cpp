@@ -9,7 +9,7 @@
 #include <set>
 #include <stdexcept>
 
-#include "batch/dialogue_batch.h"
+#include "batch/execution.h"
 #include "core/fichiers/fichiers.h"
 #include "support/environnement.h"
 
@@ -21,16 +21,19 @@ namespace {
 
 constexpr unsigned kDureeMaximale = 60;  // seconds of one run
 
-// Extensions of the reports, of the copies that an import keeps before it begins, and of the work files that the
-// tabular analysis leaves when its run does not come to an end.
-bool EstRapport(const fs::path& nom) {
-  static const std::set<std::string> kExtensions = {
-      ".IMP", ".TAP", ".REC", ".TCR", ".PRT", ".PRO", ".AFC", ".ACP", ".ANA", ".REG", ".TRP", ".TRF", ".PR2",
-      ".PO2", ".PO3", ".MO2", ".BR2", ".CS2", ".CD2", ".CD3", ".CD4", ".CD5", ".CD6", ".CD7", ".CD8"};
+std::string Extension(const fs::path& nom) {
   std::string extension = nom.extension();
   for (char& c : extension)
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  return kExtensions.contains(extension);
+  return extension;
+}
+
+// A report, or a copy that an import keeps before it begins.
+bool EstRapport(const fs::path& nom) {
+  static const std::set<std::string> kExtensions = {".IMP", ".TAP", ".REC", ".TCR", ".PRT", ".PRO",
+                                                    ".AFC", ".ACP", ".ANA", ".REG", ".TRP", ".TRF",
+                                                    ".PR2", ".PO2", ".PO3", ".MO2", ".BR2", ".CS2"};
+  return kExtensions.contains(Extension(nom)) || EstFichierDeTravail(nom);
 }
 
 int Courir(const std::vector<std::string>& arguments) {
@@ -39,11 +42,11 @@ int Courir(const std::vector<std::string>& arguments) {
     std::vector<std::string> mots = {"--horloge", "2017-05-02 14:30:00"};
     mots.insert(mots.end(), arguments.begin(), arguments.end());
     batch::Demande demande = batch::LireLigneDeCommande(mots);
-    Dialogue dialogue = batch::DialogueBatch(demande);
-    const Contexte contexte{demande.repertoire, demande.generique, demande.niveau, &dialogue};
-    return demande.programme->executer(contexte, demande.options) == Fin::Normale ? 0 : 1;
+    return batch::ExecuterDemande(demande) == Fin::Normale ? 0 : 1;
   } catch (const UsageIncorrect&) {
     return 2;
+  } catch (const Erreur&) {
+    return 1;
   } catch (...) {
     return 3;
   }
@@ -146,6 +149,12 @@ void Remettre(const fs::path& dossier, const Contenu& contenu) {
     fs::create_directories((dossier / nom).parent_path());
     EcrireOctets(dossier / nom, octets);
   }
+}
+
+// The tabular analysis leaves them when its run does not come to an end.
+bool EstFichierDeTravail(const fs::path& nom) {
+  const std::string extension = Extension(nom);
+  return extension.size() == 4 && extension.starts_with(".CD") && extension[3] >= '2' && extension[3] <= '8';
 }
 
 Contenu PartieDe(const Contenu& tout, Part part) {

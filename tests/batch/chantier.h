@@ -37,6 +37,7 @@ void Remettre(const std::filesystem::path& dossier, const Contenu& contenu);
 
 // The reports of a run, and nothing but them; or all that is no report.
 enum class Part { Rapports, Reste };
+bool EstFichierDeTravail(const std::filesystem::path& nom);
 Contenu PartieDe(const Contenu& tout, Part part);
 
 }  // namespace essai

@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <ctime>
+#include <tuple>
 #include <utility>
 
 #include "core/fichiers/appels.h"
@@ -58,9 +59,11 @@ Detenteur LireDetenteur(int descripteur) {
   return detenteur;
 }
 
-void EcrireDetenteur(int descripteur, std::string_view ouvrage) {
-  const std::string texte = Joindre(
+// Behind the holder stand the lines on a repair that its first run is to tell.
+void EcrireDetenteur(int descripteur, std::string_view ouvrage, const std::vector<std::string>& recit) {
+  std::string texte = Joindre(
       {std::to_string(::getpid()), "\r\n", DepuisUtf8(Utilisateur()), "\r\n", ouvrage, "\r\n", Instant(), "\r\n"});
+  for (const std::string& ligne : recit) texte += ligne + "\r\n";
   // Without these lines the lock holds all the same.
   if (::ftruncate(descripteur, 0) != 0 || ::pwrite(descripteur, texte.data(), texte.size(), 0) < 0) return;
 }
@@ -87,9 +90,25 @@ bool EstEncoreA(int descripteur, const Chemin& chemin) {
          ouvert.st_ino == present.st_ino && ouvert.st_dev == present.st_dev;
 }
 
+// The lines on a repair that the holder of this process has left in its lock, which has them no longer then.
+std::vector<std::string> PrendreLeRecit(const Chemin& verrou) {
+  constexpr std::size_t kLignesDuDetenteur = std::tuple_size_v<Detenteur>;
+  std::vector<std::string> lignes;
+  std::uintmax_t tete = 0;
+  LecteurLignes lecteur(verrou);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (lignes.size() < kLignesDuDetenteur) tete += ligne.size() + 2;
+    lignes.emplace_back(ligne);
+  }
+  if (lignes.size() <= kLignesDuDetenteur || ::truncate(verrou.c_str(), static_cast<off_t>(tete)) != 0) return {};
+  lignes.erase(lignes.begin(), lignes.begin() + kLignesDuDetenteur);
+  return lignes;
+}
+
 struct Prise {
   int descripteur = -1;
   std::string disparu;  // the process that made the lock and is gone; empty without one
+  std::vector<std::string> recit = {};
 };
 
 Prise Prendre(const Chemin& chemin, std::string_view generique) {
@@ -100,7 +119,8 @@ Prise Prendre(const Chemin& chemin, std::string_view generique) {
       const bool occupe = errno == EWOULDBLOCK;
       const Detenteur detenteur = LireDetenteur(descripteur);
       ::close(descripteur);
-      if (!occupe || detenteur[0] == std::to_string(::getpid())) return {};
+      if (!occupe) return {};
+      if (EstInscrit(chemin)) return {-1, {}, PrendreLeRecit(chemin)};
       throw Erreur(kPermissionRefusee, PhraseOccupe(generique, detenteur));
     }
     // The former holder removes its file when it has done: one that is gone holds nothing.
@@ -133,18 +153,21 @@ void Balayer(const Chemin& repertoire, std::string_view generique, std::string_v
 
 }  // namespace
 
-GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage) {
+GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage,
+                             Duree duree) {
   if (Rogner(generique).empty()) return;
   const Chemin verrou = repertoire / CheminDe(Joindre({".", Majuscules(generique), ".verrou"}));
-  const Prise prise = Prendre(verrou, generique);
+  Prise prise = Prendre(verrou, generique);
+  recit_ = std::move(prise.recit);
   if (prise.descripteur < 0) return;
   verrou_ = verrou;
   descripteur_ = prise.descripteur;
   inscription_ = InscrireProvisoire(verrou_);
-  EcrireDetenteur(descripteur_, ouvrage);
+  EcrireDetenteur(descripteur_, ouvrage, {});
   try {
     recit_ = ReprendreGenerique(repertoire, generique);
     if (!prise.disparu.empty()) Balayer(repertoire, generique, prise.disparu);
+    if (duree == Duree::PlusieursRuns) EcrireDetenteur(descripteur_, ouvrage, std::exchange(recit_, {}));
   } catch (...) {
     *this = GeneriqueTenu();
     throw;
