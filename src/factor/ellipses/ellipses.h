@@ -84,9 +84,9 @@ struct ModaliteMarquee {
 struct DemandeEllipses {
   AxeDuPlan horizontal{1};
   AxeDuPlan vertical{2};
-  double echelle = 1;  // what the coordinates of the plane are multiplied by
   ChoixEllipses choix;
   std::vector<ModaliteMarquee> modalites;
+  double echelle = 1;  // what the coordinates of the plane are multiplied by
 };
 
 // What is drawn for a modality: thousandths, as shown (reversed axes included).
