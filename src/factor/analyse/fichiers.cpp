@@ -37,13 +37,15 @@ void EcrireFichier(Ecrivain& fichier, const AnalyseAnecar& analyse, const CoteAE
                    const std::vector<double>& signes, const std::vector<std::size_t>& ordre,
                    const FormatCoordonnees& format) {
   const double total = analyse.ecarts.Inertie(analyse.type);
+  // Four decimals tell small coordinates as they are.
+  const double echelle = format.decimales == 0 ? analyse.echelle : 1;
   std::string ligne;
   for (const std::size_t i : ordre) {
     ligne = CadreGauche(source.elements.noms[i], 4);
     ligne += NombreFixe(PourMille(source.marges.inertie[i], total), 5, 0);
     for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
       const CoteFacteur& cote = analyse.facteurs[k].*source.cote;
-      ligne += NombreFixe(signes[k] * cote.coordonnees[i], 7, format.decimales);
+      ligne += NombreFixe(echelle * cote.coordonnees[i] * signes[k], 7, format.decimales);
       ligne += EntierDroit(cote.cpf[i], 5);
     }
     if (format.intitule == Intitule::ApresUnBlanc) ligne += ' ';
