@@ -40,6 +40,7 @@ Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
 }
 
 void Afficher(const Affichage& affichage) {
+  if (!affichage.panne.empty()) Ecrire(stderr, Joindre({affichage.panne, "\n"}));
   if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) {
     Ecrire(stdout, SansRetoursChariot(LireOctets(affichage.rapport)));
     return;
