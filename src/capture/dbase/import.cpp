@@ -1,6 +1,7 @@
 #include "capture/dbase/import.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "capture/dbase/dbf.h"
@@ -173,17 +174,15 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
   const std::vector<Champ> champs = quelvar::ChampsDe(pos);
   CompteurDeChamps compteur(champs);
   const std::int64_t annonces = pos.taille.individus;
+  const std::int64_t maximum = annonces == 0 ? std::numeric_limits<std::int64_t>::max() : annonces;
   std::int64_t individus = 0;
   {
     Progression progression(contexte.Ecran(), annonces);
     LecteurIndividus lecteur(*fichiers.dat, LongueurUtile(champs));
-    while (annonces == 0 || individus < annonces) {
-      const char* ligne = lecteur.Lire();
-      if (ligne == nullptr) break;
+    individus = Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t) {
       compteur.Compter(ligne);
-      ++individus;
       progression.Avancer();
-    }
+    });
   }
   if (individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   std::vector<TriDeChamp> tris = compteur.Tris();

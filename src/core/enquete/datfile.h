@@ -80,10 +80,19 @@ class LecteurIndividus {
 // Number of lines of a data file. Raises the numbers of LecteurLignes.
 std::int64_t CompterLignes(const Chemin& chemin);
 
-// Does the work on the individuals of a reader; a failure of it gets the line reached.
-template <class Travail>
-decltype(auto) Situer(const LecteurIndividus& lecteur, Travail&& travail) {
-  return Situer(lecteur.Lignes(), std::forward<Travail>(travail));
+// Gives each individual, its bytes and its rank from 1, to `traiter`, at most `maximum` of them; returns how many there
+// were. A failure gets the line reached.
+template <class Traiter>
+std::int64_t Parcourir(LecteurIndividus& lecteur, std::int64_t maximum, Traiter&& traiter) {
+  return Situer(lecteur.Lignes(), [&] {
+    std::int64_t numero = 0;
+    while (numero < maximum) {
+      const char* individu = lecteur.Lire();
+      if (individu == nullptr) break;
+      traiter(individu, ++numero);
+    }
+    return numero;
+  });
 }
 
 // Individuals that line 2 of .POS announces, or the lines of the data file when it announces none.
