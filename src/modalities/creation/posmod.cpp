@@ -40,10 +40,8 @@ Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
   rapport.Ligne({"Le nom du fichier des donnees en codage logique est ", contexte.Nom(".CDG")});
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
   rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
-  preparation.pos = LirePos(*pos);
-  ExigerParentheses(preparation.pos.taille, contexte.Ecran());
-  if (preparation.pos.taille.individus > 0)
-    rapport.Ligne({"Il y a ", NombreNu(preparation.pos.taille.individus), " individus"});
+  preparation.pos = LirePos(*pos, contexte.Ecran());
+  if (preparation.pos.taille.individus > 0) rapport.Ligne(LigneDesIndividus(preparation.pos.taille.individus));
   return preparation;
 }
 
@@ -72,11 +70,10 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
   throw Erreur(kArretAnnonce);
 }
 
-// The count that line 2 of the .POS announces, or that of the data lines when it announces none.
+// Those of line 2 have been told; a count is told now.
 std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) {
-  if (preparation.pos.taille.individus > 0) return preparation.pos.taille.individus;
-  const std::int64_t individus = CompterLignes(preparation.donnees);
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  const std::int64_t individus = AnnoncesOuComptes(preparation.pos.taille, preparation.donnees);
+  if (preparation.pos.taille.individus <= 0) rapport.Ligne(LigneDesIndividus(individus));
   return individus;
 }
 
