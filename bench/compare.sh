@@ -11,15 +11,19 @@ tolerance=8
 avant=$racine/build/avant
 bin=$racine/build/release/bin
 travail=$(mktemp -d)
-trap 'git worktree remove --force "$avant/sources" 2>/dev/null || true; rm -rf "$travail"' EXIT
+trap 'rm -rf "$avant/sources" "$travail"; git worktree prune' EXIT
 
-git worktree prune
-git worktree add --force --detach "$avant/sources" "$revision" >/dev/null 2>&1
-cmake -S "$avant/sources" -B "$avant/construction" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-  "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" -DQUELVAR_FORMS=OFF -DQUELVAR_TESTS=OFF >/dev/null
-cmake --build "$avant/construction" --target quelvar-batch >/dev/null
-cmake --preset release >/dev/null
-cmake --build --preset release --target quelvar-batch quelvar-genere quelvar-chrono >/dev/null
+# muet COMMANDE... : runs it, and shows what it said when it fails
+muet() { "$@" >"$travail/journal" 2>&1 || { tail -n 40 "$travail/journal" >&2; echo "échec : $*" >&2; exit 2; }; }
+
+rm -rf "$avant/sources"
+muet git worktree prune
+muet git worktree add --force --detach "$avant/sources" "$revision"
+muet cmake -S "$avant/sources" -B "$avant/construction" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+  "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" -DQUELVAR_FORMS=OFF -DQUELVAR_TESTS=OFF
+muet cmake --build "$avant/construction" --target quelvar-batch
+muet cmake --preset release
+muet cmake --build --preset release --target quelvar-batch quelvar-genere quelvar-chrono
 
 cd "$travail"
 "$bin/quelvar-genere" . CENT 100000 100

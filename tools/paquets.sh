@@ -1,7 +1,7 @@
 # Sourced by run.sh and test.sh: the Debian and Ubuntu packages that the project needs, and their installation.
 # "a|b" is one package under the names of two distributions: the first that exists is taken.
 
-PAQUETS_NOYAU=(g++ cmake ninja-build ccache)
+PAQUETS_NOYAU=(g++ cmake ninja-build ccache libzip-dev libexpat1-dev)
 PAQUETS_EXEMPLE=(librsvg2-bin fonts-liberation) # the picture of the example as PNG
 PAQUETS_FORMES=(qt6-base-dev "qt6-svg-dev|libqt6svg6-dev" qt6-translations-l10n fonts-liberation)
 PAQUETS_ESSAIS=(libgtest-dev libbenchmark-dev xvfb clang clang-format-14 clang-tidy-14 git)

@@ -78,9 +78,9 @@ std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const
   const std::vector<std::string> noms = NomsDeModalites(ligne);
   std::vector<std::string> points;
   for (const std::size_t i : tableau.lignes) {
-    const std::string& nom = noms[static_cast<std::size_t>(tableau.codesLignes[i])];
+    const std::string& nom = noms[tableau.compte.rangsLignes[i]];
     std::string point = nom;
-    for (const std::size_t j : tableau.colonnes) point += TextePourcentage(tableau.pourcentages(i, j));
+    for (const std::size_t j : tableau.colonnes) point += TextePourcentage(tableau.details.pourcentages(i, j));
     points.push_back(Joindre({point, " ", nom}));
   }
   return points;

@@ -43,10 +43,10 @@ struct TableauTitre {
   std::span<const std::string> intitulesColonnes;
 
   const std::string& IntituleLigne(std::size_t place) const {
-    return intitulesLignes[static_cast<std::size_t>(tableau.codesLignes[place])];
+    return intitulesLignes[tableau.compte.rangsLignes[place]];
   }
   const std::string& IntituleColonne(std::size_t place) const {
-    return intitulesColonnes[static_cast<std::size_t>(tableau.codesColonnes[place])];
+    return intitulesColonnes[tableau.compte.rangsColonnes[place]];
   }
 };
 

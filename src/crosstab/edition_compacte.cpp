@@ -17,10 +17,10 @@ class BandesCompactes {
       : rapport_(rapport),
         titre_(titre),
         t_(titre.tableau),
-        largeur_(LargeurDesEffectifs(t_.marges.total, 0, kLargeurEffectif)) {
+        largeur_(LargeurDesEffectifs(t_.compte.marges.total, 0, kLargeurEffectif)) {
     for (const std::size_t j : t_.colonnes) {
       noms_ += Joindre({" ", titre.colonne.nom, " "});
-      codes_ += Joindre({" ", CodeCaractere(t_.codesColonnes[j]), "   "});
+      codes_ += Joindre({" ", CodeCaractere(static_cast<int>(t_.compte.rangsColonnes[j])), "   "});
       intitules_ += CadreGauche(CadreGauche(titre.IntituleColonne(j), kLargeurEtiquette - 1), kLargeurEtiquette);
     }
   }
@@ -44,19 +44,19 @@ class BandesCompactes {
     if (texte.size() < kLargeurEtiquette) rapport_.Suite(" ");
   }
   void Effectifs(std::size_t i) {
-    for (const std::size_t j : t_.colonnes) Effectif(t_.effectifs(i, j));
-    Effectif(t_.marges.lignes[i]);
+    for (const std::size_t j : t_.colonnes) Effectif(t_.compte.effectifs(i, j));
+    Effectif(t_.compte.marges.lignes[i]);
   }
   void TotauxColonnes() {
-    for (const std::size_t j : t_.colonnes) Effectif(t_.marges.colonnes[j]);
-    Effectif(t_.marges.total);
+    for (const std::size_t j : t_.colonnes) Effectif(t_.compte.marges.colonnes[j]);
+    Effectif(t_.compte.marges.total);
   }
   void Pourcentages(std::size_t i) {
-    for (const std::size_t j : t_.colonnes) rapport_.Suite(TextePourcentage(t_.pourcentages(i, j)));
-    rapport_.Suite({kCent, TextePourcentage(t_.partsLignes[i])});
+    for (const std::size_t j : t_.colonnes) rapport_.Suite(TextePourcentage(t_.details.pourcentages(i, j)));
+    rapport_.Suite({kCent, TextePourcentage(t_.details.partsLignes[i])});
   }
   void PartsColonnes() {
-    for (const std::size_t j : t_.colonnes) rapport_.Suite(TextePourcentage(t_.partsColonnes[j]));
+    for (const std::size_t j : t_.colonnes) rapport_.Suite(TextePourcentage(t_.details.partsColonnes[j]));
     rapport_.Suite({kCent, kCent});
   }
   void Signes(std::size_t i) {

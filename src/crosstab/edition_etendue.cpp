@@ -47,7 +47,7 @@ std::string_view SecondeLigne(std::string_view intitule) {
 struct Grille {
   const TableauTitre& titre;
   FormatEffectif format;
-  std::vector<AttractionLocale> attractions;
+  AttractionsDuTableau attractions;
   std::size_t lignes;
   std::size_t colonnes;
   int supplement;  // columns that the cells are wider than usual, for counts and contributions that want them
@@ -55,13 +55,13 @@ struct Grille {
   Grille(const TableauTitre& t, FormatEffectif f)
       : titre(t),
         format(f),
-        attractions(AttractionsLocales(t.tableau)),
+        attractions(CalculerAttractions(t.tableau.compte)),
         lignes(t.tableau.lignes.size()),
         colonnes(t.tableau.colonnes.size()),
-        supplement(std::max(
-            LargeurDesEffectifs(t.tableau.marges.total, f == FormatEffectif::Pondere ? 1 : 0, LargeurUsuelle(f)) -
-                LargeurUsuelle(f),
-            LargeurDesEffectifs(t.tableau.khi2, 0, 7) - 7)) {}
+        supplement(std::max(LargeurDesEffectifs(t.tableau.compte.marges.total, f == FormatEffectif::Pondere ? 1 : 0,
+                                                LargeurUsuelle(f)) -
+                                LargeurUsuelle(f),
+                            LargeurDesEffectifs(t.tableau.khi2, 0, 7) - 7)) {}
 
   std::string Effectif(double effectif) const { return TexteEffectif(effectif, format, supplement); }
   std::string Contribution(double contribution) const { return TexteContribution(contribution, supplement); }
@@ -80,13 +80,14 @@ std::string PremiereMoitie(const Grille& grille, std::size_t i, std::size_t j) {
   const TableauCroise& t = grille.titre.tableau;
   if (i < grille.lignes) {
     const std::size_t ligne = t.lignes[i];
-    if (j == grille.colonnes) return grille.Effectif(t.marges.lignes[ligne]) + "  100";
+    if (j == grille.colonnes) return grille.Effectif(t.compte.marges.lignes[ligne]) + "  100";
     const std::size_t colonne = t.colonnes[j];
-    return grille.Effectif(t.effectifs(ligne, colonne)) + TextePourcentage(t.pourcentages(ligne, colonne));
+    return grille.Effectif(t.compte.effectifs(ligne, colonne)) +
+           TextePourcentage(t.details.pourcentages(ligne, colonne));
   }
-  if (j == grille.colonnes) return grille.Effectif(t.marges.total) + "  100";
+  if (j == grille.colonnes) return grille.Effectif(t.compte.marges.total) + "  100";
   const std::size_t colonne = t.colonnes[j];
-  return grille.Effectif(t.marges.colonnes[colonne]) + TextePourcentage(t.partsColonnes[colonne]);
+  return grille.Effectif(t.compte.marges.colonnes[colonne]) + TextePourcentage(t.details.partsColonnes[colonne]);
 }
 
 // Contribution to the chi-square and local PEM, with the sign that closes the cell.
@@ -95,10 +96,11 @@ std::string SecondeMoitie(const Grille& grille, std::size_t i, std::size_t j) {
   if (i < grille.lignes) {
     const std::size_t ligne = t.lignes[i];
     if (j == grille.colonnes)
-      return grille.Contribution(t.contributionsLignes[ligne]) + NombreFixe(t.partsLignes[ligne], 4, 1) + "|";
-    const AttractionLocale& attraction = grille.attractions[i * grille.colonnes + j];
-    return grille.Contribution(t.contributions(ligne, t.colonnes[j])) + NombreFixe(attraction.pem, 4, 1) +
-           (attraction.khi2 > kSeuilAttraction ? "*" : "|");
+      return grille.Contribution(t.contributionsLignes[ligne]) + NombreFixe(t.details.partsLignes[ligne], 4, 1) + "|";
+    const std::size_t colonne = t.colonnes[j];
+    return grille.Contribution(t.details.contributions(ligne, colonne)) +
+           NombreFixe(grille.attractions.pem(ligne, colonne), 4, 1) +
+           (grille.attractions.khi2(ligne, colonne) > kSeuilAttraction ? "*" : "|");
   }
   if (j == grille.colonnes) return grille.Contribution(t.khi2) + "   100|";
   return grille.Contribution(t.contributionsColonnes[t.colonnes[j]]) + "      |";

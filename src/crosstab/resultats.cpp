@@ -32,11 +32,11 @@ TableauEdite Effectifs(const TableauTitre& titre) {
   TableauEdite tableau = Cadre(titre, "effectifs");
   auto rangee = tableau.rangees.begin();
   for (const std::size_t i : t.lignes) {
-    for (const std::size_t j : t.colonnes) rangee->cellules.push_back({t.effectifs(i, j), Unite::Effectif});
-    (rangee++)->cellules.push_back({t.marges.lignes[i], Unite::Effectif});
+    for (const std::size_t j : t.colonnes) rangee->cellules.push_back({t.compte.effectifs(i, j), Unite::Effectif});
+    (rangee++)->cellules.push_back({t.compte.marges.lignes[i], Unite::Effectif});
   }
-  for (const std::size_t j : t.colonnes) rangee->cellules.push_back({t.marges.colonnes[j], Unite::Effectif});
-  rangee->cellules.push_back({t.marges.total, Unite::Effectif});
+  for (const std::size_t j : t.colonnes) rangee->cellules.push_back({t.compte.marges.colonnes[j], Unite::Effectif});
+  rangee->cellules.push_back({t.compte.marges.total, Unite::Effectif});
   return tableau;
 }
 
@@ -47,11 +47,11 @@ TableauEdite Pourcentages(const TableauTitre& titre) {
   auto rangee = tableau.rangees.begin();
   for (const std::size_t i : t.lignes) {
     for (const std::size_t j : t.colonnes)
-      rangee->cellules.push_back({t.pourcentages(i, j), Unite::Pourcent, 1, t.AuDessus(i, j) ? "+" : "-"});
+      rangee->cellules.push_back({t.details.pourcentages(i, j), Unite::Pourcent, 1, t.AuDessus(i, j) ? "+" : "-"});
     rangee->cellules.push_back({100.0, Unite::Pourcent});
-    (rangee++)->cellules.push_back({t.partsLignes[i], Unite::Pourcent, 1});
+    (rangee++)->cellules.push_back({t.details.partsLignes[i], Unite::Pourcent, 1});
   }
-  for (const std::size_t j : t.colonnes) rangee->cellules.push_back({t.partsColonnes[j], Unite::Pourcent, 1});
+  for (const std::size_t j : t.colonnes) rangee->cellules.push_back({t.details.partsColonnes[j], Unite::Pourcent, 1});
   rangee->cellules.push_back({100.0, Unite::Pourcent});
   rangee->cellules.push_back({100.0, Unite::Pourcent});
   return tableau;

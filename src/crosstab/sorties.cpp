@@ -34,27 +34,26 @@ void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete,
   const auto lignes = static_cast<double>(t.lignes.size());
   const auto colonnes = static_cast<double>(t.colonnes.size());
   double plusGrand = 0;
-  for (const double effectif : t.effectifs.Valeurs()) plusGrand = std::max(plusGrand, effectif);
+  for (const double effectif : t.compte.effectifs.Valeurs()) plusGrand = std::max(plusGrand, effectif);
   const int largeur = LargeurDesEffectifs(plusGrand, 0, kLargeurCelluleIsolee);
   const std::vector<NomIsole> nomsLignes = NomsIsoles(enquete, titre.ligne);
   const std::vector<NomIsole> nomsColonnes = NomsIsoles(enquete, titre.colonne);
-  const auto rang = [](int code) { return static_cast<std::size_t>(code); };
 
   Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
   mod.Ligne(contexte.generique);
   mod.Ligne(Joindre({"Li=", NombreFixe(lignes, 3, 0), " Co=", NombreFixe(lignes + colonnes, 3, 0),
                      " La=", Nombre(static_cast<std::int64_t>(largeur))}));
   for (const std::size_t j : t.colonnes) {
-    const NomIsole& colonne = nomsColonnes[rang(t.codesColonnes[j])];
+    const NomIsole& colonne = nomsColonnes[t.compte.rangsColonnes[j]];
     mod.Ligne(colonne.intitule.empty() ? colonne.nom : LigneModalite(colonne.nom, false, colonne.intitule));
   }
   mod.FinDeLigne();
 
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   for (const std::size_t i : t.lignes) {
-    const NomIsole& ligne = nomsLignes[rang(t.codesLignes[i])];
+    const NomIsole& ligne = nomsLignes[t.compte.rangsLignes[i]];
     brt.Ecrire(CadreGauche(ligne.nom, 4));
-    for (const std::size_t j : t.colonnes) brt.Ecrire(NombreFixe(t.effectifs(i, j), largeur, 0));
+    for (const std::size_t j : t.colonnes) brt.Ecrire(NombreFixe(t.compte.effectifs(i, j), largeur, 0));
     if (!ligne.intitule.empty()) brt.Ecrire(Joindre({" ", ligne.intitule}));
     brt.FinDeLigne();
   }
@@ -85,7 +84,7 @@ void RetenirPourTrg(AjoutTrg& ajout, const EnqueteCroisee& enquete, const Tablea
   if (ajout.sommets.empty()) {
     const std::vector<NomIsole> noms = NomsIsoles(enquete, titre.colonne);
     for (const std::size_t j : t.colonnes) {
-      const NomIsole& colonne = noms[static_cast<std::size_t>(t.codesColonnes[j])];
+      const NomIsole& colonne = noms[t.compte.rangsColonnes[j]];
       ajout.sommets.push_back(colonne.intitule.empty() ? colonne.nom : colonne.intitule);
     }
   }

@@ -20,7 +20,8 @@ const Description<OptionsAnatab>& DescriptionAnatab() {
   static const Description<O> description =
       Description<O>(
           "anatab",
-          "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w, Anatab)
+          "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w,
+          [](const Contexte& contexte, const O& options) { return Anatab(contexte, options); })
           .Texte("image", &O::image, "FICHIER.svg", "image des effets, la référence à zéro"_w);
   return description;
 }
@@ -36,7 +37,7 @@ const Description<OptionsVarint>& DescriptionVarint() {
   using O = OptionsVarint;
   static const Description<O> description =
       Description<O>("varint", "Profils de variables d'intérêt : les questions par la force de leur lien (.TRF)"_w,
-                     Varint)
+                     [](const Contexte& contexte, const O& options) { return Varint(contexte, options); })
           .Noms("questions", &O::questions, "questions dont on veut le profil"_w)
           .Alias({"listvar2"})
           .Choix("edition", &O::edition, {{"compacte", EditionVarint::Courte}, {"longue", EditionVarint::Longue}},

@@ -2,9 +2,7 @@
 // with.
 #pragma once
 
-#include "crosstab/tableau/maximum.h"
-#include "crosstab/tableau/premierfacteur.h"
-#include "tables/tableaucompte.h"
+#include "crosstab/tableau/ordre.h"
 
 namespace quelvar::tables {
 
@@ -16,16 +14,11 @@ struct OrdresTries {
 
 struct Diagonalisee {
   crosstab::PremierFacteur facteur;  // coordinates in the order that the table had before
-  TableauCompte table;               // in the order of the first factor
+  crosstab::TableauCompte table;     // in the order of the first factor
   Matrice maximum;                   // of the margins and the order of `table`
 };
 
-// Extracts the first factor, with the shares of the totals as weights, then orders and loads the diagonal. The signs
-// of the start and the score that the stop test follows are those of the first column and row that anybody is in.
-// Raises 11 for a table of total 0, and the numbers of ExtrairePremierFacteur.
-Diagonalisee Diagonalisation(const TableauCompte& table, OrdresTries tries);
-
-// The diagonal that the corners of a table lean to. Raises 11 for a total of 0, 9 without cells.
-crosstab::Diagonale DiagonaleDe(const TableauCompte& table);
+// Extracts the first factor, then orders and loads the diagonal. Raises the numbers of FacteurDe and MaximumDe.
+Diagonalisee Diagonalisation(const crosstab::TableauCompte& table, OrdresTries tries);
 
 }  // namespace quelvar::tables

@@ -33,7 +33,7 @@ std::vector<std::string_view> IntitulesDes(const std::vector<NomDElement>& noms,
   return intitules;
 }
 
-Presentation PresentationDe(const TravailEcapem& t, const Noms& noms, const TableauCompte& table) {
+Presentation PresentationDe(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table) {
   return {IntitulesDes(noms.lignes, table.rangsLignes, t.options.intitules),
           IntitulesDes(noms.colonnes, table.rangsColonnes, t.options.intitules), t.parametres.largeur};
 }
@@ -46,7 +46,8 @@ std::vector<std::string_view> IntitulesDesNoeuds(const Noms& noms, ModeIntitules
   return intitules;
 }
 
-std::vector<Lien> LiensGardesEntreLignes(const TravailEcapem& t, const TableauCompte& table, const Matrice& pem) {
+std::vector<Lien> LiensGardesEntreLignes(const TravailEcapem& t, const crosstab::TableauCompte& table,
+                                         const Matrice& pem) {
   std::vector<Lien> liens = LiensEntreLignes(table, pem);
   TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
   GarderMeilleurs(liens, t.options.choixLiens);
@@ -54,7 +55,8 @@ std::vector<Lien> LiensGardesEntreLignes(const TravailEcapem& t, const TableauCo
 }
 
 // Rows and then columns, in the order of the table, from the links sorted for each in turn.
-void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, std::vector<Lien>& liens) {
+void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table,
+                     std::vector<Lien>& liens) {
   const std::vector<std::string_view> intitules = IntitulesDesNoeuds(noms, t.options.intitules);
   ImprimeurDeProfils imprimeur(t.rapport, intitules, t.LargeurDesProfils());
   const auto serie = [&](Texte titre, LiensParNoeud::Bout bout, const std::vector<NomDElement>& elements,
@@ -77,7 +79,7 @@ void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const TableauComp
 }
 
 // Links of the cells, their count and their profiles; the files then hold the links by value.
-void TraiterLiens(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, const Matrice& pem) {
+void TraiterLiens(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table, const Matrice& pem) {
   std::vector<Lien> liens = LiensDesCellules(table, pem);
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Tableau);
   if (!liens.empty()) ImprimerProfils(t, noms, table, liens);
@@ -88,10 +90,11 @@ void TraiterLiens(const TravailEcapem& t, const Noms& noms, const TableauCompte&
 }
 
 // The analysis of one table, the observed one or its maximum table.
-Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const TableauCompte& table, OrdresTries tries) {
+Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table,
+                      OrdresTries tries) {
   Diagonalisee diagonalisee = Diagonalisation(table, tries);
   ImprimerFacteur(t.rapport, PresentationDe(t, noms, table), diagonalisee.facteur);
-  const AttractionsDuTableau attractions = CalculerAttractions(diagonalisee.table);
+  const crosstab::AttractionsDuTableau attractions = crosstab::CalculerAttractions(diagonalisee.table);
   const Matrice& effectifs = table.effectifs;
   if (t.options.tousTableaux || std::max(effectifs.Lignes(), effectifs.Colonnes()) <= kTailleEditee)
     ImprimerTableaux(t.rapport, PresentationDe(t, noms, diagonalisee.table),
@@ -101,8 +104,8 @@ Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const TableauCom
   return diagonalisee;
 }
 
-TableauCompte TableDuMaximum(const Diagonalisee& diagonalisee) {
-  TableauCompte table = diagonalisee.table;
+crosstab::TableauCompte TableDuMaximum(const Diagonalisee& diagonalisee) {
+  crosstab::TableauCompte table = diagonalisee.table;
   table.effectifs = diagonalisee.maximum;
   return table;
 }
@@ -121,16 +124,19 @@ void ExaminerTableau(const TravailEcapem& t) {
   const Noms noms{t.modalites, std::move(lue.lignes)};
   const OrdresTries tries = OrdresDemandes(t.parametres.decimales);
 
-  const Diagonalisee observe = Analyser(t, noms, Compter(std::move(lue.effectifs)), tries);
+  const Diagonalisee observe = Analyser(t, noms, crosstab::Compter(std::move(lue.effectifs)), tries);
   if (t.options.seuil == SeuilKhi2::Gendat) return;
-  const SommesDEcarts sommes = SommerEcarts(observe.table, observe.table.effectifs);
+  const auto sommer = [&](const Matrice& table) {
+    return crosstab::SommerEcarts(table, observe.table.marges, crosstab::Echelle::Effectifs);
+  };
+  const crosstab::SommesDEcarts sommes = sommer(observe.table.effectifs);
   if (t.options.diagonalisation) {
     Analyser(t, noms, TableDuMaximum(observe), tries);
-    ImprimerPartDuFacteur(t.rapport, observe.facteur.valeurPropre, sommes.khi2, observe.table.total,
+    ImprimerPartDuFacteur(t.rapport, observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total,
                           t.parametres.largeur);
   }
-  ImprimerIndices(t.rapport, CalculerIndices(observe.table, sommes, SommerEcarts(observe.table, observe.maximum)),
-                  tries, t.parametres.largeur);
+  ImprimerIndices(t.rapport, CalculerIndices(observe.table, sommes, sommer(observe.maximum)), tries,
+                  t.parametres.largeur);
   ImprimerGamma(t.rapport, "Tableau d'origine", CalculerGamma(observe.table));
   ImprimerOrdre(t.rapport, tries);
 }

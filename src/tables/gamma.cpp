@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "core/programme/erreur.h"
-#include "tables/diagonalisation.h"
+#include "crosstab/tableau/ordre.h"
 
 namespace quelvar::tables {
 
@@ -37,10 +37,10 @@ SommesDePaires SommerPaires(const Matrice& effectifs) {
 
 }  // namespace
 
-Gamma CalculerGamma(const TableauCompte& table) {
-  const crosstab::Diagonale diagonale = DiagonaleDe(table);
+Gamma CalculerGamma(const crosstab::TableauCompte& table) {
+  const crosstab::Diagonale diagonale = crosstab::DiagonaleDe(table, crosstab::Bords::Tous);
   const SommesDePaires sommes = SommerPaires(table.effectifs);
-  const double carre = table.total * table.total;
+  const double carre = table.marges.total * table.marges.total;
   Gamma gamma;
   gamma.accords = 2 * (diagonale == crosstab::Diagonale::Principale ? sommes.descendantes : sommes.montantes) / carre;
   gamma.desaccords =

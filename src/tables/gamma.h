@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "core/programme/report.h"
-#include "tables/tableaucompte.h"
+#include "crosstab/tableau/compte.h"
 
 namespace quelvar::tables {
 
@@ -19,7 +19,7 @@ struct Gamma {
 // Raises 11 for a table of total 0, 9 for one without cells.
 // Source: L. A. Goodman and W. H. Kruskal, "Measures of Association for Cross Classifications", Journal of the American
 // Statistical Association 49 (1954); there the direction of the columns is given, here the table chooses it.
-Gamma CalculerGamma(const TableauCompte& table);
+Gamma CalculerGamma(const crosstab::TableauCompte& table);
 
 // Writes the block under its title. Raises 11 at the line of gamma when it has no value.
 void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma);

@@ -49,14 +49,14 @@ class Lignes {
       rapport_.Ligne();
     }
   }
-  void AvecTotaux(std::size_t retrait, const Matrice& cellules, const TableauCompte& totaux) {
+  void AvecTotaux(std::size_t retrait, const Matrice& cellules, const crosstab::TableauCompte& totaux) {
     Entete(retrait, " TOT.");
     for (std::size_t i = 0; i < cellules.Lignes(); ++i) {
       Debut(presentation_.lignes[i], cellules.Ligne(i));
-      rapport_.Ligne({" ", Nombre(totaux.totauxLignes[i])});
+      rapport_.Ligne({" ", Nombre(totaux.marges.lignes[i])});
     }
-    Debut("TOT.", totaux.totauxColonnes);
-    rapport_.Ligne({" ", Nombre(totaux.total)});
+    Debut("TOT.", totaux.marges.colonnes);
+    rapport_.Ligne({" ", Nombre(totaux.marges.total)});
   }
 
  private:
@@ -68,7 +68,7 @@ class Lignes {
 };
 
 void ImprimerPourcentages(Rapport& rapport, Lignes lignes, const Presentation& presentation,
-                          const DetailsDuTableau& details) {
+                          const crosstab::DetailsDuTableau& details) {
   rapport.Ligne(Blancs(7));
   rapport.Ligne("Pourcentages en lignes et des marges ");
   lignes.Entete(kRetraitDesDeuxPremiers, "   TOT.");
@@ -104,7 +104,7 @@ void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const c
 
 void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const TableauxAEditer& tableaux,
                       OrdresTries tries) {
-  const DetailsDuTableau details = Detailler(tableaux.table);
+  const crosstab::DetailsDuTableau details = crosstab::Detailler(tableaux.table);
   Lignes entiers(rapport, presentation, 0);
   Lignes dixiemes(rapport, presentation, 1);
 

@@ -6,7 +6,7 @@
 
 #include "core/programme/report.h"
 #include "tables/diagonalisation.h"
-#include "tables/statistiques.h"
+#include "tables/indices.h"
 
 namespace quelvar::tables {
 
@@ -23,9 +23,9 @@ void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const c
 
 // The nine tables, an empty line between them.
 struct TableauxAEditer {
-  const TableauCompte& table;
+  const crosstab::TableauCompte& table;
   const Matrice& maximum;
-  const AttractionsDuTableau& attractions;
+  const crosstab::AttractionsDuTableau& attractions;
 };
 void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const TableauxAEditer& tableaux,
                       OrdresTries tries);

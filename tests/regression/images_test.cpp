@@ -11,15 +11,16 @@ namespace quelvar::regression {
 namespace {
 
 TEST(ImageDesEffets, LaReferenceEstAZeroEtLesPointsSontDansLeurOrdre) {
-  const Dessin dessin = DessinerEffets("Modalite", {{"Homme", true, {}, 0, {}},
-                                                    {"Femme", false, 5.0, 7.0, 3.0},
-                                                    {"Jeune", false, -30.0, 2.0, {}},
-                                                    {"Cadre", false, {}, 0, 12.0}});
+  const Dessin dessin = DessinerEffets({"Modalite",
+                                        {{"Homme", true, {}, 0, {}, false},
+                                         {"Femme", false, 5.0, 7.0, 3.0, false},
+                                         {"Jeune", false, -30.0, 2.0, {}, true},
+                                         {"Cadre", false, {}, 0, 12.0, false}}});
   std::map<std::int32_t, double> cercles;
   std::map<std::int32_t, double> losanges;
   for (const Forme& forme : dessin.Formes()) {
-    if (forme.genre == GenreForme::Cercle) cercles[forme.id] = dessin.SurPage(forme).x;
-    if (forme.genre == GenreForme::Polygone) losanges[forme.id] = dessin.SurPage(forme, 1).x;
+    if (forme.id >= 0 && forme.genre == GenreForme::Cercle) cercles[forme.id] = dessin.SurPage(forme).x;
+    if (forme.id >= 0 && forme.genre == GenreForme::Polygone) losanges[forme.id] = dessin.SurPage(forme, 1).x;
     const Zone zone = dessin.Etendue(forme);
     EXPECT_GE(zone.x, 0);
     EXPECT_LE(zone.x + zone.largeur, dessin.Largeur());
@@ -40,7 +41,7 @@ TEST(ImageDesEffets, LaReferenceEstAZeroEtLesPointsSontDansLeurOrdre) {
            std::abs(dessin.SurPage(forme, 1).x - (zero + 12 * point)) < 1e-9;
   });
   EXPECT_TRUE(barre);
-  EXPECT_FALSE(DessinerEffets("vide", {}).Formes().empty());
+  EXPECT_FALSE(DessinerEffets({"vide", {}}).Formes().empty());
 }
 
 }  // namespace

@@ -26,21 +26,4 @@ inline quelvar::Matrice MatriceAuHasard(std::size_t lignes, std::size_t colonnes
   return matrice;
 }
 
-struct Tableau {
-  explicit Tableau(const quelvar::Matrice& cellules)
-      : effectifs(cellules), totauxLignes(cellules.Lignes()), totauxColonnes(cellules.Colonnes()) {
-    for (std::size_t i = 0; i < cellules.Lignes(); ++i)
-      for (std::size_t j = 0; j < cellules.Colonnes(); ++j) {
-        totauxLignes[i] += cellules(i, j);
-        totauxColonnes[j] += cellules(i, j);
-        total += cellules(i, j);
-      }
-  }
-
-  quelvar::Matrice effectifs;
-  std::vector<double> totauxLignes;
-  std::vector<double> totauxColonnes;
-  double total = 0;
-};
-
 }  // namespace essai

@@ -6,8 +6,9 @@
 #include "support/erreur.h"
 #include "tables/diagonalisation.h"
 #include "tables/gamma.h"
-#include "tables/statistiques.h"
+#include "tables/indices.h"
 
+using namespace quelvar::crosstab;
 using namespace quelvar::tables;
 
 namespace quelvar {
@@ -40,7 +41,7 @@ TEST(Diagonalisation, OrdresTriesOuConserves) {
     EXPECT_EQ(d.table.rangsColonnes, c.colonnes);
     EXPECT_EQ(Cellules(d.maximum), Cellules(c.maximum));
     for (std::size_t i = 0; i < 3; ++i) {
-      EXPECT_EQ(d.table.totauxLignes[i], 40);
+      EXPECT_EQ(d.table.marges.lignes[i], 40);
       for (std::size_t j = 0; j < 2; ++j)
         EXPECT_EQ(d.table.effectifs(i, j), cellules(d.table.rangsLignes[i], d.table.rangsColonnes[j]));
     }
@@ -91,7 +92,7 @@ TEST(Statistiques, LigneVide) {
   EXPECT_EQ(Cellules(details.pourcentages), (std::vector<double>{75, 25, 0, 0}));
   EXPECT_EQ(Cellules(details.differences), (std::vector<double>{0, 0, -75, -25}));
   EXPECT_EQ(Cellules(details.contributions), std::vector<double>(4, 0));
-  EXPECT_EQ(SommerEcarts(table, table.effectifs).khi2, 0);
+  EXPECT_EQ(SommerEcarts(table.effectifs, table.marges, Echelle::Effectifs).khi2, 0);
 }
 
 // Without a second row or column, or with a maximum table that does not deviate, an index has no value.

@@ -12,12 +12,12 @@ namespace {
 
 constexpr std::array<double, 7> kValeurs = {1, 2, 5, 10, 20, 50, 100};
 
-std::vector<ElementGraphe2> Elements(const std::vector<std::size_t>& places, const std::vector<int>& codes,
+std::vector<ElementGraphe2> Elements(const std::vector<std::size_t>& places, const std::vector<std::size_t>& codes,
                                      const std::vector<double>& parts, const std::vector<std::string>& noms,
                                      const std::vector<std::string>& intitules) {
   std::vector<ElementGraphe2> elements;
   for (const std::size_t place : places) {
-    const auto code = static_cast<std::size_t>(codes[place]);
+    const std::size_t code = codes[place];
     elements.push_back({noms[code], intitules[code] == noms[code] ? std::string() : intitules[code], parts[place]});
   }
   return elements;
@@ -32,8 +32,8 @@ BandeGraphe2 Bande(const TableauCroise& t, const Matrice& cellules) {
     double petit = 0;
     double grand = 0;
     for (std::size_t i = 0; i < t.lignes.size(); ++i) {
-      const double ecart =
-          100 * cellules(t.lignes[i], t.colonnes[j]) / t.marges.lignes[t.lignes[i]] - t.partsColonnes[t.colonnes[j]];
+      const double ecart = 100 * cellules(t.lignes[i], t.colonnes[j]) / t.compte.marges.lignes[t.lignes[i]] -
+                           t.details.partsColonnes[t.colonnes[j]];
       bande.ecarts(i, j) = ecart;
       petit = std::min(petit, ecart);
       grand = std::max(grand, ecart);
@@ -78,11 +78,11 @@ DonneesGraphe2 PreparerGraphe2(const TableauRetenu& retenu) {
   DonneesGraphe2 donnees;
   donnees.titre = Joindre({retenu.ligne.NomLong(), " et ", retenu.colonne.NomLong()});
   if (retenu.ordrePem) donnees.pem = t.pem;
-  donnees.lignes =
-      Elements(t.lignes, t.codesLignes, t.partsLignes, NomsDeModalites(retenu.ligne), retenu.intitulesLignes);
-  donnees.colonnes =
-      Elements(t.colonnes, t.codesColonnes, t.partsColonnes, NomsDeModalites(retenu.colonne), retenu.intitulesColonnes);
-  donnees.observe = Bande(t, t.effectifs);
+  donnees.lignes = Elements(t.lignes, t.compte.rangsLignes, t.details.partsLignes, NomsDeModalites(retenu.ligne),
+                            retenu.intitulesLignes);
+  donnees.colonnes = Elements(t.colonnes, t.compte.rangsColonnes, t.details.partsColonnes,
+                              NomsDeModalites(retenu.colonne), retenu.intitulesColonnes);
+  donnees.observe = Bande(t, t.compte.effectifs);
   donnees.maximum = Bande(t, t.maximum);
   return donnees;
 }

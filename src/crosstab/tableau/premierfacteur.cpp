@@ -31,20 +31,13 @@ double Milliemes(double score) { return ArrondirPair(1000 * score); }
 
 }  // namespace
 
-Matrice EcartsEnProportions(const Matrice& effectifs, std::span<const double> totauxLignes,
-                            std::span<const double> totauxColonnes, double total) {
-  if (total == 0) throw Erreur(kDivisionParZero);
+Matrice EcartsEnProportions(const Matrice& effectifs, const Marges& marges) {
+  if (marges.total == 0) throw Erreur(kDivisionParZero);
   Matrice ecarts(effectifs.Lignes(), effectifs.Colonnes());
   for (std::size_t i = 0; i < ecarts.Lignes(); ++i)
     for (std::size_t j = 0; j < ecarts.Colonnes(); ++j)
-      ecarts(i, j) = effectifs(i, j) / total - (totauxLignes[i] / total) * (totauxColonnes[j] / total);
+      ecarts(i, j) = EcartEnProportions(effectifs(i, j), marges, i, j);
   return ecarts;
-}
-
-std::size_t PremierNonVide(std::span<const double> totaux, std::size_t depart) {
-  for (std::size_t i = depart; i < totaux.size(); ++i)
-    if (totaux[i] > 0) return i;
-  return depart;
 }
 
 PremierFacteur ExtrairePremierFacteur(const Matrice& ecarts, std::span<const double> poidsLignes,

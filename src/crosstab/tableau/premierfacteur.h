@@ -6,16 +6,15 @@
 #include <span>
 #include <vector>
 
-#include "core/calcul/matrice.h"
+#include "crosstab/tableau/compte.h"
 
 namespace quelvar::crosstab {
 
-// Deviations from independence, in proportions of the total: n/N - (row/N)(column/N). Raises 11 for a total of 0.
-Matrice EcartsEnProportions(const Matrice& effectifs, std::span<const double> totauxLignes,
-                            std::span<const double> totauxColonnes, double total);
+// Deviations from independence of the cells, in proportions of the total. Raises 11 for a total of 0.
+Matrice EcartsEnProportions(const Matrice& effectifs, const Marges& marges);
 
-// Rank, counted from 0, of the first total above 0 from `depart` on; `depart` itself when there is none.
-std::size_t PremierNonVide(std::span<const double> totaux, std::size_t depart = 0);
+// Rounds after which a factor that does not settle is taken as it stands.
+inline constexpr int kToursMaxDuFacteur = 100000;
 
 // Where the averaging starts: the signs of the scores are those of that column, and the score of that row is the one
 // that the stop test follows.
@@ -39,7 +38,7 @@ struct PremierFacteur {
 // the scores are centred at each round, here the deviations take the trivial factor out beforehand.
 PremierFacteur ExtrairePremierFacteur(const Matrice& ecarts, std::span<const double> poidsLignes,
                                       std::span<const double> poidsColonnes, DepartDuFacteur depart,
-                                      int toursMax = 100000);
+                                      int toursMax = kToursMaxDuFacteur);
 
 // Ranks of the scores, counted from 0, in ascending or descending order; equal scores keep theirs.
 std::vector<std::size_t> OrdreDesScores(std::span<const double> scores, bool decroissant = false);

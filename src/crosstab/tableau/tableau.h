@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/calcul/matrice.h"
 #include "crosstab/tableau/khi2.h"
-#include "crosstab/tableau/pemlocal.h"
+#include "crosstab/tableau/statistiques.h"
 
 namespace quelvar::crosstab {
 
@@ -19,13 +18,6 @@ struct OrdreDemande {
   bool inverserColonnes = false;
 };
 
-// Totals of a table of counts.
-struct Marges {
-  std::vector<double> lignes;
-  std::vector<double> colonnes;
-  double total = 0;
-};
-
 // A cell whose theoretical count is below 1, by its places in the table.
 struct CaseFaible {
   std::size_t ligne;
@@ -33,22 +25,15 @@ struct CaseFaible {
   double contribution;
 };
 
-// Rows and columns stand at their places in the printed order, empty ones included; `codesLignes[i]` is the code that
-// stands at place i.
+// Rows and columns stand at their places in the printed order, empty ones included; the rank at the origin of a row or
+// a column is its code.
 struct TableauCroise {
-  std::vector<int> codesLignes;
-  std::vector<int> codesColonnes;
-  Matrice effectifs;
-  Marges marges;
+  TableauCompte compte;
 
   // All that follows is empty or 0 in a table of total 0.
   std::vector<std::size_t> lignes;    // places of the rows that are not empty
   std::vector<std::size_t> colonnes;  // places of the columns that are not empty
-  Matrice pourcentages;               // of the row total, percent; 0 in an empty row
-  std::vector<double> partsLignes;    // of the total, percent
-  std::vector<double> partsColonnes;
-
-  Matrice contributions;  // to the chi-square
+  DetailsDuTableau details;
   std::vector<double> contributionsLignes;
   std::vector<double> contributionsColonnes;
   double khi2 = 0;
@@ -66,15 +51,12 @@ struct TableauCroise {
   double partKhi2Max = 0;  // percent: chi-square over that of the maximum table
   bool deuxParDeux = false;
 
-  bool Vide() const { return marges.total == 0; }
+  bool Vide() const { return compte.marges.total == 0; }
   // A cell is above the mean of its column.
-  bool AuDessus(std::size_t i, std::size_t j) const { return pourcentages(i, j) > partsColonnes[j]; }
+  bool AuDessus(std::size_t i, std::size_t j) const { return details.pourcentages(i, j) > details.partsColonnes[j]; }
 };
 
 // Analyses counts whose rows and columns are the codes from 0 to the code-max of their question.
 TableauCroise AnalyserTableau(const Matrice& effectifs, const OrdreDemande& ordre);
-
-// The local PEM of each cell of the non-empty rows and columns, by rows.
-std::vector<AttractionLocale> AttractionsLocales(const TableauCroise& tableau);
 
 }  // namespace quelvar::crosstab

@@ -5,6 +5,7 @@
 
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/produits.h"
 
 namespace quelvar::factor {
 
@@ -20,50 +21,6 @@ void AjouterElement(MargesDesEcarts& marges, double profil, TypeAnalyse type, do
   marges.profil.push_back(profil);
   marges.poids.push_back(type == TypeAnalyse::Afc ? profil : 1);
   marges.inertie.push_back(inertie);
-}
-
-// b = transpose(d) a. Four rows at once: each b(j) receives its terms in the order of the rows all the same.
-void ProduitParColonnes(const Matrice& d, const double* a, double* __restrict b) {
-  const std::size_t n = d.Lignes();
-  const std::size_t p = d.Colonnes();
-  std::fill(b, b + p, 0.0);
-  std::size_t i = 0;
-  for (; i + 4 <= n; i += 4) {
-    const double* l0 = d.Ligne(i).data();
-    const double* l1 = l0 + p;
-    const double* l2 = l1 + p;
-    const double* l3 = l2 + p;
-    const double a0 = a[i];
-    const double a1 = a[i + 1];
-    const double a2 = a[i + 2];
-    const double a3 = a[i + 3];
-    for (std::size_t j = 0; j < p; ++j) b[j] = (((b[j] + l0[j] * a0) + l1[j] * a1) + l2[j] * a2) + l3[j] * a3;
-  }
-  for (; i < n; ++i) {
-    const double* ligne = d.Ligne(i).data();
-    for (std::size_t j = 0; j < p; ++j) b[j] += ligne[j] * a[i];
-  }
-}
-
-// a = d b. Eight rows at once, each with its own sum in the order of the columns.
-void ProduitParLignes(const Matrice& d, const double* __restrict b, double* __restrict a) {
-  constexpr std::size_t kLignes = 8;
-  const std::size_t n = d.Lignes();
-  const std::size_t p = d.Colonnes();
-  std::size_t i = 0;
-  for (; i + kLignes <= n; i += kLignes) {
-    const double* lignes = d.Ligne(i).data();
-    double sommes[kLignes] = {};
-    for (std::size_t j = 0; j < p; ++j)
-      for (std::size_t k = 0; k < kLignes; ++k) sommes[k] += lignes[k * p + j] * b[j];
-    std::copy(sommes, sommes + kLignes, a + i);
-  }
-  for (; i < n; ++i) {
-    const double* ligne = d.Ligne(i).data();
-    double somme = 0;
-    for (std::size_t j = 0; j < p; ++j) somme += ligne[j] * b[j];
-    a[i] = somme;
-  }
 }
 
 double DiviserSiPossible(double valeur, double diviseur) { return diviseur == 0 ? valeur : valeur / diviseur; }

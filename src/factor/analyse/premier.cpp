@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/texte/nombres.h"
+#include "factor/analyse/produits.h"
 
 namespace quelvar::factor {
 
@@ -41,14 +42,16 @@ class Operateur {
   std::size_t Taille() const { return racines_.size(); }
 
   Vecteur operator()(const Vecteur& u) const {
-    Vecteur b = VersColonnes(u);
+    // Both products of a few rows while the processor holds them.
+    constexpr std::size_t kLignes = 8;
+    const Vecteur b = VersColonnes(u);
+    Vecteur a(lignes_);
     Vecteur y(Taille());
-    for (std::size_t i = 0; i < lignes_; ++i) {
-      const std::span<const double> ligne = d_.Ligne(i);
-      double a = 0;
-      for (std::size_t j = 0; j < b.size(); ++j) a += ligne[j] * b[j];
-      a /= poids_[i];
-      for (std::size_t j = 0; j < y.size(); ++j) y[j] += ligne[j] * a;
+    for (std::size_t debut = 0; debut < lignes_; debut += kLignes) {
+      const std::size_t fin = std::min(debut + kLignes, lignes_);
+      LignesParVecteur(d_, debut, fin, b.data(), a.data());
+      for (std::size_t i = debut; i < fin; ++i) a[i] /= poids_[i];
+      AjouterLignes(d_, debut, fin, a.data(), y.data());
     }
     for (std::size_t j = 0; j < y.size(); ++j) y[j] /= racines_[j];
     return y;

@@ -20,6 +20,7 @@ constexpr double kEchelleMinimum = 0.1;
 constexpr double kEchelleMaximum = 40;
 constexpr double kPasDeZoom = 1.25;
 constexpr double kCranDeMolette = 120;
+constexpr double kEchelleLisible = 0.8;
 constexpr double kTolerance = 3;  // pixels around an element
 
 }  // namespace
@@ -41,7 +42,9 @@ void VueDessin::Ajuster() {
   ajuste_ = true;
   const double largeur = maximumViewportSize().width() / dessin_.Largeur();
   const double hauteur = maximumViewportSize().height() / dessin_.Hauteur();
-  echelle_ = std::clamp(std::min(largeur, hauteur), kEchelleMinimum, kEchelleMaximum);
+  const bool enLargeur = pageLongue && hauteur < std::min(largeur, kEchelleLisible);
+  const double barre = enLargeur ? verticalScrollBar()->sizeHint().width() / dessin_.Largeur() : 0;
+  echelle_ = std::clamp(enLargeur ? largeur - barre : std::min(largeur, hauteur), kEchelleMinimum, kEchelleMaximum);
   ReglerBarres();
   viewport()->update();
 }

@@ -22,6 +22,8 @@ class VueDessin : public QAbstractScrollArea {
   double Echelle() const { return echelle_; }
   void Zoomer(double facteur);
   void Ajuster();
+  // A page that could not be read whole, being long, is fitted to the width of the view.
+  bool pageLongue = false;
 
   // Where a place of the viewport lies on the page, and back.
   QPointF VersPage(const QPointF& place) const;

@@ -174,32 +174,32 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& 
 }
 
 // One line for each explanatory modality. Odds-ratios are no points: the tabular effects are then left out.
-std::vector<LigneDEffet> LignesDeLImage(const Travail& travail, const ModeleAjuste& logistique) {
-  std::vector<LigneDEffet> lignes;
+ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
+  ImageDesEffets image{travail.modele.titre, {}};
+  std::vector<LigneDEffet>& lignes = image.lignes;
   for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k) {
     const ModaliteCodee& modalite = travail.modele.Explicative(k);
-    LigneDEffet ligne{modalite.intitule, modalite.reference, {}, 0, {}};
+    LigneDEffet ligne{modalite.intitule, modalite.reference, {}, 0, {}, false};
+    ligne.nouvelleQuestion = k > 0 && travail.modele.Explicative(k - 1).Question() != modalite.Question();
     if (!modalite.reference) ligne.logistique = EffetEnPoints(logistique, logistique.betas[k]);
     lignes.push_back(std::move(ligne));
   }
-  if (travail.Choix().oddsRatio) return lignes;
+  if (travail.Choix().oddsRatio) return image;
   for (const Effet& effet : travail.analyse.effets) {
     lignes[effet.modalite].moyenne = effet.moyenne;
     lignes[effet.modalite].ecartType = effet.ecartType;
   }
-  return lignes;
+  return image;
 }
 
 // A run that stops leaves its work files as they stand.
-void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport) {
+void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
   Travail travail = LireLeModele(contexte, rapport, fichiers.mod);
   try {
-    const ModeleAjuste logistique = Analyser(contexte, rapport, fichiers.codageLogique, travail);
-    if (!options.image.empty())
-      EcrireSvg(contexte.repertoire, options.image,
-                DessinerEffets(travail.modele.titre, LignesDeLImage(travail, logistique)));
+    effets = ImageDe(travail, Analyser(contexte, rapport, fichiers.codageLogique, travail));
+    if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerEffets(effets));
   } catch (const Erreur&) {
     LaisserLesFichiers(contexte, travail);
     throw;
@@ -216,8 +216,13 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
 }  // namespace
 
 Fin Anatab(const Contexte& contexte, const OptionsAnatab& options) {
+  ImageDesEffets effets;
+  return Anatab(contexte, options, effets);
+}
+
+Fin Anatab(const Contexte& contexte, const OptionsAnatab& options, ImageDesEffets& effets) {
   const Fin fin = ExecuterProgramme(contexte, contexte.Nom(".TRP"), LibellesErreur{},
-                                    [&](Rapport& rapport) { Executer(contexte, options, rapport); });
+                                    [&](Rapport& rapport) { Executer(contexte, options, rapport, effets); });
   contexte.Ecran().montrerProgression(0);
   return fin;
 }

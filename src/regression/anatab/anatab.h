@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/programme/programme.h"
+#include "regression/images/effets.h"
 
 namespace quelvar::regression {
 
@@ -17,5 +18,7 @@ struct OptionsAnatab {
 // Reads the coding of the .MOD and the logical coding, writes the .TRP. What else it needs stands in the .MOD (DE=).
 // A population of the situations kept below 50 % is put to the user.
 Fin Anatab(const Contexte& contexte, const OptionsAnatab& options = {});
+// The same; after a normal end `effets` has what the picture shows.
+Fin Anatab(const Contexte& contexte, const OptionsAnatab& options, ImageDesEffets& effets);
 
 }  // namespace quelvar::regression

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/dessin/dessin.h"
@@ -17,10 +16,16 @@ struct LigneDEffet {
   std::optional<double> moyenne;     // of the sub-effects, percentage points
   double ecartType = 0;              // of the sub-effects, points
   std::optional<double> logistique;  // effect of the logistic model, points
+  bool nouvelleQuestion = false;     // set apart from the line before
 };
 
-// The mean with an interval of one standard deviation on both sides, and the logistic effect below it. The scale holds
-// everything drawn.
-Dessin DessinerEffets(std::string_view titre, const std::vector<LigneDEffet>& lignes);
+struct ImageDesEffets {
+  std::string titre;
+  std::vector<LigneDEffet> lignes;
+};
+
+// The mean with an interval of one standard deviation on both sides, and the logistic effect below it, on a page in
+// points. The scale holds everything drawn; the legend stands under it.
+Dessin DessinerEffets(const ImageDesEffets& image);
 
 }  // namespace quelvar::regression

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <span>
 
 #include "core/calcul/tris.h"
 #include "core/enquete/datfile.h"
 #include "core/texte/nombres.h"
-#include "crosstab/tableau/maximum.h"
-#include "crosstab/tableau/premierfacteur.h"
+#include "crosstab/tableau/ordre.h"
+#include "crosstab/tableau/statistiques.h"
 
 namespace quelvar::regression {
 
@@ -17,66 +16,6 @@ namespace {
 
 constexpr int kToursMax = 500;
 constexpr std::size_t kCodes = kCodeMaxDeProfil + 1;
-
-struct Marges {
-  std::vector<double> lignes;
-  std::vector<double> colonnes;
-  double total = 0;
-};
-
-Marges MargesDe(const Matrice& effectifs) {
-  Marges marges{std::vector<double>(effectifs.Lignes()), std::vector<double>(effectifs.Colonnes()), 0};
-  for (std::size_t i = 0; i < effectifs.Lignes(); ++i)
-    for (std::size_t j = 0; j < effectifs.Colonnes(); ++j) {
-      marges.lignes[i] += effectifs(i, j);
-      marges.colonnes[j] += effectifs(i, j);
-      marges.total += effectifs(i, j);
-    }
-  return marges;
-}
-
-// Codes that nobody has take no part in the order of a table, nor do they stand at its corners.
-Matrice SansVides(const Matrice& effectifs) {
-  const Marges marges = MargesDe(effectifs);
-  const auto pleines = [](const std::vector<double>& totaux) {
-    std::vector<std::size_t> places;
-    for (std::size_t i = 0; i < totaux.size(); ++i)
-      if (totaux[i] > 0) places.push_back(i);
-    return places;
-  };
-  const std::vector<std::size_t> lignes = pleines(marges.lignes);
-  const std::vector<std::size_t> colonnes = pleines(marges.colonnes);
-  Matrice reduite(lignes.size(), colonnes.size());
-  for (std::size_t i = 0; i < lignes.size(); ++i)
-    for (std::size_t j = 0; j < colonnes.size(); ++j) reduite(i, j) = effectifs(lignes[i], colonnes[j]);
-  return reduite;
-}
-
-std::vector<double> Parts(const std::vector<double>& totaux, double total) {
-  std::vector<double> parts(totaux);
-  for (double& part : parts) part /= total;
-  return parts;
-}
-
-double EcartsPositifs(const Matrice& ecarts) {
-  double somme = 0;
-  for (const double ecart : ecarts.Valeurs())
-    if (ecart > 0) somme += ecart;
-  return somme;
-}
-
-Matrice EcartsDe(const Matrice& effectifs, const Marges& marges) {
-  return crosstab::EcartsEnProportions(effectifs, marges.lignes, marges.colonnes, marges.total);
-}
-
-Matrice Ranger(const Matrice& table, const crosstab::PremierFacteur& facteur) {
-  const std::vector<std::size_t> lignes = crosstab::OrdreDesScores(facteur.lignes);
-  const std::vector<std::size_t> colonnes = crosstab::OrdreDesScores(facteur.colonnes);
-  Matrice rangee(table.Lignes(), table.Colonnes());
-  for (std::size_t i = 0; i < lignes.size(); ++i)
-    for (std::size_t j = 0; j < colonnes.size(); ++j) rangee(i, j) = table(lignes[i], colonnes[j]);
-  return rangee;
-}
 
 }  // namespace
 
@@ -123,22 +62,19 @@ Matrice CroiserQuestions(const Reponses& reponses, const FichierPos& pos, std::s
 }
 
 double PemDeTable(const Matrice& effectifs) {
-  const Matrice pleine = SansVides(effectifs);
-  const Marges marges = MargesDe(pleine);
-  if (marges.total == 0) throw Erreur(kDivisionParZero);
-  const crosstab::PremierFacteur facteur =
-      crosstab::ExtrairePremierFacteur(EcartsDe(pleine, marges), Parts(marges.lignes, marges.total),
-                                       Parts(marges.colonnes, marges.total), {}, kToursMax);
-  const Matrice rangee = Ranger(pleine, facteur);
-  const Marges rangees = MargesDe(rangee);
-  const Matrice ecarts = EcartsDe(rangee, rangees);
-  const std::size_t i = rangee.Lignes() - 1;
-  const std::size_t j = rangee.Colonnes() - 1;
-  const crosstab::Diagonale diagonale =
-      crosstab::ChoisirDiagonale(ecarts(0, 0), ecarts(0, j), ecarts(i, 0), ecarts(i, j));
-  const Matrice maximum = crosstab::TableauMaximum(rangees.lignes, rangees.colonnes, diagonale);
-  const double possible = EcartsPositifs(EcartsDe(maximum, rangees));
-  return possible == 0 ? 0 : std::min(100.0, 100 * EcartsPositifs(ecarts) / possible);
+  constexpr auto kBords = crosstab::Bords::Tous;
+  const crosstab::Marges marges = crosstab::MargesDe(effectifs);
+  // Codes that nobody has take no part in the order of a table, nor do they stand at its corners.
+  crosstab::TableauCompte table = crosstab::Reordonner(
+      crosstab::Compter(effectifs), crosstab::PlacesPleines(marges.lignes), crosstab::PlacesPleines(marges.colonnes));
+  const crosstab::PremierFacteur facteur = crosstab::FacteurDe(table, kBords, kToursMax);
+  table =
+      crosstab::Reordonner(table, crosstab::OrdreDesScores(facteur.lignes), crosstab::OrdreDesScores(facteur.colonnes));
+  const auto positifs = [&](const Matrice& cellules) {
+    return crosstab::SommerEcarts(cellules, table.marges, crosstab::Echelle::Proportions).positifs;
+  };
+  const double possible = positifs(crosstab::MaximumDe(table, kBords));
+  return possible == 0 ? 0 : std::min(100.0, 100 * positifs(table.effectifs) / possible);
 }
 
 Profil CalculerProfil(const Reponses& reponses, const FichierPos& pos, std::size_t question) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/dessin/barres.h"
 #include "core/dessin/svg.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
@@ -147,7 +146,8 @@ std::vector<Profil> CalculerProfils(const Contexte& contexte, Rapport& rapport, 
   return profils;
 }
 
-void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& rapport) {
+void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& rapport,
+              std::vector<GroupeDeBarres>& barres) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> fichierPos = contexte.Chercher(".POS");
   ExigerFichiers(rapport, contexte.Ecran(),
@@ -171,11 +171,8 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
-  if (!options.image.empty()) {
-    std::vector<GroupeDeBarres> groupes;
-    for (const Profil& profil : profils) groupes.push_back(BarresDe(pos, profil));
-    EcrireSvg(contexte.repertoire, options.image, DessinerBarres(groupes, "PEM en %"));
-  }
+  for (const Profil& profil : profils) barres.push_back(BarresDe(pos, profil));
+  if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerProfilsDInteret(barres));
   const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   EcrireTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), pos, profils);
@@ -187,8 +184,17 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
 }  // namespace
 
 Fin Varint(const Contexte& contexte, const OptionsVarint& options) {
+  std::vector<GroupeDeBarres> profils;
+  return Varint(contexte, options, profils);
+}
+
+Fin Varint(const Contexte& contexte, const OptionsVarint& options, std::vector<GroupeDeBarres>& profils) {
   return ExecuterProgramme(contexte, contexte.Nom(".TRF"), LibellesErreur{},
-                           [&](Rapport& rapport) { Executer(contexte, options, rapport); });
+                           [&](Rapport& rapport) { Executer(contexte, options, rapport, profils); });
+}
+
+Dessin DessinerProfilsDInteret(const std::vector<GroupeDeBarres>& profils) {
+  return DessinerBarres(profils, "PEM en %");
 }
 
 }  // namespace quelvar::regression

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/dessin/barres.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::regression {
@@ -23,5 +24,10 @@ inline constexpr std::size_t kQuestionsDInteretMax = 1000;
 // Reads the .DAT and the .POS; writes the .TRF, and the profiles as a table .BRT with its .MOD, of which what stands
 // behind the first "**" is kept.
 Fin Varint(const Contexte& contexte, const OptionsVarint& options);
+// The same; after a normal end `profils` has the bars of each profile, in the order of the report.
+Fin Varint(const Contexte& contexte, const OptionsVarint& options, std::vector<GroupeDeBarres>& profils);
+
+// The picture of these profiles, one below the other.
+Dessin DessinerProfilsDInteret(const std::vector<GroupeDeBarres>& profils);
 
 }  // namespace quelvar::regression

@@ -24,7 +24,7 @@ float EnSimple(double valeur) {
 }
 
 // Nodes of the rows of a table in their present order.
-std::vector<std::int16_t> NoeudsDesLignes(const TableauCompte& table) {
+std::vector<std::int16_t> NoeudsDesLignes(const crosstab::TableauCompte& table) {
   std::vector<std::int16_t> noeuds;
   for (const std::size_t rang : table.rangsLignes)
     noeuds.push_back(NumeroDeNoeud(table.rangsColonnes.size() + rang + 1));
@@ -59,7 +59,7 @@ class GroupeDeLignes {
 
 }  // namespace
 
-std::vector<Lien> LiensDesCellules(const TableauCompte& table, const Matrice& pem) {
+std::vector<Lien> LiensDesCellules(const crosstab::TableauCompte& table, const Matrice& pem) {
   const std::vector<std::int16_t> noeuds = NoeudsDesLignes(table);
   std::vector<Lien> liens;
   for (std::size_t i = 0; i < pem.Lignes(); ++i)
@@ -68,7 +68,7 @@ std::vector<Lien> LiensDesCellules(const TableauCompte& table, const Matrice& pe
   return liens;
 }
 
-std::vector<Lien> LiensEntreLignes(const TableauCompte& table, const Matrice& pem) {
+std::vector<Lien> LiensEntreLignes(const crosstab::TableauCompte& table, const Matrice& pem) {
   const std::vector<std::int16_t> noeuds = NoeudsDesLignes(table);
   const std::size_t lignes = pem.Lignes();
   const auto colonnes = static_cast<double>(pem.Colonnes());

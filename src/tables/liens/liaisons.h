@@ -7,19 +7,18 @@
 #include <string_view>
 #include <vector>
 
-#include "core/calcul/matrice.h"
+#include "crosstab/tableau/compte.h"
 #include "tables/liens/liens.h"
-#include "tables/tableaucompte.h"
 
 namespace quelvar::tables {
 
 // One link for each cell of positive PEM (percent), row after row of the present order; the nodes are those of the
 // files. Raises 6 when there are more nodes than a record can number.
-std::vector<Lien> LiensDesCellules(const TableauCompte& table, const Matrice& pem);
+std::vector<Lien> LiensDesCellules(const crosstab::TableauCompte& table, const Matrice& pem);
 
 // One link for each pair of rows, in the present order: 100 less the mean over the columns of the absolute difference
 // of their PEM. Raises 6 as above.
-std::vector<Lien> LiensEntreLignes(const TableauCompte& table, const Matrice& pem);
+std::vector<Lien> LiensEntreLignes(const crosstab::TableauCompte& table, const Matrice& pem);
 
 // Which of the links between rows are kept, once sorted by value.
 enum class ChoixDeLiens { DeuxMille, IndexDe80, Tous };

@@ -1,9 +1,8 @@
-#include "crosstab/tableau/premierfacteur.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 
+#include "crosstab/tableau/ordre.h"
 #include "support/erreur.h"
 #include "support/tableau.h"
 
@@ -13,17 +12,6 @@ namespace quelvar {
 namespace {
 
 using essai::MatriceDe;
-using essai::Tableau;
-
-PremierFacteur FacteurDe(const Tableau& t, int toursMax = 100000) {
-  std::vector<double> poidsLignes, poidsColonnes;
-  const auto part = [&](double total) { return t.total == 0 ? 0 : total / t.total; };
-  for (const double total : t.totauxLignes) poidsLignes.push_back(part(total));
-  for (const double total : t.totauxColonnes) poidsColonnes.push_back(part(total));
-  return ExtrairePremierFacteur(EcartsEnProportions(t.effectifs, t.totauxLignes, t.totauxColonnes, t.total),
-                                poidsLignes, poidsColonnes,
-                                {PremierNonVide(t.totauxLignes), PremierNonVide(t.totauxColonnes)}, toursMax);
-}
 
 void ExpectProches(const std::vector<double>& obtenus, const std::vector<double>& attendus, double tolerance) {
   ASSERT_EQ(obtenus.size(), attendus.size());
@@ -33,8 +21,9 @@ void ExpectProches(const std::vector<double>& obtenus, const std::vector<double>
 // Staff groups by smoking habits: M. J. Greenacre, "Theory and Applications of Correspondence Analysis" (1984). The
 // tolerance is that of the stop test: three decimals of the standardised score of the first row.
 TEST(PremierFacteur, ExemplePublie) {
-  const Tableau t(MatriceDe({{4, 2, 3, 2}, {4, 3, 7, 4}, {25, 10, 12, 4}, {18, 24, 33, 13}, {10, 6, 7, 2}}));
-  const PremierFacteur facteur = FacteurDe(t);
+  const TableauCompte t =
+      Compter(MatriceDe({{4, 2, 3, 2}, {4, 3, 7, 4}, {25, 10, 12, 4}, {18, 24, 33, 13}, {10, 6, 7, 2}}));
+  const PremierFacteur facteur = FacteurDe(t, Bords::Tous);
   EXPECT_NEAR(facteur.valeurPropre, 0.0748, 0.0001);
   const double sens = facteur.colonnes[0] > 0 ? -1 : 1;
   std::vector<double> lignes, colonnes;
@@ -47,7 +36,7 @@ TEST(PremierFacteur, ExemplePublie) {
 // Two rows and two columns: the eigenvalue is chi-square/N, here ((30 x 40 - 10 x 20)/100)^2 x 100^2 / (40 60 50 50),
 // and a row's coordinate is n times plus or minus the square root of the other row's weight over its own.
 TEST(PremierFacteur, DeuxParDeux) {
-  const PremierFacteur facteur = FacteurDe(Tableau(MatriceDe({{30, 10}, {20, 40}})));
+  const PremierFacteur facteur = FacteurDe(Compter(MatriceDe({{30, 10}, {20, 40}})), Bords::Tous);
   const double phi2 = 1e6 / 6e6;
   const double n = std::sqrt(phi2);
   EXPECT_NEAR(facteur.valeurPropre, phi2, 1e-12);
@@ -57,26 +46,26 @@ TEST(PremierFacteur, DeuxParDeux) {
 
 // A row and a column without anybody in front: the signs come from column 2, the stop test follows row 2.
 TEST(PremierFacteur, LigneEtColonneVidesEnTete) {
-  const PremierFacteur plein = FacteurDe(Tableau(MatriceDe({{4, 2, 3}, {4, 3, 7}, {25, 10, 12}})));
+  const PremierFacteur plein = FacteurDe(Compter(MatriceDe({{4, 2, 3}, {4, 3, 7}, {25, 10, 12}})), Bords::Tous);
   const PremierFacteur vide =
-      FacteurDe(Tableau(MatriceDe({{0, 0, 0, 0}, {0, 4, 2, 3}, {0, 4, 3, 7}, {0, 25, 10, 12}})));
+      FacteurDe(Compter(MatriceDe({{0, 0, 0, 0}, {0, 4, 2, 3}, {0, 4, 3, 7}, {0, 25, 10, 12}})), Bords::Tous);
   ExpectProches(vide.lignes, {0, plein.lignes[0], plein.lignes[1], plein.lignes[2]}, 0);
   ExpectProches(vide.colonnes, {0, plein.colonnes[0], plein.colonnes[1], plein.colonnes[2]}, 0);
 }
 
 // Powers of two leave no rounding: all deviations are exactly 0, nothing is normalised, the second round stops.
 TEST(PremierFacteur, TableauIndependant) {
-  const Tableau t(MatriceDe({{2, 2}, {4, 4}, {2, 2}}));
-  const PremierFacteur facteur = FacteurDe(t, 2);
+  const TableauCompte t = Compter(MatriceDe({{2, 2}, {4, 4}, {2, 2}}));
+  const PremierFacteur facteur = FacteurDe(t, Bords::Tous, 2);
   EXPECT_EQ(facteur.valeurPropre, 0);
   EXPECT_EQ(facteur.lignes, std::vector<double>(3, 0.0));
   EXPECT_EQ(OrdreDesScores(facteur.lignes), (std::vector<std::size_t>{0, 1, 2}));
 }
 
 TEST(PremierFacteur, TableauxImpossibles) {
-  const auto numero = [](const Tableau& t) { return essai::NumeroLeve([&] { FacteurDe(t); }); };
-  EXPECT_EQ(numero(Tableau(MatriceDe({{0, 0}, {0, 0}}))), kDivisionParZero);
-  EXPECT_EQ(numero(Tableau(MatriceDe({{1, 2}, {-30, 30}, {1, -2}}))), kArgumentIncorrect);
+  const auto numero = [](const Matrice& m) { return essai::NumeroLeve([&] { FacteurDe(Compter(m), Bords::Tous); }); };
+  EXPECT_EQ(numero((MatriceDe({{0, 0}, {0, 0}}))), kDivisionParZero);
+  EXPECT_EQ(numero((MatriceDe({{1, 2}, {-30, 30}, {1, -2}}))), kArgumentIncorrect);
 }
 
 TEST(PremierFacteur, OrdreDesScores) {

@@ -11,7 +11,6 @@ using namespace quelvar::crosstab;
 namespace quelvar {
 namespace {
 
-using Codes = std::vector<int>;
 using essai::MatriceDe;
 using Places = std::vector<std::size_t>;
 
@@ -57,8 +56,8 @@ TEST(AnalyserTableau, ExemplePublie) {
       MatriceDe({{326, 38, 241, 110, 3}, {688, 116, 584, 188, 4}, {343, 84, 909, 412, 26}, {98, 48, 403, 681, 85}}),
       {.pourPem = true});
   EXPECT_NEAR(t.khi2, 1240.04, 0.005);
-  EXPECT_EQ(t.codesLignes, (Codes{3, 2, 0, 1}));  // dark to light, as published
-  EXPECT_EQ(t.codesColonnes, (Codes{4, 3, 2, 1, 0}));
+  EXPECT_EQ(t.compte.rangsLignes, (Places{3, 2, 0, 1}));  // dark to light, as published
+  EXPECT_EQ(t.compte.rangsColonnes, (Places{4, 3, 2, 1, 0}));
   EXPECT_EQ(t.degres, 12);
   EXPECT_EQ(t.proba.p, 1);
 }
@@ -72,17 +71,16 @@ TEST(AnalyserTableau, OrdrePourLePem) {
       const TableauCroise t = AnalyserTableau(effectifs, {true, lignesInversees, colonnesInversees});
       for (std::size_t i = 0; i < 5; ++i) {
         for (std::size_t j = 0; j < 4; ++j)
-          EXPECT_EQ(t.effectifs(i, j), effectifs(static_cast<std::size_t>(t.codesLignes[i]),
-                                                 static_cast<std::size_t>(t.codesColonnes[j])));
-        EXPECT_EQ(t.marges.lignes[i], origine.marges.lignes[static_cast<std::size_t>(t.codesLignes[i])]);
+          EXPECT_EQ(t.compte.effectifs(i, j), effectifs(t.compte.rangsLignes[i], t.compte.rangsColonnes[j]));
+        EXPECT_EQ(t.compte.marges.lignes[i], origine.compte.marges.lignes[t.compte.rangsLignes[i]]);
       }
       // The start gives row 2, the only one in excess in column 1, the positive side.
-      const auto sansVides = [](Codes codes) {
-        std::erase_if(codes, [](int code) { return code == 0 || code == 4; });
+      const auto sansVides = [](Places codes) {
+        std::erase_if(codes, [](std::size_t code) { return code == 0 || code == 4; });
         return codes;
       };
-      EXPECT_EQ(sansVides(t.codesLignes), lignesInversees ? (Codes{2, 1, 3}) : (Codes{3, 1, 2}));
-      EXPECT_EQ(sansVides(t.codesColonnes), colonnesInversees ? (Codes{1, 2, 3}) : (Codes{3, 2, 1}));
+      EXPECT_EQ(sansVides(t.compte.rangsLignes), lignesInversees ? (Places{2, 1, 3}) : (Places{3, 1, 2}));
+      EXPECT_EQ(sansVides(t.compte.rangsColonnes), colonnesInversees ? (Places{1, 2, 3}) : (Places{3, 2, 1}));
       EXPECT_NEAR(t.khi2, origine.khi2, 1e-9);
     }
   }

@@ -10,6 +10,7 @@
 #include "support/tableau.h"
 #include "tables/liens/liaisons.h"
 
+using namespace quelvar::crosstab;
 using namespace quelvar::tables;
 
 namespace quelvar {

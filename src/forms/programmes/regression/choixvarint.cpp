@@ -3,11 +3,25 @@
 #include <algorithm>
 #include <optional>
 
+#include "forms/images/fenetredessin.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixvarint.h"
 
 namespace quelvar::forms {
+
+namespace {
+
+void MontrerProfils(Services& services, const Contexte& contexte, std::vector<GroupeDeBarres> profils) {
+  SujetDeDessin sujet{"Int", "Profils de variables d'intérêt"_w, "&Question", {}, {}};
+  for (const GroupeDeBarres& profil : profils) sujet.pages.push_back(profil.titre);
+  sujet.dessiner = [profils = std::move(profils)](std::size_t page) {
+    return regression::DessinerProfilsDInteret({profils[page]});
+  };
+  MontrerDessins(services, contexte, std::move(sujet));
+}
+
+}  // namespace
 
 ChoixVarInt::ChoixVarInt(Services& services, FichierPos pos)
     : Forme(services), pos_(std::move(pos)), ui_(std::make_unique<Ui::ChoixVarInt>()) {
@@ -59,8 +73,13 @@ void ChoixVarInt::LancerVarint() {
     return;
   }
   const regression::OptionsVarint options = Options();
-  services_.Lancer([&](const Contexte&) { regression::Varint(contexte_, options); });
+  std::vector<GroupeDeBarres> profils;
+  Fin fin = Fin::Arret;
+  services_.Lancer([&](const Contexte&) { fin = regression::Varint(contexte_, options, profils); });
+  Services& services = services_;
+  const Contexte contexte = contexte_;
   accept();
+  if (fin == Fin::Normale) MontrerProfils(services, contexte, std::move(profils));
 }
 
 void OuvrirVarInt(Services& services) {

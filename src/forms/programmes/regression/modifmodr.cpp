@@ -4,6 +4,7 @@
 #include <QShortcut>
 
 #include "core/enquete/listemod.h"
+#include "forms/images/fenetredessin.h"
 #include "forms/texte/texte_qt.h"
 #include "regression/anatab/anatab.h"
 #include "regression/reglin/reglin.h"
@@ -146,7 +147,16 @@ void ModifModR::Enregistrer() {
 void OuvrirModifModR(Services& services) { Montrer<ModifModR>(services); }
 
 void OuvrirAnatab(Services& services) {
-  services.Lancer([](const Contexte& contexte) { regression::Anatab(contexte); });
+  const Contexte contexte = services.ContexteEnCours();
+  regression::ImageDesEffets effets;
+  Fin fin = Fin::Arret;
+  services.Lancer([&](const Contexte&) { fin = regression::Anatab(contexte, {}, effets); });
+  if (fin != Fin::Normale) return;
+  const std::string page = effets.titre;
+  MontrerDessins(services, contexte,
+                 {"Eff", "Effets des modalités explicatives"_w, "", {page}, [image = std::move(effets)](std::size_t) {
+                    return regression::DessinerEffets(image);
+                  }});
 }
 
 void OuvrirReglin(Services& services) {

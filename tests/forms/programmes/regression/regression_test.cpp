@@ -1,6 +1,7 @@
 // The coding of a regression by real clicks, and the choice of the questions of interest.
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -8,6 +9,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "forms/images/fenetredessin.h"
+#include "forms/images/vuedessin.h"
 #include "forms/pilote.h"
 #include "forms/programmes/regression/choixvarint.h"
 #include "forms/programmes/regression/modifmodr.h"
@@ -22,6 +25,7 @@ using essai::CliquerLigne;
 using essai::Etiquette;
 using essai::Lignes;
 using essai::Taper;
+using essai::Visible;
 
 class FormesDeLaRegression : public testing::Test {
  protected:
@@ -101,6 +105,47 @@ TEST_F(FormesDeLaRegression, LesProgrammesSansFormePartentAussitot) {
   EXPECT_TRUE(bureau_.Texte().contains("Le tableau de codage logique ENQ.CDG n'existe pas"));
   bureau_.Menu("mnuReglin");
   EXPECT_TRUE(bureau_.Texte().contains("*** Le tableau de données ENQ.CDG n'existe pas"));
+}
+
+// Homme: 2 of 3 go, Femme: 1 of 3. The picture stands beside the report and is saved in the three formats for papers.
+TEST_F(FormesDeLaRegression, LImageDesEffetsSuitLeRapport) {
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2   non\r\nSEX1 R Homme\r\nSEX2 X Femme\r\n");
+  bureau_.Ecrire("ENQ.CDG", "   11010\r\n   21010\r\n   30110\r\n   41001\r\n   50101\r\n   60101\r\n");
+  bureau_.Menu("mnuAnatab");
+  EXPECT_TRUE(bureau_.Texte().endsWith("Fin normale du programme\n"));
+  auto* image = bureau_.Forme<FenetreDessin>();
+  ASSERT_NE(image, nullptr);
+  EXPECT_FALSE(Visible(*image, "ListPages"));
+  EXPECT_FALSE(Bureau::Dans<VueDessin>(*image, "Pict2").Contenu().Formes().empty());
+  const std::pair<const char*, const char*> formats[] = {{"E.svg", "<"}, {"E.png", "\x89PNG"}, {"E.pdf", "%PDF"}};
+  for (const auto& [nom, debut] : formats) {
+    essai::Pilote pilote;
+    pilote.Choisir(QString::fromStdString((bureau_.Dossier() / nom).string()));
+    pilote.Cliquer("OK");
+    Cliquer(*image, "BoutonEnregSous");
+    EXPECT_TRUE(bureau_.Lire(nom).starts_with(debut)) << nom;
+    EXPECT_EQ(image->windowTitle(), nom);
+  }
+  // A second run shows its picture in place of the first one.
+  bureau_.Menu("mnuAnatab");
+  EXPECT_FALSE(image->isVisible());
+  ASSERT_NE(bureau_.Forme<FenetreDessin>(), nullptr);
+  EXPECT_EQ(bureau_.Forme<FenetreDessin>()->windowTitle(), "Graphique non encore enregistré");
+}
+
+TEST_F(FormesDeLaRegression, LesProfilsSeMontrentUnAUn) {
+  ChoixVarInt& forme = bureau_.Demander<ChoixVarInt>("mnuVarInt");
+  Cliquer(forme, {"BoutAll", "BoutLancer"});
+  auto* image = bureau_.Forme<FenetreDessin>();
+  ASSERT_NE(image, nullptr);
+  auto& pages = Bureau::Dans<QComboBox>(*image, "ListPages");
+  ASSERT_EQ(pages.count(), 3);
+  EXPECT_EQ(pages.itemText(1), "Profil de SEX Sexe");
+  const auto premier = [&] { return Bureau::Dans<VueDessin>(*image, "Pict2").Contenu().Formes().front().texte; };
+  EXPECT_EQ(premier(), "Profil de CIN Cinema");
+  pages.setFocus();
+  QTest::keyClick(&pages, Qt::Key_Down);
+  EXPECT_EQ(premier(), "Profil de SEX Sexe");
 }
 
 }  // namespace

@@ -1,0 +1,63 @@
+// The compressed archive that a workbook is: its parts by name, inflated as a stream within stated bounds.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/fichiers/fichiers.h"
+#include "core/programme/erreur.h"
+
+struct zip;
+struct zip_file;
+
+namespace quelvar::capture::classeur {
+
+// No part is inflated beyond this: a sheet of a million rows of a hundred codes takes about half of it.
+inline constexpr std::uint64_t kOctetsAuPlus = std::uint64_t{8} << 30;
+
+// One part that is being inflated.
+class Partie {
+ public:
+  Partie(zip_file* fichier, std::string nom) : fichier_(fichier), nom_(std::move(nom)) {}
+  ~Partie();
+  Partie(Partie&& autre) noexcept : fichier_(autre.fichier_), nom_(std::move(autre.nom_)), lus_(autre.lus_) {
+    autre.fichier_ = nullptr;
+  }
+  Partie& operator=(Partie&&) = delete;
+
+  // The next bytes, 0 at the end. Raises a sentence: 57 for a damaged part, 7 beyond kOctetsAuPlus.
+  std::size_t Lire(std::span<char> octets);
+  const std::string& Nom() const { return nom_; }
+
+ private:
+  zip_file* fichier_;
+  std::string nom_;
+  std::uint64_t lus_ = 0;
+};
+
+class Archive {
+ public:
+  // Raises 53, 70, 75, and a sentence (13) for a file that is no archive.
+  explicit Archive(const Chemin& chemin);
+  ~Archive();
+  Archive(const Archive&) = delete;
+  Archive& operator=(const Archive&) = delete;
+
+  bool Contient(const std::string& nom) const;
+  // Raises a sentence (13) for a part that is not there or that a password protects.
+  Partie Ouvrir(const std::string& nom) const;
+  // The first bytes of a small part, empty when it is not there.
+  std::string Debut(const std::string& nom, std::size_t auPlus) const;
+
+ private:
+  zip* archive_ = nullptr;
+};
+
+// The refusal of what cannot be read, with what to do about it; `raison` ends without a point.
+[[noreturn]] void RefuserClasseur(Texte raison);
+
+}  // namespace quelvar::capture::classeur

@@ -1,0 +1,28 @@
+// The global indices of association of a counted table.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "crosstab/tableau/statistiques.h"
+
+namespace quelvar::tables {
+
+// One whose divisor is 0 has no value. The sums are in counts.
+struct IndicesGlobaux {
+  crosstab::SommesDEcarts observe;
+  crosstab::SommesDEcarts maximum;
+  std::size_t plusPetiteDimension = 0;
+  double effectif = 0;
+  std::optional<double> pem;             // percent of the sum of positive deviations of the maximum table
+  std::optional<double> khi2SurMaximum;  // percent of the chi-square of the maximum table
+  std::optional<double> rapportCramer;   // percent
+  std::optional<double> vCramer;         // from 0 to 1
+};
+
+// V and its square, the ratio: H. Cramér, "Mathematical Methods of Statistics" (1946), 21.9. Raises 5 for a negative
+// ratio, which only negative counts can give.
+IndicesGlobaux CalculerIndices(const crosstab::TableauCompte& table, const crosstab::SommesDEcarts& observe,
+                               const crosstab::SommesDEcarts& maximum);
+
+}  // namespace quelvar::tables
