@@ -186,8 +186,7 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
   if (!liste.suite.empty()) suite.insert(suite.begin(), liste.suite.front());
   else if (!suite.empty()) suite.insert(suite.begin(), std::string(kFinDesModalites));
   // Without a table the line tells the number of modalities, those of the former creations with them.
-  if (presentes.size() > liste.textes.size() &&
-      liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0))
+  if (presentes.size() > liste.textes.size() && liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0))
     liste.parametres = LigneDeParametres(presentes.size(), -1, 0);
   liste.textes = std::move(presentes);
   liste.suite = std::move(suite);
