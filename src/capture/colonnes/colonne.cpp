@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "capture/nomscourts.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
