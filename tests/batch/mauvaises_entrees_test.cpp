@@ -21,8 +21,8 @@ struct Cas {
   LigneDOptions options;
   Contenu entrees;
   Fin fin;
-  std::vector<std::string> dit;           // in the report or in a box
-  long place = -1;                        // bytes that the disk has room for
+  std::vector<std::string> dit;  // in the report or in a box
+  long place = -1;               // bytes that the disk has room for
 };
 
 std::string Entier(std::size_t nombre, std::size_t octets) {
@@ -87,7 +87,12 @@ const char* const kFin = "Il y a eu tentative de lire un fichier deja termine";
 
 std::vector<Cas> CasDesTableaux() {
   return {
-      {"triang sans point", "triang", {}, {{"ENQ.TRG", kTrg}}, Fin::Normale, {"n'a aucun point : le triangle est vide"}},
+      {"triang sans point",
+       "triang",
+       {},
+       {{"ENQ.TRG", kTrg}},
+       Fin::Normale,
+       {"n'a aucun point : le triangle est vide"}},
       {"triang de trois lignes", "triang", {}, {{"ENQ.TRG", "T\r\nUn\r\nDeux\r\n"}}, Fin::Arret, {kFin}},
       {"triang qui ne fait pas 100",
        "triang",
@@ -127,7 +132,8 @@ std::vector<Cas> CasDesTableaux() {
        {},
        Table(kMod, "L1    -1 2.5\r\nL2     3   4\r\n"),
        Fin::Normale,
-       {std::string("cellules négatives, qui n'engendrent aucun individu : 1 la première à la ligne 1, colonne 1 (-1)"_w),
+       {std::string(
+            "cellules négatives, qui n'engendrent aucun individu : 1 la première à la ligne 1, colonne 1 (-1)"_w),
         std::string("cellules fractionnaires, qui sont arrondies : 1 la première à la ligne 1, colonne 2 (2.5)"_w)}},
   };
 }
@@ -250,8 +256,8 @@ class MauvaisesEntrees : public essai::RunDeProgramme {
     boites_.clear();
     montre_.clear();
     const auto& programmes = Programmes();
-    const auto programme = std::find_if(programmes.begin(), programmes.end(),
-                                        [&](const Programme& p) { return p.nom == cas.programme; });
+    const auto programme =
+        std::find_if(programmes.begin(), programmes.end(), [&](const Programme& p) { return p.nom == cas.programme; });
     ASSERT_NE(programme, programmes.end());
     std::optional<essai::DisquePlein> disque;
     if (cas.place >= 0) disque.emplace(static_cast<std::size_t>(cas.place));
