@@ -166,6 +166,41 @@ const CasDeCommande kCas[] = {
        Bureau::Dans<QLineEdit>(f, "TextMod").setText("1-6=1/7-12=2");
      },
      "filtre=excl:SEX=2"},
+    {"ProfilMod", "mnuProfil", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       CliquerLigne(f, "ListSuppl", 0);
+       Cliquer(f, {"Detail", "NonTri"});
+       Intituler(f, 1, "Une femme");
+     },
+     "modalites=SEX1"},
+    {"ExportCsv", "mnexportCSV", "Lancer",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"OptTab", "OptCodes"});
+     },
+     "separateur=tabulation"},
+    {"Exportation", "mnuUtil", "Lancer",
+     [](const QWidget& f, Pilote& pilote) {
+       Cliquer(f, "OptExport");
+       pilote.Choisir("ENQ.DAT");
+       Cliquer(f, "CmdFichA");
+       pilote.Choisir("C.TXT");
+       Cliquer(f, "CmdFichC");
+       Taper(f, "TextDebut", "2");
+       Taper(f, "TextFin", "3");
+       Cliquer(f, "OptExport2");
+     },
+     "mode=complementaire"},
+    {"Fusion", "mnuUtil", "Lancer",
+     [](const QWidget& f, Pilote& pilote) {
+       Cliquer(f, {"OptFusion", "OptAppend"});
+       pilote.Choisir("ENQ.DAT");
+       Cliquer(f, "CmdFichA");
+       pilote.Choisir("ENQ.BRT");
+       Cliquer(f, "CmdFichB");
+       pilote.Choisir("C.TXT");
+       Cliquer(f, "CmdFichC");
+     },
+     "type=append"},
 };
 
 class VoirLaCommande : public testing::TestWithParam<CasDeCommande> {};

@@ -37,7 +37,10 @@ ProfilMod::ProfilMod(Services& services)
   RelierAide(*ui_->BoutAide, "mnuAProfil");
   RelierQuitter(*ui_->BoutQuitter);
   AuDepart(factor::AbandonnerProfil);
-  RelierCommande(*ui_->BoutEnreg, factor::DescriptionProfilMod(), contexte_, [this] { return Options(); });
+  RelierCommande(*ui_->BoutEnreg, factor::DescriptionProfilMod(), contexte_, [this] {
+    edition_->Ranger();  // the label that is being typed
+    return Options();
+  });
   Remplir();
 }
 
