@@ -18,8 +18,7 @@ FaitsDeTable FaitsDuPassage(FaitsDeTable faits, const PassageDirect& passage) {
     FaitsDeColonne& colonne = faits.colonnes[j];
     if (colonne.contenu == Contenu::Vide) continue;
     colonne.maximum = passage.maxima[j];
-    const bool numero =
-        j == 0 && (colonne.intitule == kTitreNumero || passage.maxima[j] == passage.individus);
+    const bool numero = j == 0 && (colonne.intitule == kTitreNumero || passage.maxima[j] == passage.individus);
     colonne.contenu = numero ? Contenu::Numero : Contenu::Codes;
   }
   return faits;

@@ -27,7 +27,9 @@ std::uint32_t Serrer(std::uint64_t mot) {
 class Passeur {
  public:
   Passeur(const Promesse& promesse, char separateur)
-      : largeurs_(promesse.largeurs), maxima_(largeurs_.size()), chiffres_(largeurs_.size() + kDeFront, '0'),
+      : largeurs_(promesse.largeurs),
+        maxima_(largeurs_.size()),
+        chiffres_(largeurs_.size() + kDeFront, '0'),
         modele_(kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
         separateur_(separateur) {
     etroites_.resize(largeurs_.size());
@@ -125,7 +127,8 @@ class Passeur {
 
 std::optional<Promesse> PromesseDe(const Apercu& apercu) {
   const FaitsDeTable& faits = apercu.faits;
-  if (apercu.lignes.empty() || apercu.lecture.ligneTitres == 0 || faits.courtes + faits.longues > 0) return std::nullopt;
+  if (apercu.lignes.empty() || apercu.lecture.ligneTitres == 0 || faits.courtes + faits.longues > 0)
+    return std::nullopt;
   if (apercu.lecture.encodage == Encodage::Utf16LE || apercu.lecture.encodage == Encodage::Utf16BE) return std::nullopt;
   Promesse promesse;
   promesse.premiereLigne = apercu.lignes.front().ligne;
