@@ -50,13 +50,22 @@ bool EstNon(std::string_view texte) {
                         "non sélectionné"_w, "not quoted", "0"});
 }
 
+// "q2[other]", "Transports [Autre]": what was typed beside the answers.
+bool EstAutre(std::string_view intitule) {
+  const std::size_t crochet = intitule.rfind('[');
+  if (crochet == std::string_view::npos) return false;
+  const std::string fin = Minuscules(intitule.substr(crochet + 1));
+  return fin.starts_with("other") || fin.starts_with("autre") || fin.starts_with("comment");
+}
+
 // A column that may be one answer of a question with several: yes or no, or its own label where it was ticked.
 bool EstUneReponse(const FaitsDeColonne& colonne) {
   if (colonne.contenu == Contenu::Vide) return true;
   const auto ouiOuNon = [](const ValeurComptee& v) { return EstOui(v.valeur) || EstNon(v.valeur); };
   if (colonne.contenu != Contenu::Textes && colonne.contenu != Contenu::Codes) return false;
   if (std::ranges::all_of(colonne.valeurs, ouiOuNon)) return !colonne.valeurs.empty();
-  return colonne.contenu == Contenu::Textes && colonne.valeurs.size() == 1 && colonne.vides > 0;
+  return colonne.contenu == Contenu::Textes && colonne.valeurs.size() == 1 && colonne.vides > 0 &&
+         !EstAutre(colonne.intitule);
 }
 
 // Columns of one stem whose cells are ticks become questions of 1 and 0.

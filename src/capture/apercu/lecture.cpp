@@ -150,6 +150,7 @@ void ChoisirSeparateur(LectureDetectee& detectee, const Chemin& source, Echantil
     retenu = std::move(echantillon);
   }
   lecture.separateur = meilleur.separateur;
+  if (meilleur.note <= 0) retenu = Prelever(source, lecture);  // one column
   if (meilleur.titres == 0 || retenu.rangees.empty()) return;
   detectee.doutes.push_back(Joindre({"Les lignes avant la ligne ", Nombre(retenu.lignes[meilleur.titres]),
                                      " ne sont pas du tableau : elles sont laissées de côté."_w}));

@@ -110,6 +110,7 @@ void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne
   const std::optional<NombreLu> nombre = LireNombre(cellule);
   if (!nombre) {
     if (cellule.size() > kLongueurCourte) ++longs_;
+    if (cellule.ends_with('%') && LireNombre(RognerCellule(cellule.substr(0, cellule.size() - 1)))) ++pourcents_;
     Garder(EstDate(cellule) ? kDate : kTexte, cellule, ligne);
     return;
   }
@@ -181,7 +182,8 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
 
 void Observation::ConclureTextes(FaitsDeColonne& faits) const {
   if (longs_ > 0) faits.contenu = Contenu::TextesLongs;
-  else if (faits.remplies > 1 && faits.differentes == faits.remplies) faits.contenu = Contenu::TextesUniques;
+  else if (faits.remplies > 1 && faits.differentes == faits.remplies - faits.nonReponses)
+    faits.contenu = Contenu::TextesUniques;
   else if (faits.differentes > static_cast<std::int64_t>(kTextesCourts)) faits.contenu = Contenu::TextesLongs;
   else faits.contenu = Contenu::Textes;
 }
@@ -224,6 +226,8 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
     faits.contenu = Contenu::Numero;
   } else if (textes == 0) {
     ConclureNombres(faits, individus, premiere, decimale);
+  } else if (pourcents_ == textes) {
+    ConclureMelange(faits, {kTexte});
   } else if (nombres == 0 && nombres_[kTexte] == 0) {
     faits.contenu = Contenu::Dates;
   } else if (faits.liste = SigneDeListe(Valeurs(), faits.elements); faits.liste != '\0') {

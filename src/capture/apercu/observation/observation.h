@@ -43,6 +43,7 @@ class Observation {
   std::int64_t exposants_ = 0;
   std::int64_t negatives_ = 0;
   std::int64_t longs_ = 0;
+  std::int64_t pourcents_ = 0;  // among the texts
   std::int64_t ambigus_ = 0;
   std::array<std::int64_t, kClasses> nombres_{};
   std::array<std::vector<CelluleFautive>, kClasses> gardees_;

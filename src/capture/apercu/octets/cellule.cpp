@@ -121,11 +121,12 @@ struct Entite {
   std::string_view nom;
   std::string_view signe;
 };
-constexpr std::array<Entite, 22> kEntites = {
-    {{"nbsp", " "},    {"amp", "&"},      {"lt", "<"},       {"gt", ">"},       {"quot", "\""},   {"apos", "'"},
-     {"#39", "'"},     {"rsquo", "'"},    {"eacute", "é"_w}, {"egrave", "è"_w}, {"ecirc", "ê"_w}, {"agrave", "à"_w},
-     {"acirc", "â"_w}, {"ccedil", "ç"_w}, {"ocirc", "ô"_w},  {"ugrave", "ù"_w}, {"ucirc", "û"_w}, {"icirc", "î"_w},
-     {"iuml", "ï"_w},  {"hellip", "…"_w}, {"laquo", "«"_w},  {"raquo", "»"_w}}};
+constexpr std::array<Entite, 27> kEntites = {
+    {{"nbsp", " "},     {"amp", "&"},      {"lt", "<"},       {"gt", ">"},       {"quot", "\""},    {"apos", "'"},
+     {"#39", "'"},      {"rsquo", "'"},    {"eacute", "é"_w}, {"egrave", "è"_w}, {"ecirc", "ê"_w},  {"agrave", "à"_w},
+     {"acirc", "â"_w},  {"ccedil", "ç"_w}, {"ocirc", "ô"_w},  {"ugrave", "ù"_w}, {"ucirc", "û"_w},  {"icirc", "î"_w},
+     {"iuml", "ï"_w},   {"hellip", "…"_w}, {"laquo", "«"_w},  {"raquo", "»"_w},  {"Eacute", "É"_w}, {"Egrave", "È"_w},
+     {"Agrave", "À"_w}, {"Acirc", "Â"_w},  {"Ccedil", "Ç"_w}}};
 
 // Length of the tag at the head of the text; 0 when "<" starts none.
 std::size_t LongueurDeBalise(std::string_view texte) {

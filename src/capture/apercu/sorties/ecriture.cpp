@@ -28,6 +28,11 @@ bool EstNegation(std::string_view texte) {
   return false;
 }
 
+bool EstEntier(std::string_view cellule) {
+  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  return nombre && nombre->EstEntier();
+}
+
 class EcritureDeTable {
  public:
   EcritureDeTable(const Plan& plan, std::int64_t individus, const SortiesDeTable& sorties)
@@ -177,7 +182,10 @@ void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
       if (cellule.empty()) metteur_.Placer(lue.premiere, cellule);
       else PlacerChiffres(lue, j, cellule);
       break;
-    case Regle::Telle: metteur_.Placer(lue.premiere, cellule); break;
+    case Regle::Telle:
+      if (lue.entiers && !cellule.empty() && !EstZero(lue, cellule) && !EstEntier(cellule)) Refuser(j, cellule);
+      metteur_.Placer(lue.premiere, cellule);
+      break;
     case Regle::Texte:
       if (!cellule.empty()) PlacerTexte(lue, j, cellule);
       break;

@@ -7,6 +7,7 @@
 #include "capture/apercu/octets/rangees.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/nomscourts.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::size_t kCodesDeTextes = 99;
 constexpr std::size_t kClassesAuPlus = 35;
+constexpr std::size_t kCodesEnUnSigne = 35;
 constexpr std::size_t kColonnesDeReponses = 200;
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
@@ -114,6 +116,7 @@ void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& f
     Ajouter(faits, choix, Nombre(codeMax).size(), codeMax).numero = numero;
   } else if (faits.largeur > 0) {
     lue_.regle = Regle::Telle;
+    lue_.entiers = !numero;
     ColonneImportee& colonne = Ajouter(faits, choix, faits.largeur, 0);
     colonne.telle = true;
     colonne.numero = numero;
@@ -194,6 +197,8 @@ void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& f
   for (const ValeurComptee& element : elements) {
     ColonneImportee& colonne = Ajouter(faits, choix, 1, 1);
     colonne.intitule = SansDollar(Joindre({faits.intitule, " : ", element.valeur}));
+    if (lue_.nombre <= kCodesEnUnSigne && elements.size() > 1)
+      noms_.back() = Joindre({Rogner(noms_.back()).substr(0, 2), CodeCaractere(static_cast<int>(lue_.nombre))});
     if (elements.size() > kColonnesDeReponses) Refuser(colonne, "plus de 200 réponses différentes dans les listes"_w);
     Coder(element.valeur, static_cast<int>(lue_.nombre));
     plan_.etiquettes.back().push_back({1, element.valeur, element.effectif});

@@ -36,8 +36,9 @@ struct ColonneLue {
   bool avecZeros = false;       // some texts count as 0
   std::vector<double> limites;  // classes: the lower limit of each but the first
   char liste = '\0';
-  bool longue = false;  // goes to .TXT
-  bool gardee = false;  // goes to the numbers
+  bool longue = false;   // goes to .TXT
+  bool gardee = false;   // goes to the numbers
+  bool entiers = false;  // Telle: only whole numbers will do
   char decimale = ',';
 };
 
