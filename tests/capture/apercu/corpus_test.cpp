@@ -32,7 +32,8 @@ Attendu LireAttendu(const Chemin& chemin) {
     const std::size_t mot = std::min(ligne.find(' '), ligne.size());
     const std::string genre(ligne.substr(0, mot));
     const std::string_view reste = ligne.substr(std::min(mot + 1, ligne.size()));
-    if (genre == "option") attendu.options.emplace_back(reste.substr(0, reste.find('=')), reste.substr(reste.find('=') + 1));
+    if (genre == "option")
+      attendu.options.emplace_back(reste.substr(0, reste.find('=')), reste.substr(reste.find('=') + 1));
     else if (genre == "choix") attendu.choix.append(reste).append("\n");
     else attendu.lignes[genre].push_back(DepuisUtf8(reste));
   }
@@ -79,7 +80,7 @@ TEST_P(CorpusDImport, ComesOutAsTold) {
     const char* genre;
     const char* fichier;
     std::size_t sautees;
-  } fichiers[] = {{"dat", "ENQ.DAT", 0}, {"pos", "ENQ.POS", 2}, {"mod", "ENQ.MOD", 2},
+  } fichiers[] = {{"dat", "ENQ.DAT", 0}, {"pos", "ENQ.POS", 2},  {"mod", "ENQ.MOD", 2},
                   {"txt", "ENQ.TXT", 0}, {"cdg", "ENQN.CDG", 0}, {"var", "ENQN.MOD", 2}};
   for (const auto& [genre, fichier, sautees] : fichiers)
     EXPECT_EQ(Lignes(fichier, sautees), attendu.lignes[genre]) << fichier << "\n" << VersUtf8(montre_);

@@ -202,6 +202,13 @@ TEST(ApercuImport, ToutesLesCellulesFautivesSontDites) {
   QTest::keyClick(&forme, Qt::Key_Return);
   EXPECT_NE(bureau.Forme<ApercuImport>(), nullptr);
   PrendreColonne(forme, 1);
+  auto& textes = Bureau::Dans<QListWidget>(forme, "ListTextes");
+  ASSERT_EQ(textes.count(), 2) << "the faulty texts, which may count as 0";
+  textes.item(0)->setCheckState(Qt::Unchecked);
+  EXPECT_FALSE(Actif(forme, "Lancer"));
+  textes.item(1)->setCheckState(Qt::Unchecked);
+  EXPECT_TRUE(Actif(forme, "Lancer"));
+  textes.item(1)->setCheckState(Qt::Checked);
   PrendreGenre(forme, "laissée de côté");
   EXPECT_TRUE(Actif(forme, "Lancer"));
   QTest::keyClick(&forme, Qt::Key_Escape);
