@@ -88,7 +88,7 @@ void ApercuImport::MontrerColonne() {
   ui_->FrColonne->setTitle(fontMetrics()
                                .elidedText(titre, Qt::ElideRight, kTitreAuPlus * fontMetrics().averageCharWidth())
                                .replace(u'&', QStringLiteral("&&")));
-  ui_->TextNom->setText(VersQt(choix.nom));
+  ui_->TextNom->setText(VersQt(Rogner(choix.nom)));
   ui_->TextNom->setEnabled(!choix.nom.empty());
   ui_->ComboGenre->clear();
   for (const Genre genre : capture::GenresPossibles(colonne))
@@ -155,7 +155,7 @@ void ApercuImport::Renommer(std::size_t colonne, const QString& nom) {
   if (!refus.empty()) {
     services_.ecran.biper();
     ui_->LabelDevenir->setText(VersQt(refus));
-    ui_->TextNom->setText(VersQt(preparation_.Choix()[Colonne()].nom));
+    ui_->TextNom->setText(VersQt(Rogner(preparation_.Choix()[Colonne()].nom)));
     return;
   }
   ChoixChange();

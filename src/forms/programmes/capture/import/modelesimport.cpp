@@ -97,7 +97,7 @@ QVariant ColonnesDApercu::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole) return {};
   switch (index.column()) {
     case Intitule: return TitreDeColonne(colonne, rang);
-    case Nom: return VersQt(choix.nom);
+    case Nom: return VersQt(quelvar::Rogner(choix.nom));
     case Contenu: return VersQt(capture::NomContenu(colonne.contenu));
     case Differentes: return Nombre(colonne.differentes);
     case Vides: return Nombre(colonne.vides);
