@@ -67,7 +67,16 @@ rm -f PONDER?.* MILLIOO.*
 for g in TCENT TMILLION; do
   ligne "plancher : voir chaque octet" $g.CSV "" "$bin/quelvar-plancher" octets $g.CSV
   programme $g CSV "DAT POS PO2 IMP" import-csv
+  programme $g CSV "DAT POS PO2 IMP IMC" import fichier=$g.CSV
 done
+# The codes of a million individuals as twenty columns of short texts, and the look at a large file before its import.
+awk -F';' -v OFS=';' '
+  BEGIN { split("Femme,Homme,Tout à fait,Plutôt,Ouvrier,Cadre,Nord,Sud,Ouest,NSP", textes, ",") }
+  { ligne = ""
+    for (j = 1; j <= 20; j++) ligne = ligne (j > 1 ? OFS : "") (NR == 1 ? $j : textes[$j % 10 + 1])
+    print ligne }' TMILLION.CSV >TEXTES.CSV
+ligne "import, 20 colonnes de textes" TEXTES.CSV "rm -f TEXTES.DAT TEXTES.POS TEXTES.MOD" \
+  "$bin/quelvar-batch" import TEXTES fichier=TEXTES.CSV
 ligne "plancher : voir chaque octet" DCENT.DBF "" "$bin/quelvar-plancher" octets DCENT.DBF
 programme DCENT DBF "DAT POS PO2 IMP" import-dbf
 # A hundred records keyed behind 200,000 others, with the disk and without it.

@@ -1,11 +1,13 @@
 #include "capture/apercu/apercu.h"
 
+#include <algorithm>
+
 #include "capture/apercu/observation/examen.h"
 #include "capture/apercu/octets/cellule.h"
 
 namespace quelvar::capture {
 
-Apercu LireApercu(const Chemin& source, const Lecture& lecture) {
+Apercu LireApercu(const Chemin& source, const Lecture& lecture, std::int64_t individus) {
   Apercu apercu;
   apercu.lecture = lecture;
   apercu.octets = LongueurFichier(source);
@@ -22,7 +24,7 @@ Apercu LireApercu(const Chemin& source, const Lecture& lecture) {
     apercu.lignes.push_back(std::move(ligne));
   }
   const bool tout = apercu.octets <= kApercuEntier;
-  examen.LireRangees(lecteur, tout ? ExamenDeTable::kToutes : examen.Individus() + 1);
+  examen.LireRangees(lecteur, tout ? ExamenDeTable::kToutes : std::max(individus, examen.Individus() + 1));
   apercu.entier = examen.Finie();
   apercu.faits = examen.Conclure(lecteur);
   for (const FaitsDeColonne& colonne : apercu.faits.colonnes) apercu.intitules.push_back(colonne.intitule);

@@ -65,6 +65,7 @@ struct FaitsDeColonne {
 inline constexpr std::size_t kValeursGardees = 1000;
 inline constexpr std::int64_t kDifferentesAuPlus = 100000;
 inline constexpr std::string_view kNonReponse = "nr";
+inline constexpr std::string_view kTitreNumero = "NUM";  // of a first column that numbers the individuals
 
 // Alphabetic order as a French reader expects it: case and accents count only between texts equal without them;
 // numbers come first, by size.

@@ -10,10 +10,10 @@
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/modalites.h"
 #include "capture/apercu/source.h"
+#include "capture/apercu/travail.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/dbase/import.h"
 #include "capture/fichiers.h"
-#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -107,28 +107,6 @@ void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::strin
   rapport.Ligne({"Il est sauvegardé sous le nom "_w, NomDeSauvegarde(nom)});
 }
 
-// The outputs of the run, all in one set.
-struct Sorties {
-  JeuDeFichiers jeu;
-  GeneriqueTenu nombres;  // the generic of the numbers, when there are any
-
-  Sorties(const Contexte& contexte, const Plan& plan)
-      : jeu(contexte.repertoire, contexte.generique),
-        nombres(plan.nombres.empty() ? GeneriqueTenu()
-                                     : GeneriqueTenu(contexte.repertoire, contexte.Nom("N"), contexte.Nom("N"))) {}
-};
-
-Bilan EcrireLesDonnees(const Contexte& contexte, const SourceDeTable& source, const Reconnaissance& table,
-                       const Plan& plan, Sorties& sorties) {
-  SortiesDeTable fichiers;
-  fichiers.dat = &sorties.jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
-  if (!plan.longues.empty()) fichiers.txt = &sorties.jeu.Ouvrir(contexte.Nom(".TXT"), Nature::Refaisable);
-  if (!plan.nombres.empty()) fichiers.cdg = &sorties.jeu.Ouvrir(contexte.Nom("N.CDG"), Nature::Refaisable);
-  Progression progression(contexte.Ecran(), table.faits.individus);
-  return EcrireTable(source.Texte(), table.lecture, plan, table.faits.individus, fichiers,
-                     [&] { progression.Avancer(); });
-}
-
 // Everything that stops the import, told at once.
 void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table, const Bilan& bilan) {
   const std::vector<std::string> lignes = RefusDeTable(table.faits);
@@ -180,24 +158,22 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
                                                                     : "Compte rendu d'importation de données en CSV"_w);
   const SourceDeTable source(fichiers.source, options.feuille, contexte.repertoire);
-  const Reconnaissance table = Reconnaitre(contexte, source, options);
-  const Plan plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
-  ExigerPlaces(contexte, fichiers, plan);
-  Sorties sorties(contexte, plan);
-  const Bilan bilan = EcrireLesDonnees(contexte, source, table, plan, sorties);
+  const Travail travail =
+      Travailler(contexte, source, options, [&](const Plan& plan) { ExigerPlaces(contexte, fichiers, plan); });
+  const auto& [table, plan, bilan, sorties] = travail;
   if (bilan.refus > 0 || !RefusDeTable(table.faits).empty()) EcrireLecture(rapport, fichiers.nomSource, table);
   ArreterSurRefus(rapport, contexte, table, bilan);
 
-  if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties.jeu);
+  if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   IntitulesPerdus perdus;
-  EcrireLesDictionnaires(rapport, contexte, fichiers, plan, table, sorties, perdus);
-  CopierSource(contexte, fichiers, source, sorties.jeu);
+  EcrireLesDictionnaires(rapport, contexte, fichiers, plan, table, *sorties, perdus);
+  CopierSource(contexte, fichiers, source, sorties->jeu);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   EcrireLecture(rapport, fichiers.nomSource, table);
   EcrireColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);
   EcrireVerification(rapport, table.faits.individus, bilan.premieres, false);
-  sorties.jeu.Valider();
+  sorties->jeu.Valider();
 }
 
 // The dBase import takes generic.DBF: a file of another name is copied there first.

@@ -13,7 +13,6 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kChiffresDeCode = 3;
-constexpr std::string_view kTitreNumero = "NUM";
 
 // Value of one to three digits without a zero in front; -1 for any other text.
 int PetitEntier(std::string_view cellule) {
@@ -81,17 +80,24 @@ void Observation::Garder(Classe classe, std::string_view cellule, std::int64_t l
   if (gardees_[classe].size() < kFautivesGardees) gardees_[classe].push_back({ligne, std::string(cellule)});
 }
 
-void Observation::Distinguer(std::string_view cellule) {
+bool Observation::Distinguer(std::string_view cellule) {
   const std::uint64_t condense = CondenseDeTexte(cellule);
   std::uint32_t rang = textes_.Chercher(cellule, condense);
   if (rang == TableDeTextes::kAbsent) {
-    if (textes_.Nombre() < kValeursGardees) rang = textes_.Ajouter(cellule, condense);
-    else comble_ = true;
+    if (textes_.Nombre() < kValeursGardees) {
+      rang = textes_.Ajouter(cellule, condense);
+      simples_.push_back(false);
+    } else {
+      comble_ = true;
+    }
   } else {
     tousDifferents_ = false;
   }
-  if (rang != TableDeTextes::kAbsent) textes_.Compter(rang);
   if (tousDifferents_) tousDifferents_ = uniques_.Voir(condense);
+  if (rang == TableDeTextes::kAbsent) return false;
+  textes_.Compter(rang);
+  dernier_ = rang;
+  return simples_[rang];
 }
 
 void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne) {
@@ -106,13 +112,16 @@ void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne
     ++nonReponses_;
     return;
   }
-  Distinguer(cellule);
+  dernier_ = TableDeTextes::kAbsent;
+  if (Distinguer(cellule)) return Garder(kTexte, cellule, ligne);
   const std::optional<NombreLu> nombre = LireNombre(cellule);
   if (!nombre) {
     if (cellule.size() > kLongueurCourte) ++longs_;
     if (cellule.ends_with('%') && LireNombre(RognerCellule(cellule.substr(0, cellule.size() - 1)))) ++pourcents_;
-    Garder(EstDate(cellule) ? kDate : kTexte, cellule, ligne);
-    return;
+    const bool date = EstDate(cellule);
+    if (!date && dernier_ != TableDeTextes::kAbsent)
+      simples_[dernier_] = cellule.size() <= kLongueurCourte && !cellule.ends_with('%');
+    return Garder(date ? kDate : kTexte, cellule, ligne);
   }
   const std::string normal = nombre->Normalise();
   const double valeur = ValeurDe(normal);

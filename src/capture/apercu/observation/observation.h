@@ -26,7 +26,8 @@ class Observation {
 
   void VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne);
   void Garder(Classe classe, std::string_view cellule, std::int64_t ligne);
-  void Distinguer(std::string_view cellule);
+  // True for a text that came before and is no more than a text.
+  bool Distinguer(std::string_view cellule);
   std::int64_t Petits() const;
   std::int64_t Differentes() const;
   std::vector<ValeurComptee> Valeurs() const;  // those kept, in order
@@ -52,8 +53,10 @@ class Observation {
   int decimales_ = 0;
   std::size_t largeur_ = 0;
   std::size_t largeurNombre_ = 0;
-  TableDeTextes textes_;  // the different cells beside the small numbers
-  bool comble_ = false;   // there were more of them than are kept
+  TableDeTextes textes_;                            // the different cells beside the small numbers
+  std::vector<bool> simples_;                       // of these: texts that are not long and no percentage
+  bool comble_ = false;                             // there were more of them than are kept
+  std::uint32_t dernier_ = TableDeTextes::kAbsent;  // rank of the cell that came last
   Uniques uniques_;
   bool tousDifferents_ = true;
 };

@@ -10,21 +10,50 @@
 
 namespace quelvar::capture {
 
+namespace detail {
+
+template <typename Mot>
+std::uint64_t Charger(const char* p) {
+  Mot mot = 0;
+  std::memcpy(&mot, p, sizeof mot);
+  return mot;
+}
+
+// The bytes of a text of at most eight, told apart together with its length.
+inline std::uint64_t Court(const char* p, std::size_t taille) {
+  if (taille >= 4) return Charger<std::uint32_t>(p) | (Charger<std::uint32_t>(p + taille - 4) << 32);
+  std::uint64_t mot = 0;
+  for (std::size_t i = 0; i < taille; ++i)
+    mot |= static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])) << (8 * i);
+  return mot;
+}
+
+// Texts of one length.
+inline bool Egaux(const char* a, const char* b, std::size_t taille) {
+  if (taille < 8) return Court(a, taille) == Court(b, taille);
+  for (std::size_t i = 0; i + 8 < taille; i += 8)
+    if (Charger<std::uint64_t>(a + i) != Charger<std::uint64_t>(b + i)) return false;
+  return Charger<std::uint64_t>(a + taille - 8) == Charger<std::uint64_t>(b + taille - 8);
+}
+
+}  // namespace detail
+
 inline std::uint64_t CondenseDeTexte(std::string_view texte) {
   constexpr std::uint64_t kMelange = 0x9E3779B97F4A7C15ULL;
   std::uint64_t h = texte.size() * kMelange;
   const char* p = texte.data();
-  std::size_t reste = texte.size();
-  for (; reste >= 8; p += 8, reste -= 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, p, 8);
-    h = (h ^ mot) * kMelange;
-    h ^= h >> 29;
+  const std::size_t taille = texte.size();
+  std::uint64_t dernier = 0;
+  if (taille >= 8) {
+    for (std::size_t i = 0; i + 8 < taille; i += 8) {
+      h = (h ^ detail::Charger<std::uint64_t>(p + i)) * kMelange;
+      h ^= h >> 29;
+    }
+    dernier = detail::Charger<std::uint64_t>(p + taille - 8);
+  } else {
+    dernier = detail::Court(p, taille);
   }
-  std::uint64_t mot = 0;
-  for (std::size_t i = 0; i < reste; ++i)
-    mot |= static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])) << (8 * i);
-  h = (h ^ mot) * kMelange;
+  h = (h ^ dernier) * kMelange;
   return h ^ (h >> 32);
 }
 
@@ -48,7 +77,7 @@ class TableDeTextes {
       if (rang == kAbsent) return kAbsent;
       const Entree& entree = entrees_[rang];
       if (entree.condense == condense && entree.longueur == texte.size() &&
-          std::memcmp(octets_.data() + entree.debut, texte.data(), texte.size()) == 0)
+          detail::Egaux(octets_.data() + entree.debut, texte.data(), texte.size()))
         return rang;
     }
   }

@@ -139,12 +139,6 @@ std::size_t LongueurDeBalise(std::string_view texte) {
 
 }  // namespace
 
-std::string_view RognerCellule(std::string_view cellule) {
-  while (!cellule.empty() && EstBlanc(cellule.front())) cellule.remove_prefix(1);
-  while (!cellule.empty() && EstBlanc(cellule.back())) cellule.remove_suffix(1);
-  return cellule;
-}
-
 bool NombreLu::EstAmbigu() const {
   return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == 3 && !entiers.empty() &&
          entiers.size() <= 3 && entiers.front() != '0';

@@ -27,7 +27,12 @@ struct NombreLu {
 };
 
 // The cell without the blanks, tabs and no-break spaces around it.
-std::string_view RognerCellule(std::string_view cellule);
+inline std::string_view RognerCellule(std::string_view cellule) {
+  const auto blanc = [](char c) { return c == ' ' || c == '\t' || c == '\xA0'; };
+  while (!cellule.empty() && blanc(cellule.front())) cellule.remove_prefix(1);
+  while (!cellule.empty() && blanc(cellule.back())) cellule.remove_suffix(1);
+  return cellule;
+}
 
 // Reads a trimmed cell; nothing when it is anything but one number ("5 %", "1E2", "1 2", "12 ans").
 std::optional<NombreLu> LireNombre(std::string_view cellule);

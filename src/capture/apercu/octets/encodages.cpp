@@ -91,11 +91,7 @@ struct Indices {
 
 // Place of the first byte that is not valid UTF-8; npos when all are. A sequence cut at the end is none.
 std::size_t PremierInvalide(std::string_view octets) {
-  for (std::size_t i = 0; i < octets.size();) {
-    if (static_cast<unsigned char>(octets[i]) < 0x80) {
-      ++i;
-      continue;
-    }
+  for (std::size_t i = 0; i = PremierHaut(octets, i), i < octets.size();) {
     const detail::PointUtf8 lu = detail::DecoderUtf8(octets.substr(i));
     if (lu.longueur == 0) return i;
     i += lu.longueur;
@@ -118,8 +114,9 @@ struct Examen {
         ligneInvalide = lignes + 1 + std::ranges::count(morceau.substr(0, i), '\n');
         multiple = multiple || EstUtf8MultiOctet(morceau.substr(0, i));
       }
-      for (std::size_t i = 0; i < morceau.size(); ++i)
-        if (static_cast<unsigned char>(morceau[i]) >= 0x80) indices.Voir(morceau, i);
+      if (ligneInvalide != 0)
+        for (std::size_t i = PremierHaut(morceau, 0); i < morceau.size(); i = PremierHaut(morceau, i + 1))
+          indices.Voir(morceau, i);
     }
     lignes += std::ranges::count(morceau, '\n');
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 #include <utility>
 
@@ -72,7 +73,9 @@ char Composer(char lettre, char32_t accent) {
 }
 
 void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etrangers) {
-  while (!octets.empty()) {
+  for (std::size_t ascii = 0; ascii = PremierHaut(octets, 0), ascii < octets.size();) {
+    tampon.append(octets.substr(0, ascii));
+    octets.remove_prefix(ascii);
     const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
     octets.remove_prefix(lu.longueur == 0 ? 1 : lu.longueur);
     int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
@@ -94,6 +97,7 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
     }
     tampon += static_cast<char>(octet);
   }
+  tampon.append(octets);
 }
 
 void AjouterUtf8(std::string& texte, char32_t point) {
@@ -131,6 +135,18 @@ bool EstAscii(std::string_view octets) {
   }
   for (; i < octets.size(); ++i) hauts |= static_cast<unsigned char>(octets[i]);
   return (hauts & 0x8080808080808080ULL) == 0;
+}
+
+std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
+  std::size_t i = debut;
+  for (; i + 8 <= octets.size(); i += 8) {
+    std::uint64_t mot = 0;
+    std::memcpy(&mot, octets.data() + i, 8);
+    mot &= 0x8080808080808080ULL;
+    if (mot != 0) return i + static_cast<std::size_t>(std::countr_zero(mot)) / 8;
+  }
+  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
+  return i;
 }
 
 std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,

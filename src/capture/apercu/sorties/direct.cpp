@@ -1,0 +1,180 @@
+#include "capture/apercu/sorties/direct.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+
+#include "capture/colonnes/compterendu.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kLigneAuPlus = std::size_t{1} << 16;  // what the writer lends at once
+constexpr unsigned kDeFront = 4;                            // cells of one digit judged together
+static_assert(std::endian::native == std::endian::little, "the first cell is the lowest byte");
+
+constexpr std::uint64_t kPairs = 0x00FF00FF00FF00FFULL;
+
+// Four digits at every second byte, brought together.
+std::uint32_t Serrer(std::uint64_t mot) {
+  mot &= kPairs;
+  mot = (mot | (mot >> 8)) & 0x0000FFFF0000FFFFULL;
+  return static_cast<std::uint32_t>(mot | (mot >> 16));
+}
+
+class Passeur {
+ public:
+  Passeur(const Promesse& promesse, char separateur)
+      : largeurs_(promesse.largeurs),
+        maxima_(largeurs_.size()),
+        chiffres_(largeurs_.size() + kDeFront, '0'),
+        modele_(kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
+        separateur_(separateur) {
+    etroites_.resize(largeurs_.size());
+    for (std::size_t j = 0; j + kDeFront < largeurs_.size(); ++j)
+      etroites_[j] = std::all_of(largeurs_.begin() + static_cast<std::ptrdiff_t>(j),
+                                 largeurs_.begin() + static_cast<std::ptrdiff_t>(j + kDeFront),
+                                 [](std::size_t largeur) { return largeur == 1; });
+    for (const std::size_t largeur : largeurs_) largeurLigne_ += largeur;
+  }
+  std::size_t LargeurLigne() const { return largeurLigne_; }
+
+  // Lays the cells of a row from `place` on; returns the end of the line there, nothing for a row of another kind.
+  char* Passer(std::string_view ligne, char* place) {
+    const char* p = ligne.data();
+    const char* const fin = p + ligne.size();
+    const std::size_t colonnes = largeurs_.size();
+    bool vide = true;
+    for (std::size_t j = 0;;) {
+      while (etroites_[j] && fin - p >= 8) {
+        std::uint64_t mot = 0;
+        std::memcpy(&mot, p, 8);
+        // Zero to nine at even bytes and 0 at odd ones, for digits and separators.
+        const std::uint64_t ecart = mot ^ modele_;
+        if (((((ecart & kSansBitHaut) + kSeuils) | ecart) & ~kSansBitHaut) != 0) break;
+        const std::uint32_t quatre = Serrer(mot);
+        std::memcpy(place, &quatre, kDeFront);
+        RetenirQuatre(j, quatre);
+        place += kDeFront;
+        p += 8;
+        j += kDeFront;
+        vide = false;
+      }
+      const char* const debut = p;
+      int valeur = 0;
+      while (p < fin && *p >= '0' && *p <= '9' && p - debut <= kChiffresLus) valeur = valeur * 10 + (*p++ - '0');
+      if ((p < fin && *p != separateur_) || p - debut > kChiffresLus) return nullptr;
+      if (p == debut) {
+        std::memset(place, ' ', largeurs_[j]);
+      } else {
+        vide = false;
+        if (!Placer(place, largeurs_[j], valeur)) return nullptr;
+        maxima_[j] = std::max(maxima_[j], valeur);
+      }
+      place += largeurs_[j];
+      ++j;
+      if (p == fin || j == colonnes) return p == fin && j == colonnes && !vide ? Rogner(place) : nullptr;
+      ++p;
+    }
+  }
+
+  std::vector<int> Maxima() const {
+    std::vector<int> maxima = maxima_;
+    for (std::size_t j = 0; j < maxima.size(); ++j) maxima[j] = std::max(maxima[j], chiffres_[j] - '0');
+    return maxima;
+  }
+
+ private:
+  static constexpr std::uint64_t kZeros = 0x0030003000300030ULL;
+  static constexpr std::uint64_t kUns = 0x0100010001000100ULL;
+  static constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
+  static constexpr std::uint64_t kSeuils = 0x7F767F767F767F76ULL;
+  static constexpr std::ptrdiff_t kChiffresLus = 4;
+
+  void RetenirQuatre(std::size_t j, std::uint32_t quatre) {
+    std::uint32_t connus = 0;
+    std::memcpy(&connus, chiffres_.data() + j, kDeFront);
+    // Digits differ in their low four bits: a borrow from the high bit of a byte tells the greater one.
+    const std::uint32_t plusGrands = (((connus | 0x80808080U) - quatre) & 0x80808080U) >> 7;
+    const std::uint32_t garder = plusGrands * 0xFFU;
+    connus = (connus & garder) | (quatre & ~garder);
+    std::memcpy(chiffres_.data() + j, &connus, kDeFront);
+  }
+
+  static bool Placer(char* place, std::size_t largeur, int valeur) {
+    if (largeur == 0) return false;
+    for (std::size_t i = largeur; i-- > 0; valeur /= 10) place[i] = static_cast<char>('0' + valeur % 10);
+    return valeur == 0;
+  }
+
+  char* Rogner(char* fin) const {
+    while (fin[-1] == ' ') --fin;
+    return fin;
+  }
+
+  const std::vector<std::size_t>& largeurs_;
+  std::vector<char> etroites_;  // this column and the three behind it are one wide, and another one follows
+  std::vector<int> maxima_;
+  std::vector<char> chiffres_;  // largest of the cells judged four at a time
+  std::uint64_t modele_;
+  char separateur_;
+  std::size_t largeurLigne_ = 0;
+};
+
+}  // namespace
+
+std::optional<Promesse> PromesseDe(const Apercu& apercu) {
+  const FaitsDeTable& faits = apercu.faits;
+  if (apercu.lignes.empty() || apercu.lecture.ligneTitres == 0 || faits.courtes + faits.longues > 0)
+    return std::nullopt;
+  if (apercu.lecture.encodage == Encodage::Utf16LE || apercu.lecture.encodage == Encodage::Utf16BE) return std::nullopt;
+  Promesse promesse;
+  promesse.premiereLigne = apercu.lignes.front().ligne;
+  if (promesse.premiereLigne != static_cast<std::int64_t>(apercu.lecture.ligneTitres) + 1) return std::nullopt;
+  for (const FaitsDeColonne& colonne : faits.colonnes) {
+    if (colonne.contenu == Contenu::Vide && colonne.nonReponses == 0) {
+      promesse.largeurs.push_back(0);
+      continue;
+    }
+    const bool codes = colonne.contenu == Contenu::Codes || colonne.contenu == Contenu::Numero;
+    if (!codes || colonne.maximum > 999 || colonne.nonReponses + colonne.negatives + colonne.nonNumeriques > 0)
+      return std::nullopt;
+    promesse.largeurs.push_back(colonne.maximum >= 100 ? 3 : colonne.maximum >= 10 ? 2 : 1);
+  }
+  return promesse;
+}
+
+std::optional<PassageDirect> EcrireDirect(const Chemin& source, const Lecture& lecture, const Promesse& promesse,
+                                          Ecrivain& dat, const std::function<void()>& avancer) {
+  Passeur passeur(promesse, lecture.separateur);
+  if (passeur.LargeurLigne() + 2 > kLigneAuPlus) return std::nullopt;
+  PassageDirect passage;
+  LecteurLignes lecteur(source);
+  std::string_view ligne;
+  for (std::int64_t i = 1; i < promesse.premiereLigne; ++i)
+    if (!lecteur.Lire(ligne)) return std::nullopt;
+  bool vide = false;
+  while (lecteur.Lire(ligne)) {
+    if (ligne.empty()) {
+      vide = true;
+      continue;
+    }
+    if (vide) return std::nullopt;
+    char* const place = dat.Place(kLigneAuPlus);
+    char* fin = passeur.Passer(ligne, place);
+    if (fin == nullptr) return std::nullopt;
+    if (passage.premieres.size() < kLignesDeVerification)
+      passage.premieres.emplace_back(place, static_cast<std::size_t>(fin - place));
+    *fin++ = '\r';
+    *fin++ = '\n';
+    dat.Avancer(static_cast<std::size_t>(fin - place));
+    ++passage.individus;
+    avancer();
+  }
+  passage.maxima = passeur.Maxima();
+  return passage;
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,94 @@
+#include "capture/apercu/travail.h"
+
+#include <algorithm>
+
+#include "capture/apercu/apercu.h"
+#include "capture/apercu/sorties/direct.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::int64_t kPremiers = 5000;  // individuals whose codes tell the widths of all
+
+// The facts that the reading has found in the place of those of the first rows.
+FaitsDeTable FaitsDuPassage(FaitsDeTable faits, const PassageDirect& passage) {
+  faits.individus = passage.individus;
+  for (std::size_t j = 0; j < faits.colonnes.size(); ++j) {
+    FaitsDeColonne& colonne = faits.colonnes[j];
+    if (colonne.contenu == Contenu::Vide) continue;
+    colonne.maximum = passage.maxima[j];
+    const bool numero = j == 0 && (colonne.intitule == kTitreNumero || passage.maxima[j] == passage.individus);
+    colonne.contenu = numero ? Contenu::Numero : Contenu::Codes;
+  }
+  return faits;
+}
+
+bool TientPromesse(const Plan& plan, const Promesse& promesse) {
+  for (std::size_t j = 0; j < plan.lues.size(); ++j) {
+    const ColonneLue& lue = plan.lues[j];
+    const std::size_t largeur = lue.nombre == 0 ? 0 : plan.colonnes[lue.premiere].largeur;
+    if (lue.nombre > 1 || largeur != promesse.largeurs[j]) return false;
+  }
+  return true;
+}
+
+bool SansAutreChoix(const OptionsImport& options, const Apercu& apercu) {
+  if (!options.fichierChoix.empty()) return false;
+  return options.choix.empty() || options.choix == ProposerChoix(apercu.faits.colonnes);
+}
+
+// True when the table was codes from its first row to its last.
+bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                      Travail& travail) {
+  LectureDetectee detectee = DetecterLecture(source);
+  const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
+  if (!SansAutreChoix(options, LireApercu(source.Texte(), lecture))) return false;
+  const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
+  const std::optional<Promesse> promesse = PromesseDe(apercu);
+  if (!promesse) return false;
+  travail.sorties = std::make_unique<Sorties>(contexte, false);
+  const std::int64_t environ =
+      static_cast<std::int64_t>(apercu.octets / (2 * std::max<std::size_t>(promesse->largeurs.size(), 1)));
+  Progression progression(contexte.Ecran(), environ);
+  Ecrivain& dat = travail.sorties->jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  const std::optional<PassageDirect> passage =
+      EcrireDirect(source.Texte(), lecture, *promesse, dat, [&] { progression.Avancer(); });
+  if (!passage) return false;
+  travail.table = {lecture, std::move(detectee.doutes), FaitsDuPassage(apercu.faits, *passage), {}};
+  travail.table.choix = ProposerChoix(travail.table.faits.colonnes);
+  travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), lecture);
+  travail.bilan.individus = passage->individus;
+  travail.bilan.premieres = passage->premieres;
+  travail.bilan.effectifs.resize(travail.plan.colonnes.size());
+  return TientPromesse(travail.plan, *promesse);
+}
+
+}  // namespace
+
+Sorties::Sorties(const Contexte& contexte, bool avecNombres)
+    : jeu(contexte.repertoire, contexte.generique),
+      nombres(avecNombres ? GeneriqueTenu(contexte.repertoire, contexte.Nom("N"), contexte.Nom("N"))
+                          : GeneriqueTenu()) {}
+
+Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                   const std::function<void(const Plan&)>& accepter) {
+  Travail travail;
+  if (TravaillerDirect(contexte, source, options, travail)) return travail;
+  travail = {};  // what was written goes with its set
+  travail.table = Reconnaitre(contexte, source, options);
+  travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);
+  accepter(travail.plan);
+  travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());
+  JeuDeFichiers& jeu = travail.sorties->jeu;
+  SortiesDeTable fichiers;
+  fichiers.dat = &jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  if (!travail.plan.longues.empty()) fichiers.txt = &jeu.Ouvrir(contexte.Nom(".TXT"), Nature::Refaisable);
+  if (!travail.plan.nombres.empty()) fichiers.cdg = &jeu.Ouvrir(contexte.Nom("N.CDG"), Nature::Refaisable);
+  Progression progression(contexte.Ecran(), travail.table.faits.individus);
+  travail.bilan = EcrireTable(source.Texte(), travail.table.lecture, travail.plan, travail.table.faits.individus,
+                              fichiers, [&] { progression.Avancer(); });
+  return travail;
+}
+
+}  // namespace quelvar::capture

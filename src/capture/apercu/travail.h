@@ -1,0 +1,33 @@
+// The data of an import as they are written, before anything is told or takes its place.
+#pragma once
+
+#include <memory>
+
+#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/sorties/ecriture.h"
+#include "capture/apercu/sorties/plan.h"
+#include "core/fichiers/jeu.h"
+
+namespace quelvar::capture {
+
+// The outputs of the run, all in one set.
+struct Sorties {
+  JeuDeFichiers jeu;
+  GeneriqueTenu nombres;  // the generic of the numbers, when there are any
+
+  Sorties(const Contexte& contexte, bool avecNombres);
+};
+
+struct Travail {
+  Reconnaissance table;
+  Plan plan;
+  Bilan bilan;
+  std::unique_ptr<Sorties> sorties;
+};
+
+// Reads and writes the data: at one go when the table holds codes only and no hand has chosen otherwise, else after a
+// first reading. `accepter` is asked before anything is written over that the account would not tell; it raises.
+Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                   const std::function<void(const Plan&)>& accepter);
+
+}  // namespace quelvar::capture

@@ -1,0 +1,162 @@
+// The import of any table: choices kept and read again, what the program exports comes back the same, and no file
+// whatever ends in an error that says nothing.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "capture/apercu/imc.h"
+#include "capture/apercu/import.h"
+#include "capture/apercu/lecture.h"
+#include "core/enquete/datfile.h"
+#include "core/enquete/posfile.h"
+#include "core/texte/nombres.h"
+#include "support/programme.h"
+#include "utilities/exportcsv.h"
+
+using namespace quelvar::capture;
+
+namespace quelvar {
+namespace {
+
+class RunImportDeTable : public essai::RunDeProgramme {
+ protected:
+  Fin Importer(std::string_view octets, OptionsImport options = {}) {
+    Ecrire("source.csv", octets);
+    options.fichier = "source.csv";
+    return capture::Importer(contexte_, options);
+  }
+};
+
+TEST_F(RunImportDeTable, ChoicesWrittenAreTheChoicesRead) {
+  std::vector<ChoixDeColonne> choix(5);
+  choix[0] = {"a=b;c", Genre::Textes, "ABC", Ordre::Donne, {"Homme", "x|y", " bord ", "dit \"oui\""}, {"NSP", ""}, {}, 0, '\0', {}};
+  choix[1] = {"", Genre::Classes, "A B", Ordre::Alphabetique, {}, {}, {-1.5, 0, 1e6}, 0, '\0', {}};
+  choix[2] = {"# titre", Genre::Classes, "  Q", Ordre::Alphabetique, {}, {"9"}, {}, 4, '\0', {}};
+  choix[3] = {"L\xE9gende", Genre::Multiple, "Mul", Ordre::Alphabetique, {}, {}, {}, 0, ';', {}};
+  choix[4] = {"L\xE9gende", Genre::Multiple, "Mu2", Ordre::Alphabetique, {}, {}, {}, 0, '\0', {"Oui", "X"}};
+  Ecrire("x.imc", EcrireImc(choix));
+  const std::vector<ChoixDeColonne> lus = LireImc(dossier_.Chemin() / "x.imc");
+  EXPECT_EQ(EcrireImc(lus), EcrireImc(choix));
+  ASSERT_EQ(lus.size(), choix.size());
+  for (std::size_t i = 0; i < choix.size(); ++i) EXPECT_EQ(lus[i], choix[i]) << i;
+}
+
+TEST_F(RunImportDeTable, AFaultyChoiceIsToldWithItsLine) {
+  for (const std::string_view ligne : {"SEX", "SEX=inconnu", "SEX=codes;TROP", "SEX=classes;SEX", "SEX=classes;SEX;bornes=3|2",
+                                       "SEX=classes;SEX;groupes=1", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
+    Ecrire("x.imc", Joindre({"# titre\n", ligne, "\n"}));
+    OptionsImport options;
+    options.fichierChoix = "x.imc";
+    EXPECT_EQ(Importer("SEX;AGE\n1;2\n2;3\n1;4\n", options), Fin::Arret) << ligne;
+    EXPECT_TRUE(Dit("ligne 2 du fichier des choix")) << ligne << "\n" << montre_;
+    EXPECT_FALSE(Existe("ENQ.DAT"));
+  }
+}
+
+// Codes of every individual by question.
+std::vector<std::vector<int>> Reponses(const Contexte& contexte) {
+  const FichierPos pos = LirePos(contexte.Exiger(".POS"));
+  std::vector<std::vector<int>> reponses;
+  LecteurLignes lecteur(contexte.Exiger(".DAT"));
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    std::vector<int>& individu = reponses.emplace_back();
+    for (const Question& question : pos.questions)
+      individu.push_back(static_cast<int>(ValeurDe(Milieu(ligne, static_cast<std::size_t>(question.position),
+                                                          static_cast<std::size_t>(question.largeur)))));
+  }
+  return reponses;
+}
+
+TEST_F(RunImportDeTable, WhatTheProgramExportsComesBackTheSame) {
+  std::mt19937 hasard(17);
+  for (int tour = 0; tour < 40; ++tour) {
+    const bool codes = tour % 2 == 0;
+    std::string pos = "ENQ\r\n 0 \r\n";
+    std::string mod = "ENQ\r\n FMT=1 \r\n";
+    std::string choix;
+    for (int q = 0; q < 4; ++q) {
+      const std::string nom = {static_cast<char>('A' + q), 'B', 'C'};
+      pos += Joindre({nom, "   ", Nombre(q + 1), " 9 $", nom, " question ", Nombre(q), "$\r\n"});
+      choix += Joindre({nom, " question ", Nombre(q), "=textes;", nom, ";zero=nr;textes="});
+      for (int code = 1; code <= 9; ++code) {
+        mod += Joindre({nom, Nombre(code), "   Modalité "_w, Nombre(10 - code), "; de ", nom, "\r\n"});
+        choix += Joindre({code > 1 ? std::string_view("|\"") : std::string_view("\""), "Modalité "_w, Nombre(10 - code), "; de ", nom, "\""});
+      }
+      choix += "\r\n";
+    }
+    std::string dat = "9999\r\n9999\r\n";
+    for (int i = 0; i < 20; ++i) {
+      std::string ligne;
+      for (int q = 0; q < 4; ++q) ligne += static_cast<char>('0' + hasard() % 10);
+      dat += (ligne == "0000" ? "1000" : ligne) + "\r\n";
+    }
+    Ecrire("ENQ.POS", pos);
+    Ecrire("ENQ.DAT", dat);
+    Ecrire("ENQ.MOD", mod);
+    const std::vector<std::vector<int>> avant = Reponses(contexte_);
+    utilities::OptionsExportCsv exportation;
+    exportation.codes = codes;
+    exportation.utf8 = tour % 4 < 2;
+    exportation.tabulation = tour % 3 == 0;
+    ASSERT_EQ(utilities::ExporterCsv(contexte_, exportation), Fin::Normale);
+    OptionsImport options;
+    if (!codes) {
+      Ecrire("x.imc", VersUtf8(choix));
+      options.fichierChoix = "x.imc";
+    }
+    const std::string csv = Lire(Existe("ENQ.csv") ? "ENQ.csv" : "ENQ.CSV");
+    ASSERT_EQ(Importer(csv, options), Fin::Normale) << VersUtf8(montre_) << csv;
+    EXPECT_EQ(Reponses(contexte_), avant) << VersUtf8(montre_) << csv;
+    if (codes) continue;
+    for (int code = 1; code <= 9; ++code)
+        EXPECT_NE(Lire("ENQ.MOD").find(Joindre({"ABC", Nombre(code), "   Modalité "_w, Nombre(10 - code), "; de ABC"})), std::string::npos);
+  }
+}
+
+TEST_F(RunImportDeTable, NoFileEndsInAnErrorThatSaysNothing) {
+  std::mt19937 hasard(3);
+  static constexpr std::string_view kSignes = "0123456789;;;;,,\t|\"\r\n\n\n aZ\xE9.-+%E*$<>\xA0[]_&";
+  static constexpr std::string_view kTitres = "A;B;C;D\n";
+  for (int tour = 0; tour < 300; ++tour) {
+    std::string octets(tour % 3 == 0 ? kTitres : std::string_view{});
+    const std::size_t taille = hasard() % 120;
+    for (std::size_t i = 0; i < taille; ++i)
+      octets += tour % 7 == 0 ? static_cast<char>(hasard() % 256) : kSignes[hasard() % kSignes.size()];
+    montre_.clear();
+    const Fin fin = Importer(octets);
+    EXPECT_FALSE(Dit("Incompatibilit\xE9 de type")) << octets << "\n" << montre_;
+    EXPECT_TRUE(fin == Fin::Normale || Dit("*** Arr") || (Dit("*** Erreur") && Dit("ligne")))
+        << octets << "\n"
+        << montre_;
+    EXPECT_EQ(Existe("ENQ.DAT"), fin == Fin::Normale) << octets;
+    for (const char* const nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD", "ENQ.TXT", "ENQN.CDG", "ENQN.MOD"}) Effacer(nom);
+  }
+}
+
+// The encoding, then the separator, of heads that a hasty look would misjudge.
+TEST_F(RunImportDeTable, WhatAHeadShowsOfItsReading) {
+  const struct {
+    std::string octets;
+    Encodage encodage;
+    char separateur, decimale;
+  } cas[] = {{"A;B\n1;2\n", Encodage::Windows1252, ';', ','},
+             {"Quel\x85;Quelle\x85\n1;2\n", Encodage::Windows1252, ';', ','},
+             {"l\x92" "\xE9tat;B\n1;2\n", Encodage::Windows1252, ';', ','},
+             {"R\x82ponse;\x85ge\n1;2\n", Encodage::Cp850, ';', ','},
+             {"Prix en \xA4;B\n1;2\n", Encodage::Latin9, ';', ','},
+             {"Cot\xE9,B\n1,2.5\n", Encodage::Windows1252, ',', '.'},
+             {"A;B;C\n1,5;2,5;3\n", Encodage::Windows1252, ';', ','},
+             {"A,B\n\"1,5\",2\n\"2,25\",3\n", Encodage::Windows1252, ',', ','},
+             {"A;B\n1.5;2\n2.25;3\n", Encodage::Windows1252, ';', '.'},
+             {"A,B\n\"a;b;c\",2\n\"a;c;d\",3\n", Encodage::Windows1252, ',', '.'}};
+  for (const auto& c : cas) {
+    Ecrire("x.csv", c.octets);
+    const Lecture lecture = DetecterLecture(dossier_.Chemin() / "x.csv").lecture;
+    EXPECT_EQ(lecture.encodage, c.encodage) << c.octets;
+    EXPECT_EQ(lecture.separateur, c.separateur) << c.octets;
+    EXPECT_EQ(lecture.decimale, c.decimale) << c.octets;
+  }
+}
+
+}  // namespace
+}  // namespace quelvar
