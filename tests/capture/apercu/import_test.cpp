@@ -1,11 +1,12 @@
 // The import of any table: choices kept and read again, what the program exports comes back the same, and no file
 // whatever ends in an error that says nothing.
+#include "capture/apercu/import.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
 
 #include "capture/apercu/imc.h"
-#include "capture/apercu/import.h"
 #include "capture/apercu/lecture.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
@@ -29,7 +30,8 @@ class RunImportDeTable : public essai::RunDeProgramme {
 
 TEST_F(RunImportDeTable, ChoicesWrittenAreTheChoicesRead) {
   std::vector<ChoixDeColonne> choix(5);
-  choix[0] = {"a=b;c", Genre::Textes, "ABC", Ordre::Donne, {"Homme", "x|y", " bord ", "dit \"oui\""}, {"NSP", ""}, {}, 0, '\0', {}};
+  choix[0] = {"a=b;c", Genre::Textes, "ABC", Ordre::Donne, {"Homme", "x|y", " bord ", "dit \"oui\""}, {"NSP", ""}, {},
+              0,       '\0',          {}};
   choix[1] = {"", Genre::Classes, "A B", Ordre::Alphabetique, {}, {}, {-1.5, 0, 1e6}, 0, '\0', {}};
   choix[2] = {"# titre", Genre::Classes, "  Q", Ordre::Alphabetique, {}, {"9"}, {}, 4, '\0', {}};
   choix[3] = {"L\xE9gende", Genre::Multiple, "Mul", Ordre::Alphabetique, {}, {}, {}, 0, ';', {}};
@@ -42,8 +44,9 @@ TEST_F(RunImportDeTable, ChoicesWrittenAreTheChoicesRead) {
 }
 
 TEST_F(RunImportDeTable, AFaultyChoiceIsToldWithItsLine) {
-  for (const std::string_view ligne : {"SEX", "SEX=inconnu", "SEX=codes;TROP", "SEX=classes;SEX", "SEX=classes;SEX;bornes=3|2",
-                                       "SEX=classes;SEX;groupes=1", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
+  for (const std::string_view ligne :
+       {"SEX", "SEX=inconnu", "SEX=codes;TROP", "SEX=classes;SEX", "SEX=classes;SEX;bornes=3|2",
+        "SEX=classes;SEX;groupes=1", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
     Ecrire("x.imc", Joindre({"# titre\n", ligne, "\n"}));
     OptionsImport options;
     options.fichierChoix = "x.imc";
@@ -61,8 +64,8 @@ std::vector<std::vector<int>> Reponses(const Contexte& contexte) {
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     std::vector<int>& individu = reponses.emplace_back();
     for (const Question& question : pos.questions)
-      individu.push_back(static_cast<int>(ValeurDe(Milieu(ligne, static_cast<std::size_t>(question.position),
-                                                          static_cast<std::size_t>(question.largeur)))));
+      individu.push_back(static_cast<int>(ValeurDe(
+          Milieu(ligne, static_cast<std::size_t>(question.position), static_cast<std::size_t>(question.largeur)))));
   }
   return reponses;
 }
@@ -80,7 +83,8 @@ TEST_F(RunImportDeTable, WhatTheProgramExportsComesBackTheSame) {
       choix += Joindre({nom, " question ", Nombre(q), "=textes;", nom, ";zero=nr;textes="});
       for (int code = 1; code <= 9; ++code) {
         mod += Joindre({nom, Nombre(code), "   Modalité "_w, Nombre(10 - code), "; de ", nom, "\r\n"});
-        choix += Joindre({code > 1 ? std::string_view("|\"") : std::string_view("\""), "Modalité "_w, Nombre(10 - code), "; de ", nom, "\""});
+        choix += Joindre({code > 1 ? std::string_view("|\"") : std::string_view("\""), "Modalité "_w, Nombre(10 - code),
+                          "; de ", nom, "\""});
       }
       choix += "\r\n";
     }
@@ -109,7 +113,8 @@ TEST_F(RunImportDeTable, WhatTheProgramExportsComesBackTheSame) {
     EXPECT_EQ(Reponses(contexte_), avant) << VersUtf8(montre_) << csv;
     if (codes) continue;
     for (int code = 1; code <= 9; ++code)
-        EXPECT_NE(Lire("ENQ.MOD").find(Joindre({"ABC", Nombre(code), "   Modalité "_w, Nombre(10 - code), "; de ABC"})), std::string::npos);
+      EXPECT_NE(Lire("ENQ.MOD").find(Joindre({"ABC", Nombre(code), "   Modalité "_w, Nombre(10 - code), "; de ABC"})),
+                std::string::npos);
   }
 }
 
@@ -125,9 +130,8 @@ TEST_F(RunImportDeTable, NoFileEndsInAnErrorThatSaysNothing) {
     montre_.clear();
     const Fin fin = Importer(octets);
     EXPECT_FALSE(Dit("Incompatibilit\xE9 de type")) << octets << "\n" << montre_;
-    EXPECT_TRUE(fin == Fin::Normale || Dit("*** Arr") || (Dit("*** Erreur") && Dit("ligne")))
-        << octets << "\n"
-        << montre_;
+    EXPECT_TRUE(fin == Fin::Normale || Dit("*** Arr") || (Dit("*** Erreur") && Dit("ligne"))) << octets << "\n"
+                                                                                              << montre_;
     EXPECT_EQ(Existe("ENQ.DAT"), fin == Fin::Normale) << octets;
     for (const char* const nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD", "ENQ.TXT", "ENQN.CDG", "ENQN.MOD"}) Effacer(nom);
   }
@@ -141,7 +145,9 @@ TEST_F(RunImportDeTable, WhatAHeadShowsOfItsReading) {
     char separateur, decimale;
   } cas[] = {{"A;B\n1;2\n", Encodage::Windows1252, ';', ','},
              {"Quel\x85;Quelle\x85\n1;2\n", Encodage::Windows1252, ';', ','},
-             {"l\x92" "\xE9tat;B\n1;2\n", Encodage::Windows1252, ';', ','},
+             {"l\x92"
+              "\xE9tat;B\n1;2\n",
+              Encodage::Windows1252, ';', ','},
              {"R\x82ponse;\x85ge\n1;2\n", Encodage::Cp850, ';', ','},
              {"Prix en \xA4;B\n1;2\n", Encodage::Latin9, ';', ','},
              {"Cot\xE9,B\n1,2.5\n", Encodage::Windows1252, ',', '.'},
