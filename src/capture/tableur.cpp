@@ -12,8 +12,6 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
-
 bool ResteEnAscii(std::string_view ligne) {
   std::uint64_t hauts = 0;
   std::size_t i = 0;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "capture/nomscourts.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
@@ -31,10 +32,9 @@ void EcrirePos(Ecrivain& pos, std::string_view generique, const std::vector<Colo
   pos.Ligne(NombreNu(individus));
   for (const ColonneImportee& colonne : colonnes) {
     if (!colonne.DansPos()) continue;
-    std::string ligne = Joindre({colonne.nomCourt, NombreFixe(static_cast<double>(colonne.position), 4, 0)});
-    ligne += colonne.codeMax >= 100 ? "L3" : NombreFixe(colonne.codeMax, 2, 0);
-    if (colonne.intitule.size() >= 4) ligne += Joindre({" $", colonne.intitule, "$"});
-    pos.Ligne(ligne);
+    const std::string intitule = colonne.intitule.size() >= 4 ? Joindre({" $", colonne.intitule, "$"}) : std::string();
+    pos.Ligne(LigneDeQuestion(colonne.nomCourt, static_cast<std::int64_t>(colonne.position),
+                              TexteCodeMax(static_cast<int>(colonne.codeMax)), intitule));
   }
 }
 
