@@ -164,6 +164,61 @@ std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const F
   return libelles;
 }
 
+std::vector<TexteCompte> TextesComptes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  std::vector<TexteCompte> textes;
+  if (choix.genre == Genre::Multiple && choix.liste == '\0') {
+    for (const ValeurComptee& valeur : colonne.valeurs)
+      textes.push_back(
+          {valeur.valeur, valeur.effectif, std::ranges::find(choix.reponses, valeur.valeur) != choix.reponses.end()});
+    return textes;
+  }
+  if (choix.genre != Genre::Codes && choix.genre != Genre::Nombres) return textes;
+  const auto compter = [&](const std::string& texte) -> TexteCompte& {
+    const auto connu = std::ranges::find(textes, texte, &TexteCompte::texte);
+    return connu != textes.end() ? *connu : textes.emplace_back(TexteCompte{texte});
+  };
+  for (const CelluleFautive& cellule : colonne.fautives) ++compter(cellule.valeur).effectif;
+  for (const std::string& texte : choix.nonReponses) compter(texte).compte = false;
+  return textes;
+}
+
+ChoixDeColonne AvecTextesComptes(ChoixDeColonne choix, const std::vector<TexteCompte>& textes) {
+  const bool reponses = choix.genre == Genre::Multiple;
+  (reponses ? choix.reponses : choix.nonReponses).clear();
+  for (const TexteCompte& texte : textes) {
+    if (reponses && texte.compte) choix.reponses.push_back(texte.texte);
+    if (!reponses && !texte.compte) choix.nonReponses.push_back(texte.texte);
+  }
+  return choix;
+}
+
+std::optional<AnciensChoix> ChercherAnciensChoix(const Chemin& repertoire, std::string_view generique,
+                                                 const std::vector<ChoixDeColonne>& colonnes) {
+  const std::optional<Chemin> sien = ChercherFichier(repertoire, Joindre({generique, ".IMC"}));
+  if (sien) {
+    try {
+      return AnciensChoix{*sien, LireImc(*sien), {}};
+    } catch (const Erreur& erreur) {
+      return AnciensChoix{*sien, {}, std::string(TexteErreur(erreur))};
+    }
+  }
+  std::vector<Chemin> autres;
+  std::error_code faute;
+  for (std::filesystem::directory_iterator entree(repertoire, faute), fin; !faute && entree != fin;
+       entree.increment(faute))
+    if (EgalSansCasse(entree->path().extension().string(), ".IMC")) autres.push_back(entree->path());
+  std::ranges::sort(autres);
+  for (const Chemin& autre : autres) {
+    try {
+      std::vector<ChoixDeColonne> choix = LireImc(autre);
+      if (std::ranges::equal(choix, colonnes, {}, &ChoixDeColonne::intitule, &ChoixDeColonne::intitule))
+        return AnciensChoix{autre, std::move(choix), {}};
+    } catch (const Erreur&) {  // it is not of this generic, and is not asked for
+    }
+  }
+  return std::nullopt;
+}
+
 std::optional<std::vector<double>> BornesDe(std::string_view saisi) {
   std::vector<double> bornes;
   std::string mot;

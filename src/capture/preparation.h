@@ -74,6 +74,26 @@ std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeCol
 // The labels of the classes ("15-24"), empty when they are cut in equal groups.
 std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 
+// The texts of a column whose answers are 1 and 0, or numbers with faulty cells among them: each with whether it counts
+// (as the answer, or as a fault that stops the import) and not as code 0. Empty for other kinds of choices.
+struct TexteCompte {
+  std::string texte;
+  std::int64_t effectif = 0;
+  bool compte = true;
+};
+std::vector<TexteCompte> TextesComptes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
+// The choice with these texts.
+ChoixDeColonne AvecTextesComptes(ChoixDeColonne choix, const std::vector<TexteCompte>& textes);
+
+// The choices of an earlier import in that directory: those of the generic, else those made for the very same columns.
+struct AnciensChoix {
+  Chemin fichier;
+  std::vector<ChoixDeColonne> choix;
+  std::string refus;  // why a file of that generic cannot be read
+};
+std::optional<AnciensChoix> ChercherAnciensChoix(const Chemin& repertoire, std::string_view generique,
+                                                 const std::vector<ChoixDeColonne>& colonnes);
+
 // Bounds as they are typed ("15 25 35" or "15;25;35", decimals with "." or ","); nothing when they are no rising
 // numbers.
 std::optional<std::vector<double>> BornesDe(std::string_view saisi);

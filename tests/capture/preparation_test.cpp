@@ -38,6 +38,50 @@ TEST(PreparationDImport, TextsInTheOrderOfTheirCodes) {
   EXPECT_EQ(dit(choix), "1NSP9 2Femme2 3Homme5 ") << "those not named come behind";
 }
 
+TEST(PreparationDImport, TextsThatCountOrAreZero) {
+  FaitsDeColonne colonne;
+  colonne.valeurs = {{"Non", 4}, {"Oui", 3}};
+  ChoixDeColonne choix;
+  choix.genre = Genre::Multiple;
+  choix.reponses = {"Oui"};
+  std::vector<TexteCompte> textes = TextesComptes(choix, colonne);
+  ASSERT_EQ(textes.size(), 2U);
+  EXPECT_FALSE(textes[0].compte);
+  EXPECT_TRUE(textes[1].compte);
+  textes[0].compte = true;
+  EXPECT_EQ(AvecTextesComptes(choix, textes).reponses, (std::vector<std::string>{"Non", "Oui"}));
+
+  colonne.fautives = {{2, "abc"}, {5, "NSP"}, {9, "abc"}};
+  choix.genre = Genre::Codes;
+  choix.nonReponses = {"NSP"};
+  textes = TextesComptes(choix, colonne);
+  ASSERT_EQ(textes.size(), 2U);
+  EXPECT_EQ(textes[0].effectif, 2);
+  EXPECT_TRUE(textes[0].compte);
+  EXPECT_FALSE(textes[1].compte);
+  textes[0].compte = false;
+  EXPECT_EQ(AvecTextesComptes(choix, textes).nonReponses, (std::vector<std::string>{"abc", "NSP"}));
+  choix.genre = Genre::Longs;
+  EXPECT_TRUE(TextesComptes(choix, colonne).empty());
+}
+
+TEST(PreparationDImport, ChoicesOfTheSameColumnsAreFound) {
+  const essai::DossierTemporaire dossier;
+  std::vector<ChoixDeColonne> colonnes(2);
+  colonnes[0].intitule = "Sexe";
+  colonnes[1].intitule = "Age";
+  EXPECT_FALSE(ChercherAnciensChoix(dossier.Chemin(), "ENQ", colonnes));
+  essai::EcrireOctets(dossier.Chemin() / "AUTRE.IMC", "Sexe=codes;SEX\n");
+  essai::EcrireOctets(dossier.Chemin() / "MEME.IMC", "Sexe=codes;SX1\nAge=codes;AGE\n");
+  auto trouves = ChercherAnciensChoix(dossier.Chemin(), "ENQ", colonnes);
+  ASSERT_TRUE(trouves);
+  EXPECT_EQ(trouves->fichier.filename(), "MEME.IMC");
+  EXPECT_EQ(trouves->choix.at(0).nom, "SX1");
+  EXPECT_EQ(ChercherAnciensChoix(dossier.Chemin(), "autre", colonnes)->choix.size(), 1U) << "its own go first";
+  essai::EcrireOctets(dossier.Chemin() / "ENQ.IMC", "n'importe quoi\n");
+  EXPECT_NE(ChercherAnciensChoix(dossier.Chemin(), "ENQ", colonnes)->refus, "");
+}
+
 TEST(PreparationDImport, GenericsAndFilesOfADirectory) {
   const essai::DossierTemporaire dossier;
   const Chemin la = dossier.Chemin();

@@ -35,7 +35,7 @@ constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
 std::string TexteDesTroisPas() {
   return Joindre(
       {"\r\nPour commencer, trois pas :\r\n"
-       "   1. Prenez le bouton 'Importer un nouveau fichier...' à droite, ou déposez ici\r\n"
+       "   1. Prenez 'Importer un nouveau fichier...' à droite, ou déposez ici\r\n"
        "      le fichier de votre enquête (.csv, .txt, .ods, .xlsx, .dbf).\r\n"
        "      Il reste intact : ses données sont copiées à côté de lui.\r\n"
        "   2. Regardez l'aperçu : comment le fichier est lu, ce que devient\r\n"

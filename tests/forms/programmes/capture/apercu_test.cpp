@@ -202,6 +202,13 @@ TEST(ApercuImport, ToutesLesCellulesFautivesSontDites) {
   QTest::keyClick(&forme, Qt::Key_Return);
   EXPECT_NE(bureau.Forme<ApercuImport>(), nullptr);
   PrendreColonne(forme, 1);
+  auto& textes = Bureau::Dans<QListWidget>(forme, "ListTextes");
+  ASSERT_EQ(textes.count(), 2) << "the faulty texts, which may count as 0";
+  textes.item(0)->setCheckState(Qt::Unchecked);
+  EXPECT_FALSE(Actif(forme, "Lancer"));
+  textes.item(1)->setCheckState(Qt::Unchecked);
+  EXPECT_TRUE(Actif(forme, "Lancer"));
+  textes.item(1)->setCheckState(Qt::Checked);
   PrendreGenre(forme, "laissée de côté");
   EXPECT_TRUE(Actif(forme, "Lancer"));
   QTest::keyClick(&forme, Qt::Key_Escape);
@@ -295,6 +302,49 @@ TEST(ApercuImport, UnGrandFichierSExamineEnArrierePlan) {
   Cliquer(forme, "Lancer");  // it waits for the end
   EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Existe("MONENQUETE.POS"); }, 20'000));
   EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.individus, kIndividus);
+}
+
+// Closing the form that has launched the run is the run's own doing when its report is too long for Text1.
+TEST(ApercuImport, UnLongRapportVaAuLecteur) {
+  std::string large;
+  std::string valeurs;
+  constexpr int kColonnes = 700;
+  for (int c = 0; c < kColonnes; ++c) {
+    large += "Q" + std::to_string(c) + " une question;";
+    valeurs += std::to_string(c % 9 + 1) + ";";
+  }
+  large += "DER\r\n";
+  for (const char* dernier : {"1", "2", "2"}) large += valeurs + dernier + "\r\n";
+  BureauNeuf bureau(large);
+  ApercuImport& forme = bureau.Apercevoir();
+  Cliquer(forme, "Lancer");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(bureau.Forme<ApercuImport>(), nullptr);
+  EXPECT_TRUE(bureau.Texte().startsWith("texte trop long"));
+  EXPECT_EQ(bureau.demarres.size(), 1) << "the viewer";
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.individus, 3);
+}
+
+TEST(ApercuImport, UnFichierDBaseNeDemandeQueSonGenerique) {
+  // One field SEX of one character, two records.
+  std::string dbf(32 + 32 + 1, '\0');
+  dbf[0] = 3;
+  dbf[4] = 2;
+  dbf[8] = 65;
+  dbf[10] = 2;
+  dbf.replace(32, 3, "SEX");
+  dbf[32 + 11] = 'N';
+  dbf[32 + 16] = 1;
+  dbf[64] = '\r';
+  BureauNeuf bureau(dbf + " 1 2\x1A", "vieux.dbf");
+  Pilote pilote;
+  pilote.Abandonner();
+  ImporterFichier(bureau.Fenetre().ServicesDesFormes(), bureau.fichier);
+  EXPECT_FALSE(bureau.Existe("VIEUX.DAT"));
+  pilote.Taper("TABLE");
+  ImporterFichier(bureau.Fenetre().ServicesDesFormes(), bureau.fichier);
+  EXPECT_EQ(bureau.Lire("TABLE.DAT"), "1\r\n2\r\n");
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "TABLE");
 }
 
 TEST(ApercuImport, DeposerUnFichierSurLaFenetre) {

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "capture/apercu/imc.h"
 #include "capture/apercu/options.h"
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
@@ -114,21 +113,19 @@ void ApercuImport::RelierLesControles() {
   });
 }
 
-// The choices of the last import under the generic, for the columns that are the same.
+// The choices of the last import of these columns.
 void ApercuImport::ReprendreLesChoix() {
-  const auto imc = ChercherFichier(cible_.repertoire, Joindre({cible_.generique, ".IMC"}));
   repris_.clear();
-  if (!imc) return;
-  try {
-    const std::size_t repris = preparation_.Reprendre(capture::LireImc(*imc));
-    if (repris > 0)
-      repris_ =
-          QStringLiteral("Les choix de la dernière importation (%1) sont repris pour %2.")
-              .arg(CheminVersQt(imc->filename()), Pluriel(static_cast<std::int64_t>(repris), "colonne", "colonnes"));
-  } catch (const Erreur& erreur) {
-    repris_ =
-        QStringLiteral("Les choix de la dernière importation ne sont pas repris : ") + VersQt(TexteErreur(erreur));
-  }
+  const auto anciens = capture::ChercherAnciensChoix(cible_.repertoire, cible_.generique, preparation_.Choix());
+  if (!anciens) return;
+  const QString fichier = CheminVersQt(anciens->fichier.filename());
+  const auto repris = static_cast<std::int64_t>(preparation_.Reprendre(anciens->choix));
+  if (!anciens->refus.empty())
+    repris_ = QStringLiteral("Les choix de la dernière importation (%1) ne sont pas repris : %2")
+                  .arg(fichier, VersQt(anciens->refus));
+  else if (repris > 0)
+    repris_ = QStringLiteral("Les choix de la dernière importation (%1) sont repris pour %2.")
+                  .arg(fichier, Pluriel(repris, "colonne", "colonnes"));
 }
 
 void ApercuImport::ChangerFeuille(const QString& feuille) {

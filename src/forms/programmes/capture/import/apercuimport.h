@@ -49,6 +49,8 @@ class ApercuImport : public Forme {
   bool ColonneChoisie() const;
   void MontrerColonne();
   void MontrerTextes();
+  void MontrerTextesComptes();
+  void AjouterTexte(const QString& libelle, const std::string& texte, bool coche);
   void MontrerClasses();
   void Renommer(std::size_t colonne, const QString& nom);
   void ChangerOrdre();

@@ -88,7 +88,7 @@ void ApercuImport::MontrerColonne() {
   ui_->FrColonne->setTitle(fontMetrics()
                                .elidedText(titre, Qt::ElideRight, kTitreAuPlus * fontMetrics().averageCharWidth())
                                .replace(u'&', QStringLiteral("&&")));
-  ui_->TextNom->setText(VersQt(choix.nom));
+  ui_->TextNom->setText(VersQt(Rogner(choix.nom)));
   ui_->TextNom->setEnabled(!choix.nom.empty());
   ui_->ComboGenre->clear();
   for (const Genre genre : capture::GenresPossibles(colonne))
@@ -97,9 +97,14 @@ void ApercuImport::MontrerColonne() {
   ui_->LabelDevenir->setText(VersQt(capture::Devenir(choix, colonne)));
   if (choix.genre == Genre::Textes) MontrerTextes();
   if (choix.genre == Genre::Classes) MontrerClasses();
-  ui_->Reglages->setCurrentWidget(choix.genre == Genre::Textes    ? ui_->PageTextes
-                                  : choix.genre == Genre::Classes ? ui_->PageClasses
-                                                                  : ui_->PageSans);
+  const bool comptes = !capture::TextesComptes(choix, colonne).empty();
+  if (comptes) MontrerTextesComptes();
+  for (QWidget* deLOrdre : {static_cast<QWidget*>(ui_->LibelleComboOrdre), static_cast<QWidget*>(ui_->ComboOrdre),
+                            static_cast<QWidget*>(ui_->BoutMonter), static_cast<QWidget*>(ui_->BoutDescendre)})
+    deLOrdre->setVisible(choix.genre == Genre::Textes);
+  ui_->Reglages->setCurrentWidget(choix.genre == Genre::Textes || comptes ? ui_->PageTextes
+                                  : choix.genre == Genre::Classes         ? ui_->PageClasses
+                                                                          : ui_->PageSans);
   montre_ = false;
   if (!ui_->Lignes->selectionModel()) return;
   ui_->Lignes->scrollTo(lignes_->index(0, ui_->Colonnes->currentIndex().row()));
@@ -111,12 +116,25 @@ void ApercuImport::MontrerTextes() {
   ui_->ComboOrdre->setCurrentIndex(static_cast<int>(choix.ordre));
   ui_->ListTextes->clear();
   for (const capture::TexteCode& code : capture::TextesCodes(choix, preparation_.Colonnes()[Colonne()])) {
-    auto* ligne = new QListWidgetItem(
-        QStringLiteral("%1   %2   (%3)").arg(code.code).arg(VersQt(code.texte)).arg(code.effectif), ui_->ListTextes);
-    ligne->setData(kTexteDeLaLigne, VersQt(code.texte));
-    ligne->setFlags((ligne->flags() | Qt::ItemIsUserCheckable) & ~Qt::ItemIsDropEnabled);
-    ligne->setCheckState(code.code == 0 ? Qt::Unchecked : Qt::Checked);
+    AjouterTexte(QStringLiteral("%1   %2   (%3)").arg(code.code).arg(VersQt(code.texte)).arg(code.effectif), code.texte,
+                 code.code != 0);
   }
+}
+
+// Answers that are 1, or cells that are no numbers: those that are not ticked count as 0.
+void ApercuImport::MontrerTextesComptes() {
+  const QSignalBlocker silence(ui_->ListTextes);
+  ui_->ListTextes->clear();
+  for (const capture::TexteCompte& texte :
+       capture::TextesComptes(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
+    AjouterTexte(QStringLiteral("%1   (%2)").arg(VersQt(texte.texte)).arg(texte.effectif), texte.texte, texte.compte);
+}
+
+void ApercuImport::AjouterTexte(const QString& libelle, const std::string& texte, bool coche) {
+  auto* ligne = new QListWidgetItem(libelle, ui_->ListTextes);
+  ligne->setData(kTexteDeLaLigne, VersQt(texte));
+  ligne->setFlags((ligne->flags() | Qt::ItemIsUserCheckable) & ~Qt::ItemIsDropEnabled);
+  ligne->setCheckState(coche ? Qt::Checked : Qt::Unchecked);
 }
 
 void ApercuImport::MontrerClasses() {
@@ -137,7 +155,7 @@ void ApercuImport::Renommer(std::size_t colonne, const QString& nom) {
   if (!refus.empty()) {
     services_.ecran.biper();
     ui_->LabelDevenir->setText(VersQt(refus));
-    ui_->TextNom->setText(VersQt(preparation_.Choix()[Colonne()].nom));
+    ui_->TextNom->setText(VersQt(Rogner(preparation_.Choix()[Colonne()].nom)));
     return;
   }
   ChoixChange();
@@ -162,15 +180,18 @@ void ApercuImport::ChangerOrdre() {
 void ApercuImport::LireTextes() {
   if (montre_ || !ColonneChoisie()) return;
   ChoixDeColonne choix = preparation_.Choix()[Colonne()];
-  choix.ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
-  choix.textes.clear();
-  choix.nonReponses.clear();
+  std::vector<capture::TexteCompte> textes;
   for (int i = 0; i < ui_->ListTextes->count(); ++i) {
     const QListWidgetItem& ligne = *ui_->ListTextes->item(i);
-    const std::string texte = DepuisQt(ligne.data(kTexteDeLaLigne).toString());
-    if (ligne.checkState() == Qt::Unchecked) choix.nonReponses.push_back(texte);
-    else if (choix.ordre == Ordre::Donne) choix.textes.push_back(texte);
+    textes.push_back({DepuisQt(ligne.data(kTexteDeLaLigne).toString()), 0, ligne.checkState() == Qt::Checked});
   }
+  if (choix.genre == Genre::Textes) {
+    choix.ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
+    choix.textes.clear();
+    for (const capture::TexteCompte& texte : textes)
+      if (texte.compte && choix.ordre == Ordre::Donne) choix.textes.push_back(texte.texte);
+  }
+  choix = capture::AvecTextesComptes(std::move(choix), textes);
   preparation_.ChangerChoix(Colonne(), std::move(choix));
   ChoixChange();
   const int courante = ui_->ListTextes->currentRow();

@@ -3,6 +3,7 @@
 #include <QBrush>
 #include <QFont>
 #include <QLocale>
+#include <algorithm>
 
 #include "forms/texte/texte_qt.h"
 
@@ -14,6 +15,10 @@ const QColor kFondFautif(255, 205, 205);
 const QColor kEncreFautive(160, 0, 0);
 
 std::size_t Rang(int n) { return static_cast<std::size_t>(n); }
+
+bool EnNombres(capture::Genre genre) {
+  return genre == capture::Genre::Codes || genre == capture::Genre::Classes || genre == capture::Genre::Nombres;
+}
 
 QString Nombre(std::int64_t n) { return QLocale(QLocale::French).toString(static_cast<qlonglong>(n)); }
 
@@ -33,9 +38,13 @@ void LignesDApercu::Relire() {
   beginResetModel();
   fautives_.clear();
   const auto& colonnes = preparation_.Colonnes();
-  for (std::size_t c = 0; c < colonnes.size(); ++c)
+  for (std::size_t c = 0; c < colonnes.size(); ++c) {
+    const capture::ChoixDeColonne& choix = preparation_.Choix()[c];
+    if (!EnNombres(choix.genre)) continue;
     for (const capture::CelluleFautive& cellule : colonnes[c].fautives)
-      fautives_.insert({static_cast<int>(c), cellule.ligne});
+      if (std::ranges::find(choix.nonReponses, cellule.valeur) == choix.nonReponses.end())
+        fautives_.insert({static_cast<int>(c), cellule.ligne});
+  }
   endResetModel();
 }
 
@@ -82,14 +91,13 @@ QVariant ColonnesDApercu::data(const QModelIndex& index, int role) const {
   const std::size_t rang = Rang(index.row());
   const capture::FaitsDeColonne& colonne = preparation_.Colonnes()[rang];
   const capture::ChoixDeColonne& choix = preparation_.Choix()[rang];
-  if (role == Qt::ForegroundRole && colonne.fautes > 0 && choix.genre != capture::Genre::Ecartee)
-    return QBrush(kEncreFautive);
+  if (role == Qt::ForegroundRole && colonne.fautes > 0 && EnNombres(choix.genre)) return QBrush(kEncreFautive);
   if (role == Qt::TextAlignmentRole && (index.column() == Differentes || index.column() == Vides))
     return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
   if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole) return {};
   switch (index.column()) {
     case Intitule: return TitreDeColonne(colonne, rang);
-    case Nom: return VersQt(choix.nom);
+    case Nom: return VersQt(quelvar::Rogner(choix.nom));
     case Contenu: return VersQt(capture::NomContenu(colonne.contenu));
     case Differentes: return Nombre(colonne.differentes);
     case Vides: return Nombre(colonne.vides);
