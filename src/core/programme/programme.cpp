@@ -1,6 +1,7 @@
 #include "core/programme/programme.h"
 
 #include "core/fichiers/generiquetenu.h"
+#include "core/programme/annulation.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -40,6 +41,8 @@ std::optional<Erreur> ExecuterCorps(Rapport& rapport, const LibellesErreur& libe
   try {
     corps(rapport);
     return std::nullopt;
+  } catch (const Annulation&) {
+    throw;
   } catch (...) {
     const Erreur erreur = ErreurEnCours();
     for (const std::string& ligne : LignesDErreur(erreur, libelles)) rapport.Ligne(ligne);
@@ -147,6 +150,8 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
     }
     if (panne) affichage.panne = PanneDe(*panne);
     if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
+  } catch (const Annulation&) {  // no trace is left of it
+    throw;
   } catch (...) {  // the report can't be opened or written: nothing but the screen is left to tell it
     fin = Fin::Arret;
     affichage = AffichageDErreur(ErreurEnCours(), nomRapport, libelles);
