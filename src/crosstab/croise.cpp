@@ -94,7 +94,7 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
     EcrireTableauVide(rapport_, titre);
     return;
   }
-  const Edition edition = ChoisirEdition(demande_.edition, triple.colonne.plafond);
+  const Edition edition = EditionDuTableau(demande_.edition, triple.colonne.plafond);
   EcrireStatistiques(rapport_, titre, demande_.edition.detailKhi2, demande_.ordre.pourPem);
   TablesCroisees tables = EnTables(titre, edition == Edition::Etendue);
   if (edition == Edition::Etendue)

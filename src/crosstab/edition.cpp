@@ -48,7 +48,7 @@ void EcrireCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool detail
 
 }  // namespace
 
-Edition ChoisirEdition(const OptionsEdition& options, int plafondColonnes) {
+Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes) {
   if (options.triangulaire) return Edition::Triangulaire;
   if (options.etendue) return Edition::Etendue;
   if (plafondColonnes < 3) return Edition::UneBande;

@@ -31,7 +31,7 @@ struct OptionsEdition {
 };
 
 // The columns of a table decide between the compact editions; the wide one and the triangular one go before them.
-Edition ChoisirEdition(const OptionsEdition& options, int plafondColonnes);
+Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes);
 
 // A table with the words that go with it; labels are by code.
 struct TableauTitre {

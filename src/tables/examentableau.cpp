@@ -98,8 +98,9 @@ Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::
   const Matrice& effectifs = table.effectifs;
   if (t.options.tousTableaux || std::max(effectifs.Lignes(), effectifs.Colonnes()) <= kTailleEditee)
     ImprimerTableaux(t.rapport, PresentationDe(t, noms, diagonalisee.table),
-                     {diagonalisee.table, diagonalisee.maximum, attractions}, tries);
-  if (t.options.seuil == SeuilKhi2::Gendat) EnregistrerLiens(t.contexte, std::nullopt, std::nullopt);
+                     {diagonalisee.table, diagonalisee.maximum, crosstab::Detailler(diagonalisee.table), attractions},
+                     tries);
+  if (t.options.seuil == SeuilAnnonce::Gendat) EnregistrerLiens(t.contexte, std::nullopt, std::nullopt);
   else TraiterLiens(t, noms, diagonalisee.table, attractions.pem);
   return diagonalisee;
 }
@@ -122,17 +123,18 @@ void ExaminerTableau(const TravailEcapem& t) {
   ExigerPlace(t.contexte, t.rapport, {66 * cellules, 30 * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
   const Noms noms{t.modalites, std::move(lue.lignes)};
-  const OrdresTries tries = OrdresDemandes(t.parametres.decimales);
+  const OrdresTries tries = OrdresDemandes(t.parametres.ChoixDe());
 
   const Diagonalisee observe = Analyser(t, noms, crosstab::Compter(std::move(lue.effectifs)), tries);
-  if (t.options.seuil == SeuilKhi2::Gendat) return;
+  if (t.options.seuil == SeuilAnnonce::Gendat) return;
   const auto sommer = [&](const Matrice& table) {
     return crosstab::SommerEcarts(table, observe.table.marges, crosstab::Echelle::Effectifs);
   };
   const crosstab::SommesDEcarts sommes = sommer(observe.table.effectifs);
   if (t.options.diagonalisation) {
     Analyser(t, noms, TableDuMaximum(observe), tries);
-    ImprimerPartDuFacteur(t.rapport, observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total,
+    ImprimerPartDuFacteur(t.rapport,
+                          CalculerPart(observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total),
                           t.parametres.largeur);
   }
   ImprimerIndices(t.rapport, CalculerIndices(observe.table, sommes, sommer(observe.maximum)), tries,

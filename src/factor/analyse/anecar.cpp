@@ -167,7 +167,8 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   if (plan.decimales > 0) ImprimerEcartsRestants(rapport, tableau, plan.colonnes, analyse.ecarts, plan.decimales);
   DeflaterActives(tableau, analyse, courant);
   if (plan.decimales > 0)
-    ImprimerReconstitution(rapport, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
+    ImprimerReconstitution(rapport, tableau, plan.colonnes, ReconstituerEcarts(tableau, analyse.ecarts, courant),
+                           plan.decimales);
   DeflaterSupplementaires(tableau, analyse, courant);
 }
 
