@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "batch/dialogue_batch.h"
+#include "batch/execution.h"
 #include "batch/ligne_de_commande.h"
 #include "core/fichiers/signaux.h"
 
@@ -27,9 +27,7 @@ int Executer(Demande& demande) {
     case Demande::Genre::AideProgramme: Montrer(TexteAideProgramme(*demande.programme)); return kFinNormale;
     case Demande::Genre::Executer: break;
   }
-  Dialogue dialogue = DialogueBatch(demande);
-  const Contexte contexte{demande.repertoire, demande.generique, demande.niveau, &dialogue};
-  return demande.programme->executer(contexte, demande.options) == Fin::Normale ? kFinNormale : kArret;
+  return ExecuterDemande(demande) == Fin::Normale ? kFinNormale : kArret;
 }
 
 // A standard file that the caller has closed must not become a file of the survey: nothing comes from it, and what is

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
@@ -112,9 +113,14 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
     throw Erreur(kArretAnnonce);
   }
   const std::int16_t burt = travail.parametres.burt;
-  if (options.cliques) EnregistrerCliques(travail);
-  else if (burt > 0) ExaminerBurt(travail, NombreDe(burt == 1 ? travail.parametres.colonnes : burt));
-  else ExaminerTableau(travail);
+  if (options.cliques) {
+    EnregistrerCliques(travail);
+  } else if (burt > 0) {
+    ExaminerBurt(travail, NombreDe(burt == 1 ? travail.parametres.colonnes : burt));
+  } else {
+    ExigerFormeDuMod(fichiers.brt, mod, travail.parametres);
+    ExaminerTableau(travail);
+  }
   rapport.Ligne("Fin normale du programme");
 }
 

@@ -38,12 +38,14 @@ void EcrireFichier(Ecrivain& fichier, const AnalyseAnecar& analyse, const CoteAE
                    const std::vector<double>& signes, const std::vector<std::size_t>& ordre,
                    const FormatCoordonnees& format) {
   const double total = analyse.ecarts.Inertie(analyse.type);
+  // Four decimals tell small coordinates as they are.
+  const double echelle = format.precision == Precision::Milliemes ? analyse.echelle : 1;
   std::string ligne;
   for (const std::size_t i : ordre) {
     ligne = DebutDeLigne(source.elements.noms[i], PourMille(source.marges.inertie[i], total));
     for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
       const CoteFacteur& cote = analyse.facteurs[k].*source.cote;
-      AjouterFacteur(ligne, signes[k] * cote.coordonnees[i], cote.cpf[i], format.precision);
+      AjouterFacteur(ligne, echelle * cote.coordonnees[i] * signes[k], cote.cpf[i], format.precision);
     }
     if (format.intitule == Intitule::ApresUnBlanc) ligne += ' ';
     if (format.intitule != Intitule::Aucun) ligne += source.elements.intitules[i];

@@ -1,5 +1,6 @@
 // The preparation of the factor graph: its files as a plane, and the report on them.
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
 #include "core/enquete/modfile.h"
@@ -124,13 +125,46 @@ void PlacerElements(Rapport& rapport, const Contexte& contexte, const Parametres
   for (std::size_t i = premiere; i < fai.Nombre(); ++i) PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i);
 }
 
+// The power of ten between the coordinates of the plane and those with four decimals; nothing when they are of two
+// analyses.
+std::optional<double> EchelleCommune(const Matrice& entieres, const Matrice& fines, std::size_t debut) {
+  constexpr double kLesPlusFines = 1e4;
+  for (double echelle = 1; echelle <= kLesPlusFines; echelle *= 10) {
+    const double ecart = 0.5 + 0.0001 * echelle;
+    bool communes = true;
+    for (std::size_t f = 0; f < fines.Lignes(); ++f)
+      for (std::size_t i = 0; i < fines.Colonnes(); ++i)
+        communes = communes && std::fabs(entieres(f, debut + i) - echelle * fines(f, i)) <= ecart;
+    if (communes) return echelle;
+  }
+  return std::nullopt;
+}
+
+// Small coordinates are drawn from the files with four decimals.
+void AffinerCoordonnees(const Contexte& contexte, DonneesPlan& donnees) {
+  const std::optional<Chemin> fj2 = contexte.Chercher(".FJ2");
+  const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
+  if (DerniereAnalyse(contexte) != ".ACP" || !fj2) return;
+  const auto placees = [](const PointPlan& point) { return point.place; };
+  const Matrice colonnes = LirePoints(*fj2, donnees.facteurs).coordonnees;
+  if (colonnes.Colonnes() != donnees.colonnes || !std::ranges::all_of(donnees.points, placees)) return;
+  const std::optional<double> echelle = EchelleCommune(donnees.coordonnees, colonnes, 0);
+  const std::size_t autres = donnees.points.size() - donnees.colonnes;
+  const Matrice lignes =
+      fi2 && echelle && autres > 0 ? LirePoints(*fi2, donnees.facteurs, autres).coordonnees : Matrice();
+  if (!echelle || lignes.Colonnes() != autres ||
+      (autres > 0 && EchelleCommune(donnees.coordonnees, lignes, donnees.colonnes) != echelle))
+    return;
+  donnees.echelle = *echelle;
+  for (std::size_t f = 0; f < donnees.facteurs; ++f)
+    for (std::size_t i = 0; i < donnees.points.size(); ++i)
+      donnees.coordonnees(f, i) = *echelle * (i < donnees.colonnes ? colonnes(f, i) : lignes(f, i - donnees.colonnes));
+}
+
 // Shares of the factors, from the later of the two reports; none unless it is on that many factors.
 std::vector<double> LireParts(const Contexte& contexte, std::size_t facteurs) {
   constexpr std::string_view annonce = "Pourcentage du total =";
-  std::optional<Chemin> rapport = contexte.Chercher(".AFC");
-  if (const std::optional<Chemin> acp = contexte.Chercher(".ACP");
-      acp && (!rapport || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*rapport)))
-    rapport = acp;
+  const std::optional<Chemin> rapport = contexte.Chercher(DerniereAnalyse(contexte));
   std::vector<double> parts;
   if (!rapport) return parts;
   LecteurLignes lecteur(*rapport);
@@ -196,6 +230,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
     Arreter(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});
   DeclarerColonnes(rapport, contexte, mod, parametres, donnees);
   PlacerElements(rapport, contexte, parametres, donnees);
+  AffinerCoordonnees(contexte, donnees);
   CompterModalites(rapport, donnees);
   donnees.parts = LireParts(contexte, donnees.facteurs);
   const std::optional<Chemin> pem = contexte.Chercher(".PEM");

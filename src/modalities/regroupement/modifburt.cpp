@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
@@ -54,6 +55,7 @@ Table OuvrirTable(const Contexte& contexte, Rapport& rapport) {
     throw Erreur(kArretAnnonce);
   }
   table.brt = *brt;
+  if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
   return table;
 }
 

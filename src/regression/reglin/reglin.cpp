@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -51,6 +52,13 @@ Chemin TableNommee(const Contexte& contexte, Rapport& rapport, const std::string
   if (chemin) return *chemin;
   DireTableAbsente(rapport, nom);
   ArreterPourAbsence(contexte, rapport);
+}
+
+// Of a table of measures the .MOD tells the columns alone.
+ParametresMod SansTaille(const ParametresMod& parametres) {
+  ParametresMod sans;
+  sans.largeur = parametres.largeur;
+  return sans;
 }
 
 void ExigerVariables(const Contexte& contexte, Rapport& rapport, const VariablesDeRegression& variables) {
@@ -123,6 +131,7 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   if (parametres.decimales == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
+  ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
   const Matrice moments =
       LireMoments(contexte, rapport, fichiers.donnees, variables, parametres.decimales == kTableImprimee);
   Regresser(rapport, moments, variables);

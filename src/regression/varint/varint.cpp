@@ -175,10 +175,10 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
-  for (const Profil& profil : profils) barres.push_back(BarresDe(pos, profil));
-  if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerProfilsDInteret(barres));
-  const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  for (const Profil& profil : profils) barres.push_back(BarresDe(pos, profil));
+  if (!options.image.empty()) EcrireSvg(sorties, options.image, DessinerProfilsDInteret(barres));
+  const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
   EcrireTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), pos, profils);
   EcrireModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, pos, profils, suite);
   sorties.Valider();

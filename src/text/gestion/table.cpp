@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -59,6 +60,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   LireLignes(contexte, *brt, ouverte);
+  if (ouverte.message.empty()) ExigerTableDuMod(*brt, LireMod(*mod), parametres);
 }
 
 std::string_view SansCode(std::string_view intitule) { return intitule.substr(std::min(kNom, intitule.size())); }
