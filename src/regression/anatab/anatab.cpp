@@ -7,11 +7,11 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
-#include "regression/anatab/logistique.h"
-#include "regression/anatab/logistique_edition.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
 #include "regression/images/effets.h"
+#include "regression/logistique/edition.h"
+#include "regression/logistique/logistique.h"
 
 namespace quelvar::regression {
 

@@ -1,4 +1,4 @@
-#include "regression/anatab/vraisemblance.h"
+#include "regression/logistique/vraisemblance.h"
 
 #include <algorithm>
 #include <cmath>

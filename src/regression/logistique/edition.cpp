@@ -1,4 +1,4 @@
-#include "regression/anatab/logistique_edition.h"
+#include "regression/logistique/edition.h"
 
 #include <cmath>
 #include <string>

@@ -1,10 +1,10 @@
-#include "regression/anatab/logistique.h"
+#include "regression/logistique/logistique.h"
 
 #include <cmath>
 
 #include "core/texte/nombres.h"
-#include "regression/anatab/logistique_edition.h"
 #include "regression/anatab/sorties.h"
+#include "regression/logistique/edition.h"
 
 namespace quelvar::regression {
 
