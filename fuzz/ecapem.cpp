@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   options.diagonalisation = (donnees[0] & 4) != 0;
   options.liensLignes = (donnees[0] & 8) != 0;
   options.tousTableaux = (donnees[0] & 16) != 0;
-  if ((donnees[0] & 32) != 0) options.seuil = quelvar::tables::SeuilKhi2::Gendat;
+  if ((donnees[0] & 32) != 0) options.seuil = quelvar::tables::SeuilAnnonce::Gendat;
   quelvar::Dialogue dialogue;
   Verifier(dossier, quelvar::tables::Ecapem(dossier.Contexte(dialogue), options));
   return 0;

@@ -30,8 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   if (!fini && dossier.Lire("ENQ.POS") != pos) std::abort();
   if (!fini) return 0;
   std::string apres = dossier.Lire("ENQ.POS");
-  const std::size_t questions = quelvar::LirePos(*contexte.Chercher(".POS")).questions.size();
+  const std::size_t questions = quelvar::LirePos(contexte.Exiger(".POS")).questions.size();
   dossier.Ecrire("ENQ.POS", pos);
-  if (questions != quelvar::LirePos(*contexte.Chercher(".POS")).questions.size()) std::abort();
+  if (questions != quelvar::LirePos(contexte.Exiger(".POS")).questions.size()) std::abort();
   return 0;
 }

@@ -30,6 +30,18 @@ while IFS=: read -r fichier _ ligne; do
   [[ " ${PERMIS[$depuis]-} " == *" $vers "* ]] || refuser "$fichier : $vers n'est pas sous $depuis (${ligne#*:})"
 done < <(git grep -n '^#include "[a-z]*/' -- src)
 
+# A file of the generic may vanish while a form is open: Exiger raises what a dereferenced search would not.
+if git grep -nE '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' -- src tests fuzz; then
+  refuser "fichier cherché et pris sans savoir s'il est là (Exiger)"
+fi
+
+# A namespace for each folder under the core.
+for dossier in sorts capture crosstab tables modalities factor regression text utilities batch forms; do
+  while read -r fichier; do
+    refuser "$fichier : l'espace de noms de $dossier"
+  done < <(git grep -LE "namespace quelvar::$dossier" -- "src/$dossier/*.h" "src/$dossier/*.cpp" | grep -v 'main\.cpp$' || true)
+done
+
 if git grep -nE '#include <Q[A-Z]' -- src ':!src/forms'; then refuser "Qt sous les formulaires"; fi
 
 while read -r nombre dossier; do

@@ -94,18 +94,18 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
     EcrireTableauVide(rapport_, titre);
     return;
   }
-  const Edition edition = ChoisirEdition(demande_.edition, triple.colonne.plafond);
+  const Edition edition = EditionDuTableau(demande_.edition, triple.colonne.plafond);
   EcrireStatistiques(rapport_, titre, demande_.edition.detailKhi2, demande_.ordre.pourPem);
+  TablesCroisees tables = EnTables(titre, edition == Edition::Etendue);
   if (edition == Edition::Etendue)
-    EcrireEditionEtendue(rapport_, titre, FormatDesEffectifs(enquete_), demande_.edition);
-  else EcrireEditionCompacte(rapport_, titre, edition, demande_.ordre.pourPem);
+    EcrireEditionEtendue(rapport_, titre, tables, FormatDesEffectifs(enquete_), demande_.edition);
+  else EcrireEditionCompacte(rapport_, titre, tables, edition, demande_.ordre.pourPem);
   if (edition == Edition::DeuxBandes || edition == Edition::Triangulaire) RetenirPourTrg(trg_, enquete_, titre);
   if (demande_.tableauIsole && !resultat_.isoleEcrit) {
     EcrireTableauIsole(contexte_, enquete_, titre, sorties_);
     resultat_.isoleEcrit = true;
   }
-  if (demande_.tableaux)
-    for (TableauEdite& edite : EnTableaux(titre)) resultat_.tableaux.push_back(std::move(edite));
+  if (demande_.tableaux) AjouterTables(titre, std::move(tables), resultat_.tableaux);
   if (demande_.retenir)
     resultat_.retenu = TableauRetenu{std::move(tableau),
                                      triple.ligne,

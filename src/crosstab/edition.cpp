@@ -1,7 +1,8 @@
 #include "crosstab/edition.h"
 
-#include <algorithm>
 #include <cmath>
+
+#include "core/resultats/largeurfixe.h"
 
 namespace quelvar::crosstab {
 
@@ -13,7 +14,7 @@ constexpr int kLargeurPem = 7;
 std::int64_t EnDixiemes(double valeur) { return static_cast<std::int64_t>(std::floor(10 * valeur + 0.5)); }
 
 std::string TexteKhi2(double khi2) {
-  return khi2 < 3000 ? NombreFixe(khi2, 4, 1) : NombreFixe(khi2, LargeurDesEffectifs(khi2, 0, 8) - 1, 0);
+  return khi2 < 3000 ? NombreFixe(khi2, 4, 1) : NombreFixe(khi2, LargeurDuNombre(khi2, 0, 8) - 1, 0);
 }
 
 std::string TexteProba(const ProbabiliteKhi2& proba) {
@@ -47,7 +48,7 @@ void EcrireCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool detail
 
 }  // namespace
 
-Edition ChoisirEdition(const OptionsEdition& options, int plafondColonnes) {
+Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes) {
   if (options.triangulaire) return Edition::Triangulaire;
   if (options.etendue) return Edition::Etendue;
   if (plafondColonnes < 3) return Edition::UneBande;
@@ -84,12 +85,6 @@ std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const
     points.push_back(Joindre({point, " ", nom}));
   }
   return points;
-}
-
-int LargeurDesEffectifs(double maximum, int decimales, int minimum) {
-  constexpr int kAssezLarge = 30;
-  const std::string texte = NombreFixe(maximum, kAssezLarge, decimales);
-  return std::max(minimum, static_cast<int>(Rogner(texte).size()) + 1);
 }
 
 std::string TextePourcentage(double pourcentage) { return Dixiemes(EnDixiemes(pourcentage), kLargeurPourcentage); }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/programme/report.h"
+#include "core/resultats/tableau.h"
 #include "crosstab/enquete.h"
 #include "crosstab/tableau/tableau.h"
 
@@ -30,7 +31,7 @@ struct OptionsEdition {
 };
 
 // The columns of a table decide between the compact editions; the wide one and the triangular one go before them.
-Edition ChoisirEdition(const OptionsEdition& options, int plafondColonnes);
+Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes);
 
 // A table with the words that go with it; labels are by code.
 struct TableauTitre {
@@ -50,6 +51,15 @@ struct TableauTitre {
   }
 };
 
+// The same as tables of data: a row a modality and that of the totals, a column a modality and that of the totals.
+struct TablesCroisees {
+  TableauEdite effectifs;
+  TableauEdite pourcentages;   // of the rows, marked "+" above the mean of the column and "-" in the others; behind the
+                               // column of the totals that of the shares
+  TableauEdite contributions;  // to the chi-square; empty in the compact editions
+  TableauEdite attractions;    // local PEM, marked "*" for a cell attracted or repelled; empty in the compact editions
+};
+
 // The whole of what stands in place of a table of total 0.
 void EcrireTableauVide(Rapport& rapport, const TableauTitre& titre);
 
@@ -57,23 +67,20 @@ void EcrireTableauVide(Rapport& rapport, const TableauTitre& titre);
 void EcrireStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem);
 
 // Editions 1, 2, 3 and 5.
-void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, Edition edition, bool ordrePem);
+void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition,
+                           bool ordrePem);
 
 // How a count is written in the wide edition.
 enum class FormatEffectif { Entier, GrandEntier, Pondere };
 FormatEffectif FormatDesEffectifs(const EnqueteCroisee& enquete);
 
 // Edition 4.
-void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, FormatEffectif format,
-                          const OptionsEdition& options);
+void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables,
+                          FormatEffectif format, const OptionsEdition& options);
 
 // The rows of a table as points of a triangular graph: four characters of name, the percentages of the columns, the
 // name again.
 std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const QuestionCroisee& ligne);
-
-// Columns of a count in a table whose counts go up to `maximum`: those of the largest and one blank, at least
-// `minimum`.
-int LargeurDesEffectifs(double maximum, int decimales, int minimum);
 
 // A percentage with one decimal, rounded half up, in 5 places.
 std::string TextePourcentage(double pourcentage);

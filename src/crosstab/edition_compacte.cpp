@@ -1,4 +1,5 @@
 #include "core/enquete/posfile.h"
+#include "core/resultats/largeurfixe.h"
 #include "crosstab/edition.h"
 
 namespace quelvar::crosstab {
@@ -13,11 +14,12 @@ constexpr std::string_view kCent = " 100 ";
 // Writes the compact bands of one table: each method adds a piece of the current line.
 class BandesCompactes {
  public:
-  BandesCompactes(Rapport& rapport, const TableauTitre& titre)
+  BandesCompactes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables)
       : rapport_(rapport),
         titre_(titre),
+        tables_(tables),
         t_(titre.tableau),
-        largeur_(LargeurDesEffectifs(t_.compte.marges.total, 0, kLargeurEffectif)) {
+        largeur_(LargeurDuNombre(t_.compte.marges.total, 0, kLargeurEffectif)) {
     for (const std::size_t j : t_.colonnes) {
       noms_ += Joindre({" ", titre.colonne.nom, " "});
       codes_ += Joindre({" ", CodeCaractere(static_cast<int>(t_.compte.rangsColonnes[j])), "   "});
@@ -43,81 +45,77 @@ class BandesCompactes {
     rapport_.Suite(texte);
     if (texte.size() < kLargeurEtiquette) rapport_.Suite(" ");
   }
-  void Effectifs(std::size_t i) {
-    for (const std::size_t j : t_.colonnes) Effectif(t_.compte.effectifs(i, j));
-    Effectif(t_.compte.marges.lignes[i]);
+  // Row by its rank in the tables; the last one is that of the totals.
+  void Effectifs(std::size_t rang) {
+    for (const Cellule& cellule : tables_.effectifs.rangees[rang].cellules)
+      rapport_.Suite(NombreFixe(*cellule.valeur, largeur_, 0));
   }
-  void TotauxColonnes() {
-    for (const std::size_t j : t_.colonnes) Effectif(t_.compte.marges.colonnes[j]);
-    Effectif(t_.compte.marges.total);
+  void Pourcentages(std::size_t rang) {
+    for (const Cellule& cellule : tables_.pourcentages.rangees[rang].cellules)
+      rapport_.Suite(cellule.decimales > 0 ? TextePourcentage(*cellule.valeur) : std::string(kCent));
   }
-  void Pourcentages(std::size_t i) {
-    for (const std::size_t j : t_.colonnes) rapport_.Suite(TextePourcentage(t_.details.pourcentages(i, j)));
-    rapport_.Suite({kCent, TextePourcentage(t_.details.partsLignes[i])});
-  }
-  void PartsColonnes() {
-    for (const std::size_t j : t_.colonnes) rapport_.Suite(TextePourcentage(t_.details.partsColonnes[j]));
-    rapport_.Suite({kCent, kCent});
-  }
-  void Signes(std::size_t i) {
+  void Signes(std::size_t rang) {
     rapport_.Suite("  ");
-    for (const std::size_t j : t_.colonnes) rapport_.Suite(std::string_view(t_.AuDessus(i, j) ? "  +  " : "  -  "));
+    for (const Cellule& cellule : tables_.pourcentages.rangees[rang].cellules)
+      if (!cellule.marque.empty()) rapport_.Suite({"  ", cellule.marque, "  "});
   }
 
   // The band of signs, with its two heading lines.
   void BandeDeSignes() {
     rapport_.Ligne({"  COL:", noms_});
     rapport_.Ligne({"Modal.  ", codes_});
-    for (const std::size_t i : t_.lignes) {
-      Etiquette(titre_.IntituleLigne(i));
-      Signes(i);
+    for (std::size_t rang = 0; rang < t_.lignes.size(); ++rang) {
+      Etiquette(titre_.IntituleLigne(t_.lignes[rang]));
+      Signes(rang);
       rapport_.Ligne();
     }
   }
 
  private:
   std::string Elargissement() const { return std::string(static_cast<std::size_t>(largeur_ - kLargeurEffectif), ' '); }
-  void Effectif(double effectif) { rapport_.Suite(NombreFixe(effectif, largeur_, 0)); }
 
   Rapport& rapport_;
   const TableauTitre& titre_;
+  const TablesCroisees& tables_;
   const TableauCroise& t_;
   int largeur_;
   std::string noms_, codes_, intitules_;
 };
 
-void EcrireTroisBandes(Rapport& rapport, const TableauTitre& titre, bool ordrePem) {
-  BandesCompactes bandes(rapport, titre);
+void EcrireTroisBandes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, bool ordrePem) {
+  BandesCompactes bandes(rapport, titre, tables);
+  const std::vector<std::size_t>& lignes = titre.tableau.lignes;
   const std::string& enTetes = ordrePem ? bandes.Intitules() : bandes.Codes();
   rapport.Ligne({" COL:", bandes.SurEffectifs(bandes.Noms())});
   rapport.Ligne({"Modal.  ", bandes.SurEffectifs(enTetes), bandes.TotalSurEffectifs()});
-  for (const std::size_t i : titre.tableau.lignes) {
-    bandes.Etiquette(titre.IntituleLigne(i));
-    bandes.Effectifs(i);
+  for (std::size_t rang = 0; rang < lignes.size(); ++rang) {
+    bandes.Etiquette(titre.IntituleLigne(lignes[rang]));
+    bandes.Effectifs(rang);
     rapport.Ligne();
   }
   rapport.Suite(kTotalLigne);
-  bandes.TotauxColonnes();
+  bandes.Effectifs(lignes.size());
   rapport.Ligne();
   rapport.Ligne();
 
   rapport.Ligne({"COL:", bandes.Noms()});
   rapport.Ligne({"Modal.  ", enTetes, "TOT"});
-  for (const std::size_t i : titre.tableau.lignes) {
-    bandes.Etiquette(titre.IntituleLigne(i));
-    bandes.Pourcentages(i);
+  for (std::size_t rang = 0; rang < lignes.size(); ++rang) {
+    bandes.Etiquette(titre.IntituleLigne(lignes[rang]));
+    bandes.Pourcentages(rang);
     rapport.Ligne();
   }
   rapport.Suite(kTotalLigne);
-  bandes.PartsColonnes();
+  bandes.Pourcentages(lignes.size());
   rapport.Ligne();
   rapport.Ligne();
   bandes.BandeDeSignes();
 }
 
 // Counts beside percentages; the signs beside them too, or in a band of their own.
-void EcrireBandeDouble(Rapport& rapport, const TableauTitre& titre, Edition edition) {
-  BandesCompactes bandes(rapport, titre);
+void EcrireBandeDouble(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition) {
+  BandesCompactes bandes(rapport, titre, tables);
+  const std::vector<std::size_t>& lignes = titre.tableau.lignes;
   const bool signesACote = edition == Edition::UneBande;
   rapport.Suite({"  COL: ", bandes.SurEffectifs(bandes.Noms()), bandes.EcartDuTotal(), "       ", bandes.Noms()});
   if (signesACote) rapport.Suite({"          ", bandes.Noms()});
@@ -126,18 +124,18 @@ void EcrireBandeDouble(Rapport& rapport, const TableauTitre& titre, Edition edit
   if (signesACote) rapport.Suite({"TOT       ", bandes.Codes()});
   else rapport.Suite(" TOT");
   rapport.Ligne();
-  for (const std::size_t i : titre.tableau.lignes) {
-    bandes.Etiquette(edition == Edition::Triangulaire ? titre.ligne.nom : titre.IntituleLigne(i));
-    bandes.Effectifs(i);
+  for (std::size_t rang = 0; rang < lignes.size(); ++rang) {
+    bandes.Etiquette(edition == Edition::Triangulaire ? titre.ligne.nom : titre.IntituleLigne(lignes[rang]));
+    bandes.Effectifs(rang);
     rapport.Suite("  ");
-    bandes.Pourcentages(i);
-    if (signesACote) bandes.Signes(i);
+    bandes.Pourcentages(rang);
+    if (signesACote) bandes.Signes(rang);
     rapport.Ligne();
   }
   rapport.Suite(kTotalLigne);
-  bandes.TotauxColonnes();
+  bandes.Effectifs(lignes.size());
   rapport.Suite("  ");
-  bandes.PartsColonnes();
+  bandes.Pourcentages(lignes.size());
   rapport.Ligne();
   if (signesACote) return;
   rapport.Ligne();
@@ -146,9 +144,10 @@ void EcrireBandeDouble(Rapport& rapport, const TableauTitre& titre, Edition edit
 
 }  // namespace
 
-void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, Edition edition, bool ordrePem) {
-  if (edition == Edition::TroisBandes) EcrireTroisBandes(rapport, titre, ordrePem);
-  else EcrireBandeDouble(rapport, titre, edition);
+void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition,
+                           bool ordrePem) {
+  if (edition == Edition::TroisBandes) EcrireTroisBandes(rapport, titre, tables, ordrePem);
+  else EcrireBandeDouble(rapport, titre, tables, edition);
 }
 
 }  // namespace quelvar::crosstab

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/resultats/largeurfixe.h"
 #include "crosstab/edition.h"
 
 namespace quelvar::crosstab {
@@ -7,6 +8,7 @@ namespace quelvar::crosstab {
 namespace {
 
 constexpr int kLargeurCellule = 12;
+constexpr int kLargeurAttraction = 6;
 constexpr std::int64_t kIndividusSurCinqPlaces = 99999;
 constexpr std::string_view kTotalEnLigne = "   Total      en ligne";
 constexpr std::string_view kTotalEnColonne = "   Total     en colonne";
@@ -47,21 +49,21 @@ std::string_view SecondeLigne(std::string_view intitule) {
 struct Grille {
   const TableauTitre& titre;
   FormatEffectif format;
-  AttractionsDuTableau attractions;
+  const TablesCroisees& tables;
   std::size_t lignes;
   std::size_t colonnes;
   int supplement;  // columns that the cells are wider than usual, for counts and contributions that want them
 
-  Grille(const TableauTitre& t, FormatEffectif f)
+  Grille(const TableauTitre& t, const TablesCroisees& cellules, FormatEffectif f)
       : titre(t),
         format(f),
-        attractions(CalculerAttractions(t.tableau.compte)),
+        tables(cellules),
         lignes(t.tableau.lignes.size()),
         colonnes(t.tableau.colonnes.size()),
-        supplement(std::max(LargeurDesEffectifs(t.tableau.compte.marges.total, f == FormatEffectif::Pondere ? 1 : 0,
-                                                LargeurUsuelle(f)) -
-                                LargeurUsuelle(f),
-                            LargeurDesEffectifs(t.tableau.khi2, 0, 7) - 7)) {}
+        supplement(std::max(
+            LargeurDuNombre(t.tableau.compte.marges.total, f == FormatEffectif::Pondere ? 1 : 0, LargeurUsuelle(f)) -
+                LargeurUsuelle(f),
+            LargeurDuNombre(t.tableau.khi2, 0, 7) - 7)) {}
 
   std::string Effectif(double effectif) const { return TexteEffectif(effectif, format, supplement); }
   std::string Contribution(double contribution) const { return TexteContribution(contribution, supplement); }
@@ -77,33 +79,19 @@ struct Grille {
 
 // Count and row percentage.
 std::string PremiereMoitie(const Grille& grille, std::size_t i, std::size_t j) {
-  const TableauCroise& t = grille.titre.tableau;
-  if (i < grille.lignes) {
-    const std::size_t ligne = t.lignes[i];
-    if (j == grille.colonnes) return grille.Effectif(t.compte.marges.lignes[ligne]) + "  100";
-    const std::size_t colonne = t.colonnes[j];
-    return grille.Effectif(t.compte.effectifs(ligne, colonne)) +
-           TextePourcentage(t.details.pourcentages(ligne, colonne));
-  }
-  if (j == grille.colonnes) return grille.Effectif(t.compte.marges.total) + "  100";
-  const std::size_t colonne = t.colonnes[j];
-  return grille.Effectif(t.compte.marges.colonnes[colonne]) + TextePourcentage(t.details.partsColonnes[colonne]);
+  const Cellule& pourcentage = grille.tables.pourcentages.rangees[i].cellules[j];
+  return grille.Effectif(*grille.tables.effectifs.rangees[i].cellules[j].valeur) +
+         (pourcentage.decimales > 0 ? TextePourcentage(*pourcentage.valeur) : NombreFixe(*pourcentage.valeur, 5, 0));
 }
 
 // Contribution to the chi-square and local PEM, with the sign that closes the cell.
 std::string SecondeMoitie(const Grille& grille, std::size_t i, std::size_t j) {
-  const TableauCroise& t = grille.titre.tableau;
-  if (i < grille.lignes) {
-    const std::size_t ligne = t.lignes[i];
-    if (j == grille.colonnes)
-      return grille.Contribution(t.contributionsLignes[ligne]) + NombreFixe(t.details.partsLignes[ligne], 4, 1) + "|";
-    const std::size_t colonne = t.colonnes[j];
-    return grille.Contribution(t.details.contributions(ligne, colonne)) +
-           NombreFixe(grille.attractions.pem(ligne, colonne), 4, 1) +
-           (grille.attractions.khi2(ligne, colonne) > kSeuilAttraction ? "*" : "|");
-  }
-  if (j == grille.colonnes) return grille.Contribution(t.khi2) + "   100|";
-  return grille.Contribution(t.contributionsColonnes[t.colonnes[j]]) + "      |";
+  const Cellule& attraction = grille.tables.attractions.rangees[i].cellules[j];
+  std::string texte = grille.Contribution(*grille.tables.contributions.rangees[i].cellules[j].valeur);
+  if (!attraction.valeur) texte += std::string(kLargeurAttraction, ' ');
+  else if (attraction.decimales == 0) texte += NombreFixe(*attraction.valeur, kLargeurAttraction, 0);
+  else texte += NombreFixe(*attraction.valeur, kLargeurAttraction - 2, attraction.decimales);
+  return texte + (attraction.marque.empty() ? "|" : attraction.marque);
 }
 
 // Ranks from `premier` to before `fin`.
@@ -153,13 +141,13 @@ FormatEffectif FormatDesEffectifs(const EnqueteCroisee& enquete) {
   return enquete.individus > kIndividusSurCinqPlaces ? FormatEffectif::GrandEntier : FormatEffectif::Entier;
 }
 
-void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, FormatEffectif format,
-                          const OptionsEdition& options) {
+void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables,
+                          FormatEffectif format, const OptionsEdition& options) {
   if (format == FormatEffectif::Pondere) {
     rapport.Ligne("Les effectifs avec décimale sont le résultat d'une pondération"_w);
     rapport.Ligne();
   }
-  const Grille grille(titre, format);
+  const Grille grille(titre, tables, format);
   const auto parPageLignes = static_cast<std::size_t>(options.lignesParPage);
   const auto parPageColonnes = static_cast<std::size_t>(options.colonnesParPage);
   for (std::size_t i = 0; i <= grille.lignes; i += parPageLignes)

@@ -83,8 +83,8 @@ QuestionCroisee QuestionDe(const Question& question, std::string_view ligne, int
 
 // The place of each question in a data line. The pseudo question of the program stands first in its list, so that the
 // report counts the questions of the file from 2.
-std::vector<ChampCode> Champs(const FichierPos& pos, const EnqueteCroisee& enquete) {
-  std::vector<ChampCode> champs;
+std::vector<ChampPlafonne> Champs(const FichierPos& pos, const EnqueteCroisee& enquete) {
+  std::vector<ChampPlafonne> champs;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
     if (question.position < 1) {

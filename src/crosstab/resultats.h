@@ -1,4 +1,4 @@
-// A two-way table as tables of data: counts, percentages of the rows, statistics.
+// A two-way table as tables of data, for the editions of the report and for the files of tables.
 #pragma once
 
 #include <vector>
@@ -8,9 +8,11 @@
 
 namespace quelvar::crosstab {
 
-// Counts with their margins; percentages of the rows with the share of each row and column, marked "+" in a cell above
-// the mean of its column and "-" in the others; chi-square, degrees of freedom, probability and PEM. Nothing for a
-// table of total 0.
-std::vector<TableauEdite> EnTableaux(const TableauTitre& titre);
+// Of a table whose total is not 0; in the wide edition with contributions and local PEM.
+TablesCroisees EnTables(const TableauTitre& titre, bool etendues);
+
+// Adds what a file of tables shows: counts, percentages, and the statistics (chi-square, degrees of freedom,
+// probability, PEM).
+void AjouterTables(const TableauTitre& titre, TablesCroisees tables, std::vector<TableauEdite>& liste);
 
 }  // namespace quelvar::crosstab

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/resultats/largeurfixe.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::crosstab {
@@ -35,7 +36,7 @@ void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete,
   const auto colonnes = static_cast<double>(t.colonnes.size());
   double plusGrand = 0;
   for (const double effectif : t.compte.effectifs.Valeurs()) plusGrand = std::max(plusGrand, effectif);
-  const int largeur = LargeurDesEffectifs(plusGrand, 0, kLargeurCelluleIsolee);
+  const int largeur = LargeurDuNombre(plusGrand, 0, kLargeurCelluleIsolee);
   const std::vector<NomIsole> nomsLignes = NomsIsoles(enquete, titre.ligne);
   const std::vector<NomIsole> nomsColonnes = NomsIsoles(enquete, titre.colonne);
 

@@ -12,7 +12,7 @@ namespace quelvar::tables {
 struct OptionsEcapem {
   bool cliques = false;  // records the cliques of the .NT1 as links, and nothing else
   ModeIntitules intitules = ModeIntitules::Longs;
-  SeuilKhi2 seuil = SeuilKhi2::DixPourCent;
+  SeuilAnnonce seuil = SeuilAnnonce::DixPourCent;
   bool positifsSeuls = true;     // "POSI" or "NEGA"; in both only positive PEM are recorded
   bool diagonalisation = false;  // repeats the analysis on the maximum table
   bool tousTableaux = false;     // prints the tables beyond 30 rows or columns as well

@@ -12,10 +12,10 @@ const Description<O>::Mots<ModeIntitules> kIntitules = {
     {"non", ModeIntitules::Longs},      {"quatre", ModeIntitules::QuatreCaracteres},
     {"ouicour", ModeIntitules::Courts}, {"oui4car", ModeIntitules::QuatreCaracteres}};
 
-const Description<O>::Mots<SeuilKhi2> kSeuils = {
-    {"10", SeuilKhi2::DixPourCent}, {"5", SeuilKhi2::CinqPourCent},     {"1", SeuilKhi2::UnPourCent},
-    {"tous", SeuilKhi2::Aucun},     {"gendat", SeuilKhi2::Gendat},      {"2.706", SeuilKhi2::DixPourCent},
-    {"0", SeuilKhi2::Aucun},        {"3.841", SeuilKhi2::CinqPourCent}, {"6.635", SeuilKhi2::UnPourCent}};
+const Description<O>::Mots<SeuilAnnonce> kSeuils = {
+    {"10", SeuilAnnonce::DixPourCent}, {"5", SeuilAnnonce::CinqPourCent},     {"1", SeuilAnnonce::UnPourCent},
+    {"tous", SeuilAnnonce::Aucun},     {"gendat", SeuilAnnonce::Gendat},      {"2.706", SeuilAnnonce::DixPourCent},
+    {"0", SeuilAnnonce::Aucun},        {"3.841", SeuilAnnonce::CinqPourCent}, {"6.635", SeuilAnnonce::UnPourCent}};
 
 const Description<O>::Mots<bool> kPem = {{"positifs", true}, {"tous", false}, {"posi", true},
                                          {"nega", false},    {"oui", true},   {"non", false}};

@@ -99,8 +99,9 @@ Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::
   const Matrice& effectifs = table.effectifs;
   if (t.options.tousTableaux || std::max(effectifs.Lignes(), effectifs.Colonnes()) <= kTailleEditee)
     ImprimerTableaux(t.rapport, PresentationDe(t, noms, diagonalisee.table),
-                     {diagonalisee.table, diagonalisee.maximum, attractions}, tries);
-  if (t.options.seuil == SeuilKhi2::Gendat) trouves = {};
+                     {diagonalisee.table, diagonalisee.maximum, crosstab::Detailler(diagonalisee.table), attractions},
+                     tries);
+  if (t.options.seuil == SeuilAnnonce::Gendat) trouves = {};
   else TraiterLiens(t, noms, diagonalisee.table, attractions.pem, trouves);
   return diagonalisee;
 }
@@ -123,18 +124,19 @@ void ExaminerTableau(const TravailEcapem& t) {
   ExigerPlace(t.contexte, t.rapport, {66 * cellules, 30 * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
   const Noms noms{t.modalites, std::move(lue.lignes)};
-  const OrdresTries tries = OrdresDemandes(t.parametres.decimales);
+  const OrdresTries tries = OrdresDemandes(t.parametres.ChoixDe());
 
   LiensAEnregistrer trouves;
   const Diagonalisee observe = Analyser(t, noms, crosstab::Compter(std::move(lue.effectifs)), tries, trouves);
-  if (t.options.seuil == SeuilKhi2::Gendat) return EnregistrerLiens(t.contexte, trouves.pem, trouves.pel);
+  if (t.options.seuil == SeuilAnnonce::Gendat) return EnregistrerLiens(t.contexte, trouves.pem, trouves.pel);
   const auto sommer = [&](const Matrice& table) {
     return crosstab::SommerEcarts(table, observe.table.marges, crosstab::Echelle::Effectifs);
   };
   const crosstab::SommesDEcarts sommes = sommer(observe.table.effectifs);
   if (t.options.diagonalisation) {
     Analyser(t, noms, TableDuMaximum(observe), tries, trouves);
-    ImprimerPartDuFacteur(t.rapport, observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total,
+    ImprimerPartDuFacteur(t.rapport,
+                          CalculerPart(observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total),
                           t.parametres.largeur);
   }
   EnregistrerLiens(t.contexte, trouves.pem, trouves.pel);

@@ -104,7 +104,7 @@ void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const c
 
 void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const TableauxAEditer& tableaux,
                       OrdresTries tries) {
-  const crosstab::DetailsDuTableau details = crosstab::Detailler(tableaux.table);
+  const crosstab::DetailsDuTableau& details = tableaux.details;
   Lignes entiers(rapport, presentation, 0);
   Lignes dixiemes(rapport, presentation, 1);
 
@@ -138,12 +138,11 @@ void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const 
   dixiemes.SansTotaux(tableaux.attractions.khi2);
 }
 
-void ImprimerPartDuFacteur(Rapport& rapport, double valeurPropre, double khi2, double effectif, int largeur) {
-  if (khi2 == 0) throw Erreur(kDivisionParZero);
+void ImprimerPartDuFacteur(Rapport& rapport, const PartDuFacteur& part, int largeur) {
   const auto nombre = [&](double valeur) { return NombreFixe(valeur, largeur, 1); };
-  rapport.Ligne({" qui représente "_w, nombre(100 * valeurPropre / (khi2 / effectif)), "% du Phi-deux total"});
-  rapport.Ligne({"soit un khi-deux de ", nombre(effectif * valeurPropre)});
-  rapport.Ligne({" sur un total du khi-deux du tableau d'origine de ", nombre(khi2)});
+  rapport.Ligne({" qui représente "_w, nombre(part.duPhi2), "% du Phi-deux total"});
+  rapport.Ligne({"soit un khi-deux de ", nombre(part.khi2)});
+  rapport.Ligne({" sur un total du khi-deux du tableau d'origine de ", nombre(part.khi2Total)});
 }
 
 void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur) {
@@ -170,21 +169,21 @@ void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTrie
 
 void ImprimerOrdre(Rapport& rapport, OrdresTries tries) { rapport.Ligne({"L", SuiteDeLaPhrase(tries)}); }
 
-void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilKhi2 seuil, OrigineDesLiens origine) {
+void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilAnnonce seuil, OrigineDesLiens origine) {
   if (liens == 0) return;
   const std::string nombre = NombreNu(liens);
   switch (seuil) {
-    case SeuilKhi2::Aucun:
-    case SeuilKhi2::Gendat:
+    case SeuilAnnonce::Aucun:
+    case SeuilAnnonce::Gendat:
       rapport.Ligne(
           {std::string_view(origine == OrigineDesLiens::Burt ? "Nombre total de PEM (significatifs ou non) ="
                                                              : "Nombre total de PEM positifs (significatifs ou non) ="),
            nombre});
       rapport.Ligne("(Seuil à 10%=2,7 ; à 5%=3,8 ; à 1%=6,6)"_w);
       return;
-    case SeuilKhi2::DixPourCent: rapport.Ligne({"Nombre de PEM significatifs au seuil de 10% =", nombre}); break;
-    case SeuilKhi2::CinqPourCent: rapport.Ligne({"Nombre de PEM significatifs au seuil de 5% =", nombre}); break;
-    case SeuilKhi2::UnPourCent: rapport.Ligne({"Nombre de PEM significatifs au seuil de 1% =", nombre}); break;
+    case SeuilAnnonce::DixPourCent: rapport.Ligne({"Nombre de PEM significatifs au seuil de 10% =", nombre}); break;
+    case SeuilAnnonce::CinqPourCent: rapport.Ligne({"Nombre de PEM significatifs au seuil de 5% =", nombre}); break;
+    case SeuilAnnonce::UnPourCent: rapport.Ligne({"Nombre de PEM significatifs au seuil de 1% =", nombre}); break;
   }
   rapport.Ligne();
 }

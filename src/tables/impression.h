@@ -25,13 +25,14 @@ void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const c
 struct TableauxAEditer {
   const crosstab::TableauCompte& table;
   const Matrice& maximum;
+  const crosstab::DetailsDuTableau& details;
   const crosstab::AttractionsDuTableau& attractions;
 };
 void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const TableauxAEditer& tableaux,
                       OrdresTries tries);
 
-// The part that the first factor takes of the chi-square of the observed table. Raises 11 when that is 0.
-void ImprimerPartDuFacteur(Rapport& rapport, double valeurPropre, double khi2, double effectif, int largeur);
+// The part that the first factor takes of the chi-square of the observed table.
+void ImprimerPartDuFacteur(Rapport& rapport, const PartDuFacteur& part, int largeur);
 
 // From "Somme des écarts positifs" to the V of Cramér. Raises 11 at the line of an index without value.
 void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur);
@@ -41,9 +42,9 @@ void ImprimerOrdre(Rapport& rapport, OrdresTries tries);
 
 // Chi-square threshold: it chooses the wording of the count of links and filters nothing. The caller "GENDAT" passes
 // its name in this place: its runs stop after the tables.
-enum class SeuilKhi2 { Aucun, DixPourCent, CinqPourCent, UnPourCent, Gendat };
+enum class SeuilAnnonce { Aucun, DixPourCent, CinqPourCent, UnPourCent, Gendat };
 // Table: the PEM of a rectangular table, whose wording at threshold 0 differs from that of a Burt table.
 enum class OrigineDesLiens { Tableau, Burt };
-void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilKhi2 seuil, OrigineDesLiens origine);
+void ImprimerNombreDeLiens(Rapport& rapport, std::size_t liens, SeuilAnnonce seuil, OrigineDesLiens origine);
 
 }  // namespace quelvar::tables

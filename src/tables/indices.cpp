@@ -33,4 +33,9 @@ IndicesGlobaux CalculerIndices(const crosstab::TableauCompte& table, const cross
   return indices;
 }
 
+PartDuFacteur CalculerPart(double valeurPropre, double khi2, double effectif) {
+  if (khi2 == 0) throw Erreur(kDivisionParZero);
+  return {100 * valeurPropre / (khi2 / effectif), effectif * valeurPropre, khi2};
+}
+
 }  // namespace quelvar::tables

@@ -25,4 +25,13 @@ struct IndicesGlobaux {
 IndicesGlobaux CalculerIndices(const crosstab::TableauCompte& table, const crosstab::SommesDEcarts& observe,
                                const crosstab::SommesDEcarts& maximum);
 
+// What the first factor takes of the chi-square of a table.
+struct PartDuFacteur {
+  double duPhi2 = 0;  // percent
+  double khi2 = 0;
+  double khi2Total = 0;
+};
+// Raises 11 for a chi-square of 0.
+PartDuFacteur CalculerPart(double valeurPropre, double khi2, double effectif);
+
 }  // namespace quelvar::tables

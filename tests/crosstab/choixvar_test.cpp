@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "crosstab/edition.h"
+#include "core/resultats/largeurfixe.h"
 #include "support/programme.h"
 
 using namespace quelvar::crosstab;
@@ -70,7 +70,7 @@ TEST(Edition, ACountFitsWithOneBlankBeforeIt) {
   } cas[] = {{0, 0, 5, 5},     {9999, 0, 5, 5}, {9999.5, 0, 5, 6}, {10000, 0, 5, 6},
              {999.9, 1, 6, 6}, {1000, 1, 6, 7}, {1e9, 0, 7, 11}};
   for (const auto& [maximum, decimales, minimum, largeur] : cas)
-    EXPECT_EQ(LargeurDesEffectifs(maximum, decimales, minimum), largeur) << maximum;
+    EXPECT_EQ(LargeurDuNombre(maximum, decimales, minimum), largeur) << maximum;
 }
 
 TEST_F(ChoixVarTest, Editions) {

@@ -38,7 +38,7 @@ struct Rvb {
 // The colour mixed with white: a tint of 1 is the colour itself, of 0 white.
 Rvb RvbDe(Couleur couleur, double teinte = 1);
 
-// In user units, or in points of the page (x to the right, y downwards) where told.
+// In user units; a member whose comment says so is in points of the page (x to the right, y downwards).
 struct Position {
   double x = 0;
   double y = 0;

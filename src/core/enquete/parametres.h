@@ -21,8 +21,11 @@ struct ParametresMod {
   std::int16_t burt = 0;         // BRT=: 0 plain table, 1 Burt table with individuals, else size of a square Burt table
   bool modPresent = false;       // MOD= stands on the line
   std::string mod;               // its text, trimmed on the right
-  std::int32_t decimales = 0;    // DE=
+  std::int32_t decimales = 0;    // DE=: of the residual tables of a factor analysis
   double cdg = 0;                // CDG=: individuals are available as logical coding
+
+  // DE= for a program that reads a choice of its own there.
+  std::int32_t ChoixDe() const { return decimales; }
 };
 
 // A parameter line: a blank before each key, a blank behind the last value. The keys end in "=".

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/programme/version.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -116,7 +117,7 @@ const Chemin& Rapport::Achever() {
 void EcrireBandeau(Rapport& rapport, Texte titre) {
   const auto retrait =
       static_cast<std::size_t>(std::max(0.0, 28 - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));
-  rapport.Ligne("          QUELVAR Version 5.3 - Mai 2017");
+  rapport.Ligne({"          QUELVAR Version ", kVersion, " - Mai 2017"});
   rapport.Ligne(std::string(27, ' '));
   rapport.Ligne("          Atelier statistique pour l'analyse des enquêtes"_w);
   rapport.Ligne("          Aide et mode d'emploi : menu Aide du programme");

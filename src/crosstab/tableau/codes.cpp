@@ -53,7 +53,7 @@ unsigned ValeurDeDeux(const char* octets, const std::array<std::int8_t, 65536>& 
 }
 
 // `avant`: the individuals before those of the block.
-void Decoder(const BlocDeLignes& bloc, const ChampCode& question, std::size_t avant, std::uint8_t* codes) {
+void Decoder(const BlocDeLignes& bloc, const ChampPlafonne& question, std::size_t avant, std::uint8_t* codes) {
   const char* octets = bloc.Octets() + question.champ.debut;
   const std::size_t pas = bloc.Longueur();
   const std::size_t nombre = bloc.Nombre();
@@ -79,9 +79,9 @@ void Decoder(const BlocDeLignes& bloc, const ChampCode& question, std::size_t av
   }
 }
 
-std::size_t LongueurDesLignes(const std::vector<ChampCode>& champs) {
+std::size_t LongueurDesLignes(const std::vector<ChampPlafonne>& champs) {
   std::size_t longueur = 1;
-  for (const ChampCode& c : champs) longueur = std::max<std::size_t>(longueur, c.champ.debut + c.champ.largeur);
+  for (const ChampPlafonne& c : champs) longueur = std::max<std::size_t>(longueur, c.champ.debut + c.champ.largeur);
   return longueur;
 }
 
@@ -105,14 +105,14 @@ void Compter(std::size_t individus, std::size_t taille, std::uint32_t* compteurs
 
 }  // namespace
 
-MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampCode>& champs, std::int64_t individus,
+MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampPlafonne>& champs, std::int64_t individus,
                           Progression& progression) {
   LecteurLignes lecteur(donnees);
   // A line takes at least its end: no memory is asked for individuals that cannot be there.
   if (individus > 0 && static_cast<std::uintmax_t>(individus) > LongueurFichier(donnees) + 1)
     throw Erreur(kFinDeFichierDepassee).Situer(lecteur.Ou());
   std::vector<int> plafonds;
-  for (const ChampCode& champ : champs) plafonds.push_back(champ.plafond);
+  for (const ChampPlafonne& champ : champs) plafonds.push_back(champ.plafond);
   MatriceCodes codes(std::move(plafonds), static_cast<std::size_t>(std::max<std::int64_t>(individus, 0)));
 
   BlocDeLignes bloc(LongueurDesLignes(champs));

@@ -17,7 +17,7 @@ inline constexpr int kCodeMaxGarde = 99;
 
 // Where a question stands in a data line and the largest of its codes that is kept, from 0 to kCodeMaxGarde; a value
 // below 0 or above it is read as 0.
-struct ChampCode {
+struct ChampPlafonne {
   Champ champ;
   int plafond = 0;
 };
@@ -46,7 +46,7 @@ class MatriceCodes {
 
 // Reads the first `individus` lines of the data file. Raises 62 when the file has fewer, 6 for a value beyond 16 bits,
 // 7 when the memory does not hold them, and the numbers of LecteurLignes.
-MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampCode>& champs, std::int64_t individus,
+MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampPlafonne>& champs, std::int64_t individus,
                           Progression& progression);
 
 // The questions that are crossed, by index; `filtre` may be kSansFiltre, which has one modality for everybody.

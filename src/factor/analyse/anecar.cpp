@@ -196,7 +196,8 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   DeflaterActives(tableau, analyse, courant);
   if (plan.decimales > 0)
     Imprimer(rapport, [this, courant](Rapport& r) {
-      ImprimerReconstitution(r, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
+      ImprimerReconstitution(r, tableau, plan.colonnes, ReconstituerEcarts(tableau, analyse.ecarts, courant),
+                             plan.decimales);
     });
   DeflaterSupplementaires(tableau, analyse, courant);
 }

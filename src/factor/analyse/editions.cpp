@@ -78,13 +78,24 @@ void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k) {
   rapport.Ligne({"Facteur ", EntierDroit(static_cast<std::int64_t>(k), 3)});
 }
 
+namespace {
+
+// Eigenvalue and share, as report and files show them.
+std::vector<Cellule> ValeurPropre(const FacteurAnecar& facteur) {
+  return {{facteur.valeurPropre, Unite::Nombre, 6, facteur.converge ? "" : "*"},
+          {facteur.pourcentage, Unite::Pourcent, 1}};
+}
+
+}  // namespace
+
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
+  const std::vector<Cellule> cellules = ValeurPropre(facteur);
   if (!facteur.converge)
     rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});
   rapport.Ligne();
-  rapport.Ligne({"Valeur propre = ", NombreFixe(facteur.valeurPropre, 2, 6)});
-  rapport.Ligne({"Pourcentage du total =", NombreFixe(facteur.pourcentage, 3, 1)});
+  rapport.Ligne({"Valeur propre = ", NombreFixe(*cellules[0].valeur, 2, cellules[0].decimales)});
+  rapport.Ligne({"Pourcentage du total =", NombreFixe(*cellules[1].valeur, 3, cellules[1].decimales)});
   rapport.Ligne();
 }
 
@@ -99,13 +110,8 @@ TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {
   tableau.titres = {"Valeurs propres"};
   tableau.coin = "Facteur";
   tableau.colonnes = {{"Valeur propre"}, {"Pourcentage du total"}};
-  for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
-    const FacteurAnecar& facteur = analyse.facteurs[k];
-    tableau.rangees.push_back({Nombre(k + 1),
-                               {},
-                               {{facteur.valeurPropre, Unite::Nombre, 6, facteur.converge ? "" : "*"},
-                                {facteur.pourcentage, Unite::Pourcent, 1}}});
-  }
+  for (std::size_t k = 0; k < analyse.facteurs.size(); ++k)
+    tableau.rangees.push_back({Nombre(k + 1), {}, ValeurPropre(analyse.facteurs[k])});
   return tableau;
 }
 
@@ -205,36 +211,28 @@ void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, cons
 }
 
 void ImprimerReconstitution(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
-                            const Ecarts& ecarts, const FacteurCourant& facteur, int decimales) {
-  const double n = ecarts.effectif;
-  const double s = facteur.valeurSinguliere;
-  if (n < 0) throw Erreur(kArgumentIncorrect);
+                            const Reconstitution& reconstitution, int decimales) {
   const auto cellule = [&](double valeur) { return NombreFixe(valeur, 5, decimales); };
-  const auto semi = [&](double poids, double coordonnee) {
-    return cellule(s == 0 ? 0 : std::sqrt(n) * poids * coordonnee / std::sqrt(s));
-  };
   const std::string blancs(static_cast<std::size_t>(decimales), ' ');
 
   rapport.Ligne("Reconstitution des écarts à l'indépendance restants"_w);
   rapport.Ligne({EnTeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
   for (std::size_t i = 0; i < tableau.actives.Lignes(); ++i) {
-    const double poids = ecarts.lignes.poids[i];
     std::string ligne = DebutDeLigne(tableau, i);
-    for (std::size_t j = 0; j < colonnes.actifs; ++j)
-      ligne += cellule(s == 0 ? 0 : n * poids * ecarts.colonnes.poids[j] * facteur.f[i] * facteur.g[j] / s);
-    ligne += cellule(100 * poids) + cellule(1000 * facteur.f[i]) + semi(poids, facteur.f[i]);
-    rapport.Ligne(ligne);
+    for (const double effectif : reconstitution.effectifs.Ligne(i)) ligne += cellule(effectif);
+    const ElementReconstitue& element = reconstitution.lignes[i];
+    rapport.Ligne({ligne, cellule(element.part), cellule(element.coordonnee), cellule(element.semi)});
   }
   std::string pj = " PJ  ";
   std::string fj = " FJ  ";
   std::string semiJ = "Semi ";
-  for (std::size_t j = 0; j < colonnes.actifs; ++j) {
-    pj += cellule(100 * ecarts.colonnes.poids[j]);
-    fj += cellule(1000 * facteur.g[j]);
-    semiJ += semi(ecarts.colonnes.poids[j], facteur.g[j]);
+  for (const ElementReconstitue& element : reconstitution.colonnes) {
+    pj += cellule(element.part);
+    fj += cellule(element.coordonnee);
+    semiJ += cellule(element.semi);
   }
-  rapport.Ligne({pj, "    100=", NombreFixe(n, 4, 0)});
-  rapport.Ligne({fj, "    Ksi=", NombreFixe(s, 1, 7)});
+  rapport.Ligne({pj, "    100=", NombreFixe(reconstitution.effectif, 4, 0)});
+  rapport.Ligne({fj, "    Ksi=", NombreFixe(reconstitution.valeurSinguliere, 1, 7)});
   rapport.Ligne(semiJ);
 }
 

@@ -46,9 +46,9 @@ void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, co
 // What is left of the deviations, in individuals with that many decimals. Raises 5 for more than 99 decimals.
 void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
                             const Ecarts& ecarts, int decimales);
-// What the factor gives back of the deviations. Raises 5 for a total below 0.
+// What the factor gives back of the deviations.
 void ImprimerReconstitution(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
-                            const Ecarts& ecarts, const FacteurCourant& facteur, int decimales);
+                            const Reconstitution& reconstitution, int decimales);
 
 // The final tables of all factors.
 void ImprimerTablesCompactes(Rapport& rapport, const PlanAnecar& plan, const TableauAnecar& tableau,

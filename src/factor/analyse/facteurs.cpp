@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/premier.h"
 
@@ -35,6 +36,26 @@ double PartDe(double fois, double valeurPropre, double inertie) {
 }
 
 }  // namespace
+
+Reconstitution ReconstituerEcarts(const TableauAnecar& tableau, const Ecarts& ecarts, const FacteurCourant& facteur) {
+  const double n = ecarts.effectif;
+  const double s = facteur.valeurSinguliere;
+  if (n < 0) throw Erreur(kArgumentIncorrect);
+  Reconstitution rendue{Matrice(tableau.actives.Lignes(), tableau.actives.Colonnes()), {}, {}, n, s};
+  const auto element = [&](double poids, double coordonnee) {
+    return ElementReconstitue{100 * poids, 1000 * coordonnee,
+                              s == 0 ? 0 : std::sqrt(n) * poids * coordonnee / std::sqrt(s)};
+  };
+  for (std::size_t i = 0; i < rendue.effectifs.Lignes(); ++i) {
+    const double poids = ecarts.lignes.poids[i];
+    rendue.lignes.push_back(element(poids, facteur.f[i]));
+    for (std::size_t j = 0; j < rendue.effectifs.Colonnes(); ++j)
+      rendue.effectifs(i, j) = s == 0 ? 0 : n * poids * ecarts.colonnes.poids[j] * facteur.f[i] * facteur.g[j] / s;
+  }
+  for (std::size_t j = 0; j < rendue.effectifs.Colonnes(); ++j)
+    rendue.colonnes.push_back(element(ecarts.colonnes.poids[j], facteur.g[j]));
+  return rendue;
+}
 
 AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type) {
   AnalyseAnecar analyse;

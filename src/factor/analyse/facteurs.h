@@ -48,6 +48,22 @@ struct FacteurCourant {
   Composante EnComposante() const { return {f, g, valeurSinguliere}; }
 };
 
+// What a factor gives back of the deviations, on the active elements.
+struct ElementReconstitue {
+  double part = 0;        // weight, percent
+  double coordonnee = 0;  // thousandths
+  double semi = 0;        // half of the product that gives the deviation back, in roots of individuals
+};
+struct Reconstitution {
+  Matrice effectifs;  // rows x columns, in individuals
+  std::vector<ElementReconstitue> lignes;
+  std::vector<ElementReconstitue> colonnes;
+  double effectif = 0;
+  double valeurSinguliere = 0;
+};
+// Raises 5 for a total below 0.
+Reconstitution ReconstituerEcarts(const TableauAnecar& tableau, const Ecarts& ecarts, const FacteurCourant& facteur);
+
 // Turns the counts of the table into deviations. Raises 6.
 AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type);
 

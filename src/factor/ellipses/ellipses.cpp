@@ -18,6 +18,7 @@ namespace {
 constexpr double kArrondi = -1E-9;  // a second eigenvalue above that part of the first is negative by rounding only
 constexpr double kMilliemes = 1000;
 constexpr int kCordes = 100;
+constexpr double kDemiPas = 0.031415926535;  // half the angle of a chord: pi / 100, with ten digits
 
 struct TextesDuGenre {
   std::string_view titre;
@@ -112,7 +113,7 @@ std::vector<Position> ContourDEllipse(Position centre, const AxesDInertie& axes,
   std::vector<Position> points;
   points.reserve(kCordes + 1);
   for (int k = 0; k <= kCordes; ++k) {
-    const double t = 2 * k * 0.031415926535;
+    const double t = 2 * k * kDemiPas;
     points.push_back({centre.x + kMilliemes * (a * std::cos(t) * cosinus - b * std::sin(t) * sinus),
                       centre.y + kMilliemes * (a * std::cos(t) * sinus + b * std::sin(t) * cosinus)});
   }

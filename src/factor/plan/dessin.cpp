@@ -49,11 +49,16 @@ double CorpsDe(TailleTexte taille) {
   return 8.5;
 }
 
+constexpr double kArrondi = 1e-9;  // relative, below which two steps are one
+// Size of the letters of an element by its contribution, for one of the size chosen: the least, and up to the largest.
+constexpr double kTailleMinimale = 0.65;
+constexpr double kEtendueDesTailles = 0.95;
+
 // The next of 1, 2, 5, 10, 20...
 double PasRond(double pas) {
   const double puissance = std::pow(10, std::floor(std::log10(pas)));
   for (const double facteur : {1.0, 2.0, 5.0})
-    if (facteur * puissance >= pas * (1 - 1e-9)) return facteur * puissance;
+    if (facteur * puissance >= pas * (1 - kArrondi)) return facteur * puissance;
   return 10 * puissance;
 }
 
@@ -189,7 +194,8 @@ void TraceDuPlan::NommerAxes() {
 
 double TraceDuPlan::Taille(std::size_t i) const {
   const double corps = CorpsDe(reglages_.taille);
-  return reglages_.parContribution ? corps * (0.65 + 0.95 * std::sqrt(CpfDuPoint(etat_, i) / cpfMaximum_)) : corps;
+  if (!reglages_.parContribution) return corps;
+  return corps * (kTailleMinimale + kEtendueDesTailles * std::sqrt(CpfDuPoint(etat_, i) / cpfMaximum_));
 }
 
 // At its place, but whole: one that the box would cut is moved inside.

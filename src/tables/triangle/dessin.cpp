@@ -162,19 +162,21 @@ void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Posit
              decalage);
 }
 
+constexpr double kArrondi = 1e-9;  // of a value, in percent or in steps
+
 // The sides, and along each the values of one percentage from its lower to its upper limit.
 void TracerCotes(Cadre& cadre, const EtatTriangle& etat) {
   const CotesTriangle& c = etat.cotes;
   const double etendue = c.droit - c.gauche - c.bas;
   const double pas = PasDeGraduation(etendue);
-  const auto premiere = [pas](double limite) { return std::ceil(limite / pas - 1e-9) * pas; };
+  const auto premiere = [pas](double limite) { return std::ceil(limite / pas - kArrondi) * pas; };
   cadre.Page().Calquer("cotes");
-  for (double v = premiere(c.gauche); v <= c.gauche + etendue + 1e-9; v += pas)
+  for (double v = premiere(c.gauche); v <= c.gauche + etendue + kArrondi; v += pas)
     TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, 9}, Ancre::Milieu);
-  for (double v = premiere(c.bas); v <= c.bas + etendue + 1e-9; v += pas)
+  for (double v = premiere(c.bas); v <= c.bas + etendue + kArrondi; v += pas)
     TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {5, 0}, Ancre::Debut);
   const double troisieme = 100 - c.droit;
-  for (double v = premiere(troisieme); v <= troisieme + etendue + 1e-9; v += pas)
+  for (double v = premiere(troisieme); v <= troisieme + etendue + kArrondi; v += pas)
     TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-5, 0}, Ancre::Fin);
   const std::array<Position, 3> sommets = cadre.Sommets();
   for (std::size_t i = 0; i < 3; ++i) {

@@ -12,13 +12,13 @@ namespace {
 
 class CodesTest : public testing::Test {
  protected:
-  MatriceCodes Charger(std::string_view octets, const std::vector<ChampCode>& champs, std::int64_t individus) {
+  MatriceCodes Charger(std::string_view octets, const std::vector<ChampPlafonne>& champs, std::int64_t individus) {
     essai::EcrireOctets(Donnees(), octets);
     const Dialogue dialogue;
     Progression progression(dialogue, individus);
     return ChargerCodes(Donnees(), champs, individus, progression);
   }
-  int Numero(std::string_view octets, const std::vector<ChampCode>& champs, std::int64_t individus) {
+  int Numero(std::string_view octets, const std::vector<ChampPlafonne>& champs, std::int64_t individus) {
     return essai::NumeroLeve([&] { Charger(octets, champs, individus); });
   }
   std::filesystem::path Donnees() const { return dossier_.Chemin() / "ENQ.DAT"; }
@@ -34,7 +34,7 @@ std::vector<int> Valeurs(const MatriceCodes& codes, std::size_t question) {
 
 // Every writing of a field gives what the lenient conversion gives, brought to 0 above the ceiling and below 0.
 TEST_F(CodesTest, LectureDesChamps) {
-  const std::vector<ChampCode> champs = {{{0, 1}, 5}, {{1, 2}, 20}, {{3, 3}, 99}, {{6, 2}, 12}};
+  const std::vector<ChampPlafonne> champs = {{{0, 1}, 5}, {{1, 2}, 20}, {{3, 3}, 99}, {{6, 2}, 12}};
   const MatriceCodes codes = Charger(
       "1 2 12 3\r\n"
       "620099 9\r\n"
@@ -52,7 +52,7 @@ TEST_F(CodesTest, LectureDesChamps) {
 }
 
 TEST_F(CodesTest, TailleAnnoncee) {
-  const std::vector<ChampCode> champs = {{{0, 1}, 9}};
+  const std::vector<ChampPlafonne> champs = {{{0, 1}, 9}};
   EXPECT_EQ(Valeurs(Charger("1\r\n2\r\n3\r\n", champs, 2), 0), (std::vector<int>{1, 2}));
   EXPECT_EQ(Charger("1\r\n", champs, 0).Individus(), 0U);
   EXPECT_EQ(Numero("1\r\n2\r\n", champs, 3), kFinDeFichierDepassee);

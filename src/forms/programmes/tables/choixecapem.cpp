@@ -40,10 +40,10 @@ tables::OptionsEcapem ChoixEcapem::Options() const {
   if (ui_->ChkIntit->isChecked())
     options.intitules =
         ui_->OptCourt->isChecked() ? tables::ModeIntitules::Courts : tables::ModeIntitules::QuatreCaracteres;
-  options.seuil = ui_->ChkK2->isChecked()   ? tables::SeuilKhi2::Aucun
-                  : ui_->Opt10->isChecked() ? tables::SeuilKhi2::DixPourCent
-                  : ui_->Opt5->isChecked()  ? tables::SeuilKhi2::CinqPourCent
-                                            : tables::SeuilKhi2::UnPourCent;
+  options.seuil = ui_->ChkK2->isChecked()   ? tables::SeuilAnnonce::Aucun
+                  : ui_->Opt10->isChecked() ? tables::SeuilAnnonce::DixPourCent
+                  : ui_->Opt5->isChecked()  ? tables::SeuilAnnonce::CinqPourCent
+                                            : tables::SeuilAnnonce::UnPourCent;
   options.positifsSeuls = ui_->ChkCompact->isChecked();
   options.diagonalisation = ui_->ChkRetour->isChecked();
   options.tousTableaux = ui_->ChkTab->isChecked();
