@@ -63,7 +63,11 @@ void AfficherFichier(const std::string& chemin) {
 }
 
 void Afficher(const Affichage& affichage) {
-  if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) return AfficherFichier(affichage.rapport);
+  if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) {
+    AfficherFichier(affichage.rapport);
+    if (affichage.nomRapport == kRapportSansNom) EffacerFichier(CheminDe(affichage.rapport));
+    return;
+  }
   Ecrire(stdout, SansRetoursChariot(affichage.texte));
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/texte/nombres.h"
 #include "support/programme.h"
+#include "text/decoupage/apercu.h"
 #include "text/decoupage/liste.h"
 #include "text/decoupage/saisiemot.h"
 #include "text/preparation/preptext.h"
@@ -83,6 +84,13 @@ TEST_F(RunTexte, AUtf8TextIsConvertedOrRefusedNeverReadWrong) {
   EXPECT_EQ(Decouper("1\xC3\xA9t\xC3\xA9 \xE2\x98\x83*\n", options), Fin::Normale);
   EXPECT_TRUE(Dit("   1 ?            1 été       "_w)) << montre_;
   EXPECT_TRUE(Dit("*** Attention : 1 caractère(s) de ENQ.TXT"_w));
+}
+
+TEST_F(RunTexte, TheHeadOfAUtf8TextIsShownAsItWillBeRead) {
+  Ecrire("ENQ.TXT",
+         "\xEF\xBB\xBF"
+         "1\xC3\xA9t\xC3\xA9*\r\n2oui*\r\n");
+  EXPECT_TRUE(ApercevoirTexte(contexte_).texte.ends_with("1été*\r\n2oui*\r\n"_w));
 }
 
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {

@@ -54,6 +54,11 @@ bool EstUtf8(std::string_view octets) {
   return octets.starts_with(kMarqueUtf8) || EstUtf8MultiOctet(octets.substr(PremierAccent(octets)));
 }
 
+std::string_view SansMarqueUtf8(std::string_view octets) {
+  if (octets.starts_with(kMarqueUtf8)) octets.remove_prefix(kMarqueUtf8.size());
+  return octets;
+}
+
 std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
   std::string octets = LireOctets(chemin);
   if (!EstUtf8(octets)) return octets;
@@ -65,9 +70,7 @@ std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::strin
     rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en UTF-8"});
     throw Erreur(kArretAnnonce);
   }
-  std::string_view utf8 = octets;
-  if (utf8.starts_with(kMarqueUtf8)) utf8.remove_prefix(kMarqueUtf8.size());
-  return Convertir(utf8, nom, rapport);
+  return Convertir(SansMarqueUtf8(octets), nom, rapport);
 }
 
 }  // namespace quelvar::text
