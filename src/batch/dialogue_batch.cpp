@@ -1,31 +1,39 @@
 #include "batch/dialogue_batch.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <memory>
 #include <optional>
-#include <vector>
 
 namespace quelvar::batch {
 
 namespace {
 
+constexpr std::size_t kMorceau = std::size_t{1} << 18;
+
+bool EstAscii(std::string_view texte) {
+  unsigned char reunis = 0;
+  for (const char c : texte) reunis |= static_cast<unsigned char>(c);
+  return reunis < 0x80;
+}
+
 void Ecrire(std::FILE* flux, std::string_view texte) {
-  const auto octets = [flux](std::string_view ecrits) { std::fwrite(ecrits.data(), 1, ecrits.size(), flux); };
-  if (std::any_of(texte.begin(), texte.end(), [](char c) { return (c & '\x80') != 0; })) octets(VersUtf8(texte));
-  else octets(texte);
+  if (EstAscii(texte)) {
+    std::fwrite(texte.data(), 1, texte.size(), flux);
+    return;
+  }
+  const std::string utf8 = VersUtf8(texte);
+  std::fwrite(utf8.data(), 1, utf8.size(), flux);
 }
 
 // Line ends of a report as a terminal wants them.
 std::string SansRetoursChariot(std::string_view texte) {
   std::string resultat;
   resultat.reserve(texte.size());
-  for (std::size_t debut = 0; debut < texte.size();) {
-    const std::size_t fin = std::min(texte.find("\r\n", debut), texte.size());
-    resultat.append(texte.substr(debut, fin - debut));
-    debut = fin + 1;
+  for (;;) {
+    const std::size_t fin = texte.find("\r\n");
+    resultat += texte.substr(0, fin);
+    if (fin == std::string_view::npos) return resultat;
+    texte.remove_prefix(fin + 1);
   }
-  return resultat;
 }
 
 std::optional<std::string> ReponseSuivante(Demande& demande) {
@@ -46,25 +54,22 @@ Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   return defaut;
 }
 
-// A long report in parts of whole lines.
-void AfficherFichier(const std::string& chemin) {
-  constexpr std::size_t kBloc = std::size_t{1} << 18;
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> fichier(std::fopen(chemin.c_str(), "rb"), std::fclose);
-  if (fichier == nullptr) throw Erreur(kFichierIntrouvable);
+// A report of any length, some whole lines at a time.
+void EcrireRapport(const std::string& chemin) {
   std::string attente;
-  std::vector<char> bloc(kBloc);
-  for (std::size_t lus = kBloc; lus == kBloc;) {
-    lus = std::fread(bloc.data(), 1, kBloc, fichier.get());
-    attente.append(bloc.data(), lus);
-    const std::size_t fin = lus < kBloc ? attente.size() : attente.rfind('\n') + 1;
+  std::uintmax_t place = 0;
+  for (std::string octets; octets = LireMorceau(chemin, place, kMorceau), !octets.empty(); place += octets.size()) {
+    attente += octets;
+    const std::size_t fin = attente.rfind('\n') + 1;
     Ecrire(stdout, SansRetoursChariot(std::string_view(attente).substr(0, fin)));
     attente.erase(0, fin);
   }
+  Ecrire(stdout, SansRetoursChariot(attente));
 }
 
 void Afficher(const Affichage& affichage) {
   if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) {
-    AfficherFichier(affichage.rapport);
+    EcrireRapport(affichage.rapport);
     if (affichage.nomRapport == kRapportSansNom) EffacerFichier(CheminDe(affichage.rapport));
     return;
   }
@@ -84,9 +89,7 @@ Dialogue DialogueBatch(Demande& demande) {
   };
   dialogue.saisir = [&demande](std::string_view question, std::string_view propose) {
     Ecrire(stderr, Joindre({SansRetoursChariot(question), "\n"}));
-    const std::string reponse = ReponseSuivante(demande).value_or(std::string(propose));
-    // What is empty on a command line was typed so, and is no cancelled box: a blank proposal stands for it.
-    return reponse.empty() && Rogner(propose).empty() ? std::string(propose) : reponse;
+    return ReponseSuivante(demande).value_or(std::string(propose));
   };
   dialogue.choisirFichier = [&demande](std::string_view titre, std::string_view) {
     Ecrire(stderr, Joindre({titre, "\n"}));

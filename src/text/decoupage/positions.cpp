@@ -23,17 +23,6 @@ std::string CodeMaxTape(std::string_view saisi) {
   return TexteCodeMax(static_cast<int>(std::clamp(ArrondirPair(ValeurDe(saisi)), 0.0, 999.0)));
 }
 
-// What is typed, without the blanks around it; nothing when the box is accepted as it stands. One that is cancelled
-// ends the run.
-std::string Demander(const Dialogue& dialogue, Rapport& rapport, std::string_view question) {
-  const std::string saisi = dialogue.saisir(question, " ");
-  if (saisi.empty()) {
-    rapport.Ligne(kArretVolontaire);
-    throw Erreur(kArretAnnonce);
-  }
-  return std::string(Rogner(saisi));
-}
-
 bool EstAvant(const QuestionDesMots& a, const QuestionDesMots& b) { return a.position < b.position; }
 
 }  // namespace
@@ -55,33 +44,33 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
   return questions;
 }
 
-std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue, Rapport& rapport) {
+std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue) {
   std::vector<QuestionDesMots> questions;
   for (int position = 1; position <= static_cast<int>(gabarit.Largeur()); ++position) {
     if (position == ColonneDuStimulus(gabarit)) {
-      CompleterStimulus(questions, gabarit, dialogue, rapport);
+      CompleterStimulus(questions, gabarit, dialogue);
       continue;
     }
-    std::string nom =
-        Demander(dialogue, rapport,
-                 Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w, Nombre(position),
-                          ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}));
+    std::string nom = dialogue.saisir(
+        Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w, Nombre(position),
+                 ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}),
+        "");
+    nom = Rogner(nom);
     if (nom.empty()) continue;
     nom.resize(std::min(nom.size(), kNom));
-    const std::string codeMax = Demander(dialogue, rapport, Joindre({"Donnez le code-maximum de la question ", nom}));
+    const std::string codeMax = dialogue.saisir(Joindre({"Donnez le code-maximum de la question ", nom}), "");
     questions.push_back({nom, position, CodeMaxTape(codeMax), {}});
   }
   return questions;
 }
 
-void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue,
-                       Rapport& rapport) {
+void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue) {
   const int colonne = ColonneDuStimulus(gabarit);
   if (colonne == 0) return;
   if (std::any_of(questions.begin(), questions.end(), [&](const auto& q) { return q.position == colonne; })) return;
   const QuestionDesMots stimulus{std::string(kNomDuStimulus),
                                  colonne,
-                                 CodeMaxTape(Demander(dialogue, rapport, "Donnez le nombre de stimulus proposés"_w)),
+                                 CodeMaxTape(dialogue.saisir("Donnez le nombre de stimulus proposés"_w, "")),
                                  {}};
   questions.insert(std::upper_bound(questions.begin(), questions.end(), stimulus, EstAvant), stimulus);
 }

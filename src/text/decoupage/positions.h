@@ -24,15 +24,11 @@ struct QuestionDesMots {
 std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gabarit& gabarit,
                                                 std::vector<std::string>& auDela);
 
-inline constexpr std::string_view kArretVolontaire = "Arrêt volontaire du programme"_w;
-
-// Asks for name and code-max of each position; an empty name leaves it out. A box that is cancelled ends the run: the
-// report says so.
-std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue, Rapport& rapport);
+// Asks for name and code-max of each position; an empty name leaves it out.
+std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue);
 
 // Sees to it that the stimulus has its question: the number of stimuli is asked when none stands there.
-void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue,
-                       Rapport& rapport);
+void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue);
 
 void EcrirePosDesMots(Ecrivain& fichier, std::string_view generique, std::int64_t mots,
                       const std::vector<QuestionDesMots>& questions);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/annulation.h"
 #include "core/texte/nombres.h"
 #include "text/commun/source.h"
 #include "text/decoupage/liste.h"
@@ -210,8 +211,8 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   rapport.Ligne({"Nombre de mots entrés"_w, NombreNu(corpus.mots.size())});
   rapport.Ligne({"Nombre de mots différents"_w, NombreNu(distincts.size())});
 
-  if (!questions) questions = DemanderQuestions(gabarit, contexte.Ecran(), rapport);
-  else CompleterStimulus(*questions, gabarit, contexte.Ecran(), rapport);
+  if (!questions) questions = DemanderQuestions(gabarit, contexte.Ecran());
+  else CompleterStimulus(*questions, gabarit, contexte.Ecran());
   EcrirePosDesMots(sorties.Positions(), contexte.generique, static_cast<std::int64_t>(corpus.mots.size()), *questions);
   sorties.Valider();
   rapport.Ligne("Fin normale du programme");

@@ -116,7 +116,7 @@ TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
     if (avant == 1) pilote_.Taper("SEX");
     pilote_.Abandonner();
     Cliquer(decoupage, "CbLancer");
-    EXPECT_TRUE(bureau_.Texte().endsWith("\nArrêt volontaire du programme\n")) << bureau_.Texte().toStdString();
+    EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
     EXPECT_FALSE(bureau_.Existe("ENQ.DAT"));
     EXPECT_FALSE(bureau_.Existe("ENQ.POS"));
   }
