@@ -29,9 +29,9 @@ sans_ecran() {
   trap 'rm -rf "$copie"' EXIT
   cp -r examples/loisirs examples/paquets "$copie"
   PATH="$racine/build/core/bin:$PATH"
-  (cd "$copie/loisirs" && sh -e chaine.sh && cp plan.* "$racine/build/")
+  (cd "$copie/loisirs" && sh -e chaine.sh && cp plan.* effets.svg "$racine/build/")
   (cd "$copie/paquets" && sh -e chaine.sh && cp mots.* "$racine/build/")
-  echo "Le plan des facteurs est dans $racine/build : plan.svg, plan.png ; celui des mots : mots.svg, mots.png" >&2
+  echo "Dans $racine/build : le plan des facteurs (plan.svg, plan.png), les effets de la régression (effets.svg), le plan des mots (mots.svg, mots.png)" >&2
 }
 
 # The copy is made once: what the user does there afterwards is never overwritten. The survey is imported in it, and

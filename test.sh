@@ -42,13 +42,14 @@ suite() {
   reussis=$((reussis + ${bilan##* } - ${bilan%% *}))
 }
 
-# The commands of the README on the example survey, as run.sh shows them; its picture is the one that they draw.
+# The commands of the README on the example survey and text, as run.sh shows them; its pictures are those that they draw.
 chaine() (
   copie=$(mktemp -d) && trap 'rm -rf "$copie"' EXIT
   racine=$PWD
   cp -r examples/loisirs/. "$copie" && PATH="$racine/build/release/bin:$PATH" && cd "$copie" && sh -e chaine.sh &&
-    cmp plan.svg "$racine/docs/images/plan.svg" &&
-    cp -r "$racine/examples/paquets" "$copie/paquets" && cd "$copie/paquets" && sh -e chaine.sh && [ -s mots.svg ]
+    cmp plan.svg "$racine/docs/images/plan.svg" && cmp effets.svg "$racine/docs/images/effets.svg" &&
+    cp -r "$racine/examples/paquets" "$copie/paquets" && cd "$copie/paquets" && sh -e chaine.sh &&
+    cmp mots.svg "$racine/docs/images/mots.svg"
 )
 
 paquet() { packaging/essai.sh build/release || [ $? = 77 ]; }

@@ -123,7 +123,10 @@ ligne "saisiemot, 1,2 million de mots" MOTS.TXT "rm -f MOTS.DAT MOTS.IMP" "$bin/
 ligne "tabmot, 5 questions" MOTS.DAT "rm -f MOTS.BRT MOTS.MOD MOTS.PRT" "$bin/quelvar-batch" tabmot MOTS
 ligne "preptext" MOTS.DAT "rm -f MOTT.txt MOTT.pos MOTT.mod MOTT.prt" "$bin/quelvar-batch" preptext MOTS dat=oui
 ligne "concordance d'un mot" MOTS.DAT "" "$bin/quelvar-batch" concordance MOTS mots=mot77
+ligne "concordance de 120 000 lignes, contexte gauche" MOTS.DAT "" "$bin/quelvar-batch" concordance MOTS \
+  mots=mot0,mot1,mot2,mot3,mot4,mot5,mot6 ordre=gauche
 awk 'BEGIN { srand(2); for (i = 0; i < 1000000; i++) printf "%010d une ligne de soixante caracteres pour le tri        \n", int(rand() * 5000) }' >LIGNES.TXT
+ligne "plancher : voir chaque octet" LIGNES.TXT "" "$bin/quelvar-plancher" octets LIGNES.TXT
 ligne "trifichier, un million de lignes" LIGNES.TXT "rm -f TRIE.TXT" "$bin/quelvar-batch" trifichier MOTS a=LIGNES.TXT \
   c=TRIE.TXT position=1 largeur=10
 
@@ -164,7 +167,11 @@ codage() {
     for ((q = 1; q <= $3; q++)); do for m in 1 2 3 4; do printf 'Q%d_%d %s Q%d%d modalite\r\n' $q $m "$([ $m = 1 ] && echo R || echo X)" $q $m; done; done; } >$1.MOD
 }
 codage CODE6 100000 6
+ligne "plancher : voir chaque octet" CODE6.CDG "" "$bin/quelvar-plancher" octets CODE6.CDG
 ligne "anatab, 6 questions" CODE6.CDG "rm -f CODE6.TRP" "$bin/quelvar-batch" anatab CODE6 2>/dev/null
+codage CODEM6 1000000 6
+ligne "anatab, 6 questions, un million (rapport de 600 Mo)" CODEM6.CDG "rm -f CODEM6.TRP" "$bin/quelvar-batch" anatab CODEM6 2>/dev/null
+rm -f CODEM6.*
 codage CODE3 1000000 3
 ligne "plancher : voir chaque octet" CODE3.CDG "" "$bin/quelvar-plancher" octets CODE3.CDG
 ligne "anatab, 3 questions" CODE3.CDG "rm -f CODE3.TRP" "$bin/quelvar-batch" anatab CODE3 2>/dev/null

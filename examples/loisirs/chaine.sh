@@ -21,5 +21,15 @@ quelvar-batch varint LOISIRT questions=CIN
 quelvar-batch posmod LOISIRT mode=regr 'actives=CIN,SEX,*AG,PRO' codeszero=non
 quelvar-batch modifmodr LOISIRT expliquer=CIN1 'reference=SEX1,*AG1,PRO5' \
   'intitule=CIN1=va au cinéma' 'intitule=SEX1=Homme' 'intitule=SEX2=Femme' \
-  'intitule=*AG1=Moins de 36 ans' 'intitule=*AG2=De 36 à 65 ans' 'intitule=*AG3=Plus de 65 ans'
-quelvar-batch anatab LOISIRT
+  'intitule=*AG1=Moins de 36 ans' 'intitule=*AG2=De 36 à 65 ans' 'intitule=*AG3=Plus de 65 ans' \
+  'intitule=PRO1=ONQ Ouvrier non qualifié' 'intitule=PRO2=OQ Ouvrier qualifié' 'intitule=PRO3=Technicien' \
+  'intitule=PRO4=Contremaître' 'intitule=PRO5=Cadre' 'intitule=PRO6=Employé' 'intitule=PRO7=Autre'
+# Les effets de chaque modalité, à la fois par les sous-effets et par le modèle logistique : effets.svg.
+quelvar-batch anatab LOISIRT image=effets.svg
+# Les sorties et pratiques culturelles d'après l'âge et la télévision, par les moindres carrés : une zone du fichier,
+# chaque colonne a sa ligne dans le fichier des modalités.
+quelvar-batch exporter LOISIRT a=LOISIRT.DAT c=SORTIES.CDG debut=18 fin=30
+printf '%s\r\n' SORTIES ' FMT=1' 'TEL  X Télévision par jour' 'SEX    Sexe' 'AGE  X Age en 8 classes' \
+  'MAT    Situation matrimoniale' 'PRO    Profession' 'NBA1   Activités, dizaines' 'NBA2   Activités, unités' \
+  '*AG    Age en 3 classes' 'CUL  Y Sorties et pratiques' | iconv -f UTF-8 -t WINDOWS-1252 >SORTIES.MOD
+quelvar-batch reglin SORTIES

@@ -10,7 +10,6 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/fiches.h"
-#include "regression/anatab/melange.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
 #include "support/environnement.h"

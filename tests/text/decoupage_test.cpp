@@ -2,6 +2,7 @@
 
 #include "core/texte/nombres.h"
 #include "support/programme.h"
+#include "text/decoupage/apercu.h"
 #include "text/decoupage/liste.h"
 #include "text/decoupage/saisiemot.h"
 #include "text/preparation/preptext.h"
@@ -62,11 +63,18 @@ TEST_F(RunTexte, AStopLeavesTheFormerFiles) {
   Ecrire("ENQ.TR1", "ancien\r\n");
   Ecrire("ENQ.TXT", "");
   const auto avant = Fichiers("ENQ.IMP");
-  for (const std::string_view texte : {"", "1 a\n\n1\n", "12 sans fin", "123 a\nb\nc*\n"}) {
+  const std::pair<std::string_view, std::string_view> cas[] = {
+      {"", "*** Le fichier ENQ.TXT est vide"},
+      {"1\n\n1 a\n", "ARRET DU AUX ERREURS RENCONTREES"},
+      {"12 sans fin", "ARRET : MANQUE ETOILE FINALE"},
+      {"123 a\nb\nc*\n", "*** ERREUR : PLUS DE  2  LIGNES PAR INDIVIDU"},
+      {"1*\n2*\n", "Enregistrement incomplet à la ligne"_w}};
+  for (const auto& [texte, dit] : cas) {
     OptionsSaisieMot options;
     options.position = 3;
     options.lignesMax = 2;
     EXPECT_EQ(Decouper(texte, options), Fin::Arret) << texte;
+    EXPECT_TRUE(Dit(dit)) << montre_;
     Ecrire("ENQ.TXT", "");
     EXPECT_EQ(Fichiers("ENQ.IMP"), avant) << texte;
   }
@@ -83,6 +91,13 @@ TEST_F(RunTexte, AUtf8TextIsConvertedOrRefusedNeverReadWrong) {
   EXPECT_EQ(Decouper("1\xC3\xA9t\xC3\xA9 \xE2\x98\x83*\n", options), Fin::Normale);
   EXPECT_TRUE(Dit("   1 ?            1 été       "_w)) << montre_;
   EXPECT_TRUE(Dit("*** Attention : 1 caractère(s) de ENQ.TXT"_w));
+}
+
+TEST_F(RunTexte, TheHeadOfAUtf8TextIsShownAsItWillBeRead) {
+  Ecrire("ENQ.TXT",
+         "\xEF\xBB\xBF"
+         "1\xC3\xA9t\xC3\xA9*\r\n2oui*\r\n");
+  EXPECT_TRUE(ApercevoirTexte(contexte_).texte.ends_with("1été*\r\n2oui*\r\n"_w));
 }
 
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {

@@ -83,6 +83,11 @@ bool EstEphemere(const Contexte& contexte, std::string_view nomRapport) {
   return contexte.generique.empty() || nomRapport == kRapportSansNom;
 }
 
+// Such a report goes once it is shown; the viewer reads a long one from its file.
+bool SEfface(const Contexte& contexte, std::string_view nomRapport, const Chemin& rapport) {
+  return EstEphemere(contexte, nomRapport) && (contexte.generique.empty() || LongueurFichier(rapport) <= kLimiteTexte);
+}
+
 Affichage Presenter(const Chemin& rapport, std::string_view nomRapport, bool ephemere) {
   const std::string garde = ephemere ? std::string() : rapport.native();
   if (LongueurFichier(rapport) > kLimiteTexte)
@@ -100,7 +105,7 @@ Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, co
   try {
     const std::optional<Chemin> rapport = ChercherFichier(contexte.repertoire, nomRapport);
     if (!rapport) throw Erreur(kFichierIntrouvable);
-    const bool ephemere = EstEphemere(contexte, nomRapport);
+    const bool ephemere = SEfface(contexte, nomRapport, *rapport);
     Affichage affichage = Presenter(*rapport, nomRapport, ephemere);
     if (ephemere) EffacerFichier(*rapport);
     return affichage;
@@ -135,15 +140,14 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
   Affichage affichage;
   try {
     const std::vector<GeneriqueTenu> tenus = Tenir(contexte, nomRapport);
-    const bool ephemere = EstEphemere(contexte, nomRapport);
     Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport), mode);
     if (AvecEtrangers(contexte.generique) || AvecEtrangers(nomRapport)) rapport.MontrerLesNomsEtrangers();
     for (const GeneriqueTenu& tenu : tenus)
       for (const std::string& ligne : tenu.Recit()) rapport.Ligne(ligne);
     const std::optional<Erreur> panne = ExecuterCorps(rapport, libelles, corps);
     if (!panne) fin = Fin::Normale;
-    if (ephemere) {
-      affichage = Presenter(rapport.Achever(), nomRapport, true);
+    if (const Chemin& ecrit = rapport.Achever(); SEfface(contexte, nomRapport, ecrit)) {
+      affichage = Presenter(ecrit, nomRapport, true);
     } else {
       rapport.Valider();
       affichage = FinProgramme(contexte, nomRapport, libelles);

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -77,5 +78,19 @@ std::vector<Comptee> CompterVoisines(const std::vector<NumeroFiche>& triees);
 
 // Only the pairs of neighbours that differ in the explained modality alone; a pair is consumed.
 std::vector<Comptee> GarderLesPaires(const std::vector<Comptee>& comptees, const Fiches& fiches);
+
+// What the order of the records has taken apart: a key of fifteen digits cannot tell long ones from each other, and
+// situations then fall to pieces.
+struct Melange {
+  std::size_t situations = 0;   // that the individuals are in
+  std::size_t morceaux = 0;     // that the order makes of them
+  std::size_t inversees = 0;    // in which a no stands in front of a yes: it is then counted as one
+  std::int64_t population = 0;  // of the situations that an exact order would keep, individuals
+};
+
+// Nothing when each record stands in one place, beside those of its situation. `possibles` counts the records that
+// there can be: only where some are missing are the situations without a yes, or without a no, left out.
+std::optional<Melange> MelangeDesFiches(const Individus& individus, const std::vector<Comptee>& comptees,
+                                        double possibles);
 
 }  // namespace quelvar::regression

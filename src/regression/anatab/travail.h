@@ -9,7 +9,6 @@
 #include "regression/anatab/base.h"
 #include "regression/anatab/effets_edition.h"
 #include "regression/anatab/fiches.h"
-#include "regression/anatab/melange.h"
 #include "regression/anatab/modele.h"
 
 namespace quelvar::regression {

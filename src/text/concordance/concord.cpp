@@ -114,13 +114,29 @@ std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, Ord
   return rangs;
 }
 
-std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre) {
+std::vector<std::string> MotsTapes(std::string_view texte) {
+  std::vector<std::string> mots;
+  for (std::size_t debut = 0; debut < texte.size();) {
+    const std::size_t fin = std::min(texte.find_first_of(" ,", debut), texte.size());
+    if (fin > debut) mots.emplace_back(texte.substr(debut, fin - debut));
+    debut = fin + 1;
+  }
+  return mots;
+}
+
+std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre, std::size_t auPlus) {
   std::string noms;
   for (const std::string& mot : concordances.mots) noms += (noms.empty() ? "" : ", ") + mot;
   if (!concordances.faute.empty()) return concordances.faute + "\r\n";
   std::string texte = Joindre({"Concordance de : ", noms, "\r\n", Nombre(concordances.lignes.size()), " ligne(s) de ",
-                               concordances.source, "\r\n\r\n"});
-  for (const std::uint32_t rang : RangsDansLOrdre(concordances, ordre)) {
+                               concordances.source, "\r\n"});
+  std::vector<std::uint32_t> rangs = RangsDansLOrdre(concordances, ordre);
+  if (rangs.size() > auPlus) {
+    rangs.resize(auPlus);
+    texte += Joindre({"Les "_w, Nombre(auPlus), " premières seulement : le fichier enregistré les a toutes\r\n"_w});
+  }
+  texte += "\r\n";
+  for (const std::uint32_t rang : rangs) {
     const LigneDeConcordance& ligne = concordances.lignes[rang];
     texte += ligne.caracteristiques;
     texte += "  ";

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,8 +38,12 @@ Concordances ChercherConcordances(const Contexte& contexte, const std::vector<st
 // keep their order. `rangs` are those of the lines to show.
 std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre);
 
-// The text of the window: a title, then the lines.
-std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre);
+// The words that a user types, with blanks or commas between them.
+std::vector<std::string> MotsTapes(std::string_view texte);
+
+// A title, then the lines: at most so many of them, and it is then said how many there are.
+std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre,
+                                std::size_t auPlus = std::numeric_limits<std::size_t>::max());
 
 struct OptionsConcordance {
   std::vector<std::string> mots{};

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/document/affichage.h"
+#include "text/commun/source.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
 
@@ -12,11 +13,11 @@ namespace quelvar::text {
 namespace {
 
 constexpr int kLignesMontrees = 10;
-constexpr int kLargeurFrequence = 6;
+constexpr int kLargeurFrequence = 8;
 
 MotCompte Montrer(const std::string& champ, std::int64_t frequence) {
   const std::string mot(RognerDroite(champ));
-  return {Joindre({EntierDroit(frequence, kLargeurFrequence), " ", mot}), mot};
+  return {Joindre({CadreGauche(champ, kLargeurMot), EntierDroit(frequence, kLargeurFrequence)}), mot};
 }
 
 }  // namespace
@@ -33,9 +34,11 @@ ApercuDuTexte ApercevoirTexte(const Contexte& contexte) {
   LecteurLignes lecteur(*chemin);
   std::string_view ligne;
   for (int i = 0; i < kLignesMontrees && lecteur.Lire(ligne); ++i) {
-    ligne = ligne.substr(0, kRegleMaximum);
-    longueur = std::max(longueur, ligne.size());
-    lignes += Joindre({ligne, "\r\n"});
+    // As the program will read it, converted.
+    const std::string lue = EstUtf8(ligne) ? DepuisUtf8(SansMarqueUtf8(ligne)) : std::string(ligne);
+    const std::string_view montree = std::string_view(lue).substr(0, kRegleMaximum);
+    longueur = std::max(longueur, montree.size());
+    lignes += Joindre({montree, "\r\n"});
   }
   apercu.texte = RegleDesPositions(longueur) + lignes;
   return apercu;

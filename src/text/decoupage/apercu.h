@@ -15,7 +15,7 @@ struct ApercuDuTexte {
 };
 ApercuDuTexte ApercevoirTexte(const Contexte& contexte);
 
-// A word with its frequency in front, as a list shows it, and the word alone.
+// A word with its frequency behind it, as a list shows it, and the word alone.
 struct MotCompte {
   std::string texte;
   std::string mot;

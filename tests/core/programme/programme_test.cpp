@@ -102,6 +102,9 @@ TEST_F(Cadre, AReportWithoutANameIsDeletedOnceShown) {
   Executer([](Rapport& rapport) { rapport.Ligne("a"); }, "$$$.prt");
   EXPECT_EQ(vu_.texte, "a\r\n");
   EXPECT_FALSE(Existe("$$$.prt"));
+  Executer([](Rapport& rapport) { rapport.Suite(std::string(35001, 'x')); }, "$$$.prt");
+  EXPECT_EQ(vu_.ou, Affichage::Ou::Lecteur);
+  EXPECT_EQ(LireOctets(vu_.rapport).size(), 35001U) << "the viewer reads it from its file";
   contexte_.generique.clear();
   Executer([](Rapport& rapport) { rapport.Ligne("b"); }, ".PRT");
   EXPECT_EQ(vu_.texte, "b\r\n");

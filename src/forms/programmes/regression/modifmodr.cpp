@@ -141,6 +141,7 @@ void ModifModR::Enregistrer() {
     Dire(regression::kTitreErreur, TexteErreur(erreur));
     return;
   }
+  duFichier_ = etat_.textes;
   if (const std::string_view incoherence = regression::Incoherence(etat_.textes); !incoherence.empty()) {
     Dire(regression::kTitreAvertissement, incoherence);
     return;

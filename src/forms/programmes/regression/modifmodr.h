@@ -19,6 +19,7 @@ class ModifModR : public Forme {
  public:
   explicit ModifModR(Services& services);
   ~ModifModR() override;
+  bool ATravail() const override { return etat_.textes != duFichier_; }
 
  private:
   regression::TypeDeQuestion Type() const;
@@ -31,7 +32,7 @@ class ModifModR : public Forme {
   void Enregistrer();
 
   regression::EtatModifModR etat_;
-  std::vector<std::string> duFichier_;  // the lines as they were loaded
+  std::vector<std::string> duFichier_;  // the lines as the file has them
   std::vector<std::string> questions_;
   std::vector<std::size_t> montrees_;  // indices of the modalities that Listmod shows
   std::unique_ptr<Ui::ModifModR> ui_;

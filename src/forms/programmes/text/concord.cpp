@@ -1,7 +1,9 @@
 #include "forms/programmes/text/concord.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QFontDatabase>
+#include <QGuiApplication>
 
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
@@ -9,6 +11,12 @@
 #include "ui_concord.h"
 
 namespace quelvar::forms {
+
+namespace {
+
+constexpr std::size_t kLignesMontrees = 50000;  // more take seconds to lay out
+
+}  // namespace
 
 Concord::Concord(Services& services, text::Concordances concordances)
     : Forme(services), concordances_(std::move(concordances)), ui_(std::make_unique<Ui::Concord>()) {
@@ -18,11 +26,18 @@ Concord::Concord(Services& services, text::Concordances concordances)
     connect(ordre, &QRadioButton::toggled, this, [this](bool choisi) {
       if (choisi) MontrerTexte();
     });
+  connect(ui_->TextMots, &QLineEdit::returnPressed, this, &Concord::Chercher);
+  connect(ui_->BoutChercher, &QPushButton::clicked, this, &Concord::Chercher);
+  connect(ui_->BoutCopier, &QPushButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(Texte()); });
   connect(ui_->BoutEnregS, &QPushButton::clicked, this, &Concord::Enregistrer);
   RelierCommande(*ui_->BoutEnregS, text::DescriptionConcordance(), contexte_, [this] {
     return text::OptionsConcordance{concordances_.mots, Ordre(), {}};
   });
   RelierQuitter(*ui_->BoutQuitter);
+  QStringList mots;
+  for (const std::string& mot : concordances_.mots) mots << VersQt(mot);
+  ui_->TextMots->setText(mots.join(u' '));
+  ui_->TextInfo->setFocus();
   MontrerTexte();
 }
 
@@ -34,9 +49,25 @@ text::OrdreDeConcordance Concord::Ordre() const {
 }
 
 void Concord::MontrerTexte() {
-  QString texte = VersQt(text::TexteDeConcordances(concordances_, Ordre()));
+  QString texte = VersQt(text::TexteDeConcordances(concordances_, Ordre(), kLignesMontrees));
   texte.remove('\r');
   ui_->TextInfo->setPlainText(texte);
+}
+
+QString Concord::Texte() const {
+  QString texte = VersQt(text::TexteDeConcordances(concordances_, Ordre()));
+  return texte.remove('\r');
+}
+
+void Concord::Chercher() {
+  const std::vector<std::string> mots = text::MotsTapes(DepuisQt(ui_->TextMots->text()));
+  if (mots.empty()) return services_.ecran.biper();
+  try {
+    concordances_ = text::ChercherConcordances(contexte_, mots);
+    MontrerTexte();
+  } catch (const Erreur& erreur) {
+    services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
+  }
 }
 
 void Concord::Enregistrer() {
@@ -46,7 +77,7 @@ void Concord::Enregistrer() {
   if (fichier.isEmpty()) return;
   try {
     Remplacement copie(CheminDepuisQt(fichier));
-    copie.Fichier().Ecrire(DepuisQt(ui_->TextInfo->toPlainText().replace('\n', QStringLiteral("\r\n"))));
+    copie.Fichier().Ecrire(text::TexteDeConcordances(concordances_, Ordre()));
     copie.Valider();
   } catch (const Erreur& erreur) {
     services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);

@@ -22,6 +22,8 @@ class Concord : public Forme {
  private:
   text::OrdreDeConcordance Ordre() const;
   void MontrerTexte();
+  QString Texte() const;  // all lines
+  void Chercher();
   void Enregistrer();
 
   text::Concordances concordances_;

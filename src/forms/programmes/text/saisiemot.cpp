@@ -1,6 +1,7 @@
 #include "forms/programmes/text/saisiemot.h"
 
 #include <QFontDatabase>
+#include <QShortcut>
 #include <algorithm>
 
 #include "core/texte/nombres.h"
@@ -33,8 +34,16 @@ SaisieMot::SaisieMot(Services& services)
   RelierStimulus();
   for (const text::MotCompte& mot : mots_) ui_->ListMots->addItem(VersQt(mot.texte));
   ui_->FrMots->setVisible(!mots_.empty());
-  connect(ui_->ListMots, &QListWidget::itemDoubleClicked, this,
-          [this] { OuvrirConcord(services_, {mots_[static_cast<std::size_t>(ui_->ListMots->currentRow())].mot}); });
+  const auto concordance = [this] {
+    if (const int ligne = ui_->ListMots->currentRow(); ligne >= 0)
+      OuvrirConcord(services_, {mots_[static_cast<std::size_t>(ligne)].mot});
+  };
+  connect(ui_->ListMots, &QListWidget::itemDoubleClicked, this, concordance);
+  for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* entree = new QShortcut(touche, ui_->ListMots);
+    entree->setContext(Qt::WidgetShortcut);
+    connect(entree, &QShortcut::activated, this, concordance);
+  }
   connect(ui_->CbLancer, &QPushButton::clicked, this, &SaisieMot::LancerSaisieMot);
   RelierCommande(*ui_->CbLancer, text::DescriptionSaisieMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);

@@ -51,6 +51,7 @@ TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {
 
   CliquerLigne(forme, "ListPos", 0);
   CliquerLigne(forme, "Listmod", 0);
+  EXPECT_TRUE(forme.ATravail());
   EXPECT_EQ(Lignes(forme, "Listmod"), (QStringList{"CIN1 Y oui", "CIN2   non"}));
   const QString avant = QString::fromStdString(bureau_.Lire("ENQ.MOD"));
   Cliquer(forme, "BoutEnreg");
@@ -78,6 +79,7 @@ TEST_F(FormesDeLaRegression, UnAvertissementLaisseLaFormeOuverte) {
   bureau_.Ecrire("ENQ.MOD", "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2 S non\r\nSEX1 R Homme\r\n");
   ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
   Cliquer(forme, "BoutEnreg");
+  EXPECT_FALSE(forme.ATravail());
   EXPECT_TRUE(Message(forme).startsWith("*** Avertissement ***\nIncohérence globale"));
   Cliquer(forme, "BoutAide");
   EXPECT_TRUE(Message(forme).startsWith("Pour faire une régression"));

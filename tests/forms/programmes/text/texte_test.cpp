@@ -1,6 +1,8 @@
 // The forms of the textual data, one after the other on one text as a user takes them.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -86,6 +88,16 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   Cliquer(*concordance, "OptGauche");
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),
             "quelvar-batch --niveau 2 concordance ENR mots=travail ordre=gauche");
+  Taper(*concordance, "TextMots", "rire, le");
+  Cliquer(*concordance, "BoutChercher");
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
+                  .toPlainText()
+                  .startsWith("Concordance de : rire, le\n3 ligne(s)"));
+  Cliquer(*concordance, "BoutCopier");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo").toPlainText());
+  pilote_.Choisir(QString::fromStdString((bureau_.Dossier() / "c.txt").string()));
+  Cliquer(*concordance, "BoutEnregS");
+  EXPECT_TRUE(bureau_.Lire("c.txt").starts_with("Concordance de : rire, le\r\n3 ligne(s) de ENR.DAT\r\n\r\n"));
   Cliquer(*concordance, "BoutQuitter");
   auto& liste = Bureau::Dans<QListWidget>(lignes, "ListLignSuppl");
   for (const int ligne : {6, 7}) liste.item(ligne)->setSelected(true);
