@@ -46,7 +46,8 @@ class BureauDEnquete : public Bureau {
     Ecrire("ENQ.POS", "ENQ\r\n 6 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   212 $Age$\r\nLEC   4 3 $Lecture$ &ACT&\r\n");
     Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 73\r\n2 11\r\n1 42\r\n2 63\r\n");
     Ecrire("ENQ.MOD",
-           "ENQ\r\n BRT=5 FMT=1 \r\nSEX1   Homme\r\nSEX2   \r\nLEC1   Peu\r\nLEC2 S \r\nLEC3   \r\n**\r\nAGE1   Jeune\r\n");
+           "ENQ\r\n BRT=5 FMT=1 \r\nSEX1   Homme\r\nSEX2   \r\nLEC1   Peu\r\nLEC2 S \r\nLEC3   \r\n**\r\nAGE1   "
+           "Jeune\r\n");
     Ecrire("ENQ.BRT", "SEX130111\r\nSEX203111\r\nLEC111200\r\nLEC211020\r\nLEC311002\r\n");
     Ouvrir();
   }
@@ -92,15 +93,25 @@ void Intituler(const QWidget& forme, int ligne, const QString& texte) {
 
 const CasDeCommande kCas[] = {
     {"Triapl", "mnuTriapl", "BoutonTriapl",
-     [](const QWidget& f, Pilote&) { Cliquer(f, {"CaseMod", "BoutNRNon", "CaseVerif"}); }, "nonreponses=exclues"},
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"CaseMod", "BoutNRNon", "CaseVerif"});
+     },
+     "nonreponses=exclues"},
     {"Posmod", "mnuPosmod", "BoutLancer",
      [](const QWidget& f, Pilote&) {
        CliquerLigne(f, "ListVar1", 0);
        Cliquer(f, {"BoutSupPlus", "CaseCodZ", "CaseCodLog", "CaseSup"});
      },
      "individus=oui"},
-    {"Ecapem", "mnuEcapem", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, {"ChkCompact", "ChkTab"}); }, "ecapem"},
-    {"Anecar", "mnuAnecar", "BoutEnreg", [](const QWidget& f, Pilote&) { Cliquer(f, {"optDetails", "Inv1"}); },
+    {"Ecapem", "mnuEcapem", "Lancer",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"ChkCompact", "ChkTab"});
+     },
+     "ecapem"},
+    {"Anecar", "mnuAnecar", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"optDetails", "Inv1"});
+     },
      "inversions=1"},
     {"Croise", "mnuCroise", "BoutLancerTri",
      [](const QWidget& f, Pilote&) {

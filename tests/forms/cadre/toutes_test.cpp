@@ -17,6 +17,8 @@
 
 #include "factor/analyse/anecar.h"
 #include "forms/cadre/entrees.h"
+#include "forms/editeur/frmsdi.h"
+#include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "modalities/creation/posmod.h"
 #include "tables/ecapem.h"
@@ -117,12 +119,17 @@ void VerifierTabulation(QWidget& fenetre) {
   for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
 }
 
-// The height of a screen of 1024 x 768, with the bar of the window, and inside the screen.
-void VerifierTaille(const QWidget& fenetre) {
-  EXPECT_LE(fenetre.minimumSizeHint().height(), 768 - 40);
-  const QRect ecran = fenetre.screen()->availableGeometry();
-  EXPECT_GE(fenetre.frameGeometry().top(), ecran.top());
-  EXPECT_GE(fenetre.frameGeometry().left(), ecran.left());
+// Whole on a screen of 1024 x 768, with the bar of the window; on smaller ones it scrolls and stays inside.
+void VerifierTaille(QWidget& fenetre) {
+  const QSize besoin = ContenuDe(fenetre).minimumSizeHint();
+  EXPECT_LE(besoin.width(), 1024);
+  EXPECT_LE(besoin.height(), 768 - 40);
+  for (const QRect& ecran : {fenetre.screen()->availableGeometry(), QRect(0, 0, 1280, 720), QRect(0, 0, 640, 360)}) {
+    TenirDans(fenetre, ecran);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    EXPECT_TRUE(ecran.contains(fenetre.frameGeometry()))
+        << ecran.width() << " x " << ecran.height() << ": " << fenetre.width() << " x " << fenetre.height();
+  }
 }
 
 TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
@@ -144,6 +151,14 @@ TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
       }
     }
   }
+}
+
+TEST(ToutesLesFormes, LaFenetrePrincipaleEtLEditeurTiennentSurUnPetitEcran) {
+  BureauComplet bureau;
+  VerifierTaille(bureau.Fenetre());
+  bureau.Menu("mnuEdPOS");
+  for (QWidget* fenetre : QApplication::topLevelWidgets())
+    if (auto* editeur = qobject_cast<frmSDI*>(fenetre)) VerifierTaille(*editeur);
 }
 
 // Opening a form and leaving it changes no byte in the directory.
