@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "utilities/fusion_pos.h"
 #include "utilities/utilitaires.h"
@@ -87,19 +88,33 @@ void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
   throw Erreur(kArretAnnonce);
 }
 
-// Puts C, and its .POS, in their places.
-void Enregistrer(const Travail& travail, Remplacement& c, const std::vector<std::string>& lignesPos) {
-  c.Achever();
-  if (!travail.pos) {
-    c.Valider();
-    return;
+// C and its .POS, which come into being together: outputs of the generic that they make.
+class Resultat {
+ public:
+  explicit Resultat(const Travail& travail)
+      : travail_(travail),
+        chemin_(CheminDEcriture(travail.contexte.repertoire, travail.options.c)),
+        sorties_(chemin_.parent_path(), TexteDe(chemin_.stem())),
+        c_(sorties_.Ouvrir(TexteDe(chemin_.filename()), Nature::Refaisable)) {
+    for (const std::string& ligne : sorties_.Recit()) travail.rapport.Ligne(ligne);
   }
-  Remplacement pos(travail.contexte.repertoire, NomDuPos(travail.options.c));
-  for (const std::string& ligne : lignesPos) pos.Fichier().Ligne(ligne);
-  pos.Achever();
-  c.Valider();
-  pos.Valider();
-}
+  Ecrivain& Fichier() { return c_; }
+  void Valider(const std::vector<std::string>& lignesPos) {
+    if (travail_.pos) {
+      Ecrivain& pos = sorties_.Ouvrir(TexteDe(CheminDe(NomDuPos(travail_.options.c)).filename()), Nature::Unique);
+      for (const std::string& ligne : lignesPos) pos.Ligne(ligne);
+    }
+    sorties_.Valider();
+  }
+  // What stands there of a fusion that stops, without a .POS.
+  void Laisser() { sorties_.Valider(); }
+
+ private:
+  const Travail& travail_;
+  Chemin chemin_;
+  JeuDeFichiers sorties_;
+  Ecrivain& c_;
+};
 
 std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t individus) {
   if (!travail.pos) return {};
@@ -141,7 +156,7 @@ void FusionnerCoteACote(const Travail& travail) {
     throw Erreur(kArretAnnonce);
   }
   Verification verification(travail.rapport, travail.options);
-  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets);
   LecteurLignes a(*travail.a.entree.chemin);
   LecteurLignes b(*travail.b.entree.chemin);
@@ -149,14 +164,14 @@ void FusionnerCoteACote(const Travail& travail) {
   std::string_view ligneB;
   for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
     if (!verification.Accepter(individu, ligneA, ligneB)) {
-      c.Valider();
+      c.Laisser();
       Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
     }
     EcrireLigneDeA(travail, ligneA, c.Fichier());
     c.Fichier().Ligne(ligneB);
     avancement.Avancer(ligneA.size());
   }
-  Enregistrer(travail, c, LignesPosCoteACote(travail, travail.a.lignes));
+  c.Valider(LignesPosCoteACote(travail, travail.a.lignes));
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 
@@ -169,13 +184,12 @@ void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets&
 }
 
 void FusionnerALaSuite(const Travail& travail) {
-  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets + travail.b.octets);
   CopierVers(travail.a, c.Fichier(), avancement);
   CopierVers(travail.b, c.Fichier(), avancement);
-  Enregistrer(
-      travail, c,
-      travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes) : std::vector<std::string>{});
+  c.Valider(travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes)
+                        : std::vector<std::string>{});
   EcrireEffectif(travail.rapport, travail.a);
   EcrireEffectif(travail.rapport, travail.b);
   travail.rapport.Ligne(" Fusion à la suite"_w);
@@ -214,15 +228,15 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
 
 void FusionnerParNumero(const Travail& travail) {
   const Identifiants identifiants = LireIdentifiants(travail.options);
-  Remplacement c(travail.contexte.repertoire, travail.options.c);
+  Resultat c(travail);
   const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
   if (bilan.resteDeA || bilan.resteDeB) {
-    c.Valider();
+    c.Laisser();
     travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
                                          : "*** ERREUR Fichier B non terminé"_w);
     Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
   }
-  Enregistrer(travail, c, LignesPosCoteACote(travail, bilan.lignes));
+  c.Valider(LignesPosCoteACote(travail, bilan.lignes));
   travail.rapport.Ligne({"Nombre d'enregistrement résultant :"_w, NombreNu(bilan.lignes)});
   travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
   travail.rapport.Ligne(" Fusion côte à côte"_w);
@@ -289,6 +303,12 @@ std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options)
 }
 
 Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
+  if (MemeFichier(contexte, options.a, options.b) &&
+      contexte.Ecran().demander(
+          Joindre({"*** Attention : les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
+                   " : le résultat contiendra deux fois ses données. L'acceptez-vous ?"_w}),
+          Boutons::OuiNon) != Reponse::Oui)
+    return Fin::Arret;
   OptionsFusion demandees = options;
   if (options.type == TypeFusion::CoteACote && options.verifier && !DemanderIdentifiants(contexte, demandees))
     return Fin::Arret;

@@ -22,7 +22,8 @@ void frmSDI::EcrireSecours() {
   if (genre_ == Genre::Lecteur || !isWindowModified() || ui_->TexteEd->EnChargement() || copiee_ == Revision()) return;
   const TexteDeSecours texte{fichier_, formeTexte_, QString::fromStdU16String(ui_->TexteEd->TexteComplet())};
   if (secours_->Ecrire(texte)) copiee_ = Revision();
-  else if (!copieRefusee_) Dire(QStringLiteral("La copie de secours ne peut pas être écrite : enregistrez votre texte"));
+  else if (!copieRefusee_)
+    Dire(QStringLiteral("La copie de secours ne peut pas être écrite : enregistrez votre texte"));
   copieRefusee_ = copiee_ != Revision();
 }
 

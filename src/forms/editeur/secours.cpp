@@ -42,8 +42,7 @@ QString DossierDeSecours() {
   return racine + QStringLiteral("/quelvar/editeur");
 }
 
-Secours::Secours(QString dossier)
-    : Secours(std::move(dossier), QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
+Secours::Secours(QString dossier) : Secours(std::move(dossier), QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
 
 Secours::~Secours() { Relacher(); }
 

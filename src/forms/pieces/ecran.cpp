@@ -85,7 +85,7 @@ void DistinguerLesLettres(QWidget& fenetre) {
 
 namespace {
 
-constexpr QSize kCadre(8, 40);  // what the window system puts around a window
+constexpr QSize kCadre(0, 40);  // what the window system puts around a window
 constexpr const char* kDefilement = "DefilementDeLaFenetre";
 
 // Puts the content of the window behind bars; the menu and the status bar of a main window stay outside.

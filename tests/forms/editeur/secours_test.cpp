@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 
 #include "forms/editeur/editeurs.h"
@@ -32,17 +33,20 @@ class CopieDeSecours : public testing::Test {
 
   // Another program whose editor holds the file with a line more (see main_forms.cpp).
   void Demarrer(QProcess& autre, int cadence) {
+    autre.setWorkingDirectory(QFileInfo(Fichier()).path());
+    autre.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     autre.start(QCoreApplication::applicationFilePath(), {"--editeur", Etat(), Fichier(), QString::number(cadence)});
-    ASSERT_TRUE(autre.waitForReadyRead(20000));
+    ASSERT_TRUE(autre.waitForReadyRead(20000)) << autre.errorString().toStdString();
   }
   static void Tuer(QProcess& autre, int signal) {
+    ASSERT_GT(autre.processId(), 0);
     ::kill(static_cast<pid_t>(autre.processId()), signal);
     ASSERT_TRUE(autre.waitForFinished(20000));
     EXPECT_EQ(autre.exitStatus(), QProcess::CrashExit);
   }
   Editeurs& Suivant() {
-    editeurs_ = std::make_unique<Editeurs>(fenetre_, ServicesEditeur{quelvar::ReglagesEnMemoire(), [] {},
-                                                                     [](const QString&) { return false; }, Etat()});
+    editeurs_ = std::make_unique<Editeurs>(
+        fenetre_, ServicesEditeur{quelvar::ReglagesEnMemoire(), [] {}, [](const QString&) { return false; }, Etat()});
     return *editeurs_;
   }
   static QList<frmSDI*> Ouverts() {
