@@ -19,6 +19,7 @@ void Formes::Presenter(Forme& forme) {
     if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
     NommerLesControles(forme);
     DistinguerLesLettres(forme);
+    TenirDansLEcran(forme);  // bars, if any, come before the controls are seen
   }
   forme.show();
   TenirDansLEcran(forme);

@@ -111,6 +111,10 @@ void Defiler(QWidget& fenetre) {
   autour->setContentsMargins(0, 0, 0, 0);
   autour->addWidget(zone);
   autour->activate();
+  if (!fenetre.isVisible()) return;
+  zone->show();
+  for (QWidget* controle : contenu->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    if (!controle->isHidden() || !controle->testAttribute(Qt::WA_WState_ExplicitShowHide)) controle->show();
 }
 
 bool Depasse(const QWidget& fenetre, const QSize& place) {
