@@ -52,6 +52,8 @@ const std::map<std::string, Textes> kLibres = {
     {"modifburt colonnes", {"SEX1", "SEX1,AGE2"}},
     {"modifburt lignes", {"OUV", "OUV,CAD"}},
     {"profilmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"triang marques", {"SEX1=0", "titre=5"}},
+    {"triang deplaces", {"SEX1=3.5/-2", "sommet1=0/0"}},
 };
 
 std::string Valeur(Hasard& hasard, const std::string& programme, const Option& option) {

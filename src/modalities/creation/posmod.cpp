@@ -37,7 +37,7 @@ void EcrireNomsDesFichiers(const Contexte& contexte, Rapport& rapport) {
 }
 
 void DireIndividus(const FichierPos& pos, Rapport& rapport) {
-  if (pos.taille.individus > 0) rapport.Ligne({"Il y a ", NombreNu(pos.taille.individus), " individus"});
+  if (pos.taille.individus > 0) rapport.Ligne(LigneDesIndividus(pos.taille.individus));
 }
 
 // Opens the files; without those that are needed the run stops, before the heading of its report.
@@ -54,8 +54,7 @@ Preparation OuvrirFichiers(const Contexte& contexte, Rapport& rapport) {
 }
 
 void LireQuestions(const Contexte& contexte, Preparation& preparation) {
-  preparation.pos = LirePos(contexte.Exiger(".POS"));
-  ExigerParentheses(preparation.pos.taille, contexte.Ecran());
+  preparation.pos = LirePos(contexte.Exiger(".POS"), contexte.Ecran());
 }
 
 // Opens the files and tells their names.
@@ -92,11 +91,10 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
   throw Erreur(kArretAnnonce);
 }
 
-// The count that line 2 of the .POS announces, or that of the data lines when it announces none.
+// Those of line 2 have been told; a count is told now.
 std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) {
-  if (preparation.pos.taille.individus > 0) return preparation.pos.taille.individus;
-  const std::int64_t individus = CompterLignes(preparation.donnees);
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  const std::int64_t individus = AnnoncesOuComptes(preparation.pos.taille, preparation.donnees);
+  if (preparation.pos.taille.individus <= 0) rapport.Ligne(LigneDesIndividus(individus));
   return individus;
 }
 

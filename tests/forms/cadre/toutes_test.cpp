@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 #include <filesystem>
 #include <map>
@@ -21,6 +22,8 @@
 #include "forms/editeur/frmsdi.h"
 #include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "modalities/creation/posmod.h"
 #include "tables/ecapem.h"
 
@@ -170,6 +173,28 @@ std::map<std::string, std::string> Fichiers(const Bureau& bureau) {
     if (entree.path().extension() != ".jeu")
       fichiers[entree.path().filename()] = bureau.Lire(entree.path().filename().c_str());
   return fichiers;
+}
+
+// The windows that no entry opens at once.
+TEST(ToutesLesFormes, CellesDeLImportation) {
+  BureauComplet bureau;
+  const Silence silence;
+  bureau.Ecrire("t.csv", "Sexe;Age;Note\r\nFemme;23;1\r\nHomme;41;x\r\nFemme;35;2\r\nHomme;52;3\r\n");
+  Services& services = bureau.Fenetre().ServicesDesFormes();
+  OuvrirSourceImport(services);
+  ImporterFichier(services, bureau.Dossier() / "t.csv");
+  ASSERT_EQ(bureau.Ouvertes().size(), 2);
+  for (Forme* forme : bureau.Ouvertes()) {
+    auto* colonnes = forme->findChild<QTableView*>(QStringLiteral("Colonnes"));
+    for (int ligne = 0; ligne < (colonnes == nullptr ? 1 : colonnes->model()->rowCount()); ++ligne) {
+      SCOPED_TRACE(std::string(forme->metaObject()->className()) + " " + std::to_string(ligne));
+      if (colonnes != nullptr) colonnes->setCurrentIndex(colonnes->model()->index(ligne, 0));
+      VerifierLettres(*forme);
+      VerifierNoms(*forme);
+      VerifierTabulation(*forme);
+    }
+    VerifierTaille(*forme);
+  }
 }
 
 // Opening a form and leaving it changes no byte in the directory.
