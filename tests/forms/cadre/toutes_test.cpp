@@ -269,6 +269,7 @@ TEST(ToutesLesFormes, UnRapportLongNEnleveAucuneFormeASonGestionnaire) {
 TEST(ToutesLesFormes, DesFichiersDisparusSontDits) {
   for (const EntreeDeProgramme& entree : EntreesDeProgrammes()) {
     SCOPED_TRACE(entree.action);
+    if (std::string_view(entree.action) == "mnuImport") continue;  // its button asks for the file first
     BureauComplet bureau;
     const Silence silence;
     Prendre(bureau, entree);
