@@ -129,7 +129,9 @@ void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& t
 
 Fin TerminerModifModR(const Contexte& contexte) { return RendreCompte(contexte, kFinNormale); }
 
-Fin AbandonnerModifModR(const Contexte& contexte) { return RendreCompte(contexte, "Arrêt volontaire du programme"_w); }
+Fin AbandonnerModifModR(const Contexte& contexte) {
+  return RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom);
+}
 
 std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
                                                 const std::vector<std::string>& textes) {

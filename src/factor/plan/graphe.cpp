@@ -186,4 +186,74 @@ Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
   return Continuer(contexte, [&](Rapport&) { EcrireImage(contexte, etat, options); });
 }
 
+namespace {
+
+std::vector<std::string> NomsMarques(const EtatPlan& etat) {
+  std::vector<std::string> noms;
+  for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
+    if (etat.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat.donnees.points[i].nom));
+  return noms;
+}
+
+void DireLesLiens(const ReglagesLiens& liens, OptionsGraphe& options) {
+  options.liens = liens.actif && !liens.lignes;
+  options.liensDeLignes = liens.actif && liens.lignes;
+  if (!liens.actif) return;
+  options.values = liens.values;
+  options.arbre = liens.arbre;
+  options.mode = liens.mode;
+  options.progressif = static_cast<int>(liens.progressif.value_or(0));
+  if (liens.ecMin != (liens.lignes ? kEcMinDesLiensDeLignes : 0)) options.ecMin = liens.ecMin;
+  options.ecSup = liens.ecSup;
+}
+
+// The limits beside those that the points ask for.
+void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
+  EtatPlan cale = etat;
+  Caler(cale);
+  const Fenetre& depart = cale.cadre.limites;
+  const Fenetre& f = etat.cadre.limites;
+  const double largeur = f.droite - f.gauche;
+  const double hauteur = f.haut - f.bas;
+  const auto entier = [](double valeur) { return static_cast<int>(ArrondirPair(valeur)); };
+  options.page = entier(100 * etat.cadre.page);
+  options.zoomLargeur = entier(100 * etat.cadre.page * (depart.droite - depart.gauche) / largeur);
+  options.zoomHauteur = entier(100 * etat.cadre.page * (depart.haut - depart.bas) / hauteur);
+  options.versLaDroite = entier(500 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
+  options.versLeHaut = entier(500 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
+}
+
+}  // namespace
+
+OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek) {
+  const ReglagesPlan& reglages = etat.reglages;
+  OptionsGraphe options;
+  options.horizontal = TexteAxe(reglages.horizontal);
+  const bool usuel = reglages.vertical.facteur == 2 && !reglages.vertical.cpf;
+  if (!usuel) options.vertical = TexteAxe(reglages.vertical);
+  options.inverserX = reglages.horizontal.inverse;
+  options.inverserY = reglages.vertical.inverse;
+  options.pointExact = reglages.pointExact;
+  options.contributions = reglages.parContribution;
+  options.longs = reglages.intitulesLongs;
+  options.information = reglages.information;
+  options.individus = reglages.individus;
+  options.ensemble = reglages.ensemble;
+  options.niveauCpf = reglages.niveauCpf;
+  options.taille = reglages.taille;
+  options.gras = reglages.gras;
+  DireLesLiens(reglages.liens, options);
+  options.pajek = pajek && reglages.liens.actif;
+  if (reglages.cah.actif) {
+    options.cah = reglages.cah.trace == TraceCah::Lignes ? CahDuGraphe::Lignes : CahDuGraphe::Couleurs;
+    if (etat.donnees.cah && reglages.cah.niveau != etat.donnees.cah->etapes.size())
+      options.niveauCah = static_cast<int>(reglages.cah.niveau);
+  }
+  options.ellipses = std::string(reglages.ellipses.concentration ? "c" : "") + (reglages.ellipses.mediane ? "m" : "") +
+                     (reglages.ellipses.indicatrice ? "i" : "");
+  options.marques = NomsMarques(etat);
+  DireLeCadre(etat, options);
+  return options;
+}
+
 }  // namespace quelvar::factor

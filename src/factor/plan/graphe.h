@@ -82,6 +82,10 @@ struct OptionsGraphe {
 // Links, rows' links, the tree or the network file are asked for.
 bool DemandeDesLiens(const OptionsGraphe& options);
 
+// The options that make the picture as the form has it. The limits that the mouse has moved are told to the nearest
+// percent and thousandth.
+OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek);
+
 // Preparation, settings, ellipses, picture. A setting that the data refuse stops the run.
 Fin Graphe(const Contexte& contexte, const OptionsGraphe& options);
 

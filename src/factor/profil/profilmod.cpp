@@ -242,7 +242,7 @@ void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& 
 }
 
 Fin AbandonnerProfil(const Contexte& contexte) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(),
+  return ExecuterProgramme(contexte, kRapportSansNom, Libelles(),
                            [](Rapport& rapport) { rapport.Ligne("Arrêt volontaire du programme"_w); });
 }
 

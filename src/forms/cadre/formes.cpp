@@ -19,6 +19,7 @@ void Formes::Presenter(Forme& forme) {
     if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
     NommerLesControles(forme);
     DistinguerLesLettres(forme);
+    TenirDansLEcran(forme);  // bars, if any, come before the controls are seen
   }
   forme.show();
   TenirDansLEcran(forme);
@@ -78,6 +79,11 @@ void Formes::SupprimerFermees() {
 }
 
 bool Formes::eventFilter(QObject* objet, QEvent* evenement) {
+  if (evenement->type() == QEvent::LayoutRequest) {  // what comes up in a form may make it larger than the screen
+    QTimer::singleShot(0, objet, [forme = qobject_cast<Forme*>(objet)] {
+      if (forme != nullptr && forme->isVisible() && DepasseLEcran(*forme)) TenirDansLEcran(*forme);
+    });
+  }
   if (evenement->type() == QEvent::Hide && !evenement->spontaneous()) {
     auto* forme = qobject_cast<Forme*>(objet);
     if (forme != nullptr && ouvertes_.removeAll(forme) > 0) {

@@ -1,4 +1,5 @@
-// Starts the window program: texts in French, the services of the platform, the main form.
+// Starts the window program: texts in French, the services of the platform, the main form, and what an earlier one
+// could not save.
 #include <QApplication>
 #include <QDesktopServices>
 #include <QProcess>
@@ -8,6 +9,7 @@
 #include "forms/cadre/application.h"
 #include "forms/cadre/principal.h"
 #include "forms/cadre/reglages_qt.h"
+#include "forms/cadre/signaux.h"
 #include "forms/texte/texte_qt.h"
 
 namespace {
@@ -26,7 +28,10 @@ int main(int argc, char** argv) {
            quelvar::forms::CheminDepuisQt(QCoreApplication::applicationFilePath()),
            quelvar::forms::CheminDepuisQt(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))),
        quelvar::forms::ReglagesQt(), quelvar::forms::DossierAide(), DemarrerVoisin,
-       [](const QUrl& adresse) { return QDesktopServices::openUrl(adresse); }});
+       [](const QUrl& adresse) { return QDesktopServices::openUrl(adresse); }, quelvar::forms::DossierDeSecours()});
   principal.show();
+  const quelvar::forms::Signaux signaux([&] { principal.TextesOuverts().MettreASauf(); });
+  QMetaObject::invokeMethod(
+      &principal, [&] { principal.TextesOuverts().ProposerLesSecours(); }, Qt::QueuedConnection);
   return QApplication::exec();
 }

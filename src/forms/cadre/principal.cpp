@@ -98,7 +98,8 @@ Principal::Principal(Environnement environnement)
   ui_->BarreDEtat->addPermanentWidget(progression_);
   editeurs_ = std::make_unique<Editeurs>(
       *this, ServicesEditeur{environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); },
-                             [this](const QString& fichier) { return DemarrerLecteur(fichier); }});
+                             [this](const QString& fichier) { return DemarrerLecteur(fichier); },
+                             environnement_.dossierDeSecours});
   resultats_ = std::make_unique<Resultats>(
       Resultats::Controles{*ui_->Text1, *ui_->FichAff, *ui_->VerrouLignes, *ui_->VerrouColonnes}, session_, dialogue_,
       formes_, [this](const QString& fichier) { return DemarrerLecteur(fichier); }, nullptr);

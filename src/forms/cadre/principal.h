@@ -35,6 +35,7 @@ struct Environnement {
   std::function<bool(const QString& programme, const QStringList& arguments)> demarrer;
   // Opens a document or a page in the program that the user has for it.
   std::function<bool(const QUrl& adresse)> ouvrir;
+  QString dossierDeSecours = {};  // of the recovery copies of the editor; none without it
 };
 
 class Principal : public QMainWindow {
@@ -45,6 +46,7 @@ class Principal : public QMainWindow {
 
   // What the forms work with; it lives as long as the window.
   Services& ServicesDesFormes() { return services_; }
+  Editeurs& TextesOuverts() { return *editeurs_; }
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;

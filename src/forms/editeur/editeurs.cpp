@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "forms/cadre/dialogue_qt.h"
+#include "forms/pieces/ecran.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -26,8 +27,7 @@ void Editeurs::Ouvrir(const QString& fichier) {
     Presenter(**ouvert);
     return;
   }
-  auto* editeur = new frmSDI(services_);
-  editeur->setAttribute(Qt::WA_DeleteOnClose);
+  frmSDI* editeur = Nouvel();
   if (!editeur->Ouvrir(chemin)) {
     delete editeur;
     return;
@@ -36,8 +36,43 @@ void Editeurs::Ouvrir(const QString& fichier) {
   Presenter(*editeur);
 }
 
+frmSDI* Editeurs::Nouvel() const {
+  auto* editeur = new frmSDI(services_);
+  editeur->setAttribute(Qt::WA_DeleteOnClose);
+  return editeur;
+}
+
+void Editeurs::ProposerLesSecours() {
+  for (std::unique_ptr<Secours>& secours : Secours::Abandonnes(services_.dossierDeSecours)) {
+    const std::optional<TexteDeSecours> texte = secours->Lire();
+    if (!texte) continue;
+    QString question = QStringLiteral("Le texte de %1 n'était pas enregistré quand le programme s'est arrêté (%2).\n")
+                           .arg(texte->fichier.isEmpty() ? QStringLiteral("« Sans nom »") : texte->fichier,
+                                secours->Instant().toString(QStringLiteral("dd/MM/yyyy à HH:mm:ss")));
+    if (QFileInfo(texte->fichier).lastModified() > secours->Instant())
+      question += QStringLiteral("Le fichier a été changé depuis sur le disque.\n");
+    question += QStringLiteral("Voulez-vous le reprendre dans l'éditeur ?\n\nNon : le texte est perdu");
+    const Reponse reponse = DemanderReponse(&fenetre_, question, Boutons::OuiNonAnnuler);
+    if (reponse == Reponse::Non) secours->Effacer();
+    if (reponse != Reponse::Oui) continue;
+    frmSDI* editeur = Nouvel();
+    if (!editeur->Reprendre(std::move(secours))) {
+      delete editeur;
+      continue;
+    }
+    editeurs_.append(editeur);
+    Presenter(*editeur);
+  }
+}
+
+void Editeurs::MettreASauf() {
+  for (const QPointer<frmSDI>& editeur : editeurs_)
+    if (!editeur.isNull()) editeur->EcrireSecours();
+}
+
 void Editeurs::Presenter(frmSDI& editeur) {
   editeur.show();
+  TenirDansLEcran(editeur);
   editeur.raise();
   editeur.activateWindow();
 }

@@ -21,6 +21,10 @@ class Editeurs : public QObject {
 
   // Shows the editor on a file, the one that is open when there is one.
   void Ouvrir(const QString& fichier);
+  // Offers the texts that a program which is gone had not saved: they open in editors of their own.
+  void ProposerLesSecours();
+  // Keeps recovery copies of what is not saved, now.
+  void MettreASauf();
   // Closes all of them; false when the user keeps one of the texts open.
   bool Fermer();
 
@@ -31,6 +35,7 @@ class Editeurs : public QObject {
 
  private:
   bool Permettre(const std::function<bool(const QString& fichier)>& lu);
+  frmSDI* Nouvel() const;
   void Presenter(frmSDI& editeur);
 
   QWidget& fenetre_;

@@ -30,6 +30,7 @@ frmSDI::frmSDI(ServicesEditeur services, Genre genre, QWidget* parent)
   RelierEdition();
   if (genre_ == Genre::Lecteur) PreparerLecteur();
   else connect(ui_->TexteEd, &QPlainTextEdit::modificationChanged, this, &QWidget::setWindowModified);
+  PreparerSecours();
   MontrerTitre();
   MontrerForme();
   MontrerPosition();

@@ -4,12 +4,14 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <optional>
 
 #include "core/document/texte_edite.h"
 #include "core/session/reglages.h"
+#include "forms/editeur/secours.h"
 
 namespace Ui {
 class frmSDI;
@@ -28,6 +30,8 @@ struct ServicesEditeur {
   std::function<void()> aide = [] {};
   // Shows a file in the viewer; false when that can't be started.
   std::function<bool(const QString& fichier)> lecteur = [](const QString&) { return false; };
+  QString dossierDeSecours = {};  // of the recovery copies; none without it
+  int cadenceDeSecours = 30'000;  // milliseconds between two copies of a text that changes
 };
 
 class frmSDI : public QMainWindow {
@@ -51,6 +55,11 @@ class frmSDI : public QMainWindow {
   bool Enregistrer();
   // Changes with every change of the text.
   int Revision() const;
+
+  // Keeps a recovery copy of a text that has changed since the last one.
+  void EcrireSecours();
+  // Shows the text of a recovery copy, not saved yet, in place of the present one; false when it can't be shown.
+  bool Reprendre(std::unique_ptr<Secours> secours);
 
  protected:
   void changeEvent(QEvent* evenement) override;
@@ -86,6 +95,10 @@ class frmSDI : public QMainWindow {
   void PreparerRecents();
   void RetenirRecent();
 
+  // frmsdi_secours.cpp: recovery copy
+  void PreparerSecours();
+  void EffacerSecours();
+
   // frmsdi_recherche.cpp: search
   frmFind& DialogueRecherche();
   void OuvrirRecherche(bool remplacer);
@@ -111,6 +124,10 @@ class frmSDI : public QMainWindow {
   std::size_t partie_ = 0;              // of a long file in the viewer
   std::size_t parties_ = 1;
   bool surveille_ = false;  // a question about the disk is open
+  std::unique_ptr<Secours> secours_;
+  QTimer cadence_;
+  int copiee_ = -1;  // revision of the text that the copy holds
+  bool copieRefusee_ = false;
 };
 
 }  // namespace quelvar::forms

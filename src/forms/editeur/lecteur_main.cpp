@@ -6,6 +6,7 @@
 #include "forms/cadre/application.h"
 #include "forms/cadre/reglages_qt.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/pieces/ecran.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ int main(int argc, char** argv) {
   const QStringList arguments = QCoreApplication::arguments();
   quelvar::forms::frmSDI lecteur({quelvar::forms::ReglagesQt(), OuvrirAide}, quelvar::forms::frmSDI::Genre::Lecteur);
   lecteur.show();
+  quelvar::forms::TenirDansLEcran(lecteur);
   const bool ouvert = arguments.size() > 1 ? lecteur.Ouvrir(arguments[1]) : lecteur.OuvrirParDialogue();
   return ouvert ? QApplication::exec() : 1;
 }

@@ -4,9 +4,13 @@
 #include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
+#include <QLayout>
 #include <QList>
+#include <QMainWindow>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 
 namespace quelvar::forms {
@@ -79,14 +83,62 @@ void DistinguerLesLettres(QWidget& fenetre) {
   }
 }
 
-QSize PlaceSurLEcran(const QWidget& fenetre) {
-  constexpr QSize cadre(0, 40);
-  return fenetre.screen()->availableSize() - cadre;
+namespace {
+
+constexpr QSize kCadre(0, 40);  // what the window system puts around a window
+constexpr const char* kDefilement = "DefilementDeLaFenetre";
+
+// Puts the content of the window behind bars; the menu and the status bar of a main window stay outside.
+void Defiler(QWidget& fenetre) {
+  if (fenetre.findChild<QScrollArea*>(QString::fromLatin1(kDefilement)) != nullptr) return;
+  auto* principale = qobject_cast<QMainWindow*>(&fenetre);
+  if (principale == nullptr && fenetre.layout() == nullptr) return;
+  auto* zone = new QScrollArea(&fenetre);
+  zone->setObjectName(QString::fromLatin1(kDefilement));
+  zone->setFrameShape(QFrame::NoFrame);
+  zone->setFocusPolicy(Qt::NoFocus);
+  zone->setWidgetResizable(true);
+  fenetre.setMinimumSize(0, 0);
+  if (principale != nullptr) {
+    zone->setWidget(principale->takeCentralWidget());
+    principale->setCentralWidget(zone);
+    return;
+  }
+  auto* contenu = new QWidget;
+  contenu->setLayout(fenetre.layout());  // and with it the controls
+  zone->setWidget(contenu);
+  auto* autour = new QVBoxLayout(&fenetre);
+  autour->setContentsMargins(0, 0, 0, 0);
+  autour->addWidget(zone);
+  autour->activate();
+  if (!fenetre.isVisible()) return;
+  zone->show();
+  for (QWidget* controle : contenu->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    if (!controle->isHidden() || !controle->testAttribute(Qt::WA_WState_ExplicitShowHide)) controle->show();
 }
 
-void TenirDansLEcran(QWidget& fenetre) {
-  fenetre.resize(fenetre.size().boundedTo(PlaceSurLEcran(fenetre)));
-  const QRect ecran = fenetre.screen()->availableGeometry();
+bool Depasse(const QWidget& fenetre, const QSize& place) {
+  const QSize besoin = fenetre.minimumSizeHint().expandedTo(fenetre.minimumSize());
+  return besoin.width() > place.width() || besoin.height() > place.height();
+}
+
+}  // namespace
+
+QSize PlaceSurLEcran(const QWidget& fenetre) { return fenetre.screen()->availableSize() - kCadre; }
+
+bool DepasseLEcran(const QWidget& fenetre) { return Depasse(fenetre, PlaceSurLEcran(fenetre)); }
+
+const QWidget& ContenuDe(const QWidget& fenetre) {
+  const auto* zone = fenetre.findChild<QScrollArea*>(QString::fromLatin1(kDefilement));
+  return zone == nullptr ? fenetre : *zone->widget();
+}
+
+void TenirDansLEcran(QWidget& fenetre) { TenirDans(fenetre, fenetre.screen()->availableGeometry()); }
+
+void TenirDans(QWidget& fenetre, const QRect& ecran) {
+  const QSize place = ecran.size() - kCadre;
+  if (Depasse(fenetre, place)) Defiler(fenetre);
+  fenetre.resize(fenetre.size().boundedTo(place));
   const QRect cadre = fenetre.frameGeometry();
   fenetre.move(std::clamp(cadre.x(), ecran.x(), std::max(ecran.x(), ecran.right() + 1 - cadre.width())),
                std::clamp(cadre.y(), ecran.y(), std::max(ecran.y(), ecran.bottom() + 1 - cadre.height())));

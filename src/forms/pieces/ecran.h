@@ -8,8 +8,15 @@ namespace quelvar::forms {
 // The largest window that the screen shows whole, with what the window system puts around it.
 QSize PlaceSurLEcran(const QWidget& fenetre);
 
-// Makes the window no larger than the screen, and puts it where its frame lies inside.
+// Makes the window no larger than the screen, and puts it where its frame lies inside. A content that needs more than
+// that scrolls.
 void TenirDansLEcran(QWidget& fenetre);
+// The same for a screen of that place.
+void TenirDans(QWidget& fenetre, const QRect& ecran);
+// Whether the content of the window needs more than the screen has.
+bool DepasseLEcran(const QWidget& fenetre);
+// What the window holds, without the bars that it may have been given.
+const QWidget& ContenuDe(const QWidget& fenetre);
 
 // Gives the controls that take the focus the name by which a screen reader calls them, from what stands beside them:
 // the label that leads to it, its tool tip, the frame that it is in. A name that is there stays.

@@ -156,8 +156,9 @@ TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {
   EXPECT_EQ(ChargerProfil(contexte_).message.size(), 2U);
   Effacer("ENQ.MOD");
   EXPECT_EQ(ChargerProfil(contexte_).message.size(), 2U);
+  Ecrire("ENQ.PR2", "ancien");
   AbandonnerProfil(contexte_);
-  EXPECT_EQ(Lire("ENQ.PR2"), std::string("Arrêt volontaire du programme\r\n"_w));
+  EXPECT_EQ(Lire("ENQ.PR2"), "ancien") << "told, and not kept";
 }
 
 }  // namespace

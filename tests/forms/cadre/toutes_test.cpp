@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMap>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QScreen>
 #include <QTabWidget>
@@ -18,6 +19,8 @@
 
 #include "factor/analyse/anecar.h"
 #include "forms/cadre/entrees.h"
+#include "forms/editeur/frmsdi.h"
+#include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/import/apercuimport.h"
 #include "forms/programmes/capture/import/sourceimport.h"
@@ -120,12 +123,18 @@ void VerifierTabulation(QWidget& fenetre) {
   for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
 }
 
-// The height of a screen of 1024 x 768, with the bar of the window, and inside the screen.
-void VerifierTaille(const QWidget& fenetre) {
-  EXPECT_LE(fenetre.minimumSizeHint().height(), 768 - 40);
-  const QRect ecran = fenetre.screen()->availableGeometry();
-  EXPECT_GE(fenetre.frameGeometry().top(), ecran.top());
-  EXPECT_GE(fenetre.frameGeometry().left(), ecran.left());
+// Whole on a screen of 1024 x 768, with the bar of the window; on smaller ones it scrolls and stays inside.
+void VerifierTaille(QWidget& fenetre) {
+  const QSize besoin = ContenuDe(fenetre).minimumSizeHint();
+  EXPECT_LE(besoin.width(), 1024);
+  EXPECT_LE(besoin.height(), 768 - 40);
+  for (const QRect& ecran : {fenetre.screen()->availableGeometry(), QRect(0, 0, 1280, 720), QRect(0, 0, 640, 360)}) {
+    TenirDans(fenetre, ecran);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    const QRect cadre = fenetre.frameGeometry();
+    EXPECT_TRUE(fenetre.width() <= ecran.width() && cadre.height() <= ecran.height() && ecran.contains(cadre.topLeft()))
+        << ecran.width() << " x " << ecran.height() << ": " << fenetre.width() << " x " << fenetre.height();
+  }
 }
 
 TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
@@ -147,6 +156,23 @@ TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
       }
     }
   }
+}
+
+TEST(ToutesLesFormes, LaFenetrePrincipaleEtLEditeurTiennentSurUnPetitEcran) {
+  BureauComplet bureau;
+  VerifierTaille(bureau.Fenetre());
+  bureau.Menu("mnuEdPOS");
+  for (QWidget* fenetre : QApplication::topLevelWidgets())
+    if (auto* editeur = qobject_cast<frmSDI*>(fenetre)) VerifierTaille(*editeur);
+}
+
+// The files of the directory, but for the records of the runs.
+std::map<std::string, std::string> Fichiers(const Bureau& bureau) {
+  std::map<std::string, std::string> fichiers;
+  for (const auto& entree : std::filesystem::directory_iterator(bureau.Dossier()))
+    if (entree.path().extension() != ".jeu")
+      fichiers[entree.path().filename()] = bureau.Lire(entree.path().filename().c_str());
+  return fichiers;
 }
 
 // The windows that no entry opens at once.
@@ -173,31 +199,26 @@ TEST(ToutesLesFormes, CellesDeLImportation) {
 
 // Opening a form and leaving it changes no byte in the directory.
 TEST(ToutesLesFormes, QuitterNeChangeAucunOctet) {
-  constexpr const char* kFormes[] = {"mnuCroise", "mnuNomQuest", "mnuNomMod", "mnuPrepRecod",
-                                     "mnuOutils", "mnuTriapl",   "mnuPosmod", "mnuModifMod",
-                                     "mnuEcapem", "mnuAnecar",   "mnuGraphe", "mnuPosmod2"};
-  for (const char* nom : kFormes) {
-    SCOPED_TRACE(nom);
+  std::size_t quittees = 0;
+  for (const EntreeDeProgramme& entree : EntreesDeProgrammes()) {
+    SCOPED_TRACE(entree.action);
     BureauComplet bureau;
-    bureau.Ecrire("ENQ.TCR", "un ancien rapport\r\n");
-    bureau.Ecrire("ENQ.PRT", "un ancien rapport\r\n");
-    const auto etat = [&] {
-      std::map<std::string, std::string> fichiers;
-      for (const auto& entree : std::filesystem::directory_iterator(bureau.Dossier()))
-        if (entree.path().extension() != ".jeu")
-          fichiers[entree.path().filename()] = bureau.Lire(entree.path().filename().c_str());
-      return fichiers;
-    };
-    const auto avant = etat();
+    for (const char* rapport : {"ENQ.TCR", "ENQ.PRT", "ENQ.TRP", "ENQ.PR2", "ENQ.IMP"})
+      bureau.Ecrire(rapport, "un ancien rapport\r\n");
+    const auto avant = Fichiers(bureau);
     const Silence silence;
-    bureau.Menu(nom);
+    Prendre(bureau, entree);
     const QList<Forme*> ouvertes = bureau.Ouvertes();
-    EXPECT_EQ(ouvertes.size(), 1);
+    if (ouvertes.isEmpty()) continue;  // a program without a form has run
     for (Forme* forme : ouvertes) QTest::keyClick(forme, Qt::Key_Escape);
     QCoreApplication::processEvents();
     EXPECT_TRUE(bureau.Ouvertes().isEmpty());
-    EXPECT_EQ(etat(), avant);
+    const auto apres = Fichiers(bureau);
+    for (const auto& [nom, octets] : avant) EXPECT_TRUE(apres.contains(nom) && apres.at(nom) == octets) << nom;
+    EXPECT_EQ(apres.size(), avant.size());
+    ++quittees;
   }
+  EXPECT_GE(quittees, 20U);
 }
 
 // The button that a form is there for.
@@ -240,6 +261,29 @@ TEST(ToutesLesFormes, UnRapportLongNEnleveAucuneFormeASonGestionnaire) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return forme.isNull(); }, 2000)) << "a closed form goes";
       }
       QObject::disconnect(veille);
+    }
+  }
+}
+
+// Files that go while a form is open are a failure like another: it is told, or the form stays.
+TEST(ToutesLesFormes, DesFichiersDisparusSontDits) {
+  for (const EntreeDeProgramme& entree : EntreesDeProgrammes()) {
+    SCOPED_TRACE(entree.action);
+    if (std::string_view(entree.action) == "mnuImport") continue;  // its button asks for the file first
+    BureauComplet bureau;
+    const Silence silence;
+    Prendre(bureau, entree);
+    for (Forme* ouverte : bureau.Ouvertes()) {
+      for (const auto& [nom, octets] : Fichiers(bureau))
+        if (nom.starts_with("ENQ")) std::filesystem::remove(bureau.Dossier() / nom);
+      const QPointer<Forme> forme = ouverte;
+      bureau.Controle<QPlainTextEdit>("Text1").clear();
+      QAbstractButton* bouton = BoutonDeLancement(*ouverte);
+      if (bouton == nullptr) continue;
+      QTest::mouseClick(bouton, Qt::LeftButton);
+      EXPECT_TRUE((!forme.isNull() && forme->isVisible()) || !bureau.Texte().isEmpty());
+      const bool tientTout = std::string_view(entree.action) == "mnuSupLignes";  // and writes it again
+      EXPECT_TRUE(tientTout || !bureau.Texte().contains("Fin normale")) << bureau.Texte().toStdString();
     }
   }
 }

@@ -1,7 +1,9 @@
 // What the mouse does on the factor plane, and the files that the form writes.
 #include "core/options/option.h"
 #include "factor/classement/coupe.h"
+#include "factor/plan/graphe_options.h"
 #include "forms/images/sortiesdessin.h"
+#include "forms/pieces/commande.h"
 #include "forms/programmes/factor/graphe3.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/texte/texte_qt.h"
@@ -141,6 +143,10 @@ void Graphe3::RelierFichiers() {
   RelierSorties(*this, services_, *ui_->Image, contexte_, "Fac",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
                 [this] { return ui_->Resolution->value(); });
+  RelierCommande(*ui_->BoutonEnreg, factor::DescriptionGraphe(), contexte_, [this] {
+    LireReglages();
+    return factor::OptionsDuPlan(etat_, ui_->FichPajek->isChecked());
+  });
   RelierQuitter(*ui_->BoutonQuitter);
   AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
 }

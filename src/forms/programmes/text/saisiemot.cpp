@@ -47,7 +47,8 @@ SaisieMot::SaisieMot(Services& services)
   connect(ui_->CbLancer, &QPushButton::clicked, this, &SaisieMot::LancerSaisieMot);
   RelierCommande(*ui_->CbLancer, text::DescriptionSaisieMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);
-  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  AuDepart(
+      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
   RelierAide(*ui_->BoutAide, "mnuAImpMot");
   MontrerApercu();
 }

@@ -42,7 +42,8 @@ SuplMot::SuplMot(Services& services)
   RelierCommandeDite(*ui_->BoutEnreg, text::DescriptionSuplMot(), contexte_,
                      [this] { return text::OptionsDeLaTable(desFichiers_, ouverte_.table); });
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  AuDepart(
+      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
   RelierAide(*ui_->BoutAide, "mnuASupLignes");
   const bool ouvert = ouverte_.message.empty();
   ui_->TextMsg->setText(EnUnTexte(ouverte_.message));

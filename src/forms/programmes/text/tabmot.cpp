@@ -28,7 +28,8 @@ TabMot::TabMot(Services& services, FichierPos pos)
   connect(ui_->CbLancer, &QPushButton::clicked, this, &TabMot::LancerTabMot);
   RelierCommande(*ui_->CbLancer, text::DescriptionTabMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);
-  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  AuDepart(
+      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
   RelierAide(*ui_->BoutAide, "mnuATabMot");
   MontrerListes();
 }

@@ -40,7 +40,8 @@ TabMotAgreg::TabMotAgreg(Services& services)
   ui_->BtEnreg->setDefault(true);
   RelierCommandeDite(*ui_->BtFin, text::DescriptionTabMotAgreg(), contexte_, [this] { return gestes_; });
   RelierQuitter(*ui_->BtAnnuler);
-  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
+  AuDepart(
+      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
   RelierAide(*ui_->BoutAide, "mnuATabMotAgreg");
   MontrerLignes();
 }

@@ -295,4 +295,21 @@ TEST(Graphe3, LeavingShowsTheReport) {
   EXPECT_TRUE(bureau.Texte().startsWith("*** Le fichier des coordonnees factorielles ENQ.FAJ n'existe pas"));
 }
 
+TEST(Graphe3, LaCommandeDitLesReglages) {
+  BureauDePlan bureau;
+  Graphe3& forme = bureau.Graphe();
+  Taper(forme, "TextFV", "C");
+  Cliquer(forme, {"CheckInvX", "PointExact", "CheckCAH", "BtCouleursOui"});
+  Taper(forme, "ValCAH", "2");
+  Cliquer(forme, "CheckPEM");
+  Pilote pilote;
+  pilote.Faire([](QDialog& boite) {
+    EXPECT_EQ(
+        Champ(boite, "Commande"),
+        "quelvar-batch --niveau 2 graphe ENQ vertical=C inverserx=oui pointexact=oui pem=oui cah=couleurs niveau=2");
+    boite.reject();
+  });
+  Cliquer(forme, "BoutCommande");
+}
+
 }  // namespace
