@@ -24,6 +24,8 @@ struct Contenu {
   Pied deColonne;
   Cellule dernier;
 };
+template <class Case, class Fin, class Pied>
+Contenu(std::string_view, Case, Fin, Pied, Cellule) -> Contenu<Case, Fin, Pied>;
 
 // A row and a column a modality, and those of the totals.
 template <class Case, class Fin, class Pied>
