@@ -14,6 +14,7 @@ namespace quelvar::capture {
 namespace {
 
 constexpr int kGroupesProposes = 5;
+constexpr std::int64_t kPartRare = 5;       // one in so many cells is rare
 constexpr std::size_t kCodesDeTextes = 99;  // last code that has a modality
 
 bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
@@ -290,6 +291,9 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) 
       if (FautesRestantes(choix, colonne) > 0)
         return Joindre(
             {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des nombres : l'import s'arrête"_w});
+      if (colonne.avecDecimales > 0 && colonne.avecDecimales * kPartRare <= colonne.remplies)
+        return Joindre({"nombres gardés tels quels, sous le générique suivi de N ("_w, Nombre(colonne.avecDecimales),
+                        " seulement avec décimales : fautes de frappe ?)"_w});
       return Joindre({"nombres gardés tels quels, sous le générique suivi de N"_w});
     case Genre::Multiple:
       return choix.liste != '\0'

@@ -88,12 +88,14 @@ void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan
   exiger(contexte.Nom("N.POS"), Boutons::NonOui);
 }
 
-void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const SourceDeTable& source,
+void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const SourceDeTable& source, const Plan& plan,
                   JeuDeFichiers& sorties) {
   const std::string nom = contexte.Nom(".CSV");
   const std::optional<Chemin> ancien = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
-  if ((ancien && MemeFichier(*ancien, fichiers.source)) || (texte && MemeFichier(*texte, fichiers.source))) return;
+  if (ancien && MemeFichier(*ancien, fichiers.source)) return;
+  // The texts take the place of the .TXT: what was read of it stays as .CSV.
+  if (texte && MemeFichier(*texte, fichiers.source) && plan.longues.empty()) return;
   sorties.Copier(source.Texte(), nom, Nature::Refaisable);
 }
 
@@ -178,7 +180,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   IntitulesPerdus perdus;
   EcrireLesDictionnaires(rapport, contexte, fichiers, plan, table, *sorties, perdus);
-  CopierSource(contexte, fichiers, source, sorties->jeu);
+  CopierSource(contexte, fichiers, source, plan, sorties->jeu);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   EcrireLecture(rapport, fichiers.nomSource, table);
   EcrireColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);

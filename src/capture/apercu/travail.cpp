@@ -74,7 +74,10 @@ Sorties::Sorties(const Contexte& contexte, bool avecNombres)
 Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
                    const std::function<void(const Plan&)>& accepter) {
   Travail travail;
-  if (TravaillerDirect(contexte, source, options, travail)) return travail;
+  if (TravaillerDirect(contexte, source, options, travail)) {
+    accepter(travail.plan);
+    return travail;
+  }
   travail = {};  // what was written goes with its set
   travail.table = Reconnaitre(contexte, source, options);
   travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);

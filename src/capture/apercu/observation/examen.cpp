@@ -78,11 +78,7 @@ void ExamenDeTable::Voir(std::string_view rangee, const LecteurDeRangees& lecteu
 
 // A row is long when cells behind the titles are filled, short when separators are missing.
 void ExamenDeTable::VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne) {
-  if (remplies > largeur_) {
-    largeur_ = remplies;
-    completes_ = 0;
-  }
-  if (remplies == largeur_) ++completes_;
+  largeur_ = std::max(largeur_, remplies);
   const bool longue = lecture_.ligneTitres > 0 && remplies > intitules_.size();
   const bool courte = lecture_.ligneTitres > 0 && cellules < intitules_.size();
   if (!longue && !courte) return;
@@ -99,8 +95,7 @@ FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
   faits.etrangers = lecteur.Etrangers();
   faits.ligneEtrangere = lecteur.LigneEtrangere();
   faits.guillemetSansFin = lecteur.GuillemetSansFin();
-  // Rows that are all longer have columns without a title; when only some are, their cells have slipped.
-  if (faits.longues == faits.individus && completes_ == faits.individus) faits.longues = 0;
+  // Cells behind the titles have slipped, even when all rows are so: nobody can tell which title is whose.
   const std::size_t nombre = faits.longues > 0 ? intitules_.size() : std::max(intitules_.size(), largeur_);
   for (std::size_t j = 0; j < nombre; ++j) {
     std::string intitule = j < intitules_.size() ? intitules_[j] : std::string();

@@ -37,9 +37,8 @@ class ExamenDeTable {
   FaitsDeTable faits_;
   std::vector<std::string> intitules_;
   std::vector<Observation> colonnes_;
-  std::int64_t vides_ = 0;      // empty rows since the last one that holds something
-  std::int64_t completes_ = 0;  // rows as wide as the widest
-  std::size_t largeur_ = 0;     // cells of the widest row, empty ones at its end left out
+  std::int64_t vides_ = 0;   // empty rows since the last one that holds something
+  std::size_t largeur_ = 0;  // cells of the widest row, empty ones at its end left out
   bool finie_ = false;
 };
 

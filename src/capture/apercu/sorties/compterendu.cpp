@@ -125,6 +125,8 @@ std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan
     remarques.push_back(Joindre({"Les textes longs sont dans ", contexte.Nom(".TXT"),
                                  " : les caractéristiques vont jusqu'à la position"_w,
                                  NombreNu(bilan.finCaracteristiques), "(découpage en mots)"_w}));
+    remarques.push_back(Joindre({"    le découpage met ses mots à la place de "_w, contexte.Nom(".DAT"),
+                                 " : relancez l'importation pour retrouver les individus"}));
     if (plan.longues.size() > 1)
       remarques.push_back(Joindre({"    cette position dit la colonne du texte : 1 pour la colonne",
                                    NombreNu(plan.longues.front() + 1), "et ainsi de suite"}));
