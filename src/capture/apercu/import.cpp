@@ -62,17 +62,25 @@ Fichiers TrouverFichiers(Rapport& rapport, const Contexte& contexte, const Optio
   return fichiers;
 }
 
+// Asks before a file that is not the source is written over.
+void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::string& nom, Boutons boutons) {
+  const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
+  if (!ancien || MemeFichier(*ancien, fichiers.source)) return;
+  const std::string question = Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
+  if (contexte.Ecran().demander(question, boutons) != Reponse::Oui)
+    throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
+}
+
+// A .CSV without choices beside it is no copy that an earlier import has made.
+void ExigerLaCopie(const Contexte& contexte, const Fichiers& fichiers) {
+  const std::optional<Chemin> texte = contexte.Chercher(".TXT");
+  if (contexte.Chercher(".IMC") || (texte && MemeFichier(*texte, fichiers.source))) return;
+  ExigerPlace(contexte, fichiers, contexte.Nom(".CSV"), Boutons::NonOui);
+}
+
 // What the import would write over without being told so by the account.
 void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan& plan) {
-  const auto exiger = [&](const std::string& nom, Boutons boutons) {
-    const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
-    if (!ancien || MemeFichier(*ancien, fichiers.source)) return;
-    const std::string question =
-        Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
-    if (contexte.Ecran().demander(question, boutons) != Reponse::Oui)
-      throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
-  };
-  exiger(contexte.Nom(".CSV"), Boutons::OuiNon);
+  const auto exiger = [&](const std::string& nom, Boutons boutons) { ExigerPlace(contexte, fichiers, nom, boutons); };
   if (!plan.longues.empty()) exiger(contexte.Nom(".TXT"), Boutons::OuiNon);
   if (plan.nombres.empty()) return;
   // A survey of that name is none of ours.
@@ -160,6 +168,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   const Fichiers fichiers = TrouverFichiers(rapport, contexte, options);
   EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
                                                                     : "Compte rendu d'importation de données en CSV"_w);
+  ExigerLaCopie(contexte, fichiers);
   const SourceDeTable source(fichiers.source, options.feuille, contexte.repertoire);
   const Travail travail =
       Travailler(contexte, source, options, [&](const Plan& plan) { ExigerPlaces(contexte, fichiers, plan); });
