@@ -88,7 +88,8 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
       return;
     }
     if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, suite, demande)) continue;
-    if (!avecGenerique) {
+    const bool optionDAbord = demande.programme->generiqueFacultatif && argument.find('=') != std::string::npos;
+    if (!avecGenerique && !optionDAbord) {
       const std::string generique = suite.DernierNom();
       demande.generique = generique.substr(0, generique.find('.'));
       avecGenerique = true;
@@ -99,7 +100,8 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
       throw UsageIncorrect(Joindre({"une option s'écrit nom=valeur, et non \""_w, argument, "\""}));
     demande.options.emplace_back(Minuscules(argument.substr(0, egal)), argument.substr(egal + 1));
   }
-  if (!avecGenerique) throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));
+  if (!avecGenerique && !demande.programme->generiqueFacultatif)
+    throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));
 }
 
 }  // namespace
@@ -163,8 +165,10 @@ std::string TexteAutreNom(const AutreNom& autre) {
 }  // namespace
 
 std::string TexteAideProgramme(const Programme& programme) {
-  std::string texte = Joindre({programme.nom, " : ", programme.resume, "\n\nusage : quelvar-batch ", programme.nom,
-                               " GENERIQUE [option=valeur]...\n"});
+  std::string texte =
+      Joindre({programme.nom, " : ", programme.resume, "\n\nusage : quelvar-batch ", programme.nom,
+               programme.generiqueFacultatif ? std::string_view(" [GENERIQUE]") : std::string_view(" GENERIQUE"),
+               " [option=valeur]...\n"});
   if (!programme.options.empty()) texte += "\n";
   for (const Option& option : programme.options) {
     texte += Joindre({"  ", option.nom, "=", option.valeurs, "\n      ", option.aide});

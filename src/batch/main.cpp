@@ -4,11 +4,8 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <exception>
-#include <new>
-#include <system_error>
 
-#include "batch/dialogue_batch.h"
+#include "batch/execution.h"
 #include "batch/ligne_de_commande.h"
 #include "core/fichiers/signaux.h"
 
@@ -30,9 +27,7 @@ int Executer(Demande& demande) {
     case Demande::Genre::AideProgramme: Montrer(TexteAideProgramme(*demande.programme)); return kFinNormale;
     case Demande::Genre::Executer: break;
   }
-  Dialogue dialogue = DialogueBatch(demande);
-  const Contexte contexte{demande.repertoire, demande.generique, demande.niveau, &dialogue};
-  return demande.programme->executer(contexte, demande.options) == Fin::Normale ? kFinNormale : kArret;
+  return ExecuterDemande(demande) == Fin::Normale ? kFinNormale : kArret;
 }
 
 // A standard file that the caller has closed must not become a file of the survey: nothing comes from it, and what is
@@ -63,14 +58,8 @@ int main(int argc, char** argv) {
   } catch (const UsageIncorrect& erreur) {
     Plaindre(erreur.what());
     return kUsage;
-  } catch (const Erreur& erreur) {
-    Plaindre(TexteErreur(erreur));
-  } catch (const std::bad_alloc&) {
-    Plaindre(TexteErreur(kMemoireInsuffisante));
-  } catch (const std::system_error& erreur) {
-    Plaindre(TexteErreur(NumeroDErrno(erreur.code().value())));
-  } catch (const std::exception&) {
-    Plaindre("arrêt sur une erreur imprévue du programme"_w);
+  } catch (...) {
+    Plaindre(TexteErreur(ErreurEnCours()));
   }
   return kArret;
 }

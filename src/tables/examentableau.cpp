@@ -79,19 +79,20 @@ void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const crosstab::T
 }
 
 // Links of the cells, their count and their profiles; the files then hold the links by value.
-void TraiterLiens(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table, const Matrice& pem) {
+void TraiterLiens(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table, const Matrice& pem,
+                  LiensAEnregistrer& trouves) {
   std::vector<Lien> liens = LiensDesCellules(table, pem);
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Tableau);
   if (!liens.empty()) ImprimerProfils(t, noms, table, liens);
   TrierLiens(liens, ModeTri::NBR, t.contexte.Ecran());
   std::optional<std::vector<Lien>> entreLignes;
   if (t.options.liensLignes) entreLignes = LiensGardesEntreLignes(t, table, pem);
-  EnregistrerLiens(t.contexte, liens, entreLignes);
+  trouves = {std::move(liens), std::move(entreLignes)};
 }
 
 // The analysis of one table, the observed one or its maximum table.
-Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table,
-                      OrdresTries tries) {
+Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table, OrdresTries tries,
+                      LiensAEnregistrer& trouves) {
   Diagonalisee diagonalisee = Diagonalisation(table, tries);
   ImprimerFacteur(t.rapport, PresentationDe(t, noms, table), diagonalisee.facteur);
   const crosstab::AttractionsDuTableau attractions = crosstab::CalculerAttractions(diagonalisee.table);
@@ -99,8 +100,8 @@ Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::
   if (t.options.tousTableaux || std::max(effectifs.Lignes(), effectifs.Colonnes()) <= kTailleEditee)
     ImprimerTableaux(t.rapport, PresentationDe(t, noms, diagonalisee.table),
                      {diagonalisee.table, diagonalisee.maximum, attractions}, tries);
-  if (t.options.seuil == SeuilKhi2::Gendat) EnregistrerLiens(t.contexte, std::nullopt, std::nullopt);
-  else TraiterLiens(t, noms, diagonalisee.table, attractions.pem);
+  if (t.options.seuil == SeuilKhi2::Gendat) trouves = {};
+  else TraiterLiens(t, noms, diagonalisee.table, attractions.pem, trouves);
   return diagonalisee;
 }
 
@@ -124,17 +125,19 @@ void ExaminerTableau(const TravailEcapem& t) {
   const Noms noms{t.modalites, std::move(lue.lignes)};
   const OrdresTries tries = OrdresDemandes(t.parametres.decimales);
 
-  const Diagonalisee observe = Analyser(t, noms, crosstab::Compter(std::move(lue.effectifs)), tries);
-  if (t.options.seuil == SeuilKhi2::Gendat) return;
+  LiensAEnregistrer trouves;
+  const Diagonalisee observe = Analyser(t, noms, crosstab::Compter(std::move(lue.effectifs)), tries, trouves);
+  if (t.options.seuil == SeuilKhi2::Gendat) return EnregistrerLiens(t.contexte, trouves.pem, trouves.pel);
   const auto sommer = [&](const Matrice& table) {
     return crosstab::SommerEcarts(table, observe.table.marges, crosstab::Echelle::Effectifs);
   };
   const crosstab::SommesDEcarts sommes = sommer(observe.table.effectifs);
   if (t.options.diagonalisation) {
-    Analyser(t, noms, TableDuMaximum(observe), tries);
+    Analyser(t, noms, TableDuMaximum(observe), tries, trouves);
     ImprimerPartDuFacteur(t.rapport, observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total,
                           t.parametres.largeur);
   }
+  EnregistrerLiens(t.contexte, trouves.pem, trouves.pel);
   ImprimerIndices(t.rapport, CalculerIndices(observe.table, sommes, sommer(observe.maximum)), tries,
                   t.parametres.largeur);
   ImprimerGamma(t.rapport, "Tableau d'origine", CalculerGamma(observe.table));

@@ -11,6 +11,12 @@
 
 namespace quelvar::tables {
 
+// Links that take the place of those of an earlier run when the run ends; without a list the file is deleted.
+struct LiensAEnregistrer {
+  std::optional<std::vector<Lien>> pem = {};
+  std::optional<std::vector<Lien>> pel = {};
+};
+
 struct TravailEcapem {
   const Contexte& contexte;
   const OptionsEcapem& options;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
@@ -54,6 +55,7 @@ Tableau LireTableau(Rapport& rapport, const Contexte& contexte) {
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)
     tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule)});
+  ExigerTableDuMod(tableau.brt, mod, tableau.parametres);
   tableau.lignesDuFichier = CompterRangees(tableau.brt);
   tableau.lignes = LignesDUnBloc(tableau.parametres, tableau.lignesDuFichier);
   return tableau;

@@ -144,14 +144,27 @@ std::string TexteSvg(const Dessin& dessin) {
   return svg + "</svg>\n";
 }
 
-void EcrireSvg(const Chemin& repertoire, std::string_view nom, const Dessin& dessin) {
+namespace {
+
+void ExigerNomDeSvg(std::string_view nom) {
   constexpr std::string_view kExtension = ".svg";
   if (nom.size() <= kExtension.size() || !EgalSansCasse(nom.substr(nom.size() - kExtension.size()), kExtension))
     throw Erreur(kNomFichierIncorrect,
                  Joindre({"*** Le graphique demandé va dans un fichier .svg, et non dans "_w, nom}));
+}
+
+}  // namespace
+
+void EcrireSvg(const Chemin& repertoire, std::string_view nom, const Dessin& dessin) {
+  ExigerNomDeSvg(nom);
   Remplacement fichier(repertoire, nom);
   fichier.Fichier().Ecrire(TexteSvg(dessin));
   fichier.Valider();
+}
+
+void EcrireSvg(JeuDeFichiers& sorties, std::string_view nom, const Dessin& dessin) {
+  ExigerNomDeSvg(nom);
+  sorties.Ouvrir(nom, Nature::Refaisable).Ecrire(TexteSvg(dessin));
 }
 
 }  // namespace quelvar

@@ -5,6 +5,7 @@
 
 #include "core/dessin/dessin.h"
 #include "core/fichiers/fichiers.h"
+#include "core/fichiers/jeu.h"
 
 namespace quelvar {
 
@@ -15,5 +16,7 @@ std::string TexteSvg(const Dessin& dessin);
 // The picture as a file of the directory, whole or not at all. Another extension than ".svg" is refused with a sentence
 // (kNomFichierIncorrect): a picture never takes the place of data. Raises the errors of Remplacement.
 void EcrireSvg(const Chemin& repertoire, std::string_view nom, const Dessin& dessin);
+// The same as one of the files of a set.
+void EcrireSvg(JeuDeFichiers& sorties, std::string_view nom, const Dessin& dessin);
 
 }  // namespace quelvar

@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <ctime>
+#include <tuple>
 #include <utility>
 
 #include "core/fichiers/appels.h"
@@ -58,9 +59,11 @@ Detenteur LireDetenteur(int descripteur) {
   return detenteur;
 }
 
-void EcrireDetenteur(int descripteur, std::string_view ouvrage) {
-  const std::string texte = Joindre(
+// Behind the holder stand the lines on a repair that its first run is to tell.
+void EcrireDetenteur(int descripteur, std::string_view ouvrage, const std::vector<std::string>& recit) {
+  std::string texte = Joindre(
       {std::to_string(::getpid()), "\r\n", DepuisUtf8(Utilisateur()), "\r\n", ouvrage, "\r\n", Instant(), "\r\n"});
+  for (const std::string& ligne : recit) texte += ligne + "\r\n";
   // Without these lines the lock holds all the same.
   if (::ftruncate(descripteur, 0) != 0 || ::pwrite(descripteur, texte.data(), texte.size(), 0) < 0) return;
 }
@@ -87,9 +90,25 @@ bool EstEncoreA(int descripteur, const Chemin& chemin) {
          ouvert.st_ino == present.st_ino && ouvert.st_dev == present.st_dev;
 }
 
+// The lines on a repair that the holder of this process has left in its lock, which has them no longer then.
+std::vector<std::string> PrendreLeRecit(const Chemin& verrou) {
+  constexpr std::size_t kLignesDuDetenteur = std::tuple_size_v<Detenteur>;
+  std::vector<std::string> lignes;
+  std::uintmax_t tete = 0;
+  LecteurLignes lecteur(verrou);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (lignes.size() < kLignesDuDetenteur) tete += ligne.size() + 2;
+    lignes.emplace_back(ligne);
+  }
+  if (lignes.size() <= kLignesDuDetenteur || ::truncate(verrou.c_str(), static_cast<off_t>(tete)) != 0) return {};
+  lignes.erase(lignes.begin(), lignes.begin() + kLignesDuDetenteur);
+  return lignes;
+}
+
 struct Prise {
   int descripteur = -1;
-  bool perime = false;  // the process that made the lock is gone
+  std::string disparu;  // the process that made the lock and is gone; empty without one
+  std::vector<std::string> recit = {};
 };
 
 Prise Prendre(const Chemin& chemin, std::string_view generique) {
@@ -100,21 +119,23 @@ Prise Prendre(const Chemin& chemin, std::string_view generique) {
       const bool occupe = errno == EWOULDBLOCK;
       const Detenteur detenteur = LireDetenteur(descripteur);
       ::close(descripteur);
-      if (!occupe || detenteur[0] == std::to_string(::getpid())) return {};
+      if (!occupe) return {};
+      if (EstInscrit(chemin)) return {-1, {}, PrendreLeRecit(chemin)};
       throw Erreur(kPermissionRefusee, PhraseOccupe(generique, detenteur));
     }
     // The former holder removes its file when it has done: one that is gone holds nothing.
-    if (EstEncoreA(descripteur, chemin)) return {descripteur, !LireDetenteur(descripteur)[0].empty()};
+    if (EstEncoreA(descripteur, chemin)) return {descripteur, LireDetenteur(descripteur)[0]};
     ::close(descripteur);
   }
 }
 
-// Scratch files of the generic which nobody holds; those of the initialisation file, that its programs write too,
-// unless the record of a cut commit may name them.
-void Balayer(const Chemin& repertoire, std::string_view generique) {
+// Scratch files of the generic which nobody holds; those of the initialisation file, that its programs write too, and
+// those that the process made under other names (pictures, sorted and merged files, the report without a name), unless
+// the record of a cut commit may name them.
+void Balayer(const Chemin& repertoire, std::string_view generique, std::string_view disparu) {
   std::error_code code;
   const std::string debut = Joindre({Majuscules(generique), "."});
-  std::vector<Chemin> duGenerique, deLInitialisation;
+  std::vector<Chemin> duGenerique, autres;
   bool releve = false;
   for (fs::directory_iterator i(repertoire.empty() ? Chemin(".") : repertoire, code), fin; !code && i != fin;
        i.increment(code)) {
@@ -123,27 +144,30 @@ void Balayer(const Chemin& repertoire, std::string_view generique) {
     if (!EstNomProvisoire(nom)) continue;
     const std::string majuscules = Majuscules(NomDepuisUtf8(nom));
     if (majuscules.starts_with(debut) || majuscules.starts_with("." + debut)) duGenerique.push_back(i->path());
-    else if (majuscules.starts_with("QVR2.IN")) deLInitialisation.push_back(i->path());
+    else if (ProcessusDuProvisoire(nom) == disparu || majuscules.starts_with("QVR2.IN")) autres.push_back(i->path());
   }
   for (const Chemin& chemin : duGenerique) EffacerSiAbandonne(chemin);
   if (releve) return;
-  for (const Chemin& chemin : deLInitialisation) EffacerSiAbandonne(chemin);
+  for (const Chemin& chemin : autres) EffacerSiAbandonne(chemin);
 }
 
 }  // namespace
 
-GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage) {
+GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage,
+                             Duree duree) {
   if (Rogner(generique).empty()) return;
   const Chemin verrou = repertoire / CheminDe(Joindre({".", Majuscules(generique), ".verrou"}));
-  const Prise prise = Prendre(verrou, generique);
+  Prise prise = Prendre(verrou, generique);
+  recit_ = std::move(prise.recit);
   if (prise.descripteur < 0) return;
   verrou_ = verrou;
   descripteur_ = prise.descripteur;
   inscription_ = InscrireProvisoire(verrou_);
-  EcrireDetenteur(descripteur_, ouvrage);
+  EcrireDetenteur(descripteur_, ouvrage, {});
   try {
     recit_ = ReprendreGenerique(repertoire, generique);
-    if (prise.perime) Balayer(repertoire, generique);
+    if (!prise.disparu.empty()) Balayer(repertoire, generique, prise.disparu);
+    if (duree == Duree::PlusieursRuns) EcrireDetenteur(descripteur_, ouvrage, std::exchange(recit_, {}));
   } catch (...) {
     *this = GeneriqueTenu();
     throw;

@@ -18,7 +18,10 @@ class GeneriqueTenu {
   // that this process holds already stays with its holder. A directory where nothing can be written holds nothing: the
   // first output will tell. Raises a sentence (70) when another process holds it. The lock of a killed process is taken
   // over, its scratch files are removed, and its cut commit is finished or undone.
-  GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage);
+  // A holder of several runs (`Duree::PlusieursRuns`) leaves the lines on the repair to the first of them.
+  enum class Duree { UnRun, PlusieursRuns };
+  GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage,
+                Duree duree = Duree::UnRun);
   ~GeneriqueTenu();
   GeneriqueTenu(GeneriqueTenu&& autre) noexcept;
   GeneriqueTenu& operator=(GeneriqueTenu&& autre) noexcept;

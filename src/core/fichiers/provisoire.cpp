@@ -55,14 +55,17 @@ Chemin NomProvisoire(const Chemin& cible) {
   return cible.parent_path() / nom;
 }
 
-bool EstNomProvisoire(std::string_view nom) {
+bool EstNomProvisoire(std::string_view nom) { return !ProcessusDuProvisoire(nom).empty(); }
+
+std::string_view ProcessusDuProvisoire(std::string_view nom) {
   const std::size_t marque = nom.rfind(kMarque);
-  if (marque == std::string_view::npos) return false;
+  if (marque == std::string_view::npos) return {};
   std::string_view suite = nom.substr(marque + kMarque.size());
   if (!suite.empty() && suite.back() == '~') suite.remove_suffix(1);  // the third name of an exchange
   const std::size_t tiret = suite.find('-');
-  return tiret != std::string_view::npos && tiret > 0 && tiret + 1 < suite.size() &&
-         suite.find_first_not_of("0123456789-") == std::string_view::npos;
+  const bool nomProvisoire = tiret != std::string_view::npos && tiret > 0 && tiret + 1 < suite.size() &&
+                             suite.find_first_not_of("0123456789-") == std::string_view::npos;
+  return nomProvisoire ? suite.substr(0, tiret) : std::string_view();
 }
 
 void EffacerSiAbandonne(const Chemin& chemin) {

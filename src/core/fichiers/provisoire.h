@@ -62,6 +62,8 @@ class Provisoire {
 Chemin NomProvisoire(const Chemin& cible);
 // Whether a name was made by NomProvisoire.
 bool EstNomProvisoire(std::string_view nom);
+// The number of the process that made such a name; empty for any other.
+std::string_view ProcessusDuProvisoire(std::string_view nom);
 // Removes a scratch file that nobody holds; leaves the others. Never raises.
 void EffacerSiAbandonne(const Chemin& chemin);
 

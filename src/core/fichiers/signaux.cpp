@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <climits>
@@ -42,6 +43,13 @@ void EffacerAuxSignaux() {
   }
   ::signal(SIGXFSZ, SIG_IGN);
   ::signal(SIGPIPE, SIG_IGN);
+}
+
+bool EstInscrit(const Chemin& chemin) {
+  std::error_code ignoree;
+  const std::string absolu = std::filesystem::absolute(chemin, ignoree).native();
+  return std::any_of(places.begin(), places.end(),
+                     [&](const Place& place) { return place.etat.load() == 2 && absolu == place.chemin.data(); });
 }
 
 int InscrireProvisoire(const Chemin& chemin) {

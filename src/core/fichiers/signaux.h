@@ -14,6 +14,8 @@ void EffacerAuxSignaux();
 // Enters a file among those to remove; returns its place, -1 when there is none left.
 int InscrireProvisoire(const Chemin& chemin);
 void RayerProvisoire(int place);
+// Whether this process has entered that file.
+bool EstInscrit(const Chemin& chemin);
 
 // While it lives the signals wait: what has been begun is ended.
 class SansSignaux {

@@ -105,7 +105,6 @@ std::string TexteSepare(std::span<const TableauEdite> tableaux, SortieDeTableaux
     if (!texte.empty()) texte += "\r\n";
     AjouterSepare(texte, tableau, sortie);
   }
-  constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
   return std::string(sortie == SortieDeTableaux::Csv ? kMarqueUtf8 : std::string_view()) + VersUtf8(texte);
 }
 
@@ -119,13 +118,18 @@ std::string_view ExtensionDe(SortieDeTableaux sortie) {
   return {};
 }
 
-void EcrireTableaux(const Contexte& contexte, std::string_view nomRapport, std::span<const TableauEdite> tableaux,
+void EcrireTableaux(JeuDeFichiers& sorties, std::string_view nomRapport, std::span<const TableauEdite> tableaux,
                     SortieDeTableaux sortie) {
   if (sortie == SortieDeTableaux::Aucune) return;
-  Remplacement fichier(contexte.repertoire, Joindre({nomRapport, ExtensionDe(sortie)}));
-  fichier.Fichier().Ecrire(sortie == SortieDeTableaux::Html ? PageHtml(nomRapport, tableaux)
-                                                            : TexteSepare(tableaux, sortie));
-  fichier.Valider();
+  sorties.Ouvrir(Joindre({nomRapport, ExtensionDe(sortie)}), Nature::Refaisable)
+      .Ecrire(sortie == SortieDeTableaux::Html ? PageHtml(nomRapport, tableaux) : TexteSepare(tableaux, sortie));
+}
+
+void EcrireTableaux(const Contexte& contexte, std::string_view nomRapport, std::span<const TableauEdite> tableaux,
+                    SortieDeTableaux sortie) {
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  EcrireTableaux(sorties, nomRapport, tableaux, sortie);
+  sorties.Valider();
 }
 
 }  // namespace quelvar

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
 
@@ -21,6 +22,9 @@ std::string_view ExtensionDe(SortieDeTableaux sortie);
 // Writes the tables beside the report, under its name and the extension, in place of a former file; nothing for
 // Aucune. Raises 61, 57, 70 or 75.
 void EcrireTableaux(const Contexte& contexte, std::string_view nomRapport, std::span<const TableauEdite> tableaux,
+                    SortieDeTableaux sortie);
+// The same as one of the files of a set.
+void EcrireTableaux(JeuDeFichiers& sorties, std::string_view nomRapport, std::span<const TableauEdite> tableaux,
                     SortieDeTableaux sortie);
 
 }  // namespace quelvar

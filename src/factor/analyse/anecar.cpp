@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/resultats/fichiers.h"
@@ -141,15 +145,39 @@ struct Moteur {
   PlanAnecar plan;
   TableauAnecar tableau;
   AnalyseAnecar analyse;
+  // What is printed once all factors are there: lists of coordinates whose scale the largest of them decides.
+  std::vector<std::function<void(Rapport&)>> differees = {};
 
   void TraiterFacteur(Rapport& rapport, std::size_t k);
+  void Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression);
   void ImprimerListes(Rapport& rapport, std::size_t k) const;
+  void ImprimerRestants(Rapport& rapport);
 };
 
+void Moteur::Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression) {
+  const bool aDifferer = options.type == TypeAnalyse::Acp && reglages.edition == EditionAnecar::Triee;
+  if (aDifferer) differees.push_back(std::move(impression));
+  else impression(rapport);
+}
+
 void Moteur::ImprimerListes(Rapport& rapport, std::size_t k) const {
-  const FacteurAnecar& facteur = analyse.facteurs.back();
-  if (options.imprimerLignes) ImprimerLignesTriees(rapport, tableau, facteur.lignes, k, reglages.seuilLignes);
-  ImprimerColonnesTriees(rapport, plan.colonnes, facteur.colonnes, k, reglages.seuilColonnes);
+  const auto aLEchelle = [&](CoteFacteur cote) {
+    for (double& coordonnee : cote.coordonnees) coordonnee *= analyse.echelle;
+    return cote;
+  };
+  const FacteurAnecar& facteur = analyse.facteurs[k - 1];
+  if (options.imprimerLignes)
+    ImprimerLignesTriees(rapport, tableau, aLEchelle(facteur.lignes), k, reglages.seuilLignes);
+  ImprimerColonnesTriees(rapport, plan.colonnes, aLEchelle(facteur.colonnes), k, reglages.seuilColonnes);
+}
+
+// The deviations as they stand now.
+void Moteur::ImprimerRestants(Rapport& rapport) {
+  Imprimer(rapport, [this, actives = tableau.actives](Rapport& r) mutable {
+    std::swap(tableau.actives, actives);
+    ImprimerEcartsRestants(r, tableau, plan.colonnes, analyse.ecarts, plan.decimales);
+    std::swap(tableau.actives, actives);
+  });
 }
 
 void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
@@ -159,15 +187,17 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
         100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / 10)));
     if (avance != dernier) contexte.Ecran().progresser(dernier = avance);
   };
-  ImprimerDebutDeFacteur(rapport, k);
+  Imprimer(rapport, [k](Rapport& r) { ImprimerDebutDeFacteur(r, k); });
   const FacteurCourant courant = ExtraireFacteur(tableau, analyse, suivre);
-  ImprimerFacteur(rapport, analyse.facteurs.back());
+  Imprimer(rapport, [this, k](Rapport& r) { ImprimerFacteur(r, analyse.facteurs[k - 1]); });
   if (!analyse.facteurs.back().converge) contexte.Ecran().biper();
-  if (reglages.edition == EditionAnecar::Triee) ImprimerListes(rapport, k);
-  if (plan.decimales > 0) ImprimerEcartsRestants(rapport, tableau, plan.colonnes, analyse.ecarts, plan.decimales);
+  if (reglages.edition == EditionAnecar::Triee) Imprimer(rapport, [this, k](Rapport& r) { ImprimerListes(r, k); });
+  if (plan.decimales > 0) ImprimerRestants(rapport);
   DeflaterActives(tableau, analyse, courant);
   if (plan.decimales > 0)
-    ImprimerReconstitution(rapport, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
+    Imprimer(rapport, [this, courant](Rapport& r) {
+      ImprimerReconstitution(r, tableau, plan.colonnes, analyse.ecarts, courant, plan.decimales);
+    });
   DeflaterSupplementaires(tableau, analyse, courant);
 }
 
@@ -183,12 +213,13 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
 
   contexte.Ecran().montrerProgression(std::max(100 * std::int64_t{facteurs}, std::int64_t{1}));
   for (int k = 1; k <= facteurs; ++k) moteur.TraiterFacteur(rapport, static_cast<std::size_t>(k));
+  moteur.analyse.echelle = EchelleDesCoordonnees(moteur.analyse);
+  ImprimerEchelle(rapport, moteur.analyse.echelle);
+  for (const auto& impression : moteur.differees) impression(rapport);
   if (moteur.reglages.edition == EditionAnecar::Compacte)
     ImprimerTablesCompactes(rapport, moteur.plan, moteur.tableau, moteur.analyse);
   if (moteur.reglages.edition == EditionAnecar::Etendue)
     ImprimerTablesEtendues(rapport, moteur.plan, moteur.tableau, moteur.analyse);
-  const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
-  EcrireTableaux(contexte, NomDuRapport(contexte, moteur.options.type), tableaux, moteur.options.sortie);
   contexte.Ecran().montrerProgression(0);
 }
 
@@ -201,7 +232,7 @@ struct SuiteWard {
 SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
                    const OptionsAnecar& options, JeuDeFichiers& sorties) {
   if (options.codageLogique) ExigerCodageLogique(contexte);
-  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}};
+  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}, {}};
   moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique, sorties);
   Reglages& reglages = moteur.reglages;
   reglages.seuilLignes = SeuilEffectif(reglages.seuilLignes, moteur.plan.lignesActives);
@@ -212,7 +243,12 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   if (reglages.edition == EditionAnecar::Triee) seuils.colonnes = reglages.seuilColonnes;
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan, options);
+  if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
+    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")),
+                     LireParametres(preparation.parametres, nullptr));
   ExtraireEtImprimer(rapport, moteur);
+  const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
+  EcrireTableaux(sorties, NomDuRapport(contexte, options.type), tableaux, options.sortie);
   if (!moteur.analyse.facteurs.empty())
     EcrireCoordonnees(contexte, sorties, moteur.plan, moteur.tableau, moteur.analyse, options.inversions,
                       options.classification.has_value());

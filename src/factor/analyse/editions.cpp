@@ -88,6 +88,12 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
   rapport.Ligne();
 }
 
+void ImprimerEchelle(Rapport& rapport, double echelle) {
+  if (echelle == 1) return;
+  rapport.Ligne({"Les coordonnées sont multipliées par "_w, Nombre(static_cast<std::int64_t>(echelle)),
+                 " : la plus grande a moins de trois chiffres en millièmes"_w});
+}
+
 TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {
   TableauEdite tableau;
   tableau.titres = {"Valeurs propres"};
@@ -252,7 +258,7 @@ void ImprimerLignesCompactes(Rapport& rapport, const Dimension& dimension, const
     std::string ligne = CadreGauche(dimension.elements.noms[i], 4);
     for (const FacteurAnecar& facteur : analyse.facteurs) {
       const CoteFacteur& cote = facteur.*dimension.cote;
-      ligne += NombreFixe(cote.coordonnees[i], 7, 0) + EntierDroit(cote.cpf[i], 5);
+      ligne += NombreFixe(analyse.echelle * cote.coordonnees[i], 7, 0) + EntierDroit(cote.cpf[i], 5);
     }
     rapport.Ligne({ligne, "   ", dimension.elements.intitules[i]});
   }
@@ -284,7 +290,8 @@ void ImprimerLignesEtendues(Rapport& rapport, const Dimension& dimension, const 
     std::string ligne = CadreGauche(dimension.elements.noms[i], 4) + EntierDroit(dimension.qlt[i], 5);
     for (const FacteurAnecar& facteur : analyse.facteurs) {
       const CoteFacteur& cote = facteur.*dimension.cote;
-      ligne += '!' + NombreFixe(cote.coordonnees[i], 6, 0) + EntierDroit(cote.cos2[i], 5) + EntierDroit(cote.cpf[i], 5);
+      ligne += '!' + NombreFixe(analyse.echelle * cote.coordonnees[i], 6, 0) + EntierDroit(cote.cos2[i], 5) +
+               EntierDroit(cote.cpf[i], 5);
     }
     rapport.Ligne({ligne, "! ", dimension.elements.intitules[i]});
   }

@@ -31,6 +31,8 @@ void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre);
 // The number of the factor (from 1), before it is looked for, then its eigenvalue and share.
 void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k);
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
+// What the coordinates behind are multiplied by; nothing for 1.
+void ImprimerEchelle(Rapport& rapport, double echelle);
 
 // The eigenvalues of all factors and their shares, marked "*" where the factor has not converged.
 TableauEdite ValeursPropres(const AnalyseAnecar& analyse);

@@ -1,5 +1,8 @@
 #include "factor/analyse/facteurs.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "core/texte/nombres.h"
 #include "factor/analyse/premier.h"
 
@@ -76,6 +79,19 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
   analyse.sommeParts += facteur.part;
   analyse.facteurs.push_back(std::move(facteur));
   return courant;
+}
+
+double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
+  constexpr double kTroisChiffres = 100;
+  constexpr double kPlusGrande = 1e15;
+  double maximum = 0;
+  for (const FacteurAnecar& facteur : analyse.facteurs)
+    for (const CoteFacteur* cote : {&facteur.lignes, &facteur.colonnes})
+      for (const double coordonnee : cote->coordonnees) maximum = std::max(maximum, std::fabs(coordonnee));
+  double echelle = 1;
+  if (analyse.type != TypeAnalyse::Acp || maximum == 0) return echelle;
+  while (ArrondirPair(maximum * echelle) < kTroisChiffres && echelle < kPlusGrande) echelle *= 10;
+  return echelle;
 }
 
 void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur) {

@@ -35,6 +35,8 @@ struct AnalyseAnecar {
   std::vector<std::int16_t> qltLignes;  // sum of the squared cosines of the factors so far, per mille
   std::vector<std::int16_t> qltColonnes;
   int sommeParts = 0;  // of the factors so far, per mille
+  // What the coordinates in whole thousandths are shown multiplied by: a power of ten.
+  double echelle = 1;
 };
 
 // Coordinates of the factor under way, in their own unit, active elements first.
@@ -53,6 +55,10 @@ AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type);
 // `suivre` is told the number of each round. Raises 5 and 6.
 FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre);
+
+// The power of ten that gives the largest coordinate three digits in thousandths, where it has fewer after a principal
+// component analysis; else 1. To be called when all factors are there.
+double EchelleDesCoordonnees(const AnalyseAnecar& analyse);
 
 // Takes the factor off the active cells and chooses the row that the next stop test follows.
 void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur);

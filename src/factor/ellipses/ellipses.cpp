@@ -143,8 +143,8 @@ std::vector<Position> PointsDesIndividus(const Contexte& contexte, const Demande
   std::vector<Position> points;
   points.reserve(individus);
   for (std::size_t i = lignes.Colonnes() - individus; i < lignes.Colonnes(); ++i)
-    points.push_back({(demande.horizontal.inverse ? -1 : 1) * lignes(h - 1, i),
-                      (demande.vertical.inverse ? -1 : 1) * lignes(v - 1, i)});
+    points.push_back({(demande.horizontal.inverse ? -1 : 1) * demande.echelle * lignes(h - 1, i),
+                      (demande.vertical.inverse ? -1 : 1) * demande.echelle * lignes(v - 1, i)});
   return points;
 }
 
@@ -189,13 +189,6 @@ void ExigerFichiersDesEllipses(Rapport& rapport, const Contexte& contexte, std::
   const FichierObligatoire table = EstCodageLogique(contexte) ? FichierObligatoire{{}, true} : exigence(".BRT");
   ExigerFichiers(rapport, contexte.Ecran(), {exigence(".MOD"), exigence(analyse), exigence(".FI2"), table},
                  kArretAbsence);
-}
-
-std::string_view DerniereAnalyse(const Contexte& contexte) {
-  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
-  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
-  if (!acp) return ".AFC";
-  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
 }
 
 void Situer(const Nuage& nuage, const AxesDInertie& axes, const ChoixEllipses& choix, EllipsesDeModalite& modalite) {
@@ -251,6 +244,13 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
 }
 
 }  // namespace
+
+std::string_view DerniereAnalyse(const Contexte& contexte) {
+  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
+  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
+  if (!acp) return ".AFC";
+  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
+}
 
 std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& contexte,
                                                                 const DemandeEllipses& demande) {

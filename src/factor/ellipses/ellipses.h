@@ -86,6 +86,7 @@ struct DemandeEllipses {
   AxeDuPlan vertical{2};
   ChoixEllipses choix;
   std::vector<ModaliteMarquee> modalites;
+  double echelle = 1;  // what the coordinates of the plane are multiplied by
 };
 
 // What is drawn for a modality: thousandths, as shown (reversed axes included).
@@ -101,6 +102,9 @@ struct EllipsesDeModalite {
 
 // Percent of the points that lie inside the ellipse of that kappa around their mean.
 double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double kappa);
+
+// ".AFC" or ".ACP": the report of the analysis done last.
+std::string_view DerniereAnalyse(const Contexte& contexte);
 
 // One drawing of the ellipses: reads .AFC or .ACP, .FI2, .MOD and .BRT (.CDG after an analysis of the logical coding)
 // anew and writes the report .PRT anew. Modalities without individuals, and those whose ellipse can't be computed (told

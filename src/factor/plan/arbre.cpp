@@ -101,10 +101,7 @@ LiensDuGraphe ArbreMaximum(std::span<const tables::Lien> liens, std::span<const 
   return resultat;
 }
 
-void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const std::string> intitules,
-                 std::span<const tables::Lien> liens) {
-  Remplacement remplacement(repertoire, nom);
-  Ecrivain& fichier = remplacement.Fichier();
+void EcrirePajek(Ecrivain& fichier, std::span<const std::string> intitules, std::span<const tables::Lien> liens) {
   std::string ligne = "*Vertices";
   AllerALaZoneSuivante(ligne);
   fichier.Ligne(ligne + NombreNu(intitules.size()));
@@ -123,7 +120,6 @@ void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const
     AllerALaZoneSuivante(ligne);
     fichier.Ligne(ligne + NombreNu(lien.valeur));
   }
-  remplacement.Valider();
 }
 
 }  // namespace quelvar::factor

@@ -57,9 +57,7 @@ LiensDuGraphe ArbreMaximum(std::span<const tables::Lien> liens, std::span<const 
 
 inline constexpr std::string_view kArbreComplet = "Arbre Maximum complet";
 
-// Replaces the file of that name (generic and ".net"). One name or label for each element, put in quotes. Raises the
-// numbers of Remplacement.
-void EcrirePajek(const Chemin& repertoire, std::string_view nom, std::span<const std::string> intitules,
-                 std::span<const tables::Lien> liens);
+// The network file (generic and ".net"). One name or label for each element, put in quotes.
+void EcrirePajek(Ecrivain& fichier, std::span<const std::string> intitules, std::span<const tables::Lien> liens);
 
 }  // namespace quelvar::factor

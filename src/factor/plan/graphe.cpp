@@ -104,8 +104,10 @@ void ReglerCadre(const OptionsGraphe& options, EtatPlan& etat) {
 
 void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGraphe& options) {
   const std::string nom = options.fichier.empty() ? contexte.Nom("Fac.svg") : options.fichier;
-  EcrireSvg(contexte.repertoire, nom, DessinerPlan(etat));
-  if (options.pajek) EcrireReseau(contexte, etat);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  EcrireSvg(sorties, nom, DessinerPlan(etat));
+  if (options.pajek) EcrireReseau(contexte, etat, sorties);
+  sorties.Valider();
   contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
 }
 
@@ -139,7 +141,7 @@ bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
   return true;
 }
 
-void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
+void EcrireReseau(const Contexte& contexte, const EtatPlan& etat, JeuDeFichiers& sorties) {
   std::vector<std::string> intitules;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
     const PointPlan& point = etat.donnees.points[i];
@@ -147,7 +149,13 @@ void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
     const std::string nom = individu ? Nombre(static_cast<std::int64_t>(i - etat.donnees.colonnes + 1)) : point.nom;
     intitules.push_back(etat.reglages.intitulesLongs && !(individu && point.intitule.empty()) ? point.intitule : nom);
   }
-  EcrirePajek(contexte.repertoire, contexte.Nom(".net"), intitules, LiensMontres(etat, true).pajek);
+  EcrirePajek(sorties.Ouvrir(contexte.Nom(".net"), Nature::Refaisable), intitules, LiensMontres(etat, true).pajek);
+}
+
+void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  EcrireReseau(contexte, etat, sorties);
+  sorties.Valider();
 }
 
 std::string TexteDuClic(const Contexte& contexte, const EtatPlan& etat, std::size_t element) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "factor/plan/plan.h"
 
@@ -29,6 +30,8 @@ bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat);
 
 // Replaces the Pajek network file of the generic by the links read. Raises the numbers of Remplacement.
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat);
+// The same as one of the files of a set.
+void EcrireReseau(const Contexte& contexte, const EtatPlan& etat, JeuDeFichiers& sorties);
 
 // What a click tells of an element: its long label and, for an individual, what its line of the .DAT says behind "$$".
 // Raises the numbers of LecteurLignes.

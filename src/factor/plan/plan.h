@@ -37,7 +37,8 @@ struct DonneesPlan {
   std::size_t facteurs = 0;  // at least 1
   std::size_t colonnes = 0;  // the first elements, in the order of the .MOD; rows or individuals stand behind
   std::vector<PointPlan> points;
-  Matrice coordonnees;                    // factors x elements, thousandths
+  Matrice coordonnees;                    // factors x elements, thousandths times `echelle`
+  double echelle = 1;                     // of small coordinates of a principal component analysis
   Matrice cpf;                            // factors x elements, per mille
   std::vector<double> parts;              // of each factor in the inertia, percent; empty when no report tells them
   bool liensPresents = false;             // .PEM exists

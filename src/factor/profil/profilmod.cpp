@@ -1,6 +1,7 @@
 #include "factor/profil/profilmod.h"
 
 #include "core/dessin/svg.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/listemod.h"
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
@@ -110,11 +111,12 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
                         const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
   std::optional<FichierPos> pos;
   if (fichiers.pos) {
-    pos = LirePos(*fichiers.pos);
-    ExigerParentheses(pos->taille, contexte.Ecran());
+    pos = LirePos(*fichiers.pos, contexte.Ecran());
   }
-  if (!fichiers.donnees)
+  if (!fichiers.donnees) {
+    ExigerTableDuMod(*fichiers.brt, mod, parametres);
     return LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
+  }
   const std::vector<CodeDeModalite> codes = LireCodes(rapport, contexte, mod, *pos);
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
   if (comptes.individus < static_cast<double>(pos->taille.individus))
@@ -142,9 +144,20 @@ ProfilDeModalite Profiler(const FichierMod& mod, const ComptesDeProfil& comptes,
   return profil;
 }
 
-// The choice and the labels that are given with the run.
-void PoserChoix(const Contexte& contexte, Rapport& rapport, const OptionsProfil& options) {
-  if (!options.modalites) return;
+// The .MOD with the choice in its second line and these texts.
+ListeModalites ListeDuChoix(const Contexte& contexte, const std::vector<std::string>& textes,
+                            const std::vector<std::string>& noms) {
+  ListeModalites liste = LireListeModalites(contexte.Exiger(".MOD"));
+  liste.parametres = LigneDuChoix(liste.parametres, noms);
+  liste.textes = textes;
+  for (std::string& texte : liste.textes) RendreMarque(texte);
+  return liste;
+}
+
+// The choice and the labels that are given with the run, as one of its outputs; where the run reads them until then.
+std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, const OptionsProfil& options,
+                                 JeuDeFichiers& sorties) {
+  if (!options.modalites) return std::nullopt;
   const auto arreter = [&](Texte ligne) {
     Avertir(rapport, contexte.Ecran(), ligne);
     throw Erreur(kArretAnnonce);
@@ -158,15 +171,18 @@ void PoserChoix(const Contexte& contexte, Rapport& rapport, const OptionsProfil&
     if (rang == etat.textes.size()) arreter(Joindre({"Erreur : ", nom, " non trouvé"_w}));
     else etat.textes[rang] = TexteDeModalite(nom, MarqueDeTexte(etat.textes[rang]), intitule);
   }
-  EnregistrerChoix(contexte, etat.textes, *options.modalites);
+  EcrireListeModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique),
+                       ListeDuChoix(contexte, etat.textes, *options.modalites));
+  return sorties.Achever(contexte.Nom(".MOD"));
 }
 
 void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const OptionsProfil& options) {
-  PoserChoix(contexte, rapport, options);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
   EcrireBandeau(rapport, "Profil d'une modalité"_w);
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
   EcrireNoms(rapport, contexte, fichiers);
-  const FichierMod mod = LireMod(*fichiers.mod);
+  const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
   const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
   if (!fichiers.donnees && parametres.largeur <= 0) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
@@ -179,7 +195,8 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
     profils.push_back(Profiler(mod, comptes, k, choisies[k], options.nonTri));
     EcrireProfil(rapport, profils.back(), options.detail);
   }
-  if (!options.fichier.empty()) EcrireSvg(contexte.repertoire, options.fichier, DessinerProfils(profils));
+  if (!options.fichier.empty()) EcrireSvg(sorties, options.fichier, DessinerProfils(profils));
+  sorties.Valider();
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
   if (options.profils != nullptr) *options.profils = std::move(profils);
@@ -221,13 +238,7 @@ EtatProfil ChargerProfil(const Contexte& contexte) {
 
 void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                       const std::vector<std::string>& noms) {
-  const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
-  if (!chemin) throw Erreur(kFichierIntrouvable);
-  ListeModalites liste = LireListeModalites(*chemin);
-  liste.parametres = LigneDuChoix(liste.parametres, noms);
-  liste.textes = textes;
-  for (std::string& texte : liste.textes) RendreMarque(texte);
-  EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), liste);
+  EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), ListeDuChoix(contexte, textes, noms));
 }
 
 Fin AbandonnerProfil(const Contexte& contexte) {

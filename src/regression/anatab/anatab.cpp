@@ -4,13 +4,14 @@
 #include <utility>
 
 #include "core/dessin/svg.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
-#include "regression/anatab/logistique.h"
-#include "regression/anatab/logistique_edition.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
 #include "regression/images/effets.h"
+#include "regression/logistique/edition.h"
+#include "regression/logistique/logistique.h"
 
 namespace quelvar::regression {
 
@@ -206,6 +207,7 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
   Travail travail = LireLeModele(contexte, rapport, fichiers.mod);
+  ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers.codageLogique, travail));
     if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerEffets(effets));

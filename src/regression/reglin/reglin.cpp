@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -53,6 +54,13 @@ Chemin TableNommee(const Contexte& contexte, Rapport& rapport, const std::string
   ArreterPourAbsence(contexte, rapport);
 }
 
+// Of a table of measures the .MOD tells the columns alone.
+ParametresMod SansTaille(const ParametresMod& parametres) {
+  ParametresMod sans;
+  sans.largeur = parametres.largeur;
+  return sans;
+}
+
 void ExigerVariables(const Contexte& contexte, Rapport& rapport, const VariablesDeRegression& variables) {
   const auto direOu = [&] { rapport.Ligne({"    en position 5,6 ou 7 du fichier ", contexte.Nom(".MOD")}); };
   if (variables.aExpliquer.empty()) {
@@ -70,7 +78,7 @@ Matrice LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& do
                     const VariablesDeRegression& variables, bool imprimer) {
   const std::int64_t individus = CompterLignes(donnees);
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  rapport.Ligne(LigneDesIndividus(individus));
   rapport.Ligne();
   if (imprimer) ImprimerEnteteDeTable(rapport, variables);
   Moments moments(variables.explicatives.size());
@@ -123,6 +131,7 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   if (parametres.decimales == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
+  ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
   const Matrice moments =
       LireMoments(contexte, rapport, fichiers.donnees, variables, parametres.decimales == kTableImprimee);
   Regresser(rapport, moments, variables);

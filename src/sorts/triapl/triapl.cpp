@@ -76,23 +76,16 @@ void EcrireNomsDeFichiers(Rapport& rapport, const Contexte& contexte, const Fich
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TAP")});
 }
 
-void EcrireNombreDIndividus(Rapport& rapport, std::int64_t individus) {
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
-}
-
 // Size and questions, with their lines; a size of 0 becomes the count of lines of the data file.
 Etude LireQuestions(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
   Etude etude;
   if (fichiers.mod) etude.intitules = LireIntitules(*fichiers.mod);
-  etude.pos = LirePos(*fichiers.pos);
-  ExigerParentheses(etude.pos.taille, contexte.Ecran());
-  etude.individus = etude.pos.taille.individus;
-  if (etude.individus > 0) EcrireNombreDIndividus(rapport, etude.individus);
+  etude.pos = LirePos(*fichiers.pos, contexte.Ecran());
+  etude.individus = AnnoncesOuComptes(etude.pos.taille, *fichiers.donnees);
+  const bool annonces = etude.pos.taille.individus > 0;
+  if (annonces) rapport.Ligne(LigneDesIndividus(etude.individus));
   rapport.Ligne({"Il y a ", NombreNu(etude.pos.questions.size()), " questions"});
-  if (etude.individus == 0) {
-    etude.individus = CompterLignes(*fichiers.donnees);
-    EcrireNombreDIndividus(rapport, etude.individus);
-  }
+  if (!annonces) rapport.Ligne(LigneDesIndividus(etude.individus));
   rapport.Ligne(" ");
   return etude;
 }
@@ -199,13 +192,11 @@ std::vector<TableauEdite> DresserTris(const OptionsTriapl& options, const Etude&
   return tableaux;
 }
 
-void EcrireTriangle(const Contexte& contexte, const Etude& etude, const EnTeteTriangle& enTete) {
-  Remplacement trg(contexte.repertoire, contexte.Nom(".TRG"));
-  trg.Fichier().Ligne(enTete.titre);
-  for (const std::string& sommet : enTete.sommets) trg.Fichier().Ligne(sommet);
+void EcrireTriangle(Ecrivain& trg, const Etude& etude, const EnTeteTriangle& enTete) {
+  trg.Ligne(enTete.titre);
+  for (const std::string& sommet : enTete.sommets) trg.Ligne(sommet);
   for (std::size_t i = 0; i < etude.pos.questions.size(); ++i)
-    trg.Fichier().Ligne(LigneTriangle(etude.pos.questions[i], TriangleDe(etude.effectifs[i])));
-  trg.Valider();
+    trg.Ligne(LigneTriangle(etude.pos.questions[i], TriangleDe(etude.effectifs[i])));
 }
 
 void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& options) {
@@ -227,8 +218,10 @@ void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl&
   EcrireTitreDesTris(rapport, options);
   const std::vector<TableauEdite> tableaux = DresserTris(options, etude, fichiers.mod ? &etude.intitules : nullptr);
   for (const TableauEdite& tableau : tableaux) EcrireTableau(rapport, tableau);
-  if (options.triangulaire) EcrireTriangle(contexte, etude, enTete);
-  EcrireTableaux(contexte, contexte.Nom(".TAP"), tableaux, options.sortie);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  if (options.triangulaire) EcrireTriangle(sorties.Ouvrir(contexte.Nom(".TRG"), Nature::Refaisable), etude, enTete);
+  EcrireTableaux(sorties, contexte.Nom(".TAP"), tableaux, options.sortie);
+  sorties.Valider();
   rapport.Ligne("Fin normale du programme");
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -59,6 +60,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   LireLignes(contexte, *brt, ouverte);
+  if (ouverte.message.empty()) ExigerTableDuMod(*brt, LireMod(*mod), parametres);
 }
 
 std::string_view SansCode(std::string_view intitule) { return intitule.substr(std::min(kNom, intitule.size())); }
@@ -90,8 +92,7 @@ TableOuverte OuvrirTable(const Contexte& contexte) {
 }
 
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur) {
-  return Joindre({" IMAX=", Nombre(lignes), " JMAX=", Nombre(colonnes), " ISUP=", Nombre(lignesSup),
-                  " FMT=", Nombre(largeur), " "});
+  return LigneDeParametres({{"IMAX=", lignes}, {"JMAX=", colonnes}, {"ISUP=", lignesSup}, {"FMT=", largeur}});
 }
 
 void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes) {

@@ -1,0 +1,11 @@
+// The run of a request: its program, with the generic held from the first of its runs to the last.
+#pragma once
+
+#include "batch/ligne_de_commande.h"
+
+namespace quelvar::batch {
+
+// `demande` is consumed. Raises a sentence (70) when another process holds the generic, UsageIncorrect for an option.
+Fin ExecuterDemande(Demande& demande);
+
+}  // namespace quelvar::batch

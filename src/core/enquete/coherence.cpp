@@ -1,0 +1,130 @@
+#include "core/enquete/coherence.h"
+
+#include <algorithm>
+
+#include "core/enquete/brtfile.h"
+#include "core/programme/erreur.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kLargeurNom = 4;
+
+bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+
+[[noreturn]] void Refuser(const Chemin& fichier, Texte raison, std::string_view quoi) {
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()),
+                        " ne va pas avec le fichier de modalités, "_w, raison, " : refaites ", quoi}));
+}
+
+constexpr std::string_view kTableau = "le tableau";
+constexpr std::string_view kModalites = "les modalités"_w;
+
+// Columns that a Burt table has by its parameters.
+std::size_t ColonnesAnnoncees(const ParametresMod& parametres) {
+  const double annoncees = parametres.burt > 1 ? parametres.burt : parametres.colonnes;
+  return annoncees > 0 ? static_cast<std::size_t>(Entier64(annoncees)) : 0;
+}
+
+void ExigerLesModalites(const Chemin& fichier, const FichierMod& mod, const ParametresMod& parametres) {
+  const auto colonnes = parametres.burt >= 1 ? ColonnesAnnoncees(parametres) : 0;
+  if (colonnes > 0 && colonnes != mod.modalites.size())
+    Refuser(fichier,
+            Joindre({"qui annonce ", Nombre(colonnes), " colonnes et nomme ", Nombre(mod.modalites.size()),
+                     " modalités"_w}),
+            kModalites);
+}
+
+void ExigerLesNoms(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
+  ControleDeBurt controle(brt, mod.modalites.size(), parametres.largeur);
+  LecteurLignes lecteur(brt);
+  std::size_t rang = 0;
+  for (std::string_view ligne; rang < mod.modalites.size() && lecteur.Lire(ligne); ++rang)
+    controle.Voir(ligne, mod.modalites[rang].nom);
+  controle.Conclure();
+}
+
+std::int64_t ExigerLaForme(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
+  ControleDeTable controle(brt, parametres, mod.modalites.size());
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);)
+    if (!Rogner(ligne).empty()) controle.Voir(ligne);
+  controle.Conclure();
+  return controle.Lignes();
+}
+
+}  // namespace
+
+// Of a rectangular table COL= counts the columns, or the rows and the columns together.
+ControleDeTable::ControleDeTable(const Chemin& brt, const ParametresMod& parametres, std::size_t colonnes)
+    : brt_(brt),
+      largeur_(static_cast<std::size_t>(std::max<int>(parametres.largeur, 1))),
+      longueur_(kLargeurNom + colonnes * largeur_),
+      autreNombre_(parametres.colonnes > 0 && Entier64(parametres.colonnes) != static_cast<std::int64_t>(colonnes) &&
+                   Entier64(parametres.colonnes) != static_cast<std::int64_t>(colonnes) + Entier64(parametres.lignes)) {
+}
+
+void ControleDeTable::Voir(std::string_view texte) {
+  ++lignes_;
+  const bool courte = texte.size() < longueur_;
+  entamee_ = courte && texte.size() > kLargeurNom && (texte.size() - kLargeurNom) % largeur_ != 0;
+  toutesCourtes_ = toutesCourtes_ && courte;
+  const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
+  toutesLongues_ = toutesLongues_ && reste.size() >= largeur_ && EstChiffre(reste[largeur_ - 1]) &&
+                   reste.substr(0, largeur_).find_first_not_of(" 0123456789") == std::string_view::npos;
+}
+
+void ControleDeTable::Conclure() const {
+  if (entamee_ && LireMorceau(brt_, LongueurFichier(brt_) - 1, 1) != "\n")
+    Refuser(brt_, "sa dernière ligne s'arrête au milieu d'un nombre"_w, kTableau);
+  if (lignes_ == 0 || (!toutesCourtes_ && !(toutesLongues_ && autreNombre_))) return;
+  Refuser(brt_,
+          Joindre({"ses lignes sont plus ", std::string_view(toutesCourtes_ ? "courtes" : "longues"),
+                   " que ne le disent le nombre de modalités et FMT="_w}),
+          kTableau);
+}
+
+void ExigerTableDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
+  ExigerLesModalites(brt, mod, parametres);
+  if (parametres.burt >= 1) ExigerLesNoms(brt, mod, parametres);
+  const std::int64_t lignes = ExigerLaForme(brt, mod, parametres);
+  const double annoncees = parametres.burt > 1 ? parametres.burt : parametres.lignes;
+  if (lignes == 0) Refuser(brt, "il est vide", kTableau);
+  if (static_cast<double>(lignes) < annoncees)
+    Refuser(brt, Joindre({"il a ", Nombre(lignes), " lignes au lieu de ", Nombre(Entier64(annoncees))}), kTableau);
+}
+
+void ExigerFormeDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
+  ExigerLaForme(brt, mod, parametres);
+}
+
+void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMod& parametres) {
+  ExigerLesModalites(cdg, mod, parametres);
+  const std::size_t longueur = kLargeurNom + mod.modalites.size();
+  LecteurLignes lecteur(cdg);
+  std::int64_t lignes = 0;
+  bool toutesCourtes = true;
+  bool toutesLongues = true;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (Rogner(ligne).empty()) continue;
+    ++lignes;
+    toutesCourtes = toutesCourtes && ligne.size() < longueur;
+    // Only an individual without a short name has its name behind the digits.
+    toutesLongues = toutesLongues && ligne.size() > longueur && (ligne[longueur] == '0' || ligne[longueur] == '1') &&
+                    !Rogner(ligne.substr(0, kLargeurNom)).empty();
+  }
+  if (lignes > 0 && (toutesCourtes || toutesLongues))
+    Refuser(cdg,
+            Joindre({"ses lignes ont ", std::string_view(toutesCourtes ? "moins" : "plus"), " de ",
+                     Nombre(mod.modalites.size()), " chiffres"}),
+            kModalites);
+  const double individus = parametres.burt == 1 ? parametres.lignesSup : 0;
+  if (individus > 0 && static_cast<double>(lignes) != individus)
+    Refuser(cdg, Joindre({"il a ", Nombre(lignes), " individus au lieu de ", Nombre(Entier64(individus))}), kModalites);
+}
+
+}  // namespace quelvar

@@ -1,0 +1,50 @@
+// Whether the files of an analysis belong together: a table .BRT or a logical coding .CDG and the .MOD that names its
+// columns. What a reader would take for other figures than they are stops the run.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
+
+namespace quelvar {
+
+// Follows the rows of a rectangular table as they are read.
+class ControleDeTable {
+ public:
+  ControleDeTable(const Chemin& brt, const ParametresMod& parametres, std::size_t colonnes);
+  void Voir(std::string_view texte);
+  // All rows were seen; raises a sentence (13) when every one is too short for its cells, when every one goes on with a
+  // number and the .MOD has another count of columns than it announces, or when the last one has no line end and stops
+  // inside a cell.
+  void Conclure() const;
+  std::int64_t Lignes() const { return lignes_; }
+
+ private:
+  const Chemin& brt_;
+  std::size_t largeur_;
+  std::size_t longueur_;  // of a row up to its last cell
+  bool autreNombre_;      // the .MOD announces another count of columns
+  std::int64_t lignes_ = 0;
+  bool toutesCourtes_ = true;
+  bool toutesLongues_ = true;
+  bool entamee_ = false;  // the last row stops inside a cell
+};
+
+// Reads the whole table and raises a sentence (13) when it is not that of the .MOD: rows with other names, another
+// width, too few of them, or a .MOD whose modalities are not as many as it announces. For readers that look at nothing
+// of this on their way. Raises the numbers of LecteurLignes.
+void ExigerTableDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres);
+// Of that, what the shape of the rows tells.
+void ExigerFormeDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres);
+
+// Reads the whole logical coding and raises a sentence (13) when it is not that of the .MOD: lines that have fewer or
+// more digits than there are modalities, other individuals than the .MOD counts, or a .MOD whose modalities are not as
+// many as it announces. Single short lines pass. Raises the numbers of LecteurLignes.
+void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMod& parametres);
+
+}  // namespace quelvar
