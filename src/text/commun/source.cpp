@@ -52,11 +52,6 @@ bool EstUtf8(std::string_view octets) {
   return octets.starts_with(kMarqueUtf8) || EstUtf8MultiOctet(octets.substr(PremierAccent(octets)));
 }
 
-std::string_view SansMarqueUtf8(std::string_view octets) {
-  OterMarqueUtf8(octets);
-  return octets;
-}
-
 std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
   std::string octets = LireOctets(chemin);
   if (!EstUtf8(octets)) return octets;
@@ -68,7 +63,9 @@ std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::strin
     rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en UTF-8"});
     throw Erreur(kArretAnnonce);
   }
-  return Convertir(SansMarqueUtf8(octets), nom, rapport);
+  std::string_view utf8 = octets;
+  OterMarqueUtf8(utf8);
+  return Convertir(utf8, nom, rapport);
 }
 
 }  // namespace quelvar::text

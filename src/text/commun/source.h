@@ -14,6 +14,5 @@ std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::strin
 
 // True when the bytes start with the mark of UTF-8, or hold a sequence of several bytes and no invalid one.
 bool EstUtf8(std::string_view octets);
-std::string_view SansMarqueUtf8(std::string_view octets);
 
 }  // namespace quelvar::text

@@ -35,7 +35,9 @@ ApercuDuTexte ApercevoirTexte(const Contexte& contexte) {
   std::string_view ligne;
   for (int i = 0; i < kLignesMontrees && lecteur.Lire(ligne); ++i) {
     // As the program will read it, converted.
-    const std::string lue = EstUtf8(ligne) ? DepuisUtf8(SansMarqueUtf8(ligne)) : std::string(ligne);
+    const bool utf8 = EstUtf8(ligne);
+    if (utf8) OterMarqueUtf8(ligne);
+    const std::string lue = utf8 ? DepuisUtf8(ligne) : std::string(ligne);
     const std::string_view montree = std::string_view(lue).substr(0, kRegleMaximum);
     longueur = std::max(longueur, montree.size());
     lignes += Joindre({montree, "\r\n"});
