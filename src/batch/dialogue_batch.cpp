@@ -7,7 +7,19 @@ namespace quelvar::batch {
 
 namespace {
 
+constexpr std::size_t kMorceau = std::size_t{1} << 18;
+
+bool EstAscii(std::string_view texte) {
+  unsigned char reunis = 0;
+  for (const char c : texte) reunis |= static_cast<unsigned char>(c);
+  return reunis < 0x80;
+}
+
 void Ecrire(std::FILE* flux, std::string_view texte) {
+  if (EstAscii(texte)) {
+    std::fwrite(texte.data(), 1, texte.size(), flux);
+    return;
+  }
   const std::string utf8 = VersUtf8(texte);
   std::fwrite(utf8.data(), 1, utf8.size(), flux);
 }
@@ -16,9 +28,12 @@ void Ecrire(std::FILE* flux, std::string_view texte) {
 std::string SansRetoursChariot(std::string_view texte) {
   std::string resultat;
   resultat.reserve(texte.size());
-  for (std::size_t i = 0; i < texte.size(); ++i)
-    if (texte[i] != '\r' || i + 1 == texte.size() || texte[i + 1] != '\n') resultat += texte[i];
-  return resultat;
+  for (;;) {
+    const std::size_t fin = texte.find("\r\n");
+    resultat += texte.substr(0, fin);
+    if (fin == std::string_view::npos) return resultat;
+    texte.remove_prefix(fin + 1);
+  }
 }
 
 std::optional<std::string> ReponseSuivante(Demande& demande) {
@@ -39,9 +54,22 @@ Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   return defaut;
 }
 
+// A report of any length, some whole lines at a time.
+void EcrireRapport(const std::string& chemin) {
+  std::string attente;
+  std::uintmax_t place = 0;
+  for (std::string octets; octets = LireMorceau(chemin, place, kMorceau), !octets.empty(); place += octets.size()) {
+    attente += octets;
+    const std::size_t fin = attente.rfind('\n') + 1;
+    Ecrire(stdout, SansRetoursChariot(std::string_view(attente).substr(0, fin)));
+    attente.erase(0, fin);
+  }
+  Ecrire(stdout, SansRetoursChariot(attente));
+}
+
 void Afficher(const Affichage& affichage) {
   if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) {
-    Ecrire(stdout, SansRetoursChariot(LireOctets(affichage.rapport)));
+    EcrireRapport(affichage.rapport);
     return;
   }
   Ecrire(stdout, SansRetoursChariot(affichage.texte));

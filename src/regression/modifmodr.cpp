@@ -39,21 +39,30 @@ Comptes Compter(const std::vector<std::string>& textes) {
   return comptes;
 }
 
-// The text of the modality of that name; without one, stops the run.
-std::string& Trouver(std::vector<std::string>& textes, const std::string& nom, Rapport& rapport) {
-  const std::size_t rang = RangDeModalite(textes, Rogner(nom));
-  if (rang < textes.size()) return textes[rang];
-  rapport.Ligne({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
-  throw Erreur(kArretAnnonce);
+void PoserIntitule(std::string& texte, std::string_view intitule) {
+  texte.resize(kDebutIntitule, ' ');
+  texte += intitule;
 }
 
-void Coder(std::vector<std::string>& textes, const std::vector<std::string>& noms, TypeDeQuestion type,
-           Rapport& rapport) {
-  for (const std::string& nom : noms) {
-    std::string& texte = Trouver(textes, nom, rapport);
-    CoderQuestion(textes, QuestionDe(texte), type);
-    CoderModalite(texte, type);
+// Does what the options say, as far as the first name that no modality bears: it is returned, or nothing.
+std::optional<std::string> Appliquer(const OptionsModifModR& options, std::vector<std::string>& textes) {
+  const auto coder = [&](const std::vector<std::string>& noms, TypeDeQuestion type) -> std::optional<std::string> {
+    for (const std::string& nom : noms) {
+      const std::size_t rang = RangDeModalite(textes, Rogner(nom));
+      if (rang == textes.size()) return nom;
+      CoderQuestion(textes, QuestionDe(textes[rang]), type);
+      CoderModalite(textes[rang], type);
+    }
+    return std::nullopt;
+  };
+  if (std::optional<std::string> inconnue = coder(options.expliquer, TypeDeQuestion::AExpliquer)) return inconnue;
+  if (std::optional<std::string> inconnue = coder(options.references, TypeDeQuestion::Explicative)) return inconnue;
+  for (const auto& [nom, intitule] : options.intitules) {
+    const std::size_t rang = RangDeModalite(textes, Rogner(nom));
+    if (rang == textes.size()) return nom;
+    PoserIntitule(textes[rang], intitule);
   }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -122,17 +131,35 @@ Fin TerminerModifModR(const Contexte& contexte) { return RendreCompte(contexte, 
 
 Fin AbandonnerModifModR(const Contexte& contexte) { return RendreCompte(contexte, "Arrêt volontaire du programme"_w); }
 
+std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
+                                                const std::vector<std::string>& textes) {
+  OptionsModifModR options;
+  for (const std::string& question : QuestionsDesTextes(textes)) {
+    const std::vector<std::size_t> rangs = ModalitesDe(textes, question);
+    if (std::all_of(rangs.begin(), rangs.end(),
+                    [&](std::size_t i) { return MarqueDeTexte(textes[i]) == MarqueDeTexte(duFichier[i]); }))
+      continue;
+    for (const std::size_t i : rangs) {
+      if (MarqueDeTexte(textes[i]) == " Y ") options.expliquer.emplace_back(NomDeTexte(textes[i]));
+      if (MarqueDeTexte(textes[i]) == " R ") options.references.emplace_back(NomDeTexte(textes[i]));
+    }
+  }
+  for (std::size_t i = 0; i < textes.size(); ++i)
+    if (IntituleDeTexte(textes[i]) != IntituleDeTexte(duFichier[i]))
+      options.intitules.emplace_back(NomDeTexte(textes[i]), IntituleDeTexte(textes[i]));
+  std::vector<std::string> refaits = duFichier;
+  if (Appliquer(options, refaits) || refaits != textes) return std::nullopt;
+  return options;
+}
+
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     EtatModifModR etat = ChargerModifModR(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
-    Coder(etat.textes, options.expliquer, TypeDeQuestion::AExpliquer, rapport);
-    Coder(etat.textes, options.references, TypeDeQuestion::Explicative, rapport);
-    for (const auto& [nom, intitule] : options.intitules) {
-      std::string& texte = Trouver(etat.textes, nom, rapport);
-      texte.resize(kDebutIntitule, ' ');
-      texte += intitule;
+    if (const std::optional<std::string> inconnue = Appliquer(options, etat.textes)) {
+      rapport.Ligne({"La modalité "_w, *inconnue, " n'est pas dans le fichier de modalités"_w});
+      throw Erreur(kArretAnnonce);
     }
     if (const std::string_view refus = RefusDEnregistrer(etat.textes); !refus.empty()) {
       rapport.Ligne(kTitreErreur);

@@ -1,6 +1,7 @@
 // ModifModR: which modality of the .MOD is to be explained (Y), which are the references (R) and which explain (X).
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -53,5 +54,9 @@ struct OptionsModifModR {
   bool operator==(const OptionsModifModR&) const = default;
 };
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options);
+
+// The options that make `textes` of what the file holds; nothing when none do, as for a question that has two Y.
+std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
+                                                const std::vector<std::string>& textes);
 
 }  // namespace quelvar::regression

@@ -88,30 +88,31 @@ void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
   throw Erreur(kArretAnnonce);
 }
 
-// C and its .POS, which are files of the generic that C makes.
-class Sorties {
+// C and its .POS, which come into being together: outputs of the generic that they make.
+class Resultat {
  public:
-  explicit Sorties(const Travail& travail)
-      : avecPos_(travail.pos.has_value()),
+  explicit Resultat(const Travail& travail)
+      : travail_(travail),
         chemin_(CheminDEcriture(travail.contexte.repertoire, travail.options.c)),
-        jeu_(chemin_.parent_path(), TexteDe(chemin_.stem())),
-        c_(jeu_.Ouvrir(TexteDe(chemin_.filename()), Nature::Refaisable)) {}
-
-  Ecrivain& C() { return c_; }
-  void Enregistrer(const std::vector<std::string>& lignesPos) {
-    if (avecPos_) {
-      Ecrivain& pos = jeu_.Ouvrir(NomDuPos(TexteDe(chemin_.filename())), Nature::Unique);
+        sorties_(chemin_.parent_path(), TexteDe(chemin_.stem())),
+        c_(sorties_.Ouvrir(TexteDe(chemin_.filename()), Nature::Refaisable)) {
+    for (const std::string& ligne : sorties_.Recit()) travail.rapport.Ligne(ligne);
+  }
+  Ecrivain& Fichier() { return c_; }
+  void Valider(const std::vector<std::string>& lignesPos) {
+    if (travail_.pos) {
+      Ecrivain& pos = sorties_.Ouvrir(TexteDe(CheminDe(NomDuPos(travail_.options.c)).filename()), Nature::Unique);
       for (const std::string& ligne : lignesPos) pos.Ligne(ligne);
     }
-    jeu_.Valider();
+    sorties_.Valider();
   }
-  // C as far as it goes, for a run that stops.
-  void EnregistrerC() { jeu_.Valider(); }
+  // What stands there of a fusion that stops, without a .POS.
+  void Laisser() { sorties_.Valider(); }
 
  private:
-  bool avecPos_;
+  const Travail& travail_;
   Chemin chemin_;
-  JeuDeFichiers jeu_;
+  JeuDeFichiers sorties_;
   Ecrivain& c_;
 };
 
@@ -155,7 +156,7 @@ void FusionnerCoteACote(const Travail& travail) {
     throw Erreur(kArretAnnonce);
   }
   Verification verification(travail.rapport, travail.options);
-  Sorties sorties(travail);
+  Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets);
   LecteurLignes a(*travail.a.entree.chemin);
   LecteurLignes b(*travail.b.entree.chemin);
@@ -163,14 +164,14 @@ void FusionnerCoteACote(const Travail& travail) {
   std::string_view ligneB;
   for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
     if (!verification.Accepter(individu, ligneA, ligneB)) {
-      sorties.EnregistrerC();
+      c.Laisser();
       Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
     }
-    EcrireLigneDeA(travail, ligneA, sorties.C());
-    sorties.C().Ligne(ligneB);
+    EcrireLigneDeA(travail, ligneA, c.Fichier());
+    c.Fichier().Ligne(ligneB);
     avancement.Avancer(ligneA.size());
   }
-  sorties.Enregistrer(LignesPosCoteACote(travail, travail.a.lignes));
+  c.Valider(LignesPosCoteACote(travail, travail.a.lignes));
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 
@@ -183,12 +184,12 @@ void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets&
 }
 
 void FusionnerALaSuite(const Travail& travail) {
-  Sorties sorties(travail);
+  Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets + travail.b.octets);
-  CopierVers(travail.a, sorties.C(), avancement);
-  CopierVers(travail.b, sorties.C(), avancement);
-  sorties.Enregistrer(travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes)
-                                  : std::vector<std::string>{});
+  CopierVers(travail.a, c.Fichier(), avancement);
+  CopierVers(travail.b, c.Fichier(), avancement);
+  c.Valider(travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes)
+                        : std::vector<std::string>{});
   EcrireEffectif(travail.rapport, travail.a);
   EcrireEffectif(travail.rapport, travail.b);
   travail.rapport.Ligne(" Fusion à la suite"_w);
@@ -227,15 +228,15 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
 
 void FusionnerParNumero(const Travail& travail) {
   const Identifiants identifiants = LireIdentifiants(travail.options);
-  Sorties sorties(travail);
-  const BilanAppareillement bilan = Appareiller(travail, identifiants, sorties.C());
+  Resultat c(travail);
+  const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
   if (bilan.resteDeA || bilan.resteDeB) {
-    sorties.EnregistrerC();
+    c.Laisser();
     travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
                                          : "*** ERREUR Fichier B non terminé"_w);
     Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
   }
-  sorties.Enregistrer(LignesPosCoteACote(travail, bilan.lignes));
+  c.Valider(LignesPosCoteACote(travail, bilan.lignes));
   travail.rapport.Ligne({"Nombre d'enregistrement résultant :"_w, NombreNu(bilan.lignes)});
   travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
   travail.rapport.Ligne(" Fusion côte à côte"_w);
@@ -302,6 +303,12 @@ std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options)
 }
 
 Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
+  if (MemeFichier(contexte, options.a, options.b) &&
+      contexte.Ecran().demander(
+          Joindre({"*** Attention : les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
+                   " : le résultat contiendra deux fois ses données. L'acceptez-vous ?"_w}),
+          Boutons::OuiNon) != Reponse::Oui)
+    return Fin::Arret;
   OptionsFusion demandees = options;
   if (options.type == TypeFusion::CoteACote && options.verifier && !DemanderIdentifiants(contexte, demandees))
     return Fin::Arret;

@@ -248,7 +248,7 @@ TEST_F(SaisieTest, UnAutreProgrammeChangeLesDonnees) {
 }
 
 // An entry fed without end is killed two hundred times: after each the data are whole lines, none that was acknowledged
-// is missing, and the next start finds a .POS that matches.
+// is missing, and whatever program comes next finds a .POS that matches.
 TEST_F(SaisieTest, TueDeuxCentsFois) {
   std::mt19937 hasard(7);
   std::int64_t acquis = 0;
@@ -267,12 +267,13 @@ TEST_F(SaisieTest, TueDeuxCentsFois) {
       }
     }
     close(tube[1]);
-    std::this_thread::sleep_for(std::chrono::microseconds(500 + hasard() % 4000));
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + hasard() % 8000));
     kill(enfant, SIGKILL);
     waitpid(enfant, nullptr, 0);
     char octets[4096];
     for (ssize_t lus = 0; (lus = read(tube[0], octets, sizeof octets)) > 0;) acquis += lus;
     close(tube[0]);
+    const quelvar::GeneriqueTenu suivant(dossier_.Chemin(), "ENQ", "ENQ.TAP");
     if (!Existe("ENQ.DAT")) continue;
 
     const std::string dat = Lire("ENQ.DAT");
@@ -282,8 +283,7 @@ TEST_F(SaisieTest, TueDeuxCentsFois) {
     ASSERT_GE(lignes, acquis);
     ASSERT_LE(lignes, acquis + 1);
     acquis = lignes;
-    CommencerSaisie(contexte_, Synchronisation::Non);
     ASSERT_EQ(Lire("ENQ.POS"), Joindre({"ENQ\r\n", NombreNu(lignes), "\r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n"}));
   }
-  EXPECT_GT(acquis, 200);
+  EXPECT_GT(acquis, 100);
 }

@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 using namespace quelvar::forms;
 
@@ -178,5 +179,39 @@ bool Actif(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>
 bool Coche(const QWidget& forme, const char* nom) { return Bureau::Dans<QAbstractButton>(forme, nom).isChecked(); }
 QString Etiquette(const QWidget& forme, const char* nom) { return Bureau::Dans<QLabel>(forme, nom).text(); }
 QString Champ(const QWidget& forme, const char* nom) { return Bureau::Dans<QLineEdit>(forme, nom).text(); }
+
+namespace {
+
+// Contents of the files by name, those of the session and of the commits apart.
+std::map<std::string, std::string> Fichiers(const std::filesystem::path& dossier) {
+  std::map<std::string, std::string> fichiers;
+  for (const auto& entree : std::filesystem::directory_iterator(dossier)) {
+    const std::string nom = entree.path().filename();
+    if (!nom.starts_with('.') && quelvar::Minuscules(nom) != "qvr2.ini")
+      fichiers[nom] = quelvar::LireOctets(entree.path());
+  }
+  return fichiers;
+}
+
+}  // namespace
+
+QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
+                            const std::function<void()>& faire) {
+  const DossierTemporaire copie;
+  std::filesystem::copy(bureau.Dossier(), copie.Chemin(), std::filesystem::copy_options::recursive);
+  QString commande;
+  pilote.Faire([&](QDialog& boite) {
+    commande = boite.findChild<QLineEdit*>("Commande")->text();
+    boite.reject();
+  });
+  Cliquer(forme, "BoutCommande");
+  faire();
+  const QString ligne = "cd '" + QString::fromStdString(copie.Chemin().string()) + "' && Q='" QUELVAR_BATCH "' && $Q" +
+                        commande.mid(QString("quelvar-batch").size()) + " >/dev/null 2>&1";
+  EXPECT_TRUE(commande.startsWith("quelvar-batch ")) << commande.toStdString();
+  EXPECT_EQ(std::system(ligne.toUtf8().constData()), 0) << commande.toStdString();
+  EXPECT_EQ(Fichiers(copie.Chemin()), Fichiers(bureau.Dossier())) << commande.toStdString();
+  return commande;
+}
 
 }  // namespace essai

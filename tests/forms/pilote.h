@@ -123,4 +123,9 @@ bool Coche(const QWidget& forme, const char* nom);
 QString Etiquette(const QWidget& forme, const char* nom);
 QString Champ(const QWidget& forme, const char* nom);
 
+// Takes the line that "Voir la commande" of the form shows, does what the form does, and tries the line with
+// quelvar-batch in a copy of the directory made before: every file must come out the same. Returns the line.
+QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
+                            const std::function<void()>& faire);
+
 }  // namespace essai

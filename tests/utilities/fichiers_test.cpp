@@ -146,6 +146,21 @@ TEST_F(RunUtilitaires, InputsAndFormerResultsAreWholeWhateverHappens) {
   EXPECT_FALSE(Existe("C.POS"));
 }
 
+TEST_F(RunUtilitaires, AFileIsMergedWithItselfOnlyWhenTheUserSaysSo) {
+  Ecrire("A.DAT", "01\r\n");
+  OptionsFusion options = Fusion(TypeFusion::ALaSuite);
+  options.b = "./a.dat";
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Fusionner(contexte_, options), Fin::Arret);
+  EXPECT_FALSE(Existe("C.DAT"));
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_TRUE(boites_[0].find("A et B sont un seul et m") != std::string::npos);
+  bouton_ = Reponse::Oui;
+  EXPECT_EQ(Fusionner(contexte_, options), Fin::Normale);
+  EXPECT_EQ(Lire("C.DAT"), "01\r\n01\r\n");
+  EXPECT_EQ(Lire("A.DAT"), "01\r\n");
+}
+
 TEST_F(RunUtilitaires, AVerificationGivenUpLeavesNoTrace) {
   Ecrire("A.DAT", "01\r\n");
   Ecrire("B.DAT", "01\r\n");

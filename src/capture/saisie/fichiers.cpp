@@ -1,11 +1,8 @@
 #include "capture/saisie/fichiers.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 
 #include "capture/fichiers.h"
 #include "core/programme/report.h"
@@ -14,33 +11,6 @@
 namespace quelvar::capture {
 
 namespace {
-
-[[noreturn]] void LeverErrno() { throw Erreur(NumeroDErrno(errno)); }
-
-// A descriptor that closes itself.
-class DescripteurDeFichier {
- public:
-  DescripteurDeFichier(const Chemin& chemin, int drapeaux)
-      : numero_(::open(chemin.c_str(), drapeaux | O_CLOEXEC, 0666)) {
-    if (numero_ < 0) LeverErrno();
-  }
-  ~DescripteurDeFichier() { ::close(numero_); }
-  DescripteurDeFichier(const DescripteurDeFichier&) = delete;
-  DescripteurDeFichier& operator=(const DescripteurDeFichier&) = delete;
-  int Numero() const { return numero_; }
-
- private:
-  int numero_;
-};
-
-void Synchroniser(const Chemin& chemin) {
-  const DescripteurDeFichier fichier(chemin, O_RDONLY);
-  if (::fsync(fichier.Numero()) != 0) LeverErrno();
-}
-
-void Raccourcir(const Chemin& chemin, std::uintmax_t taille) {
-  if (::truncate(chemin.c_str(), static_cast<off_t>(taille)) != 0) LeverErrno();
-}
 
 bool EstBlanche(std::string_view ligne) { return Rogner(ligne).empty(); }
 
@@ -81,7 +51,7 @@ FichiersSaisie::FichiersSaisie(const Contexte& contexte, const Descripteur& desc
                                Synchronisation synchronisation)
     : contexte_(contexte),
       questions_(LignesDeQuestions(descripteur)),
-      synchroniser_(synchronisation == Synchronisation::Oui) {
+      nature_(synchronisation == Synchronisation::Oui ? Nature::Unique : Nature::Refaisable) {
   Revoir();
   const std::optional<Chemin> pos = ChercherPos(contexte_);
   if (!pos) return;
@@ -94,7 +64,7 @@ FichiersSaisie::FichiersSaisie(const Contexte& contexte, const Descripteur& desc
 
 bool FichiersSaisie::Reprendre() {
   if (!posARefaire_) return false;
-  Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"));
+  Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"), nature_);
   pos.Fichier().Ecrire(TextePos(examen_.nonVides));
   pos.Valider();
   posARefaire_ = false;
@@ -124,86 +94,59 @@ void FichiersSaisie::Revoir() {
 }
 
 // A .POS that tells more than the descriptor is kept once.
-void FichiersSaisie::GarderPos() {
+void FichiersSaisie::GarderPos(JeuDeFichiers& jeu) const {
   if (!posAGarder_) return;
   if (const std::optional<Chemin> pos = ChercherPos(contexte_))
-    CopierLignes(*pos, contexte_.repertoire, NomDeSauvegarde(contexte_.Nom(".POS")));
-  posAGarder_ = false;
+    CopierLignes(*pos, jeu.Ouvrir(NomDeSauvegarde(contexte_.Nom(".POS")), Nature::Unique));
 }
 
 void FichiersSaisie::Ajouter(std::string_view ligne) {
+  JeuDeFichiers jeu(contexte_.repertoire, contexte_.generique);
   Revoir();
-  GarderPos();
-  // .POS is ready beside its target before the record is there, so that nothing but a rename is left then.
-  Remplacement pos(contexte_.repertoire, contexte_.Nom(".POS"));
-  pos.Fichier().Ecrire(TextePos(examen_.nonVides + 1));
-  pos.Achever();
-  const bool nouveau = !trace_ || !examen_.propre;
-  if (examen_.propre) Allonger(ligne);
-  else Recopier(ligne, 0);
-  const Chemin dat = Dat();
-  try {
-    pos.Valider();
-  } catch (...) {  // a record that is not acknowledged must not be there when it is keyed again
-    if (examen_.propre) Raccourcir(dat, examen_.taille);
-    throw;
-  }
-  // The data must be on the disk; .POS follows from them, and Reprendre sets it right should the machine stop now.
-  if (synchroniser_) {
-    Synchroniser(dat);
-    if (nouveau) Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
-  }
-  if (examen_.propre) {
-    ++examen_.lignes;
-  } else {
-    examen_.propre = true;
-    examen_.lignes = examen_.nonVides + 1;
-  }
+  GarderPos(jeu);
+  if (trace_ && examen_.propre) jeu.Allonger(contexte_.Nom(".DAT"), Joindre({ligne, "\r\n"}), nature_);
+  else Recopier(jeu, ligne, 0);
+  jeu.Ouvrir(contexte_.Nom(".POS"), nature_).Ecrire(TextePos(examen_.nonVides + 1));
+  jeu.Valider();
+  posAGarder_ = false;
+  Compter(ligne);
+}
+
+// The data file is the one that was looked at, with this record behind it and without its empty lines.
+void FichiersSaisie::Compter(std::string_view ligne) {
+  if (!examen_.propre) examen_.lignes = examen_.nonVides;
+  examen_.propre = true;
+  ++examen_.lignes;
   ++examen_.nonVides;
   examen_.uniforme = examen_.nonVides == 1 || (examen_.uniforme && ligne.size() == examen_.longueurDerniere);
   examen_.longueurDerniere = ligne.size();
-  trace_ = TracerFichier(dat);
+  trace_ = TracerFichier(Dat());
   examen_.taille = trace_ ? trace_->taille : 0;
-}
-
-// The record behind the last one, in one write: all of it is there, or none.
-void FichiersSaisie::Allonger(std::string_view ligne) {
-  const std::string octets = std::string(ligne) + "\r\n";
-  const DescripteurDeFichier fichier(Dat(), O_WRONLY | O_CREAT | O_APPEND);
-  const ssize_t ecrits = ::write(fichier.Numero(), octets.data(), octets.size());
-  if (ecrits == static_cast<ssize_t>(octets.size())) return;
-  const Erreur erreur(ecrits < 0 ? NumeroDErrno(errno) : static_cast<int>(kDisquePlein));
-  if (ecrits > 0 && ::ftruncate(fichier.Numero(), static_cast<off_t>(examen_.taille)) != 0) LeverErrno();
-  throw erreur;
 }
 
 // Copies the lines that are not empty and puts `ajout` behind them, or in the place of the line `remplacee` (from 1; 0
 // for none, and only then empty lines go).
-void FichiersSaisie::Recopier(std::string_view ajout, std::int64_t remplacee) {
-  const Chemin dat = Dat();
-  Remplacement copie(dat);
+void FichiersSaisie::Recopier(JeuDeFichiers& jeu, std::string_view ajout, std::int64_t remplacee) const {
+  Ecrivain& copie = jeu.Ouvrir(contexte_.Nom(".DAT"), nature_);
   std::int64_t numero = 0;
   if (trace_) {
-    LecteurLignes lecteur(dat);
+    LecteurLignes lecteur(Dat());
     for (std::string_view ligne; lecteur.Lire(ligne);) {
       ++numero;
-      if (numero == remplacee) copie.Fichier().Ligne(ajout);
-      else if (remplacee != 0 || !EstBlanche(ligne)) copie.Fichier().Ligne(ligne);
+      if (numero == remplacee) copie.Ligne(ajout);
+      else if (remplacee != 0 || !EstBlanche(ligne)) copie.Ligne(ligne);
     }
   }
-  if (remplacee == 0) copie.Fichier().Ligne(ajout);
+  if (remplacee == 0) copie.Ligne(ajout);
   else if (numero < remplacee) throw Erreur(kFinDeFichierDepassee);
-  copie.Achever();
-  if (synchroniser_) Synchroniser(copie.CheminProvisoire());
-  copie.Valider();
 }
 
 void FichiersSaisie::Corriger(std::int64_t numero, std::string_view ligne) {
+  JeuDeFichiers jeu(contexte_.repertoire, contexte_.generique);
   Revoir();
   if (numero < 1 || numero > examen_.lignes) throw Erreur(kFinDeFichierDepassee);
-  Recopier(ligne, numero);
-  const Chemin dat = Dat();
-  if (synchroniser_) Synchroniser(dat.parent_path().empty() ? Chemin(".") : dat.parent_path());
+  Recopier(jeu, ligne, numero);
+  jeu.Valider();
   trace_.reset();
   Revoir();
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/enquete/desfile.h"
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::capture {
@@ -36,11 +37,12 @@ class FichiersSaisie {
 
   const ExamenDat& Examen() const { return examen_; }
 
-  // Sets the count of .POS right when an entry was cut between its two files; true when it had to.
+  // Sets the count of .POS right when it is not that of the data (somebody has changed them, the machine has stopped
+  // before the disk had them); true when it had to.
   bool Reprendre();
 
-  // Adds a record behind the last one and writes .POS anew; both are on the disk when it returns. Lines that are
-  // already clean are not copied again. A failure leaves the former files and raises its number.
+  // Adds a record behind the last one and writes .POS anew, in one set; both are on the disk when it returns. Lines
+  // that are already clean are not copied again. A failure leaves the former files and raises its number.
   void Ajouter(std::string_view ligne);
   // Replaces a record, counted from 1 among all lines, by an atomic replacement of .DAT. Raises 62 when there is none.
   void Corriger(std::int64_t numero, std::string_view ligne);
@@ -63,13 +65,13 @@ class FichiersSaisie {
   Chemin Dat() const;
   std::string TextePos(std::int64_t nonVides) const;
   void Revoir();
-  void GarderPos();
-  void Allonger(std::string_view ligne);
-  void Recopier(std::string_view ajout, std::int64_t remplacee);
+  void GarderPos(JeuDeFichiers& jeu) const;
+  void Recopier(JeuDeFichiers& jeu, std::string_view ajout, std::int64_t remplacee) const;
+  void Compter(std::string_view ligne);
 
   Contexte contexte_;
   std::string questions_;  // the lines of .POS behind its second one
-  bool synchroniser_;
+  Nature nature_;          // of .DAT and .POS
   ExamenDat examen_;
   std::optional<Trace> trace_;
   bool posAGarder_ = false;

@@ -81,12 +81,16 @@ bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureD
 std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchronisation synchronisation) {
   const std::optional<Chemin> des = contexte.Chercher(".DES");
   if (!des) return std::nullopt;
+  const GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(".DAT"));
   Descripteur descripteur = LireDes(*des);
   FichiersSaisie fichiers(contexte, descripteur, synchronisation);
   const ExamenDat& examen = fichiers.Examen();
   if (examen.longueurDerniere > 0) VerifierLongueur(descripteur, examen.longueurDerniere);
   SignalerNoms(descripteur);
-  std::string fautes = TexteDesFautes(descripteur);
+  std::string fautes;
+  for (const std::string& ligne : tenu.Recit()) AjouterLigne(fautes, ligne);
+  if (const std::string duDescripteur = TexteDesFautes(descripteur); !duDescripteur.empty())
+    AjouterLigne(fautes, duDescripteur);
   if (descripteur.descriptions.empty()) AjouterLigne(fautes, "*** Le descripteur ne contient aucune question");
   if (fichiers.PosAGarder())
     AjouterLigne(fautes, Joindre({"Le fichier ", contexte.Nom(".POS"),
@@ -94,8 +98,8 @@ std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchroni
                                   "remplacé au premier enregistrement et sauvegardé sous le nom "_w,
                                   NomDeSauvegarde(contexte.Nom(".POS"))}));
   if (fichiers.Reprendre())
-    AjouterLigne(fautes, Joindre({"L'effectif du fichier ", contexte.Nom(".POS"),
-                                  " a été remis d'accord avec les données après une saisie interrompue"_w}));
+    AjouterLigne(fautes,
+                 Joindre({"L'effectif du fichier ", contexte.Nom(".POS"), " a été remis d'accord avec les données"_w}));
   return SaisieEnCours{NouvelleSaisie(descripteur, examen.lignes), std::move(fichiers), std::move(fautes)};
 }
 

@@ -15,8 +15,7 @@ constexpr double kTete = 52;  // from the top of a group to its first bar
 constexpr double kPied = 26;
 constexpr double kPas = 14;
 constexpr double kEpaisseur = 8;
-constexpr double kZero = 410;      // where nothing attracts
-constexpr double kEchelle = 1.65;  // points for one percent
+constexpr double kBout = 575;  // where 100 stands
 constexpr double kFinDesNoms = 222;
 constexpr double kCorps = 8;
 constexpr double kPetitCorps = 7;
@@ -28,9 +27,27 @@ std::string Tenir(std::string texte, double largeur) {
   return texte + "...";
 }
 
-void TracerEchelle(Dessin& dessin, double haut, double bas) {
-  for (const int pourCent : {-100, -50, 0, 50, 100}) {
-    const double x = kZero + kEchelle * pourCent;
+// Where the percentages stand across the page.
+struct Echelle {
+  double zero;
+  double pas;   // points for one percent
+  int minimum;  // -100, or 0 when no bar goes below
+
+  double X(int pourCent) const { return zero + pas * std::clamp(pourCent, minimum, 100); }
+};
+
+Echelle EchelleDe(const std::vector<GroupeDeBarres>& groupes) {
+  const auto negative = [](const Barre& barre) { return barre.pourCent < 0; };
+  const bool deux = std::any_of(groupes.begin(), groupes.end(), [&](const GroupeDeBarres& groupe) {
+    return std::any_of(groupe.barres.begin(), groupe.barres.end(), negative);
+  });
+  const double zero = deux ? 410 : 245;
+  return {zero, (kBout - zero) / 100, deux ? -100 : 0};
+}
+
+void TracerEchelle(Dessin& dessin, const Echelle& echelle, double haut, double bas) {
+  for (int pourCent = echelle.minimum; pourCent <= 100; pourCent += 50) {
+    const double x = echelle.X(pourCent);
     dessin.Ligne({x, haut - 6}, {x, bas},
                  {.couleur = Couleur::Gris,
                   .epaisseur = pourCent == 0 ? 0.75 : 0.4,
@@ -40,14 +57,14 @@ void TracerEchelle(Dessin& dessin, double haut, double bas) {
   }
 }
 
-void TracerBarre(Dessin& dessin, const Barre& barre, double milieu) {
-  const double bout = kZero + kEchelle * std::clamp(barre.pourCent, -100, 100);
+void TracerBarre(Dessin& dessin, const Echelle& echelle, const Barre& barre, double milieu) {
+  const double bout = echelle.X(barre.pourCent);
   const bool negative = barre.pourCent < 0;
   const Couleur couleur = negative ? Couleur::Rouge : Couleur::Bleu;
   dessin.Texte({kMarge, milieu}, Tenir(barre.intitule, kFinDesNoms - kMarge),
                {.corps = kCorps, .niveau = Niveau::Centre});
   if (barre.pourCent != 0)
-    dessin.Rectangle({kZero, milieu - kEpaisseur / 2}, {bout, milieu + kEpaisseur / 2},
+    dessin.Rectangle({echelle.zero, milieu - kEpaisseur / 2}, {bout, milieu + kEpaisseur / 2},
                      {.couleur = couleur, .teinte = barre.sure ? 0.75 : 0}, {.couleur = couleur});
   dessin.Texte(
       {bout, milieu}, Nombre(barre.pourCent),
@@ -61,6 +78,7 @@ Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::str
   double hauteur = kPied;
   for (const GroupeDeBarres& groupe : groupes) hauteur += kTete + kPas * static_cast<double>(groupe.barres.size());
   Dessin dessin(kLargeur, hauteur);
+  const Echelle echelle = EchelleDe(groupes);
   double haut = 0;
   std::int32_t element = 0;
   for (const GroupeDeBarres& groupe : groupes) {
@@ -68,10 +86,10 @@ Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::str
     const double bas = debut + kPas * static_cast<double>(groupe.barres.size());
     dessin.Designer(-1);
     dessin.Texte({kMarge, haut + 22}, Tenir(groupe.titre, kLargeur - 2 * kMarge), {.corps = 11, .gras = true});
-    TracerEchelle(dessin, debut, bas);
+    TracerEchelle(dessin, echelle, debut, bas);
     for (std::size_t i = 0; i < groupe.barres.size(); ++i) {
       dessin.Designer(element++);
-      TracerBarre(dessin, groupe.barres[i], debut + kPas * (static_cast<double>(i) + 0.5));
+      TracerBarre(dessin, echelle, groupe.barres[i], debut + kPas * (static_cast<double>(i) + 0.5));
     }
     haut = bas;
   }

@@ -20,7 +20,7 @@ struct GroupeDeBarres {
 };
 
 // One group below the other on a page in points, as high as they need; the elements are the ranks of the bars through
-// all groups. The scale runs from -100 to 100. `legende` stands under the last bar.
+// all groups. The scale runs from -100 to 100, or from 0 when no bar is negative. `legende` stands under the last bar.
 Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::string& legende);
 
 }  // namespace quelvar

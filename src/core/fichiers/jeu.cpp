@@ -27,6 +27,25 @@ void SynchroniserDossier(const Chemin& dossier) {
   ::close(descripteur);
 }
 
+// Bytes behind the last one of a file, all of them or none. Raises 75 when it is no longer as long as it was.
+void AllongerFichier(const EntreeDeReleve& e, std::string_view octets) {
+  const int descripteur = ::open(e.cible.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+  Exiger(descripteur < 0 ? -1 : 0);
+  int numero = 0;
+  if (static_cast<std::uint64_t>(::lseek(descripteur, 0, SEEK_END)) != e.ancienne) numero = kAccesFichier;
+  for (std::string_view reste = octets; numero == 0 && !reste.empty();) {
+    const ssize_t ecrits = appels::Ecrire(descripteur, reste.data(), reste.size());
+    if (ecrits <= 0) numero = ecrits < 0 ? NumeroDErrno(errno) : static_cast<int>(kDisquePlein);
+    else reste.remove_prefix(static_cast<std::size_t>(ecrits));
+  }
+  if (numero == 0 && e.nature == Nature::Unique && appels::Synchroniser(descripteur) != 0) numero = NumeroDErrno(errno);
+  // What stands behind the former end is of this write alone; the next program of the generic tries again.
+  if (numero != 0 && numero != kAccesFichier && ::ftruncate(descripteur, static_cast<off_t>(e.ancienne)) != 0)
+    numero = NumeroDErrno(errno);
+  ::close(descripteur);
+  if (numero != 0) throw Erreur(numero);
+}
+
 }  // namespace
 
 JeuDeFichiers::JeuDeFichiers(const Chemin& repertoire, std::string_view generique)
@@ -55,6 +74,12 @@ const Chemin& JeuDeFichiers::Achever(std::string_view nom) {
   return sortie.Emplacement();
 }
 
+void JeuDeFichiers::Allonger(std::string_view nom, std::string_view octets, Nature nature) {
+  std::optional<Chemin> chemin = ChercherFichier(repertoire_, nom);
+  if (!chemin) throw Erreur(kFichierIntrouvable);
+  ajouts_.push_back({std::move(*chemin), std::string(octets), nature});
+}
+
 void JeuDeFichiers::Effacer(std::string_view nom) {
   if (std::optional<Chemin> chemin = ChercherFichier(repertoire_, nom)) effaces_.push_back(std::move(*chemin));
 }
@@ -66,12 +91,29 @@ void JeuDeFichiers::OublierInchangees() {
   });
 }
 
+void JeuDeFichiers::TenirAjouts() {
+  for (const Ajout& ajout : ajouts_) {
+    if (!VerifierCible(ajout.cible)) throw Erreur(kFichierIntrouvable);
+    EntreeDeReleve entree;
+    entree.genre = GenreDEntree::Allonge;
+    entree.nature = ajout.nature;
+    entree.ancienne = LongueurFichier(ajout.cible);
+    entree.taille = entree.ancienne + ajout.octets.size();
+    CondenseDOctets condense;
+    condense.Ajouter(ajout.octets);
+    entree.empreinte = condense.Valeur();
+    entree.cible = ajout.cible;
+    entrees_.push_back(std::move(entree));
+  }
+}
+
 void JeuDeFichiers::Tenir() {
   entrees_.clear();
+  TenirAjouts();
   for (const std::unique_ptr<Provisoire>& sortie : sorties_) {
     sortie->Tenir();
     entrees_.push_back({sortie->CibleExiste() ? GenreDEntree::Remplace : GenreDEntree::Nouveau, sortie->SaNature(),
-                        sortie->Taille(), sortie->Empreinte(), 0, 0, sortie->Cible(), sortie->Emplacement()});
+                        sortie->Taille(), sortie->Empreinte(), 0, 0, 0, sortie->Cible(), sortie->Emplacement()});
   }
   for (const Chemin& chemin : effaces_) {
     if (!VerifierCible(chemin)) continue;
@@ -90,6 +132,7 @@ void JeuDeFichiers::Poser(std::size_t rang) {
     case GenreDEntree::Nouveau: return Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
     case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
     case GenreDEntree::Efface: return Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Allonge: return AllongerFichier(e, ajouts_[rang].octets);
   }
 }
 
@@ -103,6 +146,7 @@ void JeuDeFichiers::Defaire(std::size_t rang) {
       return Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
     }
     case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Allonge: return Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
   }
 }
 
@@ -127,8 +171,9 @@ void JeuDeFichiers::Valider() {
   OublierInchangees();
   Tenir();
   if (entrees_.empty()) return;
-  const bool uniques = std::any_of(sorties_.begin(), sorties_.end(),
-                                   [](const auto& sortie) { return sortie->SaNature() == Nature::Unique; });
+  const bool uniques = std::any_of(entrees_.begin(), entrees_.end(), [](const EntreeDeReleve& e) {
+    return e.genre != GenreDEntree::Efface && e.nature == Nature::Unique;
+  });
   const SansSignaux sansSignaux;
   for (const std::unique_ptr<Provisoire>& sortie : sorties_) {
     if (sortie->SaNature() == Nature::Unique) sortie->Synchroniser();
@@ -145,7 +190,8 @@ void JeuDeFichiers::Valider() {
   for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Lacher();
   try {
     for (const EntreeDeReleve& e : entrees_)
-      if (e.genre != GenreDEntree::Nouveau) Exiger(appels::Effacer(e.provisoire.c_str()));
+      if (e.genre == GenreDEntree::Remplace || e.genre == GenreDEntree::Efface)
+        Exiger(appels::Effacer(e.provisoire.c_str()));
     Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
   } catch (const Erreur&) {  // the next program of the generic removes what is left
   }

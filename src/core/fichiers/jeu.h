@@ -27,6 +27,8 @@ class JeuDeFichiers {
   Ecrivain& Ouvrir(std::string_view nom, Nature nature);
   // An output that has the bytes of a file there is.
   void Copier(const Chemin& source, std::string_view nom, Nature nature);
+  // A file that is there gets these bytes behind those it has. Raises 53 when it is not there.
+  void Allonger(std::string_view nom, std::string_view octets, Nature nature);
   // Ends an output and tells where its bytes are until the commit, for a caller that reads them again.
   const Chemin& Achever(std::string_view nom);
   // The file of that name goes with the commit, if there is one.
@@ -40,8 +42,15 @@ class JeuDeFichiers {
   const std::vector<std::string>& Recit() const { return tenu_.Recit(); }
 
  private:
+  struct Ajout {
+    Chemin cible;
+    std::string octets;
+    Nature nature;
+  };
+
   void OublierInchangees();
   void Tenir();
+  void TenirAjouts();
   void Poser(std::size_t rang);
   void Defaire(std::size_t rang);
   void PoserTout();
@@ -52,6 +61,7 @@ class JeuDeFichiers {
   std::vector<std::unique_ptr<Provisoire>> sorties_;
   std::vector<std::string> noms_;  // of the outputs, as they were asked
   std::vector<Chemin> effaces_;
+  std::vector<Ajout> ajouts_;
   std::vector<EntreeDeReleve> entrees_;
 };
 

@@ -15,7 +15,7 @@ namespace quelvar {
 namespace {
 
 constexpr std::string_view kTitre = "Quelvar : jeu de fichiers, 1";
-constexpr std::array<std::string_view, 3> kGenres = {"nouveau", "remplace", "efface"};
+constexpr std::array<std::string_view, 4> kGenres = {"nouveau", "remplace", "efface", "allonge"};
 constexpr std::array<std::string_view, 2> kNatures = {"unique", "refaisable"};
 
 // Names may hold any byte: the separators of the record are escaped.
@@ -81,7 +81,8 @@ std::string TexteDuReleve(const Releve& releve) {
   for (const EntreeDeReleve& e : releve.entrees) {
     texte += std::string(kGenres[static_cast<std::size_t>(e.genre)]) + '\t' +
              std::string(kNatures[static_cast<std::size_t>(e.nature)]);
-    for (const std::uint64_t nombre : {e.taille, e.empreinte, e.noeud}) texte += '\t' + std::to_string(nombre);
+    for (const std::uint64_t nombre : {e.taille, e.empreinte, e.ancienne, e.noeud})
+      texte += '\t' + std::to_string(nombre);
     texte += '\t' + std::to_string(e.instant) + '\t' + Echapper(e.cible.native()) + '\t' +
              Echapper(e.provisoire.native()) + "\r\n";
   }
@@ -115,12 +116,12 @@ std::optional<Releve> LireReleve(const Chemin& chemin) {
     const std::vector<std::string_view> champs = Champs(std::string_view(octets).substr(debut, saut - debut));
     debut = saut + 2;
     if (numero == 1) releve.amorce = champs[0];
-    if (numero < 2 || champs.size() != 8) continue;
+    if (numero < 2 || champs.size() != 9) continue;
     releve.entrees.push_back({LireMot<GenreDEntree>(champs[0], kGenres), LireMot<Nature>(champs[1], kNatures),
                               LireNombre<std::uint64_t>(champs[2]), LireNombre<std::uint64_t>(champs[3]),
-                              LireNombre<std::uint64_t>(champs[4]), LireNombre<std::int64_t>(champs[5]),
-                              Prefixer(Retablir(champs[6]), chemin.parent_path()),
-                              Prefixer(Retablir(champs[7]), chemin.parent_path())});
+                              LireNombre<std::uint64_t>(champs[4]), LireNombre<std::uint64_t>(champs[5]),
+                              LireNombre<std::int64_t>(champs[6]), Prefixer(Retablir(champs[7]), chemin.parent_path()),
+                              champs[8].empty() ? Chemin() : Prefixer(Retablir(champs[8]), chemin.parent_path())});
   }
   return releve;
 }

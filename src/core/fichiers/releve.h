@@ -13,7 +13,7 @@
 
 namespace quelvar {
 
-enum class GenreDEntree { Nouveau, Remplace, Efface };
+enum class GenreDEntree { Nouveau, Remplace, Efface, Allonge };
 
 // One file of the set. A file is known again by its size and digest, or, where it is of no use to read it, by the
 // place and the time that the file system gave it.
@@ -21,11 +21,12 @@ struct EntreeDeReleve {
   GenreDEntree genre = GenreDEntree::Nouveau;
   Nature nature = Nature::Refaisable;
   std::uint64_t taille = 0;     // of the new file
-  std::uint64_t empreinte = 0;  // of the new file
+  std::uint64_t empreinte = 0;  // of the new file; of the bytes behind the former ones (Allonge)
+  std::uint64_t ancienne = 0;   // length of the former file (Allonge)
   std::uint64_t noeud = 0;      // of the former file (Efface)
   std::int64_t instant = 0;     // its time in nanoseconds
   Chemin cible;
-  Chemin provisoire;  // the new file before its exchange with the target, the former one behind it
+  Chemin provisoire;  // the new file before its exchange with the target, the former one behind it; none (Allonge)
 };
 
 struct Releve {

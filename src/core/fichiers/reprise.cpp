@@ -1,5 +1,7 @@
 #include "core/fichiers/reprise.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 
@@ -44,7 +46,24 @@ struct Avance {
   bool entier = true;    // the file in place is the one that was recorded
 };
 
+// The bytes of the cut run stand behind the former ones, and maybe others behind them.
+bool EstAllonge(const EntreeDeReleve& e) {
+  if (!Present(e.cible) || LongueurFichier(e.cible) < e.taille) return false;
+  CondenseDOctets condense;
+  condense.Ajouter(LireMorceau(e.cible, e.ancienne, e.taille - e.ancienne));
+  return condense.Valeur() == e.empreinte;
+}
+
+// Takes the bytes away, whole or cut, unless somebody has written behind them.
+void Raccourcir(const EntreeDeReleve& e) {
+  if (!Present(e.cible)) return;
+  const std::uintmax_t longueur = LongueurFichier(e.cible);
+  if (longueur > e.ancienne && longueur <= e.taille)
+    Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+}
+
 Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
+  if (e.genre == GenreDEntree::Allonge) return {.pose = EstAllonge(e)};
   Exiger(appels::AcheverEchange(e.cible.c_str(), e.provisoire.c_str()));
   Avance avance;
   const bool reste = Present(e.provisoire);
@@ -66,6 +85,11 @@ Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
   return avance;
 }
 
+void EffacerProvisoires(const std::vector<EntreeDeReleve>& entrees) {
+  for (const EntreeDeReleve& e : entrees)
+    if (!e.provisoire.empty() && Present(e.provisoire)) Exiger(appels::Effacer(e.provisoire.c_str()));
+}
+
 void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
   for (std::size_t i = 0; i < entrees.size(); ++i) {
     const EntreeDeReleve& e = entrees[i];
@@ -74,16 +98,17 @@ void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>
       case GenreDEntree::Nouveau: Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str())); break;
       case GenreDEntree::Remplace: Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str())); break;
       case GenreDEntree::Efface: Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str())); break;
+      case GenreDEntree::Allonge: break;  // its bytes are nowhere else: only a whole one is finished
     }
   }
-  for (const EntreeDeReleve& e : entrees)
-    if (Present(e.provisoire)) Exiger(appels::Effacer(e.provisoire.c_str()));
+  EffacerProvisoires(entrees);
 }
 
 void Annuler(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
   for (std::size_t i = entrees.size(); i-- > 0;) {
     const EntreeDeReleve& e = entrees[i];
-    if (!avances[i].pose) continue;
+    if (e.genre == GenreDEntree::Allonge) Raccourcir(e);
+    if (!avances[i].pose || e.genre == GenreDEntree::Allonge) continue;
     if (e.genre == GenreDEntree::Nouveau) {
       // A file that another program has put there meanwhile is not ours to remove.
       if (Present(e.cible) && (!avances[i].entier || Est(e.cible, e)))
@@ -94,8 +119,7 @@ void Annuler(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avanc
       Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
     }
   }
-  for (const EntreeDeReleve& e : entrees)
-    if (Present(e.provisoire)) Exiger(appels::Effacer(e.provisoire.c_str()));
+  EffacerProvisoires(entrees);
 }
 
 std::string Noms(const std::vector<EntreeDeReleve>& entrees, GenreDEntree genre, bool autres) {

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/fichiers/generiquetenu.h"
+#include "core/programme/annulation.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -58,6 +59,8 @@ bool ExecuterCorps(Rapport& rapport, const LibellesErreur& libelles, const std::
   try {
     corps(rapport);
     return true;
+  } catch (const Annulation&) {
+    throw;
   } catch (...) {
     for (const std::string& ligne : LignesDErreur(ErreurEnCours(), libelles)) rapport.Ligne(ligne);
     return false;
@@ -159,6 +162,8 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
       affichage = FinProgramme(contexte, nomRapport, libelles);
     }
     if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
+  } catch (const Annulation&) {  // no trace is left of it
+    throw;
   } catch (...) {  // the report can't be opened or written: nothing but the screen is left to tell it
     fin = Fin::Arret;
     affichage = AffichageDErreur(ErreurEnCours(), nomRapport, libelles);

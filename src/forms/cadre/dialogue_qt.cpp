@@ -11,6 +11,7 @@
 #include <chrono>
 #include <memory>
 
+#include "core/programme/annulation.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -100,15 +101,15 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons, 
     case Boutons::Ok: boite.setStandardButtons(QMessageBox::Ok); break;
     case Boutons::OkAnnuler: boite.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
     case Boutons::OuiNon: boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
-    case Boutons::NonOui:
-      boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-      boite.setDefaultButton(QMessageBox::No);
-      break;
+    case Boutons::NonOui: boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
     case Boutons::OuiNonAnnuler:
       boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
       break;
   }
-  boite.setDefaultButton(PremierBouton(boutons) == Reponse::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+  const Reponse premier = PremierBouton(boutons);
+  boite.setDefaultButton(premier == Reponse::Ok    ? QMessageBox::Ok
+                         : premier == Reponse::Non ? QMessageBox::No
+                                                   : QMessageBox::Yes);
   if (boutons == Boutons::OuiNonAnnuler && echappement == Echappement::Non) boite.setEscapeButton(QMessageBox::No);
   switch (boite.exec()) {
     case QMessageBox::Yes: return Reponse::Oui;
@@ -116,6 +117,14 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons, 
     case QMessageBox::Cancel: return Reponse::Annuler;
     default: return Reponse::Ok;
   }
+}
+
+std::optional<std::string> DemanderTexte(QWidget* parent, std::string_view question, std::string_view propose) {
+  bool accepte = false;
+  const QString texte = QInputDialog::getText(parent, QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
+                                              QLineEdit::Normal, VersQt(propose), &accepte);
+  if (!accepte) return std::nullopt;
+  return DepuisQt(texte);
 }
 
 Dialogue DialogueQt(const EcranDeRun& ecran) {
@@ -146,12 +155,10 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
   };
   dialogue.saisir = [=](std::string_view question, std::string_view propose) {
     const CurseurNormal curseur;
-    bool accepte = false;
-    const QString texte =
-        QInputDialog::getText(fenetre.Parent(), QStringLiteral("Quelvar"), SansFinsDeLigneDos(question),
-                              QLineEdit::Normal, VersQt(propose), &accepte);
-    if (!accepte) return std::string();
-    return texte.isEmpty() ? std::string(propose) : DepuisQt(texte);
+    const std::optional<std::string> saisi = DemanderTexte(fenetre.Parent(), question, propose);
+    if (saisi) return saisi->empty() ? std::string(propose) : *saisi;
+    if (ecran.enCours()) throw Annulation();
+    return std::string();
   };
   dialogue.choisirFichier = [=](std::string_view titre, std::string_view filtre) {
     const CurseurNormal curseur;

@@ -7,6 +7,9 @@
 #include <QProgressBar>
 #include <QString>
 #include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "core/programme/dialogue.h"
 
@@ -18,10 +21,15 @@ struct EcranDeRun {
   QProgressBar* progression;  // hidden between two runs
   QLabel* iteration;
   std::function<void(const Affichage&)> afficher;
+  std::function<bool()> enCours;  // whether a run is going on
 };
 
-// The functions live as long as the widgets.
+// The functions live as long as the widgets. An input box that is cancelled during a run gives the run up (Annulation);
+// outside of a run the answer is empty.
 Dialogue DialogueQt(const EcranDeRun& ecran);
+
+// An input box of the program; nothing when it is cancelled.
+std::optional<std::string> DemanderTexte(QWidget* parent, std::string_view question, std::string_view propose);
 
 // "Fichiers *.dat|*.dat|Tous fichiers *.*|*.*" as Qt writes filters; a name is matched in lower and in upper case.
 QString FiltreQt(const QString& filtre);

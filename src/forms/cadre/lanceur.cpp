@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/programme/annulation.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/formes.h"
 
@@ -34,14 +35,16 @@ class Drapeau {
 
 }  // namespace
 
-Lanceur::Lanceur(Formes& formes, std::function<Contexte()> contexte, std::function<void(const Erreur&)> echec)
-    : formes_(formes), contexte_(std::move(contexte)), echec_(std::move(echec)) {}
+Lanceur::Lanceur(Formes& formes, std::function<Contexte()> contexte, std::function<void(const Erreur&)> echec,
+                 std::function<bool()> permis)
+    : formes_(formes), contexte_(std::move(contexte)), echec_(std::move(echec)), permis_(std::move(permis)) {}
 
 bool Lanceur::Lancer(const Programme& programme) {
   if (enCours_) {
     QApplication::beep();
     return false;
   }
+  if (!permis_()) return false;
   Executer(programme);
   if (!attente_.empty()) QMetaObject::invokeMethod(this, &Lanceur::Servir, Qt::QueuedConnection);
   return true;
@@ -56,7 +59,8 @@ void Lanceur::Servir() {
   if (enCours_ || attente_.empty()) return;  // the end of the run comes back here
   const Programme programme = std::move(attente_.front());
   attente_.pop_front();
-  Lancer(programme);
+  Executer(programme);
+  if (!attente_.empty()) QMetaObject::invokeMethod(this, &Lanceur::Servir, Qt::QueuedConnection);
 }
 
 void Lanceur::Executer(const Programme& programme) {
@@ -67,6 +71,8 @@ void Lanceur::Executer(const Programme& programme) {
     programme(contexte_());
   } catch (const Erreur& erreur) {
     echec = erreur;
+  } catch (const Annulation&) {
+    echec = Erreur(kArretAnnonce, std::string(kArretVolontaire));
   } catch (const std::bad_alloc&) {
     echec = Erreur(kMemoireInsuffisante);
   }

@@ -17,12 +17,17 @@ using Programme = std::function<void(const Contexte&)>;
 class Lanceur : public QObject {
   Q_OBJECT
  public:
-  // `contexte` gives what a run receives; `echec` shows the failure of one that told it to nobody else. A form that is
-  // closed during a run stays in memory until its end.
-  Lanceur(Formes& formes, std::function<Contexte()> contexte, std::function<void(const Erreur&)> echec);
+  // `contexte` gives what a run receives; `echec` shows the failure of one that told it to nobody else; `permis` asks
+  // what has to be asked before a run reads the files. A form that is closed during a run stays in memory until its
+  // end.
+  Lanceur(Formes& formes, std::function<Contexte()> contexte, std::function<void(const Erreur&)> echec,
+          std::function<bool()> permis);
 
   bool EnCours() const { return enCours_; }
-  // Runs the program and comes back at its end. A program that asks for another run is refused: beeps, false.
+  // Whether a run may start now: none is going on, and the user has not given it up.
+  bool PeutLancer() const { return !enCours_ && permis_(); }
+  // Runs the program and comes back at its end. A program that asks for another run is refused: beeps, false. So is one
+  // that the user gives up when asked about the files that it reads.
   bool Lancer(const Programme& programme);
   // Runs it once the handler that asks for it has come back, behind the run that is going, if any.
   void LancerEnsuite(Programme programme);
@@ -34,6 +39,7 @@ class Lanceur : public QObject {
   Formes& formes_;
   std::function<Contexte()> contexte_;
   std::function<void(const Erreur&)> echec_;
+  std::function<bool()> permis_;
   std::deque<Programme> attente_;
   bool enCours_ = false;
 };

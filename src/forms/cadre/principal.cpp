@@ -10,13 +10,13 @@
 #include <QMenu>
 #include <QScreen>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "core/programme/erreur.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
-#include "forms/editeur/frmsdi.h"
 #include "forms/pieces/ecran.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
@@ -25,10 +25,22 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr int kColonnesDeNom = 4;  // row and modality names
-
 // Entries that wait for the first generic of a new use.
 constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
+
+// Entries that read no file of the data set.
+bool LitLaBase(const EntreeDeProgramme& entree) {
+  constexpr std::string_view kSansLecture[] = {"mnuPrem", "mnuChangeRepert", "mnuAPropos"};
+  return std::ranges::find(kSansLecture, std::string_view(entree.action)) == std::end(kSansLecture);
+}
+
+struct EntreeDEditeur {
+  const char* nom;  // of the action
+  const char* extension;
+};
+
+constexpr std::array kEntreesDEditeur = {EntreeDEditeur{"mnuEdDES", ".DES"}, EntreeDEditeur{"mnuEdPOS", ".POS"},
+                                         EntreeDEditeur{"mnuEdTRG", ".TRG"}, EntreeDEditeur{"mnuEdMOD", ".MOD"}};
 
 }  // namespace
 
@@ -36,7 +48,8 @@ Principal::Principal(Environnement environnement)
     : environnement_(std::move(environnement)),
       ui_(std::make_unique<Ui::Principal>()),
       lanceur_(
-          formes_, [this] { return ContexteEnCours(); }, [this](const Erreur& erreur) { MontrerEchec(erreur); }),
+          formes_, [this] { return ContexteEnCours(); }, [this](const Erreur& erreur) { MontrerEchec(erreur); },
+          [this] { return editeurs_->PermettreDeLire(session_.repertoire, session_.generique); }),
       aide_(environnement_.dossierAide, environnement_.ouvrir,
             [this](const QString& adresse) {
               dialogue_.demander(Joindre({"Aucun programme n'a pu ouvrir "_w, DepuisQt(adresse)}), Boutons::Ok);
@@ -49,7 +62,7 @@ Principal::Principal(Environnement environnement)
                 aide_,
                 [this](std::string_view generique) { AdopterGenerique(generique); },
                 [this] { AdopterGenerique(std::string(session_.generique)); },
-                [this](std::string_view texte) { AfficherTexte(texte); },
+                [this](std::string_view texte) { resultats_->Remplacer(texte); },
                 [this](const QString& entree) { return ProgrammeExiste(entree); },
                 [this](const QString& entree) { Action(entree)->trigger(); },
                 [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
@@ -68,15 +81,40 @@ Principal::Principal(Environnement environnement)
   ui_->BarreDEtat->addWidget(repertoire_, 1);
   ui_->BarreDEtat->addPermanentWidget(iteration_);
   ui_->BarreDEtat->addPermanentWidget(progression_);
-  dialogue_ = DialogueQt({this, progression_, iteration_, [this](const Affichage& affichage) { Afficher(affichage); }});
+  editeurs_ = std::make_unique<Editeurs>(
+      *this, ServicesEditeur{environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); },
+                             [this](const QString& fichier) { return DemarrerLecteur(fichier); }});
+  resultats_ = std::make_unique<Resultats>(
+      Resultats::Controles{*ui_->Text1, *ui_->FichAff, *ui_->VerrouLignes, *ui_->VerrouColonnes}, session_, dialogue_,
+      formes_, [this](const QString& fichier) { return DemarrerLecteur(fichier); }, nullptr);
+  connect(resultats_.get(), &Resultats::Change, this, &Principal::PermettreEnregistrement);
+  connect(resultats_.get(), &Resultats::TitreChange, this, &Principal::MontrerSession);
+  sorties_ = std::make_unique<SortiesTexte>(*this, *resultats_, session_, dialogue_,
+                                            [this](const QString& phrase) { Annoncer(phrase); });
+  dialogue_ = EcranDesRuns();
   ConstruireMenus(*ui_->BarreDeMenus);
   RelierMenus();
   RelierControles();
   Demarrer();
 }
 
-Principal::~Principal() {
-  for (const QPointer<frmSDI>& editeur : editeurs_) delete editeur.data();
+Principal::~Principal() = default;
+
+// A file that a run is given to read may be open in the editor.
+Dialogue Principal::EcranDesRuns() {
+  Dialogue ecran = DialogueQt({this, progression_, iteration_,
+                               [this](const Affichage& affichage) { resultats_->Presenter(affichage); },
+                               [this] { return lanceur_.EnCours(); }});
+  ecran.choisirFichier = [this, choisir = ecran.choisirFichier](std::string_view titre, std::string_view filtre) {
+    std::string choisi = choisir(titre, filtre);
+    const bool permis = choisi.empty() || editeurs_->PermettreDeLire(VersQt(choisi));
+    return permis ? choisi : std::string();
+  };
+  return ecran;
+}
+
+bool Principal::DemarrerLecteur(const QString& fichier) {
+  return environnement_.demarrer(QStringLiteral("quelvar-lecteur"), {fichier});
 }
 
 QAction* Principal::Action(const QString& nom) const { return ui_->BarreDeMenus->findChild<QAction*>(nom); }
@@ -97,13 +135,18 @@ void Principal::RelierMenus() {
     Relier(taille, [this, taille] { FixerTailleDEcran(QString::fromLatin1(taille)); });
   Relier("mnuQuitter", [this] { close(); });
   for (const EntreeDeProgramme& entree : EntreesDeProgrammes())
-    Relier(entree.action, [this, entree] { entree.ouvrir(services_); });
+    Relier(entree.action, [this, entree] {
+      if (!LitLaBase(entree) || lanceur_.PeutLancer()) entree.ouvrir(services_);
+    });
   for (const EntreeDAffichage& entree : EntreesDAffichage())
     Relier(entree.nom, [this, &entree] { AfficherResultat(entree); });
-  Relier("MnuAfPartielAll", [this] { AfficherQuelconque(); });
-  Relier("mnuEnregSous", [this] { EnregistrerSous(); });
-  Relier("mnuImpr", [this] { Imprimer(); });
-  Relier("mnuPDF", [this] { ImprimerEnPdf(); });
+  Relier("MnuAfPartielAll", [this] {
+    const QString chemin = ChoisirFichier(QStringLiteral("Affichage partiel"));
+    if (!chemin.isEmpty()) resultats_->MontrerPartiel(CheminDepuisQt(chemin), false);
+  });
+  Relier("mnuEnregSous", [this] { sorties_->EnregistrerSous(); });
+  Relier("mnuImpr", [this] { sorties_->Imprimer(); });
+  Relier("mnuPDF", [this] { sorties_->ImprimerEnPdf(); });
   for (const EntreeDAide& entree : EntreesDAide())
     Relier(entree.nom, [this, &entree] { aide_.Ouvrir(QString::fromUtf8(entree.nom)); });
   connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
@@ -127,13 +170,9 @@ void Principal::RelierControles() {
   });
   connect(ui_->ComboGen, &QComboBox::textActivated, this, &Principal::ChoisirGenerique);
   connect(ui_->CmdGenAncien, &QPushButton::clicked, this, [this] { ChoisirGenerique(VersQt(session_.ancien)); });
-  connect(ui_->VerrouLignes, &QCheckBox::toggled, this,
-          [this](bool fige) { ui_->Text1->FigerLignes(fige ? lignesDeRegle_ : 0); });
-  connect(ui_->VerrouColonnes, &QCheckBox::toggled, this,
-          [this](bool fige) { ui_->Text1->FigerColonnes(fige ? kColonnesDeNom : 0); });
-  connect(ui_->BoutonEnregS, &QPushButton::clicked, this, &Principal::EnregistrerSous);
-  connect(ui_->BoutonImpr, &QPushButton::clicked, this, &Principal::Imprimer);
-  connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { AfficherTexte({}); });
+  connect(ui_->BoutonEnregS, &QPushButton::clicked, this, [this] { sorties_->EnregistrerSous(); });
+  connect(ui_->BoutonImpr, &QPushButton::clicked, this, [this] { sorties_->Imprimer(); });
+  connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { resultats_->Remplacer({}); });
   connect(ui_->BoutNouv, &QPushButton::clicked, this, &Principal::NouvelleDemande);
   connect(ui_->BoutQuit, &QPushButton::clicked, this, &Principal::close);
 }
@@ -144,7 +183,7 @@ void Principal::Demarrer() {
   FixerTailleDEcran(QStringLiteral("mnuEcrAuto"));
   Demarrage demarrage = DemarrerSession(environnement_.repertoireProgramme);
   session_ = std::move(demarrage.session);
-  AfficherTexte(demarrage.texte);
+  resultats_->Remplacer(demarrage.texte);
   ReconstruireRecents();
   if (demarrage.aOuvrir) OuvrirEtRapporter();
   MontrerSession();
@@ -152,9 +191,9 @@ void Principal::Demarrer() {
 }
 
 void Principal::OuvrirEtRapporter() {
-  AjouterTexte(OuvrirGenerique(session_, environnement_.reglages));
+  resultats_->Ajouter(OuvrirGenerique(session_, environnement_.reglages));
   const RapportRepertoire rapport = EtatRepertoire(session_);
-  AjouterTexte(rapport.texte);
+  resultats_->Ajouter(rapport.texte);
   ui_->ComboGen->clear();
   QStringList choix;
   for (const std::string& nom : rapport.choix) choix << VersQt(nom);
@@ -182,7 +221,7 @@ void Principal::MontrerSession() {
 bool Principal::OuvrirInitialisation(const Chemin& initialisation) {
   if (!formes_.LaisserLeTravail()) return false;
   PrendreInitialisation(session_, initialisation);
-  AfficherTexte({});
+  resultats_->Remplacer({});
   OuvrirEtRapporter();
   return true;
 }
@@ -200,7 +239,7 @@ bool Principal::AccepterGenerique(const QString& saisi) {
   if (!formes_.LaisserLeTravail()) return false;
   const Acceptation acceptation =
       quelvar::AccepterGenerique(session_, environnement_.reglages, NomDepuisUtf8(saisi.toStdString()));
-  AfficherTexte(acceptation.texte);
+  resultats_->Remplacer(acceptation.texte);
   if (!acceptation.acceptee) {
     ui_->ComboGen->clearEditText();
     dialogue_.biper();
@@ -213,7 +252,7 @@ bool Principal::AccepterGenerique(const QString& saisi) {
 
 void Principal::AdopterGenerique(std::string_view generique) {
   const std::string texte = quelvar::AdopterGenerique(session_, environnement_.reglages, generique);
-  if (!texte.empty()) AjouterTexte(texte);
+  if (!texte.empty()) resultats_->Ajouter(texte);
   ui_->ComboGen->setEditText(VersQt(session_.generique));
   ReconstruireRecents();
   MontrerSession();
@@ -231,7 +270,7 @@ void Principal::ChangerNiveau(int niveau) {
     return;
   }
   const std::string texte = quelvar::ChangerNiveau(session_, niveau);
-  if (!texte.empty()) AjouterTexte(texte);
+  if (!texte.empty()) resultats_->Ajouter(texte);
   MontrerSession();
 }
 
@@ -245,7 +284,7 @@ void Principal::ChercherInitialisation() {
 void Principal::NouvelleDemande() {
   if (!formes_.Fermer()) return;
   progression_->setVisible(false);
-  AfficherTexte({});
+  resultats_->Remplacer({});
   OuvrirEtRapporter();
   ui_->Text1->setFocus();
 }
@@ -269,7 +308,7 @@ void Principal::ReconstruireRecents() {
 }
 
 void Principal::closeEvent(QCloseEvent* evenement) {
-  if (lanceur_.EnCours() || !formes_.PeuventFermer() || !FermerEditeurs()) {
+  if (lanceur_.EnCours() || !formes_.PeuventFermer() || !editeurs_->Fermer()) {
     evenement->ignore();
     return;
   }
@@ -294,7 +333,62 @@ bool Principal::ProgrammeExiste(const QString& action) const {
 void Principal::MontrerEchec(const Erreur& erreur) {
   std::string texte;
   for (const std::string& ligne : LignesDErreur(erreur, {})) texte += ligne + "\r\n";
-  AfficherTexte(texte);
+  resultats_->Remplacer(texte);
+}
+
+// --- results and editor ---
+
+void Principal::PermettreEnregistrement(bool permis) {
+  Action(QStringLiteral("mnuEnregSous"))->setEnabled(permis);
+  ui_->BoutonEnregS->setEnabled(permis);
+}
+
+void Principal::PreparerMenuAffichage() {
+  const Contexte contexte = ContexteEnCours();
+  for (const EntreeDAffichage& entree : EntreesDAffichage())
+    Action(QString::fromLatin1(entree.nom))
+        ->setEnabled(!session_.generique.empty() && contexte.Chercher(entree.extension).has_value());
+}
+
+void Principal::AfficherResultat(const EntreeDAffichage& entree) {
+  const Contexte contexte = ContexteEnCours();
+  const std::optional<Chemin> fichier = contexte.Chercher(entree.extension);
+  if (!fichier) resultats_->MontrerEchec(CheminDe(contexte.Nom(entree.extension)), Erreur(kFichierIntrouvable));
+  else if (entree.genre == GenreDAffichage::Entier) resultats_->MontrerEntier(*fichier);
+  else resultats_->MontrerPartiel(*fichier, entree.genre == GenreDAffichage::SousRegle);
+}
+
+void Principal::RelierEditeur() {
+  for (const EntreeDEditeur& entree : kEntreesDEditeur)
+    Relier(entree.nom, [this, &entree] { EditerFichierDuGenerique(entree.extension); });
+  Relier("mnuEdAutres", [this] {
+    const QString chemin = ChoisirFichier(QStringLiteral("Ouvrir dans l'éditeur"));
+    if (!chemin.isEmpty()) editeurs_->Ouvrir(chemin);
+  });
+  Relier("mnuEdWordpad", [this] {
+    const QString chemin = ChoisirFichier(QStringLiteral("Ouvrir dans le lecteur"));
+    if (!chemin.isEmpty()) resultats_->LireAilleurs(CheminDepuisQt(chemin));
+  });
+  connect(findChild<QMenu*>(QStringLiteral("mnuEditeur")), &QMenu::aboutToShow, this, [this] {
+    for (const EntreeDEditeur& entree : kEntreesDEditeur)
+      Action(QString::fromLatin1(entree.nom))->setEnabled(!session_.generique.empty());
+  });
+}
+
+void Principal::EditerFichierDuGenerique(const char* extension) {
+  const Contexte contexte = ContexteEnCours();
+  const std::string nom = contexte.Nom(extension);
+  editeurs_->Ouvrir(CheminVersQt(CheminDEcriture(contexte.repertoire, nom)));
+}
+
+QString Principal::ChoisirFichier(const QString& titre) {
+  return QFileDialog::getOpenFileName(this, titre, CheminVersQt(session_.repertoire),
+                                      FiltreQt(QStringLiteral("Tous fichiers *.*|*.*")));
+}
+
+void Principal::Annoncer(const QString& texte) {
+  constexpr int duree = 8000;  // milliseconds
+  ui_->BarreDEtat->showMessage(texte, duree);
 }
 
 // --- size of the window ---

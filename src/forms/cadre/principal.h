@@ -1,21 +1,22 @@
-// The main form: menu, session, the text of the results, and the frame in which every program runs.
+// The main form: menu, session, and what the other forms are served with. What Text1 shows, where its text goes, and
+// the windows of the editor are classes of their own.
 #pragma once
 
 #include <QLabel>
 #include <QMainWindow>
-#include <QPointer>
 #include <QProgressBar>
 #include <QStringList>
 #include <functional>
 #include <memory>
 #include <utility>
 
-#include "core/document/affichage.h"
-#include "core/document/empreinte.h"
 #include "core/programme/erreur.h"
 #include "core/programme/programme.h"
 #include "core/session/session.h"
 #include "forms/cadre/services.h"
+#include "forms/editeur/editeurs.h"
+#include "forms/texte/resultats.h"
+#include "forms/texte/sorties.h"
 
 namespace Ui {
 class Principal;
@@ -24,7 +25,6 @@ class Principal;
 namespace quelvar::forms {
 
 struct EntreeDAffichage;
-class frmSDI;
 
 // What lies outside the program, given at the start: the tests put their own in its place.
 struct Environnement {
@@ -72,32 +72,16 @@ class Principal : public QMainWindow {
   void ChoisirGenerique(const QString& choisi);
   void AdopterGenerique(std::string_view generique);
   void MontrerNouvelleUtilisation(bool nouvelle);
-  void AfficherTexte(std::string_view texte);
-  void AjouterTexte(std::string_view texte);
 
   void RelierEditeur();
-  void Editer(const QString& fichier);
   void EditerFichierDuGenerique(const char* extension);
-  void EditerFichierChoisi();
-  void LireFichierChoisi();
-  bool FermerEditeurs();
+  QString ChoisirFichier(const QString& titre);
+  Dialogue EcranDesRuns();
+  bool DemarrerLecteur(const QString& fichier);
 
-  void Afficher(const Affichage& affichage);
-  void MontrerTexte(std::string_view texte, const std::string& nomFichier, bool alaFin);
-  void MontrerVerrous(int lignesDeRegle);
   void PermettreEnregistrement(bool permis);
-  void DemarrerLecteur(const Chemin& fichier);
   void PreparerMenuAffichage();
   void AfficherResultat(const EntreeDAffichage& entree);
-  void AfficherEntier(const Chemin& fichier);
-  void AfficherPartiel(const Chemin& fichier, bool avecRegle);
-  void AfficherQuelconque();
-  void AfficherEchec(const Chemin& fichier, const Erreur& erreur);
-  void Retenir(const Chemin& fichier, std::string_view octets);
-  bool PeutRemplacer(const Chemin& fichier);
-  void EnregistrerSous();
-  void Imprimer();
-  void ImprimerEnPdf();
   void Annoncer(const QString& texte);
 
   Environnement environnement_;
@@ -111,11 +95,9 @@ class Principal : public QMainWindow {
   Lanceur lanceur_;
   PagesDAide aide_;
   Services services_;
-  QList<QPointer<frmSDI>> editeurs_;
-  int lignesDeRegle_ = 0;
-  std::optional<Chemin> affiche_;  // the file that Text1 shows, as it was then
-  Empreinte empreinte_;
-  bool partiel_ = false;  // Text1 does not hold the whole of it
+  std::unique_ptr<Resultats> resultats_;
+  std::unique_ptr<SortiesTexte> sorties_;
+  std::unique_ptr<Editeurs> editeurs_;
 };
 
 }  // namespace quelvar::forms

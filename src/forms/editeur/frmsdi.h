@@ -47,6 +47,10 @@ class frmSDI : public QMainWindow {
   bool OuvrirParDialogue();
   // Path of the file; empty for a text without a name.
   const QString& Fichier() const { return fichier_; }
+  // Saves the text under its name; false when it is not saved, the user has been told why.
+  bool Enregistrer();
+  // Changes with every change of the text.
+  int Revision() const;
 
  protected:
   void changeEvent(QEvent* evenement) override;
@@ -73,7 +77,6 @@ class frmSDI : public QMainWindow {
   void LirePartieDuFichier(std::size_t rang);
   void Nouveau();
   bool Recharger();
-  bool Enregistrer();
   bool EnregistrerSous();
   bool PeutRemplacer();
   bool Ecrire(const QString& fichier);

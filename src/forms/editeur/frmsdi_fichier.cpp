@@ -129,6 +129,8 @@ bool frmSDI::Recharger() {
 
 // --- saving ---
 
+int frmSDI::Revision() const { return ui_->TexteEd->document()->revision(); }
+
 bool frmSDI::Enregistrer() {
   if (fichier_.isEmpty()) return EnregistrerSous();
   return PeutRemplacer() && Ecrire(fichier_);

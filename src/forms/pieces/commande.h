@@ -4,6 +4,7 @@
 
 #include <QPushButton>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/options/description.h"
@@ -19,6 +20,16 @@ template <class O, class F>
 void RelierCommande(QPushButton& lancer, const Description<O>& programme, const Contexte& contexte, F options) {
   AjouterVoirLaCommande(lancer, [&programme, &contexte, options] {
     return CommandeEquivalente(programme, contexte.generique, contexte.niveau, options());
+  });
+}
+
+// The same for a form that can do what no options say: `options()` then gives none, and the line says so.
+template <class O, class F>
+void RelierCommandeDite(QPushButton& lancer, const Description<O>& programme, const Contexte& contexte, F options) {
+  AjouterVoirLaCommande(lancer, [&programme, &contexte, options] {
+    const std::optional<O> dites = options();
+    if (!dites) return std::string("(aucune : deux lignes ont le même nom, ou un codage n'est pas complet)"_w);
+    return CommandeEquivalente(programme, contexte.generique, contexte.niveau, *dites);
   });
 }
 

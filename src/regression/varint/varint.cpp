@@ -89,7 +89,11 @@ void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profi
 GroupeDeBarres BarresDe(const FichierPos& pos, const Profil& profil) {
   const auto intitule = [&](std::size_t rang) {
     const Question& question = pos.questions[rang];
-    return Joindre({question.nom, " ", question.intitule});
+    const std::string_view nom = Rogner(question.nom);
+    const std::string_view longNom = Rogner(question.intitule);
+    // Many long names begin with the short one.
+    return longNom.substr(0, nom.size()) == nom ? std::string(longNom)
+                                                : std::string(RognerDroite(Joindre({nom, " ", longNom})));
   };
   GroupeDeBarres groupe{Joindre({"Profil de ", intitule(profil.question)}), {}};
   for (const LienDeProfil& lien : LiensTries(profil))

@@ -354,11 +354,24 @@ std::string FauteDuBloc(const std::vector<std::string>& lignes) {
   return {};
 }
 
+// The lines of the displayed block that say something.
+std::vector<std::string> LignesDeVit(const EtatPrepRecod& etat) {
+  std::vector<std::string> lignes = etat.vitAffichee;
+  std::erase_if(lignes, [](const std::string& l) { return Rogner(l).empty() || Rogner(l) == kMarqueVit; });
+  return lignes;
+}
+
+bool ResteUnFiltre(const EtatPrepRecod& etat) {
+  if (Rogner(etat.filtreAffiche) == etat.filtre) return false;
+  return !etat.filtre.empty() || !ElementsAffiches(etat).empty();
+}
+
+bool ResteUneVit(const EtatPrepRecod& etat) { return LignesDeVit(etat) != etat.vit; }
+
 }  // namespace
 
 bool ValiderVit(EtatPrepRecod& etat) {
-  std::vector<std::string> lignes = etat.vitAffichee;
-  std::erase_if(lignes, [](const std::string& l) { return Rogner(l).empty() || Rogner(l) == kMarqueVit; });
+  std::vector<std::string> lignes = LignesDeVit(etat);
   // Without the line of its name the block would be taken for questions.
   if (!lignes.empty() && MarqueDeFin(lignes.front()) != FinDeListe::Dollars) {
     etat.message = "Nom vide, recommencez ou annulez";
@@ -380,6 +393,13 @@ void SupprimerVit(EtatPrepRecod& etat) {
   etat.modifie = etat.modifie || !etat.vit.empty();
   etat.vitAffichee.clear();
   etat.vit.clear();
+}
+
+bool ResteAValider(const EtatPrepRecod& etat) { return ResteUnFiltre(etat) || ResteUneVit(etat); }
+
+bool ValiderLAffiche(EtatPrepRecod& etat) {
+  if (ResteUnFiltre(etat) && !ValiderFiltre(etat)) return false;
+  return !ResteUneVit(etat) || ValiderVit(etat);
 }
 
 namespace {

@@ -83,6 +83,13 @@ std::string TexteVit(const EtatPrepRecod& etat);
 bool ValiderVit(EtatPrepRecod& etat);
 void SupprimerVit(EtatPrepRecod& etat);
 
+// --- what is shown and not stored ---
+
+// A filter or a VIT is shown that is not the validated one; a sense without any question is none.
+bool ResteAValider(const EtatPrepRecod& etat);
+// Validates the filter and the VIT that are shown; false, with the reason as message, when one of them is refused.
+bool ValiderLAffiche(EtatPrepRecod& etat);
+
 // Codes that a filter, or an element of a VIT with its two columns, may ask of the current question.
 std::vector<int> CodesPourFiltre(const EtatPrepRecod& etat);
 std::vector<int> CodesPourVit(const EtatPrepRecod& etat);

@@ -36,15 +36,21 @@ constexpr double kDernierRayon = 112;
 constexpr double kPasDeRayon = 16;
 constexpr int kDirections = 10;
 
-// Rectangles that are taken, found by the squares of a grid that they touch.
+// The rectangles of a page that are taken, found by the squares of a grid that they touch.
 class Occupation {
  public:
   Occupation(double largeur, double hauteur)
-      : colonnes_(static_cast<int>(largeur / kCase) + 1),
+      : largeur_(largeur),
+        hauteur_(hauteur),
+        colonnes_(static_cast<int>(largeur / kCase) + 1),
         lignes_(static_cast<int>(hauteur / kCase) + 1),
         cases_(static_cast<std::size_t>(colonnes_) * static_cast<std::size_t>(lignes_)) {}
 
+  bool SurLaPage(const Zone& zone) const {
+    return zone.x >= 0 && zone.y >= 0 && zone.x + zone.largeur <= largeur_ && zone.y + zone.hauteur <= hauteur_;
+  }
   bool Libre(const Zone& zone) const {
+    if (!SurLaPage(zone)) return false;
     const auto touche = [&](std::size_t c) {
       return std::any_of(cases_[c].begin(), cases_[c].end(), [&](const Zone& z) { return z.Touche(zone); });
     };
@@ -75,6 +81,8 @@ class Occupation {
     return false;
   }
 
+  double largeur_;
+  double hauteur_;
   int colonnes_;
   int lignes_;
   std::vector<std::vector<Zone>> cases_;
@@ -236,7 +244,7 @@ class EtendueDuTexte {
   std::array<Zone, 3> zones_;
 };
 
-// Where the label of a point goes: the first free place around it; the first of all when none is.
+// Where the label of a point goes: the first free place around it; when none is, the first beside it on the page.
 Place ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
   const EtendueDuTexte etendue(texte, police);
   for (const Place& place : kPlaces)
@@ -248,6 +256,8 @@ Place ChoisirPlace(const Occupation& occupation, Position point, const std::stri
                         std::cos(angle) < 0 ? Ancre::Fin : Ancre::Debut, Niveau::Centre};
       if (occupation.Libre(etendue.A(point, place))) return place;
     }
+  for (const Place& place : kPlaces)
+    if (occupation.SurLaPage(etendue.A(point, place))) return place;
   return kPlaces[0];
 }
 

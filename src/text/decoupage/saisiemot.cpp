@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/annulation.h"
 #include "core/texte/nombres.h"
 #include "text/commun/source.h"
 #include "text/decoupage/liste.h"
@@ -85,7 +86,7 @@ std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, cons
 }
 
 // A data file that no cutting has written holds a survey: the user is asked before it goes.
-void ConfirmerRemplacement(const Contexte& contexte) {
+void ConfirmerRemplacement(Rapport& rapport, const Contexte& contexte) {
   const std::optional<Chemin> chemin = contexte.Chercher(".DAT");
   if (!chemin) return;
   LecteurLignes lecteur(*chemin);
@@ -95,7 +96,9 @@ void ConfirmerRemplacement(const Contexte& contexte) {
       Joindre({"Le fichier ", contexte.Nom(".DAT"),
                " ne contient pas des mots : il va être remplacé par les mots du texte. L'acceptez-vous ?"_w}),
       Boutons::OuiNon);
-  if (reponse != Reponse::Oui) throw Erreur(kArretAnnonce);
+  if (reponse == Reponse::Oui) return;
+  rapport.Ligne(kArretVolontaire);
+  throw Erreur(kArretAnnonce);
 }
 
 // The witnesses that write the report as the cutting goes on.
@@ -194,7 +197,7 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   EcrireMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
   std::optional<std::vector<QuestionDesMots>> questions = LireQuestions(rapport, contexte, gabarit);
-  ConfirmerRemplacement(contexte);
+  ConfirmerRemplacement(rapport, contexte);
 
   Corpus corpus = Couper(rapport, contexte, options, texte);
   Sorties sorties(contexte, options.auxiliaires);

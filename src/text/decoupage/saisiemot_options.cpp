@@ -39,17 +39,17 @@ void DecrireStimulus(Description<O>& description) {
   Bouton(description, "OpStimFinY", "4");
   Bouton(description, "OpStimFinMotN", "5");
   description.Entier("stimulus", &O::positionStimulus, 0, kColonneLaPlusHaute, "colonne du stimulus, en modes 2 et 3")
-      .Montre("TBPosStim");
+      .Montre("TbPosStim");
 }
 
 Description<O> Decrire() {
   Description<O> description("saisiemot", "Découpage en mots d'un texte (.DAT, .POS, .IMP)"_w, LancerSaisieMot);
   description.Entier("position", &O::position, 0, kColonneLaPlusHaute, "colonne où finissent les caractéristiques"_w)
-      .Montre("TBPos")
+      .Montre("TbPos")
       .Choix("vides", &O::vide, {{"nr", ReponseVide::NonReponse}, {"supprimees", ReponseVide::Supprimee}},
              "lignes sans texte : réponse NR, ou supprimées"_w);
   Bouton(description, "OptNR", "nr");
-  Bouton(description, "OptSupR", "supprimees");
+  Bouton(description, "OptSupr", "supprimees");
   DecrireStimulus(description);
   description.Entier("lignes", &O::lignesMax, 1, kLignesAuPlus, "lignes de texte d'un individu au plus")
       .Montre("CbLignMax")

@@ -1,6 +1,7 @@
 // SuplMot: which columns and rows of a table are supplementary, and their labels.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,5 +37,8 @@ struct OptionsSuplMot {
   bool operator==(const OptionsSuplMot&) const = default;
 };
 Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options);
+
+// The options that make `table` of what the files hold; nothing when none do, as for rows of one name.
+std::optional<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, const TableGeree& table);
 
 }  // namespace quelvar::text

@@ -63,6 +63,22 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   if (ouverte.message.empty()) ExigerTableDuMod(*brt, LireMod(*mod), parametres);
 }
 
+std::string_view SansCode(std::string_view intitule) { return intitule.substr(std::min(kNom, intitule.size())); }
+
+// By the whole labels, or by the words without the code in front.
+std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
+  std::vector<std::size_t> trouvees;
+  const auto chercher = [&](bool sansCode) {
+    for (std::size_t i = 0; i < table.lignes.size(); ++i) {
+      const std::string_view intitule = table.lignes[i].intitule;
+      if (Rogner(sansCode ? SansCode(intitule) : intitule) == Rogner(nom)) trouvees.push_back(i);
+    }
+  };
+  chercher(false);
+  if (trouvees.empty()) chercher(true);
+  return trouvees;
+}
+
 }  // namespace
 
 TableOuverte OuvrirTable(const Contexte& contexte) {
@@ -88,16 +104,17 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
   }
 }
 
+std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne) {
+  const std::string_view intitule = table.lignes[ligne].intitule;
+  for (const std::string_view nom : {Rogner(SansCode(intitule)), Rogner(intitule)})
+    if (!nom.empty() && nom.find_first_of(",=") == std::string_view::npos &&
+        LignesDuNom(table, nom) == std::vector<std::size_t>{ligne})
+      return std::string(nom);
+  return std::nullopt;
+}
+
 std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport) {
-  std::vector<std::size_t> trouvees;
-  const auto chercher = [&](std::size_t debut) {
-    for (std::size_t i = 0; i < table.lignes.size(); ++i)
-      if (Rogner(std::string_view(table.lignes[i].intitule).substr(std::min(debut, table.lignes[i].intitule.size()))) ==
-          Rogner(nom))
-        trouvees.push_back(i);
-  };
-  chercher(0);
-  if (trouvees.empty()) chercher(kNom);
+  const std::vector<std::size_t> trouvees = LignesDuNom(table, nom);
   if (trouvees.size() == 1) return trouvees.front();
   rapport.Ligne({"La ligne ", Rogner(nom),
                  trouvees.empty() ? " n'est pas dans le tableau"_w : " est plusieurs fois dans le tableau"_w});

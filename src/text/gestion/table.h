@@ -43,5 +43,8 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
 // Rank of the row that a user names: by its whole label, or by its word without the code in front. Raises kArretAnnonce
 // with a line in the report when there is none, or more than one.
 std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport);
+// A name by which TrouverLigne finds that row: its word if that is enough, else its label; nothing when several rows
+// have it, or when it holds a comma or "=", which part the names of a list.
+std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne);
 
 }  // namespace quelvar::text

@@ -52,6 +52,32 @@ TEST_F(MenuEditeur, CorrectsTheFileThatTheNextRunReads) {
   EXPECT_TRUE(bureau.Texte().contains("Question PRO Position    1"));
 }
 
+TEST_F(MenuEditeur, AProgramThatReadsWhatIsNotSavedAsksFirst) {
+  bureau.Menu("mnuEdPOS");
+  auto& texte = Bureau::Dans<quelvar::forms::EditTexte>(*Editeurs()[0], "TexteEd");
+  const auto ajouter = [&](const char* lignes) {
+    QTest::keyClick(&texte, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&texte, lignes);
+  };
+  ajouter("PRO   1 2");
+  Pilote pilote;
+  pilote.Abandonner();
+  bureau.Menu("mnuTriapl");
+  EXPECT_TRUE(pilote.Vues().value(0).startsWith("Le texte de enq.pos a été modifié dans l'éditeur"));
+  EXPECT_FALSE(bureau.Existe("ENQ.TAP"));
+  pilote.Cliquer("Non");
+  bureau.Menu("mnuTriapl");
+  EXPECT_FALSE(bureau.Texte().contains("Question PRO"));
+  bureau.Menu("mnuTriapl");  // that text has had its answer
+  QTest::keyClick(&texte, Qt::Key_Return);
+  ajouter("QUO   1 2");
+  bureau.Menu("mnuAPropos");  // reads nothing
+  pilote.Cliquer("Oui");
+  bureau.Menu("mnuTriapl");
+  EXPECT_TRUE(bureau.Texte().contains("Question PRO"));
+  EXPECT_EQ(bureau.Lire("enq.pos"), "ENQ\r\n 3 \r\nSEX   1 2\r\nPRO   1 2\r\nQUO   1 2");
+}
+
 TEST_F(MenuEditeur, QuittingAsksAboutAnUnsavedText) {
   bureau.Menu("mnuEdMOD");  // not there yet
   auto& texte = Bureau::Dans<quelvar::forms::EditTexte>(*Editeurs()[0], "TexteEd");

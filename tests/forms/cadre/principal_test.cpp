@@ -230,6 +230,8 @@ TEST(Principal, BoitesDUnProgramme) {
   EXPECT_EQ(ecran.demander("<b>x</b>", Boutons::OuiNon), Reponse::Non);
   pilote.Abandonner();
   EXPECT_EQ(ecran.demander("x", Boutons::OuiNon), Reponse::Non);
+  pilote.Faire([](QDialog& boite) { QTest::keyClick(&boite, Qt::Key_Return); });
+  EXPECT_EQ(ecran.demander("x", Boutons::NonOui), Reponse::Non) << "the default of a question that is no by default";
   pilote.Cliquer("Annuler");
   EXPECT_EQ(ecran.demander("x", Boutons::OuiNonAnnuler), Reponse::Annuler);
   pilote.Cliquer("OK");
@@ -244,6 +246,28 @@ TEST(Principal, BoitesDUnProgramme) {
   EXPECT_EQ(ecran.choisirFichier("Choix", "Fichiers *.dat|*.dat"), (bureau.Dossier() / "ENQ.DAT").string());
   pilote.Abandonner();
   EXPECT_EQ(ecran.choisirFichier("Choix", "Fichiers *.dat|*.dat"), "");
+}
+
+TEST(Principal, UneBoiteAnnuleeArreteLeRunSansTrace) {
+  BureauOuvert bureau;
+  bureau.Ecrire("ENQ.TAP", "ancien\r\n");
+  quelvar::forms::Services& services = bureau.Fenetre().ServicesDesFormes();
+  bool suite = false;
+  Pilote pilote;
+  pilote.Abandonner();
+  services.Lancer([&](const quelvar::Contexte& contexte) {
+    quelvar::ExecuterProgramme(contexte, "ENQ.TAP", {}, [&](quelvar::Rapport& rapport) {
+      rapport.Ligne("nouveau");
+      contexte.Ecran().saisir("Nom", "");
+      suite = true;
+    });
+  });
+  EXPECT_FALSE(suite);
+  EXPECT_EQ(bureau.Texte(), "Arrêt volontaire du programme\n");
+  EXPECT_EQ(bureau.Lire("ENQ.TAP"), "ancien\r\n");
+  pilote.Faire([](QDialog& boite) { QTest::keyClick(&boite, Qt::Key_Return); });
+  services.Lancer([&](const quelvar::Contexte& contexte) { suite = contexte.Ecran().saisir("Nom", "").empty(); });
+  EXPECT_TRUE(suite) << "an empty answer is an answer";
 }
 
 TEST(Principal, UnProgrammeTientLaFenetre) {

@@ -104,6 +104,7 @@ factor::OptionsAnecar ChoixAnecar::Options() const {
 }
 
 void ChoixAnecar::LancerAnalyse() {
+  if (!services_.lanceur.PeutLancer()) return;
   const factor::OptionsAnecar options = Options();
   Services& services = services_;
   const Contexte contexte = contexte_;

@@ -137,6 +137,7 @@ void ChoixPosmod::LancerPosmod() {
     ui_->TitreNbPos->setText(VersQt(refus));
     return;
   }
+  if (!services_.lanceur.PeutLancer()) return;
   Services& services = services_;
   const Contexte contexte = contexte_;
   accept();  // a long report closes every form: this one is gone by then

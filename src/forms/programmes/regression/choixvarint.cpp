@@ -4,8 +4,10 @@
 #include <optional>
 
 #include "forms/images/fenetredessin.h"
+#include "forms/pieces/commande.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
+#include "regression/options.h"
 #include "ui_choixvarint.h"
 
 namespace quelvar::forms {
@@ -36,6 +38,7 @@ ChoixVarInt::ChoixVarInt(Services& services, FichierPos pos)
   connect(ui_->BoutAll, &QPushButton::clicked, this, [this] { DeplacerTout(Statut::Actif); });
   connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] { DeplacerTout(Statut::Aucun); });
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixVarInt::LancerVarint);
+  RelierCommande(*ui_->BoutLancer, regression::DescriptionVarint(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->BoutQuitter);
   MontrerListes();
 }

@@ -5,8 +5,10 @@
 
 #include "core/enquete/listemod.h"
 #include "forms/images/fenetredessin.h"
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
 #include "regression/anatab/anatab.h"
+#include "regression/options.h"
 #include "regression/reglin/reglin.h"
 #include "ui_modifmodr.h"
 
@@ -39,10 +41,13 @@ void RelierLigne(QListWidget& liste, const std::function<void(int)>& action) {
 ModifModR::ModifModR(Services& services)
     : Forme(services),
       etat_(regression::ChargerModifModR(contexte_)),
+      duFichier_(etat_.textes),
       questions_(regression::QuestionsDesTextes(etat_.textes)),
       ui_(std::make_unique<Ui::ModifModR>()) {
   ui_->setupUi(this);
   Relier();
+  RelierCommandeDite(*ui_->BoutEnreg, regression::DescriptionModifModR(), contexte_,
+                     [this] { return regression::OptionsDuCodage(duFichier_, etat_.textes); });
   RelierQuitter(*ui_->BoutQuitter);
   AuDepart(regression::AbandonnerModifModR);
   for (const std::string& question : questions_) ui_->ListPos->addItem(VersQt(question));

@@ -31,6 +31,7 @@ class ModifModR : public Forme {
   void Enregistrer();
 
   regression::EtatModifModR etat_;
+  std::vector<std::string> duFichier_;  // the lines as they were loaded
   std::vector<std::string> questions_;
   std::vector<std::size_t> montrees_;  // indices of the modalities that Listmod shows
   std::unique_ptr<Ui::ModifModR> ui_;

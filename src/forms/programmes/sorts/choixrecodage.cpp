@@ -16,24 +16,7 @@ void Recoder(Services& services, sorts::OptionsRecodage options) {
   options.suite = &suite;
   options.remplacer = false;
   Fin fin = Fin::Arret;
-  bool annulee = false;
-  Dialogue ecran = services.ecran;
-  ecran.saisir = [&](std::string_view question, std::string_view propose) {
-    std::string saisi = services.ecran.saisir(question, propose);
-    if (saisi.empty()) throw Erreur(kArretAnnonce);  // the box of the new generic was cancelled
-    return saisi;
-  };
-  services.Lancer([&](const Contexte& courant) {
-    Contexte contexte = courant;
-    contexte.dialogue = &ecran;
-    try {
-      fin = sorts::Recodage(contexte, options);
-    } catch (const Erreur& erreur) {
-      if (erreur.Numero() != kArretAnnonce) throw;
-      annulee = true;
-    }
-  });
-  if (annulee) services.afficherTexte("Arrêt volontaire du programme\r\n"_w);
+  services.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
   session.passerModalites = suite.passerModalites;
   if (fin == Fin::Normale) services.adopterGenerique(suite.generique);
 }
@@ -69,6 +52,7 @@ sorts::OptionsRecodage ChoixRecodage::Options() const {
 }
 
 void ChoixRecodage::LancerRecodage() {
+  if (!services_.lanceur.PeutLancer()) return;
   const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
   if (!donnees) return;
   sorts::OptionsRecodage options = Options();

@@ -39,6 +39,7 @@ sorts::OptionsTriapl ChoixTriapl::Options() const {
 }
 
 void ChoixTriapl::LancerTri() {
+  if (!services_.lanceur.PeutLancer()) return;
   const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
   if (!donnees) return;
   sorts::OptionsTriapl options = Options();

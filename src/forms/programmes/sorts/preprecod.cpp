@@ -4,6 +4,7 @@
 
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
+#include "forms/cadre/dialogue_qt.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_preprecod.h"
 
@@ -23,6 +24,13 @@ QString Voisine(const sorts::EtatPrepRecod& etat, const char* titre, std::ptrdif
   if (rang < 0 || rang >= std::ssize(etat.questions)) return {};
   const Question& question = etat.questions[static_cast<std::size_t>(rang)].question;
   return QString::fromUtf8(titre) + VersQt(Joindre({question.nom, " ", question.intitule}));
+}
+
+// A choice that was given up stands as if it had not been made.
+void Relever(QRadioButton& bouton) {
+  bouton.setAutoExclusive(false);
+  bouton.setChecked(false);
+  bouton.setAutoExclusive(true);
 }
 
 }  // namespace
@@ -152,7 +160,7 @@ void PrepRecod::RelierAides() {
 }
 
 void PrepRecod::Agir(const std::function<void()>& action) {
-  if (!ui_->TextVIT->isReadOnly()) sorts::ReprendreTexteVit(etat_, DepuisQt(ui_->TextVIT->toPlainText()));
+  ReprendreLeTexte(etat_);
   action();
   Montrer();
 }
@@ -207,19 +215,29 @@ void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts)
 }
 
 void PrepRecod::NommerVit() {
-  const std::string nom = services_.ecran.saisir(sorts::kDemandeNomVit, {});
-  Agir([&] { sorts::CommencerVit(etat_, nom); });
+  const std::optional<std::string> nom = DemanderTexte(this, sorts::kDemandeNomVit, {});
+  if (nom) Agir([&] { sorts::CommencerVit(etat_, *nom); });
+  else Relever(*ui_->OptVITNouv);
 }
 
 void PrepRecod::ChoisirCodeDeVit(int rang) {
+  std::optional<std::string> score;
+  if (ui_->ChkVITAv->isChecked()) {
+    score = DemanderTexte(this, sorts::kDemandeScoreVit, {});
+    if (!score) {  // neither the code nor the score
+      ui_->ComboVIT->setCurrentIndex(-1);
+      return;
+    }
+  }
   Agir([=, this] { sorts::AjouterCodeALaVit(etat_, ui_->ComboVIT->itemData(rang).toInt()); });
-  if (!ui_->ChkVITAv->isChecked()) return;
-  const std::string score = services_.ecran.saisir(sorts::kDemandeScoreVit, {});
-  Agir([&] { sorts::AjouterScoreALaVit(etat_, score); });
+  if (score) Agir([&] { sorts::AjouterScoreALaVit(etat_, *score); });
 }
 
 void PrepRecod::EffacerVit() {
-  if (services_.ecran.demander(sorts::kConfirmerSuppressionVit, Boutons::OuiNon) != Reponse::Oui) return;
+  if (services_.ecran.demander(sorts::kConfirmerSuppressionVit, Boutons::OuiNon) != Reponse::Oui) {
+    Relever(*ui_->OptVITSupp);
+    return;
+  }
   ui_->ComboVIT->clear();
   ui_->TextVIT->setReadOnly(true);
   Agir([this] { sorts::SupprimerVit(etat_); });
@@ -230,6 +248,18 @@ bool PrepRecod::RegleTapee() const {
   return etat_.courante && Rogner(DepuisQt(ui_->TextMod->text())) != etat_.questions[*etat_.courante].question.regle;
 }
 
+bool PrepRecod::ATravail() const {
+  if (etat_.modifie || RegleTapee()) return true;
+  sorts::EtatPrepRecod presente = etat_;
+  ReprendreLeTexte(presente);
+  return sorts::ResteAValider(presente);
+}
+
+// The VIT as it stands in its editor.
+void PrepRecod::ReprendreLeTexte(sorts::EtatPrepRecod& etat) const {
+  if (!ui_->TextVIT->isReadOnly()) sorts::ReprendreTexteVit(etat, DepuisQt(ui_->TextVIT->toPlainText()));
+}
+
 bool PrepRecod::ValiderLaRegle() {
   bool juste = false;
   Agir([&] { juste = sorts::ValiderRegle(etat_, DepuisQt(ui_->TextMod->text())); });
@@ -237,11 +267,17 @@ bool PrepRecod::ValiderLaRegle() {
   return juste;
 }
 
-// What was typed goes along, or keeps the form open.
+// What was typed or is shown goes along, or keeps the form open.
 void PrepRecod::Enregistrer() {
   if (RegleTapee() && !ValiderLaRegle()) {
     services_.ecran.biper();
     ui_->TextMod->setFocus();
+    return;
+  }
+  bool valide = false;
+  Agir([&] { valide = sorts::ValiderLAffiche(etat_); });
+  if (!valide) {
+    services_.ecran.biper();
     return;
   }
   bool enregistre = false;

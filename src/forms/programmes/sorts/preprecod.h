@@ -19,10 +19,11 @@ class PrepRecod : public Forme {
   PrepRecod(Services& services, sorts::EtatPrepRecod etat);
   ~PrepRecod() override;
 
-  bool ATravail() const override { return etat_.modifie || RegleTapee(); }
+  bool ATravail() const override;
 
  private:
   bool RegleTapee() const;
+  void ReprendreLeTexte(sorts::EtatPrepRecod& etat) const;
   bool ValiderLaRegle();
   void RelierQuestions();
   void RelierPonderation();

@@ -3,7 +3,9 @@
 #include <QFileDialog>
 #include <QFontDatabase>
 
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "text/concordance/concord_options.h"
 #include "ui_concord.h"
 
 namespace quelvar::forms {
@@ -17,17 +19,22 @@ Concord::Concord(Services& services, text::Concordances concordances)
       if (choisi) MontrerTexte();
     });
   connect(ui_->BoutEnregS, &QPushButton::clicked, this, &Concord::Enregistrer);
+  RelierCommande(*ui_->BoutEnregS, text::DescriptionConcordance(), contexte_, [this] {
+    return text::OptionsConcordance{concordances_.mots, Ordre(), {}};
+  });
   RelierQuitter(*ui_->BoutQuitter);
   MontrerTexte();
 }
 
 Concord::~Concord() = default;
 
+text::OrdreDeConcordance Concord::Ordre() const {
+  if (ui_->OptGauche->isChecked()) return text::OrdreDeConcordance::Gauche;
+  return ui_->OptDroite->isChecked() ? text::OrdreDeConcordance::Droite : text::OrdreDeConcordance::Fichier;
+}
+
 void Concord::MontrerTexte() {
-  const text::OrdreDeConcordance ordre = ui_->OptGauche->isChecked()   ? text::OrdreDeConcordance::Gauche
-                                         : ui_->OptDroite->isChecked() ? text::OrdreDeConcordance::Droite
-                                                                       : text::OrdreDeConcordance::Fichier;
-  QString texte = VersQt(text::TexteDeConcordances(concordances_, ordre));
+  QString texte = VersQt(text::TexteDeConcordances(concordances_, Ordre()));
   texte.remove('\r');
   ui_->TextInfo->setPlainText(texte);
 }

@@ -20,6 +20,7 @@ class Concord : public Forme {
   ~Concord() override;
 
  private:
+  text::OrdreDeConcordance Ordre() const;
   void MontrerTexte();
   void Enregistrer();
 

@@ -1,6 +1,8 @@
 #include "forms/programmes/text/preptext.h"
 
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "text/preparation/preptext_options.h"
 #include "ui_preptext.h"
 
 namespace quelvar::forms {
@@ -56,6 +58,7 @@ PrepText::PrepText(Services& services) : Forme(services), ui_(std::make_unique<U
   });
   connect(ui_->CmdFichA, &QPushButton::clicked, this, &PrepText::ChoisirFichier);
   connect(ui_->BtLancer, &QPushButton::clicked, this, &PrepText::LancerPrepText);
+  RelierCommande(*ui_->BtLancer, text::DescriptionPrepText(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->BtNul);
   RelierAide(*ui_->BoutAide, "mnuAPrepText");
 }

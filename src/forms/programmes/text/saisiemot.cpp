@@ -4,8 +4,10 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
+#include "forms/pieces/commande.h"
 #include "forms/programmes/text/concord.h"
 #include "forms/texte/texte_qt.h"
+#include "text/decoupage/saisiemot_options.h"
 #include "ui_saisiemot.h"
 
 namespace quelvar::forms {
@@ -34,6 +36,7 @@ SaisieMot::SaisieMot(Services& services)
   connect(ui_->ListMots, &QListWidget::itemDoubleClicked, this,
           [this] { OuvrirConcord(services_, {mots_[static_cast<std::size_t>(ui_->ListMots->currentRow())].mot}); });
   connect(ui_->CbLancer, &QPushButton::clicked, this, &SaisieMot::LancerSaisieMot);
+  RelierCommande(*ui_->CbLancer, text::DescriptionSaisieMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);
   AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
   RelierAide(*ui_->BoutAide, "mnuAImpMot");

@@ -4,7 +4,9 @@
 #include <QGuiApplication>
 #include <QShortcut>
 
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "text/gestion/gestion_options.h"
 #include "ui_suplmot.h"
 
 namespace quelvar::forms {
@@ -16,7 +18,10 @@ std::size_t Rang(int ligne) { return static_cast<std::size_t>(ligne); }
 }  // namespace
 
 SuplMot::SuplMot(Services& services)
-    : Forme(services), ouverte_(text::OuvrirSuplMot(contexte_)), ui_(std::make_unique<Ui::SuplMot>()) {
+    : Forme(services),
+      ouverte_(text::OuvrirSuplMot(contexte_)),
+      desFichiers_(ouverte_.table),
+      ui_(std::make_unique<Ui::SuplMot>()) {
   ui_->setupUi(this);
   PreparerEdition();
   for (QListWidget* liste : {ui_->ListColSuppl, ui_->ListLignSuppl})
@@ -34,6 +39,8 @@ SuplMot::SuplMot(Services& services)
   barre(ui_->ListColSuppl, &SuplMot::BasculerColonnes);
   barre(ui_->ListLignSuppl, &SuplMot::BasculerLignes);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &SuplMot::Enregistrer);
+  RelierCommandeDite(*ui_->BoutEnreg, text::DescriptionSuplMot(), contexte_,
+                     [this] { return text::OptionsDeLaTable(desFichiers_, ouverte_.table); });
   RelierQuitter(*ui_->BoutQuitter);
   AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
   RelierAide(*ui_->BoutAide, "mnuASupLignes");

@@ -31,6 +31,7 @@ class SuplMot : public Forme {
   void Enregistrer();
 
   text::TableOuverte ouverte_;
+  text::TableGeree desFichiers_;  // as it was opened
   std::unique_ptr<Ui::SuplMot> ui_;
   EditionListe* colonnes_ = nullptr;
   EditionListe* lignes_ = nullptr;

@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "core/texte/nombres.h"
+#include "forms/pieces/commande.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
+#include "text/tableau/tabmot_options.h"
 #include "ui_tabmot.h"
 
 namespace quelvar::forms {
@@ -24,6 +26,7 @@ TabMot::TabMot(Services& services, FichierPos pos)
   relier(ui_->BoutActPlus, ui_->ListVar1, Statut::Actif);
   relier(ui_->BoutActMoins, ui_->ListVar2, Statut::Aucun);
   connect(ui_->CbLancer, &QPushButton::clicked, this, &TabMot::LancerTabMot);
+  RelierCommande(*ui_->CbLancer, text::DescriptionTabMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);
   AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
   RelierAide(*ui_->BoutAide, "mnuATabMot");

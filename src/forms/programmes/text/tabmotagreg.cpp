@@ -4,9 +4,11 @@
 #include <QSignalBlocker>
 
 #include "core/texte/nombres.h"
+#include "forms/pieces/commande.h"
 #include "forms/pieces/editionliste.h"
 #include "forms/programmes/text/concord.h"
 #include "forms/texte/texte_qt.h"
+#include "text/gestion/gestion_options.h"
 #include "ui_tabmotagreg.h"
 
 namespace quelvar::forms {
@@ -36,6 +38,7 @@ TabMotAgreg::TabMotAgreg(Services& services)
   connect(ui_->BtEnreg, &QPushButton::clicked, this, &TabMotAgreg::EnregistrerLigne);
   connect(ui_->BtFin, &QPushButton::clicked, this, &TabMotAgreg::Terminer);
   ui_->BtEnreg->setDefault(true);
+  RelierCommandeDite(*ui_->BtFin, text::DescriptionTabMotAgreg(), contexte_, [this] { return gestes_; });
   RelierQuitter(*ui_->BtAnnuler);
   AuDepart([](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w); });
   RelierAide(*ui_->BoutAide, "mnuATabMotAgreg");
@@ -75,7 +78,19 @@ void TabMotAgreg::Marquer() {
   }
 }
 
+void TabMotAgreg::NoterLAgregation() {
+  const text::TableGeree& table = ouverte_.agregation.table;
+  text::OptionsTabMotAgreg::Action geste{std::nullopt, DepuisQt(ui_->TextModLign->text()), {}};
+  for (std::size_t i = 0; gestes_ && i < table.lignes.size(); ++i) {
+    if (!table.lignes[i].marquee) continue;
+    if (const std::optional<std::string> nom = text::NomDeLigne(table, i)) geste.lignes.push_back(*nom);
+    else gestes_.reset();
+  }
+  if (gestes_) gestes_->actions.push_back(std::move(geste));
+}
+
 void TabMotAgreg::EnregistrerLigne() {
+  NoterLAgregation();
   const std::string_view refus = text::Agreger(ouverte_.agregation, DepuisQt(ui_->TextModLign->text()));
   if (!refus.empty()) services_.ecran.biper();
   Dire(refus);
@@ -94,8 +109,9 @@ void TabMotAgreg::Trier() {
   tri.sens = ui_->Decroissant->isChecked() ? utilities::SensDeTri::Decroissant : utilities::SensDeTri::Croissant;
   const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, services_.ecran);
   ui_->TextMsg->setText(EnUnTexte(fautes));
-  if (!fautes.empty()) services_.ecran.biper();
-  else MontrerLignes();
+  if (!fautes.empty()) return services_.ecran.biper();
+  if (gestes_) gestes_->actions.push_back({tri, {}, {}});
+  MontrerLignes();
 }
 
 void TabMotAgreg::Terminer() {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "forms/cadre/forme.h"
 #include "forms/cadre/services.h"
@@ -25,12 +27,14 @@ class TabMotAgreg : public Forme {
   void MontrerLignes();
   void Marquer();
   void Dire(std::string_view texte);
+  void NoterLAgregation();
   void EnregistrerLigne();
   void Trier();
   void Terminer();
   void MontrerConcordance();
 
   text::AgregationOuverte ouverte_;
+  std::optional<text::OptionsTabMotAgreg> gestes_{std::in_place};  // what was done; nothing once no name tells a row
   std::unique_ptr<Ui::TabMotAgreg> ui_;
 };
 

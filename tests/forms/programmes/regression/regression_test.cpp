@@ -65,7 +65,9 @@ TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {
   CliquerLigne(forme, "ListRecap", 2);
   Taper(forme, "TextMod", "Hommes");
   Cliquer(forme, "BoutSuivant");
-  Cliquer(forme, "BoutEnreg");
+  essai::Pilote pilote;
+  EXPECT_EQ(essai::FaitCommeLaCommande(bureau_, pilote, forme, [&] { Cliquer(forme, "BoutEnreg"); }),
+            "quelvar-batch --niveau 2 modifmodr ENQ expliquer=CIN1 reference=SEX2 intitule=SEX1=Hommes");
   EXPECT_EQ(bureau_.Lire("ENQ.MOD"),
             "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2   non\r\nSEX1 X Hommes\r\nSEX2 R Femme\r\n**\r\nX\r\n");
   EXPECT_TRUE(bureau_.Texte().startsWith("Fin normale des modifications de modalités"));
@@ -95,7 +97,9 @@ TEST_F(FormesDeLaRegression, VariablesDInteret) {
   Cliquer(forme, "BoutActPlus");
   EXPECT_EQ(Lignes(forme, "ListVar2").size(), 1);
   Cliquer(forme, "Opt2");
-  Cliquer(forme, "BoutLancer");
+  essai::Pilote pilote;
+  EXPECT_EQ(essai::FaitCommeLaCommande(bureau_, pilote, forme, [&] { Cliquer(forme, "BoutLancer"); }),
+            "quelvar-batch --niveau 2 varint ENQ questions=SEX edition=longue");
   EXPECT_TRUE(bureau_.Texte().contains("Edition du profil de la question SEX Sexe\n\nNom    PEM  Nom long"));
   EXPECT_TRUE(bureau_.Existe("ENQ.BRT"));
 }

@@ -128,6 +128,43 @@ TEST_F(FormeRecodage, ATypedRuleIsTakenInOrRefusedAloud) {
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.POS")).contains("1=2$Age$"));
 }
 
+TEST_F(FormeRecodage, AFilterAndAVitThatAreShownAreTakenInOrRefusedAloud) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 0);
+  Cliquer(forme, "OptIncl");
+  Cliquer(forme, "ChoixFiltre");
+  Bureau::Dans<QComboBox>(forme, "ComboGen").hidePopup();
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_TRUE(forme.isVisible()) << "what is shown is work";
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_TRUE(forme.isVisible());
+  EXPECT_TRUE(Message(forme).startsWith("Le filtre affiché est incomplet"));
+  Cliquer(forme, "ChoixFiltre");
+  Code(forme, "ComboGen", 2);
+  pilote.Abandonner();
+  Cliquer(forme, "OptVITNouv");
+  EXPECT_FALSE(Coche(forme, "OptVITNouv"));
+  pilote.Taper("CUL");
+  Cliquer(forme, "OptVITNouv");
+  Cliquer(forme, "ChoixVIT");
+  Code(forme, "ComboVIT", 1);
+  pilote.Abandonner();
+  Cliquer(forme, "ChkVITAv");
+  Cliquer(forme, "ChoixVIT");
+  Code(forme, "ComboVIT", 2);
+  Cliquer(forme, "OptVITModif");
+  EXPECT_EQ(Bureau::Dans<QPlainTextEdit>(forme, "TextVIT").toPlainText(), "$$CUL\nSEX     1\nSEX")
+      << "a cancelled score takes the code with it";
+  Bureau::Dans<QPlainTextEdit>(forme, "TextVIT").setPlainText("$$CUL\nSEX     1\nLEC     2");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(bureau_.Forme<PrepRecod>(), nullptr);
+  EXPECT_EQ(bureau_.Lire("ENQ.POS"),
+            "ENQ\r\n3 INCL SEX=2 \r\nSEX   1 2 $Sexe$\r\nAGE   212 $Age$\r\nLEC   4 2 \r\n$$CUL\r\nSEX     1\r\n"
+            "LEC     2\r\n$$\r\n");
+}
+
 TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
   PrepRecod& forme = Ouvrir();
   Question(forme, 1);

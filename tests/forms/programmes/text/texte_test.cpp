@@ -43,7 +43,8 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   EXPECT_TRUE(Etiquette(preparation, "TextAide").startsWith("Le présent programme, facultatif, permet :"));
   Cliquer(preparation, "ChkMin");
   EXPECT_EQ(Etiquette(preparation, "TextAide"), "Cette option transforme les minuscules en majuscules. ");
-  Cliquer(preparation, {"ChkMin", "BtLancer"});
+  Cliquer(preparation, "ChkMin");
+  FaitCommeLaCommande(bureau_, pilote_, preparation, [&] { Cliquer(preparation, "BtLancer"); });
   EXPECT_EQ(bureau_.Lire("ENR.txt"), "1le travail  bien sur\r\n2travailler et rire*\r\n1rire au travail\r\n");
   EXPECT_TRUE(bureau_.Texte().endsWith("    le nouveau est désormais : ENR\nFin normale du programme\n"));
 
@@ -66,7 +67,8 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   CliquerLigne(table, "ListVar1", 0);
   Cliquer(table, "BoutActPlus");
   Taper(table, "TBFreq", "1");
-  Cliquer(table, "CbLancer");
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, table, [&] { Cliquer(table, "CbLancer"); }),
+            "quelvar-batch --niveau 2 tabmot ENR questions=SEX frequence=1");
   EXPECT_TRUE(bureau_.Texte().contains("Nombre de mots écrits en sortie  8 ")) << bureau_.Texte().toStdString();
 
   auto& lignes = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
@@ -81,13 +83,42 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
                   .toPlainText()
                   .startsWith("Concordance de : travail\n2 ligne(s) de ENR.DAT\n"));
+  Cliquer(*concordance, "OptGauche");
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),
+            "quelvar-batch --niveau 2 concordance ENR mots=travail ordre=gauche");
   Cliquer(*concordance, "BoutQuitter");
   auto& liste = Bureau::Dans<QListWidget>(lignes, "ListLignSuppl");
   for (const int ligne : {6, 7}) liste.item(ligne)->setSelected(true);
   Taper(lignes, "TextModLign", "travail");
-  Cliquer(lignes, {"BtEnreg", "BtFin"});
+  Cliquer(lignes, "BtEnreg");
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, lignes, [&] { Cliquer(lignes, "BtFin"); }),
+            "quelvar-batch --niveau 2 tabmotagreg ENR agreger== tri=alphabetique agreger=travail=travailler,travail");
   EXPECT_TRUE(bureau_.Lire("ENS.brt").ends_with("   321travail\r\n")) << bureau_.Lire("ENS.brt");
   EXPECT_EQ(bureau_.Lire("ENS.POS"), bureau_.Lire("ENR.POS"));
+}
+
+TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
+  for (const int avant : {0, 1}) {  // boxes that are answered before the one that is cancelled
+    auto& decoupage = bureau_.Demander<SaisieMot>("mnuImpMot");
+    Taper(decoupage, "TbPos", "1");
+    if (avant == 1) pilote_.Taper("SEX");
+    pilote_.Abandonner();
+    Cliquer(decoupage, "CbLancer");
+    EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
+    EXPECT_FALSE(bureau_.Existe("ENQ.DAT"));
+    EXPECT_FALSE(bureau_.Existe("ENQ.POS"));
+  }
+  // Accepted as it stands, a name leaves its position out.
+  auto& decoupage = bureau_.Demander<SaisieMot>("mnuImpMot");
+  Taper(decoupage, "TbPos", "1");
+  pilote_.Cliquer("OK");
+  Cliquer(decoupage, "CbLancer");
+  EXPECT_EQ(bureau_.Lire("ENQ.POS"), "ENQ\r\n 10 \r\n");
+  auto& second = bureau_.Demander<SaisieMot>("mnuImpMot");
+  Taper(second, "TbPos", "1");
+  Cliquer(second, {"OptSupr", "OpFichAuxY"});
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, second, [&] { Cliquer(second, "CbLancer"); }),
+            "quelvar-batch --niveau 2 saisiemot ENQ position=1 vides=supprimees auxiliaires=oui");
 }
 
 TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
@@ -99,9 +130,11 @@ TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   EXPECT_EQ(Lignes(forme, "ListColSuppl"), (QStringList{"SEX1   H", "SEX2 S F"}));
   EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2 S un", "   3   deux"}));
   CliquerLigne(forme, "ListRecapLign", 1);
-  Taper(forme, "TextModLign", "trois");
-  Cliquer(forme, "BoutEnreg");
-  EXPECT_EQ(bureau_.Lire("ENQ.BRT"), "   312trois\r\n   211un\r\n");
+  Taper(forme, "TextModLign", "trois fois");
+  Cliquer(forme, "BoutSuivantLigne");
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, forme, [&] { Cliquer(forme, "BoutEnreg"); }),
+            "quelvar-batch --niveau 2 suplmot ENQ colonnes-sup=SEX2 lignes-sup=un 'intitule-ligne=deux=trois fois'");
+  EXPECT_EQ(bureau_.Lire("ENQ.BRT"), "   312trois fois\r\n   211un\r\n");
   EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n IMAX=2 JMAX=2 ISUP=1 FMT=1 \r\nSEX1   H\r\nSEX2 S F\r\n");
   EXPECT_EQ(bureau_.Texte(), "Fin normale des modifications de modalités, passer à l'étape suivante\n");
 }
