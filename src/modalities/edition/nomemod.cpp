@@ -198,7 +198,9 @@ Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
     EtatNomeMod etat = options.questions ? LireModalitesCreees(contexte) : LireToutesModalites(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    const std::vector<std::string> presentes = LireListeModalites(contexte.Exiger(".MOD")).textes;
     for (const auto& [nom, intitule] : options.intitules) {
+      RangDeModalite(presentes, nom);  // one of its own
       const auto modalite = std::find_if(etat.modalites.begin(), etat.modalites.end(), [&nom = nom](const auto& m) {
         return Rogner(NomDeTexte(m.texte)) == Rogner(nom);
       });
