@@ -164,7 +164,7 @@ bool RemplacementAccepte(const Contexte& contexte) {
                       " existe déjà : il va être remplacé par des individus refaits à partir du tableau, et "_w,
                       contexte.Nom(".POS"), " sera conservé sous le nom "_w, NomDeSauvegarde(contexte.Nom(".POS")),
                       ". L'acceptez-vous ?"}),
-             Boutons::OuiNon) == Reponse::Oui;
+             Boutons::NonOui) == Reponse::Oui;
 }
 
 }  // namespace

@@ -83,6 +83,12 @@ TEST_F(Compagnon, NamesInOtherScriptsAreOpenedAsTheyAre) {
       << sortie_;
   EXPECT_NE(sortie_.find("Les impressions se font sur ??.TAP"), std::string::npos) << sortie_;
   EXPECT_EQ(Lancer("$Q -C Опрос triapl Нет"), 1) << "another name of as many letters is another generic";
+  EXPECT_EQ(
+      Lancer("cp ENQ.DAT Данные.DAT && $Q trifichier ENQ a=Данные.DAT c=Порядок.TXT position=1 largeur=1 && "
+             "test -s Порядок.TXT && $Q croise ENQ lignes=AAA colonnes=BBB donnees=Данные.DAT graphique=граф.svg && "
+             "test -s граф.svg"),
+      0)
+      << sortie_;
   EXPECT_EQ(Lancer("$Q -C Опрос recodage Да && ls Опрос/*A.POS"), 0) << sortie_;
 }
 
