@@ -68,6 +68,7 @@ void EcrireRapport(const std::string& chemin) {
 }
 
 void Afficher(const Affichage& affichage) {
+  if (!affichage.panne.empty()) Ecrire(stderr, Joindre({affichage.panne, "\n"}));
   if (affichage.ou == Affichage::Ou::Lecteur && !affichage.rapport.empty()) {
     EcrireRapport(affichage.rapport);
     return;

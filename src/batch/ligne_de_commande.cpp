@@ -96,7 +96,8 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
       return;
     }
     if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, suite, demande)) continue;
-    if (!avecGenerique) {
+    const bool optionDAbord = demande.programme->generiqueFacultatif && argument.find('=') != std::string::npos;
+    if (!avecGenerique && !optionDAbord) {
       const std::string generique = suite.DernierNom();
       demande.generique = generique.substr(0, generique.find('.'));
       avecGenerique = true;
@@ -111,7 +112,8 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
                                              ? entier.substr(entier.find('=') + 1)
                                              : argument.substr(egal + 1));
   }
-  if (!avecGenerique) throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));
+  if (!avecGenerique && !demande.programme->generiqueFacultatif)
+    throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));
 }
 
 }  // namespace
@@ -175,8 +177,10 @@ std::string TexteAutreNom(const AutreNom& autre) {
 }  // namespace
 
 std::string TexteAideProgramme(const Programme& programme) {
-  std::string texte = Joindre({programme.nom, " : ", programme.resume, "\n\nusage : quelvar-batch ", programme.nom,
-                               " GENERIQUE [option=valeur]...\n"});
+  std::string texte =
+      Joindre({programme.nom, " : ", programme.resume, "\n\nusage : quelvar-batch ", programme.nom,
+               programme.generiqueFacultatif ? std::string_view(" [GENERIQUE]") : std::string_view(" GENERIQUE"),
+               " [option=valeur]...\n"});
   if (!programme.options.empty()) texte += "\n";
   for (const Option& option : programme.options) {
     texte += Joindre({"  ", option.nom, "=", option.valeurs, "\n      ", option.aide});

@@ -4,9 +4,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <exception>
-#include <new>
-#include <system_error>
 
 #include "batch/execution.h"
 #include "batch/ligne_de_commande.h"
@@ -61,14 +58,8 @@ int main(int argc, char** argv) {
   } catch (const UsageIncorrect& erreur) {
     Plaindre(erreur.what());
     return kUsage;
-  } catch (const Erreur& erreur) {
-    Plaindre(TexteErreur(erreur));
-  } catch (const std::bad_alloc&) {
-    Plaindre(TexteErreur(kMemoireInsuffisante));
-  } catch (const std::system_error& erreur) {
-    Plaindre(TexteErreur(NumeroDErrno(erreur.code().value())));
-  } catch (const std::exception&) {
-    Plaindre("arrêt sur une erreur imprévue du programme"_w);
+  } catch (...) {
+    Plaindre(TexteErreur(ErreurEnCours()));
   }
   return kArret;
 }

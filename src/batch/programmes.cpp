@@ -1,5 +1,6 @@
 #include "batch/programmes.h"
 
+#include "capture/apercu/options.h"
 #include "capture/import_csv_options.h"
 #include "capture/import_options.h"
 #include "capture/saisie/saisie_options.h"
@@ -28,9 +29,20 @@
 
 namespace quelvar::batch {
 
+namespace {
+
+Programme SansGenerique(Programme programme) {
+  programme.generiqueFacultatif = true;
+  return programme;
+}
+
+}  // namespace
+
 const std::vector<Programme>& Programmes() {
   static const std::vector<Programme> programmes = {
       // clang-format off
+      SansGenerique(ProgrammeDe(capture::DescriptionApercu())),
+      ProgrammeDe(capture::DescriptionImport()),
       ProgrammeDe(capture::DescriptionImportBurt()),
       ProgrammeDe(capture::DescriptionImportCsv()),
       ProgrammeDe(capture::DescriptionImportDbf()),

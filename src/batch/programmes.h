@@ -19,6 +19,7 @@ struct Programme {
   std::function<LigneDOptions(const LigneDOptions&)> recrire;
   // Both lines ask for the same.
   std::function<bool(const LigneDOptions&, const LigneDOptions&)> memes;
+  bool generiqueFacultatif = false;
 };
 
 // A description that outlives the programme, as those of the programs do.
@@ -33,7 +34,8 @@ Programme ProgrammeDe(const Description<Options>& description) {
           [&description](const LigneDOptions& ligne) { return description.Ecrite(description.Lire(ligne)); },
           [&description](const LigneDOptions& a, const LigneDOptions& b) {
             return description.Lire(a) == description.Lire(b);
-          }};
+          },
+          false};
 }
 
 // Every program, in the order of --liste.

@@ -9,6 +9,7 @@
 #include "capture/dbase/tableau.h"
 #include "capture/fichiers.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -173,7 +174,7 @@ void SignalerIntitulesCoupes(const Dialogue& dialogue,
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
                const std::vector<std::pair<std::string, std::string>>& modalites) {
   mod.Ligne(contexte.generique);
-  mod.Ligne(Joindre({" BRT=", Nombre(faits.rangees), " FMT=", Nombre(faits.largeur), " "}));
+  mod.Ligne(LigneDeParametres({{"BRT=", faits.rangees}, {"FMT=", faits.largeur}}));
   for (const auto& [nom, nomLong] : modalites) mod.Ligne(LigneModalite(nom, false, nomLong));
 }
 

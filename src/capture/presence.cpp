@@ -7,7 +7,7 @@ SourcesPresentes ChercherSources(const Contexte& contexte) {
   const auto present = [&](std::string_view extension) { return contexte.Chercher(extension).has_value(); };
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   return {present(".DBF"), present(".CSV"), present(".DAT"), pos && LongueurFichier(*pos) >= kPosVide,
-          present(".BRT"), present(".TXT")};
+          present(".BRT"), present(".TXT"), present(".IMP")};
 }
 
 std::string_view TextePresence(bool present) { return present ? "Présent"_w : std::string_view("Absent"); }

@@ -14,6 +14,7 @@ struct SourcesPresentes {
   bool pos = false;  // one shorter than kPosVide bytes counts as absent
   bool brt = false;
   bool txt = false;
+  bool imp = false;  // the report of an import; no source
 
   // The form FImportCSV serves these sources, FImport the others.
   bool DeTableur() const { return csv || txt; }

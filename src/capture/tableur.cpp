@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 #include "core/texte/nombres.h"
@@ -10,8 +11,6 @@
 namespace quelvar::capture {
 
 namespace {
-
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 
 bool ResteEnAscii(std::string_view ligne) {
   std::uint64_t hauts = 0;
@@ -274,8 +273,18 @@ std::string_view LigneDeTableur::LireEntreGuillemets() {
   return tampon_;
 }
 
+LecteurTableur::LecteurTableur(const Chemin& source, char separateur)
+    : LecteurTableur(
+          [lecteur = std::make_shared<LecteurLignes>(source)](std::string_view& ligne) { return lecteur->Lire(ligne); },
+          separateur) {}
+
 bool LecteurTableur::LireUneLigne(std::string_view& ligne) {
-  if (enAttente_.empty()) return lecteur_.Lire(ligne);
+  if (enAttente_.empty()) {
+    if (!lignes_(ligne)) return false;
+    ++lues_;
+    return true;
+  }
+  ++lues_;
   rendue_ = std::move(enAttente_.front());
   enAttente_.pop_front();
   ligne = rendue_;
@@ -291,6 +300,8 @@ void LecteurTableur::JoindreSuite(std::string_view& ligne) {
   for (bool ouvert = true; ouvert;) {
     if (lues.size() == kLignesJointes || jointe_.size() > kOctetsJoints || !LireUneLigne(ligne)) {
       jointe_.resize(premiere);
+      if (sansFin_ == 0) sansFin_ = debut_;
+      lues_ -= static_cast<std::int64_t>(lues.size());
       enAttente_.insert(enAttente_.begin(), std::make_move_iterator(lues.begin()), std::make_move_iterator(lues.end()));
       break;
     }
@@ -303,11 +314,12 @@ void LecteurTableur::JoindreSuite(std::string_view& ligne) {
 
 bool LecteurTableur::LireOctetsDeLigne(std::string_view& ligne) {
   if (!LireUneLigne(ligne)) return false;
+  debut_ = lues_;
   if (std::exchange(premiere_, false) && ligne.starts_with(kMarqueUtf8)) {
     marque_ = true;
     ligne.remove_prefix(kMarqueUtf8.size());
   }
-  if (GuillemetOuvert(ligne, separateur_)) [[unlikely]]
+  if (guillemets_ && GuillemetOuvert(ligne, separateur_)) [[unlikely]]
     JoindreSuite(ligne);
   return true;
 }

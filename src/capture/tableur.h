@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <cstring>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
@@ -21,11 +23,12 @@ namespace quelvar::capture {
 // Every cell but the last is trimmed, after its quotes are taken off.
 class LigneDeTableur {
  public:
-  LigneDeTableur(std::string_view ligne, char separateur)
+  // Without `guillemets` a double quote is a character like any other.
+  LigneDeTableur(std::string_view ligne, char separateur, bool guillemets = true)
       : reste_(ligne),
         modele_(kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUnsImpairs),
         separateur_(separateur),
-        avecGuillemets_(ligne.find('"') != std::string_view::npos) {}
+        avecGuillemets_(guillemets && ligne.find('"') != std::string_view::npos) {}
 
   // The next cells as long as each is one digit and a separator, at most four: their digits stand at every second byte
   // of `octets`. Nearly every cell of a survey is so, and four of them are judged by one comparison of eight bytes.
@@ -110,21 +113,34 @@ class LecteurTableur {
   static constexpr std::size_t kLignesJointes = 1000;
   static constexpr std::size_t kOctetsJoints = std::size_t{1} << 20;
 
+  // Gives the next line of the source, as LecteurLignes does.
+  using Lignes = std::function<bool(std::string_view& ligne)>;
+
   // With the separator 0 a field starts behind a ";" as behind a tab.
-  LecteurTableur(const Chemin& source, char separateur) : lecteur_(source), separateur_(separateur) {}
+  LecteurTableur(const Chemin& source, char separateur);
+  LecteurTableur(Lignes lignes, char separateur, bool guillemets = true)
+      : lignes_(std::move(lignes)), separateur_(separateur), guillemets_(guillemets) {}
 
   // The next row as the bytes of the file without a byte-order mark; views live until the next call.
   bool LireOctetsDeLigne(std::string_view& ligne);
   // The next row as bytes of the code page.
   bool Lire(std::string_view& ligne, bool utf8);
   bool AvecMarqueUtf8() const { return marque_; }
+  // Line of the source (from 1) where the row given last starts.
+  std::int64_t Ligne() const { return debut_; }
+  // Line of the first quote that nothing closes; 0 without any.
+  std::int64_t GuillemetSansFin() const { return sansFin_; }
 
  private:
   bool LireUneLigne(std::string_view& ligne);
   void JoindreSuite(std::string_view& ligne);
 
-  LecteurLignes lecteur_;
+  Lignes lignes_;
   char separateur_;
+  bool guillemets_ = true;
+  std::int64_t lues_ = 0;  // lines taken so far, those given back not counted
+  std::int64_t debut_ = 0;
+  std::int64_t sansFin_ = 0;
   bool premiere_ = true;
   bool marque_ = false;
   std::string jointe_;

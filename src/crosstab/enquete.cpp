@@ -40,10 +40,6 @@ void EcrireEnTete(Rapport& rapport, const Contexte& contexte, const FichiersCroi
   rapport.Ligne();
 }
 
-void EcrireNombreDIndividus(Rapport& rapport, std::int64_t individus) {
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
-}
-
 // The ceiling behind a question whose code-max is above it: a user of level 2 decides, another one is told.
 int PlafondApres(Rapport& rapport, const Contexte& contexte, const Question& question, int plafond) {
   if (contexte.niveau < kNiveauQuiDecide) {
@@ -118,20 +114,16 @@ EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::
                  kArretAbsenceSansAccents);
   EcrireEnTete(rapport, contexte, fichiers);
 
-  const FichierPos pos = LirePos(*fichiers.pos);
-  ExigerParentheses(pos.taille, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichiers.pos, contexte.Ecran());
   EnqueteCroisee enquete;
-  enquete.individus = pos.taille.individus;
+  enquete.individus = AnnoncesOuComptes(pos.taille, *fichiers.donnees);
   enquete.avantPonderation = pos.taille.avantPonderation;
-  const bool compter = enquete.individus <= 0;
-  if (!compter) EcrireNombreDIndividus(rapport, enquete.individus);
+  const bool annonces = pos.taille.individus > 0;
+  if (annonces) rapport.Ligne(LigneDesIndividus(enquete.individus));
   const int plafond = LireQuestions(rapport, contexte, pos);
   for (std::size_t i = 0; i < pos.questions.size(); ++i)
     enquete.questions.push_back(QuestionDe(pos.questions[i], pos.lignes[i + 2], plafond));
-  if (compter) {
-    enquete.individus = CompterLignes(*fichiers.donnees);
-    EcrireNombreDIndividus(rapport, enquete.individus);
-  }
+  if (!annonces) rapport.Ligne(LigneDesIndividus(enquete.individus));
   if (const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD")))
     enquete.intitules = LireIntitules(*mod);
   enquete.codes = LireCodes(contexte, *fichiers.donnees, pos, enquete);

@@ -1,7 +1,6 @@
 #include "factor/coordonnees.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "core/enquete/datfile.h"
 #include "core/programme/report.h"
@@ -19,17 +18,7 @@ constexpr std::size_t kLargeurEntiere = 7;  // of a coordinate without decimals
 constexpr std::size_t kLargeurFine = 12;    // with four decimals
 constexpr std::size_t kBlocEntier = kLargeurEntiere + kLargeurCpf;
 constexpr std::size_t kBlocFin = kLargeurFine + kLargeurCpf;
-
-// Gives the last lines of the file by their rank, at most `derniers`, once `preparer` has been told their number.
-void ParcourirDernieres(const Chemin& chemin, std::size_t derniers, const std::function<void(std::size_t)>& preparer,
-                        const std::function<void(std::size_t, std::string_view)>& traiter) {
-  const auto lignes = static_cast<std::size_t>(CompterLignes(chemin));
-  const std::size_t nombre = std::min(lignes, derniers);
-  preparer(nombre);
-  LecteurLignes lecteur(chemin);
-  for (std::size_t i = 0; i < lignes - nombre; ++i) lecteur.LireObligatoire();
-  for (std::size_t i = 0; i < nombre; ++i) traiter(i, lecteur.LireObligatoire());
-}
+constexpr std::size_t kFacteursMaximum = 999;  // as many as three digits number
 
 double ValeurDuChamp(std::string_view ligne, std::size_t colonne, std::size_t largeur) {
   return ValeurDe(Milieu(ligne, colonne, largeur));
@@ -37,43 +26,63 @@ double ValeurDuChamp(std::string_view ligne, std::size_t colonne, std::size_t la
 
 }  // namespace
 
+std::string DebutDeLigne(std::string_view nom, double inertie) {
+  return CadreGauche(nom, kLargeurNom) + NombreFixe(inertie, kPremierBloc - kColonneInertie, 0);
+}
+
+void AjouterFacteur(std::string& ligne, double coordonnee, int cpf, Precision precision) {
+  ligne += NombreFixe(coordonnee, kLargeurEntiere, static_cast<int>(precision));
+  ligne += EntierDroit(cpf, kLargeurCpf);
+}
+
 std::size_t FacteursDUneLigne(std::string_view ligneFaj) {
-  return ligneFaj.size() < kPremierBloc ? 0 : (ligneFaj.size() - kPremierBloc + 1) / kBlocEntier;
+  if (ligneFaj.size() < kPremierBloc) return 0;
+  return std::min<std::size_t>((ligneFaj.size() - kPremierBloc + 1) / kBlocEntier, kFacteursMaximum);
 }
 
 ElementsFactoriels LireFaj(const Chemin& chemin) {
-  std::string_view ligne;
   LecteurLignes lecteur(chemin);
-  return lecteur.Lire(ligne) ? LireFai(chemin, FacteursDUneLigne(ligne)) : ElementsFactoriels{};
+  for (std::string_view ligne; lecteur.Lire(ligne);)
+    if (!Rogner(ligne).empty()) return LireFai(chemin, FacteursDUneLigne(ligne));
+  return {};
 }
 
-ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs, std::size_t derniers) {
+ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs) {
   ElementsFactoriels elements;
-  const auto preparer = [&](std::size_t nombre) {
-    elements.coordonnees = Matrice(facteurs, nombre);
-    elements.cpf = Matrice(facteurs, nombre);
-  };
-  ParcourirDernieres(chemin, derniers, preparer, [&](std::size_t i, std::string_view ligne) {
-    elements.noms.push_back(CadreGauche(ligne, kLargeurNom));
-    elements.inerties.push_back(ValeurDuChamp(ligne, kColonneInertie, kPremierBloc - kColonneInertie));
-    for (std::size_t f = 0; f < facteurs; ++f) {
-      const std::size_t bloc = kPremierBloc + kBlocEntier * f;
-      elements.coordonnees(f, i) = ValeurDuChamp(ligne, bloc, kLargeurEntiere);
-      elements.cpf(f, i) = ValeurDuChamp(ligne, bloc + kLargeurEntiere, kLargeurCpf);
+  elements.coordonnees = elements.cpf = Matrice(facteurs, static_cast<std::size_t>(CompterLignes(chemin)));
+  LecteurLignes lecteur(chemin);
+  Situer(lecteur, [&] {
+    for (std::string_view ligne; lecteur.Lire(ligne);) {
+      if (Rogner(ligne).empty()) continue;
+      const std::size_t i = elements.noms.size();
+      elements.noms.push_back(CadreGauche(ligne, kLargeurNom));
+      elements.inerties.push_back(ValeurDuChamp(ligne, kColonneInertie, kPremierBloc - kColonneInertie));
+      for (std::size_t f = 0; f < facteurs; ++f) {
+        const std::size_t bloc = kPremierBloc + kBlocEntier * f;
+        elements.coordonnees(f, i) = ValeurDuChamp(ligne, bloc, kLargeurEntiere);
+        elements.cpf(f, i) = ValeurDuChamp(ligne, bloc + kLargeurEntiere, kLargeurCpf);
+      }
+      elements.intitules.emplace_back(Milieu(ligne, kPremierBloc + kBlocEntier * facteurs));
     }
-    elements.intitules.emplace_back(Milieu(ligne, kPremierBloc + kBlocEntier * facteurs));
   });
   return elements;
 }
 
 PointsFactoriels LirePoints(const Chemin& chemin, std::size_t facteurs, std::size_t derniers) {
+  const auto lignes = static_cast<std::size_t>(CompterLignes(chemin));
+  const std::size_t nombre = std::min(lignes, derniers);
   PointsFactoriels points;
-  const auto preparer = [&](std::size_t nombre) { points.coordonnees = Matrice(facteurs, nombre); };
-  ParcourirDernieres(chemin, derniers, preparer, [&](std::size_t i, std::string_view ligne) {
-    points.noms.push_back(CadreGauche(ligne, kLargeurNom));
-    for (std::size_t f = 0; f < facteurs; ++f)
-      points.coordonnees(f, i) = ValeurDuChamp(ligne, kPremierBloc + kBlocFin * f, kLargeurFine);
-    points.intitules.emplace_back(Milieu(ligne, kPremierBloc + kBlocFin * facteurs + 1));
+  points.coordonnees = Matrice(facteurs, nombre);
+  LecteurLignes lecteur(chemin);
+  for (std::size_t i = 0; i < lignes - nombre; ++i) lecteur.LireObligatoire();
+  Situer(lecteur, [&] {
+    for (std::size_t i = 0; i < nombre; ++i) {
+      const std::string_view ligne = lecteur.LireObligatoire();
+      points.noms.push_back(CadreGauche(ligne, kLargeurNom));
+      for (std::size_t f = 0; f < facteurs; ++f)
+        points.coordonnees(f, i) = ValeurDuChamp(ligne, kPremierBloc + kBlocFin * f, kLargeurFine);
+      points.intitules.emplace_back(Milieu(ligne, kPremierBloc + kBlocFin * facteurs + 1));
+    }
   });
   return points;
 }

@@ -1,5 +1,5 @@
-// Reading of the coordinate files of a factor analysis: .FAJ and .FAI in whole thousandths with the contributions, .FJ2
-// and .FI2 with four decimals.
+// The coordinate files of a factor analysis, read and written here alone: .FAJ and .FAI in whole thousandths with the
+// contributions, .FJ2 and .FI2 with four decimals.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,13 @@ namespace quelvar::factor {
 
 inline constexpr std::size_t kToutesLesLignes = std::numeric_limits<std::size_t>::max();
 
-// The lines of a .FAJ or .FAI, in the order of the file.
+// A line to be written: its name and inertia (per mille of the total), then one factor after the other.
+std::string DebutDeLigne(std::string_view nom, double inertie);
+// Decimals of a coordinate: those of .FAJ and .FAI, or of .FJ2 and .FI2.
+enum class Precision { Milliemes = 0, Fine = 4 };
+void AjouterFacteur(std::string& ligne, double coordonnee, int cpf, Precision precision);
+
+// The lines of a .FAJ or .FAI, in the order of the file; blank ones count for nothing.
 struct ElementsFactoriels {
   Matrice coordonnees;                 // factors x elements, thousandths
   Matrice cpf;                         // factors x elements, per mille
@@ -33,8 +39,8 @@ std::size_t FacteursDUneLigne(std::string_view ligneFaj);
 // The lines of a .FAJ, with as many factors as its first line holds; nothing for an empty file. Raises 6 for a value
 // beyond a double and the numbers of LecteurLignes.
 ElementsFactoriels LireFaj(const Chemin& chemin);
-// The lines of a .FAI on that many factors; at most `derniers` lines, from the end. Raises the same.
-ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs, std::size_t derniers = kToutesLesLignes);
+// The lines of a .FAI on that many factors. Raises the same.
+ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs);
 
 struct PointsFactoriels {
   Matrice coordonnees;                 // factors x elements, thousandths

@@ -4,6 +4,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+
+#include "core/texte/nombres.h"
 
 namespace quelvar::regression {
 
@@ -25,6 +28,31 @@ std::string Fixe(double valeur, int entiers, int decimales) {
 }  // namespace
 
 std::string Colonne::operator()(double valeur) const { return Fixe(valeur, entiers_, decimales_); }
+
+void Colonne::Ajouter(std::string& ligne, double valeur) const {
+  constexpr double kChiffresEntiers = 1e15;  // exact in a double and in the buffer
+  const double echelonne = ArrondirPair(decimales_ == 0 ? valeur : decimales_ == 1 ? valeur * 10 : valeur * 100);
+  if (decimales_ > 2 || !(std::fabs(echelonne) < kChiffresEntiers)) {
+    ligne += Fixe(valeur, entiers_, decimales_);
+    return;
+  }
+  std::array<char, 24> tampon{};
+  char* const debut = tampon.data() + 4;  // room for the zeros of a small number
+  char* fin = std::to_chars(debut, tampon.data() + tampon.size(), static_cast<std::int64_t>(std::fabs(echelonne))).ptr;
+  char* premier = debut;
+  while (fin - premier <= decimales_) *--premier = '0';
+  if (echelonne < 0) *--premier = '-';
+  const auto entiers = static_cast<int>(fin - premier) - decimales_;
+  if (entiers > entiers_) {
+    ligne += Fixe(valeur, entiers_, decimales_);
+    return;
+  }
+  ligne.append(static_cast<std::size_t>(entiers_ - entiers), ' ');
+  ligne.append(premier, fin - decimales_);
+  if (decimales_ == 0) return;
+  ligne += '.';
+  ligne.append(fin - decimales_, fin);
+}
 
 void Colonne::Voir(double valeur) {
   constexpr int kDeReste = 40;

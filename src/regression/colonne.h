@@ -19,6 +19,8 @@ class Colonne {
   // To be called for the values of the column, or for the smallest and the largest, before any is written.
   void Voir(double valeur);
   std::string operator()(double valeur) const;
+  // The same at the end of a line, for tables of millions of them.
+  void Ajouter(std::string& ligne, double valeur) const;
   // Blanks that a heading needs in front to stand where it stood.
   std::string Ajout() const { return CadreGauche("", entiers_ - prevus_); }
 

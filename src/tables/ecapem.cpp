@@ -59,16 +59,15 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
 std::int64_t LireIndividus(const TravailEcapem& t) {
   LecteurLignes pos(ExigerFichier(t, ".POS", "*** Arret du programme"));
   pos.LireObligatoire();
-  const LigneTaille taille = LireLigneTaille(pos.LireObligatoire());
+  const LigneTaille taille = Situer(pos, [&] { return LireLigneTaille(pos.LireObligatoire()); });
   ExigerParentheses(taille, t.contexte.Ecran());
-  if (taille.individus != 0) return taille.individus;
   const std::optional<Chemin> donnees = t.contexte.Chercher(".DAT");
-  return donnees ? CompterLignes(*donnees) : 0;
+  return donnees ? AnnoncesOuComptes(taille, *donnees) : taille.individus;
 }
 
 void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   const std::int64_t individus = LireIndividus(t);
-  t.rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  t.rapport.Ligne(LigneDesIndividus(individus));
   if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
   ExigerPlace(t.contexte, t.rapport, {32 * cellules, 52 * cellules});

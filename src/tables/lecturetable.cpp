@@ -22,7 +22,7 @@ TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, 
   LecteurLignes lecteur(brt);
   LigneBrt ligne;
   for (std::size_t i = 0; i < lignes; ++i) {
-    LireLigneBrt(lecteur.LireObligatoire(), NombreDeCellules(colonnes), largeur, ligne);
+    Situer(lecteur, [&] { LireLigneBrt(lecteur.LireObligatoire(), NombreDeCellules(colonnes), largeur, ligne); });
     cellules.insert(cellules.end(), ligne.cellules.begin(), ligne.cellules.end());
     table.lignes.push_back(NommerLigne(ligne));
   }
@@ -38,7 +38,7 @@ DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, con
   for (std::size_t i = 0; i < modalites; ++i) {
     const std::string_view texte = lecteur.LireObligatoire();
     controle.Voir(texte, noms[i].court);
-    LireLigneBrt(texte, NombreDeCellules(modalites), largeur, ligne);
+    Situer(lecteur, [&] { LireLigneBrt(texte, NombreDeCellules(modalites), largeur, ligne); });
     burt.totaux.push_back(ligne.cellules[i]);
     burt.cellules.insert(burt.cellules.end(), ligne.cellules.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                          ligne.cellules.end());

@@ -211,8 +211,7 @@ Sources TrouverSources(Rapport& rapport, const Contexte& contexte) {
 
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
-  const FichierPos pos = LirePos(*sources.pos);
-  ExigerParentheses(pos.taille, contexte.Ecran());
+  const FichierPos pos = LirePos(*sources.pos, contexte.Ecran());
   std::vector<Champ> champs = ChampsDe(pos);
   const IntitulesModalites intitules = LireIntitules(*sources.modalites);
   const Tableur tableur(options);

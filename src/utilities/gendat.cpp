@@ -111,8 +111,7 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
   sortie.Ligne(NombreNu(individus));
   std::size_t position = 1;
   for (const QuestionCreee& question : questions) {
-    sortie.Ligne(
-        Joindre({question.nom, EntierDroit(static_cast<std::int64_t>(position), 4), TexteCodeMax(question.codeMax)}));
+    sortie.Ligne(LigneDeQuestion(question.nom, static_cast<std::int64_t>(position), TexteCodeMax(question.codeMax)));
     position += question.codes.empty() ? 1 : question.codes.front().size();
   }
 }

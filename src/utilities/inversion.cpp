@@ -42,8 +42,8 @@ TableauEntier LireEntier(const Tableau& tableau) {
 
 void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
   mod.Ligne(nouveau);
-  mod.Ligne(Joindre({" IMAX=", Nombre(tableau.colonnes.size()), " JMAX=", Nombre(entier.noms.size()),
-                     " FMT=", Nombre(static_cast<int>(tableau.parametres.largeur)), " "}));
+  mod.Ligne(LigneDeParametres(
+      {{"IMAX=", tableau.colonnes.size()}, {"JMAX=", entier.noms.size()}, {"FMT=", tableau.parametres.largeur}}));
   for (std::size_t i = 0; i < entier.noms.size(); ++i) mod.Ligne(Joindre({entier.noms[i], "   ", entier.intitules[i]}));
 }
 

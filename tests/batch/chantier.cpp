@@ -151,8 +151,10 @@ void Remettre(const fs::path& dossier, const Contenu& contenu) {
   }
 }
 
-// The tabular analysis leaves them when its run does not come to an end.
+// The tabular analysis leaves them when its run does not come to an end; the passing report of a program without a
+// generic belongs to no family that a next run would sweep.
 bool EstFichierDeTravail(const fs::path& nom) {
+  if (nom.string().starts_with("$$$.prt.~")) return true;
   const std::string extension = Extension(nom);
   return extension.size() == 4 && extension.starts_with(".CD") && extension[3] >= '2' && extension[3] <= '8';
 }

@@ -23,7 +23,8 @@ const std::string& Parmi(Hasard& hasard, const Textes& textes) { return textes[T
 const std::map<std::string, Textes> kLibres = {
     {"preprecod regle", {"AGE=1-3=1/4-8=2", "SEX=", "A=b c"}},
     {"preprecod ponderation", {"PDS", "non"}},
-    {"preprecod filtre", {"non", "incl:", "incl:SEX=1", "excl:SEX=1,AGE=012"}},
+    {"preprecod filtre", {"non", "incl:", "incl:SEX=1", "excl:SEX=1,AGE=012", "plus:SEX=1"}},
+    {"preprecod textevit", {"$$CUL|LEC     1 2|AGE     +", "$$CUL", "$$A|SEX     1||"}},
     {"preprecod vit", {"non", "CUL=", "CUL=AGE=12*2,SEX=1", "SOM=AGE+,SEX+*-1.5"}},
     {"modifmod supplementaires", {"SEX", "SEX1,AGE2"}},
     {"modifmod actives", {"PCS", "PCS1,PCS2,LIE"}},
@@ -51,6 +52,8 @@ const std::map<std::string, Textes> kLibres = {
     {"modifburt colonnes", {"SEX1", "SEX1,AGE2"}},
     {"modifburt lignes", {"OUV", "OUV,CAD"}},
     {"profilmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"triang marques", {"SEX1=0", "titre=5"}},
+    {"triang deplaces", {"SEX1=3.5/-2", "sommet1=0/0"}},
 };
 
 std::string Valeur(Hasard& hasard, const std::string& programme, const Option& option) {

@@ -267,10 +267,12 @@ TEST_F(SaisieTest, TueDeuxCentsFois) {
       }
     }
     close(tube[1]);
-    std::this_thread::sleep_for(std::chrono::microseconds(500 + hasard() % 8000));
+    // Some records are waited for, on a machine however slow.
+    char octets[4096];
+    for (auto attendus = hasard() % 3; attendus > 0; --attendus) acquis += read(tube[0], octets, 1);
+    std::this_thread::sleep_for(std::chrono::microseconds(hasard() % 4000));
     kill(enfant, SIGKILL);
     waitpid(enfant, nullptr, 0);
-    char octets[4096];
     for (ssize_t lus = 0; (lus = read(tube[0], octets, sizeof octets)) > 0;) acquis += lus;
     close(tube[0]);
     const quelvar::GeneriqueTenu suivant(dossier_.Chemin(), "ENQ", "ENQ.TAP");

@@ -43,10 +43,8 @@ TEST_F(Coordonnees, RowsCarryTheirLabelBehindTheLastFactor) {
       "2     100      0 1000Martin\n");
   const ElementsFactoriels tous = LireFai(chemin, 1);
   EXPECT_EQ(tous.intitules, (std::vector<std::string>{"Oui, toujours", "", "Martin"}));
-  const ElementsFactoriels individus = LireFai(chemin, 1, 2);
-  ASSERT_EQ(individus.Nombre(), 2u);
-  EXPECT_EQ(individus.noms[0], "1   ");
-  EXPECT_EQ(individus.coordonnees(0, 0), 1000);
+  EXPECT_EQ(tous.noms[1], "1   ");
+  EXPECT_EQ(tous.coordonnees(0, 1), 1000);
 }
 
 TEST_F(Coordonnees, FineCoordinatesAreCutByTheirColumns) {
@@ -59,6 +57,21 @@ TEST_F(Coordonnees, FineCoordinatesAreCutByTheirColumns) {
   EXPECT_EQ(points.coordonnees(1, 1), 0.5);
   EXPECT_EQ(points.intitules, (std::vector<std::string>{"Une colonne", ""}));
   EXPECT_EQ(LirePoints(chemin, 1, 1).noms, (std::vector<std::string>{"SEX2"}));
+}
+
+// What is written is read back, also where a coordinate fills its field.
+TEST_F(Coordonnees, LinesWrittenAreReadBack) {
+  std::string ligne = DebutDeLigne("SEX1", 250);
+  AjouterFacteur(ligne, -500.1234, 333, Precision::Milliemes);
+  AjouterFacteur(ligne, 123456, 1000, Precision::Milliemes);
+  const ElementsFactoriels lus = LireFaj(Fichier(ligne + "\r\n\r\n"));
+  ASSERT_EQ(lus.Nombre(), 1u);
+  EXPECT_EQ(lus.coordonnees(0, 0), -500);
+  EXPECT_EQ(lus.coordonnees(1, 0), 123456);
+  EXPECT_EQ(lus.cpf(1, 0), 1000);
+  ligne = DebutDeLigne("A", 1);
+  AjouterFacteur(ligne, -123456.78901, 9, Precision::Fine);
+  EXPECT_EQ(LirePoints(Fichier(ligne + "\n"), 1).coordonnees(0, 0), -123456.789);
 }
 
 }  // namespace

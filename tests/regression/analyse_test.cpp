@@ -2,12 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <random>
+#include <tuple>
 
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/fiches.h"
+#include "regression/anatab/melange.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
 #include "support/environnement.h"
@@ -70,7 +73,10 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
       GarderLesPaires(CompterVoisines(TrierFiches(individus, Dialogue{})), individus.fiches);
   const TableSituations table = FormerSituations(comptees, individus.fiches, modele);
   const std::vector<Cellule> cellules = CellulesDe(modele);
-  const std::vector<SousEffet> trouves = ChercherSousEffets(table, cellules);
+  const Voisinages voisinages = VoisinagesDe(table, cellules);
+  std::vector<SousEffet> trouves;
+  const auto prendre = [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); };
+  ParcourirSousEffets(table, cellules, voisinages, prendre);
   std::size_t rang = 0;
   for (std::uint32_t i = 0; i < table.situations.size(); ++i)
     for (std::uint32_t j = i; j < table.situations.size(); ++j) {
@@ -89,6 +95,45 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
     }
   EXPECT_EQ(rang, trouves.size());
   EXPECT_GT(rang, 50U);
+  // By modality: the same ones in the same order.
+  for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
+    std::vector<SousEffet> attendus;
+    std::copy_if(trouves.begin(), trouves.begin() + static_cast<std::ptrdiff_t>(rang), std::back_inserter(attendus),
+                 [&](const SousEffet& paire) { return ModaliteComparee(paire, table, cellules) == k; });
+    trouves.resize(rang);
+    ParcourirSousEffets(table, cellules, voisinages, k, prendre);
+    ASSERT_EQ(trouves.size() - rang, attendus.size());
+    for (std::size_t i = 0; i < attendus.size(); ++i)
+      EXPECT_EQ(std::tie(trouves[rang + i].premiere, trouves[rang + i].seconde),
+                std::tie(attendus[i].premiere, attendus[i].seconde));
+  }
+}
+
+// The order of the records, as given here, keeps situations together, takes them apart, or turns them round.
+TEST(Melange, EstVuLaOuLOrdreSepareCeQuiVaEnsemble) {
+  const struct {
+    std::vector<std::string> ordre;  // a situation of two characters, then yes ("10") or no ("01")
+    bool mele;
+    std::size_t morceaux, inversees;
+    std::int64_t population;
+  } cas[] = {
+      {{"1010", "1010", "1001", "0110", "0101"}, false, 0, 0, 0},
+      {{"1010", "0101"}, false, 0, 0, 0},  // no pair, and nothing apart
+      {{"1010", "1001", "1010", "0110", "0101"}, true, 2, 1, 5},
+      {{"1001", "1010", "0110"}, true, 2, 1, 2},          // the second has no "no": an exact order leaves it out too
+      {{"1010", "0110", "1001", "0101"}, true, 4, 0, 4},  // all four records there can be
+  };
+  for (const auto& [ordre, mele, morceaux, inversees, population] : cas) {
+    Individus individus(4);
+    for (const std::string& fiche : ordre) individus.fiche.push_back(individus.fiches.Ranger(fiche));
+    const std::optional<Melange> melange = MelangeDesFiches(individus, CompterVoisines(individus.fiche), 4);
+    ASSERT_EQ(melange.has_value(), mele);
+    if (!melange) continue;
+    EXPECT_EQ(melange->situations, 2U);
+    EXPECT_EQ(melange->morceaux, morceaux);
+    EXPECT_EQ(melange->inversees, inversees);
+    EXPECT_EQ(melange->population, population);
+  }
 }
 
 // A column is as wide as its largest number asks for, with a blank where a number stands in front of it.
@@ -101,6 +146,18 @@ TEST(Colonne, SElargitPourCeQuiNYTientPas) {
   EXPECT_EQ(derriere(123.4), " 123.4");
   EXPECT_EQ(derriere.Ajout(), " ");
   EXPECT_EQ(Figure(-0.0361, 1, 4), "-0.0361");
+  // At the end of a line, the same text.
+  for (const int decimales : {0, 1, 2, 3})
+    for (const double valeur :
+         {0.0, -0.04, -0.05, 0.05, 0.15, 0.25, -0.3, 9.96, 12.345, -123.4, 99999.5, 1e9, -1e16, 3e20}) {
+      Colonne colonne(4, decimales);
+      for (const bool vue : {false, true}) {
+        if (vue) colonne.Voir(valeur);
+        std::string ligne = "x";
+        colonne.Ajouter(ligne, valeur);
+        EXPECT_EQ(ligne, "x" + colonne(valeur)) << decimales;
+      }
+    }
   EXPECT_EQ(Figure(1234567, 5, 0), "1234567");
   EXPECT_EQ(Figure(35742151557327244.0, 8, 4), "35742151557327244.0000");
 }

@@ -1,5 +1,5 @@
 // The search on the likelihood against a fit by Newton steps, and each of its values against a full computation.
-#include "regression/anatab/vraisemblance.h"
+#include "regression/logistique/vraisemblance.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "capture/dbase/import.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "capture/dbase/dbf.h"
@@ -82,8 +83,7 @@ void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<Questi
   pos.Ligne(contexte.generique);
   pos.Ligne(NombreNu(individus));
   for (const QuestionComptee& question : questions)
-    pos.Ligne(
-        Joindre({question.nom, NombreFixe(static_cast<double>(question.position), 4, 0), CodeMaxEcrit(question)}));
+    pos.Ligne(LigneDeQuestion(question.nom, static_cast<std::int64_t>(question.position), CodeMaxEcrit(question)));
 }
 
 // Writes the records as lines of .DAT and counts them on the way.
@@ -170,22 +170,19 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
 
 // Counts a .DAT by the questions of its .POS; both stay as they are.
 void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
-  const FichierPos pos = LirePos(*fichiers.pos);
-  ExigerParentheses(pos.taille, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichiers.pos, contexte.Ecran());
   const std::vector<Champ> champs = quelvar::ChampsDe(pos);
   CompteurDeChamps compteur(champs);
   const std::int64_t annonces = pos.taille.individus;
+  const std::int64_t maximum = annonces == 0 ? std::numeric_limits<std::int64_t>::max() : annonces;
   std::int64_t individus = 0;
   {
     Progression progression(contexte.Ecran(), annonces);
     LecteurIndividus lecteur(*fichiers.dat, LongueurUtile(champs));
-    while (annonces == 0 || individus < annonces) {
-      const char* ligne = lecteur.Lire();
-      if (ligne == nullptr) break;
+    individus = Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t) {
       compteur.Compter(ligne);
-      ++individus;
       progression.Avancer();
-    }
+    });
   }
   if (individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   std::vector<TriDeChamp> tris = compteur.Tris();

@@ -8,6 +8,7 @@
 #include "capture/fichiers.h"
 #include "capture/noms.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -96,7 +97,7 @@ std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remar
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::string>& noms, std::int64_t lignes,
                std::size_t largeur) {
   mod.Ligne(contexte.generique);
-  mod.Ligne(Joindre({" IMAX=", Nombre(lignes), " JMAX=", Nombre(noms.size()), " FMT=", Nombre(largeur), " "}));
+  mod.Ligne(LigneDeParametres({{"IMAX=", lignes}, {"JMAX=", noms.size()}, {"FMT=", largeur}}));
   for (const std::string& nom : noms) mod.Ligne(LigneModalite(nom, false, {}));
 }
 

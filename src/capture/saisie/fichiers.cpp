@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "capture/fichiers.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
@@ -40,8 +41,7 @@ std::string LignesDeQuestions(const Descripteur& descripteur) {
   std::string lignes;
   std::int64_t position = 1;
   for (const DescriptionDeQuestion& description : descripteur.descriptions) {
-    lignes += Joindre({CadreGauche(description.nom, 3), EntierDroit(position, 4), CodeMaxGenere(description),
-                       std::string_view("\r\n")});
+    lignes += LigneDeQuestion(description.nom, position, CodeMaxGenere(description), "\r\n");
     position += description.Largeur();
   }
   return lignes;

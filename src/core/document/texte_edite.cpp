@@ -11,7 +11,6 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 constexpr char16_t kImages = 0x2400;  // pictures of the control bytes, in their order
 constexpr char16_t kImageLf = kImages + '\n';
 constexpr char16_t kImageCr = kImages + '\r';
@@ -155,8 +154,7 @@ DocumentTexte DecoderTexte(std::string_view octets) {
   }
   if (EstUtf8Lisible(octets)) {
     forme.encodage = Encodage::Utf8;
-    forme.marqueUtf8 = octets.starts_with(kMarqueUtf8);
-    if (forme.marqueUtf8) octets.remove_prefix(kMarqueUtf8.size());
+    forme.marqueUtf8 = OterMarqueUtf8(octets);
   }
   const Fins fins = CompterFins(octets);
   forme.fins = fins.lf > fins.crlf ? FinsDeLigne::Lf : FinsDeLigne::CrLf;

@@ -31,10 +31,16 @@ void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& l
   ligne.nom = CadreGauche(texte.substr(0, kLargeurNom), kLargeurNom);
   ligne.cellules.resize(static_cast<std::size_t>(std::max(colonnes, 0)));
   std::size_t colonne = kLargeurNom + 1;
-  for (double& cellule : ligne.cellules) {
-    cellule = ValeurDe(Milieu(texte, colonne, w));
-    colonne += w;
-  }
+  Situer(
+      [&] {
+        return Lieu{{}, 0, static_cast<int>(colonne)};
+      },
+      [&] {
+        for (double& cellule : ligne.cellules) {
+          cellule = ValeurDe(Milieu(texte, colonne, w));
+          colonne += w;
+        }
+      });
   ligne.intitule = Rogner(Milieu(texte, colonne)).substr(0, kLargeurIntitule);
 }
 

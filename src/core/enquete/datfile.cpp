@@ -46,7 +46,15 @@ const std::array<std::int8_t, 65536>& ValeursDeDeuxOctets() {
 }
 
 int LireChamp(std::string_view ligne, Champ champ) {
-  return Entier16(ValeurDe(Milieu(ligne, champ.debut + std::size_t{1}, champ.largeur)));
+  return ConvertirChamp(Milieu(ligne, champ.debut + std::size_t{1}, champ.largeur), champ);
+}
+
+int ConvertirChamp(std::string_view octets, Champ champ) {
+  return Situer(
+      [&] {
+        return Lieu{{}, 0, static_cast<int>(champ.debut) + 1};
+      },
+      [&] { return Entier16(ValeurDe(octets)); });
 }
 
 const char* LecteurIndividus::Completer() {
@@ -60,6 +68,14 @@ std::int64_t CompterLignes(const Chemin& chemin) {
   std::int64_t lignes = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) ++lignes;
   return lignes;
+}
+
+std::int64_t AnnoncesOuComptes(const LigneTaille& taille, const Chemin& donnees) {
+  return taille.individus > 0 ? taille.individus : CompterLignes(donnees);
+}
+
+std::string LigneDesIndividus(std::int64_t individus) {
+  return Joindre({"Il y a ", NombreNu(individus), " individus"});
 }
 
 }  // namespace quelvar

@@ -34,8 +34,10 @@ std::size_t LongueurUtile(const std::vector<Champ>& champs);
 const std::array<std::uint8_t, 256>& ValeursDUnOctet();
 const std::array<std::int8_t, 65536>& ValeursDeDeuxOctets();  // index: first byte + 256 * second byte
 
-// Value of a field: lenient conversion, rounded to 16 bits; 0 past the end of the line. Raises 6.
+// Value of a field: lenient conversion, rounded to 16 bits; 0 past the end of the line. Raises 6, with its column.
 int LireChamp(std::string_view ligne, Champ champ);
+// The same from the bytes of the field.
+int ConvertirChamp(std::string_view octets, Champ champ);
 
 // Value of a field that lies wholly inside a line of bytes. Raises 6.
 inline int LireChampInterieur(const char* ligne, Champ champ) {
@@ -50,7 +52,7 @@ inline int LireChampInterieur(const char* ligne, Champ champ) {
   } else if (champ.largeur == 3 && chiffre(2) < 10 && chiffre(1) < 10 && chiffre(0) < 10) {
     return static_cast<int>(100 * chiffre(0) + 10 * chiffre(1) + chiffre(2));
   }
-  return LireChamp(std::string_view(octets, champ.largeur), {0, champ.largeur});
+  return ConvertirChamp(std::string_view(octets, champ.largeur), champ);
 }
 
 // Gives each line of the data file at least `longueurUtile` bytes, blanks standing for what is missing.
@@ -65,6 +67,7 @@ class LecteurIndividus {
   }
   // The line itself, as long as it is in the file.
   std::string_view Ligne() const { return ligne_; }
+  const LecteurLignes& Lignes() const { return lecteur_; }
 
  private:
   const char* Completer();
@@ -76,6 +79,26 @@ class LecteurIndividus {
 
 // Number of lines of a data file. Raises the numbers of LecteurLignes.
 std::int64_t CompterLignes(const Chemin& chemin);
+
+// Gives each individual, its bytes and its rank from 1, to `traiter`, at most `maximum` of them; returns how many there
+// were. A failure gets the line reached.
+template <class Traiter>
+std::int64_t Parcourir(LecteurIndividus& lecteur, std::int64_t maximum, Traiter&& traiter) {
+  return Situer(lecteur.Lignes(), [&] {
+    std::int64_t numero = 0;
+    while (numero < maximum) {
+      const char* individu = lecteur.Lire();
+      if (individu == nullptr) break;
+      traiter(individu, ++numero);
+    }
+    return numero;
+  });
+}
+
+// Individuals that line 2 of .POS announces, or the lines of the data file when it announces none.
+std::int64_t AnnoncesOuComptes(const LigneTaille& taille, const Chemin& donnees);
+// "Il y a ... individus", the line of all reports.
+std::string LigneDesIndividus(std::int64_t individus);
 
 // The warning on a file shorter than announced, in the wording of all programs but the recoding.
 inline constexpr std::string_view kFichierPlusCourt =

@@ -40,7 +40,7 @@ FichierMod LireMod(const Chemin& chemin);
 // A modality line: name in 4 columns, mark field in 3, label of at most 25 characters.
 std::string LigneModalite(std::string_view nom, bool supplementaire, std::string_view intitule);
 
-// Path of the .MOD of that name if it exists; one shorter than kModVide bytes is deleted and counts as absent.
+// Path of the .MOD of that name if it exists; one shorter than kModVide bytes counts as absent.
 std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom);
 
 // Labels of modalities by name, for the programs that print tables: every line behind the first two, also behind "**".

@@ -95,6 +95,12 @@ void Retenir(const Paire& paire, ParametresMod& parametres) {
 
 }  // namespace
 
+std::string LigneDeParametres(std::span<const CleDeParametre> cles) {
+  std::string ligne;
+  for (const CleDeParametre& cle : cles) ligne += Joindre({" ", cle.cle, Nombre(cle.valeur)});
+  return ligne + " ";
+}
+
 ParametresMod LireParametres(std::string_view ligne, Rapport* rapport) {
   ParametresMod parametres;
   const std::optional<std::vector<Paire>> paires = Decouper(Normaliser(ligne));

@@ -1,8 +1,12 @@
 // The parameter line (line 2) of a .MOD file: keywords recognised by two letters, shared by every reader of a table.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
+#include <initializer_list>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "core/programme/report.h"
 
@@ -20,6 +24,19 @@ struct ParametresMod {
   std::int32_t decimales = 0;    // DE=
   double cdg = 0;                // CDG=: individuals are available as logical coding
 };
+
+// A parameter line: a blank before each key, a blank behind the last value. The keys end in "=".
+struct CleDeParametre {
+  template <std::integral Entier>
+  CleDeParametre(std::string_view laCle, Entier laValeur) : cle(laCle), valeur(static_cast<std::int64_t>(laValeur)) {}
+
+  std::string_view cle;
+  std::int64_t valeur;
+};
+std::string LigneDeParametres(std::span<const CleDeParametre> cles);
+inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles) {
+  return LigneDeParametres(std::span(cles.begin(), cles.size()));
+}
 
 // Parses the line. A token without "=" writes "Arret : manque signe = dans ligne 2 de *.MOD" to the report (when there
 // is one) and leaves every parameter unset. Raises 6 for a value beyond its type.

@@ -93,8 +93,9 @@ LigneTaille LireLigneTaille(std::string_view ligne) {
 Question LireLigneQuestion(std::string_view ligne) {
   Question question;
   question.nom = Milieu(ligne, 1, 3);
-  question.position = Entier16(ValeurDe(Milieu(ligne, 4, 4)));
-  question.codeMax = LireCodeMax(Milieu(ligne, 8, 2));
+  const auto en = [](int colonne) { return [colonne] { return Lieu{{}, 0, colonne}; }; };
+  question.position = Situer(en(4), [&] { return Entier16(ValeurDe(Milieu(ligne, 4, 4))); });
+  question.codeMax = Situer(en(8), [&] { return LireCodeMax(Milieu(ligne, 8, 2)); });
   question.largeur = LargeurDe(question.codeMax);
   // A label or a mark that starts a column too early belongs to the free area all the same.
   const bool libreDesDix = ligne.size() >= 10 && (ligne[9] == '$' || ligne[9] == '&');
@@ -107,6 +108,11 @@ Question LireLigneQuestion(std::string_view ligne) {
   Oter(zoneLibre, kMarqueSupplementaire);
   question.regle = Rogner(zoneLibre);
   return question;
+}
+
+std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
+                            std::string_view suite) {
+  return Joindre({CadreGauche(nom, 3), EntierDroit(position, 4), codeMax, suite});
 }
 
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {
@@ -122,7 +128,7 @@ FichierPos LirePos(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   pos.titre = lecteur.LireObligatoire();
   pos.lignes.push_back(pos.titre);
-  pos.taille = LireLigneTaille(lecteur.LireObligatoire());
+  pos.taille = Situer(lecteur, [&] { return LireLigneTaille(lecteur.LireObligatoire()); });
   pos.lignes.push_back(pos.taille.texte);
   // Nothing behind faulty parentheses is worth a fault of its own: the run stops there.
   bool dansLaListe = !pos.taille.parenthesesFautives;
@@ -133,12 +139,18 @@ FichierPos LirePos(const Chemin& chemin) {
         pos.premiereApres = pos.lignes.size();
         dansLaListe = false;
       } else {
-        pos.questions.push_back(LireLigneQuestion(ligne));
+        pos.questions.push_back(Situer(lecteur, [&] { return LireLigneQuestion(ligne); }));
       }
     }
     pos.lignes.emplace_back(ligne);
   }
   if (pos.fin == FinDeListe::FinDeFichier) pos.premiereApres = pos.lignes.size();
+  return pos;
+}
+
+FichierPos LirePos(const Chemin& chemin, const Dialogue& dialogue) {
+  FichierPos pos = LirePos(chemin);
+  ExigerParentheses(pos.taille, dialogue);
   return pos;
 }
 

@@ -62,14 +62,19 @@ std::string_view CodeCaractere(int code);
 
 // Raises 6 for a count beyond 64 bits.
 LigneTaille LireLigneTaille(std::string_view ligne);
-// Raises 6 when position or code-max do not fit 16 bits.
+// Raises 6, with its column, when position or code-max do not fit 16 bits.
 Question LireLigneQuestion(std::string_view ligne);
+// The line of a question: name in 3 columns, position in 4, code-max in 2 as TexteCodeMax has it, and what follows.
+std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
+                            std::string_view suite = {});
 // The end of the list of questions that a line is, if it is one.
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 
 // Reads the file; without its questions when the parentheses of line 2 are faulty. Raises 62 for less than two lines,
 // 6, and the numbers of LecteurLignes.
 FichierPos LirePos(const Chemin& chemin);
+// The same for a run, which stops (kArretAnnonce) with a message box on these parentheses.
+FichierPos LirePos(const Chemin& chemin, const Dialogue& dialogue);
 
 // The fault of a label without its second "$", as a report tells it; a message box goes on with kCorrigezRelancez.
 std::string FauteIntitule(const Question& question);

@@ -171,6 +171,7 @@ LecteurLignes::LecteurLignes(LecteurLignes&& autre) noexcept { *this = std::move
 
 LecteurLignes& LecteurLignes::operator=(LecteurLignes&& autre) noexcept {
   std::swap(nom_, autre.nom_);
+  std::swap(numero_, autre.numero_);
   std::swap(descripteur_, autre.descripteur_);
   std::swap(finie_, autre.finie_);
   std::swap(tampon_, autre.tampon_);
@@ -212,6 +213,7 @@ bool LecteurLignes::Lire(std::string_view& ligne) {
     if (const void* saut = std::memchr(debut + examines, '\n', disponibles - examines)) {
       const auto longueur = static_cast<std::size_t>(static_cast<const char*>(saut) - debut);
       debut_ += longueur + 1;
+      ++numero_;
       ligne = std::string_view(debut, longueur > 0 && debut[longueur - 1] == '\r' ? longueur - 1 : longueur);
       return true;
     }
@@ -228,12 +230,13 @@ bool LecteurLignes::LireLaFin(std::string_view& ligne) {
   if (reste.empty()) return false;
   if (reste.back() == '\r') reste.remove_suffix(1);
   ligne = reste;
+  ++numero_;
   return true;
 }
 
 std::string_view LecteurLignes::LireObligatoire() {
   std::string_view ligne;
-  if (!Lire(ligne)) throw Erreur(kFinDeFichierDepassee);
+  if (!Lire(ligne)) throw Erreur(kFinDeFichierDepassee).Situer(Ou());
   return ligne;
 }
 

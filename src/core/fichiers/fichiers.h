@@ -9,7 +9,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "core/programme/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -51,13 +53,17 @@ class LecteurLignes {
   // The next line; raises 62 at the end of the file.
   std::string_view LireObligatoire();
 
+  // The line given last, for a failure that it causes.
+  Lieu Ou() const { return {NomDepuisUtf8(nom_), numero_}; }
+
   static constexpr std::size_t kLigneAuPlus = std::size_t{1} << 26;
 
  private:
   bool Remplir();
   bool LireLaFin(std::string_view& ligne);
 
-  std::string nom_;  // for the sentence
+  std::string nom_;  // without directory, as the system has it
+  std::int64_t numero_ = 0;
   int descripteur_ = -1;
   bool finie_ = false;  // the file has no byte left behind the buffer
   std::unique_ptr<char[]> tampon_;
@@ -65,6 +71,12 @@ class LecteurLignes {
   std::size_t debut_ = 0;  // first byte not given yet
   std::size_t fin_ = 0;    // end of the bytes read
 };
+
+// Does the work on the lines of a reader; a failure of it gets the line reached.
+template <class Travail>
+decltype(auto) Situer(const LecteurLignes& lecteur, Travail&& travail) {
+  return Situer([&] { return lecteur.Ou(); }, std::forward<Travail>(travail));
+}
 
 // Whether what is written takes the place of the file or stands behind what it holds.
 enum class ModeEcriture { Neuf, Suite };

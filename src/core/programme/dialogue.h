@@ -29,6 +29,7 @@ struct Affichage {
   std::string texte;       // what stands in Text1
   std::string nomRapport;  // the displayed file
   std::string rapport;     // path of the report, for the viewer; empty when it is deleted
+  std::string panne;       // of a run that stopped: the failure and its place, when its reader knows it
 };
 
 // A local date and time.

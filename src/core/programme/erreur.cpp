@@ -1,6 +1,9 @@
 #include "core/programme/erreur.h"
 
 #include <cerrno>
+#include <new>
+#include <stdexcept>
+#include <system_error>
 
 namespace quelvar {
 
@@ -24,8 +27,56 @@ std::string_view TexteErreur(int numero) {
   }
 }
 
-std::string_view TexteErreur(const Erreur& erreur) {
-  return erreur.Phrase().empty() ? TexteErreur(erreur.Numero()) : std::string_view(erreur.Phrase());
+Erreur& Erreur::Situer(const Lieu& lieu) {
+  if (numero_ == kArretAnnonce) return *this;
+  if (lieu_.fichier.empty()) lieu_.fichier = lieu.fichier;
+  if (lieu_.ligne == 0) lieu_.ligne = lieu.ligne;
+  if (lieu_.colonne == 0) lieu_.colonne = lieu.colonne;
+  return *this;
+}
+
+Erreur& Erreur::Imputer(std::string_view propos) {
+  origine_ = Origine::Programme;
+  propos_ = propos;
+  return *this;
+}
+
+std::string TexteDuLieu(const Erreur& erreur) {
+  if (erreur.origine_ == Origine::Programme)
+    return Joindre({"faute du programme et non des données : "_w, erreur.propos_});
+  std::string texte = erreur.lieu_.fichier;
+  const auto ajouter = [&](std::string_view quoi, std::int64_t numero) {
+    if (numero > 0) texte += Joindre({std::string_view(texte.empty() ? "" : ", "), quoi, std::to_string(numero)});
+  };
+  ajouter("ligne ", erreur.lieu_.ligne);
+  ajouter("colonne ", erreur.lieu_.colonne);
+  return texte;
+}
+
+std::string TexteErreur(const Erreur& erreur) {
+  std::string texte(erreur.Phrase().empty() ? TexteErreur(erreur.Numero()) : std::string_view(erreur.Phrase()));
+  if (const std::string lieu = TexteDuLieu(erreur); !lieu.empty()) texte += Joindre({" (", lieu, ")"});
+  return texte;
+}
+
+Erreur ErreurEnCours() {
+  try {
+    throw;
+  } catch (const Erreur& erreur) {
+    return erreur;
+  } catch (const std::bad_alloc&) {
+    return Erreur(kMemoireInsuffisante);
+  } catch (const std::system_error& erreur) {
+    return Erreur(NumeroDErrno(erreur.code().value()));
+  } catch (const std::length_error&) {
+    return Erreur(kMemoireInsuffisante);
+  } catch (const std::out_of_range& faute) {
+    return Erreur(kIndiceHorsSelection).Imputer(faute.what());
+  } catch (const std::exception& faute) {
+    return Erreur(kArgumentIncorrect).Imputer(faute.what());
+  } catch (...) {
+    return Erreur(kArgumentIncorrect).Imputer("exception inconnue");
+  }
 }
 
 int NumeroDErrno(int codeErrno) {

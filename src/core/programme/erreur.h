@@ -1,6 +1,7 @@
-// The one way a failure travels: an exception that carries the number of the error table.
+// The one way a failure travels: an exception that carries the number of the error table, and where it was met.
 #pragma once
 
+#include <cstdint>
 #include <exception>
 #include <optional>
 #include <string>
@@ -33,10 +34,6 @@ enum NumeroErreur : int {
 // Words of an error number, in the code page; empty for a number that the table does not hold.
 std::string_view TexteErreur(int numero);
 
-class Erreur;
-// The sentence of the failure, or the words of its number.
-std::string_view TexteErreur(const Erreur& erreur);
-
 // The question whose field could not be cut, told by the report of error 5.
 struct RepereQuestion {
   int numero = 0;  // rank in the list of questions, from 1
@@ -44,6 +41,16 @@ struct RepereQuestion {
   int position = 0;
   int codeMax = 0;
 };
+
+// Where in the data a failure was met, as far as its reader knows.
+struct Lieu {
+  std::string fichier;     // name without directory, in the code page
+  std::int64_t ligne = 0;  // from 1; 0 when it is not known
+  int colonne = 0;         // from 1; 0 when it is not known
+};
+
+// Data: what the files hold or the system refuses. Programme: a fault of ours, which nobody can mend in the files.
+enum class Origine { Donnees, Programme };
 
 class Erreur : public std::exception {
  public:
@@ -55,13 +62,44 @@ class Erreur : public std::exception {
   int Numero() const { return numero_; }
   const std::string& Phrase() const { return phrase_; }
   const std::optional<RepereQuestion>& Question() const { return question_; }
+  const Lieu& Ou() const { return lieu_; }
+  Origine DeQui() const { return origine_; }
   const char* what() const noexcept override { return "quelvar::Erreur"; }
+
+  // Adds what is not known yet of the place; a run that stops by its own will has told it.
+  Erreur& Situer(const Lieu& lieu);
+  // Makes it a fault of ours, with what the library says of it.
+  Erreur& Imputer(std::string_view propos);
 
  private:
   int numero_;
   std::string phrase_;
   std::optional<RepereQuestion> question_;
+  Lieu lieu_;
+  Origine origine_ = Origine::Donnees;
+  std::string propos_;
+
+  friend std::string TexteDuLieu(const Erreur& erreur);
 };
+
+// "ENQ.DAT, ligne 12, colonne 5", or that the fault is ours; empty when nothing of it is known.
+std::string TexteDuLieu(const Erreur& erreur);
+// The sentence of the failure, or the words of its number, and its place behind them.
+std::string TexteErreur(const Erreur& erreur);
+
+// Does the work; a failure of it gets the place that `ou` tells.
+template <class Travail, class Ou>
+decltype(auto) Situer(const Ou& ou, Travail&& travail) {
+  try {
+    return travail();
+  } catch (Erreur& erreur) {
+    erreur.Situer(ou());
+    throw;
+  }
+}
+
+// What is being caught, whatever was thrown, as the one failure type. To be called in a handler.
+Erreur ErreurEnCours();
 
 // The number that stands for a failure of the operating system.
 int NumeroDErrno(int codeErrno);

@@ -1,9 +1,5 @@
 #include "core/programme/programme.h"
 
-#include <new>
-#include <stdexcept>
-#include <system_error>
-
 #include "core/fichiers/generiquetenu.h"
 #include "core/programme/annulation.h"
 #include "core/texte/nombres.h"
@@ -14,33 +10,18 @@ namespace {
 
 constexpr std::uintmax_t kLimiteTexte = 35000;  // bytes that Text1 shows at most
 
-// Turns whatever the body threw into the one failure type.
-Erreur ErreurEnCours() {
-  try {
-    throw;
-  } catch (const Erreur& erreur) {
-    return erreur;
-  } catch (const std::bad_alloc&) {
-    return Erreur(kMemoireInsuffisante);
-  } catch (const std::system_error& erreur) {
-    return Erreur(NumeroDErrno(erreur.code().value()));
-  } catch (const std::length_error&) {
-    return Erreur(kMemoireInsuffisante);
-  } catch (const std::out_of_range&) {
-    return Erreur(kIndiceHorsSelection);
-  } catch (...) {
-    return Erreur(kArgumentIncorrect);
-  }
-}
-
 std::string EnLignes(const std::vector<std::string>& lignes) {
   std::string texte;
   for (const std::string& ligne : lignes) texte += ligne + "\r\n";
   return texte;
 }
 
+// What the screen tells beside the lines of the report, which have their fixed words.
+std::string PanneDe(const Erreur& erreur) { return TexteDuLieu(erreur).empty() ? std::string() : TexteErreur(erreur); }
+
 Affichage AffichageDErreur(const Erreur& erreur, std::string_view nomRapport, const LibellesErreur& libelles) {
-  return {Affichage::Ou::Texte, EnLignes(LignesDErreur(erreur, libelles)), std::string(nomRapport), {}};
+  return {
+      Affichage::Ou::Texte, EnLignes(LignesDErreur(erreur, libelles)), std::string(nomRapport), {}, PanneDe(erreur)};
 }
 
 // The lines of the report joined by CR LF.
@@ -54,16 +35,18 @@ std::string LireRapport(const Chemin& chemin) {
   return texte;
 }
 
-// Runs the body; false when it stopped. A failure to write the report itself comes out as an Erreur.
-bool ExecuterCorps(Rapport& rapport, const LibellesErreur& libelles, const std::function<void(Rapport&)>& corps) {
+// Runs the body; gives the failure that stopped it. A failure to write the report itself comes out as an Erreur.
+std::optional<Erreur> ExecuterCorps(Rapport& rapport, const LibellesErreur& libelles,
+                                    const std::function<void(Rapport&)>& corps) {
   try {
     corps(rapport);
-    return true;
+    return std::nullopt;
   } catch (const Annulation&) {
     throw;
   } catch (...) {
-    for (const std::string& ligne : LignesDErreur(ErreurEnCours(), libelles)) rapport.Ligne(ligne);
-    return false;
+    const Erreur erreur = ErreurEnCours();
+    for (const std::string& ligne : LignesDErreur(erreur, libelles)) rapport.Ligne(ligne);
+    return erreur;
   }
 }
 
@@ -103,9 +86,12 @@ bool EstEphemere(const Contexte& contexte, std::string_view nomRapport) {
 Affichage Presenter(const Chemin& rapport, std::string_view nomRapport, bool ephemere) {
   const std::string garde = ephemere ? std::string() : rapport.native();
   if (LongueurFichier(rapport) > kLimiteTexte)
-    return {Affichage::Ou::Lecteur, TexteTropLong(nomRapport) + std::string("Programme terminé"_w),
-            std::string(nomRapport), garde};
-  return {Affichage::Ou::Texte, LireRapport(rapport), std::string(nomRapport), garde};
+    return {Affichage::Ou::Lecteur,
+            TexteTropLong(nomRapport) + std::string("Programme terminé"_w),
+            std::string(nomRapport),
+            garde,
+            {}};
+  return {Affichage::Ou::Texte, LireRapport(rapport), std::string(nomRapport), garde, {}};
 }
 
 }  // namespace
@@ -154,13 +140,15 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
     if (AvecEtrangers(contexte.generique) || AvecEtrangers(nomRapport)) rapport.MontrerLesNomsEtrangers();
     for (const GeneriqueTenu& tenu : tenus)
       for (const std::string& ligne : tenu.Recit()) rapport.Ligne(ligne);
-    if (ExecuterCorps(rapport, libelles, corps)) fin = Fin::Normale;
+    const std::optional<Erreur> panne = ExecuterCorps(rapport, libelles, corps);
+    if (!panne) fin = Fin::Normale;
     if (ephemere) {
       affichage = Presenter(rapport.Achever(), nomRapport, true);
     } else {
       rapport.Valider();
       affichage = FinProgramme(contexte, nomRapport, libelles);
     }
+    if (panne) affichage.panne = PanneDe(*panne);
     if (fin == Fin::Normale && aFinNormale == AFinNormale::Taire) return fin;
   } catch (const Annulation&) {  // no trace is left of it
     throw;

@@ -105,7 +105,6 @@ std::string TexteSepare(std::span<const TableauEdite> tableaux, SortieDeTableaux
     if (!texte.empty()) texte += "\r\n";
     AjouterSepare(texte, tableau, sortie);
   }
-  constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
   return std::string(sortie == SortieDeTableaux::Csv ? kMarqueUtf8 : std::string_view()) + VersUtf8(texte);
 }
 

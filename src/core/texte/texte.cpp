@@ -190,6 +190,12 @@ std::string DepuisUtf8(std::string_view utf8) {
   return texte;
 }
 
+bool OterMarqueUtf8(std::string_view& octets) {
+  const bool marque = octets.starts_with(kMarqueUtf8);
+  if (marque) octets.remove_prefix(kMarqueUtf8.size());
+  return marque;
+}
+
 bool EstUtf8MultiOctet(std::string_view octets) {
   bool multiple = false;
   while (!octets.empty()) {

@@ -141,6 +141,9 @@ std::string NomMontrable(std::string_view nom);
 bool AvecEtrangers(std::string_view nom);
 // Length of the sequence at the end of the name, 0 when it ends in a character of the code page.
 std::size_t EtrangerFinal(std::string_view nom);
+// The mark that may stand in front of a UTF-8 file, and whether it stood there and was taken away.
+inline constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
+bool OterMarqueUtf8(std::string_view& octets);
 // True when the bytes hold at least one multi-byte UTF-8 sequence and no invalid one.
 bool EstUtf8MultiOctet(std::string_view octets);
 

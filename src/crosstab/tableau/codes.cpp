@@ -52,7 +52,8 @@ unsigned ValeurDeDeux(const char* octets, const std::array<std::int8_t, 65536>& 
   return static_cast<unsigned>(int{autres[premier + 256U * second]});  // a negative one is above every ceiling
 }
 
-void Decoder(const BlocDeLignes& bloc, const ChampCode& question, std::uint8_t* codes) {
+// `avant`: the individuals before those of the block.
+void Decoder(const BlocDeLignes& bloc, const ChampCode& question, std::size_t avant, std::uint8_t* codes) {
   const char* octets = bloc.Octets() + question.champ.debut;
   const std::size_t pas = bloc.Longueur();
   const std::size_t nombre = bloc.Nombre();
@@ -64,10 +65,17 @@ void Decoder(const BlocDeLignes& bloc, const ChampCode& question, std::uint8_t* 
     const std::array<std::int8_t, 65536>& autres = ValeursDeDeuxOctets();
     for (std::size_t i = 0; i < nombre; ++i) codes[i] = Plafonner(ValeurDeDeux(octets + i * pas, autres), plafond);
   } else {
-    for (std::size_t i = 0; i < nombre; ++i) {
-      const int valeur = LireChampInterieur(octets + i * pas, {0, question.champ.largeur});
-      codes[i] = Plafonner(static_cast<unsigned>(valeur), plafond);
-    }
+    std::size_t i = 0;
+    Situer(
+        [&] {
+          return Lieu{{}, static_cast<std::int64_t>(avant + i) + 1, 0};
+        },
+        [&] {
+          for (; i < nombre; ++i) {
+            const int valeur = LireChampInterieur(bloc.Octets() + i * pas, question.champ);
+            codes[i] = Plafonner(static_cast<unsigned>(valeur), plafond);
+          }
+        });
   }
 }
 
@@ -102,7 +110,7 @@ MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampCode>& c
   LecteurLignes lecteur(donnees);
   // A line takes at least its end: no memory is asked for individuals that cannot be there.
   if (individus > 0 && static_cast<std::uintmax_t>(individus) > LongueurFichier(donnees) + 1)
-    throw Erreur(kFinDeFichierDepassee);
+    throw Erreur(kFinDeFichierDepassee).Situer(lecteur.Ou());
   std::vector<int> plafonds;
   for (const ChampCode& champ : champs) plafonds.push_back(champ.plafond);
   MatriceCodes codes(std::move(plafonds), static_cast<std::size_t>(std::max<std::int64_t>(individus, 0)));
@@ -112,7 +120,9 @@ MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampCode>& c
   while (lus < codes.Individus()) {
     for (bloc.Vider(); !bloc.Plein() && lus + bloc.Nombre() < codes.Individus(); progression.Avancer())
       bloc.Ajouter(lecteur.LireObligatoire());
-    for (std::size_t q = 0; q < champs.size(); ++q) Decoder(bloc, champs[q], codes.Codes(q).data() + lus);
+    Situer(lecteur, [&] {
+      for (std::size_t q = 0; q < champs.size(); ++q) Decoder(bloc, champs[q], lus, codes.Codes(q).data() + lus);
+    });
     lus += bloc.Nombre();
   }
   return codes;

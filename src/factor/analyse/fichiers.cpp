@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/programme/report.h"
+#include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
@@ -17,7 +18,7 @@ enum class Intitule { Aucun, Colle, ApresUnBlanc };
 // What one file shows of one dimension of the table.
 struct FormatCoordonnees {
   std::string_view extension;
-  int decimales;
+  Precision precision;
   Intitule intitule;
 };
 
@@ -38,15 +39,13 @@ void EcrireFichier(Ecrivain& fichier, const AnalyseAnecar& analyse, const CoteAE
                    const FormatCoordonnees& format) {
   const double total = analyse.ecarts.Inertie(analyse.type);
   // Four decimals tell small coordinates as they are.
-  const double echelle = format.decimales == 0 ? analyse.echelle : 1;
+  const double echelle = format.precision == Precision::Milliemes ? analyse.echelle : 1;
   std::string ligne;
   for (const std::size_t i : ordre) {
-    ligne = CadreGauche(source.elements.noms[i], 4);
-    ligne += NombreFixe(PourMille(source.marges.inertie[i], total), 5, 0);
+    ligne = DebutDeLigne(source.elements.noms[i], PourMille(source.marges.inertie[i], total));
     for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
       const CoteFacteur& cote = analyse.facteurs[k].*source.cote;
-      ligne += NombreFixe(echelle * cote.coordonnees[i] * signes[k], 7, format.decimales);
-      ligne += EntierDroit(cote.cpf[i], 5);
+      AjouterFacteur(ligne, echelle * cote.coordonnees[i] * signes[k], cote.cpf[i], format.precision);
     }
     if (format.intitule == Intitule::ApresUnBlanc) ligne += ' ';
     if (format.intitule != Intitule::Aucun) ligne += source.elements.intitules[i];
@@ -83,10 +82,10 @@ void EcrireCoordonnees(const Contexte& contexte, JeuDeFichiers& sorties, const P
   };
   const std::vector<std::size_t> ordreColonnes = enOrdre(plan.colonnes.Nombre());
   const std::vector<std::size_t> ordreLignes = enOrdre(tableau.lignes.Nombre());
-  ecrire(colonnes, ordreColonnes, {".FAJ", 0, Intitule::Aucun});
-  ecrire(colonnes, plan.positions, {".FJ2", 4, Intitule::ApresUnBlanc});
-  ecrire(lignes, ordreLignes, {".FAI", 0, Intitule::Colle});
-  ecrire(lignes, ordreLignes, {".FI2", 4, Intitule::Aucun});
+  ecrire(colonnes, ordreColonnes, {".FAJ", Precision::Milliemes, Intitule::Aucun});
+  ecrire(colonnes, plan.positions, {".FJ2", Precision::Fine, Intitule::ApresUnBlanc});
+  ecrire(lignes, ordreLignes, {".FAI", Precision::Milliemes, Intitule::Colle});
+  ecrire(lignes, ordreLignes, {".FI2", Precision::Fine, Intitule::Aucun});
 }
 
 }  // namespace quelvar::factor

@@ -133,7 +133,7 @@ TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemi
     if (i + 1 == burt) controle.Conclure();
     const std::size_t position = plan.PositionLigne(i);
     if (position >= tableau.lignes.Nombre()) continue;
-    LireLigneBrt(texte, static_cast<int>(plan.colonnes.Nombre()), plan.largeur, ligne);
+    Situer(lecteur, [&] { LireLigneBrt(texte, static_cast<int>(plan.colonnes.Nombre()), plan.largeur, ligne); });
     tableau.lignes.noms[position] = ligne.nom;
     tableau.lignes.intitules[position] = ligne.intitule;
     if (position < actives) repartition.Active(position, ligne.cellules);

@@ -137,8 +137,8 @@ std::string NomDeLaVariable(const FichierPos& pos) {
 void EcrireQuestions(Ecrivain& fichier, const FichierPos& pos, std::size_t longueur, int groupes) {
   for (std::size_t i = 0; i < pos.premiereApres; ++i) fichier.Ligne(pos.lignes[i]);
   const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);
-  fichier.Ligne(Joindre(
-      {NomDeLaVariable(pos), NombreFixe(static_cast<double>(position), 4, 0), TexteCodeMax(groupes), " $$ &SUP&"}));
+  fichier.Ligne(
+      LigneDeQuestion(NomDeLaVariable(pos), static_cast<std::int64_t>(position), TexteCodeMax(groupes), " $$ &SUP&"));
 }
 
 // A tree of another survey, or of an older state of this one, would give its classes to the wrong elements.
@@ -155,8 +155,7 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
 
 // Lines of the data that a run reads.
 std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
-  const std::int64_t lignes = CompterLignes(donnees);
-  return taille.individus > 0 ? std::min(taille.individus, lignes) : lignes;
+  return std::min(AnnoncesOuComptes(taille, donnees), CompterLignes(donnees));
 }
 
 std::string NouveauGenerique(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options) {

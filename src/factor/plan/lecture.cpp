@@ -15,54 +15,21 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::size_t kLongueurIntitule = 25;
-// Columns of a line of .FAJ or .FAI: name, inertia, then a coordinate and a CPF for each factor.
-constexpr std::size_t kDebutDesFacteurs = 9;
-constexpr std::size_t kLargeurCoordonnee = 7;
-constexpr std::size_t kLargeurCpf = 5;
-constexpr std::size_t kLargeurFacteur = kLargeurCoordonnee + kLargeurCpf;
-constexpr std::size_t kFacteursMaximum = 999;
-
-// One line of .FAJ or .FAI.
-struct LigneFacteurs {
-  std::string nom;
-  std::vector<double> coordonnees;
-  std::vector<double> cpf;
-  std::string intitule;
-};
+constexpr double kLignesAuPlus = 1e9;  // a larger LSUP= counts every row
 
 std::string IntituleCourt(std::string_view texte) {
   return std::string(RognerDroite(Rogner(texte).substr(0, kLongueurIntitule)));
 }
 
-LigneFacteurs LireLigneFacteurs(std::string_view texte, std::size_t facteurs) {
-  LigneFacteurs ligne;
-  ligne.nom = CadreGauche(texte.substr(0, 4), 4);
-  for (std::size_t f = 0; f < facteurs; ++f) {
-    const std::size_t colonne = kDebutDesFacteurs + f * kLargeurFacteur + 1;
-    ligne.coordonnees.push_back(Simple(ValeurDe(Milieu(texte, colonne, kLargeurCoordonnee))));
-    ligne.cpf.push_back(Entier16(ValeurDe(Milieu(texte, colonne + kLargeurCoordonnee, kLargeurCpf))));
-  }
-  ligne.intitule = IntituleCourt(Milieu(texte, kDebutDesFacteurs + facteurs * kLargeurFacteur + 1));
-  return ligne;
-}
-
-std::vector<std::string> LignesPleines(const Chemin& chemin) {
-  std::vector<std::string> lignes;
-  LecteurLignes lecteur(chemin);
-  for (std::string_view ligne; lecteur.Lire(ligne);)
-    if (!Rogner(ligne).empty()) lignes.emplace_back(ligne);
-  return lignes;
-}
-
 // Element of each line of the .FAJ, by its name among those of the .MOD; of modalities with one name each in turn.
 // Nothing when a name is not found.
-std::optional<std::vector<std::size_t>> PlacesDesNoms(const std::vector<std::string>& lignes,
+std::optional<std::vector<std::size_t>> PlacesDesNoms(const std::vector<std::string>& noms,
                                                       const std::vector<PointPlan>& points) {
   std::unordered_map<std::string, std::vector<std::size_t>> rangs;
   for (std::size_t i = points.size(); i-- > 0;) rangs[points[i].nom].push_back(i);
   std::vector<std::size_t> places;
-  for (const std::string& ligne : lignes) {
-    const auto trouve = rangs.find(CadreGauche(std::string_view(ligne).substr(0, 4), 4));
+  for (const std::string& nom : noms) {
+    const auto trouve = rangs.find(nom);
     if (trouve == rangs.end()) return std::nullopt;
     places.push_back(trouve->second.back());
     if (trouve->second.size() > 1) trouve->second.pop_back();
@@ -118,50 +85,45 @@ void DeclarerColonnes(Rapport& rapport, const Contexte& contexte, const FichierM
     donnees.points.push_back({modalite.nom, IntituleCourt(modalite.intitule), modalite.supplementaire, false});
 }
 
-// Rows of a plain table, or the individuals: lines that stand last in the file.
-void DeclarerLignes(const ParametresMod& parametres, std::vector<std::string>& lignes, DonneesPlan& donnees) {
-  const auto sup = static_cast<std::size_t>(std::clamp(parametres.lignesSup, 0.0, 1e9));
-  const bool active = donnees.burt == 1 && lignes.size() <= sup;  // the individuals were the table
-  if (donnees.burt == 1 && lignes.size() > sup)
-    lignes.erase(lignes.begin(), lignes.end() - static_cast<std::ptrdiff_t>(sup));
-  for (std::size_t i = 0; i < lignes.size(); ++i)
-    donnees.points.push_back({{}, {}, !active && i + sup >= lignes.size(), true});
+// Rows of a plain table, or the individuals: lines that stand last in the file. Returns the first of them.
+std::size_t DeclarerLignes(const ParametresMod& parametres, const ElementsFactoriels& fai, DonneesPlan& donnees) {
+  const auto sup = static_cast<std::size_t>(std::clamp(parametres.lignesSup, 0.0, kLignesAuPlus));
+  const std::size_t lignes = fai.Nombre();
+  const bool active = donnees.burt == 1 && lignes <= sup;  // the individuals were the table
+  const std::size_t premiere = donnees.burt == 1 && lignes > sup ? lignes - sup : 0;
+  for (std::size_t i = premiere; i < lignes; ++i)
+    donnees.points.push_back({fai.noms[i], IntituleCourt(fai.intitules[i]), !active && i + sup >= lignes, true});
+  return premiere;
 }
 
-void PoserLigne(DonneesPlan& donnees, std::size_t element, const LigneFacteurs& ligne) {
+void PlacerElement(DonneesPlan& donnees, std::size_t element, const ElementsFactoriels& lus, std::size_t ligne) {
   donnees.points[element].place = true;
   for (std::size_t f = 0; f < donnees.facteurs; ++f) {
-    donnees.coordonnees(f, element) = ligne.coordonnees[f];
-    donnees.cpf(f, element) = ligne.cpf[f];
+    donnees.coordonnees(f, element) = static_cast<double>(Simple(lus.coordonnees(f, ligne)));
+    donnees.cpf(f, element) = Entier16(lus.cpf(f, ligne));
   }
 }
 
 void PlacerElements(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres, DonneesPlan& donnees) {
-  const std::vector<std::string> faj = LignesPleines(contexte.Exiger(".FAJ"));
-  if (faj.empty()) throw Erreur(kFinDeFichierDepassee);
-  if (faj.front().size() < kDebutDesFacteurs + kLargeurFacteur) throw Erreur(kArgumentIncorrect);
-  donnees.facteurs = std::min((faj.front().size() - kDebutDesFacteurs) / kLargeurFacteur, kFacteursMaximum);
-  const auto places = PlacesDesNoms(faj, donnees.points);
+  const ElementsFactoriels faj = LireFaj(contexte.Exiger(".FAJ"));
+  if (faj.Nombre() == 0) throw Erreur(kFinDeFichierDepassee);
+  if (faj.Facteurs() == 0) throw Erreur(kArgumentIncorrect);
+  donnees.facteurs = faj.Facteurs();
+  const auto places = PlacesDesNoms(faj.noms, donnees.points);
   if (!places)
     Arreter(rapport, contexte,
             {"***ERREUR : un nom de *.FAJ n'est pas retrouve identique",
              "   dans *.MOD - Il y a vraisemblablement eu une modification",
              "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
              "   a l'intérieur les deux fichiers et relancez le programme"_w});
-  std::vector<std::string> fai;
+  ElementsFactoriels fai;
   if (const std::optional<Chemin> chemin = contexte.Chercher(".FAI"); chemin && donnees.burt <= 1)
-    fai = LignesPleines(*chemin);
-  DeclarerLignes(parametres, fai, donnees);
+    fai = LireFai(*chemin, donnees.facteurs);
+  const std::size_t premiere = DeclarerLignes(parametres, fai, donnees);
   donnees.coordonnees = Matrice(donnees.facteurs, donnees.points.size());
   donnees.cpf = Matrice(donnees.facteurs, donnees.points.size());
-  for (std::size_t i = 0; i < faj.size(); ++i)
-    PoserLigne(donnees, (*places)[i], LireLigneFacteurs(faj[i], donnees.facteurs));
-  for (std::size_t i = 0; i < fai.size(); ++i) {
-    const LigneFacteurs ligne = LireLigneFacteurs(fai[i], donnees.facteurs);
-    PoserLigne(donnees, donnees.colonnes + i, ligne);
-    donnees.points[donnees.colonnes + i].nom = ligne.nom;
-    donnees.points[donnees.colonnes + i].intitule = ligne.intitule;
-  }
+  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, (*places)[i], faj, i);
+  for (std::size_t i = premiere; i < fai.Nombre(); ++i) PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i);
 }
 
 // The power of ten between the coordinates of the plane and those with four decimals; nothing when they are of two

@@ -1,5 +1,7 @@
 #include "factor/profil/lecture.h"
 
+#include <limits>
+
 #include "core/enquete/datfile.h"
 #include "core/texte/nombres.h"
 
@@ -124,10 +126,9 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
   const bool seule = choisies.size() == 1;
   LecteurIndividus lecteur(donnees, comptoir.Longueur());
   Progression progression(dialogue, pos.taille.individus);
-  std::int64_t lus = 0;
-  for (; pos.taille.individus == 0 || lus < pos.taille.individus; ++lus) {
-    const char* ligne = lecteur.Lire();
-    if (ligne == nullptr) break;
+  const std::int64_t maximum =
+      pos.taille.individus == 0 ? std::numeric_limits<std::int64_t>::max() : pos.taille.individus;
+  const std::int64_t lus = Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t) {
     bool compte = false;
     for (std::size_t k = 0; k < choisies.size(); ++k)
       if (comptoir.APour(ligne, codes[choisies[k]])) {
@@ -136,7 +137,7 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
       }
     if (!compte) comptoir.Compter(ligne, autres.data());
     progression.Avancer();
-  }
+  });
   ComptesDeProfil comptes;
   comptes.individus = static_cast<double>(lus);
   for (const CodeDeModalite& code : codes)

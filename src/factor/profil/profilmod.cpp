@@ -114,8 +114,7 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
                         const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
   std::optional<FichierPos> pos;
   if (fichiers.pos) {
-    pos = LirePos(*fichiers.pos);
-    ExigerParentheses(pos->taille, contexte.Ecran());
+    pos = LirePos(*fichiers.pos, contexte.Ecran());
   }
   if (!fichiers.donnees) {
     ExigerTableDuMod(*fichiers.brt, mod, parametres);

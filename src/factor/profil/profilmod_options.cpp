@@ -16,7 +16,7 @@ const Description<OptionsProfil>& DescriptionProfilMod() {
           .OuiNon("nontri", &O::nonTri, "garde l'ordre du fichier")
           .Montre("NonTri")
           .Couples("intitule", &O::intitules, "NOM=TEXTE", "nouvel intitulé d'une modalité ; peut être répété"_w)
-          .Texte("fichier", &O::fichier, "NOM.svg", "image du premier profil, en SVG");
+          .Texte("fichier", &O::fichier, "NOM.svg", "image des profils, en SVG");
   return description;
 }
 

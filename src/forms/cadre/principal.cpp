@@ -17,7 +17,10 @@
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
+#include "forms/pieces/depot.h"
 #include "forms/pieces/ecran.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
@@ -27,6 +30,18 @@ namespace {
 
 // Entries that wait for the first generic of a new use.
 constexpr const char* kEntreesDeDonnees[] = {"mnuSaisie", "mnuImport"};
+
+// What a first use comes down to, under the welcome.
+std::string TexteDesTroisPas() {
+  return Joindre(
+      {"\r\nPour commencer, trois pas :\r\n"
+       "   1. Prenez le bouton 'Importer un nouveau fichier...' à droite, ou déposez ici\r\n"
+       "      le fichier de votre enquête (.csv, .txt, .ods, .xlsx, .dbf).\r\n"
+       "      Il reste intact : ses données sont copiées à côté de lui.\r\n"
+       "   2. Regardez l'aperçu : comment le fichier est lu, ce que devient\r\n"
+       "      chaque colonne. Rien n'est écrit avant 'Importer'.\r\n"
+       "   3. Prenez 'Tris' puis 'Tri à plat' : c'est votre premier résultat.\r\n"_w});
+}
 
 // Entries that read no file of the data set.
 bool LitLaBase(const EntreeDeProgramme& entree) {
@@ -174,6 +189,14 @@ void Principal::RelierControles() {
   connect(ui_->BoutonImpr, &QPushButton::clicked, this, [this] { sorties_->Imprimer(); });
   connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { resultats_->Remplacer({}); });
   connect(ui_->BoutNouv, &QPushButton::clicked, this, &Principal::NouvelleDemande);
+  connect(ui_->BoutImport, &QPushButton::clicked, this, [this] { OuvrirSourceImport(services_); });
+  new Depot(
+      {this, ui_->Text1->viewport()},
+      [this](const Chemin& fichier) {
+        if (lanceur_.EnCours()) dialogue_.biper();
+        else ImporterFichier(services_, fichier);
+      },
+      this);
   connect(ui_->BoutQuit, &QPushButton::clicked, this, &Principal::close);
 }
 
@@ -186,6 +209,7 @@ void Principal::Demarrer() {
   resultats_->Remplacer(demarrage.texte);
   ReconstruireRecents();
   if (demarrage.aOuvrir) OuvrirEtRapporter();
+  else resultats_->Ajouter(TexteDesTroisPas());
   MontrerSession();
   NommerLesControles(*this);
 }

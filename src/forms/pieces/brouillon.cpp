@@ -31,7 +31,7 @@ void Brouillon::Poser() {
 
 void Brouillon::Montrer(const Contexte& contexte) const {
   if (!prepare_) MontrerRapport(contexte, nom_);
-  else contexte.Ecran().afficher({Affichage::Ou::Texte, *prepare_, nom_, {}});
+  else contexte.Ecran().afficher({Affichage::Ou::Texte, *prepare_, nom_, {}, {}});
 }
 
 }  // namespace quelvar::forms

@@ -1,6 +1,7 @@
 #include "modalities/creation/fichiers.h"
 
 #include "core/enquete/brtfile.h"
+#include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::modalities {
@@ -30,10 +31,10 @@ void EcrireIndividus(Ecrivain& fichier, const Chemin& codageLogique, std::size_t
 }
 
 std::string LigneDeParametres(std::size_t modalites, std::int64_t individus, int largeur) {
-  const std::string colonnes = Nombre(modalites);
-  if (individus < 0) return Joindre({" BRT=", colonnes, " FMT=", Nombre(largeur), " "});
-  return Joindre({" BRT=1 LIGN=", Nombre(static_cast<std::int64_t>(modalites) + individus), " LSUP=", Nombre(individus),
-                  " COL=", colonnes, " FMT=", Nombre(largeur), " "});
+  const auto colonnes = static_cast<std::int64_t>(modalites);
+  if (individus < 0) return quelvar::LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
+  return quelvar::LigneDeParametres(
+      {{"BRT=", 1}, {"LIGN=", colonnes + individus}, {"LSUP=", individus}, {"COL=", colonnes}, {"FMT=", largeur}});
 }
 
 void EcrireMod(Ecrivain& fichier, const std::string& titre, const std::string& parametres,

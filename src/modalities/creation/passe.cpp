@@ -58,11 +58,7 @@ std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, 
   presentes.reserve(champs.size());
   const int premierCode = plan.codesZero ? 0 : 1;
 
-  std::int64_t numero = 0;
-  while (numero < demande.individus) {
-    const char* ligne = lecteur.Lire();
-    if (ligne == nullptr) break;
-    ++numero;
+  const std::int64_t lus = Parcourir(lecteur, demande.individus, [&](const char* ligne, std::int64_t numero) {
     presentes.clear();
     for (std::size_t q = 0; q < champs.size(); ++q) {
       const QuestionChoisie& question = plan.questions[q];
@@ -77,9 +73,9 @@ std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, 
     burt.Compter(presentes);
     if (demande.codage != nullptr) demande.codage->Ecrire(numero, lecteur.Ligne(), presentes);
     progression.Avancer();
-  }
+  });
   burt.Achever();
-  return numero;
+  return lus;
 }
 
 }  // namespace quelvar::modalities

@@ -1,6 +1,9 @@
 #include "modalities/creation/posmod.h"
 
+#include <algorithm>
+
 #include "core/enquete/datfile.h"
+#include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
@@ -23,8 +26,22 @@ struct Preparation {
   std::optional<Chemin> ancienMod;
 };
 
-// Opens the files and tells their names.
-Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
+void EcrireNomsDesFichiers(const Contexte& contexte, Rapport& rapport) {
+  EcrireBandeau(rapport, "Création des modalités"_w);
+  rapport.Ligne({"Le nom du fichier d'entree est ", contexte.Nom(".DAT")});
+  rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
+  rapport.Ligne({"Ce fichier d'impression a pour nom ", contexte.Nom(".PRT")});
+  rapport.Ligne({"Le nom du fichier des donnees en codage logique est ", contexte.Nom(".CDG")});
+  rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
+  rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
+}
+
+void DireIndividus(const FichierPos& pos, Rapport& rapport) {
+  if (pos.taille.individus > 0) rapport.Ligne(LigneDesIndividus(pos.taille.individus));
+}
+
+// Opens the files; without those that are needed the run stops, before the heading of its report.
+Preparation OuvrirFichiers(const Contexte& contexte, Rapport& rapport) {
   Preparation preparation;
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
@@ -33,17 +50,19 @@ Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
                  kArretAbsenceSansAccents);
   preparation.donnees = *donnees;
-  EcrireBandeau(rapport, "Création des modalités"_w);
-  rapport.Ligne({"Le nom du fichier d'entree est ", contexte.Nom(".DAT")});
-  rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
-  rapport.Ligne({"Ce fichier d'impression a pour nom ", contexte.Nom(".PRT")});
-  rapport.Ligne({"Le nom du fichier des donnees en codage logique est ", contexte.Nom(".CDG")});
-  rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
-  rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
-  preparation.pos = LirePos(*pos);
-  ExigerParentheses(preparation.pos.taille, contexte.Ecran());
-  if (preparation.pos.taille.individus > 0)
-    rapport.Ligne({"Il y a ", NombreNu(preparation.pos.taille.individus), " individus"});
+  return preparation;
+}
+
+void LireQuestions(const Contexte& contexte, Preparation& preparation) {
+  preparation.pos = LirePos(contexte.Exiger(".POS"), contexte.Ecran());
+}
+
+// Opens the files and tells their names.
+Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
+  Preparation preparation = OuvrirFichiers(contexte, rapport);
+  EcrireNomsDesFichiers(contexte, rapport);
+  LireQuestions(contexte, preparation);
+  DireIndividus(preparation.pos, rapport);
   return preparation;
 }
 
@@ -72,11 +91,10 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
   throw Erreur(kArretAnnonce);
 }
 
-// The count that line 2 of the .POS announces, or that of the data lines when it announces none.
+// Those of line 2 have been told; a count is told now.
 std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) {
-  if (preparation.pos.taille.individus > 0) return preparation.pos.taille.individus;
-  const std::int64_t individus = CompterLignes(preparation.donnees);
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  const std::int64_t individus = AnnoncesOuComptes(preparation.pos.taille, preparation.donnees);
+  if (preparation.pos.taille.individus <= 0) rapport.Ligne(LigneDesIndividus(individus));
   return individus;
 }
 
@@ -162,6 +180,32 @@ std::vector<std::size_t> DemanderChangements(const FichierPos& pos, const PlanMo
   return changees;
 }
 
+std::string PhraseDeRelance(const Contexte& contexte) {
+  return Joindre(
+      {"Le tableau "_w, contexte.Nom(".BRT"), " n'est plus celui des modalités de "_w, contexte.Nom(".MOD"),
+       " : relancez la création des modalités (menu 'Analyse factorielle'), puis les programmes qui la suivent"_w});
+}
+
+// The parameter line of a .MOD that was made without the data. One with the modalities of the former file keeps its
+// line: the table is still theirs.
+std::string ParametresDeNommage(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
+                                Rapport& rapport) {
+  if (preparation.ancienMod) {
+    const ListeModalites ancienne = LireListeModalites(*preparation.ancienMod);
+    const auto memeNom = [](const std::string& texte, const ModaliteCreee& modalite) {
+      return NomDeTexte(texte) == modalite.nom;
+    };
+    if (std::equal(ancienne.textes.begin(), ancienne.textes.end(), plan.modalites.begin(), plan.modalites.end(),
+                   memeNom))
+      return ancienne.parametres;
+  }
+  if (contexte.Chercher(".BRT")) {
+    rapport.Ligne();
+    rapport.Ligne(PhraseDeRelance(contexte));
+  }
+  return LigneDeParametres(plan.modalites.size(), -1, 0);
+}
+
 void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, const ChoixQuestions& choix,
                   const OptionsPosmod& options, Rapport& rapport) {
   const bool nommer = options.mode == ModePosmod::Modi;
@@ -182,7 +226,7 @@ void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, cons
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const std::string parametres =
-      nommer ? LigneDeParametres(plan.modalites.size(), -1, 0)
+      nommer ? ParametresDeNommage(contexte, preparation, plan, rapport)
              : ConstruireTables(contexte, preparation, plan, options, individus, sorties, rapport);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, parametres, plan.modalites,
             preparation.ancienMod ? &anciennes : nullptr);
@@ -207,6 +251,36 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options) {
     ExigerModalites(preparation.pos, choix, effectives, contexte.Ecran());
     MoteurPosmod(contexte, preparation, choix, effectives, rapport);
   });
+}
+
+void ExigerFichiersDesModalites(const Contexte& contexte, Rapport& rapport) { OuvrirFichiers(contexte, rapport); }
+
+void EcrireEnTeteDesModalites(const Contexte& contexte, Rapport& rapport) {
+  EcrireNomsDesFichiers(contexte, rapport);
+  try {
+    DireIndividus(LirePos(contexte.Exiger(".POS")), rapport);
+  } catch (const Erreur&) {  // the modalities do without
+  }
+}
+
+void CreerSansDonnees(const Contexte& contexte, const std::vector<std::string>& questions, bool codesZero,
+                      Rapport& rapport) {
+  OptionsPosmod options;
+  options.mode = ModePosmod::Modi;
+  options.actives = questions;
+  options.codesZero = codesZero;
+  Preparation preparation = OuvrirFichiers(contexte, rapport);
+  LireQuestions(contexte, preparation);
+  const ChoixQuestions choix = Choisir(preparation.pos, options, rapport);
+  ExigerModalites(preparation.pos, choix, options, contexte.Ecran());
+  MoteurPosmod(contexte, preparation, choix, options, rapport);
+}
+
+std::string PhraseDeTableDepassee(const Contexte& contexte) {
+  const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
+  if (!mod || !contexte.Chercher(".BRT")) return {};
+  const ListeModalites liste = LireListeModalites(*mod);
+  return liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0) ? PhraseDeRelance(contexte) : std::string();
 }
 
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {

@@ -29,6 +29,18 @@ struct OptionsPosmod {
 // modalities without reading the data. A run that stops leaves every file but .PRT as it was.
 Fin Posmod(const Contexte& contexte, const OptionsPosmod& options);
 
+// The creations of NomeMod, which go on under one report: its heading (banner, names of the files, individuals, the
+// last when the .POS can be read), and one creation without the data behind it. The .DAT and the .POS are required
+// before the heading. What stops raises kArretAnnonce once the report has told why, and the numbers of the readers and
+// of JeuDeFichiers.
+void ExigerFichiersDesModalites(const Contexte& contexte, Rapport& rapport);
+void EcrireEnTeteDesModalites(const Contexte& contexte, Rapport& rapport);
+void CreerSansDonnees(const Contexte& contexte, const std::vector<std::string>& questions, bool codesZero,
+                      Rapport& rapport);
+// Which programs are to be run again since the table of the directory is not that of the modalities any more; empty
+// when they go together or there is no table.
+std::string PhraseDeTableDepassee(const Contexte& contexte);
+
 // What the form starts from.
 struct ChoixPrepare {
   FichierPos pos;

@@ -115,6 +115,18 @@ Fin AbandonnerEdition(const Contexte& contexte) {
   return RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom);
 }
 
+OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const std::vector<std::string>& textes) {
+  OptionsModifMod options;
+  for (std::size_t i = 0; i < textes.size(); ++i) {
+    const std::string nom(Rogner(NomDeTexte(textes[i])));
+    if (EstSupplementaire(textes[i]) != EstSupplementaire(ouverts[i]))
+      (EstSupplementaire(textes[i]) ? options.supplementaires : options.actives).push_back(nom);
+    if (IntituleDeTexte(textes[i]) != IntituleDeTexte(ouverts[i]))
+      options.intitules.emplace_back(nom, IntituleDeTexte(textes[i]));
+  }
+  return options;
+}
+
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     EtatModifMod etat = ChargerModifMod(contexte);

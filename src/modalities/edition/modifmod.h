@@ -39,6 +39,8 @@ struct OptionsModifMod {
 
   bool operator==(const OptionsModifMod&) const = default;
 };
+// What has to be asked of the file as it was opened to make of it what the form would save.
+OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const std::vector<std::string>& textes);
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options);
 
 }  // namespace quelvar::modalities

@@ -1,6 +1,7 @@
 #include "modalities/edition/nomemod.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_set>
 
 #include "core/enquete/listemod.h"
@@ -52,25 +53,36 @@ std::string PhraseInconnue(std::string_view nom) {
   return Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
 }
 
-// A label for a modality that the creation is not going to make: told before anything is written.
-std::optional<std::string> ModaliteNonPrevue(const Contexte& contexte, const OptionsNomeMod& options) {
-  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
-  if (!chemin || options.intitules.empty()) return std::nullopt;
-  FichierPos pos;
-  try {
-    pos = LirePos(*chemin);
-  } catch (const Erreur&) {  // the creation tells it
-    return std::nullopt;
+[[noreturn]] void Arreter(Rapport& rapport, Texte phrase) {
+  rapport.Ligne(phrase);
+  throw Erreur(kArretAnnonce);
+}
+
+// The modalities that the passes are going to make. A question that is not known stops the run before the first of them
+// writes anything.
+std::unordered_set<std::string> ModalitesPrevues(const Contexte& contexte, const OptionsNomeMod& options,
+                                                 Rapport& rapport) {
+  std::unordered_set<std::string> noms;
+  const FichierPos pos = LirePos(contexte.Exiger(".POS"));
+  for (const PasseNomeMod& passe : options.passes) {
+    if (!passe.questions) continue;
+    std::vector<std::string> inconnues;
+    const ChoixQuestions choix = ChoixDesNoms(pos, ModePosmod::Modi, *passe.questions, {}, inconnues);
+    for (const std::string& ligne : inconnues) rapport.Ligne(ligne);
+    if (!inconnues.empty()) throw Erreur(kArretAnnonce);
+    for (const ModaliteCreee& modalite : PlanifierModalites(pos, choix, passe.codesZero).modalites)
+      noms.insert(modalite.nom);
   }
-  std::vector<std::string> inconnues;
-  const ChoixQuestions choix = ChoixDesNoms(pos, ModePosmod::Modi, *options.questions, {}, inconnues);
-  if (!inconnues.empty()) return std::nullopt;  // and this
-  const PlanModalites plan = PlanifierModalites(pos, choix, options.codesZero);
-  for (const auto& [nom, intitule] : options.intitules) {
-    const auto prevue = [cherche = CadreGauche(nom, 4)](const ModaliteCreee& m) { return m.nom == cherche; };
-    if (std::none_of(plan.modalites.begin(), plan.modalites.end(), prevue)) return nom;
-  }
-  return std::nullopt;
+  return noms;
+}
+
+// Every label is of a modality that the passes make or that the file has: told before anything is written.
+void ExigerModalitesConnues(const Contexte& contexte, const OptionsNomeMod& options, Rapport& rapport) {
+  std::unordered_set<std::string> noms = ModalitesPrevues(contexte, options, rapport);
+  for (const ModaliteNommee& modalite : LireToutesModalites(contexte).modalites)
+    noms.emplace(NomDeTexte(modalite.texte));
+  for (const auto& [nom, intitule] : options.intitules)
+    if (!noms.contains(CadreGauche(nom, 4))) Arreter(rapport, PhraseInconnue(nom));
 }
 
 ListeModalites ListeNouvelle(std::size_t modalites) {
@@ -173,44 +185,89 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
     if (FinitLesModalites(liste.suite[i]) || !tenue(liste.suite[i])) suite.push_back(liste.suite[i]);
   if (!liste.suite.empty()) suite.insert(suite.begin(), liste.suite.front());
   else if (!suite.empty()) suite.insert(suite.begin(), std::string(kFinDesModalites));
+  // Without a table the line tells the number of modalities, those of the former creations with them.
+  if (presentes.size() > liste.textes.size() && liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0))
+    liste.parametres = LigneDeParametres(presentes.size(), -1, 0);
   liste.textes = std::move(presentes);
   liste.suite = std::move(suite);
   EcrireListeModalites(contexte.repertoire, contexte.Nom(".MOD"), liste);
 }
 
-Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites) {
-  return RendreCompte(contexte, kIntitulesSauvegardes, [&] { SauverNomeMod(contexte, modalites); });
+namespace {
+
+Fin SousLeRapport(const Contexte& contexte, RapportNomeMod genre, const std::function<void(Rapport&)>& corps) {
+  const bool nouveau = genre == RapportNomeMod::Nouveau;
+  return ExecuterProgramme(
+      contexte, contexte.Nom(".PRT"), LibellesErreur{},
+      [&](Rapport& rapport) {
+        if (nouveau) EcrireEnTeteDesModalites(contexte, rapport);
+        corps(rapport);
+      },
+      nouveau ? ModeEcriture::Neuf : ModeEcriture::Suite);
+}
+
+// Option A: the list as the form has it behind the last pass.
+std::vector<ModaliteNommee> CreerLesPasses(const Contexte& contexte, const OptionsNomeMod& options, Rapport& rapport) {
+  ExigerModalitesConnues(contexte, options, rapport);
+  std::vector<ModaliteNommee> modalites;
+  for (const PasseNomeMod& passe : options.passes) {
+    if (!passe.questions) continue;
+    CreerSansDonnees(contexte, *passe.questions, passe.codesZero, rapport);
+    AjouterModalites(modalites, LireModalitesCreees(contexte).modalites);
+  }
+  return modalites;
+}
+
+// The list that option B shows.
+std::vector<ModaliteNommee> ToutesLesModalites(const Contexte& contexte, Rapport& rapport) {
+  EtatNomeMod etat = LireToutesModalites(contexte);
+  for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
+  if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+  return std::move(etat.modalites);
+}
+
+void PoserIntitules(const Contexte& contexte, const OptionsNomeMod& options, std::vector<ModaliteNommee>& modalites,
+                    Rapport& rapport) {
+  const std::vector<std::string> presentes = LireListeModalites(contexte.Exiger(".MOD")).textes;
+  for (const auto& [nom, intitule] : options.intitules) {
+    RangDeModalite(presentes, nom);  // one of its own
+    const std::string cherche = CadreGauche(Rogner(nom), 4);
+    if (options.Cree() && DuNom(modalites, cherche) == nullptr)
+      RemplacerModalites(modalites, ToutesLesModalites(contexte, rapport));
+    ModaliteNommee* modalite = DuNom(modalites, cherche);
+    if (modalite == nullptr) Arreter(rapport, PhraseInconnue(nom));
+    NommerModalite(*modalite, intitule);
+  }
+}
+
+}  // namespace
+
+bool OptionsNomeMod::Cree() const {
+  return std::any_of(passes.begin(), passes.end(),
+                     [](const PasseNomeMod& passe) { return passe.questions.has_value(); });
+}
+
+Fin CreerModalites(const Contexte& contexte, const PasseNomeMod& passe, RapportNomeMod rapport) {
+  return SousLeRapport(contexte, rapport, [&](Rapport& ecrit) {
+    CreerSansDonnees(contexte, passe.questions.value_or(std::vector<std::string>()), passe.codesZero, ecrit);
+  });
+}
+
+Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites, RapportNomeMod rapport) {
+  return SousLeRapport(contexte, rapport, [&](Rapport& ecrit) {
+    SauverNomeMod(contexte, modalites);
+    ecrit.Ligne(kIntitulesSauvegardes);
+  });
 }
 
 Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
-  if (options.questions) {
-    if (const std::optional<std::string> inconnue = ModaliteNonPrevue(contexte, options)) {
-      RendreCompte(contexte, PhraseInconnue(*inconnue));
-      return Fin::Arret;
-    }
-    OptionsPosmod creation;
-    creation.mode = ModePosmod::Modi;
-    creation.actives = options.questions;
-    creation.codesZero = options.codesZero;
-    if (Posmod(contexte, creation) == Fin::Arret) return Fin::Arret;
-  }
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EtatNomeMod etat = options.questions ? LireModalitesCreees(contexte) : LireToutesModalites(contexte);
-    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
-    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
-    const std::vector<std::string> presentes = LireListeModalites(contexte.Exiger(".MOD")).textes;
-    for (const auto& [nom, intitule] : options.intitules) {
-      RangDeModalite(presentes, nom);  // one of its own
-      const auto modalite = std::find_if(etat.modalites.begin(), etat.modalites.end(), [&nom = nom](const auto& m) {
-        return Rogner(NomDeTexte(m.texte)) == Rogner(nom);
-      });
-      if (modalite == etat.modalites.end()) {
-        rapport.Ligne(PhraseInconnue(nom));
-        throw Erreur(kArretAnnonce);
-      }
-      PoserIntitule(modalite->texte, intitule);
-    }
-    SauverNomeMod(contexte, etat.modalites);
+    ExigerFichiersDesModalites(contexte, rapport);
+    EcrireEnTeteDesModalites(contexte, rapport);
+    std::vector<ModaliteNommee> modalites =
+        options.Cree() ? CreerLesPasses(contexte, options, rapport) : ToutesLesModalites(contexte, rapport);
+    PoserIntitules(contexte, options, modalites, rapport);
+    SauverNomeMod(contexte, modalites);
     rapport.Ligne(kIntitulesSauvegardes);
   });
 }

@@ -44,15 +44,26 @@ std::string GuideDeLaModification();
 // Writes the list into the .MOD, or a new one: the modalities in its order, with their marks, and behind "**" those
 // that stood there. What the file holds besides stays as it is.
 void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites);
-// The same at the end of the form.
-Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites);
-
-// The same without a form: option A with questions, else option B.
-struct OptionsNomeMod {
+// The runs of the form write one report: the heading of Posmod, what each creation tells, the sentence of the end.
+enum class RapportNomeMod { Nouveau, Suite };
+// Option A for one choice of questions.
+struct PasseNomeMod {
   std::optional<std::vector<std::string>> questions = {};
   bool codesZero = true;
+
+  bool operator==(const PasseNomeMod&) const = default;
+};
+Fin CreerModalites(const Contexte& contexte, const PasseNomeMod& passe, RapportNomeMod rapport);
+// Saves the list at the end of the form.
+Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& modalites, RapportNomeMod rapport);
+
+// The same without a form: option A once for each pass with questions, else option B; then the labels, all of them or
+// none, of modalities that the passes make or that the .MOD has.
+struct OptionsNomeMod {
+  std::vector<PasseNomeMod> passes = {{}};                          // at least one
   std::vector<std::pair<std::string, std::string>> intitules = {};  // modality, label
 
+  bool Cree() const;
   bool operator==(const OptionsNomeMod&) const = default;
 };
 Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options);

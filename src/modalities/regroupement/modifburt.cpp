@@ -147,11 +147,11 @@ void EcrireGroupeDeLignes(Rapport& rapport, const Table& table, const PlanDeRegr
 
 std::string LigneDeParametres(const ParametresMod& anciens, std::size_t colonnes, const BilanDeRegroupement& bilan,
                               int largeur) {
-  const std::string fmt = Joindre({"FMT=", Nombre(largeur), " "});
-  if (anciens.burt > 1) return Joindre({" BRT=", Nombre(colonnes), " ", fmt});
-  const std::string sup = bilan.lignesSup > 0 ? Joindre({"LSUP=", Nombre(bilan.lignesSup), " "}) : std::string();
-  return Joindre({std::string_view(anciens.burt == 1 ? " BRT=1" : ""), " LIGN=", Nombre(bilan.rangees), " ", sup,
-                  "COL=", Nombre(colonnes), " ", fmt});
+  if (anciens.burt > 1) return quelvar::LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
+  std::vector<CleDeParametre> cles = {{"LIGN=", bilan.rangees}, {"COL=", colonnes}, {"FMT=", largeur}};
+  if (bilan.lignesSup > 0) cles.insert(cles.begin() + 1, {"LSUP=", bilan.lignesSup});
+  if (anciens.burt == 1) cles.insert(cles.begin(), {"BRT=", 1});
+  return quelvar::LigneDeParametres(cles);
 }
 
 void EcrireMod(Ecrivain& sortie, const Table& table, const PlanDeRegroupement& plan, const NomsDeGroupe& noms,

@@ -7,11 +7,11 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
-#include "regression/anatab/logistique.h"
-#include "regression/anatab/logistique_edition.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
 #include "regression/images/effets.h"
+#include "regression/logistique/edition.h"
+#include "regression/logistique/logistique.h"
 
 namespace quelvar::regression {
 
@@ -84,12 +84,32 @@ void LireLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& c
   rapport.Ligne({"Nombre d'individus =", NombreNu(individus.Nombre())});
 }
 
+// Figures that the order of the records has made false never stand without a word.
+void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail& travail, double population) {
+  if (!travail.melange) return;
+  const Melange& melange = *travail.melange;
+  const std::size_t aMarquer = travail.modele.LargeurFiche() - travail.modele.Explicatives();
+  const auto perdus = static_cast<double>(melange.population) - population;
+  const std::string lignes[] = {
+      Joindre({"*** Attention : avec "_w, Nombre(travail.modele.Explicatives()),
+               " modalités explicatives, le tri ne distingue plus toutes les situations"_w}),
+      Joindre({"    Les "_w, Nombre(melange.situations), " situations des individus sont en "_w,
+               Nombre(melange.morceaux), " morceaux, ", Nombre(melange.inversees), " à l'envers, "_w, Nombre(perdus),
+               " individus manquent à la population concernée : les effets sont faussés"_w}),
+      Joindre({"    Regrouper des modalités par un recodage ("_w, Nombre(kChiffresExacts - aMarquer),
+               " modalités explicatives au plus sont sans risque)"_w})};
+  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(Joindre({lignes[0], "\r\n", lignes[1], "\r\n", lignes[2]}), Boutons::Ok);
+}
+
 void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
   travail.triees = TrierFiches(travail.individus, contexte.Ecran());
   travail.etape = Etape::Tri;
   travail.comptees = CompterVoisines(travail.triees);
   double possibles = 2;
   for (const QuestionCodee& question : travail.modele.explicantes) possibles *= static_cast<double>(question.nombre);
+  travail.melange = MelangeDesFiches(travail.individus, travail.comptees, possibles);
   if (possibles == static_cast<double>(travail.comptees.size())) {
     rapport.Ligne("Tous les sous-effets possibles sont attestés"_w);
     return;
@@ -98,6 +118,7 @@ void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& trava
   std::vector<Comptee> paires = GarderLesPaires(travail.comptees, travail.individus.fiches);
   if (paires.empty()) {
     travail.etape = Etape::SansPaire;
+    PrevenirDuMelange(contexte, rapport, travail, 0);
     Arreter(rapport, "Aucun sous-effet n'est calculable. Arrêt du programme"_w);
   }
   travail.comptees = std::move(paires);
@@ -117,6 +138,7 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& 
   rapport.Ligne();
   rapport.Ligne(
       {"Population concernée="_w, Figure(population, 5, 0), " soit ", NombreFixe(part, 3, 1), "% de l'effectif total"});
+  PrevenirDuMelange(contexte, rapport, travail, population);
   if (part < kPopulationSuffisante &&
       contexte.Ecran().demander("La population concernée est inférieure à 50%\nSouhaitez-vous continuer ?"_w,
                                 Boutons::OuiNon) != Reponse::Oui)
@@ -125,9 +147,9 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& 
 
 void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   AnalyseTabulaire& analyse = travail.analyse;
-  analyse.sousEffets = ChercherSousEffets(analyse.table, analyse.cellules);
+  analyse.voisinages = VoisinagesDe(analyse.table, analyse.cellules);
   travail.etape = Etape::SousEffets;
-  analyse.effets = CalculerEffets(analyse.sousEffets, analyse.table, analyse.cellules, travail.Choix().oddsRatio);
+  analyse.effets = CalculerEffets(analyse.table, analyse.cellules, analyse.voisinages, travail.Choix().oddsRatio);
   ImprimerTitreParametres(rapport, travail.modele, travail.Choix());
   const std::optional<std::size_t> reference = SituationDeReference(analyse.table, analyse.cellules);
   if (!reference) {
@@ -144,23 +166,10 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
 }
 
-// Longer records may be mixed in the order, and situations then fall apart: the report is what it is, but this is said.
-void PrevenirDesMelanges(const Contexte& contexte, const Modele& modele) {
-  if (modele.LargeurFiche() <= kChiffresExacts) return;
-  const std::size_t aMarquer = modele.LargeurFiche() - modele.Explicatives();
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : il y a ", Nombre(modele.Explicatives()), " modalités explicatives. Au-delà de "_w,
-               Nombre(kChiffresExacts - aMarquer),
-               " des situations différentes peuvent se mêler et la population concernée est alors trop petite : "_w,
-               "regroupez des modalités par un recodage"_w}),
-      Boutons::Ok);
-}
-
 ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
-  PrevenirDesMelanges(contexte, travail.modele);
   LireLesReponses(contexte, rapport, codageLogique, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);

@@ -41,22 +41,13 @@ struct ColonnesSousEffets {
   Colonne khi2{3, 1, Voisin::Nombre};
 };
 
-ColonnesSousEffets MesurerColonnes(const AnalyseTabulaire& analyse, ChoixEdition choix, const Effet& effet) {
-  MesureSousEffet minimum;
-  MesureSousEffet maximum;
-  for (const std::uint32_t rang : effet.rangs) {
-    const MesureSousEffet mesure = Mesurer(analyse.sousEffets[rang], analyse.table, choix.oddsRatio);
-    minimum.effet = std::min(minimum.effet, mesure.effet);
-    maximum.effet = std::max(maximum.effet, mesure.effet);
-    maximum.poids = std::max(maximum.poids, mesure.poids);
-    maximum.khi2.khi2 = std::max(maximum.khi2.khi2, mesure.khi2.khi2);
-  }
+ColonnesSousEffets MesurerColonnes(ChoixEdition choix, const Effet& effet) {
   ColonnesSousEffets colonnes{Colonne(3, DecimalesDEffet(choix))};
-  colonnes.effet.Voir(minimum.effet);
-  colonnes.effet.Voir(maximum.effet);
-  colonnes.poids.Voir(maximum.poids);
+  colonnes.effet.Voir(effet.minimum.effet);
+  colonnes.effet.Voir(effet.maximum.effet);
+  colonnes.poids.Voir(effet.maximum.poids);
   colonnes.somme.Voir(effet.poids);
-  colonnes.khi2.Voir(maximum.khi2.khi2);
+  colonnes.khi2.Voir(effet.maximum.khi2.khi2);
   return colonnes;
 }
 
@@ -69,27 +60,47 @@ void ImprimerEnteteSousEffets(Rapport& rapport, std::size_t questions, const Col
   else rapport.Ligne(" ");
 }
 
+void AjouterSousPopulation(std::string& ligne, const AnalyseTabulaire& analyse, const SousEffet& sousEffet) {
+  const std::span<const std::uint32_t> modalites = analyse.table.Modalites(sousEffet.premiere);
+  for (std::size_t c = 0; c < modalites.size(); ++c) {
+    if (c == sousEffet.question) continue;
+    ligne += ' ';
+    ligne += analyse.cellules[modalites[c]].intitule;
+  }
+}
+
 void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix,
                      const Effet& effet) {
   const std::size_t questions = analyse.table.questions;
-  const ColonnesSousEffets colonnes = MesurerColonnes(analyse, choix, effet);
-  rapport.Ligne({"Effet ", NomCourt(modele, effet), NombreNu(effet.rangs.size()), " sous-effets (s-e)"});
+  const ColonnesSousEffets colonnes = MesurerColonnes(choix, effet);
+  rapport.Ligne({"Effet ", NomCourt(modele, effet), NombreNu(effet.nombre), " sous-effets (s-e)"});
   ImprimerEnteteSousEffets(rapport, questions, colonnes, !choix.oddsRatio);
-  for (const std::uint32_t rang : effet.rangs) {
-    const SousEffet& sousEffet = analyse.sousEffets[rang];
-    const MesureSousEffet mesure = Mesurer(sousEffet, analyse.table, choix.oddsRatio);
-    rapport.Suite({SousPopulation(analyse, sousEffet), " ", colonnes.effet(mesure.effet), colonnes.poids(mesure.poids),
-                   colonnes.somme(effet.poids)});
-    if (!choix.oddsRatio) rapport.Suite({colonnes.khi2(mesure.khi2.khi2), TexteDeTest(mesure.khi2.classe)});
-    rapport.Ligne();
-    if (!choix.tableaux) continue;
-    rapport.Ligne();
-    for (const std::string& bande : TableauPaire(analyse, modele, sousEffet)) rapport.Ligne(bande);
-    rapport.Ligne();
-    if (rang == effet.rangs.back()) continue;
-    rapport.Ligne();
-    ImprimerEnteteSousEffets(rapport, questions, colonnes, true);
-  }
+  const std::string somme = colonnes.somme(effet.poids);
+  std::string ligne;
+  std::uint64_t rang = 0;
+  ParcourirSousEffets(analyse.table, analyse.cellules, analyse.voisinages, effet.modalite,
+                      [&](const SousEffet& sousEffet) {
+                        const MesureSousEffet mesure = Mesurer(sousEffet, analyse.table, choix.oddsRatio);
+                        ligne.clear();
+                        AjouterSousPopulation(ligne, analyse, sousEffet);
+                        ligne += ' ';
+                        colonnes.effet.Ajouter(ligne, mesure.effet);
+                        colonnes.poids.Ajouter(ligne, mesure.poids);
+                        ligne += somme;
+                        if (!choix.oddsRatio) {
+                          colonnes.khi2.Ajouter(ligne, mesure.khi2.khi2);
+                          ligne += TexteDeTest(mesure.khi2.classe);
+                        }
+                        rapport.Ligne(ligne);
+                        ++rang;
+                        if (!choix.tableaux) return;
+                        rapport.Ligne();
+                        for (const std::string& bande : TableauPaire(analyse, modele, sousEffet)) rapport.Ligne(bande);
+                        rapport.Ligne();
+                        if (rang == effet.nombre) return;
+                        rapport.Ligne();
+                        ImprimerEnteteSousEffets(rapport, questions, colonnes, true);
+                      });
   rapport.Ligne({"moyenne pondérée des sous-effets ="_w, Figure(effet.moyenne, 3, DecimalesDEffet(choix))});
   rapport.Ligne({"Ecart type pondéré en pourcentage ="_w, Figure(effet.ecartType, 3, 1)});
   if (effet.EcartDepasseMoyenne()) {
@@ -156,9 +167,7 @@ std::string NomsDeSituation(const AnalyseTabulaire& analyse, std::size_t situati
 
 std::string SousPopulation(const AnalyseTabulaire& analyse, const SousEffet& sousEffet) {
   std::string noms;
-  const std::span<const std::uint32_t> modalites = analyse.table.Modalites(sousEffet.premiere);
-  for (std::size_t c = 0; c < modalites.size(); ++c)
-    if (c != sousEffet.question) noms += ' ' + analyse.cellules[modalites[c]].intitule;
+  AjouterSousPopulation(noms, analyse, sousEffet);
   return noms;
 }
 

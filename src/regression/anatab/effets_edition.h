@@ -16,7 +16,7 @@ namespace quelvar::regression {
 struct AnalyseTabulaire {
   std::vector<Cellule> cellules;
   TableSituations table;
-  std::vector<SousEffet> sousEffets;
+  Voisinages voisinages;
   std::vector<Effet> effets;
   std::size_t examinees = 0;  // situations with a chi-square; fewer than there are only behind a failure
   std::size_t reference = 0;  // the reference situation

@@ -9,7 +9,7 @@
 #include "crosstab/tableau/khi2.h"
 #include "regression/anatab/base.h"
 #include "regression/anatab/modele.h"
-#include "regression/anatab/vraisemblance.h"
+#include "regression/logistique/vraisemblance.h"
 
 namespace quelvar::regression {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <tuple>
 #include <utility>
 
 #include "core/programme/erreur.h"
@@ -34,6 +33,13 @@ bool EgalesSauf(std::span<const std::uint32_t> a, std::span<const std::uint32_t>
   return a[sauf] != b[sauf];
 }
 
+// The sub-effects of one question come in their order already.
+void Ranger(std::vector<SousEffet>& trouves) {
+  const auto parSeconde = [](const SousEffet& a, const SousEffet& b) { return a.seconde < b.seconde; };
+  if (!std::is_sorted(trouves.begin(), trouves.end(), parSeconde))
+    std::sort(trouves.begin(), trouves.end(), parSeconde);
+}
+
 double Chances(double pourcentage) {
   if (pourcentage == 100) throw Erreur(kDivisionParZero);
   return pourcentage / (100 - pourcentage);
@@ -41,28 +47,83 @@ double Chances(double pourcentage) {
 
 }  // namespace
 
-std::vector<SousEffet> ChercherSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules) {
-  const std::vector<std::uint32_t> textes = TextesDesCellules(table, cellules);
+Voisinages VoisinagesDe(const TableSituations& table, const std::vector<Cellule>& cellules) {
   const std::size_t q = table.questions;
-  const auto ligne = [&](std::uint32_t s) { return std::span(textes).subspan(s * q, q); };
-  std::vector<SousEffet> trouves;
-  std::vector<std::pair<std::uint64_t, std::uint32_t>> proches(table.situations.size());
-  for (std::uint32_t c = 0; c < q; ++c) {
-    const auto estReference = [&](std::uint32_t s) { return cellules[table.Modalites(s)[c]].reference; };
-    for (std::uint32_t s = 0; s < proches.size(); ++s) proches[s] = {HacherSauf(ligne(s), c), s};
+  const std::size_t situations = table.situations.size();
+  Voisinages voisinages{TextesDesCellules(table, cellules), {}, {}, {}};
+  for (std::vector<std::uint32_t>* liste : {&voisinages.ordre, &voisinages.places, &voisinages.fins})
+    liste->resize(q * situations);
+  std::vector<std::pair<std::uint64_t, std::uint32_t>> proches(situations);
+  for (std::size_t c = 0; c < q; ++c) {
+    const std::size_t base = c * situations;
+    for (std::uint32_t s = 0; s < situations; ++s)
+      proches[s] = {HacherSauf(std::span(voisinages.textes).subspan(s * q, q), c), s};
     std::sort(proches.begin(), proches.end());
-    for (std::size_t i = 0; i < proches.size(); ++i)
-      for (std::size_t j = i + 1; j < proches.size() && proches[j].first == proches[i].first; ++j) {
-        const std::uint32_t a = proches[i].second;
-        const std::uint32_t b = proches[j].second;
-        if ((!estReference(a) && !estReference(b)) || !EgalesSauf(ligne(a), ligne(b), c)) continue;
-        trouves.push_back({a, b, c, !estReference(a)});
-      }
+    for (std::size_t i = 0, fin = 0; i < situations; ++i) {
+      if (i == fin)
+        while (fin < situations && proches[fin].first == proches[i].first) ++fin;
+      voisinages.ordre[base + i] = proches[i].second;
+      voisinages.places[base + proches[i].second] = static_cast<std::uint32_t>(i);
+      voisinages.fins[base + proches[i].second] = static_cast<std::uint32_t>(fin);
+    }
   }
-  std::sort(trouves.begin(), trouves.end(), [](const SousEffet& a, const SousEffet& b) {
-    return std::tie(a.premiere, a.seconde) < std::tie(b.premiere, b.seconde);
-  });
-  return trouves;
+  return voisinages;
+}
+
+namespace {
+
+// The sub-effects of a first situation with the second ones behind it, in one question, by ascending second one.
+template <typename Retenir, typename Visiter>
+void PairesDe(const TableSituations& table, const std::vector<Cellule>& cellules, const Voisinages& voisinages,
+              std::uint32_t a, std::uint32_t c, const Retenir& retenir, const Visiter& visiter) {
+  const std::size_t q = table.questions;
+  const std::size_t base = c * table.situations.size();
+  const auto ligne = [&](std::uint32_t s) { return std::span(voisinages.textes).subspan(s * q, q); };
+  const Cellule& deA = cellules[table.Modalites(a)[c]];
+  for (std::size_t i = voisinages.places[base + a] + 1; i < voisinages.fins[base + a]; ++i) {
+    const std::uint32_t b = voisinages.ordre[base + i];
+    const Cellule& deB = cellules[table.Modalites(b)[c]];
+    if (!deA.reference && !deB.reference) continue;
+    if (!retenir(deA.reference ? deB : deA) || !EgalesSauf(ligne(a), ligne(b), c)) continue;
+    visiter(SousEffet{a, b, c, !deA.reference});
+  }
+}
+
+}  // namespace
+
+void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+                         const Voisinages& voisinages, const Visiteur& visiter) {
+  std::vector<SousEffet> trouves;
+  for (std::uint32_t a = 0; a < table.situations.size(); ++a) {
+    trouves.clear();
+    for (std::uint32_t c = 0; c < table.questions; ++c)
+      PairesDe(
+          table, cellules, voisinages, a, c, [](const Cellule&) { return true; },
+          [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); });
+    Ranger(trouves);
+    for (const SousEffet& sousEffet : trouves) visiter(sousEffet);
+  }
+}
+
+void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+                         const Voisinages& voisinages, std::size_t modalite, const Visiteur& visiter) {
+  // The questions in which that modality may be the compared one: labels that read the same lead to one modality.
+  std::vector<bool> concernees(table.questions);
+  for (std::size_t i = 0; i < table.modalites.size(); ++i)
+    if (cellules[table.modalites[i]].designee == modalite) concernees[i % table.questions] = true;
+  std::vector<SousEffet> trouves;
+  for (std::uint32_t a = 0; a < table.situations.size(); ++a) {
+    trouves.clear();
+    for (std::uint32_t c = 0; c < table.questions; ++c) {
+      if (!concernees[c]) continue;
+      PairesDe(
+          table, cellules, voisinages, a, c,
+          [modalite](const Cellule& comparee) { return comparee.designee == modalite; },
+          [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); });
+    }
+    Ranger(trouves);
+    for (const SousEffet& sousEffet : trouves) visiter(sousEffet);
+  }
 }
 
 MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio) {
@@ -90,27 +151,31 @@ std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& 
 
 bool Effet::EcartDepasseMoyenne() const { return ecartType > std::fabs(moyenne); }
 
-std::vector<Effet> CalculerEffets(const std::vector<SousEffet>& sousEffets, const TableSituations& table,
-                                  const std::vector<Cellule>& cellules, bool oddsRatio) {
-  std::vector<Effet> parModalite(cellules.size());
-  std::vector<std::pair<double, double>> sommes(cellules.size());  // of effect x weight, of effect^2 x weight
-  for (std::uint32_t rang = 0; rang < sousEffets.size(); ++rang) {
-    const MesureSousEffet mesure = Mesurer(sousEffets[rang], table, oddsRatio);
-    const std::size_t k = ModaliteComparee(sousEffets[rang], table, cellules);
-    parModalite[k].rangs.push_back(rang);
-    parModalite[k].poids += mesure.poids;
-    sommes[k].first += mesure.effet * mesure.poids;
-    sommes[k].second += mesure.effet * mesure.effet * mesure.poids;
-  }
+std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+                                  const Voisinages& voisinages, bool oddsRatio) {
   std::vector<Effet> effets;
-  for (std::size_t k = 0; k + 1 < parModalite.size(); ++k) {  // the last one is the empty cell
-    Effet& effet = parModalite[k];
-    if (effet.rangs.empty()) continue;
+  for (std::size_t k = 0; k < cellules.size(); ++k) {
+    Effet effet;
     effet.modalite = k;
-    effet.moyenne = sommes[k].first / effet.poids;
-    const double variance = sommes[k].second / effet.poids - effet.moyenne * effet.moyenne;
+    double produits = 0;  // of effect and weight
+    double carres = 0;    // of effect^2 and weight
+    ParcourirSousEffets(table, cellules, voisinages, k, [&](const SousEffet& sousEffet) {
+      const MesureSousEffet mesure = Mesurer(sousEffet, table, oddsRatio);
+      ++effet.nombre;
+      effet.minimum.effet = std::min(effet.minimum.effet, mesure.effet);
+      effet.maximum.effet = std::max(effet.maximum.effet, mesure.effet);
+      effet.maximum.poids = std::max(effet.maximum.poids, mesure.poids);
+      effet.maximum.khi2.khi2 = std::max(effet.maximum.khi2.khi2, mesure.khi2.khi2);
+      effet.poids += mesure.poids;
+      produits += mesure.effet * mesure.poids;
+      carres += mesure.effet * mesure.effet * mesure.poids;
+    });
+    // The last cell is the empty one: its sub-effects are measured, and are the effect of no modality.
+    if (effet.nombre == 0 || k + 1 == cellules.size()) continue;
+    effet.moyenne = produits / effet.poids;
+    const double variance = carres / effet.poids - effet.moyenne * effet.moyenne;
     effet.ecartType = variance > 0 ? std::sqrt(variance) : 0;
-    effets.push_back(std::move(effet));
+    effets.push_back(effet);
   }
   return effets;
 }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -21,10 +22,24 @@ struct SousEffet {
   std::uint32_t Comparee() const { return renverse ? premiere : seconde; }
 };
 
+// For each question the situations that agree in all the others, brought together by a hash of these: the sub-effects
+// are pairs of such neighbours. They are found anew each time they are gone through, for there may be far more of them
+// than situations, and they take no room.
+struct Voisinages {
+  std::vector<std::uint32_t> textes;  // the cells of every situation as numbers that are equal where they read the same
+  std::vector<std::uint32_t> ordre;   // question by question the situations, neighbours together, each group ascending
+  std::vector<std::uint32_t> places;  // where each situation stands in that order
+  std::vector<std::uint32_t> fins;    // where its group ends
+};
+Voisinages VoisinagesDe(const TableSituations& table, const std::vector<Cellule>& cellules);
+
+using Visiteur = std::function<void(const SousEffet& sousEffet)>;
 // All pairs that make a sub-effect, by their first situation, then by their second.
-// Each cell is left out in turn and the situations that agree in the others are brought together by a hash of these,
-// so that the work is that of the pairs found and not of all pairs.
-std::vector<SousEffet> ChercherSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules);
+void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+                         const Voisinages& voisinages, const Visiteur& visiter);
+// Those that compare one modality, in the same order.
+void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+                         const Voisinages& voisinages, std::size_t modalite, const Visiteur& visiter);
 
 // The measures of one sub-effect.
 struct MesureSousEffet {
@@ -41,18 +56,20 @@ std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& 
                              const std::vector<Cellule>& cellules);
 
 struct Effet {
-  std::size_t modalite = 0;          // rank among the explanatory ones
-  std::vector<std::uint32_t> rangs;  // of its sub-effects, in the order of their discovery
-  double poids = 0;                  // sum of the weights
-  double moyenne = 0;                // weighted mean, in points or as odds-ratio
-  double ecartType = 0;              // weighted standard deviation
+  std::size_t modalite = 0;  // rank among the explanatory ones
+  std::uint64_t nombre = 0;  // of its sub-effects
+  MesureSousEffet minimum;   // below and above all of them and 0
+  MesureSousEffet maximum;
+  double poids = 0;      // sum of the weights
+  double moyenne = 0;    // weighted mean, in points or as odds-ratio
+  double ecartType = 0;  // weighted standard deviation
 
   bool EcartDepasseMoyenne() const;
-  bool Seul() const { return rangs.size() == 1; }
+  bool Seul() const { return nombre == 1; }
 };
 
 // The effect of each modality that has sub-effects, in the order of the modalities.
-std::vector<Effet> CalculerEffets(const std::vector<SousEffet>& sousEffets, const TableSituations& table,
-                                  const std::vector<Cellule>& cellules, bool oddsRatio);
+std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+                                  const Voisinages& voisinages, bool oddsRatio);
 
 }  // namespace quelvar::regression

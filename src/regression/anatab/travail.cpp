@@ -40,11 +40,12 @@ void EcrireSituations(Ecrivain fichier, const AnalyseTabulaire& analyse) {
 }
 
 void EcrireSousEffets(Ecrivain populations, Ecrivain tableaux, const Travail& travail) {
-  for (const SousEffet& sousEffet : travail.analyse.sousEffets) {
-    populations.Ligne(SousPopulation(travail.analyse, sousEffet));
-    for (const std::string& bande : TableauPaire(travail.analyse, travail.modele, sousEffet)) tableaux.Ecrire(bande);
+  const AnalyseTabulaire& analyse = travail.analyse;
+  ParcourirSousEffets(analyse.table, analyse.cellules, analyse.voisinages, [&](const SousEffet& sousEffet) {
+    populations.Ligne(SousPopulation(analyse, sousEffet));
+    for (const std::string& bande : TableauPaire(analyse, travail.modele, sousEffet)) tableaux.Ecrire(bande);
     tableaux.FinDeLigne();
-  }
+  });
   populations.Fermer();
   tableaux.Fermer();
 }

@@ -1,6 +1,7 @@
 // What a run of Anatab goes through, and the work files in which a run that stops leaves it.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "core/enquete/parametres.h"
@@ -8,6 +9,7 @@
 #include "regression/anatab/base.h"
 #include "regression/anatab/effets_edition.h"
 #include "regression/anatab/fiches.h"
+#include "regression/anatab/melange.h"
 #include "regression/anatab/modele.h"
 
 namespace quelvar::regression {
@@ -23,6 +25,7 @@ struct Travail {
   std::vector<NumeroFiche> triees;  // the records of the individuals, sorted
   std::vector<Comptee> comptees;    // neighbours counted together; the pairs only where some are missing
   bool filtrees = false;            // only pairs were kept
+  std::optional<Melange> melange;   // the order has taken situations apart
   DonneesDeBase base;
   AnalyseTabulaire analyse;
   Etape etape = Etape::Rien;

@@ -78,7 +78,7 @@ Matrice LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& do
                     const VariablesDeRegression& variables, bool imprimer) {
   const std::int64_t individus = CompterLignes(donnees);
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
+  rapport.Ligne(LigneDesIndividus(individus));
   rapport.Ligne();
   if (imprimer) ImprimerEnteteDeTable(rapport, variables);
   Moments moments(variables.explicatives.size());

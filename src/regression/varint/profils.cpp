@@ -25,17 +25,14 @@ Reponses LireReponses(const Chemin& donnees, const FichierPos& pos, std::int64_t
   reponses.codes.resize(champs.size());
   LecteurIndividus lecteur(donnees, LongueurUtile(champs));
   Progression progression(ecran, individus);
-  while (reponses.individus < individus) {
-    const char* ligne = lecteur.Lire();
-    if (ligne == nullptr) break;
+  reponses.individus = Parcourir(lecteur, individus, [&](const char* ligne, std::int64_t) {
     for (std::size_t q = 0; q < champs.size(); ++q) {
       const int code = LireChampInterieur(ligne, champs[q]);
       const bool admis = code >= 0 && code <= pos.questions[q].codeMax;
       reponses.codes[q].push_back(static_cast<std::uint8_t>(admis ? code : 0));
     }
-    ++reponses.individus;
     progression.Avancer();
-  }
+  });
   return reponses;
 }
 

@@ -7,6 +7,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
+#include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
 #include "regression/varint/profils.h"
@@ -126,7 +127,7 @@ std::vector<std::string> SuiteAncienne(const std::optional<Chemin>& mod) {
 void EcrireModalites(Ecrivain& fichier, const Contexte& contexte, const FichierPos& pos,
                      const std::vector<Profil>& profils, const std::vector<std::string>& suite) {
   fichier.Ligne(contexte.generique);
-  fichier.Ligne(Joindre({" BRT=", Nombre(profils.size()), " FMT=4"}));
+  fichier.Ligne(RognerDroite(LigneDeParametres({{"BRT=", profils.size()}, {"FMT=", 4}})));
   for (const Profil& profil : profils) {
     const Question& question = pos.questions[profil.question];
     fichier.Ligne(Joindre({CadreGauche(question.nom, 4), "   ", Milieu(question.intitule, 1, kIntituleDuMod)}));
@@ -158,12 +159,11 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
                  "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
-  const FichierPos pos = LirePos(*fichierPos);
-  ExigerParentheses(pos.taille, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichierPos, contexte.Ecran());
   ExigerCodesMax(rapport, contexte, pos);
-  const std::int64_t annonces = pos.taille.individus > 0 ? pos.taille.individus : CompterLignes(*donnees);
+  const std::int64_t annonces = AnnoncesOuComptes(pos.taille, *donnees);
   rapport.Ligne({"Il y a ", NombreNu(pos.questions.size()), " questions"});
-  rapport.Ligne({"Il y a ", NombreNu(annonces), " individus"});
+  rapport.Ligne(LigneDesIndividus(annonces));
   const std::vector<std::size_t> choisies = Choisir(contexte, rapport, pos, options);
   const Reponses reponses = LireReponses(*donnees, pos, annonces, contexte.Ecran());
   if (reponses.individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);

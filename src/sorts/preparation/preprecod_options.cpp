@@ -1,5 +1,7 @@
 #include "sorts/preparation/preprecod_options.h"
 
+#include <algorithm>
+
 namespace quelvar::sorts {
 
 namespace {
@@ -24,14 +26,14 @@ Textes EcrirePonderation(const O& options) {
   return {options.ponderation->empty() ? std::string(kAucun) : *options.ponderation};
 }
 
-constexpr std::string_view kFormeFiltre = "incl:NOM=CODE,... ou excl:NOM=CODE,... ou non";
+constexpr std::string_view kFormeFiltre = "incl:NOM=CODE,... ou excl:NOM=CODE,... ou plus:NOM=CODE,... ou non";
 
 void PoserFiltre(O& options, const std::string& valeur) {
   FiltreDeScript filtre;
   if (Minuscules(valeur) != kAucun) {
     const std::string sens = Minuscules(valeur.substr(0, 5));
-    if (sens != "incl:" && sens != "excl:") RefuserValeur("filtre", kFormeFiltre, valeur);
-    filtre.sens = sens == "incl:" ? SensFiltre::Inclure : SensFiltre::Exclure;
+    if (sens != "incl:" && sens != "excl:" && sens != "plus:") RefuserValeur("filtre", kFormeFiltre, valeur);
+    filtre.sens = sens == "incl:" ? SensFiltre::Inclure : sens == "excl:" ? SensFiltre::Exclure : SensFiltre::Aucun;
     for (const std::string& expression : NomsSepares(std::string_view(valeur).substr(5))) {
       const std::size_t egal = expression.find('=');
       if (egal == std::string::npos) RefuserValeur("filtre", kFormeFiltre, valeur);
@@ -39,16 +41,21 @@ void PoserFiltre(O& options, const std::string& valeur) {
                                       LireCode("filtre", kFormeFiltre, std::string_view(expression).substr(egal + 1)));
     }
   }
+  if (Minuscules(valeur) != kAucun && filtre.sens == SensFiltre::Aucun && filtre.expressions.empty())
+    RefuserValeur("filtre", kFormeFiltre, valeur);
   options.filtre = filtre;
 }
 
 Textes EcrireFiltre(const O& options) {
   if (!options.filtre) return {};
-  if (options.filtre->sens == SensFiltre::Aucun) return {std::string(kAucun)};
+  if (options.filtre->sens == SensFiltre::Aucun && options.filtre->expressions.empty()) return {std::string(kAucun)};
   Textes expressions;
   for (const auto& [question, code] : options.filtre->expressions)
     expressions.push_back(Joindre({question, "=", Nombre(code)}));
-  return {(options.filtre->sens == SensFiltre::Inclure ? "incl:" : "excl:") + NomsJoints(expressions)};
+  const char* sens = options.filtre->sens == SensFiltre::Inclure   ? "incl:"
+                     : options.filtre->sens == SensFiltre::Exclure ? "excl:"
+                                                                   : "plus:";
+  return {sens + NomsJoints(expressions)};
 }
 
 constexpr std::string_view kFormeVit = "NOM=QUESTION=CODE,QUESTION=CODE*SCORE,... ou NOM=QUESTION+,... ou non";
@@ -94,6 +101,28 @@ Textes EcrireVits(const O& options) {
   return textes;
 }
 
+constexpr char kEntreLignes = '|';
+
+void PoserTexteVit(O& options, const std::string& valeur) {
+  Textes lignes;
+  for (std::size_t debut = 0; debut <= valeur.size();) {
+    const std::size_t fin = std::min(valeur.find(kEntreLignes, debut), valeur.size());
+    lignes.push_back(valeur.substr(debut, fin - debut));
+    debut = fin + 1;
+  }
+  options.texteVit = std::move(lignes);
+}
+
+Textes EcrireTexteVit(const O& options) {
+  if (!options.texteVit) return {};
+  std::string texte;
+  for (const std::string& ligne : *options.texteVit) {
+    if (&ligne != &options.texteVit->front()) texte += kEntreLignes;
+    texte += ligne;
+  }
+  return {texte};
+}
+
 Description<O> Decrire() {
   return Description<O>("preprecod",
                         "Écrit dans le .POS les consignes du recodage, comme le formulaire de préparation"_w,
@@ -105,8 +134,14 @@ Description<O> Decrire() {
       .Choix("effectif", &O::maximum, {{"reduit", false}, {"maximum", true}}, "effectif résultant de la pondération"_w)
       .Bouton("OptEffReduit", "reduit")
       .Bouton("OptEffMax", "maximum")
-      .Libre("filtre", kFormeFiltre, "individus gardés ou écartés, tous les codes étant exigés ensemble"_w, PoserFiltre,
-             EcrireFiltre)
+      .Libre("filtre", kFormeFiltre,
+             "individus gardés ou écartés, tous les codes étant exigés ensemble ; plus: en ajoute au filtre présent"_w,
+             PoserFiltre, EcrireFiltre)
+      .Libre(
+          "textevit", "LIGNE|LIGNE|...",
+          "texte de toutes les variables idéales-typiques, comme le corrige l'éditeur du formulaire ($$NOM, puis une "
+          "ligne par élément)"_w,
+          PoserTexteVit, EcrireTexteVit)
       .Libre("vit", kFormeVit, "variable idéale-typique ajoutée à celles du fichier ; non les efface ; se répète"_w,
              PoserVit, EcrireVits)
       .Repetable();

@@ -1,6 +1,7 @@
 #include "sorts/preparation/script.h"
 
 #include "core/enquete/noms.h"
+#include "core/texte/nombres.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace quelvar::sorts {
@@ -21,6 +22,7 @@ class Script {
       SupprimerVit(etat_);
       Dire("VIT");
     }
+    if (options.texteVit) PoserTexteVit(*options.texteVit);
     for (const VitDeScript& vit : options.vits) AjouterVit(vit);
     if (fautif_) throw Erreur(kArretAnnonce);
   }
@@ -55,8 +57,14 @@ class Script {
   }
 
   void PoserFiltre(const FiltreDeScript& filtre) {
-    ChoisirSens(etat_, filtre.sens);
-    if (filtre.sens == SensFiltre::Aucun) return;
+    const bool ajout = filtre.sens == SensFiltre::Aucun && !filtre.expressions.empty();
+    if (!ajout) ChoisirSens(etat_, filtre.sens);
+    if (!ajout && filtre.sens == SensFiltre::Aucun) return;
+    if (ajout && SensAffiche(etat_) == SensFiltre::Aucun) {
+      fautif_ = true;
+      rapport_.Ligne("Il n'y a pas de filtre auquel ajouter : commencez-le par incl: ou excl:"_w);
+      return;
+    }
     for (const auto& [question, code] : filtre.expressions) {
       if (!Choisir(question)) continue;
       if (!AjouterQuestionAuFiltre(etat_)) {
@@ -68,6 +76,15 @@ class Script {
     }
     if (!ValiderFiltre(etat_)) fautif_ = true;
     Dire(etat_.filtreAffiche);
+  }
+
+  // As the editor of the form leaves it.
+  void PoserTexteVit(const std::vector<std::string>& lignes) {
+    std::string texte;
+    for (const std::string& ligne : lignes) texte += (texte.empty() ? "" : "\n") + ligne;
+    ReprendreTexteVit(etat_, texte);
+    if (!ValiderVit(etat_)) fautif_ = true;
+    Dire("VIT");
   }
 
   void AjouterVit(const VitDeScript& vit) {
@@ -99,6 +116,47 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
     }
     rapport.Ligne("Fin normale du programme");
   });
+}
+
+namespace {
+
+using Expressions = std::vector<std::pair<std::string, int>>;
+
+// The expressions of a filter; nothing when one of them is more than a question and a code.
+std::optional<Expressions> ExpressionsDe(std::string_view filtre) {
+  Expressions expressions;
+  for (const ElementFiltre& element : LireFiltre(filtre).elements) {
+    if (element.code.empty() || element.code.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
+    expressions.emplace_back(Rogner(element.nom), static_cast<int>(ValeurDe(element.code)));
+  }
+  return expressions;
+}
+
+FiltreDeScript FiltreEntre(const std::string& ouvert, const std::string& voulu) {
+  if (voulu.empty()) return {};
+  const std::string_view debut = "INCL ";
+  if (!ouvert.empty() && voulu.starts_with(ouvert + " + "))
+    if (const auto ajoutees = ExpressionsDe(Joindre({debut, std::string_view(voulu).substr(ouvert.size() + 3)})))
+      return {SensFiltre::Aucun, *ajoutees};
+  return {LireConsignesTaille(voulu).sens, ExpressionsDe(voulu).value_or(Expressions())};
+}
+
+}  // namespace
+
+OptionsPrepRecod OptionsDeLEtat(const EtatPrepRecod& ouvert, const EtatPrepRecod& etat) {
+  OptionsPrepRecod options;
+  for (std::size_t i = 0; i < etat.questions.size(); ++i) {
+    const Question& question = etat.questions[i].question;
+    if (question.regle != ouvert.questions[i].question.regle)
+      options.regles.emplace_back(Rogner(question.nom), question.regle);
+  }
+  if (etat.ponderation != ouvert.ponderation) options.ponderation = std::string(Rogner(etat.ponderation));
+  if (etat.maximum != ouvert.maximum) options.maximum = etat.maximum;
+  if (etat.filtre != ouvert.filtre) options.filtre = FiltreEntre(ouvert.filtre, etat.filtre);
+  if (etat.vit == ouvert.vit) return options;
+  if (etat.vit.empty()) options.supprimerVit = true;
+  else options.texteVit = etat.vit;
+  return options;
 }
 
 }  // namespace quelvar::sorts

@@ -28,7 +28,8 @@ struct VitDeScript {
 };
 
 struct FiltreDeScript {
-  SensFiltre sens = SensFiltre::Aucun;  // none: the filter is taken out
+  // None: the expressions are added to the filter that is there; without any, it is taken out.
+  SensFiltre sens = SensFiltre::Aucun;
   std::vector<std::pair<std::string, int>> expressions;
 
   bool operator==(const FiltreDeScript&) const = default;
@@ -40,7 +41,8 @@ struct OptionsPrepRecod {
   std::optional<bool> maximum;
   std::optional<FiltreDeScript> filtre;
   bool supprimerVit = false;
-  std::vector<VitDeScript> vits;  // put behind those of the file
+  std::optional<std::vector<std::string>> texteVit;  // the lines of all VIT, in place of those of the file
+  std::vector<VitDeScript> vits;                     // put behind them
 
   bool operator==(const OptionsPrepRecod&) const = default;
 };
@@ -48,5 +50,9 @@ struct OptionsPrepRecod {
 // Tells what became of each instruction in a report that is not kept; one that has a fault stops the run and leaves the
 // .POS as it was.
 Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options);
+
+struct EtatPrepRecod;
+// What has to be asked of the file as it was opened to make of it what the form would save.
+OptionsPrepRecod OptionsDeLEtat(const EtatPrepRecod& ouvert, const EtatPrepRecod& etat);
 
 }  // namespace quelvar::sorts

@@ -171,10 +171,8 @@ void Lecture::LireElementVit(const Vit& vit, const ElementVit& element, VitDeman
 }
 
 void Lecture::CompterIndividus(const Chemin& donnees) {
-  consignes_.individus = consignes_.pos.taille.individus;
-  if (consignes_.individus > 0) return;
-  consignes_.individus = CompterLignes(donnees);
-  feuille_.Ligne({"Il y a ", NombreNu(consignes_.individus), " individus"});
+  consignes_.individus = AnnoncesOuComptes(consignes_.pos.taille, donnees);
+  if (consignes_.pos.taille.individus <= 0) feuille_.Ligne(LigneDesIndividus(consignes_.individus));
 }
 
 void Lecture::LireElementsFiltre() {

@@ -35,7 +35,7 @@ void EcrireTableVit(Rapport& rapport, const Consignes& consignes, const Plan& pl
 }
 
 std::string DebutDeLigne(std::string_view nom, int position, int codeMax) {
-  return Joindre({CadreGauche(nom, kLargeurNom), EntierDroit(position, 4), TexteCodeMax(codeMax)});
+  return LigneDeQuestion(nom, position, TexteCodeMax(codeMax));
 }
 
 void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& question, Texte avantIntitule) {

@@ -319,14 +319,11 @@ struct Somme {
 Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int64_t maximum) {
   LecteurIndividus lecteur(donnees, traduction.LongueurLue());
   Somme somme;
-  while (somme.entree < maximum) {
-    const char* individu = lecteur.Lire();
-    if (individu == nullptr) break;
-    ++somme.entree;
-    if (!traduction.Retenu(individu)) continue;
+  somme.entree = Parcourir(lecteur, maximum, [&](const char* individu, std::int64_t) {
+    if (!traduction.Retenu(individu)) return;
     ++somme.retenus;
     somme.sortie += traduction.Poids(individu);
-  }
+  });
   return somme;
 }
 
@@ -350,18 +347,15 @@ BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const
     bilan.pas = PasDeReduction(SommerPoids(traduction, donnees, consignes.individus));
   LecteurIndividus lecteur(donnees, traduction.LongueurLue());
   Progression progression(ecran, consignes.individus);
-  while (bilan.entree < consignes.individus) {
-    const char* individu = lecteur.Lire();
-    if (individu == nullptr) break;
-    ++bilan.entree;
+  bilan.entree = Parcourir(lecteur, consignes.individus, [&](const char* individu, std::int64_t numero) {
     progression.Avancer();
-    const std::string_view ligne = traduction.Traduire(individu, lecteur.Ligne().size(), bilan.entree, temoins);
-    if (!traduction.Retenu(individu)) continue;
+    const std::string_view ligne = traduction.Traduire(individu, lecteur.Ligne().size(), numero, temoins);
+    if (!traduction.Retenu(individu)) return;
     ++bilan.retenus;
     bilan.sortie += traduction.Poids(individu);
     for (const std::int64_t voulues = Multiples(bilan.sortie, bilan.pas); bilan.ecrites < voulues; ++bilan.ecrites)
       sortie.Ecrire(ligne);
-  }
+  });
   return bilan;
 }
 

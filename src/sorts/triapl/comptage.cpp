@@ -119,14 +119,12 @@ Comptage CompterCodes(const Chemin& donnees, const FichierPos& pos, std::int64_t
   LecteurIndividus lecteur(donnees, LongueurDesChampsPossibles(pos));
   std::optional<PasseRapide> passe;
   if (!signaler && ToutesPositionsPossibles(pos)) passe.emplace(pos);
-  while (comptage.individus < maximum) {
-    const char* ligne = lecteur.Lire();
-    if (ligne == nullptr) break;
-    ++comptage.individus;
+  Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t numero) {
+    comptage.individus = numero;
     progression.Avancer();
     if (passe) passe->Compter(ligne);
     else CompterAvecControle(ligne, pos, signaler, comptage);
-  }
+  });
   if (passe) passe->Verser(comptage);
   return comptage;
 }

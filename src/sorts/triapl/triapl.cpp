@@ -76,23 +76,16 @@ void EcrireNomsDeFichiers(Rapport& rapport, const Contexte& contexte, const Fich
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TAP")});
 }
 
-void EcrireNombreDIndividus(Rapport& rapport, std::int64_t individus) {
-  rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
-}
-
 // Size and questions, with their lines; a size of 0 becomes the count of lines of the data file.
 Etude LireQuestions(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
   Etude etude;
   if (fichiers.mod) etude.intitules = LireIntitules(*fichiers.mod);
-  etude.pos = LirePos(*fichiers.pos);
-  ExigerParentheses(etude.pos.taille, contexte.Ecran());
-  etude.individus = etude.pos.taille.individus;
-  if (etude.individus > 0) EcrireNombreDIndividus(rapport, etude.individus);
+  etude.pos = LirePos(*fichiers.pos, contexte.Ecran());
+  etude.individus = AnnoncesOuComptes(etude.pos.taille, *fichiers.donnees);
+  const bool annonces = etude.pos.taille.individus > 0;
+  if (annonces) rapport.Ligne(LigneDesIndividus(etude.individus));
   rapport.Ligne({"Il y a ", NombreNu(etude.pos.questions.size()), " questions"});
-  if (etude.individus == 0) {
-    etude.individus = CompterLignes(*fichiers.donnees);
-    EcrireNombreDIndividus(rapport, etude.individus);
-  }
+  if (!annonces) rapport.Ligne(LigneDesIndividus(etude.individus));
   rapport.Ligne(" ");
   return etude;
 }

@@ -1,6 +1,7 @@
 #include "tables/triangle/triang.h"
 
 #include "core/dessin/svg.h"
+#include "core/options/option.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::tables {
@@ -34,15 +35,13 @@ Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& cor
   return ExecuterProgramme(contexte, contexte.Nom(kExtension), LibellesErreur{}, corps, ModeEcriture::Suite);
 }
 
-EtatTriangle Regler(const OptionsTriang& options, FichierTrg trg) {
-  EtatTriangle etat = NouveauTriangle(std::move(trg));
-  etat.reglages = options.reglages;
-  etat.cotes = options.cotes;
-  etat.largeur = options.largeur / 100.0;
-  etat.hauteur = options.hauteur / 100.0;
-  etat.fenetre = options.fenetre / 100.0;
-  for (EntreeTriangle& entree : etat.entrees) entree.marque = options.marque;
-  return etat;
+EtatTriangle Regler(Rapport& rapport, const Contexte& contexte, const OptionsTriang& options, FichierTrg trg) {
+  try {
+    return ReglerTriangle(options, std::move(trg));
+  } catch (const UsageIncorrect& refus) {
+    Avertir(rapport, contexte.Ecran(), Joindre({"*** ", std::string_view(refus.what())}));
+    throw Erreur(kArretAnnonce);
+  }
 }
 
 }  // namespace
@@ -77,8 +76,9 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
       Avertir(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
       throw Erreur(kArretAnnonce);
     }
+    const EtatTriangle etat = Regler(rapport, contexte, options, std::move(*trg));
     const std::string nom = options.fichier.empty() ? contexte.Nom("Trg.svg") : options.fichier;
-    EcrireSvg(contexte.repertoire, nom, DessinerTriangle(Regler(options, std::move(*trg))));
+    EcrireSvg(contexte.repertoire, nom, DessinerTriangle(etat));
     contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
     rapport.Ligne("Fin normale du programme");
   });

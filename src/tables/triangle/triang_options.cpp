@@ -6,6 +6,25 @@ namespace {
 
 using O = OptionsTriang;
 
+using Reglages = std::vector<std::pair<std::string, std::string>>;
+
+// Settings of single texts, "NOM=REGLAGE"; the name may be as long as that of a vertex.
+Description<O>::Poser PoserUnReglage(const char* option, Reglages O::*membre) {
+  return [option, membre](O& options, const std::string& valeur) {
+    const std::size_t egal = valeur.rfind('=');
+    if (egal == std::string::npos || egal == 0) RefuserValeur(option, "NOM=REGLAGE", valeur);
+    (options.*membre).emplace_back(valeur.substr(0, egal), valeur.substr(egal + 1));
+  };
+}
+
+Description<O>::Ecrire EcrireReglages(Reglages O::*membre) {
+  return [membre](const O& options) {
+    std::vector<std::string> textes;
+    for (const auto& [nom, reglage] : options.*membre) textes.push_back(Joindre({nom, "=", reglage}));
+    return textes;
+  };
+}
+
 void DecrireAffichage(Description<O>& description) {
   description
       .OuiNon(
@@ -51,9 +70,17 @@ const Description<OptionsTriang>& DescriptionTriang() {
         .Reel(
             "droit", [](auto& o) -> auto& { return o.cotes.droit; }, "place du côté droit, de 0 à 100"_w)
         .Entier("marque", &O::marque, 0, 5, "marque des points : 0 *, sinon taille du cercle")
-        .Entier("largeur", &O::largeur, 20, 1000, "largeur du graphique, %")
-        .Entier("hauteur", &O::hauteur, 20, 1000, "hauteur du graphique, %")
-        .Entier("page", &O::fenetre, 20, 1000, "fenêtre d'impression, %"_w);
+        .Libre("marques", "NOM=0..5", "marque d'un point seulement ; peut être répété"_w,
+               PoserUnReglage("marques", &O::marques), EcrireReglages(&O::marques))
+        .Repetable()
+        .Noms("invisibles", &O::invisibles, "textes et points cachés : titre, sommet1 à sommet3, noms des points"_w)
+        .Libre("deplaces", "NOM=DX/DY",
+               "place d'un texte, en points vers la droite et vers le bas ; peut être répété"_w,
+               PoserUnReglage("deplaces", &O::deplaces), EcrireReglages(&O::deplaces))
+        .Repetable()
+        .Reel("largeur", &O::largeur, "largeur du graphique, %")
+        .Reel("hauteur", &O::hauteur, "hauteur du graphique, %")
+        .Reel("page", &O::fenetre, "fenêtre d'impression, %"_w);
     return d;
   }();
   return description;

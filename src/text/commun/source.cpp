@@ -11,8 +11,6 @@ namespace quelvar::text {
 
 namespace {
 
-constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
-
 // Place of the first byte above 127, or the size; eight bytes a step, since most texts are nearly all ASCII.
 std::size_t PremierAccent(std::string_view octets) {
   std::size_t i = 0;
@@ -66,7 +64,7 @@ std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::strin
     throw Erreur(kArretAnnonce);
   }
   std::string_view utf8 = octets;
-  if (utf8.starts_with(kMarqueUtf8)) utf8.remove_prefix(kMarqueUtf8.size());
+  OterMarqueUtf8(utf8);
   return Convertir(utf8, nom, rapport);
 }
 

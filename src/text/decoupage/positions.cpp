@@ -80,8 +80,7 @@ void EcrirePosDesMots(Ecrivain& fichier, std::string_view generique, std::int64_
   fichier.Ligne(generique);
   fichier.Ligne(NombreNu(mots));
   for (const QuestionDesMots& question : questions)
-    fichier.Ligne(Joindre({CadreGauche(question.nom, kNom), NombreFixe(question.position, kPosition, 0),
-                           question.codeMax, question.suite}));
+    fichier.Ligne(LigneDeQuestion(question.nom, question.position, question.codeMax, question.suite));
 }
 
 }  // namespace quelvar::text

@@ -72,8 +72,7 @@ std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, cons
                                                           const Gabarit& gabarit) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) return std::nullopt;
-  const FichierPos pos = LirePos(*chemin);
-  ExigerParentheses(pos.taille, contexte.Ecran());
+  const FichierPos pos = LirePos(*chemin, contexte.Ecran());
   std::vector<std::string> auDela;
   std::vector<QuestionDesMots> questions = ReprendreQuestions(pos, gabarit, auDela);
   if (auDela.empty()) return questions;

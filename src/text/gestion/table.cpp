@@ -92,8 +92,7 @@ TableOuverte OuvrirTable(const Contexte& contexte) {
 }
 
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur) {
-  return Joindre({" IMAX=", Nombre(lignes), " JMAX=", Nombre(colonnes), " ISUP=", Nombre(lignesSup),
-                  " FMT=", Nombre(largeur), " "});
+  return LigneDeParametres({{"IMAX=", lignes}, {"JMAX=", colonnes}, {"ISUP=", lignesSup}, {"FMT=", largeur}});
 }
 
 void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes) {

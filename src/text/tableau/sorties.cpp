@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/brtfile.h"
+#include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
 #include "utilities/trifichier.h"
@@ -46,8 +47,8 @@ void EcrireModLexical(Ecrivain& fichier, std::string_view generique, const PlanL
                       const IntitulesModalites& intitules, const std::vector<std::string>& lignes, int largeur,
                       std::int64_t decimales) {
   fichier.Ligne(generique);
-  fichier.Ligne(Joindre({" LIGN=", Nombre(lignes.size()), " LSUP=0", " COL=", Nombre(plan.noms.size()),
-                         " FMT=", Nombre(largeur), " DE=", Nombre(decimales), " "}));
+  fichier.Ligne(LigneDeParametres(
+      {{"LIGN=", lignes.size()}, {"LSUP=", 0}, {"COL=", plan.noms.size()}, {"FMT=", largeur}, {"DE=", decimales}}));
   for (const std::string& nom : plan.noms) {
     const std::string* const intitule = intitules.Chercher(nom);
     fichier.Ligne(Joindre(

@@ -56,11 +56,9 @@ Entrees LireEntrees(Rapport& rapport, const Contexte& contexte) {
     if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne, &rapport);
     entrees.intitules = LireIntitules(*mod);
   }
-  entrees.pos = LirePos(contexte.Exiger(".POS"));
-  ExigerParentheses(entrees.pos.taille, contexte.Ecran());
-  entrees.individus = entrees.pos.taille.individus;
-  if (entrees.individus == 0) entrees.individus = CompterLignes(entrees.donnees);
-  rapport.Ligne({"Il y a ", NombreNu(entrees.individus), " individus"});
+  entrees.pos = LirePos(contexte.Exiger(".POS"), contexte.Ecran());
+  entrees.individus = AnnoncesOuComptes(entrees.pos.taille, entrees.donnees);
+  rapport.Ligne(LigneDesIndividus(entrees.individus));
   return entrees;
 }
 
@@ -88,7 +86,7 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
 void EcrireQuestions(Rapport& rapport, const Entrees& entrees, const std::vector<std::size_t>& actives) {
   rapport.Ligne("Liste des questions retenues");
   rapport.Ligne({"Il y a ", NombreNu(actives.size()), " questions"});
-  rapport.Ligne({"Il y a ", NombreNu(entrees.individus), " individus"});
+  rapport.Ligne(LigneDesIndividus(entrees.individus));
   for (const std::size_t rang : actives)
     rapport.Ligne({entrees.pos.questions[rang].nom, " ", entrees.pos.questions[rang].intitule});
 }

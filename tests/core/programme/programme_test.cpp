@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/enquete/datfile.h"
 #include "core/programme/place.h"
 #include "support/programme.h"
 
@@ -48,6 +49,38 @@ TEST_F(Cadre, EveryFailureIsToldByItsNumber) {
     });
     EXPECT_EQ(fin, Fin::Arret);
     EXPECT_EQ(vu_.texte, Joindre({"debut\r\n", lignes}));
+  }
+}
+
+// The screen is told what the fixed lines of the report leave out: file, line and column, or that the fault is ours.
+TEST_F(Cadre, AFailureTellsItsPlaceBesideTheReport) {
+  Ecrire("ENQ.POS", "ENQ\r\n 2 \r\nSEX   1 2\r\nAGE 9E91 9\r\n");
+  Ecrire("ENQ.DAT", "111\r\n19E9\r\n");
+  Ecrire("UNE.POS", "UNE\r\n");
+  const struct {
+    std::function<void()> faute;
+    std::string panne;
+  } cas[] = {
+      {[&] { LirePos(contexte_.Exiger(".POS")); },
+       Joindre({"Dépassement de capacité (ENQ.POS, ligne 4, colonne 4)"_w})},
+      {[&] {
+         LecteurIndividus lecteur(contexte_.Exiger(".DAT"), 4);
+         Parcourir(lecteur, 9, [](const char* ligne, std::int64_t) { LireChampInterieur(ligne, {1, 3}); });
+       },
+       Joindre({"Dépassement de capacité (ENQ.DAT, ligne 2, colonne 2)"_w})},
+      {[&] { LirePos(dossier_.Chemin() / "UNE.POS"); },
+       Joindre({"L'entrée dépasse la fin de fichier (UNE.POS, ligne 1)"_w})},
+      {[] { static_cast<void>(std::string("a").at(1)); }, "faute du programme"},
+      {[] { throw Erreur(kDivisionParZero); }, ""},
+      {[] {
+         throw Erreur(kArretAnnonce).Situer({"ENQ.POS", 1, 1});
+       },
+       ""},
+  };
+  for (const auto& [faute, panne] : cas) {
+    EXPECT_EQ(Executer([&faute = faute](Rapport&) { faute(); }), Fin::Arret);
+    if (panne == "faute du programme") EXPECT_NE(vu_.panne.find(panne), std::string::npos) << vu_.panne;
+    else EXPECT_EQ(vu_.panne, panne);
   }
 }
 

@@ -14,6 +14,7 @@
 #include "forms/pilote.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
 #include "forms/programmes/sorts/choixtriapl.h"
@@ -157,19 +158,22 @@ TEST(Recodage, LaBoiteDuGeneriqueAnnuleeArreteTout) {
 }
 
 TEST(Import, FormulaireSelonLesSources) {
+  enum class Forme { Tableur, DBase, Aucune };
   struct Cas {
     const char* fichier;
-    bool tableur;
+    Forme forme;
   };
-  for (const Cas& cas : {Cas{"ENQ.CSV", true}, Cas{"enq.txt", true}, Cas{"ENQ.DBF", false}, Cas{"ENQ.ODS", false}}) {
+  for (const Cas& cas : {Cas{"ENQ.CSV", Forme::Tableur}, Cas{"enq.txt", Forme::Tableur}, Cas{"ENQ.DBF", Forme::DBase},
+                         Cas{"ENQ.DAT", Forme::DBase}, Cas{"ENQ.ODS", Forme::Aucune}}) {
     SCOPED_TRACE(cas.fichier);
     BureauEnq bureau(1);
     bureau.Ecrire(cas.fichier, kCsv);
     bureau.Ecrire("ENQ.POS", "x");  // too short: counts as absent
     bureau.Ouvrir();
     bureau.Menu("mnuImport");
-    EXPECT_EQ(bureau.Forme<FImportCSV>() != nullptr, cas.tableur);
-    EXPECT_EQ(bureau.Forme<FImport>() != nullptr, !cas.tableur);
+    EXPECT_EQ(bureau.Forme<FImportCSV>() != nullptr, cas.forme == Forme::Tableur);
+    EXPECT_EQ(bureau.Forme<FImport>() != nullptr, cas.forme == Forme::DBase);
+    EXPECT_EQ(bureau.Forme<SourceImport>() != nullptr, cas.forme == Forme::Aucune) << "its files are offered";
   }
 }
 

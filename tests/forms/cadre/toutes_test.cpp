@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 #include <filesystem>
 #include <map>
@@ -18,6 +19,8 @@
 #include "factor/analyse/anecar.h"
 #include "forms/cadre/entrees.h"
 #include "forms/pilote.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "modalities/creation/posmod.h"
 #include "tables/ecapem.h"
 
@@ -143,6 +146,28 @@ TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
         VerifierTaille(*forme);
       }
     }
+  }
+}
+
+// The windows that no entry opens at once.
+TEST(ToutesLesFormes, CellesDeLImportation) {
+  BureauComplet bureau;
+  const Silence silence;
+  bureau.Ecrire("t.csv", "Sexe;Age;Note\r\nFemme;23;1\r\nHomme;41;x\r\nFemme;35;2\r\nHomme;52;3\r\n");
+  Services& services = bureau.Fenetre().ServicesDesFormes();
+  OuvrirSourceImport(services);
+  ImporterFichier(services, bureau.Dossier() / "t.csv");
+  ASSERT_EQ(bureau.Ouvertes().size(), 2);
+  for (Forme* forme : bureau.Ouvertes()) {
+    auto* colonnes = forme->findChild<QTableView*>(QStringLiteral("Colonnes"));
+    for (int ligne = 0; ligne < (colonnes == nullptr ? 1 : colonnes->model()->rowCount()); ++ligne) {
+      SCOPED_TRACE(std::string(forme->metaObject()->className()) + " " + std::to_string(ligne));
+      if (colonnes != nullptr) colonnes->setCurrentIndex(colonnes->model()->index(ligne, 0));
+      VerifierLettres(*forme);
+      VerifierNoms(*forme);
+      VerifierTabulation(*forme);
+    }
+    VerifierTaille(*forme);
   }
 }
 

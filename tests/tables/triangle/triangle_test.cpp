@@ -4,6 +4,8 @@
 
 #include <random>
 
+#include "core/dessin/svg.h"
+#include "core/options/option.h"
 #include "support/programme.h"
 #include "tables/triangle/triang.h"
 
@@ -142,6 +144,35 @@ TEST(DessinerTriangle, OptionsShowWhatTheySay) {
   ReinitialiserTriangle(etat);
   EXPECT_EQ(etat.reglages, ReglagesTriangle());
   EXPECT_TRUE(MarqueDe(etat, 0));
+}
+
+TEST(OptionsDuTriangle, WhatTheFormShowsIsDrawnAgain) {
+  EtatTriangle etat = NouveauTriangle(TrgDe({{20, 30, 50}, {20, 30, 50}, {10, 10, 80}, {60, 30, 10}}));
+  etat.trg.points[0].nom = etat.trg.points[1].nom = "AGE1";
+  etat.reglages = {.forme = FormeTriangle::AngleDroit, .intitulesLongs = true, .traits = true};
+  for (int i = 0; i < 3; ++i) ChangerTaille(etat, DimensionTriangle::Largeur, true);
+  ChangerFenetreTriangle(etat, true);
+  DeplacerCote(etat, CoteTriangle::Bas, true);
+  etat.entrees[0].invisible = true;
+  etat.entrees[5].marque = 0;
+  for (const std::size_t rang : {2U, 5U}) {
+    etat.choisie = rang;
+    DeplacerTexte(etat, Position{3.25, -7});
+  }
+  const OptionsTriang options = OptionsDuTriangle(etat);
+  EXPECT_EQ(options.invisibles, std::vector<std::string>{"titre"});
+  EXPECT_EQ(options.marques, (std::vector<std::pair<std::string, std::string>>{{"AGE1#2", "0"}}));
+  EXPECT_EQ(TexteSvg(DessinerTriangle(ReglerTriangle(options, etat.trg))), TexteSvg(DessinerTriangle(etat)));
+}
+
+TEST(OptionsDuTriangle, WhatThePictureLacksIsRefused) {
+  const FichierTrg trg = TrgDe({{20, 30, 50}});
+  const OptionsTriang refusees[] = {{.invisibles = {"AGE9"}},
+                                    {.marques = {{"titre", "6"}}},
+                                    {.deplaces = {{"sommet1", "5"}}},
+                                    {.largeur = 19.5},
+                                    {.fenetre = 1001}};
+  for (const OptionsTriang& options : refusees) EXPECT_THROW(ReglerTriangle(options, trg), UsageIncorrect);
 }
 
 class RunTriang : public essai::RunDeProgramme {};

@@ -3,6 +3,7 @@
 #include "capture/burt.h"
 #include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
 
@@ -16,6 +17,9 @@ FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui:
   ui_->LabelDAT->setText(VersQt(capture::TextePresence(sources.dat)));
   ui_->LabelPOS->setText(VersQt(capture::TextePresence(sources.pos)));
   ui_->LabelBRT->setText(VersQt(capture::TextePresence(sources.brt)));
+  ui_->LabelCSV->setText(VersQt(capture::TextePresence(sources.csv)));
+  ui_->LabelTXT->setText(VersQt(capture::TextePresence(sources.txt)));
+  ui_->LabelIMP->setText(VersQt(capture::TextePresence(sources.imp)));
   const QString aide = VersQt(capture::AideImport(sources, niveau));
   ui_->TextAide->setPlainText(aide);
   ui_->FrOptions->setVisible(niveau != 1);
@@ -25,6 +29,10 @@ FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui:
     ui_->TextAide->setPlainText(burt ? VersQt(capture::AideImportBurt()) : aide);
   });
   connect(ui_->BoutFichier, &QPushButton::clicked, this, &FImport::ChoisirFichier);
+  connect(ui_->BoutAutre, &QPushButton::clicked, this, [this] {
+    accept();
+    OuvrirSourceImport(services_);
+  });
   connect(ui_->Lancer, &QPushButton::clicked, this, &FImport::LancerImport);
   RelierQuitter(*ui_->Annuler);
 }

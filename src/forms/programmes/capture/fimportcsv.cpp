@@ -4,6 +4,8 @@
 #include "capture/import_csv_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimportcsv.h"
 
@@ -19,10 +21,19 @@ FImportCSV::FImportCSV(Services& services)
   ui_->LabelDAT->setText(VersQt(capture::TextePresence(sources_.dat)));
   ui_->LabelPOS->setText(VersQt(capture::TextePresence(sources_.pos)));
   ui_->Lancer->setEnabled(sources_.DeTableur());
+  ui_->BoutApercu->setEnabled(sources_.DeTableur());
   RelierAide(*ui_->Aide, "mnuAImport");
   MontrerAide();
   connect(ui_->CheckTrg, &QCheckBox::toggled, this, &FImportCSV::MontrerAide);
   connect(ui_->Lancer, &QPushButton::clicked, this, &FImportCSV::LancerImport);
+  connect(ui_->BoutApercu, &QPushButton::clicked, this, [this] {
+    accept();
+    ImporterSourceDuGenerique(services_, true);
+  });
+  connect(ui_->BoutFichier, &QPushButton::clicked, this, [this] {
+    accept();
+    OuvrirSourceImport(services_);
+  });
   RelierQuitter(*ui_->Annuler);
   RelierCommande(*ui_->Lancer, capture::DescriptionImportCsv(), contexte_, [this] {
     capture::OptionsImportCsv options;
@@ -37,8 +48,14 @@ void FImportCSV::MontrerAide() {
   ui_->TextAide->setPlainText(VersQt(capture::AideImportCsv(sources_, ui_->CheckTrg->isChecked())));
 }
 
+// A source of codes is imported at once; any other is looked at first. Without titles there is nothing to choose.
 void FImportCSV::LancerImport() {
   if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
+  if (!ui_->CheckTrg->isChecked()) {
+    accept();
+    ImporterSourceDuGenerique(services_, false);
+    return;
+  }
   capture::OptionsImportCsv options;
   options.sansIntitules = ui_->CheckTrg->isChecked();
   services_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); });
@@ -47,8 +64,10 @@ void FImportCSV::LancerImport() {
 }
 
 void OuvrirImport(Services& services) {
-  if (capture::ChercherSources(services.ContexteEnCours()).DeTableur()) Montrer<FImportCSV>(services);
-  else Montrer<FImport>(services);
+  const capture::SourcesPresentes sources = capture::ChercherSources(services.ContexteEnCours());
+  if (sources.DeTableur()) Montrer<FImportCSV>(services);
+  else if (sources.dbf || sources.dat) Montrer<FImport>(services);
+  else OuvrirSourceImport(services);
 }
 
 }  // namespace quelvar::forms

@@ -170,6 +170,7 @@ void Graphe3::MontrerReglages() {
       etat_.donnees.cah ? VersQt(Nombre(factor::ClassesAuNiveau(*etat_.donnees.cah, reglages.cah.niveau))) : QString());
   const bool colonnes = factor::PorteUneMarque(etat_, factor::kMarqueColonne);
   const bool lignes = factor::PorteUneMarque(etat_, factor::kMarqueLigne);
+  MontrerMarques();
   ui_->BoutonAssoc->setEnabled(colonnes || (lignes && !etat_.donnees.Individus()));
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->Label8, ui_->TextNouvCol})
     controle->setVisible(colonnes);

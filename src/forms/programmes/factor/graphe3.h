@@ -50,6 +50,10 @@ class Graphe3 : public Forme {
 
   void Informer(const QPointF& page);
   void Marquer(const QPointF& page);
+  // The marks by the names of their elements, as shown and as typed.
+  void MontrerMarques();
+  void PrendreMarques();
+  void RefaireMarques();
   // Merges the marked elements into a new generic, told and confirmed first.
   void Associer();
   QString Infobulle(const QPointF& page) const;

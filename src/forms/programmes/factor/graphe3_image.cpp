@@ -1,4 +1,5 @@
 // What the mouse does on the factor plane, and the files that the form writes.
+#include "core/options/option.h"
 #include "factor/classement/coupe.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/programmes/factor/graphe3.h"
@@ -63,8 +64,37 @@ void Graphe3::Marquer(const QPointF& page) {
   const std::vector<std::size_t> elements = factor::ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
   if (elements.empty()) return;
   factor::BasculerMarque(etat_, elements.front());
+  RefaireMarques();
+}
+
+void Graphe3::RefaireMarques() {
   if (!etat_.reglages.ellipses.Aucune()) RefaireEllipses();
   Redessiner();
+}
+
+void Graphe3::MontrerMarques() {
+  std::vector<std::string> noms;
+  for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i)
+    if (etat_.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat_.donnees.points[i].nom));
+  ui_->TextMarques->setText(VersQt(NomsJoints(noms)));
+}
+
+// Every element that is named, and no other one; a name that none has leaves the marks as they are.
+void Graphe3::PrendreMarques() {
+  std::vector<std::uint8_t> marques(etat_.reglages.marques.size(), 0);
+  for (const std::string& nom : NomsSepares(DepuisQt(ui_->TextMarques->text()))) {
+    std::size_t i = 0;
+    while (i < marques.size() && !EgalSansCasse(Rogner(etat_.donnees.points[i].nom), Rogner(nom))) ++i;
+    if (i == marques.size()) {
+      services_.ecran.biper();
+      ui_->Information->setPlainText(QStringLiteral("Aucun élément n'a le nom %1.").arg(VersQt(nom)));
+      return MontrerMarques();
+    }
+    marques[i] = i < etat_.donnees.colonnes ? factor::kMarqueColonne : factor::kMarqueLigne;
+  }
+  if (marques == etat_.reglages.marques) return MontrerMarques();
+  etat_.reglages.marques = std::move(marques);
+  RefaireMarques();
 }
 
 void Graphe3::CouperLaClassification() {
@@ -107,6 +137,7 @@ void Graphe3::Associer() {
 
 void Graphe3::RelierFichiers() {
   connect(ui_->BoutonAssoc, &QPushButton::clicked, this, &Graphe3::Associer);
+  connect(ui_->TextMarques, &QLineEdit::editingFinished, this, &Graphe3::PrendreMarques);
   RelierSorties(*this, services_, *ui_->Image, contexte_, "Fac",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
                 [this] { return ui_->Resolution->value(); });

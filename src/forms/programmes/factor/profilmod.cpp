@@ -5,17 +5,20 @@
 #include "core/enquete/listemod.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
-#include "forms/images/rendudessin.h"
-#include "forms/images/sortiesdessin.h"
+#include "factor/profil/profilmod_options.h"
+#include "forms/images/fenetredessin.h"
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
-#include "ui_imageprofil.h"
 #include "ui_profilmod.h"
 
 namespace quelvar::forms {
 
 ProfilMod::ProfilMod(Services& services)
-    : Forme(services), etat_(factor::ChargerProfil(contexte_)), ui_(std::make_unique<Ui::ProfilMod>()) {
+    : Forme(services),
+      etat_(factor::ChargerProfil(contexte_)),
+      initiaux_(etat_.textes),
+      ui_(std::make_unique<Ui::ProfilMod>()) {
   ui_->setupUi(this);
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
   edition_ = new EditionListe(
@@ -34,6 +37,7 @@ ProfilMod::ProfilMod(Services& services)
   RelierAide(*ui_->BoutAide, "mnuAProfil");
   RelierQuitter(*ui_->BoutQuitter);
   AuDepart(factor::AbandonnerProfil);
+  RelierCommande(*ui_->BoutEnreg, factor::DescriptionProfilMod(), contexte_, [this] { return Options(); });
   Remplir();
 }
 
@@ -65,6 +69,17 @@ void ProfilMod::MontrerChoix() {
   ui_->ChoixMod->setText(noms.join(u' '));
 }
 
+factor::OptionsProfil ProfilMod::Options() const {
+  factor::OptionsProfil options;
+  if (const std::vector<std::string> noms = Choisies(); !noms.empty()) options.modalites = noms;
+  options.detail = ui_->Detail->isChecked();
+  options.nonTri = ui_->NonTri->isChecked();
+  for (std::size_t i = 0; i < etat_.textes.size(); ++i)
+    if (etat_.textes[i] != initiaux_[i])
+      options.intitules.emplace_back(NomDeTexte(etat_.textes[i]), IntituleDeTexte(etat_.textes[i]));
+  return options;
+}
+
 void ProfilMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   const std::vector<std::string> noms = Choisies();
@@ -85,26 +100,13 @@ void ProfilMod::Enregistrer() {
   Services& services = services_;
   const Contexte contexte = contexte_;
   accept();
-  if (FairePlace<ImageProfil>(services)) Montrer<ImageProfil>(services, contexte, std::move(profils));
-}
-
-ImageProfil::ImageProfil(Services& services, const Contexte& contexte, std::vector<factor::ProfilDeModalite> profils)
-    : Forme(services, contexte, Qt::Window), profils_(std::move(profils)), ui_(std::make_unique<Ui::ImageProfil>()) {
-  ui_->setupUi(this);
-  for (const factor::ProfilDeModalite& profil : profils_)
-    ui_->ListProfils->addItem(VersQt(Joindre({profil.nom, " ", profil.intitule})));
-  connect(ui_->ListProfils, &QComboBox::currentIndexChanged, this, &ImageProfil::Dessiner);
-  RelierSorties(*this, services_, *ui_->Pict2, contexte_, "Prf",
-                {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
-  RelierQuitter(*ui_->BoutonQuitter);
-  Dessiner();
-}
-
-ImageProfil::~ImageProfil() = default;
-
-void ImageProfil::Dessiner() {
-  const int rang = ui_->ListProfils->currentIndex();
-  if (rang >= 0) ui_->Pict2->Montrer(factor::DessinerProfils({&profils_[static_cast<std::size_t>(rang)], 1}));
+  SujetDeDessin sujet{"Prf", "Profil de la modalité"_w, "&Modalité"_w, {}, {}};
+  for (const factor::ProfilDeModalite& profil : profils)
+    sujet.pages.push_back(Joindre({profil.nom, " ", profil.intitule}));
+  sujet.dessiner = [profils = std::move(profils)](std::size_t page) {
+    return factor::DessinerProfils({&profils[page], 1});
+  };
+  MontrerDessins(services, contexte, std::move(sujet));
 }
 
 void OuvrirProfilMod(Services& services) {

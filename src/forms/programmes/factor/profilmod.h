@@ -10,7 +10,6 @@
 
 namespace Ui {
 class ProfilMod;
-class ImageProfil;
 }  // namespace Ui
 
 namespace quelvar::forms {
@@ -27,25 +26,14 @@ class ProfilMod : public Forme {
   // Names of the selected modalities, in the order of the list.
   std::vector<std::string> Choisies() const;
   void MontrerChoix();
+  // What the form runs, as options: the choice and the labels that were changed.
+  factor::OptionsProfil Options() const;
   void Enregistrer();
 
   factor::EtatProfil etat_;
+  std::vector<std::string> initiaux_;  // the texts of the list as they were read
   std::unique_ptr<Ui::ProfilMod> ui_;
   EditionListe* edition_ = nullptr;
-};
-
-// The bars of the profiles of one run.
-class ImageProfil : public Forme {
-  Q_OBJECT
- public:
-  ImageProfil(Services& services, const Contexte& contexte, std::vector<factor::ProfilDeModalite> profils);
-  ~ImageProfil() override;
-
- private:
-  void Dessiner();
-
-  std::vector<factor::ProfilDeModalite> profils_;
-  std::unique_ptr<Ui::ImageProfil> ui_;
 };
 
 void OuvrirProfilMod(Services& services);

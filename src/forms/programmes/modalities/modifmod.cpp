@@ -4,7 +4,9 @@
 #include <QShortcut>
 
 #include "core/enquete/listemod.h"
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "modalities/edition/modifmod_options.h"
 #include "ui_modifmod.h"
 
 namespace quelvar::forms {
@@ -30,6 +32,10 @@ ModifMod::ModifMod(Services& services)
   connect(espace, &QShortcut::activated, this, [this] { Basculer(ui_->ListSuppl->currentRow()); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ModifMod::Enregistrer);
   RelierQuitter(*ui_->BoutQuitter);
+  RelierCommande(*ui_->BoutEnreg, modalities::DescriptionModifMod(), contexte_, [this] {
+    edition_->Ranger();
+    return modalities::OptionsDeModifMod(dansLeFichier_, etat_.textes);
+  });
   AuDepart(modalities::AbandonnerEdition);
   RelierAide(*ui_->BoutAide, "mnuAModmod");
   Remplir();

@@ -4,9 +4,11 @@
 
 #include "core/enquete/listemod.h"
 #include "forms/pieces/brouillon.h"
+#include "forms/pieces/commande.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
+#include "modalities/edition/nomemod_options.h"
 #include "modalities/edition/nomquest.h"
 #include "ui_nomemod.h"
 
@@ -44,11 +46,27 @@ void NomeMod::RelierEdition() {
       {[this] { return static_cast<int>(modalites_.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
        [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
        [this](int ligne, const QString& intitule) {
-         modalities::NommerModalite(modalites_[static_cast<std::size_t>(ligne)], DepuisQt(intitule));
+         modalities::ModaliteNommee& modalite = modalites_[static_cast<std::size_t>(ligne)];
+         modalities::NommerModalite(modalite, DepuisQt(intitule));
+         RetenirIntitule(Rogner(NomDeTexte(modalite.texte)), DepuisQt(intitule));
          return QString();
        }});
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomeMod::Sauver);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomeMod::Enregistrer);
+  RelierCommande(*ui_->BoutEnreg, modalities::DescriptionNomeMod(), contexte_, [this] {
+    edition_->Ranger();
+    return faits_;
+  });
+}
+
+void NomeMod::RetenirIntitule(std::string_view nom, const std::string& intitule) {
+  auto& intitules = faits_.intitules;
+  std::erase_if(intitules, [&](const auto& ancien) { return ancien.first == nom; });
+  intitules.emplace_back(nom, intitule);
+}
+
+modalities::RapportNomeMod NomeMod::Rapport() const {
+  return faits_.Cree() ? modalities::RapportNomeMod::Suite : modalities::RapportNomeMod::Nouveau;
 }
 
 void NomeMod::Deplacer(const QListWidget& liste, Statut statut) {
@@ -65,12 +83,10 @@ void NomeMod::MontrerChoix() {
 }
 
 void NomeMod::LancerCreation() {
-  modalities::OptionsPosmod options;
-  options.mode = modalities::ModePosmod::Modi;
-  options.actives = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif);
-  options.codesZero = !ui_->CaseCodZ->isChecked();
+  const modalities::PasseNomeMod passe{NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif),
+                                       !ui_->CaseCodZ->isChecked()};
   const std::string_view refus = modalities::RefusDeNommer(
-      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero));
+      modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, passe.codesZero));
   if (!refus.empty()) {
     services_.ecran.biper();
     ui_->TextMsg->setPlainText(VersQt(refus));
@@ -78,13 +94,17 @@ void NomeMod::LancerCreation() {
   }
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::Posmod(contexte_, options); });
+  services_.Lancer([&](const Contexte&) { fin = modalities::CreerModalites(contexte_, passe, Rapport()); });
   if (fin == Fin::Arret) return;
+  if (faits_.Cree()) faits_.passes.push_back(passe);
+  else faits_.passes = {passe};
   const modalities::EtatNomeMod creees = modalities::LireModalitesCreees(contexte_);
   modalities::AjouterModalites(modalites_, creees.modalites);
   MontrerModalites();
-  ui_->TextMsg->setPlainText(creees.message.empty() ? VersQt(modalities::GuideDeLaCreation())
-                                                    : EnUnTexte(creees.message));
+  const std::string depassee = modalities::PhraseDeTableDepassee(contexte_);
+  QString guide = creees.message.empty() ? VersQt(modalities::GuideDeLaCreation()) : EnUnTexte(creees.message);
+  if (!depassee.empty()) guide.prepend(VersQt(depassee) + QStringLiteral("\n\n"));
+  ui_->TextMsg->setPlainText(guide);
 }
 
 void NomeMod::OuvrirModification() {
@@ -123,7 +143,7 @@ void NomeMod::Sauver() {
 void NomeMod::Enregistrer() {
   if (!edition_->Ranger()) return;
   Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomeMod(contexte_, modalites_); });
+  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomeMod(contexte_, modalites_, Rapport()); });
   if (fin == Fin::Normale) accept();
 }
 

@@ -32,8 +32,11 @@ class NomeMod : public Forme {
   void MontrerModalites();
   void Sauver();
   void Enregistrer();
+  void RetenirIntitule(std::string_view nom, const std::string& intitule);
+  modalities::RapportNomeMod Rapport() const;
 
   modalities::ChoixPrepare prepare_;
+  modalities::OptionsNomeMod faits_;  // the creations and the labels since the form was opened
   std::vector<modalities::ModaliteNommee> modalites_;
   std::unique_ptr<Ui::NomeMod> ui_;
   EditionListe* edition_ = nullptr;

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
+#include "modalities/edition/nomquest_options.h"
 #include "ui_nomquest.h"
 
 namespace quelvar::forms {
@@ -28,6 +30,15 @@ NomQuest::NomQuest(Services& services)
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomQuest::Enregistrer);
   RelierQuitter(*ui_->BoutQuitter);
   AuDepart(modalities::AbandonnerEdition);
+  ouverts_ = etat_.questions;
+  RelierCommande(*ui_->BoutEnreg, modalities::DescriptionNomQuest(), contexte_, [this] {
+    edition_->Ranger();
+    modalities::OptionsNomQuest options;
+    for (std::size_t i = 0; i < etat_.questions.size(); ++i)
+      if (etat_.questions[i].intitule != ouverts_[i].intitule)
+        options.intitules.emplace_back(Rogner(etat_.questions[i].nom), etat_.questions[i].intitule);
+    return options;
+  });
   MontrerMessage(EnUnTexte(etat_.message));
   for (QPushButton* bouton : {ui_->BoutSuivant, ui_->BoutSauve, ui_->BoutEnreg})
     bouton->setEnabled(etat_.message.empty());

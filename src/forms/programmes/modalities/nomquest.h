@@ -27,6 +27,7 @@ class NomQuest : public Forme {
   void Enregistrer();
 
   modalities::EtatNomQuest etat_;
+  std::vector<modalities::NomDeQuestion> ouverts_;  // as the file was read
   std::unique_ptr<Ui::NomQuest> ui_;
   EditionListe* edition_ = nullptr;
 };

@@ -5,7 +5,9 @@
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "forms/cadre/dialogue_qt.h"
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "sorts/preparation/preprecod_options.h"
 #include "ui_preprecod.h"
 
 namespace quelvar::forms {
@@ -36,7 +38,7 @@ void Relever(QRadioButton& bouton) {
 }  // namespace
 
 PrepRecod::PrepRecod(Services& services, sorts::EtatPrepRecod etat)
-    : Forme(services), etat_(std::move(etat)), ui_(std::make_unique<Ui::PrepRecod>()) {
+    : Forme(services), etat_(std::move(etat)), ouvert_(etat_), ui_(std::make_unique<Ui::PrepRecod>()) {
   ui_->setupUi(this);
   setWindowTitle(VersQt(sorts::kTitrePrepRecod));
   const QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -54,6 +56,8 @@ PrepRecod::PrepRecod(Services& services, sorts::EtatPrepRecod etat)
   RelierAides();
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &PrepRecod::Enregistrer);
   RelierQuitter(*ui_->BoutQuitter);
+  RelierCommande(*ui_->BoutEnreg, sorts::DescriptionPrepRecod(), contexte_,
+                 [this] { return sorts::OptionsDeLEtat(ouvert_, EtatAEnregistrer()); });
   MontrerQuestion();
   Montrer();
   ui_->ListPos->setFocus();
@@ -258,6 +262,15 @@ bool PrepRecod::ATravail() const {
 // The VIT as it stands in its editor.
 void PrepRecod::ReprendreLeTexte(sorts::EtatPrepRecod& etat) const {
   if (!ui_->TextVIT->isReadOnly()) sorts::ReprendreTexteVit(etat, DepuisQt(ui_->TextVIT->toPlainText()));
+}
+
+// What is typed and shown taken in, as far as it is right.
+sorts::EtatPrepRecod PrepRecod::EtatAEnregistrer() const {
+  sorts::EtatPrepRecod etat = etat_;
+  if (RegleTapee()) sorts::ValiderRegle(etat, DepuisQt(ui_->TextMod->text()));
+  ReprendreLeTexte(etat);
+  sorts::ValiderLAffiche(etat);
+  return etat;
 }
 
 bool PrepRecod::ValiderLaRegle() {

@@ -41,7 +41,10 @@ class PrepRecod : public Forme {
   void EffacerVit();
   void Enregistrer();
 
+  sorts::EtatPrepRecod EtatAEnregistrer() const;
+
   sorts::EtatPrepRecod etat_;
+  const sorts::EtatPrepRecod ouvert_;  // as the file was read
   std::unique_ptr<Ui::PrepRecod> ui_;
 };
 

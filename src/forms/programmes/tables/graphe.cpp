@@ -2,7 +2,9 @@
 
 #include "forms/images/rendudessin.h"
 #include "forms/images/sortiesdessin.h"
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "tables/triangle/triang_options.h"
 #include "ui_graphe.h"
 
 namespace quelvar::forms {
@@ -28,6 +30,11 @@ Graphe::Graphe(Services& services, tables::FichierTrg trg)
   RelierTailles();
   RelierSorties(*this, services_, *ui_->Pict2, contexte_, "Trg",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
+  QPushButton& commande = AjouterVoirLaCommande(*ui_->BoutonQuitter, [this] {
+    return CommandeEquivalente(tables::DescriptionTriang(), contexte_.generique, contexte_.niveau,
+                               tables::OptionsDuTriangle(etat_));
+  });
+  setTabOrder(ui_->BoutonEnregSous, &commande);
   RelierAide(*ui_->BoutAide, "mnuATriang");
   RelierQuitter(*ui_->BoutonQuitter);
   AuDepart(tables::TerminerTriang);

@@ -1,7 +1,8 @@
 #include "forms/programmes/utilities/exportcsv.h"
 
+#include "forms/pieces/commande.h"
 #include "ui_exportcsv.h"
-#include "utilities/exportcsv.h"
+#include "utilities/options.h"
 
 namespace quelvar::forms {
 
@@ -15,15 +16,19 @@ ExportCsv::ExportCsv(Services& services) : Forme(services), ui_(std::make_unique
   ui_->OptCodes->setChecked(defaut.codes);
   ui_->OptIntitules->setChecked(!defaut.codes);
   connect(ui_->Lancer, &QPushButton::clicked, this, &ExportCsv::Exporter);
+  RelierCommande(*ui_->Lancer, utilities::DescriptionExportCsv(), contexte_, [this] { return Options(); });
   RelierAide(*ui_->BoutAide, "mnuAUtilitaires");
   RelierQuitter(*ui_->Annuler);
 }
 
 ExportCsv::~ExportCsv() = default;
 
+utilities::OptionsExportCsv ExportCsv::Options() const {
+  return {ui_->OptTab->isChecked(), ui_->OptUtf8->isChecked(), ui_->OptCodes->isChecked()};
+}
+
 void ExportCsv::Exporter() {
-  const utilities::OptionsExportCsv options{ui_->OptTab->isChecked(), ui_->OptUtf8->isChecked(),
-                                            ui_->OptCodes->isChecked()};
+  const utilities::OptionsExportCsv options = Options();
   Fin fin = Fin::Arret;
   services_.Lancer([&](const Contexte&) { fin = utilities::ExporterCsv(contexte_, options); });
   if (fin == Fin::Normale) accept();

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "forms/cadre/services.h"
+#include "utilities/exportcsv.h"
 
 namespace Ui {
 class ExportCsv;
@@ -18,6 +19,7 @@ class ExportCsv : public Forme {
   ~ExportCsv() override;
 
  private:
+  utilities::OptionsExportCsv Options() const;
   void Exporter();
 
   std::unique_ptr<Ui::ExportCsv> ui_;

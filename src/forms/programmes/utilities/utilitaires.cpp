@@ -2,15 +2,13 @@
 
 #include <QFileDialog>
 
+#include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
-#include "tables/ecapem.h"
+#include "tables/ecapem_options.h"
 #include "ui_utilitaires.h"
 #include "utilities/caracteres.h"
-#include "utilities/exportation.h"
-#include "utilities/fusion.h"
 #include "utilities/gendat.h"
-#include "utilities/inversion.h"
-#include "utilities/trifichier.h"
+#include "utilities/options.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::forms {
@@ -72,6 +70,7 @@ Utilitaires::Utilitaires(Services& services) : Forme(services), ui_(std::make_un
   ui_->OptTri->setChecked(true);
   RelierFichiers();
   connect(ui_->Lancer, &QPushButton::clicked, this, &Utilitaires::LancerChoix);
+  AjouterVoirLaCommande(*ui_->Lancer, [this] { return Commande(); });
   RelierAide(*ui_->BoutAide, "mnuAUtilitaires");
   RelierQuitter(*ui_->Annuler);
   MontrerChoix();
@@ -163,7 +162,7 @@ void Utilitaires::LancerChoix() {
   LancerEcapem();
 }
 
-void Utilitaires::LancerTri() {
+utilities::OptionsTriFichier Utilitaires::OptionsDuTri() const {
   utilities::OptionsTriFichier options;
   options.fichierA = a_;
   options.fichierC = c_;
@@ -171,30 +170,14 @@ void Utilitaires::LancerTri() {
   options.largeur = Saisi(*ui_->TextLargTri);
   options.sens = ui_->Croissant->isChecked() ? utilities::SensDeTri::Croissant : utilities::SensDeTri::Decroissant;
   options.rogner = ui_->CheckTrim->isChecked();
-  if (a_.empty() || c_.empty()) {
-    Complet(utilities::RefusDeTrier(options));
-    return;
-  }
-  if (utilities::MemeFichier(contexte_, a_, c_) &&
-      services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
-    return;
-  if (Complet(utilities::RefusDeTrier(options))) Executer([&] { return utilities::TriFichier(contexte_, options); });
+  return options;
 }
 
-void Utilitaires::LancerExport() {
-  const utilities::OptionsExportation options{a_, c_, Saisi(*ui_->TextDebut), Saisi(*ui_->TextFin),
-                                              ui_->OptExport2->isChecked()};
-  if (Complet(utilities::ManqueExportation(contexte_, options)))
-    Executer([&] { return utilities::Exporter(contexte_, options); });
+utilities::OptionsExportation Utilitaires::OptionsDeLExport() const {
+  return {a_, c_, Saisi(*ui_->TextDebut), Saisi(*ui_->TextFin), ui_->OptExport2->isChecked()};
 }
 
-void Utilitaires::LancerListage() {
-  const utilities::OptionsCaracteres options{a_};
-  if (Complet(utilities::ManqueCaracteres(contexte_, options)))
-    Executer([&] { return utilities::ListerCaracteres(contexte_, options); });
-}
-
-void Utilitaires::LancerFusion() {
+utilities::OptionsFusion Utilitaires::OptionsDeLaFusion() const {
   utilities::OptionsFusion options;
   options.a = a_;
   options.b = b_;
@@ -208,6 +191,57 @@ void Utilitaires::LancerFusion() {
   options.positionA = Saisi(*ui_->TextPosA);
   options.positionB = Saisi(*ui_->TextPosB);
   options.largeur = Saisi(*ui_->TextLarg);
+  return options;
+}
+
+tables::OptionsEcapem Utilitaires::OptionsDEcapem() const {
+  tables::OptionsEcapem options;
+  options.intitules = !ui_->OptNoms->isChecked() || ui_->OptDefaut->isChecked() ? tables::ModeIntitules::Longs
+                      : ui_->OptCour->isChecked()                               ? tables::ModeIntitules::Courts
+                                                  : tables::ModeIntitules::QuatreCaracteres;
+  return options;
+}
+
+std::string Utilitaires::Commande() const {
+  const auto ligne = [this](const auto& programme, const auto& options) {
+    return CommandeEquivalente(programme, contexte_.generique, contexte_.niveau, options);
+  };
+  if (ui_->OptTri->isChecked()) return ligne(utilities::DescriptionTri(), OptionsDuTri());
+  if (ui_->OptExport->isChecked()) return ligne(utilities::DescriptionExporter(), OptionsDeLExport());
+  if (ui_->OptHexDump->isChecked()) return ligne(utilities::DescriptionCaracteres(), utilities::OptionsCaracteres{a_});
+  if (ui_->OptFusion->isChecked()) return ligne(utilities::DescriptionFusionner(), OptionsDeLaFusion());
+  if (ui_->OptGendat->isChecked()) return ligne(utilities::DescriptionGendat(), utilities::OptionsGendat{});
+  if (ui_->OptInvers->isChecked())
+    return ligne(utilities::DescriptionInversion(), utilities::OptionsInversion{ui_->CheckTrg->isChecked(), nullptr});
+  return ligne(tables::DescriptionEcapem(), OptionsDEcapem());
+}
+
+void Utilitaires::LancerTri() {
+  const utilities::OptionsTriFichier options = OptionsDuTri();
+  if (a_.empty() || c_.empty()) {
+    Complet(utilities::RefusDeTrier(options));
+    return;
+  }
+  if (utilities::MemeFichier(contexte_, a_, c_) &&
+      services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
+    return;
+  if (Complet(utilities::RefusDeTrier(options))) Executer([&] { return utilities::TriFichier(contexte_, options); });
+}
+
+void Utilitaires::LancerExport() {
+  const utilities::OptionsExportation options = OptionsDeLExport();
+  if (Complet(utilities::ManqueExportation(contexte_, options)))
+    Executer([&] { return utilities::Exporter(contexte_, options); });
+}
+
+void Utilitaires::LancerListage() {
+  const utilities::OptionsCaracteres options{a_};
+  if (Complet(utilities::ManqueCaracteres(contexte_, options)))
+    Executer([&] { return utilities::ListerCaracteres(contexte_, options); });
+}
+
+void Utilitaires::LancerFusion() {
+  const utilities::OptionsFusion options = OptionsDeLaFusion();
   if (Complet(utilities::ManqueFusion(contexte_, options)))
     Executer([&] { return utilities::Fusionner(contexte_, options); });
 }
@@ -231,11 +265,7 @@ void Utilitaires::LancerInversion() {
 }
 
 void Utilitaires::LancerEcapem() {
-  tables::OptionsEcapem options;
-  options.intitules = !ui_->OptNoms->isChecked() || ui_->OptDefaut->isChecked() ? tables::ModeIntitules::Longs
-                      : ui_->OptCour->isChecked()                               ? tables::ModeIntitules::Courts
-                                                  : tables::ModeIntitules::QuatreCaracteres;
-  Executer([&] { return tables::Ecapem(contexte_, options); });
+  Executer([&] { return tables::Ecapem(contexte_, OptionsDEcapem()); });
 }
 
 void OuvrirUtilitaires(Services& services) {

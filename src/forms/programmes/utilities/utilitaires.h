@@ -5,6 +5,11 @@
 #include <string>
 
 #include "forms/cadre/services.h"
+#include "tables/ecapem.h"
+#include "utilities/exportation.h"
+#include "utilities/fusion.h"
+#include "utilities/inversion.h"
+#include "utilities/trifichier.h"
 
 namespace Ui {
 class Utilitaires;
@@ -24,6 +29,13 @@ class Utilitaires : public Forme {
   void ChoisirEntree(std::string& fichier, const QString& titre);
   void ChoisirResultat();
   void MontrerFichiers();
+
+  utilities::OptionsTriFichier OptionsDuTri() const;
+  utilities::OptionsExportation OptionsDeLExport() const;
+  utilities::OptionsFusion OptionsDeLaFusion() const;
+  tables::OptionsEcapem OptionsDEcapem() const;
+  // The line of quelvar-batch for the utility that is chosen.
+  std::string Commande() const;
 
   void LancerChoix();
   void LancerTri();

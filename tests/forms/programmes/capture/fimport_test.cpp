@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 
 #include "forms/pilote.h"
+#include "forms/programmes/capture/import/sourceimport.h"
 
 using namespace quelvar::forms;
 
@@ -28,8 +29,11 @@ QString Aide(FImport& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextA
 
 TEST(FImport, SansSource) {
   BureauEnq bureau(2);
+  bureau.Ecrire("autre.csv", "SEX\r\n1\r\n");
   bureau.Ouvrir();
-  FImport& forme = bureau.Demander<FImport>("mnuImport");
+  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
+  ASSERT_NE(bureau.Forme<FImport>(), nullptr);
+  FImport& forme = *bureau.Forme<FImport>();
   EXPECT_EQ(Aide(forme),
             "Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
             "l'absence de fichiers.\nAnnulez ou prenez l'option d'importation d'un tableau de Burt.\n");
@@ -44,18 +48,26 @@ TEST(FImport, SansSource) {
                                         "Vous devez définir le fichier Burt issu de SAS"}));
   EXPECT_FALSE(bureau.Existe("ENQ.IMP")) << "nothing was launched";
   bureau.Menu("mnuNiv1");
-  bureau.Menu("mnuImport");
+  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
   EXPECT_FALSE(Bureau::Dans<QWidget>(*bureau.Forme<FImport>(), "FrOptions").isVisible());
 }
 
 TEST(FImport, DonneesSeules) {
   BureauEnq bureau(1);
   bureau.Ecrire("ENQ.DAT", "12\r\n31\r\n");
+  bureau.Ecrire("ENQ.IMP", "un ancien rapport\r\n");
   bureau.Ouvrir();
   FImport& forme = bureau.Demander<FImport>("mnuImport");
-  EXPECT_EQ(Etiquette(forme, "LabelDBF") + Etiquette(forme, "LabelDAT") + Etiquette(forme, "LabelPOS") +
-                Etiquette(forme, "LabelBRT"),
-            "AbsentPrésentAbsentAbsent");
+  const auto presence = [&] {
+    QString presents;
+    for (const char* nom : {"DBF", "DAT", "POS", "BRT", "CSV", "TXT", "IMP"}) {
+      const QString dit = Etiquette(forme, ("Label" + std::string(nom)).c_str());
+      EXPECT_TRUE(dit == "Présent" || dit == "Absent") << nom;
+      if (dit == "Présent") presents += QString::fromLatin1(nom) + u' ';
+    }
+    return presents;
+  };
+  EXPECT_EQ(presence(), "DAT IMP ");
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau.Forme<FImport>(), nullptr);
   EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 2 \r\n001   1 3\r\n002   2 2\r\n");
@@ -67,7 +79,9 @@ TEST(FImport, TableauDeBurt) {
   BureauEnq bureau(2);
   bureau.Ecrire("sas.txt", "SEX1Homme 4 0\r\nSEX2Femme 0 6\r\n");
   bureau.Ouvrir();
-  FImport& forme = bureau.Demander<FImport>("mnuImport");
+  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
+  ASSERT_NE(bureau.Forme<FImport>(), nullptr);
+  FImport& forme = *bureau.Forme<FImport>();
   Cliquer(forme, {"CheckBRT", "OptUtil"});
   EXPECT_TRUE(
       Aide(forme).contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"

@@ -227,8 +227,26 @@ TEST_F(FormesDesModalites, CreerDesModalitesPuisLesNommer) {
   EXPECT_TRUE(guide.toPlainText().startsWith("Option B : la liste de toutes les modalités"));
   EXPECT_EQ(Lignes(forme, "ListRecap"), (QStringList{"CSP0   NonRéponse", "CSP1   Cadre"})) << "what was typed";
   Cliquer(forme, "BoutEnreg");
-  EXPECT_EQ(bureau_.Texte(), "Les intitulés des questions ont été sauvegardés\n");
+  const QString rapport = bureau_.Texte();
+  EXPECT_TRUE(rapport.startsWith("          QUELVAR Version 5.3")) << rapport.toStdString();
+  EXPECT_TRUE(
+      rapport.endsWith("Il y a  3  individus\n\nFin normale du programme\n\nFin normale du programme\n"
+                       "Les intitulés des questions ont été sauvegardés\n"))
+      << rapport.toStdString();
   EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n BRT=2 FMT=0 \r\nCSP0   NonRéponse\r\nCSP1   Cadre\r\n**\r\n"_w);
+}
+
+TEST_F(FormesDesModalites, UnTableauQuiNEstPlusCeluiDesModalitesEstDit) {
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1 \r\nSEX0 S \r\nSEX1 S Homme\r\nSEX2   \r\n");
+  bureau_.Ecrire("ENQ.BRT", "SEX0000\r\nSEX1020\r\nSEX2001\r\n");
+  auto& forme = Ouvrir<NomeMod>("mnuNomMod");
+  auto& guide = Bureau::Dans<QPlainTextEdit>(forme, "TextMsg");
+  Cliquer(forme, "BoutLancer");
+  EXPECT_TRUE(guide.toPlainText().startsWith("Cliquez maintenant"));
+  EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n BRT=3 FMT=1 \r\nSEX0 S \r\nSEX1 S Homme\r\nSEX2   \r\n**\r\n");
+  CliquerLigne(forme, "ListQuest", 0);
+  Cliquer(forme, {"BoutPlus", "BoutLancer"});
+  EXPECT_TRUE(guide.toPlainText().startsWith("Le tableau ENQ.BRT n'est plus celui des modalités de ENQ.MOD"));
 }
 
 TEST_F(FormesDesModalites, LOptionBEstDuNiveauDeux) {

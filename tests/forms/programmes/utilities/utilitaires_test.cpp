@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "forms/images/fenetredessin.h"
 #include "forms/images/vuedessin.h"
 #include "forms/pilote.h"
 #include "forms/programmes/factor/profilmod.h"
@@ -97,9 +98,9 @@ TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {
   Cliquer(forme, "BoutEnreg");
   EXPECT_TRUE(bureau_.Texte().contains("\nProfil de la modalité SEX2 femmes\n"));
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.MOD")).contains("LIGN=2 COL=4 LA=2  MOD=AGE1~SEX2\r\n"));
-  auto* image = bureau_.Forme<ImageProfil>();
+  auto* image = bureau_.Forme<FenetreDessin>();
   ASSERT_NE(image, nullptr);
-  EXPECT_EQ(Bureau::Dans<QComboBox>(*image, "ListProfils").count(), 2);
+  EXPECT_EQ(Bureau::Dans<QComboBox>(*image, "ListPages").count(), 2);
   EXPECT_FALSE(Bureau::Dans<VueDessin>(*image, "Pict2").Contenu().Formes().empty());
 }
 

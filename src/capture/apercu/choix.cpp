@@ -1,0 +1,317 @@
+#include "capture/apercu/choix.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "capture/apercu/octets/cellule.h"
+#include "capture/nomscourts.h"
+#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr int kGroupesProposes = 5;
+constexpr std::size_t kCodesDeTextes = 99;  // last code that has a modality
+
+bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
+  return std::ranges::find(textes, texte) != textes.end();
+}
+
+// The title without what tells one answer from another: "q3_1", "q3[SQ001]", "Loisirs [Sport]" give "q3", "q3",
+// "Loisirs". Empty for a title that has no such end.
+std::string_view Racine(std::string_view intitule) {
+  if (intitule.ends_with(']')) {
+    const std::size_t debut = intitule.rfind('[');
+    return debut == std::string_view::npos ? std::string_view{} : Rogner(intitule.substr(0, debut));
+  }
+  std::size_t fin = intitule.size();
+  while (fin > 0 && intitule[fin - 1] >= '0' && intitule[fin - 1] <= '9') --fin;
+  if (fin == intitule.size() || fin < 2) return {};
+  constexpr std::string_view kSous = "SQ";
+  std::string_view racine = intitule.substr(0, fin);
+  if (racine.ends_with(kSous)) racine.remove_suffix(kSous.size());
+  if (racine.size() < 2 || (racine.back() != '_' && racine.back() != '.' && racine.back() != '-')) return {};
+  return racine.substr(0, racine.size() - 1);
+}
+
+bool EstMot(std::string_view texte, std::initializer_list<std::string_view> mots) {
+  const std::string petit = Minuscules(texte);
+  return std::ranges::find(mots, std::string_view(petit)) != mots.end();
+}
+bool EstOui(std::string_view texte) {
+  return EstMot(texte, {"oui", "yes", "y", "o", "x", "vrai", "true", "coché"_w, "checked", "selected", "sélectionné"_w,
+                        "quoted", "1"});
+}
+bool EstNon(std::string_view texte) {
+  return EstMot(texte, {"non", "no", "n", "faux", "false", "non coché"_w, "unchecked", "not selected",
+                        "non sélectionné"_w, "not quoted", "0"});
+}
+
+// "q2[other]", "Transports [Autre]": what was typed beside the answers.
+bool EstAutre(std::string_view intitule) {
+  const std::size_t crochet = intitule.rfind('[');
+  if (crochet == std::string_view::npos) return false;
+  const std::string fin = Minuscules(intitule.substr(crochet + 1));
+  return fin.starts_with("other") || fin.starts_with("autre") || fin.starts_with("comment");
+}
+
+// A column that may be one answer of a question with several: yes or no, or its own label where it was ticked.
+bool EstUneReponse(const FaitsDeColonne& colonne) {
+  if (colonne.contenu == Contenu::Vide) return true;
+  const auto ouiOuNon = [](const ValeurComptee& v) { return EstOui(v.valeur) || EstNon(v.valeur); };
+  if (colonne.contenu != Contenu::Textes && colonne.contenu != Contenu::Codes) return false;
+  if (std::ranges::all_of(colonne.valeurs, ouiOuNon)) return !colonne.valeurs.empty();
+  return colonne.contenu == Contenu::Textes && colonne.valeurs.size() == 1 && colonne.vides > 0 &&
+         !EstAutre(colonne.intitule);
+}
+
+// Columns of one stem whose cells are ticks become questions of 1 and 0.
+void ProposerReponses(const std::vector<FaitsDeColonne>& colonnes, std::vector<ChoixDeColonne>& choix) {
+  std::map<std::string_view, std::vector<std::size_t>> groupes;
+  for (std::size_t j = 0; j < colonnes.size(); ++j)
+    if (const std::string_view racine = Racine(colonnes[j].intitule); !racine.empty()) groupes[racine].push_back(j);
+  for (const auto& groupe : groupes) {
+    std::vector<std::size_t> reponses;
+    for (const std::size_t j : groupe.second)
+      if (EstUneReponse(colonnes[j])) reponses.push_back(j);
+    const auto enTextes = [&](std::size_t j) { return colonnes[j].contenu == Contenu::Textes; };
+    if (reponses.size() < 2 || std::ranges::none_of(reponses, enTextes)) continue;
+    for (const std::size_t j : reponses) {
+      choix[j].genre = Genre::Multiple;
+      choix[j].reponses.clear();
+      for (const ValeurComptee& valeur : colonnes[j].valeurs)
+        if (!EstNon(valeur.valeur)) choix[j].reponses.push_back(valeur.valeur);
+    }
+  }
+}
+
+Genre GenrePropose(const FaitsDeColonne& colonne) {
+  switch (colonne.contenu) {
+    case Contenu::Numero: return Genre::Numero;
+    case Contenu::Codes: return Genre::Codes;
+    case Contenu::Nombres: return Genre::Nombres;
+    case Contenu::Textes: return Genre::Textes;
+    case Contenu::TextesLongs: return Genre::Longs;
+    case Contenu::Listes: return Genre::Multiple;
+    case Contenu::Melange: return colonne.avecDecimales > 0 ? Genre::Nombres : Genre::Codes;
+    case Contenu::Vide:
+    case Contenu::Dates:
+    case Contenu::TextesUniques: break;
+  }
+  return Genre::Ecartee;
+}
+
+bool DonneUnNom(const ChoixDeColonne& choix, bool nombres) {
+  if (choix.genre == Genre::Nombres) return nombres;
+  return !nombres && (choix.genre == Genre::Codes || choix.genre == Genre::Textes || choix.genre == Genre::Classes ||
+                      choix.genre == Genre::Multiple);
+}
+
+// Codes that are all 0 make no question and take no name; `colonnes` tells which, when it is known.
+void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<FaitsDeColonne>* colonnes) {
+  std::vector<std::size_t> rangs;
+  std::vector<std::string> intitules;
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    if (!DonneUnNom(choix[j], nombres)) continue;
+    if (colonnes != nullptr && choix[j].genre == Genre::Codes && (*colonnes)[j].maximum <= 0) continue;
+    rangs.push_back(j);
+    intitules.push_back(choix[j].nom.empty() ? choix[j].intitule : choix[j].nom);
+  }
+  const std::vector<NomCourt> noms = NomsCourts(intitules);
+  for (std::size_t i = 0; i < rangs.size(); ++i) choix[rangs[i]].nom = noms[i].nom;
+}
+
+std::string Cellule(const FaitsDeColonne& colonne, std::size_t numero, const CelluleFautive& cellule, Texte raison) {
+  return Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", ligne ", Nombre(cellule.ligne),
+                  " : \"", cellule.valeur, "\" ", raison});
+}
+
+// Faulty cells that the choice does not count as 0.
+void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::size_t numero,
+                     std::vector<std::string>& refus) {
+  const std::size_t avant = refus.size();
+  for (const CelluleFautive& cellule : colonne.fautives) {
+    if (EstParmi(choix.nonReponses, cellule.valeur)) continue;
+    refus.push_back(Cellule(
+        colonne, numero, cellule,
+        choix.genre == Genre::Codes ? std::string_view("n'est pas un code") : std::string_view("n'est pas un nombre")));
+  }
+  const auto gardees = static_cast<std::int64_t>(colonne.fautives.size());
+  if (refus.size() > avant && colonne.fautes > gardees)
+    refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", et ",
+                             Nombre(colonne.fautes - gardees), " autres cellules"}));
+}
+
+// Faulty cells that the choice does not count as 0; those that are not kept count.
+std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  const auto admises = std::ranges::count_if(
+      colonne.fautives, [&](const CelluleFautive& c) { return EstParmi(choix.nonReponses, c.valeur); });
+  return colonne.fautes - admises;
+}
+
+std::int64_t TextesACoder(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  std::int64_t nombre = 0;
+  for (const ValeurComptee& valeur : colonne.valeurs)
+    if (!EstParmi(choix.nonReponses, valeur.valeur)) ++nombre;
+  return colonne.valeurs.empty() ? colonne.differentes : nombre;
+}
+
+std::string DevenirTextes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  std::string phrase = Joindre({Nombre(TextesACoder(choix, colonne)), " textes deviennent des codes, "});
+  phrase += choix.ordre == Ordre::Alphabetique ? std::string("dans l'ordre alphabétique"_w)
+            : choix.ordre == Ordre::Frequence  ? Joindre({"du plus fréquent au plus rare"_w})
+                                               : Joindre({"dans l'ordre donné"_w});
+  return Joindre({phrase, ", avec leurs intitulés"_w});
+}
+
+}  // namespace
+
+std::string_view NomGenre(Genre genre) {
+  switch (genre) {
+    case Genre::Codes: return "codes";
+    case Genre::Textes: return "textes";
+    case Genre::Classes: return "classes";
+    case Genre::Nombres: return "nombres";
+    case Genre::Multiple: return "multiple";
+    case Genre::Longs: return "longs";
+    case Genre::Numero: return "numero";
+    case Genre::Ecartee: return "ecartee";
+  }
+  return {};
+}
+
+std::string_view LibelleGenre(Genre genre) {
+  switch (genre) {
+    case Genre::Codes: return "codes";
+    case Genre::Textes: return "textes en codes";
+    case Genre::Classes: return "nombres en classes";
+    case Genre::Nombres: return "nombres gardés"_w;
+    case Genre::Multiple: return "réponses multiples"_w;
+    case Genre::Longs: return "textes longs";
+    case Genre::Numero: return "numéro de l'individu"_w;
+    case Genre::Ecartee: return "laissée de côté"_w;
+  }
+  return {};
+}
+
+std::vector<ChoixDeColonne> ProposerChoix(const std::vector<FaitsDeColonne>& colonnes) {
+  std::vector<ChoixDeColonne> choix;
+  for (const FaitsDeColonne& colonne : colonnes) {
+    ChoixDeColonne propose;
+    propose.intitule = colonne.intitule;
+    choix.push_back(ProposerGenre(colonne, propose, GenrePropose(colonne)));
+  }
+  ProposerReponses(colonnes, choix);
+  Nommer(choix, false, &colonnes);
+  Nommer(choix, true, &colonnes);
+  return choix;
+}
+
+ChoixDeColonne ProposerGenre(const FaitsDeColonne& colonne, const ChoixDeColonne& actuel, Genre genre) {
+  ChoixDeColonne choix;
+  choix.intitule = actuel.intitule;
+  choix.nom = actuel.nom;
+  choix.genre = genre;
+  choix.nonReponses = actuel.nonReponses;
+  if (colonne.nonReponses > 0 && choix.nonReponses.empty()) choix.nonReponses.emplace_back(kNonReponse);
+  if (genre == Genre::Classes) choix.groupes = kGroupesProposes;
+  if (genre == Genre::Multiple) {
+    choix.liste = colonne.liste;
+    if (colonne.liste == '\0')
+      for (const ValeurComptee& valeur : colonne.valeurs)
+        if (!EstNon(valeur.valeur)) choix.reponses.push_back(valeur.valeur);
+  }
+  if (genre == Genre::Numero || genre == Genre::Ecartee || genre == Genre::Longs) choix.nom.clear();
+  return choix;
+}
+
+std::vector<Genre> GenresPossibles(const FaitsDeColonne& colonne) {
+  const Genre propose = GenrePropose(colonne);
+  std::vector<Genre> genres = {propose};
+  const auto ajouter = [&](Genre genre) {
+    if (std::ranges::find(genres, genre) == genres.end()) genres.push_back(genre);
+  };
+  const Contenu contenu = colonne.contenu;
+  const bool nombres = contenu == Contenu::Codes || contenu == Contenu::Nombres || contenu == Contenu::Numero ||
+                       contenu == Contenu::Melange;
+  if (nombres) {
+    if (colonne.avecDecimales == 0) ajouter(Genre::Codes);
+    ajouter(Genre::Classes);
+    ajouter(Genre::Nombres);
+  }
+  if (contenu != Contenu::Vide) {
+    if (!colonne.valeurs.empty() && colonne.valeurs.size() <= kCodesDeTextes) {
+      ajouter(Genre::Textes);
+      ajouter(Genre::Multiple);
+    }
+    ajouter(Genre::Longs);
+    ajouter(Genre::Numero);
+  }
+  ajouter(Genre::Ecartee);
+  return genres;
+}
+
+void NommerChoix(std::vector<ChoixDeColonne>& choix) {
+  Nommer(choix, false, nullptr);
+  Nommer(choix, true, nullptr);
+}
+
+std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
+                                       const std::vector<FaitsDeColonne>& colonnes) {
+  std::vector<std::string> refus;
+  for (std::size_t j = 0; j < std::min(choix.size(), colonnes.size()); ++j) {
+    const FaitsDeColonne& colonne = colonnes[j];
+    const bool enNombres =
+        choix[j].genre == Genre::Codes || choix[j].genre == Genre::Classes || choix[j].genre == Genre::Nombres;
+    if (enNombres) RefuserCellules(choix[j], colonne, j + 1, refus);
+    if (choix[j].genre == Genre::Textes && TextesACoder(choix[j], colonne) > static_cast<std::int64_t>(kCodesDeTextes))
+      refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule, ", ",
+                               Nombre(TextesACoder(choix[j], colonne)), " textes différents pour 99 codes"_w}));
+  }
+  return refus;
+}
+
+std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  switch (choix.genre) {
+    case Genre::Codes:
+      if (FautesRestantes(choix, colonne) > 0)
+        return Joindre(
+            {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des codes : l'import s'arrête"_w});
+      return "codes repris tels quels";
+    case Genre::Textes: return DevenirTextes(choix, colonne);
+    case Genre::Classes:
+      return choix.bornes.empty()
+                 ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
+                 : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});
+    case Genre::Nombres:
+      if (FautesRestantes(choix, colonne) > 0)
+        return Joindre(
+            {Nombre(FautesRestantes(choix, colonne)), " cellules ne sont pas des nombres : l'import s'arrête"_w});
+      return Joindre({"nombres gardés tels quels, sous le générique suivi de N"_w});
+    case Genre::Multiple:
+      return choix.liste != '\0'
+                 ? Joindre({"une question de 1 et 0 pour chacune des ", Nombre(colonne.elements.size()), " réponses"_w})
+                 : Joindre({"une question : 1 pour la réponse, 0 sans elle"_w});
+    case Genre::Longs: return Joindre({"textes mis dans le fichier .TXT, pour le découpage en mots"_w});
+    case Genre::Numero: return Joindre({"numéro de l'individu : dans .DAT, pas dans .POS"_w});
+    case Genre::Ecartee:
+      switch (colonne.contenu) {
+        case Contenu::Vide: return Joindre({"vide : laissée de côté"_w});
+        case Contenu::Dates: return Joindre({"dates : laissée de côté"_w});
+        case Contenu::TextesUniques: return Joindre({"textes tous différents : laissée de côté"_w});
+        default: return Joindre({"laissée de côté"_w});
+      }
+  }
+  return {};
+}
+
+bool ToutEstCodes(const std::vector<ChoixDeColonne>& choix) {
+  return std::ranges::all_of(choix, [](const ChoixDeColonne& c) {
+    return c.nonReponses.empty() && (c.genre == Genre::Codes || c.genre == Genre::Numero);
+  });
+}
+
+}  // namespace quelvar::capture

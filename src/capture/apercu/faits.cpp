@@ -1,0 +1,44 @@
+#include "capture/apercu/faits.h"
+
+#include "capture/apercu/observation/examen.h"
+
+namespace quelvar::capture {
+
+std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi) {
+  LecteurDeRangees lecteur(source, lecture);
+  ExamenDeTable examen(lecture);
+  examen.LireTitres(lecteur);
+  if (!examen.LireRangees(lecteur, ExamenDeTable::kToutes, suivi)) return std::nullopt;
+  return examen.Conclure(lecteur);
+}
+
+std::optional<std::int64_t> CompterIndividus(const Chemin& source, const Lecture& lecture, const Suivi& suivi) {
+  constexpr std::int64_t kPas = 4096;
+  LecteurDeRangees lecteur(source, lecture);
+  std::string_view rangee;
+  if (lecture.ligneTitres > 0) lecteur.Lire(rangee);
+  std::int64_t individus = 0;
+  for (std::int64_t lues = 1; lecteur.Lire(rangee); ++lues) {
+    if (!lecteur.SansValeur(rangee)) ++individus;
+    if (lues % kPas == 0 && suivi && !suivi(lecteur.Octets())) return std::nullopt;
+  }
+  return individus;
+}
+
+std::string_view NomContenu(Contenu contenu) {
+  switch (contenu) {
+    case Contenu::Vide: return "vide";
+    case Contenu::Numero: return "numéro de l'individu"_w;
+    case Contenu::Codes: return "codes";
+    case Contenu::Nombres: return "nombres";
+    case Contenu::Textes: return "liste courte de textes";
+    case Contenu::TextesLongs: return "textes longs";
+    case Contenu::TextesUniques: return "textes tous différents"_w;
+    case Contenu::Listes: return "listes de réponses"_w;
+    case Contenu::Dates: return "dates";
+    case Contenu::Melange: return "mélange"_w;
+  }
+  return {};
+}
+
+}  // namespace quelvar::capture

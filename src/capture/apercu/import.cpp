@@ -1,0 +1,249 @@
+#include "capture/apercu/import.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "capture/apercu/apercu.h"
+#include "capture/apercu/imc.h"
+#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/sorties/compterendu.h"
+#include "capture/apercu/sorties/ecriture.h"
+#include "capture/apercu/sorties/modalites.h"
+#include "capture/apercu/source.h"
+#include "capture/colonnes/compterendu.h"
+#include "capture/dbase/import.h"
+#include "capture/fichiers.h"
+#include "core/fichiers/jeu.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::string_view kRienNeChange = "Arrêt du programme : rien n'est importé, les anciens fichiers restent"_w;
+
+struct Fichiers {
+  Chemin source;
+  std::string nomSource;
+  std::optional<Chemin> pos;
+  std::optional<Chemin> mod;
+  bool datPresent = false;
+};
+
+bool MemeFichier(const Chemin& a, const Chemin& b) {
+  std::error_code inconnu;
+  return std::filesystem::equivalent(a, b, inconnu);
+}
+
+std::optional<Chemin> ChercherSource(const Contexte& contexte, const OptionsImport& options) {
+  if (!options.fichier.empty()) return ChercherFichier(contexte.repertoire, options.fichier);
+  std::optional<Chemin> source = contexte.Chercher(".CSV");
+  return source ? source : contexte.Chercher(".TXT");
+}
+
+std::string NomDeSource(const Contexte& contexte, const OptionsImport& options) {
+  if (!options.fichier.empty()) return TexteDe(CheminDe(options.fichier).filename());
+  return contexte.Nom(contexte.Chercher(".CSV") ? ".CSV" : ".TXT");
+}
+
+// Stops the run when there is no source.
+Fichiers TrouverFichiers(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
+  const std::optional<Chemin> source = ChercherSource(contexte, options);
+  Fichiers fichiers;
+  fichiers.nomSource = NomDeSource(contexte, options);
+  fichiers.pos = ChercherPos(contexte);
+  fichiers.mod = contexte.Chercher(".MOD");
+  fichiers.datPresent = contexte.Chercher(".DAT").has_value();
+  if (!source) {
+    EcrireBandeau(rapport, "Compte rendu d'importation de données en CSV"_w);
+    EcrirePresence(rapport, contexte, fichiers.nomSource, {false, fichiers.datPresent, fichiers.pos.has_value()});
+  }
+  fichiers.source = *source;
+  return fichiers;
+}
+
+// What the import would write over without being told so by the account.
+void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan& plan) {
+  const auto exiger = [&](const std::string& nom, Boutons boutons) {
+    const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
+    if (!ancien || MemeFichier(*ancien, fichiers.source)) return;
+    const std::string question =
+        Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
+    if (contexte.Ecran().demander(question, boutons) != Reponse::Oui)
+      throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
+  };
+  if (!plan.longues.empty()) exiger(contexte.Nom(".TXT"), Boutons::OuiNon);
+  if (plan.nombres.empty()) return;
+  // A survey of that name is none of ours.
+  exiger(contexte.Nom("N.DAT"), Boutons::NonOui);
+  exiger(contexte.Nom("N.POS"), Boutons::NonOui);
+}
+
+void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const SourceDeTable& source,
+                  JeuDeFichiers& sorties) {
+  const std::string nom = contexte.Nom(".CSV");
+  const std::optional<Chemin> ancien = contexte.Chercher(".CSV");
+  const std::optional<Chemin> texte = contexte.Chercher(".TXT");
+  if ((ancien && MemeFichier(*ancien, fichiers.source)) || (texte && MemeFichier(*texte, fichiers.source))) return;
+  sorties.Copier(source.Texte(), nom, Nature::Refaisable);
+}
+
+// The choices as they were carried out, for the next time.
+std::vector<ChoixDeColonne> ChoixFaits(std::vector<ChoixDeColonne> choix, const Plan& plan) {
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    const ColonneLue& lue = plan.lues[j];
+    if (lue.nombre == 1 && !plan.colonnes[lue.premiere].nomCourt.empty())
+      choix[j].nom = plan.colonnes[lue.premiere].nomCourt;
+  }
+  for (const NombreGarde& nombre : plan.nombres) choix[nombre.colonne].nom = nombre.nom;
+  return choix;
+}
+
+void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::string& nom, JeuDeFichiers& sorties) {
+  const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
+  if (!ancien) return;
+  EcrireEtat(rapport, nom, " existe déjà"_w);
+  CopierLignes(*ancien, sorties.Ouvrir(NomDeSauvegarde(nom), Nature::Unique));
+  rapport.Ligne({"Il est sauvegardé sous le nom "_w, NomDeSauvegarde(nom)});
+}
+
+// The outputs of the run, all in one set.
+struct Sorties {
+  JeuDeFichiers jeu;
+  GeneriqueTenu nombres;  // the generic of the numbers, when there are any
+
+  Sorties(const Contexte& contexte, const Plan& plan)
+      : jeu(contexte.repertoire, contexte.generique),
+        nombres(plan.nombres.empty() ? GeneriqueTenu()
+                                     : GeneriqueTenu(contexte.repertoire, contexte.Nom("N"), contexte.Nom("N"))) {}
+};
+
+Bilan EcrireLesDonnees(const Contexte& contexte, const SourceDeTable& source, const Reconnaissance& table,
+                       const Plan& plan, Sorties& sorties) {
+  SortiesDeTable fichiers;
+  fichiers.dat = &sorties.jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  if (!plan.longues.empty()) fichiers.txt = &sorties.jeu.Ouvrir(contexte.Nom(".TXT"), Nature::Refaisable);
+  if (!plan.nombres.empty()) fichiers.cdg = &sorties.jeu.Ouvrir(contexte.Nom("N.CDG"), Nature::Refaisable);
+  Progression progression(contexte.Ecran(), table.faits.individus);
+  return EcrireTable(source.Texte(), table.lecture, plan, table.faits.individus, fichiers,
+                     [&] { progression.Avancer(); });
+}
+
+// Everything that stops the import, told at once.
+void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table, const Bilan& bilan) {
+  const std::vector<std::string> lignes = RefusDeTable(table.faits);
+  if (lignes.empty() && bilan.refus == 0) return;
+  rapport.Ligne();
+  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
+  EcrireRefus(rapport, bilan, table.faits, table.choix);
+  rapport.Ligne();
+  rapport.Ligne("Corrigez ces cellules, ou dites ce que deviennent ces colonnes, et relancez"_w);
+  rapport.Ligne(kRienNeChange);
+  contexte.Ecran().biper();
+  throw Erreur(kArretAnnonce);
+}
+
+void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const Plan& plan,
+                            const Reconnaissance& table, Sorties& sorties, IntitulesPerdus& perdus) {
+  EcrirePos(sorties.jeu.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte.generique, plan.colonnes,
+            table.faits.individus);
+  if (AvecIntitules(plan)) {
+    SauvegarderMod(rapport, contexte, contexte.Nom(".MOD"), sorties.jeu);
+    perdus = EcrireModalites(sorties.jeu.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, plan,
+                             fichiers.mod);
+  } else if (fichiers.mod) {
+    rapport.Ligne(
+        {"Le fichier ", contexte.Nom(".MOD"), " reste : vérifiez que ses intitulés sont ceux des codes importés"_w});
+  }
+  if (!plan.nombres.empty()) {
+    SauvegarderMod(rapport, contexte, contexte.Nom("N.MOD"), sorties.jeu);
+    EcrireVariables(sorties.jeu.Ouvrir(contexte.Nom("N.MOD"), Nature::Unique), contexte.Nom("N"), plan);
+  }
+  sorties.jeu.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(EcrireImc(ChoixFaits(table.choix, plan)));
+}
+
+void EcrireColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table,
+                               const Plan& plan, const Bilan& bilan, const IntitulesPerdus& perdus) {
+  EcrireColonnes(rapport, plan.colonnes, table.faits.colonnes.size(), false);
+  EcrireDevenir(rapport, table.choix, table.faits, plan, bilan);
+  std::vector<std::string> remarques = RemarquesDeTable(table.faits);
+  for (std::size_t j = 0; j < plan.lues.size(); ++j)
+    if (plan.lues[j].regle == Regle::Code && table.faits.colonnes[j].negatives > 0)
+      remarques.push_back(RemarqueNegatives(table.faits.colonnes[j].negatives, plan.colonnes[plan.lues[j].premiere]));
+  RemarquerNoms(remarques, plan.colonnes, plan.nomsChanges);
+  for (const std::string& remarque : RemarquesDeSorties(contexte, plan, bilan, perdus)) remarques.push_back(remarque);
+  EcrireRemarques(rapport, remarques);
+}
+
+void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
+  const Fichiers fichiers = TrouverFichiers(rapport, contexte, options);
+  EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
+                                                                    : "Compte rendu d'importation de données en CSV"_w);
+  const SourceDeTable source(fichiers.source, options.feuille, contexte.repertoire);
+  const Reconnaissance table = Reconnaitre(contexte, source, options);
+  const Plan plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
+  ExigerPlaces(contexte, fichiers, plan);
+  Sorties sorties(contexte, plan);
+  const Bilan bilan = EcrireLesDonnees(contexte, source, table, plan, sorties);
+  if (bilan.refus > 0 || !RefusDeTable(table.faits).empty()) EcrireLecture(rapport, fichiers.nomSource, table);
+  ArreterSurRefus(rapport, contexte, table, bilan);
+
+  if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties.jeu);
+  EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
+  IntitulesPerdus perdus;
+  EcrireLesDictionnaires(rapport, contexte, fichiers, plan, table, sorties, perdus);
+  CopierSource(contexte, fichiers, source, sorties.jeu);
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
+  EcrireLecture(rapport, fichiers.nomSource, table);
+  EcrireColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);
+  EcrireVerification(rapport, table.faits.individus, bilan.premieres, false);
+  sorties.jeu.Valider();
+}
+
+// The dBase import takes generic.DBF: a file of another name is copied there first.
+Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
+  const std::optional<Chemin> source = ChercherFichier(contexte.repertoire, options.fichier);
+  if (!source) {
+    return ExecuterProgramme(contexte, contexte.Nom(".IMP"), LibellesErreur{}, [&](Rapport& rapport) {
+      ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), false}}, kArretAbsence);
+    });
+  }
+  const std::optional<Chemin> ancien = contexte.Chercher(".DBF");
+  if (!ancien || !MemeFichier(*ancien, *source)) {
+    const std::string question =
+        Joindre({"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
+    if (ancien && contexte.Ecran().demander(question, Boutons::OuiNon) != Reponse::Oui) return Fin::Arret;
+    JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+    sorties.Copier(*source, contexte.Nom(".DBF"), Nature::Unique);
+    sorties.Valider();
+  }
+  return ImportDbf(contexte, {});
+}
+
+void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
+  const std::optional<Chemin> fichier = ChercherSource(contexte, options);
+  ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), fichier.has_value()}}, kArretAbsence);
+  const SourceDeTable source(*fichier, options.feuille, contexte.repertoire);
+  const Reconnaissance table = Reconnaitre(contexte, source, options);
+  EcrireLecture(rapport, NomDeSource(contexte, options), table);
+  EcrireTableDesColonnes(rapport, table);
+  for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);
+  for (const std::string& refus : RefusDeTable(table.faits)) rapport.Ligne(refus);
+  for (const std::string& refus : RefusDesChoix(table.choix, table.faits.colonnes)) rapport.Ligne(refus);
+}
+
+}  // namespace
+
+Fin Importer(const Contexte& contexte, const OptionsImport& options) {
+  if (!options.fichier.empty() && GenreDe(CheminDe(options.fichier)) == GenreDeSource::DBase)
+    return ImporterDBase(contexte, options);
+  return ExecuterProgramme(contexte, contexte.Nom(".IMP"), LibellesErreur{},
+                           [&](Rapport& rapport) { ImporterTable(rapport, contexte, options); });
+}
+
+Fin MontrerApercu(const Contexte& contexte, const OptionsImport& options) {
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{},
+                           [&](Rapport& rapport) { EcrireApercu(rapport, contexte, options); });
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,53 @@
+// How the bytes of a table become rows of cells: encoding, separator, decimal sign, quotes, row of titles; what of it
+// is found in the file itself, and how it is told.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar::capture {
+
+enum class Encodage { Utf8, Utf8AvecMarque, Utf16LE, Utf16BE, Windows1252, Latin9, Cp850 };
+
+struct Lecture {
+  Encodage encodage = Encodage::Windows1252;
+  char separateur = ';';        // ';' ',' '\t' or '|'
+  char decimale = ',';          // ',' or '.'
+  bool guillemets = true;       // a double quote opens a field
+  std::size_t ligneTitres = 1;  // line of the file (from 1) that holds the titles; 0: the file has none
+  bool ligneSep = false;        // the first line is "sep=;" and no row of the table
+
+  bool operator==(const Lecture&) const = default;
+};
+
+// What the file shows of its reading.
+struct LectureDetectee {
+  Lecture lecture;
+  // No byte above 127 was met so far: the encoding makes no difference in what was looked at.
+  bool ascii = false;
+  // No number with a decimal sign was met: `decimale` is the usual one and nothing depends on it so far.
+  bool sansDecimales = false;
+  // What is not certain, as sentences to be shown (code page); empty in the common case.
+  std::vector<std::string> doutes;
+};
+
+// Looks at the head of the file (at most kTete bytes), or at all of it. Raises a sentence (13) for a file that is no
+// text (zero bytes outside UTF-16, a workbook, a picture...), 62 for an empty one, and the numbers of LecteurLignes.
+inline constexpr std::size_t kTete = std::size_t{1} << 20;
+enum class Etendue { Tete, Entier };
+LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue = Etendue::Tete);
+
+// Words of the choices as options and boxes have them: "utf-8", "utf-8 avec marque", "utf-16le", "utf-16be",
+// "windows-1252", "latin-9", "cp850"; "point-virgule", "virgule", "tabulation", "barre"; "virgule", "point".
+std::string_view NomEncodage(Encodage encodage);
+std::string_view NomSeparateur(char separateur);
+std::string_view NomDecimale(char decimale);
+
+// The reading in one French sentence (code page): "Windows-1252, séparateur point-virgule, virgule décimale, ...".
+std::string DireLecture(const Lecture& lecture);
+
+}  // namespace quelvar::capture

@@ -1,0 +1,114 @@
+#include "capture/apercu/observation/examen.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "capture/apercu/octets/cellule.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kColonnesAuPlus = 32767;
+constexpr std::size_t kIrregulieresGardees = 1000;
+constexpr std::int64_t kPas = 1024;  // rows between two calls of the follower
+
+}  // namespace
+
+void ExamenDeTable::AssurerColonnes(std::size_t nombre) {
+  if (nombre <= colonnes_.size()) return;
+  if (nombre > kColonnesAuPlus)
+    throw Erreur(kDepassementCapacite, Joindre({"*** Arrêt du programme : une ligne a plus de "_w,
+                                                Nombre(kColonnesAuPlus), " colonnes ; vérifiez le séparateur"_w}));
+  colonnes_.resize(nombre);
+}
+
+void ExamenDeTable::LireTitres(LecteurDeRangees& lecteur) {
+  std::string_view rangee;
+  if (lecture_.ligneTitres == 0 || !lecteur.Lire(rangee)) return;
+  LigneDeTableur cellules = lecteur.Cellules(rangee);
+  for (std::string_view cellule; cellules.Suivante(cellule);) intitules_.push_back(NettoyerIntitule(cellule));
+  AssurerColonnes(intitules_.size());
+}
+
+bool ExamenDeTable::LireRangees(LecteurDeRangees& lecteur, std::int64_t nombre, const Suivi& suivi) {
+  std::string_view rangee;
+  for (std::int64_t lues = 1; faits_.individus < nombre; ++lues) {
+    if (!lecteur.Lire(rangee)) {
+      finie_ = true;
+      break;
+    }
+    Voir(rangee, lecteur);
+    if (lues % kPas == 0 && suivi && !suivi(lecteur.Octets())) return false;
+  }
+  return true;
+}
+
+void ExamenDeTable::Voir(std::string_view rangee, const LecteurDeRangees& lecteur) {
+  if (lecteur.SansValeur(rangee)) {
+    ++vides_;
+    return;
+  }
+  ++faits_.individus;
+  faits_.lignesVides += std::exchange(vides_, 0);
+  std::size_t j = 0;
+  std::size_t remplies = 0;
+  LigneDeTableur cellules = lecteur.Cellules(rangee);
+  const char* chiffres = nullptr;
+  std::string_view cellule;
+  do {
+    while (const unsigned nombre = cellules.ChiffresSuivants(chiffres)) {
+      AssurerColonnes(j + nombre);
+      for (unsigned i = 0; i < nombre; ++i)
+        colonnes_[j + i].VoirChiffre(static_cast<unsigned>(chiffres[i * std::size_t{2}] - '0'));
+      j += nombre;
+      remplies = j;
+    }
+    if (!cellules.Suivante(cellule)) break;
+    ++j;
+    if (RognerCellule(cellule).empty()) continue;
+    AssurerColonnes(j);
+    remplies = j;
+    colonnes_[j - 1].Voir(cellule, lecteur.Ligne());
+  } while (true);
+  VoirLongueur(j, remplies, lecteur.Ligne());
+}
+
+// A row is long when cells behind the titles are filled, short when separators are missing.
+void ExamenDeTable::VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne) {
+  if (remplies > largeur_) {
+    largeur_ = remplies;
+    completes_ = 0;
+  }
+  if (remplies == largeur_) ++completes_;
+  const bool longue = lecture_.ligneTitres > 0 && remplies > intitules_.size();
+  const bool courte = lecture_.ligneTitres > 0 && cellules < intitules_.size();
+  if (!longue && !courte) return;
+  ++(longue ? faits_.longues : faits_.courtes);
+  if (faits_.irregulieres.size() < kIrregulieresGardees)
+    faits_.irregulieres.push_back({ligne, longue ? remplies : cellules});
+}
+
+FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
+  if (faits_.individus == 0)
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"*** Arrêt du programme : le fichier ne contient que des intitulés, aucun individu"_w}));
+  FaitsDeTable faits = faits_;
+  faits.etrangers = lecteur.Etrangers();
+  faits.ligneEtrangere = lecteur.LigneEtrangere();
+  faits.guillemetSansFin = lecteur.GuillemetSansFin();
+  // Rows that are all longer have columns without a title; when only some are, their cells have slipped.
+  if (faits.longues == faits.individus && completes_ == faits.individus) faits.longues = 0;
+  const std::size_t nombre = faits.longues > 0 ? intitules_.size() : std::max(intitules_.size(), largeur_);
+  for (std::size_t j = 0; j < nombre; ++j) {
+    std::string intitule = j < intitules_.size() ? intitules_[j] : std::string();
+    if (lecture_.ligneTitres == 0) intitule = Joindre({"Colonne ", Nombre(j + 1)});
+    faits.colonnes.push_back((j < colonnes_.size() ? colonnes_[j] : Observation())
+                                 .Conclure(std::move(intitule), faits.individus, j == 0, lecture_.decimale));
+  }
+  return faits;
+}
+
+}  // namespace quelvar::capture

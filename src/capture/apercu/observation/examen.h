@@ -1,0 +1,46 @@
+// The facts of a table while its rows pass: one observation a column, and the rows that have not its form.
+#pragma once
+
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/observation.h"
+#include "capture/apercu/octets/rangees.h"
+
+namespace quelvar::capture {
+
+class ExamenDeTable {
+ public:
+  static constexpr std::int64_t kToutes = std::numeric_limits<std::int64_t>::max();
+
+  explicit ExamenDeTable(const Lecture& lecture) : lecture_(lecture) {}
+
+  // The title row, when the reading has one.
+  void LireTitres(LecteurDeRangees& lecteur);
+  // Looks at that many rows that hold something; false when `suivi` stopped it.
+  bool LireRangees(LecteurDeRangees& lecteur, std::int64_t nombre, const Suivi& suivi = {});
+  void Voir(std::string_view rangee, const LecteurDeRangees& lecteur);
+  // Raises a sentence (13) for a file of titles only.
+  FaitsDeTable Conclure(const LecteurDeRangees& lecteur) const;
+
+  std::int64_t Individus() const { return faits_.individus; }
+  bool Finie() const { return finie_; }
+
+ private:
+  void AssurerColonnes(std::size_t nombre);
+  void VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne);
+
+  Lecture lecture_;
+  FaitsDeTable faits_;
+  std::vector<std::string> intitules_;
+  std::vector<Observation> colonnes_;
+  std::int64_t vides_ = 0;      // empty rows since the last one that holds something
+  std::int64_t completes_ = 0;  // rows as wide as the widest
+  std::size_t largeur_ = 0;     // cells of the widest row, empty ones at its end left out
+  bool finie_ = false;
+};
+
+}  // namespace quelvar::capture

@@ -1,0 +1,65 @@
+#include "capture/apercu/observation/listes.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+
+#include "capture/apercu/octets/cellule.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::string_view kSignes = ";|,";
+
+struct Element {
+  std::int64_t effectif = 0;  // cells that hold it
+  std::size_t valeurs = 0;    // different cells that hold it
+  bool enListe = false;       // it stands beside another one
+  bool seul = false;          // it stands alone somewhere
+};
+
+bool EstPetitEntier(std::string_view texte) {
+  return !texte.empty() && texte.size() <= 2 && texte.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// A comma stands in sentences and numbers too: the answers that it separates must be met in
+// different company, and one of them alone.
+bool Convient(char signe, const std::map<std::string, Element>& elements) {
+  if (elements.size() < 2 || elements.size() > kTextesCourts) return false;
+  if (std::ranges::any_of(elements, [](const auto& e) { return e.first.size() > kLongueurCourte; })) return false;
+  const auto revient = [](const auto& e) { return e.second.valeurs > 1; };
+  if (signe != ',') return std::ranges::any_of(elements, revient);
+  if (std::ranges::none_of(elements, [](const auto& e) { return e.second.enListe && e.second.seul; })) return false;
+  return std::ranges::all_of(elements,
+                             [&](const auto& e) { return !e.second.enListe || revient(e) || EstPetitEntier(e.first); });
+}
+
+}  // namespace
+
+char SigneDeListe(const std::vector<ValeurComptee>& valeurs, std::vector<ValeurComptee>& elements) {
+  for (const char signe : kSignes) {
+    std::map<std::string, Element> vus;
+    bool liste = false;
+    for (const ValeurComptee& valeur : valeurs) {
+      std::set<std::string> deLaCellule;
+      SeparerListe(valeur.valeur, signe, [&](std::string_view e) { deLaCellule.emplace(e); });
+      liste = liste || deLaCellule.size() > 1;
+      for (const std::string& element : deLaCellule) {
+        Element& vu = vus[element];
+        vu.effectif += valeur.effectif;
+        ++vu.valeurs;
+        (deLaCellule.size() > 1 ? vu.enListe : vu.seul) = true;
+      }
+      if (vus.size() > kValeursGardees) break;
+    }
+    if (!liste || !Convient(signe, vus)) continue;
+    for (const auto& [texte, element] : vus) elements.push_back({texte, element.effectif});
+    std::ranges::sort(elements, [](const auto& a, const auto& b) { return AvantParOrdre(a.valeur, b.valeur); });
+    return signe;
+  }
+  return '\0';
+}
+
+}  // namespace quelvar::capture

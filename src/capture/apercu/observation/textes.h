@@ -1,0 +1,137 @@
+// The different texts of a column with their counts, in the order in which they come: a table that costs one look at a
+// text that it knows.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quelvar::capture {
+
+inline std::uint64_t CondenseDeTexte(std::string_view texte) {
+  constexpr std::uint64_t kMelange = 0x9E3779B97F4A7C15ULL;
+  std::uint64_t h = texte.size() * kMelange;
+  const char* p = texte.data();
+  std::size_t reste = texte.size();
+  for (; reste >= 8; p += 8, reste -= 8) {
+    std::uint64_t mot = 0;
+    std::memcpy(&mot, p, 8);
+    h = (h ^ mot) * kMelange;
+    h ^= h >> 29;
+  }
+  std::uint64_t mot = 0;
+  for (std::size_t i = 0; i < reste; ++i)
+    mot |= static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])) << (8 * i);
+  h = (h ^ mot) * kMelange;
+  return h ^ (h >> 32);
+}
+
+class TableDeTextes {
+ public:
+  static constexpr std::uint32_t kAbsent = 0xFFFFFFFFU;
+
+  std::size_t Nombre() const { return entrees_.size(); }
+  std::string_view Texte(std::size_t rang) const {
+    return std::string_view(octets_).substr(entrees_[rang].debut, entrees_[rang].longueur);
+  }
+  std::int64_t Effectif(std::size_t rang) const { return entrees_[rang].effectif; }
+  void Compter(std::size_t rang) { ++entrees_[rang].effectif; }
+
+  // Rank of the text, kAbsent when it is not there.
+  std::uint32_t Chercher(std::string_view texte, std::uint64_t condense) const {
+    if (places_.empty()) return kAbsent;
+    const std::size_t masque = places_.size() - 1;
+    for (std::size_t i = condense & masque;; i = (i + 1) & masque) {
+      const std::uint32_t rang = places_[i];
+      if (rang == kAbsent) return kAbsent;
+      const Entree& entree = entrees_[rang];
+      if (entree.condense == condense && entree.longueur == texte.size() &&
+          std::memcmp(octets_.data() + entree.debut, texte.data(), texte.size()) == 0)
+        return rang;
+    }
+  }
+  std::uint32_t Chercher(std::string_view texte) const { return Chercher(texte, CondenseDeTexte(texte)); }
+
+  // Adds a text that is not there, with a count of 0.
+  std::uint32_t Ajouter(std::string_view texte, std::uint64_t condense) {
+    if ((entrees_.size() + 1) * 2 > places_.size()) Agrandir();
+    const auto rang = static_cast<std::uint32_t>(entrees_.size());
+    entrees_.push_back({condense, octets_.size(), texte.size(), 0});
+    octets_.append(texte);
+    Placer(rang);
+    return rang;
+  }
+  std::uint32_t ChercherOuAjouter(std::string_view texte) {
+    const std::uint64_t condense = CondenseDeTexte(texte);
+    const std::uint32_t rang = Chercher(texte, condense);
+    return rang != kAbsent ? rang : Ajouter(texte, condense);
+  }
+
+ private:
+  struct Entree {
+    std::uint64_t condense;
+    std::size_t debut;
+    std::size_t longueur;
+    std::int64_t effectif;
+  };
+
+  void Placer(std::uint32_t rang) {
+    const std::size_t masque = places_.size() - 1;
+    std::size_t i = entrees_[rang].condense & masque;
+    while (places_[i] != kAbsent) i = (i + 1) & masque;
+    places_[i] = rang;
+  }
+  void Agrandir() {
+    places_.assign(places_.empty() ? 64 : places_.size() * 2, kAbsent);
+    for (std::uint32_t rang = 0; rang < entrees_.size(); ++rang) Placer(rang);
+  }
+
+  std::vector<std::uint32_t> places_;  // ranks; a power of two of them
+  std::vector<Entree> entrees_;
+  std::string octets_;
+};
+
+// Whether texts that come are all different: their digests, up to a number of them.
+class Uniques {
+ public:
+  // False once a text came twice.
+  bool Voir(std::uint64_t condense) {
+    if (!uniques_ || nombre_ >= kAuPlus) return uniques_;
+    if ((nombre_ + 1) * 2 > places_.size()) Agrandir();
+    condense |= 1;  // 0 is a free place
+    for (std::size_t i = (condense >> 1) & (places_.size() - 1);; i = (i + 1) & (places_.size() - 1)) {
+      if (places_[i] == condense) {
+        uniques_ = false;
+        places_ = {};
+        return false;
+      }
+      if (places_[i] != 0) continue;
+      places_[i] = condense;
+      ++nombre_;
+      return true;
+    }
+  }
+  std::int64_t Nombre() const { return static_cast<std::int64_t>(nombre_); }
+
+ private:
+  static constexpr std::size_t kAuPlus = 100000;
+
+  void Agrandir() {
+    std::vector<std::uint64_t> anciennes(places_.empty() ? 64 : places_.size() * 2, 0);
+    anciennes.swap(places_);
+    for (const std::uint64_t c : anciennes) {
+      if (c == 0) continue;
+      std::size_t i = (c >> 1) & (places_.size() - 1);
+      while (places_[i] != 0) i = (i + 1) & (places_.size() - 1);
+      places_[i] = c;
+    }
+  }
+
+  std::vector<std::uint64_t> places_;
+  std::size_t nombre_ = 0;
+  bool uniques_ = true;
+};
+
+}  // namespace quelvar::capture

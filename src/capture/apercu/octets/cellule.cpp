@@ -1,0 +1,230 @@
+#include "capture/apercu/octets/cellule.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+#include "core/texte/texte.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr char kInsecable = static_cast<char>(0xA0);
+
+bool EstBlanc(char c) { return c == ' ' || c == '\t' || c == kInsecable; }
+bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+bool EstLettre(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+std::size_t Chiffres(std::string_view texte, std::size_t debut) {
+  std::size_t i = debut;
+  while (i < texte.size() && EstChiffre(texte[i])) ++i;
+  return i - debut;
+}
+
+// Length of an exponent at that place: with a sign of its own, or behind decimals; 0 for none.
+std::size_t Exposant(std::string_view texte, std::size_t i, bool decimales) {
+  if (i >= texte.size() || (texte[i] != 'E' && texte[i] != 'e')) return 0;
+  const bool signe = i + 1 < texte.size() && (texte[i + 1] == '+' || texte[i + 1] == '-');
+  if (!signe && !decimales) return 0;
+  const std::size_t debut = i + (signe ? 2 : 1);
+  const std::size_t nombre = Chiffres(texte, debut);
+  return nombre == 0 || nombre > 3 ? 0 : debut + nombre - i;
+}
+
+// The whole part at the head: "1234", or groups of three behind a first one of one to three. Length, and the sign
+// between the groups.
+struct PartieEntiere {
+  std::size_t longueur = 0;
+  char groupes = '\0';
+};
+
+PartieEntiere LirePartieEntiere(std::string_view texte) {
+  PartieEntiere partie{Chiffres(texte, 0)};
+  if (partie.longueur == 0 || partie.longueur > 3 || partie.longueur == texte.size()) return partie;
+  const char signe = texte[partie.longueur];
+  if (!EstBlanc(signe) && signe != ',' && signe != '.' && signe != '\'') return partie;
+  std::size_t fin = partie.longueur;
+  std::size_t nombre = 0;
+  while (fin < texte.size() && texte[fin] == signe && Chiffres(texte, fin + 1) == 3) {
+    fin += 4;
+    ++nombre;
+  }
+  // One group behind "," or "." is read as decimals, unless the other sign follows.
+  const bool doute = signe == ',' || signe == '.';
+  if (nombre == 0 || (doute && nombre == 1 && (fin == texte.size() || (texte[fin] != ',' && texte[fin] != '.'))))
+    return partie;
+  return {fin, EstBlanc(signe) ? ' ' : signe};
+}
+
+// Reads a count of one or two digits at a place, moves behind it; -1 without.
+int Petit(std::string_view texte, std::size_t& i) {
+  const std::size_t nombre = Chiffres(texte, i);
+  if (nombre == 0 || nombre > 2) return -1;
+  int valeur = 0;
+  for (const std::size_t fin = i + nombre; i < fin; ++i) valeur = valeur * 10 + (texte[i] - '0');
+  return valeur;
+}
+
+bool Passer(std::string_view texte, std::size_t& i, char signe) {
+  if (i >= texte.size() || texte[i] != signe) return false;
+  ++i;
+  return true;
+}
+
+// "10:22", "10:22:33", "10:22:33.5", then perhaps AM or PM and a zone; to the end of the text.
+bool EstHeure(std::string_view texte) {
+  std::size_t i = 0;
+  const int heures = Petit(texte, i);
+  if (heures < 0 || heures > 24 || !Passer(texte, i, ':')) return false;
+  const int minutes = Petit(texte, i);
+  if (minutes < 0 || minutes > 59) return false;
+  if (Passer(texte, i, ':')) {
+    const int secondes = Petit(texte, i);
+    if (secondes < 0 || secondes > 60) return false;
+    if (Passer(texte, i, '.') || Passer(texte, i, ',')) i += Chiffres(texte, i);
+  }
+  std::string_view reste = RognerCellule(texte.substr(i));
+  for (const std::string_view suffixe : {"AM", "PM", "am", "pm"})
+    if (reste.starts_with(suffixe)) reste = RognerCellule(reste.substr(2));
+  for (const std::string_view zone : {"UTC", "GMT", "EET", "CET", "Z"}) {
+    if (!reste.starts_with(zone)) continue;
+    reste.remove_prefix(zone.size());
+    break;
+  }
+  return reste.find_first_not_of("+-:0123456789") == std::string_view::npos && reste.size() <= 6;
+}
+
+// The day at the head; its length, 0 for none.
+std::size_t LongueurDuJour(std::string_view texte) {
+  const std::size_t premiers = Chiffres(texte, 0);
+  if (premiers == 0 || premiers >= texte.size()) return 0;
+  const char signe = texte[premiers];
+  if (signe != '/' && signe != '-' && signe != '.') return 0;
+  std::size_t i = 0;
+  const bool annee = premiers == 4;
+  if (annee) i = 4;
+  const int a = annee ? 1 : Petit(texte, i);
+  if (a < 0 || !Passer(texte, i, signe)) return 0;
+  const int b = Petit(texte, i);
+  if (b < 0 || !Passer(texte, i, signe)) return 0;
+  const std::size_t derniers = Chiffres(texte, i);
+  if (annee ? derniers == 0 || derniers > 2 : derniers != 2 && derniers != 4) return 0;
+  int c = 0;
+  for (std::size_t k = 0; k < derniers; ++k) c = c * 10 + (texte[i + k] - '0');
+  const auto jour = [](int j, int m) { return j >= 1 && j <= 31 && m >= 1 && m <= 12; };
+  if (annee ? !jour(c, b) : !jour(a, b) && !jour(b, a)) return 0;
+  return i + derniers;
+}
+
+struct Entite {
+  std::string_view nom;
+  std::string_view signe;
+};
+constexpr std::array<Entite, 27> kEntites = {
+    {{"nbsp", " "},     {"amp", "&"},      {"lt", "<"},       {"gt", ">"},       {"quot", "\""},    {"apos", "'"},
+     {"#39", "'"},      {"rsquo", "'"},    {"eacute", "é"_w}, {"egrave", "è"_w}, {"ecirc", "ê"_w},  {"agrave", "à"_w},
+     {"acirc", "â"_w},  {"ccedil", "ç"_w}, {"ocirc", "ô"_w},  {"ugrave", "ù"_w}, {"ucirc", "û"_w},  {"icirc", "î"_w},
+     {"iuml", "ï"_w},   {"hellip", "…"_w}, {"laquo", "«"_w},  {"raquo", "»"_w},  {"Eacute", "É"_w}, {"Egrave", "È"_w},
+     {"Agrave", "À"_w}, {"Acirc", "Â"_w},  {"Ccedil", "Ç"_w}}};
+
+// Length of the tag at the head of the text; 0 when "<" starts none.
+std::size_t LongueurDeBalise(std::string_view texte) {
+  if (texte.size() < 3) return 0;
+  const std::size_t nom = texte[1] == '/' || texte[1] == '!' ? 2 : 1;
+  if (nom >= texte.size() || (!EstLettre(texte[nom]) && texte[1] != '!')) return 0;
+  const std::size_t fin = texte.find('>');
+  return fin == std::string_view::npos ? 0 : fin + 1;
+}
+
+}  // namespace
+
+std::string_view RognerCellule(std::string_view cellule) {
+  while (!cellule.empty() && EstBlanc(cellule.front())) cellule.remove_prefix(1);
+  while (!cellule.empty() && EstBlanc(cellule.back())) cellule.remove_suffix(1);
+  return cellule;
+}
+
+bool NombreLu::EstAmbigu() const {
+  return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == 3 && !entiers.empty() &&
+         entiers.size() <= 3 && entiers.front() != '0';
+}
+
+std::string NombreLu::Normalise() const {
+  std::string texte;
+  for (const char c : entiers)
+    if (EstChiffre(c)) texte += c;
+  texte.erase(0, std::min(texte.find_first_not_of('0'), texte.size()));
+  if (texte.empty()) texte = "0";
+  if (!decimales.empty()) texte.append(1, '.').append(decimales);
+  texte += exposant;
+  const bool nul = texte.find_first_of("123456789") == std::string::npos;
+  return negatif && !nul ? "-" + texte : texte;
+}
+
+std::optional<NombreLu> LireNombre(std::string_view cellule) {
+  NombreLu nombre;
+  if (!cellule.empty() && (cellule.front() == '-' || cellule.front() == '+')) {
+    nombre.negatif = cellule.front() == '-';
+    cellule.remove_prefix(1);
+  }
+  const PartieEntiere partie = LirePartieEntiere(cellule);
+  nombre.entiers = cellule.substr(0, partie.longueur);
+  nombre.groupes = partie.groupes;
+  nombre.zeroDevant = partie.longueur > 1 && cellule.front() == '0';
+  std::size_t i = partie.longueur;
+  if (i < cellule.size() && (cellule[i] == ',' || cellule[i] == '.')) {
+    nombre.signe = cellule[i];
+    const std::size_t decimales = Chiffres(cellule, ++i);
+    if (decimales == 0 || nombre.signe == nombre.groupes) return std::nullopt;
+    nombre.decimales = cellule.substr(i, decimales);
+    i += decimales;
+  }
+  if (nombre.entiers.empty() && nombre.decimales.empty()) return std::nullopt;
+  const std::size_t exposant = Exposant(cellule, i, nombre.signe != '\0');
+  nombre.exposant = cellule.substr(i, exposant);
+  if (i + exposant != cellule.size()) return std::nullopt;
+  return nombre;
+}
+
+bool EstDate(std::string_view cellule) {
+  if (cellule.size() < 4 || cellule.size() > 40 || !EstChiffre(cellule.front())) return false;
+  if (EstHeure(cellule)) return true;
+  const std::size_t jour = LongueurDuJour(cellule);
+  if (jour == 0) return false;
+  if (jour == cellule.size()) return true;
+  if (!EstBlanc(cellule[jour]) && cellule[jour] != 'T') return false;
+  std::string_view heure = cellule.substr(jour + 1);
+  if (heure.starts_with("à "_w)) heure.remove_prefix(2);
+  return EstHeure(RognerCellule(heure));
+}
+
+std::string NettoyerIntitule(std::string_view intitule) {
+  std::string propre;
+  for (std::size_t i = 0; i < intitule.size(); ++i) {
+    const char c = intitule[i];
+    if (c == '<') {
+      if (const std::size_t longueur = LongueurDeBalise(intitule.substr(i)); longueur > 0) {
+        i += longueur - 1;
+        if (!propre.empty() && propre.back() != ' ') propre += ' ';
+        continue;
+      }
+    }
+    if (c == '&') {
+      const std::string_view reste = intitule.substr(i + 1);
+      const auto entite = std::ranges::find_if(kEntites, [&](const Entite& e) {
+        return reste.starts_with(e.nom) && reste.size() > e.nom.size() && reste[e.nom.size()] == ';';
+      });
+      if (entite != kEntites.end()) {
+        propre += entite->signe;
+        i += entite->nom.size() + 1;
+        continue;
+      }
+    }
+    const bool blanc = EstBlanc(c) || static_cast<unsigned char>(c) < 0x20;
+    propre += blanc ? ' ' : c;
+  }
+  return std::string(RognerCellule(propre));
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,166 @@
+#include "capture/apercu/octets/encodages.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "capture/apercu/octets/pages.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+[[noreturn]] void Refuser(const Chemin& source, Texte raison) {
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arrêt du programme : le fichier "_w, TexteDe(source.filename()), " ", raison}));
+}
+
+struct Signature {
+  std::string_view octets;
+  std::string_view raison;
+};
+constexpr std::string_view kAnonyme = "n'est pas un texte : enregistrez le tableau en .csv, .ods ou .xlsx.";
+constexpr std::array<Signature, 9> kSignatures = {{
+    {"PK\x03\x04", "est un classeur ou une archive : donnez-lui l'extension .ods ou .xlsx qui est la sienne."},
+    {"\xD0\xCF\x11\xE0", "est un classeur de l'ancien format .xls : enregistrez-le en .xlsx, .ods ou .csv."},
+    {"%PDF", kAnonyme},
+    {"\x89PNG", kAnonyme},
+    {"\xFF\xD8\xFF", kAnonyme},
+    {"GIF8", kAnonyme},
+    {"{\\rtf", kAnonyme},
+    {"\x1F\x8B", "est comprimé : décomprimez-le d'abord."_w},
+    {"<?xml", kAnonyme},
+}};
+
+// Zero bytes show UTF-16 without a mark when they are nearly all on one side, else a file that is no text.
+std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) {
+  std::array<std::size_t, 2> zeros{};
+  for (std::size_t i = 0; i < tete.size(); ++i)
+    if (tete[i] == '\0') ++zeros[i % 2];
+  if (zeros[0] + zeros[1] == 0) return std::nullopt;
+  const std::size_t moitie = tete.size() / 2;
+  if (zeros[1] * 10 > moitie * 4 && zeros[0] * 20 < moitie) return Encodage::Utf16LE;
+  if (zeros[0] * 10 > moitie * 4 && zeros[1] * 20 < moitie) return Encodage::Utf16BE;
+  Refuser(source, kAnonyme);
+}
+
+void RefuserBinaire(const Chemin& source, std::string_view tete) {
+  if (tete.empty()) Refuser(source, "est vide.");
+  for (const Signature& signature : kSignatures)
+    if (tete.starts_with(signature.octets)) Refuser(source, signature.raison);
+  const auto controles = static_cast<std::size_t>(std::ranges::count_if(tete, [](char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n' && c != '\0' && c != '\x1A';
+  }));
+  if (controles * 100 > tete.size()) Refuser(source, kAnonyme);
+}
+
+bool EstLettre(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+// Bytes above 127 by what they would be in each 8-bit encoding of French.
+struct Indices {
+  std::int64_t page = 0;    // accented letters of the code page among letters
+  std::int64_t cp850 = 0;   // the same of cp850
+  std::int64_t latin9 = 0;  // signs that only Latin-9 has use for
+  std::int64_t c1 = 0;      // bytes that Latin-9 leaves to controls
+
+  void Voir(std::string_view texte, std::size_t i) {
+    const auto octet = static_cast<unsigned char>(texte[i]);
+    const char avant = i > 0 ? texte[i - 1] : ' ';
+    const char apres = i + 1 < texte.size() ? texte[i + 1] : ' ';
+    const bool colle = EstLettre(avant) || EstLettre(apres);
+    const bool dedans = EstLettre(avant) && EstLettre(apres);
+    if (octet >= 0x80 && octet < 0xA0) ++c1;
+    if (octet >= 0xC0 && colle) ++page;
+    // é è ê ç ë of cp850 are signs that no French text has beside a letter.
+    if ((octet == 0x82 || octet == 0x8A || octet == 0x88 || octet == 0x87 || octet == 0x89) && colle) ++cp850;
+    // â à ô î ï û ù are quotes, dashes and points: only inside a word.
+    if ((octet == 0x83 || octet == 0x85 || octet == 0x93 || octet == 0x8B || octet == 0x96 || octet == 0x97) && dedans)
+      ++cp850;
+    if (octet == 0x85 && avant == ' ' && apres == ' ') ++cp850;
+    if (octet == 0x90 && colle) ++cp850;
+    if (octet == 0xA4 || ((octet == 0xBD || octet == 0xBC) && colle)) ++latin9;
+  }
+  Encodage Choix() const {
+    if (cp850 > page) return Encodage::Cp850;
+    if (latin9 > 0 && c1 == 0) return Encodage::Latin9;
+    return Encodage::Windows1252;
+  }
+};
+
+// Place of the first byte that is not valid UTF-8; npos when all are. A sequence cut at the end is none.
+std::size_t PremierInvalide(std::string_view octets) {
+  for (std::size_t i = 0; i < octets.size();) {
+    if (static_cast<unsigned char>(octets[i]) < 0x80) {
+      ++i;
+      continue;
+    }
+    const detail::PointUtf8 lu = detail::DecoderUtf8(octets.substr(i));
+    if (lu.longueur == 0) return i;
+    i += lu.longueur;
+  }
+  return std::string_view::npos;
+}
+
+// Looks at a file piece by piece, cut behind line ends.
+struct Examen {
+  bool multiple = false;           // valid sequences of UTF-8 were met
+  std::int64_t lignes = 0;         // lines before the piece
+  std::int64_t ligneInvalide = 0;  // first line that is not valid UTF-8
+  Indices indices;
+
+  void Voir(std::string_view morceau) {
+    if (!EstAscii(morceau)) {
+      if (const std::size_t i = PremierInvalide(morceau); i == std::string_view::npos) {
+        multiple = true;
+      } else if (ligneInvalide == 0) {
+        ligneInvalide = lignes + 1 + std::ranges::count(morceau.substr(0, i), '\n');
+        multiple = multiple || EstUtf8MultiOctet(morceau.substr(0, i));
+      }
+      for (std::size_t i = 0; i < morceau.size(); ++i)
+        if (static_cast<unsigned char>(morceau[i]) >= 0x80) indices.Voir(morceau, i);
+    }
+    lignes += std::ranges::count(morceau, '\n');
+  }
+};
+
+// The bytes up to the last line end; all of them without any.
+std::string_view JusquaLaLigne(std::string_view octets) {
+  const std::size_t fin = octets.rfind('\n');
+  return fin == std::string_view::npos ? octets : octets.substr(0, fin + 1);
+}
+
+}  // namespace
+
+EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
+  std::string morceau = LireMorceau(source, 0, kTete);
+  if (morceau.starts_with("\xEF\xBB\xBF")) return {Encodage::Utf8AvecMarque, false, {}};
+  if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
+  if (morceau.starts_with("\xFF\xFE")) return {Encodage::Utf16LE, false, {}};
+  if (morceau.starts_with("\xFE\xFF")) return {Encodage::Utf16BE, false, {}};
+  RefuserBinaire(source, morceau);
+  if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) return {*seize, false, {}};
+
+  Examen examen;
+  for (std::uintmax_t place = 0; !morceau.empty(); morceau = LireMorceau(source, place, kTete)) {
+    const std::string_view vu = morceau.size() < kTete ? std::string_view(morceau) : JusquaLaLigne(morceau);
+    examen.Voir(vu);
+    place += vu.size();
+    if (etendue == Etendue::Tete) break;
+  }
+  EncodageDetecte detecte;
+  detecte.ascii = !examen.multiple && examen.ligneInvalide == 0;
+  if (detecte.ascii) return detecte;
+  if (examen.ligneInvalide == 0) {
+    detecte.encodage = Encodage::Utf8;
+    return detecte;
+  }
+  detecte.encodage = examen.indices.Choix();
+  if (examen.multiple)
+    detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages : la ligne "_w, Nombre(examen.ligneInvalide),
+                                      " n'est pas en UTF-8 alors que d'autres le sont. Vérifiez les accents."_w}));
+  return detecte;
+}
+
+}  // namespace quelvar::capture

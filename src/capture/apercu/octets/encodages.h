@@ -1,0 +1,20 @@
+// The encoding that the bytes of a file show, and the files that are no text.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "capture/apercu/lecture.h"
+
+namespace quelvar::capture {
+
+struct EncodageDetecte {
+  Encodage encodage = Encodage::Windows1252;
+  bool ascii = false;
+  std::vector<std::string> doutes;
+};
+
+// Of the head of the file, or of all of it. Raises a sentence (13) for a file that is empty or no text.
+EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue);
+
+}  // namespace quelvar::capture

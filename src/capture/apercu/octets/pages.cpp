@@ -1,0 +1,206 @@
+#include "capture/apercu/octets/pages.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include "core/programme/erreur.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kMorceau = std::size_t{1} << 18;
+constexpr unsigned char kInsecable = 0xA0;
+constexpr unsigned char kInconnu = '?';
+
+// Bytes of the code page for the upper half of cp850; its frames have none.
+constexpr std::array<unsigned char, 128> kDeCp850 = {
+    0xC7, 0xFC, 0xE9, 0xE2, 0xE4, 0xE0, 0xE5, 0xE7, 0xEA, 0xEB, 0xE8, 0xEF, 0xEE, 0xEC, 0xC4, 0xC5,
+    0xC9, 0xE6, 0xC6, 0xF4, 0xF6, 0xF2, 0xFB, 0xF9, 0xFF, 0xD6, 0xDC, 0xF8, 0xA3, 0xD8, 0xD7, 0x83,
+    0xE1, 0xED, 0xF3, 0xFA, 0xF1, 0xD1, 0xAA, 0xBA, 0xBF, 0xAE, 0xAC, 0xBD, 0xBC, 0xA1, 0xAB, 0xBB,
+    0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xC1, 0xC2, 0xC0, 0xA9, 0x3F, 0x3F, 0x3F, 0x3F, 0xA2, 0xA5, 0x3F,
+    0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xE3, 0xC3, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xA4,
+    0xF0, 0xD0, 0xCA, 0xCB, 0xC8, 0x3F, 0xCD, 0xCE, 0xCF, 0x3F, 0x3F, 0x3F, 0x3F, 0xA6, 0xCC, 0x3F,
+    0xD3, 0xDF, 0xD4, 0xD2, 0xF5, 0xD5, 0xB5, 0xFE, 0xDE, 0xDA, 0xDB, 0xD9, 0xFD, 0xDD, 0xAF, 0xB4,
+    0xAD, 0xB1, 0x3F, 0xBE, 0xB6, 0xA7, 0xF7, 0xB8, 0xB0, 0xA8, 0xB7, 0xB9, 0xB3, 0xB2, 0x3F, kInsecable};
+
+// ISO 8859-15 differs from the code page in eight signs.
+unsigned char DeLatin9(unsigned char octet) {
+  switch (octet) {
+    case 0xA4: return 0x80;
+    case 0xA6: return 0x8A;
+    case 0xA8: return 0x9A;
+    case 0xB4: return 0x8E;
+    case 0xB8: return 0x9E;
+    case 0xBC: return 0x8C;
+    case 0xBD: return 0x9C;
+    case 0xBE: return 0x9F;
+    default: return octet;
+  }
+}
+
+// What stands for a character that the code page lacks and that nobody would miss; 0 to leave it out, -1 for none.
+int Remplacant(char32_t point) {
+  if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000) return kInsecable;
+  if (point == 0x2010 || point == 0x2011 || point == 0x2212) return '-';
+  if (point == 0x2028 || point == 0x2029) return ' ';
+  if ((point >= 0x200B && point <= 0x200F) || point == 0x2060 || point == 0xFEFF) return 0;
+  return -1;
+}
+
+// The letter of the code page that a letter and its combining accent make; 0 for none.
+char Composer(char lettre, char32_t accent) {
+  struct Serie {
+    char32_t accent;
+    std::string_view lettres;
+    std::string_view composees;
+  };
+  static constexpr std::array<Serie, 6> kSeries = {{{0x300, "aeiouAEIOU", "àèìòùÀÈÌÒÙ"_w},
+                                                    {0x301, "aeiouyAEIOUY", "áéíóúýÁÉÍÓÚÝ"_w},
+                                                    {0x302, "aeiouAEIOU", "âêîôûÂÊÎÔÛ"_w},
+                                                    {0x303, "anoANO", "ãñõÃÑÕ"_w},
+                                                    {0x308, "aeiouyAEIOUY", "äëïöüÿÄËÏÖÜŸ"_w},
+                                                    {0x327, "cC", "çÇ"_w}}};
+  for (const Serie& serie : kSeries) {
+    if (serie.accent != accent) continue;
+    const std::size_t rang = serie.lettres.find(lettre);
+    if (rang != std::string_view::npos) return serie.composees[rang];
+  }
+  return 0;
+}
+
+void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etrangers) {
+  while (!octets.empty()) {
+    const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
+    octets.remove_prefix(lu.longueur == 0 ? 1 : lu.longueur);
+    int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
+    if (octet >= 0) {
+      tampon += static_cast<char>(octet);
+      continue;
+    }
+    if (lu.longueur != 0) {
+      if (const char composee = tampon.empty() ? '\0' : Composer(tampon.back(), lu.point); composee != 0) {
+        tampon.back() = composee;
+        continue;
+      }
+      octet = Remplacant(lu.point);
+      if (octet == 0) continue;
+    }
+    if (octet < 0) {
+      ++etrangers;
+      octet = kInconnu;
+    }
+    tampon += static_cast<char>(octet);
+  }
+}
+
+void AjouterUtf8(std::string& texte, char32_t point) {
+  const auto suite = [&](unsigned decalage) { texte += static_cast<char>(0x80 | ((point >> decalage) & 0x3F)); };
+  if (point < 0x80) {
+    texte += static_cast<char>(point);
+  } else if (point < 0x800) {
+    texte += static_cast<char>(0xC0 | (point >> 6));
+    suite(0);
+  } else if (point < 0x10000) {
+    texte += static_cast<char>(0xE0 | (point >> 12));
+    suite(6);
+    suite(0);
+  } else {
+    texte += static_cast<char>(0xF0 | (point >> 18));
+    suite(12);
+    suite(6);
+    suite(0);
+  }
+}
+
+bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }
+
+constexpr char32_t kRemplacement = 0xFFFD;  // stands for half a pair
+
+}  // namespace
+
+bool EstAscii(std::string_view octets) {
+  std::uint64_t hauts = 0;
+  std::size_t i = 0;
+  for (; i + 8 <= octets.size(); i += 8) {
+    std::uint64_t mot = 0;
+    std::memcpy(&mot, octets.data() + i, 8);
+    hauts |= mot;
+  }
+  for (; i < octets.size(); ++i) hauts |= static_cast<unsigned char>(octets[i]);
+  return (hauts & 0x8080808080808080ULL) == 0;
+}
+
+std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
+                              std::int64_t& etrangers) {
+  if (encodage == Encodage::Windows1252 || EstAscii(octets)) return octets;
+  tampon.clear();
+  if (encodage == Encodage::Latin9) {
+    for (const char c : octets) tampon += static_cast<char>(DeLatin9(static_cast<unsigned char>(c)));
+  } else if (encodage == Encodage::Cp850) {
+    for (const char c : octets) {
+      const auto octet = static_cast<unsigned char>(c);
+      const unsigned char traduit = octet < 0x80 ? octet : kDeCp850[octet - std::size_t{0x80}];
+      if (octet >= 0x80 && traduit == kInconnu) ++etrangers;
+      tampon += static_cast<char>(traduit);
+    }
+  } else {
+    DecoderUtf8(octets, tampon, etrangers);
+  }
+  return tampon;
+}
+
+LignesDecodees::LignesDecodees(const Chemin& source, Encodage encodage) : source_(source), encodage_(encodage) {}
+
+// Decodes one more piece; `finie_` when there is none behind it.
+void LignesDecodees::Remplir() {
+  tampon_.erase(0, debut_);
+  debut_ = 0;
+  const std::string lu = LireMorceau(source_, place_, kMorceau);
+  place_ += lu.size();
+  finie_ = lu.empty();
+  const std::string morceau = impair_ + lu;
+  impair_.clear();
+  if (!EstUtf16(encodage_)) {
+    tampon_ += morceau;
+    return;
+  }
+  const std::size_t fort = encodage_ == Encodage::Utf16BE ? 0 : 1;
+  for (std::size_t i = 0; i + 1 < morceau.size(); i += 2) {
+    Ajouter(static_cast<char16_t>((static_cast<unsigned char>(morceau[i + fort]) << 8) |
+                                  static_cast<unsigned char>(morceau[i + 1 - fort])));
+  }
+  if (morceau.size() % 2 != 0 && !finie_) impair_ = morceau.back();
+  if (finie_ && (morceau.size() % 2 != 0 || enAttente_ != 0)) AjouterUtf8(tampon_, kRemplacement);
+}
+
+void LignesDecodees::Ajouter(char16_t unite) {
+  const bool basse = unite >= 0xDC00 && unite < 0xE000;
+  if (const char16_t haute = std::exchange(enAttente_, u'\0'); haute != 0) {
+    const char32_t point = 0x10000 + ((static_cast<char32_t>(haute) - 0xD800) << 10) + (unite - char32_t{0xDC00});
+    AjouterUtf8(tampon_, basse ? point : kRemplacement);
+    if (basse) return;
+  }
+  if (unite >= 0xD800 && unite < 0xDC00) enAttente_ = unite;
+  else AjouterUtf8(tampon_, basse ? kRemplacement : unite);
+}
+
+bool LignesDecodees::Lire(std::string_view& ligne) {
+  std::size_t fin = std::string::npos;
+  for (std::size_t vus = 0;; Remplir()) {
+    fin = tampon_.find_first_of("\r\n", debut_ + vus);
+    // A CR that ends what is there may have its LF in the next piece.
+    if (finie_ || (fin != std::string::npos && (tampon_[fin] == '\n' || fin + 1 < tampon_.size()))) break;
+    vus = std::min(fin, tampon_.size()) - debut_;
+    if (vus > LecteurLignes::kLigneAuPlus) throw Erreur(kMemoireInsuffisante);
+  }
+  if (fin == std::string::npos && debut_ == tampon_.size()) return false;
+  ligne = std::string_view(tampon_).substr(debut_, std::min(fin, tampon_.size()) - debut_);
+  debut_ += ligne.size();
+  if (fin != std::string::npos) debut_ += tampon_.compare(fin, 2, "\r\n") == 0 ? std::size_t{2} : std::size_t{1};
+  return true;
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,42 @@
+// Bytes of the encodings that a table may have, brought to bytes of the code page.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "capture/apercu/lecture.h"
+
+namespace quelvar::capture {
+
+// True when no byte is above 127.
+bool EstAscii(std::string_view octets);
+
+// The text in the code page: the view itself when it is ASCII or already so, else one on `tampon`. Letters that are
+// followed by their accent are put together; the blanks and hyphens that the code page lacks become its own. Every
+// character that it has no sign for, and every invalid byte, becomes "?" and counts in `etrangers`. UTF-16 comes as
+// UTF-8, as its lines do.
+std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon, std::int64_t& etrangers);
+
+// Lines of a UTF-16 source as UTF-8, or of one whose lines end in CR alone, as LecteurLignes gives those of others. The
+// source is read in pieces.
+class LignesDecodees {
+ public:
+  LignesDecodees(const Chemin& source, Encodage encodage);
+  bool Lire(std::string_view& ligne);
+
+ private:
+  void Remplir();
+  void Ajouter(char16_t unite);
+
+  Chemin source_;
+  Encodage encodage_;
+  std::uintmax_t place_ = 0;
+  std::string tampon_;          // decoded bytes
+  std::size_t debut_ = 0;       // first byte not given yet
+  char16_t enAttente_ = u'\0';  // first half of a pair
+  std::string impair_;          // first byte of a character cut in two
+  bool finie_ = false;
+};
+
+}  // namespace quelvar::capture

@@ -1,0 +1,53 @@
+#include "capture/apercu/octets/rangees.h"
+
+#include <memory>
+
+#include "capture/apercu/octets/pages.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kDebut = std::size_t{1} << 16;
+
+// Lines that end in CR alone, as old files have them.
+bool FinitParCr(const Chemin& source) {
+  const std::string debut = LireMorceau(source, 0, kDebut);
+  return debut.find('\n') == std::string::npos && debut.find('\r') != std::string::npos;
+}
+
+}  // namespace
+
+LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage) {
+  if (encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE || FinitParCr(source)) {
+    return [lignes = std::make_shared<LignesDecodees>(source, encodage)](std::string_view& ligne) {
+      return lignes->Lire(ligne);
+    };
+  }
+  return [lignes = std::make_shared<LecteurLignes>(source)](std::string_view& ligne) { return lignes->Lire(ligne); };
+}
+
+LecteurDeRangees::LecteurDeRangees(const Chemin& source, const Lecture& lecture)
+    : lecture_(lecture), lecteur_(LignesDe(source, lecture.encodage), lecture.separateur, lecture.guillemets) {}
+
+bool LecteurDeRangees::Lire(std::string_view& rangee) {
+  do {
+    if (!lecteur_.LireOctetsDeLigne(rangee)) return false;
+    octets_ += rangee.size() + 1;
+  } while (static_cast<std::size_t>(lecteur_.Ligne()) < lecture_.ligneTitres ||
+           (lecture_.ligneSep && lecteur_.Ligne() == 1));
+  if (EstAscii(rangee)) return true;
+  const std::int64_t avant = etrangers_;
+  rangee = EnPageDeCode(rangee, lecture_.encodage, convertie_, etrangers_);
+  if (etrangers_ > avant && ligneEtrangere_ == 0) ligneEtrangere_ = lecteur_.Ligne();
+  return true;
+}
+
+bool LecteurDeRangees::SansValeur(std::string_view rangee) const {
+  LigneDeTableur cellules = Cellules(rangee);
+  for (std::string_view cellule; cellules.Suivante(cellule);)
+    if (cellule.find_first_not_of(" \t\xA0") != std::string_view::npos) return false;
+  return true;
+}
+
+}  // namespace quelvar::capture

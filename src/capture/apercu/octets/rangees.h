@@ -1,0 +1,41 @@
+// The rows of a table under a given reading: bytes of the code page, the title row first when there is one, each with
+// the line of the file where it starts.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "capture/apercu/lecture.h"
+#include "capture/tableur.h"
+
+namespace quelvar::capture {
+
+class LecteurDeRangees {
+ public:
+  LecteurDeRangees(const Chemin& source, const Lecture& lecture);
+
+  // The next row, as a view that lives until the next call; false at the end. What stands before the titles is skipped.
+  bool Lire(std::string_view& rangee);
+  LigneDeTableur Cellules(std::string_view rangee) const { return {rangee, lecture_.separateur, lecture_.guillemets}; }
+  bool SansValeur(std::string_view rangee) const;
+
+  std::int64_t Ligne() const { return lecteur_.Ligne(); }
+  std::int64_t GuillemetSansFin() const { return lecteur_.GuillemetSansFin(); }
+  std::int64_t Etrangers() const { return etrangers_; }
+  std::int64_t LigneEtrangere() const { return ligneEtrangere_; }  // of the first one; 0 without
+  std::uintmax_t Octets() const { return octets_; }                // length of the rows given so far
+
+ private:
+  Lecture lecture_;
+  LecteurTableur lecteur_;
+  std::string convertie_;
+  std::int64_t etrangers_ = 0;
+  std::int64_t ligneEtrangere_ = 0;
+  std::uintmax_t octets_ = 0;
+};
+
+// The lines of a source as LecteurTableur takes them; UTF-16 comes as UTF-8.
+LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage);
+
+}  // namespace quelvar::capture

@@ -1,0 +1,57 @@
+#include "capture/apercu/options.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+Description<OptionsImport> Decrire(std::string nom, std::string_view resume,
+                                   Description<OptionsImport>::Entree entree) {
+  using O = OptionsImport;
+  return Description<O>(std::move(nom), resume, std::move(entree))
+      .Texte("fichier", &O::fichier, "FICHIER", "table à importer : .csv, .txt, .ods, .xlsx ou .dbf"_w)
+      .Defaut("le .CSV ou le .TXT du générique"_w)
+      .Texte("choix", &O::fichierChoix, "FICHIER.IMC", "ce que deviennent les colonnes, comme un import l'a gardé"_w)
+      .Defaut("ce qui est proposé"_w)
+      .Texte("feuille", &O::feuille, "NOM|N", "feuille d'un classeur")
+      .Defaut("la première"_w)
+      .Choix(
+          "encodage", [](auto& o) -> auto& { return o.lecture.encodage; },
+          {{"utf-8", Encodage::Utf8},
+           {"utf-16le", Encodage::Utf16LE},
+           {"utf-16be", Encodage::Utf16BE},
+           {"windows-1252", Encodage::Windows1252},
+           {"latin-9", Encodage::Latin9},
+           {"cp850", Encodage::Cp850}},
+          "encodage des caractères"_w)
+      .Defaut("ce que montre le fichier")
+      .Choix(
+          "separateur", [](auto& o) -> auto& { return o.lecture.separateur; },
+          {{"point-virgule", ';'}, {"virgule", ','}, {"tabulation", '\t'}, {"barre", '|'}}, "signe entre les cellules")
+      .Defaut("ce que montre le fichier")
+      .Choix(
+          "decimale", [](auto& o) -> auto& { return o.lecture.decimale; }, {{"virgule", ','}, {"point", '.'}},
+          "signe décimal des nombres"_w)
+      .Defaut("ce que montre le fichier")
+      .OuiNon(
+          "guillemets", [](auto& o) -> auto& { return o.lecture.guillemets; }, "un guillemet ouvre une cellule")
+      .Defaut("oui")
+      .OuiNon(
+          "titres", [](auto& o) -> auto& { return o.lecture.titres; }, "la première ligne donne les intitulés"_w)
+      .Defaut("ce que montre le fichier");
+}
+
+}  // namespace
+
+const Description<OptionsImport>& DescriptionImport() {
+  static const Description<OptionsImport> description = Decrire(
+      "import", "Importation de toute table, colonne par colonne (.DAT, .POS, .MOD, .TXT, .IMC, .IMP)"_w, Importer);
+  return description;
+}
+
+const Description<OptionsImport>& DescriptionApercu() {
+  static const Description<OptionsImport> description = Decrire(
+      "apercu", "Aperçu d'une table à importer : ce que sont ses colonnes et ce qu'elles deviennent"_w, MontrerApercu);
+  return description;
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,22 @@
+// What an import knows before it writes: how the file is read, what its columns hold, what becomes of them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "capture/apercu/import.h"
+#include "capture/apercu/source.h"
+
+namespace quelvar::capture {
+
+struct Reconnaissance {
+  Lecture lecture;
+  std::vector<std::string> doutes;  // on the reading and on the choices
+  FaitsDeTable faits;               // of the whole file
+  std::vector<ChoixDeColonne> choix;
+};
+
+// Raises what DetecterLecture, ExaminerTable and LireImc raise, and 53 for a file of choices that is not there.
+Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options);
+
+}  // namespace quelvar::capture

@@ -1,0 +1,162 @@
+#include "capture/apercu/sorties/compterendu.h"
+
+#include <algorithm>
+
+#include "capture/apercu/octets/cellule.h"
+#include "capture/colonnes/compterendu.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kLignesCitees = 20;  // irregular rows told by their line
+
+std::string NumeroEtNom(std::size_t j, const FaitsDeColonne& colonne) {
+  return Joindre({NombreNu(j + 1), colonne.intitule.empty() ? "pas d'intitulé"_w : std::string_view(colonne.intitule)});
+}
+
+std::string_view CeQuilFaut(const ChoixDeColonne& choix, std::string_view cellule) {
+  const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
+  if (decimales && LireNombre(cellule))
+    return "a un autre signe décimal que le fichier : donnez decimale=virgule ou decimale=point"_w;
+  switch (choix.genre) {
+    case Genre::Codes: return "n'est pas un code";
+    case Genre::Multiple: return "n'est pas une réponse connue"_w;
+    case Genre::Textes: return "n'a pas de code";
+    default: return "n'est pas un nombre";
+  }
+}
+
+std::string LignesIrregulieres(const FaitsDeTable& faits, bool longues) {
+  std::string lignes;
+  std::size_t citees = 0;
+  for (const LigneIrreguliere& ligne : faits.irregulieres) {
+    if ((ligne.cellules > faits.colonnes.size()) != longues || ++citees > kLignesCitees) continue;
+    lignes += Joindre({lignes.empty() ? std::string_view("") : std::string_view(", "), Nombre(ligne.ligne)});
+  }
+  if ((longues ? faits.longues : faits.courtes) > static_cast<std::int64_t>(kLignesCitees)) lignes += "...";
+  return lignes;
+}
+
+}  // namespace
+
+void EcrireLecture(Rapport& rapport, std::string_view fichier, const Reconnaissance& table) {
+  rapport.Ligne({"Lecture du fichier ", fichier, " : ", DireLecture(table.lecture)});
+  for (const std::string& doute : table.doutes) rapport.Ligne({"*** Attention : ", doute});
+}
+
+void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
+  rapport.Ligne(
+      {"Il y a", NombreNu(table.faits.individus), "individus et", NombreNu(table.faits.colonnes.size()), "colonnes"});
+  rapport.Ligne();
+  rapport.Ligne("   No Nom Contenu                 Différentes   Vides Intitulé : devenir"_w);
+  for (std::size_t j = 0; j < table.faits.colonnes.size(); ++j) {
+    const FaitsDeColonne& colonne = table.faits.colonnes[j];
+    rapport.Ligne({EntierDroit(static_cast<std::int64_t>(j + 1), 5), " ", CadreGauche(table.choix[j].nom, 3), " ",
+                   CadreGauche(NomContenu(colonne.contenu), 23), EntierDroit(colonne.differentes, 12),
+                   EntierDroit(colonne.vides, 8), " ",
+                   colonne.intitule.empty() ? "pas d'intitulé"_w : std::string_view(colonne.intitule), " : ",
+                   Devenir(table.choix[j], colonne)});
+  }
+  rapport.Ligne();
+}
+
+std::vector<std::string> RefusDeTable(const FaitsDeTable& faits) {
+  std::vector<std::string> refus;
+  if (faits.longues > 0)
+    refus.push_back(Joindre({"*** Erreur :", NombreNu(faits.longues), "ligne(s) avec plus de valeurs que les",
+                             NombreNu(faits.colonnes.size()), "intitulés, ses colonnes sont décalées : ligne "_w,
+                             LignesIrregulieres(faits, true)}));
+  if (faits.guillemetSansFin > 0)
+    refus.push_back(Joindre({"*** Erreur : un guillemet ouvert à la ligne "_w, Nombre(faits.guillemetSansFin),
+                             " n'est jamais fermé (donnez guillemets=non si c'est un signe comme un autre)"_w}));
+  return refus;
+}
+
+void EcrireDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
+                   const Plan& plan, const Bilan& bilan) {
+  if (ToutEstCodes(choix)) return;
+  rapport.Ligne();
+  rapport.Ligne("Ce que devient chaque colonne");
+  rapport.Ligne();
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    rapport.Ligne({"Colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", Devenir(choix[j], faits.colonnes[j])});
+    const ColonneLue& lue = plan.lues[j];
+    for (std::size_t k = lue.premiere; k < lue.premiere + lue.nombre; ++k) {
+      for (const Etiquette& etiquette : plan.etiquettes[k])
+        rapport.Ligne({"    ", plan.colonnes[k].nomCourt, " code", NombreNu(etiquette.code), etiquette.intitule, " :",
+                       NombreBlanc(bilan.effectifs[k][static_cast<std::size_t>(etiquette.code)])});
+      if (lue.regle != Regle::Texte && lue.regle != Regle::Classe) continue;
+      const std::int64_t zeros = bilan.effectifs[k].empty() ? 0 : bilan.effectifs[k][0];
+      const std::int64_t vides = faits.colonnes[j].vides;
+      if (zeros + vides > 0)
+        rapport.Ligne({"    ", plan.colonnes[k].nomCourt, " code 0 non-réponse :"_w, NombreBlanc(zeros + vides)});
+    }
+  }
+}
+
+std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits) {
+  std::vector<std::string> remarques;
+  if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
+  if (faits.courtes > 0)
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.courtes),
+                                 "ligne(s) plus courte(s) que les intitulés, complétée(s) par des vides : ligne "_w,
+                                 LignesIrregulieres(faits, false)}));
+  if (faits.etrangers > 0)
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.etrangers),
+                                 "caractère(s) sans équivalent, remplacé(s) par ?, à partir de la ligne "_w,
+                                 Nombre(faits.ligneEtrangere)}));
+  return remarques;
+}
+
+std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
+                                            const IntitulesPerdus& perdus) {
+  std::vector<std::string> remarques;
+  if (!perdus.coupes.empty())
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(perdus.coupes.size()),
+                                 "intitulé(s) de plus de 25 caractères, coupé(s) dans "_w, contexte.Nom(".MOD")}));
+  for (const std::string& nom : perdus.communs)
+    remarques.push_back(Joindre({"*** Attention : deux modalités ont le nom "_w, nom, " dans ", contexte.Nom(".MOD")}));
+  if (perdus.gardes > 0)
+    remarques.push_back(Joindre({"Les intitulés de l'ancien fichier "_w, contexte.Nom(".MOD"),
+                                 " sont gardés pour les questions de codes :"_w, NombreBlanc(perdus.gardes)}));
+  if (!plan.longues.empty()) {
+    remarques.push_back(Joindre({"Les textes longs sont dans ", contexte.Nom(".TXT"),
+                                 " : les caractéristiques vont jusqu'à la position"_w,
+                                 NombreNu(bilan.finCaracteristiques), "(découpage en mots)"_w}));
+    if (plan.longues.size() > 1)
+      remarques.push_back(Joindre({"    cette position dit la colonne du texte : 1 pour la colonne",
+                                   NombreNu(plan.longues.front() + 1), "et ainsi de suite"}));
+    if (bilan.etoiles > 0)
+      remarques.push_back(
+          Joindre({"*** Attention :", NombreNu(bilan.etoiles), "étoile(s) des textes remplacée(s) par des blancs"_w}));
+  }
+  if (plan.nombres.empty()) return remarques;
+  remarques.push_back(
+      Joindre({"Les nombres gardés sont sous le générique "_w, contexte.generique, "N (", contexte.generique,
+               "N.CDG et ", contexte.generique, "N.MOD), pour la régression sur données numériques"_w}));
+  if (bilan.sansNombre > 0) {
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(bilan.sansNombre),
+                                 "individu(s) sans l'un de ces nombres n'y sont pas, car un vide y serait lu 0"}));
+    for (std::size_t i = 0; i < plan.nombres.size(); ++i)
+      if (bilan.videsParNombre[i] > 0)
+        remarques.push_back(Joindre({"    ", plan.nombres[i].nom, " ", plan.nombres[i].intitule, " : vide pour",
+                                     NombreNu(bilan.videsParNombre[i]), "individu(s)"}));
+  }
+  return remarques;
+}
+
+void EcrireRefus(Rapport& rapport, const Bilan& bilan, const FaitsDeTable& faits,
+                 const std::vector<ChoixDeColonne>& choix) {
+  std::vector<CelluleRefusee> refusees = bilan.refusees;
+  std::ranges::stable_sort(refusees, {}, &CelluleRefusee::colonne);
+  for (const CelluleRefusee& refusee : refusees)
+    rapport.Ligne({"*** Erreur : colonne", NumeroEtNom(refusee.colonne, faits.colonnes[refusee.colonne]), ", ligne",
+                   NombreNu(refusee.ligne), ": \"", refusee.valeur, "\" ",
+                   CeQuilFaut(choix[refusee.colonne], refusee.valeur)});
+  const auto tues = bilan.refus - static_cast<std::int64_t>(refusees.size());
+  if (tues > 0) rapport.Ligne({"*** Erreur : et", NombreNu(tues), "autre(s) cellule(s)"});
+}
+
+}  // namespace quelvar::capture

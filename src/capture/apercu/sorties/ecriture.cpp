@@ -1,0 +1,268 @@
+#include "capture/apercu/sorties/ecriture.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "capture/apercu/observation/listes.h"
+#include "capture/apercu/octets/cellule.h"
+#include "capture/colonnes/compterendu.h"
+#include "capture/colonnes/metteur.h"
+#include "core/enquete/posfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kNomIndividu = 4;
+constexpr std::size_t kCodesComptes = 100;
+
+bool EstNegation(std::string_view texte) {
+  const std::string petit = Minuscules(texte);
+  for (const std::string_view non :
+       {std::string_view("non"), std::string_view("no"), std::string_view("n"), std::string_view("faux"),
+        std::string_view("false"), "non coché"_w, std::string_view("unchecked"), std::string_view("not selected"),
+        "non sélectionné"_w, std::string_view("not quoted"), std::string_view("0")})
+    if (petit == non) return true;
+  return false;
+}
+
+bool EstEntier(std::string_view cellule) {
+  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  return nombre && nombre->EstEntier();
+}
+
+class EcritureDeTable {
+ public:
+  EcritureDeTable(const Plan& plan, std::int64_t individus, const SortiesDeTable& sorties)
+      : plan_(plan),
+        sorties_(sorties),
+        metteur_(plan.colonnes, true),
+        reponses_(plan.colonnes.size()),
+        textes_(plan.longues.size()),
+        nombres_(plan.nombres.size()) {
+    bilan_.effectifs.resize(plan.colonnes.size());
+    for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
+      if (!plan.etiquettes[k].empty()) bilan_.effectifs[k].resize(kCodesComptes);
+    bilan_.videsParNombre.resize(plan.nombres.size());
+    largeurRang_ = Nombre(individus).size();
+    bilan_.finCaracteristiques =
+        (metteur_.LargeurAlignee() > 0 ? metteur_.LargeurAlignee() : largeurRang_) + (textes_.size() > 1 ? 1 : 0);
+    for (std::size_t j = 0; j < plan.lues.size(); ++j) {
+      if (plan.lues[j].longue) textesDe_.push_back(j);
+      if (plan.lues[j].gardee) nombresDe_.push_back(j);
+    }
+  }
+
+  void Ecrire(LigneDeTableur cellules, std::int64_t ligne);
+  Bilan Achever() { return std::move(bilan_); }
+
+ private:
+  void Traiter(std::size_t j, std::string_view cellule);
+  void PlacerCode(std::size_t k, int code);
+  void PlacerChiffres(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void PlacerTexte(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void PlacerClasse(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void PlacerReponse(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void PlacerListe(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void GarderNombre(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void GarderTexte(std::size_t j, std::string_view cellule);
+  void Refuser(std::size_t j, std::string_view cellule);
+  void EcrireTextes();
+  void EcrireNombres();
+  // Whether the cell is one of the texts that count as 0.
+  static bool EstZero(const ColonneLue& lue, std::string_view cellule) {
+    if (!lue.avecZeros) return false;
+    const std::uint32_t rang = lue.textes.Chercher(cellule);
+    return rang != TableDeTextes::kAbsent && lue.codes[rang] == 0;
+  }
+
+  const Plan& plan_;
+  SortiesDeTable sorties_;
+  MetteurEnColonnes metteur_;
+  Bilan bilan_;
+  std::int64_t ligne_ = 0;
+  std::vector<char> reponses_;  // of the lists of the row, by column of .DAT
+  std::vector<std::string> textes_;
+  std::vector<std::string> nombres_;
+  std::vector<std::size_t> textesDe_;  // columns of the table
+  std::vector<std::size_t> nombresDe_;
+  std::size_t largeurRang_ = 1;
+  std::string enregistrement_;
+};
+
+void EcritureDeTable::Refuser(std::size_t j, std::string_view cellule) {
+  ++bilan_.refus;
+  if (bilan_.refusees.size() < kRefuseesGardees) bilan_.refusees.push_back({j, ligne_, std::string(cellule)});
+}
+
+void EcritureDeTable::PlacerCode(std::size_t k, int code) {
+  if (!bilan_.effectifs[k].empty()) ++bilan_.effectifs[k][static_cast<std::size_t>(code)];
+  if (code < 10) {
+    metteur_.PlacerChiffre(k, static_cast<char>('0' + code));
+    return;
+  }
+  const std::array<char, 2> chiffres = {static_cast<char>('0' + code / 10), static_cast<char>('0' + code % 10)};
+  metteur_.Placer(k, std::string_view(chiffres.data(), chiffres.size()));
+}
+
+void EcritureDeTable::PlacerChiffres(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+  const bool chiffres = cellule.size() <= plan_.colonnes[lue.premiere].largeur &&
+                        cellule.find_first_not_of("0123456789") == std::string_view::npos;
+  if (EstZero(lue, cellule)) return metteur_.Placer(lue.premiere, "0");
+  if (chiffres) return metteur_.Placer(lue.premiere, cellule);
+  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  if (!nombre || !nombre->EstEntier()) return Refuser(j, cellule);
+  const std::string normal = nombre->Normalise();
+  if (normal.front() == '-') metteur_.Placer(lue.premiere, "0");
+  else if (normal.size() > plan_.colonnes[lue.premiere].largeur) Refuser(j, cellule);
+  else metteur_.Placer(lue.premiere, normal);
+}
+
+void EcritureDeTable::PlacerTexte(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+  const std::uint32_t rang = lue.textes.Chercher(cellule);
+  if (rang == TableDeTextes::kAbsent) return Refuser(j, cellule);
+  PlacerCode(lue.premiere, lue.codes[rang]);
+}
+
+void EcritureDeTable::PlacerClasse(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+  if (EstZero(lue, cellule)) return PlacerCode(lue.premiere, 0);
+  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  if (!nombre || (nombre->signe != '\0' && nombre->signe != lue.decimale)) return Refuser(j, cellule);
+  const double valeur = ValeurDe(nombre->Normalise());
+  const auto classe = std::ranges::upper_bound(lue.limites, valeur) - lue.limites.begin();
+  PlacerCode(lue.premiere, static_cast<int>(classe) + 1);
+}
+
+// An empty cell is an answer that was not given.
+void EcritureDeTable::PlacerReponse(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+  const std::uint32_t rang = lue.textes.Chercher(cellule);
+  if (rang == TableDeTextes::kAbsent && !cellule.empty() && !EstNegation(cellule)) return Refuser(j, cellule);
+  PlacerCode(lue.premiere, rang == TableDeTextes::kAbsent ? 0 : lue.codes[rang]);
+}
+
+void EcritureDeTable::PlacerListe(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+  std::fill_n(reponses_.begin(), lue.nombre, '\0');
+  if (!EstZero(lue, cellule)) {
+    SeparerListe(cellule, lue.liste, [&](std::string_view element) {
+      const std::uint32_t rang = lue.textes.Chercher(element);
+      if (rang == TableDeTextes::kAbsent) Refuser(j, cellule);
+      else if (lue.codes[rang] > 0) reponses_[static_cast<std::size_t>(lue.codes[rang]) - 1] = 1;
+    });
+  }
+  for (std::size_t i = 0; i < lue.nombre; ++i) PlacerCode(lue.premiere + i, reponses_[i]);
+}
+
+void EcritureDeTable::GarderNombre(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+  if (cellule.empty() || EstZero(lue, cellule)) return;
+  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  if (!nombre || (nombre->signe != '\0' && nombre->signe != lue.decimale)) return Refuser(j, cellule);
+  const auto rang = static_cast<std::size_t>(std::ranges::find(nombresDe_, j) - nombresDe_.begin());
+  nombres_[rang] = nombre->Normalise();
+}
+
+void EcritureDeTable::GarderTexte(std::size_t j, std::string_view cellule) {
+  const auto rang = static_cast<std::size_t>(std::ranges::find(textesDe_, j) - textesDe_.begin());
+  std::string& texte = textes_[rang];
+  texte = cellule;
+  for (char& c : texte) {
+    if (c == '*') ++bilan_.etoiles;
+    if (c == '*' || static_cast<unsigned char>(c) < 0x20 || c == '\xA0') c = ' ';
+  }
+}
+
+void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
+  const ColonneLue& lue = plan_.lues[j];
+  if (lue.longue) GarderTexte(j, cellule);
+  if (lue.gardee) GarderNombre(lue, j, cellule);
+  switch (lue.regle) {
+    case Regle::Rien: break;
+    case Regle::Code:
+      if (cellule.empty()) metteur_.Placer(lue.premiere, cellule);
+      else PlacerChiffres(lue, j, cellule);
+      break;
+    case Regle::Telle:
+      if (lue.entiers && !cellule.empty() && !EstZero(lue, cellule) && !EstEntier(cellule)) Refuser(j, cellule);
+      metteur_.Placer(lue.premiere, cellule);
+      break;
+    case Regle::Texte:
+      if (!cellule.empty()) PlacerTexte(lue, j, cellule);
+      break;
+    case Regle::Classe:
+      if (!cellule.empty()) PlacerClasse(lue, j, cellule);
+      break;
+    case Regle::Reponse: PlacerReponse(lue, j, cellule); break;
+    case Regle::Liste: PlacerListe(lue, j, cellule); break;
+  }
+}
+
+// One record a text: the characteristics, which of the columns it is when there are several, the text and its star.
+void EcritureDeTable::EcrireTextes() {
+  for (std::size_t i = 0; i < textes_.size(); ++i) {
+    enregistrement_ = metteur_.LargeurAlignee() > 0 ? std::string(metteur_.PartieAlignee())
+                                                    : EntierDroit(bilan_.individus, static_cast<int>(largeurRang_));
+    if (textes_.size() > 1) enregistrement_ += CodeCaractere(static_cast<int>(std::min<std::size_t>(i + 1, 35)));
+    enregistrement_.append(textes_[i]).append(1, '*');
+    sorties_.txt->Ligne(enregistrement_);
+    ++bilan_.textes;
+    textes_[i].clear();
+  }
+}
+
+// An empty cell would be read as 0: the individual is left out.
+void EcritureDeTable::EcrireNombres() {
+  bool complet = true;
+  for (std::size_t i = 0; i < nombres_.size(); ++i) {
+    if (!nombres_[i].empty()) continue;
+    ++bilan_.videsParNombre[i];
+    complet = false;
+  }
+  if (complet) {
+    const std::string rang = Nombre(bilan_.individus);
+    enregistrement_ = CadreGauche(rang.size() <= kNomIndividu ? std::string_view(rang) : std::string_view{},
+                                  static_cast<int>(kNomIndividu));
+    for (const std::string& nombre : nombres_)
+      enregistrement_.append(plan_.largeurNombres - nombre.size(), ' ').append(nombre);
+    sorties_.cdg->Ligne(enregistrement_);
+  } else {
+    ++bilan_.sansNombre;
+  }
+  for (std::string& nombre : nombres_) nombre.clear();
+}
+
+void EcritureDeTable::Ecrire(LigneDeTableur cellules, std::int64_t ligne) {
+  ligne_ = ligne;
+  ++bilan_.individus;
+  metteur_.Commencer();
+  std::size_t j = 0;
+  const std::size_t colonnes = plan_.lues.size();
+  for (std::string_view cellule; j < colonnes && cellules.Suivante(cellule); ++j) {
+    if (!cellule.empty()) cellule = RognerCellule(cellule);
+    Traiter(j, cellule);
+  }
+  for (; j < colonnes; ++j) Traiter(j, {});
+  const std::string_view individu = metteur_.Finir(plan_.colonnes.size());
+  if (!textes_.empty()) EcrireTextes();
+  if (!nombres_.empty()) EcrireNombres();
+  if (bilan_.premieres.size() < kLignesDeVerification) bilan_.premieres.emplace_back(individu);
+  sorties_.dat->Ligne(individu);
+}
+
+}  // namespace
+
+Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan, std::int64_t individus,
+                  const SortiesDeTable& sorties, const std::function<void()>& avancer) {
+  LecteurDeRangees lecteur(source, lecture);
+  EcritureDeTable ecriture(plan, individus, sorties);
+  std::string_view rangee;
+  if (lecture.ligneTitres > 0) lecteur.Lire(rangee);
+  while (lecteur.Lire(rangee)) {
+    if (lecteur.SansValeur(rangee)) continue;
+    ecriture.Ecrire(lecteur.Cellules(rangee), lecteur.Ligne());
+    avancer();
+  }
+  return ecriture.Achever();
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,78 @@
+#include "capture/apercu/sorties/modalites.h"
+
+#include <algorithm>
+#include <set>
+
+#include "core/enquete/modfile.h"
+#include "core/enquete/posfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps
+constexpr int kPremierEnDeuxChiffres = 36;
+constexpr std::size_t kNom = 4;
+
+std::string NomDeModalite(std::string_view question, int code) {
+  return Joindre({CadreGauche(question, code < kPremierEnDeuxChiffres ? 3 : 2), CodeCaractere(code)});
+}
+
+// Lines of the former file for questions that got no labels now.
+std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const Plan& plan, const std::set<std::string>& ecrits) {
+  std::set<std::string> questions;
+  for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
+    if (plan.colonnes[k].DansPos() && plan.etiquettes[k].empty())
+      questions.insert(CadreGauche(plan.colonnes[k].nomCourt, 3));
+  std::size_t gardes = 0;
+  LecteurLignes lecteur(ancien);
+  std::int64_t numero = 0;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (++numero <= 2 || ligne.size() < kNom || ligne.substr(0, kNom).find("**") != std::string_view::npos) continue;
+    if (ecrits.contains(std::string(ligne.substr(0, kNom))) || !questions.contains(std::string(ligne.substr(0, 3))))
+      continue;
+    if (gardes++ == 0) mod.Ligne("**");
+    mod.Ligne(ligne);
+  }
+  return gardes;
+}
+
+}  // namespace
+
+bool AvecIntitules(const Plan& plan) {
+  for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
+    if (!plan.etiquettes[k].empty() && plan.colonnes[k].DansPos()) return true;
+  return false;
+}
+
+IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const Plan& plan,
+                                const std::optional<Chemin>& ancien) {
+  IntitulesPerdus perdus;
+  std::set<std::string> ecrits;
+  mod.Ligne(generique);
+  mod.Ligne(" BRT=0 ");
+  for (std::size_t k = 0; k < plan.colonnes.size(); ++k) {
+    const ColonneImportee& colonne = plan.colonnes[k];
+    if (!colonne.DansPos()) continue;
+    for (const Etiquette& etiquette : plan.etiquettes[k]) {
+      const std::string nom = NomDeModalite(colonne.nomCourt, etiquette.code);
+      if (!ecrits.insert(nom).second) perdus.communs.push_back(nom);
+      if (etiquette.intitule.size() > kLargeurIntitule)
+        perdus.coupes.push_back(Joindre({nom, " ", etiquette.intitule}));
+      mod.Ligne(LigneModalite(nom, false, etiquette.intitule));
+    }
+  }
+  if (ancien) perdus.gardes = GarderAnciens(mod, *ancien, plan, ecrits);
+  return perdus;
+}
+
+void EcrireVariables(Ecrivain& mod, std::string_view generique, const Plan& plan) {
+  mod.Ligne(generique);
+  mod.Ligne(Joindre({" FMT=", Nombre(plan.largeurNombres), " "}));
+  for (const NombreGarde& nombre : plan.nombres)
+    mod.Ligne(LigneModalite(CadreGauche(nombre.nom, static_cast<int>(kNom)), false, nombre.intitule));
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,280 @@
+#include "capture/apercu/sorties/plan.h"
+
+#include <algorithm>
+
+#include "capture/apercu/observation/listes.h"
+#include "capture/apercu/octets/cellule.h"
+#include "capture/apercu/octets/rangees.h"
+#include "capture/colonnes/compterendu.h"
+#include "capture/nomscourts.h"
+#include "core/enquete/posfile.h"
+#include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kCodesDeTextes = 99;
+constexpr std::size_t kClassesAuPlus = 35;
+constexpr std::size_t kCodesEnUnSigne = 35;
+constexpr std::size_t kColonnesDeReponses = 200;
+
+[[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arrêt du programme : colonne"_w, NumeroEtIntitule(colonne), ", ", raison}));
+}
+
+bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
+  return std::ranges::find(textes, texte) != textes.end();
+}
+
+// A label or a title that .POS can hold between its "$" signs.
+std::string SansDollar(std::string texte) {
+  std::ranges::replace(texte, '$', 'S');
+  return texte;
+}
+
+// Calls `voir` with every cell of one column that is not empty.
+template <typename Voir>
+void ParcourirColonne(const Chemin& source, const Lecture& lecture, std::size_t colonne, Voir&& voir) {
+  LecteurDeRangees lecteur(source, lecture);
+  std::string_view rangee;
+  if (lecture.ligneTitres > 0) lecteur.Lire(rangee);
+  while (lecteur.Lire(rangee)) {
+    LigneDeTableur cellules = lecteur.Cellules(rangee);
+    std::string_view cellule;
+    std::size_t j = 0;
+    while (j <= colonne && cellules.Suivante(cellule)) ++j;
+    if (j <= colonne) continue;
+    cellule = RognerCellule(cellule);
+    if (!cellule.empty()) voir(cellule);
+  }
+}
+
+class Dresseur {
+ public:
+  Dresseur(const Chemin& source, const Lecture& lecture) : source_(source), lecture_(lecture) {}
+
+  void Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits, std::size_t rang);
+  Plan Achever();
+
+ private:
+  ColonneImportee& Ajouter(const FaitsDeColonne& faits, const ChoixDeColonne& choix, std::size_t largeur,
+                           double codeMax);
+  void CompterPourZero(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
+  void PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& faits, bool numero);
+  void PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
+  void PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
+  void PrendreReponse(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
+  void PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
+  void PrendreNombres(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
+  std::vector<ValeurComptee> Elements(const ChoixDeColonne& choix, const FaitsDeColonne& faits) const;
+  void Coder(std::string_view texte, int code);
+  void Nommer();
+
+  const Chemin& source_;
+  const Lecture& lecture_;
+  Plan plan_;
+  std::vector<std::string> noms_;  // asked for, by column of .DAT
+  std::size_t rang_ = 0;           // of the column of the table, from 0
+  ColonneLue lue_;
+};
+
+ColonneImportee& Dresseur::Ajouter(const FaitsDeColonne& faits, const ChoixDeColonne& choix, std::size_t largeur,
+                                   double codeMax) {
+  if (lue_.nombre++ == 0) lue_.premiere = plan_.colonnes.size();
+  ColonneImportee colonne;
+  colonne.intitule = SansDollar(faits.intitule);
+  colonne.largeur = largeur;
+  colonne.codeMax = codeMax;
+  colonne.rang = rang_ + 1;
+  plan_.colonnes.push_back(std::move(colonne));
+  plan_.etiquettes.emplace_back();
+  noms_.push_back(choix.nom.empty() ? faits.intitule : choix.nom);
+  return plan_.colonnes.back();
+}
+
+void Dresseur::Coder(std::string_view texte, int code) {
+  const std::size_t rang = lue_.textes.ChercherOuAjouter(texte);
+  if (rang < lue_.codes.size()) return;
+  lue_.codes.push_back(code);
+}
+
+void Dresseur::CompterPourZero(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  for (const std::string& texte : choix.nonReponses) Coder(RognerCellule(texte), 0);
+  if (faits.nonReponses > 0) Coder(kNonReponse, 0);
+  lue_.avecZeros = !lue_.codes.empty();
+}
+
+// Whole numbers of at most three digits are codes; wider ones stay as they are and out of .POS.
+void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& faits, bool numero) {
+  const bool entiers = faits.avecDecimales == 0 && faits.maximum <= 999 && !(numero && faits.nonNumeriques > 0);
+  if (entiers && faits.largeurNombre > 0) {
+    lue_.regle = Regle::Code;
+    const double codeMax = std::max(faits.maximum, 0.0);
+    Ajouter(faits, choix, Nombre(codeMax).size(), codeMax).numero = numero;
+  } else if (faits.largeur > 0) {
+    lue_.regle = Regle::Telle;
+    lue_.entiers = !numero;
+    ColonneImportee& colonne = Ajouter(faits, choix, faits.largeur, 0);
+    colonne.telle = true;
+    colonne.numero = numero;
+  }
+}
+
+void Dresseur::PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  std::vector<ValeurComptee> ordre;
+  for (const std::string& texte : choix.textes) {
+    const auto valeur = std::ranges::find(faits.valeurs, texte, &ValeurComptee::valeur);
+    ordre.push_back({texte, valeur == faits.valeurs.end() ? 0 : valeur->effectif});
+  }
+  std::vector<ValeurComptee> autres;
+  for (const ValeurComptee& valeur : faits.valeurs)
+    if (!EstParmi(choix.textes, valeur.valeur) && !EstParmi(choix.nonReponses, valeur.valeur)) autres.push_back(valeur);
+  if (choix.ordre == Ordre::Frequence)
+    std::ranges::stable_sort(autres, std::ranges::greater{}, &ValeurComptee::effectif);
+  ordre.insert(ordre.end(), autres.begin(), autres.end());
+  lue_.regle = Regle::Texte;
+  const auto codeMax = static_cast<double>(ordre.size());
+  const ColonneImportee& colonne = Ajouter(faits, choix, ordre.size() < 10 ? 1 : 2, codeMax);
+  if (ordre.size() > kCodesDeTextes || (ordre.empty() && faits.valeurs.empty() && faits.differentes > 0))
+    Refuser(colonne, "plus de 99 textes différents : ils ne peuvent pas devenir des codes"_w);
+  for (std::size_t i = 0; i < ordre.size(); ++i) {
+    Coder(ordre[i].valeur, static_cast<int>(i + 1));
+    plan_.etiquettes.back().push_back({static_cast<int>(i + 1), ordre[i].valeur, ordre[i].effectif});
+  }
+}
+
+void Dresseur::PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  std::vector<double> bornes = choix.bornes;
+  if (bornes.empty()) {
+    std::vector<double> valeurs;
+    ParcourirColonne(source_, lecture_, rang_, [&](std::string_view cellule) {
+      if (EstParmi(choix.nonReponses, cellule)) return;
+      if (const std::optional<NombreLu> nombre = LireNombre(cellule)) valeurs.push_back(ValeurDe(nombre->Normalise()));
+    });
+    bornes = BornesDeGroupes(std::move(valeurs), choix.groupes);
+  }
+  Classes classes = ClassesSelonBornes(bornes, faits);
+  lue_.regle = Regle::Classe;
+  const std::size_t nombre = classes.etiquettes.size();
+  const ColonneImportee& colonne = Ajouter(faits, choix, nombre < 10 ? 1 : 2, static_cast<double>(nombre));
+  if (nombre > kClassesAuPlus) Refuser(colonne, "plus de 35 classes");
+  lue_.limites = std::move(classes.limites);
+  lue_.decimale = faits.decimale;
+  plan_.etiquettes.back() = std::move(classes.etiquettes);
+}
+
+void Dresseur::PrendreReponse(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  lue_.regle = Regle::Reponse;
+  Ajouter(faits, choix, 1, 1);
+  for (const std::string& texte : choix.reponses) Coder(texte, 1);
+  const std::size_t crochet = faits.intitule.rfind('[');
+  if (faits.intitule.ends_with(']') && crochet != std::string::npos)
+    plan_.etiquettes.back().push_back({1, faits.intitule.substr(crochet + 1, faits.intitule.size() - crochet - 2)});
+}
+
+// The answers of the cells; of a column with more different cells than are kept they are gathered again.
+std::vector<ValeurComptee> Dresseur::Elements(const ChoixDeColonne& choix, const FaitsDeColonne& faits) const {
+  if (choix.liste == faits.liste && !faits.valeurs.empty()) return faits.elements;
+  TableDeTextes elements;
+  ParcourirColonne(source_, lecture_, rang_, [&](std::string_view cellule) {
+    if (EstParmi(choix.nonReponses, cellule) || elements.Nombre() > kColonnesDeReponses) return;
+    SeparerListe(cellule, choix.liste, [&](std::string_view e) { elements.Compter(elements.ChercherOuAjouter(e)); });
+  });
+  std::vector<ValeurComptee> comptes;
+  for (std::size_t i = 0; i < elements.Nombre(); ++i)
+    comptes.push_back({std::string(elements.Texte(i)), elements.Effectif(i)});
+  std::ranges::sort(comptes, [](const auto& a, const auto& b) { return AvantParOrdre(a.valeur, b.valeur); });
+  return comptes;
+}
+
+void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  const std::vector<ValeurComptee> elements = Elements(choix, faits);
+  lue_.regle = Regle::Liste;
+  lue_.liste = choix.liste;
+  for (const ValeurComptee& element : elements) {
+    ColonneImportee& colonne = Ajouter(faits, choix, 1, 1);
+    colonne.intitule = SansDollar(Joindre({faits.intitule, " : ", element.valeur}));
+    if (lue_.nombre <= kCodesEnUnSigne && elements.size() > 1)
+      noms_.back() = Joindre({Rogner(noms_.back()).substr(0, 2), CodeCaractere(static_cast<int>(lue_.nombre))});
+    if (elements.size() > kColonnesDeReponses) Refuser(colonne, "plus de 200 réponses différentes dans les listes"_w);
+    Coder(element.valeur, static_cast<int>(lue_.nombre));
+    plan_.etiquettes.back().push_back({1, element.valeur, element.effectif});
+  }
+}
+
+// Whole numbers stay in .DAT besides, out of .POS, as they always did.
+void Dresseur::PrendreNombres(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  lue_.gardee = true;
+  lue_.decimale = faits.decimale;
+  plan_.nombres.push_back({rang_, choix.nom, faits.intitule});
+  plan_.largeurNombres = std::max(plan_.largeurNombres, faits.largeurNombre + 1);
+  if (faits.contenu != Contenu::Nombres || faits.avecDecimales > 0 || faits.largeur <= kLargeurCodes) return;
+  lue_.regle = Regle::Telle;
+  Ajouter(faits, choix, faits.largeur, 0).telle = true;
+}
+
+void Dresseur::Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits, std::size_t rang) {
+  rang_ = rang;
+  lue_ = {};
+  CompterPourZero(choix, faits);
+  switch (choix.genre) {
+    case Genre::Codes: PrendreCodes(choix, faits, false); break;
+    case Genre::Numero: PrendreCodes(choix, faits, true); break;
+    case Genre::Textes: PrendreTextes(choix, faits); break;
+    case Genre::Classes: PrendreClasses(choix, faits); break;
+    case Genre::Multiple: choix.liste == '\0' ? PrendreReponse(choix, faits) : PrendreListe(choix, faits); break;
+    case Genre::Nombres: PrendreNombres(choix, faits); break;
+    case Genre::Longs:
+      lue_.longue = true;
+      plan_.longues.push_back(rang);
+      break;
+    case Genre::Ecartee: break;
+  }
+  plan_.lues.push_back(std::move(lue_));
+}
+
+// Names all different, among the questions, then among the numbers.
+void Dresseur::Nommer() {
+  std::vector<std::size_t> rangs;
+  std::vector<std::string> demandes;
+  for (std::size_t k = 0; k < plan_.colonnes.size(); ++k) {
+    if (!plan_.colonnes[k].DansPos()) continue;
+    rangs.push_back(k);
+    demandes.push_back(noms_[k]);
+  }
+  const std::vector<NomCourt> noms = NomsCourts(demandes);
+  for (std::size_t i = 0; i < rangs.size(); ++i) {
+    ColonneImportee& colonne = plan_.colonnes[rangs[i]];
+    colonne.nomCourt = noms[i].nom;
+    const std::string naturel = colonne.intitule.empty() ? "XXX" : CadreDroit(colonne.intitule, 3);
+    if (colonne.nomCourt != naturel) plan_.nomsChanges.push_back(rangs[i]);
+  }
+  demandes.clear();
+  for (const NombreGarde& nombre : plan_.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
+  const std::vector<NomCourt> gardes = NomsCourts(demandes);
+  for (std::size_t i = 0; i < gardes.size(); ++i) plan_.nombres[i].nom = gardes[i].nom;
+}
+
+Plan Dresseur::Achever() {
+  std::size_t position = 1;
+  for (ColonneImportee& colonne : plan_.colonnes) {
+    colonne.position = position;
+    position += colonne.largeur;
+  }
+  Nommer();
+  return std::move(plan_);
+}
+
+}  // namespace
+
+Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
+                 const Lecture& lecture) {
+  Dresseur dresseur(source, lecture);
+  for (std::size_t j = 0; j < faits.colonnes.size(); ++j) dresseur.Prendre(choix[j], faits.colonnes[j], j);
+  return dresseur.Achever();
+}
+
+}  // namespace quelvar::capture

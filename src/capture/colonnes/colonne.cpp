@@ -1,0 +1,41 @@
+#include "capture/colonnes/colonne.h"
+
+#include <utility>
+
+#include "capture/nomscourts.h"
+#include "core/enquete/posfile.h"
+#include "core/programme/report.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes) {
+  std::vector<std::size_t> rangs;
+  std::vector<std::string> intitules;
+  for (std::size_t j = 0; j < colonnes.size(); ++j) {
+    if (!colonnes[j].DansPos()) continue;
+    rangs.push_back(j);
+    intitules.push_back(colonnes[j].intitule);
+  }
+  std::vector<NomCourt> noms = NomsCourts(intitules);
+  std::vector<std::size_t> changees;
+  for (std::size_t i = 0; i < rangs.size(); ++i) {
+    colonnes[rangs[i]].nomCourt = std::move(noms[i].nom);
+    if (noms[i].distingue) changees.push_back(rangs[i]);
+  }
+  return changees;
+}
+
+void EcrirePos(Ecrivain& pos, std::string_view generique, const std::vector<ColonneImportee>& colonnes,
+               std::int64_t individus) {
+  pos.Ligne(generique);
+  pos.Ligne(NombreNu(individus));
+  for (const ColonneImportee& colonne : colonnes) {
+    if (!colonne.DansPos()) continue;
+    const std::string intitule = colonne.intitule.size() >= 4 ? Joindre({" $", colonne.intitule, "$"}) : std::string();
+    pos.Ligne(LigneDeQuestion(colonne.nomCourt, static_cast<std::int64_t>(colonne.position),
+                              TexteCodeMax(static_cast<int>(colonne.codeMax)), intitule));
+  }
+}
+
+}  // namespace quelvar::capture

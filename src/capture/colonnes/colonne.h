@@ -1,0 +1,36 @@
+// The columns of a table as an import lays them in .DAT and .POS.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "capture/tableur.h"
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar::capture {
+
+inline constexpr std::size_t kPositionMaximale = 9999;  // last column that .POS can tell
+
+struct ColonneImportee {
+  std::string intitule;
+  std::string nomCourt;      // empty when it stays out of .POS
+  std::size_t position = 1;  // in .DAT, from 1
+  std::size_t largeur = 0;
+  double codeMax = 0;    // 0 for a column that holds no codes
+  bool numero = false;   // identifies the individuals
+  bool telle = false;    // its cells stay as they are, however narrow
+  std::size_t rang = 0;  // of the column of the table that it comes from, from 1
+
+  bool EstEtroite() const { return largeur > 0 && largeur <= kLargeurCodes && !telle; }
+  bool HorsDePortee() const { return position > kPositionMaximale; }
+  bool DansPos() const { return codeMax > 0 && !numero && !HorsDePortee(); }
+};
+
+// Gives the columns of .POS their names; returns those whose name is not that of their title.
+std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes);
+
+void EcrirePos(Ecrivain& pos, std::string_view generique, const std::vector<ColonneImportee>& colonnes,
+               std::int64_t individus);
+
+}  // namespace quelvar::capture

@@ -1,0 +1,171 @@
+#include "capture/colonnes/compterendu.h"
+
+#include <algorithm>
+
+#include "capture/fichiers.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+// A former copy that says something else goes on under the first number that is free (.PO3).
+void GarderSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& pos, const std::string& sauvegarde,
+                      JeuDeFichiers& sorties) {
+  const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
+  if (!ancienne) return;
+  const std::string contenu = LireOctets(*ancienne);
+  if (contenu == LireOctets(pos)) return;
+  std::string nom = sauvegarde;
+  for (nom.back() = '3'; nom.back() < '9'; ++nom.back()) {
+    const std::optional<Chemin> occupant = ChercherFichier(contexte.repertoire, nom);
+    if (!occupant) break;
+    if (LireOctets(*occupant) == contenu) return;
+  }
+  sorties.Ouvrir(nom, Nature::Unique).Ecrire(contenu);
+  rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
+}
+
+std::string LigneDeColonne(const ColonneImportee& colonne) {
+  const bool nomme = !colonne.intitule.empty();
+  std::string_view statut = "NON         ";
+  std::string nomCourt(3, ' ');
+  std::string_view intitule = nomme ? std::string_view(colonne.intitule) : "pas d'intitulé"_w;
+  if (colonne.numero) {
+    statut = "NON (numéro)"_w;
+    intitule = colonne.intitule;
+  } else if (colonne.DansPos()) {
+    statut = "OUI         ";
+    nomCourt = colonne.nomCourt;
+  }
+  return Joindre({NombreFixe(static_cast<double>(colonne.rang), 4, 0), std::string(4, ' '),
+                  NombreFixe(colonne.codeMax, 4, 0), std::string(10, ' '),
+                  NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(8, ' '),
+                  NombreFixe(static_cast<double>(colonne.largeur), 4, 0), std::string(6, ' '), nomCourt,
+                  std::string(7, ' '), statut, " ", intitule});
+}
+
+std::string LigneDeColonneSansIntitules(const ColonneImportee& colonne) {
+  return Joindre({NombreFixe(static_cast<double>(colonne.rang), 4, 0), std::string(14, ' '),
+                  NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(10, ' '),
+                  NombreFixe(static_cast<double>(colonne.largeur), 4, 0)});
+}
+
+}  // namespace
+
+void EcrirePresence(Rapport& rapport, const Contexte& contexte, std::string_view nomSource, const Presence& presence) {
+  const std::string dat = contexte.Nom(".DAT");
+  const std::string pos = contexte.Nom(".POS");
+  const auto existe = [](bool present) -> Texte { return present ? kExiste : kNExistePas; };
+  EcrireEtat(rapport, nomSource, existe(presence.source));
+  if (!presence.source) {
+    EcrireEtat(rapport, dat, existe(presence.dat));
+    EcrireEtat(rapport, pos, existe(presence.pos));
+    rapport.Ligne();
+    rapport.Ligne(presence.pos || presence.dat ? "Arrêt du programme car il n'y a pas de données"_w
+                                               : "Arrêt du programme car aucun fichier n'existe"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  if (presence.dat) {
+    EcrireEtat(rapport, dat, kRemplace);
+  } else if (presence.pos) {
+    EcrireEtat(rapport, dat, kSeraCreeSansAccents);
+  } else {
+    EcrireEtat(rapport, dat, kSeraCree);
+    EcrireEtat(rapport, pos, kSeraCree);
+    rapport.Ligne();
+    rapport.Ligne("Tous les champs du fichier seront examinés"_w);
+  }
+}
+
+void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, const Chemin& pos,
+                    JeuDeFichiers& sorties) {
+  const std::string nom = contexte.Nom(".POS");
+  const std::string sauvegarde = NomDeSauvegarde(nom);
+  rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
+  GarderSauvegarde(rapport, contexte, pos, sauvegarde, sorties);
+  CopierLignes(pos, sorties.Ouvrir(sauvegarde, Nature::Unique));
+  rapport.Ligne(
+      {"Il est sauvegardé sous le nom "_w, sauvegarde, effacee ? " et il est effacé "_w : std::string_view{}});
+}
+
+void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
+                    bool sansIntitules) {
+  rapport.Ligne();
+  const std::string nombre = NombreNu(nombreDeColonnes);
+  if (sansIntitules) {
+    rapport.Ligne({"Examen du fichier  importé qui comporte "_w, nombre, " colonnes"});
+    rapport.Ligne("C'est un fichier quelconque, il ne génère pas un fichier *.POS mais seulement un fichier *.DAT\""_w);
+  } else {
+    rapport.Ligne({"Examen du fichier importé qui comporte "_w, nombre, " colonnes"});
+  }
+  rapport.Ligne();
+  rapport.Ligne("Résultat de l'importation pour chaque colonne"_w);
+  rapport.Ligne();
+  if (sansIntitules) {
+    rapport.Ligne("Numéro         1ère position      Largeur  "_w);
+    rapport.Ligne("colonne     dans données *.DAT             "_w);
+  } else {
+    rapport.Ligne("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
+    rapport.Ligne("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
+  }
+  for (const ColonneImportee& colonne : colonnes)
+    rapport.Ligne(sansIntitules ? LigneDeColonneSansIntitules(colonne) : LigneDeColonne(colonne));
+}
+
+std::string NumeroEtIntitule(const ColonneImportee& colonne) {
+  return Joindre({NombreNu(colonne.rang), colonne.intitule});
+}
+
+std::string RemarqueLignesVides(std::int64_t nombre) {
+  return Joindre(
+      {"*** Attention :", NombreNu(nombre), "ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w});
+}
+
+std::string RemarqueNegatives(std::int64_t nombre, const ColonneImportee& colonne) {
+  return Joindre({"*** Attention :", NombreNu(nombre), "valeur(s) négative(s) comptée(s) pour 0 à la colonne"_w,
+                  NumeroEtIntitule(colonne)});
+}
+
+void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<ColonneImportee>& colonnes,
+                   const std::vector<std::size_t>& nomsChanges) {
+  if (!nomsChanges.empty())
+    remarques.emplace_back("*** Attention : noms courts choisis pour qu'ils soient tous différents"_w);
+  for (const std::size_t j : nomsChanges)
+    remarques.push_back(Joindre({"    ", colonnes[j].nomCourt, " pour la colonne", NumeroEtIntitule(colonnes[j])}));
+  const auto loin = std::ranges::find_if(colonnes, &ColonneImportee::HorsDePortee);
+  if (loin == colonnes.end()) return;
+  remarques.push_back(Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin->rang),
+                               "la position dépasse 9999, les colonnes restent hors du fichier *.POS"_w}));
+}
+
+void EcrireRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {
+  if (remarques.empty()) return;
+  rapport.Ligne();
+  for (const std::string& remarque : remarques) rapport.Ligne(remarque);
+}
+
+void EcrireVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
+                        bool sansIntitules) {
+  rapport.Ligne();
+  rapport.Ligne({"Le nombre d'individus est de ", NombreNu(individus)});
+  rapport.Ligne();
+  rapport.Ligne("Impression des premières lignes du fichier créé *.DAT pour vérification"_w);
+  rapport.Ligne();
+  for (const std::string& ligne : premieres) rapport.Ligne(ligne);
+  rapport.Ligne();
+  rapport.Ligne("En principe la partie des données numériques est alignée alors que la partie texte ne l'est pas"_w);
+  rapport.Ligne();
+  rapport.Ligne("Si la répartition se fait mal, on peut forcer la séparation entre partie numérique et"_w);
+  rapport.Ligne(
+      "  partie texte en insérant (entre les deux parties), un zéro dans toute une colonne du fichier Excel "_w);
+  rapport.Ligne();
+  if (sansIntitules) {
+    rapport.Ligne("Fin normale du programme");
+  } else {
+    rapport.Ligne("Si tout est ok, lancez le tri à plat et passez à la suite"_w);
+    rapport.Ligne("sinon corrigez le fichier ou modifiez le fichier *.POS");
+  }
+}
+
+}  // namespace quelvar::capture

@@ -1,0 +1,235 @@
+#include "capture/preparation.h"
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+#include <utility>
+
+#include "capture/apercu/imc.h"
+#include "capture/apercu/sorties/plan.h"
+#include "capture/classeur/classeur.h"
+#include "core/session/generique_libre.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+constexpr std::size_t kLongueurDuGenerique = 12;
+constexpr std::size_t kLongueurDuNom = 3;
+
+// A letter without its accent, 0 for what no generic holds.
+char LettreDeGenerique(char c) {
+  static constexpr std::string_view kAvec = "ÀÂÄÇÉÈÊËÎÏÔÖÙÛÜŸ"_w;
+  static constexpr std::string_view kSans = "AAACEEEEIIOOUUUY";
+  const char grande = Majuscule(c);
+  if (const std::size_t place = kAvec.find(grande); place != std::string_view::npos) return kSans[place];
+  const bool garde = (grande >= 'A' && grande <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
+  return garde ? grande : '\0';
+}
+
+bool MemeFichier(const Chemin& a, const Chemin& b) {
+  std::error_code faute;
+  return std::filesystem::equivalent(a, b, faute);
+}
+
+}  // namespace
+
+PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille)
+    : fichier_(std::move(fichier)), feuille_(std::move(feuille)) {
+  ChangerFeuille(feuille_);
+}
+
+void PreparationDImport::ChangerFeuille(std::string feuille) {
+  // What stands in for a sheet is no file of the survey: it lies where scratch files do.
+  auto source = std::make_unique<SourceDeTable>(fichier_, feuille, std::filesystem::temp_directory_path());
+  LectureDetectee detectee = DetecterLecture(*source);
+  Apercu apercu = LireApercu(source->Texte(), detectee.lecture);
+  feuille_ = std::move(feuille);
+  source_ = std::move(source);
+  detectee_ = std::move(detectee);
+  apercu_ = std::move(apercu);
+  choix_ = ProposerChoix(Colonnes());
+  touchees_.assign(choix_.size(), false);
+}
+
+void PreparationDImport::ChangerLecture(const Lecture& lecture) {
+  Apercu apercu = LireApercu(source_->Texte(), lecture);
+  std::vector<ChoixDeColonne> gardes;
+  for (std::size_t c = 0; c < choix_.size(); ++c)
+    if (touchees_[c]) gardes.push_back(choix_[c]);
+  apercu_ = std::move(apercu);
+  choix_ = ProposerChoix(Colonnes());
+  touchees_.assign(choix_.size(), false);
+  Reprendre(gardes);
+}
+
+std::size_t PreparationDImport::Reprendre(const std::vector<ChoixDeColonne>& anciens) {
+  if (anciens.empty()) return 0;
+  ChoixApparies apparies = Apparier(choix_, anciens);
+  choix_ = std::move(apparies.choix);
+  std::size_t repris = 0;
+  for (std::size_t c = 0; c < choix_.size(); ++c) {
+    if (std::ranges::find(apparies.sansChoix, choix_[c].intitule) != apparies.sansChoix.end()) continue;
+    touchees_[c] = true;
+    ++repris;
+  }
+  NommerChoix(choix_);
+  return repris;
+}
+
+void PreparationDImport::PoserFaits(FaitsDeTable faits) {
+  if (faits.colonnes.size() != choix_.size()) {  // rows behind the head are wider
+    choix_.resize(faits.colonnes.size());
+    touchees_.resize(faits.colonnes.size(), false);
+  }
+  apercu_.faits = std::move(faits);
+  apercu_.entier = true;
+  std::vector<ChoixDeColonne> proposes = ProposerChoix(Colonnes());
+  for (std::size_t c = 0; c < choix_.size(); ++c)
+    if (touchees_[c]) proposes[c] = choix_[c];
+  choix_ = std::move(proposes);
+  NommerChoix(choix_);
+}
+
+void PreparationDImport::ChangerGenre(std::size_t colonne, Genre genre) {
+  touchees_[colonne] = true;
+  choix_[colonne] = ProposerGenre(Colonnes()[colonne], choix_[colonne], genre);
+  NommerChoix(choix_);
+}
+
+void PreparationDImport::ChangerChoix(std::size_t colonne, ChoixDeColonne choix) {
+  touchees_[colonne] = true;
+  choix.nom = choix_[colonne].nom;
+  choix_[colonne] = std::move(choix);
+}
+
+std::string PreparationDImport::Renommer(std::size_t colonne, std::string_view nom) {
+  const std::string_view rogne = Rogner(nom);
+  if (rogne.empty()) return Joindre({"Entrez un nom de un à trois caractères"_w});
+  if (rogne.size() > kLongueurDuNom) return Joindre({"Le nom \""_w, rogne, "\" a plus de trois caractères"_w});
+  for (std::size_t c = 0; c < choix_.size(); ++c)
+    if (c != colonne && EgalSansCasse(Rogner(choix_[c].nom), rogne))
+      return Joindre({"Le nom \""_w, rogne, "\" est déjà celui de la colonne "_w, Nombre(c + 1), " ("_w,
+                      choix_[c].intitule, ")"_w});
+  choix_[colonne].nom = rogne;
+  touchees_[colonne] = true;
+  return {};
+}
+
+bool PreparationDImport::ToutVaBien() const {
+  return ToutEstCodes(choix_) && detectee_.doutes.empty() && Refus().empty();
+}
+
+OptionsImport PreparationDImport::Options() const {
+  OptionsImport options;
+  options.fichier = TexteDe(fichier_);
+  options.feuille = feuille_;
+  options.choix = choix_;
+  const Lecture& voulue = apercu_.lecture;
+  const Lecture& vue = detectee_.lecture;
+  if (voulue.encodage != vue.encodage) options.lecture.encodage = voulue.encodage;
+  if (voulue.separateur != vue.separateur) options.lecture.separateur = voulue.separateur;
+  if (voulue.decimale != vue.decimale) options.lecture.decimale = voulue.decimale;
+  if (voulue.guillemets != vue.guillemets) options.lecture.guillemets = voulue.guillemets;
+  if ((voulue.ligneTitres != 0) != (vue.ligneTitres != 0)) options.lecture.titres = voulue.ligneTitres != 0;
+  return options;
+}
+
+std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  std::vector<TexteCode> codes;
+  std::vector<TexteCode> nuls;
+  for (const ValeurComptee& valeur : colonne.valeurs) {
+    const bool nul = std::ranges::find(choix.nonReponses, valeur.valeur) != choix.nonReponses.end();
+    (nul ? nuls : codes).push_back({valeur.valeur, valeur.effectif});
+  }
+  if (choix.ordre == Ordre::Frequence) {
+    std::ranges::stable_sort(codes, std::greater{}, &TexteCode::effectif);
+  } else if (choix.ordre == Ordre::Donne) {
+    const auto rang = [&](const TexteCode& code) {
+      return std::ranges::find(choix.textes, code.texte) - choix.textes.begin();
+    };
+    std::ranges::stable_sort(codes, {}, rang);
+  }
+  for (std::size_t i = 0; i < codes.size(); ++i) codes[i].code = static_cast<int>(i) + 1;
+  nuls.insert(nuls.end(), codes.begin(), codes.end());
+  return nuls;
+}
+
+std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  std::vector<std::string> libelles;
+  if (choix.bornes.empty()) return libelles;
+  for (const Etiquette& etiquette : ClassesSelonBornes(choix.bornes, colonne).etiquettes)
+    libelles.push_back(etiquette.intitule);
+  return libelles;
+}
+
+std::optional<std::vector<double>> BornesDe(std::string_view saisi) {
+  std::vector<double> bornes;
+  std::string mot;
+  const auto prendre = [&] {
+    if (mot.empty()) return true;
+    std::ranges::replace(mot, ',', '.');
+    if (!EstNombre(mot)) return false;
+    bornes.push_back(ValeurDe(mot));
+    mot.clear();
+    return bornes.size() < 2 || bornes[bornes.size() - 2] < bornes.back();
+  };
+  for (const char c : saisi) {
+    if (c != ' ' && c != ';' && c != '\t' && c != '|') mot += c;
+    else if (!prendre()) return std::nullopt;
+  }
+  if (!prendre() || bornes.empty()) return std::nullopt;
+  return bornes;
+}
+
+std::string TexteDesBornes(const std::vector<double>& bornes) {
+  std::string texte;
+  for (const double borne : bornes) texte += (texte.empty() ? "" : " ") + Nombre(borne);
+  return texte;
+}
+
+std::string GeneriquePropose(const Chemin& repertoire, const Chemin& fichier) {
+  std::string propose;
+  for (const char c : TexteDe(fichier.stem()))
+    if (const char lettre = LettreDeGenerique(c); lettre != '\0' && propose.size() < kLongueurDuGenerique)
+      propose += lettre;
+  if (propose.empty()) propose = "ENQ";
+  while (GeneriqueOccupe(repertoire, propose, fichier)) propose = GeneriqueLibre(repertoire, propose);
+  return propose;
+}
+
+bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const Chemin& fichier) {
+  // A .TXT or .CSV is no survey when it is what is imported.
+  for (const std::string_view extension : {".CSV", ".TXT"})
+    if (const auto la = ChercherFichier(repertoire, Joindre({generique, extension})); la && !MemeFichier(*la, fichier))
+      return true;
+  for (const std::string_view extension : {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES"})
+    if (ChercherFichier(repertoire, Joindre({generique, extension}))) return true;
+  return false;
+}
+
+std::string RefusDuGenerique(std::string_view generique) {
+  if (Rogner(generique).empty()) return "Pas de nom : recommencer";
+  if (generique.find_first_of("/\\:*?\"<>|") != std::string_view::npos)
+    return Joindre({"Un générique est un nom sans / \\ : * ? \" < > |"_w});
+  return {};
+}
+
+std::vector<FichierImportable> FichiersImportables(const Chemin& repertoire) {
+  std::vector<FichierImportable> fichiers;
+  std::error_code faute;
+  for (std::filesystem::directory_iterator entree(repertoire, faute), fin; !faute && entree != fin;
+       entree.increment(faute)) {
+    const std::string extension = entree->path().extension().string();
+    const bool lu = EstNomDeClasseur(extension) ||
+                    std::ranges::any_of(std::array{".csv", ".txt", ".tsv", ".dbf"},
+                                        [&](std::string_view e) { return EgalSansCasse(extension, e); });
+    if (!lu || entree->path().filename().native().starts_with('.') || !entree->is_regular_file(faute)) continue;
+    fichiers.push_back({entree->path(), entree->file_size(faute)});
+  }
+  std::ranges::sort(fichiers, {}, [](const FichierImportable& f) { return Minuscules(TexteDe(f.chemin.filename())); });
+  return fichiers;
+}
+
+}  // namespace quelvar::capture

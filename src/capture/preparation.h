@@ -1,0 +1,97 @@
+// The state of an import that a user looks at before it runs: the reading, the first rows, and what becomes of each
+// column, with the changes that he makes. Nothing is written here; the window only shows it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "capture/apercu/apercu.h"
+#include "capture/apercu/choix.h"
+#include "capture/apercu/import.h"
+#include "capture/apercu/source.h"
+
+namespace quelvar::capture {
+
+class PreparationDImport {
+ public:
+  // Looks at the head of the file. Raises what SourceDeTable, DetecterLecture and LireApercu raise.
+  PreparationDImport(Chemin fichier, std::string feuille);
+
+  const Chemin& Fichier() const { return fichier_; }
+  const std::string& Feuille() const { return feuille_; }
+  // The text that is read: of the file, or of the sheet that is chosen.
+  const Chemin& Texte() const { return source_->Texte(); }
+  const LectureDetectee& Detectee() const { return detectee_; }
+  const Lecture& LectureEnCours() const { return apercu_.lecture; }
+  const Apercu& Vue() const { return apercu_; }
+  const std::vector<FaitsDeColonne>& Colonnes() const { return apercu_.faits.colonnes; }
+  const std::vector<ChoixDeColonne>& Choix() const { return choix_; }
+
+  // Reads the head again, in another sheet or another way. The choices of columns whose titles stay are kept. On a
+  // failure everything stays as it was.
+  void ChangerFeuille(std::string feuille);
+  void ChangerLecture(const Lecture& lecture);
+
+  // Takes up the choices of an earlier import for the columns that have the same titles; the number of these columns.
+  std::size_t Reprendre(const std::vector<ChoixDeColonne>& anciens);
+  // The facts of the whole file take the place of those of its head; what nobody has touched is proposed anew.
+  void PoserFaits(FaitsDeTable faits);
+
+  void ChangerGenre(std::size_t colonne, Genre genre);
+  // Everything of a choice but its name.
+  void ChangerChoix(std::size_t colonne, ChoixDeColonne choix);
+  // Why a name is refused, empty when it is taken.
+  std::string Renommer(std::size_t colonne, std::string_view nom);
+
+  std::vector<std::string> Refus() const { return RefusDesChoix(choix_, Colonnes()); }
+  bool ToutVaBien() const;
+  // What the import is to be run with.
+  OptionsImport Options() const;
+
+ private:
+  void Relire(const Lecture& lecture);
+
+  Chemin fichier_;
+  std::string feuille_;
+  std::unique_ptr<SourceDeTable> source_;
+  LectureDetectee detectee_;
+  Apercu apercu_;
+  std::vector<ChoixDeColonne> choix_;
+  std::vector<bool> touchees_;  // columns whose choice is the user's or that of an earlier import
+};
+
+// The codes that a column of texts becomes: one line "1  Femme  (523)" for each, those that count as 0 first. The texts
+// in the order in which they are coded.
+struct TexteCode {
+  std::string texte;
+  std::int64_t effectif = 0;
+  int code = 0;
+};
+std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
+
+// The labels of the classes ("15-24"), empty when they are cut in equal groups.
+std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
+
+// Bounds as they are typed ("15 25 35" or "15;25;35", decimals with "." or ","); nothing when they are no rising
+// numbers.
+std::optional<std::vector<double>> BornesDe(std::string_view saisi);
+std::string TexteDesBornes(const std::vector<double>& bornes);
+
+// A generic made of the name of the file: letters without accents, digits, "-" and "_", at most twelve, upper case. One
+// that has files of another data set steps on to a free one.
+std::string GeneriquePropose(const Chemin& repertoire, const Chemin& fichier);
+// Whether an import of the file under that generic replaces files that it is not made of.
+bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const Chemin& fichier);
+// Why a generic cannot be used, empty when it can. What follows a point is dropped before.
+std::string RefusDuGenerique(std::string_view generique);
+
+// The files of a directory that an import reads, in the order of their names: .csv, .txt, .ods, .xlsx, .dbf.
+struct FichierImportable {
+  Chemin chemin;
+  std::uintmax_t octets = 0;
+};
+std::vector<FichierImportable> FichiersImportables(const Chemin& repertoire);
+
+}  // namespace quelvar::capture

@@ -1,0 +1,230 @@
+// The column that is chosen in the preview of an import: its name, what it becomes, and the parameters of that.
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_apercuimport.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+using capture::ChoixDeColonne;
+using capture::FaitsDeColonne;
+using capture::Genre;
+using capture::Ordre;
+
+constexpr int kTexteDeLaLigne = Qt::UserRole;
+constexpr Ordre kOrdres[] = {Ordre::Alphabetique, Ordre::Frequence, Ordre::Donne};
+
+}  // namespace
+
+void ApercuImport::RelierLaColonne() {
+  auto& entete = *ui_->Colonnes->horizontalHeader();
+  const int pas = fontMetrics().averageCharWidth();
+  const int largeurs[] = {0, 7 * pas, 24 * pas, 10 * pas, 8 * pas, 24 * pas};
+  for (int rubrique = ColonnesDApercu::Nom; rubrique < ColonnesDApercu::kRubriques; ++rubrique)
+    ui_->Colonnes->setColumnWidth(rubrique, largeurs[rubrique]);
+  entete.setSectionResizeMode(ColonnesDApercu::Intitule, QHeaderView::Stretch);
+  entete.setMinimumSectionSize(6 * pas);
+  ui_->Partage->setSizes({180, 280});
+  ui_->PartageColonnes->setSizes({640, 320});
+  for (const char* ordre : {"alphabétique", "par fréquence", "celui de la liste"})
+    ui_->ComboOrdre->addItem(QString::fromUtf8(ordre));
+
+  connect(ui_->Colonnes->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          &ApercuImport::MontrerColonne);
+  connect(colonnes_, &ColonnesDApercu::Renommee, this,
+          [this](int colonne, const QString& nom) { Renommer(static_cast<std::size_t>(colonne), nom); });
+  connect(ui_->TextNom, &QLineEdit::editingFinished, this, [this] {
+    if (ColonneChoisie() && ui_->TextNom->isModified()) Renommer(Colonne(), ui_->TextNom->text());
+  });
+  connect(ui_->ComboGenre, &QComboBox::activated, this, [this](int rang) {
+    if (!ColonneChoisie()) return;
+    preparation_.ChangerGenre(Colonne(), static_cast<Genre>(ui_->ComboGenre->itemData(rang).toInt()));
+    ChoixChange();
+    MontrerColonne();
+  });
+  connect(ui_->ComboOrdre, &QComboBox::activated, this, &ApercuImport::ChangerOrdre);
+  connect(ui_->ListTextes, &QListWidget::itemChanged, this, &ApercuImport::LireTextes);
+  // The model tells of a move before the list is as it will be.
+  connect(
+      ui_->ListTextes->model(), &QAbstractItemModel::rowsMoved, this,
+      [this] {
+        ui_->ComboOrdre->setCurrentIndex(2);
+        LireTextes();
+      },
+      Qt::QueuedConnection);
+  connect(ui_->BoutMonter, &QPushButton::clicked, this, [this] { DeplacerTexte(-1); });
+  connect(ui_->BoutDescendre, &QPushButton::clicked, this, [this] { DeplacerTexte(1); });
+  connect(ui_->OptGroupes, &QRadioButton::clicked, this, &ApercuImport::LireClasses);
+  connect(ui_->OptBornes, &QRadioButton::clicked, this, &ApercuImport::LireClasses);
+  connect(ui_->SpinGroupes, &QSpinBox::valueChanged, this, [this] {
+    if (!montre_) ui_->OptGroupes->setChecked(true);
+    LireClasses();
+  });
+  connect(ui_->TextBornes, &QLineEdit::textEdited, this, [this] {
+    ui_->OptBornes->setChecked(true);
+    LireClasses();
+  });
+}
+
+bool ApercuImport::ColonneChoisie() const {
+  const int ligne = ui_->Colonnes->currentIndex().row();
+  return ligne >= 0 && static_cast<std::size_t>(ligne) < preparation_.Choix().size();
+}
+
+std::size_t ApercuImport::Colonne() const { return static_cast<std::size_t>(ui_->Colonnes->currentIndex().row()); }
+
+void ApercuImport::MontrerColonne() {
+  ui_->FrColonne->setEnabled(ColonneChoisie());
+  if (!ColonneChoisie()) return;
+  montre_ = true;
+  const FaitsDeColonne& colonne = preparation_.Colonnes()[Colonne()];
+  const ChoixDeColonne& choix = preparation_.Choix()[Colonne()];
+  const QString titre = TitreDeColonne(colonne, Colonne());
+  constexpr int kTitreAuPlus = 40;
+  ui_->FrColonne->setTitle(fontMetrics()
+                               .elidedText(titre, Qt::ElideRight, kTitreAuPlus * fontMetrics().averageCharWidth())
+                               .replace(u'&', QStringLiteral("&&")));
+  ui_->TextNom->setText(VersQt(choix.nom));
+  ui_->TextNom->setEnabled(!choix.nom.empty());
+  ui_->ComboGenre->clear();
+  for (const Genre genre : capture::GenresPossibles(colonne))
+    ui_->ComboGenre->addItem(VersQt(capture::LibelleGenre(genre)), static_cast<int>(genre));
+  ui_->ComboGenre->setCurrentIndex(ui_->ComboGenre->findData(static_cast<int>(choix.genre)));
+  ui_->LabelDevenir->setText(VersQt(capture::Devenir(choix, colonne)));
+  if (choix.genre == Genre::Textes) MontrerTextes();
+  if (choix.genre == Genre::Classes) MontrerClasses();
+  ui_->Reglages->setCurrentWidget(choix.genre == Genre::Textes    ? ui_->PageTextes
+                                  : choix.genre == Genre::Classes ? ui_->PageClasses
+                                                                  : ui_->PageSans);
+  montre_ = false;
+  if (!ui_->Lignes->selectionModel()) return;
+  ui_->Lignes->scrollTo(lignes_->index(0, ui_->Colonnes->currentIndex().row()));
+}
+
+void ApercuImport::MontrerTextes() {
+  const QSignalBlocker silence(ui_->ListTextes);
+  const ChoixDeColonne& choix = preparation_.Choix()[Colonne()];
+  ui_->ComboOrdre->setCurrentIndex(static_cast<int>(choix.ordre));
+  ui_->ListTextes->clear();
+  for (const capture::TexteCode& code : capture::TextesCodes(choix, preparation_.Colonnes()[Colonne()])) {
+    auto* ligne = new QListWidgetItem(
+        QStringLiteral("%1   %2   (%3)").arg(code.code).arg(VersQt(code.texte)).arg(code.effectif), ui_->ListTextes);
+    ligne->setData(kTexteDeLaLigne, VersQt(code.texte));
+    ligne->setFlags((ligne->flags() | Qt::ItemIsUserCheckable) & ~Qt::ItemIsDropEnabled);
+    ligne->setCheckState(code.code == 0 ? Qt::Unchecked : Qt::Checked);
+  }
+}
+
+void ApercuImport::MontrerClasses() {
+  const ChoixDeColonne& choix = preparation_.Choix()[Colonne()];
+  (choix.bornes.empty() ? ui_->OptGroupes : ui_->OptBornes)->setChecked(true);
+  ui_->SpinGroupes->setValue(choix.groupes);
+  ui_->TextBornes->setText(VersQt(capture::TexteDesBornes(choix.bornes)));
+  QStringList libelles;
+  int code = 0;
+  for (const std::string& libelle : capture::LibellesDesClasses(choix, preparation_.Colonnes()[Colonne()]))
+    libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
+  ui_->LabelClasses->setText(libelles.join(u'\n'));
+}
+
+void ApercuImport::Renommer(std::size_t colonne, const QString& nom) {
+  const std::string refus = preparation_.Renommer(colonne, DepuisQt(nom));
+  ui_->TextNom->setModified(false);
+  if (!refus.empty()) {
+    services_.ecran.biper();
+    ui_->LabelDevenir->setText(VersQt(refus));
+    ui_->TextNom->setText(VersQt(preparation_.Choix()[Colonne()].nom));
+    return;
+  }
+  ChoixChange();
+}
+
+void ApercuImport::ChangerOrdre() {
+  if (!ColonneChoisie()) return;
+  ChoixDeColonne choix = preparation_.Choix()[Colonne()];
+  choix.ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
+  choix.textes.clear();
+  if (choix.ordre == Ordre::Donne) {
+    for (const capture::TexteCode& code :
+         capture::TextesCodes(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
+      if (code.code > 0) choix.textes.push_back(code.texte);
+  }
+  preparation_.ChangerChoix(Colonne(), std::move(choix));
+  ChoixChange();
+  MontrerColonne();
+}
+
+// The list as the user has left it: its order, and the texts that are no answers.
+void ApercuImport::LireTextes() {
+  if (montre_ || !ColonneChoisie()) return;
+  ChoixDeColonne choix = preparation_.Choix()[Colonne()];
+  choix.ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
+  choix.textes.clear();
+  choix.nonReponses.clear();
+  for (int i = 0; i < ui_->ListTextes->count(); ++i) {
+    const QListWidgetItem& ligne = *ui_->ListTextes->item(i);
+    const std::string texte = DepuisQt(ligne.data(kTexteDeLaLigne).toString());
+    if (ligne.checkState() == Qt::Unchecked) choix.nonReponses.push_back(texte);
+    else if (choix.ordre == Ordre::Donne) choix.textes.push_back(texte);
+  }
+  preparation_.ChangerChoix(Colonne(), std::move(choix));
+  ChoixChange();
+  const int courante = ui_->ListTextes->currentRow();
+  const QString gardee = courante < 0 ? QString() : ui_->ListTextes->item(courante)->data(kTexteDeLaLigne).toString();
+  MontrerColonne();
+  for (int i = 0; i < ui_->ListTextes->count(); ++i)
+    if (ui_->ListTextes->item(i)->data(kTexteDeLaLigne).toString() == gardee) ui_->ListTextes->setCurrentRow(i);
+}
+
+void ApercuImport::DeplacerTexte(int pas) {
+  const int ligne = ui_->ListTextes->currentRow();
+  const int cible = ligne + pas;
+  if (ligne < 0 || cible < 0 || cible >= ui_->ListTextes->count()) return;
+  {
+    const QSignalBlocker silence(ui_->ListTextes);
+    ui_->ListTextes->insertItem(cible, ui_->ListTextes->takeItem(ligne));
+    ui_->ListTextes->setCurrentRow(cible);
+    ui_->ComboOrdre->setCurrentIndex(2);
+  }
+  LireTextes();
+}
+
+void ApercuImport::LireClasses() {
+  if (montre_ || !ColonneChoisie()) return;
+  ChoixDeColonne choix = preparation_.Choix()[Colonne()];
+  choix.bornes.clear();
+  choix.groupes = 0;
+  if (ui_->OptGroupes->isChecked()) {
+    choix.groupes = ui_->SpinGroupes->value();
+  } else {
+    const auto bornes = capture::BornesDe(DepuisQt(ui_->TextBornes->text()));
+    if (!bornes) {
+      ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants : 15 25 35 50"));
+      return;
+    }
+    choix.bornes = *bornes;
+  }
+  preparation_.ChangerChoix(Colonne(), std::move(choix));
+  ChoixChange();
+  QStringList libelles;
+  int code = 0;
+  for (const std::string& libelle :
+       capture::LibellesDesClasses(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
+    libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
+  ui_->LabelClasses->setText(libelles.join(u'\n'));
+}
+
+void ApercuImport::ChoixChange() {
+  colonnes_->Rafraichir();
+  lignes_->Relire();
+  if (ColonneChoisie())
+    ui_->LabelDevenir->setText(
+        VersQt(capture::Devenir(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()])));
+  MontrerBilan();
+}
+
+}  // namespace quelvar::forms

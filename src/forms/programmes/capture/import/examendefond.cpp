@@ -1,0 +1,57 @@
+#include "forms/programmes/capture/import/examendefond.h"
+
+#include <memory>
+#include <new>
+
+#include "core/programme/erreur.h"
+#include "forms/texte/texte_qt.h"
+
+namespace quelvar::forms {
+
+void ExamenDeFond::Commencer(const Chemin& texte, const capture::Lecture& lecture) {
+  Arreter();
+  enCours_ = true;
+  const int rang = ++rang_;
+  fil_ = std::thread([this, rang, texte, lecture] {
+    auto faits = std::make_shared<std::optional<capture::FaitsDeTable>>();
+    QString phrase;
+    try {
+      *faits = capture::ExaminerTable(texte, lecture, [this, rang](std::uintmax_t octets) {
+        if (arret_) return false;
+        QMetaObject::invokeMethod(
+            this,
+            [this, rang, octets] {
+              if (rang == rang_ && enCours_) emit Avance(static_cast<qint64>(octets));
+            },
+            Qt::QueuedConnection);
+        return true;
+      });
+    } catch (const Erreur& erreur) {
+      phrase = VersQt(TexteErreur(erreur));
+    } catch (const std::bad_alloc&) {
+      phrase = VersQt(TexteErreur(kMemoireInsuffisante));
+    }
+    QMetaObject::invokeMethod(
+        this,
+        [this, rang, faits, phrase] {
+          if (rang == rang_ && enCours_) Rendre(std::move(*faits), phrase);
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void ExamenDeFond::Arreter() {
+  enCours_ = false;
+  if (!fil_.joinable()) return;
+  arret_ = true;
+  fil_.join();
+  arret_ = false;
+}
+
+void ExamenDeFond::Rendre(std::optional<capture::FaitsDeTable> faits, const QString& phrase) {
+  Arreter();
+  if (faits) emit Fini(*faits);
+  else emit Echec(phrase);
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,83 @@
+#include "forms/programmes/capture/import/sourceimport.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLocale>
+
+#include "capture/preparation.h"
+#include "forms/cadre/dialogue_qt.h"
+#include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/texte/texte_qt.h"
+#include "ui_sourceimport.h"
+
+namespace quelvar::forms {
+
+SourceImport::SourceImport(Services& services) : Forme(services), ui_(std::make_unique<Ui::SourceImport>()) {
+  ui_->setupUi(this);
+  Remplir();
+  ui_->LabelRepertoire->setText(QStringLiteral("Fichiers du répertoire ") +
+                                VersQt(TexteRepertoire(services.session.repertoire)) +
+                                QStringLiteral(". Rien n'est écrit avant que vous ayez vu l'aperçu."));
+  RelierAide(*ui_->Aide, "mnuAImport");
+  RelierQuitter(*ui_->Annuler);
+  connect(ui_->Lancer, &QPushButton::clicked, this, &SourceImport::PrendreChoisi);
+  connect(ui_->Fichiers, &QTreeWidget::itemDoubleClicked, this, &SourceImport::PrendreChoisi);
+  connect(ui_->BoutFichier, &QPushButton::clicked, this, [this] {
+    if (const Chemin fichier = ChoisirFichierAImporter(services_); !fichier.empty()) Prendre(fichier);
+  });
+  connect(ui_->BoutAutres, &QPushButton::clicked, this, [this] {
+    accept();
+    Montrer<FImport>(services_);
+  });
+}
+
+SourceImport::~SourceImport() = default;
+
+void SourceImport::Remplir() {
+  const QLocale francais(QLocale::French);
+  for (const capture::FichierImportable& fichier : capture::FichiersImportables(services_.session.repertoire)) {
+    const QFileInfo info(CheminVersQt(fichier.chemin));
+    auto* ligne = new QTreeWidgetItem(
+        ui_->Fichiers, {info.fileName(), francais.formattedDataSize(static_cast<qint64>(fichier.octets), 0),
+                        info.lastModified().toString(QStringLiteral("dd/MM/yyyy hh:mm"))});
+    ligne->setData(0, Qt::UserRole, info.filePath());
+    ligne->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+  }
+  ui_->Fichiers->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  ui_->Fichiers->header()->setStretchLastSection(false);
+  for (const int rubrique : {1, 2})
+    ui_->Fichiers->header()->setSectionResizeMode(rubrique, QHeaderView::ResizeToContents);
+  ui_->Lancer->setEnabled(ui_->Fichiers->topLevelItemCount() > 0);
+  if (ui_->Fichiers->topLevelItemCount() > 0) ui_->Fichiers->setCurrentItem(ui_->Fichiers->topLevelItem(0));
+}
+
+void SourceImport::PrendreChoisi() {
+  if (const QTreeWidgetItem* ligne = ui_->Fichiers->currentItem())
+    Prendre(CheminDepuisQt(ligne->data(0, Qt::UserRole).toString()));
+}
+
+void SourceImport::Prendre(const Chemin& fichier) {
+  accept();
+  ImporterFichier(services_, fichier);
+}
+
+Chemin ChoisirFichierAImporter(Services& services) {
+  return CheminDepuisQt(QFileDialog::getOpenFileName(
+      QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : &services.fenetre,
+      QStringLiteral("Importation d'un fichier externe"), CheminVersQt(services.session.repertoire),
+      FiltreQt(QStringLiteral("Tableaux de données|*.csv;*.txt;*.tsv;*.ods;*.xlsx;*.dbf|Tous fichiers *.*|*.*"))));
+}
+
+void OuvrirSourceImport(Services& services) {
+  if (!capture::FichiersImportables(services.session.repertoire).empty()) {
+    Montrer<SourceImport>(services);
+    return;
+  }
+  if (const Chemin fichier = ChoisirFichierAImporter(services); !fichier.empty()) ImporterFichier(services, fichier);
+}
+
+}  // namespace quelvar::forms

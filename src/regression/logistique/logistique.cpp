@@ -1,0 +1,94 @@
+#include "regression/logistique/logistique.h"
+
+#include <cmath>
+
+#include "core/texte/nombres.h"
+#include "regression/anatab/sorties.h"
+#include "regression/logistique/edition.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr double kEffetEnPoints = 100;
+constexpr double kChancesMinimales = 0.001;
+constexpr double kPrecisionAffichee = 100000;
+constexpr int kPasDeProgression = 100;  // of the logarithm of the increment
+
+double Logit(double chances) {
+  if (chances == 0) throw Erreur(kArgumentIncorrect);
+  return std::log(chances);
+}
+
+double Chances(double p) {
+  if (p == 1) throw Erreur(kDivisionParZero);
+  return p / (1 - p);
+}
+
+Suivi SuiviPour(const Dialogue& ecran) {
+  return [&ecran](Mouvement mouvement, double logVraisemblance, double increment) {
+    const bool alpha = mouvement == Mouvement::AlphaPlus || mouvement == Mouvement::AlphaMoins;
+    const bool monte = mouvement == Mouvement::AlphaPlus || mouvement == Mouvement::BetaPlus;
+    ecran.montrerIteration(Joindre({alpha ? "Maximisation de la vraisemblance paramètre Alpha = "_w
+                                          : "Maximisation de la vraisemblance paramètres Béta = "_w,
+                                    Nombre(logVraisemblance), monte ? std::string_view(" Incr+") : " Incr-"}));
+    ecran.progresser(static_cast<std::int64_t>(kPasDeProgression * std::log(1 / increment)));
+  };
+}
+
+ModeleAjuste Ajuster(const Dialogue& ecran, Lien lien, const Observations& observations, const Parametres& depart,
+                     const Modele& modele) {
+  ecran.montrerProgression(static_cast<std::int64_t>(kPasDeProgression * std::log(kPrecisionAffichee)));
+  ModeleAjuste ajuste{lien, Maximiser(observations, lien, depart, SuiviPour(ecran)),
+                      std::vector<double>(modele.Explicatives())};
+  const std::vector<std::size_t> rangs = RangsDesParametres(modele);
+  for (std::size_t k = 0; k < rangs.size(); ++k)
+    if (rangs[k] != kSansParametre) ajuste.betas[k] = ajuste.ajustement.parametres.betas[rangs[k]];
+  return ajuste;
+}
+
+}  // namespace
+
+Parametres DepartLineaire(const Travail& travail) {
+  std::vector<double> moyennes(travail.modele.Explicatives());
+  for (const Effet& effet : travail.analyse.effets) moyennes[effet.modalite] = effet.moyenne;
+  Parametres depart;
+  depart.alpha = travail.analyse.PartReference();
+  for (std::size_t k = 0; k < moyennes.size(); ++k)
+    if (!travail.modele.Explicative(k).reference) depart.betas.push_back(moyennes[k] / kEffetEnPoints);
+  return depart;
+}
+
+Parametres DepartLogistique(const Travail& travail, const Parametres& lineaires) {
+  const double p = travail.analyse.PartReference();
+  Parametres depart;
+  depart.alpha = Logit(Chances(p));
+  for (const double b : lineaires.betas) {
+    const double chances = Chances(p + b);
+    depart.betas.push_back(Logit(chances < 0 ? kChancesMinimales : chances) - depart.alpha);
+  }
+  return depart;
+}
+
+ModeleAjuste AjusterLesModeles(const Contexte& contexte, Rapport& rapport, const Travail& travail) {
+  const Dialogue& ecran = contexte.Ecran();
+  const Fiches& fiches = travail.individus.fiches;
+  const Observations observations = ObservationsDe(travail.comptees, fiches, travail.modele);
+  Parametres depart = DepartLineaire(travail);
+  ModeleAjuste ajuste;
+  for (const Lien lien : {Lien::Lineaire, Lien::Logistique}) {
+    if (lien == Lien::Logistique) depart = DepartLogistique(travail, ajuste.ajustement.parametres);
+    ajuste = Ajuster(ecran, lien, observations, depart, travail.modele);
+    const TestsDuModele tests = TesterLeModele(observations, ajuste, [&](std::size_t rang) {
+      ecran.montrerIteration(Joindre({"Calcul des test  ", Nombre(rang)}));
+    });
+    ImprimerParametres(rapport, travail, ajuste);
+    ImprimerTests(rapport, travail, ajuste, tests);
+    ImprimerEffetExperimental(rapport, travail, ajuste,
+                              MoyennesExperimentales(travail.comptees, fiches, travail.modele, ajuste));
+    ImprimerEffetPur(rapport, travail, ajuste, MoyennesAjustees(travail.base, travail.modele, ajuste));
+  }
+  return ajuste;
+}
+
+}  // namespace quelvar::regression

@@ -1,0 +1,286 @@
+// Broken and unusual inputs of the imports, the table programs and the utilities: each is told in its own words, and no
+// input is written.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "batch/programmes.h"
+#include "support/programme.h"
+
+namespace quelvar {
+
+using namespace quelvar::batch;
+
+namespace {
+
+using Contenu = std::map<std::string, std::string>;
+
+struct Cas {
+  const char* nom;
+  const char* programme;
+  LigneDOptions options;
+  Contenu entrees;
+  Fin fin;
+  std::vector<std::string> dit;  // in the report or in a box
+  long place = -1;               // bytes that the disk has room for
+};
+
+std::string Entier(std::size_t nombre, std::size_t octets) {
+  std::string texte;
+  for (; octets > 0; --octets, nombre /= 256) texte += static_cast<char>(nombre % 256);
+  return texte;
+}
+
+struct ChampDeTest {
+  const char* nom;
+  char type;
+  std::size_t largeur;
+};
+
+// A dBase file; what its header tells may be a lie.
+struct DeTest {
+  std::vector<ChampDeTest> champs;
+  std::string donnees;  // the records with their deletion marks
+  std::size_t nombre;
+  char page = 0;
+  std::size_t enregistrement = 0;  // 0: the sum of the widths and the mark
+  std::size_t entete = 0;          // 0: the true one
+  char version = 3;
+};
+
+std::string Dbf(const DeTest& test) {
+  std::size_t longueur = 1;
+  for (const ChampDeTest& champ : test.champs) longueur += champ.largeur;
+  if (test.enregistrement > 0) longueur = test.enregistrement;
+  const std::size_t entete = test.entete > 0 ? test.entete : 32 + 32 * test.champs.size() + 1;
+  std::string octets(1, test.version);
+  octets += std::string("\x67\x01\x01", 3) + Entier(test.nombre, 4) + Entier(entete, 2) + Entier(longueur, 2);
+  octets.resize(32, '\0');
+  octets[29] = test.page;
+  for (const ChampDeTest& champ : test.champs) {
+    std::string description = champ.nom;
+    description.resize(11, '\0');
+    description += champ.type;
+    description.resize(16, '\0');
+    description += static_cast<char>(champ.largeur);
+    description.resize(32, '\0');
+    octets += description;
+  }
+  return octets + "\r" + test.donnees;
+}
+
+const std::string kTrg = "Titre\r\nUn\r\nDeux\r\nTrois\r\n";
+const std::string kMod = "ENQ\r\n LIGN=2 COL=2 FMT=4 \r\nC1     un\r\nC2     deux\r\n";
+
+Contenu Table(const std::string& mod, const std::string& brt) { return {{"ENQ.MOD", mod}, {"ENQ.BRT", brt}}; }
+Contenu Paire(const std::string& a, const std::string& b) { return {{"A.DAT", a}, {"B.DAT", b}}; }
+LigneDOptions Fusion(const char* type, const char* b = "B.DAT") {
+  return {{"a", "A.DAT"}, {"b", b}, {"c", "C.DAT"}, {"type", type}};
+}
+LigneDOptions Avec(LigneDOptions options, const LigneDOptions& autres) {
+  options.insert(options.end(), autres.begin(), autres.end());
+  return options;
+}
+
+const std::string kTable = "L1     1   2\r\nL2     3   4\r\n";
+const char* const kFin = "Il y a eu tentative de lire un fichier deja termine";
+
+std::vector<Cas> CasDesTableaux() {
+  return {
+      {"triang sans point",
+       "triang",
+       {},
+       {{"ENQ.TRG", kTrg}},
+       Fin::Normale,
+       {"n'a aucun point : le triangle est vide"}},
+      {"triang de trois lignes", "triang", {}, {{"ENQ.TRG", "T\r\nUn\r\nDeux\r\n"}}, Fin::Arret, {kFin}},
+      {"triang qui ne fait pas 100",
+       "triang",
+       {},
+       {{"ENQ.TRG", kTrg + "A    10.0 20.0 60.0\r\nB    20.0 30.0 50.0\r\n"}},
+       Fin::Normale,
+       {"Points dont les trois pourcentages ne font pas 100 : 1."}},
+      {"modifburt sans marque",
+       "modifburt",
+       {},
+       Table(kMod, kTable),
+       Fin::Normale,
+       {"*** Absence de traitement des colonnes ", "*** Absence de traitement des lignes"}},
+      {"modifburt, une marque de rien",
+       "modifburt",
+       {{"colonnes", "C9"}},
+       Table(kMod, kTable),
+       Fin::Arret,
+       {std::string("La modalité C9 n'est pas dans le fichier de modalités"_w)}},
+      {"modifburt sans ligne 2", "modifburt", {{"colonnes", "C1"}}, Table("ENQ\r\n", kTable), Fin::Arret, {kFin}},
+      {"gendat sans ligne 2", "gendat", {}, Table("ENQ\r\n", kTable), Fin::Arret, {kFin}},
+      {"inversion sans ligne 2", "inversion", {}, Table("ENQ\r\n", kTable), Fin::Arret, {kFin}},
+      {"gendat sans format",
+       "gendat",
+       {},
+       Table("ENQ\r\n LIGN=2 \r\nC1\r\n", kTable),
+       Fin::Arret,
+       {"Erreur : pas de FMT= : il faut corriger le fichier *.MOD"}},
+      {"profilmod sans ligne 2",
+       "profilmod",
+       {{"modalites", "C1"}},
+       Table("ENQ\r\n", kTable),
+       Fin::Arret,
+       {std::string("La 2e ligne du fichier *.MOD (paramètres) est vide"_w)}},
+      {"gendat, cellules qui ne sont pas des effectifs",
+       "gendat",
+       {},
+       Table(kMod, "L1    -1 2.5\r\nL2     3   4\r\n"),
+       Fin::Normale,
+       {std::string(
+            "cellules négatives, qui n'engendrent aucun individu : 1 la première à la ligne 1, colonne 1 (-1)"_w),
+        std::string("cellules fractionnaires, qui sont arrondies : 1 la première à la ligne 1, colonne 2 (2.5)"_w)}},
+  };
+}
+
+std::vector<Cas> CasDesFichiers() {
+  const LigneDOptions parNumero = {{"positiona", "1"}, {"positionb", "1"}, {"largeur", "2"}};
+  const LigneDOptions zone = {{"a", "A.DAT"}, {"c", "C.DAT"}, {"debut", "1"}};
+  return {
+      {"un fichier avec lui-même",
+       "fusionner",
+       Fusion("append", "a.dat"),
+       {{"A.DAT", "01\r\n"}},
+       Fin::Normale,
+       {std::string("les fichiers A et B sont un seul et même fichier, A.DAT"_w)}},
+      {"numéros en désordre",
+       "fusionner",
+       Avec(Fusion("choixind"), parNumero),
+       Paire("01a\r\n02b\r\n03c\r\n", "02x\r\n01y\r\n"),
+       Fin::Arret,
+       {std::string("*** ERREUR Fichier B non terminé"_w), std::string("Vérifiez et corrigez avant de relancer"_w)}},
+      {"B plus court",
+       "fusionner",
+       Avec(Fusion("choixind"), parNumero),
+       Paire("01a\r\n02b\r\n", "01x\r\n"),
+       Fin::Arret,
+       {std::string("*** Le Fichier B est terminé avant le fichier A"_w)}},
+      {"effectifs inégaux",
+       "fusionner",
+       Fusion("merge"),
+       Paire("1\r\n2\r\n", "1\r\n"),
+       Fin::Arret,
+       {std::string("*** Erreur : les deux fichiers n'ont pas le même nombre d'individus"_w)}},
+      {"une zone au-delà de la ligne",
+       "exporter",
+       Avec(zone, {{"fin", "4"}}),
+       {{"A.DAT", "1234\r\n123\r\n"}},
+       Fin::Arret,
+       {std::string("la fin de la zone d'exportation dépasse la longueur de l'enregistrement"_w)}},
+      {"C sur un disque plein",
+       "exporter",
+       Avec(zone, {{"fin", "300000"}}),
+       {{"A.DAT", std::string(400000, '7') + "\r\n"}},
+       Fin::Arret,
+       {"ERREUR NUMERO = 61 "},
+       100000},
+      {"une fusion sur un disque plein",
+       "fusionner",
+       Fusion("append"),
+       Paire(std::string(300000, '7') + "\r\n", "1\r\n"),
+       Fin::Arret,
+       {"ERREUR NUMERO = 61 "},
+       100000},
+  };
+}
+
+std::vector<Cas> CasDesImports() {
+  const std::vector<ChampDeTest> deux = {{"SEX", 'N', 1}, {"AGE", 'N', 2}};
+  const auto dbf = [](const DeTest& test) { return Contenu{{"ENQ.DBF", Dbf(test)}}; };
+  return {
+      {"un en-tête de 0", "import-dbf", {}, dbf({deux, " 112", 1, 0, 0, 1}), Fin::Arret, {"en faut au moins 32"}},
+      {"des enregistrements de 0",
+       "import-dbf",
+       {},
+       Contenu{{"ENQ.DBF", Dbf({{}, "", 2, 0, 65536})}},
+       Fin::Normale,
+       {"Nombre d'individus dans le fichier dBase= 2 "}},
+      {"plus d'enregistrements que d'octets",
+       "import-dbf",
+       {},
+       dbf({deux, " 112 2", 5}),
+       Fin::Normale,
+       {std::string("L'en-tête annonce 5 enregistrements, le fichier n'en contient que 1 entiers"_w)}},
+      {"un champ au-delà de l'enregistrement",
+       "import-dbf",
+       {},
+       dbf({deux, " 1", 1, 0, 2}),
+       Fin::Normale,
+       {"ce qui manque se lit comme des blancs"}},
+      {"un champ mémo",
+       "import-dbf",
+       {},
+       dbf({{{"SEX", 'N', 1}, {"TXT", 'M', 10}}, " 1         7", 1, 0, 0, 0, '\x83'}),
+       Fin::Normale,
+       {std::string("Le texte du champ mémo TXT est dans un autre fichier"_w)}},
+      {"des accents de la page 850",
+       "import-dbf",
+       {},
+       dbf({{{"NOM", 'C', 3}}, " \x82t\x82", 1, 2}),
+       Fin::Normale,
+       {"de la page de code 850 : 2, dont 0 sans"}},
+      {"un enregistrement effacé",
+       "import-dbf",
+       {},
+       dbf({deux, " 112*2 3", 2}),
+       Fin::Normale,
+       {std::string("Enregistrements marqués comme effacés : 1 (le premier est le numéro 2)"_w)}},
+      {"un tableau de deux champs", "import-tableau", {}, dbf({deux, " 112", 1}), Fin::Arret, {"NUMERO = 9 "}},
+      {"un mot parmi les effectifs d'un tableau",
+       "import-tableau",
+       {},
+       dbf({{{"L", 'C', 4}, {"C1", 'N', 2}, {"C2", 'N', 3}, {"NOM", 'C', 2}}, " OUV112 abun", 1}),
+       Fin::Arret,
+       {"NUMERO = 13 "}},
+      {"un mot parmi les effectifs de Burt",
+       "import-burt",
+       {{"fichier", "BURT.TXT"}},
+       {{"BURT.TXT", "oui 3 x\r\nnon 0 2\r\n"}},
+       Fin::Arret,
+       {"NUMERO = 13 "}},
+      {"un Burt vide", "import-burt", {{"fichier", "BURT.TXT"}}, {{"BURT.TXT", "\r\n"}}, Fin::Arret, {kFin}},
+  };
+}
+
+class MauvaisesEntrees : public essai::RunDeProgramme {
+ protected:
+  void Essayer(const Cas& cas) {
+    SCOPED_TRACE(cas.nom);
+    for (const auto& fichier : Fichiers()) Effacer(fichier.first);
+    for (const auto& [nom, octets] : cas.entrees) Ecrire(nom, octets);
+    boites_.clear();
+    montre_.clear();
+    const auto& programmes = Programmes();
+    const auto programme =
+        std::find_if(programmes.begin(), programmes.end(), [&](const Programme& p) { return p.nom == cas.programme; });
+    ASSERT_NE(programme, programmes.end());
+    std::optional<essai::DisquePlein> disque;
+    if (cas.place >= 0) disque.emplace(static_cast<std::size_t>(cas.place));
+    EXPECT_EQ(programme->executer(contexte_, cas.options), cas.fin) << montre_;
+    disque.reset();
+    std::string tout = montre_;
+    for (const std::string& boite : boites_) tout += "\n" + boite;
+    for (const std::string& dit : cas.dit) EXPECT_NE(tout.find(dit), std::string::npos) << dit << "\n--- " << tout;
+    for (const auto& [nom, octets] : cas.entrees)
+      EXPECT_TRUE(Existe(nom) && Lire(nom) == octets) << nom << " was written";
+    EXPECT_FALSE(cas.place >= 0 && Existe("C.DAT"));
+  }
+};
+
+TEST_F(MauvaisesEntrees, DesTableaux) {
+  for (const Cas& cas : CasDesTableaux()) Essayer(cas);
+}
+TEST_F(MauvaisesEntrees, DesFichiers) {
+  for (const Cas& cas : CasDesFichiers()) Essayer(cas);
+}
+TEST_F(MauvaisesEntrees, DesImports) {
+  for (const Cas& cas : CasDesImports()) Essayer(cas);
+}
+
+}  // namespace
+}  // namespace quelvar

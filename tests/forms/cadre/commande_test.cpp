@@ -1,0 +1,199 @@
+// "Voir la commande": the line that a form shows, run by quelvar-batch on the files as the form found them, leaves the
+// same bytes as the form.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProcess>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+
+#include "forms/pilote.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using namespace essai;
+
+using Fichiers = std::map<std::string, std::string>;
+
+// The files of the survey, without what the session and the locks leave, and without the time of a run.
+Fichiers FichiersDe(const std::filesystem::path& dossier) {
+  static const std::regex heure("[0-9]{2}/[0-9]{2}/[0-9]{4}|[0-9]{2}:[0-9]{2}:[0-9]{2}");
+  Fichiers fichiers;
+  for (const auto& entree : std::filesystem::directory_iterator(dossier)) {
+    const std::string nom = entree.path().filename().string();
+    std::string minuscules = nom;
+    std::transform(nom.begin(), nom.end(), minuscules.begin(), [](unsigned char c) { return std::tolower(c); });
+    if (nom.front() == '.' || minuscules == "qvr2.ini") continue;
+    std::ifstream flux(entree.path(), std::ios::binary);
+    const std::string octets{std::istreambuf_iterator<char>(flux), {}};
+    fichiers[nom] = std::regex_replace(octets, heure, "*");
+  }
+  return fichiers;
+}
+
+class BureauDEnquete : public Bureau {
+ public:
+  BureauDEnquete() : Bureau(true) {
+    Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+    Ecrire("ENQ.POS", "ENQ\r\n 6 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   212 $Age$\r\nLEC   4 3 $Lecture$ &ACT&\r\n");
+    Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 73\r\n2 11\r\n1 42\r\n2 63\r\n");
+    Ecrire("ENQ.MOD",
+           "ENQ\r\n BRT=5 FMT=1 \r\nSEX1   Homme\r\nSEX2   \r\nLEC1   Peu\r\nLEC2 S \r\nLEC3   \r\n**\r\nAGE1   "
+           "Jeune\r\n");
+    Ecrire("ENQ.BRT", "SEX130111\r\nSEX203111\r\nLEC111200\r\nLEC211020\r\nLEC311002\r\n");
+    Ouvrir();
+  }
+};
+
+// The line that the button shows.
+QString Commande(const QWidget& forme, Pilote& pilote) {
+  QString commande;
+  pilote.Faire([&](QDialog& boite) {
+    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
+    boite.reject();
+  });
+  Cliquer(forme, "BoutCommande");
+  return commande;
+}
+
+Fichiers Executer(const QString& commande, const std::filesystem::path& depart) {
+  const DossierTemporaire dossier;
+  std::filesystem::copy(depart, dossier.Chemin() / "copie", std::filesystem::copy_options::recursive);
+  QProcess batch;
+  QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
+  environnement.insert("PATH", QCoreApplication::applicationDirPath() + ':' + environnement.value("PATH"));
+  batch.setProcessEnvironment(environnement);
+  batch.setWorkingDirectory(QString::fromStdString((dossier.Chemin() / "copie").string()));
+  batch.start("/bin/sh", {"-c", commande});
+  EXPECT_TRUE(batch.waitForFinished(20000));
+  EXPECT_EQ(batch.exitCode(), 0) << commande.toStdString() << '\n' << batch.readAllStandardError().toStdString();
+  return FichiersDe(dossier.Chemin() / "copie");
+}
+
+struct CasDeCommande {
+  const char* nom;
+  const char* entree;
+  const char* lancer;
+  void (*regler)(const QWidget& forme, Pilote& pilote);
+  const char* contient;  // of the line
+};
+
+void Intituler(const QWidget& forme, int ligne, const QString& texte) {
+  CliquerLigne(forme, "ListRecap", ligne);
+  Taper(forme, "TextMod", texte);
+}
+
+const CasDeCommande kCas[] = {
+    {"Triapl", "mnuTriapl", "BoutonTriapl",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"CaseMod", "BoutNRNon", "CaseVerif"});
+     },
+     "nonreponses=exclues"},
+    {"Posmod", "mnuPosmod", "BoutLancer",
+     [](const QWidget& f, Pilote&) {
+       CliquerLigne(f, "ListVar1", 0);
+       Cliquer(f, {"BoutSupPlus", "CaseCodZ", "CaseCodLog", "CaseSup"});
+     },
+     "individus=oui"},
+    {"Ecapem", "mnuEcapem", "Lancer",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"ChkCompact", "ChkTab"});
+     },
+     "ecapem"},
+    {"Anecar", "mnuAnecar", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"optDetails", "Inv1"});
+     },
+     "inversions=1"},
+    {"Croise", "mnuCroise", "BoutLancerTri",
+     [](const QWidget& f, Pilote&) {
+       CliquerLigne(f, "ListVar1", 0);
+       Cliquer(f, "BoutLignePlus");
+       CliquerLigne(f, "ListVar1", 2);
+       Cliquer(f, {"BoutColPlus", "EditCompact", "BoutOrdreAFC"});
+     },
+     "lignes=SEX"},
+    {"NomQuest", "mnuNomQuest", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       Intituler(f, 1, "L'age en ans");
+       Intituler(f, 2, "");
+     },
+     "intitule="},
+    {"ModifMod", "mnuModifMod", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       CliquerLigne(f, "ListSuppl", 0);
+       CliquerLigne(f, "ListSuppl", 3);
+       Intituler(f, 1, "Une femme");
+     },
+     "actives=LEC2"},
+    {"NomeMod", "mnuNomMod", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, "BoutLancer");
+       CliquerLigne(f, "ListQuest", 0);
+       Cliquer(f, {"BoutPlus", "CaseCodZ", "BoutLancer"});
+       Intituler(f, 2, "Une femme");
+       Cliquer(f, "BoutSauve");
+     },
+     "lancer=oui"},
+    {"NomeModOptionB", "mnuNomMod", "BoutEnreg",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, "BoutModif");
+       Intituler(f, 5, "Quinze ans");
+     },
+     "intitule="},
+    {"PrepRecod", "mnuPrepRecod", "BoutEnreg",
+     [](const QWidget& f, Pilote& pilote) {
+       auto& questions = Bureau::Dans<QListWidget>(f, "ListPos");
+       questions.setCurrentRow(0);
+       Cliquer(f, {"ValidPond", "OptEffMax", "OptExcl", "ChoixFiltre"});
+       auto& codes = Bureau::Dans<QComboBox>(f, "ComboGen");
+       codes.hidePopup();
+       emit codes.activated(codes.findData(2));
+       pilote.Taper("CUL");
+       Cliquer(f, {"OptVITNouv", "ChoixVIT"});
+       auto& elements = Bureau::Dans<QComboBox>(f, "ComboVIT");
+       elements.hidePopup();
+       emit elements.activated(elements.findData(1));
+       questions.setCurrentRow(1);
+       Bureau::Dans<QLineEdit>(f, "TextMod").setText("1-6=1/7-12=2");
+     },
+     "filtre=excl:SEX=2"},
+};
+
+class VoirLaCommande : public testing::TestWithParam<CasDeCommande> {};
+
+TEST_P(VoirLaCommande, FaitLesMemesOctetsQueLeFormulaire) {
+  const CasDeCommande& cas = GetParam();
+  BureauDEnquete bureau;
+  const DossierTemporaire depart;
+  std::filesystem::copy(bureau.Dossier(), depart.Chemin() / "avant", std::filesystem::copy_options::recursive);
+  bureau.Menu(cas.entree);
+  Forme* forme = bureau.Forme<Forme>();
+  ASSERT_NE(forme, nullptr);
+  Pilote pilote;
+  cas.regler(*forme, pilote);
+  const QString commande = Commande(*forme, pilote);
+  EXPECT_TRUE(commande.startsWith("quelvar-batch ")) << commande.toStdString();
+  EXPECT_TRUE(commande.contains(cas.contient)) << commande.toStdString();
+  Cliquer(*forme, cas.lancer);
+  const Fichiers faits = FichiersDe(bureau.Dossier());
+  const Fichiers voulus = Executer(commande, depart.Chemin() / "avant");
+  for (const auto& [nom, octets] : faits) {
+    ASSERT_TRUE(voulus.contains(nom)) << nom << " of the form only, " << commande.toStdString();
+    EXPECT_EQ(octets, voulus.at(nom)) << nom << ", " << commande.toStdString();
+  }
+  EXPECT_EQ(faits.size(), voulus.size()) << commande.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Formes, VoirLaCommande, testing::ValuesIn(kCas),
+                         [](const auto& cas) { return std::string(cas.param.nom); });
+
+}  // namespace

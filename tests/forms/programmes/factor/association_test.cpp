@@ -1,0 +1,105 @@
+// Marked elements of the factor plane become one, under a new generic that is ready for the factors.
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+
+#include "factor/analyse/anecar.h"
+#include "forms/images/vuedessin.h"
+#include "forms/pilote.h"
+#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/modalities/modifmod.h"
+#include "modalities/creation/posmod.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using essai::Bureau;
+using essai::Champ;
+using essai::Cliquer;
+using essai::Pilote;
+
+// Ten people, sex and reading, analysed: Burt table SEX1 5 0 3 1 1, SEX2 0 5 1 2 2, LEC1 3 1 4 0 0, LEC2 1 2 0 3 0,
+// LEC3 1 2 0 0 3.
+struct BureauAnalyse : Bureau {
+  BureauAnalyse() : Bureau(true) {
+    Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n");
+    Ecrire("ENQ.POS", "ENQ\r\n 10 \r\nSEX   1 2 $Sexe$\r\nLEC   2 3 $Lecture$\r\n");
+    Ecrire("ENQ.DAT", "11\r\n11\r\n11\r\n12\r\n13\r\n21\r\n22\r\n22\r\n23\r\n23\r\n");
+    quelvar::Dialogue muet;
+    const quelvar::Contexte contexte{Dossier(), "ENQ", 1, &muet};
+    quelvar::modalities::OptionsPosmod choix;
+    choix.actives = {"SEX", "LEC"};
+    choix.codesZero = false;
+    quelvar::modalities::Posmod(contexte, choix);
+    quelvar::factor::Anecar(contexte, {});
+    Ouvrir();
+  }
+};
+
+// The words of each line.
+QStringList LignesDe(const std::string& octets) {
+  QStringList lignes;
+  for (const QString& ligne : QString::fromLatin1(octets.c_str()).split("\r\n", Qt::SkipEmptyParts))
+    lignes << ligne.simplified();
+  return lignes;
+}
+
+void MarquerALaSouris(const Graphe3& forme, const char* nom) {
+  const auto& vue = Bureau::Dans<VueDessin>(forme, "Image");
+  for (const quelvar::Forme& marque : vue.Contenu().Formes()) {
+    if (marque.genre != quelvar::GenreForme::Texte || marque.id < 0 || marque.texte != nom) continue;
+    const quelvar::Zone zone = vue.Contenu().Etendue(marque);
+    const QPointF milieu(zone.x + zone.largeur / 2, zone.y + zone.hauteur / 2);
+    QTest::mouseClick(vue.viewport(), Qt::RightButton, {}, vue.VersVue(milieu).toPoint());
+    return;
+  }
+  FAIL() << nom << " is not on the picture";
+}
+
+void TaperDans(const Graphe3& forme, const char* champ, const char* texte) {
+  essai::Taper(forme, champ, QString::fromUtf8(texte));
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, champ), Qt::Key_Return);
+}
+
+TEST(Association, FromTheMarksToTheFactorsOfTheNewGeneric) {
+  BureauAnalyse bureau;
+  Graphe3& forme = bureau.Demander<Graphe3>("mnuGraphe");
+  EXPECT_FALSE(essai::Actif(forme, "BoutonAssoc")) << "nothing is marked";
+  MarquerALaSouris(forme, "LEC2");
+  EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2");
+  TaperDans(forme, "TextMarques", "LEC2,LEC9");
+  EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2") << "a name that no element has changes nothing";
+  EXPECT_EQ(Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText(), "Aucun élément n'a le nom LEC9.");
+  TaperDans(forme, "TextMarques", "sex1, lec2, lec3");
+  MarquerALaSouris(forme, "SEX1");
+  EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2,LEC3");
+  TaperDans(forme, "TextNouvCol", "Lit peu");
+
+  Pilote pilote;
+  pilote.Cliquer("Non");
+  Cliquer(forme, "BoutonAssoc");
+  ASSERT_EQ(pilote.Vues().size(), 1);
+  EXPECT_TRUE(
+      pilote.Vues()[0].startsWith("Colonnes qui vont être regroupées : LEC2, LEC3\n   sous le nom Lit  (Lit peu)"))
+      << pilote.Vues()[0].toStdString();
+  EXPECT_FALSE(bureau.Existe("ENR.BRT"));
+  pilote.Cliquer("Oui");
+  Cliquer(forme, "BoutonAssoc");
+  EXPECT_EQ(LignesDe(bureau.Lire("ENR.BRT")), (QStringList{"SEX15032", "SEX20514", "LEC13140", "Lit 2406"}));
+  EXPECT_EQ(LignesDe(bureau.Lire("ENQ.BRT")).size(), 5) << "the old generic stays";
+  EXPECT_TRUE(bureau.Texte().contains("Le regroupement a pour nom : Lit  Sa fréquence est de  6"));
+  EXPECT_TRUE(bureau.Fenetre().windowTitle().contains("ENR"));
+
+  ModifMod* modalites = bureau.Forme<ModifMod>();
+  ASSERT_NE(modalites, nullptr);
+  EXPECT_EQ(essai::Lignes(*modalites, "ListRecap").last(), "Lit    Lit peu");
+  Cliquer(*modalites, "BoutEnreg");
+  bureau.Menu("mnuAnecar");
+  EXPECT_TRUE(bureau.Texte().trimmed().endsWith("Fin normale du programme")) << bureau.Texte().toStdString();
+  EXPECT_TRUE(QString::fromLatin1(bureau.Lire("ENR.FAJ").c_str()).contains("Lit "));
+}
+
+}  // namespace
