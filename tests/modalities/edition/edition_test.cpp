@@ -88,6 +88,8 @@ TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
 // A name that two modalities share is neither's: nothing is marked, labelled or taken out.
 TEST_F(Edition, AModalityNameSharedByTwoStops) {
   Ecrire("ENQ.MOD", "T\r\n BRT=3 FMT=1 \r\nA1     un\r\nA1     deux\r\nB1     trois\r\n**\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nAAA   1 2\r\n");
+  Ecrire("ENQ.DAT", "1\r\n");
   const auto avant = Fichiers("ENQ.PRT");
   OptionsModifMod statut;
   statut.supplementaires = {"A1"};
