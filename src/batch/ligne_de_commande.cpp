@@ -51,6 +51,14 @@ class Suite {
   std::size_t i_ = 0;
 };
 
+// Whether the value of the option is the name of a file, of which nothing may be lost.
+bool NommeUnFichier(const Programme& programme, const std::string& nom) {
+  return std::any_of(programme.options.begin(), programme.options.end(), [&](const Option& option) {
+    return option.nom.starts_with(nom) &&
+           (option.valeurs.find("FICHIER") != std::string::npos || option.valeurs.find("NOM.svg") != std::string::npos);
+  });
+}
+
 // Takes a global option; false when the argument is none.
 bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& demande) {
   if (argument == "-C") {
@@ -98,7 +106,11 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     const std::size_t egal = argument.find('=');
     if (egal == std::string::npos || egal == 0)
       throw UsageIncorrect(Joindre({"une option s'écrit nom=valeur, et non \""_w, argument, "\""}));
-    demande.options.emplace_back(Minuscules(argument.substr(0, egal)), argument.substr(egal + 1));
+    const std::string entier = suite.DernierNom();
+    const std::string option = Minuscules(argument.substr(0, egal));
+    demande.options.emplace_back(option, NommeUnFichier(*demande.programme, option)
+                                             ? entier.substr(entier.find('=') + 1)
+                                             : argument.substr(egal + 1));
   }
   if (!avecGenerique && !demande.programme->generiqueFacultatif)
     throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));

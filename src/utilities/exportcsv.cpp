@@ -234,7 +234,7 @@ Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
   if (contexte.Chercher(".csv") &&
       contexte.Ecran().demander(
           Joindre({"Le fichier ", contexte.Nom(".csv"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w}),
-          Boutons::OuiNon) != Reponse::Oui)
+          Boutons::NonOui) != Reponse::Oui)
     return Fin::Arret;
   return ExecuterProgramme(contexte, kRapport, Libelles(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });

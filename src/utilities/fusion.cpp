@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "utilities/fusion_pos.h"
 #include "utilities/utilitaires.h"
@@ -252,6 +253,11 @@ void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const Options
   rapport.Ligne({"Le nom du fichier des données jointes est "_w, NomAffiche(options.c)});
   const Travail travail{
       contexte, options, rapport, Mesurer(std::move(a)), Mesurer(std::move(b)), LirePaireDePos(contexte, options)};
+  // With questions to find again every line takes the room of the longest, and so does what stands in for B.
+  const bool auLarge = travail.pos || options.type == TypeFusion::Appareillement;
+  const std::uint64_t lignes = static_cast<std::uint64_t>(std::max(travail.a.lignes, travail.b.lignes));
+  const std::uint64_t large = auLarge ? lignes * (travail.a.plusLongue + travail.b.plusLongue) : 0;
+  ExigerPlace(contexte, rapport, {0, std::max<std::uint64_t>(travail.a.octets + travail.b.octets, large)});
   switch (options.type) {
     case TypeFusion::CoteACote: FusionnerCoteACote(travail); break;
     case TypeFusion::ALaSuite: FusionnerALaSuite(travail); break;

@@ -5,6 +5,7 @@
 
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "utilities/tableau.h"
 #include "utilities/utilitaires.h"
@@ -89,6 +90,21 @@ BilanGendat EcrireDonnees(const Contexte& contexte, const Tableau& tableau, cons
   return bilan;
 }
 
+// A line for each individual: a cell mistyped asks for a disk of its own.
+void ExigerPlaceDesDonnees(Rapport& rapport, const Contexte& contexte, const Tableau& tableau,
+                           const std::vector<QuestionCreee>& questions) {
+  double individus = 0;
+  ParcourirTableau(tableau, tableau.lignes * tableau.Blocs(), [&](const LigneDeTableau& ligne) {
+    for (const std::string_view cellule : ligne.cellules) individus += std::max(ValeurDe(cellule), 0.0);
+  });
+  std::size_t longueur = 2;
+  for (const QuestionCreee& question : questions)
+    longueur += question.codes.empty() ? 0 : question.codes.front().size();
+  constexpr double kOctetsAuPlus = 1e18;
+  const double octets = std::min(individus * static_cast<double>(longueur), kOctetsAuPlus);
+  ExigerPlace(contexte, rapport, {0, static_cast<std::uint64_t>(octets)});
+}
+
 void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<QuestionCreee>& questions,
                std::int64_t individus) {
   sortie.Ligne(titre);
@@ -126,6 +142,7 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   EcrireTete(rapport, contexte);
   const Tableau tableau = LireTableau(rapport, contexte);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
+  ExigerPlaceDesDonnees(rapport, contexte, tableau, questions);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& donnees = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
@@ -146,7 +163,7 @@ bool RemplacementAccepte(const Contexte& contexte) {
                       " existe déjà : il va être remplacé par des individus refaits à partir du tableau, et "_w,
                       contexte.Nom(".POS"), " sera conservé sous le nom "_w, NomDeSauvegarde(contexte.Nom(".POS")),
                       ". L'acceptez-vous ?"}),
-             Boutons::OuiNon) == Reponse::Oui;
+             Boutons::NonOui) == Reponse::Oui;
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include "utilities/inversion.h"
 
+#include <algorithm>
 #include <array>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -96,6 +98,11 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   ExigerTableau(rapport, contexte);
   EcrireBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
   const Tableau tableau = LireTableau(rapport, contexte);
+  // A text for each cell in memory; the inverted table takes as much as the table.
+  const auto cellules =
+      static_cast<std::uint64_t>(std::clamp<std::int64_t>(tableau.lignes, 0, tableau.lignesDuFichier)) *
+      tableau.colonnes.size();
+  ExigerPlace(contexte, rapport, {40 * cellules, LongueurFichier(tableau.brt)});
   Enregistrer(contexte, tableau, LireEntier(tableau), nouveau, options.trg);
   if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
     rapport.Ligne(

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <optional>
 
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
@@ -99,6 +100,9 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
     throw Erreur(kArretAnnonce);
   }
   EcrireEnTete(rapport, options);
+  // The file, a place and a rank for each of its lines, and the sorted file.
+  const std::uint64_t taille = LongueurFichier(*source);
+  ExigerPlace(contexte, rapport, {2 * taille, taille});
   const std::string octets = LireOctets(*source);
   const std::vector<std::string_view> lignes = LignesDe(octets);
   const ChampDeTri champ = ChampTape(options);

@@ -63,6 +63,19 @@ TEST_F(Compagnon, TellsWhatItCouldNotReadOrWrite) {
   EXPECT_EQ(Lancer("ls -A | grep -c '~'"), 1) << "no scratch file is left";
 }
 
+// What would not fit is asked about, and without an answer stops before anything is written, with the bytes.
+TEST_F(Compagnon, NothingTakesTheDiskOrTheMemoryUnasked) {
+  Ecrire("T.MOD", "T\r\n LIGN=1 FMT=15 \r\nC1     x\r\n");
+  Ecrire("T.BRT", "L1  999999999999999\r\n");
+  for (const char* ligne :
+       {"$Q gendat T", "truncate -s 64G G.TXT; $Q trifichier T a=G.TXT c=H.TXT position=1 largeur=3"}) {
+    EXPECT_EQ(Lancer(ligne), 1) << ligne << '\n' << sortie_;
+    EXPECT_NE(sortie_.find("*** Arret du programme : il prendrait"), std::string::npos) << ligne << '\n' << sortie_;
+    EXPECT_NE(sortie_.find("octets"), std::string::npos);
+  }
+  EXPECT_NE(Lancer("ls T.DAT T.POS H.TXT"), 0);
+}
+
 TEST_F(Compagnon, NamesInOtherScriptsAreOpenedAsTheyAre) {
   EXPECT_EQ(Lancer("mkdir Опрос && cp ENQ.DAT Опрос/Да.DAT && cp ENQ.POS Опрос/Да.POS && cp ENQ.POS Опрос/Нет.POS && "
                    "$Q -C Опрос triapl Да && test -s Опрос/Да.TAP"),
@@ -70,6 +83,12 @@ TEST_F(Compagnon, NamesInOtherScriptsAreOpenedAsTheyAre) {
       << sortie_;
   EXPECT_NE(sortie_.find("Les impressions se font sur ??.TAP"), std::string::npos) << sortie_;
   EXPECT_EQ(Lancer("$Q -C Опрос triapl Нет"), 1) << "another name of as many letters is another generic";
+  EXPECT_EQ(
+      Lancer("cp ENQ.DAT Данные.DAT && $Q trifichier ENQ a=Данные.DAT c=Порядок.TXT position=1 largeur=1 && "
+             "test -s Порядок.TXT && $Q croise ENQ lignes=AAA colonnes=BBB donnees=Данные.DAT graphique=граф.svg && "
+             "test -s граф.svg"),
+      0)
+      << sortie_;
   EXPECT_EQ(Lancer("$Q -C Опрос recodage Да && ls Опрос/*A.POS"), 0) << sortie_;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 
@@ -61,11 +62,22 @@ bool EstSupplementaire(std::string_view texte) {
   return MarqueDeTexte(texte).find_first_of("Ss") != std::string_view::npos;
 }
 
+bool EstSeule(const std::vector<std::string>& textes, std::string_view nom) {
+  return std::count_if(textes.begin(), textes.end(),
+                       [&](const std::string& texte) { return Rogner(NomDeTexte(texte)) == Rogner(nom); }) == 1;
+}
+
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom) {
   const std::string_view cherche = Rogner(nom);
-  const auto trouve = std::find_if(textes.begin(), textes.end(),
-                                   [&](const auto& texte) { return Rogner(NomDeTexte(texte)) == cherche; });
-  return static_cast<std::size_t>(trouve - textes.begin());
+  std::size_t rang = textes.size();
+  std::size_t trouvees = 0;
+  for (std::size_t i = textes.size(); i-- > 0;) {
+    if (Rogner(NomDeTexte(textes[i])) != cherche) continue;
+    rang = i;
+    ++trouvees;
+  }
+  if (trouvees > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(cherche, trouvees));
+  return rang;
 }
 
 }  // namespace quelvar

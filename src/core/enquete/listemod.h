@@ -35,7 +35,10 @@ std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);
 
-// Rank of the modality of that name, padded to four columns, or the number of texts.
+// Rank of the modality of that name, blanks around it aside, or the number of texts. Raises a sentence (13) when
+// several have it.
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom);
+// Whether one modality has that name.
+bool EstSeule(const std::vector<std::string>& textes, std::string_view nom);
 
 }  // namespace quelvar

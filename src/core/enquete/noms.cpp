@@ -15,4 +15,9 @@ std::string FauteHomonymes(std::string_view nom, std::span<const int> positions)
                   " : donnez-leur des noms différents dans le fichier *.POS et relancez"_w});
 }
 
+std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites) {
+  return Joindre({"Le nom ", Rogner(nom), " est celui de ", Nombre(modalites),
+                  " modalités : donnez-leur des noms différents dans le fichier *.MOD et relancez"_w});
+}
+
 }  // namespace quelvar

@@ -32,6 +32,9 @@ std::vector<std::size_t> RangsDuNom(const Elements& elements, std::string_view n
 // The sentence on a name that several questions share, at these positions of .DAT.
 std::string FauteHomonymes(std::string_view nom, std::span<const int> positions);
 
+// The sentence on a name that so many modalities of a .MOD share.
+std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites);
+
 // The same for the ranks that RangsDuNom gave.
 template <class Questions>
 std::string FauteHomonymes(std::string_view nom, const Questions& questions, const std::vector<std::size_t>& rangs) {

@@ -7,6 +7,7 @@
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
+#include "factor/plan/concordance.h"
 #include "factor/plan/graphe.h"
 
 namespace quelvar::factor {
@@ -183,42 +184,16 @@ void CompterModalites(Rapport& rapport, const DonneesPlan& donnees) {
   rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
 }
 
-// Elements that a tree of this plane has: the columns, or what stands behind them; the rows of a square table are its
-// active columns.
-std::size_t ElementsDeLArbre(const DonneesPlan& donnees, bool individus) {
-  if (!individus) return donnees.colonnes;
-  if (donnees.points.size() > donnees.colonnes) return donnees.points.size() - donnees.colonnes;
-  return static_cast<std::size_t>(std::ranges::count(donnees.points, false, &PointPlan::supplementaire));
-}
-
-// What was made from another state of the table is told, and left out: nothing of it stands on the wrong point.
-void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
-                      DonneesPlan& donnees) {
-  const auto sansPlace =
-      std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
-                    [](const PointPlan& point) { return !point.place; });
-  if (sansPlace > 0)
-    rapport.Ligne({"*** Attention :", NombreNu(sansPlace), "modalité(s) de "_w, contexte.Nom(".MOD"), " absente(s) de ",
-                   contexte.Nom(".FAJ"), ", relancez l'analyse factorielle"});
-  const auto horsDuPlan = [&](const tables::Lien& lien) {
-    const auto hors = [&](std::int16_t noeud) {
-      return noeud < 1 || static_cast<std::size_t>(noeud) > donnees.points.size();
-    };
-    return hors(lien.premier) || hors(lien.second);
-  };
-  for (auto& [liens, extension] : {std::pair{&donnees.liens, ".PEM"}, std::pair{&donnees.liensLignes, ".PEL"}}) {
-    if (std::ranges::none_of(*liens, horsDuPlan)) continue;
-    rapport.Ligne({"*** Attention : ", contexte.Nom(extension),
-                   " n'est pas celui de ce tableau, ses liens ne sont pas montrés, relancez les PEM"_w});
-    liens->clear();
+// A tree that nobody has asked for does not stop the plane.
+std::optional<ArbreCah> LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences) {
+  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
+  if (!cah) return std::nullopt;
+  try {
+    return LireCah(*cah);
+  } catch (const Erreur&) {
+    if (exigences.cah) throw;
+    return std::nullopt;
   }
-  if (!donnees.cah || donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus)) return;
-  const std::string faute = Joindre({"l'arbre de "_w, contexte.Nom(".CAH"),
-                                     " n'est pas celui de ce tableau, relancez l'analyse factorielle avec la "
-                                     "classification"});
-  if (exigences.cah) Arreter(rapport, contexte, {Joindre({"*** Arret du programme : ", faute})});
-  rapport.Ligne({"*** Attention : ", faute});
-  donnees.cah.reset();
 }
 
 void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
@@ -237,7 +212,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   donnees.liensPresents = pem.has_value();
   donnees.liens = tables::LireLiens(pem);
   donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
-  if (const std::optional<Chemin> cah = contexte.Chercher(".CAH")) donnees.cah = LireCah(*cah);
+  donnees.cah = LireArbre(contexte, exigences);
   EcarterEtrangers(rapport, contexte, exigences, donnees);
 }
 
@@ -248,6 +223,11 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
   if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
                          [&](Rapport& rapport) { Preparer(rapport, contexte, exigences, donnees); }))
     return std::nullopt;
+  if (!donnees.remarques.empty()) {
+    std::string texte;
+    for (const std::string& remarque : donnees.remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
+    contexte.Ecran().demander(texte, Boutons::Ok);
+  }
   return donnees;
 }
 

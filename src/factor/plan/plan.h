@@ -45,6 +45,7 @@ struct DonneesPlan {
   std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
   std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
+  std::vector<std::string> remarques;  // what is not of the same state of the table, with what to run again
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
 };

@@ -3,6 +3,7 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/listemod.h"
+#include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
@@ -77,6 +78,8 @@ std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& conte
   for (const std::string& nom : NomsDuChoix(parametres.mod)) {
     std::size_t rang = 0;
     while (rang < mod.modalites.size() && mod.modalites[rang].nom != nom) ++rang;
+    if (const std::size_t homonymes = RangsDuNom(mod.modalites, nom).size(); homonymes > 1)
+      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, homonymes));
     if (rang == mod.modalites.size()) controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
     else choisies.push_back(rang);
   }

@@ -228,7 +228,9 @@ std::vector<ModaliteNommee> ToutesLesModalites(const Contexte& contexte, Rapport
 
 void PoserIntitules(const Contexte& contexte, const OptionsNomeMod& options, std::vector<ModaliteNommee>& modalites,
                     Rapport& rapport) {
+  const std::vector<std::string> presentes = LireListeModalites(contexte.Exiger(".MOD")).textes;
   for (const auto& [nom, intitule] : options.intitules) {
+    RangDeModalite(presentes, nom);  // one of its own
     const std::string cherche = CadreGauche(Rogner(nom), 4);
     if (options.Cree() && DuNom(modalites, cherche) == nullptr)
       RemplacerModalites(modalites, ToutesLesModalites(contexte, rapport));

@@ -6,6 +6,7 @@
 
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/session/generique_libre.h"
@@ -69,14 +70,13 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const Table& ta
                      const std::vector<std::string>& noms, std::vector<char>& marques) {
   for (const std::string& nom : noms) {
     const auto& modalites = table.mod.modalites;
-    const auto trouvee = std::find_if(modalites.begin(), modalites.end(),
-                                      [&](const Modalite& m) { return RognerDroite(m.nom) == RognerDroite(nom); });
-    const auto rang = static_cast<std::size_t>(trouvee - modalites.begin());
-    if (rang >= marques.size() || trouvee == modalites.end()) {
+    const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
+    if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
+    if (rangs.empty() || rangs.front() >= marques.size()) {
       Avertir(rapport, contexte.Ecran(), Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w}));
       throw Erreur(kArretAnnonce);
     }
-    marques[rang] = 1;
+    marques[rangs.front()] = 1;
   }
 }
 

@@ -90,7 +90,7 @@ std::optional<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, co
     const std::string& avant = desFichiers.mod.textes[i];
     const std::string& apres = table.mod.textes[i];
     const std::string_view nom = Rogner(NomDeTexte(avant));
-    const bool seul = RangDeModalite(desFichiers.mod.textes, nom) == i && nom.find_first_of(",=") == nom.npos;
+    const bool seul = EstSeule(desFichiers.mod.textes, nom) && nom.find_first_of(",=") == nom.npos;
     const std::optional<std::string> dit = seul ? std::optional<std::string>(nom) : std::nullopt;
     if (EstSupplementaire(avant) != EstSupplementaire(apres))
       ajouter(EstSupplementaire(apres) ? Genre::ColonneSup : Genre::ColonneActive, dit);

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
+#include <filesystem>
 
 #include "support/environnement.h"
 
@@ -125,6 +127,67 @@ TEST(Graphe, LinksAndTreesOfAnotherTable) {
   EXPECT_NE(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT").find("l'arbre de ENQ.CAH n'est pas celui de ce tableau"),
             std::string::npos);
   EXPECT_FALSE(PrepGraphe(enquete.LeContexte(), {.liens = false, .cah = true}));
+}
+
+// A link says that some people have both modalities; a tree begins with the two nearest points.
+TEST(Graphe, LinksAndTreesOfATableOfTheSameSize) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\nBRT=3 FMT=1\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
+  constexpr std::array<char, 8> lien = {1, 0, 2, 0, 0, 0, 0x48, 0x42};
+  enquete.Avec(".PEM", {lien.data(), lien.size()}).Avec(".BRT", "A1  523\nA2  240\nA3  304\n");
+  EXPECT_EQ(enquete.Preparer()->liens.size(), 1U);
+  enquete.Avec(".BRT", "A1  503\nA2  042\nA3  324\n");
+  const std::optional<DonneesPlan> donnees = enquete.Preparer();
+  EXPECT_TRUE(donnees->liens.empty());
+  ASSERT_EQ(donnees->remarques.size(), 1U);
+  EXPECT_TRUE(donnees->remarques[0].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
+
+  enquete.Avec(".PEM", "")
+      .Avec(".FJ2",
+            "A1    700   -450.0000  600      3.0000    4\nA2    200     40.0000    5     50.0000"
+            "    6\nA3    100     20.0000    1     30.0000    2\n");
+  const auto arbre = [](std::string_view etapes) {
+    return "INDIV = NON\n" + std::string(etapes) + "   1    2   3\n   2    1   2   3\n";
+  };
+  enquete.Avec(".CAH", arbre("   1    2    3    2    3\n   2    1    2    1   -1\n"));
+  EXPECT_TRUE(enquete.Preparer()->remarques.empty());
+  enquete.Avec(".CAH", arbre("   1    1    2    1    2\n   2    1    3   -1    3\n"));
+  ASSERT_EQ(enquete.Preparer()->remarques.size(), 1U);
+}
+
+TEST(Graphe, AgesAreToldBeyondAMoment) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\nBRT=3 FMT=1\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
+  enquete.Avec(".AFC", "Pourcentage du total = 12.5\nPourcentage du total =  7.0\n");
+  enquete.Avec(".BRT", "A1  523\nA2  240\nA3  304\n");
+  const auto vieillir = [&](const char* nom, int secondes) {
+    const auto fichier = enquete.dossier.Chemin() / nom;
+    std::filesystem::last_write_time(fichier,
+                                     std::filesystem::last_write_time(fichier) - std::chrono::seconds(secondes));
+  };
+  vieillir("ENQ.FAJ", 30);
+  EXPECT_TRUE(enquete.Preparer()->remarques.empty());
+  vieillir("ENQ.FAJ", 60);
+  vieillir("ENQ.AFC", 300);
+  const std::optional<DonneesPlan> donnees = enquete.Preparer();
+  ASSERT_EQ(donnees->remarques.size(), 2U);
+  EXPECT_EQ(donnees->remarques[0], "ENQ.FAJ est plus ancien que ENQ.BRT, relancez l'analyse factorielle");
+  EXPECT_TRUE(donnees->parts.empty());
+}
+
+// The plane of a principal component analysis has the four decimals of its files, at the scale of the whole ones.
+TEST(Graphe, SmallCoordinatesHaveFourDecimals) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\nBRT=2 FMT=1\nA1\nA2\n").Avec(".FAJ", "A1    500    123  500\nA2    500    -45  500\n");
+  enquete.Avec(".FJ2", "A1    500      1.2345  500 \nA2    500     -0.4549  500 \n");
+  EXPECT_EQ(enquete.Preparer()->coordonnees(0, 0), 123);  // a correspondence analysis, for all that is known
+  enquete.Avec(".ACP", "Pourcentage du total = 12.5\n");
+  std::optional<DonneesPlan> donnees = enquete.Preparer();
+  EXPECT_EQ(donnees->echelle, 100);
+  EXPECT_DOUBLE_EQ(donnees->coordonnees(0, 0), 123.45);
+  EXPECT_DOUBLE_EQ(donnees->coordonnees(0, 1), -45.49);
+  enquete.Avec(".FJ2", "A1    500      9.2345  500 \nA2    500     -0.4549  500 \n");
+  EXPECT_EQ(enquete.Preparer()->coordonnees(0, 0), 123);  // files of two analyses
 }
 
 TEST(Graphe, ModalitiesWithoutCoordinatesAreTold) {

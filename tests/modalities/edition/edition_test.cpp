@@ -85,5 +85,22 @@ TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
 
 // --- NomeMod ---
 
+// A name that two modalities share is neither's: nothing is marked, labelled or taken out.
+TEST_F(Edition, AModalityNameSharedByTwoStops) {
+  Ecrire("ENQ.MOD", "T\r\n BRT=3 FMT=1 \r\nA1     un\r\nA1     deux\r\nB1     trois\r\n**\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nAAA   1 2\r\n");
+  Ecrire("ENQ.DAT", "1\r\n");
+  const auto avant = Fichiers("ENQ.PRT");
+  OptionsModifMod statut;
+  statut.supplementaires = {"A1"};
+  EXPECT_EQ(ModifierModalites(contexte_, statut), Fin::Arret);
+  EXPECT_TRUE(Dit("Le nom A1 est celui de 2 modalités : donnez-leur des noms différents"_w)) << montre_;
+  OptionsNomeMod intitule;
+  intitule.intitules = {{"A1", "X"}};
+  EXPECT_EQ(NommerModalites(contexte_, intitule), Fin::Arret);
+  EXPECT_TRUE(Dit("Le nom A1 est celui de 2 modalités"_w)) << montre_;
+  EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
+}
+
 }  // namespace
 }  // namespace quelvar

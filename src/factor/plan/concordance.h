@@ -1,0 +1,14 @@
+// Whether the files of a plane belong together: links, tree, report and coordinates that were made from another state
+// of the table are told with what to run again, and nothing of them stands on the wrong point.
+#pragma once
+
+#include "factor/plan/graphe.h"
+
+namespace quelvar::factor {
+
+// Writes to the report, and keeps in `donnees.remarques`, what does not belong to the plane, and takes it out where its
+// elements are not those of the plane. Raises kArretAnnonce for a tree that was asked for and is another table's.
+void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
+                      DonneesPlan& donnees);
+
+}  // namespace quelvar::factor
