@@ -9,6 +9,8 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/fichiers/jeu.h"
+#include "core/fichiers/sauvegarde.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
 
@@ -209,6 +211,11 @@ Sources TrouverSources(Rapport& rapport, const Contexte& contexte) {
   return sources;
 }
 
+// A former .csv may be the source of the data set.
+std::string CopieDe(const Contexte& contexte, const Chemin& ancien) {
+  return NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename()));
+}
+
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
   const FichierPos pos = LirePos(*sources.pos, contexte.Ecran());
@@ -220,21 +227,24 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
     colonnes.push_back(DresserColonne(pos.questions[i], intitules, tableur, options));
     champs[i] = colonnes.back().champ;
   }
-  Remplacement csv(contexte.repertoire, contexte.Nom(".csv"));
-  EcrireTitres(csv.Fichier(), pos, tableur, options);
-  EcrireIndividus(contexte, csv.Fichier(), *sources.donnees, LigneCsv(colonnes, tableur), LongueurUtile(champs),
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  if (const std::optional<Chemin> ancien = contexte.Chercher(".csv"))
+    sorties.Copier(*ancien, CopieDe(contexte, *ancien), Nature::Unique);
+  Ecrivain& csv = sorties.Ouvrir(contexte.Nom(".csv"), Nature::Refaisable);
+  EcrireTitres(csv, pos, tableur, options);
+  EcrireIndividus(contexte, csv, *sources.donnees, LigneCsv(colonnes, tableur), LongueurUtile(champs),
                   pos.taille.individus);
-  csv.Valider();
+  sorties.Valider();
 }
 
 }  // namespace
 
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
-  // It may be the source of the data set.
-  if (contexte.Chercher(".csv") &&
-      contexte.Ecran().demander(
-          Joindre({"Le fichier ", contexte.Nom(".csv"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w}),
-          Boutons::NonOui) != Reponse::Oui)
+  const std::optional<Chemin> ancien = contexte.Chercher(".csv");
+  if (ancien && contexte.Ecran().demander(Joindre({"Le fichier ", TexteDe(ancien->filename()),
+                                                   " existe déjà : il va être remplacé, et conservé sous le nom "_w,
+                                                   CopieDe(contexte, *ancien), ". L'acceptez-vous ?"}),
+                                          Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
   return ExecuterProgramme(contexte, kRapport, Libelles(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });

@@ -5,6 +5,7 @@
 
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "utilities/tableau.h"
@@ -145,6 +146,8 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerPlaceDesDonnees(rapport, contexte, tableau, questions);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  if (const std::optional<Chemin> anciennes = contexte.Chercher(".DAT"))
+    sorties.Copier(*anciennes, NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".DAT")), Nature::Unique);
   Ecrivain& donnees = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees);
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), tableau.titre, questions, bilan.individus);
@@ -160,10 +163,11 @@ bool RemplacementAccepte(const Contexte& contexte) {
   if (!contexte.Chercher(".DAT") || !contexte.Chercher(".BRT") || !contexte.Chercher(".MOD")) return true;
   return contexte.Ecran().demander(
              Joindre({"Le fichier ", contexte.Nom(".DAT"),
-                      " existe déjà : il va être remplacé par des individus refaits à partir du tableau, et "_w,
-                      contexte.Nom(".POS"), " sera conservé sous le nom "_w, NomDeSauvegarde(contexte.Nom(".POS")),
-                      ". L'acceptez-vous ?"}),
-             Boutons::NonOui) == Reponse::Oui;
+                      " existe déjà : il va être remplacé par des individus refaits à partir du tableau. "_w,
+                      contexte.Nom(".DAT"), " sera conservé sous le nom "_w,
+                      NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".DAT")), " et ", contexte.Nom(".POS"),
+                      " sous le nom ", NomDeSauvegarde(contexte.Nom(".POS")), ". L'acceptez-vous ?"}),
+             Boutons::OuiNon) == Reponse::Oui;
 }
 
 }  // namespace

@@ -99,6 +99,7 @@ TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
   bouton_ = Reponse::Oui;
   EXPECT_EQ(Gendat(contexte_, {}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.PO2"), avant.at("ENQ.POS"));
+  EXPECT_EQ(Lire("ENQ.DA2"), avant.at("ENQ.DAT"));
 }
 
 TEST_F(RunTableaux, ASpreadsheetIsNotReplacedUnasked) {
@@ -112,6 +113,7 @@ TEST_F(RunTableaux, ASpreadsheetIsNotReplacedUnasked) {
   bouton_ = Reponse::Oui;
   EXPECT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.CSV"), "AGE\r\n1\r\n");
+  EXPECT_EQ(Lire("ENQ.CS2"), "la source");
 }
 
 TEST_F(RunTableaux, ANewGenericThatExistsIsNotWrittenOver) {

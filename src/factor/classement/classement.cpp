@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
@@ -78,6 +79,20 @@ void EcrireArbre(Ecrivain& cah, const std::vector<EtapeWard>& etapes, bool indiv
   }
 }
 
+constexpr std::string_view kTitreDesEtapes = " ;Etapes de l'agrégation"_w;
+
+// A .CSV that no classification has written is the user's spreadsheet: a copy of it stays.
+void GarderTableur(const Contexte& contexte, Rapport& rapport, JeuDeFichiers& sorties) {
+  const std::optional<Chemin> tableur = contexte.Chercher(".CSV");
+  if (!tableur) return;
+  LecteurLignes lecteur(*tableur);
+  if (std::string_view titre; !lecteur.Lire(titre) || titre == kTitreDesEtapes) return;
+  const std::string copie = NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".CSV"));
+  sorties.Copier(*tableur, copie, Nature::Unique);
+  rapport.Ligne(
+      {"*** Attention : le fichier ", contexte.Nom(".CSV"), " existait déjà, il est sauvegardé sous le nom "_w, copie});
+}
+
 }  // namespace
 
 void ClasserWard(const Contexte& contexte, Rapport& rapport, const Chemin& points, std::size_t facteurs,
@@ -97,8 +112,9 @@ void ClasserWard(const Contexte& contexte, Rapport& rapport, const Chemin& point
   EcrireArbre(sorties.Ouvrir(contexte.Nom(".CAH"), Nature::Refaisable), etapes, options.individus);
   Ecrivain* csv = nullptr;
   if (options.etapesCsv) {
+    GarderTableur(contexte, rapport, sorties);
     csv = &sorties.Ouvrir(contexte.Nom(".CSV"), Nature::Refaisable);
-    csv->Ligne(" ;Etapes de l'agrégation"_w);
+    csv->Ligne(kTitreDesEtapes);
   }
   EcrireEtapes(rapport, csv, etapes, population.libelles);
   contexte.Ecran().montrerProgression(0);

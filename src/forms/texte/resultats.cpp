@@ -55,9 +55,11 @@ void Resultats::MontrerVerrous(int lignesDeRegle) {
 void Resultats::Presenter(const Affichage& affichage) {
   if (affichage.ou == Affichage::Ou::Rien) return;
   Poser(affichage.texte, affichage.nomRapport, true);
-  if (affichage.ou != Affichage::Ou::Lecteur) return;
-  formes_.FermerCellesQuiPeuvent();
-  if (!affichage.rapport.empty()) LireAilleurs(CheminDe(affichage.rapport));
+  if (affichage.ou == Affichage::Ou::Lecteur) {
+    formes_.FermerCellesQuiPeuvent();
+    if (!affichage.rapport.empty()) LireAilleurs(CheminDe(affichage.rapport));
+  }
+  if (!affichage.panne.empty()) ecran_.demander(affichage.panne, Boutons::Ok);
 }
 
 void Resultats::LireAilleurs(const Chemin& fichier) {
