@@ -48,6 +48,19 @@ TEST(Affichage, ChaqueGenreDeResultat) {
   }
 }
 
+TEST(Affichage, UnArretMontreOuEstLaFaute) {
+  BureauEnq bureau;
+  bureau.Ecrire("ENQ.POS", "ENQ\r\n 2 \r\nSEX   1 2\r\nAGE 9E91 9\r\n");
+  bureau.Ecrire("ENQ.DAT", "11\r\n21\r\n");
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  bureau.Ouvrir();
+  bureau.Menu("mnuTriapl");
+  ASSERT_EQ(pilote.Vues().size(), 1);
+  EXPECT_TRUE(pilote.Vues().first().contains("(ENQ.POS, ligne 4, colonne 4)")) << pilote.Vues().first().toStdString();
+  EXPECT_FALSE(bureau.Texte().contains("colonne 4")) << "the report keeps its fixed words";
+}
+
 TEST(Affichage, FichierVideAEffacer) {
   BureauEnq bureau;
   bureau.Ecrire("ENQ.TAP", "");
