@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLocale>
+#include <QStandardPaths>
 
 #include "capture/preparation.h"
 #include "forms/cadre/dialogue_qt.h"
@@ -65,10 +66,21 @@ void SourceImport::Prendre(const Chemin& fichier) {
   ImporterFichier(services_, fichier);
 }
 
+namespace {
+
+// Where the file is looked for: beside the survey, or among the user's documents before there is one.
+QString DossierDeDepart(const Session& session) {
+  if (session.generique.empty() && capture::FichiersImportables(session.repertoire).empty())
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return CheminVersQt(session.repertoire);
+}
+
+}  // namespace
+
 Chemin ChoisirFichierAImporter(Services& services) {
   return CheminDepuisQt(QFileDialog::getOpenFileName(
       QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : &services.fenetre,
-      QStringLiteral("Importation d'un fichier externe"), CheminVersQt(services.session.repertoire),
+      QStringLiteral("Importation d'un fichier externe"), DossierDeDepart(services.session),
       FiltreQt(QStringLiteral("Tableaux de données|*.csv;*.txt;*.tsv;*.ods;*.xlsx;*.dbf|Tous fichiers *.*|*.*"))));
 }
 
