@@ -1,6 +1,7 @@
 #include "crosstab/tableau/compte.h"
 
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -38,6 +39,8 @@ Marges MargesDe(const Matrice& effectifs) {
 }
 
 std::vector<double> Parts(const std::vector<double>& totaux, double total, double facteur) {
+  // No share has a value in a table without a total: what is computed from them is found impossible.
+  if (total == 0) return std::vector<double>(totaux.size(), std::numeric_limits<double>::quiet_NaN());
   std::vector<double> parts(totaux);
   for (double& part : parts) part = facteur * part / total;
   return parts;
