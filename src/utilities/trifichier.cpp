@@ -158,6 +158,13 @@ std::string_view RefusDeTrier(const OptionsTriFichier& options) {
 
 Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
   const std::string nomRapport = contexte.generique.empty() ? "$$$.prt" : contexte.Nom(".prt");
+  const Chemin rapportPrevu = CheminDEcriture(contexte.repertoire, nomRapport);
+  for (const std::string& fichier : {options.fichierA, options.fichierC})
+    if (!fichier.empty() && CheminDEcriture(contexte.repertoire, fichier) == rapportPrevu) {
+      contexte.Ecran().demander(Joindre({"Le fichier ", fichier, " est celui du rapport : choisissez-en un autre"}),
+                                Boutons::Ok);
+      return Fin::Arret;
+    }
   return ExecuterProgramme(contexte, nomRapport, LibellesErreur{},
                            [&](Rapport& rapport) { Trier(rapport, contexte, options); });
 }

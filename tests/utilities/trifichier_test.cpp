@@ -59,6 +59,15 @@ TEST_F(RunTriFichier, WithoutAGenericTheReportIsShownAndGoes) {
   EXPECT_EQ(Lire("C.TXT"), "a\r\nb\r\n");
 }
 
+TEST_F(RunTriFichier, TheReportIsNeitherSortedNorTheResult) {
+  Ecrire("A.TXT", "b\na\n");
+  Ecrire("ENQ.PRT", "former\n");
+  EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "ENQ.PRT", "1", "1"}), Fin::Arret);
+  EXPECT_EQ(TriFichier(contexte_, {"ENQ.PRT", "C.TXT", "1", "1"}), Fin::Arret);
+  EXPECT_EQ(Lire("ENQ.PRT"), "former\n");
+  EXPECT_FALSE(Existe("C.TXT"));
+}
+
 TEST_F(RunTriFichier, AFieldThatCannotBeCutLeavesTheFiles) {
   Ecrire("A.TXT", "b\na\n");
   EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "A.TXT", "-1", "1"}), Fin::Arret);

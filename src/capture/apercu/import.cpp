@@ -14,6 +14,7 @@
 #include "capture/colonnes/compterendu.h"
 #include "capture/dbase/import.h"
 #include "capture/fichiers.h"
+#include "core/fichiers/sauvegarde.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -88,6 +89,26 @@ void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan
   exiger(contexte.Nom("N.POS"), Boutons::NonOui);
 }
 
+bool MemesOctets(const Chemin& a, const Chemin& b) {
+  constexpr std::size_t kMorceau = std::size_t{1} << 20;
+  if (LongueurFichier(a) != LongueurFichier(b)) return false;
+  std::uintmax_t place = 0;
+  for (std::string octets; octets = LireMorceau(a, place, kMorceau), !octets.empty(); place += octets.size())
+    if (octets != LireMorceau(b, place, kMorceau)) return false;
+  return true;
+}
+
+// What the user may have written by hand stays under a name of its own.
+void Garder(const Contexte& contexte, const Chemin& ancien, JeuDeFichiers& sorties) {
+  sorties.Copier(ancien, NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename())), Nature::Unique);
+}
+
+void EcrireChoix(const Contexte& contexte, const std::string& octets, JeuDeFichiers& sorties) {
+  if (const std::optional<Chemin> ancien = contexte.Chercher(".IMC"); ancien && LireOctets(*ancien) != octets)
+    Garder(contexte, *ancien, sorties);
+  sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(octets);
+}
+
 void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const SourceDeTable& source, const Plan& plan,
                   JeuDeFichiers& sorties) {
   const std::string nom = contexte.Nom(".CSV");
@@ -96,6 +117,7 @@ void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const Sour
   if (ancien && MemeFichier(*ancien, fichiers.source)) return;
   // The texts take the place of the .TXT: what was read of it stays as .CSV.
   if (texte && MemeFichier(*texte, fichiers.source) && plan.longues.empty()) return;
+  if (ancien && !MemesOctets(*ancien, source.Texte())) Garder(contexte, *ancien, sorties);
   sorties.Copier(source.Texte(), nom, Nature::Refaisable);
 }
 
@@ -148,7 +170,7 @@ void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Fi
     SauvegarderMod(rapport, contexte, contexte.Nom("N.MOD"), sorties.jeu);
     EcrireVariables(sorties.jeu.Ouvrir(contexte.Nom("N.MOD"), Nature::Unique), contexte.Nom("N"), plan);
   }
-  sorties.jeu.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(EcrireImc(ChoixFaits(table.choix, plan)));
+  EcrireChoix(contexte, EcrireImc(ChoixFaits(table.choix, plan)), sorties.jeu);
 }
 
 void EcrireColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table,

@@ -10,6 +10,7 @@
 #include "forms/cadre/principal.h"
 #include "forms/cadre/reglages_qt.h"
 #include "forms/cadre/signaux.h"
+#include "forms/pieces/ecran.h"
 #include "forms/texte/texte_qt.h"
 
 namespace {
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
            quelvar::forms::CheminDepuisQt(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))),
        quelvar::forms::ReglagesQt(), quelvar::forms::DossierAide(), DemarrerVoisin,
        [](const QUrl& adresse) { return QDesktopServices::openUrl(adresse); }, quelvar::forms::DossierDeSecours()});
+  quelvar::forms::TenirDansLEcran(principal);
   principal.show();
   const quelvar::forms::Signaux signaux([&] { principal.TextesOuverts().MettreASauf(); });
   QMetaObject::invokeMethod(

@@ -30,6 +30,15 @@ struct LigneDeDescription {
   double corrige;
 };
 
+// Moments about 0 keep about 16 digits of the squares of the values: what is left of the dispersion behind them is too
+// little for the digits printed. Below that it is only rounding, of a constant.
+bool PerdSesChiffres(const LigneDeDescription& ligne) {
+  constexpr double kDispersionSure = 1e-5;  // of the mean
+  constexpr double kArrondi = 3e-8;
+  const double grandeur = std::fabs(ligne.moyenne);
+  return ligne.ecartType < kDispersionSure * grandeur && ligne.ecartType > kArrondi * grandeur;
+}
+
 LigneDeDescription Decrire(const Variable& variable, const Dispersion& dispersion, std::size_t rang) {
   const double variance = dispersion.covariances(rang, rang);
   if (variance < 0) throw Erreur(kArgumentIncorrect);
@@ -88,6 +97,11 @@ void ImprimerDescription(Rapport& rapport, const VariablesDeRegression& variable
   for (const LigneDeDescription& ligne : lignes)
     rapport.Ligne({ligne.intitule, moyenne(ligne.moyenne), ecartType(ligne.ecartType), corrige(ligne.corrige)});
   if (faute != 0) throw Erreur(faute);
+  for (const LigneDeDescription& ligne : lignes)
+    if (PerdSesChiffres(ligne))
+      rapport.Ligne({"*** Attention : les valeurs de ", RognerDroite(ligne.intitule),
+                     " sont trop grandes devant leur dispersion, les résultats qui suivent ne sont pas sûrs : "
+                     "retranchez-leur une constante"_w});
   rapport.Ligne();
 }
 

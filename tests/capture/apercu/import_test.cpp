@@ -70,6 +70,16 @@ std::vector<std::vector<int>> Reponses(const Contexte& contexte) {
   return reponses;
 }
 
+TEST_F(RunImportDeTable, WhatWasWrittenByHandStaysBesideTheImport) {
+  Ecrire("ENQ.CSV", "precieux\r\n1\r\n");
+  Ecrire("ENQ.IMC", "# les miens\r\n");
+  for (int fois = 0; fois < 2; ++fois) ASSERT_EQ(Importer("a;b\n1;2\n2;1\n"), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENQ.CS2"), "precieux\r\n1\r\n");
+  EXPECT_EQ(Lire("ENQ.IM2"), "# les miens\r\n");
+  EXPECT_FALSE(Existe("ENQ.CS3"));
+  EXPECT_FALSE(Existe("ENQ.IM3"));
+}
+
 TEST_F(RunImportDeTable, WhatTheProgramExportsComesBackTheSame) {
   std::mt19937 hasard(17);
   for (int tour = 0; tour < 40; ++tour) {

@@ -42,6 +42,10 @@ char SigneDeListe(const std::vector<ValeurComptee>& valeurs, std::vector<ValeurC
   for (const char signe : kSignes) {
     std::map<std::string, Element> vus;
     bool liste = false;
+    const auto enTete = [signe](const ValeurComptee& v) {
+      return v.valeur.starts_with(signe) || v.valeur.ends_with(signe);
+    };
+    if (signe == ',' && std::ranges::any_of(valeurs, enTete)) continue;  // ",5" and "4," are numbers
     for (const ValeurComptee& valeur : valeurs) {
       std::set<std::string> deLaCellule;
       SeparerListe(valeur.valeur, signe, [&](std::string_view e) { deLaCellule.emplace(e); });
