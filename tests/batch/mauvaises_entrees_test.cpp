@@ -105,8 +105,8 @@ std::vector<Cas> CasDesTableaux() {
        {},
        {{"ENQ.MOD", "ENQ\r\n FMT=10\r\nREV  Y revenu\r\nDAT  X date\r\n"},
         {"ENQ.CDG",
-         "1         12.5  20240101\r\n2         14.5  20240102\r\n3         13.0  20240103\r\n"
-         "4         17.0  20240104\r\n"}},
+         "1         12.5  20240101\r\n2         14.5  20240201\r\n3         13.0  20240301\r\n"
+         "4         17.0  20240401\r\n"}},
        Fin::Normale,
        {"*** Attention : les valeurs de date sont trop grandes devant leur dispersion"}},
       {"modifburt sans marque",
