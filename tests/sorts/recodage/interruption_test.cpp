@@ -13,6 +13,7 @@
 #include <random>
 
 #include "core/fichiers/fichiers.h"
+#include "core/fichiers/generiquetenu.h"
 #include "sorts/recodage/recodage.h"
 #include "support/environnement.h"
 
@@ -75,6 +76,8 @@ class Interruption : public ::testing::Test {
   }
 
   void Verifier(const Contenu& complete, bool avecAncienne, const std::string& quand) const {
+    // The next program of the new generic finishes or undoes a set that was cut.
+    for (const char* generique : {"ENQ", "ENR"}) const GeneriqueTenu suivant(dossier_.Chemin(), generique, "suite");
     const Contenu etat = Lire();
     EXPECT_TRUE(Contient(etat, entrees_)) << quand;
     const bool ancienne = avecAncienne && Contient(etat, ancienne_);
