@@ -141,6 +141,8 @@ done
 rm -f ZONE.TXT JOINTS.TXT RIEN.prt
 cp -f MILLION.MOD MODALITES.MOD 2>/dev/null || printf 'MILLION\r\n BRT=2 FMT=1\r\nA000\r\nA001\r\n' >MILLION.MOD
 ligne "export-csv" MILLION.DAT "rm -f MILLION.csv" "$bin/quelvar-batch" export-csv MILLION
+# Without the table that posmod made of it
+rm -f MILLION.BRT MILLION.CDG
 ligne "profilmod, d'après les données" MILLION.DAT "rm -f MILLION.PR2" \
   "$bin/quelvar-batch" profilmod MILLION modalites="$(sed -n '4s/^\(....\).*/\1/p' MILLION.MOD)"
 rm -f MILLION.csv
