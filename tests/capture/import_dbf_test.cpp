@@ -90,12 +90,17 @@ TEST(Noms, PositionsEtDoubles) {
   const std::pair<std::size_t, const char*> positions[] = {{1, "001"},    {999, "999"},  {1000, "A00"}, {1099, "A99"},
                                                            {3599, "Z99"}, {3600, "AA0"}, {9999, "YP9"}};
   for (const auto& [position, nom] : positions) EXPECT_EQ(NomDePosition(position), nom);
+  EXPECT_EQ(NomAvecLettres(0, 4) + NomAvecLettres(25999, 4) + NomAvecLettres(26000, 4) + NomAvecLettres(93600, 4),
+            "A000Z999AA00AAA0");
+  EXPECT_EQ(essai::NumeroLeve([] { NomAvecLettres(26 * 100 + 26 * 26 * 10, 3); }), kIndiceHorsSelection);
 
   std::vector<std::string> noms = {"AGE", "AGE", "2", "SEX", "4", " "};
   const auto blanc = [](std::string_view nom) { return Rogner(nom).empty(); };
   const auto rang = [](std::size_t i) { return std::to_string(i + 1); };
   EXPECT_EQ(DistinguerNoms(noms, blanc, rang), (std::vector<std::size_t>{0, 1, 2, 5}));
   EXPECT_EQ(noms, (std::vector<std::string>{"1", "2", "3", "SEX", "4", "6"})) << "\"2\" gives way to the second AGE";
+  noms = {" AB", "AB ", "A B"};
+  EXPECT_EQ(DistinguerNoms(noms, blanc, rang), (std::vector<std::size_t>{0, 1})) << "blanks around make no other name";
 }
 
 TEST_F(ImportDbfTest, PlusDeNeufMilleNeufCentsPositions) {
