@@ -2,13 +2,13 @@
 
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QScreen>
+#include <QLayout>
 #include <QScrollBar>
-#include <algorithm>
 
 #include "capture/saisie/ecran.h"
 #include "capture/saisie/saisie_options.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"
 #include "forms/programmes/capture/saisiedes.h"
 #include "forms/texte/texte_qt.h"
@@ -33,6 +33,11 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
   fixe.setPointSize(13);
   for (QLabel* label : {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4, ui_->Label6, ui_->Label7})
     label->setFont(fixe);
+  // A message that comes and goes moves no question.
+  QSizePolicy place = ui_->FrMsg->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  ui_->FrMsg->setSizePolicy(place);
+  ui_->Label9->setMinimumWidth(ui_->Label9->fontMetrics().horizontalAdvance(VersQt(capture::TexteDesMajuscules(true))));
   ui_->ListEnreg->setModel(liste_);
   for (QWidget* controle : {static_cast<QWidget*>(ui_->ListEnreg), static_cast<QWidget*>(ui_->BoutCont),
                             static_cast<QWidget*>(ui_->BoutArret)})
@@ -123,13 +128,15 @@ void Saisief::Montrer() {
                                             : VersQt(capture::IntituleDeReponse(etat, etat.courante, intitules_)));
   ui_->LabelType->setText(VersQt(capture::TypeCourant(etat)));
   ui_->LabelConseil->setText(VersQt(capture::ConseilCourant(etat)));
-  ui_->Label9->setText(VersQt(capture::TexteDesMajuscules(etat)));
+  ui_->Label9->setText(VersQt(capture::TexteDesMajuscules(etat.majuscules)));
   ui_->LabelFaits->setText(QString::number(etat.faits));
   ui_->LabelEnCours->setText(etat.corrige ? QStringLiteral("%1 (correction)").arg(*etat.corrige)
                                           : QString::number(etat.faits + 1));
   if (fautesVues_) ui_->TextMsg->setPlainText(VersQt(etat.message));
   ui_->FrMsg->setVisible(!fautesVues_ || !etat.message.empty());
   ui_->BoutCont->setVisible(!fautesVues_);
+  ui_->BoutArret->setAutoDefault(!fautesVues_);  // the one of the two that Enter presses shows it
+  if (fautesVues_) ui_->BoutArret->setDefault(false);
   ui_->BoutListe->setEnabled(fautesVues_);
   DonnerLeClavier();
 }
@@ -150,9 +157,9 @@ void Saisief::MontrerListe() {
   if (!fautesVues_ || liste_->rowCount() == 0) return;
   if (!ui_->FrListe->isVisible()) {
     ui_->FrListe->setVisible(true);
+    layout()->activate();  // the window grows by what the list needs
     adjustSize();
-    const QRect place = screen()->availableGeometry();
-    move(std::clamp(x(), place.left(), std::max(place.left(), place.right() - frameGeometry().width())), y());
+    TenirDansLEcran(*this);
   }
   liste_->Rafraichir();
   const bool premiere = !ui_->ListEnreg->currentIndex().isValid();

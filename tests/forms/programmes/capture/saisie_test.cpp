@@ -7,6 +7,7 @@
 #include <QListView>
 #include <QPlainTextEdit>
 
+#include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/saisiedes.h"
 #include "forms/programmes/capture/saisief.h"
@@ -227,6 +228,8 @@ TEST(Saisief, RevoirEtCorriger) {
   Touches(forme, {Qt::Key_F4});
   auto& liste = Bureau::Dans<QListView>(forme, "ListEnreg");
   ASSERT_EQ(forme.focusWidget(), &liste);
+  const QSize besoin = ContenuDe(forme).minimumSizeHint();
+  EXPECT_TRUE(besoin.width() <= 1024 && besoin.height() <= 768 - 40) << besoin.width() << " x " << besoin.height();
   EXPECT_EQ(Etiquette(forme, "LabelEnCours"), "50 (correction)");
   QTest::keyClick(&liste, Qt::Key_PageUp);
   EXPECT_NE(Etiquette(forme, "LabelEnCours"), "50 (correction)");
