@@ -147,6 +147,22 @@ TEST_F(ImportDbfTest, EffectifsDeSixChiffres) {
   EXPECT_TRUE(Dit("   1 100000\r\nTot. 100000 100\r\n")) << montre_;
 }
 
+// Data and a dictionary that an import replaces stay, whatever it comes to next; what is there twice is kept once.
+TEST_F(ImportDbfTest, CeQuElleRemplaceReste) {
+  Ecrire("ENQ.DAT", "7\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n");
+  for (const char* donnees : {" 1", " 1", " 2", " 1"}) {
+    Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 1, donnees));
+    EXPECT_EQ(Importer(), Fin::Normale);
+  }
+  EXPECT_EQ(Lire("ENQ.DA2") + Lire("ENQ.DA3") + Lire("ENQ.DA4"), "7\r\n1\r\n2\r\n");
+  EXPECT_FALSE(Existe("ENQ.DA5"));
+  EXPECT_EQ(Lire("ENQ.PO3"), "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n") << "the labels are under no later copy";
+  EXPECT_TRUE(Dit("L'ancienne sauvegarde ENQ.PO2 est conservée sous le nom ENQ.PO"_w)) << montre_;
+  ASSERT_EQ(boites_.size(), 3U);
+  EXPECT_EQ(boites_[0], "Le fichier ENQ.DAT est remplacé ; l'ancien est sauvegardé sous le nom ENQ.DA2"_w);
+}
+
 TEST_F(ImportDbfTest, DisquePleinLaisseLesAnciensFichiers) {
   Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 4000, std::string(8000, '1')));
   Ecrire("ENQ.DAT", "7\r\n");
