@@ -31,6 +31,17 @@ TEST_F(RunGestion, MergedCellsWidenTheTableAndKeepItsMargin) {
   EXPECT_EQ(Agreger(agregation, "rien"), "Il n'y a pas de mots à regrouper"_w);
 }
 
+TEST_F(RunGestion, ARowOfTheUsersOwnNameIsFoundByItAndGivesItsWords) {
+  Ecrire("ENQ.BRT", "   999données\r\n   999deuxdeux      \r\n   322ées \r\n"_w);
+  Agregation agregation = OuvrirAgregation(contexte_).agregation;
+  EXPECT_EQ(NomDeLigne(agregation.table, 0), "données"_w);
+  EXPECT_EQ(NomDeLigne(agregation.table, 2), "ées"_w) << "no part of another label";
+  for (const std::size_t ligne : {0U, 1U}) agregation.table.lignes[ligne].marquee = true;
+  EXPECT_TRUE(Agreger(agregation, "tout").empty());
+  EXPECT_EQ(MotsDeLaLigne(agregation.table.lignes.back()),
+            (std::vector<std::string>{std::string("données"_w), "deux"}));
+}
+
 TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
   Ecrire("ENQ.BRT", "   999un\r\n   3\r\n");
   EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/programme.h"
+#include "text/commun/intitule.h"
 #include "text/concordance/concord.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
@@ -65,11 +66,30 @@ TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
   EXPECT_TRUE(Dit("*** Attention : la fréquence du mot de est de 10001"_w));
 }
 
-TEST(MotDeLIntitule, IsThatOfTheFiles) {
-  EXPECT_EQ(MotDeLIntitule("tra1travailler"), "travailler");
-  EXPECT_EQ(MotDeLIntitule("vie vie       "), "vie");
-  EXPECT_EQ(MotDeLIntitule("_arg_argent*"), "_argent");
-  EXPECT_EQ(MotDeLIntitule("de"), "de");
+TEST(MotsDeLIntitule, ACodeIsTakenOffOnlyWhereItsWordCanHaveIt) {
+  using Mots = std::vector<std::string>;
+  const struct {
+    std::string intitule;
+    std::string_view mot;
+    Mots cherches;
+  } cas[] = {
+      {"tra1travailler", "travailler", {"travailler"}},
+      {"tr12travail   ", "travail", {"travail"}},
+      {"1024zone      ", "zone", {"zone"}},
+      {"vie vie       ", "vie", {"vie"}},
+      {"et/oet/ou     ", "et/ou", {"et/ou"}},
+      {"_arg_argent*", "_argent", {"_argent"}},
+      {"_arg_argentine*", "_argentine", {"_argentine"}},
+      {"de", "de", {"de"}},
+      {std::string("données"_w), "données"_w, {std::string("données"_w)}},
+      {"travailler", "travailler", {"travailler"}},
+      {"image/images", "image/images", {"image", "images"}},
+      {"le chat, la souris", "le chat, la souris", {"le", "chat", "la", "souris"}},
+  };
+  for (const auto& [intitule, mot, cherches] : cas) {
+    EXPECT_EQ(MotDeLIntitule(intitule), mot);
+    EXPECT_EQ(MotsDeLIntitule(intitule), cherches);
+  }
 }
 
 }  // namespace

@@ -81,13 +81,6 @@ std::string CleDeGauche(const LigneDeConcordance& ligne) {
 
 }  // namespace
 
-std::string MotDeLIntitule(std::string_view intitule) {
-  std::string_view mot = RognerDroite(intitule);
-  if (mot.size() > kLargeurCode) mot = mot.substr(kLargeurCode);
-  if (mot.ends_with('*') && mot.starts_with('_')) mot.remove_suffix(1);
-  return std::string(RognerDroite(mot.substr(0, kLargeurMot)));
-}
-
 Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots) {
   Concordances concordances;
   concordances.mots = mots;
@@ -112,16 +105,6 @@ std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, Ord
     cles.push_back(ordre == OrdreDeConcordance::Gauche ? CleDeGauche(ligne) : Minuscules(ligne.droite));
   std::stable_sort(rangs.begin(), rangs.end(), [&](std::uint32_t a, std::uint32_t b) { return cles[a] < cles[b]; });
   return rangs;
-}
-
-std::vector<std::string> MotsTapes(std::string_view texte) {
-  std::vector<std::string> mots;
-  for (std::size_t debut = 0; debut < texte.size();) {
-    const std::size_t fin = std::min(texte.find_first_of(" ,", debut), texte.size());
-    if (fin > debut) mots.emplace_back(texte.substr(debut, fin - debut));
-    debut = fin + 1;
-  }
-  return mots;
 }
 
 std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre, std::size_t auPlus) {

@@ -26,10 +26,6 @@ struct Concordances {
   std::vector<LigneDeConcordance> lignes;
 };
 
-// The ten columns that a word has in the files, from what a user types or a list shows: the field itself, or the label
-// of a row (code and word) without its code and its star of theme.
-std::string MotDeLIntitule(std::string_view intitule);
-
 // Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
 // Raises 57, 70 or 75.
 Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots);
@@ -37,9 +33,6 @@ Concordances ChercherConcordances(const Contexte& contexte, const std::vector<st
 // By what follows the word, by what stands before it (the nearest word first), or as the file has them; equal lines
 // keep their order. `rangs` are those of the lines to show.
 std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre);
-
-// The words that a user types, with blanks or commas between them.
-std::vector<std::string> MotsTapes(std::string_view texte);
 
 // A title, then the lines: at most so many of them, and it is then said how many there are.
 std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre,

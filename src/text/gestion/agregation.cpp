@@ -215,8 +215,10 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
   }
   agregation.compteRendu.push_back(Joindre({"Le regroupement des lignes précédentes a pour nom : "_w, intitule,
                                             " Sa fréquence est de "_w, NombreNu(somme.frequence)}));
-  LigneDeTable regroupee{ChampDeFrequence(agregation, somme.frequence), {}, std::string(intitule), false};
+  LigneDeTable regroupee{ChampDeFrequence(agregation, somme.frequence), {}, std::string(intitule), false, {}};
   for (const double cellule : somme.cellules) regroupee.cellules += EntierDroit(cellule, table.largeur);
+  for (const LigneDeTable& ligne : table.lignes)
+    if (ligne.marquee) std::ranges::move(MotsDeLaLigne(ligne), std::back_inserter(regroupee.mots));
   std::erase_if(table.lignes, [](const LigneDeTable& ligne) { return ligne.marquee; });
   table.lignes.push_back(std::move(regroupee));
   agregation.modifiee = true;

@@ -7,6 +7,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "text/commun/intitule.h"
 
 namespace quelvar::text {
 
@@ -63,15 +64,13 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   if (ouverte.message.empty()) ExigerTableDuMod(*brt, LireMod(*mod), parametres);
 }
 
-std::string_view SansCode(std::string_view intitule) { return intitule.substr(std::min(kNom, intitule.size())); }
-
 // By the whole labels, or by the words without the code in front.
 std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
   std::vector<std::size_t> trouvees;
   const auto chercher = [&](bool sansCode) {
     for (std::size_t i = 0; i < table.lignes.size(); ++i) {
       const std::string_view intitule = table.lignes[i].intitule;
-      if (Rogner(sansCode ? SansCode(intitule) : intitule) == Rogner(nom)) trouvees.push_back(i);
+      if ((sansCode ? MotDeLIntitule(intitule) : Rogner(intitule)) == Rogner(nom)) trouvees.push_back(i);
     }
   };
   chercher(false);
@@ -103,9 +102,13 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
   }
 }
 
+std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne) {
+  return ligne.mots.empty() ? MotsDeLIntitule(ligne.intitule) : ligne.mots;
+}
+
 std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne) {
   const std::string_view intitule = table.lignes[ligne].intitule;
-  for (const std::string_view nom : {Rogner(SansCode(intitule)), Rogner(intitule)})
+  for (const std::string_view nom : {MotDeLIntitule(intitule), Rogner(intitule)})
     if (!nom.empty() && nom.find_first_of(",=") == std::string_view::npos &&
         LignesDuNom(table, nom) == std::vector<std::size_t>{ligne})
       return std::string(nom);

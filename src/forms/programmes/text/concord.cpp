@@ -7,6 +7,7 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
 #include "ui_concord.h"
 
@@ -60,7 +61,7 @@ QString Concord::Texte() const {
 }
 
 void Concord::Chercher() {
-  const std::vector<std::string> mots = text::MotsTapes(DepuisQt(ui_->TextMots->text()));
+  const std::vector<std::string> mots = text::MotsSepares(DepuisQt(ui_->TextMots->text()), " ,");
   if (mots.empty()) return services_.ecran.biper();
   try {
     concordances_ = text::ChercherConcordances(contexte_, mots);
