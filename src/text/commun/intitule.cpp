@@ -28,13 +28,13 @@ bool EstCodeDe(std::string_view code, std::string_view mot, bool champEntier) {
 
 bool EstUnThemeInverse(std::string_view mot) { return mot.starts_with('_') && mot.ends_with('*'); }
 
+}  // namespace
+
 bool PorteUnCode(std::string_view intitule) {
   const std::string_view mot = RognerDroite(intitule.substr(std::min(kLargeurCode, intitule.size())));
   if (mot.empty() || mot.size() > kLargeurMot + (EstUnThemeInverse(mot) ? 1 : 0)) return false;
   return EstCodeDe(intitule.substr(0, kLargeurCode), mot, intitule.size() == kLargeurCode + kLargeurMot);
 }
-
-}  // namespace
 
 std::string_view MotDeLIntitule(std::string_view intitule) {
   const bool code = PorteUnCode(intitule);

@@ -8,6 +8,9 @@
 
 namespace quelvar::text {
 
+// Whether the label begins with a code that the word behind it can have.
+bool PorteUnCode(std::string_view intitule);
+
 // The word of a row: what stands behind the code, without the star of an inverted theme; the whole label when it does
 // not begin with a code that its word can have. Trimmed.
 std::string_view MotDeLIntitule(std::string_view intitule);
