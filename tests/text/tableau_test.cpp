@@ -35,6 +35,7 @@ class RunTabMot : public essai::RunDeProgramme {};
 
 TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
   const std::string mot = Ligne("1", "a", "a");
+  const std::string autre = Ligne("1", "b", "b");
   const struct {
     std::string dat;
     std::string pos;
@@ -43,6 +44,9 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
       {"112\r\n", "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n", "ne contient pas des mots"},
       {mot, "ENQ\r\n 1 \r\nSEX   2 2 &ACT&\r\n", "*** La question SEX (position 2) est au-delà des caractéristiques"_w},
       {mot + "1\r\n", "ENQ\r\n 2 \r\nSEX   1 2 &ACT&\r\n", "*** La ligne 2 de ENQ.DAT n'est pas celle d'un mot"},
+      {"", "ENQ\r\n 0 \r\nSEX   1 2 &ACT&\r\n", "*** Arrêt du programme : le fichier ENQ.DAT est vide"_w},
+      {mot + mot, "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n", "*** ENQ.POS annonce 1 mots (ligne 2) et ENQ.DAT en a davantage"},
+      {mot + autre + mot, "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n", "*** Le mot a revient à la ligne 3 de ENQ.DAT"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1L3 &ACT&\r\n", "dont le code-max dépasse 99"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1 2\r\n", "*** Aucune question n'est marquée &ACT&"_w},
   };
@@ -54,6 +58,16 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
     EXPECT_TRUE(Dit(dit)) << montre_;
     EXPECT_EQ(Fichiers("ENQ.PRT"), avant);
   }
+}
+
+TEST_F(RunTabMot, WordsInAnyOrderAreCountedAsLongAsTheirLinesStandTogether) {
+  Ecrire("ENQ.DAT", Ligne("1", "b", "b") + Ligne("2", "b", "b") + Ligne("1", "a", "a"));
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n");
+  EXPECT_EQ(TabMot(contexte_, {.frequenceMin = 2}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.BRT"), "   211b   b         \r\n");
+  EXPECT_EQ(TabMot(contexte_, {.frequenceMin = 3}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.BRT"), "");
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w)});
 }
 
 TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
