@@ -45,7 +45,8 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
       {mot, "ENQ\r\n 1 \r\nSEX   2 2 &ACT&\r\n", "*** La question SEX (position 2) est au-delà des caractéristiques"_w},
       {mot + "1\r\n", "ENQ\r\n 2 \r\nSEX   1 2 &ACT&\r\n", "*** La ligne 2 de ENQ.DAT n'est pas celle d'un mot"},
       {"", "ENQ\r\n 0 \r\nSEX   1 2 &ACT&\r\n", "*** Arrêt du programme : le fichier ENQ.DAT est vide"_w},
-      {mot + mot, "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n", "*** ENQ.POS annonce 1 mots (ligne 2) et ENQ.DAT en a davantage"},
+      {mot + mot, "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n",
+       "*** ENQ.POS annonce 1 mots (ligne 2) et ENQ.DAT en a davantage"},
       {mot + autre + mot, "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n", "*** Le mot a revient à la ligne 3 de ENQ.DAT"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1L3 &ACT&\r\n", "dont le code-max dépasse 99"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1 2\r\n", "*** Aucune question n'est marquée &ACT&"_w},
@@ -67,7 +68,8 @@ TEST_F(RunTabMot, WordsInAnyOrderAreCountedAsLongAsTheirLinesStandTogether) {
   EXPECT_EQ(Lire("ENQ.BRT"), "   211b   b         \r\n");
   EXPECT_EQ(TabMot(contexte_, {.frequenceMin = 3}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.BRT"), "");
-  EXPECT_EQ(boites_, std::vector<std::string>{std::string("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w)});
+  EXPECT_EQ(boites_,
+            std::vector<std::string>{std::string("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w)});
 }
 
 TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
@@ -78,6 +80,25 @@ TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
   EXPECT_EQ(TabMot(contexte_, {}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.BRT"), "999910001    0de  de        \r\n");
   EXPECT_TRUE(Dit("*** Attention : la fréquence du mot de est de 10001"_w));
+}
+
+class RunConcord : public essai::RunDeProgramme {};
+
+TEST_F(RunConcord, NoFileIsReplacedUnaskedAndNoneOfTheDataSetAtAll) {
+  Ecrire("ENQ.DAT", Ligne("1", "a", "a"));
+  Ecrire("ENQ.TXT", "1a*\r\n");
+  Ecrire("CONC.TXT", "notes");
+  bouton_ = Reponse::Non;
+  for (const std::string sortie : {"ENQ.DAT", "enq.TXT", "ENQ.EDI", "./ENQ.TXT", "CONC.TXT"}) {
+    const auto avant = Fichiers();
+    EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = sortie}), Fin::Arret) << sortie;
+    EXPECT_TRUE(Dit(sortie == "CONC.TXT" ? "*** Le fichier CONC.TXT existe déjà"_w : "est du jeu de données ENQ"_w));
+    EXPECT_EQ(Fichiers(), avant);
+  }
+  EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "ENQ.DAT", .remplacer = true}), Fin::Arret);
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string("Le fichier CONC.TXT existe déjà. Le remplacer ?"_w)});
+  EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "CONC.TXT", .remplacer = true}), Fin::Normale);
+  EXPECT_TRUE(Lire("CONC.TXT").starts_with("Concordance de : a\r\n1 ligne(s)"));
 }
 
 TEST(MotsDeLIntitule, ACodeIsTakenOffOnlyWhereItsWordCanHaveIt) {

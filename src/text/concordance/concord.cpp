@@ -1,6 +1,7 @@
 #include "text/concordance/concord.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <numeric>
 #include <optional>
 
@@ -79,6 +80,20 @@ std::string CleDeGauche(const LigneDeConcordance& ligne) {
   return cle;
 }
 
+void ExigerSortie(Rapport& rapport, const Contexte& contexte, const OptionsConcordance& options) {
+  const Chemin cible = CheminDEcriture(contexte.repertoire, options.sortie);
+  if (const std::string refus = RefusDEnregistrer(contexte, cible); !refus.empty()) {
+    rapport.Ligne({"*** ", refus});
+    throw Erreur(kArretAnnonce);
+  }
+  if (options.remplacer || !ChercherFichier(contexte.repertoire, options.sortie)) return;
+  const Reponse reponse = contexte.Ecran().demander(
+      Joindre({"Le fichier ", options.sortie, " existe déjà. Le remplacer ?"_w}), Boutons::NonOui);
+  if (reponse == Reponse::Oui) return;
+  rapport.Ligne({"*** Le fichier ", options.sortie, " existe déjà, il n'est pas remplacé"_w});
+  throw Erreur(kArretAnnonce);
+}
+
 }  // namespace
 
 Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots) {
@@ -131,8 +146,17 @@ std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcord
   return texte;
 }
 
+std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
+  std::error_code erreur;
+  const bool memeDossier = std::filesystem::equivalent(cible.parent_path(), contexte.repertoire, erreur);
+  if (!memeDossier || !cible.has_extension() || !EgalSansCasse(TexteDe(cible.stem()), contexte.generique)) return {};
+  return Joindre({"Le fichier ", TexteDe(cible.filename()), " est du jeu de données "_w, contexte.generique,
+                  " : choisissez un autre nom, par exemple ", contexte.generique, "-concordance.txt"});
+}
+
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
+    if (!options.sortie.empty()) ExigerSortie(rapport, contexte, options);
     const Concordances concordances = ChercherConcordances(contexte, options.mots);
     const std::string texte = TexteDeConcordances(concordances, options.ordre);
     rapport.Suite(texte);

@@ -38,13 +38,18 @@ std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, Ord
 std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre,
                                 std::size_t auPlus = std::numeric_limits<std::size_t>::max());
 
+// Why the text cannot be saved there: under the name of a file of the data set. Empty when it can.
+std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible);
+
 struct OptionsConcordance {
   std::vector<std::string> mots{};
   OrdreDeConcordance ordre = OrdreDeConcordance::Fichier;
-  std::string sortie{};  // file for the text; it is only shown without one
+  std::string sortie{};    // file for the text; it is only shown without one
+  bool remplacer = false;  // that file may be there
 
   bool operator==(const OptionsConcordance&) const = default;
 };
+// Shows the concordance and saves it; a file that is there is asked about, one of the data set is refused.
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options);
 
 }  // namespace quelvar::text

@@ -134,9 +134,10 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
 void ExigerLesMots(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const TableLexicale& table,
                    std::size_t caracteristiques) {
   if (table.suite)
-    Arreter(rapport, contexte,
-            Joindre({"*** ", contexte.Nom(".POS"), " annonce ", Nombre(entrees.individus), " mots (ligne 2) et ",
-                     contexte.Nom(".DAT"), " en a davantage : refaire le découpage en mots, ou corriger la ligne 2"_w}));
+    Arreter(
+        rapport, contexte,
+        Joindre({"*** ", contexte.Nom(".POS"), " annonce ", Nombre(entrees.individus), " mots (ligne 2) et ",
+                 contexte.Nom(".DAT"), " en a davantage : refaire le découpage en mots, ou corriger la ligne 2"_w}));
   if (table.montante) return;
   if (const std::optional<MotRevenu> revenu = ChercherMotRevenu(entrees.donnees, caracteristiques))
     Arreter(rapport, contexte,

@@ -32,7 +32,7 @@ Concord::Concord(Services& services, text::Concordances concordances)
   connect(ui_->BoutCopier, &QPushButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(Texte()); });
   connect(ui_->BoutEnregS, &QPushButton::clicked, this, &Concord::Enregistrer);
   RelierCommande(*ui_->BoutEnregS, text::DescriptionConcordance(), contexte_, [this] {
-    return text::OptionsConcordance{concordances_.mots, Ordre(), {}};
+    return text::OptionsConcordance{concordances_.mots, Ordre()};
   });
   RelierQuitter(*ui_->BoutQuitter);
   QStringList mots;
@@ -76,8 +76,13 @@ void Concord::Enregistrer() {
       this, QStringLiteral("Enregistrer la concordance"),
       CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("-concordance.txt"))), QStringLiteral("*.txt"));
   if (fichier.isEmpty()) return;
+  const Chemin cible = CheminDepuisQt(fichier);
+  if (const std::string refus = text::RefusDEnregistrer(contexte_, cible); !refus.empty()) {
+    services_.ecran.demander(refus, Boutons::Ok);
+    return;
+  }
   try {
-    Remplacement copie(CheminDepuisQt(fichier));
+    Remplacement copie(cible);
     copie.Fichier().Ecrire(text::TexteDeConcordances(concordances_, Ordre()));
     copie.Valider();
   } catch (const Erreur& erreur) {
