@@ -88,6 +88,57 @@ TEST_F(RunTableaux, TheIndividualsOfGendatCountBackToTheTable) {
   }
 }
 
+// A table that can't be taken for what it says is refused, and its files stay.
+TEST_F(RunTableaux, ATableWithoutAllItsNamesIsRefused) {
+  const std::string noms = "A      un\r\nB      deux\r\n";
+  const std::string trois = "L1    1  2  3\r\nL2    4  5  6\r\n";
+  struct Essai {
+    std::string parametres, brt;
+    std::string_view inversion, gendat;  // what each says; empty when it runs
+  };
+  const std::vector<Essai> essais = {
+      {" JMAX=3 FMT=3", trois, "annonce 3 colonnes et nomme 2 modalités"_w,
+       "annonce 3 colonnes et nomme 2 modalités"_w},
+      {" FMT=3", trois, "derrière la dernière des 2 colonnes nommées"_w,
+       "derrière la dernière des 2 colonnes nommées"_w},
+      {" COL=2 FMT=3", trois, "", ""},                                  // labels that are numbers
+      {" FMT=3", "L1    1  2100\r\nL2    4  5200\r\n", "", ""},         // labels that are numbers
+      {" LIGN=2 COL=4 FMT=3", "L1    1  2\r\nL2    4  5\r\n", "", ""},  // COL= counts the rows too
+      {" FMT=3", "L1    1  2\r\n      4  5\r\n", "ligne 2, le nom \"    \" n'est pas possible", ""},
+      {" FMT=3", "L1    1  2\r\n** x  4  5\r\n", "ligne 2, le nom \"** x\" n'est pas possible", ""},
+  };
+  bouton_ = Reponse::Oui;
+  for (const Essai& essai : essais) {
+    for (const char* reste : {"ENR.BRT", "ENR.MOD", "ENQ.DAT", "ENQ.POS"}) Effacer(reste);
+    Ecrire("ENQ.BRT", essai.brt);
+    Ecrire("ENQ.MOD", "ENQ\r\n" + essai.parametres + "\r\n" + noms);
+    EXPECT_EQ(Inverser(contexte_, {}), essai.inversion.empty() ? Fin::Normale : Fin::Arret) << essai.brt;
+    EXPECT_TRUE(Dit(essai.inversion)) << montre_;
+    EXPECT_EQ(Existe("ENR.MOD"), essai.inversion.empty());
+    EXPECT_EQ(Gendat(contexte_, {}), essai.gendat.empty() ? Fin::Normale : Fin::Arret) << essai.brt;
+    EXPECT_TRUE(Dit(essai.gendat)) << montre_;
+  }
+}
+
+TEST_F(RunTableaux, CellsThatAreNoNumbersAndShortRowsAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n COL=2 FMT=3\r\nA      un\r\nB      a**b\r\n");
+  Ecrire("ENQ.BRT", "L1    1abc\r\nL1  1,5   \r\nL3    4\r\n");
+  const std::string_view mots =
+      "*** Attention : cellules qui ne sont pas des nombres, lues jusqu'au premier signe de trop ou comptées pour 0 : "
+      "2 "
+      "la première à la ligne 1, colonne 2 (abc)"_w;
+  const std::string_view courtes =
+      "*** Attention : lignes plus courtes que leurs cellules, dont ce qui manque compte pour 0 : 1 la première est la "
+      "ligne 3"_w;
+  ASSERT_EQ(Gendat(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(Dit(mots) && Dit(courtes)) << montre_;
+  EXPECT_EQ(Lire("ENQ.DAT"), "11\r\n21\r\n31\r\n31\r\n31\r\n31\r\n");
+  ASSERT_EQ(Inverser(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(Dit(mots) && Dit(courtes) && Dit("lignes de même nom, que rien ne distinguera plus en colonnes : L1"_w));
+  EXPECT_EQ(Inverser(contexte_, {.trg = true}), Fin::Arret);
+  EXPECT_TRUE(Dit("finirait la liste des points"));
+}
+
 TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
   EcrireTableau(2, 2, 1, 3);
   Ecrire("ENQ.DAT", "enquete\r\n");
