@@ -46,14 +46,12 @@ std::optional<Chemin> ChercherPos(const Contexte& contexte) {
   return pos;
 }
 
-void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier) {
+void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier,
+                       JeuDeFichiers& sauvegardes) {
   const std::string sauvegarde = NomDeSauvegarde(nom);
   EcrireEtat(rapport, nom, " existe déjà"_w);
-  // The copies are there whatever the import comes to: the report says so.
-  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  ConserverSauvegarde(rapport, contexte, fichier, sauvegarde, sorties);
-  CopierLignes(fichier, sorties.Ouvrir(sauvegarde, Nature::Unique));
-  sorties.Valider();
+  ConserverSauvegarde(rapport, contexte, fichier, sauvegarde, sauvegardes);
+  CopierLignes(fichier, sauvegardes.Ouvrir(sauvegarde, Nature::Unique));
   rapport.Ligne({"Il est sauvegardé sous le nom "_w, sauvegarde});
 }
 

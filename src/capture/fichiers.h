@@ -27,8 +27,10 @@ std::optional<Chemin> ChercherPos(const Contexte& contexte);
 // that is free (.PO3), and the report tells it.
 void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& fichier,
                          const std::string& sauvegarde, JeuDeFichiers& sorties);
-// Copies a former file of the generic under its backup name, an older copy kept, and tells it.
-void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier);
+// Copies a former file of the generic under its backup name, an older copy kept, and tells it. The report says that the
+// copies are there whatever the import comes to: they are a set of their own.
+void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier,
+                       JeuDeFichiers& sauvegardes);
 
 // Keeps a file that another one is about to replace under the first backup name that is free, as one of the outputs;
 // not when that one, or a copy that is there, has the same bytes. Returns the name of the copy, empty without one.

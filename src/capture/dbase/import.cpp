@@ -215,8 +215,11 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
 void Importer(Rapport& rapport, const Contexte& contexte) {
   const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"), ChercherPos(contexte)};
   EcrireBandeau(rapport, "Importation de données"_w);
-  if (fichiers.pos && (fichiers.dbf || fichiers.dat))
-    SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos);
+  if (fichiers.pos && (fichiers.dbf || fichiers.dat)) {
+    JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
+    SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
+    sauvegardes.Valider();
+  }
   EcrirePresence(rapport, contexte, fichiers);
   if (fichiers.dbf && contexte.niveau == 1) EcrireAvis(rapport);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
