@@ -1,5 +1,4 @@
 #include "capture/burt.h"
-
 #include "core/programme/annulation.h"
 #include "support/programme.h"
 
@@ -9,7 +8,8 @@ using namespace quelvar::capture;
 using ImportBurtTest = essai::RunDeProgramme;
 
 TEST_F(ImportBurtTest, CopiesDesAnciens) {
-  for (const char* nom : {"ENQ.BRT", "ENQ.MOD", "ENQ.POS", "ENQ.MO2", "ENQ.IMP"}) Ecrire(nom, std::string(nom) + "\r\n");
+  for (const char* nom : {"ENQ.BRT", "ENQ.MOD", "ENQ.POS", "ENQ.MO2", "ENQ.IMP"})
+    Ecrire(nom, std::string(nom) + "\r\n");
   Ecrire("SAS.TXT", "a 4 0\r\nb 0 6\r\n");
   const auto avant = Fichiers();
   dialogue_.saisir = [](std::string_view, std::string_view) -> std::string { throw Annulation(); };

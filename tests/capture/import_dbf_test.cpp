@@ -61,6 +61,13 @@ TEST(Dbf, EnteteQuiMent) {
   EXPECT_EQ(LireEnteteDbf(bon.substr(0, 70)).champs.size(), 1U) << "the second description is not wholly there";
   EXPECT_EQ(essai::NumeroLeve([&] { LireEnteteDbf(bon.substr(0, 31)); }), kFinDeFichierDepassee);
 
+  for (const char version : {'\x02', '\x04', '\x8C', '\x00'}) {  // other layouts, or none
+    std::string autre = bon;
+    autre[0] = version;
+    EXPECT_FALSE(LireEnteteDbf(autre).VersionConnue());
+  }
+  EXPECT_TRUE(entete.VersionConnue());
+
   // 162 bytes of header, records of 13.
   EXPECT_EQ(EnregistrementsEntiers(entete, entete.longueurEntete + 13 * 5 + 12), 5U);
   EXPECT_EQ(EnregistrementsEntiers(entete, 10), 0U);
