@@ -227,10 +227,11 @@ TEST_F(SaisieTest, LigneViergeCorrigee) {
 }
 
 TEST_F(SaisieTest, EnregistrementsEnTexte) {
-  EXPECT_EQ(Rejouer("1;34;MARC\n2;;\n0;0;\n3;1;X\n", ModeDEntree::Enregistrements), Fin::Arret);
+  EXPECT_EQ(Rejouer("1;34;MARC\n2;;\n0;0;\n\n3;1;X\n", ModeDEntree::Enregistrements), Fin::Arret);
   EXPECT_EQ(Lire("ENQ.DAT"), "134MARC \r\n2 0     \r\n") << "an empty record is not kept, a wrong one stops";
-  ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_EQ(boites_[0], "Ligne 4 : la question SEX attend un code de 0 à 2 et non \"3\""_w);
+  ASSERT_EQ(boites_.size(), 2U);
+  EXPECT_EQ(boites_[0], "Enregistrements vides non conservés : 2 (le premier à la ligne 3)"_w);
+  EXPECT_EQ(boites_[1], "Ligne 5 : la question SEX attend un code de 0 à 2 et non \"3\""_w);
 }
 
 TEST_F(SaisieTest, RienNEstPerdu) {

@@ -38,8 +38,20 @@ void Finir(Rapport& rapport, std::int64_t faits) {
   rapport.Ligne("Fin normale du programme");
 }
 
-// One line of the text; what is wrong with it, or nothing. `quitter` is set by Escape.
-std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const Dialogue& ecran, bool& quitter) {
+// What the text that is replayed came to.
+struct Rejeu {
+  std::int64_t ligne = 0;    // the one that is taken, from 1
+  bool quitter = false;      // Escape was struck
+  std::int64_t vides = 0;    // records that were not kept
+  std::int64_t premier = 0;  // line of the first of them
+};
+
+void Enregistrer(SaisieEnCours& saisie, Rejeu& rejeu) {
+  if (!Enregistrer(saisie) && rejeu.vides++ == 0) rejeu.premier = rejeu.ligne;
+}
+
+// One line of the text; what is wrong with it, or nothing.
+std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const Dialogue& ecran, Rejeu& rejeu) {
   const LigneDeTouches lue = LireTouches(ligne);
   if (!lue.faute.empty()) return Joindre({"la touche \"", lue.faute, "\" n'existe pas"});
   for (const Frappe& frappe : lue.frappes) {
@@ -49,31 +61,36 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
     }
     const Effet effet = Frapper(saisie.etat, frappe.touche);
     if (effet.bip) ecran.biper();
-    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie);
-    quitter = effet.demande == Demande::Quitter;
-    if (quitter) return {};
+    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie, rejeu);
+    rejeu.quitter = effet.demande == Demande::Quitter;
+    if (rejeu.quitter) return {};
   }
   return {};
 }
 
-std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne) {
-  std::string faute = PrendreReponses(saisie.etat, ligne);
-  if (faute.empty()) Enregistrer(saisie);
+// A blank line is an empty record.
+std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne, Rejeu& rejeu) {
+  std::string faute = Rogner(ligne).empty() ? std::string() : PrendreReponses(saisie.etat, ligne);
+  if (faute.empty()) Enregistrer(saisie, rejeu);
   return faute;
 }
 
 // True when the text came to its end without a line that can't be taken.
 bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire, const Dialogue& ecran) {
   std::string ligne;
-  bool quitter = false;
-  for (std::int64_t numero = 1; !quitter && lire(ligne); ++numero) {
-    const std::string faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, quitter)
-                                                                     : RejouerEnregistrement(saisie, ligne);
-    if (faute.empty()) continue;
-    ecran.demander(Joindre({"Ligne ", Nombre(numero), " : ", faute}), Boutons::Ok);
-    return false;
+  std::string faute;
+  Rejeu rejeu;
+  while (faute.empty() && !rejeu.quitter && lire(ligne)) {
+    ++rejeu.ligne;
+    faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, rejeu)
+                                                   : RejouerEnregistrement(saisie, ligne, rejeu);
   }
-  return true;
+  if (rejeu.vides > 0)
+    ecran.demander(Joindre({"Enregistrements vides non conservés : "_w, Nombre(rejeu.vides),
+                            " (le premier à la ligne "_w, Nombre(rejeu.premier), ")"}),
+                   Boutons::Ok);
+  if (!faute.empty()) ecran.demander(Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute}), Boutons::Ok);
+  return faute.empty();
 }
 
 }  // namespace
@@ -103,7 +120,7 @@ std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchroni
   return SaisieEnCours{NouvelleSaisie(descripteur, examen.lignes), std::move(fichiers), std::move(fautes)};
 }
 
-void Enregistrer(SaisieEnCours& saisie) {
+bool Enregistrer(SaisieEnCours& saisie) {
   EtatSaisie& etat = saisie.etat;
   const std::optional<std::string> ligne = Enregistrement(etat);
   std::string message(ligne ? std::string_view{} : kEnregistrementVide);
@@ -117,6 +134,7 @@ void Enregistrer(SaisieEnCours& saisie) {
   }
   RecommencerIndividu(etat);
   etat.message = std::move(message);
+  return ligne.has_value();
 }
 
 std::string Revoir(SaisieEnCours& saisie, std::int64_t numero) {
