@@ -36,8 +36,8 @@ void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemi
 
 void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }
 
-void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present) {
-  EcrireEtat(rapport, nom, present ? kRemplace : kSeraCree);
+void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible) {
+  EcrireEtat(rapport, nom, !present ? kSeraCree : lisible ? kRemplace : kExiste);
 }
 
 std::optional<Chemin> ChercherPos(const Contexte& contexte) {

@@ -71,10 +71,13 @@ EnteteDbf LireEnteteDbf(std::string_view octets) {
 }
 
 EnteteDbf LireEnteteDuFichier(const Chemin& chemin) {
-  const std::string octets = LireMorceau(chemin, 0, 65536);
-  EnteteDbf entete = LireEnteteDbf(octets);
-  if (octets.size() < entete.longueurEntete) throw Erreur(kFinDeFichierDepassee);
-  return entete;
+  return Situer([&] { return Lieu{TexteDe(chemin.filename())}; },
+                [&] {
+                  const std::string octets = LireMorceau(chemin, 0, 65536);
+                  EnteteDbf entete = LireEnteteDbf(octets);
+                  if (octets.size() < entete.longueurEntete) throw Erreur(kFinDeFichierDepassee);
+                  return entete;
+                });
 }
 
 std::uint64_t EnregistrementsEntiers(const EnteteDbf& entete, std::uintmax_t taille) {

@@ -19,6 +19,8 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
   if (!entete.VersionConnue())
     remarques.push_back(Joindre({"L'octet de version ("_w, Nombre(static_cast<int>(entete.version)),
                                  ") n'est pas celui d'un fichier de la forme dBase III : vérifiez les questions"_w}));
+  if (entete.annonces == 0)
+    remarques.push_back(std::string("L'en-tête n'annonce aucun enregistrement : il n'y a pas d'individus"_w));
   if (passage.enregistrements < entete.annonces)
     remarques.push_back(
         Joindre({"L'en-tête annonce "_w, Compte(entete.annonces), " enregistrements, le fichier n'en contient que "_w,
@@ -53,9 +55,8 @@ void PassageDbf::Prendre(const ConvertisseurDbf& convertisseur) {
   coupants = convertisseur.Coupants();
 }
 
-EnteteDbf ExigerEntete(Rapport& rapport, const Chemin& chemin, std::string_view nom) {
-  EnteteDbf entete = Situer([&] { return Lieu{std::string(nom)}; }, [&] { return LireEnteteDuFichier(chemin); });
-  if (entete.longueurEntete >= kEnteteMinimal) return entete;
+void ExigerEntete(Rapport& rapport, const EnteteDbf& entete, std::string_view nom) {
+  if (entete.DonneLesEnregistrements()) return;
   rapport.Ligne({"L'en-tête du fichier "_w, nom, " annonce une longueur de "_w, Nombre(entete.longueurEntete),
                  " octets alors qu'il en faut au moins 32 : les enregistrements sont introuvables"_w});
   rapport.Ligne("Verifiez et corrigez avant de relancer");
