@@ -232,6 +232,11 @@ TEST_F(SaisieTest, EnregistrementsEnTexte) {
   ASSERT_EQ(boites_.size(), 2U);
   EXPECT_EQ(boites_[0], "Enregistrements vides non conservés : 2 (le premier à la ligne 3)"_w);
   EXPECT_EQ(boites_[1], "Ligne 5 : la question SEX attend un code de 0 à 2 et non \"3\""_w);
+  EXPECT_TRUE(Dit(boites_[1]) && !Dit("Fin normale")) << montre_;
+  boites_.clear();
+  EXPECT_EQ(Rejouer("Droite Entree Droite*2 Bas\n"), Fin::Normale);
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string(
+                         "Réponses non validées par Entrée, non conservées : celles de l'enregistrement 4"_w)});
 }
 
 TEST_F(SaisieTest, RienNEstPerdu) {

@@ -31,11 +31,12 @@ void AjouterLigne(std::string& texte, std::string_view ligne) {
   texte += Joindre({std::string_view(texte.empty() ? "" : "\r\n"), ligne});
 }
 
-void Finir(Rapport& rapport, std::int64_t faits) {
+// An entry that a fault of the replayed text stops has that line in place of the normal end.
+void Finir(Rapport& rapport, std::int64_t faits, std::string_view faute = {}) {
   rapport.Ligne("Interruption de la saisie");
   rapport.Ligne({"Nombre d'enregistrements déjà faits ="_w, NombreNu(faits)});
   rapport.Ligne();
-  rapport.Ligne("Fin normale du programme");
+  rapport.Ligne(faute.empty() ? std::string_view("Fin normale du programme") : faute);
 }
 
 // What the text that is replayed came to.
@@ -72,11 +73,25 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
 std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne, Rejeu& rejeu) {
   std::string faute = Rogner(ligne).empty() ? std::string() : PrendreReponses(saisie.etat, ligne);
   if (faute.empty()) Enregistrer(saisie, rejeu);
+  else RecommencerIndividu(saisie.etat);
   return faute;
 }
 
-// True when the text came to its end without a line that can't be taken.
-bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire, const Dialogue& ecran) {
+// What the replay has left out.
+void Signaler(const SaisieEnCours& saisie, const Rejeu& rejeu, const Dialogue& ecran) {
+  std::string texte;
+  if (rejeu.vides > 0)
+    AjouterLigne(texte, Joindre({"Enregistrements vides non conservés : "_w, Nombre(rejeu.vides),
+                                 " (le premier à la ligne "_w, Nombre(rejeu.premier), ")"}));
+  if (EstEntame(saisie.etat))
+    AjouterLigne(texte, Joindre({"Réponses non validées par Entrée, non conservées : celles de l'enregistrement "_w,
+                                 Nombre(saisie.etat.corrige.value_or(saisie.etat.faits + 1))}));
+  if (!texte.empty()) ecran.demander(texte, Boutons::Ok);
+}
+
+// Returns the line that can't be taken and why, or nothing when the text came to its end.
+std::string Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire,
+                    const Dialogue& ecran) {
   std::string ligne;
   std::string faute;
   Rejeu rejeu;
@@ -85,12 +100,8 @@ bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureD
     faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, rejeu)
                                                    : RejouerEnregistrement(saisie, ligne, rejeu);
   }
-  if (rejeu.vides > 0)
-    ecran.demander(Joindre({"Enregistrements vides non conservés : "_w, Nombre(rejeu.vides),
-                            " (le premier à la ligne "_w, Nombre(rejeu.premier), ")"}),
-                   Boutons::Ok);
-  if (!faute.empty()) ecran.demander(Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute}), Boutons::Ok);
-  return faute.empty();
+  Signaler(saisie, rejeu, ecran);
+  return faute.empty() ? faute : Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute});
 }
 
 }  // namespace
@@ -157,10 +168,15 @@ Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const Lecture
         CommencerSaisie(contexte, options.synchroniser ? Synchronisation::Oui : Synchronisation::Non);
     ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".DES"), saisie.has_value()}}, kArretAbsence);
     saisie->etat.directe = options.directe;
+    std::string faute;
     entiere =
         saisie->fautes.empty() || contexte.Ecran().demander(saisie->fautes, Boutons::OkAnnuler) != Reponse::Annuler;
-    if (entiere) entiere = Rejouer(*saisie, options, lire, contexte.Ecran());
-    Finir(rapport, saisie->etat.faits);
+    if (entiere) faute = Rejouer(*saisie, options, lire, contexte.Ecran());
+    if (!faute.empty()) {
+      contexte.Ecran().demander(faute, Boutons::Ok);
+      entiere = false;
+    }
+    Finir(rapport, saisie->etat.faits, faute);
   });
   return entiere ? fin : Fin::Arret;
 }
