@@ -68,8 +68,25 @@ void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std
 
 int LargeurDeTable(std::int64_t plusGrandeCellule) { return static_cast<int>(Nombre(plusGrandeCellule).size()); }
 
+namespace {
+
+bool SontDesChiffres(std::string_view texte) {
+  return !texte.empty() && texte.find_first_not_of(" 0123456789") == std::string_view::npos;
+}
+
+// A number at the right of the width of a cell, blanks in front of it: a label would stand at the left.
+bool EstUneCelluleDePlus(std::string_view reste, std::size_t largeur) {
+  if (largeur < 2 || reste.size() < largeur || reste[0] != ' ') return false;
+  const std::string_view nombre = Rogner(reste.substr(0, largeur));
+  return reste[largeur - 1] != ' ' && SontDesChiffres(nombre) && nombre.find(' ') == std::string_view::npos;
+}
+
+}  // namespace
+
 ControleDeBurt::ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur)
-    : brt_(brt), longueur_(kLargeurNom + colonnes * static_cast<std::size_t>(std::max(largeur, 0))) {}
+    : brt_(brt),
+      largeur_(static_cast<std::size_t>(std::max(largeur, 0))),
+      longueur_(kLargeurNom + colonnes * largeur_) {}
 
 void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
   ++rang_;
@@ -80,8 +97,8 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
                           " ne va pas avec le fichier de modalités, la ligne "_w, Nombre(rang_), " porte le nom ", nom,
                           " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
   toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
-  const std::string_view reste = Rogner(texte.substr(std::min(longueur_, texte.size())));
-  toutesLongues_ = toutesLongues_ && !reste.empty() && reste.find_first_not_of(" 0123456789") == std::string_view::npos;
+  const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
+  toutesLongues_ = toutesLongues_ && (SontDesChiffres(Rogner(reste)) || EstUneCelluleDePlus(reste, largeur_));
 }
 
 void ControleDeBurt::Conclure() const {
