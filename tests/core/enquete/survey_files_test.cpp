@@ -214,7 +214,10 @@ TEST(ControleDeBurt, ATableOfOtherModalitiesIsRefused) {
   for (const Cas& c :
        {Cas{{"AAA1 3 0", "AAA2 0 4"}, 0}, Cas{{"     3 0", "AAA2 0 4 long"}, 0}, Cas{{"AAA1 3", "AAA2 0 4"}, 0},
         Cas{{"AAA1 3 0", "BBB1 0 4"}, kIncompatibiliteType}, Cas{{"AAA130", "AAA204"}, kIncompatibiliteType},
-        Cas{{"AAA1  3  0", "AAA2  0  4"}, kIncompatibiliteType}}) {
+        Cas{{"AAA1  3  0", "AAA2  0  4"}, kIncompatibiliteType},
+        // One more cell in every row, with a label behind it; and labels that are numbers.
+        Cas{{"AAA1 3 0 7 long", "AAA2 0 4 0 label"}, kIncompatibiliteType},
+        Cas{{"AAA1 3 01980 ou avant", "AAA2 0 41990"}, 0}}) {
     const Chemin brt = "ENQ.BRT";
     ControleDeBurt controle(brt, 2, 2);
     EXPECT_EQ(essai::NumeroLeve([&] {
