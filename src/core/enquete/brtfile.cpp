@@ -74,11 +74,14 @@ bool SontDesChiffres(std::string_view texte) {
   return !texte.empty() && texte.find_first_not_of(" 0123456789") == std::string_view::npos;
 }
 
-// A number at the right of the width of a cell, blanks in front of it: a label would stand at the left.
-bool EstUneCelluleDePlus(std::string_view reste, std::size_t largeur) {
-  if (largeur < 2 || reste.size() < largeur || reste[0] != ' ') return false;
-  const std::string_view nombre = Rogner(reste.substr(0, largeur));
-  return reste[largeur - 1] != ' ' && SontDesChiffres(nombre) && nombre.find(' ') == std::string_view::npos;
+// Two numbers where the next two cells would stand: a label hardly begins so in every row.
+bool EstSuiviDeCellules(std::string_view reste, std::size_t largeur) {
+  if (reste.size() < 2 * largeur) return false;
+  for (const std::size_t place : {std::size_t{0}, largeur}) {
+    const std::string_view nombre = Rogner(reste.substr(place, largeur));
+    if (!SontDesChiffres(nombre) || nombre.find(' ') != std::string_view::npos) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -98,7 +101,7 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
                           " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
   toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
   const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
-  toutesLongues_ = toutesLongues_ && (SontDesChiffres(Rogner(reste)) || EstUneCelluleDePlus(reste, largeur_));
+  toutesLongues_ = toutesLongues_ && (SontDesChiffres(Rogner(reste)) || EstSuiviDeCellules(reste, largeur_));
 }
 
 void ControleDeBurt::Conclure() const {

@@ -45,7 +45,7 @@ class ControleDeBurt {
   // The next row; raises a sentence (13) for a name that is not the one of its modality. A row without a name passes.
   void Voir(std::string_view texte, std::string_view nomAttendu);
   // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits
-  // or with a number that is set as one more cell.
+  // or with the numbers of two more cells.
   void Conclure() const;
 
  private:

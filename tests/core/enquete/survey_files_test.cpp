@@ -215,9 +215,9 @@ TEST(ControleDeBurt, ATableOfOtherModalitiesIsRefused) {
        {Cas{{"AAA1 3 0", "AAA2 0 4"}, 0}, Cas{{"     3 0", "AAA2 0 4 long"}, 0}, Cas{{"AAA1 3", "AAA2 0 4"}, 0},
         Cas{{"AAA1 3 0", "BBB1 0 4"}, kIncompatibiliteType}, Cas{{"AAA130", "AAA204"}, kIncompatibiliteType},
         Cas{{"AAA1  3  0", "AAA2  0  4"}, kIncompatibiliteType},
-        // One more cell in every row, with a label behind it; and labels that are numbers.
-        Cas{{"AAA1 3 0 7 long", "AAA2 0 4 0 label"}, kIncompatibiliteType},
-        Cas{{"AAA1 3 01980 ou avant", "AAA2 0 41990"}, 0}}) {
+        // Two more cells in every row, with a label behind them; and labels that begin with a number.
+        Cas{{"AAA1 3 0 7 2 long", "AAA2 0 4 012 label"}, kIncompatibiliteType},
+        Cas{{"AAA1 3 018 a 30 ans", "AAA2 0 430 et plus"}, 0}}) {
     const Chemin brt = "ENQ.BRT";
     ControleDeBurt controle(brt, 2, 2);
     EXPECT_EQ(essai::NumeroLeve([&] {
