@@ -102,6 +102,15 @@ TEST_F(RunTexte, TheHeadOfAUtf8TextIsShownAsItWillBeRead) {
   EXPECT_TRUE(ApercevoirTexte(contexte_).texte.ends_with("1été*\r\n2oui*\r\n"_w));
 }
 
+TEST_F(RunTexte, ALongThemeIsListedAsTheTextHasIt) {
+  OptionsSaisieMot options;
+  options.position = 1;
+  options.themes = true;
+  EXPECT_EQ(Decouper("1$environnement*\n", options), Fin::Normale);
+  EXPECT_TRUE(Dit("\r\n$environne 1\r\n")) << montre_;
+  EXPECT_TRUE(Lire("ENQ.DAT").starts_with("1_env_environne$$"));
+}
+
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {
   Ecrire("ENQ.DAT", "112\r\n");
   OptionsSaisieMot options;

@@ -121,7 +121,7 @@ TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const Optio
     if (++nombre > kMotsLongsMontres) return;
     if (nombre == 1) rapport.Ligne("*** ATTENTION : mot plus long que 10 caractères"_w);
     char champ[kLargeurMot];
-    mot.EcrireMot(champ);
+    mot.EcrireMotLu(champ);
     rapport.Suite({std::string_view(champ, sizeof champ), " ", mot.Caracteristiques()});
     if (mode != ModeStimulus::Aucun) rapport.Suite({" ", mot.Stimulus()});
     rapport.Ligne();
