@@ -45,8 +45,8 @@ struct Compte {
       return;
     }
     // A column that holds nothing but its title is an answer that was ticked.
-    const bool reprise = dessous.identiques > 0 && dessous.identiques < dessous.remplies &&
-                         dessous.mesures * 2 < dessous.remplies;
+    const bool reprise =
+        dessous.identiques > 0 && dessous.identiques < dessous.remplies && dessous.mesures * 2 < dessous.remplies;
     ++(reprise ? reprises : titres);
   }
 };
@@ -66,7 +66,8 @@ PremiereLigne JugerPremiereLigne(const Rangees& rangees) {
     return {false, Joindre({"La première ligne contient les mêmes valeurs que les suivantes : elle est lue comme un "
                             "individu, sans intitulés (si ce sont des intitulés, dites-le : titres=oui)."_w})};
   if (compte.mesures > 0 || compte.reprises > 0)
-    return {true, Joindre({"La première ligne contient des valeurs de ses colonnes : elle est lue comme celle des intitulés (si c'est "
+    return {true, Joindre({"La première ligne contient des valeurs de ses colonnes : elle est lue comme celle des "
+                           "intitulés (si c'est "
                            "un individu, dites-le : titres=non)."_w})};
   return {};
 }
