@@ -242,6 +242,11 @@ std::size_t Observation::LargeurDesPetits() const {
   return dernier == petits_.rend() ? 0 : Nombre(petits_.rend() - dernier - 1).size();
 }
 
+// Of more cells than are told apart, the first ones.
+bool Observation::TousDifferents() const {
+  return tousDifferents_ && std::ranges::all_of(petits_, [](std::uint32_t n) { return n <= 1; });
+}
+
 std::int64_t Observation::Differentes() const {
   const std::int64_t petits = std::ranges::count_if(petits_, [](std::uint32_t n) { return n > 0; });
   return petits + std::max(static_cast<std::int64_t>(textes_.Nombre()), uniques_.Nombre());
@@ -334,7 +339,7 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
   if (zerosDevant_ > 0 && larges) return ConclureTextes(faits);
   const bool codes = faits.avecDecimales == 0 && exposants_ == 0 && !larges;
   const bool suite = codes && faits.maximum == static_cast<double>(individus);
-  const bool tousDifferents = faits.differentes == faits.remplies && faits.vides == 0 && individus > 1;
+  const bool tousDifferents = TousDifferents() && faits.vides + faits.nonReponses == 0 && individus > 1;
   faits.contenu = codes ? Contenu::Codes : Contenu::Nombres;
   if (premiere && (suite || (!codes && faits.avecDecimales == 0 && exposants_ == 0 && tousDifferents &&
                              EstTitreDeNumero(faits.intitule))))
@@ -343,7 +348,7 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
 
 void Observation::ConclureTextes(FaitsDeColonne& faits) const {
   if (longs_ > 0) faits.contenu = Contenu::TextesLongs;
-  else if (faits.remplies > 1 && faits.differentes == faits.remplies - faits.nonReponses &&
+  else if (faits.remplies > 1 && TousDifferents() &&
            std::ranges::none_of(faits.valeurs, EstReponseUsuelle, &ValeurComptee::valeur))
     faits.contenu = Contenu::TextesUniques;
   else if (faits.differentes > static_cast<std::int64_t>(kTextesCourts)) faits.contenu = Contenu::TextesLongs;

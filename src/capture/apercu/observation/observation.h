@@ -78,6 +78,7 @@ class Observation {
   std::int64_t Petits() const;
   std::size_t LargeurDesPetits() const;
   std::int64_t Differentes() const;
+  bool TousDifferents() const;
   std::vector<ValeurComptee> Valeurs() const;  // those kept, in order
   void VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne);
   void VoirHabillee(std::string_view cellule);
