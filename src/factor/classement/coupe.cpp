@@ -15,6 +15,7 @@
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
+#include "factor/provenance.h"
 
 namespace quelvar::factor {
 
@@ -153,6 +154,29 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
   throw Erreur(kArretAnnonce);
 }
 
+constexpr std::string_view kRelancer = ", relancez l'analyse factorielle avec la classification";
+
+// A tree of as many elements may still be that of another state of the survey.
+void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
+  const auto dire = [&](Texte remarque) {
+    Avertir(rapport, contexte.Ecran(), Joindre({"*** Attention : ", remarque, kRelancer}));
+  };
+  if (!ArbreEstDesCoordonnees(contexte, arbre))
+    dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées que celles de "_w,
+                  contexte.Nom(arbre.individus ? ".FI2" : ".FJ2")}));
+  if (!arbre.individus) {
+    if (CoordonneesSontDesModalites(contexte)) return;
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
+                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), kRelancer}));
+    throw Erreur(kArretAnnonce);
+  }
+  if (const std::optional<IndividuEtranger> etranger = ChercherIndividuEtranger(contexte))
+    dire(Joindre({"l'individu ", Nombre(etranger->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
+                  Rogner(etranger->question), " le code qu'il a dans ", etranger->fichier,
+                  ", les individus classés ne sont plus ceux de ce fichier, relancez la création des modalités"_w}));
+}
+
 // Lines of the data that a run reads.
 std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
   return std::min(AnnoncesOuComptes(taille, donnees), CompterLignes(donnees));
@@ -176,6 +200,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
                  kArretAbsenceSansAccents);
   const FichierPos questions = LirePos(*pos);
   ExigerElements(contexte, rapport, arbre, IndividusLus(*donnees, questions.taille), ".DAT");
+  DireLaProvenance(contexte, rapport, arbre);
   const ClassesDIndividus classes = ClasserIndividus(arbre.etapes, options.niveau);
   const std::string nouveau = NouveauGenerique(contexte, rapport, options);
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
@@ -223,6 +248,7 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
   if (!arbre.individus) {
     const std::vector<Modalite> modalites = LireMod(*mod).modalites;
     ExigerElements(contexte, rapport, arbre, static_cast<std::int64_t>(modalites.size()), ".MOD");
+    DireLaProvenance(contexte, rapport, arbre);
     ListerClasses(rapport, modalites, arbre.etapes, options);
     return;
   }
