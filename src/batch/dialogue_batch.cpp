@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <optional>
 
+#include "core/programme/annulation.h"
+
 namespace quelvar::batch {
 
 namespace {
@@ -42,6 +44,8 @@ std::optional<std::string> ReponseSuivante(Demande& demande) {
   demande.reponses.pop_front();
   return reponse;
 }
+
+bool EstAnnulation(const std::optional<std::string>& reponse) { return reponse && EgalSansCasse(*reponse, "annuler"); }
 
 Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   const std::string minuscules = Minuscules(mot);
@@ -90,11 +94,14 @@ Dialogue DialogueBatch(Demande& demande) {
   };
   dialogue.saisir = [&demande](std::string_view question, std::string_view propose) {
     Ecrire(stderr, Joindre({SansRetoursChariot(question), "\n"}));
-    return ReponseSuivante(demande).value_or(std::string(propose));
+    const std::optional<std::string> reponse = ReponseSuivante(demande);
+    if (EstAnnulation(reponse)) throw Annulation();
+    return reponse.value_or(std::string(propose));
   };
   dialogue.choisirFichier = [&demande](std::string_view titre, std::string_view) {
     Ecrire(stderr, Joindre({titre, "\n"}));
-    return ReponseSuivante(demande).value_or(std::string());
+    const std::optional<std::string> reponse = ReponseSuivante(demande);
+    return EstAnnulation(reponse) ? std::string() : reponse.value_or(std::string());
   };
   dialogue.afficher = Afficher;
   if (demande.horloge) dialogue.horloge = [instant = *demande.horloge] { return instant; };

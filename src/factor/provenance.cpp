@@ -114,8 +114,8 @@ bool LiensSontDuBurt(const Contexte& contexte, const Table& table, std::span<con
 // Whether what is asked holds for the observed table, or for its maximum table in one of the orders that can be chosen.
 bool PourUneDesTables(const Table& table,
                       const std::function<bool(const crosstab::TableauCompte&, const Matrice& pem)>& convient) {
-  const crosstab::TableauCompte observee = crosstab::Compter(
-      tables::LireTable(table.brt, table.lignes, table.colonnes, table.parametres.largeur).effectifs);
+  const crosstab::TableauCompte observee =
+      crosstab::Compter(tables::LireTable(table.brt, table.lignes, table.colonnes, table.parametres.largeur).effectifs);
   if (convient(observee, crosstab::CalculerAttractions(observee).pem)) return true;
   for (const tables::OrdresTries tries : {tables::OrdresTries{true, true}, tables::OrdresTries{false, true},
                                           tables::OrdresTries{true, false}, tables::OrdresTries{false, false}}) {

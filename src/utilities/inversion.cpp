@@ -103,6 +103,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
       static_cast<std::uint64_t>(std::clamp<std::int64_t>(tableau.lignes, 0, tableau.lignesDuFichier)) *
       tableau.colonnes.size();
   ExigerPlace(contexte, rapport, {40 * cellules, LongueurFichier(tableau.brt)});
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, LireEntier(tableau), nouveau, options.trg);
   if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
     rapport.Ligne(
@@ -118,7 +119,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
 }  // namespace
 
 Fin Inverser(const Contexte& contexte, const OptionsInversion& options) {
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
                                     [&](Rapport& rapport) { InverserTableau(rapport, contexte, options, *nouveau); });

@@ -11,7 +11,6 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
-#include "core/session/generique.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -183,8 +182,7 @@ std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
 }
 
 std::string NouveauGenerique(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options) {
-  if (options.remplacer) return GeneriqueSuivant(contexte.generique);
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (nouveau) return *nouveau;
   rapport.Ligne("Arrêt volontaire du programme"_w);
   throw Erreur(kArretAnnonce);
@@ -215,6 +213,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   EcrireQuestions(sorties.Ouvrir(nouveau + ".POS", Nature::Unique), questions, longueur, classes.nombre);
   CopierLignes(contexte.Exiger(".MOD"), sorties.Ouvrir(nouveau + ".MOD", Nature::Unique));
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties.Valider();
   return nouveau;
 }
