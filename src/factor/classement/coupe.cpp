@@ -81,7 +81,8 @@ void ListerClasses(Rapport& rapport, const std::vector<Modalite>& modalites, con
       const auto rang = static_cast<std::size_t>(element - 1);
       if (rang >= modalites.size()) throw Erreur(kIndiceHorsSelection);
       const Modalite& modalite = modalites[rang];
-      if (options.intitulesLongs) rapport.Ligne(Rogner(modalite.intitule.substr(0, kLargeurIntitule)));
+      const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kLargeurIntitule));
+      if (options.intitulesLongs) rapport.Ligne(intitule.empty() ? std::string_view(modalite.nom) : intitule);
       else rapport.Ligne({Milieu(modalite.nom, 1, 3), "    ", NombreFixe(CodeDuNom(modalite.nom), 2, 0)});
     }
   }
