@@ -50,6 +50,7 @@ bool EstAnnulation(const std::optional<std::string>& reponse) { return reponse &
 Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   const std::string minuscules = Minuscules(mot);
   if (boutons == Boutons::Ok) return defaut;
+  if (boutons == Boutons::OuiNon && minuscules == "annuler") throw Annulation();
   if (minuscules == "annuler" && boutons != Boutons::OuiNon && boutons != Boutons::NonOui) return Reponse::Annuler;
   if (boutons != Boutons::OkAnnuler && minuscules == "oui") return Reponse::Oui;
   if (boutons != Boutons::OkAnnuler && minuscules == "non") return Reponse::Non;

@@ -62,7 +62,8 @@ TEST(DialogueBatch, AnswersAreTakenInOrderAndOnlyByBoxesThatAsk) {
   EXPECT_EQ(dialogue.saisir("nom", "propose"), "propose");
   EXPECT_EQ(dialogue.demander("question", Boutons::OuiNon), Reponse::Oui);
   EXPECT_EQ(dialogue.choisirFichier("titre", ""), "");
-  demande.reponses = {"Annuler", "annuler"};
+  demande.reponses = {"Annuler", "Annuler", "annuler"};
+  EXPECT_THROW(dialogue.demander("question", Boutons::OuiNon), Annulation);
   EXPECT_THROW(dialogue.saisir("nom", "propose"), Annulation) << "no name, but the box given up";
   EXPECT_EQ(dialogue.choisirFichier("titre", ""), "");
 }
