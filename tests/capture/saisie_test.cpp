@@ -218,6 +218,13 @@ TEST_F(SaisieTest, RepriseEtCorrection) {
   EXPECT_TRUE(Dit("faits = 4 \r\n")) << "the lines at the start, the empty one too, and the new one";
 }
 
+TEST_F(SaisieTest, RegarderNeChangeRien) {
+  Ecrire("ENQ.DAT", "2 3\r\n        \r\n");
+  EXPECT_EQ(Rejouer("Enregistrement=1 Bas Entree Enregistrement=2 Entree\n"), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.DAT"), "2 3\r\n        \r\n") << "a shorter line stays short, a blank one blank";
+  EXPECT_TRUE(boites_.empty());
+}
+
 TEST_F(SaisieTest, LigneViergeCorrigee) {
   Ecrire("ENQ.DAT", "1 7DURAN\r\n        \r\n");
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n");

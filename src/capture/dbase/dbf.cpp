@@ -63,7 +63,10 @@ EnteteDbf LireEnteteDbf(std::string_view octets) {
     const std::string_view description = octets.substr(place, kDescription);
     if (description[0] == kFinDesChamps) break;
     const std::size_t largeur = Octet(description, kPlaceLargeur);
-    if (largeur == 0) continue;
+    if (largeur == 0) {
+      entete.sansLargeur.push_back(NomDeChamp(description));
+      continue;
+    }
     entete.champs.push_back({NomDeChamp(description), description[kPlaceType], position, largeur});
     position += largeur;
   }

@@ -28,6 +28,7 @@ struct EnteteDbf {
   std::size_t longueurEnregistrement = 0;  // bytes of a record with its deletion mark
   PageDeCode page = PageDeCode::Inconnue;
   std::vector<ChampDbf> champs;
+  std::vector<std::string> sansLargeur;  // names of the fields that were left out
 
   // Bytes of a record behind its deletion mark.
   std::size_t LongueurLigne() const { return longueurEnregistrement == 0 ? 0 : longueurEnregistrement - 1; }

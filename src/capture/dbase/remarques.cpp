@@ -21,7 +21,11 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
                                  ") n'est pas celui d'un fichier de la forme dBase III : vérifiez les questions"_w}));
   if (entete.annonces == 0)
     remarques.push_back(std::string("L'en-tête n'annonce aucun enregistrement : il n'y a pas d'individus"_w));
-  if (passage.enregistrements < entete.annonces)
+  if (entete.longueurEnregistrement == 0 && entete.annonces > 0)
+    remarques.push_back(
+        Joindre({"La longueur d'un enregistrement est de 0 : les "_w, Compte(passage.enregistrements),
+                 " lignes de *.DAT sont vides ("_w, Compte(entete.annonces), " enregistrements annoncés)"_w}));
+  else if (passage.enregistrements < entete.annonces)
     remarques.push_back(
         Joindre({"L'en-tête annonce "_w, Compte(entete.annonces), " enregistrements, le fichier n'en contient que "_w,
                  Compte(passage.enregistrements), " entiers : seuls ceux-là sont repris"_w}));
@@ -32,6 +36,10 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
     remarques.push_back(
         Joindre({"Le fichier contient de quoi faire "_w, Compte((taille - repris) / entete.longueurEnregistrement),
                  " enregistrements de plus que l'en-tête n'en annonce : ils ne sont pas repris"_w}));
+  std::string vides;
+  for (const std::string& nom : entete.sansLargeur)
+    vides += Joindre({std::string_view(vides.empty() ? "" : ", "), Rogner(nom)});
+  if (!vides.empty()) remarques.push_back(Joindre({"Champs de largeur 0, laissés de côté : "_w, vides}));
   const std::size_t champs = entete.LongueurChamps();
   if (champs != entete.LongueurLigne())
     remarques.push_back(Joindre({"Les champs occupent ensemble "_w, Nombre(champs),

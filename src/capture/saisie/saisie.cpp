@@ -133,12 +133,17 @@ std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchroni
 
 bool Enregistrer(SaisieEnCours& saisie) {
   EtatSaisie& etat = saisie.etat;
+  if (etat.corrige && !EstEntame(etat)) {
+    std::string inchange = Joindre({"Enregistrement ", Nombre(*etat.corrige), " inchangé"_w});
+    RecommencerIndividu(etat);
+    etat.message = std::move(inchange);
+    return true;
+  }
   const std::optional<std::string> ligne = Enregistrement(etat);
   std::string message(ligne ? std::string_view{} : kEnregistrementVide);
   if (ligne && etat.corrige) {
-    if (*ligne != etat.ligneCorrigee) saisie.fichiers.Corriger(*etat.corrige, *ligne);
-    message = Joindre(
-        {"Enregistrement ", Nombre(*etat.corrige), *ligne != etat.ligneCorrigee ? " corrigé"_w : " inchangé"_w});
+    saisie.fichiers.Corriger(*etat.corrige, *ligne);
+    message = Joindre({"Enregistrement ", Nombre(*etat.corrige), " corrigé"_w});
   } else if (ligne) {
     saisie.fichiers.Ajouter(*ligne);
     ++etat.faits;
