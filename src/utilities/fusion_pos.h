@@ -23,7 +23,8 @@ struct PosDeFusion {
 // Nothing when the file is missing or has no question.
 std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string_view fichier);
 
-// The questions of A, then those of B with their positions moved. Raises 6 for a position beyond four columns.
+// The questions of A, then those of B with their positions moved. Raises kDepassementCapacite for a position beyond
+// four columns.
 std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b, std::size_t decalage,
                                       std::int64_t individus);
 // The questions of A and what stands behind them.

@@ -33,8 +33,8 @@ struct Tableau {
 
 // Writes what is missing and stops the run (kArretAnnonce).
 void ExigerTableau(Rapport& rapport, const Contexte& contexte);
-// Reads the pair but for the cells. Without a format a box says so and the run stops (kArretAnnonce). Raises 62 for a
-// .MOD of less than two lines and 5 for a width below 1.
+// Reads the pair but for the cells. Without a format a box says so and the run stops (kArretAnnonce). Raises
+// kFinDeFichierDepassee for a .MOD of less than two lines and kArgumentIncorrect for a width below 1.
 Tableau LireTableau(Rapport& rapport, const Contexte& contexte);
 
 // One cell at a time, row by row.
@@ -43,7 +43,7 @@ struct LigneDeTableau {
   std::vector<std::string_view> cellules;  // as they stand in the file; they live until the next row
   std::string intitule;                    // trimmed, at most 25 characters
 };
-// Gives the first `lignes` rows. Raises 62 when the file has fewer.
+// Gives the first `lignes` rows. Raises kFinDeFichierDepassee when the file has fewer.
 void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
                       const std::function<void(const LigneDeTableau&)>& recevoir);
 

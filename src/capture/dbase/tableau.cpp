@@ -54,7 +54,8 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf) {
   rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
 }
 
-// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises 13 for a word.
+// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises kIncompatibiliteType
+// for a word.
 void EcrireCellule(Ecrivain& brt, std::string_view texte, std::size_t largeur) {
   texte = Rogner(texte);
   if (!texte.empty() && !EstNombre(texte)) throw Erreur(kIncompatibiliteType);

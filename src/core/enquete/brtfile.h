@@ -19,7 +19,7 @@ struct LigneBrt {
 };
 
 // Cuts a row of `colonnes` cells; `ligne.cellules` is filled in place, so that one row serves a whole file.
-// Raises 5 for a width below 1, 6 for a value beyond a double.
+// Raises kArgumentIncorrect for a width below 1, kDepassementCapacite for a value beyond a double.
 void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne);
 
 // Writes a row of integer cells, right-aligned in the width and without separator.
@@ -42,9 +42,11 @@ void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std
 class ControleDeBurt {
  public:
   ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur);
-  // The next row; raises a sentence (13) for a name that is not the one of its modality. A row without a name passes.
+  // The next row; raises a sentence (kIncompatibiliteType) for a name that is not the one of its modality. A row
+  // without a name passes.
   void Voir(std::string_view texte, std::string_view nomAttendu);
-  // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits.
+  // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, or goes on
+  // with digits.
   void Conclure() const;
 
  private:

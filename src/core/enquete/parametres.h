@@ -42,7 +42,7 @@ inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles)
 }
 
 // Parses the line. A token without "=" writes "Arret : manque signe = dans ligne 2 de *.MOD" to the report (when there
-// is one) and leaves every parameter unset. Raises 6 for a value beyond its type.
+// is one) and leaves every parameter unset. Raises kDepassementCapacite for a value beyond its type.
 ParametresMod LireParametres(std::string_view ligne, Rapport* rapport);
 
 }  // namespace quelvar

@@ -29,11 +29,12 @@ std::string EntierDroitElargi(double valeur, int& largeur);
 std::string Dixiemes(std::int64_t dixiemes, int largeur);
 
 // Fixed-point text: integer part padded to `largeurEntiere`, `decimales` digits, "$" in front when longer than both
-// and the point. The integer part is never cut. Raises 5 or 6 for a value that is not finite.
+// and the point. The integer part is never cut. Raises kArgumentIncorrect or kDepassementCapacite for a value that is
+// not finite.
 std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
 
-// A report under construction: it lies under a scratch name, and the former report stays whole until Valider. Every
-// failure to write raises 61, 57, 70 or 75.
+// A report under construction: it lies under a scratch name, and the former report stays whole until Valider. Raises
+// the failures of writing.
 class Rapport {
  public:
   // Suite: the lines go behind those of the former report.

@@ -12,8 +12,8 @@
 
 namespace quelvar::factor {
 
-// Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises 5 for
-// a negative one.
+// Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises
+// kArgumentIncorrect for a negative one.
 std::vector<double> RacinesDesValeursPropres(const Chemin& rapport);
 
 // Where the modalities stand in the rows of individuals.
@@ -25,8 +25,9 @@ struct LignesDIndividus {
 };
 
 // The clouds of the modalities (ranks in the .MOD from 0): one for each, over the individuals whose cell isn't zero.
-// `points` are the coordinates of the individuals, thousandths, in the order of the file. Raises 62 for a file that is
-// too short, a sentence (13) for one that holds other modalities or more individuals.
+// `points` are the coordinates of the individuals, thousandths, in the order of the file. Raises kFinDeFichierDepassee
+// for a file that is too short, a sentence (kIncompatibiliteType) for one that holds other modalities or more
+// individuals.
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
                               std::span<const Position> points);
 

@@ -48,7 +48,7 @@ struct MesureSousEffet {
   Khi2Paire khi2;
 };
 
-// Raises 11 for an odds-ratio, or a chi-square, that has a 0 below.
+// Raises kDivisionParZero for an odds-ratio, or a chi-square, that has a 0 below.
 MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio);
 
 // The modality that a sub-effect compares with its reference, by the four characters of its cell.

@@ -76,7 +76,7 @@ constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == 999 ? 3 : c
 
 // Reads the .POS and writes the head of the report. Faults of the instructions are written through `avertisseur`; what
 // has a fault is not fit for use when it has counted some. Raises kArretAnnonce for a stop that the report tells, and
-// the numbers of LirePos and CompterLignes.
+// the failures of LirePos and CompterLignes.
 Consignes LireConsignes(const Contexte& contexte, const OptionsRecodage& options, const Chemin& pos,
                         const Chemin& donnees, Avertisseur& avertisseur);
 

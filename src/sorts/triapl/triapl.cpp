@@ -124,7 +124,8 @@ void Compter(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& op
   }
 }
 
-// The data file stands for fewer real individuals: counts come back to their scale. Raises 11 for an empty data file.
+// The data file stands for fewer real individuals: counts come back to their scale. Raises kDivisionParZero for an
+// empty data file.
 void Ponderer(Rapport& rapport, Etude& etude) {
   const std::int64_t avant = etude.pos.taille.avantPonderation;
   if (avant <= 0) return;

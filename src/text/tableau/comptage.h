@@ -28,7 +28,7 @@ struct PlanLexical {
   bool codesZero = false;
 };
 
-// Raises 9 for a code-max above 99.
+// Raises kIndiceHorsSelection for a code-max above 99.
 PlanLexical PlanifierTable(const FichierPos& pos, const std::vector<std::size_t>& actives, bool codesZero);
 
 // A row: code and word as they stand in the data, and how often the word is met.
