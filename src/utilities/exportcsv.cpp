@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
@@ -218,7 +219,8 @@ std::string CopieDe(const Contexte& contexte, const Chemin& ancien) {
 
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
-  const FichierPos pos = LirePos(*sources.pos, contexte.Ecran());
+  const FichierPos pos = LirePos(*sources.pos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   std::vector<Champ> champs = ChampsDe(pos);
   const IntitulesModalites intitules = LireIntitules(*sources.modalites);
   const Tableur tableur(options);

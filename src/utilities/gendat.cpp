@@ -141,7 +141,8 @@ void EcrireTete(Rapport& rapport, const Contexte& contexte) {
 void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerTableau(rapport, contexte);
   EcrireTete(rapport, contexte);
-  const Tableau tableau = LireTableau(rapport, contexte);
+  const Tableau tableau = LireTableau(contexte);
+  ExigerFormat(rapport, contexte, tableau);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
   ExigerPlaceDesDonnees(rapport, contexte, tableau, questions);
 

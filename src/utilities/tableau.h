@@ -33,9 +33,11 @@ struct Tableau {
 
 // Writes what is missing and stops the run (kArretAnnonce).
 void ExigerTableau(Rapport& rapport, const Contexte& contexte);
-// Reads the pair but for the cells. Without a format a box says so and the run stops (kArretAnnonce). Raises
-// kFinDeFichierDepassee for a .MOD of less than two lines and kArgumentIncorrect for a width below 1.
-Tableau LireTableau(Rapport& rapport, const Contexte& contexte);
+// Reads the pair but for the cells; without its rows when there is no format. Raises kFinDeFichierDepassee for a .MOD
+// of less than two lines and kArgumentIncorrect for a width below 0.
+Tableau LireTableau(const Contexte& contexte);
+// Tells the remarks on the parameters; without a format a box says so and the run stops (kArretAnnonce).
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau);
 
 // One cell at a time, row by row.
 struct LigneDeTableau {

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
-#include "core/programme/dialogue.h"
 #include "core/programme/erreur.h"
 
 namespace quelvar {
@@ -74,17 +73,10 @@ std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 // Reads the file; without its questions when the parentheses of line 2 are faulty. Raises kFinDeFichierDepassee for
 // less than two lines, kDepassementCapacite, and the failures of LecteurLignes.
 FichierPos LirePos(const Chemin& chemin);
-// The same for a run, which stops (kArretAnnonce) with a message box on these parentheses.
-FichierPos LirePos(const Chemin& chemin, const Dialogue& dialogue);
 
 // The fault of a label without its second "$", as a report tells it; a message box goes on with kCorrigezRelancez.
 std::string FauteIntitule(const Question& question);
 inline constexpr std::string_view kCorrigezRelancez = ", corrigez et relancez ";
-
-// The message on the parentheses of line 2.
-std::string_view MessageParentheses();
-// Shows that message and stops the run (kArretAnnonce) when the size line has it coming.
-void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue);
 
 // Name of the file of a question for the lines of kArgumentIncorrect: numero counts from 1.
 RepereQuestion Reperer(const FichierPos& pos, std::size_t indice);

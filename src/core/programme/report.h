@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/fichiers/fichiers.h"
 #include "core/texte/texte.h"
@@ -48,6 +49,9 @@ class Rapport {
   void Ligne(std::initializer_list<Texte> morceaux) {
     Suite(morceaux);
     ecrivain_.FinDeLigne();
+  }
+  void Lignes(const std::vector<std::string>& lignes) {
+    for (const std::string& ligne : lignes) Ligne(ligne);
   }
   // Text that the line goes on behind.
   void Suite(Texte texte) {

@@ -178,7 +178,7 @@ bool EstCodageLogique(const Contexte& contexte) {
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
   const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
   if (!mod || !fi2) return false;
-  const double individus = LireParametres(LireMod(*mod).parametres, nullptr).lignesSup;
+  const double individus = LireParametres(LireMod(*mod).parametres).lignesSup;
   return static_cast<double>(CompterLignes(*fi2)) == individus;
 }
 
@@ -209,7 +209,8 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
   ExigerFichiersDesEllipses(rapport, contexte, analyse);
   EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.burt != 1)
     Refuser(rapport, contexte, "*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
   if (parametres.largeur < 1)

@@ -85,7 +85,7 @@ class CellulesPleines {
   CellulesPleines(const Contexte& contexte, std::size_t lignes, std::size_t colonnes) : colonnes_(colonnes) {
     constexpr std::size_t kCellulesAuPlus = 4'000'000;
     const std::optional<Chemin> brt = contexte.Chercher(".BRT");
-    const ParametresMod parametres = LireParametres(LireMod(contexte.Exiger(".MOD")).parametres, nullptr);
+    const ParametresMod parametres = LireParametres(LireMod(contexte.Exiger(".MOD")).parametres);
     const auto largeur = static_cast<std::size_t>(std::max<int>(parametres.largeur, 0));
     if (!brt || largeur == 0 || lignes * colonnes > kCellulesAuPlus) return;
     LecteurLignes lecteur(*brt);

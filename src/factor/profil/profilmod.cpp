@@ -2,6 +2,7 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
@@ -92,8 +93,8 @@ std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& conte
   return choisies;
 }
 
-std::vector<CodeDeModalite> LireCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
-                                      const FichierPos& pos) {
+std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
+                                        const FichierPos& pos) {
   Controle controle(rapport);
   std::vector<CodeDeModalite> codes;
   for (const Modalite& modalite : mod.modalites) {
@@ -114,13 +115,14 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
                         const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
   std::optional<FichierPos> pos;
   if (fichiers.pos) {
-    pos = LirePos(*fichiers.pos, contexte.Ecran());
+    pos = LirePos(*fichiers.pos);
+    ExigerParentheses(pos->taille, contexte.Ecran());
   }
   if (!fichiers.donnees) {
     ExigerTableDuMod(*fichiers.brt, mod, parametres);
     return LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
   }
-  const std::vector<CodeDeModalite> codes = LireCodes(rapport, contexte, mod, *pos);
+  const std::vector<CodeDeModalite> codes = ExigerCodes(rapport, contexte, mod, *pos);
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
   if (comptes.individus < static_cast<double>(pos->taille.individus))
     Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui annonce");
@@ -186,7 +188,8 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
   EcrireNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (!fichiers.donnees && parametres.largeur <= 0) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);

@@ -48,7 +48,8 @@ Table OuvrirTable(const Contexte& contexte, Rapport& rapport) {
   const std::optional<Chemin> brt = chercher(".BRT", true);
   if (mod) {
     table.mod = LireMod(*mod);
-    table.parametres = LireParametres(table.mod.parametres, &rapport);
+    table.parametres = LireParametres(table.mod.parametres);
+    rapport.Lignes(table.parametres.remarques);
   }
   table.pos = chercher(".POS", table.parametres.burt > 0);
   if (manque) {

@@ -51,9 +51,10 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
   throw Erreur(kArretAnnonce);
 }
 
-Travail LireLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
+Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
@@ -65,7 +66,7 @@ Travail LireLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& c
   return travail;
 }
 
-void LireLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
   travail.etape = Etape::Lecture;
   LireIndividus(codageLogique, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
@@ -170,7 +171,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& 
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
-  LireLesReponses(contexte, rapport, codageLogique, travail);
+  PrendreLesReponses(contexte, rapport, codageLogique, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
   ecran.progresser(20);
@@ -206,7 +207,7 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
-  Travail travail = LireLeModele(contexte, rapport, fichiers.mod);
+  Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
   ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers.codageLogique, travail));
@@ -215,7 +216,7 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
     LaisserLesFichiers(contexte, travail);
     throw;
   }
-  if (travail.parametres.decimales == kFichiersGardes) {
+  if (travail.parametres.de == kFichiersGardes) {
     LaisserLesFichiers(contexte, travail);
     EcrireListeFinale(contexte, travail);
   } else {

@@ -29,7 +29,7 @@ struct Travail {
   AnalyseTabulaire analyse;
   Etape etape = Etape::Rien;
 
-  ChoixEdition Choix() const { return {parametres.decimales == 1, parametres.decimales == 2}; }
+  ChoixEdition Choix() const { return {parametres.de == 1, parametres.de == 2}; }
 };
 
 // Writes .CD2, .CD4, .cd6 and .cd8 as they stand at the stage that the run has reached.

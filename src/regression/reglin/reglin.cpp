@@ -1,5 +1,6 @@
 #include "regression/reglin/reglin.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -74,24 +75,33 @@ void ExigerVariables(const Contexte& contexte, Rapport& rapport, const Variables
   if (variables.aExpliquer.empty() || variables.explicatives.empty()) throw Erreur(kArretAnnonce);
 }
 
-Matrice LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees,
-                    const VariablesDeRegression& variables, bool imprimer) {
-  const std::int64_t individus = CompterLignes(donnees);
-  rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
-  rapport.Ligne(LigneDesIndividus(individus));
-  rapport.Ligne();
-  if (imprimer) ImprimerEnteteDeTable(rapport, variables);
+// Each line of the data goes to `suivre`, when there is one.
+Matrice LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
+                    const std::function<void(std::string_view)>& suivre) {
   Moments moments(variables.explicatives.size());
   std::vector<double> valeurs(moments.Ordre());
-  Progression progression(contexte.Ecran(), individus);
   LecteurLignes lecteur(donnees);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     LireValeurs(ligne, variables, valeurs);
-    if (imprimer) ImprimerLigneDeTable(rapport, ligne, variables);
+    if (suivre) suivre(ligne);
     moments.Ajouter(valeurs);
     progression.Avancer();
   }
   return moments.Symetrique();
+}
+
+// The moments, and the table of the individuals when it is asked for.
+Matrice CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees,
+                        const VariablesDeRegression& variables, bool imprimer) {
+  const std::int64_t individus = CompterLignes(donnees);
+  rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
+  rapport.Ligne(LigneDesIndividus(individus));
+  rapport.Ligne();
+  Progression progression(contexte.Ecran(), individus);
+  if (!imprimer) return LireMoments(donnees, variables, progression, nullptr);
+  ImprimerEnteteDeTable(rapport, variables);
+  return LireMoments(donnees, variables, progression,
+                     [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); });
 }
 
 Matrice SansExpliquee(const Matrice& moments) {
@@ -122,18 +132,19 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   FichiersDeReglin fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
   const FichierMod mod = LireMod(fichiers.mod);
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.largeur == 0) {
     rapport.Ligne("Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);
   }
   if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
-  if (parametres.decimales == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
+  if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
   ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
   const Matrice moments =
-      LireMoments(contexte, rapport, fichiers.donnees, variables, parametres.decimales == kTableImprimee);
+      CalculerMoments(contexte, rapport, fichiers.donnees, variables, parametres.de == kTableImprimee);
   Regresser(rapport, moments, variables);
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");

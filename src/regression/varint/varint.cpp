@@ -5,6 +5,7 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
@@ -159,7 +160,8 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
                  "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
-  const FichierPos pos = LirePos(*fichierPos, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichierPos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   ExigerCodesMax(rapport, contexte, pos);
   const std::int64_t annonces = AnnoncesOuComptes(pos.taille, *donnees);
   rapport.Ligne({"Il y a ", NombreNu(pos.questions.size()), " questions"});

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/enquete/exigences.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/annulation.h"
 #include "core/texte/nombres.h"
@@ -68,11 +69,12 @@ void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
 }
 
 // The questions of the former position file, if there is one.
-std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, const Contexte& contexte,
-                                                          const Gabarit& gabarit) {
+std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(Rapport& rapport, const Contexte& contexte,
+                                                                    const Gabarit& gabarit) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) return std::nullopt;
-  const FichierPos pos = LirePos(*chemin, contexte.Ecran());
+  const FichierPos pos = LirePos(*chemin);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   std::vector<std::string> auDela;
   std::vector<QuestionDesMots> questions = ReprendreQuestions(pos, gabarit, auDela);
   if (auDela.empty()) return questions;
@@ -149,7 +151,7 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe&
 
 Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
   Corpus corpus;
-  const std::string octets = LireTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
+  const std::string octets = PrendreTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
@@ -195,7 +197,7 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   EcrireNoms(rapport, contexte, options);
   EcrireMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
-  std::optional<std::vector<QuestionDesMots>> questions = LireQuestions(rapport, contexte, gabarit);
+  std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(rapport, contexte, gabarit);
   ConfirmerRemplacement(rapport, contexte);
 
   Corpus corpus = Couper(rapport, contexte, options, texte);
