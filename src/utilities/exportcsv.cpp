@@ -212,11 +212,6 @@ Sources TrouverSources(Rapport& rapport, const Contexte& contexte) {
   return sources;
 }
 
-// A former .csv may be the source of the data set.
-std::string CopieDe(const Contexte& contexte, const Chemin& ancien) {
-  return NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename()));
-}
-
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
   const FichierPos pos = LirePos(*sources.pos);
@@ -230,8 +225,9 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
     champs[i] = colonnes.back().champ;
   }
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  // A former .csv may be the source of the data set.
   if (const std::optional<Chemin> ancien = contexte.Chercher(".csv"))
-    sorties.Copier(*ancien, CopieDe(contexte, *ancien), Nature::Unique);
+    Sauvegarder(sorties, *ancien, TexteDe(ancien->filename()));
   Ecrivain& csv = sorties.Ouvrir(contexte.Nom(".csv"), Nature::Refaisable);
   EcrireTitres(csv, pos, tableur, options);
   EcrireIndividus(contexte, csv, *sources.donnees, LigneCsv(colonnes, tableur), LongueurUtile(champs),
@@ -243,10 +239,12 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
 
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
   const std::optional<Chemin> ancien = contexte.Chercher(".csv");
-  if (ancien && contexte.Ecran().demander(Joindre({"Le fichier ", TexteDe(ancien->filename()),
-                                                   " existe déjà : il va être remplacé, et conservé sous le nom "_w,
-                                                   CopieDe(contexte, *ancien), ". L'acceptez-vous ?"}),
-                                          Boutons::OuiNon) != Reponse::Oui)
+  if (ancien &&
+      contexte.Ecran().demander(
+          Joindre({"Le fichier ", TexteDe(ancien->filename()),
+                   " existe déjà : il va être remplacé, et conservé sous le nom "_w,
+                   NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien->filename())), ". L'acceptez-vous ?"}),
+          Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
   return ExecuterProgramme(contexte, kRapport, Libelles(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });

@@ -148,7 +148,7 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   if (const std::optional<Chemin> anciennes = contexte.Chercher(".DAT"))
-    sorties.Copier(*anciennes, NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".DAT")), Nature::Unique);
+    Sauvegarder(sorties, *anciennes, contexte.Nom(".DAT"));
   Ecrivain& donnees = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees);
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), tableau.titre, questions, bilan.individus);

@@ -89,23 +89,12 @@ void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan
   exiger(contexte.Nom("N.POS"), Boutons::NonOui);
 }
 
-bool MemesOctets(const Chemin& a, const Chemin& b) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
-  if (LongueurFichier(a) != LongueurFichier(b)) return false;
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(a, place, kMorceau), !octets.empty(); place += octets.size())
-    if (octets != LireMorceau(b, place, kMorceau)) return false;
-  return true;
-}
-
 // What the user may have written by hand stays under a name of its own.
-void Garder(const Contexte& contexte, const Chemin& ancien, JeuDeFichiers& sorties) {
-  sorties.Copier(ancien, NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename())), Nature::Unique);
-}
+void Garder(const Chemin& ancien, JeuDeFichiers& sorties) { Sauvegarder(sorties, ancien, TexteDe(ancien.filename())); }
 
 void EcrireChoix(const Contexte& contexte, const std::string& octets, JeuDeFichiers& sorties) {
   if (const std::optional<Chemin> ancien = contexte.Chercher(".IMC"); ancien && LireOctets(*ancien) != octets)
-    Garder(contexte, *ancien, sorties);
+    Garder(*ancien, sorties);
   sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(octets);
 }
 
@@ -117,7 +106,7 @@ void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const Sour
   if (ancien && MemeFichier(*ancien, fichiers.source)) return;
   // The texts take the place of the .TXT: what was read of it stays as .CSV.
   if (texte && MemeFichier(*texte, fichiers.source) && plan.longues.empty()) return;
-  if (ancien && !MemesOctets(*ancien, source.Texte())) Garder(contexte, *ancien, sorties);
+  if (ancien && !MemesOctets(*ancien, source.Texte())) Garder(*ancien, sorties);
   sorties.Copier(source.Texte(), nom, Nature::Refaisable);
 }
 

@@ -84,12 +84,7 @@ Position Dessin::VersUtilisateur(Position p) const {
 void Dessin::Calquer(std::string_view nom) {
   const auto calque = std::find_if(calques_.begin(), calques_.end(), [&](const Calque& c) { return c.nom == nom; });
   calque_ = static_cast<std::uint16_t>(calque - calques_.begin());
-  if (calque == calques_.end()) calques_.push_back({std::string(nom), true, {}});
-}
-
-void Dessin::MontrerCalque(std::string_view nom, bool visible) {
-  for (Calque& calque : calques_)
-    if (calque.nom == nom) calque.visible = visible;
+  if (calque == calques_.end()) calques_.push_back({std::string(nom), {}});
 }
 
 Forme& Dessin::Ajouter(GenreForme genre, std::span<const Position> points) {

@@ -26,17 +26,6 @@ void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& l
 void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,
                     std::string_view intitule = {});
 
-// One line of a .CDG: short name in columns 1-4, one digit a modality, the long name behind them.
-struct LigneCdg {
-  std::string nom;                     // 4 characters
-  std::vector<std::uint8_t> presence;  // 0 or 1 for each modality
-  std::string nomLong;                 // empty unless the name is longer than 4 characters
-};
-
-void LireLigneCdg(std::string_view texte, int modalites, LigneCdg& ligne);
-// A name longer than 4 characters leaves columns 1-4 blank and stands behind the digits.
-void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std::uint8_t> presence);
-
 // Follows the rows of a Burt table as they are read, and stops the run when the table is not that of the .MOD: a row
 // that bears the name of another modality, or rows of other widths than those that the parameters tell.
 class ControleDeBurt {

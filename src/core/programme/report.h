@@ -23,8 +23,6 @@ std::string EntierDroit(std::int64_t valeur, int largeur);
 inline std::string EntierDroit(int valeur, int largeur) {
   return EntierDroit(static_cast<std::int64_t>(valeur), largeur);
 }
-// The same, where a longer text raises the width for what the caller writes next.
-std::string EntierDroitElargi(double valeur, int& largeur);
 
 // A count of tenths with one decimal, right-aligned: 123 in width 5 gives " 12.3".
 std::string Dixiemes(std::int64_t dixiemes, int largeur);

@@ -286,8 +286,6 @@ std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte) {
   return preparation;
 }
 
-void AbandonnerAnecar(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".ANA")); }
-
 Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options) {
   const std::string nomRapport = NomDuRapport(contexte, options.type);
   return ExecuterProgramme(contexte, nomRapport, LibellesErreur{}, [&](Rapport& rapport) {

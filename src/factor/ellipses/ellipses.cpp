@@ -165,10 +165,9 @@ std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const Paramet
 std::vector<std::size_t> PlacesDansLaLigne(const FichierMod& mod, std::span<const ModaliteMarquee> modalites) {
   std::vector<std::size_t> places;
   for (const ModaliteMarquee& modalite : modalites) {
-    const auto trouvee = std::find_if(mod.modalites.begin(), mod.modalites.end(),
-                                      [&](const Modalite& candidate) { return candidate.nom == modalite.nom; });
-    if (trouvee == mod.modalites.end()) throw Erreur(kIndiceHorsSelection);
-    places.push_back(static_cast<std::size_t>(trouvee - mod.modalites.begin()));
+    const std::optional<std::size_t> place = SeuleModalite(mod.modalites, modalite.nom);
+    if (!place) throw Erreur(kIndiceHorsSelection);
+    places.push_back(*place);
   }
   return places;
 }

@@ -21,8 +21,6 @@ struct ExigencesGraphe {
 // Reads .MOD, .FAJ, .FAI, .PEM, .PEL, .CAH and the shares of the factors in the last report (.AFC or .ACP), and starts
 // the report .PRT. Nothing when the run has ended there; its report is shown then.
 std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences = {});
-// The end of the run, when the form is left.
-void QuitterGraphe(const Contexte& contexte);
 
 // Computes the ellipses asked for, which starts .PRT anew; without any, leaves everything as it is. False when the run
 // was stopped and its report shown.

@@ -232,6 +232,4 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
   return donnees;
 }
 
-void QuitterGraphe(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".PRT")); }
-
 }  // namespace quelvar::factor

@@ -77,12 +77,8 @@ std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& conte
   std::vector<std::size_t> choisies;
   if (!parametres.modPresent || parametres.mod.empty()) controle.Faute("Erreur : nom de MOD= non trouvé"_w);
   for (const std::string& nom : NomsDuChoix(parametres.mod)) {
-    std::size_t rang = 0;
-    while (rang < mod.modalites.size() && mod.modalites[rang].nom != nom) ++rang;
-    if (const std::size_t homonymes = RangsDuNom(mod.modalites, nom).size(); homonymes > 1)
-      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, homonymes));
-    if (rang == mod.modalites.size()) controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
-    else choisies.push_back(rang);
+    if (const std::optional<std::size_t> rang = SeuleModalite(mod.modalites, nom)) choisies.push_back(*rang);
+    else controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
   }
   controle.Conclure(contexte.Ecran());
   for (const std::size_t rang : choisies)

@@ -302,9 +302,4 @@ std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode
   return std::nullopt;
 }
 
-Fin AbandonnerPosmod(const Contexte& contexte) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
-                           [&](Rapport& rapport) { Preparer(contexte, rapport); });
-}
-
 }  // namespace quelvar::modalities

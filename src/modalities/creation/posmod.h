@@ -50,7 +50,4 @@ struct ChoixPrepare {
 // The preparation alone. When it stops, its report is shown and there is nothing to start from.
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode);
 
-// The run that leaving the form ends: the preparation alone, which the report tells.
-Fin AbandonnerPosmod(const Contexte& contexte);
-
 }  // namespace quelvar::modalities

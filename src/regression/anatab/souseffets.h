@@ -51,10 +51,6 @@ struct MesureSousEffet {
 // Raises kDivisionParZero for an odds-ratio, or a chi-square, that has a 0 below.
 MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio);
 
-// The modality that a sub-effect compares with its reference, by the four characters of its cell.
-std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& table,
-                             const std::vector<Cellule>& cellules);
-
 struct Effet {
   std::size_t modalite = 0;  // rank among the explanatory ones
   std::uint64_t nombre = 0;  // of its sub-effects

@@ -186,21 +186,14 @@ TEST_F(FichiersDEnquete, TableRowsKeepTouchingCells) {
   {
     Ecrivain fichier(Ecrire("E.BRT", ""));
     EcrireLigneBrt(fichier, "SEX1", std::vector<std::int64_t>{120, 7, 345}, 3, "Homme");
-    EcrireLigneCdg(fichier, "12", std::vector<std::uint8_t>{1, 0, 1});
-    EcrireLigneCdg(fichier, "Dupont", std::vector<std::uint8_t>{0, 1, 1});
     fichier.Fermer();
   }
-  LecteurLignes lecteur(Ecrire("F", "SEX1120  7345  Homme  \r\n12  101\r\n    011Dupont"));
+  LecteurLignes lecteur(Ecrire("F", "SEX1120  7345  Homme  \r\n"));
   LigneBrt ligne;
   LireLigneBrt(lecteur.LireObligatoire(), 3, 3, ligne);
   EXPECT_EQ(ligne.nom, "SEX1");
   EXPECT_EQ(ligne.cellules, (std::vector<double>{120, 7, 345}));
   EXPECT_EQ(ligne.intitule, "Homme");
-  LigneCdg codage;
-  LireLigneCdg(lecteur.LireObligatoire(), 3, codage);
-  EXPECT_EQ(codage.presence, (std::vector<std::uint8_t>{1, 0, 1}));
-  LireLigneCdg(lecteur.LireObligatoire(), 3, codage);
-  EXPECT_EQ(codage.nomLong, "Dupont");
 }
 
 TEST(ControleDeBurt, ATableOfOtherModalitiesIsRefused) {
