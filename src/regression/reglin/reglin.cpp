@@ -8,6 +8,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "regression/colonne.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kTableImprimee = 1;  // DE=1
 constexpr int kTableNommee = 2;    // DE=2
+constexpr std::int64_t kFautifsCites = 50;
 
 [[noreturn]] void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {
   Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
@@ -75,52 +77,85 @@ void ExigerVariables(const Contexte& contexte, Rapport& rapport, const Variables
   if (variables.aExpliquer.empty() || variables.explicatives.empty()) throw Erreur(kArretAnnonce);
 }
 
-// Each line of the data goes to `suivre`, when there is one.
-Matrice LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
+// Ranks of the individuals whose lines are too short, the first ones alone, and how many they are.
+struct Fautifs {
+  std::vector<std::int64_t> rangs;
+  std::int64_t nombre = 0;
+};
+
+// What a line does not hold is no 0.
+void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
+  if (fautifs.nombre == 0) return;
+  for (const std::int64_t rang : fautifs.rangs)
+    rapport.Ligne(
+        {"*** L'individu ", Figure(static_cast<double>(rang), 5, 0), " n'a pas une valeur pour chaque variable"});
+  rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
+  rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), 5, 0)});
+  if (fautifs.nombre > kFautifsCites) rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
+  throw Erreur(kArretAnnonce);
+}
+
+struct Lecture {
+  Moments moments;
+  Fautifs fautifs;  // the moments are not whole when there are some
+};
+
+// Each line goes to `suivre`, when there is one, up to the first that is too short.
+Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
                     const std::function<void(std::string_view)>& suivre) {
-  Moments moments(variables.explicatives.size());
-  std::vector<double> valeurs(moments.Ordre());
+  Lecture lecture{Moments(variables.explicatives.size()), {}};
+  std::vector<double> valeurs(lecture.moments.Ordre());
+  Fautifs& fautifs = lecture.fautifs;
   LecteurLignes lecteur(donnees);
+  std::int64_t rang = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
+    progression.Avancer();
+    ++rang;
+    if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
+    if (fautifs.nombre > 0) continue;
     LireValeurs(ligne, variables, valeurs);
     if (suivre) suivre(ligne);
-    moments.Ajouter(valeurs);
-    progression.Avancer();
+    lecture.moments.Ajouter(valeurs);
   }
-  return moments.Symetrique();
+  return lecture;
 }
 
 // The moments, and the table of the individuals when it is asked for.
-Matrice CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees,
-                        const VariablesDeRegression& variables, bool imprimer) {
+Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees,
+                        std::string_view nomDesDonnees, const VariablesDeRegression& variables, bool imprimer) {
   const std::int64_t individus = CompterLignes(donnees);
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
   rapport.Ligne(LigneDesIndividus(individus));
   rapport.Ligne();
+  if (individus == 0) {
+    rapport.Ligne({"*** Le fichier ", nomDesDonnees, " est vide. Arrêt du programme"_w});
+    throw Erreur(kArretAnnonce);
+  }
+  if (imprimer) ImprimerEnteteDeTable(rapport, variables);
+  std::function<void(std::string_view)> suivre;
+  if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
   Progression progression(contexte.Ecran(), individus);
-  if (!imprimer) return LireMoments(donnees, variables, progression, nullptr);
-  ImprimerEnteteDeTable(rapport, variables);
-  return LireMoments(donnees, variables, progression,
-                     [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); });
+  Lecture lecture = LireMoments(donnees, variables, progression, suivre);
+  ExigerDesLignesEntieres(rapport, lecture.fautifs);
+  return std::move(lecture.moments);
 }
 
-Matrice SansExpliquee(const Matrice& moments) {
-  const std::size_t n = moments.Lignes() - 1;
-  Matrice bloc(n, n);
-  for (std::size_t i = 0; i < n; ++i)
-    for (std::size_t j = 0; j < n; ++j) bloc(i, j) = moments(i, j);
-  return bloc;
-}
-
-void Regresser(Rapport& rapport, const Matrice& moments, const VariablesDeRegression& variables) {
-  const Dispersion dispersion = DisperserMoments(moments);
+void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegression& variables) {
+  const Dispersion dispersion = DisperserMoments(sommes);
   ImprimerDescription(rapport, variables, dispersion);
   const auto p = static_cast<double>(variables.explicatives.size());
   if (dispersion.individus - p - 1 == 0) throw Erreur(kDivisionParZero);
-  const std::optional<Matrice> inverse = InverseMatrice(SansExpliquee(moments));
+  const Matrice moments = sommes.Symetrique();
+  const std::optional<Matrice> inverse = InverseDesExplicatives(moments, dispersion);
   if (!inverse) {
     rapport.Ligne("Matrice non inversible");
     throw Erreur(kArretAnnonce);
+  }
+  if (const int chiffres = ChiffresSurs(moments, *inverse); chiffres < kChiffresImprimes) {
+    rapport.Ligne(
+        {"*** Attention : les variables explicatives sont presque liées entre elles, les paramètres n'ont que "_w,
+         Nombre(chiffres), chiffres > 1 ? " chiffres sûrs"_w : " chiffre sûr"_w});
+    rapport.Ligne();
   }
   const AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   ImprimerVariance(rapport, ajustement,
@@ -143,8 +178,10 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
   ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
-  const Matrice moments =
-      CalculerMoments(contexte, rapport, fichiers.donnees, variables, parametres.de == kTableImprimee);
+  const bool autreTable = parametres.de == kTableNommee;
+  const Moments moments =
+      CalculerMoments(contexte, rapport, fichiers.donnees, autreTable ? parametres.mod : contexte.Nom(".CDG"),
+                      variables, parametres.de == kTableImprimee);
   Regresser(rapport, moments, variables);
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
