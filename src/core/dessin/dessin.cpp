@@ -157,7 +157,7 @@ Zone Dessin::Etendue(const Forme& forme) const {
 
 std::optional<std::int32_t> Dessin::ElementSous(Position page, double tolerance) const {
   for (auto forme = formes_.rbegin(); forme != formes_.rend(); ++forme) {
-    if (forme->id < 0 || !Visible(*forme) || !Elargie(Etendue(*forme), tolerance).Contient(page)) continue;
+    if (forme->id < 0 || !Elargie(Etendue(*forme), tolerance).Contient(page)) continue;
     if (Coupe(*forme) && !Coupe(*forme)->Contient(page)) continue;
     if (forme->genre != GenreForme::Ligne) return forme->id;
     for (std::size_t rang = 1; rang < forme->nombre; ++rang)

@@ -6,6 +6,7 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"

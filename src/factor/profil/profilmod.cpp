@@ -5,6 +5,7 @@
 #include "core/enquete/exigences.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
@@ -207,6 +208,10 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
     throw Erreur(kArretAnnonce);
   }
   const std::vector<std::size_t> choisies = TrouverChoisies(rapport, contexte, mod, parametres);
+  constexpr std::uint64_t kMemoireDUneLigne = 300;  // count, measures and texts of a modality in a profile
+  constexpr std::uint64_t kOctetsDUneLigne = 120;   // of the report
+  const std::uint64_t lignesDeProfil = std::uint64_t{choisies.size()} * mod.modalites.size();
+  ExigerPlace(contexte, rapport, {kMemoireDUneLigne * lignesDeProfil, kOctetsDUneLigne * lignesDeProfil});
   const ComptesDeProfil comptes = Compter(rapport, contexte, fichiers, mod, parametres, choisies);
   std::vector<ProfilDeModalite> profils;
   for (std::size_t k = 0; k < choisies.size(); ++k) {

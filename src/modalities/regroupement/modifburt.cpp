@@ -9,6 +9,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -240,6 +241,10 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   plan.nomCourt = noms.ligne;
   ExigerNomsLibres(contexte, rapport, table, options);
 
+  // The new table beside the old one, one column wider at each sum that does not fit.
+  ExigerPlace(contexte, rapport,
+              {0, LongueurFichier(table.brt) * (static_cast<std::uint64_t>(plan.ancienneLargeur) + 1) /
+                      static_cast<std::uint64_t>(plan.ancienneLargeur)});
   std::optional<JeuDeFichiers> sorties;
   BilanDeRegroupement bilan;
   const int largeur = RegrouperJusquAuBout(rapport, contexte, table, plan, noms, nouveau, sorties, bilan);

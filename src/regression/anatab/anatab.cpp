@@ -6,6 +6,7 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
@@ -204,11 +205,23 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
   return image;
 }
 
+// Records of individuals in memory, with what sorts them; the work files hold the records again, four times at the
+// most.
+void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique,
+                          const Travail& travail) {
+  constexpr std::uint64_t kParIndividu = 28;  // number, key and place in the order
+  const std::uint64_t fiche = travail.modele.LargeurFiche();
+  const std::uint64_t individus =
+      LongueurFichier(codageLogique) / std::max<std::uint64_t>(travail.modele.codage.size(), 1);
+  ExigerPlace(contexte, rapport, {individus * (fiche + kParIndividu), 4 * individus * (fiche + 2)});
+}
+
 // A run that stops leaves its work files as they stand.
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
   Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
+  ExigerPlaceDesFiches(contexte, rapport, fichiers.codageLogique, travail);
   ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers.codageLogique, travail));

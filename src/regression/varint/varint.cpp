@@ -10,6 +10,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "regression/varint/profils.h"
 
@@ -167,6 +168,9 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   rapport.Ligne({"Il y a ", NombreNu(pos.questions.size()), " questions"});
   rapport.Ligne(LigneDesIndividus(annonces));
   const std::vector<std::size_t> choisies = Choisir(contexte, rapport, pos, options);
+  const std::uint64_t lignes = std::min<std::uint64_t>(static_cast<std::uint64_t>(std::max<std::int64_t>(annonces, 0)),
+                                                       LongueurFichier(*donnees));
+  ExigerPlace(contexte, rapport, {2 * pos.questions.size() * lignes, 0});  // a byte a code, in vectors that grow
   const Reponses reponses = LireReponses(*donnees, pos, annonces, contexte.Ecran());
   if (reponses.individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   const std::vector<Profil> profils = CalculerProfils(contexte, rapport, pos, reponses, choisies);

@@ -65,6 +65,9 @@ struct ConsignesDeComptage {
   std::function<void(std::int64_t ligne)> horsFormat;
 };
 
+// Rows that CompterMots will make.
+std::uint64_t CompterMotsFrequents(const Chemin& donnees, const ConsignesDeComptage& consignes);
+
 // Counts the words of the data file, which stands in the order of the words.
 TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const ConsignesDeComptage& consignes,
                           const Dialogue& ecran);

@@ -7,6 +7,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
@@ -145,6 +146,20 @@ void ExigerLesMots(Rapport& rapport, const Contexte& contexte, const Entrees& en
                      ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}));
 }
 
+// A row for each word that is frequent enough: counted beforehand only where there may be very many.
+void ExigerPlaceDuTableau(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const PlanLexical& plan,
+                          const ConsignesDeComptage& consignes) {
+  constexpr std::uint64_t kSansCompter = std::uint64_t{256} << 20;  // bytes
+  constexpr std::uint64_t kMemoireDUneCellule = 4 + 4;              // the cell, and its columns in the line written
+  constexpr std::uint64_t kColonnesDUneCellule = 4;
+  const std::uint64_t annoncees = static_cast<std::uint64_t>(std::max<std::int64_t>(entrees.individus, 0));
+  const std::uint64_t lignes = std::min<std::uint64_t>(annoncees, LongueurFichier(entrees.donnees)) /
+                               static_cast<std::uint64_t>(std::max<std::int64_t>(consignes.frequenceMin, 1));
+  if (lignes * plan.noms.size() * kMemoireDUneCellule < kSansCompter) return;
+  const std::uint64_t cellules = CompterMotsFrequents(entrees.donnees, consignes) * plan.noms.size();
+  ExigerPlace(contexte, rapport, {kMemoireDUneCellule * cellules, kColonnesDUneCellule * cellules});
+}
+
 TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const PlanLexical& plan,
                       const OptionsTabMot& options, std::size_t caracteristiques) {
   ConsignesDeComptage consignes;
@@ -163,6 +178,7 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
     if (++nombre <= options.limite || options.limite < 1) return;
     Arreter(rapport, contexte, Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
   };
+  ExigerPlaceDuTableau(rapport, contexte, entrees, plan, consignes);
   TableLexicale table = CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());
   ExigerLesMots(rapport, contexte, entrees, table, caracteristiques);
   return table;
