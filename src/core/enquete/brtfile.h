@@ -34,8 +34,8 @@ class ControleDeBurt {
   // The next row; raises a sentence (kIncompatibiliteType) for a name that is not the one of its modality. A row
   // without a name passes.
   void Voir(std::string_view texte, std::string_view nomAttendu);
-  // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits
-  // or with the numbers of two more cells.
+  // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, or goes on
+  // with digits or with the failures of two more cells.
   void Conclure() const;
 
  private:

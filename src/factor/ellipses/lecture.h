@@ -37,7 +37,7 @@ std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const st
 // The first individual, from 1, whose coordinates (factors x individuals) are not those of its row: two with the same
 // active cells have the same ones; where no two have, those of a correspondence analysis are the mean of the columns
 // (factors x columns) that the individual has, at the scale of the factor. Less than 30 individuals are not looked at:
-// so few may have been typed. Nothing when all hold, or when nothing can be said. Raises the numbers of LecteurLignes.
+// so few may have been typed. Nothing when all hold, or when nothing can be said. Raises the failures of LecteurLignes.
 std::optional<std::int64_t> PremierDeplace(const LignesDIndividus& lignes, const std::vector<bool>& actives,
                                            const Matrice& coordonnees, const Matrice* colonnes);
 
