@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QFileDialog>
 #include <QPlainTextEdit>
@@ -162,9 +163,7 @@ TEST(ToutesLesFormes, LaFenetrePrincipaleLEditeurEtLaRecherche) {
     auto* editeur = qobject_cast<frmSDI*>(fenetre);
     if (editeur == nullptr) continue;
     VerifierControles(*editeur);
-    QTest::keyClick(editeur, Qt::Key_F, Qt::ControlModifier);
-    QTest::keyClick(editeur, Qt::Key_H, Qt::ControlModifier);
-    QCoreApplication::processEvents();
+    Bureau::Dans<QAction>(*editeur, "mnuChercher").trigger();
     for (auto* recherche : editeur->findChildren<frmFind*>()) {
       VerifierControles(*recherche);
       ++recherches;

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -232,7 +233,7 @@ TEST(Graphe2, TextesDeplacesEtTailles) {
 // The line draws the picture as it came; what the mouse did since is told behind it.
 TEST(Graphe2, VoirLaCommande) {
   BureauDeGraphe bureau;
-  const DossierTemporaire copie;
+  const essai::DossierTemporaire copie;
   std::filesystem::copy(bureau.Dossier(), copie.Chemin(), std::filesystem::copy_options::recursive);
   Graphe2& forme = bureau.Graphe();
   essai::VerifierControles(forme);
