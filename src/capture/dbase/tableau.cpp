@@ -77,7 +77,7 @@ std::string_view Morceau(std::string_view ligne, const ChampDbf& champ) {
   return ligne.substr(champ.position - 1, champ.largeur);
 }
 
-// A cell holds a number or nothing. Raises 13 for a word.
+// A cell holds a number or nothing. Raises kIncompatibiliteType for a word.
 void ExigerNombre(std::string_view ligne, const ChampDbf& colonne) {
   const std::string_view texte = Rogner(Morceau(ligne, colonne));
   if (!texte.empty() && !EstNombre(texte))
@@ -134,8 +134,9 @@ struct Lecture {
   std::vector<std::string> noms;  // of the rows, as they stand
 };
 
-// Reads all that can go wrong before anything is written. Raises 9 for fewer than three fields, 13 for a word among the
-// counts, 62 without rows, and what LireEnteteDuFichier raises.
+// Reads all that can go wrong before anything is written. Raises kIndiceHorsSelection for fewer than three fields,
+// kIncompatibiliteType for a word among the counts, kFinDeFichierDepassee without rows, and what LireEnteteDuFichier
+// raises.
 void LireSource(const Chemin& dbf, Lecture& lecture) {
   const EnteteDbf& entete = lecture.entete = LireEnteteDuFichier(dbf);
   if (!entete.DonneLesEnregistrements()) throw Erreur(kArretAnnonce);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
+#include "core/fichiers/jeu.h"
 
 namespace quelvar {
 
@@ -14,5 +15,11 @@ inline constexpr int kSauvegardes = 99;
 
 // The first of these names that no file has. Raises kAccesFichier, with a sentence, when all of them are taken.
 std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom);
+
+// Puts a copy of the former file, which is called `nom`, in the set under that name, and returns it.
+std::string Sauvegarder(JeuDeFichiers& sorties, const Chemin& ancien, std::string_view nom);
+
+// True when the two files hold the same bytes: nothing is lost when one takes the place of the other.
+bool MemesOctets(const Chemin& a, const Chemin& b);
 
 }  // namespace quelvar
