@@ -141,7 +141,13 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
          Nombre(chiffres), chiffres > 1 ? " chiffres sûrs"_w : " chiffre sûr"_w});
     rapport.Ligne();
   }
-  const AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
+  AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
+  if (ajustement.exact) {
+    rapport.Ligne(
+        "*** Attention : les variables explicatives expliquent tout, F et les tests ne tiennent qu'aux arrondis"_w);
+    rapport.Ligne();
+  }
+  TesterAjustement(*inverse, ajustement);
   ImprimerVariance(rapport, ajustement,
                    ajustement.f == 0 ? std::string_view{} : TexteDeF(ProbabiliteF(ajustement.f, p, ajustement.degres)));
   ImprimerParametres(rapport, variables, ajustement);
