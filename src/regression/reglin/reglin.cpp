@@ -1,6 +1,8 @@
 #include "regression/reglin/reglin.h"
 
+#include <algorithm>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "core/enquete/coherence.h"
@@ -82,6 +84,31 @@ struct Fautifs {
   std::int64_t nombre = 0;
 };
 
+// Individuals that have a field without any digit, which counts as 0.
+struct SansChiffre {
+  std::int64_t individus = 0;
+  std::int64_t premier = 0;  // rank
+  std::string variable;      // of the first
+
+  void Voir(std::string_view ligne, const VariablesDeRegression& variables, std::int64_t rang) {
+    const Variable* const trouvee = VariableSansChiffre(ligne, variables);
+    if (trouvee == nullptr) return;
+    if (++individus > 1) return;
+    premier = rang;
+    variable = Rogner(trouvee->nom);
+  }
+};
+
+void PrevenirDesVides(const Contexte& contexte, const SansChiffre& vides) {
+  if (vides.individus == 0) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : ", Nombre(vides.individus),
+               " individus ont une valeur sans chiffre, qui compte pour 0 (le premier est l'individu ",
+               Nombre(vides.premier), ", variable ", vides.variable, ")"}),
+      Boutons::Ok);
+}
+
 // What a line does not hold is no 0.
 void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
   if (fautifs.nombre == 0) return;
@@ -108,6 +135,7 @@ Moments LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& do
   Moments moments(variables.explicatives.size());
   std::vector<double> valeurs(moments.Ordre());
   Fautifs fautifs;
+  SansChiffre vides;
   Progression progression(contexte.Ecran(), individus);
   LecteurLignes lecteur(donnees);
   std::int64_t rang = 0;
@@ -117,10 +145,12 @@ Moments LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& do
     if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
     if (fautifs.nombre > 0) continue;
     LireValeurs(ligne, variables, valeurs);
+    if (std::find(valeurs.begin(), valeurs.end(), 0.0) != valeurs.end()) vides.Voir(ligne, variables, rang);
     if (imprimer) ImprimerLigneDeTable(rapport, ligne, variables);
     moments.Ajouter(valeurs);
   }
   ExigerDesLignesEntieres(rapport, fautifs);
+  PrevenirDesVides(contexte, vides);
   return moments;
 }
 
