@@ -41,11 +41,12 @@ std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::siz
 // The first variable whose field has no digit; nothing when each has one. Such a field is 0 to the regression.
 const Variable* VariableSansChiffre(std::string_view ligne, const VariablesDeRegression& variables);
 
-// Value of a field by the lenient conversion, the common writings without its detours. Raises 6.
+// Value of a field by the lenient conversion, the common writings without its detours. Raises kDepassementCapacite.
 double ValeurDuChamp(std::string_view champ);
 
 // The values that enter the regression: the explanatory variables in order, 1 for the constant, the explained one.
-// Raises 5 for the logarithm of a value that is not positive, 6 for a value beyond a double.
+// Raises kArgumentIncorrect for the logarithm of a value that is not positive, kDepassementCapacite for a value beyond
+// a double.
 void LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs);
 
 }  // namespace quelvar::regression
