@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/texte/nombres.h"
 #include "support/programme.h"
 #include "text/decoupage/apercu.h"
@@ -107,6 +109,49 @@ TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {
   bouton_ = Reponse::Non;
   EXPECT_EQ(Decouper("1un*\n", options), Fin::Arret);
   EXPECT_EQ(Lire("ENQ.DAT"), "112\r\n");
+}
+
+// The answers of the input boxes, one after the other, and "Oui" to the box that asks for another one when it is told.
+class RunQuestions : public RunTexte {
+ protected:
+  Fin Repondre(std::vector<std::string> reponses, bool encore, const OptionsSaisieMot& options) {
+    std::reverse(reponses.begin(), reponses.end());
+    dialogue_.saisir = [reponses](std::string_view, std::string_view) mutable {
+      if (reponses.empty()) return std::string();
+      std::string reponse = std::move(reponses.back());
+      reponses.pop_back();
+      return reponse;
+    };
+    bouton_ = encore ? Reponse::Oui : Reponse::Non;
+    return Decouper("12un deux*\n", options);
+  }
+};
+
+TEST_F(RunQuestions, AnAnswerThatCannotStandIsAskedAgainOrStopsTheRun) {
+  const OptionsSaisieMot options{.position = 2};
+  const OptionsSaisieMot stimulus{.position = 1, .mode = ModeStimulus::FinDeMot};
+  const struct {
+    OptionsSaisieMot options;
+    std::vector<std::string> fausses;
+    std::string_view dit;
+  } cas[] = {
+      {options, {"SEX", "abc", "AGE", "3"}, "*** Arrêt du programme : Le code-maximum de la question SEX doit être"_w},
+      {options, {"SEX", ""}, "Le code-maximum de la question SEX doit être un nombre entier de 1 à 99, et non \"\""_w},
+      {options, {"SEX", "-1"}, "et non \"-1\""},
+      {options, {"SEX", "0"}, "et non \"0\""},
+      {options, {"SEX", "100"}, "et non \"100\""},
+      {options, {"SEX", "2", "SEXE", "3"}, "Le nom SEX de la question en position 2 est déjà celui"_w},
+      {options, {"$$"}, "Le nom $$ de la question en position 1 est la marque de fin"},
+      {stimulus, {"STI", "2"}, "Le nom STI de la question en position 1 est déjà celui"_w},
+      {stimulus, {"SEX", "2", "deux"}, "Le nombre de stimulus doit être un nombre entier de 1 à 99, et non \"deux\""_w},
+  };
+  for (const auto& [demande, fausses, dit] : cas) {
+    EXPECT_EQ(Repondre(fausses, false, demande), Fin::Arret) << dit;
+    EXPECT_TRUE(Dit(dit)) << montre_;
+    EXPECT_FALSE(Existe("ENQ.POS"));
+  }
+  EXPECT_EQ(Repondre({"SEX", "x", "2", "SEX", "AGE", "9"}, true, options), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 2 \r\nSEX   1 2\r\nAGE   2 9\r\n");
 }
 
 TEST(RefusDeDecouper, NamesTheStep) {

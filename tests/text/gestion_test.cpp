@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/programme.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/suplmot.h"
@@ -31,12 +33,48 @@ TEST_F(RunGestion, MergedCellsWidenTheTableAndKeepItsMargin) {
   EXPECT_EQ(Agreger(agregation, "rien"), "Il n'y a pas de mots à regrouper"_w);
 }
 
+TEST_F(RunGestion, ARowOfTheUsersOwnNameIsFoundByItAndGivesItsWords) {
+  Ecrire("ENQ.BRT", "   999données\r\n   999deuxdeux      \r\n   322ées \r\n"_w);
+  Agregation agregation = OuvrirAgregation(contexte_).agregation;
+  EXPECT_EQ(NomDeLigne(agregation.table, 0), "données"_w);
+  EXPECT_EQ(NomDeLigne(agregation.table, 2), "ées"_w) << "no part of another label";
+  for (const std::size_t ligne : {0U, 1U}) agregation.table.lignes[ligne].marquee = true;
+  EXPECT_TRUE(Agreger(agregation, "tout").empty());
+  EXPECT_EQ(MotsDeLaLigne(agregation.table.lignes.back()),
+            (std::vector<std::string>{std::string("données"_w), "deux"}));
+}
+
 TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
-  Ecrire("ENQ.BRT", "   999un\r\n   3\r\n");
-  EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte);
-  const TableOuverte table = OuvrirSuplMot(contexte_);
-  ASSERT_EQ(table.message.size(), 2U);
-  EXPECT_TRUE(table.message[1].starts_with("La ligne 2 de ENQ.BRT est trop courte"));
+  const struct {
+    std::string_view brt;
+    std::string_view dit;
+  } cas[] = {
+      {"   999un\r\n   3\r\n", "La ligne 2 de ENQ.BRT est trop courte"},
+      {"   9 9 9un\r\n   9 9 9deux\r\n   3 212trois\r\n", "Les cases de ENQ.BRT ont 2 caractère(s)"_w},
+      {"   9   9   9un\r\n   9   9   9deux\r\n   3   2   1trois\r\n", "Les cases de ENQ.BRT ont 4 caractère(s)"_w},
+      {"   91011un  un        \r\n   91312deuxdeux      \r\n   32211troitrois     \r\n",
+       "Les cases de ENQ.BRT ont 2 caractère(s)"_w},
+      {"   999un\r\n   9 9deux\r\n   3a1trois\r\n", "La ligne 3 de ENQ.BRT a autre chose que des nombres"},
+  };
+  for (const auto& [brt, dit] : cas) {
+    Ecrire("ENQ.BRT", brt);
+    EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte) << brt;
+    const TableOuverte table = OuvrirSuplMot(contexte_);
+    ASSERT_EQ(table.message.size(), 2U) << brt;
+    EXPECT_TRUE(table.message[1].starts_with(dit)) << table.message[1];
+  }
+}
+
+TEST_F(RunGestion, TheSumOfFrequenciesThatTheirColumnsCutIsCalledAMinimum) {
+  Ecrire("ENQ.BRT", "999999un\r\n  1099deux\r\n   322trois\r\n");
+  Agregation agregation = OuvrirAgregation(contexte_).agregation;
+  for (const std::size_t ligne : {0U, 1U}) agregation.table.lignes[ligne].marquee = true;
+  EXPECT_TRUE(Agreger(agregation, "tout").empty());
+  EXPECT_EQ(agregation.table.lignes.back().nom, "9999");
+  const std::vector<std::string>& dites = agregation.compteRendu;
+  EXPECT_TRUE(std::any_of(dites.begin(), dites.end(), [](const std::string& ligne) {
+    return ligne.starts_with("*** Attention : cette fréquence est un minimum, 1 ligne(s)"_w);
+  }));
 }
 
 TEST_F(RunGestion, TheLastRowsOpenAsSupplementaryAndAllMayBe) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/programme.h"
+#include "text/commun/intitule.h"
 #include "text/concordance/concord.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
@@ -34,6 +35,7 @@ class RunTabMot : public essai::RunDeProgramme {};
 
 TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
   const std::string mot = Ligne("1", "a", "a");
+  const std::string autre = Ligne("1", "b", "b");
   const struct {
     std::string dat;
     std::string pos;
@@ -42,6 +44,10 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
       {"112\r\n", "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n", "ne contient pas des mots"},
       {mot, "ENQ\r\n 1 \r\nSEX   2 2 &ACT&\r\n", "*** La question SEX (position 2) est au-delà des caractéristiques"_w},
       {mot + "1\r\n", "ENQ\r\n 2 \r\nSEX   1 2 &ACT&\r\n", "*** La ligne 2 de ENQ.DAT n'est pas celle d'un mot"},
+      {"", "ENQ\r\n 0 \r\nSEX   1 2 &ACT&\r\n", "*** Arrêt du programme : le fichier ENQ.DAT est vide"_w},
+      {mot + mot, "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\n",
+       "*** ENQ.POS annonce 1 mots (ligne 2) et ENQ.DAT en a davantage"},
+      {mot + autre + mot, "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n", "*** Le mot a revient à la ligne 3 de ENQ.DAT"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1L3 &ACT&\r\n", "dont le code-max dépasse 99"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1 2\r\n", "*** Aucune question n'est marquée &ACT&"_w},
   };
@@ -55,6 +61,17 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
   }
 }
 
+TEST_F(RunTabMot, WordsInAnyOrderAreCountedAsLongAsTheirLinesStandTogether) {
+  Ecrire("ENQ.DAT", Ligne("1", "b", "b") + Ligne("2", "b", "b") + Ligne("1", "a", "a"));
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n");
+  EXPECT_EQ(TabMot(contexte_, {.frequenceMin = 2}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.BRT"), "   211b   b         \r\n");
+  EXPECT_EQ(TabMot(contexte_, {.frequenceMin = 3}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.BRT"), "");
+  EXPECT_EQ(boites_,
+            std::vector<std::string>{std::string("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w)});
+}
+
 TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
   std::string dat;
   for (int i = 0; i < 10001; ++i) dat += Ligne("1", "de", "de");
@@ -65,11 +82,49 @@ TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
   EXPECT_TRUE(Dit("*** Attention : la fréquence du mot de est de 10001"_w));
 }
 
-TEST(MotDeLIntitule, IsThatOfTheFiles) {
-  EXPECT_EQ(MotDeLIntitule("tra1travailler"), "travailler");
-  EXPECT_EQ(MotDeLIntitule("vie vie       "), "vie");
-  EXPECT_EQ(MotDeLIntitule("_arg_argent*"), "_argent");
-  EXPECT_EQ(MotDeLIntitule("de"), "de");
+class RunConcord : public essai::RunDeProgramme {};
+
+TEST_F(RunConcord, NoFileIsReplacedUnaskedAndNoneOfTheDataSetAtAll) {
+  Ecrire("ENQ.DAT", Ligne("1", "a", "a"));
+  Ecrire("ENQ.TXT", "1a*\r\n");
+  Ecrire("CONC.TXT", "notes");
+  bouton_ = Reponse::Non;
+  for (const std::string sortie : {"ENQ.DAT", "enq.TXT", "ENQ.EDI", "./ENQ.TXT", "CONC.TXT"}) {
+    const auto avant = Fichiers();
+    EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = sortie}), Fin::Arret) << sortie;
+    EXPECT_TRUE(Dit(sortie == "CONC.TXT" ? "*** Le fichier CONC.TXT existe déjà"_w : "est du jeu de données ENQ"_w));
+    EXPECT_EQ(Fichiers(), avant);
+  }
+  EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "ENQ.DAT", .remplacer = true}), Fin::Arret);
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string("Le fichier CONC.TXT existe déjà. Le remplacer ?"_w)});
+  EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "CONC.TXT", .remplacer = true}), Fin::Normale);
+  EXPECT_TRUE(Lire("CONC.TXT").starts_with("Concordance de : a\r\n1 ligne(s)"));
+}
+
+TEST(MotsDeLIntitule, ACodeIsTakenOffOnlyWhereItsWordCanHaveIt) {
+  using Mots = std::vector<std::string>;
+  const struct {
+    std::string intitule;
+    std::string_view mot;
+    Mots cherches;
+  } cas[] = {
+      {"tra1travailler", "travailler", {"travailler"}},
+      {"tr12travail   ", "travail", {"travail"}},
+      {"1024zone      ", "zone", {"zone"}},
+      {"vie vie       ", "vie", {"vie"}},
+      {"et/oet/ou     ", "et/ou", {"et/ou"}},
+      {"_arg_argent*", "_argent", {"_argent"}},
+      {"_arg_argentine*", "_argentine", {"_argentine"}},
+      {"de", "de", {"de"}},
+      {std::string("données"_w), "données"_w, {std::string("données"_w)}},
+      {"travailler", "travailler", {"travailler"}},
+      {"image/images", "image/images", {"image", "images"}},
+      {"le chat, la souris", "le chat, la souris", {"le", "chat", "la", "souris"}},
+  };
+  for (const auto& [intitule, mot, cherches] : cas) {
+    EXPECT_EQ(MotDeLIntitule(intitule), mot);
+    EXPECT_EQ(MotsDeLIntitule(intitule), cherches);
+  }
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include "support/programme.h"
 #include "utilities/caracteres.h"
 #include "utilities/exportation.h"
-#include "utilities/fusion.h"
+#include "utilities/fusion/fusion.h"
 
 namespace quelvar::utilities {
 namespace {

@@ -1,6 +1,7 @@
 #include "text/concordance/concord.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <numeric>
 #include <optional>
 
@@ -79,14 +80,21 @@ std::string CleDeGauche(const LigneDeConcordance& ligne) {
   return cle;
 }
 
-}  // namespace
-
-std::string MotDeLIntitule(std::string_view intitule) {
-  std::string_view mot = RognerDroite(intitule);
-  if (mot.size() > kLargeurCode) mot = mot.substr(kLargeurCode);
-  if (mot.ends_with('*') && mot.starts_with('_')) mot.remove_suffix(1);
-  return std::string(RognerDroite(mot.substr(0, kLargeurMot)));
+void ExigerSortie(Rapport& rapport, const Contexte& contexte, const OptionsConcordance& options) {
+  const Chemin cible = CheminDEcriture(contexte.repertoire, options.sortie);
+  if (const std::string refus = RefusDEnregistrer(contexte, cible); !refus.empty()) {
+    rapport.Ligne({"*** ", refus});
+    throw Erreur(kArretAnnonce);
+  }
+  if (options.remplacer || !ChercherFichier(contexte.repertoire, options.sortie)) return;
+  const Reponse reponse = contexte.Ecran().demander(
+      Joindre({"Le fichier ", options.sortie, " existe déjà. Le remplacer ?"_w}), Boutons::NonOui);
+  if (reponse == Reponse::Oui) return;
+  rapport.Ligne({"*** Le fichier ", options.sortie, " existe déjà, il n'est pas remplacé"_w});
+  throw Erreur(kArretAnnonce);
 }
+
+}  // namespace
 
 Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots) {
   Concordances concordances;
@@ -114,16 +122,6 @@ std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, Ord
   return rangs;
 }
 
-std::vector<std::string> MotsTapes(std::string_view texte) {
-  std::vector<std::string> mots;
-  for (std::size_t debut = 0; debut < texte.size();) {
-    const std::size_t fin = std::min(texte.find_first_of(" ,", debut), texte.size());
-    if (fin > debut) mots.emplace_back(texte.substr(debut, fin - debut));
-    debut = fin + 1;
-  }
-  return mots;
-}
-
 std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre, std::size_t auPlus) {
   std::string noms;
   for (const std::string& mot : concordances.mots) noms += (noms.empty() ? "" : ", ") + mot;
@@ -148,8 +146,17 @@ std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcord
   return texte;
 }
 
+std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
+  std::error_code erreur;
+  const bool memeDossier = std::filesystem::equivalent(cible.parent_path(), contexte.repertoire, erreur);
+  if (!memeDossier || !cible.has_extension() || !EgalSansCasse(TexteDe(cible.stem()), contexte.generique)) return {};
+  return Joindre({"Le fichier ", TexteDe(cible.filename()), " est du jeu de données "_w, contexte.generique,
+                  " : choisissez un autre nom, par exemple ", contexte.generique, "-concordance.txt"});
+}
+
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
+    if (!options.sortie.empty()) ExigerSortie(rapport, contexte, options);
     const Concordances concordances = ChercherConcordances(contexte, options.mots);
     const std::string texte = TexteDeConcordances(concordances, options.ordre);
     rapport.Suite(texte);

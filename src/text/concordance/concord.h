@@ -26,10 +26,6 @@ struct Concordances {
   std::vector<LigneDeConcordance> lignes;
 };
 
-// The ten columns that a word has in the files, from what a user types or a list shows: the field itself, or the label
-// of a row (code and word) without its code and its star of theme.
-std::string MotDeLIntitule(std::string_view intitule);
-
 // Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
 // Raises 57, 70 or 75.
 Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots);
@@ -38,20 +34,22 @@ Concordances ChercherConcordances(const Contexte& contexte, const std::vector<st
 // keep their order. `rangs` are those of the lines to show.
 std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre);
 
-// The words that a user types, with blanks or commas between them.
-std::vector<std::string> MotsTapes(std::string_view texte);
-
 // A title, then the lines: at most so many of them, and it is then said how many there are.
 std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre,
                                 std::size_t auPlus = std::numeric_limits<std::size_t>::max());
 
+// Why the text cannot be saved there: under the name of a file of the data set. Empty when it can.
+std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible);
+
 struct OptionsConcordance {
   std::vector<std::string> mots{};
   OrdreDeConcordance ordre = OrdreDeConcordance::Fichier;
-  std::string sortie{};  // file for the text; it is only shown without one
+  std::string sortie{};    // file for the text; it is only shown without one
+  bool remplacer = false;  // that file may be there
 
   bool operator==(const OptionsConcordance&) const = default;
 };
+// Shows the concordance and saves it; a file that is there is asked about, one of the data set is refused.
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options);
 
 }  // namespace quelvar::text

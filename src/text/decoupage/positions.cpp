@@ -1,6 +1,7 @@
 #include "text/decoupage/positions.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "core/texte/nombres.h"
 
@@ -18,9 +19,56 @@ int ColonneDuStimulus(const Gabarit& gabarit) {
   return static_cast<int>(gabarit.StimulusEnFin() ? gabarit.Largeur() : gabarit.positionStimulus);
 }
 
-// A code-max as it is typed; "L3" from 100 on, so that the columns behind it stay where they are.
-std::string CodeMaxTape(std::string_view saisi) {
-  return TexteCodeMax(static_cast<int>(std::clamp(ArrondirPair(ValeurDe(saisi)), 0.0, 999.0)));
+constexpr int kCodeMaxAuPlus = 99;
+
+// What is wrong with an answer; empty when nothing is.
+using FauteDeReponse = std::function<std::string(std::string_view reponse)>;
+
+// Asks until the answer holds. A user who gives no other one stops the run with the sentence.
+std::string DemanderJusqua(const Dialogue& dialogue, std::string_view question, const FauteDeReponse& fauteDe) {
+  for (;;) {
+    std::string reponse(Rogner(dialogue.saisir(question, "")));
+    const std::string faute = fauteDe(reponse);
+    if (faute.empty()) return reponse;
+    if (dialogue.demander(Joindre({faute, ". Donner une autre réponse ?"_w}), Boutons::NonOui) != Reponse::Oui)
+      throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : "_w, faute}));
+  }
+}
+
+// Columns 8-9 of a number of codes, which is asked.
+std::string DemanderCodes(const Dialogue& dialogue, std::string_view question, std::string_view quoi) {
+  const auto valeur = [](std::string_view reponse) {
+    const bool chiffres = reponse.find_first_not_of("0123456789") == std::string_view::npos;
+    return chiffres && reponse.size() <= 4 ? static_cast<int>(ValeurDe(reponse)) : 0;
+  };
+  const std::string reponse = DemanderJusqua(dialogue, question, [&](std::string_view texte) -> std::string {
+    if (valeur(texte) >= 1 && valeur(texte) <= kCodeMaxAuPlus) return {};
+    return Joindre({quoi, " doit être un nombre entier de 1 à "_w, Nombre(kCodeMaxAuPlus), ", et non \"", texte, "\""});
+  });
+  return TexteCodeMax(valeur(reponse));
+}
+
+std::string DemanderNom(const Dialogue& dialogue, const Gabarit& gabarit, int position,
+                        const std::vector<QuestionDesMots>& questions) {
+  const auto fauteDe = [&](std::string_view reponse) -> std::string {
+    const std::string_view nom = RognerDroite(reponse.substr(0, kNom));
+    const auto prend = [&](const QuestionDesMots& question) { return Rogner(question.nom) == nom; };
+    const bool pris = std::any_of(questions.begin(), questions.end(), prend) ||
+                      (nom == kNomDuStimulus && gabarit.mode != ModeStimulus::Aucun);
+    if (!nom.empty() && pris)
+      return Joindre(
+          {"Le nom ", nom, " de la question en position ", Nombre(position), " est déjà celui d'une autre question"_w});
+    if (!nom.empty() && MarqueDeFin(LigneDeQuestion(nom, position, "1")))
+      return Joindre(
+          {"Le nom ", nom, " de la question en position ", Nombre(position), " est la marque de fin des questions"});
+    return {};
+  };
+  const std::string nom = DemanderJusqua(
+      dialogue,
+      Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w, Nombre(position),
+               ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}),
+      fauteDe);
+  return std::string(RognerDroite(std::string_view(nom).substr(0, kNom)));
 }
 
 bool EstAvant(const QuestionDesMots& a, const QuestionDesMots& b) { return a.position < b.position; }
@@ -51,15 +99,11 @@ std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dia
       CompleterStimulus(questions, gabarit, dialogue);
       continue;
     }
-    std::string nom = dialogue.saisir(
-        Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w, Nombre(position),
-                 ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}),
-        "");
-    nom = Rogner(nom);
+    const std::string nom = DemanderNom(dialogue, gabarit, position, questions);
     if (nom.empty()) continue;
-    nom.resize(std::min(nom.size(), kNom));
-    const std::string codeMax = dialogue.saisir(Joindre({"Donnez le code-maximum de la question ", nom}), "");
-    questions.push_back({nom, position, CodeMaxTape(codeMax), {}});
+    const std::string codeMax = DemanderCodes(dialogue, Joindre({"Donnez le code-maximum de la question ", nom}),
+                                              Joindre({"Le code-maximum de la question ", nom}));
+    questions.push_back({nom, position, codeMax, {}});
   }
   return questions;
 }
@@ -68,10 +112,11 @@ void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& g
   const int colonne = ColonneDuStimulus(gabarit);
   if (colonne == 0) return;
   if (std::any_of(questions.begin(), questions.end(), [&](const auto& q) { return q.position == colonne; })) return;
-  const QuestionDesMots stimulus{std::string(kNomDuStimulus),
-                                 colonne,
-                                 CodeMaxTape(dialogue.saisir("Donnez le nombre de stimulus proposés"_w, "")),
-                                 {}};
+  const QuestionDesMots stimulus{
+      std::string(kNomDuStimulus),
+      colonne,
+      DemanderCodes(dialogue, "Donnez le nombre de stimulus proposés"_w, "Le nombre de stimulus"),
+      {}};
   questions.insert(std::upper_bound(questions.begin(), questions.end(), stimulus, EstAvant), stimulus);
 }
 

@@ -24,7 +24,8 @@ struct QuestionDesMots {
 std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gabarit& gabarit,
                                                 std::vector<std::string>& auDela);
 
-// Asks for name and code-max of each position; an empty name leaves it out.
+// Asks for name and code-max of each position; an empty name leaves it out. An answer that cannot stand is asked again;
+// raises a sentence (13) when the user gives no other one.
 std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue);
 
 // Sees to it that the stimulus has its question: the number of stimuli is asked when none stands there.

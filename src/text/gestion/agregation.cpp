@@ -45,6 +45,7 @@ double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size
 
 struct Somme {
   double frequence = 0;
+  std::int64_t plafonnees = 0;  // rows whose frequency is the greatest that four columns hold, and may be greater
   std::vector<double> cellules;
 };
 
@@ -54,6 +55,7 @@ Somme SommeDesMarquees(const TableGeree& table) {
   for (const LigneDeTable& ligne : table.lignes) {
     if (!ligne.marquee) continue;
     somme.frequence += ValeurDe(ligne.nom);
+    if (ValeurDe(ligne.nom) >= static_cast<double>(kFrequenceEcrite)) ++somme.plafonnees;
     for (std::size_t j = 0; j < somme.cellules.size(); ++j)
       somme.cellules[j] += ValeurDeCellule(ligne, j, static_cast<std::size_t>(table.largeur));
   }
@@ -215,8 +217,14 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
   }
   agregation.compteRendu.push_back(Joindre({"Le regroupement des lignes précédentes a pour nom : "_w, intitule,
                                             " Sa fréquence est de "_w, NombreNu(somme.frequence)}));
-  LigneDeTable regroupee{ChampDeFrequence(agregation, somme.frequence), {}, std::string(intitule), false};
+  if (somme.plafonnees > 0)
+    agregation.compteRendu.push_back(
+        Joindre({"*** Attention : cette fréquence est un minimum, "_w, Nombre(somme.plafonnees),
+                 " ligne(s) regroupée(s) ayant "_w, Nombre(kFrequenceEcrite), ", le plus que portent ses 4 colonnes"}));
+  LigneDeTable regroupee{ChampDeFrequence(agregation, somme.frequence), {}, std::string(intitule), false, {}};
   for (const double cellule : somme.cellules) regroupee.cellules += EntierDroit(cellule, table.largeur);
+  for (const LigneDeTable& ligne : table.lignes)
+    if (ligne.marquee) std::ranges::move(MotsDeLaLigne(ligne), std::back_inserter(regroupee.mots));
   std::erase_if(table.lignes, [](const LigneDeTable& ligne) { return ligne.marquee; });
   table.lignes.push_back(std::move(regroupee));
   agregation.modifiee = true;

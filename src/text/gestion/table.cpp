@@ -7,6 +7,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "text/commun/intitule.h"
 
 namespace quelvar::text {
 
@@ -23,6 +24,58 @@ std::string FauteDeLigne(const Contexte& contexte, std::string_view ligne, std::
   return Joindre({"La ligne ", Nombre(numero), " de ", contexte.Nom(".BRT"), " est trop courte ("_w,
                   Nombre(ligne.size()), " caractères au lieu de "_w, Nombre(kNom + cellules),
                   " au moins) : elle ne va pas avec ", contexte.Nom(".MOD")});
+}
+
+constexpr std::string_view kSignesDeNombre = " 0123456789.,+-Ee";
+
+// Whether the cells of that width are numbers set to the right of their columns, none of them blank.
+bool SontDesNombres(std::string_view cellules, std::size_t largeur) {
+  for (; !cellules.empty(); cellules.remove_prefix(largeur)) {
+    const std::string_view cellule = cellules.substr(0, largeur);
+    const std::size_t debut = std::min(cellule.find_first_not_of(' '), largeur);
+    if (cellule.find_first_not_of(kSignesDeNombre.substr(1), debut) != std::string_view::npos || cellule.back() < '0' ||
+        cellule.back() > '9')
+      return false;
+  }
+  return true;
+}
+
+// What the rows are when their cells have that width.
+struct Lecture {
+  bool nombres = true;  // every cell is one
+  bool codes = false;   // a label begins with the code of its word
+};
+Lecture LireAvec(const TableGeree& table, std::size_t largeur) {
+  const std::size_t cellules = table.Colonnes() * largeur;
+  Lecture lecture;
+  for (const LigneDeTable& ligne : table.lignes) {
+    const std::string texte = ligne.cellules + ligne.intitule;
+    if (texte.size() < cellules || !SontDesNombres(std::string_view(texte).substr(0, cellules), largeur))
+      return {false, false};
+    lecture.codes = lecture.codes || PorteUnCode(std::string_view(texte).substr(cellules));
+  }
+  return lecture;
+}
+
+// A sentence when the cells are not those of the width that the .MOD announces; a blank cell alone is no fault.
+std::string FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
+  constexpr int kPlusLarge = 12;
+  const Lecture annoncee = LireAvec(table, static_cast<std::size_t>(table.largeur));
+  if (annoncee.nombres && annoncee.codes) return {};
+  for (int largeur = 1; largeur <= kPlusLarge; ++largeur) {
+    const Lecture autre = LireAvec(table, static_cast<std::size_t>(largeur));
+    if (!autre.nombres || (annoncee.nombres && !autre.codes)) continue;
+    if (largeur != table.largeur)
+      return Joindre({"Les cases de ", contexte.Nom(".BRT"), " ont ", Nombre(largeur), " caractère(s) et "_w,
+                      contexte.Nom(".MOD"), " en annonce ", Nombre(table.largeur), " (FMT=", Nombre(table.largeur),
+                      ") : refaites le tableau, ou corrigez FMT="});
+  }
+  for (std::size_t i = 0; i < table.lignes.size(); ++i)
+    if (table.lignes[i].cellules.find_first_not_of(kSignesDeNombre) != std::string::npos)
+      return Joindre({"La ligne ", Nombre(i + 1), " de ", contexte.Nom(".BRT"),
+                      " a autre chose que des nombres dans ses cases : elle ne va pas avec "_w, contexte.Nom(".MOD"),
+                      " (", Nombre(table.Colonnes()), " colonnes, FMT=", Nombre(table.largeur), ")"});
+  return {};
 }
 
 void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouverte) {
@@ -60,10 +113,11 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   LireLignes(contexte, *brt, ouverte);
-  if (ouverte.message.empty()) ExigerTableDuMod(*brt, LireMod(*mod), parametres);
+  if (!ouverte.message.empty()) return;
+  ExigerTableDuMod(*brt, LireMod(*mod), parametres);
+  if (const std::string faute = FauteDeLargeur(contexte, ouverte.table); !faute.empty())
+    ouverte.message = {std::string(kErreur), faute};
 }
-
-std::string_view SansCode(std::string_view intitule) { return intitule.substr(std::min(kNom, intitule.size())); }
 
 // By the whole labels, or by the words without the code in front.
 std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
@@ -71,7 +125,7 @@ std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view n
   const auto chercher = [&](bool sansCode) {
     for (std::size_t i = 0; i < table.lignes.size(); ++i) {
       const std::string_view intitule = table.lignes[i].intitule;
-      if (Rogner(sansCode ? SansCode(intitule) : intitule) == Rogner(nom)) trouvees.push_back(i);
+      if ((sansCode ? MotDeLIntitule(intitule) : Rogner(intitule)) == Rogner(nom)) trouvees.push_back(i);
     }
   };
   chercher(false);
@@ -103,9 +157,13 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
   }
 }
 
+std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne) {
+  return ligne.mots.empty() ? MotsDeLIntitule(ligne.intitule) : ligne.mots;
+}
+
 std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne) {
   const std::string_view intitule = table.lignes[ligne].intitule;
-  for (const std::string_view nom : {Rogner(SansCode(intitule)), Rogner(intitule)})
+  for (const std::string_view nom : {MotDeLIntitule(intitule), Rogner(intitule)})
     if (!nom.empty() && nom.find_first_of(",=") == std::string_view::npos &&
         LignesDuNom(table, nom) == std::vector<std::size_t>{ligne})
       return std::string(nom);

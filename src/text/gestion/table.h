@@ -12,10 +12,11 @@
 namespace quelvar::text {
 
 struct LigneDeTable {
-  std::string nom;       // columns 1-4: the frequency in a lexical table
-  std::string cellules;  // as they stand, `largeur` characters each
-  std::string intitule;  // behind the cells, as it stands
-  bool marquee = false;  // supplementary, or to be merged
+  std::string nom;                  // columns 1-4: the frequency in a lexical table
+  std::string cellules;             // as they stand, `largeur` characters each
+  std::string intitule;             // behind the cells, as it stands
+  bool marquee = false;             // supplementary, or to be merged
+  std::vector<std::string> mots{};  // of a merged row: those of the rows that it stands for
 };
 
 struct TableGeree {
@@ -38,6 +39,8 @@ TableOuverte OuvrirTable(const Contexte& contexte);
 
 // The parameter line of a managed table.
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur);
+// The words whose lines of concordance are those of the row.
+std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne);
 void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes);
 
 // Rank of the row that a user names: by its whole label, or by its word without the code in front. Raises kArretAnnonce

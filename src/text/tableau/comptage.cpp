@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <unordered_set>
 
 #include "text/decoupage/mots.h"
 
@@ -33,6 +34,8 @@ class MotEnCours {
 
   void Ouvrir(std::string_view texte) {
     Fermer();
+    if (texte.substr(kLargeurCode) < std::string_view(texte_).substr(std::min(kLargeurCode, texte_.size())))
+      table_.montante = false;
     texte_ = texte;
     ++table_.motsLus;
     table_.themes = table_.themes && texte[kLargeurCode] == '_';
@@ -96,7 +99,11 @@ TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const 
   const std::size_t c = consignes.caracteristiques;
   Progression progression(ecran, consignes.individus);
   LecteurLignes lecteur(donnees);
-  for (std::string_view ligne; table.individus < consignes.individus && lecteur.Lire(ligne);) {
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (table.individus == consignes.individus) {
+      table.suite = true;
+      break;
+    }
     ++table.individus;
     if (ligne.size() < c + kTexteDeLigne + kFinDeMot.size() ||
         std::memcmp(ligne.data() + c + kTexteDeLigne, kFinDeMot.data(), kFinDeMot.size()) != 0)
@@ -117,6 +124,21 @@ TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const 
   enCours.Fermer();
   table.themes = table.themes && table.motsLus > 0;
   return table;
+}
+
+std::optional<MotRevenu> ChercherMotRevenu(const Chemin& donnees, std::size_t caracteristiques) {
+  std::unordered_set<std::string> vus;
+  std::string dernier;
+  std::int64_t numero = 0;
+  LecteurLignes lecteur(donnees);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    ++numero;
+    const std::string_view mot = Milieu(ligne, caracteristiques + kLargeurCode + 1, kLargeurMot);
+    if (numero > 1 && mot == dernier) continue;
+    dernier = mot;
+    if (!vus.insert(dernier).second) return MotRevenu{std::string(RognerDroite(mot)), numero};
+  }
+  return std::nullopt;
 }
 
 void ReduireAuxThemes(TableLexicale& table, std::int64_t seuil) {

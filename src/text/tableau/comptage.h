@@ -44,6 +44,8 @@ struct TableLexicale {
   std::int64_t individus = 0;           // lines read
   std::int64_t motsLus = 0;             // distinct words
   std::uint32_t plusGrande = 0;         // cell of the rows
+  bool suite = false;                   // lines follow those that were to be read
+  bool montante = true;                 // each word is behind the one before it in the order of their bytes
   bool themes = true;                   // every word is a marker of a theme
 
   const std::uint32_t* Ligne(std::size_t i) const { return cellules.data() + i * colonnes; }
@@ -66,6 +68,14 @@ struct ConsignesDeComptage {
 // Counts the words of the data file, which stands in the order of the words.
 TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const ConsignesDeComptage& consignes,
                           const Dialogue& ecran);
+
+// The first word of the data file that comes back behind another one, with its line (from 1); nothing when the lines of
+// each word stand together.
+struct MotRevenu {
+  std::string mot;
+  std::int64_t ligne = 0;
+};
+std::optional<MotRevenu> ChercherMotRevenu(const Chemin& donnees, std::size_t caracteristiques);
 
 // Themes: each cell becomes 1 when it is above 0. A row with more cells at 1 than the threshold is inverted, and its
 // word gets a "*".

@@ -110,7 +110,10 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
   }
   LecteurLignes lecteur(entrees.donnees);
   std::string_view ligne;
-  if (!lecteur.Lire(ligne)) return static_cast<std::size_t>(-1);  // no word, no column to look for
+  if (!lecteur.Lire(ligne))
+    Arreter(rapport, contexte,
+            Joindre({"*** Arrêt du programme : le fichier "_w, contexte.Nom(".DAT"),
+                     " est vide, faire d'abord le découpage en mots"_w}));
   const std::optional<std::size_t> largeur = LargeurDesCaracteristiques(ligne);
   if (!largeur)
     Arreter(rapport, contexte,
@@ -125,6 +128,22 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
                      " colonne(s) : corriger ", contexte.Nom(".POS")}));
   }
   return *largeur;
+}
+
+// Stops a run whose data go on behind the words that were announced, or come back to a word: rows would be false.
+void ExigerLesMots(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const TableLexicale& table,
+                   std::size_t caracteristiques) {
+  if (table.suite)
+    Arreter(
+        rapport, contexte,
+        Joindre({"*** ", contexte.Nom(".POS"), " annonce ", Nombre(entrees.individus), " mots (ligne 2) et ",
+                 contexte.Nom(".DAT"), " en a davantage : refaire le découpage en mots, ou corriger la ligne 2"_w}));
+  if (table.montante) return;
+  if (const std::optional<MotRevenu> revenu = ChercherMotRevenu(entrees.donnees, caracteristiques))
+    Arreter(rapport, contexte,
+            Joindre({"*** Le mot ", revenu->mot, " revient à la ligne "_w, Nombre(revenu->ligne), " de ",
+                     contexte.Nom(".DAT"),
+                     ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}));
 }
 
 TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const PlanLexical& plan,
@@ -145,7 +164,9 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
     if (++nombre <= options.limite || options.limite < 1) return;
     Arreter(rapport, contexte, Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
   };
-  return CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());
+  TableLexicale table = CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());
+  ExigerLesMots(rapport, contexte, entrees, table, caracteristiques);
+  return table;
 }
 
 void EcrireBilan(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& options, const Entrees& entrees,
@@ -159,6 +180,8 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const OptionsTabMot
   rapport.Ligne();
   rapport.Ligne({"Nombre de mots lus en entrée "_w, NombreNu(table.motsLus)});
   rapport.Ligne({"Nombre de mots écrits en sortie "_w, NombreNu(table.lignes.size())});
+  if (table.lignes.empty())
+    contexte.Ecran().demander("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w, Boutons::Ok);
   for (const LigneLexicale& ligne : table.lignes) {
     if (ligne.frequence <= kFrequenceEcrite) continue;
     Avertir(rapport, contexte.Ecran(),

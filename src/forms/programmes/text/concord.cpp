@@ -7,6 +7,7 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
+#include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
 #include "ui_concord.h"
 
@@ -31,7 +32,7 @@ Concord::Concord(Services& services, text::Concordances concordances)
   connect(ui_->BoutCopier, &QPushButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(Texte()); });
   connect(ui_->BoutEnregS, &QPushButton::clicked, this, &Concord::Enregistrer);
   RelierCommande(*ui_->BoutEnregS, text::DescriptionConcordance(), contexte_, [this] {
-    return text::OptionsConcordance{concordances_.mots, Ordre(), {}};
+    return text::OptionsConcordance{concordances_.mots, Ordre()};
   });
   RelierQuitter(*ui_->BoutQuitter);
   QStringList mots;
@@ -60,7 +61,7 @@ QString Concord::Texte() const {
 }
 
 void Concord::Chercher() {
-  const std::vector<std::string> mots = text::MotsTapes(DepuisQt(ui_->TextMots->text()));
+  const std::vector<std::string> mots = text::MotsSepares(DepuisQt(ui_->TextMots->text()), " ,");
   if (mots.empty()) return services_.ecran.biper();
   try {
     concordances_ = text::ChercherConcordances(contexte_, mots);
@@ -75,8 +76,13 @@ void Concord::Enregistrer() {
       this, QStringLiteral("Enregistrer la concordance"),
       CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("-concordance.txt"))), QStringLiteral("*.txt"));
   if (fichier.isEmpty()) return;
+  const Chemin cible = CheminDepuisQt(fichier);
+  if (const std::string refus = text::RefusDEnregistrer(contexte_, cible); !refus.empty()) {
+    services_.ecran.demander(refus, Boutons::Ok);
+    return;
+  }
   try {
-    Remplacement copie(CheminDepuisQt(fichier));
+    Remplacement copie(cible);
     copie.Fichier().Ecrire(text::TexteDeConcordances(concordances_, Ordre()));
     copie.Valider();
   } catch (const Erreur& erreur) {

@@ -2,6 +2,8 @@
 
 #include <QFontDatabase>
 #include <QSignalBlocker>
+#include <algorithm>
+#include <iterator>
 
 #include "core/texte/nombres.h"
 #include "forms/pieces/commande.h"
@@ -136,7 +138,8 @@ void TabMotAgreg::MontrerConcordance() {
   std::vector<std::string> mots;
   for (const QListWidgetItem* element : ui_->ListLignSuppl->selectedItems()) {
     const int ligne = ui_->ListLignSuppl->row(element);
-    mots.push_back(text::MotDeLIntitule(ouverte_.agregation.table.lignes[static_cast<std::size_t>(ligne)].intitule));
+    std::ranges::move(text::MotsDeLaLigne(ouverte_.agregation.table.lignes[static_cast<std::size_t>(ligne)]),
+                      std::back_inserter(mots));
   }
   OuvrirConcord(services_, mots);
 }

@@ -1,4 +1,4 @@
-#include "utilities/fusion_pos.h"
+#include "utilities/fusion/pos.h"
 
 #include <algorithm>
 

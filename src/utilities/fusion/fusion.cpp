@@ -1,4 +1,4 @@
-#include "utilities/fusion.h"
+#include "utilities/fusion/fusion.h"
 
 #include <algorithm>
 #include <optional>
@@ -6,7 +6,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
-#include "utilities/fusion_pos.h"
+#include "utilities/fusion/pos.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
