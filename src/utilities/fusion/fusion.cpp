@@ -243,8 +243,6 @@ void FusionnerParNumero(const Travail& travail) {
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 
-void Prevenir(const Contexte& contexte, Texte message) { contexte.Ecran().demander(message, Boutons::Ok); }
-
 // What the .POS of the result can't tell by itself; its lines are those of A and B.
 void PrevenirDuPos(const Travail& travail) {
   if (!travail.options.pos) return;
