@@ -248,6 +248,13 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   if (table.pos) CopierLignes(*table.pos, sorties->Ouvrir(nouveau + ".POS", Nature::Unique));
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
   sorties->Valider();
+  if (bilan.douteuses.nombre > 0)
+    contexte.Ecran().demander(
+        Joindre({"Cellules regroupées qui ne sont pas des nombres entiers, ou sont coupées : "_w,
+                 Nombre(bilan.douteuses.nombre), ", la première "_w, bilan.douteuses.premiere,
+                 ". Un texte ou ce qui manque compte pour 0, et les sommes sont arrondies : vérifiez "_w,
+                 contexte.Nom(".BRT")}),
+        Boutons::Ok);
   EcrireFin(contexte, rapport, nouveau);
 }
 
