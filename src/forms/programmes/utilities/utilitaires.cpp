@@ -225,7 +225,8 @@ void Utilitaires::LancerTri() {
   if (utilities::MemeFichier(contexte_, a_, c_) &&
       services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return;
-  if (Complet(utilities::RefusDeTrier(options))) Executer([&] { return utilities::TriFichier(contexte_, options); });
+  if (Complet(utilities::RefusDeTrier(options)))
+    Executer([&] { return utilities::TriDesUtilitaires(contexte_, options); });
 }
 
 void Utilitaires::LancerExport() {
