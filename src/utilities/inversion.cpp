@@ -160,6 +160,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
       tableau.colonnes.size();
   ExigerPlace(contexte, rapport, {40 * cellules, LongueurFichier(tableau.brt)});
   const TableauEntier entier = LireEntier(tableau);
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
   EcrireReserves(rapport, tableau, entier);
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
@@ -174,7 +175,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
 }  // namespace
 
 Fin Inverser(const Contexte& contexte, const OptionsInversion& options) {
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
                                     [&](Rapport& rapport) { InverserTableau(rapport, contexte, options, *nouveau); });

@@ -31,6 +31,8 @@ Fin LancerTri(const Contexte& contexte, const OptionsTriFichier& options) {
 
 // The same with the question of the form.
 Fin LancerTriDuFormulaire(const Contexte& contexte, const OptionsTriFichier& options) {
+  if (const std::string_view refus = RefusDuFormulaire(options); !refus.empty())
+    throw UsageIncorrect(std::string(refus));
   if (MemeFichier(contexte, options.fichierA, options.fichierC) &&
       contexte.Ecran().demander(kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
@@ -46,7 +48,7 @@ Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resu
       .Texte("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
       .Alias({"fichierc", "sortie"})
       .Texte("position", &O::position, "0..", "première colonne du champ ; 0 : pas de tri"_w)
-      .Texte("largeur", &O::largeur, "1..10", "largeur du champ")
+      .Texte("largeur", &O::largeur, "1..20", "largeur du champ ; 10 au plus au formulaire")
       .Choix("ordre", &O::sens, {{"croissant", SensDeTri::Croissant}, {"decroissant", SensDeTri::Decroissant}},
              "ordre du tri")
       .Alias("croissant", {{"oui", "croissant"}, {"non", "decroissant"}})
@@ -127,7 +129,9 @@ const Description<OptionsInversion>& DescriptionInversion() {
       Description<O>("inversion", "Inversion des lignes et des colonnes d'un tableau, sous un nouveau générique"_w,
                      AvecGenerique<O, Inverser>)
           .OuiNon("trg", &O::trg, "le tableau va dans un fichier .TRG pour le graphique triangulaire"_w)
-          .Alias({"checktrg"});
+          .Alias({"checktrg"})
+          .OuiNon("remplacer", &O::remplacer,
+                  "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);
   return description;
 }
 
