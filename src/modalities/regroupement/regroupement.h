@@ -44,7 +44,8 @@ struct BilanDeRegroupement {
   CellulesDouteuses douteuses;
 };
 
-// Writes the new table with cells of that width. Raises 5 for a width below 1 and the numbers of LecteurLignes.
+// Writes the new table with cells of that width. Raises kArgumentIncorrect for a width below 1 and the failures of
+// LecteurLignes.
 BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan, int largeur, Ecrivain& sortie);
 
 }  // namespace quelvar::modalities
