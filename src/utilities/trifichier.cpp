@@ -7,6 +7,7 @@
 
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
+#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 
@@ -167,7 +168,9 @@ std::string_view RefusDuFormulaire(const OptionsTriFichier& options) {
   return {};
 }
 
-Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
+namespace {
+
+Fin TrierFichier(const Contexte& contexte, const OptionsTriFichier& options, const LibellesErreur& libelles) {
   const std::string nomRapport = contexte.generique.empty() ? "$$$.prt" : contexte.Nom(".prt");
   const Chemin rapportPrevu = CheminDEcriture(contexte.repertoire, nomRapport);
   for (const std::string& fichier : {options.fichierA, options.fichierC})
@@ -176,8 +179,18 @@ Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
                                 Boutons::Ok);
       return Fin::Arret;
     }
-  return ExecuterProgramme(contexte, nomRapport, LibellesErreur{},
+  return ExecuterProgramme(contexte, nomRapport, libelles,
                            [&](Rapport& rapport) { Trier(rapport, contexte, options); });
+}
+
+}  // namespace
+
+Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
+  return TrierFichier(contexte, options, LibellesErreur{});
+}
+
+Fin TriDesUtilitaires(const Contexte& contexte, const OptionsTriFichier& options) {
+  return TrierFichier(contexte, options, Libelles());
 }
 
 }  // namespace quelvar::utilities

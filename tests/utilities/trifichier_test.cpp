@@ -75,6 +75,16 @@ TEST_F(RunTriFichier, TheReportIsNeitherSortedNorTheResult) {
   EXPECT_FALSE(Existe("C.TXT"));
 }
 
+TEST_F(RunTriFichier, AmongTheUtilitiesAnUnexpectedErrorHasTheirWords) {
+  Ecrire("A.TXT", "");
+  const OptionsTriFichier options{.fichierA = "A.TXT", .fichierC = "C.TXT", .position = "1", .largeur = "1"};
+  EXPECT_EQ(TriDesUtilitaires(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit(" notez le numéro suivant : ERREUR NUMERO = 11 \r\n et prévenez l'assistance technique"_w))
+      << montre_;
+  EXPECT_EQ(TriFichier(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit(" notez le numero =  11 Division"));
+}
+
 TEST_F(RunTriFichier, AFieldThatCannotBeCutLeavesTheFiles) {
   Ecrire("A.TXT", "b\na\n");
   EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "A.TXT", "-1", "1"}), Fin::Arret);
