@@ -46,10 +46,11 @@ std::optional<std::string> ReponseSuivante(Demande& demande) {
 Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   const std::string minuscules = Minuscules(mot);
   if (boutons == Boutons::Ok) return defaut;
-  if (minuscules == "annuler" && boutons != Boutons::OuiNon && boutons != Boutons::NonOui) return Reponse::Annuler;
+  const bool annule = minuscules == "annuler" || minuscules == "arrêter"_w || minuscules == "arreter";
+  if (annule && boutons != Boutons::OuiNon && boutons != Boutons::NonOui) return Reponse::Annuler;
   if (boutons != Boutons::OkAnnuler && minuscules == "oui") return Reponse::Oui;
   if (boutons != Boutons::OkAnnuler && minuscules == "non") return Reponse::Non;
-  if (boutons == Boutons::OkAnnuler && minuscules == "ok") return Reponse::Ok;
+  if (boutons == Boutons::OkAnnuler && (minuscules == "ok" || minuscules == "continuer")) return Reponse::Ok;
   Ecrire(stderr, Joindre({"(réponse \""_w, mot, "\" sans objet ici : réponse par défaut)\n"_w}));
   return defaut;
 }

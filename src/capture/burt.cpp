@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "capture/dbase/tableau.h"
@@ -29,7 +30,8 @@ struct Rangee {
 
 bool EstVide(std::string_view ligne) { return ligne.find_first_not_of(kBlancs) == std::string_view::npos; }
 
-// The last `nombre` words of the line. Raises 9 when it has not as many, 13 when one of them is not a number.
+// The last `nombre` words of the line. Raises 9 when it has not as many, 13 when one of them is not a number, with its
+// column.
 void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
   rangee.effectifs.resize(nombre);
   std::string_view reste = ligne;
@@ -39,7 +41,7 @@ void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
     const std::size_t avant = reste.find_last_of(kBlancs);
     const std::size_t debut = avant == std::string_view::npos ? 0 : avant + 1;
     const std::string_view mot = reste.substr(debut);
-    if (!EstNombre(mot)) throw Erreur(kIncompatibiliteType);
+    if (!EstNombre(mot)) throw Erreur(kIncompatibiliteType).Situer({{}, 0, static_cast<int>(debut) + 1});
     rangee.effectifs[j] = mot;
     reste = reste.substr(0, debut);
   }
@@ -48,18 +50,66 @@ void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
                                                     : reste.substr(debut, reste.find_last_not_of(kBlancs) + 1 - debut);
 }
 
-// The rows of a file, those that hold nothing but blanks left out.
+// How the letters of a source are written.
+struct Encodage {
+  bool utf8 = false;
+  std::int64_t accents = 0;  // characters of several bytes
+  std::int64_t perdus = 0;   // of these, the ones that the code page lacks
+  std::int64_t ligne = 0;    // the first line with one of them
+};
+
+std::int64_t Interrogations(std::string_view texte) {
+  return static_cast<std::int64_t>(std::count(texte.begin(), texte.end(), '?'));
+}
+
+// A source is in UTF-8 when its mark says so, or when it holds valid sequences of several bytes and no invalid one.
+Encodage ExaminerEncodage(const Chemin& source) {
+  Encodage encodage;
+  bool marque = false;
+  bool invalide = false;
+  LecteurLignes lecteur(source);
+  std::int64_t numero = 0;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (++numero == 1) marque = OterMarqueUtf8(ligne);
+    if (std::all_of(ligne.begin(), ligne.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) continue;
+    invalide = invalide || !EstUtf8MultiOctet(ligne);
+    encodage.accents += std::count_if(ligne.begin(), ligne.end(), [](char c) { return (c & 0xC0) == 0xC0; });
+    const std::int64_t perdus = Interrogations(DepuisUtf8(ligne)) - Interrogations(ligne);
+    if (encodage.perdus == 0 && perdus > 0) encodage.ligne = numero;
+    encodage.perdus += perdus;
+  }
+  encodage.utf8 = marque || (encodage.accents > 0 && !invalide);
+  return encodage;
+}
+
+// The rows of a source as texts of the code page, those that hold nothing but blanks left out.
 class LecteurRangees {
  public:
-  explicit LecteurRangees(const Chemin& chemin) : lecteur_(chemin) {}
+  LecteurRangees(const Chemin& chemin, bool utf8) : lecteur_(chemin), utf8_(utf8) {}
   bool Lire(std::string_view& ligne) {
-    while (lecteur_.Lire(ligne))
+    while (lecteur_.Lire(ligne)) {
+      if (utf8_) {
+        if (std::exchange(premiere_, false)) OterMarqueUtf8(ligne);
+        convertie_ = DepuisUtf8(ligne);
+        ligne = convertie_;
+      }
       if (!EstVide(ligne)) return true;
+    }
     return false;
+  }
+  // Gives the next row to the work, whose failure gets its place.
+  bool Lire(std::size_t nombre, Rangee& rangee) {
+    std::string_view ligne;
+    if (!Lire(ligne)) return false;
+    Situer(lecteur_, [&] { LireRangee(ligne, nombre, rangee); });
+    return true;
   }
 
  private:
   LecteurLignes lecteur_;
+  bool utf8_;
+  bool premiere_ = true;
+  std::string convertie_;
 };
 
 struct FaitsBurt {
@@ -77,14 +127,13 @@ struct FaitsBurt {
   }
 };
 
-FaitsBurt Examiner(const Chemin& source) {
+FaitsBurt Examiner(const Chemin& source, bool utf8) {
   FaitsBurt faits;
   std::string_view ligne;
-  for (LecteurRangees lecteur(source); lecteur.Lire(ligne);) ++faits.rangees;
-  if (faits.rangees == 0) throw Erreur(kFinDeFichierDepassee);
+  for (LecteurRangees lecteur(source, utf8); lecteur.Lire(ligne);) ++faits.rangees;
+  if (faits.rangees == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(source.filename())});
   Rangee rangee;
-  for (LecteurRangees lecteur(source); lecteur.Lire(ligne);) {
-    LireRangee(ligne, faits.rangees, rangee);
+  for (LecteurRangees lecteur(source, utf8); lecteur.Lire(faits.rangees, rangee);) {
     const std::size_t i = faits.intitules.size();
     faits.diagonale += ValeurDe(rangee.effectifs[i]);
     for (const std::string_view mot : rangee.effectifs) {
@@ -171,6 +220,16 @@ void SignalerIntitulesCoupes(const Dialogue& dialogue,
                       Boutons::Ok);
 }
 
+void SignalerEncodage(const Dialogue& dialogue, std::string_view nom, const Encodage& encodage) {
+  if (!encodage.utf8 || encodage.accents == 0) return;
+  std::string texte =
+      Joindre({"Le fichier ", nom, " est en UTF-8. Caractères convertis à la lecture : "_w, Nombre(encodage.accents)});
+  if (encodage.perdus > 0)
+    texte += Joindre({", dont "_w, Nombre(encodage.perdus),
+                      " sans équivalent, remplacés par \"?\" (le premier à la ligne "_w, Nombre(encodage.ligne), ")"});
+  dialogue.demander(texte, Boutons::Ok);
+}
+
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
                const std::vector<std::pair<std::string, std::string>>& modalites) {
   mod.Ligne(contexte.generique);
@@ -179,14 +238,11 @@ void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
 }
 
 // The rows of .BRT, written to the file and to the report.
-void EcrireRangees(Ecrivain& brt, Rapport& rapport, const Chemin& source, const FaitsBurt& faits,
+void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurRangees lecteur, const FaitsBurt& faits,
                    const std::vector<std::pair<std::string, std::string>>& modalites) {
-  LecteurRangees lecteur(source);
   Rangee rangee;
   std::string texte;
-  std::string_view ligne;
-  for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(ligne); ++i) {
-    LireRangee(ligne, faits.rangees, rangee);
+  for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(faits.rangees, rangee); ++i) {
     texte = modalites[i].first;
     for (const std::string_view mot : rangee.effectifs) texte.append(faits.largeur - mot.size(), ' ').append(mot);
     brt.Ligne(texte);
@@ -200,9 +256,11 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   ExigerFichiers(rapport, contexte.Ecran(), {{nomSource, source.has_value()}}, kArretAbsence);
   EcrireBandeau(rapport, "Importation d'un tableau de Burt");
   SauvegarderAnciens(rapport, contexte);
-  const FaitsBurt faits = Examiner(*source);
+  const Encodage encodage = ExaminerEncodage(*source);
+  const FaitsBurt faits = Examiner(*source, encodage.utf8);
   const std::vector<std::pair<std::string, std::string>> modalites = Nommer(faits, options.noms);
   ExigerNoms(rapport, modalites);
+  SignalerEncodage(contexte.Ecran(), nomSource, encodage);
   SignalerIntitulesCoupes(contexte.Ecran(), modalites);
   const double effectif = DemanderEffectif(rapport, contexte, faits);
 
@@ -210,7 +268,8 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
                  contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
   rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, *source, faits, modalites);
+  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport,
+                LecteurRangees(*source, encodage.utf8), faits, modalites);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   pos.Ligne(contexte.generique);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "capture/apercu/imc.h"
+#include "capture/apercu/sorties/compterendu.h"
 #include "capture/apercu/sorties/plan.h"
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
@@ -117,9 +118,9 @@ std::string PreparationDImport::Renommer(std::size_t colonne, std::string_view n
   return {};
 }
 
-bool PreparationDImport::ToutVaBien() const {
-  return ToutEstCodes(choix_) && detectee_.doutes.empty() && Refus().empty();
-}
+std::vector<std::string> PreparationDImport::Remarques() const { return RemarquesDeTable(apercu_.faits); }
+
+bool PreparationDImport::ToutVaBien() const { return ToutEstCodes(choix_) && Doutes().empty() && Refus().empty(); }
 
 OptionsImport PreparationDImport::Options() const {
   OptionsImport options;
@@ -130,7 +131,7 @@ OptionsImport PreparationDImport::Options() const {
   const Lecture& vue = detectee_.lecture;
   if (voulue.encodage != vue.encodage) options.lecture.encodage = voulue.encodage;
   if (voulue.separateur != vue.separateur) options.lecture.separateur = voulue.separateur;
-  if (voulue.decimale != vue.decimale) options.lecture.decimale = voulue.decimale;
+  if (voulue.sourceDeDecimale == SourceDeDecimale::Donnee) options.lecture.decimale = voulue.decimale;
   if (voulue.guillemets != vue.guillemets) options.lecture.guillemets = voulue.guillemets;
   if ((voulue.ligneTitres != 0) != (vue.ligneTitres != 0)) options.lecture.titres = voulue.ligneTitres != 0;
   return options;

@@ -46,6 +46,9 @@ class PreparationDImport {
   std::string Renommer(std::size_t colonne, std::string_view nom);
 
   std::vector<std::string> Refus() const { return RefusDesChoix(choix_, Colonnes()); }
+  // What is not certain of the reading, and what of the table is to be known.
+  std::vector<std::string> Doutes() const { return detectee_.DoutesDe(apercu_.lecture); }
+  std::vector<std::string> Remarques() const;
   bool ToutVaBien() const;
   // What the import is to be run with.
   OptionsImport Options() const;

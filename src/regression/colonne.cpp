@@ -30,28 +30,34 @@ std::string Fixe(double valeur, int entiers, int decimales) {
 std::string Colonne::operator()(double valeur) const { return Fixe(valeur, entiers_, decimales_); }
 
 void Colonne::Ajouter(std::string& ligne, double valeur) const {
-  constexpr double kChiffresEntiers = 1e15;  // exact in a double and in the buffer
+  constexpr double kChiffresCourts = 1e9;
+  constexpr int kPlaces = 40;
   const double echelonne = ArrondirPair(decimales_ == 0 ? valeur : decimales_ == 1 ? valeur * 10 : valeur * 100);
-  if (decimales_ > 2 || !(std::fabs(echelonne) < kChiffresEntiers)) {
+  if (decimales_ > 2 || !(std::fabs(echelonne) < kChiffresCourts) || entiers_ + decimales_ + 1 > kPlaces) {
     ligne += Fixe(valeur, entiers_, decimales_);
     return;
   }
-  std::array<char, 24> tampon{};
-  char* const debut = tampon.data() + 4;  // room for the zeros of a small number
-  char* fin = std::to_chars(debut, tampon.data() + tampon.size(), static_cast<std::int64_t>(std::fabs(echelonne))).ptr;
-  char* premier = debut;
-  while (fin - premier <= decimales_) *--premier = '0';
+  // From the last digit to the sign, in front of which the blanks stand already.
+  std::array<char, kPlaces> tampon;
+  tampon.fill(' ');
+  char* const fin = tampon.data() + kPlaces;
+  char* premier = fin;
+  auto reste = static_cast<std::uint32_t>(std::fabs(echelonne));
+  const auto chiffre = [&] {
+    *--premier = static_cast<char>('0' + reste % 10);
+    reste /= 10;
+  };
+  for (int d = 0; d < decimales_; ++d) chiffre();
+  if (decimales_ > 0) *--premier = '.';
+  const char* const debutDesEntiers = premier;
+  do chiffre();
+  while (reste != 0);
   if (echelonne < 0) *--premier = '-';
-  const auto entiers = static_cast<int>(fin - premier) - decimales_;
-  if (entiers > entiers_) {
+  if (debutDesEntiers - premier > entiers_) {
     ligne += Fixe(valeur, entiers_, decimales_);
     return;
   }
-  ligne.append(static_cast<std::size_t>(entiers_ - entiers), ' ');
-  ligne.append(premier, fin - decimales_);
-  if (decimales_ == 0) return;
-  ligne += '.';
-  ligne.append(fin - decimales_, fin);
+  ligne.append(debutDesEntiers - entiers_, static_cast<const char*>(fin));
 }
 
 void Colonne::Voir(double valeur) {

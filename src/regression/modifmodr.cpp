@@ -44,13 +44,19 @@ void PoserIntitule(std::string& texte, std::string_view intitule) {
   texte += intitule;
 }
 
-// Does what the options say, as far as the first name that no modality bears: it is returned, or nothing.
+// Does what the options say, as far as the first name that no modality bears: it is returned, or nothing. Two names of
+// one question are two clicks behind one choice of it: both stand, for the check of the whole to refuse.
 std::optional<std::string> Appliquer(const OptionsModifModR& options, std::vector<std::string>& textes) {
   const auto coder = [&](const std::vector<std::string>& noms, TypeDeQuestion type) -> std::optional<std::string> {
+    std::vector<std::string> recodees;
     for (const std::string& nom : noms) {
       const std::size_t rang = RangDeModalite(textes, Rogner(nom));
       if (rang == textes.size()) return nom;
-      CoderQuestion(textes, QuestionDe(textes[rang]), type);
+      const std::string_view question = QuestionDe(textes[rang]);
+      if (std::find(recodees.begin(), recodees.end(), question) == recodees.end()) {
+        CoderQuestion(textes, question, type);
+        recodees.emplace_back(question);
+      }
       CoderModalite(textes[rang], type);
     }
     return std::nullopt;

@@ -45,7 +45,7 @@ void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& t
 Fin TerminerModifModR(const Contexte& contexte);
 Fin AbandonnerModifModR(const Contexte& contexte);
 
-// The same without a form: each name codes its question anew, the ones to explain before the references.
+// The same without a form: the question of each name is coded anew, the ones to explain before the references.
 struct OptionsModifModR {
   std::vector<std::string> expliquer = {};
   std::vector<std::string> references = {};
@@ -55,7 +55,8 @@ struct OptionsModifModR {
 };
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options);
 
-// The options that make `textes` of what the file holds; nothing when none do, as for a question that has two Y.
+// The options that make `textes` of what the file holds; nothing when none do, as for a question left without
+// a Y and without an R.
 std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
                                                 const std::vector<std::string>& textes);
 

@@ -12,6 +12,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/texte/nombres.h"
+#include "utilities/exportcsv_textes.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
@@ -69,16 +70,31 @@ struct CelluleFaite {
 
 // How the field of a question becomes a cell.
 struct ColonneCsv {
+  std::string nom;
   Champ champ;
   bool texte = false;
   int codeMax = 0;
-  std::vector<CelluleFaite> cellules;           // by code; the one of 0 also stands for what is no code
-  std::array<std::uint8_t, 256> parOctet = {};  // code of a field of one byte
+  std::vector<CelluleFaite> cellules;           // by code; the last one, that of 0 again, for what is no code
+  std::array<std::uint8_t, 256> parOctet = {};  // place in the cells of a field of one byte
   std::size_t plusLongue = 0;
 
-  const CelluleFaite& DuCode(int valeur) const {
-    return cellules[valeur < 0 || valeur > codeMax ? 0 : static_cast<std::size_t>(valeur)];
+  std::size_t PasUnCode() const { return cellules.size() - 1; }
+  // Place in the cells of a field that lies inside the line.
+  std::size_t PlaceDe(const char* individu) const {
+    const char* octets = individu + champ.debut;
+    if (champ.largeur == 1) return parOctet[static_cast<unsigned char>(*octets)];
+    const int valeur = LireChampInterieur(individu, champ);
+    if (valeur < 0 || valeur > codeMax) return PasUnCode();
+    const bool chiffres =
+        std::all_of(octets, octets + champ.largeur, [](char c) { return c == ' ' || (c >= '0' && c <= '9'); });
+    return chiffres || EstNombre({octets, champ.largeur}) ? static_cast<std::size_t>(valeur) : PasUnCode();
   }
+};
+
+// Values that are no code of their question, and where the first one stands.
+struct ValeursSansCode {
+  std::int64_t nombre = 0;
+  std::string premiere;
 };
 
 std::string NomDuCode(const Question& question, int code) {
@@ -95,9 +111,18 @@ std::string TexteDuCode(const Question& question, int code, const IntitulesModal
   return Nombre(code);
 }
 
-ColonneCsv DresserColonne(const Question& question, const IntitulesModalites& intitules, const Tableur& tableur,
-                          const OptionsExportCsv& options) {
+// The texts of the codes of a question, from 0 on; none for a question of texts.
+std::vector<std::string> TextesDesCodes(const Question& question, const IntitulesModalites& intitules,
+                                        const OptionsExportCsv& options) {
+  std::vector<std::string> textes;
+  for (int code = 0; !question.alphabetique && code <= std::max(question.codeMax, 0); ++code)
+    textes.push_back(TexteDuCode(question, code, intitules, options));
+  return textes;
+}
+
+ColonneCsv DresserColonne(const Question& question, const std::vector<std::string>& textes, const Tableur& tableur) {
   ColonneCsv colonne;
+  colonne.nom = question.nom;
   colonne.champ = ChampDe(question);
   colonne.texte = question.alphabetique;
   if (colonne.texte) {
@@ -107,15 +132,17 @@ ColonneCsv DresserColonne(const Question& question, const IntitulesModalites& in
     return colonne;
   }
   colonne.codeMax = std::max(question.codeMax, 0);
-  for (int code = 0; code <= colonne.codeMax; ++code) {
-    std::string cellule = tableur.Cellule(TexteDuCode(question, code, intitules, options));
+  for (std::size_t code = 0; code <= textes.size(); ++code) {
+    std::string cellule = tableur.Cellule(textes[code < textes.size() ? code : 0]);
     cellule += tableur.Separateur();
     colonne.plusLongue = std::max(colonne.plusLongue, std::max(cellule.size(), kCourte));
     colonne.cellules.emplace_back(cellule);
   }
   for (std::size_t octet = 0; octet < 256; ++octet) {
     const std::uint8_t valeur = ValeursDUnOctet()[octet];
-    colonne.parOctet[octet] = valeur > colonne.codeMax ? std::uint8_t{0} : valeur;
+    const bool code = octet == ' ' || (octet >= '0' && octet <= '9' && valeur <= colonne.codeMax);
+    if (colonne.champ.largeur == 1)
+      colonne.parOctet[octet] = code ? valeur : static_cast<std::uint8_t>(colonne.PasUnCode());
   }
   return colonne;
 }
@@ -137,22 +164,25 @@ class LigneCsv {
   std::size_t PlusLongue() const { return plusLongue_; }
 
   // Returns the end of what is written; the last separator gives way to the end of the line.
-  char* Ecrire(const char* individu, char* place) const {
+  char* Ecrire(const char* individu, char* place) {
+    std::size_t fautes = 0;
     for (const ColonneCsv& colonne : colonnes_) {
       if (colonne.texte) {
         place = EcrireTexte({individu + colonne.champ.debut, colonne.champ.largeur}, place);
-      } else if (colonne.champ.largeur == 1) {
-        const auto octet = static_cast<unsigned char>(individu[colonne.champ.debut]);
-        place = colonne.cellules[colonne.parOctet[octet]].Copier(place);
-      } else {
-        place = colonne.DuCode(LireChampInterieur(individu, colonne.champ)).Copier(place);
+        continue;
       }
+      const std::size_t rang = colonne.PlaceDe(individu);
+      fautes += rang == colonne.PasUnCode() ? 1U : 0U;
+      place = colonne.cellules[rang].Copier(place);
     }
+    ++individus_;
+    if (fautes > 0) Noter(individu, fautes);
     if (!colonnes_.empty()) --place;
     *place++ = '\r';
     *place++ = '\n';
     return place;
   }
+  const ValeursSansCode& SansCode() const { return sansCode_; }
 
  private:
   char* EcrireTexte(std::string_view texte, char* place) const {
@@ -162,9 +192,23 @@ class LigneCsv {
     return place;
   }
 
+  void Noter(const char* individu, std::size_t fautes) {
+    sansCode_.nombre += static_cast<std::int64_t>(fautes);
+    if (!sansCode_.premiere.empty()) return;
+    for (const ColonneCsv& colonne : colonnes_) {
+      if (colonne.texte || colonne.PlaceDe(individu) != colonne.PasUnCode()) continue;
+      sansCode_.premiere =
+          Joindre({"individu ", Nombre(individus_), ", question ", colonne.nom, " (",
+                   Rogner(std::string_view(individu + colonne.champ.debut, colonne.champ.largeur)), ")"});
+      return;
+    }
+  }
+
   const std::vector<ColonneCsv>& colonnes_;
   const Tableur& tableur_;
   std::size_t plusLongue_;
+  std::int64_t individus_ = 0;
+  ValeursSansCode sansCode_;
 };
 
 void EcrireTitres(Ecrivain& csv, const FichierPos& pos, const Tableur& tableur, const OptionsExportCsv& options) {
@@ -178,7 +222,7 @@ void EcrireTitres(Ecrivain& csv, const FichierPos& pos, const Tableur& tableur, 
   csv.FinDeLigne();
 }
 
-void EcrireIndividus(const Contexte& contexte, Ecrivain& csv, const Chemin& donnees, const LigneCsv& ligne,
+void EcrireIndividus(const Contexte& contexte, Ecrivain& csv, const Chemin& donnees, LigneCsv& ligne,
                      std::size_t longueurUtile, std::int64_t annonces) {
   AvancementOctets avancement(contexte, LongueurFichier(donnees));
   LecteurIndividus lecteur(donnees, longueurUtile);
@@ -211,9 +255,28 @@ Sources TrouverSources(Rapport& rapport, const Contexte& contexte) {
   return sources;
 }
 
-// A former .csv may be the source of the data set.
+// Former outputs, which may be the source of the data set or somebody's work.
+std::vector<Chemin> Anciens(const Contexte& contexte, const OptionsExportCsv& options) {
+  std::vector<Chemin> anciens;
+  for (const std::string_view extension : {".csv", ".IMC"})
+    if (const std::optional<Chemin> ancien = contexte.Chercher(extension);
+        ancien && (extension == ".csv" || options.choix))
+      anciens.push_back(*ancien);
+  return anciens;
+}
+
 std::string CopieDe(const Contexte& contexte, const Chemin& ancien) {
   return NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename()));
+}
+
+void Prevenir(const Contexte& contexte, const ValeursSansCode& valeurs, const std::string& confondus,
+              const OptionsExportCsv& options) {
+  if (valeurs.nombre > 0)
+    contexte.Ecran().demander(Joindre({"Valeurs qui ne sont pas des codes de leur question, exportées sous la forme "_w,
+                                       options.codes ? "0" : kNonReponse, " : ", Nombre(valeurs.nombre),
+                                       ", la première : "_w, valeurs.premiere}),
+                              Boutons::Ok);
+  if (!confondus.empty()) contexte.Ecran().demander(confondus, Boutons::Ok);
 }
 
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
@@ -223,29 +286,39 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   const IntitulesModalites intitules = LireIntitules(*sources.modalites);
   const Tableur tableur(options);
   std::vector<ColonneCsv> colonnes;
+  std::vector<QuestionEnTextes> questions;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
-    colonnes.push_back(DresserColonne(pos.questions[i], intitules, tableur, options));
+    const Question& question = pos.questions[i];
+    questions.push_back({question.nom, TitreDe(question, options), TextesDesCodes(question, intitules, options)});
+    colonnes.push_back(DresserColonne(question, questions.back().textes, tableur));
     champs[i] = colonnes.back().champ;
   }
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  if (const std::optional<Chemin> ancien = contexte.Chercher(".csv"))
-    sorties.Copier(*ancien, CopieDe(contexte, *ancien), Nature::Unique);
+  for (const Chemin& ancien : Anciens(contexte, options))
+    sorties.Copier(ancien, CopieDe(contexte, ancien), Nature::Unique);
   Ecrivain& csv = sorties.Ouvrir(contexte.Nom(".csv"), Nature::Refaisable);
   EcrireTitres(csv, pos, tableur, options);
-  EcrireIndividus(contexte, csv, *sources.donnees, LigneCsv(colonnes, tableur), LongueurUtile(champs),
-                  pos.taille.individus);
+  LigneCsv ligne(colonnes, tableur);
+  EcrireIndividus(contexte, csv, *sources.donnees, ligne, LongueurUtile(champs), pos.taille.individus);
+  if (options.choix) sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Refaisable).Ecrire(ChoixDeLImport(questions));
   sorties.Valider();
+  Prevenir(contexte, ligne.SansCode(), CodesConfondus(questions), options);
+}
+
+bool RemplacementAccepte(const Contexte& contexte, const OptionsExportCsv& options) {
+  const std::vector<Chemin> anciens = Anciens(contexte, options);
+  return std::all_of(anciens.begin(), anciens.end(), [&](const Chemin& ancien) {
+    return contexte.Ecran().demander(Joindre({"Le fichier ", TexteDe(ancien.filename()),
+                                              " existe déjà : il va être remplacé, et conservé sous le nom "_w,
+                                              CopieDe(contexte, ancien), ". L'acceptez-vous ?"}),
+                                     Boutons::OuiNon) == Reponse::Oui;
+  });
 }
 
 }  // namespace
 
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
-  const std::optional<Chemin> ancien = contexte.Chercher(".csv");
-  if (ancien && contexte.Ecran().demander(Joindre({"Le fichier ", TexteDe(ancien->filename()),
-                                                   " existe déjà : il va être remplacé, et conservé sous le nom "_w,
-                                                   CopieDe(contexte, *ancien), ". L'acceptez-vous ?"}),
-                                          Boutons::OuiNon) != Reponse::Oui)
-    return Fin::Arret;
+  if (!RemplacementAccepte(contexte, options)) return Fin::Arret;
   return ExecuterProgramme(contexte, kRapport, Libelles(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });
 }

@@ -42,22 +42,11 @@ std::vector<QuestionCreee> CreerQuestions(const Tableau& tableau) {
   return questions;
 }
 
-// Cells of which individuals can't be made as they stand, and the first of them.
-struct CellulesAParts {
-  std::int64_t nombre = 0;
-  std::string premiere;
-
-  void Noter(std::int64_t ligne, std::size_t colonne, std::string_view cellule) {
-    if (nombre++ > 0) return;
-    premiere = Joindre(
-        {"la première à la ligne "_w, Nombre(ligne), ", colonne ", Nombre(colonne), " ("_w, Rogner(cellule), ")"});
-  }
-};
-
 struct BilanGendat {
   std::int64_t individus = 0;
-  CellulesAParts negatives;
-  CellulesAParts fractionnaires;
+  CellulesAPart negatives;
+  CellulesAPart fractionnaires;
+  CellulesSansNombre autres;
 };
 
 // Number of individuals of a cell.
@@ -79,6 +68,7 @@ BilanGendat EcrireDonnees(const Contexte& contexte, const Tableau& tableau, cons
     const auto i = static_cast<std::size_t>(rangee % tableau.lignes);
     const auto k = static_cast<std::size_t>(rangee / tableau.lignes);
     ++rangee;
+    bilan.autres.Voir(ligne);
     for (std::size_t j = 0; j < ligne.cellules.size(); ++j) {
       const std::int64_t nombre = Compter(ligne.cellules[j], rangee, j + 1, bilan);
       individu = Joindre({questions[0].codes[i], questions[1].codes[j],
@@ -118,12 +108,9 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
 }
 
 void EcrireReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
-  const auto cellules = [&](const CellulesAParts& parts, std::string_view sort) {
-    if (parts.nombre > 0)
-      rapport.Ligne({"*** Attention : cellules ", sort, " :", NombreNu(parts.nombre), parts.premiere});
-  };
-  cellules(bilan.negatives, "négatives, qui n'engendrent aucun individu"_w);
-  cellules(bilan.fractionnaires, "fractionnaires, qui sont arrondies");
+  bilan.negatives.Ecrire(rapport, "négatives, qui n'engendrent aucun individu"_w);
+  bilan.fractionnaires.Ecrire(rapport, "fractionnaires, qui sont arrondies");
+  bilan.autres.Ecrire(rapport);
   const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes * tableau.Blocs();
   if (reste > 0)
     rapport.Ligne({"*** Attention : lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,

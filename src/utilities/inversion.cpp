@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/session/generique_libre.h"
@@ -22,7 +23,18 @@ struct TableauEntier {
   std::vector<std::string> noms;       // of the rows
   std::vector<std::string> intitules;  // of the rows
   std::vector<std::string> cellules;   // row by row, as they are printed
+  CellulesSansNombre reserves;
 };
+
+// A row becomes a column, by its name: one without a name would end the list of the new columns.
+void ExigerNom(const Tableau& tableau, const LigneDeTableau& ligne) {
+  if (!FinitLesModalites(ligne.nom)) return;
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arret du programme : ", TexteDe(tableau.brt.filename()), ", ligne ", Nombre(ligne.rang),
+                        ", le nom \"", ligne.nom,
+                        "\" n'est pas possible : devenu un nom de colonne, il finirait leur liste. "
+                        "Nommez la ligne sur ses 4 premiers caractères"_w}));
+}
 
 // A number that would lose digits in its width stays as it was typed.
 std::string TexteDeCellule(std::string_view cellule) {
@@ -33,11 +45,32 @@ std::string TexteDeCellule(std::string_view cellule) {
 TableauEntier LireEntier(const Tableau& tableau) {
   TableauEntier entier;
   ParcourirTableau(tableau, tableau.lignes, [&](const LigneDeTableau& ligne) {
+    ExigerNom(tableau, ligne);
+    entier.reserves.Voir(ligne);
     entier.noms.push_back(ligne.nom);
     entier.intitules.push_back(ligne.intitule);
     for (const std::string_view cellule : ligne.cellules) entier.cellules.push_back(TexteDeCellule(cellule));
   });
   return entier;
+}
+
+// Names that several rows bear, each once.
+std::string NomsRepetes(std::vector<std::string> noms) {
+  std::sort(noms.begin(), noms.end());
+  std::string repetes;
+  for (std::size_t i = 1; i < noms.size(); ++i)
+    if (noms[i] == noms[i - 1] && (i == 1 || noms[i] != noms[i - 2]))
+      repetes += (repetes.empty() ? "" : ", ") + std::string(Rogner(noms[i]));
+  return repetes;
+}
+
+void EcrireReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
+  entier.reserves.Ecrire(rapport);
+  if (const std::string noms = NomsRepetes(entier.noms); !noms.empty())
+    rapport.Ligne({"*** Attention : lignes de même nom, que rien ne distinguera plus en colonnes : "_w, noms});
+  if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
+    rapport.Ligne(
+        {"*** Attention : lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w, NombreNu(reste)});
 }
 
 void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
@@ -76,6 +109,10 @@ void EcrireTrg(Ecrivain& trg, const Tableau& tableau, const TableauEntier& entie
     const ColonneDeTableau& colonne = tableau.colonnes[j];
     trg.Ecrire(colonne.nom);
     for (const double part : Pourcentages(entier, tableau.colonnes.size(), j)) trg.Ecrire(NombreFixe(part, 3, 1));
+    if (colonne.intitule.find("**") != std::string::npos)
+      throw Erreur(kIncompatibiliteType,
+                   Joindre({"*** Arret du programme : l'intitulé de la colonne "_w, colonne.nom,
+                            " contient **, qui finirait la liste des points du graphique : changez-le"}));
     trg.Ligne(Rogner(colonne.intitule).empty() ? colonne.nom : colonne.intitule);
   }
 }
@@ -103,10 +140,9 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
       static_cast<std::uint64_t>(std::clamp<std::int64_t>(tableau.lignes, 0, tableau.lignesDuFichier)) *
       tableau.colonnes.size();
   ExigerPlace(contexte, rapport, {40 * cellules, LongueurFichier(tableau.brt)});
-  Enregistrer(contexte, tableau, LireEntier(tableau), nouveau, options.trg);
-  if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
-    rapport.Ligne(
-        {"*** Attention : lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w, NombreNu(reste)});
+  const TableauEntier entier = LireEntier(tableau);
+  Enregistrer(contexte, tableau, entier, nouveau, options.trg);
+  EcrireReserves(rapport, tableau, entier);
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
   rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});

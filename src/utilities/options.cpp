@@ -140,7 +140,9 @@ const Description<OptionsExportCsv>& DescriptionExportCsv() {
                  "sépare les cellules"_w)
           .Choix("codage", &O::utf8, {{"windows-1252", false}, {"utf-8", true}}, "codage des caractères"_w)
           .Choix("contenu", &O::codes, {{"intitules", false}, {"codes", true}},
-                 "intitulés des modalités, ou codes sous des titres qui commencent par le nom de la question"_w);
+                 "intitulés des modalités, ou codes sous des titres qui commencent par le nom de la question"_w)
+          .OuiNon("choix", &O::choix, "écrit aussi le .IMC avec lequel une importation retrouve noms et codes"_w)
+          .Montre("CheckChoix");
   return description;
 }
 

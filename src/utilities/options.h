@@ -5,7 +5,7 @@
 #include "utilities/caracteres.h"
 #include "utilities/exportation.h"
 #include "utilities/exportcsv.h"
-#include "utilities/fusion.h"
+#include "utilities/fusion/fusion.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"
 #include "utilities/trifichier.h"

@@ -30,7 +30,33 @@ std::int64_t LignesDUnBloc(const ParametresMod& parametres, std::int64_t lignesD
   return parametres.lignes >= 1 ? Entier64(parametres.lignes) : lignesDuFichier;
 }
 
+constexpr std::string_view kAttention = "*** Attention : ";
+
 }  // namespace
+
+void CellulesAPart::Noter(std::int64_t ligne, std::size_t colonne, std::string_view cellule) {
+  if (nombre++ > 0) return;
+  premiere = Joindre(
+      {"la première à la ligne "_w, Nombre(ligne), ", colonne ", Nombre(colonne), " ("_w, Rogner(cellule), ")"});
+}
+
+void CellulesAPart::Ecrire(Rapport& rapport, Texte sorte) const {
+  if (nombre > 0) rapport.Ligne({kAttention, "cellules ", sorte, " :", NombreNu(nombre), premiere});
+}
+
+void CellulesSansNombre::Voir(const LigneDeTableau& ligne) {
+  if (ligne.courte && courtes_++ == 0) premiereCourte_ = ligne.rang;
+  for (std::size_t j = 0; j < ligne.cellules.size(); ++j)
+    if (!Rogner(ligne.cellules[j]).empty() && !EstNombre(ligne.cellules[j]))
+      textes_.Noter(ligne.rang, j + 1, ligne.cellules[j]);
+}
+
+void CellulesSansNombre::Ecrire(Rapport& rapport) const {
+  textes_.Ecrire(rapport, "qui ne sont pas des nombres, lues jusqu'au premier signe de trop ou comptées pour 0"_w);
+  if (courtes_ > 0)
+    rapport.Ligne({kAttention, "lignes plus courtes que leurs cellules, dont ce qui manque compte pour 0 :"_w,
+                   NombreNu(courtes_), "la première est la ligne "_w, Nombre(premiereCourte_)});
+}
 
 void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
   const bool brt = contexte.Chercher(".BRT").has_value();
@@ -67,8 +93,10 @@ void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
   LigneDeTableau rangee;
   rangee.cellules.resize(tableau.colonnes.size());
   LecteurLignes lecteur(tableau.brt);
-  for (std::int64_t i = 0; i < lignes; ++i) {
+  const std::size_t longueur = kLargeurNom + tableau.colonnes.size() * largeur;
+  for (rangee.rang = 1; rangee.rang <= lignes; ++rangee.rang) {
     const std::string_view ligne = lecteur.LireObligatoire();
+    rangee.courte = ligne.size() < longueur;
     rangee.nom = CadreGauche(ligne, kLargeurNom);
     std::size_t colonne = kLargeurNom + 1;
     for (std::string_view& cellule : rangee.cellules) {

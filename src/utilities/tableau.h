@@ -31,14 +31,26 @@ struct Tableau {
   std::int64_t Blocs() const { return lignes > 0 ? std::max<std::int64_t>(lignesDuFichier / lignes, 1) : 1; }
 };
 
+// Cells that are not what they should be, and where the first of them stands.
+struct CellulesAPart {
+  std::int64_t nombre = 0;
+  std::string premiere;
+
+  void Noter(std::int64_t ligne, std::size_t colonne, std::string_view cellule);
+  // A counted line of the report; none without such cells.
+  void Ecrire(Rapport& rapport, Texte sorte) const;
+};
+
 // Writes what is missing and stops the run (kArretAnnonce).
 void ExigerTableau(Rapport& rapport, const Contexte& contexte);
 // Reads the pair but for the cells. Without a format a box says so and the run stops (kArretAnnonce). Raises 62 for a
-// .MOD of less than two lines and 5 for a width below 1.
+// .MOD of less than two lines, 5 for a width below 1, and a sentence (13) for a list of names that lacks columns.
 Tableau LireTableau(Rapport& rapport, const Contexte& contexte);
 
 // One cell at a time, row by row.
 struct LigneDeTableau {
+  std::int64_t rang = 0;                   // in the file, from 1
+  bool courte = false;                     // ends before its last cell does
   std::string nom;                         // 4 characters
   std::vector<std::string_view> cellules;  // as they stand in the file; they live until the next row
   std::string intitule;                    // trimmed, at most 25 characters
@@ -46,5 +58,17 @@ struct LigneDeTableau {
 // Gives the first `lignes` rows. Raises 62 when the file has fewer.
 void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
                       const std::function<void(const LigneDeTableau&)>& recevoir);
+
+// What counts for 0 without being one: cells that hold no number, and what short rows lack.
+class CellulesSansNombre {
+ public:
+  void Voir(const LigneDeTableau& ligne);
+  void Ecrire(Rapport& rapport) const;
+
+ private:
+  CellulesAPart textes_;
+  std::int64_t courtes_ = 0;
+  std::int64_t premiereCourte_ = 0;
+};
 
 }  // namespace quelvar::utilities

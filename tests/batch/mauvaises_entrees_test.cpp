@@ -99,7 +99,7 @@ std::vector<Cas> CasDesTableaux() {
        {},
        {{"ENQ.TRG", kTrg + "A    10.0 20.0 60.0\r\nB    20.0 30.0 50.0\r\n"}},
        Fin::Normale,
-       {"Points dont les trois pourcentages ne font pas 100 : 1."}},
+       {"Points dont les trois pourcentages ne font pas 100 : 1, le premier ligne 5, A (90)."}},
       {"reglin sur des dates",
        "reglin",
        {},

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/import.h"
 #include "capture/dbase/questions.h"
@@ -90,12 +92,17 @@ TEST(Noms, PositionsEtDoubles) {
   const std::pair<std::size_t, const char*> positions[] = {{1, "001"},    {999, "999"},  {1000, "A00"}, {1099, "A99"},
                                                            {3599, "Z99"}, {3600, "AA0"}, {9999, "YP9"}};
   for (const auto& [position, nom] : positions) EXPECT_EQ(NomDePosition(position), nom);
+  EXPECT_EQ(NomAvecLettres(0, 4) + NomAvecLettres(25999, 4) + NomAvecLettres(26000, 4) + NomAvecLettres(93600, 4),
+            "A000Z999AA00AAA0");
+  EXPECT_EQ(essai::NumeroLeve([] { NomAvecLettres(26 * 100 + 26 * 26 * 10, 3); }), kIndiceHorsSelection);
 
   std::vector<std::string> noms = {"AGE", "AGE", "2", "SEX", "4", " "};
   const auto blanc = [](std::string_view nom) { return Rogner(nom).empty(); };
   const auto rang = [](std::size_t i) { return std::to_string(i + 1); };
   EXPECT_EQ(DistinguerNoms(noms, blanc, rang), (std::vector<std::size_t>{0, 1, 2, 5}));
   EXPECT_EQ(noms, (std::vector<std::string>{"1", "2", "3", "SEX", "4", "6"})) << "\"2\" gives way to the second AGE";
+  noms = {" AB", "AB ", "A B"};
+  EXPECT_EQ(DistinguerNoms(noms, blanc, rang), (std::vector<std::size_t>{0, 1})) << "blanks around make no other name";
 }
 
 TEST_F(ImportDbfTest, PlusDeNeufMilleNeufCentsPositions) {
@@ -105,6 +112,22 @@ TEST_F(ImportDbfTest, PlusDeNeufMilleNeufCentsPositions) {
   EXPECT_TRUE(pos.ends_with("YP99999 1\r\n")) << pos.substr(pos.size() - 40);
   ASSERT_EQ(boites_.size(), 1U);
   EXPECT_EQ(boites_[0], "Les positions au-delà de 9999 ne sont pas des questions : *.POS ne peut pas les désigner"_w);
+}
+
+// A header that announces a hundred thousand records of no byte, and fields for nine thousand columns.
+TEST_F(ImportDbfTest, QuestionsDerriereLesEnregistrements) {
+  std::vector<Champ3> champs(60, {"C", 'C', 150});
+  champs.insert(champs.begin(), {"SEX", 'N', 1});
+  std::string octets = Dbf(champs, 100000, "");
+  octets.replace(10, 2, Mot(0));
+  Ecrire("ENQ.DBF", octets);
+  const auto debut = std::chrono::steady_clock::now();
+  EXPECT_EQ(Importer(), Fin::Normale);
+  EXPECT_LT(std::chrono::steady_clock::now() - debut, std::chrono::seconds(2));
+  EXPECT_EQ(Lire("ENQ.DAT").size(), 200000U) << "empty lines";
+  const std::string rapport = Lire("ENQ.IMP");
+  EXPECT_NE(rapport.find("Question UU1 Position 9001    Code-max.   0\r\n   0 100000\r\nTot. 100000 100\r\n"),
+            std::string::npos);
 }
 
 TEST_F(ImportDbfTest, ValeurAuDelaDesCodes) {

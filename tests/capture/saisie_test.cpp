@@ -154,6 +154,13 @@ TEST(EtatSaisie, CorrigerGardeCeQuOnNeTouchePas) {
   EXPECT_FALSE(etat.corrige) << "Escape leaves the correction, not the entry";
 }
 
+TEST(EtatSaisie, CodeAuDelaDuCodeMax) {
+  EtatSaisie etat = NouvelleSaisie({{Numerique("Q", 3), Numerique("R", 3)}, {}, 0}, 1);
+  PrendreEnregistrement(etat, 1, "77");
+  EXPECT_EQ(Frapper(etat, "Gauche Bas Droite"), 2);
+  EXPECT_EQ(etat.reponses, (std::vector<std::string>{" 3", " 3"})) << "held at the bound, from either side";
+}
+
 TEST(EtatSaisie, EcranDeLaQuestion) {
   Descripteur descripteur{{Numerique("SEX", 2), Numerique("AGE", 40), Alpha("NOM", 5), Alpha("CP", 5, true)}, {}, 0};
   EtatSaisie etat = NouvelleSaisie(descripteur, 0);
@@ -209,6 +216,14 @@ TEST_F(SaisieTest, RepriseEtCorrection) {
   EXPECT_EQ(Lire("ENQ.DAT"), "1 8DURAN\r\n2 9\r\n1 0     \r\n");
   EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 3 \r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n");
   EXPECT_TRUE(Dit("faits = 4 \r\n")) << "the lines at the start, the empty one too, and the new one";
+}
+
+TEST_F(SaisieTest, LigneViergeCorrigee) {
+  Ecrire("ENQ.DAT", "1 7DURAN\r\n        \r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n");
+  EXPECT_EQ(Rejouer("Enregistrement=2 Droite Entree\n"), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.DAT"), "1 7DURAN\r\n1       \r\n");
+  EXPECT_TRUE(Lire("ENQ.POS").starts_with("ENQ\r\n 2 \r\n")) << "one record more";
 }
 
 TEST_F(SaisieTest, EnregistrementsEnTexte) {

@@ -6,7 +6,7 @@
 #include "support/programme.h"
 #include "utilities/caracteres.h"
 #include "utilities/exportation.h"
-#include "utilities/fusion.h"
+#include "utilities/fusion/fusion.h"
 
 namespace quelvar::utilities {
 namespace {
@@ -159,6 +159,40 @@ TEST_F(RunUtilitaires, AFileIsMergedWithItselfOnlyWhenTheUserSaysSo) {
   EXPECT_EQ(Fusionner(contexte_, options), Fin::Normale);
   EXPECT_EQ(Lire("C.DAT"), "01\r\n01\r\n");
   EXPECT_EQ(Lire("A.DAT"), "01\r\n");
+}
+
+// The .POS of the result holds the lines of A and B; what they can't mean together is told in a box.
+TEST_F(RunUtilitaires, WhatThePosOfAFusionCannotMeanIsTold) {
+  Ecrire("A.DAT", "011\r\n");
+  Ecrire("B.DAT", "012\r\n");
+  const std::string a = "A\r\n 1 \r\nIDE   199\r\nSEX   3 2\r\n";
+  struct Essai {
+    TypeFusion type;
+    std::string a, b;
+    std::string_view boite;  // empty for none
+  };
+  const std::vector<Essai> essais = {
+      {TypeFusion::CoteACote, a, "B\r\n 1 \r\nIDE   199\r\nAGE   3 2\r\n",
+       "Questions de même nom dans A et dans B : 1 (IDE). C.POS les porte deux fois"_w},
+      {TypeFusion::CoteACote, a, "B\r\n 1 \r\nAGE   3 2\r\n", ""},
+      {TypeFusion::ALaSuite, a, "B\r\n 1 \r\nIDE   199\r\nSEX   3 3\r\n",
+       "Les questions de B ne sont pas celles de A, à partir de la question 2"_w},
+      {TypeFusion::ALaSuite, a, a + "** le reste\r\n", ""},
+      {TypeFusion::ALaSuite, a, "B\r\n 1 \r\n", "C.POS n'a pas été fait : A.POS ou B.POS manque"_w},
+  };
+  for (const Essai& essai : essais) {
+    Effacer("C.POS");
+    Ecrire("A.POS", essai.a);
+    Ecrire("B.POS", essai.b);
+    boites_.clear();
+    ASSERT_EQ(Fusionner(contexte_, Fusion(essai.type, true)), Fin::Normale);
+    ASSERT_EQ(boites_.size(), essai.boite.empty() ? 0U : 1U);
+    EXPECT_TRUE(boites_.empty() || boites_[0].find(essai.boite) != std::string::npos) << boites_[0];
+  }
+  Ecrire("C.POS", "le mien");
+  bouton_ = Reponse::Non;
+  EXPECT_EQ(Fusionner(contexte_, Fusion(TypeFusion::ALaSuite, true)), Fin::Arret);
+  EXPECT_EQ(Lire("C.POS"), "le mien");
 }
 
 TEST_F(RunUtilitaires, AVerificationGivenUpLeavesNoTrace) {

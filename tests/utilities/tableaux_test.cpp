@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "capture/apercu/import.h"
 #include "capture/import_csv.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
@@ -86,6 +87,57 @@ TEST_F(RunTableaux, TheIndividualsOfGendatCountBackToTheTable) {
     EXPECT_EQ(comptes, cellules) << lignes << " x " << colonnes << " x " << blocs;
     EXPECT_EQ(pos.taille.individus, individus);
   }
+}
+
+// A table that can't be taken for what it says is refused, and its files stay.
+TEST_F(RunTableaux, ATableWithoutAllItsNamesIsRefused) {
+  const std::string noms = "A      un\r\nB      deux\r\n";
+  const std::string trois = "L1    1  2  3\r\nL2    4  5  6\r\n";
+  struct Essai {
+    std::string parametres, brt;
+    std::string_view inversion, gendat;  // what each says; empty when it runs
+  };
+  const std::vector<Essai> essais = {
+      {" JMAX=3 FMT=3", trois, "annonce 3 colonnes et nomme 2 modalités"_w,
+       "annonce 3 colonnes et nomme 2 modalités"_w},
+      {" FMT=3", trois, "derrière la dernière des 2 colonnes nommées"_w,
+       "derrière la dernière des 2 colonnes nommées"_w},
+      {" COL=2 FMT=3", trois, "", ""},                                  // labels that are numbers
+      {" FMT=3", "L1    1  2100\r\nL2    4  5200\r\n", "", ""},         // labels that are numbers
+      {" LIGN=2 COL=4 FMT=3", "L1    1  2\r\nL2    4  5\r\n", "", ""},  // COL= counts the rows too
+      {" FMT=3", "L1    1  2\r\n      4  5\r\n", "ligne 2, le nom \"    \" n'est pas possible", ""},
+      {" FMT=3", "L1    1  2\r\n** x  4  5\r\n", "ligne 2, le nom \"** x\" n'est pas possible", ""},
+  };
+  bouton_ = Reponse::Oui;
+  for (const Essai& essai : essais) {
+    for (const char* reste : {"ENR.BRT", "ENR.MOD", "ENQ.DAT", "ENQ.POS"}) Effacer(reste);
+    Ecrire("ENQ.BRT", essai.brt);
+    Ecrire("ENQ.MOD", "ENQ\r\n" + essai.parametres + "\r\n" + noms);
+    EXPECT_EQ(Inverser(contexte_, {}), essai.inversion.empty() ? Fin::Normale : Fin::Arret) << essai.brt;
+    EXPECT_TRUE(Dit(essai.inversion)) << montre_;
+    EXPECT_EQ(Existe("ENR.MOD"), essai.inversion.empty());
+    EXPECT_EQ(Gendat(contexte_, {}), essai.gendat.empty() ? Fin::Normale : Fin::Arret) << essai.brt;
+    EXPECT_TRUE(Dit(essai.gendat)) << montre_;
+  }
+}
+
+TEST_F(RunTableaux, CellsThatAreNoNumbersAndShortRowsAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n COL=2 FMT=3\r\nA      un\r\nB      a**b\r\n");
+  Ecrire("ENQ.BRT", "L1    1abc\r\nL1  1,5   \r\nL3    4\r\n");
+  const std::string_view mots =
+      "*** Attention : cellules qui ne sont pas des nombres, lues jusqu'au premier signe de trop ou comptées pour 0 : "
+      "2 "
+      "la première à la ligne 1, colonne 2 (abc)"_w;
+  const std::string_view courtes =
+      "*** Attention : lignes plus courtes que leurs cellules, dont ce qui manque compte pour 0 : 1 la première est la "
+      "ligne 3"_w;
+  ASSERT_EQ(Gendat(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(Dit(mots) && Dit(courtes)) << montre_;
+  EXPECT_EQ(Lire("ENQ.DAT"), "11\r\n21\r\n31\r\n31\r\n31\r\n31\r\n");
+  ASSERT_EQ(Inverser(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(Dit(mots) && Dit(courtes) && Dit("lignes de même nom, que rien ne distinguera plus en colonnes : L1"_w));
+  EXPECT_EQ(Inverser(contexte_, {.trg = true}), Fin::Arret);
+  EXPECT_TRUE(Dit("finirait la liste des points"));
 }
 
 TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
@@ -184,6 +236,72 @@ TEST_F(RunTableaux, ASurveyExportedAndImportedAgainIsTheSame) {
     EXPECT_EQ(CodesDe(dossier_.Chemin()), codes);
     Effacer("ENQ.csv");
     ASSERT_EQ(ExporterCsv(contexte_, {.codes = true}), Fin::Normale);
+  }
+}
+
+// The labels are texts that a spreadsheet and a list of choices must quote, and those of a question with another's
+// code.
+TEST_F(RunTableaux, UnderLabelsTheChoicesBringTheCodesBack) {
+  std::mt19937 hasard(8);
+  for (int tour = 0; tour < 12; ++tour) {
+    std::string pos = "ENQ\r\n 80 \r\n";
+    std::string mod = "ENQ\r\n BRT=0\r\n";
+    std::vector<int> codesMax;
+    int position = 1;
+    for (int q = 0; q < 5; ++q) {
+      codesMax.push_back(static_cast<int>(hasard() % 3 == 0 ? 10 + hasard() % 85 : 2 + hasard() % 7));
+      const std::string nom = "Q" + std::to_string(q) + "X";
+      pos += Joindre({nom, EntierDroit(position, 4), EntierDroit(codesMax.back(), 2),
+                      std::string(q % 2 == 0 ? " $Une = question$" : ""), "\r\n"});
+      position += codesMax.back() > 9 ? 2 : 1;
+      for (int code = 1; code <= codesMax.back(); ++code)
+        if (const auto sorte = hasard() % 5; sorte != 0)
+          mod += Joindre({nom.substr(0, code < 36 ? 3 : 2), CodeCaractere(code), "   ",
+                          sorte == 1   ? "dit \"oui; non\" | "
+                          : sorte == 2 ? "été = #"_w
+                          : sorte == 3 ? "nr "
+                                       : "Code ",
+                          Nombre(sorte == 3 && tour % 3 == 0 ? 2 : code), "\r\n"});
+    }
+    std::string dat;
+    for (int i = 0; i < 80; ++i, dat += "\r\n")
+      for (const int codeMax : codesMax)
+        dat += NombreFixe(static_cast<int>(hasard() % static_cast<unsigned>(codeMax + 1)), codeMax > 9 ? 2 : 1, 0);
+    Ecrire("ENQ.POS", pos);
+    Ecrire("ENQ.DAT", dat);
+    Ecrire("ENQ.MOD", mod);
+    const std::string codes = CodesDe(dossier_.Chemin());
+    boites_.clear();
+    ASSERT_EQ(ExporterCsv(contexte_, {.tabulation = tour % 2 == 0, .utf8 = tour % 3 == 0, .choix = true}),
+              Fin::Normale);
+    // "nr 2" of two codes is one text: that, and nothing else, is told.
+    const bool confondus = !boites_.empty() && boites_.back().starts_with("Questions dont deux codes");
+    for (const char* nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD"}) Effacer(nom);
+    capture::OptionsImport options;
+    options.fichierChoix = "ENQ.IMC";
+    ASSERT_EQ(capture::Importer(contexte_, options), Fin::Normale) << montre_;
+    const std::string relus = CodesDe(dossier_.Chemin());
+    EXPECT_EQ(confondus, tour % 3 == 0);
+    EXPECT_EQ(relus == codes, !confondus) << tour;
+    EXPECT_EQ(LirePos(dossier_.Chemin() / "ENQ.POS").questions[1].nom, "Q1X");
+  }
+}
+
+TEST_F(RunTableaux, WhatTheSpreadsheetCannotTellIsSaid) {
+  Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2\r\nNBX   212\r\n");
+  Ecrire("ENQ.DAT", "112\r\n3-1\r\nA  \r\n 13\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n\r\nSEX1   Oui\r\nSEX2   Oui\r\n");
+  for (const bool codes : {false, true}) {
+    boites_.clear();
+    ASSERT_EQ(ExporterCsv(contexte_, {.codes = codes}), Fin::Normale);
+    EXPECT_EQ(Lire("ENQ.csv"),
+              codes ? "SEX;NBX\r\n1;12\r\n0;0\r\n0;0\r\n0;0\r\n" : "SEX;NBX\r\nOui;12\r\nnr;nr\r\nnr;nr\r\nnr;nr\r\n");
+    std::erase_if(boites_, [](const std::string& boite) { return boite.starts_with("Le fichier"); });
+    ASSERT_EQ(boites_.size(), codes ? 1U : 2U);
+    EXPECT_EQ(boites_[0],
+              Joindre({"Valeurs qui ne sont pas des codes de leur question, exportées sous la forme "_w,
+                       std::string(codes ? "0" : "nr"), " : 4, la première : individu 2, question SEX (3)"_w}));
+    EXPECT_TRUE(codes || boites_[1].find("SEX (codes 1 et 2 : Oui)") != std::string::npos);
   }
 }
 

@@ -21,17 +21,21 @@ bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
   return std::ranges::find(textes, texte) != textes.end();
 }
 
-// The title without what tells one answer from another: "q3_1", "q3[SQ001]", "Loisirs [Sport]" give "q3", "q3",
-// "Loisirs". Empty for a title that has no such end.
+// The title without what tells one answer from another: "q3_1", "q3[SQ001]", "q3[SQ001]. Loisirs [Sport]", "Loisirs
+// [Sport]" give "q3", "q3", "q3", "Loisirs". Empty for a title that has no such part.
 std::string_view Racine(std::string_view intitule) {
-  if (intitule.ends_with(']')) {
-    const std::size_t debut = intitule.rfind('[');
-    return debut == std::string_view::npos ? std::string_view{} : Rogner(intitule.substr(0, debut));
-  }
+  if (const std::size_t crochet = intitule.find('['); crochet != std::string_view::npos)
+    if (intitule.find(']', crochet) != std::string_view::npos) return Rogner(intitule.substr(0, crochet));
+  // A code of two signs and digits before the words: "q3_SQ001. Sport".
   std::size_t fin = intitule.size();
-  while (fin > 0 && intitule[fin - 1] >= '0' && intitule[fin - 1] <= '9') --fin;
-  if (fin == intitule.size() || fin < 2) return {};
   constexpr std::string_view kSous = "SQ";
+  if (const std::size_t code = intitule.find(kSous); code != std::string_view::npos && code > 0) {
+    const std::size_t suite = intitule.find_first_not_of("0123456789", code + kSous.size());
+    if (suite != code + kSous.size()) fin = std::min(suite, intitule.size());
+  }
+  const std::string_view tete = intitule.substr(0, fin);
+  while (fin > 0 && intitule[fin - 1] >= '0' && intitule[fin - 1] <= '9') --fin;
+  if (fin == tete.size() || fin < 2) return {};
   std::string_view racine = intitule.substr(0, fin);
   if (racine.ends_with(kSous)) racine.remove_suffix(kSous.size());
   if (racine.size() < 2 || (racine.back() != '_' && racine.back() != '.' && racine.back() != '-')) return {};
@@ -59,14 +63,46 @@ bool EstAutre(std::string_view intitule) {
   return fin.starts_with("other") || fin.starts_with("autre") || fin.starts_with("comment");
 }
 
+bool EstManque(std::string_view texte) {
+  return EstMot(texte, {"nsp", "nr", "na", "n/a", "nc", "ne sait pas", "sans réponse"_w, "sans reponse", "-"});
+}
+
 // A column that may be one answer of a question with several: yes or no, or its own label where it was ticked.
-bool EstUneReponse(const FaitsDeColonne& colonne) {
-  if (colonne.contenu == Contenu::Vide) return true;
-  const auto ouiOuNon = [](const ValeurComptee& v) { return EstOui(v.valeur) || EstNon(v.valeur); };
-  if (colonne.contenu != Contenu::Textes && colonne.contenu != Contenu::Codes) return false;
-  if (std::ranges::all_of(colonne.valeurs, ouiOuNon)) return !colonne.valeurs.empty();
-  return colonne.contenu == Contenu::Textes && colonne.valeurs.size() == 1 && colonne.vides > 0 &&
-         !EstAutre(colonne.intitule);
+struct Reponse {
+  bool possible = false;
+  bool certaine = false;  // texts, and none but yes and no
+};
+
+Reponse JugerReponse(const FaitsDeColonne& colonne) {
+  if (colonne.contenu == Contenu::Vide) return {true, false};
+  const bool textes = colonne.contenu == Contenu::Textes;
+  if (!textes && colonne.contenu != Contenu::Codes) return {};
+  bool nettes = !colonne.valeurs.empty();
+  bool manques = true;
+  bool uneReponse = false;
+  for (const ValeurComptee& v : colonne.valeurs) {
+    const bool ouiOuNon = EstOui(v.valeur) || EstNon(v.valeur);
+    nettes = nettes && ouiOuNon;
+    manques = manques && (ouiOuNon || EstManque(v.valeur));
+    uneReponse = uneReponse || ouiOuNon;
+  }
+  if (nettes) return {true, textes};
+  if (textes && manques && uneReponse) return {true, false};
+  return {textes && colonne.valeurs.size() == 1 && colonne.vides > 0 && !EstAutre(colonne.intitule) &&
+              !EstManque(colonne.valeurs.front().valeur),
+          textes};
+}
+
+// The texts of such a column: those that count as 1, and those that are no answer, which count as 0.
+void PoserReponses(const FaitsDeColonne& colonne, ChoixDeColonne& choix) {
+  choix.genre = Genre::Multiple;
+  choix.reponses.clear();
+  for (const ValeurComptee& valeur : colonne.valeurs) {
+    if (EstNon(valeur.valeur)) continue;
+    const bool manque = EstManque(valeur.valeur);
+    if (manque && EstParmi(choix.nonReponses, valeur.valeur)) continue;
+    (manque ? choix.nonReponses : choix.reponses).push_back(valeur.valeur);
+  }
 }
 
 // Columns of one stem whose cells are ticks become questions of 1 and 0.
@@ -76,16 +112,14 @@ void ProposerReponses(const std::vector<FaitsDeColonne>& colonnes, std::vector<C
     if (const std::string_view racine = Racine(colonnes[j].intitule); !racine.empty()) groupes[racine].push_back(j);
   for (const auto& groupe : groupes) {
     std::vector<std::size_t> reponses;
-    for (const std::size_t j : groupe.second)
-      if (EstUneReponse(colonnes[j])) reponses.push_back(j);
-    const auto enTextes = [&](std::size_t j) { return colonnes[j].contenu == Contenu::Textes; };
-    if (reponses.size() < 2 || std::ranges::none_of(reponses, enTextes)) continue;
-    for (const std::size_t j : reponses) {
-      choix[j].genre = Genre::Multiple;
-      choix[j].reponses.clear();
-      for (const ValeurComptee& valeur : colonnes[j].valeurs)
-        if (!EstNon(valeur.valeur)) choix[j].reponses.push_back(valeur.valeur);
+    bool certaine = false;
+    for (const std::size_t j : groupe.second) {
+      const Reponse reponse = JugerReponse(colonnes[j]);
+      if (reponse.possible) reponses.push_back(j);
+      certaine = certaine || reponse.certaine;
     }
+    if (reponses.size() < 2 || !certaine) continue;
+    for (const std::size_t j : reponses) PoserReponses(colonnes[j], choix[j]);
   }
 }
 
@@ -111,6 +145,14 @@ bool DonneUnNom(const ChoixDeColonne& choix, bool nombres) {
                       choix.genre == Genre::Multiple);
 }
 
+// What a column is to be called: by its number when it has no title of its own.
+std::string NomDemande(const ChoixDeColonne& choix, std::size_t j) {
+  const std::string numero = Nombre(j + 1);
+  if (!choix.nom.empty()) return choix.nom;
+  if (choix.intitule != Joindre({kTitreDeColonne, numero}) || numero.size() > 3) return choix.intitule;
+  return std::string("Co").substr(0, 3 - numero.size()) + numero;
+}
+
 // Codes that are all 0 make no question and take no name; `colonnes` tells which, when it is known.
 void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<FaitsDeColonne>* colonnes) {
   std::vector<std::size_t> rangs;
@@ -119,7 +161,7 @@ void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<
     if (!DonneUnNom(choix[j], nombres)) continue;
     if (colonnes != nullptr && choix[j].genre == Genre::Codes && (*colonnes)[j].maximum <= 0) continue;
     rangs.push_back(j);
-    intitules.push_back(choix[j].nom.empty() ? choix[j].intitule : choix[j].nom);
+    intitules.push_back(NomDemande(choix[j], j));
   }
   const std::vector<NomCourt> noms = NomsCourts(intitules);
   for (std::size_t i = 0; i < rangs.size(); ++i) choix[rangs[i]].nom = noms[i].nom;
@@ -136,9 +178,7 @@ void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne,
   const std::size_t avant = refus.size();
   for (const CelluleFautive& cellule : colonne.fautives) {
     if (EstParmi(choix.nonReponses, cellule.valeur)) continue;
-    refus.push_back(Cellule(
-        colonne, numero, cellule,
-        choix.genre == Genre::Codes ? std::string_view("n'est pas un code") : std::string_view("n'est pas un nombre")));
+    refus.push_back(Cellule(colonne, numero, cellule, RaisonDuRefus(choix, colonne, cellule.valeur)));
   }
   const auto gardees = static_cast<std::int64_t>(colonne.fautives.size());
   if (refus.size() > avant && colonne.fautes > gardees)
@@ -158,6 +198,14 @@ std::int64_t TextesACoder(const ChoixDeColonne& choix, const FaitsDeColonne& col
   for (const ValeurComptee& valeur : colonne.valeurs)
     if (!EstParmi(choix.nonReponses, valeur.valeur)) ++nombre;
   return colonne.valeurs.empty() ? colonne.differentes : nombre;
+}
+
+// ", NSP et NR comptent pour 0".
+std::string DireZeros(const ChoixDeColonne& choix) {
+  std::string noms;
+  for (const std::string& texte : choix.nonReponses) noms.append(noms.empty() ? ", " : " et ").append(texte);
+  if (noms.empty()) return {};
+  return noms + (choix.nonReponses.size() > 1 ? " comptent pour 0" : " compte pour 0");
 }
 
 std::string DevenirTextes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
@@ -260,6 +308,21 @@ void NommerChoix(std::vector<ChoixDeColonne>& choix) {
   Nommer(choix, true, nullptr);
 }
 
+std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule) {
+  const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
+  if (const std::optional<NombreLu> nombre = LireNombre(cellule); decimales && nombre) {
+    return nombre->EstAmbigu() && colonne.signes.douteRefuse && nombre->signe == colonne.signes.decimale
+               ? "peut avoir des décimales ou des milliers : donnez decimale=virgule ou decimale=point"_w
+               : "a un autre signe décimal que le fichier : donnez decimale=virgule ou decimale=point"_w;
+  }
+  switch (choix.genre) {
+    case Genre::Codes: return "n'est pas un code";
+    case Genre::Multiple: return "n'est pas une réponse connue"_w;
+    case Genre::Textes: return "n'a pas de code";
+    default: return "n'est pas un nombre";
+  }
+}
+
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
                                        const std::vector<FaitsDeColonne>& colonnes) {
   std::vector<std::string> refus;
@@ -298,7 +361,7 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) 
     case Genre::Multiple:
       return choix.liste != '\0'
                  ? Joindre({"une question de 1 et 0 pour chacune des ", Nombre(colonne.elements.size()), " réponses"_w})
-                 : Joindre({"une question : 1 pour la réponse, 0 sans elle"_w});
+                 : Joindre({"une question : 1 pour la réponse, 0 sans elle"_w, DireZeros(choix)});
     case Genre::Longs: return Joindre({"textes mis dans le fichier .TXT, pour le découpage en mots"_w});
     case Genre::Numero: return Joindre({"numéro de l'individu : dans .DAT, pas dans .POS"_w});
     case Genre::Ecartee:

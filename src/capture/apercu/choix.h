@@ -54,6 +54,9 @@ std::vector<Genre> GenresPossibles(const FaitsDeColonne& colonne);
 // Gives a name to each choice that needs one and has none, or has one that another has too.
 void NommerChoix(std::vector<ChoixDeColonne>& choix);
 
+// Why a cell that the choice cannot take stops the import.
+std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule);
+
 // What stops the import with these choices, as sentences that name column, line and value; empty when all is well.
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
                                        const std::vector<FaitsDeColonne>& colonnes);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/cellule.h"
 
 namespace quelvar::capture {
 
@@ -51,21 +52,27 @@ struct FaitsDeColonne {
   std::vector<ValeurComptee> valeurs;
   std::vector<ValeurComptee> elements;  // of lists, in alphabetic order
   char liste = '\0';                    // sign between the answers of a cell
-  char decimale = ',';                  // of its numbers
-  int decimales = 0;                    // most digits behind it
-  double minimum = 0, maximum = 0;      // of its numbers
-  std::int64_t negatives = 0;           // numbers below 0
-  std::size_t largeur = 0;              // of the longest cell
-  std::size_t largeurNombre = 0;        // of the longest number, written with a decimal point and no groups
-  std::int64_t avecDecimales = 0;       // numbers with a decimal sign
-  std::int64_t nonNumeriques = 0;       // filled cells that are no numbers
-  std::int64_t longues = 0;             // texts beyond kLongueurCourte characters
-  std::int64_t nonReponses = 0;         // cells "nr", as the export writes the code 0
+  SignesDeNombres signes;               // of its numbers
+  std::int64_t enMilliers = 0;          // numbers like "3,400" that these read as thousands
+  std::int64_t douteuses = 0;           // numbers like "3,400" read as decimals although nothing shows that they are
+  std::string exemple;                  // one of either
+  std::int64_t habillees = 0;           // cells written ="01" or '01
+  std::string exempleHabille;
+  int decimales = 0;                // most digits behind it
+  double minimum = 0, maximum = 0;  // of its numbers
+  std::int64_t negatives = 0;       // numbers below 0
+  std::size_t largeur = 0;          // of the longest cell
+  std::size_t largeurNombre = 0;    // of the longest number, written with a decimal point and no groups
+  std::int64_t avecDecimales = 0;   // numbers with a decimal sign
+  std::int64_t nonNumeriques = 0;   // filled cells that are no numbers
+  std::int64_t longues = 0;         // texts beyond kLongueurCourte characters
+  std::int64_t nonReponses = 0;     // cells "nr", as the export writes the code 0
 };
 inline constexpr std::size_t kValeursGardees = 1000;
 inline constexpr std::int64_t kDifferentesAuPlus = 100000;
 inline constexpr std::string_view kNonReponse = "nr";
-inline constexpr std::string_view kTitreNumero = "NUM";  // of a first column that numbers the individuals
+inline constexpr std::string_view kTitreDeColonne = "Colonne ";  // and its number, in a table without titles
+inline constexpr std::string_view kTitreNumero = "NUM";          // of a first column that numbers the individuals
 
 // Alphabetic order as a French reader expects it: case and accents count only between texts equal without them;
 // numbers come first, by size.

@@ -103,9 +103,20 @@ void Garder(const Contexte& contexte, const Chemin& ancien, JeuDeFichiers& sorti
   sorties.Copier(ancien, NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename())), Nature::Unique);
 }
 
-void EcrireChoix(const Contexte& contexte, const std::string& octets, JeuDeFichiers& sorties) {
-  if (const std::optional<Chemin> ancien = contexte.Chercher(".IMC"); ancien && LireOctets(*ancien) != octets)
-    Garder(contexte, *ancien, sorties);
+// The choices of an earlier import that this one has not taken are kept, and told.
+void EcrireChoix(Rapport& rapport, const Contexte& contexte, const OptionsImport& options, const std::string& octets,
+                 JeuDeFichiers& sorties) {
+  const std::optional<Chemin> ancien = contexte.Chercher(".IMC");
+  if (ancien && LireOctets(*ancien) != octets) {
+    const std::string copie = NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien->filename()));
+    sorties.Copier(*ancien, copie, Nature::Unique);
+    const std::optional<Chemin> pris = ChercherFichier(contexte.repertoire, options.fichierChoix);
+    const bool servi = !options.choix.empty() || (!options.fichierChoix.empty() && pris && MemeFichier(*pris, *ancien));
+    rapport.Ligne(
+        {servi ? "Les anciens choix de "_w : "*** Attention : les choix d'une importation précédente, dans "_w,
+         contexte.Nom(".IMC"), servi ? std::string_view{} : ", n'ont pas servi : ils", " sont gardés sous le nom "_w,
+         copie, servi ? std::string() : Joindre({" (choix=", copie, " les reprend)"})});
+  }
   sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(octets);
 }
 
@@ -154,8 +165,9 @@ void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, const Reconnais
   throw Erreur(kArretAnnonce);
 }
 
-void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const Plan& plan,
-                            const Reconnaissance& table, Sorties& sorties, IntitulesPerdus& perdus) {
+void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const OptionsImport& options,
+                            const Fichiers& fichiers, const Plan& plan, const Reconnaissance& table, Sorties& sorties,
+                            IntitulesPerdus& perdus) {
   EcrirePos(sorties.jeu.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte.generique, plan.colonnes,
             table.faits.individus);
   if (AvecIntitules(plan)) {
@@ -170,7 +182,7 @@ void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Fi
     SauvegarderMod(rapport, contexte, contexte.Nom("N.MOD"), sorties.jeu);
     EcrireVariables(sorties.jeu.Ouvrir(contexte.Nom("N.MOD"), Nature::Unique), contexte.Nom("N"), plan);
   }
-  EcrireChoix(contexte, EcrireImc(ChoixFaits(table.choix, plan)), sorties.jeu);
+  EcrireChoix(rapport, contexte, options, EcrireImc(ChoixFaits(table.choix, plan)), sorties.jeu);
 }
 
 void EcrireColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table,
@@ -201,7 +213,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   IntitulesPerdus perdus;
-  EcrireLesDictionnaires(rapport, contexte, fichiers, plan, table, *sorties, perdus);
+  EcrireLesDictionnaires(rapport, contexte, options, fichiers, plan, table, *sorties, perdus);
   CopierSource(contexte, fichiers, source, plan, sorties->jeu);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   EcrireLecture(rapport, fichiers.nomSource, table);
@@ -238,6 +250,9 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
   EcrireLecture(rapport, NomDeSource(contexte, options), table);
   EcrireTableDesColonnes(rapport, table);
   for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);
+  if (contexte.Chercher(".IMC") && options.fichierChoix.empty())
+    rapport.Ligne({"Le fichier ", contexte.Nom(".IMC"),
+                   " existe : ses choix ne sont pas repris ici (choix=", contexte.Nom(".IMC"), " les reprend)"});
   for (const std::string& refus : RefusDeTable(table.faits)) rapport.Ligne(refus);
   for (const std::string& refus : RefusDesChoix(table.choix, table.faits.colonnes)) rapport.Ligne(refus);
 }

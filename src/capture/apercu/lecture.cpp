@@ -7,6 +7,7 @@
 
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/encodages.h"
+#include "capture/apercu/octets/premiereligne.h"
 #include "capture/apercu/octets/rangees.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
@@ -90,43 +91,36 @@ char SigneDeSep(const Chemin& source, Encodage encodage) {
   return ligne.size() <= 5 && kCandidats.find(signe) != std::string_view::npos ? signe : '\0';
 }
 
-// Rows of numbers only are data, unless they count up as numbers of questions do.
-bool SontDesTitres(const std::vector<std::string>& rangee) {
-  double precedent = -1;
-  for (const std::string& cellule : rangee) {
-    const std::optional<NombreLu> nombre = LireNombre(cellule);
-    if (!nombre) {
-      if (cellule.empty() || EstDate(cellule)) continue;
-      return true;
-    }
-    if (!nombre->EstEntier() || nombre->negatif) return false;
-    const double valeur = ValeurDe(nombre->Normalise());
-    if (valeur <= precedent) return false;
-    precedent = valeur;
-  }
-  return true;
-}
-
-void ChoisirDecimale(LectureDetectee& detectee, const Echantillon& echantillon) {
+// Numbers that can have no other decimal sign than that one.
+struct Preuves {
   std::int64_t virgules = 0;
   std::int64_t points = 0;
-  bool certains = false;  // a number that can't be a whole one in thousands
-  const std::size_t premiere = detectee.lecture.ligneTitres > 0 ? 1 : 0;
-  for (std::size_t i = premiere; i < echantillon.rangees.size(); ++i) {
-    for (const std::string& cellule : echantillon.rangees[i]) {
-      const std::optional<NombreLu> nombre = LireNombre(cellule);
-      if (!nombre) continue;
-      if (nombre->signe == ',') ++virgules;
-      if (nombre->signe == '.') ++points;
-      if (nombre->signe != '\0' && !nombre->EstAmbigu()) certains = true;
-    }
+  bool signes = false;  // any sign in a number
+
+  void Voir(std::string_view cellule) {
+    const std::optional<NombreLu> nombre = LireNombre(cellule);
+    if (!nombre) return;
+    signes = signes || nombre->signe != '\0';
+    if (nombre->EstAmbigu()) return;
+    if (nombre->signe == ',' || nombre->groupes == '.') ++virgules;
+    else if (nombre->signe == '.' || nombre->groupes == ',') ++points;
   }
-  detectee.sansDecimales = virgules + points == 0;
+};
+
+void ChoisirDecimale(LectureDetectee& detectee, const Echantillon& echantillon) {
+  Preuves preuves;
+  const std::size_t premiere = detectee.lecture.ligneTitres > 0 ? 1 : 0;
+  for (std::size_t i = premiere; i < echantillon.rangees.size(); ++i)
+    for (const std::string& cellule : echantillon.rangees[i]) preuves.Voir(cellule);
+  detectee.sansDecimales = !preuves.signes;
   const char usuelle = detectee.lecture.separateur == ',' ? '.' : ',';
-  detectee.lecture.decimale = virgules == points || !certains ? usuelle : virgules > points ? ',' : '.';
-  if (virgules > 0 && points > 0)
-    detectee.doutes.push_back(Joindre({"Des nombres ont une virgule décimale ("_w, Nombre(virgules),
-                                       "), d'autres un point (", Nombre(points), ") dans les premières lignes."_w}));
+  detectee.lecture.decimale = preuves.virgules == preuves.points  ? usuelle
+                              : preuves.virgules > preuves.points ? ','
+                                                                  : '.';
+  if (preuves.virgules > 0 && preuves.points > 0)
+    detectee.doutes.push_back(
+        Joindre({"Des nombres ont une virgule décimale ("_w, Nombre(preuves.virgules), "), d'autres un point (",
+                 Nombre(preuves.points), ") dans les premières lignes."_w}));
 }
 
 void ChoisirSeparateur(LectureDetectee& detectee, const Chemin& source, Echantillon& retenu) {
@@ -171,18 +165,20 @@ LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue) {
   if (echantillon.rangees.empty())
     throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : le fichier "_w, TexteDe(source.filename()),
                                                 " ne contient aucune valeur."}));
-  const bool titres = SontDesTitres(echantillon.rangees.front());
-  if (titres) {
-    detectee.lecture.ligneTitres = static_cast<std::size_t>(echantillon.lignes.front());
-  } else {
-    detectee.doutes.emplace_back(
-        "La première ligne ne contient que des nombres : elle est lue comme un individu, sans intitulés."_w);
-  }
+  const PremiereLigne premiere = JugerPremiereLigne(echantillon.rangees);
+  if (premiere.titres) detectee.lecture.ligneTitres = static_cast<std::size_t>(echantillon.lignes.front());
+  detectee.douteTitres = premiere.doute;
   ChoisirDecimale(detectee, echantillon);
   if (echantillon.guillemetSansFin > 0)
     detectee.doutes.push_back(
         Joindre({"Un guillemet ouvert à la ligne "_w, Nombre(echantillon.guillemetSansFin), " n'est jamais fermé."_w}));
   return detectee;
+}
+
+std::vector<std::string> LectureDetectee::DoutesDe(const Lecture& enCours) const {
+  std::vector<std::string> restants = doutes;
+  if (!douteTitres.empty() && (enCours.ligneTitres == 0) == (lecture.ligneTitres == 0)) restants.push_back(douteTitres);
+  return restants;
 }
 
 std::string_view NomEncodage(Encodage encodage) {

@@ -13,10 +13,18 @@ namespace quelvar::capture {
 
 enum class Encodage { Utf8, Utf8AvecMarque, Utf16LE, Utf16BE, Windows1252, Latin9, Cp850 };
 
+// How sure the decimal sign is.
+enum class SourceDeDecimale {
+  Usuelle,  // found in the first rows, or the usual one
+  Feuille,  // that of the numbers of a workbook
+  Donnee,   // laid down by the user: the other sign can only stand between thousands
+};
+
 struct Lecture {
   Encodage encodage = Encodage::Windows1252;
-  char separateur = ';';        // ';' ',' '\t' or '|'
-  char decimale = ',';          // ',' or '.'
+  char separateur = ';';  // ';' ',' '\t' or '|'
+  char decimale = ',';    // ',' or '.'
+  SourceDeDecimale sourceDeDecimale = SourceDeDecimale::Usuelle;
   bool guillemets = true;       // a double quote opens a field
   std::size_t ligneTitres = 1;  // line of the file (from 1) that holds the titles; 0: the file has none
   bool ligneSep = false;        // the first line is "sep=;" and no row of the table
@@ -33,6 +41,10 @@ struct LectureDetectee {
   bool sansDecimales = false;
   // What is not certain, as sentences to be shown (code page); empty in the common case.
   std::vector<std::string> doutes;
+  std::string douteTitres;  // the same of the title row
+
+  // Those that a reading leaves: what was changed by hand is certain.
+  std::vector<std::string> DoutesDe(const Lecture& enCours) const;
 };
 
 // Looks at the head of the file (at most kTete bytes), or at all of it. Raises a sentence (13) for a file that is no

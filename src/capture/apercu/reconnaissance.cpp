@@ -13,6 +13,8 @@ LectureDetectee LireLaLecture(const SourceDeTable& source, const LectureImposee&
   if (LongueurFichier(source.Texte()) > kTete && !imposee.encodage &&
       detectee.lecture.encodage != Encodage::Utf8AvecMarque)
     detectee = DetecterLecture(source, Etendue::Entier);
+  if (imposee.titres) detectee.douteTitres.clear();
+  detectee.doutes = detectee.DoutesDe(detectee.lecture);
   detectee.lecture = imposee.Appliquer(detectee.lecture);
   return detectee;
 }
@@ -50,7 +52,10 @@ std::vector<ChoixDeColonne> ChoixDeFichier(const Contexte& contexte, const Optio
 
 Lecture LectureImposee::Appliquer(Lecture lecture) const {
   if (encodage) lecture.encodage = *encodage;
-  if (decimale) lecture.decimale = *decimale;
+  if (decimale) {
+    lecture.decimale = *decimale;
+    lecture.sourceDeDecimale = SourceDeDecimale::Donnee;
+  }
   if (guillemets) lecture.guillemets = *guillemets;
   const std::size_t premiere = lecture.ligneSep ? 2 : 1;
   if (separateur && *separateur != lecture.separateur) {

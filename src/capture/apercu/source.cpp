@@ -26,7 +26,10 @@ SourceDeTable::~SourceDeTable() = default;
 
 LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue) {
   LectureDetectee detectee = DetecterLecture(source.Texte(), etendue);
-  if (source.EstCopie()) detectee.lecture.decimale = '.';
+  if (source.EstCopie()) {
+    detectee.lecture.decimale = '.';
+    detectee.lecture.sourceDeDecimale = SourceDeDecimale::Feuille;
+  }
   return detectee;
 }
 

@@ -42,6 +42,7 @@ bool SansAutreChoix(const OptionsImport& options, const Apercu& apercu) {
 bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
                       Travail& travail) {
   LectureDetectee detectee = DetecterLecture(source);
+  if (options.lecture.titres) detectee.douteTitres.clear();
   const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
   if (!SansAutreChoix(options, LireApercu(source.Texte(), lecture))) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
@@ -55,7 +56,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   const std::optional<PassageDirect> passage =
       EcrireDirect(source.Texte(), lecture, *promesse, dat, [&] { progression.Avancer(); });
   if (!passage) return false;
-  travail.table = {lecture, std::move(detectee.doutes), FaitsDuPassage(apercu.faits, *passage), {}};
+  travail.table = {lecture, detectee.DoutesDe(lecture), FaitsDuPassage(apercu.faits, *passage), {}};
   travail.table.choix = ProposerChoix(travail.table.faits.colonnes);
   travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), lecture);
   travail.bilan.individus = passage->individus;

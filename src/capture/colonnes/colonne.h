@@ -17,10 +17,11 @@ struct ColonneImportee {
   std::string nomCourt;      // empty when it stays out of .POS
   std::size_t position = 1;  // in .DAT, from 1
   std::size_t largeur = 0;
-  double codeMax = 0;    // 0 for a column that holds no codes
-  bool numero = false;   // identifies the individuals
-  bool telle = false;    // its cells stay as they are, however narrow
-  std::size_t rang = 0;  // of the column of the table that it comes from, from 1
+  double codeMax = 0;           // 0 for a column that holds no codes
+  bool numero = false;          // identifies the individuals
+  bool telle = false;           // its cells stay as they are, however narrow
+  std::size_t rang = 0;         // of the column of the table that it comes from, from 1
+  bool intituleChange = false;  // its title had a sign that .POS cannot hold
 
   bool EstEtroite() const { return largeur > 0 && largeur <= kLargeurCodes && !telle; }
   bool HorsDePortee() const { return position > kPositionMaximale; }

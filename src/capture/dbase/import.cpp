@@ -113,7 +113,11 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& db
 
   std::vector<QuestionImportee> questions = QuestionsDesChamps(entete.champs);
   const std::vector<std::size_t> renommees = NommerQuestions(questions);
-  const std::vector<Champ> champs = ChampsDe(questions);
+  // A question behind the end of the records is blank in all of them.
+  const auto derriere = std::find_if(questions.begin(), questions.end(), [&](const QuestionImportee& question) {
+    return question.position > entete.LongueurLigne();
+  });
+  const std::vector<Champ> champs = ChampsDe({questions.begin(), derriere});
   CompteurDeChamps compteur(champs);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
@@ -123,7 +127,9 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& db
     Progression progression(contexte.Ecran(), individus);
     passage = CopierEnregistrements(dat, lecteur, entete, compteur, LongueurUtile(champs), progression);
   }
-  const std::vector<QuestionComptee> comptees = Assembler(questions, compteur.Tris());
+  std::vector<TriDeChamp> tris = compteur.Tris();
+  tris.resize(questions.size(), TriDeChamp{{individus}, 0});
+  const std::vector<QuestionComptee> comptees = Assembler(questions, std::move(tris));
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
   EcrireTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);

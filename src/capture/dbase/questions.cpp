@@ -17,17 +17,13 @@ bool FinitLaListe(std::string_view nom) {
   return Rogner(nom).empty() || nom.find("**") != std::string_view::npos || nom.find("$$") != std::string_view::npos;
 }
 
-char Lettre(std::size_t rang) { return static_cast<char>('A' + rang); }
 char Chiffre(std::size_t valeur) { return static_cast<char>('0' + valeur); }
 
 }  // namespace
 
 std::string NomDePosition(std::size_t position) {
   if (position < 1000) return {Chiffre(position / 100), Chiffre(position / 10 % 10), Chiffre(position % 10)};
-  std::size_t rang = position - 1000;
-  if (rang < std::size_t{26} * 100) return {Lettre(rang / 100), Chiffre(rang / 10 % 10), Chiffre(rang % 10)};
-  rang -= std::size_t{26} * 100;
-  return {Lettre(rang / 260 % 26), Lettre(rang / 10 % 26), Chiffre(rang % 10)};
+  return NomAvecLettres(position - 1000, kLargeurDeQuestion);
 }
 
 std::vector<QuestionImportee> QuestionsDesChamps(const std::vector<ChampDbf>& champs) {

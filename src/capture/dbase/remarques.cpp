@@ -54,7 +54,7 @@ void PassageDbf::Prendre(const ConvertisseurDbf& convertisseur) {
 }
 
 EnteteDbf ExigerEntete(Rapport& rapport, const Chemin& chemin, std::string_view nom) {
-  EnteteDbf entete = LireEnteteDuFichier(chemin);
+  EnteteDbf entete = Situer([&] { return Lieu{std::string(nom)}; }, [&] { return LireEnteteDuFichier(chemin); });
   if (entete.longueurEntete >= kEnteteMinimal) return entete;
   rapport.Ligne({"L'en-tête du fichier "_w, nom, " annonce une longueur de "_w, Nombre(entete.longueurEntete),
                  " octets alors qu'il en faut au moins 32 : les enregistrements sont introuvables"_w});
@@ -78,17 +78,23 @@ void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t 
         {"Caractères qui auraient coupé une ligne de *.DAT, remplacés par des blancs : "_w, Compte(passage.coupants)}));
 }
 
+void RemarquerRenommages(Remarques& remarques, std::string_view phrase, const std::vector<Renommage>& renommages) {
+  if (renommages.empty()) return;
+  std::string noms;
+  for (std::size_t i = 0; i < std::min(renommages.size(), kNomsCites); ++i) {
+    const std::string_view ancien = Rogner(renommages[i].ancien);
+    noms += Joindre({std::string_view(i == 0 ? "" : ", "), ancien.empty() ? "(vide)" : ancien, " -> ",
+                     Rogner(renommages[i].nouveau)});
+  }
+  if (renommages.size() > kNomsCites) noms += "...";
+  remarques.push_back(Joindre({phrase, Nombre(renommages.size()), " (", noms, ")"}));
+}
+
 void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee>& questions,
                         const std::vector<std::size_t>& renommees, std::size_t longueur) {
-  std::string noms;
-  for (std::size_t i = 0; i < std::min(renommees.size(), kNomsCites); ++i) {
-    const QuestionImportee& question = questions[renommees[i]];
-    noms += Joindre({std::string_view(i == 0 ? "" : ", "), Rogner(question.champ), " -> ", question.nom});
-  }
-  if (renommees.size() > kNomsCites) noms += "...";
-  if (!renommees.empty())
-    remarques.push_back(Joindre({"Noms vides ou en double, remplacés par la position de la question : "_w,
-                                 Nombre(renommees.size()), " (", noms, ")"}));
+  std::vector<Renommage> renommages;
+  for (const std::size_t i : renommees) renommages.push_back({questions[i].champ, questions[i].nom});
+  RemarquerRenommages(remarques, "Noms vides ou en double, remplacés par la position de la question : "_w, renommages);
   if (longueur > kDernierePosition)
     remarques.push_back(Joindre({"Les positions au-delà de "_w, Nombre(kDernierePosition),
                                  " ne sont pas des questions : *.POS ne peut pas les désigner"_w}));

@@ -40,6 +40,12 @@ void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t 
 // The questions that have their position for a name, and the columns behind the last one that .POS can tell.
 void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee>& questions,
                         const std::vector<std::size_t>& renommees, std::size_t longueur);
+// The names that had to be replaced, the first of them one by one; none, no remark.
+struct Renommage {
+  std::string ancien;
+  std::string nouveau;
+};
+void RemarquerRenommages(Remarques& remarques, std::string_view phrase, const std::vector<Renommage>& renommages);
 void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs);
 
 // Shows all of them in one box; none, no box.

@@ -27,8 +27,8 @@ struct Tableau {
   std::size_t largeur = 0;  // of every cell in .BRT
 };
 
-Tableau DecouperTableau(const EnteteDbf& entete) {
-  if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection);
+Tableau DecouperTableau(const Contexte& contexte, const EnteteDbf& entete) {
+  if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection).Situer({contexte.Nom(".DBF")});
   Tableau tableau{entete.champs.front(), {entete.champs.begin() + 1, entete.champs.end() - 1}, entete.champs.back()};
   for (const ChampDbf& colonne : tableau.colonnes) tableau.largeur = std::max(tableau.largeur, colonne.largeur);
   return tableau;
@@ -54,44 +54,80 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf) {
   rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
 }
 
-// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises 13 for a word.
-void EcrireCellule(Ecrivain& brt, std::string_view texte, std::size_t largeur) {
-  texte = Rogner(texte);
-  if (!texte.empty() && !EstNombre(texte)) throw Erreur(kIncompatibiliteType);
-  for (std::size_t i = texte.size(); i < largeur; ++i) brt.Ecrire(' ');
-  brt.Ecrire(texte);
-}
-
-PassageDbf EcrireBrt(Ecrivain& brt, LecteurDbf& lecteur, const EnteteDbf& entete, const Tableau& tableau) {
+// Gives each record as a line of the fields, with its number from 1; a failure of the work gets the place of the
+// record.
+template <class Travail>
+PassageDbf ParcourirEnregistrements(const Chemin& dbf, const EnteteDbf& entete, Travail&& travail) {
+  LecteurDbf lecteur(dbf, entete);
   std::string ligne(std::max(entete.LongueurLigne(), entete.LongueurChamps()), ' ');
-  const auto champ = [&](const ChampDbf& de) { return std::string_view(ligne).substr(de.position - 1, de.largeur); };
   ConvertisseurDbf convertisseur(entete);
   PassageDbf passage;
-  for (std::string_view enregistrement; lecteur.Lire(enregistrement);) {
-    passage.Voir(enregistrement);
-    convertisseur.Convertir(enregistrement, ligne.data());
-    brt.Ecrire(CadreGauche(champ(tableau.noms), kLargeurNom));
-    for (const ChampDbf& colonne : tableau.colonnes) EcrireCellule(brt, champ(colonne), tableau.largeur);
-    brt.Ligne(champ(tableau.nomsLongs));
-  }
+  const auto ou = [&] { return Lieu{TexteDe(dbf.filename()), static_cast<std::int64_t>(passage.enregistrements)}; };
+  Situer(ou, [&] {
+    for (std::string_view enregistrement; lecteur.Lire(enregistrement);) {
+      passage.Voir(enregistrement);
+      convertisseur.Convertir(enregistrement, ligne.data());
+      travail(std::string_view(ligne));
+    }
+  });
   passage.Prendre(convertisseur);
   return passage;
 }
 
-// The names of the columns in four characters; those that are blank, end the list or are equal take their rank.
+std::string_view Morceau(std::string_view ligne, const ChampDbf& champ) {
+  return ligne.substr(champ.position - 1, champ.largeur);
+}
+
+// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises 13 for a word.
+void EcrireCellule(Ecrivain& brt, std::string_view ligne, const ChampDbf& colonne, std::size_t largeur) {
+  const std::string_view texte = Rogner(Morceau(ligne, colonne));
+  if (!texte.empty() && !EstNombre(texte))
+    throw Erreur(kIncompatibiliteType).Situer({{}, 0, static_cast<int>(colonne.position)});
+  for (std::size_t i = texte.size(); i < largeur; ++i) brt.Ecrire(' ');
+  brt.Ecrire(texte);
+}
+
+PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, const Tableau& tableau,
+                     const std::vector<std::string>& noms) {
+  std::size_t rang = 0;
+  return ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
+    brt.Ecrire(noms[rang++]);
+    for (const ChampDbf& colonne : tableau.colonnes) EcrireCellule(brt, ligne, colonne, tableau.largeur);
+    brt.Ligne(Morceau(ligne, tableau.nomsLongs));
+  });
+}
+
+// The name of a row or column that has none of its own: its rank.
+std::string NomDeRang(std::size_t i) {
+  constexpr std::size_t kEnChiffres = 9999;
+  return i < kEnChiffres ? CadreGauche(Nombre(i + 1), kLargeurNom) : NomAvecLettres(i - kEnChiffres, kLargeurNom);
+}
+
+// Names in four characters; those that are blank, end a list or are equal take their rank, which `quoi` tells.
+std::vector<std::string> DesignerParRang(std::vector<std::string> noms, std::string_view quoi, Remarques& remarques) {
+  const std::vector<std::string> propres = noms;
+  std::vector<Renommage> renommages;
+  for (const std::size_t i : DistinguerNoms(noms, FinitLesModalites, NomDeRang))
+    if (noms[i] != propres[i]) renommages.push_back({propres[i], noms[i]});
+  RemarquerRenommages(remarques,
+                      Joindre({quoi, " sans nom ou de même nom sur 4 caractères, désignées par leur rang : "_w}),
+                      renommages);
+  return noms;
+}
+
 std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remarques) {
   std::vector<std::string> noms;
   for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurNom));
-  const std::vector<std::string> propres = noms;
-  const auto rang = [](std::size_t j) { return CadreGauche(Nombre(j + 1), kLargeurNom); };
-  std::string renommees;
-  for (const std::size_t j : DistinguerNoms(noms, FinitLesModalites, rang))
-    renommees +=
-        Joindre({std::string_view(renommees.empty() ? "" : ", "), Rogner(propres[j]), " -> ", Rogner(noms[j])});
-  if (!renommees.empty())
-    remarques.push_back(
-        Joindre({"Colonnes sans nom ou de même nom sur 4 caractères, désignées par leur rang : "_w, renommees}));
-  return noms;
+  return DesignerParRang(std::move(noms), "Colonnes", remarques);
+}
+
+std::vector<std::string> NommerLignes(const Chemin& dbf, const EnteteDbf& entete, const Tableau& tableau,
+                                      Remarques& remarques) {
+  std::vector<std::string> noms;
+  ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
+    noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurNom));
+  });
+  return DesignerParRang(std::move(noms), "Lignes", remarques);
 }
 
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::string>& noms, std::int64_t lignes,
@@ -108,21 +144,22 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
 
   const EnteteDbf entete = ExigerEntete(rapport, *dbf, contexte.Nom(".DBF"));
-  LecteurDbf lecteur(*dbf, entete);
-  const auto lignes = static_cast<std::int64_t>(lecteur.Enregistrements());
+  const std::uintmax_t taille = LongueurFichier(*dbf);
+  const auto lignes = static_cast<std::int64_t>(EnregistrementsEntiers(entete, taille));
   rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(lignes)});
   rapport.Ligne({"La longueur d'un enregistrement est de ", NombreNu(entete.longueurEnregistrement)});
-  if (lignes == 0) throw Erreur(kFinDeFichierDepassee);
-  const Tableau tableau = DecouperTableau(entete);
+  if (lignes == 0) throw Erreur(kFinDeFichierDepassee).Situer({contexte.Nom(".DBF")});
+  const Tableau tableau = DecouperTableau(contexte, entete);
 
   Remarques remarques;
-  const std::vector<std::string> noms = NommerColonnes(tableau, remarques);
+  const std::vector<std::string> colonnes = NommerColonnes(tableau, remarques);
+  const std::vector<std::string> noms = NommerLignes(*dbf, entete, tableau, remarques);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
-  const PassageDbf passage = EcrireBrt(brt, lecteur, entete, tableau);
-  EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, noms, lignes, tableau.largeur);
+  const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, noms);
+  EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, colonnes, lignes, tableau.largeur);
   EcrireFinDImport(rapport, contexte.niveau);
-  RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
+  RemarquerDbf(remarques, entete, taille, passage);
   MontrerRemarques(contexte.Ecran(), remarques);
   sorties.Valider();
 }

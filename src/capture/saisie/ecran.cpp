@@ -61,8 +61,8 @@ std::string_view ConseilCourant(const EtatSaisie& etat) {
                                                     : std::string_view(" Vide : utiliser le clavier");
 }
 
-std::string_view TexteDesMajuscules(const EtatSaisie& etat) {
-  return etat.majuscules ? "Chiffres actifs. Lettres en MAJUSCULES" : "Chiffres actifs.  Lettres en minuscules";
+std::string_view TexteDesMajuscules(bool majuscules) {
+  return majuscules ? "Chiffres actifs. Lettres en MAJUSCULES" : "Chiffres actifs.  Lettres en minuscules";
 }
 
 }  // namespace quelvar::capture

@@ -22,6 +22,6 @@ std::string_view IntituleDeReponse(const EtatSaisie& etat, std::size_t question,
 // The type of the current question, and what to do with its answer.
 std::string TypeCourant(const EtatSaisie& etat);
 std::string_view ConseilCourant(const EtatSaisie& etat);
-std::string_view TexteDesMajuscules(const EtatSaisie& etat);
+std::string_view TexteDesMajuscules(bool majuscules);
 
 }  // namespace quelvar::capture

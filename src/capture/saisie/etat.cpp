@@ -55,10 +55,12 @@ void Tabuler(EtatSaisie& etat) {
 
 // --- answers ---
 
+// Held at the bounds, where a record that was made elsewhere may be beyond them.
 void Decaler(EtatSaisie& etat, int pas, Effet& effet) {
   const int code = CodeDe(etat.reponses[etat.courante]) + pas;
-  if (code < 0 || code > etat.Courante().nombre) effet.bip = true;
-  else etat.reponses[etat.courante] = ReponseCourte(code);
+  const int tenu = std::clamp(code, 0, etat.Courante().nombre);
+  effet.bip = tenu != code;
+  etat.reponses[etat.courante] = ReponseCourte(tenu);
 }
 
 // A digit on a short numeric question: it is the answer, or its second digit when the first one waits for it.

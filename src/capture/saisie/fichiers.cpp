@@ -146,6 +146,11 @@ void FichiersSaisie::Corriger(std::int64_t numero, std::string_view ligne) {
   Revoir();
   if (numero < 1 || numero > examen_.lignes) throw Erreur(kFinDeFichierDepassee);
   Recopier(jeu, ligne, numero);
+  if (EstBlanche(Lire(numero))) {  // one record more for .POS
+    GarderPos(jeu);
+    jeu.Ouvrir(contexte_.Nom(".POS"), nature_).Ecrire(TextePos(examen_.nonVides + 1));
+    posAGarder_ = false;
+  }
   jeu.Valider();
   trace_.reset();
   Revoir();

@@ -30,9 +30,15 @@ std::size_t ColonnesAnnoncees(const ParametresMod& parametres) {
   return annoncees > 0 ? static_cast<std::size_t>(Entier64(annoncees)) : 0;
 }
 
+// A rectangular table may name more columns than it announces, and COL= may count its rows too.
+bool AutresModalites(std::size_t annoncees, std::size_t nommees, const ParametresMod& parametres) {
+  if (parametres.burt >= 1) return annoncees != nommees;
+  return annoncees > nommees && static_cast<double>(annoncees) != static_cast<double>(nommees) + parametres.lignes;
+}
+
 void ExigerLesModalites(const Chemin& fichier, const FichierMod& mod, const ParametresMod& parametres) {
-  const auto colonnes = parametres.burt >= 1 ? ColonnesAnnoncees(parametres) : 0;
-  if (colonnes > 0 && colonnes != mod.modalites.size())
+  const std::size_t colonnes = ColonnesAnnoncees(parametres);
+  if (colonnes > 0 && AutresModalites(colonnes, mod.modalites.size(), parametres))
     Refuser(fichier,
             Joindre({"qui annonce ", Nombre(colonnes), " colonnes et nomme ", Nombre(mod.modalites.size()),
                      " modalités"_w}),
@@ -46,6 +52,36 @@ void ExigerLesNoms(const Chemin& brt, const FichierMod& mod, const ParametresMod
   for (std::string_view ligne; rang < mod.modalites.size() && lecteur.Lire(ligne); ++rang)
     controle.Voir(ligne, mod.modalites[rang].nom);
   controle.Conclure();
+}
+
+// Whether a text is cells of right-aligned numbers and nothing else.
+bool EstSuiteDeCellules(std::string_view texte, std::size_t largeur) {
+  if (texte.empty() || texte.size() % largeur != 0) return false;
+  for (; !texte.empty(); texte.remove_prefix(largeur))
+    if (texte[largeur - 1] == ' ' || !EstNombre(texte.substr(0, largeur))) return false;
+  return true;
+}
+
+// A rectangular table that does not announce its columns has as many as the .MOD names; where every row goes on with
+// cells, names are missing. Labels that are numbers do not begin with a blank all the same.
+void ExigerColonnesNommees(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
+  if (parametres.burt >= 1 || parametres.colonnes > 0 || parametres.largeur < 1) return;
+  const auto largeur = static_cast<std::size_t>(parametres.largeur);
+  const std::size_t longueur = kLargeurNom + mod.modalites.size() * largeur;
+  bool decalee = false;
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    if (Rogner(ligne).empty()) continue;
+    const std::string_view reste = RognerDroite(ligne.substr(std::min(longueur, ligne.size())));
+    if (!EstSuiteDeCellules(reste, largeur)) return;
+    decalee = decalee || reste.front() == ' ';
+  }
+  if (decalee)
+    Refuser(
+        brt,
+        Joindre({"ses lignes ont des cellules derrière la dernière des "_w, Nombre(mod.modalites.size()),
+                 " colonnes nommées (annoncez COL="_w, Nombre(mod.modalites.size()), " si ce sont des intitulés)"_w}),
+        kModalites);
 }
 
 std::int64_t ExigerLaForme(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
@@ -91,6 +127,7 @@ void ControleDeTable::Conclure() const {
 void ExigerTableDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
   ExigerLesModalites(brt, mod, parametres);
   if (parametres.burt >= 1) ExigerLesNoms(brt, mod, parametres);
+  else ExigerColonnesNommees(brt, mod, parametres);
   const std::int64_t lignes = ExigerLaForme(brt, mod, parametres);
   const double annoncees = parametres.burt > 1 ? parametres.burt : parametres.lignes;
   if (lignes == 0) Refuser(brt, "il est vide", kTableau);

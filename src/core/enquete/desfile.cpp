@@ -25,7 +25,7 @@ class LecteurDeDescription {
     DescriptionDeQuestion description;
     description.nom = CadreGauche(Milieu(ligne, 1, 7), 7);
     description.nombre = std::max<int>(Entier16(ValeurDe(Milieu(ligne, 8, 2))), 0);
-    description.alphabetique = Majuscules(Milieu(ligne, 10, 1)) == "A";
+    description.alphabetique = !Rogner(Milieu(ligne, 10, 1)).empty();
     description.options = Milieu(ligne, 11);
     description.numerique = Contient(description.options, "num") || Contient(description.options, "NUM");
     description.tabulation = Contient(description.options, "tab") || Contient(description.options, "TAB");
@@ -42,7 +42,7 @@ class LecteurDeDescription {
 
   void ControlerNombre(DescriptionDeQuestion& description) {
     if (description.alphabetique && description.nombre > kLargeurAlphaMaximale) {
-      Signaler("*** Attention un code alpha est plus grand que 20 ramené à 20 à la question "_w, description);
+      Signaler("*** Attention un code alpha plus grand que 20 ramené à 20 à la question "_w, description);
       description.nombre = kLargeurAlphaMaximale;
     } else if (description.alphabetique && description.nombre == 0) {
       Signaler("*** Attention un code alpha est de largeur 0 à la question "_w, description);

@@ -21,7 +21,7 @@ struct SautConditionnel {
 struct DescriptionDeQuestion {
   std::string nom;            // columns 1-7, padded on the right
   int nombre = 0;             // columns 8-9: code-max, or number of characters
-  bool alphabetique = false;  // "A" in column 10: alphabetic or long numeric
+  bool alphabetique = false;  // column 10 is not blank ("A"): alphabetic or long numeric
   bool numerique = false;     // "num" or "NUM": entered as a number of that many digits
   bool tabulation = false;    // "tab" or "TAB"
   std::optional<SautConditionnel> saut;

@@ -110,6 +110,21 @@ std::vector<CodeDeModalite> LireCodes(Rapport& rapport, const Contexte& contexte
   return codes;
 }
 
+// Without data the counts are those of the Burt table: a table whose rows are not its columns has none of them.
+void ExigerBurt(Rapport& rapport, const Contexte& contexte, const Chemin& brt, const FichierMod& mod) {
+  LecteurLignes lecteur(brt);
+  std::string_view ligne;
+  for (const Modalite& modalite : mod.modalites) {
+    if (!lecteur.Lire(ligne)) return;  // the profile tells a table that is cut
+    if (Rogner(ligne.substr(0, modalite.nom.size())) == Rogner(modalite.nom)) continue;
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"Erreur : ", contexte.Nom(".BRT"),
+                     " n'est pas un tableau de Burt, ses lignes ne sont pas ses "
+                     "colonnes : sans fichier de données il n'y a pas de profil"_w}));
+    throw Erreur(kArretAnnonce);
+  }
+}
+
 ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const FichierMod& mod,
                         const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
   std::optional<FichierPos> pos;
@@ -117,6 +132,7 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
     pos = LirePos(*fichiers.pos, contexte.Ecran());
   }
   if (!fichiers.donnees) {
+    if (parametres.burt == 0) ExigerBurt(rapport, contexte, *fichiers.brt, mod);
     ExigerTableDuMod(*fichiers.brt, mod, parametres);
     return LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
   }

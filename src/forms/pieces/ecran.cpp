@@ -99,10 +99,15 @@ void Defiler(QWidget& fenetre) {
   zone->setFocusPolicy(Qt::NoFocus);
   zone->setWidgetResizable(true);
   fenetre.setMinimumSize(0, 0);
+  // A control that changes its parent loses the keyboard.
+  QWidget* const clavier = fenetre.focusWidget();
+  const auto rendre = [clavier] {
+    if (clavier != nullptr) clavier->setFocus();
+  };
   if (principale != nullptr) {
     zone->setWidget(principale->takeCentralWidget());
     principale->setCentralWidget(zone);
-    return;
+    return rendre();
   }
   auto* contenu = new QWidget;
   contenu->setLayout(fenetre.layout());  // and with it the controls
@@ -111,10 +116,11 @@ void Defiler(QWidget& fenetre) {
   autour->setContentsMargins(0, 0, 0, 0);
   autour->addWidget(zone);
   autour->activate();
-  if (!fenetre.isVisible()) return;
+  if (!fenetre.isVisible()) return rendre();
   zone->show();
   for (QWidget* controle : contenu->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
     if (!controle->isHidden() || !controle->testAttribute(Qt::WA_WState_ExplicitShowHide)) controle->show();
+  rendre();
 }
 
 bool Depasse(const QWidget& fenetre, const QSize& place) {

@@ -121,6 +121,30 @@ PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const T
   return plan;
 }
 
+std::vector<std::string> NomsDesLignes(const Table& table) {
+  std::vector<std::string> noms;
+  LecteurLignes lecteur(table.brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) noms.emplace_back(ligne.substr(0, 4));
+  return noms;
+}
+
+// A group under the name of an element that stays would be one with it for every program that reads the new table.
+void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const Table& table, OptionsModifBurt options) {
+  std::vector<std::string> colonnes;
+  for (const Modalite& modalite : table.mod.modalites) colonnes.push_back(modalite.nom);
+  std::vector<std::string> lignes;
+  if (table.parametres.burt > 0) {
+    options.colonnes.insert(options.colonnes.end(), options.lignes.begin(), options.lignes.end());
+    options.lignes.clear();
+  } else if (!options.lignes.empty()) {
+    lignes = NomsDesLignes(table);
+  }
+  const std::string refus = RefusDuNom(options, colonnes, lignes);
+  if (refus.empty()) return;
+  Avertir(rapport, contexte.Ecran(), Joindre({"*** ", refus}));
+  throw Erreur(kArretAnnonce);
+}
+
 void EcrireColonnes(Rapport& rapport, const Table& table, const PlanDeRegroupement& plan) {
   rapport.Ligne("Traitement des colonnes du tableau");
   for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
@@ -213,6 +237,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
   const NomsDeGroupe noms = NommerGroupes(table, options);
   plan.nomCourt = noms.ligne;
+  ExigerNomsLibres(contexte, rapport, table, options);
 
   std::optional<JeuDeFichiers> sorties;
   BilanDeRegroupement bilan;
@@ -238,6 +263,28 @@ std::string NomCourtDeGroupe(std::string_view nom) {
   std::string court(nom.substr(0, 4));
   court.resize(4, '0');
   return court;
+}
+
+std::string RefusDuNom(const OptionsModifBurt& options, const std::vector<std::string>& colonnes,
+                       const std::vector<std::string>& lignes) {
+  const auto refus = [](std::string_view quoi, const std::vector<std::string>& marques, const std::string& nom,
+                        const std::vector<std::string>& tous) -> std::string {
+    if (marques.empty()) return {};
+    const std::string court = NomCourtDeGroupe(nom);
+    const auto porte = [](std::string_view cherche) {
+      return [cherche](const std::string& autre) { return Rogner(autre) == Rogner(cherche); };
+    };
+    if (FinitLesModalites(court))
+      return Joindre({"Le nom court \"", court, "\" du regroupement finirait la liste des modalités : "_w,
+                      "donnez un autre nom au regroupement"});
+    const bool pris = std::any_of(tous.begin(), tous.end(), porte(court)) &&
+                      std::none_of(marques.begin(), marques.end(), porte(court));
+    if (!pris) return {};
+    return Joindre({"Le nom court ", court, " du regroupement est déjà celui d'une "_w, quoi,
+                    " du tableau : donnez un autre nom au regroupement"});
+  };
+  const std::string colonne = refus("colonne", options.colonnes, options.nomColonne, colonnes);
+  return colonne.empty() ? refus("ligne", options.lignes, options.nomLigne, lignes) : colonne;
 }
 
 std::string AnnonceDuRegroupement(const OptionsModifBurt& options) {

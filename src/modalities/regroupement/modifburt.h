@@ -24,6 +24,11 @@ inline constexpr std::size_t kNomDeGroupeLePlusLong = 25;
 // Short name of a group: its first four characters, "0" for those that it lacks.
 std::string NomCourtDeGroupe(std::string_view nom);
 
+// Why a group cannot have the name that it is given, among these columns and rows: an element that is not marked bears
+// it, or it would end the list of modalities. Empty when it can.
+std::string RefusDuNom(const OptionsModifBurt& options, const std::vector<std::string>& colonnes,
+                       const std::vector<std::string>& lignes);
+
 // What the marks will do, told before it is done; empty without marks.
 std::string AnnonceDuRegroupement(const OptionsModifBurt& options);
 

@@ -191,7 +191,8 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
     const ModaliteCodee& modalite = travail.modele.Explicative(k);
     LigneDEffet ligne{modalite.intitule, modalite.reference, {}, 0, {}, false};
     ligne.nouvelleQuestion = k > 0 && travail.modele.Explicative(k - 1).Question() != modalite.Question();
-    if (!modalite.reference) ligne.logistique = EffetEnPoints(logistique, logistique.betas[k]);
+    if (!modalite.reference && EstEstimee(travail, k))
+      ligne.logistique = EffetEnPoints(logistique, logistique.betas[k]);
     lignes.push_back(std::move(ligne));
   }
   if (travail.Choix().oddsRatio) return image;

@@ -43,11 +43,11 @@ struct ColonnesSousEffets {
 
 ColonnesSousEffets MesurerColonnes(ChoixEdition choix, const Effet& effet) {
   ColonnesSousEffets colonnes{Colonne(3, DecimalesDEffet(choix))};
-  colonnes.effet.Voir(effet.minimum.effet);
-  colonnes.effet.Voir(effet.maximum.effet);
-  colonnes.poids.Voir(effet.maximum.poids);
+  colonnes.effet.Voir(effet.minimum);
+  colonnes.effet.Voir(effet.maximum);
+  colonnes.poids.Voir(effet.poidsMaximum);
   colonnes.somme.Voir(effet.poids);
-  colonnes.khi2.Voir(effet.maximum.khi2.khi2);
+  colonnes.khi2.Voir(effet.khi2Maximum);
   return colonnes;
 }
 
@@ -69,29 +69,58 @@ void AjouterSousPopulation(std::string& ligne, const AnalyseTabulaire& analyse, 
   }
 }
 
+// Writes the line of a sub-effect: there may be millions of them, and neighbours share their sub-population.
+class LignesDeSousEffets {
+ public:
+  LignesDeSousEffets(const AnalyseTabulaire& analyse, ChoixEdition choix, const Effet& effet)
+      : analyse_(analyse),
+        choix_(choix),
+        colonnes_(MesurerColonnes(choix, effet)),
+        somme_(colonnes_.somme(effet.poids)) {}
+
+  void ImprimerEntete(Rapport& rapport) const {
+    ImprimerEnteteSousEffets(rapport, analyse_.table.questions, colonnes_, !choix_.oddsRatio);
+  }
+
+  void Imprimer(Rapport& rapport, const SousEffet& sousEffet) {
+    if (debut_ == 0 || sousEffet.premiere != derniere_.premiere || sousEffet.question != derniere_.question) {
+      ligne_.clear();
+      AjouterSousPopulation(ligne_, analyse_, sousEffet);
+      ligne_ += ' ';
+      debut_ = ligne_.size();
+      derniere_ = sousEffet;
+    }
+    ligne_.resize(debut_);
+    const MesureSousEffet mesure = Mesurer(sousEffet, analyse_.table, choix_.oddsRatio);
+    colonnes_.effet.Ajouter(ligne_, mesure.effet);
+    colonnes_.poids.Ajouter(ligne_, mesure.poids);
+    ligne_ += somme_;
+    if (!choix_.oddsRatio) {
+      colonnes_.khi2.Ajouter(ligne_, mesure.khi2.khi2);
+      ligne_ += TexteDeTest(mesure.khi2.classe);
+    }
+    rapport.Ligne(ligne_);
+  }
+
+ private:
+  const AnalyseTabulaire& analyse_;
+  ChoixEdition choix_;
+  ColonnesSousEffets colonnes_;
+  std::string somme_;
+  std::string ligne_;
+  std::size_t debut_ = 0;  // where the figures start, behind the sub-population and its blank
+  SousEffet derniere_;     // that the sub-population was written for
+};
+
 void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix,
                      const Effet& effet) {
-  const std::size_t questions = analyse.table.questions;
-  const ColonnesSousEffets colonnes = MesurerColonnes(choix, effet);
+  LignesDeSousEffets lignes(analyse, choix, effet);
   rapport.Ligne({"Effet ", NomCourt(modele, effet), NombreNu(effet.nombre), " sous-effets (s-e)"});
-  ImprimerEnteteSousEffets(rapport, questions, colonnes, !choix.oddsRatio);
-  const std::string somme = colonnes.somme(effet.poids);
-  std::string ligne;
+  lignes.ImprimerEntete(rapport);
   std::uint64_t rang = 0;
   ParcourirSousEffets(analyse.table, analyse.cellules, analyse.voisinages, effet.modalite,
                       [&](const SousEffet& sousEffet) {
-                        const MesureSousEffet mesure = Mesurer(sousEffet, analyse.table, choix.oddsRatio);
-                        ligne.clear();
-                        AjouterSousPopulation(ligne, analyse, sousEffet);
-                        ligne += ' ';
-                        colonnes.effet.Ajouter(ligne, mesure.effet);
-                        colonnes.poids.Ajouter(ligne, mesure.poids);
-                        ligne += somme;
-                        if (!choix.oddsRatio) {
-                          colonnes.khi2.Ajouter(ligne, mesure.khi2.khi2);
-                          ligne += TexteDeTest(mesure.khi2.classe);
-                        }
-                        rapport.Ligne(ligne);
+                        lignes.Imprimer(rapport, sousEffet);
                         ++rang;
                         if (!choix.tableaux) return;
                         rapport.Ligne();
@@ -99,7 +128,7 @@ void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Mo
                         rapport.Ligne();
                         if (rang == effet.nombre) return;
                         rapport.Ligne();
-                        ImprimerEnteteSousEffets(rapport, questions, colonnes, true);
+                        lignes.ImprimerEntete(rapport);
                       });
   rapport.Ligne({"moyenne pondérée des sous-effets ="_w, Figure(effet.moyenne, 3, DecimalesDEffet(choix))});
   rapport.Ligne({"Ecart type pondéré en pourcentage ="_w, Figure(effet.ecartType, 3, 1)});

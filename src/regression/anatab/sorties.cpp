@@ -85,11 +85,18 @@ std::vector<double> MoyennesExperimentales(const std::vector<Comptee>& comptees,
     for (std::size_t b = 0; b < coefficients.size(); ++b)
       if (modele.Explicative(b).Question() == modele.Explicative(m).Question()) coefficients[b] = 0;
     double somme = 0;
+    double probabilite = 0;
+    std::string_view precedente;  // most situations come as two neighbours, those who say yes and those who do not
     for (const Comptee& comptee : comptees) {
-      const std::string_view fiche = fiches[comptee.fiche];
-      double score = alpha + ajuste.betas[m];
-      for (std::size_t b = 0; b < coefficients.size(); ++b) score += coefficients[b] * ValeurDuCaractere(fiche[b]);
-      somme += comptee.effectif * Probabilite(ajuste.lien, score);
+      const std::string_view situation = fiches.Situation(comptee.fiche);
+      if (situation != precedente) {
+        double score = alpha + ajuste.betas[m];
+        for (std::size_t b = 0; b < coefficients.size(); ++b)
+          score += coefficients[b] * ValeurDuCaractere(situation[b]);
+        probabilite = Probabilite(ajuste.lien, score);
+        precedente = situation;
+      }
+      somme += comptee.effectif * probabilite;
     }
     moyennes.push_back(somme / poids);
   }

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <numeric>
+#include <span>
 
 #include "core/programme/erreur.h"
 
@@ -27,11 +28,33 @@ std::uint64_t HacherSauf(std::span<const std::uint32_t> textes, std::size_t sauf
   return h;
 }
 
-bool EgalesSauf(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b, std::size_t sauf) {
-  for (std::size_t c = 0; c < a.size(); ++c)
-    if (c != sauf && a[c] != b[c]) return false;
-  return a[sauf] != b[sauf];
-}
+// Order of two situations that brings together those that agree in all questions but one.
+class OrdreSauf {
+ public:
+  OrdreSauf(std::span<const std::uint32_t> textes, std::size_t questions, std::size_t sauf)
+      : textes_(textes), questions_(questions), sauf_(sauf) {
+    hachages_.reserve(textes.size() / questions);
+    for (std::size_t s = 0; s < textes.size() / questions; ++s) hachages_.push_back(HacherSauf(Ligne(s), sauf));
+  }
+
+  // -1, 0 or 1. The hash only spares most of the comparisons.
+  int Comparer(std::uint32_t a, std::uint32_t b) const {
+    if (hachages_[a] != hachages_[b]) return hachages_[a] < hachages_[b] ? -1 : 1;
+    const std::span<const std::uint32_t> deA = Ligne(a);
+    const std::span<const std::uint32_t> deB = Ligne(b);
+    for (std::size_t c = 0; c < questions_; ++c)
+      if (c != sauf_ && deA[c] != deB[c]) return deA[c] < deB[c] ? -1 : 1;
+    return 0;
+  }
+
+ private:
+  std::span<const std::uint32_t> Ligne(std::size_t s) const { return textes_.subspan(s * questions_, questions_); }
+
+  std::span<const std::uint32_t> textes_;
+  std::size_t questions_;
+  std::size_t sauf_;
+  std::vector<std::uint64_t> hachages_;
+};
 
 // The sub-effects of one question come in their order already.
 void Ranger(std::vector<SousEffet>& trouves) {
@@ -50,21 +73,26 @@ double Chances(double pourcentage) {
 Voisinages VoisinagesDe(const TableSituations& table, const std::vector<Cellule>& cellules) {
   const std::size_t q = table.questions;
   const std::size_t situations = table.situations.size();
-  Voisinages voisinages{TextesDesCellules(table, cellules), {}, {}, {}};
-  for (std::vector<std::uint32_t>* liste : {&voisinages.ordre, &voisinages.places, &voisinages.fins})
+  const std::vector<std::uint32_t> textes = TextesDesCellules(table, cellules);
+  Voisinages voisinages;
+  for (std::vector<std::uint32_t>* liste :
+       {&voisinages.ordre, &voisinages.modalites, &voisinages.places, &voisinages.fins})
     liste->resize(q * situations);
-  std::vector<std::pair<std::uint64_t, std::uint32_t>> proches(situations);
   for (std::size_t c = 0; c < q; ++c) {
+    const OrdreSauf ordre(textes, q, c);
+    const std::span<std::uint32_t> proches = std::span(voisinages.ordre).subspan(c * situations, situations);
+    std::iota(proches.begin(), proches.end(), std::uint32_t{0});
+    std::sort(proches.begin(), proches.end(), [&ordre](std::uint32_t a, std::uint32_t b) {
+      const int comparaison = ordre.Comparer(a, b);
+      return comparaison < 0 || (comparaison == 0 && a < b);
+    });
     const std::size_t base = c * situations;
-    for (std::uint32_t s = 0; s < situations; ++s)
-      proches[s] = {HacherSauf(std::span(voisinages.textes).subspan(s * q, q), c), s};
-    std::sort(proches.begin(), proches.end());
     for (std::size_t i = 0, fin = 0; i < situations; ++i) {
       if (i == fin)
-        while (fin < situations && proches[fin].first == proches[i].first) ++fin;
-      voisinages.ordre[base + i] = proches[i].second;
-      voisinages.places[base + proches[i].second] = static_cast<std::uint32_t>(i);
-      voisinages.fins[base + proches[i].second] = static_cast<std::uint32_t>(fin);
+        while (fin < situations && ordre.Comparer(proches[fin], proches[i]) == 0) ++fin;
+      voisinages.modalites[base + i] = table.Modalites(proches[i])[c];
+      voisinages.places[base + proches[i]] = static_cast<std::uint32_t>(i);
+      voisinages.fins[base + proches[i]] = static_cast<std::uint32_t>(fin);
     }
   }
   return voisinages;
@@ -76,16 +104,12 @@ namespace {
 template <typename Retenir, typename Visiter>
 void PairesDe(const TableSituations& table, const std::vector<Cellule>& cellules, const Voisinages& voisinages,
               std::uint32_t a, std::uint32_t c, const Retenir& retenir, const Visiter& visiter) {
-  const std::size_t q = table.questions;
   const std::size_t base = c * table.situations.size();
-  const auto ligne = [&](std::uint32_t s) { return std::span(voisinages.textes).subspan(s * q, q); };
   const Cellule& deA = cellules[table.Modalites(a)[c]];
   for (std::size_t i = voisinages.places[base + a] + 1; i < voisinages.fins[base + a]; ++i) {
-    const std::uint32_t b = voisinages.ordre[base + i];
-    const Cellule& deB = cellules[table.Modalites(b)[c]];
-    if (!deA.reference && !deB.reference) continue;
-    if (!retenir(deA.reference ? deB : deA) || !EgalesSauf(ligne(a), ligne(b), c)) continue;
-    visiter(SousEffet{a, b, c, !deA.reference});
+    const Cellule& deB = cellules[voisinages.modalites[base + i]];
+    if (deA.texte == deB.texte || (!deA.reference && !deB.reference)) continue;
+    if (retenir(deA.reference ? deB : deA)) visiter(SousEffet{a, voisinages.ordre[base + i], c, !deA.reference});
   }
 }
 
@@ -126,21 +150,42 @@ void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule
   }
 }
 
-MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio) {
-  const Situation& reference = table.situations[sousEffet.Reference()];
-  const Situation& comparee = table.situations[sousEffet.Comparee()];
-  MesureSousEffet mesure;
-  if (oddsRatio) {
-    const double chancesReference = Chances(reference.pourcentage);
-    if (chancesReference == 0) throw Erreur(kDivisionParZero);
-    mesure.effet = Chances(comparee.pourcentage) / chancesReference;
-  } else {
-    mesure.effet = comparee.pourcentage - reference.pourcentage;
-  }
-  mesure.poids = reference.effectif + comparee.effectif;
+namespace {
+
+double EffetDe(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio) {
+  const double reference = table.situations[sousEffet.Reference()].pourcentage;
+  const double comparee = table.situations[sousEffet.Comparee()].pourcentage;
+  if (!oddsRatio) return comparee - reference;
+  const double chancesReference = Chances(reference);
+  if (chancesReference == 0) throw Erreur(kDivisionParZero);
+  return Chances(comparee) / chancesReference;
+}
+
+double OuiDe(const Situation& situation) { return situation.pourcentage * situation.effectif / 100; }
+
+Khi2Paire Khi2De(const SousEffet& sousEffet, const TableSituations& table) {
   const Situation& a = table.situations[sousEffet.premiere];
   const Situation& b = table.situations[sousEffet.seconde];
-  mesure.khi2 = KhiPaire(a.effectif, b.effectif, a.pourcentage * a.effectif / 100, b.pourcentage * b.effectif / 100);
+  return KhiPaire(a.effectif, b.effectif, OuiDe(a), OuiDe(b));
+}
+
+// What the chi-square of a sub-effect may come to, at most. It is never above the weight: that of few individuals
+// cannot widen its column, and needs no computing before it is printed, if only it can be computed.
+double PlafondDuKhi2(const SousEffet& sousEffet, const TableSituations& table, double poids) {
+  constexpr double kPoidsLeger = 90;
+  if (poids >= kPoidsLeger) return Khi2De(sousEffet, table).khi2;
+  const double oui = OuiDe(table.situations[sousEffet.premiere]) + OuiDe(table.situations[sousEffet.seconde]);
+  if (oui == 0 || oui == poids) throw Erreur(kDivisionParZero);
+  return poids;
+}
+
+}  // namespace
+
+MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio) {
+  MesureSousEffet mesure;
+  mesure.effet = EffetDe(sousEffet, table, oddsRatio);
+  mesure.poids = table.situations[sousEffet.premiere].effectif + table.situations[sousEffet.seconde].effectif;
+  mesure.khi2 = Khi2De(sousEffet, table);
   return mesure;
 }
 
@@ -160,15 +205,16 @@ std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vecto
     double produits = 0;  // of effect and weight
     double carres = 0;    // of effect^2 and weight
     ParcourirSousEffets(table, cellules, voisinages, k, [&](const SousEffet& sousEffet) {
-      const MesureSousEffet mesure = Mesurer(sousEffet, table, oddsRatio);
+      const double mesure = EffetDe(sousEffet, table, oddsRatio);
+      const double poids = table.situations[sousEffet.premiere].effectif + table.situations[sousEffet.seconde].effectif;
       ++effet.nombre;
-      effet.minimum.effet = std::min(effet.minimum.effet, mesure.effet);
-      effet.maximum.effet = std::max(effet.maximum.effet, mesure.effet);
-      effet.maximum.poids = std::max(effet.maximum.poids, mesure.poids);
-      effet.maximum.khi2.khi2 = std::max(effet.maximum.khi2.khi2, mesure.khi2.khi2);
-      effet.poids += mesure.poids;
-      produits += mesure.effet * mesure.poids;
-      carres += mesure.effet * mesure.effet * mesure.poids;
+      effet.minimum = std::min(effet.minimum, mesure);
+      effet.maximum = std::max(effet.maximum, mesure);
+      effet.poidsMaximum = std::max(effet.poidsMaximum, poids);
+      effet.khi2Maximum = std::max(effet.khi2Maximum, PlafondDuKhi2(sousEffet, table, poids));
+      effet.poids += poids;
+      produits += mesure * poids;
+      carres += mesure * mesure * poids;
     });
     // The last cell is the empty one: its sub-effects are measured, and are the effect of no modality.
     if (effet.nombre == 0 || k + 1 == cellules.size()) continue;

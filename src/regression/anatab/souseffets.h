@@ -22,15 +22,16 @@ struct SousEffet {
   std::uint32_t Comparee() const { return renverse ? premiere : seconde; }
 };
 
-// For each question the situations that agree in all the others, brought together by a hash of these: the sub-effects
-// are pairs of such neighbours. They are found anew each time they are gone through, for there may be far more of them
-// than situations, and they take no room.
+// For each question the situations that agree in all the others, brought together: the sub-effects are pairs of such
+// neighbours. They are found anew each time they are gone through, for there may be far more of them than situations,
+// and they take no room.
 struct Voisinages {
-  std::vector<std::uint32_t> textes;  // the cells of every situation as numbers that are equal where they read the same
-  std::vector<std::uint32_t> ordre;   // question by question the situations, neighbours together, each group ascending
-  std::vector<std::uint32_t> places;  // where each situation stands in that order
-  std::vector<std::uint32_t> fins;    // where its group ends
+  std::vector<std::uint32_t> ordre;  // question by question the situations, neighbours together, each group ascending
+  std::vector<std::uint32_t> modalites;  // of these in the question, by rank among the cells
+  std::vector<std::uint32_t> places;     // where each situation stands in that order
+  std::vector<std::uint32_t> fins;       // where its group ends
 };
+
 Voisinages VoisinagesDe(const TableSituations& table, const std::vector<Cellule>& cellules);
 
 using Visiteur = std::function<void(const SousEffet& sousEffet)>;
@@ -58,11 +59,13 @@ std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& 
 struct Effet {
   std::size_t modalite = 0;  // rank among the explanatory ones
   std::uint64_t nombre = 0;  // of its sub-effects
-  MesureSousEffet minimum;   // below and above all of them and 0
-  MesureSousEffet maximum;
-  double poids = 0;      // sum of the weights
-  double moyenne = 0;    // weighted mean, in points or as odds-ratio
-  double ecartType = 0;  // weighted standard deviation
+  double minimum = 0;        // below all of them and 0
+  double maximum = 0;        // above all of them and 0
+  double poidsMaximum = 0;
+  double khi2Maximum = 0;  // above all of them
+  double poids = 0;        // sum of the weights
+  double moyenne = 0;      // weighted mean, in points or as odds-ratio
+  double ecartType = 0;    // weighted standard deviation
 
   bool EcartDepasseMoyenne() const;
   bool Seul() const { return nombre == 1; }

@@ -1,5 +1,6 @@
 #include "regression/anatab/travail.h"
 
+#include <algorithm>
 #include <string>
 
 #include "core/texte/nombres.h"
@@ -60,6 +61,12 @@ std::vector<std::string_view> NomsDesColonnes(const Modele& modele) {
 }
 
 }  // namespace
+
+bool EstEstimee(const Travail& travail, std::size_t k) {
+  return std::any_of(travail.comptees.begin(), travail.comptees.end(), [&](const Comptee& comptee) {
+    return ValeurDuCaractere(travail.individus.fiches[comptee.fiche][k]) != 0;
+  });
+}
 
 void LaisserLesFichiers(const Contexte& contexte, const Travail& travail) {
   const Fiches& fiches = travail.individus.fiches;

@@ -32,6 +32,9 @@ struct Travail {
   ChoixEdition Choix() const { return {parametres.decimales == 1, parametres.decimales == 2}; }
 };
 
+// Whether a fit tells the effect of an explanatory modality: some individual of the situations that were kept has it.
+bool EstEstimee(const Travail& travail, std::size_t k);
+
 // Writes .CD2, .CD4, .cd6 and .cd8 as they stand at the stage that the run has reached.
 void LaisserLesFichiers(const Contexte& contexte, const Travail& travail);
 // Writes .cd7, the list of the situations.

@@ -33,6 +33,26 @@ std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
   return intitules;
 }
 
+std::string_view RaisonDAbsence(const DonneesDeBase& base, std::size_t k) {
+  if (base.total[k] == 0) return "aucun individu";
+  if (base.oui[k] == base.total[k]) return "tous répondent oui"_w;
+  if (base.oui[k] == 0) return "aucun ne répond oui"_w;
+  return "aucune situation où l'on réponde oui et non"_w;
+}
+
+// The search would carry to infinity the effect of a modality that settles the answer. Its situations take no part in
+// the fit, and the effect stays at 0: that is no figure, and is said.
+void PrevenirDesSeparations(Rapport& rapport, const Travail& travail) {
+  std::string modalites;
+  for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k) {
+    if (travail.modele.Explicative(k).reference || EstEstimee(travail, k)) continue;
+    if (!modalites.empty()) modalites += ", ";
+    modalites += Joindre({travail.modele.Explicative(k).intitule, " (", RaisonDAbsence(travail.base, k), ")"});
+  }
+  if (modalites.empty()) return;
+  rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, modalites});
+}
+
 void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
   const double alpha = ajuste.ajustement.parametres.alpha;
   const int decimales = Decimales(travail);
@@ -94,6 +114,7 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   if (ajuste.ajustement.interrompu)
     rapport.Ligne({"*** Attention : la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
                    " passages, les paramètres ci-dessous ne sont pas stabilisés"_w});
+  PrevenirDesSeparations(rapport, travail);
   ImprimerConstante(rapport, travail, ajuste);
 
   Colonne beta(3, Decimales(travail));

@@ -28,15 +28,14 @@ struct LigneDeDescription {
   double moyenne;
   double ecartType;
   double corrige;
+  bool constante;
 };
 
 // Moments about 0 keep about 16 digits of the squares of the values: what is left of the dispersion behind them is too
-// little for the digits printed. Below that it is only rounding, of a constant.
+// little for the digits printed.
 bool PerdSesChiffres(const LigneDeDescription& ligne) {
   constexpr double kDispersionSure = 1e-5;  // of the mean
-  constexpr double kArrondi = 3e-8;
-  const double grandeur = std::fabs(ligne.moyenne);
-  return ligne.ecartType < kDispersionSure * grandeur && ligne.ecartType > kArrondi * grandeur;
+  return !ligne.constante && ligne.ecartType < kDispersionSure * std::fabs(ligne.moyenne);
 }
 
 LigneDeDescription Decrire(const Variable& variable, const Dispersion& dispersion, std::size_t rang) {
@@ -45,7 +44,7 @@ LigneDeDescription Decrire(const Variable& variable, const Dispersion& dispersio
   const double n = dispersion.individus;
   if (n == 1) throw Erreur(kDivisionParZero);
   return {CadreGauche(variable.intitule, static_cast<int>(kLargeurIntitule)), dispersion.moyennes[rang],
-          std::sqrt(variance), std::sqrt(variance * n / (n - 1))};
+          std::sqrt(variance), std::sqrt(variance * n / (n - 1)), dispersion.constantes[rang]};
 }
 
 }  // namespace

@@ -11,9 +11,6 @@ namespace quelvar::regression {
 
 namespace {
 
-// A pivot below so many units of the last place of its diagonal element holds no figure.
-constexpr double kResteDArrondi = 64 * std::numeric_limits<double>::epsilon();
-
 double Diviser(double numerateur, double denominateur) {
   if (denominateur == 0) throw Erreur(kDivisionParZero);
   return numerateur / denominateur;
@@ -24,6 +21,24 @@ struct Pivot {
   std::size_t colonne = 0;
   double grandeur = -1;
 };
+
+// Error that rounding may have left in the inverse of moments, as a share of it. A moment has lost about the root of
+// the number of its terms in units of the last place; the inverse makes of them as much more as its diagonal element is
+// larger than that of variables without any link.
+// Source: N. J. Higham, "Accuracy and Stability of Numerical Algorithms" (2002), 4.2 for the sums, 14.4 for the
+// inverse.
+double ErreurRelative(const Matrice& moments, const Matrice& inverse) {
+  double liaison = 0;
+  for (std::size_t i = 0; i < inverse.Lignes(); ++i) {
+    const double element = std::fabs(moments(i, i) * inverse(i, i));
+    if (!(element <= liaison)) liaison = element;
+  }
+  const std::size_t constante = inverse.Lignes() - 1;
+  return liaison * std::sqrt(moments(constante, constante)) * std::numeric_limits<double>::epsilon();
+}
+
+// From here on not one digit of the inverse can be told from rounding.
+constexpr double kErreurToleree = 0.05;
 
 Pivot ChercherPivot(const Matrice& a, const std::vector<bool>& lignesPrises, const std::vector<bool>& colonnesPrises) {
   Pivot pivot;
@@ -48,9 +63,13 @@ void Eliminer(Matrice& a, const Pivot& place) {
 
 }  // namespace
 
-Moments::Moments(std::size_t explicatives) : ordre_(explicatives + 2), sommes_(ordre_ * ordre_) {}
+Moments::Moments(std::size_t explicatives)
+    : ordre_(explicatives + 2), constantes_(ordre_, true), sommes_(ordre_ * ordre_) {}
 
 void Moments::Ajouter(std::span<const double> valeurs) {
+  if (premieres_.empty()) premieres_.assign(valeurs.begin(), valeurs.end());
+  for (std::size_t i = 0; i < ordre_; ++i)
+    if (valeurs[i] != premieres_[i]) constantes_[i] = false;
   for (std::size_t i = 0; i < ordre_; ++i) {
     double* ligne = sommes_.data() + i * ordre_;
     const double facteur = valeurs[i];
@@ -65,16 +84,19 @@ Matrice Moments::Symetrique() const {
   return matrice;
 }
 
-Dispersion DisperserMoments(const Matrice& moments) {
+Dispersion DisperserMoments(const Moments& sommes) {
+  const Matrice moments = sommes.Symetrique();
   const std::size_t constante = moments.Lignes() - 2;
   Dispersion dispersion;
+  dispersion.constantes = sommes.Constantes();
   dispersion.individus = moments(constante, constante);
   dispersion.covariances = Matrice(moments.Lignes(), moments.Lignes());
   const double n = dispersion.individus;
   for (std::size_t i = 0; i < moments.Lignes(); ++i) {
     dispersion.moyennes.push_back(Diviser(moments(i, constante), n));
     for (std::size_t j = 0; j < moments.Lignes(); ++j)
-      dispersion.covariances(i, j) = (moments(i, j) - moments(i, constante) * moments(j, constante) / n) / n;
+      if (!dispersion.constantes[i] && !dispersion.constantes[j])
+        dispersion.covariances(i, j) = (moments(i, j) - moments(i, constante) * moments(j, constante) / n) / n;
   }
   return dispersion;
 }
@@ -88,7 +110,7 @@ std::optional<Matrice> InverseMatrice(const Matrice& matrice) {
   std::vector<std::size_t> ligneDe(n);
   for (std::size_t tour = 0; tour < n; ++tour) {
     const Pivot pivot = ChercherPivot(a, lignesPrises, colonnesPrises);
-    if (pivot.grandeur <= kResteDArrondi * std::fabs(matrice(pivot.ligne, pivot.ligne))) return std::nullopt;
+    if (!(pivot.grandeur > 0)) return std::nullopt;
     lignesPrises[pivot.ligne] = colonnesPrises[pivot.colonne] = true;
     colonneDe[pivot.ligne] = pivot.colonne;
     ligneDe[pivot.colonne] = pivot.ligne;
@@ -100,9 +122,27 @@ std::optional<Matrice> InverseMatrice(const Matrice& matrice) {
   return inverse;
 }
 
+std::optional<Matrice> InverseDesExplicatives(const Matrice& moments, const Dispersion& dispersion) {
+  const std::size_t n = moments.Lignes() - 1;
+  if (dispersion.individus < static_cast<double>(n)) return std::nullopt;
+  Matrice bloc(n, n);
+  for (std::size_t i = 0; i < n; ++i) {
+    if (i + 1 < n && dispersion.constantes[i]) return std::nullopt;
+    for (std::size_t j = 0; j < n; ++j) bloc(i, j) = moments(i, j);
+  }
+  std::optional<Matrice> inverse = InverseMatrice(bloc);
+  if (inverse && !(ErreurRelative(moments, *inverse) < kErreurToleree)) inverse.reset();
+  return inverse;
+}
+
+int ChiffresSurs(const Matrice& moments, const Matrice& inverse) {
+  return static_cast<int>(-std::log10(ErreurRelative(moments, inverse)));
+}
+
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse) {
   const std::size_t p = moments.Lignes() - 2;
   const std::size_t y = p + 1;
+  if (dispersion.constantes[y]) throw Erreur(kDivisionParZero);
   AjustementLineaire a;
   a.explicatives = p;
   a.individus = dispersion.individus;

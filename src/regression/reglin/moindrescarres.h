@@ -19,10 +19,14 @@ class Moments {
   void Ajouter(std::span<const double> valeurs);
   // The whole symmetric matrix.
   Matrice Symetrique() const;
+  // Which values were the same for every individual: what sums leave of their dispersion is nothing but rounding.
+  const std::vector<bool>& Constantes() const { return constantes_; }
   std::size_t Ordre() const { return ordre_; }
 
  private:
   std::size_t ordre_;
+  std::vector<double> premieres_;  // values of the first individual
+  std::vector<bool> constantes_;
   std::vector<double> sommes_;  // row i holds the products of value i with values 0 to i
 };
 
@@ -30,17 +34,26 @@ class Moments {
 struct Dispersion {
   double individus = 0;
   std::vector<double> moyennes;
-  Matrice covariances;  // divided by the number of individuals
+  Matrice covariances;           // divided by the number of individuals; 0 for a value that is always the same
+  std::vector<bool> constantes;  // those values
 };
 
 // Raises 11 without individuals.
-Dispersion DisperserMoments(const Matrice& moments);
+Dispersion DisperserMoments(const Moments& moments);
 
 // Inverse by Gauss-Jordan steps with complete pivoting: each round takes the element of largest absolute value among
 // the rows and columns not used yet, of equal ones the first. No value when a pivot is 0, or is nothing but what
 // rounding left of the diagonal element that stood in its row.
 // Source: A. Ralston and P. Rabinowitz, "A First Course in Numerical Analysis" (1978), chapter 9.
 std::optional<Matrice> InverseMatrice(const Matrice& matrice);
+
+// Inverse of the moments of the explanatory variables and the constant. No value when a variable is always the same,
+// when there are fewer individuals than parameters, when a pivot is 0 or when rounding is all that keeps one from it.
+std::optional<Matrice> InverseDesExplicatives(const Matrice& moments, const Dispersion& dispersion);
+
+// How many digits of the parameters that inverse leaves sure, and how many a reader may take for granted.
+int ChiffresSurs(const Matrice& moments, const Matrice& inverse);
+inline constexpr int kChiffresImprimes = 6;
 
 struct AjustementLineaire {
   std::size_t explicatives = 0;
@@ -56,8 +69,8 @@ struct AjustementLineaire {
   double R2() const { return expliquee / totale; }
 };
 
-// Fits by the inverse of the moments. Raises 11 where a division has 0 below, 5 for a variance that rounding has made
-// negative.
+// Fits by the inverse of the moments. Raises 11 where a division has 0 below, as for an explained variable that is
+// always the same, 5 for a variance that rounding has made negative.
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse);
 
 // Upper tail of an F ratio. Raises 5 for a negative ratio.

@@ -7,6 +7,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "regression/colonne.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int kTableImprimee = 1;  // DE=1
 constexpr int kTableNommee = 2;    // DE=2
+constexpr std::int64_t kFautifsCites = 50;
 
 [[noreturn]] void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {
   Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
@@ -74,43 +76,70 @@ void ExigerVariables(const Contexte& contexte, Rapport& rapport, const Variables
   if (variables.aExpliquer.empty() || variables.explicatives.empty()) throw Erreur(kArretAnnonce);
 }
 
-Matrice LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees,
+// Ranks of the individuals whose lines are too short, the first ones alone, and how many they are.
+struct Fautifs {
+  std::vector<std::int64_t> rangs;
+  std::int64_t nombre = 0;
+};
+
+// What a line does not hold is no 0.
+void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
+  if (fautifs.nombre == 0) return;
+  for (const std::int64_t rang : fautifs.rangs)
+    rapport.Ligne(
+        {"*** L'individu ", Figure(static_cast<double>(rang), 5, 0), " n'a pas une valeur pour chaque variable"});
+  rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
+  rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), 5, 0)});
+  if (fautifs.nombre > kFautifsCites) rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
+  throw Erreur(kArretAnnonce);
+}
+
+Moments LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees, std::string_view nomDesDonnees,
                     const VariablesDeRegression& variables, bool imprimer) {
   const std::int64_t individus = CompterLignes(donnees);
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
   rapport.Ligne(LigneDesIndividus(individus));
   rapport.Ligne();
+  if (individus == 0) {
+    rapport.Ligne({"*** Le fichier ", nomDesDonnees, " est vide. Arrêt du programme"_w});
+    throw Erreur(kArretAnnonce);
+  }
   if (imprimer) ImprimerEnteteDeTable(rapport, variables);
   Moments moments(variables.explicatives.size());
   std::vector<double> valeurs(moments.Ordre());
+  Fautifs fautifs;
   Progression progression(contexte.Ecran(), individus);
   LecteurLignes lecteur(donnees);
+  std::int64_t rang = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
+    progression.Avancer();
+    ++rang;
+    if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
+    if (fautifs.nombre > 0) continue;
     LireValeurs(ligne, variables, valeurs);
     if (imprimer) ImprimerLigneDeTable(rapport, ligne, variables);
     moments.Ajouter(valeurs);
-    progression.Avancer();
   }
-  return moments.Symetrique();
+  ExigerDesLignesEntieres(rapport, fautifs);
+  return moments;
 }
 
-Matrice SansExpliquee(const Matrice& moments) {
-  const std::size_t n = moments.Lignes() - 1;
-  Matrice bloc(n, n);
-  for (std::size_t i = 0; i < n; ++i)
-    for (std::size_t j = 0; j < n; ++j) bloc(i, j) = moments(i, j);
-  return bloc;
-}
-
-void Regresser(Rapport& rapport, const Matrice& moments, const VariablesDeRegression& variables) {
-  const Dispersion dispersion = DisperserMoments(moments);
+void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegression& variables) {
+  const Dispersion dispersion = DisperserMoments(sommes);
   ImprimerDescription(rapport, variables, dispersion);
   const auto p = static_cast<double>(variables.explicatives.size());
   if (dispersion.individus - p - 1 == 0) throw Erreur(kDivisionParZero);
-  const std::optional<Matrice> inverse = InverseMatrice(SansExpliquee(moments));
+  const Matrice moments = sommes.Symetrique();
+  const std::optional<Matrice> inverse = InverseDesExplicatives(moments, dispersion);
   if (!inverse) {
     rapport.Ligne("Matrice non inversible");
     throw Erreur(kArretAnnonce);
+  }
+  if (const int chiffres = ChiffresSurs(moments, *inverse); chiffres < kChiffresImprimes) {
+    rapport.Ligne(
+        {"*** Attention : les variables explicatives sont presque liées entre elles, les paramètres n'ont que "_w,
+         Nombre(chiffres), chiffres > 1 ? " chiffres sûrs"_w : " chiffre sûr"_w});
+    rapport.Ligne();
   }
   const AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   ImprimerVariance(rapport, ajustement,
@@ -132,8 +161,10 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
   ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
-  const Matrice moments =
-      LireMoments(contexte, rapport, fichiers.donnees, variables, parametres.decimales == kTableImprimee);
+  const bool autreTable = parametres.decimales == kTableNommee;
+  const Moments moments =
+      LireMoments(contexte, rapport, fichiers.donnees, autreTable ? parametres.mod : contexte.Nom(".CDG"), variables,
+                  parametres.decimales == kTableImprimee);
   Regresser(rapport, moments, variables);
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");

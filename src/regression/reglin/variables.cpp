@@ -1,5 +1,6 @@
 #include "regression/reglin/variables.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -42,6 +43,14 @@ VariablesDeRegression LireVariables(const std::vector<Modalite>& lignes, std::si
     else if (ligne.aExpliquer) variables.aExpliquer.push_back(std::move(variable));
   }
   return variables;
+}
+
+bool EstTropCourte(std::string_view ligne, const VariablesDeRegression& variables) {
+  const auto avant = [](const Variable& a, const Variable& b) { return a.rang < b.rang; };
+  const std::size_t derniere =
+      std::max(std::max_element(variables.explicatives.begin(), variables.explicatives.end(), avant)->rang,
+               variables.Expliquee().rang);
+  return ligne.size() <= kLargeurIdentifiant + derniere * variables.largeur;
 }
 
 std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur) {

@@ -32,6 +32,9 @@ VariablesDeRegression LireVariables(const std::vector<Modalite>& lignes, std::si
 // Characters in front of the first field of a data line.
 inline constexpr std::size_t kLargeurIdentifiant = 4;
 
+// A line that ends in front of a field of the regression.
+bool EstTropCourte(std::string_view ligne, const VariablesDeRegression& variables);
+
 // The field of that place as it stands; shorter or empty past the end of the line.
 std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur);
 

@@ -11,29 +11,39 @@ namespace {
 
 constexpr std::size_t kLargeurNom = 4;
 constexpr std::size_t kLargeurPart = 5;
+constexpr std::size_t kLignesDeTete = 4;
 constexpr double kEcartDArrondi = 0.25;  // three roundings to one decimal
 
 bool FinitLesPoints(std::string_view ligne) {
   return Rogner(ligne.substr(0, kLargeurNom)).empty() || ligne.find("**") != std::string_view::npos;
 }
 
-PointTriangle LirePoint(std::string_view ligne) {
+void Noter(PointsEnFaute& points, const std::string& lieu) {
+  if (points.nombre++ == 0) points.premier = lieu;
+}
+
+PointTriangle LirePoint(std::string_view ligne, std::size_t rang, FichierTrg& trg) {
   PointTriangle point;
   point.nom = CadreGauche(ligne, kLargeurNom);
   point.reste = Milieu(ligne, kLargeurNom + 1);
   std::size_t colonne = kLargeurNom + 1;
+  bool lisible = true;
   for (float& part : point.parts) {
-    part = Simple(ValeurDe(Milieu(ligne, colonne, kLargeurPart)));
+    const std::string_view valeur = Milieu(ligne, colonne, kLargeurPart);
+    part = Simple(ValeurDe(valeur));
+    if (lisible && !EstNombre(valeur)) {
+      lisible = false;
+      Noter(trg.illisibles, Joindre({"ligne ", Nombre(rang), ", colonne ", Nombre(colonne), ", ", Rogner(point.nom),
+                                     " (", Rogner(valeur).empty() ? "absent" : Rogner(valeur), ")"}));
+    }
     colonne += kLargeurPart;
   }
   point.intitule = Rogner(Milieu(ligne, colonne));
   if (point.intitule.empty()) point.intitule = Rogner(point.nom);
-  return point;
-}
-
-bool FontCent(const PointTriangle& point) {
   const double somme = double{point.parts[0]} + double{point.parts[1]} + double{point.parts[2]};
-  return somme == 0 || std::fabs(somme - 100) <= kEcartDArrondi;
+  if (somme != 0 && std::fabs(somme - 100) > kEcartDArrondi)
+    Noter(trg.inegaux, Joindre({"ligne ", Nombre(rang), ", ", Rogner(point.nom), " (", Nombre(Simple(somme)), ")"}));
+  return point;
 }
 
 }  // namespace
@@ -43,10 +53,9 @@ FichierTrg LireTrg(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   trg.titre = lecteur.LireObligatoire();
   for (std::string& sommet : trg.sommets) sommet = lecteur.LireObligatoire();
-  for (std::string_view ligne; lecteur.Lire(ligne) && !FinitLesPoints(ligne);) {
-    trg.points.push_back(LirePoint(ligne));
-    if (!FontCent(trg.points.back())) ++trg.inegaux;
-  }
+  std::size_t rang = kLignesDeTete;
+  for (std::string_view ligne; lecteur.Lire(ligne) && !FinitLesPoints(ligne);)
+    trg.points.push_back(LirePoint(ligne, ++rang, trg));
   return trg;
 }
 

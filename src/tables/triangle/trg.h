@@ -17,11 +17,18 @@ struct PointTriangle {
   std::string reste;             // the line behind the name, as it stands
 };
 
+// What a user should know of the points: how many, and where the first one stands.
+struct PointsEnFaute {
+  std::size_t nombre = 0;
+  std::string premier;
+};
+
 struct FichierTrg {
   std::string titre;
   std::array<std::string, 3> sommets;
   std::vector<PointTriangle> points;
-  std::size_t inegaux = 0;  // points whose percentages make neither 100 nor 0
+  PointsEnFaute inegaux{};     // percentages that make neither 100 nor 0
+  PointsEnFaute illisibles{};  // percentages that are not numbers
 };
 
 // Reads up to a line that is blank, has four blanks for a name, or holds "**". Raises 62 for less than four lines, 6

@@ -24,11 +24,16 @@ void Prevenir(const Contexte& contexte, const FichierTrg& trg) {
   if (trg.points.empty())
     contexte.Ecran().demander(Joindre({"Le fichier ", contexte.Nom(".TRG"), " n'a aucun point : le triangle est vide"}),
                               Boutons::Ok);
-  if (trg.inegaux > 0)
-    contexte.Ecran().demander(
-        Joindre({"Points dont les trois pourcentages ne font pas 100 : ", Nombre(trg.inegaux),
-                 ". Leur place dépend des deux premiers seulement. Vérifiez le fichier "_w, contexte.Nom(".TRG")}),
-        Boutons::Ok);
+  const auto dire = [&](std::string_view quoi, const PointsEnFaute& points, std::string_view suite) {
+    if (points.nombre > 0)
+      contexte.Ecran().demander(Joindre({quoi, Nombre(points.nombre), ", le premier ", points.premier, ". ", suite,
+                                         "Vérifiez le fichier "_w, contexte.Nom(".TRG")}),
+                                Boutons::Ok);
+  };
+  dire("Points dont un pourcentage n'est pas un nombre : ", trg.illisibles,
+       "Il est lu jusqu'au premier signe de trop, ou compte pour 0. ");
+  dire("Points dont les trois pourcentages ne font pas 100 : ", trg.inegaux,
+       "Leur place dépend des deux premiers seulement. "_w);
 }
 
 Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& corps) {

@@ -44,7 +44,7 @@ TEST(Coherence, FilesThatBelongTogetherAndOthers) {
            Cas{false, "LIGN=2 FMT=2", "L1   3 0\nL2   0 4\nL3   5 1\n", ""},  // what is left is told by its program
            Cas{false, "LIGN=2 FMT=2", "L1   3 0\nL2   0 ", "au milieu d'un nombre"},
            Cas{false, "LIGN=2 FMT=2", "L1   3 0\nL2   0 \n", ""},  // a hand has left blanks out
-           Cas{false, "LIGN=2 COL=3 FMT=2", "L1   3 0 9\nL2   0 4 1\n", "plus longues"},
+           Cas{false, "LIGN=2 COL=3 FMT=2", "L1   3 0 9\nL2   0 4 1\n", "annonce 3 colonnes et nomme 2"},
            Cas{false, "LIGN=2 COL=4 FMT=2", "L1   3 019\nL2   0 420\n", ""},  // rows and columns together
            Cas{false, "LIGN=2 FMT=2", "L1   3 01984\nL2   0 41985\n", ""},    // labels that are numbers
            Cas{true, "BRT=1 COL=2 LSUP=2 FMT=1", "1   01\n2   10\n", ""},

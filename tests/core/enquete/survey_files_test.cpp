@@ -231,7 +231,7 @@ TEST_F(FichiersDEnquete, DescriptorWithItsFaults) {
                                            "SEXE    2 \n"
                                            "AGE    99 \n"
                                            "NOM    25A\n"
-                                           "CP      5A NUM TAB\n"
+                                           "CP      5n NUM TAB\n"
                                            "OPI     3 Si =2+4\n"
                                            "OP2     3 SI 2+4\n"
                                            "OP3     3 si <2\n"
@@ -240,6 +240,7 @@ TEST_F(FichiersDEnquete, DescriptorWithItsFaults) {
                                            "    fin\nXXX     1 \n"));
   ASSERT_EQ(descripteur.descriptions.size(), 9U);
   EXPECT_EQ(descripteur.descriptions[2].nombre, 20);
+  EXPECT_TRUE(descripteur.descriptions[3].alphabetique) << "any sign in column 10";
   EXPECT_TRUE(descripteur.descriptions[3].numerique);
   EXPECT_TRUE(descripteur.descriptions[3].tabulation);
   ASSERT_TRUE(descripteur.descriptions[4].saut.has_value());
@@ -247,7 +248,7 @@ TEST_F(FichiersDEnquete, DescriptorWithItsFaults) {
   EXPECT_EQ(descripteur.descriptions[4].saut->valeur, "2");
   EXPECT_EQ(descripteur.descriptions[4].saut->nombre, 4);
   EXPECT_EQ(TexteDesFautes(descripteur),
-            "*** Attention un code alpha est plus grand que 20 ramené à 20 à la question  Question NOM    \r\n"
+            "*** Attention un code alpha plus grand que 20 ramené à 20 à la question  Question NOM    \r\n"
             "*** Pas de < ou = ou >, test abandonné Question OP2    \r\n"
             "*** Pas de signe plus dans le saut, test abandonné Question OP3    \r\n"
             "*** Pas de valeur dans le saut, test abandonné Question OP4    \r\n"

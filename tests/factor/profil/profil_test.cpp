@@ -146,6 +146,19 @@ TEST_F(RunProfil, TheDataAndTheirBurtTableGiveTheSameProfile) {
   EXPECT_EQ(profil(), desDonnees);
 }
 
+TEST_F(RunProfil, WithoutDataOnlyABurtTableHasAProfile) {
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 COL=2 FMT=3 MOD=OUI\r\nOUI    oui\r\nNON    non\r\n");
+  Ecrire("ENQ.BRT", "OUV  30 10\r\nCAD  10 30\r\n");
+  for (const bool avecPos : {false, true}) {
+    if (avecPos) Ecrire("ENQ.POS", "ENQ\r\n 80 \r\nAGE   1 2\r\n");
+    EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Arret);
+    EXPECT_TRUE(Dit("Erreur : ENQ.BRT n'est pas un tableau de Burt, ses lignes ne sont pas ses colonnes")) << montre_;
+    EXPECT_FALSE(Dit("Profil de la")) << "a figure of another table";
+  }
+  Ecrire("ENQ.BRT", "OUI  40  0\r\nNON   0 40\r\n");  // one without BRT= all the same
+  EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Normale);
+}
+
 TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {
   EcrireEnquete();
   Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1\r\nNB~6\r\n");

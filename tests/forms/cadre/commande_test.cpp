@@ -83,7 +83,8 @@ struct CasDeCommande {
   const char* entree;
   const char* lancer;
   void (*regler)(const QWidget& forme, Pilote& pilote);
-  const char* contient;  // of the line
+  const char* contient;           // of the line
+  const char* reponse = nullptr;  // to the question of the launch
 };
 
 void Intituler(const QWidget& forme, int ligne, const QString& texte) {
@@ -201,6 +202,37 @@ const CasDeCommande kCas[] = {
        Cliquer(f, "CmdFichC");
      },
      "type=append"},
+    {"Tri", "mnuUtil", "Lancer",
+     [](const QWidget& f, Pilote& pilote) {
+       Cliquer(f, "OptTri");
+       pilote.Choisir("ENQ.DAT");
+       Cliquer(f, "CmdFichA");
+       pilote.Choisir("C.TXT");
+       Cliquer(f, "CmdFichC");
+       Taper(f, "TextPosTri", "2");
+       Taper(f, "TextLargTri", "2");
+       Cliquer(f, {"Decroissant", "CheckTrim"});
+     },
+     "ordre=decroissant rogner=oui"},
+    {"Caracteres", "mnuUtil", "Lancer",
+     [](const QWidget& f, Pilote& pilote) {
+       Cliquer(f, "OptHexDump");
+       pilote.Choisir("ENQ.DAT");
+       Cliquer(f, "CmdFichA");
+     },
+     "caracteres ENQ a=ENQ.DAT"},
+    {"Gendat", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptGendat"); }, "gendat ENQ", "Oui"},
+    {"Inversion", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptInvers"); }, "inversion ENQ"},
+    {"InversionEnTriangle", "mnuUtil", "Lancer",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"OptInvers", "CheckTrg"});
+     },
+     "trg=oui"},
+    {"ExamenDUnTableau", "mnuUtil", "Lancer",
+     [](const QWidget& f, Pilote&) {
+       Cliquer(f, {"OptEcapem", "OptNoms", "OptCour4"});
+     },
+     "ecapem ENQ"},
 };
 
 class VoirLaCommande : public testing::TestWithParam<CasDeCommande> {};
@@ -218,6 +250,7 @@ TEST_P(VoirLaCommande, FaitLesMemesOctetsQueLeFormulaire) {
   const QString commande = Commande(*forme, pilote);
   EXPECT_TRUE(commande.startsWith("quelvar-batch ")) << commande.toStdString();
   EXPECT_TRUE(commande.contains(cas.contient)) << commande.toStdString();
+  if (cas.reponse != nullptr) pilote.Cliquer(cas.reponse);
   Cliquer(*forme, cas.lancer);
   const Fichiers faits = FichiersDe(bureau.Dossier());
   const Fichiers voulus = Executer(commande, depart.Chemin() / "avant");

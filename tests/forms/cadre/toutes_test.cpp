@@ -123,8 +123,10 @@ void VerifierTabulation(QWidget& fenetre) {
   for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
 }
 
-// Whole on a screen of 1024 x 768, with the bar of the window; on smaller ones it scrolls and stays inside.
+// Whole on a screen of 1024 x 768, with the bar of the window; on smaller ones it scrolls and stays inside, and the
+// keyboard stays where it was.
 void VerifierTaille(QWidget& fenetre) {
+  const QWidget* const clavier = fenetre.focusWidget();
   const QSize besoin = ContenuDe(fenetre).minimumSizeHint();
   EXPECT_LE(besoin.width(), 1024);
   EXPECT_LE(besoin.height(), 768 - 40);
@@ -135,6 +137,7 @@ void VerifierTaille(QWidget& fenetre) {
     EXPECT_TRUE(fenetre.width() <= ecran.width() && cadre.height() <= ecran.height() && ecran.contains(cadre.topLeft()))
         << ecran.width() << " x " << ecran.height() << ": " << fenetre.width() << " x " << fenetre.height();
   }
+  EXPECT_EQ(fenetre.focusWidget(), clavier);
 }
 
 TEST(ToutesLesFormes, LettresNomsTabulationTaille) {

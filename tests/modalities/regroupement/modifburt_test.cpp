@@ -39,6 +39,44 @@ TEST_F(RunModifBurt, IndividualsStayBehindTheGroup) {
   EXPECT_NE(AnnonceDuRegroupement(options).find("AGE1, AGE2"), std::string::npos);
 }
 
+// A group under the name of an element that stays could not be told from it any more.
+TEST_F(RunModifBurt, AGroupDoesNotTakeTheNameOfAnotherElement) {
+  struct Essai {
+    std::vector<std::string> colonnes, lignes;
+    std::string nomColonne, nomLigne;
+    std::string_view refus;  // empty when it runs
+  };
+  const auto lancer = [&](const std::vector<Essai>& essais) {
+    for (const Essai& essai : essais) {
+      for (const char* reste : {"ENR.PRT", "ENR.MOD", "ENR.BRT", "ENR.POS", "Qvr2.ini"}) Effacer(reste);
+      OptionsModifBurt options;
+      options.colonnes = essai.colonnes;
+      options.lignes = essai.lignes;
+      options.nomColonne = essai.nomColonne;
+      options.nomLigne = essai.nomLigne;
+      EXPECT_EQ(ModifierBurt(contexte_, options), essai.refus.empty() ? Fin::Normale : Fin::Arret) << montre_;
+      EXPECT_TRUE(Dit(essai.refus)) << montre_;
+      EXPECT_EQ(Existe("ENR.MOD"), essai.refus.empty());
+    }
+  };
+  EcrireTable();
+  lancer({{{"AGE1", "AGE2"},
+           {},
+           "SEX1 et autre",
+           "",
+           "*** Le nom court SEX1 du regroupement est déjà celui d'une colonne"_w},
+          {{"AGE1"}, {"AGE2"}, "SEX1", "", "SEX1 du regroupement est déjà celui d'une colonne du tableau"_w},
+          {{"AGE1", "AGE2"}, {}, "AGE2", "", ""},  // it goes into the group
+          {{"AGE1", "AGE2"}, {}, "    vieux", "", "finirait la liste des modalités"_w},
+          {{"AGE1", "AGE2"}, {}, "A**", "", "finirait la liste des modalités"_w},
+          {{}, {}, "SEX1", "", ""}});
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 FMT=2 \r\nA\r\nAB00\r\n");
+  Ecrire("ENQ.BRT", "L1   1 2\r\nL2   3 4\r\nX000 5 6\r\n");
+  lancer({{{}, {"L1", "L2"}, "", "X", "X000 du regroupement est déjà celui d'une ligne du tableau"_w},
+          {{}, {"L1", "L2"}, "", "AB", ""},  // a column may bear it
+          {{"A"}, {"L1", "L2"}, "AB", "L1", "AB00 du regroupement est déjà celui d'une colonne"_w}});
+}
+
 TEST_F(RunModifBurt, AnUnknownMarkOrAFullDiskMovesNothing) {
   EcrireTable();
   const auto avant = Fichiers();

@@ -16,7 +16,7 @@ using namespace quelvar::tables;
 namespace {
 
 FichierTrg TrgDe(std::initializer_list<std::array<float, 3>> parts) {
-  FichierTrg trg{"Titre", {"Un", "Deux", "Trois"}, {}, 0};
+  FichierTrg trg{"Titre", {"Un", "Deux", "Trois"}, {}, {}, {}};
   for (const std::array<float, 3>& p : parts)
     trg.points.push_back({"P" + std::to_string(trg.points.size()) + "  ", "point", p, {}});
   return trg;
@@ -85,7 +85,7 @@ TEST(DessinerTriangle, SidesMovedInwardLeaveOutPointsBeyondThem) {
 }
 
 TEST(DessinerTriangle, LabelsDoNotCoverEachOther) {
-  FichierTrg trg{"Titre", {"Un", "Deux", "Trois"}, {}, 0};
+  FichierTrg trg{"Titre", {"Un", "Deux", "Trois"}, {}, {}, {}};
   std::mt19937 hasard(3);
   for (int i = 0; i < 40; ++i) {
     const auto a = static_cast<float>(30 + hasard() % 12);
@@ -186,7 +186,16 @@ TEST_F(RunTriang, TheReportEndsBehindThePicture) {
       std::string("Titre : T\r\nIntitulés des sommets \r\nA\r\nB\r\nC\r\nListe des valeurs\r\n AGE  10.0 20.0 60.0 "
                   "Age\r\nAB   \r\nFin normale du programme\r\n"_w));
   EXPECT_TRUE(Existe("ENQTrg.svg"));
-  ASSERT_EQ(boites_.size(), 2U);  // the point that does not make 100, the name of the picture
+  ASSERT_EQ(boites_.size(), 3U);  // what is wrong with the points, and the name of the picture
+  EXPECT_TRUE(boites_[0].starts_with(
+      "Points dont un pourcentage n'est pas un nombre : 1, le premier ligne 6, colonne 5, AB (absent)."));
+  EXPECT_TRUE(
+      boites_[1].starts_with("Points dont les trois pourcentages ne font pas 100 : 1, le premier ligne 5, AGE (90)."));
+  Ecrire("ENQ.TRG", "T\r\nA\r\nB\r\nC\r\nAGE1 10.0 20.0 70.0\r\nAGE2 12,5 37.5 50.0\r\nAGE3 abc  20.0 80.0\r\n");
+  boites_.clear();
+  ASSERT_EQ(Triang(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(boites_[0].starts_with(
+      "Points dont un pourcentage n'est pas un nombre : 2, le premier ligne 6, colonne 5, AGE2 (12,5)."));
   Ecrire("ENQ.TRG", "T\r\nA\r\nB\r\nC\r\n");
   boites_.clear();
   OptionsTriang options;

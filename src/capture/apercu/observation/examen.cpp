@@ -87,6 +87,17 @@ void ExamenDeTable::VoirLongueur(std::size_t cellules, std::size_t remplies, std
     faits_.irregulieres.push_back({ligne, longue ? remplies : cellules});
 }
 
+SignesDeTable ExamenDeTable::Signes() const {
+  const char decimale = lecture_.decimale;
+  const char autre = decimale == ',' ? '.' : ',';
+  const auto milliers = [&](const Observation& colonne) { return colonne.ProuveMilliers(autre); };
+  const auto prouvee = [&](const Observation& colonne) { return colonne.ProuveDecimale(decimale); };
+  SignesDeTable signes{decimale, lecture_.sourceDeDecimale};
+  signes.milliers = std::ranges::any_of(colonnes_, milliers);
+  signes.prouvee = signes.milliers || std::ranges::any_of(colonnes_, prouvee);
+  return signes;
+}
+
 FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
   if (faits_.individus == 0)
     throw Erreur(kIncompatibiliteType,
@@ -97,11 +108,12 @@ FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
   faits.guillemetSansFin = lecteur.GuillemetSansFin();
   // Cells behind the titles have slipped, even when all rows are so: nobody can tell which title is whose.
   const std::size_t nombre = faits.longues > 0 ? intitules_.size() : std::max(intitules_.size(), largeur_);
+  const SignesDeTable signes = Signes();
   for (std::size_t j = 0; j < nombre; ++j) {
     std::string intitule = j < intitules_.size() ? intitules_[j] : std::string();
-    if (lecture_.ligneTitres == 0) intitule = Joindre({"Colonne ", Nombre(j + 1)});
+    if (lecture_.ligneTitres == 0) intitule = Joindre({kTitreDeColonne, Nombre(j + 1)});
     faits.colonnes.push_back((j < colonnes_.size() ? colonnes_[j] : Observation())
-                                 .Conclure(std::move(intitule), faits.individus, j == 0, lecture_.decimale));
+                                 .Conclure(std::move(intitule), faits.individus, j == 0, signes));
   }
   return faits;
 }

@@ -31,6 +31,7 @@ class ExamenDeTable {
 
  private:
   void AssurerColonnes(std::size_t nombre);
+  SignesDeTable Signes() const;
   void VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne);
 
   Lecture lecture_;

@@ -1,6 +1,7 @@
 #include "capture/apercu/observation/observation.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -39,6 +40,18 @@ std::string Pliee(std::string_view texte) {
   std::string pliee(texte);
   for (char& c : pliee) c = SansAccent(c);
   return pliee;
+}
+
+// Answers that come back in any larger survey: a column of them holds no names of individuals.
+bool EstReponseUsuelle(std::string_view texte) {
+  const std::string pliee = Pliee(texte);
+  for (const std::string_view mot :
+       {"nsp",    "nr",       "na",          "n/a",          "nc",           "oui",   "non",
+        "yes",    "no",       "ne sait pas", "sans reponse", "sans opinion", "autre", "homme",
+        "femme",  "masculin", "feminin",     "vrai",         "faux",         "true",  "false",
+        "jamais", "toujours", "parfois",     "souvent",      "rarement",     "-oth-"})
+    if (pliee == mot) return true;
+  return false;
 }
 
 // A title that says that its numbers are those of the individuals.
@@ -101,6 +114,7 @@ bool Observation::Distinguer(std::string_view cellule) {
 }
 
 void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne) {
+  if (cellule.front() == '=' || cellule.front() == '\'') VoirHabillee(cellule);
   cellule = RognerCellule(cellule);
   if (cellule.empty()) return VoirVide();
   if (const int petit = PetitEntier(cellule); petit >= 0) {
@@ -123,23 +137,60 @@ void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne
       simples_[dernier_] = cellule.size() <= kLongueurCourte && !cellule.ends_with('%');
     return Garder(date ? kDate : kTexte, cellule, ligne);
   }
-  const std::string normal = nombre->Normalise();
+  VoirNombre(*nombre, cellule, ligne);
+}
+
+void Observation::VoirHabillee(std::string_view cellule) {
+  if (RognerCellule(cellule).size() + 1 > cellule.size()) return;
+  if (habillees_++ == 0) exempleHabille_ = cellule;
+}
+
+void Observation::VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne) {
+  if (!nombre.exposant.empty()) ++exposants_;
+  if (nombre.EstAmbigu()) {
+    Garder(DouteDe(nombre.signe), cellule, ligne);
+    const std::size_t rang = nombre.signe == ',' ? 0 : 1;
+    enDecimales_[rang].Voir(nombre);
+    nombre.LireEnMilliers();
+    enMilliers_[rang].Voir(nombre);
+    return;
+  }
+  const bool groupes = nombre.groupes == ',' || nombre.groupes == '.';
+  const Classe classe = groupes                ? MilliersDe(nombre.groupes)
+                        : nombre.signe != '\0' ? DecimalesDe(nombre.signe)
+                                               : kSansSigne;
+  if (classe == kSansSigne) ++nombres_[classe];
+  else Garder(classe, cellule, ligne);
+  if (nombre.zeroDevant && nombre.EstEntier() && cellule.size() > kChiffresDeCode) ++zerosDevant_;
+  mesures_.Voir(nombre);
+}
+
+void Mesures::Voir(const NombreLu& lu) {
+  const std::string normal = lu.Normalise();
   const double valeur = ValeurDe(normal);
-  largeurNombre_ = std::max(largeurNombre_, normal.size());
-  if (nombre->signe != '\0') Garder(nombre->signe == ',' ? kVirgule : kPoint, cellule, ligne);
-  else ++entiers_;
-  if (nombre->EstEntier() && (valeur > 999 || valeur < -999)) ++larges_;
-  if (nombre->zeroDevant && nombre->EstEntier() && cellule.size() > kChiffresDeCode) ++zerosDevant_;
-  if (nombre->EstAmbigu()) ++ambigus_;
-  if (!nombre->exposant.empty()) ++exposants_;
-  if (valeur < 0) ++negatives_;
-  decimales_ = std::max(decimales_, static_cast<int>(nombre->decimales.size()));
-  minimum_ = avecBornes_ ? std::min(minimum_, valeur) : valeur;
-  maximum_ = avecBornes_ ? std::max(maximum_, valeur) : valeur;
-  avecBornes_ = true;
+  const bool entier = lu.EstEntier();
+  Joindre({valeur, valeur, 1, entier && std::abs(valeur) > 999 ? 1 : 0, lu.signe != '\0' ? 1 : 0, valeur < 0 ? 1 : 0,
+           static_cast<int>(lu.decimales.size()), normal.size()});
+}
+
+void Mesures::Joindre(const Mesures& autres) {
+  if (autres.nombre == 0) return;
+  minimum = nombre > 0 ? std::min(minimum, autres.minimum) : autres.minimum;
+  maximum = nombre > 0 ? std::max(maximum, autres.maximum) : autres.maximum;
+  nombre += autres.nombre;
+  larges += autres.larges;
+  avecDecimales += autres.avecDecimales;
+  negatives += autres.negatives;
+  decimales = std::max(decimales, autres.decimales);
+  largeur = std::max(largeur, autres.largeur);
 }
 
 std::int64_t Observation::Petits() const { return std::accumulate(petits_.begin(), petits_.end(), std::int64_t{0}); }
+
+std::size_t Observation::LargeurDesPetits() const {
+  const auto dernier = std::find_if(petits_.rbegin(), petits_.rend(), [](std::uint32_t n) { return n > 0; });
+  return dernier == petits_.rend() ? 0 : Nombre(petits_.rend() - dernier - 1).size();
+}
 
 std::int64_t Observation::Differentes() const {
   const std::int64_t petits = std::ranges::count_if(petits_, [](std::uint32_t n) { return n > 0; });
@@ -156,7 +207,7 @@ std::vector<ValeurComptee> Observation::Valeurs() const {
   return valeurs;
 }
 
-void Observation::ConclureMelange(FaitsDeColonne& faits, std::initializer_list<Classe> classes) const {
+void Observation::ConclureMelange(FaitsDeColonne& faits, const std::vector<Classe>& classes) const {
   faits.contenu = Contenu::Melange;
   for (const Classe classe : classes) {
     faits.fautes += nombres_[classe];
@@ -166,21 +217,72 @@ void Observation::ConclureMelange(FaitsDeColonne& faits, std::initializer_list<C
   if (faits.fautives.size() > kFautivesGardees) faits.fautives.resize(kFautivesGardees);
 }
 
-void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus, bool premiere, char decimale) const {
-  const std::int64_t virgules = nombres_[kVirgule];
-  const std::int64_t points = nombres_[kPoint];
-  faits.decimale = virgules + points == 0 ? decimale : virgules >= points ? ',' : '.';
-  if (virgules > 0 && points > 0) {
-    faits.decimale = decimale;
-    return ConclureMelange(faits, {decimale == ',' ? kPoint : kVirgule});
+// The decimal sign that its own numbers show; that of the table when they show none, or both.
+char Observation::Decimale(const SignesDeTable& table) const {
+  const auto montre = [&](char signe) { return ProuveDecimale(signe) || ProuveMilliers(Autre(signe)); };
+  if (montre(',') != montre('.')) return montre(',') ? ',' : '.';
+  return table.decimale;
+}
+
+// Whether the decimal sign of the column is more than the usual one.
+bool Observation::Certaine(char decimale, const SignesDeTable& table) const {
+  return ProuveDecimale(decimale) || ProuveMilliers(Autre(decimale)) || table.prouvee ||
+         table.source != SourceDeDecimale::Usuelle;
+}
+
+SignesDeNombres Observation::Signes(const SignesDeTable& table, std::vector<Classe>& fautives) const {
+  SignesDeNombres signes{Decimale(table)};
+  const char decimale = signes.decimale;
+  const char autre = Autre(decimale);
+  // Thousands shown by the column, or by the table, or by the user's word.
+  const bool milliers = ProuveMilliers(autre) ||
+                        (decimale == table.decimale && (table.milliers || table.source == SourceDeDecimale::Donnee));
+  const auto refuser = [&](Classe classe) {
+    if (nombres_[classe] > 0) fautives.push_back(classe);
+  };
+  refuser(DecimalesDe(autre));
+  refuser(MilliersDe(decimale));
+  if (milliers && nombres_[DecimalesDe(autre)] == 0) signes.milliers = autre;
+  else refuser(DouteDe(autre));
+  // Whole numbers beside "3,400" and no other decimals anywhere: as well three thousand four hundred.
+  const std::int64_t entiers = Petits() + nombres_[kSansSigne];
+  if (!Certaine(decimale, table) && entiers > petits_[0] && nombres_[DouteDe(decimale)] > 0) {
+    signes.douteRefuse = true;
+    refuser(DouteDe(decimale));
   }
-  // The other sign than the file's: its numbers may be thousands.
-  if (faits.avecDecimales > 0 && faits.decimale != decimale && ambigus_ == faits.avecDecimales) {
-    faits.decimale = decimale;
-    return ConclureMelange(faits, {decimale == ',' ? kPoint : kVirgule});
+  return signes;
+}
+
+Mesures Observation::MesuresSelon(const SignesDeNombres& signes) const {
+  Mesures mesures = mesures_;
+  for (std::size_t rang = 0; rang < 2; ++rang)
+    mesures.Joindre(signes.milliers == (rang == 0 ? ',' : '.') ? enMilliers_[rang] : enDecimales_[rang]);
+  for (std::size_t i = 0; i < petits_.size(); ++i) {
+    if (petits_[i] == 0) continue;
+    const auto valeur = static_cast<double>(i);
+    const std::size_t chiffres = i < 10 ? 1 : i < 100 ? 2 : 3;
+    mesures.Joindre({valeur, valeur, petits_[i], 0, 0, 0, 0, chiffres});
   }
-  if (zerosDevant_ > 0 && larges_ > 0) return ConclureTextes(faits);
-  const bool codes = faits.avecDecimales == 0 && exposants_ == 0 && larges_ == 0;
+  return mesures;
+}
+
+// Numbers that may be read in two ways, for the account.
+void Observation::ConclureDoutes(FaitsDeColonne& faits, const SignesDeTable& table) const {
+  const SignesDeNombres& signes = faits.signes;
+  const auto retenir = [&](Classe classe) {
+    if (nombres_[classe] > 0) faits.exemple = gardees_[classe].front().valeur;
+    return nombres_[classe];
+  };
+  if (signes.milliers != '\0') faits.enMilliers = retenir(DouteDe(signes.milliers));
+  else if (!signes.douteRefuse && !Certaine(signes.decimale, table))
+    faits.douteuses = retenir(DouteDe(signes.decimale));
+  faits.habillees = habillees_;
+  faits.exempleHabille = exempleHabille_;
+}
+
+void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus, bool premiere, bool larges) const {
+  if (zerosDevant_ > 0 && larges) return ConclureTextes(faits);
+  const bool codes = faits.avecDecimales == 0 && exposants_ == 0 && !larges;
   const bool suite = codes && faits.maximum == static_cast<double>(individus);
   const bool tousDifferents = faits.differentes == faits.remplies && faits.vides == 0 && individus > 1;
   faits.contenu = codes ? Contenu::Codes : Contenu::Nombres;
@@ -191,52 +293,48 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
 
 void Observation::ConclureTextes(FaitsDeColonne& faits) const {
   if (longs_ > 0) faits.contenu = Contenu::TextesLongs;
-  else if (faits.remplies > 1 && faits.differentes == faits.remplies - faits.nonReponses)
+  else if (faits.remplies > 1 && faits.differentes == faits.remplies - faits.nonReponses &&
+           std::ranges::none_of(faits.valeurs, EstReponseUsuelle, &ValeurComptee::valeur))
     faits.contenu = Contenu::TextesUniques;
   else if (faits.differentes > static_cast<std::int64_t>(kTextesCourts)) faits.contenu = Contenu::TextesLongs;
   else faits.contenu = Contenu::Textes;
 }
 
-FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individus, bool premiere, char decimale) const {
+FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individus, bool premiere,
+                                     const SignesDeTable& table) const {
   FaitsDeColonne faits;
   faits.intitule = std::move(intitule);
   faits.nonReponses = nonReponses_;
-  const std::int64_t petits = Petits();
-  const std::int64_t nombres = petits + entiers_ + nombres_[kVirgule] + nombres_[kPoint];
   const std::int64_t textes = nombres_[kTexte] + nombres_[kDate];
+  const std::int64_t nombres =
+      std::accumulate(nombres_.begin() + kDate + 1, nombres_.end(), std::int64_t{0}) + Petits();
   faits.vides = individus - nombres - textes - nonReponses_;
   faits.remplies = nombres + textes + nonReponses_;
   faits.differentes = Differentes();
   if (!comble_) faits.valeurs = Valeurs();
-  faits.decimale = decimale;
-  faits.decimales = decimales_;
-  faits.avecDecimales = nombres_[kVirgule] + nombres_[kPoint];
-  faits.negatives = negatives_;
+  std::vector<Classe> fautives;
+  faits.signes = Signes(table, fautives);
+  const Mesures mesures = MesuresSelon(faits.signes);
+  ConclureDoutes(faits, table);
+  faits.decimales = mesures.decimales;
+  faits.avecDecimales = mesures.avecDecimales;
+  faits.negatives = mesures.negatives;
   faits.longues = longs_;
   faits.nonNumeriques = textes;
-  bool avecBornes = avecBornes_;
-  faits.largeur = largeur_;
-  faits.largeurNombre = largeurNombre_;
-  faits.minimum = minimum_;
-  faits.maximum = maximum_;
-  for (std::size_t i = 0; i < petits_.size(); ++i) {
-    if (petits_[i] == 0) continue;
-    const auto valeur = static_cast<double>(i);
-    faits.minimum = avecBornes ? std::min(faits.minimum, valeur) : valeur;
-    faits.maximum = avecBornes ? std::max(faits.maximum, valeur) : valeur;
-    avecBornes = true;
-    const std::size_t chiffres = i < 10 ? 1 : i < 100 ? 2 : 3;
-    faits.largeur = std::max(faits.largeur, chiffres);
-    faits.largeurNombre = std::max(faits.largeurNombre, chiffres);
-  }
+  faits.largeur = std::max(largeur_, LargeurDesPetits());
+  faits.largeurNombre = mesures.largeur;
+  faits.minimum = mesures.minimum;
+  faits.maximum = mesures.maximum;
   if (nombres + textes == 0) {
     faits.contenu = Contenu::Vide;
   } else if (premiere && faits.intitule == kTitreNumero) {
     faits.contenu = Contenu::Numero;
   } else if (textes == 0) {
-    ConclureNombres(faits, individus, premiere, decimale);
+    if (fautives.empty()) ConclureNombres(faits, individus, premiere, mesures.larges > 0);
+    else ConclureMelange(faits, fautives);
   } else if (pourcents_ == textes) {
-    ConclureMelange(faits, {kTexte});
+    fautives.push_back(kTexte);
+    ConclureMelange(faits, fautives);
   } else if (nombres == 0 && nombres_[kTexte] == 0) {
     faits.contenu = Contenu::Dates;
   } else if (faits.liste = SigneDeListe(Valeurs(), faits.elements); faits.liste != '\0') {
@@ -246,7 +344,8 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   } else if ((longs_ > 0 || Differentes() > static_cast<std::int64_t>(kTextesCourts)) && textes > nombres) {
     faits.contenu = Contenu::TextesLongs;
   } else {
-    ConclureMelange(faits, {kTexte, kDate});
+    fautives.insert(fautives.end(), {kTexte, kDate});
+    ConclureMelange(faits, fautives);
   }
   return faits;
 }

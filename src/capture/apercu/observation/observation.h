@@ -8,8 +8,31 @@
 
 #include "capture/apercu/faits.h"
 #include "capture/apercu/observation/textes.h"
+#include "capture/apercu/octets/cellule.h"
 
 namespace quelvar::capture {
+
+// What the signs of all columns show of those of one that does not show them itself.
+struct SignesDeTable {
+  char decimale = ',';
+  SourceDeDecimale source = SourceDeDecimale::Usuelle;
+  bool prouvee = false;   // a number of the table can have no other decimal sign than this one
+  bool milliers = false;  // the other sign groups thousands in a number of the table
+};
+
+// Sizes and signs of numbers.
+struct Mesures {
+  double minimum = 0, maximum = 0;
+  std::int64_t nombre = 0;
+  std::int64_t larges = 0;  // whole ones of more than three digits
+  std::int64_t avecDecimales = 0;
+  std::int64_t negatives = 0;
+  int decimales = 0;
+  std::size_t largeur = 0;
+
+  void Voir(const NombreLu& lu);
+  void Joindre(const Mesures& autres);
+};
 
 class Observation {
  public:
@@ -18,41 +41,66 @@ class Observation {
   // A cell as it was cut, on that line.
   void Voir(std::string_view cellule, std::int64_t ligne);
 
+  // Whether one of its numbers can have no other decimal sign than that one, or groups thousands with it.
+  bool ProuveDecimale(char signe) const { return nombres_[DecimalesDe(signe)] > 0; }
+  bool ProuveMilliers(char signe) const { return nombres_[MilliersDe(signe)] > 0; }
   // What the column holds. `premiere`: it is the first one, which may number the `individus`.
-  FaitsDeColonne Conclure(std::string intitule, std::int64_t individus, bool premiere, char decimale) const;
+  FaitsDeColonne Conclure(std::string intitule, std::int64_t individus, bool premiere,
+                          const SignesDeTable& table) const;
 
  private:
-  enum Classe { kTexte, kDate, kVirgule, kPoint, kClasses };
+  // Of filled cells; numbers with signs: which one shows decimals, groups thousands, or may do either ("3,400").
+  enum Classe {
+    kTexte,
+    kDate,
+    kVirgule,
+    kPoint,
+    kMilliersVirgule,
+    kMilliersPoint,
+    kDouteVirgule,
+    kDoutePoint,
+    kSansSigne,
+    kClasses
+  };
+  static Classe DecimalesDe(char signe) { return signe == ',' ? kVirgule : kPoint; }
+  static Classe MilliersDe(char signe) { return signe == ',' ? kMilliersVirgule : kMilliersPoint; }
+  static Classe DouteDe(char signe) { return signe == ',' ? kDouteVirgule : kDoutePoint; }
+  static char Autre(char signe) { return signe == ',' ? '.' : ','; }
 
   void VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne);
   void Garder(Classe classe, std::string_view cellule, std::int64_t ligne);
   // True for a text that came before and is no more than a text.
   bool Distinguer(std::string_view cellule);
   std::int64_t Petits() const;
+  std::size_t LargeurDesPetits() const;
   std::int64_t Differentes() const;
   std::vector<ValeurComptee> Valeurs() const;  // those kept, in order
-  void ConclureNombres(FaitsDeColonne& faits, std::int64_t individus, bool premiere, char decimale) const;
+  void VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne);
+  void VoirHabillee(std::string_view cellule);
+  bool Certaine(char decimale, const SignesDeTable& table) const;
+  void ConclureDoutes(FaitsDeColonne& faits, const SignesDeTable& table) const;
+  char Decimale(const SignesDeTable& table) const;
+  // The signs of its numbers; the classes of those that they do not read.
+  SignesDeNombres Signes(const SignesDeTable& table, std::vector<Classe>& fautives) const;
+  Mesures MesuresSelon(const SignesDeNombres& signes) const;
+  void ConclureNombres(FaitsDeColonne& faits, std::int64_t individus, bool premiere, bool larges) const;
   void ConclureTextes(FaitsDeColonne& faits) const;
-  void ConclureMelange(FaitsDeColonne& faits, std::initializer_list<Classe> classes) const;
+  void ConclureMelange(FaitsDeColonne& faits, const std::vector<Classe>& classes) const;
 
   std::vector<std::uint32_t> petits_ = std::vector<std::uint32_t>(1000);  // cells "0" to "999"
   std::int64_t vides_ = 0;
   std::int64_t nonReponses_ = 0;
-  std::int64_t entiers_ = 0;      // other whole numbers
-  std::int64_t larges_ = 0;       // among them, of more than three digits
   std::int64_t zerosDevant_ = 0;  // "01000": four digits and more, the first a zero; among larger ones no number
   std::int64_t exposants_ = 0;
-  std::int64_t negatives_ = 0;
+  std::int64_t habillees_ = 0;
+  std::string exempleHabille_;
   std::int64_t longs_ = 0;
   std::int64_t pourcents_ = 0;  // among the texts
-  std::int64_t ambigus_ = 0;
   std::array<std::int64_t, kClasses> nombres_{};
   std::array<std::vector<CelluleFautive>, kClasses> gardees_;
-  double minimum_ = 0, maximum_ = 0;
-  bool avecBornes_ = false;
-  int decimales_ = 0;
+  Mesures mesures_;                                  // of the numbers that can be read in one way only
+  std::array<Mesures, 2> enDecimales_, enMilliers_;  // of the others, "," then ".", in both ways
   std::size_t largeur_ = 0;
-  std::size_t largeurNombre_ = 0;
   TableDeTextes textes_;                            // the different cells beside the small numbers
   std::vector<bool> simples_;                       // of these: texts that are not long and no percentage
   bool comble_ = false;                             // there were more of them than are kept

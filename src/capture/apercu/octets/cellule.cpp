@@ -139,9 +139,26 @@ std::size_t LongueurDeBalise(std::string_view texte) {
 
 }  // namespace
 
+std::string_view SansHabit(std::string_view cellule) {
+  const std::string_view dedans = cellule.substr(1);
+  if (cellule.front() == '=')
+    return dedans.size() >= 2 && dedans.front() == '"' && dedans.back() == '"'
+               ? RognerCellule(dedans.substr(1, dedans.size() - 2))
+               : cellule;
+  return LireNombre(dedans) ? dedans : cellule;
+}
+
 bool NombreLu::EstAmbigu() const {
   return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == 3 && !entiers.empty() &&
          entiers.size() <= 3 && entiers.front() != '0';
+}
+
+void NombreLu::LireEnMilliers() {
+  // Whole part, sign and decimals stand side by side in the cell.
+  entiers = std::string_view(entiers.data(), entiers.size() + 1 + decimales.size());
+  groupes = signe;
+  decimales = {};
+  signe = '\0';
 }
 
 std::string NombreLu::Normalise() const {
@@ -178,6 +195,18 @@ std::optional<NombreLu> LireNombre(std::string_view cellule) {
   const std::size_t exposant = Exposant(cellule, i, nombre.signe != '\0');
   nombre.exposant = cellule.substr(i, exposant);
   if (i + exposant != cellule.size()) return std::nullopt;
+  return nombre;
+}
+
+std::optional<NombreLu> LireNombre(std::string_view cellule, const SignesDeNombres& signes) {
+  std::optional<NombreLu> nombre = LireNombre(cellule);
+  if (!nombre || (nombre->signe == '\0' && nombre->groupes == '\0')) return nombre;
+  if (nombre->EstAmbigu()) {
+    if (nombre->signe == signes.milliers) nombre->LireEnMilliers();
+    else if (signes.douteRefuse) return std::nullopt;
+  }
+  if (nombre->signe != '\0' && nombre->signe != signes.decimale) return std::nullopt;
+  if (nombre->groupes == signes.decimale) return std::nullopt;
   return nombre;
 }
 

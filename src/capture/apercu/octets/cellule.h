@@ -22,20 +22,37 @@ struct NombreLu {
   bool EstEntier() const { return signe == '\0' && exposant.empty(); }
   // "1,234": three digits behind the only sign, no zero alone before it; may be one thousand two hundred thirty-four.
   bool EstAmbigu() const;
+  // Makes such a number that one thousand: its sign stands between groups.
+  void LireEnMilliers();
   // The digits that say the same with a decimal point, nothing rounded: "-1234.50".
   std::string Normalise() const;
 };
 
-// The cell without the blanks, tabs and no-break spaces around it.
+// What the signs in the numbers of a column say.
+struct SignesDeNombres {
+  char decimale = ',';
+  char milliers = '\0';      // sign that groups thousands: "3,400" is three thousand four hundred; 0: unknown
+  bool douteRefuse = false;  // a number like "3,400" may be either, and nothing tells which
+
+  bool operator==(const SignesDeNombres&) const = default;
+};
+
+// What spreadsheets write around a number that is to stay a text: ="01" gives 01, and so does '01.
+std::string_view SansHabit(std::string_view cellule);
+
+// The cell without the blanks, tabs and no-break spaces around it, and without such a dress.
 inline std::string_view RognerCellule(std::string_view cellule) {
   const auto blanc = [](char c) { return c == ' ' || c == '\t' || c == '\xA0'; };
   while (!cellule.empty() && blanc(cellule.front())) cellule.remove_prefix(1);
   while (!cellule.empty() && blanc(cellule.back())) cellule.remove_suffix(1);
+  if (!cellule.empty() && (cellule.front() == '=' || cellule.front() == '\'')) return SansHabit(cellule);
   return cellule;
 }
 
 // Reads a trimmed cell; nothing when it is anything but one number ("5 %", "1E2", "1 2", "12 ans").
 std::optional<NombreLu> LireNombre(std::string_view cellule);
+// The same under the signs of its column; nothing either for a number with another sign, or one that may be two.
+std::optional<NombreLu> LireNombre(std::string_view cellule, const SignesDeNombres& signes);
 
 // True for a day, an hour or both in the writings of spreadsheets and surveys: 01/03/2024, 2024-03-01 10:22:33...
 bool EstDate(std::string_view cellule);

@@ -56,31 +56,65 @@ void RefuserBinaire(const Chemin& source, std::string_view tete) {
   if (controles * 100 > tete.size()) Refuser(source, kAnonyme);
 }
 
-bool EstLettre(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool EstLettre(unsigned char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c != 0xD7 && c != 0xF7);
+}
+bool EstPetite(unsigned char c) { return EstLettre(c) && Minuscule(static_cast<char>(c)) == static_cast<char>(c); }
 
-// Bytes above 127 by what they would be in each 8-bit encoding of French.
+// A sign between its neighbours, all of them as bytes of the code page.
+struct Signe {
+  unsigned char avant = ' ', lui = ' ', apres = ' ';
+
+  // An accented letter that texts in French, or names of their neighbours, have at such a place.
+  bool EstLettreVraisemblable() const {
+    static constexpr std::string_view kLettres = "àâçéèêëîïôùûüœöäáíóúñÀÂÇÉÈÊËÎÏÔÙÛÜŒ"_w;
+    if (kLettres.find(static_cast<char>(lui)) == std::string_view::npos) return false;
+    const bool petite = Minuscule(static_cast<char>(lui)) == static_cast<char>(lui);
+    if (EstLettre(avant) || EstLettre(apres))
+      return petite || (!EstPetite(avant) && !(EstLettre(avant) && EstPetite(apres)));
+    static constexpr std::string_view kSeules = "àôÀÔ"_w;
+    return kSeules.find(static_cast<char>(lui)) != std::string_view::npos;
+  }
+  // Another sign where it may stand: quotes and dashes at the edges of words, an apostrophe between letters...
+  bool EstSigneVraisemblable() const {
+    static constexpr std::string_view kDedans = "’·"_w;
+    static constexpr std::string_view kApres = "…’”»°ªº²³™®©‰†‡€$%"_w;
+    static constexpr std::string_view kAvant = "“«‘„‚§©–—¿¡"_w;
+    const char c = static_cast<char>(lui);
+    if (lui == 0xA0) return true;
+    if (EstLettre(avant) && EstLettre(apres)) return kDedans.find(c) != std::string_view::npos;
+    if (EstLettre(apres)) return kAvant.find(c) != std::string_view::npos;
+    if (EstLettre(avant)) return kApres.find(c) != std::string_view::npos;
+    return true;
+  }
+  bool EstVraisemblable() const {
+    if (lui == 0x81 || lui == 0x8D || lui == 0x8F || lui == 0x90 || lui == 0x9D) return false;  // no sign at all
+    // A lone point of suspension has no blank behind it.
+    if (lui == 0x85 && !EstLettre(avant) && apres == ' ') return false;
+    return EstLettre(lui) || lui == 0x9C || lui == 0x8C ? EstLettreVraisemblable() : EstSigneVraisemblable();
+  }
+};
+
+// Bytes above 127 by what they would be in each 8-bit encoding of French: those that make sense in one only.
 struct Indices {
-  std::int64_t page = 0;    // accented letters of the code page among letters
-  std::int64_t cp850 = 0;   // the same of cp850
+  std::int64_t page = 0;
+  std::int64_t cp850 = 0;
   std::int64_t latin9 = 0;  // signs that only Latin-9 has use for
   std::int64_t c1 = 0;      // bytes that Latin-9 leaves to controls
 
   void Voir(std::string_view texte, std::size_t i) {
-    const auto octet = static_cast<unsigned char>(texte[i]);
-    const char avant = i > 0 ? texte[i - 1] : ' ';
-    const char apres = i + 1 < texte.size() ? texte[i + 1] : ' ';
-    const bool colle = EstLettre(avant) || EstLettre(apres);
-    const bool dedans = EstLettre(avant) && EstLettre(apres);
+    const auto en = [&](std::size_t place) {
+      return static_cast<unsigned char>(place < texte.size() ? texte[place] : ' ');
+    };
+    const unsigned char octet = en(i);
+    const unsigned char avant = i > 0 ? en(i - 1) : static_cast<unsigned char>(' ');
+    const unsigned char apres = en(i + 1);
     if (octet >= 0x80 && octet < 0xA0) ++c1;
-    if (octet >= 0xC0 && colle) ++page;
-    // é è ê ç ë of cp850 are signs that no French text has beside a letter.
-    if ((octet == 0x82 || octet == 0x8A || octet == 0x88 || octet == 0x87 || octet == 0x89) && colle) ++cp850;
-    // â à ô î ï û ù are quotes, dashes and points: only inside a word.
-    if ((octet == 0x83 || octet == 0x85 || octet == 0x93 || octet == 0x8B || octet == 0x96 || octet == 0x97) && dedans)
-      ++cp850;
-    if (octet == 0x85 && avant == ' ' && apres == ' ') ++cp850;
-    if (octet == 0x90 && colle) ++cp850;
-    if (octet == 0xA4 || ((octet == 0xBD || octet == 0xBC) && colle)) ++latin9;
+    const bool enPage = Signe{avant, octet, apres}.EstVraisemblable();
+    const bool enCp850 = Signe{DeCp850(avant), DeCp850(octet), DeCp850(apres)}.EstVraisemblable();
+    if (enPage && !enCp850) ++page;
+    if (enCp850 && !enPage) ++cp850;
+    if (octet == 0xA4 || ((octet == 0xBD || octet == 0xBC) && (EstLettre(avant) || EstLettre(apres)))) ++latin9;
   }
   Encodage Choix() const {
     if (cp850 > page) return Encodage::Cp850;
@@ -154,6 +188,10 @@ EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
     return detecte;
   }
   detecte.encodage = examen.indices.Choix();
+  if (examen.indices.page > 0 && examen.indices.cp850 > 0)
+    detecte.doutes.push_back(
+        Joindre({"Des accents sont de windows-1252 ("_w, Nombre(examen.indices.page), "), d'autres de cp850 (",
+                 Nombre(examen.indices.cp850), ") : l'encodage n'est pas sûr. Vérifiez les accents."_w}));
   if (examen.multiple)
     detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages : la ligne "_w, Nombre(examen.ligneInvalide),
                                       " n'est pas en UTF-8 alors que d'autres le sont. Vérifiez les accents."_w}));

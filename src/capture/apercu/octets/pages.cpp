@@ -149,6 +149,8 @@ std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
   return i;
 }
 
+unsigned char DeCp850(unsigned char octet) { return octet < 0x80 ? octet : kDeCp850[octet - std::size_t{0x80}]; }
+
 std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
                               std::int64_t& etrangers) {
   if (encodage == Encodage::Windows1252 || EstAscii(octets)) return octets;
@@ -158,7 +160,7 @@ std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::s
   } else if (encodage == Encodage::Cp850) {
     for (const char c : octets) {
       const auto octet = static_cast<unsigned char>(c);
-      const unsigned char traduit = octet < 0x80 ? octet : kDeCp850[octet - std::size_t{0x80}];
+      const unsigned char traduit = DeCp850(octet);
       if (octet >= 0x80 && traduit == kInconnu) ++etrangers;
       tampon += static_cast<char>(traduit);
     }

@@ -16,18 +16,6 @@ std::string NumeroEtNom(std::size_t j, const FaitsDeColonne& colonne) {
   return Joindre({NombreNu(j + 1), colonne.intitule.empty() ? "pas d'intitulé"_w : std::string_view(colonne.intitule)});
 }
 
-std::string_view CeQuilFaut(const ChoixDeColonne& choix, std::string_view cellule) {
-  const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
-  if (decimales && LireNombre(cellule))
-    return "a un autre signe décimal que le fichier : donnez decimale=virgule ou decimale=point"_w;
-  switch (choix.genre) {
-    case Genre::Codes: return "n'est pas un code";
-    case Genre::Multiple: return "n'est pas une réponse connue"_w;
-    case Genre::Textes: return "n'a pas de code";
-    default: return "n'est pas un nombre";
-  }
-}
-
 std::string LignesIrregulieres(const FaitsDeTable& faits, bool longues) {
   std::string lignes;
   std::size_t citees = 0;
@@ -96,8 +84,34 @@ void EcrireDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, c
   }
 }
 
+namespace {
+
+// How numbers were read that could be read otherwise.
+void RemarquerNombres(const FaitsDeColonne& colonne, std::size_t j, std::vector<std::string>& remarques) {
+  const std::string nom = NumeroEtNom(j, colonne);
+  const auto lu = [&] {
+    const std::optional<NombreLu> nombre = LireNombre(colonne.exemple, colonne.signes);
+    return nombre ? nombre->Normalise() : std::string();
+  };
+  if (colonne.enMilliers > 0)
+    remarques.push_back(Joindre({"*** Attention : colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), ", ",
+                                 colonne.signes.milliers == ',' ? "la virgule"_w : "le point"_w,
+                                 " y sépare les milliers ("_w, Nombre(colonne.enMilliers), " cellule(s))"}));
+  if (colonne.douteuses > 0)
+    remarques.push_back(Joindre({"*** Attention : colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), " (",
+                                 Nombre(colonne.douteuses), " cellule(s)) ; si ce sont des milliers, donnez decimale=",
+                                 NomDecimale(colonne.signes.decimale == ',' ? '.' : ',')}));
+  if (colonne.habillees > 0)
+    remarques.push_back(
+        Joindre({"*** Attention : colonne", nom, " : ", colonne.exempleHabille, " est lu ",
+                 RognerCellule(colonne.exempleHabille), " (", Nombre(colonne.habillees), " cellule(s))"}));
+}
+
+}  // namespace
+
 std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits) {
   std::vector<std::string> remarques;
+  for (std::size_t j = 0; j < faits.colonnes.size(); ++j) RemarquerNombres(faits.colonnes[j], j, remarques);
   if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
   if (faits.courtes > 0)
     remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.courtes),
@@ -116,6 +130,10 @@ std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan
   if (!perdus.coupes.empty())
     remarques.push_back(Joindre({"*** Attention :", NombreNu(perdus.coupes.size()),
                                  "intitulé(s) de plus de 25 caractères, coupé(s) dans "_w, contexte.Nom(".MOD")}));
+  for (const ColonneImportee& colonne : plan.colonnes)
+    if (colonne.DansPos() && colonne.intituleChange)
+      remarques.push_back(Joindre({"*** Attention : le signe $ est écrit S dans "_w, contexte.Nom(".POS"),
+                                   ", à la colonne"_w, NumeroEtIntitule(colonne)}));
   for (const std::string& nom : perdus.communs)
     remarques.push_back(Joindre({"*** Attention : deux modalités ont le nom "_w, nom, " dans ", contexte.Nom(".MOD")}));
   if (perdus.gardes > 0)
@@ -156,7 +174,7 @@ void EcrireRefus(Rapport& rapport, const Bilan& bilan, const FaitsDeTable& faits
   for (const CelluleRefusee& refusee : refusees)
     rapport.Ligne({"*** Erreur : colonne", NumeroEtNom(refusee.colonne, faits.colonnes[refusee.colonne]), ", ligne",
                    NombreNu(refusee.ligne), ": \"", refusee.valeur, "\" ",
-                   CeQuilFaut(choix[refusee.colonne], refusee.valeur)});
+                   RaisonDuRefus(choix[refusee.colonne], faits.colonnes[refusee.colonne], refusee.valeur)});
   const auto tues = bilan.refus - static_cast<std::int64_t>(refusees.size());
   if (tues > 0) rapport.Ligne({"*** Erreur : et", NombreNu(tues), "autre(s) cellule(s)"});
 }

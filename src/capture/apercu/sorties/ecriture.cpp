@@ -28,8 +28,8 @@ bool EstNegation(std::string_view texte) {
   return false;
 }
 
-bool EstEntier(std::string_view cellule) {
-  const std::optional<NombreLu> nombre = LireNombre(cellule);
+bool EstEntier(std::string_view cellule, const SignesDeNombres& signes) {
+  const std::optional<NombreLu> nombre = LireNombre(cellule, signes);
   return nombre && nombre->EstEntier();
 }
 
@@ -128,8 +128,8 @@ void EcritureDeTable::PlacerTexte(const ColonneLue& lue, std::size_t j, std::str
 
 void EcritureDeTable::PlacerClasse(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
   if (EstZero(lue, cellule)) return PlacerCode(lue.premiere, 0);
-  const std::optional<NombreLu> nombre = LireNombre(cellule);
-  if (!nombre || (nombre->signe != '\0' && nombre->signe != lue.decimale)) return Refuser(j, cellule);
+  const std::optional<NombreLu> nombre = LireNombre(cellule, lue.signes);
+  if (!nombre) return Refuser(j, cellule);
   const double valeur = ValeurDe(nombre->Normalise());
   const auto classe = std::ranges::upper_bound(lue.limites, valeur) - lue.limites.begin();
   PlacerCode(lue.premiere, static_cast<int>(classe) + 1);
@@ -156,8 +156,8 @@ void EcritureDeTable::PlacerListe(const ColonneLue& lue, std::size_t j, std::str
 
 void EcritureDeTable::GarderNombre(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
   if (cellule.empty() || EstZero(lue, cellule)) return;
-  const std::optional<NombreLu> nombre = LireNombre(cellule);
-  if (!nombre || (nombre->signe != '\0' && nombre->signe != lue.decimale)) return Refuser(j, cellule);
+  const std::optional<NombreLu> nombre = LireNombre(cellule, lue.signes);
+  if (!nombre) return Refuser(j, cellule);
   const auto rang = static_cast<std::size_t>(std::ranges::find(nombresDe_, j) - nombresDe_.begin());
   nombres_[rang] = nombre->Normalise();
 }
@@ -183,7 +183,8 @@ void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
       else PlacerChiffres(lue, j, cellule);
       break;
     case Regle::Telle:
-      if (lue.entiers && !cellule.empty() && !EstZero(lue, cellule) && !EstEntier(cellule)) Refuser(j, cellule);
+      if (lue.entiers && !cellule.empty() && !EstZero(lue, cellule) && !EstEntier(cellule, lue.signes))
+        Refuser(j, cellule);
       metteur_.Placer(lue.premiere, cellule);
       break;
     case Regle::Texte:

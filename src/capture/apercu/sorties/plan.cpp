@@ -29,10 +29,11 @@ bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
   return std::ranges::find(textes, texte) != textes.end();
 }
 
-// A label or a title that .POS can hold between its "$" signs.
-std::string SansDollar(std::string texte) {
-  std::ranges::replace(texte, '$', 'S');
-  return texte;
+// The title as .POS can hold it between its "$" signs.
+void Intituler(ColonneImportee& colonne, std::string intitule) {
+  colonne.intituleChange = intitule.find('$') != std::string::npos;
+  std::ranges::replace(intitule, '$', 'S');
+  colonne.intitule = std::move(intitule);
 }
 
 // Calls `voir` with every cell of one column that is not empty.
@@ -85,7 +86,7 @@ ColonneImportee& Dresseur::Ajouter(const FaitsDeColonne& faits, const ChoixDeCol
                                    double codeMax) {
   if (lue_.nombre++ == 0) lue_.premiere = plan_.colonnes.size();
   ColonneImportee colonne;
-  colonne.intitule = SansDollar(faits.intitule);
+  Intituler(colonne, faits.intitule);
   colonne.largeur = largeur;
   colonne.codeMax = codeMax;
   colonne.rang = rang_ + 1;
@@ -117,6 +118,7 @@ void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& f
   } else if (faits.largeur > 0) {
     lue_.regle = Regle::Telle;
     lue_.entiers = !numero;
+    lue_.signes = faits.signes;
     ColonneImportee& colonne = Ajouter(faits, choix, faits.largeur, 0);
     colonne.telle = true;
     colonne.numero = numero;
@@ -152,7 +154,8 @@ void Dresseur::PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne&
     std::vector<double> valeurs;
     ParcourirColonne(source_, lecture_, rang_, [&](std::string_view cellule) {
       if (EstParmi(choix.nonReponses, cellule)) return;
-      if (const std::optional<NombreLu> nombre = LireNombre(cellule)) valeurs.push_back(ValeurDe(nombre->Normalise()));
+      if (const std::optional<NombreLu> nombre = LireNombre(cellule, faits.signes))
+        valeurs.push_back(ValeurDe(nombre->Normalise()));
     });
     bornes = BornesDeGroupes(std::move(valeurs), choix.groupes);
   }
@@ -162,7 +165,7 @@ void Dresseur::PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne&
   const ColonneImportee& colonne = Ajouter(faits, choix, nombre < 10 ? 1 : 2, static_cast<double>(nombre));
   if (nombre > kClassesAuPlus) Refuser(colonne, "plus de 35 classes");
   lue_.limites = std::move(classes.limites);
-  lue_.decimale = faits.decimale;
+  lue_.signes = faits.signes;
   plan_.etiquettes.back() = std::move(classes.etiquettes);
 }
 
@@ -196,7 +199,7 @@ void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& f
   lue_.liste = choix.liste;
   for (const ValeurComptee& element : elements) {
     ColonneImportee& colonne = Ajouter(faits, choix, 1, 1);
-    colonne.intitule = SansDollar(Joindre({faits.intitule, " : ", element.valeur}));
+    Intituler(colonne, Joindre({faits.intitule, " : ", element.valeur}));
     if (lue_.nombre <= kCodesEnUnSigne && elements.size() > 1)
       noms_.back() = Joindre({Rogner(noms_.back()).substr(0, 2), CodeCaractere(static_cast<int>(lue_.nombre))});
     if (elements.size() > kColonnesDeReponses) Refuser(colonne, "plus de 200 réponses différentes dans les listes"_w);
@@ -208,7 +211,7 @@ void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& f
 // Whole numbers stay in .DAT besides, out of .POS, as they always did.
 void Dresseur::PrendreNombres(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
   lue_.gardee = true;
-  lue_.decimale = faits.decimale;
+  lue_.signes = faits.signes;
   plan_.nombres.push_back({rang_, choix.nom, faits.intitule});
   plan_.largeurNombres = std::max(plan_.largeurNombres, faits.largeurNombre + 1);
   if (faits.contenu != Contenu::Nombres || faits.avecDecimales > 0 || faits.largeur <= kLargeurCodes) return;

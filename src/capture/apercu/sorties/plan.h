@@ -39,7 +39,7 @@ struct ColonneLue {
   bool longue = false;   // goes to .TXT
   bool gardee = false;   // goes to the numbers
   bool entiers = false;  // Telle: only whole numbers will do
-  char decimale = ',';
+  SignesDeNombres signes;
 };
 
 // A variable of the generic of the numbers.

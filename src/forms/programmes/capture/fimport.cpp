@@ -1,13 +1,20 @@
 #include "forms/programmes/capture/fimport.h"
 
-#include "capture/burt.h"
 #include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"
+#include "capture/import_options.h"
+#include "forms/pieces/commande.h"
 #include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
 
 namespace quelvar::forms {
+
+namespace {
+
+constexpr std::string_view kUneSeule = "Vous ne pouvez prendre qu'une seule des options";
+
+}  // namespace
 
 FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui::FImport>()) {
   ui_->setupUi(this);
@@ -35,20 +42,34 @@ FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui:
   });
   connect(ui_->Lancer, &QPushButton::clicked, this, &FImport::LancerImport);
   RelierQuitter(*ui_->Annuler);
+  AjouterVoirLaCommande(*ui_->Lancer, [this] { return Commande(); });
 }
 
 FImport::~FImport() = default;
 
+capture::OptionsImportBurt FImport::OptionsBurt() const {
+  return {DepuisQt(ui_->TextFichier->text()),
+          ui_->OptNum->isChecked() ? capture::NomsCourts::Automatiques : capture::NomsCourts::Utilisateur};
+}
+
+std::string FImport::Commande() const {
+  const auto commande = [this](const auto& programme, const auto& options) {
+    return CommandeEquivalente(programme, contexte_.generique, contexte_.niveau, options);
+  };
+  if (ui_->CheckTrg->isChecked() && ui_->CheckBRT->isChecked()) return Joindre({"(aucune : "_w, kUneSeule, ")"});
+  if (ui_->CheckBRT->isChecked()) return commande(capture::DescriptionImportBurt(), OptionsBurt());
+  if (ui_->CheckTrg->isChecked()) return commande(capture::DescriptionImportTableau(), capture::OptionsImportTableau{});
+  return commande(capture::DescriptionImportDbf(), capture::OptionsImportDbf{});
+}
+
 void FImport::LancerImport() {
   if (ui_->CheckTrg->isChecked() && ui_->CheckBRT->isChecked()) {
-    services_.ecran.demander("Vous ne pouvez prendre qu'une seule des options", Boutons::Ok);
+    services_.ecran.demander(kUneSeule, Boutons::Ok);
     return;
   }
   if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
   if (ui_->CheckBRT->isChecked()) {
-    const capture::OptionsImportBurt options{
-        DepuisQt(ui_->TextFichier->text()),
-        ui_->OptNum->isChecked() ? capture::NomsCourts::Automatiques : capture::NomsCourts::Utilisateur};
+    const capture::OptionsImportBurt options = OptionsBurt();
     if (const std::string_view refus = capture::RefusDImporterBurt(options); !refus.empty()) {
       services_.ecran.demander(refus, Boutons::Ok);
       return;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
+#include "capture/burt.h"
 #include "capture/presence.h"
 #include "forms/cadre/services.h"
 
@@ -19,6 +21,8 @@ class FImport : public Forme {
   ~FImport() override;
 
  private:
+  capture::OptionsImportBurt OptionsBurt() const;
+  std::string Commande() const;
   void LancerImport();
   void ChoisirFichier();
 

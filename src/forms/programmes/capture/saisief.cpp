@@ -2,10 +2,13 @@
 
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QScreen>
-#include <algorithm>
+#include <QLayout>
+#include <QScrollBar>
 
 #include "capture/saisie/ecran.h"
+#include "capture/saisie/saisie_options.h"
+#include "forms/pieces/commande.h"
+#include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"
 #include "forms/programmes/capture/saisiedes.h"
 #include "forms/texte/texte_qt.h"
@@ -30,8 +33,15 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
   fixe.setPointSize(13);
   for (QLabel* label : {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4, ui_->Label6, ui_->Label7})
     label->setFont(fixe);
+  // A message that comes and goes moves no question.
+  QSizePolicy place = ui_->FrMsg->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  ui_->FrMsg->setSizePolicy(place);
+  ui_->Label9->setMinimumWidth(ui_->Label9->fontMetrics().horizontalAdvance(VersQt(capture::TexteDesMajuscules(true))));
   ui_->ListEnreg->setModel(liste_);
-  ui_->ListEnreg->installEventFilter(this);
+  for (QWidget* controle : {static_cast<QWidget*>(ui_->ListEnreg), static_cast<QWidget*>(ui_->BoutCont),
+                            static_cast<QWidget*>(ui_->BoutArret)})
+    controle->installEventFilter(this);
   ui_->FrListe->setVisible(false);
   ui_->TextMsg->setPlainText(VersQt(saisie_->fautes));
   connect(ui_->TextMod, &ZoneDeFrappe::frappe, this, &Saisief::Frapper);
@@ -51,6 +61,10 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
     relire();
   });
   RelierAide(*ui_->BoutAide, "mnuASaisie");
+  QPushButton& commande = AjouterVoirLaCommande(*ui_->BoutListe, [this] { return Commande(); });
+  commande.setFocusPolicy(Qt::ClickFocus);
+  commande.setAutoDefault(false);
+  connect(&commande, &QPushButton::clicked, this, &Saisief::Montrer);
   Montrer();
 }
 
@@ -60,6 +74,14 @@ bool Saisief::ATravail() const { return capture::EstEntame(saisie_->etat); }
 
 std::string_view Saisief::QuestionDePerte() const {
   return "L'enregistrement en cours n'est pas validé : annulez et faites Entrée pour le garder"_w;
+}
+
+// The command reads the keys where the form takes them from the keyboard.
+std::string Saisief::Commande() const {
+  capture::OptionsSaisie options;
+  options.directe = saisie_->etat.directe;
+  return Joindre({CommandeEquivalente(capture::DescriptionSaisie(), contexte_.generique, contexte_.niveau, options),
+                  "  # les touches se lisent sur l'entrée standard"_w});
 }
 
 void Saisief::Continuer() {
@@ -106,27 +128,38 @@ void Saisief::Montrer() {
                                             : VersQt(capture::IntituleDeReponse(etat, etat.courante, intitules_)));
   ui_->LabelType->setText(VersQt(capture::TypeCourant(etat)));
   ui_->LabelConseil->setText(VersQt(capture::ConseilCourant(etat)));
-  ui_->Label9->setText(VersQt(capture::TexteDesMajuscules(etat)));
+  ui_->Label9->setText(VersQt(capture::TexteDesMajuscules(etat.majuscules)));
   ui_->LabelFaits->setText(QString::number(etat.faits));
   ui_->LabelEnCours->setText(etat.corrige ? QStringLiteral("%1 (correction)").arg(*etat.corrige)
                                           : QString::number(etat.faits + 1));
   if (fautesVues_) ui_->TextMsg->setPlainText(VersQt(etat.message));
   ui_->FrMsg->setVisible(!fautesVues_ || !etat.message.empty());
   ui_->BoutCont->setVisible(!fautesVues_);
-  if (fautesVues_) {
-    if (focusWidget() != ui_->ListEnreg) ui_->TextMod->setFocus();
-  } else {
-    ui_->BoutCont->setFocus();
-  }
+  ui_->BoutArret->setAutoDefault(!fautesVues_);  // the one of the two that Enter presses shows it
+  if (fautesVues_) ui_->BoutArret->setDefault(false);
+  ui_->BoutListe->setEnabled(fautesVues_);
+  DonnerLeClavier();
+}
+
+// To the faults as long as they are shown, then to the answer or to the list of records.
+void Saisief::DonnerLeClavier() {
+  if (!fautesVues_) ui_->BoutCont->setFocus();
+  else if (focusWidget() != ui_->ListEnreg) ui_->TextMod->setFocus();
+}
+
+// Whatever the window did to its controls to hold in the screen.
+void Saisief::showEvent(QShowEvent* evenement) {
+  Forme::showEvent(evenement);
+  DonnerLeClavier();
 }
 
 void Saisief::MontrerListe() {
   if (!fautesVues_ || liste_->rowCount() == 0) return;
   if (!ui_->FrListe->isVisible()) {
     ui_->FrListe->setVisible(true);
+    layout()->activate();  // the window grows by what the list needs
     adjustSize();
-    const QRect place = screen()->availableGeometry();
-    move(std::clamp(x(), place.left(), std::max(place.left(), place.right() - frameGeometry().width())), y());
+    TenirDansLEcran(*this);
   }
   liste_->Rafraichir();
   const bool premiere = !ui_->ListEnreg->currentIndex().isValid();
@@ -152,10 +185,32 @@ void Saisief::Choisir(int rang) {
 }
 
 bool Saisief::eventFilter(QObject* objet, QEvent* evenement) {
-  if (objet == ui_->ListEnreg && evenement->type() == QEvent::KeyPress &&
-      ToucheDeListe(static_cast<QKeyEvent*>(evenement)->key()))
-    return true;
+  if (evenement->type() == QEvent::KeyPress) {
+    const int cle = static_cast<QKeyEvent*>(evenement)->key();
+    if (objet == ui_->ListEnreg && ToucheDeListe(cle)) return true;
+    for (QPushButton* bouton : {ui_->BoutCont, ui_->BoutArret})
+      if (objet == bouton && !fautesVues_ && ToucheDeFautes(*bouton, cle)) return true;
+  }
   return QDialog::eventFilter(objet, evenement);
+}
+
+// As long as the faults are shown the keyboard stays with them: it scrolls them, and goes from "Continuer" to
+// "Arrêter".
+bool Saisief::ToucheDeFautes(QPushButton& bouton, int cle) {
+  QScrollBar& defilement = *ui_->TextMsg->verticalScrollBar();
+  switch (cle) {
+    case Qt::Key_Up: defilement.triggerAction(QScrollBar::SliderSingleStepSub); return true;
+    case Qt::Key_Down: defilement.triggerAction(QScrollBar::SliderSingleStepAdd); return true;
+    case Qt::Key_PageUp: defilement.triggerAction(QScrollBar::SliderPageStepSub); return true;
+    case Qt::Key_PageDown: defilement.triggerAction(QScrollBar::SliderPageStepAdd); return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: (&bouton == ui_->BoutCont ? ui_->BoutArret : ui_->BoutCont)->setFocus(); return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: bouton.click(); return true;
+    default: return false;
+  }
 }
 
 // Enter in the list goes to the answers of the record, Escape back to the individual that is keyed.

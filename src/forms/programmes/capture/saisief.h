@@ -26,16 +26,20 @@ class Saisief : public Forme {
 
  protected:
   std::string_view QuestionDePerte() const override;
+  void showEvent(QShowEvent* evenement) override;
   bool eventFilter(QObject* objet, QEvent* evenement) override;
 
  private:
   void Frapper(capture::Touche touche, bool tenue);
   void Enregistrer();
   void Montrer();
+  void DonnerLeClavier();
   void Continuer();
+  std::string Commande() const;
   void MontrerListe();
   void Choisir(int rang);
   bool ToucheDeListe(int cle);
+  bool ToucheDeFautes(QPushButton& bouton, int cle);
 
   std::shared_ptr<capture::SaisieEnCours> saisie_;
   IntitulesModalites intitules_;

@@ -44,6 +44,8 @@ ZoneDeFrappe::ZoneDeFrappe(QWidget* parent) : QLabel(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_InputMethodEnabled);
   setTextFormat(Qt::PlainText);
+  setBackgroundRole(QPalette::Base);
+  setForegroundRole(QPalette::Text);
 }
 
 QVariant ZoneDeFrappe::inputMethodQuery(Qt::InputMethodQuery question) const {

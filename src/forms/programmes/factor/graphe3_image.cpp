@@ -113,14 +113,21 @@ void Graphe3::CouperLaClassification() {
 
 void Graphe3::Associer() {
   modalities::OptionsModifBurt options;
+  std::vector<std::string> colonnes;
+  std::vector<std::string> lignes;
   for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i) {
-    if (etat_.reglages.marques[i] == 0) continue;
     const std::string& nom = etat_.donnees.points[i].nom;
+    (i < etat_.donnees.colonnes ? colonnes : lignes).push_back(nom);
+    if (etat_.reglages.marques[i] == 0) continue;
     if (i < etat_.donnees.colonnes) options.colonnes.push_back(nom);
     else if (!etat_.donnees.Individus()) options.lignes.push_back(nom);
   }
   options.nomColonne = DepuisQt(ui_->TextNouvCol->text());
   options.nomLigne = DepuisQt(ui_->TextNouvNom->text());
+  if (const std::string refus = modalities::RefusDuNom(options, colonnes, lignes); !refus.empty()) {
+    services_.ecran.biper();
+    return ui_->Information->setPlainText(VersQt(refus));
+  }
   const std::string annonce = modalities::AnnonceDuRegroupement(options);
   if (annonce.empty() ||
       services_.ecran.demander(

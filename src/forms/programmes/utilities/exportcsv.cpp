@@ -15,6 +15,7 @@ ExportCsv::ExportCsv(Services& services) : Forme(services), ui_(std::make_unique
   ui_->OptWindows->setChecked(!defaut.utf8);
   ui_->OptCodes->setChecked(defaut.codes);
   ui_->OptIntitules->setChecked(!defaut.codes);
+  ui_->CheckChoix->setChecked(defaut.choix);
   connect(ui_->Lancer, &QPushButton::clicked, this, &ExportCsv::Exporter);
   RelierCommande(*ui_->Lancer, utilities::DescriptionExportCsv(), contexte_, [this] { return Options(); });
   RelierAide(*ui_->BoutAide, "mnuAUtilitaires");
@@ -24,7 +25,8 @@ ExportCsv::ExportCsv(Services& services) : Forme(services), ui_(std::make_unique
 ExportCsv::~ExportCsv() = default;
 
 utilities::OptionsExportCsv ExportCsv::Options() const {
-  return {ui_->OptTab->isChecked(), ui_->OptUtf8->isChecked(), ui_->OptCodes->isChecked()};
+  return {ui_->OptTab->isChecked(), ui_->OptUtf8->isChecked(), ui_->OptCodes->isChecked(),
+          ui_->CheckChoix->isChecked()};
 }
 
 void ExportCsv::Exporter() {

@@ -7,7 +7,7 @@
 #include "forms/cadre/services.h"
 #include "tables/ecapem.h"
 #include "utilities/exportation.h"
-#include "utilities/fusion.h"
+#include "utilities/fusion/fusion.h"
 #include "utilities/inversion.h"
 #include "utilities/trifichier.h"
 

@@ -87,6 +87,13 @@ TEST(FImport, TableauDeBurt) {
       Aide(forme).contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
                            "     ods  output   Burt=fichtemp ;\n"));
   Pilote pilote;
+  QString commande;
+  pilote.Faire([&](QDialog& boite) {
+    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
+    boite.reject();
+  });
+  Cliquer(forme, "BoutCommande");
+  EXPECT_EQ(commande, "quelvar-batch --niveau 2 import-burt ENQ noms=util");
   pilote.Choisir(QString::fromStdString((bureau.Dossier() / "sas.txt").string()));
   Cliquer(forme, "BoutFichier");
   pilote.Taper("5");
@@ -94,7 +101,7 @@ TEST(FImport, TableauDeBurt) {
   pilote.Taper("10");
   pilote.Cliquer("Oui");
   Cliquer(forme, "Lancer");
-  EXPECT_TRUE(pilote.Vues().value(2).startsWith("le nombre de questions est de 2 : est-ce cohérent ?"));
+  EXPECT_TRUE(pilote.Vues().value(3).startsWith("le nombre de questions est de 2 : est-ce cohérent ?"));
   EXPECT_EQ(bureau.Lire("ENQ.MOD"), "ENQ\r\n BRT=2 FMT=1 \r\nSEX1   Homme\r\nSEX2   Femme\r\n");
   EXPECT_EQ(bureau.Lire("ENQ.BRT"), "SEX140\r\nSEX206\r\n");
   EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 10 \r\n");

@@ -7,6 +7,7 @@
 #include <QListView>
 #include <QPlainTextEdit>
 
+#include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/saisiedes.h"
 #include "forms/programmes/capture/saisief.h"
@@ -160,6 +161,27 @@ TEST(Saisief, SaisieDirecteEtTouchesTenues) {
     QApplication::sendEvent(&zone, &tenue);
   }
   EXPECT_EQ(bureau.Lire("ENQ.DAT"), "1254\r\n");
+  Pilote pilote;
+  QString commande;
+  pilote.Faire([&](QDialog& boite) {
+    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
+    boite.reject();
+  });
+  Cliquer(forme, "BoutCommande");
+  EXPECT_TRUE(commande.startsWith("quelvar-batch saisie ENQ directe=oui  # ")) << commande.toStdString();
+  EXPECT_EQ(forme.focusWidget(), &zone) << "the keyboard is back on the answer";
+}
+
+TEST(Saisief, ArreterDevantLesFautes) {
+  BureauEnq bureau;
+  bureau.Ecrire("ENQ.DES", "NUL     0     \r\n");
+  bureau.Ouvrir();
+  Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
+  QTest::keyClick(forme.focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(forme.focusWidget(), Qt::Key_Return);
+  QApplication::processEvents();
+  EXPECT_EQ(bureau.Forme<Saisief>(), nullptr);
+  EXPECT_TRUE(bureau.Texte().contains("déjà faits = 0 \n"));
 }
 
 TEST(Saisief, FautesAvantLaPremiereQuestion) {
@@ -172,8 +194,16 @@ TEST(Saisief, FautesAvantLaPremiereQuestion) {
       "*** Attention un code numérique a comme code-max 0 à la question  Question NUL    \n*** Erreur : "));
   Touches(forme, {Qt::Key_Right});
   EXPECT_EQ(Etiquette(forme, "TextMod"), " 0") << "the faults come first";
-  Cliquer(forme, "BoutCont");
+  const auto devant = [&] { return forme.focusWidget()->objectName(); };
+  for (const Qt::Key touche : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Up})
+    QTest::keyClick(forme.focusWidget(), touche);
+  EXPECT_EQ(devant(), "BoutCont") << "these keys scroll the faults";
+  QTest::keyClick(forme.focusWidget(), Qt::Key_Right);
+  EXPECT_EQ(devant(), "BoutArret");
+  QTest::keyClick(forme.focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(forme.focusWidget(), Qt::Key_Return);
   EXPECT_FALSE(Visible(forme, "FrMsg"));
+  EXPECT_EQ(devant(), "TextMod");
   Touches(forme, {Qt::Key_Right});
   EXPECT_EQ(Etiquette(forme, "TextMod"), " 1");
   Pilote pilote;
@@ -198,6 +228,8 @@ TEST(Saisief, RevoirEtCorriger) {
   Touches(forme, {Qt::Key_F4});
   auto& liste = Bureau::Dans<QListView>(forme, "ListEnreg");
   ASSERT_EQ(forme.focusWidget(), &liste);
+  const QSize besoin = ContenuDe(forme).minimumSizeHint();
+  EXPECT_TRUE(besoin.width() <= 1024 && besoin.height() <= 768 - 40) << besoin.width() << " x " << besoin.height();
   EXPECT_EQ(Etiquette(forme, "LabelEnCours"), "50 (correction)");
   QTest::keyClick(&liste, Qt::Key_PageUp);
   EXPECT_NE(Etiquette(forme, "LabelEnCours"), "50 (correction)");

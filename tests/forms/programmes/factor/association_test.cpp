@@ -76,9 +76,13 @@ TEST(Association, FromTheMarksToTheFactorsOfTheNewGeneric) {
   TaperDans(forme, "TextMarques", "sex1, lec2, lec3");
   MarquerALaSouris(forme, "SEX1");
   EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2,LEC3");
-  TaperDans(forme, "TextNouvCol", "Lit peu");
-
   Pilote pilote;
+  TaperDans(forme, "TextNouvCol", "LEC1 et plus");
+  Cliquer(forme, "BoutonAssoc");
+  EXPECT_TRUE(pilote.Vues().empty()) << "nothing is announced under the name of another modality";
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText().startsWith("Le nom court LEC1 du"));
+
+  TaperDans(forme, "TextNouvCol", "Lit peu");
   pilote.Cliquer("Non");
   Cliquer(forme, "BoutonAssoc");
   ASSERT_EQ(pilote.Vues().size(), 1);

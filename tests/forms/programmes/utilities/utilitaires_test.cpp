@@ -79,9 +79,10 @@ TEST_F(FormesUtilitaires, AnInvertedTableBecomesTheGeneric) {
 TEST_F(FormesUtilitaires, TheSpreadsheetTakesItsOptions) {
   ExportCsv& forme = bureau_.Demander<ExportCsv>("mnexportCSV");
   Cliquer(forme, "OptTab");
-  Cliquer(forme, "OptCodes");
+  Cliquer(forme, {"OptCodes", "CheckChoix"});
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau_.Lire("ENQ.csv"), "AGE Age\tSEX\r\n1\t2\r\n2\t1\r\n1\t2\r\n");
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.IMC")).contains("SEX=codes;SEX"));
 }
 
 TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {

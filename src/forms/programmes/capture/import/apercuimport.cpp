@@ -148,6 +148,7 @@ void ApercuImport::ChangerLecture() {
   lecture.encodage = kEncodages[ui_->ComboEncodage->currentIndex()];
   lecture.separateur = kSeparateurs[ui_->ComboSeparateur->currentIndex()];
   lecture.decimale = kDecimales[ui_->ComboDecimale->currentIndex()];
+  if (sender() == ui_->ComboDecimale) lecture.sourceDeDecimale = capture::SourceDeDecimale::Donnee;
   lecture.guillemets = ui_->CheckGuillemets->isChecked();
   const std::size_t detectee = std::max<std::size_t>(preparation_.Detectee().lecture.ligneTitres, 1);
   lecture.ligneTitres = ui_->CheckTitres->isChecked() ? detectee : 0;
@@ -231,7 +232,8 @@ QString ApercuImport::TexteDesFautes() const {
   QStringList lignes;
   if (!echec_.isEmpty()) lignes << echec_;
   for (const std::string& refus : preparation_.Refus()) lignes << VersQt(refus);
-  for (const std::string& doute : preparation_.Detectee().doutes) lignes << VersQt(doute);
+  for (const std::string& doute : preparation_.Doutes()) lignes << VersQt(doute);
+  for (const std::string& remarque : preparation_.Remarques()) lignes << VersQt(remarque);
   if (!repris_.isEmpty()) lignes << repris_;
   return lignes.join(u'\n');
 }

@@ -1,4 +1,6 @@
-#include "utilities/fusion_pos.h"
+#include "utilities/fusion/pos.h"
+
+#include <algorithm>
 
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
@@ -43,6 +45,28 @@ std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string
   }
   if (pos.questions.empty()) return std::nullopt;
   return pos;
+}
+
+std::vector<std::string> NomsCommuns(const PosDeFusion& a, const PosDeFusion& b) {
+  const auto nom = [](const std::string& question) {
+    return Rogner(std::string_view(question).substr(0, kLargeurNom));
+  };
+  std::vector<std::string> communs;
+  for (const std::string& question : a.questions)
+    if (std::any_of(b.questions.begin(), b.questions.end(),
+                    [&](const std::string& autre) { return nom(autre) == nom(question); }))
+      communs.emplace_back(nom(question));
+  return communs;
+}
+
+std::size_t PremiereDifference(const PosDeFusion& a, const PosDeFusion& b) {
+  constexpr std::size_t kChamp = 9;  // name, position and code-max
+  const auto champ = [](const PosDeFusion& pos, std::size_t i) {
+    return i < pos.questions.size() ? CadreGauche(pos.questions[i], kChamp) : std::string();
+  };
+  for (std::size_t i = 0; i < std::max(a.questions.size(), b.questions.size()); ++i)
+    if (champ(a, i) != champ(b, i)) return i + 1;
+  return 0;
 }
 
 std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b, std::size_t decalage,

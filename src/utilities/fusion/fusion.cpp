@@ -1,4 +1,4 @@
-#include "utilities/fusion.h"
+#include "utilities/fusion/fusion.h"
 
 #include <algorithm>
 #include <optional>
@@ -6,7 +6,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
-#include "utilities/fusion_pos.h"
+#include "utilities/fusion/pos.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
@@ -243,6 +243,35 @@ void FusionnerParNumero(const Travail& travail) {
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 
+void Prevenir(const Contexte& contexte, Texte message) { contexte.Ecran().demander(message, Boutons::Ok); }
+
+// What the .POS of the result can't tell by itself; its lines are those of A and B.
+void PrevenirDuPos(const Travail& travail) {
+  if (!travail.options.pos) return;
+  const std::string pos = NomAffiche(NomDuPos(travail.options.c));
+  if (!travail.pos) {
+    Prevenir(travail.contexte,
+             Joindre({"Le fichier ", pos, " n'a pas été fait : "_w, NomAffiche(NomDuPos(travail.options.a)), " ou ",
+                      NomAffiche(NomDuPos(travail.options.b)), " manque ou n'a pas de question"}));
+    return;
+  }
+  if (travail.options.type == TypeFusion::ALaSuite) {
+    if (const std::size_t rang = PremiereDifference(travail.pos->a, travail.pos->b); rang > 0)
+      Prevenir(travail.contexte,
+               Joindre({"Les questions de B ne sont pas celles de A, à partir de la question "_w, Nombre(rang), " : ",
+                        pos, " a celles de A, qui vont donc lire les individus de B à d'autres places"_w}));
+    return;
+  }
+  const std::vector<std::string> communs = NomsCommuns(travail.pos->a, travail.pos->b);
+  if (communs.empty()) return;
+  std::string liste;
+  for (const std::string& nom : communs) liste += (liste.empty() ? "" : ", ") + nom;
+  Prevenir(travail.contexte,
+           Joindre({"Questions de même nom dans A et dans B : "_w, Nombre(communs.size()), " (", liste, "). ", pos,
+                    " les porte deux fois : donnez d'autres noms à l'une des deux avant "
+                    "d'analyser, un programme s'arrête sur un nom que deux questions partagent"_w}));
+}
+
 void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const OptionsFusion& options) {
   Entree a = ChercherEntree(contexte, options.a);
   Entree b = ChercherEntree(contexte, options.b);
@@ -264,6 +293,7 @@ void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const Options
     case TypeFusion::Appareillement: FusionnerParNumero(travail); break;
     case TypeFusion::Aucun: throw Erreur(kArgumentIncorrect);
   }
+  PrevenirDuPos(travail);
   rapport.Ligne("Programme normalement terminé"_w);
 }
 
@@ -313,6 +343,12 @@ Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
       contexte.Ecran().demander(
           Joindre({"*** Attention : les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
                    " : le résultat contiendra deux fois ses données. L'acceptez-vous ?"_w}),
+          Boutons::OuiNon) != Reponse::Oui)
+    return Fin::Arret;
+  const std::string pos = NomDuPos(options.c);
+  if (options.pos && ChercherFichier(contexte.repertoire, pos) &&
+      contexte.Ecran().demander(
+          Joindre({"Le fichier ", NomAffiche(pos), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w}),
           Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
   OptionsFusion demandees = options;

@@ -23,6 +23,11 @@ struct PosDeFusion {
 // Nothing when the file is missing or has no question.
 std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string_view fichier);
 
+// Names that questions of A and of B share, each with the blanks around it left out.
+std::vector<std::string> NomsCommuns(const PosDeFusion& a, const PosDeFusion& b);
+// Rank of the first question, from 1, whose name, position or code-max is not the same in both; 0 when all are.
+std::size_t PremiereDifference(const PosDeFusion& a, const PosDeFusion& b);
+
 // The questions of A, then those of B with their positions moved. Raises 6 for a position beyond four columns.
 std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b, std::size_t decalage,
                                       std::int64_t individus);
