@@ -97,6 +97,10 @@ TEST_F(RunConcord, NoFileIsReplacedUnaskedAndNoneOfTheDataSetAtAll) {
   }
   EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "ENQ.DAT", .remplacer = true}), Fin::Arret);
   EXPECT_EQ(boites_, std::vector<std::string>{std::string("Le fichier CONC.TXT existe déjà. Le remplacer ?"_w)});
+  EXPECT_EQ(Concord(contexte_, {}), Fin::Arret);
+  EXPECT_TRUE(Dit("*** Aucun mot n'est donné"_w));
+  EXPECT_EQ(Concord(contexte_, {.mots = {"a", "zut"}}), Fin::Normale);
+  EXPECT_TRUE(Dit("1 ligne(s) de ENQ.DAT\r\nMot absent : zut\r\n"));
   EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "CONC.TXT", .remplacer = true}), Fin::Normale);
   EXPECT_TRUE(Lire("CONC.TXT").starts_with("Concordance de : a\r\n1 ligne(s)"));
 }

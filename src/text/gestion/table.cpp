@@ -107,6 +107,13 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   const ParametresMod parametres = LireParametres(ouverte.table.mod.parametres, nullptr);
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
+  if (parametres.burt >= 1) {
+    ouverte.message = {std::string(kErreur),
+                       Joindre({contexte.Nom(".MOD"), " est d'un tableau de Burt (BRT=", Nombre(parametres.burt),
+                                "), dont les lignes sont aussi les colonnes : employez la modification des modalités, "
+                                "ou celle du tableau de Burt"_w})};
+    return;
+  }
   if (parametres.largeur < 1) {
     ouverte.message = {std::string(kErreur),
                        Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")})};

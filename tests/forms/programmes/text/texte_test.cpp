@@ -69,8 +69,9 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   CliquerLigne(table, "ListVar1", 0);
   Cliquer(table, "BoutActPlus");
   Taper(table, "TBFreq", "1");
+  bureau_.Fenetre().ServicesDesFormes().session.limiteDepassements = 0;  // as the creation of modalities chose it
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, table, [&] { Cliquer(table, "CbLancer"); }),
-            "quelvar-batch --niveau 2 tabmot ENR questions=SEX frequence=1");
+            "quelvar-batch --niveau 2 tabmot ENR questions=SEX frequence=1 limite=0");
   EXPECT_TRUE(bureau_.Texte().contains("Nombre de mots écrits en sortie  8 ")) << bureau_.Texte().toStdString();
 
   auto& lignes = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
@@ -101,6 +102,8 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   Cliquer(*concordance, "BoutQuitter");
   auto& liste = Bureau::Dans<QListWidget>(lignes, "ListLignSuppl");
   for (const int ligne : {6, 7}) liste.item(ligne)->setSelected(true);
+  Cliquer(lignes, "BtEnreg");
+  EXPECT_TRUE(Etiquette(lignes, "TextMsg").startsWith("Il faut indiquer le nom"));
   Taper(lignes, "TextModLign", "travail");
   Cliquer(lignes, "BtEnreg");
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, lignes, [&] { Cliquer(lignes, "BtFin"); }),
