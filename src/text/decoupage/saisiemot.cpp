@@ -156,6 +156,12 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe&
 Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
   Corpus corpus;
   const std::string octets = LireTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
+  if (octets.find('\n') == std::string::npos && octets.find('\r') < octets.size() - 1) {
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arrêt du programme : les lignes de "_w, contexte.Nom(".TXT"),
+                     " finissent par un retour chariot seul, l'enregistrer avec des fins de ligne ordinaires"}));
+    throw Erreur(kArretAnnonce);
+  }
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
@@ -240,7 +246,8 @@ std::string RefusDeDecouper(const OptionsSaisieMot& options) {
 std::vector<std::string> ReponsesAuDecoupage(const Contexte& contexte, const OptionsSaisieMot& options) {
   std::vector<std::string> reponses;
   if (RemplaceUneEnquete(contexte)) reponses.emplace_back("Oui");
-  if (const auto texte = contexte.Chercher(".TXT"); texte && EstUtf8(LireOctets(*texte))) reponses.emplace_back("Oui");
+  if (const auto texte = contexte.Chercher(".TXT"); texte && EstAConvertir(LireOctets(*texte)))
+    reponses.emplace_back("Oui");
   std::optional<std::vector<QuestionDesMots>> questions;
   std::vector<std::string> auDela;
   if (const auto pos = contexte.Chercher(".POS"))
