@@ -77,9 +77,12 @@ TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
       {"   9   9   9un\r\n   9   9   9deux\r\n   3   2   1trois\r\n", "Les cases de ENQ.BRT ont 4 caractère(s)"_w},
       {"   91011un  un        \r\n   91312deuxdeux      \r\n   32211troitrois     \r\n",
        "Les cases de ENQ.BRT ont 2 caractère(s)"_w},
+      {"  10 910un\r\n   91 8 deux\r\n   3 2 1trois\r\n", "La ligne 2 de ENQ.BRT a des cases décalées"_w},
       {"   999un\r\n   9 9deux\r\n   3a1trois\r\n", "La ligne 3 de ENQ.BRT a autre chose que des nombres"},
   };
   for (const auto& [brt, dit] : cas) {
+    const std::string_view largeur = brt.starts_with("  10") ? "2" : "1";
+    Ecrire("ENQ.MOD", Joindre({"ENQ\r\n LIGN=3 COL=2 FMT=", largeur, " \r\nSEX1   H\r\nSEX2   F\r\n"}));
     Ecrire("ENQ.BRT", brt);
     EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte) << brt;
     const TableOuverte table = OuvrirSuplMot(contexte_);
