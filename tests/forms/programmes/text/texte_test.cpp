@@ -144,6 +144,17 @@ TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   CliquerLigne(forme, "ListLignSuppl", 0);
   EXPECT_EQ(Lignes(forme, "ListColSuppl"), (QStringList{"SEX1   H", "SEX2 S F"}));
   EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2 S un", "   3   deux"}));
+  auto& liste = Bureau::Dans<QListWidget>(forme, "ListLignSuppl");
+  const auto milieu = [&](int ligne) { return liste.visualItemRect(liste.item(ligne)).center(); };
+  QTest::mouseClick(liste.viewport(), Qt::LeftButton, Qt::ShiftModifier, milieu(1));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2   un", "   3 S deux"}));
+  QTest::mouseClick(liste.viewport(), Qt::LeftButton, Qt::ControlModifier, milieu(0));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2 S un", "   3 S deux"}));
+  QTest::mousePress(liste.viewport(), Qt::LeftButton, {}, milieu(0));
+  QTest::mouseMove(liste.viewport(), milieu(1));
+  QTest::mouseRelease(liste.viewport(), Qt::LeftButton, {}, milieu(1));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2   un", "   3   deux"})) << "drawn over both";
+  CliquerLigne(forme, "ListLignSuppl", 0);
   CliquerLigne(forme, "ListRecapLign", 1);
   Taper(forme, "TextModLign", "trois fois");
   Cliquer(forme, "BoutSuivantLigne");
