@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <optional>
 
+#include "core/programme/annulation.h"
+
 namespace quelvar::batch {
 
 namespace {
@@ -43,11 +45,14 @@ std::optional<std::string> ReponseSuivante(Demande& demande) {
   return reponse;
 }
 
+bool EstAnnulation(const std::optional<std::string>& reponse) { return reponse && EgalSansCasse(*reponse, "annuler"); }
+
 Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
   const std::string minuscules = Minuscules(mot);
   if (boutons == Boutons::Ok) return defaut;
   const bool annule = minuscules == "annuler" || minuscules == "arrêter"_w || minuscules == "arreter";
-  if (annule && boutons != Boutons::OuiNon && boutons != Boutons::NonOui) return Reponse::Annuler;
+  if (annule && boutons == Boutons::OuiNon) throw Annulation();
+  if (annule && boutons != Boutons::NonOui) return Reponse::Annuler;
   if (boutons != Boutons::OkAnnuler && minuscules == "oui") return Reponse::Oui;
   if (boutons != Boutons::OkAnnuler && minuscules == "non") return Reponse::Non;
   if (boutons == Boutons::OkAnnuler && (minuscules == "ok" || minuscules == "continuer")) return Reponse::Ok;
@@ -91,11 +96,14 @@ Dialogue DialogueBatch(Demande& demande) {
   };
   dialogue.saisir = [&demande](std::string_view question, std::string_view propose) {
     Ecrire(stderr, Joindre({SansRetoursChariot(question), "\n"}));
-    return ReponseSuivante(demande).value_or(std::string(propose));
+    const std::optional<std::string> reponse = ReponseSuivante(demande);
+    if (EstAnnulation(reponse)) throw Annulation();
+    return reponse.value_or(std::string(propose));
   };
   dialogue.choisirFichier = [&demande](std::string_view titre, std::string_view) {
     Ecrire(stderr, Joindre({titre, "\n"}));
-    return ReponseSuivante(demande).value_or(std::string());
+    const std::optional<std::string> reponse = ReponseSuivante(demande);
+    return EstAnnulation(reponse) ? std::string() : reponse.value_or(std::string());
   };
   dialogue.afficher = Afficher;
   if (demande.horloge) dialogue.horloge = [instant = *demande.horloge] { return instant; };

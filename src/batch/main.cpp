@@ -8,6 +8,7 @@
 #include "batch/execution.h"
 #include "batch/ligne_de_commande.h"
 #include "core/fichiers/signaux.h"
+#include "core/programme/annulation.h"
 
 namespace {
 
@@ -58,6 +59,8 @@ int main(int argc, char** argv) {
   } catch (const UsageIncorrect& erreur) {
     Plaindre(erreur.what());
     return kUsage;
+  } catch (const Annulation&) {
+    Plaindre(kArretVolontaire);
   } catch (...) {
     Plaindre(TexteErreur(ErreurEnCours()));
   }

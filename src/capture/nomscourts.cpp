@@ -24,8 +24,8 @@ bool EstAlphanumerique(char c) {
          static_cast<unsigned char>(c) >= 0xC0;
 }
 
-// Names are compared without the blanks around them.
-std::string Cle(std::string_view nom) { return std::string(Rogner(nom)); }
+// Names are compared without the blanks around them, and filters and weightings take them in upper case.
+std::string Cle(std::string_view nom) { return Majuscules(Rogner(nom)); }
 
 class Nommeur {
  public:
@@ -59,7 +59,7 @@ class Nommeur {
 
  private:
   bool Prendre(std::string nom) {
-    if (demandes_.contains(nom) || !donnes_.insert(nom).second) return false;
+    if (demandes_.contains(Cle(nom)) || !donnes_.insert(Cle(nom)).second) return false;
     pris_ = std::move(nom);
     return true;
   }

@@ -18,6 +18,7 @@ struct FormeCroise {
   EtatChoixVar etat;
   bool garderTableaux = false;
   std::vector<TableauEdite> tableaux = {};
+  bool lance = false;
 
   const Dialogue& Ecran() const { return contexte.Ecran(); }
 };
@@ -81,12 +82,32 @@ void Lancer(FormeCroise& forme, const RequeteCroise& requete) {
     throw Erreur(kArretAnnonce);
   }
   demande->tableaux = forme.garderTableaux;
+  forme.lance = true;
   std::optional<ResultatLancement> resultat = LancerCroise(forme.contexte, forme.enquete, *demande);
   if (!resultat) throw Erreur(kArretAnnonce);
   ApresLancement(forme.etat, *resultat);
   for (TableauEdite& tableau : resultat->tableaux) forme.tableaux.push_back(std::move(tableau));
   if (resultat->retenu) EcrireGraphique(forme, requete.graphique, *resultat->retenu);
 }
+
+// The report that was there before the preparation wrote its own: it stays until tables are asked for.
+class AncienRapport {
+ public:
+  explicit AncienRapport(const Contexte& contexte)
+      : chemin_(CheminDEcriture(contexte.repertoire, contexte.Nom(".TCR"))) {
+    if (contexte.Chercher(".TCR")) octets_ = LireOctets(chemin_);
+  }
+  void Remettre() const {
+    if (!octets_) return EffacerFichier(chemin_);
+    Remplacement fichier(chemin_);
+    fichier.Fichier().Ecrire(*octets_);
+    fichier.Valider();
+  }
+
+ private:
+  Chemin chemin_;
+  std::optional<std::string> octets_;
+};
 
 }  // namespace
 
@@ -97,14 +118,19 @@ Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
   Contexte muet = contexte;
   muet.dialogue = &ecran;
   Fin fin = Fin::Arret;
+  const AncienRapport ancien(contexte);
   if (const std::optional<EnqueteCroisee> enquete = PreparerCroise(muet, options.fichierDonnees)) {
+    FormeCroise forme{muet, *enquete, NouveauChoix(*enquete), options.sortie != SortieDeTableaux::Aucune};
     try {
-      FormeCroise forme{muet, *enquete, NouveauChoix(*enquete), options.sortie != SortieDeTableaux::Aucune};
       for (const RequeteCroise& requete : options.lancements) Lancer(forme, requete);
       EcrireTableaux(contexte, contexte.Nom(".TCR"), forme.tableaux, options.sortie);
       fin = Fin::Normale;
     } catch (const Erreur& erreur) {
       if (erreur.Numero() != kArretAnnonce) ecran.demander(TexteErreur(erreur), Boutons::Ok);
+    }
+    if (!forme.lance) {
+      dernier = FinProgramme(muet, contexte.Nom(".TCR"), {});
+      ancien.Remettre();
     }
   }
   if (dernier) contexte.Ecran().afficher(*dernier);

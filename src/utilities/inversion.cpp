@@ -141,6 +141,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
       tableau.colonnes.size();
   ExigerPlace(contexte, rapport, {40 * cellules, LongueurFichier(tableau.brt)});
   const TableauEntier entier = LireEntier(tableau);
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
   EcrireReserves(rapport, tableau, entier);
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
@@ -154,7 +155,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
 }  // namespace
 
 Fin Inverser(const Contexte& contexte, const OptionsInversion& options) {
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
                                     [&](Rapport& rapport) { InverserTableau(rapport, contexte, options, *nouveau); });

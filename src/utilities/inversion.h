@@ -10,6 +10,7 @@ namespace quelvar::utilities {
 struct OptionsInversion {
   bool trg = false;                // the table goes to .TRG instead
   std::string* nouveau = nullptr;  // if given, receives the generic that the session is to take
+  bool remplacer = false;          // the files of the next generic may be replaced unasked
 
   bool operator==(const OptionsInversion&) const = default;
 };

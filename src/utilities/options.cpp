@@ -128,7 +128,9 @@ const Description<OptionsInversion>& DescriptionInversion() {
       Description<O>("inversion", "Inversion des lignes et des colonnes d'un tableau, sous un nouveau générique"_w,
                      AvecGenerique<O, Inverser>)
           .OuiNon("trg", &O::trg, "le tableau va dans un fichier .TRG pour le graphique triangulaire"_w)
-          .Alias({"checktrg"});
+          .Alias({"checktrg"})
+          .OuiNon("remplacer", &O::remplacer,
+                  "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);
   return description;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "batch/dialogue_batch.h"
+#include "core/programme/annulation.h"
 
 namespace quelvar::batch {
 namespace {
@@ -60,6 +61,10 @@ TEST(DialogueBatch, AnswersAreTakenInOrderAndOnlyByBoxesThatAsk) {
   EXPECT_EQ(dialogue.saisir("nom", "propose"), "nouveau");
   EXPECT_EQ(dialogue.saisir("nom", "propose"), "propose");
   EXPECT_EQ(dialogue.demander("question", Boutons::OuiNon), Reponse::Oui);
+  EXPECT_EQ(dialogue.choisirFichier("titre", ""), "");
+  demande.reponses = {"Annuler", "Annuler", "annuler"};
+  EXPECT_THROW(dialogue.demander("question", Boutons::OuiNon), Annulation);
+  EXPECT_THROW(dialogue.saisir("nom", "propose"), Annulation) << "no name, but the box given up";
   EXPECT_EQ(dialogue.choisirFichier("titre", ""), "");
 }
 

@@ -196,6 +196,7 @@ TEST(NomsCourts, AllDifferent) {
              {{"Lecture", "Lectorat", "Le1"}, {"Le2", "Le3", "Le1"}},
              {{"", "", "XX1"}, {"XX2", "XX3", "XX1"}},
              {{"W1", " W1"}, {"W1X", "W11"}},
+             {{"Sex", "SEX", "Sea"}, {"Se1", "SE2", "Sea"}},
              {{"$$$ revenu", "**", "A$B", "   D"}, {"rev", "XXX", "ABX", "DXX"}}};
   for (const auto& [intitules, noms] : cas) {
     std::vector<std::string> obtenus;

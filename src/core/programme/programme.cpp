@@ -2,6 +2,7 @@
 
 #include "core/fichiers/generiquetenu.h"
 #include "core/programme/annulation.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -35,14 +36,18 @@ std::string LireRapport(const Chemin& chemin) {
   return texte;
 }
 
-// Runs the body; gives the failure that stopped it. A failure to write the report itself comes out as an Erreur.
+// Runs the body; gives the failure that stopped it, and whether its report is to be kept. A failure to write the report
+// itself comes out as an Erreur.
 std::optional<Erreur> ExecuterCorps(Rapport& rapport, const LibellesErreur& libelles,
-                                    const std::function<void(Rapport&)>& corps) {
+                                    const std::function<void(Rapport&)>& corps, bool& garde) {
   try {
     corps(rapport);
     return std::nullopt;
   } catch (const Annulation&) {
     throw;
+  } catch (const Refus&) {
+    garde = false;
+    return Erreur(kArretAnnonce);
   } catch (...) {
     const Erreur erreur = ErreurEnCours();
     for (const std::string& ligne : LignesDErreur(erreur, libelles)) rapport.Ligne(ligne);
@@ -144,9 +149,10 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
     if (AvecEtrangers(contexte.generique) || AvecEtrangers(nomRapport)) rapport.MontrerLesNomsEtrangers();
     for (const GeneriqueTenu& tenu : tenus)
       for (const std::string& ligne : tenu.Recit()) rapport.Ligne(ligne);
-    const std::optional<Erreur> panne = ExecuterCorps(rapport, libelles, corps);
+    bool garde = true;
+    const std::optional<Erreur> panne = ExecuterCorps(rapport, libelles, corps, garde);
     if (!panne) fin = Fin::Normale;
-    if (const Chemin& ecrit = rapport.Achever(); SEfface(contexte, nomRapport, ecrit)) {
+    if (const Chemin& ecrit = rapport.Achever(); !garde || SEfface(contexte, nomRapport, ecrit)) {
       affichage = Presenter(ecrit, nomRapport, true);
     } else {
       rapport.Valider();

@@ -1,19 +1,27 @@
 #include "core/session/generique_libre.h"
 
+#include <algorithm>
+#include <filesystem>
+
 #include "core/session/generique.h"
 
 namespace quelvar {
 
 namespace {
 
-constexpr std::string_view kFichiers[] = {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES", ".TXT"};
 constexpr int kPasDUnTour = 26;  // the rule of names goes round the letters
 
 }  // namespace
 
 bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique) {
-  for (const std::string_view extension : kFichiers)
-    if (ChercherFichier(repertoire, Joindre({generique, extension}))) return true;
+  const std::string debut = Majuscules(Joindre({generique, "."}));
+  std::error_code code;
+  const Chemin ou = repertoire.empty() ? Chemin(".") : repertoire;
+  for (std::filesystem::directory_iterator i(ou, code), fin; !code && i != fin; i.increment(code)) {
+    const std::string nom = Majuscules(TexteDe(i->path().filename()));
+    // What a run under way writes bears a "~".
+    if (nom.starts_with(debut) && nom.find_first_of(".~", debut.size()) == std::string::npos) return true;
+  }
   return false;
 }
 
@@ -28,10 +36,10 @@ std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique)
   }
 }
 
-std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte) {
+std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte, bool remplacer) {
   if (contexte.generique.empty()) return std::string();
   const std::string suivant = GeneriqueSuivant(contexte.generique);
-  if (!GeneriqueExiste(contexte.repertoire, suivant)) return suivant;
+  if (remplacer || !GeneriqueExiste(contexte.repertoire, suivant)) return suivant;
   const std::string saisi = contexte.Ecran().saisir(
       Joindre({"Le générique "_w, suivant,
                " existe déjà dans ce répertoire. Entrez le générique qui recevra les nouveaux fichiers"_w}),
@@ -51,6 +59,15 @@ bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique) {
   return contexte.Ecran().demander(Joindre({"Le générique "_w, generique,
                                             " existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}),
                                    Boutons::NonOui) == Reponse::Oui;
+}
+
+void EcrireRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
+                                   std::initializer_list<std::string_view> extensions) {
+  const auto existe = [&](std::string_view extension) {
+    return ChercherFichier(contexte.repertoire, Joindre({nouveau, extension})).has_value();
+  };
+  if (extensions.size() == 0 ? GeneriqueExiste(contexte.repertoire, nouveau) : std::ranges::any_of(extensions, existe))
+    rapport.Ligne({"*** Attention, le générique "_w, nouveau, " existait déjà, ses fichiers sont remplacés"_w});
 }
 
 void EcrireChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau) {

@@ -1,6 +1,7 @@
 // The generic that a program makes: the next one by the rule of names, or a free one when that name is taken.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,16 +10,22 @@
 
 namespace quelvar {
 
-// Whether a file of a data set stands under that generic.
+// Whether a file stands under that generic, whatever its extension: data, tables, reports, coordinates.
 bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique);
 // The first generic behind this one, by the rule of names, that is free.
 std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique);
 
 // The next generic if it is free. Else an input box proposes a free one; a name that is taken too is confirmed by a
-// box, whose default is no. Nothing when the user gives up; an empty name without a current generic.
-std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte);
+// box, whose default is no. With `remplacer` the next generic is taken, there or not. Nothing when the user gives up;
+// an empty name without a current generic.
+std::optional<std::string> DemanderGeneriqueLibre(const Contexte& contexte, bool remplacer = false);
 // Whether the files of a generic may be replaced: true when there are none, else the answer to a box, by default no.
 bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique);
+
+// The line of a report on a generic whose files, one of these when any are named, the run replaces; nothing without
+// them. To be written before the files are.
+void EcrireRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
+                                   std::initializer_list<std::string_view> extensions = {});
 
 // The lines of a report on the move to another generic.
 void EcrireChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau);

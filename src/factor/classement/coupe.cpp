@@ -11,10 +11,10 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
-#include "core/session/generique.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
+#include "factor/provenance.h"
 
 namespace quelvar::factor {
 
@@ -81,7 +81,8 @@ void ListerClasses(Rapport& rapport, const std::vector<Modalite>& modalites, con
       const auto rang = static_cast<std::size_t>(element - 1);
       if (rang >= modalites.size()) throw Erreur(kIndiceHorsSelection);
       const Modalite& modalite = modalites[rang];
-      if (options.intitulesLongs) rapport.Ligne(Rogner(modalite.intitule.substr(0, kLargeurIntitule)));
+      const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kLargeurIntitule));
+      if (options.intitulesLongs) rapport.Ligne(intitule.empty() ? std::string_view(modalite.nom) : intitule);
       else rapport.Ligne({Milieu(modalite.nom, 1, 3), "    ", NombreFixe(CodeDuNom(modalite.nom), 2, 0)});
     }
   }
@@ -153,14 +154,36 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
   throw Erreur(kArretAnnonce);
 }
 
+constexpr std::string_view kRelancer = ", relancez l'analyse factorielle avec la classification";
+
+// A tree of as many elements may still be that of another state of the survey.
+void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
+  const auto dire = [&](Texte remarque) {
+    Avertir(rapport, contexte.Ecran(), Joindre({"*** Attention : ", remarque, kRelancer}));
+  };
+  if (!ArbreEstDesCoordonnees(contexte, arbre))
+    dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées que celles de "_w,
+                  contexte.Nom(arbre.individus ? ".FI2" : ".FJ2")}));
+  if (!arbre.individus) {
+    if (CoordonneesSontDesModalites(contexte)) return;
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
+                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), kRelancer}));
+    throw Erreur(kArretAnnonce);
+  }
+  if (const std::optional<IndividuEtranger> etranger = ChercherIndividuEtranger(contexte))
+    dire(Joindre({"l'individu ", Nombre(etranger->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
+                  Rogner(etranger->question), " le code qu'il a dans ", etranger->fichier,
+                  ", les individus classés ne sont plus ceux de ce fichier, relancez la création des modalités"_w}));
+}
+
 // Lines of the data that a run reads.
 std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
   return std::min(AnnoncesOuComptes(taille, donnees), CompterLignes(donnees));
 }
 
 std::string NouveauGenerique(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options) {
-  if (options.remplacer) return GeneriqueSuivant(contexte.generique);
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (nouveau) return *nouveau;
   rapport.Ligne("Arrêt volontaire du programme"_w);
   throw Erreur(kArretAnnonce);
@@ -176,6 +199,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
                  kArretAbsenceSansAccents);
   const FichierPos questions = LirePos(*pos);
   ExigerElements(contexte, rapport, arbre, IndividusLus(*donnees, questions.taille), ".DAT");
+  DireLaProvenance(contexte, rapport, arbre);
   const ClassesDIndividus classes = ClasserIndividus(arbre.etapes, options.niveau);
   const std::string nouveau = NouveauGenerique(contexte, rapport, options);
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
@@ -190,6 +214,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   EcrireQuestions(sorties.Ouvrir(nouveau + ".POS", Nature::Unique), questions, longueur, classes.nombre);
   CopierLignes(contexte.Exiger(".MOD"), sorties.Ouvrir(nouveau + ".MOD", Nature::Unique));
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties.Valider();
   return nouveau;
 }
@@ -223,6 +248,7 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
   if (!arbre.individus) {
     const std::vector<Modalite> modalites = LireMod(*mod).modalites;
     ExigerElements(contexte, rapport, arbre, static_cast<std::int64_t>(modalites.size()), ".MOD");
+    DireLaProvenance(contexte, rapport, arbre);
     ListerClasses(rapport, modalites, arbre.etapes, options);
     return;
   }

@@ -204,6 +204,34 @@ void Situer(const Nuage& nuage, const AxesDInertie& axes, const ChoixEllipses& c
   }
 }
 
+// The rows that the modalities are read from must be those of the coordinates.
+void ExigerLesMemesIndividus(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
+                             const LignesDIndividus& lignes, std::size_t individus) {
+  const Chemin fi2 = contexte.Exiger(".FI2");
+  const std::optional<Chemin> fj2 = contexte.Chercher(".FJ2");
+  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
+  const std::size_t presentes = LirePoints(fi2, 0).noms.size();
+  const std::string_view relance = " : refaites les modalités et les facteurs"_w;
+  if (presentes != individus && presentes != individus + lignes.colonnes)
+    Refuser(rapport, contexte,
+            Joindre({"*** Arret du programme : ", contexte.Nom(".FI2"), " n'a pas les individus de ",
+                     TexteDe(lignes.fichier.filename()), relance}));
+  if (!faj) return;
+  const std::size_t facteurs = LireFaj(*faj).Facteurs();
+  std::vector<bool> actives;
+  for (const Modalite& modalite : mod.modalites) actives.push_back(!modalite.supplementaire);
+  actives.resize(lignes.colonnes);
+  std::optional<Matrice> colonnes;
+  if (fj2 && DerniereAnalyse(contexte) == ".AFC") colonnes = LirePoints(*fj2, facteurs).coordonnees;
+  const std::optional<std::int64_t> deplace = PremierDeplace(
+      lignes, actives, LirePoints(fi2, facteurs, individus).coordonnees, colonnes ? &*colonnes : nullptr);
+  if (deplace)
+    Refuser(
+        rapport, contexte,
+        Joindre({"*** Arret du programme : l'individu ", Nombre(*deplace), " de ", TexteDe(lignes.fichier.filename()),
+                 " n'a pas les coordonnées de "_w, contexte.Nom(".FI2"), relance}));
+}
+
 std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& contexte, const DemandeEllipses& demande) {
   const std::string_view analyse = DerniereAnalyse(contexte);
   ExigerFichiersDesEllipses(rapport, contexte, analyse);
@@ -226,6 +254,7 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
       PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);
   const std::optional<LignesDIndividus> lignes = LignesDe(contexte, parametres, codageLogique);
   if (!lignes) return {};
+  ExigerLesMemesIndividus(rapport, contexte, mod, *lignes, points.size());
   const std::vector<Nuage> nuages = LireNuages(*lignes, PlacesDansLaLigne(mod, demande.modalites), points);
 
   std::vector<EllipsesDeModalite> tracees;

@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
+#include "core/calcul/matrice.h"
 #include "core/dessin/dessin.h"
 #include "core/fichiers/fichiers.h"
 #include "factor/ellipses/ellipses.h"
@@ -29,5 +32,12 @@ struct LignesDIndividus {
 // too short, a sentence (13) for one that holds other modalities or more individuals.
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
                               std::span<const Position> points);
+
+// The first individual, from 1, whose coordinates (factors x individuals) are not those of its row: two with the same
+// active cells have the same ones; where no two have, those of a correspondence analysis are the mean of the columns
+// (factors x columns) that the individual has, at the scale of the factor. Less than 30 individuals are not looked at:
+// so few may have been typed. Nothing when all hold, or when nothing can be said. Raises the numbers of LecteurLignes.
+std::optional<std::int64_t> PremierDeplace(const LignesDIndividus& lignes, const std::vector<bool>& actives,
+                                           const Matrice& coordonnees, const Matrice* colonnes);
 
 }  // namespace quelvar::factor

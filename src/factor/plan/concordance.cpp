@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 
-#include "core/enquete/modfile.h"
-#include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
-#include "factor/coordonnees.h"
+#include "factor/provenance.h"
 
 namespace quelvar::factor {
 
@@ -78,68 +75,6 @@ bool HorsDuPlan(const DonneesPlan& donnees, const tables::Lien& lien) {
   return hors(lien.premier) || hors(lien.second);
 }
 
-// Which cells of the table hold somebody: rows of the file, columns of the .MOD. Nothing when it is not there, larger
-// than a look at it is worth, or shorter than the plane.
-class CellulesPleines {
- public:
-  CellulesPleines(const Contexte& contexte, std::size_t lignes, std::size_t colonnes) : colonnes_(colonnes) {
-    constexpr std::size_t kCellulesAuPlus = 4'000'000;
-    const std::optional<Chemin> brt = contexte.Chercher(".BRT");
-    const ParametresMod parametres = LireParametres(LireMod(contexte.Exiger(".MOD")).parametres, nullptr);
-    const auto largeur = static_cast<std::size_t>(std::max<int>(parametres.largeur, 0));
-    if (!brt || largeur == 0 || lignes * colonnes > kCellulesAuPlus) return;
-    LecteurLignes lecteur(*brt);
-    std::string_view ligne;
-    for (std::size_t i = 0; i < lignes && lecteur.Lire(ligne); ++i)
-      for (std::size_t j = 0; j < colonnes; ++j)
-        pleines_.push_back(ValeurDe(Milieu(ligne, kDebut + j * largeur, largeur)) != 0);
-    if (pleines_.size() != lignes * colonnes) pleines_.clear();
-  }
-  bool Connues() const { return !pleines_.empty(); }
-  bool Pleine(std::size_t ligne, std::size_t colonne) const { return pleines_[ligne * colonnes_ + colonne]; }
-
- private:
-  static constexpr std::size_t kDebut = 5;  // column of the first cell
-  std::size_t colonnes_;
-  std::vector<bool> pleines_;
-};
-
-// A PEM above 0 of a Burt table says that some people have both modalities: a link of which nobody does is another
-// table's. The links of a plain table may be those of its maximum table.
-bool SontDUnAutreTableau(const Contexte& contexte, const DonneesPlan& donnees) {
-  if (donnees.liens.empty() || donnees.burt < 1) return false;
-  const std::size_t modalites = donnees.colonnes;
-  const CellulesPleines cellules(contexte, modalites, modalites);
-  return cellules.Connues() && std::ranges::any_of(donnees.liens, [&](const tables::Lien& lien) {
-           const auto i = static_cast<std::size_t>(lien.premier) - 1;
-           const auto j = static_cast<std::size_t>(lien.second) - 1;
-           return std::max(i, j) >= modalites || !cellules.Pleine(i, j);
-         });
-}
-
-// The first merging of a tree is that of the two nearest points.
-bool EstDAutresCoordonnees(const Contexte& contexte, const DonneesPlan& donnees) {
-  constexpr std::size_t kPointsAuPlus = 3000;
-  constexpr double kArrondi = 1e-9;
-  const std::size_t elements = donnees.cah->etapes.size() + 1;
-  const std::optional<Chemin> fichier = contexte.Chercher(donnees.cah->individus ? ".FI2" : ".FJ2");
-  if (!fichier || elements > kPointsAuPlus || elements < 2) return false;
-  const Matrice points = LirePoints(*fichier, donnees.facteurs, elements).coordonnees;
-  if (points.Colonnes() != elements) return false;
-  const auto distance = [&](std::size_t i, std::size_t j) {
-    double somme = 0;
-    for (std::size_t f = 0; f < points.Lignes(); ++f) somme += std::pow(points(f, j) - points(f, i), 2);
-    return somme;
-  };
-  const auto& etape = donnees.cah->etapes.front();
-  const double premiere =
-      distance(static_cast<std::size_t>(etape.premier) - 1, static_cast<std::size_t>(etape.second) - 1);
-  for (std::size_t i = 0; i < elements; ++i)
-    for (std::size_t j = i + 1; j < elements; ++j)
-      if (distance(i, j) < premiere - kArrondi * (1 + premiere)) return true;
-  return false;
-}
-
 void EcarterLiens(const Contexte& contexte, Remarques& remarques, DonneesPlan& donnees) {
   const auto horsDuPlan = [&](const tables::Lien& lien) { return HorsDuPlan(donnees, lien); };
   const auto ecarter = [&](std::vector<tables::Lien>& liens, std::string_view extension) {
@@ -147,16 +82,19 @@ void EcarterLiens(const Contexte& contexte, Remarques& remarques, DonneesPlan& d
         {contexte.Nom(extension), " n'est pas celui de ce tableau, ses liens ne sont pas montrés, "_w, kRelancerPem}));
     liens.clear();
   };
-  if (std::ranges::any_of(donnees.liens, horsDuPlan) || SontDUnAutreTableau(contexte, donnees))
+  if (std::ranges::any_of(donnees.liens, horsDuPlan) || !LiensSontDuTableau(contexte, donnees.liens))
     ecarter(donnees.liens, ".PEM");
-  if (std::ranges::any_of(donnees.liensLignes, horsDuPlan)) ecarter(donnees.liensLignes, ".PEL");
+  if (std::ranges::any_of(donnees.liensLignes, horsDuPlan) ||
+      !LiensDeLignesSontDuTableau(contexte, donnees.liensLignes))
+    ecarter(donnees.liensLignes, ".PEL");
 }
 
 void EcarterArbre(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, Remarques& remarques,
                   DonneesPlan& donnees) {
   if (!donnees.cah) return;
-  if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus)) {
-    if (EstDAutresCoordonnees(contexte, donnees))
+  if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus) &&
+      (donnees.cah->individus || CoordonneesSontDesModalites(contexte))) {
+    if (!ArbreEstDesCoordonnees(contexte, *donnees.cah))
       remarques.Dire(
           Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées, "_w, kRelancerCah}));
     return;
@@ -184,6 +122,10 @@ void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const Exigence
     remarques.Dire(Joindre({Nombre(static_cast<std::int64_t>(sansPlace)), " modalité(s) de "_w, contexte.Nom(".MOD"),
                             " absente(s) de ", contexte.Nom(".FAJ"), ", ", kRelancerFacteurs}));
   DireLesAges(contexte, remarques, donnees);
+  if (!CoordonneesSontDuTableau(contexte))
+    remarques.Dire(
+        Joindre({"les coordonnées de "_w, contexte.Nom(".FAJ"), " ne sont pas celles du tableau ", contexte.Nom(".BRT"),
+                 " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}));
   EcarterLiens(contexte, remarques, donnees);
   EcarterArbre(rapport, contexte, exigences, remarques, donnees);
 }

@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPointer>
 #include <QRegularExpression>
@@ -70,9 +71,36 @@ class FenetreDuMoment {
   std::shared_ptr<QPointer<QWidget>> derniere_ = std::make_shared<QPointer<QWidget>>();
 };
 
+// A message box that knows whether Escape or its cross has closed it: of two buttons both count as the second.
+class Boite : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+  bool Abandonnee() const { return abandonnee_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* evenement) override {
+    abandonnee_ = evenement->matches(QKeySequence::Cancel);
+    QMessageBox::keyPressEvent(evenement);
+  }
+  void closeEvent(QCloseEvent* evenement) override {
+    abandonnee_ = true;
+    QMessageBox::closeEvent(evenement);
+  }
+
+ private:
+  bool abandonnee_ = false;
+};
+
+struct Choix {
+  Reponse reponse = Reponse::Ok;
+  bool abandonne = false;
+};
+
 QString SansFinsDeLigneDos(std::string_view texte) {
   return VersQt(texte).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
+
+Choix Demander(QWidget* parent, const QString& texte, Boutons boutons, Echappement echappement);
 
 }  // namespace
 
@@ -94,8 +122,14 @@ QString FiltreQt(const QString& filtre) {
 }
 
 Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons, Echappement echappement) {
-  QMessageBox boite(boutons == Boutons::Ok ? QMessageBox::Information : QMessageBox::Question,
-                    QStringLiteral("Quelvar"), texte, QMessageBox::NoButton, parent);
+  return Demander(parent, texte, boutons, echappement).reponse;
+}
+
+namespace {
+
+Choix Demander(QWidget* parent, const QString& texte, Boutons boutons, Echappement echappement) {
+  Boite boite(boutons == Boutons::Ok ? QMessageBox::Information : QMessageBox::Question, QStringLiteral("Quelvar"),
+              texte, QMessageBox::NoButton, parent);
   boite.setTextFormat(Qt::PlainText);
   switch (boutons) {
     case Boutons::Ok: boite.setStandardButtons(QMessageBox::Ok); break;
@@ -112,12 +146,14 @@ Reponse DemanderReponse(QWidget* parent, const QString& texte, Boutons boutons, 
                                                    : QMessageBox::Yes);
   if (boutons == Boutons::OuiNonAnnuler && echappement == Echappement::Non) boite.setEscapeButton(QMessageBox::No);
   switch (boite.exec()) {
-    case QMessageBox::Yes: return Reponse::Oui;
-    case QMessageBox::No: return Reponse::Non;
-    case QMessageBox::Cancel: return Reponse::Annuler;
-    default: return Reponse::Ok;
+    case QMessageBox::Yes: return {Reponse::Oui, false};
+    case QMessageBox::No: return {Reponse::Non, boite.Abandonnee()};
+    case QMessageBox::Cancel: return {Reponse::Annuler, boite.Abandonnee()};
+    default: return {Reponse::Ok, false};
   }
 }
+
+}  // namespace
 
 std::optional<std::string> DemanderTexte(QWidget* parent, std::string_view question, std::string_view propose) {
   bool accepte = false;
@@ -151,7 +187,9 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
   };
   dialogue.demander = [=](std::string_view texte, Boutons boutons) {
     const CurseurNormal curseur;
-    return DemanderReponse(fenetre.Parent(), SansFinsDeLigneDos(texte), boutons, Echappement::Non);
+    const Choix choix = Demander(fenetre.Parent(), SansFinsDeLigneDos(texte), boutons, Echappement::Non);
+    if (choix.abandonne && boutons == Boutons::OuiNon && ecran.enCours()) throw Annulation();
+    return choix.reponse;
   };
   dialogue.saisir = [=](std::string_view question, std::string_view propose) {
     const CurseurNormal curseur;

@@ -24,8 +24,8 @@ struct EcranDeRun {
   std::function<bool()> enCours;  // whether a run is going on
 };
 
-// The functions live as long as the widgets. An input box that is cancelled during a run gives the run up (Annulation);
-// outside of a run the answer is empty.
+// The functions live as long as the widgets. An input box that is cancelled during a run, and Escape or the cross of a
+// question of yes and no, give the run up (Annulation); outside of a run the answer is empty, or no.
 Dialogue DialogueQt(const EcranDeRun& ecran);
 
 // An input box of the program; nothing when it is cancelled.

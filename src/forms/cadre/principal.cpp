@@ -219,14 +219,19 @@ void Principal::OuvrirEtRapporter() {
   resultats_->Ajouter(OuvrirGenerique(session_, environnement_.reglages));
   const RapportRepertoire rapport = EtatRepertoire(session_);
   resultats_->Ajouter(rapport.texte);
-  ui_->ComboGen->clear();
-  QStringList choix;
-  for (const std::string& nom : rapport.choix) choix << VersQt(nom);
-  ui_->ComboGen->addItems(choix);
-  ui_->ComboGen->setEditText(VersQt(session_.generique));
+  ProposerGeneriques(rapport.choix);
   ReconstruireRecents();
   MontrerSession();
   if (rapport.attendGenerique) ui_->ComboGen->setFocus();
+}
+
+// The list of generics; what is shown is the present one.
+void Principal::ProposerGeneriques(const std::vector<std::string>& noms) {
+  QStringList choix;
+  for (const std::string& nom : noms) choix << VersQt(nom);
+  ui_->ComboGen->clear();
+  ui_->ComboGen->addItems(choix);
+  ui_->ComboGen->setEditText(VersQt(session_.generique));
 }
 
 // The parts of the window that follow the session.
@@ -278,7 +283,7 @@ bool Principal::AccepterGenerique(const QString& saisi) {
 void Principal::AdopterGenerique(std::string_view generique) {
   const std::string texte = quelvar::AdopterGenerique(session_, environnement_.reglages, generique);
   if (!texte.empty()) resultats_->Ajouter(texte);
-  ui_->ComboGen->setEditText(VersQt(session_.generique));
+  ProposerGeneriques(EtatRepertoire(session_).choix);
   ReconstruireRecents();
   MontrerSession();
 }

@@ -59,6 +59,7 @@ class Principal : public QMainWindow {
 
   void Demarrer();
   void OuvrirEtRapporter();
+  void ProposerGeneriques(const std::vector<std::string>& noms);
   void MontrerSession();
   void ChangerNiveau(int niveau);
   void ReconstruireRecents();

@@ -7,6 +7,7 @@
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/impression.h"
@@ -73,7 +74,7 @@ ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapp
   ChoixQuestions choix = ChoixDesNoms(pos, options.mode, options.actives ? *options.actives : aucune,
                                       options.supplementaires ? *options.supplementaires : aucune, fautes);
   for (const std::string& faute : fautes) rapport.Ligne(faute);
-  if (!fautes.empty()) throw Erreur(kArretAnnonce);
+  if (!fautes.empty()) throw Refus();
   return choix;
 }
 
@@ -88,7 +89,7 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
   if (refus.empty()) return;
   dialogue.biper();
   dialogue.demander(refus, Boutons::Ok);
-  throw Erreur(kArretAnnonce);
+  throw Refus();
 }
 
 // Those of line 2 have been told; a count is told now.
@@ -230,7 +231,9 @@ void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, cons
              : ConstruireTables(contexte, preparation, plan, options, individus, sorties, rapport);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, parametres, plan.modalites,
             preparation.ancienMod ? &anciennes : nullptr);
-  EcrirePosMarque(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), preparation.pos, choix);
+  // The marks of a set that was analysed are those of its table, whatever is named afterwards.
+  if (!nommer || !contexte.Chercher(".BRT"))
+    EcrirePosMarque(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), preparation.pos, choix);
   sorties.Valider();
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");

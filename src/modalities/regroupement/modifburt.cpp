@@ -247,6 +247,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
             LigneDeParametres(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
   if (table.pos) CopierLignes(*table.pos, sorties->Ouvrir(nouveau + ".POS", Nature::Unique));
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
   EcrireFin(contexte, rapport, nouveau);
 }
@@ -300,7 +301,7 @@ std::string AnnonceDuRegroupement(const OptionsModifBurt& options) {
 }
 
 Fin ModifierBurt(const Contexte& contexte, const OptionsModifBurt& options) {
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte);
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, *nouveau + ".PRT", LibellesErreur{},
                                     [&](Rapport& rapport) { Modifier(rapport, contexte, options, *nouveau); });

@@ -13,6 +13,7 @@ struct OptionsModifBurt {
   std::vector<std::string> lignes;    // marked rows of a table whose rows are not its columns
   std::string nomColonne;             // of the group; its first four characters are the short name
   std::string nomLigne;               // of the rows, where they are not those of the columns
+  bool remplacer = false;             // the files of the next generic may be replaced unasked
   std::string* nouveau = nullptr;     // if given, receives the generic that the session is to take
 
   bool operator==(const OptionsModifBurt&) const = default;

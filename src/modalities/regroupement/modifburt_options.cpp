@@ -28,7 +28,9 @@ const Description<OptionsModifBurt>& DescriptionModifBurt() {
           .Texte("nomcolonne", &O::nomColonne, "TEXTE", "intitulé du regroupement de colonnes, 25 caractères au plus"_w)
           .Montre("TextNouvCol")
           .Texte("nomligne", &O::nomLigne, "TEXTE", "intitulé du regroupement de lignes, 25 caractères au plus"_w)
-          .Montre("TextNouvNom");
+          .Montre("TextNouvNom")
+          .OuiNon("remplacer", &O::remplacer,
+                  "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);
   return description;
 }
 

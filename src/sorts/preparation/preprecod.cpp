@@ -158,15 +158,28 @@ void EffacerRegle(EtatPrepRecod& etat) {
 
 // --- weighting ---
 
-void ValiderPonderation(EtatPrepRecod& etat) {
-  const Question* question = Courante(etat);
-  if (question == nullptr) {
-    etat.message = "Cliquer sur une question à prendre comme pondération"_w;
-    return;
+namespace {
+
+// The sentence on a question whose name another one has but for capitals: weightings and filters stand in upper case.
+std::string FauteDeCasse(const EtatPrepRecod& etat, const Question& question) {
+  for (const QuestionPreparee& autre : etat.questions) {
+    if (&autre.question == &question || !EgalSansCasse(Rogner(autre.question.nom), Rogner(question.nom))) continue;
+    return Joindre({"Les questions ", Rogner(question.nom), " et ", Rogner(autre.question.nom),
+                    " ont le même nom en majuscules : donnez-leur des noms différents dans le fichier *.POS"_w});
   }
+  return {};
+}
+
+}  // namespace
+
+bool ValiderPonderation(EtatPrepRecod& etat) {
+  const Question* question = Courante(etat);
+  etat.message = question == nullptr ? std::string("Cliquer sur une question à prendre comme pondération"_w)
+                                     : FauteDeCasse(etat, *question);
+  if (!etat.message.empty()) return false;
   etat.ponderation = Majuscules(question->nom);
   etat.modifie = true;
-  etat.message.clear();
+  return true;
 }
 
 void EffacerPonderation(EtatPrepRecod& etat) {
@@ -208,6 +221,8 @@ bool AjouterQuestionAuFiltre(EtatPrepRecod& etat) {
     return false;
   }
   if (SensAffiche(etat) == SensFiltre::Aucun) return false;
+  etat.message = FauteDeCasse(etat, *question);
+  if (!etat.message.empty()) return false;
   const std::string nom = Majuscules(Rogner(question->nom));
   const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
   if (std::ranges::any_of(elements, [&](const ElementFiltre& e) { return e.egal && Majuscules(e.nom) == nom; })) {

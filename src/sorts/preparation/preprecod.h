@@ -50,7 +50,8 @@ void EffacerRegle(EtatPrepRecod& etat);
 
 // --- weighting ---
 
-void ValiderPonderation(EtatPrepRecod& etat);
+// Makes the current question the weighting; false, with the reason as message, when it can't be.
+bool ValiderPonderation(EtatPrepRecod& etat);
 void EffacerPonderation(EtatPrepRecod& etat);
 void ChoisirEffectif(EtatPrepRecod& etat, bool maximum);
 

@@ -13,7 +13,8 @@ class Script {
  public:
   Script(EtatPrepRecod& etat, Rapport& rapport) : etat_(etat), rapport_(rapport) {}
 
-  void Executer(const OptionsPrepRecod& options) {
+  // False when something was refused.
+  bool Executer(const OptionsPrepRecod& options) {
     for (const auto& [question, regle] : options.regles) PoserRegle(question, regle);
     if (options.ponderation) PoserPonderation(*options.ponderation);
     if (options.maximum) ChoisirEffectif(etat_, *options.maximum);
@@ -24,7 +25,7 @@ class Script {
     }
     if (options.texteVit) PoserTexteVit(*options.texteVit);
     for (const VitDeScript& vit : options.vits) AjouterVit(vit);
-    if (fautif_) throw Erreur(kArretAnnonce);
+    return !fautif_;
   }
 
  private:
@@ -52,8 +53,10 @@ class Script {
   }
 
   void PoserPonderation(const std::string& question) {
-    if (question.empty()) EffacerPonderation(etat_);
-    else if (Choisir(question)) ValiderPonderation(etat_);
+    if (question.empty()) return EffacerPonderation(etat_);
+    if (!Choisir(question) || ValiderPonderation(etat_)) return;
+    fautif_ = true;
+    Dire(question);
   }
 
   void PoserFiltre(const FiltreDeScript& filtre) {
@@ -109,7 +112,10 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
   std::optional<EtatPrepRecod> etat = PreparerRecodage(contexte);
   if (!etat) return Fin::Arret;
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
-    Script(*etat, rapport).Executer(options);
+    if (!Script(*etat, rapport).Executer(options)) {
+      rapport.Ligne({"Rien n'est enregistré, le fichier "_w, contexte.Nom(".POS"), " reste tel qu'il était"_w});
+      throw Erreur(kArretAnnonce);
+    }
     if (!EnregistrerPrepRecod(*etat, contexte)) {
       rapport.Ligne(etat->message);
       throw Erreur(kArretAnnonce);

@@ -125,7 +125,7 @@ bool Lecture::EstGardee(std::size_t question) const {
 void Lecture::ChercherPonderation() {
   if (!taille_.ponderation) return;
   const auto& questions = consignes_.pos.questions;
-  const std::vector<std::size_t> nommees = RangsDuNom(questions, taille_.question, Casse::Indifferente);
+  const std::vector<std::size_t> nommees = RangsDuNom(questions, taille_.commeTapee, Casse::Indifferente);
   const std::vector<std::size_t> parDefaut = RangsDuNom(questions, kNomPonderation, Casse::Indifferente);
   consignes_.ponderation = nommees.empty() ? Seule(kNomPonderation, parDefaut) : Seule(taille_.question, nommees);
   if (!consignes_.ponderation) {
@@ -187,8 +187,8 @@ void Lecture::LireElementsFiltre() {
   for (const ElementFiltre& element : filtre.elements) LireElementFiltre(element);
 }
 
-// Those of exactly that name, as typed or in upper case; else the first one whose name contains it. The blanks of a
-// filter are gone, so those of the names don't count.
+// Those of exactly that name, as typed or in upper case; else those whose name contains it. The blanks of a filter are
+// gone, so those of the names don't count.
 std::vector<std::size_t> Lecture::QuestionsDuFiltre(const std::string& type, const std::string& nom) const {
   struct Nom {
     std::string nom;
@@ -199,7 +199,8 @@ std::vector<std::size_t> Lecture::QuestionsDuFiltre(const std::string& type, con
     std::erase(noms.back().nom, ' ');
   }
   std::vector<std::size_t> rangs = RangsDuNom(noms, type, Casse::Indifferente);
-  for (std::size_t i = 0; rangs.empty() && i < noms.size(); ++i)
+  if (!rangs.empty()) return rangs;
+  for (std::size_t i = 0; i < noms.size(); ++i)
     if (!nom.empty() && Majuscules(noms[i].nom).find(nom) != std::string::npos) rangs.push_back(i);
   return rangs;
 }
@@ -215,6 +216,11 @@ void Lecture::LireElementFiltre(const ElementFiltre& element) {
   }
   const std::string nom = Majuscules(element.nom);
   if (nom != element.nom) feuille_.Ligne("Le filtre a été converti en majuscules"_w);
+  if (element.code.empty() || element.code.find_first_not_of("0123456789") != std::string::npos) {
+    avertisseur_.Avertir(
+        Joindre({"STOP : le code '", element.code, "' de l'élément du filtre "_w, nom, " n'est pas un nombre entier"}));
+    return;
+  }
   const int code = Entier16(ValeurDe(element.code));
   feuille_.Ligne({nom, NombreNu(code)});
   const Indice question = Seule(nom, QuestionsDuFiltre(element.nom, nom));

@@ -44,12 +44,15 @@ std::optional<std::string> Reunir(std::string_view premier, std::string_view sec
   return Joindre({Nombre(a->debut), "-", Nombre(b->fin), a->unite});
 }
 
+// At most so many columns, cut behind a word where one ends; a "+" that nothing follows goes, too.
 std::string Couper(std::string_view texte) {
   if (texte.size() <= kLargeurIntitule) return std::string(texte);
-  const std::string_view coupe = texte.substr(0, kLargeurIntitule);
-  if (texte[kLargeurIntitule] == ' ') return std::string(RognerDroite(coupe));
-  const std::size_t blanc = coupe.rfind(' ');
-  return std::string(RognerDroite(coupe.substr(0, blanc == std::string_view::npos ? coupe.size() : blanc)));
+  std::string_view coupe = texte.substr(0, kLargeurIntitule);
+  if (texte[kLargeurIntitule] != ' ')
+    if (const std::size_t blanc = coupe.rfind(' '); blanc != std::string_view::npos) coupe = coupe.substr(0, blanc);
+  coupe = RognerDroite(coupe);
+  if (coupe.ends_with(" +")) coupe = RognerDroite(coupe.substr(0, coupe.size() - 2));
+  return std::string(coupe);
 }
 
 // Name of a modality as .MOD has it.

@@ -128,6 +128,7 @@ class Traduction {
   const char* Reponses(const ChampNeuf& champ);
   std::size_t Copier(const char* individu, std::size_t longueur);
   bool Recoder(const char* individu);
+  void Surveiller(std::size_t question, const Plan& plan);
   bool Repondre(const std::vector<ChampOctet>& champs, const char* individu);
   bool Inchangee(const char* individu) const;
   void AjouterScore(std::size_t indice, const char* individu, std::int64_t numero, const TemoinsDePasse& temoins);
@@ -139,6 +140,7 @@ class Traduction {
   std::vector<unsigned char> maxima_;  // by column: largest digit of a field of gardes_, 255 elsewhere; whole blocks
   std::vector<ChampCode> codes_;
   std::vector<std::pair<std::size_t, ValeurApres>> surveilles_;  // question and value of each rule
+  std::vector<std::pair<std::size_t, ValeurApres>> lues_;        // the same of questions without a rule that are read
   std::vector<VitCompilee> vits_;
   std::vector<Terme> filtre_;
   SensFiltre sens_;
@@ -166,7 +168,12 @@ Traduction::Traduction(const Consignes& consignes, const Plan& plan)
     if (consignes.mode != ModeRecodage::SurPlace) ajoutees_ += static_cast<std::size_t>(champ.largeur);
   }
   for (const VitNeuve& vit : plan.vits) PreparerVit(consignes.vits[vit.demandee], vit, plan);
-  for (const Comparaison& c : consignes.filtre) filtre_.push_back({Apres(c.question, plan), c.code, 1});
+  for (const VitDemandee& vit : consignes.vits)
+    for (const Comparaison& c : vit.elements) Surveiller(c.question, plan);
+  for (const Comparaison& c : consignes.filtre) {
+    filtre_.push_back({Apres(c.question, plan), c.code, 1});
+    Surveiller(c.question, plan);
+  }
   if (consignes.ponderation) {
     const Question& question = questions[*consignes.ponderation];
     ponderee_ = true;
@@ -174,6 +181,8 @@ Traduction::Traduction(const Consignes& consignes, const Plan& plan)
     if (question.alphabetique) {
       poids_.champ.largeur = static_cast<std::uint32_t>(ColonnesAlphabetiques(question.codeMax));
       poids_.codeMax = std::numeric_limits<int>::max();
+    } else {
+      Surveiller(*consignes.ponderation, plan);
     }
   }
   utile_ = std::max<std::size_t>(LongueurUtile(lus_), poids_.champ.debut + poids_.champ.largeur);
@@ -185,6 +194,13 @@ ValeurApres Traduction::Apres(std::size_t question, const Plan& plan) const {
   const auto champ = std::ranges::find(plan.champs, question, &ChampNeuf::question);
   const int codeMax = std::max(consignes_.pos.questions[question].codeMax, 0);
   return {lus_[question], codeMax, champ == plan.champs.end() ? nullptr : &champ->table};
+}
+
+// A value above its code-max counts for 0 in a filter, a VIT or a weighting as it does in a rule, and is told like it.
+void Traduction::Surveiller(std::size_t question, const Plan& plan) {
+  const auto meme = [question](const auto& lue) { return lue.first == question; };
+  if (std::ranges::any_of(surveilles_, meme) || std::ranges::any_of(lues_, meme)) return;
+  lues_.emplace_back(question, Apres(question, plan));
 }
 
 // Questions with the same table share their answers: most questions of a survey have one of a few code-maxes.
@@ -305,6 +321,8 @@ std::string_view Traduction::Traduire(const char* individu, std::size_t longueur
     for (const auto& [question, valeur] : surveilles_)
       if (valeur.Depasse(individu)) temoins.depassement(question, numero);
   }
+  for (const auto& [question, valeur] : lues_)
+    if (valeur.Depasse(individu)) temoins.depassement(question, numero);
   for (std::size_t i = 0; i < vits_.size(); ++i) AjouterScore(i, individu, numero, temoins);
   ligne_[totale] = '\r';
   ligne_[totale + 1] = '\n';

@@ -178,11 +178,19 @@ TailleNeuve TailleDe(const Consignes& consignes, const BilanDePasse& bilan) {
   return {bilan.ecrites, reduite ? bilan.retenus : AncienCompteRetenu(consignes.pos.taille.avantPonderation, bilan)};
 }
 
+// A file of nobody is made neither by a filter nor by weights of 0.
 void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& consignes, const BilanDePasse& bilan) {
-  if (consignes.sens == SensFiltre::Aucun || bilan.retenus > 0 || bilan.entree == 0) return;
+  const bool sansPoids = consignes.ponderation && bilan.sortie == 0;
+  if (bilan.entree == 0 || (bilan.retenus > 0 && !sansPoids)) return;
   contexte.Ecran().biper();
-  rapport.Ligne("Arrêt du programme : le filtre ne garde aucun individu, aucun fichier n'est créé ni modifié"_w);
-  rapport.Ligne({"Corrigez le filtre et relancez, le générique reste "_w, contexte.generique});
+  if (bilan.retenus == 0) {
+    rapport.Ligne("Arrêt du programme : le filtre ne garde aucun individu, aucun fichier n'est créé ni modifié"_w);
+    rapport.Ligne({"Corrigez le filtre et relancez, le générique reste "_w, contexte.generique});
+  } else {
+    rapport.Ligne({"Arrêt du programme : la question "_w, consignes.pos.questions[*consignes.ponderation].nom,
+                   " donne un poids nul à tous les individus, aucun fichier n'est créé ni modifié"_w});
+    rapport.Ligne({"Corrigez la pondération et relancez, le générique reste "_w, contexte.generique});
+  }
   throw Erreur(kArretAnnonce);
 }
 
@@ -233,6 +241,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
                 noms.nouveau);
   if (passerModalites) CopierModalites(contexte, noms.Neuf(".MOD"), modalites, sorties);
   EcrireInitialisation(sorties, noms.nouveau, contexte.niveau);
+  EcrireRemplacementDuGenerique(rapport, contexte, noms.nouveau, {".DAT", ".POS"});
   sorties.Valider();
   EcrireFin(contexte, rapport, noms.nouveau);
 }

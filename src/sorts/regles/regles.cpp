@@ -53,13 +53,29 @@ bool EstMotDeReste(std::string_view gauche) {
          std::ranges::all_of(gauche, [](char c) { return c == '*' || c == ' ' || EstLettre(c); });
 }
 
-// The first character of an order as typed that is no sign of a rule; `debut` is its place in the rule.
+// The second dash of an element of a left side.
+std::size_t TiretDeTrop(std::string_view gauche) {
+  bool tiret = false;
+  for (std::size_t i = 0; i < gauche.size(); ++i) {
+    if (gauche[i] == '-' && tiret) return i;
+    tiret = gauche[i] != ',' && (tiret || gauche[i] == '-');
+  }
+  return std::string_view::npos;
+}
+
+// The first character of an order as typed that is no sign of a rule; `debut` is its place in the rule. The two sides
+// have signs of their own.
 std::optional<OrdreRegle::Signe> SigneInterdit(std::string_view ordre, std::size_t debut) {
   const std::size_t egal = ordre.find('=');
-  const std::size_t libre = EstMotDeReste(ordre.substr(0, egal)) ? egal : 0;
-  const std::size_t place = ordre.find_first_not_of("0123456789,-= ", libre);
-  if (egal == std::string_view::npos || place == std::string_view::npos) return std::nullopt;
-  return OrdreRegle::Signe{ordre[place], debut + place + 1};
+  const std::string_view gauche = ordre.substr(0, egal);
+  const auto signe = [&](std::size_t place) { return OrdreRegle::Signe{ordre[place], debut + place + 1}; };
+  if (!EstMotDeReste(gauche)) {
+    const std::size_t place = std::min(gauche.find_first_not_of("0123456789,- "), TiretDeTrop(gauche));
+    if (place != std::string_view::npos) return signe(place);
+  }
+  const std::size_t place = egal == std::string_view::npos ? egal : ordre.find_first_not_of("0123456789 ", egal + 1);
+  if (place == std::string_view::npos) return std::nullopt;
+  return signe(place);
 }
 
 OrdreRegle LireOrdre(std::string_view type, std::size_t debut) {
@@ -68,13 +84,12 @@ OrdreRegle LireOrdre(std::string_view type, std::size_t debut) {
   std::erase(ordre.texte, ' ');
   const std::string_view texte = ordre.texte;
   const std::size_t egal = texte.find('=');
+  ordre.interdit = SigneInterdit(type, debut);
   if (egal == std::string_view::npos) return ordre;
   ordre.egal = true;
-  ordre.interdit = SigneInterdit(type, debut);
   ordre.gauche = texte.substr(0, egal);
   const std::string_view droite = texte.substr(egal + 1);
-  ordre.droiteFautive = droite.empty() || droite.size() > kLargeurDroite ||
-                        droite.find_first_not_of("0123456789") != std::string_view::npos;
+  ordre.droiteFautive = droite.empty() || droite.size() > kLargeurDroite;
   ordre.nouveau = LireCode(droite);
   for (const std::string_view element : Couper(ordre.gauche, ',')) ordre.elements.push_back(LireElement(element));
   return ordre;
@@ -92,14 +107,17 @@ class Verificateur {
     regle_.nouveaux.resize(static_cast<std::size_t>(std::max(bornes.codeMax, 0)) + 1);
   }
 
+  // The order of a rule that has no other.
+  void OrdreUnique(const OrdreRegle& ordre) {
+    regle_.selection = usage_ == UsageRegle::Moteur && (ordre.texte == "S" || ordre.texte == "s");
+    if (!regle_.selection) Ordre(ordre);
+  }
+
   // False when nothing behind this order is to be read.
   bool Ordre(const OrdreRegle& ordre) {
     element_ = 0;
-    if (usage_ == UsageRegle::Moteur && (ordre.texte == "S" || ordre.texte == "s")) {
-      regle_.selection = true;
-      return false;
-    }
     if (ordre.texte.empty()) Signaler(FauteRegle::OrdreVide);
+    else if (ordre.interdit) Signaler(FauteRegle::SigneInterdit, *ordre.interdit);
     else if (!ordre.egal) Signaler(FauteRegle::SansEgal);
     else Affectation(ordre);
     ++ordre_;
@@ -110,7 +128,6 @@ class Verificateur {
 
  private:
   void Affectation(const OrdreRegle& ordre) {
-    if (ordre.interdit) return Signaler(FauteRegle::SigneInterdit, *ordre.interdit);
     if (ordre.droiteFautive) Signaler(FauteRegle::DroiteFautive);
     if (EstReste(ordre.gauche, usage_)) {
       regle_.reste = ordre.nouveau;
@@ -194,6 +211,10 @@ std::vector<OrdreRegle> LireRegle(std::string_view texte) {
 
 RegleVerifiee VerifierRegle(const std::vector<OrdreRegle>& ordres, const BornesRegle& bornes, UsageRegle usage) {
   Verificateur verificateur(bornes, usage);
+  if (ordres.size() == 1) {
+    verificateur.OrdreUnique(ordres.front());
+    return verificateur.Resultat();
+  }
   for (const OrdreRegle& ordre : ordres)
     if (!verificateur.Ordre(ordre)) break;
   return verificateur.Resultat();

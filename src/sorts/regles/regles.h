@@ -26,7 +26,7 @@ struct OrdreRegle {
   std::string gauche;  // whole left side
   std::vector<ElementRegle> elements;
   int nouveau = 0;             // code on the right
-  bool droiteFautive = false;  // empty, too long, or not a number
+  bool droiteFautive = false;  // empty or too long
   // First character that a rule can't hold.
   struct Signe {
     char signe = ' ';
@@ -70,15 +70,15 @@ struct BornesRegle {
 
 // A checked rule: its faults in the order of the text, and the codes that it gives.
 struct RegleVerifiee {
-  bool selection = false;  // an order "S": every code keeps itself, and what follows is not read
+  bool selection = false;  // nothing but "S": every code keeps itself
   std::vector<FauteTrouvee> fautes;
   bool arret = false;                        // CodeAuDelaDuFichier was met: nothing was checked behind it
   std::vector<std::optional<int>> nouveaux;  // by old code from 0 to the code-max; empty for a code not named
   std::optional<int> reste;                  // new code of the codes not named
 };
 
-// Checks the orders. In the use of the form an order "S" is a fault like any other without "=", each fault stands once
-// an element, and CodeAuDelaDuFichier does not occur.
+// Checks the orders. In the use of the form "S" is a fault like any other sign, each fault stands once an element, and
+// CodeAuDelaDuFichier does not occur.
 RegleVerifiee VerifierRegle(const std::vector<OrdreRegle>& ordres, const BornesRegle& bornes, UsageRegle usage);
 
 // New code of each old code from 0 to the code-max: named codes, then the rest order, else the code itself.

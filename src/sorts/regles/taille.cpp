@@ -13,7 +13,7 @@ constexpr std::string_view kPond = "POND";
 constexpr std::string_view kMax = "MAX";
 
 // Takes POND, or POND=NAM, out of the upper-cased line.
-void LirePonderation(std::string& haut, ConsignesTaille& consignes) {
+void LirePonderation(std::string_view ligne, std::string& haut, ConsignesTaille& consignes) {
   const std::size_t pond = haut.find(kPond);
   if (pond == std::string::npos) return;
   consignes.ponderation = true;
@@ -22,6 +22,7 @@ void LirePonderation(std::string& haut, ConsignesTaille& consignes) {
   if (egal != std::string::npos && haut[egal] == '=') {
     const std::size_t nom = std::min(haut.find_first_not_of(' ', egal + 1), haut.size());
     consignes.question = RognerDroite(std::string_view(haut).substr(nom, 3));
+    consignes.commeTapee = RognerDroite(ligne.substr(nom, 3));
     fin = std::min(nom + 3, haut.size());
   }
   std::fill(haut.begin() + static_cast<std::ptrdiff_t>(pond), haut.begin() + static_cast<std::ptrdiff_t>(fin), ' ');
@@ -42,7 +43,7 @@ ConsignesTaille LireConsignesTaille(std::string_view ligne) {
     haut.resize(premier);
   }
   premier = std::min(premier, haut.find(kPond));
-  LirePonderation(haut, consignes);
+  LirePonderation(ligne, haut, consignes);
   const std::size_t maximum = haut.find(kMax);
   consignes.maximum = maximum != std::string::npos;
   consignes.avant = ligne.substr(0, std::min(premier, maximum));

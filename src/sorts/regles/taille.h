@@ -13,6 +13,7 @@ struct ConsignesTaille {
   std::string avant;         // the line before its first keyword, as it stands
   bool ponderation = false;  // POND
   std::string question;      // name behind "POND=", upper case; empty without an "="
+  std::string commeTapee;    // the same as it stands
   bool maximum = false;      // MAX
   SensFiltre sens = SensFiltre::Aucun;
   bool deuxSens = false;  // INCL and EXCL on the same line

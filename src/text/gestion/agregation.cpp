@@ -160,6 +160,7 @@ void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std:
 }
 
 void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agregation, const std::string& nouveau) {
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   EcrireNouveau(contexte, agregation.table, nouveau);
   EcrireChangementDeGenerique(rapport, contexte, nouveau);
 }
@@ -297,7 +298,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
       contexte.Ecran().demander(RefusDeTerminer(agregation), Boutons::Ok);
       throw Erreur(kArretAnnonce);
     }
-    const std::string nouveau = DemanderGeneriqueLibre(contexte).value_or("");
+    const std::string nouveau = DemanderGeneriqueLibre(contexte, options.remplacer).value_or("");
     if (nouveau.empty()) throw Erreur(kArretAnnonce);
     PrevenirDesSupplementaires(contexte, agregation);
     Terminer(rapport, contexte, agregation, nouveau);

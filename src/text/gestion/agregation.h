@@ -67,6 +67,7 @@ struct OptionsTabMotAgreg {
     bool operator==(const Action&) const = default;
   };
   std::vector<Action> actions = {};  // in their order
+  bool remplacer = false;            // the files of the next generic may be replaced unasked
 
   bool operator==(const OptionsTabMotAgreg&) const = default;
 };

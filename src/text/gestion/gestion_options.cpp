@@ -110,7 +110,9 @@ Agreg DecrireTabMotAgreg() {
       .Alias({"btenreg"})
       .Geste("tri", "frequence|alphabetique|facteurN[,decroissant]", "tri des lignes ; peut être répété"_w, trier)
       .Alias({"bttri"})
-      .EcrireGestes(EcrireActions);
+      .EcrireGestes(EcrireActions)
+      .OuiNon("remplacer", &O::remplacer,
+              "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);
 }
 
 }  // namespace

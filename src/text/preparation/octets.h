@@ -14,6 +14,7 @@ struct OptionsPrepText {
   bool finsDeLigne = false;      // line ends become blanks unless three "&" stand before
   bool fichierDat = false;       // the text is generic .DAT
   std::string fichier{};         // another text, as typed; empty for the one of the generic
+  bool remplacer = false;        // the files of the next generic may be replaced unasked
 
   bool operator==(const OptionsPrepText&) const = default;
 };

@@ -144,6 +144,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   EcrireApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
   transmis.Copier(sorties);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
+  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties.Valider();
   EcrireChangementDeGenerique(rapport, contexte, nouveau);
   rapport.Ligne("Fin normale du programme");
@@ -163,7 +164,7 @@ std::string RefusDePreparer(const Contexte& contexte, const OptionsPrepText& opt
 }
 
 Fin PrepText(const Contexte& contexte, const OptionsPrepText& options, std::string& nouveau) {
-  nouveau = DemanderGeneriqueLibre(contexte).value_or("");
+  nouveau = DemanderGeneriqueLibre(contexte, options.remplacer).value_or("");
   if (nouveau.empty()) return Fin::Arret;
   return ExecuterProgramme(contexte, nouveau + ".prt", LibellesErreur{},
                            [&](Rapport& rapport) { Preparer(rapport, contexte, options, nouveau); });

@@ -27,7 +27,9 @@ Description<O> Decrire() {
       .OuiNon("dat", &O::fichierDat, "prend le fichier *.DAT")
       .Alias({"cmdfichdat"})
       .Texte("fichier", &O::fichier, "FICHIER", "autre fichier de texte")
-      .Alias({"cmdficha"});
+      .Alias({"cmdficha"})
+      .OuiNon("remplacer", &O::remplacer,
+              "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);
 }
 
 }  // namespace

@@ -4,6 +4,9 @@
 
 #include <string>
 
+#include "core/session/generique_libre.h"
+#include "support/environnement.h"
+
 namespace quelvar {
 namespace {
 
@@ -20,6 +23,16 @@ TEST(GeneriqueSuivant, StepsTheLastCharacter) {
   };
   for (const Pas& p : pas) EXPECT_EQ(GeneriqueSuivant(p.avant), p.apres) << p.avant;
   EXPECT_EQ(GeneriqueSuivant("enqu\xEAt\xE9"), "enqu\xEAtA");
+}
+
+// A report or a spreadsheet alone takes the name; what a run under way writes does not.
+TEST(GeneriqueLibre, WhateverFileStandsUnderTheName) {
+  const essai::DossierTemporaire dossier;
+  for (const char* nom : {"enr.rec", "ENS.FAJ", "ENT.csv", "ENU", "ENV.BRT.~12-1"})
+    essai::EcrireOctets(dossier.Chemin() / nom, "");
+  for (const char* pris : {"ENR", "ENS", "ENT"}) EXPECT_TRUE(GeneriqueExiste(dossier.Chemin(), pris)) << pris;
+  for (const char* libre : {"EN", "ENU", "ENV"}) EXPECT_FALSE(GeneriqueExiste(dossier.Chemin(), libre)) << libre;
+  EXPECT_EQ(GeneriqueLibre(dossier.Chemin(), "ENQ"), "ENU");
 }
 
 }  // namespace

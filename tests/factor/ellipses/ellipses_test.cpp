@@ -7,6 +7,7 @@
 #include <numbers>
 #include <random>
 
+#include "factor/ellipses/lecture.h"
 #include "support/programme.h"
 
 using namespace quelvar::factor;
@@ -188,6 +189,38 @@ TEST_F(RunEllipses, RefusalsAreToldInTheReport) {
     EXPECT_FALSE(Calculer());
     EXPECT_NE(montre_.find(c.attendu), std::string::npos) << montre_;
     Ecrire(c.fichier, avant);
+  }
+}
+
+// Individuals in another order than their coordinates: known by two that are alike, or by the mean of their columns.
+TEST_F(RunEllipses, IndividualsStandInTheOrderOfTheirCoordinates) {
+  constexpr std::size_t kIndividus = 32;
+  for (const bool semblables : {true, false}) {
+    Matrice colonnes(1, 5);
+    for (std::size_t j = 0; j < 5; ++j) colonnes(0, j) = 100 * static_cast<double>(j * j) - 300;
+    Matrice coordonnees(1, kIndividus);
+    std::string lignes;
+    for (std::size_t i = 0; i < kIndividus; ++i) {
+      const std::size_t profil = semblables ? i % 4 + 1 : i;  // as many profiles as individuals
+      double somme = 0;
+      double nombre = 0;
+      lignes += CadreGauche(std::to_string(i + 1), 4);
+      for (std::size_t j = 0; j < 5; ++j) {
+        const bool presente = (profil >> j & 1) != 0;
+        lignes += presente ? '1' : '0';
+        if (presente) somme += colonnes(0, j), ++nombre;
+      }
+      lignes += "\n";
+      coordonnees(0, i) = nombre > 0 ? 1.7 * somme / nombre : 0;
+    }
+    Ecrire("ENQ.CDG", lignes);
+    const LignesDIndividus cdg{dossier_.Chemin() / "ENQ.CDG", 0, 1, 5};
+    const std::vector<bool> actives(5, true);
+    EXPECT_FALSE(PremierDeplace(cdg, actives, coordonnees, &colonnes)) << semblables;
+    std::swap(coordonnees(0, 9), coordonnees(0, 12));
+    const auto deplace = PremierDeplace(cdg, actives, coordonnees, &colonnes);
+    ASSERT_TRUE(deplace) << semblables;
+    EXPECT_EQ(*deplace, 10) << semblables;
   }
 }
 

@@ -6,7 +6,9 @@
 #include <chrono>
 #include <filesystem>
 
+#include "factor/analyse/anecar.h"
 #include "support/environnement.h"
+#include "tables/ecapem.h"
 
 using namespace quelvar::factor;
 
@@ -129,37 +131,103 @@ TEST(Graphe, LinksAndTreesOfAnotherTable) {
   EXPECT_FALSE(PrepGraphe(enquete.LeContexte(), {.liens = false, .cah = true}));
 }
 
-// A link says that some people have both modalities; a tree begins with the two nearest points.
-TEST(Graphe, LinksAndTreesOfATableOfTheSameSize) {
+OptionsAnecar AvecArbre() {
+  OptionsAnecar options;
+  options.classification = OptionsWard{};
+  return options;
+}
+
+// Two questions of two codes among 20 people, and what a run of each program makes of their table.
+void Croiser(Enquete& enquete) {
+  enquete.Avec(".POS", "Q\n20\nA     1 2\nB     2 2\n");
+  enquete.Avec(".MOD", "T\n BRT=4 FMT=2 \nA  1\nA  2\nB  1\nB  2\n");
+  enquete.Avec(".BRT", "A  1 8 0 6 2\nA  2 012 310\nB  1 6 3 9 0\nB  2 210 011\n");
+}
+
+// A table of the same size, in a moment: what was made of the former one is told, its links and its tree with it.
+TEST(Graphe, WhatWasMadeOfAnotherTableOfTheSameSize) {
   Enquete enquete;
-  enquete.Avec(".MOD", "T\nBRT=3 FMT=1\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
-  constexpr std::array<char, 8> lien = {1, 0, 2, 0, 0, 0, 0x48, 0x42};
-  enquete.Avec(".PEM", {lien.data(), lien.size()}).Avec(".BRT", "A1  523\nA2  240\nA3  304\n");
-  EXPECT_EQ(enquete.Preparer()->liens.size(), 1U);
-  enquete.Avec(".BRT", "A1  503\nA2  042\nA3  324\n");
+  Croiser(enquete);
+  ASSERT_EQ(tables::Ecapem(enquete.LeContexte(), {}), Fin::Normale);
+  ASSERT_EQ(Anecar(enquete.LeContexte(), AvecArbre()), Fin::Normale);
+  std::optional<DonneesPlan> donnees = enquete.Preparer();
+  EXPECT_TRUE(donnees->remarques.empty());
+  EXPECT_EQ(donnees->liens.size(), 2U);
+  enquete.Avec(".BRT", "A  1 8 0 3 5\nA  2 012 6 6\nB  1 3 6 9 0\nB  2 5 6 011\n");
+  donnees = enquete.Preparer();
+  EXPECT_TRUE(donnees->liens.empty());
+  ASSERT_EQ(donnees->remarques.size(), 2U);
+  EXPECT_TRUE(
+      donnees->remarques[0].starts_with("les coordonn\xE9"
+                                        "es de ENQ.FAJ ne sont pas celles du tableau ENQ.BRT"));
+  EXPECT_TRUE(donnees->remarques[1].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
+  // The links that are there hold, but one is missing.
+  Croiser(enquete);
+  std::string liens = LireOctets(enquete.dossier.Chemin() / "ENQ.PEM");
+  EXPECT_EQ(enquete.Avec(".PEM", liens).Preparer()->liens.size(), 2U);
+  EXPECT_TRUE(enquete.Avec(".PEM", liens.substr(8)).Preparer()->liens.empty());
+  // The same table, with another status of its modalities.
+  enquete.Avec(".PEM", liens).Avec(".MOD", "T\n BRT=4 FMT=2 \nA  1\nA  2\nB  1 S \nB  2 S \n");
+  EXPECT_EQ(enquete.Preparer()->remarques.size(), 1U);
+}
+
+// Links of a plain table are those of the table or, after the diagonalisation, of its maximum table.
+TEST(Graphe, LinksOfAPlainTable) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\n LIGN=3 FMT=3 \nC1\nC2\nC3\n").Avec(".BRT", "L1    9  4  1\nL2    3  8  2\nL3    1  2 12\n");
+  ASSERT_EQ(Anecar(enquete.LeContexte(), {}), Fin::Normale);
+  for (const bool maximum : {false, true}) {
+    ASSERT_EQ(tables::Ecapem(enquete.LeContexte(), {.diagonalisation = maximum, .liensLignes = true}), Fin::Normale);
+    const std::optional<DonneesPlan> donnees = enquete.Preparer();
+    EXPECT_FALSE(donnees->liens.empty());
+    EXPECT_TRUE(donnees->remarques.empty()) << maximum;
+  }
+  enquete.Avec(".BRT", "L1    9  4  1\nL2    3  2 12\nL3    1  8  2\n");
   const std::optional<DonneesPlan> donnees = enquete.Preparer();
   EXPECT_TRUE(donnees->liens.empty());
-  ASSERT_EQ(donnees->remarques.size(), 1U);
-  EXPECT_TRUE(donnees->remarques[0].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
+  EXPECT_TRUE(donnees->liensLignes.empty());
+}
 
-  enquete.Avec(".PEM", "")
-      .Avec(".FJ2",
-            "A1    700   -450.0000  600      3.0000    4\nA2    200     40.0000    5     50.0000"
-            "    6\nA3    100     20.0000    1     30.0000    2\n");
-  const auto arbre = [](std::string_view etapes) {
-    return "INDIV = NON\n" + std::string(etapes) + "   1    2   3\n   2    1   2   3\n";
+// Every step of a tree is looked at.
+TEST(Graphe, TreeOfOtherCoordinates) {
+  Enquete enquete;
+  Croiser(enquete);
+  ASSERT_EQ(Anecar(enquete.LeContexte(), AvecArbre()), Fin::Normale);
+  const std::string arbre = LireOctets(enquete.dossier.Chemin() / "ENQ.CAH");
+  enquete.Avec(".FJ2",
+               "A  1  300  -1000.0000  300 \nA  2  200   -999.0000  200 \nB  1  300    500.0000  300 \n"
+               "B  2  200    510.0000  200 \n");
+  const std::optional<DonneesPlan> donnees = enquete.Preparer();
+  ASSERT_EQ(donnees->remarques.size(), 1U);
+  EXPECT_TRUE(donnees->remarques[0].starts_with("l'arbre de ENQ.CAH a \xE9t\xE9 fait sur d'autres coordonn\xE9"));
+  // The modalities in another order are not those of the tree.
+  enquete.Avec(".MOD", "T\n BRT=4 FMT=2 \nB  1\nA  2\nA  1\nB  2\n");
+  EXPECT_FALSE(enquete.Preparer()->cah);
+  EXPECT_EQ(WardCoupe(enquete.LeContexte(), {.niveau = 2}), Fin::Arret);
+}
+
+// A cut gives its classes to the lines of the data: those of people who are no more the classified ones are told.
+TEST(WardCoupe, IndividualsOfOtherData) {
+  Enquete enquete;
+  enquete.Avec(".MOD", "T\n BRT=1 LIGN=6 LSUP=4 COL=2 FMT=1 \nA  1\nA  2\n").Avec(".POS", "Q\n4\nA     1 2\n");
+  enquete.Avec(".BRT", "A  120\nA  202\n1   10\n2   10\n3   01\n4   01\n")
+      .Avec(".CDG", "1   10\n2   10\n3   01\n4   01\n");
+  enquete.Avec(".CAH",
+               "INDIV = OUI\n   1    1    2    1    2\n   2    3    4    3    4\n   3    1    3   -1   -2\n"
+               "   1    1   2\n   2    3   4\n   3    1   2   3   4\n");
+  const auto coupe = [&](std::string_view donnees) {
+    enquete.Avec(".DAT", donnees).Avec(".PRT", "");
+    EXPECT_EQ(WardCoupe(enquete.LeContexte(), {.niveau = 2, .intitulesLongs = false, .remplacer = true}), Fin::Normale);
+    return LireOctets(enquete.dossier.Chemin() / "ENQ.PRT");
   };
-  enquete.Avec(".CAH", arbre("   1    2    3    2    3\n   2    1    2    1   -1\n"));
-  EXPECT_TRUE(enquete.Preparer()->remarques.empty());
-  enquete.Avec(".CAH", arbre("   1    1    2    1    2\n   2    1    3   -1    3\n"));
-  ASSERT_EQ(enquete.Preparer()->remarques.size(), 1U);
+  EXPECT_EQ(coupe("1\n1\n2\n2\n").find("***"), std::string::npos);
+  EXPECT_NE(coupe("1\n2\n2\n1\n").find("*** Attention : l'individu 2 de ENQ.DAT n'a pas"), std::string::npos);
 }
 
 TEST(Graphe, AgesAreToldBeyondAMoment) {
   Enquete enquete;
-  enquete.Avec(".MOD", "T\nBRT=3 FMT=1\nA1\nA2\nA3\n").Avec(".FAJ", kFaj);
-  enquete.Avec(".AFC", "Pourcentage du total = 12.5\nPourcentage du total =  7.0\n");
-  enquete.Avec(".BRT", "A1  523\nA2  240\nA3  304\n");
+  Croiser(enquete);
+  ASSERT_EQ(Anecar(enquete.LeContexte(), {}), Fin::Normale);
   const auto vieillir = [&](const char* nom, int secondes) {
     const auto fichier = enquete.dossier.Chemin() / nom;
     std::filesystem::last_write_time(fichier,

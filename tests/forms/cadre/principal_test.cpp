@@ -104,6 +104,9 @@ TEST(Principal, ChaineDesGeneriquesALaSouris) {
   EXPECT_EQ(bureau.Texte(), "");
   Cliquer(bureau.Fenetre(), "BoutNouv");
   EXPECT_TRUE(bureau.Texte().startsWith("Le générique en cours dans ce répertoire est : ENQ"));
+  bureau.Fenetre().ServicesDesFormes().adopterGenerique("ENR");
+  EXPECT_EQ(combo.itemText(0), "ENR") << "a program that steps to a new generic";
+  EXPECT_EQ(combo.currentText(), "ENR");
 }
 
 TEST(Principal, NiveauDepuisLeMenu) {
@@ -264,6 +267,18 @@ TEST(Principal, UneBoiteAnnuleeArreteLeRunSansTrace) {
   });
   EXPECT_FALSE(suite);
   EXPECT_EQ(bureau.Texte(), "Arrêt volontaire du programme\n");
+  // Escape is no "Non" that lets the run go on.
+  for (const bool croix : {false, true}) {
+    if (croix) pilote.Faire([](QDialog& boite) { boite.close(); });
+    else pilote.Abandonner();
+    services.Lancer([&](const quelvar::Contexte& contexte) {
+      quelvar::ExecuterProgramme(contexte, "ENQ.TAP", {}, [&](quelvar::Rapport& /*rapport*/) {
+        contexte.Ecran().demander("Le choix ?", quelvar::Boutons::OuiNon);
+        suite = true;
+      });
+    });
+    EXPECT_FALSE(suite);
+  }
   EXPECT_EQ(bureau.Lire("ENQ.TAP"), "ancien\r\n");
   pilote.Faire([](QDialog& boite) { QTest::keyClick(&boite, Qt::Key_Return); });
   services.Lancer([&](const quelvar::Contexte& contexte) { suite = contexte.Ecran().saisir("Nom", "").empty(); });

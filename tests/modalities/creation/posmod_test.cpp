@@ -93,6 +93,36 @@ TEST_F(RunPosmod, WarningsBeep) {
   EXPECT_EQ(bips_, 3) << "a code-max above 35, a value above its code-max, a file too short";
 }
 
+// What no form would have launched leaves everything, the former report too.
+TEST_F(RunPosmod, ANameThatIsNotThereLeavesTheFormerReport) {
+  Ecrire("ENQ.DAT", "12\n21\n");
+  Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2 &ACT&\nAGE   2 2\n");
+  Ecrire("ENQ.PRT", "rapport d'avant\r\n");
+  const auto avant = Fichiers();
+  OptionsPosmod options;
+  options.actives = {"SEX", "ZZZ"};
+  EXPECT_EQ(Posmod(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit("La question ZZZ n'est pas dans le fichier de positions")) << montre_;
+  options.actives->clear();
+  EXPECT_EQ(Posmod(contexte_, options), Fin::Arret);
+  EXPECT_EQ(Fichiers(), avant);
+}
+
+// The marks of an analysed set stay when modalities are named; else the questions named are the ones offered next.
+TEST_F(RunPosmod, NamingKeepsTheMarksOfATable) {
+  Ecrire("ENQ.DAT", "12\n21\n");
+  for (const bool analyse : {false, true}) {
+    Ecrire("ENQ.POS", "T\r\n 2 \r\nSEX   1 2 &SUP&\r\nAGE   2 2\r\n");
+    if (analyse) Ecrire("ENQ.BRT", "SEX1 1\r\n");
+    OptionsPosmod options;
+    options.mode = ModePosmod::Modi;
+    options.actives = {"AGE"};
+    EXPECT_EQ(Posmod(contexte_, options), Fin::Normale);
+    EXPECT_EQ(Lire("ENQ.POS"), analyse ? "T\r\n 2 \r\nSEX   1 2 &SUP&\r\nAGE   2 2\r\n"
+                                       : "T\r\n 2 \r\nSEX   1 2\r\nAGE   2 2 &ACT&\r\n");
+  }
+}
+
 // Runs that fail on the way leave every file but the report as it was, and no scratch file behind.
 TEST_F(RunPosmod, AFailedRunLeavesTheFilesWhole) {
   Ecrire("ENQ.DAT", "12\n21\n");

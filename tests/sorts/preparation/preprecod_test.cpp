@@ -83,7 +83,7 @@ TEST_F(Preparation, ARuleIsStoredOnlyWithoutFault) {
 
 TEST_F(Preparation, WeightingAndEffective) {
   EtatPrepRecod etat = Ouvrir("T\r\n10\r\nPds   1 9\r\n");
-  ValiderPonderation(etat);
+  EXPECT_FALSE(ValiderPonderation(etat));
   EXPECT_EQ(etat.message, "Cliquer sur une question à prendre comme pondération"_w);
   ChoisirQuestion(etat, 0);
   ValiderPonderation(etat);
@@ -93,6 +93,19 @@ TEST_F(Preparation, WeightingAndEffective) {
   EXPECT_EQ(etat.message, "Choisir une nouvelle question pour la pondération"_w);
   ChoisirEffectif(etat, false);
   EXPECT_EQ(Enregistrer(etat), "T\r\n10\r\nPds   1 9 \r\n");
+}
+
+// Both are written in upper case, where these two are one.
+TEST_F(Preparation, NamesThatDifferByCapitalsAreNeitherWeightNorFilter) {
+  EtatPrepRecod etat = Ouvrir("T\r\n10\r\nSex   1 2\r\nSEX   2 2\r\n");
+  for (const std::size_t question : {0U, 1U}) {
+    ChoisirQuestion(etat, question);
+    EXPECT_FALSE(ValiderPonderation(etat));
+    ChoisirSens(etat, SensFiltre::Inclure);
+    EXPECT_FALSE(AjouterQuestionAuFiltre(etat));
+    EXPECT_NE(etat.message.find("en majuscules"), std::string::npos) << etat.message;
+  }
+  EXPECT_FALSE(etat.modifie);
 }
 
 TEST_F(Preparation, AFilterIsBuiltQuestionByQuestion) {

@@ -58,7 +58,12 @@ TEST_F(RunRecodage, NamesAreFoundTrimmedAndExactlyFirst) {
   } cas[] = {
       {" 1 INCL W1=2\nW10   1 9\n W1   2 9\n", "123\r\n", "W1 2"},
       {" 1 INCL W1=2\nW10   1 9\nW 1   2 9\n", "123\r\n", "W1 2"},
-      {" 1 INCL W=1\nW10   1 9\n W1   2 9\n", "123\r\n", "W 1"},
+      {" 1 INCL 0=1\nW10   1 9\n W1   2 9\n", "123\r\n", "0 1"},
+      {" 1 INCL W=1\nW10   1 9\n W1   2 9\n", "", "Le nom W est celui de 2 questions, aux positions 1 et 2"},
+      {" 1 POND=lec MAX\nLEC   2 9\nlec   1 9\n", "123\r\n", "utilisant la question lec"},
+      {" 1 INCL W1=x\nW1    1 9\n", "", "le code 'x' de l'"},
+      {" 1 INCL W1=\nW1    1 9\n", "", "le code '' de l'"},
+      {" 1 INCL W1=-1\nW1    1 9\n", "", "le code '-1' de l'"},
       {" 1 POND=W1 MAX\nW10   1 9\n W1   2 9\n", "123\r\n123\r\n", "utilisant la question  W1"},
       {" 1 \nW10   1 9\n W1   2 9\n$$V\nW1      2\n$$\n", "1231\r\n", "W1      2"},
       {" 1 INCL lec=1\nLEC   2 9\nlec   1 9\n", "123\r\n", "LEC 1"},
@@ -102,6 +107,22 @@ TEST_F(RunRecodage, AnOverflowWeighsNothing) {
   Ecrire("ENQ.DAT", "19\n12\n");
   EXPECT_EQ(Executer({.toutesSelectionnees = false}), Fin::Normale) << montre_;
   EXPECT_EQ(Lire("ENR.DAT"), "12\r\n12\r\n");
+  EXPECT_TRUE(Dit("Depassement de code-max a PDS Ligne")) << montre_;
+  // The same of a question that a filter or a VIT reads, once each.
+  Ecrire("ENQ.POS", "T\n 2 EXCL PDS=1 + AAA=2\nAAA   1 2 S\nPDS   2 2\n$$V\nPDS     2\n$$\n");
+  EXPECT_EQ(Executer({.toutesSelectionnees = false}), Fin::Normale) << montre_;
+  const std::size_t dit = montre_.find("Depassement de code-max a PDS Ligne");
+  ASSERT_NE(dit, std::string::npos) << montre_;
+  EXPECT_EQ(montre_.find("Depassement", dit + 1), std::string::npos) << montre_;
+}
+
+TEST_F(RunRecodage, WeightsOfZeroMakeNoFile) {
+  Ecrire("ENQ.POS", "T\n 2 POND=PDS INCL AAA=1\nAAA   1 2 S\nPDS   2 2\n");
+  Ecrire("ENQ.DAT", "10\n22\n");
+  Ecrire("ENR.DAT", "ancien");
+  EXPECT_EQ(Executer(), Fin::Arret);
+  EXPECT_TRUE(Dit("donne un poids nul")) << montre_;
+  EXPECT_EQ(Lire("ENR.DAT"), "ancien");
 }
 
 TEST_F(RunRecodage, AnAlphabeticQuestionCountsWithItsColumns) {
@@ -124,7 +145,7 @@ TEST(Etiquettes, LabelsOfCodesThatBecomeOne) {
              {{"15-25 ans", "26-35"}, "15-25 ans + 26-35"},
              {{"-5-10", "11-12"}, "-5-10 + 11-12"},
              {{"56-65 ans", "66 ans et plus"}, "56-65 ans + 66 ans et"},
-             {{"Ouvrier qualifié", "Technicien"}, "Ouvrier qualifié +"},
+             {{"Ouvrier qualifié", "Technicien"}, "Ouvrier qualifié"},
              {{"abcdefghijklm", "nopqrstuv", "x"}, "abcdefghijklm + nopqrstuv"},
              {{"abcdefghijklmnopqrstuvwxyz"}, "abcdefghijklmnopqrstuvwxy"}};
   for (const auto& [intitules, reuni] : cas) EXPECT_EQ(IntituleReuni(intitules), reuni);

@@ -82,7 +82,12 @@ void Prem::reject() {
 void Prem::EnregistrerRepertoire() {
   const QString choisi = ui_->Repertoires->Designe();
   const Chemin initialisation = CheminInitialisation(CheminDepuisQt(choisi));
-  if (!EmporterLeGenerique(initialisation) || !services_.ouvrirInitialisation(initialisation)) return;
+  const bool nouvelle = !std::filesystem::exists(initialisation);
+  if (!EmporterLeGenerique(initialisation)) return;
+  if (!services_.ouvrirInitialisation(initialisation)) {
+    if (nouvelle) EffacerFichier(initialisation);
+    return;
+  }
   repertoire_ = choisi;
   MontrerSuite();
   ui_->TxtGen->setText(VersQt(services_.session.generique));
