@@ -49,6 +49,7 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
        "*** ENQ.POS annonce 1 mots (ligne 2) et ENQ.DAT en a davantage"},
       {mot + autre + mot, "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n", "*** Le mot a revient à la ligne 3 de ENQ.DAT"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1L3 &ACT&\r\n", "dont le code-max dépasse 99"_w},
+      {mot, "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\nSEX   1 9\r\n", "Le nom SEX est celui de 2 questions"},
       {mot, "ENQ\r\n 1 \r\nSEX   1 2\r\n", "*** Aucune question n'est marquée &ACT&"_w},
   };
   for (const auto& [dat, pos, dit] : cas) {
