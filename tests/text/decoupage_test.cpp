@@ -135,6 +135,14 @@ TEST_F(RunTexte, ALongThemeIsListedAsTheTextHasIt) {
   EXPECT_TRUE(Lire("ENQ.DAT").starts_with("1_env_environne$$"));
 }
 
+TEST_F(RunTexte, QuestionsBeyondTheCharacteristicsAreNamedInABox) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   2 9\r\n");
+  EXPECT_EQ(Decouper("1un*\n", {.position = 1}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_TRUE(boites_[0].ends_with("non reprise(s) : AGE"));
+}
+
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {
   Ecrire("ENQ.DAT", "112\r\n");
   OptionsSaisieMot options;

@@ -69,8 +69,7 @@ void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
 }
 
 // The questions of the former position file, if there is one.
-std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, const Contexte& contexte,
-                                                          const Gabarit& gabarit) {
+std::optional<std::vector<QuestionDesMots>> LireQuestions(const Contexte& contexte, const Gabarit& gabarit) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) return std::nullopt;
   const FichierPos pos = LirePos(*chemin, contexte.Ecran());
@@ -79,9 +78,9 @@ std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, cons
   if (auDela.empty()) return questions;
   std::string noms;
   for (const std::string& nom : auDela) noms += ' ' + nom;
-  Avertir(rapport, contexte.Ecran(),
-          Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ", contexte.Nom(".POS"),
-                   " hors des caractéristiques, non reprise(s) :"_w, noms}));
+  contexte.Ecran().demander(Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ",
+                                     contexte.Nom(".POS"), " hors des caractéristiques, non reprise(s) :"_w, noms}),
+                            Boutons::Ok);
   return questions;
 }
 
@@ -207,7 +206,7 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   EcrireNoms(rapport, contexte, options);
   EcrireMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
-  std::optional<std::vector<QuestionDesMots>> questions = LireQuestions(rapport, contexte, gabarit);
+  std::optional<std::vector<QuestionDesMots>> questions = LireQuestions(contexte, gabarit);
   ConfirmerRemplacement(rapport, contexte);
 
   Corpus corpus = Couper(rapport, contexte, options, texte);
