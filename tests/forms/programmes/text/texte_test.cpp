@@ -136,6 +136,17 @@ TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
             "quelvar-batch --niveau 2 saisiemot ENQ position=1 vides=supprimees auxiliaires=oui");
 }
 
+TEST_F(FormesDuTexte, UnMotQuiContientUneVirguleSeCherche) {
+  bureau_.Ecrire("ENQ.DAT", "1oui,oui,      $$" + std::string(30, '*') + "oui, non" + std::string(37, ' ') + "\r\n");
+  OuvrirConcord(bureau_.Fenetre().ServicesDesFormes(), {"oui,"});
+  auto* concordance = bureau_.Forme<Concord>();
+  ASSERT_NE(concordance, nullptr);
+  for (int fois = 0; fois < 2; ++fois) {
+    EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo").toPlainText().contains("1 ligne(s) de ENQ.DAT"));
+    Cliquer(*concordance, "BoutChercher");
+  }
+}
+
 TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n");
   bureau_.Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n");
