@@ -100,6 +100,8 @@ TEST(RefusDeTrier, NamesTheFirstMissingItem) {
   EXPECT_TRUE(RefusDeTrier({"A", "C", "0"}).empty());
   EXPECT_TRUE(RefusDeTrier({"A", "C", "3", "4"}).empty());
   EXPECT_TRUE(RefusDuFormulaire({"A", "C", "3", "10"}).empty());
+  for (const std::string position : {"-1", "x", "1.5"})
+    EXPECT_EQ(RefusDuFormulaire({"A", "C", position, "4"}), "Vous devez entrer la position initiale du champ de tri");
   for (const std::string largeur : {"11", "0", "-2", "x"})
     EXPECT_EQ(RefusDuFormulaire({"A", "C", "3", largeur}), "Vous devez entrer la largeur du champ de tri (10 max)");
 }
