@@ -106,7 +106,8 @@ struct FaitsDeTable {
 // Called now and then with the bytes read; false stops the reading.
 using Suivi = std::function<bool(std::uintmax_t octets)>;
 
-// The facts over the whole file; nothing when `suivi` stopped it. Raises 62 and the numbers of LecteurLignes.
+// The facts over the whole file; nothing when `suivi` stopped it. Raises kFinDeFichierDepassee and the failures of
+// LecteurLignes.
 std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {});
 
 // Number of rows under the titles; nothing when `suivi` stopped it. May run beside the interface on another thread: it
