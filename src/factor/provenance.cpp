@@ -18,6 +18,7 @@
 #include "core/texte/nombres.h"
 #include "crosstab/tableau/statistiques.h"
 #include "factor/analyse/facteurs.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/classement/classement.h"
 #include "factor/coordonnees.h"
 #include "tables/diagonalisation.h"
@@ -142,7 +143,7 @@ bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, Ty
   const double total = analyse.ecarts.Inertie(type);
   constexpr double kArrondi = 0.5 + 1e-6;
   for (std::size_t j = 0; j < faj.inerties.size(); ++j)
-    if (std::fabs((total == 0 ? 0 : 1000 * analyse.ecarts.colonnes.inertie[j] / total) - faj.inerties[j]) > kArrondi)
+    if (std::fabs(InertiePourMille(analyse.ecarts.colonnes.inertie[j], total) - faj.inerties[j]) > kArrondi)
       return false;
   return true;
 }

@@ -120,8 +120,10 @@ TEST_F(RunRecodage, WeightsOfZeroMakeNoFile) {
   Ecrire("ENQ.POS", "T\n 2 POND=PDS INCL AAA=1\nAAA   1 2 S\nPDS   2 2\n");
   Ecrire("ENQ.DAT", "10\n22\n");
   Ecrire("ENR.DAT", "ancien");
+  Ecrire("ENR.REC", "ancien rapport");
   EXPECT_EQ(Executer(), Fin::Arret);
   EXPECT_TRUE(Dit("donne un poids nul")) << montre_;
+  EXPECT_EQ(Lire("ENR.REC"), "ancien rapport");
   EXPECT_EQ(Lire("ENR.DAT"), "ancien");
 }
 
