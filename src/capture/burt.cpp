@@ -202,10 +202,10 @@ double DemanderEffectif(Rapport& rapport, const Contexte& contexte, const FaitsB
   }
 }
 
-void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte) {
+void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte, JeuDeFichiers& sauvegardes) {
   for (const std::string_view extension : {".BRT", ".MOD", ".POS"})
     if (const std::optional<Chemin> ancien = contexte.Chercher(extension))
-      SauvegarderAncien(rapport, contexte, contexte.Nom(extension), *ancien);
+      SauvegarderAncien(rapport, contexte, contexte.Nom(extension), *ancien, sauvegardes);
 }
 
 constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps
@@ -250,26 +250,54 @@ void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurRangees lecteur, cons
   }
 }
 
+// What is known of the table before anything is written.
+struct Preparation {
+  bool utf8 = false;
+  FaitsBurt faits;
+  std::vector<std::pair<std::string, std::string>> modalites;
+  double effectif = 0;
+};
+
+Preparation Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
+  const Encodage encodage = ExaminerEncodage(source);
+  FaitsBurt faits = Examiner(source, encodage.utf8);
+  std::vector<std::pair<std::string, std::string>> modalites = Nommer(faits, noms);
+  ExigerNoms(rapport, modalites);
+  SignalerEncodage(contexte.Ecran(), TexteDe(source.filename()), encodage);
+  SignalerIntitulesCoupes(contexte.Ecran(), modalites);
+  const double effectif = DemanderEffectif(rapport, contexte, faits);
+  return {encodage.utf8, std::move(faits), std::move(modalites), effectif};
+}
+
+// The copies of the former files stay when the table can't be read, as the report tells; one who gives up in the
+// question on the size leaves no trace.
+Preparation SauvegarderEtPreparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
+  JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
+  SauvegarderAnciens(rapport, contexte, sauvegardes);
+  Preparation preparation;
+  try {
+    preparation = Preparer(rapport, contexte, source, noms);
+  } catch (const Erreur&) {
+    sauvegardes.Valider();
+    throw;
+  }
+  sauvegardes.Valider();
+  return preparation;
+}
+
 void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBurt& options) {
   const std::optional<Chemin> source = ChercherFichier(contexte.repertoire, options.fichier);
   const std::string nomSource = TexteDe(CheminDe(options.fichier).filename());
   ExigerFichiers(rapport, contexte.Ecran(), {{nomSource, source.has_value()}}, kArretAbsence);
   EcrireBandeau(rapport, "Importation d'un tableau de Burt");
-  SauvegarderAnciens(rapport, contexte);
-  const Encodage encodage = ExaminerEncodage(*source);
-  const FaitsBurt faits = Examiner(*source, encodage.utf8);
-  const std::vector<std::pair<std::string, std::string>> modalites = Nommer(faits, options.noms);
-  ExigerNoms(rapport, modalites);
-  SignalerEncodage(contexte.Ecran(), nomSource, encodage);
-  SignalerIntitulesCoupes(contexte.Ecran(), modalites);
-  const double effectif = DemanderEffectif(rapport, contexte, faits);
+  const auto [utf8, faits, modalites, effectif] = SauvegarderEtPreparer(rapport, contexte, *source, options.noms);
 
   rapport.Ligne({"Le tableau de burt ", nomSource, " a été importé et est enregistré sous le nom "_w,
                  contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
   rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport,
-                LecteurRangees(*source, encodage.utf8), faits, modalites);
+  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, LecteurRangees(*source, utf8), faits,
+                modalites);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   pos.Ligne(contexte.generique);

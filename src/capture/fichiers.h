@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "core/programme/report.h"
 
@@ -22,8 +23,19 @@ inline constexpr std::string_view kRemplace = " existait déjà et a été rempl
 // The .POS of the generic; one too short to be one counts as absent.
 std::optional<Chemin> ChercherPos(const Contexte& contexte);
 
-// Copies a former file of the generic under its backup name, and tells it.
-void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier);
+// An older copy that says something else than the file to be saved goes on, among the outputs, under the first number
+// that is free (.PO3), and the report tells it.
+void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& fichier,
+                         const std::string& sauvegarde, JeuDeFichiers& sorties);
+// Copies a former file of the generic under its backup name, an older copy kept, and tells it. The report says that the
+// copies are there whatever the import comes to: they are a set of their own.
+void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_view nom, const Chemin& fichier,
+                       JeuDeFichiers& sauvegardes);
+
+// Keeps a file that another one is about to replace under the first backup name that is free, as one of the outputs;
+// not when that one, or a copy that is there, has the same bytes. Returns the name of the copy, empty without one.
+std::string GarderRemplace(const Contexte& contexte, const Chemin& ancien, const Chemin& nouveau,
+                           JeuDeFichiers& sorties);
 
 // What ends the report of an import: the frame that tells what there is now, or one line at level 2.
 void EcrireFinDImport(Rapport& rapport, int niveau);

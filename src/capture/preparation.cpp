@@ -36,20 +36,12 @@ bool MemeFichier(const Chemin& a, const Chemin& b) {
 
 }  // namespace
 
-PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille)
+PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille, const SuiviDeFeuille& suivi)
     : fichier_(std::move(fichier)), feuille_(std::move(feuille)) {
-  ChangerFeuille(feuille_);
-}
-
-void PreparationDImport::ChangerFeuille(std::string feuille) {
   // What stands in for a sheet is no file of the survey: it lies where scratch files do.
-  auto source = std::make_unique<SourceDeTable>(fichier_, feuille, std::filesystem::temp_directory_path());
-  LectureDetectee detectee = DetecterLecture(*source);
-  Apercu apercu = LireApercu(source->Texte(), detectee.lecture);
-  feuille_ = std::move(feuille);
-  source_ = std::move(source);
-  detectee_ = std::move(detectee);
-  apercu_ = std::move(apercu);
+  source_ = std::make_shared<const SourceDeTable>(fichier_, feuille_, std::filesystem::temp_directory_path(), suivi);
+  detectee_ = DetecterLecture(*source_);
+  apercu_ = LireApercu(source_->Texte(), detectee_.lecture);
   choix_ = ProposerChoix(Colonnes());
   touchees_.assign(choix_.size(), false);
 }
@@ -126,6 +118,7 @@ OptionsImport PreparationDImport::Options() const {
   OptionsImport options;
   options.fichier = TexteDe(fichier_);
   options.feuille = feuille_;
+  if (source_->EstCopie()) options.ouverte = source_;
   options.choix = choix_;
   const Lecture& voulue = apercu_.lecture;
   const Lecture& vue = detectee_.lecture;

@@ -17,7 +17,9 @@ namespace quelvar::capture {
 class PreparationDImport {
  public:
   // Looks at the head of the file. Raises what SourceDeTable, DetecterLecture and LireApercu raise.
-  PreparationDImport(Chemin fichier, std::string feuille);
+  // `suivi`: as SourceDeTable has it.
+  using SuiviDeFeuille = std::function<void(std::int64_t rangees)>;
+  PreparationDImport(Chemin fichier, std::string feuille, const SuiviDeFeuille& suivi = {});
 
   const Chemin& Fichier() const { return fichier_; }
   const std::string& Feuille() const { return feuille_; }
@@ -29,9 +31,8 @@ class PreparationDImport {
   const std::vector<FaitsDeColonne>& Colonnes() const { return apercu_.faits.colonnes; }
   const std::vector<ChoixDeColonne>& Choix() const { return choix_; }
 
-  // Reads the head again, in another sheet or another way. The choices of columns whose titles stay are kept. On a
-  // failure everything stays as it was.
-  void ChangerFeuille(std::string feuille);
+  // Reads the head again in another way. The choices of columns whose titles stay are kept. On a failure everything
+  // stays as it was.
   void ChangerLecture(const Lecture& lecture);
 
   // Takes up the choices of an earlier import for the columns that have the same titles; the number of these columns.
@@ -58,7 +59,7 @@ class PreparationDImport {
 
   Chemin fichier_;
   std::string feuille_;
-  std::unique_ptr<SourceDeTable> source_;
+  std::shared_ptr<const SourceDeTable> source_;
   LectureDetectee detectee_;
   Apercu apercu_;
   std::vector<ChoixDeColonne> choix_;

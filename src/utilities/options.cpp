@@ -30,6 +30,8 @@ Fin LancerTri(const Contexte& contexte, const OptionsTriFichier& options) {
 
 // The same with the question of the form.
 Fin LancerTriDuFormulaire(const Contexte& contexte, const OptionsTriFichier& options) {
+  if (const std::string_view refus = RefusDuFormulaire(options); !refus.empty())
+    throw UsageIncorrect(std::string(refus));
   if (MemeFichier(contexte, options.fichierA, options.fichierC) &&
       contexte.Ecran().demander(kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
@@ -45,7 +47,7 @@ Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resu
       .Texte("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
       .Alias({"fichierc", "sortie"})
       .Texte("position", &O::position, "0..", "première colonne du champ ; 0 : pas de tri"_w)
-      .Texte("largeur", &O::largeur, "1..10", "largeur du champ")
+      .Texte("largeur", &O::largeur, "1..20", "largeur du champ ; 10 au plus au formulaire")
       .Choix("ordre", &O::sens, {{"croissant", SensDeTri::Croissant}, {"decroissant", SensDeTri::Decroissant}},
              "ordre du tri")
       .Alias("croissant", {{"oui", "croissant"}, {"non", "decroissant"}})

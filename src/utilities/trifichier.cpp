@@ -13,6 +13,8 @@ namespace quelvar::utilities {
 namespace {
 
 constexpr std::size_t kPasDeLecture = 1000;
+constexpr double kLargeurDuFormulaire = 10;
+constexpr std::string_view kDonnerLaLargeur = "Vous devez entrer la largeur du champ de tri (10 max)";
 constexpr std::size_t kPlusCourteAuDepart = 10000;  // no shortest line is found above it
 
 // Lengths of the lines written.
@@ -100,12 +102,15 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
     throw Erreur(kArretAnnonce);
   }
   EcrireEnTete(rapport, options);
+  const ChampDeTri champ = ChampTape(options);
+  if (champ.position != 0 && champ.largeur > static_cast<std::int64_t>(kLargeurCle))
+    contexte.Ecran().demander(
+        Joindre({"Le tri se fait sur les "_w, Nombre(kLargeurCle), " premiers caractères du champ"_w}), Boutons::Ok);
   // The file, a place and a rank for each of its lines, and the sorted file.
   const std::uint64_t taille = LongueurFichier(*source);
   ExigerPlace(contexte, rapport, {2 * taille, taille});
   const std::string octets = LireOctets(*source);
   const std::vector<std::string_view> lignes = LignesDe(octets);
-  const ChampDeTri champ = ChampTape(options);
   const std::vector<std::uint32_t> ordre = OrdreDesLignes(lignes, champ, contexte.Ecran());
   Remplacement resultat(contexte.repertoire, options.fichierC);
   const Longueurs longueurs = EcrireLignes(resultat.Fichier(), lignes, ordre, options.rogner);
@@ -151,8 +156,14 @@ std::string_view RefusDeTrier(const OptionsTriFichier& options) {
   if (options.fichierA.empty()) return "Vous devez entrer le nom du fichier A à trier"_w;
   if (options.fichierC.empty()) return "Vous devez entrer le nom du fichier C résultant du tri"_w;
   if (Rogner(options.position).empty()) return "Vous devez entrer la position initiale du champ de tri";
-  if (Rogner(options.position) != "0" && Rogner(options.largeur).empty())
-    return "Vous devez entrer la largeur du champ de tri (10 max)";
+  if (Rogner(options.position) != "0" && Rogner(options.largeur).empty()) return kDonnerLaLargeur;
+  return {};
+}
+
+std::string_view RefusDuFormulaire(const OptionsTriFichier& options) {
+  if (const std::string_view refus = RefusDeTrier(options); !refus.empty()) return refus;
+  const double largeur = ValeurDe(options.largeur);
+  if (Rogner(options.position) != "0" && (largeur < 1 || largeur > kLargeurDuFormulaire)) return kDonnerLaLargeur;
   return {};
 }
 

@@ -39,6 +39,8 @@ struct OptionsTriFichier {
 // What the user still has to give before a sort can start; empty when nothing is missing. "A" and "C" being one file
 // is a question for the form, not a refusal.
 std::string_view RefusDeTrier(const OptionsTriFichier& options);
+// The same for the form, whose field is one to ten columns wide.
+std::string_view RefusDuFormulaire(const OptionsTriFichier& options);
 
 // Runs the sort with its account in the .prt of the generic. C is replaced at the normal end only.
 Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options);

@@ -61,6 +61,13 @@ TEST(Dbf, EnteteQuiMent) {
   EXPECT_EQ(LireEnteteDbf(bon.substr(0, 70)).champs.size(), 1U) << "the second description is not wholly there";
   EXPECT_EQ(essai::NumeroLeve([&] { LireEnteteDbf(bon.substr(0, 31)); }), kFinDeFichierDepassee);
 
+  for (const char version : {'\x02', '\x04', '\x8C', '\x00'}) {  // other layouts, or none
+    std::string autre = bon;
+    autre[0] = version;
+    EXPECT_FALSE(LireEnteteDbf(autre).VersionConnue());
+  }
+  EXPECT_TRUE(entete.VersionConnue());
+
   // 162 bytes of header, records of 13.
   EXPECT_EQ(EnregistrementsEntiers(entete, entete.longueurEntete + 13 * 5 + 12), 5U);
   EXPECT_EQ(EnregistrementsEntiers(entete, 10), 0U);
@@ -145,6 +152,22 @@ TEST_F(ImportDbfTest, EffectifsDeSixChiffres) {
   Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 100000, donnees));
   EXPECT_EQ(Importer(), Fin::Normale);
   EXPECT_TRUE(Dit("   1 100000\r\nTot. 100000 100\r\n")) << montre_;
+}
+
+// Data and a dictionary that an import replaces stay, whatever it comes to next; what is there twice is kept once.
+TEST_F(ImportDbfTest, CeQuElleRemplaceReste) {
+  Ecrire("ENQ.DAT", "7\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n");
+  for (const char* donnees : {" 1", " 1", " 2", " 1"}) {
+    Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 1, donnees));
+    EXPECT_EQ(Importer(), Fin::Normale);
+  }
+  EXPECT_EQ(Lire("ENQ.DA2") + Lire("ENQ.DA3") + Lire("ENQ.DA4"), "7\r\n1\r\n2\r\n");
+  EXPECT_FALSE(Existe("ENQ.DA5"));
+  EXPECT_EQ(Lire("ENQ.PO3"), "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n") << "the labels are under no later copy";
+  EXPECT_TRUE(Dit("L'ancienne sauvegarde ENQ.PO2 est conservée sous le nom ENQ.PO"_w)) << montre_;
+  ASSERT_EQ(boites_.size(), 3U);
+  EXPECT_EQ(boites_[0], "Le fichier ENQ.DAT est remplacé ; l'ancien est sauvegardé sous le nom ENQ.DA2"_w);
 }
 
 TEST_F(ImportDbfTest, DisquePleinLaisseLesAnciensFichiers) {

@@ -10,6 +10,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/fiches.h"
+#include "regression/anatab/sorties.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
 #include "support/environnement.h"
@@ -105,6 +106,29 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
     for (std::size_t i = 0; i < attendus.size(); ++i)
       EXPECT_EQ(std::tie(trouves[rang + i].premiere, trouves[rang + i].seconde),
                 std::tie(attendus[i].premiere, attendus[i].seconde));
+  }
+}
+
+// Profiles of four parameters: each row lists those that it holds.
+TEST(ParametresIndistincts, SontCeuxQueLesProfilsNeSeparentPas) {
+  const struct {
+    std::vector<std::vector<std::uint32_t>> profils;
+    std::vector<std::size_t> indistincts;
+  } cas[] = {
+      {{{}, {0}, {1}, {2}, {3}}, {}},
+      {{{}, {0, 2}, {1}, {3}}, {0, 2}},                      // always together
+      {{{}, {0, 2}, {1, 2}, {3}, {0}}, {}},                  // together, and one alone
+      {{{}, {0}, {1}, {0, 1}}, {}},                          // two that nobody has are no matter of sharing
+      {{{}, {0, 2}, {0, 3}, {1, 2}, {1, 3}}, {0, 1, 2, 3}},  // the sum of the first two is that of the others
+  };
+  for (const auto& [profils, indistincts] : cas) {
+    Observations observations;
+    observations.parametres = 4;
+    for (const std::vector<std::uint32_t>& profil : profils) {
+      for (const std::uint32_t rang : profil) observations.termes.push_back({rang, 1});
+      observations.departs.push_back(observations.termes.size());
+    }
+    EXPECT_EQ(ParametresIndistincts(observations), indistincts) << profils.size();
   }
 }
 

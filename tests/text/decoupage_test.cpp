@@ -6,7 +6,7 @@
 #include "support/programme.h"
 #include "text/decoupage/apercu.h"
 #include "text/decoupage/liste.h"
-#include "text/decoupage/saisiemot.h"
+#include "text/decoupage/saisiemot_options.h"
 #include "text/preparation/preptext.h"
 
 using namespace quelvar::text;
@@ -102,6 +102,15 @@ TEST_F(RunTexte, TheHeadOfAUtf8TextIsShownAsItWillBeRead) {
   EXPECT_TRUE(ApercevoirTexte(contexte_).texte.ends_with("1été*\r\n2oui*\r\n"_w));
 }
 
+TEST_F(RunTexte, ALongThemeIsListedAsTheTextHasIt) {
+  OptionsSaisieMot options;
+  options.position = 1;
+  options.themes = true;
+  EXPECT_EQ(Decouper("1$environnement*\n", options), Fin::Normale);
+  EXPECT_TRUE(Dit("\r\n$environne 1\r\n")) << montre_;
+  EXPECT_TRUE(Lire("ENQ.DAT").starts_with("1_env_environne$$"));
+}
+
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {
   Ecrire("ENQ.DAT", "112\r\n");
   OptionsSaisieMot options;
@@ -152,6 +161,24 @@ TEST_F(RunQuestions, AnAnswerThatCannotStandIsAskedAgainOrStopsTheRun) {
   }
   EXPECT_EQ(Repondre({"SEX", "x", "2", "SEX", "AGE", "9"}, true, options), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 2 \r\nSEX   1 2\r\nAGE   2 9\r\n");
+}
+
+TEST_F(RunTexte, TheCommandHoldsAPlaceForEachAnswer) {
+  const OptionsSaisieMot options{.position = 2, .mode = ModeStimulus::Caracteristique, .positionStimulus = 2};
+  Ecrire("ENQ.TXT", "11\xC3\xA9*\n");
+  EXPECT_EQ(
+      CommandeDuDecoupage(contexte_, options),
+      "quelvar-batch --reponse Oui --reponse NOM1 --reponse MAX1 --reponse STIMULUS saisiemot ENQ position=2 mode=3 "
+      "stimulus=2");
+  Ecrire("ENQ.TXT", "11un*\n");
+  Ecrire("ENQ.DAT", "112\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+  EXPECT_EQ(CommandeDuDecoupage(contexte_, options),
+            "quelvar-batch --reponse Oui --reponse STIMULUS saisiemot ENQ position=2 mode=3 stimulus=2");
+  saisie_ = "STIMULUS";
+  bouton_ = Reponse::Non;
+  Effacer("ENQ.DAT");
+  EXPECT_EQ(SaisieMot(contexte_, options), Fin::Arret) << "a place that nobody has filled stops the run";
 }
 
 TEST(RefusDeDecouper, NamesTheStep) {

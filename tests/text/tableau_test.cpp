@@ -114,6 +114,7 @@ TEST(MotsDeLIntitule, ACodeIsTakenOffOnlyWhereItsWordCanHaveIt) {
       {"vie vie       ", "vie", {"vie"}},
       {"et/oet/ou     ", "et/ou", {"et/ou"}},
       {"_arg_argent*", "_argent", {"_argent"}},
+      {"_   _*", "_", {"_"}},
       {"_arg_argentine*", "_argentine", {"_argentine"}},
       {"de", "de", {"de"}},
       {std::string("données"_w), "données"_w, {std::string("données"_w)}},

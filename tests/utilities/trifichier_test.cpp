@@ -51,6 +51,13 @@ TEST(TriChaines, LeavesEqualKeysWhereTheHeapSortOfWholeKeysLeavesThem) {
 
 class RunTriFichier : public essai::RunDeProgramme {};
 
+TEST_F(RunTriFichier, AFieldThatIsWiderThanAKeySortsByItsHeadAndIsToldSo) {
+  Ecrire("A.TXT", "abcdefghijklmnopqrst2\nabcdefghijklmnopqrst1\n");
+  EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "C.TXT", "1", "21"}), Fin::Normale);
+  EXPECT_EQ(Lire("C.TXT"), "abcdefghijklmnopqrst1\r\nabcdefghijklmnopqrst2\r\n") << "as the heap leaves equal keys";
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string("Le tri se fait sur les 20 premiers caractères du champ"_w)});
+}
+
 TEST_F(RunTriFichier, WithoutAGenericTheReportIsShownAndGoes) {
   Ecrire("A.TXT", "b\na\n");
   contexte_.generique.clear();
@@ -82,6 +89,9 @@ TEST(RefusDeTrier, NamesTheFirstMissingItem) {
   EXPECT_EQ(RefusDeTrier({"A", "C", "3"}), "Vous devez entrer la largeur du champ de tri (10 max)");
   EXPECT_TRUE(RefusDeTrier({"A", "C", "0"}).empty());
   EXPECT_TRUE(RefusDeTrier({"A", "C", "3", "4"}).empty());
+  EXPECT_TRUE(RefusDuFormulaire({"A", "C", "3", "10"}).empty());
+  for (const std::string largeur : {"11", "0", "-2", "x"})
+    EXPECT_EQ(RefusDuFormulaire({"A", "C", "3", largeur}), "Vous devez entrer la largeur du champ de tri (10 max)");
 }
 
 }  // namespace

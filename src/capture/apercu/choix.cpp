@@ -323,9 +323,27 @@ std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne
   }
 }
 
+std::vector<std::string> RefusDesTextes(const std::vector<ChoixDeColonne>& choix,
+                                        const std::vector<FaitsDeColonne>& colonnes) {
+  std::vector<std::string> refus;
+  for (std::size_t j = 0; j < std::min(choix.size(), colonnes.size()); ++j) {
+    if (choix[j].genre != Genre::Textes && choix[j].genre != Genre::Multiple) continue;
+    for (const TexteConfondu& confondu : colonnes[j].confondus) {
+      if (EstParmi(choix[j].nonReponses, confondu.texte)) continue;
+      std::string lignes;
+      for (const std::int64_t ligne : confondu.lignes) lignes.append(lignes.empty() ? "" : ", ").append(Nombre(ligne));
+      refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonnes[j].intitule, ", ligne ", lignes,
+                               " : des textes différents s'écriraient tous \""_w, confondu.texte,
+                               "\", Windows-1252 n'a pas leurs caractères : remplacez-les, ou mettez la colonne en "
+                               "textes longs ou de côté"_w}));
+    }
+  }
+  return refus;
+}
+
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
                                        const std::vector<FaitsDeColonne>& colonnes) {
-  std::vector<std::string> refus;
+  std::vector<std::string> refus = RefusDesTextes(choix, colonnes);
   for (std::size_t j = 0; j < std::min(choix.size(), colonnes.size()); ++j) {
     const FaitsDeColonne& colonne = colonnes[j];
     const bool enNombres =

@@ -57,6 +57,10 @@ void NommerChoix(std::vector<ChoixDeColonne>& choix);
 // Why a cell that the choice cannot take stops the import.
 std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule);
 
+// Texts that could not be told apart once written, where the choice makes codes or answers of them.
+std::vector<std::string> RefusDesTextes(const std::vector<ChoixDeColonne>& choix,
+                                        const std::vector<FaitsDeColonne>& colonnes);
+
 // What stops the import with these choices, as sentences that name column, line and value; empty when all is well.
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
                                        const std::vector<FaitsDeColonne>& colonnes);

@@ -40,6 +40,12 @@ struct ValeurComptee {
   std::int64_t effectif = 0;
 };
 
+// Texts that differ in the file and would be the same in the code page.
+struct TexteConfondu {
+  std::string texte;
+  std::vector<std::int64_t> lignes;  // one for each of them
+};
+
 struct FaitsDeColonne {
   std::string intitule;  // cleaned: no tags, no outer blanks; empty when the column has none
   Contenu contenu = Contenu::Vide;
@@ -50,13 +56,14 @@ struct FaitsDeColonne {
   std::vector<CelluleFautive> fautives;
   // All different cells, numbers among them, in alphabetic order (numbers by size first); empty beyond kValeursGardees.
   std::vector<ValeurComptee> valeurs;
-  std::vector<ValeurComptee> elements;  // of lists, in alphabetic order
-  char liste = '\0';                    // sign between the answers of a cell
-  SignesDeNombres signes;               // of its numbers
-  std::int64_t enMilliers = 0;          // numbers like "3,400" that these read as thousands
-  std::int64_t douteuses = 0;           // numbers like "3,400" read as decimals although nothing shows that they are
-  std::string exemple;                  // one of either
-  std::int64_t habillees = 0;           // cells written ="01" or '01
+  std::vector<ValeurComptee> elements;   // of lists, in alphabetic order
+  char liste = '\0';                     // sign between the answers of a cell
+  SignesDeNombres signes;                // of its numbers
+  std::int64_t enMilliers = 0;           // numbers like "3,400" that these read as thousands
+  std::int64_t douteuses = 0;            // numbers like "3,400" read as decimals although nothing shows that they are
+  std::string exemple;                   // one of either
+  std::vector<TexteConfondu> confondus;  // of its cells, or of their answers
+  std::int64_t habillees = 0;            // cells written ="01" or '01
   std::string exempleHabille;
   int decimales = 0;                // most digits behind it
   double minimum = 0, maximum = 0;  // of its numbers

@@ -152,9 +152,12 @@ void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::strin
 }
 
 // Everything that stops the import, told at once.
-void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table, const Bilan& bilan) {
-  const std::vector<std::string> lignes = RefusDeTable(table.faits);
+void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, std::string_view source, const Reconnaissance& table,
+                     const Bilan& bilan) {
+  std::vector<std::string> lignes = RefusDeTable(table.faits);
+  for (const std::string& refus : RefusDesTextes(table.choix, table.faits.colonnes)) lignes.push_back(refus);
   if (lignes.empty() && bilan.refus == 0) return;
+  EcrireLecture(rapport, source, table);
   rapport.Ligne();
   for (const std::string& ligne : lignes) rapport.Ligne(ligne);
   EcrireRefus(rapport, bilan, table.faits, table.choix);
@@ -203,12 +206,14 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
                                                                     : "Compte rendu d'importation de données en CSV"_w);
   ExigerLaCopie(contexte, fichiers);
-  const SourceDeTable source(fichiers.source, options.feuille, contexte.repertoire);
+  const auto ouverte =
+      options.ouverte ? options.ouverte
+                      : std::make_shared<const SourceDeTable>(fichiers.source, options.feuille, contexte.repertoire);
+  const SourceDeTable& source = *ouverte;
   const Travail travail =
       Travailler(contexte, source, options, [&](const Plan& plan) { ExigerPlaces(contexte, fichiers, plan); });
   const auto& [table, plan, bilan, sorties] = travail;
-  if (bilan.refus > 0 || !RefusDeTable(table.faits).empty()) EcrireLecture(rapport, fichiers.nomSource, table);
-  ArreterSurRefus(rapport, contexte, table, bilan);
+  ArreterSurRefus(rapport, contexte, fichiers.nomSource, table, bilan);
 
   if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});

@@ -2,11 +2,13 @@
 // the generic followed by N, the choices in .IMC, an account in .IMP. The window and the companion both come here.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "capture/apercu/choix.h"
+#include "capture/apercu/source.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::capture {
@@ -28,6 +30,7 @@ struct OptionsImport {
   std::string fichierChoix;  // .IMC; empty: what is proposed without any hand
   std::string feuille;       // sheet of a workbook
   LectureImposee lecture;
+  std::shared_ptr<const SourceDeTable> ouverte;  // the sheet, when the window has read it already
   // Made in the window, where they go before the file; those that are what the first rows propose are proposed again
   // from the whole file.
   std::vector<ChoixDeColonne> choix;

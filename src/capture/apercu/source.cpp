@@ -13,13 +13,14 @@ GenreDeSource GenreDe(const Chemin& fichier) {
   return EgalSansCasse(TexteDe(fichier.extension()), ".dbf") ? GenreDeSource::DBase : GenreDeSource::Texte;
 }
 
-SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire)
+SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire,
+                             const std::function<void(std::int64_t)>& suivi)
     : texte_(fichier) {
   if (GenreDe(fichier) != GenreDeSource::Classeur) return;
   copie_ = std::make_unique<Remplacement>(repertoire, kFeuille);
   copie_->Achever();
   texte_ = copie_->CheminProvisoire();
-  EcrireFeuilleEnCsv(fichier, feuille, texte_);
+  EcrireFeuilleEnCsv(fichier, feuille, texte_, suivi);
 }
 
 SourceDeTable::~SourceDeTable() = default;

@@ -1,6 +1,8 @@
 // The file that a user names, and the text that is read of it: sheets of workbooks become one first.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,8 +21,10 @@ GenreDeSource GenreDe(const Chemin& fichier);
 class SourceDeTable {
  public:
   // `feuille`: name or number of the sheet, empty for the first one. The scratch file stands in `repertoire`. Raises a
-  // sentence for a sheet that is not there or a workbook that cannot be read.
-  SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire);
+  // sentence for a sheet that is not there or a workbook that cannot be read. `suivi` gets the rows of the sheet that
+  // are read, now and then.
+  SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire,
+                const std::function<void(std::int64_t)>& suivi = {});
   ~SourceDeTable();
   SourceDeTable(const SourceDeTable&) = delete;
   SourceDeTable& operator=(const SourceDeTable&) = delete;

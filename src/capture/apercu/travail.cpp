@@ -4,6 +4,7 @@
 
 #include "capture/apercu/apercu.h"
 #include "capture/apercu/sorties/direct.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
@@ -17,6 +18,12 @@ FaitsDeTable FaitsDuPassage(FaitsDeTable faits, const PassageDirect& passage) {
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) {
     FaitsDeColonne& colonne = faits.colonnes[j];
     if (colonne.contenu == Contenu::Vide) continue;
+    if (j == 0 && passage.dernierNumero > 0) {
+      colonne.maximum = static_cast<double>(passage.dernierNumero);
+      colonne.largeur = colonne.largeurNombre = Nombre(passage.dernierNumero).size();
+      colonne.differentes = colonne.remplies = passage.individus;
+      continue;
+    }
     colonne.maximum = passage.maxima[j];
     const bool numero = j == 0 && (colonne.intitule == kTitreNumero || passage.maxima[j] == passage.individus);
     colonne.contenu = numero ? Contenu::Numero : Contenu::Codes;
@@ -46,7 +53,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
   if (!SansAutreChoix(options, LireApercu(source.Texte(), lecture))) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
-  const std::optional<Promesse> promesse = PromesseDe(apercu);
+  const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
   if (!promesse) return false;
   travail.sorties = std::make_unique<Sorties>(contexte, false);
   const std::int64_t environ =

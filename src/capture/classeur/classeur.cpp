@@ -96,11 +96,14 @@ void LireFeuille(const Chemin& classeur, std::string_view feuille, const Recevoi
   LireLaFeuille(ouvert, RangDe(ouvert, feuille), recevoir);
 }
 
-void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv) {
+void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
+                        const std::function<void(std::int64_t)>& suivi) {
   const Ouvert ouvert(classeur);
   const std::size_t rang = RangDe(ouvert, feuille);
   Ecrivain ecrivain(csv);
   std::string ligne = "\xEF\xBB\xBF";
+  constexpr std::int64_t kPas = 1024;
+  std::int64_t lignes = 0;
   LireLaFeuille(ouvert, rang, [&](std::span<const std::string> cellules) {
     for (std::size_t c = 0; c < cellules.size(); ++c) {
       if (c > 0) ligne += ';';
@@ -109,6 +112,7 @@ void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const 
     ligne += "\r\n";
     ecrivain.Ecrire(ligne);
     ligne.clear();
+    if (++lignes % kPas == 0 && suivi) suivi(lignes);
     return true;
   });
   ecrivain.Fermer();

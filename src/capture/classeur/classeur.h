@@ -29,7 +29,9 @@ std::vector<std::string> FeuillesDe(const Chemin& classeur);
 void LireFeuille(const Chemin& classeur, std::string_view feuille, const RecevoirLigne& recevoir);
 
 // Writes the sheet as CSV in UTF-8 with its mark: ";" between the cells, decimal points, CR LF, a row of the sheet for
-// each line (what ends a line within a cell becomes a blank). Raises as LireFeuille and Ecrivain.
-void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv);
+// each line (what ends a line within a cell becomes a blank). `suivi` gets the rows written, now and then. Raises as
+// LireFeuille and Ecrivain.
+void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
+                        const std::function<void(std::int64_t)>& suivi = {});
 
 }  // namespace quelvar::capture

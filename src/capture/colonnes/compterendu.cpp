@@ -9,23 +9,6 @@ namespace quelvar::capture {
 
 namespace {
 
-// A former copy that says something else goes on under the first number that is free (.PO3).
-void GarderSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& pos, const std::string& sauvegarde,
-                      JeuDeFichiers& sorties) {
-  const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
-  if (!ancienne) return;
-  const std::string contenu = LireOctets(*ancienne);
-  if (contenu == LireOctets(pos)) return;
-  std::string nom = sauvegarde;
-  for (nom.back() = '3'; nom.back() < '9'; ++nom.back()) {
-    const std::optional<Chemin> occupant = ChercherFichier(contexte.repertoire, nom);
-    if (!occupant) break;
-    if (LireOctets(*occupant) == contenu) return;
-  }
-  sorties.Ouvrir(nom, Nature::Unique).Ecrire(contenu);
-  rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
-}
-
 std::string LigneDeColonne(const ColonneImportee& colonne) {
   const bool nomme = !colonne.intitule.empty();
   std::string_view statut = "NON         ";
@@ -83,7 +66,7 @@ void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, co
   const std::string nom = contexte.Nom(".POS");
   const std::string sauvegarde = NomDeSauvegarde(nom);
   rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
-  GarderSauvegarde(rapport, contexte, pos, sauvegarde, sorties);
+  ConserverSauvegarde(rapport, contexte, pos, sauvegarde, sorties);
   CopierLignes(pos, sorties.Ouvrir(sauvegarde, Nature::Unique));
   rapport.Ligne(
       {"Il est sauvegardé sous le nom "_w, sauvegarde, effacee ? " et il est effacé "_w : std::string_view{}});

@@ -43,8 +43,8 @@ bool Coupe(char c) { return c == '\r' || c == '\n' || c == '\x1A'; }
 }  // namespace
 
 bool EnteteDbf::VersionConnue() const {
-  constexpr std::string_view connues("\x02\x03\x04\x05\x30\x31\x32\x43\x63\x7B\x83\x87\x8B\x8C\x8E\xCB\xE5\xF5\xFB",
-                                     19);
+  // Those whose fields are told in 32 bytes from the thirty-third on; dBase II and dBase 7 have other headers.
+  constexpr std::string_view connues("\x03\x05\x30\x31\x32\x43\x63\x7B\x83\x87\x8B\x8E\xCB\xE5\xF5\xFB", 16);
   return connues.find(static_cast<char>(version)) != std::string_view::npos;
 }
 

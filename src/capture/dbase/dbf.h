@@ -30,7 +30,7 @@ struct EnteteDbf {
   std::size_t LongueurLigne() const { return longueurEnregistrement == 0 ? 0 : longueurEnregistrement - 1; }
   // Bytes of all the fields together.
   std::size_t LongueurChamps() const { return champs.empty() ? 0 : champs.back().position + champs.back().largeur - 1; }
-  bool VersionConnue() const;
+  bool VersionConnue() const;  // one of the layout that is read here
 };
 
 // The least length that a header may announce.

@@ -104,7 +104,8 @@ PassageDbf CopierEnregistrements(Ecrivain& dat, LecteurDbf& lecteur, const Entet
   return passage;
 }
 
-void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& dbf) {
+void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+  const Chemin& dbf = *fichiers.dbf;
   const EnteteDbf entete = ExigerEntete(rapport, dbf, contexte.Nom(".DBF"));
   LecteurDbf lecteur(dbf, entete);
   const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
@@ -138,6 +139,12 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Chemin& db
   RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
   RemarquerQuestions(remarques, questions, renommees, entete.LongueurChamps());
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
+  const std::string nomDat = contexte.Nom(".DAT");
+  const std::string copie =
+      fichiers.dat ? GarderRemplace(contexte, *fichiers.dat, sorties.Achever(nomDat), sorties) : std::string();
+  if (!copie.empty())
+    remarques.push_back(
+        Joindre({"Le fichier ", nomDat, " est remplacé ; l'ancien est sauvegardé sous le nom "_w, copie}));
   MontrerRemarques(contexte.Ecran(), remarques);
   sorties.Valider();
 }
@@ -208,12 +215,15 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
 void Importer(Rapport& rapport, const Contexte& contexte) {
   const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"), ChercherPos(contexte)};
   EcrireBandeau(rapport, "Importation de données"_w);
-  if (fichiers.pos && (fichiers.dbf || fichiers.dat))
-    SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos);
+  if (fichiers.pos && (fichiers.dbf || fichiers.dat)) {
+    JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
+    SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
+    sauvegardes.Valider();
+  }
   EcrirePresence(rapport, contexte, fichiers);
   if (fichiers.dbf && contexte.niveau == 1) EcrireAvis(rapport);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-  if (fichiers.dbf) ImporterChamps(rapport, contexte, *fichiers.dbf);
+  if (fichiers.dbf) ImporterChamps(rapport, contexte, fichiers);
   else if (fichiers.pos) CompterSelonPos(rapport, contexte, fichiers);
   else ImporterPositions(rapport, contexte, *fichiers.dat);
 }

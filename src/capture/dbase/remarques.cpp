@@ -18,7 +18,7 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
                         const PassageDbf& passage) {
   if (!entete.VersionConnue())
     remarques.push_back(Joindre({"L'octet de version ("_w, Nombre(static_cast<int>(entete.version)),
-                                 ") n'est pas celui d'un fichier dBase : vérifiez que c'en est un"_w}));
+                                 ") n'est pas celui d'un fichier de la forme dBase III : vérifiez les questions"_w}));
   if (passage.enregistrements < entete.annonces)
     remarques.push_back(
         Joindre({"L'en-tête annonce "_w, Compte(entete.annonces), " enregistrements, le fichier n'en contient que "_w,

@@ -68,8 +68,28 @@ void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std
 
 int LargeurDeTable(std::int64_t plusGrandeCellule) { return static_cast<int>(Nombre(plusGrandeCellule).size()); }
 
+namespace {
+
+bool SontDesChiffres(std::string_view texte) {
+  return !texte.empty() && texte.find_first_not_of(" 0123456789") == std::string_view::npos;
+}
+
+// Two numbers where the next two cells would stand: a label hardly begins so in every row.
+bool EstSuiviDeCellules(std::string_view reste, std::size_t largeur) {
+  if (reste.size() < 2 * largeur) return false;
+  for (const std::size_t place : {std::size_t{0}, largeur}) {
+    const std::string_view nombre = Rogner(reste.substr(place, largeur));
+    if (!SontDesChiffres(nombre) || nombre.find(' ') != std::string_view::npos) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
 ControleDeBurt::ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur)
-    : brt_(brt), longueur_(kLargeurNom + colonnes * static_cast<std::size_t>(std::max(largeur, 0))) {}
+    : brt_(brt),
+      largeur_(static_cast<std::size_t>(std::max(largeur, 0))),
+      longueur_(kLargeurNom + colonnes * largeur_) {}
 
 void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
   ++rang_;
@@ -80,8 +100,8 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
                           " ne va pas avec le fichier de modalités, la ligne "_w, Nombre(rang_), " porte le nom ", nom,
                           " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
   toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
-  const std::string_view reste = Rogner(texte.substr(std::min(longueur_, texte.size())));
-  toutesLongues_ = toutesLongues_ && !reste.empty() && reste.find_first_not_of(" 0123456789") == std::string_view::npos;
+  const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
+  toutesLongues_ = toutesLongues_ && (SontDesChiffres(Rogner(reste)) || EstSuiviDeCellules(reste, largeur_));
 }
 
 void ControleDeBurt::Conclure() const {

@@ -44,11 +44,13 @@ class ControleDeBurt {
   ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur);
   // The next row; raises a sentence (13) for a name that is not the one of its modality. A row without a name passes.
   void Voir(std::string_view texte, std::string_view nomAttendu);
-  // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits.
+  // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits
+  // or with the numbers of two more cells.
   void Conclure() const;
 
  private:
   const Chemin& brt_;
+  std::size_t largeur_;   // of a cell
   std::size_t longueur_;  // of a row up to its last cell
   std::int64_t rang_ = 0;
   bool toutesCourtes_ = true;

@@ -103,6 +103,27 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
   contexte.Ecran().demander(Joindre({lignes[0], "\r\n", lignes[1], "\r\n", lignes[2]}), Boutons::Ok);
 }
 
+// Modalities whose labels begin alike are one to the tabular analysis: whoever runs it is told which.
+void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
+  const std::vector<Cellule> cellules = CellulesDe(modele);
+  std::string confondues;
+  for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
+    if (cellules[k].designee != k) continue;
+    std::string memes;
+    for (std::size_t j = 0; j < k; ++j)
+      if (cellules[j].designee == k) memes += Joindre({modele.Explicative(j).intitule, ", "});
+    if (!memes.empty()) confondues += Joindre({"\r\n    ", memes, modele.Explicative(k).intitule});
+  }
+  if (confondues.empty()) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
+               "effets et "
+               "ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
+               confondues}),
+      Boutons::Ok);
+}
+
 void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
   travail.triees = TrierFiches(travail.individus, contexte.Ecran());
   travail.etape = Etape::Tri;
@@ -170,6 +191,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& 
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
+  PrevenirDesConfusions(contexte, travail.modele);
   LireLesReponses(contexte, rapport, codageLogique, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
@@ -196,10 +218,13 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
     lignes.push_back(std::move(ligne));
   }
   if (travail.Choix().oddsRatio) return image;
-  for (const Effet& effet : travail.analyse.effets) {
-    lignes[effet.modalite].moyenne = effet.moyenne;
-    lignes[effet.modalite].ecartType = effet.ecartType;
-  }
+  // An effect is that of all modalities whose cells read the same, and bears the rank of the last of them.
+  for (const Effet& effet : travail.analyse.effets)
+    for (std::size_t k = 0; k < lignes.size(); ++k) {
+      if (travail.modele.Explicative(k).reference || travail.analyse.cellules[k].designee != effet.modalite) continue;
+      lignes[k].moyenne = effet.moyenne;
+      lignes[k].ecartType = effet.ecartType;
+    }
   return image;
 }
 

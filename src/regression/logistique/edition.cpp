@@ -1,5 +1,6 @@
 #include "regression/logistique/edition.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -53,6 +54,22 @@ void PrevenirDesSeparations(Rapport& rapport, const Travail& travail) {
   rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, modalites});
 }
 
+// Effects that share one whole of which the data tell the sum alone: the search splits it by the order of the
+// questions.
+void PrevenirDesIndistincts(Rapport& rapport, const Travail& travail, const std::vector<std::size_t>& indistincts) {
+  if (indistincts.empty()) return;
+  const std::vector<std::size_t> rangs = RangsDesParametres(travail.modele);
+  std::string modalites;
+  for (const std::size_t indistinct : indistincts) {
+    const auto k = static_cast<std::size_t>(std::find(rangs.begin(), rangs.end(), indistinct) - rangs.begin());
+    if (!modalites.empty()) modalites += ", ";
+    modalites += travail.modele.Explicative(k).intitule;
+  }
+  rapport.Ligne(
+      {"*** Attention : les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
+       modalites});
+}
+
 void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
   const double alpha = ajuste.ajustement.parametres.alpha;
   const int decimales = Decimales(travail);
@@ -104,7 +121,8 @@ double EffetEnPoints(const ModeleAjuste& ajuste, double beta) {
   return PourcentageLogistique(alpha + beta) - PourcentageLogistique(alpha);
 }
 
-void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
+void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+                        const std::vector<std::size_t>& indistincts) {
   const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
   rapport.Ligne();
   rapport.Ligne(kEtoiles);
@@ -115,6 +133,7 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
     rapport.Ligne({"*** Attention : la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
                    " passages, les paramètres ci-dessous ne sont pas stabilisés"_w});
   PrevenirDesSeparations(rapport, travail);
+  PrevenirDesIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
 
   Colonne beta(3, Decimales(travail));

@@ -7,7 +7,9 @@
 
 namespace quelvar::regression {
 
-void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste);
+// `indistincts`: the ranks of the parameters that the data do not tell apart.
+void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+                        const std::vector<std::size_t>& indistincts);
 void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste, const TestsDuModele& tests);
 // `moyennes` of each explanatory modality.
 void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,

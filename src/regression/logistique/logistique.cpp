@@ -74,6 +74,7 @@ ModeleAjuste AjusterLesModeles(const Contexte& contexte, Rapport& rapport, const
   const Dialogue& ecran = contexte.Ecran();
   const Fiches& fiches = travail.individus.fiches;
   const Observations observations = ObservationsDe(travail.comptees, fiches, travail.modele);
+  const std::vector<std::size_t> indistincts = ParametresIndistincts(observations);
   Parametres depart = DepartLineaire(travail);
   ModeleAjuste ajuste;
   for (const Lien lien : {Lien::Lineaire, Lien::Logistique}) {
@@ -82,7 +83,7 @@ ModeleAjuste AjusterLesModeles(const Contexte& contexte, Rapport& rapport, const
     const TestsDuModele tests = TesterLeModele(observations, ajuste, [&](std::size_t rang) {
       ecran.montrerIteration(Joindre({"Calcul des test  ", Nombre(rang)}));
     });
-    ImprimerParametres(rapport, travail, ajuste);
+    ImprimerParametres(rapport, travail, ajuste, indistincts);
     ImprimerTests(rapport, travail, ajuste, tests);
     ImprimerEffetExperimental(rapport, travail, ajuste,
                               MoyennesExperimentales(travail.comptees, fiches, travail.modele, ajuste));

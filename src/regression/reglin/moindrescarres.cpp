@@ -67,13 +67,20 @@ Moments::Moments(std::size_t explicatives)
     : ordre_(explicatives + 2), constantes_(ordre_, true), sommes_(ordre_ * ordre_) {}
 
 void Moments::Ajouter(std::span<const double> valeurs) {
-  if (premieres_.empty()) premieres_.assign(valeurs.begin(), valeurs.end());
-  for (std::size_t i = 0; i < ordre_; ++i)
-    if (valeurs[i] != premieres_[i]) constantes_[i] = false;
+  if (variables_ < ordre_ - 1) ChercherLesConstantes(valeurs);
   for (std::size_t i = 0; i < ordre_; ++i) {
     double* ligne = sommes_.data() + i * ordre_;
     const double facteur = valeurs[i];
     for (std::size_t j = 0; j <= i; ++j) ligne[j] += facteur * valeurs[j];
+  }
+}
+
+void Moments::ChercherLesConstantes(std::span<const double> valeurs) {
+  if (premieres_.empty()) premieres_.assign(valeurs.begin(), valeurs.end());
+  for (std::size_t i = 0; i < ordre_; ++i) {
+    if (!constantes_[i] || valeurs[i] == premieres_[i]) continue;
+    constantes_[i] = false;
+    ++variables_;
   }
 }
 

@@ -24,9 +24,12 @@ class Moments {
   std::size_t Ordre() const { return ordre_; }
 
  private:
+  void ChercherLesConstantes(std::span<const double> valeurs);
+
   std::size_t ordre_;
   std::vector<double> premieres_;  // values of the first individual
   std::vector<bool> constantes_;
+  std::size_t variables_ = 0;   // that are no constants; at the end all but the one
   std::vector<double> sommes_;  // row i holds the products of value i with values 0 to i
 };
 

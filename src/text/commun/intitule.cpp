@@ -31,8 +31,9 @@ bool EstUnThemeInverse(std::string_view mot) { return mot.starts_with('_') && mo
 }  // namespace
 
 bool PorteUnCode(std::string_view intitule) {
-  const std::string_view mot = RognerDroite(intitule.substr(std::min(kLargeurCode, intitule.size())));
-  if (mot.empty() || mot.size() > kLargeurMot + (EstUnThemeInverse(mot) ? 1 : 0)) return false;
+  std::string_view mot = RognerDroite(intitule.substr(std::min(kLargeurCode, intitule.size())));
+  if (EstUnThemeInverse(mot)) mot.remove_suffix(1);
+  if (mot.empty() || mot.size() > kLargeurMot) return false;
   return EstCodeDe(intitule.substr(0, kLargeurCode), mot, intitule.size() == kLargeurCode + kLargeurMot);
 }
 

@@ -41,10 +41,15 @@ Concordance::Concordance(const Corpus& corpus, const Mot& mot) : gabarit_(corpus
   longueur_ = mot_.size() + (gabarit_.mode == ModeStimulus::CaracteristiqueReportee ? stimulus_.size() : 0);
 }
 
-char* Concordance::EcrireMot(char* place) const {
+char* Concordance::EcrireMotLu(char* place) const {
   char* fin = Poser(place, mot_, kLargeurMot);
   if (gabarit_.mode == ModeStimulus::CaracteristiqueReportee && mot_.size() < kLargeurMot && !stimulus_.empty())
     place[mot_.size()] = stimulus_.front();
+  return fin;
+}
+
+char* Concordance::EcrireMot(char* place) const {
+  char* fin = EcrireMotLu(place);
   if (gabarit_.themes && *place == '$') *place = '_';
   return fin;
 }

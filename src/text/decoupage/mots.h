@@ -71,7 +71,8 @@ class Concordance {
   std::size_t Longueur() const { return longueur_; }
 
   // Each writes its columns at `place` and returns the place behind them.
-  char* EcrireMot(char* place) const;               // 10
+  char* EcrireMotLu(char* place) const;             // 10, as the text has the word
+  char* EcrireMot(char* place) const;               // 10, as the files do: "_" for the "$" of a theme
   char* EcrireCaracteristiques(char* place) const;  // Gabarit::Largeur
   char* EcrireGauche(char* place) const;            // 30
   char* EcrireDroite(char* place) const;            // 45

@@ -120,6 +120,22 @@ void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& g
   questions.insert(std::upper_bound(questions.begin(), questions.end(), stimulus, EstAvant), stimulus);
 }
 
+std::vector<std::string> ReponsesAttendues(const std::optional<std::vector<QuestionDesMots>>& questions,
+                                           const Gabarit& gabarit) {
+  std::vector<std::string> reponses;
+  const int stimulus = ColonneDuStimulus(gabarit);
+  const auto est = [stimulus](const QuestionDesMots& question) { return question.position == stimulus; };
+  for (int position = 1; position <= static_cast<int>(gabarit.Largeur()); ++position) {
+    if (position == stimulus) {
+      if (!questions || std::none_of(questions->begin(), questions->end(), est)) reponses.emplace_back("STIMULUS");
+    } else if (!questions) {
+      reponses.push_back(Joindre({"NOM", Nombre(position)}));
+      reponses.push_back(Joindre({"MAX", Nombre(position)}));
+    }
+  }
+  return reponses;
+}
+
 void EcrirePosDesMots(Ecrivain& fichier, std::string_view generique, std::int64_t mots,
                       const std::vector<QuestionDesMots>& questions) {
   fichier.Ligne(generique);

@@ -28,6 +28,11 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
 // raises a sentence (13) when the user gives no other one.
 std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue);
 
+// What DemanderQuestions and CompleterStimulus will ask: NOM1, MAX1, STIMULUS... stand for the answers, and would stop
+// a run as they are.
+std::vector<std::string> ReponsesAttendues(const std::optional<std::vector<QuestionDesMots>>& questions,
+                                           const Gabarit& gabarit);
+
 // Sees to it that the stimulus has its question: the number of stimuli is asked when none stands there.
 void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue);
 

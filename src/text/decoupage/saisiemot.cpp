@@ -1,6 +1,7 @@
 #include "text/decoupage/saisiemot.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -84,13 +85,18 @@ std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, cons
   return questions;
 }
 
-// A data file that no cutting has written holds a survey: the user is asked before it goes.
-void ConfirmerRemplacement(Rapport& rapport, const Contexte& contexte) {
+// Whether there is a data file that no cutting has written.
+bool RemplaceUneEnquete(const Contexte& contexte) {
   const std::optional<Chemin> chemin = contexte.Chercher(".DAT");
-  if (!chemin) return;
+  if (!chemin) return false;
   LecteurLignes lecteur(*chemin);
   std::string_view ligne;
-  if (!lecteur.Lire(ligne) || ligne.find(kFinDeMot) != std::string_view::npos) return;
+  return lecteur.Lire(ligne) && ligne.find(kFinDeMot) == std::string_view::npos;
+}
+
+// Such a file holds a survey: the user is asked before it goes.
+void ConfirmerRemplacement(Rapport& rapport, const Contexte& contexte) {
+  if (!RemplaceUneEnquete(contexte)) return;
   const Reponse reponse = contexte.Ecran().demander(
       Joindre({"Le fichier ", contexte.Nom(".DAT"),
                " ne contient pas des mots : il va être remplacé par les mots du texte. L'acceptez-vous ?"_w}),
@@ -121,7 +127,7 @@ TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const Optio
     if (++nombre > kMotsLongsMontres) return;
     if (nombre == 1) rapport.Ligne("*** ATTENTION : mot plus long que 10 caractères"_w);
     char champ[kLargeurMot];
-    mot.EcrireMot(champ);
+    mot.EcrireMotLu(champ);
     rapport.Suite({std::string_view(champ, sizeof champ), " ", mot.Caracteristiques()});
     if (mode != ModeStimulus::Aucun) rapport.Suite({" ", mot.Stimulus()});
     rapport.Ligne();
@@ -229,6 +235,18 @@ std::string RefusDeDecouper(const OptionsSaisieMot& options) {
     return Joindre({"En étape 2, la position du stimulus ("_w, Nombre(options.positionStimulus),
                     ") dépasse celle de fin des caractéristiques ("_w, Nombre(options.position), ")"});
   return {};
+}
+
+std::vector<std::string> ReponsesAuDecoupage(const Contexte& contexte, const OptionsSaisieMot& options) {
+  std::vector<std::string> reponses;
+  if (RemplaceUneEnquete(contexte)) reponses.emplace_back("Oui");
+  if (const auto texte = contexte.Chercher(".TXT"); texte && EstUtf8(LireOctets(*texte))) reponses.emplace_back("Oui");
+  std::optional<std::vector<QuestionDesMots>> questions;
+  std::vector<std::string> auDela;
+  if (const auto pos = contexte.Chercher(".POS"))
+    questions = ReprendreQuestions(LirePos(*pos), GabaritDe(options), auDela);
+  std::ranges::move(ReponsesAttendues(questions, GabaritDe(options)), std::back_inserter(reponses));
+  return reponses;
 }
 
 Fin SaisieMot(const Contexte& contexte, const OptionsSaisieMot& options) {

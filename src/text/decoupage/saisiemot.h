@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/programme/programme.h"
 #include "text/decoupage/coupe.h"
@@ -24,6 +25,10 @@ struct OptionsSaisieMot {
 
 // What the form says instead of starting; empty when it may start.
 std::string RefusDeDecouper(const OptionsSaisieMot& options);
+
+// The answers to the boxes that a run would open, in their order, with words in place of those that only the user
+// knows.
+std::vector<std::string> ReponsesAuDecoupage(const Contexte& contexte, const OptionsSaisieMot& options);
 
 // Runs the cutting. Files change at the normal end only. Every failure is told in the report .IMP.
 Fin SaisieMot(const Contexte& contexte, const OptionsSaisieMot& options);

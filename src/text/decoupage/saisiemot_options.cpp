@@ -68,4 +68,17 @@ const Description<OptionsSaisieMot>& DescriptionSaisieMot() {
   return description;
 }
 
+std::string CommandeDuDecoupage(const Contexte& contexte, const OptionsSaisieMot& options) {
+  constexpr std::string_view kProgramme = "quelvar-batch ";
+  std::string commande = CommandeEquivalente(DescriptionSaisieMot(), contexte.generique, contexte.niveau, options);
+  std::string reponses;
+  try {
+    for (const std::string& reponse : ReponsesAuDecoupage(contexte, options))
+      reponses += Joindre({"--reponse ", reponse, " "});
+  } catch (const Erreur&) {
+    return commande;  // a position file that cannot be read stops the run before it asks
+  }
+  return commande.insert(kProgramme.size(), reponses);
+}
+
 }  // namespace quelvar::text

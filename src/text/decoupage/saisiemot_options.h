@@ -8,4 +8,7 @@ namespace quelvar::text {
 
 const Description<OptionsSaisieMot>& DescriptionSaisieMot();
 
+// The equivalent command with the answers to the boxes that the run would open.
+std::string CommandeDuDecoupage(const Contexte& contexte, const OptionsSaisieMot& options);
+
 }  // namespace quelvar::text

@@ -119,17 +119,19 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     ouverte.message = {std::string(kErreur), faute};
 }
 
-// By the whole labels, or by the words without the code in front.
+// By the whole labels, or by the words behind the codes, with or without the star of an inverted theme.
 std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
+  const std::string_view cherche = Rogner(nom);
   std::vector<std::size_t> trouvees;
-  const auto chercher = [&](bool sansCode) {
-    for (std::size_t i = 0; i < table.lignes.size(); ++i) {
-      const std::string_view intitule = table.lignes[i].intitule;
-      if ((sansCode ? MotDeLIntitule(intitule) : Rogner(intitule)) == Rogner(nom)) trouvees.push_back(i);
-    }
+  const auto chercher = [&](const auto& est) {
+    for (std::size_t i = 0; i < table.lignes.size(); ++i)
+      if (est(table.lignes[i].intitule)) trouvees.push_back(i);
   };
-  chercher(false);
-  if (trouvees.empty()) chercher(true);
+  chercher([&](std::string_view intitule) { return Rogner(intitule) == cherche; });
+  if (!trouvees.empty()) return trouvees;
+  chercher([&](std::string_view intitule) {
+    return PorteUnCode(intitule) && (MotDeLIntitule(intitule) == cherche || Rogner(intitule.substr(kNom)) == cherche);
+  });
   return trouvees;
 }
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "capture/apercu/imc.h"
@@ -144,6 +145,30 @@ TEST_F(RunImportDeTable, NoFileEndsInAnErrorThatSaysNothing) {
                                                                                               << montre_;
     EXPECT_EQ(Existe("ENQ.DAT"), fin == Fin::Normale) << octets;
     for (const char* const nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD", "ENQ.TXT", "ENQN.CDG", "ENQN.MOD"}) Effacer(nom);
+  }
+}
+
+// Rising numbers of the individuals are laid at one go, others after a first look: the lines are the same.
+TEST_F(RunImportDeTable, NumbersOfIndividualsInWhateverOrder) {
+  std::vector<std::string> attendues;
+  for (int i = 1; i <= 1500; ++i) {
+    const std::string numero = Nombre(7 * i);
+    attendues.push_back(Joindre({std::string(5 - numero.size(), ' '), numero, Nombre(i % 9)}));
+  }
+  for (const bool croissants : {true, false}) {
+    std::string csv = "id;a\n";
+    for (std::size_t i = 0; i < attendues.size(); ++i) {
+      const std::string& ligne = attendues[croissants ? i : attendues.size() - 1 - i];
+      csv += Joindre({Rogner(ligne.substr(0, 5)), ";", ligne.substr(5), "\n"});
+    }
+    ASSERT_EQ(Importer(csv), Fin::Normale) << montre_;
+    EXPECT_TRUE(Dit("NON (num\xE9ro) id")) << montre_;
+    std::vector<std::string> lignes;
+    LecteurLignes lecteur(dossier_.Chemin() / "ENQ.DAT");
+    for (std::string_view ligne; lecteur.Lire(ligne);) lignes.emplace_back(ligne);
+    if (!croissants) std::reverse(lignes.begin(), lignes.end());
+    EXPECT_EQ(lignes, attendues);
+    EXPECT_FALSE(Existe("ENQN.CDG"));
   }
 }
 

@@ -214,7 +214,10 @@ TEST(ControleDeBurt, ATableOfOtherModalitiesIsRefused) {
   for (const Cas& c :
        {Cas{{"AAA1 3 0", "AAA2 0 4"}, 0}, Cas{{"     3 0", "AAA2 0 4 long"}, 0}, Cas{{"AAA1 3", "AAA2 0 4"}, 0},
         Cas{{"AAA1 3 0", "BBB1 0 4"}, kIncompatibiliteType}, Cas{{"AAA130", "AAA204"}, kIncompatibiliteType},
-        Cas{{"AAA1  3  0", "AAA2  0  4"}, kIncompatibiliteType}}) {
+        Cas{{"AAA1  3  0", "AAA2  0  4"}, kIncompatibiliteType},
+        // Two more cells in every row, with a label behind them; and labels that begin with a number.
+        Cas{{"AAA1 3 0 7 2 long", "AAA2 0 4 012 label"}, kIncompatibiliteType},
+        Cas{{"AAA1 3 018 a 30 ans", "AAA2 0 430 et plus"}, 0}}) {
     const Chemin brt = "ENQ.BRT";
     ControleDeBurt controle(brt, 2, 2);
     EXPECT_EQ(essai::NumeroLeve([&] {

@@ -74,6 +74,18 @@ void ExamenDeTable::Voir(std::string_view rangee, const LecteurDeRangees& lecteu
     colonnes_[j - 1].Voir(cellule, lecteur.Ligne());
   } while (true);
   VoirLongueur(j, remplies, lecteur.Ligne());
+  if (!lecteur.Etrangere().empty()) VoirEtrangere(rangee, lecteur);
+}
+
+// Texts of characters that the code page has not are compared as they stand in the file.
+void ExamenDeTable::VoirEtrangere(std::string_view rangee, const LecteurDeRangees& lecteur) {
+  LigneDeTableur cellules = lecteur.Cellules(rangee);
+  LigneDeTableur brutes = lecteur.Cellules(lecteur.Etrangere());
+  std::string_view cellule;
+  std::string_view brute;
+  for (std::size_t j = 0; cellules.Suivante(cellule) && brutes.Suivante(brute); ++j)
+    if (cellule != brute && j < colonnes_.size() && cellule.find(kEtranger) != std::string_view::npos)
+      colonnes_[j].VoirEtrangere(RognerCellule(cellule), RognerCellule(brute), lecteur.Ligne());
 }
 
 // A row is long when cells behind the titles are filled, short when separators are missing.

@@ -8,6 +8,7 @@
 
 #include "capture/apercu/faits.h"
 #include "capture/apercu/observation/observation.h"
+#include "capture/apercu/octets/pages.h"
 #include "capture/apercu/octets/rangees.h"
 
 namespace quelvar::capture {
@@ -32,6 +33,7 @@ class ExamenDeTable {
  private:
   void AssurerColonnes(std::size_t nombre);
   SignesDeTable Signes() const;
+  void VoirEtrangere(std::string_view rangee, const LecteurDeRangees& lecteur);
   void VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne);
 
   Lecture lecture_;

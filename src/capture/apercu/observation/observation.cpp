@@ -7,6 +7,7 @@
 
 #include "capture/apercu/observation/listes.h"
 #include "capture/apercu/octets/cellule.h"
+#include "capture/apercu/octets/pages.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -140,6 +141,55 @@ void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne
   VoirNombre(*nombre, cellule, ligne);
 }
 
+void Observation::VoirEtrangere(std::string_view cellule, std::string_view brute, std::int64_t ligne) {
+  std::map<std::string, Brute>& brutes = etrangeres_[std::string(cellule)];
+  const auto connue = brutes.find(std::string(brute));
+  if (connue != brutes.end()) {
+    ++connue->second.effectif;
+  } else if (brutes_ < kValeursGardees) {
+    ++brutes_;
+    brutes.emplace(brute, Brute{ligne, 1});
+  }
+}
+
+// By text of the code page the lines of the different texts of the file. `liste` separates the answers of a cell, 0:
+// the cells are compared.
+std::vector<TexteConfondu> Observation::Confondus(char liste, const std::vector<ValeurComptee>& valeurs) const {
+  std::map<std::string, std::map<std::string, std::int64_t>> parTexte;
+  const auto voir = [&](std::string_view texte, std::string_view brute, std::int64_t ligne) {
+    std::vector<std::string> textes;
+    const auto couper = [&](std::string_view cellule) {
+      if (liste == '\0') textes.emplace_back(cellule);
+      else SeparerListe(cellule, liste, [&](std::string_view element) { textes.emplace_back(element); });
+    };
+    couper(texte);
+    const std::size_t nombre = textes.size();
+    couper(brute);
+    for (std::size_t i = 0; i < nombre && nombre + i < textes.size(); ++i)
+      if (textes[i].find(kEtranger) != std::string::npos) parTexte[textes[i]].emplace(textes[nombre + i], ligne);
+  };
+  for (const auto& [texte, brutes] : etrangeres_)
+    for (const auto& [brute, ou] : brutes) voir(texte, brute, ou.ligne);
+  if (parTexte.empty()) return {};
+  // A "?" that stands in the file is a text like the others.
+  for (const ValeurComptee& valeur : valeurs) {
+    if (valeur.valeur.find(kEtranger) == std::string::npos) continue;
+    std::int64_t autres = 0;
+    if (const auto brutes = etrangeres_.find(valeur.valeur); brutes != etrangeres_.end())
+      for (const auto& brute : brutes->second) autres += brute.second.effectif;
+    if (valeur.effectif > autres) voir(valeur.valeur, valeur.valeur, 0);
+  }
+  std::vector<TexteConfondu> confondus;
+  for (const auto& [texte, brutes] : parTexte) {
+    if (brutes.size() < 2) continue;
+    TexteConfondu& confondu = confondus.emplace_back(TexteConfondu{texte, {}});
+    for (const auto& brute : brutes)
+      if (brute.second > 0) confondu.lignes.push_back(brute.second);
+    std::ranges::sort(confondu.lignes);
+  }
+  return confondus;
+}
+
 void Observation::VoirHabillee(std::string_view cellule) {
   if (RognerCellule(cellule).size() + 1 > cellule.size()) return;
   if (habillees_++ == 0) exempleHabille_ = cellule;
@@ -190,6 +240,11 @@ std::int64_t Observation::Petits() const { return std::accumulate(petits_.begin(
 std::size_t Observation::LargeurDesPetits() const {
   const auto dernier = std::find_if(petits_.rbegin(), petits_.rend(), [](std::uint32_t n) { return n > 0; });
   return dernier == petits_.rend() ? 0 : Nombre(petits_.rend() - dernier - 1).size();
+}
+
+// Of more cells than are told apart, the first ones.
+bool Observation::TousDifferents() const {
+  return tousDifferents_ && std::ranges::all_of(petits_, [](std::uint32_t n) { return n <= 1; });
 }
 
 std::int64_t Observation::Differentes() const {
@@ -284,7 +339,7 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
   if (zerosDevant_ > 0 && larges) return ConclureTextes(faits);
   const bool codes = faits.avecDecimales == 0 && exposants_ == 0 && !larges;
   const bool suite = codes && faits.maximum == static_cast<double>(individus);
-  const bool tousDifferents = faits.differentes == faits.remplies && faits.vides == 0 && individus > 1;
+  const bool tousDifferents = TousDifferents() && faits.vides + faits.nonReponses == 0 && individus > 1;
   faits.contenu = codes ? Contenu::Codes : Contenu::Nombres;
   if (premiere && (suite || (!codes && faits.avecDecimales == 0 && exposants_ == 0 && tousDifferents &&
                              EstTitreDeNumero(faits.intitule))))
@@ -293,7 +348,7 @@ void Observation::ConclureNombres(FaitsDeColonne& faits, std::int64_t individus,
 
 void Observation::ConclureTextes(FaitsDeColonne& faits) const {
   if (longs_ > 0) faits.contenu = Contenu::TextesLongs;
-  else if (faits.remplies > 1 && faits.differentes == faits.remplies - faits.nonReponses &&
+  else if (faits.remplies > 1 && TousDifferents() &&
            std::ranges::none_of(faits.valeurs, EstReponseUsuelle, &ValeurComptee::valeur))
     faits.contenu = Contenu::TextesUniques;
   else if (faits.differentes > static_cast<std::int64_t>(kTextesCourts)) faits.contenu = Contenu::TextesLongs;
@@ -347,6 +402,7 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
     fautives.insert(fautives.end(), {kTexte, kDate});
     ConclureMelange(faits, fautives);
   }
+  if (!etrangeres_.empty()) faits.confondus = Confondus(faits.liste, Valeurs());
   return faits;
 }
 

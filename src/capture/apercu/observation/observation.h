@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -41,6 +43,8 @@ class Observation {
   // A cell as it was cut, on that line.
   void Voir(std::string_view cellule, std::int64_t ligne);
 
+  // A cell seen before, and what it was in the file: characters that the code page has not became "?".
+  void VoirEtrangere(std::string_view cellule, std::string_view brute, std::int64_t ligne);
   // Whether one of its numbers can have no other decimal sign than that one, or groups thousands with it.
   bool ProuveDecimale(char signe) const { return nombres_[DecimalesDe(signe)] > 0; }
   bool ProuveMilliers(char signe) const { return nombres_[MilliersDe(signe)] > 0; }
@@ -74,10 +78,12 @@ class Observation {
   std::int64_t Petits() const;
   std::size_t LargeurDesPetits() const;
   std::int64_t Differentes() const;
+  bool TousDifferents() const;
   std::vector<ValeurComptee> Valeurs() const;  // those kept, in order
   void VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne);
   void VoirHabillee(std::string_view cellule);
   bool Certaine(char decimale, const SignesDeTable& table) const;
+  std::vector<TexteConfondu> Confondus(char liste, const std::vector<ValeurComptee>& valeurs) const;
   void ConclureDoutes(FaitsDeColonne& faits, const SignesDeTable& table) const;
   char Decimale(const SignesDeTable& table) const;
   // The signs of its numbers; the classes of those that they do not read.
@@ -105,6 +111,13 @@ class Observation {
   std::vector<bool> simples_;                       // of these: texts that are not long and no percentage
   bool comble_ = false;                             // there were more of them than are kept
   std::uint32_t dernier_ = TableDeTextes::kAbsent;  // rank of the cell that came last
+  // What stands in the file for a cell with "?", by that cell.
+  struct Brute {
+    std::int64_t ligne = 0;
+    std::int64_t effectif = 0;
+  };
+  std::map<std::string, std::map<std::string, Brute>> etrangeres_;
+  std::size_t brutes_ = 0;
   Uniques uniques_;
   bool tousDifferents_ = true;
 };

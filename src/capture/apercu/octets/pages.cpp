@@ -76,6 +76,12 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
   for (std::size_t ascii = 0; ascii = PremierHaut(octets, 0), ascii < octets.size();) {
     tampon.append(octets.substr(0, ascii));
     octets.remove_prefix(ascii);
+    // The letters of French: one byte of the code page for two.
+    if (octets.size() > 1 && octets[0] == '\xC3' && (octets[1] & 0xC0) == 0x80) {
+      tampon += static_cast<char>(octets[1] + 0x40);
+      octets.remove_prefix(2);
+      continue;
+    }
     const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
     octets.remove_prefix(lu.longueur == 0 ? 1 : lu.longueur);
     int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);

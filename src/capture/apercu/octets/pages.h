@@ -23,6 +23,8 @@ unsigned char DeCp850(unsigned char octet);
 // UTF-8, as its lines do.
 std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon, std::int64_t& etrangers);
 
+inline constexpr char kEtranger = '?';
+
 // Lines of a UTF-16 source as UTF-8, or of one whose lines end in CR alone, as LecteurLignes gives those of others. The
 // source is read in pieces.
 class LignesDecodees {

@@ -36,10 +36,14 @@ bool LecteurDeRangees::Lire(std::string_view& rangee) {
     octets_ += rangee.size() + 1;
   } while (static_cast<std::size_t>(lecteur_.Ligne()) < lecture_.ligneTitres ||
            (lecture_.ligneSep && lecteur_.Ligne() == 1));
+  etrangere_ = {};
   if (EstAscii(rangee)) return true;
   const std::int64_t avant = etrangers_;
+  const std::string_view brute = rangee;
   rangee = EnPageDeCode(rangee, lecture_.encodage, convertie_, etrangers_);
-  if (etrangers_ > avant && ligneEtrangere_ == 0) ligneEtrangere_ = lecteur_.Ligne();
+  if (etrangers_ == avant) return true;
+  etrangere_ = brute;
+  if (ligneEtrangere_ == 0) ligneEtrangere_ = lecteur_.Ligne();
   return true;
 }
 

@@ -20,6 +20,9 @@ class LecteurDeRangees {
   LigneDeTableur Cellules(std::string_view rangee) const { return {rangee, lecture_.separateur, lecture_.guillemets}; }
   bool SansValeur(std::string_view rangee) const;
 
+  // The row given last before its conversion, when it holds characters that the code page has not; empty otherwise.
+  std::string_view Etrangere() const { return etrangere_; }
+
   std::int64_t Ligne() const { return lecteur_.Ligne(); }
   std::int64_t GuillemetSansFin() const { return lecteur_.GuillemetSansFin(); }
   std::int64_t Etrangers() const { return etrangers_; }
@@ -30,6 +33,7 @@ class LecteurDeRangees {
   Lecture lecture_;
   LecteurTableur lecteur_;
   std::string convertie_;
+  std::string_view etrangere_;
   std::int64_t etrangers_ = 0;
   std::int64_t ligneEtrangere_ = 0;
   std::uintmax_t octets_ = 0;

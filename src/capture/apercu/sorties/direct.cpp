@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "capture/colonnes/compterendu.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
@@ -15,6 +16,7 @@ constexpr std::size_t kLigneAuPlus = std::size_t{1} << 16;  // what the writer l
 constexpr unsigned kDeFront = 4;                            // cells of one digit judged together
 static_assert(std::endian::native == std::endian::little, "the first cell is the lowest byte");
 
+constexpr std::ptrdiff_t kChiffresDeNumero = 9;
 constexpr std::uint64_t kPairs = 0x00FF00FF00FF00FFULL;
 
 // Four digits at every second byte, brought together.
@@ -30,6 +32,7 @@ class Passeur {
       : largeurs_(promesse.largeurs),
         maxima_(largeurs_.size()),
         chiffres_(largeurs_.size() + kDeFront, '0'),
+        numero_(promesse.numero),
         modele_(kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
         separateur_(separateur) {
     etroites_.resize(largeurs_.size());
@@ -47,7 +50,15 @@ class Passeur {
     const char* const fin = p + ligne.size();
     const std::size_t colonnes = largeurs_.size();
     bool vide = true;
-    for (std::size_t j = 0;;) {
+    std::size_t j = 0;
+    if (numero_) {
+      p = PasserNumero(p, fin, place);
+      if (p == nullptr || p == fin) return nullptr;
+      place += largeurs_[j++];
+      vide = false;
+      ++p;
+    }
+    for (;;) {
       while (etroites_[j] && fin - p >= 8) {
         std::uint64_t mot = 0;
         std::memcpy(&mot, p, 8);
@@ -80,6 +91,7 @@ class Passeur {
     }
   }
 
+  std::int64_t DernierNumero() const { return dernier_; }
   std::vector<int> Maxima() const {
     std::vector<int> maxima = maxima_;
     for (std::size_t j = 0; j < maxima.size(); ++j) maxima[j] = std::max(maxima[j], chiffres_[j] - '0');
@@ -87,6 +99,20 @@ class Passeur {
   }
 
  private:
+  // Lays a number that is larger than the one before it; returns where it ends, nothing for any other cell.
+  const char* PasserNumero(const char* p, const char* fin, char* place) {
+    const char* const debut = p;
+    std::int64_t valeur = 0;
+    while (p < fin && *p >= '0' && *p <= '9' && p - debut <= kChiffresDeNumero) valeur = valeur * 10 + (*p++ - '0');
+    const auto chiffres = static_cast<std::size_t>(p - debut);
+    if (chiffres == 0 || chiffres > largeurs_[0] || *debut == '0' || valeur <= dernier_) return nullptr;
+    if (p < fin && *p != separateur_) return nullptr;
+    dernier_ = valeur;
+    std::memset(place, ' ', largeurs_[0] - chiffres);
+    std::memcpy(place + (largeurs_[0] - chiffres), debut, chiffres);
+    return p;
+  }
+
   static constexpr std::uint64_t kZeros = 0x0030003000300030ULL;
   static constexpr std::uint64_t kUns = 0x0100010001000100ULL;
   static constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
@@ -118,6 +144,8 @@ class Passeur {
   std::vector<char> etroites_;  // this column and the three behind it are one wide, and another one follows
   std::vector<int> maxima_;
   std::vector<char> chiffres_;  // largest of the cells judged four at a time
+  bool numero_;                 // the first column is one of numbers
+  std::int64_t dernier_ = 0;    // the last of these
   std::uint64_t modele_;
   char separateur_;
   std::size_t largeurLigne_ = 0;
@@ -125,7 +153,28 @@ class Passeur {
 
 }  // namespace
 
-std::optional<Promesse> PromesseDe(const Apercu& apercu) {
+namespace {
+
+// Digits of the number of the individual in the last row of the file; 0 when it has none.
+std::size_t ChiffresDuDernierNumero(const Chemin& source, char separateur) {
+  constexpr std::uintmax_t kFin = std::uintmax_t{1} << 16;
+  const std::uintmax_t longueur = LongueurFichier(source);
+  std::string fin = LireMorceau(source, longueur - std::min(longueur, kFin), kFin);
+  while (!fin.empty() && (fin.back() == '\n' || fin.back() == '\r')) fin.pop_back();
+  const std::size_t debut = fin.rfind('\n');
+  if (debut == std::string::npos) return 0;
+  const std::size_t bout = fin.find_first_not_of("0123456789", debut + 1);
+  return bout != std::string::npos && fin[bout] == separateur ? bout - debut - 1 : 0;
+}
+
+bool EstLargeNumero(const FaitsDeColonne& colonne) {
+  return colonne.contenu == Contenu::Numero && colonne.maximum > 999 && colonne.avecDecimales == 0 &&
+         colonne.nonNumeriques + colonne.nonReponses + colonne.negatives + colonne.vides == 0;
+}
+
+}  // namespace
+
+std::optional<Promesse> PromesseDe(const Apercu& apercu, const Chemin& source) {
   const FaitsDeTable& faits = apercu.faits;
   if (apercu.lignes.empty() || apercu.lecture.ligneTitres == 0 || faits.courtes + faits.longues > 0)
     return std::nullopt;
@@ -134,6 +183,13 @@ std::optional<Promesse> PromesseDe(const Apercu& apercu) {
   promesse.premiereLigne = apercu.lignes.front().ligne;
   if (promesse.premiereLigne != static_cast<std::int64_t>(apercu.lecture.ligneTitres) + 1) return std::nullopt;
   for (const FaitsDeColonne& colonne : faits.colonnes) {
+    if (promesse.largeurs.empty() && faits.colonnes.size() > 1 && EstLargeNumero(colonne)) {
+      const std::size_t chiffres = ChiffresDuDernierNumero(source, apercu.lecture.separateur);
+      if (chiffres <= kLargeurCodes || chiffres > kChiffresDeNumero) return std::nullopt;
+      promesse.largeurs.push_back(chiffres);
+      promesse.numero = true;
+      continue;
+    }
     if (colonne.contenu == Contenu::Vide && colonne.nonReponses == 0) {
       promesse.largeurs.push_back(0);
       continue;
@@ -174,6 +230,8 @@ std::optional<PassageDirect> EcrireDirect(const Chemin& source, const Lecture& l
     avancer();
   }
   passage.maxima = passeur.Maxima();
+  passage.dernierNumero = passeur.DernierNumero();
+  if (promesse.numero && Nombre(passage.dernierNumero).size() != promesse.largeurs[0]) return std::nullopt;
   return passage;
 }
 

@@ -16,13 +16,15 @@ namespace quelvar::capture {
 // What the first rows promise of the columns; nothing when one of them is more than codes.
 struct Promesse {
   std::vector<std::size_t> largeurs;  // in .DAT; 0 for a column that is empty
+  bool numero = false;                // the first one holds rising numbers of more than three digits
   std::int64_t premiereLigne = 0;     // of the file, where the rows begin
 };
-std::optional<Promesse> PromesseDe(const Apercu& apercu);
+std::optional<Promesse> PromesseDe(const Apercu& apercu, const Chemin& source);
 
 struct PassageDirect {
   std::int64_t individus = 0;
-  std::vector<int> maxima;             // by column
+  std::vector<int> maxima;             // by column, but that of the numbers
+  std::int64_t dernierNumero = 0;      // the largest of them
   std::vector<std::string> premieres;  // lines of .DAT, for the report
 };
 

@@ -45,7 +45,7 @@ SaisieMot::SaisieMot(Services& services)
     connect(entree, &QShortcut::activated, this, concordance);
   }
   connect(ui_->CbLancer, &QPushButton::clicked, this, &SaisieMot::LancerSaisieMot);
-  RelierCommande(*ui_->CbLancer, text::DescriptionSaisieMot(), contexte_, [this] { return Options(); });
+  AjouterVoirLaCommande(*ui_->CbLancer, [this] { return text::CommandeDuDecoupage(contexte_, Options()); });
   RelierQuitter(*ui_->CbAnnul);
   AuDepart(
       [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });

@@ -219,13 +219,14 @@ std::string Utilitaires::Commande() const {
 void Utilitaires::LancerTri() {
   const utilities::OptionsTriFichier options = OptionsDuTri();
   if (a_.empty() || c_.empty()) {
-    Complet(utilities::RefusDeTrier(options));
+    Complet(utilities::RefusDuFormulaire(options));
     return;
   }
   if (utilities::MemeFichier(contexte_, a_, c_) &&
       services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return;
-  if (Complet(utilities::RefusDeTrier(options))) Executer([&] { return utilities::TriFichier(contexte_, options); });
+  if (Complet(utilities::RefusDuFormulaire(options)))
+    Executer([&] { return utilities::TriFichier(contexte_, options); });
 }
 
 void Utilitaires::LancerExport() {

@@ -64,6 +64,8 @@ TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
   };
   valider("SEX", "2", "OptNum");
   Cliquer(des, "OptAlpha");
+  for (int i = 0; i < 2; ++i) QTest::keyClick(des.focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(des.focusWidget()->objectName(), "CodeMax") << "behind the last kind, and not back to the name";
   EXPECT_EQ(Etiquette(des, "LibelleCodeMax"), "Largeur de la question en caractères");
   valider("NOM", "7", "OptAlpha");
   valider("CP1", "5", "OptNum2");

@@ -10,6 +10,7 @@
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
 #include "forms/pieces/commande.h"
+#include "forms/programmes/capture/import/lecturedefeuille.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercuimport.h"
 
@@ -131,7 +132,7 @@ void ApercuImport::ReprendreLesChoix() {
 void ApercuImport::ChangerFeuille(const QString& feuille) {
   examen_.Arreter();
   try {
-    preparation_.ChangerFeuille(DepuisQt(feuille));
+    preparation_ = PreparerAuLoin(services_.ecran, preparation_.Fichier(), DepuisQt(feuille));
     echec_.clear();
   } catch (const Erreur& erreur) {
     ui_->ComboFeuille->setCurrentText(VersQt(preparation_.Feuille()));
@@ -386,7 +387,8 @@ void ImporterDBase(Services& services, const Chemin& fichier) {
 // Nothing, and a box that tells why, when the file cannot be read.
 std::optional<capture::PreparationDImport> Preparer(Services& services, const Chemin& fichier) {
   try {
-    return capture::PreparationDImport(fichier, {});
+    if (capture::GenreDe(fichier) != capture::GenreDeSource::Classeur) return capture::PreparationDImport(fichier, {});
+    return PreparerAuLoin(services.ecran, fichier, {});
   } catch (const Erreur& erreur) {
     services.ecran.demander(Joindre({TexteDe(fichier.filename()), " : ", TexteErreur(erreur)}), Boutons::Ok);
     return std::nullopt;
