@@ -182,6 +182,21 @@ bool EtapesConviennent(Matrice points, const std::vector<EtapeWard>& etapes) {
   });
 }
 
+bool ArbreConvient(const Contexte& contexte, const ArbreCah& arbre) {
+  const std::size_t elements = arbre.etapes.size() + 1;
+  const std::optional<Chemin> fichier = contexte.Chercher(arbre.individus ? ".FI2" : ".FJ2");
+  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
+  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
+  if (!fichier || !faj || !cah || elements < 2) return true;
+  if (elements > kElementsAuPlus && EstAnterieur(*cah, *fichier)) return false;
+  if (elements > kPairesAuPlus) return true;
+  const std::size_t facteurs = LireFaj(*faj).Facteurs();
+  const Matrice points = LirePoints(*fichier, facteurs, elements).coordonnees;
+  if (points.Colonnes() != elements) return false;
+  if (elements > kElementsAuPlus) return PremiereEtapeConvient(points, arbre.etapes.front());
+  return EtapesConviennent(points, arbre.etapes);
+}
+
 // The columns of a table of individuals that codes of questions make: which question, which code.
 struct ColonneCodee {
   std::size_t colonne = 0;
@@ -249,18 +264,11 @@ bool CoordonneesSontDuTableau(const Contexte& contexte) {
 }
 
 bool ArbreEstDesCoordonnees(const Contexte& contexte, const ArbreCah& arbre) {
-  const std::size_t elements = arbre.etapes.size() + 1;
-  const std::optional<Chemin> fichier = contexte.Chercher(arbre.individus ? ".FI2" : ".FJ2");
-  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
-  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
-  if (!fichier || !faj || !cah || elements < 2) return true;
-  if (elements > kElementsAuPlus && EstAnterieur(*cah, *fichier)) return false;
-  if (elements > kPairesAuPlus) return true;
-  const std::size_t facteurs = LireFaj(*faj).Facteurs();
-  const Matrice points = LirePoints(*fichier, facteurs, elements).coordonnees;
-  if (points.Colonnes() != elements) return false;
-  if (elements > kElementsAuPlus) return PremiereEtapeConvient(points, arbre.etapes.front());
-  return EtapesConviennent(points, arbre.etapes);
+  try {
+    return ArbreConvient(contexte, arbre);
+  } catch (const Erreur&) {  // coordinates that can't be read say nothing of the tree
+    return true;
+  }
 }
 
 bool CoordonneesSontDesModalites(const Contexte& contexte) {
