@@ -5,14 +5,11 @@
 #include <cstdlib>
 
 #include "core/programme/erreur.h"
-#include "dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const std::string_view ligne(reinterpret_cast<const char*>(donnees), taille);
-  static const fuzz::DossierMemoire dossier;
-  quelvar::Rapport rapport(dossier.Chemin() / "ENQ.PRT");
   try {
-    const quelvar::ParametresMod lus = quelvar::LireParametres(ligne, &rapport);
+    const quelvar::ParametresMod lus = quelvar::LireParametres(ligne);
     if (lus.modPresent && lus.mod.ends_with(' ')) std::abort();
   } catch (const quelvar::Erreur& erreur) {
     if (quelvar::TexteErreur(erreur.Numero()).empty()) std::abort();

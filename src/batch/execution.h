@@ -5,7 +5,8 @@
 
 namespace quelvar::batch {
 
-// `demande` is consumed. Raises a sentence (70) when another process holds the generic, UsageIncorrect for an option.
+// `demande` is consumed. Raises a sentence (kPermissionRefusee) when another process holds the generic, UsageIncorrect
+// for an option.
 Fin ExecuterDemande(Demande& demande);
 
 }  // namespace quelvar::batch

@@ -30,8 +30,8 @@ struct Rangee {
 
 bool EstVide(std::string_view ligne) { return ligne.find_first_not_of(kBlancs) == std::string_view::npos; }
 
-// The last `nombre` words of the line. Raises 9 when it has not as many, 13 when one of them is not a number, with its
-// column.
+// The last `nombre` words of the line. Raises kIndiceHorsSelection when it has not as many, kIncompatibiliteType when
+// one of them is not a number, with its column.
 void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
   rangee.effectifs.resize(nombre);
   std::string_view reste = ligne;

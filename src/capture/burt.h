@@ -24,8 +24,8 @@ struct OptionsImportBurt {
 std::string_view RefusDImporterBurt(const OptionsImportBurt& options);
 
 // Makes .BRT, .MOD and .POS of the generic, with an account in .IMP; the former ones are kept as .BR2, .MO2 and .PO2.
-// Asks the size of the survey. Stops with error 13 for a word among the counts, 9 for a row with too few of them, 62
-// for an empty file.
+// Asks the size of the survey. Stops with kIncompatibiliteType for a word among the counts, kIndiceHorsSelection for
+// a row with too few of them, kFinDeFichierDepassee for an empty file.
 Fin ImportBurt(const Contexte& contexte, const OptionsImportBurt& options);
 
 }  // namespace quelvar::capture

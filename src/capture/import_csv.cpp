@@ -36,7 +36,7 @@ FichiersImport TrouverFichiers(const Contexte& contexte) {
   return fichiers;
 }
 
-// The columns of the files to make. Raises 13 for a text in a column of codes.
+// The columns of the files to make. Raises kIncompatibiliteType for a text in a column of codes.
 std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits) {
   std::vector<ColonneImportee> colonnes;
   std::size_t position = 1;

@@ -16,8 +16,8 @@ std::vector<std::size_t> DistinguerNoms(std::vector<std::string>& noms,
                                         const std::function<bool(std::string_view)>& impossible,
                                         const std::function<std::string(std::size_t)>& rechange);
 
-// The names of that width behind those of the numbers that it can hold: with 3 columns 0 is "A00", 2600 "AA0". Raises 9
-// beyond the last of them.
+// The names of that width behind those of the numbers that it can hold: with 3 columns 0 is "A00", 2600 "AA0". Raises
+// kIndiceHorsSelection beyond the last of them.
 std::string NomAvecLettres(std::size_t rang, std::size_t largeur);
 
 }  // namespace quelvar::capture

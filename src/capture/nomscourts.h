@@ -14,7 +14,8 @@ struct NomCourt {
 // The name of each title: its first three characters, "XXX" without a title. Titles that would share a name, and names
 // that a .POS can't hold (blank, or with a sign of its own), get another one; small and capital letters
 // make no difference: the first three letters and digits of
-// the title, else its first two with a digit or a letter, else any three that are free. Raises 9 when none is left.
+// the title, else its first two with a digit or a letter, else any three that are free. Raises kIndiceHorsSelection
+// when none is left.
 std::vector<NomCourt> NomsCourts(const std::vector<std::string>& intitules);
 
 }  // namespace quelvar::capture

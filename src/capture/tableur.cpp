@@ -315,9 +315,8 @@ void LecteurTableur::JoindreSuite(std::string_view& ligne) {
 bool LecteurTableur::LireOctetsDeLigne(std::string_view& ligne) {
   if (!LireUneLigne(ligne)) return false;
   debut_ = lues_;
-  if (std::exchange(premiere_, false) && ligne.starts_with(kMarqueUtf8)) {
+  if (std::exchange(premiere_, false) && OterMarqueUtf8(ligne)) {
     marque_ = true;
-    ligne.remove_prefix(kMarqueUtf8.size());
   }
   if (guillemets_ && GuillemetOuvert(ligne, separateur_)) [[unlikely]]
     JoindreSuite(ligne);

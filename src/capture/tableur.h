@@ -153,7 +153,7 @@ class LecteurTableur {
 bool LigneSansValeur(std::string_view ligne, char separateur);
 
 // Examines the source in one reading, or in two when its first lines mislead on the separator or the encoding.
-// Raises 62 when a title line is expected and the file is empty, and the numbers of LecteurLignes.
+// Raises kFinDeFichierDepassee when a title line is expected and the file is empty, and the failures of LecteurLignes.
 FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules);
 
 // The digits of a number without decimals, as .DAT holds them: no sign, no leading zero, "0" for a negative one.

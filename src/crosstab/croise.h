@@ -51,7 +51,7 @@ struct ResultatLancement {
 std::optional<EnqueteCroisee> PreparerCroise(const Contexte& contexte, std::string_view fichierDonnees);
 
 // Computes the tables asked for and prints them behind what the report holds. Nothing when an error ended the run: a
-// question with codes beyond 99 is error 9.
+// question with codes beyond 99 is kIndiceHorsSelection.
 std::optional<ResultatLancement> LancerCroise(const Contexte& contexte, const EnqueteCroisee& enquete,
                                               const DemandeCroise& demande);
 

@@ -48,7 +48,7 @@ class BandesCompactes {
   // Row by its rank in the tables; the last one is that of the totals.
   void Effectifs(std::size_t rang) {
     for (const Cellule& cellule : tables_.effectifs.rangees[rang].cellules)
-      rapport_.Suite(NombreFixe(*cellule.valeur, largeur_, 0));
+      rapport_.Suite(TexteEnColonne({cellule.valeur, cellule.unite}, largeur_));
   }
   void Pourcentages(std::size_t rang) {
     for (const Cellule& cellule : tables_.pourcentages.rangees[rang].cellules)

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kLargeurCellule = 12;
 constexpr int kLargeurAttraction = 6;
+constexpr int kLargeurContribution = 7;
 constexpr std::int64_t kIndividusSurCinqPlaces = 99999;
 constexpr std::string_view kTotalEnLigne = "   Total      en ligne";
 constexpr std::string_view kTotalEnColonne = "   Total     en colonne";
@@ -61,9 +62,8 @@ struct Grille {
         lignes(t.tableau.lignes.size()),
         colonnes(t.tableau.colonnes.size()),
         supplement(std::max(
-            LargeurDuNombre(t.tableau.compte.marges.total, f == FormatEffectif::Pondere ? 1 : 0, LargeurUsuelle(f)) -
-                LargeurUsuelle(f),
-            LargeurDuNombre(t.tableau.khi2, 0, 7) - 7)) {}
+            ColonnesEnPlus(t.tableau.compte.marges.total, f == FormatEffectif::Pondere ? 1 : 0, LargeurUsuelle(f)),
+            ColonnesEnPlus(t.tableau.khi2, 0, kLargeurContribution))) {}
 
   std::string Effectif(double effectif) const { return TexteEffectif(effectif, format, supplement); }
   std::string Contribution(double contribution) const { return TexteContribution(contribution, supplement); }
@@ -88,9 +88,7 @@ std::string PremiereMoitie(const Grille& grille, std::size_t i, std::size_t j) {
 std::string SecondeMoitie(const Grille& grille, std::size_t i, std::size_t j) {
   const Cellule& attraction = grille.tables.attractions.rangees[i].cellules[j];
   std::string texte = grille.Contribution(*grille.tables.contributions.rangees[i].cellules[j].valeur);
-  if (!attraction.valeur) texte += std::string(kLargeurAttraction, ' ');
-  else if (attraction.decimales == 0) texte += NombreFixe(*attraction.valeur, kLargeurAttraction, 0);
-  else texte += NombreFixe(*attraction.valeur, kLargeurAttraction - 2, attraction.decimales);
+  texte += TexteEnColonne(attraction, kLargeurAttraction);
   return texte + (attraction.marque.empty() ? "|" : attraction.marque);
 }
 

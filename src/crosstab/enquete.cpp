@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
@@ -57,7 +58,7 @@ int PlafondApres(Rapport& rapport, const Contexte& contexte, const Question& que
 }
 
 // Settles the ceiling, question after question, and tells how many there are.
-int LireQuestions(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
+int ConvenirDuPlafond(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
   int plafond = kPlafondInitial;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     if (i == kQuestionsMaximum) {
@@ -114,13 +115,14 @@ EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::
                  kArretAbsenceSansAccents);
   EcrireEnTete(rapport, contexte, fichiers);
 
-  const FichierPos pos = LirePos(*fichiers.pos, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichiers.pos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   EnqueteCroisee enquete;
   enquete.individus = AnnoncesOuComptes(pos.taille, *fichiers.donnees);
   enquete.avantPonderation = pos.taille.avantPonderation;
   const bool annonces = pos.taille.individus > 0;
   if (annonces) rapport.Ligne(LigneDesIndividus(enquete.individus));
-  const int plafond = LireQuestions(rapport, contexte, pos);
+  const int plafond = ConvenirDuPlafond(rapport, contexte, pos);
   for (std::size_t i = 0; i < pos.questions.size(); ++i)
     enquete.questions.push_back(QuestionDe(pos.questions[i], pos.lignes[i + 2], plafond));
   if (!annonces) rapport.Ligne(LigneDesIndividus(enquete.individus));

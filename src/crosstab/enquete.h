@@ -35,14 +35,16 @@ struct EnqueteCroisee {
 };
 
 // Reads the files of the generic and tells in the report what it finds. `fichierDonnees` stands for the .DAT of the
-// generic unless it is empty. Raises 5 with the question, 6, 7, 62, the numbers of LecteurLignes, and stops
-// (kArretAnnonce) for a missing file, bad parentheses or too many questions.
+// generic unless it is empty. Raises kArgumentIncorrect with the question, kDepassementCapacite, kMemoireInsuffisante,
+// kFinDeFichierDepassee, the failures of LecteurLignes, and stops (kArretAnnonce) for a missing file, bad parentheses
+// or too many questions.
 EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::string_view fichierDonnees);
 
-// Question name and code text, by code: "SEX1", "AGEB", "AGE36". Raises 9 for a code beyond 99.
+// Question name and code text, by code: "SEX1", "AGEB", "AGE36". Raises kIndiceHorsSelection for a code beyond 99.
 std::vector<std::string> IntitulesCourts(const QuestionCroisee& question);
 
-// Four characters by code, which identify the modality in the .MOD: "SEX1", "AGEB", "AG36". Raises 9 as above.
+// Four characters by code, which identify the modality in the .MOD: "SEX1", "AGEB", "AG36". Raises kIndiceHorsSelection
+// as above.
 std::vector<std::string> NomsDeModalites(const QuestionCroisee& question);
 
 // The same, replaced by the text of the .MOD laid out for two lines of 12 characters where there is one.

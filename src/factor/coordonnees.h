@@ -36,8 +36,8 @@ struct ElementsFactoriels {
 // Number of factors that a line without label holds. Of a .FAI take the number of its .FAJ.
 std::size_t FacteursDUneLigne(std::string_view ligneFaj);
 
-// The lines of a .FAJ, with as many factors as its first line holds; nothing for an empty file. Raises 6 for a value
-// beyond a double and the numbers of LecteurLignes.
+// The lines of a .FAJ, with as many factors as its first line holds; nothing for an empty file. Raises
+// kDepassementCapacite for a value beyond a double and the failures of LecteurLignes.
 ElementsFactoriels LireFaj(const Chemin& chemin);
 // The lines of a .FAI on that many factors. Raises the same.
 ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs);

@@ -31,10 +31,11 @@ struct PlanModalites {
 };
 
 // Name of a modality: three characters of the question and the code character, or from code 36 on two characters and
-// two digits. Raises 9 for a code above 99.
+// two digits. Raises kIndiceHorsSelection for a code above 99.
 std::string NomDeModalite(std::string_view nomQuestion, int code);
 
-// Lays out and names the modalities; marks and labels stay empty. Raises 9 for a code-max above 99 or below 0.
+// Lays out and names the modalities; marks and labels stay empty. Raises kIndiceHorsSelection for a code-max above 99
+// or below 0.
 PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& choix, bool codesZero);
 
 // True for the modalities that are supplementary, or called a non-response, unless an earlier .MOD says otherwise: code

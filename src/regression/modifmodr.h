@@ -39,7 +39,7 @@ std::string_view Incoherence(const std::vector<std::string>& textes);
 inline constexpr std::string_view kTitreErreur = "*** Erreur ***";
 inline constexpr std::string_view kTitreAvertissement = "*** Avertissement ***";
 
-// Writes the lines back into the .MOD, all else as it stands. Raises the numbers of RemplacerModalites.
+// Writes the lines back into the .MOD, all else as it stands. Raises the failures of RemplacerModalites.
 void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& textes);
 // Leaves after a save, or without one: the report holds the one sentence.
 Fin TerminerModifModR(const Contexte& contexte);

@@ -18,7 +18,7 @@ struct Diagonalisee {
   Matrice maximum;                   // of the margins and the order of `table`
 };
 
-// Extracts the first factor, then orders and loads the diagonal. Raises the numbers of FacteurDe and MaximumDe.
+// Extracts the first factor, then orders and loads the diagonal. Raises the failures of FacteurDe and MaximumDe.
 Diagonalisee Diagonalisation(const crosstab::TableauCompte& table, OrdresTries tries);
 
 }  // namespace quelvar::tables

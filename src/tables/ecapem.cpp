@@ -5,6 +5,7 @@
 
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
@@ -54,19 +55,23 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
   rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
 }
 
+LigneTaille LireTaille(const Chemin& chemin) {
+  LecteurLignes pos(chemin);
+  pos.LireObligatoire();
+  return Situer(pos, [&] { return LireLigneTaille(pos.LireObligatoire()); });
+}
+
 // Individuals of the survey behind a Burt table, from the size line of .POS; a count that it leaves unknown is that of
 // the data lines.
-std::int64_t LireIndividus(const TravailEcapem& t) {
-  LecteurLignes pos(ExigerFichier(t, ".POS", "*** Arret du programme"));
-  pos.LireObligatoire();
-  const LigneTaille taille = Situer(pos, [&] { return LireLigneTaille(pos.LireObligatoire()); });
+std::int64_t IndividusDuBurt(const TravailEcapem& t) {
+  const LigneTaille taille = LireTaille(ExigerFichier(t, ".POS", "*** Arret du programme"));
   ExigerParentheses(taille, t.contexte.Ecran());
   const std::optional<Chemin> donnees = t.contexte.Chercher(".DAT");
   return donnees ? AnnoncesOuComptes(taille, *donnees) : taille.individus;
 }
 
 void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
-  const std::int64_t individus = LireIndividus(t);
+  const std::int64_t individus = IndividusDuBurt(t);
   t.rapport.Ligne(LigneDesIndividus(individus));
   if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
@@ -106,7 +111,8 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
   EcrireBandeau(rapport, "Profils de modalités"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
   const FichierMod mod = LireMod(fichiers.mod);
-  TravailEcapem travail{contexte, options, rapport, fichiers.brt, LireParametres(mod.parametres, &rapport), {}};
+  TravailEcapem travail{contexte, options, rapport, fichiers.brt, LireParametres(mod.parametres), {}};
+  rapport.Lignes(travail.parametres.remarques);
   for (const Modalite& modalite : mod.modalites) travail.modalites.push_back(NommerModalite(modalite));
   if (travail.parametres.largeur == 0) {
     rapport.Ligne({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")});

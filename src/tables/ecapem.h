@@ -13,7 +13,8 @@ struct OptionsEcapem {
   bool cliques = false;  // records the cliques of the .NT1 as links, and nothing else
   ModeIntitules intitules = ModeIntitules::Longs;
   SeuilAnnonce seuil = SeuilAnnonce::DixPourCent;
-  bool positifsSeuls = true;     // "POSI" or "NEGA"; in both only positive PEM are recorded
+  // "POSI" or "NEGA", as the form shows it: it changes no figure, only positive PEM are recorded.
+  bool pemPositifs = true;
   bool diagonalisation = false;  // repeats the analysis on the maximum table
   bool tousTableaux = false;     // prints the tables beyond 30 rows or columns as well
   bool liensLignes = false;      // writes the .PEL, links between rows

@@ -41,7 +41,7 @@ Description<O> Decrire() {
       .Bouton("ChkK2", "tous")
       .Alias("touspem", {{"oui", "tous"}, {"non", ""}})
       .Alias("chkk2", {{"oui", "tous"}, {"non", ""}})
-      .Choix("pem", &O::positifsSeuls, kPem, "écarts pris en compte ; seuls les PEM positifs deviennent des liens"_w)
+      .Choix("pem", &O::pemPositifs, kPem, "écarts pris en compte ; seuls les PEM positifs deviennent des liens"_w)
       .Bouton("ChkCompact", "positifs")
       .Alias({"chkcompact", "mode"})
       .OuiNon("diagonalisation", &O::diagonalisation, "refait l'analyse sur le tableau diagonalisé"_w)

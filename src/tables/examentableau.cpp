@@ -124,7 +124,7 @@ void ExaminerTableau(const TravailEcapem& t) {
   ExigerPlace(t.contexte, t.rapport, {66 * cellules, 30 * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
   const Noms noms{t.modalites, std::move(lue.lignes)};
-  const OrdresTries tries = OrdresDemandes(t.parametres.ChoixDe());
+  const OrdresTries tries = OrdresDemandes(t.parametres.de);
 
   LiensAEnregistrer trouves;
   const Diagonalisee observe = Analyser(t, noms, crosstab::Compter(std::move(lue.effectifs)), tries, trouves);

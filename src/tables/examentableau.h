@@ -5,8 +5,8 @@
 
 namespace quelvar::tables {
 
-// Reads the table, prints its whole analysis and records its links. Raises 62 when rows are missing, 11 for a table of
-// total 0 and at the line of an index that has no value.
+// Reads the table, prints its whole analysis and records its links. Raises kFinDeFichierDepassee when rows are missing,
+// kDivisionParZero for a table of total 0 and at the line of an index that has no value.
 void ExaminerTableau(const TravailEcapem& travail);
 
 }  // namespace quelvar::tables

@@ -16,12 +16,12 @@ struct Gamma {
 
 // Counts the pairs of cells of distinct rows and columns; ties enter no value. The diagonal is that of the corners
 // (ChoisirDiagonale), so that gamma is positive for a table that follows the order of its rows and columns either way.
-// Raises 11 for a table of total 0, 9 for one without cells.
+// Raises kDivisionParZero for a table of total 0, kIndiceHorsSelection for one without cells.
 // Source: L. A. Goodman and W. H. Kruskal, "Measures of Association for Cross Classifications", Journal of the American
 // Statistical Association 49 (1954); there the direction of the columns is given, here the table chooses it.
 Gamma CalculerGamma(const crosstab::TableauCompte& table);
 
-// Writes the block under its title. Raises 11 at the line of gamma when it has no value.
+// Writes the block under its title. Raises kDivisionParZero at the line of gamma when it has no value.
 void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma);
 
 }  // namespace quelvar::tables

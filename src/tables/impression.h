@@ -34,7 +34,7 @@ void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const 
 // The part that the first factor takes of the chi-square of the observed table.
 void ImprimerPartDuFacteur(Rapport& rapport, const PartDuFacteur& part, int largeur);
 
-// From "Somme des écarts positifs" to the V of Cramér. Raises 11 at the line of an index without value.
+// From "Somme des écarts positifs" to the V of Cramér. Raises kDivisionParZero at the line of an index without value.
 void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur);
 
 // The sentence on the order of rows and columns that closes the report.

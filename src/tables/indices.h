@@ -20,8 +20,8 @@ struct IndicesGlobaux {
   std::optional<double> vCramer;         // from 0 to 1
 };
 
-// V and its square, the ratio: H. Cramér, "Mathematical Methods of Statistics" (1946), 21.9. Raises 5 for a negative
-// ratio, which only negative counts can give.
+// V and its square, the ratio: H. Cramér, "Mathematical Methods of Statistics" (1946), 21.9. Raises kArgumentIncorrect
+// for a negative ratio, which only negative counts can give.
 IndicesGlobaux CalculerIndices(const crosstab::TableauCompte& table, const crosstab::SommesDEcarts& observe,
                                const crosstab::SommesDEcarts& maximum);
 
@@ -31,7 +31,7 @@ struct PartDuFacteur {
   double khi2 = 0;
   double khi2Total = 0;
 };
-// Raises 11 for a chi-square of 0.
+// Raises kDivisionParZero for a chi-square of 0.
 PartDuFacteur CalculerPart(double valeurPropre, double khi2, double effectif);
 
 }  // namespace quelvar::tables

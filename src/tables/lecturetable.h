@@ -16,11 +16,12 @@ struct TableLue {
   std::vector<NomDElement> lignes;
 };
 
-// The first `lignes` rows of a .BRT. Raises 62 when it has fewer, and the numbers of LireLigneBrt and LecteurLignes.
+// The first `lignes` rows of a .BRT. Raises kFinDeFichierDepassee when it has fewer, and the failures of LireLigneBrt
+// and LecteurLignes.
 TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, int largeur);
 
 // The first `modalites` rows of a Burt table, cut in as many cells; there are at least as many names. Raises as above,
-// and a sentence (13) when the rows are not those of these modalities.
+// and a sentence (kIncompatibiliteType) when the rows are not those of these modalities.
 DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, const std::vector<NomDElement>& noms);
 
 }  // namespace quelvar::tables

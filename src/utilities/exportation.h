@@ -21,7 +21,8 @@ struct OptionsExportation {
 std::string ManqueExportation(const Contexte& contexte, const OptionsExportation& options);
 
 // Report: generic and ".prt". A position beyond a line stops the run at that line, the lines before it being written;
-// a zone that ends more than one column before it starts, or starts before column 1, is error 5 and writes nothing.
+// a zone that ends more than one column before it starts, or starts before column 1, is kArgumentIncorrect and writes
+// nothing.
 Fin Exporter(const Contexte& contexte, const OptionsExportation& options);
 
 }  // namespace quelvar::utilities

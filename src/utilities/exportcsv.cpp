@@ -7,10 +7,12 @@
 #include <optional>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "utilities/exportcsv_textes.h"
 #include "utilities/utilitaires.h"
@@ -279,9 +281,21 @@ void Prevenir(const Contexte& contexte, const ValeursSansCode& valeurs, const st
   if (!confondus.empty()) contexte.Ecran().demander(confondus, Boutons::Ok);
 }
 
+// The cells at their longest, for the individuals that are announced and that the file can hold.
+void ExigerPlaceDuCsv(Rapport& rapport, const Contexte& contexte, const std::vector<ColonneCsv>& colonnes,
+                      const Chemin& donnees, const LigneTaille& taille) {
+  const std::uint64_t lignes =
+      std::min<std::uint64_t>(static_cast<std::uint64_t>(std::max<std::int64_t>(AnnoncesOuComptes(taille, donnees), 0)),
+                              LongueurFichier(donnees));
+  std::uint64_t ligne = 2;
+  for (const ColonneCsv& colonne : colonnes) ligne += colonne.plusLongue + 1;
+  ExigerPlace(contexte, rapport, {0, lignes * ligne});
+}
+
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
-  const FichierPos pos = LirePos(*sources.pos, contexte.Ecran());
+  const FichierPos pos = LirePos(*sources.pos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   std::vector<Champ> champs = ChampsDe(pos);
   const IntitulesModalites intitules = LireIntitules(*sources.modalites);
   const Tableur tableur(options);
@@ -293,9 +307,9 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
     colonnes.push_back(DresserColonne(question, questions.back().textes, tableur));
     champs[i] = colonnes.back().champ;
   }
+  ExigerPlaceDuCsv(rapport, contexte, colonnes, *sources.donnees, pos.taille);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  for (const Chemin& ancien : Anciens(contexte, options))
-    sorties.Copier(ancien, CopieDe(contexte, ancien), Nature::Unique);
+  for (const Chemin& ancien : Anciens(contexte, options)) Sauvegarder(sorties, ancien, TexteDe(ancien.filename()));
   Ecrivain& csv = sorties.Ouvrir(contexte.Nom(".csv"), Nature::Refaisable);
   EcrireTitres(csv, pos, tableur, options);
   LigneCsv ligne(colonnes, tableur);

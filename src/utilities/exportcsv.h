@@ -19,7 +19,7 @@ struct OptionsExportCsv {
 
 // Report: "$$$.prt", empty unless a file is missing. Writes generic and ".csv"; where there is one already, a box asks
 // before it is replaced. A value outside its codes reads as a non-response; a box tells how many there were, and the
-// questions of which two codes are written alike. Raises 5, with the question, for a position below 1.
+// questions of which two codes are written alike. Raises kArgumentIncorrect, with the question, for a position below 1.
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options);
 
 }  // namespace quelvar::utilities

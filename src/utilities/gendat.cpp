@@ -128,13 +128,14 @@ void EcrireTete(Rapport& rapport, const Contexte& contexte) {
 void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerTableau(rapport, contexte);
   EcrireTete(rapport, contexte);
-  const Tableau tableau = LireTableau(rapport, contexte);
+  const Tableau tableau = LireTableau(contexte);
+  ExigerFormat(rapport, contexte, tableau);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
   ExigerPlaceDesDonnees(rapport, contexte, tableau, questions);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   if (const std::optional<Chemin> anciennes = contexte.Chercher(".DAT"))
-    sorties.Copier(*anciennes, NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".DAT")), Nature::Unique);
+    Sauvegarder(sorties, *anciennes, contexte.Nom(".DAT"));
   Ecrivain& donnees = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees);
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), tableau.titre, questions, bilan.individus);

@@ -19,7 +19,7 @@ std::array<std::string, 3> NomsDesQuestions(std::string_view titre);
 
 // Report: generic and ".prt". Writes .DAT and .POS of the generic; a former .POS is kept as .PO2. Where there is a .DAT
 // already, a box asks before it is replaced. Cells are rounded, negative ones make no individual, both are told.
-// Raises 6 for more than 999 rows, columns or blocks.
+// Raises kDepassementCapacite for more than 999 rows, columns or blocks.
 Fin Gendat(const Contexte& contexte, const OptionsGendat& options);
 
 }  // namespace quelvar::utilities

@@ -134,7 +134,8 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
                      const std::string& nouveau) {
   ExigerTableau(rapport, contexte);
   EcrireBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
-  const Tableau tableau = LireTableau(rapport, contexte);
+  const Tableau tableau = LireTableau(contexte);
+  ExigerFormat(rapport, contexte, tableau);
   // A text for each cell in memory; the inverted table takes as much as the table.
   const auto cellules =
       static_cast<std::uint64_t>(std::clamp<std::int64_t>(tableau.lignes, 0, tableau.lignesDuFichier)) *

@@ -68,16 +68,13 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
   throw Erreur(kArretAnnonce);
 }
 
-Tableau LireTableau(Rapport& rapport, const Contexte& contexte) {
+Tableau LireTableau(const Contexte& contexte) {
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   Tableau tableau;
   tableau.brt = contexte.Exiger(".BRT");
   tableau.titre = mod.titre;
-  tableau.parametres = LireParametres(mod.parametres, &rapport);
-  if (tableau.parametres.largeur == 0) {
-    contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
-    throw Erreur(kArretAnnonce);
-  }
+  tableau.parametres = LireParametres(mod.parametres);
+  if (tableau.parametres.largeur == 0) return tableau;
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)
     tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule)});
@@ -85,6 +82,13 @@ Tableau LireTableau(Rapport& rapport, const Contexte& contexte) {
   tableau.lignesDuFichier = CompterRangees(tableau.brt);
   tableau.lignes = LignesDUnBloc(tableau.parametres, tableau.lignesDuFichier);
   return tableau;
+}
+
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau) {
+  rapport.Lignes(tableau.parametres.remarques);
+  if (tableau.parametres.largeur != 0) return;
+  contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
+  throw Erreur(kArretAnnonce);
 }
 
 void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,

@@ -43,9 +43,12 @@ struct CellulesAPart {
 
 // Writes what is missing and stops the run (kArretAnnonce).
 void ExigerTableau(Rapport& rapport, const Contexte& contexte);
-// Reads the pair but for the cells. Without a format a box says so and the run stops (kArretAnnonce). Raises 62 for a
-// .MOD of less than two lines, 5 for a width below 1, and a sentence (13) for a list of names that lacks columns.
-Tableau LireTableau(Rapport& rapport, const Contexte& contexte);
+// Reads the pair but for the cells; without its rows when there is no format. Raises kFinDeFichierDepassee for a .MOD
+// of less than two lines, kArgumentIncorrect for a width below 0, and a sentence (kIncompatibiliteType) for a list of
+// names that lacks columns.
+Tableau LireTableau(const Contexte& contexte);
+// Tells the remarks on the parameters; without a format a box says so and the run stops (kArretAnnonce).
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau);
 
 // One cell at a time, row by row.
 struct LigneDeTableau {
@@ -55,7 +58,7 @@ struct LigneDeTableau {
   std::vector<std::string_view> cellules;  // as they stand in the file; they live until the next row
   std::string intitule;                    // trimmed, at most 25 characters
 };
-// Gives the first `lignes` rows. Raises 62 when the file has fewer.
+// Gives the first `lignes` rows. Raises kFinDeFichierDepassee when the file has fewer.
 void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
                       const std::function<void(const LigneDeTableau&)>& recevoir);
 

@@ -30,7 +30,7 @@ CleDeTri CleDe(std::string_view texte);
 using SuiviDeTri = std::function<void(std::int64_t reste)>;
 
 // Ranks (from 0) of the keys in their sorted order. Not stable: equal keys stand as the heap sort of (key, rank)
-// records leaves them. Raises 7 for more than 2^32 keys.
+// records leaves them. Raises kMemoireInsuffisante for more than 2^32 keys.
 std::vector<std::uint32_t> TriChaines(const std::vector<CleDeTri>& cles, SensDeTri sens, const SuiviDeTri& suivre);
 
 }  // namespace quelvar::utilities

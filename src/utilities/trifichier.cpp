@@ -32,7 +32,7 @@ struct Longueurs {
     total += static_cast<double>(longueur);
     totalDesCarres += static_cast<double>(longueur) * static_cast<double>(longueur);
   }
-  // Raises 11 without a line.
+  // Raises kDivisionParZero without a line.
   double Moyenne() const {
     if (lignes == 0) throw Erreur(kDivisionParZero);
     return total / static_cast<double>(lignes);

@@ -18,7 +18,7 @@ struct ChampDeTri {
   SensDeTri sens = SensDeTri::Croissant;
 };
 
-// Ranks (from 0) of the lines in the order of the field. Raises 5 for a negative position or width.
+// Ranks (from 0) of the lines in the order of the field. Raises kArgumentIncorrect for a negative position or width.
 std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& lignes, const ChampDeTri& champ,
                                           const Dialogue& dialogue);
 

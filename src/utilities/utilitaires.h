@@ -44,7 +44,7 @@ inline constexpr std::string_view kTriSurPlace =
 // Why a run can't write its report or its result without losing a file that it reads; empty when it can.
 std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::string_view> entrees);
 
-// A position or a width as typed. Raises 6 beyond 32 bits.
+// A position or a width as typed. Raises kDepassementCapacite beyond 32 bits.
 std::int32_t NombreTape(std::string_view texte);
 
 // Moves the progress display by the bytes of the file that is read.

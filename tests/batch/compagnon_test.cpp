@@ -67,13 +67,23 @@ TEST_F(Compagnon, TellsWhatItCouldNotReadOrWrite) {
 TEST_F(Compagnon, NothingTakesTheDiskOrTheMemoryUnasked) {
   Ecrire("T.MOD", "T\r\n LIGN=1 FMT=15 \r\nC1     x\r\n");
   Ecrire("T.BRT", "L1  999999999999999\r\n");
-  for (const char* ligne :
-       {"$Q gendat T", "truncate -s 64G G.TXT; $Q trifichier T a=G.TXT c=H.TXT position=1 largeur=3"}) {
+  Ecrire("M.MOD", "M\r\n BRT=1 FMT=1 \r\nCIN1 Y oui\r\nCIN2   non\r\nSEX1 R homme\r\nSEX2 X femme\r\n");
+  Ecrire("G.POS", "G\r\n 900000000000 \r\nAAA   1 2 $Une question$\r\n");
+  Ecrire("G.MOD", "G\r\n BRT=2 FMT=1 \r\nAAA1   Une modalite\r\nAAA2   Une autre\r\n");
+  for (const char* ligne : {
+           "$Q gendat T",
+           "truncate -s 64G G.TXT; $Q trifichier T a=G.TXT c=H.TXT position=1 largeur=3",
+           "truncate -s 900G G.DAT; $Q export-csv G",
+           "$Q varint G questions=AAA",
+           "truncate -s 900G G.TRG; $Q triang G",
+           "truncate -s 900G M.TXT; $Q saisiemot M position=2",
+           "truncate -s 900G M.CDG; $Q anatab M",
+       }) {
     EXPECT_EQ(Lancer(ligne), 1) << ligne << '\n' << sortie_;
     EXPECT_NE(sortie_.find("*** Arret du programme : il prendrait"), std::string::npos) << ligne << '\n' << sortie_;
     EXPECT_NE(sortie_.find("octets"), std::string::npos);
   }
-  EXPECT_NE(Lancer("ls T.DAT T.POS H.TXT"), 0);
+  EXPECT_NE(Lancer("ls T.DAT T.POS H.TXT G.csv G.BRT G.svg M.DAT M.CD2"), 0);
 }
 
 TEST_F(Compagnon, NamesInOtherScriptsAreOpenedAsTheyAre) {

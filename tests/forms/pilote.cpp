@@ -3,15 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMap>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QSet>
 #include <QTabWidget>
 #include <QTimer>
 #include <fstream>
@@ -77,6 +81,7 @@ void Pilote::Repondre(QDialog& boite) {
     boite.reject();
     return;
   }
+  if (qobject_cast<QFileDialog*>(&boite) == nullptr) VerifierControles(boite);  // Qt's own is none of ours
   const auto reponse = std::move(reponses_.front());
   reponses_.pop_front();
   reponse(boite);
@@ -212,6 +217,54 @@ QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget&
   EXPECT_EQ(std::system(ligne.toUtf8().constData()), 0) << commande.toStdString();
   EXPECT_EQ(Fichiers(copie.Chemin()), Fichiers(bureau.Dossier())) << commande.toStdString();
   return commande;
+}
+
+namespace {
+
+void VerifierLettres(const QWidget& fenetre) {
+  QMap<QString, QStringList> lettres;
+  const auto noter = [&](const QWidget& controle, const QString& texte) {
+    const QString lettre = QKeySequence::mnemonic(texte).toString();
+    if (!lettre.isEmpty() && controle.isVisible()) lettres[lettre] << texte;
+  };
+  for (const auto* bouton : fenetre.findChildren<QAbstractButton*>()) noter(*bouton, bouton->text());
+  for (const auto* libelle : fenetre.findChildren<QLabel*>())
+    if (libelle->buddy() != nullptr) noter(*libelle, libelle->text());
+  for (const auto* cadre : fenetre.findChildren<QGroupBox*>()) noter(*cadre, cadre->title());
+  for (auto i = lettres.cbegin(); i != lettres.cend(); ++i)
+    EXPECT_EQ(i.value().size(), 1) << i.key().toStdString() << ": " << i.value().join(u" / ").toStdString();
+}
+
+void VerifierNoms(const QWidget& fenetre) {
+  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
+    const bool dedans = controle->objectName() == QStringLiteral("qt_spinbox_lineedit");  // named by what it is in
+    if (!controle->isVisible() || !(controle->focusPolicy() & Qt::TabFocus) || dedans) continue;
+    QAccessibleInterface* acces = QAccessible::queryAccessibleInterface(controle);
+    EXPECT_TRUE(acces != nullptr && !acces->text(QAccessible::Name).isEmpty())
+        << controle->metaObject()->className() << ' ' << controle->objectName().toStdString();
+  }
+}
+
+// The Tab key reaches every control, and comes back to where it started.
+void VerifierTabulation(QWidget& fenetre) {
+  QSet<const QWidget*> attendus;
+  for (const QWidget* controle : fenetre.findChildren<QWidget*>())
+    if (controle->isVisible() && controle->isEnabled() && (controle->focusPolicy() & Qt::TabFocus) &&
+        controle->focusProxy() == nullptr && controle->window() == &fenetre)
+      attendus << controle;
+  QSet<const QWidget*> vus;
+  for (const QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre && suivant != nullptr;
+       suivant = suivant->nextInFocusChain())
+    vus << suivant;
+  for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
+}
+
+}  // namespace
+
+void VerifierControles(QWidget& fenetre) {
+  VerifierLettres(fenetre);
+  VerifierNoms(fenetre);
+  VerifierTabulation(fenetre);
 }
 
 }  // namespace essai

@@ -123,6 +123,10 @@ bool Coche(const QWidget& forme, const char* nom);
 QString Etiquette(const QWidget& forme, const char* nom);
 QString Champ(const QWidget& forme, const char* nom);
 
+// What holds for every window: one letter each, a name for every control that a screen reader meets, all of them within
+// reach of the Tab key.
+void VerifierControles(QWidget& fenetre);
+
 // Takes the line that "Voir la commande" of the form shows, does what the form does, and tries the line with
 // quelvar-batch in a copy of the directory made before: every file must come out the same. Returns the line.
 QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,

@@ -99,7 +99,9 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
   for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
     std::vector<SousEffet> attendus;
     std::copy_if(trouves.begin(), trouves.begin() + static_cast<std::ptrdiff_t>(rang), std::back_inserter(attendus),
-                 [&](const SousEffet& paire) { return ModaliteComparee(paire, table, cellules) == k; });
+                 [&](const SousEffet& paire) {
+                   return cellules[table.Modalites(paire.Comparee())[paire.question]].designee == k;
+                 });
     trouves.resize(rang);
     ParcourirSousEffets(table, cellules, voisinages, k, prendre);
     ASSERT_EQ(trouves.size() - rang, attendus.size());

@@ -26,7 +26,7 @@ struct Apercu {
 inline constexpr std::size_t kLignesApercu = 200;
 
 // The first rows under that reading; files up to kApercuEntier bytes are read whole, so that their facts are those of
-// the import. Raises what DetecterLecture raises, and a sentence (13) for a file of titles only.
+// the import. Raises what DetecterLecture raises, and a sentence (kIncompatibiliteType) for a file of titles only.
 inline constexpr std::uintmax_t kApercuEntier = std::uintmax_t{4} << 20;
 // `individus`: rows that the facts are made of, when the file has more.
 Apercu LireApercu(const Chemin& source, const Lecture& lecture, std::int64_t individus = kLignesApercu);

@@ -12,7 +12,8 @@ namespace quelvar::capture {
 // doubled. Parameters: "ordre=alphabetique|frequence", "textes=Homme|Femme", "zero=NSP|NR", "bornes=15|25|35",
 // "groupes=5", "liste=;", "reponses=Oui". Lines that start with "#" are remarks.
 std::string EcrireImc(const std::vector<ChoixDeColonne>& choix);  // the bytes of the file
-// Raises a sentence (13) with line and text for a line that cannot be read, and the numbers of LecteurLignes.
+// Raises a sentence (kIncompatibiliteType) with line and text for a line that cannot be read, and the failures of
+// LecteurLignes.
 std::vector<ChoixDeColonne> LireImc(const Chemin& chemin);
 
 // The choices of the columns: those of the file with the same title (the n-th with it, where titles repeat), the

@@ -89,27 +89,12 @@ void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan
   exiger(contexte.Nom("N.POS"), Boutons::NonOui);
 }
 
-bool MemesOctets(const Chemin& a, const Chemin& b) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
-  if (LongueurFichier(a) != LongueurFichier(b)) return false;
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(a, place, kMorceau), !octets.empty(); place += octets.size())
-    if (octets != LireMorceau(b, place, kMorceau)) return false;
-  return true;
-}
-
-// What the user may have written by hand stays under a name of its own.
-void Garder(const Contexte& contexte, const Chemin& ancien, JeuDeFichiers& sorties) {
-  sorties.Copier(ancien, NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename())), Nature::Unique);
-}
-
 // The choices of an earlier import that this one has not taken are kept, and told.
 void EcrireChoix(Rapport& rapport, const Contexte& contexte, const OptionsImport& options, const std::string& octets,
                  JeuDeFichiers& sorties) {
   const std::optional<Chemin> ancien = contexte.Chercher(".IMC");
   if (ancien && LireOctets(*ancien) != octets) {
-    const std::string copie = NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien->filename()));
-    sorties.Copier(*ancien, copie, Nature::Unique);
+    const std::string copie = Sauvegarder(sorties, *ancien, TexteDe(ancien->filename()));
     const std::optional<Chemin> pris = ChercherFichier(contexte.repertoire, options.fichierChoix);
     const bool servi = !options.choix.empty() || (!options.fichierChoix.empty() && pris && MemeFichier(*pris, *ancien));
     rapport.Ligne(
@@ -128,7 +113,7 @@ void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const Sour
   if (ancien && MemeFichier(*ancien, fichiers.source)) return;
   // The texts take the place of the .TXT: what was read of it stays as .CSV.
   if (texte && MemeFichier(*texte, fichiers.source) && plan.longues.empty()) return;
-  if (ancien && !MemesOctets(*ancien, source.Texte())) Garder(contexte, *ancien, sorties);
+  if (ancien && !MemesOctets(*ancien, source.Texte())) Sauvegarder(sorties, *ancien, TexteDe(ancien->filename()));
   sorties.Copier(source.Texte(), nom, Nature::Refaisable);
 }
 
@@ -215,6 +200,11 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   const auto& [table, plan, bilan, sorties] = travail;
   ArreterSurRefus(rapport, contexte, fichiers.nomSource, table, bilan);
 
+  if (plan.colonnes.empty() && plan.nombres.empty() && plan.longues.empty())
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"*** Arrêt du programme : aucune colonne ne donne de question, de nombre "
+                          "ni de texte. Vérifiez la lecture ("_w,
+                          DireLecture(table.lecture), "), ou dites ce que deviennent les colonnes."}));
   if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   IntitulesPerdus perdus;

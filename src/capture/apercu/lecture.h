@@ -47,8 +47,9 @@ struct LectureDetectee {
   std::vector<std::string> DoutesDe(const Lecture& enCours) const;
 };
 
-// Looks at the head of the file (at most kTete bytes), or at all of it. Raises a sentence (13) for a file that is no
-// text (zero bytes outside UTF-16, a workbook, a picture...), 62 for an empty one, and the numbers of LecteurLignes.
+// Looks at the head of the file (at most kTete bytes), or at all of it. Raises a sentence (kIncompatibiliteType) for a
+// file that is no text (zero bytes outside UTF-16, a workbook, a picture...), kFinDeFichierDepassee for an empty one,
+// and the failures of LecteurLignes.
 inline constexpr std::size_t kTete = std::size_t{1} << 20;
 enum class Etendue { Tete, Entier };
 LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue = Etendue::Tete);

@@ -16,7 +16,8 @@ struct Reconnaissance {
   std::vector<ChoixDeColonne> choix;
 };
 
-// Raises what DetecterLecture, ExaminerTable and LireImc raise, and 53 for a file of choices that is not there.
+// Raises what DetecterLecture, ExaminerTable and LireImc raise, and kFichierIntrouvable for a file of choices that is
+// not there.
 Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options);
 
 }  // namespace quelvar::capture

@@ -29,7 +29,8 @@ class Partie {
   }
   Partie& operator=(Partie&&) = delete;
 
-  // The next bytes, 0 at the end. Raises a sentence: 57 for a damaged part, 7 beyond kOctetsAuPlus.
+  // The next bytes, 0 at the end. Raises a sentence: kErreurPeripherique for a damaged part, kMemoireInsuffisante
+  // beyond kOctetsAuPlus.
   std::size_t Lire(std::span<char> octets);
   const std::string& Nom() const { return nom_; }
 
@@ -41,14 +42,15 @@ class Partie {
 
 class Archive {
  public:
-  // Raises 53, 70, 75, and a sentence (13) for a file that is no archive.
+  // Raises kFichierIntrouvable, kPermissionRefusee, kAccesFichier, and a sentence (kIncompatibiliteType) for a file
+  // that is no archive.
   explicit Archive(const Chemin& chemin);
   ~Archive();
   Archive(const Archive&) = delete;
   Archive& operator=(const Archive&) = delete;
 
   bool Contient(const std::string& nom) const;
-  // Raises a sentence (13) for a part that is not there or that a password protects.
+  // Raises a sentence (kIncompatibiliteType) for a part that is not there or that a password protects.
   Partie Ouvrir(const std::string& nom) const;
   // The first bytes of a small part, empty when it is not there.
   std::string Debut(const std::string& nom, std::size_t auPlus) const;

@@ -17,15 +17,16 @@ using classeur::RecevoirLigne;
 // True for a name that ends in .ods or .xlsx (or .ots, .xlsm, .xltx, .xltm, which are read alike), in any case.
 bool EstNomDeClasseur(std::string_view nom);
 
-// The names of the sheets in the code page, in the order of the workbook. Raises 53, 70, 75, and a sentence (13, 7) for
-// what cannot be read: damaged, protected, beyond the bounds of classeur/archive.h and rangees.h.
+// The names of the sheets in the code page, in the order of the workbook. Raises kFichierIntrouvable,
+// kPermissionRefusee, kAccesFichier, and a sentence (kIncompatibiliteType, kMemoireInsuffisante) for what cannot be
+// read: damaged, protected, beyond the bounds of classeur/archive.h and rangees.h.
 std::vector<std::string> FeuillesDe(const Chemin& classeur);
 
 // The rows of one sheet from its first row on: empty rows and cells in their places, rows as long as their last cell
 // that holds something. `feuille` is a name (exactly, else without regard to case) or a number from 1; empty is the
 // first sheet that is not hidden. Numbers as they are stored, dates and times as "2024-01-15 10:30:00", booleans "VRAI"
 // and "FAUX", formulas by their stored results, errors as their texts ("#N/A"), no comments. Raises as FeuillesDe, and
-// a sentence (13) that names the sheets when there is none of that name.
+// a sentence (kIncompatibiliteType) that names the sheets when there is none of that name.
 void LireFeuille(const Chemin& classeur, std::string_view feuille, const RecevoirLigne& recevoir);
 
 // Writes the sheet as CSV in UTF-8 with its mark: ";" between the cells, decimal points, CR LF, a row of the sheet for

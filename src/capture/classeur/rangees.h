@@ -25,10 +25,12 @@ class Rangees {
  public:
   explicit Rangees(const RecevoirLigne& recevoir) : recevoir_(recevoir) {}
 
-  // The row of that number, from 1, begins; those left out are empty. Raises a sentence (13) when it does not follow.
+  // The row of that number, from 1, begins; those left out are empty. Raises a sentence (kIncompatibiliteType) when it
+  // does not follow.
   void Commencer(std::int64_t rang);
   std::int64_t Suivant() const { return donnees_ + vides_ + 1; }
-  // The value stands in `fois` columns from that one, counted from 0. Raises a sentence (7) beyond the bounds.
+  // The value stands in `fois` columns from that one, counted from 0. Raises a sentence (kMemoireInsuffisante) beyond
+  // the bounds.
   void Poser(std::int64_t colonne, std::string_view valeur, std::int64_t fois = 1);
   // The row stands `fois` times. Rows that hold nothing wait for one that does.
   void Finir(std::int64_t fois = 1);

@@ -37,7 +37,7 @@ struct GestesXml {
 };
 
 // Reads the part to its end or until `assez`. A document with a type declaration, and one element longer than
-// kElementAuPlus, are refused; raises the sentences of Partie and a sentence (13) for what is no XML.
+// kElementAuPlus, are refused; raises the sentences of Partie and a sentence (kIncompatibiliteType) for what is no XML.
 inline constexpr std::int64_t kElementAuPlus = std::int64_t{16} << 20;
 void LireXml(Partie partie, const GestesXml& gestes);
 

@@ -37,10 +37,10 @@ struct EnteteDbf {
 inline constexpr std::size_t kEnteteMinimal = 32;
 
 // Reads the header from the bytes at the start of a file; the descriptions of fields that are not wholly there are not
-// read. Raises 62 when even the first 32 bytes are not there.
+// read. Raises kFinDeFichierDepassee when even the first 32 bytes are not there.
 EnteteDbf LireEnteteDbf(std::string_view octets);
-// The header of a file. Raises 62 for a file cut in its header (but not when the length announced is below
-// kEnteteMinimal), and the numbers of LireMorceau.
+// The header of a file. Raises kFinDeFichierDepassee for a file cut in its header (but not when the length announced is
+// below kEnteteMinimal), and the failures of LireMorceau.
 EnteteDbf LireEnteteDuFichier(const Chemin& chemin);
 
 // The whole records that stand in a file of that many bytes, at most those announced. Without a record length nothing
@@ -51,13 +51,13 @@ inline constexpr std::uint64_t kEnregistrementsVides = 1'000'000;
 // Gives the records of a file one after the other.
 class LecteurDbf {
  public:
-  // Raises the numbers of LongueurFichier.
+  // Raises the failures of LongueurFichier.
   LecteurDbf(Chemin chemin, const EnteteDbf& entete);
 
   std::uint64_t Enregistrements() const { return enregistrements_; }
   std::uintmax_t Taille() const { return taille_; }
   // The next record with its deletion mark, as a view that lives until the next call; false behind the last one.
-  // Raises 57, 70, and 62 for a file that has become shorter.
+  // Raises kErreurPeripherique, kPermissionRefusee, and kFinDeFichierDepassee for a file that has become shorter.
   bool Lire(std::string_view& enregistrement);
 
  private:

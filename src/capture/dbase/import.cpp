@@ -9,6 +9,7 @@
 #include "capture/dbase/remarques.h"
 #include "capture/dbase/tri.h"
 #include "capture/fichiers.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
@@ -183,7 +184,8 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
 
 // Counts a .DAT by the questions of its .POS; both stay as they are.
 void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
-  const FichierPos pos = LirePos(*fichiers.pos, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichiers.pos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   const std::vector<Champ> champs = quelvar::ChampsDe(pos);
   CompteurDeChamps compteur(champs);
   const std::int64_t annonces = pos.taille.individus;

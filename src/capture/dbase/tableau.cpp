@@ -78,7 +78,8 @@ std::string_view Morceau(std::string_view ligne, const ChampDbf& champ) {
   return ligne.substr(champ.position - 1, champ.largeur);
 }
 
-// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises 13 for a word.
+// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises kIncompatibiliteType
+// for a word.
 void EcrireCellule(Ecrivain& brt, std::string_view ligne, const ChampDbf& colonne, std::size_t largeur) {
   const std::string_view texte = Rogner(Morceau(ligne, colonne));
   if (!texte.empty() && !EstNombre(texte))

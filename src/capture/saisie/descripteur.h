@@ -39,7 +39,7 @@ std::string LigneDeQuestion(const DefinitionDeQuestion& question);
 // What CodeMax stands for.
 std::string_view LibelleCodeMax(GenreDescription genre);
 
-// Writes the descriptor of the generic. Raises the numbers of Remplacement.
+// Writes the descriptor of the generic. Raises the failures of Remplacement.
 void EnregistrerDescripteur(const Contexte& contexte, const EtatDescripteur& etat);
 
 }  // namespace quelvar::capture

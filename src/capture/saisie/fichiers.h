@@ -22,7 +22,7 @@ struct ExamenDat {
   bool derniereInachevee = false;    // the last line has no end
   bool uniforme = true;              // all lines have one length
 };
-// Raises 53, 57, 70 or 75.
+// Raises a failure of reading.
 ExamenDat ExaminerDat(const Chemin& dat);
 
 // Whether each record waits until the disk has it.
@@ -30,7 +30,7 @@ enum class Synchronisation { Oui, Non };
 
 class FichiersSaisie {
  public:
-  // Looks at the files of the generic and changes none; a missing .DAT has no records. Raises the numbers of
+  // Looks at the files of the generic and changes none; a missing .DAT has no records. Raises the failures of
   // ExaminerDat.
   FichiersSaisie(const Contexte& contexte, const Descripteur& descripteur,
                  Synchronisation synchronisation = Synchronisation::Oui);
@@ -44,9 +44,10 @@ class FichiersSaisie {
   // Adds a record behind the last one and writes .POS anew, in one set; both are on the disk when it returns. Lines
   // that are already clean are not copied again. A failure leaves the former files and raises its number.
   void Ajouter(std::string_view ligne);
-  // Replaces a record, counted from 1 among all lines, by an atomic replacement of .DAT. Raises 62 when there is none.
+  // Replaces a record, counted from 1 among all lines, by an atomic replacement of .DAT. Raises kFinDeFichierDepassee
+  // when there is none.
   void Corriger(std::int64_t numero, std::string_view ligne);
-  // The record of that number. Raises 62 when there is none.
+  // The record of that number. Raises kFinDeFichierDepassee when there is none.
   std::string Lire(std::int64_t numero) const;
 
   // Whether .POS holds something that the descriptor does not give (labels, rules): the first record keeps a copy of it

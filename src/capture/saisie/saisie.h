@@ -19,7 +19,7 @@ struct SaisieEnCours {
   std::string fautes;  // of the descriptor, to be shown before the first question; lines separated by CR LF
 };
 
-// Reads .DAT and .DES and gives the entry its start; nothing without a .DES. Raises the numbers of the readers.
+// Reads .DAT and .DES and gives the entry its start; nothing without a .DES. Raises the failures of the readers.
 std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte,
                                              Synchronisation synchronisation = Synchronisation::Oui);
 

@@ -84,12 +84,7 @@ Position Dessin::VersUtilisateur(Position p) const {
 void Dessin::Calquer(std::string_view nom) {
   const auto calque = std::find_if(calques_.begin(), calques_.end(), [&](const Calque& c) { return c.nom == nom; });
   calque_ = static_cast<std::uint16_t>(calque - calques_.begin());
-  if (calque == calques_.end()) calques_.push_back({std::string(nom), true, {}});
-}
-
-void Dessin::MontrerCalque(std::string_view nom, bool visible) {
-  for (Calque& calque : calques_)
-    if (calque.nom == nom) calque.visible = visible;
+  if (calque == calques_.end()) calques_.push_back({std::string(nom), {}});
 }
 
 Forme& Dessin::Ajouter(GenreForme genre, std::span<const Position> points) {
@@ -162,7 +157,7 @@ Zone Dessin::Etendue(const Forme& forme) const {
 
 std::optional<std::int32_t> Dessin::ElementSous(Position page, double tolerance) const {
   for (auto forme = formes_.rbegin(); forme != formes_.rend(); ++forme) {
-    if (forme->id < 0 || !Visible(*forme) || !Elargie(Etendue(*forme), tolerance).Contient(page)) continue;
+    if (forme->id < 0 || !Elargie(Etendue(*forme), tolerance).Contient(page)) continue;
     if (Coupe(*forme) && !Coupe(*forme)->Contient(page)) continue;
     if (forme->genre != GenreForme::Ligne) return forme->id;
     for (std::size_t rang = 1; rang < forme->nombre; ++rang)

@@ -110,7 +110,6 @@ struct Zone {
 
 struct Calque {
   std::string nom;
-  bool visible = true;
   std::optional<Zone> coupe;  // nothing of the layer is seen outside it
 };
 
@@ -129,7 +128,6 @@ class Dessin {
 
   // What is added from now on belongs to that layer, which is made when there is none of the name.
   void Calquer(std::string_view nom);
-  void MontrerCalque(std::string_view nom, bool visible);
   // Cuts the marks of the present layer off at the edges of a zone of the page.
   void Couper(const Zone& zone) { calques_[calque_].coupe = zone; }
   // What is added from now on stands for that element.
@@ -145,7 +143,6 @@ class Dessin {
 
   const std::vector<Forme>& Formes() const { return formes_; }
   const std::vector<Calque>& Calques() const { return calques_; }
-  bool Visible(const Forme& forme) const { return calques_[forme.calque].visible; }
   const std::optional<Zone>& Coupe(const Forme& forme) const { return calques_[forme.calque].coupe; }
   std::span<const Position> Points(const Forme& forme) const {
     return std::span(points_).subspan(forme.premier, forme.nombre);

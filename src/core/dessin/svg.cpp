@@ -132,7 +132,6 @@ std::string TexteSvg(const Dessin& dessin) {
   std::optional<std::uint16_t> ouvert;
   std::size_t groupes = 0;
   for (const Forme& forme : dessin.Formes()) {
-    if (!dessin.Visible(forme)) continue;
     if (ouvert != forme.calque) {
       if (ouvert) svg += "</g>\n";
       svg += DebutDeGroupe(dessin.Calques()[forme.calque], ++groupes);

@@ -1,4 +1,4 @@
-// A picture as an SVG text, one group a visible layer.
+// A picture as an SVG text, one group a layer.
 #pragma once
 
 #include <string>

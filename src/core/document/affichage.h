@@ -24,7 +24,7 @@ struct AffichagePartiel {
   std::size_t lignesDeRegle = 0;  // lines of the ruler in front
   bool entier = true;             // the whole file is there
 };
-// The first characters of a file, under a ruler if one is asked for. Raises 53, 57, 70 or 75.
+// The first characters of a file, under a ruler if one is asked for. Raises a failure of reading.
 AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle);
 
 // How a result file is shown: one longer than kAffichageEntier goes to the viewer, the text box could not hold it.
@@ -34,7 +34,7 @@ struct Resultat {
   Etat etat = Etat::Montre;
   std::string texte;  // the file, the question whether to delete it, or where to look at it
 };
-// Raises 53, 57, 70 or 75.
+// Raises a failure of reading.
 Resultat LireResultat(const Chemin& chemin);
 
 }  // namespace quelvar

@@ -19,7 +19,7 @@ struct Empreinte {
 };
 // Of a file whose bytes have been read or written.
 Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets);
-// Without a look at the content. Raises 53, 70 or 75.
+// Without a look at the content. Raises kFichierIntrouvable, kPermissionRefusee or kAccesFichier.
 Empreinte EmpreinteSansContenu(const Chemin& chemin);
 
 enum class SurDisque { Inchange, Modifie, Disparu };

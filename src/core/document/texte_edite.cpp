@@ -48,7 +48,7 @@ std::array<char16_t, 256> TableDeLecture() {
 }
 
 bool EstUtf8Lisible(std::string_view octets) {
-  if (!octets.starts_with(kMarqueUtf8) && !EstUtf8MultiOctet(octets)) return false;
+  if (!EstUtf8(octets)) return false;
   while (!octets.empty()) {
     const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
     if (lu.longueur == 0 || EstReserve(lu.point)) return false;

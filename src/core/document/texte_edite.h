@@ -63,9 +63,9 @@ struct FichierOuvert {
   Empreinte empreinte;
   Mesure mesure;  // when it exceeds the capacity the document is empty
 };
-// Raises 53, 57, 70 or 75.
+// Raises a failure of reading.
 FichierOuvert OuvrirDocument(const Chemin& chemin, const Capacite& capacite);
-// Writes the file in one rename and returns what it is now. Raises 61, 57, 70, 75 or 76: the file then stays what it
+// Writes the file in one rename and returns what it is now. Raises a failure of writing: the file then stays what it
 // was.
 Empreinte EnregistrerDocument(const Chemin& chemin, std::u16string_view texte, const FormeTexte& forme);
 

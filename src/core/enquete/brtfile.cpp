@@ -51,21 +51,6 @@ void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std
   fichier.Ligne(intitule);
 }
 
-void LireLigneCdg(std::string_view texte, int modalites, LigneCdg& ligne) {
-  ligne.nom = CadreGauche(texte.substr(0, kLargeurNom), kLargeurNom);
-  ligne.presence.resize(static_cast<std::size_t>(std::max(modalites, 0)));
-  for (std::size_t j = 0; j < ligne.presence.size(); ++j)
-    ligne.presence[j] = kLargeurNom + j < texte.size() && texte[kLargeurNom + j] == '1' ? 1 : 0;
-  ligne.nomLong = Milieu(texte, kLargeurNom + ligne.presence.size() + 1);
-}
-
-void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std::uint8_t> presence) {
-  const bool nomLong = nom.size() > kLargeurNom;
-  fichier.Ecrire(CadreGauche(nomLong ? std::string_view{} : nom, kLargeurNom));
-  for (const std::uint8_t present : presence) fichier.Ecrire(present != 0 ? '1' : '0');
-  fichier.Ligne(nomLong ? nom : std::string_view{});
-}
-
 int LargeurDeTable(std::int64_t plusGrandeCellule) { return static_cast<int>(Nombre(plusGrandeCellule).size()); }
 
 namespace {

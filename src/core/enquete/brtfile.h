@@ -19,33 +19,23 @@ struct LigneBrt {
 };
 
 // Cuts a row of `colonnes` cells; `ligne.cellules` is filled in place, so that one row serves a whole file.
-// Raises 5 for a width below 1, 6 for a value beyond a double.
+// Raises kArgumentIncorrect for a width below 1, kDepassementCapacite for a value beyond a double.
 void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne);
 
 // Writes a row of integer cells, right-aligned in the width and without separator.
 void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,
                     std::string_view intitule = {});
 
-// One line of a .CDG: short name in columns 1-4, one digit a modality, the long name behind them.
-struct LigneCdg {
-  std::string nom;                     // 4 characters
-  std::vector<std::uint8_t> presence;  // 0 or 1 for each modality
-  std::string nomLong;                 // empty unless the name is longer than 4 characters
-};
-
-void LireLigneCdg(std::string_view texte, int modalites, LigneCdg& ligne);
-// A name longer than 4 characters leaves columns 1-4 blank and stands behind the digits.
-void EcrireLigneCdg(Ecrivain& fichier, std::string_view nom, std::span<const std::uint8_t> presence);
-
 // Follows the rows of a Burt table as they are read, and stops the run when the table is not that of the .MOD: a row
 // that bears the name of another modality, or rows of other widths than those that the parameters tell.
 class ControleDeBurt {
  public:
   ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur);
-  // The next row; raises a sentence (13) for a name that is not the one of its modality. A row without a name passes.
+  // The next row; raises a sentence (kIncompatibiliteType) for a name that is not the one of its modality. A row
+  // without a name passes.
   void Voir(std::string_view texte, std::string_view nomAttendu);
-  // All rows were seen; raises a sentence (13) when every one is too short for its cells, or goes on with digits
-  // or with the numbers of two more cells.
+  // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, or goes on
+  // with digits or with the failures of two more cells.
   void Conclure() const;
 
  private:

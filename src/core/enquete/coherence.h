@@ -18,9 +18,9 @@ class ControleDeTable {
  public:
   ControleDeTable(const Chemin& brt, const ParametresMod& parametres, std::size_t colonnes);
   void Voir(std::string_view texte);
-  // All rows were seen; raises a sentence (13) when every one is too short for its cells, when every one goes on with a
-  // number and the .MOD has another count of columns than it announces, or when the last one has no line end and stops
-  // inside a cell.
+  // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, when every
+  // one goes on with a number and the .MOD has another count of columns than it announces, or when the last one has no
+  // line end and stops inside a cell.
   void Conclure() const;
   std::int64_t Lignes() const { return lignes_; }
 
@@ -35,16 +35,16 @@ class ControleDeTable {
   bool entamee_ = false;  // the last row stops inside a cell
 };
 
-// Reads the whole table and raises a sentence (13) when it is not that of the .MOD: rows with other names, another
-// width, too few of them, or a .MOD whose modalities are not as many as it announces. For readers that look at nothing
-// of this on their way. Raises the numbers of LecteurLignes.
+// Reads the whole table and raises a sentence (kIncompatibiliteType) when it is not that of the .MOD: rows with other
+// names, another width, too few of them, or a .MOD whose modalities are not as many as it announces. For readers that
+// look at nothing of this on their way. Raises the failures of LecteurLignes.
 void ExigerTableDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres);
 // Of that, what the shape of the rows tells.
 void ExigerFormeDuMod(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres);
 
-// Reads the whole logical coding and raises a sentence (13) when it is not that of the .MOD: lines that have fewer or
-// more digits than there are modalities, other individuals than the .MOD counts, or a .MOD whose modalities are not as
-// many as it announces. Single short lines pass. Raises the numbers of LecteurLignes.
+// Reads the whole logical coding and raises a sentence (kIncompatibiliteType) when it is not that of the .MOD: lines
+// that have fewer or more digits than there are modalities, other individuals than the .MOD counts, or a .MOD whose
+// modalities are not as many as it announces. Single short lines pass. Raises the failures of LecteurLignes.
 void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMod& parametres);
 
 }  // namespace quelvar

@@ -23,7 +23,7 @@ inline Champ ChampDe(const Question& question) {
   return {static_cast<std::uint32_t>(question.position - 1), static_cast<std::uint32_t>(question.largeur)};
 }
 
-// The fields of the questions. Raises 5, with the question, for a position below 1.
+// The fields of the questions. Raises kArgumentIncorrect, with the question, for a position below 1.
 std::vector<Champ> ChampsDe(const FichierPos& pos);
 
 // Bytes that a line must have for every field to lie inside it.
@@ -34,12 +34,13 @@ std::size_t LongueurUtile(const std::vector<Champ>& champs);
 const std::array<std::uint8_t, 256>& ValeursDUnOctet();
 const std::array<std::int8_t, 65536>& ValeursDeDeuxOctets();  // index: first byte + 256 * second byte
 
-// Value of a field: lenient conversion, rounded to 16 bits; 0 past the end of the line. Raises 6, with its column.
+// Value of a field: lenient conversion, rounded to 16 bits; 0 past the end of the line. Raises kDepassementCapacite,
+// with its column.
 int LireChamp(std::string_view ligne, Champ champ);
 // The same from the bytes of the field.
 int ConvertirChamp(std::string_view octets, Champ champ);
 
-// Value of a field that lies wholly inside a line of bytes. Raises 6.
+// Value of a field that lies wholly inside a line of bytes. Raises kDepassementCapacite.
 inline int LireChampInterieur(const char* ligne, Champ champ) {
   const char* octets = ligne + champ.debut;
   const auto chiffre = [&](int i) { return static_cast<unsigned>(static_cast<unsigned char>(octets[i])) - '0'; };
@@ -60,7 +61,8 @@ class LecteurIndividus {
  public:
   LecteurIndividus(const Chemin& chemin, std::size_t longueurUtile) : lecteur_(chemin), tampon_(longueurUtile, ' ') {}
 
-  // The next line as a pointer on bytes that live until the next call; nullptr at the end of the file. Raises 57.
+  // The next line as a pointer on bytes that live until the next call; nullptr at the end of the file. Raises
+  // kErreurPeripherique.
   const char* Lire() {
     if (!lecteur_.Lire(ligne_)) return nullptr;
     return ligne_.size() >= tampon_.size() ? ligne_.data() : Completer();
@@ -77,7 +79,7 @@ class LecteurIndividus {
   std::string tampon_;
 };
 
-// Number of lines of a data file. Raises the numbers of LecteurLignes.
+// Number of lines of a data file. Raises the failures of LecteurLignes.
 std::int64_t CompterLignes(const Chemin& chemin);
 
 // Gives each individual, its bytes and its rank from 1, to `traiter`, at most `maximum` of them; returns how many there

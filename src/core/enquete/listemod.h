@@ -17,14 +17,14 @@ struct ListeModalites {
   std::vector<std::string> suite;   // the end mark and what stands behind it
 };
 
-// A file of less than two lines has an empty list. Raises the numbers of LecteurLignes.
+// A file of less than two lines has an empty list. Raises the failures of LecteurLignes.
 ListeModalites LireListeModalites(const Chemin& chemin);
-// Replaces the file. Raises the numbers of Remplacement.
+// Replaces the file. Raises the failures of Remplacement.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
 // The same as one of the files of a set.
 void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste);
 // Replaces the modalities of the file by these texts; what else the file holds by then stays. Without a file,
-// raises 53.
+// raises kFichierIntrouvable.
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes);
 
 // Parts of a text of the list.
@@ -35,8 +35,8 @@ std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);
 
-// Rank of the modality of that name, blanks around it aside, or the number of texts. Raises a sentence (13) when
-// several have it.
+// Rank of the modality of that name, blanks around it aside, or the number of texts. Raises a sentence
+// (kIncompatibiliteType) when several have it.
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom);
 // Whether one modality has that name.
 bool EstSeule(const std::vector<std::string>& textes, std::string_view nom);

@@ -34,7 +34,7 @@ Modalite LireLigneModalite(std::string_view ligne);
 // A line that ends the list: its four-character head blank, empty, or holding "**".
 bool FinitLesModalites(std::string_view ligne);
 
-// Raises 62 for less than two lines and the numbers of LecteurLignes.
+// Raises kFinDeFichierDepassee for less than two lines and the failures of LecteurLignes.
 FichierMod LireMod(const Chemin& chemin);
 
 // A modality line: name in 4 columns, mark field in 3, label of at most 25 characters.
@@ -55,7 +55,7 @@ class IntitulesModalites {
   std::unordered_map<std::string, std::string> intitules_;
 };
 
-// Without two lines the file has no labels. Raises the numbers of LecteurLignes.
+// Without two lines the file has no labels. Raises the failures of LecteurLignes.
 IntitulesModalites LireIntitules(const Chemin& chemin);
 
 }  // namespace quelvar

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/programme/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -35,7 +37,16 @@ std::string FauteHomonymes(std::string_view nom, std::span<const int> positions)
 // The sentence on a name that so many modalities of a .MOD share.
 std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites);
 
-// The same for the ranks that RangsDuNom gave.
+// The rank of the modality of that name, if there is one. Raises FauteModalitesHomonymes (kIncompatibiliteType) when
+// several have it.
+template <class Modalites>
+std::optional<std::size_t> SeuleModalite(const Modalites& modalites, std::string_view nom) {
+  const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
+  if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
+  return rangs.empty() ? std::nullopt : std::optional(rangs.front());
+}
+
+// FauteHomonymes for the ranks that RangsDuNom gave.
 template <class Questions>
 std::string FauteHomonymes(std::string_view nom, const Questions& questions, const std::vector<std::size_t>& rangs) {
   std::vector<int> positions;

@@ -7,12 +7,13 @@
 #include <vector>
 
 #include "core/texte/nombres.h"
+#include "core/texte/texte.h"
 
 namespace quelvar {
 
 namespace {
 
-enum class Cle { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, Decimales, Cdg };
+enum class Cle { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, De, Cdg };
 
 // The order matters: the first code that occurs anywhere in the key wins.
 constexpr std::array<std::pair<std::string_view, Cle>, 18> kCodesDeCle = {{{"IM", Cle::Lignes},
@@ -30,8 +31,8 @@ constexpr std::array<std::pair<std::string_view, Cle>, 18> kCodesDeCle = {{{"IM"
                                                                            {"BR", Cle::Burt},
                                                                            {"BU", Cle::Burt},
                                                                            {"MO", Cle::Mod},
-                                                                           {"EF", Cle::Decimales},
-                                                                           {"DE", Cle::Decimales},
+                                                                           {"EF", Cle::De},
+                                                                           {"DE", Cle::De},
                                                                            {"CD", Cle::Cdg}}};
 
 struct Paire {
@@ -87,7 +88,7 @@ void Retenir(const Paire& paire, ParametresMod& parametres) {
     case Cle::ColonnesSup: parametres.colonnesSup = Entier16(valeur); break;
     case Cle::Largeur: parametres.largeur = Entier16(valeur); break;
     case Cle::Burt: parametres.burt = Entier16(valeur); break;
-    case Cle::Decimales: parametres.decimales = Entier32(valeur); break;
+    case Cle::De: parametres.de = Entier32(valeur); break;
     case Cle::Cdg: parametres.cdg = valeur; break;
     case Cle::Mod: break;
   }
@@ -101,11 +102,11 @@ std::string LigneDeParametres(std::span<const CleDeParametre> cles) {
   return ligne + " ";
 }
 
-ParametresMod LireParametres(std::string_view ligne, Rapport* rapport) {
+ParametresMod LireParametres(std::string_view ligne) {
   ParametresMod parametres;
   const std::optional<std::vector<Paire>> paires = Decouper(Normaliser(ligne));
   if (!paires) {
-    if (rapport) rapport->Ligne("Arret : manque signe = dans ligne 2 de *.MOD");
+    parametres.remarques.emplace_back("Arret : manque signe = dans ligne 2 de *.MOD");
     return parametres;
   }
   for (const Paire& paire : *paires) Retenir(paire, parametres);

@@ -7,8 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "core/programme/report.h"
+#include <vector>
 
 namespace quelvar {
 
@@ -21,11 +20,10 @@ struct ParametresMod {
   std::int16_t burt = 0;         // BRT=: 0 plain table, 1 Burt table with individuals, else size of a square Burt table
   bool modPresent = false;       // MOD= stands on the line
   std::string mod;               // its text, trimmed on the right
-  std::int32_t decimales = 0;    // DE=: of the residual tables of a factor analysis
+  std::int32_t de = 0;           // DE=: decimals for a factor analysis; an order, a threshold or a choice elsewhere
   double cdg = 0;                // CDG=: individuals are available as logical coding
 
-  // DE= for a program that reads a choice of its own there.
-  std::int32_t ChoixDe() const { return decimales; }
+  std::vector<std::string> remarques;  // lines for the report
 };
 
 // A parameter line: a blank before each key, a blank behind the last value. The keys end in "=".
@@ -41,8 +39,8 @@ inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles)
   return LigneDeParametres(std::span(cles.begin(), cles.size()));
 }
 
-// Parses the line. A token without "=" writes "Arret : manque signe = dans ligne 2 de *.MOD" to the report (when there
-// is one) and leaves every parameter unset. Raises 6 for a value beyond its type.
-ParametresMod LireParametres(std::string_view ligne, Rapport* rapport);
+// Parses the line. A token without "=" leaves every parameter unset, with the remark "Arret : manque signe = dans ligne
+// 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type.
+ParametresMod LireParametres(std::string_view ligne);
 
 }  // namespace quelvar

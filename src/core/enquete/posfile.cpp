@@ -148,24 +148,8 @@ FichierPos LirePos(const Chemin& chemin) {
   return pos;
 }
 
-FichierPos LirePos(const Chemin& chemin, const Dialogue& dialogue) {
-  FichierPos pos = LirePos(chemin);
-  ExigerParentheses(pos.taille, dialogue);
-  return pos;
-}
-
 std::string FauteIntitule(const Question& question) {
   return Joindre({"L'intitulé de la question "_w, question.nom, " n'est pas encadré par le signe dollar"_w});
-}
-
-std::string_view MessageParentheses() {
-  return "Il y a des incohérences dans les parenthèses de ligne 2 du fichier *.POS, corrigez et relancez "_w;
-}
-
-void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue) {
-  if (!taille.parenthesesFautives) return;
-  dialogue.demander(MessageParentheses(), Boutons::Ok);
-  throw Erreur(kArretAnnonce);
 }
 
 RepereQuestion Reperer(const FichierPos& pos, std::size_t indice) {

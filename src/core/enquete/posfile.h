@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
-#include "core/programme/dialogue.h"
 #include "core/programme/erreur.h"
 
 namespace quelvar {
@@ -57,12 +56,13 @@ std::string TexteCodeMax(int codeMax);
 // "&ACT&", "&SUP&", or nothing.
 std::string_view MarqueDe(Statut statut);
 
-// Printed form of a code from 1 to 99: "1" to "9", "A" to "Z", then two digits; "0" for the non-response. Raises 9.
+// Printed form of a code from 1 to 99: "1" to "9", "A" to "Z", then two digits; "0" for the non-response. Raises
+// kIndiceHorsSelection.
 std::string_view CodeCaractere(int code);
 
-// Raises 6 for a count beyond 64 bits.
+// Raises kDepassementCapacite for a count beyond 64 bits.
 LigneTaille LireLigneTaille(std::string_view ligne);
-// Raises 6, with its column, when position or code-max do not fit 16 bits.
+// Raises kDepassementCapacite, with its column, when position or code-max do not fit 16 bits.
 Question LireLigneQuestion(std::string_view ligne);
 // The line of a question: name in 3 columns, position in 4, code-max in 2 as TexteCodeMax has it, and what follows.
 std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
@@ -70,22 +70,15 @@ std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::st
 // The end of the list of questions that a line is, if it is one.
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 
-// Reads the file; without its questions when the parentheses of line 2 are faulty. Raises 62 for less than two lines,
-// 6, and the numbers of LecteurLignes.
+// Reads the file; without its questions when the parentheses of line 2 are faulty. Raises kFinDeFichierDepassee for
+// less than two lines, kDepassementCapacite, and the failures of LecteurLignes.
 FichierPos LirePos(const Chemin& chemin);
-// The same for a run, which stops (kArretAnnonce) with a message box on these parentheses.
-FichierPos LirePos(const Chemin& chemin, const Dialogue& dialogue);
 
 // The fault of a label without its second "$", as a report tells it; a message box goes on with kCorrigezRelancez.
 std::string FauteIntitule(const Question& question);
 inline constexpr std::string_view kCorrigezRelancez = ", corrigez et relancez ";
 
-// The message on the parentheses of line 2.
-std::string_view MessageParentheses();
-// Shows that message and stops the run (kArretAnnonce) when the size line has it coming.
-void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue);
-
-// Name of the file of a question for the lines of error 5: numero counts from 1.
+// Name of the file of a question for the lines of kArgumentIncorrect: numero counts from 1.
 RepereQuestion Reperer(const FichierPos& pos, std::size_t indice);
 
 }  // namespace quelvar

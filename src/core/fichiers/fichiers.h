@@ -27,13 +27,13 @@ std::string TexteDe(const Chemin& chemin);
 std::optional<Chemin> ChercherFichier(const Chemin& repertoire, std::string_view nom);
 // Where a file of that name is written: over the file that exists under the name it has, else under the name given.
 Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom);
-// Length in bytes; raises 53, 70 or 75.
+// Length in bytes; raises kFichierIntrouvable, kPermissionRefusee or kAccesFichier.
 std::uintmax_t LongueurFichier(const Chemin& chemin);
-// Deletes the file if it is there; raises 70 or 75.
+// Deletes the file if it is there; raises kPermissionRefusee or kAccesFichier.
 void EffacerFichier(const Chemin& chemin);
-// The whole file as bytes; raises 53, 57, 70 or 75.
+// The whole file as bytes; raises a failure of reading.
 std::string LireOctets(const Chemin& chemin);
-// At most `taille` bytes from a place of the file, fewer at its end; raises 53, 57, 70 or 75.
+// At most `taille` bytes from a place of the file, fewer at its end; raises a failure of reading.
 std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille);
 // Name of the copy that keeps a former file: the last character replaced by "2" (.MOD gives .MO2).
 std::string NomDeSauvegarde(std::string_view nom);
@@ -41,16 +41,16 @@ std::string NomDeSauvegarde(std::string_view nom);
 // Reads a file line by line. CR LF and LF end a line; the last one may lack its end; a final byte 1A hex ends the file.
 class LecteurLignes {
  public:
-  // Raises 53, 70 or 75; a directory in place of the file is 75.
+  // Raises kFichierIntrouvable, kPermissionRefusee or kAccesFichier; a directory in place of the file is kAccesFichier.
   explicit LecteurLignes(const Chemin& chemin);
   ~LecteurLignes();
   LecteurLignes(LecteurLignes&&) noexcept;
   LecteurLignes& operator=(LecteurLignes&&) noexcept;
 
-  // Gives the next line, without its end, as a view that lives until the next call; false at the end. Raises 57, and a
-  // sentence (7) for a line beyond kLigneAuPlus bytes.
+  // Gives the next line, without its end, as a view that lives until the next call; false at the end. Raises
+  // kErreurPeripherique, and a sentence (kMemoireInsuffisante) for a line beyond kLigneAuPlus bytes.
   bool Lire(std::string_view& ligne);
-  // The next line; raises 62 at the end of the file.
+  // The next line; raises kFinDeFichierDepassee at the end of the file.
   std::string_view LireObligatoire();
 
   // The line given last, for a failure that it causes.
@@ -88,7 +88,7 @@ class Provisoire;
 // texts) is on the disk before it replaces anything; nobody waits for a result that a run makes again.
 enum class Nature { Unique, Refaisable };
 
-// Writes a file through one large buffer. Every failure raises 61, 57, 70 or 75.
+// Writes a file through one large buffer. Raises the failures of writing.
 class Ecrivain {
  public:
   explicit Ecrivain(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
@@ -135,7 +135,7 @@ class Ecrivain {
 };
 
 // A scratch file of bytes read and written at any place. It has no name, so that nothing stays of it whatever happens.
-// Failures raise 57, 61, 70, 75, 76, and 62 for bytes that are not there.
+// Raises the failures of writing, and kFinDeFichierDepassee for bytes that are not there.
 class FichierDeTravail {
  public:
   // In the directory of that path, on whose name its own is made.
@@ -153,7 +153,7 @@ class FichierDeTravail {
 
 // One file written whole under a scratch name beside its target, then put in its place by one rename with the rights of
 // the file that it replaces. Without Valider the scratch file disappears and the target stays what it was. A target
-// that may not be written raises 70. Several files that belong together go through JeuDeFichiers.
+// that may not be written raises kPermissionRefusee. Several files that belong together go through JeuDeFichiers.
 class Remplacement {
  public:
   Remplacement(const Chemin& repertoire, std::string_view nom, Nature nature = Nature::Refaisable);

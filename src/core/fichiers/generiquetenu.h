@@ -16,9 +16,9 @@ class GeneriqueTenu {
   GeneriqueTenu() = default;
   // Takes the generic for this process; `ouvrage` is what it is going to write, for whoever comes meanwhile. A generic
   // that this process holds already stays with its holder. A directory where nothing can be written holds nothing: the
-  // first output will tell. Raises a sentence (70) when another process holds it. The lock of a killed process is taken
-  // over, its scratch files are removed, and its cut commit is finished or undone.
-  // A holder of several runs (`Duree::PlusieursRuns`) leaves the lines on the repair to the first of them.
+  // first output will tell. Raises a sentence (kPermissionRefusee) when another process holds it. The lock of a killed
+  // process is taken over, its scratch files are removed, and its cut commit is finished or undone. A holder of several
+  // runs (`Duree::PlusieursRuns`) leaves the lines on the repair to the first of them.
   enum class Duree { UnRun, PlusieursRuns };
   GeneriqueTenu(const Chemin& repertoire, std::string_view generique, std::string_view ouvrage,
                 Duree duree = Duree::UnRun);

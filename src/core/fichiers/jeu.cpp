@@ -27,7 +27,8 @@ void SynchroniserDossier(const Chemin& dossier) {
   ::close(descripteur);
 }
 
-// Bytes behind the last one of a file, all of them or none. Raises 75 when it is no longer as long as it was.
+// Bytes behind the last one of a file, all of them or none. Raises kAccesFichier when it is no longer as long as it
+// was.
 void AllongerFichier(const EntreeDeReleve& e, std::string_view octets) {
   const int descripteur = ::open(e.cible.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
   Exiger(descripteur < 0 ? -1 : 0);

@@ -17,7 +17,7 @@ namespace quelvar {
 class JeuDeFichiers {
  public:
   // Outputs of that generic in the directory; the generic is held while the object lives, unless the run of a program
-  // holds it already. Raises a sentence (70) when another process holds it.
+  // holds it already. Raises a sentence (kPermissionRefusee) when another process holds it.
   JeuDeFichiers(const Chemin& repertoire, std::string_view generique);
   ~JeuDeFichiers();
   JeuDeFichiers(const JeuDeFichiers&) = delete;
@@ -27,14 +27,14 @@ class JeuDeFichiers {
   Ecrivain& Ouvrir(std::string_view nom, Nature nature);
   // An output that has the bytes of a file there is.
   void Copier(const Chemin& source, std::string_view nom, Nature nature);
-  // A file that is there gets these bytes behind those it has. Raises 53 when it is not there.
+  // A file that is there gets these bytes behind those it has. Raises kFichierIntrouvable when it is not there.
   void Allonger(std::string_view nom, std::string_view octets, Nature nature);
   // Ends an output and tells where its bytes are until the commit, for a caller that reads them again.
   const Chemin& Achever(std::string_view nom);
   // The file of that name goes with the commit, if there is one.
   void Effacer(std::string_view nom);
 
-  // Puts everything in place. On a failure (61, 57, 70, 75) everything is what it was before; a kill at any instant
+  // Puts everything in place. On a failure of writing everything is what it was before; a kill at any instant
   // leaves a record by which the next program of the generic finishes or undoes.
   void Valider();
 

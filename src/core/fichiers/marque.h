@@ -15,7 +15,7 @@ void MarquerNonAttendu(int descripteur, std::uint64_t taille, std::uint64_t empr
 
 // Looks at the mark of an open file that is about to be read. Within the start of the machine that made it, and for a
 // file that was changed since, there is nothing to say; after another start the file is measured, and one that is whole
-// loses its mark. Raises a sentence (57) for one that is not.
+// loses its mark. Raises a sentence (kErreurPeripherique) for one that is not.
 void VerifierMarque(int descripteur, const Chemin& chemin);
 
 // The start of the machine that this process lives in, as the system calls it.

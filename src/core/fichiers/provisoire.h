@@ -17,8 +17,9 @@ namespace quelvar {
 // left by a run that was killed.
 class Provisoire {
  public:
-  // The target may be a link to a file elsewhere: the scratch file lies beside that file. Raises 70 for a target that
-  // may not be written or replaced, 75 for one that is no ordinary file, 61, 57, 70, 75 or 76 for the scratch file.
+  // The target may be a link to a file elsewhere: the scratch file lies beside that file. Raises kPermissionRefusee for
+  // a target that may not be written or replaced, kAccesFichier for one that is no ordinary file, a failure of writing
+  // for the scratch file.
   Provisoire(const Chemin& cible, Nature nature);
   ~Provisoire();
   Provisoire(const Provisoire&) = delete;
@@ -75,10 +76,10 @@ struct MesureDeFichier {
 };
 std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin);
 
-// The failure (75) that a directory, a pipe or a device in place of a file is.
+// The failure (kAccesFichier) that a directory, a pipe or a device in place of a file is.
 Erreur PasUnFichier(const Chemin& chemin);
-// Raises a sentence (75) for what is no ordinary file, 70 for a file that this user may not replace in its directory.
-// Returns whether there is a file.
+// Raises a sentence (kAccesFichier) for what is no ordinary file, kPermissionRefusee for a file that this user may not
+// replace in its directory. Returns whether there is a file.
 bool VerifierCible(const Chemin& cible);
 
 }  // namespace quelvar

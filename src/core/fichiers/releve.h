@@ -38,7 +38,7 @@ struct Releve {
 Chemin CheminDeReleve(const Chemin& repertoire, std::string_view generique);
 // Nothing when there is none, and when it is not whole (it then says nothing about any file).
 std::optional<Releve> LireReleve(const Chemin& chemin);
-// Puts it in place in one rename, on the disk when `synchroniser`. Raises 61, 57, 70 or 75.
+// Puts it in place in one rename, on the disk when `synchroniser`. Raises a failure of writing.
 void EcrireReleve(const Chemin& chemin, const Releve& releve, bool synchroniser);
 
 // Takes over node and time of a file; false when it is not there.

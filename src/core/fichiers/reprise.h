@@ -10,7 +10,7 @@
 namespace quelvar {
 
 // To be called by the holder of the generic. Returns lines for the report, in the code page; none when nothing was
-// repaired. Raises 57, 61, 70 or 75 when a commit can be neither finished nor undone.
+// repaired. Raises a failure of writing when a commit can be neither finished nor undone.
 std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::string_view generique);
 
 }  // namespace quelvar

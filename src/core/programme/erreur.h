@@ -12,7 +12,9 @@
 
 namespace quelvar {
 
-// Numbers of the errors that a program may meet; TexteErreur gives their words.
+// Numbers of the errors that a program may meet; TexteErreur gives their words. Contracts that say "a failure of
+// reading" mean kFichierIntrouvable, kErreurPeripherique, kPermissionRefusee or kAccesFichier; "a failure of writing"
+// means kDisquePlein, kErreurPeripherique, kPermissionRefusee, kAccesFichier or kCheminIntrouvable.
 enum NumeroErreur : int {
   kArretAnnonce = 0,  // the program stops by its own will and has already told why
   kArgumentIncorrect = 5,
@@ -34,7 +36,7 @@ enum NumeroErreur : int {
 // Words of an error number, in the code page; empty for a number that the table does not hold.
 std::string_view TexteErreur(int numero);
 
-// The question whose field could not be cut, told by the report of error 5.
+// The question whose field could not be cut, told by the report of kArgumentIncorrect.
 struct RepereQuestion {
   int numero = 0;  // rank in the list of questions, from 1
   std::string nom;

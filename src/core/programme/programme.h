@@ -27,7 +27,8 @@ struct Contexte {
   std::optional<Chemin> Chercher(std::string_view extension) const {
     return ChercherFichier(repertoire, Nom(extension));
   }
-  // The file of the generic that a run cannot do without, even when it was there at its beginning. Raises 53.
+  // The file of the generic that a run cannot do without, even when it was there at its beginning. Raises
+  // kFichierIntrouvable.
   Chemin Exiger(std::string_view extension) const {
     std::optional<Chemin> fichier = Chercher(extension);
     if (!fichier) throw Erreur(kFichierIntrouvable);
@@ -45,8 +46,8 @@ struct LibellesErreur {
   bool avecAssistance = true;   // `assistance` on its own line
   bool avecAsterisques = true;  // "**** ERREUR ********" first
   std::string_view assistance = " et prévenez l'assistance technique"_w;
-  std::string_view question = "a la question ";  // before the rank of the question of error 5
-  // The lines of error 62.
+  std::string_view question = "a la question ";  // before the rank of the question of kArgumentIncorrect
+  // The lines of kFinDeFichierDepassee.
   std::vector<std::string_view> finDeFichier = {"Il y a eu tentative de lire un fichier deja termine",
                                                 "Verifiez et corrigez avant de relancer"};
 };

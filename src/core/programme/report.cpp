@@ -71,12 +71,6 @@ std::string CadreDroit(std::string_view texte, int largeur) {
 std::string EntierDroit(double valeur, int largeur) { return AlignerDroite(Nombre(valeur), largeur); }
 std::string EntierDroit(std::int64_t valeur, int largeur) { return AlignerDroite(Nombre(valeur), largeur); }
 
-std::string EntierDroitElargi(double valeur, int& largeur) {
-  std::string texte = EntierDroit(valeur, largeur);
-  largeur = std::max(largeur, static_cast<int>(texte.size()));
-  return texte;
-}
-
 std::string Dixiemes(std::int64_t dixiemes, int largeur) {
   const int w = largeur - 1;
   const std::string texte = AlignerDroite(Nombre(dixiemes), w);

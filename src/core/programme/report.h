@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/fichiers/fichiers.h"
 #include "core/texte/texte.h"
@@ -22,18 +23,17 @@ std::string EntierDroit(std::int64_t valeur, int largeur);
 inline std::string EntierDroit(int valeur, int largeur) {
   return EntierDroit(static_cast<std::int64_t>(valeur), largeur);
 }
-// The same, where a longer text raises the width for what the caller writes next.
-std::string EntierDroitElargi(double valeur, int& largeur);
 
 // A count of tenths with one decimal, right-aligned: 123 in width 5 gives " 12.3".
 std::string Dixiemes(std::int64_t dixiemes, int largeur);
 
 // Fixed-point text: integer part padded to `largeurEntiere`, `decimales` digits, "$" in front when longer than both
-// and the point. The integer part is never cut. Raises 5 or 6 for a value that is not finite.
+// and the point. The integer part is never cut. Raises kArgumentIncorrect or kDepassementCapacite for a value that is
+// not finite.
 std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
 
-// A report under construction: it lies under a scratch name, and the former report stays whole until Valider. Every
-// failure to write raises 61, 57, 70 or 75.
+// A report under construction: it lies under a scratch name, and the former report stays whole until Valider. Raises
+// the failures of writing.
 class Rapport {
  public:
   // Suite: the lines go behind those of the former report.
@@ -47,6 +47,9 @@ class Rapport {
   void Ligne(std::initializer_list<Texte> morceaux) {
     Suite(morceaux);
     ecrivain_.FinDeLigne();
+  }
+  void Lignes(const std::vector<std::string>& lignes) {
+    for (const std::string& ligne : lignes) Ligne(ligne);
   }
   // Text that the line goes on behind.
   void Suite(Texte texte) {

@@ -20,7 +20,7 @@ std::string TexteSepare(std::span<const TableauEdite> tableaux, SortieDeTableaux
 std::string_view ExtensionDe(SortieDeTableaux sortie);
 
 // Writes the tables beside the report, under its name and the extension, in place of a former file; nothing for
-// Aucune. Raises 61, 57, 70 or 75.
+// Aucune. Raises a failure of writing.
 void EcrireTableaux(const Contexte& contexte, std::string_view nomRapport, std::span<const TableauEdite> tableaux,
                     SortieDeTableaux sortie);
 // The same as one of the files of a set.

@@ -26,18 +26,22 @@ bool AUnIntitule(const TableauEdite& tableau, BlocDeColonnes bloc) {
   return false;
 }
 
-std::string EnColonne(const Cellule& cellule, int largeur) {
-  if (!cellule.valeur) return std::string(static_cast<std::size_t>(largeur), ' ');
-  const int entiere = cellule.decimales == 0 ? largeur : largeur - cellule.decimales - 1;
-  return NombreFixe(*cellule.valeur, entiere, cellule.decimales);
-}
-
 }  // namespace
 
 int LargeurDuNombre(double valeur, int decimales, int minimum) {
   constexpr int kAssezLarge = 30;
   const std::string texte = NombreFixe(valeur, kAssezLarge, decimales);
   return std::max(minimum, static_cast<int>(Rogner(texte).size()) + 1);
+}
+
+int ColonnesEnPlus(double valeur, int decimales, int usuelles) {
+  return LargeurDuNombre(valeur, decimales, usuelles) - usuelles;
+}
+
+std::string TexteEnColonne(const Cellule& cellule, int largeur) {
+  if (!cellule.valeur) return std::string(static_cast<std::size_t>(largeur), ' ');
+  const int entiere = cellule.decimales == 0 ? largeur : largeur - cellule.decimales - 1;
+  return NombreFixe(*cellule.valeur, entiere, cellule.decimales);
 }
 
 LargeursFixes Mesurer(const TableauEdite& tableau, const FormeFixe& forme) {
@@ -83,8 +87,8 @@ void ImprimerLargeurFixe(Rapport& rapport, const TableauEdite& tableau, const Fo
       ligne(std::string(static_cast<std::size_t>(largeurs.tete), ' '),
             [&](std::size_t i, int largeur) { return CadreDroit(tableau.colonnes[i].intitule, largeur); });
     for (const Rangee& rangee : tableau.rangees)
-      ligne(EnColonne(rangee.cellules.front(), largeurs.tete),
-            [&](std::size_t i, int largeur) { return EnColonne(rangee.cellules[i], largeur); });
+      ligne(TexteEnColonne(rangee.cellules.front(), largeurs.tete),
+            [&](std::size_t i, int largeur) { return TexteEnColonne(rangee.cellules[i], largeur); });
     rapport.Ligne();
     rapport.Ligne();
   }

@@ -28,6 +28,12 @@ struct LargeursFixes {
 // Columns of a number with so many decimals and one blank before it, at least `minimum`.
 int LargeurDuNombre(double valeur, int decimales, int minimum);
 
+// Columns that a number wants beyond the usual ones of its place.
+int ColonnesEnPlus(double valeur, int decimales, int usuelles);
+
+// The value of a cell, right-aligned in a column of that width; blanks for a cell without one.
+std::string TexteEnColonne(const Cellule& cellule, int largeur);
+
 // The columns of one block, [premier, fin[.
 struct BlocDeColonnes {
   std::size_t premier = 0, fin = 0;

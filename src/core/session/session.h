@@ -50,9 +50,10 @@ inline constexpr std::string_view kLigneTirets = "------------------";
 
 // --- files ---
 
-// The two lines of an initialisation file. Raises 53, 57, 70 or 75; a file without lines has no generic and level 1.
+// The two lines of an initialisation file. Raises a failure of reading; a file without lines has no generic and level
+// 1.
 Initialisation LireInitialisation(const Chemin& chemin);
-// Writes Qvr2.ini anew in the directory, in one rename; nothing for an empty generic. Raises 61, 57, 70, 75 or 76.
+// Writes Qvr2.ini anew in the directory, in one rename; nothing for an empty generic. Raises a failure of writing.
 void EcrireInitialisation(const Chemin& repertoire, std::string_view generique, int niveau);
 // The same as one of the files of a set, which moves the session to a new generic.
 void EcrireInitialisation(JeuDeFichiers& sorties, std::string_view generique, int niveau);
@@ -63,7 +64,7 @@ Chemin CheminInitialisation(const Chemin& repertoire);
 Chemin RepertoireDuProgramme(const Chemin& executable, const Chemin& donneesDeLUtilisateur);
 // The initialisation path that Qvr2.in0 keeps from the last session; nothing without the file.
 std::optional<Chemin> LirePointeur(const Chemin& repertoireProgramme);
-// Raises 61, 57, 70, 75 or 76.
+// Raises a failure of writing.
 void EcrirePointeur(const Session& session);
 
 // --- texts ---

@@ -10,7 +10,7 @@ namespace quelvar {
 
 // Value of the numeric prefix of a text. Leading blanks and tabs are skipped, then blanks anywhere; an optional sign,
 // digits with at most one ".", an exponent (E, e, D, d, optional sign, at least one digit); the first character that
-// cannot continue stops the reading. No digit gives 0. Raises 6 when the value is beyond a double.
+// cannot continue stops the reading. No digit gives 0. Raises kDepassementCapacite when the value is beyond a double.
 double ValeurDe(std::string_view texte);
 
 // True when the text holds, apart from outer blanks and tabs, one number in the writing above and nothing else.
@@ -21,15 +21,15 @@ double ArrondirPair(double valeur);
 // Rounded to a number of decimals: times 10^d, ties to even, divided. Never a negative zero.
 double Arrondir(double valeur, int decimales);
 
-// Nearest integer as a 16-bit, 32-bit or 64-bit value; raises 6 when it does not fit.
+// Nearest integer as a 16-bit, 32-bit or 64-bit value; raises kDepassementCapacite when it does not fit.
 std::int16_t Entier16(double valeur);
 std::int32_t Entier32(double valeur);
 std::int64_t Entier64(double valeur);
-// Nearest single-precision value; raises 6 beyond its range.
+// Nearest single-precision value; raises kDepassementCapacite beyond its range.
 float Simple(double valeur);
 
 // The shortest decimal text: at most 15 significant digits for a double, 7 for a single, no trailing zeros, a zero
-// before the point. Raises 6 for an infinity and 5 for what is not a number.
+// before the point. Raises kDepassementCapacite for an infinity and kArgumentIncorrect for what is not a number.
 std::string Nombre(double valeur);
 std::string Nombre(float valeur);
 std::string Nombre(std::int64_t valeur);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 namespace quelvar {
@@ -196,15 +197,27 @@ bool OterMarqueUtf8(std::string_view& octets) {
   return marque;
 }
 
+namespace {
+
+// Place of the first byte above 127, or the size; eight bytes a step, since most texts are nearly all ASCII.
+std::size_t PremierAccent(std::string_view octets) {
+  std::size_t i = 0;
+  for (; i + 8 <= octets.size(); i += 8) {
+    std::uint64_t mot = 0;
+    std::memcpy(&mot, octets.data() + i, 8);
+    if ((mot & 0x8080808080808080ULL) != 0) break;
+  }
+  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
+  return i;
+}
+
+}  // namespace
+
 bool EstUtf8MultiOctet(std::string_view octets) {
   bool multiple = false;
-  while (!octets.empty()) {
-    if (static_cast<unsigned char>(octets.front()) < 0x80) {
-      const auto suite =
-          std::find_if(octets.begin(), octets.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-      octets.remove_prefix(static_cast<std::size_t>(suite - octets.begin()));
-      continue;
-    }
+  for (;;) {
+    octets.remove_prefix(PremierAccent(octets));
+    if (octets.empty()) break;
     const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
     if (lu.longueur == 0) return false;
     multiple = true;
@@ -212,5 +225,7 @@ bool EstUtf8MultiOctet(std::string_view octets) {
   }
   return multiple;
 }
+
+bool EstUtf8(std::string_view octets) { return octets.starts_with(kMarqueUtf8) || EstUtf8MultiOctet(octets); }
 
 }  // namespace quelvar

@@ -146,5 +146,7 @@ inline constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
 bool OterMarqueUtf8(std::string_view& octets);
 // True when the bytes hold at least one multi-byte UTF-8 sequence and no invalid one.
 bool EstUtf8MultiOctet(std::string_view octets);
+// The same, or the mark in front.
+bool EstUtf8(std::string_view octets);
 
 }  // namespace quelvar

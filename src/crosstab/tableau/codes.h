@@ -44,8 +44,9 @@ class MatriceCodes {
   std::unique_ptr<std::uint8_t[]> codes_;  // left as it comes: the reading fills every byte
 };
 
-// Reads the first `individus` lines of the data file. Raises 62 when the file has fewer, 6 for a value beyond 16 bits,
-// 7 when the memory does not hold them, and the numbers of LecteurLignes.
+// Reads the first `individus` lines of the data file. Raises kFinDeFichierDepassee when the file has fewer,
+// kDepassementCapacite for a value beyond 16 bits, kMemoireInsuffisante when the memory does not hold them, and the
+// failures of LecteurLignes.
 MatriceCodes ChargerCodes(const Chemin& donnees, const std::vector<ChampPlafonne>& champs, std::int64_t individus,
                           Progression& progression);
 

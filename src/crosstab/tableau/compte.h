@@ -35,7 +35,7 @@ struct TableauCompte {
   std::vector<std::size_t> rangsColonnes;
 };
 
-// The table of these cells in the order that they have. Raises 6 when a total is beyond a double.
+// The table of these cells in the order that they have. Raises kDepassementCapacite when a total is beyond a double.
 TableauCompte Compter(Matrice effectifs);
 
 // The rows and columns of those places, counted from 0, in that order; the total and the margins stay.

@@ -16,8 +16,8 @@ struct ProbabiliteKhi2 {
 // Statistics", 1947) for few degrees of freedom, and the
 // polynomial for the normal tail of M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions" (26.2.17),
 // whose coefficients are taken with 4 decimals. A chi-square nearer to 0 than 10^-7 has p = 0 whatever the degrees.
-// Raises 11 without degrees of freedom, 5 for negative ones or for a chi-square that is not a number, 6 for an infinite
-// one.
+// Raises kDivisionParZero without degrees of freedom, kArgumentIncorrect for negative ones or for a chi-square that is
+// not a number, kDepassementCapacite for an infinite one.
 ProbabiliteKhi2 ProbaKhi2(double degres, double khi2);
 
 }  // namespace quelvar::crosstab

@@ -12,15 +12,15 @@ namespace quelvar::crosstab {
 // first that anybody is in. CodesPleins: those that anybody is in and whose rank, the code, is not 0.
 enum class Bords { Tous, CodesPleins };
 
-// First factor, with the shares of the totals as weights; coordinates in the order of the table. Raises 11 for a total
-// of 0, and the numbers of ExtrairePremierFacteur.
+// First factor, with the shares of the totals as weights; coordinates in the order of the table. Raises
+// kDivisionParZero for a total of 0, and the failures of ExtrairePremierFacteur.
 PremierFacteur FacteurDe(const TableauCompte& table, Bords bords, int toursMax = kToursMaxDuFacteur);
 
-// The diagonal that the corners of a table lean to; the other one without corners. Raises 11 for a total of 0, 9
-// without cells.
+// The diagonal that the corners of a table lean to; the other one without corners. Raises kDivisionParZero for a total
+// of 0, kIndiceHorsSelection without cells.
 Diagonale DiagonaleDe(const TableauCompte& table, Bords bords);
 
-// Maximum table of the margins and the order of a table. Raises the numbers of DiagonaleDe.
+// Maximum table of the margins and the order of a table. Raises the failures of DiagonaleDe.
 Matrice MaximumDe(const TableauCompte& table, Bords bords);
 
 }  // namespace quelvar::crosstab

@@ -12,8 +12,8 @@ struct AttractionLocale {
 
 // For a cell of `effectif` individuals out of `total`, in a row and a column of the totals given. Where a row or a
 // column takes all or nothing the chi-square is 0. Counts may be fractional: residues of their sums count as 0.
-// Raises 11 for a total of 0, and for a deviation where the margins leave no room for one, as in a damaged table.
-// The correction is that of F. Yates (Supplement to the Journal of the Royal Statistical Society, 1934).
+// Raises kDivisionParZero for a total of 0, and for a deviation where the margins leave no room for one, as in a
+// damaged table. The correction is that of F. Yates (Supplement to the Journal of the Royal Statistical Society, 1934).
 AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif);
 
 // Chi-square of the 2 x 2 table above this is a cell marked as attracted or repelled at 10 %.

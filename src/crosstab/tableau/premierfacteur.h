@@ -10,7 +10,7 @@
 
 namespace quelvar::crosstab {
 
-// Deviations from independence of the cells, in proportions of the total. Raises 11 for a total of 0.
+// Deviations from independence of the cells, in proportions of the total. Raises kDivisionParZero for a total of 0.
 Matrice EcartsEnProportions(const Matrice& effectifs, const Marges& marges);
 
 // Rounds after which a factor that does not settle is taken as it stands.
@@ -32,10 +32,10 @@ struct PremierFacteur {
 // Scores of the rows, 1 or -1 at first, give those of the columns and these give the rows again, each time divided by
 // the weight (unless it is 0) and by the norm (unless it is 0), until 1000 times the score of the row that is followed
 // rounds to the same integer twice, or after `toursMax` rounds; the coordinates are the scores times the last norm.
-// Sums run in index order. Raises 9 for a table without rows or columns, 5 when negative weights give no norm, 6 when
-// a score is beyond a double.
-// Source: M. O. Hill, "Correspondence Analysis: A Neglected Multivariate Method", Applied Statistics 23 (1974); there
-// the scores are centred at each round, here the deviations take the trivial factor out beforehand.
+// Sums run in index order. Raises kIndiceHorsSelection for a table without rows or columns, kArgumentIncorrect when
+// negative weights give no norm, kDepassementCapacite when a score is beyond a double. Source: M. O. Hill,
+// "Correspondence Analysis: A Neglected Multivariate Method", Applied Statistics 23 (1974); there the scores are
+// centred at each round, here the deviations take the trivial factor out beforehand.
 PremierFacteur ExtrairePremierFacteur(const Matrice& ecarts, std::span<const double> poidsLignes,
                                       std::span<const double> poidsColonnes, DepartDuFacteur depart,
                                       int toursMax = kToursMaxDuFacteur);

@@ -9,7 +9,7 @@
 
 namespace quelvar::crosstab {
 
-// Local PEM of each cell, in percent, with the chi-square of its 2 x 2 table. Raises the numbers of PemLocal.
+// Local PEM of each cell, in percent, with the chi-square of its 2 x 2 table. Raises the failures of PemLocal.
 struct AttractionsDuTableau {
   Matrice pem;
   Matrice khi2;

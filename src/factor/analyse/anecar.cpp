@@ -60,7 +60,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& pre
   LecteurLignes mod(contexte.Exiger(".MOD"));
   preparation.titre = mod.LireObligatoire();
   preparation.parametres = mod.LireObligatoire();
-  preparation.burt = LireParametres(preparation.parametres, &rapport).burt;
+  const ParametresMod parametres = LireParametres(preparation.parametres);
+  rapport.Lignes(parametres.remarques);
+  preparation.burt = parametres.burt;
 }
 
 // The preparation's report opens the report of the run.
@@ -97,7 +99,8 @@ int SeuilEffectif(int seuil, std::int64_t actifs) {
 
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
                            bool codageLogique, JeuDeFichiers& sorties) {
-  const ParametresMod parametres = LireParametres(preparation.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(preparation.parametres);
+  rapport.Lignes(parametres.remarques);
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   if (parametres.burt == 1) MarquerCodageLogique(contexte, mod, sorties);
   PlanAnecar plan = PlanifierTableau(parametres, mod, codageLogique);
@@ -245,8 +248,7 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan, options);
   if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
-    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")),
-                     LireParametres(preparation.parametres, nullptr));
+    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), LireParametres(preparation.parametres));
   ExtraireEtImprimer(rapport, moteur);
   const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
   EcrireTableaux(sorties, NomDuRapport(contexte, options.type), tableaux, options.sortie);
@@ -283,8 +285,6 @@ std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte) {
     return std::nullopt;
   return preparation;
 }
-
-void AbandonnerAnecar(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".ANA")); }
 
 Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options) {
   const std::string nomRapport = NomDuRapport(contexte, options.type);

@@ -43,8 +43,6 @@ struct OptionsAnecar {
 
 // Checks the files and writes the short report .ANA; nothing when the run has ended there.
 std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte);
-// The run that leaving the form ends.
-void AbandonnerAnecar(const Contexte& contexte);
 
 // Extracts the factors: writes .AFC or .ACP and the coordinate files, and marks "CDG=1" in the .MOD of a Burt table
 // with individuals. Coordinate files of an earlier run stay whole until the first factor is found.

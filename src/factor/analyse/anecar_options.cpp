@@ -7,7 +7,6 @@ namespace {
 using O = OptionsAnecar;
 using Textes = std::vector<std::string>;
 
-constexpr int kFacteursAuPlus = 999;
 constexpr int kCpfLePlusHaut = 9999;
 constexpr std::string_view kMoyenne = "moyenne";
 

@@ -6,6 +6,9 @@
 
 namespace quelvar::factor {
 
+inline constexpr int kFacteursAuMoins = 2;  // that the form lets one choose
+inline constexpr int kFacteursAuPlus = 999;
+
 const Description<OptionsAnecar>& DescriptionAnecar();
 
 }  // namespace quelvar::factor

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/programme/erreur.h"
+#include "core/resultats/largeurfixe.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/tri.h"
 
@@ -80,6 +81,9 @@ void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k) {
 
 namespace {
 
+constexpr int kLargeurValeurPropre = 9;
+constexpr int kLargeurPourcentage = 5;
+
 // Eigenvalue and share, as report and files show them.
 std::vector<Cellule> ValeurPropre(const FacteurAnecar& facteur) {
   return {{facteur.valeurPropre, Unite::Nombre, 6, facteur.converge ? "" : "*"},
@@ -94,8 +98,8 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
     rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});
   rapport.Ligne();
-  rapport.Ligne({"Valeur propre = ", NombreFixe(*cellules[0].valeur, 2, cellules[0].decimales)});
-  rapport.Ligne({"Pourcentage du total =", NombreFixe(*cellules[1].valeur, 3, cellules[1].decimales)});
+  rapport.Ligne({"Valeur propre = ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});
+  rapport.Ligne({"Pourcentage du total =", TexteEnColonne(cellules[1], kLargeurPourcentage)});
   rapport.Ligne();
 }
 
@@ -262,26 +266,6 @@ void ImprimerLignesCompactes(Rapport& rapport, const Dimension& dimension, const
   }
 }
 
-void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
-  const std::size_t facteurs = analyse.facteurs.size();
-  const ElementsAnecar& elements = dimension.elements;
-  const std::string regle = Repeter("*---", "*------*----", facteurs, "*");
-  rapport.Ligne(regle);
-  rapport.Ligne(TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"));
-  rapport.Ligne(regle);
-  ImprimerLignesCompactes(rapport, dimension, analyse, 0, elements.actifs);
-  rapport.Ligne(regle);
-  rapport.Ligne(Repeter("*   ", "*      *1000", facteurs, "*"));
-  rapport.Ligne(regle);
-  if (elements.Supplementaires() > 0) {
-    rapport.Ligne(TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"));
-    rapport.Ligne(regle);
-    ImprimerLignesCompactes(rapport, dimension, analyse, elements.actifs, elements.Nombre());
-    rapport.Ligne(regle);
-  }
-  rapport.Ligne();
-}
-
 void ImprimerLignesEtendues(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse,
                             std::size_t debut, std::size_t fin) {
   for (std::size_t i = debut; i < fin; ++i) {
@@ -295,25 +279,51 @@ void ImprimerLignesEtendues(Rapport& rapport, const Dimension& dimension, const 
   }
 }
 
+// The frame of a table of coordinates: active elements, a line on them all, supplementary ones if there are any.
+struct CadreDeTable {
+  std::string regle;
+  std::string actifs, ensemble, supplementaires;  // heads, and the line on all active elements
+  void (*lignes)(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t debut,
+                 std::size_t fin);
+};
+
+void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const Dimension& dimension,
+                   const AnalyseAnecar& analyse) {
+  const ElementsAnecar& elements = dimension.elements;
+  rapport.Ligne(cadre.regle);
+  rapport.Ligne(cadre.actifs);
+  rapport.Ligne(cadre.regle);
+  cadre.lignes(rapport, dimension, analyse, 0, elements.actifs);
+  rapport.Ligne(cadre.regle);
+  rapport.Ligne(cadre.ensemble);
+  rapport.Ligne(cadre.regle);
+  if (elements.Supplementaires() == 0) return;
+  rapport.Ligne(cadre.supplementaires);
+  rapport.Ligne(cadre.regle);
+  cadre.lignes(rapport, dimension, analyse, elements.actifs, elements.Nombre());
+  rapport.Ligne(cadre.regle);
+}
+
+void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
+  const std::size_t facteurs = analyse.facteurs.size();
+  ImprimerTable(rapport,
+                {Repeter("*---", "*------*----", facteurs, "*"), TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
+                 Repeter("*   ", "*      *1000", facteurs, "*"), TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
+                 ImprimerLignesCompactes},
+                dimension, analyse);
+  rapport.Ligne();
+}
+
 void ImprimerTableEtendue(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
-  const ElementsAnecar& elements = dimension.elements;
-  const std::string regle = Repeter("*---*----", "*------*----*----", facteurs, "*");
-  rapport.Ligne(regle);
-  rapport.Ligne({TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF"), "!"});
-  rapport.Ligne(regle);
-  ImprimerLignesEtendues(rapport, dimension, analyse, 0, elements.actifs);
-  rapport.Ligne(regle);
-  const std::string cpfMoyen = EntierDroit(Entier16(1000 / static_cast<double>(elements.actifs)), 5);
+  const std::string cpfMoyen = EntierDroit(Entier16(1000 / static_cast<double>(dimension.elements.actifs)), 5);
   std::string moyenne = "Moy." + EntierDroit(analyse.sommeParts, 5);
   for (const FacteurAnecar& facteur : analyse.facteurs) moyenne += "!      " + EntierDroit(facteur.part, 5) + cpfMoyen;
-  rapport.Ligne({moyenne, "!"});
-  rapport.Ligne(regle);
-  if (elements.Supplementaires() == 0) return;
-  rapport.Ligne({TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF"), "!"});
-  rapport.Ligne(regle);
-  ImprimerLignesEtendues(rapport, dimension, analyse, elements.actifs, elements.Nombre());
-  rapport.Ligne(regle);
+  ImprimerTable(rapport,
+                {Repeter("*---*----", "*------*----*----", facteurs, "*"),
+                 TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!", moyenne + "!",
+                 TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!", ImprimerLignesEtendues},
+                dimension, analyse);
 }
 
 }  // namespace

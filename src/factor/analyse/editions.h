@@ -43,7 +43,8 @@ void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const 
 void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
                             int seuil);
 
-// What is left of the deviations, in individuals with that many decimals. Raises 5 for more than 99 decimals.
+// What is left of the deviations, in individuals with that many decimals. Raises kArgumentIncorrect for more than 99
+// decimals.
 void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
                             const Ecarts& ecarts, int decimales);
 // What the factor gives back of the deviations.

@@ -25,7 +25,7 @@ void AjouterElement(MargesDesEcarts& marges, double profil, TypeAnalyse type, do
 
 double DiviserSiPossible(double valeur, double diviseur) { return diviseur == 0 ? valeur : valeur / diviseur; }
 
-// Divides the vector by its weights, then by its norm; returns the norm. Raises 5 when there is none.
+// Divides the vector by its weights, then by its norm; returns the norm. Raises kArgumentIncorrect when there is none.
 double Normer(std::vector<double>& vecteur, const std::vector<double>& poids) {
   double s2 = 0;
   for (std::size_t i = 0; i < vecteur.size(); ++i) {

@@ -42,8 +42,8 @@ struct Ecarts {
 // Sum of all cells.
 double EffectifTotal(const Matrice& actives);
 
-// Replaces the counts (active rows x active columns) by d = f - p(i) p(j). Raises 6 when the total, which must not be
-// 0, is beyond a double.
+// Replaces the counts (active rows x active columns) by d = f - p(i) p(j). Raises kDepassementCapacite when the total,
+// which must not be 0, is beyond a double.
 Ecarts CalculerEcarts(Matrice& actives, TypeAnalyse type);
 
 // The same for supplementary columns (active rows x supplementary columns); their margins go behind the active ones.
@@ -67,7 +67,8 @@ struct VecteursSinguliers {
 std::int64_t ToursAuPlus(const Matrice& d);
 
 // First pair of singular vectors of the deviations. Rounds go on while the change of 1,000,000 a(temoin), or the change
-// of that change, is above 1. `suivre` is told the number of each round. Raises 5 when weights below 0 leave no norm.
+// of that change, is above 1. `suivre` is told the number of each round. Raises kArgumentIncorrect when weights below 0
+// leave no norm.
 VecteursSinguliers Iterer(const Matrice& d, const Ecarts& ecarts, std::int64_t toursAuPlus,
                           const std::function<void(std::int64_t)>& suivre);
 
@@ -96,7 +97,7 @@ void Deflater(Matrice& d, const Ecarts& ecarts, const Composante& composante, st
 void DeflaterLigneSup(std::span<float> ligne, const Ecarts& ecarts, const Composante& composante, std::size_t rang);
 
 // Contribution to the factor, and squared cosine, of an element of weight w and coordinate F, in per mille: 999 above
-// 1000, else the nearest integer. 0 when the divisor is 0. Raises 6 below -32768.
+// 1000, else the nearest integer. 0 when the divisor is 0. Raises kDepassementCapacite below -32768.
 std::int16_t Contribution(double poids, double coordonnee, double valeurPropre);
 std::int16_t Cos2(double poids, double coordonnee, double inertie);
 

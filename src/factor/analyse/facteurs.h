@@ -61,14 +61,14 @@ struct Reconstitution {
   double effectif = 0;
   double valeurSinguliere = 0;
 };
-// Raises 5 for a total below 0.
+// Raises kArgumentIncorrect for a total below 0.
 Reconstitution ReconstituerEcarts(const TableauAnecar& tableau, const Ecarts& ecarts, const FacteurCourant& facteur);
 
-// Turns the counts of the table into deviations. Raises 6.
+// Turns the counts of the table into deviations. Raises kDepassementCapacite.
 AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type);
 
 // Finds the next factor of what is left of the deviations, adds it to the analysis and returns its coordinates.
-// `suivre` is told the number of each round. Raises 5 and 6.
+// `suivre` is told the number of each round. Raises kArgumentIncorrect and kDepassementCapacite.
 FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre);
 

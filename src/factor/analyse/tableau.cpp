@@ -66,7 +66,7 @@ PlanAnecar PlanifierTableau(const ParametresMod& parametres, const FichierMod& m
   PlanAnecar plan;
   plan.burt = parametres.burt;
   plan.largeur = parametres.largeur;
-  plan.decimales = parametres.decimales;
+  plan.decimales = parametres.de;
   plan.lignes = Entier64(parametres.lignes);  // below 0 there is no active row
   std::int64_t lignesSup = Taille(parametres.lignesSup);
   std::int64_t colonnes = Taille(parametres.colonnes);

@@ -48,8 +48,8 @@ struct PlanAnecar {
   }
 };
 
-// Raises 62 when the file has fewer modality lines than declared, 6 for a size beyond 64 bits, 9 for a
-// negative one or for a Burt table with fewer rows than modalities.
+// Raises kFinDeFichierDepassee when the file has fewer modality lines than declared, kDepassementCapacite for a size
+// beyond 64 bits, kIndiceHorsSelection for a negative one or for a Burt table with fewer rows than modalities.
 PlanAnecar PlanifierTableau(const ParametresMod& parametres, const FichierMod& mod, bool codageLogique);
 
 // Gives each modality line's label to the column of its name; returns the names that no column has.
@@ -63,8 +63,8 @@ struct TableauAnecar {
   ElementsAnecar lignes;
 };
 
-// Reads the counts; the supplementary rows go to the scratch file. Raises 62 when the file has fewer rows than
-// declared, 6 for a value beyond its type.
+// Reads the counts; the supplementary rows go to the scratch file. Raises kFinDeFichierDepassee when the file has fewer
+// rows than declared, kDepassementCapacite for a value beyond its type.
 TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemin& travail);
 
 }  // namespace quelvar::factor

@@ -87,8 +87,7 @@ void GarderTableur(const Contexte& contexte, Rapport& rapport, JeuDeFichiers& so
   if (!tableur) return;
   LecteurLignes lecteur(*tableur);
   if (std::string_view titre; !lecteur.Lire(titre) || titre == kTitreDesEtapes) return;
-  const std::string copie = NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".CSV"));
-  sorties.Copier(*tableur, copie, Nature::Unique);
+  const std::string copie = Sauvegarder(sorties, *tableur, contexte.Nom(".CSV"));
   rapport.Ligne(
       {"*** Attention : le fichier ", contexte.Nom(".CSV"), " existait déjà, il est sauvegardé sous le nom "_w, copie});
 }

@@ -16,8 +16,8 @@ struct ArbreCah {
   std::vector<EtapeWard> etapes;  // without their criteria
 };
 
-// Raises 62 for a file without its first line, 9 for a number that stands for no element or no earlier step, and the
-// numbers of LecteurLignes.
+// Raises kFinDeFichierDepassee for a file without its first line, kIndiceHorsSelection for a number that stands for no
+// element or no earlier step, and the failures of LecteurLignes.
 ArbreCah LireCah(const Chemin& chemin);
 
 struct OptionsCoupe {

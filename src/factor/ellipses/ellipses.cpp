@@ -6,6 +6,7 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
@@ -165,10 +166,9 @@ std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const Paramet
 std::vector<std::size_t> PlacesDansLaLigne(const FichierMod& mod, std::span<const ModaliteMarquee> modalites) {
   std::vector<std::size_t> places;
   for (const ModaliteMarquee& modalite : modalites) {
-    const auto trouvee = std::find_if(mod.modalites.begin(), mod.modalites.end(),
-                                      [&](const Modalite& candidate) { return candidate.nom == modalite.nom; });
-    if (trouvee == mod.modalites.end()) throw Erreur(kIndiceHorsSelection);
-    places.push_back(static_cast<std::size_t>(trouvee - mod.modalites.begin()));
+    const std::optional<std::size_t> place = SeuleModalite(mod.modalites, modalite.nom);
+    if (!place) throw Erreur(kIndiceHorsSelection);
+    places.push_back(*place);
   }
   return places;
 }
@@ -178,7 +178,7 @@ bool EstCodageLogique(const Contexte& contexte) {
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
   const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
   if (!mod || !fi2) return false;
-  const double individus = LireParametres(LireMod(*mod).parametres, nullptr).lignesSup;
+  const double individus = LireParametres(LireMod(*mod).parametres).lignesSup;
   return static_cast<double>(CompterLignes(*fi2)) == individus;
 }
 
@@ -238,7 +238,8 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
   EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
   for (const std::string& remarque : demande.remarques) rapport.Ligne({"*** Attention : ", remarque});
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.burt != 1)
     Refuser(rapport, contexte, "*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
   if (parametres.largeur < 1)

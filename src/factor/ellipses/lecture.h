@@ -15,8 +15,8 @@
 
 namespace quelvar::factor {
 
-// Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises 5 for
-// a negative one.
+// Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises
+// kArgumentIncorrect for a negative one.
 std::vector<double> RacinesDesValeursPropres(const Chemin& rapport);
 
 // Where the modalities stand in the rows of individuals.
@@ -28,15 +28,16 @@ struct LignesDIndividus {
 };
 
 // The clouds of the modalities (ranks in the .MOD from 0): one for each, over the individuals whose cell isn't zero.
-// `points` are the coordinates of the individuals, thousandths, in the order of the file. Raises 62 for a file that is
-// too short, a sentence (13) for one that holds other modalities or more individuals.
+// `points` are the coordinates of the individuals, thousandths, in the order of the file. Raises kFinDeFichierDepassee
+// for a file that is too short, a sentence (kIncompatibiliteType) for one that holds other modalities or more
+// individuals.
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
                               std::span<const Position> points);
 
 // The first individual, from 1, whose coordinates (factors x individuals) are not those of its row: two with the same
 // active cells have the same ones; where no two have, those of a correspondence analysis are the mean of the columns
 // (factors x columns) that the individual has, at the scale of the factor. Less than 30 individuals are not looked at:
-// so few may have been typed. Nothing when all hold, or when nothing can be said. Raises the numbers of LecteurLignes.
+// so few may have been typed. Nothing when all hold, or when nothing can be said. Raises the failures of LecteurLignes.
 std::optional<std::int64_t> PremierDeplace(const LignesDIndividus& lignes, const std::vector<bool>& actives,
                                            const Matrice& coordonnees, const Matrice* colonnes);
 

@@ -47,18 +47,24 @@ std::string Marquer(const std::vector<std::string>& noms, EtatPlan& etat) {
   return {};
 }
 
+// Each option that is a setting of the plane as it stands, with that setting.
+template <class Options, class Reglages, class Poser>
+void PourChaqueReglage(Options& options, Reglages& reglages, const Poser& poser) {
+  poser(options.inverserX, reglages.horizontal.inverse);
+  poser(options.inverserY, reglages.vertical.inverse);
+  poser(options.pointExact, reglages.pointExact);
+  poser(options.contributions, reglages.parContribution);
+  poser(options.longs, reglages.intitulesLongs);
+  poser(options.information, reglages.information);
+  poser(options.individus, reglages.individus);
+  poser(options.ensemble, reglages.ensemble);
+  poser(options.niveauCpf, reglages.niveauCpf);
+  poser(options.taille, reglages.taille);
+  poser(options.gras, reglages.gras);
+}
+
 void ReglerPoints(const OptionsGraphe& options, ReglagesPlan& reglages) {
-  reglages.horizontal.inverse = options.inverserX;
-  reglages.vertical.inverse = options.inverserY;
-  reglages.pointExact = options.pointExact;
-  reglages.parContribution = options.contributions;
-  reglages.intitulesLongs = options.longs;
-  reglages.information = options.information;
-  reglages.individus = options.individus;
-  reglages.ensemble = options.ensemble;
-  reglages.niveauCpf = options.niveauCpf;
-  reglages.taille = options.taille;
-  reglages.gras = options.gras;
+  PourChaqueReglage(options, reglages, [](const auto& option, auto& reglage) { reglage = option; });
   for (const char lettre : options.ellipses) {
     if (Majuscule(lettre) == 'C') reglages.ellipses.concentration = true;
     if (Majuscule(lettre) == 'M') reglages.ellipses.mediane = true;
@@ -236,17 +242,7 @@ OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek) {
   options.horizontal = TexteAxe(reglages.horizontal);
   const bool usuel = reglages.vertical.facteur == 2 && !reglages.vertical.cpf;
   if (!usuel) options.vertical = TexteAxe(reglages.vertical);
-  options.inverserX = reglages.horizontal.inverse;
-  options.inverserY = reglages.vertical.inverse;
-  options.pointExact = reglages.pointExact;
-  options.contributions = reglages.parContribution;
-  options.longs = reglages.intitulesLongs;
-  options.information = reglages.information;
-  options.individus = reglages.individus;
-  options.ensemble = reglages.ensemble;
-  options.niveauCpf = reglages.niveauCpf;
-  options.taille = reglages.taille;
-  options.gras = reglages.gras;
+  PourChaqueReglage(options, reglages, [](auto& option, const auto& reglage) { option = reglage; });
   DireLesLiens(reglages.liens, options);
   options.pajek = pajek && reglages.liens.actif;
   if (reglages.cah.actif) {

@@ -21,20 +21,18 @@ struct ExigencesGraphe {
 // Reads .MOD, .FAJ, .FAI, .PEM, .PEL, .CAH and the shares of the factors in the last report (.AFC or .ACP), and starts
 // the report .PRT. Nothing when the run has ended there; its report is shown then.
 std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences = {});
-// The end of the run, when the form is left.
-void QuitterGraphe(const Contexte& contexte);
 
 // Computes the ellipses asked for, which starts .PRT anew; without any, leaves everything as it is. False when the run
 // was stopped and its report shown.
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat);
 
-// Replaces the Pajek network file of the generic by the links read. Raises the numbers of Remplacement.
+// Replaces the Pajek network file of the generic by the links read. Raises the failures of Remplacement.
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat);
 // The same as one of the files of a set.
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat, JeuDeFichiers& sorties);
 
 // What a click tells of an element: its long label and, for an individual, what its line of the .DAT says behind "$$".
-// Raises the numbers of LecteurLignes.
+// Raises the failures of LecteurLignes.
 std::string TexteDuClic(const Contexte& contexte, const EtatPlan& etat, std::size_t element);
 
 enum class CahDuGraphe : std::uint8_t { Aucune, Lignes, Couleurs };

@@ -94,7 +94,7 @@ void DecrirePoints(Description<O>& description) {
       .Bouton("Opt1", "tous")
       .Bouton("Opt2", "actifs")
       .Bouton("Opt3", "supplementaires")
-      .Entier("niveaucpf", &O::niveauCpf, 0, 1000, "CPF minimum d'un point")
+      .Entier("niveaucpf", &O::niveauCpf, 0, kNiveauCpfAuPlus, "CPF minimum d'un point")
       .Montre("TextBoxVal")
       .Choix("caracteres", &O::taille,
              {{"moyens", TailleTexte::Moyenne}, {"petits", TailleTexte::Petite}, {"grands", TailleTexte::Grande}},

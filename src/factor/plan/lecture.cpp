@@ -200,7 +200,8 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   ExigerFichiersDuGraphe(rapport, contexte, exigences);
   ImprimerNoms(rapport, contexte);
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
     Arreter(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});
   DeclarerColonnes(rapport, contexte, mod, parametres, donnees);
@@ -230,7 +231,5 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
   }
   return donnees;
 }
-
-void QuitterGraphe(const Contexte& contexte) { MontrerRapport(contexte, contexte.Nom(".PRT")); }
 
 }  // namespace quelvar::factor

@@ -63,6 +63,8 @@ struct AxePlan {
   bool inverse = false;
 };
 
+inline constexpr int kNiveauCpfAuPlus = 1000;  // per thousand
+inline constexpr double kLimiteDeLienAuPlus = 1000;
 inline constexpr double kEcMinDesLiensDeLignes = 90;  // lower limit that goes with the links of the .PEL
 
 struct ReglagesLiens {

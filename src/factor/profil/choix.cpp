@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/parametres.h"
+#include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::factor {
@@ -48,7 +49,7 @@ std::string RefusDuChoix(const std::vector<std::string>& noms) {
 }
 
 std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms) {
-  const ParametresMod lus = LireParametres(parametres, nullptr);
+  const ParametresMod lus = LireParametres(parametres);
   std::string ligne;
   const auto ajouter = [&](std::string_view cle, double valeur) {
     if (valeur > 0) ligne += Joindre({cle, Nombre(valeur), " "});
@@ -59,7 +60,7 @@ std::string LigneDuChoix(std::string_view parametres, const std::vector<std::str
   ajouter("JSUP=", lus.colonnesSup);
   ajouter("LA=", lus.largeur);
   ajouter("BRT=", lus.burt);
-  ajouter("DE=", lus.decimales);
+  ajouter("DE=", lus.de);
   return Joindre({ligne, " MOD=", TexteDuChoix(noms)});
 }
 

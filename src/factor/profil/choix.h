@@ -17,8 +17,8 @@ std::vector<std::string> NomsDuChoix(std::string_view texte);
 // Why a choice can't be kept on the line; empty when it can.
 std::string RefusDuChoix(const std::vector<std::string>& noms);
 
-// Line 2 with its parameters in their order, those of no value left out, and the choice behind them. Raises 6 for a
-// value beyond its type.
+// Line 2 with its parameters in their order, those of no value left out, and the choice behind them. Raises
+// kDepassementCapacite for a value beyond its type.
 std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms);
 
 // The mark of a text of the list as it is written back: " S ", three blanks, or what the coding of a regression says.

@@ -31,12 +31,13 @@ enum class FauteDeNom { Aucune, Inconnue, HorsNorme };
 FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, CodeDeModalite& lu);
 
 // Counts the data, at most the announced individuals, all of them when the size is 0. `codes` has the code of each
-// modality. Raises 5 with the question for a position below 1, and the numbers of LecteurLignes.
+// modality. Raises kArgumentIncorrect with the question for a position below 1, and the failures of LecteurLignes.
 ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
                                const std::vector<std::size_t>& choisies, const Dialogue& dialogue);
 
 // Counts of the Burt table: its diagonal and the rows of the chosen ones. `annonces` is line 2 of the .POS; without it,
-// LSUP= of a table with individuals, else the diagonal of the first question. Raises 62 for a table that is cut.
+// LSUP= of a table with individuals, else the diagonal of the first question. Raises kFinDeFichierDepassee for a table
+// that is cut.
 ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres,
                          const std::vector<std::size_t>& choisies, double annonces);
 

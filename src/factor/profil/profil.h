@@ -22,7 +22,8 @@ struct Attraction {
   int pem = 0;           // percent, negative for a repulsion, rounded half up
 };
 
-// Raises 11 without individuals or for counts that their margins do not allow, 6 for a PEM beyond an integer.
+// Raises kDivisionParZero without individuals or for counts that their margins do not allow, kDepassementCapacite for a
+// PEM beyond an integer.
 //
 // The PEM is the share of the largest deviation from independence that the margins allow. Correction of continuity:
 // F. Yates, Supplement to the Journal of the Royal Statistical Society 1 (1934).

@@ -2,8 +2,10 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
@@ -76,12 +78,8 @@ std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& conte
   std::vector<std::size_t> choisies;
   if (!parametres.modPresent || parametres.mod.empty()) controle.Faute("Erreur : nom de MOD= non trouvé"_w);
   for (const std::string& nom : NomsDuChoix(parametres.mod)) {
-    std::size_t rang = 0;
-    while (rang < mod.modalites.size() && mod.modalites[rang].nom != nom) ++rang;
-    if (const std::size_t homonymes = RangsDuNom(mod.modalites, nom).size(); homonymes > 1)
-      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, homonymes));
-    if (rang == mod.modalites.size()) controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
-    else choisies.push_back(rang);
+    if (const std::optional<std::size_t> rang = SeuleModalite(mod.modalites, nom)) choisies.push_back(*rang);
+    else controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
   }
   controle.Conclure(contexte.Ecran());
   for (const std::size_t rang : choisies)
@@ -92,8 +90,8 @@ std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& conte
   return choisies;
 }
 
-std::vector<CodeDeModalite> LireCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
-                                      const FichierPos& pos) {
+std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
+                                        const FichierPos& pos) {
   Controle controle(rapport);
   std::vector<CodeDeModalite> codes;
   for (const Modalite& modalite : mod.modalites) {
@@ -129,14 +127,15 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
                         const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
   std::optional<FichierPos> pos;
   if (fichiers.pos) {
-    pos = LirePos(*fichiers.pos, contexte.Ecran());
+    pos = LirePos(*fichiers.pos);
+    ExigerParentheses(pos->taille, contexte.Ecran());
   }
   if (!fichiers.donnees) {
     if (parametres.burt == 0) ExigerBurt(rapport, contexte, *fichiers.brt, mod);
     ExigerTableDuMod(*fichiers.brt, mod, parametres);
     return LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
   }
-  const std::vector<CodeDeModalite> codes = LireCodes(rapport, contexte, mod, *pos);
+  const std::vector<CodeDeModalite> codes = ExigerCodes(rapport, contexte, mod, *pos);
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
   if (comptes.individus < static_cast<double>(pos->taille.individus))
     Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui annonce");
@@ -202,12 +201,17 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
   EcrireNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (!fichiers.donnees && parametres.largeur <= 0) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);
   }
   const std::vector<std::size_t> choisies = TrouverChoisies(rapport, contexte, mod, parametres);
+  constexpr std::uint64_t kMemoireDUneLigne = 300;  // count, measures and texts of a modality in a profile
+  constexpr std::uint64_t kOctetsDUneLigne = 120;   // of the report
+  const std::uint64_t lignesDeProfil = std::uint64_t{choisies.size()} * mod.modalites.size();
+  ExigerPlace(contexte, rapport, {kMemoireDUneLigne * lignesDeProfil, kOctetsDUneLigne * lignesDeProfil});
   const ComptesDeProfil comptes = Compter(rapport, contexte, fichiers, mod, parametres, choisies);
   std::vector<ProfilDeModalite> profils;
   for (std::size_t k = 0; k < choisies.size(); ++k) {

@@ -33,7 +33,7 @@ struct EtatProfil {
 };
 EtatProfil ChargerProfil(const Contexte& contexte);
 
-// Writes the choice, marks and labels to the .MOD; raises the numbers of Remplacement.
+// Writes the choice, marks and labels to the .MOD; raises the failures of Remplacement.
 void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                       const std::vector<std::string>& noms);
 

@@ -1,18 +1,30 @@
 // Makes the help at build time: "quelvar-aide page SOURCE TARGET" copies the help page without the notices of what is
-// not available for the entries that the menu has, "quelvar-aide note SOURCE TARGET" prints a method note as a PDF.
+// not available for the entries that the menu has, "quelvar-aide note SOURCE TARGET" prints a method note as a PDF, in
+// the style of the note.css beside it.
 #include <QApplication>
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPdfWriter>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QTextDocument>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 #include "forms/aide/aide.h"
 
 namespace {
+
+// Nothing, and the failure told, when it cannot be read.
+std::optional<QString> Lire(const QString& fichier) {
+  QFile source(fichier);
+  if (source.open(QIODevice::ReadOnly)) return QString::fromUtf8(source.readAll());
+  std::fprintf(stderr, "%s: %s\n", qPrintable(fichier), qPrintable(source.errorString()));
+  return std::nullopt;
+}
 
 bool Ecrire(const QString& fichier, const QByteArray& octets) {
   QSaveFile cible(fichier);
@@ -31,8 +43,9 @@ void OublierLaDate(QByteArray& pdf) {
   }
 }
 
-bool Imprimer(const QString& fichier, const QString& html) {
+bool Imprimer(const QString& fichier, const QString& html, const QString& style) {
   QTextDocument note;
+  note.setDefaultStyleSheet(style);
   note.setDefaultFont(QFont(QStringLiteral("Liberation Serif"), 11));
   note.setHtml(html);
   QBuffer pdf;
@@ -55,15 +68,16 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() != 4) return 2;
-  QFile source(arguments[2]);
-  if (!source.open(QIODevice::ReadOnly)) {
-    std::fprintf(stderr, "%s: %s\n", qPrintable(arguments[2]), qPrintable(source.errorString()));
-    return 1;
+  const std::optional<QString> texte = Lire(arguments[2]);
+  if (!texte) return 1;
+  bool fait = false;
+  if (arguments[1] == QStringLiteral("page")) {
+    fait = Ecrire(arguments[3], quelvar::forms::SansAvisPerimes(*texte).toUtf8());
+  } else {
+    const std::optional<QString> style = Lire(QFileInfo(arguments[2]).dir().filePath(QStringLiteral("note.css")));
+    if (!style) return 1;
+    fait = Imprimer(arguments[3], *texte, *style);
   }
-  const QString texte = QString::fromUtf8(source.readAll());
-  const bool fait = arguments[1] == QStringLiteral("page")
-                        ? Ecrire(arguments[3], quelvar::forms::SansAvisPerimes(texte).toUtf8())
-                        : Imprimer(arguments[3], texte);
   if (!fait) std::fprintf(stderr, "%s: cannot be written\n", qPrintable(arguments[3]));
   return fait ? 0 : 1;
 }

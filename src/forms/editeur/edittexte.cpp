@@ -74,7 +74,7 @@ void EditTexte::ChargerSuite(std::size_t caracteres) {
     return;
   }
   pause_.start(0);
-  emit chargement(static_cast<int>(charge_ * 100 / attente_.size()));
+  emit Charge(static_cast<int>(charge_ * 100 / attente_.size()));
 }
 
 void EditTexte::FinirChargement() {
@@ -84,7 +84,7 @@ void EditTexte::FinirChargement() {
   if (lectureSeule_) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setUndoRedoEnabled(!lectureSeule_);
   document()->setModified(false);
-  emit chargement(100);
+  emit Charge(100);
 }
 
 void EditTexte::AcheverChargement() {
@@ -113,7 +113,7 @@ QString EditTexte::Admettre(const QString& texte) {
   net.replace(u'\r', u'\n');
   const QString admis = VersQString(CaracteresAdmis(net.toStdU16String(), encodage_));
   if (admis.count(u'?') > net.count(u'?'))
-    emit remarque(QStringLiteral("Un caractère absent de la page de code est devenu « ? »"));
+    emit Remarque(QStringLiteral("Un caractère absent de la page de code est devenu « ? »"));
   return admis;
 }
 
@@ -132,7 +132,7 @@ void EditTexte::insertFromMimeData(const QMimeData* source) {
   if (!canInsertFromMimeData(source)) return;
   const QString texte = source->text();
   if (Deborde(texte)) {
-    emit remarque(QStringLiteral("Rien n'est collé : le texte dépasserait ce que l'éditeur peut tenir"));
+    emit Remarque(QStringLiteral("Rien n'est collé : le texte dépasserait ce que l'éditeur peut tenir"));
     return;
   }
   insertPlainText(Admettre(texte));

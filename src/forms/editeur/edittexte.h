@@ -39,9 +39,9 @@ class EditTexte : public TexteFixe {
   QString Admettre(const QString& texte);
 
  signals:
-  void chargement(int pourcent);  // 100 at the end
+  void Charge(int pourcent);  // 100 at the end
   // Something typed or pasted was not taken as it was.
-  void remarque(const QString& phrase);
+  void Remarque(const QString& phrase);
 
  protected:
   bool canInsertFromMimeData(const QMimeData* source) const override;

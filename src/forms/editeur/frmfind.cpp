@@ -6,10 +6,10 @@ namespace quelvar::forms {
 
 frmFind::frmFind(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmFind>()) {
   ui_->setupUi(this);
-  connect(ui_->BoutSuivant, &QPushButton::clicked, this, [this] { emit chercher(false); });
-  connect(ui_->BoutPrecedent, &QPushButton::clicked, this, [this] { emit chercher(true); });
-  connect(ui_->BoutRemplacer, &QPushButton::clicked, this, &frmFind::remplacer);
-  connect(ui_->BoutToutRemplacer, &QPushButton::clicked, this, &frmFind::toutRemplacer);
+  connect(ui_->BoutSuivant, &QPushButton::clicked, this, [this] { emit Cherche(false); });
+  connect(ui_->BoutPrecedent, &QPushButton::clicked, this, [this] { emit Cherche(true); });
+  connect(ui_->BoutRemplacer, &QPushButton::clicked, this, &frmFind::Remplace);
+  connect(ui_->BoutToutRemplacer, &QPushButton::clicked, this, &frmFind::RemplaceTout);
   connect(ui_->BoutFermer, &QPushButton::clicked, this, &frmFind::close);
   const auto permettre = [this] {
     const bool possible = !ui_->TextCherche->text().isEmpty();

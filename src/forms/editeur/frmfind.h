@@ -28,9 +28,9 @@ class frmFind : public QDialog {
   void Dire(const QString& phrase);
 
  signals:
-  void chercher(bool enArriere);
-  void remplacer();
-  void toutRemplacer();
+  void Cherche(bool enArriere);
+  void Remplace();
+  void RemplaceTout();
 
  private:
   std::unique_ptr<Ui::frmFind> ui_;

@@ -36,9 +36,9 @@ bool PartieContient(const Chemin& fichier, std::size_t rang, const OptionsRecher
 frmFind& frmSDI::DialogueRecherche() {
   if (recherche_ == nullptr) {
     recherche_ = new frmFind(this);
-    connect(recherche_, &frmFind::chercher, this, &frmSDI::Chercher);
-    connect(recherche_, &frmFind::remplacer, this, &frmSDI::Remplacer);
-    connect(recherche_, &frmFind::toutRemplacer, this, &frmSDI::RemplacerPartout);
+    connect(recherche_, &frmFind::Cherche, this, &frmSDI::Chercher);
+    connect(recherche_, &frmFind::Remplace, this, &frmSDI::Remplacer);
+    connect(recherche_, &frmFind::RemplaceTout, this, &frmSDI::RemplacerPartout);
   }
   return *recherche_;
 }

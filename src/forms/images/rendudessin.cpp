@@ -216,7 +216,6 @@ bool EcrirePdfDessin(QIODevice& sortie, const Dessin& dessin) {
 void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone) {
   Peinture peinture(peintre, dessin);
   for (const Forme& forme : dessin.Formes()) {
-    if (!dessin.Visible(forme)) continue;
     // A text may be a little wider in the font at hand than in the metrics of the picture.
     constexpr double marge = 12;
     Zone etendue = dessin.Etendue(forme);

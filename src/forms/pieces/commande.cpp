@@ -69,10 +69,11 @@ void Montrer(QWidget& fenetre, const QString& commande) {
 
 }  // namespace
 
-QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::string()> commande) {
+QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::string()> commande,
+                                   const BoutonDeCommande& voulu) {
   QWidget& fenetre = *lancer.window();
-  auto* bouton = new QPushButton(AvecLettreLibre(fenetre, QStringLiteral("Voir la commande")), lancer.parentWidget());
-  bouton->setObjectName(QStringLiteral("BoutCommande"));
+  auto* bouton = new QPushButton(AvecLettreLibre(fenetre, voulu.texte), lancer.parentWidget());
+  bouton->setObjectName(voulu.nom);
   bouton->setAutoDefault(false);
   if (QBoxLayout* rangee = RangeeDe(lancer.parentWidget()->layout(), lancer))
     rangee->insertWidget(rangee->indexOf(&lancer), bouton);

@@ -18,7 +18,7 @@ struct AncienneModalite {
 };
 
 // The lines behind the first two, also behind "**". A line without a name, and one of "**", count as taken over.
-// Raises 62 for less than two lines and the numbers of LecteurLignes.
+// Raises kFinDeFichierDepassee for less than two lines and the failures of LecteurLignes.
 std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin);
 
 // Gives each modality its mark and label: those of the first old line of its name, which is then taken over, else the

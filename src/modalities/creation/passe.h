@@ -18,7 +18,7 @@ namespace quelvar::modalities {
 class CodageLogique {
  public:
   CodageLogique(Ecrivain& fichier, std::size_t modalites, const NomsDIndividus& noms);
-  // Raises 5 when the name is to be taken from a column below 1.
+  // Raises kArgumentIncorrect when the name is to be taken from a column below 1.
   void Ecrire(std::int64_t numero, std::string_view ligneDeDonnees, std::span<const std::uint32_t> presentes);
 
  private:
@@ -42,7 +42,8 @@ struct DemandeDePasse {
 };
 
 // Counts the individuals into the table; returns how many lines there were, at most `individus`. A value above the
-// code-max or below 0 counts as 0. Raises 5, with the question, for a position below 1, and the numbers of the readers.
+// code-max or below 0 counts as 0. Raises kArgumentIncorrect, with the question, for a position below 1, and the
+// failures of the readers.
 std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, const DemandeDePasse& demande,
                               TableBurt& burt, const Dialogue& dialogue);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
@@ -54,15 +55,16 @@ Preparation OuvrirFichiers(const Contexte& contexte, Rapport& rapport) {
   return preparation;
 }
 
-void LireQuestions(const Contexte& contexte, Preparation& preparation) {
-  preparation.pos = LirePos(contexte.Exiger(".POS"), contexte.Ecran());
+void PrendreQuestions(const Contexte& contexte, Preparation& preparation) {
+  preparation.pos = LirePos(contexte.Exiger(".POS"));
+  ExigerParentheses(preparation.pos.taille, contexte.Ecran());
 }
 
 // Opens the files and tells their names.
 Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
   Preparation preparation = OuvrirFichiers(contexte, rapport);
   EcrireNomsDesFichiers(contexte, rapport);
-  LireQuestions(contexte, preparation);
+  PrendreQuestions(contexte, preparation);
   DireIndividus(preparation.pos, rapport);
   return preparation;
 }
@@ -273,7 +275,7 @@ void CreerSansDonnees(const Contexte& contexte, const std::vector<std::string>& 
   options.actives = questions;
   options.codesZero = codesZero;
   Preparation preparation = OuvrirFichiers(contexte, rapport);
-  LireQuestions(contexte, preparation);
+  PrendreQuestions(contexte, preparation);
   const ChoixQuestions choix = Choisir(preparation.pos, options, rapport);
   ExigerModalites(preparation.pos, choix, options, contexte.Ecran());
   MoteurPosmod(contexte, preparation, choix, options, rapport);
@@ -301,11 +303,6 @@ std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode
   if (fin == Fin::Normale) return prepare;
   contexte.Ecran().afficher(affichage);
   return std::nullopt;
-}
-
-Fin AbandonnerPosmod(const Contexte& contexte) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
-                           [&](Rapport& rapport) { Preparer(contexte, rapport); });
 }
 
 }  // namespace quelvar::modalities

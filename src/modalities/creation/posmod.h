@@ -31,7 +31,7 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options);
 
 // The creations of NomeMod, which go on under one report: its heading (banner, names of the files, individuals, the
 // last when the .POS can be read), and one creation without the data behind it. The .DAT and the .POS are required
-// before the heading. What stops raises kArretAnnonce once the report has told why, and the numbers of the readers and
+// before the heading. What stops raises kArretAnnonce once the report has told why, and the failures of the readers and
 // of JeuDeFichiers.
 void ExigerFichiersDesModalites(const Contexte& contexte, Rapport& rapport);
 void EcrireEnTeteDesModalites(const Contexte& contexte, Rapport& rapport);
@@ -49,8 +49,5 @@ struct ChoixPrepare {
 };
 // The preparation alone. When it stops, its report is shown and there is nothing to start from.
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode);
-
-// The run that leaving the form ends: the preparation alone, which the report tells.
-Fin AbandonnerPosmod(const Contexte& contexte);
 
 }  // namespace quelvar::modalities

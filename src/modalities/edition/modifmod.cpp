@@ -104,8 +104,6 @@ void PoserIntitule(std::string& texte, std::string_view intitule) {
   texte += intitule;
 }
 
-std::size_t LigneSuivante(std::size_t ligne, std::size_t lignes) { return ligne + 1 < lignes ? ligne + 1 : 0; }
-
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes) {
   return RendreCompte(
       contexte, kEnregistre, [&] { Enregistrer(contexte, textes); }, kRapportSansNom);

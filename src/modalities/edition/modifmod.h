@@ -22,8 +22,6 @@ EtatModifMod ChargerModifMod(const Contexte& contexte);
 void BasculerStatut(std::string& texte);
 // The label as typed, from column 8 on.
 void PoserIntitule(std::string& texte, std::string_view intitule);
-// The line that follows, the first one behind the last.
-std::size_t LigneSuivante(std::size_t ligne, std::size_t lignes);
 
 // Writes the list with the marks " S " and "   " only; every other line of the file stays.
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes);

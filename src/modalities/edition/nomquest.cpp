@@ -16,9 +16,8 @@ constexpr std::size_t kColonnesDeQuestion = 8;  // columns that a label never en
 std::size_t RangDansFichier(const FichierPos& pos, const std::vector<NomDeQuestion>& questions, std::size_t rang) {
   const std::string& nom = questions[rang].nom;
   if (rang < pos.questions.size() && pos.questions[rang].nom == nom) return rang;
-  const auto trouvee =
-      std::find_if(pos.questions.begin(), pos.questions.end(), [&](const Question& q) { return q.nom == nom; });
-  return static_cast<std::size_t>(trouvee - pos.questions.begin());
+  const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
+  return rangs.empty() ? pos.questions.size() : rangs.front();
 }
 
 }  // namespace

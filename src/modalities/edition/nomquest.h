@@ -37,7 +37,8 @@ std::string_view NommerQuestion(NomDeQuestion& question, std::string_view intitu
 // keeps what follows it.
 std::string LigneAvecIntitule(std::string_view ligne, std::string_view intitule);
 
-// Writes the modified names into the .POS as it is by then; every other text of the file stays. Raises 53 without it.
+// Writes the modified names into the .POS as it is by then; every other text of the file stays. Raises
+// kFichierIntrouvable without it.
 void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions);
 // The same at the end of the form.
 Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions);

@@ -9,6 +9,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -48,7 +49,8 @@ Table OuvrirTable(const Contexte& contexte, Rapport& rapport) {
   const std::optional<Chemin> brt = chercher(".BRT", true);
   if (mod) {
     table.mod = LireMod(*mod);
-    table.parametres = LireParametres(table.mod.parametres, &rapport);
+    table.parametres = LireParametres(table.mod.parametres);
+    rapport.Lignes(table.parametres.remarques);
   }
   table.pos = chercher(".POS", table.parametres.burt > 0);
   if (manque) {
@@ -239,6 +241,10 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   plan.nomCourt = noms.ligne;
   ExigerNomsLibres(contexte, rapport, table, options);
 
+  // The new table beside the old one, one column wider at each sum that does not fit.
+  ExigerPlace(contexte, rapport,
+              {0, LongueurFichier(table.brt) * (static_cast<std::uint64_t>(plan.ancienneLargeur) + 1) /
+                      static_cast<std::uint64_t>(plan.ancienneLargeur)});
   std::optional<JeuDeFichiers> sorties;
   BilanDeRegroupement bilan;
   const int largeur = RegrouperJusquAuBout(rapport, contexte, table, plan, noms, nouveau, sorties, bilan);

@@ -37,7 +37,8 @@ struct BilanDeRegroupement {
   std::int64_t lignesSup = 0;  // of them, supplementary
 };
 
-// Writes the new table with cells of that width. Raises 5 for a width below 1 and the numbers of LecteurLignes.
+// Writes the new table with cells of that width. Raises kArgumentIncorrect for a width below 1 and the failures of
+// LecteurLignes.
 BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan, int largeur, Ecrivain& sortie);
 
 }  // namespace quelvar::modalities

@@ -6,6 +6,7 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
@@ -51,9 +52,10 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
   throw Erreur(kArretAnnonce);
 }
 
-Travail LireLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
+Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
@@ -65,7 +67,7 @@ Travail LireLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& c
   return travail;
 }
 
-void LireLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
   travail.etape = Etape::Lecture;
   LireIndividus(codageLogique, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
@@ -192,7 +194,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& 
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
   PrevenirDesConfusions(contexte, travail.modele);
-  LireLesReponses(contexte, rapport, codageLogique, travail);
+  PrendreLesReponses(contexte, rapport, codageLogique, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
   ecran.progresser(20);
@@ -228,11 +230,23 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
   return image;
 }
 
+// Records of individuals in memory, with what sorts them; the work files hold the records again, four times at the
+// most.
+void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique,
+                          const Travail& travail) {
+  constexpr std::uint64_t kParIndividu = 28;  // number, key and place in the order
+  const std::uint64_t fiche = travail.modele.LargeurFiche();
+  const std::uint64_t individus =
+      LongueurFichier(codageLogique) / std::max<std::uint64_t>(travail.modele.codage.size(), 1);
+  ExigerPlace(contexte, rapport, {individus * (fiche + kParIndividu), 4 * individus * (fiche + 2)});
+}
+
 // A run that stops leaves its work files as they stand.
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
-  Travail travail = LireLeModele(contexte, rapport, fichiers.mod);
+  Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
+  ExigerPlaceDesFiches(contexte, rapport, fichiers.codageLogique, travail);
   ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers.codageLogique, travail));
@@ -241,7 +255,7 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
     LaisserLesFichiers(contexte, travail);
     throw;
   }
-  if (travail.parametres.decimales == kFichiersGardes) {
+  if (travail.parametres.de == kFichiersGardes) {
     LaisserLesFichiers(contexte, travail);
     EcrireListeFinale(contexte, travail);
   } else {

@@ -60,12 +60,12 @@ inline constexpr std::size_t kChiffresExacts = 15;
 inline constexpr std::size_t kFautifsCites = 51;
 
 // Reads the logical coding into `individus`; what was read before a failure stays there. A character past the end of a
-// line is a blank. Raises the numbers of LecteurLignes.
+// line is a blank. Raises the failures of LecteurLignes.
 void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dialogue& ecran, Individus& individus);
 
 // The records of the individuals by descending value, each record read as one decimal number in a double. Records of
 // more than 15 characters may share a value: their order is then that of the heap sort, and equal records need not
-// stand together. Raises 6 for a value beyond a double.
+// stand together. Raises kDepassementCapacite for a value beyond a double.
 std::vector<NumeroFiche> TrierFiches(const Individus& individus, const Dialogue& ecran);
 
 // A record and how many neighbours in the order had it.

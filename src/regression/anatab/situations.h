@@ -34,8 +34,8 @@ struct Khi2Paire {
 };
 
 // A cell of `n` individuals, `y` of them with the explained modality, against the rest of a population of `total`
-// individuals and `totalOui`: the sum of (expected - observed)^2 / expected. Raises 11 for an expected value of 0.
-// Source: K. Pearson, Philosophical Magazine 50 (1900).
+// individuals and `totalOui`: the sum of (expected - observed)^2 / expected. Raises kDivisionParZero for an expected
+// value of 0. Source: K. Pearson, Philosophical Magazine 50 (1900).
 Khi2Paire KhiCellule(double total, double totalOui, double n, double y);
 // The same for the two rows of a table of their own.
 Khi2Paire KhiPaire(double n1, double n2, double y1, double y2);

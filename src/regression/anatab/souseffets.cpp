@@ -189,11 +189,6 @@ MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table
   return mesure;
 }
 
-std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& table,
-                             const std::vector<Cellule>& cellules) {
-  return cellules[table.Modalites(sousEffet.Comparee())[sousEffet.question]].designee;
-}
-
 bool Effet::EcartDepasseMoyenne() const { return ecartType > std::fabs(moyenne); }
 
 std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<Cellule>& cellules,

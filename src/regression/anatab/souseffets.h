@@ -49,12 +49,8 @@ struct MesureSousEffet {
   Khi2Paire khi2;
 };
 
-// Raises 11 for an odds-ratio, or a chi-square, that has a 0 below.
+// Raises kDivisionParZero for an odds-ratio, or a chi-square, that has a 0 below.
 MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio);
-
-// The modality that a sub-effect compares with its reference, by the four characters of its cell.
-std::size_t ModaliteComparee(const SousEffet& sousEffet, const TableSituations& table,
-                             const std::vector<Cellule>& cellules);
 
 struct Effet {
   std::size_t modalite = 0;  // rank among the explanatory ones

@@ -29,7 +29,7 @@ struct Travail {
   AnalyseTabulaire analyse;
   Etape etape = Etape::Rien;
 
-  ChoixEdition Choix() const { return {parametres.decimales == 1, parametres.decimales == 2}; }
+  ChoixEdition Choix() const { return {parametres.de == 1, parametres.de == 2}; }
 };
 
 // Whether a fit tells the effect of an explanatory modality: some individual of the situations that were kept has it.

@@ -22,7 +22,7 @@ std::string_view TitreDe(const ModeleAjuste& ajuste) {
 }
 
 int Decimales(const Travail& travail) {
-  return travail.parametres.decimales >= kDecimalesDemandees ? travail.parametres.decimales : kDecimalesOrdinaires;
+  return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
 }
 
 double PourcentageLogistique(double score) { return 100 * Probabilite(Lien::Logistique, score); }

@@ -8,7 +8,7 @@
 namespace quelvar::regression {
 
 // Start values: of the linear model the reference situation and the tabular means, of the logistic one the logits that
-// the linear coefficients lead to. Raises 11 for a probability of 1 and 5 for one of 0.
+// the linear coefficients lead to. Raises kDivisionParZero for a probability of 1 and kArgumentIncorrect for one of 0.
 Parametres DepartLineaire(const Travail& travail);
 Parametres DepartLogistique(const Travail& travail, const Parametres& lineaires);
 

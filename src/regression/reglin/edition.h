@@ -14,12 +14,12 @@ void ImprimerEnteteDeTable(Rapport& rapport, const VariablesDeRegression& variab
 // The values of a data line as they stand, before any logarithm.
 void ImprimerLigneDeTable(Rapport& rapport, std::string_view ligne, const VariablesDeRegression& variables);
 
-// Raises 5 for a variance that rounding has made negative, 11 for the corrected deviation of one individual, behind the
-// lines that are sound.
+// Raises kArgumentIncorrect for a variance that rounding has made negative, kDivisionParZero for the corrected
+// deviation of one individual, behind the lines that are sound.
 void ImprimerDescription(Rapport& rapport, const VariablesDeRegression& variables, const Dispersion& dispersion);
 // `significance` is the text of the F test.
 void ImprimerVariance(Rapport& rapport, const AjustementLineaire& ajustement, std::string_view signification);
-// Raises 11 for a standard error of 0.
+// Raises kDivisionParZero for a standard error of 0.
 void ImprimerParametres(Rapport& rapport, const VariablesDeRegression& variables, const AjustementLineaire& ajustement);
 
 }  // namespace quelvar::regression

@@ -41,7 +41,7 @@ struct Dispersion {
   std::vector<bool> constantes;  // those values
 };
 
-// Raises 11 without individuals.
+// Raises kDivisionParZero without individuals.
 Dispersion DisperserMoments(const Moments& moments);
 
 // Inverse by Gauss-Jordan steps with complete pivoting: each round takes the element of largest absolute value among
@@ -72,11 +72,11 @@ struct AjustementLineaire {
   double R2() const { return expliquee / totale; }
 };
 
-// Fits by the inverse of the moments. Raises 11 where a division has 0 below, as for an explained variable that is
-// always the same, 5 for a variance that rounding has made negative.
+// Fits by the inverse of the moments. Raises kDivisionParZero where a division has 0 below, as for an explained
+// variable that is always the same, kArgumentIncorrect for a variance that rounding has made negative.
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse);
 
-// Upper tail of an F ratio. Raises 5 for a negative ratio.
+// Upper tail of an F ratio. Raises kArgumentIncorrect for a negative ratio.
 // Source: M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions", 26.6.15 and 26.2.19, the correction for
 // few degrees of freedom after T. L. Kelley; here the ratio is turned over below 1.
 double ProbabiliteF(double f, double degres1, double degres2);

@@ -1,5 +1,6 @@
 #include "regression/reglin/reglin.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -94,8 +95,34 @@ void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
   throw Erreur(kArretAnnonce);
 }
 
-Moments LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees, std::string_view nomDesDonnees,
-                    const VariablesDeRegression& variables, bool imprimer) {
+struct Lecture {
+  Moments moments;
+  Fautifs fautifs;  // the moments are not whole when there are some
+};
+
+// Each line goes to `suivre`, when there is one, up to the first that is too short.
+Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
+                    const std::function<void(std::string_view)>& suivre) {
+  Lecture lecture{Moments(variables.explicatives.size()), {}};
+  std::vector<double> valeurs(lecture.moments.Ordre());
+  Fautifs& fautifs = lecture.fautifs;
+  LecteurLignes lecteur(donnees);
+  std::int64_t rang = 0;
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    progression.Avancer();
+    ++rang;
+    if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
+    if (fautifs.nombre > 0) continue;
+    LireValeurs(ligne, variables, valeurs);
+    if (suivre) suivre(ligne);
+    lecture.moments.Ajouter(valeurs);
+  }
+  return lecture;
+}
+
+// The moments, and the table of the individuals when it is asked for.
+Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin& donnees,
+                        std::string_view nomDesDonnees, const VariablesDeRegression& variables, bool imprimer) {
   const std::int64_t individus = CompterLignes(donnees);
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
   rapport.Ligne(LigneDesIndividus(individus));
@@ -105,23 +132,12 @@ Moments LireMoments(const Contexte& contexte, Rapport& rapport, const Chemin& do
     throw Erreur(kArretAnnonce);
   }
   if (imprimer) ImprimerEnteteDeTable(rapport, variables);
-  Moments moments(variables.explicatives.size());
-  std::vector<double> valeurs(moments.Ordre());
-  Fautifs fautifs;
+  std::function<void(std::string_view)> suivre;
+  if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
   Progression progression(contexte.Ecran(), individus);
-  LecteurLignes lecteur(donnees);
-  std::int64_t rang = 0;
-  for (std::string_view ligne; lecteur.Lire(ligne);) {
-    progression.Avancer();
-    ++rang;
-    if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
-    if (fautifs.nombre > 0) continue;
-    LireValeurs(ligne, variables, valeurs);
-    if (imprimer) ImprimerLigneDeTable(rapport, ligne, variables);
-    moments.Ajouter(valeurs);
-  }
-  ExigerDesLignesEntieres(rapport, fautifs);
-  return moments;
+  Lecture lecture = LireMoments(donnees, variables, progression, suivre);
+  ExigerDesLignesEntieres(rapport, lecture.fautifs);
+  return std::move(lecture.moments);
 }
 
 void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegression& variables) {
@@ -151,20 +167,21 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   FichiersDeReglin fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
   const FichierMod mod = LireMod(fichiers.mod);
-  const ParametresMod parametres = LireParametres(mod.parametres, &rapport);
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
   if (parametres.largeur == 0) {
     rapport.Ligne("Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);
   }
   if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
-  if (parametres.decimales == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
+  if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
   ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
-  const bool autreTable = parametres.decimales == kTableNommee;
+  const bool autreTable = parametres.de == kTableNommee;
   const Moments moments =
-      LireMoments(contexte, rapport, fichiers.donnees, autreTable ? parametres.mod : contexte.Nom(".CDG"), variables,
-                  parametres.decimales == kTableImprimee);
+      CalculerMoments(contexte, rapport, fichiers.donnees, autreTable ? parametres.mod : contexte.Nom(".CDG"),
+                      variables, parametres.de == kTableImprimee);
   Regresser(rapport, moments, variables);
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");

@@ -38,11 +38,12 @@ bool EstTropCourte(std::string_view ligne, const VariablesDeRegression& variable
 // The field of that place as it stands; shorter or empty past the end of the line.
 std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur);
 
-// Value of a field by the lenient conversion, the common writings without its detours. Raises 6.
+// Value of a field by the lenient conversion, the common writings without its detours. Raises kDepassementCapacite.
 double ValeurDuChamp(std::string_view champ);
 
 // The values that enter the regression: the explanatory variables in order, 1 for the constant, the explained one.
-// Raises 5 for the logarithm of a value that is not positive, 6 for a value beyond a double.
+// Raises kArgumentIncorrect for the logarithm of a value that is not positive, kDepassementCapacite for a value beyond
+// a double.
 void LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs);
 
 }  // namespace quelvar::regression

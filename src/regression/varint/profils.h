@@ -21,14 +21,14 @@ struct Reponses {
   std::int64_t individus = 0;
 };
 
-// Reads at most `individus` lines. Raises 5, with the question, for a position below 1.
+// Reads at most `individus` lines. Raises kArgumentIncorrect, with the question, for a position below 1.
 Reponses LireReponses(const Chemin& donnees, const FichierPos& pos, std::int64_t individus, const Dialogue& ecran);
 
 // Table of two questions: codes from 1 to the code-max of each, individuals without one of the two left out.
 Matrice CroiserQuestions(const Reponses& reponses, const FichierPos& pos, std::size_t ligne, std::size_t colonne);
 
 // PEM of a table arranged in the order of its first factor, in percent, at most 100; 0 where the margins allow no
-// deviation. Raises 11 for an empty table.
+// deviation. Raises kDivisionParZero for an empty table.
 double PemDeTable(const Matrice& effectifs);
 
 // A question linked with the one of a profile.

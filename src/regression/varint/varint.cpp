@@ -5,10 +5,12 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "regression/varint/profils.h"
 
@@ -159,12 +161,16 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
                  "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
-  const FichierPos pos = LirePos(*fichierPos, contexte.Ecran());
+  const FichierPos pos = LirePos(*fichierPos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   ExigerCodesMax(rapport, contexte, pos);
   const std::int64_t annonces = AnnoncesOuComptes(pos.taille, *donnees);
   rapport.Ligne({"Il y a ", NombreNu(pos.questions.size()), " questions"});
   rapport.Ligne(LigneDesIndividus(annonces));
   const std::vector<std::size_t> choisies = Choisir(contexte, rapport, pos, options);
+  const std::uint64_t lignes = std::min<std::uint64_t>(static_cast<std::uint64_t>(std::max<std::int64_t>(annonces, 0)),
+                                                       LongueurFichier(*donnees));
+  ExigerPlace(contexte, rapport, {2 * pos.questions.size() * lignes, 0});  // a byte a code, in vectors that grow
   const Reponses reponses = LireReponses(*donnees, pos, annonces, contexte.Ecran());
   if (reponses.individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   const std::vector<Profil> profils = CalculerProfils(contexte, rapport, pos, reponses, choisies);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/exigences.h"
 #include "core/fichiers/generiquetenu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -67,37 +68,42 @@ std::string MessageDAccueil(const EtatPrepRecod& etat) {
   return message;
 }
 
-EtatPrepRecod Lire(const Contexte& contexte, const Chemin& chemin) {
+struct Lecture {
+  EtatPrepRecod etat;
+  std::string refus;  // why the file cannot be edited here; empty when it can
+};
+
+Lecture Lire(const Chemin& chemin) {
   const FichierPos pos = LirePos(chemin);
-  ExigerParentheses(pos.taille, contexte.Ecran());
+  if (pos.taille.parenthesesFautives) return {{}, std::string(MessageParentheses())};
   EtatPrepRecod etat;
   etat.lues.assign(pos.lignes.begin() + 2, pos.lignes.end());
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
-    if (pos.questions[i].intituleOuvert) {
-      contexte.Ecran().demander(Joindre({FauteIntitule(pos.questions[i]), kCorrigezRelancez}), Boutons::Ok);
-      throw Erreur(kArretAnnonce);
-    }
+    if (pos.questions[i].intituleOuvert) return {{}, Joindre({FauteIntitule(pos.questions[i]), kCorrigezRelancez})};
     etat.questions.push_back({pos.questions[i], TeteDe(pos.lignes[i + 2])});
   }
   PrendreTaille(etat, pos.taille.texte);
   PrendreVit(etat, pos);
   etat.message = MessageDAccueil(etat);
-  return etat;
+  return {std::move(etat), {}};
 }
 
 }  // namespace
 
 std::optional<EtatPrepRecod> PreparerRecodage(const Contexte& contexte) {
-  std::optional<EtatPrepRecod> etat;
+  std::optional<Lecture> lecture;
   std::optional<Erreur> panne;
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   try {
-    if (pos) etat = Lire(contexte, *pos);
+    if (pos) lecture = Lire(*pos);
   } catch (const Erreur& erreur) {
-    if (erreur.Numero() == kArretAnnonce) return std::nullopt;
     panne = erreur;
   }
-  if (etat) return etat;
+  if (lecture && lecture->refus.empty()) return std::move(lecture->etat);
+  if (lecture) {
+    contexte.Ecran().demander(lecture->refus, Boutons::Ok);
+    return std::nullopt;
+  }
   // Only what went wrong makes a report: an older .PRT is not emptied by looking at the questions.
   ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".POS"), pos.has_value()}}, kArretAbsence);

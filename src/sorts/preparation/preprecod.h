@@ -96,7 +96,7 @@ std::vector<int> CodesPourFiltre(const EtatPrepRecod& etat);
 std::vector<int> CodesPourVit(const EtatPrepRecod& etat);
 
 // Rewrites the .POS in one rename. False, with a message, when another hand has changed its questions or its
-// keywords since they were read: nothing is written then. Raises the numbers of the reader and the writer.
+// keywords since they were read: nothing is written then. Raises the failures of the reader and the writer.
 bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte);
 
 // --- texts ---

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/vit.h"
@@ -13,14 +14,14 @@ namespace {
 
 using Indice = std::optional<std::size_t>;
 
-// The reading in progress: each step adds to the instructions and writes its part of the report.
+// The reading in progress: each step adds to the instructions and tells its part.
 class Lecture {
  public:
-  Lecture(const Contexte& contexte, const OptionsRecodage& options, Avertisseur& avertisseur)
-      : contexte_(contexte), options_(options), avertisseur_(avertisseur), feuille_(avertisseur.Feuille()) {}
+  Lecture(const OptionsRecodage& options, LectureDesConsignes& lues)
+      : options_(options), lues_(lues), consignes_(lues.consignes), constats_(lues.constats) {}
 
-  void EcrireMode();
-  void LireFichier(const Chemin& chemin);
+  void DireMode();
+  void LireFichier(const Chemin& chemin, std::string_view nom);
   void LireQuestions();
   void ChercherPonderation();
   void LireVits();
@@ -28,9 +29,8 @@ class Lecture {
   void LireElementsFiltre();
   void VerifierRegles();
 
-  Consignes Resultat() { return std::move(consignes_); }
-
  private:
+  void Avertir(Texte texte);
   void ExigerIntitule(const Question& question);
   void AnnoncerAlphabetique(const Question& question);
   void LireVit(const Vit& vit, std::size_t numero);
@@ -40,51 +40,59 @@ class Lecture {
   std::vector<std::size_t> QuestionsDuFiltre(const std::string& type, const std::string& nom) const;
   bool EstGardee(std::size_t question) const;
 
-  const Contexte& contexte_;
   const OptionsRecodage& options_;
-  Avertisseur& avertisseur_;
-  Rapport& feuille_;
-  Consignes consignes_;
+  LectureDesConsignes& lues_;
+  Consignes& consignes_;
+  Constats& constats_;
   ConsignesTaille taille_;
 };
 
-void Lecture::EcrireMode() {
-  if (options_.seules) {
-    consignes_.mode = ModeRecodage::Seules;
-    feuille_.Ligne("Seules les variables recodees ou selectionnees sont conservees");
-  } else {
-    feuille_.Ligne("Toutes les variables sont conservees");
-    if (options_.enFin) {
-      consignes_.mode = ModeRecodage::EnFin;
-      feuille_.Ligne("et les recodees sont mises en fin de fichier");
-    }
-  }
-  feuille_.Ligne();
+void Lecture::Avertir(Texte texte) {
+  constats_.Ligne();
+  constats_.Alerte(Joindre({kFaute, texte}));
+  ++lues_.fautes;
 }
 
-void Lecture::LireFichier(const Chemin& chemin) {
-  feuille_.Ligne({"Impression des 2 premieres lignes de ", contexte_.Nom(".POS")});
+void Lecture::DireMode() {
+  if (options_.seules) {
+    consignes_.mode = ModeRecodage::Seules;
+    constats_.Ligne("Seules les variables recodees ou selectionnees sont conservees");
+  } else {
+    constats_.Ligne("Toutes les variables sont conservees");
+    if (options_.enFin) {
+      consignes_.mode = ModeRecodage::EnFin;
+      constats_.Ligne("et les recodees sont mises en fin de fichier");
+    }
+  }
+  constats_.Ligne();
+}
+
+void Lecture::LireFichier(const Chemin& chemin, std::string_view nom) {
+  constats_.Ligne({"Impression des 2 premieres lignes de ", nom});
   consignes_.pos = LirePos(chemin);
-  feuille_.Ligne(consignes_.pos.titre);
-  feuille_.Ligne(consignes_.pos.taille.texte);
-  feuille_.Ligne();
-  ExigerParentheses(consignes_.pos.taille, contexte_.Ecran());
+  constats_.Ligne(consignes_.pos.titre);
+  constats_.Ligne(consignes_.pos.taille.texte);
+  constats_.Ligne();
+  if (consignes_.pos.taille.parenthesesFautives) {
+    constats_.Boite(MessageParentheses());
+    throw Erreur(kArretAnnonce);
+  }
   taille_ = LireConsignesTaille(consignes_.pos.taille.texte);
-  if (taille_.deuxSens) avertisseur_.Avertir("Inclure et exclure presents en meme temps");
+  if (taille_.deuxSens) Avertir("Inclure et exclure presents en meme temps");
   consignes_.maximum = taille_.maximum;
 }
 
 void Lecture::ExigerIntitule(const Question& question) {
   if (!question.intituleOuvert) return;
   const std::string faute = FauteIntitule(question);
-  contexte_.Ecran().demander(Joindre({faute, kCorrigezRelancez}), Boutons::Ok);
-  avertisseur_.Avertir(faute);
+  constats_.Boite(Joindre({faute, kCorrigezRelancez}));
+  Avertir(faute);
 }
 
 void Lecture::AnnoncerAlphabetique(const Question& question) {
-  feuille_.Ligne("*** Attention***");
-  feuille_.Ligne({question.nom, " est une question alphabétique qui n'est pas susceptible de recodage"_w});
-  feuille_.Ligne();
+  constats_.Ligne("*** Attention***");
+  constats_.Ligne({question.nom, " est une question alphabétique qui n'est pas susceptible de recodage"_w});
+  constats_.Ligne();
 }
 
 void Lecture::LireQuestions() {
@@ -92,8 +100,8 @@ void Lecture::LireQuestions() {
   for (std::size_t i = 0; i < questions.size(); ++i) {
     const Question& question = questions[i];
     if (i == kQuestionsMaximum) {
-      avertisseur_.Avertir("Plus de questions que le maximum possible");
-      feuille_.Ligne("Arret pour trop de questions");
+      Avertir("Plus de questions que le maximum possible");
+      constats_.Ligne("Arret pour trop de questions");
       throw Erreur(kArretAnnonce);
     }
     ExigerIntitule(question);
@@ -106,14 +114,14 @@ void Lecture::LireQuestions() {
     if (regle.empty() && options_.toutesSelectionnees) regle = "S";
     if (!regle.empty()) consignes_.aRegle.push_back({i, std::move(regle), {}});
   }
-  feuille_.Ligne({"Il y a ", NombreNu(questions.size()), " questions"});
-  feuille_.Ligne();
+  constats_.Ligne({"Il y a ", NombreNu(questions.size()), " questions"});
+  constats_.Ligne();
 }
 
 // The question found, if there is one; a name that several share is a fault.
 Indice Lecture::Seule(std::string_view nom, const std::vector<std::size_t>& rangs) {
   if (rangs.empty()) return std::nullopt;
-  if (rangs.size() > 1) avertisseur_.Avertir(FauteHomonymes(nom, consignes_.pos.questions, rangs));
+  if (rangs.size() > 1) Avertir(FauteHomonymes(nom, consignes_.pos.questions, rangs));
   return rangs.front();
 }
 
@@ -129,12 +137,12 @@ void Lecture::ChercherPonderation() {
   const std::vector<std::size_t> parDefaut = RangsDuNom(questions, kNomPonderation, Casse::Indifferente);
   consignes_.ponderation = nommees.empty() ? Seule(kNomPonderation, parDefaut) : Seule(taille_.question, nommees);
   if (!consignes_.ponderation) {
-    feuille_.Ligne("*** Attention, une pondération est demandée sans question de nom PON"_w);
-    feuille_.Ligne("    (ou avec une question absente de la liste)");
-    feuille_.Ligne("    cette demande est ignorée"_w);
+    constats_.Ligne("*** Attention, une pondération est demandée sans question de nom PON"_w);
+    constats_.Ligne("    (ou avec une question absente de la liste)");
+    constats_.Ligne("    cette demande est ignorée"_w);
   } else if (!nommees.empty() && !parDefaut.empty() && nommees.front() != parDefaut.front()) {
-    feuille_.Ligne("*** Attention, une pondération est demandée et il y a une question nommée PON"_w);
-    feuille_.Ligne({"    la question marquée en 2e ligne POND="_w, taille_.question, " est prioritaire"});
+    constats_.Ligne("*** Attention, une pondération est demandée et il y a une question nommée PON"_w);
+    constats_.Ligne({"    la question marquée en 2e ligne POND="_w, taille_.question, " est prioritaire"});
   }
 }
 
@@ -143,11 +151,11 @@ void Lecture::LireVits() {
   const BlocVit bloc = LireBlocVit(std::span(consignes_.pos.lignes).subspan(consignes_.pos.premiereApres));
   for (std::size_t i = 0; i < bloc.vits.size(); ++i) LireVit(bloc.vits[i], i + 1);
   for (const Vit& vit : bloc.vits)
-    if (vit.PlusOublie()) avertisseur_.Avertir("oubli de signe + ");
+    if (vit.PlusOublie()) Avertir("oubli de signe + ");
 }
 
 void Lecture::LireVit(const Vit& vit, std::size_t numero) {
-  feuille_.Ligne(
+  constats_.Ligne(
       {"VIT numero ", EntierDroit(static_cast<std::int64_t>(numero), 2), " de nom ", CadreGauche(vit.nom, 4)});
   VitDemandee demandee{vit.nom, vit.Additive(), {}};
   for (const ElementVit& element : vit.elements) LireElementVit(vit, element, demandee);
@@ -155,24 +163,24 @@ void Lecture::LireVit(const Vit& vit, std::size_t numero) {
 }
 
 void Lecture::LireElementVit(const Vit& vit, const ElementVit& element, VitDemandee& demandee) {
-  feuille_.Ligne({"    ", element.ligne});
+  constats_.Ligne({"    ", element.ligne});
   if (element.sansCode) {
-    avertisseur_.Avertir(Joindre({"un élément de la nouvelle variable "_w, vit.nom}));
-    feuille_.Ligne("n'a pas de valeur définie à la ligne ci-dessous"_w);
-    feuille_.Ligne(element.ligne);
+    Avertir(Joindre({"un élément de la nouvelle variable "_w, vit.nom}));
+    constats_.Ligne("n'a pas de valeur définie à la ligne ci-dessous"_w);
+    constats_.Ligne(element.ligne);
   }
   const Indice question = Seule(element.nom, RangsDuNom(consignes_.pos.questions, element.nom));
   if (!question) {
-    avertisseur_.Avertir(Joindre({"Nom de l'element VIT non trouve =", element.nom}));
+    Avertir(Joindre({"Nom de l'element VIT non trouve =", element.nom}));
     return;
   }
-  if (!EstGardee(*question)) avertisseur_.Avertir("un element de VIT n'est pas conserve");
+  if (!EstGardee(*question)) Avertir("un element de VIT n'est pas conserve");
   demandee.elements.push_back({*question, element.code, element.score});
 }
 
 void Lecture::CompterIndividus(const Chemin& donnees) {
   consignes_.individus = AnnoncesOuComptes(consignes_.pos.taille, donnees);
-  if (consignes_.pos.taille.individus <= 0) feuille_.Ligne(LigneDesIndividus(consignes_.individus));
+  if (consignes_.pos.taille.individus <= 0) constats_.Ligne(LigneDesIndividus(consignes_.individus));
 }
 
 void Lecture::LireElementsFiltre() {
@@ -180,10 +188,10 @@ void Lecture::LireElementsFiltre() {
   consignes_.sens = taille_.sens;
   const ExpressionFiltre filtre = LireFiltre(taille_.filtre);
   if (filtre.sansBlanc) {
-    avertisseur_.Avertir("expression vide dans le filtre");
+    Avertir("expression vide dans le filtre");
     return;
   }
-  feuille_.Ligne("Element(s) du filtre");
+  constats_.Ligne("Element(s) du filtre");
   for (const ElementFiltre& element : filtre.elements) LireElementFiltre(element);
 }
 
@@ -207,28 +215,28 @@ std::vector<std::size_t> Lecture::QuestionsDuFiltre(const std::string& type, con
 
 void Lecture::LireElementFiltre(const ElementFiltre& element) {
   if (element.vide) {
-    avertisseur_.Avertir("Expression vide dans le filtre");
+    Avertir("Expression vide dans le filtre");
     return;
   }
   if (!element.egal) {
-    avertisseur_.Avertir("STOP : defaut de signe egal dans le filtre");
+    Avertir("STOP : defaut de signe egal dans le filtre");
     return;
   }
   const std::string nom = Majuscules(element.nom);
-  if (nom != element.nom) feuille_.Ligne("Le filtre a été converti en majuscules"_w);
+  if (nom != element.nom) constats_.Ligne("Le filtre a été converti en majuscules"_w);
   if (element.code.empty() || element.code.find_first_not_of("0123456789") != std::string::npos) {
-    avertisseur_.Avertir(
+    Avertir(
         Joindre({"STOP : le code '", element.code, "' de l'élément du filtre "_w, nom, " n'est pas un nombre entier"}));
     return;
   }
   const int code = Entier16(ValeurDe(element.code));
-  feuille_.Ligne({nom, NombreNu(code)});
+  constats_.Ligne({nom, NombreNu(code)});
   const Indice question = Seule(nom, QuestionsDuFiltre(element.nom, nom));
   if (!question) {
-    avertisseur_.Avertir(Joindre({"STOP : Nom de l'élément du filtre non trouvé ="_w, nom}));
+    Avertir(Joindre({"STOP : Nom de l'élément du filtre non trouvé ="_w, nom}));
     return;
   }
-  if (!EstGardee(*question)) avertisseur_.Avertir("STOP : un élément du filtre n'est pas conservé"_w);
+  if (!EstGardee(*question)) Avertir("STOP : un élément du filtre n'est pas conservé"_w);
   consignes_.filtre.push_back({*question, code});
 }
 
@@ -244,25 +252,30 @@ void Lecture::VerifierRegles() {
   for (QuestionARegle& aRegle : consignes_.aRegle) {
     const Question& question = questions[aRegle.question];
     aRegle.verifiee = VerifierRegle(LireRegle(aRegle.regle), {question.codeMax, codeMaxFichier}, UsageRegle::Moteur);
-    for (const FauteTrouvee& faute : aRegle.verifiee.fautes) avertisseur_.Avertir(TexteFaute(faute, question.nom));
+    for (const FauteTrouvee& faute : aRegle.verifiee.fautes) Avertir(TexteFaute(faute, question.nom));
     if (aRegle.verifiee.arret) throw Erreur(kArretAnnonce);
   }
 }
 
 }  // namespace
 
-Consignes LireConsignes(const Contexte& contexte, const OptionsRecodage& options, const Chemin& pos,
-                        const Chemin& donnees, Avertisseur& avertisseur) {
-  Lecture lecture(contexte, options, avertisseur);
-  lecture.EcrireMode();
-  lecture.LireFichier(pos);
-  lecture.LireQuestions();
-  lecture.ChercherPonderation();
-  lecture.LireVits();
-  lecture.CompterIndividus(donnees);
-  lecture.LireElementsFiltre();
-  lecture.VerifierRegles();
-  return lecture.Resultat();
+LectureDesConsignes LireConsignes(const OptionsRecodage& options, const Chemin& pos, std::string_view nomPos,
+                                  const Chemin& donnees) {
+  LectureDesConsignes lues;
+  Lecture lecture(options, lues);
+  try {
+    lecture.DireMode();
+    lecture.LireFichier(pos, nomPos);
+    lecture.LireQuestions();
+    lecture.ChercherPonderation();
+    lecture.LireVits();
+    lecture.CompterIndividus(donnees);
+    lecture.LireElementsFiltre();
+    lecture.VerifierRegles();
+  } catch (const Erreur& erreur) {
+    lues.arret = erreur;
+  }
+  return lues;
 }
 
 }  // namespace quelvar::sorts

@@ -1,4 +1,4 @@
-// Reading of the instructions of a recoding: echo in the report, every fault counted, names resolved to questions.
+// Reading of the instructions of a recoding: their echo, every fault counted, names resolved to questions.
 #pragma once
 
 #include <cstddef>
@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/enquete/posfile.h"
+#include "core/programme/constats.h"
 #include "core/programme/programme.h"
 #include "sorts/recodage/recodage.h"
 #include "sorts/regles/regles.h"
@@ -17,14 +18,18 @@ namespace quelvar::sorts {
 
 enum class ModeRecodage { SurPlace, EnFin, Seules };
 
+inline constexpr std::string_view kFaute = "***  ";  // before the words of a fault
+
 // Writes the warnings of the recoding to its report and counts them.
 class Avertisseur {
  public:
-  Avertisseur(Rapport& rapport, const Dialogue& ecran) : rapport_(rapport), ecran_(ecran) {}
+  // `dejaDits`: warnings that the reading has counted.
+  Avertisseur(Rapport& rapport, const Dialogue& ecran, int dejaDits)
+      : rapport_(rapport), ecran_(ecran), nombre_(dejaDits) {}
 
   void Avertir(Texte texte) {
     rapport_.Ligne();
-    quelvar::Avertir(rapport_, ecran_, Joindre({"***  ", texte}));
+    quelvar::Avertir(rapport_, ecran_, Joindre({kFaute, texte}));
     ++nombre_;
   }
   int Nombre() const { return nombre_; }
@@ -34,7 +39,7 @@ class Avertisseur {
  private:
   Rapport& rapport_;
   const Dialogue& ecran_;
-  int nombre_ = 0;
+  int nombre_;
 };
 
 // A question with a rule.
@@ -74,10 +79,16 @@ inline constexpr std::size_t kQuestionsMaximum = 600;
 // Columns of an alphabetic question: its code-max, 3 for "L3".
 constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == 999 ? 3 : codeMax > 0 ? codeMax : 0; }
 
-// Reads the .POS and writes the head of the report. Faults of the instructions are written through `avertisseur`; what
-// has a fault is not fit for use when it has counted some. Raises kArretAnnonce for a stop that the report tells, and
-// the numbers of LirePos and CompterLignes.
-Consignes LireConsignes(const Contexte& contexte, const OptionsRecodage& options, const Chemin& pos,
-                        const Chemin& donnees, Avertisseur& avertisseur);
+// The instructions, with what the report tells of them up to where the reading came.
+struct LectureDesConsignes {
+  Consignes consignes;
+  Constats constats;
+  int fautes = 0;               // instructions that have one are not fit for use
+  std::optional<Erreur> arret;  // what stopped the reading; kArretAnnonce when the last lines tell it
+};
+
+// Reads the .POS, called `nomPos` in the report. `arret` is kArretAnnonce or a failure of LirePos and CompterLignes.
+LectureDesConsignes LireConsignes(const OptionsRecodage& options, const Chemin& pos, std::string_view nomPos,
+                                  const Chemin& donnees);
 
 }  // namespace quelvar::sorts

@@ -27,9 +27,9 @@ struct BilanDePasse {
 };
 
 // Runs the pass. With a weighting and without the maximum effective the output is thinned to about ten times what the
-// filter keeps: the first line, then one in `pas`; the weights are summed in a pass of their own before. Raises 5 with
-// the question for a field that can't be cut, 6 for a value beyond its type, and the numbers of the reader and the
-// writer.
+// filter keeps: the first line, then one in `pas`; the weights are summed in a pass of their own before. Raises
+// kArgumentIncorrect with the question for a field that can't be cut, kDepassementCapacite for a value beyond its type,
+// and the failures of the reader and the writer.
 BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const Chemin& donnees, Ecrivain& sortie,
                              const TemoinsDePasse& temoins, const Dialogue& ecran);
 

@@ -48,7 +48,7 @@ std::vector<ChampNeuf> CompleterChamps(const Consignes& consignes);
 // Columns that the questions of a file take at least, for lines that are `longueurLignes` long.
 std::int64_t LongueurEnregistrement(const std::vector<Question>& questions, std::int64_t longueurLignes);
 
-// Lays out the new record behind `longueur` columns. Raises 6 for a position beyond four columns.
+// Lays out the new record behind `longueur` columns. Raises kDepassementCapacite for a position beyond four columns.
 Plan Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::int64_t longueur);
 
 }  // namespace quelvar::sorts

@@ -230,8 +230,11 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   std::optional<ModalitesSuivies> modalites;
   if (passerModalites) modalites = SuivreModalites(contexte, options, *pos, rapport);
 
-  Avertisseur avertisseur(rapport, contexte.Ecran());
-  const Consignes consignes = LireConsignes(contexte, options, *pos, *donnees, avertisseur);
+  const LectureDesConsignes lues = LireConsignes(options, *pos, contexte.Nom(".POS"), *donnees);
+  lues.constats.Dire(rapport, contexte.Ecran());
+  if (lues.arret) throw Erreur(*lues.arret);
+  const Consignes& consignes = lues.consignes;
+  Avertisseur avertisseur(rapport, contexte.Ecran(), lues.fautes);
   const Plan plan = DresserPlan(contexte, consignes, *donnees, avertisseur);
   EcrireTableRecodage(rapport, consignes, plan);
 

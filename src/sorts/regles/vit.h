@@ -36,8 +36,8 @@ struct BlocVit {
 inline constexpr std::size_t kVitMaximum = 50;
 inline constexpr std::size_t kElementsVitMaximum = 50;
 
-// Reads the block that opens on the first line. The end of the lines closes it too. Raises 9 beyond the largest
-// numbers, 6 for a code or a score beyond 16 bits.
+// Reads the block that opens on the first line. The end of the lines closes it too. Raises kIndiceHorsSelection beyond
+// the largest numbers, kDepassementCapacite for a code or a score beyond 16 bits.
 BlocVit LireBlocVit(std::span<const std::string> lignes);
 
 }  // namespace quelvar::sorts

@@ -22,7 +22,8 @@ struct Comptage {
 using SignalerDepassement = std::function<void(std::size_t question, std::int64_t ligne, int valeur)>;
 
 // Counts the codes of at most `maximum` lines. Without `signaler` overflows are silent, and the pass is at its
-// fastest. Raises 5, with the question, when a field that cannot be cut is met; 6 for a value beyond 16 bits; 57.
+// fastest. Raises kArgumentIncorrect, with the question, when a field that cannot be cut is met; kDepassementCapacite
+// for a value beyond 16 bits; kErreurPeripherique.
 Comptage CompterCodes(const Chemin& donnees, const FichierPos& pos, std::int64_t maximum,
                       const SignalerDepassement& signaler, Progression& progression);
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/posfile.h"
 #include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
@@ -76,18 +77,22 @@ void EcrireNomsDeFichiers(Rapport& rapport, const Contexte& contexte, const Fich
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TAP")});
 }
 
-// Size and questions, with their lines; a size of 0 becomes the count of lines of the data file.
-Etude LireQuestions(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
+Etude LireQuestions(const FichiersTriapl& fichiers) {
   Etude etude;
   if (fichiers.mod) etude.intitules = LireIntitules(*fichiers.mod);
-  etude.pos = LirePos(*fichiers.pos, contexte.Ecran());
+  etude.pos = LirePos(*fichiers.pos);
+  return etude;
+}
+
+// Settles the size: 0 becomes the count of lines of the data file.
+void PrendreTaille(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers, Etude& etude) {
+  ExigerParentheses(etude.pos.taille, contexte.Ecran());
   etude.individus = AnnoncesOuComptes(etude.pos.taille, *fichiers.donnees);
   const bool annonces = etude.pos.taille.individus > 0;
   if (annonces) rapport.Ligne(LigneDesIndividus(etude.individus));
   rapport.Ligne({"Il y a ", NombreNu(etude.pos.questions.size()), " questions"});
   if (!annonces) rapport.Ligne(LigneDesIndividus(etude.individus));
   rapport.Ligne(" ");
-  return etude;
 }
 
 // Writes each overflow, and stops the run with the first one beyond the limit.
@@ -124,7 +129,8 @@ void Compter(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& op
   }
 }
 
-// The data file stands for fewer real individuals: counts come back to their scale. Raises 11 for an empty data file.
+// The data file stands for fewer real individuals: counts come back to their scale. Raises kDivisionParZero for an
+// empty data file.
 void Ponderer(Rapport& rapport, Etude& etude) {
   const std::int64_t avant = etude.pos.taille.avantPonderation;
   if (avant <= 0) return;
@@ -211,7 +217,8 @@ void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl&
 
   EcrireBandeau(rapport, "Tri à plat"_w);
   EcrireNomsDeFichiers(rapport, contexte, fichiers);
-  Etude etude = LireQuestions(rapport, contexte, fichiers);
+  Etude etude = LireQuestions(fichiers);
+  PrendreTaille(rapport, contexte, fichiers, etude);
   Compter(rapport, contexte, options, fichiers, etude);
   if (!options.triangulaire) Ponderer(rapport, etude);
 

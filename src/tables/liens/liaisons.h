@@ -13,11 +13,11 @@
 namespace quelvar::tables {
 
 // One link for each cell of positive PEM (percent), row after row of the present order; the nodes are those of the
-// files. Raises 6 when there are more nodes than a record can number.
+// files. Raises kDepassementCapacite when there are more nodes than a record can number.
 std::vector<Lien> LiensDesCellules(const crosstab::TableauCompte& table, const Matrice& pem);
 
 // One link for each pair of rows, in the present order: 100 less the mean over the columns of the absolute difference
-// of their PEM. Raises 6 as above.
+// of their PEM. Raises kDepassementCapacite as above.
 std::vector<Lien> LiensEntreLignes(const crosstab::TableauCompte& table, const Matrice& pem);
 
 // Which of the links between rows are kept, once sorted by value.
@@ -30,12 +30,13 @@ struct DemiBurt {
   std::vector<double> cellules;  // row after row, the cells on the right of the diagonal
 };
 
-// One link for each pair of modalities whose PEM and chi-square are positive, out of `individus`. Raises 6 as above and
-// 11 as PemLocal.
+// One link for each pair of modalities whose PEM and chi-square are positive, out of `individus`. Raises
+// kDepassementCapacite as above and kDivisionParZero as PemLocal.
 std::vector<Lien> LiensDuBurt(const DemiBurt& burt, double individus);
 
 // One link of value 100 for each pair of rows, numbered from 1 to `lignes`, that stand together in one of the cliques;
-// row i is node `colonnes` + i. Raises 9 for a row that is not in the table, 6 as above.
+// row i is node `colonnes` + i. Raises kIndiceHorsSelection for a row that is not in the table, kDepassementCapacite as
+// above.
 std::vector<Lien> LiensDesCliques(std::span<const std::vector<std::size_t>> cliques, std::size_t lignes,
                                   std::size_t colonnes);
 

@@ -24,11 +24,11 @@ struct Lien {
 // Bytes of a record in the file: the two nodes and the value, little-endian.
 inline constexpr std::size_t kOctetsDUnLien = 8;
 
-// Number of a node; raises 6 beyond 32767.
+// Number of a node; raises kDepassementCapacite beyond 32767.
 std::int16_t NumeroDeNoeud(std::size_t numero);
 
 // The records of the file in their order; none when there is no file. Bytes behind the last whole record are left out.
-// Raises 57, 70 or 75.
+// Raises kErreurPeripherique, kPermissionRefusee or kAccesFichier.
 std::vector<Lien> LireLiens(const std::optional<Chemin>& chemin);
 
 // Writes the records behind each other.

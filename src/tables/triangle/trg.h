@@ -31,8 +31,8 @@ struct FichierTrg {
   PointsEnFaute illisibles{};  // percentages that are not numbers
 };
 
-// Reads up to a line that is blank, has four blanks for a name, or holds "**". Raises 62 for less than four lines, 6
-// for a percentage beyond a single, and the numbers of LecteurLignes.
+// Reads up to a line that is blank, has four blanks for a name, or holds "**". Raises kFinDeFichierDepassee for less
+// than four lines, kDepassementCapacite for a percentage beyond a single, and the failures of LecteurLignes.
 FichierTrg LireTrg(const Chemin& chemin);
 
 }  // namespace quelvar::tables

@@ -2,6 +2,7 @@
 
 #include "core/dessin/svg.h"
 #include "core/options/option.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::tables {
@@ -60,6 +61,8 @@ std::optional<FichierTrg> PrepTriang(const Contexte& contexte) {
       Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
       throw Erreur(kArretAnnonce);
     }
+    constexpr std::uint64_t kMemoireParOctet = 8;  // a point takes 150 bytes, its line 20 at the least
+    ExigerPlace(contexte, rapport, {kMemoireParOctet * LongueurFichier(*chemin), LongueurFichier(*chemin)});
     trg = LireTrg(*chemin);
     EcrireTrg(rapport, *trg);
   });

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
+#include <utility>
 
 #include "core/texte/nombres.h"
 #include "text/commun/lignes.h"
@@ -10,18 +10,6 @@
 namespace quelvar::text {
 
 namespace {
-
-// Place of the first byte above 127, or the size; eight bytes a step, since most texts are nearly all ASCII.
-std::size_t PremierAccent(std::string_view octets) {
-  std::size_t i = 0;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    if ((mot & 0x8080808080808080ULL) != 0) break;
-  }
-  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
-  return i;
-}
 
 std::int64_t Interrogations(std::string_view octets) {
   return static_cast<std::int64_t>(std::count(octets.begin(), octets.end(), '?'));
@@ -36,23 +24,24 @@ std::int64_t PremiereLigneAlteree(std::string_view utf8) {
   return numero;
 }
 
-std::string Convertir(std::string_view utf8, std::string_view nom, Rapport& rapport) {
-  std::string converti = DepuisUtf8(utf8);
-  const std::int64_t perdus = Interrogations(converti) - Interrogations(utf8);
-  if (perdus > 0)
-    rapport.Ligne({"*** Attention : ", Nombre(perdus), " caractère(s) de "_w, nom,
-                   " n'existent pas dans la page de code et deviennent \"?\" (le premier à la ligne "_w,
-                   Nombre(PremiereLigneAlteree(utf8)), ")"});
+// The text in the code page, and what the conversion has lost.
+struct TexteConverti {
+  std::string octets;
+  std::int64_t perdus = 0;
+  std::int64_t premiereLigne = 0;  // of the first character lost, from 1
+};
+
+TexteConverti Convertir(std::string_view utf8) {
+  OterMarqueUtf8(utf8);
+  TexteConverti converti{DepuisUtf8(utf8), 0, 0};
+  converti.perdus = Interrogations(converti.octets) - Interrogations(utf8);
+  if (converti.perdus > 0) converti.premiereLigne = PremiereLigneAlteree(utf8);
   return converti;
 }
 
 }  // namespace
 
-bool EstUtf8(std::string_view octets) {
-  return octets.starts_with(kMarqueUtf8) || EstUtf8MultiOctet(octets.substr(PremierAccent(octets)));
-}
-
-std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
+std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
   std::string octets = LireOctets(chemin);
   if (!EstUtf8(octets)) return octets;
   const Reponse reponse = contexte.Ecran().demander(
@@ -63,9 +52,12 @@ std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::strin
     rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en UTF-8"});
     throw Erreur(kArretAnnonce);
   }
-  std::string_view utf8 = octets;
-  OterMarqueUtf8(utf8);
-  return Convertir(utf8, nom, rapport);
+  TexteConverti converti = Convertir(octets);
+  if (converti.perdus > 0)
+    rapport.Ligne({"*** Attention : ", Nombre(converti.perdus), " caractère(s) de "_w, nom,
+                   " n'existent pas dans la page de code et deviennent \"?\" (le premier à la ligne "_w,
+                   Nombre(converti.premiereLigne), ")"});
+  return std::move(converti.octets);
 }
 
 }  // namespace quelvar::text

@@ -9,10 +9,7 @@
 namespace quelvar::text {
 
 // The bytes of the file in the code page. One in UTF-8 is converted when the user agrees in a box, and the report tells
-// the characters that the code page lacks; otherwise the run stops (kArretAnnonce). Raises 53, 57, 70 or 75.
-std::string LireTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport);
-
-// True when the bytes start with the mark of UTF-8, or hold a sequence of several bytes and no invalid one.
-bool EstUtf8(std::string_view octets);
+// the characters that the code page lacks; otherwise the run stops (kArretAnnonce). Raises a failure of reading.
+std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport);
 
 }  // namespace quelvar::text

@@ -27,7 +27,7 @@ struct Concordances {
 };
 
 // Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
-// Raises 57, 70 or 75.
+// Raises kErreurPeripherique, kPermissionRefusee or kAccesFichier.
 Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots);
 
 // By what follows the word, by what stands before it (the nearest word first), or as the file has them; equal lines

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "core/document/affichage.h"
-#include "text/commun/source.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
 

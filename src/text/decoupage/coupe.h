@@ -36,7 +36,7 @@ struct BilanDeCoupe {
 };
 
 // Cuts the text; `corpus` gets its individuals and words (with themes, those that begin with "$" only).
-// Raises 7 beyond 2^32 bytes in one record or 2^32 words.
+// Raises kMemoireInsuffisante beyond 2^32 bytes in one record or 2^32 words.
 BilanDeCoupe CouperTexte(std::string_view texte, const ConsignesDeCoupe& consignes, const TemoinsDeCoupe& temoins,
                          Corpus& corpus);
 

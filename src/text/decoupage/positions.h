@@ -25,7 +25,7 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
                                                 std::vector<std::string>& auDela);
 
 // Asks for name and code-max of each position; an empty name leaves it out. An answer that cannot stand is asked again;
-// raises a sentence (13) when the user gives no other one.
+// raises a sentence (kIncompatibiliteType) when the user gives no other one.
 std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue);
 
 // What DemanderQuestions and CompleterStimulus will ask: NOM1, MAX1, STIMULUS... stand for the answers, and would stop

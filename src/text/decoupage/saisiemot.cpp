@@ -5,8 +5,10 @@
 #include <optional>
 #include <vector>
 
+#include "core/enquete/exigences.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/annulation.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/commun/source.h"
 #include "text/decoupage/liste.h"
@@ -69,11 +71,12 @@ void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
 }
 
 // The questions of the former position file, if there is one.
-std::optional<std::vector<QuestionDesMots>> LireQuestions(Rapport& rapport, const Contexte& contexte,
-                                                          const Gabarit& gabarit) {
+std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(Rapport& rapport, const Contexte& contexte,
+                                                                    const Gabarit& gabarit) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) return std::nullopt;
-  const FichierPos pos = LirePos(*chemin, contexte.Ecran());
+  const FichierPos pos = LirePos(*chemin);
+  ExigerParentheses(pos.taille, contexte.Ecran());
   std::vector<std::string> auDela;
   std::vector<QuestionDesMots> questions = ReprendreQuestions(pos, gabarit, auDela);
   if (auDela.empty()) return questions;
@@ -155,11 +158,23 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe&
 
 Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
   Corpus corpus;
-  const std::string octets = LireTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
+  // The text, its records, and words of five columns with what sorts them.
+  const std::uint64_t longueur = LongueurFichier(texte);
+  ExigerPlace(contexte, rapport, {2 * longueur + longueur / 5 * 2 * sizeof(Mot), 0});
+  const std::string octets = PrendreTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
   return corpus;
+}
+
+// A line for each word in .DAT, and in two of the auxiliaries.
+void ExigerPlaceDesMots(Rapport& rapport, const Contexte& contexte, const Corpus& corpus, bool auxiliaires) {
+  constexpr std::uint64_t kFinDeLigne = 2;
+  const std::uint64_t mots = corpus.mots.size();
+  std::uint64_t ligne = LongueurDonnees(corpus.gabarit) + kFinDeLigne;
+  if (auxiliaires) ligne += 2 * (LongueurConcordance(corpus.gabarit) + kFinDeLigne);
+  ExigerPlace(contexte, rapport, {0, mots * ligne});
 }
 
 // The files of a run, put in place together; auxiliaries that are not kept go.
@@ -201,10 +216,11 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   EcrireNoms(rapport, contexte, options);
   EcrireMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
-  std::optional<std::vector<QuestionDesMots>> questions = LireQuestions(rapport, contexte, gabarit);
+  std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(rapport, contexte, gabarit);
   ConfirmerRemplacement(rapport, contexte);
 
   Corpus corpus = Couper(rapport, contexte, options, texte);
+  ExigerPlaceDesMots(rapport, contexte, corpus, options.auxiliaires);
   Sorties sorties(contexte, options.auxiliaires);
   if (sorties.NonTries() != nullptr) EcrireConcordances(*sorties.NonTries(), corpus);
   const std::vector<MotDistinct> distincts = TrierEtCoder(corpus, contexte.Ecran());

@@ -104,7 +104,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   ouverte.table.mod = LireListeModalites(*mod);
-  const ParametresMod parametres = LireParametres(ouverte.table.mod.parametres, nullptr);
+  const ParametresMod parametres = LireParametres(ouverte.table.mod.parametres);
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
   if (parametres.largeur < 1) {

@@ -132,7 +132,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   transmis.Annoncer(rapport, ".mod", "Le fichier de modalités "_w);
   ExigerTexte(contexte, rapport, nomOrigine, source);
 
-  std::string texte = LireTexte(contexte, *source, nomOrigine, rapport);
+  std::string texte = PrendreTexte(contexte, *source, nomOrigine, rapport);
   const Apercu ancien = ApercuDe(texte);
   const std::string anciensOctets = texte.substr(0, kOctetsMontres);
   TransformerOctets(texte, options);

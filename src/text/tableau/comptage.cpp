@@ -90,6 +90,21 @@ std::optional<std::size_t> LargeurDesCaracteristiques(std::string_view ligne) {
   return place - kTexteDeLigne;
 }
 
+std::uint64_t CompterMotsFrequents(const Chemin& donnees, const ConsignesDeComptage& consignes) {
+  std::uint64_t frequents = 0;
+  std::int64_t frequence = 0;
+  std::string dernier;
+  LecteurLignes lecteur(donnees);
+  for (std::string_view ligne; lecteur.Lire(ligne); ++frequence) {
+    const std::string_view mot = Milieu(ligne, consignes.caracteristiques + kLargeurCode + 1, kLargeurMot);
+    if (mot == dernier) continue;
+    if (frequence >= consignes.frequenceMin) ++frequents;
+    dernier = mot;
+    frequence = 0;
+  }
+  return frequents + (frequence >= consignes.frequenceMin ? 1 : 0);
+}
+
 TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const ConsignesDeComptage& consignes,
                           const Dialogue& ecran) {
   static const std::array<std::uint8_t, 256> valeurs = ValeursDesCodes();

@@ -28,7 +28,7 @@ struct PlanLexical {
   bool codesZero = false;
 };
 
-// Raises 9 for a code-max above 99.
+// Raises kIndiceHorsSelection for a code-max above 99.
 PlanLexical PlanifierTable(const FichierPos& pos, const std::vector<std::size_t>& actives, bool codesZero);
 
 // A row: code and word as they stand in the data, and how often the word is met.
@@ -64,6 +64,9 @@ struct ConsignesDeComptage {
   // Told a line that is not one of words; it raises.
   std::function<void(std::int64_t ligne)> horsFormat;
 };
+
+// Rows that CompterMots will make.
+std::uint64_t CompterMotsFrequents(const Chemin& donnees, const ConsignesDeComptage& consignes);
 
 // Counts the words of the data file, which stands in the order of the words.
 TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const ConsignesDeComptage& consignes,

@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "core/enquete/datfile.h"
+#include "core/enquete/exigences.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
@@ -47,18 +49,16 @@ void EcrireNoms(Rapport& rapport, const Contexte& contexte) {
   rapport.Ligne({"Le nom du fichier des données en tableau lexical des questions est "_w, contexte.Nom(".BRT")});
 }
 
-Entrees LireEntrees(Rapport& rapport, const Contexte& contexte) {
+Entrees LireEntrees(const Contexte& contexte) {
   Entrees entrees;
   entrees.donnees = contexte.Exiger(".DAT");
   if (const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
     LecteurLignes lecteur(*mod);
     std::string_view ligne;
-    if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne, &rapport);
+    if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne);
     entrees.intitules = LireIntitules(*mod);
   }
-  entrees.pos = LirePos(contexte.Exiger(".POS"), contexte.Ecran());
-  entrees.individus = AnnoncesOuComptes(entrees.pos.taille, entrees.donnees);
-  rapport.Ligne(LigneDesIndividus(entrees.individus));
+  entrees.pos = LirePos(contexte.Exiger(".POS"));
   return entrees;
 }
 
@@ -146,6 +146,20 @@ void ExigerLesMots(Rapport& rapport, const Contexte& contexte, const Entrees& en
                      ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}));
 }
 
+// A row for each word that is frequent enough: counted beforehand only where there may be very many.
+void ExigerPlaceDuTableau(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const PlanLexical& plan,
+                          const ConsignesDeComptage& consignes) {
+  constexpr std::uint64_t kSansCompter = std::uint64_t{256} << 20;  // bytes
+  constexpr std::uint64_t kMemoireDUneCellule = 4 + 4;              // the cell, and its columns in the line written
+  constexpr std::uint64_t kColonnesDUneCellule = 4;
+  const std::uint64_t annoncees = static_cast<std::uint64_t>(std::max<std::int64_t>(entrees.individus, 0));
+  const std::uint64_t lignes = std::min<std::uint64_t>(annoncees, LongueurFichier(entrees.donnees)) /
+                               static_cast<std::uint64_t>(std::max<std::int64_t>(consignes.frequenceMin, 1));
+  if (lignes * plan.noms.size() * kMemoireDUneCellule < kSansCompter) return;
+  const std::uint64_t cellules = CompterMotsFrequents(entrees.donnees, consignes) * plan.noms.size();
+  ExigerPlace(contexte, rapport, {kMemoireDUneCellule * cellules, kColonnesDUneCellule * cellules});
+}
+
 TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const PlanLexical& plan,
                       const OptionsTabMot& options, std::size_t caracteristiques) {
   ConsignesDeComptage consignes;
@@ -164,6 +178,7 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
     if (++nombre <= options.limite || options.limite < 1) return;
     Arreter(rapport, contexte, Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
   };
+  ExigerPlaceDuTableau(rapport, contexte, entrees, plan, consignes);
   TableLexicale table = CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());
   ExigerLesMots(rapport, contexte, entrees, table, caracteristiques);
   return table;
@@ -192,7 +207,7 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const OptionsTabMot
 
 // Threshold of the inversion, which goes to DE= too.
 std::int64_t TraiterThemes(Rapport& rapport, const Entrees& entrees, const PlanLexical& plan, TableLexicale& table) {
-  std::int64_t seuil = entrees.parametres.decimales;
+  std::int64_t seuil = entrees.parametres.de;
   if (seuil == 0 && plan.groupes.size() == 1) seuil = plan.groupes.front().codeMax / 3;
   rapport.Ligne("Option thèmes utilisée"_w);
   rapport.Ligne({"Seuil d'inversion =", NombreNu(seuil)});
@@ -231,7 +246,11 @@ void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& op
   ExigerEntrees(rapport, contexte);
   EcrireBandeau(rapport, "Création du tableau lexical des questions"_w);
   EcrireNoms(rapport, contexte);
-  const Entrees entrees = LireEntrees(rapport, contexte);
+  Entrees entrees = LireEntrees(contexte);
+  rapport.Lignes(entrees.parametres.remarques);
+  ExigerParentheses(entrees.pos.taille, contexte.Ecran());
+  entrees.individus = AnnoncesOuComptes(entrees.pos.taille, entrees.donnees);
+  rapport.Ligne(LigneDesIndividus(entrees.individus));
   const std::vector<std::size_t> actives = ChoisirQuestions(rapport, contexte, entrees.pos, options);
   EcrireQuestions(rapport, entrees, actives);
   const std::size_t caracteristiques = ExigerQuestions(rapport, contexte, entrees, actives);
@@ -242,7 +261,7 @@ void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& op
   EcrireBilan(rapport, contexte, options, entrees, table);
   const int chiffres = static_cast<int>(Nombre(static_cast<std::int64_t>(table.plusGrande)).size());
   const int largeur = std::max({1, static_cast<int>(entrees.parametres.largeur), chiffres});
-  std::int64_t decimales = entrees.parametres.decimales;
+  std::int64_t decimales = entrees.parametres.de;
   if (options.themes.value_or(table.themes)) decimales = TraiterThemes(rapport, entrees, plan, table);
   const std::vector<std::string> lignes = LignesTriees(table, largeur, contexte.Ecran());
   rapport.Ligne("Un utilitaire de tri range les fréquences par ordre croissant"_w);

@@ -27,8 +27,8 @@ struct OptionsFusion {
 std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options);
 
 // Report: generic and ".prt". Side by side, files of unequal length stop the run before C, and the 51st difference of
-// identifiers stops it with the lines before it in C. A position or width of an identifier below 1 is error 5. A and B
-// are never written. A verification whose boxes are cancelled leaves no trace.
+// identifiers stops it with the lines before it in C. A position or width of an identifier below 1 is
+// kArgumentIncorrect. A and B are never written. A verification whose boxes are cancelled leaves no trace.
 Fin Fusionner(const Contexte& contexte, const OptionsFusion& options);
 
 }  // namespace quelvar::utilities

@@ -34,12 +34,8 @@ TEST(Dessin, ElementSous) {
   EXPECT_EQ(dessin.ElementSous({52, 50}, 1), 2);
   EXPECT_EQ(dessin.ElementSous({20, 21}, 1), 1);
   EXPECT_EQ(dessin.ElementSous({20, 40}, 1), std::nullopt);  // inside the rectangle around the line, far from it
-  dessin.MontrerCalque("points", false);
-  EXPECT_EQ(dessin.ElementSous({50, 50}, 1), 1);
   dessin.Designer(3);
   dessin.Texte({50, 20}, "abc", {.corps = 10, .ancre = Ancre::Fin, .niveau = Niveau::Centre});
-  EXPECT_EQ(dessin.ElementSous({45, 20}, 0), std::nullopt);  // its layer is hidden too
-  dessin.MontrerCalque("points", true);
   EXPECT_EQ(dessin.ElementSous({45, 20}, 0), 3);
   EXPECT_EQ(dessin.ElementSous({55, 20}, 0), std::nullopt);
 }
@@ -75,9 +71,6 @@ TEST(DessinSvg, UneFormeDeChaqueGenre) {
   dessin.Cercle({5, 0.5}, 2, {Couleur::Blanc, 1}, {.epaisseur = 0});
   dessin.Texte({5, 0.5}, "Été <\"&>\x01"_w, {.corps = 10, .gras = true, .ancre = Ancre::Fin, .niveau = Niveau::Haut},
                {3, -1});
-  dessin.Calquer("secret");
-  dessin.Rectangle({0, 1}, {1, 0}, {Couleur::Noir, 0.2});
-  dessin.MontrerCalque("secret", false);
   EXPECT_EQ(TexteSvg(dessin),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
             "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"200pt\" height=\"100pt\" viewBox=\"0 0 200 100\" "

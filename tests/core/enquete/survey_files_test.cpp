@@ -140,35 +140,33 @@ TEST_F(FichiersDEnquete, ShortLinesAreCompletedByBlanks) {
 }
 
 TEST(Parametres, KeywordsByTwoLetters) {
-  const ParametresMod espaces = LireParametres(" BRT = 12 , FMT = 3 ", nullptr);
+  const ParametresMod espaces = LireParametres(" BRT = 12 , FMT = 3 ");
   EXPECT_EQ(espaces.burt, 12);
   EXPECT_EQ(espaces.largeur, 3);
-  const ParametresMod synonymes = LireParametres("imax=30;JMAX=4/isup=2:JS=1 lr=6 burt=1 de=3 cdg=1", nullptr);
+  const ParametresMod synonymes = LireParametres("imax=30;JMAX=4/isup=2:JS=1 lr=6 burt=1 de=3 cdg=1");
   EXPECT_EQ(synonymes.lignes, 30);
   EXPECT_EQ(synonymes.colonnes, 4);
   EXPECT_EQ(synonymes.lignesSup, 2);
   EXPECT_EQ(synonymes.colonnesSup, 1);
   EXPECT_EQ(synonymes.largeur, 6);
   EXPECT_EQ(synonymes.burt, 1);
-  EXPECT_EQ(synonymes.decimales, 3);
+  EXPECT_EQ(synonymes.de, 3);
   EXPECT_EQ(synonymes.cdg, 1);
-  EXPECT_EQ(LireParametres("LSUP=4", nullptr).lignesSup, LireParametres("ISUP=4", nullptr).lignesSup);
-  EXPECT_EQ(LireParametres("FMT=3 LA=5", nullptr).largeur, 5) << "the last one wins";
-  EXPECT_EQ(LireParametres("NBR=7", nullptr).burt, 7) << "a code counts anywhere in the key";
-  EXPECT_EQ(LireParametres("DECIMALES=3", nullptr).lignes, 3) << "IM stands before DE in the list";
-  EXPECT_EQ(LireParametres("FMT=x", nullptr).largeur, 0);
-  const ParametresMod mod = LireParametres("MOD=SEX1", nullptr);
+  EXPECT_EQ(LireParametres("LSUP=4").lignesSup, LireParametres("ISUP=4").lignesSup);
+  EXPECT_EQ(LireParametres("FMT=3 LA=5").largeur, 5) << "the last one wins";
+  EXPECT_EQ(LireParametres("NBR=7").burt, 7) << "a code counts anywhere in the key";
+  EXPECT_EQ(LireParametres("DECIMALES=3").lignes, 3) << "IM stands before DE in the list";
+  EXPECT_EQ(LireParametres("FMT=x").largeur, 0);
+  const ParametresMod mod = LireParametres("MOD=SEX1");
   EXPECT_TRUE(mod.modPresent);
   EXPECT_EQ(mod.mod, "SEX1");
-  EXPECT_THROW(LireParametres("FMT=40000", nullptr), Erreur);
+  EXPECT_THROW(LireParametres("FMT=40000"), Erreur);
 }
 
 TEST_F(FichiersDEnquete, AMissingEqualSignUnsetsEverything) {
-  const Chemin chemin = Ecrire("R", "");
-  Rapport rapport(chemin);
-  EXPECT_EQ(LireParametres("BRT=3 FMT=5.0", &rapport).burt, 0);
-  rapport.Valider();
-  EXPECT_EQ(LireOctets(chemin), "Arret : manque signe = dans ligne 2 de *.MOD\r\n");
+  const ParametresMod parametres = LireParametres("BRT=3 FMT=5.0");
+  EXPECT_EQ(parametres.burt, 0);
+  EXPECT_EQ(parametres.remarques, std::vector<std::string>{"Arret : manque signe = dans ligne 2 de *.MOD"});
 }
 
 TEST_F(FichiersDEnquete, ModalitiesUpToTheMark) {
@@ -188,21 +186,14 @@ TEST_F(FichiersDEnquete, TableRowsKeepTouchingCells) {
   {
     Ecrivain fichier(Ecrire("E.BRT", ""));
     EcrireLigneBrt(fichier, "SEX1", std::vector<std::int64_t>{120, 7, 345}, 3, "Homme");
-    EcrireLigneCdg(fichier, "12", std::vector<std::uint8_t>{1, 0, 1});
-    EcrireLigneCdg(fichier, "Dupont", std::vector<std::uint8_t>{0, 1, 1});
     fichier.Fermer();
   }
-  LecteurLignes lecteur(Ecrire("F", "SEX1120  7345  Homme  \r\n12  101\r\n    011Dupont"));
+  LecteurLignes lecteur(Ecrire("F", "SEX1120  7345  Homme  \r\n"));
   LigneBrt ligne;
   LireLigneBrt(lecteur.LireObligatoire(), 3, 3, ligne);
   EXPECT_EQ(ligne.nom, "SEX1");
   EXPECT_EQ(ligne.cellules, (std::vector<double>{120, 7, 345}));
   EXPECT_EQ(ligne.intitule, "Homme");
-  LigneCdg codage;
-  LireLigneCdg(lecteur.LireObligatoire(), 3, codage);
-  EXPECT_EQ(codage.presence, (std::vector<std::uint8_t>{1, 0, 1}));
-  LireLigneCdg(lecteur.LireObligatoire(), 3, codage);
-  EXPECT_EQ(codage.nomLong, "Dupont");
 }
 
 TEST(ControleDeBurt, ATableOfOtherModalitiesIsRefused) {

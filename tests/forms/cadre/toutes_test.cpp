@@ -3,22 +3,24 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAccessible>
+#include <QAction>
 #include <QApplication>
-#include <QGroupBox>
-#include <QLabel>
-#include <QMap>
+#include <QFileDialog>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <utility>
 
 #include "factor/analyse/anecar.h"
 #include "forms/cadre/entrees.h"
+#include "forms/editeur/frmfind.h"
 #include "forms/editeur/frmsdi.h"
 #include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
@@ -32,17 +34,26 @@ using namespace quelvar::forms;
 namespace {
 
 using essai::Bureau;
+using essai::VerifierControles;
 
-// Answers every box by Escape.
+// Answers every box by Escape, looked at before.
 class Silence : public QObject {
  public:
-  Silence() { qApp->installEventFilter(this); }
+  explicit Silence(std::function<void(QDialog&)> regarder = {}) : regarder_(std::move(regarder)) {
+    qApp->installEventFilter(this);
+  }
   bool eventFilter(QObject* objet, QEvent* evenement) override {
     auto* boite = qobject_cast<QDialog*>(objet);
     if (boite != nullptr && evenement->type() == QEvent::Show && boite->isModal())
-      QTimer::singleShot(0, boite, [boite] { boite->reject(); });
+      QTimer::singleShot(0, boite, [this, boite] {
+        if (regarder_) regarder_(*boite);
+        boite->reject();
+      });
     return QObject::eventFilter(objet, evenement);
   }
+
+ private:
+  std::function<void(QDialog&)> regarder_;
 };
 
 // A survey on which every program has been run, so that every form finds what it reads.
@@ -86,43 +97,6 @@ void Prendre(Bureau& bureau, const EntreeDeProgramme& entree) {
   QCoreApplication::processEvents();
 }
 
-void VerifierLettres(const QWidget& fenetre) {
-  QMap<QString, QStringList> lettres;
-  const auto noter = [&](const QWidget& controle, const QString& texte) {
-    const QString lettre = QKeySequence::mnemonic(texte).toString();
-    if (!lettre.isEmpty() && controle.isVisible()) lettres[lettre] << texte;
-  };
-  for (const auto* bouton : fenetre.findChildren<QAbstractButton*>()) noter(*bouton, bouton->text());
-  for (const auto* libelle : fenetre.findChildren<QLabel*>())
-    if (libelle->buddy() != nullptr) noter(*libelle, libelle->text());
-  for (const auto* cadre : fenetre.findChildren<QGroupBox*>()) noter(*cadre, cadre->title());
-  for (auto i = lettres.cbegin(); i != lettres.cend(); ++i)
-    EXPECT_EQ(i.value().size(), 1) << i.key().toStdString() << ": " << i.value().join(u" / ").toStdString();
-}
-
-void VerifierNoms(const QWidget& fenetre) {
-  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
-    if (!controle->isVisible() || !(controle->focusPolicy() & Qt::TabFocus)) continue;
-    QAccessibleInterface* acces = QAccessible::queryAccessibleInterface(controle);
-    EXPECT_TRUE(acces != nullptr && !acces->text(QAccessible::Name).isEmpty())
-        << controle->metaObject()->className() << ' ' << controle->objectName().toStdString();
-  }
-}
-
-// The Tab key reaches every control, and comes back to where it started.
-void VerifierTabulation(QWidget& fenetre) {
-  QSet<const QWidget*> attendus;
-  for (const QWidget* controle : fenetre.findChildren<QWidget*>())
-    if (controle->isVisible() && controle->isEnabled() && (controle->focusPolicy() & Qt::TabFocus) &&
-        controle->focusProxy() == nullptr && controle->window() == &fenetre)
-      attendus << controle;
-  QSet<const QWidget*> vus;
-  for (const QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre && suivant != nullptr;
-       suivant = suivant->nextInFocusChain())
-    vus << suivant;
-  for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
-}
-
 // Whole on a screen of 1024 x 768, with the bar of the window; on smaller ones it scrolls and stays inside, and the
 // keyboard stays where it was.
 void VerifierTaille(QWidget& fenetre) {
@@ -140,7 +114,22 @@ void VerifierTaille(QWidget& fenetre) {
   EXPECT_EQ(fenetre.focusWidget(), clavier);
 }
 
+// The boxes that a form opens by a button of its own: those of Qt for files aside, they are looked at as they come.
+std::size_t VerifierBoites(QWidget& forme) {
+  std::size_t vues = 0;
+  const Silence regard([&](QDialog& boite) {
+    if (qobject_cast<QFileDialog*>(&boite) != nullptr) return;
+    SCOPED_TRACE(boite.windowTitle().toStdString() + " of " + forme.metaObject()->className());
+    VerifierControles(boite);
+    ++vues;
+  });
+  for (auto* bouton : forme.findChildren<QPushButton*>(QRegularExpression(QStringLiteral("^BoutCommande"))))
+    if (bouton->isVisible() && bouton->isEnabled()) bouton->click();
+  return vues;
+}
+
 TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
+  std::size_t boites = 0;
   for (const int niveau : {1, 2}) {
     for (const EntreeDeProgramme& entree : EntreesDeProgrammes()) {
       SCOPED_TRACE(std::string(entree.action) + " niveau " + std::to_string(niveau));
@@ -151,14 +140,36 @@ TEST(ToutesLesFormes, LettresNomsTabulationTaille) {
         auto* onglets = forme->findChild<QTabWidget*>();
         for (int rang = 0; rang < (onglets == nullptr ? 1 : onglets->count()); ++rang) {
           if (onglets != nullptr) onglets->setCurrentIndex(rang);
-          VerifierLettres(*forme);
-          VerifierNoms(*forme);
-          VerifierTabulation(*forme);
+          VerifierControles(*forme);
+          boites += VerifierBoites(*forme);
         }
         VerifierTaille(*forme);
       }
     }
   }
+  EXPECT_GE(boites, 20U) << "of the equivalent commands";
+}
+
+// Those that stand beside the forms of the programs.
+TEST(ToutesLesFormes, LaFenetrePrincipaleLEditeurEtLaRecherche) {
+  BureauComplet bureau;
+  const Silence silence;
+  VerifierControles(bureau.Fenetre());
+  bureau.Menu("mnuAPropos");
+  for (Forme* forme : bureau.Ouvertes()) VerifierControles(*forme);
+  bureau.Menu("mnuEdPOS");
+  std::size_t recherches = 0;
+  for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+    auto* editeur = qobject_cast<frmSDI*>(fenetre);
+    if (editeur == nullptr) continue;
+    VerifierControles(*editeur);
+    Bureau::Dans<QAction>(*editeur, "mnuChercher").trigger();
+    for (auto* recherche : editeur->findChildren<frmFind*>()) {
+      VerifierControles(*recherche);
+      ++recherches;
+    }
+  }
+  EXPECT_GE(recherches, 1U);
 }
 
 TEST(ToutesLesFormes, LaFenetrePrincipaleEtLEditeurTiennentSurUnPetitEcran) {
@@ -192,9 +203,7 @@ TEST(ToutesLesFormes, CellesDeLImportation) {
     for (int ligne = 0; ligne < (colonnes == nullptr ? 1 : colonnes->model()->rowCount()); ++ligne) {
       SCOPED_TRACE(std::string(forme->metaObject()->className()) + " " + std::to_string(ligne));
       if (colonnes != nullptr) colonnes->setCurrentIndex(colonnes->model()->index(ligne, 0));
-      VerifierLettres(*forme);
-      VerifierNoms(*forme);
-      VerifierTabulation(*forme);
+      VerifierControles(*forme);
     }
     VerifierTaille(*forme);
   }

@@ -24,7 +24,7 @@ class ExamenDeTable {
   // Looks at that many rows that hold something; false when `suivi` stopped it.
   bool LireRangees(LecteurDeRangees& lecteur, std::int64_t nombre, const Suivi& suivi = {});
   void Voir(std::string_view rangee, const LecteurDeRangees& lecteur);
-  // Raises a sentence (13) for a file of titles only.
+  // Raises a sentence (kIncompatibiliteType) for a file of titles only.
   FaitsDeTable Conclure(const LecteurDeRangees& lecteur) const;
 
   std::int64_t Individus() const { return faits_.individus; }

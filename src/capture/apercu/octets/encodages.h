@@ -14,7 +14,8 @@ struct EncodageDetecte {
   std::vector<std::string> doutes;
 };
 
-// Of the head of the file, or of all of it. Raises a sentence (13) for a file that is empty or no text.
+// Of the head of the file, or of all of it. Raises a sentence (kIncompatibiliteType) for a file that is empty or no
+// text.
 EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue);
 
 }  // namespace quelvar::capture

@@ -59,7 +59,7 @@ struct Plan {
   std::size_t largeurNombres = 0;  // of a number there
 };
 
-// Raises a sentence (13) for a choice that cannot be carried out.
+// Raises a sentence (kIncompatibiliteType) for a choice that cannot be carried out.
 Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
                  const Lecture& lecture);
 

@@ -44,8 +44,8 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
     controle->installEventFilter(this);
   ui_->FrListe->setVisible(false);
   ui_->TextMsg->setPlainText(VersQt(saisie_->fautes));
-  connect(ui_->TextMod, &ZoneDeFrappe::frappe, this, &Saisief::Frapper);
-  connect(ui_->TextMod, &ZoneDeFrappe::listeDemandee, this, &Saisief::MontrerListe);
+  connect(ui_->TextMod, &ZoneDeFrappe::Frappee, this, &Saisief::Frapper);
+  connect(ui_->TextMod, &ZoneDeFrappe::ListeDemandee, this, &Saisief::MontrerListe);
   connect(ui_->BoutListe, &QPushButton::clicked, this, &Saisief::MontrerListe);
   connect(ui_->BoutCont, &QPushButton::clicked, this, &Saisief::Continuer);
   connect(ui_->CheckDirect, &QCheckBox::toggled, this, [this](bool directe) {

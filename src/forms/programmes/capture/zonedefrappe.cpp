@@ -64,12 +64,12 @@ bool ZoneDeFrappe::event(QEvent* evenement) {
 
 bool ZoneDeFrappe::Traiter(const QKeyEvent& evenement) {
   if (evenement.key() == Qt::Key_F4 && evenement.modifiers() == Qt::NoModifier) {
-    emit listeDemandee();
+    emit ListeDemandee();
     return true;
   }
   if (EstRaccourci(evenement)) return false;
   if (const std::optional<NomDeTouche> nom = NomDe(evenement.key())) {
-    emit frappe({*nom}, evenement.isAutoRepeat());
+    emit Frappee({*nom}, evenement.isAutoRepeat());
     return true;
   }
   if (evenement.text().isEmpty()) return false;
@@ -90,7 +90,7 @@ void ZoneDeFrappe::Envoyer(const QString& texte, bool tenue) {
   for (const QChar caractere : texte) {
     const std::string octets = DepuisQt(QString(caractere));
     if (octets.size() == 1 && (octets[0] != '?' || caractere == u'?'))
-      emit frappe({NomDeTouche::Caractere, octets[0]}, tenue);
+      emit Frappee({NomDeTouche::Caractere, octets[0]}, tenue);
   }
 }
 

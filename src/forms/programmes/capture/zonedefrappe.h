@@ -16,9 +16,9 @@ class ZoneDeFrappe : public QLabel {
 
  signals:
   // `tenue`: the key is held down and repeats itself.
-  void frappe(quelvar::capture::Touche touche, bool tenue);
+  void Frappee(quelvar::capture::Touche touche, bool tenue);
   // The key that goes to the list of records.
-  void listeDemandee();
+  void ListeDemandee();
 
  protected:
   bool event(QEvent* evenement) override;

@@ -113,11 +113,7 @@ void ChoixVar::RelierBoutons() {
   });
   connect(ui_->BoutLancerTri, &QPushButton::clicked, this, &ChoixVar::LancerTri);
   RelierQuitter(*ui_->BoutNouv);
-  RelierCommande(*ui_->BoutLancerTri, crosstab::DescriptionCroise(), contexte_, [this] {
-    crosstab::OptionsCroise options;
-    options.lancements = {crosstab::RequeteDeLEtat(etat_, enquete_, etat_.unSeul ? contexte_.Nom(".svg") : "")};
-    return options;
-  });
+  RelierCommande(*ui_->BoutLancerTri, crosstab::DescriptionCroise(), contexte_, [this] { return Demande(); });
   AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
 }
 
@@ -177,7 +173,14 @@ void ChoixVar::CocherIsole(bool coche) {
   Montrer();
 }
 
+crosstab::OptionsCroise ChoixVar::Demande() const {
+  crosstab::OptionsCroise options;
+  options.lancements = {crosstab::RequeteDeLEtat(etat_, enquete_, etat_.unSeul ? contexte_.Nom(".svg") : "")};
+  return options;
+}
+
 void ChoixVar::LancerTri() {
+  const crosstab::OptionsCroise lance = Demande();
   const std::optional<crosstab::DemandeCroise> demande = crosstab::PreparerLancement(etat_, services_.ecran);
   Montrer();
   if (!demande) return;
@@ -205,7 +208,8 @@ void ChoixVar::LancerTri() {
   crosstab::ApresLancement(etat_, *resultat);
   Montrer();
   if (resultat->retenu) {
-    OuvrirGraphe2(services_, contexte_, crosstab::PreparerGraphe2(*resultat->retenu));
+    OuvrirGraphe2(services_, contexte_, crosstab::PreparerGraphe2(*resultat->retenu),
+                  CommandeEquivalente(crosstab::DescriptionCroise(), contexte_.generique, contexte_.niveau, lance));
     return;
   }
   services_.fenetre.raise();

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "crosstab/choixvar.h"
+#include "crosstab/croise_options.h"
 #include "forms/cadre/services.h"
 #include "forms/pieces/brouillon.h"
 
@@ -39,6 +40,7 @@ class ChoixVar : public Forme {
   void Ajouter(crosstab::RoleQuestion role);
   void Enlever(crosstab::RoleQuestion role);
   void CocherIsole(bool coche);
+  crosstab::OptionsCroise Demande() const;
   void LancerTri();
 
   crosstab::EnqueteCroisee enquete_;

@@ -2,15 +2,18 @@
 
 #include "forms/images/rendudessin.h"
 #include "forms/images/sortiesdessin.h"
+#include "forms/pieces/commande.h"
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_graphe2.h"
 
 namespace quelvar::forms {
 
-Graphe2::Graphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees)
+Graphe2::Graphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees,
+                 std::string commande)
     : Forme(services, contexte, Qt::Window),
       etat_(crosstab::NouveauGraphe2(donnees)),
+      commande_(std::move(commande)),
       ui_(std::make_unique<Ui::Graphe2>()) {
   ui_->setupUi(this);
   for (const crosstab::EntreeGraphe2& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
@@ -30,6 +33,7 @@ Graphe2::~Graphe2() = default;
 void Graphe2::RelierGestes() {
   const auto geste = [this](QAbstractButton* bouton, auto effet) {
     connect(bouton, &QAbstractButton::clicked, this, [this, effet] {
+      retouche_ = true;
       effet();
       Dessiner();
     });
@@ -41,6 +45,7 @@ void Graphe2::RelierGestes() {
   });
   connect(ui_->Pict2, &VueDessin::Deplace, this, [this](int, const QPointF& pas) {
     crosstab::DeplacerEntree(etat_, {pas.x(), pas.y()});
+    retouche_ = true;
     Dessiner();
   });
   geste(ui_->Command3, [this] { crosstab::DeplacerEntree(etat_, crosstab::SensGraphe2::Haut); });
@@ -58,6 +63,7 @@ void Graphe2::RelierGestes() {
   geste(ui_->BtFort, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Fort; });
   geste(ui_->BoutonRAZ, [this] {
     crosstab::Reinitialiser(etat_);
+    retouche_ = false;
     ui_->BtMoyen->setChecked(true);
     ui_->Pict2->Ajuster();
   });
@@ -66,6 +72,9 @@ void Graphe2::RelierGestes() {
 void Graphe2::RelierFichiers() {
   RelierSorties(*this, services_, *ui_->Pict2, contexte_, "Tab",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr}, [] { return kResolution; });
+  AjouterVoirLaCommande(*ui_->BoutonEnreg, [this] {
+    return commande_ + (retouche_ ? std::string("  # sans les retouches de l'image") : std::string());
+  });
   connect(ui_->BoutonNouv, &QPushButton::clicked, this, [this] {
     close();
     if (auto* demande = services_.formes.Ouverte<ChoixVar>()) {
@@ -81,9 +90,10 @@ void Graphe2::Dessiner() {
   ui_->Coordonnees->setText(VersQt(crosstab::TexteFenetre(etat_)).remove(u'\r'));
 }
 
-void OuvrirGraphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees) {
+void OuvrirGraphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees,
+                   const std::string& commande) {
   if (!FairePlace<Graphe2>(services)) return;
-  Montrer<Graphe2>(services, contexte, donnees);
+  Montrer<Graphe2>(services, contexte, donnees, commande);
 }
 
 }  // namespace quelvar::forms

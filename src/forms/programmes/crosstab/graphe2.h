@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "crosstab/graphe/graphe2.h"
 #include "forms/cadre/services.h"
@@ -15,7 +16,8 @@ namespace quelvar::forms {
 class Graphe2 : public Forme {
   Q_OBJECT
  public:
-  Graphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees);
+  // `commande` draws the same picture without the form (code page).
+  Graphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees, std::string commande);
   ~Graphe2() override;
 
  private:
@@ -24,10 +26,13 @@ class Graphe2 : public Forme {
   void Dessiner();
 
   crosstab::EtatGraphe2 etat_;
+  std::string commande_;
+  bool retouche_ = false;  // the picture is no longer as it came
   std::unique_ptr<Ui::Graphe2> ui_;
 };
 
 // Opens the form on a new picture, in place of the one that is open.
-void OuvrirGraphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees);
+void OuvrirGraphe2(Services& services, const Contexte& contexte, const crosstab::DonneesGraphe2& donnees,
+                   const std::string& commande);
 
 }  // namespace quelvar::forms

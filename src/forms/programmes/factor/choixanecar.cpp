@@ -12,11 +12,9 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr int kMinimumDeFacteurs = 2;
-constexpr int kMaximumDeFacteurs = 999;
-
 int FacteursDe(const QLineEdit& champ) {
-  return static_cast<int>(ArrondirPair(std::clamp<double>(ValeurDe(DepuisQt(champ.text())), 0, kMaximumDeFacteurs)));
+  return static_cast<int>(
+      ArrondirPair(std::clamp<double>(ValeurDe(DepuisQt(champ.text())), 0, factor::kFacteursAuPlus)));
 }
 
 }  // namespace
@@ -36,7 +34,7 @@ ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparati
   ui_->LibelleMinimum->setSizePolicy(place);
   ui_->LibelleMinimum->hide();
   connect(ui_->TextBoxNbFact, &QLineEdit::textChanged, this,
-          [this] { ui_->LibelleMinimum->setVisible(FacteursDe(*ui_->TextBoxNbFact) < kMinimumDeFacteurs); });
+          [this] { ui_->LibelleMinimum->setVisible(FacteursDe(*ui_->TextBoxNbFact) < factor::kFacteursAuMoins); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ChoixAnecar::LancerAnalyse);
   RelierAide(*ui_->BoutAide, "mnuAAnecar");
   RelierQuitter(*ui_->BoutAnnul);
@@ -85,7 +83,7 @@ void ChoixAnecar::MontrerSeuils() {
 factor::OptionsAnecar ChoixAnecar::Options() const {
   factor::OptionsAnecar options;
   options.type = ui_->optACP->isChecked() ? factor::TypeAnalyse::Acp : factor::TypeAnalyse::Afc;
-  options.facteurs = std::max(kMinimumDeFacteurs, FacteursDe(*ui_->TextBoxNbFact));
+  options.facteurs = std::max(factor::kFacteursAuMoins, FacteursDe(*ui_->TextBoxNbFact));
   const bool triee = ui_->optTrié->isChecked();
   const bool trieEtendue = ui_->TriEdit->isChecked();
   options.edition = triee || trieEtendue           ? factor::EditionAnecar::Triee

@@ -12,9 +12,6 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr int kCpfMaximum = 1000;
-constexpr double kEcMaximum = 1000;
-
 // What a field holds, kept between two bounds; a text that is no number leaves the present value.
 double ValeurDuChamp(const QLineEdit& champ, double presente, double minimum, double maximum) {
   std::string texte = DepuisQt(champ.text());
@@ -81,7 +78,8 @@ void Graphe3::RelierPoints() {
     Redessiner();
   });
   const auto niveau = [this] {
-    FixerNiveauCpf(static_cast<int>(ValeurDuChamp(*ui_->TextBoxVal, etat_.reglages.niveauCpf, 0, kCpfMaximum)));
+    FixerNiveauCpf(
+        static_cast<int>(ValeurDuChamp(*ui_->TextBoxVal, etat_.reglages.niveauCpf, 0, factor::kNiveauCpfAuPlus)));
   };
   connect(ui_->BoutonOK, &QPushButton::clicked, this, niveau);
   connect(ui_->TextBoxVal, &QLineEdit::returnPressed, this, niveau);
@@ -244,17 +242,17 @@ void Graphe3::Dessiner() {
 }
 
 void Graphe3::FixerNiveauCpf(int niveau) {
-  etat_.reglages.niveauCpf = std::clamp(niveau, 0, kCpfMaximum);
+  etat_.reglages.niveauCpf = std::clamp(niveau, 0, factor::kNiveauCpfAuPlus);
   Redessiner();
 }
 
 void Graphe3::FixerEcMin(double limite) {
-  etat_.reglages.liens.ecMin = std::clamp(limite, 0.0, kEcMaximum);
+  etat_.reglages.liens.ecMin = std::clamp(limite, 0.0, factor::kLimiteDeLienAuPlus);
   Redessiner();
 }
 
 void Graphe3::FixerEcSup(double limite) {
-  etat_.reglages.liens.ecSup = std::clamp(limite, 0.0, kEcMaximum);
+  etat_.reglages.liens.ecSup = std::clamp(limite, 0.0, factor::kLimiteDeLienAuPlus);
   Redessiner();
 }
 
@@ -274,7 +272,7 @@ void Graphe3::RelierLiens() {
                              double factor::ReglagesLiens::*membre, void (Graphe3::*fixer)(double)) {
     const auto presente = [this, membre] { return etat_.reglages.liens.*membre; };
     connect(&champ, &QLineEdit::editingFinished, this, [this, &champ, presente, fixer] {
-      const double voulue = ValeurDuChamp(champ, presente(), 0, kEcMaximum);
+      const double voulue = ValeurDuChamp(champ, presente(), 0, factor::kLimiteDeLienAuPlus);
       if (voulue != presente()) (this->*fixer)(voulue);
     });
     connect(&moins, &QAbstractButton::clicked, this, [this, presente, fixer] { (this->*fixer)(presente() - 1); });

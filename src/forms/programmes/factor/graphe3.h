@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "factor/classement/coupe.h"
 #include "factor/plan/graphe.h"
 #include "forms/cadre/services.h"
 #include "forms/pieces/brouillon.h"
@@ -47,6 +48,7 @@ class Graphe3 : public Forme {
   void FixerProgression(std::int64_t liens);
   void FixerNiveauCah(std::int64_t niveau);
   void CouperLaClassification();
+  factor::OptionsCoupe Coupe() const;
 
   void Informer(const QPointF& page);
   void Marquer(const QPointF& page);

@@ -1,6 +1,7 @@
 // What the mouse does on the factor plane, and the files that the form writes.
 #include "core/options/option.h"
 #include "factor/classement/coupe.h"
+#include "factor/classement/coupe_options.h"
 #include "factor/plan/graphe_options.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
@@ -99,8 +100,12 @@ void Graphe3::PrendreMarques() {
   RefaireMarques();
 }
 
+factor::OptionsCoupe Graphe3::Coupe() const {
+  return {static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
+}
+
 void Graphe3::CouperLaClassification() {
-  const factor::OptionsCoupe options{static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
+  const factor::OptionsCoupe options = Coupe();
   std::string nouveau;
   services_.Lancer([&](const Contexte&) {
     rapport_->Poser();
@@ -154,6 +159,12 @@ void Graphe3::RelierFichiers() {
     LireReglages();
     return factor::OptionsDuPlan(etat_, ui_->FichPajek->isChecked());
   });
+  RelierCommande(*ui_->BoutonCAH, factor::DescriptionWardCoupe(), contexte_,
+                 [this] {
+                   LireReglages();
+                   return Coupe();
+                 },
+                 {QStringLiteral("BoutCommandeCAH"), QStringLiteral("Voir la commande de la coupe")});
   RelierQuitter(*ui_->BoutonQuitter);
   AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
 }

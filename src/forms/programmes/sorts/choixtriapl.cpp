@@ -7,12 +7,6 @@
 
 namespace quelvar::forms {
 
-namespace {
-
-constexpr int kLimiteDeDepassements = 50;
-
-}  // namespace
-
 ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixTriapl>()) {
   ui_->setupUi(this);
   ui_->CaseMod->setChecked(true);
@@ -34,7 +28,7 @@ sorts::OptionsTriapl ChoixTriapl::Options() const {
   options.nonReponses = ui_->BoutNROui->isChecked();
   options.triangulaire = ui_->CaseTriang->isChecked();
   options.reponsesMultiples = ui_->CaseRepMult->isChecked();
-  options.limite = ui_->CaseVerif->isChecked() ? kLimiteDeDepassements : 0;
+  options.limite = ui_->CaseVerif->isChecked() ? sorts::kLimiteDuFormulaire : 0;
   return options;
 }
 

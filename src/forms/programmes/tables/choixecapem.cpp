@@ -44,7 +44,7 @@ tables::OptionsEcapem ChoixEcapem::Options() const {
                   : ui_->Opt10->isChecked() ? tables::SeuilAnnonce::DixPourCent
                   : ui_->Opt5->isChecked()  ? tables::SeuilAnnonce::CinqPourCent
                                             : tables::SeuilAnnonce::UnPourCent;
-  options.positifsSeuls = ui_->ChkCompact->isChecked();
+  options.pemPositifs = ui_->ChkCompact->isChecked();
   options.diagonalisation = ui_->ChkRetour->isChecked();
   options.tousTableaux = ui_->ChkTab->isChecked();
   options.liensLignes = ui_->ChkPEL->isChecked();

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -227,6 +228,38 @@ TEST(Graphe2, TextesDeplacesEtTailles) {
   Cliquer(forme, "BoutonRAZ");
   EXPECT_DOUBLE_EQ(vue.Contenu().Largeur(), largeur);
   EXPECT_DOUBLE_EQ(titre().x, depart.x);
+}
+
+// The line draws the picture as it came; what the mouse did since is told behind it.
+TEST(Graphe2, VoirLaCommande) {
+  BureauDeGraphe bureau;
+  const essai::DossierTemporaire copie;
+  std::filesystem::copy(bureau.Dossier(), copie.Chemin(), std::filesystem::copy_options::recursive);
+  Graphe2& forme = bureau.Graphe();
+  essai::VerifierControles(forme);
+  Pilote pilote;
+  const auto commande = [&] {
+    QString ligne;
+    pilote.Faire([&](QDialog& boite) {
+      ligne = Bureau::Dans<QLineEdit>(boite, "Commande").text();
+      boite.reject();
+    });
+    Cliquer(forme, "BoutCommande");
+    return ligne;
+  };
+  const QString ligne = commande();
+  pilote.Choisir(QString::fromStdString((bureau.Dossier() / "ENQ.svg").string()));
+  pilote.Cliquer("OK");
+  Cliquer(forme, "BoutonEnregSous");
+  ASSERT_TRUE(ligne.startsWith("quelvar-batch ")) << ligne.toStdString();
+  const QString shell = "cd '" + QString::fromStdString(copie.Chemin().string()) + "' && " QUELVAR_BATCH +
+                        ligne.mid(QString("quelvar-batch").size()) + " >/dev/null 2>&1";
+  ASSERT_EQ(std::system(shell.toUtf8().constData()), 0) << ligne.toStdString();
+  EXPECT_EQ(quelvar::LireOctets(copie.Chemin() / "ENQ.svg"), bureau.Lire("ENQ.svg")) << ligne.toStdString();
+  Cliquer(forme, "BtPlus");
+  EXPECT_TRUE(commande().endsWith("# sans les retouches de l'image"));
+  Cliquer(forme, "BoutonRAZ");
+  EXPECT_EQ(commande(), ligne);
 }
 
 TEST(Graphe2, EnregistreSousSonNom) {

@@ -101,6 +101,7 @@ TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.MOD")).contains("LIGN=2 COL=4 LA=2  MOD=AGE1~SEX2\r\n"));
   auto* image = bureau_.Forme<FenetreDessin>();
   ASSERT_NE(image, nullptr);
+  essai::VerifierControles(*image);
   EXPECT_EQ(Bureau::Dans<QComboBox>(*image, "ListPages").count(), 2);
   EXPECT_FALSE(Bureau::Dans<VueDessin>(*image, "Pict2").Contenu().Formes().empty());
 }
