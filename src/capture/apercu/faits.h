@@ -71,6 +71,7 @@ struct FaitsDeColonne {
   std::size_t largeur = 0;          // of the longest cell
   std::size_t largeurNombre = 0;    // of the longest number, written with a decimal point and no groups
   std::int64_t avecDecimales = 0;   // numbers with a decimal sign
+  std::int64_t enEntiers = 0;       // codes written as "1.0"
   std::int64_t nonNumeriques = 0;   // filled cells that are no numbers
   std::int64_t longues = 0;         // texts beyond kLongueurCourte characters
   std::int64_t nonReponses = 0;     // cells "nr", as the export writes the code 0
@@ -93,7 +94,7 @@ struct LigneIrreguliere {
 
 struct FaitsDeTable {
   std::int64_t individus = 0;    // rows that hold something, without the titles
-  std::int64_t lignesVides = 0;  // rows that hold nothing, those at the end of the file left out
+  std::int64_t lignesVides = 0;  // rows that hold nothing, blank lines at the end of the file left out
   std::vector<FaitsDeColonne> colonnes;
   std::int64_t courtes = 0, longues = 0;  // irregular rows; the first ones follow
   std::vector<LigneIrreguliere> irregulieres;

@@ -200,6 +200,11 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   const auto& [table, plan, bilan, sorties] = travail;
   ArreterSurRefus(rapport, contexte, fichiers.nomSource, table, bilan);
 
+  if (plan.colonnes.empty() && plan.nombres.empty() && plan.longues.empty())
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"*** Arrêt du programme : aucune colonne ne donne de question, de nombre "
+                          "ni de texte. Vérifiez la lecture ("_w,
+                          DireLecture(table.lecture), "), ou dites ce que deviennent les colonnes."}));
   if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   IntitulesPerdus perdus;

@@ -54,7 +54,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   if (!SansAutreChoix(options, LireApercu(source.Texte(), lecture))) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
-  if (!promesse) return false;
+  if (!promesse || AvecCrSeuls(source.Texte())) return false;
   travail.sorties = std::make_unique<Sorties>(contexte, false);
   const std::int64_t environ =
       static_cast<std::int64_t>(apercu.octets / (2 * std::max<std::size_t>(promesse->largeurs.size(), 1)));
@@ -62,7 +62,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   Ecrivain& dat = travail.sorties->jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   const std::optional<PassageDirect> passage =
       EcrireDirect(source.Texte(), lecture, *promesse, dat, [&] { progression.Avancer(); });
-  if (!passage) return false;
+  if (!passage || passage->individus == 0) return false;
   travail.table = {lecture, detectee.DoutesDe(lecture), FaitsDuPassage(apercu.faits, *passage), {}};
   travail.table.choix = ProposerChoix(travail.table.faits.colonnes);
   travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), lecture);

@@ -49,6 +49,8 @@ bool ExamenDeTable::LireRangees(LecteurDeRangees& lecteur, std::int64_t nombre, 
 void ExamenDeTable::Voir(std::string_view rangee, const LecteurDeRangees& lecteur) {
   if (lecteur.SansValeur(rangee)) {
     ++vides_;
+    // Blank lines count once something stands behind them, were it separators.
+    if (!RognerCellule(rangee).empty()) faits_.lignesVides += std::exchange(vides_, 0);
     return;
   }
   ++faits_.individus;

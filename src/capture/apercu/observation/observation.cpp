@@ -43,6 +43,15 @@ std::string Pliee(std::string_view texte) {
   return pliee;
 }
 
+// "5 %", "12 €", "$3.50".
+bool EstNombreAvecUnite(std::string_view cellule) {
+  static constexpr std::string_view kUnites = "%‰€$£"_w;
+  const auto unite = [](char c) { return kUnites.find(c) != std::string_view::npos; };
+  if (cellule.size() < 2) return false;
+  if (unite(cellule.back())) return LireNombre(RognerCellule(cellule.substr(0, cellule.size() - 1))).has_value();
+  return unite(cellule.front()) && LireNombre(RognerCellule(cellule.substr(1)));
+}
+
 // Answers that come back in any larger survey: a column of them holds no names of individuals.
 bool EstReponseUsuelle(std::string_view texte) {
   const std::string pliee = Pliee(texte);
@@ -132,10 +141,10 @@ void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne
   const std::optional<NombreLu> nombre = LireNombre(cellule);
   if (!nombre) {
     if (cellule.size() > kLongueurCourte) ++longs_;
-    if (cellule.ends_with('%') && LireNombre(RognerCellule(cellule.substr(0, cellule.size() - 1)))) ++pourcents_;
+    const bool unite = EstNombreAvecUnite(cellule);
+    if (unite) ++avecUnite_;
     const bool date = EstDate(cellule);
-    if (!date && dernier_ != TableDeTextes::kAbsent)
-      simples_[dernier_] = cellule.size() <= kLongueurCourte && !cellule.ends_with('%');
+    if (!date && dernier_ != TableDeTextes::kAbsent) simples_[dernier_] = cellule.size() <= kLongueurCourte && !unite;
     return Garder(date ? kDate : kTexte, cellule, ligne);
   }
   VoirNombre(*nombre, cellule, ligne);
@@ -219,8 +228,8 @@ void Mesures::Voir(const NombreLu& lu) {
   const std::string normal = lu.Normalise();
   const double valeur = ValeurDe(normal);
   const bool entier = lu.EstEntier();
-  Joindre({valeur, valeur, 1, entier && std::abs(valeur) > 999 ? 1 : 0, lu.signe != '\0' ? 1 : 0, valeur < 0 ? 1 : 0,
-           static_cast<int>(lu.decimales.size()), normal.size()});
+  Joindre({valeur, valeur, 1, entier && std::abs(valeur) > 999 ? 1 : 0, lu.signe != '\0' ? 1 : 0,
+           lu.ValeurEntiere() ? 0 : 1, valeur < 0 ? 1 : 0, static_cast<int>(lu.decimales.size()), normal.size()});
 }
 
 void Mesures::Joindre(const Mesures& autres) {
@@ -230,6 +239,7 @@ void Mesures::Joindre(const Mesures& autres) {
   nombre += autres.nombre;
   larges += autres.larges;
   avecDecimales += autres.avecDecimales;
+  fractions += autres.fractions;
   negatives += autres.negatives;
   decimales = std::max(decimales, autres.decimales);
   largeur = std::max(largeur, autres.largeur);
@@ -316,7 +326,7 @@ Mesures Observation::MesuresSelon(const SignesDeNombres& signes) const {
     if (petits_[i] == 0) continue;
     const auto valeur = static_cast<double>(i);
     const std::size_t chiffres = i < 10 ? 1 : i < 100 ? 2 : 3;
-    mesures.Joindre({valeur, valeur, petits_[i], 0, 0, 0, 0, chiffres});
+    mesures.Joindre({valeur, valeur, petits_[i], 0, 0, 0, 0, 0, chiffres});
   }
   return mesures;
 }
@@ -372,7 +382,10 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   const Mesures mesures = MesuresSelon(faits.signes);
   ConclureDoutes(faits, table);
   faits.decimales = mesures.decimales;
-  faits.avecDecimales = mesures.avecDecimales;
+  // Codes that a program has written as "1.0" and "2.0".
+  const bool entiers = mesures.fractions == 0 && mesures.minimum >= -999 && mesures.maximum <= 999;
+  faits.avecDecimales = entiers ? 0 : mesures.avecDecimales;
+  faits.enEntiers = entiers ? mesures.avecDecimales : 0;
   faits.negatives = mesures.negatives;
   faits.longues = longs_;
   faits.nonNumeriques = textes;
@@ -387,7 +400,7 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   } else if (textes == 0) {
     if (fautives.empty()) ConclureNombres(faits, individus, premiere, mesures.larges > 0);
     else ConclureMelange(faits, fautives);
-  } else if (pourcents_ == textes) {
+  } else if (avecUnite_ == textes) {
     fautives.push_back(kTexte);
     ConclureMelange(faits, fautives);
   } else if (nombres == 0 && nombres_[kTexte] == 0) {

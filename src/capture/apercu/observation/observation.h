@@ -28,6 +28,7 @@ struct Mesures {
   std::int64_t nombre = 0;
   std::int64_t larges = 0;  // whole ones of more than three digits
   std::int64_t avecDecimales = 0;
+  std::int64_t fractions = 0;  // among these, with decimals other than 0
   std::int64_t negatives = 0;
   int decimales = 0;
   std::size_t largeur = 0;
@@ -101,7 +102,7 @@ class Observation {
   std::int64_t habillees_ = 0;
   std::string exempleHabille_;
   std::int64_t longs_ = 0;
-  std::int64_t pourcents_ = 0;  // among the texts
+  std::int64_t avecUnite_ = 0;  // among the texts: numbers with a sign of percent or money
   std::array<std::int64_t, kClasses> nombres_{};
   std::array<std::vector<CelluleFautive>, kClasses> gardees_;
   Mesures mesures_;                                  // of the numbers that can be read in one way only

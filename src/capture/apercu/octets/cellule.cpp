@@ -29,7 +29,7 @@ std::size_t Exposant(std::string_view texte, std::size_t i, bool decimales) {
   if (!signe && !decimales) return 0;
   const std::size_t debut = i + (signe ? 2 : 1);
   const std::size_t nombre = Chiffres(texte, debut);
-  return nombre == 0 || nombre > 3 ? 0 : debut + nombre - i;
+  return nombre == 0 || nombre > 2 ? 0 : debut + nombre - i;
 }
 
 // The whole part at the head: "1234", or groups of three behind a first one of one to three. Length, and the sign
@@ -145,12 +145,21 @@ std::string_view SansHabit(std::string_view cellule) {
     return dedans.size() >= 2 && dedans.front() == '"' && dedans.back() == '"'
                ? RognerCellule(dedans.substr(1, dedans.size() - 2))
                : cellule;
-  return LireNombre(dedans) ? dedans : cellule;
+  const std::string_view nombre = dedans.ends_with('\'') ? dedans.substr(0, dedans.size() - 1) : dedans;
+  return LireNombre(nombre) ? nombre : cellule;
 }
 
 bool NombreLu::EstAmbigu() const {
   return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == 3 && !entiers.empty() &&
          entiers.size() <= 3 && entiers.front() != '0';
+}
+
+NombreLu NombreLu::SansDecimales() const {
+  NombreLu entier = *this;
+  entier.decimales = {};
+  entier.signe = '\0';
+  if (entier.entiers.empty()) entier.entiers = "0";
+  return entier;
 }
 
 void NombreLu::LireEnMilliers() {
@@ -174,6 +183,8 @@ std::string NombreLu::Normalise() const {
 }
 
 std::optional<NombreLu> LireNombre(std::string_view cellule) {
+  constexpr std::size_t kLongueurAuPlus = 64;
+  if (cellule.size() > kLongueurAuPlus) return std::nullopt;
   NombreLu nombre;
   if (!cellule.empty() && (cellule.front() == '-' || cellule.front() == '+')) {
     nombre.negatif = cellule.front() == '-';

@@ -20,6 +20,10 @@ struct NombreLu {
   bool zeroDevant = false;     // "007": more than one digit, the first a zero
 
   bool EstEntier() const { return signe == '\0' && exposant.empty(); }
+  // "2.0" as well.
+  bool ValeurEntiere() const { return exposant.empty() && decimales.find_first_not_of('0') == std::string_view::npos; }
+  // Without decimals that say nothing.
+  NombreLu SansDecimales() const;
   // "1,234": three digits behind the only sign, no zero alone before it; may be one thousand two hundred thirty-four.
   bool EstAmbigu() const;
   // Makes such a number that one thousand: its sign stands between groups.
@@ -37,7 +41,7 @@ struct SignesDeNombres {
   bool operator==(const SignesDeNombres&) const = default;
 };
 
-// What spreadsheets write around a number that is to stay a text: ="01" gives 01, and so does '01.
+// What spreadsheets write around a number that is to stay a text: ="01" gives 01, and so do '01 and '01'.
 std::string_view SansHabit(std::string_view cellule);
 
 // The cell without the blanks, tabs and no-break spaces around it, and without such a dress.

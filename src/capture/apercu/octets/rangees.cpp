@@ -6,20 +6,16 @@
 
 namespace quelvar::capture {
 
-namespace {
-
-constexpr std::size_t kDebut = std::size_t{1} << 16;
-
-// Lines that end in CR alone, as old files have them.
-bool FinitParCr(const Chemin& source) {
+bool AvecCrSeuls(const Chemin& source) {
+  constexpr std::size_t kDebut = std::size_t{1} << 16;
   const std::string debut = LireMorceau(source, 0, kDebut);
-  return debut.find('\n') == std::string::npos && debut.find('\r') != std::string::npos;
+  for (std::size_t i = debut.find('\r'); i != std::string::npos; i = debut.find('\r', i + 1))
+    if (i + 1 < debut.size() ? debut[i + 1] != '\n' : debut.find('\n') == std::string::npos) return true;
+  return false;
 }
 
-}  // namespace
-
 LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage) {
-  if (encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE || FinitParCr(source)) {
+  if (encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE || AvecCrSeuls(source)) {
     return [lignes = std::make_shared<LignesDecodees>(source, encodage)](std::string_view& ligne) {
       return lignes->Lire(ligne);
     };

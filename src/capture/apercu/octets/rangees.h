@@ -39,6 +39,9 @@ class LecteurDeRangees {
   std::uintmax_t octets_ = 0;
 };
 
+// Whether lines of a source end in CR alone, some of them or all, as its head shows: LecteurLignes knows them not.
+bool AvecCrSeuls(const Chemin& source);
+
 // The lines of a source as LecteurTableur takes them; UTF-16 comes as UTF-8.
 LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage);
 

@@ -101,6 +101,9 @@ void RemarquerNombres(const FaitsDeColonne& colonne, std::size_t j, std::vector<
     remarques.push_back(Joindre({"*** Attention : colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), " (",
                                  Nombre(colonne.douteuses), " cellule(s)) ; si ce sont des milliers, donnez decimale=",
                                  NomDecimale(colonne.signes.decimale == ',' ? '.' : ',')}));
+  if (colonne.enEntiers > 0)
+    remarques.push_back(Joindre({"*** Attention : colonne", nom, " : ", Nombre(colonne.enEntiers),
+                                 " nombre(s) dont les décimales sont des zéros, lu(s) comme des codes"_w}));
   if (colonne.habillees > 0)
     remarques.push_back(
         Joindre({"*** Attention : colonne", nom, " : ", colonne.exempleHabille, " est lu ",

@@ -113,8 +113,8 @@ void EcritureDeTable::PlacerChiffres(const ColonneLue& lue, std::size_t j, std::
   if (EstZero(lue, cellule)) return metteur_.Placer(lue.premiere, "0");
   if (chiffres) return metteur_.Placer(lue.premiere, cellule);
   const std::optional<NombreLu> nombre = LireNombre(cellule);
-  if (!nombre || !nombre->EstEntier()) return Refuser(j, cellule);
-  const std::string normal = nombre->Normalise();
+  if (!nombre || !nombre->ValeurEntiere()) return Refuser(j, cellule);
+  const std::string normal = nombre->SansDecimales().Normalise();
   if (normal.front() == '-') metteur_.Placer(lue.premiere, "0");
   else if (normal.size() > plan_.colonnes[lue.premiere].largeur) Refuser(j, cellule);
   else metteur_.Placer(lue.premiere, normal);
