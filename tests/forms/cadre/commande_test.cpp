@@ -53,17 +53,6 @@ class BureauDEnquete : public Bureau {
   }
 };
 
-// The line that the button shows.
-QString Commande(const QWidget& forme, Pilote& pilote) {
-  QString commande;
-  pilote.Faire([&](QDialog& boite) {
-    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
-    boite.reject();
-  });
-  Cliquer(forme, "BoutCommande");
-  return commande;
-}
-
 Fichiers Executer(const QString& commande, const std::filesystem::path& depart) {
   const DossierTemporaire dossier;
   std::filesystem::copy(depart, dossier.Chemin() / "copie", std::filesystem::copy_options::recursive);
@@ -248,7 +237,7 @@ TEST_P(VoirLaCommande, FaitLesMemesOctetsQueLeFormulaire) {
   ASSERT_NE(forme, nullptr);
   Pilote pilote;
   cas.regler(*forme, pilote);
-  const QString commande = Commande(*forme, pilote);
+  const QString commande = CommandeMontree(pilote, *forme);
   EXPECT_TRUE(commande.startsWith("quelvar-batch ")) << commande.toStdString();
   EXPECT_TRUE(commande.contains(cas.contient)) << commande.toStdString();
   if (cas.reponse != nullptr) pilote.Cliquer(cas.reponse);

@@ -48,7 +48,8 @@ void TabMot::MontrerListes() {
 text::OptionsTabMot TabMot::Options() const {
   text::OptionsTabMot options;
   options.actives = NomsDesQuestions(pos_, choix_, Statut::Actif);
-  options.frequenceMin = static_cast<int>(std::clamp(ValeurDe(DepuisQt(ui_->TBFreq->text())), 0.0, 99999999.0));
+  options.frequenceMin =
+      static_cast<int>(std::clamp(ValeurDe(DepuisQt(ui_->TBFreq->text())), 0.0, double{text::kFrequenceLaPlusHaute}));
   options.codesZero = ui_->OpCodZY->isChecked();
   options.limite = services_.session.limiteDepassements;
   return options;
