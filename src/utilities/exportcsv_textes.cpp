@@ -63,7 +63,7 @@ std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions) {
   for (const QuestionEnTextes& question : questions) {
     capture::ChoixDeColonne colonne;
     colonne.intitule = Rogner(question.titre);
-    colonne.nom = Rogner(question.nom);
+    colonne.nom = question.nom;
     colonne.genre = capture::Genre::Longs;
     if (!question.textes.empty()) {
       if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};

@@ -337,8 +337,27 @@ std::string AnnonceDuRegroupement(const OptionsModifBurt& options) {
   return annonce;
 }
 
+namespace {
+
+// Whether nothing stands under that generic but the report of a grouping that stopped.
+bool NAQueLeRapportDUnArret(const Contexte& contexte, const std::string& generique) {
+  const std::optional<Chemin> chemin = ChercherFichier(contexte.repertoire, generique + ".PRT");
+  if (!chemin) return false;
+  for (const char* extension : {".MOD", ".BRT", ".POS", ".DAT", ".CDG", ".TRG", ".TXT", ".DES", ".CSV"})
+    if (ChercherFichier(contexte.repertoire, generique + extension)) return false;
+  constexpr std::uintmax_t kAuPlus = 100000;
+  if (LongueurFichier(*chemin) > kAuPlus) return false;
+  const std::string texte = LireOctets(*chemin);
+  return texte.find("Modification d'un tableau de Burt") != std::string::npos &&
+         texte.find("changement de nom g\xE9n\xE9rique") == std::string::npos;
+}
+
+}  // namespace
+
 Fin ModifierBurt(const Contexte& contexte, const OptionsModifBurt& options) {
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
+  const bool deja =
+      !contexte.generique.empty() && NAQueLeRapportDUnArret(contexte, GeneriqueSuivant(contexte.generique));
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer || deja);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, *nouveau + ".PRT", LibellesErreur{},
                                     [&](Rapport& rapport) { Modifier(rapport, contexte, options, *nouveau); });
