@@ -330,6 +330,9 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   if (options.choix) sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Refaisable).Ecrire(ChoixDeLImport(questions));
   sorties.Valider();
   PrevenirDesReserves(contexte, effectifs, ligne.SansCode(), options);
+  if (options.choix && std::any_of(questions.begin(), questions.end(),
+                                   [](const QuestionEnTextes& question) { return question.textes.empty(); }))
+    Prevenir(contexte, "Questions alphabétiques : une importation mettra leurs textes dans le fichier .TXT"_w);
   if (const std::string confondus = CodesConfondus(questions); !confondus.empty()) Prevenir(contexte, confondus);
 }
 

@@ -61,17 +61,23 @@ std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions) {
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions) {
   std::vector<capture::ChoixDeColonne> choix;
   for (const QuestionEnTextes& question : questions) {
-    if (question.textes.empty()) continue;
     capture::ChoixDeColonne colonne;
-    colonne.intitule = question.titre;
+    colonne.intitule = Rogner(question.titre);
     colonne.nom = question.nom;
-    if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};
-    colonne.genre = capture::Genre::Codes;
-    if (!ALesChiffres(question)) {
-      if (question.textes.size() - 1 > kTextesAuPlus) continue;
-      colonne.genre = capture::Genre::Textes;
-      colonne.ordre = capture::Ordre::Donne;
-      colonne.textes = TextesDifferents(question.textes);
+    colonne.genre = capture::Genre::Longs;
+    if (!question.textes.empty()) {
+      if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};
+      // Texts in the order of their codes keep a code that nobody gave.
+      if (question.textes.size() - 1 <= kTextesAuPlus) {
+        colonne.genre = capture::Genre::Textes;
+        colonne.ordre = capture::Ordre::Donne;
+        colonne.textes = TextesDifferents(question.textes);
+        colonne.nonReponses = {question.textes.front()};
+      } else if (ALesChiffres(question)) {
+        colonne.genre = capture::Genre::Codes;
+      } else {
+        continue;
+      }
     }
     choix.push_back(std::move(colonne));
   }

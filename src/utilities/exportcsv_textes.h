@@ -16,8 +16,8 @@ struct QuestionEnTextes {
 // The questions of which two codes are written alike, counted with the first of them; empty when there is none.
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions);
 
-// The bytes of an .IMC by which an import gives the questions their names and codes again. A question of texts, or one
-// whose codes have labels and go beyond 99, is left to what the import proposes.
+// The bytes of an .IMC by which an import gives the questions their names and codes again. A question of texts goes to
+// .TXT; one whose codes have labels and go beyond 99 is left to what the import proposes.
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions);
 
 }  // namespace quelvar::utilities

@@ -139,6 +139,10 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   Ecrivain& donnees = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   const BilanGendat bilan = EcrireDonnees(contexte, tableau, questions, donnees);
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), tableau.titre, questions, bilan.individus);
+  const std::string copie = NomDeSauvegarde(contexte.Nom(".POS"));
+  const std::optional<Chemin> sauvegarde = ChercherFichier(contexte.repertoire, copie);
+  if (contexte.Chercher(".POS") && sauvegarde)
+    sorties.Copier(*sauvegarde, NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS")), Nature::Unique);
   if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
     CopierLignes(*ancien, sorties.Ouvrir(NomDeSauvegarde(contexte.Nom(".POS")), Nature::Unique));
   sorties.Valider();
@@ -154,14 +158,23 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
 
 // Data that can't be counted again from the table are not lost unasked.
 bool RemplacementAccepte(const Contexte& contexte) {
-  if (!contexte.Chercher(".DAT") || !contexte.Chercher(".BRT") || !contexte.Chercher(".MOD")) return true;
-  return contexte.Ecran().demander(
-             Joindre({"Le fichier ", contexte.Nom(".DAT"),
+  if (!contexte.Chercher(".DAT") && !contexte.Chercher(".POS")) return true;
+  if (!contexte.Chercher(".BRT") || !contexte.Chercher(".MOD")) return true;
+  const std::string copie = NomDeSauvegarde(contexte.Nom(".POS"));
+  std::string phrase;
+  if (contexte.Chercher(".DAT"))
+    phrase = Joindre({"Le fichier ", contexte.Nom(".DAT"),
                       " existe déjà : il va être remplacé par des individus refaits à partir du tableau. "_w,
                       contexte.Nom(".DAT"), " sera conservé sous le nom "_w,
                       NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".DAT")), " et ", contexte.Nom(".POS"),
-                      " sous le nom ", NomDeSauvegarde(contexte.Nom(".POS")), ". L'acceptez-vous ?"}),
-             Boutons::OuiNon) == Reponse::Oui;
+                      " sous le nom ", copie});
+  else
+    phrase = Joindre(
+        {"Le fichier ", contexte.Nom(".POS"), " existe déjà : il va être remplacé, et conservé sous le nom "_w, copie});
+  if (contexte.Chercher(".POS") && ChercherFichier(contexte.repertoire, copie))
+    phrase += Joindre(
+        {", l'ancien ", copie, " sous le nom ", NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS"))});
+  return contexte.Ecran().demander(Joindre({phrase, ". L'acceptez-vous ?"}), Boutons::OuiNon) == Reponse::Oui;
 }
 
 }  // namespace

@@ -91,13 +91,18 @@ void EcrireBrt(Ecrivain& brt, const Tableau& tableau, const TableauEntier& entie
 }
 
 // The three percentages of a row of the inverted table, of the sum of its first three cells.
-std::array<double, kSommets> Pourcentages(const TableauEntier& entier, std::size_t colonnes, std::size_t j) {
+std::array<double, kSommets> Pourcentages(const Chemin& brt, const TableauEntier& entier, std::size_t colonnes,
+                                          std::size_t j) {
   std::array<double, kSommets> parts = {};
   double somme = 0;
   for (std::size_t i = 0; i < std::min(kSommets, entier.noms.size()); ++i) {
     parts[i] = ValeurDe(entier.cellules[i * colonnes + j]);
     somme += parts[i];
   }
+  if (*std::min_element(parts.begin(), parts.end()) < 0)
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"*** Arret du programme : ", TexteDe(brt.filename()), ", colonne ", Nombre(j + 1),
+                          ", une cellule négative n'a pas de pourcentage : corrigez le tableau"_w}));
   for (double& part : parts) part = somme == 0 ? 0 : 100 * part / somme;
   return parts;
 }
@@ -108,7 +113,8 @@ void EcrireTrg(Ecrivain& trg, const Tableau& tableau, const TableauEntier& entie
   for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) {
     const ColonneDeTableau& colonne = tableau.colonnes[j];
     trg.Ecrire(colonne.nom);
-    for (const double part : Pourcentages(entier, tableau.colonnes.size(), j)) trg.Ecrire(NombreFixe(part, 3, 1));
+    for (const double part : Pourcentages(tableau.brt, entier, tableau.colonnes.size(), j))
+      trg.Ecrire(NombreFixe(part, 3, 1));
     if (colonne.intitule.find("**") != std::string::npos)
       throw Erreur(kIncompatibiliteType,
                    Joindre({"*** Arret du programme : l'intitulé de la colonne "_w, colonne.nom,

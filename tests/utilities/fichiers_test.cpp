@@ -213,6 +213,19 @@ TEST_F(RunUtilitaires, AMatchingThatStopsSaysAtWhichLine) {
   }
 }
 
+TEST_F(RunUtilitaires, IdentifiersBeyondEveryLineAreNotAllEqual) {
+  Ecrire("A.DAT", "01a\r\n");
+  Ecrire("B.DAT", "02b\r\n");
+  for (const TypeFusion type : {TypeFusion::Appareillement, TypeFusion::CoteACote}) {
+    OptionsFusion options = Fusion(type);
+    options.verifier = true;
+    options.positionA = options.positionB = "90";
+    options.largeur = "2";
+    EXPECT_EQ(Fusionner(contexte_, options), Fin::Arret);
+    EXPECT_TRUE(Dit("ERREUR NUMERO = 5 "));
+  }
+}
+
 TEST_F(RunUtilitaires, AVerificationGivenUpLeavesNoTrace) {
   Ecrire("A.DAT", "01\r\n");
   Ecrire("B.DAT", "01\r\n");

@@ -150,6 +150,10 @@ TEST_F(RunTableaux, WhatANewTableOrNewDataDoNotKeepIsTold) {
   EXPECT_TRUE(dit("1 colonnes devenues lignes, 1 lignes devenues colonnes"));
   ASSERT_EQ(Inverser(contexte_, {.trg = true}), Fin::Normale);
   EXPECT_TRUE(dit("les 3 premières des 4 lignes"_w));
+  Ecrire("ENQ.BRT", "L1   1 2\r\nL2  -3 4\r\nL3   5 6\r\nL4   7 8\r\n");
+  EXPECT_EQ(Inverser(contexte_, {.trg = true}), Fin::Arret);
+  EXPECT_TRUE(Dit("colonne 1, une cellule négative n'a pas de pourcentage"_w));
+  Ecrire("ENQ.BRT", "L1   1 2\r\nL2   3 4\r\nL3   5 6\r\nL4   7 8\r\n");
   ASSERT_EQ(Gendat(contexte_, {}), Fin::Normale);
   EXPECT_TRUE(dit("Deux questions portent le nom AGE"));
   for (const char* taille : {" 35 ", " 37 "}) {
@@ -171,6 +175,8 @@ TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
   EXPECT_EQ(Gendat(contexte_, {}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.PO2"), avant.at("ENQ.POS"));
   EXPECT_EQ(Lire("ENQ.DA2"), avant.at("ENQ.DAT"));
+  EXPECT_EQ(Gendat(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.PO3"), avant.at("ENQ.POS")) << "a second run keeps what the first one saved";
 }
 
 TEST_F(RunTableaux, ASpreadsheetIsNotReplacedUnasked) {
@@ -269,7 +275,7 @@ TEST_F(RunTableaux, UnderLabelsTheChoicesBringTheCodesBack) {
     int position = 1;
     for (int q = 0; q < 5; ++q) {
       codesMax.push_back(static_cast<int>(hasard() % 3 == 0 ? 10 + hasard() % 85 : 2 + hasard() % 7));
-      const std::string nom = "Q" + std::to_string(q) + "X";
+      const std::string nom = "Q" + std::to_string(q) + (q == 1 ? " " : "X");
       pos += Joindre({nom, EntierDroit(position, 4), EntierDroit(codesMax.back(), 2),
                       std::string(q % 2 == 0 ? " $Une = question$" : ""), "\r\n"});
       position += codesMax.back() > 9 ? 2 : 1;
@@ -302,7 +308,10 @@ TEST_F(RunTableaux, UnderLabelsTheChoicesBringTheCodesBack) {
     const std::string relus = CodesDe(dossier_.Chemin());
     EXPECT_EQ(confondus, tour % 3 == 0);
     EXPECT_EQ(relus == codes, !confondus) << tour;
-    EXPECT_EQ(LirePos(dossier_.Chemin() / "ENQ.POS").questions[1].nom, "Q1X");
+    const std::vector<Question> questions = LirePos(dossier_.Chemin() / "ENQ.POS").questions;
+    ASSERT_EQ(questions.size(), codesMax.size());
+    EXPECT_EQ(questions[1].nom, "Q1 ");
+    for (std::size_t q = 0; q < codesMax.size(); ++q) EXPECT_EQ(questions[q].codeMax, codesMax[q]);
   }
 }
 

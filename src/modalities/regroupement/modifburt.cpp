@@ -10,6 +10,7 @@
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
+#include "core/session/generique.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -82,9 +83,28 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const Table& ta
   }
 }
 
+std::vector<std::string> NomsDesLignes(const Table& table) {
+  std::vector<std::string> noms;
+  LecteurLignes lecteur(table.brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) noms.emplace_back(ligne.substr(0, 4));
+  return noms;
+}
+
 void MarquerLignes(const Contexte& contexte, Rapport& rapport, const Table& table, std::vector<std::string> noms,
                    std::vector<char>& marques) {
   if (noms.empty()) return;
+  const std::vector<std::string> lignes = NomsDesLignes(table);
+  for (const std::string& nom : noms) {
+    const auto homonymes = [&](const std::vector<std::string>& autres) {
+      return std::count_if(autres.begin(), autres.end(),
+                           [&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
+    };
+    if (homonymes(lignes) > std::max<std::ptrdiff_t>(homonymes(noms), 1))
+      throw Erreur(
+          kIncompatibiliteType,
+          Joindre({"*** Arret du programme : le nom ", nom, " est celui de ", Nombre(std::int64_t{homonymes(lignes)}),
+                   " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
+  }
   LecteurLignes lecteur(table.brt);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     const auto trouvee = std::find_if(noms.begin(), noms.end(), [&](const std::string& nom) {
@@ -121,13 +141,6 @@ PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const T
   MarquerLignes(contexte, rapport, table, options.lignes, plan.lignes);
   plan.lignesActives = CompterRangees(table.brt) - Entier64(std::max(table.parametres.lignesSup, 0.0));
   return plan;
-}
-
-std::vector<std::string> NomsDesLignes(const Table& table) {
-  std::vector<std::string> noms;
-  LecteurLignes lecteur(table.brt);
-  for (std::string_view ligne; lecteur.Lire(ligne);) noms.emplace_back(ligne.substr(0, 4));
-  return noms;
 }
 
 // A group under the name of an element that stays would be one with it for every program that reads the new table.
@@ -240,6 +253,17 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   const NomsDeGroupe noms = NommerGroupes(table, options);
   plan.nomCourt = noms.ligne;
   ExigerNomsLibres(contexte, rapport, table, options);
+  if (table.parametres.burt > 1 && plan.AvecColonnes() &&
+      std::count(plan.colonnes.begin(), plan.colonnes.end(), 0) == 0) {
+    Avertir(rapport, contexte.Ecran(),
+            "*** Toutes les modalités sont marquées : il n'en resterait qu'une, et pas de tableau"_w);
+    throw Erreur(kArretAnnonce);
+  }
+  if (table.parametres.burt > 0 && !options.nomLigne.empty() && options.nomLigne != options.nomColonne)
+    contexte.Ecran().demander(
+        Joindre({"Nom de ligne laissé : "_w, options.nomLigne,
+                 ". Les lignes d'un tableau de Burt prennent le nom de ses colonnes, "_w, noms.ligne}),
+        Boutons::Ok);
 
   // The new table beside the old one, one column wider at each sum that does not fit.
   ExigerPlace(contexte, rapport,
@@ -313,8 +337,27 @@ std::string AnnonceDuRegroupement(const OptionsModifBurt& options) {
   return annonce;
 }
 
+namespace {
+
+// Whether nothing stands under that generic but the report of a grouping that stopped.
+bool NAQueLeRapportDUnArret(const Contexte& contexte, const std::string& generique) {
+  const std::optional<Chemin> chemin = ChercherFichier(contexte.repertoire, generique + ".PRT");
+  if (!chemin) return false;
+  for (const char* extension : {".MOD", ".BRT", ".POS", ".DAT", ".CDG", ".TRG", ".TXT", ".DES", ".CSV"})
+    if (ChercherFichier(contexte.repertoire, generique + extension)) return false;
+  constexpr std::uintmax_t kAuPlus = 100000;
+  if (LongueurFichier(*chemin) > kAuPlus) return false;
+  const std::string texte = LireOctets(*chemin);
+  return texte.find("Modification d'un tableau de Burt") != std::string::npos &&
+         texte.find("changement de nom g\xE9n\xE9rique") == std::string::npos;
+}
+
+}  // namespace
+
 Fin ModifierBurt(const Contexte& contexte, const OptionsModifBurt& options) {
-  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
+  const bool deja =
+      !contexte.generique.empty() && NAQueLeRapportDUnArret(contexte, GeneriqueSuivant(contexte.generique));
+  const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer || deja);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, *nouveau + ".PRT", LibellesErreur{},
                                     [&](Rapport& rapport) { Modifier(rapport, contexte, options, *nouveau); });

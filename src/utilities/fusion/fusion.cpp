@@ -122,12 +122,22 @@ std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t
   return PosCoteACote(travail.pos->a, travail.pos->b, travail.a.plusLongue, individus);
 }
 
+// Identifiers beyond every line would all be equal.
+Identifiants IdentifiantsDe(const Travail& travail) {
+  const Identifiants identifiants = LireIdentifiants(travail.options);
+  const auto dehors = [](const FichierMesure& fichier, std::size_t position) {
+    return fichier.lignes > 0 && position > fichier.plusLongue;
+  };
+  if (dehors(travail.a, identifiants.a) || dehors(travail.b, identifiants.b)) throw Erreur(kArgumentIncorrect);
+  return identifiants;
+}
+
 // False from the difference on that is one too many.
 class Verification {
  public:
-  Verification(Rapport& rapport, const OptionsFusion& options) : rapport_(rapport) {
-    if (!options.verifier) return;
-    identifiants_ = LireIdentifiants(options);
+  explicit Verification(const Travail& travail) : rapport_(travail.rapport) {
+    if (!travail.options.verifier) return;
+    identifiants_ = IdentifiantsDe(travail);
     active_ = true;
   }
 
@@ -156,7 +166,7 @@ void FusionnerCoteACote(const Travail& travail) {
     travail.contexte.Ecran().biper();
     throw Erreur(kArretAnnonce);
   }
-  Verification verification(travail.rapport, travail.options);
+  Verification verification(travail);
   Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets);
   LecteurLignes a(*travail.a.entree.chemin);
@@ -241,7 +251,7 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
 }
 
 void FusionnerParNumero(const Travail& travail) {
-  const Identifiants identifiants = LireIdentifiants(travail.options);
+  const Identifiants identifiants = IdentifiantsDe(travail);
   Resultat c(travail);
   const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
   if (bilan.resteDeA || bilan.resteDeB) {

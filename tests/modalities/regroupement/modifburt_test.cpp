@@ -94,6 +94,33 @@ TEST_F(RunModifBurt, CellsThatAreNotAddedUpAsTheyStandAreTold) {
   EXPECT_TRUE(boites_.empty()) << "cells that are copied stay as they are";
 }
 
+TEST_F(RunModifBurt, ASlipCostsNoGenericAndWholeTablesAreNotGrouped) {
+  EcrireTable();
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1 \r\nAGE1\r\nAGE2\r\nSEX1\r\n");
+  Ecrire("ENQ.BRT", "AGE1101\r\nAGE2011\r\nSEX1112\r\n");
+  OptionsModifBurt options;
+  options.nomColonne = "Tous";
+  options.nomLigne = "autre";
+  for (const std::vector<std::string>& marques : {std::vector<std::string>{"AGE1", "AZ"}, {"AGE1", "AGE2", "SEX1"}}) {
+    options.colonnes = marques;
+    EXPECT_EQ(ModifierBurt(contexte_, options), Fin::Arret);
+  }
+  EXPECT_TRUE(Dit("il n'en resterait qu'une"));
+  std::string nouveau;
+  options.colonnes = {"AGE1", "AGE2"};
+  options.nouveau = &nouveau;
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale);
+  EXPECT_EQ(nouveau, "ENR");
+  ASSERT_FALSE(boites_.empty());
+  EXPECT_NE(boites_.back().find("autre"), std::string::npos) << "a name that is not taken is told";
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 COL=2 FMT=2 \r\nA\r\nB\r\n");
+  Ecrire("ENQ.BRT", "R1   1 2\r\nR1   3 4\r\n");
+  options.colonnes.clear();
+  options.lignes = {"R1"};
+  EXPECT_EQ(ModifierBurt(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit("le nom R1 est celui de 2 lignes"));
+}
+
 TEST_F(RunModifBurt, AnUnknownMarkOrAFullDiskMovesNothing) {
   EcrireTable();
   const auto avant = Fichiers();
