@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "capture/apercu/observation/mots.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/nomscourts.h"
 #include "core/texte/nombres.h"
@@ -61,10 +62,6 @@ bool EstAutre(std::string_view intitule) {
   if (crochet == std::string_view::npos) return false;
   const std::string fin = Minuscules(intitule.substr(crochet + 1));
   return fin.starts_with("other") || fin.starts_with("autre") || fin.starts_with("comment");
-}
-
-bool EstManque(std::string_view texte) {
-  return EstMot(texte, {"nsp", "nr", "na", "n/a", "nc", "ne sait pas", "sans réponse"_w, "sans reponse", "-"});
 }
 
 // A column that may be one answer of a question with several: yes or no, or its own label where it was ticked.

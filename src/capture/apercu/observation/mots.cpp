@@ -1,0 +1,60 @@
+#include "capture/apercu/observation/mots.h"
+
+#include "capture/apercu/octets/cellule.h"
+#include "core/texte/texte.h"
+
+namespace quelvar::capture {
+
+namespace {
+
+// A letter without its accent, in lower case.
+char SansAccent(char c) {
+  const char minuscule = Minuscule(c);
+  static constexpr std::string_view kAccents = "àáâãäåçèéêëìíîïñòóôõöùúûüýÿ"_w;
+  static constexpr std::string_view kLettres = "aaaaaaceeeeiiiinooooouuuuyy";
+  const std::size_t rang =
+      static_cast<unsigned char>(minuscule) < 0x80 ? std::string_view::npos : kAccents.find(minuscule);
+  return rang == std::string_view::npos ? minuscule : kLettres[rang];
+}
+
+}  // namespace
+
+std::string Pliee(std::string_view texte) {
+  std::string pliee(texte);
+  for (char& c : pliee) c = SansAccent(c);
+  return pliee;
+}
+
+bool EstNombreAvecUnite(std::string_view cellule) {
+  static constexpr std::string_view kUnites = "%‰€$£"_w;
+  const auto unite = [](char c) { return kUnites.find(c) != std::string_view::npos; };
+  if (cellule.size() < 2) return false;
+  if (unite(cellule.back())) return LireNombre(RognerCellule(cellule.substr(0, cellule.size() - 1))).has_value();
+  return unite(cellule.front()) && LireNombre(RognerCellule(cellule.substr(1)));
+}
+
+bool EstManque(std::string_view texte) {
+  const std::string pliee = Pliee(texte);
+  for (const std::string_view mot : {"nsp", "nr", "na", "n/a", "nc", "ne sait pas", "sans reponse", "sans opinion"})
+    if (pliee == mot) return true;
+  return false;
+}
+
+bool EstReponseUsuelle(std::string_view texte) {
+  const std::string pliee = Pliee(texte);
+  for (const std::string_view mot :
+       {"oui", "non", "yes", "no", "autre", "homme", "femme", "masculin", "feminin", "vrai", "faux", "true", "false",
+        "jamais", "toujours", "parfois", "souvent", "rarement", "-oth-"})
+    if (pliee == mot) return true;
+  return EstManque(texte);
+}
+
+bool EstTitreDeNumero(std::string_view intitule) {
+  const std::string titre = Pliee(intitule);
+  for (const std::string_view mot : {"id", "num", "numero", "no", "identifiant", "id de la reponse", "response id",
+                                     "id. reponse", "questionnaire", "num questionnaire", "numero de questionnaire"})
+    if (titre == mot) return true;
+  return titre == std::string_view("n°"_w);
+}
+
+}  // namespace quelvar::capture

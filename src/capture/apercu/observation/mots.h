@@ -1,0 +1,21 @@
+// Words that tell what a column is: answers that were not given, usual answers, titles of numbers.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quelvar::capture {
+
+// In lower case and without accents, as words are compared.
+std::string Pliee(std::string_view texte);
+
+// "NSP", "N/A", "sans réponse"...
+bool EstManque(std::string_view texte);
+// One that comes back in any larger survey: a column that holds it has no names of individuals.
+bool EstReponseUsuelle(std::string_view texte);
+// A title that says that its numbers are those of the individuals.
+bool EstTitreDeNumero(std::string_view intitule);
+// "5 %", "12 €", "$3.50".
+bool EstNombreAvecUnite(std::string_view cellule);
+
+}  // namespace quelvar::capture
