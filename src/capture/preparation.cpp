@@ -152,8 +152,20 @@ std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeCol
 
 std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
   std::vector<std::string> libelles;
-  if (choix.bornes.empty()) return libelles;
-  for (const Etiquette& etiquette : ClassesSelonBornes(choix.bornes, colonne).etiquettes)
+  std::vector<double> bornes = choix.bornes;
+  if (bornes.empty()) {
+    constexpr std::int64_t kNombresAuPlus = 200000;  // looked at while the user waits
+    if (colonne.valeurs.empty() || colonne.remplies > kNombresAuPlus) return libelles;
+    std::vector<double> valeurs;
+    for (const ValeurComptee& valeur : colonne.valeurs) {
+      if (std::ranges::find(choix.nonReponses, valeur.valeur) != choix.nonReponses.end()) continue;
+      if (const std::optional<NombreLu> nombre = LireNombre(valeur.valeur, colonne.signes))
+        valeurs.insert(valeurs.end(), static_cast<std::size_t>(valeur.effectif), ValeurDe(nombre->Normalise()));
+    }
+    if (valeurs.empty()) return libelles;
+    bornes = BornesDeGroupes(std::move(valeurs), choix.groupes);
+  }
+  for (const Etiquette& etiquette : ClassesSelonBornes(bornes, colonne).etiquettes)
     libelles.push_back(etiquette.intitule);
   return libelles;
 }

@@ -75,7 +75,7 @@ struct TexteCode {
 };
 std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 
-// The labels of the classes ("15-24"), empty when they are cut in equal groups.
+// The labels of the classes ("15-24"); empty for equal groups of more numbers than are kept.
 std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 
 // The texts of a column whose answers are 1 and 0, or numbers with faulty cells among them: each with whether it counts

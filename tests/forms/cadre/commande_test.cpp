@@ -73,7 +73,7 @@ struct CasDeCommande {
   const char* lancer;
   void (*regler)(const QWidget& forme, Pilote& pilote);
   const char* contient;           // of the line
-  const char* reponse = nullptr;  // to the question of the launch
+  const char* reponse = nullptr;  // to the box of the launch
 };
 
 void Intituler(const QWidget& forme, int ligne, const QString& texte) {
@@ -211,12 +211,13 @@ const CasDeCommande kCas[] = {
      },
      "caracteres ENQ a=ENQ.DAT"},
     {"Gendat", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptGendat"); }, "gendat ENQ", "Oui"},
-    {"Inversion", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptInvers"); }, "inversion ENQ"},
+    {"Inversion", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptInvers"); }, "inversion ENQ",
+     "OK"},
     {"InversionEnTriangle", "mnuUtil", "Lancer",
      [](const QWidget& f, Pilote&) {
        Cliquer(f, {"OptInvers", "CheckTrg"});
      },
-     "trg=oui"},
+     "trg=oui", "OK"},
     {"ExamenDUnTableau", "mnuUtil", "Lancer",
      [](const QWidget& f, Pilote&) {
        Cliquer(f, {"OptEcapem", "OptNoms", "OptCour4"});

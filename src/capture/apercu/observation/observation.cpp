@@ -52,16 +52,21 @@ bool EstNombreAvecUnite(std::string_view cellule) {
   return unite(cellule.front()) && LireNombre(RognerCellule(cellule.substr(1)));
 }
 
+bool EstManque(std::string_view texte) {
+  const std::string pliee = Pliee(texte);
+  for (const std::string_view mot : {"nsp", "nr", "na", "n/a", "nc", "ne sait pas", "sans reponse", "sans opinion"})
+    if (pliee == mot) return true;
+  return false;
+}
+
 // Answers that come back in any larger survey: a column of them holds no names of individuals.
 bool EstReponseUsuelle(std::string_view texte) {
   const std::string pliee = Pliee(texte);
   for (const std::string_view mot :
-       {"nsp",    "nr",       "na",          "n/a",          "nc",           "oui",   "non",
-        "yes",    "no",       "ne sait pas", "sans reponse", "sans opinion", "autre", "homme",
-        "femme",  "masculin", "feminin",     "vrai",         "faux",         "true",  "false",
-        "jamais", "toujours", "parfois",     "souvent",      "rarement",     "-oth-"})
+       {"oui", "non", "yes", "no", "autre", "homme", "femme", "masculin", "feminin", "vrai", "faux", "true", "false",
+        "jamais", "toujours", "parfois", "souvent", "rarement", "-oth-"})
     if (pliee == mot) return true;
-  return false;
+  return EstManque(texte);
 }
 
 // A title that says that its numbers are those of the individuals.
@@ -252,6 +257,15 @@ std::size_t Observation::LargeurDesPetits() const {
   return dernier == petits_.rend() ? 0 : Nombre(petits_.rend() - dernier - 1).size();
 }
 
+// Dates, perhaps beside words that say that there is none.
+bool Observation::SontDesDates() const {
+  if (nombres_[kTexte] == 0) return true;
+  if (nombres_[kDate] == 0 || comble_) return false;
+  for (std::size_t i = 0; i < textes_.Nombre(); ++i)
+    if (!EstDate(textes_.Texte(i)) && !EstManque(textes_.Texte(i))) return false;
+  return true;
+}
+
 // Of more cells than are told apart, the first ones.
 bool Observation::TousDifferents() const {
   return tousDifferents_ && std::ranges::all_of(petits_, [](std::uint32_t n) { return n <= 1; });
@@ -403,7 +417,7 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   } else if (avecUnite_ == textes) {
     fautives.push_back(kTexte);
     ConclureMelange(faits, fautives);
-  } else if (nombres == 0 && nombres_[kTexte] == 0) {
+  } else if (nombres == 0 && SontDesDates()) {
     faits.contenu = Contenu::Dates;
   } else if (faits.liste = SigneDeListe(Valeurs(), faits.elements); faits.liste != '\0') {
     faits.contenu = Contenu::Listes;

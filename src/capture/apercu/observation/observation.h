@@ -80,6 +80,7 @@ class Observation {
   std::size_t LargeurDesPetits() const;
   std::int64_t Differentes() const;
   bool TousDifferents() const;
+  bool SontDesDates() const;
   std::vector<ValeurComptee> Valeurs() const;  // those kept, in order
   void VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne);
   void VoirHabillee(std::string_view cellule);

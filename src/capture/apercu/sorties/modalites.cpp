@@ -20,6 +20,16 @@ std::string NomDeModalite(std::string_view question, int code) {
   return Joindre({CadreGauche(question, code < kPremierEnDeuxChiffres ? 3 : 2), CodeCaractere(code)});
 }
 
+// The label as a line keeps it; one that would be that of another code ends in a number.
+std::string IntituleDistinct(std::string_view intitule, std::set<std::string>& donnes) {
+  std::string coupe(RognerDroite(intitule.substr(0, kLargeurIntitule)));
+  for (int numero = 2; !donnes.insert(coupe).second; ++numero) {
+    const std::string suite = Joindre({" (", Nombre(numero), ")"});
+    coupe = Joindre({RognerDroite(intitule.substr(0, kLargeurIntitule - suite.size())), suite});
+  }
+  return coupe;
+}
+
 // Lines of the former file for questions that got no labels now.
 std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const Plan& plan, const std::set<std::string>& ecrits) {
   std::set<std::string> questions;
@@ -56,12 +66,13 @@ IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const
   for (std::size_t k = 0; k < plan.colonnes.size(); ++k) {
     const ColonneImportee& colonne = plan.colonnes[k];
     if (!colonne.DansPos()) continue;
+    std::set<std::string> intitules;
     for (const Etiquette& etiquette : plan.etiquettes[k]) {
       const std::string nom = NomDeModalite(colonne.nomCourt, etiquette.code);
       if (!ecrits.insert(nom).second) perdus.communs.push_back(nom);
       if (etiquette.intitule.size() > kLargeurIntitule)
         perdus.coupes.push_back(Joindre({nom, " ", etiquette.intitule}));
-      mod.Ligne(LigneModalite(nom, false, etiquette.intitule));
+      mod.Ligne(LigneModalite(nom, false, IntituleDistinct(etiquette.intitule, intitules)));
     }
   }
   if (ancien) perdus.gardes = GarderAnciens(mod, *ancien, plan, ecrits);

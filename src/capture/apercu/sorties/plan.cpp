@@ -1,6 +1,7 @@
 #include "capture/apercu/sorties/plan.h"
 
 #include <algorithm>
+#include <set>
 
 #include "capture/apercu/observation/listes.h"
 #include "capture/apercu/octets/cellule.h"
@@ -18,6 +19,7 @@ namespace {
 constexpr std::size_t kCodesDeTextes = 99;
 constexpr std::size_t kClassesAuPlus = 35;
 constexpr std::size_t kCodesEnUnSigne = 35;
+constexpr int kCodeDeDernierSigne = 35;
 constexpr std::size_t kColonnesDeReponses = 200;
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
@@ -72,6 +74,7 @@ class Dresseur {
   void PrendreNombres(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
   std::vector<ValeurComptee> Elements(const ChoixDeColonne& choix, const FaitsDeColonne& faits) const;
   void Coder(std::string_view texte, int code);
+  void EcarterLesListes();
   void Nommer();
 
   const Chemin& source_;
@@ -239,8 +242,31 @@ void Dresseur::Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits,
   plan_.lues.push_back(std::move(lue_));
 }
 
+// The answers of a list give way to the names that other columns ask for: these stay what the choices tell.
+void Dresseur::EcarterLesListes() {
+  std::vector<bool> deListe(plan_.colonnes.size());
+  for (const ColonneLue& lue : plan_.lues)
+    if (lue.regle == Regle::Liste)
+      std::fill_n(deListe.begin() + static_cast<std::ptrdiff_t>(lue.premiere), lue.nombre, true);
+  std::set<std::string> pris;
+  const auto demande = [&](std::size_t k) { return std::string(Rogner(noms_[k].substr(0, 3))); };
+  for (std::size_t k = 0; k < noms_.size(); ++k)
+    if (plan_.colonnes[k].DansPos() && !deListe[k]) pris.insert(demande(k));
+  for (std::size_t k = 0; k < noms_.size(); ++k) {
+    if (!deListe[k] || pris.insert(demande(k)).second) continue;
+    const std::string debut = demande(k).substr(0, 2);
+    for (int code = 1; code <= kCodeDeDernierSigne; ++code) {
+      const std::string libre = Joindre({debut, CodeCaractere(code)});
+      if (std::ranges::count(noms_, libre) > 0 || !pris.insert(libre).second) continue;
+      noms_[k] = libre;
+      break;
+    }
+  }
+}
+
 // Names all different, among the questions, then among the numbers.
 void Dresseur::Nommer() {
+  EcarterLesListes();
   std::vector<std::size_t> rangs;
   std::vector<std::string> demandes;
   for (std::size_t k = 0; k < plan_.colonnes.size(); ++k) {
