@@ -275,13 +275,9 @@ Preparation SauvegarderEtPreparer(Rapport& rapport, const Contexte& contexte, co
   JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
   SauvegarderAnciens(rapport, contexte, sauvegardes);
   Preparation preparation;
-  try {
-    preparation = Preparer(rapport, contexte, source, noms);
-  } catch (const Erreur&) {
-    sauvegardes.Valider();
-    throw;
-  }
+  const std::optional<Erreur> echec = EchecDe([&] { preparation = Preparer(rapport, contexte, source, noms); });
   sauvegardes.Valider();
+  if (echec) throw *echec;
   return preparation;
 }
 

@@ -7,37 +7,25 @@
 
 namespace quelvar::capture {
 
-namespace {
-
-bool MemeContenu(const Chemin& a, const Chemin& b) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
-  if (LongueurFichier(a) != LongueurFichier(b)) return false;
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(a, place, kMorceau), !octets.empty(); place += octets.size())
-    if (octets != LireMorceau(b, place, kMorceau)) return false;
-  return true;
-}
-
-}  // namespace
-
 void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& fichier,
                          const std::string& sauvegarde, JeuDeFichiers& sorties) {
   const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
-  if (!ancienne || MemeContenu(*ancienne, fichier)) return;
-  std::string nom = sauvegarde;
-  for (nom.back() = '3'; nom.back() < '9'; ++nom.back()) {
-    const std::optional<Chemin> occupant = ChercherFichier(contexte.repertoire, nom);
+  if (!ancienne || MemesOctets(*ancienne, fichier)) return;
+  // The first of the further names that is free, unless one of those before it says the same.
+  for (int numero = 3; numero <= kSauvegardes; ++numero) {
+    const std::optional<Chemin> occupant = ChercherFichier(contexte.repertoire, NomDeSauvegarde(sauvegarde, numero));
     if (!occupant) break;
-    if (MemeContenu(*occupant, *ancienne)) return;
+    if (MemesOctets(*occupant, *ancienne)) return;
   }
+  const std::string nom = NomDeSauvegardeLibre(contexte.repertoire, sauvegarde);
   sorties.Copier(*ancienne, nom, Nature::Unique);
   rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
 }
 
 void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }
 
-void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present) {
-  EcrireEtat(rapport, nom, present ? kRemplace : kSeraCree);
+void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible) {
+  EcrireEtat(rapport, nom, !present ? kSeraCree : lisible ? kRemplace : kExiste);
 }
 
 std::optional<Chemin> ChercherPos(const Contexte& contexte) {
@@ -57,12 +45,11 @@ void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_v
 
 std::string GarderRemplace(const Contexte& contexte, const Chemin& ancien, const Chemin& nouveau,
                            JeuDeFichiers& sorties) {
-  if (MemeContenu(ancien, nouveau)) return {};
+  if (MemesOctets(ancien, nouveau)) return {};
   const std::string nom = TexteDe(ancien.filename());
   const std::string copie = NomDeSauvegardeLibre(contexte.repertoire, nom);
-  std::string deja = NomDeSauvegarde(nom);
-  for (; deja < copie; ++deja.back())
-    if (MemeContenu(ancien, CheminDEcriture(contexte.repertoire, deja))) return {};
+  for (int numero = 2; NomDeSauvegarde(nom, numero) != copie; ++numero)
+    if (MemesOctets(ancien, CheminDEcriture(contexte.repertoire, NomDeSauvegarde(nom, numero)))) return {};
   sorties.Copier(ancien, copie, Nature::Unique);
   return copie;
 }

@@ -12,8 +12,8 @@ namespace quelvar::capture {
 
 // "Le fichier ENQ.DAT existe", with the state that the text gives.
 void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat);
-// The state of a file to be made: to be created, or replaced.
-void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present);
+// The state of a file to be made: to be created, or replaced; a source that can't be read replaces nothing.
+void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible);
 inline constexpr std::string_view kExiste = " existe";
 inline constexpr std::string_view kNExistePas = " n'existe pas";
 inline constexpr std::string_view kSeraCree = " n'existe pas et sera créé"_w;
@@ -36,6 +36,17 @@ void SauvegarderAncien(Rapport& rapport, const Contexte& contexte, std::string_v
 // not when that one, or a copy that is there, has the same bytes. Returns the name of the copy, empty without one.
 std::string GarderRemplace(const Contexte& contexte, const Chemin& ancien, const Chemin& nouveau,
                            JeuDeFichiers& sorties);
+
+// What the work stops with; none when it comes to its end.
+template <class Travail>
+std::optional<Erreur> EchecDe(Travail&& travail) {
+  try {
+    travail();
+  } catch (const Erreur& erreur) {
+    return erreur;
+  }
+  return std::nullopt;
+}
 
 // What ends the report of an import: the frame that tells what there is now, or one line at level 2.
 void EcrireFinDImport(Rapport& rapport, int niveau);

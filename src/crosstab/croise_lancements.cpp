@@ -3,6 +3,7 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/noms.h"
+#include "core/programme/ancienrapport.h"
 #include "core/resultats/fichiers.h"
 #include "crosstab/croise.h"
 #include "crosstab/croise_options.h"
@@ -90,25 +91,6 @@ void Lancer(FormeCroise& forme, const RequeteCroise& requete) {
   if (resultat->retenu) EcrireGraphique(forme, requete.graphique, *resultat->retenu);
 }
 
-// The report that was there before the preparation wrote its own: it stays until tables are asked for.
-class AncienRapport {
- public:
-  explicit AncienRapport(const Contexte& contexte)
-      : chemin_(CheminDEcriture(contexte.repertoire, contexte.Nom(".TCR"))) {
-    if (contexte.Chercher(".TCR")) octets_ = LireOctets(chemin_);
-  }
-  void Remettre() const {
-    if (!octets_) return EffacerFichier(chemin_);
-    Remplacement fichier(chemin_);
-    fichier.Fichier().Ecrire(*octets_);
-    fichier.Valider();
-  }
-
- private:
-  Chemin chemin_;
-  std::optional<std::string> octets_;
-};
-
 }  // namespace
 
 Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
@@ -118,7 +100,7 @@ Fin ExecuterCroise(const Contexte& contexte, const OptionsCroise& options) {
   Contexte muet = contexte;
   muet.dialogue = &ecran;
   Fin fin = Fin::Arret;
-  const AncienRapport ancien(contexte);
+  const AncienRapport ancien(contexte, ".TCR");
   if (const std::optional<EnqueteCroisee> enquete = PreparerCroise(muet, options.fichierDonnees)) {
     FormeCroise forme{muet, *enquete, NouveauChoix(*enquete), options.sortie != SortieDeTableaux::Aucune};
     try {

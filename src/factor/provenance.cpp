@@ -18,6 +18,7 @@
 #include "core/texte/nombres.h"
 #include "crosstab/tableau/statistiques.h"
 #include "factor/analyse/facteurs.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/classement/classement.h"
 #include "factor/coordonnees.h"
 #include "tables/diagonalisation.h"
@@ -142,7 +143,7 @@ bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, Ty
   const double total = analyse.ecarts.Inertie(type);
   constexpr double kArrondi = 0.5 + 1e-6;
   for (std::size_t j = 0; j < faj.inerties.size(); ++j)
-    if (std::fabs((total == 0 ? 0 : 1000 * analyse.ecarts.colonnes.inertie[j] / total) - faj.inerties[j]) > kArrondi)
+    if (std::fabs(InertiePourMille(analyse.ecarts.colonnes.inertie[j], total) - faj.inerties[j]) > kArrondi)
       return false;
   return true;
 }
@@ -179,6 +180,21 @@ bool EtapesConviennent(Matrice points, const std::vector<EtapeWard>& etapes) {
   return std::ranges::any_of(std::vector{MethodeWard::Distances, MethodeWard::Carres}, [&](MethodeWard methode) {
     return std::ranges::equal(ClasserPoints(points, methode, [](std::int64_t) {}), etapes, memeEtape);
   });
+}
+
+bool ArbreConvient(const Contexte& contexte, const ArbreCah& arbre) {
+  const std::size_t elements = arbre.etapes.size() + 1;
+  const std::optional<Chemin> fichier = contexte.Chercher(arbre.individus ? ".FI2" : ".FJ2");
+  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
+  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
+  if (!fichier || !faj || !cah || elements < 2) return true;
+  if (elements > kElementsAuPlus && EstAnterieur(*cah, *fichier)) return false;
+  if (elements > kPairesAuPlus) return true;
+  const std::size_t facteurs = LireFaj(*faj).Facteurs();
+  const Matrice points = LirePoints(*fichier, facteurs, elements).coordonnees;
+  if (points.Colonnes() != elements) return false;
+  if (elements > kElementsAuPlus) return PremiereEtapeConvient(points, arbre.etapes.front());
+  return EtapesConviennent(points, arbre.etapes);
 }
 
 // The columns of a table of individuals that codes of questions make: which question, which code.
@@ -248,18 +264,11 @@ bool CoordonneesSontDuTableau(const Contexte& contexte) {
 }
 
 bool ArbreEstDesCoordonnees(const Contexte& contexte, const ArbreCah& arbre) {
-  const std::size_t elements = arbre.etapes.size() + 1;
-  const std::optional<Chemin> fichier = contexte.Chercher(arbre.individus ? ".FI2" : ".FJ2");
-  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
-  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
-  if (!fichier || !faj || !cah || elements < 2) return true;
-  if (elements > kElementsAuPlus && EstAnterieur(*cah, *fichier)) return false;
-  if (elements > kPairesAuPlus) return true;
-  const std::size_t facteurs = LireFaj(*faj).Facteurs();
-  const Matrice points = LirePoints(*fichier, facteurs, elements).coordonnees;
-  if (points.Colonnes() != elements) return false;
-  if (elements > kElementsAuPlus) return PremiereEtapeConvient(points, arbre.etapes.front());
-  return EtapesConviennent(points, arbre.etapes);
+  try {
+    return ArbreConvient(contexte, arbre);
+  } catch (const Erreur&) {  // coordinates that can't be read say nothing of the tree
+    return true;
+  }
 }
 
 bool CoordonneesSontDesModalites(const Contexte& contexte) {

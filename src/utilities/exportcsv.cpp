@@ -224,15 +224,23 @@ void EcrireTitres(Ecrivain& csv, const FichierPos& pos, const Tableur& tableur, 
   csv.FinDeLigne();
 }
 
-void EcrireIndividus(const Contexte& contexte, Ecrivain& csv, const Chemin& donnees, LigneCsv& ligne,
-                     std::size_t longueurUtile, std::int64_t annonces) {
+// What .POS announces and what .DAT holds.
+struct Effectifs {
+  std::int64_t annonces = 0;  // 0: all of them
+  std::int64_t lus = 0;
+  std::int64_t laisses = 0;  // lines past the announced ones
+};
+
+Effectifs EcrireIndividus(const Contexte& contexte, Ecrivain& csv, const Chemin& donnees, LigneCsv& ligne,
+                          std::size_t longueurUtile, std::int64_t annonces) {
   AvancementOctets avancement(contexte, LongueurFichier(donnees));
   LecteurIndividus lecteur(donnees, longueurUtile);
   std::unique_ptr<char[]> tampon;
   if (ligne.PlusLongue() > kPlace) tampon = std::make_unique<char[]>(ligne.PlusLongue());
-  for (std::int64_t lus = 0; annonces == 0 || lus < annonces; ++lus) {
+  Effectifs effectifs{annonces, 0, 0};
+  for (; annonces == 0 || effectifs.lus < annonces; ++effectifs.lus) {
     const char* individu = lecteur.Lire();
-    if (individu == nullptr) return;
+    if (individu == nullptr) return effectifs;
     if (tampon) {
       const char* fin = ligne.Ecrire(individu, tampon.get());
       csv.Ecrire(std::string_view(tampon.get(), static_cast<std::size_t>(fin - tampon.get())));
@@ -242,6 +250,8 @@ void EcrireIndividus(const Contexte& contexte, Ecrivain& csv, const Chemin& donn
     }
     avancement.Avancer(longueurUtile);
   }
+  while (lecteur.Lire() != nullptr) ++effectifs.laisses;
+  return effectifs;
 }
 
 struct Sources {
@@ -271,14 +281,16 @@ std::string CopieDe(const Contexte& contexte, const Chemin& ancien) {
   return NomDeSauvegardeLibre(contexte.repertoire, TexteDe(ancien.filename()));
 }
 
-void Prevenir(const Contexte& contexte, const ValeursSansCode& valeurs, const std::string& confondus,
-              const OptionsExportCsv& options) {
+void PrevenirDesReserves(const Contexte& contexte, const Effectifs& effectifs, const ValeursSansCode& valeurs,
+                         const OptionsExportCsv& options) {
+  if (effectifs.laisses > 0 || effectifs.lus < effectifs.annonces)
+    Prevenir(contexte, Joindre({contexte.Nom(".POS"), " annonce ", Nombre(effectifs.annonces), " individus et ",
+                                contexte.Nom(".DAT"), " en a ", Nombre(effectifs.lus + effectifs.laisses),
+                                " : le tableur en reçoit "_w, Nombre(effectifs.lus)}));
   if (valeurs.nombre > 0)
-    contexte.Ecran().demander(Joindre({"Valeurs qui ne sont pas des codes de leur question, exportées sous la forme "_w,
-                                       options.codes ? "0" : kNonReponse, " : ", Nombre(valeurs.nombre),
-                                       ", la première : "_w, valeurs.premiere}),
-                              Boutons::Ok);
-  if (!confondus.empty()) contexte.Ecran().demander(confondus, Boutons::Ok);
+    Prevenir(contexte, Joindre({"Valeurs qui ne sont pas des codes de leur question, exportées sous la forme "_w,
+                                options.codes ? "0" : kNonReponse, " : ", Nombre(valeurs.nombre), ", la première : "_w,
+                                valeurs.premiere}));
 }
 
 // The cells at their longest, for the individuals that are announced and that the file can hold.
@@ -313,10 +325,12 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   Ecrivain& csv = sorties.Ouvrir(contexte.Nom(".csv"), Nature::Refaisable);
   EcrireTitres(csv, pos, tableur, options);
   LigneCsv ligne(colonnes, tableur);
-  EcrireIndividus(contexte, csv, *sources.donnees, ligne, LongueurUtile(champs), pos.taille.individus);
+  const Effectifs effectifs =
+      EcrireIndividus(contexte, csv, *sources.donnees, ligne, LongueurUtile(champs), pos.taille.individus);
   if (options.choix) sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Refaisable).Ecrire(ChoixDeLImport(questions));
   sorties.Valider();
-  Prevenir(contexte, ligne.SansCode(), CodesConfondus(questions), options);
+  PrevenirDesReserves(contexte, effectifs, ligne.SansCode(), options);
+  if (const std::string confondus = CodesConfondus(questions); !confondus.empty()) Prevenir(contexte, confondus);
 }
 
 bool RemplacementAccepte(const Contexte& contexte, const OptionsExportCsv& options) {

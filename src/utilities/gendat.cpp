@@ -143,6 +143,12 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
     CopierLignes(*ancien, sorties.Ouvrir(NomDeSauvegarde(contexte.Nom(".POS")), Nature::Unique));
   sorties.Valider();
   EcrireReserves(rapport, tableau, bilan);
+  for (std::size_t i = 1; i < questions.size(); ++i)
+    for (std::size_t j = 0; j < i; ++j)
+      if (questions[i].nom == questions[j].nom)
+        Prevenir(contexte,
+                 Joindre({"Deux questions portent le nom ", questions[i].nom, ", tiré du titre "_w, tableau.titre,
+                          " : changez l'un des deux dans ", contexte.Nom(".POS"), " avant d'analyser"}));
   rapport.Ligne("Programme normalement terminé"_w);
 }
 

@@ -130,6 +130,25 @@ void Enregistrer(const Contexte& contexte, const Tableau& tableau, const Tableau
   sorties.Valider();
 }
 
+// What the new table does not keep.
+void PrevenirDesPertes(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier, bool enTriangle) {
+  if (enTriangle) {
+    if (entier.noms.size() > kSommets)
+      Prevenir(contexte,
+               Joindre({"Le graphique triangulaire n'a que les 3 premières des "_w, Nombre(entier.noms.size()),
+                        " lignes du tableau : leurs pourcentages sont ceux de ces 3 lignes"}));
+    return;
+  }
+  const auto colonnes = std::count_if(tableau.colonnes.begin(), tableau.colonnes.end(),
+                                      [](const ColonneDeTableau& colonne) { return colonne.supplementaire; });
+  const std::int64_t lignes = Entier64(std::max(tableau.parametres.lignesSup, 0.0));
+  if (colonnes > 0 || lignes > 0)
+    Prevenir(contexte,
+             Joindre({"Éléments supplémentaires que l'inversion rend actifs : "_w,
+                      Nombre(static_cast<std::int64_t>(colonnes)), " colonnes devenues lignes, ", Nombre(lignes),
+                      " lignes devenues colonnes. Rétablissez leur statut avant d'analyser"_w}));
+}
+
 void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsInversion& options,
                      const std::string& nouveau) {
   ExigerTableau(rapport, contexte);
@@ -145,6 +164,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
   EcrireReserves(rapport, tableau, entier);
+  PrevenirDesPertes(contexte, tableau, entier, options.trg);
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
   rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});

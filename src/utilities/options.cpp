@@ -23,9 +23,10 @@ Fin AvecGenerique(const Contexte& contexte, const Options& options) {
 }
 
 // What the form checks before it starts the sort.
+template <Fin (*Trier)(const Contexte&, const OptionsTriFichier&)>
 Fin LancerTri(const Contexte& contexte, const OptionsTriFichier& options) {
   if (const std::string_view refus = RefusDeTrier(options); !refus.empty()) throw UsageIncorrect(std::string(refus));
-  return TriFichier(contexte, options);
+  return Trier(contexte, options);
 }
 
 // The same with the question of the form.
@@ -35,7 +36,7 @@ Fin LancerTriDuFormulaire(const Contexte& contexte, const OptionsTriFichier& opt
   if (MemeFichier(contexte, options.fichierA, options.fichierC) &&
       contexte.Ecran().demander(kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
-  return LancerTri(contexte, options);
+  return LancerTri<TriDesUtilitaires>(contexte, options);
 }
 
 Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resume,
@@ -60,7 +61,7 @@ Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resu
 
 const Description<OptionsTriFichier>& DescriptionTriFichier() {
   static const Description<OptionsTriFichier> description =
-      DecrireTri("trifichier", "Tri des lignes d'un fichier sur un champ (.prt)", LancerTri);
+      DecrireTri("trifichier", "Tri des lignes d'un fichier sur un champ (.prt)", LancerTri<TriFichier>);
   return description;
 }
 

@@ -77,7 +77,7 @@ Tableau LireTableau(const Contexte& contexte) {
   if (tableau.parametres.largeur == 0) return tableau;
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)
-    tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule)});
+    tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule), modalite.supplementaire});
   ExigerTableDuMod(tableau.brt, mod, tableau.parametres);
   tableau.lignesDuFichier = CompterRangees(tableau.brt);
   tableau.lignes = LignesDUnBloc(tableau.parametres, tableau.lignesDuFichier);

@@ -16,6 +16,7 @@ namespace quelvar::utilities {
 struct ColonneDeTableau {
   std::string nom;       // 4 characters
   std::string intitule;  // at most 25 characters from column 8, as they stand
+  bool supplementaire = false;
 };
 
 // A table without its cells, which are read row by row.

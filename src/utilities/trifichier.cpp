@@ -7,6 +7,7 @@
 
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
+#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 
@@ -14,6 +15,7 @@ namespace {
 
 constexpr std::size_t kPasDeLecture = 1000;
 constexpr double kLargeurDuFormulaire = 10;
+constexpr std::string_view kDonnerLaPosition = "Vous devez entrer la position initiale du champ de tri";
 constexpr std::string_view kDonnerLaLargeur = "Vous devez entrer la largeur du champ de tri (10 max)";
 constexpr std::size_t kPlusCourteAuDepart = 10000;  // no shortest line is found above it
 
@@ -155,19 +157,22 @@ std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& l
 std::string_view RefusDeTrier(const OptionsTriFichier& options) {
   if (options.fichierA.empty()) return "Vous devez entrer le nom du fichier A à trier"_w;
   if (options.fichierC.empty()) return "Vous devez entrer le nom du fichier C résultant du tri"_w;
-  if (Rogner(options.position).empty()) return "Vous devez entrer la position initiale du champ de tri";
+  if (Rogner(options.position).empty()) return kDonnerLaPosition;
   if (Rogner(options.position) != "0" && Rogner(options.largeur).empty()) return kDonnerLaLargeur;
   return {};
 }
 
 std::string_view RefusDuFormulaire(const OptionsTriFichier& options) {
   if (const std::string_view refus = RefusDeTrier(options); !refus.empty()) return refus;
+  if (Rogner(options.position).find_first_not_of("0123456789") != std::string_view::npos) return kDonnerLaPosition;
   const double largeur = ValeurDe(options.largeur);
   if (Rogner(options.position) != "0" && (largeur < 1 || largeur > kLargeurDuFormulaire)) return kDonnerLaLargeur;
   return {};
 }
 
-Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
+namespace {
+
+Fin TrierFichier(const Contexte& contexte, const OptionsTriFichier& options, const LibellesErreur& libelles) {
   const std::string nomRapport = contexte.generique.empty() ? "$$$.prt" : contexte.Nom(".prt");
   const Chemin rapportPrevu = CheminDEcriture(contexte.repertoire, nomRapport);
   for (const std::string& fichier : {options.fichierA, options.fichierC})
@@ -176,8 +181,18 @@ Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
                                 Boutons::Ok);
       return Fin::Arret;
     }
-  return ExecuterProgramme(contexte, nomRapport, LibellesErreur{},
+  return ExecuterProgramme(contexte, nomRapport, libelles,
                            [&](Rapport& rapport) { Trier(rapport, contexte, options); });
+}
+
+}  // namespace
+
+Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
+  return TrierFichier(contexte, options, LibellesErreur{});
+}
+
+Fin TriDesUtilitaires(const Contexte& contexte, const OptionsTriFichier& options) {
+  return TrierFichier(contexte, options, Libelles());
 }
 
 }  // namespace quelvar::utilities

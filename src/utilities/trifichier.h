@@ -44,5 +44,7 @@ std::string_view RefusDuFormulaire(const OptionsTriFichier& options);
 
 // Runs the sort with its account in the .prt of the generic. C is replaced at the normal end only.
 Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options);
+// The same as a program of the form Utilitaires, with the words that these have for an unexpected error.
+Fin TriDesUtilitaires(const Contexte& contexte, const OptionsTriFichier& options);
 
 }  // namespace quelvar::utilities

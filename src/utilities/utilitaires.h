@@ -44,6 +44,9 @@ inline constexpr std::string_view kTriSurPlace =
 // Why a run can't write its report or its result without losing a file that it reads; empty when it can.
 std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::string_view> entrees);
 
+// Tells in a box what the report has no words for.
+inline void Prevenir(const Contexte& contexte, Texte message) { contexte.Ecran().demander(message, Boutons::Ok); }
+
 // A position or a width as typed. Raises kDepassementCapacite beyond 32 bits.
 std::int32_t NombreTape(std::string_view texte);
 

@@ -52,6 +52,7 @@ TEST(Dbf, EnteteQuiMent) {
   const EnteteDbf entete = LireEnteteDbf(bon);
   EXPECT_EQ(entete.annonces, 66000U);
   ASSERT_EQ(entete.champs.size(), 3U) << "a field without width is none";
+  EXPECT_EQ(entete.sansLargeur, std::vector<std::string>{"VIDE "}) << "and is told";
   EXPECT_EQ(entete.champs[2].position, 5U);
   EXPECT_EQ(entete.LongueurChamps(), 12U);
 
@@ -168,6 +169,17 @@ TEST_F(ImportDbfTest, CeQuElleRemplaceReste) {
   EXPECT_TRUE(Dit("L'ancienne sauvegarde ENQ.PO2 est conservée sous le nom ENQ.PO"_w)) << montre_;
   ASSERT_EQ(boites_.size(), 3U);
   EXPECT_EQ(boites_[0], "Le fichier ENQ.DAT est remplacé ; l'ancien est sauvegardé sous le nom ENQ.DA2"_w);
+}
+
+TEST_F(ImportDbfTest, PlusDeHuitCopies) {
+  std::string copies;
+  for (char lettre = 'a'; lettre < 'l'; ++lettre) {
+    Ecrire("ENQ.DAT", std::string(1, lettre) + "\r\n");
+    Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 1, " 1"));
+    EXPECT_EQ(Importer(), Fin::Normale);
+  }
+  for (const char* nom : {"DA2", "DA8", "DA9", "D10", "D11", "D12"}) copies += Lire(std::string("ENQ.") + nom).front();
+  EXPECT_EQ(copies, "aghijk") << "none is written over";
 }
 
 TEST_F(ImportDbfTest, DisquePleinLaisseLesAnciensFichiers) {

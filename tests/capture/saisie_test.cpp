@@ -218,6 +218,13 @@ TEST_F(SaisieTest, RepriseEtCorrection) {
   EXPECT_TRUE(Dit("faits = 4 \r\n")) << "the lines at the start, the empty one too, and the new one";
 }
 
+TEST_F(SaisieTest, RegarderNeChangeRien) {
+  Ecrire("ENQ.DAT", "2 3\r\n        \r\n");
+  EXPECT_EQ(Rejouer("Enregistrement=1 Bas Entree Enregistrement=2 Entree\n"), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.DAT"), "2 3\r\n        \r\n") << "a shorter line stays short, a blank one blank";
+  EXPECT_TRUE(boites_.empty());
+}
+
 TEST_F(SaisieTest, LigneViergeCorrigee) {
   Ecrire("ENQ.DAT", "1 7DURAN\r\n        \r\n");
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   299\r\nNOM   4 5A\r\n");
@@ -227,10 +234,16 @@ TEST_F(SaisieTest, LigneViergeCorrigee) {
 }
 
 TEST_F(SaisieTest, EnregistrementsEnTexte) {
-  EXPECT_EQ(Rejouer("1;34;MARC\n2;;\n0;0;\n3;1;X\n", ModeDEntree::Enregistrements), Fin::Arret);
+  EXPECT_EQ(Rejouer("1;34;MARC\n2;;\n0;0;\n\n3;1;X\n", ModeDEntree::Enregistrements), Fin::Arret);
   EXPECT_EQ(Lire("ENQ.DAT"), "134MARC \r\n2 0     \r\n") << "an empty record is not kept, a wrong one stops";
-  ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_EQ(boites_[0], "Ligne 4 : la question SEX attend un code de 0 à 2 et non \"3\""_w);
+  ASSERT_EQ(boites_.size(), 2U);
+  EXPECT_EQ(boites_[0], "Enregistrements vides non conservés : 2 (le premier à la ligne 3)"_w);
+  EXPECT_EQ(boites_[1], "Ligne 5 : la question SEX attend un code de 0 à 2 et non \"3\""_w);
+  EXPECT_TRUE(Dit(boites_[1]) && !Dit("Fin normale")) << montre_;
+  boites_.clear();
+  EXPECT_EQ(Rejouer("Droite Entree Droite*2 Bas\n"), Fin::Normale);
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string(
+                         "Réponses non validées par Entrée, non conservées : celles de l'enregistrement 4"_w)});
 }
 
 TEST_F(SaisieTest, RienNEstPerdu) {

@@ -200,16 +200,21 @@ std::map<std::string, std::string> Fichiers(const std::filesystem::path& dossier
 
 }  // namespace
 
-QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
-                            const std::function<void()>& faire) {
-  const DossierTemporaire copie;
-  std::filesystem::copy(bureau.Dossier(), copie.Chemin(), std::filesystem::copy_options::recursive);
+QString CommandeMontree(Pilote& pilote, const QWidget& forme, const char* bouton) {
   QString commande;
   pilote.Faire([&](QDialog& boite) {
-    commande = boite.findChild<QLineEdit*>("Commande")->text();
+    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
     boite.reject();
   });
-  Cliquer(forme, "BoutCommande");
+  Cliquer(forme, bouton);
+  return commande;
+}
+
+QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
+                            const std::function<void()>& faire, const char* bouton) {
+  const DossierTemporaire copie;
+  std::filesystem::copy(bureau.Dossier(), copie.Chemin(), std::filesystem::copy_options::recursive);
+  const QString commande = CommandeMontree(pilote, forme, bouton);
   faire();
   const QString ligne = "cd '" + QString::fromStdString(copie.Chemin().string()) + "' && Q='" QUELVAR_BATCH "' && $Q" +
                         commande.mid(QString("quelvar-batch").size()) + " >/dev/null 2>&1";

@@ -130,6 +130,8 @@ void VerifierControles(QWidget& fenetre);
 // Takes the line that "Voir la commande" of the form shows, does what the form does, and tries the line with
 // quelvar-batch in a copy of the directory made before: every file must come out the same. Returns the line.
 QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
-                            const std::function<void()>& faire);
+                            const std::function<void()>& faire, const char* bouton = "BoutCommande");
+// The line itself.
+QString CommandeMontree(Pilote& pilote, const QWidget& forme, const char* bouton = "BoutCommande");
 
 }  // namespace essai

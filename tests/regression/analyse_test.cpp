@@ -10,9 +10,9 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/fiches.h"
-#include "regression/anatab/sorties.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
+#include "regression/logistique/indistincts.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
 

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <map>
 
+#include "regression/anatab/anatab.h"
 #include "regression/images/effets.h"
+#include "support/environnement.h"
 
 namespace quelvar::regression {
 
@@ -42,6 +44,43 @@ TEST(ImageDesEffets, LaReferenceEstAZeroEtLesPointsSontDansLeurOrdre) {
   });
   EXPECT_TRUE(barre);
   EXPECT_FALSE(DessinerEffets({"vide", {}}).Formes().empty());
+}
+
+// Both modalities of LEC begin alike: their one effect bears the rank of the last, which is the reference. All who have
+// JOB3 say yes, and its effect is not estimated.
+TEST(ImageDesEffets, UnEffetCommunAUnPointUnEffetNonEstimeNEnAPas) {
+  const essai::DossierTemporaire dossier;
+  essai::EcrireOctets(dossier.Chemin() / "ENQ.MOD",
+                      "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2   non\r\nLEC1 X LEC: oui\r\nLEC2 R LEC: non\r\n"
+                      "JOB1 R ouvrier\r\nJOB2 X cadre\r\nJOB3 X rentier\r\n");
+  std::string individus;
+  const auto ajouter = [&](std::string_view reponses, int nombre) {
+    for (int i = 0; i < nombre; ++i) individus += Joindre({"    ", reponses, "\r\n"});
+  };
+  ajouter("1010100", 9);
+  ajouter("0110100", 3);
+  ajouter("1001100", 4);
+  ajouter("0101100", 6);
+  ajouter("1010010", 8);
+  ajouter("0110010", 2);
+  ajouter("1001010", 7);
+  ajouter("0101010", 5);
+  ajouter("1010001", 5);
+  essai::EcrireOctets(dossier.Chemin() / "ENQ.CDG", individus);
+  Dialogue muet;
+  const Contexte contexte{dossier.Chemin(), "ENQ", 1, &muet};
+  ImageDesEffets image;
+  ASSERT_EQ(Anatab(contexte, {}, image), Fin::Normale);
+  ASSERT_EQ(image.lignes.size(), 5U);
+  const LigneDEffet& lecture = image.lignes[0];
+  // 75 - 40 points on 22 individuals, 80 - 58.3 on 22.
+  ASSERT_TRUE(lecture.moyenne);
+  EXPECT_NEAR(*lecture.moyenne, (35.0 + 80 - 700.0 / 12) / 2, 1e-6);
+  EXPECT_TRUE(lecture.logistique);
+  EXPECT_FALSE(image.lignes[1].moyenne);
+  EXPECT_TRUE(image.lignes[3].logistique);
+  EXPECT_FALSE(image.lignes[4].moyenne);
+  EXPECT_FALSE(image.lignes[4].logistique);
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ Ajustee Ajuster(const std::vector<std::vector<double>>& lignes) {
   const std::optional<Matrice> inverse = InverseDesExplicatives(toutes, dispersion);
   if (!inverse) return {};
   Ajustee a{AjusterMoindresCarres(toutes, dispersion, *inverse)};
+  TesterAjustement(*inverse, *a.ajustement);
   a.chiffresSurs = ChiffresSurs(toutes, *inverse);
   a.ecartResiduel = std::sqrt(a.ajustement->residuelle * a.ajustement->individus / a.ajustement->degres);
   return a;

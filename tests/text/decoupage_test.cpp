@@ -95,6 +95,30 @@ TEST_F(RunTexte, AUtf8TextIsConvertedOrRefusedNeverReadWrong) {
   EXPECT_TRUE(Dit("*** Attention : 1 caractère(s) de ENQ.TXT"_w));
 }
 
+TEST_F(RunTexte, AUtf16TextIsConvertedWithItsMarkOrWithout) {
+  using namespace std::string_view_literals;
+  OptionsSaisieMot options;
+  options.position = 1;
+  for (const std::string_view texte : {"\xFF\xFE"
+                                       "1\0\xE9\0t\0\xE9\0 \0\xAC\x20*\0\r\0\n\0"sv,
+                                       "\xFE\xFF\0"
+                                       "1\0\xE9\0t\0\xE9\0 \x20\xAC\0*\0\r\0\n"sv,
+                                       "1\0\xE9\0t\0\xE9\0 \0\xAC\x20*\0\r\0\n\0"sv}) {
+    bouton_ = Reponse::Oui;
+    EXPECT_EQ(Decouper(texte, options), Fin::Normale) << montre_;
+    EXPECT_TRUE(Dit("   1 €            1 été"_w)) << montre_;
+    EXPECT_TRUE(ApercevoirTexte(contexte_).texte.ends_with("1été €*\r\n"_w));
+    bouton_ = Reponse::Non;
+    EXPECT_EQ(Decouper(texte, options), Fin::Arret);
+    EXPECT_TRUE(Dit("ENQ.TXT est en UTF-16"));
+  }
+}
+
+TEST_F(RunTexte, LinesThatEndInACarriageReturnAloneAreRefused) {
+  EXPECT_EQ(Decouper("1un*\r1deux*\r", {.position = 1}), Fin::Arret);
+  EXPECT_TRUE(Dit("finissent par un retour chariot seul"));
+}
+
 TEST_F(RunTexte, TheHeadOfAUtf8TextIsShownAsItWillBeRead) {
   Ecrire("ENQ.TXT",
          "\xEF\xBB\xBF"
@@ -109,6 +133,14 @@ TEST_F(RunTexte, ALongThemeIsListedAsTheTextHasIt) {
   EXPECT_EQ(Decouper("1$environnement*\n", options), Fin::Normale);
   EXPECT_TRUE(Dit("\r\n$environne 1\r\n")) << montre_;
   EXPECT_TRUE(Lire("ENQ.DAT").starts_with("1_env_environne$$"));
+}
+
+TEST_F(RunTexte, QuestionsBeyondTheCharacteristicsAreNamedInABox) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   2 9\r\n");
+  EXPECT_EQ(Decouper("1un*\n", {.position = 1}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_TRUE(boites_[0].ends_with("non reprise(s) : AGE"));
 }
 
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {

@@ -44,6 +44,29 @@ TEST_F(RunGestion, ARowOfTheUsersOwnNameIsFoundByItAndGivesItsWords) {
             (std::vector<std::string>{std::string("données"_w), "deux"}));
 }
 
+TEST_F(RunGestion, AMergeWithoutANameStopsTheRun) {
+  EXPECT_EQ(TabMotAgreg(contexte_, {.actions = {{std::nullopt, " ", {"un"}}}}), Fin::Arret);
+  EXPECT_TRUE(Dit("*** Il faut indiquer le nom qu'aura la ligne"));
+  EXPECT_FALSE(Existe("ENR.brt"));
+}
+
+TEST_F(RunGestion, ABurtTableIsLeftToItsOwnForms) {
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=1 \r\nSEX1   H\r\nSEX2   F\r\n");
+  Ecrire("ENQ.BRT", "SEX120\r\nSEX203\r\n");
+  EXPECT_EQ(SuplMot(contexte_, {}), Fin::Arret);
+  EXPECT_TRUE(Dit("ENQ.MOD est d'un tableau de Burt (BRT=2)"));
+  EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte);
+}
+
+TEST_F(RunGestion, ALongLabelIsFoundAmongTheFactorsByWhatTheyKeepOfIt) {
+  Ecrire("ENQ.BRT", "   999a label of more than the twenty-five\r\n   999deux\r\n   322trois\r\n");
+  Ecrire("ENQ.FAJ", "SEX1  100   -500  900\r\n");
+  Ecrire("ENQ.FAI", "   9  100    500  900a label of more than the \r\n   9  100    100  100deux\r\n");
+  Agregation agregation = OuvrirAgregation(contexte_).agregation;
+  EXPECT_TRUE(TrierLignes(agregation, {.cle = CleDeLignes::Facteur}, dialogue_).empty());
+  EXPECT_EQ(agregation.table.lignes.back().intitule, "a label of more than the twenty-five");
+}
+
 TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
   const struct {
     std::string_view brt;
@@ -54,9 +77,12 @@ TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
       {"   9   9   9un\r\n   9   9   9deux\r\n   3   2   1trois\r\n", "Les cases de ENQ.BRT ont 4 caractère(s)"_w},
       {"   91011un  un        \r\n   91312deuxdeux      \r\n   32211troitrois     \r\n",
        "Les cases de ENQ.BRT ont 2 caractère(s)"_w},
+      {"  10 910un\r\n   91 8 deux\r\n   3 2 1trois\r\n", "La ligne 2 de ENQ.BRT a des cases décalées"_w},
       {"   999un\r\n   9 9deux\r\n   3a1trois\r\n", "La ligne 3 de ENQ.BRT a autre chose que des nombres"},
   };
   for (const auto& [brt, dit] : cas) {
+    const std::string_view largeur = brt.starts_with("  10") ? "2" : "1";
+    Ecrire("ENQ.MOD", Joindre({"ENQ\r\n LIGN=3 COL=2 FMT=", largeur, " \r\nSEX1   H\r\nSEX2   F\r\n"}));
     Ecrire("ENQ.BRT", brt);
     EXPECT_FALSE(OuvrirAgregation(contexte_).ouverte) << brt;
     const TableOuverte table = OuvrirSuplMot(contexte_);

@@ -49,6 +49,7 @@ TEST_F(RunTabMot, WhatDoesNotGoTogetherIsRefusedAndNothingChanges) {
        "*** ENQ.POS annonce 1 mots (ligne 2) et ENQ.DAT en a davantage"},
       {mot + autre + mot, "ENQ\r\n 3 \r\nSEX   1 2 &ACT&\r\n", "*** Le mot a revient à la ligne 3 de ENQ.DAT"_w},
       {mot, "ENQ\r\n 1 \r\nSEX   1L3 &ACT&\r\n", "dont le code-max dépasse 99"_w},
+      {mot, "ENQ\r\n 1 \r\nSEX   1 2 &ACT&\r\nSEX   1 9\r\n", "Le nom SEX est celui de 2 questions"},
       {mot, "ENQ\r\n 1 \r\nSEX   1 2\r\n", "*** Aucune question n'est marquée &ACT&"_w},
   };
   for (const auto& [dat, pos, dit] : cas) {
@@ -97,6 +98,10 @@ TEST_F(RunConcord, NoFileIsReplacedUnaskedAndNoneOfTheDataSetAtAll) {
   }
   EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "ENQ.DAT", .remplacer = true}), Fin::Arret);
   EXPECT_EQ(boites_, std::vector<std::string>{std::string("Le fichier CONC.TXT existe déjà. Le remplacer ?"_w)});
+  EXPECT_EQ(Concord(contexte_, {}), Fin::Arret);
+  EXPECT_TRUE(Dit("*** Aucun mot n'est donné"_w));
+  EXPECT_EQ(Concord(contexte_, {.mots = {"a", "zut"}}), Fin::Normale);
+  EXPECT_TRUE(Dit("1 ligne(s) de ENQ.DAT\r\nMot absent : zut\r\n"));
   EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "CONC.TXT", .remplacer = true}), Fin::Normale);
   EXPECT_TRUE(Lire("CONC.TXT").starts_with("Concordance de : a\r\n1 ligne(s)"));
 }

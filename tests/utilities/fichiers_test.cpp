@@ -195,6 +195,24 @@ TEST_F(RunUtilitaires, WhatThePosOfAFusionCannotMeanIsTold) {
   EXPECT_EQ(Lire("C.POS"), "le mien");
 }
 
+TEST_F(RunUtilitaires, AMatchingThatStopsSaysAtWhichLine) {
+  OptionsFusion options = Fusion(TypeFusion::Appareillement);
+  options.positionA = options.positionB = "1";
+  options.largeur = "2";
+  Ecrire("A.DAT", "01a\r\n02a\r\n03a\r\n");
+  for (const auto& [b, boite] :
+       {std::pair("01b\r\n03b\r\n02b\r\n",
+                  "Ligne 3 de B, numéro 02 : aucune ligne de A n'a ce numéro à partir de la ligne 4"_w),
+        std::pair("00b\r\n", "Ligne 1 de B, numéro 00 : aucune ligne de A n'a ce numéro à partir de la ligne 1"_w),
+        std::pair("01b\r\n", "Première ligne de A derrière la fin de B : 2, numéro 02"_w)}) {
+    Ecrire("B.DAT", b);
+    boites_.clear();
+    EXPECT_EQ(Fusionner(contexte_, options), Fin::Arret);
+    ASSERT_EQ(boites_.size(), 1U);
+    EXPECT_NE(boites_[0].find(boite), std::string::npos) << boites_[0];
+  }
+}
+
 TEST_F(RunUtilitaires, AVerificationGivenUpLeavesNoTrace) {
   Ecrire("A.DAT", "01\r\n");
   Ecrire("B.DAT", "01\r\n");

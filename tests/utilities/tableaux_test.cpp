@@ -139,6 +139,26 @@ TEST_F(RunTableaux, CellsThatAreNoNumbersAndShortRowsAreTold) {
   EXPECT_TRUE(Dit("finirait la liste des points"));
 }
 
+TEST_F(RunTableaux, WhatANewTableOrNewDataDoNotKeepIsTold) {
+  const auto dit = [&](std::string_view texte) {
+    return std::any_of(boites_.begin(), boites_.end(),
+                       [&](const std::string& boite) { return boite.find(texte) != std::string::npos; });
+  };
+  Ecrire("ENQ.MOD", "AGE/AGE bis\r\n LIGN=4 LSUP=1 FMT=2\r\nA    S un\r\nB      deux\r\n");
+  Ecrire("ENQ.BRT", "L1   1 2\r\nL2   3 4\r\nL3   5 6\r\nL4   7 8\r\n");
+  ASSERT_EQ(Inverser(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(dit("1 colonnes devenues lignes, 1 lignes devenues colonnes"));
+  ASSERT_EQ(Inverser(contexte_, {.trg = true}), Fin::Normale);
+  EXPECT_TRUE(dit("les 3 premières des 4 lignes"_w));
+  ASSERT_EQ(Gendat(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(dit("Deux questions portent le nom AGE"));
+  for (const char* taille : {" 35 ", " 37 "}) {
+    Ecrire("ENQ.POS", Joindre({"ENQ\r\n", std::string(taille), "\r\nAGE   1 4\r\n"}));
+    ASSERT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
+    EXPECT_TRUE(dit(Joindre({"annonce", std::string(taille), "individus et ENQ.DAT en a 36"})));
+  }
+}
+
 TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {
   EcrireTableau(2, 2, 1, 3);
   Ecrire("ENQ.DAT", "enquete\r\n");

@@ -75,6 +75,16 @@ TEST_F(RunTriFichier, TheReportIsNeitherSortedNorTheResult) {
   EXPECT_FALSE(Existe("C.TXT"));
 }
 
+TEST_F(RunTriFichier, AmongTheUtilitiesAnUnexpectedErrorHasTheirWords) {
+  Ecrire("A.TXT", "");
+  const OptionsTriFichier options{.fichierA = "A.TXT", .fichierC = "C.TXT", .position = "1", .largeur = "1"};
+  EXPECT_EQ(TriDesUtilitaires(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit(" notez le numéro suivant : ERREUR NUMERO = 11 \r\n et prévenez l'assistance technique"_w))
+      << montre_;
+  EXPECT_EQ(TriFichier(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit(" notez le numero =  11 Division"));
+}
+
 TEST_F(RunTriFichier, AFieldThatCannotBeCutLeavesTheFiles) {
   Ecrire("A.TXT", "b\na\n");
   EXPECT_EQ(TriFichier(contexte_, {"A.TXT", "A.TXT", "-1", "1"}), Fin::Arret);
@@ -90,6 +100,8 @@ TEST(RefusDeTrier, NamesTheFirstMissingItem) {
   EXPECT_TRUE(RefusDeTrier({"A", "C", "0"}).empty());
   EXPECT_TRUE(RefusDeTrier({"A", "C", "3", "4"}).empty());
   EXPECT_TRUE(RefusDuFormulaire({"A", "C", "3", "10"}).empty());
+  for (const std::string position : {"-1", "x", "1.5"})
+    EXPECT_EQ(RefusDuFormulaire({"A", "C", position, "4"}), "Vous devez entrer la position initiale du champ de tri");
   for (const std::string largeur : {"11", "0", "-2", "x"})
     EXPECT_EQ(RefusDuFormulaire({"A", "C", "3", largeur}), "Vous devez entrer la largeur du champ de tri (10 max)");
 }

@@ -63,7 +63,10 @@ EnteteDbf LireEnteteDbf(std::string_view octets) {
     const std::string_view description = octets.substr(place, kDescription);
     if (description[0] == kFinDesChamps) break;
     const std::size_t largeur = Octet(description, kPlaceLargeur);
-    if (largeur == 0) continue;
+    if (largeur == 0) {
+      entete.sansLargeur.push_back(NomDeChamp(description));
+      continue;
+    }
     entete.champs.push_back({NomDeChamp(description), description[kPlaceType], position, largeur});
     position += largeur;
   }
@@ -71,10 +74,13 @@ EnteteDbf LireEnteteDbf(std::string_view octets) {
 }
 
 EnteteDbf LireEnteteDuFichier(const Chemin& chemin) {
-  const std::string octets = LireMorceau(chemin, 0, 65536);
-  EnteteDbf entete = LireEnteteDbf(octets);
-  if (octets.size() < entete.longueurEntete) throw Erreur(kFinDeFichierDepassee);
-  return entete;
+  return Situer([&] { return Lieu{TexteDe(chemin.filename())}; },
+                [&] {
+                  const std::string octets = LireMorceau(chemin, 0, 65536);
+                  EnteteDbf entete = LireEnteteDbf(octets);
+                  if (octets.size() < entete.longueurEntete) throw Erreur(kFinDeFichierDepassee);
+                  return entete;
+                });
 }
 
 std::uint64_t EnregistrementsEntiers(const EnteteDbf& entete, std::uintmax_t taille) {

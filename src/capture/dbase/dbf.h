@@ -18,6 +18,9 @@ struct ChampDbf {
   std::size_t largeur = 0;   // bytes, never 0: a field without any is left out
 };
 
+// The least length that a header may announce.
+inline constexpr std::size_t kEnteteMinimal = 32;
+
 struct EnteteDbf {
   unsigned char version = 0;
   std::uint64_t annonces = 0;              // records that the header announces
@@ -25,22 +28,23 @@ struct EnteteDbf {
   std::size_t longueurEnregistrement = 0;  // bytes of a record with its deletion mark
   PageDeCode page = PageDeCode::Inconnue;
   std::vector<ChampDbf> champs;
+  std::vector<std::string> sansLargeur;  // names of the fields that were left out
 
   // Bytes of a record behind its deletion mark.
   std::size_t LongueurLigne() const { return longueurEnregistrement == 0 ? 0 : longueurEnregistrement - 1; }
   // Bytes of all the fields together.
   std::size_t LongueurChamps() const { return champs.empty() ? 0 : champs.back().position + champs.back().largeur - 1; }
+  // Whether the records can be found behind a header of that length.
+  bool DonneLesEnregistrements() const { return longueurEntete >= kEnteteMinimal; }
   bool VersionConnue() const;  // one of the layout that is read here
 };
-
-// The least length that a header may announce.
-inline constexpr std::size_t kEnteteMinimal = 32;
 
 // Reads the header from the bytes at the start of a file; the descriptions of fields that are not wholly there are not
 // read. Raises kFinDeFichierDepassee when even the first 32 bytes are not there.
 EnteteDbf LireEnteteDbf(std::string_view octets);
 // The header of a file. Raises kFinDeFichierDepassee for a file cut in its header (but not when the length announced is
-// below kEnteteMinimal), and the failures of LireMorceau.
+// below kEnteteMinimal), and the failures of LireMorceau, with
+// the name of the file.
 EnteteDbf LireEnteteDuFichier(const Chemin& chemin);
 
 // The whole records that stand in a file of that many bytes, at most those announced. Without a record length nothing

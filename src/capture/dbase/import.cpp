@@ -24,14 +24,14 @@ struct Fichiers {
   std::optional<Chemin> pos;
 };
 
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+void EcrirePresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, bool lisible) {
   const std::string dat = contexte.Nom(".DAT");
   const std::string pos = contexte.Nom(".POS");
   const std::string dbf = contexte.Nom(".DBF");
   if (fichiers.dbf) {
     EcrireEtat(rapport, dbf, kExiste);
-    EcrireEtatDeSortie(rapport, dat, fichiers.dat.has_value());
-    EcrireEtatDeSortie(rapport, pos, fichiers.pos.has_value());
+    EcrireEtatDeSortie(rapport, dat, fichiers.dat.has_value(), lisible);
+    EcrireEtatDeSortie(rapport, pos, fichiers.pos.has_value(), lisible);
     rapport.Ligne();
     rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
   } else if (fichiers.dat) {
@@ -105,9 +105,9 @@ PassageDbf CopierEnregistrements(Ecrivain& dat, LecteurDbf& lecteur, const Entet
   return passage;
 }
 
-void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const EnteteDbf& entete) {
   const Chemin& dbf = *fichiers.dbf;
-  const EnteteDbf entete = ExigerEntete(rapport, dbf, contexte.Nom(".DBF"));
+  ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
   LecteurDbf lecteur(dbf, entete);
   const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
   rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(individus)});
@@ -216,16 +216,20 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
   const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"), ChercherPos(contexte)};
+  EnteteDbf entete;
+  std::optional<Erreur> echec;
+  if (fichiers.dbf) echec = EchecDe([&] { entete = LireEnteteDuFichier(*fichiers.dbf); });
   EcrireBandeau(rapport, "Importation de données"_w);
   if (fichiers.pos && (fichiers.dbf || fichiers.dat)) {
     JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
     SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
     sauvegardes.Valider();
   }
-  EcrirePresence(rapport, contexte, fichiers);
+  EcrirePresence(rapport, contexte, fichiers, !echec && entete.DonneLesEnregistrements());
   if (fichiers.dbf && contexte.niveau == 1) EcrireAvis(rapport);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-  if (fichiers.dbf) ImporterChamps(rapport, contexte, fichiers);
+  if (echec) throw *echec;
+  if (fichiers.dbf) ImporterChamps(rapport, contexte, fichiers, entete);
   else if (fichiers.pos) CompterSelonPos(rapport, contexte, fichiers);
   else ImporterPositions(rapport, contexte, *fichiers.dat);
 }

@@ -19,7 +19,13 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
   if (!entete.VersionConnue())
     remarques.push_back(Joindre({"L'octet de version ("_w, Nombre(static_cast<int>(entete.version)),
                                  ") n'est pas celui d'un fichier de la forme dBase III : vérifiez les questions"_w}));
-  if (passage.enregistrements < entete.annonces)
+  if (entete.annonces == 0)
+    remarques.push_back(std::string("L'en-tête n'annonce aucun enregistrement : il n'y a pas d'individus"_w));
+  if (entete.longueurEnregistrement == 0 && entete.annonces > 0)
+    remarques.push_back(
+        Joindre({"La longueur d'un enregistrement est de 0 : les "_w, Compte(passage.enregistrements),
+                 " lignes de *.DAT sont vides ("_w, Compte(entete.annonces), " enregistrements annoncés)"_w}));
+  else if (passage.enregistrements < entete.annonces)
     remarques.push_back(
         Joindre({"L'en-tête annonce "_w, Compte(entete.annonces), " enregistrements, le fichier n'en contient que "_w,
                  Compte(passage.enregistrements), " entiers : seuls ceux-là sont repris"_w}));
@@ -30,6 +36,10 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
     remarques.push_back(
         Joindre({"Le fichier contient de quoi faire "_w, Compte((taille - repris) / entete.longueurEnregistrement),
                  " enregistrements de plus que l'en-tête n'en annonce : ils ne sont pas repris"_w}));
+  std::string vides;
+  for (const std::string& nom : entete.sansLargeur)
+    vides += Joindre({std::string_view(vides.empty() ? "" : ", "), Rogner(nom)});
+  if (!vides.empty()) remarques.push_back(Joindre({"Champs de largeur 0, laissés de côté : "_w, vides}));
   const std::size_t champs = entete.LongueurChamps();
   if (champs != entete.LongueurLigne())
     remarques.push_back(Joindre({"Les champs occupent ensemble "_w, Nombre(champs),
@@ -53,9 +63,8 @@ void PassageDbf::Prendre(const ConvertisseurDbf& convertisseur) {
   coupants = convertisseur.Coupants();
 }
 
-EnteteDbf ExigerEntete(Rapport& rapport, const Chemin& chemin, std::string_view nom) {
-  EnteteDbf entete = Situer([&] { return Lieu{std::string(nom)}; }, [&] { return LireEnteteDuFichier(chemin); });
-  if (entete.longueurEntete >= kEnteteMinimal) return entete;
+void ExigerEntete(Rapport& rapport, const EnteteDbf& entete, std::string_view nom) {
+  if (entete.DonneLesEnregistrements()) return;
   rapport.Ligne({"L'en-tête du fichier "_w, nom, " annonce une longueur de "_w, Nombre(entete.longueurEntete),
                  " octets alors qu'il en faut au moins 32 : les enregistrements sont introuvables"_w});
   rapport.Ligne("Verifiez et corrigez avant de relancer");

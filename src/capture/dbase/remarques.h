@@ -32,9 +32,8 @@ struct PassageDbf {
 
 using Remarques = std::vector<std::string>;
 
-// The header of a file of that name. One whose records can't be found is told in the report and stops the run
-// (kArretAnnonce); raises besides what LireEnteteDuFichier raises.
-EnteteDbf ExigerEntete(Rapport& rapport, const Chemin& chemin, std::string_view nom);
+// A header whose records can't be found is told in the report and stops the run (kArretAnnonce).
+void ExigerEntete(Rapport& rapport, const EnteteDbf& entete, std::string_view nom);
 
 void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t taille, const PassageDbf& passage);
 // The questions that have their position for a name, and the columns behind the last one that .POS can tell.

@@ -27,14 +27,13 @@ struct Tableau {
   std::size_t largeur = 0;  // of every cell in .BRT
 };
 
-Tableau DecouperTableau(const Contexte& contexte, const EnteteDbf& entete) {
-  if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection).Situer({contexte.Nom(".DBF")});
+Tableau DecouperTableau(const EnteteDbf& entete) {
   Tableau tableau{entete.champs.front(), {entete.champs.begin() + 1, entete.champs.end() - 1}, entete.champs.back()};
   for (const ChampDbf& colonne : tableau.colonnes) tableau.largeur = std::max(tableau.largeur, colonne.largeur);
   return tableau;
 }
 
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf) {
+void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool lisible) {
   const std::string brt = contexte.Nom(".BRT");
   const std::string mod = contexte.Nom(".MOD");
   const bool brtPresent = contexte.Chercher(".BRT").has_value();
@@ -48,8 +47,8 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf) {
                                            : "Arrêt du programme car aucun fichier n'existe"_w);
     throw Erreur(kArretAnnonce);
   }
-  EcrireEtatDeSortie(rapport, brt, brtPresent);
-  EcrireEtatDeSortie(rapport, mod, modPresent);
+  EcrireEtatDeSortie(rapport, brt, brtPresent, lisible);
+  EcrireEtatDeSortie(rapport, mod, modPresent, lisible);
   rapport.Ligne();
   rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
 }
@@ -78,12 +77,16 @@ std::string_view Morceau(std::string_view ligne, const ChampDbf& champ) {
   return ligne.substr(champ.position - 1, champ.largeur);
 }
 
-// A number right-aligned in the width of the table; a cell that holds nothing stays blank. Raises kIncompatibiliteType
-// for a word.
-void EcrireCellule(Ecrivain& brt, std::string_view ligne, const ChampDbf& colonne, std::size_t largeur) {
+// A cell holds a number or nothing. Raises kIncompatibiliteType for a word.
+void ExigerNombre(std::string_view ligne, const ChampDbf& colonne) {
   const std::string_view texte = Rogner(Morceau(ligne, colonne));
   if (!texte.empty() && !EstNombre(texte))
     throw Erreur(kIncompatibiliteType).Situer({{}, 0, static_cast<int>(colonne.position)});
+}
+
+// A number right-aligned in the width of the table; a cell that holds nothing stays blank.
+void EcrireCellule(Ecrivain& brt, std::string_view ligne, const ChampDbf& colonne, std::size_t largeur) {
+  const std::string_view texte = Rogner(Morceau(ligne, colonne));
   for (std::size_t i = texte.size(); i < largeur; ++i) brt.Ecrire(' ');
   brt.Ecrire(texte);
 }
@@ -122,13 +125,31 @@ std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remar
   return DesignerParRang(std::move(noms), "Colonnes", remarques);
 }
 
-std::vector<std::string> NommerLignes(const Chemin& dbf, const EnteteDbf& entete, const Tableau& tableau,
-                                      Remarques& remarques) {
-  std::vector<std::string> noms;
+// The source, read as far as it can be.
+struct Lecture {
+  EnteteDbf entete;
+  std::uintmax_t taille = 0;
+  std::int64_t lignes = 0;
+  Tableau tableau;
+  std::vector<std::string> noms;  // of the rows, as they stand
+};
+
+// Reads all that can go wrong before anything is written. Raises kIndiceHorsSelection for fewer than three fields,
+// kIncompatibiliteType for a word among the counts, kFinDeFichierDepassee without rows, and what LireEnteteDuFichier
+// raises.
+void LireSource(const Chemin& dbf, Lecture& lecture) {
+  const EnteteDbf& entete = lecture.entete = LireEnteteDuFichier(dbf);
+  if (!entete.DonneLesEnregistrements()) throw Erreur(kArretAnnonce);
+  lecture.taille = LongueurFichier(dbf);
+  lecture.lignes = static_cast<std::int64_t>(EnregistrementsEntiers(entete, lecture.taille));
+  const Lieu fichier{TexteDe(dbf.filename())};
+  if (lecture.lignes == 0) throw Erreur(kFinDeFichierDepassee).Situer(fichier);
+  if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection).Situer(fichier);
+  const Tableau& tableau = lecture.tableau = DecouperTableau(entete);
   ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
-    noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurNom));
+    lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurNom));
+    for (const ChampDbf& colonne : tableau.colonnes) ExigerNombre(ligne, colonne);
   });
-  return DesignerParRang(std::move(noms), "Lignes", remarques);
 }
 
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::string>& noms, std::int64_t lignes,
@@ -140,21 +161,22 @@ void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::s
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
   const std::optional<Chemin> dbf = contexte.Chercher(".DBF");
+  Lecture lecture;
+  std::optional<Erreur> echec;
+  if (dbf) echec = EchecDe([&] { LireSource(*dbf, lecture); });
   EcrireBandeau(rapport, "Importation de tableau quelconque");
-  EcrirePresence(rapport, contexte, dbf.has_value());
+  EcrirePresence(rapport, contexte, dbf.has_value(), !echec);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-
-  const EnteteDbf entete = ExigerEntete(rapport, *dbf, contexte.Nom(".DBF"));
-  const std::uintmax_t taille = LongueurFichier(*dbf);
-  const auto lignes = static_cast<std::int64_t>(EnregistrementsEntiers(entete, taille));
+  const auto& [entete, taille, lignes, tableau, propres] = lecture;
+  if (echec && taille == 0 && echec->Numero() != kArretAnnonce) throw *echec;
+  ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
   rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(lignes)});
   rapport.Ligne({"La longueur d'un enregistrement est de ", NombreNu(entete.longueurEnregistrement)});
-  if (lignes == 0) throw Erreur(kFinDeFichierDepassee).Situer({contexte.Nom(".DBF")});
-  const Tableau tableau = DecouperTableau(contexte, entete);
+  if (echec) throw *echec;
 
   Remarques remarques;
   const std::vector<std::string> colonnes = NommerColonnes(tableau, remarques);
-  const std::vector<std::string> noms = NommerLignes(*dbf, entete, tableau, remarques);
+  const std::vector<std::string> noms = DesignerParRang(propres, "Lignes", remarques);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, noms);

@@ -31,15 +31,28 @@ void AjouterLigne(std::string& texte, std::string_view ligne) {
   texte += Joindre({std::string_view(texte.empty() ? "" : "\r\n"), ligne});
 }
 
-void Finir(Rapport& rapport, std::int64_t faits) {
+// An entry that a fault of the replayed text stops has that line in place of the normal end.
+void Finir(Rapport& rapport, std::int64_t faits, std::string_view faute = {}) {
   rapport.Ligne("Interruption de la saisie");
   rapport.Ligne({"Nombre d'enregistrements déjà faits ="_w, NombreNu(faits)});
   rapport.Ligne();
-  rapport.Ligne("Fin normale du programme");
+  rapport.Ligne(faute.empty() ? std::string_view("Fin normale du programme") : faute);
 }
 
-// One line of the text; what is wrong with it, or nothing. `quitter` is set by Escape.
-std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const Dialogue& ecran, bool& quitter) {
+// What the text that is replayed came to.
+struct Rejeu {
+  std::int64_t ligne = 0;    // the one that is taken, from 1
+  bool quitter = false;      // Escape was struck
+  std::int64_t vides = 0;    // records that were not kept
+  std::int64_t premier = 0;  // line of the first of them
+};
+
+void Enregistrer(SaisieEnCours& saisie, Rejeu& rejeu) {
+  if (!Enregistrer(saisie) && rejeu.vides++ == 0) rejeu.premier = rejeu.ligne;
+}
+
+// One line of the text; what is wrong with it, or nothing.
+std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const Dialogue& ecran, Rejeu& rejeu) {
   const LigneDeTouches lue = LireTouches(ligne);
   if (!lue.faute.empty()) return Joindre({"la touche \"", lue.faute, "\" n'existe pas"});
   for (const Frappe& frappe : lue.frappes) {
@@ -49,31 +62,46 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
     }
     const Effet effet = Frapper(saisie.etat, frappe.touche);
     if (effet.bip) ecran.biper();
-    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie);
-    quitter = effet.demande == Demande::Quitter;
-    if (quitter) return {};
+    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie, rejeu);
+    rejeu.quitter = effet.demande == Demande::Quitter;
+    if (rejeu.quitter) return {};
   }
   return {};
 }
 
-std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne) {
-  std::string faute = PrendreReponses(saisie.etat, ligne);
-  if (faute.empty()) Enregistrer(saisie);
+// A blank line is an empty record.
+std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne, Rejeu& rejeu) {
+  std::string faute = Rogner(ligne).empty() ? std::string() : PrendreReponses(saisie.etat, ligne);
+  if (faute.empty()) Enregistrer(saisie, rejeu);
+  else RecommencerIndividu(saisie.etat);
   return faute;
 }
 
-// True when the text came to its end without a line that can't be taken.
-bool Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire, const Dialogue& ecran) {
+// What the replay has left out.
+void Signaler(const SaisieEnCours& saisie, const Rejeu& rejeu, const Dialogue& ecran) {
+  std::string texte;
+  if (rejeu.vides > 0)
+    AjouterLigne(texte, Joindre({"Enregistrements vides non conservés : "_w, Nombre(rejeu.vides),
+                                 " (le premier à la ligne "_w, Nombre(rejeu.premier), ")"}));
+  if (EstEntame(saisie.etat))
+    AjouterLigne(texte, Joindre({"Réponses non validées par Entrée, non conservées : celles de l'enregistrement "_w,
+                                 Nombre(saisie.etat.corrige.value_or(saisie.etat.faits + 1))}));
+  if (!texte.empty()) ecran.demander(texte, Boutons::Ok);
+}
+
+// Returns the line that can't be taken and why, or nothing when the text came to its end.
+std::string Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire,
+                    const Dialogue& ecran) {
   std::string ligne;
-  bool quitter = false;
-  for (std::int64_t numero = 1; !quitter && lire(ligne); ++numero) {
-    const std::string faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, quitter)
-                                                                     : RejouerEnregistrement(saisie, ligne);
-    if (faute.empty()) continue;
-    ecran.demander(Joindre({"Ligne ", Nombre(numero), " : ", faute}), Boutons::Ok);
-    return false;
+  std::string faute;
+  Rejeu rejeu;
+  while (faute.empty() && !rejeu.quitter && lire(ligne)) {
+    ++rejeu.ligne;
+    faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, rejeu)
+                                                   : RejouerEnregistrement(saisie, ligne, rejeu);
   }
-  return true;
+  Signaler(saisie, rejeu, ecran);
+  return faute.empty() ? faute : Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute});
 }
 
 }  // namespace
@@ -103,20 +131,26 @@ std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchroni
   return SaisieEnCours{NouvelleSaisie(descripteur, examen.lignes), std::move(fichiers), std::move(fautes)};
 }
 
-void Enregistrer(SaisieEnCours& saisie) {
+bool Enregistrer(SaisieEnCours& saisie) {
   EtatSaisie& etat = saisie.etat;
+  if (etat.corrige && !EstEntame(etat)) {
+    std::string inchange = Joindre({"Enregistrement ", Nombre(*etat.corrige), " inchangé"_w});
+    RecommencerIndividu(etat);
+    etat.message = std::move(inchange);
+    return true;
+  }
   const std::optional<std::string> ligne = Enregistrement(etat);
   std::string message(ligne ? std::string_view{} : kEnregistrementVide);
   if (ligne && etat.corrige) {
-    if (*ligne != etat.ligneCorrigee) saisie.fichiers.Corriger(*etat.corrige, *ligne);
-    message = Joindre(
-        {"Enregistrement ", Nombre(*etat.corrige), *ligne != etat.ligneCorrigee ? " corrigé"_w : " inchangé"_w});
+    saisie.fichiers.Corriger(*etat.corrige, *ligne);
+    message = Joindre({"Enregistrement ", Nombre(*etat.corrige), " corrigé"_w});
   } else if (ligne) {
     saisie.fichiers.Ajouter(*ligne);
     ++etat.faits;
   }
   RecommencerIndividu(etat);
   etat.message = std::move(message);
+  return ligne.has_value();
 }
 
 std::string Revoir(SaisieEnCours& saisie, std::int64_t numero) {
@@ -139,10 +173,15 @@ Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const Lecture
         CommencerSaisie(contexte, options.synchroniser ? Synchronisation::Oui : Synchronisation::Non);
     ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".DES"), saisie.has_value()}}, kArretAbsence);
     saisie->etat.directe = options.directe;
+    std::string faute;
     entiere =
         saisie->fautes.empty() || contexte.Ecran().demander(saisie->fautes, Boutons::OkAnnuler) != Reponse::Annuler;
-    if (entiere) entiere = Rejouer(*saisie, options, lire, contexte.Ecran());
-    Finir(rapport, saisie->etat.faits);
+    if (entiere) faute = Rejouer(*saisie, options, lire, contexte.Ecran());
+    if (!faute.empty()) {
+      contexte.Ecran().demander(faute, Boutons::Ok);
+      entiere = false;
+    }
+    Finir(rapport, saisie->etat.faits, faute);
   });
   return entiere ? fin : Fin::Arret;
 }

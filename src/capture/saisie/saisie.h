@@ -23,9 +23,9 @@ struct SaisieEnCours {
 std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte,
                                              Synchronisation synchronisation = Synchronisation::Oui);
 
-// What Enter asks for: writes the record, or tells that it is empty, and goes on with the next individual. When the
-// disk refuses it, the answers stay and the number is raised.
-void Enregistrer(SaisieEnCours& saisie);
+// What Enter asks for: writes the record, or tells that it is empty (false), and goes on with the next individual. When
+// the disk refuses it, the answers stay and the number is raised.
+bool Enregistrer(SaisieEnCours& saisie);
 // Shows a record that was made, for correction. Returns why it can't, and then changes nothing: answers that are not
 // written would be lost, or there is no record of that number.
 std::string Revoir(SaisieEnCours& saisie, std::int64_t numero);

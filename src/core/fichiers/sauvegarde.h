@@ -9,7 +9,11 @@
 
 namespace quelvar {
 
-// The first name that no file has among .CS2, .CS3 ... .CS9 (for a .CSV); the last of them when all are taken.
+// The name of a copy by its number: .CS2, .CS3 ... .CS9, .C10 ... .C99 for a .CSV.
+std::string NomDeSauvegarde(std::string_view nom, int numero);
+inline constexpr int kSauvegardes = 99;
+
+// The first of these names that no file has. Raises kAccesFichier, with a sentence, when all of them are taken.
 std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom);
 
 // Puts a copy of the former file, which is called `nom`, in the set under that name, and returns it.

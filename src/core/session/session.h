@@ -37,6 +37,7 @@ struct Session {
   std::string titre;             // title of the main form
   std::string fichierAffiche;    // name of the file shown in Text1
   bool passerModalites = false;  // "Annuler" at a recoding: the modality file goes along without a question
+  int limiteDepassements = 50;   // values above their code-max before a count stops, as last chosen; 0 for no stop
   // Content of Qvr2.ini as this session last read or wrote it: another one found there comes from another window.
   std::optional<Initialisation> derniereInitialisation;
 };

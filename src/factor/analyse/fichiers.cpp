@@ -28,12 +28,6 @@ struct CoteAEcrire {
   CoteFacteur FacteurAnecar::*cote;
 };
 
-constexpr double kInertieMaximale = 99999;  // five columns
-
-double PourMille(double inertie, double total) {
-  return total == 0 ? 0 : std::min(1000 * inertie / total, kInertieMaximale);
-}
-
 void EcrireFichier(Ecrivain& fichier, const AnalyseAnecar& analyse, const CoteAEcrire& source,
                    const std::vector<double>& signes, const std::vector<std::size_t>& ordre,
                    const FormatCoordonnees& format) {
@@ -42,7 +36,7 @@ void EcrireFichier(Ecrivain& fichier, const AnalyseAnecar& analyse, const CoteAE
   const double echelle = format.precision == Precision::Milliemes ? analyse.echelle : 1;
   std::string ligne;
   for (const std::size_t i : ordre) {
-    ligne = DebutDeLigne(source.elements.noms[i], PourMille(source.marges.inertie[i], total));
+    ligne = DebutDeLigne(source.elements.noms[i], InertiePourMille(source.marges.inertie[i], total));
     for (std::size_t k = 0; k < analyse.facteurs.size(); ++k) {
       const CoteFacteur& cote = analyse.facteurs[k].*source.cote;
       AjouterFacteur(ligne, echelle * cote.coordonnees[i] * signes[k], cote.cpf[i], format.precision);
@@ -63,6 +57,11 @@ std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFa
 }
 
 }  // namespace
+
+double InertiePourMille(double inertie, double total) {
+  constexpr double kInertieMaximale = 99999;  // five columns
+  return total == 0 ? 0 : std::min(1000 * inertie / total, kInertieMaximale);
+}
 
 void EcrireCoordonnees(const Contexte& contexte, JeuDeFichiers& sorties, const PlanAnecar& plan,
                        const TableauAnecar& tableau, const AnalyseAnecar& analyse,

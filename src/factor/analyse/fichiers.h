@@ -13,6 +13,9 @@ namespace quelvar::factor {
 // Whether the sign of factor 1, 2 or 3 is reversed. From four factors on none is, unless they are to be classified.
 using InversionsDeFacteurs = std::array<bool, 3>;
 
+// The inertia of an element as its line has it.
+double InertiePourMille(double inertie, double total);
+
 // Writes the four files into the set; coordinates are thousandths.
 void EcrireCoordonnees(const Contexte& contexte, JeuDeFichiers& sorties, const PlanAnecar& plan,
                        const TableauAnecar& tableau, const AnalyseAnecar& analyse,

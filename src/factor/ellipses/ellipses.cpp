@@ -236,6 +236,7 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
   const std::string_view analyse = DerniereAnalyse(contexte);
   ExigerFichiersDesEllipses(rapport, contexte, analyse);
   EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
+  for (const std::string& remarque : demande.remarques) rapport.Ligne({"*** Attention : ", remarque});
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   const ParametresMod parametres = LireParametres(mod.parametres);
   rapport.Lignes(parametres.remarques);

@@ -86,7 +86,8 @@ struct DemandeEllipses {
   AxeDuPlan vertical{2};
   ChoixEllipses choix;
   std::vector<ModaliteMarquee> modalites;
-  double echelle = 1;  // what the coordinates of the plane are multiplied by
+  double echelle = 1;                       // what the coordinates of the plane are multiplied by
+  std::vector<std::string> remarques = {};  // on the files of the plane, told in the report
 };
 
 // What is drawn for a modality: thousandths, as shown (reversed axes included).

@@ -17,8 +17,9 @@ constexpr std::chrono::seconds kMemeMoment{60};
 class Remarques {
  public:
   Remarques(Rapport& rapport, DonneesPlan& donnees) : rapport_(rapport), donnees_(donnees) {}
-  void Dire(std::string remarque) {
+  void Dire(std::string remarque, bool vautPourLesEllipses = true) {
     rapport_.Ligne({"*** Attention : ", remarque});
+    if (vautPourLesEllipses) donnees_.remarquesDesEllipses.push_back(remarque);
     donnees_.remarques.push_back(std::move(remarque));
   }
 
@@ -125,7 +126,8 @@ void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const Exigence
   if (!CoordonneesSontDuTableau(contexte))
     remarques.Dire(
         Joindre({"les coordonnées de "_w, contexte.Nom(".FAJ"), " ne sont pas celles du tableau ", contexte.Nom(".BRT"),
-                 " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}));
+                 " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}),
+        false);
   EcarterLiens(contexte, remarques, donnees);
   EcarterArbre(rapport, contexte, exigences, remarques, donnees);
 }

@@ -1,6 +1,7 @@
 #include "factor/plan/graphe.h"
 
 #include "core/dessin/svg.h"
+#include "core/programme/ancienrapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::factor {
@@ -178,15 +179,19 @@ bool DemandeDesLiens(const OptionsGraphe& options) {
 }
 
 Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
+  const AncienRapport ancien(contexte, ".PRT");
   std::optional<DonneesPlan> donnees =
       PrepGraphe(contexte, {DemandeDesLiens(options) && !options.liensDeLignes, options.cah != CahDuGraphe::Aucune});
   if (!donnees) return Fin::Arret;
   EtatPlan etat = NouveauPlan(std::move(*donnees));
-  if (const std::string refus = Regler(options, etat); !refus.empty())
-    return Continuer(contexte, [&](Rapport& rapport) {
+  if (const std::string refus = Regler(options, etat); !refus.empty()) {
+    const Fin fin = Continuer(contexte, [&](Rapport& rapport) {
       Avertir(rapport, contexte.Ecran(), refus);
       throw Erreur(kArretAnnonce);
     });
+    if (ancien.Existait()) ancien.Remettre();
+    return fin;
+  }
   if (!ActualiserEllipses(contexte, etat)) return Fin::Arret;
   ReglerCadre(options, etat);
   return Continuer(contexte, [&](Rapport&) { EcrireImage(contexte, etat, options); });

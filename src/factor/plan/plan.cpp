@@ -330,6 +330,7 @@ DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
   demande.horizontal = {reglages.horizontal.facteur, reglages.horizontal.inverse};
   demande.vertical = {reglages.vertical.facteur, reglages.vertical.inverse};
   demande.echelle = etat.donnees.echelle;
+  demande.remarques = etat.donnees.remarquesDesEllipses;
   demande.choix = reglages.ellipses;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
     if (reglages.marques[i] != kMarqueColonne || !etat.donnees.points[i].place) continue;

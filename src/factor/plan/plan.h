@@ -45,7 +45,8 @@ struct DonneesPlan {
   std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
   std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
-  std::vector<std::string> remarques;  // what is not of the same state of the table, with what to run again
+  std::vector<std::string> remarques;             // what is not of the same state of the table, with what to run again
+  std::vector<std::string> remarquesDesEllipses;  // the same without the coordinates, which ellipses don't take
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
 };

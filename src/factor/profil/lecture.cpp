@@ -158,7 +158,14 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   LecteurLignes lecteur(brt);
   for (std::size_t i = 0; i < mod.modalites.size(); ++i) {
     const std::string_view ligne = lecteur.LireObligatoire();
-    const auto cellule = [&](std::size_t j) { return ValeurDe(Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur)); };
+    const auto cellule = [&](std::size_t j) {
+      const std::string_view texte = Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur);
+      const bool lisible = texte.size() == largeur && (Rogner(texte).empty() || EstNombre(texte));
+      if (!lisible && comptes.illisibles++ == 0)
+        comptes.premiereIllisible =
+            Joindre({"ligne ", Nombre(i + 1), ", colonne ", Nombre(j + 1), " (", Rogner(texte), ")"});
+      return ValeurDe(texte);
+    };
     comptes.effectifs.push_back(cellule(i));
     for (std::size_t k = 0; k < choisies.size(); ++k)
       if (choisies[k] == i)

@@ -133,7 +133,15 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
   if (!fichiers.donnees) {
     if (parametres.burt == 0) ExigerBurt(rapport, contexte, *fichiers.brt, mod);
     ExigerTableDuMod(*fichiers.brt, mod, parametres);
-    return LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
+    ComptesDeProfil comptes =
+        LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
+    if (comptes.illisibles > 0)
+      contexte.Ecran().demander(
+          Joindre({"Cellules de ", contexte.Nom(".BRT"), " qui ne sont pas des nombres : ", Nombre(comptes.illisibles),
+                   ", la première "_w, comptes.premiereIllisible,
+                   ". Elles comptent pour 0, ou jusqu'au premier signe de trop : refaites le tableau"}),
+          Boutons::Ok);
+    return comptes;
   }
   const std::vector<CodeDeModalite> codes = ExigerCodes(rapport, contexte, mod, *pos);
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());

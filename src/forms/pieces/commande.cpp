@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
@@ -77,6 +78,8 @@ QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::strin
   bouton->setAutoDefault(false);
   if (QBoxLayout* rangee = RangeeDe(lancer.parentWidget()->layout(), lancer))
     rangee->insertWidget(rangee->indexOf(&lancer), bouton);
+  else if (auto* grille = qobject_cast<QGridLayout*>(lancer.parentWidget()->layout()))
+    grille->addWidget(bouton, grille->rowCount(), 0, 1, -1);
   else if (QLayout* disposition = lancer.parentWidget()->layout()) disposition->addWidget(bouton);
   QWidget::setTabOrder(&lancer, bouton);
   QObject::connect(bouton, &QPushButton::clicked, &fenetre,

@@ -7,6 +7,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/programme/refus.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "modalities/creation/choix.h"
@@ -69,7 +70,7 @@ std::unordered_set<std::string> ModalitesPrevues(const Contexte& contexte, const
     std::vector<std::string> inconnues;
     const ChoixQuestions choix = ChoixDesNoms(pos, ModePosmod::Modi, *passe.questions, {}, inconnues);
     for (const std::string& ligne : inconnues) rapport.Ligne(ligne);
-    if (!inconnues.empty()) throw Erreur(kArretAnnonce);
+    if (!inconnues.empty()) throw Refus();
     for (const ModaliteCreee& modalite : PlanifierModalites(pos, choix, passe.codesZero).modalites)
       noms.insert(modalite.nom);
   }
@@ -82,7 +83,10 @@ void ExigerModalitesConnues(const Contexte& contexte, const OptionsNomeMod& opti
   for (const ModaliteNommee& modalite : LireToutesModalites(contexte).modalites)
     noms.emplace(NomDeTexte(modalite.texte));
   for (const auto& [nom, intitule] : options.intitules)
-    if (!noms.contains(CadreGauche(nom, 4))) Arreter(rapport, PhraseInconnue(nom));
+    if (!noms.contains(CadreGauche(nom, 4))) {
+      rapport.Ligne(PhraseInconnue(nom));
+      throw Refus();
+    }
 }
 
 ListeModalites ListeNouvelle(std::size_t modalites) {

@@ -255,6 +255,13 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
+  if (bilan.douteuses.nombre > 0)
+    contexte.Ecran().demander(
+        Joindre({"Cellules regroupées qui ne sont pas des nombres entiers, ou sont coupées : "_w,
+                 Nombre(bilan.douteuses.nombre), ", la première "_w, bilan.douteuses.premiere,
+                 ". Un texte ou ce qui manque compte pour 0, et les sommes sont arrondies : vérifiez "_w,
+                 contexte.Nom(".BRT")}),
+        Boutons::Ok);
   EcrireFin(contexte, rapport, nouveau);
 }
 

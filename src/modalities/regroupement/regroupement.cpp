@@ -26,25 +26,38 @@ double ValeurDeCellule(std::string_view cellule) {
   return valeur;
 }
 
+// Whether a cell counts for another number than the one that it shows, or is cut.
+bool EstDouteuse(std::string_view cellule, std::size_t largeur) {
+  if (cellule.size() < largeur) return true;
+  if (cellule.find_first_not_of(" 0123456789") == std::string_view::npos) return false;
+  return !EstNombre(cellule) || ValeurDe(cellule) != ArrondirPair(ValeurDe(cellule));
+}
+
 // A row after the columns have been grouped.
 class Rangee {
  public:
-  Rangee(const PlanDeRegroupement& plan, int largeur)
-      : plan_(plan), largeur_(largeur), avecGroupe_(plan.AvecColonnes()) {
+  Rangee(const PlanDeRegroupement& plan, int largeur, CellulesDouteuses& douteuses)
+      : plan_(plan), largeur_(largeur), avecGroupe_(plan.AvecColonnes()), douteuses_(douteuses) {
     cellules_ =
         static_cast<std::size_t>(std::count(plan.colonnes.begin(), plan.colonnes.end(), 0)) + (avecGroupe_ ? 1 : 0);
   }
 
-  // Builds the row; false when the sum of its marked cells does not fit.
-  bool Lire(std::string_view ligne) {
+  // Builds the row of that rank; false when the sum of its marked cells does not fit. All cells of a marked one are
+  // added up.
+  bool Lire(std::string_view ligne, std::int64_t rang, bool ligneMarquee) {
     const auto ancienne = static_cast<std::size_t>(plan_.ancienneLargeur);
     const auto largeur = static_cast<std::size_t>(largeur_);
     texte_ = CadreGauche(ligne, kLargeurNom);
     double somme = 0;
     std::size_t colonne = kLargeurNom;
+    std::size_t numero = 0;
     for (const char marquee : plan_.colonnes) {
       const std::string_view cellule = colonne < ligne.size() ? ligne.substr(colonne, ancienne) : std::string_view{};
       colonne += ancienne;
+      ++numero;
+      if ((marquee != 0 || ligneMarquee) && EstDouteuse(cellule, ancienne) && douteuses_.nombre++ == 0)
+        douteuses_.premiere =
+            Joindre({"ligne ", Nombre(rang + 1), ", colonne ", Nombre(numero), " (", Rogner(cellule), ")"});
       if (marquee != 0) {
         somme += ValeurDeCellule(cellule);
       } else {
@@ -78,6 +91,7 @@ class Rangee {
   const PlanDeRegroupement& plan_;
   int largeur_;
   bool avecGroupe_;
+  CellulesDouteuses& douteuses_;
   std::size_t cellules_ = 0;
   std::string texte_;
 };
@@ -117,7 +131,7 @@ bool PlanDeRegroupement::AvecLignes() const { return Marque(lignes); }
 BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan, int largeur, Ecrivain& sortie) {
   if (plan.ancienneLargeur < 1) throw Erreur(kArgumentIncorrect);
   BilanDeRegroupement bilan;
-  Rangee rangee(plan, largeur);
+  Rangee rangee(plan, largeur, bilan.douteuses);
   Groupe groupe;
   const bool groupeActif = GroupeActif(plan);
   bool groupeEcrit = !plan.AvecLignes();
@@ -138,11 +152,13 @@ BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan,
     if (Rogner(ligne).empty()) continue;
     const bool active = rang < plan.lignesActives;
     if (!active && groupeActif && !groupeEcrit && rang > derniereMarquee) ecrireGroupe();
-    if (!rangee.Lire(ligne)) {
+    const bool marquee =
+        static_cast<std::size_t>(rang) < plan.lignes.size() && plan.lignes[static_cast<std::size_t>(rang)] != 0;
+    if (!rangee.Lire(ligne, rang, marquee)) {
       bilan.colonneTropLarge = true;
       return bilan;
     }
-    if (static_cast<std::size_t>(rang) < plan.lignes.size() && plan.lignes[static_cast<std::size_t>(rang)] != 0) {
+    if (marquee) {
       groupe.Ajouter(rangee);
       bilan.lignes.push_back({rangee.Nom(), rangee.Frequence()});
       bilan.frequence += bilan.lignes.back().frequence;

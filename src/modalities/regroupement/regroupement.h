@@ -28,6 +28,12 @@ struct LigneGroupee {
   double frequence = 0;  // its cell in the group's column, or its first cell
 };
 
+// Cells that are added up and hold no whole number, and what short rows lack.
+struct CellulesDouteuses {
+  std::int64_t nombre = 0;
+  std::string premiere;  // where the first of them stands
+};
+
 struct BilanDeRegroupement {
   bool colonneTropLarge = false;  // a sum of columns does not fit: the rest is unset
   bool ligneTropLarge = false;    // a sum of rows does not fit
@@ -35,6 +41,7 @@ struct BilanDeRegroupement {
   double frequence = 0;        // of the group
   std::int64_t rangees = 0;    // rows written
   std::int64_t lignesSup = 0;  // of them, supplementary
+  CellulesDouteuses douteuses;
 };
 
 // Writes the new table with cells of that width. Raises kArgumentIncorrect for a width below 1 and the failures of

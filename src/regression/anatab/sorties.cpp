@@ -1,8 +1,6 @@
 #include "regression/anatab/sorties.h"
 
-#include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "core/programme/erreur.h"
 
@@ -55,51 +53,6 @@ Observations ObservationsDe(const std::vector<Comptee>& comptees, const Fiches& 
     observations.reponses.push_back(ValeurDuCaractere(fiche[fiche.size() - 2]));
   }
   return observations;
-}
-
-std::vector<std::size_t> ParametresIndistincts(const Observations& observations) {
-  constexpr double kRien = 1e-9;  // of regressors that are small integers
-  const std::size_t constante = observations.parametres;
-  // Reduced rows, each with a 1 at its pivot where all others have a 0.
-  std::vector<std::vector<double>> base;
-  std::vector<std::size_t> pivots;
-  std::vector<bool> presents(constante + 1);
-  for (std::size_t s = 0; s < observations.Profils() && base.size() <= constante; ++s) {
-    std::vector<double> ligne(constante + 1);
-    ligne[constante] = 1;
-    for (const Observations::Terme& terme : observations.Termes(s)) ligne[terme.rang] = terme.valeur;
-    for (std::size_t j = 0; j < constante; ++j) presents[j] = presents[j] || ligne[j] != 0;
-    const auto retrancher = [](std::vector<double>& de, const std::vector<double>& autre, std::size_t pivot) {
-      const double facteur = de[pivot];
-      for (std::size_t j = 0; j < de.size(); ++j) de[j] -= facteur * autre[j];
-    };
-    for (std::size_t i = 0; i < base.size(); ++i) retrancher(ligne, base[i], pivots[i]);
-    const auto place =
-        std::max_element(ligne.begin(), ligne.end(), [](double a, double b) { return std::fabs(a) < std::fabs(b); });
-    if (std::fabs(*place) < kRien) continue;
-    const auto pivot = static_cast<std::size_t>(place - ligne.begin());
-    const double diviseur = *place;
-    for (double& x : ligne) x /= diviseur;
-    for (std::vector<double>& autre : base) retrancher(autre, ligne, pivot);
-    base.push_back(std::move(ligne));
-    pivots.push_back(pivot);
-  }
-  if (base.size() > constante) return {};
-
-  // A column without a pivot is free, and so is whatever a row ties to it.
-  std::vector<bool> libres(constante + 1, true);
-  for (const std::size_t pivot : pivots) libres[pivot] = false;
-  std::vector<bool> indistincts(constante + 1);
-  for (std::size_t j = 0; j <= constante; ++j) {
-    if (!libres[j]) continue;
-    indistincts[j] = true;
-    for (std::size_t i = 0; i < base.size(); ++i)
-      if (std::fabs(base[i][j]) > kRien) indistincts[pivots[i]] = true;
-  }
-  std::vector<std::size_t> rangs;
-  for (std::size_t j = 0; j < constante; ++j)
-    if (indistincts[j] && presents[j]) rangs.push_back(j);
-  return rangs;
 }
 
 TestsDuModele TesterLeModele(const Observations& observations, const ModeleAjuste& ajuste,

@@ -27,10 +27,6 @@ std::vector<std::size_t> RangsDesParametres(const Modele& modele);
 // The rows of the likelihood: one for each record that the analysis kept.
 Observations ObservationsDe(const std::vector<Comptee>& comptees, const Fiches& fiches, const Modele& modele);
 
-// The parameters that the profiles do not determine, though each of them is in some: another set of values, equal in
-// all but these, gives every profile the same score.
-std::vector<std::size_t> ParametresIndistincts(const Observations& observations);
-
 struct TestDeVraisemblance {
   double khi2 = 0;
   crosstab::ProbabiliteKhi2 probabilite;

@@ -5,6 +5,7 @@
 #include "core/texte/nombres.h"
 #include "regression/anatab/sorties.h"
 #include "regression/logistique/edition.h"
+#include "regression/logistique/indistincts.h"
 
 namespace quelvar::regression {
 

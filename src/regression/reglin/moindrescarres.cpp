@@ -37,6 +37,10 @@ double ErreurRelative(const Matrice& moments, const Matrice& inverse) {
   return liaison * std::sqrt(moments(constante, constante)) * std::numeric_limits<double>::epsilon();
 }
 
+// Below so many units of the last place of the mean square of the explained values, with those that the sums have lost,
+// a residual variance is nothing but rounding.
+constexpr double kResteDArrondi = 64 * std::numeric_limits<double>::epsilon();
+
 // From here on not one digit of the inverse can be told from rounding.
 constexpr double kErreurToleree = 0.05;
 
@@ -149,7 +153,6 @@ int ChiffresSurs(const Matrice& moments, const Matrice& inverse) {
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse) {
   const std::size_t p = moments.Lignes() - 2;
   const std::size_t y = p + 1;
-  if (dispersion.constantes[y]) throw Erreur(kDivisionParZero);
   AjustementLineaire a;
   a.explicatives = p;
   a.individus = dispersion.individus;
@@ -161,6 +164,14 @@ AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersio
     for (std::size_t j = 0; j < p; ++j) a.expliquee += a.parametres[i] * a.parametres[j] * dispersion.covariances(i, j);
   a.residuelle = a.totale - a.expliquee;
   a.degres = a.individus - static_cast<double>(p) - 1;
+  const double arrondi = kResteDArrondi * std::sqrt(a.individus) * moments(y, y) / a.individus;
+  a.exact = !dispersion.constantes[y] && std::fabs(a.residuelle) < arrondi;
+  return a;
+}
+
+void TesterAjustement(const Matrice& inverse, AjustementLineaire& a) {
+  if (a.totale == 0) throw Erreur(kDivisionParZero);
+  const std::size_t p = a.explicatives;
   a.f = Diviser(a.expliquee * a.degres, a.residuelle) / static_cast<double>(p);
   if (a.f < 0) throw Erreur(kArgumentIncorrect);
   for (std::size_t i = 0; i <= p; ++i) {
@@ -168,7 +179,6 @@ AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersio
     if (variance < 0) throw Erreur(kArgumentIncorrect);
     a.ecartsTypes.push_back(std::sqrt(variance));
   }
-  return a;
 }
 
 double ProbabiliteF(double f, double degres1, double degres2) {

@@ -66,15 +66,18 @@ struct AjustementLineaire {
   double totale = 0;                // variances, divided by the number of individuals
   double expliquee = 0;
   double residuelle = 0;
-  double degres = 0;  // of the residual
+  double degres = 0;   // of the residual
+  bool exact = false;  // the variables explain all but what rounding leaves
   double f = 0;
 
   double R2() const { return expliquee / totale; }
 };
 
-// Fits by the inverse of the moments. Raises kDivisionParZero where a division has 0 below, as for an explained
-// variable that is always the same, kArgumentIncorrect for a variance that rounding has made negative.
+// Fits by the inverse of the moments: parameters and variances.
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse);
+// Adds the F ratio and the standard errors. Raises kDivisionParZero where a division has 0 below, as for an explained
+// variable that is always the same, kArgumentIncorrect for a variance that rounding has made negative.
+void TesterAjustement(const Matrice& inverse, AjustementLineaire& a);
 
 // Upper tail of an F ratio. Raises kArgumentIncorrect for a negative ratio.
 // Source: M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions", 26.6.15 and 26.2.19, the correction for

@@ -1,7 +1,9 @@
 #include "regression/reglin/reglin.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "core/enquete/coherence.h"
@@ -83,6 +85,31 @@ struct Fautifs {
   std::int64_t nombre = 0;
 };
 
+// Individuals that have a field without any digit, which counts as 0.
+struct SansChiffre {
+  std::int64_t individus = 0;
+  std::int64_t premier = 0;  // rank
+  std::string variable;      // of the first
+
+  void Voir(std::string_view ligne, const VariablesDeRegression& variables, std::int64_t rang) {
+    const Variable* const trouvee = VariableSansChiffre(ligne, variables);
+    if (trouvee == nullptr) return;
+    if (++individus > 1) return;
+    premier = rang;
+    variable = Rogner(trouvee->nom);
+  }
+};
+
+void PrevenirDesVides(const Contexte& contexte, const SansChiffre& vides) {
+  if (vides.individus == 0) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : ", Nombre(vides.individus),
+               " individus ont une valeur sans chiffre, qui compte pour 0 (le premier est l'individu ",
+               Nombre(vides.premier), ", variable ", vides.variable, ")"}),
+      Boutons::Ok);
+}
+
 // What a line does not hold is no 0.
 void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
   if (fautifs.nombre == 0) return;
@@ -98,12 +125,13 @@ void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
 struct Lecture {
   Moments moments;
   Fautifs fautifs;  // the moments are not whole when there are some
+  SansChiffre vides;
 };
 
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
 Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
                     const std::function<void(std::string_view)>& suivre) {
-  Lecture lecture{Moments(variables.explicatives.size()), {}};
+  Lecture lecture{Moments(variables.explicatives.size()), {}, {}};
   std::vector<double> valeurs(lecture.moments.Ordre());
   Fautifs& fautifs = lecture.fautifs;
   LecteurLignes lecteur(donnees);
@@ -114,6 +142,7 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
     if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
     if (fautifs.nombre > 0) continue;
     LireValeurs(ligne, variables, valeurs);
+    if (std::find(valeurs.begin(), valeurs.end(), 0.0) != valeurs.end()) lecture.vides.Voir(ligne, variables, rang);
     if (suivre) suivre(ligne);
     lecture.moments.Ajouter(valeurs);
   }
@@ -137,6 +166,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   Progression progression(contexte.Ecran(), individus);
   Lecture lecture = LireMoments(donnees, variables, progression, suivre);
   ExigerDesLignesEntieres(rapport, lecture.fautifs);
+  PrevenirDesVides(contexte, lecture.vides);
   return std::move(lecture.moments);
 }
 
@@ -157,7 +187,13 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
          Nombre(chiffres), chiffres > 1 ? " chiffres sûrs"_w : " chiffre sûr"_w});
     rapport.Ligne();
   }
-  const AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
+  AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
+  if (ajustement.exact) {
+    rapport.Ligne(
+        "*** Attention : les variables explicatives expliquent tout, F et les tests ne tiennent qu'aux arrondis"_w);
+    rapport.Ligne();
+  }
+  TesterAjustement(*inverse, ajustement);
   ImprimerVariance(rapport, ajustement,
                    ajustement.f == 0 ? std::string_view{} : TexteDeF(ProbabiliteF(ajustement.f, p, ajustement.degres)));
   ImprimerParametres(rapport, variables, ajustement);

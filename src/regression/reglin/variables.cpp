@@ -57,6 +57,15 @@ std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::siz
   return Milieu(ligne, kLargeurIdentifiant + rang * largeur + 1, largeur);
 }
 
+const Variable* VariableSansChiffre(std::string_view ligne, const VariablesDeRegression& variables) {
+  const auto sansChiffre = [&](const Variable& variable) {
+    return TexteDuChamp(ligne, variable.rang, variables.largeur).find_first_of("0123456789") == std::string_view::npos;
+  };
+  const auto trouvee = std::find_if(variables.explicatives.begin(), variables.explicatives.end(), sansChiffre);
+  if (trouvee != variables.explicatives.end()) return &*trouvee;
+  return sansChiffre(variables.Expliquee()) ? &variables.Expliquee() : nullptr;
+}
+
 double ValeurDuChamp(std::string_view champ) {
   std::size_t i = 0;
   while (i < champ.size() && champ[i] == ' ') ++i;

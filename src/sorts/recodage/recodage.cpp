@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/refus.h"
 #include "core/session/generique.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
@@ -178,8 +179,9 @@ TailleNeuve TailleDe(const Consignes& consignes, const BilanDePasse& bilan) {
   return {bilan.ecrites, reduite ? bilan.retenus : AncienCompteRetenu(consignes.pos.taille.avantPonderation, bilan)};
 }
 
-// A file of nobody is made neither by a filter nor by weights of 0.
-void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& consignes, const BilanDePasse& bilan) {
+// A file of nobody is made neither by a filter nor by weights of 0; the report of a generic that is there stays.
+void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& consignes, const Noms& noms,
+                   const BilanDePasse& bilan) {
   const bool sansPoids = consignes.ponderation && bilan.sortie == 0;
   if (bilan.entree == 0 || (bilan.retenus > 0 && !sansPoids)) return;
   contexte.Ecran().biper();
@@ -191,6 +193,7 @@ void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& 
                    " donne un poids nul à tous les individus, aucun fichier n'est créé ni modifié"_w});
     rapport.Ligne({"Corrigez la pondération et relancez, le générique reste "_w, contexte.generique});
   }
+  if (ChercherFichier(contexte.repertoire, noms.Neuf(".REC"))) throw Refus();
   throw Erreur(kArretAnnonce);
 }
 
@@ -238,7 +241,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   JeuDeFichiers sorties(contexte.repertoire, noms.nouveau);
   Ecrivain& sortie = sorties.Ouvrir(noms.Neuf(".DAT"), Nature::Refaisable);
   const BilanDePasse bilan = Passer(contexte, consignes, plan, *donnees, sortie, avertisseur);
-  ExigerRetenus(contexte, rapport, consignes, bilan);
+  ExigerRetenus(contexte, rapport, consignes, noms, bilan);
   EcrireBilan(rapport, consignes, bilan, avertisseur);
   EcrirePosNeuf(sorties.Ouvrir(noms.Neuf(".POS"), Nature::Unique), consignes, plan, TailleDe(consignes, bilan),
                 noms.nouveau);

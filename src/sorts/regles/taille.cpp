@@ -21,9 +21,10 @@ void LirePonderation(std::string_view ligne, std::string& haut, ConsignesTaille&
   const std::size_t egal = haut.find_first_not_of(' ', fin);
   if (egal != std::string::npos && haut[egal] == '=') {
     const std::size_t nom = std::min(haut.find_first_not_of(' ', egal + 1), haut.size());
-    consignes.question = RognerDroite(std::string_view(haut).substr(nom, 3));
-    consignes.commeTapee = RognerDroite(ligne.substr(nom, 3));
-    fin = std::min(nom + 3, haut.size());
+    // Three columns, but not those of the next keyword.
+    fin = std::min({nom + 3, haut.size(), haut.find(" MAX", nom)});
+    consignes.question = RognerDroite(std::string_view(haut).substr(nom, fin - nom));
+    consignes.commeTapee = RognerDroite(ligne.substr(nom, fin - nom));
   }
   std::fill(haut.begin() + static_cast<std::ptrdiff_t>(pond), haut.begin() + static_cast<std::ptrdiff_t>(fin), ' ');
 }

@@ -1,6 +1,7 @@
 #include "text/commun/source.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <utility>
 
@@ -39,19 +40,74 @@ TexteConverti Convertir(std::string_view utf8) {
   return converti;
 }
 
+void AjouterUtf8(std::string& utf8, char32_t point) {
+  constexpr std::array<char32_t, 3> kAuDela = {0x80, 0x800, 0x10000};
+  constexpr std::array<unsigned, 4> kTetes = {0, 0xC0, 0xE0, 0xF0};
+  const auto suite =
+      static_cast<std::size_t>(std::upper_bound(kAuDela.begin(), kAuDela.end(), point) - kAuDela.begin());
+  const auto octet = [&](unsigned tete, std::size_t rang, unsigned masque) {
+    utf8 += static_cast<char>(tete | (static_cast<unsigned>(point >> (6 * rang)) & masque));
+  };
+  octet(kTetes[suite], suite, 0x7F);
+  for (std::size_t rang = suite; rang-- > 0;) octet(0x80, rang, 0x3F);
+}
+
 }  // namespace
+
+std::optional<Utf16> EstUtf16(std::string_view octets) {
+  if (octets.starts_with("\xFF\xFE")) return Utf16::PetitBout;
+  if (octets.starts_with("\xFE\xFF")) return Utf16::GrosBout;
+  // Without a mark: a Latin text has a zero in nearly every second byte, and none in the others.
+  std::array<std::size_t, 2> zeros{};
+  for (std::size_t i = octets.find('\0'); i < octets.size(); i = octets.find('\0', i + 1)) ++zeros[i % 2];
+  constexpr std::size_t kAssez = 8;
+  const std::size_t caracteres = octets.size() / 2;
+  if (caracteres < kAssez) return std::nullopt;
+  if (zeros[1] * 2 > caracteres && zeros[0] * 20 < caracteres) return Utf16::PetitBout;
+  if (zeros[0] * 2 > caracteres && zeros[1] * 20 < caracteres) return Utf16::GrosBout;
+  return std::nullopt;
+}
+
+std::string Utf8DepuisUtf16(std::string_view octets, Utf16 sens) {
+  constexpr char32_t kMarque = 0xFEFF;
+  constexpr char32_t kInconnu = 0xFFFD;
+  const std::size_t fort = sens == Utf16::GrosBout ? 0 : 1;
+  const auto unite = [&](std::size_t i) -> char32_t {
+    return static_cast<unsigned>(static_cast<unsigned char>(octets[i + fort])) << 8U |
+           static_cast<unsigned char>(octets[i + 1 - fort]);
+  };
+  std::string utf8;
+  utf8.reserve(octets.size());
+  for (std::size_t i = 0; i + 1 < octets.size(); i += 2) {
+    char32_t point = unite(i);
+    if (i == 0 && point == kMarque) continue;
+    if (point >= 0xD800 && point < 0xE000) {
+      const char32_t bas = point < 0xDC00 && i + 3 < octets.size() ? unite(i + 2) : 0;
+      const bool paire = bas >= 0xDC00 && bas < 0xE000;
+      point = paire ? 0x10000 + ((point - 0xD800) << 10U) + (bas - 0xDC00) : kInconnu;
+      if (paire) i += 2;
+    }
+    AjouterUtf8(utf8, point);
+  }
+  return utf8;
+}
 
 std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
   std::string octets = LireOctets(chemin);
-  if (!EstUtf8(octets)) return octets;
+  const std::optional<Utf16> seize = EstUtf16(octets);
+  if (!EstAConvertir(octets)) return octets;
+  const std::string_view codage = seize ? "UTF-16" : "UTF-8";
   const Reponse reponse = contexte.Ecran().demander(
-      Joindre({"Le fichier ", nom, " est en UTF-8 : chaque lettre accentuée y occupe plusieurs caractères.\r\n"_w,
+      Joindre({"Le fichier ", nom, " est en ", codage,
+               seize ? " : chaque lettre y occupe deux caractères.\r\n"_w
+                     : " : chaque lettre accentuée y occupe plusieurs caractères.\r\n"_w,
                "Faut-il le convertir à la lecture ? (le fichier lui-même reste comme il est)"_w}),
       Boutons::OuiNon);
   if (reponse != Reponse::Oui) {
-    rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en UTF-8"});
+    rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage});
     throw Erreur(kArretAnnonce);
   }
+  if (seize) octets = Utf8DepuisUtf16(octets, *seize);
   TexteConverti converti = Convertir(octets);
   if (converti.perdus > 0)
     rapport.Ligne({"*** Attention : ", Nombre(converti.perdus), " caractère(s) de "_w, nom,

@@ -50,6 +50,7 @@ LigneDeConcordance Couper(const Plan& plan, std::string_view ligne) {
 void Lire(const Chemin& chemin, bool tr1, Concordances& concordances) {
   std::vector<std::string> champs;
   for (const std::string& mot : concordances.mots) champs.push_back(CadreGauche(mot, kLargeurMot));
+  std::vector<bool> trouves(champs.size());
   std::optional<Plan> plan;
   LecteurLignes lecteur(chemin);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
@@ -61,9 +62,15 @@ void Lire(const Chemin& chemin, bool tr1, Concordances& concordances) {
     }
     if (!plan->Tient(ligne)) continue;
     const std::string_view mot = ligne.substr(plan->mot, kLargeurMot);
-    if (std::find(champs.begin(), champs.end(), mot) != champs.end())
-      concordances.lignes.push_back(Couper(*plan, ligne));
+    const auto cherche = std::find(champs.begin(), champs.end(), mot);
+    if (cherche == champs.end()) continue;
+    trouves[static_cast<std::size_t>(cherche - champs.begin())] = true;
+    concordances.lignes.push_back(Couper(*plan, ligne));
   }
+  for (std::size_t i = 0; i < champs.size(); ++i)
+    if (!trouves[i] && std::find(champs.begin(), champs.begin() + static_cast<std::ptrdiff_t>(i), champs[i]) ==
+                           champs.begin() + static_cast<std::ptrdiff_t>(i))
+      concordances.absents.push_back(concordances.mots[i]);
 }
 
 // The words before, from the nearest to the farthest.
@@ -128,6 +135,11 @@ std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcord
   if (!concordances.faute.empty()) return concordances.faute + "\r\n";
   std::string texte = Joindre({"Concordance de : ", noms, "\r\n", Nombre(concordances.lignes.size()), " ligne(s) de ",
                                concordances.source, "\r\n"});
+  if (!concordances.absents.empty()) {
+    texte += concordances.absents.size() > 1 ? "Mots absents :" : "Mot absent :";
+    for (const std::string& mot : concordances.absents) texte += " " + mot;
+    texte += "\r\n";
+  }
   std::vector<std::uint32_t> rangs = RangsDansLOrdre(concordances, ordre);
   if (rangs.size() > auPlus) {
     rangs.resize(auPlus);
@@ -156,6 +168,10 @@ std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
 
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
+    if (options.mots.empty()) {
+      rapport.Ligne("*** Aucun mot n'est donné : indiquer ceux dont on veut la concordance"_w);
+      throw Erreur(kArretAnnonce);
+    }
     if (!options.sortie.empty()) ExigerSortie(rapport, contexte, options);
     const Concordances concordances = ChercherConcordances(contexte, options.mots);
     const std::string texte = TexteDeConcordances(concordances, options.ordre);

@@ -20,9 +20,10 @@ struct LigneDeConcordance {
 };
 
 struct Concordances {
-  std::vector<std::string> mots;  // looked for
-  std::string source;             // name of the file read
-  std::string faute;              // why there are no lines to read; empty otherwise
+  std::vector<std::string> mots;       // looked for
+  std::vector<std::string> absents{};  // of those, the ones that no line has
+  std::string source;                  // name of the file read
+  std::string faute;                   // why there are no lines to read; empty otherwise
   std::vector<LigneDeConcordance> lignes;
 };
 

@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "core/document/affichage.h"
+#include "text/commun/lignes.h"
+#include "text/commun/source.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
 
@@ -13,6 +15,19 @@ namespace {
 
 constexpr int kLignesMontrees = 10;
 constexpr int kLargeurFrequence = 8;
+
+// The head of the text as the program will read it, converted.
+std::string TeteDuTexte(const Chemin& chemin) {
+  constexpr std::size_t kTete = std::size_t{1} << 16;
+  std::string octets = LireMorceau(chemin, 0, kTete);
+  const std::optional<Utf16> seize = EstUtf16(octets);
+  if (!seize && octets.size() == kTete) octets.resize(octets.rfind('\n') + 1 > 0 ? octets.rfind('\n') + 1 : kTete);
+  if (!seize && !EstUtf8(octets)) return octets;
+  if (seize) octets = Utf8DepuisUtf16(octets, *seize);
+  std::string_view utf8 = octets;
+  OterMarqueUtf8(utf8);
+  return DepuisUtf8(utf8);
+}
 
 MotCompte Montrer(const std::string& champ, std::int64_t frequence) {
   const std::string mot(RognerDroite(champ));
@@ -28,16 +43,13 @@ ApercuDuTexte ApercevoirTexte(const Contexte& contexte) {
     apercu.faute = Joindre({"*** Arrêt du programme : le fichier "_w, contexte.Nom(".TXT"), " n'existe pas"});
     return apercu;
   }
+  const std::string tete = TeteDuTexte(*chemin);
   std::string lignes;
   std::size_t longueur = 0;
-  LecteurLignes lecteur(*chemin);
+  LignesDuTexte lecteur(tete);
   std::string_view ligne;
   for (int i = 0; i < kLignesMontrees && lecteur.Lire(ligne); ++i) {
-    // As the program will read it, converted.
-    const bool utf8 = EstUtf8(ligne);
-    if (utf8) OterMarqueUtf8(ligne);
-    const std::string lue = utf8 ? DepuisUtf8(ligne) : std::string(ligne);
-    const std::string_view montree = std::string_view(lue).substr(0, kRegleMaximum);
+    const std::string_view montree = ligne.substr(0, kRegleMaximum);
     longueur = std::max(longueur, montree.size());
     lignes += Joindre({montree, "\r\n"});
   }

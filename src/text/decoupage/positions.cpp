@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::string_view kNomDuStimulus = "STI";
 constexpr std::size_t kNom = 3;
-constexpr int kPosition = 4;
 
 // The column of the stimulus among the characteristics; 0 in mode 1.
 int ColonneDuStimulus(const Gabarit& gabarit) {

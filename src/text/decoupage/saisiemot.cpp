@@ -71,8 +71,7 @@ void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
 }
 
 // The questions of the former position file, if there is one.
-std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(Rapport& rapport, const Contexte& contexte,
-                                                                    const Gabarit& gabarit) {
+std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contexte& contexte, const Gabarit& gabarit) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) return std::nullopt;
   const FichierPos pos = LirePos(*chemin);
@@ -82,9 +81,9 @@ std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(Rapport& rap
   if (auDela.empty()) return questions;
   std::string noms;
   for (const std::string& nom : auDela) noms += ' ' + nom;
-  Avertir(rapport, contexte.Ecran(),
-          Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ", contexte.Nom(".POS"),
-                   " hors des caractéristiques, non reprise(s) :"_w, noms}));
+  contexte.Ecran().demander(Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ",
+                                     contexte.Nom(".POS"), " hors des caractéristiques, non reprise(s) :"_w, noms}),
+                            Boutons::Ok);
   return questions;
 }
 
@@ -162,6 +161,12 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   const std::uint64_t longueur = LongueurFichier(texte);
   ExigerPlace(contexte, rapport, {2 * longueur + longueur / 5 * 2 * sizeof(Mot), 0});
   const std::string octets = PrendreTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
+  if (octets.find('\n') == std::string::npos && octets.find('\r') < octets.size() - 1) {
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arrêt du programme : les lignes de "_w, contexte.Nom(".TXT"),
+                     " finissent par un retour chariot seul, l'enregistrer avec des fins de ligne ordinaires"}));
+    throw Erreur(kArretAnnonce);
+  }
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
@@ -216,7 +221,7 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   EcrireNoms(rapport, contexte, options);
   EcrireMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
-  std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(rapport, contexte, gabarit);
+  std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(contexte, gabarit);
   ConfirmerRemplacement(rapport, contexte);
 
   Corpus corpus = Couper(rapport, contexte, options, texte);
@@ -256,7 +261,8 @@ std::string RefusDeDecouper(const OptionsSaisieMot& options) {
 std::vector<std::string> ReponsesAuDecoupage(const Contexte& contexte, const OptionsSaisieMot& options) {
   std::vector<std::string> reponses;
   if (RemplaceUneEnquete(contexte)) reponses.emplace_back("Oui");
-  if (const auto texte = contexte.Chercher(".TXT"); texte && EstUtf8(LireOctets(*texte))) reponses.emplace_back("Oui");
+  if (const auto texte = contexte.Chercher(".TXT"); texte && EstAConvertir(LireOctets(*texte)))
+    reponses.emplace_back("Oui");
   std::optional<std::vector<QuestionDesMots>> questions;
   std::vector<std::string> auDela;
   if (const auto pos = contexte.Chercher(".POS"))

@@ -6,7 +6,6 @@ namespace {
 
 using O = OptionsSaisieMot;
 
-constexpr int kColonneLaPlusHaute = 32767;
 constexpr int kLignesAuPlus = 9999;
 
 // The boxes of the form come first; nothing runs before them.

@@ -6,6 +6,9 @@
 
 namespace quelvar::text {
 
+inline constexpr int kColonneLaPlusHaute = 32767;
+inline constexpr int kLignesProposees = 20;  // of one individual, by the form
+
 const Description<OptionsSaisieMot>& DescriptionSaisieMot();
 
 // The equivalent command with the answers to the boxes that the run would open.

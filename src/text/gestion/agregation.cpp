@@ -92,6 +92,12 @@ std::string ChampDeFrequence(Agregation& agregation, double frequence) {
   return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kFrequence, 0);
 }
 
+// The label of a row as the analysis has it in its files.
+std::string_view IntituleDAnalyse(const LigneDeTable& ligne) {
+  constexpr std::size_t kIntitule = 25;
+  return RognerDroite(Rogner(ligne.intitule).substr(0, kIntitule));
+}
+
 // Key of each row for the sort asked for. Signed contributions are moved above zero, so that the order of their texts
 // is that of their values; a row that is not on the factor has a blank key.
 std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriDeLignes& tri) {
@@ -108,7 +114,7 @@ std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriD
       case CleDeLignes::Frequence: cles.push_back(utilities::CleDe(CadreDroit(Rogner(ligne.nom), kCle))); break;
       case CleDeLignes::Intitule: cles.push_back(utilities::CleDe(CadreGauche(intitule, kCle))); break;
       case CleDeLignes::Facteur: {
-        const auto trouvee = contributions.find(intitule);
+        const auto trouvee = contributions.find(IntituleDAnalyse(ligne));
         cles.push_back(utilities::CleDe(trouvee == contributions.end() ? std::string()
                                                                        : EntierDroit(kMilieu + trouvee->second, kCle)));
       }
@@ -120,7 +126,7 @@ std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriD
 bool AUneLigneDuTableau(const Agregation& agregation) {
   const std::vector<std::string>& connus = agregation.facteurs->intitules;
   return std::any_of(agregation.table.lignes.begin(), agregation.table.lignes.end(), [&](const LigneDeTable& ligne) {
-    return std::find(connus.begin(), connus.end(), Rogner(ligne.intitule)) != connus.end();
+    return std::find(connus.begin(), connus.end(), IntituleDAnalyse(ligne)) != connus.end();
   });
 }
 
@@ -145,7 +151,9 @@ void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std:
       sorties.Copier(*source, nouveau + std::string(extension), Nature::Unique);
   ListeModalites mod = table.mod;
   mod.titre = nouveau;
-  mod.parametres = ParametresDeTable(table.lignes.size(), table.Colonnes(), table.lignesSup, table.largeur);
+  mod.parametres =
+      ParametresDeTable(table.lignes.size(), table.Colonnes(),
+                        std::min(table.lignesSup, static_cast<std::int64_t>(table.lignes.size())), table.largeur);
   EcrireListeModalites(sorties.Ouvrir(nouveau + ".MOD", Nature::Unique), mod);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
   sorties.Valider();
@@ -157,14 +165,15 @@ void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agre
   EcrireChangementDeGenerique(rapport, contexte, nouveau);
 }
 
-// Rows behind the merged one are supplementary by their number only: the user is told that they move.
+// Supplementary rows are so by their number only, the last ones: the user is told that merges and sorts move others
+// there.
 void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agregation) {
   if (agregation.table.lignesSup <= 0) return;
   contexte.Ecran().demander(
       Joindre(
           {"Ce tableau a ", Nombre(agregation.table.lignesSup),
            " ligne(s) supplémentaire(s), les dernières : une ligne agrégée se met à la fin et devient supplémentaire "
-           "à la place d'une autre. Vérifiez-les dans la gestion des colonnes et lignes."_w}),
+           "à la place d'une autre, un tri les déplace. Vérifiez-les dans la gestion des colonnes et lignes."_w}),
       Boutons::Ok);
 }
 
@@ -178,7 +187,10 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
   }
   for (const std::string& nom : action.lignes)
     agregation.table.lignes[TrouverLigne(agregation.table, nom, rapport)].marquee = true;
-  Agreger(agregation, action.intitule);
+  const std::string_view refus = Agreger(agregation, action.intitule);
+  if (refus.empty() || action.lignes.empty()) return;  // without a row the account says so, and the end of the run
+  rapport.Ligne({"*** ", refus});
+  throw Erreur(kArretAnnonce);
 }
 
 }  // namespace
@@ -204,6 +216,7 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
     agregation.compteRendu.emplace_back("*** Absence de traitement des lignes");
     return "Il n'y a pas de mots à regrouper"_w;
   }
+  if (Rogner(intitule).empty()) return "Il faut indiquer le nom qu'aura la ligne agrégation des lignes sélectionnées"_w;
   DireLesMarquees(agregation);
   const Somme somme = SommeDesMarquees(table);
   const auto tropLarge = [&](double valeur) {

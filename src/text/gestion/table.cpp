@@ -57,6 +57,30 @@ Lecture LireAvec(const TableGeree& table, std::size_t largeur) {
   return lecture;
 }
 
+// Whether a number of the cells has a blank behind it: they stand beside their columns, or are typed to the left.
+bool AUnNombreAGauche(std::string_view cellules, std::size_t largeur) {
+  for (; !cellules.empty(); cellules.remove_prefix(largeur))
+    if (cellules[largeur - 1] == ' ' && !Rogner(cellules.substr(0, largeur)).empty()) return true;
+  return false;
+}
+
+// A sentence on the first row whose cells are not those of the other rows.
+std::string FauteDUneLigne(const Contexte& contexte, const TableGeree& table) {
+  const auto largeur = static_cast<std::size_t>(table.largeur);
+  const bool aDroite = std::any_of(table.lignes.begin(), table.lignes.end(),
+                                   [&](const LigneDeTable& ligne) { return SontDesNombres(ligne.cellules, largeur); });
+  for (std::size_t i = 0; i < table.lignes.size(); ++i) {
+    const std::string& cellules = table.lignes[i].cellules;
+    const bool autre = cellules.find_first_not_of(kSignesDeNombre) != std::string::npos;
+    if (!autre && !(aDroite && AUnNombreAGauche(cellules, largeur))) continue;
+    return Joindre({"La ligne ", Nombre(i + 1), " de ", contexte.Nom(".BRT"),
+                    autre ? " a autre chose que des nombres dans ses cases"_w : " a des cases décalées"_w,
+                    " : elle ne va pas avec ", contexte.Nom(".MOD"), " (", Nombre(table.Colonnes()),
+                    " colonnes, FMT=", Nombre(table.largeur), ")"});
+  }
+  return {};
+}
+
 // A sentence when the cells are not those of the width that the .MOD announces; a blank cell alone is no fault.
 std::string FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
   constexpr int kPlusLarge = 12;
@@ -70,12 +94,7 @@ std::string FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
                       contexte.Nom(".MOD"), " en annonce ", Nombre(table.largeur), " (FMT=", Nombre(table.largeur),
                       ") : refaites le tableau, ou corrigez FMT="});
   }
-  for (std::size_t i = 0; i < table.lignes.size(); ++i)
-    if (table.lignes[i].cellules.find_first_not_of(kSignesDeNombre) != std::string::npos)
-      return Joindre({"La ligne ", Nombre(i + 1), " de ", contexte.Nom(".BRT"),
-                      " a autre chose que des nombres dans ses cases : elle ne va pas avec "_w, contexte.Nom(".MOD"),
-                      " (", Nombre(table.Colonnes()), " colonnes, FMT=", Nombre(table.largeur), ")"});
-  return {};
+  return FauteDUneLigne(contexte, table);
 }
 
 void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouverte) {
@@ -107,6 +126,13 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   const ParametresMod parametres = LireParametres(ouverte.table.mod.parametres);
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
+  if (parametres.burt >= 1) {
+    ouverte.message = {std::string(kErreur),
+                       Joindre({contexte.Nom(".MOD"), " est d'un tableau de Burt (BRT=", Nombre(parametres.burt),
+                                "), dont les lignes sont aussi les colonnes : employez la modification des modalités, "
+                                "ou celle du tableau de Burt"_w})};
+    return;
+  }
   if (parametres.largeur < 1) {
     ouverte.message = {std::string(kErreur),
                        Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")})};

@@ -69,6 +69,11 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
   if (!options.actives) {
     for (std::size_t i = 0; i < pos.questions.size(); ++i)
       if (pos.questions[i].statut == Statut::Actif) actives.push_back(i);
+    for (const std::size_t rang : actives) {
+      const std::string& nom = pos.questions[rang].nom;
+      if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
+        Arreter(rapport, contexte, FauteHomonymes(nom, pos.questions, rangs));
+    }
     return actives;
   }
   for (const std::string& nom : *options.actives) {

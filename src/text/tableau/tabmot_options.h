@@ -6,6 +6,8 @@
 
 namespace quelvar::text {
 
+inline constexpr int kFrequenceLaPlusHaute = 99999999;
+
 const Description<OptionsTabMot>& DescriptionTabMot();
 
 }  // namespace quelvar::text

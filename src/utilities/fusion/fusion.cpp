@@ -201,6 +201,7 @@ struct BilanAppareillement {
   std::int64_t incomplets = 0;
   bool resteDeA = false;  // lines of A were left when B ended
   bool resteDeB = false;  // the line in hand of B found none of A
+  std::string lieu;       // of what is left
 };
 
 BilanAppareillement Appareiller(const Travail& travail, const Identifiants& identifiants, Ecrivain& sortie) {
@@ -210,12 +211,20 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
   BilanAppareillement bilan;
   std::string_view ligneB;
   bool enMain = b.Lire(ligneB);
+  std::int64_t rangDeB = 1;
+  std::int64_t depuis = 1;  // line of A from which the one in hand of B is looked for
   for (std::string_view ligneA; a.Lire(ligneA); ++bilan.lignes) {
     EcrireLigneDeA(travail, ligneA, sortie);
-    bilan.resteDeA = bilan.resteDeA || !enMain;
+    if (!enMain && !bilan.resteDeA) {
+      bilan.resteDeA = true;
+      bilan.lieu = Joindre({"Première ligne de A derrière la fin de B : "_w, Nombre(bilan.lignes + 1), ", numéro "_w,
+                            identifiants.DeA(ligneA)});
+    }
     if (enMain && identifiants.DeA(ligneA) == identifiants.DeB(ligneB)) {
       sortie.Ligne(ligneB);
       enMain = b.Lire(ligneB);
+      ++rangDeB;
+      depuis = bilan.lignes + 2;
     } else {
       Repeter(sortie, '0', travail.b.plusLongue);
       sortie.FinDeLigne();
@@ -224,6 +233,10 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
     avancement.Avancer(ligneA.size());
   }
   bilan.resteDeB = enMain;
+  if (enMain)
+    bilan.lieu = Joindre({"Ligne ", Nombre(rangDeB), " de B, numéro "_w, identifiants.DeB(ligneB),
+                          " : aucune ligne de A n'a ce numéro à partir de la ligne "_w, Nombre(depuis),
+                          ". Les deux fichiers doivent être dans le même ordre"_w});
   return bilan;
 }
 
@@ -235,6 +248,7 @@ void FusionnerParNumero(const Travail& travail) {
     c.Laisser();
     travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
                                          : "*** ERREUR Fichier B non terminé"_w);
+    Prevenir(travail.contexte, bilan.lieu);
     Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
   }
   c.Valider(LignesPosCoteACote(travail, bilan.lignes));
@@ -242,8 +256,6 @@ void FusionnerParNumero(const Travail& travail) {
   travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
-
-void Prevenir(const Contexte& contexte, Texte message) { contexte.Ecran().demander(message, Boutons::Ok); }
 
 // What the .POS of the result can't tell by itself; its lines are those of A and B.
 void PrevenirDuPos(const Travail& travail) {

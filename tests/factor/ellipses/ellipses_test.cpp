@@ -145,12 +145,14 @@ TEST(PourcentageObserve, CountsThePointsInside) {
 }
 
 TEST_F(RunEllipses, AxesMayBeExchanged) {
+  demande_.remarques = {"ENQ.PEM est plus ancien"};
   demande_.horizontal.facteur = 2;
   demande_.vertical.facteur = 1;
   demande_.modalites[0] = {"A1  ", "Oui", -500, 400};
   const auto ellipses = Calculer();
   ASSERT_TRUE(ellipses);
   EXPECT_DOUBLE_EQ(ellipses->at(0).centre.x, 0) << "the mean of the individuals";
+  EXPECT_TRUE(Lire("ENQ.PRT").find("*** Attention : ENQ.PEM est plus ancien\r\n") != std::string::npos);
   EXPECT_DOUBLE_EQ(ellipses->at(0).axes.angle, std::numbers::pi / 2);
 }
 

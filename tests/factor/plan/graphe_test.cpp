@@ -224,6 +224,17 @@ TEST(WardCoupe, IndividualsOfOtherData) {
   EXPECT_NE(coupe("1\n2\n2\n1\n").find("*** Attention : l'individu 2 de ENQ.DAT n'a pas"), std::string::npos);
 }
 
+TEST(Graphe, AMarkThatIsNotThereLeavesTheFormerReport) {
+  Enquete enquete;
+  Croiser(enquete);
+  ASSERT_EQ(Anecar(enquete.LeContexte(), {}), Fin::Normale);
+  enquete.Avec(".PRT", "coupe d'avant\r\n");
+  OptionsGraphe options;
+  options.marques = {"ZZZ"};
+  EXPECT_EQ(Graphe(enquete.LeContexte(), options), Fin::Arret);
+  EXPECT_EQ(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT"), "coupe d'avant\r\n");
+}
+
 TEST(Graphe, AgesAreToldBeyondAMoment) {
   Enquete enquete;
   Croiser(enquete);

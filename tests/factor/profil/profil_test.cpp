@@ -157,6 +157,12 @@ TEST_F(RunProfil, WithoutDataOnlyABurtTableHasAProfile) {
   }
   Ecrire("ENQ.BRT", "OUI  40  0\r\nNON   0 40\r\n");  // one without BRT= all the same
   EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Normale);
+  EXPECT_TRUE(boites_.empty());
+  Ecrire("ENQ.BRT", "OUI  40abc\r\nNON   0 40\r\n");
+  EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("qui ne sont pas des nombres : 1, la premi"), std::string::npos);
+  EXPECT_NE(boites_[0].find("ligne 1, colonne 2 (abc)"), std::string::npos);
 }
 
 TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {

@@ -53,17 +53,6 @@ class BureauDEnquete : public Bureau {
   }
 };
 
-// The line that the button shows.
-QString Commande(const QWidget& forme, Pilote& pilote) {
-  QString commande;
-  pilote.Faire([&](QDialog& boite) {
-    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
-    boite.reject();
-  });
-  Cliquer(forme, "BoutCommande");
-  return commande;
-}
-
 Fichiers Executer(const QString& commande, const std::filesystem::path& depart) {
   const DossierTemporaire dossier;
   std::filesystem::copy(depart, dossier.Chemin() / "copie", std::filesystem::copy_options::recursive);
@@ -84,7 +73,7 @@ struct CasDeCommande {
   const char* lancer;
   void (*regler)(const QWidget& forme, Pilote& pilote);
   const char* contient;           // of the line
-  const char* reponse = nullptr;  // to the question of the launch
+  const char* reponse = nullptr;  // to the box of the launch
 };
 
 void Intituler(const QWidget& forme, int ligne, const QString& texte) {
@@ -222,12 +211,13 @@ const CasDeCommande kCas[] = {
      },
      "caracteres ENQ a=ENQ.DAT"},
     {"Gendat", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptGendat"); }, "gendat ENQ", "Oui"},
-    {"Inversion", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptInvers"); }, "inversion ENQ"},
+    {"Inversion", "mnuUtil", "Lancer", [](const QWidget& f, Pilote&) { Cliquer(f, "OptInvers"); }, "inversion ENQ",
+     "OK"},
     {"InversionEnTriangle", "mnuUtil", "Lancer",
      [](const QWidget& f, Pilote&) {
        Cliquer(f, {"OptInvers", "CheckTrg"});
      },
-     "trg=oui"},
+     "trg=oui", "OK"},
     {"ExamenDUnTableau", "mnuUtil", "Lancer",
      [](const QWidget& f, Pilote&) {
        Cliquer(f, {"OptEcapem", "OptNoms", "OptCour4"});
@@ -247,7 +237,7 @@ TEST_P(VoirLaCommande, FaitLesMemesOctetsQueLeFormulaire) {
   ASSERT_NE(forme, nullptr);
   Pilote pilote;
   cas.regler(*forme, pilote);
-  const QString commande = Commande(*forme, pilote);
+  const QString commande = CommandeMontree(pilote, *forme);
   EXPECT_TRUE(commande.startsWith("quelvar-batch ")) << commande.toStdString();
   EXPECT_TRUE(commande.contains(cas.contient)) << commande.toStdString();
   if (cas.reponse != nullptr) pilote.Cliquer(cas.reponse);

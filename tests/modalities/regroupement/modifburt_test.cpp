@@ -77,6 +77,23 @@ TEST_F(RunModifBurt, AGroupDoesNotTakeTheNameOfAnotherElement) {
           {{"A"}, {"L1", "L2"}, "AB", "L1", "AB00 du regroupement est déjà celui d'une colonne"_w}});
 }
 
+TEST_F(RunModifBurt, CellsThatAreNotAddedUpAsTheyStandAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 FMT=3 \r\nA\r\nB\r\n");
+  Ecrire("ENQ.BRT", "L1    1  2\r\nL2  1.5abc\r\nL3    4\r\n");
+  OptionsModifBurt options;
+  options.lignes = {"L1", "L2", "L3"};
+  options.nomLigne = "Tout";
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.BRT"), "Tout  6  2\r\n");
+  ASSERT_FALSE(boites_.empty());
+  EXPECT_NE(boites_.back().find(std::string(" : 3, la première ligne 2, colonne 1 (1.5)"_w)), std::string::npos);
+  for (const char* reste : {"ENR.BRT", "ENR.MOD"}) Effacer(reste);
+  boites_.clear();
+  options.lignes = {"L1"};
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale);
+  EXPECT_TRUE(boites_.empty()) << "cells that are copied stay as they are";
+}
+
 TEST_F(RunModifBurt, AnUnknownMarkOrAFullDiskMovesNothing) {
   EcrireTable();
   const auto avant = Fichiers();

@@ -61,6 +61,8 @@ TEST_F(RunRecodage, NamesAreFoundTrimmedAndExactlyFirst) {
       {" 1 INCL 0=1\nW10   1 9\n W1   2 9\n", "123\r\n", "0 1"},
       {" 1 INCL W=1\nW10   1 9\n W1   2 9\n", "", "Le nom W est celui de 2 questions, aux positions 1 et 2"},
       {" 1 POND=lec MAX\nLEC   2 9\nlec   1 9\n", "123\r\n", "utilisant la question lec"},
+      {" 1 POND=P MAX INCL A=2\nP     2 9\nA     2 9\n", "123\r\n123\r\n", "utilisant la question P"},
+      {" 1 MAX POND=P INCL A=2\nP     2 9\nA     2 9\n", "123\r\n123\r\n", "utilisant la question P"},
       {" 1 INCL W1=x\nW1    1 9\n", "", "le code 'x' de l'"},
       {" 1 INCL W1=\nW1    1 9\n", "", "le code '' de l'"},
       {" 1 INCL W1=-1\nW1    1 9\n", "", "le code '-1' de l'"},
@@ -120,8 +122,10 @@ TEST_F(RunRecodage, WeightsOfZeroMakeNoFile) {
   Ecrire("ENQ.POS", "T\n 2 POND=PDS INCL AAA=1\nAAA   1 2 S\nPDS   2 2\n");
   Ecrire("ENQ.DAT", "10\n22\n");
   Ecrire("ENR.DAT", "ancien");
+  Ecrire("ENR.REC", "ancien rapport");
   EXPECT_EQ(Executer(), Fin::Arret);
   EXPECT_TRUE(Dit("donne un poids nul")) << montre_;
+  EXPECT_EQ(Lire("ENR.REC"), "ancien rapport");
   EXPECT_EQ(Lire("ENR.DAT"), "ancien");
 }
 

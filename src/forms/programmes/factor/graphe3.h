@@ -7,6 +7,7 @@
 #include "factor/plan/graphe.h"
 #include "forms/cadre/services.h"
 #include "forms/pieces/brouillon.h"
+#include "modalities/regroupement/modifburt.h"
 
 class QLineEdit;
 
@@ -57,6 +58,7 @@ class Graphe3 : public Forme {
   void PrendreMarques();
   void RefaireMarques();
   // Merges the marked elements into a new generic, told and confirmed first.
+  modalities::OptionsModifBurt Association() const;
   void Associer();
   QString Infobulle(const QPointF& page) const;
 

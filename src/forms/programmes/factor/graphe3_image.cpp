@@ -8,7 +8,7 @@
 #include "forms/programmes/factor/graphe3.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/texte/texte_qt.h"
-#include "modalities/regroupement/modifburt.h"
+#include "modalities/regroupement/modifburt_options.h"
 #include "ui_graphe3.h"
 
 namespace quelvar::forms {
@@ -116,19 +116,25 @@ void Graphe3::CouperLaClassification() {
   if (!nouveau.empty()) services_.adopterGenerique(nouveau);
 }
 
-void Graphe3::Associer() {
+modalities::OptionsModifBurt Graphe3::Association() const {
   modalities::OptionsModifBurt options;
-  std::vector<std::string> colonnes;
-  std::vector<std::string> lignes;
   for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i) {
     const std::string& nom = etat_.donnees.points[i].nom;
-    (i < etat_.donnees.colonnes ? colonnes : lignes).push_back(nom);
     if (etat_.reglages.marques[i] == 0) continue;
     if (i < etat_.donnees.colonnes) options.colonnes.push_back(nom);
     else if (!etat_.donnees.Individus()) options.lignes.push_back(nom);
   }
   options.nomColonne = DepuisQt(ui_->TextNouvCol->text());
   options.nomLigne = DepuisQt(ui_->TextNouvNom->text());
+  return options;
+}
+
+void Graphe3::Associer() {
+  modalities::OptionsModifBurt options = Association();
+  std::vector<std::string> colonnes;
+  std::vector<std::string> lignes;
+  for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i)
+    (i < etat_.donnees.colonnes ? colonnes : lignes).push_back(etat_.donnees.points[i].nom);
   if (const std::string refus = modalities::RefusDuNom(options, colonnes, lignes); !refus.empty()) {
     services_.ecran.biper();
     return ui_->Information->setPlainText(VersQt(refus));
@@ -165,6 +171,8 @@ void Graphe3::RelierFichiers() {
                    return Coupe();
                  },
                  {QStringLiteral("BoutCommandeCAH"), QStringLiteral("Voir la commande de la coupe")});
+  RelierCommande(*ui_->BoutonAssoc, modalities::DescriptionModifBurt(), contexte_, [this] { return Association(); },
+                 {QStringLiteral("BoutCommandeAssoc"), QStringLiteral("Voir la commande du regroupement")});
   RelierQuitter(*ui_->BoutonQuitter);
   AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
 }

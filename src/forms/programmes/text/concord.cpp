@@ -31,13 +31,15 @@ Concord::Concord(Services& services, text::Concordances concordances)
   connect(ui_->BoutChercher, &QPushButton::clicked, this, &Concord::Chercher);
   connect(ui_->BoutCopier, &QPushButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(Texte()); });
   connect(ui_->BoutEnregS, &QPushButton::clicked, this, &Concord::Enregistrer);
-  RelierCommande(*ui_->BoutEnregS, text::DescriptionConcordance(), contexte_, [this] {
-    return text::OptionsConcordance{concordances_.mots, Ordre()};
+  AjouterVoirLaCommande(*ui_->BoutEnregS, [this] {
+    for (const std::string& mot : concordances_.mots)
+      if (mot.find_first_of(" ,") != std::string::npos)
+        return std::string("(aucune : un mot contient une virgule ou un blanc)");
+    return CommandeEquivalente(text::DescriptionConcordance(), contexte_.generique, contexte_.niveau,
+                               text::OptionsConcordance{concordances_.mots, Ordre()});
   });
   RelierQuitter(*ui_->BoutQuitter);
-  QStringList mots;
-  for (const std::string& mot : concordances_.mots) mots << VersQt(mot);
-  ui_->TextMots->setText(mots.join(u' '));
+  ui_->TextMots->setText(Mots());
   ui_->TextInfo->setFocus();
   MontrerTexte();
 }
@@ -60,8 +62,16 @@ QString Concord::Texte() const {
   return texte.remove('\r');
 }
 
+QString Concord::Mots() const {
+  QStringList mots;
+  for (const std::string& mot : concordances_.mots) mots << VersQt(mot);
+  return mots.join(u' ');
+}
+
 void Concord::Chercher() {
-  const std::vector<std::string> mots = text::MotsSepares(DepuisQt(ui_->TextMots->text()), " ,");
+  // A word that came from a list, as it stands there, may hold a comma.
+  const QString tapes = ui_->TextMots->text();
+  const std::vector<std::string> mots = tapes == Mots() ? concordances_.mots : text::MotsSepares(DepuisQt(tapes), " ,");
   if (mots.empty()) return services_.ecran.biper();
   try {
     concordances_ = text::ChercherConcordances(contexte_, mots);

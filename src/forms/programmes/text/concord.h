@@ -22,6 +22,7 @@ class Concord : public Forme {
  private:
   text::OrdreDeConcordance Ordre() const;
   void MontrerTexte();
+  QString Mots() const;   // as the field of the words shows them
   QString Texte() const;  // all lines
   void Chercher();
   void Enregistrer();

@@ -15,10 +15,8 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr int kLignesProposees = 20;
-
 int Colonne(const QLineEdit& champ) {
-  return static_cast<int>(std::clamp(ValeurDe(DepuisQt(champ.text())), 0.0, 32767.0));
+  return static_cast<int>(std::clamp(ValeurDe(DepuisQt(champ.text())), 0.0, double{text::kColonneLaPlusHaute}));
 }
 
 }  // namespace
@@ -29,7 +27,7 @@ SaisieMot::SaisieMot(Services& services)
   ui_->OpNonNote->setObjectName(QStringLiteral("OpNonNoté"));
   for (QWidget* fixe : std::initializer_list<QWidget*>{ui_->Verif, ui_->ListMots})
     fixe->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  for (int lignes = 1; lignes <= kLignesProposees; ++lignes) ui_->CbLignMax->addItem(QString::number(lignes));
+  for (int lignes = 1; lignes <= text::kLignesProposees; ++lignes) ui_->CbLignMax->addItem(QString::number(lignes));
   ui_->FrOptSp->setVisible(services.session.niveau == 2);
   RelierStimulus();
   for (const text::MotCompte& mot : mots_) ui_->ListMots->addItem(VersQt(mot.texte));

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QShortcut>
 
 #include "forms/pieces/commande.h"
@@ -27,10 +28,13 @@ SuplMot::SuplMot(Services& services)
   for (QListWidget* liste : {ui_->ListColSuppl, ui_->ListLignSuppl})
     liste->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   connect(ui_->ListColSuppl, &QListWidget::itemClicked, this, &SuplMot::BasculerColonnes);
-  // A list of rows is chosen with the Shift or Ctrl key, and flips at the release of the mouse.
-  connect(ui_->ListLignSuppl, &QListWidget::itemClicked, this, [this] {
-    if (QGuiApplication::keyboardModifiers() == Qt::NoModifier) BasculerLignes();
+  // A click flips its row, with the Shift key the rows up to it; a list that the mouse is drawn over flips at its
+  // release.
+  connect(ui_->ListLignSuppl, &QListWidget::itemClicked, this, [this](const QListWidgetItem* element) {
+    if (QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier)) BasculerLigne(*element);
+    else BasculerLignes();
   });
+  ui_->ListLignSuppl->viewport()->installEventFilter(this);
   const auto barre = [this](QListWidget* liste, void (SuplMot::*basculer)()) {
     auto* espace = new QShortcut(Qt::Key_Space, liste);
     espace->setContext(Qt::WidgetShortcut);
@@ -102,14 +106,28 @@ void SuplMot::BasculerColonnes() {
   colonnes_->Montrer(colonne);
 }
 
+void SuplMot::BasculerLigne(const QListWidgetItem& element) {
+  const int ligne = ui_->ListLignSuppl->row(&element);
+  text::BasculerLigne(ouverte_.table, Rang(ligne));
+  modifie_ = true;
+  MontrerLigne(ligne);
+  lignes_->Montrer(ligne);
+}
+
 void SuplMot::BasculerLignes() {
-  for (const QListWidgetItem* element : ui_->ListLignSuppl->selectedItems()) {
-    const int ligne = ui_->ListLignSuppl->row(element);
-    text::BasculerLigne(ouverte_.table, Rang(ligne));
-    modifie_ = true;
-    MontrerLigne(ligne);
-    lignes_->Montrer(ligne);
+  for (const QListWidgetItem* element : ui_->ListLignSuppl->selectedItems()) BasculerLigne(*element);
+}
+
+bool SuplMot::eventFilter(QObject* objet, QEvent* evenement) {
+  const QEvent::Type type = evenement->type();
+  if (objet == ui_->ListLignSuppl->viewport() &&
+      (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease)) {
+    const auto& souris = static_cast<const QMouseEvent&>(*evenement);
+    const QListWidgetItem* sous = ui_->ListLignSuppl->itemAt(souris.position().toPoint());
+    if (type == QEvent::MouseButtonPress) appuyee_ = sous;
+    else if (souris.button() == Qt::LeftButton && appuyee_ != nullptr && sous != appuyee_) BasculerLignes();
   }
+  return Forme::eventFilter(objet, evenement);
 }
 
 void SuplMot::Enregistrer() {

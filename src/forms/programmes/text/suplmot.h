@@ -21,10 +21,12 @@ class SuplMot : public Forme {
   explicit SuplMot(Services& services);
   ~SuplMot() override;
   bool ATravail() const override { return modifie_; }
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
 
  private:
   void PreparerEdition();
   void BasculerColonnes();
+  void BasculerLigne(const QListWidgetItem& element);
   void BasculerLignes();
   void MontrerColonne(int colonne);
   void MontrerLigne(int ligne);
@@ -35,6 +37,7 @@ class SuplMot : public Forme {
   std::unique_ptr<Ui::SuplMot> ui_;
   EditionListe* colonnes_ = nullptr;
   EditionListe* lignes_ = nullptr;
+  const QListWidgetItem* appuyee_ = nullptr;  // the row under the last press of the mouse
   bool modifie_ = false;
 };
 

@@ -48,8 +48,10 @@ void TabMot::MontrerListes() {
 text::OptionsTabMot TabMot::Options() const {
   text::OptionsTabMot options;
   options.actives = NomsDesQuestions(pos_, choix_, Statut::Actif);
-  options.frequenceMin = static_cast<int>(std::clamp(ValeurDe(DepuisQt(ui_->TBFreq->text())), 0.0, 99999999.0));
+  options.frequenceMin =
+      static_cast<int>(std::clamp(ValeurDe(DepuisQt(ui_->TBFreq->text())), 0.0, double{text::kFrequenceLaPlusHaute}));
   options.codesZero = ui_->OpCodZY->isChecked();
+  options.limite = services_.session.limiteDepassements;
   return options;
 }
 
@@ -70,16 +72,17 @@ void TabMot::LancerTabMot() {
 void OuvrirTabMot(Services& services) {
   const Contexte contexte = services.ContexteEnCours();
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  const auto lancer = [&services] {
+    services.Lancer(
+        [&services](const Contexte& lance) { text::TabMot(lance, {.limite = services.session.limiteDepassements}); });
+  };
   // Without its files, or at level 1, the program speaks at once.
-  if (contexte.niveau == 1 || !chemin || !contexte.Chercher(".DAT")) {
-    services.Lancer([](const Contexte& lance) { text::TabMot(lance, {}); });
-    return;
-  }
+  if (contexte.niveau == 1 || !chemin || !contexte.Chercher(".DAT")) return lancer();
   if (!FairePlace<TabMot>(services)) return;
   try {
     Montrer<TabMot>(services, LirePos(*chemin));
   } catch (const Erreur&) {  // told by the report
-    services.Lancer([](const Contexte& lance) { text::TabMot(lance, {}); });
+    lancer();
   }
 }
 

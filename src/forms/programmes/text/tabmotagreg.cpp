@@ -93,7 +93,9 @@ void TabMotAgreg::NoterLAgregation() {
 }
 
 void TabMotAgreg::EnregistrerLigne() {
-  NoterLAgregation();
+  // A demand without a row stands in the account; one without a name is not taken.
+  if (!ui_->TextModLign->text().trimmed().isEmpty() || ui_->ListLignSuppl->selectedItems().isEmpty())
+    NoterLAgregation();
   const std::string_view refus = text::Agreger(ouverte_.agregation, DepuisQt(ui_->TextModLign->text()));
   if (!refus.empty()) services_.ecran.biper();
   Dire(refus);

@@ -226,7 +226,7 @@ void Utilitaires::LancerTri() {
       services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return;
   if (Complet(utilities::RefusDuFormulaire(options)))
-    Executer([&] { return utilities::TriFichier(contexte_, options); });
+    Executer([&] { return utilities::TriDesUtilitaires(contexte_, options); });
 }
 
 void Utilitaires::LancerExport() {

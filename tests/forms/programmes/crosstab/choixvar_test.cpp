@@ -6,7 +6,6 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -238,15 +237,7 @@ TEST(Graphe2, VoirLaCommande) {
   Graphe2& forme = bureau.Graphe();
   essai::VerifierControles(forme);
   Pilote pilote;
-  const auto commande = [&] {
-    QString ligne;
-    pilote.Faire([&](QDialog& boite) {
-      ligne = Bureau::Dans<QLineEdit>(boite, "Commande").text();
-      boite.reject();
-    });
-    Cliquer(forme, "BoutCommande");
-    return ligne;
-  };
+  const auto commande = [&] { return essai::CommandeMontree(pilote, forme); };
   const QString ligne = commande();
   pilote.Choisir(QString::fromStdString((bureau.Dossier() / "ENQ.svg").string()));
   pilote.Cliquer("OK");

@@ -90,6 +90,8 @@ TEST(Association, FromTheMarksToTheFactorsOfTheNewGeneric) {
       pilote.Vues()[0].startsWith("Colonnes qui vont être regroupées : LEC2, LEC3\n   sous le nom Lit  (Lit peu)"))
       << pilote.Vues()[0].toStdString();
   EXPECT_FALSE(bureau.Existe("ENR.BRT"));
+  const QString commande = essai::CommandeMontree(pilote, forme, "BoutCommandeAssoc");
+  EXPECT_TRUE(commande.contains(" modifburt ENQ ") && commande.contains("LEC2,LEC3")) << commande.toStdString();
   pilote.Cliquer("Oui");
   Cliquer(forme, "BoutonAssoc");
   EXPECT_EQ(LignesDe(bureau.Lire("ENR.BRT")), (QStringList{"SEX15032", "SEX20514", "LEC13140", "Lit 2406"}));

@@ -250,6 +250,8 @@ TEST(Graphe3, Classification) {
   Cliquer(forme, "CmdCahMoins");
   EXPECT_EQ(Ecrits(forme), QStringList({"A1", "A2"}));
   Cliquer(forme, "CmdCahPlus");
+  Pilote pilote;
+  EXPECT_TRUE(essai::CommandeMontree(pilote, forme, "BoutCommandeCAH").endsWith(" ward-coupe ENQ niveau=2"));
   Cliquer(forme, "BoutonCAH");
   EXPECT_TRUE(bureau.Texte().contains("Aggrégation niveau    2\n$$G 1\n"));
   EXPECT_NE(bureau.Forme<Graphe3>(), nullptr);

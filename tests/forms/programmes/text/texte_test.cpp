@@ -69,8 +69,9 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   CliquerLigne(table, "ListVar1", 0);
   Cliquer(table, "BoutActPlus");
   Taper(table, "TBFreq", "1");
+  bureau_.Fenetre().ServicesDesFormes().session.limiteDepassements = 0;  // as the creation of modalities chose it
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, table, [&] { Cliquer(table, "CbLancer"); }),
-            "quelvar-batch --niveau 2 tabmot ENR questions=SEX frequence=1");
+            "quelvar-batch --niveau 2 tabmot ENR questions=SEX frequence=1 limite=0");
   EXPECT_TRUE(bureau_.Texte().contains("Nombre de mots écrits en sortie  8 ")) << bureau_.Texte().toStdString();
 
   auto& lignes = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
@@ -101,6 +102,8 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   Cliquer(*concordance, "BoutQuitter");
   auto& liste = Bureau::Dans<QListWidget>(lignes, "ListLignSuppl");
   for (const int ligne : {6, 7}) liste.item(ligne)->setSelected(true);
+  Cliquer(lignes, "BtEnreg");
+  EXPECT_TRUE(Etiquette(lignes, "TextMsg").startsWith("Il faut indiquer le nom"));
   Taper(lignes, "TextModLign", "travail");
   Cliquer(lignes, "BtEnreg");
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, lignes, [&] { Cliquer(lignes, "BtFin"); }),
@@ -133,6 +136,17 @@ TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
             "quelvar-batch --niveau 2 saisiemot ENQ position=1 vides=supprimees auxiliaires=oui");
 }
 
+TEST_F(FormesDuTexte, UnMotQuiContientUneVirguleSeCherche) {
+  bureau_.Ecrire("ENQ.DAT", "1oui,oui,      $$" + std::string(30, '*') + "oui, non" + std::string(37, ' ') + "\r\n");
+  OuvrirConcord(bureau_.Fenetre().ServicesDesFormes(), {"oui,"});
+  auto* concordance = bureau_.Forme<Concord>();
+  ASSERT_NE(concordance, nullptr);
+  for (int fois = 0; fois < 2; ++fois) {
+    EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo").toPlainText().contains("1 ligne(s) de ENQ.DAT"));
+    Cliquer(*concordance, "BoutChercher");
+  }
+}
+
 TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n");
   bureau_.Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n");
@@ -141,6 +155,17 @@ TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   CliquerLigne(forme, "ListLignSuppl", 0);
   EXPECT_EQ(Lignes(forme, "ListColSuppl"), (QStringList{"SEX1   H", "SEX2 S F"}));
   EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2 S un", "   3   deux"}));
+  auto& liste = Bureau::Dans<QListWidget>(forme, "ListLignSuppl");
+  const auto milieu = [&](int ligne) { return liste.visualItemRect(liste.item(ligne)).center(); };
+  QTest::mouseClick(liste.viewport(), Qt::LeftButton, Qt::ShiftModifier, milieu(1));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2   un", "   3 S deux"}));
+  QTest::mouseClick(liste.viewport(), Qt::LeftButton, Qt::ControlModifier, milieu(0));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2 S un", "   3 S deux"}));
+  QTest::mousePress(liste.viewport(), Qt::LeftButton, {}, milieu(0));
+  QTest::mouseMove(liste.viewport(), milieu(1));
+  QTest::mouseRelease(liste.viewport(), Qt::LeftButton, {}, milieu(1));
+  EXPECT_EQ(Lignes(forme, "ListLignSuppl"), (QStringList{"   2   un", "   3   deux"})) << "drawn over both";
+  CliquerLigne(forme, "ListLignSuppl", 0);
   CliquerLigne(forme, "ListRecapLign", 1);
   Taper(forme, "TextModLign", "trois fois");
   Cliquer(forme, "BoutSuivantLigne");

@@ -123,6 +123,22 @@ TEST_F(FormesUtilitaires, TheTriangleFollowsItsControls) {
     return liste;
   };
   EXPECT_TRUE(textes().contains("AGE1"));
+  const auto place = [&vue](const char* texte) {
+    for (const quelvar::Forme& f : vue.Contenu().Formes())
+      if (f.genre == quelvar::GenreForme::Texte && f.texte == texte) {
+        const quelvar::Zone zone = vue.Contenu().Etendue(f);
+        return vue.VersVue(QPointF(zone.x + zone.largeur / 2, zone.y + zone.hauteur / 2)).toPoint();
+      }
+    return QPoint();
+  };
+  for (const char* texte : {"AGE1", "Titre", "Deux"}) {  // a label, the title, a vertex
+    const QPoint avant = place(texte);
+    QTest::mousePress(vue.viewport(), Qt::LeftButton, {}, avant);
+    QTest::mouseMove(vue.viewport(), avant + QPoint(20, 10));
+    QTest::mouseMove(vue.viewport(), avant + QPoint(40, 25));
+    QTest::mouseRelease(vue.viewport(), Qt::LeftButton, {}, avant + QPoint(40, 25));
+    EXPECT_LE((place(texte) - avant - QPoint(40, 25)).manhattanLength(), 2) << texte;
+  }
   Cliquer(forme, "CheckLong");
   EXPECT_TRUE(textes().contains("jeunes"));
   Bureau::Dans<QListWidget>(forme, "ListVar").setCurrentRow(4);
