@@ -35,6 +35,14 @@ struct EtatPrepRecod {
   std::string message;  // TextMsg, lines ended by CR LF but the last
 };
 
+// The line that opens a VIT with its name, and the one that closes the block.
+inline constexpr std::string_view kMarqueVit = "$$";
+
+// The question that the user has chosen; null without a choice.
+inline const Question* QuestionCourante(const EtatPrepRecod& etat) {
+  return etat.courante ? &etat.questions[*etat.courante].question : nullptr;
+}
+
 // Reads the .POS. A missing or broken one, an unclosed label and faulty parentheses are told (report .PRT or message
 // box) and give nothing.
 std::optional<EtatPrepRecod> PreparerRecodage(const Contexte& contexte);
@@ -82,6 +90,8 @@ void ReprendreTexteVit(EtatPrepRecod& etat, std::string_view texte);
 std::string TexteVit(const EtatPrepRecod& etat);
 // Stores the displayed block; false, with the reason as message, without a name or with a "+" on some elements only.
 bool ValiderVit(EtatPrepRecod& etat);
+// The displayed block is not the validated one.
+bool ResteUneVit(const EtatPrepRecod& etat);
 void SupprimerVit(EtatPrepRecod& etat);
 
 // --- what is shown and not stored ---
