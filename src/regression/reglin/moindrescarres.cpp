@@ -22,19 +22,14 @@ struct Pivot {
   double grandeur = -1;
 };
 
-// Error that rounding may have left in the inverse of moments, as a share of it. A moment has lost about the root of
-// the number of its terms in units of the last place; the inverse makes of them as much more as its diagonal element is
-// larger than that of variables without any link.
-// Source: N. J. Higham, "Accuracy and Stability of Numerical Algorithms" (2002), 4.2 for the sums, 14.4 for the
-// inverse.
-double ErreurRelative(const Matrice& moments, const Matrice& inverse) {
-  double liaison = 0;
-  for (std::size_t i = 0; i < inverse.Lignes(); ++i) {
-    const double element = std::fabs(moments(i, i) * inverse(i, i));
-    if (!(element <= liaison)) liaison = element;
-  }
+// Error that rounding may have left in the inverse of moments by one variable, as a share of it. A moment has lost
+// about the root of the number of its terms in units of the last place; the inverse makes of them as much more as its
+// diagonal element is larger than that of variables without any link. Source: N. J. Higham, "Accuracy and Stability of
+// Numerical Algorithms" (2002), 4.2 for the sums, 14.4 for the inverse.
+double ErreurRelative(const Matrice& moments, const Matrice& inverse, std::size_t variable) {
   const std::size_t constante = inverse.Lignes() - 1;
-  return liaison * std::sqrt(moments(constante, constante)) * std::numeric_limits<double>::epsilon();
+  return std::fabs(moments(variable, variable) * inverse(variable, variable)) *
+         std::sqrt(moments(constante, constante)) * std::numeric_limits<double>::epsilon();
 }
 
 // Below so many units of the last place of the mean square of the explained values, with those that the sums have lost,
@@ -43,6 +38,9 @@ constexpr double kResteDArrondi = 64 * std::numeric_limits<double>::epsilon();
 
 // From here on not one digit of the inverse can be told from rounding.
 constexpr double kErreurToleree = 0.05;
+
+// From here on a digit that is printed may be false: a parameter loses about two digits more than the inverse.
+constexpr double kErreurVisible = 1e-7;
 
 Pivot ChercherPivot(const Matrice& a, const std::vector<bool>& lignesPrises, const std::vector<bool>& colonnesPrises) {
   Pivot pivot;
@@ -142,12 +140,16 @@ std::optional<Matrice> InverseDesExplicatives(const Matrice& moments, const Disp
     for (std::size_t j = 0; j < n; ++j) bloc(i, j) = moments(i, j);
   }
   std::optional<Matrice> inverse = InverseMatrice(bloc);
-  if (inverse && !(ErreurRelative(moments, *inverse) < kErreurToleree)) inverse.reset();
+  for (std::size_t i = 0; i < n && inverse; ++i)
+    if (!(ErreurRelative(moments, *inverse, i) < kErreurToleree)) inverse.reset();
   return inverse;
 }
 
-int ChiffresSurs(const Matrice& moments, const Matrice& inverse) {
-  return static_cast<int>(-std::log10(ErreurRelative(moments, inverse)));
+std::vector<std::size_t> VariablesQuiPerdent(const Matrice& moments, const Matrice& inverse) {
+  std::vector<std::size_t> variables;
+  for (std::size_t i = 0; i + 1 < inverse.Lignes(); ++i)
+    if (ErreurRelative(moments, inverse, i) > kErreurVisible) variables.push_back(i);
+  return variables;
 }
 
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse) {

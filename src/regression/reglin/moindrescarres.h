@@ -54,9 +54,9 @@ std::optional<Matrice> InverseMatrice(const Matrice& matrice);
 // when there are fewer individuals than parameters, when a pivot is 0 or when rounding is all that keeps one from it.
 std::optional<Matrice> InverseDesExplicatives(const Matrice& moments, const Dispersion& dispersion);
 
-// How many digits of the parameters that inverse leaves sure, and how many a reader may take for granted.
-int ChiffresSurs(const Matrice& moments, const Matrice& inverse);
-inline constexpr int kChiffresImprimes = 6;
+// Ranks of the explanatory variables that make the inverse lose so many digits that those printed of the parameters are
+// not all sure: variables far from 0 for their spread, or nearly a combination of others.
+std::vector<std::size_t> VariablesQuiPerdent(const Matrice& moments, const Matrice& inverse);
 
 struct AjustementLineaire {
   std::size_t explicatives = 0;

@@ -170,6 +170,20 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   return std::move(lecture.moments);
 }
 
+void PrevenirDesPertes(Rapport& rapport, const VariablesDeRegression& variables,
+                       const std::vector<std::size_t>& rangs) {
+  if (rangs.empty()) return;
+  std::string noms;
+  for (const std::size_t rang : rangs) {
+    if (!noms.empty()) noms += ", ";
+    noms += Rogner(variables.explicatives[rang].nom);
+  }
+  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, noms,
+                 " : retranchez une constante à ce qui est grand devant son écart-type, ôtez ce qui est presque "
+                 "déterminé par les autres"_w});
+  rapport.Ligne();
+}
+
 void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegression& variables) {
   const Dispersion dispersion = DisperserMoments(sommes);
   ImprimerDescription(rapport, variables, dispersion);
@@ -181,12 +195,7 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
     rapport.Ligne("Matrice non inversible");
     throw Erreur(kArretAnnonce);
   }
-  if (const int chiffres = ChiffresSurs(moments, *inverse); chiffres < kChiffresImprimes) {
-    rapport.Ligne(
-        {"*** Attention : les variables explicatives sont presque liées entre elles, les paramètres n'ont que "_w,
-         Nombre(chiffres), chiffres > 1 ? " chiffres sûrs"_w : " chiffre sûr"_w});
-    rapport.Ligne();
-  }
+  PrevenirDesPertes(rapport, variables, VariablesQuiPerdent(moments, *inverse));
   AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   if (ajustement.exact) {
     rapport.Ligne(
