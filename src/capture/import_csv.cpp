@@ -63,6 +63,21 @@ std::vector<std::string> Remarquer(const FaitsTableur& faits, const std::vector<
   return remarques;
 }
 
+// The report is that of a clean source: what its columns of codes can't hold is told in a box.
+void PrevenirDesDecimales(const Contexte& contexte, const FaitsTableur& faits,
+                          const std::vector<ColonneImportee>& colonnes) {
+  std::string dites;
+  for (std::size_t j = 0; j < colonnes.size(); ++j)
+    if (const std::int64_t nombre = faits.colonnes[j].decimales; nombre > 0)
+      dites += Joindre({std::string_view(dites.empty() ? "" : ", "), Nombre(nombre), " dans la colonne ", Nombre(j + 1),
+                        " (", colonnes[j].intitule, ")"});
+  if (dites.empty()) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : des nombres décimaux comptent pour 0 dans des colonnes de codes : "_w, dites}),
+      Boutons::Ok);
+}
+
 // The copies are there whatever the import comes to: the report says so.
 void SauvegarderAncienPos(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options,
                           const Chemin& pos) {
@@ -117,6 +132,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
     EcrirePos(sorties.Ouvrir(pos, Nature::Unique), contexte.generique, colonnes, faits.individus);
   else if (fichiers.pos) sorties.Effacer(pos);
   EcrireVerification(rapport, faits.individus, premieres, options.sansIntitules);
+  PrevenirDesDecimales(contexte, faits, colonnes);
   sorties.Valider();
 }
 

@@ -132,7 +132,8 @@ void Retenir(FaitsColonne& colonne, std::string_view cellule) {
     return;
   }
   colonne.largeurCode = std::max(colonne.largeurCode, cellule.size());
-  if (!EstDecimale(cellule)) colonne.texte = true;
+  if (EstDecimale(cellule)) ++colonne.decimales;
+  else colonne.texte = true;
 }
 
 // A column of numbers whose digits are few holds codes, and its width is that of its code-max.
@@ -142,7 +143,7 @@ void Mesurer(FaitsColonne& colonne, bool avecCodes) {
       avecCodes && colonne.largeurCode <= kLargeurCodes && (!colonne.texte || colonne.largeurLue <= kLargeurCodes);
   if (!codes) {
     colonne.codeMax = 0;
-    colonne.negatives = 0;
+    colonne.negatives = colonne.decimales = 0;
     colonne.texte = false;
   } else if (!colonne.texte) {
     colonne.largeur = colonne.codeMax > 0 ? Nombre(colonne.codeMax).size() : colonne.largeurCode;

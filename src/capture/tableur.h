@@ -88,6 +88,7 @@ struct FaitsColonne {
   std::size_t largeur = 0;      // in .DAT: of its longest cell; of its code-max for a column of codes
   double codeMax = 0;           // largest value of its cells
   std::int64_t negatives = 0;   // cells below 0, which count as 0
+  std::int64_t decimales = 0;   // cells with a decimal sign in a column of codes, which count as 0
   bool texte = false;           // a cell that is neither empty nor a number
   std::size_t largeurLue = 0;   // of the longest cell as it stands
   std::size_t largeurCode = 0;  // the same with numbers brought to their digits

@@ -79,6 +79,13 @@ TEST_F(RunImport, WhatACellOfCodesMayHold) {
   }
 }
 
+TEST_F(RunImport, DecimalsInAColumnOfCodesAreTold) {
+  Importer("NUM;SEX;REV;TPS\n1;1;5;12.75\n2;2;1.5;3\n3;2;1,2;4\n");
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("colonnes de codes : 2 dans la colonne 3 (REV)"), std::string::npos) << boites_[0];
+  EXPECT_EQ(boites_[0].find("TPS"), std::string::npos);  // a wide column keeps its numbers
+}
+
 TEST_F(RunImport, TheMoreFrequentSignSeparates) {
   EXPECT_EQ(Importer("A;B;C\n1\t2\t3;\n1\t2\t3\n", true), Fin::Normale);  // 3 ";" and 4 tabs
   EXPECT_EQ(Lire("ENQ.DAT"), "A;B;C\r\n    123;\r\n    12 3\r\n");
