@@ -1,4 +1,6 @@
 // Least squares against the certified values of published reference data, and the words of the tests at their bounds.
+#include "regression/reglin/reglin.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -11,6 +13,7 @@
 #include "regression/reglin/moindrescarres.h"
 #include "regression/reglin/variables.h"
 #include "support/erreur.h"
+#include "support/programme.h"
 
 namespace quelvar::regression {
 
@@ -242,5 +245,18 @@ TEST(Reglin, ValeurDUnChampEstCelleDeLaLectureCommune) {
 }
 
 }  // namespace
+
+class RunReglin : public essai::RunDeProgramme {};
+
+// A line taken out of the .MOD shifts the columns behind it; the report is that of the columns that are named.
+TEST_F(RunReglin, ColonnesQuePersonneNeNomme) {
+  Ecrire("ENQ.MOD", "ENQ\n FMT=2\nAAA1 Y\nBBB1 X\n**\n");
+  for (const auto& [dernier, boites] : {std::pair{" 9", 1U}, {"  ", 0U}}) {
+    boites_.clear();
+    Ecrire("ENQ.CDG", Joindre({"1    1 2 7\n2    2 4", std::string_view(dernier), "\n3    4 5 8\n"}));
+    EXPECT_EQ(Reglin(contexte_), Fin::Normale);
+    EXPECT_EQ(boites_.size(), boites) << dernier;
+  }
+}
 
 }  // namespace quelvar::regression

@@ -80,7 +80,7 @@ void ImprimerDescription(Rapport& rapport, const VariablesDeRegression& variable
   } catch (const Erreur& erreur) {
     faute = erreur.Numero();
   }
-  Colonne moyenne(11, 4);
+  Colonne moyenne(11, 4, Voisin::Nombre);
   Colonne ecartType(11, 4, Voisin::Nombre);
   Colonne corrige(11, 4, Voisin::Nombre);
   for (const LigneDeDescription& ligne : lignes) {
@@ -142,7 +142,7 @@ void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string
 void ImprimerParametres(Rapport& rapport, const VariablesDeRegression& variables, const AjustementLineaire& a) {
   constexpr int kLargeurNom = 15;
   const std::size_t constante = a.explicatives;
-  Colonne parametre(8, 4);
+  Colonne parametre(8, 4, Voisin::Nombre);
   Colonne ecartType(8, 4, Voisin::Nombre);
   Colonne student(8, 2, Voisin::Nombre);
   const auto t = [&](std::size_t i) { return a.ecartsTypes[i] == 0 ? 0 : a.parametres[i] / a.ecartsTypes[i]; };

@@ -122,8 +122,19 @@ void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
   throw Erreur(kArretAnnonce);
 }
 
+// A .MOD of fewer lines than the table has columns names the wrong ones.
+void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegression& variables, bool toutesLongues) {
+  if (!toutesLongues) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(Joindre({"*** Attention : toutes les lignes vont plus loin que les "_w,
+                                     Nombre(static_cast<std::int64_t>(variables.noms.size())), " variables du fichier ",
+                                     contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
+                            Boutons::Ok);
+}
+
 struct Lecture {
   Moments moments;
+  bool toutesLongues = true;
   Fautifs fautifs;  // the moments are not whole when there are some
   SansChiffre vides;
 };
@@ -131,7 +142,8 @@ struct Lecture {
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
 Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
                     const std::function<void(std::string_view)>& suivre) {
-  Lecture lecture{Moments(variables.explicatives.size()), {}, {}};
+  Lecture lecture{.moments = Moments(variables.explicatives.size()), .fautifs = {}, .vides = {}};
+  const std::size_t longueur = kLargeurIdentifiant + variables.noms.size() * variables.largeur;
   std::vector<double> valeurs(lecture.moments.Ordre());
   Fautifs& fautifs = lecture.fautifs;
   LecteurLignes lecteur(donnees);
@@ -141,6 +153,7 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
     ++rang;
     if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
     if (fautifs.nombre > 0) continue;
+    lecture.toutesLongues = lecture.toutesLongues && RognerDroite(ligne).size() > longueur;
     LireValeurs(ligne, variables, valeurs);
     if (std::find(valeurs.begin(), valeurs.end(), 0.0) != valeurs.end()) lecture.vides.Voir(ligne, variables, rang);
     if (suivre) suivre(ligne);
@@ -167,6 +180,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   Lecture lecture = LireMoments(donnees, variables, progression, suivre);
   ExigerDesLignesEntieres(rapport, lecture.fautifs);
   PrevenirDesVides(contexte, lecture.vides);
+  PrevenirDesColonnesDeTrop(contexte, variables, lecture.toutesLongues);
   return std::move(lecture.moments);
 }
 
