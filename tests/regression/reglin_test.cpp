@@ -248,6 +248,15 @@ TEST(Reglin, ValeurDUnChampEstCelleDeLaLectureCommune) {
 
 class RunReglin : public essai::RunDeProgramme {};
 
+TEST_F(RunReglin, ValeursAVirgule) {
+  Ecrire("ENQ.MOD", "ENQ\n FMT=4\nAAA1 Y\nBBB1 X\nCCC1\n**\n");
+  Ecrire("ENQ.CDG", "1      1   2 1,5\n2      2 4,5   1\n3      4   5   1\n4      4 3,5   1\n");
+  EXPECT_EQ(Reglin(contexte_), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find(" 2 individus ont une valeur \xE0 virgule"), std::string::npos);
+  EXPECT_NE(boites_[0].find("l'individu 2, variable BBB1)"), std::string::npos);
+}
+
 // A line taken out of the .MOD shifts the columns behind it; the report is that of the columns that are named.
 TEST_F(RunReglin, ColonnesQuePersonneNeNomme) {
   Ecrire("ENQ.MOD", "ENQ\n FMT=2\nAAA1 Y\nBBB1 X\n**\n");

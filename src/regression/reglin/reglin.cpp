@@ -85,28 +85,30 @@ struct Fautifs {
   std::int64_t nombre = 0;
 };
 
-// Individuals that have a field without any digit, which counts as 0.
-struct SansChiffre {
+// Individuals that have such a field.
+struct Douteux {
+  Doute doute;
   std::int64_t individus = 0;
   std::int64_t premier = 0;  // rank
   std::string variable;      // of the first
 
   void Voir(std::string_view ligne, const VariablesDeRegression& variables, std::int64_t rang) {
-    const Variable* const trouvee = VariableSansChiffre(ligne, variables);
-    if (trouvee == nullptr) return;
-    if (++individus > 1) return;
+    const Variable* const trouvee = VariableDouteuse(ligne, variables, doute);
+    if (trouvee == nullptr || ++individus > 1) return;
     premier = rang;
     variable = Rogner(trouvee->nom);
   }
 };
 
-void PrevenirDesVides(const Contexte& contexte, const SansChiffre& vides) {
-  if (vides.individus == 0) return;
+void PrevenirDesDouteux(const Contexte& contexte, const Douteux& douteux) {
+  if (douteux.individus == 0) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : ", Nombre(vides.individus),
-               " individus ont une valeur sans chiffre, qui compte pour 0 (le premier est l'individu ",
-               Nombre(vides.premier), ", variable ", vides.variable, ")"}),
+      Joindre({"*** Attention : ", Nombre(douteux.individus),
+               douteux.doute == Doute::AVirgule
+                   ? " individus ont une valeur à virgule, qui compte sans ses décimales : écrivez un point"_w
+                   : " individus ont une valeur sans chiffre, qui compte pour 0"_w,
+               " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}),
       Boutons::Ok);
 }
 
@@ -136,13 +138,14 @@ struct Lecture {
   Moments moments;
   bool toutesLongues = true;
   Fautifs fautifs;  // the moments are not whole when there are some
-  SansChiffre vides;
+  Douteux vides{.doute = Doute::SansChiffre, .variable = {}};
+  Douteux virgules{.doute = Doute::AVirgule, .variable = {}};
 };
 
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
 Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
                     const std::function<void(std::string_view)>& suivre) {
-  Lecture lecture{.moments = Moments(variables.explicatives.size()), .fautifs = {}, .vides = {}};
+  Lecture lecture{.moments = Moments(variables.explicatives.size()), .fautifs = {}};
   const std::size_t longueur = kLargeurIdentifiant + variables.noms.size() * variables.largeur;
   std::vector<double> valeurs(lecture.moments.Ordre());
   Fautifs& fautifs = lecture.fautifs;
@@ -156,6 +159,7 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
     lecture.toutesLongues = lecture.toutesLongues && RognerDroite(ligne).size() > longueur;
     LireValeurs(ligne, variables, valeurs);
     if (std::find(valeurs.begin(), valeurs.end(), 0.0) != valeurs.end()) lecture.vides.Voir(ligne, variables, rang);
+    if (ligne.find(',') != std::string_view::npos) lecture.virgules.Voir(ligne, variables, rang);
     if (suivre) suivre(ligne);
     lecture.moments.Ajouter(valeurs);
   }
@@ -179,7 +183,8 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   Progression progression(contexte.Ecran(), individus);
   Lecture lecture = LireMoments(donnees, variables, progression, suivre);
   ExigerDesLignesEntieres(rapport, lecture.fautifs);
-  PrevenirDesVides(contexte, lecture.vides);
+  PrevenirDesDouteux(contexte, lecture.vides);
+  PrevenirDesDouteux(contexte, lecture.virgules);
   PrevenirDesColonnesDeTrop(contexte, variables, lecture.toutesLongues);
   return std::move(lecture.moments);
 }

@@ -57,13 +57,15 @@ std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::siz
   return Milieu(ligne, kLargeurIdentifiant + rang * largeur + 1, largeur);
 }
 
-const Variable* VariableSansChiffre(std::string_view ligne, const VariablesDeRegression& variables) {
-  const auto sansChiffre = [&](const Variable& variable) {
-    return TexteDuChamp(ligne, variable.rang, variables.largeur).find_first_of("0123456789") == std::string_view::npos;
+const Variable* VariableDouteuse(std::string_view ligne, const VariablesDeRegression& variables, Doute doute) {
+  const auto douteuse = [&](const Variable& variable) {
+    const std::string_view champ = TexteDuChamp(ligne, variable.rang, variables.largeur);
+    if (doute == Doute::AVirgule) return champ.find(',') != std::string_view::npos;
+    return champ.find_first_of("0123456789") == std::string_view::npos;
   };
-  const auto trouvee = std::find_if(variables.explicatives.begin(), variables.explicatives.end(), sansChiffre);
+  const auto trouvee = std::find_if(variables.explicatives.begin(), variables.explicatives.end(), douteuse);
   if (trouvee != variables.explicatives.end()) return &*trouvee;
-  return sansChiffre(variables.Expliquee()) ? &variables.Expliquee() : nullptr;
+  return douteuse(variables.Expliquee()) ? &variables.Expliquee() : nullptr;
 }
 
 double ValeurDuChamp(std::string_view champ) {

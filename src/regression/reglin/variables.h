@@ -38,8 +38,10 @@ bool EstTropCourte(std::string_view ligne, const VariablesDeRegression& variable
 // The field of that place as it stands; shorter or empty past the end of the line.
 std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur);
 
-// The first variable whose field has no digit; nothing when each has one. Such a field is 0 to the regression.
-const Variable* VariableSansChiffre(std::string_view ligne, const VariablesDeRegression& variables);
+// Fields that the regression takes otherwise than they look: 0 without any digit, the digits before a comma.
+enum class Doute { SansChiffre, AVirgule };
+// The first variable of the regression whose field is such a one; null without any.
+const Variable* VariableDouteuse(std::string_view ligne, const VariablesDeRegression& variables, Doute doute);
 
 // Value of a field by the lenient conversion, the common writings without its detours. Raises kDepassementCapacite.
 double ValeurDuChamp(std::string_view champ);
