@@ -164,6 +164,9 @@ void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah
   if (!ArbreEstDesCoordonnees(contexte, arbre))
     dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées que celles de "_w,
                   contexte.Nom(arbre.individus ? ".FI2" : ".FJ2")}));
+  else if (contexte.Chercher(".FAJ") && !CoordonneesSontDuTableau(contexte))
+    dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur un autre tableau que celui de "_w,
+                  contexte.Nom(".BRT"), " et "_w, contexte.Nom(".MOD")}));
   if (!arbre.individus) {
     if (CoordonneesSontDesModalites(contexte)) return;
     Avertir(rapport, contexte.Ecran(),

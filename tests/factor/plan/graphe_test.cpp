@@ -224,6 +224,21 @@ TEST(WardCoupe, IndividualsOfOtherData) {
   EXPECT_NE(coupe("1\n2\n2\n1\n").find("*** Attention : l'individu 2 de ENQ.DAT n'a pas"), std::string::npos);
 }
 
+// The table has changed under a tree of as many modalities with the same names.
+TEST(WardCoupe, ModalitiesOfAnotherTable) {
+  Enquete enquete;
+  Croiser(enquete);
+  ASSERT_EQ(Anecar(enquete.LeContexte(), AvecArbre()), Fin::Normale);
+  const auto coupe = [&] {
+    enquete.Avec(".PRT", "");
+    EXPECT_EQ(WardCoupe(enquete.LeContexte(), {.niveau = 2}), Fin::Normale);
+    return LireOctets(enquete.dossier.Chemin() / "ENQ.PRT");
+  };
+  EXPECT_EQ(coupe().find("***"), std::string::npos);
+  enquete.Avec(".BRT", "A  1 8 0 3 5\nA  2 012 6 6\nB  1 3 6 9 0\nB  2 5 6 011\n");
+  EXPECT_NE(coupe().find("fait sur un autre tableau que celui de ENQ.BRT"), std::string::npos);
+}
+
 TEST(Graphe, AMarkThatIsNotThereLeavesTheFormerReport) {
   Enquete enquete;
   Croiser(enquete);

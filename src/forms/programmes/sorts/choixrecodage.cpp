@@ -2,12 +2,19 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
+#include "forms/programmes/sorts/preprecod.h"
 #include "sorts/recodage/recodage_options.h"
 #include "ui_choixrecodage.h"
 
 namespace quelvar::forms {
 
 namespace {
+
+// The recoding does what the .POS says: rules that are typed and not saved are asked about, and given up or kept.
+bool SansReglesEnAttente(Services& services) {
+  PrepRecod* preparation = services.formes.Ouverte<PrepRecod>();
+  return preparation == nullptr || !preparation->ATravail() || services.formes.Fermer(*preparation);
+}
 
 // The session follows a complete run to the new generic.
 void Recoder(Services& services, sorts::OptionsRecodage options) {
@@ -52,7 +59,7 @@ sorts::OptionsRecodage ChoixRecodage::Options() const {
 }
 
 void ChoixRecodage::LancerRecodage() {
-  if (!services_.lanceur.PeutLancer()) return;
+  if (!services_.lanceur.PeutLancer() || !SansReglesEnAttente(services_)) return;
   const std::optional<std::string> donnees = ChoisirFichierDeDonnees(services_, ui_->CaseDat->isChecked());
   if (!donnees) return;
   sorts::OptionsRecodage options = Options();
@@ -63,8 +70,11 @@ void ChoixRecodage::LancerRecodage() {
 
 // Its boxes stand at their defaults each time.
 void OuvrirOutils(Services& services) {
-  if (services.session.niveau == 1) Recoder(services, {});
-  else if (FairePlace<ChoixRecodage>(services)) Montrer<ChoixRecodage>(services);
+  if (services.session.niveau == 1) {
+    if (SansReglesEnAttente(services)) Recoder(services, {});
+  } else if (FairePlace<ChoixRecodage>(services)) {
+    Montrer<ChoixRecodage>(services);
+  }
 }
 
 }  // namespace quelvar::forms

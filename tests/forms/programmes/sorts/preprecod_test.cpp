@@ -189,6 +189,24 @@ TEST_F(FormeRecodage, SavesToTheGenericThatItWasOpenedOn) {
   EXPECT_EQ(Bureau::Dans<QListWidget>(Ouvrir(), "ListPos").count(), 3) << "opened anew on the present generic";
 }
 
+TEST_F(FormeRecodage, ARecodingAsksAboutRulesThatAreNotSaved) {
+  PrepRecod& forme = Ouvrir();
+  Question(forme, 1);
+  Bureau::Dans<QLineEdit>(forme, "TextMod").setText("1-6=1/7-12=2");
+  bureau_.Menu("mnuOutils");
+  Pilote pilote;
+  pilote.Cliquer("Annuler");
+  Cliquer(*bureau_.Forme<ChoixRecodage>(), "BoutonTriapl");
+  EXPECT_TRUE(pilote.Vues().last().startsWith("Vous avez fait des modifications"));
+  EXPECT_TRUE(forme.isVisible());
+  EXPECT_FALSE(bureau_.Existe("SUITE.DAT"));
+  EXPECT_EQ(bureau_.Fenetre().ServicesDesFormes().session.generique, "ENQ");
+  Cliquer(forme, "BoutEnreg");
+  pilote.Taper("SUITE");
+  Cliquer(*bureau_.Forme<ChoixRecodage>(), "BoutonTriapl");
+  EXPECT_EQ(bureau_.Lire("SUITE.DAT"), "11X1\r\n22X2\r\n12X1\r\n");
+}
+
 TEST_F(FormeRecodage, OptionsOfTheRecodingExcludeEachOther) {
   bureau_.Menu("mnuOutils");
   const ChoixRecodage& options = *bureau_.Forme<ChoixRecodage>();
