@@ -147,6 +147,14 @@ TEST_F(RunTexte, QuestionsBeyondTheCharacteristicsAreNamedInABoxAndKept) {
   EXPECT_FALSE(Existe("ENQ.PO3")) << "nothing is left out of the new one";
 }
 
+TEST_F(RunTexte, StarsAmongTheCharacteristicsAreToldInABox) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+  EXPECT_EQ(Decouper("123bon*\n45*\n6*oui non*\n", {.position = 3}), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_TRUE(boites_[0].starts_with("*** Attention : 2 ligne(s) de ENQ.TXT")) << boites_[0];
+  EXPECT_NE(boites_[0].find("(positions 1 à 3), la première à la ligne 2 "_w), std::string::npos) << boites_[0];
+}
+
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {
   Ecrire("ENQ.DAT", "112\r\n");
   OptionsSaisieMot options;

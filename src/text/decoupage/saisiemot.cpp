@@ -160,6 +160,17 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe&
   rapport.Ligne("Découpage en mots terminé"_w);
 }
 
+// A star among the characteristics is taken for a code: its record may be too short.
+void DireLesEtoilesAvant(const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
+  if (bilan.etoilesAvant == 0) return;
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : ", Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
+               " ont une étoile dans les caractéristiques (positions 1 à "_w, Nombre(position),
+               "), la première à la ligne "_w, Nombre(bilan.premiereEtoileAvant),
+               " : elle est prise pour un code et ne finit pas l'enregistrement, qui est peut-être incomplet"_w}),
+      Boutons::Ok);
+}
+
 Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
   Corpus corpus;
   // The text, its records, and words of five columns with what sorts them.
@@ -174,6 +185,7 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   }
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
+  DireLesEtoilesAvant(contexte, bilan, options.position);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
   return corpus;
 }

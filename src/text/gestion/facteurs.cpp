@@ -18,8 +18,8 @@ void CompterLesAbsentes(FacteursDesLignes& facteurs, const TableGeree& table) {
     presents.insert(IntituleDAnalyse(ligne));
     if (!connus.contains(IntituleDAnalyse(ligne))) ++facteurs.sansCoordonnees;
   }
-  facteurs.sansLigne = std::ranges::count_if(
-      facteurs.intitules, [&](const std::string& intitule) { return !presents.contains(intitule); });
+  facteurs.sansLigne = std::ranges::count_if(facteurs.intitules,
+                                             [&](const std::string& intitule) { return !presents.contains(intitule); });
 }
 
 // Files that can't be read as those of a table say nothing here.
