@@ -127,8 +127,29 @@ bool PourUneDesTables(const Table& table,
   return false;
 }
 
-// The inertias of the columns, per mille, as .FAJ has them: those of the table, or of its individuals.
-bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, TypeAnalyse type, bool codageLogique) {
+// An inertia and what a line has of it, rounded.
+bool MemeInertie(double inertie, double lue) {
+  constexpr double kArrondi = 0.5 + 1e-6;
+  return std::fabs(inertie - lue) <= kArrondi;
+}
+
+// Whether each of these rows is in .FAI by its label with that inertia, per mille.
+bool InertiesDesLignesConviennent(const ElementsFactoriels& fai, const ElementsAnecar& lignes,
+                                  const std::vector<double>& inerties, double total) {
+  std::unordered_multimap<std::string_view, double> lues;
+  for (std::size_t i = 0; i < fai.Nombre(); ++i) lues.emplace(Rogner(fai.intitules[i]), fai.inerties[i]);
+  for (std::size_t i = 0; i < inerties.size(); ++i) {
+    const auto [debut, fin] = lues.equal_range(Rogner(lignes.intitules[i]));
+    const double inertie = InertiePourMille(inerties[i], total);
+    if (std::none_of(debut, fin, [&](const auto& ligne) { return MemeInertie(inertie, ligne.second); })) return false;
+  }
+  return true;
+}
+
+// The inertias of the columns, per mille, as .FAJ has them, and those of the active rows as .FAI has them when it is
+// asked for: those of the table, or of its individuals.
+bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, const ElementsFactoriels* fai,
+                           TypeAnalyse type, bool codageLogique) {
   PlanAnecar plan = PlanifierTableau(table.parametres, table.mod, codageLogique);
   if (plan.genre == GenreTableau::BurtEtIndividus) {  // without the individuals
     plan.genre = GenreTableau::BurtCarre;
@@ -141,11 +162,18 @@ bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, Ty
   if (EffectifTotal(tableau.actives) == 0) return false;
   const AnalyseAnecar analyse = CommencerAnalyse(tableau, type);
   const double total = analyse.ecarts.Inertie(type);
-  constexpr double kArrondi = 0.5 + 1e-6;
   for (std::size_t j = 0; j < faj.inerties.size(); ++j)
-    if (std::fabs(InertiePourMille(analyse.ecarts.colonnes.inertie[j], total) - faj.inerties[j]) > kArrondi)
-      return false;
-  return true;
+    if (!MemeInertie(InertiePourMille(analyse.ecarts.colonnes.inertie[j], total), faj.inerties[j])) return false;
+  return fai == nullptr || InertiesDesLignesConviennent(*fai, tableau.lignes, analyse.ecarts.lignes.inertie, total);
+}
+
+bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, const ElementsFactoriels* fai) {
+  for (const bool codageLogique : {false, true})
+    for (const TypeAnalyse type : {TypeAnalyse::Afc, TypeAnalyse::Acp})
+      if ((!codageLogique || table.parametres.burt == 1) &&
+          Juger([&] { return InertiesSontDuTableau(table, faj, fai, type, codageLogique); }))
+        return true;
+  return false;
 }
 
 // The first merging of a tree is that of the two nearest points.
@@ -254,13 +282,15 @@ bool LiensDeLignesSontDuTableau(const Contexte& contexte, std::span<const tables
 bool CoordonneesSontDuTableau(const Contexte& contexte) {
   const std::optional<Table> table = LaTable(contexte);
   if (!table || table->Trop()) return true;
+  return InertiesSontDuTableau(*table, LireFaj(contexte.Exiger(".FAJ")), nullptr);
+}
+
+bool CoordonneesDesLignesSontDuTableau(const Contexte& contexte) {
+  const std::optional<Table> table = LaTable(contexte);
+  if (!table || table->Trop()) return true;
   const ElementsFactoriels faj = LireFaj(contexte.Exiger(".FAJ"));
-  for (const bool codageLogique : {false, true})
-    for (const TypeAnalyse type : {TypeAnalyse::Afc, TypeAnalyse::Acp})
-      if ((!codageLogique || table->parametres.burt == 1) &&
-          Juger([&] { return InertiesSontDuTableau(*table, faj, type, codageLogique); }))
-        return true;
-  return false;
+  const ElementsFactoriels fai = LireFai(contexte.Exiger(".FAI"), faj.Facteurs());
+  return InertiesSontDuTableau(*table, faj, &fai);
 }
 
 bool ArbreEstDesCoordonnees(const Contexte& contexte, const ArbreCah& arbre) {

@@ -22,6 +22,8 @@ bool LiensDeLignesSontDuTableau(const Contexte& contexte, std::span<const tables
 
 // The lines of .FAJ: the columns in their order, with the inertias that they have in the table now.
 bool CoordonneesSontDuTableau(const Contexte& contexte);
+// The same, and the active rows of the table are in .FAI, each by its label with the inertia that it has now.
+bool CoordonneesDesLignesSontDuTableau(const Contexte& contexte);
 
 // The steps of a tree: those that .FJ2, or the last lines of .FI2, give by one of the two methods.
 bool ArbreEstDesCoordonnees(const Contexte& contexte, const ArbreCah& arbre);

@@ -135,12 +135,24 @@ TEST_F(RunTexte, ALongThemeIsListedAsTheTextHasIt) {
   EXPECT_TRUE(Lire("ENQ.DAT").starts_with("1_env_environne$$"));
 }
 
-TEST_F(RunTexte, QuestionsBeyondTheCharacteristicsAreNamedInABox) {
-  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   2 9\r\n");
+TEST_F(RunTexte, QuestionsBeyondTheCharacteristicsAreNamedInABoxAndKept) {
+  const std::string ancien = "ENQ\r\n 1 \r\nSEX   1 2\r\nAGE   2 9\r\n";
+  Ecrire("ENQ.POS", ancien);
   EXPECT_EQ(Decouper("1un*\n", {.position = 1}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 1 \r\nSEX   1 2\r\n");
   ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_TRUE(boites_[0].ends_with("non reprise(s) : AGE"));
+  EXPECT_TRUE(boites_[0].ends_with("non reprise(s) : AGE. L'ancien fichier sera conservé sous le nom ENQ.PO2"_w));
+  EXPECT_EQ(Lire("ENQ.PO2"), ancien);
+  EXPECT_EQ(Decouper("1un*\n", {.position = 1}), Fin::Normale);
+  EXPECT_FALSE(Existe("ENQ.PO3")) << "nothing is left out of the new one";
+}
+
+TEST_F(RunTexte, StarsAmongTheCharacteristicsAreToldInABox) {
+  Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+  EXPECT_EQ(Decouper("123bon*\n45*\n6*oui non*\n", {.position = 3}), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_TRUE(boites_[0].starts_with("*** Attention : 2 ligne(s) de ENQ.TXT")) << boites_[0];
+  EXPECT_NE(boites_[0].find("(positions 1 à 3), la première à la ligne 2 "_w), std::string::npos) << boites_[0];
 }
 
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {

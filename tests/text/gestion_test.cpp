@@ -63,8 +63,38 @@ TEST_F(RunGestion, ALongLabelIsFoundAmongTheFactorsByWhatTheyKeepOfIt) {
   Ecrire("ENQ.FAJ", "SEX1  100   -500  900\r\n");
   Ecrire("ENQ.FAI", "   9  100    500  900a label of more than the \r\n   9  100    100  100deux\r\n");
   Agregation agregation = OuvrirAgregation(contexte_).agregation;
-  EXPECT_TRUE(TrierLignes(agregation, {.cle = CleDeLignes::Facteur}, dialogue_).empty());
+  EXPECT_TRUE(TrierLignes(agregation, {.cle = CleDeLignes::Facteur}, contexte_).empty());
   EXPECT_EQ(agregation.table.lignes.back().intitule, "a label of more than the twenty-five");
+}
+
+TEST_F(RunGestion, CoordinatesOfAnotherStateOfTheTableAreToldInABox) {
+  // Columns of 5 and 5, rows of 4, 4 and 2: the two first are apart from the margin by as much, the third is on it.
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n**\r\nun     un\r\n");
+  Ecrire("ENQ.BRT", "   440un\r\n   404deux\r\n   211trois\r\n");
+  const std::string faj = "SEX1  500    100  500\r\nSEX2  500   -100  500\r\n";
+  const std::string fai = "   4  500    100  500un\r\n   4  500   -100  500deux\r\n   2    0      0    0trois\r\n";
+  const auto trier = [&](const std::string& colonnes, const std::string& lignes) -> std::string {
+    Ecrire("ENQ.FAJ", colonnes);
+    Ecrire("ENQ.FAI", lignes);
+    boites_.clear();
+    Agregation agregation = OuvrirAgregation(contexte_).agregation;
+    const std::vector<std::string> fautes = TrierLignes(agregation, {.cle = CleDeLignes::Facteur}, contexte_);
+    if (!fautes.empty()) return fautes.back();
+    TrierLignes(agregation, {.cle = CleDeLignes::Facteur}, contexte_);
+    EXPECT_LE(boites_.size(), 1U) << "told once";
+    return boites_.empty() ? std::string() : boites_.front();
+  };
+  const auto avec = [](std::string texte, std::string_view ancien, std::string_view nouveau) {
+    return texte.replace(texte.find(ancien), ancien.size(), nouveau);
+  };
+  EXPECT_EQ(trier(faj, fai), "");
+  EXPECT_NE(trier(faj, avec(fai, "deux", "zzz")).find("1 ligne(s) du tableau n'y sont pas, 1 de ses lignes"),
+            std::string::npos);
+  EXPECT_NE(trier(faj, avec(fai, "   2    0      0    0trois\r\n", "")).find("n'y sont pas : le tri"),
+            std::string::npos);
+  EXPECT_NE(trier(faj, avec(fai, "   4  500", "   4  400")).find("relancez l'analyse"), std::string::npos);
+  EXPECT_NE(trier(avec(faj, "SEX1  500", "SEX1  400"), fai).find("relancez l'analyse"), std::string::npos);
+  EXPECT_TRUE(trier(avec(avec(faj, "SEX1", "DOM1"), "SEX2", "DOM2"), fai).ends_with("aucune de ses colonnes n'y est"));
 }
 
 TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {

@@ -53,6 +53,8 @@ class Verification {
 
   std::vector<LigneRetenue> retenues;
   std::int64_t erreurs = 0;
+  std::int64_t etoilesAvant = 0;
+  std::int64_t premiereEtoileAvant = 0;
 
  private:
   void VerifierPremiere(std::string_view ligne) {
@@ -62,6 +64,8 @@ class Verification {
       temoins_.incomplete(numero_, ligne);
       return;
     }
+    if (ligne.substr(0, c).find(kEtoile) != std::string_view::npos && ++etoilesAvant == 1)
+      premiereEtoileAvant = numero_;
     std::string_view reponse = ligne.substr(c);
     const std::size_t etoile = reponse.find(kEtoile);
     if (etoile != std::string_view::npos && Rogner(reponse.substr(0, etoile)).empty()) reponse = {};
@@ -171,6 +175,8 @@ BilanDeCoupe CouperTexte(std::string_view texte, const ConsignesDeCoupe& consign
   Verification verification(consignes, temoins, corpus.octets);
   verification.Verifier(texte);
   bilan.erreurs = verification.erreurs;
+  bilan.etoilesAvant = verification.etoilesAvant;
+  bilan.premiereEtoileAvant = verification.premiereEtoileAvant;
   Coupe(consignes, temoins, corpus, bilan).Lire(verification.retenues);
   return bilan;
 }

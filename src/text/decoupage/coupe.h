@@ -33,6 +33,8 @@ struct BilanDeCoupe {
   std::int64_t mots = 0;    // of all records
   std::int64_t motsLongs = 0;
   std::int64_t erreurs = 0;
+  std::int64_t etoilesAvant = 0;         // lines with a star among their characteristics, where it ends nothing
+  std::int64_t premiereEtoileAvant = 0;  // number of the first of them in the text
 };
 
 // Cuts the text; `corpus` gets its individuals and words (with themes, those that begin with "$" only).

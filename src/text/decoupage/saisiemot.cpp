@@ -7,6 +7,7 @@
 
 #include "core/enquete/exigences.h"
 #include "core/fichiers/jeu.h"
+#include "core/fichiers/sauvegarde.h"
 #include "core/programme/annulation.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
@@ -70,8 +71,10 @@ void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
                                                        : "   il sera supprimé en fin de mot"_w);
 }
 
-// The questions of the former position file, if there is one.
-std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contexte& contexte, const Gabarit& gabarit) {
+// The questions of the former position file, if there is one; `copie` gets the name under which the file is kept when
+// some of them are not taken.
+std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contexte& contexte, const Gabarit& gabarit,
+                                                                    std::string& copie) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   if (!chemin) return std::nullopt;
   const FichierPos pos = LirePos(*chemin);
@@ -79,10 +82,12 @@ std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contex
   std::vector<std::string> auDela;
   std::vector<QuestionDesMots> questions = ReprendreQuestions(pos, gabarit, auDela);
   if (auDela.empty()) return questions;
+  copie = NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS"));
   std::string noms;
   for (const std::string& nom : auDela) noms += ' ' + nom;
   contexte.Ecran().demander(Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ",
-                                     contexte.Nom(".POS"), " hors des caractéristiques, non reprise(s) :"_w, noms}),
+                                     contexte.Nom(".POS"), " hors des caractéristiques, non reprise(s) :"_w, noms,
+                                     ". L'ancien fichier sera conservé sous le nom "_w, copie}),
                             Boutons::Ok);
   return questions;
 }
@@ -155,6 +160,17 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe&
   rapport.Ligne("Découpage en mots terminé"_w);
 }
 
+// A star among the characteristics is taken for a code: its record may be too short.
+void DireLesEtoilesAvant(const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
+  if (bilan.etoilesAvant == 0) return;
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : ", Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
+               " ont une étoile dans les caractéristiques (positions 1 à "_w, Nombre(position),
+               "), la première à la ligne "_w, Nombre(bilan.premiereEtoileAvant),
+               " : elle est prise pour un code et ne finit pas l'enregistrement, qui est peut-être incomplet"_w}),
+      Boutons::Ok);
+}
+
 Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
   Corpus corpus;
   // The text, its records, and words of five columns with what sorts them.
@@ -169,6 +185,7 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   }
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
+  DireLesEtoilesAvant(contexte, bilan, options.position);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
   return corpus;
 }
@@ -204,6 +221,7 @@ class Sorties {
   Ecrivain* NonTries() { return nonTries_; }
   Ecrivain* Tries() { return tries_; }
   Ecrivain* Edition() { return edition_; }
+  void Conserver(const Chemin& ancien, std::string_view copie) { jeu_.Copier(ancien, copie, Nature::Unique); }
   void Valider() { jeu_.Valider(); }
 
  private:
@@ -221,7 +239,8 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   EcrireNoms(rapport, contexte, options);
   EcrireMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
-  std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(contexte, gabarit);
+  std::string copieDuPos;
+  std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(contexte, gabarit, copieDuPos);
   ConfirmerRemplacement(rapport, contexte);
 
   Corpus corpus = Couper(rapport, contexte, options, texte);
@@ -240,6 +259,7 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   if (!questions) questions = DemanderQuestions(gabarit, contexte.Ecran());
   else CompleterStimulus(*questions, gabarit, contexte.Ecran());
   EcrirePosDesMots(sorties.Positions(), contexte.generique, static_cast<std::int64_t>(corpus.mots.size()), *questions);
+  if (!copieDuPos.empty()) sorties.Conserver(contexte.Exiger(".POS"), copieDuPos);
   sorties.Valider();
   rapport.Ligne("Fin normale du programme");
 }

@@ -8,7 +8,6 @@
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
-#include "factor/coordonnees.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {
@@ -20,24 +19,6 @@ constexpr std::string_view kAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
 constexpr int kFrequence = 4;        // columns
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
-
-std::optional<FacteursDesLignes> LireFacteurs(const Contexte& contexte) {
-  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
-  const std::optional<Chemin> fai = contexte.Chercher(".FAI");
-  if (!faj || !fai) return std::nullopt;
-  LecteurLignes lecteur(*faj);
-  std::string_view premiere;
-  if (!lecteur.Lire(premiere)) return std::nullopt;
-  const factor::ElementsFactoriels lus = factor::LireFai(*fai, factor::FacteursDUneLigne(premiere));
-  FacteursDesLignes facteurs;
-  for (const std::string& intitule : lus.intitules) facteurs.intitules.emplace_back(Rogner(intitule));
-  for (std::size_t f = 0; f < lus.Facteurs(); ++f) {
-    std::vector<double>& contributions = facteurs.contributions.emplace_back();
-    for (std::size_t i = 0; i < lus.Nombre(); ++i)
-      contributions.push_back(lus.coordonnees(f, i) < 0 ? -lus.cpf(f, i) : lus.cpf(f, i));
-  }
-  return facteurs;
-}
 
 double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size_t largeur) {
   return ValeurDe(std::string_view(ligne.cellules).substr(colonne * largeur, largeur));
@@ -92,12 +73,6 @@ std::string ChampDeFrequence(Agregation& agregation, double frequence) {
   return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kFrequence, 0);
 }
 
-// The label of a row as the analysis has it in its files.
-std::string_view IntituleDAnalyse(const LigneDeTable& ligne) {
-  constexpr std::size_t kIntitule = 25;
-  return RognerDroite(Rogner(ligne.intitule).substr(0, kIntitule));
-}
-
 // Key of each row for the sort asked for. Signed contributions are moved above zero, so that the order of their texts
 // is that of their values; a row that is not on the factor has a blank key.
 std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriDeLignes& tri) {
@@ -123,23 +98,14 @@ std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriD
   return cles;
 }
 
-bool AUneLigneDuTableau(const Agregation& agregation) {
-  const std::vector<std::string>& connus = agregation.facteurs->intitules;
-  return std::any_of(agregation.table.lignes.begin(), agregation.table.lignes.end(), [&](const LigneDeTable& ligne) {
-    return std::find(connus.begin(), connus.end(), IntituleDAnalyse(ligne)) != connus.end();
-  });
-}
-
 std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLignes& tri) {
   if (tri.cle != CleDeLignes::Facteur) return {};
   if (!agregation.facteurs || tri.facteur < 1 ||
       tri.facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
     return {std::string(kAttention), std::string("Le facteur demandé n'existe pas"_w)};
-  if (!AUneLigneDuTableau(agregation))
-    return {
-        std::string(kAttention),
-        std::string("Les coordonnées factorielles sont celles d'un autre tableau : aucune de ses lignes n'y est"_w)};
-  return {};
+  const std::string_view etranger = DUnAutreTableau(*agregation.facteurs, agregation.table);
+  if (etranger.empty()) return {};
+  return {std::string(kAttention), std::string(etranger)};
 }
 
 // The files of the new generic, put in place together; the parameter line of .MOD comes last.
@@ -180,7 +146,7 @@ void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agre
 void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTabMotAgreg::Action& action,
                Rapport& rapport) {
   if (action.tri) {
-    const std::vector<std::string> fautes = TrierLignes(agregation, *action.tri, contexte.Ecran());
+    const std::vector<std::string> fautes = TrierLignes(agregation, *action.tri, contexte);
     for (const std::string& ligne : fautes) rapport.Ligne(ligne);
     if (!fautes.empty()) throw Erreur(kArretAnnonce);
     return;
@@ -202,7 +168,7 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
   if (!resultat.message.empty()) return resultat;
   resultat.ouverte = true;
   resultat.agregation.table = std::move(table.table);
-  resultat.agregation.facteurs = LireFacteurs(contexte);
+  resultat.agregation.facteurs = LireFacteurs(contexte, resultat.agregation.table);
   if (!resultat.agregation.facteurs)
     resultat.message = {std::string(kAttention),
                         std::string("Comme il n'existe pas encore de fichier des coordonnées factorielles des lignes, "
@@ -245,12 +211,13 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
   return {};
 }
 
-std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Dialogue& ecran) {
+std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Contexte& contexte) {
   std::vector<std::string> fautes = FauteDeTri(agregation, tri);
   if (!fautes.empty()) return fautes;
+  if (tri.cle == CleDeLignes::Facteur) DireLesEcarts(contexte, *agregation.facteurs);
   const std::vector<std::uint32_t> ordre =
       utilities::TriChaines(ClesDe(agregation, tri), tri.sens, [&](std::int64_t reste) {
-        ecran.montrerIteration(Joindre({"Il reste ", Nombre(reste), " à trier"_w}));
+        contexte.Ecran().montrerIteration(Joindre({"Il reste ", Nombre(reste), " à trier"_w}));
       });
   std::vector<LigneDeTable> triees;
   triees.reserve(ordre.size());

@@ -6,16 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "text/gestion/facteurs.h"
 #include "text/gestion/table.h"
 #include "utilities/trichaines.h"
 
 namespace quelvar::text {
-
-// Contributions of the rows to the factors, signed by their side, from the coordinate files.
-struct FacteursDesLignes {
-  std::vector<std::string> intitules;                // trimmed
-  std::vector<std::vector<double>> contributions{};  // factors x rows, per mille
-};
 
 enum class CleDeLignes { Facteur, Frequence, Intitule };
 
@@ -45,8 +40,9 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte);
 // Merges the marked rows into a new one at the end; returns what the form says of it when nothing is marked.
 std::string_view Agreger(Agregation& agregation, std::string_view intitule);
 
-// Sorts the rows; returns the lines of what is wrong with the request, nothing when it is done.
-std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Dialogue& ecran);
+// Sorts the rows; returns the lines of what is wrong with the request, nothing when it is done. Coordinates that are
+// not quite those of the table are told once in a box.
+std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Contexte& contexte);
 
 // What the form says when there is nothing to save; empty otherwise.
 std::string RefusDeTerminer(const Agregation& agregation);

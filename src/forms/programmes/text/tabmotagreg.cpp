@@ -112,7 +112,7 @@ void TabMotAgreg::Trier() {
                                         : text::CleDeLignes::Frequence;
   tri.facteur = ValeurDe(DepuisQt(ui_->TextNum->text()));
   tri.sens = ui_->Decroissant->isChecked() ? utilities::SensDeTri::Decroissant : utilities::SensDeTri::Croissant;
-  const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, services_.ecran);
+  const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, contexte_);
   ui_->TextMsg->setText(EnUnTexte(fautes));
   if (!fautes.empty()) return services_.ecran.biper();
   if (gestes_) gestes_->actions.push_back({tri, {}, {}});
