@@ -59,11 +59,6 @@ void EcrireAvis(Rapport& rapport) {
   rapport.Ligne("   + fichier *.POS                                              +");
 }
 
-// Records without any length give empty lines; shorter than their fields, they give nothing to trust.
-bool Lisible(const EnteteDbf& entete) {
-  return entete.DonneLesEnregistrements() && (entete.longueurEnregistrement == 0 || entete.ContientLesChamps());
-}
-
 std::vector<Champ> ChampsDe(const std::vector<QuestionImportee>& questions) {
   std::vector<Champ> champs;
   champs.reserve(questions.size());
@@ -113,7 +108,6 @@ PassageDbf CopierEnregistrements(Ecrivain& dat, LecteurDbf& lecteur, const Entet
 void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const EnteteDbf& entete) {
   const Chemin& dbf = *fichiers.dbf;
   ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
-  if (entete.longueurEnregistrement > 0) ExigerLongueur(rapport, entete, contexte.Nom(".DBF"));
   LecteurDbf lecteur(dbf, entete);
   const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
   rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(individus)});
@@ -231,7 +225,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
     SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
     sauvegardes.Valider();
   }
-  EcrirePresence(rapport, contexte, fichiers, !echec && Lisible(entete));
+  EcrirePresence(rapport, contexte, fichiers, !echec && entete.DonneLesEnregistrements());
   if (fichiers.dbf && contexte.niveau == 1) EcrireAvis(rapport);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   if (echec) throw *echec;
