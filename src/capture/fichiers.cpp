@@ -7,19 +7,30 @@
 
 namespace quelvar::capture {
 
-void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& fichier,
-                         const std::string& sauvegarde, JeuDeFichiers& sorties) {
+std::string NomPourAncienneSauvegarde(const Contexte& contexte, const Chemin& fichier, const std::string& sauvegarde) {
   const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
-  if (!ancienne || MemesOctets(*ancienne, fichier)) return;
+  if (!ancienne || MemesOctets(*ancienne, fichier)) return {};
   // The first of the further names that is free, unless one of those before it says the same.
   for (int numero = 3; numero <= kSauvegardes; ++numero) {
     const std::optional<Chemin> occupant = ChercherFichier(contexte.repertoire, NomDeSauvegarde(sauvegarde, numero));
     if (!occupant) break;
-    if (MemesOctets(*occupant, *ancienne)) return;
+    if (MemesOctets(*occupant, *ancienne)) return {};
   }
-  const std::string nom = NomDeSauvegardeLibre(contexte.repertoire, sauvegarde);
-  sorties.Copier(*ancienne, nom, Nature::Unique);
-  rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
+  return NomDeSauvegardeLibre(contexte.repertoire, sauvegarde);
+}
+
+std::string ConserverSauvegarde(const Contexte& contexte, const Chemin& fichier, const std::string& sauvegarde,
+                                JeuDeFichiers& sorties) {
+  std::string nom = NomPourAncienneSauvegarde(contexte, fichier, sauvegarde);
+  const std::optional<Chemin> ancienne = ChercherFichier(contexte.repertoire, sauvegarde);
+  if (ancienne && !nom.empty()) sorties.Copier(*ancienne, nom, Nature::Unique);
+  return nom;
+}
+
+void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& fichier,
+                         const std::string& sauvegarde, JeuDeFichiers& sorties) {
+  const std::string nom = ConserverSauvegarde(contexte, fichier, sauvegarde, sorties);
+  if (!nom.empty()) rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
 }
 
 void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/fichiers/jeu.h"
@@ -23,8 +24,13 @@ inline constexpr std::string_view kRemplace = " existait déjà et a été rempl
 // The .POS of the generic; one too short to be one counts as absent.
 std::optional<Chemin> ChercherPos(const Contexte& contexte);
 
-// An older copy that says something else than the file to be saved goes on, among the outputs, under the first number
-// that is free (.PO3), and the report tells it.
+// The first number that is free (.PO3), for an older copy that says something else than the file to be saved; empty
+// when there is none, or when another copy says the same. Raises kAccesFichier when no number is free.
+std::string NomPourAncienneSauvegarde(const Contexte& contexte, const Chemin& fichier, const std::string& sauvegarde);
+// That older copy goes on under that name, which is returned, among the outputs.
+std::string ConserverSauvegarde(const Contexte& contexte, const Chemin& fichier, const std::string& sauvegarde,
+                                JeuDeFichiers& sorties);
+// The same, and the report tells it.
 void ConserverSauvegarde(Rapport& rapport, const Contexte& contexte, const Chemin& fichier,
                          const std::string& sauvegarde, JeuDeFichiers& sorties);
 // Copies a former file of the generic under its backup name, an older copy kept, and tells it. The report says that the

@@ -5,7 +5,9 @@
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/import.h"
 #include "capture/dbase/questions.h"
+#include "capture/dbase/tableau.h"
 #include "capture/noms.h"
+#include "core/texte/nombres.h"
 #include "support/erreur.h"
 #include "support/programme.h"
 
@@ -136,6 +138,42 @@ TEST_F(ImportDbfTest, QuestionsDerriereLesEnregistrements) {
   const std::string rapport = Lire("ENQ.IMP");
   EXPECT_NE(rapport.find("Question UU1 Position 9001    Code-max.   0\r\n   0 100000\r\nTot. 100000 100\r\n"),
             std::string::npos);
+}
+
+// Records shorter than their fields would be cut anywhere: no table is made of them. The data keep the records as they
+// stand, and what is missing reads as blanks.
+TEST_F(ImportDbfTest, EnregistrementsPlusCourtsQueLesChamps) {
+  const std::string donnees = "   111213 un   212223 deu  ";
+  const std::string bon = Dbf({{"NOM", 'C', 3}, {"C1", 'N', 2}, {"C2", 'N', 2}, {"LONG", 'C', 4}}, 2, donnees);
+  struct Cas {
+    std::size_t longueur;
+    bool tableau;
+    bool arret;
+  };
+  for (const Cas& cas : {Cas{11, false, false}, Cas{12, false, false}, Cas{0, false, false}, Cas{11, true, true},
+                         Cas{0, true, true}, Cas{12, true, false}}) {
+    SCOPED_TRACE(testing::Message() << cas.longueur << (cas.tableau ? " tableau" : ""));
+    for (const char* ancien : {"ENQ.DAT", "ENQ.BRT", "ENQ.MOD"}) Ecrire(ancien, "ancien\r\n");
+    Ecrire("ENQ.DBF", std::string(bon).replace(10, 2, Mot(cas.longueur)));
+    montre_.clear();
+    EXPECT_EQ(cas.tableau ? ImportTableau(contexte_, {}) : Importer(), cas.arret ? Fin::Arret : Fin::Normale);
+    EXPECT_EQ(Dit(Joindre({"L'en-tête du fichier ENQ.DBF annonce des enregistrements de "_w, Nombre(cas.longueur),
+                           " octets alors que les champs en demandent 12 avec la marque d'effacement : les champs "
+                           "sont introuvables\r\nVerifiez et corrigez avant de relancer\r\n"})),
+              cas.arret)
+        << montre_;
+    EXPECT_EQ(Lire("ENQ.DAT") == "ancien\r\n", cas.arret || cas.tableau);
+    EXPECT_EQ(Lire("ENQ.BRT") + Lire("ENQ.MOD") == "ancien\r\nancien\r\n", cas.arret || !cas.tableau);
+  }
+}
+
+TEST_F(ImportDbfTest, PlusDEnregistrementsVidesQueLaLimite) {
+  Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}}, 15'400'000, "").replace(10, 2, Mot(0)));
+  EXPECT_EQ(Importer(), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("(15400000 enregistrements annoncés). Ce nombre est la limite que le programme se donne"_w),
+            std::string::npos)
+      << boites_[0];
 }
 
 TEST_F(ImportDbfTest, ValeurAuDelaDesCodes) {

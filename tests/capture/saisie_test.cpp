@@ -248,7 +248,12 @@ TEST_F(SaisieTest, EnregistrementsEnTexte) {
 
 TEST_F(SaisieTest, RienNEstPerdu) {
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n");
+  Ecrire("ENQ.PO2", "avant\r\n");
   Ecrire("ENQ.DAT", "1 7DURAN");  // without its end
+  const std::optional<SaisieEnCours> saisie = CommencerSaisie(contexte_, Synchronisation::Non);
+  ASSERT_TRUE(saisie);
+  EXPECT_NE(saisie->fautes.find("\r\nL'ancienne sauvegarde ENQ.PO2 sera conservée sous le nom ENQ.PO3"_w),
+            std::string::npos);
   EXPECT_EQ(Rejouer("Entree"), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n") << "an empty record touches no file";
   {
@@ -258,7 +263,21 @@ TEST_F(SaisieTest, RienNEstPerdu) {
   EXPECT_EQ(Lire("ENQ.DAT"), "1 7DURAN");
   EXPECT_EQ(Rejouer("Droite Entree"), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.PO2"), "ENQ\r\n 1 \r\nSEX   1 2 $Sexe$\r\n") << "labels that the descriptor does not know";
+  EXPECT_EQ(Lire("ENQ.PO3"), "avant\r\n");
   EXPECT_EQ(Lire("ENQ.DAT"), "1 7DURAN\r\n1 0     \r\n");
+}
+
+TEST_F(SaisieTest, PositionsQuePosNeDitPas) {
+  std::string des;
+  for (int i = 100; i < 600; ++i) des += std::to_string(i) + "    20A    \r\n";
+  Ecrire("ENQ.DES", des + "ZZZ     2     \r\nZZY     9     \r\n");
+  const std::optional<SaisieEnCours> saisie = CommencerSaisie(contexte_, Synchronisation::Non);
+  ASSERT_TRUE(saisie);
+  EXPECT_EQ(saisie->fautes,
+            "*** Attention cette question et les suivantes sont au-delà de la position 9999, *.POS ne peut pas les "
+            "désigner Question ZZZ    "_w);
+  EXPECT_EQ(Rejouer("PageSuivante*50 Droite*2 Entree"), Fin::Normale);
+  EXPECT_TRUE(Lire("ENQ.POS").ends_with("599998120A\r\n")) << "none runs over the next columns";
 }
 
 TEST_F(SaisieTest, UnAutreProgrammeChangeLesDonnees) {

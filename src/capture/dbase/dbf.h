@@ -36,6 +36,8 @@ struct EnteteDbf {
   std::size_t LongueurChamps() const { return champs.empty() ? 0 : champs.back().position + champs.back().largeur - 1; }
   // Whether the records can be found behind a header of that length.
   bool DonneLesEnregistrements() const { return longueurEntete >= kEnteteMinimal; }
+  // Whether a record has room for its deletion mark and all the fields.
+  bool ContientLesChamps() const { return longueurEnregistrement > LongueurChamps(); }
   bool VersionConnue() const;  // one of the layout that is read here
 };
 

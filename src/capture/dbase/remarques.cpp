@@ -24,7 +24,11 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
   if (entete.longueurEnregistrement == 0 && entete.annonces > 0)
     remarques.push_back(
         Joindre({"La longueur d'un enregistrement est de 0 : les "_w, Compte(passage.enregistrements),
-                 " lignes de *.DAT sont vides ("_w, Compte(entete.annonces), " enregistrements annoncés)"_w}));
+                 " lignes de *.DAT sont vides ("_w, Compte(entete.annonces), " enregistrements annoncés)"_w,
+                 passage.enregistrements < entete.annonces
+                     ? Joindre({". Ce nombre est la limite que le programme se donne : le fichier ne contient aucun "
+                                "enregistrement"_w})
+                     : std::string()}));
   else if (passage.enregistrements < entete.annonces)
     remarques.push_back(
         Joindre({"L'en-tête annonce "_w, Compte(entete.annonces), " enregistrements, le fichier n'en contient que "_w,
@@ -67,6 +71,15 @@ void ExigerEntete(Rapport& rapport, const EnteteDbf& entete, std::string_view no
   if (entete.DonneLesEnregistrements()) return;
   rapport.Ligne({"L'en-tête du fichier "_w, nom, " annonce une longueur de "_w, Nombre(entete.longueurEntete),
                  " octets alors qu'il en faut au moins 32 : les enregistrements sont introuvables"_w});
+  rapport.Ligne("Verifiez et corrigez avant de relancer");
+  throw Erreur(kArretAnnonce);
+}
+
+void ExigerLongueur(Rapport& rapport, const EnteteDbf& entete, std::string_view nom) {
+  if (entete.ContientLesChamps()) return;
+  rapport.Ligne({"L'en-tête du fichier "_w, nom, " annonce des enregistrements de "_w,
+                 Nombre(entete.longueurEnregistrement), " octets alors que les champs en demandent "_w,
+                 Nombre(entete.LongueurChamps() + 1), " avec la marque d'effacement : les champs sont introuvables"_w});
   rapport.Ligne("Verifiez et corrigez avant de relancer");
   throw Erreur(kArretAnnonce);
 }

@@ -34,6 +34,8 @@ using Remarques = std::vector<std::string>;
 
 // A header whose records can't be found is told in the report and stops the run (kArretAnnonce).
 void ExigerEntete(Rapport& rapport, const EnteteDbf& entete, std::string_view nom);
+// The same for records that are too short for their fields: no cut of theirs could be trusted.
+void ExigerLongueur(Rapport& rapport, const EnteteDbf& entete, std::string_view nom);
 
 void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t taille, const PassageDbf& passage);
 // The questions that have their position for a name, and the columns behind the last one that .POS can tell.

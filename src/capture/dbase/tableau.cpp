@@ -58,7 +58,7 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool l
 template <class Travail>
 PassageDbf ParcourirEnregistrements(const Chemin& dbf, const EnteteDbf& entete, Travail&& travail) {
   LecteurDbf lecteur(dbf, entete);
-  std::string ligne(std::max(entete.LongueurLigne(), entete.LongueurChamps()), ' ');
+  std::string ligne(entete.LongueurLigne(), ' ');
   ConvertisseurDbf convertisseur(entete);
   PassageDbf passage;
   const auto ou = [&] { return Lieu{TexteDe(dbf.filename()), static_cast<std::int64_t>(passage.enregistrements)}; };
@@ -139,7 +139,7 @@ struct Lecture {
 // raises.
 void LireSource(const Chemin& dbf, Lecture& lecture) {
   const EnteteDbf& entete = lecture.entete = LireEnteteDuFichier(dbf);
-  if (!entete.DonneLesEnregistrements()) throw Erreur(kArretAnnonce);
+  if (!entete.DonneLesEnregistrements() || !entete.ContientLesChamps()) throw Erreur(kArretAnnonce);
   lecture.taille = LongueurFichier(dbf);
   lecture.lignes = static_cast<std::int64_t>(EnregistrementsEntiers(entete, lecture.taille));
   const Lieu fichier{TexteDe(dbf.filename())};
@@ -170,6 +170,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   const auto& [entete, taille, lignes, tableau, propres] = lecture;
   if (echec && taille == 0 && echec->Numero() != kArretAnnonce) throw *echec;
   ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
+  ExigerLongueur(rapport, entete, contexte.Nom(".DBF"));
   rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(lignes)});
   rapport.Ligne({"La longueur d'un enregistrement est de ", NombreNu(entete.longueurEnregistrement)});
   if (echec) throw *echec;

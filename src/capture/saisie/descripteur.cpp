@@ -30,6 +30,11 @@ std::string_view RefusDuNom(const EtatDescripteur& etat, std::string_view nom) {
 
 }  // namespace
 
+bool NombreEnFaute(std::string_view codeMax, GenreDescription genre) {
+  codeMax = Rogner(codeMax);
+  return codeMax.empty() || !RefusDuNombre(codeMax, genre).empty();
+}
+
 std::string_view RefusDeQuestion(const EtatDescripteur& etat, std::string_view nom, std::string_view codeMax,
                                  GenreDescription genre) {
   codeMax = Rogner(codeMax);

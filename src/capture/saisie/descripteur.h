@@ -27,6 +27,8 @@ inline constexpr std::size_t kQuestionsDuDescripteur = 1000;
 inline constexpr int kLargeurAlpha = 20;  // of an alphabetic or long numeric question
 inline constexpr int kCodeMaxCourt = 99;  // two columns of the descriptor
 
+// Whether the code-max or width is missing, or is none for that kind.
+bool NombreEnFaute(std::string_view codeMax, GenreDescription genre);
 // What a question is refused for, in the order of the checks; empty when it can be validated.
 std::string_view RefusDeQuestion(const EtatDescripteur& etat, std::string_view nom, std::string_view codeMax,
                                  GenreDescription genre);

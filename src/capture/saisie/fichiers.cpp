@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "capture/dbase/questions.h"
 #include "capture/fichiers.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
@@ -41,6 +42,7 @@ std::string LignesDeQuestions(const Descripteur& descripteur) {
   std::string lignes;
   std::int64_t position = 1;
   for (const DescriptionDeQuestion& description : descripteur.descriptions) {
+    if (static_cast<std::size_t>(position) > kDernierePosition) break;
     lignes += LigneDeQuestion(description.nom, position, CodeMaxGenere(description), "\r\n");
     position += description.Largeur();
   }
@@ -93,11 +95,14 @@ void FichiersSaisie::Revoir() {
   trace_ = trace;
 }
 
-// A .POS that tells more than the descriptor is kept once.
+// A .POS that tells more than the descriptor is kept once, and the copy of a former one with it.
 void FichiersSaisie::GarderPos(JeuDeFichiers& jeu) const {
   if (!posAGarder_) return;
-  if (const std::optional<Chemin> pos = ChercherPos(contexte_))
-    CopierLignes(*pos, jeu.Ouvrir(NomDeSauvegarde(contexte_.Nom(".POS")), Nature::Unique));
+  const std::optional<Chemin> pos = ChercherPos(contexte_);
+  if (!pos) return;
+  const std::string sauvegarde = NomDeSauvegarde(contexte_.Nom(".POS"));
+  ConserverSauvegarde(contexte_, *pos, sauvegarde, jeu);
+  CopierLignes(*pos, jeu.Ouvrir(sauvegarde, Nature::Unique));
 }
 
 void FichiersSaisie::Ajouter(std::string_view ligne) {

@@ -79,7 +79,7 @@ class FichiersSaisie {
   bool posARefaire_ = false;
 };
 
-// The lines of .POS that entry makes of its questions, ended by CR LF.
+// The lines of .POS that entry makes of its questions, ended by CR LF; those behind kDernierePosition have none.
 std::string LignesDeQuestions(const Descripteur& descripteur);
 
 }  // namespace quelvar::capture

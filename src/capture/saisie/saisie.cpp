@@ -2,6 +2,8 @@
 
 #include <unordered_set>
 
+#include "capture/dbase/questions.h"
+#include "capture/fichiers.h"
 #include "capture/saisie/touches.h"
 #include "core/texte/nombres.h"
 
@@ -25,6 +27,37 @@ void SignalerNoms(Descripteur& descripteur) {
     descripteur.fautes.push_back(Joindre({faute, " Question ", description.nom}));
     ++descripteur.nombreFautes;
   }
+}
+
+// The fault of the first question that .POS can't tell the position of.
+void SignalerPositions(Descripteur& descripteur) {
+  std::size_t position = 1;
+  for (const DescriptionDeQuestion& description : descripteur.descriptions) {
+    if (position > kDernierePosition) {
+      descripteur.fautes.push_back(
+          Joindre({"*** Attention cette question et les suivantes sont au-delà de la position "_w,
+                   Nombre(kDernierePosition), ", *.POS ne peut pas les désigner Question "_w, description.nom}));
+      ++descripteur.nombreFautes;
+      return;
+    }
+    position += static_cast<std::size_t>(description.Largeur());
+  }
+}
+
+// What becomes of a .POS that tells more than the descriptor, and of the copy that its own copy takes the name of.
+std::string AnnonceDuPos(const Contexte& contexte) {
+  const std::string pos = contexte.Nom(".POS");
+  const std::string sauvegarde = NomDeSauvegarde(pos);
+  std::string annonce = Joindre(
+      {"Le fichier ", pos,
+       " contient autre chose que ce que donne le descripteur (intitulés, règles) : il sera remplacé au premier "
+       "enregistrement et sauvegardé sous le nom "_w,
+       sauvegarde});
+  const std::optional<Chemin> ancien = ChercherPos(contexte);
+  const std::string nom = ancien ? NomPourAncienneSauvegarde(contexte, *ancien, sauvegarde) : std::string();
+  if (!nom.empty())
+    annonce += Joindre({"\r\nL'ancienne sauvegarde ", sauvegarde, " sera conservée sous le nom "_w, nom});
+  return annonce;
 }
 
 void AjouterLigne(std::string& texte, std::string_view ligne) {
@@ -115,16 +148,13 @@ std::optional<SaisieEnCours> CommencerSaisie(const Contexte& contexte, Synchroni
   const ExamenDat& examen = fichiers.Examen();
   if (examen.longueurDerniere > 0) VerifierLongueur(descripteur, examen.longueurDerniere);
   SignalerNoms(descripteur);
+  SignalerPositions(descripteur);
   std::string fautes;
   for (const std::string& ligne : tenu.Recit()) AjouterLigne(fautes, ligne);
   if (const std::string duDescripteur = TexteDesFautes(descripteur); !duDescripteur.empty())
     AjouterLigne(fautes, duDescripteur);
   if (descripteur.descriptions.empty()) AjouterLigne(fautes, "*** Le descripteur ne contient aucune question");
-  if (fichiers.PosAGarder())
-    AjouterLigne(fautes, Joindre({"Le fichier ", contexte.Nom(".POS"),
-                                  " contient autre chose que ce que donne le descripteur (intitulés, règles) : il sera "
-                                  "remplacé au premier enregistrement et sauvegardé sous le nom "_w,
-                                  NomDeSauvegarde(contexte.Nom(".POS"))}));
+  if (fichiers.PosAGarder()) AjouterLigne(fautes, AnnonceDuPos(contexte));
   if (fichiers.Reprendre())
     AjouterLigne(fautes,
                  Joindre({"L'effectif du fichier ", contexte.Nom(".POS"), " a été remis d'accord avec les données"_w}));

@@ -14,14 +14,14 @@ SaisieDes::SaisieDes(Services& services) : Forme(services), ui_(std::make_unique
   ui_->ListVar->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   for (QRadioButton* genre : {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2})
     connect(genre, &QRadioButton::toggled, this, &SaisieDes::ChangerGenre);
-  connect(ui_->BoutCont, &QPushButton::clicked, this, &SaisieDes::Valider);
+  connect(ui_->BoutCont, &QPushButton::clicked, this, [this] { Valider(); });
   connect(ui_->ListVar, &QListWidget::itemClicked, this, [this] { Reprendre(ui_->ListVar->currentRow()); });
   connect(ui_->ListVar, &QListWidget::itemActivated, this, [this] { Reprendre(ui_->ListVar->currentRow()); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &SaisieDes::EnregistrerEtQuitter);
   connect(ui_->BoutSaisie, &QPushButton::clicked, this, &SaisieDes::PasserALaSaisie);
   // Its caption says that nothing is saved: it does not ask.
   connect(ui_->BoutArret, &QPushButton::clicked, this, [this] {
-    change_ = false;
+    sansEnregistrer_ = true;
     reject();
   });
   RelierAide(*ui_->BoutAide, "mnuASaisie");
@@ -38,34 +38,54 @@ GenreDescription SaisieDes::Genre() const {
 
 void SaisieDes::ChangerGenre() { ui_->LibelleCodeMax->setText(VersQt(capture::LibelleCodeMax(Genre()))); }
 
-void SaisieDes::Valider() {
-  const std::string_view refus =
-      capture::ValiderQuestion(etat_, DepuisQt(ui_->TextMod->text()), DepuisQt(ui_->CodeMax->currentText()), Genre());
+void SaisieDes::Montrer(const QString& nom, const QString& codeMax, GenreDescription genre) {
+  ui_->TextMod->setText(nom);
+  ui_->CodeMax->setCurrentIndex(-1);
+  ui_->CodeMax->setEditText(codeMax);
+  QRadioButton* const genres[] = {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2};
+  genres[static_cast<std::size_t>(genre)]->setChecked(true);
+  ui_->TextMod->setFocus();
+  ui_->TextMod->selectAll();
+}
+
+// Whether the fields hold something that was not validated.
+bool SaisieDes::EnCours() const {
+  const QString nom = ui_->TextMod->text();
+  const QString codeMax = ui_->CodeMax->currentText();
+  if (!etat_.corrigee) return !nom.trimmed().isEmpty() || !codeMax.trimmed().isEmpty();
+  const capture::DefinitionDeQuestion& question = etat_.questions[*etat_.corrigee];
+  return nom != VersQt(question.nom) || codeMax != QString::number(question.nombre) || Genre() != question.genre;
+}
+
+// False for a question that is refused: the keyboard is back where the fault is.
+bool SaisieDes::Valider() {
+  const std::string codeMax = DepuisQt(ui_->CodeMax->currentText());
+  const std::string_view refus = capture::ValiderQuestion(etat_, DepuisQt(ui_->TextMod->text()), codeMax, Genre());
   if (!refus.empty()) {
     services_.ecran.biper();
     services_.ecran.demander(refus, Boutons::Ok);
-    return;
+    const bool nomComplet = ui_->TextMod->text().size() == ui_->TextMod->maxLength();
+    if (nomComplet && capture::NombreEnFaute(codeMax, Genre())) ui_->CodeMax->setFocus();
+    else ui_->TextMod->setFocus();
+    return false;
   }
   change_ = true;
   MontrerListe();
-  ui_->TextMod->clear();
-  ui_->CodeMax->setCurrentIndex(-1);
-  ui_->CodeMax->clearEditText();
-  ui_->OptNum->setChecked(true);
-  ui_->TextMod->setFocus();
+  Montrer({}, {}, GenreDescription::NumeriqueCourte);
+  return true;
 }
+
+// What was typed and not validated is not left out of what is made of the questions.
+bool SaisieDes::ValiderLEnCours() { return !EnCours() || Valider(); }
 
 void SaisieDes::Reprendre(int ligne) {
   if (ligne < 0) return;
   const auto rang = static_cast<std::size_t>(ligne);
-  const capture::DefinitionDeQuestion& question = etat_.questions[rang];
+  // The line under correction gives its own values back; another one would take the place of what is typed.
+  if (etat_.corrigee != rang && !ValiderLEnCours()) return;
   etat_.corrigee = rang;
-  ui_->TextMod->setText(VersQt(question.nom));
-  ui_->CodeMax->setEditText(QString::number(question.nombre));
-  QRadioButton* const genres[] = {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2};
-  genres[static_cast<std::size_t>(question.genre)]->setChecked(true);
-  ui_->TextMod->setFocus();
-  ui_->TextMod->selectAll();
+  const capture::DefinitionDeQuestion& question = etat_.questions[rang];
+  Montrer(VersQt(question.nom), QString::number(question.nombre), question.genre);
 }
 
 void SaisieDes::MontrerListe() {
@@ -78,6 +98,7 @@ void SaisieDes::MontrerListe() {
 }
 
 bool SaisieDes::Enregistrer() {
+  if (!ValiderLEnCours()) return false;
   bool fait = false;
   services_.Lancer([&](const Contexte&) {
     capture::EnregistrerDescripteur(contexte_, etat_);

@@ -18,12 +18,15 @@ class SaisieDes : public Forme {
   explicit SaisieDes(Services& services);
   ~SaisieDes() override;
 
-  bool ATravail() const override { return change_; }
+  bool ATravail() const override { return !sansEnregistrer_ && (change_ || EnCours()); }
 
  private:
   GenreDescription Genre() const;
   void ChangerGenre();
-  void Valider();
+  void Montrer(const QString& nom, const QString& codeMax, GenreDescription genre);
+  bool EnCours() const;
+  bool Valider();
+  bool ValiderLEnCours();
   void Reprendre(int ligne);
   void MontrerListe();
   bool Enregistrer();
@@ -31,7 +34,8 @@ class SaisieDes : public Forme {
   void PasserALaSaisie();
 
   capture::EtatDescripteur etat_;
-  bool change_ = false;  // questions that no file has
+  bool change_ = false;           // questions that no file has
+  bool sansEnregistrer_ = false;  // left by the button that says so
   std::unique_ptr<Ui::SaisieDes> ui_;
 };
 

@@ -82,6 +82,42 @@ TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
   EXPECT_EQ(bureau.Lire("ENQ.DAT"), "1             \r\n");
 }
 
+// What is typed when the descriptor is ended belongs to it, a correction as well as a new question.
+TEST(SaisieDes, CeQuiNEstPasValide) {
+  BureauEnq bureau;
+  bureau.Ouvrir();
+  SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
+  const auto frapper = [&](const char* nom, const char* codeMax) {
+    Taper(des, "TextMod", nom);
+    Bureau::Dans<QComboBox>(des, "CodeMax").setEditText(codeMax);
+  };
+  frapper("SEX", "2");
+  Cliquer(des, "BoutCont");
+  frapper("AGE", "25");
+  essai::CliquerLigne(des, "ListVar", 0);
+  EXPECT_EQ(Lignes(des, "ListVar"), (QStringList{"SEX     2     ", "AGE    25     "})) << "not written over";
+  frapper("SEX", "3");
+  essai::CliquerLigne(des, "ListVar", 0);
+  EXPECT_EQ(Bureau::Dans<QComboBox>(des, "CodeMax").currentText(), "2") << "the same line again undoes the correction";
+  frapper("SEX", "4");
+
+  const auto refuser = [&](const char* nom, const char* codeMax, const QString& refus, const char* champ) {
+    frapper(nom, codeMax);
+    Pilote pilote;
+    pilote.Cliquer("OK");
+    Cliquer(des, "BoutSaisie");
+    EXPECT_EQ(pilote.Vues(), QStringList{refus});
+    EXPECT_EQ(des.focusWidget()->objectName(), champ);
+    EXPECT_FALSE(bureau.Existe("ENQ.DES"));
+  };
+  refuser("AGE", "4", "Ce nom est déjà celui d'une autre question", "TextMod");
+  refuser("SEX", "", "Code max non défini", "CodeMax");
+  frapper("SEX", "4");
+  Cliquer(des, "BoutSaisie");
+  EXPECT_EQ(bureau.Lire("ENQ.DES"), "SEX     4     \r\nAGE    25     \r\n");
+  EXPECT_NE(bureau.Forme<Saisief>(), nullptr);
+}
+
 TEST(SaisieDes, QuitterSansEnregistrer) {
   BureauEnq bureau;
   bureau.Ouvrir();
@@ -94,6 +130,7 @@ TEST(SaisieDes, QuitterSansEnregistrer) {
   pilote.Abandonner();  // Escape asks, since the question is in no file
   QTest::keyClick(&des, Qt::Key_Escape);
   EXPECT_NE(bureau.Forme<SaisieDes>(), nullptr);
+  Taper(des, "TextMod", "AGE");
   Cliquer(des, "BoutArret");
   EXPECT_EQ(bureau.Forme<SaisieDes>(), nullptr);
   EXPECT_FALSE(bureau.Existe("ENQ.DES"));
