@@ -272,6 +272,22 @@ void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& do
       Boutons::Ok);
 }
 
+// The mark of grouped columns is lost; supplementary rows grouped with an active one become active.
+void DireSupplementairesActives(const Contexte& contexte, const Table& table, const PlanDeRegroupement& plan) {
+  std::int64_t colonnes = 0;
+  for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
+    if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++colonnes;
+  const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
+  const auto fin = plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
+  const bool groupeActif = std::find(plan.lignes.begin(), fin, 1) != fin;
+  const std::int64_t lignes = groupeActif ? std::count(fin, plan.lignes.end(), 1) : 0;
+  if (colonnes == 0 && lignes == 0) return;
+  contexte.Ecran().demander(
+      Joindre({"Éléments supplémentaires que le regroupement rend actifs : "_w, Nombre(colonnes), " colonnes, "_w,
+               Nombre(lignes), " lignes. Rétablissez le statut du regroupement avant d'analyser"_w}),
+      Boutons::Ok);
+}
+
 // `libre` when nothing that counts stands under the new generic.
 void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt& options, const std::string& nouveau,
               bool libre) {
@@ -312,6 +328,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   if (!libre) EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
   DireLignesEnPlus(contexte, table);
+  DireSupplementairesActives(contexte, table, plan);
   DireCellulesDouteuses(contexte, bilan.douteuses);
   EcrireFin(contexte, rapport, nouveau);
 }

@@ -113,6 +113,29 @@ TEST_F(RunModifBurt, RowsBeyondThoseAnnouncedAndANameThatIsCutAreTold) {
   EXPECT_NE(boites_[1].find("ENQ.BRT a 3 lignes au lieu de 2 (LIGN= de ENQ.MOD)"), std::string::npos);
 }
 
+TEST_F(RunModifBurt, SupplementaryElementsThatBecomeActiveAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=2 COL=3 FMT=2 \r\nA   S  a\r\nB   S  b\r\nC      c\r\n");
+  Ecrire("ENQ.BRT", "L1   1 2 3\r\nL2   3 4 5\r\nL3   5 6 7\r\n");
+  struct Cas {
+    std::vector<std::string> colonnes, lignes;
+    std::string_view annonce;  // empty when nothing changes
+  };
+  for (const Cas& cas :
+       {Cas{{"C"}, {}, ""}, Cas{{}, {"L2", "L3"}, ""}, Cas{{}, {"L1", "L3"}, " : 0 colonnes, 1 lignes"},
+        Cas{{"A", "B"}, {"L1", "L2", "L3"}, " : 2 colonnes, 2 lignes"}}) {
+    for (const char* reste : {"ENR.BRT", "ENR.MOD", "ENR.PRT"}) Effacer(reste);
+    boites_.clear();
+    OptionsModifBurt options;
+    options.colonnes = cas.colonnes;
+    options.lignes = cas.lignes;
+    options.nomColonne = "Gcol";
+    options.nomLigne = "Glig";
+    ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
+    ASSERT_EQ(boites_.size(), cas.annonce.empty() ? 0U : 1U);
+    EXPECT_TRUE(boites_.empty() || boites_[0].find(cas.annonce) != std::string::npos) << boites_[0];
+  }
+}
+
 TEST_F(RunModifBurt, ASlipCostsNoGenericAndWholeTablesAreNotGrouped) {
   EcrireTable();
   Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1 \r\nAGE1\r\nAGE2\r\nSEX1\r\n");
