@@ -1,5 +1,6 @@
 #include "factor/profil/lecture.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "core/enquete/datfile.h"
@@ -92,6 +93,13 @@ class Comptoir {
   std::size_t places_ = 0;
 };
 
+// Whether a cell of the Burt table is whole and holds a count, or nothing.
+bool EstEffectif(std::string_view cellule, std::size_t largeur) {
+  if (cellule.size() != largeur) return false;
+  if (cellule.find_first_not_of(" 0123456789") == std::string_view::npos) return true;
+  return EstNombre(cellule) && ValeurDe(cellule) >= 0 && ValeurDe(cellule) == ArrondirPair(ValeurDe(cellule));
+}
+
 }  // namespace
 
 FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, CodeDeModalite& lu) {
@@ -158,18 +166,20 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   LecteurLignes lecteur(brt);
   for (std::size_t i = 0; i < mod.modalites.size(); ++i) {
     const std::string_view ligne = lecteur.LireObligatoire();
-    const auto cellule = [&](std::size_t j) {
-      const std::string_view texte = Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur);
-      const bool lisible = texte.size() == largeur && (Rogner(texte).empty() || EstNombre(texte));
-      if (!lisible && comptes.illisibles++ == 0)
-        comptes.premiereIllisible =
-            Joindre({"ligne ", Nombre(i + 1), ", colonne ", Nombre(j + 1), " (", Rogner(texte), ")"});
-      return ValeurDe(texte);
+    const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur); };
+    const auto verifier = [&](std::size_t j) {
+      if (EstEffectif(cellule(j), largeur) || comptes.douteuses++ > 0) return;
+      comptes.premiereDouteuse =
+          Joindre({"ligne ", Nombre(i + 1), ", colonne ", Nombre(j + 1), " (", Rogner(cellule(j)), ")"});
     };
-    comptes.effectifs.push_back(cellule(i));
+    comptes.effectifs.push_back(ValeurDe(cellule(i)));
+    const std::size_t nombre = mod.modalites.size();
+    if (std::find(choisies.begin(), choisies.end(), i) == choisies.end()) verifier(i);
+    else
+      for (std::size_t j = 0; j < nombre; ++j) verifier(j);
     for (std::size_t k = 0; k < choisies.size(); ++k)
       if (choisies[k] == i)
-        for (std::size_t j = 0; j < mod.modalites.size(); ++j) comptes.ensemble[k].push_back(cellule(j));
+        for (std::size_t j = 0; j < nombre; ++j) comptes.ensemble[k].push_back(ValeurDe(cellule(j)));
   }
   comptes.individus = annonces > 0 ? annonces : parametres.burt == 1 ? parametres.lignesSup : 0;
   const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, 3);

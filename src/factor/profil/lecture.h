@@ -18,8 +18,8 @@ struct ComptesDeProfil {
   double individus = 0;
   std::vector<double> effectifs;              // by modality
   std::vector<std::vector<double>> ensemble;  // by chosen one, then by modality
-  std::int64_t illisibles = 0;                // cells of the Burt table that hold no number
-  std::string premiereIllisible{};            // where the first one stands
+  std::int64_t douteuses = 0;                 // cells read of the Burt table that are cut or no whole number from 0 on
+  std::string premiereDouteuse{};             // where the first one stands
 };
 
 // The question and the code that the name of a modality stands for.

@@ -135,11 +135,13 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
     ExigerTableDuMod(*fichiers.brt, mod, parametres);
     ComptesDeProfil comptes =
         LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
-    if (comptes.illisibles > 0)
+    if (comptes.douteuses > 0)
       contexte.Ecran().demander(
-          Joindre({"Cellules de ", contexte.Nom(".BRT"), " qui ne sont pas des nombres : ", Nombre(comptes.illisibles),
-                   ", la première "_w, comptes.premiereIllisible,
-                   ". Elles comptent pour 0, ou jusqu'au premier signe de trop : refaites le tableau"}),
+          Joindre({"Cellules de ", contexte.Nom(".BRT"),
+                   " qui ne sont pas des nombres entiers positifs ou nuls, ou sont coupées : "_w,
+                   Nombre(comptes.douteuses), ", la première "_w, comptes.premiereDouteuse,
+                   ". Un nombre négatif ou à décimales est pris tel quel, un texte compte pour 0 ou jusqu'au premier "
+                   "signe de trop : refaites le tableau"_w}),
           Boutons::Ok);
     return comptes;
   }

@@ -235,14 +235,62 @@ int RegrouperJusquAuBout(Rapport& rapport, const Contexte& contexte, const Table
   }
 }
 
-NomsDeGroupe NommerGroupes(const Table& table, const OptionsModifBurt& options) {
-  const auto couper = [](const std::string& nom) { return nom.substr(0, kNomDeGroupeLePlusLong); };
+NomsDeGroupe NommerGroupes(const Contexte& contexte, const Table& table, const OptionsModifBurt& options) {
+  const auto couper = [&](const std::string& nom) {
+    const std::string coupe = nom.substr(0, kNomDeGroupeLePlusLong);
+    if (coupe.size() < nom.size())
+      contexte.Ecran().demander(Joindre({"Nom de regroupement coupé à "_w, Nombre(kNomDeGroupeLePlusLong),
+                                         " caractères : "_w, nom, " devient ", coupe}),
+                                Boutons::Ok);
+    return coupe;
+  };
   const std::string colonne = couper(options.nomColonne);
   const std::string ligne = table.parametres.burt > 0 ? colonne : couper(options.nomLigne);
   return {NomCourtDeGroupe(colonne), colonne, NomCourtDeGroupe(ligne), ligne};
 }
 
-void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt& options, const std::string& nouveau) {
+// Rows beyond those that the .MOD announces are kept, and announced by the new one.
+void DireLignesEnPlus(const Contexte& contexte, const Table& table) {
+  if (table.parametres.burt > 1 || table.parametres.lignes <= 0) return;
+  const std::int64_t rangees = CompterRangees(table.brt);
+  if (static_cast<double>(rangees) <= table.parametres.lignes) return;
+  contexte.Ecran().demander(Joindre({contexte.Nom(".BRT"), " a ", Nombre(rangees), " lignes au lieu de ",
+                                     Nombre(Entier64(table.parametres.lignes)), " (LIGN= de ", contexte.Nom(".MOD"),
+                                     "). Toutes sont gardées : vérifiez que ces deux fichiers vont ensemble"_w}),
+                            Boutons::Ok);
+}
+
+// The sums take the cells as they read; what is no count among them is told.
+void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& douteuses) {
+  if (douteuses.nombre == 0) return;
+  contexte.Ecran().demander(
+      Joindre({"Cellules regroupées qui ne sont pas des nombres entiers positifs ou nuls, ou sont coupées : "_w,
+               Nombre(douteuses.nombre), ", la première "_w, douteuses.premiere,
+               ". Un texte ou ce qui manque compte pour 0, un nombre négatif est retranché, et les sommes sont "
+               "arrondies : vérifiez "_w,
+               contexte.Nom(".BRT")}),
+      Boutons::Ok);
+}
+
+// The mark of grouped columns is lost; supplementary rows grouped with an active one become active.
+void DireSupplementairesActives(const Contexte& contexte, const Table& table, const PlanDeRegroupement& plan) {
+  std::int64_t colonnes = 0;
+  for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
+    if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++colonnes;
+  const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
+  const auto fin = plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
+  const bool groupeActif = std::find(plan.lignes.begin(), fin, 1) != fin;
+  const std::int64_t lignes = groupeActif ? std::count(fin, plan.lignes.end(), 1) : 0;
+  if (colonnes == 0 && lignes == 0) return;
+  contexte.Ecran().demander(
+      Joindre({"Éléments supplémentaires que le regroupement rend actifs : "_w, Nombre(colonnes), " colonnes, "_w,
+               Nombre(lignes), " lignes. Rétablissez le statut du regroupement avant d'analyser"_w}),
+      Boutons::Ok);
+}
+
+// `libre` when nothing that counts stands under the new generic.
+void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt& options, const std::string& nouveau,
+              bool libre) {
   EcrireBandeau(rapport, "Modification d'un tableau de Burt");
   const Table table = OuvrirTable(contexte, rapport);
   if (table.parametres.largeur < 1) {
@@ -250,7 +298,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
     throw Erreur(kArretAnnonce);
   }
   PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
-  const NomsDeGroupe noms = NommerGroupes(table, options);
+  const NomsDeGroupe noms = NommerGroupes(contexte, table, options);
   plan.nomCourt = noms.ligne;
   ExigerNomsLibres(contexte, rapport, table, options);
   if (table.parametres.burt > 1 && plan.AvecColonnes() &&
@@ -277,15 +325,11 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
             LigneDeParametres(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
   if (table.pos) CopierLignes(*table.pos, sorties->Ouvrir(nouveau + ".POS", Nature::Unique));
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
-  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
+  if (!libre) EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
-  if (bilan.douteuses.nombre > 0)
-    contexte.Ecran().demander(
-        Joindre({"Cellules regroupées qui ne sont pas des nombres entiers, ou sont coupées : "_w,
-                 Nombre(bilan.douteuses.nombre), ", la première "_w, bilan.douteuses.premiere,
-                 ". Un texte ou ce qui manque compte pour 0, et les sommes sont arrondies : vérifiez "_w,
-                 contexte.Nom(".BRT")}),
-        Boutons::Ok);
+  DireLignesEnPlus(contexte, table);
+  DireSupplementairesActives(contexte, table, plan);
+  DireCellulesDouteuses(contexte, bilan.douteuses);
   EcrireFin(contexte, rapport, nouveau);
 }
 
@@ -360,7 +404,7 @@ Fin ModifierBurt(const Contexte& contexte, const OptionsModifBurt& options) {
   const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer || deja);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, *nouveau + ".PRT", LibellesErreur{},
-                                    [&](Rapport& rapport) { Modifier(rapport, contexte, options, *nouveau); });
+                                    [&](Rapport& rapport) { Modifier(rapport, contexte, options, *nouveau, deja); });
   if (fin == Fin::Normale && options.nouveau != nullptr) *options.nouveau = *nouveau;
   return fin;
 }

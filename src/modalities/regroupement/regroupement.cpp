@@ -26,11 +26,11 @@ double ValeurDeCellule(std::string_view cellule) {
   return valeur;
 }
 
-// Whether a cell counts for another number than the one that it shows, or is cut.
+// Whether a cell is no count, or is cut.
 bool EstDouteuse(std::string_view cellule, std::size_t largeur) {
   if (cellule.size() < largeur) return true;
   if (cellule.find_first_not_of(" 0123456789") == std::string_view::npos) return false;
-  return !EstNombre(cellule) || ValeurDe(cellule) != ArrondirPair(ValeurDe(cellule));
+  return !EstNombre(cellule) || ValeurDe(cellule) < 0 || ValeurDe(cellule) != ArrondirPair(ValeurDe(cellule));
 }
 
 // A row after the columns have been grouped.

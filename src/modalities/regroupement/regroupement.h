@@ -28,7 +28,7 @@ struct LigneGroupee {
   double frequence = 0;  // its cell in the group's column, or its first cell
 };
 
-// Cells that are added up and hold no whole number, and what short rows lack.
+// Cells that are added up and hold no whole number from 0 on, and what short rows lack.
 struct CellulesDouteuses {
   std::int64_t nombre = 0;
   std::string premiere;  // where the first of them stands

@@ -158,11 +158,25 @@ TEST_F(RunProfil, WithoutDataOnlyABurtTableHasAProfile) {
   Ecrire("ENQ.BRT", "OUI  40  0\r\nNON   0 40\r\n");  // one without BRT= all the same
   EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Normale);
   EXPECT_TRUE(boites_.empty());
-  Ecrire("ENQ.BRT", "OUI  40abc\r\nNON   0 40\r\n");
-  EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Normale);
-  ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_NE(boites_[0].find("qui ne sont pas des nombres : 1, la premi"), std::string::npos);
-  EXPECT_NE(boites_[0].find("ligne 1, colonne 2 (abc)"), std::string::npos);
+}
+
+TEST_F(RunProfil, CellsOfTheBurtTableThatAreNoCountsAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=4 MOD=OUI\r\nOUI    oui\r\nNON    non\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 80 \r\nAGE   1 2\r\n");
+  struct Cas {
+    std::string_view oui, non, annonce;  // the rows, and what is told of them
+  };
+  for (const Cas& cas : {Cas{"  40   3", "   3  40", ""}, Cas{"  40    ", "   0 4e1", ""},
+                         Cas{"  40 abc", "   0  40", ": 1, la première ligne 1, colonne 2 (abc)"_w},
+                         Cas{"  40  -3", "  -3  40", ": 1, la première ligne 1, colonne 2 (-3)"_w},
+                         Cas{"40.5 2.5", " 2.5  -1", ": 3, la première ligne 1, colonne 1 (40.5)"_w},
+                         Cas{"  40   0", "   0  4x", ": 1, la première ligne 2, colonne 2 (4x)"_w}}) {
+    boites_.clear();
+    Ecrire("ENQ.BRT", Joindre({"OUI ", cas.oui, "\r\nNON ", cas.non, "\r\n"}));
+    EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Normale) << montre_;
+    EXPECT_EQ(boites_.size(), cas.annonce.empty() ? 0U : 1U) << cas.oui;
+    EXPECT_TRUE(boites_.empty() || boites_[0].find(cas.annonce) != std::string::npos) << boites_[0];
+  }
 }
 
 TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {

@@ -79,19 +79,61 @@ TEST_F(RunModifBurt, AGroupDoesNotTakeTheNameOfAnotherElement) {
 
 TEST_F(RunModifBurt, CellsThatAreNotAddedUpAsTheyStandAreTold) {
   Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 FMT=3 \r\nA\r\nB\r\n");
-  Ecrire("ENQ.BRT", "L1    1  2\r\nL2  1.5abc\r\nL3    4\r\n");
+  Ecrire("ENQ.BRT", "L1    1  2\r\nL2  1.5abc\r\nL3   -4\r\n");
   OptionsModifBurt options;
   options.lignes = {"L1", "L2", "L3"};
   options.nomLigne = "Tout";
   ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale);
-  EXPECT_EQ(Lire("ENR.BRT"), "Tout  6  2\r\n");
+  EXPECT_EQ(Lire("ENR.BRT"), "Tout -2  2\r\n");
   ASSERT_FALSE(boites_.empty());
-  EXPECT_NE(boites_.back().find(std::string(" : 3, la première ligne 2, colonne 1 (1.5)"_w)), std::string::npos);
+  EXPECT_NE(boites_.back().find(std::string(" : 4, la première ligne 2, colonne 1 (1.5)"_w)), std::string::npos);
   for (const char* reste : {"ENR.BRT", "ENR.MOD"}) Effacer(reste);
   boites_.clear();
   options.lignes = {"L1"};
   ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale);
   EXPECT_TRUE(boites_.empty()) << "cells that are copied stay as they are";
+}
+
+TEST_F(RunModifBurt, RowsBeyondThoseAnnouncedAndANameThatIsCutAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 COL=2 FMT=2 \r\nA\r\nB\r\n");
+  Ecrire("ENQ.BRT", "L1   1 2\r\nL2   3 4\r\n");
+  OptionsModifBurt options;
+  options.colonnes = {"A", "B"};
+  options.nomColonne = "abcdefghijklmnopqrstuvwxy";
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
+  EXPECT_TRUE(boites_.empty());
+  for (const char* reste : {"ENR.BRT", "ENR.MOD", "ENR.PRT"}) Effacer(reste);
+  Ecrire("ENQ.BRT", "L1   1 2\r\nL2   3 4\r\nL3   5 6\r\n");
+  options.nomColonne += "zabc";
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
+  ASSERT_EQ(boites_.size(), 2U);
+  EXPECT_NE(boites_[0].find(std::string("coupé à 25 caractères : abcdefghijklmnopqrstuvwxyzabc devient "
+                                        "abcdefghijklmnopqrstuvwxy"_w)),
+            std::string::npos);
+  EXPECT_NE(boites_[1].find("ENQ.BRT a 3 lignes au lieu de 2 (LIGN= de ENQ.MOD)"), std::string::npos);
+}
+
+TEST_F(RunModifBurt, SupplementaryElementsThatBecomeActiveAreTold) {
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=2 COL=3 FMT=2 \r\nA   S  a\r\nB   S  b\r\nC      c\r\n");
+  Ecrire("ENQ.BRT", "L1   1 2 3\r\nL2   3 4 5\r\nL3   5 6 7\r\n");
+  struct Cas {
+    std::vector<std::string> colonnes, lignes;
+    std::string_view annonce;  // empty when nothing changes
+  };
+  for (const Cas& cas :
+       {Cas{{"C"}, {}, ""}, Cas{{}, {"L2", "L3"}, ""}, Cas{{}, {"L1", "L3"}, " : 0 colonnes, 1 lignes"},
+        Cas{{"A", "B"}, {"L1", "L2", "L3"}, " : 2 colonnes, 2 lignes"}}) {
+    for (const char* reste : {"ENR.BRT", "ENR.MOD", "ENR.PRT"}) Effacer(reste);
+    boites_.clear();
+    OptionsModifBurt options;
+    options.colonnes = cas.colonnes;
+    options.lignes = cas.lignes;
+    options.nomColonne = "Gcol";
+    options.nomLigne = "Glig";
+    ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
+    ASSERT_EQ(boites_.size(), cas.annonce.empty() ? 0U : 1U);
+    EXPECT_TRUE(boites_.empty() || boites_[0].find(cas.annonce) != std::string::npos) << boites_[0];
+  }
 }
 
 TEST_F(RunModifBurt, ASlipCostsNoGenericAndWholeTablesAreNotGrouped) {
@@ -111,6 +153,7 @@ TEST_F(RunModifBurt, ASlipCostsNoGenericAndWholeTablesAreNotGrouped) {
   options.nouveau = &nouveau;
   ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale);
   EXPECT_EQ(nouveau, "ENR");
+  EXPECT_FALSE(Dit("ses fichiers sont rempl")) << "of the stopped run there was its report alone";
   ASSERT_FALSE(boites_.empty());
   EXPECT_NE(boites_.back().find("autre"), std::string::npos) << "a name that is not taken is told";
   Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 COL=2 FMT=2 \r\nA\r\nB\r\n");
