@@ -58,7 +58,7 @@ std::vector<std::string> Remarquer(const FaitsTableur& faits, const std::vector<
   if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
   for (std::size_t j = 0; j < colonnes.size(); ++j)
     if (const std::int64_t nombre = faits.colonnes[j].negatives; nombre > 0)
-      remarques.push_back(RemarqueNegatives(nombre, colonnes[j]));
+      remarques.push_back(RemarqueNegatives(nombre, colonnes[j].rang, colonnes[j].intitule));
   RemarquerNoms(remarques, colonnes, nomsChanges);
   return remarques;
 }

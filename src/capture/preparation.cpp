@@ -110,9 +110,16 @@ std::string PreparationDImport::Renommer(std::size_t colonne, std::string_view n
   return {};
 }
 
-std::vector<std::string> PreparationDImport::Remarques() const { return RemarquesDeTable(apercu_.faits); }
+std::vector<std::string> PreparationDImport::Remarques() const {
+  std::vector<std::string> remarques = RemarquesDeTable(apercu_.faits);
+  for (const std::string& remarque : RemarquesDesNegatives(choix_, apercu_.faits)) remarques.push_back(remarque);
+  return remarques;
+}
 
-bool PreparationDImport::ToutVaBien() const { return ToutEstCodes(choix_) && Doutes().empty() && Refus().empty(); }
+bool PreparationDImport::ToutVaBien() const {
+  return ToutEstCodes(choix_) && Doutes().empty() && Refus().empty() &&
+         RemarquesDesNegatives(choix_, apercu_.faits).empty();
+}
 
 OptionsImport PreparationDImport::Options() const {
   OptionsImport options;

@@ -119,6 +119,25 @@ TEST_F(Classeurs, ReadingStopsWhenTheReceiverHasEnough) {
             "Enregistrez la feuille en CSV depuis le tableur et importez ce fichier.");
 }
 
+TEST_F(Classeurs, AnEmptySheetIsRefusedWithTheNamesOfTheOthers) {
+  const std::string tableau = "<row><c><v>1</v></c></row>";
+  essai::EcrireXlsx(Fichier("a.xlsx"), {{"name=\"Accueil\"", "<row/>"}, {"name=\"Notes\"", tableau}});
+  essai::EcrireOds(Fichier("a.ods"),
+                   "<table:table table:name=\"Accueil\"/><table:table table:name=\"Notes\"><table:table-row>"
+                   "<table:table-cell><text:p>x</text:p></table:table-cell></table:table-row></table:table>");
+  for (const std::string nom : {"a.xlsx", "a.ods"}) {
+    try {
+      EcrireFeuilleEnCsv(Fichier(nom), {}, Fichier("a.csv"));
+      ADD_FAILURE() << nom;
+    } catch (const Erreur& erreur) {
+      EXPECT_TRUE(TexteErreur(erreur).starts_with(
+          Joindre({"La feuille \"Accueil\" de ", nom, " est vide. Ses feuilles sont : 1 \"Accueil\", 2 \"Notes\". "})))
+          << TexteErreur(erreur);
+    }
+    EXPECT_NO_THROW(EcrireFeuilleEnCsv(Fichier(nom), "2", Fichier("a.csv"))) << nom;
+  }
+}
+
 TEST_F(Classeurs, RefusalsTellWhy) {
   const std::string feuille = "<table:table table:name=\"F\">";
   const auto ods = [&](const std::string& nom, const std::string& lignes) {

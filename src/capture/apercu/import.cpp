@@ -29,6 +29,7 @@ struct Fichiers {
   std::optional<Chemin> pos;
   std::optional<Chemin> mod;
   bool datPresent = false;
+  bool dejaImporte = false;  // choices or a source of that name are there
 };
 
 bool MemeFichier(const Chemin& a, const Chemin& b) {
@@ -55,6 +56,7 @@ Fichiers TrouverFichiers(Rapport& rapport, const Contexte& contexte, const Optio
   fichiers.pos = ChercherPos(contexte);
   fichiers.mod = contexte.Chercher(".MOD");
   fichiers.datPresent = contexte.Chercher(".DAT").has_value();
+  fichiers.dejaImporte = contexte.Chercher(".IMC") || contexte.Chercher(".CSV") || contexte.Chercher(".TXT");
   if (!source) {
     EcrireBandeau(rapport, "Compte rendu d'importation de données en CSV"_w);
     EcrirePresence(rapport, contexte, fichiers.nomSource, {false, fichiers.datPresent, fichiers.pos.has_value()});
@@ -103,6 +105,15 @@ void EcrireChoix(Rapport& rapport, const Contexte& contexte, const OptionsImport
          copie, servi ? std::string() : Joindre({" (choix=", copie, " les reprend)"})});
   }
   sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(octets);
+}
+
+// A .DAT that no import has made may be all there is of what was keyed in: it stays under a backup name.
+void GarderLesDonnees(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, JeuDeFichiers& sorties) {
+  const std::optional<Chemin> ancien = contexte.Chercher(".DAT");
+  if (!ancien || fichiers.dejaImporte) return;
+  const std::string nom = contexte.Nom(".DAT");
+  const std::string copie = GarderRemplace(contexte, *ancien, sorties.Achever(nom), sorties);
+  if (!copie.empty()) rapport.Ligne({"L'ancien fichier "_w, nom, " est sauvegardé sous le nom "_w, copie});
 }
 
 void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const SourceDeTable& source, const Plan& plan,
@@ -178,9 +189,7 @@ void EcrireColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const
   EcrireColonnes(rapport, plan.colonnes, table.faits.colonnes.size(), false);
   EcrireDevenir(rapport, table.choix, table.faits, plan, bilan);
   std::vector<std::string> remarques = RemarquesDeTable(table.faits);
-  for (std::size_t j = 0; j < plan.lues.size(); ++j)
-    if (plan.lues[j].regle == Regle::Code && table.faits.colonnes[j].negatives > 0)
-      remarques.push_back(RemarqueNegatives(table.faits.colonnes[j].negatives, plan.colonnes[plan.lues[j].premiere]));
+  for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) remarques.push_back(remarque);
   RemarquerNoms(remarques, plan.colonnes, plan.nomsChanges);
   for (const std::string& remarque : RemarquesDeSorties(contexte, plan, bilan, perdus)) remarques.push_back(remarque);
   EcrireRemarques(rapport, remarques);
@@ -207,6 +216,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
                           DireLecture(table.lecture), "), ou dites ce que deviennent les colonnes."}));
   if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
+  GarderLesDonnees(rapport, contexte, fichiers, sorties->jeu);
   IntitulesPerdus perdus;
   EcrireLesDictionnaires(rapport, contexte, options, fichiers, plan, table, *sorties, perdus);
   CopierSource(contexte, fichiers, source, plan, sorties->jeu);
@@ -245,6 +255,7 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
   EcrireLecture(rapport, NomDeSource(contexte, options), table);
   EcrireTableDesColonnes(rapport, table);
   for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);
+  for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) rapport.Ligne(remarque);
   if (contexte.Chercher(".IMC") && options.fichierChoix.empty())
     rapport.Ligne({"Le fichier ", contexte.Nom(".IMC"),
                    " existe : ses choix ne sont pas repris ici (choix=", contexte.Nom(".IMC"), " les reprend)"});

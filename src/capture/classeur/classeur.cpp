@@ -40,6 +40,13 @@ std::size_t PremiereVisible(const Ouvert& ouvert) {
   return visible == feuilles.end() ? 0 : static_cast<std::size_t>(visible - feuilles.begin());
 }
 
+std::string ListeDesFeuilles(const Ouvert& ouvert) {
+  std::string liste;
+  for (std::size_t i = 0; i < ouvert.noms.size(); ++i)
+    liste += Joindre({std::string_view(i == 0 ? "" : ", "), Nombre(i + 1), " \"", ouvert.noms[i], "\""});
+  return liste;
+}
+
 std::size_t RangDe(const Ouvert& ouvert, std::string_view feuille) {
   if (feuille.empty()) return PremiereVisible(ouvert);
   const auto rang = [&](auto trouve) -> std::optional<std::size_t> {
@@ -54,11 +61,8 @@ std::size_t RangDe(const Ouvert& ouvert, std::string_view feuille) {
   const char* fin = feuille.data() + feuille.size();
   if (std::from_chars(feuille.data(), fin, numero).ptr == fin && numero >= 1 && numero <= ouvert.noms.size())
     return numero - 1;
-  std::string liste;
-  for (std::size_t i = 0; i < ouvert.noms.size(); ++i)
-    liste += Joindre({std::string_view(i == 0 ? "" : ", "), Nombre(i + 1), " \"", ouvert.noms[i], "\""});
-  throw Erreur(kIncompatibiliteType,
-               Joindre({"Ce classeur n'a pas de feuille \"", feuille, "\". Ses feuilles sont : ", liste, "."}));
+  throw Erreur(kIncompatibiliteType, Joindre({"Ce classeur n'a pas de feuille \"", feuille,
+                                              "\". Ses feuilles sont : ", ListeDesFeuilles(ouvert), "."}));
 }
 
 void LireLaFeuille(const Ouvert& ouvert, std::size_t rang, const RecevoirLigne& recevoir) {
@@ -115,6 +119,11 @@ void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const 
     if (++lignes % kPas == 0 && suivi) suivi(lignes);
     return true;
   });
+  if (lignes == 0)
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"La feuille \"", ouvert.noms[rang], "\" de ", TexteDe(classeur.filename()),
+                          " est vide. Ses feuilles sont : ", ListeDesFeuilles(ouvert),
+                          ". Donnez-en une autre (feuille=N), ou mettez le tableau dans la première."_w}));
   ecrivain.Fermer();
 }
 

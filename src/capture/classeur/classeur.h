@@ -31,7 +31,7 @@ void LireFeuille(const Chemin& classeur, std::string_view feuille, const Recevoi
 
 // Writes the sheet as CSV in UTF-8 with its mark: ";" between the cells, decimal points, CR LF, a row of the sheet for
 // each line (what ends a line within a cell becomes a blank). `suivi` gets the rows written, now and then. Raises as
-// LireFeuille and Ecrivain.
+// LireFeuille and Ecrivain, and a sentence (kIncompatibiliteType) that names the sheets when this one is empty.
 void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
                         const std::function<void(std::int64_t)>& suivi = {});
 

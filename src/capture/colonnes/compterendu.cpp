@@ -105,9 +105,9 @@ std::string RemarqueLignesVides(std::int64_t nombre) {
       {"*** Attention :", NombreNu(nombre), "ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w});
 }
 
-std::string RemarqueNegatives(std::int64_t nombre, const ColonneImportee& colonne) {
+std::string RemarqueNegatives(std::int64_t nombre, std::size_t rang, std::string_view intitule) {
   return Joindre({"*** Attention :", NombreNu(nombre), "valeur(s) négative(s) comptée(s) pour 0 à la colonne"_w,
-                  NumeroEtIntitule(colonne)});
+                  NombreNu(rang), intitule});
 }
 
 void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<ColonneImportee>& colonnes,

@@ -37,7 +37,7 @@ void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<Colonn
 std::string NumeroEtIntitule(const ColonneImportee& colonne);
 // How many lines without a value, and cells below zero.
 std::string RemarqueLignesVides(std::int64_t nombre);
-std::string RemarqueNegatives(std::int64_t nombre, const ColonneImportee& colonne);
+std::string RemarqueNegatives(std::int64_t nombre, std::size_t rang, std::string_view intitule);
 // The remarks behind an empty line; nothing without any.
 void EcrireRemarques(Rapport& rapport, const std::vector<std::string>& remarques);
 

@@ -9,6 +9,7 @@
 
 #include "capture/apercu/imc.h"
 #include "capture/apercu/lecture.h"
+#include "capture/preparation.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
@@ -79,6 +80,32 @@ TEST_F(RunImportDeTable, WhatWasWrittenByHandStaysBesideTheImport) {
   EXPECT_EQ(Lire("ENQ.IM2"), "# les miens\r\n");
   EXPECT_FALSE(Existe("ENQ.CS3"));
   EXPECT_FALSE(Existe("ENQ.IM3"));
+}
+
+TEST_F(RunImportDeTable, DataThatNoImportHasMadeStay) {
+  Ecrire("ENQ.DAT", "11\r\n12\r\n");
+  ASSERT_EQ(Importer("a;b\n1;2\n2;1\n"), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENQ.DA2"), "11\r\n12\r\n");
+  EXPECT_TRUE(Dit("L'ancien fichier ENQ.DAT est sauvegardé sous le nom ENQ.DA2"_w)) << montre_;
+  ASSERT_EQ(Importer("a;b\n1;1\n2;1\n"), Fin::Normale) << montre_;
+  EXPECT_FALSE(Existe("ENQ.DA3")) << "what an import has made can be made again";
+}
+
+TEST_F(RunImportDeTable, NegativesAreToldBeforeTheImport) {
+  const std::string_view octets = "q;temp\n1;-5\n2;13\n1;-12\n2;7\n";
+  const std::string dit = Joindre({"*** Attention : 2 valeur(s) négative(s) comptée(s) pour 0 à la colonne 2 temp"_w});
+  Ecrire("source.csv", octets);
+  OptionsImport options;
+  options.fichier = "source.csv";
+  MontrerApercu(contexte_, options);
+  EXPECT_TRUE(Dit(dit)) << montre_;
+  PreparationDImport preparation(dossier_.Chemin() / "source.csv", {});
+  EXPECT_EQ(preparation.Remarques(), std::vector<std::string>{dit});
+  EXPECT_FALSE(preparation.ToutVaBien());
+  preparation.ChangerGenre(1, Genre::Ecartee);
+  EXPECT_TRUE(preparation.Remarques().empty()) << "a column left aside loses nothing";
+  ASSERT_EQ(Importer(octets), Fin::Normale);
+  EXPECT_TRUE(Dit(dit)) << montre_;
 }
 
 TEST_F(RunImportDeTable, WhatTheProgramExportsComesBackTheSame) {

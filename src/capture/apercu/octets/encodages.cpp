@@ -135,7 +135,9 @@ std::size_t PremierInvalide(std::string_view octets) {
 
 // Looks at a file piece by piece, cut behind line ends.
 struct Examen {
-  bool multiple = false;           // valid sequences of UTF-8 were met
+  bool multiple = false;           // valid sequences of UTF-8 were met, before what is not valid
+  std::int64_t suites = 0;         // valid sequences from the first invalid piece on
+  std::int64_t isoles = 0;         // bytes that are none
   std::int64_t lignes = 0;         // lines before the piece
   std::int64_t ligneInvalide = 0;  // first line that is not valid UTF-8
   Indices indices;
@@ -148,12 +150,22 @@ struct Examen {
         ligneInvalide = lignes + 1 + std::ranges::count(morceau.substr(0, i), '\n');
         multiple = multiple || EstUtf8MultiOctet(morceau.substr(0, i));
       }
+      if (ligneInvalide != 0) CompterSuites(morceau);
       if (ligneInvalide != 0)
         for (std::size_t i = PremierHaut(morceau, 0); i < morceau.size(); i = PremierHaut(morceau, i + 1))
           indices.Voir(morceau, i);
     }
     lignes += std::ranges::count(morceau, '\n');
   }
+  void CompterSuites(std::string_view morceau) {
+    for (std::size_t i = 0; i = PremierHaut(morceau, i), i < morceau.size();) {
+      const std::size_t longueur = detail::DecoderUtf8(morceau.substr(i)).longueur;
+      ++(longueur == 0 ? isoles : suites);
+      i += std::max<std::size_t>(longueur, 1);
+    }
+  }
+  // UTF-8 with stray bytes in it. A few sequences among many such bytes come by chance ("CAFÉ" and a hard blank).
+  bool EstMele() const { return multiple || suites > isoles; }
 };
 
 // The bytes up to the last line end; all of them without any.
@@ -187,12 +199,13 @@ EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
     detecte.encodage = Encodage::Utf8;
     return detecte;
   }
-  detecte.encodage = examen.indices.Choix();
-  if (examen.indices.page > 0 && examen.indices.cp850 > 0)
+  // Bytes of UTF-8 make sense as cp850 by chance only: a stray byte among them is no sign of it.
+  detecte.encodage = examen.EstMele() ? Encodage::Windows1252 : examen.indices.Choix();
+  if (!examen.EstMele() && examen.indices.page > 0 && examen.indices.cp850 > 0)
     detecte.doutes.push_back(
         Joindre({"Des accents sont de windows-1252 ("_w, Nombre(examen.indices.page), "), d'autres de cp850 (",
                  Nombre(examen.indices.cp850), ") : l'encodage n'est pas sûr. Vérifiez les accents."_w}));
-  if (examen.multiple)
+  if (examen.EstMele())
     detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages : la ligne "_w, Nombre(examen.ligneInvalide),
                                       " n'est pas en UTF-8 alors que d'autres le sont. Vérifiez les accents."_w}));
   return detecte;

@@ -127,6 +127,16 @@ std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits) {
   return remarques;
 }
 
+std::vector<std::string> RemarquesDesNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits) {
+  std::vector<std::string> remarques;
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    const FaitsDeColonne& colonne = faits.colonnes[j];
+    if (choix[j].genre == Genre::Codes && colonne.negatives > 0)
+      remarques.push_back(RemarqueNegatives(colonne.negatives, j + 1, colonne.intitule));
+  }
+  return remarques;
+}
+
 std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus) {
   std::vector<std::string> remarques;

@@ -24,6 +24,8 @@ void EcrireDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, c
 
 // Irregular rows, foreign characters, quotes without end.
 std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits);
+// Numbers below 0 in columns that become codes, which count as 0.
+std::vector<std::string> RemarquesDesNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
 std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus);
 
