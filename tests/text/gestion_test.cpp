@@ -50,6 +50,13 @@ TEST_F(RunGestion, AMergeWithoutANameStopsTheRun) {
   EXPECT_FALSE(Existe("ENR.brt"));
 }
 
+TEST_F(RunGestion, ASortByFactorWithoutCoordinatesTellsWhatIsMissing) {
+  EXPECT_EQ(TabMotAgreg(contexte_, {.actions = {{TriDeLignes{.cle = CleDeLignes::Facteur}}}}), Fin::Arret);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("Comme il n'existe pas encore de fichier des coordonnées factorielles"_w),
+            std::string::npos);
+}
+
 TEST_F(RunGestion, ABurtTableIsLeftToItsOwnForms) {
   Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=1 \r\nSEX1   H\r\nSEX2   F\r\n");
   Ecrire("ENQ.BRT", "SEX120\r\nSEX203\r\n");

@@ -256,6 +256,9 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
       throw Erreur(kArretAnnonce);
     }
     Agregation& agregation = ouverte.agregation;
+    const auto parFacteur = [](const auto& action) { return action.tri && action.tri->cle == CleDeLignes::Facteur; };
+    if (!agregation.facteurs && std::ranges::any_of(options.actions, parFacteur))
+      contexte.Ecran().demander(Joindre({ouverte.message.front(), "\r\n", ouverte.message.back()}), Boutons::Ok);
     for (const OptionsTabMotAgreg::Action& action : options.actions) {
       Appliquer(contexte, agregation, action, rapport);
       for (const std::string& ligne : agregation.compteRendu) rapport.Ligne(ligne);
