@@ -90,7 +90,8 @@ bool EstEphemere(const Contexte& contexte, std::string_view nomRapport) {
 
 // Such a report goes once it is shown; the viewer reads a long one from its file.
 bool SEfface(const Contexte& contexte, std::string_view nomRapport, const Chemin& rapport) {
-  return EstEphemere(contexte, nomRapport) && (contexte.generique.empty() || LongueurFichier(rapport) <= kLimiteTexte);
+  return EstEphemere(contexte, nomRapport) &&
+         (nomRapport != kRapportSansNom || LongueurFichier(rapport) <= kLimiteTexte);
 }
 
 Affichage Presenter(const Chemin& rapport, std::string_view nomRapport, bool ephemere) {
