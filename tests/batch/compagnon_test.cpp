@@ -45,6 +45,7 @@ TEST_F(Compagnon, TellsWhatItCouldNotReadOrWrite) {
            Cas{"$Q triapl ENQ", 0, "Fin normale"},
            Cas{"(echo 'q;r'; for i in $(seq 900); do echo '1;5 %'; done) >l.csv; $Q apercu fichier=l.csv", 0,
                "ligne 901"},  // a long account without a data set to keep it
+           Cas{"touch b.dbf; $Q apercu fichier=b.dbf", 1, "s'importe sans aperçu"},
            Cas{"$Q --liste >/dev/full", 1, "la sortie standard n'a pas pu être écrite : Disque plein"},
            Cas{"$Q triapl ENQ >/dev/full", 1, "Disque plein"},
            Cas{"$Q triapl ENQ >&-", 1, "la sortie standard n'a pas pu être écrite"},

@@ -250,6 +250,12 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
 void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
   const std::optional<Chemin> fichier = ChercherSource(contexte, options);
   ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), fichier.has_value()}}, kArretAbsence);
+  if (GenreDe(*fichier) == GenreDeSource::DBase)
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({"*** Arrêt du programme : "_w, NomDeSource(contexte, options),
+                          " est un fichier dBase, qui s'importe sans aperçu : ses champs deviennent des questions "
+                          "(import GENERIQUE fichier="_w,
+                          NomDeSource(contexte, options), ")"}));
   const SourceDeTable source(*fichier, options.feuille, contexte.repertoire);
   const Reconnaissance table = Reconnaitre(contexte, source, options);
   EcrireLecture(rapport, NomDeSource(contexte, options), table);
