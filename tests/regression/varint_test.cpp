@@ -1,4 +1,6 @@
 // The PEM of a table of two questions against values worked out by hand.
+#include "regression/varint/varint.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -6,6 +8,7 @@
 #include "core/programme/erreur.h"
 #include "regression/varint/profils.h"
 #include "support/erreur.h"
+#include "support/programme.h"
 #include "support/tableau.h"
 
 namespace quelvar::regression {
@@ -35,6 +38,25 @@ TEST(Pem, NeDependPasDesCodesVidesEtResteSousCent) {
     EXPECT_EQ(PemDeTable(trouee), pem);
     EXPECT_GE(pem, 0);
     EXPECT_LE(pem, 100);
+  }
+}
+
+class RunVarint : public essai::RunDeProgramme {};
+
+// A square table whose names are those of other columns is told; in the order of the .POS, and of few questions, it is
+// what it says or what readers refuse.
+TEST_F(RunVarint, NomsQuiNeSontPasCeuxDesColonnes) {
+  Ecrire("ENQ.POS", "ENQ\n\nAAA   1 2\nBBB   2 2\nCCC   3 2\n");
+  Ecrire("ENQ.DAT", "112\n221\n122\n212\n111\n");
+  for (const auto& [questions, boites] : {std::pair{std::vector<std::string>{"AAA", "BBB", "CCC"}, 0U},
+                                          {{"CCC", "BBB", "AAA"}, 1U},
+                                          {{"BBB", "CCC"}, 1U},
+                                          {{"BBB"}, 0U}}) {
+    boites_.clear();
+    OptionsVarint options;
+    options.questions = questions;
+    EXPECT_EQ(Varint(contexte_, options), Fin::Normale);
+    EXPECT_EQ(boites_.size(), boites) << questions.front();
   }
 }
 

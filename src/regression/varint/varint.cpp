@@ -153,6 +153,20 @@ std::vector<Profil> CalculerProfils(const Contexte& contexte, Rapport& rapport, 
   return profils;
 }
 
+// The table has a column for each question of the .POS, the .MOD names the chosen ones: with all questions in another
+// order, or all but one, no reader could see that the names are not those of the columns.
+void PrevenirDesNoms(const Contexte& contexte, std::size_t questions, const std::vector<std::size_t>& choisies) {
+  if (choisies.size() + 1 < questions) return;
+  if (choisies.size() == questions && std::is_sorted(choisies.begin(), choisies.end())) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : les colonnes de "_w, contexte.Nom(".BRT"),
+               " sont toutes les questions, dans l'ordre de ", contexte.Nom(".POS"), ", et ", contexte.Nom(".MOD"),
+               " ne les nomme pas ainsi : ne faites pas l'analyse factorielle de ce tableau, "
+               "relancez avec toutes les questions dans leur ordre"}),
+      Boutons::Ok);
+}
+
 void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& rapport,
               std::vector<GroupeDeBarres>& barres) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
@@ -187,6 +201,7 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
   EcrireTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), pos, profils);
   EcrireModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, pos, profils, suite);
+  PrevenirDesNoms(contexte, pos.questions.size(), choisies);
   sorties.Valider();
   rapport.Ligne("Fin normale du programme");
 }
