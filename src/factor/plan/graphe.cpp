@@ -3,6 +3,7 @@
 #include "core/dessin/svg.h"
 #include "core/programme/ancienrapport.h"
 #include "core/texte/nombres.h"
+#include "factor/plan/concordance.h"
 
 namespace quelvar::factor {
 
@@ -138,6 +139,15 @@ std::string Concordance(const Contexte& contexte, std::size_t individu) {
 
 }  // namespace
 
+ExigencesGraphe FichiersMontres(const EtatPlan& etat) {
+  const ReglagesLiens& liens = etat.reglages.liens;
+  return {liens.actif && !liens.lignes, liens.actif && liens.lignes, etat.reglages.cah.actif};
+}
+
+void DireLesFichiersMontres(const Contexte& contexte, const std::vector<std::string>& remarques) {
+  Continuer(contexte, [&](Rapport& rapport) { DireLesRemarques(rapport, contexte, remarques); });
+}
+
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
   etat.ellipses.clear();
   const DemandeEllipses demande = EllipsesDemandees(etat);
@@ -180,8 +190,9 @@ bool DemandeDesLiens(const OptionsGraphe& options) {
 
 Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
   const AncienRapport ancien(contexte, ".PRT");
-  std::optional<DonneesPlan> donnees =
-      PrepGraphe(contexte, {DemandeDesLiens(options) && !options.liensDeLignes, options.cah != CahDuGraphe::Aucune});
+  std::optional<DonneesPlan> donnees = PrepGraphe(
+      contexte,
+      {DemandeDesLiens(options) && !options.liensDeLignes, options.liensDeLignes, options.cah != CahDuGraphe::Aucune});
   if (!donnees) return Fin::Arret;
   EtatPlan etat = NouveauPlan(std::move(*donnees));
   if (const std::string refus = Regler(options, etat); !refus.empty()) {

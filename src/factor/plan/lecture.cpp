@@ -185,14 +185,15 @@ void CompterModalites(Rapport& rapport, const DonneesPlan& donnees) {
 }
 
 // A tree that nobody has asked for does not stop the plane.
-std::optional<ArbreCah> LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences) {
+void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   const std::optional<Chemin> cah = contexte.Chercher(".CAH");
-  if (!cah) return std::nullopt;
+  donnees.arbrePresent = cah.has_value();
+  if (!cah) return;
   try {
-    return LireCah(*cah);
-  } catch (const Erreur&) {
+    donnees.cah = LireCah(*cah);
+  } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    return std::nullopt;
+    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreur(erreur)}));
   }
 }
 
@@ -213,8 +214,11 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   donnees.liensPresents = pem.has_value();
   donnees.liens = tables::LireLiens(pem);
   donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
-  donnees.cah = LireArbre(contexte, exigences);
+  LireArbre(contexte, exigences, donnees);
   EcarterEtrangers(rapport, contexte, exigences, donnees);
+  std::vector<std::string> remarques = donnees.remarques;
+  for (std::string& remarque : RemarquesDesFichiers(donnees, exigences)) remarques.push_back(std::move(remarque));
+  DireLesRemarques(rapport, contexte, remarques);
 }
 
 }  // namespace
@@ -224,11 +228,6 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
   if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
                          [&](Rapport& rapport) { Preparer(rapport, contexte, exigences, donnees); }))
     return std::nullopt;
-  if (!donnees.remarques.empty()) {
-    std::string texte;
-    for (const std::string& remarque : donnees.remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
-    contexte.Ecran().demander(texte, Boutons::Ok);
-  }
   return donnees;
 }
 

@@ -19,14 +19,19 @@ class Brouillon {
   void Retirer();
   // Before the first launch that goes on with it: the report of the preparation takes its place.
   void Poser();
+  // After that launch, when it was given up: out of the directory again.
+  void Reprendre();
   // At the end of a form: shows the report, which is not kept when nothing was launched.
   void Montrer(const Contexte& contexte) const;
 
  private:
+  void RemettreLAncien() const;
+
   Chemin chemin_;
   std::string nom_;
   std::optional<std::string> ancien_;
   std::optional<std::string> prepare_;  // not in the directory yet
+  std::optional<std::string> pose_;     // put there by the last launch
 };
 
 }  // namespace quelvar::forms

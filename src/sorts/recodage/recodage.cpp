@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/annulation.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"
 #include "core/session/generique_libre.h"
@@ -259,10 +260,7 @@ Fin Recodage(const Contexte& contexte, const OptionsRecodage& options) {
   SuiteRecodage& suite = options.suite != nullptr ? *options.suite : sansSuite;
   suite.generique = contexte.generique;
   const std::optional<std::string> nouveau = DemanderGenerique(contexte, options.remplacer);
-  if (!nouveau) {
-    contexte.Ecran().demander("Arrêt volontaire du programme"_w, Boutons::Ok);
-    return Fin::Arret;
-  }
+  if (!nouveau) throw Annulation();
   const Noms noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees, *nouveau};
   const Fin fin = ExecuterProgramme(contexte, noms.Neuf(".REC"), LibellesErreur{},
                                     [&](Rapport& rapport) { Executer(contexte, options, noms, suite, rapport); });

@@ -195,10 +195,11 @@ void ChoixVar::LancerTri() {
   Contexte contexte = contexte_;
   contexte.dialogue = &ecran;
   std::optional<crosstab::ResultatLancement> resultat;
-  services_.Lancer([&](const Contexte&) {
+  const bool fait = services_.Lancer([&](const Contexte&) {
     rapport_->Poser();
     resultat = crosstab::LancerCroise(contexte, enquete_, *demande);
   });
+  if (!fait) return rapport_->Reprendre();
   if (!resultat) {  // the run ended by an error, which its report tells
     lancee_ = etat_.drapeaux;
     close();

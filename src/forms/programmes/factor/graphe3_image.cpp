@@ -107,12 +107,13 @@ factor::OptionsCoupe Graphe3::Coupe() const {
 void Graphe3::CouperLaClassification() {
   const factor::OptionsCoupe options = Coupe();
   std::string nouveau;
-  services_.Lancer([&](const Contexte&) {
+  const bool fait = services_.Lancer([&](const Contexte&) {
     rapport_->Poser();
     ExecuterProgramme(
         contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
         [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
   });
+  if (!fait) rapport_->Reprendre();
   if (!nouveau.empty()) services_.adopterGenerique(nouveau);
 }
 

@@ -146,8 +146,7 @@ void ModifModR::Enregistrer() {
     Dire(regression::kTitreAvertissement, incoherence);
     return;
   }
-  services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); });
-  accept();
+  if (services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); })) accept();
 }
 
 void OuvrirModifModR(Services& services) { Montrer<ModifModR>(services); }
