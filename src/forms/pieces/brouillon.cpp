@@ -20,6 +20,7 @@ Brouillon::Brouillon(const Contexte& contexte, std::string_view extension)
 }
 
 void Brouillon::Retirer() {
+  if (std::error_code absent; !std::filesystem::exists(chemin_, absent)) return;
   prepare_ = LireOctets(chemin_);
   RemettreLAncien();
 }

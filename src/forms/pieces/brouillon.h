@@ -14,8 +14,8 @@ class Brouillon {
   // Before the preparation: remembers the report as it is (generic and extension).
   Brouillon(const Contexte& contexte, std::string_view extension);
 
-  // Behind the preparation: takes what it has written out of the directory, and puts the former report back. Raises a
-  // failure of writing.
+  // Behind the preparation, whether it came to its end or not: takes what it has written out of the directory, and puts
+  // the former report back. Raises a failure of writing.
   void Retirer();
   // Before the first launch that goes on with it: the report of the preparation takes its place.
   void Poser();

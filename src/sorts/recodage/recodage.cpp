@@ -100,8 +100,13 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
 }
 
 // The new generic must not write over what the run reads, and its files must be files.
-void ExigerSortiesLibres(const Contexte& contexte, const Noms& noms, const Chemin& donnees) {
-  if (EgalSansCasse(noms.nouveau, contexte.generique)) throw Erreur(kPermissionRefusee);
+void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const Noms& noms, const Chemin& donnees) {
+  if (EgalSansCasse(noms.nouveau, contexte.generique)) {
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arrêt du programme : "_w, noms.nouveau,
+                     " est le générique d'origine, donnez un autre nom au nouveau générique"_w}));
+    throw Refus();
+  }
   if (noms.nouveau.find_first_of("/\\") != std::string::npos) throw Erreur(kNomFichierIncorrect);
   for (const std::string_view extension : {".DAT", ".POS", ".MOD", ".MO2"}) {
     const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
@@ -226,7 +231,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
                  {{"des donnees " + noms.donnees, donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
                  kArretAbsenceSansAccents);
   EcrireBandeau(rapport, "Création d'un nouveau fichier"_w);
-  ExigerSortiesLibres(contexte, noms, *donnees);
+  ExigerSortiesLibres(contexte, rapport, noms, *donnees);
   const bool passerModalites = DemanderModalites(contexte, rapport, noms.nouveau, suite);
   std::optional<ModalitesSuivies> modalites;
   if (passerModalites) modalites = SuivreModalites(contexte, options, *pos, rapport);

@@ -239,7 +239,7 @@ void OuvrirChoixVar(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".TCR");
   services.Lancer([&](const Contexte& courant) {
     enquete = crosstab::PreparerCroise(courant, {});
-    if (enquete) rapport.Retirer();
+    rapport.Retirer();
   });
   if (enquete) Montrer<ChoixVar>(services, std::move(*enquete), std::move(rapport));
 }

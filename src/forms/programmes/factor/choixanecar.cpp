@@ -122,7 +122,7 @@ void OuvrirAnecar(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".ANA");
   services.Lancer([&](const Contexte& contexte) {
     preparation = factor::PrepAnecar(contexte);
-    if (preparation) rapport.Retirer();
+    rapport.Retirer();
   });
   if (preparation) Montrer<ChoixAnecar>(services, std::move(*preparation), std::move(rapport));
 }

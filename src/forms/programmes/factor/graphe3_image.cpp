@@ -191,7 +191,7 @@ void OuvrirGraphe3(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".PRT");
   services.Lancer([&](const Contexte& contexte) {
     donnees = factor::PrepGraphe(contexte);
-    if (donnees) rapport.Retirer();
+    rapport.Retirer();
   });
   if (donnees) Montrer<Graphe3>(services, std::move(*donnees), std::move(rapport));
 }

@@ -151,7 +151,7 @@ void Ouvrir(Services& services, modalities::ModePosmod mode) {
   Brouillon rapport(services.ContexteEnCours(), ".PRT");
   services.Lancer([&](const Contexte& contexte) {
     prepare = modalities::PrepPosmod(contexte, mode);
-    if (prepare) rapport.Retirer();
+    rapport.Retirer();
   });
   if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(*prepare), std::move(rapport));
 }
