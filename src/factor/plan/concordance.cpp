@@ -79,30 +79,26 @@ void EcarterLiens(const Contexte& contexte, DonneesPlan& donnees) {
     ecarter(donnees.liensLignes, ".PEL", donnees.remarquesDesLignes);
 }
 
-void EcarterArbre(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
-  if (!donnees.cah) return;
+ArretDeLecture EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
+  if (!donnees.cah) return {};
   if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus) &&
       (donnees.cah->individus || CoordonneesSontDesModalites(contexte))) {
     if (!ArbreEstDesCoordonnees(contexte, *donnees.cah))
       donnees.remarquesDeLArbre.push_back(
           Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées, "_w, kRelancerCah}));
-    return;
+    return {};
   }
   const std::string faute =
       Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " n'est pas celui de ce tableau, ", kRelancerCah});
-  if (exigences.cah) {
-    rapport.Ligne({"*** Arret du programme : ", faute});
-    contexte.Ecran().biper();
-    throw Erreur(kArretAnnonce);
-  }
+  if (exigences.cah) return {Joindre({"*** Arret du programme : ", faute})};
   donnees.remarquesDeLArbre.push_back(faute);
   donnees.cah.reset();
+  return {};
 }
 
 }  // namespace
 
-void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
-                      DonneesPlan& donnees) {
+ArretDeLecture EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   const auto sansPlace =
       std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
                     [](const PointPlan& point) { return !point.place; });
@@ -117,7 +113,7 @@ void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const Exigence
         Joindre({"les coordonnées de "_w, contexte.Nom(".FAJ"), " ne sont pas celles du tableau ", contexte.Nom(".BRT"),
                  " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}));
   EcarterLiens(contexte, donnees);
-  EcarterArbre(rapport, contexte, exigences, donnees);
+  return EcarterArbre(contexte, exigences, donnees);
 }
 
 std::vector<std::string> RemarquesDesFichiers(const DonneesPlan& donnees, const ExigencesGraphe& fichiers) {
