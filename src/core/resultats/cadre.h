@@ -1,5 +1,5 @@
-// The framed tables of a report: cells of two lines with several values, labels cut over the same two lines, cut in pages.
-// Widths are minima here too: a value that needs more widens every cell of its table.
+// The framed tables of a report: cells of two lines with several values, labels cut over the same two lines, cut in
+// pages. Widths are minima here too: a value that needs more widens every cell of its table.
 #pragma once
 
 #include <array>
