@@ -75,6 +75,7 @@ struct FaitsDeColonne {
   std::int64_t nonNumeriques = 0;   // filled cells that are no numbers
   std::int64_t longues = 0;         // texts beyond kLongueurCourte characters
   std::int64_t nonReponses = 0;     // cells "nr", as the export writes the code 0
+  bool decimaleDonnee = false;      // the user has laid down the decimal sign
 };
 inline constexpr std::size_t kValeursGardees = 1000;
 inline constexpr std::int64_t kDifferentesAuPlus = 100000;
@@ -98,7 +99,8 @@ struct FaitsDeTable {
   std::vector<FaitsDeColonne> colonnes;
   std::int64_t courtes = 0, longues = 0;  // irregular rows; the first ones follow
   std::vector<LigneIrreguliere> irregulieres;
-  std::int64_t etrangers = 0;  // characters that the code page has not, shown as "?"
+  std::size_t cellulesPartout = 0;  // cells of every row, when all are short by as many; else 0
+  std::int64_t etrangers = 0;       // characters that the code page has not, shown as "?"
   std::int64_t ligneEtrangere = 0;
   std::int64_t guillemetSansFin = 0;  // line of a quote that nothing closes; 0 without any
 };

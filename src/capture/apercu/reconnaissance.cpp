@@ -69,8 +69,8 @@ Lecture LectureImposee::Appliquer(Lecture lecture) const {
 
 Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options) {
   LectureDetectee detectee = LireLaLecture(source, options.lecture);
-  Reconnaissance table{
-      detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source.Texte(), detectee.lecture), {}};
+  FaitsDeTable faits = EnNommantLaFeuille(source, [&] { return *ExaminerTable(source.Texte(), detectee.lecture); });
+  Reconnaissance table{detectee.lecture, std::move(detectee.doutes), std::move(faits), {}};
   table.choix = ProposerChoix(table.faits.colonnes);
   if (!options.choix.empty()) table.choix = ChoixDeFenetre(source.Texte(), table.lecture, options, table.choix);
   else if (!options.fichierChoix.empty()) table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);

@@ -51,7 +51,8 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   LectureDetectee detectee = DetecterLecture(source);
   if (options.lecture.titres) detectee.douteTitres.clear();
   const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
-  if (!SansAutreChoix(options, LireApercu(source.Texte(), lecture))) return false;
+  const Apercu vue = EnNommantLaFeuille(source, [&] { return LireApercu(source.Texte(), lecture); });
+  if (!SansAutreChoix(options, vue)) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
   if (!promesse || AvecCrSeuls(source.Texte())) return false;
@@ -80,16 +81,16 @@ Sorties::Sorties(const Contexte& contexte, bool avecNombres)
                           : GeneriqueTenu()) {}
 
 Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
-                   const std::function<void(const Plan&)>& accepter) {
+                   const std::function<void(const Reconnaissance&, const Plan&)>& accepter) {
   Travail travail;
   if (TravaillerDirect(contexte, source, options, travail)) {
-    accepter(travail.plan);
+    accepter(travail.table, travail.plan);
     return travail;
   }
   travail = {};  // what was written goes with its set
   travail.table = Reconnaitre(contexte, source, options);
   travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);
-  accepter(travail.plan);
+  accepter(travail.table, travail.plan);
   travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());
   JeuDeFichiers& jeu = travail.sorties->jeu;
   SortiesDeTable fichiers;

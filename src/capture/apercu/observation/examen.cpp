@@ -93,6 +93,8 @@ void ExamenDeTable::VoirEtrangere(std::string_view rangee, const LecteurDeRangee
 // A row is long when cells behind the titles are filled, short when separators are missing.
 void ExamenDeTable::VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne) {
   largeur_ = std::max(largeur_, remplies);
+  moins_ = std::min(moins_, cellules);
+  plus_ = std::max(plus_, cellules);
   const bool longue = lecture_.ligneTitres > 0 && remplies > intitules_.size();
   const bool courte = lecture_.ligneTitres > 0 && cellules < intitules_.size();
   if (!longue && !courte) return;
@@ -120,6 +122,7 @@ FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
   faits.etrangers = lecteur.Etrangers();
   faits.ligneEtrangere = lecteur.LigneEtrangere();
   faits.guillemetSansFin = lecteur.GuillemetSansFin();
+  if (faits.courtes == faits.individus && moins_ == plus_) faits.cellulesPartout = moins_;
   // Cells behind the titles have slipped, even when all rows are so: nobody can tell which title is whose.
   const std::size_t nombre = faits.longues > 0 ? intitules_.size() : std::max(intitules_.size(), largeur_);
   const SignesDeTable signes = Signes();

@@ -40,7 +40,9 @@ class ExamenDeTable {
   FaitsDeTable faits_;
   std::vector<std::string> intitules_;
   std::vector<Observation> colonnes_;
-  std::int64_t vides_ = 0;   // empty rows since the last one that holds something
+  std::int64_t vides_ = 0;                                       // empty rows since the last one that holds something
+  std::size_t moins_ = std::numeric_limits<std::size_t>::max();  // cells of the shortest row
+  std::size_t plus_ = 0;                                         // of the longest one
   std::size_t largeur_ = 0;  // cells of the widest row, empty ones at its end left out
   bool finie_ = false;
 };

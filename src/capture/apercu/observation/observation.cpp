@@ -334,6 +334,7 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   FaitsDeColonne faits;
   faits.intitule = std::move(intitule);
   faits.nonReponses = nonReponses_;
+  faits.decimaleDonnee = table.source == SourceDeDecimale::Donnee;
   const std::int64_t textes = nombres_[kTexte] + nombres_[kDate];
   const std::int64_t nombres =
       std::accumulate(nombres_.begin() + kDate + 1, nombres_.end(), std::int64_t{0}) + Petits();
