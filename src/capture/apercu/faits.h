@@ -108,9 +108,12 @@ struct FaitsDeTable {
 // Called now and then with the bytes read; false stops the reading.
 using Suivi = std::function<bool(std::uintmax_t octets)>;
 
-// The facts over the whole file; nothing when `suivi` stopped it. Raises kFinDeFichierDepassee and the failures of
-// LecteurLignes.
-std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {});
+class TraceDeCellules;
+
+// The facts over the whole file; nothing when `suivi` stopped it. `trace`, if any, gets its rows. Raises
+// kFinDeFichierDepassee and the failures of LecteurLignes.
+std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {},
+                                          TraceDeCellules* trace = nullptr);
 
 // Number of rows under the titles; nothing when `suivi` stopped it. May run beside the interface on another thread: it
 // keeps nothing.

@@ -10,7 +10,8 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::int64_t kPremiers = 5000;  // individuals whose codes tell the widths of all
+constexpr std::string_view kTrace = "cellules";  // of a file that has no name in the end
+constexpr std::int64_t kPremiers = 5000;         // individuals whose codes tell the widths of all
 
 // The facts that the reading has found in the place of those of the first rows.
 FaitsDeTable FaitsDuPassage(FaitsDeTable faits, const PassageDirect& passage) {
@@ -73,6 +74,21 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   return TientPromesse(travail.plan, *promesse);
 }
 
+// True when what the first reading has kept of the cells was enough; else nothing is left of it.
+bool TravaillerSelonTrace(const Contexte& contexte, const TraceDeCellules& trace, Travail& travail) {
+  travail.sorties = std::make_unique<Sorties>(contexte, false);
+  Progression progression(contexte.Ecran(), travail.table.faits.individus);
+  Ecrivain& dat = travail.sorties->jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  std::optional<Bilan> bilan =
+      EcrireSelonTrace(trace, travail.plan, travail.table.faits.individus, dat, [&] { progression.Avancer(); });
+  if (!bilan) {
+    travail.sorties.reset();
+    return false;
+  }
+  travail.bilan = *std::move(bilan);
+  return true;
+}
+
 }  // namespace
 
 Sorties::Sorties(const Contexte& contexte, bool avecNombres)
@@ -88,9 +104,11 @@ Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const 
     return travail;
   }
   travail = {};  // what was written goes with its set
-  travail.table = Reconnaitre(contexte, source, options);
+  TraceDeCellules trace(CheminDEcriture(contexte.repertoire, kTrace));
+  travail.table = Reconnaitre(contexte, source, options, &trace);
   travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);
   accepter(travail.table, travail.plan);
+  if (TravaillerSelonTrace(contexte, trace, travail)) return travail;
   travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());
   JeuDeFichiers& jeu = travail.sorties->jeu;
   SortiesDeTable fichiers;

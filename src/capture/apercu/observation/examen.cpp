@@ -55,28 +55,48 @@ void ExamenDeTable::Voir(std::string_view rangee, const LecteurDeRangees& lecteu
   }
   ++faits_.individus;
   faits_.lignesVides += std::exchange(vides_, 0);
+  VoirCellules(lecteur.Cellules(rangee), lecteur.Ligne());
+  if (!lecteur.Etrangere().empty()) VoirEtrangere(rangee, lecteur);
+}
+
+void ExamenDeTable::VoirCellules(LigneDeTableur cellules, std::int64_t ligne) {
+  using namespace cellule_tracee;
+  const bool tracer = trace_ != nullptr && trace_->Suivie();
+  if (tracer) rangee_.assign(colonnes_.size(), kVide);
+  const auto noter = [&](std::size_t colonne, unsigned valeur) {
+    if (!tracer) return;
+    if (colonne >= rangee_.size()) rangee_.resize(colonne + 1, kVide);
+    rangee_[colonne] = static_cast<std::uint16_t>(valeur);
+  };
   std::size_t j = 0;
   std::size_t remplies = 0;
-  LigneDeTableur cellules = lecteur.Cellules(rangee);
   const char* chiffres = nullptr;
   std::string_view cellule;
   do {
     while (const unsigned nombre = cellules.ChiffresSuivants(chiffres)) {
       AssurerColonnes(j + nombre);
-      for (unsigned i = 0; i < nombre; ++i)
-        colonnes_[j + i].VoirChiffre(static_cast<unsigned>(chiffres[i * std::size_t{2}] - '0'));
+      for (unsigned i = 0; i < nombre; ++i) {
+        const auto chiffre = static_cast<unsigned>(chiffres[i * std::size_t{2}] - '0');
+        colonnes_[j + i].VoirChiffre(chiffre);
+        noter(j + i, kPremierPetit + chiffre);
+      }
       j += nombre;
       remplies = j;
     }
     if (!cellules.Suivante(cellule)) break;
     ++j;
-    if (RognerCellule(cellule).empty()) continue;
+    if (cellule.empty() || RognerCellule(cellule).empty()) continue;
     AssurerColonnes(j);
     remplies = j;
-    colonnes_[j - 1].Voir(cellule, lecteur.Ligne());
+    noter(j - 1, colonnes_[j - 1].Voir(cellule, ligne));
   } while (true);
-  VoirLongueur(j, remplies, lecteur.Ligne());
-  if (!lecteur.Etrangere().empty()) VoirEtrangere(rangee, lecteur);
+  VoirLongueur(j, remplies, ligne);
+  if (tracer) trace_->Ajouter(rangee_);
+}
+
+void ExamenDeTable::AcheverLaTrace() {
+  for (std::size_t j = 0; j < colonnes_.size(); ++j) trace_->Nommer(j, colonnes_[j].TextesParRang());
+  trace_->Achever();
 }
 
 // Texts of characters that the code page has not are compared as they stand in the file.
