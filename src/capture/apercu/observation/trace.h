@@ -53,7 +53,8 @@ class TraceDeCellules {
     const std::size_t parMorceau = std::max<std::size_t>(kCellulesDeMorceau / colonnes_, 1);
     std::vector<std::uint16_t> morceau(parMorceau * colonnes_);
     for (std::int64_t i = 0; i < rangees_;) {
-      const auto nombre = static_cast<std::size_t>(std::min<std::int64_t>(rangees_ - i, static_cast<std::int64_t>(parMorceau)));
+      const auto nombre =
+          static_cast<std::size_t>(std::min<std::int64_t>(rangees_ - i, static_cast<std::int64_t>(parMorceau)));
       fichier_->Lire(static_cast<std::uint64_t>(i) * colonnes_ * kOctets, morceau.data(), nombre * colonnes_ * kOctets);
       for (std::size_t k = 0; k < nombre; ++k)
         if (!voir(std::span<const std::uint16_t>(morceau).subspan(k * colonnes_, colonnes_))) return;
