@@ -44,7 +44,8 @@ std::vector<std::string> RemarquesSurLaLigne(const Contexte& contexte, const Mot
   if (ligne.frequence ? *ligne.frequence == trouvees : ligne.connus) return {};
   const std::string debut = Joindre({"*** Attention : la ligne ", ligne.nom, " du tableau", FrequenceDite(ligne)});
   if (ligne.connus)
-    return {Joindre({debut, " et ses mots (", Nombre(trouvees), " ligne(s)) ne vont pas ensemble : ce tableau n'est "
+    return {Joindre({debut, " et ses mots (", Nombre(trouvees),
+                     " ligne(s)) ne vont pas ensemble : ce tableau n'est "
                      "pas celui de ces mots"})};
   const std::string_view montres =
       ligne.mots.size() > 1 ? ", seuls les mots de son nom sont montrés ("_w : ", seul le mot lui-même est montré ("_w;
@@ -93,9 +94,7 @@ bool EstLeMot(const MotTrouve& trouve, std::string_view mot) {
 std::vector<std::string> RemarquesSurLesLignes(const Contexte& contexte, const std::vector<MotsCherches>& cherches,
                                                const std::vector<MotTrouve>& trouves) {
   std::vector<std::string> remarques;
-  const auto dire = [&](std::vector<std::string> lignes) {
-    std::ranges::move(lignes, std::back_inserter(remarques));
-  };
+  const auto dire = [&](std::vector<std::string> lignes) { std::ranges::move(lignes, std::back_inserter(remarques)); };
   std::optional<TableOuverte> ouverte;
   for (const MotsCherches& cherche : cherches) {
     const std::int64_t trouvees = LignesTrouvees(cherche, trouves);

@@ -20,8 +20,8 @@ struct MotsCherches {
 
 std::vector<MotsCherches> CherchesDesMots(const std::vector<std::string>& mots);
 MotsCherches CherchesDeLaLigne(const LigneDeTable& ligne);
-// Of the rows of these names in the table of the generic. Raises kArretAnnonce with lines in the report when there is no
-// table, or not one row of a name.
+// Of the rows of these names in the table of the generic. Raises kArretAnnonce with lines in the report when there is
+// no table, or not one row of a name.
 std::vector<MotsCherches> CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms,
                                             Rapport& rapport);
 
