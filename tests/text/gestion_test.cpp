@@ -83,7 +83,7 @@ TEST_F(RunMotsDesLignes, AMergedRowKeepsItsWordsThroughEveryNewTable) {
   EXPECT_EQ(
       Tete(Sous("ENR"), CherchesDesMots({"un"})),
       std::string("Concordance de : un\r\n2 ligne(s) de ENR.DAT\r\nCe sont les lignes du mot un seul ; la ligne un "
-                  "du tableau (fréquence 4) réunit : un, une"_w));
+                  "du tableau (fréquence 4) réunit :\r\n    un, une"_w));
   ASSERT_EQ(SuplMot(Sous("ENR"), {{{OptionsSuplMot::Action::Genre::LigneSup, "un"},
                                    {OptionsSuplMot::Action::Genre::IntituleLigne, "le", "LE"}}}),
             Fin::Normale);

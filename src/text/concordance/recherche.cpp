@@ -58,7 +58,8 @@ std::vector<std::string> RemarquesSurLeMot(const Contexte& contexte, const MotsC
   if (!ligne.connus) return RemarquesSurLaLigne(contexte, ligne, trouvees);
   if (ligne.mots == mot.mots) return {};
   return {Joindre({"Ce sont les lignes du mot ", mot.nom, " seul ; la ligne ", ligne.nom, " du tableau",
-                   FrequenceDite(ligne), " réunit : "_w, Enumerer(ligne.mots)})};
+                   FrequenceDite(ligne), " réunit :"_w}),
+          Joindre({"    ", Enumerer(ligne.mots)})};
 }
 
 }  // namespace
