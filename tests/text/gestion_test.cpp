@@ -106,6 +106,8 @@ TEST_F(RunMotsDesLignes, RowsWhoseWordsAreNotKnownOrNotThoseOfTheTextSaySo) {
     Ecrire("ENR.AGR", faux);
     EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), seul + "ne va pas avec ENR.BRT") << faux;
   }
+  EXPECT_EQ(SuplMot(Sous("ENR"), {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.AGR"), "ENR\r\n   4 une\r\n     un une\r\n") << "a label corrected by hand may come back";
   std::filesystem::remove(contexte_.repertoire / "ENR.AGR");
   EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), seul + "n'existe pas");
   EXPECT_EQ(Tete(Sous("ENR"), CherchesDesMots({"un"})), seul + "n'existe pas");
