@@ -93,6 +93,8 @@ TEST_F(RunMotsDesLignes, AMergedRowKeepsItsWordsThroughEveryNewTable) {
   EXPECT_EQ(Lire("ENS.AGR"), "ENS\r\n   7 tous\r\n     le un une\r\n");
   EXPECT_EQ(Concord(Sous("ENS"), {.lignes = {"tous"}}), Fin::Normale);
   EXPECT_TRUE(Dit("Concordance de : tous (le, un, une)\r\n7 ligne(s) de ENS.DAT\r\n\r\n"));
+  ASSERT_EQ(SuplMot(Sous("ENR"), {{{OptionsSuplMot::Action::Genre::IntituleLigne, "LE", "le"}}}), Fin::Normale);
+  EXPECT_EQ(Tete(Sous("ENR"), CherchesDesMots({"le"})), "Concordance de : le\r\n3 ligne(s) de ENR.DAT");
 }
 
 TEST_F(RunMotsDesLignes, RowsWhoseWordsAreNotKnownOrNotThoseOfTheTextSaySo) {
