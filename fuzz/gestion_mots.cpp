@@ -1,6 +1,6 @@
 // Any lexical table with any coordinates, words of its rows and lines of a cutting: marks, merges, sorts and
-// concordances end, a stopped run leaves the table whole, a merge never touches it. Input: one byte for the program, one
-// of options, then the bytes of .MOD, .BRT, .AGR, .FAI, .FAJ and .TR1 with FF hex between them.
+// concordances end, a stopped run leaves the table whole, a merge never touches it. Input: one byte for the program,
+// one of options, then the bytes of .MOD, .BRT, .AGR, .FAI, .FAJ and .TR1 with FF hex between them.
 #include <cstdint>
 #include <cstdlib>
 #include <iterator>
@@ -45,8 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   dossier.Vider();
   fuzz::Morceaux morceaux(std::string_view(reinterpret_cast<const char*>(donnees) + 2, taille - 2));
   std::string contenus[std::size(kEntrees)];
-  for (std::size_t i = 0; i < std::size(kEntrees); ++i)
-    dossier.Ecrire(kEntrees[i], contenus[i] = morceaux.Suivant());
+  for (std::size_t i = 0; i < std::size(kEntrees); ++i) dossier.Ecrire(kEntrees[i], contenus[i] = morceaux.Suivant());
 
   Dialogue dialogue;
   const Contexte contexte = dossier.Contexte(dialogue);

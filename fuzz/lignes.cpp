@@ -51,10 +51,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   dossier.Ecrire("ENQ.txt", texte);
   Dialogue dialogue;
   const Contexte contexte = dossier.Contexte(dialogue);
-  if ((donnees[0] & 1) != 0)
-    Preparer(dossier, contexte, donnees[1]);
-  else
-    Trier(dossier, contexte, donnees[1]);
+  if ((donnees[0] & 1) != 0) Preparer(dossier, contexte, donnees[1]);
+  else Trier(dossier, contexte, donnees[1]);
   if (dossier.Lire("ENQ.txt") != texte) std::abort();
   return 0;
 }
