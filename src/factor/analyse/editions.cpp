@@ -112,8 +112,10 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
 
 void ImprimerFacteursNuls(Rapport& rapport, const AnalyseAnecar& analyse) {
   if (std::ranges::none_of(analyse.facteurs, &FacteurAnecar::arrondi)) return;
-  const auto propres = std::ranges::count_if(analyse.facteurs, [](const FacteurAnecar& f) { return f.valeurPropre > 0; });
-  rapport.Ligne({"*** Attention : le tableau a "_w, Nombre(static_cast<std::int64_t>(propres)), " facteur(s), les suivants sont nuls"});
+  const auto propres =
+      std::ranges::count_if(analyse.facteurs, [](const FacteurAnecar& f) { return f.valeurPropre > 0; });
+  rapport.Ligne({"*** Attention : le tableau a "_w, Nombre(static_cast<std::int64_t>(propres)),
+                 " facteur(s), les suivants sont nuls"});
 }
 
 TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {

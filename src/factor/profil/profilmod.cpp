@@ -177,6 +177,7 @@ ProfilDeModalite Profiler(const FichierMod& mod, const ComptesDeProfil& comptes,
 ListeModalites ListeDuChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                             const std::vector<std::string>& noms) {
   ListeModalites liste = LireListeModalites(contexte.Exiger(".MOD"));
+  ExigerMemesModalites(contexte.Nom(".MOD"), liste, textes);
   liste.parametres = LigneDuChoix(liste.parametres, noms);
   liste.textes = textes;
   for (std::string& texte : liste.textes) RendreMarque(texte);

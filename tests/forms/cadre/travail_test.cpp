@@ -48,44 +48,42 @@ struct Travail {
   std::function<Forme*(BureauAuTravail&)> commencer;
 };
 
-const std::array<Travail, 5> kTravaux = {
-    Travail{"NomQuest", "BoutQuitter",
-            [](BureauAuTravail& bureau) {
-              auto& forme = bureau.Demander<NomQuest>("mnuNomQuest");
-              CliquerLigne(forme, "ListRecap", 0);
-              Taper(forme, "TextMod", "Genre");
-              return static_cast<Forme*>(&forme);
-            }},
-    Travail{"ModifMod", "BoutQuitter",
-            [](BureauAuTravail& bureau) {
-              auto& forme = bureau.Demander<ModifMod>("mnuModifMod");
-              CliquerLigne(forme, "ListSuppl", 0);
-              return static_cast<Forme*>(&forme);
-            }},
-    Travail{"NomeMod", "BoutQuitter",
-            [](BureauAuTravail& bureau) {
-              auto& forme = bureau.Demander<NomeMod>("mnuNomMod");
-              Cliquer(forme, "BoutModif");
-              CliquerLigne(forme, "ListRecap", 1);
-              Taper(forme, "TextMod", "Femme");
-              return static_cast<Forme*>(&forme);
-            }},
-    Travail{"ChoixVar", "BoutNouv",
-            [](BureauAuTravail& bureau) {
-              auto& forme = bureau.Demander<ChoixVar>("mnuCroise");
-              CliquerLigne(forme, "ListVar1", 0);
-              Cliquer(forme, "BoutLignePlus");
-              CliquerLigne(forme, "ListVar1", 1);
-              Cliquer(forme, "BoutColPlus");
-              return static_cast<Forme*>(&forme);
-            }},
-    Travail{"PrepRecod", "BoutQuitter",
-            [](BureauAuTravail& bureau) {
-              auto& forme = bureau.Demander<PrepRecod>("mnuPrepRecod");
-              CliquerLigne(forme, "ListPos", 0);
-              Taper(forme, "TextMod", "1=2");
-              return static_cast<Forme*>(&forme);
-            }}};
+const std::array<Travail, 5> kTravaux = {Travail{"NomQuest", "BoutQuitter",
+                                                 [](BureauAuTravail& bureau) {
+                                                   auto& forme = bureau.Demander<NomQuest>("mnuNomQuest");
+                                                   CliquerLigne(forme, "ListRecap", 0);
+                                                   Taper(forme, "TextMod", "Genre");
+                                                   return static_cast<Forme*>(&forme);
+                                                 }},
+                                         Travail{"ModifMod", "BoutQuitter",
+                                                 [](BureauAuTravail& bureau) {
+                                                   auto& forme = bureau.Demander<ModifMod>("mnuModifMod");
+                                                   CliquerLigne(forme, "ListSuppl", 0);
+                                                   return static_cast<Forme*>(&forme);
+                                                 }},
+                                         Travail{"NomeMod", "BoutQuitter",
+                                                 [](BureauAuTravail& bureau) {
+                                                   auto& forme = bureau.Demander<NomeMod>("mnuNomMod");
+                                                   Cliquer(forme, "BoutModif");
+                                                   CliquerLigne(forme, "ListRecap", 1);
+                                                   Taper(forme, "TextMod", "Femme");
+                                                   return static_cast<Forme*>(&forme);
+                                                 }},
+                                         Travail{"ChoixVar", "BoutNouv",
+                                                 [](BureauAuTravail& bureau) {
+                                                   auto& forme = bureau.Demander<ChoixVar>("mnuCroise");
+                                                   CliquerLigne(forme, "ListVar1", 0);
+                                                   Cliquer(forme, "BoutLignePlus");
+                                                   CliquerLigne(forme, "ListVar1", 1);
+                                                   Cliquer(forme, "BoutColPlus");
+                                                   return static_cast<Forme*>(&forme);
+                                                 }},
+                                         Travail{"PrepRecod", "BoutQuitter", [](BureauAuTravail& bureau) {
+                                                   auto& forme = bureau.Demander<PrepRecod>("mnuPrepRecod");
+                                                   CliquerLigne(forme, "ListPos", 0);
+                                                   Taper(forme, "TextMod", "1=2");
+                                                   return static_cast<Forme*>(&forme);
+                                                 }}};
 
 // What would lose it.
 struct Perte {
@@ -102,9 +100,11 @@ const std::array<Perte, 9> kPertes = {
             QSpontaneKeyEvent::setSpontaneous(&croix);
             qApp->notify(&forme, &croix);
           }},
-    Perte{"the cross of the main form", [](BureauAuTravail& bureau, Forme&, const Travail&) { bureau.Fenetre().close(); }},
+    Perte{"the cross of the main form",
+          [](BureauAuTravail& bureau, Forme&, const Travail&) { bureau.Fenetre().close(); }},
     Perte{"Quitter", [](BureauAuTravail& bureau, Forme&, const Travail&) { bureau.Menu("mnuQuitter"); }},
-    Perte{"Nouvelle demande", [](BureauAuTravail& bureau, Forme&, const Travail&) { Cliquer(bureau.Fenetre(), "BoutNouv"); }},
+    Perte{"Nouvelle demande",
+          [](BureauAuTravail& bureau, Forme&, const Travail&) { Cliquer(bureau.Fenetre(), "BoutNouv"); }},
     Perte{"the level", [](BureauAuTravail& bureau, Forme&, const Travail&) { bureau.Menu("mnuNiv1"); }},
     Perte{"the generic",
           [](BureauAuTravail& bureau, Forme&, const Travail&) {
