@@ -148,6 +148,8 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
   });
   ComptesDeProfil comptes;
   comptes.individus = static_cast<double>(lus);
+  if (lus == pos.taille.individus)
+    while (lecteur.Lire() != nullptr) ++comptes.laisses;
   for (const CodeDeModalite& code : codes)
     comptes.effectifs.push_back(comptoir.Effectif(autres.data(), code) +
                                 (seule ? comptoir.Effectif(ensemble.front().data(), code) : 0));

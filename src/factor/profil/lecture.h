@@ -18,6 +18,7 @@ struct ComptesDeProfil {
   double individus = 0;
   std::vector<double> effectifs;              // by modality
   std::vector<std::vector<double>> ensemble;  // by chosen one, then by modality
+  std::int64_t laisses = 0;                   // lines of the data past the announced ones
   std::int64_t douteuses = 0;                 // cells read of the Burt table that are cut or no whole number from 0 on
   std::string premiereDouteuse{};             // where the first one stands
 };

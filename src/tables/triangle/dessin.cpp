@@ -152,19 +152,22 @@ double Corps(TailleTriangle taille) {
 
 double PasDeGraduation(double etendue) { return etendue > 45 ? 10 : etendue > 18 ? 5 : etendue > 8 ? 2 : 1; }
 
+void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, Ancre ancre) {
+  cadre.Page().Texte(
+      cadre.Projeter(a.x, a.y), Nombre(Arrondir(valeur, 1)),
+      {.corps = kCorpsDesGraduations, .couleur = Couleur::Gris, .ancre = ancre, .niveau = Niveau::Centre}, decalage);
+}
+
 void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Position decalage, Ancre ancre) {
-  Dessin& page = cadre.Page();
-  const Position place = cadre.Projeter(a.x, a.y);
-  page.Ligne(place, cadre.Projeter(b.x, b.y),
-             {.couleur = Couleur::GrisClair, .epaisseur = 0.3, .style = StyleTrait::Pointilles});
-  page.Texte(place, Nombre(Arrondir(valeur, 1)),
-             {.corps = kCorpsDesGraduations, .couleur = Couleur::Gris, .ancre = ancre, .niveau = Niveau::Centre},
-             decalage);
+  cadre.Page().Ligne(cadre.Projeter(a.x, a.y), cadre.Projeter(b.x, b.y),
+                     {.couleur = Couleur::GrisClair, .epaisseur = 0.3, .style = StyleTrait::Pointilles});
+  EcrireValeur(cadre, a, valeur, decalage, ancre);
 }
 
 constexpr double kArrondi = 1e-9;  // of a value, in percent or in steps
 
-// The sides, and along each the values of one percentage from its lower to its upper limit.
+// The sides, and along each the values of one percentage from its lower to its upper limit. Of a right angle both
+// upright sides bear the ordinate, on the same lines.
 void TracerCotes(Cadre& cadre, const EtatTriangle& etat) {
   const CotesTriangle& c = etat.cotes;
   const double etendue = c.droit - c.gauche - c.bas;
@@ -175,8 +178,11 @@ void TracerCotes(Cadre& cadre, const EtatTriangle& etat) {
     TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, 9}, Ancre::Milieu);
   for (double v = premiere(c.bas); v <= c.bas + etendue + kArrondi; v += pas)
     TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {5, 0}, Ancre::Debut);
+  const bool angleDroit = etat.reglages.forme == FormeTriangle::AngleDroit;
+  for (double v = premiere(c.bas); angleDroit && v <= c.bas + etendue + kArrondi; v += pas)
+    EcrireValeur(cadre, {c.gauche, v}, v, {-5, 0}, Ancre::Fin);
   const double troisieme = 100 - c.droit;
-  for (double v = premiere(troisieme); v <= troisieme + etendue + kArrondi; v += pas)
+  for (double v = premiere(troisieme); !angleDroit && v <= troisieme + etendue + kArrondi; v += pas)
     TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-5, 0}, Ancre::Fin);
   const std::array<Position, 3> sommets = cadre.Sommets();
   for (std::size_t i = 0; i < 3; ++i) {

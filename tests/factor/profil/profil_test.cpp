@@ -128,6 +128,21 @@ TEST_F(RunProfil, LongCodesAreReadFromTheirTwoDigits) {
   for (const LigneDeProfil& ligne : profils[0].lignes) EXPECT_EQ(ligne.attraction.pem, -100) << ligne.nom;
 }
 
+TEST_F(RunProfil, ASharedNameStopsAndLinesPastTheAnnouncedOnesAreTold) {
+  Ecrire("ENQ.DAT", "11\r\n22\r\n12\r\n21\r\n11\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=4 FMT=1 MOD=A~~1\r\nA  1\r\nA  2\r\nB  1\r\nB  2\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nA     1 2\r\n  A   2 2\r\nB     2 2\r\n");
+  EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Arret);
+  EXPECT_TRUE(Dit("Le nom A est celui de 2 questions, aux positions 1 et 2")) << montre_;
+  // Two questions that no modality stands for say nothing of the profile.
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nA     1 2\r\nB     2 2\r\nC     1 2\r\nC     2 2\r\n");
+  boites_.clear();
+  ASSERT_EQ(ProfilMod(contexte_, {}), Fin::Normale) << montre_;
+  EXPECT_TRUE(Dit("B  1")) << montre_;
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_EQ(boites_[0], "ENQ.POS annonce 3 individus et ENQ.DAT en a 5 : le profil ne porte que sur les premiers");
+}
+
 TEST_F(RunProfil, TheDataAndTheirBurtTableGiveTheSameProfile) {
   Ecrire("ENQ.POS", "ENQ\r\n 6 \r\nAGE   1 9\r\nSEX   2 9\r\n");
   Ecrire("ENQ.DAT", "11\r\n11\r\n21\r\n22\r\n32\r\n31\r\n");

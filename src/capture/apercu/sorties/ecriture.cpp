@@ -62,6 +62,7 @@ class EcritureDeTable {
   void Traiter(std::size_t j, std::string_view cellule);
   void PlacerCode(std::size_t k, int code);
   void PlacerChiffres(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void PlacerAlphabetique(std::size_t k, std::string_view cellule);
   void PlacerTexte(const ColonneLue& lue, std::size_t j, std::string_view cellule);
   void PlacerClasse(const ColonneLue& lue, std::size_t j, std::string_view cellule);
   void PlacerReponse(const ColonneLue& lue, std::size_t j, std::string_view cellule);
@@ -110,7 +111,9 @@ void EcritureDeTable::PlacerCode(std::size_t k, int code) {
 void EcritureDeTable::PlacerChiffres(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
   const bool chiffres = cellule.size() <= plan_.colonnes[lue.premiere].largeur &&
                         cellule.find_first_not_of("0123456789") == std::string_view::npos;
-  if (EstZero(lue, cellule)) return metteur_.Placer(lue.premiere, "0");
+  if (lue.avecTextes)
+    if (const std::uint32_t rang = lue.textes.Chercher(cellule); rang != TableDeTextes::kAbsent)
+      return PlacerCode(lue.premiere, lue.codes[rang]);
   if (chiffres) return metteur_.Placer(lue.premiere, cellule);
   const std::optional<NombreLu> nombre = LireNombre(cellule);
   if (!nombre || !nombre->ValeurEntiere()) return Refuser(j, cellule);
@@ -118,6 +121,15 @@ void EcritureDeTable::PlacerChiffres(const ColonneLue& lue, std::size_t j, std::
   if (normal.front() == '-') metteur_.Placer(lue.premiere, "0");
   else if (normal.size() > plan_.colonnes[lue.premiere].largeur) Refuser(j, cellule);
   else metteur_.Placer(lue.premiere, normal);
+}
+
+// A text of several lines stays on one.
+void EcritureDeTable::PlacerAlphabetique(std::size_t k, std::string_view cellule) {
+  if (cellule.find_first_of("\r\n\x1A") == std::string_view::npos) return metteur_.Placer(k, cellule);
+  std::string texte(cellule);
+  for (char& c : texte)
+    if (c == '\r' || c == '\n' || c == '\x1A') c = ' ';
+  metteur_.Placer(k, texte);
 }
 
 void EcritureDeTable::PlacerTexte(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
@@ -187,6 +199,7 @@ void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
         Refuser(j, cellule);
       metteur_.Placer(lue.premiere, cellule);
       break;
+    case Regle::Alphabetique: PlacerAlphabetique(lue.premiere, cellule); break;
     case Regle::Texte:
       if (!cellule.empty()) PlacerTexte(lue, j, cellule);
       break;
