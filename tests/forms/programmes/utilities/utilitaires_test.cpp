@@ -82,7 +82,7 @@ TEST_F(FormesUtilitaires, TheSpreadsheetTakesItsOptions) {
   Cliquer(forme, {"OptCodes", "CheckChoix"});
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau_.Lire("ENQ.csv"), "AGE Age\tSEX\r\n1\t2\r\n2\t1\r\n1\t2\r\n");
-  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.IMC")).contains("SEX=textes;SEX;textes=1|2"));
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.IMC")).contains("AGE Age=codes;AGE;intitule=Age;codemax=9"));
 }
 
 TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {
