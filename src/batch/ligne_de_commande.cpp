@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "core/programme/report.h"
+#include "core/texte/horspage.h"
 
 namespace quelvar::batch {
 
@@ -40,6 +41,8 @@ class Suite {
   std::string Prendre() { return DepuisUtf8(arguments_[i_++]); }
   // The same argument as a name, of which nothing is lost.
   std::string DernierNom() const { return NomDepuisUtf8(arguments_[i_ - 1]); }
+  // The same argument as it was typed.
+  const std::string& Dernier() const { return arguments_[i_ - 1]; }
   // What follows an option that needs it.
   std::string Valeur(const std::string& option) {
     if (!Reste()) throw UsageIncorrect(Joindre({"il manque une valeur après "_w, option}));
@@ -51,12 +54,25 @@ class Suite {
   std::size_t i_ = 0;
 };
 
+// What stands behind the sign of "nom=valeur", as it was typed.
+std::string_view Brute(std::string_view argument) { return argument.substr(argument.find('=') + 1); }
+
 // Whether the value of the option is the name of a file, of which nothing may be lost.
 bool NommeUnFichier(const Programme& programme, const std::string& nom) {
   return std::any_of(programme.options.begin(), programme.options.end(), [&](const Option& option) {
     return option.nom.starts_with(nom) &&
            (option.valeurs.find("FICHIER") != std::string::npos || option.valeurs.find("NOM.svg") != std::string::npos);
   });
+}
+
+// The name of a sheet is looked for among names that were read with the same loss.
+bool SeChercheParmiDesNoms(const std::string& nom) { return std::string_view("feuille").starts_with(nom); }
+
+// The value of an option that says what a file will hold: what the code page lacks is refused, and not made "?".
+std::string ValeurPourUnFichier(const std::string& option, std::string_view utf8) {
+  if (const std::string refus = RefusHorsPage(utf8); !refus.empty() && !SeChercheParmiDesNoms(option))
+    throw UsageIncorrect(Joindre({"l'option ", option, " : ", refus}));
+  return DepuisUtf8(utf8);
 }
 
 // Takes a global option; false when the argument is none.
@@ -77,7 +93,8 @@ bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& d
       throw UsageIncorrect(Joindre({"--niveau attend 1 ou 2 et non \"", niveau, "\""}));
     demande.niveau = niveau == "1" ? 1 : 2;
   } else if (argument == "--reponse") {
-    demande.reponses.push_back(suite.Valeur(argument));
+    suite.Valeur(argument);
+    demande.reponses.push_back(suite.DernierNom());  // it may be the name of a file or of a generic
   } else if (argument == "--horloge") {
     demande.horloge = LireHorloge(suite.Valeur(argument));
   } else {
@@ -110,7 +127,7 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     const std::string option = Minuscules(argument.substr(0, egal));
     demande.options.emplace_back(option, NommeUnFichier(*demande.programme, option)
                                              ? entier.substr(entier.find('=') + 1)
-                                             : argument.substr(egal + 1));
+                                             : ValeurPourUnFichier(option, Brute(suite.Dernier())));
   }
   if (!avecGenerique && !demande.programme->generiqueFacultatif)
     throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));

@@ -30,6 +30,11 @@ std::string AideImportCsv(const SourcesPresentes& sources, bool sansIntitules) {
 }
 
 std::string AideImport(const SourcesPresentes& sources, int niveau) {
+  if (sources.dbf && (sources.dat || sources.pos))
+    return Joindre(
+        {"Importation d'un fichier dBase (*.DBF).\r\n"
+         "Attention les fichiers *.DAT et *.POS qui existent déjà seront remplacés du fait de l'importation du fichier "
+         "dBase ; ils sont sauvegardés.\r\n"_w});
   if (sources.dbf || sources.dat) return "Importation d'un fichier dBase (*.DBF).\r\n";
   return Joindre(
       {"Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "

@@ -4,6 +4,7 @@
 
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/annulation.h"
 #include "regression/codage.h"
 
 namespace quelvar::regression {
@@ -135,9 +136,9 @@ void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& t
 
 Fin TerminerModifModR(const Contexte& contexte) { return RendreCompte(contexte, kFinNormale); }
 
-Fin AbandonnerModifModR(const Contexte& contexte) {
-  return RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom);
-}
+Fin AbandonnerModifModR(const Contexte& contexte) { return RendreCompte(contexte, kArretVolontaire); }
+
+Fin QuitterModifModR(const Contexte& contexte) { return RendreCompte(contexte, kArretVolontaire, {}, kRapportSansNom); }
 
 std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
                                                 const std::vector<std::string>& textes) {

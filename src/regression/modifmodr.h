@@ -41,9 +41,11 @@ inline constexpr std::string_view kTitreAvertissement = "*** Avertissement ***";
 
 // Writes the lines back into the .MOD, all else as it stands. Raises the failures of RemplacerModalites.
 void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& textes);
-// Leaves after a save, or without one: the report holds the one sentence.
+// Leaves after a sound save, or by "Annuler" behind one that was warned of: the report .prt holds the one sentence.
 Fin TerminerModifModR(const Contexte& contexte);
 Fin AbandonnerModifModR(const Contexte& contexte);
+// Leaves without a save: the sentence is shown, and no file changes.
+Fin QuitterModifModR(const Contexte& contexte);
 
 // The same without a form: the question of each name is coded anew, the ones to explain before the references.
 struct OptionsModifModR {

@@ -1,5 +1,6 @@
 #include "regression/options.h"
 
+#include "core/options/image.h"
 #include "regression/reglin/reglin.h"
 
 namespace quelvar::regression {
@@ -22,7 +23,8 @@ const Description<OptionsAnatab>& DescriptionAnatab() {
           "anatab",
           "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w,
           [](const Contexte& contexte, const O& options) { return Anatab(contexte, options); })
-          .Texte("image", &O::image, "FICHIER.svg", "image des effets, la référence à zéro"_w);
+          .Libre("image", "FICHIER.svg", "image des effets, la référence à zéro"_w, PoserImage("image", &O::image),
+                 EcrireImage(&O::image));
   return description;
 }
 
@@ -44,7 +46,8 @@ const Description<OptionsVarint>& DescriptionVarint() {
                  "avec les noms longs au niveau 2 seulement"_w)
           .Bouton("Opt1", "compacte")
           .Bouton("Opt2", "longue")
-          .Texte("image", &O::image, "FICHIER.svg", "image des profils, une barre par question"_w);
+          .Libre("image", "FICHIER.svg", "image des profils, une barre par question"_w, PoserImage("image", &O::image),
+                 EcrireImage(&O::image));
   return description;
 }
 

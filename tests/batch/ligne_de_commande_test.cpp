@@ -39,6 +39,28 @@ TEST(LigneDeCommande, WhatCannotBeRunIsRefused) {
   for (const auto& arguments : cas) EXPECT_THROW(LireLigneDeCommande(arguments), UsageIncorrect);
 }
 
+// What the code page lacks would become "?" in a file of the survey; in the name of a file, of a sheet or of a generic
+// it stays what it is.
+TEST(LigneDeCommande, ForeignCharactersAreRefusedWhereAFileWouldLoseThem) {
+  const auto refus = [](const std::vector<std::string>& arguments) -> std::string {
+    try {
+      LireLigneDeCommande(arguments);
+    } catch (const UsageIncorrect& erreur) {
+      return VersUtf8(erreur.what());
+    }
+    return {};
+  };
+  EXPECT_EQ(refus({"modifmodr", "ENQ", "intitule=CIN1=caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC"}),
+            VersUtf8("l'option intitule : le caractère 11, \""_w) + "\xE6\x97\xA5" +
+                VersUtf8("\", n'existe pas dans la page de code des fichiers (Windows-1252) : remplacez-le"_w));
+  EXPECT_NE(refus({"nomquest", "ENQ", "intitule=SEX=caf\xE9"}).find("n'est pas de l'UTF-8"), std::string::npos);
+  EXPECT_EQ(refus({"modifmodr", "ENQ", "intitule=CIN1=\xE2\x82\xAC \xC5\x93uvre \xC2\x81?"}), "");
+  EXPECT_EQ(refus({"import", "ENQ", "feuille=\xE6\x97\xA5", "fichier=\xE6\x97\xA5.csv"}), "");
+  EXPECT_EQ(refus({"anatab", "\xE6\x97\xA5", "image=\xE6\x97\xA5.svg"}), "");
+  const Demande demande = LireLigneDeCommande({"--reponse", "\xE6\x97\xA5", "modifburt", "ENQ"});
+  EXPECT_EQ(VersUtf8(demande.reponses.front()), "\xE6\x97\xA5") << "it may name a generic";
+}
+
 TEST(Programmes, EveryProgramIsListedOnceWithItsHelp) {
   std::vector<std::string> noms;
   for (const Programme& programme : Programmes()) {

@@ -29,6 +29,8 @@ const std::map<std::string, Textes> kLibres = {
     {"modifmod supplementaires", {"SEX", "SEX1,AGE2"}},
     {"modifmod actives", {"PCS", "PCS1,PCS2,LIE"}},
     {"modifmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"anatab image", {"effets.svg", "mes effets.SVG"}},
+    {"varint image", {"profils.svg"}},
     {"modifmodr intitule", {"SEX1=Homme", "AGE2="}},
     {"nomemod intitule", {"SEX1=l'homme seul", "AGE2="}},
     {"nomquest intitule", {"SEX=Sexe = genre", "AGE="}},
@@ -52,6 +54,8 @@ const std::map<std::string, Textes> kLibres = {
     {"modifburt colonnes", {"SEX1", "SEX1,AGE2"}},
     {"modifburt lignes", {"OUV", "OUV,CAD"}},
     {"profilmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"profilmod fichier", {"profils.svg"}},
+    {"triang fichier", {"triangle.Svg"}},
     {"triang marques", {"SEX1=0", "titre=5"}},
     {"triang deplaces", {"SEX1=3.5/-2", "sommet1=0/0"}},
 };
@@ -146,6 +150,16 @@ TEST(OptionsDesProgrammes, ReadingWhatWasWrittenGivesTheSameOptions) {
       EXPECT_EQ(demande.niveau, 2);
     }
   }
+}
+
+// A picture that the companion can't write is refused before the run whose figures it shows.
+TEST(OptionsDesProgrammes, APictureIsAnSvg) {
+  for (const Programme& programme : Programmes())
+    for (const Option& option : programme.options) {
+      if (option.valeurs.find(".svg") == std::string::npos) continue;
+      for (const char* const nom : {"x.png", "ENQ.DAT", "svg"})
+        EXPECT_THROW(programme.recrire({{option.nom, nom}}), UsageIncorrect) << programme.nom << " " << nom;
+    }
 }
 
 TEST(OptionsDesProgrammes, TheirOrderNeverMatters) {

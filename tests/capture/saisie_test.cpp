@@ -150,6 +150,9 @@ TEST(EtatSaisie, CorrigerGardeCeQuOnNeTouchePas) {
   EXPECT_EQ(Enregistrement(etat), "X 7007  suite");
   Frapper(etat, "Bas Droite Bas Bas");
   EXPECT_EQ(Enregistrement(etat), "X 8007  suite") << "only the answer that was changed";
+  EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, Demande::LaisserLaCorrection);
+  EXPECT_EQ(Enregistrement(etat), "X 8007  suite") << "who asks may stay";
+  PrendreEnregistrement(etat, 2, "X 7007  suite");
   EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, Demande::Rien);
   EXPECT_FALSE(etat.corrige) << "Escape leaves the correction, not the entry";
 }
@@ -244,6 +247,27 @@ TEST_F(SaisieTest, EnregistrementsEnTexte) {
   EXPECT_EQ(Rejouer("Droite Entree Droite*2 Bas\n"), Fin::Normale);
   EXPECT_EQ(boites_, std::vector<std::string>{std::string(
                          "Réponses non validées par Entrée, non conservées : celles de l'enregistrement 4"_w)});
+}
+
+// A record that comes as a whole is what its keys would have made: the long number loses its zeros, and what a skip
+// test does not let one answer is kept and told.
+TEST_F(SaisieTest, EnregistrementsCommeAuClavier) {
+  Ecrire("ENQ.DES", "SEX     2 Si =2+2\r\nAGE     9 \r\nNUM     6A NUM\r\n");
+  EXPECT_EQ(Rejouer("1;3;0012\n1;3;\n2;;7\n2;4;012\n1;5;000\n", ModeDEntree::Enregistrements), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.DAT"), "1312    \r\n13      \r\n207     \r\n2412    \r\n150     \r\n");
+  EXPECT_EQ(boites_,
+            std::vector<std::string>{std::string(
+                "Enregistrements dont un nombre long est récrit sans les zéros de devant : 3 (le premier à la "
+                "ligne 1, question NUM)\r\nEnregistrements qui gardent une réponse à une question que saute un "
+                "test du descripteur : 1 (le premier à la ligne 4, question AGE)"_w)});
+  boites_.clear();
+  EXPECT_EQ(Rejouer("Enregistrement=1 Droite Echap\nEnregistrement=2 Echap\n"), Fin::Normale);
+  EXPECT_EQ(boites_,
+            std::vector<std::string>{std::string(
+                "Enregistrements corrigés puis laissés par Echap, non changés : 1 (le premier à la ligne 1)"_w)});
+  boites_.clear();
+  EXPECT_EQ(Rejouer(NomDepuisUtf8("Bas*2 \"\xE6\x97\xA5\"\n")), Fin::Arret);
+  EXPECT_TRUE(boites_.front().starts_with("Ligne 1 : le caractère 8, "_w)) << boites_.front();
 }
 
 TEST_F(SaisieTest, RienNEstPerdu) {

@@ -175,8 +175,9 @@ Effet Frapper(EtatSaisie& etat, Touche touche) {
   switch (touche.nom) {
     case NomDeTouche::Entree: effet.demande = Demande::Enregistrer; return effet;
     case NomDeTouche::Echappement:
-      if (etat.corrige) RecommencerIndividu(etat);
-      else effet.demande = Demande::Quitter;
+      if (!etat.corrige) effet.demande = Demande::Quitter;
+      else if (EstEntame(etat)) effet.demande = Demande::LaisserLaCorrection;
+      else RecommencerIndividu(etat);
       return effet;
     case NomDeTouche::VerrMaj:
       etat.majuscules = !etat.majuscules;

@@ -54,7 +54,7 @@ struct EtatSaisie {
 };
 
 // What a key asks of the one who holds the files and the screen.
-enum class Demande { Rien, Enregistrer, Quitter };
+enum class Demande { Rien, Enregistrer, Quitter, LaisserLaCorrection };
 struct Effet {
   Demande demande = Demande::Rien;
   bool bip = false;
@@ -63,8 +63,9 @@ struct Effet {
 // A state before the first individual, with the count of records already made.
 EtatSaisie NouvelleSaisie(const Descripteur& descripteur, std::int64_t faits);
 
-// Treats one key. Enter only asks for the record to be written: Enregistrement gives it, and RecommencerIndividu goes
-// on once it is safe.
+// Treats one key. Escape in a correction that has changed answers only asks to leave it: RecommencerIndividu does.
+// Enter only asks for the record to be written: Enregistrement gives it, and RecommencerIndividu goes on once it is
+// safe.
 Effet Frapper(EtatSaisie& etat, Touche touche);
 
 // The line of .DAT that the answers make; nothing when all of them are empty. In a record that is corrected the fields

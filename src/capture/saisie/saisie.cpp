@@ -5,6 +5,7 @@
 #include "capture/dbase/questions.h"
 #include "capture/fichiers.h"
 #include "capture/saisie/touches.h"
+#include "core/texte/horspage.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -54,7 +55,7 @@ std::string AnnonceDuPos(const Contexte& contexte) {
        "enregistrement et sauvegardé sous le nom "_w,
        sauvegarde});
   const std::optional<Chemin> ancien = ChercherPos(contexte);
-  const std::string nom = ancien ? NomPourAncienneSauvegarde(contexte, *ancien, sauvegarde) : std::string();
+  const std::string nom = ancien ? NomPourAncienneSauvegarde(contexte.repertoire, *ancien, sauvegarde) : std::string();
   if (!nom.empty())
     annonce += Joindre({"\r\nL'ancienne sauvegarde ", sauvegarde, " sera conservée sous le nom "_w, nom});
   return annonce;
@@ -72,16 +73,31 @@ void Finir(Rapport& rapport, std::int64_t faits, std::string_view faute = {}) {
   rapport.Ligne(faute.empty() ? std::string_view("Fin normale du programme") : faute);
 }
 
+// Lines of the replayed text that something befell.
+struct Lignes {
+  std::int64_t nombre = 0;
+  std::int64_t premiere = 0;
+  std::string question = {};  // the one concerned in the first of them
+
+  void Noter(std::int64_t ligne, std::string_view nom = {}) {
+    if (nombre++ > 0) return;
+    premiere = ligne;
+    question = nom;
+  }
+};
+
 // What the text that is replayed came to.
 struct Rejeu {
-  std::int64_t ligne = 0;    // the one that is taken, from 1
-  bool quitter = false;      // Escape was struck
-  std::int64_t vides = 0;    // records that were not kept
-  std::int64_t premier = 0;  // line of the first of them
+  std::int64_t ligne = 0;  // the one that is taken, from 1
+  bool quitter = false;    // Escape was struck
+  Lignes vides;            // records that were not kept
+  Lignes laissees;         // corrections that Escape left
+  Lignes recrites;         // long numbers without the zeros that stood in front
+  Lignes sautees;          // answers to questions that a skip test jumps over
 };
 
 void Enregistrer(SaisieEnCours& saisie, Rejeu& rejeu) {
-  if (!Enregistrer(saisie) && rejeu.vides++ == 0) rejeu.premier = rejeu.ligne;
+  if (!Enregistrer(saisie)) rejeu.vides.Noter(rejeu.ligne);
 }
 
 // One line of the text; what is wrong with it, or nothing.
@@ -96,6 +112,10 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
     const Effet effet = Frapper(saisie.etat, frappe.touche);
     if (effet.bip) ecran.biper();
     if (effet.demande == Demande::Enregistrer) Enregistrer(saisie, rejeu);
+    if (effet.demande == Demande::LaisserLaCorrection) {
+      rejeu.laissees.Noter(rejeu.ligne);
+      RecommencerIndividu(saisie.etat);
+    }
     rejeu.quitter = effet.demande == Demande::Quitter;
     if (rejeu.quitter) return {};
   }
@@ -104,18 +124,28 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
 
 // A blank line is an empty record.
 std::string RejouerEnregistrement(SaisieEnCours& saisie, std::string_view ligne, Rejeu& rejeu) {
-  std::string faute = Rogner(ligne).empty() ? std::string() : PrendreReponses(saisie.etat, ligne);
+  Passage passage;
+  std::string faute = Rogner(ligne).empty() ? std::string() : PrendreReponses(saisie.etat, ligne, passage);
+  if (!passage.recrite.empty()) rejeu.recrites.Noter(rejeu.ligne, passage.recrite);
+  if (!passage.sautee.empty()) rejeu.sautees.Noter(rejeu.ligne, passage.sautee);
   if (faute.empty()) Enregistrer(saisie, rejeu);
   else RecommencerIndividu(saisie.etat);
   return faute;
 }
 
-// What the replay has left out.
+// What the replay has left out or changed.
 void Signaler(const SaisieEnCours& saisie, const Rejeu& rejeu, const Dialogue& ecran) {
   std::string texte;
-  if (rejeu.vides > 0)
-    AjouterLigne(texte, Joindre({"Enregistrements vides non conservés : "_w, Nombre(rejeu.vides),
-                                 " (le premier à la ligne "_w, Nombre(rejeu.premier), ")"}));
+  const auto dire = [&texte](std::string_view quoi, const Lignes& lignes) {
+    if (lignes.nombre == 0) return;
+    const std::string question = lignes.question.empty() ? std::string() : ", question " + lignes.question;
+    AjouterLigne(texte, Joindre({quoi, " : ", Nombre(lignes.nombre), " (le premier à la ligne "_w,
+                                 Nombre(lignes.premiere), question, ")"}));
+  };
+  dire("Enregistrements vides non conservés"_w, rejeu.vides);
+  dire("Enregistrements corrigés puis laissés par Echap, non changés"_w, rejeu.laissees);
+  dire("Enregistrements dont un nombre long est récrit sans les zéros de devant"_w, rejeu.recrites);
+  dire("Enregistrements qui gardent une réponse à une question que saute un test du descripteur"_w, rejeu.sautees);
   if (EstEntame(saisie.etat))
     AjouterLigne(texte, Joindre({"Réponses non validées par Entrée, non conservées : celles de l'enregistrement "_w,
                                  Nombre(saisie.etat.corrige.value_or(saisie.etat.faits + 1))}));
@@ -130,8 +160,9 @@ std::string Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const L
   Rejeu rejeu;
   while (faute.empty() && !rejeu.quitter && lire(ligne)) {
     ++rejeu.ligne;
-    faute = options.entree == ModeDEntree::Touches ? RejouerTouches(saisie, ligne, ecran, rejeu)
-                                                   : RejouerEnregistrement(saisie, ligne, rejeu);
+    if (NomMontrable(ligne) != ligne) faute = RefusHorsPage(VersUtf8(ligne));
+    else if (options.entree == ModeDEntree::Touches) faute = RejouerTouches(saisie, ligne, ecran, rejeu);
+    else faute = RejouerEnregistrement(saisie, ligne, rejeu);
   }
   Signaler(saisie, rejeu, ecran);
   return faute.empty() ? faute : Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute});

@@ -43,7 +43,8 @@ struct OptionsSaisie {
   bool operator==(const OptionsSaisie&) const = default;
 };
 
-// Gives the next line of the text to replay, in the code page; false at its end.
+// Gives the next line of the text to replay, in the code page, false at its end; a line with characters that the code
+// page lacks has them as NomDepuisUtf8 writes them, and is refused.
 using LectureDeLigne = std::function<bool(std::string& ligne)>;
 
 // Replays an entry. The end of the text ends it as Escape does; a line that can't be taken stops it and is told in a

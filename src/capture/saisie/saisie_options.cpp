@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "capture/saisie/touches.h"
+#include "core/texte/horspage.h"
 
 namespace quelvar::capture {
 
@@ -11,7 +12,7 @@ namespace {
 bool LireLigne(std::string& ligne) {
   if (!std::getline(std::cin, ligne)) return false;
   if (ligne.ends_with('\r')) ligne.pop_back();
-  if (EstUtf8MultiOctet(ligne)) ligne = DepuisUtf8(ligne);
+  if (EstUtf8MultiOctet(ligne)) ligne = RefusHorsPage(ligne).empty() ? DepuisUtf8(ligne) : NomDepuisUtf8(ligne);
   return true;
 }
 

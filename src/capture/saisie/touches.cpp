@@ -98,7 +98,24 @@ LigneDeTouches LireTouches(std::string_view ligne) {
   return lue;
 }
 
-std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne) {
+namespace {
+
+// A question that has no answer keeps none.
+void Passer(EtatSaisie& etat, Passage& passage) {
+  const std::vector<std::string> donnees = etat.reponses;
+  while (!etat.SurFin()) Frapper(etat, {NomDeTouche::Bas});
+  for (std::size_t i = 0; i < donnees.size(); ++i) {
+    const DescriptionDeQuestion& question = etat.questions[i];
+    const std::string_view nom = RognerDroite(question.nom);
+    if (donnees[i].empty()) etat.reponses[i].clear();
+    if (passage.recrite.empty() && RognerDroite(etat.reponses[i]) != RognerDroite(donnees[i])) passage.recrite = nom;
+    if (passage.sautee.empty() && etat.sautees[i] != 0 && !EstVide(question, donnees[i])) passage.sautee = nom;
+  }
+}
+
+}  // namespace
+
+std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne, Passage& passage) {
   const std::size_t donnees =
       ligne.empty() ? 0 : static_cast<std::size_t>(std::count(ligne.begin(), ligne.end(), ';')) + 1;
   if (donnees != etat.questions.size())
@@ -115,6 +132,7 @@ std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne) {
     return Joindre({"la question ", RognerDroite(question.nom), " attend ", attendu, Nombre(question.nombre),
                     " et non \"", reponse, "\""});
   }
+  Passer(etat, passage);
   return {};
 }
 

@@ -21,9 +21,16 @@ struct LigneDeTouches {
 };
 LigneDeTouches LireTouches(std::string_view ligne);
 
-// A line of answers separated by ";", in the order of the questions. Returns what is wrong with it, or nothing and the
-// answers in the state.
-std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne);
+// What the moves from question to question make of answers that came as a whole.
+struct Passage {
+  std::string recrite;  // the first long number whose zeros in front have gone; empty for none
+  std::string sautee;   // the first question answered all the same though a skip test jumps over it; empty for none
+};
+
+// A line of answers separated by ";", in the order of the questions, as if each was keyed before the next one: a long
+// number is left as its plain decimal form, and skip tests are looked at. Returns what is wrong with it, or nothing and
+// the answers in the state.
+std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne, Passage& passage);
 
 // The names of the keys, separated by blanks, for the help of the companion.
 std::string NomsDesTouches();

@@ -69,6 +69,24 @@ class LecteurDeDescription {
   Descripteur& descripteur_;
 };
 
+bool EstMarqueDeFin(std::string_view ligne) { return Contient(Milieu(ligne, 1, 4), "**"); }
+bool ArreteLaListe(std::string_view ligne) { return Rogner(Milieu(ligne, 1, 4)).empty() || EstMarqueDeFin(ligne); }
+
+// The fault of a list that a line without a name ends, and not "**", while questions stand behind it.
+void SignalerLaSuite(LecteurLignes& lecteur, Descripteur& descripteur) {
+  const std::size_t blanche = descripteur.descriptions.size() + 1;
+  std::size_t laissees = 0;
+  std::string premiere;
+  for (std::string_view ligne; lecteur.Lire(ligne) && !EstMarqueDeFin(ligne);)
+    if (!ArreteLaListe(ligne) && laissees++ == 0) premiere = CadreGauche(ligne, 7);
+  if (laissees == 0) return;
+  descripteur.fautes.push_back(
+      Joindre({"*** Attention la ligne "_w, Nombre(blanche),
+               " du descripteur n'a pas de nom et arrête la liste ; lignes non lues derrière elle : "_w,
+               Nombre(laissees), ", la première Question "_w, premiere}));
+  ++descripteur.nombreFautes;
+}
+
 }  // namespace
 
 int Descripteur::LongueurEnregistrement() const {
@@ -81,11 +99,13 @@ Descripteur LireDes(const Chemin& chemin) {
   Descripteur descripteur;
   LecteurDeDescription lecteurDeDescription(descripteur);
   LecteurLignes lecteur(chemin);
-  for (std::string_view ligne; lecteur.Lire(ligne);) {
-    const std::string_view tete = Milieu(ligne, 1, 4);
-    if (Rogner(tete).empty() || Contient(tete, "**")) break;
-    lecteurDeDescription.Lire(ligne);
+  std::string_view ligne;
+  bool arretee = false;
+  while (!arretee && lecteur.Lire(ligne)) {
+    arretee = ArreteLaListe(ligne);
+    if (!arretee) lecteurDeDescription.Lire(ligne);
   }
+  if (arretee && !EstMarqueDeFin(ligne)) SignalerLaSuite(lecteur, descripteur);
   return descripteur;
 }
 

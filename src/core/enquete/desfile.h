@@ -38,7 +38,8 @@ struct Descripteur {
   int LongueurEnregistrement() const;
 };
 
-// Reads the descriptor; the list ends at a line whose columns 1-4 are blank or hold "**". Raises the failures of
+// Reads the descriptor; the list ends at a line whose columns 1-4 are blank or hold "**". Questions behind a blank one
+// are a fault. Raises the failures of
 // LecteurLignes.
 Descripteur LireDes(const Chemin& chemin);
 

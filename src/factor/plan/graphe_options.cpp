@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "core/options/image.h"
+
 namespace quelvar::factor {
 
 namespace {
@@ -17,11 +19,6 @@ constexpr std::array<std::string_view, 3> kEllipses = {"concentration", "mediane
 // A text of the struct that is empty when the option is not given.
 Description<O>::Ecrire EcrireTexte(std::string O::*membre) {
   return [membre](const O& options) { return (options.*membre).empty() ? Textes() : Textes{options.*membre}; };
-}
-
-void PoserFichier(O& options, const std::string& valeur) {
-  if (!Minuscules(valeur).ends_with(".svg")) RefuserValeur("fichier", "un nom en .svg", valeur);
-  options.fichier = valeur;
 }
 
 Description<O>::Poser PoserAxe(std::string nom, std::string O::*membre) {
@@ -61,7 +58,8 @@ Textes EcrireEllipses(const O& options) {
 }
 
 void DecrirePoints(Description<O>& description) {
-  description.Libre("fichier", "NOM.svg", "le graphique, en SVG", PoserFichier, EcrireTexte(&O::fichier))
+  description
+      .Libre("fichier", "NOM.svg", "le graphique, en SVG", PoserImage("fichier", &O::fichier), EcrireImage(&O::fichier))
       .Defaut("GENERIQUEFac.svg")
       .Libre("horizontal", "N|C|CN", "facteur en abscisse ; C : son CPF", PoserAxe("horizontal", &O::horizontal),
              EcrireTexte(&O::horizontal))

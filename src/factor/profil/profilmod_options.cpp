@@ -1,5 +1,7 @@
 #include "factor/profil/profilmod_options.h"
 
+#include "core/options/image.h"
+
 namespace quelvar::factor {
 
 const Description<OptionsProfil>& DescriptionProfilMod() {
@@ -16,7 +18,8 @@ const Description<OptionsProfil>& DescriptionProfilMod() {
           .OuiNon("nontri", &O::nonTri, "garde l'ordre du fichier")
           .Montre("NonTri")
           .Couples("intitule", &O::intitules, "NOM=TEXTE", "nouvel intitulé d'une modalité ; peut être répété"_w)
-          .Texte("fichier", &O::fichier, "NOM.svg", "image des profils, en SVG");
+          .Libre("fichier", "NOM.svg", "image des profils, en SVG", PoserImage("fichier", &O::fichier),
+                 EcrireImage(&O::fichier));
   return description;
 }
 

@@ -2,9 +2,11 @@
 
 #include <QFontDatabase>
 #include <QSignalBlocker>
+#include <QToolTip>
 #include <algorithm>
 
 #include "core/programme/erreur.h"
+#include "core/texte/horspage.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -43,8 +45,11 @@ void EditionListe::Montrer(int ligne) { liste_.item(ligne)->setText(acces_.texte
 
 bool EditionListe::Ranger() {
   if (ligne_ < 0 || !champ_.isModified()) return true;
-  const QString refus = acces_.poser(ligne_, champ_.text());
+  const std::string etranger = RefusHorsPage(champ_.text().toStdString());
+  const QString refus = etranger.empty() ? acces_.poser(ligne_, champ_.text())
+                                         : QStringLiteral("L'intitulé n'est pas pris : ") + VersQt(etranger);
   emit Refus(refus);
+  if (!etranger.empty()) QToolTip::showText(champ_.mapToGlobal(QPoint(0, champ_.height())), refus, &champ_);
   if (!refus.isEmpty()) return false;
   champ_.setModified(false);
   Montrer(ligne_);

@@ -32,7 +32,7 @@ class EditionListe : public QObject {
   void Remplir();
   // Shows a line again after its text has changed.
   void Montrer(int ligne);
-  // Stores what the text box holds; false when it is refused.
+  // Stores what the text box holds; false when it is refused, as a character is that the files can't hold.
   bool Ranger();
   // Whether the text box holds what is not stored yet.
   bool EnCours() const { return ligne_ >= 0 && champ_.isModified(); }

@@ -124,11 +124,22 @@ void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
   throw Erreur(kArretAnnonce);
 }
 
+// Lines that hold something behind the last column of the .MOD.
+struct LignesLongues {
+  std::int64_t nombre = 0;
+  std::int64_t premiere = 0;  // rank
+};
+
 // A .MOD of fewer lines than the table has columns names the wrong ones.
-void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegression& variables, bool toutesLongues) {
-  if (!toutesLongues) return;
+void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegression& variables,
+                               const LignesLongues& longues, std::int64_t individus) {
+  if (longues.nombre == 0) return;
+  const std::string lignes = longues.nombre == individus
+                                 ? std::string("toutes les lignes vont")
+                                 : Joindre({Nombre(longues.nombre), " lignes (la première est l'individu "_w,
+                                            Nombre(longues.premiere), ") vont"});
   contexte.Ecran().biper();
-  contexte.Ecran().demander(Joindre({"*** Attention : toutes les lignes vont plus loin que les "_w,
+  contexte.Ecran().demander(Joindre({"*** Attention : ", lignes, " plus loin que les ",
                                      Nombre(static_cast<std::int64_t>(variables.noms.size())), " variables du fichier ",
                                      contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
                             Boutons::Ok);
@@ -136,7 +147,7 @@ void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegres
 
 struct Lecture {
   Moments moments;
-  bool toutesLongues = true;
+  LignesLongues longues;
   Fautifs fautifs;  // the moments are not whole when there are some
   Douteux vides{.doute = Doute::SansChiffre, .variable = {}};
   Douteux virgules{.doute = Doute::AVirgule, .variable = {}};
@@ -145,7 +156,7 @@ struct Lecture {
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
 Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
                     const std::function<void(std::string_view)>& suivre) {
-  Lecture lecture{.moments = Moments(variables.explicatives.size()), .fautifs = {}};
+  Lecture lecture{.moments = Moments(variables.explicatives.size()), .longues = {}, .fautifs = {}};
   const std::size_t longueur = kLargeurIdentifiant + variables.noms.size() * variables.largeur;
   std::vector<double> valeurs(lecture.moments.Ordre());
   Fautifs& fautifs = lecture.fautifs;
@@ -156,7 +167,7 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
     ++rang;
     if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
     if (fautifs.nombre > 0) continue;
-    lecture.toutesLongues = lecture.toutesLongues && RognerDroite(ligne).size() > longueur;
+    if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
     LireValeurs(ligne, variables, valeurs);
     if (std::find(valeurs.begin(), valeurs.end(), 0.0) != valeurs.end()) lecture.vides.Voir(ligne, variables, rang);
     if (ligne.find(',') != std::string_view::npos) lecture.virgules.Voir(ligne, variables, rang);
@@ -185,7 +196,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   ExigerDesLignesEntieres(rapport, lecture.fautifs);
   PrevenirDesDouteux(contexte, lecture.vides);
   PrevenirDesDouteux(contexte, lecture.virgules);
-  PrevenirDesColonnesDeTrop(contexte, variables, lecture.toutesLongues);
+  PrevenirDesColonnesDeTrop(contexte, variables, lecture.longues, individus);
   return std::move(lecture.moments);
 }
 

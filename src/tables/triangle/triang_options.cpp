@@ -1,5 +1,7 @@
 #include "tables/triangle/triang_options.h"
 
+#include "core/options/image.h"
+
 namespace quelvar::tables {
 
 namespace {
@@ -50,7 +52,7 @@ void DecrireAffichage(Description<O>& description) {
 const Description<OptionsTriang>& DescriptionTriang() {
   static const Description<O> description = [] {
     Description<O> d("triang", "Graphique triangulaire d'un fichier .TRG (SVG, rapport .prt)", Triang);
-    d.Texte("fichier", &O::fichier, "NOM.svg", "le graphique, en SVG")
+    d.Libre("fichier", "NOM.svg", "le graphique, en SVG", PoserImage("fichier", &O::fichier), EcrireImage(&O::fichier))
         .Defaut("GENERIQUETrg.svg")
         .Choix(
             "forme", [](auto& o) -> auto& { return o.reglages.forme; },

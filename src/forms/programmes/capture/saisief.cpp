@@ -99,8 +99,14 @@ void Saisief::Frapper(capture::Touche touche, bool tenue) {
   // A key held down against a bound says so once.
   if (effet.bip && !tenue) services_.ecran.biper();
   if (effet.demande == capture::Demande::Quitter) return reject();
+  if (effet.demande == capture::Demande::LaisserLaCorrection) LaisserLEnregistrement();
   if (effet.demande == capture::Demande::Enregistrer) Enregistrer();
   Montrer();
+}
+
+// Back to the individual that is keyed; answers that a correction has changed are asked about.
+void Saisief::LaisserLEnregistrement() {
+  if (PeutFermer()) capture::RecommencerIndividu(saisie_->etat);
 }
 
 // A record that the disk refuses stays on the screen.
@@ -217,7 +223,7 @@ bool Saisief::ToucheDeFautes(QPushButton& bouton, int cle) {
 bool Saisief::ToucheDeListe(int cle) {
   const bool garder = cle == Qt::Key_Return || cle == Qt::Key_Enter || cle == Qt::Key_F4;
   if (!garder && cle != Qt::Key_Escape) return false;
-  if (!garder) capture::RecommencerIndividu(saisie_->etat);
+  if (!garder) LaisserLEnregistrement();
   ui_->TextMod->setFocus();
   Montrer();
   return true;

@@ -31,6 +31,7 @@ class Saisief : public Forme {
 
  private:
   void Frapper(capture::Touche touche, bool tenue);
+  void LaisserLEnregistrement();
   void Enregistrer();
   void Montrer();
   void DonnerLeClavier();

@@ -49,7 +49,7 @@ ModifModR::ModifModR(Services& services)
   RelierCommandeDite(*ui_->BoutEnreg, regression::DescriptionModifModR(), contexte_,
                      [this] { return regression::OptionsDuCodage(duFichier_, etat_.textes); });
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart(regression::AbandonnerModifModR);
+  AuDepart(regression::QuitterModifModR);
   for (const std::string& question : questions_) ui_->ListPos->addItem(VersQt(question));
   edition_->Remplir();
   ChangerType();
@@ -73,6 +73,9 @@ void ModifModR::Relier() {
          if (!montrees_.empty()) MontrerModalites(etat_.textes[montrees_[0]].substr(0, 3));
          return QString();
        }});
+  connect(edition_, &EditionListe::Refus, this, [this](const QString& refus) {
+    if (!refus.isEmpty()) Dire(regression::kTitreErreur, refus);
+  });
   RelierLigne(*ui_->ListPos, [this](int ligne) { CoderQuestion(ligne); });
   RelierLigne(*ui_->Listmod, [this](int ligne) { CoderModalite(ligne); });
   for (QRadioButton* bouton : {ui_->BqAExpliq, ui_->BqExpliq})
@@ -122,28 +125,29 @@ void ModifModR::MontrerModalites(const std::string& question) {
   for (const std::size_t i : montrees_) ui_->Listmod->addItem(VersQt(etat_.textes[i]));
 }
 
-void ModifModR::Dire(std::string_view titre, std::string_view texte) {
+void ModifModR::Dire(std::string_view titre, const QString& texte) {
   services_.ecran.biper();
-  ui_->TextMsg->setPlainText(VersQt(titre) + '\n' + VersQt(texte));
+  ui_->TextMsg->setPlainText(VersQt(titre) + '\n' + texte);
 }
 
 void ModifModR::Enregistrer() {
   if (!edition_->Ranger()) return;
   if (const std::string_view refus = regression::RefusDEnregistrer(etat_.textes); !refus.empty()) {
     ui_->TextMod->clear();
-    Dire(regression::kTitreErreur, refus);
+    Dire(regression::kTitreErreur, VersQt(refus));
     edition_->Remplir();
     return;
   }
   try {
     regression::SauverModifModR(contexte_, etat_.textes);
   } catch (const Erreur& erreur) {
-    Dire(regression::kTitreErreur, TexteErreur(erreur));
+    Dire(regression::kTitreErreur, VersQt(TexteErreur(erreur)));
     return;
   }
   duFichier_ = etat_.textes;
   if (const std::string_view incoherence = regression::Incoherence(etat_.textes); !incoherence.empty()) {
-    Dire(regression::kTitreAvertissement, incoherence);
+    Dire(regression::kTitreAvertissement, VersQt(incoherence));
+    AuDepart(regression::AbandonnerModifModR);  // the file that was saved has its report
     return;
   }
   services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); });

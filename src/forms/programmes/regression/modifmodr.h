@@ -19,7 +19,7 @@ class ModifModR : public Forme {
  public:
   explicit ModifModR(Services& services);
   ~ModifModR() override;
-  bool ATravail() const override { return etat_.textes != duFichier_; }
+  bool ATravail() const override { return etat_.textes != duFichier_ || edition_->EnCours(); }
 
  private:
   regression::TypeDeQuestion Type() const;
@@ -28,7 +28,7 @@ class ModifModR : public Forme {
   void CoderQuestion(int ligne);
   void CoderModalite(int ligne);
   void MontrerModalites(const std::string& question);
-  void Dire(std::string_view titre, std::string_view texte);
+  void Dire(std::string_view titre, const QString& texte);
   void Enregistrer();
 
   regression::EtatModifModR etat_;

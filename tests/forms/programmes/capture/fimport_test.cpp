@@ -68,11 +68,20 @@ TEST(FImport, DonneesSeules) {
     return presents;
   };
   EXPECT_EQ(presence(), "DAT IMP ");
+  EXPECT_EQ(Aide(forme), "Importation d'un fichier dBase (*.DBF).\n");
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau.Forme<FImport>(), nullptr);
   EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 2 \r\n001   1 3\r\n002   2 2\r\n");
   EXPECT_TRUE(bureau.Texte().contains("Question 002 Position    2    Code-max.   2\n   1     1\n   2     1\n"));
   EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.individus, 2);
+}
+
+TEST(FImport, LesDonneesRemplaceesSontAnnoncees) {
+  BureauEnq bureau(1);
+  bureau.Ecrire("ENQ.DBF", "");
+  bureau.Ecrire("ENQ.DAT", "12\r\n");
+  bureau.Ouvrir();
+  EXPECT_TRUE(Aide(bureau.Demander<FImport>("mnuImport")).contains("seront remplacés"));
 }
 
 TEST(FImport, TableauDeBurt) {

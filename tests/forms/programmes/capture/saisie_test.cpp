@@ -281,6 +281,19 @@ TEST(Saisief, RevoirEtCorriger) {
   donnees[0] = '2';
   EXPECT_EQ(bureau.Lire("ENQ.DAT"), donnees);
   EXPECT_EQ(liste.model()->index(0, 0).data().toString(), "     1  2abc");
+  // Escape on a correction that has changed something asks before it goes back.
+  Touches(forme, {Qt::Key_F4});
+  QTest::keyClick(&liste, Qt::Key_Return);
+  Touches(forme, {Qt::Key_Left});
+  for (const bool rester : {true, false}) {
+    Pilote pilote;
+    if (rester) pilote.Abandonner();
+    else pilote.Cliquer("OK");
+    Touches(forme, {Qt::Key_Escape});
+    EXPECT_TRUE(pilote.Vues().join("").startsWith("L'enregistrement en cours n'est pas validé"));
+    EXPECT_EQ(Etiquette(forme, "LabelEnCours"), rester ? "1 (correction)" : "51");
+  }
+  EXPECT_EQ(bureau.Lire("ENQ.DAT"), donnees);
   Touches(forme, {Qt::Key_Right, Qt::Key_F4});
   EXPECT_TRUE(Message(forme).startsWith("l'enregistrement en cours n'est pas validé"));
   Touches(forme, {Qt::Key_Delete, Qt::Key_F4});

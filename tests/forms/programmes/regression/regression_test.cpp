@@ -1,7 +1,9 @@
 // The coding of a regression by real clicks, and the choice of the questions of interest.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -37,6 +39,7 @@ class FormesDeLaRegression : public testing::Test {
                    "ENQ\r\n FMT=1\r\nCIN1   oui\r\nCIN2   non\r\nSEX1   Homme\r\nSEX2   Femme\r\n**\r\nX\r\n");
     bureau_.Ouvrir();
   }
+  static std::string ArretVolontaire() { return "Arr\xEAt volontaire du programme\r\n"; }
   QString Message(const ModifModR& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
 
   Bureau bureau_;
@@ -85,6 +88,29 @@ TEST_F(FormesDeLaRegression, UnAvertissementLaisseLaFormeOuverte) {
   EXPECT_TRUE(Message(forme).startsWith("Pour faire une régression"));
   Cliquer(forme, "BoutQuitter");
   EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
+  EXPECT_EQ(bureau_.Lire("ENQ.PRT"), ArretVolontaire()) << "the file was saved";
+}
+
+TEST_F(FormesDeLaRegression, QuitterSansRienEnregistrerNeTouchePasLesFichiers) {
+  bureau_.Ecrire("ENQ.PRT", "d'avant\r\n");
+  Cliquer(bureau_.Demander<ModifModR>("mnuModifModR"), "BoutQuitter");
+  EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
+  EXPECT_EQ(bureau_.Lire("ENQ.PRT"), "d'avant\r\n");
+}
+
+TEST_F(FormesDeLaRegression, UnIntituleQueLesFichiersNePeuventPorterEstRefuse) {
+  ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
+  CliquerLigne(forme, "ListRecap", 0);
+  Bureau::Dans<QLineEdit>(forme, "TextMod").setFocus();
+  QKeyEvent touche(QEvent::KeyPress, 0, Qt::NoModifier, QStringLiteral("日"));
+  QApplication::sendEvent(&Bureau::Dans<QLineEdit>(forme, "TextMod"), &touche);
+  Cliquer(forme, "BoutSuivant");
+  EXPECT_TRUE(Message(forme).contains("\"日\", n'existe pas dans la page de code")) << Message(forme).toStdString();
+  EXPECT_EQ(Lignes(forme, "ListRecap").front(), "CIN1   oui");
+  EXPECT_TRUE(forme.ATravail());
+  Taper(forme, "TextMod", "œuvre à 3 €");
+  Cliquer(forme, "BoutSuivant");
+  EXPECT_EQ(Lignes(forme, "ListRecap").front(), "CIN1   œuvre à 3 €");
 }
 
 TEST_F(FormesDeLaRegression, VariablesDInteret) {
