@@ -327,7 +327,7 @@ std::string EnqueteDe(const Chemin& repertoire) {
       if (const Champ champ = ChampDe(question); question.alphabetique)
         texte +=
             CadreGauche(Milieu(ligne, champ.debut + 1, static_cast<std::size_t>(question.codeMax)), question.codeMax);
-      else texte += Nombre(LireChamp(ligne, champ)) + ' ';
+      else texte += Nombre(LireChampInterieur(ligne.data(), champ)) + ' ';
   return texte;
 }
 
