@@ -93,7 +93,7 @@ TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {
   Taper(forme, "Recherche", "jeu");
   EXPECT_FALSE(liste.item(0)->isHidden());
   EXPECT_TRUE(liste.item(1)->isHidden());
-  liste.item(0)->setSelected(true);
+  QTest::keyClick(&liste, Qt::Key_Space);
   liste.item(3)->setSelected(true);
   EXPECT_EQ(Bureau::Dans<QLineEdit>(forme, "ChoixMod").text(), "AGE1 SEX2");
   Cliquer(forme, "BoutEnreg");
