@@ -350,7 +350,7 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   const FichierPos pos = LirePos(*sources.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
   ExigerNomsDifferents(pos);
-  ExigerIntitulesSansDouble(*sources.modalites);
+  if (!options.codes) ExigerIntitulesSansDouble(*sources.modalites);
   std::vector<Champ> champs = ChampsDe(pos);
   const IntitulesModalites intitules = LireIntitules(*sources.modalites);
   const Tableur tableur(options);

@@ -102,13 +102,21 @@ std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contex
     if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
       throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, rangs));
   };
+  std::optional<std::size_t> precedente;
   for (const Modalite& modalite : mod.modalites) {
     codes.emplace_back();
-    switch (LireNomDeModalite(pos, modalite.nom, codes.back())) {
+    const FauteDeNom faute = LireNomDeModalite(pos, modalite.nom, precedente, codes.back());
+    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back().question) : std::nullopt;
+    switch (faute) {
       case FauteDeNom::Aucune: exigerSeule(codes.back().question); break;
       case FauteDeNom::Inconnue: controle.Faute(Joindre({"Erreur : ", modalite.nom, " non trouvé"_w})); break;
       case FauteDeNom::HorsNorme:
         controle.Faute(Joindre({"Erreur : valeur de modalité "_w, modalite.nom, " hors norme"}));
+        break;
+      case FauteDeNom::Partagee:
+        controle.Faute(Joindre({"Erreur : ", modalite.nom,
+                                " peut être une modalité de plusieurs questions, dont les noms commencent de même : "
+                                "changez le nom de l'une dans le fichier *.POS"_w}));
         break;
     }
   }

@@ -4,6 +4,7 @@
 
 #include "core/enquete/listemod.h"
 #include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
 #include "factor/profil/profilmod.h"
@@ -126,6 +127,28 @@ TEST_F(RunProfil, LongCodesAreReadFromTheirTwoDigits) {
   ASSERT_EQ(ProfilMod(contexte_, options), Fin::Normale) << montre_;
   ASSERT_EQ(profils.size(), 1U);
   for (const LigneDeProfil& ligne : profils[0].lignes) EXPECT_EQ(ligne.attraction.pem, -100) << ligne.nom;
+}
+
+// "NB36" is the code 36 of NBA or of NBB, or the code 6 of NB3: of the question that the modality before it has.
+TEST_F(RunProfil, ANameThatSeveralQuestionsGiveGoesWithTheOneBeforeIt) {
+  Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nNBA   140\r\nNBB   340\r\nNB3   5 9\r\nSEX   6 2\r\n");
+  Ecrire("ENQ.DAT", "363561\r\n36 162\r\n353611\r\n 13611\r\n");
+  const auto effectifs = [&](std::string_view noms) {
+    Ecrire("ENQ.MOD", Joindre({"ENQ\r\n BRT=4 FMT=1 MOD=SEX1\r\n", noms, "SEX1\r\nSEX2\r\n"}));
+    std::vector<ProfilDeModalite> profils;
+    OptionsProfil options;
+    options.nonTri = true;
+    options.profils = &profils;
+    if (ProfilMod(contexte_, options) != Fin::Normale) return std::string("arrêt"_w);
+    std::string texte;
+    for (const LigneDeProfil& ligne : profils[0].lignes)
+      texte += Joindre({ligne.nom, " ", Nombre(ligne.ensemble), " "});
+    return texte;
+  };
+  EXPECT_EQ(effectifs("NBAZ\r\nNB36\r\nNBBZ\r\nNB36\r\nNB31\r\nNB36\r\n"),
+            "NBAZ 1 NB36 1 NBBZ 1 NB36 2 NB31 2 NB36 1 SEX2 0 ");
+  EXPECT_EQ(effectifs("NB36\r\nNBAZ\r\n"), "arrêt"_w);
+  EXPECT_TRUE(Dit("Erreur : NB36 peut ")) << montre_;
 }
 
 TEST_F(RunProfil, ASharedNameStopsAndLinesPastTheAnnouncedOnesAreTold) {
