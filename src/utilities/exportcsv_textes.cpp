@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "capture/apercu/imc.h"
+#include "capture/apercu/octets/cellule.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/programme/report.h"
@@ -25,7 +26,8 @@ struct Confusion {
 Confusion ChercherConfusion(const std::vector<std::string>& textes) {
   std::unordered_map<std::string_view, std::size_t> rangs;
   for (std::size_t code = 0; code < textes.size(); ++code)
-    if (const auto [deja, neuf] = rangs.emplace(textes[code], code); !neuf) return {deja->second, code};
+    if (const auto [deja, neuf] = rangs.emplace(capture::RognerCellule(textes[code]), code); !neuf)
+      return {deja->second, code};
   return {};
 }
 
@@ -35,13 +37,17 @@ bool ALesChiffres(const QuestionEnTextes& question) {
   return true;
 }
 
-// The texts in the order of their codes; one that stands for a former code too keeps its rank under another name.
+// The texts in the order of their codes, as an import reads their cells; one that stands for a former code too keeps
+// its rank under another name.
 std::vector<std::string> TextesDifferents(const std::vector<std::string>& textes) {
   std::vector<std::string> differents;
   for (std::size_t code = 1; code < textes.size(); ++code) {
+    const std::string_view texte = capture::RognerCellule(textes[code]);
     const auto fin = textes.begin() + static_cast<std::ptrdiff_t>(code);
-    const bool deja = std::find(textes.begin(), fin, textes[code]) != fin;
-    differents.push_back(deja ? Joindre({textes[code], " (", Nombre(code), ")"}) : textes[code]);
+    const bool deja = std::find_if(textes.begin(), fin, [&](const std::string& autre) {
+                        return capture::RognerCellule(autre) == texte;
+                      }) != fin;
+    differents.push_back(deja ? Joindre({texte, " (", Nombre(code), ")"}) : std::string(texte));
   }
   return differents;
 }
