@@ -13,13 +13,22 @@ namespace {
 constexpr std::string_view kAncienPos = "ANCIEN\r\n 1 \r\nAAA   1 9\r\n";
 constexpr std::string_view kAncien = "7\r\n";
 
+// Records without a byte cost the file nothing: a million of them, the reader's own bound, take ten seconds under the
+// detectors and teach nothing more than a few.
+bool ForceEnregistrementsVides(std::string_view source) {
+  if (source.size() < 12 || source[10] != 0 || source[11] != 0) return false;
+  return source[6] != 0 || source[7] != 0;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   if (taille == 0) return 0;
+  const std::string_view source(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
+  if (ForceEnregistrementsVides(source)) return 0;
   static const fuzz::DossierMemoire dossier;
   dossier.Vider();
-  dossier.Ecrire("ENQ.DBF", std::string_view(reinterpret_cast<const char*>(donnees) + 1, taille - 1));
+  dossier.Ecrire("ENQ.DBF", source);
   dossier.Ecrire("ENQ.POS", kAncienPos);
   dossier.Ecrire("ENQ.DAT", kAncien);
   dossier.Ecrire("ENQ.BRT", kAncien);

@@ -205,7 +205,7 @@ double DemanderEffectif(Rapport& rapport, const Contexte& contexte, const FaitsB
 void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte, JeuDeFichiers& sauvegardes) {
   for (const std::string_view extension : {".BRT", ".MOD", ".POS"})
     if (const std::optional<Chemin> ancien = contexte.Chercher(extension))
-      SauvegarderAncien(rapport, contexte, contexte.Nom(extension), *ancien, sauvegardes);
+      SauvegarderAncien(rapport, contexte.Nom(extension), *ancien, sauvegardes);
 }
 
 constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps

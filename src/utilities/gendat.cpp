@@ -144,7 +144,7 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   if (contexte.Chercher(".POS") && sauvegarde)
     sorties.Copier(*sauvegarde, NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS")), Nature::Unique);
   if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
-    CopierLignes(*ancien, sorties.Ouvrir(NomDeSauvegarde(contexte.Nom(".POS")), Nature::Unique));
+    CopierSousLeNomUsuel(sorties, *ancien, contexte.Nom(".POS"));
   sorties.Valider();
   EcrireReserves(rapport, tableau, bilan);
   for (std::size_t i = 1; i < questions.size(); ++i)

@@ -147,12 +147,43 @@ TEST_F(RunTexte, QuestionsBeyondTheCharacteristicsAreNamedInABoxAndKept) {
   EXPECT_FALSE(Existe("ENQ.PO3")) << "nothing is left out of the new one";
 }
 
-TEST_F(RunTexte, StarsAmongTheCharacteristicsAreToldInABox) {
+TEST_F(RunTexte, WhatIsNotTakenOfTheFormerPositionsIsToldAndKept) {
+  const struct {
+    std::string pos;
+    std::string_view dit;  // nothing: not kept either
+  } cas[] = {
+      {"ENQ\r\n 1 \r\nSEX   1 2\r\n$$VIT\r\nSEX1 2\r\n$$\r\n",
+       "2 ligne(s) de ENQ.POS derrière les questions, non reprise(s) : à partir de la ligne 4, $$VIT."_w},
+      {"ENQ\r\n 1 \r\nSEX   1 2\r\n**\r\n\r\nnotes\r\n",
+       "1 ligne(s) de ENQ.POS derrière les questions, non reprise(s) : à partir de la ligne 6, notes."_w},
+      {"ENQ\r\n 1 FILTRE=SEX\r\nSEX   1 2\r\n", "consignes de la ligne 2 de ENQ.POS, non reprises : 1 FILTRE=SEX."},
+      {"ENQ\r\n 1 \r\nSEX   1 2\r\n**\r\n\r\n", ""},
+  };
+  for (const auto& [pos, dit] : cas) {
+    Ecrire("ENQ.POS", pos);
+    boites_.clear();
+    EXPECT_EQ(Decouper("1un*\n", {.position = 1}), Fin::Normale);
+    EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 1 \r\nSEX   1 2\r\n");
+    ASSERT_EQ(boites_.size(), dit.empty() ? 0U : 1U) << pos;
+    EXPECT_EQ(Existe("ENQ.PO2"), !dit.empty()) << pos;
+    if (dit.empty()) continue;
+    EXPECT_NE(boites_[0].find(Joindre({dit, " L'ancien fichier sera conservé sous le nom ENQ.PO2"_w})),
+              std::string::npos)
+        << boites_[0];
+    EXPECT_EQ(Lire("ENQ.PO2"), pos);
+    std::filesystem::remove(contexte_.repertoire / "ENQ.PO2");
+  }
+}
+
+TEST_F(RunTexte, StarsAmongTheCharacteristicsAreToldAndKeepTheirPlace) {
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");
   EXPECT_EQ(Decouper("123bon*\n45*\n6*oui non*\n", {.position = 3}), Fin::Normale);
   ASSERT_EQ(boites_.size(), 1U);
   EXPECT_TRUE(boites_[0].starts_with("*** Attention : 2 ligne(s) de ENQ.TXT")) << boites_[0];
   EXPECT_NE(boites_[0].find("(positions 1 à 3), la première à la ligne 2 "_w), std::string::npos) << boites_[0];
+  EXPECT_TRUE(Dit(boites_[0] + "\r\nNombre de lignes lues"));
+  EXPECT_TRUE(Lire("ENQ.DAT").starts_with("45*NR  NR        $$"));
+  EXPECT_NE(Lire("ENQ.DAT").find("6*oui  ui        $$"), std::string::npos);
 }
 
 TEST_F(RunTexte, ADataFileThatHoldsNoWordsIsNotReplacedUnasked) {

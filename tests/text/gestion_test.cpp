@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "support/programme.h"
+#include "text/concordance/concord.h"
 #include "text/gestion/agregation.h"
+#include "text/gestion/motsdeslignes.h"
 #include "text/gestion/suplmot.h"
 
 using namespace quelvar::text;
@@ -42,6 +44,78 @@ TEST_F(RunGestion, ARowOfTheUsersOwnNameIsFoundByItAndGivesItsWords) {
   EXPECT_TRUE(Agreger(agregation, "tout").empty());
   EXPECT_EQ(MotsDeLaLigne(agregation.table.lignes.back()),
             (std::vector<std::string>{std::string("données"_w), "deux"}));
+}
+
+// A lexical table with its words: "un" and "une" stand twice each, "le" three times.
+class RunMotsDesLignes : public essai::RunDeProgramme {
+ protected:
+  RunMotsDesLignes() {
+    Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=0 COL=1 FMT=1 DE=0 \r\nSEX1   H\r\n");
+    Ecrire("ENQ.BRT", "   22un  un        \r\n   22une une       \r\n   33le  le        \r\n");
+    std::string dat;
+    for (const std::string_view mot : {"le", "le", "le", "un", "un", "une", "une"})
+      dat += Joindre(
+          {"1", CadreGauche(mot, 4), CadreGauche(mot, 10), "$$", std::string(30, '*'), CadreGauche(mot, 45), "\r\n"});
+    Ecrire("ENQ.DAT", dat);
+  }
+
+  // What the window and the companion show above the lines.
+  static std::string Tete(const Contexte& contexte, std::vector<MotsCherches> cherches) {
+    const std::string texte =
+        TexteDeConcordances(ChercherConcordances(contexte, std::move(cherches)), OrdreDeConcordance::Fichier);
+    return texte.substr(0, texte.find("\r\n\r\n"));
+  }
+  static std::string TeteDeLaLigne(const Contexte& contexte, std::string_view nom) {
+    const TableGeree table = OuvrirTable(contexte).table;
+    return Tete(contexte, {CherchesDeLaLigne(table.lignes[LignesDuNom(table, nom).at(0)])});
+  }
+  Contexte Sous(std::string generique) const {
+    Contexte contexte = contexte_;
+    contexte.generique = std::move(generique);
+    return contexte;
+  }
+};
+
+TEST_F(RunMotsDesLignes, AMergedRowKeepsItsWordsThroughEveryNewTable) {
+  ASSERT_EQ(TabMotAgreg(contexte_, {.actions = {{std::nullopt, "un", {"un", "une"}}}}), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.AGR"), "ENR\r\n   4 un\r\n     un une\r\n");
+  EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), "Concordance de : un (un, une)\r\n4 ligne(s) de ENR.DAT");
+  EXPECT_EQ(
+      Tete(Sous("ENR"), CherchesDesMots({"un"})),
+      std::string("Concordance de : un\r\n2 ligne(s) de ENR.DAT\r\nCe sont les lignes du mot un seul ; la ligne un "
+                  "du tableau (fréquence 4) réunit : un, une"_w));
+  ASSERT_EQ(SuplMot(Sous("ENR"), {{{OptionsSuplMot::Action::Genre::LigneSup, "un"},
+                                   {OptionsSuplMot::Action::Genre::IntituleLigne, "le", "LE"}}}),
+            Fin::Normale);
+  EXPECT_EQ(Lire("ENR.AGR"), "ENR\r\n   3 LE\r\n     le\r\n   4 un\r\n     un une\r\n");
+  EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "LE"), "Concordance de : LE (le)\r\n3 ligne(s) de ENR.DAT");
+  ASSERT_EQ(TabMotAgreg(Sous("ENR"), {.actions = {{std::nullopt, "tous", {"LE", "un"}}}}), Fin::Normale);
+  EXPECT_EQ(Lire("ENS.AGR"), "ENS\r\n   7 tous\r\n     le un une\r\n");
+  EXPECT_EQ(Concord(Sous("ENS"), {.lignes = {"tous"}}), Fin::Normale);
+  EXPECT_TRUE(Dit("Concordance de : tous (le, un, une)\r\n7 ligne(s) de ENS.DAT\r\n\r\n"));
+}
+
+TEST_F(RunMotsDesLignes, RowsWhoseWordsAreNotKnownOrNotThoseOfTheTextSaySo) {
+  ASSERT_EQ(TabMotAgreg(contexte_, {.actions = {{std::nullopt, "un", {"un", "une"}}}}), Fin::Normale);
+  const std::string seul(
+      "Concordance de : un\r\n2 ligne(s) de ENR.DAT\r\n*** Attention : la ligne un du tableau (fréquence 4), seul le "
+      "mot lui-même est montré (2 ligne(s))\r\n    ENR.AGR, qui dit les mots d'une ligne agrégée, "_w);
+  const std::string bon = Lire("ENR.AGR");
+  for (const std::string_view faux :
+       {"", "ENR\r\n   5 un\r\n     un une\r\n", "ENR\r\n   4 un\r\n", "ENR\r\n   4 une\r\n     un une\r\n"}) {
+    Ecrire("ENR.AGR", faux);
+    EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), seul + "ne va pas avec ENR.BRT") << faux;
+  }
+  std::filesystem::remove(contexte_.repertoire / "ENR.AGR");
+  EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), seul + "n'existe pas");
+  EXPECT_EQ(Tete(Sous("ENR"), CherchesDesMots({"un"})), seul + "n'existe pas");
+  Ecrire("ENR.AGR", bon);
+  Ecrire("ENR.DAT", Lire("ENR.DAT").substr(0, 4 * 94));  // the words of another text
+  EXPECT_EQ(
+      TeteDeLaLigne(Sous("ENR"), "un"),
+      std::string("Concordance de : un (un, une)\r\n1 ligne(s) de ENR.DAT\r\nMot absent : une\r\n*** Attention : la "
+                  "ligne un du tableau (fréquence 4) et ses mots (1 ligne(s)) ne vont pas ensemble : ce tableau "
+                  "n'est pas celui de ces mots"_w));
 }
 
 TEST_F(RunGestion, AMergeWithoutANameStopsTheRun) {
@@ -125,6 +199,30 @@ TEST_F(RunGestion, ATableThatDoesNotGoWithItsModalitiesIsRefused) {
     const TableOuverte table = OuvrirSuplMot(contexte_);
     ASSERT_EQ(table.message.size(), 2U) << brt;
     EXPECT_TRUE(table.message[1].starts_with(dit)) << table.message[1];
+  }
+}
+
+TEST_F(RunGestion, OtherSupplementaryRowsThanBeforeAreNamed) {
+  Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n   413trois\r\n   514quatre\r\n");
+  using Action = OptionsTabMotAgreg::Action;
+  const struct {
+    std::vector<Action> actions;
+    std::string_view dit;
+  } cas[] = {
+      {{{std::nullopt, "tout", {"un", "deux"}}}, "Le deviennent : tout. Ne le sont plus : quatre. Vérifiez"_w},
+      {{{std::nullopt, "quatre", {"quatre"}}}, ""},
+      {{{std::nullopt, "tout", {"un", "deux"}}, {TriDeLignes{.cle = CleDeLignes::Intitule}}},
+       "Le deviennent : trois. Ne le sont plus : quatre. Vérifiez"_w},
+      {{{std::nullopt, "quatre", {"quatre"}}, {TriDeLignes{.cle = CleDeLignes::Frequence}}}, ""},
+  };
+  for (const auto& [actions, dit] : cas) {
+    boites_.clear();
+    EXPECT_EQ(TabMotAgreg(contexte_, {.actions = actions, .remplacer = true}), Fin::Normale);
+    ASSERT_EQ(boites_.size(), dit.empty() ? 0U : 1U) << dit;
+    if (!dit.empty()) {
+      EXPECT_NE(boites_[0].find(dit), std::string::npos) << boites_[0];
+    }
+    EXPECT_NE(Lire("ENR.MOD").find(" ISUP=1 "), std::string::npos);
   }
 }
 

@@ -78,7 +78,9 @@ TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
   for (int i = 0; i < 10001; ++i) dat += Ligne("1", "de", "de");
   Ecrire("ENQ.DAT", dat);
   Ecrire("ENQ.POS", "ENQ\r\n 10001 \r\nSEX   1 2 &ACT&\r\n");
+  Ecrire("ENQ.AGR", "ENQ\r\n   2 mots\r\n     mot\r\n");  // of the table that goes
   EXPECT_EQ(TabMot(contexte_, {}), Fin::Normale);
+  EXPECT_FALSE(Existe("ENQ.AGR"));
   EXPECT_EQ(Lire("ENQ.BRT"), "999910001    0de  de        \r\n");
   EXPECT_TRUE(Dit("*** Attention : la fréquence du mot de est de 10001"_w));
 }

@@ -78,9 +78,9 @@ TEST_F(RunTableaux, TheIndividualsOfGendatCountBackToTheTable) {
     std::int64_t individus = 0;
     LecteurLignes lecteur(dossier_.Chemin() / "ENQ.DAT");
     for (std::string_view ligne; lecteur.Lire(ligne); ++individus) {
-      const int i = LireChamp(ligne, champs[0]) - 1;
-      const int j = LireChamp(ligne, champs[1]) - 1;
-      const int k = blocs > 1 ? LireChamp(ligne, champs[2]) - 1 : 0;
+      const int i = LireChampInterieur(ligne.data(), champs[0]) - 1;
+      const int j = LireChampInterieur(ligne.data(), champs[1]) - 1;
+      const int k = blocs > 1 ? LireChampInterieur(ligne.data(), champs[2]) - 1 : 0;
       ++comptes.at(static_cast<std::size_t>((k * lignes + i) * colonnes + j));
     }
     EXPECT_EQ(comptes, cellules) << lignes << " x " << colonnes << " x " << blocs;
@@ -224,7 +224,8 @@ std::string CodesDe(const Chemin& repertoire) {
   std::string codes;
   LecteurLignes lecteur(repertoire / "ENQ.DAT");
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    for (const Question& question : pos.questions) codes += Nombre(LireChamp(ligne, ChampDe(question))) + ' ';
+    for (const Question& question : pos.questions)
+      codes += Nombre(LireChampInterieur(ligne.data(), ChampDe(question))) + ' ';
     codes += '\n';
   }
   return codes;

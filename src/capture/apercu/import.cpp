@@ -112,7 +112,7 @@ void GarderLesDonnees(Rapport& rapport, const Contexte& contexte, const Fichiers
   const std::optional<Chemin> ancien = contexte.Chercher(".DAT");
   if (!ancien || fichiers.dejaImporte) return;
   const std::string nom = contexte.Nom(".DAT");
-  const std::string copie = GarderRemplace(contexte, *ancien, sorties.Achever(nom), sorties);
+  const std::string copie = GarderRemplace(sorties, *ancien, sorties.Achever(nom));
   if (!copie.empty()) rapport.Ligne({"L'ancien fichier "_w, nom, " est sauvegardé sous le nom "_w, copie});
 }
 
@@ -143,8 +143,7 @@ void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::strin
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
   if (!ancien) return;
   EcrireEtat(rapport, nom, " existe déjà"_w);
-  CopierLignes(*ancien, sorties.Ouvrir(NomDeSauvegarde(nom), Nature::Unique));
-  rapport.Ligne({"Il est sauvegardé sous le nom "_w, NomDeSauvegarde(nom)});
+  rapport.Ligne({"Il est sauvegardé sous le nom "_w, CopierSousLeNomUsuel(sorties, *ancien, nom)});
 }
 
 // Everything that stops the import, told at once.

@@ -66,8 +66,8 @@ void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, co
   const std::string nom = contexte.Nom(".POS");
   const std::string sauvegarde = NomDeSauvegarde(nom);
   rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
-  ConserverSauvegarde(rapport, contexte, pos, sauvegarde, sorties);
-  CopierLignes(pos, sorties.Ouvrir(sauvegarde, Nature::Unique));
+  ConserverSauvegarde(rapport, pos, sauvegarde, sorties);
+  CopierSousLeNomUsuel(sorties, pos, nom);
   rapport.Ligne(
       {"Il est sauvegardé sous le nom "_w, sauvegarde, effacee ? " et il est effacé "_w : std::string_view{}});
 }

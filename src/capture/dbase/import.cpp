@@ -142,7 +142,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
   const std::string nomDat = contexte.Nom(".DAT");
   const std::string copie =
-      fichiers.dat ? GarderRemplace(contexte, *fichiers.dat, sorties.Achever(nomDat), sorties) : std::string();
+      fichiers.dat ? GarderRemplace(sorties, *fichiers.dat, sorties.Achever(nomDat)) : std::string();
   if (!copie.empty())
     remarques.push_back(
         Joindre({"Le fichier ", nomDat, " est remplacé ; l'ancien est sauvegardé sous le nom "_w, copie}));
@@ -222,7 +222,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   EcrireBandeau(rapport, "Importation de données"_w);
   if (fichiers.pos && (fichiers.dbf || fichiers.dat)) {
     JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
-    SauvegarderAncien(rapport, contexte, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
+    SauvegarderAncien(rapport, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
     sauvegardes.Valider();
   }
   EcrirePresence(rapport, contexte, fichiers, !echec && entete.DonneLesEnregistrements());

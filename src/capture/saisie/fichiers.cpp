@@ -100,9 +100,8 @@ void FichiersSaisie::GarderPos(JeuDeFichiers& jeu) const {
   if (!posAGarder_) return;
   const std::optional<Chemin> pos = ChercherPos(contexte_);
   if (!pos) return;
-  const std::string sauvegarde = NomDeSauvegarde(contexte_.Nom(".POS"));
-  ConserverSauvegarde(contexte_, *pos, sauvegarde, jeu);
-  CopierLignes(*pos, jeu.Ouvrir(sauvegarde, Nature::Unique));
+  ConserverSauvegarde(jeu, *pos, NomDeSauvegarde(contexte_.Nom(".POS")));
+  CopierSousLeNomUsuel(jeu, *pos, contexte_.Nom(".POS"));
 }
 
 void FichiersSaisie::Ajouter(std::string_view ligne) {

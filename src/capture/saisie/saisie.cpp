@@ -55,7 +55,7 @@ std::string AnnonceDuPos(const Contexte& contexte) {
        "enregistrement et sauvegardé sous le nom "_w,
        sauvegarde});
   const std::optional<Chemin> ancien = ChercherPos(contexte);
-  const std::string nom = ancien ? NomPourAncienneSauvegarde(contexte, *ancien, sauvegarde) : std::string();
+  const std::string nom = ancien ? NomPourAncienneSauvegarde(contexte.repertoire, *ancien, sauvegarde) : std::string();
   if (!nom.empty())
     annonce += Joindre({"\r\nL'ancienne sauvegarde ", sauvegarde, " sera conservée sous le nom "_w, nom});
   return annonce;

@@ -45,10 +45,6 @@ const std::array<std::int8_t, 65536>& ValeursDeDeuxOctets() {
   return *table;
 }
 
-int LireChamp(std::string_view ligne, Champ champ) {
-  return ConvertirChamp(Milieu(ligne, champ.debut + std::size_t{1}, champ.largeur), champ);
-}
-
 int ConvertirChamp(std::string_view octets, Champ champ) {
   return Situer(
       [&] {

@@ -34,10 +34,8 @@ std::size_t LongueurUtile(const std::vector<Champ>& champs);
 const std::array<std::uint8_t, 256>& ValeursDUnOctet();
 const std::array<std::int8_t, 65536>& ValeursDeDeuxOctets();  // index: first byte + 256 * second byte
 
-// Value of a field: lenient conversion, rounded to 16 bits; 0 past the end of the line. Raises kDepassementCapacite,
-// with its column.
-int LireChamp(std::string_view ligne, Champ champ);
-// The same from the bytes of the field.
+// Value of a field from its bytes: lenient conversion, rounded to 16 bits. Raises kDepassementCapacite, with its
+// column.
 int ConvertirChamp(std::string_view octets, Champ champ);
 
 // Value of a field that lies wholly inside a line of bytes. Raises kDepassementCapacite.

@@ -23,6 +23,43 @@ std::string Sauvegarder(JeuDeFichiers& sorties, const Chemin& ancien, std::strin
   return copie;
 }
 
+std::string CopierSousLeNomUsuel(JeuDeFichiers& sorties, const Chemin& ancien, std::string_view nom) {
+  std::string copie = NomDeSauvegarde(nom);
+  CopierLignes(ancien, sorties.Ouvrir(copie, Nature::Unique));
+  return copie;
+}
+
+std::string NomPourAncienneSauvegarde(const Chemin& repertoire, const Chemin& fichier, std::string_view sauvegarde) {
+  const std::optional<Chemin> ancienne = ChercherFichier(repertoire, sauvegarde);
+  if (!ancienne || MemesOctets(*ancienne, fichier)) return {};
+  // The first of the further names that is free, unless one of those before it says the same.
+  for (int numero = 3; numero <= kSauvegardes; ++numero) {
+    const std::optional<Chemin> occupant = ChercherFichier(repertoire, NomDeSauvegarde(sauvegarde, numero));
+    if (!occupant) break;
+    if (MemesOctets(*occupant, *ancienne)) return {};
+  }
+  return NomDeSauvegardeLibre(repertoire, sauvegarde);
+}
+
+std::string ConserverSauvegarde(JeuDeFichiers& sorties, const Chemin& fichier, std::string_view sauvegarde) {
+  const Chemin repertoire = fichier.parent_path();
+  std::string nom = NomPourAncienneSauvegarde(repertoire, fichier, sauvegarde);
+  const std::optional<Chemin> ancienne = ChercherFichier(repertoire, sauvegarde);
+  if (ancienne && !nom.empty()) sorties.Copier(*ancienne, nom, Nature::Unique);
+  return nom;
+}
+
+std::string GarderRemplace(JeuDeFichiers& sorties, const Chemin& ancien, const Chemin& nouveau) {
+  if (MemesOctets(ancien, nouveau)) return {};
+  const Chemin repertoire = ancien.parent_path();
+  const std::string nom = TexteDe(ancien.filename());
+  const std::string copie = NomDeSauvegardeLibre(repertoire, nom);
+  for (int numero = 2; NomDeSauvegarde(nom, numero) != copie; ++numero)
+    if (MemesOctets(ancien, CheminDEcriture(repertoire, NomDeSauvegarde(nom, numero)))) return {};
+  sorties.Copier(ancien, copie, Nature::Unique);
+  return copie;
+}
+
 bool MemesOctets(const Chemin& a, const Chemin& b) {
   constexpr std::size_t kMorceau = std::size_t{1} << 20;
   if (LongueurFichier(a) != LongueurFichier(b)) return false;

@@ -19,6 +19,20 @@ std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom)
 // Puts a copy of the former file, which is called `nom`, in the set under that name, and returns it.
 std::string Sauvegarder(JeuDeFichiers& sorties, const Chemin& ancien, std::string_view nom);
 
+// Puts the lines of the former file, which is called `nom`, in the set under the usual name of its copy (.PO2), and
+// returns that name.
+std::string CopierSousLeNomUsuel(JeuDeFichiers& sorties, const Chemin& ancien, std::string_view nom);
+
+// The first number that is free (.PO3), for an older copy that says something else than the file to be saved; empty
+// when there is none, or when another copy says the same. Raises kAccesFichier when no number is free.
+std::string NomPourAncienneSauvegarde(const Chemin& repertoire, const Chemin& fichier, std::string_view sauvegarde);
+// That older copy goes on under that name, which is returned, among the outputs.
+std::string ConserverSauvegarde(JeuDeFichiers& sorties, const Chemin& fichier, std::string_view sauvegarde);
+
+// Keeps a file that another one is about to replace under the first backup name that is free, as one of the outputs;
+// not when that one, or a copy that is there, has the same bytes. Returns the name of the copy, empty without one.
+std::string GarderRemplace(JeuDeFichiers& sorties, const Chemin& ancien, const Chemin& nouveau);
+
 // True when the two files hold the same bytes: nothing is lost when one takes the place of the other.
 bool MemesOctets(const Chemin& a, const Chemin& b);
 

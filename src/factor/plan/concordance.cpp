@@ -13,18 +13,16 @@ namespace {
 // A copied directory has its files within a moment of each other, in any order.
 constexpr std::chrono::seconds kMemeMoment{60};
 
-// What is told, in the report and for the form.
+// What is told, in the report and by the form.
 class Remarques {
  public:
-  Remarques(Rapport& rapport, DonneesPlan& donnees) : rapport_(rapport), donnees_(donnees) {}
+  explicit Remarques(DonneesPlan& donnees) : donnees_(donnees) {}
   void Dire(std::string remarque, bool vautPourLesEllipses = true) {
-    rapport_.Ligne({"*** Attention : ", remarque});
     if (vautPourLesEllipses) donnees_.remarquesDesEllipses.push_back(remarque);
     donnees_.remarques.push_back(std::move(remarque));
   }
 
  private:
-  Rapport& rapport_;
   DonneesPlan& donnees_;
 };
 
@@ -90,32 +88,28 @@ void EcarterLiens(const Contexte& contexte, Remarques& remarques, DonneesPlan& d
     ecarter(donnees.liensLignes, ".PEL");
 }
 
-void EcarterArbre(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, Remarques& remarques,
-                  DonneesPlan& donnees) {
-  if (!donnees.cah) return;
+ArretDeLecture EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Remarques& remarques,
+                            DonneesPlan& donnees) {
+  if (!donnees.cah) return {};
   if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus) &&
       (donnees.cah->individus || CoordonneesSontDesModalites(contexte))) {
     if (!ArbreEstDesCoordonnees(contexte, *donnees.cah))
       remarques.Dire(
           Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées, "_w, kRelancerCah}));
-    return;
+    return {};
   }
   const std::string faute =
       Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " n'est pas celui de ce tableau, ", kRelancerCah});
-  if (exigences.cah) {
-    rapport.Ligne({"*** Arret du programme : ", faute});
-    contexte.Ecran().biper();
-    throw Erreur(kArretAnnonce);
-  }
+  if (exigences.cah) return {Joindre({"*** Arret du programme : ", faute})};
   remarques.Dire(faute);
   donnees.cah.reset();
+  return {};
 }
 
 }  // namespace
 
-void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
-                      DonneesPlan& donnees) {
-  Remarques remarques(rapport, donnees);
+ArretDeLecture EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
+  Remarques remarques(donnees);
   const auto sansPlace =
       std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
                     [](const PointPlan& point) { return !point.place; });
@@ -129,7 +123,7 @@ void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const Exigence
                  " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}),
         false);
   EcarterLiens(contexte, remarques, donnees);
-  EcarterArbre(rapport, contexte, exigences, remarques, donnees);
+  return EcarterArbre(contexte, exigences, remarques, donnees);
 }
 
 }  // namespace quelvar::factor

@@ -2,13 +2,12 @@
 // of the table are told with what to run again, and nothing of them stands on the wrong point.
 #pragma once
 
-#include "factor/plan/graphe.h"
+#include "factor/plan/lecture.h"
 
 namespace quelvar::factor {
 
-// Writes to the report, and keeps in `donnees.remarques`, what does not belong to the plane, and takes it out where its
-// elements are not those of the plane. Raises kArretAnnonce for a tree that was asked for and is another table's.
-void EcarterEtrangers(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences,
-                      DonneesPlan& donnees);
+// Keeps in `donnees.remarques` what does not belong to the plane, and takes it out where its elements are not those of
+// the plane. A tree that was asked for and is another table's stops the run: its lines are returned.
+ArretDeLecture EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees);
 
 }  // namespace quelvar::factor

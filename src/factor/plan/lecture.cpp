@@ -1,14 +1,12 @@
-// The preparation of the factor graph: its files as a plane, and the report on them.
+#include "factor/plan/lecture.h"
+
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
 
-#include "core/enquete/modfile.h"
-#include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
-#include "factor/plan/concordance.h"
-#include "factor/plan/graphe.h"
+#include "factor/ellipses/ellipses.h"
 
 namespace quelvar::factor {
 
@@ -37,54 +35,6 @@ std::optional<std::vector<std::size_t>> PlacesDesNoms(const std::vector<std::str
   return places;
 }
 
-[[noreturn]] void Arreter(Rapport& rapport, const Contexte& contexte, std::initializer_list<Texte> lignes) {
-  for (const Texte& ligne : lignes) rapport.Ligne(ligne);
-  contexte.Ecran().biper();
-  throw Erreur(kArretAnnonce);
-}
-
-void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences) {
-  struct Fichier {
-    std::string_view extension;
-    std::string_view sujet;
-    bool exige;
-  };
-  bool manque = false;
-  for (const Fichier& fichier :
-       {Fichier{".MOD", "modalites", true}, Fichier{".PEM", "PEM", exigences.liens},
-        Fichier{".CAH", "CAH", exigences.cah}, Fichier{".FAJ", "coordonnees factorielles", true}}) {
-    if (!fichier.exige || contexte.Chercher(fichier.extension)) continue;
-    rapport.Ligne({"*** Le fichier de", std::string_view(fichier.extension == ".CAH" ? " " : "s "), fichier.sujet, " ",
-                   contexte.Nom(fichier.extension), " n'existe pas"});
-    manque = true;
-  }
-  if (manque) Arreter(rapport, contexte, {"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"});
-}
-
-void ImprimerNoms(Rapport& rapport, const Contexte& contexte) {
-  EcrireBandeau(rapport, "Graphique factoriel");
-  rapport.Ligne({"Le nom du fichier des modalites est ", contexte.Nom(".MOD")});
-  rapport.Ligne({"Le nom du fichier de PEM est  ", contexte.Nom(".PEM")});
-  rapport.Ligne({"Le nom du fichier de CAH est  ", contexte.Nom(".CAH")});
-  rapport.Ligne({"Le nom du fichier des coordonnes  est  ", contexte.Nom(".FAJ")});
-  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".PRT")});
-}
-
-// The columns, without their places; a .MOD whose list is not that of the table stops the run.
-void DeclarerColonnes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
-                      const ParametresMod& parametres, DonneesPlan& donnees) {
-  const double declarees = parametres.burt > 1 ? parametres.burt : parametres.colonnes;
-  if (parametres.burt >= 1 && declarees != static_cast<double>(mod.modalites.size()))
-    Arreter(rapport, contexte,
-            {"*** Arret du programme, incoherence entre le nombre de",
-             Joindre({"  modalites declare et observe dans ", contexte.Nom(".MOD")})});
-  donnees.titre = mod.titre;
-  donnees.burt = parametres.burt;
-  donnees.colonnes = mod.modalites.size();
-  for (const Modalite& modalite : mod.modalites)
-    donnees.points.push_back({modalite.nom, IntituleCourt(modalite.intitule), modalite.supplementaire, false});
-}
-
 // Rows of a plain table, or the individuals: lines that stand last in the file. Returns the first of them.
 std::size_t DeclarerLignes(const ParametresMod& parametres, const ElementsFactoriels& fai, DonneesPlan& donnees) {
   const auto sup = static_cast<std::size_t>(std::clamp(parametres.lignesSup, 0.0, kLignesAuPlus));
@@ -104,28 +54,6 @@ void PlacerElement(DonneesPlan& donnees, std::size_t element, const ElementsFact
   }
 }
 
-void PlacerElements(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres, DonneesPlan& donnees) {
-  const ElementsFactoriels faj = LireFaj(contexte.Exiger(".FAJ"));
-  if (faj.Nombre() == 0) throw Erreur(kFinDeFichierDepassee);
-  if (faj.Facteurs() == 0) throw Erreur(kArgumentIncorrect);
-  donnees.facteurs = faj.Facteurs();
-  const auto places = PlacesDesNoms(faj.noms, donnees.points);
-  if (!places)
-    Arreter(rapport, contexte,
-            {"***ERREUR : un nom de *.FAJ n'est pas retrouve identique",
-             "   dans *.MOD - Il y a vraisemblablement eu une modification",
-             "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
-             "   a l'intérieur les deux fichiers et relancez le programme"_w});
-  ElementsFactoriels fai;
-  if (const std::optional<Chemin> chemin = contexte.Chercher(".FAI"); chemin && donnees.burt <= 1)
-    fai = LireFai(*chemin, donnees.facteurs);
-  const std::size_t premiere = DeclarerLignes(parametres, fai, donnees);
-  donnees.coordonnees = Matrice(donnees.facteurs, donnees.points.size());
-  donnees.cpf = Matrice(donnees.facteurs, donnees.points.size());
-  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, (*places)[i], faj, i);
-  for (std::size_t i = premiere; i < fai.Nombre(); ++i) PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i);
-}
-
 // The power of ten between the coordinates of the plane and those with four decimals; nothing when they are of two
 // analyses.
 std::optional<double> EchelleCommune(const Matrice& entieres, const Matrice& fines, std::size_t debut) {
@@ -141,7 +69,69 @@ std::optional<double> EchelleCommune(const Matrice& entieres, const Matrice& fin
   return std::nullopt;
 }
 
-// Small coordinates are drawn from the files with four decimals.
+// Shares of the factors, from the later of the two reports; none unless it is on that many factors.
+std::vector<double> LireParts(const Contexte& contexte, std::size_t facteurs) {
+  constexpr std::string_view annonce = "Pourcentage du total =";
+  const std::optional<Chemin> rapport = contexte.Chercher(DerniereAnalyse(contexte));
+  std::vector<double> parts;
+  if (!rapport) return parts;
+  LecteurLignes lecteur(*rapport);
+  for (std::string_view ligne; lecteur.Lire(ligne);)
+    if (ligne.starts_with(annonce)) parts.push_back(ValeurDe(ligne.substr(annonce.size())));
+  if (parts.size() != facteurs) parts.clear();
+  return parts;
+}
+
+// A tree that nobody has asked for does not stop the plane.
+std::optional<ArbreCah> LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences) {
+  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
+  if (!cah) return std::nullopt;
+  try {
+    return LireCah(*cah);
+  } catch (const Erreur&) {
+    if (exigences.cah) throw;
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+ArretDeLecture DeclarerColonnes(const Contexte& contexte, const FichierMod& mod, const ParametresMod& parametres,
+                                DonneesPlan& donnees) {
+  const double declarees = parametres.burt > 1 ? parametres.burt : parametres.colonnes;
+  if (parametres.burt >= 1 && declarees != static_cast<double>(mod.modalites.size()))
+    return {"*** Arret du programme, incoherence entre le nombre de",
+            Joindre({"  modalites declare et observe dans ", contexte.Nom(".MOD")})};
+  donnees.titre = mod.titre;
+  donnees.burt = parametres.burt;
+  donnees.colonnes = mod.modalites.size();
+  for (const Modalite& modalite : mod.modalites)
+    donnees.points.push_back({modalite.nom, IntituleCourt(modalite.intitule), modalite.supplementaire, false});
+  return {};
+}
+
+ArretDeLecture PlacerElements(const Contexte& contexte, const ParametresMod& parametres, DonneesPlan& donnees) {
+  const ElementsFactoriels faj = LireFaj(contexte.Exiger(".FAJ"));
+  if (faj.Nombre() == 0) throw Erreur(kFinDeFichierDepassee);
+  if (faj.Facteurs() == 0) throw Erreur(kArgumentIncorrect);
+  donnees.facteurs = faj.Facteurs();
+  const auto places = PlacesDesNoms(faj.noms, donnees.points);
+  if (!places)
+    return {"***ERREUR : un nom de *.FAJ n'est pas retrouve identique",
+            "   dans *.MOD - Il y a vraisemblablement eu une modification",
+            "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
+            Joindre({"   a l'intérieur les deux fichiers et relancez le programme"_w})};
+  ElementsFactoriels fai;
+  if (const std::optional<Chemin> chemin = contexte.Chercher(".FAI"); chemin && donnees.burt <= 1)
+    fai = LireFai(*chemin, donnees.facteurs);
+  const std::size_t premiere = DeclarerLignes(parametres, fai, donnees);
+  donnees.coordonnees = Matrice(donnees.facteurs, donnees.points.size());
+  donnees.cpf = Matrice(donnees.facteurs, donnees.points.size());
+  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, (*places)[i], faj, i);
+  for (std::size_t i = premiere; i < fai.Nombre(); ++i) PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i);
+  return {};
+}
+
 void AffinerCoordonnees(const Contexte& contexte, DonneesPlan& donnees) {
   const std::optional<Chemin> fj2 = contexte.Chercher(".FJ2");
   const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
@@ -162,74 +152,13 @@ void AffinerCoordonnees(const Contexte& contexte, DonneesPlan& donnees) {
       donnees.coordonnees(f, i) = *echelle * (i < donnees.colonnes ? colonnes(f, i) : lignes(f, i - donnees.colonnes));
 }
 
-// Shares of the factors, from the later of the two reports; none unless it is on that many factors.
-std::vector<double> LireParts(const Contexte& contexte, std::size_t facteurs) {
-  constexpr std::string_view annonce = "Pourcentage du total =";
-  const std::optional<Chemin> rapport = contexte.Chercher(DerniereAnalyse(contexte));
-  std::vector<double> parts;
-  if (!rapport) return parts;
-  LecteurLignes lecteur(*rapport);
-  for (std::string_view ligne; lecteur.Lire(ligne);)
-    if (ligne.starts_with(annonce)) parts.push_back(ValeurDe(ligne.substr(annonce.size())));
-  if (parts.size() != facteurs) parts.clear();
-  return parts;
-}
-
-void CompterModalites(Rapport& rapport, const DonneesPlan& donnees) {
-  const auto sup = static_cast<std::size_t>(
-      std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
-                    [](const PointPlan& point) { return point.supplementaire; }));
-  rapport.Ligne({"Il y a ", NombreNu(donnees.colonnes), " modalites en tout"});
-  rapport.Ligne({"Il y a ", NombreNu(donnees.colonnes - sup), " modalites actives"});
-  rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
-}
-
-// A tree that nobody has asked for does not stop the plane.
-std::optional<ArbreCah> LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences) {
-  const std::optional<Chemin> cah = contexte.Chercher(".CAH");
-  if (!cah) return std::nullopt;
-  try {
-    return LireCah(*cah);
-  } catch (const Erreur&) {
-    if (exigences.cah) throw;
-    return std::nullopt;
-  }
-}
-
-void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
-  ExigerFichiersDuGraphe(rapport, contexte, exigences);
-  ImprimerNoms(rapport, contexte);
-  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
-  const ParametresMod parametres = LireParametres(mod.parametres);
-  rapport.Lignes(parametres.remarques);
-  if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
-    Arreter(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});
-  DeclarerColonnes(rapport, contexte, mod, parametres, donnees);
-  PlacerElements(rapport, contexte, parametres, donnees);
-  AffinerCoordonnees(contexte, donnees);
-  CompterModalites(rapport, donnees);
+void LireAutourDuPlan(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   donnees.parts = LireParts(contexte, donnees.facteurs);
   const std::optional<Chemin> pem = contexte.Chercher(".PEM");
   donnees.liensPresents = pem.has_value();
   donnees.liens = tables::LireLiens(pem);
   donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
   donnees.cah = LireArbre(contexte, exigences);
-  EcarterEtrangers(rapport, contexte, exigences, donnees);
-}
-
-}  // namespace
-
-std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences) {
-  DonneesPlan donnees;
-  if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
-                         [&](Rapport& rapport) { Preparer(rapport, contexte, exigences, donnees); }))
-    return std::nullopt;
-  if (!donnees.remarques.empty()) {
-    std::string texte;
-    for (const std::string& remarque : donnees.remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
-    contexte.Ecran().demander(texte, Boutons::Ok);
-  }
-  return donnees;
 }
 
 }  // namespace quelvar::factor

@@ -8,6 +8,9 @@
 
 namespace quelvar::text {
 
+// The file of the words behind the labels that no longer tell them.
+inline constexpr std::string_view kMotsDesLignes = ".AGR";
+
 // Whether the label begins with a code that the word behind it can have.
 bool PorteUnCode(std::string_view intitule);
 

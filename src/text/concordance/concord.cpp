@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <numeric>
 #include <optional>
 
@@ -49,8 +50,7 @@ LigneDeConcordance Couper(const Plan& plan, std::string_view ligne) {
 
 void Lire(const Chemin& chemin, bool tr1, Concordances& concordances) {
   std::vector<std::string> champs;
-  for (const std::string& mot : concordances.mots) champs.push_back(CadreGauche(mot, kLargeurMot));
-  std::vector<bool> trouves(champs.size());
+  for (const MotTrouve& trouve : concordances.mots) champs.push_back(CadreGauche(trouve.mot, kLargeurMot));
   std::optional<Plan> plan;
   LecteurLignes lecteur(chemin);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
@@ -64,13 +64,32 @@ void Lire(const Chemin& chemin, bool tr1, Concordances& concordances) {
     const std::string_view mot = ligne.substr(plan->mot, kLargeurMot);
     const auto cherche = std::find(champs.begin(), champs.end(), mot);
     if (cherche == champs.end()) continue;
-    trouves[static_cast<std::size_t>(cherche - champs.begin())] = true;
+    ++concordances.mots[static_cast<std::size_t>(cherche - champs.begin())].lignes;
     concordances.lignes.push_back(Couper(*plan, ligne));
   }
-  for (std::size_t i = 0; i < champs.size(); ++i)
-    if (!trouves[i] && std::find(champs.begin(), champs.begin() + static_cast<std::ptrdiff_t>(i), champs[i]) ==
-                           champs.begin() + static_cast<std::ptrdiff_t>(i))
-      concordances.absents.push_back(concordances.mots[i]);
+}
+
+// Every word once: two that share their ten columns have the same lines.
+std::vector<MotTrouve> MotsDistincts(const std::vector<MotsCherches>& cherches) {
+  std::vector<MotTrouve> distincts;
+  for (const MotsCherches& cherche : cherches)
+    for (const std::string& mot : cherche.mots)
+      if (std::ranges::none_of(distincts, [&](const MotTrouve& autre) { return EstLeMot(autre, mot); }))
+        distincts.push_back({mot});
+  return distincts;
+}
+
+// A row whose name is not its only word tells its words.
+std::string Titre(const Concordances& concordances) {
+  std::string noms;
+  for (const MotsCherches& cherche : concordances.cherches) {
+    noms += (noms.empty() ? "" : ", ") + cherche.nom;
+    if (cherche.mots == std::vector{cherche.nom}) continue;
+    std::string mots;
+    for (const std::string& mot : cherche.mots) mots += (mots.empty() ? "" : ", ") + mot;
+    noms += Joindre({" (", mots, ")"});
+  }
+  return noms;
 }
 
 // The words before, from the nearest to the farthest.
@@ -103,9 +122,10 @@ void ExigerSortie(Rapport& rapport, const Contexte& contexte, const OptionsConco
 
 }  // namespace
 
-Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots) {
+Concordances ChercherConcordances(const Contexte& contexte, std::vector<MotsCherches> cherches) {
   Concordances concordances;
-  concordances.mots = mots;
+  concordances.cherches = std::move(cherches);
+  concordances.mots = MotsDistincts(concordances.cherches);
   const std::optional<Chemin> tr1 = contexte.Chercher(".TR1");
   const std::optional<Chemin> source = tr1 ? tr1 : contexte.Chercher(".DAT");
   if (!source) {
@@ -114,6 +134,7 @@ Concordances ChercherConcordances(const Contexte& contexte, const std::vector<st
   }
   concordances.source = contexte.Nom(tr1 ? ".TR1" : ".DAT");
   Lire(*source, tr1.has_value(), concordances);
+  concordances.remarques = RemarquesSurLesLignes(contexte, concordances.cherches, concordances.mots);
   return concordances;
 }
 
@@ -130,16 +151,15 @@ std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, Ord
 }
 
 std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre, std::size_t auPlus) {
-  std::string noms;
-  for (const std::string& mot : concordances.mots) noms += (noms.empty() ? "" : ", ") + mot;
   if (!concordances.faute.empty()) return concordances.faute + "\r\n";
-  std::string texte = Joindre({"Concordance de : ", noms, "\r\n", Nombre(concordances.lignes.size()), " ligne(s) de ",
-                               concordances.source, "\r\n"});
-  if (!concordances.absents.empty()) {
-    texte += concordances.absents.size() > 1 ? "Mots absents :" : "Mot absent :";
-    for (const std::string& mot : concordances.absents) texte += " " + mot;
-    texte += "\r\n";
-  }
+  std::string texte = Joindre({"Concordance de : ", Titre(concordances), "\r\n", Nombre(concordances.lignes.size()),
+                               " ligne(s) de ", concordances.source, "\r\n"});
+  std::string absents;
+  for (const MotTrouve& trouve : concordances.mots)
+    if (trouve.lignes == 0) absents += " " + trouve.mot;
+  const bool plusieurs = absents.find(' ', 1) != std::string::npos;
+  if (!absents.empty()) texte += (plusieurs ? "Mots absents :" : "Mot absent :") + absents + "\r\n";
+  for (const std::string& remarque : concordances.remarques) texte += remarque + "\r\n";
   std::vector<std::uint32_t> rangs = RangsDansLOrdre(concordances, ordre);
   if (rangs.size() > auPlus) {
     rangs.resize(auPlus);
@@ -168,12 +188,14 @@ std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
 
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
-    if (options.mots.empty()) {
+    if (options.mots.empty() && options.lignes.empty()) {
       rapport.Ligne("*** Aucun mot n'est donné : indiquer ceux dont on veut la concordance"_w);
       throw Erreur(kArretAnnonce);
     }
     if (!options.sortie.empty()) ExigerSortie(rapport, contexte, options);
-    const Concordances concordances = ChercherConcordances(contexte, options.mots);
+    std::vector<MotsCherches> cherches = CherchesDesMots(options.mots);
+    std::ranges::move(CherchesDesLignes(contexte, options.lignes, rapport), std::back_inserter(cherches));
+    const Concordances concordances = ChercherConcordances(contexte, std::move(cherches));
     const std::string texte = TexteDeConcordances(concordances, options.ordre);
     rapport.Suite(texte);
     if (!concordances.faute.empty()) throw Erreur(kArretAnnonce);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/programme/programme.h"
+#include "text/concordance/recherche.h"
 
 namespace quelvar::text {
 
@@ -20,16 +21,17 @@ struct LigneDeConcordance {
 };
 
 struct Concordances {
-  std::vector<std::string> mots;       // looked for
-  std::vector<std::string> absents{};  // of those, the ones that no line has
-  std::string source;                  // name of the file read
-  std::string faute;                   // why there are no lines to read; empty otherwise
+  std::vector<MotsCherches> cherches;
+  std::vector<MotTrouve> mots;           // all of their words, each once
+  std::vector<std::string> remarques{};  // what the reader of the lines must know of them
+  std::string source;                    // name of the file read
+  std::string faute;                     // why there are no lines to read; empty otherwise
   std::vector<LigneDeConcordance> lignes;
 };
 
 // Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
 // Raises kErreurPeripherique, kPermissionRefusee or kAccesFichier.
-Concordances ChercherConcordances(const Contexte& contexte, const std::vector<std::string>& mots);
+Concordances ChercherConcordances(const Contexte& contexte, std::vector<MotsCherches> cherches);
 
 // By what follows the word, by what stands before it (the nearest word first), or as the file has them; equal lines
 // keep their order. `rangs` are those of the lines to show.
@@ -44,6 +46,7 @@ std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible);
 
 struct OptionsConcordance {
   std::vector<std::string> mots{};
+  std::vector<std::string> lignes{};  // of the table
   OrdreDeConcordance ordre = OrdreDeConcordance::Fichier;
   std::string sortie{};    // file for the text; it is only shown without one
   bool remplacer = false;  // that file may be there

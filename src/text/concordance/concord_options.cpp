@@ -7,6 +7,7 @@ const Description<OptionsConcordance>& DescriptionConcordance() {
   static const Description<O> description =
       Description<O>("concordance", "Concordance de mots du dernier découpage, le mot dans une colonne"_w, Concord)
           .Noms("mots", &O::mots, "mots cherchés, sur 10 caractères"_w)
+          .Noms("lignes", &O::lignes, "lignes du tableau, les agrégées avec tous leurs mots"_w)
           .Choix("ordre", &O::ordre,
                  {{"fichier", OrdreDeConcordance::Fichier},
                   {"gauche", OrdreDeConcordance::Gauche},

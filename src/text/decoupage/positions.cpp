@@ -70,6 +70,8 @@ std::string DemanderNom(const Dialogue& dialogue, const Gabarit& gabarit, int po
   return std::string(RognerDroite(std::string_view(nom).substr(0, kNom)));
 }
 
+bool EstUneLettre(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
 bool EstAvant(const QuestionDesMots& a, const QuestionDesMots& b) { return a.position < b.position; }
 
 }  // namespace
@@ -89,6 +91,28 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
   }
   std::stable_sort(questions.begin(), questions.end(), EstAvant);
   return questions;
+}
+
+std::string PertesDuPos(const FichierPos& pos, std::string_view nomDuPos, const std::vector<std::string>& auDela) {
+  std::vector<std::string> pertes;
+  if (!auDela.empty()) {
+    std::string noms;
+    for (const std::string& nom : auDela) noms += ' ' + nom;
+    pertes.push_back(Joindre(
+        {Nombre(auDela.size()), " question(s) de ", nomDuPos, " hors des caractéristiques, non reprise(s) :"_w, noms}));
+  }
+  if (std::any_of(pos.taille.texte.begin(), pos.taille.texte.end(), EstUneLettre))
+    pertes.push_back(Joindre({"consignes de la ligne 2 de ", nomDuPos, ", non reprises : ", Rogner(pos.taille.texte)}));
+  // A mark that only closes the list holds nothing of the user's own.
+  const auto porte = [](std::string_view ligne) { return ligne.find_first_not_of(" *$") != std::string_view::npos; };
+  const auto debut = pos.lignes.begin() + static_cast<std::ptrdiff_t>(pos.premiereApres);
+  if (const auto premiere = std::find_if(debut, pos.lignes.end(), porte); premiere != pos.lignes.end())
+    pertes.push_back(Joindre({Nombre(std::count_if(premiere, pos.lignes.end(), porte)), " ligne(s) de ", nomDuPos,
+                              " derrière les questions, non reprise(s) : à partir de la ligne "_w,
+                              Nombre(premiere - pos.lignes.begin() + 1), ", ", Rogner(*premiere)}));
+  std::string phrase;
+  for (const std::string& perte : pertes) phrase += (phrase.empty() ? "" : " ; ") + perte;
+  return phrase;
 }
 
 std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue) {

@@ -24,6 +24,10 @@ struct QuestionDesMots {
 std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gabarit& gabarit,
                                                 std::vector<std::string>& auDela);
 
+// What of the former file the new one will not have, as a part of a sentence: questions beyond the characteristics,
+// directions on line 2, lines behind the questions (VIT among them). Empty when nothing is lost.
+std::string PertesDuPos(const FichierPos& pos, std::string_view nomDuPos, const std::vector<std::string>& auDela);
+
 // Asks for name and code-max of each position; an empty name leaves it out. An answer that cannot stand is asked again;
 // raises a sentence (kIncompatibiliteType) when the user gives no other one.
 std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dialogue& dialogue);

@@ -72,7 +72,7 @@ void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
 }
 
 // The questions of the former position file, if there is one; `copie` gets the name under which the file is kept when
-// some of them are not taken.
+// not all of it is taken.
 std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contexte& contexte, const Gabarit& gabarit,
                                                                     std::string& copie) {
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
@@ -81,14 +81,11 @@ std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contex
   ExigerParentheses(pos.taille, contexte.Ecran());
   std::vector<std::string> auDela;
   std::vector<QuestionDesMots> questions = ReprendreQuestions(pos, gabarit, auDela);
-  if (auDela.empty()) return questions;
+  const std::string pertes = PertesDuPos(pos, contexte.Nom(".POS"), auDela);
+  if (pertes.empty()) return questions;
   copie = NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS"));
-  std::string noms;
-  for (const std::string& nom : auDela) noms += ' ' + nom;
-  contexte.Ecran().demander(Joindre({"*** Attention : ", Nombre(auDela.size()), " question(s) de ",
-                                     contexte.Nom(".POS"), " hors des caractéristiques, non reprise(s) :"_w, noms,
-                                     ". L'ancien fichier sera conservé sous le nom "_w, copie}),
-                            Boutons::Ok);
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : ", pertes, ". L'ancien fichier sera conservé sous le nom "_w, copie}), Boutons::Ok);
   return questions;
 }
 
@@ -161,14 +158,16 @@ void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe&
 }
 
 // A star among the characteristics is taken for a code: its record may be too short.
-void DireLesEtoilesAvant(const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
+void DireLesEtoilesAvant(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
   if (bilan.etoilesAvant == 0) return;
-  contexte.Ecran().demander(
+  const std::string phrase =
       Joindre({"*** Attention : ", Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
                " ont une étoile dans les caractéristiques (positions 1 à "_w, Nombre(position),
                "), la première à la ligne "_w, Nombre(bilan.premiereEtoileAvant),
-               " : elle est prise pour un code et ne finit pas l'enregistrement, qui est peut-être incomplet"_w}),
-      Boutons::Ok);
+               " : elle est prise pour un code et ne finit pas l'enregistrement, qui est peut-être incomplet. Vérifier "
+               "ces lignes, ou la position de fin des caractéristiques"_w});
+  rapport.Ligne(phrase);
+  contexte.Ecran().demander(phrase, Boutons::Ok);
 }
 
 Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options, const Chemin& texte) {
@@ -185,7 +184,7 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   }
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
-  DireLesEtoilesAvant(contexte, bilan, options.position);
+  DireLesEtoilesAvant(rapport, contexte, bilan, options.position);
   EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
   return corpus;
 }

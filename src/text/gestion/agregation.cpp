@@ -8,6 +8,7 @@
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
+#include "text/gestion/motsdeslignes.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {
@@ -121,6 +122,7 @@ void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std:
       ParametresDeTable(table.lignes.size(), table.Colonnes(),
                         std::min(table.lignesSup, static_cast<std::int64_t>(table.lignes.size())), table.largeur);
   EcrireListeModalites(sorties.Ouvrir(nouveau + ".MOD", Nature::Unique), mod);
+  EcrireMotsDesLignes(sorties, nouveau, table.lignes);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
   sorties.Valider();
 }
@@ -131,15 +133,39 @@ void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agre
   EcrireChangementDeGenerique(rapport, contexte, nouveau);
 }
 
-// Supplementary rows are so by their number only, the last ones: the user is told that merges and sorts move others
-// there.
+// Labels of the rows that are supplementary: the last ones, as many as the parameter line tells.
+std::vector<std::string> Supplementaires(const TableGeree& table) {
+  const auto nombre = static_cast<std::size_t>(std::max<std::int64_t>(table.lignesSup, 0));
+  std::vector<std::string> intitules;
+  for (std::size_t i = table.lignes.size() - std::min(nombre, table.lignes.size()); i < table.lignes.size(); ++i)
+    intitules.emplace_back(Rogner(table.lignes[i].intitule));
+  return intitules;
+}
+
+// Those of the first list that the other one has not: some of them by name, and how many.
+std::string Absentes(const std::vector<std::string>& intitules, const std::vector<std::string>& autres) {
+  constexpr std::int64_t kNommees = 10;
+  std::string noms;
+  std::int64_t nombre = 0;
+  for (const std::string& intitule : intitules)
+    if (std::ranges::find(autres, intitule) == autres.end() && ++nombre <= kNommees)
+      noms += (noms.empty() ? "" : ", ") + intitule;
+  if (nombre > kNommees) noms += Joindre({"... (", Nombre(nombre), ")"});
+  return noms;
+}
+
+// Supplementary rows are so by their place only: the user is told when merges and sorts have put others there.
 void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agregation) {
-  if (agregation.table.lignesSup <= 0) return;
+  const std::vector<std::string> maintenant = Supplementaires(agregation.table);
+  const std::string devenues = Absentes(maintenant, agregation.supplementaires);
+  const std::string perdues = Absentes(agregation.supplementaires, maintenant);
+  if (devenues.empty() && perdues.empty()) return;
   contexte.Ecran().demander(
-      Joindre(
-          {"Ce tableau a ", Nombre(agregation.table.lignesSup),
-           " ligne(s) supplémentaire(s), les dernières : une ligne agrégée se met à la fin et devient supplémentaire "
-           "à la place d'une autre, un tri les déplace. Vérifiez-les dans la gestion des colonnes et lignes."_w}),
+      Joindre({"*** Attention : les lignes supplémentaires d'un tableau sont les dernières (ici "_w,
+               Nombre(maintenant.size()), "), et une agrégation ou un tri les a changées. "_w,
+               devenues.empty() ? std::string() : Joindre({"Le deviennent : ", devenues, ". "}),
+               perdues.empty() ? std::string() : Joindre({"Ne le sont plus : ", perdues, ". "}),
+               "Vérifiez-les dans la gestion des colonnes et lignes"_w}),
       Boutons::Ok);
 }
 
@@ -168,6 +194,7 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
   if (!resultat.message.empty()) return resultat;
   resultat.ouverte = true;
   resultat.agregation.table = std::move(table.table);
+  resultat.agregation.supplementaires = Supplementaires(resultat.agregation.table);
   resultat.agregation.facteurs = LireFacteurs(contexte, resultat.agregation.table);
   if (!resultat.agregation.facteurs)
     resultat.message = {std::string(kAttention),

@@ -28,6 +28,7 @@ struct Agregation {
   std::optional<FacteursDesLignes> facteurs;  // without both coordinate files there is no sort by factor
   std::vector<std::string> compteRendu;       // lines of the report, behind the banner
   bool modifiee = false;                      // a merge was made
+  std::vector<std::string> supplementaires;   // labels of the last ISUP rows, as the table was opened
 };
 
 struct AgregationOuverte {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/fichiers/jeu.h"
+#include "text/gestion/motsdeslignes.h"
 
 namespace quelvar::text {
 
@@ -27,6 +28,7 @@ void Enregistrer(const Contexte& contexte, const TableGeree& table) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   EcrireLignesDeTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Unique), lignes);
   EcrireListeModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), mod);
+  EcrireMotsDesLignes(sorties, contexte.generique, lignes);
   sorties.Valider();
 }
 
@@ -36,7 +38,7 @@ void Appliquer(TableGeree& table, const OptionsSuplMot::Action& action, Rapport&
                        action.genre == Genre::IntituleColonne;
   if (!colonne) {
     LigneDeTable& ligne = table.lignes[TrouverLigne(table, action.nom, rapport)];
-    if (action.genre == Genre::IntituleLigne) ligne.intitule = action.intitule;
+    if (action.genre == Genre::IntituleLigne) RenommerLigne(ligne, action.intitule);
     else ligne.marquee = action.genre == Genre::LigneSup;
     return;
   }

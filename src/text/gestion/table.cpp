@@ -8,6 +8,7 @@
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
+#include "text/gestion/motsdeslignes.h"
 
 namespace quelvar::text {
 
@@ -143,22 +144,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   ExigerTableDuMod(*brt, LireMod(*mod), parametres);
   if (const std::string faute = FauteDeLargeur(contexte, ouverte.table); !faute.empty())
     ouverte.message = {std::string(kErreur), faute};
-}
-
-// By the whole labels, or by the words behind the codes, with or without the star of an inverted theme.
-std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
-  const std::string_view cherche = Rogner(nom);
-  std::vector<std::size_t> trouvees;
-  const auto chercher = [&](const auto& est) {
-    for (std::size_t i = 0; i < table.lignes.size(); ++i)
-      if (est(table.lignes[i].intitule)) trouvees.push_back(i);
-  };
-  chercher([&](std::string_view intitule) { return Rogner(intitule) == cherche; });
-  if (!trouvees.empty()) return trouvees;
-  chercher([&](std::string_view intitule) {
-    return PorteUnCode(intitule) && (MotDeLIntitule(intitule) == cherche || Rogner(intitule.substr(kNom)) == cherche);
-  });
-  return trouvees;
+  LireMotsDesLignes(contexte, ouverte.table);
 }
 
 }  // namespace
@@ -185,8 +171,20 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
   }
 }
 
-std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne) {
-  return ligne.mots.empty() ? MotsDeLIntitule(ligne.intitule) : ligne.mots;
+// With or without the star of an inverted theme.
+std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom) {
+  const std::string_view cherche = Rogner(nom);
+  std::vector<std::size_t> trouvees;
+  const auto chercher = [&](const auto& est) {
+    for (std::size_t i = 0; i < table.lignes.size(); ++i)
+      if (est(table.lignes[i].intitule)) trouvees.push_back(i);
+  };
+  chercher([&](std::string_view intitule) { return Rogner(intitule) == cherche; });
+  if (!trouvees.empty()) return trouvees;
+  chercher([&](std::string_view intitule) {
+    return PorteUnCode(intitule) && (MotDeLIntitule(intitule) == cherche || Rogner(intitule.substr(kNom)) == cherche);
+  });
+  return trouvees;
 }
 
 std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne) {

@@ -16,7 +16,7 @@ struct LigneDeTable {
   std::string cellules;             // as they stand, `largeur` characters each
   std::string intitule;             // behind the cells, as it stands
   bool marquee = false;             // supplementary, or to be merged
-  std::vector<std::string> mots{};  // of a merged row: those of the rows that it stands for
+  std::vector<std::string> mots{};  // that it stands for, where its label may not tell them
 };
 
 struct TableGeree {
@@ -39,11 +39,11 @@ TableOuverte OuvrirTable(const Contexte& contexte);
 
 // The parameter line of a managed table.
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur);
-// The words whose lines of concordance are those of the row.
-std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne);
 void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes);
 
-// Rank of the row that a user names: by its whole label, or by its word without the code in front. Raises kArretAnnonce
+// Ranks of the rows that a user names: by their whole label, or else by their word without the code in front.
+std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom);
+// The only one of them. Raises kArretAnnonce
 // with a line in the report when there is none, or more than one.
 std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport);
 // A name by which TrouverLigne finds that row: its word if that is enough, else its label; nothing when several rows

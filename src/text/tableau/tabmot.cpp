@@ -9,6 +9,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
+#include "text/commun/intitule.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
 
@@ -229,6 +230,7 @@ void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   for (const std::string& ligne : lignes) brt.Ligne(ligne);
   EcrireModLexical(mod, contexte.generique, plan, entrees.intitules, lignes, largeur, decimales);
+  sorties.Effacer(contexte.Nom(kMotsDesLignes));  // rows of the former table
   for (std::size_t i = 0; i < entrees.pos.lignes.size(); ++i) {
     const bool question = i >= 2 && i < entrees.pos.premiereApres;
     const bool choisie = question && std::binary_search(actives.begin(), actives.end(), i - 2);

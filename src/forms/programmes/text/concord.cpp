@@ -32,11 +32,13 @@ Concord::Concord(Services& services, text::Concordances concordances)
   connect(ui_->BoutCopier, &QPushButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(Texte()); });
   connect(ui_->BoutEnregS, &QPushButton::clicked, this, &Concord::Enregistrer);
   AjouterVoirLaCommande(*ui_->BoutEnregS, [this] {
-    for (const std::string& mot : concordances_.mots)
+    std::vector<std::string> mots;
+    for (const text::MotTrouve& trouve : concordances_.mots) mots.push_back(trouve.mot);
+    for (const std::string& mot : mots)
       if (mot.find_first_of(" ,") != std::string::npos)
         return std::string("(aucune : un mot contient une virgule ou un blanc)");
     return CommandeEquivalente(text::DescriptionConcordance(), contexte_.generique, contexte_.niveau,
-                               text::OptionsConcordance{concordances_.mots, Ordre()});
+                               text::OptionsConcordance{.mots = mots, .ordre = Ordre()});
   });
   RelierQuitter(*ui_->BoutQuitter);
   ui_->TextMots->setText(Mots());
@@ -64,17 +66,18 @@ QString Concord::Texte() const {
 
 QString Concord::Mots() const {
   QStringList mots;
-  for (const std::string& mot : concordances_.mots) mots << VersQt(mot);
+  for (const text::MotTrouve& trouve : concordances_.mots) mots << VersQt(trouve.mot);
   return mots.join(u' ');
 }
 
 void Concord::Chercher() {
   // A word that came from a list, as it stands there, may hold a comma.
   const QString tapes = ui_->TextMots->text();
-  const std::vector<std::string> mots = tapes == Mots() ? concordances_.mots : text::MotsSepares(DepuisQt(tapes), " ,");
-  if (mots.empty()) return services_.ecran.biper();
+  std::vector<text::MotsCherches> cherches =
+      tapes == Mots() ? concordances_.cherches : text::CherchesDesMots(text::MotsSepares(DepuisQt(tapes), " ,"));
+  if (cherches.empty()) return services_.ecran.biper();
   try {
-    concordances_ = text::ChercherConcordances(contexte_, mots);
+    concordances_ = text::ChercherConcordances(contexte_, std::move(cherches));
     MontrerTexte();
   } catch (const Erreur& erreur) {
     services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
@@ -100,10 +103,10 @@ void Concord::Enregistrer() {
   }
 }
 
-void OuvrirConcord(Services& services, const std::vector<std::string>& mots) {
-  if (mots.empty() || !FairePlace<Concord>(services)) return;
+void OuvrirConcord(Services& services, std::vector<text::MotsCherches> cherches) {
+  if (cherches.empty() || !FairePlace<Concord>(services)) return;
   try {
-    Montrer<Concord>(services, text::ChercherConcordances(services.ContexteEnCours(), mots));
+    Montrer<Concord>(services, text::ChercherConcordances(services.ContexteEnCours(), std::move(cherches)));
   } catch (const Erreur& erreur) {
     services.ecran.demander(TexteErreur(erreur), Boutons::Ok);
   }

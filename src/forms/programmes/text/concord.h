@@ -32,6 +32,6 @@ class Concord : public Forme {
 };
 
 // Opens the window on these words of the last cutting, in place of the one that is open.
-void OuvrirConcord(Services& services, const std::vector<std::string>& mots);
+void OuvrirConcord(Services& services, std::vector<text::MotsCherches> cherches);
 
 }  // namespace quelvar::forms

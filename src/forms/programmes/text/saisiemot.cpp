@@ -34,7 +34,7 @@ SaisieMot::SaisieMot(Services& services)
   ui_->FrMots->setVisible(!mots_.empty());
   const auto concordance = [this] {
     if (const int ligne = ui_->ListMots->currentRow(); ligne >= 0)
-      OuvrirConcord(services_, {mots_[static_cast<std::size_t>(ligne)].mot});
+      OuvrirConcord(services_, text::CherchesDesMots({mots_[static_cast<std::size_t>(ligne)].mot}));
   };
   connect(ui_->ListMots, &QListWidget::itemDoubleClicked, this, concordance);
   for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter}) {

@@ -8,6 +8,7 @@
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
 #include "text/gestion/gestion_options.h"
+#include "text/gestion/motsdeslignes.h"
 #include "ui_suplmot.h"
 
 namespace quelvar::forms {
@@ -82,7 +83,7 @@ void SuplMot::PreparerEdition() {
                               [&table](int i) { return VersQt(text::TexteDeLigne(table, Rang(i))); },
                               [&table](int i) { return VersQt(table.lignes[Rang(i)].intitule); },
                               [this, &table](int i, const QString& intitule) {
-                                table.lignes[Rang(i)].intitule = DepuisQt(intitule);
+                                text::RenommerLigne(table.lignes[Rang(i)], DepuisQt(intitule));
                                 modifie_ = true;
                                 MontrerLigne(i);
                                 return QString();

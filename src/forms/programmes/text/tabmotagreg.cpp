@@ -137,13 +137,10 @@ void TabMotAgreg::Terminer() {
 }
 
 void TabMotAgreg::MontrerConcordance() {
-  std::vector<std::string> mots;
-  for (const QListWidgetItem* element : ui_->ListLignSuppl->selectedItems()) {
-    const int ligne = ui_->ListLignSuppl->row(element);
-    std::ranges::move(text::MotsDeLaLigne(ouverte_.agregation.table.lignes[static_cast<std::size_t>(ligne)]),
-                      std::back_inserter(mots));
-  }
-  OuvrirConcord(services_, mots);
+  std::vector<text::MotsCherches> cherches;
+  for (const text::LigneDeTable& ligne : ouverte_.agregation.table.lignes)
+    if (ligne.marquee) cherches.push_back(text::CherchesDeLaLigne(ligne));
+  OuvrirConcord(services_, std::move(cherches));
 }
 
 void OuvrirTabMotAgreg(Services& services) {

@@ -110,6 +110,22 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
             "quelvar-batch --niveau 2 tabmotagreg ENR agreger== tri=alphabetique agreger=travail=travailler,travail");
   EXPECT_TRUE(bureau_.Lire("ENS.brt").ends_with("   321travail\r\n")) << bureau_.Lire("ENS.brt");
   EXPECT_EQ(bureau_.Lire("ENS.POS"), bureau_.Lire("ENR.POS"));
+
+  auto& agregees = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
+  DoubleCliquer(agregees, "ListLignSuppl", 6);
+  concordance = bureau_.Forme<Concord>();
+  ASSERT_NE(concordance, nullptr);
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
+                  .toPlainText()
+                  .startsWith("Concordance de : travail (travailler, travail)\n3 ligne(s) de ENS.DAT\n\n"));
+  Cliquer(*concordance, "BoutChercher");
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),
+            "quelvar-batch --niveau 2 concordance ENS mots=travailler,travail");
+  Taper(*concordance, "TextMots", "travail");
+  Cliquer(*concordance, "BoutChercher");
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
+                  .toPlainText()
+                  .contains("Ce sont les lignes du mot travail seul ; la ligne travail du tableau (fréquence 3)"));
 }
 
 TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
@@ -138,7 +154,7 @@ TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
 
 TEST_F(FormesDuTexte, UnMotQuiContientUneVirguleSeCherche) {
   bureau_.Ecrire("ENQ.DAT", "1oui,oui,      $$" + std::string(30, '*') + "oui, non" + std::string(37, ' ') + "\r\n");
-  OuvrirConcord(bureau_.Fenetre().ServicesDesFormes(), {"oui,"});
+  OuvrirConcord(bureau_.Fenetre().ServicesDesFormes(), quelvar::text::CherchesDesMots({"oui,"}));
   auto* concordance = bureau_.Forme<Concord>();
   ASSERT_NE(concordance, nullptr);
   for (int fois = 0; fois < 2; ++fois) {

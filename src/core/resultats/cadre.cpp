@@ -1,0 +1,91 @@
+#include "core/resultats/cadre.h"
+
+#include <algorithm>
+
+#include "core/resultats/largeurfixe.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar {
+
+namespace {
+
+constexpr std::size_t kLignesDeCase = 2;
+constexpr int kLignesEntrePages = 3;
+
+// Ranks from `premier` to before `fin`.
+struct Tranche {
+  std::size_t premier;
+  std::size_t fin;
+};
+
+class ImprimanteCadree {
+ public:
+  ImprimanteCadree(Rapport& rapport, const TableCadree& table, const FormeCadree& forme)
+      : rapport_(rapport), table_(table), forme_(forme) {
+    for (const PlaceEnCase& place : table.places)
+      supplement_ = std::max(supplement_, ColonnesEnPlus(place.plusGrande, place.decimales, place.usuelles));
+  }
+
+  void Page(const Tranche& lignes, const Tranche& colonnes) {
+    EnTete(colonnes);
+    for (std::size_t i = lignes.premier; i < lignes.fin; ++i) {
+      for (std::size_t moitie = 0; moitie < kLignesDeCase; ++moitie) {
+        rapport_.Suite({"|", CadreGauche(Morceau(table_.lignes[i], moitie), forme_.cellule), "|"});
+        for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
+          rapport_.Suite(table_.texte(i, j, moitie, supplement_));
+        rapport_.Ligne();
+      }
+      Filet(colonnes);
+    }
+    for (int k = 0; k < kLignesEntrePages; ++k) rapport_.Ligne();
+  }
+
+ private:
+  // The part of a label that stands on a line of the cell.
+  std::string_view Morceau(std::string_view intitule, std::size_t moitie) const {
+    const auto largeur = static_cast<std::size_t>(forme_.cellule);
+    return Milieu(intitule, moitie * largeur + 1, largeur);
+  }
+
+  void Filet(const Tranche& colonnes) {
+    const std::string morceau = std::string(static_cast<std::size_t>(forme_.cellule + supplement_), '-') + "+";
+    rapport_.Suite({"+", std::string(static_cast<std::size_t>(forme_.cellule), '-'), "+"});
+    for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport_.Suite(morceau);
+    rapport_.Ligne();
+  }
+
+  void EnTete(const Tranche& colonnes) {
+    Filet(colonnes);
+    for (std::size_t moitie = 0; moitie < kLignesDeCase; ++moitie) {
+      rapport_.Suite({"|", CadreGauche(table_.coin[moitie], forme_.cellule), "|"});
+      for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
+        rapport_.Suite({CadreGauche(Morceau(table_.colonnes[j], moitie), forme_.cellule + supplement_), "|"});
+      rapport_.Ligne();
+    }
+    Filet(colonnes);
+  }
+
+  Rapport& rapport_;
+  const TableCadree& table_;
+  const FormeCadree& forme_;
+  int supplement_ = 0;
+};
+
+}  // namespace
+
+std::string TexteEnCase(double valeur, std::span<const EcritureEnCase> ecritures, int supplement) {
+  const auto ecriture =
+      std::find_if(ecritures.begin(), ecritures.end() - 1, [&](const EcritureEnCase& e) { return valeur < e.sous; });
+  return NombreFixe(valeur, ecriture->entiers + supplement, ecriture->decimales) +
+         std::string(static_cast<std::size_t>(ecriture->blancs), ' ');
+}
+
+void ImprimerCadre(Rapport& rapport, const TableCadree& table, const FormeCadree& forme) {
+  ImprimanteCadree imprimante(rapport, table, forme);
+  for (std::size_t i = 0; i < table.lignes.size(); i += forme.lignesParPage)
+    for (std::size_t j = 0; j < table.colonnes.size(); j += forme.colonnesParPage)
+      imprimante.Page({i, std::min(i + forme.lignesParPage, table.lignes.size())},
+                      {j, std::min(j + forme.colonnesParPage, table.colonnes.size())});
+}
+
+}  // namespace quelvar

@@ -1,0 +1,94 @@
+// The preparation of the factor graph: its files as a plane, and the report on them.
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+#include "factor/plan/concordance.h"
+#include "factor/plan/graphe.h"
+#include "factor/plan/lecture.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+// Tells what stops the run, and stops it; without lines it goes on.
+void ArreterSi(Rapport& rapport, const Contexte& contexte, const ArretDeLecture& lignes) {
+  if (lignes.empty()) return;
+  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
+  contexte.Ecran().biper();
+  throw Erreur(kArretAnnonce);
+}
+
+void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences) {
+  struct Fichier {
+    std::string_view extension;
+    std::string_view sujet;
+    bool exige;
+  };
+  bool manque = false;
+  for (const Fichier& fichier :
+       {Fichier{".MOD", "modalites", true}, Fichier{".PEM", "PEM", exigences.liens},
+        Fichier{".CAH", "CAH", exigences.cah}, Fichier{".FAJ", "coordonnees factorielles", true}}) {
+    if (!fichier.exige || contexte.Chercher(fichier.extension)) continue;
+    rapport.Ligne({"*** Le fichier de", std::string_view(fichier.extension == ".CAH" ? " " : "s "), fichier.sujet, " ",
+                   contexte.Nom(fichier.extension), " n'existe pas"});
+    manque = true;
+  }
+  if (manque) ArreterSi(rapport, contexte, {"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"});
+}
+
+void ImprimerNoms(Rapport& rapport, const Contexte& contexte) {
+  EcrireBandeau(rapport, "Graphique factoriel");
+  rapport.Ligne({"Le nom du fichier des modalites est ", contexte.Nom(".MOD")});
+  rapport.Ligne({"Le nom du fichier de PEM est  ", contexte.Nom(".PEM")});
+  rapport.Ligne({"Le nom du fichier de CAH est  ", contexte.Nom(".CAH")});
+  rapport.Ligne({"Le nom du fichier des coordonnes  est  ", contexte.Nom(".FAJ")});
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".PRT")});
+}
+
+void ImprimerNombreDeModalites(Rapport& rapport, const DonneesPlan& donnees) {
+  const auto sup = static_cast<std::size_t>(
+      std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
+                    [](const PointPlan& point) { return point.supplementaire; }));
+  rapport.Ligne({"Il y a ", NombreNu(donnees.colonnes), " modalites en tout"});
+  rapport.Ligne({"Il y a ", NombreNu(donnees.colonnes - sup), " modalites actives"});
+  rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
+}
+
+void ImprimerRemarques(Rapport& rapport, const DonneesPlan& donnees) {
+  for (const std::string& remarque : donnees.remarques) rapport.Ligne({"*** Attention : ", remarque});
+}
+
+void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
+  ExigerFichiersDuGraphe(rapport, contexte, exigences);
+  ImprimerNoms(rapport, contexte);
+  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
+  const ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
+  if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
+    ArreterSi(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});
+  ArreterSi(rapport, contexte, DeclarerColonnes(contexte, mod, parametres, donnees));
+  ArreterSi(rapport, contexte, PlacerElements(contexte, parametres, donnees));
+  AffinerCoordonnees(contexte, donnees);
+  ImprimerNombreDeModalites(rapport, donnees);
+  LireAutourDuPlan(contexte, exigences, donnees);
+  const ArretDeLecture arret = EcarterEtrangers(contexte, exigences, donnees);
+  ImprimerRemarques(rapport, donnees);
+  ArreterSi(rapport, contexte, arret);
+}
+
+}  // namespace
+
+std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences) {
+  DonneesPlan donnees;
+  if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
+                         [&](Rapport& rapport) { Preparer(rapport, contexte, exigences, donnees); }))
+    return std::nullopt;
+  if (!donnees.remarques.empty()) {
+    std::string texte;
+    for (const std::string& remarque : donnees.remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
+    contexte.Ecran().demander(texte, Boutons::Ok);
+  }
+  return donnees;
+}
+
+}  // namespace quelvar::factor

@@ -1,0 +1,79 @@
+#include "text/gestion/motsdeslignes.h"
+
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+#include "text/tableau/sorties.h"
+
+namespace quelvar::text {
+
+namespace {
+
+constexpr std::size_t kFrequence = 4;  // columns
+constexpr std::string_view kRetrait = "     ";
+
+// What a row is known by: its frequency, a blank, its label.
+std::string TeteDeLigne(const LigneDeTable& ligne) {
+  return Joindre({CadreGauche(ligne.nom, kFrequence), " ", RognerDroite(ligne.intitule)});
+}
+
+bool LIntituleSuffit(const LigneDeTable& ligne) {
+  return ligne.mots.empty() || (PorteUnCode(ligne.intitule) && ligne.mots == MotsDeLIntitule(ligne.intitule));
+}
+
+}  // namespace
+
+void LireMotsDesLignes(const Contexte& contexte, TableGeree& table) {
+  const std::optional<Chemin> chemin = contexte.Chercher(kMotsDesLignes);
+  if (!chemin) return;
+  LecteurLignes lecteur(*chemin);
+  std::string_view ligne;
+  lecteur.Lire(ligne);  // the generic
+  for (std::string tete; lecteur.Lire(ligne);) {
+    tete = RognerDroite(ligne);
+    if (!lecteur.Lire(ligne)) return;
+    const auto est = [&](const LigneDeTable& autre) {
+      return autre.mots.empty() && RognerDroite(TeteDeLigne(autre)) == tete;
+    };
+    const auto trouvee = std::ranges::find_if(table.lignes, est);
+    if (trouvee != table.lignes.end()) trouvee->mots = MotsSepares(ligne, " ");
+  }
+}
+
+void EcrireMotsDesLignes(JeuDeFichiers& sorties, const std::string& generique,
+                         const std::vector<LigneDeTable>& lignes) {
+  const std::string nom = generique + std::string(kMotsDesLignes);
+  if (std::ranges::all_of(lignes, LIntituleSuffit)) {
+    sorties.Effacer(nom);
+    return;
+  }
+  Ecrivain& fichier = sorties.Ouvrir(nom, Nature::Unique);
+  fichier.Ligne(generique);
+  for (const LigneDeTable& ligne : lignes) {
+    if (LIntituleSuffit(ligne)) continue;
+    fichier.Ligne(TeteDeLigne(ligne));
+    std::string mots(kRetrait);
+    for (const std::string& mot : ligne.mots) mots += (mots.size() > kRetrait.size() ? " " : "") + mot;
+    fichier.Ligne(mots);
+  }
+}
+
+std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne) {
+  return ligne.mots.empty() ? MotsDeLIntitule(ligne.intitule) : ligne.mots;
+}
+
+bool MotsSontConnus(const LigneDeTable& ligne) { return !ligne.mots.empty() || PorteUnCode(ligne.intitule); }
+
+std::optional<std::int64_t> FrequenceDeLaLigne(const LigneDeTable& ligne) {
+  const std::string_view champ = Rogner(ligne.nom);
+  if (champ.empty() || champ.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  const std::int64_t frequence = Entier64(ValeurDe(champ));
+  return frequence < kFrequenceEcrite ? std::optional(frequence) : std::nullopt;
+}
+
+void RenommerLigne(LigneDeTable& ligne, std::string_view intitule) {
+  if (ligne.mots.empty() && PorteUnCode(ligne.intitule)) ligne.mots = MotsDeLIntitule(ligne.intitule);
+  ligne.intitule = intitule;
+}
+
+}  // namespace quelvar::text
