@@ -72,10 +72,11 @@ std::optional<Utf16> EstUtf16(std::string_view octets) {
   std::array<std::size_t, 2> zeros{};
   for (std::size_t i = octets.find('\0'); i < octets.size(); i = octets.find('\0', i + 1)) ++zeros[i % 2];
   constexpr std::size_t kAssez = 8;
+  constexpr std::size_t kPresqueAucun = 20;  // fewer than one in so many
   const std::size_t caracteres = octets.size() / 2;
   if (caracteres < kAssez) return std::nullopt;
-  if (zeros[1] * 2 > caracteres && zeros[0] * 20 < caracteres) return Utf16::PetitBout;
-  if (zeros[0] * 2 > caracteres && zeros[1] * 20 < caracteres) return Utf16::GrosBout;
+  if (zeros[1] * 2 > caracteres && zeros[0] * kPresqueAucun < caracteres) return Utf16::PetitBout;
+  if (zeros[0] * 2 > caracteres && zeros[1] * kPresqueAucun < caracteres) return Utf16::GrosBout;
   return std::nullopt;
 }
 
