@@ -17,7 +17,6 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kLongueurDuGenerique = 12;
-constexpr std::size_t kLongueurDuNom = 3;
 
 // A letter without its accent, 0 for what no generic holds.
 char LettreDeGenerique(char c) {
@@ -100,7 +99,7 @@ void PreparationDImport::ChangerChoix(std::size_t colonne, ChoixDeColonne choix)
 std::string PreparationDImport::Renommer(std::size_t colonne, std::string_view nom) {
   const std::string_view rogne = Rogner(nom);
   if (rogne.empty()) return Joindre({"Entrez un nom de un à trois caractères"_w});
-  if (rogne.size() > kLongueurDuNom) return Joindre({"Le nom \""_w, rogne, "\" a plus de trois caractères"_w});
+  if (rogne.size() > kNomCourtLePlusLong) return Joindre({"Le nom \""_w, rogne, "\" a plus de trois caractères"_w});
   for (std::size_t c = 0; c < choix_.size(); ++c)
     if (c != colonne && EgalSansCasse(Rogner(choix_[c].nom), rogne))
       return Joindre({"Le nom \""_w, rogne, "\" est déjà celui de la colonne "_w, Nombre(c + 1), " ("_w,

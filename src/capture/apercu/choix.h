@@ -23,6 +23,12 @@ enum class Genre {
 
 enum class Ordre { Alphabetique, Frequence, Donne };
 
+inline constexpr std::size_t kNomCourtLePlusLong = 3;
+
+// Equal groups of numbers: no more than there are codes of one character.
+inline constexpr int kGroupesAuMoins = 2;
+inline constexpr int kGroupesAuPlus = 35;
+
 struct ChoixDeColonne {
   std::string intitule;  // of the column, as FaitsDeColonne has it
   Genre genre = Genre::Ecartee;

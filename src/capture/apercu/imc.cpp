@@ -140,7 +140,8 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
       analyse.Refuser("les bornes ne croissent pas");
   } else if (nom == "groupes") {
     const double groupes = NombreDe(analyse, premiere);
-    if (groupes < 2 || groupes > 35 || groupes != ArrondirPair(groupes)) analyse.Refuser("2 à 35 groupes"_w);
+    if (groupes < kGroupesAuMoins || groupes > kGroupesAuPlus || groupes != ArrondirPair(groupes))
+      analyse.Refuser(Joindre({Nombre(kGroupesAuMoins), " à "_w, Nombre(kGroupesAuPlus), " groupes"}));
     choix.groupes = static_cast<int>(groupes);
   } else if (nom == "liste") {
     if (premiere.size() != 1) analyse.Refuser("un seul signe sépare les réponses"_w);

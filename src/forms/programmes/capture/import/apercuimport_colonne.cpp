@@ -21,6 +21,8 @@ constexpr Ordre kOrdres[] = {Ordre::Alphabetique, Ordre::Frequence, Ordre::Donne
 }  // namespace
 
 void ApercuImport::RelierLaColonne() {
+  ui_->TextNom->setMaxLength(static_cast<int>(capture::kNomCourtLePlusLong));
+  ui_->SpinGroupes->setRange(capture::kGroupesAuMoins, capture::kGroupesAuPlus);
   auto& entete = *ui_->Colonnes->horizontalHeader();
   const int pas = fontMetrics().averageCharWidth();
   const int largeurs[] = {0, 7 * pas, 24 * pas, 10 * pas, 8 * pas, 24 * pas};
