@@ -48,4 +48,7 @@ while read -r nombre dossier; do
   [ "$nombre" -le 24 ] || refuser "$dossier : $nombre fichiers sources (24 au plus)"
 done < <(git ls-files 'src/*.cpp' 'src/*.h' 'src/*.ui' | sed 's|/[^/]*$||' | sort | uniq -c)
 
+# Bounds of what a program takes stand beside it, and the form asks for them (forms/pieces/defauts).
+if git grep -nE 'name="(minimum|maximum|maxLength|singleStep)"' -- 'src/forms/*.ui'; then refuser "borne écrite dans un formulaire"; fi
+
 [ "$fautes" = 0 ]

@@ -111,8 +111,8 @@ void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition) {
 }
 
 void ChoisirCaractere(EtatChoixVar& etat, int points) {
-  etat.colonnesParPage = points == 8 ? 6 : 5;
-  etat.lignesParPage = points == 8 ? 24 : 18;
+  etat.colonnesParPage = points == kPetitCaractere ? kPageEnPetit.colonnes : kPageUsuelle.colonnes;
+  etat.lignesParPage = points == kPetitCaractere ? kPageEnPetit.lignes : kPageUsuelle.lignes;
 }
 
 void CocherTableauIsole(EtatChoixVar& etat, bool coche, const Contexte& contexte) {

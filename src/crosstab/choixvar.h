@@ -32,8 +32,8 @@ struct EtatChoixVar {
   ChoixEdition edition = ChoixEdition::Etendue;  // EditCompact, EditLarge, OptTRG
   bool triangulaire = false;                     // OptTRG, until another edition is chosen
   bool tailleVisible = true;                     // FrmTaille
-  int colonnesParPage = 5;
-  int lignesParPage = 18;
+  int colonnesParPage = kPageUsuelle.colonnes;
+  int lignesParPage = kPageUsuelle.lignes;
   bool tableauIsole = false;  // CaseBRT
 
   // What the recount leaves.

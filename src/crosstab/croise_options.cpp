@@ -45,7 +45,7 @@ void DecrireEdition(Description<O>& description) {
       .Bouton("EditLarge", "etendue")
       .Bouton("EditCompact", "compacte")
       .Bouton("OptTRG", "triangulaire")
-      .Choix("caracteres", Du(&RequeteCroise::points), {{"10", 10}, {"8", 8}},
+      .Choix("caracteres", Du(&RequeteCroise::points), {{"10", kCaractereUsuel}, {"8", kPetitCaractere}},
              "taille des caractères de l'édition étendue : pages de 5 x 18 ou 6 x 24 cases"_w)
       .Bouton("Option1", "10")
       .Bouton("Option2", "8");
@@ -124,7 +124,7 @@ RequeteCroise RequeteDeLEtat(const EtatChoixVar& etat, const EnqueteCroisee& enq
   if (etat.troisDimensions) requete.filtres = NomsDuRole(etat, enquete, RoleQuestion::Filtre);
   requete.nonReponses = etat.nonReponses;
   requete.edition = etat.edition;
-  requete.points = etat.lignesParPage == 24 ? 8 : 10;
+  requete.points = etat.lignesParPage == kPageEnPetit.lignes ? kPetitCaractere : kCaractereUsuel;
   requete.ordrePem = etat.ordrePem && !etat.troisDimensions;
   requete.inverserLignes = etat.inverserLignes;
   requete.inverserColonnes = etat.inverserColonnes;

@@ -17,7 +17,7 @@ struct RequeteCroise {
   std::vector<std::string> filtres = {};  // none: two dimensions
   bool nonReponses = true;
   ChoixEdition edition = ChoixEdition::Etendue;
-  int points = 10;  // character size of the wide edition, 10 or 8
+  int points = kCaractereUsuel;  // of the wide edition
   bool ordrePem = false;
   bool inverserLignes = false;
   bool inverserColonnes = false;

@@ -21,13 +21,23 @@ enum class Edition {
   Triangulaire = 5,  // as DeuxBandes, for the rows of the triangular graph
 };
 
+// Cells of the wide edition on a page, by the size of its characters (points).
+struct PageDeCases {
+  int lignes = 0;
+  int colonnes = 0;
+};
+inline constexpr int kCaractereUsuel = 10;
+inline constexpr PageDeCases kPageUsuelle = {18, 5};
+inline constexpr int kPetitCaractere = 8;
+inline constexpr PageDeCases kPageEnPetit = {24, 6};
+
 // What was asked of the printing of a launch.
 struct OptionsEdition {
   bool etendue = true;
   bool triangulaire = false;
   bool detailKhi2 = false;
-  int colonnesParPage = 5;
-  int lignesParPage = 18;
+  int colonnesParPage = kPageUsuelle.colonnes;
+  int lignesParPage = kPageUsuelle.lignes;
 };
 
 // The columns of a table decide between the compact editions; the wide one and the triangular one go before them.

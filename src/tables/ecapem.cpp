@@ -75,7 +75,9 @@ void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   t.rapport.Ligne(LigneDesIndividus(individus));
   if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
-  ExigerPlace(t.contexte, t.rapport, {32 * cellules, 52 * cellules});
+  constexpr std::uint64_t kMemoireParCellule = 32;  // half a table, links and their sort
+  constexpr std::uint64_t kDisqueParCellule = 52;   // lines of the report and of the link file
+  ExigerPlace(t.contexte, t.rapport, {kMemoireParCellule * cellules, kDisqueParCellule * cellules});
   const DemiBurt burt = LireDemiBurt(t.brt, modalites, t.parametres.largeur, t.modalites);
   std::vector<Lien> liens = LiensDuBurt(burt, static_cast<double>(individus));
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Burt);

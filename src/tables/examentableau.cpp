@@ -121,7 +121,9 @@ void ExaminerTableau(const TravailEcapem& t) {
   // Bytes a cell takes at the most: table, theoretical counts, PEM, links and their sorts; report and link file.
   // A count of rows that the file cannot hold is told by its reader.
   const std::uint64_t cellules = std::min<std::uint64_t>(lignes, LongueurFichier(t.brt)) * t.modalites.size();
-  ExigerPlace(t.contexte, t.rapport, {66 * cellules, 30 * cellules});
+  constexpr std::uint64_t kMemoireParCellule = 66;
+  constexpr std::uint64_t kDisqueParCellule = 30;
+  ExigerPlace(t.contexte, t.rapport, {kMemoireParCellule * cellules, kDisqueParCellule * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
   const Noms noms{t.modalites, std::move(lue.lignes)};
   const OrdresTries tries = OrdresDemandes(t.parametres.de);

@@ -161,11 +161,12 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   EcrireBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
   const Tableau tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
-  // A text for each cell in memory; the inverted table takes as much as the table.
+  // A text for each cell in memory, of this size; the inverted table takes as much as the table.
   const auto cellules =
       static_cast<std::uint64_t>(std::clamp<std::int64_t>(tableau.lignes, 0, tableau.lignesDuFichier)) *
       tableau.colonnes.size();
-  ExigerPlace(contexte, rapport, {40 * cellules, LongueurFichier(tableau.brt)});
+  constexpr std::uint64_t kTexteDeCellule = 40;
+  ExigerPlace(contexte, rapport, {kTexteDeCellule * cellules, LongueurFichier(tableau.brt)});
   const TableauEntier entier = LireEntier(tableau);
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);

@@ -43,6 +43,7 @@ std::string EcrireLigne(const ChoixDeColonne& choix) {
   if (choix.genre == Genre::Textes) {
     if (choix.ordre != Ordre::Donne) parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
     if (!choix.textes.empty()) parametre("textes", Liste(choix.textes));
+    if (choix.fondus) parametre("fondus", "oui");
   }
   if (choix.genre == Genre::Classes) {
     std::vector<std::string> bornes;
@@ -128,6 +129,9 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
   } else if (nom == "textes") {
     choix.ordre = Ordre::Donne;
     choix.textes = valeurs;
+  } else if (nom == "fondus") {
+    if (premiere != "oui" && premiere != "non") analyse.Refuser("oui ou non");
+    choix.fondus = premiere == "oui";
   } else if (nom == "zero") {
     choix.nonReponses = valeurs;
   } else if (nom == "bornes") {
@@ -136,7 +140,8 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
       analyse.Refuser("les bornes ne croissent pas");
   } else if (nom == "groupes") {
     const double groupes = NombreDe(analyse, premiere);
-    if (groupes < 2 || groupes > 35 || groupes != ArrondirPair(groupes)) analyse.Refuser("2 à 35 groupes"_w);
+    if (groupes < kGroupesAuMoins || groupes > kGroupesAuPlus || groupes != ArrondirPair(groupes))
+      analyse.Refuser(Joindre({Nombre(kGroupesAuMoins), " à "_w, Nombre(kGroupesAuPlus), " groupes"}));
     choix.groupes = static_cast<int>(groupes);
   } else if (nom == "liste") {
     if (premiere.size() != 1) analyse.Refuser("un seul signe sépare les réponses"_w);

@@ -41,9 +41,9 @@ std::string_view RefusDeQuestion(const EtatDescripteur& etat, std::string_view n
   if (Rogner(nom).empty()) return "Nom vide";
   if (codeMax.empty())
     return genre == GenreDescription::NumeriqueCourte ? "Code max non défini"_w : "Largeur non définie"_w;
-  if (nom.size() < 3) return "Le nom n'a pas 3 caractères"_w;
+  if (nom.size() < kLongueurDuNom) return "Le nom n'a pas 3 caractères"_w;
   if (const std::string_view refus = RefusDuNombre(codeMax, genre); !refus.empty()) return refus;
-  if (const std::string_view refus = RefusDuNom(etat, nom.substr(0, 3)); !refus.empty()) return refus;
+  if (const std::string_view refus = RefusDuNom(etat, nom.substr(0, kLongueurDuNom)); !refus.empty()) return refus;
   if (!etat.corrigee && etat.questions.size() >= kQuestionsDuDescripteur)
     return "Un descripteur ne peut pas avoir plus de 1000 questions";
   return {};
@@ -53,7 +53,7 @@ std::string_view ValiderQuestion(EtatDescripteur& etat, std::string_view nom, st
                                  GenreDescription genre) {
   const std::string_view refus = RefusDeQuestion(etat, nom, codeMax, genre);
   if (!refus.empty()) return refus;
-  DefinitionDeQuestion question{std::string(nom.substr(0, 3)), static_cast<int>(ValeurDe(codeMax)), genre};
+  DefinitionDeQuestion question{std::string(nom.substr(0, kLongueurDuNom)), static_cast<int>(ValeurDe(codeMax)), genre};
   if (etat.corrigee) etat.questions[*etat.corrigee] = std::move(question);
   else etat.questions.push_back(std::move(question));
   etat.corrigee.reset();

@@ -24,6 +24,7 @@ struct EtatDescripteur {
 };
 
 inline constexpr std::size_t kQuestionsDuDescripteur = 1000;
+inline constexpr int kLongueurDuNom = 3;  // of a question
 inline constexpr int kLargeurAlpha = 20;  // of an alphabetic or long numeric question
 inline constexpr int kCodeMaxCourt = 99;  // two columns of the descriptor
 

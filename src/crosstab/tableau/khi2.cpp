@@ -15,15 +15,18 @@ constexpr double kDegresInfinis = 10000000000;
 
 // Area under the normal curve from minus infinity to z.
 double FonctionNormale(double z) {
+  // Of Abramowitz and Stegun, 26.2.17.
   static constexpr std::array<double, 5> coefficients = {0.3194, -0.3566, 1.7815, -1.8213, 1.3303};
-  const double t = 1 / (1 + 0.2316419 * std::fabs(z));
+  constexpr double kEchelle = 0.2316419;
+  constexpr double kDensiteEnZero = 0.39894228;  // 1 over the root of 2 pi
+  const double t = 1 / (1 + kEchelle * std::fabs(z));
   double somme = 0;
   double puissance = 1;
   for (const double coefficient : coefficients) {
     puissance *= t;
     somme += coefficient * puissance;
   }
-  const double queue = 0.39894228 * std::exp(-z * z / 2) * somme;
+  const double queue = kDensiteEnZero * std::exp(-z * z / 2) * somme;
   const double signe = z > 0 ? 1 : z < 0 ? -1 : 0;
   return 0.5 + signe * (0.5 - queue);
 }
@@ -32,21 +35,25 @@ double FonctionNormale(double z) {
 double FonctionF(double f, double numerateur, double denominateur) {
   double a = numerateur;
   double b = denominateur;
+  constexpr double kTiers = 0.33333333;  // as the reports have it, to eight and six decimals
+  constexpr double kDeuxTiers = 0.666667;
+  constexpr double kCorrection = 0.08;  // of Kelley, for at most so many degrees below the line
+  constexpr double kPeuDeDegres = 3;
   const bool inverse = f < 1;
   const double g = inverse ? 1 / f : f;
   if (inverse) std::swap(a, b);
   const double u = 2 / (9 * a);
   const double w = 2 / (9 * b);
-  double z = ((1 - w) * std::pow(g, 0.33333333) - (1 - u)) / std::sqrt(w * std::pow(g, 0.666667) + u);
-  if (b <= 3) z *= 1 + 0.08 * z * z * z * z / (b * b * b);
+  double z = ((1 - w) * std::pow(g, kTiers) - (1 - u)) / std::sqrt(w * std::pow(g, kDeuxTiers) + u);
+  if (b <= kPeuDeDegres) z *= 1 + kCorrection * z * z * z * z / (b * b * b);
   const double p = FonctionNormale(z);
   return inverse ? 1 - p : p;
 }
 
 std::string_view Etoiles(double depassement) {
-  if (depassement > 0.1) return "ns";
-  if (depassement > 0.05) return "* ";
-  return depassement > 0.01 ? "**" : "***";
+  if (depassement > kSeuilDe10PourCent) return "ns";
+  if (depassement > kSeuilDe5PourCent) return "* ";
+  return depassement > kSeuilDe1PourCent ? "**" : "***";
 }
 
 }  // namespace

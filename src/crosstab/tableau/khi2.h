@@ -5,6 +5,16 @@
 
 namespace quelvar::crosstab {
 
+// Chi-square of one degree of freedom that chance passes once in ten, in twenty, in a hundred.
+inline constexpr double kKhi2A10PourCent = 2.71;
+inline constexpr double kKhi2A5PourCent = 3.84;
+inline constexpr double kKhi2A1PourCent = 6.64;
+
+// The same as probabilities: levels at which a result gets one star more.
+inline constexpr double kSeuilDe10PourCent = 0.1;
+inline constexpr double kSeuilDe5PourCent = 0.05;
+inline constexpr double kSeuilDe1PourCent = 0.01;
+
 struct ProbabiliteKhi2 {
   double p = 0;             // distribution function, from 0 to 1; -1 for a negative chi-square
   std::string_view marque;  // "ns", "* ", "**", "***"; "Erreur" for a negative chi-square

@@ -2,6 +2,8 @@
 // chi-square of the 2 x 2 table that the cell makes with everything else.
 #pragma once
 
+#include "crosstab/tableau/khi2.h"
+
 namespace quelvar::crosstab {
 
 struct AttractionLocale {
@@ -17,6 +19,6 @@ struct AttractionLocale {
 AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif);
 
 // Chi-square of the 2 x 2 table above this is a cell marked as attracted or repelled at 10 %.
-inline constexpr double kSeuilAttraction = 2.71;
+inline constexpr double kSeuilAttraction = kKhi2A10PourCent;
 
 }  // namespace quelvar::crosstab

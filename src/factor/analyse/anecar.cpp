@@ -20,8 +20,6 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::string_view kTravail = "$$AEI.TIS";
-constexpr int kFacteursParDefaut = 3;
-constexpr int kFacteursAClasser = 5;
 constexpr int kBurtEnListes = 50;  // from this size on a table is edited by sorted listings at level 1
 
 // The options with every choice of the level made.

@@ -24,6 +24,9 @@ struct PreparationAnecar {
 
 inline constexpr int kSeuilMoyen = -1;
 
+inline constexpr int kFacteursParDefaut = 3;
+inline constexpr int kFacteursAClasser = 5;  // with a classification
+
 struct OptionsAnecar {
   TypeAnalyse type = TypeAnalyse::Afc;
   std::optional<int> facteurs;  // 0 stands for 3; left out: 3, or 5 with a classification

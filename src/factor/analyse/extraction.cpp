@@ -127,8 +127,10 @@ std::size_t LigneTemoin(const Matrice& d) {
 
 std::int64_t ToursAuPlus(const Matrice& d) {
   constexpr std::int64_t kCellules = 200'000'000'000;
+  constexpr std::int64_t kToursAuMoins = 50'000;
+  constexpr std::int64_t kToursToujoursAssez = 1'000'000;
   const auto cellules = static_cast<std::int64_t>(std::max<std::size_t>(d.Valeurs().size(), 1));
-  return std::clamp<std::int64_t>(kCellules / cellules, 50'000, 1'000'000);
+  return std::clamp<std::int64_t>(kCellules / cellules, kToursAuMoins, kToursToujoursAssez);
 }
 
 VecteursSinguliers Iterer(const Matrice& d, const Ecarts& ecarts, std::int64_t toursAuPlus,
@@ -197,7 +199,8 @@ namespace {
 // What rounding alone brings above 1000 is 1000.
 std::int16_t PourMille(double valeur) {
   constexpr double kArrondi = 1e-9;
-  return valeur > 1000 * (1 + kArrondi) ? std::int16_t{999} : Entier16(valeur);
+  constexpr std::int16_t kLePlusMontre = 999;  // of what is above for another reason
+  return valeur > 1000 * (1 + kArrondi) ? kLePlusMontre : Entier16(valeur);
 }
 
 }  // namespace

@@ -95,6 +95,8 @@ class Operateur {
   Vecteur poids_;    // of the rows
 };
 
+constexpr double kRienDeNeuf = 1e-10;  // left of a direction of length 1 when what is known is taken off
+
 // The space in use: orthonormal directions, their images, and the best eigenpairs in it.
 class Espace {
  public:
@@ -120,7 +122,7 @@ class Espace {
     for (int tour = 0; tour < 2; ++tour)
       for (const Vecteur& q : base_) Ajouter(v, -Produit(q, v), q);
     const double reste = std::sqrt(Produit(v, v));
-    if (!(reste > 1e-10)) return false;
+    if (!(reste > kRienDeNeuf)) return false;
     for (double& x : v) x /= reste;
     base_.push_back(std::move(v));
     images_.push_back(operateur_(base_.back()));
@@ -164,11 +166,16 @@ class Espace {
 
 // A direction that has a part in every factor of any table met; always the same.
 Vecteur DirectionQuelconque(std::size_t taille) {
+  // The linear congruential generator of D. E. Knuth (MMIX), as 53 bits after the point.
+  constexpr std::uint64_t kMultiplicateur = 6364136223846793005ULL;
+  constexpr std::uint64_t kIncrement = 1442695040888963407ULL;
+  constexpr int kBitsDeMantisse = 53;
+  constexpr double kPasParUnite = 9007199254740992.0;  // 2^53
   Vecteur v(taille);
   std::uint64_t etat = 0x9E3779B97F4A7C15ULL;
   for (double& x : v) {
-    etat = etat * 6364136223846793005ULL + 1442695040888963407ULL;
-    x = static_cast<double>(etat >> 11) / 9007199254740992.0 - 0.5;
+    etat = etat * kMultiplicateur + kIncrement;
+    x = static_cast<double>(etat >> (64 - kBitsDeMantisse)) / kPasParUnite - 0.5;
   }
   return v;
 }
@@ -224,6 +231,7 @@ bool EstLaMemeValeur(double trouvee, double plusGrande, double inertie) {
 
 ValeursEtVecteurs DiagonaliserSymetrique(Matrice m) {
   constexpr int kToursMaximum = 60;
+  constexpr double kNegligeable = 1e-32;  // of squares: the relative rounding of a double, squared
   const std::size_t n = m.Lignes();
   Matrice v(n, n);
   for (std::size_t i = 0; i < n; ++i) v(i, i) = 1;
@@ -234,7 +242,7 @@ ValeursEtVecteurs DiagonaliserSymetrique(Matrice m) {
       diagonale += m(i, i) * m(i, i);
       for (std::size_t j = 0; j < i; ++j) hors += m(i, j) * m(i, j);
     }
-    if (!(hors > 1e-32 * diagonale)) break;
+    if (!(hors > kNegligeable * diagonale)) break;
     for (std::size_t p = 0; p + 1 < n; ++p)
       for (std::size_t q = p + 1; q < n; ++q) {
         if (m(p, q) == 0) continue;

@@ -7,6 +7,7 @@
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
+#include "crosstab/tableau/khi2.h"
 
 namespace quelvar::factor {
 
@@ -58,7 +59,12 @@ Attraction Attirer(const Rencontre& rencontre) {
   return attraction;
 }
 
-int ClasseKhi2(double khi2) { return khi2 >= 6.64 ? 3 : khi2 >= 3.84 ? 2 : khi2 >= 2.71 ? 1 : 0; }
+int ClasseKhi2(double khi2) {
+  int classe = 0;
+  for (const double seuil : {crosstab::kKhi2A10PourCent, crosstab::kKhi2A5PourCent, crosstab::kKhi2A1PourCent})
+    classe += khi2 >= seuil ? 1 : 0;
+  return classe;
+}
 
 std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions) {
   std::vector<Cle> cles;

@@ -203,7 +203,7 @@ bool EcrirePdfDessin(QIODevice& sortie, const Dessin& dessin) {
   pdf.setPageSize(
       QPageSize(QSizeF(dessin.Largeur(), dessin.Hauteur()), QPageSize::Point, QString(), QPageSize::ExactMatch));
   pdf.setPageMargins(QMarginsF());
-  pdf.setResolution(1200);
+  pdf.setResolution(kResolutionLaPlusHaute);
   QPainter peintre;
   if (!peintre.begin(&pdf)) return false;
   peintre.scale(1200 / kPointsParPouce, 1200 / kPointsParPouce);

@@ -13,6 +13,9 @@ namespace quelvar::forms {
 void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone);
 
 inline constexpr int kResolution = 200;  // dots an inch, when nobody chooses
+inline constexpr int kResolutionLaPlusBasse = 50;
+inline constexpr int kResolutionLaPlusHaute = 1200;  // that of a fine printer
+inline constexpr int kPasDeResolution = 50;
 
 // Writes BMP, PNG, SVG or PDF after the extension of the name; false when it can't, and a file of that name then stays
 // what it was. `resolution` is that of BMP and PNG, dots an inch.

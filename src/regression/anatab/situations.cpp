@@ -5,6 +5,7 @@
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
+#include "crosstab/tableau/khi2.h"
 
 namespace quelvar::regression {
 
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int kLargeurCourte = 4;
 constexpr int kDecimalesConservees = 6;
-constexpr double kSeuils[] = {2.71, 3.84, 6.64};
+constexpr double kSeuils[] = {crosstab::kKhi2A10PourCent, crosstab::kKhi2A5PourCent, crosstab::kKhi2A1PourCent};
 
 // The flag of the explained modality is kept by the order of the file, that of the references by the packed one: a
 // modality may thus bear the mark of another.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/texte/nombres.h"
+#include "crosstab/tableau/khi2.h"
 #include "regression/colonne.h"
 
 namespace quelvar::regression {
@@ -108,9 +109,9 @@ void ImprimerMoyennes(Rapport& rapport, const Travail& travail, const ModeleAjus
 }
 
 std::string_view MarqueDeParametre(double depassement) {
-  if (depassement <= 0.01) return "***";
-  if (depassement <= 0.05) return "** ";
-  return depassement <= 0.1 ? "*  " : "ns ";
+  if (depassement <= crosstab::kSeuilDe1PourCent) return "***";
+  if (depassement <= crosstab::kSeuilDe5PourCent) return "** ";
+  return depassement <= crosstab::kSeuilDe10PourCent ? "*  " : "ns ";
 }
 
 }  // namespace

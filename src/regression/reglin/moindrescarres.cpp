@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/programme/erreur.h"
+#include "crosstab/tableau/khi2.h"
 
 namespace quelvar::regression {
 
@@ -192,22 +193,34 @@ double ProbabiliteF(double f, double degres1, double degres2) {
   const double b = 2.0 / 9 / degres2;
   const double racine = std::pow(g, 1.0 / 3);
   double z = std::fabs((1 - b) * racine + a - 1) / std::sqrt(a + b * std::pow(g, 2.0 / 3));
-  if (degres2 < 4) z *= 1 + 0.08 * z * z * z * z / (degres2 * degres2 * degres2);
-  const double polynome = 1 + z * (0.196854 + z * (0.115194 + z * (0.000344 + z * 0.019527)));
+  constexpr double kCorrection = 0.08;  // of Kelley, for fewer degrees below the line than this
+  constexpr double kAssezDeDegres = 4;
+  if (degres2 < kAssezDeDegres) z *= 1 + kCorrection * z * z * z * z / (degres2 * degres2 * degres2);
+  // Of Abramowitz and Stegun, 26.2.18.
+  constexpr double kC1 = 0.196854;
+  constexpr double kC2 = 0.115194;
+  constexpr double kC3 = 0.000344;
+  constexpr double kC4 = 0.019527;
+  const double polynome = 1 + z * (kC1 + z * (kC2 + z * (kC3 + z * kC4)));
   const double p = 0.5 / (polynome * polynome * polynome * polynome);
   return renverse ? 1 - p : p;
 }
 
 std::string_view TexteDeF(double probabilite) {
-  if (probabilite > 0.5) return "non significatif";
-  return probabilite > 0.1 ? " * *" : "* * *";
+  constexpr double kUneChanceSurDeux = 0.5;
+  if (probabilite > kUneChanceSurDeux) return "non significatif";
+  return probabilite > crosstab::kSeuilDe10PourCent ? " * *" : "* * *";
 }
 
 std::string_view MarqueT(double t) {
+  // Bounds of the normal variable at 10, 5 and 1 %, on both sides.
+  constexpr double kA10PourCent = 1.645;
+  constexpr double kA5PourCent = 1.96;
+  constexpr double kA1PourCent = 2.576;
   const double grandeur = std::fabs(t);
-  if (grandeur < 1.645) return "Non sign.";
-  if (grandeur < 1.96) return " *";
-  return grandeur < 2.576 ? " * *" : " * * *";
+  if (grandeur < kA10PourCent) return "Non sign.";
+  if (grandeur < kA5PourCent) return " *";
+  return grandeur < kA1PourCent ? " * *" : " * * *";
 }
 
 }  // namespace quelvar::regression

@@ -63,8 +63,11 @@ Position DeplacementDe(const std::pair<std::string, std::string>& couple) {
 
 // A size in percent as the drawing takes it.
 double TailleDe(std::string_view option, double pourcent) {
-  if (pourcent < 20 || pourcent > 1000)
-    throw UsageIncorrect(Joindre({option, "=", Nombre(pourcent), " : on attend un pourcentage de 20 à 1000"_w}));
+  constexpr double kLaPlusPetite = 20;
+  constexpr double kLaPlusGrande = 1000;
+  if (pourcent < kLaPlusPetite || pourcent > kLaPlusGrande)
+    throw UsageIncorrect(Joindre({option, "=", Nombre(pourcent), " : on attend un pourcentage de "_w,
+                                  Nombre(kLaPlusPetite), " à "_w, Nombre(kLaPlusGrande)}));
   return pourcent / 100;
 }
 

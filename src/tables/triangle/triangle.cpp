@@ -30,7 +30,8 @@ double PasDuCote(CoefficientTriangle coefficient) {
 }
 
 double Changer(double valeur, bool plus, CoefficientTriangle coefficient) {
-  const double facteur = 1 + PasDuTexte(coefficient) / 40;
+  constexpr double kPasQuiDoublent = 40;  // steps of the text that make once more its size
+  const double facteur = 1 + PasDuTexte(coefficient) / kPasQuiDoublent;
   return std::clamp(plus ? valeur * facteur : valeur / facteur, kMinimum, kMaximum);
 }
 

@@ -7,10 +7,12 @@ namespace quelvar::text {
 
 namespace {
 
+constexpr unsigned kVersMinuscule = 'a' - 'A';
 constexpr int kEsperluettesQuiGardent = 3;  // a line end behind so many "&" stays
 
 bool Entre(unsigned c, unsigned bas, unsigned haut) { return c >= bas && c <= haut; }
 
+// Letters of the code page by their accented forms, capitals then small ones.
 unsigned SansAccent(unsigned c) {
   if (Entre(c, 192, 198) || Entre(c, 224, 229)) return 'a';
   if (Entre(c, 200, 203) || Entre(c, 232, 235)) return 'e';
@@ -22,9 +24,12 @@ unsigned SansAccent(unsigned c) {
 }
 
 unsigned SansPonctuation(unsigned c) {
+  constexpr unsigned kHorsAscii = 128;
+  constexpr unsigned kLigatureMajuscule = 140;  // the ligature of o and e
+  constexpr unsigned kLigatureMinuscule = 156;
   constexpr std::string_view kSignes = "!\"'(),-.:;<>?[]`\t";
-  if (c < 128 && kSignes.find(static_cast<char>(c)) != std::string_view::npos) return ' ';
-  if (c == 140) return 156;
+  if (c < kHorsAscii && kSignes.find(static_cast<char>(c)) != std::string_view::npos) return ' ';
+  if (c == kLigatureMajuscule) return kLigatureMinuscule;
   return Entre(c, 123, 155) || Entre(c, 157, 191) ? ' ' : c;
 }
 
@@ -36,8 +41,8 @@ std::array<char, 256> TableDe(const OptionsPrepText& options) {
     unsigned c = octet;
     if (options.accents) c = SansAccent(c);
     if (options.ponctuation) c = SansPonctuation(c);
-    if (options.majusculesEnMin && Entre(c, 65, 90)) c += 32;
-    if (options.minusculesEnMaj && Entre(c, 97, 126)) c -= 32;
+    if (options.majusculesEnMin && Entre(c, 'A', 'Z')) c += kVersMinuscule;
+    if (options.minusculesEnMaj && Entre(c, 'a', '~')) c -= kVersMinuscule;
     table[octet] = static_cast<char>(c);
   }
   return table;

@@ -15,16 +15,20 @@ std::string EnTexte(double valeur, int decimales) {
   return texte;
 }
 
+constexpr int kDecimalesAuPlus = 6;
+constexpr double kMemePlace = 1e-6;  // of the grid: what rounding may bring
+
 // The values of a column stand on a grid of its decimals.
 class Grille {
  public:
-  explicit Grille(int decimales) : decimales_(std::min(decimales, 6)), facteur_(std::pow(10.0, decimales_)) {}
+  explicit Grille(int decimales)
+      : decimales_(std::min(decimales, kDecimalesAuPlus)), facteur_(std::pow(10.0, decimales_)) {}
 
   // The first value of the grid that is not below the limit.
   double Premiere(double limite) const {
     const double places = limite * facteur_;
     const double proche = std::nearbyint(places);
-    return (std::abs(places - proche) < 1e-6 ? proche : std::ceil(places)) / facteur_;
+    return (std::abs(places - proche) < kMemePlace ? proche : std::ceil(places)) / facteur_;
   }
   double Avant(double valeur) const { return valeur - 1 / facteur_; }
   std::string Intitule(double debut, double fin) const {

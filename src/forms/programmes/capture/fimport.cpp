@@ -4,6 +4,7 @@
 #include "capture/dbase/tableau.h"
 #include "capture/import_options.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
@@ -18,6 +19,7 @@ constexpr std::string_view kUneSeule = "Vous ne pouvez prendre qu'une seule des 
 
 FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui::FImport>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, capture::DescriptionImportBurt());
   const capture::SourcesPresentes sources = capture::ChercherSources(services.ContexteEnCours());
   const int niveau = services.session.niveau;
   ui_->LabelDBF->setText(VersQt(capture::TextePresence(sources.dbf)));

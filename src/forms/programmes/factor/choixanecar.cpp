@@ -5,6 +5,7 @@
 #include "core/texte/nombres.h"
 #include "factor/analyse/anecar_options.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixanecar.h"
 
@@ -25,6 +26,7 @@ ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparati
       rapport_(std::move(rapport)),
       ui_(std::make_unique<Ui::ChoixAnecar>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, factor::DescriptionAnecar());
   siTrie_ = new frmSiTrié(*ui_->FrEdition, *ui_->CaseLignes2);
   ui_->DispositionEdition->addWidget(siTrie_);
   RelierEditions();
@@ -55,7 +57,8 @@ void ChoixAnecar::RelierEditions() {
 
 void ChoixAnecar::RelierDetails() {
   connect(ui_->ChkCAH, &QCheckBox::toggled, ui_->FrWard, &QWidget::setVisible);
-  connect(ui_->ChkCAH, &QCheckBox::clicked, this, [this] { ui_->TextBoxNbFact->setText(QStringLiteral("5")); });
+  connect(ui_->ChkCAH, &QCheckBox::clicked, this,
+          [this] { ui_->TextBoxNbFact->setText(QString::number(factor::kFacteursAClasser)); });
 }
 
 // The controls of the chosen edition; those of the extended one go back to their defaults when they are hidden, so that
@@ -66,7 +69,7 @@ void ChoixAnecar::MontrerEdition() {
   if (!details) {
     for (QCheckBox* boite : ui_->FrDetails->findChildren<QCheckBox*>()) boite->setChecked(false);
     ui_->OptW1->setChecked(true);
-    ui_->TextBoxNbFact->setText(QStringLiteral("3"));
+    ui_->TextBoxNbFact->setText(QString::number(factor::kFacteursParDefaut));
   }
   MontrerSeuils();
 }

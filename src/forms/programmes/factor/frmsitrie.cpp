@@ -26,6 +26,7 @@ int SeuilDe(const QLineEdit& champ) {
 
 frmSiTrié::frmSiTrié(QWidget& parent, QWidget& avant) : QWidget(&parent), ui_(std::make_unique<Ui::frmSiTrié>()) {
   ui_->setupUi(this);
+  for (QLineEdit* seuil : {ui_->TextBoxCTRL, ui_->TextBoxCTRC}) seuil->setMaxLength(static_cast<int>(kMoyenne.size()));
   QWidget::setTabOrder(&avant, ui_->CaseLignes);
   QWidget::setTabOrder(ui_->CaseLignes, ui_->TextBoxCTRL);
   QWidget::setTabOrder(ui_->TextBoxCTRL, ui_->TextBoxCTRC);

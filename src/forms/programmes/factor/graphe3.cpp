@@ -5,7 +5,9 @@
 #include <cmath>
 
 #include "core/texte/nombres.h"
+#include "forms/images/rendudessin.h"
 #include "forms/texte/texte_qt.h"
+#include "modalities/regroupement/modifburt.h"
 #include "ui_graphe3.h"
 
 namespace quelvar::forms {
@@ -27,6 +29,7 @@ Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapp
       rapport_(std::make_shared<Brouillon>(std::move(rapport))),
       ui_(std::make_unique<Ui::Graphe3>()) {
   ui_->setupUi(this);
+  PoserBornes();
   const factor::DonneesPlan& plan = etat_.donnees;
   ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || !plan.liensLignes.empty());
   ui_->CheckPEM->setEnabled(plan.liensPresents);
@@ -46,6 +49,15 @@ Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapp
 }
 
 Graphe3::~Graphe3() = default;
+
+// Those of the programs that read these controls.
+void Graphe3::PoserBornes() {
+  for (QLineEdit* nom : {ui_->TextNouvNom, ui_->TextNouvCol})
+    nom->setMaxLength(static_cast<int>(modalities::kNomDeGroupeLePlusLong));
+  ui_->Resolution->setRange(kResolutionLaPlusBasse, kResolutionLaPlusHaute);
+  ui_->Resolution->setSingleStep(kPasDeResolution);
+  ui_->Resolution->setValue(kResolution);
+}
 
 void Graphe3::RelierAxes() {
   connect(ui_->TextFH, &QLineEdit::editingFinished, this,

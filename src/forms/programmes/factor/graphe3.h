@@ -25,6 +25,7 @@ class Graphe3 : public Forme {
   void done(int resultat) override;
 
  private:
+  void PoserBornes();
   void RelierAxes();
   void RelierPoints();
   void RelierTaille();

@@ -4,6 +4,7 @@
 
 #include "core/texte/nombres.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/creation/posmod_options.h"
@@ -15,6 +16,7 @@ ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modali
                          Brouillon rapport)
     : Forme(services), mode_(mode), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::ChoixPosmod>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, modalities::DescriptionPosmod());
   ui_->FrmOptions->setVisible(services.session.niveau == 2);
   ui_->FrmIndiv->hide();
   ui_->FrmPos->hide();

@@ -5,6 +5,7 @@
 
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "regression/options.h"
@@ -28,6 +29,7 @@ void MontrerProfils(Services& services, const Contexte& contexte, std::vector<Gr
 ChoixVarInt::ChoixVarInt(Services& services, FichierPos pos)
     : Forme(services), pos_(std::move(pos)), ui_(std::make_unique<Ui::ChoixVarInt>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, regression::DescriptionVarint());
   choix_.statuts.assign(pos_.questions.size(), Statut::Aucun);
   ui_->FrmOptions->setVisible(services.session.niveau == 2);
   for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2}) PreparerListeDeQuestions(*liste);

@@ -1,6 +1,7 @@
 #include "forms/programmes/tables/choixecapem.h"
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "tables/ecapem_options.h"
 #include "ui_choixecapem.h"
 
@@ -8,6 +9,7 @@ namespace quelvar::forms {
 
 ChoixEcapem::ChoixEcapem(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixEcapem>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, tables::DescriptionEcapem());
   RelierAide(*ui_->Aide, "mnuAEcapem");
   MontrerEtat();
   for (QCheckBox* boite : findChildren<QCheckBox*>())

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/texte/texte_qt.h"
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
@@ -22,6 +23,7 @@ constexpr std::size_t kLignesMontrees = 50000;  // more take seconds to lay out
 Concord::Concord(Services& services, text::Concordances concordances)
     : Forme(services), concordances_(std::move(concordances)), ui_(std::make_unique<Ui::Concord>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, text::DescriptionConcordance());
   ui_->TextInfo->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   for (QRadioButton* ordre : {ui_->OptFichier, ui_->OptGauche, ui_->OptDroite})
     connect(ordre, &QRadioButton::toggled, this, [this](bool choisi) {

@@ -1,6 +1,7 @@
 #include "forms/programmes/text/preptext.h"
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/texte/texte_qt.h"
 #include "text/preparation/preptext_options.h"
 #include "ui_preptext.h"
@@ -42,6 +43,7 @@ constexpr std::string_view kAideFinsDeLigne =
 
 PrepText::PrepText(Services& services) : Forme(services), ui_(std::make_unique<Ui::PrepText>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, text::DescriptionPrepText());
   Expliquer(kPresentation);
   const auto expliquer = [this](QCheckBox* boite, std::string_view texte) {
     connect(boite, &QCheckBox::clicked, this, [this, texte] { Expliquer(texte); });

@@ -4,6 +4,7 @@
 
 #include "core/texte/nombres.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/defauts.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "text/tableau/tabmot_options.h"
@@ -14,6 +15,7 @@ namespace quelvar::forms {
 TabMot::TabMot(Services& services, FichierPos pos)
     : Forme(services), pos_(std::move(pos)), ui_(std::make_unique<Ui::TabMot>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, text::DescriptionTabMot());
   for (const Question& question : pos_.questions)
     choix_.statuts.push_back(question.statut == Statut::Actif ? Statut::Actif : Statut::Aucun);
   ui_->TextMsg->hide();
