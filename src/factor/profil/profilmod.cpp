@@ -103,11 +103,11 @@ std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contex
     if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
       throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, rangs));
   };
-  std::optional<std::size_t> precedente;
+  std::optional<CodeDeModalite> precedente;
   for (const Modalite& modalite : mod.modalites) {
     codes.emplace_back();
     const FauteDeNom faute = LireNomDeModalite(pos, modalite.nom, precedente, codes.back());
-    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back().question) : std::nullopt;
+    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back()) : std::nullopt;
     switch (faute) {
       case FauteDeNom::Aucune: exigerSeule(codes.back().question); break;
       case FauteDeNom::Inconnue: controle.Faute(Joindre({"Erreur : ", modalite.nom, " non trouvé"_w})); break;
