@@ -4,6 +4,7 @@
 #include <array>
 #include <numeric>
 
+#include "core/programme/place.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
@@ -11,8 +12,9 @@ namespace quelvar::utilities {
 namespace {
 
 constexpr std::size_t kParBloc = 14;
-constexpr std::size_t kLargeur = 4;                      // columns of a byte
-constexpr std::size_t kMorceau = std::size_t{14} << 14;  // bytes read at a time, whole blocks
+constexpr std::size_t kLargeur = 4;                                  // columns of a byte
+constexpr std::size_t kOctetsDUnBloc = 6 + 2 * kParBloc * kLargeur;  // as it is written, with its line ends
+constexpr std::size_t kMorceau = std::size_t{14} << 14;              // bytes read at a time, whole blocks
 constexpr unsigned kPremierImprimable = 32;
 
 struct Colonnes {
@@ -53,7 +55,7 @@ class Listage {
 
   Rapport& rapport_;
   Colonnes colonnes_;
-  std::array<char, 6 + 2 * kParBloc * kLargeur> bloc_;
+  std::array<char, kOctetsDUnBloc> bloc_;
 };
 
 std::string CodesImprimables() {
@@ -85,6 +87,7 @@ Fin ListerCaracteres(const Contexte& contexte, const OptionsCaracteres& options)
   return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(), [&](Rapport& rapport) {
     const Entree a = ChercherEntree(contexte, options.a);
     ExigerEntrees(rapport, contexte, {a});
+    ExigerPlace(contexte, rapport, {0, LongueurFichier(*a.chemin) * kOctetsDUnBloc / kParBloc});
     EcrireBandeau(rapport, "Affichage d'un fichier caractère par caracactère"_w);
     rapport.Ligne({"Le nom du fichier d'entrée est "_w, a.nom});
     rapport.Ligne("Tables  : code décimal et charactères imprimables "_w);

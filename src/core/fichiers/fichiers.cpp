@@ -12,6 +12,7 @@
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
+#include "core/fichiers/lignelongue.h"
 #include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
 #include "core/programme/erreur.h"
@@ -181,6 +182,12 @@ LecteurLignes& LecteurLignes::operator=(LecteurLignes&& autre) noexcept {
   return *this;
 }
 
+void RefuserLigneTropLongue(std::string_view nom) {
+  throw Erreur(kMemoireInsuffisante,
+               Joindre({"*** Arret du programme : ", nom, " a une ligne de plus de ",
+                        std::to_string(LecteurLignes::kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
+}
+
 // Brings more bytes behind those not given yet; false when the file has no more.
 bool LecteurLignes::Remplir() {
   if (finie_) return false;
@@ -190,14 +197,13 @@ bool LecteurLignes::Remplir() {
     debut_ = 0;
   }
   if (fin_ == capacite_) {
-    if (capacite_ > kLigneAuPlus)
-      throw Erreur(kMemoireInsuffisante,
-                   Joindre({"*** Arret du programme : ", NomDepuisUtf8(nom_), " a une ligne de plus de ",
-                            std::to_string(kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
-    std::unique_ptr<char[]> plusGrand(new char[capacite_ * 2]);
+    constexpr std::size_t kFinDeLigne = 2;  // CR LF behind the longest line
+    if (capacite_ == kLigneAuPlus + kFinDeLigne) RefuserLigneTropLongue(NomDepuisUtf8(nom_));
+    const std::size_t capacite = std::min(capacite_ * 2, kLigneAuPlus + kFinDeLigne);
+    std::unique_ptr<char[]> plusGrand(new char[capacite]);
     std::memcpy(plusGrand.get(), tampon_.get(), fin_);
     tampon_ = std::move(plusGrand);
-    capacite_ *= 2;
+    capacite_ = capacite;
   }
   const std::size_t lus = LireDirect(descripteur_, tampon_.get() + fin_, capacite_ - fin_);
   fin_ += lus;

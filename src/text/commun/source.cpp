@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "core/fichiers/lignelongue.h"
 #include "core/texte/nombres.h"
 #include "text/commun/lignes.h"
 
@@ -49,6 +50,13 @@ TexteConverti Convertir(std::string_view utf8) {
   converti.perdus = Interrogations(converti.octets) - Interrogations(utf8);
   if (converti.perdus > 0) converti.premiereLigne = PremiereLigneAlteree(utf8);
   return converti;
+}
+
+void ExigerLignes(std::string_view octets, std::string_view nom) {
+  if (octets.size() <= LecteurLignes::kLigneAuPlus) return;
+  LignesDuTexte lignes(octets);
+  for (std::string_view ligne; lignes.Lire(ligne);)
+    if (ligne.size() > LecteurLignes::kLigneAuPlus) RefuserLigneTropLongue(nom);
 }
 
 void AjouterUtf8(std::string& utf8, char32_t point) {
@@ -106,6 +114,7 @@ std::string Utf8DepuisUtf16(std::string_view octets, Utf16 sens) {
 
 std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
   std::string octets = LireOctets(chemin);
+  ExigerLignes(octets, nom);
   const std::optional<Utf16> seize = EstUtf16(octets);
   if (!EstAConvertir(octets)) return octets;
   const std::string_view codage = seize ? "UTF-16" : "UTF-8";

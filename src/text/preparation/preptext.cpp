@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/place.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -131,6 +132,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   transmis.Annoncer(rapport, ".pos", "Le fichier de position  ");
   transmis.Annoncer(rapport, ".mod", "Le fichier de modalités "_w);
   ExigerTexte(contexte, rapport, nomOrigine, source);
+  ExigerPlace(contexte, rapport, {LongueurFichier(*source), LongueurFichier(*source)});
 
   std::string texte = PrendreTexte(contexte, *source, nomOrigine, rapport);
   const Apercu ancien = ApercuDe(texte);

@@ -51,6 +51,18 @@ TEST_F(Fichiers, LinesLongerThanTheBufferComeWhole) {
             (std::vector<std::string>{"a", longue, "b", longue}));
 }
 
+TEST_F(Fichiers, ALineBeyondTheBoundIsRefused) {
+  const Chemin longue = Ecrire("LONGUE", "");
+  std::string_view ligne;
+  std::filesystem::resize_file(longue, LecteurLignes::kLigneAuPlus);
+  LecteurLignes juste(longue);
+  ASSERT_TRUE(juste.Lire(ligne));
+  EXPECT_EQ(ligne.size(), LecteurLignes::kLigneAuPlus);
+  std::filesystem::resize_file(longue, LecteurLignes::kLigneAuPlus + 3);
+  LecteurLignes lecteur(longue);
+  EXPECT_EQ(NumeroLeve([&] { lecteur.Lire(ligne); }), kMemoireInsuffisante);
+}
+
 TEST_F(Fichiers, NamesAreFoundWithoutRegardToCase) {
   const Chemin petit = Ecrire("enq.pos", "");
   EXPECT_EQ(ChercherFichier(Dossier(), "ENQ.POS"), petit);
