@@ -4,6 +4,7 @@
 #   ligne NOM FICHIER AVANT COMMANDE...    a command on a source, after AVANT has removed what it makes
 "$bin/quelvar-genere" . CENT 100000 100
 "$bin/quelvar-genere" . MILLION 1000000 100
+cp MILLION.MOD ENTIER.MOD
 "$bin/quelvar-genere" . TCENT 100000 100 --csv
 "$bin/quelvar-genere" . TMILLION 1000000 100 --csv
 "$bin/quelvar-genere" . DCENT 100000 100 --dbf
@@ -120,7 +121,8 @@ for programme in "exporter a=MILLION.DAT c=ZONE.TXT debut=1 fin=50" "fusionner a
   ligne "${programme%% *}" $source "rm -f ZONE.TXT JOINTS.TXT RIEN.prt" "$bin/quelvar-batch" "${programme%% *}" RIEN ${programme#* }
 done
 rm -f ZONE.TXT JOINTS.TXT RIEN.prt
-cp -f MILLION.MOD MODALITES.MOD 2>/dev/null || printf 'MILLION\r\n BRT=2 FMT=1\r\nA000\r\nA001\r\n' >MILLION.MOD
+# The labels of its hundred questions, instead of the ten that posmod has left
+cp ENTIER.MOD MILLION.MOD
 ligne "export-csv" MILLION.DAT "rm -f MILLION.csv" "$bin/quelvar-batch" export-csv MILLION
 # Without the table that posmod made of it
 rm -f MILLION.BRT MILLION.CDG
