@@ -31,15 +31,20 @@ constexpr std::size_t kPlace = std::size_t{1} << 16;
 class Tableur {
  public:
   explicit Tableur(const OptionsExportCsv& options)
-      : separateur_(options.tabulation ? '\t' : ';'), utf8_(options.utf8) {}
+      : separateur_(options.tabulation ? '\t' : ';'),
+        aProteger_(options.choix ? kSeparateurs : std::string{separateur_}),
+        utf8_(options.utf8) {
+    aProteger_ += '"';
+  }
 
   char Separateur() const { return separateur_; }
   bool Utf8() const { return utf8_; }
 
-  // A cell that holds the separator or a quote is quoted, its quotes doubled.
+  // A cell that holds the separator or a quote is quoted, its quotes doubled; in a file that is to be imported again,
+  // also one that holds what an import might take for the separator.
   std::string Cellule(std::string_view texte) const {
     std::string cellule(texte);
-    if (texte.find(separateur_) != std::string_view::npos || texte.find('"') != std::string_view::npos) {
+    if (texte.find_first_of(aProteger_) != std::string_view::npos) {
       for (std::size_t i = cellule.find('"'); i != std::string::npos; i = cellule.find('"', i + 2))
         cellule.insert(i, 1, '"');
       cellule = '"' + cellule + '"';
@@ -48,7 +53,9 @@ class Tableur {
   }
 
  private:
+  static constexpr const char* kSeparateurs = ";,\t|";  // that an import knows
   char separateur_;
+  std::string aProteger_;
   bool utf8_;
 };
 
@@ -370,7 +377,10 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
     Prevenir(contexte, Joindre({"Noms de modalités qui peuvent être ceux de plusieurs questions : "_w,
                                 Nombre(intitules.partages.size()), ", le premier ", intitules.partages.front(),
                                 ". Leur intitulé est donné à tous ces codes : changez le nom d'une des questions"_w}));
-  if (options.choix) PrevenirDesCadrages(contexte, questions, ligne);
+  if (options.choix) {
+    PrevenirDesCadrages(contexte, questions, ligne);
+    if (const std::string perdu = CeQuiNePassePas(pos, *sources.modalites); !perdu.empty()) Prevenir(contexte, perdu);
+  }
   if (const std::string confondus = CodesConfondus(questions); !confondus.empty()) Prevenir(contexte, confondus);
 }
 

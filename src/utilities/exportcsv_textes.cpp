@@ -17,6 +17,7 @@ namespace quelvar::utilities {
 namespace {
 
 constexpr int kLargeurNom = 4;
+constexpr int kLargeurMarque = 3;
 constexpr int kPremierCodeDouble = 36;         // the first one written with two digits
 constexpr std::size_t kDernierCodeNomme = 99;  // last code that has a modality
 constexpr std::size_t kTextesAuPlus = 99;      // that an import makes codes of
@@ -58,6 +59,16 @@ std::vector<std::string> TextesDifferents(const std::vector<std::string>& textes
     differents.push_back(deja ? Joindre({texte, " (", Nombre(code), ")"}) : std::string(texte));
   }
   return differents;
+}
+
+// A modality of the list is marked: supplementary, or coded for a regression.
+bool AUneMarque(const Chemin& mod) {
+  LecteurLignes lecteur(mod);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return false;
+  while (lecteur.Lire(ligne) && !FinitLesModalites(CadreGauche(ligne, kLargeurNom)))
+    if (!Rogner(Milieu(ligne, kLargeurNom + 1, kLargeurMarque)).empty()) return true;
+  return false;
 }
 
 }  // namespace
@@ -112,6 +123,19 @@ std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions) {
   if (nombre == 0) return {};
   return Joindre({"Questions dont deux codes s'écrivent de même : "_w, Nombre(nombre), ", la première "_w, premiere,
                   ". Le tableur ne les distingue plus : donnez-leur d'autres intitulés, ou exportez les codes"_w});
+}
+
+std::string CeQuiNePassePas(const FichierPos& pos, const Chemin& mod) {
+  std::vector<std::string_view> perdus;
+  const auto avecRegle = [](const Question& q) { return q.statut != Statut::Aucun || !q.regle.empty(); };
+  if (Rogner(pos.taille.texte) != Nombre(pos.taille.individus)) perdus.push_back("la suite de la ligne 2 du .POS");
+  if (std::ranges::any_of(pos.questions, avecRegle)) perdus.push_back("les règles et les marques de questions"_w);
+  if (pos.premiereApres + 1 < pos.lignes.size()) perdus.push_back("ce qui suit les questions dans le .POS");
+  if (AUneMarque(mod)) perdus.push_back("les marques de modalités"_w);
+  std::string liste;
+  for (const std::string_view perdu : perdus) liste.append(liste.empty() ? "" : ", ").append(perdu);
+  if (liste.empty()) return {};
+  return Joindre({"Une importation du tableur ne remettra pas : ", liste});
 }
 
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions) {

@@ -31,6 +31,10 @@ IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos
 // The questions of which two codes are written alike, counted with the first of them; empty when there is none.
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions);
 
+// What of the survey a spreadsheet does not hold, even with its choices; empty for nothing. Raises the failures of
+// LecteurLignes.
+std::string CeQuiNePassePas(const FichierPos& pos, const Chemin& mod);
+
 // The bytes of an .IMC by which an import gives the questions their names, widths and codes again.
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions);
 

@@ -408,6 +408,27 @@ TEST_F(RunTableaux, WhatTwoNamesOrTwoMarginsLeaveInDoubtIsSaid) {
   EXPECT_EQ(exporter("A     1 2\r\nLET   2 2A\r\n", ""), Fin::Normale);
   ASSERT_FALSE(boites_.empty());
   EXPECT_TRUE(boites_.back().ends_with("LET. Une importation remettra tous leurs textes au début du champ"_w));
+  EXPECT_EQ(exporter("A     1 2 1=2\r\n", "A  1 S un\r\n"), Fin::Normale);
+  ASSERT_FALSE(boites_.empty());
+  EXPECT_TRUE(boites_.back().ends_with("pas : les règles et les marques de questions, les marques de modalités"_w));
+}
+
+// A spreadsheet of one column, or of two, whose texts hold what separates the cells of others.
+TEST_F(RunTableaux, NoTextIsCutByAnotherSeparatorThanItsOwn) {
+  for (const std::string_view questions :
+       {"LEC   1 2 $Lecture, presse$\r\n", "LEC   1 2 $Lecture; presse$\r\nMUS   2 2\r\n"}) {
+    Ecrire("ENQ.POS", Joindre({"ENQ\r\n 4 \r\n", questions}));
+    Ecrire("ENQ.DAT", "11\r\n12\r\n21\r\n22\r\n");
+    Ecrire("ENQ.MOD", "ENQ\r\n\r\nLEC1   oui, souvent; trop\r\nLEC2   non| jamais, ou peu; rien\r\n");
+    const std::string enquete = EnqueteDe(dossier_.Chemin());
+    ASSERT_EQ(ExporterCsv(contexte_, {.tabulation = true, .choix = true}), Fin::Normale);
+    for (const char* nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD"}) Effacer(nom);
+    capture::OptionsImport options;
+    options.fichierChoix = "ENQ.IMC";
+    ASSERT_EQ(capture::Importer(contexte_, options), Fin::Normale) << montre_;
+    EXPECT_EQ(EnqueteDe(dossier_.Chemin()), enquete);
+    for (const char* nom : {"ENQ.csv", "ENQ.IMC"}) Effacer(nom);
+  }
 }
 
 // "NB36" is the code 36 of NB3 as well as its code 6, and the code 36 of NBA: its place in the list tells.
