@@ -40,13 +40,13 @@ PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille, cons
   // What stands in for a sheet is no file of the survey: it lies where scratch files do.
   source_ = std::make_shared<const SourceDeTable>(fichier_, feuille_, std::filesystem::temp_directory_path(), suivi);
   detectee_ = DetecterLecture(*source_);
-  apercu_ = LireApercu(source_->Texte(), detectee_.lecture);
+  apercu_ = EnNommantLaFeuille(*source_, [&] { return LireApercu(source_->Texte(), detectee_.lecture); });
   choix_ = ProposerChoix(Colonnes());
   touchees_.assign(choix_.size(), false);
 }
 
 void PreparationDImport::ChangerLecture(const Lecture& lecture) {
-  Apercu apercu = LireApercu(source_->Texte(), lecture);
+  Apercu apercu = EnNommantLaFeuille(*source_, [&] { return LireApercu(source_->Texte(), lecture); });
   std::vector<ChoixDeColonne> gardes;
   for (std::size_t c = 0; c < choix_.size(); ++c)
     if (touchees_[c]) gardes.push_back(choix_[c]);
@@ -109,15 +109,21 @@ std::string PreparationDImport::Renommer(std::size_t colonne, std::string_view n
   return {};
 }
 
+std::vector<std::string> PreparationDImport::Refus() const {
+  std::vector<std::string> refus = RefusDeTable(apercu_.faits);
+  for (const std::string& autre : RefusDesChoix(choix_, Colonnes())) refus.push_back(autre);
+  return refus;
+}
+
 std::vector<std::string> PreparationDImport::Remarques() const {
   std::vector<std::string> remarques = RemarquesDeTable(apercu_.faits);
   for (const std::string& remarque : RemarquesDesNegatives(choix_, apercu_.faits)) remarques.push_back(remarque);
+  for (const std::string& remarque : RemarquesDEcriture(choix_, apercu_.faits)) remarques.push_back(remarque);
   return remarques;
 }
 
 bool PreparationDImport::ToutVaBien() const {
-  return ToutEstCodes(choix_) && Doutes().empty() && Refus().empty() &&
-         RemarquesDesNegatives(choix_, apercu_.faits).empty();
+  return ToutEstCodes(choix_) && Doutes().empty() && Refus().empty() && Remarques().empty();
 }
 
 OptionsImport PreparationDImport::Options() const {
@@ -151,7 +157,10 @@ std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeCol
     };
     std::ranges::stable_sort(codes, {}, rang);
   }
-  for (std::size_t i = 0; i < codes.size(); ++i) codes[i].code = static_cast<int>(i) + 1;
+  std::vector<std::string> textes;
+  for (const TexteCode& code : codes) textes.push_back(code.texte);
+  const std::vector<int> donnes = CodesDesTextes(choix, textes);
+  for (std::size_t i = 0; i < codes.size(); ++i) codes[i].code = donnes[i];
   nuls.insert(nuls.end(), codes.begin(), codes.end());
   return nuls;
 }

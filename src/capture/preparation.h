@@ -25,6 +25,7 @@ class PreparationDImport {
   const std::string& Feuille() const { return feuille_; }
   // The text that is read: of the file, or of the sheet that is chosen.
   const Chemin& Texte() const { return source_->Texte(); }
+  const SourceDeTable& Source() const { return *source_; }
   const LectureDetectee& Detectee() const { return detectee_; }
   const Lecture& LectureEnCours() const { return apercu_.lecture; }
   const Apercu& Vue() const { return apercu_; }
@@ -46,7 +47,8 @@ class PreparationDImport {
   // Why a name is refused, empty when it is taken.
   std::string Renommer(std::size_t colonne, std::string_view nom);
 
-  std::vector<std::string> Refus() const { return RefusDesChoix(choix_, Colonnes()); }
+  // What stops the import: rows that have slipped, cells and texts that the choices cannot take.
+  std::vector<std::string> Refus() const;
   // What is not certain of the reading, and what of the table is to be known.
   std::vector<std::string> Doutes() const { return detectee_.DoutesDe(apercu_.lecture); }
   std::vector<std::string> Remarques() const;

@@ -27,6 +27,7 @@ class LigneDeTableur {
   LigneDeTableur(std::string_view ligne, char separateur, bool guillemets = true)
       : reste_(ligne),
         modele_(kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUnsImpairs),
+        separateurs_(static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
         separateur_(separateur),
         avecGuillemets_(guillemets && ligne.find('"') != std::string_view::npos) {}
 
@@ -52,8 +53,7 @@ class LigneDeTableur {
     if (avecGuillemets_ && !reste_.empty() && reste_.front() == '"') {
       cellule = LireEntreGuillemets();
     } else {
-      std::size_t fin = 0;
-      while (fin < reste_.size() && reste_[fin] != separateur_) ++fin;
+      const std::size_t fin = PlaceDuSeparateur();
       cellule = reste_.substr(0, fin);
       Passer(fin);
     }
@@ -68,15 +68,31 @@ class LigneDeTableur {
     reste_ = finie_ ? std::string_view{} : reste_.substr(fin + 1);
   }
   std::string_view LireEntreGuillemets();
+  // Place of the next separator, the end of the line without any; most cells end within eight bytes.
+  std::size_t PlaceDuSeparateur() const {
+    std::size_t fin = 0;
+    for (; fin + 8 <= reste_.size(); fin += 8) {
+      std::uint64_t mot = 0;
+      std::memcpy(&mot, reste_.data() + fin, 8);
+      mot ^= separateurs_;
+      // The lowest byte that is 0 is marked, whatever those above it show.
+      const std::uint64_t zeros = (mot - kUns) & ~mot & ~kSansBitHaut;
+      if (zeros != 0) return fin + static_cast<std::size_t>(std::countr_zero(zeros)) / 8;
+    }
+    while (fin < reste_.size() && reste_[fin] != separateur_) ++fin;
+    return fin;
+  }
 
   static_assert(std::endian::native == std::endian::little, "the first cell is the lowest byte");
   static constexpr std::uint64_t kZeros = 0x0030003000300030ULL;
   static constexpr std::uint64_t kUnsImpairs = 0x0100010001000100ULL;
+  static constexpr std::uint64_t kUns = 0x0101010101010101ULL;
   static constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
   static constexpr std::uint64_t kSeuils = 0x7F767F767F767F76ULL;
 
   std::string_view reste_;
-  std::uint64_t modele_;  // "0" and separator, four times
+  std::uint64_t modele_;       // "0" and separator, four times
+  std::uint64_t separateurs_;  // the separator, eight times
   char separateur_;
   bool avecGuillemets_;
   bool finie_ = false;

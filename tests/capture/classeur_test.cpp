@@ -73,7 +73,7 @@ TEST_F(Classeurs, OdsCellsAsStoredAndInPlace) {
   EXPECT_EQ(Csv("a.ods"), kMarque +
                               "Sexe;\"Âge; en années\";ligne 1 ligne  2\r\n"
                               "0.435;0.05;2;2024-01-15;26:05:09;VRAI;7;7\r\n"
-                              "\r\n\r\n;#N/D\r\n;#N/D\r\n");
+                              "\r\n\r\n;#N/D;;;;;;\r\n;#N/D;;;;;;\r\n");
   EXPECT_EQ(Csv("a.ods", "2020"), kMarque + "1\r\n") << "a name before a number";
   EXPECT_EQ(Csv("a.ods", "2"), kMarque + "1\r\n");
   EXPECT_EQ(Csv("a.ods", "réPONSES"_w), Csv("a.ods"));
@@ -94,9 +94,10 @@ TEST_F(Classeurs, XlsxCellsAsStoredAndInPlace) {
         "<c t=\"e\"><v>#N/A</v></c><c><v>1E-3</v></c><c s=\"1\"/></row>"}},
       "<si><t>Sexe</t></si><si><r><t>Quel</t></r><r><t xml:space=\"preserve\"> âge_x000D_?</t></r>"
       "<rPh><t>KANA</t></rPh></si>");
-  EXPECT_EQ(Csv("a.xlsx"), kMarque +
-                               "\r\nSexe;;Quel âge ?;;;;;;;;;;;;;;;;;;;;;;;;\" b\"\r\n"
-                               "35.1;0.05;2024-01-15;12:00:00;2024-01-15 10:30:00;VRAI;\"a\"\"x\";#N/A;0.001\r\n");
+  EXPECT_EQ(Csv("a.xlsx"),
+            kMarque +
+                "\r\nSexe;;Quel âge ?;;;;;;;;;;;;;;;;;;;;;;;;\" b\"\r\n"
+                "35.1;0.05;2024-01-15;12:00:00;2024-01-15 10:30:00;VRAI;\"a\"\"x\";#N/A;0.001;;;;;;;;;;;;;;;;;;\r\n");
   EXPECT_EQ(Csv("a.xlsx", "1"), kMarque + "9\r\n") << "a hidden sheet when it is asked for";
   essai::EcrireXlsx(Fichier("b.xlsx"),
                     {{"name=\"F\"", "<row><c s=\"1\"><v>0</v></c><c s=\"1\"><v>43844</v></c></row>"}}, {},
@@ -127,7 +128,7 @@ TEST_F(Classeurs, AnEmptySheetIsRefusedWithTheNamesOfTheOthers) {
                    "<table:table-cell><text:p>x</text:p></table:table-cell></table:table-row></table:table>");
   for (const std::string nom : {"a.xlsx", "a.ods"}) {
     try {
-      EcrireFeuilleEnCsv(Fichier(nom), {}, Fichier("a.csv"));
+      EcrireFeuilleEnCsv(Fichier(nom), "Accueil", Fichier("a.csv"));
       ADD_FAILURE() << nom;
     } catch (const Erreur& erreur) {
       EXPECT_TRUE(TexteErreur(erreur).starts_with(
@@ -135,6 +136,31 @@ TEST_F(Classeurs, AnEmptySheetIsRefusedWithTheNamesOfTheOthers) {
           << TexteErreur(erreur);
     }
     EXPECT_NO_THROW(EcrireFeuilleEnCsv(Fichier(nom), "2", Fichier("a.csv"))) << nom;
+    EXPECT_EQ(EcrireFeuilleEnCsv(Fichier(nom), {}, Fichier("a.csv")).Nom(), "Notes") << "one row is better than none";
+  }
+}
+
+TEST_F(Classeurs, UnaskedTheFirstSheetWithATableIsRead) {
+  const auto rangee = [](const std::string& valeur) { return "<row><c><v>" + valeur + "</v></c></row>"; };
+  const std::string titres = rangee("5");
+  const std::string tableau = rangee("6") + "<row/>" + rangee("7");
+  struct Cas {
+    std::vector<essai::PartieDeClasseur> feuilles;
+    std::size_t lue;
+    std::vector<std::size_t> sansTable;
+  };
+  const std::vector<Cas> cas = {
+      {{{"name=\"A\"", tableau}, {"name=\"B\"", tableau}}, 0, {}},
+      {{{"name=\"A\"", "<row/>"}, {"name=\"B\"", titres}, {"name=\"C\"", tableau}}, 2, {0, 1}},
+      {{{"name=\"A\" state=\"hidden\"", tableau}, {"name=\"B\"", titres}, {"name=\"C\"", tableau}}, 2, {1}},
+      {{{"name=\"A\"", titres}, {"name=\"B\" state=\"hidden\"", tableau}}, 0, {}},
+      {{{"name=\"A\" state=\"hidden\"", tableau}}, 0, {}},
+  };
+  for (std::size_t i = 0; i < cas.size(); ++i) {
+    essai::EcrireXlsx(Fichier("a.xlsx"), cas[i].feuilles);
+    const FeuilleLue lue = EcrireFeuilleEnCsv(Fichier("a.xlsx"), {}, Fichier("a.csv"));
+    EXPECT_EQ(lue.rang, cas[i].lue) << i;
+    EXPECT_EQ(lue.sansTable, cas[i].sansTable) << i;
   }
 }
 

@@ -93,6 +93,10 @@ TEST_F(RunTexte, AUtf8TextIsConvertedOrRefusedNeverReadWrong) {
   EXPECT_EQ(Decouper("1\xC3\xA9t\xC3\xA9 \xE2\x98\x83*\n", options), Fin::Normale);
   EXPECT_TRUE(Dit("   1 ?            1 été       "_w)) << montre_;
   EXPECT_TRUE(Dit("*** Attention : 1 caractère(s) de ENQ.TXT"_w));
+  EXPECT_NE(boites_.back().find(
+                "UTF-8 : 3 lettre(s) y occupent plusieurs caractères, la première à la ligne 1.\r\nIl va être "
+                "converti"_w),
+            std::string::npos);
 }
 
 TEST_F(RunTexte, AUtf16TextIsConvertedWithItsMarkOrWithout) {

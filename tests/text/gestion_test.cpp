@@ -83,7 +83,7 @@ TEST_F(RunMotsDesLignes, AMergedRowKeepsItsWordsThroughEveryNewTable) {
   EXPECT_EQ(
       Tete(Sous("ENR"), CherchesDesMots({"un"})),
       std::string("Concordance de : un\r\n2 ligne(s) de ENR.DAT\r\nCe sont les lignes du mot un seul ; la ligne un "
-                  "du tableau (fréquence 4) réunit : un, une"_w));
+                  "du tableau (fréquence 4) réunit :\r\n    un, une"_w));
   ASSERT_EQ(SuplMot(Sous("ENR"), {{{OptionsSuplMot::Action::Genre::LigneSup, "un"},
                                    {OptionsSuplMot::Action::Genre::IntituleLigne, "le", "LE"}}}),
             Fin::Normale);
@@ -93,6 +93,8 @@ TEST_F(RunMotsDesLignes, AMergedRowKeepsItsWordsThroughEveryNewTable) {
   EXPECT_EQ(Lire("ENS.AGR"), "ENS\r\n   7 tous\r\n     le un une\r\n");
   EXPECT_EQ(Concord(Sous("ENS"), {.lignes = {"tous"}}), Fin::Normale);
   EXPECT_TRUE(Dit("Concordance de : tous (le, un, une)\r\n7 ligne(s) de ENS.DAT\r\n\r\n"));
+  ASSERT_EQ(SuplMot(Sous("ENR"), {{{OptionsSuplMot::Action::Genre::IntituleLigne, "LE", "le"}}}), Fin::Normale);
+  EXPECT_EQ(Tete(Sous("ENR"), CherchesDesMots({"le"})), "Concordance de : le\r\n3 ligne(s) de ENR.DAT");
 }
 
 TEST_F(RunMotsDesLignes, RowsWhoseWordsAreNotKnownOrNotThoseOfTheTextSaySo) {
@@ -106,6 +108,8 @@ TEST_F(RunMotsDesLignes, RowsWhoseWordsAreNotKnownOrNotThoseOfTheTextSaySo) {
     Ecrire("ENR.AGR", faux);
     EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), seul + "ne va pas avec ENR.BRT") << faux;
   }
+  EXPECT_EQ(SuplMot(Sous("ENR"), {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENR.AGR"), "ENR\r\n   4 une\r\n     un une\r\n") << "a label corrected by hand may come back";
   std::filesystem::remove(contexte_.repertoire / "ENR.AGR");
   EXPECT_EQ(TeteDeLaLigne(Sous("ENR"), "un"), seul + "n'existe pas");
   EXPECT_EQ(Tete(Sous("ENR"), CherchesDesMots({"un"})), seul + "n'existe pas");

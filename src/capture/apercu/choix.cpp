@@ -192,6 +192,9 @@ std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& 
 
 std::int64_t TextesACoder(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
   std::int64_t nombre = 0;
+  if (choix.fondus)
+    for (const auto& proches : EcrituresProches(choix, colonne))
+      nombre -= static_cast<std::int64_t>(proches.size()) - 1;
   for (const ValeurComptee& valeur : colonne.valeurs)
     if (!EstParmi(choix.nonReponses, valeur.valeur)) ++nombre;
   return colonne.valeurs.empty() ? colonne.differentes : nombre;
@@ -206,7 +209,9 @@ std::string DireZeros(const ChoixDeColonne& choix) {
 }
 
 std::string DevenirTextes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
-  std::string phrase = Joindre({Nombre(TextesACoder(choix, colonne)), " textes deviennent des codes, "});
+  const std::int64_t nombre = TextesACoder(choix, colonne);
+  if (nombre == 1) return Joindre({"1 texte devient le code 1, avec son intitulé"_w});
+  std::string phrase = Joindre({Nombre(nombre), " textes deviennent des codes, "});
   phrase += choix.ordre == Ordre::Alphabetique ? std::string("dans l'ordre alphabétique"_w)
             : choix.ordre == Ordre::Frequence  ? Joindre({"du plus fréquent au plus rare"_w})
                                                : Joindre({"dans l'ordre donné"_w});
@@ -305,12 +310,45 @@ void NommerChoix(std::vector<ChoixDeColonne>& choix) {
   Nommer(choix, true, nullptr);
 }
 
+std::vector<std::string> NomsProposes(std::vector<ChoixDeColonne> choix, const std::vector<FaitsDeColonne>& colonnes) {
+  for (ChoixDeColonne& c : choix) c.nom.clear();
+  Nommer(choix, false, &colonnes);
+  Nommer(choix, true, &colonnes);
+  std::vector<std::string> noms;
+  for (ChoixDeColonne& c : choix) noms.push_back(std::move(c.nom));
+  return noms;
+}
+
+std::vector<std::vector<ValeurComptee>> EcrituresProches(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  const bool liste = choix.genre == Genre::Multiple && choix.liste != '\0';
+  if (!liste && choix.genre != Genre::Textes) return {};
+  std::map<std::string, std::vector<ValeurComptee>> parTexte;
+  for (const ValeurComptee& valeur : liste ? colonne.elements : colonne.valeurs)
+    if (!EstParmi(choix.nonReponses, valeur.valeur)) parTexte[SansEcriture(valeur.valeur)].push_back(valeur);
+  std::vector<std::vector<ValeurComptee>> proches;
+  for (auto& groupe : parTexte)
+    if (groupe.second.size() > 1) proches.push_back(std::move(groupe.second));
+  return proches;
+}
+
+std::vector<int> CodesDesTextes(const ChoixDeColonne& choix, const std::vector<std::string>& textes) {
+  std::vector<int> codes;
+  std::map<std::string, int> donnes;
+  int dernier = 0;
+  for (const std::string& texte : textes) {
+    const auto [donne, nouveau] = donnes.emplace(choix.fondus ? SansEcriture(texte) : texte, dernier + 1);
+    if (nouveau) ++dernier;
+    codes.push_back(donne->second);
+  }
+  return codes;
+}
+
 std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule) {
   const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
   if (const std::optional<NombreLu> nombre = LireNombre(cellule); decimales && nombre) {
-    return nombre->EstAmbigu() && colonne.signes.douteRefuse && nombre->signe == colonne.signes.decimale
+    return nombre->EstAmbigu() && !colonne.decimaleDonnee
                ? "peut avoir des décimales ou des milliers : donnez decimale=virgule ou decimale=point"_w
-               : "a un autre signe décimal que le fichier : donnez decimale=virgule ou decimale=point"_w;
+               : "a un autre signe décimal que d'autres nombres de sa colonne : écrivez-les tous avec le même"_w;
   }
   switch (choix.genre) {
     case Genre::Codes: return "n'est pas un code";

@@ -47,6 +47,8 @@ struct ChoixDeColonne {
   char liste = '\0';                  // sign between the answers of one cell; 0 for one answer a column
   std::vector<std::string> reponses;  // of one answer a column: the texts that count as 1
 
+  bool fondus = false;  // Textes: those that differ by case, accents or blanks only have one code
+
   bool operator==(const ChoixDeColonne&) const = default;
 };
 
@@ -59,6 +61,16 @@ std::vector<Genre> GenresPossibles(const FaitsDeColonne& colonne);
 
 // Gives a name to each choice that needs one and has none, or has one that another has too.
 void NommerChoix(std::vector<ChoixDeColonne>& choix);
+
+// The names that these kinds get without any hand, by column; empty for those that need none.
+std::vector<std::string> NomsProposes(std::vector<ChoixDeColonne> choix, const std::vector<FaitsDeColonne>& colonnes);
+
+// The texts of a column that differ by case, accents or blanks only ("Oui", "OUI"), together; those that count as 0 are
+// left out. Of lists their answers.
+std::vector<std::vector<ValeurComptee>> EcrituresProches(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
+
+// Gives their codes to texts in order; with `fondus` a text has the code of the first that is written nearly so.
+std::vector<int> CodesDesTextes(const ChoixDeColonne& choix, const std::vector<std::string>& textes);
 
 // Why a cell that the choice cannot take stops the import.
 std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule);

@@ -4,11 +4,13 @@
 
 namespace quelvar::capture {
 
-std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi) {
+std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi,
+                                          TraceDeCellules* trace) {
   LecteurDeRangees lecteur(source, lecture);
-  ExamenDeTable examen(lecture);
+  ExamenDeTable examen(lecture, trace);
   examen.LireTitres(lecteur);
   if (!examen.LireRangees(lecteur, ExamenDeTable::kToutes, suivi)) return std::nullopt;
+  if (trace != nullptr) examen.AcheverLaTrace();
   return examen.Conclure(lecteur);
 }
 

@@ -75,6 +75,7 @@ struct FaitsDeColonne {
   std::int64_t nonNumeriques = 0;   // filled cells that are no numbers
   std::int64_t longues = 0;         // texts beyond kLongueurCourte characters
   std::int64_t nonReponses = 0;     // cells "nr", as the export writes the code 0
+  bool decimaleDonnee = false;      // the user has laid down the decimal sign
 };
 inline constexpr std::size_t kValeursGardees = 1000;
 inline constexpr std::int64_t kDifferentesAuPlus = 100000;
@@ -98,7 +99,8 @@ struct FaitsDeTable {
   std::vector<FaitsDeColonne> colonnes;
   std::int64_t courtes = 0, longues = 0;  // irregular rows; the first ones follow
   std::vector<LigneIrreguliere> irregulieres;
-  std::int64_t etrangers = 0;  // characters that the code page has not, shown as "?"
+  std::size_t cellulesPartout = 0;  // cells of every row, when all are short by as many; else 0
+  std::int64_t etrangers = 0;       // characters that the code page has not, shown as "?"
   std::int64_t ligneEtrangere = 0;
   std::int64_t guillemetSansFin = 0;  // line of a quote that nothing closes; 0 without any
 };
@@ -106,9 +108,12 @@ struct FaitsDeTable {
 // Called now and then with the bytes read; false stops the reading.
 using Suivi = std::function<bool(std::uintmax_t octets)>;
 
-// The facts over the whole file; nothing when `suivi` stopped it. Raises kFinDeFichierDepassee and the failures of
-// LecteurLignes.
-std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {});
+class TraceDeCellules;
+
+// The facts over the whole file; nothing when `suivi` stopped it. `trace`, if any, gets its rows. Raises
+// kFinDeFichierDepassee and the failures of LecteurLignes.
+std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {},
+                                          TraceDeCellules* trace = nullptr);
 
 // Number of rows under the titles; nothing when `suivi` stopped it. May run beside the interface on another thread: it
 // keeps nothing.

@@ -43,6 +43,7 @@ std::string EcrireLigne(const ChoixDeColonne& choix) {
   if (choix.genre == Genre::Textes) {
     if (choix.ordre != Ordre::Donne) parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
     if (!choix.textes.empty()) parametre("textes", Liste(choix.textes));
+    if (choix.fondus) parametre("fondus", "oui");
   }
   if (choix.genre == Genre::Classes) {
     std::vector<std::string> bornes;
@@ -128,6 +129,9 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
   } else if (nom == "textes") {
     choix.ordre = Ordre::Donne;
     choix.textes = valeurs;
+  } else if (nom == "fondus") {
+    if (premiere != "oui" && premiere != "non") analyse.Refuser("oui ou non");
+    choix.fondus = premiere == "oui";
   } else if (nom == "zero") {
     choix.nonReponses = valeurs;
   } else if (nom == "bornes") {

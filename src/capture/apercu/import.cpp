@@ -15,6 +15,7 @@
 #include "capture/dbase/import.h"
 #include "capture/fichiers.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -74,11 +75,30 @@ void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::
     throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
 }
 
-// A .CSV without choices beside it is no copy that an earlier import has made.
-void ExigerLaCopie(const Contexte& contexte, const Fichiers& fichiers) {
+// The generic has been imported from that file, or from another one with the same columns: a run makes its files again.
+bool EstRefaite(const Contexte& contexte, const OptionsImport& options, const Fichiers& fichiers,
+                const SourceDeTable& source, const Reconnaissance& table) {
+  const std::optional<Chemin> csv = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
-  if (contexte.Chercher(".IMC") || (texte && MemeFichier(*texte, fichiers.source))) return;
-  ExigerPlace(contexte, fichiers, contexte.Nom(".CSV"), Boutons::NonOui);
+  if (options.fichier.empty() || (texte && MemeFichier(*texte, fichiers.source))) return true;
+  if (csv && (MemeFichier(*csv, fichiers.source) || MemesOctets(*csv, source.Texte()))) return true;
+  const std::optional<Chemin> choix = contexte.Chercher(".IMC");
+  if (!choix) return false;
+  try {
+    return std::ranges::equal(LireImc(*choix), table.choix, {}, &ChoixDeColonne::intitule, &ChoixDeColonne::intitule);
+  } catch (const Erreur&) {
+    return false;
+  }
+}
+
+// Asks before the data of a generic that are none of this table are written over.
+void ExigerLeGenerique(const Contexte& contexte, const OptionsImport& options, const Fichiers& fichiers,
+                       const SourceDeTable& source, const Reconnaissance& table) {
+  const bool occupe = fichiers.datPresent || contexte.Chercher(".CSV") || contexte.Chercher(".DES");
+  if (!occupe || options.remplacer || EstRefaite(contexte, options, fichiers, source, table)) return;
+  if (PeutEtreRemplace(contexte, contexte.generique)) return;
+  throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le générique "_w, contexte.generique,
+                                            " existe déjà, ses fichiers sont gardés (remplacer=oui les remplace)"_w}));
 }
 
 // What the import would write over without being told so by the account.
@@ -147,12 +167,12 @@ void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::strin
 }
 
 // Everything that stops the import, told at once.
-void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, std::string_view source, const Reconnaissance& table,
-                     const Bilan& bilan) {
+void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, std::string_view nom, const SourceDeTable& source,
+                     const Reconnaissance& table, const Bilan& bilan) {
   std::vector<std::string> lignes = RefusDeTable(table.faits);
   for (const std::string& refus : RefusDesTextes(table.choix, table.faits.colonnes)) lignes.push_back(refus);
   if (lignes.empty() && bilan.refus == 0) return;
-  EcrireLecture(rapport, source, table);
+  EcrireLecture(rapport, nom, source, table);
   rapport.Ligne();
   for (const std::string& ligne : lignes) rapport.Ligne(ligne);
   EcrireRefus(rapport, bilan, table.faits, table.choix);
@@ -189,6 +209,7 @@ void EcrireColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const
   EcrireDevenir(rapport, table.choix, table.faits, plan, bilan);
   std::vector<std::string> remarques = RemarquesDeTable(table.faits);
   for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) remarques.push_back(remarque);
+  for (const std::string& remarque : RemarquesDEcriture(table.choix, table.faits)) remarques.push_back(remarque);
   RemarquerNoms(remarques, plan.colonnes, plan.nomsChanges);
   for (const std::string& remarque : RemarquesDeSorties(contexte, plan, bilan, perdus)) remarques.push_back(remarque);
   EcrireRemarques(rapport, remarques);
@@ -198,21 +219,23 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   const Fichiers fichiers = TrouverFichiers(rapport, contexte, options);
   EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
                                                                     : "Compte rendu d'importation de données en CSV"_w);
-  ExigerLaCopie(contexte, fichiers);
   const auto ouverte =
       options.ouverte ? options.ouverte
                       : std::make_shared<const SourceDeTable>(fichiers.source, options.feuille, contexte.repertoire);
   const SourceDeTable& source = *ouverte;
-  const Travail travail =
-      Travailler(contexte, source, options, [&](const Plan& plan) { ExigerPlaces(contexte, fichiers, plan); });
+  const auto accepter = [&](const Reconnaissance& lue, const Plan& prevu) {
+    ExigerLeGenerique(contexte, options, fichiers, source, lue);
+    ExigerPlaces(contexte, fichiers, prevu);
+  };
+  const Travail travail = Travailler(contexte, source, options, accepter);
   const auto& [table, plan, bilan, sorties] = travail;
-  ArreterSurRefus(rapport, contexte, fichiers.nomSource, table, bilan);
+  ArreterSurRefus(rapport, contexte, fichiers.nomSource, source, table, bilan);
 
   if (plan.colonnes.empty() && plan.nombres.empty() && plan.longues.empty())
     throw Erreur(kIncompatibiliteType,
                  Joindre({"*** Arrêt du programme : aucune colonne ne donne de question, de nombre "
                           "ni de texte. Vérifiez la lecture ("_w,
-                          DireLecture(table.lecture), "), ou dites ce que deviennent les colonnes."}));
+                          DireLecture(source, table.lecture), "), ou dites ce que deviennent les colonnes."}));
   if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
   EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   GarderLesDonnees(rapport, contexte, fichiers, sorties->jeu);
@@ -220,7 +243,7 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
   EcrireLesDictionnaires(rapport, contexte, options, fichiers, plan, table, *sorties, perdus);
   CopierSource(contexte, fichiers, source, plan, sorties->jeu);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-  EcrireLecture(rapport, fichiers.nomSource, table);
+  EcrireLecture(rapport, fichiers.nomSource, source, table);
   EcrireColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);
   EcrireVerification(rapport, table.faits.individus, bilan.premieres, false);
   sorties->jeu.Valider();
@@ -257,10 +280,11 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
                           NomDeSource(contexte, options), ")"}));
   const SourceDeTable source(*fichier, options.feuille, contexte.repertoire);
   const Reconnaissance table = Reconnaitre(contexte, source, options);
-  EcrireLecture(rapport, NomDeSource(contexte, options), table);
+  EcrireLecture(rapport, NomDeSource(contexte, options), source, table);
   EcrireTableDesColonnes(rapport, table);
   for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);
   for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) rapport.Ligne(remarque);
+  for (const std::string& remarque : RemarquesDEcriture(table.choix, table.faits)) rapport.Ligne(remarque);
   if (contexte.Chercher(".IMC") && options.fichierChoix.empty())
     rapport.Ligne({"Le fichier ", contexte.Nom(".IMC"),
                    " existe : ses choix ne sont pas repris ici (choix=", contexte.Nom(".IMC"), " les reprend)"});

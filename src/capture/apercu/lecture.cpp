@@ -210,9 +210,12 @@ std::string DireLecture(const Lecture& lecture) {
                                 ", ", lecture.decimale == ',' ? "virgule décimale"_w : "point décimal"_w,
                                 std::string_view(lecture.guillemets ? ", guillemets" : ", sans guillemets")});
   if (lecture.ligneSep) phrase += ", ligne \"sep=\"";
-  phrase += lecture.ligneTitres == 0 ? Joindre({", sans intitulés"_w})
-                                     : Joindre({", intitulés à la ligne "_w, Nombre(lecture.ligneTitres)});
-  return phrase;
+  return phrase + DireIntitules(lecture);
+}
+
+std::string DireIntitules(const Lecture& lecture) {
+  return lecture.ligneTitres == 0 ? Joindre({", sans intitulés"_w})
+                                  : Joindre({", intitulés à la ligne "_w, Nombre(lecture.ligneTitres)});
 }
 
 }  // namespace quelvar::capture

@@ -62,5 +62,7 @@ std::string_view NomDecimale(char decimale);
 
 // The reading in one French sentence (code page): "Windows-1252, séparateur point-virgule, virgule décimale, ...".
 std::string DireLecture(const Lecture& lecture);
+// Its end: ", intitulés à la ligne 1".
+std::string DireIntitules(const Lecture& lecture);
 
 }  // namespace quelvar::capture

@@ -43,8 +43,13 @@ Description<OptionsImport> Decrire(std::string nom, std::string_view resume,
 }  // namespace
 
 const Description<OptionsImport>& DescriptionImport() {
-  static const Description<OptionsImport> description = Decrire(
-      "import", "Importation de toute table, colonne par colonne (.DAT, .POS, .MOD, .TXT, .IMC, .IMP)"_w, Importer);
+  static const Description<OptionsImport> description = Decrire("import",
+                                                                "Importation de toute table, colonne par colonne "
+                                                                "(.DAT, .POS, .MOD, .TXT, .IMC, .IMP)"_w,
+                                                                Importer)
+                                                            .OuiNon("remplacer", &OptionsImport::remplacer,
+                                                                    "remplace les fichiers du générique s'il existe, "
+                                                                    "sans le demander"_w);
   return description;
 }
 

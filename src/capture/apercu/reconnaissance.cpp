@@ -67,10 +67,12 @@ Lecture LectureImposee::Appliquer(Lecture lecture) const {
   return lecture;
 }
 
-Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options) {
+Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                           TraceDeCellules* trace) {
   LectureDetectee detectee = LireLaLecture(source, options.lecture);
-  Reconnaissance table{
-      detectee.lecture, std::move(detectee.doutes), *ExaminerTable(source.Texte(), detectee.lecture), {}};
+  FaitsDeTable faits =
+      EnNommantLaFeuille(source, [&] { return *ExaminerTable(source.Texte(), detectee.lecture, {}, trace); });
+  Reconnaissance table{detectee.lecture, std::move(detectee.doutes), std::move(faits), {}};
   table.choix = ProposerChoix(table.faits.colonnes);
   if (!options.choix.empty()) table.choix = ChoixDeFenetre(source.Texte(), table.lecture, options, table.choix);
   else if (!options.fichierChoix.empty()) table.choix = ChoixDeFichier(contexte, options, table.choix, table.doutes);

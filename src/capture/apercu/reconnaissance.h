@@ -18,6 +18,8 @@ struct Reconnaissance {
 
 // Raises what DetecterLecture, ExaminerTable and LireImc raise, and kFichierIntrouvable for a file of choices that is
 // not there.
-Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options);
+// `trace`, if any, gets the rows of the table.
+Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                           TraceDeCellules* trace = nullptr);
 
 }  // namespace quelvar::capture

@@ -4,11 +4,14 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "capture/apercu/lecture.h"
+#include "capture/classeur/classeur.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/erreur.h"
 
 namespace quelvar::capture {
 
@@ -20,9 +23,9 @@ GenreDeSource GenreDe(const Chemin& fichier);
 // A text to be read: the file itself, or a scratch file made of a sheet, which goes with the object.
 class SourceDeTable {
  public:
-  // `feuille`: name or number of the sheet, empty for the first one. The scratch file stands in `repertoire`. Raises a
-  // sentence for a sheet that is not there or a workbook that cannot be read. `suivi` gets the rows of the sheet that
-  // are read, now and then.
+  // `feuille`: name or number of the sheet, empty for the first one that holds a table. The scratch file stands in
+  // `repertoire`. Raises a sentence for a sheet that is not there or a workbook that cannot be read. `suivi` gets the
+  // rows of the sheet that are read, now and then.
   SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire,
                 const std::function<void(std::int64_t)>& suivi = {});
   ~SourceDeTable();
@@ -31,13 +34,36 @@ class SourceDeTable {
 
   const Chemin& Texte() const { return texte_; }
   bool EstCopie() const { return copie_ != nullptr; }
+  // The sheet of a workbook; nothing for a file that is a text itself.
+  const std::optional<FeuilleLue>& Feuille() const { return feuille_; }
 
  private:
   Chemin texte_;
   std::unique_ptr<Remplacement> copie_;
+  std::optional<FeuilleLue> feuille_;
 };
 
-// The reading of a source; the numbers of a sheet have a decimal point, whatever they look like.
+// The reading of a source; the numbers of a sheet have a decimal point, whatever they look like. Sheets that were
+// passed over are among its doubts. A refusal tells the sheet that it bears on.
 LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue = Etendue::Tete);
+
+// The reading in one French sentence (code page): of a sheet its name and place, of a text what DireLecture says.
+std::string DireLecture(const SourceDeTable& source, const Lecture& lecture);
+// The other sheets of the workbook in a sentence; empty without any.
+std::string DireAutresFeuilles(const SourceDeTable& source);
+
+// The sentence of a refusal with the sheet that it bears on and the other ones.
+std::string RefusDeFeuille(const FeuilleLue& feuille, std::string_view refus);
+
+// Does what reads the source; a sentence that refuses a sheet also names it and the other ones.
+template <typename Faire>
+auto EnNommantLaFeuille(const SourceDeTable& source, Faire&& faire) {
+  try {
+    return faire();
+  } catch (const Erreur& erreur) {
+    if (!source.Feuille() || erreur.Numero() != kIncompatibiliteType) throw;
+    throw Erreur(kIncompatibiliteType, RefusDeFeuille(*source.Feuille(), TexteErreur(erreur)));
+  }
+}
 
 }  // namespace quelvar::capture

@@ -10,7 +10,8 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::int64_t kPremiers = 5000;  // individuals whose codes tell the widths of all
+constexpr std::string_view kTrace = "cellules";  // of a file that has no name in the end
+constexpr std::int64_t kPremiers = 5000;         // individuals whose codes tell the widths of all
 
 // The facts that the reading has found in the place of those of the first rows.
 FaitsDeTable FaitsDuPassage(FaitsDeTable faits, const PassageDirect& passage) {
@@ -51,7 +52,8 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   LectureDetectee detectee = DetecterLecture(source);
   if (options.lecture.titres) detectee.douteTitres.clear();
   const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
-  if (!SansAutreChoix(options, LireApercu(source.Texte(), lecture))) return false;
+  const Apercu vue = EnNommantLaFeuille(source, [&] { return LireApercu(source.Texte(), lecture); });
+  if (!SansAutreChoix(options, vue)) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
   if (!promesse || AvecCrSeuls(source.Texte())) return false;
@@ -72,6 +74,21 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   return TientPromesse(travail.plan, *promesse);
 }
 
+// True when what the first reading has kept of the cells was enough; else nothing is left of it.
+bool TravaillerSelonTrace(const Contexte& contexte, const TraceDeCellules& trace, Travail& travail) {
+  travail.sorties = std::make_unique<Sorties>(contexte, false);
+  Progression progression(contexte.Ecran(), travail.table.faits.individus);
+  Ecrivain& dat = travail.sorties->jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  std::optional<Bilan> bilan =
+      EcrireSelonTrace(trace, travail.plan, travail.table.faits.individus, dat, [&] { progression.Avancer(); });
+  if (!bilan) {
+    travail.sorties.reset();
+    return false;
+  }
+  travail.bilan = *std::move(bilan);
+  return true;
+}
+
 }  // namespace
 
 Sorties::Sorties(const Contexte& contexte, bool avecNombres)
@@ -80,16 +97,18 @@ Sorties::Sorties(const Contexte& contexte, bool avecNombres)
                           : GeneriqueTenu()) {}
 
 Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
-                   const std::function<void(const Plan&)>& accepter) {
+                   const std::function<void(const Reconnaissance&, const Plan&)>& accepter) {
   Travail travail;
   if (TravaillerDirect(contexte, source, options, travail)) {
-    accepter(travail.plan);
+    accepter(travail.table, travail.plan);
     return travail;
   }
   travail = {};  // what was written goes with its set
-  travail.table = Reconnaitre(contexte, source, options);
+  TraceDeCellules trace(CheminDEcriture(contexte.repertoire, kTrace));
+  travail.table = Reconnaitre(contexte, source, options, &trace);
   travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);
-  accepter(travail.plan);
+  accepter(travail.table, travail.plan);
+  if (TravaillerSelonTrace(contexte, trace, travail)) return travail;
   travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());
   JeuDeFichiers& jeu = travail.sorties->jeu;
   SortiesDeTable fichiers;

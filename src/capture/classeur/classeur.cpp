@@ -26,24 +26,32 @@ struct Ouvert {
       RefuserClasseur("ce n'est pas un fichier .ods ou .xlsx");
     }
     if (noms.empty()) RefuserClasseur("il n'a pas de feuille de calcul");
+    cachees.resize(noms.size());
+    if (!xlsx || std::ranges::all_of(xlsx->feuilles, &FeuilleXlsx::cachee)) return;
+    for (std::size_t i = 0; i < noms.size(); ++i) cachees[i] = xlsx->feuilles[i].cachee;
   }
 
   Archive archive;
   std::optional<ClasseurXlsx> xlsx;
   std::vector<std::string> noms;
+  std::vector<bool> cachees;  // never all of them
 };
 
 std::size_t PremiereVisible(const Ouvert& ouvert) {
-  if (!ouvert.xlsx) return 0;
-  const auto& feuilles = ouvert.xlsx->feuilles;
-  const auto visible = std::ranges::find(feuilles, false, &FeuilleXlsx::cachee);
-  return visible == feuilles.end() ? 0 : static_cast<std::size_t>(visible - feuilles.begin());
+  return static_cast<std::size_t>(std::ranges::find(ouvert.cachees, false) - ouvert.cachees.begin());
 }
 
-std::string ListeDesFeuilles(const Ouvert& ouvert) {
+// Numbers and names of the sheets that `voulue` takes.
+template <typename Voulue>
+std::string Enumerer(const std::vector<std::string>& noms, Voulue&& voulue) {
+  constexpr std::size_t kCitees = 20;
   std::string liste;
-  for (std::size_t i = 0; i < ouvert.noms.size(); ++i)
-    liste += Joindre({std::string_view(i == 0 ? "" : ", "), Nombre(i + 1), " \"", ouvert.noms[i], "\""});
+  std::size_t citees = 0;
+  for (std::size_t i = 0; i < noms.size(); ++i) {
+    if (!voulue(i)) continue;
+    if (citees++ == kCitees) return liste + "...";
+    liste += Joindre({std::string_view(liste.empty() ? "" : ", "), Nombre(i + 1), " \"", noms[i], "\""});
+  }
   return liste;
 }
 
@@ -62,7 +70,7 @@ std::size_t RangDe(const Ouvert& ouvert, std::string_view feuille) {
   if (std::from_chars(feuille.data(), fin, numero).ptr == fin && numero >= 1 && numero <= ouvert.noms.size())
     return numero - 1;
   throw Erreur(kIncompatibiliteType, Joindre({"Ce classeur n'a pas de feuille \"", feuille,
-                                              "\". Ses feuilles sont : ", ListeDesFeuilles(ouvert), "."}));
+                                              "\". Ses feuilles sont : ", ListeDesFeuilles(ouvert.noms), "."}));
 }
 
 void LireLaFeuille(const Ouvert& ouvert, std::size_t rang, const RecevoirLigne& recevoir) {
@@ -83,6 +91,67 @@ void EcrireCellule(std::string_view cellule, std::string& ligne) {
   if (entreGuillemets) ligne += '"';
 }
 
+constexpr std::int64_t kRangeesDeTable = 2;  // titles, and an individual
+
+// Blanks, what is written as one, and no-break spaces.
+bool EstBlanche(std::string_view cellule) {
+  constexpr std::string_view kInsecable = "\xC2\xA0";
+  while (!cellule.empty()) {
+    const bool insecable = cellule.starts_with(kInsecable);
+    if (!insecable && static_cast<unsigned char>(cellule.front()) > ' ') return false;
+    cellule.remove_prefix(insecable ? kInsecable.size() : 1);
+  }
+  return true;
+}
+
+// The rows that hold something.
+std::int64_t EcrireUneFeuille(const Ouvert& ouvert, std::size_t rang, const Chemin& csv,
+                              const std::function<void(std::int64_t)>& suivi) {
+  Ecrivain ecrivain(csv);
+  std::string ligne = "\xEF\xBB\xBF";
+  constexpr std::int64_t kPas = 1024;
+  std::int64_t lignes = 0;
+  std::int64_t remplies = 0;
+  std::size_t largeur = 0;
+  LireLaFeuille(ouvert, rang, [&](std::span<const std::string> cellules) {
+    for (std::size_t c = 0; c < cellules.size(); ++c) {
+      if (c > 0) ligne += ';';
+      if (!cellules[c].empty()) EcrireCellule(cellules[c], ligne);
+    }
+    largeur = std::max(largeur, cellules.size());
+    // A row that holds nothing stays a blank line: empty lines at the end of a sheet are none of its rows.
+    if (!cellules.empty()) ligne.append(largeur - cellules.size(), ';');
+    ligne += "\r\n";
+    ecrivain.Ecrire(ligne);
+    ligne.clear();
+    if (!std::ranges::all_of(cellules, EstBlanche)) ++remplies;
+    if (++lignes % kPas == 0 && suivi) suivi(lignes);
+    return true;
+  });
+  ecrivain.Fermer();
+  return remplies;
+}
+
+// Writes the sheet that is read when none is asked for; its rows, 0 when all are empty.
+std::int64_t EcrireLaPremiere(const Ouvert& ouvert, FeuilleLue& lue,
+                              const std::function<std::int64_t(std::size_t)>& ecrire) {
+  std::optional<std::size_t> uneRangee;
+  for (std::size_t rang = 0; rang < ouvert.noms.size(); ++rang) {
+    if (ouvert.cachees[rang]) continue;
+    const std::int64_t rangees = ecrire(rang);
+    if (rangees >= kRangeesDeTable) {
+      lue.rang = rang;
+      return rangees;
+    }
+    if (rangees > 0 && !uneRangee) uneRangee = rang;
+    lue.sansTable.push_back(rang);
+  }
+  lue.sansTable.clear();
+  if (!uneRangee) return 0;
+  lue.rang = *uneRangee;
+  return ecrire(lue.rang);
+}
+
 }  // namespace
 
 bool EstNomDeClasseur(std::string_view nom) {
@@ -100,31 +169,31 @@ void LireFeuille(const Chemin& classeur, std::string_view feuille, const Recevoi
   LireLaFeuille(ouvert, RangDe(ouvert, feuille), recevoir);
 }
 
-void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
-                        const std::function<void(std::int64_t)>& suivi) {
+FeuilleLue EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
+                              const std::function<void(std::int64_t)>& suivi) {
   const Ouvert ouvert(classeur);
-  const std::size_t rang = RangDe(ouvert, feuille);
-  Ecrivain ecrivain(csv);
-  std::string ligne = "\xEF\xBB\xBF";
-  constexpr std::int64_t kPas = 1024;
-  std::int64_t lignes = 0;
-  LireLaFeuille(ouvert, rang, [&](std::span<const std::string> cellules) {
-    for (std::size_t c = 0; c < cellules.size(); ++c) {
-      if (c > 0) ligne += ';';
-      if (!cellules[c].empty()) EcrireCellule(cellules[c], ligne);
-    }
-    ligne += "\r\n";
-    ecrivain.Ecrire(ligne);
-    ligne.clear();
-    if (++lignes % kPas == 0 && suivi) suivi(lignes);
-    return true;
-  });
-  if (lignes == 0)
+  FeuilleLue lue{RangDe(ouvert, feuille), ouvert.noms, {}};
+  const auto ecrire = [&](std::size_t rang) { return EcrireUneFeuille(ouvert, rang, csv, suivi); };
+  const std::int64_t rangees = feuille.empty() ? EcrireLaPremiere(ouvert, lue, ecrire) : ecrire(lue.rang);
+  if (rangees == 0)
     throw Erreur(kIncompatibiliteType,
-                 Joindre({"La feuille \"", ouvert.noms[rang], "\" de ", TexteDe(classeur.filename()),
-                          " est vide. Ses feuilles sont : ", ListeDesFeuilles(ouvert),
+                 Joindre({"La feuille \"", lue.Nom(), "\" de ", TexteDe(classeur.filename()),
+                          " est vide. Ses feuilles sont : ", ListeDesFeuilles(ouvert.noms),
                           ". Donnez-en une autre (feuille=N), ou mettez le tableau dans la première."_w}));
-  ecrivain.Fermer();
+  return lue;
+}
+
+std::string DesignerFeuille(const FeuilleLue& feuille) {
+  const bool seule = std::ranges::count(feuille.feuilles, feuille.Nom()) == 1;
+  return seule && !feuille.Nom().empty() ? feuille.Nom() : Nombre(feuille.rang + 1);
+}
+
+std::string AutresFeuilles(const FeuilleLue& feuille) {
+  return Enumerer(feuille.feuilles, [&](std::size_t i) { return i != feuille.rang; });
+}
+
+std::string ListeDesFeuilles(const std::vector<std::string>& noms) {
+  return Enumerer(noms, [](std::size_t) { return true; });
 }
 
 }  // namespace quelvar::capture

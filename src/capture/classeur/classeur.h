@@ -29,10 +29,27 @@ std::vector<std::string> FeuillesDe(const Chemin& classeur);
 // a sentence (kIncompatibiliteType) that names the sheets when there is none of that name.
 void LireFeuille(const Chemin& classeur, std::string_view feuille, const RecevoirLigne& recevoir);
 
+// The sheet that was read, among those of its workbook.
+struct FeuilleLue {
+  std::size_t rang = 0;                // from 0
+  std::vector<std::string> feuilles;   // the names of all
+  std::vector<std::size_t> sansTable;  // sheets that were passed over: empty, or one row alone
+
+  const std::string& Nom() const { return feuilles.at(rang); }
+};
+
 // Writes the sheet as CSV in UTF-8 with its mark: ";" between the cells, decimal points, CR LF, a row of the sheet for
-// each line (what ends a line within a cell becomes a blank). `suivi` gets the rows written, now and then. Raises as
-// LireFeuille and Ecrivain, and a sentence (kIncompatibiliteType) that names the sheets when this one is empty.
-void EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
-                        const std::function<void(std::int64_t)>& suivi = {});
+// each line (what ends a line within a cell becomes a blank), rows as long as the widest one before them. Without
+// `feuille` it is the first sheet that is not hidden and holds a table: two rows at least; the first that holds
+// anything when there is none. `suivi` gets the rows written, now and then. Raises as LireFeuille and Ecrivain, and a
+// sentence (kIncompatibiliteType) that names the sheets when this one is empty.
+FeuilleLue EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
+                              const std::function<void(std::int64_t)>& suivi = {});
+
+// What names that sheet for `feuille`: its number where the name is that of another one as well.
+std::string DesignerFeuille(const FeuilleLue& feuille);
+// "1 "Notice", 3 "Codes"": the other sheets with their numbers, empty without any; all sheets.
+std::string AutresFeuilles(const FeuilleLue& feuille);
+std::string ListeDesFeuilles(const std::vector<std::string>& noms);
 
 }  // namespace quelvar::capture

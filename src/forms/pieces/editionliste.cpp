@@ -1,6 +1,8 @@
 #include "forms/pieces/editionliste.h"
 
+#include <QEvent>
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QToolTip>
 #include <algorithm>
@@ -12,10 +14,12 @@
 namespace quelvar::forms {
 
 EditionListe::EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ, QPushButton& suivant, Acces acces)
-    : QObject(&forme), liste_(liste), champ_(champ), acces_(std::move(acces)) {
+    : QObject(&forme), liste_(liste), champ_(champ), suivant_(suivant), acces_(std::move(acces)) {
   liste.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   champ.setEnabled(false);
   suivant.setDefault(true);
+  liste.installEventFilter(this);
+  champ.installEventFilter(this);
   connect(&liste, &QListWidget::currentRowChanged, this, &EditionListe::Aller);
   connect(&liste, &QListWidget::itemClicked, &champ, [&champ] { champ.setFocus(); });
   connect(&champ, &QLineEdit::inputRejected, this, [this] { emit Refus(acces_.tropLong); });
@@ -30,6 +34,14 @@ EditionListe::EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ,
     champ_.setFocus();
     champ_.selectAll();
   });
+}
+
+bool EditionListe::eventFilter(QObject* objet, QEvent* evenement) {
+  if (evenement->type() != QEvent::KeyPress) return QObject::eventFilter(objet, evenement);
+  const int touche = static_cast<const QKeyEvent&>(*evenement).key();
+  if (touche != Qt::Key_Return && touche != Qt::Key_Enter) return QObject::eventFilter(objet, evenement);
+  suivant_.click();
+  return true;
 }
 
 void EditionListe::Remplir() {

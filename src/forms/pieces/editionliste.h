@@ -1,5 +1,5 @@
 // The editing of labels that several forms share: a list, the label of its current line in a text box, and the button
-// that stores it and goes on.
+// that stores it and goes on, which the Enter key presses there (a form may have two of them).
 #pragma once
 
 #include <QLineEdit>
@@ -42,10 +42,12 @@ class EditionListe : public QObject {
   void Refus(const QString& texte);
 
  private:
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
   void Aller(int ligne);
 
   QListWidget& liste_;
   QLineEdit& champ_;
+  QPushButton& suivant_;
   Acces acces_;
   int ligne_ = -1;  // the one in the text box
 };

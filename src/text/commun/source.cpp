@@ -25,6 +25,17 @@ std::int64_t PremiereLigneAlteree(std::string_view utf8) {
   return numero;
 }
 
+// What a box says of the letters of more than one byte: how many, and where the first one is.
+std::string LettresLongues(std::string_view utf8) {
+  constexpr auto kTete = [](char c) { return static_cast<unsigned char>(c) >= 0xC0; };
+  OterMarqueUtf8(utf8);
+  const auto premiere = std::find_if(utf8.begin(), utf8.end(), kTete);
+  const std::int64_t lettres = std::count_if(premiere, utf8.end(), kTete);
+  if (lettres == 0) return {};  // only the mark is there
+  return Joindre({" : "_w, Nombre(lettres), " lettre(s) y occupent plusieurs caractères, la première à la ligne "_w,
+                  Nombre(std::count(utf8.begin(), premiere, '\n') + 1)});
+}
+
 // The text in the code page, and what the conversion has lost.
 struct TexteConverti {
   std::string octets;
@@ -100,9 +111,8 @@ std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::st
   const std::string_view codage = seize ? "UTF-16" : "UTF-8";
   const Reponse reponse = contexte.Ecran().demander(
       Joindre({"Le fichier ", nom, " est en ", codage,
-               seize ? " : chaque lettre y occupe deux caractères.\r\n"_w
-                     : " : chaque lettre accentuée y occupe plusieurs caractères.\r\n"_w,
-               "Faut-il le convertir à la lecture ? (le fichier lui-même reste comme il est)"_w}),
+               seize ? std::string(" : chaque lettre y occupe deux caractères"_w) : LettresLongues(octets),
+               ".\r\nIl va être converti à la lecture (le fichier lui-même reste comme il est). L'acceptez-vous ?"_w}),
       Boutons::OuiNon);
   if (reponse != Reponse::Oui) {
     rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage});

@@ -56,9 +56,10 @@ std::vector<std::string> RemarquesSurLaLigne(const Contexte& contexte, const Mot
 std::vector<std::string> RemarquesSurLeMot(const Contexte& contexte, const MotsCherches& mot, const MotsCherches& ligne,
                                            std::int64_t trouvees) {
   if (!ligne.connus) return RemarquesSurLaLigne(contexte, ligne, trouvees);
-  if (ligne.mots == mot.mots) return {};
+  if (ligne.mots.size() == 1 && CadreGauche(ligne.mots[0], kLargeurMot) == CadreGauche(mot.nom, kLargeurMot)) return {};
   return {Joindre({"Ce sont les lignes du mot ", mot.nom, " seul ; la ligne ", ligne.nom, " du tableau",
-                   FrequenceDite(ligne), " réunit : "_w, Enumerer(ligne.mots)})};
+                   FrequenceDite(ligne), " réunit :"_w}),
+          Joindre({"    ", Enumerer(ligne.mots)})};
 }
 
 }  // namespace

@@ -37,13 +37,14 @@ void LireMotsDesLignes(const Contexte& contexte, TableGeree& table) {
     };
     const auto trouvee = std::ranges::find_if(table.lignes, est);
     if (trouvee != table.lignes.end()) trouvee->mots = MotsSepares(ligne, " ");
+    else table.motsSansLigne.insert(table.motsSansLigne.end(), {tete, std::string(ligne)});
   }
 }
 
-void EcrireMotsDesLignes(JeuDeFichiers& sorties, const std::string& generique,
-                         const std::vector<LigneDeTable>& lignes) {
+void EcrireMotsDesLignes(JeuDeFichiers& sorties, const std::string& generique, const std::vector<LigneDeTable>& lignes,
+                         const std::vector<std::string>& sansLigne) {
   const std::string nom = generique + std::string(kMotsDesLignes);
-  if (std::ranges::all_of(lignes, LIntituleSuffit)) {
+  if (sansLigne.empty() && std::ranges::all_of(lignes, LIntituleSuffit)) {
     sorties.Effacer(nom);
     return;
   }
@@ -56,6 +57,7 @@ void EcrireMotsDesLignes(JeuDeFichiers& sorties, const std::string& generique,
     for (const std::string& mot : ligne.mots) mots += (mots.size() > kRetrait.size() ? " " : "") + mot;
     fichier.Ligne(mots);
   }
+  for (const std::string& ligne : sansLigne) fichier.Ligne(ligne);
 }
 
 std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne) {

@@ -14,11 +14,14 @@
 namespace quelvar::text {
 
 // Gives the rows of the table the words that the file knows: those of the rows that have the frequency and the label
-// that it names, in its order. Without the file nothing changes. Raises the failures of LecteurLignes.
+// that it names, in its order; what goes with no row is kept apart. Without the file nothing changes. Raises the
+// failures of LecteurLignes.
 void LireMotsDesLignes(const Contexte& contexte, TableGeree& table);
 
-// Puts the file of these rows into the set, under that generic; it goes when every label tells its word by itself.
-void EcrireMotsDesLignes(JeuDeFichiers& sorties, const std::string& generique, const std::vector<LigneDeTable>& lignes);
+// Puts the file of these rows into the set, under that generic, with the lines that go with none; it goes when there
+// are none and every label tells its word by itself.
+void EcrireMotsDesLignes(JeuDeFichiers& sorties, const std::string& generique, const std::vector<LigneDeTable>& lignes,
+                         const std::vector<std::string>& sansLigne = {});
 
 // The words whose lines of concordance are those of the row: as they are known, or as its label has them.
 std::vector<std::string> MotsDeLaLigne(const LigneDeTable& ligne);

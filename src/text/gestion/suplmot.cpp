@@ -28,7 +28,7 @@ void Enregistrer(const Contexte& contexte, const TableGeree& table) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   EcrireLignesDeTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Unique), lignes);
   EcrireListeModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), mod);
-  EcrireMotsDesLignes(sorties, contexte.generique, lignes);
+  EcrireMotsDesLignes(sorties, contexte.generique, lignes, table.motsSansLigne);
   sorties.Valider();
 }
 

@@ -24,6 +24,7 @@ struct TableGeree {
   int largeur = 0;     // of a cell
   std::int64_t lignesSup = 0;
   std::vector<LigneDeTable> lignes;
+  std::vector<std::string> motsSansLigne{};  // lines of .AGR that go with no row, as they stand
 
   std::size_t Colonnes() const { return mod.textes.size(); }
 };

@@ -9,10 +9,13 @@
 
 #include "capture/apercu/imc.h"
 #include "capture/apercu/lecture.h"
+#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/sorties/ecriture.h"
 #include "capture/preparation.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
+#include "support/classeurs.h"
 #include "support/programme.h"
 #include "utilities/exportcsv.h"
 
@@ -80,6 +83,123 @@ TEST_F(RunImportDeTable, WhatWasWrittenByHandStaysBesideTheImport) {
   EXPECT_EQ(Lire("ENQ.IM2"), "# les miens\r\n");
   EXPECT_FALSE(Existe("ENQ.CS3"));
   EXPECT_FALSE(Existe("ENQ.IM3"));
+}
+
+// What is there of another table is replaced by a yes only; what the same columns have made is made again.
+TEST_F(RunImportDeTable, AGenericThatExistsIsNotWrittenOverUnasked) {
+  const std::string_view octets = "a;b\n1;2\n2;1\n";
+  struct Cas {
+    std::map<std::string, std::string> presents;
+    bool demande;
+  };
+  const std::vector<Cas> cas = {
+      {{{"ENQ.DAT", "11\r\n"}, {"ENQ.POS", "ENQ\r\n 1 \r\nabc   1 2\r\n"}}, true},
+      {{{"ENQ.DAT", "11\r\n"}, {"ENQ.IMC", "autre=codes;AUT\r\n"}}, true},
+      {{{"ENQ.CSV", "precieux\r\n"}}, true},
+      {{{"ENQ.DES", "x\r\n"}}, true},
+      {{{"ENQ.DAT", "11\r\n"}, {"ENQ.IMC", "a=codes;a\r\nb=codes;b\r\n"}}, false},
+      {{{"ENQ.DAT", "11\r\n"}, {"ENQ.CSV", std::string(octets)}}, false},
+      {{{"ENQ.POS", "ENQ\r\n 1 \r\nabc   1 2\r\n"}}, false},
+  };
+  for (std::size_t i = 0; i < cas.size(); ++i) {
+    for (const auto& fichier : Fichiers()) Effacer(fichier.first);
+    for (const auto& [nom, contenu] : cas[i].presents) Ecrire(nom, contenu);
+    boites_.clear();
+    bouton_ = Reponse::Non;
+    EXPECT_EQ(Importer(octets), cas[i].demande ? Fin::Arret : Fin::Normale) << i << montre_;
+    ASSERT_EQ(boites_.size(), cas[i].demande ? 1U : 0U) << i;
+    if (!cas[i].demande) continue;
+    EXPECT_EQ(boites_[0],
+              Joindre({"Le générique ENQ existe déjà : ses fichiers seront remplacés. L'acceptez-vous ?"_w}));
+    EXPECT_TRUE(Dit("*** Arrêt du programme : le générique ENQ existe déjà, ses fichiers sont gardés"_w)) << montre_;
+    for (const auto& [nom, contenu] : cas[i].presents) EXPECT_EQ(Lire(nom), contenu) << i;
+    OptionsImport options;
+    options.remplacer = true;
+    EXPECT_EQ(Importer(octets, options), Fin::Normale) << i << montre_;
+    EXPECT_EQ(boites_.size(), 1U) << i;
+  }
+}
+
+// A title with a separator of its own has pushed the others: nobody can tell which title is whose.
+TEST_F(RunImportDeTable, RowsThatAreAllShorterThanTheTitlesAreRefused) {
+  const std::string refus = Joindre({"*** Erreur : toutes les lignes ont 2 valeur(s) pour 3 intitulés"_w});
+  const std::map<std::string, bool> cas = {{"Sexe;Quel âge;en années\n1;2\n2;3\n", true},
+                                           {"Sexe;Quel âge;en années\n1;2\n2;3;1\n", false},
+                                           {"Sexe;Quel âge;\n1;2\n2;3\n", false},
+                                           {"Sexe;Quel âge;en années\n1;2\n2\n", false}};
+  for (const auto& [octets, refuse] : cas) {
+    EXPECT_EQ(Importer(octets), refuse ? Fin::Arret : Fin::Normale) << octets << montre_;
+    EXPECT_EQ(Dit(refus), refuse) << montre_;
+    Ecrire("vu.csv", octets);
+    const PreparationDImport preparation(dossier_.Chemin() / "vu.csv", {});
+    EXPECT_EQ(preparation.Refus().size(), refuse ? 1U : 0U) << octets;
+    EXPECT_FALSE(preparation.ToutVaBien() && octets != "Sexe;Quel âge;\n1;2\n2;3\n") << octets;
+  }
+  Ecrire("vu.csv", "a;b\n1;2;3\n1;2\n");
+  const PreparationDImport longue(dossier_.Chemin() / "vu.csv", {});
+  EXPECT_EQ(longue.Refus().size(), 1U) << "a row longer than the titles stops the import, and is told before";
+}
+
+// "Oui", "OUI" and "oui " are told, and become one code when that is asked for.
+TEST_F(RunImportDeTable, TextsThatAreNearlyWrittenAlike) {
+  const std::string_view octets = "q\nOui\nOUI\nOui\nNon\nnon\nNSP\n";
+  ASSERT_EQ(Importer(octets), Fin::Normale) << montre_;
+  EXPECT_TRUE(
+      Dit("*** Attention : colonne 1 q : \"OUI\" (1), \"Oui\" (2) s'écrivent presque de même et ont des codes "
+          "différents"_w))
+      << montre_;
+  Ecrire("c.imc", "q=textes;q;fondus=oui\n");
+  OptionsImport options;
+  options.fichierChoix = "c.imc";
+  ASSERT_EQ(Importer(octets, options), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENQ.DAT"), "3\r\n3\r\n3\r\n1\r\n1\r\n2\r\n");
+  EXPECT_TRUE(Dit("\"OUI\" (1), \"Oui\" (2) ont le même code"_w)) << montre_;
+  EXPECT_NE(Lire("ENQ.MOD").find("Oui"), std::string::npos) << "the most frequent writing is the label";
+  EXPECT_EQ(Lire("ENQ.MOD").find("OUI"), std::string::npos);
+  EXPECT_NE(Lire("ENQ.IMC").find("fondus=oui"), std::string::npos);
+}
+
+TEST_F(RunImportDeTable, ASheetIsToldByItsNameAndNotByItsScratchFile) {
+  const auto cellules = [](const std::vector<std::string>& valeurs) {
+    std::string rangee = "<row>";
+    for (const std::string& v : valeurs) rangee += "<c t=\"inlineStr\"><is><t>" + v + "</t></is></c>";
+    return rangee + "</row>";
+  };
+  const std::string titres = cellules({"Sexe", "Age"});
+  essai::EcrireXlsx(dossier_.Chemin() / "x.xlsx",
+                    {{"name=\"Notice\"", titres},
+                     {"name=\"Rep\"", titres + cellules({"1", "2"}) + cellules({"2"}) + cellules({"1", "3"})},
+                     {"name=\"Codes\"", titres + cellules({"5", "6"})}});
+  OptionsImport options;
+  options.fichier = "x.xlsx";
+  const auto verifier = [&] {
+    EXPECT_TRUE(Dit("Lecture du fichier x.xlsx : feuille \"Rep\" (2 sur 3), intitulés à la ligne 1\r\n"_w)) << montre_;
+    EXPECT_TRUE(Dit("Autres feuilles du classeur, qui ne sont pas lues : 1 \"Notice\", 3 \"Codes\"")) << montre_;
+    EXPECT_TRUE(Dit("*** Attention : La feuille 1 \"Notice\" est vide ou n'a qu'une ligne")) << montre_;
+    EXPECT_FALSE(Dit("plus courte(s)")) << "an empty cell at the end of a row is no missing one";
+  };
+  MontrerApercu(contexte_, options);
+  verifier();
+  ASSERT_EQ(capture::Importer(contexte_, options), Fin::Normale) << montre_;
+  verifier();
+  EXPECT_EQ(Lire("ENQ.DAT"), "12\r\n2\r\n13\r\n");
+  const PreparationDImport preparation(dossier_.Chemin() / "x.xlsx", {});
+  EXPECT_EQ(preparation.Source().Feuille()->rang, 1U);
+  EXPECT_EQ(preparation.Doutes().size(), 1U);
+  options.feuille = "Notice";
+  EXPECT_EQ(capture::Importer(contexte_, options), Fin::Arret);
+  EXPECT_TRUE(Dit("(feuille 1 \"Notice\" ; les autres feuilles sont : 2 \"Rep\", 3 \"Codes\")")) << montre_;
+  EXPECT_FALSE(Dit("feuille.csv")) << montre_;
+}
+
+TEST_F(RunImportDeTable, NamesOfTheUserAreNoChoiceOfTheProgram) {
+  const std::string_view octets = "Sexe <b>de</b> la personne ?;Quel;Quelle\nFemme;1;2\nFemme;2;1\n";
+  Ecrire("c.imc", "Quel=codes;ZZ1\n");
+  OptionsImport options;
+  options.fichierChoix = "c.imc";
+  ASSERT_EQ(Importer(octets, options), Fin::Normale) << montre_;
+  EXPECT_FALSE(Dit("ZZ1 pour la colonne")) << montre_;
+  EXPECT_TRUE(Dit("Colonne 1 Sexe de la personne ? : 1 texte devient le code 1, avec son intitulé"_w)) << montre_;
 }
 
 TEST_F(RunImportDeTable, DataThatNoImportHasMadeStay) {
@@ -153,6 +273,52 @@ TEST_F(RunImportDeTable, WhatTheProgramExportsComesBackTheSame) {
     for (int code = 1; code <= 9; ++code)
       EXPECT_NE(Lire("ENQ.MOD").find(Joindre({"ABC", Nombre(code), "   Modalité "_w, Nombre(10 - code), "; de ABC"})),
                 std::string::npos);
+  }
+}
+
+// What the first look keeps of the cells gives the bytes and the counts that a second look at the source gives.
+TEST_F(RunImportDeTable, TheTraceOfTheCellsStandsForTheSource) {
+  std::mt19937 hasard(23);
+  const std::vector<std::string> textes = {"Femme", "Homme", "\" dit; oui \"", "",
+                                           "NSP",   "nr",    " Homme",         "Tout \xE0 fait"};
+  const std::vector<std::string> listes = {"a, b", "b", "", "a, c, b"};
+  for (const bool titres : {true, false}) {
+    std::string octets = titres ? "sexe;code;large;liste;age\n" : "";
+    for (int i = 0; i < 20000; ++i) {
+      octets += textes[hasard() % (i % 50 == 0 ? 8 : 5)] + ";" +
+                (i % 31 == 0 ? "'07'" : std::to_string(hasard() % 130)) + ";";
+      octets += std::to_string(1000 + hasard() % 300) + ";" + listes[hasard() % 4];
+      octets += (i % 7 == 6 ? "" : ";" + std::to_string(15 + hasard() % 60)) + "\n";
+      if (i % 999 == 0) octets += ";;;;\n\n";
+    }
+    Ecrire("source.csv", octets);
+    Ecrire("c.imc", titres ? "large=codes;LAR\nage=classes;AGE;bornes=30|50\n" : "");
+    OptionsImport options;
+    options.fichier = "source.csv";
+    options.fichierChoix = "c.imc";
+    options.lecture.titres = titres;
+    const SourceDeTable source(dossier_.Chemin() / "source.csv", {}, dossier_.Chemin());
+    TraceDeCellules trace(dossier_.Chemin() / "cellules");
+    Reconnaissance table = Reconnaitre(contexte_, source, options, &trace);
+    if (!titres) table.choix[2].genre = Genre::Codes;
+    const Plan plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
+    Bilan deLaSource;
+    std::optional<Bilan> deLaTrace;
+    {
+      Ecrivain premier(dossier_.Chemin() / "1.dat");
+      Ecrivain second(dossier_.Chemin() / "2.dat");
+      deLaSource =
+          EcrireTable(source.Texte(), table.lecture, plan, table.faits.individus, {&premier, nullptr, nullptr}, [] {});
+      deLaTrace = EcrireSelonTrace(trace, plan, table.faits.individus, second, [] {});
+      premier.Fermer();
+      second.Fermer();
+    }
+    ASSERT_TRUE(deLaTrace) << titres << " " << deLaSource.refus;
+    EXPECT_EQ(Lire("2.dat"), Lire("1.dat"));
+    EXPECT_EQ(deLaTrace->effectifs, deLaSource.effectifs);
+    EXPECT_EQ(deLaTrace->individus, deLaSource.individus);
+    EXPECT_EQ(deLaTrace->premieres, deLaSource.premieres);
+    EXPECT_FALSE(Existe("cellules"));
   }
 }
 

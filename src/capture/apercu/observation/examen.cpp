@@ -55,28 +55,48 @@ void ExamenDeTable::Voir(std::string_view rangee, const LecteurDeRangees& lecteu
   }
   ++faits_.individus;
   faits_.lignesVides += std::exchange(vides_, 0);
+  VoirCellules(lecteur.Cellules(rangee), lecteur.Ligne());
+  if (!lecteur.Etrangere().empty()) VoirEtrangere(rangee, lecteur);
+}
+
+void ExamenDeTable::VoirCellules(LigneDeTableur cellules, std::int64_t ligne) {
+  using namespace cellule_tracee;
+  const bool tracer = trace_ != nullptr && trace_->Suivie();
+  if (tracer) rangee_.assign(colonnes_.size(), kVide);
+  const auto noter = [&](std::size_t colonne, unsigned valeur) {
+    if (!tracer) return;
+    if (colonne >= rangee_.size()) rangee_.resize(colonne + 1, kVide);
+    rangee_[colonne] = static_cast<std::uint16_t>(valeur);
+  };
   std::size_t j = 0;
   std::size_t remplies = 0;
-  LigneDeTableur cellules = lecteur.Cellules(rangee);
   const char* chiffres = nullptr;
   std::string_view cellule;
   do {
     while (const unsigned nombre = cellules.ChiffresSuivants(chiffres)) {
       AssurerColonnes(j + nombre);
-      for (unsigned i = 0; i < nombre; ++i)
-        colonnes_[j + i].VoirChiffre(static_cast<unsigned>(chiffres[i * std::size_t{2}] - '0'));
+      for (unsigned i = 0; i < nombre; ++i) {
+        const auto chiffre = static_cast<unsigned>(chiffres[i * std::size_t{2}] - '0');
+        colonnes_[j + i].VoirChiffre(chiffre);
+        noter(j + i, kPremierPetit + chiffre);
+      }
       j += nombre;
       remplies = j;
     }
     if (!cellules.Suivante(cellule)) break;
     ++j;
-    if (RognerCellule(cellule).empty()) continue;
+    if (cellule.empty() || RognerCellule(cellule).empty()) continue;
     AssurerColonnes(j);
     remplies = j;
-    colonnes_[j - 1].Voir(cellule, lecteur.Ligne());
+    noter(j - 1, colonnes_[j - 1].Voir(cellule, ligne));
   } while (true);
-  VoirLongueur(j, remplies, lecteur.Ligne());
-  if (!lecteur.Etrangere().empty()) VoirEtrangere(rangee, lecteur);
+  VoirLongueur(j, remplies, ligne);
+  if (tracer) trace_->Ajouter(rangee_);
+}
+
+void ExamenDeTable::AcheverLaTrace() {
+  for (std::size_t j = 0; j < colonnes_.size(); ++j) trace_->Nommer(j, colonnes_[j].TextesParRang());
+  trace_->Achever();
 }
 
 // Texts of characters that the code page has not are compared as they stand in the file.
@@ -93,6 +113,8 @@ void ExamenDeTable::VoirEtrangere(std::string_view rangee, const LecteurDeRangee
 // A row is long when cells behind the titles are filled, short when separators are missing.
 void ExamenDeTable::VoirLongueur(std::size_t cellules, std::size_t remplies, std::int64_t ligne) {
   largeur_ = std::max(largeur_, remplies);
+  moins_ = std::min(moins_, cellules);
+  plus_ = std::max(plus_, cellules);
   const bool longue = lecture_.ligneTitres > 0 && remplies > intitules_.size();
   const bool courte = lecture_.ligneTitres > 0 && cellules < intitules_.size();
   if (!longue && !courte) return;
@@ -120,6 +142,7 @@ FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
   faits.etrangers = lecteur.Etrangers();
   faits.ligneEtrangere = lecteur.LigneEtrangere();
   faits.guillemetSansFin = lecteur.GuillemetSansFin();
+  if (faits.courtes == faits.individus && moins_ == plus_) faits.cellulesPartout = moins_;
   // Cells behind the titles have slipped, even when all rows are so: nobody can tell which title is whose.
   const std::size_t nombre = faits.longues > 0 ? intitules_.size() : std::max(intitules_.size(), largeur_);
   const SignesDeTable signes = Signes();

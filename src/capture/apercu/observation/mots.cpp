@@ -25,6 +25,16 @@ std::string Pliee(std::string_view texte) {
   return pliee;
 }
 
+std::string SansEcriture(std::string_view texte) {
+  std::string pliee;
+  for (const char c : Pliee(texte)) {
+    const bool blanc = c == ' ' || c == '\t' || c == '\xA0';
+    if (!blanc) pliee += c;
+    else if (!pliee.empty() && pliee.back() != ' ') pliee += ' ';
+  }
+  return pliee;
+}
+
 bool EstNombreAvecUnite(std::string_view cellule) {
   static constexpr std::string_view kUnites = "%‰€$£"_w;
   const auto unite = [](char c) { return kUnites.find(c) != std::string_view::npos; };

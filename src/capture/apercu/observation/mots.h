@@ -8,6 +8,8 @@ namespace quelvar::capture {
 
 // In lower case and without accents, as words are compared.
 std::string Pliee(std::string_view texte);
+// The same with one blank for any run of them: texts that one hand has written in two ways.
+std::string SansEcriture(std::string_view texte);
 
 // "NSP", "N/A", "sans réponse"...
 bool EstManque(std::string_view texte);

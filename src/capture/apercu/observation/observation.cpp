@@ -7,11 +7,14 @@
 
 #include "capture/apercu/observation/listes.h"
 #include "capture/apercu/observation/mots.h"
+#include "capture/apercu/observation/trace.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
+
+using namespace cellule_tracee;
 
 namespace {
 
@@ -44,13 +47,28 @@ bool AvantParOrdre(std::string_view a, std::string_view b) {
   return pa != pb ? pa < pb : a < b;
 }
 
-void Observation::Voir(std::string_view cellule, std::int64_t ligne) {
-  if (cellule.empty()) return VoirVide();
+std::uint16_t Observation::Voir(std::string_view cellule, std::int64_t ligne) {
+  if (cellule.empty()) {
+    VoirVide();
+    return kVide;
+  }
   if (const int petit = PetitEntier(cellule); petit >= 0) {
     ++petits_[static_cast<std::size_t>(petit)];
-    return;
+    return static_cast<std::uint16_t>(kPremierPetit + petit);
   }
-  VoirNombreOuTexte(cellule, ligne);
+  // A text that came before as it stands: no more than one to count.
+  const std::uint32_t rang = textes_.Chercher(cellule);
+  if (rang == TableDeTextes::kAbsent || simples_[rang] == 0) return VoirNombreOuTexte(cellule, ligne);
+  tousDifferents_ = false;
+  textes_.Compter(rang);
+  Garder(kTexte, cellule, ligne);
+  return static_cast<std::uint16_t>(kPremierTexte + rang);
+}
+
+std::vector<std::string> Observation::TextesParRang() const {
+  std::vector<std::string> textes;
+  for (std::size_t i = 0; i < textes_.Nombre(); ++i) textes.emplace_back(textes_.Texte(i));
+  return textes;
 }
 
 void Observation::Garder(Classe classe, std::string_view cellule, std::int64_t ligne) {
@@ -64,7 +82,7 @@ bool Observation::Distinguer(std::string_view cellule) {
   if (rang == TableDeTextes::kAbsent) {
     if (textes_.Nombre() < kValeursGardees) {
       rang = textes_.Ajouter(cellule, condense);
-      simples_.push_back(false);
+      simples_.push_back(0);
     } else {
       comble_ = true;
     }
@@ -75,23 +93,32 @@ bool Observation::Distinguer(std::string_view cellule) {
   if (rang == TableDeTextes::kAbsent) return false;
   textes_.Compter(rang);
   dernier_ = rang;
-  return simples_[rang];
+  return simples_[rang] != 0;
 }
 
-void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne) {
+std::uint16_t Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne) {
   if (cellule.front() == '=' || cellule.front() == '\'') VoirHabillee(cellule);
   cellule = RognerCellule(cellule);
-  if (cellule.empty()) return VoirVide();
+  if (cellule.empty()) {
+    VoirVide();
+    return kVide;
+  }
   if (const int petit = PetitEntier(cellule); petit >= 0) {
     ++petits_[static_cast<std::size_t>(petit)];
-    return;
+    return static_cast<std::uint16_t>(kPremierPetit + petit);
   }
   largeur_ = std::max(largeur_, cellule.size());
   if (cellule == kNonReponse) {
     ++nonReponses_;
-    return;
+    return kNonDit;
   }
   dernier_ = TableDeTextes::kAbsent;
+  VoirValeur(cellule, ligne);
+  return dernier_ == TableDeTextes::kAbsent ? kAutre : static_cast<std::uint16_t>(kPremierTexte + dernier_);
+}
+
+// A cell that is neither empty nor a small number.
+void Observation::VoirValeur(std::string_view cellule, std::int64_t ligne) {
   if (Distinguer(cellule)) return Garder(kTexte, cellule, ligne);
   const std::optional<NombreLu> nombre = LireNombre(cellule);
   if (!nombre) {
@@ -99,7 +126,9 @@ void Observation::VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne
     const bool unite = EstNombreAvecUnite(cellule);
     if (unite) ++avecUnite_;
     const bool date = EstDate(cellule);
-    if (!date && dernier_ != TableDeTextes::kAbsent) simples_[dernier_] = cellule.size() <= kLongueurCourte && !unite;
+    const bool nue = RognerCellule(cellule).size() == cellule.size();
+    if (!date && dernier_ != TableDeTextes::kAbsent)
+      simples_[dernier_] = static_cast<char>(nue && !unite && cellule.size() <= kLongueurCourte);
     return Garder(date ? kDate : kTexte, cellule, ligne);
   }
   VoirNombre(*nombre, cellule, ligne);
@@ -334,6 +363,7 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   FaitsDeColonne faits;
   faits.intitule = std::move(intitule);
   faits.nonReponses = nonReponses_;
+  faits.decimaleDonnee = table.source == SourceDeDecimale::Donnee;
   const std::int64_t textes = nombres_[kTexte] + nombres_[kDate];
   const std::int64_t nombres =
       std::accumulate(nombres_.begin() + kDate + 1, nombres_.end(), std::int64_t{0}) + Petits();

@@ -41,8 +41,10 @@ class Observation {
  public:
   void VoirVide() { ++vides_; }
   void VoirChiffre(unsigned chiffre) { ++petits_[chiffre]; }
-  // A cell as it was cut, on that line.
-  void Voir(std::string_view cellule, std::int64_t ligne);
+  // A cell as it was cut, on that line; what a trace tells of it.
+  std::uint16_t Voir(std::string_view cellule, std::int64_t ligne);
+  // The different cells beside the small numbers, by rank.
+  std::vector<std::string> TextesParRang() const;
 
   // A cell seen before, and what it was in the file: characters that the code page has not became "?".
   void VoirEtrangere(std::string_view cellule, std::string_view brute, std::int64_t ligne);
@@ -72,7 +74,8 @@ class Observation {
   static Classe DouteDe(char signe) { return signe == ',' ? kDouteVirgule : kDoutePoint; }
   static char Autre(char signe) { return signe == ',' ? '.' : ','; }
 
-  void VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne);
+  std::uint16_t VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne);
+  void VoirValeur(std::string_view cellule, std::int64_t ligne);
   void Garder(Classe classe, std::string_view cellule, std::int64_t ligne);
   // True for a text that came before and is no more than a text.
   bool Distinguer(std::string_view cellule);
@@ -110,7 +113,7 @@ class Observation {
   std::array<Mesures, 2> enDecimales_, enMilliers_;  // of the others, "," then ".", in both ways
   std::size_t largeur_ = 0;
   TableDeTextes textes_;                            // the different cells beside the small numbers
-  std::vector<bool> simples_;                       // of these: texts that are not long and no percentage
+  std::vector<char> simples_;                       // of these: bare texts that are not long and no percentage
   bool comble_ = false;                             // there were more of them than are kept
   std::uint32_t dernier_ = TableDeTextes::kAbsent;  // rank of the cell that came last
   // What stands in the file for a cell with "?", by that cell.

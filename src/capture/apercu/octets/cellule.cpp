@@ -235,12 +235,14 @@ bool EstDate(std::string_view cellule) {
 
 std::string NettoyerIntitule(std::string_view intitule) {
   std::string propre;
+  bool aLaBalise = false;  // the last blank stands for a tag
   for (std::size_t i = 0; i < intitule.size(); ++i) {
     const char c = intitule[i];
     if (c == '<') {
       if (const std::size_t longueur = LongueurDeBalise(intitule.substr(i)); longueur > 0) {
         i += longueur - 1;
         if (!propre.empty() && propre.back() != ' ') propre += ' ';
+        aLaBalise = true;
         continue;
       }
     }
@@ -251,11 +253,14 @@ std::string NettoyerIntitule(std::string_view intitule) {
       });
       if (entite != kEntites.end()) {
         propre += entite->signe;
+        aLaBalise = false;
         i += entite->nom.size() + 1;
         continue;
       }
     }
     const bool blanc = EstBlanc(c) || static_cast<unsigned char>(c) < 0x20;
+    if (blanc && aLaBalise) continue;
+    aLaBalise = false;
     propre += blanc ? ' ' : c;
   }
   return std::string(RognerCellule(propre));

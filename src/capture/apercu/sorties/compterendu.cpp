@@ -27,10 +27,19 @@ std::string LignesIrregulieres(const FaitsDeTable& faits, bool longues) {
   return lignes;
 }
 
+// Every row has lost as many cells: a title that is cut by the separator has pushed the others to the right.
+bool ColonnesDecalees(const FaitsDeTable& faits) {
+  if (faits.cellulesPartout == 0 || faits.cellulesPartout >= faits.colonnes.size()) return false;
+  return std::any_of(faits.colonnes.begin() + static_cast<std::ptrdiff_t>(faits.cellulesPartout), faits.colonnes.end(),
+                     [](const FaitsDeColonne& colonne) { return !colonne.intitule.empty(); });
+}
+
 }  // namespace
 
-void EcrireLecture(Rapport& rapport, std::string_view fichier, const Reconnaissance& table) {
-  rapport.Ligne({"Lecture du fichier ", fichier, " : ", DireLecture(table.lecture)});
+void EcrireLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
+                   const Reconnaissance& table) {
+  rapport.Ligne({"Lecture du fichier ", fichier, " : ", DireLecture(source, table.lecture)});
+  if (const std::string autres = DireAutresFeuilles(source); !autres.empty()) rapport.Ligne(autres);
   for (const std::string& doute : table.doutes) rapport.Ligne({"*** Attention : ", doute});
 }
 
@@ -52,6 +61,12 @@ void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
 
 std::vector<std::string> RefusDeTable(const FaitsDeTable& faits) {
   std::vector<std::string> refus;
+  if (ColonnesDecalees(faits))
+    refus.push_back(Joindre({"*** Erreur : toutes les lignes ont", NombreNu(faits.cellulesPartout), "valeur(s) pour",
+                             NombreNu(faits.colonnes.size()),
+                             "intitulés : un intitulé contient sans doute le "
+                             "séparateur, et les colonnes seraient décalées. Mettez-le entre guillemets, ou ôtez "
+                             "les intitulés de trop"_w}));
   if (faits.longues > 0)
     refus.push_back(Joindre({"*** Erreur :", NombreNu(faits.longues), "ligne(s) avec plus de valeurs que les",
                              NombreNu(faits.colonnes.size()), "intitulés, ses colonnes sont décalées : ligne "_w,
@@ -116,7 +131,7 @@ std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits) {
   std::vector<std::string> remarques;
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) RemarquerNombres(faits.colonnes[j], j, remarques);
   if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
-  if (faits.courtes > 0)
+  if (faits.courtes > 0 && !ColonnesDecalees(faits))
     remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.courtes),
                                  "ligne(s) plus courte(s) que les intitulés, complétée(s) par des vides : ligne "_w,
                                  LignesIrregulieres(faits, false)}));
@@ -124,6 +139,25 @@ std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits) {
     remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.etrangers),
                                  "caractère(s) sans équivalent, remplacé(s) par ?, à partir de la ligne "_w,
                                  Nombre(faits.ligneEtrangere)}));
+  return remarques;
+}
+
+std::vector<std::string> RemarquesDEcriture(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits) {
+  std::vector<std::string> remarques;
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    for (const std::vector<ValeurComptee>& proches : EcrituresProches(choix[j], faits.colonnes[j])) {
+      std::string textes;
+      for (const ValeurComptee& texte : proches)
+        textes += Joindre(
+            {std::string_view(textes.empty() ? "" : ", "), "\"", texte.valeur, "\" (", Nombre(texte.effectif), ")"});
+      remarques.push_back(Joindre(
+          {"*** Attention : colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", textes,
+           choix[j].fondus ? " ont le même code"_w
+           : choix[j].genre == Genre::Textes
+               ? " s'écrivent presque de même et ont des codes différents (fondus=oui les réunit, ou la case \"Réunir les écritures proches\")"_w
+               : " s'écrivent presque de même et font des questions différentes"_w}));
+    }
+  }
   return remarques;
 }
 

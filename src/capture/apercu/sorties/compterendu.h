@@ -13,7 +13,8 @@
 namespace quelvar::capture {
 
 // Lines that tell how the file was read, and what of it is not certain.
-void EcrireLecture(Rapport& rapport, std::string_view fichier, const Reconnaissance& table);
+void EcrireLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
+                   const Reconnaissance& table);
 
 // The table of the columns: what they hold, how many different values and empty cells, and what becomes of them.
 void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table);
@@ -25,6 +26,8 @@ void EcrireDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, c
 // Irregular rows, foreign characters, quotes without end.
 std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits);
 // Numbers below 0 in columns that become codes, which count as 0.
+// Texts whose codes differ although they are nearly written alike, or that are taken together.
+std::vector<std::string> RemarquesDEcriture(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
 std::vector<std::string> RemarquesDesNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
 std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus);

@@ -17,6 +17,13 @@ namespace {
 
 constexpr std::size_t kNomIndividu = 4;
 constexpr std::size_t kCodesComptes = 100;
+constexpr int kSansCode = -1;
+constexpr int kRefus = -2;
+constexpr int kInconnu = -3;
+
+bool EstDUnCode(Regle regle) {
+  return regle == Regle::Code || regle == Regle::Texte || regle == Regle::Classe || regle == Regle::Reponse;
+}
 
 bool EstNegation(std::string_view texte) {
   const std::string petit = Minuscules(texte);
@@ -56,15 +63,17 @@ class EcritureDeTable {
   }
 
   void Ecrire(LigneDeTableur cellules, std::int64_t ligne);
+  // Lays a row of the trace; false when one of its cells is to be read in the source.
+  bool Ecrire(const TraceDeCellules& trace, std::span<const std::uint16_t> rangee);
   Bilan Achever() { return std::move(bilan_); }
 
  private:
   void Traiter(std::size_t j, std::string_view cellule);
+  // The code of a cell in a column of one code; kSansCode for an empty one that stays so, kRefus.
+  int CodeDe(const ColonneLue& lue, std::string_view cellule) const;
+  int CodeDesChiffres(const ColonneLue& lue, std::string_view cellule) const;
   void PlacerCode(std::size_t k, int code);
-  void PlacerChiffres(const ColonneLue& lue, std::size_t j, std::string_view cellule);
-  void PlacerTexte(const ColonneLue& lue, std::size_t j, std::string_view cellule);
-  void PlacerClasse(const ColonneLue& lue, std::size_t j, std::string_view cellule);
-  void PlacerReponse(const ColonneLue& lue, std::size_t j, std::string_view cellule);
+  void FinirLaRangee();
   void PlacerListe(const ColonneLue& lue, std::size_t j, std::string_view cellule);
   void GarderNombre(const ColonneLue& lue, std::size_t j, std::string_view cellule);
   void GarderTexte(std::size_t j, std::string_view cellule);
@@ -89,6 +98,7 @@ class EcritureDeTable {
   std::vector<std::size_t> textesDe_;  // columns of the table
   std::vector<std::size_t> nombresDe_;
   std::size_t largeurRang_ = 1;
+  std::vector<std::vector<std::int16_t>> codes_;  // of a trace: by column, the code of each value met so far
   std::string enregistrement_;
 };
 
@@ -103,43 +113,41 @@ void EcritureDeTable::PlacerCode(std::size_t k, int code) {
     metteur_.PlacerChiffre(k, static_cast<char>('0' + code));
     return;
   }
-  const std::array<char, 2> chiffres = {static_cast<char>('0' + code / 10), static_cast<char>('0' + code % 10)};
-  metteur_.Placer(k, std::string_view(chiffres.data(), chiffres.size()));
+  const std::array<char, 3> chiffres = {static_cast<char>('0' + code / 100), static_cast<char>('0' + code / 10 % 10),
+                                        static_cast<char>('0' + code % 10)};
+  metteur_.Placer(k, std::string_view(chiffres.data(), chiffres.size()).substr(code < 100 ? 1 : 0));
 }
 
-void EcritureDeTable::PlacerChiffres(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
-  const bool chiffres = cellule.size() <= plan_.colonnes[lue.premiere].largeur &&
-                        cellule.find_first_not_of("0123456789") == std::string_view::npos;
-  if (EstZero(lue, cellule)) return metteur_.Placer(lue.premiere, "0");
-  if (chiffres) return metteur_.Placer(lue.premiere, cellule);
+int EcritureDeTable::CodeDesChiffres(const ColonneLue& lue, std::string_view cellule) const {
+  if (EstZero(lue, cellule)) return 0;
+  const std::size_t largeur = plan_.colonnes[lue.premiere].largeur;
+  if (cellule.size() <= largeur && std::ranges::all_of(cellule, [](char c) { return c >= '0' && c <= '9'; })) {
+    int code = 0;
+    for (const char c : cellule) code = code * 10 + (c - '0');
+    return code;
+  }
   const std::optional<NombreLu> nombre = LireNombre(cellule);
-  if (!nombre || !nombre->ValeurEntiere()) return Refuser(j, cellule);
+  if (!nombre || !nombre->ValeurEntiere()) return kRefus;
   const std::string normal = nombre->SansDecimales().Normalise();
-  if (normal.front() == '-') metteur_.Placer(lue.premiere, "0");
-  else if (normal.size() > plan_.colonnes[lue.premiere].largeur) Refuser(j, cellule);
-  else metteur_.Placer(lue.premiere, normal);
+  if (normal.front() == '-') return 0;
+  if (normal.size() > largeur) return kRefus;
+  return static_cast<int>(ValeurDe(normal));
 }
 
-void EcritureDeTable::PlacerTexte(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
+int EcritureDeTable::CodeDe(const ColonneLue& lue, std::string_view cellule) const {
+  if (cellule.empty() && lue.regle != Regle::Reponse) return kSansCode;
+  if (lue.regle == Regle::Code) return CodeDesChiffres(lue, cellule);
+  if (lue.regle == Regle::Classe) {
+    if (EstZero(lue, cellule)) return 0;
+    const std::optional<NombreLu> nombre = LireNombre(cellule, lue.signes);
+    if (!nombre) return kRefus;
+    const auto classe = std::ranges::upper_bound(lue.limites, ValeurDe(nombre->Normalise())) - lue.limites.begin();
+    return static_cast<int>(classe) + 1;
+  }
   const std::uint32_t rang = lue.textes.Chercher(cellule);
-  if (rang == TableDeTextes::kAbsent) return Refuser(j, cellule);
-  PlacerCode(lue.premiere, lue.codes[rang]);
-}
-
-void EcritureDeTable::PlacerClasse(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
-  if (EstZero(lue, cellule)) return PlacerCode(lue.premiere, 0);
-  const std::optional<NombreLu> nombre = LireNombre(cellule, lue.signes);
-  if (!nombre) return Refuser(j, cellule);
-  const double valeur = ValeurDe(nombre->Normalise());
-  const auto classe = std::ranges::upper_bound(lue.limites, valeur) - lue.limites.begin();
-  PlacerCode(lue.premiere, static_cast<int>(classe) + 1);
-}
-
-// An empty cell is an answer that was not given.
-void EcritureDeTable::PlacerReponse(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
-  const std::uint32_t rang = lue.textes.Chercher(cellule);
-  if (rang == TableDeTextes::kAbsent && !cellule.empty() && !EstNegation(cellule)) return Refuser(j, cellule);
-  PlacerCode(lue.premiere, rang == TableDeTextes::kAbsent ? 0 : lue.codes[rang]);
+  if (rang != TableDeTextes::kAbsent) return lue.codes[rang];
+  // An empty cell is an answer that was not given.
+  return lue.regle == Regle::Reponse && (cellule.empty() || EstNegation(cellule)) ? 0 : kRefus;
 }
 
 void EcritureDeTable::PlacerListe(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
@@ -179,21 +187,17 @@ void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
   switch (lue.regle) {
     case Regle::Rien: break;
     case Regle::Code:
-      if (cellule.empty()) metteur_.Placer(lue.premiere, cellule);
-      else PlacerChiffres(lue, j, cellule);
+    case Regle::Texte:
+    case Regle::Classe:
+    case Regle::Reponse:
+      if (const int code = CodeDe(lue, cellule); code >= 0) PlacerCode(lue.premiere, code);
+      else if (code == kRefus) Refuser(j, cellule);
       break;
     case Regle::Telle:
       if (lue.entiers && !cellule.empty() && !EstZero(lue, cellule) && !EstEntier(cellule, lue.signes))
         Refuser(j, cellule);
       metteur_.Placer(lue.premiere, cellule);
       break;
-    case Regle::Texte:
-      if (!cellule.empty()) PlacerTexte(lue, j, cellule);
-      break;
-    case Regle::Classe:
-      if (!cellule.empty()) PlacerClasse(lue, j, cellule);
-      break;
-    case Regle::Reponse: PlacerReponse(lue, j, cellule); break;
     case Regle::Liste: PlacerListe(lue, j, cellule); break;
   }
 }
@@ -243,6 +247,10 @@ void EcritureDeTable::Ecrire(LigneDeTableur cellules, std::int64_t ligne) {
     Traiter(j, cellule);
   }
   for (; j < colonnes; ++j) Traiter(j, {});
+  FinirLaRangee();
+}
+
+void EcritureDeTable::FinirLaRangee() {
   const std::string_view individu = metteur_.Finir(plan_.colonnes.size());
   if (!textes_.empty()) EcrireTextes();
   if (!nombres_.empty()) EcrireNombres();
@@ -250,7 +258,48 @@ void EcritureDeTable::Ecrire(LigneDeTableur cellules, std::int64_t ligne) {
   sorties_.dat->Ligne(individu);
 }
 
+bool EcritureDeTable::Ecrire(const TraceDeCellules& trace, std::span<const std::uint16_t> rangee) {
+  using namespace cellule_tracee;
+  if (codes_.empty()) {
+    codes_.resize(rangee.size());
+    for (std::size_t j = 0; j < rangee.size(); ++j) codes_[j].resize(trace.Valeurs(j), std::int16_t{kInconnu});
+  }
+  ++bilan_.individus;
+  metteur_.Commencer();
+  for (std::size_t j = 0; j < plan_.lues.size(); ++j) {
+    const ColonneLue& lue = plan_.lues[j];
+    if (lue.regle == Regle::Rien) continue;
+    const std::uint16_t cellule = j < rangee.size() ? rangee[j] : kVide;
+    if (cellule == kAutre) return false;
+    if (!EstDUnCode(lue.regle) || cellule == kNonDit || j >= codes_.size()) {
+      Traiter(j, trace.Texte(j, cellule));
+      continue;
+    }
+    std::int16_t& code = codes_[j][cellule];
+    if (code == kInconnu) code = static_cast<std::int16_t>(CodeDe(lue, trace.Texte(j, cellule)));
+    if (code == kRefus) return false;
+    if (code >= 0) PlacerCode(lue.premiere, code);
+  }
+  FinirLaRangee();
+  return bilan_.refus == 0;
+}
+
 }  // namespace
+
+std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const Plan& plan, std::int64_t individus,
+                                      Ecrivain& dat, const std::function<void()>& avancer) {
+  if (!trace.Suivie() || !plan.longues.empty() || !plan.nombres.empty() || trace.Rangees() != individus)
+    return std::nullopt;
+  EcritureDeTable ecriture(plan, individus, {&dat, nullptr, nullptr});
+  bool entiere = true;
+  trace.Parcourir([&](std::span<const std::uint16_t> rangee) {
+    entiere = entiere && ecriture.Ecrire(trace, rangee);
+    if (entiere) avancer();
+    return entiere;
+  });
+  if (!entiere) return std::nullopt;
+  return ecriture.Achever();
+}
 
 Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan, std::int64_t individus,
                   const SortiesDeTable& sorties, const std::function<void()>& avancer) {

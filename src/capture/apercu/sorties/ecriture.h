@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "capture/apercu/observation/trace.h"
 #include "capture/apercu/octets/rangees.h"
 #include "capture/apercu/sorties/plan.h"
 #include "core/fichiers/fichiers.h"
@@ -42,5 +44,10 @@ struct SortiesDeTable {
 // `avancer` is called for each individual.
 Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan, std::int64_t individus,
                   const SortiesDeTable& sorties, const std::function<void()>& avancer);
+
+// The same from what the first look has kept of the cells; nothing for a plan that takes more of them than that, and
+// for a table with a cell that is refused: the source tells its line.
+std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const Plan& plan, std::int64_t individus,
+                                      Ecrivain& dat, const std::function<void()>& avancer);
 
 }  // namespace quelvar::capture

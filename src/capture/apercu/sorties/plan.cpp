@@ -57,7 +57,9 @@ void ParcourirColonne(const Chemin& source, const Lecture& lecture, std::size_t 
 
 class Dresseur {
  public:
-  Dresseur(const Chemin& source, const Lecture& lecture) : source_(source), lecture_(lecture) {}
+  // `proposes`: the names that the columns of the table get without any hand.
+  Dresseur(const Chemin& source, const Lecture& lecture, std::vector<std::string> proposes)
+      : source_(source), lecture_(lecture), proposes_(std::move(proposes)) {}
 
   void Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits, std::size_t rang);
   Plan Achever();
@@ -79,6 +81,7 @@ class Dresseur {
 
   const Chemin& source_;
   const Lecture& lecture_;
+  std::vector<std::string> proposes_;
   Plan plan_;
   std::vector<std::string> noms_;  // asked for, by column of .DAT
   std::size_t rang_ = 0;           // of the column of the table, from 0
@@ -141,13 +144,23 @@ void Dresseur::PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& 
     std::ranges::stable_sort(autres, std::ranges::greater{}, &ValeurComptee::effectif);
   ordre.insert(ordre.end(), autres.begin(), autres.end());
   lue_.regle = Regle::Texte;
-  const auto codeMax = static_cast<double>(ordre.size());
-  const ColonneImportee& colonne = Ajouter(faits, choix, ordre.size() < 10 ? 1 : 2, codeMax);
-  if (ordre.size() > kCodesDeTextes || (ordre.empty() && faits.valeurs.empty() && faits.differentes > 0))
+  std::vector<std::string> textes;
+  for (const ValeurComptee& valeur : ordre) textes.push_back(valeur.valeur);
+  const std::vector<int> codes = CodesDesTextes(choix, textes);
+  const auto codeMax = static_cast<std::size_t>(codes.empty() ? 0 : std::ranges::max(codes));
+  const ColonneImportee& colonne = Ajouter(faits, choix, codeMax < 10 ? 1 : 2, static_cast<double>(codeMax));
+  if (codeMax > kCodesDeTextes || (ordre.empty() && faits.valeurs.empty() && faits.differentes > 0))
     Refuser(colonne, "plus de 99 textes différents : ils ne peuvent pas devenir des codes"_w);
+  std::vector<Etiquette>& etiquettes = plan_.etiquettes.back();
   for (std::size_t i = 0; i < ordre.size(); ++i) {
-    Coder(ordre[i].valeur, static_cast<int>(i + 1));
-    plan_.etiquettes.back().push_back({static_cast<int>(i + 1), ordre[i].valeur, ordre[i].effectif});
+    Coder(ordre[i].valeur, codes[i]);
+    if (codes[i] > static_cast<int>(etiquettes.size())) {
+      etiquettes.push_back({codes[i], ordre[i].valeur, ordre[i].effectif});
+      continue;
+    }
+    // Of several writings the most frequent one is the label.
+    Etiquette& etiquette = etiquettes[static_cast<std::size_t>(codes[i] - 1)];
+    if (ordre[i].effectif > etiquette.effectif) etiquette = {codes[i], ordre[i].valeur, ordre[i].effectif};
   }
 }
 
@@ -279,7 +292,10 @@ void Dresseur::Nommer() {
     ColonneImportee& colonne = plan_.colonnes[rangs[i]];
     colonne.nomCourt = noms[i].nom;
     const std::string naturel = colonne.intitule.empty() ? "XXX" : CadreDroit(colonne.intitule, 3);
-    if (colonne.nomCourt != naturel) plan_.nomsChanges.push_back(rangs[i]);
+    const std::string& propose = proposes_[colonne.rang - 1];
+    const bool donne = Rogner(colonne.nomCourt) == Rogner(demandes[i]) && Rogner(demandes[i]) != Rogner(propose) &&
+                       plan_.lues[colonne.rang - 1].nombre == 1;
+    if (colonne.nomCourt != naturel && !donne) plan_.nomsChanges.push_back(rangs[i]);
   }
   demandes.clear();
   for (const NombreGarde& nombre : plan_.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
@@ -301,7 +317,7 @@ Plan Dresseur::Achever() {
 
 Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
                  const Lecture& lecture) {
-  Dresseur dresseur(source, lecture);
+  Dresseur dresseur(source, lecture, NomsProposes(choix, faits.colonnes));
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) dresseur.Prendre(choix[j], faits.colonnes[j], j);
   return dresseur.Achever();
 }

@@ -88,6 +88,7 @@ void SuplMot::PreparerEdition() {
                                 MontrerLigne(i);
                                 return QString();
                               }});
+  ui_->BoutSuivant->setDefault(true);
 }
 
 void SuplMot::MontrerColonne(int colonne) {

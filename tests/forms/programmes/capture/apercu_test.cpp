@@ -103,7 +103,8 @@ TEST(ApercuImport, DesCodesAuClavierSeul) {
   auto* apercu = bureau.Forme<ApercuImport>();
   ASSERT_NE(apercu, nullptr);
   EXPECT_EQ(Champ(*apercu, "TextGenerique"), "MONENQUETE");
-  EXPECT_TRUE(Etiquette(*apercu, "LabelBilan").startsWith("Tout va bien : 3 colonnes de codes, 3 individus."))
+  EXPECT_TRUE(Etiquette(*apercu, "LabelBilan")
+                  .startsWith("Tout va bien : 2 colonnes de codes et le numéro de l'individu, 3 individus."))
       << Etiquette(*apercu, "LabelBilan").toStdString();
   EXPECT_FALSE(bureau.Existe("MONENQUETE.DAT")) << "nothing is written before";
   QTest::keyClick(apercu, Qt::Key_Return);
@@ -263,11 +264,27 @@ TEST(ApercuImport, UnFichierQuiDisparaitOuQuiNEstPasUneTable) {
   }
 }
 
+TEST(ApercuImport, LesEcrituresProchesSeReunissent) {
+  BureauNeuf bureau("q\r\nOui\r\nOUI\r\nNon\r\nOui\r\n");
+  ApercuImport& forme = bureau.Apercevoir();
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(forme, "TextFautes")
+                  .toPlainText()
+                  .contains("\"OUI\" (1), \"Oui\" (2) s'écrivent presque de même"))
+      << Bureau::Dans<QPlainTextEdit>(forme, "TextFautes").toPlainText().toStdString();
+  ASSERT_TRUE(Visible(forme, "CheckFondus"));
+  Cliquer(forme, "CheckFondus");
+  EXPECT_TRUE(Etiquette(forme, "LabelDevenir").startsWith("2 textes deviennent des codes"));
+  Cliquer(forme, "Lancer");
+  EXPECT_EQ(bureau.Lire("MONENQUETE.DAT"), "2\r\n2\r\n1\r\n2\r\n");
+}
+
 TEST(ApercuImport, UnClasseurEtSesFeuilles) {
   BureauNeuf bureau("", "x.txt");
   bureau.fichier = bureau.Dossier() / "classeur.xlsx";
   essai::EcrireXlsx(bureau.fichier,
-                    {{"name=\"Codes\"",
+                    {{"name=\"Vide\"", ""},
+                     {"name=\"Notice\"", "<row><c t=\"inlineStr\"><is><t>Lisez-moi</t></is></c></row>"},
+                     {"name=\"Codes\"",
                       "<row><c t=\"inlineStr\"><is><t>SEX</t></is></c></row><row><c><v>2</v></c></row>"
                       "<row><c><v>1</v></c></row>"},
                      {"name=\"Autre\"",
@@ -275,13 +292,29 @@ TEST(ApercuImport, UnClasseurEtSesFeuilles) {
                       "<row><c><v>12.5</v></c></row>"}});
   ApercuImport& forme = bureau.Apercevoir();
   auto& feuilles = Bureau::Dans<QComboBox>(forme, "ComboFeuille");
-  EXPECT_EQ(feuilles.count(), 2);
+  EXPECT_EQ(feuilles.count(), 4);
+  EXPECT_EQ(feuilles.currentText(), "Codes") << "the first one with a table";
+  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(forme, "TextFautes")
+                  .toPlainText()
+                  .contains("La feuille 2 \"Notice\" est vide ou n'a qu'une ligne"));
+  EXPECT_EQ(Etiquette(forme, "LabelLecture"),
+            "Reconnu dans le fichier : feuille \"Codes\" (3 sur 4), intitulés à la ligne 1.");
+  EXPECT_FALSE(Visible(forme, "ComboEncodage")) << "a sheet has none";
   EXPECT_EQ(Cellule(forme, "Colonnes", 0, 0), "SEX");
-  feuilles.setCurrentIndex(1);
-  emit feuilles.textActivated(feuilles.currentText());
+  const auto prendre = [&](int rang) {
+    feuilles.setCurrentIndex(rang);
+    emit feuilles.activated(rang);
+  };
+  prendre(3);
   EXPECT_EQ(Cellule(forme, "Lignes", 0, 0), "0.435") << "as it is stored";
-  feuilles.setCurrentIndex(0);
-  emit feuilles.textActivated(feuilles.currentText());
+  {
+    Pilote pilote;
+    pilote.Cliquer("OK");
+    prendre(0);
+    EXPECT_TRUE(pilote.Vues().last().startsWith("La feuille \"Vide\" de classeur.xlsx est vide."));
+  }
+  EXPECT_EQ(feuilles.currentText(), "Autre") << "the sheet before stays";
+  prendre(2);
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau.Lire("CLASSEUR.DAT"), "2\r\n1\r\n");
 }

@@ -184,11 +184,16 @@ TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   CliquerLigne(forme, "ListLignSuppl", 0);
   CliquerLigne(forme, "ListRecapLign", 1);
   Taper(forme, "TextModLign", "trois fois");
-  Cliquer(forme, "BoutSuivantLigne");
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, "TextModLign"), Qt::Key_Return);
+  CliquerLigne(forme, "ListRecapCol", 0);
+  Taper(forme, "TextModCol", "Homme");
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, "TextModCol"), Qt::Key_Return);
+  EXPECT_EQ(Lignes(forme, "ListRecapCol").first(), "SEX1   Homme");
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, forme, [&] { Cliquer(forme, "BoutEnreg"); }),
-            "quelvar-batch --niveau 2 suplmot ENQ colonnes-sup=SEX2 lignes-sup=un 'intitule-ligne=deux=trois fois'");
+            "quelvar-batch --niveau 2 suplmot ENQ colonnes-sup=SEX2 lignes-sup=un intitule-colonne=SEX1=Homme "
+            "'intitule-ligne=deux=trois fois'");
   EXPECT_EQ(bureau_.Lire("ENQ.BRT"), "   312trois fois\r\n   211un\r\n");
-  EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n IMAX=2 JMAX=2 ISUP=1 FMT=1 \r\nSEX1   H\r\nSEX2 S F\r\n");
+  EXPECT_EQ(bureau_.Lire("ENQ.MOD"), "ENQ\r\n IMAX=2 JMAX=2 ISUP=1 FMT=1 \r\nSEX1   Homme\r\nSEX2 S F\r\n");
   EXPECT_EQ(bureau_.Texte(), "Fin normale des modifications de modalités, passer à l'étape suivante\n");
 }
 

@@ -89,12 +89,12 @@ void ApercuImport::PreparerLaLecture() {
   ui_->ComboFeuille->setVisible(classeur);
   ui_->LibelleComboFeuille->setVisible(classeur);
   // The reading of a sheet is known, whatever it looks like.
-  ui_->ComboEncodage->setEnabled(!classeur);
-  ui_->ComboSeparateur->setEnabled(!classeur);
-  ui_->ComboDecimale->setEnabled(!classeur);
-  ui_->CheckGuillemets->setEnabled(!classeur);
+  for (QWidget* deTexte : std::initializer_list<QWidget*>{
+           ui_->LibelleComboEncodage, ui_->ComboEncodage, ui_->LibelleComboSeparateur, ui_->ComboSeparateur,
+           ui_->LibelleComboDecimale, ui_->ComboDecimale, ui_->CheckGuillemets})
+    deTexte->setVisible(!classeur);
   if (!classeur) return;
-  for (const std::string& feuille : capture::FeuillesDe(preparation_.Fichier()))
+  for (const std::string& feuille : preparation_.Source().Feuille()->feuilles)
     ui_->ComboFeuille->addItem(VersQt(feuille));
 }
 
@@ -103,7 +103,7 @@ void ApercuImport::RelierLesControles() {
     connect(choix, &QComboBox::activated, this, &ApercuImport::ChangerLecture);
   for (QCheckBox* choix : {ui_->CheckGuillemets, ui_->CheckTitres})
     connect(choix, &QCheckBox::clicked, this, &ApercuImport::ChangerLecture);
-  connect(ui_->ComboFeuille, &QComboBox::textActivated, this, &ApercuImport::ChangerFeuille);
+  connect(ui_->ComboFeuille, &QComboBox::activated, this, &ApercuImport::ChangerFeuille);
   connect(ui_->TextGenerique, &QLineEdit::textChanged, this, &ApercuImport::MontrerGenerique);
   connect(ui_->Lancer, &QPushButton::clicked, this, &ApercuImport::Importer);
   connect(&examen_, &ExamenDeFond::Fini, this, &ApercuImport::PrendreLesFaits);
@@ -129,14 +129,18 @@ void ApercuImport::ReprendreLesChoix() {
                   .arg(fichier, Pluriel(repris, "colonne", "colonnes"));
 }
 
-void ApercuImport::ChangerFeuille(const QString& feuille) {
+void ApercuImport::ChangerFeuille(int rang) {
+  capture::FeuilleLue voulue = *preparation_.Source().Feuille();
+  if (static_cast<std::size_t>(rang) == voulue.rang) return;
+  voulue.rang = static_cast<std::size_t>(rang);
   examen_.Arreter();
   try {
-    preparation_ = PreparerAuLoin(services_.ecran, preparation_.Fichier(), DepuisQt(feuille));
+    preparation_ = PreparerAuLoin(services_.ecran, preparation_.Fichier(), capture::DesignerFeuille(voulue));
     echec_.clear();
   } catch (const Erreur& erreur) {
-    ui_->ComboFeuille->setCurrentText(VersQt(preparation_.Feuille()));
     services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
+    MontrerTout();
+    Examiner();
     return;
   }
   ReprendreLesChoix();
@@ -174,7 +178,10 @@ void ApercuImport::MontrerLecture() {
   ui_->ComboDecimale->setCurrentIndex(RangDe(kDecimales, lecture.decimale));
   ui_->CheckGuillemets->setChecked(lecture.guillemets);
   ui_->CheckTitres->setChecked(lecture.ligneTitres != 0);
-  QString texte = QStringLiteral("Reconnu dans le fichier : ") + VersQt(capture::DireLecture(vue.lecture));
+  if (const auto& feuille = preparation_.Source().Feuille())
+    ui_->ComboFeuille->setCurrentIndex(static_cast<int>(feuille->rang));
+  QString texte =
+      QStringLiteral("Reconnu dans le fichier : ") + VersQt(capture::DireLecture(preparation_.Source(), vue.lecture));
   if (!texte.endsWith(u'.')) texte += u'.';
   if (lecture != vue.lecture) texte += QStringLiteral(" Vous avez changé cette lecture.");
   ui_->LabelLecture->setText(texte);
@@ -244,8 +251,9 @@ void ApercuImport::MontrerBilan() {
   const bool bon = echec_.isEmpty() && preparation_.ToutVaBien();
   const auto& choix = preparation_.Choix();
   const auto questions = std::ranges::count(choix, capture::Genre::Codes, &capture::ChoixDeColonne::genre);
+  const auto numeros = std::ranges::count(choix, capture::Genre::Numero, &capture::ChoixDeColonne::genre);
   const auto ecartees = std::ranges::count(choix, capture::Genre::Ecartee, &capture::ChoixDeColonne::genre);
-  const auto autres = static_cast<std::int64_t>(choix.size()) - questions - ecartees;
+  const auto autres = static_cast<std::int64_t>(choix.size()) - questions - numeros - ecartees;
   const std::int64_t individus = preparation_.Vue().faits.individus;
   const QString compte = preparation_.Vue().entier ? Pluriel(individus, "individu", "individus")
                                                    : QStringLiteral("le compte des individus est en cours");
@@ -256,8 +264,9 @@ void ApercuImport::MontrerBilan() {
         "À corriger avant d'importer : les cellules en rouge, dites ci-dessous une à une. Changez ce que "
         "devient leur colonne, ou corrigez le fichier.");
   else if (bon)
-    texte = QStringLiteral("Tout va bien : %1, %2. Entrée importe.")
-                .arg(Pluriel(static_cast<std::int64_t>(choix.size()), "colonne de codes", "colonnes de codes"), compte);
+    texte = QStringLiteral("Tout va bien : %1%2, %3. Entrée importe.")
+                .arg(Pluriel(questions, "colonne de codes", "colonnes de codes"),
+                     numeros > 0 ? QStringLiteral(" et le numéro de l'individu") : QString(), compte);
   else
     texte = QStringLiteral(
                 "%1 : %2 de codes, %3 à coder ou à classer, %4. Voyez ce que chacune devient, "
@@ -306,6 +315,7 @@ std::string ApercuImport::Commande() const {
   capture::OptionsImport options = preparation_.Options();
   options.choix.clear();
   options.fichierChoix = Generique() + ".IMC";
+  options.remplacer = capture::GeneriqueOccupe(cible_.repertoire, Generique(), preparation_.Fichier());
   return CommandeEquivalente(capture::DescriptionImport(), Generique(), services_.session.niveau, options);
 }
 
@@ -339,7 +349,8 @@ void ApercuImport::LancerImport() {
   }
   if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
   const Contexte contexte{cible_.repertoire, generique, services_.session.niveau, &services_.ecran};
-  const capture::OptionsImport options = preparation_.Options();
+  capture::OptionsImport options = preparation_.Options();
+  options.remplacer = true;  // it was asked here
   Fin fin = Fin::Arret;
   if (!services_.Lancer([&](const Contexte&) { fin = capture::Importer(contexte, options); })) return;
   if (fin == Fin::Normale) {

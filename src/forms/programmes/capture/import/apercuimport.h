@@ -32,7 +32,7 @@ class ApercuImport : public Forme {
   void PreparerLaLecture();
   void RelierLesControles();
   void ReprendreLesChoix();
-  void ChangerFeuille(const QString& feuille);
+  void ChangerFeuille(int rang);
   void ChangerLecture();
   void MontrerLecture();
   void Examiner();

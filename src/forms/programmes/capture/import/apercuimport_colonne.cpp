@@ -49,6 +49,14 @@ void ApercuImport::RelierLaColonne() {
     MontrerColonne();
   });
   connect(ui_->ComboOrdre, &QComboBox::activated, this, &ApercuImport::ChangerOrdre);
+  connect(ui_->CheckFondus, &QCheckBox::clicked, this, [this](bool fondus) {
+    if (!ColonneChoisie()) return;
+    ChoixDeColonne choix = preparation_.Choix()[Colonne()];
+    choix.fondus = fondus;
+    preparation_.ChangerChoix(Colonne(), std::move(choix));
+    ChoixChange();
+    MontrerColonne();
+  });
   connect(ui_->ListTextes, &QListWidget::itemChanged, this, &ApercuImport::LireTextes);
   // The model tells of a move before the list is as it will be.
   connect(
@@ -100,6 +108,8 @@ void ApercuImport::MontrerColonne() {
   if (choix.genre == Genre::Textes) MontrerTextes();
   if (choix.genre == Genre::Classes) MontrerClasses();
   const bool comptes = !capture::TextesComptes(choix, colonne).empty();
+  ui_->CheckFondus->setChecked(choix.fondus);
+  ui_->CheckFondus->setVisible(choix.genre == Genre::Textes && !capture::EcrituresProches(choix, colonne).empty());
   if (comptes) MontrerTextesComptes();
   for (QWidget* deLOrdre : {static_cast<QWidget*>(ui_->LibelleComboOrdre), static_cast<QWidget*>(ui_->ComboOrdre),
                             static_cast<QWidget*>(ui_->BoutMonter), static_cast<QWidget*>(ui_->BoutDescendre)})
