@@ -1,16 +1,29 @@
 #include "utilities/exportcsv_textes.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 #include "capture/apercu/imc.h"
+#include "capture/apercu/octets/cellule.h"
+#include "core/enquete/modfile.h"
+#include "core/enquete/nomdemodalite.h"
+#include "core/enquete/noms.h"
+#include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
 
 namespace {
 
-constexpr std::size_t kTextesAuPlus = 99;  // that an import makes codes of
+constexpr int kLargeurNom = 4;
+constexpr int kPremierCodeDouble = 36;         // the first one written with two digits
+constexpr std::size_t kDernierCodeNomme = 99;  // last code that has a modality
+constexpr std::size_t kTextesAuPlus = 99;      // that an import makes codes of
+
+std::string NomDuCode(const Question& question, int code) {
+  return Joindre({CadreGauche(question.nom, code < kPremierCodeDouble ? 3 : 2), CodeCaractere(code)});
+}
 
 // The first two codes of that text.
 struct Confusion {
@@ -21,7 +34,8 @@ struct Confusion {
 Confusion ChercherConfusion(const std::vector<std::string>& textes) {
   std::unordered_map<std::string_view, std::size_t> rangs;
   for (std::size_t code = 0; code < textes.size(); ++code)
-    if (const auto [deja, neuf] = rangs.emplace(textes[code], code); !neuf) return {deja->second, code};
+    if (const auto [deja, neuf] = rangs.emplace(capture::RognerCellule(textes[code]), code); !neuf)
+      return {deja->second, code};
   return {};
 }
 
@@ -31,18 +45,60 @@ bool ALesChiffres(const QuestionEnTextes& question) {
   return true;
 }
 
-// The texts in the order of their codes; one that stands for a former code too keeps its rank under another name.
+// The texts in the order of their codes, as an import reads their cells; one that stands for a former code too keeps
+// its rank under another name.
 std::vector<std::string> TextesDifferents(const std::vector<std::string>& textes) {
   std::vector<std::string> differents;
   for (std::size_t code = 1; code < textes.size(); ++code) {
+    const std::string_view texte = capture::RognerCellule(textes[code]);
     const auto fin = textes.begin() + static_cast<std::ptrdiff_t>(code);
-    const bool deja = std::find(textes.begin(), fin, textes[code]) != fin;
-    differents.push_back(deja ? Joindre({textes[code], " (", Nombre(code), ")"}) : textes[code]);
+    const bool deja = std::find_if(textes.begin(), fin, [&](const std::string& autre) {
+                        return capture::RognerCellule(autre) == texte;
+                      }) != fin;
+    differents.push_back(deja ? Joindre({texte, " (", Nombre(code), ")"}) : std::string(texte));
   }
   return differents;
 }
 
 }  // namespace
+
+IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos) {
+  const auto parCode = [&](auto vide) {
+    return std::vector(pos.questions.size(), std::vector(kDernierCodeNomme + 1, vide));
+  };
+  IntitulesDesCodes intitules{parCode(std::string()), {}};
+  LecteurLignes lecteur(mod);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
+  bool dansLaListe = true;
+  std::vector<std::vector<char>> vus = parCode('\0');
+  std::unordered_map<std::string, std::string> sansPlace;  // labels by the names that several codes share
+  std::optional<CodeDeModalite> precedente;
+  while (lecteur.Lire(ligne)) {
+    const std::string nom = CadreGauche(ligne, kLargeurNom);
+    dansLaListe = dansLaListe && !FinitLesModalites(nom);
+    const std::string_view intitule = Rogner(Milieu(ligne, kLargeurNom + 4));
+    CodeDeModalite lu;
+    const FauteDeNom faute = LireNomDeModalite(pos, nom, precedente, lu);
+    if (faute == FauteDeNom::Partagee && !intitule.empty() && sansPlace.emplace(nom, intitule).second)
+      intitules.partages.push_back(nom);
+    precedente = faute == FauteDeNom::Aucune ? std::optional(lu) : std::nullopt;
+    if (!precedente || static_cast<std::size_t>(lu.code) > kDernierCodeNomme) continue;
+    std::string& place = intitules.parQuestion[lu.question][static_cast<std::size_t>(lu.code)];
+    if (char& vu = vus[lu.question][static_cast<std::size_t>(lu.code)]; vu == 0) {
+      vu = 1;
+      place = intitule;
+    } else if (dansLaListe && place != intitule) {
+      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, 2));
+    }
+  }
+  for (std::size_t q = 0; q < pos.questions.size() && !sansPlace.empty(); ++q)
+    for (std::size_t code = 1; code <= kDernierCodeNomme; ++code)
+      if (const auto commun = sansPlace.find(NomDuCode(pos.questions[q], static_cast<int>(code)));
+          vus[q][code] == 0 && commun != sansPlace.end())
+        intitules.parQuestion[q][code] = commun->second;
+  return intitules;
+}
 
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions) {
   std::size_t nombre = 0;
@@ -64,19 +120,26 @@ std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions) {
     capture::ChoixDeColonne colonne;
     colonne.intitule = Rogner(question.titre);
     colonne.nom = question.nom;
-    colonne.genre = capture::Genre::Longs;
-    if (!question.textes.empty()) {
-      if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};
+    if (question.titre != question.intitule || question.intitule.size() <= question.nom.size())
+      colonne.libelle = Rogner(question.intitule);
+    if (question.textes.empty()) {
+      colonne.genre = capture::Genre::Alphabetique;
+      colonne.codeMax = std::max(question.codeMax, 1);
+      colonne.aDroite = question.aDroite;
+    } else if (!ALesChiffres(question) && question.textes.size() - 1 <= kTextesAuPlus) {
       // Texts in the order of their codes keep a code that nobody gave.
-      if (question.textes.size() - 1 <= kTextesAuPlus) {
-        colonne.genre = capture::Genre::Textes;
+      colonne.genre = capture::Genre::Textes;
+      colonne.ordre = capture::Ordre::Donne;
+      colonne.textes = TextesDifferents(question.textes);
+      colonne.nonReponses = {question.textes.front()};
+    } else {
+      colonne.genre = capture::Genre::Codes;
+      colonne.codeMax = question.codeMax;
+      if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};
+      if (!ALesChiffres(question)) {
         colonne.ordre = capture::Ordre::Donne;
         colonne.textes = TextesDifferents(question.textes);
-        colonne.nonReponses = {question.textes.front()};
-      } else if (ALesChiffres(question)) {
-        colonne.genre = capture::Genre::Codes;
-      } else {
-        continue;
+        colonne.textes.resize(kTextesAuPlus);
       }
     }
     choix.push_back(std::move(colonne));

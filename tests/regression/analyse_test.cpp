@@ -9,12 +9,14 @@
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
+#include "regression/anatab/anatab.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
 #include "regression/logistique/indistincts.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
+#include "support/programme.h"
 
 namespace quelvar::regression {
 
@@ -203,5 +205,40 @@ TEST(KhiPaire, EstLeKhiDeuxDuTableauDeDeuxLignes) {
 }
 
 }  // namespace
+
+class RunAnatab : public essai::RunDeProgramme {};
+
+// Two runs of one name: the tabular part takes two questions, the experimental effect one.
+TEST_F(RunAnatab, QuestionsDeMemeNom) {
+  std::string donnees;
+  for (const char* const ligne : {"101010", "100110", "101001", "100101", "011010", "010110", "011001", "010101"})
+    donnees += Joindre({"    ", std::string_view(ligne), "\n"});
+  Ecrire("ENQ.CDG", donnees);
+  const auto dit = [&](std::string_view nom) {
+    boites_.clear();
+    Ecrire("ENQ.MOD", Joindre({"ENQ\n FMT=1\nAAA1 R un\nAAA2 X deux\nYYY1 Y oui\nYYY2   non\n", nom, "3 R trois\n", nom,
+                               "4 X quatre\n**\n"}));
+    EXPECT_EQ(Anatab(contexte_), Fin::Normale) << montre_;
+    return boites_.empty() ? std::string() : boites_[0];
+  };
+  EXPECT_EQ(dit("BBB"), "");
+  EXPECT_TRUE(dit("AAA").ends_with("renommez leurs modalit\xE9s (AAA)"));
+}
+
+// An empty or cut coding has the sentences of the analysis; one of another survey the sentence of the files.
+TEST_F(RunAnatab, CodagesQuiNeVontPas) {
+  Ecrire("ENQ.MOD", "ENQ\n BRT=1 LIGN=6 LSUP=2 COL=4 FMT=1\nAAA1 R un\nAAA2 X deux\nYYY1 Y oui\nYYY2   non\n**\n");
+  const std::pair<const char*, std::string_view> cas[] = {
+      {"", "*** Le fichier ENQ.CDG est vide. Arr\xEAt du programme"},
+      {"    10\n    01\n", "*** L'individu     2 n'a pas une r\xE9ponse \xE0 chaque question"},
+      {"    1010\n    10\n", "*** Nombre d'individus fautifs =     1"},
+      {"   110101\n   201101\n", "ses lignes ont plus de 4 chiffres"},
+      {"    1010\n", "il a 1 individus au lieu de 2"}};
+  for (const auto& [codage, phrase] : cas) {
+    Ecrire("ENQ.CDG", codage);
+    EXPECT_EQ(Anatab(contexte_), Fin::Arret);
+    EXPECT_TRUE(Dit(phrase)) << montre_;
+  }
+}
 
 }  // namespace quelvar::regression

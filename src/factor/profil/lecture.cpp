@@ -10,22 +10,7 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr int kPremierCodeDouble = 36;  // the first one written with two digits
 constexpr std::size_t kLargeurNom = 4;
-
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
-
-// Rank of the first question of that name whose code-max admits the code; of the name alone without one.
-std::optional<std::size_t> ChercherQuestion(const FichierPos& pos, std::string_view nom, std::size_t largeur,
-                                            int code) {
-  std::optional<std::size_t> trouvee;
-  for (std::size_t q = 0; q < pos.questions.size(); ++q) {
-    if (std::string_view(pos.questions[q].nom).substr(0, largeur) != nom.substr(0, largeur)) continue;
-    if (pos.questions[q].codeMax >= code) return q;
-    if (!trouvee) trouvee = q;
-  }
-  return trouvee;
-}
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
 struct QuestionComptee {
@@ -102,29 +87,6 @@ bool EstEffectif(std::string_view cellule, std::size_t largeur) {
 
 }  // namespace
 
-FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, CodeDeModalite& lu) {
-  const char signe = nom[kLargeurNom - 1];
-  const bool lettre = signe >= 'A' && signe <= 'Z';
-  const bool chiffre = EstChiffre(signe);
-  const int court = lettre ? signe - 'A' + 10 : signe - '0';
-  const bool double_ = chiffre && EstChiffre(nom[kLargeurNom - 2]);
-  const int longue = double_ ? 10 * (nom[kLargeurNom - 2] - '0') + (signe - '0') : 0;
-
-  std::optional<std::size_t> question;
-  if (lettre || chiffre) question = ChercherQuestion(pos, nom, 3, court);
-  const bool admise = question && pos.questions[*question].codeMax >= court;
-  if (!admise && longue >= kPremierCodeDouble) {
-    if (const auto autre = ChercherQuestion(pos, nom, 2, longue); autre && pos.questions[*autre].codeMax >= longue) {
-      lu = {*autre, longue};
-      return FauteDeNom::Aucune;
-    }
-  }
-  if (!lettre && !chiffre) return FauteDeNom::HorsNorme;
-  if (!question) return FauteDeNom::Inconnue;
-  lu = {*question, court};
-  return FauteDeNom::Aucune;
-}
-
 ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
                                const std::vector<std::size_t>& choisies, const Dialogue& dialogue) {
   const Comptoir comptoir(pos, codes);
@@ -148,6 +110,8 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
   });
   ComptesDeProfil comptes;
   comptes.individus = static_cast<double>(lus);
+  if (lus == pos.taille.individus)
+    while (lecteur.Lire() != nullptr) ++comptes.laisses;
   for (const CodeDeModalite& code : codes)
     comptes.effectifs.push_back(comptoir.Effectif(autres.data(), code) +
                                 (seule ? comptoir.Effectif(ensemble.front().data(), code) : 0));
