@@ -181,6 +181,16 @@ LecteurLignes& LecteurLignes::operator=(LecteurLignes&& autre) noexcept {
   return *this;
 }
 
+namespace {
+
+[[noreturn]] void RefuserLigne(std::string_view nom) {
+  throw Erreur(kMemoireInsuffisante,
+               Joindre({"*** Arret du programme : ", NomDepuisUtf8(nom), " a une ligne de plus de ",
+                        std::to_string(LecteurLignes::kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
+}
+
+}  // namespace
+
 // Brings more bytes behind those not given yet; false when the file has no more.
 bool LecteurLignes::Remplir() {
   if (finie_) return false;
@@ -190,10 +200,7 @@ bool LecteurLignes::Remplir() {
     debut_ = 0;
   }
   if (fin_ == capacite_) {
-    if (capacite_ > kLigneAuPlus)
-      throw Erreur(kMemoireInsuffisante,
-                   Joindre({"*** Arret du programme : ", NomDepuisUtf8(nom_), " a une ligne de plus de ",
-                            std::to_string(kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
+    if (fin_ > kLigneAuPlus) RefuserLigne(nom_);
     std::unique_ptr<char[]> plusGrand(new char[capacite_ * 2]);
     std::memcpy(plusGrand.get(), tampon_.get(), fin_);
     tampon_ = std::move(plusGrand);
@@ -212,6 +219,7 @@ bool LecteurLignes::Lire(std::string_view& ligne) {
     const std::size_t disponibles = fin_ - debut_;
     if (const void* saut = std::memchr(debut + examines, '\n', disponibles - examines)) {
       const auto longueur = static_cast<std::size_t>(static_cast<const char*>(saut) - debut);
+      if (longueur > kLigneAuPlus) RefuserLigne(nom_);
       debut_ += longueur + 1;
       ++numero_;
       ligne = std::string_view(debut, longueur > 0 && debut[longueur - 1] == '\r' ? longueur - 1 : longueur);
@@ -228,6 +236,7 @@ bool LecteurLignes::LireLaFin(std::string_view& ligne) {
   debut_ = fin_;
   if (!reste.empty() && reste.back() == '\x1A') reste.remove_suffix(1);
   if (reste.empty()) return false;
+  if (reste.size() > kLigneAuPlus) RefuserLigne(nom_);
   if (reste.back() == '\r') reste.remove_suffix(1);
   ligne = reste;
   ++numero_;

@@ -94,6 +94,15 @@ TEST_F(Fichiers, FailuresHaveTheirNumbers) {
   EXPECT_EQ(NumeroLeve([&] { plein.Fermer(); }), kDisquePlein);
 }
 
+// The bound of the contract, whatever the reader's buffer has room for.
+TEST_F(Fichiers, ALineBeyondTheBoundIsNoText) {
+  const std::string longue(LecteurLignes::kLigneAuPlus, 'x');
+  std::string_view ligne;
+  EXPECT_EQ(LecteurLignes(Ecrire("JUSTE", longue + "\nb\n")).LireObligatoire().size(), longue.size());
+  for (const char* fin : {"x", "x\n", "x\nb\n"})
+    EXPECT_EQ(NumeroLeve([&] { LecteurLignes(Ecrire("TROP", longue + fin)).Lire(ligne); }), kMemoireInsuffisante);
+}
+
 TEST_F(Fichiers, BytesPassTheBufferInOrder) {
   std::string attendu;
   {
