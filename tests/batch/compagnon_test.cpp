@@ -81,12 +81,18 @@ TEST_F(Compagnon, NothingTakesTheDiskOrTheMemoryUnasked) {
            "truncate -s 900G G.TRG; $Q triang G",
            "truncate -s 900G M.TXT; $Q saisiemot M position=2",
            "truncate -s 900G M.CDG; $Q anatab M",
+           // 15,000 modalities by all the others; 60,000 words by 900 questions of 99 codes
+           "{ printf 'P\\n BRT=2 FMT=1 \\n'; seq 4096 19095 | xargs printf '%04x   une\\n'; } >P.MOD; echo 0000 "
+           ">P.BRT; "
+           "$Q profilmod P modalites=$(seq 4096 19095 | xargs printf '%04x,' | sed 's/,$//')",
+           "seq 10000 69999 | sed 's/.*/01&mot&    $$*** mot/' >W.DAT; { printf 'W\\n 60000 \\n'; seq 100 999 | "
+           "sed 's/$/   199 $Q$ \\&ACT\\&/'; } >W.POS; $Q tabmot W frequence=1 limite=0",
        }) {
     EXPECT_EQ(Lancer(ligne), 1) << ligne << '\n' << sortie_;
     EXPECT_NE(sortie_.find("*** Arret du programme : il prendrait"), std::string::npos) << ligne << '\n' << sortie_;
     EXPECT_NE(sortie_.find("octets"), std::string::npos);
   }
-  EXPECT_NE(Lancer("ls T.DAT T.POS H.TXT G.csv G.BRT G.svg M.DAT M.CD2"), 0);
+  EXPECT_NE(Lancer("ls T.DAT T.POS H.TXT G.csv G.BRT G.svg M.DAT M.CD2 W.BRT"), 0);
 }
 
 TEST_F(Compagnon, NamesInOtherScriptsAreOpenedAsTheyAre) {

@@ -26,7 +26,10 @@ Resultats::Resultats(Controles controles, Session& session, Dialogue& ecran, For
           [this](bool fige) { controles_.texte.FigerColonnes(fige ? kColonnesDeNom : 0); });
 }
 
-void Resultats::Remplacer(std::string_view texte) { Poser(texte, {}, true); }
+void Resultats::Remplacer(std::string_view texte) {
+  Poser(texte, {}, true);
+  controles_.texte.PoserPhrases(texte);
+}
 
 void Resultats::Ajouter(std::string_view texte) {
   if (!texte.empty()) controles_.texte.AjouterTexte(texte);

@@ -35,6 +35,11 @@ class Volet : public QWidget {
 
 QString VersQt16(const std::u16string& texte) { return QString::fromStdU16String(texte); }
 
+// What the program says: names in other scripts stand as they are on the screen, and are "?" when the text is saved.
+QString EcranDe(std::string_view phrases) {
+  return AvecEtrangers(phrases) ? VersQt(phrases).remove(u'\r') : VersQt16(DecoderTexte(phrases).texte);
+}
+
 }  // namespace
 
 TexteFixe::TexteFixe(QWidget* parent)
@@ -55,9 +60,16 @@ void TexteFixe::PoserTexte(std::string_view octets, bool alaFin) {
   moveCursor(alaFin ? QTextCursor::End : QTextCursor::Start);
 }
 
+void TexteFixe::PoserPhrases(std::string_view texte) {
+  PoserTexte(NomMontrable(texte), true);
+  if (!AvecEtrangers(texte)) return;
+  setPlainText(EcranDe(texte));
+  moveCursor(QTextCursor::End);
+}
+
 void TexteFixe::AjouterTexte(std::string_view texte) {
   moveCursor(QTextCursor::End);
-  insertPlainText(VersQt16(DecoderTexte(texte).texte));
+  insertPlainText(EcranDe(texte));
   moveCursor(QTextCursor::End);
 }
 

@@ -17,6 +17,8 @@ class TexteFixe : public QPlainTextEdit {
 
   // Replaces the text; the caret stands at its head or at its end.
   void PoserTexte(std::string_view octets, bool alaFin = false);
+  // What the program itself says, which may hold names of any script.
+  void PoserPhrases(std::string_view texte);
   // Adds lines under what the box holds, the caret behind them.
   void AjouterTexte(std::string_view texte);
   // The text as bytes, encoded and ended as those that came in.

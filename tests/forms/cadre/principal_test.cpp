@@ -50,6 +50,22 @@ TEST(Principal, PremierDemarrage) {
   EXPECT_TRUE(bureau.Texte().contains("n'existe pas"));
 }
 
+TEST(Principal, UnGeneriqueDUneAutreEcritureSeMontreTelQuel) {
+  Bureau bureau(true);
+  bureau.Ecrire("qvr2.ini", quelvar::NomDepuisUtf8("Да") + "\r\n 1 \r\n");
+  bureau.Ecrire("Да.POS", kPos);
+  bureau.Ecrire("Да.DAT", kDat);
+  bureau.Ecrire("Нет.POS", kPos);
+  bureau.Ouvrir();
+  EXPECT_TRUE(bureau.Texte().contains("Le générique en cours dans ce répertoire est : Да\n"))
+      << bureau.Texte().toStdString();
+  EXPECT_TRUE(bureau.Texte().contains("\nДа\nНет")) << bureau.Texte().toStdString();
+  EXPECT_NE(bureau.Controle<quelvar::forms::TexteFixe>("Text1").Octets().find("\n??\r\n???"), std::string::npos);
+  bureau.Menu("mnuTriapl");
+  EXPECT_TRUE(bureau.Texte().contains("Les impressions se font sur ??.TAP")) << "a report has the code page only";
+  EXPECT_TRUE(std::filesystem::exists(bureau.Dossier() / "Да.TAP"));
+}
+
 TEST(Principal, ReprendLaDerniereSession) {
   BureauOuvert bureau(2);
   const QString dossier = QString::fromStdString(bureau.Dossier().string());
