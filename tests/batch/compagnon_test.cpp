@@ -108,7 +108,9 @@ TEST_F(Compagnon, NamesInOtherScriptsAreOpenedAsTheyAre) {
              "test -s граф.svg"),
       0)
       << sortie_;
-  EXPECT_EQ(Lancer("$Q -C Опрос recodage Да && ls Опрос/*A.POS"), 0) << sortie_;
+  EXPECT_EQ(Lancer("$Q -C Опрос recodage Да && ls Опрос/Дб.POS"), 0) << sortie_;
+  EXPECT_EQ(Lancer("ln -s ailleurs .ENQ.verrou; $Q triapl ENQ; a=$?; rm .ENQ.verrou; exit $a"), 1);
+  EXPECT_NE(sortie_.find(".ENQ.verrou est un lien et non un verrou"), std::string::npos) << sortie_;
 }
 
 // Of two that start together each comes to its end or stops before the other; nothing is mixed.

@@ -8,7 +8,9 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <ctime>
+#include <thread>
 #include <tuple>
 #include <utility>
 
@@ -111,13 +113,32 @@ struct Prise {
   std::vector<std::string> recit = {};
 };
 
+// Who holds a lock that was made a moment ago is written in it within another one.
+Detenteur AttendreDetenteur(int descripteur) {
+  constexpr int kEssais = 50;
+  constexpr std::chrono::milliseconds kInstant{2};
+  Detenteur detenteur = LireDetenteur(descripteur);
+  for (int essai = 0; essai < kEssais && detenteur[0].empty(); ++essai) {
+    std::this_thread::sleep_for(kInstant);
+    detenteur = LireDetenteur(descripteur);
+  }
+  return detenteur;
+}
+
+// A link in place of the lock would hold a file elsewhere, or nothing.
+std::string PhraseDuLien(const Chemin& verrou) {
+  return Joindre({"*** Arret du programme : "_w, TexteDe(verrou.filename()),
+                  " est un lien et non un verrou : effacez-le et relancez"_w});
+}
+
 Prise Prendre(const Chemin& chemin, std::string_view generique) {
   for (;;) {
     const int descripteur = Ouvrir(chemin);
+    if (descripteur < 0 && errno == ELOOP) throw Erreur(kAccesFichier, PhraseDuLien(chemin));
     if (descripteur < 0) return {};
     if (::flock(descripteur, LOCK_EX | LOCK_NB) != 0) {
       const bool occupe = errno == EWOULDBLOCK;
-      const Detenteur detenteur = LireDetenteur(descripteur);
+      const Detenteur detenteur = occupe ? AttendreDetenteur(descripteur) : Detenteur();
       ::close(descripteur);
       if (!occupe) return {};
       if (EstInscrit(chemin)) return {-1, {}, PrendreLeRecit(chemin)};

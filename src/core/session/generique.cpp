@@ -23,8 +23,14 @@ unsigned char AvantDernierSigne(unsigned char c) {
 std::string GeneriqueSuivant(std::string_view generique) {
   std::string suivant(generique);
   if (const std::size_t etranger = EtrangerFinal(suivant)) {
+    // The next character of its script, told by the last byte, so that two names do not step to one.
+    constexpr unsigned char kPremierDeSuite = 0x80;
+    constexpr unsigned char kDernierDeSuite = 0xBF;
+    std::string signe = VersUtf8(std::string_view(suivant).substr(suivant.size() - etranger));
+    const auto dernier = static_cast<unsigned char>(signe.back());
+    signe.back() = static_cast<char>(dernier >= kDernierDeSuite ? kPremierDeSuite : dernier + 1);
     suivant.resize(suivant.size() - etranger);
-    suivant += 'A';
+    suivant += NomDepuisUtf8(signe);
   } else if (!suivant.empty()) {
     const unsigned char avant = AvantDernierSigne(static_cast<unsigned char>(suivant.back()));
     suivant.back() = static_cast<char>(avant + 1);
