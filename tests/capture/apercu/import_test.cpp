@@ -341,6 +341,26 @@ TEST_F(RunImportDeTable, NoFileEndsInAnErrorThatSaysNothing) {
   }
 }
 
+// Lines that end in CR alone behind the head of the file, with and without a mark, are rows like the others.
+TEST_F(RunImportDeTable, LineEndsInCrAloneWhereverTheyStand) {
+  for (const std::string_view marque : {"", "\xEF\xBB\xBF"}) {
+    for (const std::size_t tete : {std::size_t{1} << 17, (std::size_t{1} << 20) + 70000}) {
+      std::string octets = Joindre({marque, "sexe;avis\r\n"});
+      std::int64_t individus = 0;
+      for (; octets.size() < tete; ++individus) octets += individus % 2 == 0 ? "Femme;1\r\n" : "Homme;2\r\n";
+      octets += "Homme;3\rFemme;2\rHomme;1\r";
+      ASSERT_EQ(Importer(octets), Fin::Normale) << tete << montre_;
+      EXPECT_TRUE(Dit(Joindre({"Le nombre d'individus est de  ", Nombre(individus + 3), " "}))) << tete << montre_;
+      EXPECT_TRUE(Lire("ENQ.DAT").ends_with("23\r\n12\r\n21\r\n")) << tete;
+    }
+  }
+}
+
+TEST_F(RunImportDeTable, RowsOfAnotherEncodingAreToldByTheirLines) {
+  ASSERT_EQ(Importer("q;r\n1;\xC3\xA9t\xC3\xA9\n2;hiver\n1;caf\xE9\n2;\xC3\xA9t\xC3\xA9\n1;caf\xE9\n"), Fin::Normale);
+  EXPECT_TRUE(Dit("il est lu en windows-1252 : 2 ligne(s) ne sont pas en UTF-8 (ligne 4, 6)")) << montre_;
+}
+
 // Rising numbers of the individuals are laid at one go, others after a first look: the lines are the same.
 TEST_F(RunImportDeTable, NumbersOfIndividualsInWhateverOrder) {
   std::vector<std::string> attendues;
