@@ -356,6 +356,41 @@ TEST_F(RunImportDeTable, LineEndsInCrAloneWhereverTheyStand) {
   }
 }
 
+// Halves of letters beyond Latin-1 look like control bytes.
+TEST_F(RunImportDeTable, Utf16WithoutMark) {
+  const std::u16string texte = u"q;r\n1;c\u0153ur\n2;l\u2019\u00E9t\u00E9\n1;l\u2019\u00E9t\u00E9\n2;c\u0153ur\n";
+  for (const bool grand : {false, true}) {
+    std::string octets;
+    for (const char16_t unite : texte) {
+      const std::string deux = {static_cast<char>(unite & 0xFF), static_cast<char>(unite >> 8)};
+      octets.append(grand ? std::string(deux.rbegin(), deux.rend()) : deux);
+    }
+    ASSERT_EQ(Importer(octets), Fin::Normale) << montre_;
+    EXPECT_EQ(Lire("ENQ.DAT"), "11\r\n22\r\n12\r\n21\r\n");
+    EXPECT_NE(Lire("ENQ.MOD").find(Joindre({"cœur"_w})), std::string::npos);
+  }
+}
+
+// What the user lays down holds for every column: a number written otherwise is told, and never read otherwise.
+TEST_F(RunImportDeTable, TheDecimalSignOfTheUserHolds) {
+  const std::string_view octets = "id;v\n7;1,5\n8;2,25\n7;3,125\n8;1,234\n";
+  OptionsImport options;
+  options.lecture.decimale = '.';
+  EXPECT_EQ(Importer(octets, options), Fin::Arret);
+  EXPECT_TRUE(Dit("*** Erreur : colonne 2 v, ligne 2 : \"1,5\" n'a pas le signe décimal donné"_w)) << montre_;
+  EXPECT_TRUE(Dit("ligne 5 : \"1,234\"")) << montre_;
+  options.lecture.decimale = ',';
+  EXPECT_EQ(Importer(octets, options), Fin::Normale) << montre_;
+  Ecrire("vu.csv", octets);
+  PreparationDImport preparation(dossier_.Chemin() / "vu.csv", {});
+  EXPECT_TRUE(preparation.Refus().empty());
+  Lecture lecture = preparation.LectureEnCours();
+  lecture.decimale = '.';
+  lecture.sourceDeDecimale = SourceDeDecimale::Donnee;
+  preparation.ChangerLecture(lecture);
+  EXPECT_EQ(preparation.Refus().size(), 4U);
+}
+
 TEST_F(RunImportDeTable, RowsOfAnotherEncodingAreToldByTheirLines) {
   ASSERT_EQ(Importer("q;r\n1;\xC3\xA9t\xC3\xA9\n2;hiver\n1;caf\xE9\n2;\xC3\xA9t\xC3\xA9\n1;caf\xE9\n"), Fin::Normale);
   EXPECT_TRUE(Dit("il est lu en windows-1252 : 2 ligne(s) ne sont pas en UTF-8 (ligne 4, 6)")) << montre_;

@@ -46,13 +46,24 @@ std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) 
   Refuser(source, kAnonyme);
 }
 
-void RefuserBinaire(const Chemin& source, std::string_view tete) {
+void RefuserSignature(const Chemin& source, std::string_view tete) {
   if (tete.empty()) Refuser(source, "est vide.");
   for (const Signature& signature : kSignatures)
     if (tete.starts_with(signature.octets)) Refuser(source, signature.raison);
-  const auto controles = static_cast<std::size_t>(std::ranges::count_if(tete, [](char c) {
-    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n' && c != '\0' && c != '\x1A';
-  }));
+}
+
+bool EstControle(char c) {
+  return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n' && c != '\0' && c != '\x1A';
+}
+
+// A file of bytes that no text holds; of UTF-16 those beside a zero, at every second place from `fort` on, are judged:
+// elsewhere they are halves of letters such as "oe" in one sign.
+void RefuserControles(const Chemin& source, std::string_view tete, std::optional<std::size_t> fort) {
+  std::size_t controles = 0;
+  if (!fort) controles = static_cast<std::size_t>(std::ranges::count_if(tete, EstControle));
+  else
+    for (std::size_t i = 0; i + 1 < tete.size(); i += 2)
+      if (tete[i + *fort] == '\0' && EstControle(tete[i + 1 - *fort])) ++controles;
   if (controles * 100 > tete.size()) Refuser(source, kAnonyme);
 }
 
@@ -215,8 +226,12 @@ EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
   if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
   if (morceau.starts_with("\xFF\xFE")) return {Encodage::Utf16LE, false, false, {}};
   if (morceau.starts_with("\xFE\xFF")) return {Encodage::Utf16BE, false, false, {}};
-  RefuserBinaire(source, morceau);
-  if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) return {*seize, false, false, {}};
+  RefuserSignature(source, morceau);
+  if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) {
+    RefuserControles(source, morceau, *seize == Encodage::Utf16LE ? 1 : 0);
+    return {*seize, false, false, {}};
+  }
+  RefuserControles(source, morceau, std::nullopt);
 
   EncodageDetecte detecte;
   Examen examen;
