@@ -48,10 +48,17 @@ TEST_F(RunImportDeTable, ChoicesWrittenAreTheChoicesRead) {
   for (std::size_t i = 0; i < choix.size(); ++i) EXPECT_EQ(lus[i], choix[i]) << i;
 }
 
+TEST_F(RunImportDeTable, BoundsAsTheFormShowsThem) {
+  for (const std::string_view bornes : {"15|25.5|35", "15 25.5 35", " 15  25.5 | 35 "}) {
+    Ecrire("x.imc", Joindre({"AGE=classes;AGE;bornes=", bornes, "\n"}));
+    EXPECT_EQ(LireImc(dossier_.Chemin() / "x.imc").at(0).bornes, (std::vector<double>{15, 25.5, 35})) << bornes;
+  }
+}
+
 TEST_F(RunImportDeTable, AFaultyChoiceIsToldWithItsLine) {
   for (const std::string_view ligne :
        {"SEX", "SEX=inconnu", "SEX=codes;TROP", "SEX=classes;SEX", "SEX=classes;SEX;bornes=3|2",
-        "SEX=classes;SEX;groupes=1", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
+        "SEX=classes;SEX;groupes=1", "SEX=classes;SEX;groupes=1 0", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
     Ecrire("x.imc", Joindre({"# titre\n", ligne, "\n"}));
     OptionsImport options;
     options.fichierChoix = "x.imc";
