@@ -193,6 +193,7 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
   resultat.message = std::move(table.message);
   if (!resultat.message.empty()) return resultat;
   resultat.ouverte = true;
+  resultat.agregation.lue = table.table;
   resultat.agregation.table = std::move(table.table);
   resultat.agregation.supplementaires = Supplementaires(resultat.agregation.table);
   resultat.agregation.facteurs = LireFacteurs(contexte, resultat.agregation.table);
@@ -253,8 +254,8 @@ std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& 
   return fautes;
 }
 
-std::string RefusDeTerminer(const Agregation& agregation) {
-  if (agregation.modifiee) return {};
+std::string RefusDeTerminer(const Contexte& contexte, const Agregation& agregation) {
+  if (agregation.modifiee) return RefusDeTableChangee(contexte, agregation.lue);
   return Joindre({"*** Erreur ***\r\n", "Il n'y a pas de nouveau fichier créé. Annulez pour sortir"_w});
 }
 
@@ -292,7 +293,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
       agregation.compteRendu.clear();
     }
     if (!agregation.modifiee) {
-      contexte.Ecran().demander(RefusDeTerminer(agregation), Boutons::Ok);
+      contexte.Ecran().demander(RefusDeTerminer(contexte, agregation), Boutons::Ok);
       throw Erreur(kArretAnnonce);
     }
     const std::string nouveau = DemanderGeneriqueLibre(contexte, options.remplacer).value_or("");

@@ -25,6 +25,7 @@ struct TriDeLignes {
 // The work in progress: nothing of it is in a file before Terminer.
 struct Agregation {
   TableGeree table;
+  TableGeree lue;                             // as the files have it
   std::optional<FacteursDesLignes> facteurs;  // without both coordinate files there is no sort by factor
   std::vector<std::string> compteRendu;       // lines of the report, behind the banner
   bool modifiee = false;                      // a merge was made
@@ -45,8 +46,8 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule);
 // not quite those of the table are told once in a box.
 std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Contexte& contexte);
 
-// What the form says when there is nothing to save; empty otherwise.
-std::string RefusDeTerminer(const Agregation& agregation);
+// What the form says when there is nothing to save, or the table is another one by now; empty otherwise.
+std::string RefusDeTerminer(const Contexte& contexte, const Agregation& agregation);
 
 // Writes the table under a new generic, to which the session goes; on a normal end `nouveau` holds it.
 Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, std::string& nouveau);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
@@ -157,6 +158,23 @@ TableOuverte OuvrirTable(const Contexte& contexte) {
     ouverte.message = {std::string(kErreur), std::string(TexteErreur(erreur))};
   }
   return ouverte;
+}
+
+std::string RefusDeTableChangee(const Contexte& contexte, const TableGeree& lue) {
+  const TableOuverte ouverte = OuvrirTable(contexte);
+  const TableGeree& table = ouverte.table;
+  const auto parties = [](const ListeModalites& mod) {
+    return std::tie(mod.titre, mod.parametres, mod.textes, mod.suite);
+  };
+  const auto memeLigne = [](const LigneDeTable& a, const LigneDeTable& b) {
+    return std::tie(a.nom, a.cellules, a.intitule) == std::tie(b.nom, b.cellules, b.intitule);
+  };
+  if (ouverte.message.empty() && parties(table.mod) == parties(lue.mod) &&
+      std::ranges::equal(table.lignes, lue.lignes, memeLigne))
+    return {};
+  return Joindre(
+      {"Le tableau (", contexte.Nom(".BRT"), ", ", contexte.Nom(".MOD"),
+       ") a été modifié depuis l'ouverture de cette fenêtre : rien n'est enregistré, annulez et recommencez"_w});
 }
 
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur) {

@@ -38,6 +38,10 @@ struct TableOuverte {
 // Reads .MOD and .BRT of the generic; no row is marked.
 TableOuverte OuvrirTable(const Contexte& contexte);
 
+// Why a table that was read earlier, and not changed since, cannot be worked on any longer: the files are others now.
+// Empty when they are the same.
+std::string RefusDeTableChangee(const Contexte& contexte, const TableGeree& lue);
+
 // The parameter line of a managed table.
 std::string ParametresDeTable(std::size_t lignes, std::size_t colonnes, std::int64_t lignesSup, int largeur);
 void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lignes);

@@ -134,6 +134,11 @@ bool SuplMot::eventFilter(QObject* objet, QEvent* evenement) {
 
 void SuplMot::Enregistrer() {
   if (!colonnes_->Ranger() || !lignes_->Ranger()) return;
+  if (const std::string refus = text::RefusDeTableChangee(contexte_, desFichiers_); !refus.empty()) {
+    ui_->TextMsg->setText(VersQt(refus));
+    ui_->TextMsg->setVisible(true);
+    return services_.ecran.biper();
+  }
   const text::TableGeree table = ouverte_.table;
   Fin fin = Fin::Arret;
   services_.Lancer([&](const Contexte&) { fin = text::EnregistrerSuplMot(contexte_, table); });

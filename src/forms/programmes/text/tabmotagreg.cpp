@@ -120,7 +120,7 @@ void TabMotAgreg::Trier() {
 }
 
 void TabMotAgreg::Terminer() {
-  const std::string refus = text::RefusDeTerminer(ouverte_.agregation);
+  const std::string refus = text::RefusDeTerminer(contexte_, ouverte_.agregation);
   if (!refus.empty()) {
     services_.ecran.biper();
     Dire(refus);

@@ -163,6 +163,27 @@ TEST_F(FormesDuTexte, UnMotQuiContientUneVirguleSeCherche) {
   }
 }
 
+TEST_F(FormesDuTexte, UnTableauRefaitPendantQueSaFenetreEstOuverteNEstPasRemplace) {
+  const std::string mod = "ENQ\r\n LIGN=2 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n";
+  bureau_.Ecrire("ENQ.MOD", mod);
+  bureau_.Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n");
+  auto& statuts = bureau_.Demander<SuplMot>("mnuSupLignes");
+  CliquerLigne(statuts, "ListLignSuppl", 0);
+  auto& lignes = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
+  Bureau::Dans<QListWidget>(lignes, "ListLignSuppl").selectAll();
+  Taper(lignes, "TextModLign", "tout");
+  Cliquer(lignes, "BtEnreg");
+  const std::string neuf = "   211un\r\n   330deux\r\n";
+  bureau_.Ecrire("ENQ.BRT", neuf);
+  Cliquer(statuts, "BoutEnreg");
+  Cliquer(lignes, "BtFin");
+  for (const QWidget* forme : std::initializer_list<const QWidget*>{&statuts, &lignes})
+    EXPECT_TRUE(Etiquette(*forme, "TextMsg").contains("a été modifié depuis l'ouverture de cette fenêtre"));
+  EXPECT_EQ(bureau_.Lire("ENQ.BRT"), neuf);
+  EXPECT_EQ(bureau_.Lire("ENQ.MOD"), mod);
+  EXPECT_FALSE(bureau_.Existe("ENR.brt"));
+}
+
 TEST_F(FormesDuTexte, LeStatutDesLignesEtDesColonnesSEnregistre) {
   bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=2 LSUP=0 COL=2 FMT=1 DE=0 \r\nSEX1   H\r\nSEX2   F\r\n");
   bureau_.Ecrire("ENQ.BRT", "   211un\r\n   312deux\r\n");
