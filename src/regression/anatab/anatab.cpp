@@ -7,6 +7,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
@@ -268,6 +269,7 @@ void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chem
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
+  ExigerEcriture(contexte, rapport, options.image);
   Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
   ExigerPlaceDesFiches(contexte, rapport, fichiers.codageLogique, travail);
   try {
