@@ -16,9 +16,9 @@ struct CodeDeModalite {
 
 enum class FauteDeNom { Aucune, Inconnue, HorsNorme, Partagee };
 
-// The code of a name of four characters: a digit, or "A" to "Z" from 10 on, behind three characters of the question; two
-// digits from 36 on behind two characters. Where several readings fit (NB36 is the code 36 of NBA and of NBB, and the
-// code 6 of NB3), it is the next code of the question of the modality before it in the list (`precedente`), else
+// The code of a name of four characters: a digit, or "A" to "Z" from 10 on, behind three characters of the question;
+// two digits from 36 on behind two characters. Where several readings fit (NB36 is the code 36 of NBA and of NBB, and
+// the code 6 of NB3), it is the next code of the question of the modality before it in the list (`precedente`), else
 // another one of that question; Partagee when that question has none.
 FauteDeNom LireNomDeModalite(const FichierPos& pos, std::string_view nom, std::optional<CodeDeModalite> precedente,
                              CodeDeModalite& lu);

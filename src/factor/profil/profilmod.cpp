@@ -6,6 +6,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
@@ -198,6 +199,7 @@ ProfilDeModalite Profiler(const FichierMod& mod, const ComptesDeProfil& comptes,
 ListeModalites ListeDuChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                             const std::vector<std::string>& noms) {
   ListeModalites liste = LireListeModalites(contexte.Exiger(".MOD"));
+  ExigerMemesModalites(contexte.Nom(".MOD"), liste, textes);
   liste.parametres = LigneDuChoix(liste.parametres, noms);
   liste.textes = textes;
   for (std::string& texte : liste.textes) RendreMarque(texte);
@@ -235,6 +237,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
   const ParametresMod parametres = LireParametres(mod.parametres);
   rapport.Lignes(parametres.remarques);
+  ExigerEcriture(contexte, rapport, options.fichier);
   if (!fichiers.donnees && parametres.largeur <= 0) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);
