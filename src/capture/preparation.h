@@ -18,7 +18,7 @@ class PreparationDImport {
  public:
   // Looks at the head of the file. Raises what SourceDeTable, DetecterLecture and LireApercu raise.
   // `suivi`: as SourceDeTable has it.
-  using SuiviDeFeuille = std::function<void(std::int64_t rangees)>;
+  using SuiviDeFeuille = classeur::SuiviDArchive;
   PreparationDImport(Chemin fichier, std::string feuille, const SuiviDeFeuille& suivi = {});
 
   const Chemin& Fichier() const { return fichier_; }

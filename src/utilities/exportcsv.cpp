@@ -5,10 +5,12 @@
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
@@ -156,10 +158,24 @@ std::string TitreDe(const Question& question, const OptionsExportCsv& options) {
   return Joindre({question.nom, " ", question.intitule});
 }
 
+// Where the texts of a question stand in their field.
+struct Cadrage {
+  bool decales = false;    // some begin behind its start
+  bool inacheves = false;  // some end before its end
+  bool ADroite() const { return decales && !inacheves; }
+  bool SePerd() const { return decales && inacheves; }
+
+  void Voir(std::string_view champ) {
+    decales = decales || champ.front() == ' ';
+    inacheves = inacheves || champ.back() == ' ';
+  }
+};
+
 // Fills one line in a place that holds the longest one.
 class LigneCsv {
  public:
-  LigneCsv(const std::vector<ColonneCsv>& colonnes, const Tableur& tableur) : colonnes_(colonnes), tableur_(tableur) {
+  LigneCsv(const std::vector<ColonneCsv>& colonnes, const Tableur& tableur)
+      : colonnes_(colonnes), tableur_(tableur), cadrages_(colonnes.size()) {
     plusLongue_ = 2;
     for (const ColonneCsv& colonne : colonnes) plusLongue_ += colonne.plusLongue;
   }
@@ -170,7 +186,8 @@ class LigneCsv {
     std::size_t fautes = 0;
     for (const ColonneCsv& colonne : colonnes_) {
       if (colonne.texte) {
-        place = EcrireTexte({individu + colonne.champ.debut, colonne.champ.largeur}, place);
+        place = EcrireTexte({individu + colonne.champ.debut, colonne.champ.largeur},
+                            cadrages_[static_cast<std::size_t>(&colonne - colonnes_.data())], place);
         continue;
       }
       const std::size_t rang = colonne.PlaceDe(individu);
@@ -185,10 +202,13 @@ class LigneCsv {
     return place;
   }
   const ValeursSansCode& SansCode() const { return sansCode_; }
+  const Cadrage& CadrageDe(std::size_t colonne) const { return cadrages_[colonne]; }
 
  private:
-  char* EcrireTexte(std::string_view texte, char* place) const {
-    const std::string cellule = tableur_.Cellule(Rogner(texte));
+  char* EcrireTexte(std::string_view champ, Cadrage& cadrage, char* place) const {
+    const std::string_view texte = Rogner(champ);
+    if (!texte.empty()) cadrage.Voir(champ);
+    const std::string cellule = tableur_.Cellule(texte);
     place += cellule.copy(place, cellule.size());
     *place++ = tableur_.Separateur();
     return place;
@@ -211,6 +231,7 @@ class LigneCsv {
   std::size_t plusLongue_;
   std::int64_t individus_ = 0;
   ValeursSansCode sansCode_;
+  std::vector<Cadrage> cadrages_;  // of the questions of texts
 };
 
 void EcrireTitres(Ecrivain& csv, const FichierPos& pos, const Tableur& tableur, const OptionsExportCsv& options) {
@@ -293,6 +314,17 @@ void PrevenirDesReserves(const Contexte& contexte, const Effectifs& effectifs, c
                                 valeurs.premiere}));
 }
 
+// A spreadsheet holds no blanks around a text.
+void PrevenirDesCadrages(const Contexte& contexte, const std::vector<QuestionEnTextes>& questions,
+                         const LigneCsv& ligne) {
+  std::string noms;
+  for (std::size_t i = 0; i < questions.size(); ++i)
+    if (ligne.CadrageDe(i).SePerd()) noms += (noms.empty() ? "" : ", ") + questions[i].nom;
+  if (!noms.empty())
+    Prevenir(contexte, Joindre({"Questions alphabétiques dont des textes commencent par des blancs : "_w, noms,
+                                ". Une importation remettra tous leurs textes au début du champ"_w}));
+}
+
 // The cells at their longest, for the individuals that are announced and that the file can hold.
 void ExigerPlaceDuCsv(Rapport& rapport, const Contexte& contexte, const std::vector<ColonneCsv>& colonnes,
                       const Chemin& donnees, const LigneTaille& taille) {
@@ -304,10 +336,21 @@ void ExigerPlaceDuCsv(Rapport& rapport, const Contexte& contexte, const std::vec
   ExigerPlace(contexte, rapport, {0, lignes * ligne});
 }
 
+// Two columns of one name could not be told apart, nor their labels.
+void ExigerNomsDifferents(const FichierPos& pos) {
+  std::set<std::string_view> vus;
+  for (const Question& question : pos.questions)
+    if (!vus.insert(Rogner(question.nom)).second)
+      throw Erreur(kIncompatibiliteType,
+                   FauteHomonymes(question.nom, pos.questions, RangsDuNom(pos.questions, question.nom)));
+}
+
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
   const FichierPos pos = LirePos(*sources.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
+  ExigerNomsDifferents(pos);
+  if (!options.codes) ExigerIntitulesSansDouble(*sources.modalites);
   std::vector<Champ> champs = ChampsDe(pos);
   const IntitulesModalites intitules = LireIntitules(*sources.modalites);
   const Tableur tableur(options);
@@ -315,7 +358,8 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   std::vector<QuestionEnTextes> questions;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
-    questions.push_back({question.nom, TitreDe(question, options), TextesDesCodes(question, intitules, options)});
+    questions.push_back({question.nom, TitreDe(question, options), question.intitule, question.codeMax,
+                         TextesDesCodes(question, intitules, options)});
     colonnes.push_back(DresserColonne(question, questions.back().textes, tableur));
     champs[i] = colonnes.back().champ;
   }
@@ -327,12 +371,11 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   LigneCsv ligne(colonnes, tableur);
   const Effectifs effectifs =
       EcrireIndividus(contexte, csv, *sources.donnees, ligne, LongueurUtile(champs), pos.taille.individus);
+  for (std::size_t i = 0; i < questions.size(); ++i) questions[i].aDroite = ligne.CadrageDe(i).ADroite();
   if (options.choix) sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Refaisable).Ecrire(ChoixDeLImport(questions));
   sorties.Valider();
   PrevenirDesReserves(contexte, effectifs, ligne.SansCode(), options);
-  if (options.choix && std::any_of(questions.begin(), questions.end(),
-                                   [](const QuestionEnTextes& question) { return question.textes.empty(); }))
-    Prevenir(contexte, "Questions alphabétiques : une importation mettra leurs textes dans le fichier .TXT"_w);
+  if (options.choix) PrevenirDesCadrages(contexte, questions, ligne);
   if (const std::string confondus = CodesConfondus(questions); !confondus.empty()) Prevenir(contexte, confondus);
 }
 

@@ -4,12 +4,17 @@
 #include <unordered_map>
 
 #include "capture/apercu/imc.h"
+#include "capture/apercu/octets/cellule.h"
+#include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
+#include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
 
 namespace {
 
+constexpr std::size_t kLargeurNom = 4;
 constexpr std::size_t kTextesAuPlus = 99;  // that an import makes codes of
 
 // The first two codes of that text.
@@ -21,7 +26,8 @@ struct Confusion {
 Confusion ChercherConfusion(const std::vector<std::string>& textes) {
   std::unordered_map<std::string_view, std::size_t> rangs;
   for (std::size_t code = 0; code < textes.size(); ++code)
-    if (const auto [deja, neuf] = rangs.emplace(textes[code], code); !neuf) return {deja->second, code};
+    if (const auto [deja, neuf] = rangs.emplace(capture::RognerCellule(textes[code]), code); !neuf)
+      return {deja->second, code};
   return {};
 }
 
@@ -31,18 +37,40 @@ bool ALesChiffres(const QuestionEnTextes& question) {
   return true;
 }
 
-// The texts in the order of their codes; one that stands for a former code too keeps its rank under another name.
+// The texts in the order of their codes, as an import reads their cells; one that stands for a former code too keeps
+// its rank under another name.
 std::vector<std::string> TextesDifferents(const std::vector<std::string>& textes) {
   std::vector<std::string> differents;
   for (std::size_t code = 1; code < textes.size(); ++code) {
+    const std::string_view texte = capture::RognerCellule(textes[code]);
     const auto fin = textes.begin() + static_cast<std::ptrdiff_t>(code);
-    const bool deja = std::find(textes.begin(), fin, textes[code]) != fin;
-    differents.push_back(deja ? Joindre({textes[code], " (", Nombre(code), ")"}) : textes[code]);
+    const bool deja = std::find_if(textes.begin(), fin, [&](const std::string& autre) {
+                        return capture::RognerCellule(autre) == texte;
+                      }) != fin;
+    differents.push_back(deja ? Joindre({texte, " (", Nombre(code), ")"}) : std::string(texte));
   }
   return differents;
 }
 
 }  // namespace
+
+void ExigerIntitulesSansDouble(const Chemin& mod) {
+  std::unordered_map<std::string, std::pair<std::string, std::size_t>> intitules;
+  std::string fautive;
+  LecteurLignes lecteur(mod);
+  std::string_view ligne;
+  if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return;
+  while (lecteur.Lire(ligne)) {
+    const std::string nom = CadreGauche(ligne, kLargeurNom);
+    if (FinitLesModalites(nom)) break;
+    const std::string intitule(Rogner(Milieu(ligne, kLargeurNom + 4)));
+    auto& [premier, lignes] = intitules.try_emplace(nom, intitule, 0).first->second;
+    ++lignes;
+    if (premier != intitule && fautive.empty()) fautive = nom;
+  }
+  if (!fautive.empty())
+    throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(fautive, intitules.at(fautive).second));
+}
 
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions) {
   std::size_t nombre = 0;
@@ -64,19 +92,26 @@ std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions) {
     capture::ChoixDeColonne colonne;
     colonne.intitule = Rogner(question.titre);
     colonne.nom = question.nom;
-    colonne.genre = capture::Genre::Longs;
-    if (!question.textes.empty()) {
-      if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};
+    if (question.titre != question.intitule || question.intitule.size() <= question.nom.size())
+      colonne.libelle = Rogner(question.intitule);
+    if (question.textes.empty()) {
+      colonne.genre = capture::Genre::Alphabetique;
+      colonne.codeMax = std::max(question.codeMax, 1);
+      colonne.aDroite = question.aDroite;
+    } else if (!ALesChiffres(question) && question.textes.size() - 1 <= kTextesAuPlus) {
       // Texts in the order of their codes keep a code that nobody gave.
-      if (question.textes.size() - 1 <= kTextesAuPlus) {
-        colonne.genre = capture::Genre::Textes;
+      colonne.genre = capture::Genre::Textes;
+      colonne.ordre = capture::Ordre::Donne;
+      colonne.textes = TextesDifferents(question.textes);
+      colonne.nonReponses = {question.textes.front()};
+    } else {
+      colonne.genre = capture::Genre::Codes;
+      colonne.codeMax = question.codeMax;
+      if (question.textes.front() != "0") colonne.nonReponses = {question.textes.front()};
+      if (!ALesChiffres(question)) {
         colonne.ordre = capture::Ordre::Donne;
         colonne.textes = TextesDifferents(question.textes);
-        colonne.nonReponses = {question.textes.front()};
-      } else if (ALesChiffres(question)) {
-        colonne.genre = capture::Genre::Codes;
-      } else {
-        continue;
+        colonne.textes.resize(kTextesAuPlus);
       }
     }
     choix.push_back(std::move(colonne));

@@ -4,20 +4,28 @@
 #include <string>
 #include <vector>
 
+#include "core/fichiers/fichiers.h"
+
 namespace quelvar::utilities {
 
 // A question as it is exported.
 struct QuestionEnTextes {
   std::string nom;
   std::string titre;                // of its column
+  std::string intitule;             // as the .POS has it
+  int codeMax = 0;                  // as the .POS has it, 999 for "L3"
   std::vector<std::string> textes;  // of its codes, from 0 on; none for a question of texts
+  bool aDroite = false;             // its texts end with their field
 };
+
+// Raises a sentence (kIncompatibiliteType) when two lines of the list of modalities give one name different labels;
+// behind its end mark the first line counts. Raises the failures of LecteurLignes.
+void ExigerIntitulesSansDouble(const Chemin& mod);
 
 // The questions of which two codes are written alike, counted with the first of them; empty when there is none.
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions);
 
-// The bytes of an .IMC by which an import gives the questions their names and codes again. A question of texts goes to
-// .TXT; one whose codes have labels and go beyond 99 is left to what the import proposes.
+// The bytes of an .IMC by which an import gives the questions their names, widths and codes again.
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions);
 
 }  // namespace quelvar::utilities

@@ -53,6 +53,9 @@ std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::s
   return {};
 }
 
-std::int32_t NombreTape(std::string_view texte) { return Entier32(ValeurDe(texte)); }
+std::int64_t NombreTape(std::string_view texte) {
+  constexpr double kAuDelaDeTout = 1e15;
+  return Entier64(std::clamp(ValeurDe(texte), -kAuDelaDeTout, kAuDelaDeTout));
+}
 
 }  // namespace quelvar::utilities

@@ -47,8 +47,8 @@ std::string EntreeEcrasee(const Contexte& contexte, std::initializer_list<std::s
 // Tells in a box what the report has no words for.
 inline void Prevenir(const Contexte& contexte, Texte message) { contexte.Ecran().demander(message, Boutons::Ok); }
 
-// A position or a width as typed. Raises kDepassementCapacite beyond 32 bits.
-std::int32_t NombreTape(std::string_view texte);
+// A position or a width as typed; one beyond every line is the largest.
+std::int64_t NombreTape(std::string_view texte);
 
 // Moves the progress display by the bytes of the file that is read.
 class AvancementOctets {

@@ -9,12 +9,14 @@
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
+#include "regression/anatab/anatab.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/colonne.h"
 #include "regression/logistique/indistincts.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
+#include "support/programme.h"
 
 namespace quelvar::regression {
 
@@ -203,5 +205,24 @@ TEST(KhiPaire, EstLeKhiDeuxDuTableauDeDeuxLignes) {
 }
 
 }  // namespace
+
+class RunAnatab : public essai::RunDeProgramme {};
+
+// Two runs of one name: the tabular part takes two questions, the experimental effect one.
+TEST_F(RunAnatab, QuestionsDeMemeNom) {
+  std::string donnees;
+  for (const char* const ligne : {"101010", "100110", "101001", "100101", "011010", "010110", "011001", "010101"})
+    donnees += Joindre({"    ", std::string_view(ligne), "\n"});
+  Ecrire("ENQ.CDG", donnees);
+  const auto dit = [&](std::string_view nom) {
+    boites_.clear();
+    Ecrire("ENQ.MOD", Joindre({"ENQ\n FMT=1\nAAA1 R un\nAAA2 X deux\nYYY1 Y oui\nYYY2   non\n", nom, "3 R trois\n", nom,
+                               "4 X quatre\n**\n"}));
+    EXPECT_EQ(Anatab(contexte_), Fin::Normale) << montre_;
+    return boites_.empty() ? std::string() : boites_[0];
+  };
+  EXPECT_EQ(dit("BBB"), "");
+  EXPECT_TRUE(dit("AAA").ends_with("renommez leurs modalit\xE9s (AAA)"));
+}
 
 }  // namespace quelvar::regression

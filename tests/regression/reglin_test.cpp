@@ -248,6 +248,30 @@ TEST(Reglin, ValeurDUnChampEstCelleDeLaLectureCommune) {
 
 class RunReglin : public essai::RunDeProgramme {};
 
+// What stands behind the number of a field is left out by the conversion, and told.
+TEST_F(RunReglin, ValeursQuiNeSontPasDesNombres) {
+  Ecrire("ENQ.MOD", "ENQ\n FMT=6\nAAA1 Y\nBBB1 X\n**\n");
+  Ecrire("ENQ.CDG",
+         "1        1   1/2\n2        2  12a6\n3      4.5 1.2.3\n4        7 1 2   \n5      -.5   1E1\n6    1.      +4  "
+         "\n");
+  EXPECT_EQ(Reglin(contexte_), Fin::Normale);
+  EXPECT_EQ(boites_, std::vector<std::string>{std::string(
+                         "*** Attention : 3 individus ont une valeur qui n'est pas un nombre, elle s'arrête devant le "
+                         "premier signe de trop : corrigez-la (le premier est l'individu 1, variable BBB1)"_w)});
+}
+
+TEST_F(RunReglin, MarqueDeLogarithmeCoupee) {
+  Ecrire("ENQ.CDG", "1    1 2\n2    2 4\n3    4 5\n");
+  const auto dit = [&](std::string_view intitule) {
+    boites_.clear();
+    Ecrire("ENQ.MOD", Joindre({"ENQ\n FMT=2\nAAA1 Y\nBBB1 X ", intitule, "\n**\n"}));
+    EXPECT_EQ(Reglin(contexte_), Fin::Normale);
+    return boites_.empty() ? std::string() : boites_[0];
+  };
+  EXPECT_TRUE(dit("Une variable au nom long *LOG*").ends_with("le logarithme n'est pas calcul\xE9 : BBB1"));
+  EXPECT_EQ(dit("Une variable au nom *LOG* long"), "") << "within the 25 characters that are kept";
+}
+
 TEST_F(RunReglin, ValeursAVirgule) {
   Ecrire("ENQ.MOD", "ENQ\n FMT=4\nAAA1 Y\nBBB1 X\nCCC1\n**\n");
   Ecrire("ENQ.CDG", "1      1   2 1,5\n2      2 4,5   1\n3      4   5   1\n4      4 3,5   1\n");

@@ -195,6 +195,43 @@ TEST_F(RunUtilitaires, WhatThePosOfAFusionCannotMeanIsTold) {
   EXPECT_EQ(Lire("C.POS"), "le mien");
 }
 
+TEST_F(RunUtilitaires, APosThatIsNotThatOfTheResultIsTold) {
+  Ecrire("B.DAT", "01\r\n03\r\n");
+  struct Cas {
+    TypeFusion type;
+    std::string_view a;
+    bool pos;
+  };
+  for (const Cas& cas : {Cas{TypeFusion::ALaSuite, "01\r\n", false}, Cas{TypeFusion::CoteACote, "01\r\n02\r\n", true},
+                         Cas{TypeFusion::Appareillement, "01\r\n04\r\n", false}}) {
+    Ecrire("A.DAT", std::string(cas.a));
+    Ecrire("C.POS", "ancien\r\n");
+    boites_.clear();
+    OptionsFusion options = Fusion(cas.type, cas.pos);
+    options.positionA = options.positionB = "1";
+    options.largeur = "2";
+    Fusionner(contexte_, options);
+    EXPECT_EQ(Lire("C.POS"), "ancien\r\n");
+    EXPECT_EQ(
+        std::count(
+            boites_.begin(), boites_.end(),
+            Joindre({"Le fichier C.POS était là et reste : il n'est pas celui de C.DAT qui vient d'être fait"_w})),
+        1);
+    Effacer("C.POS");
+    boites_.clear();
+    Fusionner(contexte_, options);
+    for (const std::string& boite : boites_) EXPECT_EQ(boite.find("était là"_w), std::string::npos);
+  }
+}
+
+TEST_F(RunUtilitaires, AZoneBeyondEveryLineIsSaidHoweverFar) {
+  Ecrire("A.TXT", "abc\r\n");
+  for (const std::string fin : {"4", "40000", "99999999999999999999", "1e300"}) {
+    EXPECT_EQ(Exporter(contexte_, {"A.TXT", "C.TXT", "2", fin}), Fin::Arret);
+    EXPECT_NE(montre_.find("dépasse la longueur de l'enregistrement"_w), std::string::npos) << fin << montre_;
+  }
+}
+
 TEST_F(RunUtilitaires, AMatchingThatStopsSaysAtWhichLine) {
   OptionsFusion options = Fusion(TypeFusion::Appareillement);
   options.positionA = options.positionB = "1";

@@ -316,6 +316,100 @@ TEST_F(RunTableaux, UnderLabelsTheChoicesBringTheCodesBack) {
   }
 }
 
+// The lines of the questions in .POS, and every individual as codes and texts.
+std::string EnqueteDe(const Chemin& repertoire) {
+  const FichierPos pos = LirePos(repertoire / "ENQ.POS");
+  std::string texte;
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) texte += pos.lignes[i + 2] + '\n';
+  LecteurLignes lecteur(repertoire / "ENQ.DAT");
+  for (std::string_view ligne; lecteur.Lire(ligne); texte += '\n')
+    for (const Question& question : pos.questions)
+      if (const Champ champ = ChampDe(question); question.alphabetique)
+        texte +=
+            CadreGauche(Milieu(ligne, champ.debut + 1, static_cast<std::size_t>(question.codeMax)), question.codeMax);
+      else texte += Nombre(LireChampInterieur(ligne.data(), champ)) + ' ';
+  return texte;
+}
+
+// Questions of texts at either end of their field, of three positions, with names that begin or end with a blank and
+// labels shorter than a name: the choices bring the whole survey back, whatever its columns hold.
+TEST_F(RunTableaux, WithItsChoicesAnySurveyComesBackWhole) {
+  std::mt19937 hasard(21);
+  const auto de = [&](int n) { return static_cast<int>(hasard() % static_cast<unsigned>(n)); };
+  const auto parmi = [&](const std::vector<std::string>& choses) { return choses[hasard() % choses.size()]; };
+  const std::vector<std::string> textes = {"",  "nr", "12.5",     "\"a\";b", "é | à", "0042", "x;y",
+                                           "3", "-1", "2/3/1998", "=1",      "#non",  "Oui"};
+  for (int tour = 0; tour < 20; ++tour) {
+    std::string pos = "ENQ\r\n 40 \r\n";
+    std::string mod = "ENQ\r\n BRT=0\r\n";
+    std::vector<std::string> individus(40);
+    int position = 1;
+    for (int q = 0; q < 7; ++q) {
+      const int sorte = de(5);
+      const std::string lettre(1, static_cast<char>('A' + q));
+      const std::string nom = parmi({lettre + "  ", "  " + lettre, lettre + " 1", "Q1" + lettre});
+      const int codeMax = sorte == 0   ? 1 + de(9)
+                          : sorte == 1 ? 10 + de(90)
+                          : sorte == 2 ? 999
+                                       : 6 + de(20);  // of a text its width
+      const int largeur = sorte > 2 ? codeMax : LargeurDe(codeMax);
+      pos += LigneDeQuestion(nom, position, TexteCodeMax(codeMax),
+                             (sorte > 2 ? "A" : "") + parmi({"", " $Un$", " $Une question ; longue$"})) +
+             "\r\n";
+      position += largeur;
+      for (std::string& individu : individus) {
+        const std::string texte = DepuisUtf8(parmi(textes));
+        individu += sorte == 3   ? CadreGauche(texte, largeur)
+                    : sorte == 4 ? CadreDroit(texte, largeur)
+                                 : EntierDroit(de(de(2) == 0 ? std::min(codeMax + 1, 5) : codeMax + 1), largeur);
+      }
+      for (int code = 1; sorte < 3 && code <= std::min(codeMax, 35); code += 1 + de(3))
+        mod += Joindre({nom, CodeCaractere(code), "   dit \"", Nombre(code), "; ou\"\r\n"});
+    }
+    std::string dat;
+    for (const std::string& individu : individus) dat += individu + "\r\n";
+    for (const bool codes : {false, true}) {
+      Ecrire("ENQ.POS", pos);
+      Ecrire("ENQ.DAT", dat);
+      Ecrire("ENQ.MOD", mod);
+      const std::string enquete = EnqueteDe(dossier_.Chemin());
+      boites_.clear();
+      ASSERT_EQ(
+          ExporterCsv(contexte_, {.tabulation = tour % 2 == 0, .utf8 = tour % 3 == 0, .codes = codes, .choix = true}),
+          Fin::Normale);
+      std::erase_if(boites_, [](const std::string& boite) { return boite.starts_with("Le fichier"); });
+      EXPECT_TRUE(boites_.empty()) << boites_.front();
+      for (const char* nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD"}) Effacer(nom);
+      capture::OptionsImport options;
+      options.fichierChoix = "ENQ.IMC";
+      ASSERT_EQ(capture::Importer(contexte_, options), Fin::Normale) << montre_;
+      EXPECT_EQ(EnqueteDe(dossier_.Chemin()), enquete) << tour << "\n" << Lire("ENQ.IMC");
+      for (const char* nom : {"ENQ.csv", "ENQ.IMC"}) Effacer(nom);
+    }
+  }
+}
+
+TEST_F(RunTableaux, WhatTwoNamesOrTwoMarginsLeaveInDoubtIsSaid) {
+  const auto exporter = [&](std::string_view pos, std::string_view mod) {
+    Ecrire("ENQ.POS", Joindre({"ENQ\r\n 2 \r\n", pos}));
+    Ecrire("ENQ.MOD", Joindre({"ENQ\r\n\r\n", mod}));
+    boites_.clear();
+    return ExporterCsv(contexte_, {.choix = true});
+  };
+  Ecrire("ENQ.DAT", "1a \r\n2 b\r\n");
+  EXPECT_EQ(exporter("A     1 2\r\n  A   2 3\r\n", ""), Fin::Arret);
+  EXPECT_NE(montre_.find("Le nom A est celui de 2 questions, aux positions 1 et 2"), std::string::npos) << montre_;
+  EXPECT_EQ(exporter("A     1 2\r\n", "A  1   un\r\nA  1   autre\r\n"), Fin::Arret);
+  EXPECT_NE(montre_.find("Le nom A  1 est celui de 2 modalit"), std::string::npos) << montre_;
+  EXPECT_FALSE(Existe("ENQ.csv"));
+  // The same label twice, or another one behind the list, leaves no doubt.
+  EXPECT_EQ(exporter("A     1 2\r\n", "A  1   un\r\nA  1   un\r\n**\r\nA  1   autre\r\n"), Fin::Normale);
+  EXPECT_TRUE(boites_.empty());
+  EXPECT_EQ(exporter("A     1 2\r\nLET   2 2A\r\n", ""), Fin::Normale);
+  ASSERT_FALSE(boites_.empty());
+  EXPECT_TRUE(boites_.back().ends_with("LET. Une importation remettra tous leurs textes au début du champ"_w));
+}
+
 TEST_F(RunTableaux, WhatTheSpreadsheetCannotTellIsSaid) {
   Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2\r\nNBX   212\r\n");
   Ecrire("ENQ.DAT", "112\r\n3-1\r\nA  \r\n 13\r\n");

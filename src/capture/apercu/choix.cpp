@@ -139,7 +139,7 @@ Genre GenrePropose(const FaitsDeColonne& colonne) {
 bool DonneUnNom(const ChoixDeColonne& choix, bool nombres) {
   if (choix.genre == Genre::Nombres) return nombres;
   return !nombres && (choix.genre == Genre::Codes || choix.genre == Genre::Textes || choix.genre == Genre::Classes ||
-                      choix.genre == Genre::Multiple);
+                      choix.genre == Genre::Multiple || choix.genre == Genre::Alphabetique);
 }
 
 // What a column is to be called: by its number when it has no title of its own.
@@ -169,12 +169,17 @@ std::string Cellule(const FaitsDeColonne& colonne, std::size_t numero, const Cel
                   " : \"", cellule.valeur, "\" ", raison});
 }
 
-// Faulty cells that the choice does not count as 0.
+// A cell that is no number and that the choice gives a code to.
+bool EstPrevue(const ChoixDeColonne& choix, std::string_view cellule) {
+  return EstParmi(choix.nonReponses, cellule) || (choix.genre == Genre::Codes && EstParmi(choix.textes, cellule));
+}
+
+// Faulty cells that the choice gives no code to.
 void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::size_t numero,
                      std::vector<std::string>& refus) {
   const std::size_t avant = refus.size();
   for (const CelluleFautive& cellule : colonne.fautives) {
-    if (EstParmi(choix.nonReponses, cellule.valeur)) continue;
+    if (EstPrevue(choix, cellule.valeur)) continue;
     refus.push_back(Cellule(colonne, numero, cellule, RaisonDuRefus(choix, colonne, cellule.valeur)));
   }
   const auto gardees = static_cast<std::int64_t>(colonne.fautives.size());
@@ -185,8 +190,8 @@ void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne,
 
 // Faulty cells that the choice does not count as 0; those that are not kept count.
 std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
-  const auto admises = std::ranges::count_if(
-      colonne.fautives, [&](const CelluleFautive& c) { return EstParmi(choix.nonReponses, c.valeur); });
+  const auto admises =
+      std::ranges::count_if(colonne.fautives, [&](const CelluleFautive& c) { return EstPrevue(choix, c.valeur); });
   return colonne.fautes - admises;
 }
 
@@ -230,6 +235,7 @@ std::string_view NomGenre(Genre genre) {
     case Genre::Longs: return "longs";
     case Genre::Numero: return "numero";
     case Genre::Ecartee: return "ecartee";
+    case Genre::Alphabetique: return "alphabetique";
   }
   return {};
 }
@@ -244,6 +250,7 @@ std::string_view LibelleGenre(Genre genre) {
     case Genre::Longs: return "textes longs";
     case Genre::Numero: return "numéro de l'individu"_w;
     case Genre::Ecartee: return "laissée de côté"_w;
+    case Genre::Alphabetique: return "textes tels quels"_w;
   }
   return {};
 }
@@ -299,6 +306,7 @@ std::vector<Genre> GenresPossibles(const FaitsDeColonne& colonne) {
       ajouter(Genre::Multiple);
     }
     ajouter(Genre::Longs);
+    ajouter(Genre::Alphabetique);
     ajouter(Genre::Numero);
   }
   ajouter(Genre::Ecartee);
@@ -417,6 +425,7 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) 
                  : Joindre({"une question : 1 pour la réponse, 0 sans elle"_w, DireZeros(choix)});
     case Genre::Longs: return Joindre({"textes mis dans le fichier .TXT, pour le découpage en mots"_w});
     case Genre::Numero: return Joindre({"numéro de l'individu : dans .DAT, pas dans .POS"_w});
+    case Genre::Alphabetique: return Joindre({"textes gardés tels quels : une question alphabétique"_w});
     case Genre::Ecartee:
       switch (colonne.contenu) {
         case Contenu::Vide: return Joindre({"vide : laissée de côté"_w});

@@ -11,14 +11,15 @@
 namespace quelvar::capture {
 
 enum class Genre {
-  Codes,     // a question, as it stands
-  Textes,    // texts to codes, with their labels
-  Classes,   // numbers to classes
-  Nombres,   // numbers kept, in the generic followed by N
-  Multiple,  // a question of 1 and 0 for each answer
-  Longs,     // texts to generic.TXT
-  Numero,    // number of the individual: in .DAT, no question
-  Ecartee,   // left aside
+  Codes,         // a question, as it stands
+  Textes,        // texts to codes, with their labels
+  Classes,       // numbers to classes
+  Nombres,       // numbers kept, in the generic followed by N
+  Multiple,      // a question of 1 and 0 for each answer
+  Longs,         // texts to generic.TXT
+  Numero,        // number of the individual: in .DAT, no question
+  Ecartee,       // left aside
+  Alphabetique,  // a question of texts, which stay as they are
 };
 
 enum class Ordre { Alphabetique, Frequence, Donne };
@@ -34,7 +35,7 @@ struct ChoixDeColonne {
   Genre genre = Genre::Ecartee;
   std::string nom;  // three characters, different from all others; empty for what gives no question and no variable
 
-  // Textes
+  // Textes; of Codes, the texts that stand for the codes 1, 2...
   Ordre ordre = Ordre::Alphabetique;
   std::vector<std::string> textes;       // Donne: the texts of the codes 1, 2...; those not named come behind
   std::vector<std::string> nonReponses;  // texts that count as code 0; also for Codes, Classes and Nombres
@@ -48,6 +49,11 @@ struct ChoixDeColonne {
   std::vector<std::string> reponses;  // of one answer a column: the texts that count as 1
 
   bool fondus = false;  // Textes: those that differ by case, accents or blanks only have one code
+
+  std::string libelle{};  // of the question, where it is not the title
+  // Codes: the code-max that the question has at least; Alphabetique: the columns of its field. 999 for "L3".
+  int codeMax = 0;
+  bool aDroite = false;  // Alphabetique: the texts end with their field
 
   bool operator==(const ChoixDeColonne&) const = default;
 };
@@ -89,7 +95,7 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 // True when every column is what the import of codes has always taken: nothing to look at, Enter goes on.
 bool ToutEstCodes(const std::vector<ChoixDeColonne>& choix);
 
-// "codes", "textes", "classes", "nombres", "multiple", "longs", "numero", "ecartee", as .IMC has them.
+// "codes", "textes", "classes", "nombres", "multiple", "longs", "numero", "ecartee", "alphabetique", as .IMC has them.
 std::string_view NomGenre(Genre genre);
 // The same for the eye: "textes en codes", "nombres en classes"...
 std::string_view LibelleGenre(Genre genre);

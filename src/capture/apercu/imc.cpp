@@ -13,8 +13,11 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::string_view kSignesReserves = "=;|#\"";
-constexpr std::array<Genre, 8> kGenres = {Genre::Codes,    Genre::Textes, Genre::Classes, Genre::Nombres,
-                                          Genre::Multiple, Genre::Longs,  Genre::Numero,  Genre::Ecartee};
+constexpr std::array<Genre, 9> kGenres = {Genre::Codes,   Genre::Textes,   Genre::Classes,
+                                          Genre::Nombres, Genre::Multiple, Genre::Longs,
+                                          Genre::Numero,  Genre::Ecartee,  Genre::Alphabetique};
+constexpr int kTroisPositions = 999;  // code-max "L3"
+constexpr int kCodeMaxEcrit = 99;     // the largest one in digits
 
 std::string Protege(std::string_view texte) {
   const bool nu = !texte.empty() && texte.find_first_of(kSignesReserves) == std::string_view::npos &&
@@ -40,6 +43,10 @@ std::string EcrireLigne(const ChoixDeColonne& choix) {
   const auto parametre = [&](std::string_view nom, const std::string& valeur) {
     ligne.append(1, ';').append(nom).append(1, '=').append(valeur);
   };
+  if (!choix.libelle.empty()) parametre("intitule", Protege(choix.libelle));
+  if (choix.codeMax > 0) parametre("codemax", choix.codeMax == kTroisPositions ? "L3" : Nombre(choix.codeMax));
+  if (choix.aDroite) parametre("cadrage", "droite");
+  if (choix.genre == Genre::Codes && !choix.textes.empty()) parametre("textes", Liste(choix.textes));
   if (choix.genre == Genre::Textes) {
     if (choix.ordre != Ordre::Donne) parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
     if (!choix.textes.empty()) parametre("textes", Liste(choix.textes));
@@ -143,6 +150,16 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
     if (groupes < kGroupesAuMoins || groupes > kGroupesAuPlus || groupes != ArrondirPair(groupes))
       analyse.Refuser(Joindre({Nombre(kGroupesAuMoins), " à "_w, Nombre(kGroupesAuPlus), " groupes"}));
     choix.groupes = static_cast<int>(groupes);
+  } else if (nom == "intitule") {
+    choix.libelle = premiere;
+  } else if (nom == "codemax") {
+    const double codeMax = EgalSansCasse(premiere, "L3") ? kTroisPositions : NombreDe(analyse, premiere);
+    const bool ecrit = codeMax >= 1 && codeMax <= kCodeMaxEcrit && codeMax == ArrondirPair(codeMax);
+    if (!ecrit && codeMax != kTroisPositions) analyse.Refuser("codemax= va de 1 à 99, ou L3"_w);
+    choix.codeMax = static_cast<int>(codeMax);
+  } else if (nom == "cadrage") {
+    if (premiere != "droite" && premiere != "gauche") analyse.Refuser("cadrage= est gauche ou droite");
+    choix.aDroite = premiere == "droite";
   } else if (nom == "liste") {
     if (premiere.size() != 1) analyse.Refuser("un seul signe sépare les réponses"_w);
     choix.liste = premiere.front();
@@ -161,7 +178,9 @@ ChoixDeColonne LireLigne(std::string_view ligne, std::int64_t numero) {
   const std::string genre = Minuscules(analyse.Texte(";"));
   const auto* const trouve = std::ranges::find_if(kGenres, [&](Genre g) { return NomGenre(g) == genre; });
   if (trouve == kGenres.end())
-    analyse.Refuser("genre inconnu (codes, textes, classes, nombres, multiple, longs, numero ou ecartee)");
+    analyse.Refuser(
+        "genre inconnu (codes, textes, classes, nombres, multiple, longs, numero, ecartee ou "
+        "alphabetique)");
   choix.genre = *trouve;
   if (analyse.Passer(';')) choix.nom = analyse.Texte(";");
   if (choix.nom.size() > 3) analyse.Refuser("un nom a trois caractères"_w);

@@ -19,6 +19,17 @@ LectureDetectee LireLaLecture(const SourceDeTable& source, const LectureImposee&
   return detectee;
 }
 
+FaitsDeTable ExaminerEnMontrant(const Contexte& contexte, const SourceDeTable& source, const Lecture& lecture,
+                                TraceDeCellules* trace) {
+  const Dialogue& ecran = contexte.Ecran();
+  const Progression affichee(ecran, static_cast<std::int64_t>(LongueurFichier(source.Texte())));
+  const auto suivi = [&](std::uintmax_t octets) {
+    ecran.progresser(static_cast<std::int64_t>(octets));
+    return true;
+  };
+  return EnNommantLaFeuille(source, [&] { return *ExaminerTable(source.Texte(), lecture, suivi, trace); });
+}
+
 // The choices of the window: what it took over from the first rows unchanged is proposed again from the whole file.
 std::vector<ChoixDeColonne> ChoixDeFenetre(const Chemin& source, const Lecture& lecture, const OptionsImport& options,
                                            const std::vector<ChoixDeColonne>& proposes) {
@@ -70,8 +81,7 @@ Lecture LectureImposee::Appliquer(Lecture lecture) const {
 Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
                            TraceDeCellules* trace) {
   LectureDetectee detectee = LireLaLecture(source, options.lecture);
-  FaitsDeTable faits =
-      EnNommantLaFeuille(source, [&] { return *ExaminerTable(source.Texte(), detectee.lecture, {}, trace); });
+  FaitsDeTable faits = ExaminerEnMontrant(contexte, source, detectee.lecture, trace);
   Reconnaissance table{detectee.lecture, std::move(detectee.doutes), std::move(faits), {}};
   table.choix = ProposerChoix(table.faits.colonnes);
   if (!options.choix.empty()) table.choix = ChoixDeFenetre(source.Texte(), table.lecture, options, table.choix);

@@ -18,7 +18,7 @@ GenreDeSource GenreDe(const Chemin& fichier) {
 }
 
 SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire,
-                             const std::function<void(std::int64_t)>& suivi)
+                             const classeur::SuiviDArchive& suivi)
     : texte_(fichier) {
   if (GenreDe(fichier) != GenreDeSource::Classeur) return;
   copie_ = std::make_unique<Remplacement>(repertoire, kFeuille);

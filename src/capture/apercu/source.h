@@ -24,10 +24,10 @@ GenreDeSource GenreDe(const Chemin& fichier);
 class SourceDeTable {
  public:
   // `feuille`: name or number of the sheet, empty for the first one that holds a table. The scratch file stands in
-  // `repertoire`. Raises a sentence for a sheet that is not there or a workbook that cannot be read. `suivi` gets the
-  // rows of the sheet that are read, now and then.
+  // `repertoire`. Raises a sentence for a sheet that is not there or a workbook that cannot be read. `suivi` gets how
+  // much of the parts of a workbook is read, in percent; what it throws ends the reading.
   SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire,
-                const std::function<void(std::int64_t)>& suivi = {});
+                const classeur::SuiviDArchive& suivi = {});
   ~SourceDeTable();
   SourceDeTable(const SourceDeTable&) = delete;
   SourceDeTable& operator=(const SourceDeTable&) = delete;

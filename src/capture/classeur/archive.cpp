@@ -27,10 +27,11 @@ std::size_t Partie::Lire(std::span<char> octets) {
   if (lus_ > kOctetsAuPlus)
     throw Erreur(kMemoireInsuffisante, Joindre({"Ce classeur dépasse ce que l'import accepte : "_w, DepuisUtf8(nom_),
                                                 " occupe plus de 8 Gio une fois décomprimé."_w}));
+  if (suivi_ && taille_ > 0) suivi_(static_cast<int>(std::min<std::uint64_t>(lus_ * 100 / taille_, 100)));
   return static_cast<std::size_t>(lus);
 }
 
-Archive::Archive(const Chemin& chemin) {
+Archive::Archive(const Chemin& chemin, SuiviDArchive suivi) : suivi_(std::move(suivi)) {
   const std::string tete = LireMorceau(chemin, 0, 8);  // raises what an unreadable file raises
   if (tete.starts_with("\xD0\xCF\x11\xE0"))
     RefuserClasseur("il est protégé par un mot de passe, ou d'un format de tableur d'avant 2007 (.xls)"_w);
@@ -58,7 +59,8 @@ Partie Archive::Ouvrir(const std::string& nom) const {
     RefuserClasseur("il est protégé par un mot de passe"_w);
   zip_file* fichier = zip_fopen_index(archive_, static_cast<zip_uint64_t>(rang), 0);
   if (fichier == nullptr) RefuserClasseur(Joindre({"le fichier est abîmé (dans "_w, DepuisUtf8(nom), ")"}));
-  return {fichier, nom};
+  const std::uint64_t taille = (etat.valid & ZIP_STAT_SIZE) != 0 ? etat.size : 0;
+  return {fichier, nom, taille, suivi_};
 }
 
 std::string Archive::Debut(const std::string& nom, std::size_t auPlus) const {

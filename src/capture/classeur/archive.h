@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -19,12 +20,22 @@ namespace quelvar::capture::classeur {
 // No part is inflated beyond this: a sheet of a million rows of a hundred codes takes about half of it.
 inline constexpr std::uint64_t kOctetsAuPlus = std::uint64_t{8} << 30;
 
+// Gets how much of a part is inflated, in percent, for each block of it; what it throws ends the reading.
+using SuiviDArchive = std::function<void(int pourcent)>;
+
 // One part that is being inflated.
 class Partie {
  public:
-  Partie(zip_file* fichier, std::string nom) : fichier_(fichier), nom_(std::move(nom)) {}
+  // `taille`: its bytes once inflated, 0 when they are not known.
+  Partie(zip_file* fichier, std::string nom, std::uint64_t taille, const SuiviDArchive& suivi)
+      : fichier_(fichier), nom_(std::move(nom)), taille_(taille), suivi_(suivi) {}
   ~Partie();
-  Partie(Partie&& autre) noexcept : fichier_(autre.fichier_), nom_(std::move(autre.nom_)), lus_(autre.lus_) {
+  Partie(Partie&& autre) noexcept
+      : fichier_(autre.fichier_),
+        nom_(std::move(autre.nom_)),
+        lus_(autre.lus_),
+        taille_(autre.taille_),
+        suivi_(autre.suivi_) {
     autre.fichier_ = nullptr;
   }
   Partie& operator=(Partie&&) = delete;
@@ -38,13 +49,15 @@ class Partie {
   zip_file* fichier_;
   std::string nom_;
   std::uint64_t lus_ = 0;
+  std::uint64_t taille_;
+  const SuiviDArchive& suivi_;  // of the archive
 };
 
 class Archive {
  public:
   // Raises kFichierIntrouvable, kPermissionRefusee, kAccesFichier, and a sentence (kIncompatibiliteType) for a file
   // that is no archive.
-  explicit Archive(const Chemin& chemin);
+  explicit Archive(const Chemin& chemin, SuiviDArchive suivi = {});
   ~Archive();
   Archive(const Archive&) = delete;
   Archive& operator=(const Archive&) = delete;
@@ -57,6 +70,7 @@ class Archive {
 
  private:
   zip* archive_ = nullptr;
+  SuiviDArchive suivi_;
 };
 
 // The refusal of what cannot be read, with what to do about it; `raison` ends without a point.

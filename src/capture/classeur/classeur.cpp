@@ -16,7 +16,7 @@ using namespace classeur;
 
 // The workbook and its sheets, whichever of the two it is.
 struct Ouvert {
-  explicit Ouvert(const Chemin& chemin) : archive(chemin) {
+  explicit Ouvert(const Chemin& chemin, const SuiviDArchive& suivi = {}) : archive(chemin, suivi) {
     if (EstXlsx(archive)) {
       xlsx = OuvrirXlsx(archive);
       for (const FeuilleXlsx& feuille : xlsx->feuilles) noms.push_back(DepuisUtf8(feuille.nom));
@@ -105,12 +105,9 @@ bool EstBlanche(std::string_view cellule) {
 }
 
 // The rows that hold something.
-std::int64_t EcrireUneFeuille(const Ouvert& ouvert, std::size_t rang, const Chemin& csv,
-                              const std::function<void(std::int64_t)>& suivi) {
+std::int64_t EcrireUneFeuille(const Ouvert& ouvert, std::size_t rang, const Chemin& csv) {
   Ecrivain ecrivain(csv);
   std::string ligne = "\xEF\xBB\xBF";
-  constexpr std::int64_t kPas = 1024;
-  std::int64_t lignes = 0;
   std::int64_t remplies = 0;
   std::size_t largeur = 0;
   LireLaFeuille(ouvert, rang, [&](std::span<const std::string> cellules) {
@@ -125,7 +122,6 @@ std::int64_t EcrireUneFeuille(const Ouvert& ouvert, std::size_t rang, const Chem
     ecrivain.Ecrire(ligne);
     ligne.clear();
     if (!std::ranges::all_of(cellules, EstBlanche)) ++remplies;
-    if (++lignes % kPas == 0 && suivi) suivi(lignes);
     return true;
   });
   ecrivain.Fermer();
@@ -170,10 +166,10 @@ void LireFeuille(const Chemin& classeur, std::string_view feuille, const Recevoi
 }
 
 FeuilleLue EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
-                              const std::function<void(std::int64_t)>& suivi) {
-  const Ouvert ouvert(classeur);
+                              const classeur::SuiviDArchive& suivi) {
+  const Ouvert ouvert(classeur, suivi);
   FeuilleLue lue{RangDe(ouvert, feuille), ouvert.noms, {}};
-  const auto ecrire = [&](std::size_t rang) { return EcrireUneFeuille(ouvert, rang, csv, suivi); };
+  const auto ecrire = [&](std::size_t rang) { return EcrireUneFeuille(ouvert, rang, csv); };
   const std::int64_t rangees = feuille.empty() ? EcrireLaPremiere(ouvert, lue, ecrire) : ecrire(lue.rang);
   if (rangees == 0)
     throw Erreur(kIncompatibiliteType,

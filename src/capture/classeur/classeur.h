@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "capture/classeur/archive.h"
 #include "capture/classeur/rangees.h"
 #include "core/fichiers/fichiers.h"
 
@@ -41,10 +42,10 @@ struct FeuilleLue {
 // Writes the sheet as CSV in UTF-8 with its mark: ";" between the cells, decimal points, CR LF, a row of the sheet for
 // each line (what ends a line within a cell becomes a blank), rows as long as the widest one before them. Without
 // `feuille` it is the first sheet that is not hidden and holds a table: two rows at least; the first that holds
-// anything when there is none. `suivi` gets the rows written, now and then. Raises as LireFeuille and Ecrivain, and a
-// sentence (kIncompatibiliteType) that names the sheets when this one is empty.
+// anything when there is none. `suivi` gets how much of each part is read, in percent. Raises as LireFeuille and
+// Ecrivain, and a sentence (kIncompatibiliteType) that names the sheets when this one is empty.
 FeuilleLue EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
-                              const std::function<void(std::int64_t)>& suivi = {});
+                              const classeur::SuiviDArchive& suivi = {});
 
 // What names that sheet for `feuille`: its number where the name is that of another one as well.
 std::string DesignerFeuille(const FeuilleLue& feuille);

@@ -32,9 +32,11 @@ void EcrirePos(Ecrivain& pos, std::string_view generique, const std::vector<Colo
   pos.Ligne(NombreNu(individus));
   for (const ColonneImportee& colonne : colonnes) {
     if (!colonne.DansPos()) continue;
-    const std::string intitule = colonne.intitule.size() >= 4 ? Joindre({" $", colonne.intitule, "$"}) : std::string();
+    const bool intitulee = colonne.intitule.size() >= 4 || colonne.intituleDonne;
+    const std::string intitule = intitulee ? Joindre({" $", colonne.intitule, "$"}) : std::string();
     pos.Ligne(LigneDeQuestion(colonne.nomCourt, static_cast<std::int64_t>(colonne.position),
-                              TexteCodeMax(static_cast<int>(colonne.codeMax)), intitule));
+                              TexteCodeMax(static_cast<int>(colonne.codeMax)),
+                              Joindre({std::string_view(colonne.alphabetique ? "A" : ""), intitule})));
   }
 }
 

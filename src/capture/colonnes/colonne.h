@@ -22,8 +22,11 @@ struct ColonneImportee {
   bool telle = false;           // its cells stay as they are, however narrow
   std::size_t rang = 0;         // of the column of the table that it comes from, from 1
   bool intituleChange = false;  // its title had a sign that .POS cannot hold
+  bool intituleDonne = false;   // however short, it is that of the question
+  bool alphabetique = false;    // a question of texts, of the width that the code-max tells
+  bool aDroite = false;         // its texts end with their field
 
-  bool EstEtroite() const { return largeur > 0 && largeur <= kLargeurCodes && !telle; }
+  bool EstEtroite() const { return largeur > 0 && largeur <= kLargeurCodes && !telle && !alphabetique; }
   bool HorsDePortee() const { return position > kPositionMaximale; }
   bool DansPos() const { return codeMax > 0 && !numero && !HorsDePortee(); }
 };

@@ -16,11 +16,12 @@ namespace quelvar::capture {
 class MetteurEnColonnes {
  public:
   MetteurEnColonnes(const std::vector<ColonneImportee>& colonnes, bool avecCodes) {
-    std::size_t alignees = colonnes.size();  // behind the last column of codes the texts are not aligned
-    while (alignees > 0 && !colonnes[alignees - 1].EstEtroite()) --alignees;
+    std::size_t alignees = colonnes.size();  // behind the last question the texts are not aligned
+    while (alignees > 0 && !colonnes[alignees - 1].EstEtroite() && !colonnes[alignees - 1].alphabetique) --alignees;
     alignees_ = alignees;
     for (const ColonneImportee& colonne : colonnes)
-      places_.push_back({colonne.position - 1, colonne.largeur, avecCodes && colonne.EstEtroite()});
+      places_.push_back({colonne.position - 1, colonne.largeur, avecCodes && colonne.EstEtroite(),
+                         colonne.alphabetique && !colonne.aDroite});
     largeurAlignee_ = alignees == 0 ? 0 : places_[alignees - 1].debut + places_[alignees - 1].largeur;
   }
 
@@ -55,7 +56,7 @@ class MetteurEnColonnes {
     for (j = std::max(j, alignees_); j < places_.size(); ++j) ligne_ += ' ';
     return RognerDroite(ligne_);
   }
-  // Columns up to the last one of codes, all aligned.
+  // Columns up to the last question, all aligned.
   std::size_t LargeurAlignee() const { return largeurAlignee_; }
   // The line up to there, not trimmed.
   std::string_view PartieAlignee() const { return std::string_view(ligne_).substr(0, largeurAlignee_); }
@@ -65,6 +66,7 @@ class MetteurEnColonnes {
     std::size_t debut;
     std::size_t largeur;
     bool codes;
+    bool aGauche;  // else right-aligned
   };
 
   void Aligner(const Place& place, std::string_view cellule) {
@@ -75,7 +77,7 @@ class MetteurEnColonnes {
       std::memset(champ, '0', place.largeur);
     }
     cellule = cellule.substr(0, place.largeur);
-    cellule.copy(champ + (place.largeur - cellule.size()), cellule.size());
+    cellule.copy(champ + (place.aGauche ? 0 : place.largeur - cellule.size()), cellule.size());
   }
 
   static bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
@@ -85,7 +87,7 @@ class MetteurEnColonnes {
     return code_;
   }
 
-  std::size_t alignees_ = 0;  // columns up to the last one of codes
+  std::size_t alignees_ = 0;  // columns up to the last question
   std::size_t largeurAlignee_ = 0;
   std::vector<Place> places_;
   std::string ligne_;

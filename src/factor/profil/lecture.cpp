@@ -15,16 +15,11 @@ constexpr std::size_t kLargeurNom = 4;
 
 bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 
-// Rank of the first question of that name whose code-max admits the code; of the name alone without one.
-std::optional<std::size_t> ChercherQuestion(const FichierPos& pos, std::string_view nom, std::size_t largeur,
-                                            int code) {
-  std::optional<std::size_t> trouvee;
-  for (std::size_t q = 0; q < pos.questions.size(); ++q) {
-    if (std::string_view(pos.questions[q].nom).substr(0, largeur) != nom.substr(0, largeur)) continue;
-    if (pos.questions[q].codeMax >= code) return q;
-    if (!trouvee) trouvee = q;
-  }
-  return trouvee;
+// Calls `prendre` with every question whose name begins as the modality does.
+template <typename Prendre>
+void ChercherQuestions(const FichierPos& pos, std::string_view nom, std::size_t largeur, const Prendre& prendre) {
+  for (std::size_t q = 0; q < pos.questions.size(); ++q)
+    if (std::string_view(pos.questions[q].nom).substr(0, largeur) == nom.substr(0, largeur)) prendre(q);
 }
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
@@ -102,7 +97,8 @@ bool EstEffectif(std::string_view cellule, std::size_t largeur) {
 
 }  // namespace
 
-FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, CodeDeModalite& lu) {
+FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, std::optional<std::size_t> precedente,
+                             CodeDeModalite& lu) {
   const char signe = nom[kLargeurNom - 1];
   const bool lettre = signe >= 'A' && signe <= 'Z';
   const bool chiffre = EstChiffre(signe);
@@ -110,19 +106,28 @@ FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, Code
   const bool double_ = chiffre && EstChiffre(nom[kLargeurNom - 2]);
   const int longue = double_ ? 10 * (nom[kLargeurNom - 2] - '0') + (signe - '0') : 0;
 
-  std::optional<std::size_t> question;
-  if (lettre || chiffre) question = ChercherQuestion(pos, nom, 3, court);
-  const bool admise = question && pos.questions[*question].codeMax >= court;
-  if (!admise && longue >= kPremierCodeDouble) {
-    if (const auto autre = ChercherQuestion(pos, nom, 2, longue); autre && pos.questions[*autre].codeMax >= longue) {
-      lu = {*autre, longue};
-      return FauteDeNom::Aucune;
-    }
+  std::vector<CodeDeModalite> possibles;
+  std::optional<CodeDeModalite> tropGrand;  // beyond the code-max of its question
+  const auto prendre = [&](int code) {
+    return [&pos, &possibles, &tropGrand, code](std::size_t q) {
+      if (pos.questions[q].codeMax >= code) possibles.push_back({q, code});
+      else if (!tropGrand) tropGrand = CodeDeModalite{q, code};
+    };
+  };
+  if (lettre || chiffre) ChercherQuestions(pos, nom, kLargeurNom - 1, prendre(court));
+  if (possibles.size() > 1) possibles.resize(1);  // questions of one name, which the caller refuses
+  const std::optional<CodeDeModalite> deTroisSignes = tropGrand;
+  if (longue >= kPremierCodeDouble) ChercherQuestions(pos, nom, kLargeurNom - 2, prendre(longue));
+  if (possibles.empty()) {
+    if (!lettre && !chiffre) return FauteDeNom::HorsNorme;
+    if (!deTroisSignes) return FauteDeNom::Inconnue;
+    lu = *deTroisSignes;
+    return FauteDeNom::Aucune;
   }
-  if (!lettre && !chiffre) return FauteDeNom::HorsNorme;
-  if (!question) return FauteDeNom::Inconnue;
-  lu = {*question, court};
-  return FauteDeNom::Aucune;
+  const auto voisine = std::find_if(possibles.begin(), possibles.end(),
+                                    [&](const CodeDeModalite& possible) { return possible.question == precedente; });
+  lu = voisine == possibles.end() ? possibles.front() : *voisine;
+  return possibles.size() > 1 && voisine == possibles.end() ? FauteDeNom::Partagee : FauteDeNom::Aucune;
 }
 
 ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
@@ -148,6 +153,8 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
   });
   ComptesDeProfil comptes;
   comptes.individus = static_cast<double>(lus);
+  if (lus == pos.taille.individus)
+    while (lecteur.Lire() != nullptr) ++comptes.laisses;
   for (const CodeDeModalite& code : codes)
     comptes.effectifs.push_back(comptoir.Effectif(autres.data(), code) +
                                 (seule ? comptoir.Effectif(ensemble.front().data(), code) : 0));

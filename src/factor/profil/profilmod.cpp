@@ -94,13 +94,29 @@ std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contex
                                         const FichierPos& pos) {
   Controle controle(rapport);
   std::vector<CodeDeModalite> codes;
+  std::vector<bool> vues(pos.questions.size());
+  const auto exigerSeule = [&](std::size_t question) {
+    if (vues[question]) return;
+    vues[question] = true;
+    const std::string& nom = pos.questions[question].nom;
+    if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
+      throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, rangs));
+  };
+  std::optional<std::size_t> precedente;
   for (const Modalite& modalite : mod.modalites) {
     codes.emplace_back();
-    switch (LireNomDeModalite(pos, modalite.nom, codes.back())) {
-      case FauteDeNom::Aucune: break;
+    const FauteDeNom faute = LireNomDeModalite(pos, modalite.nom, precedente, codes.back());
+    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back().question) : std::nullopt;
+    switch (faute) {
+      case FauteDeNom::Aucune: exigerSeule(codes.back().question); break;
       case FauteDeNom::Inconnue: controle.Faute(Joindre({"Erreur : ", modalite.nom, " non trouvé"_w})); break;
       case FauteDeNom::HorsNorme:
         controle.Faute(Joindre({"Erreur : valeur de modalité "_w, modalite.nom, " hors norme"}));
+        break;
+      case FauteDeNom::Partagee:
+        controle.Faute(Joindre({"Erreur : ", modalite.nom,
+                                " peut être une modalité de plusieurs questions, dont les noms commencent de même : "
+                                "changez le nom de l'une dans le fichier *.POS"_w}));
         break;
     }
   }
@@ -149,6 +165,12 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
   if (comptes.individus < static_cast<double>(pos->taille.individus))
     Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui annonce");
+  if (comptes.laisses > 0)
+    contexte.Ecran().demander(
+        Joindre({contexte.Nom(".POS"), " annonce ", Nombre(pos->taille.individus), " individus et ",
+                 contexte.Nom(".DAT"), " en a ", Nombre(pos->taille.individus + comptes.laisses),
+                 " : le profil ne porte que sur les premiers"}),
+        Boutons::Ok);
   return comptes;
 }
 

@@ -37,10 +37,11 @@ QString AvecLettreLibre(const QWidget& fenetre, const QString& texte) {
   return texte;
 }
 
-QBoxLayout* RangeeDe(QLayout* disposition, QWidget& controle) {
+// The layout that holds the control itself.
+QLayout* RangeeDe(QLayout* disposition, QWidget& controle) {
   for (int i = 0; disposition != nullptr && i < disposition->count(); ++i) {
-    if (disposition->itemAt(i)->widget() == &controle) return qobject_cast<QBoxLayout*>(disposition);
-    if (QBoxLayout* dedans = RangeeDe(disposition->itemAt(i)->layout(), controle)) return dedans;
+    if (disposition->itemAt(i)->widget() == &controle) return disposition;
+    if (QLayout* dedans = RangeeDe(disposition->itemAt(i)->layout(), controle)) return dedans;
   }
   return nullptr;
 }
@@ -76,11 +77,11 @@ QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::strin
   auto* bouton = new QPushButton(AvecLettreLibre(fenetre, voulu.texte), lancer.parentWidget());
   bouton->setObjectName(voulu.nom);
   bouton->setAutoDefault(false);
-  if (QBoxLayout* rangee = RangeeDe(lancer.parentWidget()->layout(), lancer))
-    rangee->insertWidget(rangee->indexOf(&lancer), bouton);
-  else if (auto* grille = qobject_cast<QGridLayout*>(lancer.parentWidget()->layout()))
+  QLayout* disposition = RangeeDe(lancer.parentWidget()->layout(), lancer);
+  if (auto* rangee = qobject_cast<QBoxLayout*>(disposition)) rangee->insertWidget(rangee->indexOf(&lancer), bouton);
+  else if (auto* grille = qobject_cast<QGridLayout*>(disposition))
     grille->addWidget(bouton, grille->rowCount(), 0, 1, -1);
-  else if (QLayout* disposition = lancer.parentWidget()->layout()) disposition->addWidget(bouton);
+  else if (disposition != nullptr) disposition->addWidget(bouton);
   QWidget::setTabOrder(&lancer, bouton);
   QObject::connect(bouton, &QPushButton::clicked, &fenetre,
                    [&fenetre, commande = std::move(commande)] { Montrer(fenetre, VersQt(commande())); });

@@ -126,6 +126,24 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
       Boutons::Ok);
 }
 
+// Two runs of one name are two questions to the tabular analysis, and one where the logistic part compares names.
+void PrevenirDesHomonymes(const Contexte& contexte, const Modele& modele) {
+  std::vector<std::string> noms;
+  for (std::size_t i = 0; i < modele.questions.size(); ++i) {
+    const std::string& nom = modele.questions[i].nom;
+    const auto meme = [&nom](const QuestionCodee& question) { return question.nom == nom; };
+    const auto fin = modele.questions.begin() + static_cast<std::ptrdiff_t>(i);
+    if (std::count_if(modele.questions.begin(), fin, meme) == 1) noms.push_back(nom);
+  }
+  if (noms.empty()) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : plusieurs questions portent le même nom, l'analyse tabulaire les sépare et l'effet "
+               "expérimental les prend pour une seule, ses moyennes sont fausses : renommez leurs modalités ("_w,
+               EnListe(noms), ")"}),
+      Boutons::Ok);
+}
+
 void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
   travail.triees = TrierFiches(travail.individus, contexte.Ecran());
   travail.etape = Etape::Tri;
@@ -193,6 +211,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& 
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
+  PrevenirDesHomonymes(contexte, travail.modele);
   PrevenirDesConfusions(contexte, travail.modele);
   PrendreLesReponses(contexte, rapport, codageLogique, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);

@@ -10,6 +10,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "regression/codage.h"
 #include "regression/colonne.h"
 #include "regression/reglin/edition.h"
 
@@ -79,6 +80,17 @@ void ExigerVariables(const Contexte& contexte, Rapport& rapport, const Variables
   if (variables.aExpliquer.empty() || variables.explicatives.empty()) throw Erreur(kArretAnnonce);
 }
 
+// Of a label the first characters alone are kept, and no mark behind them is seen.
+void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegression& variables) {
+  if (variables.marquesCoupees.empty()) return;
+  contexte.Ecran().biper();
+  contexte.Ecran().demander(
+      Joindre({"*** Attention : la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
+               " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
+               EnListe(variables.marquesCoupees)}),
+      Boutons::Ok);
+}
+
 // Ranks of the individuals whose lines are too short, the first ones alone, and how many they are.
 struct Fautifs {
   std::vector<std::int64_t> rangs;
@@ -100,14 +112,16 @@ struct Douteux {
   }
 };
 
+constexpr std::string_view kCeQuEstDouteux[] = {
+    " individus ont une valeur sans chiffre, qui compte pour 0"_w,
+    " individus ont une valeur à virgule, qui compte sans ses décimales : écrivez un point"_w,
+    " individus ont une valeur qui n'est pas un nombre, elle s'arrête devant le premier signe de trop : corrigez-la"_w};
+
 void PrevenirDesDouteux(const Contexte& contexte, const Douteux& douteux) {
   if (douteux.individus == 0) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : ", Nombre(douteux.individus),
-               douteux.doute == Doute::AVirgule
-                   ? " individus ont une valeur à virgule, qui compte sans ses décimales : écrivez un point"_w
-                   : " individus ont une valeur sans chiffre, qui compte pour 0"_w,
+      Joindre({"*** Attention : ", Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
                " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}),
       Boutons::Ok);
 }
@@ -151,6 +165,7 @@ struct Lecture {
   Fautifs fautifs;  // the moments are not whole when there are some
   Douteux vides{.doute = Doute::SansChiffre, .variable = {}};
   Douteux virgules{.doute = Doute::AVirgule, .variable = {}};
+  Douteux coupees{.doute = Doute::Coupe, .variable = {}};
 };
 
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
@@ -168,9 +183,9 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
     if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
     if (fautifs.nombre > 0) continue;
     if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
-    LireValeurs(ligne, variables, valeurs);
-    if (std::find(valeurs.begin(), valeurs.end(), 0.0) != valeurs.end()) lecture.vides.Voir(ligne, variables, rang);
-    if (ligne.find(',') != std::string_view::npos) lecture.virgules.Voir(ligne, variables, rang);
+    if (!LireValeurs(ligne, variables, valeurs))
+      for (Douteux* const douteux : {&lecture.vides, &lecture.virgules, &lecture.coupees})
+        douteux->Voir(ligne, variables, rang);
     if (suivre) suivre(ligne);
     lecture.moments.Ajouter(valeurs);
   }
@@ -194,8 +209,8 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   Progression progression(contexte.Ecran(), individus);
   Lecture lecture = LireMoments(donnees, variables, progression, suivre);
   ExigerDesLignesEntieres(rapport, lecture.fautifs);
-  PrevenirDesDouteux(contexte, lecture.vides);
-  PrevenirDesDouteux(contexte, lecture.virgules);
+  for (const Douteux* const douteux : {&lecture.vides, &lecture.virgules, &lecture.coupees})
+    PrevenirDesDouteux(contexte, *douteux);
   PrevenirDesColonnesDeTrop(contexte, variables, lecture.longues, individus);
   return std::move(lecture.moments);
 }
@@ -203,12 +218,9 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
 void PrevenirDesPertes(Rapport& rapport, const VariablesDeRegression& variables,
                        const std::vector<std::size_t>& rangs) {
   if (rangs.empty()) return;
-  std::string noms;
-  for (const std::size_t rang : rangs) {
-    if (!noms.empty()) noms += ", ";
-    noms += Rogner(variables.explicatives[rang].nom);
-  }
-  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, noms,
+  std::vector<std::string> noms;
+  for (const std::size_t rang : rangs) noms.emplace_back(Rogner(variables.explicatives[rang].nom));
+  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, EnListe(noms),
                  " : retranchez une constante à ce qui est grand devant son écart-type, ôtez ce qui est presque "
                  "déterminé par les autres"_w});
   rapport.Ligne();
@@ -252,6 +264,7 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);
+  PrevenirDesMarquesCoupees(contexte, variables);
   ExigerFormeDuMod(fichiers.donnees, mod, SansTaille(parametres));
   const bool autreTable = parametres.de == kTableNommee;
   const Moments moments =

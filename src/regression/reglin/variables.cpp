@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
@@ -23,9 +24,41 @@ double Logarithme(double valeur) {
   return std::log(valeur);
 }
 
-double Lire(std::string_view ligne, const Variable& variable, std::size_t largeur) {
-  const double valeur = ValeurDuChamp(TexteDuChamp(ligne, variable.rang, largeur));
-  return variable.logarithme ? Logarithme(valeur) : valeur;
+// The value of plain digits with a sign and a point, in one pass; nothing for any other writing.
+std::optional<double> ValeurSimple(std::string_view champ) {
+  std::size_t i = 0;
+  while (i < champ.size() && champ[i] == ' ') ++i;
+  const bool negatif = i < champ.size() && champ[i] == '-';
+  if (negatif) ++i;
+  const std::size_t premier = i;
+  std::int64_t mantisse = 0;
+  std::size_t point = champ.size();
+  for (; i < champ.size(); ++i) {
+    const auto chiffre = static_cast<unsigned>(static_cast<unsigned char>(champ[i])) - '0';
+    if (chiffre < 10) mantisse = 10 * mantisse + static_cast<std::int64_t>(chiffre);
+    else if (champ[i] == '.' && point == champ.size()) point = i;
+    else return std::nullopt;
+    if (i - premier > kChiffresExacts) return std::nullopt;
+  }
+  const std::size_t decimales = point == champ.size() ? 0 : champ.size() - point - 1;
+  if (i - premier == (point == champ.size() ? 0U : 1U)) return std::nullopt;  // no digit
+  const double valeur = static_cast<double>(mantisse) / kPuissances[decimales];
+  return negatif ? -valeur : valeur;
+}
+
+bool PorteUnLogarithme(std::string_view intitule) {
+  return intitule.find("*LOG*") != std::string_view::npos || intitule.find("*log*") != std::string_view::npos;
+}
+
+bool EnDoute(std::string_view champ, Doute doute) {
+  const bool sansChiffre = champ.find_first_of("0123456789") == std::string_view::npos;
+  const bool virgule = champ.find(',') != std::string_view::npos;
+  switch (doute) {
+    case Doute::SansChiffre: return sansChiffre;
+    case Doute::AVirgule: return virgule;
+    case Doute::Coupe: break;
+  }
+  return !sansChiffre && !virgule && !EstNombre(champ);
 }
 
 }  // namespace
@@ -35,9 +68,10 @@ VariablesDeRegression LireVariables(const std::vector<Modalite>& lignes, std::si
   variables.largeur = largeur;
   for (const ModaliteCodee& ligne : LireCodage(lignes)) {
     Variable variable{ligne.nom, ligne.intitule, variables.noms.size(), false};
-    for (const std::string_view marque : {"*LOG*", "*log*"})
-      variable.logarithme |= variable.intitule.find(marque) != std::string::npos;
+    variable.logarithme = PorteUnLogarithme(variable.intitule);
     if (variable.logarithme) variable.intitule = "LOG()";
+    else if ((ligne.explicative || ligne.aExpliquer) && PorteUnLogarithme(lignes[variable.rang].intitule))
+      variables.marquesCoupees.emplace_back(Rogner(ligne.nom));
     variables.noms.push_back(ligne.nom);
     if (ligne.explicative) variables.explicatives.push_back(std::move(variable));
     else if (ligne.aExpliquer) variables.aExpliquer.push_back(std::move(variable));
@@ -59,9 +93,7 @@ std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::siz
 
 const Variable* VariableDouteuse(std::string_view ligne, const VariablesDeRegression& variables, Doute doute) {
   const auto douteuse = [&](const Variable& variable) {
-    const std::string_view champ = TexteDuChamp(ligne, variable.rang, variables.largeur);
-    if (doute == Doute::AVirgule) return champ.find(',') != std::string_view::npos;
-    return champ.find_first_of("0123456789") == std::string_view::npos;
+    return EnDoute(TexteDuChamp(ligne, variable.rang, variables.largeur), doute);
   };
   const auto trouvee = std::find_if(variables.explicatives.begin(), variables.explicatives.end(), douteuse);
   if (trouvee != variables.explicatives.end()) return &*trouvee;
@@ -69,31 +101,24 @@ const Variable* VariableDouteuse(std::string_view ligne, const VariablesDeRegres
 }
 
 double ValeurDuChamp(std::string_view champ) {
-  std::size_t i = 0;
-  while (i < champ.size() && champ[i] == ' ') ++i;
-  const bool negatif = i < champ.size() && champ[i] == '-';
-  if (negatif) ++i;
-  const std::size_t premier = i;
-  std::int64_t mantisse = 0;
-  std::size_t point = champ.size();
-  for (; i < champ.size(); ++i) {
-    const auto chiffre = static_cast<unsigned>(static_cast<unsigned char>(champ[i])) - '0';
-    if (chiffre < 10) mantisse = 10 * mantisse + static_cast<std::int64_t>(chiffre);
-    else if (champ[i] == '.' && point == champ.size()) point = i;
-    else break;
-    if (i - premier > kChiffresExacts) return ValeurDe(champ);
-  }
-  if (i < champ.size() || i == premier) return ValeurDe(champ);
-  const std::size_t decimales = point == champ.size() ? 0 : champ.size() - point - 1;
-  const double valeur = static_cast<double>(mantisse) / kPuissances[decimales];
-  return negatif ? -valeur : valeur;
+  const std::optional<double> simple = ValeurSimple(champ);
+  return simple ? *simple : ValeurDe(champ);
 }
 
-void LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs) {
+bool LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs) {
+  bool simples = true;
+  const auto lire = [&](const Variable& variable) {
+    const std::string_view champ = TexteDuChamp(ligne, variable.rang, variables.largeur);
+    const std::optional<double> simple = ValeurSimple(champ);
+    simples = simples && simple;
+    const double valeur = simple ? *simple : ValeurDe(champ);
+    return variable.logarithme ? Logarithme(valeur) : valeur;
+  };
   std::size_t place = 0;
-  for (const Variable& variable : variables.explicatives) valeurs[place++] = Lire(ligne, variable, variables.largeur);
+  for (const Variable& variable : variables.explicatives) valeurs[place++] = lire(variable);
   valeurs[place++] = 1;
-  valeurs[place] = Lire(ligne, variables.Expliquee(), variables.largeur);
+  valeurs[place] = lire(variables.Expliquee());
+  return simples;
 }
 
 }  // namespace quelvar::regression

@@ -23,6 +23,8 @@ struct VariablesDeRegression {
   std::vector<Variable> explicatives;  // marked X
   std::vector<Variable> aExpliquer;    // marked Y and not X; the last one counts
   std::size_t largeur = 0;             // of a field
+  // Names of those whose mark of a logarithm stands behind the characters that are kept of the label: it does nothing.
+  std::vector<std::string> marquesCoupees;
 
   const Variable& Expliquee() const { return aExpliquer.back(); }
 };
@@ -38,8 +40,9 @@ bool EstTropCourte(std::string_view ligne, const VariablesDeRegression& variable
 // The field of that place as it stands; shorter or empty past the end of the line.
 std::string_view TexteDuChamp(std::string_view ligne, std::size_t rang, std::size_t largeur);
 
-// Fields that the regression takes otherwise than they look: 0 without any digit, the digits before a comma.
-enum class Doute { SansChiffre, AVirgule };
+// Fields that the regression takes otherwise than they look: 0 without any digit, the digits before a comma, those
+// before any other sign that no number has there.
+enum class Doute { SansChiffre, AVirgule, Coupe };
 // The first variable of the regression whose field is such a one; null without any.
 const Variable* VariableDouteuse(std::string_view ligne, const VariablesDeRegression& variables, Doute doute);
 
@@ -48,7 +51,7 @@ double ValeurDuChamp(std::string_view champ);
 
 // The values that enter the regression: the explanatory variables in order, 1 for the constant, the explained one.
 // Raises kArgumentIncorrect for the logarithm of a value that is not positive, kDepassementCapacite for a value beyond
-// a double.
-void LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs);
+// a double. Returns false when a field was not plain digits, so that it may be one of those in doubt.
+bool LireValeurs(std::string_view ligne, const VariablesDeRegression& variables, std::span<double> valeurs);
 
 }  // namespace quelvar::regression

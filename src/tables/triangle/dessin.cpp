@@ -152,41 +152,59 @@ double Corps(TailleTriangle taille) {
 
 double PasDeGraduation(double etendue) { return etendue > 45 ? 10 : etendue > 18 ? 5 : etendue > 8 ? 2 : 1; }
 
-void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Position decalage, Ancre ancre) {
-  Dessin& page = cadre.Page();
-  const Position place = cadre.Projeter(a.x, a.y);
-  page.Ligne(place, cadre.Projeter(b.x, b.y),
-             {.couleur = Couleur::GrisClair, .epaisseur = 0.3, .style = StyleTrait::Pointilles});
-  page.Texte(place, Nombre(Arrondir(valeur, 1)),
-             {.corps = kCorpsDesGraduations, .couleur = Couleur::Gris, .ancre = ancre, .niveau = Niveau::Centre},
-             decalage);
+Position Ajouter(Position a, Position b) { return {a.x + b.x, a.y + b.y}; }
+
+void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, Ancre ancre, Occupation& occupation) {
+  const Police police{
+      .corps = kCorpsDesGraduations, .couleur = Couleur::Gris, .ancre = ancre, .niveau = Niveau::Centre};
+  const std::string texte = Nombre(Arrondir(valeur, 1));
+  cadre.Page().Texte(cadre.Projeter(a.x, a.y), texte, police, decalage);
+  occupation.Prendre(ZoneDuTexte(Ajouter(cadre.SurPage(a.x, a.y), decalage), texte, police));
+}
+
+void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Position decalage, Ancre ancre,
+                      Occupation& occupation) {
+  cadre.Page().Ligne(cadre.Projeter(a.x, a.y), cadre.Projeter(b.x, b.y),
+                     {.couleur = Couleur::GrisClair, .epaisseur = 0.3, .style = StyleTrait::Pointilles});
+  EcrireValeur(cadre, a, valeur, decalage, ancre, occupation);
+}
+
+// A side, point by point: no label is to lie across it.
+void PrendreTrait(Position de, Position a, Occupation& occupation) {
+  const int pas = static_cast<int>(std::hypot(a.x - de.x, a.y - de.y)) + 1;
+  for (int i = 0; i <= pas; ++i)
+    occupation.Prendre({de.x + (a.x - de.x) * i / pas - 0.5, de.y + (a.y - de.y) * i / pas - 0.5, 1, 1});
 }
 
 constexpr double kArrondi = 1e-9;  // of a value, in percent or in steps
 
-// The sides, and along each the values of one percentage from its lower to its upper limit.
-void TracerCotes(Cadre& cadre, const EtatTriangle& etat) {
+// The sides, and along each the values of one percentage from its lower to its upper limit. Of a right angle both
+// upright sides bear the ordinate, on the same lines.
+void TracerCotes(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
   const CotesTriangle& c = etat.cotes;
   const double etendue = c.droit - c.gauche - c.bas;
   const double pas = PasDeGraduation(etendue);
   const auto premiere = [pas](double limite) { return std::ceil(limite / pas - kArrondi) * pas; };
   cadre.Page().Calquer("cotes");
   for (double v = premiere(c.gauche); v <= c.gauche + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, 9}, Ancre::Milieu);
+    TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, 9}, Ancre::Milieu, occupation);
   for (double v = premiere(c.bas); v <= c.bas + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {5, 0}, Ancre::Debut);
+    TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {5, 0}, Ancre::Debut, occupation);
+  const bool angleDroit = etat.reglages.forme == FormeTriangle::AngleDroit;
+  for (double v = premiere(c.bas); angleDroit && v <= c.bas + etendue + kArrondi; v += pas)
+    EcrireValeur(cadre, {c.gauche, v}, v, {-5, 0}, Ancre::Fin, occupation);
   const double troisieme = 100 - c.droit;
-  for (double v = premiere(troisieme); v <= troisieme + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-5, 0}, Ancre::Fin);
+  for (double v = premiere(troisieme); !angleDroit && v <= troisieme + etendue + kArrondi; v += pas)
+    TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-5, 0}, Ancre::Fin,
+                     occupation);
   const std::array<Position, 3> sommets = cadre.Sommets();
   for (std::size_t i = 0; i < 3; ++i) {
     const Position de = sommets[i];
     const Position a = sommets[(i + 1) % 3];
     cadre.Page().Ligne(cadre.Projeter(de.x, de.y), cadre.Projeter(a.x, a.y), {.epaisseur = 1});
+    PrendreTrait(cadre.SurPage(de.x, de.y), cadre.SurPage(a.x, a.y), occupation);
   }
 }
-
-Position Ajouter(Position a, Position b) { return {a.x + b.x, a.y + b.y}; }
 
 void EcrireEntree(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, const Police& police,
                   Position decalage, Occupation& occupation) {
@@ -378,7 +396,7 @@ Position EcartDeLaPlace(const EtatTriangle& etat, std::size_t entree) {
 Dessin DessinerTriangle(const EtatTriangle& etat) {
   Cadre cadre(etat);
   Occupation occupation(cadre.Page().Largeur(), cadre.Page().Hauteur());
-  TracerCotes(cadre, etat);
+  TracerCotes(cadre, etat, occupation);
   EcrireTitreEtSommets(cadre, etat, occupation);
   TracerCentre(cadre, etat);
   TracerPoints(cadre, etat, occupation);

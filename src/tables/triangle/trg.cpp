@@ -1,5 +1,6 @@
 #include "tables/triangle/trg.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/programme/report.h"
@@ -40,6 +41,8 @@ PointTriangle LirePoint(std::string_view ligne, std::size_t rang, FichierTrg& tr
   }
   point.intitule = Rogner(Milieu(ligne, colonne));
   if (point.intitule.empty()) point.intitule = Rogner(point.nom);
+  if (const float* part = std::min_element(point.parts.begin(), point.parts.end()); *part < 0)
+    Noter(trg.negatifs, Joindre({"ligne ", Nombre(rang), ", ", Rogner(point.nom), " (", Nombre(*part), ")"}));
   const double somme = double{point.parts[0]} + double{point.parts[1]} + double{point.parts[2]};
   if (somme != 0 && std::fabs(somme - 100) > kEcartDArrondi)
     Noter(trg.inegaux, Joindre({"ligne ", Nombre(rang), ", ", Rogner(point.nom), " (", Nombre(Simple(somme)), ")"}));

@@ -28,6 +28,7 @@ struct FichierTrg {
   std::array<std::string, 3> sommets;
   std::vector<PointTriangle> points;
   PointsEnFaute inegaux{};     // percentages that make neither 100 nor 0
+  PointsEnFaute negatifs{};    // percentages below 0
   PointsEnFaute illisibles{};  // percentages that are not numbers
 };
 

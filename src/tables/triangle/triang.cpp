@@ -33,6 +33,7 @@ void Prevenir(const Contexte& contexte, const FichierTrg& trg) {
   };
   dire("Points dont un pourcentage n'est pas un nombre : ", trg.illisibles,
        "Il est lu jusqu'au premier signe de trop, ou compte pour 0. ");
+  dire("Points dont un pourcentage est négatif : "_w, trg.negatifs, "Ils sont hors du triangle. ");
   dire("Points dont les trois pourcentages ne font pas 100 : ", trg.inegaux,
        "Leur place dépend des deux premiers seulement. "_w);
 }

@@ -41,9 +41,9 @@ struct Identifiants {
 };
 
 Identifiants LireIdentifiants(const OptionsFusion& options) {
-  const std::int32_t a = NombreTape(options.positionA);
-  const std::int32_t b = NombreTape(options.positionB);
-  const std::int32_t largeur = NombreTape(options.largeur);
+  const std::int64_t a = NombreTape(options.positionA);
+  const std::int64_t b = NombreTape(options.positionB);
+  const std::int64_t largeur = NombreTape(options.largeur);
   if (a < 1 || b < 1 || largeur < 1) throw Erreur(kArgumentIncorrect);
   return {static_cast<std::size_t>(a), static_cast<std::size_t>(b), static_cast<std::size_t>(largeur)};
 }
@@ -87,6 +87,14 @@ void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
 [[noreturn]] void Arreter(const Travail& travail, Texte raison) {
   Avertir(travail.rapport, travail.contexte.Ecran(), raison);
   throw Erreur(kArretAnnonce);
+}
+
+// A .POS that stood beside a former C does not tell the columns of the new one.
+void DireAncienPos(const Travail& travail) {
+  const std::string pos = NomDuPos(travail.options.c);
+  if (ChercherFichier(travail.contexte.repertoire, pos))
+    Prevenir(travail.contexte, Joindre({"Le fichier ", NomAffiche(pos), " était là et reste : il n'est pas celui de "_w,
+                                        NomAffiche(travail.options.c), " qui vient d'être fait"_w}));
 }
 
 // C and its .POS, which come into being together: outputs of the generic that they make.
@@ -176,6 +184,7 @@ void FusionnerCoteACote(const Travail& travail) {
   for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
     if (!verification.Accepter(individu, ligneA, ligneB)) {
       c.Laisser();
+      DireAncienPos(travail);
       Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
     }
     EcrireLigneDeA(travail, ligneA, c.Fichier());
@@ -259,6 +268,7 @@ void FusionnerParNumero(const Travail& travail) {
     travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
                                          : "*** ERREUR Fichier B non terminé"_w);
     Prevenir(travail.contexte, bilan.lieu);
+    DireAncienPos(travail);
     Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
   }
   c.Valider(LignesPosCoteACote(travail, bilan.lignes));
@@ -269,6 +279,7 @@ void FusionnerParNumero(const Travail& travail) {
 
 // What the .POS of the result can't tell by itself; its lines are those of A and B.
 void PrevenirDuPos(const Travail& travail) {
+  if (!travail.pos) DireAncienPos(travail);
   if (!travail.options.pos) return;
   const std::string pos = NomAffiche(NomDuPos(travail.options.c));
   if (!travail.pos) {

@@ -4,6 +4,7 @@
 
 #include "core/enquete/listemod.h"
 #include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
 #include "factor/profil/profilmod.h"
@@ -126,6 +127,43 @@ TEST_F(RunProfil, LongCodesAreReadFromTheirTwoDigits) {
   ASSERT_EQ(ProfilMod(contexte_, options), Fin::Normale) << montre_;
   ASSERT_EQ(profils.size(), 1U);
   for (const LigneDeProfil& ligne : profils[0].lignes) EXPECT_EQ(ligne.attraction.pem, -100) << ligne.nom;
+}
+
+// "NB36" is the code 36 of NBA or of NBB, or the code 6 of NB3: of the question that the modality before it has.
+TEST_F(RunProfil, ANameThatSeveralQuestionsGiveGoesWithTheOneBeforeIt) {
+  Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nNBA   140\r\nNBB   340\r\nNB3   5 9\r\nSEX   6 2\r\n");
+  Ecrire("ENQ.DAT", "363561\r\n36 162\r\n353611\r\n 13611\r\n");
+  const auto effectifs = [&](std::string_view noms) {
+    Ecrire("ENQ.MOD", Joindre({"ENQ\r\n BRT=4 FMT=1 MOD=SEX1\r\n", noms, "SEX1\r\nSEX2\r\n"}));
+    std::vector<ProfilDeModalite> profils;
+    OptionsProfil options;
+    options.nonTri = true;
+    options.profils = &profils;
+    if (ProfilMod(contexte_, options) != Fin::Normale) return std::string("arrêt"_w);
+    std::string texte;
+    for (const LigneDeProfil& ligne : profils[0].lignes)
+      texte += Joindre({ligne.nom, " ", Nombre(ligne.ensemble), " "});
+    return texte;
+  };
+  EXPECT_EQ(effectifs("NBAZ\r\nNB36\r\nNBBZ\r\nNB36\r\nNB31\r\nNB36\r\n"),
+            "NBAZ 1 NB36 1 NBBZ 1 NB36 2 NB31 2 NB36 1 SEX2 0 ");
+  EXPECT_EQ(effectifs("NB36\r\nNBAZ\r\n"), "arrêt"_w);
+  EXPECT_TRUE(Dit("Erreur : NB36 peut ")) << montre_;
+}
+
+TEST_F(RunProfil, ASharedNameStopsAndLinesPastTheAnnouncedOnesAreTold) {
+  Ecrire("ENQ.DAT", "11\r\n22\r\n12\r\n21\r\n11\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n BRT=4 FMT=1 MOD=A~~1\r\nA  1\r\nA  2\r\nB  1\r\nB  2\r\n");
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nA     1 2\r\n  A   2 2\r\nB     2 2\r\n");
+  EXPECT_EQ(ProfilMod(contexte_, {}), Fin::Arret);
+  EXPECT_TRUE(Dit("Le nom A est celui de 2 questions, aux positions 1 et 2")) << montre_;
+  // Two questions that no modality stands for say nothing of the profile.
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nA     1 2\r\nB     2 2\r\nC     1 2\r\nC     2 2\r\n");
+  boites_.clear();
+  ASSERT_EQ(ProfilMod(contexte_, {}), Fin::Normale) << montre_;
+  EXPECT_TRUE(Dit("B  1")) << montre_;
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_EQ(boites_[0], "ENQ.POS annonce 3 individus et ENQ.DAT en a 5 : le profil ne porte que sur les premiers");
 }
 
 TEST_F(RunProfil, TheDataAndTheirBurtTableGiveTheSameProfile) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 #include "core/dessin/svg.h"
@@ -59,6 +60,21 @@ TEST(DessinerTriangle, PointsStandAtTheirPercentages) {
   etat.axes = {2, 0, 1};
   EXPECT_DOUBLE_EQ(MarqueDe(etat, 3)->x, 50);
   EXPECT_DOUBLE_EQ(MarqueDe(etat, 3)->y, 20);
+}
+
+// Of an oblique triangle the left side bears the third percentage, of an upright one the second, which is its height.
+TEST(DessinerTriangle, TheLeftSideOfARightAngleIsItsOrdinate) {
+  for (const FormeTriangle forme : {FormeTriangle::Triangulaire, FormeTriangle::AngleDroit}) {
+    EtatTriangle etat = NouveauTriangle(TrgDe({}));
+    etat.reglages.forme = forme;
+    const Dessin dessin = DessinerTriangle(etat);
+    std::string valeurs;
+    for (const Forme& f : dessin.Formes())
+      if (f.genre == GenreForme::Texte && f.police.ancre == Ancre::Fin)
+        valeurs +=
+            f.texte + "@" + std::to_string(std::lround(dessin.Points(f)[0].y / ProjeterTriangle(forme, 0, 1).y)) + " ";
+    EXPECT_EQ(valeurs.substr(0, 17), forme == FormeTriangle::AngleDroit ? "0@0 10@10 20@20 3" : "0@100 10@90 20@80");
+  }
 }
 
 TEST(DessinerTriangle, SidesMovedInwardLeaveOutPointsBeyondThem) {
@@ -196,6 +212,12 @@ TEST_F(RunTriang, TheReportEndsBehindThePicture) {
   ASSERT_EQ(Triang(contexte_, {}), Fin::Normale);
   EXPECT_TRUE(boites_[0].starts_with(
       "Points dont un pourcentage n'est pas un nombre : 2, le premier ligne 6, colonne 5, AGE2 (12,5)."));
+  Ecrire("ENQ.TRG", "T\r\nA\r\nB\r\nC\r\nAGE1 60.0 50.0-10.0\r\nAGE2  0.0 -0.5100.5\r\n");
+  boites_.clear();
+  ASSERT_EQ(Triang(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(boites_[0],
+            "Points dont un pourcentage est négatif : 2, le premier ligne 5, AGE1 (-10). Ils sont hors du triangle. "
+            "Vérifiez le fichier ENQ.TRG"_w);
   Ecrire("ENQ.TRG", "T\r\nA\r\nB\r\nC\r\n");
   boites_.clear();
   OptionsTriang options;

@@ -73,6 +73,7 @@ class EcritureDeTable {
   int CodeDe(const ColonneLue& lue, std::string_view cellule) const;
   int CodeDesChiffres(const ColonneLue& lue, std::string_view cellule) const;
   void PlacerCode(std::size_t k, int code);
+  void PlacerAlphabetique(std::size_t k, std::string_view cellule);
   void FinirLaRangee();
   void PlacerListe(const ColonneLue& lue, std::size_t j, std::string_view cellule);
   void GarderNombre(const ColonneLue& lue, std::size_t j, std::string_view cellule);
@@ -108,7 +109,7 @@ void EcritureDeTable::Refuser(std::size_t j, std::string_view cellule) {
 }
 
 void EcritureDeTable::PlacerCode(std::size_t k, int code) {
-  if (!bilan_.effectifs[k].empty()) ++bilan_.effectifs[k][static_cast<std::size_t>(code)];
+  if (const auto rang = static_cast<std::size_t>(code); rang < bilan_.effectifs[k].size()) ++bilan_.effectifs[k][rang];
   if (code < 10) {
     metteur_.PlacerChiffre(k, static_cast<char>('0' + code));
     return;
@@ -119,7 +120,8 @@ void EcritureDeTable::PlacerCode(std::size_t k, int code) {
 }
 
 int EcritureDeTable::CodeDesChiffres(const ColonneLue& lue, std::string_view cellule) const {
-  if (EstZero(lue, cellule)) return 0;
+  if (lue.avecTextes)
+    if (const std::uint32_t rang = lue.textes.Chercher(cellule); rang != TableDeTextes::kAbsent) return lue.codes[rang];
   const std::size_t largeur = plan_.colonnes[lue.premiere].largeur;
   if (cellule.size() <= largeur && std::ranges::all_of(cellule, [](char c) { return c >= '0' && c <= '9'; })) {
     int code = 0;
@@ -132,6 +134,15 @@ int EcritureDeTable::CodeDesChiffres(const ColonneLue& lue, std::string_view cel
   if (normal.front() == '-') return 0;
   if (normal.size() > largeur) return kRefus;
   return static_cast<int>(ValeurDe(normal));
+}
+
+// A text of several lines stays on one.
+void EcritureDeTable::PlacerAlphabetique(std::size_t k, std::string_view cellule) {
+  if (cellule.find_first_of("\r\n\x1A") == std::string_view::npos) return metteur_.Placer(k, cellule);
+  std::string texte(cellule);
+  for (char& c : texte)
+    if (c == '\r' || c == '\n' || c == '\x1A') c = ' ';
+  metteur_.Placer(k, texte);
 }
 
 int EcritureDeTable::CodeDe(const ColonneLue& lue, std::string_view cellule) const {
@@ -198,6 +209,7 @@ void EcritureDeTable::Traiter(std::size_t j, std::string_view cellule) {
         Refuser(j, cellule);
       metteur_.Placer(lue.premiere, cellule);
       break;
+    case Regle::Alphabetique: PlacerAlphabetique(lue.premiere, cellule); break;
     case Regle::Liste: PlacerListe(lue, j, cellule); break;
   }
 }

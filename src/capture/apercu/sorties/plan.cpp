@@ -21,6 +21,9 @@ constexpr std::size_t kClassesAuPlus = 35;
 constexpr std::size_t kCodesEnUnSigne = 35;
 constexpr int kCodeDeDernierSigne = 35;
 constexpr std::size_t kColonnesDeReponses = 200;
+constexpr int kTroisPositions = 999;  // code-max "L3"
+constexpr int kTexteLePlusCourt = 4;  // narrower fields have the code-max of a question of codes
+constexpr std::size_t kTexteLePlusLong = 99;
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
   throw Erreur(kIncompatibiliteType,
@@ -69,6 +72,7 @@ class Dresseur {
                            double codeMax);
   void CompterPourZero(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
   void PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& faits, bool numero);
+  void PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
   void PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
   void PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
   void PrendreReponse(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
@@ -92,7 +96,8 @@ ColonneImportee& Dresseur::Ajouter(const FaitsDeColonne& faits, const ChoixDeCol
                                    double codeMax) {
   if (lue_.nombre++ == 0) lue_.premiere = plan_.colonnes.size();
   ColonneImportee colonne;
-  Intituler(colonne, faits.intitule);
+  Intituler(colonne, choix.libelle.empty() ? faits.intitule : choix.libelle);
+  colonne.intituleDonne = !choix.libelle.empty();
   colonne.largeur = largeur;
   colonne.codeMax = codeMax;
   colonne.rang = rang_ + 1;
@@ -117,10 +122,16 @@ void Dresseur::CompterPourZero(const ChoixDeColonne& choix, const FaitsDeColonne
 // Whole numbers of at most three digits are codes; wider ones stay as they are and out of .POS.
 void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& faits, bool numero) {
   const bool entiers = faits.avecDecimales == 0 && faits.maximum <= 999 && !(numero && faits.nonNumeriques > 0);
-  if (entiers && faits.largeurNombre > 0) {
+  if (entiers && (faits.largeurNombre > 0 || choix.codeMax > 0)) {
     lue_.regle = Regle::Code;
-    const double codeMax = std::max(faits.maximum, 0.0);
+    const double codeMax = std::max({faits.maximum, static_cast<double>(choix.codeMax), 0.0});
     Ajouter(faits, choix, Nombre(codeMax).size(), codeMax).numero = numero;
+    for (std::size_t i = 0; i < choix.textes.size() && i < kCodesDeTextes; ++i) {
+      const int code = static_cast<int>(i + 1);
+      Coder(choix.textes[i], code);
+      if (choix.textes[i] != Nombre(code)) plan_.etiquettes.back().push_back({code, choix.textes[i]});
+    }
+    lue_.avecTextes = !lue_.codes.empty();
   } else if (faits.largeur > 0) {
     lue_.regle = Regle::Telle;
     lue_.entiers = !numero;
@@ -129,6 +140,22 @@ void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& f
     colonne.telle = true;
     colonne.numero = numero;
   }
+}
+
+// The field is as wide as the question was, wider for a longer text.
+void Dresseur::PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
+  int codeMax = choix.codeMax > 0 ? choix.codeMax : kTexteLePlusCourt;
+  std::size_t largeur = codeMax == kTroisPositions ? 3 : static_cast<std::size_t>(codeMax);
+  if (faits.largeur > largeur) {
+    largeur = std::max<std::size_t>(faits.largeur, kTexteLePlusCourt);
+    codeMax = static_cast<int>(std::min<std::size_t>(largeur, kTexteLePlusLong + 1));
+  }
+  lue_.regle = Regle::Alphabetique;
+  ColonneImportee& colonne = Ajouter(faits, choix, largeur, codeMax);
+  colonne.alphabetique = true;
+  colonne.aDroite = choix.aDroite;
+  if (codeMax != kTroisPositions && largeur > kTexteLePlusLong)
+    Refuser(colonne, "un texte de plus de 99 caractères ne tient pas dans une question alphabétique"_w);
 }
 
 void Dresseur::PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
@@ -250,6 +277,7 @@ void Dresseur::Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits,
       lue_.longue = true;
       plan_.longues.push_back(rang);
       break;
+    case Genre::Alphabetique: PrendreAlphabetique(choix, faits); break;
     case Genre::Ecartee: break;
   }
   plan_.lues.push_back(std::move(lue_));

@@ -12,13 +12,14 @@
 namespace quelvar::capture {
 
 enum class Regle {
-  Rien,     // nothing in .DAT
-  Code,     // digits of a narrow column
-  Telle,    // the cell as it is
-  Texte,    // code of the text
-  Classe,   // code of the class of the number
-  Reponse,  // 1 for the texts that say so
-  Liste,    // 1 in the column of each answer of the cell
+  Rien,          // nothing in .DAT
+  Code,          // digits of a narrow column
+  Telle,         // the cell as it is
+  Texte,         // code of the text
+  Classe,        // code of the class of the number
+  Reponse,       // 1 for the texts that say so
+  Alphabetique,  // the text as it is
+  Liste,         // 1 in the column of each answer of the cell
 };
 
 struct Etiquette {
@@ -34,6 +35,7 @@ struct ColonneLue {
   TableDeTextes textes;      // with a code for each: that of .DAT, or the column of the answer from 1
   std::vector<int> codes;
   bool avecZeros = false;       // some texts count as 0
+  bool avecTextes = false;      // Code: some texts stand for a code
   std::vector<double> limites;  // classes: the lower limit of each but the first
   char liste = '\0';
   bool longue = false;   // goes to .TXT

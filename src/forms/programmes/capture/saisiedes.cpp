@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 
+#include "core/texte/horspage.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_saisiedes.h"
 
@@ -37,7 +38,12 @@ GenreDescription SaisieDes::Genre() const {
   return ui_->OptNum2->isChecked() ? GenreDescription::NumeriqueLongue : GenreDescription::NumeriqueCourte;
 }
 
-void SaisieDes::ChangerGenre() { ui_->LibelleCodeMax->setText(VersQt(capture::LibelleCodeMax(Genre()))); }
+void SaisieDes::ChangerGenre() {
+  ui_->LibelleCodeMax->setText(VersQt(capture::LibelleCodeMax(Genre())));
+  // The Tab key would stay with the one that was clicked last, from where the arrows no longer choose.
+  for (QRadioButton* genre : {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2})
+    genre->setFocusPolicy(genre->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
 
 void SaisieDes::Montrer(const QString& nom, const QString& codeMax, GenreDescription genre) {
   ui_->TextMod->setText(nom);
@@ -61,7 +67,9 @@ bool SaisieDes::EnCours() const {
 // False for a question that is refused: the keyboard is back where the fault is.
 bool SaisieDes::Valider() {
   const std::string codeMax = DepuisQt(ui_->CodeMax->currentText());
-  const std::string_view refus = capture::ValiderQuestion(etat_, DepuisQt(ui_->TextMod->text()), codeMax, Genre());
+  const std::string nom = ui_->TextMod->text().toStdString();
+  std::string refus = RefusHorsPage(nom);
+  if (refus.empty()) refus = capture::ValiderQuestion(etat_, DepuisUtf8(nom), codeMax, Genre());
   if (!refus.empty()) {
     services_.ecran.biper();
     services_.ecran.demander(refus, Boutons::Ok);

@@ -50,12 +50,20 @@ void ProfilMod::Remplir() {
   ui_->TextMsg->setText(EnUnTexte(etat_.message));
   for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSuivant}) bouton->setEnabled(etat_.message.empty());
   for (const std::string& texte : etat_.textes) ui_->ListSuppl->addItem(VersQt(texte));
+  Filtrer({});
   edition_->Remplir();
 }
 
+// The space bar takes the first of those that are left.
 void ProfilMod::Filtrer(const QString& texte) {
-  for (int ligne = 0; ligne < ui_->ListSuppl->count(); ++ligne)
-    ui_->ListSuppl->item(ligne)->setHidden(!ui_->ListSuppl->item(ligne)->text().contains(texte, Qt::CaseInsensitive));
+  QListWidget& liste = *ui_->ListSuppl;
+  QListWidgetItem* premiere = nullptr;
+  for (int ligne = 0; ligne < liste.count(); ++ligne) {
+    QListWidgetItem& modalite = *liste.item(ligne);
+    modalite.setHidden(!modalite.text().contains(texte, Qt::CaseInsensitive));
+    if (premiere == nullptr && !modalite.isHidden()) premiere = &modalite;
+  }
+  if (premiere != nullptr) liste.setCurrentItem(premiere, QItemSelectionModel::NoUpdate);
 }
 
 std::vector<std::string> ProfilMod::Choisies() const {

@@ -75,6 +75,8 @@ void ModifModR::Relier() {
        }});
   connect(edition_, &EditionListe::Refus, this, [this](const QString& refus) {
     if (!refus.isEmpty()) Dire(regression::kTitreErreur, refus);
+    else if (intituleRefuse_) ui_->TextMsg->setPlainText(VersQt(kInstruction));
+    intituleRefuse_ = !refus.isEmpty();
   });
   RelierLigne(*ui_->ListPos, [this](int ligne) { CoderQuestion(ligne); });
   RelierLigne(*ui_->Listmod, [this](int ligne) { CoderModalite(ligne); });

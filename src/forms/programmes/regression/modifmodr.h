@@ -37,6 +37,7 @@ class ModifModR : public Forme {
   std::vector<std::size_t> montrees_;  // indices of the modalities that Listmod shows
   std::unique_ptr<Ui::ModifModR> ui_;
   EditionListe* edition_ = nullptr;
+  bool intituleRefuse_ = false;  // TextMsg says why
 };
 
 void OuvrirModifModR(Services& services);

@@ -64,8 +64,8 @@ TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
   };
   valider("SEX", "2", "OptNum");
   Cliquer(des, "OptAlpha");
-  for (int i = 0; i < 2; ++i) QTest::keyClick(des.focusWidget(), Qt::Key_Tab);
-  EXPECT_EQ(des.focusWidget()->objectName(), "CodeMax") << "behind the last kind, and not back to the name";
+  QTest::keyClick(des.focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(des.focusWidget()->objectName(), "CodeMax") << "behind the kinds, and not back to the name";
   EXPECT_EQ(Etiquette(des, "LibelleCodeMax"), "Largeur de la question en caractères");
   valider("NOM", "7", "OptAlpha");
   valider("CP1", "5", "OptNum2");
@@ -116,6 +116,33 @@ TEST(SaisieDes, CeQuiNEstPasValide) {
   Cliquer(des, "BoutSaisie");
   EXPECT_EQ(bureau.Lire("ENQ.DES"), "SEX     4     \r\nAGE    25     \r\n");
   EXPECT_NE(bureau.Forme<Saisief>(), nullptr);
+}
+
+// The keyboard alone: behind an alphabetic question the kinds begin again with the short numeric, where Tab goes.
+TEST(SaisieDes, LesGenresAuClavier) {
+  BureauEnq bureau;
+  bureau.Ouvrir();
+  SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
+  const auto frapper = [&](const char* nom, int bas, const char* codeMax) {
+    QTest::keyClicks(des.focusWidget(), nom);
+    QTest::keyClick(des.focusWidget(), Qt::Key_Tab);
+    for (; bas > 0; --bas) QTest::keyClick(des.focusWidget(), Qt::Key_Down);
+    QTest::keyClick(des.focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(des.focusWidget(), codeMax);
+    QTest::keyClick(des.focusWidget(), Qt::Key_Return);
+  };
+  des.activateWindow();
+  QApplication::setActiveWindow(&des);
+  Bureau::Dans<QLineEdit>(des, "TextMod").setFocus();
+  frapper("NOM", 1, "8");
+  frapper("CP1", 2, "5");
+  frapper("SEX", 0, "2");
+  EXPECT_EQ(Lignes(des, "ListVar"), (QStringList{"NOM     8A    ", "CP1     5A NUM", "SEX     2     "}));
+  Bureau::Dans<QLineEdit>(des, "TextMod").setText("日AB");
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  Cliquer(des, "BoutCont");
+  EXPECT_TRUE(pilote.Vues().join("").startsWith("le caractère 1, \"日\","));
 }
 
 TEST(SaisieDes, QuitterSansEnregistrer) {

@@ -111,6 +111,7 @@ TEST_F(FormesDeLaRegression, UnIntituleQueLesFichiersNePeuventPorterEstRefuse) {
   Taper(forme, "TextMod", "œuvre à 3 €");
   Cliquer(forme, "BoutSuivant");
   EXPECT_EQ(Lignes(forme, "ListRecap").front(), "CIN1   œuvre à 3 €");
+  EXPECT_TRUE(Message(forme).startsWith("Suivre les étapes"));
 }
 
 TEST_F(FormesDeLaRegression, VariablesDInteret) {

@@ -82,7 +82,7 @@ TEST_F(FormesUtilitaires, TheSpreadsheetTakesItsOptions) {
   Cliquer(forme, {"OptCodes", "CheckChoix"});
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau_.Lire("ENQ.csv"), "AGE Age\tSEX\r\n1\t2\r\n2\t1\r\n1\t2\r\n");
-  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.IMC")).contains("SEX=textes;SEX;textes=1|2"));
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.IMC")).contains("AGE Age=codes;AGE;intitule=Age;codemax=9"));
 }
 
 TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {
@@ -93,7 +93,7 @@ TEST_F(FormesUtilitaires, AProfileIsChosenRunAndDrawn) {
   Taper(forme, "Recherche", "jeu");
   EXPECT_FALSE(liste.item(0)->isHidden());
   EXPECT_TRUE(liste.item(1)->isHidden());
-  liste.item(0)->setSelected(true);
+  QTest::keyClick(&liste, Qt::Key_Space);
   liste.item(3)->setSelected(true);
   EXPECT_EQ(Bureau::Dans<QLineEdit>(forme, "ChoixMod").text(), "AGE1 SEX2");
   Cliquer(forme, "BoutEnreg");

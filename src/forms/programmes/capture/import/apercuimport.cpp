@@ -8,8 +8,10 @@
 
 #include "capture/apercu/options.h"
 #include "capture/classeur/classeur.h"
+#include "core/programme/annulation.h"
 #include "core/session/generique_libre.h"
 #include "forms/pieces/commande.h"
+#include "forms/programmes/capture/import/avancement.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercuimport.h"
@@ -135,10 +137,14 @@ void ApercuImport::ChangerFeuille(int rang) {
   voulue.rang = static_cast<std::size_t>(rang);
   examen_.Arreter();
   try {
-    preparation_ = PreparerAuLoin(services_.ecran, preparation_.Fichier(), capture::DesignerFeuille(voulue));
+    preparation_ = PreparerAuLoin(this, preparation_.Fichier(), capture::DesignerFeuille(voulue));
     echec_.clear();
   } catch (const Erreur& erreur) {
     services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
+    MontrerTout();
+    Examiner();
+    return;
+  } catch (const Annulation&) {  // the sheet before stays
     MontrerTout();
     Examiner();
     return;
@@ -337,6 +343,27 @@ void ApercuImport::Importer() {
   LancerImport();
 }
 
+namespace {
+
+// The screen of the run, with a box beside that lets the user give it up.
+Dialogue EcranAbandonnable(const Dialogue& ecran, Avancement& avancement) {
+  Dialogue abandonnable = ecran;
+  auto maximum = std::make_shared<std::int64_t>(1);
+  abandonnable.montrerProgression = [&ecran, &avancement, maximum](std::int64_t valeur) {
+    *maximum = std::max<std::int64_t>(valeur, 1);
+    if (valeur == 0) avancement.Cacher();
+    ecran.montrerProgression(valeur);
+  };
+  abandonnable.progresser = [&ecran, &avancement, maximum](std::int64_t faits) {
+    ecran.progresser(faits);
+    const auto pourcent = static_cast<int>(std::min<std::int64_t>(faits * 100 / *maximum, 100));
+    if (!avancement.Montrer(QStringLiteral("Importation en cours"), pourcent)) throw Annulation();
+  };
+  return abandonnable;
+}
+
+}  // namespace
+
 void ApercuImport::LancerImport() {
   const std::string generique = Generique();
   const bool dit = cible_.remplacer && generique == cible_.generique;
@@ -348,11 +375,21 @@ void ApercuImport::LancerImport() {
     return;
   }
   if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
-  const Contexte contexte{cible_.repertoire, generique, services_.session.niveau, &services_.ecran};
+  Avancement avancement(this, QStringLiteral("Importation"));
+  Dialogue ecran = EcranAbandonnable(services_.ecran, avancement);
+  const Contexte contexte{cible_.repertoire, generique, services_.session.niveau, &ecran};
   capture::OptionsImport options = preparation_.Options();
   options.remplacer = true;  // it was asked here
   Fin fin = Fin::Arret;
-  if (!services_.Lancer([&](const Contexte&) { fin = capture::Importer(contexte, options); })) return;
+  bool renonce = false;
+  const bool lancee = services_.Lancer([&](const Contexte&) {
+    try {
+      fin = capture::Importer(contexte, options);
+    } catch (const Annulation&) {  // nothing is written, and the preview stays
+      renonce = true;
+    }
+  });
+  if (!lancee || renonce) return;
   if (fin == Fin::Normale) {
     if (cible_.repertoire != services_.session.repertoire) PrendreRepertoire(services_.session, cible_.repertoire);
     services_.adopterGenerique(generique);
@@ -399,9 +436,11 @@ void ImporterDBase(Services& services, const Chemin& fichier) {
 std::optional<capture::PreparationDImport> Preparer(Services& services, const Chemin& fichier) {
   try {
     if (capture::GenreDe(fichier) != capture::GenreDeSource::Classeur) return capture::PreparationDImport(fichier, {});
-    return PreparerAuLoin(services.ecran, fichier, {});
+    return PreparerAuLoin(&services.fenetre, fichier, {});
   } catch (const Erreur& erreur) {
     services.ecran.demander(Joindre({TexteDe(fichier.filename()), " : ", TexteErreur(erreur)}), Boutons::Ok);
+    return std::nullopt;
+  } catch (const Annulation&) {
     return std::nullopt;
   }
 }

@@ -1,5 +1,6 @@
 #include "forms/programmes/capture/import/lecturedefeuille.h"
 
+#include <QCoreApplication>
 #include <atomic>
 #include <chrono>
 #include <exception>
@@ -7,33 +8,39 @@
 #include <thread>
 #include <utility>
 
-#include "core/texte/nombres.h"
+#include "core/programme/annulation.h"
 #include "forms/cadre/dialogue_qt.h"
+#include "forms/programmes/capture/import/avancement.h"
+#include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
 
-capture::PreparationDImport PreparerAuLoin(const Dialogue& ecran, const Chemin& classeur, const std::string& feuille) {
+capture::PreparationDImport PreparerAuLoin(QWidget* parent, const Chemin& classeur, const std::string& feuille) {
   const Occupation occupation;
+  Avancement avancement(parent, QStringLiteral("Lecture d'un classeur"));
   std::optional<capture::PreparationDImport> preparation;
   std::exception_ptr echec;
-  std::atomic<std::int64_t> rangees = 0;
+  std::atomic<int> part = 0;
+  std::atomic<bool> renonce = false;
   std::atomic<bool> finie = false;
   std::thread fil([&] {
     try {
-      preparation.emplace(classeur, feuille, [&](std::int64_t lues) { rangees = lues; });
+      preparation.emplace(classeur, feuille, [&](int pourcent) {
+        if (renonce) throw Annulation();
+        part = pourcent;
+      });
     } catch (...) {
       echec = std::current_exception();
     }
     finie = true;
   });
+  const QString texte = QStringLiteral("Lecture du classeur ") + CheminVersQt(classeur.filename());
   while (!finie) {
-    std::string texte = Joindre({"Lecture du classeur ", TexteDe(classeur.filename())});
-    if (rangees > 0) texte += Joindre({" : ", Nombre(rangees.load()), " lignes"});
-    ecran.montrerIteration(texte);
+    if (!avancement.Montrer(texte, part)) renonce = true;
+    QCoreApplication::processEvents();
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
   fil.join();
-  ecran.montrerIteration({});
   if (echec) std::rethrow_exception(echec);
   return *std::move(preparation);
 }

@@ -4,11 +4,12 @@
 #include <string>
 
 #include "capture/preparation.h"
-#include "core/programme/dialogue.h"
+
+class QWidget;
 
 namespace quelvar::forms {
 
-// Raises what PreparationDImport raises.
-capture::PreparationDImport PreparerAuLoin(const Dialogue& ecran, const Chemin& classeur, const std::string& feuille);
+// A box tells how far it is; raises what PreparationDImport raises, and Annulation when the user gives up there.
+capture::PreparationDImport PreparerAuLoin(QWidget* parent, const Chemin& classeur, const std::string& feuille);
 
 }  // namespace quelvar::forms
