@@ -9,7 +9,6 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/exigences.h"
-#include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
@@ -25,8 +24,6 @@ namespace {
 
 constexpr std::string_view kRapport = "$$$.prt";
 constexpr std::string_view kNonReponse = "nr";
-constexpr int kCodeEnDeuxChiffres = 36;
-constexpr int kCodeNomme = 99;       // last code that has a modality
 constexpr std::size_t kCourte = 16;  // bytes of a cell copied in one go
 constexpr std::size_t kPlace = std::size_t{1} << 16;
 
@@ -101,26 +98,20 @@ struct ValeursSansCode {
   std::string premiere;
 };
 
-std::string NomDuCode(const Question& question, int code) {
-  return Joindre({CadreGauche(question.nom, code < kCodeEnDeuxChiffres ? 3 : 2), CodeCaractere(code)});
-}
-
-std::string TexteDuCode(const Question& question, int code, const IntitulesModalites& intitules,
-                        const OptionsExportCsv& options) {
+std::string TexteDuCode(int code, const std::vector<std::string>& intitules, const OptionsExportCsv& options) {
   if (options.codes) return Nombre(code);
   if (code == 0) return std::string(kNonReponse);
-  if (code <= kCodeNomme)
-    if (const std::string* intitule = intitules.Chercher(NomDuCode(question, code)); intitule != nullptr)
-      if (const std::string_view rogne = Rogner(*intitule); !rogne.empty()) return std::string(rogne);
+  if (const auto rang = static_cast<std::size_t>(code); rang < intitules.size() && !intitules[rang].empty())
+    return intitules[rang];
   return Nombre(code);
 }
 
 // The texts of the codes of a question, from 0 on; none for a question of texts.
-std::vector<std::string> TextesDesCodes(const Question& question, const IntitulesModalites& intitules,
+std::vector<std::string> TextesDesCodes(const Question& question, const std::vector<std::string>& intitules,
                                         const OptionsExportCsv& options) {
   std::vector<std::string> textes;
   for (int code = 0; !question.alphabetique && code <= std::max(question.codeMax, 0); ++code)
-    textes.push_back(TexteDuCode(question, code, intitules, options));
+    textes.push_back(TexteDuCode(code, intitules, options));
   return textes;
 }
 
@@ -350,16 +341,16 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   const FichierPos pos = LirePos(*sources.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
   ExigerNomsDifferents(pos);
-  if (!options.codes) ExigerIntitulesSansDouble(*sources.modalites);
   std::vector<Champ> champs = ChampsDe(pos);
-  const IntitulesModalites intitules = LireIntitules(*sources.modalites);
+  IntitulesDesCodes intitules{std::vector<std::vector<std::string>>(pos.questions.size()), {}};
+  if (!options.codes) intitules = LireIntitulesDesCodes(*sources.modalites, pos);
   const Tableur tableur(options);
   std::vector<ColonneCsv> colonnes;
   std::vector<QuestionEnTextes> questions;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
     questions.push_back({question.nom, TitreDe(question, options), question.intitule, question.codeMax,
-                         TextesDesCodes(question, intitules, options)});
+                         TextesDesCodes(question, intitules.parQuestion[i], options)});
     colonnes.push_back(DresserColonne(question, questions.back().textes, tableur));
     champs[i] = colonnes.back().champ;
   }
@@ -375,6 +366,10 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   if (options.choix) sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Refaisable).Ecrire(ChoixDeLImport(questions));
   sorties.Valider();
   PrevenirDesReserves(contexte, effectifs, ligne.SansCode(), options);
+  if (!intitules.partages.empty())
+    Prevenir(contexte, Joindre({"Noms de modalités qui peuvent être ceux de plusieurs questions : "_w,
+                                Nombre(intitules.partages.size()), ", le premier ", intitules.partages.front(),
+                                ". Leur intitulé est donné à tous ces codes : changez le nom d'une des questions"_w}));
   if (options.choix) PrevenirDesCadrages(contexte, questions, ligne);
   if (const std::string confondus = CodesConfondus(questions); !confondus.empty()) Prevenir(contexte, confondus);
 }

@@ -1,11 +1,13 @@
 #include "utilities/exportcsv_textes.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 #include "capture/apercu/imc.h"
 #include "capture/apercu/octets/cellule.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/noms.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -14,8 +16,14 @@ namespace quelvar::utilities {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
-constexpr std::size_t kTextesAuPlus = 99;  // that an import makes codes of
+constexpr int kLargeurNom = 4;
+constexpr int kPremierCodeDouble = 36;         // the first one written with two digits
+constexpr std::size_t kDernierCodeNomme = 99;  // last code that has a modality
+constexpr std::size_t kTextesAuPlus = 99;      // that an import makes codes of
+
+std::string NomDuCode(const Question& question, int code) {
+  return Joindre({CadreGauche(question.nom, code < kPremierCodeDouble ? 3 : 2), CodeCaractere(code)});
+}
 
 // The first two codes of that text.
 struct Confusion {
@@ -54,22 +62,42 @@ std::vector<std::string> TextesDifferents(const std::vector<std::string>& textes
 
 }  // namespace
 
-void ExigerIntitulesSansDouble(const Chemin& mod) {
-  std::unordered_map<std::string, std::pair<std::string, std::size_t>> intitules;
-  std::string fautive;
+IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos) {
+  const auto parCode = [&](auto vide) {
+    return std::vector(pos.questions.size(), std::vector(kDernierCodeNomme + 1, vide));
+  };
+  IntitulesDesCodes intitules{parCode(std::string()), {}};
   LecteurLignes lecteur(mod);
   std::string_view ligne;
-  if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return;
+  if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
+  bool dansLaListe = true;
+  std::vector<std::vector<char>> vus = parCode('\0');
+  std::unordered_map<std::string, std::string> sansPlace;  // labels by the names that several codes share
+  std::optional<CodeDeModalite> precedente;
   while (lecteur.Lire(ligne)) {
     const std::string nom = CadreGauche(ligne, kLargeurNom);
-    if (FinitLesModalites(nom)) break;
-    const std::string intitule(Rogner(Milieu(ligne, kLargeurNom + 4)));
-    auto& [premier, lignes] = intitules.try_emplace(nom, intitule, 0).first->second;
-    ++lignes;
-    if (premier != intitule && fautive.empty()) fautive = nom;
+    dansLaListe = dansLaListe && !FinitLesModalites(nom);
+    const std::string_view intitule = Rogner(Milieu(ligne, kLargeurNom + 4));
+    CodeDeModalite lu;
+    const FauteDeNom faute = LireNomDeModalite(pos, nom, precedente, lu);
+    if (faute == FauteDeNom::Partagee && !intitule.empty() && sansPlace.emplace(nom, intitule).second)
+      intitules.partages.push_back(nom);
+    precedente = faute == FauteDeNom::Aucune ? std::optional(lu) : std::nullopt;
+    if (!precedente || static_cast<std::size_t>(lu.code) > kDernierCodeNomme) continue;
+    std::string& place = intitules.parQuestion[lu.question][static_cast<std::size_t>(lu.code)];
+    if (char& vu = vus[lu.question][static_cast<std::size_t>(lu.code)]; vu == 0) {
+      vu = 1;
+      place = intitule;
+    } else if (dansLaListe && place != intitule) {
+      throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, 2));
+    }
   }
-  if (!fautive.empty())
-    throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(fautive, intitules.at(fautive).second));
+  for (std::size_t q = 0; q < pos.questions.size() && !sansPlace.empty(); ++q)
+    for (std::size_t code = 1; code <= kDernierCodeNomme; ++code)
+      if (const auto commun = sansPlace.find(NomDuCode(pos.questions[q], static_cast<int>(code)));
+          vus[q][code] == 0 && commun != sansPlace.end())
+        intitules.parQuestion[q][code] = commun->second;
+  return intitules;
 }
 
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/fichiers/fichiers.h"
+#include "core/enquete/posfile.h"
 
 namespace quelvar::utilities {
 
@@ -18,9 +18,15 @@ struct QuestionEnTextes {
   bool aDroite = false;             // its texts end with their field
 };
 
-// Raises a sentence (kIncompatibiliteType) when two lines of the list of modalities give one name different labels;
-// behind its end mark the first line counts. Raises the failures of LecteurLignes.
-void ExigerIntitulesSansDouble(const Chemin& mod);
+// The labels of a .MOD, trimmed, by question and code (up to 99); empty without one.
+struct IntitulesDesCodes {
+  std::vector<std::vector<std::string>> parQuestion;
+  std::vector<std::string>
+      partages;  // labelled names of which it cannot be told whose they are: every code has that label
+};
+// Raises a sentence (kIncompatibiliteType) when two lines of the list of modalities give a code different labels;
+// behind the end mark of the list the first line counts. Raises the failures of LecteurLignes.
+IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos);
 
 // The questions of which two codes are written alike, counted with the first of them; empty when there is none.
 std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions);

@@ -225,4 +225,20 @@ TEST_F(RunAnatab, QuestionsDeMemeNom) {
   EXPECT_TRUE(dit("AAA").ends_with("renommez leurs modalit\xE9s (AAA)"));
 }
 
+// An empty or cut coding has the sentences of the analysis; one of another survey the sentence of the files.
+TEST_F(RunAnatab, CodagesQuiNeVontPas) {
+  Ecrire("ENQ.MOD", "ENQ\n BRT=1 LIGN=6 LSUP=2 COL=4 FMT=1\nAAA1 R un\nAAA2 X deux\nYYY1 Y oui\nYYY2   non\n**\n");
+  const std::pair<const char*, std::string_view> cas[] = {
+      {"", "*** Le fichier ENQ.CDG est vide. Arr\xEAt du programme"},
+      {"    10\n    01\n", "*** L'individu     2 n'a pas une r\xE9ponse \xE0 chaque question"},
+      {"    1010\n    10\n", "*** Nombre d'individus fautifs =     1"},
+      {"   110101\n   201101\n", "ses lignes ont plus de 4 chiffres"},
+      {"    1010\n", "il a 1 individus au lieu de 2"}};
+  for (const auto& [codage, phrase] : cas) {
+    Ecrire("ENQ.CDG", codage);
+    EXPECT_EQ(Anatab(contexte_), Fin::Arret);
+    EXPECT_TRUE(Dit(phrase)) << montre_;
+  }
+}
+
 }  // namespace quelvar::regression

@@ -410,6 +410,22 @@ TEST_F(RunTableaux, WhatTwoNamesOrTwoMarginsLeaveInDoubtIsSaid) {
   EXPECT_TRUE(boites_.back().ends_with("LET. Une importation remettra tous leurs textes au début du champ"_w));
 }
 
+// "NB36" is the code 36 of NB3 as well as its code 6, and the code 36 of NBA: its place in the list tells.
+TEST_F(RunTableaux, TheLabelOfATwoDigitCodeIsThatOfItsQuestion) {
+  Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nNB3   140\r\nNBA   340\r\n");
+  Ecrire("ENQ.DAT", " 636\r\n3635\r\n3737\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n\r\nNB35   cinq\r\nNB36   six\r\nNB3Z\r\nNB36   trente-six\r\nNBAZ   Z\r\nNB36   de A\r\n");
+  ASSERT_EQ(ExporterCsv(contexte_, {}), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENQ.csv"), "NB3;NBA\r\nsix;de A\r\ntrente-six;Z\r\n37;37\r\n");
+  Effacer("ENQ.csv");
+  Ecrire("ENQ.MOD", "ENQ\r\n\r\nNB36   de qui\r\n");
+  boites_.clear();
+  ASSERT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.csv"), "NB3;NBA\r\nde qui;de qui\r\nde qui;35\r\n37;37\r\n");
+  EXPECT_TRUE(
+      boites_[0].starts_with("Noms de modalités qui peuvent être ceux de plusieurs questions : 1, le premier NB36"_w));
+}
+
 TEST_F(RunTableaux, WhatTheSpreadsheetCannotTellIsSaid) {
   Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2\r\nNBX   212\r\n");
   Ecrire("ENQ.DAT", "112\r\n3-1\r\nA  \r\n 13\r\n");

@@ -210,6 +210,7 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
   EcrireTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);
   Remarques remarques;
+  RemarquerHomonymes(remarques, pos.questions);
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
   MontrerRemarques(contexte.Ecran(), remarques);
 }

@@ -46,10 +46,19 @@ void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste) {
   for (const std::string& ligne : liste.suite) fichier.Ligne(ligne);
 }
 
+void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes) {
+  const auto memeNom = [](std::string_view a, std::string_view b) { return NomDeTexte(a) == NomDeTexte(b); };
+  if (std::equal(liste.textes.begin(), liste.textes.end(), textes.begin(), textes.end(), memeNom)) return;
+  throw Erreur(kAccesFichier, Joindre({"Les modalités de "_w, nom,
+                                       " ont changé depuis l'ouverture de cette fenêtre : rien n'est enregistré, "
+                                       "fermez-la et ouvrez-la de nouveau"_w}));
+}
+
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes) {
   const std::optional<Chemin> chemin = ChercherFichier(repertoire, nom);
   if (!chemin) throw Erreur(kFichierIntrouvable);
   ListeModalites liste = LireListeModalites(*chemin);
+  ExigerMemesModalites(nom, liste, textes);
   liste.textes = textes;
   EcrireListeModalites(repertoire, nom, liste);
 }

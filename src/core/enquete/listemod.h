@@ -24,8 +24,12 @@ void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const 
 // The same as one of the files of a set.
 void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste);
 // Replaces the modalities of the file by these texts; what else the file holds by then stays. Without a file,
-// raises kFichierIntrouvable.
+// raises kFichierIntrouvable; ExigerMemesModalites.
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes);
+
+// Texts that were read go back to the modalities that they name: when the file has been made anew with others
+// meanwhile, raises kAccesFichier with a sentence.
+void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
 // Parts of a text of the list.
 inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, 4); }

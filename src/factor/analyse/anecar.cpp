@@ -217,6 +217,7 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   for (int k = 1; k <= facteurs; ++k) moteur.TraiterFacteur(rapport, static_cast<std::size_t>(k));
   moteur.analyse.echelle = EchelleDesCoordonnees(moteur.analyse);
   ImprimerEchelle(rapport, moteur.analyse.echelle);
+  ImprimerFacteursNuls(rapport, moteur.analyse);
   for (const auto& impression : moteur.differees) impression(rapport);
   if (moteur.reglages.edition == EditionAnecar::Compacte)
     ImprimerTablesCompactes(rapport, moteur.plan, moteur.tableau, moteur.analyse);

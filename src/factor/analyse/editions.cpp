@@ -1,5 +1,6 @@
 #include "factor/analyse/editions.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -107,6 +108,14 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
   if (echelle == 1) return;
   rapport.Ligne({"Les coordonnées sont multipliées par "_w, Nombre(static_cast<std::int64_t>(echelle)),
                  " : la plus grande a moins de trois chiffres en millièmes"_w});
+}
+
+void ImprimerFacteursNuls(Rapport& rapport, const AnalyseAnecar& analyse) {
+  if (std::ranges::none_of(analyse.facteurs, &FacteurAnecar::arrondi)) return;
+  const auto propres =
+      std::ranges::count_if(analyse.facteurs, [](const FacteurAnecar& f) { return f.valeurPropre > 0; });
+  rapport.Ligne({"*** Attention : le tableau a "_w, Nombre(static_cast<std::int64_t>(propres)),
+                 " facteur(s), les suivants sont nuls"});
 }
 
 TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {

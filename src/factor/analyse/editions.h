@@ -33,6 +33,8 @@ void ImprimerDebutDeFacteur(Rapport& rapport, std::size_t k);
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
 // What the coordinates behind are multiplied by; nothing for 1.
 void ImprimerEchelle(Rapport& rapport, double echelle);
+// Nothing unless factors beyond the rank of the table were asked for.
+void ImprimerFacteursNuls(Rapport& rapport, const AnalyseAnecar& analyse);
 
 // The eigenvalues of all factors and their shares, marked "*" where the factor has not converged.
 TableauEdite ValeursPropres(const AnalyseAnecar& analyse);

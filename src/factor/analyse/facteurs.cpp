@@ -70,6 +70,18 @@ AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type) {
   return analyse;
 }
 
+namespace {
+
+// Part of the inertia below which a factor beyond the rank of the table is nothing but rounding. Tables of counts have
+// none of their own there: the smallest ones stay above the fourth power of 1 over their total.
+constexpr double kArrondi = 1e-20;
+
+bool EstNul(const FacteurCourant& facteur, double inertie) {
+  return facteur.valeurSinguliere * facteur.valeurSinguliere <= kArrondi * inertie;
+}
+
+}  // namespace
+
 FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre) {
   const Ecarts& ecarts = analyse.ecarts;
@@ -85,12 +97,15 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
     tableau.lignesSup->Parcourir([&](std::size_t rang, std::span<const float> ligne) {
       courant.f.push_back(ProjeterLigneSup(ligne, ecarts, vecteurs, actives + rang));
     });
-  for (double& f : courant.f) f *= vecteurs.valeur;
-  for (double& g : courant.g) g *= vecteurs.valeur;
+  const double inertie = ecarts.Inertie(analyse.type);
+  const bool arrondi = courant.valeurSinguliere > 0 && EstNul(courant, inertie);
+  if (arrondi) courant.valeurSinguliere = 0;
+  for (double& f : courant.f) f *= courant.valeurSinguliere;
+  for (double& g : courant.g) g *= courant.valeurSinguliere;
 
   FacteurAnecar facteur;
-  facteur.valeurPropre = vecteurs.valeur * vecteurs.valeur;
-  const double inertie = ecarts.Inertie(analyse.type);
+  facteur.arrondi = arrondi;
+  facteur.valeurPropre = courant.valeurSinguliere * courant.valeurSinguliere;
   facteur.pourcentage = PartDe(100, facteur.valeurPropre, inertie);
   facteur.part = Entier16(PartDe(1000, facteur.valeurPropre, inertie));
   facteur.tours = vecteurs.tours;

@@ -19,6 +19,7 @@ struct CoteFacteur {
 };
 
 struct FacteurAnecar {
+  bool arrondi = false;  // beyond the rank of the table: its value was rounding, and is 0
   double valeurPropre = 0;
   double pourcentage = 0;  // of the total inertia
   std::int16_t part = 0;   // the same, per mille

@@ -11,6 +11,7 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -248,6 +249,12 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
     throw Erreur(kArretAnnonce);
   }
   const ArbreCah arbre = LireCah(*cah);
+  if (static_cast<std::size_t>(options.niveau) > arbre.etapes.size()) {
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arrêt du programme : les niveaux de la classification vont de 0 à "_w,
+                     Nombre(arbre.etapes.size())}));
+    throw Refus();
+  }
   if (!arbre.individus) {
     const std::vector<Modalite> modalites = LireMod(*mod).modalites;
     ExigerElements(contexte, rapport, arbre, static_cast<std::int64_t>(modalites.size()), ".MOD");

@@ -13,19 +13,6 @@ namespace {
 // A copied directory has its files within a moment of each other, in any order.
 constexpr std::chrono::seconds kMemeMoment{60};
 
-// What is told, in the report and by the form.
-class Remarques {
- public:
-  explicit Remarques(DonneesPlan& donnees) : donnees_(donnees) {}
-  void Dire(std::string remarque, bool vautPourLesEllipses = true) {
-    if (vautPourLesEllipses) donnees_.remarquesDesEllipses.push_back(remarque);
-    donnees_.remarques.push_back(std::move(remarque));
-  }
-
- private:
-  DonneesPlan& donnees_;
-};
-
 bool EstPlusAncien(const std::optional<Chemin>& fichier, const std::optional<Chemin>& origine) {
   if (!fichier || !origine) return false;
   std::error_code sien;
@@ -39,21 +26,24 @@ constexpr std::string_view kRelancerFacteurs = "relancez l'analyse factorielle";
 constexpr std::string_view kRelancerPem = "relancez les PEM";
 constexpr std::string_view kRelancerCah = "relancez l'analyse factorielle avec la classification";
 
-void DireLesAges(const Contexte& contexte, Remarques& remarques, DonneesPlan& donnees) {
+// Of the files that the plane can't do without.
+void DireLesAges(const Contexte& contexte, DonneesPlan& donnees) {
   struct Descendance {
     std::string_view fichier;
     std::string_view origine;
     std::string_view aRelancer;
     bool lu;
+    std::vector<std::string>& remarques;
   };
   const std::string_view analyse = DerniereAnalyse(contexte);
-  for (const Descendance& d : {Descendance{".FAJ", ".BRT", kRelancerFacteurs, true},
-                               Descendance{".PEM", ".BRT", kRelancerPem, !donnees.liens.empty()},
-                               Descendance{".PEL", ".BRT", kRelancerPem, !donnees.liensLignes.empty()},
-                               Descendance{".CAH", ".FAJ", kRelancerCah, donnees.cah.has_value()},
-                               Descendance{analyse, ".FAJ", kRelancerFacteurs, !donnees.parts.empty()}}) {
+  for (const Descendance& d :
+       {Descendance{".FAJ", ".BRT", kRelancerFacteurs, true, donnees.remarques},
+        Descendance{".PEM", ".BRT", kRelancerPem, !donnees.liens.empty(), donnees.remarquesDesLiens},
+        Descendance{".PEL", ".BRT", kRelancerPem, !donnees.liensLignes.empty(), donnees.remarquesDesLignes},
+        Descendance{".CAH", ".FAJ", kRelancerCah, donnees.cah.has_value(), donnees.remarquesDeLArbre},
+        Descendance{analyse, ".FAJ", kRelancerFacteurs, !donnees.parts.empty(), donnees.remarques}}) {
     if (!d.lu || !EstPlusAncien(contexte.Chercher(d.fichier), contexte.Chercher(d.origine))) continue;
-    remarques.Dire(
+    d.remarques.push_back(
         Joindre({contexte.Nom(d.fichier), " est plus ancien que ", contexte.Nom(d.origine), ", ", d.aRelancer}));
     if (d.fichier == analyse) donnees.parts.clear();
   }
@@ -74,34 +64,34 @@ bool HorsDuPlan(const DonneesPlan& donnees, const tables::Lien& lien) {
   return hors(lien.premier) || hors(lien.second);
 }
 
-void EcarterLiens(const Contexte& contexte, Remarques& remarques, DonneesPlan& donnees) {
+void EcarterLiens(const Contexte& contexte, DonneesPlan& donnees) {
   const auto horsDuPlan = [&](const tables::Lien& lien) { return HorsDuPlan(donnees, lien); };
-  const auto ecarter = [&](std::vector<tables::Lien>& liens, std::string_view extension) {
-    remarques.Dire(Joindre(
+  const auto ecarter = [&](std::vector<tables::Lien>& liens, std::string_view extension,
+                           std::vector<std::string>& remarques) {
+    remarques.push_back(Joindre(
         {contexte.Nom(extension), " n'est pas celui de ce tableau, ses liens ne sont pas montrés, "_w, kRelancerPem}));
     liens.clear();
   };
   if (std::ranges::any_of(donnees.liens, horsDuPlan) || !LiensSontDuTableau(contexte, donnees.liens))
-    ecarter(donnees.liens, ".PEM");
+    ecarter(donnees.liens, ".PEM", donnees.remarquesDesLiens);
   if (std::ranges::any_of(donnees.liensLignes, horsDuPlan) ||
       !LiensDeLignesSontDuTableau(contexte, donnees.liensLignes))
-    ecarter(donnees.liensLignes, ".PEL");
+    ecarter(donnees.liensLignes, ".PEL", donnees.remarquesDesLignes);
 }
 
-ArretDeLecture EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Remarques& remarques,
-                            DonneesPlan& donnees) {
+ArretDeLecture EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   if (!donnees.cah) return {};
   if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus) &&
       (donnees.cah->individus || CoordonneesSontDesModalites(contexte))) {
     if (!ArbreEstDesCoordonnees(contexte, *donnees.cah))
-      remarques.Dire(
+      donnees.remarquesDeLArbre.push_back(
           Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées, "_w, kRelancerCah}));
     return {};
   }
   const std::string faute =
       Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " n'est pas celui de ce tableau, ", kRelancerCah});
   if (exigences.cah) return {Joindre({"*** Arret du programme : ", faute})};
-  remarques.Dire(faute);
+  donnees.remarquesDeLArbre.push_back(faute);
   donnees.cah.reset();
   return {};
 }
@@ -109,21 +99,42 @@ ArretDeLecture EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exi
 }  // namespace
 
 ArretDeLecture EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
-  Remarques remarques(donnees);
   const auto sansPlace =
       std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
                     [](const PointPlan& point) { return !point.place; });
   if (sansPlace > 0)
-    remarques.Dire(Joindre({Nombre(static_cast<std::int64_t>(sansPlace)), " modalité(s) de "_w, contexte.Nom(".MOD"),
-                            " absente(s) de ", contexte.Nom(".FAJ"), ", ", kRelancerFacteurs}));
-  DireLesAges(contexte, remarques, donnees);
+    donnees.remarques.push_back(
+        Joindre({Nombre(static_cast<std::int64_t>(sansPlace)), " modalité(s) de "_w, contexte.Nom(".MOD"),
+                 " absente(s) de ", contexte.Nom(".FAJ"), ", ", kRelancerFacteurs}));
+  DireLesAges(contexte, donnees);
+  donnees.remarquesDesEllipses = donnees.remarques;
   if (!CoordonneesSontDuTableau(contexte))
-    remarques.Dire(
+    donnees.remarques.push_back(
         Joindre({"les coordonnées de "_w, contexte.Nom(".FAJ"), " ne sont pas celles du tableau ", contexte.Nom(".BRT"),
-                 " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}),
-        false);
-  EcarterLiens(contexte, remarques, donnees);
-  return EcarterArbre(contexte, exigences, remarques, donnees);
+                 " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}));
+  EcarterLiens(contexte, donnees);
+  return EcarterArbre(contexte, exigences, donnees);
+}
+
+std::vector<std::string> RemarquesDesFichiers(const DonneesPlan& donnees, const ExigencesGraphe& fichiers) {
+  std::vector<std::string> remarques;
+  const auto prendre = [&](bool montre, const std::vector<std::string>& siennes) {
+    if (montre) remarques.insert(remarques.end(), siennes.begin(), siennes.end());
+  };
+  prendre(fichiers.liens, donnees.remarquesDesLiens);
+  prendre(fichiers.lignes, donnees.remarquesDesLignes);
+  prendre(fichiers.cah, donnees.remarquesDeLArbre);
+  return remarques;
+}
+
+void DireLesRemarques(Rapport& rapport, const Contexte& contexte, const std::vector<std::string>& remarques) {
+  if (remarques.empty()) return;
+  std::string boite;
+  for (const std::string& remarque : remarques) {
+    rapport.Ligne({"*** Attention : ", remarque});
+    boite += (boite.empty() ? "" : "\r\n") + remarque;
+  }
+  contexte.Ecran().demander(boite, Boutons::Ok);
 }
 
 }  // namespace quelvar::factor

@@ -2,7 +2,9 @@
 
 #include "core/dessin/svg.h"
 #include "core/programme/ancienrapport.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
+#include "factor/plan/concordance.h"
 
 namespace quelvar::factor {
 
@@ -84,11 +86,12 @@ void ReglerLiens(const OptionsGraphe& options, ReglagesLiens& reglages) {
 }
 
 // The settings of the options; the first that the data refuse is told.
-std::string Regler(const OptionsGraphe& options, EtatPlan& etat) {
+std::string Regler(const Contexte& contexte, const OptionsGraphe& options, EtatPlan& etat) {
   ReglagesPlan& reglages = etat.reglages;
   ReglerPoints(options, reglages);
   ReglerLiens(options, reglages.liens);
-  std::string refus = ReglerAxe(etat.donnees, reglages.horizontal, "horizontal", options.horizontal);
+  std::string refus = RefusDEcrire(contexte, options.fichier);
+  if (refus.empty()) refus = ReglerAxe(etat.donnees, reglages.horizontal, "horizontal", options.horizontal);
   if (refus.empty()) refus = ReglerAxe(etat.donnees, reglages.vertical, "vertical", options.vertical);
   if (refus.empty()) refus = ReglerCah(options, etat);
   if (refus.empty()) refus = Marquer(options.marques, etat);
@@ -138,6 +141,15 @@ std::string Concordance(const Contexte& contexte, std::size_t individu) {
 
 }  // namespace
 
+ExigencesGraphe FichiersMontres(const EtatPlan& etat) {
+  const ReglagesLiens& liens = etat.reglages.liens;
+  return {liens.actif && !liens.lignes, liens.actif && liens.lignes, etat.reglages.cah.actif};
+}
+
+void DireLesFichiersMontres(const Contexte& contexte, const std::vector<std::string>& remarques) {
+  Continuer(contexte, [&](Rapport& rapport) { DireLesRemarques(rapport, contexte, remarques); });
+}
+
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
   etat.ellipses.clear();
   const DemandeEllipses demande = EllipsesDemandees(etat);
@@ -180,11 +192,12 @@ bool DemandeDesLiens(const OptionsGraphe& options) {
 
 Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
   const AncienRapport ancien(contexte, ".PRT");
-  std::optional<DonneesPlan> donnees =
-      PrepGraphe(contexte, {DemandeDesLiens(options) && !options.liensDeLignes, options.cah != CahDuGraphe::Aucune});
+  std::optional<DonneesPlan> donnees = PrepGraphe(
+      contexte,
+      {DemandeDesLiens(options) && !options.liensDeLignes, options.liensDeLignes, options.cah != CahDuGraphe::Aucune});
   if (!donnees) return Fin::Arret;
   EtatPlan etat = NouveauPlan(std::move(*donnees));
-  if (const std::string refus = Regler(options, etat); !refus.empty()) {
+  if (const std::string refus = Regler(contexte, options, etat); !refus.empty()) {
     const Fin fin = Continuer(contexte, [&](Rapport& rapport) {
       Avertir(rapport, contexte.Ecran(), refus);
       throw Erreur(kArretAnnonce);

@@ -83,14 +83,15 @@ std::vector<double> LireParts(const Contexte& contexte, std::size_t facteurs) {
 }
 
 // A tree that nobody has asked for does not stop the plane.
-std::optional<ArbreCah> LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences) {
+void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   const std::optional<Chemin> cah = contexte.Chercher(".CAH");
-  if (!cah) return std::nullopt;
+  donnees.arbrePresent = cah.has_value();
+  if (!cah) return;
   try {
-    return LireCah(*cah);
-  } catch (const Erreur&) {
+    donnees.cah = LireCah(*cah);
+  } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    return std::nullopt;
+    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreur(erreur)}));
   }
 }
 
@@ -158,7 +159,7 @@ void LireAutourDuPlan(const Contexte& contexte, const ExigencesGraphe& exigences
   donnees.liensPresents = pem.has_value();
   donnees.liens = tables::LireLiens(pem);
   donnees.liensLignes = tables::LireLiens(contexte.Chercher(".PEL"));
-  donnees.cah = LireArbre(contexte, exigences);
+  LireArbre(contexte, exigences, donnees);
 }
 
 }  // namespace quelvar::factor

@@ -331,6 +331,12 @@ DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
   demande.vertical = {reglages.vertical.facteur, reglages.vertical.inverse};
   demande.echelle = etat.donnees.echelle;
   demande.remarques = etat.donnees.remarquesDesEllipses;
+  const auto montrer = [&](bool montre, const std::vector<std::string>& remarques) {
+    if (montre) demande.remarques.insert(demande.remarques.end(), remarques.begin(), remarques.end());
+  };
+  montrer(reglages.liens.actif && !reglages.liens.lignes, etat.donnees.remarquesDesLiens);
+  montrer(reglages.liens.actif && reglages.liens.lignes, etat.donnees.remarquesDesLignes);
+  montrer(reglages.cah.actif, etat.donnees.remarquesDeLArbre);
   demande.choix = reglages.ellipses;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
     if (reglages.marques[i] != kMarqueColonne || !etat.donnees.points[i].place) continue;

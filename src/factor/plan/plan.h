@@ -45,8 +45,15 @@ struct DonneesPlan {
   std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
   std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
-  std::vector<std::string> remarques;             // what is not of the same state of the table, with what to run again
-  std::vector<std::string> remarquesDesEllipses;  // the same without the coordinates, which ellipses don't take
+  bool arbrePresent = false;  // .CAH exists
+  // What is not of the same state of the table, with what to run again: the plane itself, and the files that are drawn
+  // when they are asked for.
+  std::vector<std::string> remarques;
+  std::vector<std::string>
+      remarquesDesEllipses;  // those of the plane without the coordinates, which ellipses don't take
+  std::vector<std::string> remarquesDesLiens;
+  std::vector<std::string> remarquesDesLignes;
+  std::vector<std::string> remarquesDeLArbre;
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
 };

@@ -54,10 +54,6 @@ void ImprimerNombreDeModalites(Rapport& rapport, const DonneesPlan& donnees) {
   rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
 }
 
-void ImprimerRemarques(Rapport& rapport, const DonneesPlan& donnees) {
-  for (const std::string& remarque : donnees.remarques) rapport.Ligne({"*** Attention : ", remarque});
-}
-
 void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   ExigerFichiersDuGraphe(rapport, contexte, exigences);
   ImprimerNoms(rapport, contexte);
@@ -72,7 +68,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   ImprimerNombreDeModalites(rapport, donnees);
   LireAutourDuPlan(contexte, exigences, donnees);
   const ArretDeLecture arret = EcarterEtrangers(contexte, exigences, donnees);
-  ImprimerRemarques(rapport, donnees);
+  std::vector<std::string> remarques = donnees.remarques;
+  for (std::string& remarque : RemarquesDesFichiers(donnees, exigences)) remarques.push_back(std::move(remarque));
+  DireLesRemarques(rapport, contexte, remarques);
   ArreterSi(rapport, contexte, arret);
 }
 
@@ -83,11 +81,6 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
   if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{},
                          [&](Rapport& rapport) { Preparer(rapport, contexte, exigences, donnees); }))
     return std::nullopt;
-  if (!donnees.remarques.empty()) {
-    std::string texte;
-    for (const std::string& remarque : donnees.remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
-    contexte.Ecran().demander(texte, Boutons::Ok);
-  }
   return donnees;
 }
 

@@ -10,17 +10,7 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr int kPremierCodeDouble = 36;  // the first one written with two digits
 constexpr std::size_t kLargeurNom = 4;
-
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
-
-// Calls `prendre` with every question whose name begins as the modality does.
-template <typename Prendre>
-void ChercherQuestions(const FichierPos& pos, std::string_view nom, std::size_t largeur, const Prendre& prendre) {
-  for (std::size_t q = 0; q < pos.questions.size(); ++q)
-    if (std::string_view(pos.questions[q].nom).substr(0, largeur) == nom.substr(0, largeur)) prendre(q);
-}
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
 struct QuestionComptee {
@@ -96,39 +86,6 @@ bool EstEffectif(std::string_view cellule, std::size_t largeur) {
 }
 
 }  // namespace
-
-FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, std::optional<std::size_t> precedente,
-                             CodeDeModalite& lu) {
-  const char signe = nom[kLargeurNom - 1];
-  const bool lettre = signe >= 'A' && signe <= 'Z';
-  const bool chiffre = EstChiffre(signe);
-  const int court = lettre ? signe - 'A' + 10 : signe - '0';
-  const bool double_ = chiffre && EstChiffre(nom[kLargeurNom - 2]);
-  const int longue = double_ ? 10 * (nom[kLargeurNom - 2] - '0') + (signe - '0') : 0;
-
-  std::vector<CodeDeModalite> possibles;
-  std::optional<CodeDeModalite> tropGrand;  // beyond the code-max of its question
-  const auto prendre = [&](int code) {
-    return [&pos, &possibles, &tropGrand, code](std::size_t q) {
-      if (pos.questions[q].codeMax >= code) possibles.push_back({q, code});
-      else if (!tropGrand) tropGrand = CodeDeModalite{q, code};
-    };
-  };
-  if (lettre || chiffre) ChercherQuestions(pos, nom, kLargeurNom - 1, prendre(court));
-  if (possibles.size() > 1) possibles.resize(1);  // questions of one name, which the caller refuses
-  const std::optional<CodeDeModalite> deTroisSignes = tropGrand;
-  if (longue >= kPremierCodeDouble) ChercherQuestions(pos, nom, kLargeurNom - 2, prendre(longue));
-  if (possibles.empty()) {
-    if (!lettre && !chiffre) return FauteDeNom::HorsNorme;
-    if (!deTroisSignes) return FauteDeNom::Inconnue;
-    lu = *deTroisSignes;
-    return FauteDeNom::Aucune;
-  }
-  const auto voisine = std::find_if(possibles.begin(), possibles.end(),
-                                    [&](const CodeDeModalite& possible) { return possible.question == precedente; });
-  lu = voisine == possibles.end() ? possibles.front() : *voisine;
-  return possibles.size() > 1 && voisine == possibles.end() ? FauteDeNom::Partagee : FauteDeNom::Aucune;
-}
 
 ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
                                const std::vector<std::size_t>& choisies, const Dialogue& dialogue) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/enquete/modfile.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
@@ -22,18 +23,6 @@ struct ComptesDeProfil {
   std::int64_t douteuses = 0;                 // cells read of the Burt table that are cut or no whole number from 0 on
   std::string premiereDouteuse{};             // where the first one stands
 };
-
-// The question and the code that the name of a modality stands for.
-struct CodeDeModalite {
-  std::size_t question = 0;  // rank in the .POS
-  int code = 0;
-};
-enum class FauteDeNom { Aucune, Inconnue, HorsNorme, Partagee };
-// The code of a name: a digit, or "A" to "Z" from 10 on, behind three characters of the question; two digits from 36
-// on behind two characters. A name that several questions may have given is that of the question of the modality before
-// it in the list (`precedente`), else Partagee.
-FauteDeNom LireNomDeModalite(const FichierPos& pos, const std::string& nom, std::optional<std::size_t> precedente,
-                             CodeDeModalite& lu);
 
 // Counts the data, at most the announced individuals, all of them when the size is 0. `codes` has the code of each
 // modality. Raises kArgumentIncorrect with the question for a position below 1, and the failures of LecteurLignes.

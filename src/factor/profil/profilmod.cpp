@@ -6,6 +6,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
@@ -102,11 +103,11 @@ std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contex
     if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
       throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, rangs));
   };
-  std::optional<std::size_t> precedente;
+  std::optional<CodeDeModalite> precedente;
   for (const Modalite& modalite : mod.modalites) {
     codes.emplace_back();
     const FauteDeNom faute = LireNomDeModalite(pos, modalite.nom, precedente, codes.back());
-    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back().question) : std::nullopt;
+    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back()) : std::nullopt;
     switch (faute) {
       case FauteDeNom::Aucune: exigerSeule(codes.back().question); break;
       case FauteDeNom::Inconnue: controle.Faute(Joindre({"Erreur : ", modalite.nom, " non trouvé"_w})); break;
@@ -198,6 +199,7 @@ ProfilDeModalite Profiler(const FichierMod& mod, const ComptesDeProfil& comptes,
 ListeModalites ListeDuChoix(const Contexte& contexte, const std::vector<std::string>& textes,
                             const std::vector<std::string>& noms) {
   ListeModalites liste = LireListeModalites(contexte.Exiger(".MOD"));
+  ExigerMemesModalites(contexte.Nom(".MOD"), liste, textes);
   liste.parametres = LigneDuChoix(liste.parametres, noms);
   liste.textes = textes;
   for (std::string& texte : liste.textes) RendreMarque(texte);
@@ -235,6 +237,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
   const ParametresMod parametres = LireParametres(mod.parametres);
   rapport.Lignes(parametres.remarques);
+  ExigerEcriture(contexte, rapport, options.fichier);
   if (!fichiers.donnees && parametres.largeur <= 0) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);

@@ -45,9 +45,9 @@ bool Lanceur::Lancer(const Programme& programme) {
     return false;
   }
   if (!permis_()) return false;
-  Executer(programme);
+  const bool fait = Executer(programme);
   if (!attente_.empty()) QMetaObject::invokeMethod(this, &Lanceur::Servir, Qt::QueuedConnection);
-  return true;
+  return fait;
 }
 
 void Lanceur::LancerEnsuite(Programme programme) {
@@ -63,20 +63,23 @@ void Lanceur::Servir() {
   if (!attente_.empty()) QMetaObject::invokeMethod(this, &Lanceur::Servir, Qt::QueuedConnection);
 }
 
-void Lanceur::Executer(const Programme& programme) {
+bool Lanceur::Executer(const Programme& programme) {
   const Drapeau drapeau(enCours_, formes_);
   const Occupation occupation;
   std::optional<Erreur> echec;
+  bool fait = true;
   try {
     programme(contexte_());
   } catch (const Erreur& erreur) {
     echec = erreur;
   } catch (const Annulation&) {
     echec = Erreur(kArretAnnonce, std::string(kArretVolontaire));
+    fait = false;
   } catch (const std::bad_alloc&) {
     echec = Erreur(kMemoireInsuffisante);
   }
   if (echec) echec_(*echec);
+  return fait;
 }
 
 }  // namespace quelvar::forms

@@ -27,13 +27,14 @@ class Lanceur : public QObject {
   // Whether a run may start now: none is going on, and the user has not given it up.
   bool PeutLancer() const { return !enCours_ && permis_(); }
   // Runs the program and comes back at its end. A program that asks for another run is refused: beeps, false. So is one
-  // that the user gives up when asked about the files that it reads.
+  // that the user gives up when asked about the files that it reads, or in a box of its own: a form that asked for it
+  // stays, with its choices.
   bool Lancer(const Programme& programme);
   // Runs it once the handler that asks for it has come back, behind the run that is going, if any.
   void LancerEnsuite(Programme programme);
 
  private:
-  void Executer(const Programme& programme);
+  bool Executer(const Programme& programme);  // whether it was not given up
   void Servir();
 
   Formes& formes_;

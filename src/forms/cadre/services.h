@@ -39,6 +39,7 @@ struct Services {
   std::function<void(bool nouvelle)> montrerNouvelleUtilisation;
 
   Contexte ContexteEnCours() const { return {session.repertoire, session.generique, session.niveau, &ecran}; }
+  // False when nothing was done: see Lanceur::Lancer.
   bool Lancer(const Programme& programme) const { return lanceur.Lancer(programme); }
 };
 

@@ -20,13 +20,25 @@ Brouillon::Brouillon(const Contexte& contexte, std::string_view extension)
 }
 
 void Brouillon::Retirer() {
+  if (std::error_code absent; !std::filesystem::exists(chemin_, absent)) return;
   prepare_ = LireOctets(chemin_);
+  RemettreLAncien();
+}
+
+void Brouillon::RemettreLAncien() const {
   if (ancien_) Ecrire(chemin_, *ancien_);
   else EffacerFichier(chemin_);
 }
 
 void Brouillon::Poser() {
-  if (prepare_) Ecrire(chemin_, *std::exchange(prepare_, std::nullopt));
+  pose_ = std::exchange(prepare_, std::nullopt);
+  if (pose_) Ecrire(chemin_, *pose_);
+}
+
+void Brouillon::Reprendre() {
+  if (!pose_) return;
+  prepare_ = std::exchange(pose_, std::nullopt);
+  RemettreLAncien();
 }
 
 void Brouillon::Montrer(const Contexte& contexte) const {

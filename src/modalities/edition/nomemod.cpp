@@ -239,7 +239,11 @@ void PoserIntitules(const Contexte& contexte, const OptionsNomeMod& options, std
     if (options.Cree() && DuNom(modalites, cherche) == nullptr)
       RemplacerModalites(modalites, ToutesLesModalites(contexte, rapport));
     ModaliteNommee* modalite = DuNom(modalites, cherche);
-    if (modalite == nullptr) Arreter(rapport, PhraseInconnue(nom));
+    if (modalite == nullptr) {
+      if (options.Cree()) Arreter(rapport, PhraseInconnue(nom));
+      rapport.Ligne(PhraseInconnue(nom));  // nothing is written yet
+      throw Refus();
+    }
     NommerModalite(*modalite, intitule);
   }
 }

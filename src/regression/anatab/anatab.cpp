@@ -7,6 +7,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/travail.h"
 #include "regression/colonne.h"
@@ -67,9 +68,13 @@ Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemi
   return travail;
 }
 
-void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+// A coding that is too short is told individual by individual. What stands behind the digits, and a number of
+// individuals that is not the one announced, only tell that it is the coding of other modalities.
+void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const FichiersDAnatab& fichiers, Travail& travail) {
+  LireIndividus(fichiers.codageLogique, travail.modele, contexte.Ecran(), travail.individus);
+  const bool entier = travail.individus.fautifs == 0 && travail.individus.Nombre() > 0;
+  if (entier) ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
   travail.etape = Etape::Lecture;
-  LireIndividus(codageLogique, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
   for (const std::int64_t rang : individus.rangsFautifs)
     rapport.Ligne(
@@ -207,13 +212,13 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
 }
 
-ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const FichiersDAnatab& fichiers, Travail& travail) {
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
   PrevenirDesHomonymes(contexte, travail.modele);
   PrevenirDesConfusions(contexte, travail.modele);
-  PrendreLesReponses(contexte, rapport, codageLogique, travail);
+  PrendreLesReponses(contexte, rapport, fichiers, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
   ecran.progresser(20);
@@ -264,11 +269,11 @@ void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chem
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
   const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNomsDeFichiers(contexte, rapport);
+  ExigerEcriture(contexte, rapport, options.image);
   Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
   ExigerPlaceDesFiches(contexte, rapport, fichiers.codageLogique, travail);
-  ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
   try {
-    effets = ImageDe(travail, Analyser(contexte, rapport, fichiers.codageLogique, travail));
+    effets = ImageDe(travail, Analyser(contexte, rapport, fichiers, travail));
     if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerEffets(effets));
   } catch (const Erreur&) {
     LaisserLesFichiers(contexte, travail);

@@ -11,6 +11,7 @@
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
+#include "core/programme/refus.h"
 #include "core/texte/nombres.h"
 #include "regression/varint/profils.h"
 
@@ -175,6 +176,7 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
                  "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
+  ExigerEcriture(contexte, rapport, options.image);
   const FichierPos pos = LirePos(*fichierPos);
   ExigerParentheses(pos.taille, contexte.Ecran());
   ExigerCodesMax(rapport, contexte, pos);

@@ -94,10 +94,26 @@ std::string TexteVit(const EtatPrepRecod& etat) {
 
 namespace {
 
+std::string FauteDElement(const EtatPrepRecod& etat, const Vit& vit) {
+  for (const ElementVit& element : vit.elements) {
+    if (element.sansCode)
+      return Joindre({"Un élément de la VIT "_w, vit.nom, " n'a pas de valeur en colonnes 8-9 : "_w, element.ligne,
+                      " ; elle n'est pas validée"_w});
+    const auto sienne = [&](const QuestionPreparee& q) {
+      return EgalSansCasse(Rogner(q.question.nom), Rogner(element.nom));
+    };
+    if (std::ranges::none_of(etat.questions, sienne))
+      return Joindre({"Un élément de la VIT "_w, vit.nom, " n'a pas de question dans le fichier *.POS : "_w,
+                      element.ligne, " ; elle n'est pas validée"_w});
+  }
+  return {};
+}
+
 // The sentence on what the recoding would refuse in a block; empty when there is nothing.
-std::string FauteDuBloc(const std::vector<std::string>& lignes) {
+std::string FauteDuBloc(const EtatPrepRecod& etat, const std::vector<std::string>& lignes) {
   try {
     for (const Vit& vit : LireBlocVit(lignes).vits) {
+      if (std::string faute = FauteDElement(etat, vit); !faute.empty()) return faute;
       if (!vit.PlusOublie()) continue;
       return Joindre({"Oubli de signe + : il en faut à tous les éléments de la VIT "_w, vit.nom,
                       " ou à aucun, elle n'est pas validée"_w});
@@ -126,7 +142,7 @@ bool ValiderVit(EtatPrepRecod& etat) {
     etat.message = "Nom vide, recommencez ou annulez";
     return false;
   }
-  if (std::string faute = FauteDuBloc(lignes); !faute.empty()) {
+  if (std::string faute = FauteDuBloc(etat, lignes); !faute.empty()) {
     etat.message = std::move(faute);
     return false;
   }

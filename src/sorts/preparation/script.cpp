@@ -28,6 +28,9 @@ class Script {
     return !fautif_;
   }
 
+  // A question chosen twice has emptied the filter: the file has none any more.
+  bool FiltreAnnule() const { return filtreAnnule_; }
+
  private:
   void Dire(std::string_view sujet) { rapport_.Ligne({sujet, " : ", etat_.message}); }
 
@@ -71,7 +74,7 @@ class Script {
     for (const auto& [question, code] : filtre.expressions) {
       if (!Choisir(question)) continue;
       if (!AjouterQuestionAuFiltre(etat_)) {
-        fautif_ = true;
+        (SensAffiche(etat_) == SensFiltre::Aucun ? filtreAnnule_ : fautif_) = true;
         Dire(question);
         return;
       }
@@ -104,6 +107,7 @@ class Script {
   EtatPrepRecod& etat_;
   Rapport& rapport_;
   bool fautif_ = false;
+  bool filtreAnnule_ = false;
 };
 
 }  // namespace
@@ -112,13 +116,18 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
   std::optional<EtatPrepRecod> etat = PreparerRecodage(contexte);
   if (!etat) return Fin::Arret;
   return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
-    if (!Script(*etat, rapport).Executer(options)) {
+    Script script(*etat, rapport);
+    if (!script.Executer(options)) {
       rapport.Ligne({"Rien n'est enregistré, le fichier "_w, contexte.Nom(".POS"), " reste tel qu'il était"_w});
       throw Erreur(kArretAnnonce);
     }
     if (!EnregistrerPrepRecod(*etat, contexte)) {
       rapport.Ligne(etat->message);
       throw Erreur(kArretAnnonce);
+    }
+    if (script.FiltreAnnule()) {
+      rapport.Ligne({"Le fichier "_w, contexte.Nom(".POS"), " est enregistré sans filtre"_w});
+      throw Erreur(kArretAnnonce);  // a script does not go on to recode everybody
     }
     rapport.Ligne("Fin normale du programme");
   });

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/annulation.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"
 #include "core/session/generique_libre.h"
@@ -99,8 +100,13 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
 }
 
 // The new generic must not write over what the run reads, and its files must be files.
-void ExigerSortiesLibres(const Contexte& contexte, const Noms& noms, const Chemin& donnees) {
-  if (EgalSansCasse(noms.nouveau, contexte.generique)) throw Erreur(kPermissionRefusee);
+void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const Noms& noms, const Chemin& donnees) {
+  if (EgalSansCasse(noms.nouveau, contexte.generique)) {
+    Avertir(rapport, contexte.Ecran(),
+            Joindre({"*** Arrêt du programme : "_w, noms.nouveau,
+                     " est le générique d'origine, donnez un autre nom au nouveau générique"_w}));
+    throw Refus();
+  }
   if (noms.nouveau.find_first_of("/\\") != std::string::npos) throw Erreur(kNomFichierIncorrect);
   for (const std::string_view extension : {".DAT", ".POS", ".MOD", ".MO2"}) {
     const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
@@ -225,7 +231,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
                  {{"des donnees " + noms.donnees, donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
                  kArretAbsenceSansAccents);
   EcrireBandeau(rapport, "Création d'un nouveau fichier"_w);
-  ExigerSortiesLibres(contexte, noms, *donnees);
+  ExigerSortiesLibres(contexte, rapport, noms, *donnees);
   const bool passerModalites = DemanderModalites(contexte, rapport, noms.nouveau, suite);
   std::optional<ModalitesSuivies> modalites;
   if (passerModalites) modalites = SuivreModalites(contexte, options, *pos, rapport);
@@ -259,10 +265,7 @@ Fin Recodage(const Contexte& contexte, const OptionsRecodage& options) {
   SuiteRecodage& suite = options.suite != nullptr ? *options.suite : sansSuite;
   suite.generique = contexte.generique;
   const std::optional<std::string> nouveau = DemanderGenerique(contexte, options.remplacer);
-  if (!nouveau) {
-    contexte.Ecran().demander("Arrêt volontaire du programme"_w, Boutons::Ok);
-    return Fin::Arret;
-  }
+  if (!nouveau) throw Annulation();
   const Noms noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees, *nouveau};
   const Fin fin = ExecuterProgramme(contexte, noms.Neuf(".REC"), LibellesErreur{},
                                     [&](Rapport& rapport) { Executer(contexte, options, noms, suite, rapport); });

@@ -49,6 +49,19 @@ TEST_F(RunAnecar, NumberOfFactorsIsBoundByTheActiveElements) {
   }
 }
 
+// Two questions of three codes, one of them a function of the other: two factors, whatever is asked.
+TEST_F(RunAnecar, FactorsBeyondTheRankAreNothing) {
+  Table("T\n BRT=6 FMT=3\nA1\nA2\nA3\nB1\nB2\nB3\n",
+        "A1   17  0  0 17  0  0\nA2    0 23  0  0 23  0\nA3    0  0 29  0  0 29\n"
+        "B1   17  0  0 17  0  0\nB2    0 23  0  0 23  0\nB3    0  0 29  0  0 29\n");
+  OptionsAnecar options;
+  options.facteurs = 5;
+  ASSERT_EQ(Anecar(contexte_, options), Fin::Normale) << montre_;
+  EXPECT_NE(montre_.find("*** Attention : le tableau a 2 facteur(s), les suivants sont nuls\r\n"), std::string::npos);
+  const std::string faj = Lire("ENQ.FAJ");
+  EXPECT_EQ(faj.substr(0, 9 + 5 * 12).substr(9 + 2 * 12), "      0    0      0    0      0    0") << faj;
+}
+
 TEST_F(RunAnecar, InversionsEndWithTheFourthFactor) {
   TableAuHasard(7, 6);
   const auto fichiers = [&](int facteurs, InversionsDeFacteurs inversions) {

@@ -126,8 +126,7 @@ TEST(Graphe, LinksAndTreesOfAnotherTable) {
   // Two elements in the tree, three modalities in the table.
   enquete.Avec(".CAH", "INDIV = NON\n   1    1    2    1    2\n   1    1   2\n");
   EXPECT_FALSE(enquete.Preparer()->cah);
-  EXPECT_NE(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT").find("l'arbre de ENQ.CAH n'est pas celui de ce tableau"),
-            std::string::npos);
+  EXPECT_EQ(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT").find("***"), std::string::npos);
   EXPECT_FALSE(PrepGraphe(enquete.LeContexte(), {.liens = false, .cah = true}));
 }
 
@@ -156,11 +155,21 @@ TEST(Graphe, WhatWasMadeOfAnotherTableOfTheSameSize) {
   enquete.Avec(".BRT", "A  1 8 0 3 5\nA  2 012 6 6\nB  1 3 6 9 0\nB  2 5 6 011\n");
   donnees = enquete.Preparer();
   EXPECT_TRUE(donnees->liens.empty());
-  ASSERT_EQ(donnees->remarques.size(), 2U);
+  ASSERT_EQ(donnees->remarques.size(), 1U);
   EXPECT_TRUE(
       donnees->remarques[0].starts_with("les coordonn\xE9"
                                         "es de ENQ.FAJ ne sont pas celles du tableau ENQ.BRT"));
-  EXPECT_TRUE(donnees->remarques[1].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
+  ASSERT_EQ(donnees->remarquesDesLiens.size(), 1U);
+  EXPECT_TRUE(donnees->remarquesDesLiens[0].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
+  // Told when they are drawn, and not otherwise.
+  const auto rapport = [&](const OptionsGraphe& options) {
+    EXPECT_EQ(Graphe(enquete.LeContexte(), options), Fin::Normale);
+    return LireOctets(enquete.dossier.Chemin() / "ENQ.PRT");
+  };
+  OptionsGraphe avecLiens;
+  avecLiens.liens = true;
+  EXPECT_EQ(rapport({}).find("ENQ.PEM n'est"), std::string::npos);
+  EXPECT_NE(rapport(avecLiens).find("*** Attention : ENQ.PEM n'est pas celui"), std::string::npos);
   // The links that are there hold, but one is missing.
   Croiser(enquete);
   std::string liens = LireOctets(enquete.dossier.Chemin() / "ENQ.PEM");
@@ -198,8 +207,10 @@ TEST(Graphe, TreeOfOtherCoordinates) {
                "A  1  300  -1000.0000  300 \nA  2  200   -999.0000  200 \nB  1  300    500.0000  300 \n"
                "B  2  200    510.0000  200 \n");
   const std::optional<DonneesPlan> donnees = enquete.Preparer();
-  ASSERT_EQ(donnees->remarques.size(), 1U);
-  EXPECT_TRUE(donnees->remarques[0].starts_with("l'arbre de ENQ.CAH a \xE9t\xE9 fait sur d'autres coordonn\xE9"));
+  EXPECT_TRUE(donnees->remarques.empty());
+  ASSERT_EQ(donnees->remarquesDeLArbre.size(), 1U);
+  EXPECT_TRUE(
+      donnees->remarquesDeLArbre[0].starts_with("l'arbre de ENQ.CAH a \xE9t\xE9 fait sur d'autres coordonn\xE9"));
   // The modalities in another order are not those of the tree.
   enquete.Avec(".MOD", "T\n BRT=4 FMT=2 \nB  1\nA  2\nA  1\nB  2\n");
   EXPECT_FALSE(enquete.Preparer()->cah);

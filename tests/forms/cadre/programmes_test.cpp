@@ -17,6 +17,7 @@
 #include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
+#include "forms/programmes/sorts/choixrecodage.h"
 #include "forms/programmes/sorts/choixtriapl.h"
 
 using namespace quelvar::forms;
@@ -155,6 +156,35 @@ TEST(Recodage, LaBoiteDuGeneriqueAnnuleeArreteTout) {
   EXPECT_TRUE(bureau.Existe("SUITE.DAT"));
   EXPECT_FALSE(bureau.Existe("SUITE.MOD"));
   EXPECT_FALSE(bureau.Fenetre().ServicesDesFormes().session.passerModalites);
+}
+
+// A run that is given up in one of its boxes leaves its form, with what was chosen there, and the former report.
+TEST(Annulation, LeFormulaireResteAvecSesChoix) {
+  BureauEnq bureau(2);
+  bureau.AvecDonnees();
+  bureau.Ecrire("ENQ.TAP", "tri d'avant\r\n");
+  bureau.Ouvrir();
+  Pilote pilote;
+  bureau.Menu("mnuTriapl");
+  ChoixTriapl* tri = bureau.Forme<ChoixTriapl>();
+  Cliquer(*tri, {"CaseTriang", "CaseVerif"});
+  pilote.Abandonner();  // the title of the triangular graph
+  Cliquer(*tri, "BoutonTriapl");
+  EXPECT_TRUE(tri->isVisible() && essai::Coche(*tri, "CaseTriang") && essai::Coche(*tri, "CaseVerif"));
+  EXPECT_EQ(bureau.Texte(), "Arrêt volontaire du programme\n");
+  EXPECT_EQ(bureau.Lire("ENQ.TAP"), "tri d'avant\r\n");
+
+  bureau.Ecrire("PRIS.POS", "PRIS\r\n 1 \r\nA     1 2\r\n");
+  bureau.Menu("mnuOutils");
+  auto* recodage = bureau.Forme<quelvar::forms::ChoixRecodage>();
+  Cliquer(*recodage, "CaseRepMult");
+  pilote.Abandonner();  // the new generic
+  Cliquer(*recodage, "BoutonTriapl");
+  pilote.Taper("PRIS");
+  pilote.Cliquer("Non");  // its files are not to be replaced
+  Cliquer(*recodage, "BoutonTriapl");
+  EXPECT_TRUE(recodage->isVisible() && essai::Coche(*recodage, "CaseRepMult"));
+  EXPECT_FALSE(bureau.Existe("PRIS.REC"));
 }
 
 TEST(Import, FormulaireSelonLesSources) {

@@ -217,6 +217,7 @@ TEST(ToutesLesFormes, QuitterNeChangeAucunOctet) {
     BureauComplet bureau;
     for (const char* rapport : {"ENQ.TCR", "ENQ.PRT", "ENQ.TRP", "ENQ.PR2", "ENQ.IMP"})
       bureau.Ecrire(rapport, "un ancien rapport\r\n");
+    bureau.Ecrire("ENQ.TRG", "Titre\r\nun\r\ndeux\r\ntrois\r\nA1   25.0 25.0 50.0\r\n");
     const auto avant = Fichiers(bureau);
     const Silence silence;
     Prendre(bureau, entree);
@@ -231,6 +232,29 @@ TEST(ToutesLesFormes, QuitterNeChangeAucunOctet) {
     ++quittees;
   }
   EXPECT_GE(quittees, 20U);
+}
+
+// A form that can't open for want of a file says so, and leaves the former report as well.
+TEST(ToutesLesFormes, UnFichierAbsentLaisseLeRapport) {
+  struct Cas {
+    const char* action;
+    const char* absent;
+    const char* rapport;
+  };
+  for (const Cas& cas : {Cas{"mnuCroise", "ENQ.DAT", "ENQ.TCR"}, Cas{"mnuPosmod", "ENQ.POS", "ENQ.PRT"},
+                         Cas{"mnuNomMod", "ENQ.POS", "ENQ.PRT"}, Cas{"mnuAnecar", "ENQ.BRT", "ENQ.ANA"},
+                         Cas{"mnuGraphe", "ENQ.FAJ", "ENQ.PRT"}, Cas{"mnuTriang", "ENQ.TRG", "ENQ.PRT"}}) {
+    SCOPED_TRACE(cas.action);
+    BureauComplet bureau;
+    bureau.Ecrire(cas.rapport, "un ancien rapport\r\n");
+    std::filesystem::remove(bureau.Dossier() / cas.absent);
+    const auto avant = Fichiers(bureau);
+    const Silence silence;
+    bureau.Menu(cas.action);
+    EXPECT_TRUE(bureau.Ouvertes().isEmpty());
+    EXPECT_TRUE(bureau.Texte().contains("n'existe pas")) << bureau.Texte().toStdString();
+    EXPECT_TRUE(Fichiers(bureau) == avant);
+  }
 }
 
 // The button that a form is there for.

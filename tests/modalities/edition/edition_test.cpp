@@ -44,6 +44,12 @@ TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\nYYY1\r\n");
   EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.MOD"), "T\r\n BRT=2 FMT=1  CDG=1\r\nSEX1 S \r\nSEX2 S F\r\n**\r\nXXX1\r\nYYY1\r\n");
+  // A list made anew of other modalities is not that of the form.
+  const std::string autre = "T\r\n BRT=2 FMT=1 \r\nAGE1   \r\nAGE2   \r\n";
+  Ecrire("ENQ.MOD", autre);
+  EXPECT_EQ(EnregistrerModifMod(contexte_, etat.textes), Fin::Arret);
+  EXPECT_TRUE(Dit("Les modalit\xE9s de ENQ.MOD ont chang\xE9 depuis l'ouverture")) << montre_;
+  EXPECT_EQ(Lire("ENQ.MOD"), autre);
 }
 
 // --- NomQuest ---

@@ -211,6 +211,11 @@ TEST_F(Preparation, WhatTheScreenRefusesIsNotStored) {
   EXPECT_EQ(etat.vit.front(), "$$CUL");
   ReprendreTexteVit(etat, "$$V\r\nSEX     99E9\r\n$$");
   EXPECT_FALSE(ValiderVit(etat));
+  for (const char* element : {"SEX", "SEX       2", "XYZ     1"}) {
+    ReprendreTexteVit(etat, Joindre({"$$V\r\nAGE     1\r\n", std::string_view(element), "\r\n$$"}));
+    EXPECT_FALSE(ValiderVit(etat)) << element;
+    EXPECT_TRUE(etat.message.starts_with("Un \xE9l\xE9ment de la VIT V n'a pas de ")) << etat.message;
+  }
 }
 
 TEST_F(Preparation, LinesBehindADeletedVitDoNotBecomeQuestions) {

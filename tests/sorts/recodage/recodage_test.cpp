@@ -197,9 +197,11 @@ TEST_F(RunRecodage, LabelsFollowTheirCodes) {
 TEST_F(RunRecodage, NothingThatTheRunReadsIsWrittenOver) {
   Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2 1=2\n");
   Ecrire("ENQ.DAT", "1\r\n");
+  Ecrire("ENQ.REC", "recodage d'avant");
   saisie_ = "enq";
   EXPECT_EQ(Executer(), Fin::Arret);
-  EXPECT_TRUE(Dit("notez le numero =  70 ")) << montre_;
+  EXPECT_TRUE(Dit("enq est le g\xE9n\xE9rique d'origine, donnez un autre nom")) << montre_;
+  EXPECT_EQ(Lire("ENQ.REC"), "recodage d'avant");
   EXPECT_EQ(Lire("ENQ.DAT"), "1\r\n");
 
   Ecrire("ENR.DAT", "1\r\n");

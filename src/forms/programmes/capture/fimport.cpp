@@ -70,18 +70,20 @@ void FImport::LancerImport() {
     return;
   }
   if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
+  bool fait = false;
   if (ui_->CheckBRT->isChecked()) {
     const capture::OptionsImportBurt options = OptionsBurt();
     if (const std::string_view refus = capture::RefusDImporterBurt(options); !refus.empty()) {
       services_.ecran.demander(refus, Boutons::Ok);
       return;
     }
-    services_.Lancer([&](const Contexte& contexte) { capture::ImportBurt(contexte, options); });
+    fait = services_.Lancer([&](const Contexte& contexte) { capture::ImportBurt(contexte, options); });
   } else if (ui_->CheckTrg->isChecked()) {
-    services_.Lancer([](const Contexte& contexte) { capture::ImportTableau(contexte, {}); });
+    fait = services_.Lancer([](const Contexte& contexte) { capture::ImportTableau(contexte, {}); });
   } else {
-    services_.Lancer([](const Contexte& contexte) { capture::ImportDbf(contexte, {}); });
+    fait = services_.Lancer([](const Contexte& contexte) { capture::ImportDbf(contexte, {}); });
   }
+  if (!fait) return;
   services_.relireGenerique();
   accept();
 }

@@ -58,7 +58,7 @@ void FImportCSV::LancerImport() {
   }
   capture::OptionsImportCsv options;
   options.sansIntitules = ui_->CheckTrg->isChecked();
-  services_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); });
+  if (!services_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); })) return;
   services_.relireGenerique();
   accept();
 }

@@ -195,10 +195,11 @@ void ChoixVar::LancerTri() {
   Contexte contexte = contexte_;
   contexte.dialogue = &ecran;
   std::optional<crosstab::ResultatLancement> resultat;
-  services_.Lancer([&](const Contexte&) {
+  const bool fait = services_.Lancer([&](const Contexte&) {
     rapport_->Poser();
     resultat = crosstab::LancerCroise(contexte, enquete_, *demande);
   });
+  if (!fait) return rapport_->Reprendre();
   if (!resultat) {  // the run ended by an error, which its report tells
     lancee_ = etat_.drapeaux;
     close();
@@ -238,7 +239,7 @@ void OuvrirChoixVar(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".TCR");
   services.Lancer([&](const Contexte& courant) {
     enquete = crosstab::PreparerCroise(courant, {});
-    if (enquete) rapport.Retirer();
+    rapport.Retirer();
   });
   if (enquete) Montrer<ChoixVar>(services, std::move(*enquete), std::move(rapport));
 }

@@ -107,15 +107,12 @@ factor::OptionsAnecar ChoixAnecar::Options() const {
 void ChoixAnecar::LancerAnalyse() {
   if (!services_.lanceur.PeutLancer()) return;
   const factor::OptionsAnecar options = Options();
-  Services& services = services_;
-  const Contexte contexte = contexte_;
-  const factor::PreparationAnecar preparation = preparation_;
-  Brouillon rapport = rapport_;
-  accept();  // a long report closes every form: this one is gone by then
-  services.Lancer([&](const Contexte& /*courant*/) {
-    rapport.Poser();
-    factor::MoteurAnecar(contexte, preparation, options);
+  const bool lancee = services_.Lancer([&](const Contexte& /*courant*/) {
+    rapport_.Poser();
+    factor::MoteurAnecar(contexte_, preparation_, options);
   });
+  if (lancee) accept();
+  else rapport_.Reprendre();
 }
 
 void OuvrirAnecar(Services& services) {
@@ -128,7 +125,7 @@ void OuvrirAnecar(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".ANA");
   services.Lancer([&](const Contexte& contexte) {
     preparation = factor::PrepAnecar(contexte);
-    if (preparation) rapport.Retirer();
+    rapport.Retirer();
   });
   if (preparation) Montrer<ChoixAnecar>(services, std::move(*preparation), std::move(rapport));
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/texte/nombres.h"
+#include "factor/plan/concordance.h"
 #include "forms/images/rendudessin.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/regroupement/modifburt.h"
@@ -31,11 +32,11 @@ Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapp
   ui_->setupUi(this);
   PoserBornes();
   const factor::DonneesPlan& plan = etat_.donnees;
-  ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || !plan.liensLignes.empty());
   ui_->CheckPEM->setEnabled(plan.liensPresents);
-  ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty());
+  ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty() || !plan.remarquesDesLignes.empty());
+  ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || ui_->ChkLgnPEM->isEnabled());
   ui_->CheckIndiv->setVisible(plan.Individus());
-  ui_->FrCAH->setEnabled(plan.cah.has_value());
+  ui_->FrCAH->setEnabled(plan.arbrePresent);
   RelierAide(*ui_->Aide, "mnuAGraphe");
   for (QToolButton* bouton : findChildren<QToolButton*>()) bouton->setAutoRepeat(true);
   RelierAxes();
@@ -225,6 +226,19 @@ void Graphe3::RefaireEllipses() {
   factor::InclureEllipses(etat_);
 }
 
+// What does not belong to the plane is told the first time that it is drawn.
+void Graphe3::DireLesEtrangers() {
+  std::vector<std::string> nouvelles;
+  for (std::string& remarque : factor::RemarquesDesFichiers(etat_.donnees, factor::FichiersMontres(etat_)))
+    if (std::ranges::find(dites_, remarque) == dites_.end()) nouvelles.push_back(std::move(remarque));
+  if (nouvelles.empty()) return;
+  services_.Lancer([&](const Contexte&) {
+    rapport_->Poser();
+    factor::DireLesFichiersMontres(contexte_, nouvelles);
+    dites_.insert(dites_.end(), nouvelles.begin(), nouvelles.end());
+  });
+}
+
 void Graphe3::Redessiner() {
   LireReglages();
   Dessiner();
@@ -294,11 +308,17 @@ void Graphe3::RelierLiens() {
          &Graphe3::FixerEcMin);
   limite(*ui_->EcSupVal, *ui_->CmdFiltrMoinsSup, *ui_->CmdFiltrPlusSup, &factor::ReglagesLiens::ecSup,
          &Graphe3::FixerEcSup);
-  for (QAbstractButton* bouton : std::initializer_list<QAbstractButton*>{ui_->CheckPEM, ui_->BtVal, ui_->CheckArbrMin})
+  for (QAbstractButton* bouton : std::initializer_list<QAbstractButton*>{ui_->BtVal, ui_->CheckArbrMin})
     connect(bouton, &QAbstractButton::toggled, this, &Graphe3::Redessiner);
+  connect(ui_->CheckPEM, &QCheckBox::toggled, this, [this] {
+    Redessiner();
+    DireLesEtrangers();
+  });
   connect(ui_->FichPajek, &QCheckBox::toggled, this, &Graphe3::EcrireLeReseau);
-  connect(ui_->ChkLgnPEM, &QCheckBox::toggled, this,
-          [this](bool lignes) { FixerEcMin(lignes ? factor::kEcMinDesLiensDeLignes : 0); });
+  connect(ui_->ChkLgnPEM, &QCheckBox::toggled, this, [this](bool lignes) {
+    FixerEcMin(lignes ? factor::kEcMinDesLiensDeLignes : 0);
+    DireLesEtrangers();
+  });
   connect(ui_->CheckProg, &QCheckBox::toggled, this, [this](bool progressif) {
     etat_.reglages.liens.progressif = progressif ? std::optional<std::size_t>(1) : std::nullopt;
     Redessiner();
@@ -310,7 +330,12 @@ void Graphe3::RelierLiens() {
 
 void Graphe3::RelierCah() {
   const auto niveau = [this] { return static_cast<std::int64_t>(etat_.reglages.cah.niveau); };
-  connect(ui_->CheckCAH, &QCheckBox::toggled, this, &Graphe3::Redessiner);
+  connect(ui_->CheckCAH, &QCheckBox::toggled, this, [this] {
+    LireReglages();
+    DireLesEtrangers();
+    if (!etat_.donnees.cah) ui_->CheckCAH->setChecked(false);
+    Redessiner();
+  });
   connect(ui_->CmdCahMoins, &QToolButton::clicked, this, [=, this] { FixerNiveauCah(niveau() - 1); });
   connect(ui_->CmdCahPlus, &QToolButton::clicked, this, [=, this] { FixerNiveauCah(niveau() + 1); });
   connect(ui_->ValCAH, &QLineEdit::editingFinished, this, [=, this] {

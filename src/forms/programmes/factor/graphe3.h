@@ -41,6 +41,7 @@ class Graphe3 : public Forme {
   void RefaireEllipses();
   // After a change of settings; after a change of the limits alone, in which no file has a part.
   void Redessiner();
+  void DireLesEtrangers();
   void EcrireLeReseau();
   void Dessiner();
 
@@ -67,6 +68,7 @@ class Graphe3 : public Forme {
 
   factor::EtatPlan etat_;
   std::shared_ptr<Brouillon> rapport_;  // goes on once something is asked of the graph that the report tells
+  std::vector<std::string> dites_;      // of the files that were drawn
   std::uint32_t tirages_ = 0;           // times that the colours were drawn at random
   std::unique_ptr<Ui::Graphe3> ui_;
 };

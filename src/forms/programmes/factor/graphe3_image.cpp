@@ -107,12 +107,13 @@ factor::OptionsCoupe Graphe3::Coupe() const {
 void Graphe3::CouperLaClassification() {
   const factor::OptionsCoupe options = Coupe();
   std::string nouveau;
-  services_.Lancer([&](const Contexte&) {
+  const bool fait = services_.Lancer([&](const Contexte&) {
     rapport_->Poser();
     ExecuterProgramme(
         contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
         [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
   });
+  if (!fait) rapport_->Reprendre();
   if (!nouveau.empty()) services_.adopterGenerique(nouveau);
 }
 
@@ -190,7 +191,7 @@ void OuvrirGraphe3(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".PRT");
   services.Lancer([&](const Contexte& contexte) {
     donnees = factor::PrepGraphe(contexte);
-    if (donnees) rapport.Retirer();
+    rapport.Retirer();
   });
   if (donnees) Montrer<Graphe3>(services, std::move(*donnees), std::move(rapport));
 }

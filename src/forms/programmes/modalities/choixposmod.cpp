@@ -140,12 +140,9 @@ void ChoixPosmod::LancerPosmod() {
     return;
   }
   if (!services_.lanceur.PeutLancer()) return;
-  Services& services = services_;
-  const Contexte contexte = contexte_;
   constexpr int kLimite = 50;
-  services.session.limiteDepassements = options.verifierCodesMax ? kLimite : 0;
-  accept();  // a long report closes every form: this one is gone by then
-  services.Lancer([&](const Contexte&) { modalities::Posmod(contexte, options); });
+  services_.session.limiteDepassements = options.verifierCodesMax ? kLimite : 0;
+  if (services_.Lancer([&](const Contexte&) { modalities::Posmod(contexte_, options); })) accept();
 }
 
 namespace {
@@ -156,7 +153,7 @@ void Ouvrir(Services& services, modalities::ModePosmod mode) {
   Brouillon rapport(services.ContexteEnCours(), ".PRT");
   services.Lancer([&](const Contexte& contexte) {
     prepare = modalities::PrepPosmod(contexte, mode);
-    if (prepare) rapport.Retirer();
+    rapport.Retirer();
   });
   if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(*prepare), std::move(rapport));
 }

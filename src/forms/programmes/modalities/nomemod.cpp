@@ -153,7 +153,7 @@ void OuvrirNomMod(Services& services) {
   Brouillon rapport(services.ContexteEnCours(), ".PRT");
   services.Lancer([&](const Contexte& contexte) {
     prepare = modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi);
-    if (prepare) rapport.Retirer();
+    rapport.Retirer();
   });
   if (prepare) Montrer<NomeMod>(services, std::move(*prepare));
 }

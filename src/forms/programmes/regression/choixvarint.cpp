@@ -80,7 +80,7 @@ void ChoixVarInt::LancerVarint() {
   const regression::OptionsVarint options = Options();
   std::vector<GroupeDeBarres> profils;
   Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = regression::Varint(contexte_, options, profils); });
+  if (!services_.Lancer([&](const Contexte&) { fin = regression::Varint(contexte_, options, profils); })) return;
   Services& services = services_;
   const Contexte contexte = contexte_;
   accept();

@@ -152,8 +152,7 @@ void ModifModR::Enregistrer() {
     AuDepart(regression::AbandonnerModifModR);  // the file that was saved has its report
     return;
   }
-  services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); });
-  accept();
+  if (services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); })) accept();
 }
 
 void OuvrirModifModR(Services& services) { Montrer<ModifModR>(services); }

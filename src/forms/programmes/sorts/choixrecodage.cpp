@@ -16,16 +16,17 @@ bool SansReglesEnAttente(Services& services) {
   return preparation == nullptr || !preparation->ATravail() || services.formes.Fermer(*preparation);
 }
 
-// The session follows a complete run to the new generic.
-void Recoder(Services& services, sorts::OptionsRecodage options) {
+// The session follows a complete run to the new generic. False for a run that was given up.
+bool Recoder(Services& services, sorts::OptionsRecodage options) {
   Session& session = services.session;
   sorts::SuiteRecodage suite{session.generique, session.passerModalites};
   options.suite = &suite;
   options.remplacer = false;
   Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
+  const bool fait = services.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
   session.passerModalites = suite.passerModalites;
   if (fin == Fin::Normale) services.adopterGenerique(suite.generique);
+  return fait;
 }
 
 }  // namespace
@@ -64,8 +65,7 @@ void ChoixRecodage::LancerRecodage() {
   if (!donnees) return;
   sorts::OptionsRecodage options = Options();
   options.fichierDonnees = *donnees;
-  Recoder(services_, options);
-  accept();
+  if (Recoder(services_, options)) accept();
 }
 
 // Its boxes stand at their defaults each time.

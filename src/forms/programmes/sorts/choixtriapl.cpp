@@ -38,8 +38,7 @@ void ChoixTriapl::LancerTri() {
   if (!donnees) return;
   sorts::OptionsTriapl options = Options();
   options.fichierDonnees = *donnees;
-  services_.Lancer([&](const Contexte& contexte) { sorts::Triapl(contexte, options); });
-  accept();
+  if (services_.Lancer([&](const Contexte& contexte) { sorts::Triapl(contexte, options); })) accept();
 }
 
 // Its boxes stand at their defaults each time.

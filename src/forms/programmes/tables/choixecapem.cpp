@@ -59,8 +59,7 @@ tables::OptionsEcapem ChoixEcapem::Options() const {
 void ChoixEcapem::LancerAnalyse() {
   if (!services_.lanceur.PeutLancer()) return;
   const tables::OptionsEcapem options = Options();
-  services_.Lancer([&](const Contexte& contexte) { tables::Ecapem(contexte, options); });
-  accept();
+  if (services_.Lancer([&](const Contexte& contexte) { tables::Ecapem(contexte, options); })) accept();
 }
 
 void OuvrirChoixEcapem(Services& services) { Montrer<ChoixEcapem>(services); }

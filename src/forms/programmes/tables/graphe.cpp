@@ -15,7 +15,7 @@ constexpr int kMarques = 6;  // Option9 to Option14
 
 }  // namespace
 
-Graphe::Graphe(Services& services, tables::FichierTrg trg)
+Graphe::Graphe(Services& services, tables::FichierTrg trg, Brouillon rapport)
     : Forme(services, Qt::Window), etat_(tables::NouveauTriangle(std::move(trg))), ui_(std::make_unique<Ui::Graphe>()) {
   ui_->setupUi(this);
   for (const tables::EntreeTriangle& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
@@ -37,7 +37,14 @@ Graphe::Graphe(Services& services, tables::FichierTrg trg)
   setTabOrder(ui_->BoutonEnregSous, &commande);
   RelierAide(*ui_->BoutAide, "mnuATriang");
   RelierQuitter(*ui_->BoutonQuitter);
-  AuDepart(tables::TerminerTriang);
+  // Once a picture is saved the report stays with it; a graph that was only looked at leaves the former one.
+  const auto garde = std::make_shared<bool>(false);
+  connect(this, &QWidget::windowTitleChanged, this, [garde] { *garde = true; });
+  AuDepart([rapport = std::make_shared<Brouillon>(std::move(rapport)), garde](const Contexte& contexte) {
+    rapport->Poser();
+    tables::TerminerTriang(contexte);
+    if (!*garde) rapport->Reprendre();
+  });
   ui_->ListVar->setCurrentRow(0);
   MontrerReglages();
   Dessiner();
@@ -177,8 +184,12 @@ void Graphe::Dessiner() { ui_->Pict2->Montrer(tables::DessinerTriangle(etat_)); 
 void OuvrirTriang(Services& services) {
   if (!FairePlace<Graphe>(services)) return;
   std::optional<tables::FichierTrg> trg;
-  services.Lancer([&](const Contexte& contexte) { trg = tables::PrepTriang(contexte); });
-  if (trg) Montrer<Graphe>(services, std::move(*trg));
+  Brouillon rapport(services.ContexteEnCours(), ".prt");
+  services.Lancer([&](const Contexte& contexte) {
+    trg = tables::PrepTriang(contexte);
+    rapport.Retirer();
+  });
+  if (trg) Montrer<Graphe>(services, std::move(*trg), std::move(rapport));
 }
 
 }  // namespace quelvar::forms

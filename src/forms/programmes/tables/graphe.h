@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "forms/cadre/services.h"
+#include "forms/pieces/brouillon.h"
 #include "tables/triangle/triang.h"
 
 namespace Ui {
@@ -15,7 +16,7 @@ namespace quelvar::forms {
 class Graphe : public Forme {
   Q_OBJECT
  public:
-  Graphe(Services& services, tables::FichierTrg trg);
+  Graphe(Services& services, tables::FichierTrg trg, Brouillon rapport);
   ~Graphe() override;
 
  private:

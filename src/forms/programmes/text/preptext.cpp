@@ -99,11 +99,10 @@ void PrepText::LancerPrepText() {
     return;
   }
   Services& services = services_;
-  const Contexte contexte = contexte_;
-  accept();
   std::string nouveau;
   Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = text::PrepText(contexte, options, nouveau); });
+  if (!services.Lancer([&](const Contexte&) { fin = text::PrepText(contexte_, options, nouveau); })) return;
+  accept();
   if (fin == Fin::Normale) services.adopterGenerique(nouveau);
 }
 

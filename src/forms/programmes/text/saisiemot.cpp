@@ -104,10 +104,9 @@ void SaisieMot::LancerSaisieMot() {
     return;
   }
   Services& services = services_;
-  const Contexte contexte = contexte_;
-  accept();  // a long report closes every form: this one is gone by then
   Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = text::SaisieMot(contexte, options); });
+  if (!services.Lancer([&](const Contexte&) { fin = text::SaisieMot(contexte_, options); })) return;
+  accept();
   if (fin == Fin::Normale) services.relireGenerique();
 }
 

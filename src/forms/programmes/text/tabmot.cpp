@@ -65,10 +65,7 @@ void TabMot::LancerTabMot() {
     ui_->TextMsg->show();
     return;
   }
-  Services& services = services_;
-  const Contexte contexte = contexte_;
-  accept();  // a long report closes every form: this one is gone by then
-  services.Lancer([&](const Contexte&) { text::TabMot(contexte, options); });
+  if (services_.Lancer([&](const Contexte&) { text::TabMot(contexte_, options); })) accept();
 }
 
 void OuvrirTabMot(Services& services) {

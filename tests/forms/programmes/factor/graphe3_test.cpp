@@ -257,6 +257,20 @@ TEST(Graphe3, Classification) {
   EXPECT_NE(bureau.Forme<Graphe3>(), nullptr);
 }
 
+// A tree of another table is told when it is asked for, in a box and in the report, and its box goes off again.
+TEST(Graphe3, TreeOfAnotherTable) {
+  BureauDePlan bureau;
+  bureau.Ecrire("ENQ.CAH", "INDIV = NON\r\n   1    1    2    1    2\r\n   1    1   2\r\n");
+  const Graphe3& forme = bureau.Graphe();  // no box: nobody has asked for the tree
+  EXPECT_FALSE(bureau.Existe("ENQ.PRT"));
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  Cliquer(forme, "CheckCAH");
+  EXPECT_TRUE(pilote.Vues().last().startsWith("l'arbre de ENQ.CAH n'est pas celui de ce tableau"));
+  EXPECT_FALSE(essai::Coche(forme, "CheckCAH"));
+  EXPECT_NE(bureau.Lire("ENQ.PRT").find("*** Attention : l'arbre de ENQ.CAH"), std::string::npos);
+}
+
 // The run of the ellipses says in the main form what is missing, and the box goes off again.
 TEST(Graphe3, EllipsesWithoutTheirFiles) {
   BureauDePlan bureau;
