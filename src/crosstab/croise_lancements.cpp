@@ -4,6 +4,7 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/noms.h"
 #include "core/programme/ancienrapport.h"
+#include "core/programme/refus.h"
 #include "core/resultats/fichiers.h"
 #include "crosstab/croise.h"
 #include "crosstab/croise_options.h"
@@ -54,6 +55,10 @@ void Poser(FormeCroise& forme, RoleQuestion role, const std::vector<std::string>
 }
 
 void Preparer(FormeCroise& forme, const RequeteCroise& requete) {
+  if (const std::string refus = RefusDEcrire(forme.contexte, requete.graphique); !refus.empty()) {
+    forme.Ecran().demander(refus, Boutons::Ok);
+    throw Erreur(kArretAnnonce);
+  }
   EtatChoixVar& etat = forme.etat;
   if (requete.filtres.empty()) ChoisirDeuxDimensions(etat, forme.Ecran());
   else ChoisirTroisDimensions(etat, forme.Ecran());

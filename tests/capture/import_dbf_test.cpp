@@ -181,7 +181,20 @@ TEST_F(ImportDbfTest, ValeurAuDelaDesCodes) {
   EXPECT_EQ(Importer(), Fin::Normale);
   EXPECT_TRUE(Dit("Code-max. 120\r\n   0     2\r\n")) << montre_;
   ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_EQ(boites_[0], "Valeurs trop grandes pour être un code, comptées comme le code 0 : 1"_w);
+  EXPECT_TRUE(boites_[0].starts_with("Valeurs trop grandes pour être un code, comptées comme le code 0 : 1"_w))
+      << boites_[0];
+}
+
+// Cells that are no codes stay in .DAT, and are told by their field with the first of them; cut fields hold texts.
+TEST_F(ImportDbfTest, ValeursQuiNeSontPasDesCodes) {
+  Ecrire("ENQ.DBF", Dbf({{"SEX", 'N', 1}, {"NOTE", 'N', 3}, {"NOM", 'C', 2}, {"LONG", 'C', 4}}, 3,
+                        " 11.5 7mots 2 -5ab     x  99cd    "));
+  EXPECT_EQ(Importer(), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_EQ(boites_[0],
+            "Valeurs qui ne sont pas des codes, reprises telles quelles dans *.DAT : SEX 1 (ligne 3 : \"x\"); NOTE 2 "
+            "(ligne 1 : \"1.5\"); NOM 2 (ligne 2 : \"ab\"). Les programmes y lisent un nombre à décimales arrondi, un "
+            "négatif ou un texte comme 0"_w);
 }
 
 // The count of a hundred thousand individuals keeps a blank before it.

@@ -60,6 +60,21 @@ TEST_F(RunVarint, NomsQuiNeSontPasCeuxDesColonnes) {
   }
 }
 
+TEST_F(RunVarint, LEditionLongueEstDuNiveauDeux) {
+  Ecrire("ENQ.POS", "ENQ\n\nAAA   1 2\nBBB   2 2\nCCC   3 2\n");
+  Ecrire("ENQ.DAT", "112\n221\n122\n212\n111\n");
+  OptionsVarint options;
+  options.questions = {"BBB"};
+  options.edition = EditionVarint::Longue;
+  for (const int niveau : {1, 2}) {
+    boites_.clear();
+    contexte_.niveau = niveau;
+    EXPECT_EQ(Varint(contexte_, options), Fin::Normale);
+    EXPECT_EQ(boites_.size(), niveau == 1 ? 1U : 0U);
+    EXPECT_EQ(Dit("Nom    PEM"), niveau == 2);
+  }
+}
+
 }  // namespace
 
 }  // namespace quelvar::regression

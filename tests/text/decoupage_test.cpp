@@ -59,6 +59,18 @@ class RunTexte : public essai::RunDeProgramme {
   }
 };
 
+TEST_F(RunTexte, APreparationThatStoppedLeavesItsNameToTheNextOne) {
+  std::string nouveau;
+  EXPECT_EQ(PrepText(contexte_, {}, nouveau), Fin::Arret);
+  EXPECT_TRUE(Existe("ENR.prt"));
+  Ecrire("ENQ.TXT", "1Un\r\n");
+  EXPECT_EQ(PrepText(contexte_, {}, nouveau), Fin::Normale);
+  EXPECT_EQ(nouveau, "ENR");
+  EXPECT_EQ(boites_.size(), 0U);
+  EXPECT_EQ(PrepText(contexte_, {}, nouveau), Fin::Normale);
+  EXPECT_EQ(nouveau, "ENS") << "a preparation that came to its end keeps its name";
+}
+
 TEST_F(RunTexte, AStopLeavesTheFormerFiles) {
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");
   Ecrire("ENQ.DAT", "1mot mot       $$\r\n");

@@ -354,7 +354,8 @@ std::vector<int> CodesDesTextes(const ChoixDeColonne& choix, const std::vector<s
 std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule) {
   const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
   if (const std::optional<NombreLu> nombre = LireNombre(cellule); decimales && nombre) {
-    return nombre->EstAmbigu() && !colonne.decimaleDonnee
+    if (colonne.decimaleDonnee) return "n'a pas le signe décimal donné : changez-le, ou donnez l'autre"_w;
+    return nombre->EstAmbigu()
                ? "peut avoir des décimales ou des milliers : donnez decimale=virgule ou decimale=point"_w
                : "a un autre signe décimal que d'autres nombres de sa colonne : écrivez-les tous avec le même"_w;
   }

@@ -119,7 +119,7 @@ class Analyse {
 };
 
 double NombreDe(const Analyse& analyse, const std::string& texte) {
-  if (!EstNombre(texte)) analyse.Refuser("un nombre est attendu");
+  if (!EstNombre(texte) || texte.find(' ') != std::string::npos) analyse.Refuser("un nombre est attendu");
   return ValeurDe(texte);
 }
 
@@ -142,7 +142,13 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
   } else if (nom == "zero") {
     choix.nonReponses = valeurs;
   } else if (nom == "bornes") {
-    for (const std::string& valeur : valeurs) choix.bornes.push_back(NombreDe(analyse, valeur));
+    // With "|" between them, or blanks as they are typed.
+    for (const std::string& valeur : valeurs)
+      for (std::string_view reste = valeur; !reste.empty();) {
+        const std::size_t fin = std::min(reste.find(' '), reste.size());
+        if (fin > 0) choix.bornes.push_back(NombreDe(analyse, std::string(reste.substr(0, fin))));
+        reste.remove_prefix(std::min(fin + 1, reste.size()));
+      }
     if (choix.bornes.empty() || !std::ranges::is_sorted(choix.bornes, std::ranges::less_equal{}))
       analyse.Refuser("les bornes ne croissent pas");
   } else if (nom == "groupes") {

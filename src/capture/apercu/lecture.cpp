@@ -82,7 +82,7 @@ Essai Essayer(char separateur, const Rangees& rangees) {
 // The separator of a first line "sep=;"; 0 for any other line.
 char SigneDeSep(const Chemin& source, Encodage encodage) {
   std::string_view ligne;
-  LecteurTableur lecteur(LignesDe(source, encodage), ';', false);
+  LecteurTableur lecteur(LignesDe(source, encodage, false), ';', false);
   if (!lecteur.LireOctetsDeLigne(ligne)) return '\0';
   ligne = RognerCellule(ligne);
   if (ligne.size() >= 2 && ligne.front() == '"' && ligne.back() == '"') ligne = ligne.substr(1, ligne.size() - 2);
@@ -158,6 +158,7 @@ LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue) {
   LectureDetectee detectee;
   const EncodageDetecte encodage = DetecterEncodage(source, etendue);
   detectee.lecture.encodage = encodage.encodage;
+  detectee.lecture.crSeuls = encodage.crSeuls;
   detectee.ascii = encodage.ascii;
   detectee.doutes = encodage.doutes;
   Echantillon echantillon;

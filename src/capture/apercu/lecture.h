@@ -27,6 +27,7 @@ struct Lecture {
   SourceDeDecimale sourceDeDecimale = SourceDeDecimale::Usuelle;
   bool guillemets = true;       // a double quote opens a field
   std::size_t ligneTitres = 1;  // line of the file (from 1) that holds the titles; 0: the file has none
+  bool crSeuls = false;         // lines behind the head end in CR alone
   bool ligneSep = false;        // the first line is "sep=;" and no row of the table
 
   bool operator==(const Lecture&) const = default;

@@ -4,11 +4,11 @@ namespace quelvar::capture {
 
 namespace {
 
-Description<OptionsImport> Decrire(std::string nom, std::string_view resume,
+Description<OptionsImport> Decrire(std::string nom, std::string_view resume, std::string_view fichiers,
                                    Description<OptionsImport>::Entree entree) {
   using O = OptionsImport;
   return Description<O>(std::move(nom), resume, std::move(entree))
-      .Texte("fichier", &O::fichier, "FICHIER", "table à importer : .csv, .txt, .ods, .xlsx ou .dbf"_w)
+      .Texte("fichier", &O::fichier, "FICHIER", fichiers)
       .Defaut("le .CSV ou le .TXT du générique"_w)
       .Texte("choix", &O::fichierChoix, "FICHIER.IMC", "ce que deviennent les colonnes, comme un import l'a gardé"_w)
       .Defaut("ce qui est proposé"_w)
@@ -43,19 +43,21 @@ Description<OptionsImport> Decrire(std::string nom, std::string_view resume,
 }  // namespace
 
 const Description<OptionsImport>& DescriptionImport() {
-  static const Description<OptionsImport> description = Decrire("import",
-                                                                "Importation de toute table, colonne par colonne "
-                                                                "(.DAT, .POS, .MOD, .TXT, .IMC, .IMP)"_w,
-                                                                Importer)
-                                                            .OuiNon("remplacer", &OptionsImport::remplacer,
-                                                                    "remplace les fichiers du générique s'il existe, "
-                                                                    "sans le demander"_w);
+  static const Description<OptionsImport> description =
+      Decrire("import",
+              "Importation de toute table, colonne par colonne "
+              "(.DAT, .POS, .MOD, .TXT, .IMC, .IMP)"_w,
+              "table à importer : .csv, .txt, .ods, .xlsx ou .dbf"_w, Importer)
+          .OuiNon("remplacer", &OptionsImport::remplacer,
+                  "remplace les fichiers du générique s'il existe, "
+                  "sans le demander"_w);
   return description;
 }
 
 const Description<OptionsImport>& DescriptionApercu() {
-  static const Description<OptionsImport> description = Decrire(
-      "apercu", "Aperçu d'une table à importer : ce que sont ses colonnes et ce qu'elles deviennent"_w, MontrerApercu);
+  static const Description<OptionsImport> description =
+      Decrire("apercu", "Aperçu d'une table à importer : ce que sont ses colonnes et ce qu'elles deviennent"_w,
+              "table à regarder : .csv, .txt, .ods ou .xlsx"_w, MontrerApercu);
   return description;
 }
 

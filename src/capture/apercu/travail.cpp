@@ -56,7 +56,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   if (!SansAutreChoix(options, vue)) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
-  if (!promesse || AvecCrSeuls(source.Texte())) return false;
+  if (!promesse || lecture.crSeuls || AvecCrSeuls(source.Texte())) return false;
   travail.sorties = std::make_unique<Sorties>(contexte, false);
   const std::int64_t environ =
       static_cast<std::int64_t>(apercu.octets / (2 * std::max<std::size_t>(promesse->largeurs.size(), 1)));

@@ -121,6 +121,8 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   });
   const std::vector<Champ> champs = ChampsDe({questions.begin(), derriere});
   CompteurDeChamps compteur(champs);
+  for (std::size_t i = 0; i < champs.size(); ++i)
+    if (!questions[i].champ.empty()) compteur.Surveiller(i);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& dat = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
@@ -130,7 +132,9 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
     passage = CopierEnregistrements(dat, lecteur, entete, compteur, LongueurUtile(champs), progression);
   }
   std::vector<TriDeChamp> tris = compteur.Tris();
-  tris.resize(questions.size(), TriDeChamp{{individus}, 0});
+  tris.resize(questions.size(), TriDeChamp{{individus}, 0, 0, 0, {}});
+  Remarques impropres;
+  RemarquerImpropres(impropres, questions, tris);
   const std::vector<QuestionComptee> comptees = Assembler(questions, std::move(tris));
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
   EcrireTris(rapport, comptees, individus);
@@ -140,6 +144,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
   RemarquerQuestions(remarques, questions, renommees, entete.LongueurChamps());
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
+  remarques.insert(remarques.end(), impropres.begin(), impropres.end());
   const std::string nomDat = contexte.Nom(".DAT");
   const std::string copie =
       fichiers.dat ? GarderRemplace(sorties, *fichiers.dat, sorties.Achever(nomDat)) : std::string();

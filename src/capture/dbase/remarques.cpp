@@ -125,6 +125,23 @@ void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee
                                  " ne sont pas des questions : *.POS ne peut pas les désigner"_w}));
 }
 
+void RemarquerImpropres(Remarques& remarques, const std::vector<QuestionImportee>& questions,
+                        const std::vector<TriDeChamp>& tris) {
+  std::string champs;
+  std::size_t nombre = 0;
+  for (std::size_t i = 0; i < std::min(questions.size(), tris.size()); ++i) {
+    if (tris[i].impropres == 0 || ++nombre > kNomsCites) continue;
+    champs += Joindre({std::string_view(champs.empty() ? "" : "; "), Rogner(questions[i].champ), " ",
+                       Nombre(tris[i].impropres), " (ligne ", Nombre(tris[i].premierImpropre), " : \"", tris[i].exemple,
+                       "\")"});
+  }
+  if (nombre == 0) return;
+  if (nombre > kNomsCites) champs += "...";
+  remarques.push_back(Joindre({"Valeurs qui ne sont pas des codes, reprises telles quelles dans *.DAT : "_w, champs,
+                               ". Les programmes y lisent un nombre à décimales arrondi, un négatif ou un texte "
+                               "comme 0"_w}));
+}
+
 void RemarquerHomonymes(Remarques& remarques, const std::vector<Question>& questions) {
   std::map<std::string_view, std::vector<int>> positions;
   for (const Question& question : questions) positions[Rogner(question.nom)].push_back(question.position);

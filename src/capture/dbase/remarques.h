@@ -8,6 +8,7 @@
 
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/questions.h"
+#include "capture/dbase/tri.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/dialogue.h"
 #include "core/programme/report.h"
@@ -50,6 +51,9 @@ struct Renommage {
   std::string nouveau;
 };
 void RemarquerRenommages(Remarques& remarques, std::string_view phrase, const std::vector<Renommage>& renommages);
+// Fields with values that are no codes: how many, and where the first one stands.
+void RemarquerImpropres(Remarques& remarques, const std::vector<QuestionImportee>& questions,
+                        const std::vector<TriDeChamp>& tris);
 void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs);
 
 // Shows all of them in one box; none, no box.

@@ -1,8 +1,10 @@
 #include "capture/dbase/tri.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "core/texte/nombres.h"
+#include "core/texte/texte.h"
 
 namespace quelvar::capture {
 
@@ -11,9 +13,29 @@ namespace {
 constexpr std::size_t kCodesDUnOctet = 10;
 constexpr int kPlusGrand16 = 32767;
 
+bool EstImpropre(char c) { return c != ' ' && (c < '0' || c > '9'); }
+
+// Eight bytes at a time: digits and blanks are what most lines are made of.
+bool AvecImpropre(const char* ligne, std::size_t longueur) {
+  constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
+  std::size_t i = 0;
+  for (; i + 8 <= longueur; i += 8) {
+    std::uint64_t mot = 0;
+    std::memcpy(&mot, ligne + i, 8);
+    const std::uint64_t chiffre = mot ^ 0x3030303030303030ULL;  // zero to nine for a digit
+    const std::uint64_t blanc = mot ^ 0x2020202020202020ULL;    // 0 for a blank
+    const std::uint64_t sansChiffre = ((chiffre & kSansBitHaut) + 0x7676767676767676ULL) | chiffre;
+    const std::uint64_t sansBlanc = ((blanc & kSansBitHaut) + kSansBitHaut) | blanc;
+    if ((sansChiffre & sansBlanc & ~kSansBitHaut) != 0) return true;
+  }
+  return std::any_of(ligne + i, ligne + longueur, EstImpropre);
+}
+
 }  // namespace
 
-CompteurDeChamps::CompteurDeChamps(std::span<const Champ> champs) : champs_(champs.size()) {
+CompteurDeChamps::CompteurDeChamps(std::span<const Champ> champs)
+    : champs_(champs.size()), tous_(champs.begin(), champs.end()), impropres_(champs.size()) {
+  for (const Champ& champ : champs) longueur_ = std::max<std::size_t>(longueur_, champ.debut + champ.largeur);
   for (std::size_t i = 0; i < champs.size(); ++i) {
     Groupe& groupe = champs[i].largeur == 1 ? un_ : champs[i].largeur == 2 ? deux_ : trois_;
     groupe.debuts.push_back(champs[i].debut);
@@ -41,6 +63,18 @@ void CompteurDeChamps::Compter(const char* ligne) {
     effectifs += kCodesComptes;
   }
   if (!trois_.debuts.empty()) CompterTrois(ligne);
+  ++lignes_;
+  if (!surveilles_.empty() && AvecImpropre(ligne, longueur_)) VoirImpropres(ligne);
+}
+
+void CompteurDeChamps::VoirImpropres(const char* ligne) {
+  for (const std::size_t i : surveilles_) {
+    const std::string_view texte(ligne + tous_[i].debut, tous_[i].largeur);
+    if (std::none_of(texte.begin(), texte.end(), EstImpropre)) continue;
+    if (impropres_[i].nombre++ > 0) continue;
+    impropres_[i].premier = lignes_;
+    impropres_[i].exemple = Rogner(texte);
+  }
 }
 
 void CompteurDeChamps::CompterTrois(const char* ligne) {
@@ -75,6 +109,11 @@ std::vector<TriDeChamp> CompteurDeChamps::Tris() const {
   for (std::size_t i = 0; i < codesMax_.size(); ++i) {
     int& codeMax = tris[trois_.rangs[i]].codeMax;
     codeMax = std::max(codeMax, codesMax_[i]);
+  }
+  for (std::size_t i = 0; i < impropres_.size(); ++i) {
+    tris[i].impropres = impropres_[i].nombre;
+    tris[i].premierImpropre = impropres_[i].premier;
+    tris[i].exemple = impropres_[i].exemple;
   }
   return tris;
 }

@@ -116,7 +116,7 @@ std::vector<std::string> NomsSepares(std::string_view texte) {
   if (texte.empty()) return noms;
   for (std::size_t virgule = 0; virgule != std::string_view::npos;) {
     virgule = texte.find(',');
-    noms.emplace_back(texte.substr(0, virgule));
+    noms.emplace_back(Rogner(texte.substr(0, virgule)));
     if (virgule != std::string_view::npos) texte.remove_prefix(virgule + 1);
   }
   return noms;

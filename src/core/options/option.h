@@ -74,7 +74,7 @@ double LireReel(std::string_view nom, std::string_view valeur);
 // The shortest text that LireReel reads back as the same number.
 std::string EcrireReel(double valeur);
 
-// The names of a list separated by commas; an empty text holds none. Blanks belong to the names.
+// The names of a list separated by commas; an empty text holds none. Blanks around a name go.
 std::vector<std::string> NomsSepares(std::string_view texte);
 std::string NomsJoints(const std::vector<std::string>& noms);
 

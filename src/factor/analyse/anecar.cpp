@@ -203,18 +203,6 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   DeflaterSupplementaires(tableau, analyse, courant);
 }
 
-// The report has them as the iteration leaves them; their contributions look like those of a factor.
-void PrevenirDesFacteursDArrondi(const Contexte& contexte, const AnalyseAnecar& analyse) {
-  const auto arrondis = std::ranges::count_if(analyse.facteurs, &FacteurAnecar::arrondi);
-  if (arrondis == 0) return;
-  const auto vrais = static_cast<std::int64_t>(analyse.facteurs.size()) - arrondis;
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : le tableau n'a que "_w, Nombre(vrais),
-               " facteur(s) ; les suivants ne sont que l'arrondi des calculs, leurs coordonnées et leurs contributions "
-               "ne veulent rien dire"_w}),
-      Boutons::Ok);
-}
-
 void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   const Contexte& contexte = moteur.contexte;
   moteur.tableau = LireTableau(contexte.Exiger(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
@@ -229,7 +217,6 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   for (int k = 1; k <= facteurs; ++k) moteur.TraiterFacteur(rapport, static_cast<std::size_t>(k));
   moteur.analyse.echelle = EchelleDesCoordonnees(moteur.analyse);
   ImprimerEchelle(rapport, moteur.analyse.echelle);
-  PrevenirDesFacteursDArrondi(contexte, moteur.analyse);
   for (const auto& impression : moteur.differees) impression(rapport);
   if (moteur.reglages.edition == EditionAnecar::Compacte)
     ImprimerTablesCompactes(rapport, moteur.plan, moteur.tableau, moteur.analyse);

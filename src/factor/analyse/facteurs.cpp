@@ -70,14 +70,6 @@ AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type) {
   return analyse;
 }
 
-namespace {
-
-// Part of the inertia below which a factor beyond the rank of the table is nothing but rounding. Tables of counts have
-// none of their own there: the smallest ones stay above the fourth power of 1 over their total.
-constexpr double kArrondi = 1e-20;
-
-}  // namespace
-
 FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre) {
   const Ecarts& ecarts = analyse.ecarts;
@@ -99,7 +91,6 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
   FacteurAnecar facteur;
   facteur.valeurPropre = vecteurs.valeur * vecteurs.valeur;
   const double inertie = ecarts.Inertie(analyse.type);
-  facteur.arrondi = facteur.valeurPropre <= kArrondi * inertie;
   facteur.pourcentage = PartDe(100, facteur.valeurPropre, inertie);
   facteur.part = Entier16(PartDe(1000, facteur.valeurPropre, inertie));
   facteur.tours = vecteurs.tours;

@@ -19,7 +19,6 @@ struct CoteFacteur {
 };
 
 struct FacteurAnecar {
-  bool arrondi = false;  // beyond the rank of the table: what it holds is rounding
   double valeurPropre = 0;
   double pourcentage = 0;  // of the total inertia
   std::int16_t part = 0;   // the same, per mille

@@ -195,6 +195,9 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   rapport.Ligne("          Edition des profils de questions ");
   rapport.Ligne("          ******************************** ");
   const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
+  if (edition != options.edition)
+    contexte.Ecran().demander("L'édition avec noms longs est une option du niveau 2 : l'édition est compactée"_w,
+                              Boutons::Ok);
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);

@@ -10,6 +10,7 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kEnregistre = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
+constexpr std::string_view kRapport = ".prt";
 constexpr std::string_view kSupplementaire = " S ";
 constexpr std::string_view kActive = "   ";
 
@@ -113,11 +114,12 @@ std::optional<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, co
 }
 
 Fin EnregistrerSuplMot(const Contexte& contexte, const TableGeree& table) {
-  return RendreCompte(contexte, kEnregistre, [&] { Enregistrer(contexte, table); });
+  return RendreCompte(
+      contexte, kEnregistre, [&] { Enregistrer(contexte, table); }, contexte.Nom(kRapport));
 }
 
 Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+  return ExecuterProgramme(contexte, contexte.Nom(kRapport), LibellesErreur{}, [&](Rapport& rapport) {
     TableOuverte ouverte = OuvrirSuplMot(contexte);
     for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
     if (!ouverte.message.empty()) throw Erreur(kArretAnnonce);

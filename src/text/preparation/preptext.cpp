@@ -1,11 +1,13 @@
 #include "text/preparation/preptext.h"
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
+#include "core/session/generique.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
@@ -16,6 +18,7 @@ namespace quelvar::text {
 
 namespace {
 
+constexpr std::string_view kTitre = "Préparation d'un fichier texte"_w;
 constexpr std::size_t kOctetsMontres = 600;
 constexpr std::size_t kOctetsParBloc = 20;
 constexpr std::size_t kLignesMontrees = 10;
@@ -119,12 +122,28 @@ void ExigerTexte(const Contexte& contexte, Rapport& rapport, const std::string& 
   throw Erreur(kArretAnnonce);
 }
 
+// Whether nothing stands under that generic but the report of a preparation that stopped: the next one takes its place.
+bool NAQueLeRapportDUnArret(const Contexte& contexte, const std::string& generique) {
+  const std::optional<Chemin> rapport = ChercherFichier(contexte.repertoire, generique + ".prt");
+  constexpr std::uintmax_t kAuPlus = 100000;
+  if (!rapport || LongueurFichier(*rapport) > kAuPlus) return false;
+  const std::string debut = Majuscules(generique + ".");
+  const Chemin ou = contexte.repertoire.empty() ? Chemin(".") : contexte.repertoire;
+  std::error_code code;
+  for (std::filesystem::directory_iterator i(ou, code), fin; !code && i != fin; i.increment(code))
+    if (i->path().filename() != rapport->filename() && Majuscules(TexteDe(i->path().filename())).starts_with(debut))
+      return false;
+  const std::string texte = LireOctets(*rapport);
+  return !code && texte.find(kTitre) != std::string::npos &&
+         texte.find("*** Attention, changement") == std::string::npos;
+}
+
 void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText& options, const std::string& nouveau) {
   const std::string nomOrigine = NomDeLOrigine(contexte, options);
   const std::string nomNeuf = nouveau + ".txt";
   const std::optional<Chemin> source =
       ChercherFichier(contexte.repertoire, options.fichier.empty() ? nomOrigine : options.fichier);
-  EcrireBandeau(rapport, "Préparation d'un fichier texte"_w);
+  EcrireBandeau(rapport, kTitre);
   rapport.Ligne({"Le nom du fichier d'origine est  ", nomOrigine});
   rapport.Ligne({"Le nom du fichier de texte modifié sera "_w, nomNeuf});
   rapport.Ligne();
@@ -166,7 +185,9 @@ std::string RefusDePreparer(const Contexte& contexte, const OptionsPrepText& opt
 }
 
 Fin PrepText(const Contexte& contexte, const OptionsPrepText& options, std::string& nouveau) {
-  nouveau = DemanderGeneriqueLibre(contexte, options.remplacer).value_or("");
+  const bool libre =
+      !contexte.generique.empty() && NAQueLeRapportDUnArret(contexte, GeneriqueSuivant(contexte.generique));
+  nouveau = DemanderGeneriqueLibre(contexte, options.remplacer || libre).value_or("");
   if (nouveau.empty()) return Fin::Arret;
   return ExecuterProgramme(contexte, nouveau + ".prt", LibellesErreur{},
                            [&](Rapport& rapport) { Preparer(rapport, contexte, options, nouveau); });

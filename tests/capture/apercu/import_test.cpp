@@ -48,10 +48,17 @@ TEST_F(RunImportDeTable, ChoicesWrittenAreTheChoicesRead) {
   for (std::size_t i = 0; i < choix.size(); ++i) EXPECT_EQ(lus[i], choix[i]) << i;
 }
 
+TEST_F(RunImportDeTable, BoundsAsTheFormShowsThem) {
+  for (const std::string_view bornes : {"15|25.5|35", "15 25.5 35", " 15  25.5 | 35 "}) {
+    Ecrire("x.imc", Joindre({"AGE=classes;AGE;bornes=", bornes, "\n"}));
+    EXPECT_EQ(LireImc(dossier_.Chemin() / "x.imc").at(0).bornes, (std::vector<double>{15, 25.5, 35})) << bornes;
+  }
+}
+
 TEST_F(RunImportDeTable, AFaultyChoiceIsToldWithItsLine) {
   for (const std::string_view ligne :
        {"SEX", "SEX=inconnu", "SEX=codes;TROP", "SEX=classes;SEX", "SEX=classes;SEX;bornes=3|2",
-        "SEX=classes;SEX;groupes=1", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
+        "SEX=classes;SEX;groupes=1", "SEX=classes;SEX;groupes=1 0", "SEX=codes;SEX;ordre=autre", "\"SEX=codes"}) {
     Ecrire("x.imc", Joindre({"# titre\n", ligne, "\n"}));
     OptionsImport options;
     options.fichierChoix = "x.imc";
@@ -339,6 +346,61 @@ TEST_F(RunImportDeTable, NoFileEndsInAnErrorThatSaysNothing) {
     EXPECT_EQ(Existe("ENQ.DAT"), fin == Fin::Normale) << octets;
     for (const char* const nom : {"ENQ.DAT", "ENQ.POS", "ENQ.MOD", "ENQ.TXT", "ENQN.CDG", "ENQN.MOD"}) Effacer(nom);
   }
+}
+
+// Lines that end in CR alone behind the head of the file, with and without a mark, are rows like the others.
+TEST_F(RunImportDeTable, LineEndsInCrAloneWhereverTheyStand) {
+  for (const std::string_view marque : {"", "\xEF\xBB\xBF"}) {
+    for (const std::size_t tete : {std::size_t{1} << 17, (std::size_t{1} << 20) + 70000}) {
+      std::string octets = Joindre({marque, "sexe;avis\r\n"});
+      std::int64_t individus = 0;
+      for (; octets.size() < tete; ++individus) octets += individus % 2 == 0 ? "Femme;1\r\n" : "Homme;2\r\n";
+      octets += "Homme;3\rFemme;2\rHomme;1\r";
+      ASSERT_EQ(Importer(octets), Fin::Normale) << tete << montre_;
+      EXPECT_TRUE(Dit(Joindre({"Le nombre d'individus est de  ", Nombre(individus + 3), " "}))) << tete << montre_;
+      EXPECT_TRUE(Lire("ENQ.DAT").ends_with("23\r\n12\r\n21\r\n")) << tete;
+    }
+  }
+}
+
+// Halves of letters beyond Latin-1 look like control bytes.
+TEST_F(RunImportDeTable, Utf16WithoutMark) {
+  const std::u16string texte = u"q;r\n1;c\u0153ur\n2;l\u2019\u00E9t\u00E9\n1;l\u2019\u00E9t\u00E9\n2;c\u0153ur\n";
+  for (const bool grand : {false, true}) {
+    std::string octets;
+    for (const char16_t unite : texte) {
+      const std::string deux = {static_cast<char>(unite & 0xFF), static_cast<char>(unite >> 8)};
+      octets.append(grand ? std::string(deux.rbegin(), deux.rend()) : deux);
+    }
+    ASSERT_EQ(Importer(octets), Fin::Normale) << montre_;
+    EXPECT_EQ(Lire("ENQ.DAT"), "11\r\n22\r\n12\r\n21\r\n");
+    EXPECT_NE(Lire("ENQ.MOD").find(Joindre({"cœur"_w})), std::string::npos);
+  }
+}
+
+// What the user lays down holds for every column: a number written otherwise is told, and never read otherwise.
+TEST_F(RunImportDeTable, TheDecimalSignOfTheUserHolds) {
+  const std::string_view octets = "id;v\n7;1,5\n8;2,25\n7;3,125\n8;1,234\n";
+  OptionsImport options;
+  options.lecture.decimale = '.';
+  EXPECT_EQ(Importer(octets, options), Fin::Arret);
+  EXPECT_TRUE(Dit("*** Erreur : colonne 2 v, ligne 2 : \"1,5\" n'a pas le signe décimal donné"_w)) << montre_;
+  EXPECT_TRUE(Dit("ligne 5 : \"1,234\"")) << montre_;
+  options.lecture.decimale = ',';
+  EXPECT_EQ(Importer(octets, options), Fin::Normale) << montre_;
+  Ecrire("vu.csv", octets);
+  PreparationDImport preparation(dossier_.Chemin() / "vu.csv", {});
+  EXPECT_TRUE(preparation.Refus().empty());
+  Lecture lecture = preparation.LectureEnCours();
+  lecture.decimale = '.';
+  lecture.sourceDeDecimale = SourceDeDecimale::Donnee;
+  preparation.ChangerLecture(lecture);
+  EXPECT_EQ(preparation.Refus().size(), 4U);
+}
+
+TEST_F(RunImportDeTable, RowsOfAnotherEncodingAreToldByTheirLines) {
+  ASSERT_EQ(Importer("q;r\n1;\xC3\xA9t\xC3\xA9\n2;hiver\n1;caf\xE9\n2;\xC3\xA9t\xC3\xA9\n1;caf\xE9\n"), Fin::Normale);
+  EXPECT_TRUE(Dit("il est lu en windows-1252 : 2 ligne(s) ne sont pas en UTF-8 (ligne 4, 6)")) << montre_;
 }
 
 // Rising numbers of the individuals are laid at one go, others after a first look: the lines are the same.

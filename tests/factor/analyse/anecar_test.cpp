@@ -49,21 +49,6 @@ TEST_F(RunAnecar, NumberOfFactorsIsBoundByTheActiveElements) {
   }
 }
 
-// Two questions of three codes, one of them a function of the other: two factors, whatever is asked.
-TEST_F(RunAnecar, FactorsBeyondTheRankAreTold) {
-  Table("T\n BRT=6 FMT=3\nA1\nA2\nA3\nB1\nB2\nB3\n",
-        "A1   17  0  0 17  0  0\nA2    0 23  0  0 23  0\nA3    0  0 29  0  0 29\n"
-        "B1   17  0  0 17  0  0\nB2    0 23  0  0 23  0\nB3    0  0 29  0  0 29\n");
-  OptionsAnecar options;
-  options.facteurs = 5;
-  ASSERT_EQ(Anecar(contexte_, options), Fin::Normale) << montre_;
-  ASSERT_EQ(boites_.size(), 1U);
-  EXPECT_TRUE(boites_[0].starts_with("*** Attention : le tableau n'a que 2 facteur(s) ; les suivants"_w)) << boites_[0];
-  options.facteurs = 2;
-  ASSERT_EQ(Anecar(contexte_, options), Fin::Normale) << montre_;
-  EXPECT_EQ(boites_.size(), 1U) << boites_.back();
-}
-
 TEST_F(RunAnecar, InversionsEndWithTheFourthFactor) {
   TableAuHasard(7, 6);
   const auto fichiers = [&](int facteurs, InversionsDeFacteurs inversions) {

@@ -275,8 +275,10 @@ void Observation::ConclureMelange(FaitsDeColonne& faits, const std::vector<Class
   if (faits.fautives.size() > kFautivesGardees) faits.fautives.resize(kFautivesGardees);
 }
 
-// The decimal sign that its own numbers show; that of the table when they show none, or both.
+// The decimal sign that the user has laid down; else the one that its own numbers show, or that of the table when they
+// show none, or both.
 char Observation::Decimale(const SignesDeTable& table) const {
+  if (table.source == SourceDeDecimale::Donnee) return table.decimale;
   const auto montre = [&](char signe) { return ProuveDecimale(signe) || ProuveMilliers(Autre(signe)); };
   if (montre(',') != montre('.')) return montre(',') ? ',' : '.';
   return table.decimale;

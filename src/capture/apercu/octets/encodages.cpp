@@ -46,13 +46,24 @@ std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) 
   Refuser(source, kAnonyme);
 }
 
-void RefuserBinaire(const Chemin& source, std::string_view tete) {
+void RefuserSignature(const Chemin& source, std::string_view tete) {
   if (tete.empty()) Refuser(source, "est vide.");
   for (const Signature& signature : kSignatures)
     if (tete.starts_with(signature.octets)) Refuser(source, signature.raison);
-  const auto controles = static_cast<std::size_t>(std::ranges::count_if(tete, [](char c) {
-    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n' && c != '\0' && c != '\x1A';
-  }));
+}
+
+bool EstControle(char c) {
+  return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n' && c != '\0' && c != '\x1A';
+}
+
+// A file of bytes that no text holds; of UTF-16 those beside a zero, at every second place from `fort` on, are judged:
+// elsewhere they are halves of letters such as "oe" in one sign.
+void RefuserControles(const Chemin& source, std::string_view tete, std::optional<std::size_t> fort) {
+  std::size_t controles = 0;
+  if (!fort) controles = static_cast<std::size_t>(std::ranges::count_if(tete, EstControle));
+  else
+    for (std::size_t i = 0; i + 1 < tete.size(); i += 2)
+      if (tete[i + *fort] == '\0' && EstControle(tete[i + 1 - *fort])) ++controles;
   if (controles * 100 > tete.size()) Refuser(source, kAnonyme);
 }
 
@@ -140,6 +151,8 @@ struct Examen {
   std::int64_t isoles = 0;         // bytes that are none
   std::int64_t lignes = 0;         // lines before the piece
   std::int64_t ligneInvalide = 0;  // first line that is not valid UTF-8
+  std::int64_t invalides = 0;      // such lines
+  std::string citees;              // the first of them
   Indices indices;
 
   void Voir(std::string_view morceau) {
@@ -151,11 +164,23 @@ struct Examen {
         multiple = multiple || EstUtf8MultiOctet(morceau.substr(0, i));
       }
       if (ligneInvalide != 0) CompterSuites(morceau);
+      if (ligneInvalide != 0) CompterLignes(morceau);
       if (ligneInvalide != 0)
         for (std::size_t i = PremierHaut(morceau, 0); i < morceau.size(); i = PremierHaut(morceau, i + 1))
           indices.Voir(morceau, i);
     }
     lignes += std::ranges::count(morceau, '\n');
+  }
+  void CompterLignes(std::string_view morceau) {
+    constexpr std::int64_t kCitees = 20;
+    std::int64_t numero = lignes;
+    for (std::size_t fin = 0; !morceau.empty(); morceau.remove_prefix(std::min(fin + 1, morceau.size()))) {
+      fin = std::min(morceau.find('\n'), morceau.size());
+      ++numero;
+      if (PremierInvalide(morceau.substr(0, fin)) == std::string_view::npos) continue;
+      if (++invalides <= kCitees) citees.append(citees.empty() ? "" : ", ").append(Nombre(numero));
+      else if (!citees.ends_with("...")) citees += "...";
+    }
   }
   void CompterSuites(std::string_view morceau) {
     for (std::size_t i = 0; i = PremierHaut(morceau, i), i < morceau.size();) {
@@ -168,6 +193,24 @@ struct Examen {
   bool EstMele() const { return multiple || suites > isoles; }
 };
 
+// Whether a CR stands there that no LF follows.
+bool AvecCrSeul(std::string_view morceau) {
+  for (std::size_t i = morceau.find('\r'); i != std::string_view::npos; i = morceau.find('\r', i + 1))
+    if (i + 1 < morceau.size() && morceau[i + 1] != '\n') return true;
+  return false;
+}
+
+// The same of the file from that place on.
+bool AvecCrSeul(const Chemin& source, std::string morceau, Etendue etendue) {
+  for (std::uintmax_t place = 0; !morceau.empty(); morceau = LireMorceau(source, place, kTete)) {
+    if (AvecCrSeul(std::string_view(morceau))) return true;
+    // A CR at its end may have its LF in the next piece.
+    place += morceau.size() > 1 && morceau.back() == '\r' ? morceau.size() - 1 : morceau.size();
+    if (etendue == Etendue::Tete) break;
+  }
+  return false;
+}
+
 // The bytes up to the last line end; all of them without any.
 std::string_view JusquaLaLigne(std::string_view octets) {
   const std::size_t fin = octets.rfind('\n');
@@ -178,21 +221,27 @@ std::string_view JusquaLaLigne(std::string_view octets) {
 
 EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
   std::string morceau = LireMorceau(source, 0, kTete);
-  if (morceau.starts_with("\xEF\xBB\xBF")) return {Encodage::Utf8AvecMarque, false, {}};
+  if (morceau.starts_with("\xEF\xBB\xBF"))
+    return {Encodage::Utf8AvecMarque, false, AvecCrSeul(source, std::move(morceau), etendue), {}};
   if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
-  if (morceau.starts_with("\xFF\xFE")) return {Encodage::Utf16LE, false, {}};
-  if (morceau.starts_with("\xFE\xFF")) return {Encodage::Utf16BE, false, {}};
-  RefuserBinaire(source, morceau);
-  if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) return {*seize, false, {}};
+  if (morceau.starts_with("\xFF\xFE")) return {Encodage::Utf16LE, false, false, {}};
+  if (morceau.starts_with("\xFE\xFF")) return {Encodage::Utf16BE, false, false, {}};
+  RefuserSignature(source, morceau);
+  if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) {
+    RefuserControles(source, morceau, *seize == Encodage::Utf16LE ? 1 : 0);
+    return {*seize, false, false, {}};
+  }
+  RefuserControles(source, morceau, std::nullopt);
 
+  EncodageDetecte detecte;
   Examen examen;
   for (std::uintmax_t place = 0; !morceau.empty(); morceau = LireMorceau(source, place, kTete)) {
     const std::string_view vu = morceau.size() < kTete ? std::string_view(morceau) : JusquaLaLigne(morceau);
     examen.Voir(vu);
+    detecte.crSeuls = detecte.crSeuls || AvecCrSeul(vu);
     place += vu.size();
     if (etendue == Etendue::Tete) break;
   }
-  EncodageDetecte detecte;
   detecte.ascii = !examen.multiple && examen.ligneInvalide == 0;
   if (detecte.ascii) return detecte;
   if (examen.ligneInvalide == 0) {
@@ -206,8 +255,9 @@ EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
         Joindre({"Des accents sont de windows-1252 ("_w, Nombre(examen.indices.page), "), d'autres de cp850 (",
                  Nombre(examen.indices.cp850), ") : l'encodage n'est pas sûr. Vérifiez les accents."_w}));
   if (examen.EstMele())
-    detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages : la ligne "_w, Nombre(examen.ligneInvalide),
-                                      " n'est pas en UTF-8 alors que d'autres le sont. Vérifiez les accents."_w}));
+    detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages, il est lu en windows-1252 : "_w,
+                                      Nombre(examen.invalides), " ligne(s) ne sont pas en UTF-8 (ligne ", examen.citees,
+                                      ") alors que d'autres le sont. Vérifiez les accents."_w}));
   return detecte;
 }
 

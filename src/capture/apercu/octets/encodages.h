@@ -11,6 +11,7 @@ namespace quelvar::capture {
 struct EncodageDetecte {
   Encodage encodage = Encodage::Windows1252;
   bool ascii = false;
+  bool crSeuls = false;  // a line ends in CR alone
   std::vector<std::string> doutes;
 };
 

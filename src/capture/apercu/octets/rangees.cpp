@@ -14,8 +14,8 @@ bool AvecCrSeuls(const Chemin& source) {
   return false;
 }
 
-LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage) {
-  if (encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE || AvecCrSeuls(source)) {
+LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage, bool crSeuls) {
+  if (encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE || crSeuls || AvecCrSeuls(source)) {
     return [lignes = std::make_shared<LignesDecodees>(source, encodage)](std::string_view& ligne) {
       return lignes->Lire(ligne);
     };
@@ -24,7 +24,8 @@ LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage) {
 }
 
 LecteurDeRangees::LecteurDeRangees(const Chemin& source, const Lecture& lecture)
-    : lecture_(lecture), lecteur_(LignesDe(source, lecture.encodage), lecture.separateur, lecture.guillemets) {}
+    : lecture_(lecture),
+      lecteur_(LignesDe(source, lecture.encodage, lecture.crSeuls), lecture.separateur, lecture.guillemets) {}
 
 bool LecteurDeRangees::Lire(std::string_view& rangee) {
   do {

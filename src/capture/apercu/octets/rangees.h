@@ -42,7 +42,8 @@ class LecteurDeRangees {
 // Whether lines of a source end in CR alone, some of them or all, as its head shows: LecteurLignes knows them not.
 bool AvecCrSeuls(const Chemin& source);
 
-// The lines of a source as LecteurTableur takes them; UTF-16 comes as UTF-8.
-LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage);
+// The lines of a source as LecteurTableur takes them; UTF-16 comes as UTF-8. `crSeuls`: some end in CR alone, were it
+// behind the head.
+LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage, bool crSeuls);
 
 }  // namespace quelvar::capture

@@ -150,12 +150,12 @@ std::vector<std::string> RemarquesDEcriture(const std::vector<ChoixDeColonne>& c
       for (const ValeurComptee& texte : proches)
         textes += Joindre(
             {std::string_view(textes.empty() ? "" : ", "), "\"", texte.valeur, "\" (", Nombre(texte.effectif), ")"});
-      remarques.push_back(Joindre(
-          {"*** Attention : colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", textes,
-           choix[j].fondus ? " ont le même code"_w
-           : choix[j].genre == Genre::Textes
-               ? " s'écrivent presque de même et ont des codes différents (fondus=oui les réunit, ou la case \"Réunir les écritures proches\")"_w
-               : " s'écrivent presque de même et font des questions différentes"_w}));
+      remarques.push_back(
+          Joindre({"*** Attention : colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", textes,
+                   choix[j].fondus ? " ont le même code"_w
+                   : choix[j].genre == Genre::Textes
+                       ? " s'écrivent presque de même et ont des codes différents (fondus=oui les réunit)"_w
+                       : " s'écrivent presque de même et font des questions différentes"_w}));
     }
   }
   return remarques;

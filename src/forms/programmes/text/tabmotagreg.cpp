@@ -1,6 +1,7 @@
 #include "forms/programmes/text/tabmotagreg.h"
 
 #include <QFontDatabase>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <iterator>
@@ -35,7 +36,7 @@ TabMotAgreg::TabMotAgreg(Services& services)
   ui_->TextNum->setEnabled(false);
   RelierTri();
   connect(ui_->ListLignSuppl, &QListWidget::itemSelectionChanged, this, &TabMotAgreg::Marquer);
-  connect(ui_->ListLignSuppl, &QListWidget::itemDoubleClicked, this, &TabMotAgreg::MontrerConcordance);
+  ui_->ListLignSuppl->viewport()->installEventFilter(this);
   connect(ui_->BtConcord, &QPushButton::clicked, this, &TabMotAgreg::MontrerConcordance);
   connect(ui_->BtEnreg, &QPushButton::clicked, this, &TabMotAgreg::EnregistrerLigne);
   connect(ui_->BtFin, &QPushButton::clicked, this, &TabMotAgreg::Terminer);
@@ -136,10 +137,49 @@ void TabMotAgreg::Terminer() {
   services.adopterGenerique(nouveau);
 }
 
+// A double click reads a word and leaves the choice of rows as it was before its first press.
+bool TabMotAgreg::eventFilter(QObject* objet, QEvent* evenement) {
+  const QEvent::Type type = evenement->type();
+  if (objet != ui_->ListLignSuppl->viewport()) return Forme::eventFilter(objet, evenement);
+  if (type == QEvent::MouseButtonPress) {
+    choisies_.clear();
+    for (int i = 0; i < ui_->ListLignSuppl->count(); ++i)
+      if (ui_->ListLignSuppl->item(i)->isSelected()) choisies_.push_back(i);
+  }
+  if (type == QEvent::MouseButtonDblClick) {
+    const auto place = static_cast<const QMouseEvent&>(*evenement).position().toPoint();
+    const int ligne = ui_->ListLignSuppl->indexAt(place).row();
+    doubleClicEnCours_ = ligne >= 0;
+    if (ligne >= 0) LireLeMot(ligne);
+    return doubleClicEnCours_;
+  }
+  if (type == QEvent::MouseButtonRelease && doubleClicEnCours_) {
+    doubleClicEnCours_ = false;
+    return true;
+  }
+  return Forme::eventFilter(objet, evenement);
+}
+
+void TabMotAgreg::LireLeMot(int ligne) {
+  {
+    const QSignalBlocker silence(ui_->ListLignSuppl);
+    ui_->ListLignSuppl->clearSelection();
+    for (const int choisie : choisies_) ui_->ListLignSuppl->item(choisie)->setSelected(true);
+  }
+  Marquer();
+  OuvrirConcord(services_,
+                {text::CherchesDeLaLigne(ouverte_.agregation.table.lignes[static_cast<std::size_t>(ligne)])});
+}
+
+// Of the rows that are marked, or else of the current one.
 void TabMotAgreg::MontrerConcordance() {
   std::vector<text::MotsCherches> cherches;
-  for (const text::LigneDeTable& ligne : ouverte_.agregation.table.lignes)
+  const std::vector<text::LigneDeTable>& lignes = ouverte_.agregation.table.lignes;
+  for (const text::LigneDeTable& ligne : lignes)
     if (ligne.marquee) cherches.push_back(text::CherchesDeLaLigne(ligne));
+  const int courante = ui_->ListLignSuppl->currentRow();
+  if (cherches.empty() && courante >= 0)
+    cherches.push_back(text::CherchesDeLaLigne(lignes[static_cast<std::size_t>(courante)]));
   OuvrirConcord(services_, std::move(cherches));
 }
 

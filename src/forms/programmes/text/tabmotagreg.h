@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "forms/cadre/forme.h"
 #include "forms/cadre/services.h"
@@ -31,9 +32,13 @@ class TabMotAgreg : public Forme {
   void EnregistrerLigne();
   void Trier();
   void Terminer();
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
+  void LireLeMot(int ligne);
   void MontrerConcordance();
 
   text::AgregationOuverte ouverte_;
+  std::vector<int> choisies_;       // rows that were marked before the last press of the mouse
+  bool doubleClicEnCours_ = false;  // until its button is released
   std::optional<text::OptionsTabMotAgreg> gestes_{std::in_place};  // what was done; nothing once no name tells a row
   std::unique_ptr<Ui::TabMotAgreg> ui_;
 };

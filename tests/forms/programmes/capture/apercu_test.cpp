@@ -90,6 +90,19 @@ void PrendreGenre(ApercuImport& forme, const char* libelle) {
   emit genres.activated(rang);
 }
 
+// Drags the file of the test to the main window; whether it was taken.
+bool Deposer(BureauNeuf& bureau) {
+  QMimeData donnees;
+  donnees.setUrls({QUrl::fromLocalFile(QString::fromStdString(bureau.fichier.string()))});
+  QWidget& texte = *Bureau::Dans<QPlainTextEdit>(bureau.Fenetre(), "Text1").viewport();
+  QDragEnterEvent entree({5, 5}, Qt::CopyAction, &donnees, Qt::LeftButton, {});
+  QApplication::sendEvent(&texte, &entree);
+  QDropEvent depot({5, 5}, Qt::CopyAction, &donnees, Qt::LeftButton, {});
+  QApplication::sendEvent(&texte, &depot);
+  QCoreApplication::processEvents();
+  return entree.isAccepted();
+}
+
 }  // namespace
 
 // A file of codes: three Return keys from the menu to the survey.
@@ -375,22 +388,15 @@ TEST(ApercuImport, UnFichierDBaseNeDemandeQueSonGenerique) {
   ImporterFichier(bureau.Fenetre().ServicesDesFormes(), bureau.fichier);
   EXPECT_FALSE(bureau.Existe("VIEUX.DAT"));
   pilote.Taper("TABLE");
-  ImporterFichier(bureau.Fenetre().ServicesDesFormes(), bureau.fichier);
+  EXPECT_TRUE(Deposer(bureau));
   EXPECT_EQ(bureau.Lire("TABLE.DAT"), "1\r\n2\r\n");
   EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "TABLE");
 }
 
 TEST(ApercuImport, DeposerUnFichierSurLaFenetre) {
   BureauNeuf bureau(kCodes);
-  QMimeData donnees;
-  donnees.setUrls({QUrl::fromLocalFile(QString::fromStdString(bureau.fichier.string()))});
+  EXPECT_TRUE(Deposer(bureau));
   QWidget& texte = *Bureau::Dans<QPlainTextEdit>(bureau.Fenetre(), "Text1").viewport();
-  QDragEnterEvent entree({5, 5}, Qt::CopyAction, &donnees, Qt::LeftButton, {});
-  QApplication::sendEvent(&texte, &entree);
-  EXPECT_TRUE(entree.isAccepted());
-  QDropEvent depot({5, 5}, Qt::CopyAction, &donnees, Qt::LeftButton, {});
-  QApplication::sendEvent(&texte, &depot);
-  QCoreApplication::processEvents();
   EXPECT_NE(bureau.Forme<ApercuImport>(), nullptr);
   QMimeData mots;
   mots.setText("un texte");

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <tuple>
 
 #include "forms/pilote.h"
 #include "forms/programmes/text/concord.h"
@@ -29,11 +30,11 @@ class FormesDuTexte : public testing::Test {
     bureau_.Ouvrir();
   }
 
-  void DoubleCliquer(const QWidget& forme, const char* nom, int ligne) {
+  void DoubleCliquer(const QWidget& forme, const char* nom, int ligne, Qt::KeyboardModifiers touche = {}) {
     auto& liste = Bureau::Dans<QListWidget>(forme, nom);
     const QRect place = liste.visualItemRect(liste.item(ligne));
-    QTest::mouseClick(liste.viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
-    QTest::mouseDClick(liste.viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+    QTest::mouseClick(liste.viewport(), Qt::LeftButton, touche, place.center());
+    QTest::mouseDClick(liste.viewport(), Qt::LeftButton, touche, place.center());
   }
 
   Bureau bureau_{true};
@@ -101,7 +102,21 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   EXPECT_TRUE(bureau_.Lire("c.txt").starts_with("Concordance de : rire, le\r\n3 ligne(s) de ENR.DAT\r\n\r\n"));
   Cliquer(*concordance, "BoutQuitter");
   auto& liste = Bureau::Dans<QListWidget>(lignes, "ListLignSuppl");
+  liste.clearSelection();
   for (const int ligne : {6, 7}) liste.item(ligne)->setSelected(true);
+  // A double click reads one word, marked or not, and leaves the rows that are chosen.
+  for (const auto& [ligne, touche, mot] :
+       {std::tuple{7, Qt::NoModifier, "travail"}, {6, Qt::ControlModifier, "travailler"}, {3, Qt::NoModifier, "le"}}) {
+    DoubleCliquer(lignes, "ListLignSuppl", ligne, touche);
+    concordance = bureau_.Forme<Concord>();
+    ASSERT_NE(concordance, nullptr);
+    EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
+                    .toPlainText()
+                    .startsWith(QStringLiteral("Concordance de : %1\n").arg(mot)));
+    Cliquer(*concordance, "BoutQuitter");
+    QStringList marquees = Lignes(lignes, "ListLignSuppl").filter(QStringLiteral(" A agréger "));
+    EXPECT_EQ(marquees.size(), 2) << mot;
+  }
   Cliquer(lignes, "BtEnreg");
   EXPECT_TRUE(Etiquette(lignes, "TextMsg").startsWith("Il faut indiquer le nom"));
   Taper(lignes, "TextModLign", "travail");
