@@ -253,7 +253,7 @@ std::vector<ColonneCodee> ColonnesCodees(const FichierPos& pos, const std::vecto
 
 bool LiensSontDuTableau(const Contexte& contexte, std::span<const tables::Lien> liens) {
   const std::optional<Table> table = LaTable(contexte);
-  if (liens.empty() || !table || table->Trop()) return true;
+  if (!table || table->Trop()) return true;
   return Juger([&] {
     if (table->parametres.burt >= 1) return LiensSontDuBurt(contexte, *table, liens);
     return PourUneDesTables(*table, [&](const crosstab::TableauCompte& compte, const Matrice& pem) {

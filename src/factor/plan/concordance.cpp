@@ -72,7 +72,8 @@ void EcarterLiens(const Contexte& contexte, DonneesPlan& donnees) {
         {contexte.Nom(extension), " n'est pas celui de ce tableau, ses liens ne sont pas montrés, "_w, kRelancerPem}));
     liens.clear();
   };
-  if (std::ranges::any_of(donnees.liens, horsDuPlan) || !LiensSontDuTableau(contexte, donnees.liens))
+  if (donnees.liensPresents &&
+      (std::ranges::any_of(donnees.liens, horsDuPlan) || !LiensSontDuTableau(contexte, donnees.liens)))
     ecarter(donnees.liens, ".PEM", donnees.remarquesDesLiens);
   if (std::ranges::any_of(donnees.liensLignes, horsDuPlan) ||
       !LiensDeLignesSontDuTableau(contexte, donnees.liensLignes))

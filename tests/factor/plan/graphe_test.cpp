@@ -175,6 +175,9 @@ TEST(Graphe, WhatWasMadeOfAnotherTableOfTheSameSize) {
   std::string liens = LireOctets(enquete.dossier.Chemin() / "ENQ.PEM");
   EXPECT_EQ(enquete.Avec(".PEM", liens).Preparer()->liens.size(), 2U);
   EXPECT_TRUE(enquete.Avec(".PEM", liens.substr(8)).Preparer()->liens.empty());
+  EXPECT_EQ(enquete.Avec(".PEM", "").Preparer()->remarquesDesLiens.size(), 1U) << "all are missing";
+  std::filesystem::remove(enquete.dossier.Chemin() / "ENQ.PEM");
+  EXPECT_TRUE(enquete.Preparer()->remarquesDesLiens.empty()) << "nobody has made them";
   // The same table, with another status of its modalities.
   enquete.Avec(".PEM", liens).Avec(".MOD", "T\n BRT=4 FMT=2 \nA  1\nA  2\nB  1 S \nB  2 S \n");
   EXPECT_EQ(enquete.Preparer()->remarques.size(), 1U);
