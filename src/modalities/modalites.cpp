@@ -1,19 +1,9 @@
 #include "modalities/modalites.h"
 
+#include "core/enquete/nomdemodalite.h"
 #include "core/programme/report.h"
 
 namespace quelvar::modalities {
-
-namespace {
-
-constexpr int kCodeEnDeuxChiffres = 36;
-constexpr int kCodeNomme = 99;  // last code that has a name
-
-}  // namespace
-
-std::string NomDeModalite(std::string_view nomQuestion, int code) {
-  return Joindre({CadreGauche(nomQuestion, code < kCodeEnDeuxChiffres ? 3 : 2), CodeCaractere(code)});
-}
 
 PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& choix, bool codesZero) {
   PlanModalites plan;
@@ -21,7 +11,7 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
   for (const Statut statut : {Statut::Actif, Statut::Supplementaire}) {
     for (const std::size_t rang : choix.Rangs(statut)) {
       const Question& question = pos.questions[rang];
-      if (question.codeMax < 0 || question.codeMax > kCodeNomme) throw Erreur(kIndiceHorsSelection);
+      if (question.codeMax < 0 || question.codeMax > kDernierCodeNomme) throw Erreur(kIndiceHorsSelection);
       plan.questions.push_back({rang, static_cast<std::uint32_t>(plan.modalites.size()), question.codeMax});
       for (int code = codesZero ? 0 : 1; code <= question.codeMax; ++code)
         plan.modalites.push_back({NomDeModalite(question.nom, code), statut == Statut::Supplementaire, {}, {}});

@@ -30,10 +30,6 @@ struct PlanModalites {
   bool codesZero = true;
 };
 
-// Name of a modality: three characters of the question and the code character, or from code 36 on two characters and
-// two digits. Raises kIndiceHorsSelection for a code above 99.
-std::string NomDeModalite(std::string_view nomQuestion, int code);
-
 // Lays out and names the modalities; marks and labels stay empty. Raises kIndiceHorsSelection for a code-max above 99
 // or below 0.
 PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& choix, bool codesZero);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/programme/report.h"
+
 namespace quelvar {
 
 namespace {
@@ -43,6 +45,10 @@ std::optional<CodeDeModalite> Suite(const std::vector<CodeDeModalite>& possibles
 }
 
 }  // namespace
+
+std::string NomDeModalite(std::string_view nomQuestion, int code) {
+  return Joindre({CadreGauche(nomQuestion, code < kPremierCodeDouble ? 3 : 2), CodeCaractere(code)});
+}
 
 FauteDeNom LireNomDeModalite(const FichierPos& pos, std::string_view nom, std::optional<CodeDeModalite> precedente,
                              CodeDeModalite& lu) {

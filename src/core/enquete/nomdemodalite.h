@@ -1,13 +1,21 @@
-// The question and the code that the name of a modality stands for.
+// The name of a modality, and the question and the code that it stands for.
 #pragma once
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/enquete/posfile.h"
 
 namespace quelvar {
+
+// Last code that has a name.
+inline constexpr int kDernierCodeNomme = 99;
+
+// Name of a modality: three characters of the question and the code character, or from code 36 on two characters and
+// two digits. Raises kIndiceHorsSelection for a code above 99 or below 0.
+std::string NomDeModalite(std::string_view nomQuestion, int code);
 
 struct CodeDeModalite {
   std::size_t question = 0;  // rank in the .POS

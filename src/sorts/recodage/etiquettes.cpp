@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 
+#include "core/enquete/nomdemodalite.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "sorts/recodage/edition.h"
@@ -17,7 +18,7 @@ namespace {
 constexpr std::size_t kLargeurIntitule = 25;
 constexpr std::size_t kLargeurQuestion = 3;
 constexpr std::size_t kDebutDesModalites = 2;  // lines before them
-constexpr int kCodesNommes = 36;               // codes of one character, 0 included
+constexpr int kHorsCode = -1;                  // no code is written so
 constexpr std::string_view kChiffres = "0123456789";
 
 // "15-25 ans": two numbers and what follows.
@@ -55,20 +56,60 @@ std::string Couper(std::string_view texte) {
   return std::string(coupe);
 }
 
-// Name of a modality as .MOD has it.
-std::string NomDeModalite(std::string_view question, int code) {
-  return Joindre({CadreGauche(question, static_cast<int>(kLargeurQuestion)), CodeCaractere(code)});
+// What the name of a line tells.
+struct LigneLue {
+  std::string question;  // three characters; empty when it is of none, or of one that cannot be told
+  int code = kHorsCode;
+  bool indecise = false;  // of several questions, and its place does not tell of which
+};
+
+// The name of a modality that no question has, under the question that its letters tell: a code that went with an
+// older code-max, or a character that is no code.
+LigneLue LireNomPerdu(const FichierPos& pos, std::string_view nom) {
+  const Question* seule = nullptr;
+  const std::string_view chiffres = Milieu(nom, kLargeurQuestion, 2);
+  const bool deuxChiffres = chiffres >= "36" && chiffres.find_first_not_of(kChiffres) == std::string_view::npos;
+  for (const Question& question : pos.questions) {
+    if (question.nom == Milieu(nom, 1, kLargeurQuestion)) return {question.nom};
+    if (!deuxChiffres || Milieu(question.nom, 1, 2) != Milieu(nom, 1, 2)) continue;
+    if (seule != nullptr) return {{}, kHorsCode, true};
+    seule = &question;
+  }
+  return {seule != nullptr ? seule->nom : std::string(Milieu(nom, 1, kLargeurQuestion))};
 }
+
+std::vector<LigneLue> LireNoms(const FichierMod& mod, const FichierPos& pos) {
+  std::vector<LigneLue> lues(mod.lignes.size());
+  std::optional<CodeDeModalite> precedente;
+  for (std::size_t i = kDebutDesModalites; i < mod.lignes.size(); ++i) {
+    const std::string nom = CadreGauche(mod.lignes[i], 4);
+    CodeDeModalite lu;
+    const FauteDeNom faute =
+        FinitLesModalites(nom) ? FauteDeNom::HorsNorme : LireNomDeModalite(pos, nom, precedente, lu);
+    precedente = faute == FauteDeNom::Aucune ? std::optional(lu) : std::nullopt;
+    if (precedente) lues[i] = {pos.questions[lu.question].nom, lu.code};
+    else if (faute == FauteDeNom::Partagee) lues[i].indecise = true;
+    else if (!FinitLesModalites(nom)) lues[i] = LireNomPerdu(pos, nom);
+  }
+  return lues;
+}
+
+bool EstDe(const LigneLue& lue, std::string_view question) {
+  return lue.question == CadreGauche(question, static_cast<int>(kLargeurQuestion));
+}
+
+using Places = std::map<std::pair<std::string, int>, std::size_t>;  // first line by question and code
 
 // One question at work: its new modalities, and where the first old line that makes each of them stands.
 class Reprise {
  public:
-  Reprise(const CodesChanges& changee, const std::map<std::string, std::size_t>& places, const FichierMod& mod) {
+  Reprise(const CodesChanges& changee, const Places& places, const FichierMod& mod) {
     std::map<int, std::vector<std::size_t>> sources;  // lines by new code, in the order of the old codes
-    for (std::size_t ancien = 0; ancien < changee.table.size() && ancien < kCodesNommes; ++ancien) {
-      const auto place = places.find(NomDeModalite(changee.question, static_cast<int>(ancien)));
+    for (std::size_t ancien = 0; ancien < changee.table.size() && ancien <= kDernierCodeNomme; ++ancien) {
+      const auto place = places.find({changee.question, static_cast<int>(ancien)});
       const int nouveau = changee.table[ancien];
-      if (place != places.end() && nouveau >= 0 && nouveau < kCodesNommes) sources[nouveau].push_back(place->second);
+      if (place != places.end() && nouveau >= 0 && nouveau <= kDernierCodeNomme)
+        sources[nouveau].push_back(place->second);
     }
     for (const auto& [code, lignes] : sources) Ajouter(NomDeModalite(changee.nouvelle, code), lignes, mod);
   }
@@ -94,16 +135,10 @@ class Reprise {
   std::vector<std::string> derriere_;  // behind its end mark
 };
 
-// The lines of the names of one question.
-bool EstDe(std::string_view ligne, std::string_view question) {
-  return Milieu(ligne, 1, kLargeurQuestion) == CadreGauche(question, static_cast<int>(kLargeurQuestion)) &&
-         !FinitLesModalites(ligne);
-}
-
-std::map<std::string, std::size_t> PremieresLignes(const FichierMod& mod) {
-  std::map<std::string, std::size_t> places;
-  for (std::size_t i = kDebutDesModalites; i < mod.lignes.size(); ++i)
-    if (!FinitLesModalites(mod.lignes[i])) places.emplace(CadreGauche(mod.lignes[i], 4), i);
+Places PremieresLignes(const std::vector<LigneLue>& lues) {
+  Places places;
+  for (std::size_t i = kDebutDesModalites; i < lues.size(); ++i)
+    if (lues[i].code != kHorsCode) places.emplace(std::pair(lues[i].question, lues[i].code), i);
   return places;
 }
 
@@ -148,8 +183,9 @@ namespace {
 // The rewriting of a file in progress.
 class Suivi {
  public:
-  Suivi(const FichierMod& mod, const std::vector<CodesChanges>& regles, const std::vector<std::string>& creees)
-      : mod_(mod) {
+  Suivi(const FichierMod& mod, const FichierPos& pos, const std::vector<CodesChanges>& regles,
+        const std::vector<std::string>& creees)
+      : mod_(mod), lues_(LireNoms(mod, pos)) {
     std::map<std::string, int> copies;
     for (const CodesChanges& regle : regles) {
       if (regle.Copie()) ++copies[regle.nouvelle];
@@ -163,11 +199,10 @@ class Suivi {
   }
 
   ModalitesSuivies Resultat() {
-    const std::map<std::string, std::size_t> places = PremieresLignes(mod_);
+    const Places places = PremieresLignes(lues_);
     for (const CodesChanges& changee : changees_) {
       reprises_.emplace_back(changee, places, mod_);
-      if (!reprises_.back().Vide() && !Otee(NomDeModalite(changee.nouvelle, 1)))
-        suivies_.refaites.push_back(changee.nouvelle);
+      if (!reprises_.back().Vide() && !Otee({changee.nouvelle})) suivies_.refaites.push_back(changee.nouvelle);
     }
     for (std::size_t i = 0; i < mod_.lignes.size(); ++i) {
       if (i == mod_.premiereApres) EcrireCopies(false);
@@ -181,12 +216,11 @@ class Suivi {
 
  private:
   bool Presente(const std::string& nom) const {
-    return std::any_of(mod_.lignes.begin() + kDebutDesModalites, mod_.lignes.end(),
-                       [&](const std::string& ligne) { return EstDe(ligne, nom); });
+    return std::ranges::any_of(lues_, [&](const LigneLue& lue) { return EstDe(lue, nom); });
   }
 
-  bool Otee(std::string_view ligne) const {
-    return std::ranges::any_of(otees_, [&](const std::string& nom) { return EstDe(ligne, nom); });
+  bool Otee(const LigneLue& lue) const {
+    return std::ranges::any_of(otees_, [&](const std::string& nom) { return EstDe(lue, nom); });
   }
 
   void EcrireCopies(bool derriere) {
@@ -195,23 +229,35 @@ class Suivi {
   }
 
   void Ecrire(std::size_t rang, bool derriere) {
-    const std::string modalite = NomDeModalite(changees_[rang].nouvelle, 1);
-    if (Otee(modalite) || FinitLesModalites(modalite) || !ecrites_.emplace(rang, derriere).second) return;
+    const std::string& question = changees_[rang].nouvelle;
+    if (Otee({question}) || FinitLesModalites(NomDeModalite(question, 1)) || !ecrites_.emplace(rang, derriere).second)
+      return;
     const std::vector<std::string>& lignes = reprises_[rang].Lignes(derriere);
     suivies_.lignes.insert(suivies_.lignes.end(), lignes.begin(), lignes.end());
   }
 
   void Ligne(std::size_t i) {
-    const std::string& ligne = mod_.lignes[i];
+    const LigneLue& lue = lues_[i];
     const auto changee =
-        std::ranges::find_if(changees_, [&](const CodesChanges& c) { return !c.Copie() && EstDe(ligne, c.question); });
-    if (i < kDebutDesModalites || FinitLesModalites(ligne)) suivies_.lignes.push_back(ligne);
-    else if (Otee(ligne)) return;
-    else if (changee == changees_.end()) suivies_.lignes.push_back(ligne);
+        std::ranges::find_if(changees_, [&](const CodesChanges& c) { return !c.Copie() && EstDe(lue, c.question); });
+    if (lue.indecise) Laisser(CadreGauche(mod_.lignes[i], 4));
+    if (Otee(lue)) return;
+    if (changee == changees_.end()) suivies_.lignes.push_back(mod_.lignes[i]);
     else Ecrire(static_cast<std::size_t>(changee - changees_.begin()), i >= mod_.premiereApres);
   }
 
+  // Tells of a name that a changed question may have.
+  void Laisser(const std::string& nom) {
+    const auto peutLAvoir = [&](const CodesChanges& changee) {
+      return Milieu(changee.question, 1, 2) == Milieu(nom, 1, 2);
+    };
+    if (std::ranges::any_of(changees_, peutLAvoir) &&
+        std::ranges::find(suivies_.indecises, nom) == suivies_.indecises.end())
+      suivies_.indecises.push_back(nom);
+  }
+
   const FichierMod& mod_;
+  std::vector<LigneLue> lues_;
   std::vector<CodesChanges> changees_;
   std::vector<std::string> otees_;
   std::vector<Reprise> reprises_;
@@ -221,9 +267,9 @@ class Suivi {
 
 }  // namespace
 
-ModalitesSuivies SuivreRecodage(const FichierMod& mod, const std::vector<CodesChanges>& regles,
+ModalitesSuivies SuivreRecodage(const FichierMod& mod, const FichierPos& pos, const std::vector<CodesChanges>& regles,
                                 const std::vector<std::string>& creees) {
-  return Suivi(mod, regles, creees).Resultat();
+  return Suivi(mod, pos, regles, creees).Resultat();
 }
 
 }  // namespace quelvar::sorts

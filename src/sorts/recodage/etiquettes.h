@@ -26,6 +26,8 @@ struct ModalitesSuivies {
   std::vector<std::string> lignes;
   std::vector<std::string> refaites;  // questions of the new file whose labels were rebuilt
   std::vector<std::string> otees;     // names that a created question takes from another: their labels are left out
+  // Modalities that may be of a changed question or of another one, and whose place tells nothing: as they were.
+  std::vector<std::string> indecises;
 };
 
 // Label of the codes that become one: each label once it touches no other as a range ("15-25 ans", "26-35 ans" give
@@ -37,8 +39,8 @@ std::vector<CodesChanges> CodesChangesPar(const FichierPos& pos, const OptionsRe
 
 // Rewrites the lines of a .MOD: in place of the modalities of a changed question those of its new codes that an old
 // code with a line becomes, supplementary when all these are; those of a copy behind the others. The names of `creees`
-// (VIT) lose their lines.
-ModalitesSuivies SuivreRecodage(const FichierMod& mod, const std::vector<CodesChanges>& regles,
+// (VIT) lose their lines. `pos`: the questions before the recoding.
+ModalitesSuivies SuivreRecodage(const FichierMod& mod, const FichierPos& pos, const std::vector<CodesChanges>& regles,
                                 const std::vector<std::string>& creees);
 
 }  // namespace quelvar::sorts

@@ -83,11 +83,11 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
     if (pos.fin == FinDeListe::Dollars)
       for (const Vit& vit : LireBlocVit(std::span(pos.lignes).subspan(pos.premiereApres)).vits)
         creees.push_back(vit.nom);
-    suivies = SuivreRecodage(LireMod(contexte.Exiger(".MOD")), CodesChangesPar(pos, options), creees);
+    suivies = SuivreRecodage(LireMod(contexte.Exiger(".MOD")), pos, CodesChangesPar(pos, options), creees);
   } catch (const Erreur&) {
     return std::nullopt;
   }
-  if (suivies->refaites.empty() && suivies->otees.empty()) return std::nullopt;
+  if (suivies->refaites.empty() && suivies->otees.empty() && suivies->indecises.empty()) return std::nullopt;
   const auto dire = [&](Texte texte, const std::vector<std::string>& noms) {
     if (noms.empty()) return;
     rapport.Suite(texte);
@@ -96,6 +96,8 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
   };
   dire("Les intitulés de modalités sont refaits d'après le recodage pour :"_w, suivies->refaites);
   dire("Les intitulés de modalités ne sont pas repris, une question créée a le même nom :"_w, suivies->otees);
+  dire("Ces intitulés de modalités restent tels quels, plusieurs questions peuvent avoir la modalité :"_w,
+       suivies->indecises);
   return suivies;
 }
 

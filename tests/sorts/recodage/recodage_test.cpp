@@ -194,6 +194,32 @@ TEST_F(RunRecodage, LabelsFollowTheirCodes) {
   }
 }
 
+TEST_F(RunRecodage, LabelsOfCodesOfTwoDigitsFollowThem) {
+  const struct {
+    std::string_view regle, suite, mod, dit;
+    bool enFin;
+  } cas[] = {
+      {"1=75/75=1", "", "DEP1   Ain\r\nDE75   Paris\r\nDET1   un\r\nDE75   det\r\n*DE1   Paris\r\n*D75   Ain\r\n**\r\n",
+       "pour : *DE\r\n", true},
+      {"40=96", "", "DEP1   Ain\r\nDE75   Paris\r\nDET1   un\r\nDE75   det\r\n**\r\n", "pour : DEP\r\n", false},
+      {"75=40", "", "DEP1   Ain\r\nDE40   Paris\r\nDET1   un\r\nDE75   det\r\n**\r\n", "pour : DEP\r\n", false},
+      {"", "$$DEP\nSEX     1\n$$\n", "DET1   un\r\nDE75   det\r\n**\r\n", "a le même nom : DEP\r\n"_w, false},
+  };
+  for (const auto& [regle, suite, attendu, dit, enFin] : cas) {
+    Ecrire("ENQ.POS", Joindre({"T\n 1 \nDEP   195 ", regle, "\n", std::string_view(enFin ? "TEL" : "DET"),
+                               "   395\nSEX   5 2\n", suite}));
+    Ecrire("ENQ.DAT", "75751\n");
+    Ecrire("ENQ.MOD",
+           "ENQ\r\n FMT=4 \r\nDEP1   Ain\r\nDE75   Paris\r\nDET1   un\r\nDE75   det\r\n**\r\nDE99   perdu\r\n");
+    EXPECT_EQ(Executer({.enFin = enFin}), Fin::Normale) << montre_;
+    EXPECT_EQ(Lire("ENR.MOD"), Joindre({"ENQ\r\n FMT=4 \r\n", attendu, "DE99   perdu\r\n"})) << regle;
+    EXPECT_TRUE(Dit(dit)) << montre_;
+    EXPECT_EQ(Dit("peuvent avoir la modalité : DE99\r\n"_w), !regle.empty() && !enFin)
+        << "a code that both questions have lost";
+    Effacer("ENR.MOD");
+  }
+}
+
 TEST_F(RunRecodage, NothingThatTheRunReadsIsWrittenOver) {
   Ecrire("ENQ.POS", "T\n 1 \nAAA   1 2 1=2\n");
   Ecrire("ENQ.DAT", "1\r\n");
