@@ -132,7 +132,7 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
 }
 
 // Two runs of one name are two questions to the tabular analysis, and one where the logistic part compares names.
-void PrevenirDesHomonymes(const Contexte& contexte, const Modele& modele) {
+void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Modele& modele) {
   std::vector<std::string> noms;
   for (std::size_t i = 0; i < modele.questions.size(); ++i) {
     const std::string& nom = modele.questions[i].nom;
@@ -141,12 +141,10 @@ void PrevenirDesHomonymes(const Contexte& contexte, const Modele& modele) {
     if (std::count_if(modele.questions.begin(), fin, meme) == 1) noms.push_back(nom);
   }
   if (noms.empty()) return;
-  contexte.Ecran().biper();
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : plusieurs questions portent le même nom, l'analyse tabulaire les sépare et l'effet "
-               "expérimental les prend pour une seule, ses moyennes sont fausses : renommez leurs modalités ("_w,
-               EnListe(noms), ")"}),
-      Boutons::Ok);
+  Avertir(rapport, contexte.Ecran(),
+          Joindre({"*** Arrêt du programme : plusieurs questions portent le même nom, renommez leurs modalités ("_w,
+                   EnListe(noms), ")"}));
+  throw Erreur(kArretAnnonce);
 }
 
 void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
@@ -216,7 +214,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const Fichiers
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
-  PrevenirDesHomonymes(contexte, travail.modele);
+  RefuserLesHomonymes(contexte, rapport, travail.modele);
   PrevenirDesConfusions(contexte, travail.modele);
   PrendreLesReponses(contexte, rapport, fichiers, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);

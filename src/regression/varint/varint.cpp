@@ -66,6 +66,17 @@ std::vector<std::size_t> Choisir(const Contexte& contexte, Rapport& rapport, con
   return choisies;
 }
 
+// A name that was not chosen stands in the profiles all the same, once for each question that has it.
+void PrevenirDesHomonymes(const Contexte& contexte, const FichierPos& pos) {
+  for (const Question& question : pos.questions) {
+    const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, question.nom);
+    if (rangs.size() < 2) continue;
+    contexte.Ecran().demander(Joindre({"*** Attention : ", FauteHomonymes(question.nom, pos.questions, rangs)}),
+                              Boutons::Ok);
+    return;
+  }
+}
+
 void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profil, EditionVarint edition) {
   const Question& question = pos.questions[profil.question];
   const std::vector<LienDeProfil> liens = LiensTries(profil);
@@ -184,6 +195,7 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   rapport.Ligne({"Il y a ", NombreNu(pos.questions.size()), " questions"});
   rapport.Ligne(LigneDesIndividus(annonces));
   const std::vector<std::size_t> choisies = Choisir(contexte, rapport, pos, options);
+  PrevenirDesHomonymes(contexte, pos);
   const std::uint64_t lignes = std::min<std::uint64_t>(static_cast<std::uint64_t>(std::max<std::int64_t>(annonces, 0)),
                                                        LongueurFichier(*donnees));
   ExigerPlace(contexte, rapport, {2 * pos.questions.size() * lignes, 0});  // a byte a code, in vectors that grow
