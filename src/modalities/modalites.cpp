@@ -14,7 +14,12 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
       if (question.codeMax < 0 || question.codeMax > kDernierCodeNomme) throw Erreur(kIndiceHorsSelection);
       plan.questions.push_back({rang, static_cast<std::uint32_t>(plan.modalites.size()), question.codeMax});
       for (int code = codesZero ? 0 : 1; code <= question.codeMax; ++code)
-        plan.modalites.push_back({NomDeModalite(question.nom, code), statut == Statut::Supplementaire, {}, {}});
+        plan.modalites.push_back({NomDeModalite(question.nom, code),
+                                  statut == Statut::Supplementaire,
+                                  {},
+                                  {},
+                                  CadreGauche(question.nom, 3),
+                                  code});
     }
   }
   return plan;

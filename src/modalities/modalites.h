@@ -21,6 +21,8 @@ struct ModaliteCreee {
   bool supplementaire = false;  // of a supplementary question
   std::string marque;           // 3 characters
   std::string intitule;         // at most 25 characters
+  std::string question = {};    // its name, of 3 characters
+  int code = 0;
 };
 
 // The questions in the order in which they are read, active ones first, and the modalities that they take.

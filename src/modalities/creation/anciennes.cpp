@@ -1,6 +1,8 @@
 #include "modalities/creation/anciennes.h"
 
 #include <algorithm>
+#include <map>
+#include <optional>
 #include <span>
 #include <unordered_map>
 
@@ -23,39 +25,78 @@ void DonnerMarqueUsuelle(ModaliteCreee& modalite, bool nommer) {
 
 }  // namespace
 
-std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin) {
+std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin, const FichierPos& pos) {
   std::vector<AncienneModalite> anciennes;
   LecteurLignes lecteur(chemin);
   lecteur.LireObligatoire();
   lecteur.LireObligatoire();
-  for (std::string_view ligne; lecteur.Lire(ligne);)
-    anciennes.push_back({std::string(ligne), CadreGauche(ligne, 4), FinitLesModalites(ligne)});
+  LecteurDeCodes codes(pos);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    AncienneModalite ancienne{std::string(ligne), CadreGauche(ligne, 4), FinitLesModalites(ligne)};
+    if (ancienne.reprise) codes.Couper();
+    else ancienne.lu = codes.Lire(ancienne.nom);
+    anciennes.push_back(std::move(ancienne));
+  }
   return anciennes;
 }
 
-void ReprendreAnciennes(std::vector<ModaliteCreee>& modalites, std::vector<AncienneModalite>& anciennes, bool oublier,
-                        bool nommer) {
-  std::unordered_map<std::string_view, AncienneModalite*> premieres;
-  for (AncienneModalite& ancienne : anciennes)
-    if (!ancienne.reprise) premieres.emplace(ancienne.nom, &ancienne);
+namespace {
 
-  for (ModaliteCreee& modalite : modalites) {
-    const auto trouvee = premieres.find(modalite.nom);
-    if (trouvee != premieres.end()) trouvee->second->reprise = true;
-    if (trouvee == premieres.end() || oublier) {
-      DonnerMarqueUsuelle(modalite, nommer);
-    } else {
-      const Modalite lue = LireLigneModalite(trouvee->second->ligne);
-      modalite.marque = CadreGauche(lue.marque, 3);
-      modalite.intitule = lue.intitule.substr(0, kLargeurIntitule);
+// The old lines by what they are of: the first of each.
+class Repertoire {
+ public:
+  explicit Repertoire(const std::vector<AncienneModalite>& anciennes) {
+    for (std::size_t i = 0; i < anciennes.size(); ++i) {
+      const AncienneModalite& ancienne = anciennes[i];
+      if (ancienne.reprise) continue;
+      if (ancienne.lu.certitude == Certitude::Sure) sures_.emplace(Cle{ancienne.lu.question, ancienne.lu.code}, i);
+      else douteuses_.emplace(ancienne.nom, i);
     }
   }
+
+  std::optional<std::size_t> Sure(const ModaliteCreee& modalite) const {
+    const auto trouvee = sures_.find(Cle{modalite.question, modalite.code});
+    return trouvee == sures_.end() ? std::nullopt : std::optional(trouvee->second);
+  }
+  std::optional<std::size_t> Douteuse(const ModaliteCreee& modalite) const {
+    const auto trouvee = douteuses_.find(modalite.nom);
+    return trouvee == douteuses_.end() ? std::nullopt : std::optional(trouvee->second);
+  }
+
+ private:
+  using Cle = std::pair<std::string_view, int>;
+  std::map<Cle, std::size_t> sures_;
+  std::unordered_map<std::string_view, std::size_t> douteuses_;
+};
+
+}  // namespace
+
+std::vector<std::string> ReprendreAnciennes(std::vector<ModaliteCreee>& modalites,
+                                            std::vector<AncienneModalite>& anciennes, bool oublier, bool nommer) {
+  const Repertoire repertoire(anciennes);
+  std::vector<std::string> douteuses;
+  for (ModaliteCreee& modalite : modalites) {
+    const std::optional<std::size_t> sure = repertoire.Sure(modalite);
+    const std::optional<std::size_t> trouvee = sure ? sure : repertoire.Douteuse(modalite);
+    if (trouvee) anciennes[*trouvee].reprise = true;
+    if (!trouvee || oublier) {
+      DonnerMarqueUsuelle(modalite, nommer);
+      continue;
+    }
+    const Modalite lue = LireLigneModalite(anciennes[*trouvee].ligne);
+    modalite.marque = CadreGauche(lue.marque, 3);
+    modalite.intitule = lue.intitule.substr(0, kLargeurIntitule);
+    if (!sure && (modalite.marque != kMarqueActive || !modalite.intitule.empty()))
+      douteuses.push_back(Joindre({modalite.nom, " (", Rogner(modalite.question), ")"}));
+  }
+  return douteuses;
 }
 
 namespace {
 
 // The modalities of a question, code 0 first when it is one.
-std::span<ModaliteCreee> ModalitesDe(PlanModalites& plan, const QuestionChoisie& question) {
+template <class Plan>
+auto ModalitesDe(Plan& plan, const QuestionChoisie& question) {
   const std::size_t nombre = static_cast<std::size_t>(std::max(question.codeMax, 0)) + (plan.codesZero ? 1 : 0);
   return std::span(plan.modalites).subspan(question.premiere, nombre);
 }
@@ -64,20 +105,17 @@ std::span<ModaliteCreee> ModalitesDe(PlanModalites& plan, const QuestionChoisie&
 
 std::vector<std::size_t> QuestionsPasseesDeLAutreCote(const PlanModalites& plan,
                                                       const std::vector<AncienneModalite>& anciennes) {
-  std::unordered_map<std::string_view, bool> supplementaires;  // of the first old line of each name
-  for (const AncienneModalite& ancienne : anciennes)
-    if (!ancienne.reprise) supplementaires.emplace(ancienne.nom, LireLigneModalite(ancienne.ligne).supplementaire);
-
+  const Repertoire repertoire(anciennes);
   std::vector<std::size_t> changees;
-  PlanModalites copie = plan;
   for (std::size_t q = 0; q < plan.questions.size(); ++q) {
     std::size_t connues = 0;
     std::size_t autres = 0;
-    for (const ModaliteCreee& modalite : ModalitesDe(copie, plan.questions[q]).subspan(plan.codesZero ? 1 : 0)) {
-      const auto ancienne = supplementaires.find(modalite.nom);
-      if (ancienne == supplementaires.end()) continue;
+    for (const ModaliteCreee& modalite : ModalitesDe(plan, plan.questions[q])) {
+      if (modalite.nom.ends_with('0')) continue;
+      const std::optional<std::size_t> ancienne = repertoire.Sure(modalite);
+      if (!ancienne) continue;
       ++connues;
-      if (ancienne->second != modalite.supplementaire) ++autres;
+      if (LireLigneModalite(anciennes[*ancienne].ligne).supplementaire != modalite.supplementaire) ++autres;
     }
     if (connues > 0 && autres == connues) changees.push_back(q);
   }

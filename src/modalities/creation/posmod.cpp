@@ -183,6 +183,20 @@ std::vector<std::size_t> DemanderChangements(const FichierPos& pos, const PlanMo
   return changees;
 }
 
+// Modalities whose mark and label may be another question's.
+void DireDouteuses(const std::vector<std::string>& douteuses, Rapport& rapport, const Dialogue& dialogue) {
+  if (douteuses.empty()) return;
+  std::string noms;
+  for (const std::string& nom : douteuses) noms.append(noms.empty() ? "" : ", ").append(nom);
+  const std::string phrase =
+      Joindre({"Dans l'ancien fichier de modalités, ces noms peuvent être ceux de plusieurs questions ; la marque et "
+               "l'intitulé viennent de la première ligne de ce nom, vérifiez-les : "_w,
+               noms});
+  dialogue.demander(phrase, Boutons::Ok);
+  rapport.Ligne();
+  rapport.Ligne(phrase);
+}
+
 std::string PhraseDeRelance(const Contexte& contexte) {
   return Joindre(
       {"Le tableau "_w, contexte.Nom(".BRT"), " n'est plus celui des modalités de "_w, contexte.Nom(".MOD"),
@@ -220,11 +234,12 @@ void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, cons
   RefuserCodesMax(preparation.pos, choix, rapport, contexte.Ecran());
   PlanModalites plan = PlanifierModalites(preparation.pos, choix, options.codesZero);
   std::vector<AncienneModalite> anciennes;
-  if (preparation.ancienMod) anciennes = LireAnciennes(*preparation.ancienMod);
+  if (preparation.ancienMod) anciennes = LireAnciennes(*preparation.ancienMod, preparation.pos);
   std::vector<std::size_t> changees;
   if (!nommer && !options.oublierAnciennes)
     changees = DemanderChangements(preparation.pos, plan, anciennes, rapport, contexte.Ecran());
-  ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer);
+  DireDouteuses(ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer), rapport,
+                contexte.Ecran());
   MarquerSelonLeChoix(plan, changees);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);

@@ -5,6 +5,7 @@
 
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
+#include "modalities/codes.h"
 
 namespace quelvar::modalities {
 
@@ -13,6 +14,7 @@ namespace {
 constexpr std::string_view kActive = "   ";
 constexpr std::string_view kSupplementaire = " S ";
 constexpr std::size_t kLargeurQuestion = 3;
+constexpr std::size_t kLettresCommunes = 2;
 
 void PoserStatut(std::string& texte, bool supplementaire) {
   texte.replace(4, 3, supplementaire ? kSupplementaire : kActive);
@@ -27,11 +29,42 @@ void PoserStatut(std::string& texte, bool supplementaire) {
   Arreter(rapport, {"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
 }
 
-// The modalities of a question.
-std::vector<std::size_t> RangsDeLaQuestion(const std::vector<std::string>& textes, std::string_view nom) {
+// The question of each modality, by its name and place; empty where several are possible. What the .POS does not know
+// has the question of the line before, for two digits, else the one that its first characters name.
+std::vector<std::string> QuestionsDesModalites(const FichierPos& pos, const std::vector<std::string>& textes) {
+  std::vector<std::string> questions;
+  LecteurDeCodes codes(pos);
+  std::string avant;
+  for (const std::string& texte : textes) {
+    const std::string_view nom = NomDeTexte(texte);
+    const CodeLu lu = codes.Lire(nom);
+    if (lu.certitude == Certitude::Sure) avant = lu.question;
+    else if (lu.certitude == Certitude::Douteuse) avant.clear();
+    else if (!EstEnDeuxChiffres(nom) || avant.empty() || !nom.starts_with(avant.substr(0, kLettresCommunes)))
+      avant = nom.substr(0, kLargeurQuestion);
+    questions.push_back(avant);
+  }
+  return questions;
+}
+
+// The questions of the set; none without a .POS.
+FichierPos PosDe(const Contexte& contexte) {
+  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
+  return chemin ? LirePos(*chemin) : FichierPos{};
+}
+
+// The modalities of a question. One that may be another question's stops the run.
+std::vector<std::size_t> RangsDeLaQuestion(const std::vector<std::string>& questions,
+                                           const std::vector<std::string>& textes, std::string_view nom,
+                                           Rapport& rapport) {
   std::vector<std::size_t> rangs;
-  for (std::size_t i = 0; !Rogner(nom).empty() && i < textes.size(); ++i)
-    if (Rogner(Milieu(textes[i], 1, kLargeurQuestion)) == Rogner(nom)) rangs.push_back(i);
+  const std::string lettres = CadreGauche(nom, kLettresCommunes);
+  for (std::size_t i = 0; !Rogner(nom).empty() && i < textes.size(); ++i) {
+    if (questions[i].empty() && textes[i].starts_with(lettres))
+      Arreter(rapport, {"La modalité "_w, NomDeTexte(textes[i]), " peut être d'une autre question que "_w, nom,
+                        " : nommez les modalités une à une"_w});
+    if (Rogner(questions[i]) == Rogner(nom)) rangs.push_back(i);
+  }
   return rangs;
 }
 
@@ -41,27 +74,30 @@ struct Statuts {
   std::vector<std::pair<std::size_t, bool>> modalites;
 };
 
-void DemanderStatut(Statuts& statuts, const std::vector<std::string>& textes, const std::vector<std::string>& noms,
-                    bool supplementaire, Rapport& rapport) {
+void DemanderStatut(Statuts& statuts, const Contexte& contexte, const std::vector<std::string>& textes,
+                    const std::vector<std::string>& noms, bool supplementaire, Rapport& rapport) {
+  std::vector<std::string> questions;
   for (const std::string& nom : noms) {
     const std::size_t rang = RangDeModalite(textes, nom);
     if (rang < textes.size()) {
       statuts.modalites.emplace_back(rang, supplementaire);
       continue;
     }
-    const std::vector<std::size_t> rangs = RangsDeLaQuestion(textes, nom);
+    if (questions.empty()) questions = QuestionsDesModalites(PosDe(contexte), textes);
+    const std::vector<std::size_t> rangs = RangsDeLaQuestion(questions, textes, nom, rapport);
     if (rangs.empty()) RefuserModalite(rapport, nom);
     for (const std::size_t r : rangs) statuts.questions.emplace_back(r, supplementaire);
   }
 }
 
-void Appliquer(std::vector<std::string>& textes, const OptionsModifMod& options, Rapport& rapport) {
+void Appliquer(const Contexte& contexte, std::vector<std::string>& textes, const OptionsModifMod& options,
+               Rapport& rapport) {
   for (const std::string& nom : options.actives)
     if (std::find(options.supplementaires.begin(), options.supplementaires.end(), nom) != options.supplementaires.end())
       Arreter(rapport, {nom, " est demandé à la fois actif et supplémentaire"_w});
   Statuts statuts;
-  DemanderStatut(statuts, textes, options.supplementaires, true, rapport);
-  DemanderStatut(statuts, textes, options.actives, false, rapport);
+  DemanderStatut(statuts, contexte, textes, options.supplementaires, true, rapport);
+  DemanderStatut(statuts, contexte, textes, options.actives, false, rapport);
   for (const auto& demandes : {statuts.questions, statuts.modalites})
     for (const auto& [rang, supplementaire] : demandes) PoserStatut(textes[rang], supplementaire);
   for (const auto& [nom, intitule] : options.intitules) {
@@ -130,7 +166,7 @@ Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) 
     EtatModifMod etat = ChargerModifMod(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
-    Appliquer(etat.textes, options, rapport);
+    Appliquer(contexte, etat.textes, options, rapport);
     Enregistrer(contexte, etat.textes);
     rapport.Ligne(kEnregistre);
   });

@@ -75,6 +75,94 @@ TEST_F(RunPosmod, TodaysChoiceHoldsForAQuestionThatChangesSides) {
   }
 }
 
+// A name that ends in "0" is marked by the creation, whatever its question: the mark tells nothing of a side.
+TEST_F(RunPosmod, AQuestionOfFortyCodesChangesSides) {
+  Ecrire("ENQ.DAT", "4012\n4121\n");
+  Ecrire("ENQ.POS", "T\n 2 \nAGE   141\nSEX   3 2\nTEL   4 2\n");
+  const OptionsPosmod enActif{.actives = {{"AGE", "SEX"}}, .supplementaires = {{"TEL"}}, .codesZero = false};
+  ASSERT_EQ(Posmod(contexte_, enActif), Fin::Normale);
+  const std::string premier = Lire("ENQ.MOD");
+  EXPECT_NE(premier.find("AG39   \r\nAG40 S \r\nAG41   \r\nSEX1   \r\n"), std::string::npos) << premier;
+  ASSERT_EQ(Posmod(contexte_, {.actives = {{"SEX", "TEL"}}, .supplementaires = {{"AGE"}}, .codesZero = false}),
+            Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("actives : TEL\r\nmaintenant supplémentaires : AGE\r\n"_w), std::string::npos);
+  for (const std::string_view ligne : {"AGE1 S \r\n", "AG39 S \r\nAG40 S \r\nAG41 S \r\n"})
+    EXPECT_NE(Lire("ENQ.MOD").find(ligne), std::string::npos) << ligne;
+  ASSERT_EQ(Posmod(contexte_, enActif), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.MOD"), premier + "**\r\n");
+}
+
+// AG36 and AG37 are codes of both questions: each keeps the labels and marks of its own lines.
+TEST_F(RunPosmod, SharedNamesFollowTheirPlaceInTheOldFile) {
+  const auto codes = [](const std::string& nom, std::string_view marque, std::string_view suite) {
+    std::string lignes;
+    for (const char code : std::string_view("123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
+      lignes += Joindre({nom, std::string(1, code), marque, "\r\n"});
+    return Joindre({lignes, "AG36", marque, "\r\nAG37", marque, suite, "\r\n"});
+  };
+  const std::string age = codes("AGE", "   ", "age 37");
+  const std::string agr = codes("AGR", "   ", "agr 37");
+  const std::string ageSup = codes("AGE", " S ", "age 37");
+  const std::string agrSup = codes("AGR", " S ", "agr 37");
+  using Noms = std::vector<std::string>;
+  const struct {
+    Noms actives, supplementaires;
+    std::string ancien, attendu;
+    std::string_view boite;
+  } cas[] = {
+      {{"AGE", "AGR"}, {}, age + agr, age + agr + "**\r\n", ""},
+      {{"AGR"}, {}, age + agr, agr + "**\r\n" + age, ""},
+      {{"AGE"}, {}, "**\r\n" + agr, codes("AGE", "   ", "") + "**\r\n" + agr, ""},
+      {{"AGR"}, {"AGE"}, age + agrSup, agr + ageSup + "**\r\n", "actives : AGR\r\nmaintenant supplémentaires : AGE"_w},
+  };
+  for (const auto& c : cas) {
+    Ecrire("ENQ.DAT", "3736\n3637\n");
+    Ecrire("ENQ.POS", "T\n 2 \nAGE   137\nAGR   337\n");
+    Ecrire("ENQ.MOD", "ENQ\r\n x\r\n" + c.ancien);
+    boites_.clear();
+    ASSERT_EQ(Posmod(contexte_, {.actives = c.actives, .supplementaires = c.supplementaires, .codesZero = false}),
+              Fin::Normale);
+    EXPECT_EQ(Lire("ENQ.MOD").substr(Lire("ENQ.MOD").find("AG")), c.attendu);
+    ASSERT_EQ(boites_.size(), c.boite.empty() ? 0U : 1U);
+    if (!boites_.empty()) {
+      EXPECT_NE(boites_[0].find(c.boite), std::string::npos) << boites_[0];
+    }
+  }
+}
+
+// Q361 is the code 61 of Q31, or the first one of Q36.
+TEST_F(RunPosmod, TheFirstCodeOfAQuestionIsNoCodeOfAnother) {
+  Ecrire("ENQ.DAT", "6111\n6011\n");
+  Ecrire("ENQ.POS", "T\n 2 \nQ31   161\nQ36   3 1\nSEX   4 1\n");
+  Ecrire("ENQ.MOD", "ENQ\n x\nQ361   un\nQ310   \n");
+  ASSERT_EQ(Posmod(contexte_, {.actives = {{"SEX"}}, .supplementaires = {{"Q36"}}, .codesZero = false}), Fin::Normale);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("supplémentaires : Q36\r\n"_w), std::string::npos) << boites_[0];
+  EXPECT_NE(Lire("ENQ.MOD").find("\r\nQ361 S un\r\n**\r\nQ310   \r\n"), std::string::npos) << Lire("ENQ.MOD");
+}
+
+// A place that does not tell the question: the first line of the name is taken, and this is told.
+TEST_F(RunPosmod, SharedNamesWithoutAPlaceAreTold) {
+  const struct {
+    std::string_view ancien, dits;
+  } cas[] = {{"AG37 S douteux\n", ": AG37 (AGE), AG37 (AGR)"},
+             {"AGR1   \nAG37   douteux\n", ""},
+             {"AGZ1   \nAG38   d'une autre\n", ": AG38 (AGE)"},
+             {"AGZ1   \nAG38   \n", ""}};
+  for (const auto& [ancien, dits] : cas) {
+    Ecrire("ENQ.DAT", "3736\n3637\n");
+    Ecrire("ENQ.POS", "T\n 2 \nAGE   138\nAGR   337\n");
+    Ecrire("ENQ.MOD", Joindre({"ENQ\n x\n", ancien}));
+    boites_.clear();
+    ASSERT_EQ(Posmod(contexte_, {.actives = {{"AGE", "AGR"}}, .codesZero = false}), Fin::Normale);
+    ASSERT_EQ(boites_.size(), dits.empty() ? 0U : 1U) << ancien;
+    if (dits.empty()) continue;
+    EXPECT_TRUE(boites_[0].ends_with(dits)) << boites_[0];
+    EXPECT_NE(Lire("ENQ.PRT").find(boites_[0] + "\r\n"), std::string::npos);
+  }
+}
+
 TEST_F(RunPosmod, TheProgressCoversTheIndividualsAndIsHidden) {
   Ecrire("ENQ.DAT", "1\n2\n");
   Ecrire("ENQ.POS", "T\n 2 \nSEX   1 2 &ACT&\n");

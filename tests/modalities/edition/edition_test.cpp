@@ -52,6 +52,36 @@ TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   EXPECT_EQ(Lire("ENQ.MOD"), autre);
 }
 
+// The name of a question reaches its codes of 36 on, and none of another question of the same letters.
+TEST_F(Edition, TheNameOfAQuestionReachesItsCodesOfTwoDigits) {
+  const std::string deux = "AGEZ   \r\nAG36   \r\nAG40 S \r\nAGRZ   \r\nAG36   \r\n";
+  const std::string trois = "AG35   \r\nAG36   \r\n";
+  const struct {
+    std::string_view pos, nom;
+    std::string avant, apres;  // empty: the run stops
+  } cas[] = {
+      {"AGE   140\nAGR   336\n", "AGE", deux, "AGEZ S \r\nAG36 S \r\nAG40 S \r\nAGRZ   \r\nAG36   \r\n"},
+      {"AGE   140\nAGR   336\n", "AGR", deux, "AGEZ   \r\nAG36   \r\nAG40 S \r\nAGRZ S \r\nAG36 S \r\n"},
+      {"", "AGE", deux, "AGEZ S \r\nAG36 S \r\nAG40 S \r\nAGRZ   \r\nAG36   \r\n"},
+      {"AGE   136\nAG3   3 9\n", "AG3", "AGEZ   \r\nAG36   \r\n" + trois,
+       "AGEZ   \r\nAG36   \r\nAG35 S \r\nAG36 S \r\n"},
+      {"AGE   136\nAGR   336\n", "AGR", "AGEA   \r\nAGRZ   \r\n**\r\nAG36   \r\n",
+       "AGEA   \r\nAGRZ S \r\n**\r\nAG36   \r\n"},
+      {"AGE   136\nAGR   336\n", "AGR", "AG36   \r\nAGRZ   \r\n", ""},
+  };
+  for (const auto& c : cas) {
+    const std::string tete = "T\r\n BRT=5 FMT=1 \r\n";
+    Ecrire("ENQ.MOD", tete + c.avant);
+    if (c.pos.empty()) Effacer("ENQ.POS");
+    else Ecrire("ENQ.POS", Joindre({"T\n 2 \n", c.pos}));
+    OptionsModifMod options;
+    options.supplementaires = {std::string(c.nom)};
+    EXPECT_EQ(ModifierModalites(contexte_, options), c.apres.empty() ? Fin::Arret : Fin::Normale) << montre_;
+    EXPECT_EQ(Lire("ENQ.MOD"), tete + (c.apres.empty() ? c.avant : c.apres)) << c.pos << c.nom;
+  }
+  EXPECT_TRUE(Dit("La modalité AG36 peut être d'une autre question que AGR"_w)) << montre_;
+}
+
 // --- NomQuest ---
 
 TEST(LigneAvecIntitule, ReadersFindTheNameAgain) {
