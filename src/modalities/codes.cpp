@@ -43,8 +43,7 @@ CodeLu LecteurDeCodes::Lire(std::string_view nom) {
   const bool douteuse = faute == FauteDeNom::Partagee || (faute == FauteDeNom::Aucune && suitUneAutre);
   lettres_ = nom.substr(0, kLettresCommunes);
   precedente_ = faute == FauteDeNom::Aucune && !douteuse ? std::optional(lu) : std::nullopt;
-  if (precedente_)
-    return {Certitude::Sure, CadreGauche(pos_.questions[lu.question].nom, kLargeurQuestion), lu.code};
+  if (precedente_) return {Certitude::Sure, CadreGauche(pos_.questions[lu.question].nom, kLargeurQuestion), lu.code};
   return {douteuse ? Certitude::Douteuse : Certitude::Inconnue};
 }
 
