@@ -44,6 +44,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   options.liens = (choix & 16) != 0;
   options.arbre = (choix & 32) != 0;
   options.pajek = (choix & 64) != 0;
+  if ((choix & 128) != 0) {
+    options.ellipses = "CMI";
+    options.marques = {"A1", "B2"};
+  }
   quelvar::Dialogue dialogue;
   const bool fini = quelvar::factor::Graphe(dossier.Contexte(dialogue), options) == quelvar::Fin::Normale;
   if (!dossier.Existe("ENQ.PRT") || (fini && !dossier.Existe("ENQFac.svg"))) std::abort();

@@ -112,6 +112,8 @@ std::string PreparationDImport::Renommer(std::size_t colonne, std::string_view n
 std::vector<std::string> PreparationDImport::Refus() const {
   std::vector<std::string> refus = RefusDeTable(apercu_.faits);
   for (const std::string& autre : RefusDesChoix(choix_, Colonnes())) refus.push_back(autre);
+  if (std::ranges::all_of(choix_, [](const ChoixDeColonne& choix) { return choix.genre == Genre::Ecartee; }))
+    refus.emplace_back("*** Erreur : toutes les colonnes sont laissées de côté, dites ce que devient l'une d'elles"_w);
   return refus;
 }
 
@@ -168,6 +170,7 @@ std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeCol
 std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
   std::vector<std::string> libelles;
   std::vector<double> bornes = choix.bornes;
+  if (bornes.empty() && choix.groupes == 0) return libelles;
   if (bornes.empty()) {
     constexpr std::int64_t kNombresAuPlus = 200000;  // looked at while the user waits
     if (colonne.valeurs.empty() || colonne.remplies > kNombresAuPlus) return libelles;

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <memory>
 #include <optional>
-#include <set>
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/exigences.h"
@@ -334,20 +333,11 @@ void ExigerPlaceDuCsv(Rapport& rapport, const Contexte& contexte, const std::vec
   ExigerPlace(contexte, rapport, {0, lignes * ligne});
 }
 
-// Two columns of one name could not be told apart, nor their labels.
-void ExigerNomsDifferents(const FichierPos& pos) {
-  std::set<std::string_view> vus;
-  for (const Question& question : pos.questions)
-    if (!vus.insert(Rogner(question.nom)).second)
-      throw Erreur(kIncompatibiliteType,
-                   FauteHomonymes(question.nom, pos.questions, RangsDuNom(pos.questions, question.nom)));
-}
-
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
   const FichierPos pos = LirePos(*sources.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
-  ExigerNomsDifferents(pos);
+  ExigerNomsDifferents(pos.questions);
   std::vector<Champ> champs = ChampsDe(pos);
   IntitulesDesCodes intitules{std::vector<std::vector<std::string>>(pos.questions.size()), {}};
   if (!options.codes) intitules = LireIntitulesDesCodes(*sources.modalites, pos);

@@ -385,6 +385,11 @@ std::vector<std::string> RefusDesTextes(const std::vector<ChoixDeColonne>& choix
   return refus;
 }
 
+// Classes of which neither the bounds nor the number of groups are known.
+bool SansBornes(const ChoixDeColonne& choix) {
+  return choix.genre == Genre::Classes && choix.bornes.empty() && choix.groupes == 0;
+}
+
 std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
                                        const std::vector<FaitsDeColonne>& colonnes) {
   std::vector<std::string> refus = RefusDesTextes(choix, colonnes);
@@ -396,6 +401,9 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
     if (choix[j].genre == Genre::Textes && TextesACoder(choix[j], colonne) > static_cast<std::int64_t>(kCodesDeTextes))
       refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule, ", ",
                                Nombre(TextesACoder(choix[j], colonne)), " textes différents pour 99 codes"_w}));
+    if (SansBornes(choix[j]))
+      refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule,
+                               ", les classes n'ont pas de bornes : des nombres croissants"_w}));
   }
   return refus;
 }
@@ -409,6 +417,7 @@ std::string Devenir(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) 
       return "codes repris tels quels";
     case Genre::Textes: return DevenirTextes(choix, colonne);
     case Genre::Classes:
+      if (SansBornes(choix)) return std::string("classes sans bornes : l'import s'arrête"_w);
       return choix.bornes.empty()
                  ? Joindre({"nombres rangés en "_w, Nombre(choix.groupes), " groupes égaux"_w})
                  : Joindre({"nombres rangés en classes selon "_w, Nombre(choix.bornes.size()), " bornes"});

@@ -10,6 +10,7 @@
 #include "capture/dbase/tri.h"
 #include "capture/fichiers.h"
 #include "core/enquete/exigences.h"
+#include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
@@ -191,6 +192,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
 void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
   const FichierPos pos = LirePos(*fichiers.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
+  ExigerNomsDifferents(pos.questions);
   const std::vector<Champ> champs = quelvar::ChampsDe(pos);
   CompteurDeChamps compteur(champs);
   const std::int64_t annonces = pos.taille.individus;
@@ -215,7 +217,6 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
   EcrireTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);
   Remarques remarques;
-  RemarquerHomonymes(remarques, pos.questions);
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
   MontrerRemarques(contexte.Ecran(), remarques);
 }

@@ -1,10 +1,8 @@
 #include "capture/dbase/remarques.h"
 
 #include <algorithm>
-#include <map>
 #include <span>
 
-#include "core/enquete/noms.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
@@ -140,18 +138,6 @@ void RemarquerImpropres(Remarques& remarques, const std::vector<QuestionImportee
   remarques.push_back(Joindre({"Valeurs qui ne sont pas des codes, reprises telles quelles dans *.DAT : "_w, champs,
                                ". Les programmes y lisent un nombre à décimales arrondi, un négatif ou un texte "
                                "comme 0"_w}));
-}
-
-void RemarquerHomonymes(Remarques& remarques, const std::vector<Question>& questions) {
-  std::map<std::string_view, std::vector<int>> positions;
-  for (const Question& question : questions) positions[Rogner(question.nom)].push_back(question.position);
-  const auto partage = [](const auto& nom) { return nom.second.size() > 1; };
-  const auto trouve = std::find_if(positions.begin(), positions.end(), partage);
-  if (trouve == positions.end()) return;
-  const auto noms = std::count_if(positions.begin(), positions.end(), partage);
-  remarques.push_back(
-      Joindre({"Noms que plusieurs questions de *.POS partagent : "_w, Nombre(static_cast<std::int64_t>(noms)), ". ",
-               FauteHomonymes(trouve->first, std::span<const int>(trouve->second))}));
 }
 
 void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs) {

@@ -43,8 +43,6 @@ void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t 
 // The questions that have their position for a name, and the columns behind the last one that .POS can tell.
 void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee>& questions,
                         const std::vector<std::size_t>& renommees, std::size_t longueur);
-// Questions of the list that share a name: which name, and how many there are.
-void RemarquerHomonymes(Remarques& remarques, const std::vector<Question>& questions);
 // The names that had to be replaced, the first of them one by one; none, no remark.
 struct Renommage {
   std::string ancien;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -52,6 +53,15 @@ std::string FauteHomonymes(std::string_view nom, const Questions& questions, con
   std::vector<int> positions;
   for (const std::size_t rang : rangs) positions.push_back(questions[rang].position);
   return FauteHomonymes(nom, std::span<const int>(positions));
+}
+
+// Raises FauteHomonymes (kIncompatibiliteType) when two questions share a name, trimmed.
+template <class Questions>
+void ExigerNomsDifferents(const Questions& questions) {
+  std::set<std::string_view> vus;
+  for (const auto& question : questions)
+    if (!vus.insert(Rogner(question.nom)).second)
+      throw Erreur(kIncompatibiliteType, FauteHomonymes(question.nom, questions, RangsDuNom(questions, question.nom)));
 }
 
 }  // namespace quelvar

@@ -156,6 +156,7 @@ TEST(ApercuImport, CeQueLUtilisateurChangeEstCeQuiEstEcrit) {
   EXPECT_EQ(Etiquette(forme, "LabelClasses"), "1  15-39\n2  40-69");
   Taper(forme, "TextBornes", "40 15");
   EXPECT_TRUE(Etiquette(forme, "LabelClasses").startsWith("Entrez des nombres croissants"));
+  EXPECT_FALSE(forme.findChild<QPushButton*>("Lancer")->isEnabled()) << "40 alone is not what the field says";
   Taper(forme, "TextBornes", "15 40 70");
   Taper(forme, "TextGenerique", "NEUF.POS");
   Cliquer(forme, "Lancer");

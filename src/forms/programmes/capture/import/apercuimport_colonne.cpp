@@ -234,15 +234,16 @@ void ApercuImport::LireClasses() {
   if (ui_->OptGroupes->isChecked()) {
     choix.groupes = ui_->SpinGroupes->value();
   } else {
-    const auto bornes = capture::BornesDe(DepuisQt(ui_->TextBornes->text()));
-    if (!bornes) {
-      ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants : 15 25 35 50"));
-      return;
-    }
-    choix.bornes = *bornes;
+    // Without bounds the import is refused: those of an earlier keystroke are not what the field says.
+    choix.bornes = capture::BornesDe(DepuisQt(ui_->TextBornes->text())).value_or(std::vector<double>{});
   }
+  const bool sansBornes = choix.bornes.empty() && choix.groupes == 0;
   preparation_.ChangerChoix(Colonne(), std::move(choix));
   ChoixChange();
+  if (sansBornes) {
+    ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants : 15 25 35 50"));
+    return;
+  }
   QStringList libelles;
   int code = 0;
   for (const std::string& libelle :

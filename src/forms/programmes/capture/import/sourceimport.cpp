@@ -85,7 +85,8 @@ Chemin ChoisirFichierAImporter(Services& services) {
 }
 
 void OuvrirSourceImport(Services& services) {
-  if (!capture::FichiersImportables(services.session.repertoire).empty()) {
+  // Before there is a survey there is nothing to offer besides the dialog; the other imports belong to a generic.
+  if (!services.session.generique.empty() || !capture::FichiersImportables(services.session.repertoire).empty()) {
     Montrer<SourceImport>(services);
     return;
   }

@@ -1,0 +1,23 @@
+// Any bytes as the choices of an import: they are read or refused with a sentence, and what was read is written so that
+// reading it again gives the same choices.
+#include "capture/apercu/imc.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "core/programme/erreur.h"
+#include "fichier_memoire.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  const fuzz::FichierMemoire fichier({reinterpret_cast<const char*>(donnees), taille});
+  std::string ecrit;
+  try {
+    ecrit = quelvar::capture::EcrireImc(quelvar::capture::LireImc(fichier.Chemin()));
+  } catch (const quelvar::Erreur& erreur) {
+    if (quelvar::TexteErreur(erreur.Numero()).empty()) std::abort();
+    return 0;
+  }
+  const fuzz::FichierMemoire relu(ecrit);
+  if (quelvar::capture::EcrireImc(quelvar::capture::LireImc(relu.Chemin())) != ecrit) std::abort();
+  return 0;
+}
