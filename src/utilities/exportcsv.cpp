@@ -369,7 +369,8 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
                                 ". Leur intitulé est donné à tous ces codes : changez le nom d'une des questions"_w}));
   if (options.choix) {
     PrevenirDesCadrages(contexte, questions, ligne);
-    if (const std::string perdu = CeQuiNePassePas(pos, *sources.modalites); !perdu.empty()) Prevenir(contexte, perdu);
+    if (const std::string perdu = CeQuiNePassePas(contexte.generique, pos, *sources.modalites); !perdu.empty())
+      Prevenir(contexte, perdu);
   }
   if (const std::string confondus = CodesConfondus(questions); !confondus.empty()) Prevenir(contexte, confondus);
 }

@@ -125,8 +125,10 @@ std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions) {
                   ". Le tableur ne les distingue plus : donnez-leur d'autres intitulés, ou exportez les codes"_w});
 }
 
-std::string CeQuiNePassePas(const FichierPos& pos, const Chemin& mod) {
+std::string CeQuiNePassePas(std::string_view generique, const FichierPos& pos, const Chemin& mod) {
   std::vector<std::string_view> perdus;
+  if (const std::string_view titre = Rogner(pos.titre); !titre.empty() && titre != generique)
+    perdus.push_back("le titre de la ligne 1 du .POS");
   const auto avecRegle = [](const Question& q) { return q.statut != Statut::Aucun || !q.regle.empty(); };
   if (Rogner(pos.taille.texte) != Nombre(pos.taille.individus)) perdus.push_back("la suite de la ligne 2 du .POS");
   if (std::ranges::any_of(pos.questions, avecRegle)) perdus.push_back("les règles et les marques de questions"_w);

@@ -33,7 +33,7 @@ std::string CodesConfondus(const std::vector<QuestionEnTextes>& questions);
 
 // What of the survey a spreadsheet does not hold, even with its choices; empty for nothing. Raises the failures of
 // LecteurLignes.
-std::string CeQuiNePassePas(const FichierPos& pos, const Chemin& mod);
+std::string CeQuiNePassePas(std::string_view generique, const FichierPos& pos, const Chemin& mod);
 
 // The bytes of an .IMC by which an import gives the questions their names, widths and codes again.
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <optional>
 
+#include "core/fichiers/lignelongue.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
@@ -112,6 +113,7 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
   const std::uint64_t taille = LongueurFichier(*source);
   ExigerPlace(contexte, rapport, {2 * taille, taille});
   const std::string octets = LireOctets(*source);
+  ExigerLignesCourtes(octets, TexteDe(source->filename()));
   const std::vector<std::string_view> lignes = LignesDe(octets);
   const std::vector<std::uint32_t> ordre = OrdreDesLignes(lignes, champ, contexte.Ecran());
   Remplacement resultat(contexte.repertoire, options.fichierC);

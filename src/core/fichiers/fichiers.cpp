@@ -188,6 +188,16 @@ void RefuserLigneTropLongue(std::string_view nom) {
                         std::to_string(LecteurLignes::kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
 }
 
+void ExigerLignesCourtes(std::string_view octets, std::string_view nom) {
+  while (octets.size() > LecteurLignes::kLigneAuPlus) {
+    const std::size_t saut = octets.find('\n');
+    const std::size_t fin = std::min(saut, octets.size());
+    if (fin > LecteurLignes::kLigneAuPlus + (fin > 0 && octets[fin - 1] == '\r' ? 1 : 0)) RefuserLigneTropLongue(nom);
+    if (saut == std::string_view::npos) return;
+    octets.remove_prefix(saut + 1);
+  }
+}
+
 // Brings more bytes behind those not given yet; false when the file has no more.
 bool LecteurLignes::Remplir() {
   if (finie_) return false;

@@ -131,10 +131,22 @@ std::string PhraseDuLien(const Chemin& verrou) {
                   " est un lien et non un verrou : effacez-le et relancez"_w});
 }
 
+bool EstLa(const Chemin& chemin) {
+  struct stat present {};
+  return ::lstat(chemin.c_str(), &present) == 0;
+}
+
+// Whether it is held cannot be seen: going on would be writing at the same time as its user.
+std::string PhraseFerme(const Chemin& verrou) {
+  return Joindre({"*** Arret du programme : le verrou "_w, TexteDe(verrou.filename()),
+                  " est d'un autre utilisateur, qui écrit peut-être en ce moment : relancez quand il aura fini"_w});
+}
+
 Prise Prendre(const Chemin& chemin, std::string_view generique) {
   for (;;) {
     const int descripteur = Ouvrir(chemin);
     if (descripteur < 0 && errno == ELOOP) throw Erreur(kAccesFichier, PhraseDuLien(chemin));
+    if (descripteur < 0 && errno == EACCES && EstLa(chemin)) throw Erreur(kPermissionRefusee, PhraseFerme(chemin));
     if (descripteur < 0) return {};
     if (::flock(descripteur, LOCK_EX | LOCK_NB) != 0) {
       const bool occupe = errno == EWOULDBLOCK;

@@ -52,13 +52,6 @@ TexteConverti Convertir(std::string_view utf8) {
   return converti;
 }
 
-void ExigerLignes(std::string_view octets, std::string_view nom) {
-  if (octets.size() <= LecteurLignes::kLigneAuPlus) return;
-  LignesDuTexte lignes(octets);
-  for (std::string_view ligne; lignes.Lire(ligne);)
-    if (ligne.size() > LecteurLignes::kLigneAuPlus) RefuserLigneTropLongue(nom);
-}
-
 void AjouterUtf8(std::string& utf8, char32_t point) {
   constexpr std::array<char32_t, 3> kAuDela = {0x80, 0x800, 0x10000};
   constexpr std::array<unsigned, 4> kTetes = {0, 0xC0, 0xE0, 0xF0};
@@ -114,7 +107,7 @@ std::string Utf8DepuisUtf16(std::string_view octets, Utf16 sens) {
 
 std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
   std::string octets = LireOctets(chemin);
-  ExigerLignes(octets, nom);
+  ExigerLignesCourtes(octets, nom);
   const std::optional<Utf16> seize = EstUtf16(octets);
   if (!EstAConvertir(octets)) return octets;
   const std::string_view codage = seize ? "UTF-16" : "UTF-8";
