@@ -22,7 +22,8 @@ void LireTout(std::string_view dictionnaire, std::string_view donnees) {
   while (const char* ligne = lecteur.Lire()) {
     ++individus;
     for (const quelvar::Champ champ : champs) {
-      if (quelvar::LireChampInterieur(ligne, champ) != quelvar::LireChamp(lecteur.Ligne(), champ)) std::abort();
+      const std::string_view octets = quelvar::Milieu(lecteur.Ligne(), champ.debut + std::size_t{1}, champ.largeur);
+      if (quelvar::LireChampInterieur(ligne, champ) != quelvar::ConvertirChamp(octets, champ)) std::abort();
     }
   }
   if (individus != quelvar::CompterLignes(dat.Chemin())) std::abort();
