@@ -94,7 +94,9 @@ std::vector<std::string> EcrireDat(Ecrivain& dat, const Chemin& source, const Fa
   MetteurEnColonnes metteur(colonnes, !options.sansIntitules);
   LecteurTableur lecteur(source, faits.separateur);
   std::string_view ligne;
-  if (!options.sansIntitules) lecteur.Lire(ligne, faits.utf8);
+  if (!options.sansIntitules)
+    while (lecteur.Lire(ligne, faits.utf8) && LigneBlanche(ligne)) {
+    }
   while (lecteur.Lire(ligne, faits.utf8)) {
     if (LigneSansValeur(ligne, faits.separateur)) continue;
     const std::string_view individu = metteur.Mettre(LigneDeTableur(ligne, faits.separateur));

@@ -170,7 +170,7 @@ struct Examen {
 
   // A blank line counts once a row stands behind it; one of separators tells how many columns there are.
   void LireLigneVide(std::string_view ligne) {
-    if (ligne.find_first_not_of(' ') == std::string_view::npos) {
+    if (LigneBlanche(ligne)) {
       ++blanches;
       return;
     }
@@ -244,8 +244,12 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
       converti = DepuisUtf8(ligne);
       ligne = converti;
     }
-    if (std::exchange(intitules, false)) examen.LireIntitules(ligne);
-    else examen.LireLigne(ligne);
+    if (intitules && !LigneBlanche(ligne)) {
+      examen.LireIntitules(ligne);
+      intitules = false;
+    } else {
+      examen.LireLigne(ligne);
+    }
   }
   examen.encodage.marque = lecteur.AvecMarqueUtf8();
   if (examen.faits.colonnes.empty()) examen.faits.colonnes.emplace_back();
@@ -332,6 +336,8 @@ bool LecteurTableur::Lire(std::string_view& ligne, bool utf8) {
   }
   return true;
 }
+
+bool LigneBlanche(std::string_view ligne) { return ligne.find_first_not_of(' ') == std::string_view::npos; }
 
 bool LigneSansValeur(std::string_view ligne, char separateur) {
   std::size_t i = 0;

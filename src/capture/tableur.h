@@ -166,6 +166,9 @@ class LecteurTableur {
   std::string convertie_;
 };
 
+// Nothing but blanks: no row, nor the titles.
+bool LigneBlanche(std::string_view ligne);
+
 // True for a row whose cells are all blank.
 bool LigneSansValeur(std::string_view ligne, char separateur);
 

@@ -184,6 +184,13 @@ TEST_F(RunImport, RowsThatHoldNothingAreNoIndividuals) {
   }
 }
 
+TEST_F(RunImport, BlankLinesAreNoTitles) {
+  EXPECT_EQ(Importer("\n  \nNUMERO;AGE\n1;5\n2;6\n3;7\n"), Fin::Normale);
+  EXPECT_EQ(Lire("ENQ.DAT"), "15\r\n26\r\n37\r\n");
+  EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 3 \r\nAGE   2 7\r\n");
+  EXPECT_NE(montre_.find(" 2 ligne(s) sans aucune valeur"), std::string::npos) << montre_;
+}
+
 TEST_F(RunImport, AQuotedFieldSpansLines) {
   EXPECT_EQ(Importer("ZZZ;\"SEX Sexe de\r\nla personne\"\n1;2\n1;1\n1;1\n"), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.POS"), "ENQ\r\n 3 \r\nZZZ   1 1\r\nSEX   2 2 $SEX Sexe de la personne$\r\n");
