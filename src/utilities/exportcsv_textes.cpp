@@ -18,13 +18,7 @@ namespace {
 
 constexpr int kLargeurNom = 4;
 constexpr int kLargeurMarque = 3;
-constexpr int kPremierCodeDouble = 36;         // the first one written with two digits
-constexpr std::size_t kDernierCodeNomme = 99;  // last code that has a modality
-constexpr std::size_t kTextesAuPlus = 99;      // that an import makes codes of
-
-std::string NomDuCode(const Question& question, int code) {
-  return Joindre({CadreGauche(question.nom, code < kPremierCodeDouble ? 3 : 2), CodeCaractere(code)});
-}
+constexpr std::size_t kTextesAuPlus = 99;  // that an import makes codes of
 
 // The first two codes of that text.
 struct Confusion {
@@ -75,7 +69,7 @@ bool AUneMarque(const Chemin& mod) {
 
 IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos) {
   const auto parCode = [&](auto vide) {
-    return std::vector(pos.questions.size(), std::vector(kDernierCodeNomme + 1, vide));
+    return std::vector(pos.questions.size(), std::vector(std::size_t{kDernierCodeNomme} + 1, vide));
   };
   IntitulesDesCodes intitules{parCode(std::string()), {}};
   LecteurLignes lecteur(mod);
@@ -94,7 +88,7 @@ IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos
     if (faute == FauteDeNom::Partagee && !intitule.empty() && sansPlace.emplace(nom, intitule).second)
       intitules.partages.push_back(nom);
     precedente = faute == FauteDeNom::Aucune ? std::optional(lu) : std::nullopt;
-    if (!precedente || static_cast<std::size_t>(lu.code) > kDernierCodeNomme) continue;
+    if (!precedente || lu.code > kDernierCodeNomme) continue;
     std::string& place = intitules.parQuestion[lu.question][static_cast<std::size_t>(lu.code)];
     if (char& vu = vus[lu.question][static_cast<std::size_t>(lu.code)]; vu == 0) {
       vu = 1;
@@ -104,10 +98,12 @@ IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos
     }
   }
   for (std::size_t q = 0; q < pos.questions.size() && !sansPlace.empty(); ++q)
-    for (std::size_t code = 1; code <= kDernierCodeNomme; ++code)
-      if (const auto commun = sansPlace.find(NomDuCode(pos.questions[q], static_cast<int>(code)));
-          vus[q][code] == 0 && commun != sansPlace.end())
-        intitules.parQuestion[q][code] = commun->second;
+    for (int code = 1; code <= kDernierCodeNomme; ++code) {
+      const auto place = static_cast<std::size_t>(code);
+      if (const auto commun = sansPlace.find(NomDeModalite(pos.questions[q].nom, code));
+          vus[q][place] == 0 && commun != sansPlace.end())
+        intitules.parQuestion[q][place] = commun->second;
+    }
   return intitules;
 }
 
@@ -130,7 +126,8 @@ std::string CeQuiNePassePas(std::string_view generique, const FichierPos& pos, c
   if (const std::string_view titre = Rogner(pos.titre); !titre.empty() && titre != generique)
     perdus.push_back("le titre de la ligne 1 du .POS");
   const auto avecRegle = [](const Question& q) { return q.statut != Statut::Aucun || !q.regle.empty(); };
-  if (Rogner(pos.taille.texte) != Nombre(pos.taille.individus)) perdus.push_back("la suite de la ligne 2 du .POS");
+  const std::string_view taille = Rogner(pos.taille.texte);
+  if (!taille.empty() && taille != Nombre(pos.taille.individus)) perdus.push_back("la suite de la ligne 2 du .POS");
   if (std::ranges::any_of(pos.questions, avecRegle)) perdus.push_back("les règles et les marques de questions"_w);
   if (pos.premiereApres + 1 < pos.lignes.size()) perdus.push_back("ce qui suit les questions dans le .POS");
   if (AUneMarque(mod)) perdus.push_back("les marques de modalités"_w);

@@ -1,29 +1,15 @@
 #include "capture/saisie/ecran.h"
 
-#include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
-
-namespace {
-
-constexpr int kDernierCaractere = 35;  // codes up to it have one character in the name of their modality
-constexpr int kDernierCode = 99;
-
-// "SEX2", or "SE36" for a code of two digits.
-std::string NomDeModalite(std::string_view question, int code) {
-  const int lettres = code <= kDernierCaractere ? 3 : 2;
-  return CadreGauche(Joindre({CadreGauche(question, lettres), CodeCaractere(code)}), 4);
-}
-
-}  // namespace
 
 std::string_view IntituleDeReponse(const EtatSaisie& etat, std::size_t question, const IntitulesModalites& intitules) {
   const DescriptionDeQuestion& description = etat.questions[question];
   if (!EstCourte(description)) return {};
   const double code = ValeurDe(etat.reponses[question]);
-  if (code < 1 || code > kDernierCode) return {};
+  if (code < 1 || code > kDernierCodeNomme) return {};
   const std::string* intitule = intitules.Chercher(NomDeModalite(description.nom, static_cast<int>(code)));
   return intitule == nullptr ? std::string_view{} : Rogner(*intitule);
 }

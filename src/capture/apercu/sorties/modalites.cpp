@@ -4,6 +4,7 @@
 #include <set>
 
 #include "core/enquete/modfile.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -13,12 +14,7 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps
-constexpr int kPremierEnDeuxChiffres = 36;
 constexpr std::size_t kNom = 4;
-
-std::string NomDeModalite(std::string_view question, int code) {
-  return Joindre({CadreGauche(question, code < kPremierEnDeuxChiffres ? 3 : 2), CodeCaractere(code)});
-}
 
 // The label as a line keeps it; one that would be that of another code ends in a number.
 std::string IntituleDistinct(std::string_view intitule, std::set<std::string>& donnes) {
