@@ -19,19 +19,19 @@ struct ListeModalites {
 
 // A file of less than two lines has an empty list. Raises the failures of LecteurLignes.
 ListeModalites LireListeModalites(const Chemin& chemin);
-// Replaces the file. Raises the failures of Remplacement.
+// Replaces the file. Raises the failures of writing.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
 // The same as one of the files of a set.
 void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste);
-// Replaces the modalities of the file by these texts; what else the file holds by then stays. Without a file,
-// raises kFichierIntrouvable; ExigerMemesModalites.
+// Replaces the modalities of the file by these texts; what else the file holds by then stays. Raises
+// kFichierIntrouvable without a file, and what ExigerMemesModalites raises.
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes);
 
 // Texts that were read go back to the modalities that they name: when the file has been made anew with others
 // meanwhile, raises kAccesFichier with a sentence.
 void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
-// Parts of a text of the list.
+// Parts of a text of the list: name, mark, label; and the text that they make.
 inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, 4); }
 inline std::string_view MarqueDeTexte(std::string_view texte) { return texte.substr(4, 3); }
 inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(7); }

@@ -9,7 +9,6 @@ namespace quelvar {
 
 namespace {
 
-constexpr int kPremierCodeDouble = 36;  // the first one written with two digits
 constexpr std::size_t kLargeurNom = 4;
 
 bool EstChiffre(char c) { return c >= '0' && c <= '9'; }

@@ -38,7 +38,7 @@ Statut StatutDe(std::string_view ligne) {
 }
 
 int LireCodeMax(std::string_view colonnes) {
-  return colonnes == "L3" || colonnes == "l3" ? 999 : Entier16(ValeurDe(colonnes));
+  return colonnes == "L3" || colonnes == "l3" ? kCodeMaxL3 : Entier16(ValeurDe(colonnes));
 }
 
 // Takes the label between its "$" signs out of the free area.

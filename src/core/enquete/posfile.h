@@ -20,12 +20,15 @@ struct LigneTaille {
   bool parenthesesFautives = false;   // a "(" without a ")" behind it
 };
 
+// The code-max that "L3" stands for: codes of three columns.
+inline constexpr int kCodeMaxL3 = 999;
+
 enum class Statut { Aucun, Actif, Supplementaire };
 
 struct Question {
   std::string nom;            // columns 1-3
   int position = 0;           // first column in a data line, from 1
-  int codeMax = 0;            // 999 for "L3"
+  int codeMax = 0;            // kCodeMaxL3 for "L3"
   int largeur = 1;            // columns of the field, from the code-max
   char type = ' ';            // column 10 as it stands
   bool alphabetique = false;  // "A" or "a" in column 10
@@ -47,8 +50,8 @@ struct FichierPos {
   std::size_t premiereApres = 0;    // index in `lignes` of the end mark; its size at the end of the file
 };
 
-// Width of a field: 3 for code-max 999, 2 from 10 on, else 1.
-constexpr int LargeurDe(int codeMax) { return codeMax == 999 ? 3 : codeMax >= 10 ? 2 : 1; }
+// Columns of a field: 3 for kCodeMaxL3, 2 from 10 on, else 1.
+constexpr int LargeurDe(int codeMax) { return codeMax == kCodeMaxL3 ? 3 : codeMax >= 10 ? 2 : 1; }
 
 // Columns 8-9 of a question line for a numeric code-max: right-aligned, "L3" from 100 on.
 std::string TexteCodeMax(int codeMax);
@@ -57,12 +60,12 @@ std::string TexteCodeMax(int codeMax);
 std::string_view MarqueDe(Statut statut);
 
 // Printed form of a code from 1 to 99: "1" to "9", "A" to "Z", then two digits; "0" for the non-response. Raises
-// kIndiceHorsSelection.
+// kIndiceHorsSelection for any other.
 std::string_view CodeCaractere(int code);
 
-// Raises kDepassementCapacite for a count beyond 64 bits.
+// Line 2 of the file. Raises kDepassementCapacite for a count beyond 64 bits.
 LigneTaille LireLigneTaille(std::string_view ligne);
-// Raises kDepassementCapacite, with its column, when position or code-max do not fit 16 bits.
+// A line of the list. Raises kDepassementCapacite, with its column, when position or code-max do not fit 16 bits.
 Question LireLigneQuestion(std::string_view ligne);
 // The line of a question: name in 3 columns, position in 4, code-max in 2 as TexteCodeMax has it, and what follows.
 std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,

@@ -152,6 +152,10 @@ std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t 
   return octets;
 }
 
+Erreur EchecDuFichier(const Chemin& chemin, int numero) {
+  return Erreur(numero).Situer({.fichier = TexteDe(chemin.filename())});
+}
+
 std::string NomDeSauvegarde(std::string_view nom) {
   std::string sauvegarde(nom);
   if (!sauvegarde.empty()) sauvegarde.back() = '2';
@@ -257,10 +261,10 @@ std::string_view LecteurLignes::LireObligatoire() {
 }
 
 Ecrivain::Ecrivain(const Chemin& chemin, ModeEcriture mode)
-    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[capacite]) {}
+    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[kCapacite]) {}
 
 Ecrivain::Ecrivain(int descripteur, CondenseDOctets* condense)
-    : descripteur_(descripteur), condense_(condense), tampon_(new char[capacite]) {}
+    : descripteur_(descripteur), condense_(condense), tampon_(new char[kCapacite]) {}
 
 Ecrivain::~Ecrivain() {
   if (descripteur_ < 0) return;
@@ -282,7 +286,7 @@ Ecrivain& Ecrivain::operator=(Ecrivain&& autre) noexcept {
 
 void Ecrivain::EcrireParMorceaux(std::string_view octets) {
   Vider();
-  if (octets.size() >= capacite) {
+  if (octets.size() >= kCapacite) {
     EcrireDirect(octets.data(), octets.size());
   } else {
     octets.copy(tampon_.get(), octets.size());

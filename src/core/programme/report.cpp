@@ -40,11 +40,9 @@ struct PartiesFixes {
 };
 
 PartiesFixes Decouper(double valeur, int decimales) {
-  static constexpr std::array<double, 16> puissances = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  if (decimales >= 0 && decimales <= 15) {
-    const double echelonne = ArrondirPair(valeur * puissances[static_cast<std::size_t>(decimales)]);
-    if (std::fabs(echelonne) < 1e15) {
+  if (decimales >= 0 && static_cast<std::size_t>(decimales) < kPuissancesDeDix.size()) {
+    const double echelonne = ArrondirPair(valeur * kPuissancesDeDix[static_cast<std::size_t>(decimales)]);
+    if (std::fabs(echelonne) < kPuissancesDeDix.back()) {
       std::string chiffres = ChiffresEchelonnes(static_cast<std::int64_t>(std::fabs(echelonne)), decimales);
       const std::size_t coupe = chiffres.size() - static_cast<std::size_t>(decimales);
       return {(echelonne < 0 ? "-" : "") + chiffres.substr(0, coupe), chiffres.substr(coupe)};
