@@ -10,13 +10,8 @@
 
 namespace quelvar {
 
-// The first code that two digits write, one character being no longer enough: 1 to 9, then A to Z for 10 to 35.
-inline constexpr int kPremierCodeDouble = 36;
-// Last code that has a name.
-inline constexpr int kDernierCodeNomme = 99;
-
-// Name of a modality: three characters of the question and the code character, or from code 36 on two characters and
-// two digits. Raises kIndiceHorsSelection for a code above kDernierCodeNomme or below 0.
+// Name of a modality: three characters of the question and the code character, or from kPremierCodeDouble on two
+// characters and two digits. Raises kIndiceHorsSelection for a code above kDernierCodeNomme or below 0.
 std::string NomDeModalite(std::string_view nomQuestion, int code);
 
 struct CodeDeModalite {

@@ -13,7 +13,7 @@ constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
   std::array<std::array<char, 2>, 100> codes{};
   for (std::size_t code = 0; code < codes.size(); ++code) {
     if (code < 10) codes[code] = {static_cast<char>('0' + code), 0};
-    else if (code < 36) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
+    else if (code < kPremierCodeDouble) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
     else codes[code] = {static_cast<char>('0' + code / 10), static_cast<char>('0' + code % 10)};
   }
   return codes;
@@ -70,8 +70,8 @@ std::string_view MarqueDe(Statut statut) {
 }
 
 std::string_view CodeCaractere(int code) {
-  if (code < 0 || code > 99) throw Erreur(kIndiceHorsSelection);
-  return {kCodes[static_cast<std::size_t>(code)].data(), code < 36 ? std::size_t{1} : std::size_t{2}};
+  if (code < 0 || code > kDernierCodeNomme) throw Erreur(kIndiceHorsSelection);
+  return {kCodes[static_cast<std::size_t>(code)].data(), code < kPremierCodeDouble ? std::size_t{1} : std::size_t{2}};
 }
 
 LigneTaille LireLigneTaille(std::string_view ligne) {

@@ -59,8 +59,13 @@ std::string TexteCodeMax(int codeMax);
 // "&ACT&", "&SUP&", or nothing.
 std::string_view MarqueDe(Statut statut);
 
-// Printed form of a code from 1 to 99: "1" to "9", "A" to "Z", then two digits; "0" for the non-response. Raises
-// kIndiceHorsSelection for any other.
+// The first code that two digits write, one character being no longer enough: 1 to 9, then A to Z for 10 to 35.
+inline constexpr int kPremierCodeDouble = 36;
+// Last code that has a name.
+inline constexpr int kDernierCodeNomme = 99;
+
+// Printed form of a code from 1 to kDernierCodeNomme: "1" to "9", "A" to "Z", then two digits; "0" for the
+// non-response. Raises kIndiceHorsSelection for any other.
 std::string_view CodeCaractere(int code);
 
 // Line 2 of the file. Raises kDepassementCapacite for a count beyond 64 bits.
