@@ -1,4 +1,4 @@
-#include "utilities/exportcsv.h"
+#include "utilities/exportcsv/exportcsv.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +14,7 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
-#include "utilities/exportcsv_textes.h"
+#include "utilities/exportcsv/textes.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
