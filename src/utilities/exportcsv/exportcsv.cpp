@@ -1,10 +1,9 @@
 #include "utilities/exportcsv/exportcsv.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/exigences.h"
@@ -14,6 +13,7 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
+#include "utilities/exportcsv/ligne.h"
 #include "utilities/exportcsv/textes.h"
 #include "utilities/utilitaires.h"
 
@@ -21,215 +21,7 @@ namespace quelvar::utilities {
 
 namespace {
 
-constexpr std::string_view kRapport = "$$$.prt";
-constexpr std::string_view kNonReponse = "nr";
-constexpr std::size_t kCourte = 16;  // bytes of a cell copied in one go
-constexpr std::size_t kPlace = std::size_t{1} << 16;
-
-// Writes texts of the code page as cells.
-class Tableur {
- public:
-  explicit Tableur(const OptionsExportCsv& options)
-      : separateur_(options.tabulation ? '\t' : ';'),
-        aProteger_(options.choix ? kSeparateurs : std::string{separateur_}),
-        utf8_(options.utf8) {
-    aProteger_ += '"';
-  }
-
-  char Separateur() const { return separateur_; }
-  bool Utf8() const { return utf8_; }
-
-  // A cell that holds the separator or a quote is quoted, its quotes doubled; in a file that is to be imported again,
-  // also one that holds what an import might take for the separator.
-  std::string Cellule(std::string_view texte) const {
-    std::string cellule(texte);
-    if (texte.find_first_of(aProteger_) != std::string_view::npos) {
-      for (std::size_t i = cellule.find('"'); i != std::string::npos; i = cellule.find('"', i + 2))
-        cellule.insert(i, 1, '"');
-      cellule = '"' + cellule + '"';
-    }
-    return utf8_ ? VersUtf8(cellule) : cellule;
-  }
-
- private:
-  static constexpr const char* kSeparateurs = ";,\t|";  // that an import knows
-  char separateur_;
-  std::string aProteger_;
-  bool utf8_;
-};
-
-// A cell with its separator, ready to be copied.
-struct CelluleFaite {
-  std::array<char, kCourte> octets = {};
-  std::uint32_t longueur = 0;
-  std::string longue;  // the whole cell when it is longer
-
-  explicit CelluleFaite(const std::string& texte)
-      : longueur(static_cast<std::uint32_t>(texte.size())), longue(texte.size() > kCourte ? texte : std::string()) {
-    texte.copy(octets.data(), kCourte);
-  }
-  char* Copier(char* place) const {
-    if (longueur <= kCourte) std::memcpy(place, octets.data(), kCourte);
-    else std::memcpy(place, longue.data(), longueur);
-    return place + longueur;
-  }
-};
-
-// How the field of a question becomes a cell.
-struct ColonneCsv {
-  std::string nom;
-  Champ champ;
-  bool texte = false;
-  int codeMax = 0;
-  std::vector<CelluleFaite> cellules;           // by code; the last one, that of 0 again, for what is no code
-  std::array<std::uint8_t, 256> parOctet = {};  // place in the cells of a field of one byte
-  std::size_t plusLongue = 0;
-
-  std::size_t PasUnCode() const { return cellules.size() - 1; }
-  // Place in the cells of a field that lies inside the line.
-  std::size_t PlaceDe(const char* individu) const {
-    const char* octets = individu + champ.debut;
-    if (champ.largeur == 1) return parOctet[static_cast<unsigned char>(*octets)];
-    const int valeur = LireChampInterieur(individu, champ);
-    if (valeur < 0 || valeur > codeMax) return PasUnCode();
-    const bool chiffres =
-        std::all_of(octets, octets + champ.largeur, [](char c) { return c == ' ' || (c >= '0' && c <= '9'); });
-    return chiffres || EstNombre({octets, champ.largeur}) ? static_cast<std::size_t>(valeur) : PasUnCode();
-  }
-};
-
-// Values that are no code of their question, and where the first one stands.
-struct ValeursSansCode {
-  std::int64_t nombre = 0;
-  std::string premiere;
-};
-
-std::string TexteDuCode(int code, const std::vector<std::string>& intitules, const OptionsExportCsv& options) {
-  if (options.codes) return Nombre(code);
-  if (code == 0) return std::string(kNonReponse);
-  if (const auto rang = static_cast<std::size_t>(code); rang < intitules.size() && !intitules[rang].empty())
-    return intitules[rang];
-  return Nombre(code);
-}
-
-// The texts of the codes of a question, from 0 on; none for a question of texts.
-std::vector<std::string> TextesDesCodes(const Question& question, const std::vector<std::string>& intitules,
-                                        const OptionsExportCsv& options) {
-  std::vector<std::string> textes;
-  for (int code = 0; !question.alphabetique && code <= std::max(question.codeMax, 0); ++code)
-    textes.push_back(TexteDuCode(code, intitules, options));
-  return textes;
-}
-
-ColonneCsv DresserColonne(const Question& question, const std::vector<std::string>& textes, const Tableur& tableur) {
-  ColonneCsv colonne;
-  colonne.nom = question.nom;
-  colonne.champ = ChampDe(question);
-  colonne.texte = question.alphabetique;
-  if (colonne.texte) {
-    // Columns 8-9 of a text are its width.
-    colonne.champ.largeur = static_cast<std::uint32_t>(question.codeMax == 999 ? 3 : std::max(question.codeMax, 1));
-    colonne.plusLongue = colonne.champ.largeur * std::size_t{6} + 3;
-    return colonne;
-  }
-  colonne.codeMax = std::max(question.codeMax, 0);
-  for (std::size_t code = 0; code <= textes.size(); ++code) {
-    std::string cellule = tableur.Cellule(textes[code < textes.size() ? code : 0]);
-    cellule += tableur.Separateur();
-    colonne.plusLongue = std::max(colonne.plusLongue, std::max(cellule.size(), kCourte));
-    colonne.cellules.emplace_back(cellule);
-  }
-  for (std::size_t octet = 0; octet < 256; ++octet) {
-    const std::uint8_t valeur = ValeursDUnOctet()[octet];
-    const bool code = octet == ' ' || (octet >= '0' && octet <= '9' && valeur <= colonne.codeMax);
-    if (colonne.champ.largeur == 1)
-      colonne.parOctet[octet] = code ? valeur : static_cast<std::uint8_t>(colonne.PasUnCode());
-  }
-  return colonne;
-}
-
-// The title of a question: its label or name; for codes, the name and the label unless this one begins with it.
-std::string TitreDe(const Question& question, const OptionsExportCsv& options) {
-  if (question.intitule.empty()) return question.nom;
-  if (!options.codes || question.intitule.starts_with(question.nom)) return question.intitule;
-  return Joindre({question.nom, " ", question.intitule});
-}
-
-// Where the texts of a question stand in their field.
-struct Cadrage {
-  bool decales = false;    // some begin behind its start
-  bool inacheves = false;  // some end before its end
-  bool ADroite() const { return decales && !inacheves; }
-  bool SePerd() const { return decales && inacheves; }
-
-  void Voir(std::string_view champ) {
-    decales = decales || champ.front() == ' ';
-    inacheves = inacheves || champ.back() == ' ';
-  }
-};
-
-// Fills one line in a place that holds the longest one.
-class LigneCsv {
- public:
-  LigneCsv(const std::vector<ColonneCsv>& colonnes, const Tableur& tableur)
-      : colonnes_(colonnes), tableur_(tableur), cadrages_(colonnes.size()) {
-    plusLongue_ = 2;
-    for (const ColonneCsv& colonne : colonnes) plusLongue_ += colonne.plusLongue;
-  }
-  std::size_t PlusLongue() const { return plusLongue_; }
-
-  // Returns the end of what is written; the last separator gives way to the end of the line.
-  char* Ecrire(const char* individu, char* place) {
-    std::size_t fautes = 0;
-    for (const ColonneCsv& colonne : colonnes_) {
-      if (colonne.texte) {
-        place = EcrireTexte({individu + colonne.champ.debut, colonne.champ.largeur},
-                            cadrages_[static_cast<std::size_t>(&colonne - colonnes_.data())], place);
-        continue;
-      }
-      const std::size_t rang = colonne.PlaceDe(individu);
-      fautes += rang == colonne.PasUnCode() ? 1U : 0U;
-      place = colonne.cellules[rang].Copier(place);
-    }
-    ++individus_;
-    if (fautes > 0) Noter(individu, fautes);
-    if (!colonnes_.empty()) --place;
-    *place++ = '\r';
-    *place++ = '\n';
-    return place;
-  }
-  const ValeursSansCode& SansCode() const { return sansCode_; }
-  const Cadrage& CadrageDe(std::size_t colonne) const { return cadrages_[colonne]; }
-
- private:
-  char* EcrireTexte(std::string_view champ, Cadrage& cadrage, char* place) const {
-    const std::string_view texte = Rogner(champ);
-    if (!texte.empty()) cadrage.Voir(champ);
-    const std::string cellule = tableur_.Cellule(texte);
-    place += cellule.copy(place, cellule.size());
-    *place++ = tableur_.Separateur();
-    return place;
-  }
-
-  void Noter(const char* individu, std::size_t fautes) {
-    sansCode_.nombre += static_cast<std::int64_t>(fautes);
-    if (!sansCode_.premiere.empty()) return;
-    for (const ColonneCsv& colonne : colonnes_) {
-      if (colonne.texte || colonne.PlaceDe(individu) != colonne.PasUnCode()) continue;
-      sansCode_.premiere =
-          Joindre({"individu ", Nombre(individus_), ", question ", colonne.nom, " (",
-                   Rogner(std::string_view(individu + colonne.champ.debut, colonne.champ.largeur)), ")"});
-      return;
-    }
-  }
-
-  const std::vector<ColonneCsv>& colonnes_;
-  const Tableur& tableur_;
-  std::size_t plusLongue_;
-  std::int64_t individus_ = 0;
-  ValeursSansCode sansCode_;
-  std::vector<Cadrage> cadrages_;  // of the questions of texts
-};
+constexpr std::size_t kPlace = std::size_t{1} << 16;  // what the buffer of the file gives in one piece
 
 void EcrireTitres(Ecrivain& csv, const FichierPos& pos, const Tableur& tableur, const OptionsExportCsv& options) {
   if (tableur.Utf8()) csv.Ecrire("\xEF\xBB\xBF");
@@ -333,6 +125,34 @@ void ExigerPlaceDuCsv(Rapport& rapport, const Contexte& contexte, const std::vec
   ExigerPlace(contexte, rapport, {0, lignes * ligne});
 }
 
+// What the codes of each question are in the spreadsheet, and the columns that write them.
+struct Colonnes {
+  std::vector<QuestionEnTextes> questions;
+  std::vector<ColonneCsv> cellules;
+  std::vector<Champ> champs;  // as wide as the columns read them
+};
+
+// `champs`: of the questions.
+Colonnes DresserColonnes(const FichierPos& pos, std::vector<Champ> champs, const IntitulesDesCodes& intitules,
+                         const Tableur& tableur, const OptionsExportCsv& options) {
+  Colonnes colonnes{{}, {}, std::move(champs)};
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
+    const Question& question = pos.questions[i];
+    colonnes.questions.push_back({question.nom, TitreDe(question, options), question.intitule, question.codeMax,
+                                  TextesDesCodes(question, intitules.parQuestion[i], options)});
+    colonnes.cellules.push_back(DresserColonne(question, colonnes.questions.back().textes, tableur));
+    colonnes.champs[i] = colonnes.cellules.back().champ;
+  }
+  return colonnes;
+}
+
+void PrevenirDesPartages(const Contexte& contexte, const IntitulesDesCodes& intitules) {
+  if (intitules.partages.empty()) return;
+  Prevenir(contexte, Joindre({"Noms de modalités qui peuvent être ceux de plusieurs questions : "_w,
+                              Nombre(intitules.partages.size()), ", le premier ", intitules.partages.front(),
+                              ". Leur intitulé est donné à tous ces codes : changez le nom d'une des questions"_w}));
+}
+
 void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCsv& options) {
   const Sources sources = TrouverSources(rapport, contexte);
   const FichierPos pos = LirePos(*sources.pos);
@@ -342,31 +162,21 @@ void EcrireCsv(Rapport& rapport, const Contexte& contexte, const OptionsExportCs
   IntitulesDesCodes intitules{std::vector<std::vector<std::string>>(pos.questions.size()), {}};
   if (!options.codes) intitules = LireIntitulesDesCodes(*sources.modalites, pos);
   const Tableur tableur(options);
-  std::vector<ColonneCsv> colonnes;
-  std::vector<QuestionEnTextes> questions;
-  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
-    const Question& question = pos.questions[i];
-    questions.push_back({question.nom, TitreDe(question, options), question.intitule, question.codeMax,
-                         TextesDesCodes(question, intitules.parQuestion[i], options)});
-    colonnes.push_back(DresserColonne(question, questions.back().textes, tableur));
-    champs[i] = colonnes.back().champ;
-  }
-  ExigerPlaceDuCsv(rapport, contexte, colonnes, *sources.donnees, pos.taille);
+  Colonnes colonnes = DresserColonnes(pos, std::move(champs), intitules, tableur, options);
+  ExigerPlaceDuCsv(rapport, contexte, colonnes.cellules, *sources.donnees, pos.taille);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   for (const Chemin& ancien : Anciens(contexte, options)) Sauvegarder(sorties, ancien, TexteDe(ancien.filename()));
   Ecrivain& csv = sorties.Ouvrir(contexte.Nom(".csv"), Nature::Refaisable);
   EcrireTitres(csv, pos, tableur, options);
-  LigneCsv ligne(colonnes, tableur);
+  LigneCsv ligne(colonnes.cellules, tableur);
   const Effectifs effectifs =
-      EcrireIndividus(contexte, csv, *sources.donnees, ligne, LongueurUtile(champs), pos.taille.individus);
+      EcrireIndividus(contexte, csv, *sources.donnees, ligne, LongueurUtile(colonnes.champs), pos.taille.individus);
+  std::vector<QuestionEnTextes>& questions = colonnes.questions;
   for (std::size_t i = 0; i < questions.size(); ++i) questions[i].aDroite = ligne.CadrageDe(i).ADroite();
   if (options.choix) sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Refaisable).Ecrire(ChoixDeLImport(questions));
   sorties.Valider();
   PrevenirDesReserves(contexte, effectifs, ligne.SansCode(), options);
-  if (!intitules.partages.empty())
-    Prevenir(contexte, Joindre({"Noms de modalités qui peuvent être ceux de plusieurs questions : "_w,
-                                Nombre(intitules.partages.size()), ", le premier ", intitules.partages.front(),
-                                ". Leur intitulé est donné à tous ces codes : changez le nom d'une des questions"_w}));
+  PrevenirDesPartages(contexte, intitules);
   if (options.choix) {
     PrevenirDesCadrages(contexte, questions, ligne);
     if (const std::string perdu = CeQuiNePassePas(contexte.generique, pos, *sources.modalites); !perdu.empty())
@@ -389,7 +199,7 @@ bool RemplacementAccepte(const Contexte& contexte, const OptionsExportCsv& optio
 
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
   if (!RemplacementAccepte(contexte, options)) return Fin::Arret;
-  return ExecuterProgramme(contexte, kRapport, Libelles(),
+  return ExecuterProgramme(contexte, kRapportSansNom, Libelles(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });
 }
 
