@@ -8,11 +8,11 @@
 
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
+#include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/anatab.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/souseffets.h"
-#include "regression/colonne.h"
 #include "regression/logistique/indistincts.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
@@ -164,10 +164,10 @@ TEST(Melange, EstVuLaOuLOrdreSepareCeQuiVaEnsemble) {
 }
 
 // A column is as wide as its largest number asks for, with a blank where a number stands in front of it.
-TEST(Colonne, SElargitPourCeQuiNYTientPas) {
-  Colonne libre(3, 1);
-  Colonne derriere(3, 1, Voisin::Nombre);
-  for (Colonne* colonne : {&libre, &derriere}) colonne->Voir(123.4);
+TEST(ColonneDeNombres, SElargitPourCeQuiNYTientPas) {
+  ColonneDeNombres libre(3, 1);
+  ColonneDeNombres derriere(3, 1, Voisin::Nombre);
+  for (ColonneDeNombres* colonne : {&libre, &derriere}) colonne->Voir(123.4);
   EXPECT_EQ(libre(5), "  5.0");
   EXPECT_EQ(libre.Ajout(), "");
   EXPECT_EQ(derriere(123.4), " 123.4");
@@ -177,7 +177,7 @@ TEST(Colonne, SElargitPourCeQuiNYTientPas) {
   for (const int decimales : {0, 1, 2, 3})
     for (const double valeur :
          {0.0, -0.04, -0.05, 0.05, 0.15, 0.25, -0.3, 9.96, 12.345, -123.4, 99999.5, 1e9, -1e16, 3e20}) {
-      Colonne colonne(4, decimales);
+      ColonneDeNombres colonne(4, decimales);
       for (const bool vue : {false, true}) {
         if (vue) colonne.Voir(valeur);
         std::string ligne = "x";

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "regression/colonne.h"
+#include "core/resultats/colonnedenombres.h"
 
 namespace quelvar::regression {
 
@@ -34,7 +34,7 @@ DonneesDeBase CompterLaBase(const Individus& individus, const Modele& modele) {
 
 void ImprimerModele(Rapport& rapport, const Modele& modele) {
   rapport.Ligne("Intitulés des questions, nombre de modalités et type de la question"_w);
-  Colonne nombre(3, 0);
+  ColonneDeNombres nombre(3, 0);
   for (const QuestionCodee& question : modele.questions) nombre.Voir(static_cast<double>(question.nombre));
   for (const QuestionCodee& question : modele.questions)
     rapport.Ligne(
@@ -59,9 +59,9 @@ void ImprimerModele(Rapport& rapport, const Modele& modele) {
 }
 
 void ImprimerDonneesDeBase(Rapport& rapport, const Modele& modele, const DonneesDeBase& base) {
-  Colonne oui(5, 0);
-  Colonne non(5, 0);
-  Colonne total(5, 0);
+  ColonneDeNombres oui(5, 0);
+  ColonneDeNombres non(5, 0);
+  ColonneDeNombres total(5, 0);
   const auto voir = [&](double y, double n) {
     oui.Voir(y);
     non.Voir(n - y);

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
-#include "regression/colonne.h"
 
 namespace quelvar::regression {
 
@@ -35,14 +35,14 @@ int DecimalesDEffet(ChoixEdition choix) { return choix.oddsRatio ? 2 : 1; }
 
 // The columns of the sub-effects of one modality.
 struct ColonnesSousEffets {
-  Colonne effet;
-  Colonne poids{5, 0, Voisin::Nombre};
-  Colonne somme{5, 0, Voisin::Nombre};
-  Colonne khi2{3, 1, Voisin::Nombre};
+  ColonneDeNombres effet;
+  ColonneDeNombres poids{5, 0, Voisin::Nombre};
+  ColonneDeNombres somme{5, 0, Voisin::Nombre};
+  ColonneDeNombres khi2{3, 1, Voisin::Nombre};
 };
 
 ColonnesSousEffets MesurerColonnes(ChoixEdition choix, const Effet& effet) {
-  ColonnesSousEffets colonnes{Colonne(3, DecimalesDEffet(choix))};
+  ColonnesSousEffets colonnes{ColonneDeNombres(3, DecimalesDEffet(choix))};
   colonnes.effet.Voir(effet.minimum);
   colonnes.effet.Voir(effet.maximum);
   colonnes.poids.Voir(effet.poidsMaximum);
@@ -168,9 +168,9 @@ std::string_view MarqueDeCellule(int classe) {
 
 void ImprimerSituations(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele) {
   constexpr std::size_t kLargeurCellule = 7;
-  Colonne effectif(5, 0);
-  Colonne pourcentage(3, 1, Voisin::Nombre);
-  Colonne khi2(4, 1, Voisin::Nombre);
+  ColonneDeNombres effectif(5, 0);
+  ColonneDeNombres pourcentage(3, 1, Voisin::Nombre);
+  ColonneDeNombres khi2(4, 1, Voisin::Nombre);
   for (std::size_t s = 0; s < analyse.examinees; ++s) {
     const Situation& situation = analyse.table.situations[s];
     effectif.Voir(situation.effectif);
@@ -217,14 +217,14 @@ std::array<std::string, 4> TableauPaire(const AnalyseTabulaire& analyse, const M
   const Rangee a = rangee(sousEffet.premiere);
   const Rangee b = rangee(sousEffet.seconde);
   const Rangee total{"  Tot", a.y + b.y, a.n + b.n};
-  Colonne oui(5, 0);
-  Colonne non(5, 0, Voisin::Nombre);
-  Colonne effectif(5, 0, Voisin::Nombre);
+  ColonneDeNombres oui(5, 0);
+  ColonneDeNombres non(5, 0, Voisin::Nombre);
+  ColonneDeNombres effectif(5, 0, Voisin::Nombre);
   oui.Voir(total.y);
   non.Voir(total.n - total.y);
   effectif.Voir(total.n);
-  Colonne partOui(3, 1);
-  Colonne partNon(3, 1, Voisin::Nombre);
+  ColonneDeNombres partOui(3, 1);
+  ColonneDeNombres partNon(3, 1, Voisin::Nombre);
   for (const Rangee& r : {a, b, total}) {
     partOui.Voir(r.Pourcentage());
     partNon.Voir(100 * (r.n - r.y) / r.n);
@@ -278,9 +278,9 @@ void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Mod
   rapport.Ligne("    Effets                               Intervalle de confiance ");
   rapport.Ligne("  marginaux                                 à 1 écart-type"_w);
   rapport.Ligne();
-  Colonne moyenne(3, DecimalesDEffet(choix));
-  Colonne bas(3, 1);
-  Colonne haut(3, 1);
+  ColonneDeNombres moyenne(3, DecimalesDEffet(choix));
+  ColonneDeNombres bas(3, 1);
+  ColonneDeNombres haut(3, 1);
   for (const Effet& effet : analyse.effets) {
     moyenne.Voir(effet.moyenne);
     bas.Voir(effet.moyenne - effet.ecartType);

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <string>
 
+#include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
 #include "crosstab/tableau/khi2.h"
-#include "regression/colonne.h"
 
 namespace quelvar::regression {
 
@@ -96,8 +96,8 @@ void ImprimerMoyennes(Rapport& rapport, const Travail& travail, const ModeleAjus
   rapport.Ligne(entete);
   rapport.Ligne(
       "Modalité explicative                        Ecart de la moyenne observée à la moyenne générale en %"_w);
-  Colonne moyenne(1, 4);
-  Colonne ecart(4, 1);
+  ColonneDeNombres moyenne(1, 4);
+  ColonneDeNombres ecart(4, 1);
   for (const double m : moyennes) {
     moyenne.Voir(m);
     ecart.Voir(100 * (m - generale));
@@ -137,9 +137,9 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   PrevenirDesIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
 
-  Colonne beta(3, Decimales(travail));
-  Colonne rapportDeChances(3, 2);
-  Colonne effet(3, 1);
+  ColonneDeNombres beta(3, Decimales(travail));
+  ColonneDeNombres rapportDeChances(3, 2);
+  ColonneDeNombres effet(3, 1);
   for (const double b : betas) {
     beta.Voir(b);
     if (ajuste.lien == Lien::Logistique) rapportDeChances.Voir(std::exp(b));
@@ -157,7 +157,7 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
 }
 
 void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste, const TestsDuModele& tests) {
-  Colonne ensemble(5, 4);
+  ColonneDeNombres ensemble(5, 4);
   const double constante = -2 * tests.logConstante;
   const double complet = -2 * ajuste.ajustement.logVraisemblance;
   for (const double valeur : {constante, complet, tests.modele.khi2}) ensemble.Voir(valeur);
@@ -167,7 +167,7 @@ void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste&
   rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0),
                  " Prob.=", NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
 
-  Colonne khi2(5, 4);
+  ColonneDeNombres khi2(5, 4);
   for (const TestDeVraisemblance& test : tests.parametres)
     if (!test.Impossible()) khi2.Voir(test.khi2);
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "core/programme/erreur.h"
+#include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
-#include "regression/colonne.h"
 
 namespace quelvar::regression {
 
@@ -80,9 +80,9 @@ void ImprimerDescription(Rapport& rapport, const VariablesDeRegression& variable
   } catch (const Erreur& erreur) {
     faute = erreur.Numero();
   }
-  Colonne moyenne(11, 4, Voisin::Nombre);
-  Colonne ecartType(11, 4, Voisin::Nombre);
-  Colonne corrige(11, 4, Voisin::Nombre);
+  ColonneDeNombres moyenne(11, 4, Voisin::Nombre);
+  ColonneDeNombres ecartType(11, 4, Voisin::Nombre);
+  ColonneDeNombres corrige(11, 4, Voisin::Nombre);
   for (const LigneDeDescription& ligne : lignes) {
     moyenne.Voir(ligne.moyenne);
     ecartType.Voir(ligne.ecartType);
@@ -114,9 +114,9 @@ void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string
   const Source sources[] = {{"Totale     ", a.individus - 1, a.individus * a.totale},
                             {"Expliquée  "_w, p, a.individus * a.expliquee},
                             {"Résiduelle "_w, a.degres, a.individus * a.residuelle}};
-  Colonne degres(4, 0);
-  Colonne somme(8, 4, Voisin::Nombre);
-  Colonne carre(8, 4, Voisin::Nombre);
+  ColonneDeNombres degres(4, 0);
+  ColonneDeNombres somme(8, 4, Voisin::Nombre);
+  ColonneDeNombres carre(8, 4, Voisin::Nombre);
   for (const Source& source : sources) {
     degres.Voir(source.degres);
     somme.Voir(source.somme);
@@ -142,9 +142,9 @@ void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string
 void ImprimerParametres(Rapport& rapport, const VariablesDeRegression& variables, const AjustementLineaire& a) {
   constexpr int kLargeurNom = 15;
   const std::size_t constante = a.explicatives;
-  Colonne parametre(8, 4, Voisin::Nombre);
-  Colonne ecartType(8, 4, Voisin::Nombre);
-  Colonne student(8, 2, Voisin::Nombre);
+  ColonneDeNombres parametre(8, 4, Voisin::Nombre);
+  ColonneDeNombres ecartType(8, 4, Voisin::Nombre);
+  ColonneDeNombres student(8, 2, Voisin::Nombre);
   const auto t = [&](std::size_t i) { return a.ecartsTypes[i] == 0 ? 0 : a.parametres[i] / a.ecartsTypes[i]; };
   for (std::size_t i = 0; i <= constante; ++i) {
     parametre.Voir(a.parametres[i]);

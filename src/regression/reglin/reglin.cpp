@@ -9,9 +9,9 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
+#include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
-#include "regression/colonne.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {

@@ -2,6 +2,8 @@
 
 #include "core/resultats/fichiers.h"
 #include "core/resultats/largeurfixe.h"
+#include "core/resultats/rangees.h"
+#include "support/environnement.h"
 
 namespace quelvar {
 namespace {
@@ -49,6 +51,30 @@ TEST(LargeurFixe, BlocksHoldWhatThePageHolds) {
   EXPECT_EQ(blocs(std::vector<int>(41, 5)), (std::vector<std::size_t>{15, 30, 41}));
   EXPECT_EQ(blocs({30, 45, 5, 5, 91, 5}), (std::vector<std::size_t>{2, 4, 5, 6})) << "one too wide stands alone";
   EXPECT_TRUE(blocs({}).empty());
+}
+
+TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
+  TableauEdite tableau;
+  tableau.titres = {"Effets"};
+  tableau.coin = "Nom ";
+  tableau.colonnes = {{" Effet"}, {" Poids"}, {" Note"}, {" Fin"}};
+  tableau.rangees = {{"AAAAA", "long", {{1.25, Unite::Nombre, 1, "*"}, {7.0}, {{}, {}, 0, "abcd"}, {3.0}}},
+                     {"B", {}, {{-12345.0, Unite::Nombre, 1}, {123456.0}, {{}, {}, 0, ""}, {12345.0}}}};
+  const FormeEnRangees forme{
+      .titre = 4,
+      .places = {{"|", 4, Elargissement::DerriereUnTexte}, {"", 5, Elargissement::DerriereUnNombre}, {" ", 2}, {"", 4}},
+      .avantIntitule = "; "};
+  const essai::DossierTemporaire dossier;
+  const Chemin chemin = dossier.Chemin() / "R.PRT";
+  Rapport rapport(chemin);
+  ImprimerRangees(rapport, tableau, forme);
+  rapport.Achever();
+  rapport.Valider();
+  EXPECT_EQ(LireOctets(chemin),
+            "Effets\r\n"
+            "Nom    Effet   Poids Note Fin\r\n"
+            "AAAA|     1.2*      7 ab   3; long\r\n"
+            "B   |-12345.0 123456   12345; \r\n");
 }
 
 // Two rows and two columns of a crosstab with their margins, and the eigenvalues of a table.

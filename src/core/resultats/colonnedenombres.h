@@ -5,15 +5,15 @@
 
 #include "core/programme/report.h"
 
-namespace quelvar::regression {
+namespace quelvar {
 
 // What stands directly in front of a column: a number, from which a blank must part it, or a text.
 enum class Voisin { Texte, Nombre };
 
 // A column of `NombreFixe`: the width told holds as long as every value seen fits.
-class Colonne {
+class ColonneDeNombres {
  public:
-  Colonne(int entiers, int decimales, Voisin voisin = Voisin::Texte)
+  ColonneDeNombres(int entiers, int decimales, Voisin voisin = Voisin::Texte)
       : entiers_(entiers), prevus_(entiers), decimales_(decimales), voisin_(voisin) {}
 
   // To be called for the values of the column, or for the smallest and the largest, before any is written.
@@ -21,6 +21,8 @@ class Colonne {
   std::string operator()(double valeur) const;
   // The same at the end of a line, for tables of millions of them.
   void Ajouter(std::string& ligne, double valeur) const;
+  // Columns of the sign and the digits before the point, with the blank that parts them from a number.
+  int Entiers() const { return entiers_; }
   // Blanks that a heading needs in front to stand where it stood.
   std::string Ajout() const { return CadreGauche("", entiers_ - prevus_); }
 
@@ -34,4 +36,4 @@ class Colonne {
 // A single figure in that format, wider where it must.
 std::string Figure(double valeur, int entiers, int decimales);
 
-}  // namespace quelvar::regression
+}  // namespace quelvar

@@ -1,4 +1,4 @@
-#include "regression/colonne.h"
+#include "core/resultats/colonnedenombres.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 
 #include "core/texte/nombres.h"
 
-namespace quelvar::regression {
+namespace quelvar {
 
 namespace {
 
@@ -27,9 +27,9 @@ std::string Fixe(double valeur, int entiers, int decimales) {
 
 }  // namespace
 
-std::string Colonne::operator()(double valeur) const { return Fixe(valeur, entiers_, decimales_); }
+std::string ColonneDeNombres::operator()(double valeur) const { return Fixe(valeur, entiers_, decimales_); }
 
-void Colonne::Ajouter(std::string& ligne, double valeur) const {
+void ColonneDeNombres::Ajouter(std::string& ligne, double valeur) const {
   constexpr double kChiffresCourts = 1e9;
   constexpr int kPlaces = 40;
   const double echelonne = ArrondirPair(decimales_ == 0 ? valeur : decimales_ == 1 ? valeur * 10 : valeur * 100);
@@ -60,7 +60,7 @@ void Colonne::Ajouter(std::string& ligne, double valeur) const {
   ligne.append(debutDesEntiers - entiers_, static_cast<const char*>(fin));
 }
 
-void Colonne::Voir(double valeur) {
+void ColonneDeNombres::Voir(double valeur) {
   constexpr int kDeReste = 40;
   const std::string texte = Fixe(valeur, kDeReste, decimales_);
   const auto fraction = static_cast<std::size_t>(decimales_ == 0 ? 0 : decimales_ + 1);
@@ -70,9 +70,9 @@ void Colonne::Voir(double valeur) {
 }
 
 std::string Figure(double valeur, int entiers, int decimales) {
-  Colonne colonne(entiers, decimales);
+  ColonneDeNombres colonne(entiers, decimales);
   colonne.Voir(valeur);
   return colonne(valeur);
 }
 
-}  // namespace quelvar::regression
+}  // namespace quelvar
