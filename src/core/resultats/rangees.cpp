@@ -46,9 +46,23 @@ class ColonneEnRangees {
   int entiers_;
 };
 
-bool AUneTete(const TableauEdite& tableau) {
-  return !tableau.coin.empty() ||
-         std::ranges::any_of(tableau.colonnes, [](const Colonne& colonne) { return !colonne.titre.empty(); });
+bool UneALeTexte(const TableauEdite& tableau, std::string Colonne::*texte) {
+  return std::ranges::any_of(tableau.colonnes, [texte](const Colonne& colonne) { return !(colonne.*texte).empty(); });
+}
+
+void ImprimerTete(Rapport& rapport, const TableauEdite& tableau, const std::vector<ColonneEnRangees>& colonnes) {
+  const auto ligne = [&](std::string debut, std::string Colonne::*texte) {
+    for (std::size_t j = 0; j < colonnes.size(); ++j) debut += colonnes[j].Ajout() + tableau.colonnes[j].*texte;
+    rapport.Ligne(debut);
+  };
+  const bool intitules = UneALeTexte(tableau, &Colonne::intitule);
+  if (intitules || !tableau.coin.empty() || UneALeTexte(tableau, &Colonne::titre))
+    ligne(tableau.coin, &Colonne::titre);
+  if (intitules) ligne(std::string(tableau.coin.size(), ' '), &Colonne::intitule);
+}
+
+bool EstVide(const Rangee& rangee) {
+  return rangee.titre.empty() && rangee.cellules.empty() && rangee.intitule.empty();
 }
 
 }  // namespace
@@ -61,18 +75,18 @@ void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeE
     for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Voir(rangee.cellules[j]);
 
   for (const std::string& titre : tableau.titres) rapport.Ligne(titre);
+  ImprimerTete(rapport, tableau, colonnes);
   std::string ligne;
-  if (AUneTete(tableau)) {
-    ligne = tableau.coin;
-    for (std::size_t j = 0; j < colonnes.size(); ++j) ligne += colonnes[j].Ajout() + tableau.colonnes[j].titre;
-    rapport.Ligne(ligne);
-  }
-  for (const Rangee& rangee : tableau.rangees) {
-    ligne = forme.titre == 0 ? rangee.titre : CadreGauche(rangee.titre, forme.titre);
-    for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Ecrire(ligne, rangee.cellules[j]);
-    ligne += forme.avantIntitule;
-    ligne += rangee.intitule;
-    rapport.Ligne(ligne);
+  for (std::size_t i = 0; i < tableau.rangees.size(); ++i) {
+    const Rangee& rangee = tableau.rangees[i];
+    if (!EstVide(rangee)) {
+      ligne = forme.titre == 0 ? rangee.titre : CadreGauche(rangee.titre, forme.titre);
+      for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Ecrire(ligne, rangee.cellules[j]);
+      ligne += forme.avantIntitule;
+      ligne += forme.intitule == 0 ? rangee.intitule : CadreDroit(rangee.intitule, forme.intitule);
+      rapport.Suite(ligne);
+    }
+    if ((i + 1) % forme.parLigne == 0 || i + 1 == tableau.rangees.size()) rapport.Ligne();
   }
 }
 

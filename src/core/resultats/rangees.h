@@ -2,6 +2,7 @@
 // are minima: a column whose values need more widens as a whole where its place says so, and its heading moves along.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -28,10 +29,13 @@ struct FormeEnRangees {
   int titre = 0;                        // columns of the title, cut and padded; 0: as it stands
   std::vector<PlaceEnRangee> places;    // one a column; the last one serves the columns that follow too
   std::string_view avantIntitule = {};  // in front of the label; it ends the rows without label as well
+  int intitule = 0;                     // columns that the label ends in; 0: as it stands
+  std::size_t parLigne = 1;             // rows that one line holds
 };
 
 // The lines above the table as they stand, the heading if there is one (the corner, then the titles of the columns,
-// each moved by what its column has widened), and the rows. A cell without a value shows its mark as a text: cut and
+// each moved by what its column has widened; their labels below, when they have some), and the rows. A row without
+// title, cells and label is an empty line. A cell without a value shows its mark as a text: cut and
 // padded to its place, or as it stands in a place of no columns. Raises kArgumentIncorrect or kDepassementCapacite for
 // a value that is not finite.
 void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme);

@@ -228,7 +228,9 @@ void PrevenirDesPertes(Rapport& rapport, const VariablesDeRegression& variables,
 
 void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegression& variables) {
   const Dispersion dispersion = DisperserMoments(sommes);
-  ImprimerDescription(rapport, variables, dispersion);
+  const VariablesDecrites decrites = Decrire(variables, dispersion);
+  ImprimerDescription(rapport, dispersion.individus, decrites);
+  if (decrites.arret) throw Erreur(*decrites.arret);
   const auto p = static_cast<double>(variables.explicatives.size());
   if (dispersion.individus - p - 1 == 0) throw Erreur(kDivisionParZero);
   const Matrice moments = sommes.Symetrique();
@@ -247,7 +249,9 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   TesterAjustement(*inverse, ajustement);
   ImprimerVariance(rapport, ajustement,
                    ajustement.f == 0 ? std::string_view{} : TexteDeF(ProbabiliteF(ajustement.f, p, ajustement.degres)));
-  ImprimerParametres(rapport, variables, ajustement);
+  const ParametresEstimes estimes = EstimerParametres(variables, ajustement);
+  ImprimerParametres(rapport, variables, estimes);
+  if (estimes.arrete) throw Erreur(kDivisionParZero);
 }
 
 void Executer(const Contexte& contexte, Rapport& rapport) {
