@@ -56,8 +56,7 @@ void ImprimerTete(Rapport& rapport, const TableauEdite& tableau, const std::vect
     rapport.Ligne(debut);
   };
   const bool intitules = UneALeTexte(tableau, &Colonne::intitule);
-  if (intitules || !tableau.coin.empty() || UneALeTexte(tableau, &Colonne::titre))
-    ligne(tableau.coin, &Colonne::titre);
+  if (intitules || !tableau.coin.empty() || UneALeTexte(tableau, &Colonne::titre)) ligne(tableau.coin, &Colonne::titre);
   if (intitules) ligne(std::string(tableau.coin.size(), ' '), &Colonne::intitule);
 }
 

@@ -27,7 +27,8 @@ std::optional<NumeroErreur> Ajouter(const Variable& variable, const Dispersion& 
   const double moyenne = dispersion.moyennes[rang];
   const double ecartType = std::sqrt(variance);
   const double corrige = std::sqrt(variance * n / (n - 1));
-  decrites.tableau.rangees.push_back({variable.intitule, {}, {Decimale(moyenne), Decimale(ecartType), Decimale(corrige)}});
+  decrites.tableau.rangees.push_back(
+      {variable.intitule, {}, {Decimale(moyenne), Decimale(ecartType), Decimale(corrige)}});
   if (!dispersion.constantes[rang] && ecartType < kDispersionSure * std::fabs(moyenne))
     decrites.incertaines.push_back(variable.intitule);
   return std::nullopt;
