@@ -46,7 +46,8 @@ void ImprimerDescription(Rapport& rapport, double individus, const VariablesDecr
 }
 
 void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string_view signification) {
-  ImprimerRangees(rapport, TableauDeVariance(a), {.places = {{"", 4, Elargissement::DerriereUnTexte}, kNombre}});
+  ImprimerRangees(rapport, TableauDeVariance(a),
+                  {.places = {{"", 4, Elargissement::DerriereUnTexte}, kNombre}, .coinDesIntitules = "           "});
   rapport.Ligne();
   rapport.Ligne({"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), 3, 0), " , ",
                  Figure(a.degres, 3, 0), " ) =", Figure(a.f, 8, 4), "  Signification  "});

@@ -68,13 +68,15 @@ TEST(Rangees, HeadingsOfTwoLinesEmptyRowsAndRowsSideBySide) {
   tableau.coin = "Nom ";
   tableau.colonnes = {{" Somme", "     1"}, {" Fin", "   2"}};
   tableau.rangees = {{"A", "ns", {{123456.0}, {1.0}}}, {}, {"B", "**", {{1.0}, {2.0}}}};
-  EXPECT_EQ(
-      Imprimer(tableau, {.titre = 4, .places = {{"", 5, Elargissement::DerriereUnTexte}, {"", 3}}, .intitule = 4}),
-      "Nom   Somme Fin\r\n"
-      "          1   2\r\n"
-      "A   123456  1  ns\r\n"
-      "\r\n"
-      "B        1  2  **\r\n");
+  EXPECT_EQ(Imprimer(tableau, {.titre = 4,
+                               .places = {{"", 5, Elargissement::DerriereUnTexte}, {"", 3}},
+                               .coinDesIntitules = "    ",
+                               .intitule = 4}),
+            "Nom   Somme Fin\r\n"
+            "          1   2\r\n"
+            "A   123456  1  ns\r\n"
+            "\r\n"
+            "B        1  2  **\r\n");
   tableau = {};
   tableau.colonnes = {{}};
   for (const double frequence : {5.0, 12345.0, 7.0})
@@ -101,6 +103,31 @@ TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
             "Nom    Effet   Poids Note Fin\r\n"
             "AAAA|     1.2*      7 ab   3; long\r\n"
             "B   |-12345.0 123456   12345; \r\n");
+}
+
+TEST(Rangees, HeadingsFollowTheirPlacesAndListsHaveAPlaceARow) {
+  TableauEdite tableau;
+  tableau.coin = " COL:";
+  tableau.colonnes = {{" SEX ", " 1   "}, {"Label", "2"}, {"Label", "3"}};
+  tableau.rangees = {{"SEX1 ", {}, {{1234567.0}, {1.0}, {2.0, Unite::Nombre, 1}}}};
+  const FormeEnRangees forme{.places = {{.entiers = 5, .enPlus = 3},
+                                        {.avant = " ", .entiers = 3, .titre = TitreDeColonne::AGauche},
+                                        {.entiers = 7, .titre = TitreDeColonne::ADroite}},
+                             .coinDesIntitules = "Modal.  "};
+  const essai::DossierTemporaire dossier;
+  const Chemin chemin = dossier.Chemin() / "R.PRT";
+  Rapport rapport(chemin);
+  ImprimerRangees(rapport, tableau, forme);
+  const std::vector<Rangee> liste = {{"Khi-deux = ", " !", {{12.25, Unite::Nombre, 1}}}, {"p = ", {}, {{0.5}}}};
+  ImprimerListe(rapport, liste, {{.entiers = 4}, {.avant = "<", .entiers = 2}});
+  rapport.Achever();
+  rapport.Valider();
+  EXPECT_EQ(LireOctets(chemin),
+            " COL:    SEX Lab  Label\r\n"
+            "Modal.      1   2        3\r\n"
+            "SEX1  1234567   1      2.0\r\n"
+            "Khi-deux =   12.2 !\r\n"
+            "p = < 0\r\n");
 }
 
 // Two rows and two columns of a crosstab with their margins, and the eigenvalues of a table.
