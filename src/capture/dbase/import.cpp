@@ -164,7 +164,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
     LecteurLignes lecteur(dat);
     for (std::string_view ligne; lecteur.Lire(ligne); ++individus) longueur = std::max(longueur, ligne.size());
   }
-  if (individus == 0) throw Erreur(kFinDeFichierDepassee);
+  if (individus == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(dat.filename())});
   const std::vector<QuestionImportee> questions = QuestionsDesPositions(longueur);
   const std::vector<Champ> champs = ChampsDe(questions);
   CompteurDeChamps compteur(champs);
