@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "capture/apercu/imc.h"
-#include "capture/apercu/sorties/compterendu.h"
 #include "capture/apercu/sorties/plan.h"
+#include "capture/apercu/sorties/remarques.h"
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"

@@ -219,7 +219,7 @@ TEST_F(RunImport, AQuotedFieldSpansLines) {
       << "a quote that nothing closes runs to the end of its line";
 }
 
-TEST(NomsCourts, AllDifferent) {
+TEST(NommerIntitules, AllDifferent) {
   const struct {
     std::vector<std::string> intitules, noms;
   } cas[] = {{{"SEX", "AGE age", "W1"}, {"SEX", "AGE", " W1"}},
@@ -232,7 +232,7 @@ TEST(NomsCourts, AllDifferent) {
              {{"$$$ revenu", "**", "A$B", "   D"}, {"rev", "XXX", "ABX", "DXX"}}};
   for (const auto& [intitules, noms] : cas) {
     std::vector<std::string> obtenus;
-    for (const NomCourt& nom : NomsCourts(intitules)) obtenus.push_back(nom.nom);
+    for (const NomCourt& nom : NommerIntitules(intitules)) obtenus.push_back(nom.nom);
     EXPECT_EQ(obtenus, noms) << intitules[0];
   }
 }
