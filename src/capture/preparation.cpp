@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "capture/apercu/imc.h"
-#include "capture/apercu/sorties/compterendu.h"
 #include "capture/apercu/sorties/plan.h"
+#include "capture/apercu/sorties/remarques.h"
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
@@ -40,13 +40,13 @@ PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille, cons
   // What stands in for a sheet is no file of the survey: it lies where scratch files do.
   source_ = std::make_shared<const SourceDeTable>(fichier_, feuille_, std::filesystem::temp_directory_path(), suivi);
   detectee_ = DetecterLecture(*source_);
-  apercu_ = EnNommantLaFeuille(*source_, [&] { return LireApercu(source_->Texte(), detectee_.lecture); });
+  apercu_ = EnNommantLaSource(*source_, [&] { return LireApercu(source_->Texte(), detectee_.lecture); });
   choix_ = ProposerChoix(Colonnes());
   touchees_.assign(choix_.size(), false);
 }
 
 void PreparationDImport::ChangerLecture(const Lecture& lecture) {
-  Apercu apercu = EnNommantLaFeuille(*source_, [&] { return LireApercu(source_->Texte(), lecture); });
+  Apercu apercu = EnNommantLaSource(*source_, [&] { return LireApercu(source_->Texte(), lecture); });
   std::vector<ChoixDeColonne> gardes;
   for (std::size_t c = 0; c < choix_.size(); ++c)
     if (touchees_[c]) gardes.push_back(choix_[c]);

@@ -160,7 +160,7 @@ void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<
     rangs.push_back(j);
     intitules.push_back(NomDemande(choix[j], j));
   }
-  const std::vector<NomCourt> noms = NomsCourts(intitules);
+  const std::vector<NomCourt> noms = NommerIntitules(intitules);
   for (std::size_t i = 0; i < rangs.size(); ++i) choix[rangs[i]].nom = noms[i].nom;
 }
 

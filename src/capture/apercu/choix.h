@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "capture/apercu/faits.h"
+#include "capture/nomscourts.h"
 
 namespace quelvar::capture {
 
@@ -23,8 +24,6 @@ enum class Genre {
 };
 
 enum class Ordre { Alphabetique, Frequence, Donne };
-
-inline constexpr std::size_t kNomCourtLePlusLong = 3;
 
 // Equal groups of numbers: no more than there are codes of one character.
 inline constexpr int kGroupesAuMoins = 2;

@@ -207,13 +207,15 @@ std::string EcrireImc(const std::vector<ChoixDeColonne>& choix) {
 std::vector<ChoixDeColonne> LireImc(const Chemin& chemin) {
   std::vector<ChoixDeColonne> choix;
   LecteurLignes lecteur(chemin);
-  std::int64_t numero = 0;
-  for (std::string_view octets; lecteur.Lire(octets);) {
-    if (++numero == 1 && octets.starts_with("\xEF\xBB\xBF")) octets.remove_prefix(3);
-    const std::string convertie = EstUtf8MultiOctet(octets) ? DepuisUtf8(octets) : std::string(octets);
-    const std::string_view ligne = Rogner(convertie);
-    if (!ligne.empty() && ligne.front() != '#') choix.push_back(LireLigne(ligne, numero));
-  }
+  Situer(lecteur, [&] {
+    std::int64_t numero = 0;
+    for (std::string_view octets; lecteur.Lire(octets);) {
+      if (++numero == 1) OterMarqueUtf8(octets);
+      const std::string convertie = EstUtf8MultiOctet(octets) ? DepuisUtf8(octets) : std::string(octets);
+      const std::string_view ligne = Rogner(convertie);
+      if (!ligne.empty() && ligne.front() != '#') choix.push_back(LireLigne(ligne, numero));
+    }
+  });
   return choix;
 }
 

@@ -25,7 +25,7 @@ FaitsDeTable ExaminerEnMontrant(const Contexte& contexte, const SourceDeTable& s
     ecran.progresser(static_cast<std::int64_t>(octets));
     return true;
   };
-  return EnNommantLaFeuille(source, [&] { return *ExaminerTable(source.Texte(), lecture, suivi, trace); });
+  return EnNommantLaSource(source, [&] { return *ExaminerTable(source.Texte(), lecture, suivi, trace); });
 }
 
 // The choices of the window: what it took over from the first rows unchanged is proposed again from the whole file.

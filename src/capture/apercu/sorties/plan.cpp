@@ -315,7 +315,7 @@ void Dresseur::Nommer() {
     rangs.push_back(k);
     demandes.push_back(noms_[k]);
   }
-  const std::vector<NomCourt> noms = NomsCourts(demandes);
+  const std::vector<NomCourt> noms = NommerIntitules(demandes);
   for (std::size_t i = 0; i < rangs.size(); ++i) {
     ColonneImportee& colonne = plan_.colonnes[rangs[i]];
     colonne.nomCourt = noms[i].nom;
@@ -327,7 +327,7 @@ void Dresseur::Nommer() {
   }
   demandes.clear();
   for (const NombreGarde& nombre : plan_.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
-  const std::vector<NomCourt> gardes = NomsCourts(demandes);
+  const std::vector<NomCourt> gardes = NommerIntitules(demandes);
   for (std::size_t i = 0; i < gardes.size(); ++i) plan_.nombres[i].nom = gardes[i].nom;
 }
 
