@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar {
@@ -32,9 +33,11 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
 void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
 // Parts of a text of the list: name, mark, label; and the text that they make.
-inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, 4); }
-inline std::string_view MarqueDeTexte(std::string_view texte) { return texte.substr(4, 3); }
-inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(7); }
+inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, kLargeurDeModalite); }
+inline std::string_view MarqueDeTexte(std::string_view texte) {
+  return texte.substr(kLargeurDeModalite, kLargeurDeMarque);
+}
+inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(kColonneDIntitule - 1); }
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);

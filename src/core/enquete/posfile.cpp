@@ -21,8 +21,8 @@ constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
 
 constexpr auto kCodes = ConstruireCodes();
 
-constexpr std::string_view kMarqueActive = "&ACT&";
-constexpr std::string_view kMarqueSupplementaire = "&SUP&";
+constexpr std::string_view kActive = "&ACT&";
+constexpr std::string_view kSupplementaire = "&SUP&";
 
 // Takes the first occurrence of a mark out of the text.
 void Oter(std::string& texte, std::string_view marque) {
@@ -33,8 +33,8 @@ void Oter(std::string& texte, std::string_view marque) {
 // The marks are looked for from column 10 on, in the label too.
 Statut StatutDe(std::string_view ligne) {
   const std::string_view zone = Milieu(ligne, 10);
-  if (zone.find(kMarqueSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
-  return zone.find(kMarqueActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
+  if (zone.find(kSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
+  return zone.find(kActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
 }
 
 int LireCodeMax(std::string_view colonnes) {
@@ -62,8 +62,8 @@ std::string TexteCodeMax(int codeMax) { return codeMax >= 100 ? "L3" : NombreFix
 
 std::string_view MarqueDe(Statut statut) {
   switch (statut) {
-    case Statut::Actif: return kMarqueActive;
-    case Statut::Supplementaire: return kMarqueSupplementaire;
+    case Statut::Actif: return kActive;
+    case Statut::Supplementaire: return kSupplementaire;
     case Statut::Aucun: break;
   }
   return {};
@@ -92,7 +92,7 @@ LigneTaille LireLigneTaille(std::string_view ligne) {
 
 Question LireLigneQuestion(std::string_view ligne) {
   Question question;
-  question.nom = Milieu(ligne, 1, 3);
+  question.nom = Milieu(ligne, 1, kLargeurDeQuestion);
   const auto en = [](int colonne) { return [colonne] { return Lieu{{}, 0, colonne}; }; };
   question.position = Situer(en(4), [&] { return Entier16(ValeurDe(Milieu(ligne, 4, 4))); });
   question.codeMax = Situer(en(8), [&] { return LireCodeMax(Milieu(ligne, 8, 2)); });
@@ -104,8 +104,8 @@ Question LireLigneQuestion(std::string_view ligne) {
   question.statut = StatutDe(ligne);
   std::string zoneLibre(Milieu(ligne, libreDesDix ? 10 : 11));
   DetacherIntitule(ligne, zoneLibre, question);
-  Oter(zoneLibre, kMarqueActive);
-  Oter(zoneLibre, kMarqueSupplementaire);
+  Oter(zoneLibre, kActive);
+  Oter(zoneLibre, kSupplementaire);
   question.regle = Rogner(zoneLibre);
   return question;
 }
@@ -116,9 +116,9 @@ std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::st
 }
 
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {
-  const std::string_view nom = Milieu(ligne, 1, 3);
+  const std::string_view nom = Milieu(ligne, 1, kLargeurDeQuestion);
   if (Rogner(nom).empty()) return FinDeListe::LigneBlanche;
-  if (nom.find("**") != std::string_view::npos) return FinDeListe::Asterisques;
+  if (nom.find(kFinDeListe) != std::string_view::npos) return FinDeListe::Asterisques;
   if (nom.find("$$") != std::string_view::npos) return FinDeListe::Dollars;
   return std::nullopt;
 }
@@ -145,6 +145,12 @@ FichierPos LirePos(const Chemin& chemin) {
     pos.lignes.emplace_back(ligne);
   }
   if (pos.fin == FinDeListe::FinDeFichier) pos.premiereApres = pos.lignes.size();
+  return pos;
+}
+
+std::optional<Chemin> ChercherPos(const Chemin& repertoire, std::string_view nom) {
+  std::optional<Chemin> pos = ChercherFichier(repertoire, nom);
+  if (pos && LongueurFichier(*pos) < kPosVide) pos.reset();
   return pos;
 }
 

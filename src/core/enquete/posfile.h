@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
 #include "core/programme/erreur.h"
 
@@ -26,7 +27,7 @@ inline constexpr int kCodeMaxL3 = 999;
 enum class Statut { Aucun, Actif, Supplementaire };
 
 struct Question {
-  std::string nom;            // columns 1-3
+  std::string nom;            // kLargeurDeQuestion columns
   int position = 0;           // first column in a data line, from 1
   int codeMax = 0;            // kCodeMaxL3 for "L3"
   int largeur = 1;            // columns of the field, from the code-max
@@ -37,6 +38,12 @@ struct Question {
   bool intituleOuvert = false;  // one "$" only
   std::string regle;            // free area without label and mark, trimmed on both sides
 };
+
+// A .POS shorter than this, in bytes, counts as absent where a program makes one.
+inline constexpr std::uintmax_t kPosVide = 3;
+
+// Values above their code-max before a count stops, unless the user says otherwise: more of them are no slips.
+inline constexpr int kDepassementsAuPlus = 50;
 
 // What ended the list of questions.
 enum class FinDeListe { FinDeFichier, LigneBlanche, Asterisques, Dollars };
@@ -81,6 +88,9 @@ std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 // Reads the file; without its questions when the parentheses of line 2 are faulty. Raises kFinDeFichierDepassee for
 // less than two lines, kDepassementCapacite, and the failures of LecteurLignes.
 FichierPos LirePos(const Chemin& chemin);
+
+// Path of the .POS of that name if it exists and is no shorter than kPosVide. Raises what LongueurFichier raises.
+std::optional<Chemin> ChercherPos(const Chemin& repertoire, std::string_view nom);
 
 // The fault of a label without its second "$", as a report tells it; a message box goes on with kCorrigezRelancez.
 std::string FauteIntitule(const Question& question);

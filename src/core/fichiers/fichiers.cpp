@@ -111,6 +111,11 @@ Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom) {
   return repertoire / CheminDe(nom);
 }
 
+bool EstLeMemeFichier(const Chemin& a, const Chemin& b) {
+  std::error_code absent;
+  return fs::equivalent(a, b, absent);
+}
+
 std::uintmax_t LongueurFichier(const Chemin& chemin) {
   struct stat etat {};
   if (::stat(chemin.c_str(), &etat) != 0) LeverErrno(errno);

@@ -27,6 +27,8 @@ std::string TexteDe(const Chemin& chemin);
 std::optional<Chemin> ChercherFichier(const Chemin& repertoire, std::string_view nom);
 // Where a file of that name is written: over the file that exists under the name it has, else under the name given.
 Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom);
+// Whether two paths lead to one file; not when one of them leads nowhere.
+bool EstLeMemeFichier(const Chemin& a, const Chemin& b);
 // Length in bytes; raises kFichierIntrouvable, kPermissionRefusee or kAccesFichier.
 std::uintmax_t LongueurFichier(const Chemin& chemin);
 // Deletes the file if it is there; raises kPermissionRefusee or kAccesFichier.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -122,13 +123,21 @@ class Description : public TableDOptions<Options> {
 
   template <typename Membre>
   Description& Reel(std::string nom, Membre membre, std::string_view aide) {
+    constexpr double kSansBorne = std::numeric_limits<double>::infinity();
+    return Reel(std::move(nom), membre, -kSansBorne, kSansBorne, aide).Valeurs("NOMBRE");
+  }
+  // A number between two bounds.
+  template <typename Membre>
+  Description& Reel(std::string nom, Membre membre, double plusPetit, double plusGrand, std::string_view aide) {
     Option option;
     option.nom = nom;
     option.genre = Option::Genre::Reel;
-    option.valeurs = "NOMBRE";
+    option.valeurs = Joindre({EcrireReel(plusPetit), "..", EcrireReel(plusGrand)});
     option.aide = aide;
+    option.plusPetit = plusPetit;
+    option.plusGrand = plusGrand;
     const auto poser = [=](Options& options, const std::string& texte) {
-      std::invoke(membre, options) = LireReel(nom, texte);
+      std::invoke(membre, options) = LireReel(nom, texte, plusPetit, plusGrand);
     };
     return Ajouter(std::move(option), poser, Ecrivain(membre, EcrireReel));
   }

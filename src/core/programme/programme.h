@@ -14,11 +14,15 @@
 
 namespace quelvar {
 
+// The levels of a user: the ordinary options, or all of them.
+inline constexpr int kNiveauSimple = 1;
+inline constexpr int kNiveauAvance = 2;
+
 // What every program receives.
 struct Contexte {
   Chemin repertoire;      // working directory
   std::string generique;  // code page, without extension
-  int niveau = 1;         // user level, 1 or 2
+  int niveau = kNiveauSimple;
   Dialogue* dialogue = nullptr;
 
   Dialogue& Ecran() const { return *dialogue; }

@@ -12,13 +12,13 @@ namespace quelvar {
 
 namespace {
 
-std::size_t Blancs(std::size_t longueur, int largeur) {
+std::size_t BlancsManquants(std::size_t longueur, int largeur) {
   return largeur > 0 && static_cast<std::size_t>(largeur) > longueur ? static_cast<std::size_t>(largeur) - longueur : 0;
 }
 
 // Right-aligned in the width, whole when longer.
 std::string AlignerDroite(std::string_view texte, int largeur) {
-  std::string resultat(Blancs(texte.size(), largeur), ' ');
+  std::string resultat(BlancsManquants(texte.size(), largeur), ' ');
   resultat += texte;
   return resultat;
 }
@@ -58,7 +58,7 @@ PartiesFixes Decouper(double valeur, int decimales) {
 
 std::string CadreGauche(std::string_view texte, int largeur) {
   std::string resultat(texte.substr(0, static_cast<std::size_t>(std::max(largeur, 0))));
-  resultat.append(Blancs(resultat.size(), largeur), ' ');
+  resultat.append(BlancsManquants(resultat.size(), largeur), ' ');
   return resultat;
 }
 
