@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "core/programme/report.h"
-#include "regression/anatab/sorties.h"
 #include "regression/anatab/travail.h"
+#include "regression/logistique/sorties.h"
 
 namespace quelvar::regression {
 

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "core/resultats/tableau.h"
-#include "regression/anatab/sorties.h"
 #include "regression/anatab/travail.h"
+#include "regression/logistique/sorties.h"
 
 namespace quelvar::regression {
 

@@ -1,4 +1,4 @@
-#include "regression/anatab/sorties.h"
+#include "regression/logistique/sorties.h"
 
 #include <cmath>
 
