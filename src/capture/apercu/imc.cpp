@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "capture/apercu/choix/devenir.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
@@ -16,8 +17,7 @@ constexpr std::string_view kSignesReserves = "=;|#\"";
 constexpr std::array<Genre, 9> kGenres = {Genre::Codes,   Genre::Textes,   Genre::Classes,
                                           Genre::Nombres, Genre::Multiple, Genre::Longs,
                                           Genre::Numero,  Genre::Ecartee,  Genre::Alphabetique};
-constexpr int kTroisPositions = 999;  // code-max "L3"
-constexpr int kCodeMaxEcrit = 99;     // the largest one in digits
+constexpr int kCodeMaxEcrit = 99;  // the largest one in digits
 
 std::string Protege(std::string_view texte) {
   const bool nu = !texte.empty() && texte.find_first_of(kSignesReserves) == std::string_view::npos &&

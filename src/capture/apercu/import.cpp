@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/refus.h"
 #include "capture/apercu/imc.h"
 #include "capture/apercu/reconnaissance.h"
 #include "capture/apercu/sorties/compterendu.h"

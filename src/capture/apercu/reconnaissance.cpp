@@ -1,6 +1,7 @@
 #include "capture/apercu/reconnaissance.h"
 
 #include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/imc.h"
 
 namespace quelvar::capture {

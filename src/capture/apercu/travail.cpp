@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/sorties/direct.h"
 #include "core/texte/nombres.h"
 

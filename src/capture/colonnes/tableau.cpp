@@ -51,8 +51,7 @@ TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bo
 FormeEnRangees FormeDesColonnes(bool sansIntitules) {
   constexpr int kNombre = 4;  // digits of every number
   constexpr int kStatut = 12;
-  if (sansIntitules)
-    return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}}};
+  if (sansIntitules) return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}}};
   return {.places = {{"", kNombre},
                      {"    ", kNombre},
                      {"          ", kNombre},

@@ -11,17 +11,15 @@ namespace {
 
 constexpr std::size_t kLargeurHorsTri = 3;  // of a question that the flat sort cannot take with all the others
 
-Cellule Effectif(std::int64_t valeur) {
-  return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif};
-}
+Cellule Effectif(std::int64_t valeur) { return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif}; }
 
 }  // namespace
 
 TableauEdite TableauDuTri(const QuestionComptee& question, std::int64_t individus) {
   TableauEdite tableau;
-  tableau.titres.push_back(Joindre({"Question ", question.nom, " Position ",
-                                    NombreFixe(static_cast<double>(question.position), 4, 0), "    Code-max. ",
-                                    NombreFixe(question.tri.codeMax, 3, 0)}));
+  tableau.titres.push_back(
+      Joindre({"Question ", question.nom, " Position ", NombreFixe(static_cast<double>(question.position), 4, 0),
+               "    Code-max. ", NombreFixe(question.tri.codeMax, 3, 0)}));
   tableau.colonnes.resize(3);
   for (std::size_t code = 0; code < question.tri.effectifs.size(); ++code)
     if (const std::int64_t effectif = question.tri.effectifs[code]; effectif > 0)
@@ -36,9 +34,8 @@ TableauEdite TableauDuTri(const QuestionComptee& question, std::int64_t individu
 }
 
 void ImprimerTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus) {
-  const FormeEnRangees forme{.places = {{.entiers = 4},
-                                        {.entiers = 6, .elargissement = Elargissement::DerriereUnNombre},
-                                        {.entiers = 4}}};
+  const FormeEnRangees forme{
+      .places = {{.entiers = 4}, {.entiers = 6, .elargissement = Elargissement::DerriereUnNombre}, {.entiers = 4}}};
   rapport.Ligne();
   rapport.Ligne("Impression des tris a plat");
   rapport.Ligne();

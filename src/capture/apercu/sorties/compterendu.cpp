@@ -1,5 +1,6 @@
 #include "capture/apercu/sorties/compterendu.h"
 
+#include "capture/apercu/choix/devenir.h"
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/apercu/sorties/tableau.h"
 #include "core/texte/nombres.h"

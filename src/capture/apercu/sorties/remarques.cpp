@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "capture/apercu/choix/refus.h"
+#include "capture/apercu/choix/textes.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
 #include "core/texte/nombres.h"
@@ -171,10 +173,9 @@ std::vector<std::string> RefusDesCellules(const Bilan& bilan, const FaitsDeTable
   std::ranges::stable_sort(refusees, {}, &CelluleRefusee::colonne);
   std::vector<std::string> refus;
   for (const CelluleRefusee& refusee : refusees)
-    refus.push_back(
-        Joindre({"*** Erreur : colonne", NumeroEtNom(refusee.colonne, faits.colonnes[refusee.colonne]), ", ligne",
-                 NombreNu(refusee.ligne), ": \"", refusee.valeur, "\" ",
-                 RaisonDuRefus(choix[refusee.colonne], faits.colonnes[refusee.colonne], refusee.valeur)}));
+    refus.push_back(Joindre({"*** Erreur : colonne", NumeroEtNom(refusee.colonne, faits.colonnes[refusee.colonne]),
+                             ", ligne", NombreNu(refusee.ligne), ": \"", refusee.valeur, "\" ",
+                             RaisonDuRefus(choix[refusee.colonne], faits.colonnes[refusee.colonne], refusee.valeur)}));
   const auto tues = bilan.refus - static_cast<std::int64_t>(refusees.size());
   if (tues > 0) refus.push_back(Joindre({"*** Erreur : et", NombreNu(tues), "autre(s) cellule(s)"}));
   return refus;

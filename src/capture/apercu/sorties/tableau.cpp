@@ -1,12 +1,12 @@
 #include "capture/apercu/sorties/tableau.h"
 
+#include "capture/apercu/choix/devenir.h"
+
 namespace quelvar::capture {
 
 namespace {
 
-Cellule Effectif(std::int64_t valeur) {
-  return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif};
-}
+Cellule Effectif(std::int64_t valeur) { return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif}; }
 Cellule EnTexte(std::string_view texte) { return {.marque = std::string(texte)}; }
 
 }  // namespace
@@ -44,8 +44,8 @@ std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits,
   for (std::size_t k = lue.premiere; k < lue.premiere + lue.nombre; ++k) {
     const std::string& nom = plan.colonnes[k].nomCourt;
     for (const Etiquette& etiquette : plan.etiquettes[k])
-      codes.push_back({nom, etiquette.code, etiquette.intitule,
-                       bilan.effectifs[k][static_cast<std::size_t>(etiquette.code)]});
+      codes.push_back(
+          {nom, etiquette.code, etiquette.intitule, bilan.effectifs[k][static_cast<std::size_t>(etiquette.code)]});
     if (lue.regle != Regle::Texte && lue.regle != Regle::Classe) continue;
     const std::int64_t zeros = bilan.effectifs[k].empty() ? 0 : bilan.effectifs[k][0];
     if (const std::int64_t nuls = zeros + faits.colonnes[colonne].vides; nuls > 0) codes.push_back({nom, 0, {}, nuls});
