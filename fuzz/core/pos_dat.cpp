@@ -5,7 +5,7 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
-#include "fichier_memoire.h"
+#include "fuzz/support/fichier_memoire.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "text/concordance/concord.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/suplmot.h"

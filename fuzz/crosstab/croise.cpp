@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <numeric>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   if (taille == 0) return 0;

@@ -6,8 +6,8 @@
 #include <iterator>
 #include <string>
 
-#include "dossier_memoire.h"
 #include "factor/profil/profilmod.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "modalities/regroupement/modifburt.h"
 #include "tables/triangle/triang.h"
 #include "utilities/caracteres.h"

@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "core/enquete/posfile.h"
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 
 namespace {
 

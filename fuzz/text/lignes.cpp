@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "text/preparation/preptext.h"
 #include "utilities/trifichier.h"
 

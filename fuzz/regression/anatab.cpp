@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "regression/reglin/reglin.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {

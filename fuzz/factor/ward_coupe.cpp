@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dossier_memoire.h"
 #include "factor/classement/coupe.h"
+#include "fuzz/support/dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   if (taille == 0) return 0;

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "tables/liens/liens.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "core/programme/erreur.h"
-#include "fichier_memoire.h"
+#include "fuzz/support/fichier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const fuzz::FichierMemoire fichier({reinterpret_cast<const char*>(donnees), taille});

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dossier_memoire.h"
 #include "factor/classement/coupe.h"
+#include "fuzz/support/dossier_memoire.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "core/enquete/posfile.h"
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "sorts/preparation/script.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {

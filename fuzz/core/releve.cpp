@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "core/fichiers/jeu.h"
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   constexpr std::string_view kFait = "fait\r\n";

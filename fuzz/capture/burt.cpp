@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 #include "tables/ecapem.h"
 #include "utilities/gendat.h"

@@ -5,7 +5,7 @@
 
 #include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"
-#include "dossier_memoire.h"
+#include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 
 namespace {
