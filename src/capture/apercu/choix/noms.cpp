@@ -17,7 +17,8 @@ bool DonneUnNom(const ChoixDeColonne& choix, bool nombres) {
 std::string NomDemande(const ChoixDeColonne& choix, std::size_t j) {
   const std::string numero = Nombre(j + 1);
   if (!choix.nom.empty()) return choix.nom;
-  if (choix.intitule != Joindre({kTitreDeColonne, numero}) || numero.size() > kNomCourtLePlusLong) return choix.intitule;
+  if (choix.intitule != Joindre({kTitreDeColonne, numero}) || numero.size() > kNomCourtLePlusLong)
+    return choix.intitule;
   return std::string("Co").substr(0, kNomCourtLePlusLong - numero.size()) + numero;
 }
 

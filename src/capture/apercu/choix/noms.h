@@ -1,5 +1,5 @@
-// The short names of the questions and variables that the choices make: all different among the questions, and among the
-// numbers kept.
+// The short names of the questions and variables that the choices make: all different among the questions, and among
+// the numbers kept.
 #pragma once
 
 #include <string>

@@ -91,7 +91,8 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
     if (enNombres) RefuserCellules(choix[j], colonne, j + 1, refus);
     if (choix[j].genre == Genre::Textes && TextesACoder(choix[j], colonne) > kDernierCodeNomme)
       refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule, ", ",
-                               Nombre(TextesACoder(choix[j], colonne)), " textes différents pour "_w, Nombre(kDernierCodeNomme), " codes"}));
+                               Nombre(TextesACoder(choix[j], colonne)), " textes différents pour "_w,
+                               Nombre(kDernierCodeNomme), " codes"}));
     if (SansBornes(choix[j]))
       refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule,
                                ", les classes n'ont pas de bornes : des nombres croissants"_w}));

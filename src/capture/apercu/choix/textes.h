@@ -13,7 +13,8 @@ namespace quelvar::capture {
 // left out. Of lists their answers.
 std::vector<std::vector<ValeurComptee>> EcrituresProches(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
 
-// Gives their codes to texts in order, from 1; with `fondus` a text has the code of the first that is written nearly so.
+// Gives their codes to texts in order, from 1; with `fondus` a text has the code of the first that is written nearly
+// so.
 std::vector<int> CodesDesTextes(const ChoixDeColonne& choix, const std::vector<std::string>& textes);
 
 // How many codes the texts of a column take; all its different cells when they are too many to be kept.
