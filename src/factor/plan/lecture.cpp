@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "core/programme/lieunomme.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"
@@ -91,7 +92,7 @@ void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Donne
     donnees.cah = LireCah(*cah);
   } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreur(erreur)}));
+    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreurDuFichierNomme(erreur)}));
   }
 }
 

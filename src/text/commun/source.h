@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/programme/programme.h"
+#include "core/texte/utf16.h"
 
 namespace quelvar::text {
 
@@ -15,11 +16,10 @@ namespace quelvar::text {
 std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport);
 
 // The byte order of a text in UTF-16: by its mark, or by zeros in nearly every second byte; nothing for any other text.
-enum class Utf16 { PetitBout, GrosBout };
 std::optional<Utf16> EstUtf16(std::string_view octets);
 // Whether PrendreTexte would ask.
 inline bool EstAConvertir(std::string_view octets) { return EstUtf16(octets).has_value() || EstUtf8(octets); }
 // The text without its mark; half a surrogate pair becomes the replacement character.
-std::string Utf8DepuisUtf16(std::string_view octets, Utf16 sens);
+std::string Utf8DepuisUtf16(std::string_view octets, Utf16 ordre);
 
 }  // namespace quelvar::text
