@@ -20,6 +20,7 @@ struct OptionsTabMot {
   int limite = kDepassementsAdmis;                    // excesses of code-max before the stop; 0 for no stop
   std::optional<bool> themes{};                       // without it the words tell: all begin with "_"
 
+  int FrequenceExigee() const { return frequenceMin == 0 ? kFrequenceParDefaut : frequenceMin; }
   bool operator==(const OptionsTabMot&) const = default;
 };
 
