@@ -107,7 +107,7 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
   }
 }
 
-void EcrireReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
+void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
   bilan.negatives.Ecrire(rapport, "négatives, qui n'engendrent aucun individu"_w);
   bilan.fractionnaires.Ecrire(rapport, "fractionnaires, qui sont arrondies");
   bilan.autres.Ecrire(rapport);
@@ -117,7 +117,7 @@ void EcrireReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat&
                    NombreNu(reste)});
 }
 
-void EcrireTete(Rapport& rapport, const Contexte& contexte) {
+void ImprimerTete(Rapport& rapport, const Contexte& contexte) {
   EcrireBandeau(rapport, "  Gendat 3 dim .DAT à partir d'un tableau"_w);
   rapport.Ligne({"Le nom du fichier de Burt est ", contexte.Nom(".BRT")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
@@ -127,7 +127,7 @@ void EcrireTete(Rapport& rapport, const Contexte& contexte) {
 
 void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerTableau(rapport, contexte);
-  EcrireTete(rapport, contexte);
+  ImprimerTete(rapport, contexte);
   const Tableau tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
@@ -146,7 +146,7 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
     CopierSousLeNomUsuel(sorties, *ancien, contexte.Nom(".POS"));
   sorties.Valider();
-  EcrireReserves(rapport, tableau, bilan);
+  ImprimerReserves(rapport, tableau, bilan);
   for (std::size_t i = 1; i < questions.size(); ++i)
     for (std::size_t j = 0; j < i; ++j)
       if (questions[i].nom == questions[j].nom)

@@ -64,7 +64,7 @@ std::string NomsRepetes(std::vector<std::string> noms) {
   return repetes;
 }
 
-void EcrireReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
+void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
   entier.reserves.Ecrire(rapport);
   if (const std::string noms = NomsRepetes(entier.noms); !noms.empty())
     rapport.Ligne({"*** Attention : lignes de même nom, que rien ne distinguera plus en colonnes : "_w, noms});
@@ -170,7 +170,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   const TableauEntier entier = LireEntier(tableau);
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
-  EcrireReserves(rapport, tableau, entier);
+  ImprimerReserves(rapport, tableau, entier);
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
