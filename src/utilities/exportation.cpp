@@ -95,7 +95,7 @@ std::string ManqueExportation(const Contexte& contexte, const OptionsExportation
 }
 
 Fin Exporter(const Contexte& contexte, const OptionsExportation& options) {
-  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                            [&](Rapport& rapport) { ExporterZone(rapport, contexte, options); });
 }
 

@@ -15,8 +15,6 @@ namespace quelvar::utilities {
 
 namespace {
 
-constexpr std::int64_t kCodeLePlusGrand = 999;
-
 // One question of the new data.
 struct QuestionCreee {
   std::string nom;
@@ -24,10 +22,13 @@ struct QuestionCreee {
   std::vector<std::string> codes;  // printed, from code 1 on
 };
 
+// Columns of the codes: those that "L3" makes are three.
+int LargeurDesCodes(int codeMax) { return LargeurDe(codeMax > kDernierCodeNomme ? kCodeMaxL3 : codeMax); }
+
 QuestionCreee Creer(std::string nom, std::int64_t codeMax) {
-  if (codeMax > kCodeLePlusGrand) throw Erreur(kDepassementCapacite);
+  if (codeMax > kCodeMaxL3) throw Erreur(kDepassementCapacite);
   QuestionCreee question{std::move(nom), static_cast<int>(codeMax), {}};
-  const int largeur = question.codeMax < 100 ? LargeurDe(question.codeMax) : 3;
+  const int largeur = LargeurDesCodes(question.codeMax);
   for (int code = 1; code <= question.codeMax; ++code) question.codes.push_back(NombreFixe(code, largeur, 0));
   return question;
 }
@@ -108,9 +109,11 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
 }
 
 void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
-  bilan.negatives.Ecrire(rapport, "négatives, qui n'engendrent aucun individu"_w);
-  bilan.fractionnaires.Ecrire(rapport, "fractionnaires, qui sont arrondies");
-  bilan.autres.Ecrire(rapport);
+  std::vector<std::string> remarques;
+  bilan.negatives.Dire("négatives, qui n'engendrent aucun individu"_w, remarques);
+  bilan.fractionnaires.Dire("fractionnaires, qui sont arrondies", remarques);
+  rapport.Lignes(remarques);
+  rapport.Lignes(bilan.autres.Remarques());
   const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes * tableau.Blocs();
   if (reste > 0)
     rapport.Ligne({"*** Attention : lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,
@@ -193,7 +196,7 @@ std::array<std::string, 3> NomsDesQuestions(std::string_view titre) {
 
 Fin Gendat(const Contexte& contexte, const OptionsGendat&) {
   if (!RemplacementAccepte(contexte)) return Fin::Arret;
-  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                            [&](Rapport& rapport) { Engendrer(rapport, contexte); });
 }
 

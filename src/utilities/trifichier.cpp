@@ -194,7 +194,7 @@ Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
 }
 
 Fin TriDesUtilitaires(const Contexte& contexte, const OptionsTriFichier& options) {
-  return TrierFichier(contexte, options, Libelles());
+  return TrierFichier(contexte, options, LibellesSansTexte());
 }
 
 }  // namespace quelvar::utilities

@@ -11,6 +11,7 @@
 #include "core/programme/annulation.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
+#include "text/commun/prise.h"
 #include "text/commun/source.h"
 #include "text/decoupage/edition.h"
 #include "text/decoupage/liste.h"

@@ -12,7 +12,7 @@
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "text/commun/lignes.h"
-#include "text/commun/source.h"
+#include "text/commun/prise.h"
 #include "text/preparation/edition.h"
 
 namespace quelvar::text {

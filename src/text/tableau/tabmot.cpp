@@ -18,8 +18,6 @@ namespace quelvar::text {
 
 namespace {
 
-constexpr int kCodeMaxNomme = 99;
-
 struct Entrees {
   Chemin donnees;
   FichierPos pos;
@@ -87,13 +85,13 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
                             const std::vector<std::size_t>& actives) {
   if (actives.empty())
     Arreter(rapport, contexte,
-            contexte.niveau == 1
+            contexte.niveau == kNiveauSimple
                 ? "*** Aucune question n'est marquée &ACT& : passer en niveau 2 d'utilisateur pour en choisir"_w
                 : "*** Aucune question n'est choisie comme active"_w);
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
     if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(entrees.pos, rang));
-    if (question.codeMax <= kCodeMaxNomme) continue;
+    if (question.codeMax <= kDernierCodeNomme) continue;
     contexte.Ecran().demander(
         Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}), Boutons::Ok);
     Arreter(rapport, contexte,
