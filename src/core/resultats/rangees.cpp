@@ -1,6 +1,7 @@
 #include "core/resultats/rangees.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <string>
 
@@ -20,7 +21,7 @@ class ColonneEnRangees {
   explicit ColonneEnRangees(const PlaceEnRangee& place) : place_(place), entiers_(place.entiers) {}
 
   void Voir(const Cellule& cellule) {
-    if (!cellule.valeur || place_.elargissement == Elargissement::Aucun) return;
+    if (!cellule.valeur || !Elargit()) return;
     const Voisin voisin = place_.elargissement == Elargissement::DerriereUnNombre ? Voisin::Nombre : Voisin::Texte;
     ColonneDeNombres colonne(entiers_, cellule.decimales, voisin);
     colonne.Voir(*cellule.valeur);
@@ -30,9 +31,7 @@ class ColonneEnRangees {
   void Ecrire(std::string& ligne, const Cellule& cellule) const {
     ligne += place_.avant;
     if (cellule.valeur) {
-      ligne += place_.elargissement == Elargissement::Aucun
-                   ? NombreFixe(*cellule.valeur, entiers_, cellule.decimales)
-                   : ColonneDeNombres(entiers_, cellule.decimales)(*cellule.valeur);
+      EcrireValeur(ligne, *cellule.valeur, cellule.decimales);
       ligne += cellule.marque;
     } else {
       ligne += entiers_ == 0 ? cellule.marque : CadreGauche(cellule.marque, entiers_);
@@ -42,6 +41,18 @@ class ColonneEnRangees {
   std::string Ajout() const { return CadreGauche("", entiers_ - place_.entiers); }
 
  private:
+  bool Elargit() const {
+    return place_.elargissement != Elargissement::Aucun && place_.elargissement != Elargissement::Entier;
+  }
+
+  void EcrireValeur(std::string& ligne, double valeur, int decimales) const {
+    if (place_.elargissement == Elargissement::Entier)
+      ligne += EntierDroit(static_cast<std::int64_t>(valeur), entiers_);
+    else if (Elargit() || std::fabs(valeur) < kSansExposant)
+      ColonneDeNombres(entiers_, decimales).Ajouter(ligne, valeur);
+    else ligne += NombreFixe(valeur, entiers_, decimales);
+  }
+
   const PlaceEnRangee& place_;
   int entiers_;
 };

@@ -14,6 +14,7 @@
 #include "core/texte/nombres.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
+#include "factor/analyse/tables.h"
 
 namespace quelvar::factor {
 
@@ -92,7 +93,7 @@ void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod, JeuDe
 }
 
 int SeuilEffectif(int seuil, std::int64_t actifs) {
-  return seuil == kSeuilMoyen && actifs > 0 ? Entier16(1000 / static_cast<double>(actifs)) : seuil;
+  return seuil == kSeuilMoyen && actifs > 0 ? CpfMoyen(static_cast<std::size_t>(actifs)) : seuil;
 }
 
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
@@ -149,6 +150,7 @@ struct Moteur {
   // What is printed once all factors are there: lists of coordinates whose scale the largest of them decides.
   std::vector<std::function<void(Rapport&)>> differees = {};
 
+  bool Differe() const { return options.type == TypeAnalyse::Acp && reglages.edition == EditionAnecar::Triee; }
   void TraiterFacteur(Rapport& rapport, std::size_t k);
   void Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression);
   void ImprimerListes(Rapport& rapport, std::size_t k) const;
@@ -156,29 +158,25 @@ struct Moteur {
 };
 
 void Moteur::Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression) {
-  const bool aDifferer = options.type == TypeAnalyse::Acp && reglages.edition == EditionAnecar::Triee;
-  if (aDifferer) differees.push_back(std::move(impression));
+  if (Differe()) differees.push_back(std::move(impression));
   else impression(rapport);
 }
 
 void Moteur::ImprimerListes(Rapport& rapport, std::size_t k) const {
-  const auto aLEchelle = [&](CoteFacteur cote) {
-    for (double& coordonnee : cote.coordonnees) coordonnee *= analyse.echelle;
-    return cote;
-  };
   const FacteurAnecar& facteur = analyse.facteurs[k - 1];
   if (options.imprimerLignes)
-    ImprimerLignesTriees(rapport, tableau, aLEchelle(facteur.lignes), k, reglages.seuilLignes);
-  ImprimerColonnesTriees(rapport, plan.colonnes, aLEchelle(facteur.colonnes), k, reglages.seuilColonnes);
+    ImprimerLignesTriees(rapport, tableau, ALEchelle(facteur.lignes, analyse.echelle), k, reglages.seuilLignes);
+  ImprimerColonnesTriees(rapport, plan.colonnes, ALEchelle(facteur.colonnes, analyse.echelle), k,
+                         reglages.seuilColonnes);
 }
 
-// The deviations as they stand now.
+// The deviations as they stand now, which a listing that waits for the scale keeps for itself.
 void Moteur::ImprimerRestants(Rapport& rapport) {
-  Imprimer(rapport, [this, actives = tableau.actives](Rapport& r) mutable {
-    std::swap(tableau.actives, actives);
-    ImprimerEcartsRestants(r, tableau, plan.colonnes, analyse.ecarts, plan.decimales);
-    std::swap(tableau.actives, actives);
-  });
+  const auto imprimer = [this](Rapport& r, const Matrice& d) {
+    ImprimerEcartsRestants(r, tableau.lignes, plan.colonnes, {d, analyse.ecarts.effectif}, plan.decimales);
+  };
+  if (Differe()) differees.push_back([imprimer, d = tableau.actives](Rapport& r) { imprimer(r, d); });
+  else imprimer(rapport, tableau.actives);
 }
 
 void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
@@ -197,7 +195,7 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   DeflaterActives(tableau, analyse, courant);
   if (plan.decimales > 0)
     Imprimer(rapport, [this, courant](Rapport& r) {
-      ImprimerReconstitution(r, tableau, plan.colonnes, ReconstituerEcarts(tableau, analyse.ecarts, courant),
+      ImprimerReconstitution(r, tableau.lignes, plan.colonnes, ReconstituerEcarts(tableau, analyse.ecarts, courant),
                              plan.decimales);
     });
   DeflaterSupplementaires(tableau, analyse, courant);

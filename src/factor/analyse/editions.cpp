@@ -1,13 +1,17 @@
 #include "factor/analyse/editions.h"
 
-#include <cmath>
+#include <algorithm>
+#include <functional>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/programme/erreur.h"
 #include "core/resultats/largeurfixe.h"
+#include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
-#include "factor/analyse/tri.h"
+#include "factor/analyse/tables.h"
 
 namespace quelvar::factor {
 
@@ -15,21 +19,6 @@ namespace {
 
 constexpr int kDecimalesAuPlus = 99;
 constexpr std::size_t kLignesSurTroisChiffres = 1000;
-
-// One dimension of the table with the results on it.
-struct Dimension {
-  const ElementsAnecar& elements;
-  const std::vector<std::int16_t>& qlt;
-  CoteFacteur FacteurAnecar::*cote;
-};
-
-Dimension DimensionLignes(const TableauAnecar& tableau, const AnalyseAnecar& analyse) {
-  return {tableau.lignes, analyse.qltLignes, &FacteurAnecar::lignes};
-}
-
-Dimension DimensionColonnes(const PlanAnecar& plan, const AnalyseAnecar& analyse) {
-  return {plan.colonnes, analyse.qltColonnes, &FacteurAnecar::colonnes};
-}
 
 std::string Repeter(std::string_view debut, std::string_view motif, std::size_t fois, std::string_view fin) {
   std::string texte(debut);
@@ -84,12 +73,6 @@ namespace {
 constexpr int kLargeurValeurPropre = 9;
 constexpr int kLargeurPourcentage = 5;
 
-// Eigenvalue and share, as report and files show them.
-std::vector<Cellule> ValeurPropre(const FacteurAnecar& facteur) {
-  return {{facteur.valeurPropre, Unite::Nombre, 6, facteur.converge ? "" : "*"},
-          {facteur.pourcentage, Unite::Pourcent, 1}};
-}
-
 }  // namespace
 
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
@@ -109,17 +92,16 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
                  " : la plus grande a moins de trois chiffres en millièmes"_w});
 }
 
-TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {
-  TableauEdite tableau;
-  tableau.titres = {"Valeurs propres"};
-  tableau.coin = "Facteur";
-  tableau.colonnes = {{"Valeur propre"}, {"Pourcentage du total"}};
-  for (std::size_t k = 0; k < analyse.facteurs.size(); ++k)
-    tableau.rangees.push_back({Nombre(k + 1), {}, ValeurPropre(analyse.facteurs[k])});
-  return tableau;
-}
-
 namespace {
+
+// Rows of individuals can be millions: a table is made and laid out so many at a time.
+constexpr std::size_t kRangeesALaFois = 1000;
+
+template <class FaireTable>  // the table of some ranks
+void ImprimerParTranches(Rapport& rapport, Tranche rangs, const FormeEnRangees& forme, const FaireTable& faire) {
+  for (std::size_t premier = rangs.premier; premier < rangs.fin; premier += kRangeesALaFois)
+    ImprimerRangees(rapport, faire(Tranche{premier, std::min(premier + kRangeesALaFois, rangs.fin)}), forme);
+}
 
 // What tells the listing of rows from that of columns.
 struct MotsListe {
@@ -129,21 +111,15 @@ struct MotsListe {
   int largeurIndice;
 };
 
-// Elements of a range of positions, in the order of their CPF signed like their coordinate.
-void ImprimerElementsTries(Rapport& rapport, const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t debut,
-                           std::size_t fin, int seuil, int largeurIndice) {
-  std::vector<int> cles;
-  cles.reserve(fin - debut);
-  for (std::size_t i = debut; i < fin; ++i) {
-    const double f = cote.coordonnees[i];
-    cles.push_back(f > 0 ? cote.cpf[i] : f < 0 ? -cote.cpf[i] : 0);
-  }
-  for (const std::size_t rang : OrdreParEchanges(cles)) {
-    const std::size_t i = debut + rang;
-    if (cote.cpf[i] < seuil) continue;
-    rapport.Ligne({EntierDroit(static_cast<std::int64_t>(i + 1), largeurIndice), " ", CadreGauche(elements.noms[i], 5),
-                   NombreFixe(cote.coordonnees[i], 7, 0), EntierDroit(cote.cpf[i], 5), "    ", elements.intitules[i]});
-  }
+void ImprimerElementsTries(Rapport& rapport, const ElementsAnecar& elements, const CoteFacteur& cote, Tranche positions,
+                           int seuil, int largeurIndice) {
+  const FormeEnRangees forme{
+      .places = {{"", largeurIndice, Elargissement::Entier}, {" ", 5}, {"", 7}, {"", 5, Elargissement::Entier}},
+      .avantIntitule = "    "};
+  const std::vector<std::size_t> tries = ElementsTries(cote, positions, seuil);
+  ImprimerParTranches(rapport, {0, tries.size()}, forme, [&](Tranche rangs) {
+    return TableTriee(elements, cote, std::span(tries).subspan(rangs.premier, rangs.Taille()));
+  });
 }
 
 std::string LigneFacteur(std::size_t k, std::string_view suite) {
@@ -155,7 +131,7 @@ void ImprimerActifsTries(Rapport& rapport, const ElementsAnecar& elements, const
   if (elements.actifs == 0) return;
   rapport.Ligne(LigneFacteur(k, mots.actifs));
   rapport.Ligne(mots.enTete);
-  ImprimerElementsTries(rapport, elements, cote, 0, elements.actifs, seuil, mots.largeurIndice);
+  ImprimerElementsTries(rapport, elements, cote, {0, elements.actifs}, seuil, mots.largeurIndice);
 }
 
 }  // namespace
@@ -170,7 +146,7 @@ void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const 
   if (lignes.Supplementaires() == 0) return;
   rapport.Ligne(" ");
   rapport.Ligne(mots.supplementaires);
-  ImprimerElementsTries(rapport, lignes, cote, lignes.actifs, lignes.Nombre(), seuil, mots.largeurIndice);
+  ImprimerElementsTries(rapport, lignes, cote, {lignes.actifs, lignes.Nombre()}, seuil, mots.largeurIndice);
 }
 
 void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
@@ -181,13 +157,16 @@ void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, co
   if (colonnes.Supplementaires() == 0) return;
   rapport.Ligne();
   rapport.Ligne(LigneFacteur(k, mots.supplementaires));
-  ImprimerElementsTries(rapport, colonnes, cote, colonnes.actifs, colonnes.Nombre(), seuil, mots.largeurIndice);
+  ImprimerElementsTries(rapport, colonnes, cote, {colonnes.actifs, colonnes.Nombre()}, seuil, mots.largeurIndice);
 }
 
 namespace {
 
-// Eight blanks, then the names of the active columns over their cells.
-std::string EnTeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
+constexpr int kNomDeLigne = 5;  // of a table of deviations, with the blank behind it
+constexpr int kEntiersDesEcarts = 5;
+
+// The names of the active columns over their cells. Raises kArgumentIncorrect for decimals that nobody could print.
+std::string TeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
   if (decimales > kDecimalesAuPlus) throw Erreur(kArgumentIncorrect);
   std::string ligne(8, ' ');
   for (std::size_t j = 0; j < colonnes.actifs; ++j) {
@@ -197,47 +176,48 @@ std::string EnTeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
   return ligne;
 }
 
-std::string DebutDeLigne(const TableauAnecar& tableau, std::size_t i) {
-  return CadreGauche(tableau.lignes.noms[i], 4) + ' ';
+// The cells of the deviations all stand in the same place.
+FormeEnRangees FormeDesEcarts() {
+  return {.titre = kNomDeLigne, .places = {{"", kEntiersDesEcarts}}, .avantIntitule = {}};
+}
+
+// One measure of every column, then one of the factor in a place of its own.
+void ImprimerMesure(Rapport& rapport, const TableauEdite& mesure, std::size_t colonnes, PlaceEnRangee fin) {
+  FormeEnRangees forme = FormeDesEcarts();
+  forme.places.resize(colonnes, forme.places.front());
+  forme.places.push_back(fin);
+  ImprimerRangees(rapport, mesure, forme);
 }
 
 }  // namespace
 
-void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
-                            const Ecarts& ecarts, int decimales) {
+void ImprimerEcartsRestants(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
+                            const EcartsRestants& restants, int decimales) {
   rapport.Ligne("Ecarts à l'indépendance restants"_w);
-  rapport.Ligne(EnTeteDesEcarts(colonnes, decimales));
-  for (std::size_t i = 0; i < tableau.actives.Lignes(); ++i) {
-    std::string ligne = DebutDeLigne(tableau, i);
-    for (const double d : tableau.actives.Ligne(i)) ligne += NombreFixe(ecarts.effectif * d, 5, decimales);
-    rapport.Ligne(ligne);
-  }
+  rapport.Ligne(TeteDesEcarts(colonnes, decimales));
+  ImprimerParTranches(rapport, {0, restants.d.Lignes()}, FormeDesEcarts(), [&](Tranche positions) {
+    return TableDesEcarts(lignes, restants.d, restants.effectif, decimales, positions);
+  });
 }
 
-void ImprimerReconstitution(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
+void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
                             const Reconstitution& reconstitution, int decimales) {
-  const auto cellule = [&](double valeur) { return NombreFixe(valeur, 5, decimales); };
   const std::string blancs(static_cast<std::size_t>(decimales), ' ');
-
   rapport.Ligne("Reconstitution des écarts à l'indépendance restants"_w);
-  rapport.Ligne({EnTeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
-  for (std::size_t i = 0; i < tableau.actives.Lignes(); ++i) {
-    std::string ligne = DebutDeLigne(tableau, i);
-    for (const double effectif : reconstitution.effectifs.Ligne(i)) ligne += cellule(effectif);
-    const ElementReconstitue& element = reconstitution.lignes[i];
-    rapport.Ligne({ligne, cellule(element.part), cellule(element.coordonnee), cellule(element.semi)});
-  }
-  std::string pj = " PJ  ";
-  std::string fj = " FJ  ";
-  std::string semiJ = "Semi ";
-  for (const ElementReconstitue& element : reconstitution.colonnes) {
-    pj += cellule(element.part);
-    fj += cellule(element.coordonnee);
-    semiJ += cellule(element.semi);
-  }
-  rapport.Ligne({pj, "    100=", NombreFixe(reconstitution.effectif, 4, 0)});
-  rapport.Ligne({fj, "    Ksi=", NombreFixe(reconstitution.valeurSinguliere, 1, 7)});
-  rapport.Ligne(semiJ);
+  rapport.Ligne({TeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
+  ImprimerParTranches(rapport, {0, reconstitution.effectifs.Lignes()}, FormeDesEcarts(), [&](Tranche positions) {
+    return TableReconstituee(lignes, reconstitution, decimales, positions);
+  });
+
+  const std::size_t p = reconstitution.colonnes.size();
+  const auto mesure = [&](std::string titre, double ElementReconstitue::*laquelle, std::vector<Cellule> fin) {
+    return MesureDesColonnes(std::move(titre), reconstitution, laquelle, decimales, std::move(fin));
+  };
+  ImprimerMesure(rapport, mesure(" PJ", &ElementReconstitue::part, {{reconstitution.effectif}}), p, {"    100=", 4});
+  ImprimerMesure(rapport,
+                 mesure(" FJ", &ElementReconstitue::coordonnee, {{reconstitution.valeurSinguliere, Unite::Nombre, 7}}),
+                 p, {"    Ksi=", 1});
+  ImprimerMesure(rapport, mesure("Semi", &ElementReconstitue::semi, {}), p, {});
 }
 
 namespace {
@@ -254,76 +234,75 @@ std::string TeteDesFacteurs(std::string_view titre, std::size_t facteurs, std::s
   return ligne;
 }
 
-void ImprimerLignesCompactes(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse,
-                             std::size_t debut, std::size_t fin) {
-  for (std::size_t i = debut; i < fin; ++i) {
-    std::string ligne = CadreGauche(dimension.elements.noms[i], 4);
-    for (const FacteurAnecar& facteur : analyse.facteurs) {
-      const CoteFacteur& cote = facteur.*dimension.cote;
-      ligne += NombreFixe(analyse.echelle * cote.coordonnees[i], 7, 0) + EntierDroit(cote.cpf[i], 5);
-    }
-    rapport.Ligne({ligne, "   ", dimension.elements.intitules[i]});
-  }
-}
-
-void ImprimerLignesEtendues(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse,
-                            std::size_t debut, std::size_t fin) {
-  for (std::size_t i = debut; i < fin; ++i) {
-    std::string ligne = CadreGauche(dimension.elements.noms[i], 4) + EntierDroit(dimension.qlt[i], 5);
-    for (const FacteurAnecar& facteur : analyse.facteurs) {
-      const CoteFacteur& cote = facteur.*dimension.cote;
-      ligne += '!' + NombreFixe(analyse.echelle * cote.coordonnees[i], 6, 0) + EntierDroit(cote.cos2[i], 5) +
-               EntierDroit(cote.cpf[i], 5);
-    }
-    rapport.Ligne({ligne, "! ", dimension.elements.intitules[i]});
-  }
-}
-
 // The frame of a table of coordinates: active elements, a line on them all, supplementary ones if there are any.
 struct CadreDeTable {
   std::string regle;
-  std::string actifs, ensemble, supplementaires;  // heads, and the line on all active elements
-  void (*lignes)(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t debut,
-                 std::size_t fin);
+  std::string actifs, supplementaires;  // heads
+  std::function<void()> ensemble;       // prints the line on all active elements
+  std::function<void(Tranche positions)> elements;
 };
 
-void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const Dimension& dimension,
-                   const AnalyseAnecar& analyse) {
-  const ElementsAnecar& elements = dimension.elements;
+void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const ElementsAnecar& elements) {
   rapport.Ligne(cadre.regle);
   rapport.Ligne(cadre.actifs);
   rapport.Ligne(cadre.regle);
-  cadre.lignes(rapport, dimension, analyse, 0, elements.actifs);
+  cadre.elements({0, elements.actifs});
   rapport.Ligne(cadre.regle);
-  rapport.Ligne(cadre.ensemble);
+  cadre.ensemble();
   rapport.Ligne(cadre.regle);
   if (elements.Supplementaires() == 0) return;
   rapport.Ligne(cadre.supplementaires);
   rapport.Ligne(cadre.regle);
-  cadre.lignes(rapport, dimension, analyse, elements.actifs, elements.Nombre());
+  cadre.elements({elements.actifs, elements.Nombre()});
   rapport.Ligne(cadre.regle);
 }
 
+constexpr int kNom = 4;
+constexpr PlaceEnRangee kPlacePourMille{"", 5, Elargissement::Entier};
+
 void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
+  FormeEnRangees forme{.titre = kNom, .places = {}, .avantIntitule = "   "};
+  for (std::size_t k = 0; k < facteurs; ++k)
+    for (const PlaceEnRangee& place : {PlaceEnRangee{"", 7}, kPlacePourMille}) forme.places.push_back(place);
   ImprimerTable(rapport,
-                {Repeter("*---", "*------*----", facteurs, "*"), TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
-                 Repeter("*   ", "*      *1000", facteurs, "*"), TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
-                 ImprimerLignesCompactes},
-                dimension, analyse);
+                {.regle = Repeter("*---", "*------*----", facteurs, "*"),
+                 .actifs = TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
+                 .supplementaires = TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
+                 .ensemble = [&] { rapport.Ligne(Repeter("*   ", "*      *1000", facteurs, "*")); },
+                 .elements =
+                     [&](Tranche positions) {
+                       ImprimerParTranches(rapport, positions, forme,
+                                           [&](Tranche tranche) { return TableCompacte(dimension, analyse, tranche); });
+                     }},
+                dimension.elements);
   rapport.Ligne();
+}
+
+// QLT, then three places a factor.
+FormeEnRangees FormeEtendue(std::size_t facteurs, std::string_view fin) {
+  FormeEnRangees forme{.titre = kNom, .places = {kPlacePourMille}, .avantIntitule = fin};
+  for (std::size_t k = 0; k < facteurs; ++k)
+    for (const PlaceEnRangee& place : {PlaceEnRangee{"!", 6}, kPlacePourMille, kPlacePourMille})
+      forme.places.push_back(place);
+  return forme;
 }
 
 void ImprimerTableEtendue(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
-  const std::string cpfMoyen = EntierDroit(Entier16(1000 / static_cast<double>(dimension.elements.actifs)), 5);
-  std::string moyenne = "Moy." + EntierDroit(analyse.sommeParts, 5);
-  for (const FacteurAnecar& facteur : analyse.facteurs) moyenne += "!      " + EntierDroit(facteur.part, 5) + cpfMoyen;
-  ImprimerTable(rapport,
-                {Repeter("*---*----", "*------*----*----", facteurs, "*"),
-                 TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!", moyenne + "!",
-                 TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!", ImprimerLignesEtendues},
-                dimension, analyse);
+  const FormeEnRangees forme = FormeEtendue(facteurs, "! ");
+  ImprimerTable(
+      rapport,
+      {.regle = Repeter("*---*----", "*------*----*----", facteurs, "*"),
+       .actifs = TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
+       .supplementaires = TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
+       .ensemble = [&] { ImprimerRangees(rapport, MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")); },
+       .elements =
+           [&](Tranche positions) {
+             ImprimerParTranches(rapport, positions, forme,
+                                 [&](Tranche tranche) { return TableEtendue(dimension, analyse, tranche); });
+           }},
+      dimension.elements);
 }
 
 }  // namespace
@@ -333,10 +312,10 @@ void ImprimerTablesCompactes(Rapport& rapport, const PlanAnecar& plan, const Tab
   rapport.Ligne("Coordonnees factorielles (F= ) et  contributions pour le facteur (CPF)");
   if (plan.burt < 1) {
     rapport.Ligne("Lignes du tableau");
-    ImprimerTableCompacte(rapport, DimensionLignes(tableau, analyse), analyse);
+    ImprimerTableCompacte(rapport, DimensionDesLignes(tableau, analyse), analyse);
   }
   rapport.Ligne("Modalites en colonne");
-  ImprimerTableCompacte(rapport, DimensionColonnes(plan, analyse), analyse);
+  ImprimerTableCompacte(rapport, DimensionDesColonnes(plan, analyse), analyse);
 }
 
 void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const TableauAnecar& tableau,
@@ -345,9 +324,9 @@ void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const Tabl
   rapport.Ligne("Coordonnees factorielles (F= )");
   rapport.Ligne("Contributions pour la variable(COS2) et contributions pour le facteur(CPF)");
   rapport.Ligne("Lignes du tableau");
-  ImprimerTableEtendue(rapport, DimensionLignes(tableau, analyse), analyse);
+  ImprimerTableEtendue(rapport, DimensionDesLignes(tableau, analyse), analyse);
   rapport.Ligne("Modalites en colonne");
-  ImprimerTableEtendue(rapport, DimensionColonnes(plan, analyse), analyse);
+  ImprimerTableEtendue(rapport, DimensionDesColonnes(plan, analyse), analyse);
 }
 
 }  // namespace quelvar::factor

@@ -6,6 +6,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/premier.h"
+#include "factor/analyse/tri.h"
 
 namespace quelvar::factor {
 
@@ -102,6 +103,21 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
   return courant;
 }
 
+std::vector<std::size_t> ElementsTries(const CoteFacteur& cote, Tranche positions, int seuil) {
+  std::vector<int> cles;
+  cles.reserve(positions.Taille());
+  for (std::size_t i = positions.premier; i < positions.fin; ++i) {
+    const double f = cote.coordonnees[i];
+    cles.push_back(f > 0 ? cote.cpf[i] : f < 0 ? -cote.cpf[i] : 0);
+  }
+  std::vector<std::size_t> tries;
+  for (const std::size_t rang : OrdreParEchanges(cles))
+    if (const std::size_t i = positions.premier + rang; cote.cpf[i] >= seuil) tries.push_back(i);
+  return tries;
+}
+
+std::int16_t CpfMoyen(std::size_t actifs) { return Entier16(1000 / static_cast<double>(actifs)); }
+
 double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
   constexpr double kTroisChiffres = 100;
   constexpr double kPlusGrande = 1e15;
@@ -113,6 +129,11 @@ double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
   if (analyse.type != TypeAnalyse::Acp || maximum == 0) return echelle;
   while (ArrondirPair(maximum * echelle) < kTroisChiffres && echelle < kPlusGrande) echelle *= 10;
   return echelle;
+}
+
+CoteFacteur ALEchelle(CoteFacteur cote, double echelle) {
+  for (double& coordonnee : cote.coordonnees) coordonnee *= echelle;
+  return cote;
 }
 
 void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur) {
