@@ -165,9 +165,10 @@ void Moteur::Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression
 void Moteur::ImprimerListes(Rapport& rapport, std::size_t k) const {
   const FacteurAnecar& facteur = analyse.facteurs[k - 1];
   if (options.imprimerLignes)
-    ImprimerLignesTriees(rapport, tableau, ALEchelle(facteur.lignes, analyse.echelle), k, reglages.seuilLignes);
-  ImprimerColonnesTriees(rapport, plan.colonnes, ALEchelle(facteur.colonnes, analyse.echelle), k,
-                         reglages.seuilColonnes);
+    ImprimerLignesTriees(rapport, TrierElements(tableau.lignes, facteur.lignes, analyse.echelle, reglages.seuilLignes),
+                         k);
+  ImprimerColonnesTriees(rapport,
+                         TrierElements(plan.colonnes, facteur.colonnes, analyse.echelle, reglages.seuilColonnes), k);
 }
 
 // The deviations as they stand now, which a listing that waits for the scale keeps for itself.

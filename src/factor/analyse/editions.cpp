@@ -1,8 +1,5 @@
 #include "factor/analyse/editions.h"
 
-#include <algorithm>
-#include <functional>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -94,15 +91,6 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
 
 namespace {
 
-// Rows of individuals can be millions: a table is made and laid out so many at a time.
-constexpr std::size_t kRangeesALaFois = 1000;
-
-template <class FaireTable>  // the table of some ranks
-void ImprimerParTranches(Rapport& rapport, Tranche rangs, const FormeEnRangees& forme, const FaireTable& faire) {
-  for (std::size_t premier = rangs.premier; premier < rangs.fin; premier += kRangeesALaFois)
-    ImprimerRangees(rapport, faire(Tranche{premier, std::min(premier + kRangeesALaFois, rangs.fin)}), forme);
-}
-
 // What tells the listing of rows from that of columns.
 struct MotsListe {
   std::string_view enTete;
@@ -111,53 +99,47 @@ struct MotsListe {
   int largeurIndice;
 };
 
-void ImprimerElementsTries(Rapport& rapport, const ElementsAnecar& elements, const CoteFacteur& cote, Tranche positions,
-                           int seuil, int largeurIndice) {
+void ImprimerElements(Rapport& rapport, const ListeTriee& liste, const std::vector<std::size_t>& positions,
+                      int largeurIndice) {
   const FormeEnRangees forme{
       .places = {{"", largeurIndice, Elargissement::Entier}, {" ", 5}, {"", 7}, {"", 5, Elargissement::Entier}},
       .avantIntitule = "    "};
-  const std::vector<std::size_t> tries = ElementsTries(cote, positions, seuil);
-  ImprimerParTranches(rapport, {0, tries.size()}, forme, [&](Tranche rangs) {
-    return TableTriee(elements, cote, std::span(tries).subspan(rangs.premier, rangs.Taille()));
-  });
+  ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  for (const std::size_t position : positions) imprimeur.Imprimer(RangeeTriee(liste.elements, liste.cote, position));
 }
 
 std::string LigneFacteur(std::size_t k, std::string_view suite) {
   return Joindre({"Facteur ", EntierDroit(static_cast<std::int64_t>(k), 2), suite});
 }
 
-void ImprimerActifsTries(Rapport& rapport, const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t k,
-                         int seuil, const MotsListe& mots) {
-  if (elements.actifs == 0) return;
+void ImprimerActifsTries(Rapport& rapport, const ListeTriee& liste, std::size_t k, const MotsListe& mots) {
+  if (liste.elements.actifs == 0) return;
   rapport.Ligne(LigneFacteur(k, mots.actifs));
   rapport.Ligne(mots.enTete);
-  ImprimerElementsTries(rapport, elements, cote, {0, elements.actifs}, seuil, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.actifs, mots.largeurIndice);
 }
 
 }  // namespace
 
-void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,
-                          int seuil) {
-  const ElementsAnecar& lignes = tableau.lignes;
+void ImprimerLignesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k) {
   const MotsListe mots{"  I NOM Coor.fac. CPF         Intitule long", " Impression des lignes   actives du tableau",
                        " Impression des lignes   suppl.   du tableau",
-                       lignes.Nombre() > kLignesSurTroisChiffres ? 4 : 3};
-  ImprimerActifsTries(rapport, lignes, cote, k, seuil, mots);
-  if (lignes.Supplementaires() == 0) return;
+                       liste.elements.Nombre() > kLignesSurTroisChiffres ? 4 : 3};
+  ImprimerActifsTries(rapport, liste, k, mots);
+  if (liste.elements.Supplementaires() == 0) return;
   rapport.Ligne(" ");
   rapport.Ligne(mots.supplementaires);
-  ImprimerElementsTries(rapport, lignes, cote, {lignes.actifs, lignes.Nombre()}, seuil, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice);
 }
 
-void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
-                            int seuil) {
+void ImprimerColonnesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k) {
   const MotsListe mots{"  J NOM Coor.fac. CPF         Intitule long", " Impression des colonnes actives du tableau",
                        " Impression des colonnes suppl.   du tableau", 3};
-  ImprimerActifsTries(rapport, colonnes, cote, k, seuil, mots);
-  if (colonnes.Supplementaires() == 0) return;
+  ImprimerActifsTries(rapport, liste, k, mots);
+  if (liste.elements.Supplementaires() == 0) return;
   rapport.Ligne();
   rapport.Ligne(LigneFacteur(k, mots.supplementaires));
-  ImprimerElementsTries(rapport, colonnes, cote, {colonnes.actifs, colonnes.Nombre()}, seuil, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice);
 }
 
 namespace {
@@ -177,16 +159,15 @@ std::string TeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
 }
 
 // The cells of the deviations all stand in the same place.
-FormeEnRangees FormeDesEcarts() {
-  return {.titre = kNomDeLigne, .places = {{"", kEntiersDesEcarts}}, .avantIntitule = {}};
-}
+FormeEnRangees FormeDesEcarts() { return {.titre = kNomDeLigne, .places = {{"", kEntiersDesEcarts}}}; }
 
-// One measure of every column, then one of the factor in a place of its own.
-void ImprimerMesure(Rapport& rapport, const TableauEdite& mesure, std::size_t colonnes, PlaceEnRangee fin) {
+// A row of one measure, and behind it one of the factor in a place of its own.
+std::string LigneDeMesure(Rangee mesure, const Cellule& duFacteur, const PlaceEnRangee& place) {
   FormeEnRangees forme = FormeDesEcarts();
-  forme.places.resize(colonnes, forme.places.front());
-  forme.places.push_back(fin);
-  ImprimerRangees(rapport, mesure, forme);
+  forme.places.resize(mesure.cellules.size(), forme.places.front());
+  forme.places.push_back(place);
+  mesure.cellules.push_back(duFacteur);
+  return TexteDeRangee(mesure, forme);
 }
 
 }  // namespace
@@ -195,9 +176,10 @@ void ImprimerEcartsRestants(Rapport& rapport, const ElementsAnecar& lignes, cons
                             const EcartsRestants& restants, int decimales) {
   rapport.Ligne("Ecarts à l'indépendance restants"_w);
   rapport.Ligne(TeteDesEcarts(colonnes, decimales));
-  ImprimerParTranches(rapport, {0, restants.d.Lignes()}, FormeDesEcarts(), [&](Tranche positions) {
-    return TableDesEcarts(lignes, restants.d, restants.effectif, decimales, positions);
-  });
+  const FormeEnRangees forme = FormeDesEcarts();
+  ImprimeurDeRangees imprimeur(rapport, forme, restants.d.Colonnes());
+  for (std::size_t i = 0; i < restants.d.Lignes(); ++i)
+    imprimeur.Imprimer(RangeeDesEcarts(lignes.noms[i], restants.d.Ligne(i), restants.effectif, decimales));
 }
 
 void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
@@ -205,19 +187,18 @@ void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, cons
   const std::string blancs(static_cast<std::size_t>(decimales), ' ');
   rapport.Ligne("Reconstitution des écarts à l'indépendance restants"_w);
   rapport.Ligne({TeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
-  ImprimerParTranches(rapport, {0, reconstitution.effectifs.Lignes()}, FormeDesEcarts(), [&](Tranche positions) {
-    return TableReconstituee(lignes, reconstitution, decimales, positions);
-  });
+  const FormeEnRangees forme = FormeDesEcarts();
+  ImprimeurDeRangees imprimeur(rapport, forme, reconstitution.effectifs.Colonnes() + kMesuresDUneLigne);
+  for (std::size_t i = 0; i < reconstitution.effectifs.Lignes(); ++i)
+    imprimeur.Imprimer(RangeeReconstituee(lignes.noms[i], reconstitution, decimales, i));
 
-  const std::size_t p = reconstitution.colonnes.size();
-  const auto mesure = [&](std::string titre, double ElementReconstitue::*laquelle, std::vector<Cellule> fin) {
-    return MesureDesColonnes(std::move(titre), reconstitution, laquelle, decimales, std::move(fin));
+  const auto mesure = [&](std::string titre, double ElementReconstitue::*laquelle) {
+    return MesureDesColonnes(std::move(titre), reconstitution, laquelle, decimales);
   };
-  ImprimerMesure(rapport, mesure(" PJ", &ElementReconstitue::part, {{reconstitution.effectif}}), p, {"    100=", 4});
-  ImprimerMesure(rapport,
-                 mesure(" FJ", &ElementReconstitue::coordonnee, {{reconstitution.valeurSinguliere, Unite::Nombre, 7}}),
-                 p, {"    Ksi=", 1});
-  ImprimerMesure(rapport, mesure("Semi", &ElementReconstitue::semi, {}), p, {});
+  rapport.Ligne(LigneDeMesure(mesure(" PJ", &ElementReconstitue::part), {reconstitution.effectif}, {"    100=", 4}));
+  rapport.Ligne(LigneDeMesure(mesure(" FJ", &ElementReconstitue::coordonnee),
+                              {reconstitution.valeurSinguliere, Unite::Nombre, 7}, {"    Ksi=", 1}));
+  rapport.Ligne(TexteDeRangee(mesure("Semi", &ElementReconstitue::semi), forme));
 }
 
 namespace {
@@ -234,26 +215,32 @@ std::string TeteDesFacteurs(std::string_view titre, std::size_t facteurs, std::s
   return ligne;
 }
 
-// The frame of a table of coordinates: active elements, a line on them all, supplementary ones if there are any.
+// A table of coordinates in its frame: active elements, a line on them all, supplementary ones if there are any.
 struct CadreDeTable {
   std::string regle;
-  std::string actifs, supplementaires;  // heads
-  std::function<void()> ensemble;       // prints the line on all active elements
-  std::function<void(Tranche positions)> elements;
+  std::string actifs, ensemble, supplementaires;  // heads, and the line on all active elements
+  FormeEnRangees forme;
+  Rangee (*rangee)(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
 };
 
-void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const ElementsAnecar& elements) {
+void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const Dimension& dimension,
+                   const AnalyseAnecar& analyse) {
+  const ElementsAnecar& elements = dimension.elements;
+  const auto imprimer = [&](std::size_t premier, std::size_t fin) {
+    ImprimeurDeRangees imprimeur(rapport, cadre.forme, cadre.forme.places.size());
+    for (std::size_t i = premier; i < fin; ++i) imprimeur.Imprimer(cadre.rangee(dimension, analyse, i));
+  };
   rapport.Ligne(cadre.regle);
   rapport.Ligne(cadre.actifs);
   rapport.Ligne(cadre.regle);
-  cadre.elements({0, elements.actifs});
+  imprimer(0, elements.actifs);
   rapport.Ligne(cadre.regle);
-  cadre.ensemble();
+  rapport.Ligne(cadre.ensemble);
   rapport.Ligne(cadre.regle);
   if (elements.Supplementaires() == 0) return;
   rapport.Ligne(cadre.supplementaires);
   rapport.Ligne(cadre.regle);
-  cadre.elements({elements.actifs, elements.Nombre()});
+  imprimer(elements.actifs, elements.Nombre());
   rapport.Ligne(cadre.regle);
 }
 
@@ -262,20 +249,14 @@ constexpr PlaceEnRangee kPlacePourMille{"", 5, Elargissement::Entier};
 
 void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
-  FormeEnRangees forme{.titre = kNom, .places = {}, .avantIntitule = "   "};
+  FormeEnRangees forme{.titre = kNom, .avantIntitule = "   "};
   for (std::size_t k = 0; k < facteurs; ++k)
     for (const PlaceEnRangee& place : {PlaceEnRangee{"", 7}, kPlacePourMille}) forme.places.push_back(place);
   ImprimerTable(rapport,
-                {.regle = Repeter("*---", "*------*----", facteurs, "*"),
-                 .actifs = TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
-                 .supplementaires = TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
-                 .ensemble = [&] { rapport.Ligne(Repeter("*   ", "*      *1000", facteurs, "*")); },
-                 .elements =
-                     [&](Tranche positions) {
-                       ImprimerParTranches(rapport, positions, forme,
-                                           [&](Tranche tranche) { return TableCompacte(dimension, analyse, tranche); });
-                     }},
-                dimension.elements);
+                {Repeter("*---", "*------*----", facteurs, "*"), TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
+                 Repeter("*   ", "*      *1000", facteurs, "*"), TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
+                 std::move(forme), RangeeCompacte},
+                dimension, analyse);
   rapport.Ligne();
 }
 
@@ -290,19 +271,13 @@ FormeEnRangees FormeEtendue(std::size_t facteurs, std::string_view fin) {
 
 void ImprimerTableEtendue(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
-  const FormeEnRangees forme = FormeEtendue(facteurs, "! ");
   ImprimerTable(
       rapport,
-      {.regle = Repeter("*---*----", "*------*----*----", facteurs, "*"),
-       .actifs = TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
-       .supplementaires = TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
-       .ensemble = [&] { ImprimerRangees(rapport, MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")); },
-       .elements =
-           [&](Tranche positions) {
-             ImprimerParTranches(rapport, positions, forme,
-                                 [&](Tranche tranche) { return TableEtendue(dimension, analyse, tranche); });
-           }},
-      dimension.elements);
+      {Repeter("*---*----", "*------*----*----", facteurs, "*"),
+       TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
+       TexteDeRangee(MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")),
+       TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!", FormeEtendue(facteurs, "! "), RangeeEtendue},
+      dimension, analyse);
 }
 
 }  // namespace

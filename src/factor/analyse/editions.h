@@ -33,11 +33,9 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
 // What the coordinates behind are multiplied by; nothing for 1.
 void ImprimerEchelle(Rapport& rapport, double echelle);
 
-// The elements of factor k in the order of their signed CPF, those at or above the threshold.
-void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,
-                          int seuil);
-void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
-                            int seuil);
+// The listed elements of factor k.
+void ImprimerLignesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k);
+void ImprimerColonnesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k);
 
 // What is left of the deviations before a factor is taken off them: d over the active cells, and the total that makes
 // individuals of them.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
@@ -103,17 +104,30 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
   return courant;
 }
 
-std::vector<std::size_t> ElementsTries(const CoteFacteur& cote, Tranche positions, int seuil) {
+namespace {
+
+// Those of the positions from `premier` to before `fin`.
+std::vector<std::size_t> PositionsTriees(const CoteFacteur& cote, std::size_t premier, std::size_t fin, int seuil) {
   std::vector<int> cles;
-  cles.reserve(positions.Taille());
-  for (std::size_t i = positions.premier; i < positions.fin; ++i) {
+  cles.reserve(fin - premier);
+  for (std::size_t i = premier; i < fin; ++i) {
     const double f = cote.coordonnees[i];
     cles.push_back(f > 0 ? cote.cpf[i] : f < 0 ? -cote.cpf[i] : 0);
   }
-  std::vector<std::size_t> tries;
+  std::vector<std::size_t> positions;
   for (const std::size_t rang : OrdreParEchanges(cles))
-    if (const std::size_t i = positions.premier + rang; cote.cpf[i] >= seuil) tries.push_back(i);
-  return tries;
+    if (cote.cpf[premier + rang] >= seuil) positions.push_back(premier + rang);
+  return positions;
+}
+
+}  // namespace
+
+ListeTriee TrierElements(const ElementsAnecar& elements, CoteFacteur cote, double echelle, int seuil) {
+  for (double& coordonnee : cote.coordonnees) coordonnee *= echelle;
+  ListeTriee liste{elements, std::move(cote), {}, {}};
+  liste.actifs = PositionsTriees(liste.cote, 0, elements.actifs, seuil);
+  liste.supplementaires = PositionsTriees(liste.cote, elements.actifs, elements.Nombre(), seuil);
+  return liste;
 }
 
 std::int16_t CpfMoyen(std::size_t actifs) { return Entier16(1000 / static_cast<double>(actifs)); }
@@ -129,11 +143,6 @@ double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
   if (analyse.type != TypeAnalyse::Acp || maximum == 0) return echelle;
   while (ArrondirPair(maximum * echelle) < kTroisChiffres && echelle < kPlusGrande) echelle *= 10;
   return echelle;
-}
-
-CoteFacteur ALEchelle(CoteFacteur cote, double echelle) {
-  for (double& coordonnee : cote.coordonnees) coordonnee *= echelle;
-  return cote;
 }
 
 void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur) {

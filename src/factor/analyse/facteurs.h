@@ -73,17 +73,16 @@ AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type);
 FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre);
 
-// A run of positions of elements.
-struct Tranche {
-  std::size_t premier = 0;
-  std::size_t fin = 0;  // behind the last one
-
-  std::size_t Taille() const { return fin - premier; }
+// The elements of a factor that a sorted listing shows, by position: those whose contribution is at or above the
+// threshold (per mille), in the order of the contributions signed like the coordinates, as the exchange sort leaves
+// them.
+struct ListeTriee {
+  const ElementsAnecar& elements;
+  CoteFacteur cote;  // coordinates at the scale of the analysis
+  std::vector<std::size_t> actifs;
+  std::vector<std::size_t> supplementaires;
 };
-
-// The positions of a run whose contribution is at or above the threshold (per mille), in the order of the contributions
-// signed like the coordinates, as the exchange sort leaves them.
-std::vector<std::size_t> ElementsTries(const CoteFacteur& cote, Tranche positions, int seuil);
+ListeTriee TrierElements(const ElementsAnecar& elements, CoteFacteur cote, double echelle, int seuil);
 
 // The contribution of an element that is like all others of so many, per mille. Raises kDepassementCapacite for none.
 std::int16_t CpfMoyen(std::size_t actifs);
@@ -91,8 +90,6 @@ std::int16_t CpfMoyen(std::size_t actifs);
 // The power of ten that gives the largest coordinate three digits in thousandths, where it has fewer after a principal
 // component analysis; else 1. To be called when all factors are there.
 double EchelleDesCoordonnees(const AnalyseAnecar& analyse);
-// The same elements with their coordinates multiplied by it.
-CoteFacteur ALEchelle(CoteFacteur cote, double echelle);
 
 // Takes the factor off the active cells and chooses the row that the next stop test follows.
 void DeflaterActives(TableauAnecar& tableau, AnalyseAnecar& analyse, const FacteurCourant& facteur);

@@ -1,7 +1,5 @@
-// The results of a factor analysis as tables of data: what the editions lay out, and what goes to files of tables.
-//
-// Those of individuals can have millions of rows: they are made some rows at a time, and their heads stand with the
-// editions, which print them once.
+// The results of a factor analysis as rows and tables of data: what the editions lay out, and what goes to files of
+// tables. Elements are told by their position.
 #pragma once
 
 #include <cstddef>
@@ -30,27 +28,26 @@ struct Dimension {
 Dimension DimensionDesLignes(const TableauAnecar& tableau, const AnalyseAnecar& analyse);
 Dimension DimensionDesColonnes(const PlanAnecar& plan, const AnalyseAnecar& analyse);
 
-// The elements at these positions: number from 1, name, coordinate (thousandths), CPF; label.
-TableauEdite TableTriee(const ElementsAnecar& elements, const CoteFacteur& cote, std::span<const std::size_t> positions);
+// An element of a sorted listing: number from 1, name, coordinate (thousandths), CPF; label.
+Rangee RangeeTriee(const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t position);
 
-// The elements of a run of positions: coordinate and CPF on each factor; label.
-TableauEdite TableCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, Tranche positions);
+// An element by its name: coordinate and CPF on each factor; label.
+Rangee RangeeCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
 
-// QLT, then coordinate, COS2 and CPF on each factor; label.
-TableauEdite TableEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, Tranche positions);
-// One row in the same columns: the shares of the factors, and the CPF of an element that is like all others. Raises
-// kDepassementCapacite without active elements.
-TableauEdite MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse);
+// An element by its name: QLT, then coordinate, COS2 and CPF on each factor; label.
+Rangee RangeeEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
+// The same cells for all active elements: the shares of the factors, and the CPF of an element that is like all others.
+// Raises kDepassementCapacite without active elements.
+Rangee MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse);
 
-// What is left of the deviations, in individuals: a cell each active column.
-TableauEdite TableDesEcarts(const ElementsAnecar& lignes, const Matrice& ecarts, double effectif, int decimales,
-                            Tranche positions);
-
+// What is left of the deviations of an active row, in individuals: a cell each active column.
+Rangee RangeeDesEcarts(const std::string& nom, std::span<const double> ecarts, double effectif, int decimales);
+inline constexpr std::size_t kMesuresDUneLigne = 3;
 // What a factor gives back of them: the same cells, then weight, coordinate and half product of the row.
-TableauEdite TableReconstituee(const ElementsAnecar& lignes, const Reconstitution& reconstitution, int decimales,
-                               Tranche positions);
-// One of these three of the columns, a cell each, and what ends its row.
-TableauEdite MesureDesColonnes(std::string titre, const Reconstitution& reconstitution,
-                               double ElementReconstitue::*mesure, int decimales, std::vector<Cellule> fin);
+Rangee RangeeReconstituee(const std::string& nom, const Reconstitution& reconstitution, int decimales,
+                          std::size_t position);
+// One of these three of the columns, a cell each.
+Rangee MesureDesColonnes(std::string titre, const Reconstitution& reconstitution, double ElementReconstitue::*mesure,
+                         int decimales);
 
 }  // namespace quelvar::factor
