@@ -1,4 +1,6 @@
 // The picture of the factor plane.
+#include "factor/ellipses/dessin.h"
+
 #include <algorithm>
 #include <cmath>
 #include <random>

@@ -10,6 +10,7 @@
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
+#include "factor/profil/edition.h"
 #include "factor/profil/lecture.h"
 
 namespace quelvar::factor {
@@ -45,7 +46,7 @@ Fichiers TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
   return fichiers;
 }
 
-void EcrireNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, contexte.Nom(fichiers.donnees ? ".DAT" : ".BRT")});
   rapport.Ligne({"Le nom du fichier de positions est ", contexte.Nom(".POS")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
@@ -233,7 +234,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
   EcrireBandeau(rapport, "Profil d'une modalité"_w);
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
-  EcrireNoms(rapport, contexte, fichiers);
+  ImprimerNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
   const ParametresMod parametres = LireParametres(mod.parametres);
   rapport.Lignes(parametres.remarques);
@@ -251,7 +252,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   std::vector<ProfilDeModalite> profils;
   for (std::size_t k = 0; k < choisies.size(); ++k) {
     profils.push_back(Profiler(mod, comptes, k, choisies[k], options.nonTri));
-    EcrireProfil(rapport, profils.back(), options.detail);
+    ImprimerProfil(rapport, profils.back(), options.detail);
   }
   if (!options.fichier.empty()) EcrireSvg(sorties, options.fichier, DessinerProfils(profils));
   sorties.Valider();
