@@ -10,7 +10,6 @@
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
-#include "factor/ellipses/edition.h"
 #include "factor/ellipses/lecture.h"
 
 namespace quelvar::factor {
@@ -22,23 +21,26 @@ constexpr double kMilliemes = 1000;
 constexpr int kCordes = 100;
 constexpr double kDemiPas = 0.031415926535;  // half the angle of a chord: pi / 100, with ten digits
 
-std::string_view TitreDe(GenreEllipse genre) {
+struct TextesDuGenre {
+  std::string_view titre;
+  std::string_view legende;
+};
+
+TextesDuGenre TextesDe(GenreEllipse genre) {
   switch (genre) {
-    case GenreEllipse::Concentration: return "Ellipse de concentration";
-    case GenreEllipse::Mediane: return "Ellipse médiane"_w;
+    case GenreEllipse::Concentration: return {"Ellipse de concentration", " de concentration "};
+    case GenreEllipse::Mediane: return {"Ellipse médiane"_w, " médiane "_w};
     case GenreEllipse::Indicatrice: break;
   }
-  return "Ellipse indicatrice";
+  return {"Ellipse indicatrice", " indicatrice "};
 }
-
-constexpr double kMoitieDesIndividus = 0.5;  // of a normal cloud, inside the median ellipse
 
 }  // namespace
 
 double Kappa(GenreEllipse genre) {
   switch (genre) {
     case GenreEllipse::Concentration: return 2;
-    case GenreEllipse::Mediane: return std::sqrt(-2 * std::log(1 - kMoitieDesIndividus));
+    case GenreEllipse::Mediane: return std::sqrt(-2 * std::log(1 - 0.5));
     case GenreEllipse::Indicatrice: break;
   }
   return 1;
@@ -48,6 +50,14 @@ double PourcentageDIndividus(double kappa) { return 100 * (1 - std::exp(-kappa *
 
 bool ChoixEllipses::Voulue(GenreEllipse genre) const {
   return genre == GenreEllipse::Concentration ? concentration : genre == GenreEllipse::Mediane ? mediane : indicatrice;
+}
+
+std::string SuiteDuTitre(const ChoixEllipses& choix) {
+  if (choix.Aucune()) return {};
+  std::string suite = "  Ellipse(s) ";
+  for (const GenreEllipse genre : kGenresEllipse)
+    if (choix.Voulue(genre)) suite += TextesDe(genre).legende;
+  return suite;
 }
 
 void Nuage::Ajouter(double x, double y) {
@@ -80,21 +90,6 @@ double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double k
     if (distance <= kappa * kappa * kBord) ++dedans;
   }
   return 100 * static_cast<double>(dedans) / static_cast<double>(nuage.effectif);
-}
-
-TableauEdite TableDesEllipses(const EllipsesDeModalite& modalite) {
-  TableauEdite tableau;
-  tableau.colonnes.resize(3);
-  for (std::size_t i = 0; i < modalite.genres.size(); ++i) {
-    const double kappa = Kappa(modalite.genres[i]);
-    const double attendu = PourcentageDIndividus(kappa);
-    const double observe = modalite.observes[i];
-    Rangee rangee{
-        std::string(TitreDe(modalite.genres[i])), {}, {{kappa, Unite::Nombre, 2}, {attendu, Unite::Pourcent, 1, "%"}}};
-    if (Arrondir(observe, 1) != Arrondir(attendu, 1)) rangee.cellules.push_back({observe, Unite::Pourcent, 1, "%)"});
-    tableau.rangees.push_back(std::move(rangee));
-  }
-  return tableau;
 }
 
 std::optional<AxesDInertie> AxesDuNuage(const Nuage& nuage) {
@@ -197,7 +192,7 @@ void ExigerFichiersDesEllipses(Rapport& rapport, const Contexte& contexte, std::
                  kArretAbsence);
 }
 
-void Mesurer(const Nuage& nuage, const AxesDInertie& axes, const ChoixEllipses& choix, EllipsesDeModalite& modalite) {
+void Situer(const Nuage& nuage, const AxesDInertie& axes, const ChoixEllipses& choix, EllipsesDeModalite& modalite) {
   const Position centre = nuage.Centre();
   modalite.effectif = nuage.effectif;
   modalite.centre = {kMilliemes * centre.x, kMilliemes * centre.y};
@@ -273,7 +268,7 @@ std::vector<EllipsesDeModalite> Calculer(Rapport& rapport, const Contexte& conte
       continue;
     }
     EllipsesDeModalite& modalite = resultat[m];
-    Mesurer(nuages[m], *axes, demande.choix, modalite);
+    Situer(nuages[m], *axes, demande.choix, modalite);
     ImprimerEllipses(rapport, modalite);
     tracees.push_back(std::move(modalite));
   }
@@ -296,6 +291,37 @@ std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& 
                          [&](Rapport& rapport) { tracees = Calculer(rapport, contexte, demande); }))
     return std::nullopt;
   return tracees;
+}
+
+void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite) {
+  rapport.Ligne({"Modalité= "_w, modalite.nom, " effectif=", NombreFixe(static_cast<double>(modalite.effectif), 4, 0),
+                 " ", modalite.intitule});
+  for (std::size_t i = 0; i < modalite.genres.size(); ++i) {
+    const double kappa = Kappa(modalite.genres[i]);
+    const std::string attendu = NombreFixe(PourcentageDIndividus(kappa), 2, 1);
+    const std::string observe(Rogner(NombreFixe(modalite.observes[i], 3, 1)));
+    rapport.Ligne(TextesDe(modalite.genres[i]).titre);
+    rapport.Suite({"Kappa=", NombreFixe(kappa, 1, 2), " Pourcentage d'individus : ", attendu, "%"});
+    if (observe != attendu) rapport.Suite({" (observé : "_w, observe, "%)"});
+    rapport.Ligne();
+    rapport.Ligne();
+  }
+}
+
+void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites) {
+  for (const EllipsesDeModalite& modalite : modalites)
+    for (const GenreEllipse genre : modalite.genres)
+      dessin.Ligne(ContourDEllipse(modalite.centre, modalite.axes, Kappa(genre)), {Couleur::BleuFonce});
+}
+
+void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police) {
+  constexpr double rayon = 2;         // of the mark, points
+  constexpr Position decalage{4, 3};  // of the text from the mark, points
+  police.couleur = Couleur::BleuFonce;
+  for (const EllipsesDeModalite& modalite : modalites) {
+    dessin.Cercle(modalite.centre, rayon, {Couleur::BleuFonce, 1}, {Couleur::BleuFonce});
+    dessin.Texte(modalite.centre, Joindre({"PM", intitulesLongs ? modalite.intitule : modalite.nom}), police, decalage);
+  }
 }
 
 }  // namespace quelvar::factor

@@ -16,7 +16,6 @@
 
 #include "core/dessin/dessin.h"
 #include "core/programme/programme.h"
-#include "core/resultats/tableau.h"
 
 namespace quelvar::factor {
 
@@ -40,6 +39,9 @@ struct ChoixEllipses {
   bool Voulue(GenreEllipse genre) const;
   bool Aucune() const { return !concentration && !mediane && !indicatrice; }
 };
+
+// What stands behind line 1 of the .MOD in the title of the picture; empty without an ellipse.
+std::string SuiteDuTitre(const ChoixEllipses& choix);
 
 // Sums over the individuals who have a modality, coordinates in units (thousandths of the files divided by 1000).
 struct Nuage {
@@ -99,10 +101,6 @@ struct EllipsesDeModalite {
   std::vector<double> observes = {};  // percent of the individuals inside each of them
 };
 
-// A row each ellipse, under its kind: kappa, the share of the individuals of a normal cloud inside it, percent, and the
-// share of those observed where it is another one to the decimal that is printed.
-TableauEdite TableDesEllipses(const EllipsesDeModalite& modalite);
-
 // Percent of the points that lie inside the ellipse of that kappa around their mean.
 double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double kappa);
 
@@ -114,5 +112,12 @@ std::string_view DerniereAnalyse(const Contexte& contexte);
 // by a message box), are passed over. Nothing when the run has been stopped; its report has been shown then.
 std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& contexte,
                                                                 const DemandeEllipses& demande);
+
+// Lines of a modality in the report.
+void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite);
+
+// Draws the chords, and a mark and "PM" with the label or the name at each centre.
+void TracerEllipses(Dessin& dessin, std::span<const EllipsesDeModalite> modalites);
+void TracerCentres(Dessin& dessin, std::span<const EllipsesDeModalite> modalites, bool intitulesLongs, Police police);
 
 }  // namespace quelvar::factor

@@ -1,5 +1,4 @@
 // The picture of the factor plane.
-#include "factor/ellipses/dessin.h"
 
 #include <algorithm>
 #include <cmath>

@@ -7,7 +7,6 @@
 #include <numbers>
 #include <random>
 
-#include "factor/ellipses/dessin.h"
 #include "factor/ellipses/lecture.h"
 #include "support/programme.h"
 
