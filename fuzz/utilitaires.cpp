@@ -12,7 +12,7 @@
 #include "tables/triangle/triang.h"
 #include "utilities/caracteres.h"
 #include "utilities/exportation.h"
-#include "utilities/exportcsv.h"
+#include "utilities/exportcsv/exportcsv.h"
 #include "utilities/fusion/fusion.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"

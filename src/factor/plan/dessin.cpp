@@ -1,5 +1,4 @@
 // The picture of the factor plane.
-
 #include <algorithm>
 #include <cmath>
 #include <random>

@@ -20,6 +20,9 @@ struct ModeleAjuste {
   std::vector<double> betas;  // of every explanatory modality, 0 for a reference
 };
 
+// The effect of a coefficient in percentage points, from the reference situation of the model.
+double EffetEnPoints(const ModeleAjuste& ajuste, double beta);
+
 // The rank of the parameter of each explanatory modality.
 inline constexpr std::size_t kSansParametre = static_cast<std::size_t>(-1);
 std::vector<std::size_t> RangsDesParametres(const Modele& modele);

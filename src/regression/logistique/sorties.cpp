@@ -1,4 +1,4 @@
-#include "regression/anatab/sorties.h"
+#include "regression/logistique/sorties.h"
 
 #include <cmath>
 
@@ -24,6 +24,12 @@ double MoyenneAjustee(Lien lien, double beta, double base) {
 }
 
 }  // namespace
+
+double EffetEnPoints(const ModeleAjuste& ajuste, double beta) {
+  if (ajuste.lien == Lien::Lineaire) return 100 * beta;
+  const double alpha = ajuste.ajustement.parametres.alpha;
+  return 100 * Probabilite(Lien::Logistique, alpha + beta) - 100 * Probabilite(Lien::Logistique, alpha);
+}
 
 std::vector<std::size_t> RangsDesParametres(const Modele& modele) {
   std::vector<std::size_t> rangs(modele.Explicatives(), kSansParametre);

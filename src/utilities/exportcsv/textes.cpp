@@ -1,4 +1,4 @@
-#include "utilities/exportcsv_textes.h"
+#include "utilities/exportcsv/textes.h"
 
 #include <algorithm>
 #include <optional>
