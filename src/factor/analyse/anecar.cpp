@@ -20,8 +20,9 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr std::string_view kTravail = "$$AEI.TIS";
-constexpr int kBurtEnListes = 50;  // from this size on a table is edited by sorted listings at level 1
+constexpr std::string_view kTravail = "$$AEI.TIS";  // supplementary rows, while the run lasts
+constexpr std::int64_t kLigneDesParametres = 2;     // of the .MOD
+constexpr int kBurtEnListes = 50;                   // from this size on a table is edited by sorted listings at level 1
 
 // The options with every choice of the level made.
 struct Reglages {
@@ -100,9 +101,14 @@ PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const Pre
                            bool codageLogique, JeuDeFichiers& sorties) {
   const ParametresMod parametres = LireParametres(preparation.parametres);
   rapport.Lignes(parametres.remarques);
-  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
+  const Chemin chemin = contexte.Exiger(".MOD");
+  const FichierMod mod = LireMod(chemin);
   if (parametres.burt == 1) MarquerCodageLogique(contexte, mod, sorties);
-  PlanAnecar plan = PlanifierTableau(parametres, mod, codageLogique);
+  PlanAnecar plan = Situer(
+      [&] {
+        return Lieu{TexteDe(chemin.filename()), kLigneDesParametres};
+      },
+      [&] { return PlanifierTableau(parametres, mod, codageLogique); });
   for (const std::string& nom : AttribuerIntitules(mod, plan)) {
     rapport.Ligne();
     rapport.Ligne({"Intitule court ", nom, " non trouve"});

@@ -36,7 +36,8 @@ EtapeWard LireEtape(std::string_view ligne, std::size_t etape, std::size_t eleme
   lue.itemPremier = premier;
   lue.itemSecond = second;
   for (const std::int32_t item : {premier, second})
-    if (item == 0 || item > static_cast<std::int64_t>(elements) || -static_cast<std::int64_t>(item) > static_cast<std::int64_t>(etape))
+    if (item == 0 || item > static_cast<std::int64_t>(elements) ||
+        -static_cast<std::int64_t>(item) > static_cast<std::int64_t>(etape))
       throw Erreur(kIndiceHorsSelection);
   return lue;
 }

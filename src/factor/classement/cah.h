@@ -13,6 +13,8 @@ struct ArbreCah {
   std::vector<EtapeWard> etapes;  // without their criteria when they are read
 };
 
+inline constexpr int kEtapesAuPlus = 999999;  // that an option can ask for
+
 // What the elements are, the steps, and the members of the class that each step makes.
 void EcrireCah(Ecrivain& fichier, const ArbreCah& arbre);
 

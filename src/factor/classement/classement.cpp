@@ -25,7 +25,7 @@ Population LirePopulation(const Chemin& points, std::size_t facteurs, const Opti
                           std::optional<std::size_t> derniers) {
   PointsFactoriels lus = LirePoints(points, facteurs, derniers.value_or(kToutesLesLignes));
   Population population{std::move(lus.coordonnees), {}};
-  for (double& x : population.points.Valeurs()) x /= 1000;
+  for (double& x : population.points.Valeurs()) x /= kMilliemesParUnite;
   for (std::size_t i = 0; i < lus.noms.size(); ++i) {
     const bool nomCourt = options.individus || Rogner(lus.intitules[i]).empty();
     population.libelles.push_back(std::move(nomCourt ? lus.noms[i] : lus.intitules[i]));

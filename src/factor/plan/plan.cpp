@@ -14,8 +14,6 @@ namespace {
 constexpr double kEtendueParDefaut = 100;  // half a window without any extent, thousandths
 constexpr double kEtendueMinimum = 0.01;
 constexpr double kEtendueMaximum = 1e9;
-constexpr double kPageMinimum = 0.5;
-constexpr double kPageMaximum = 4;
 constexpr double kPasMinimum = 5;
 constexpr double kPasMaximum = 500;
 

@@ -1,5 +1,7 @@
 #include "factor/profil/profilmod.h"
 
+#include <unordered_map>
+
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/exigences.h"
@@ -73,14 +75,35 @@ class Controle {
   bool fautif_ = false;
 };
 
+// The modalities by their names, blanks around them aside: a choice may name thousands of them.
+class Annuaire {
+ public:
+  explicit Annuaire(const std::vector<Modalite>& modalites) : modalites_(modalites) {
+    for (std::size_t i = 0; i < modalites.size(); ++i) rangs_[Rogner(modalites[i].nom)].push_back(i);
+  }
+
+  // As SeuleModalite finds them.
+  std::optional<std::size_t> Chercher(std::string_view nom) const {
+    const auto trouve = rangs_.find(Rogner(nom));
+    if (trouve == rangs_.end() || trouve->first.empty()) return std::nullopt;
+    if (trouve->second.size() > 1) return SeuleModalite(modalites_, nom);
+    return trouve->second.front();
+  }
+
+ private:
+  const std::vector<Modalite>& modalites_;
+  std::unordered_map<std::string_view, std::vector<std::size_t>> rangs_;
+};
+
 // Ranks of the chosen modalities.
 std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
                                          const ParametresMod& parametres) {
   Controle controle(rapport);
   std::vector<std::size_t> choisies;
   if (!parametres.modPresent || parametres.mod.empty()) controle.Faute("Erreur : nom de MOD= non trouvé"_w);
+  const Annuaire annuaire(mod.modalites);
   for (const std::string& nom : NomsDuChoix(parametres.mod)) {
-    if (const std::optional<std::size_t> rang = SeuleModalite(mod.modalites, nom)) choisies.push_back(*rang);
+    if (const std::optional<std::size_t> rang = annuaire.Chercher(nom)) choisies.push_back(*rang);
     else controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
   }
   controle.Conclure(contexte.Ecran());
