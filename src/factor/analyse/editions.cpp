@@ -17,6 +17,14 @@ namespace {
 constexpr int kDecimalesAuPlus = 99;
 constexpr std::size_t kLignesSurTroisChiffres = 1000;
 
+// Columns of the places.
+constexpr int kNom = 4;
+constexpr int kNomDeListe = 5;  // of a sorted listing
+constexpr int kCoordonnee = 7;
+constexpr int kCoordonneeEtendue = 6;  // beside its COS2
+constexpr int kPourMille = 5;
+constexpr PlaceEnRangee kPlacePourMille{"", kPourMille, Elargissement::Entier};
+
 std::string Repeter(std::string_view debut, std::string_view motif, std::size_t fois, std::string_view fin) {
   std::string texte(debut);
   for (std::size_t i = 0; i < fois; ++i) texte += motif;
@@ -102,7 +110,7 @@ struct MotsListe {
 void ImprimerElements(Rapport& rapport, const ListeTriee& liste, const std::vector<std::size_t>& positions,
                       int largeurIndice) {
   const FormeEnRangees forme{
-      .places = {{"", largeurIndice, Elargissement::Entier}, {" ", 5}, {"", 7}, {"", 5, Elargissement::Entier}},
+      .places = {{"", largeurIndice, Elargissement::Entier}, {" ", kNomDeListe}, {"", kCoordonnee}, kPlacePourMille},
       .avantIntitule = "    "};
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
   for (const std::size_t position : positions) imprimeur.Imprimer(RangeeTriee(liste.elements, liste.cote, position));
@@ -144,15 +152,16 @@ void ImprimerColonnesTriees(Rapport& rapport, const ListeTriee& liste, std::size
 
 namespace {
 
-constexpr int kNomDeLigne = 5;  // of a table of deviations, with the blank behind it
+constexpr int kTeteDesEcarts = 8;  // columns in front of the names of the columns
+constexpr int kNomDeLigne = 5;     // with the blank behind it
 constexpr int kEntiersDesEcarts = 5;
 
 // The names of the active columns over their cells. Raises kArgumentIncorrect for decimals that nobody could print.
 std::string TeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
   if (decimales > kDecimalesAuPlus) throw Erreur(kArgumentIncorrect);
-  std::string ligne(8, ' ');
+  std::string ligne(kTeteDesEcarts, ' ');
   for (std::size_t j = 0; j < colonnes.actifs; ++j) {
-    ligne += CadreGauche(colonnes.noms[j], 5);
+    ligne += CadreGauche(colonnes.noms[j], kEntiersDesEcarts);
     ligne.append(static_cast<std::size_t>(decimales) + 1, ' ');
   }
   return ligne;
@@ -244,14 +253,11 @@ void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const Dimension&
   rapport.Ligne(cadre.regle);
 }
 
-constexpr int kNom = 4;
-constexpr PlaceEnRangee kPlacePourMille{"", 5, Elargissement::Entier};
-
 void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
   FormeEnRangees forme{.titre = kNom, .avantIntitule = "   "};
   for (std::size_t k = 0; k < facteurs; ++k)
-    for (const PlaceEnRangee& place : {PlaceEnRangee{"", 7}, kPlacePourMille}) forme.places.push_back(place);
+    for (const PlaceEnRangee& place : {PlaceEnRangee{"", kCoordonnee}, kPlacePourMille}) forme.places.push_back(place);
   ImprimerTable(rapport,
                 {Repeter("*---", "*------*----", facteurs, "*"), TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
                  Repeter("*   ", "*      *1000", facteurs, "*"), TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
@@ -264,7 +270,7 @@ void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const A
 FormeEnRangees FormeEtendue(std::size_t facteurs, std::string_view fin) {
   FormeEnRangees forme{.titre = kNom, .places = {kPlacePourMille}, .avantIntitule = fin};
   for (std::size_t k = 0; k < facteurs; ++k)
-    for (const PlaceEnRangee& place : {PlaceEnRangee{"!", 6}, kPlacePourMille, kPlacePourMille})
+    for (const PlaceEnRangee& place : {PlaceEnRangee{"!", kCoordonneeEtendue}, kPlacePourMille, kPlacePourMille})
       forme.places.push_back(place);
   return forme;
 }
