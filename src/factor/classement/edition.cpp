@@ -9,6 +9,8 @@ namespace {
 
 constexpr PlaceEnRangee kNumero{"", 4};
 constexpr PlaceEnRangee kClasses{"", 3};
+constexpr int kItem = 14;    // a label is cut
+constexpr int kEntiers = 5;  // of criterion and share
 
 Cellule EnTexte(std::string texte) { return {std::nullopt, Unite::Nombre, 0, std::move(texte)}; }
 
@@ -23,7 +25,7 @@ Cellule Numero(std::size_t etape) { return {static_cast<double>(etape + 1)}; }
 
 void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::span<const BilanDEtape> bilans,
                     std::span<const std::string> libelles) {
-  const FormeEnRangees forme{.places = {kNumero, {" ", 14}, {"", 14}, kClasses, {"", 5}, {"", 5}}};
+  const FormeEnRangees forme{.places = {kNumero, {" ", kItem}, {"", kItem}, kClasses, {"", kEntiers}, {"", kEntiers}}};
   rapport.Ligne("NUM Elément 1     Elément 2   NbAgrèg  Critère  %Crit Cumulé"_w);
   rapport.Ligne("                                    d'association");
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
