@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "core/dessin/svg.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/noms.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
