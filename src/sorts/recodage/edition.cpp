@@ -2,6 +2,7 @@
 
 #include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
+#include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {
 
@@ -78,8 +79,8 @@ void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const Plan& pl
 void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
   for (std::size_t i = pos.premiereApres; i < pos.lignes.size(); ++i) {
     std::string ligne = pos.lignes[i];
-    const std::size_t marque = i == pos.premiereApres ? ligne.find("$$") : std::string::npos;
-    if (marque != std::string::npos) ligne.replace(marque, 2, "**");
+    const std::size_t marque = i == pos.premiereApres ? ligne.find(kMarqueVit) : std::string::npos;
+    if (marque != std::string::npos) ligne.replace(marque, kMarqueVit.size(), "**");
     sortie.Ligne(ligne);
   }
 }
