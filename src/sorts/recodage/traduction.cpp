@@ -9,7 +9,7 @@ namespace quelvar::sorts {
 namespace {
 
 constexpr std::string_view kLettresLiberees = "XYZTU";
-constexpr std::size_t kBloc = 16;                // bytes compared at once
+constexpr std::size_t kBloc = 16;                 // bytes compared at once
 constexpr unsigned char kToutChiffrePasse = 255;  // largest "digit" of a column that nothing is asked of
 
 TexteCode TexteDuCode(const ChampNeuf& champ, int code) {

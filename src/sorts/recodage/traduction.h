@@ -110,8 +110,8 @@ class Traduction {
     return poids < 0 || poids > poids_.codeMax ? 0 : poids;
   }
 
-  // The new line, with its end, as a view that lives until the next call. Raises kDepassementCapacite for a value beyond
-  // 16 bits.
+  // The new line, with its end, as a view that lives until the next call. Raises kDepassementCapacite for a value
+  // beyond 16 bits.
   std::string_view Traduire(const char* individu, std::size_t longueur, std::int64_t numero,
                             const TemoinsDePasse& temoins);
 
