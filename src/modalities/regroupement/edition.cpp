@@ -15,7 +15,7 @@ void ImprimerColonnes(Rapport& rapport, const TableAGrouper& table, const PlanDe
 }
 
 void ImprimerLignes(Rapport& rapport, const PlanDeRegroupement& plan, const BilanDeRegroupement& bilan,
-                  const NomsDeGroupe& noms) {
+                    const NomsDeGroupe& noms) {
   if (plan.AvecColonnes()) rapport.Ligne({"Le regroupement de colonnes à pour nouveau nom : "_w, noms.colonneLongue});
   else rapport.Ligne("*** Absence de traitement des colonnes ");
   rapport.Ligne("Traitement des lignes du tableau");
@@ -24,7 +24,7 @@ void ImprimerLignes(Rapport& rapport, const PlanDeRegroupement& plan, const Bila
 }
 
 void ImprimerGroupeDeLignes(Rapport& rapport, const TableAGrouper& table, const PlanDeRegroupement& plan,
-                          const BilanDeRegroupement& bilan, const NomsDeGroupe& noms) {
+                            const BilanDeRegroupement& bilan, const NomsDeGroupe& noms) {
   if (!plan.AvecLignes()) rapport.Ligne("*** Absence de traitement des lignes");
   else if (table.parametres.burt > 0)
     rapport.Ligne({"Le regroupement a pour nom : ", noms.ligne, " Sa fréquence est de "_w, NombreNu(bilan.frequence)});

@@ -39,8 +39,8 @@ std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   return noms;
 }
 
-void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table, std::vector<std::string> noms,
-                   std::vector<char>& marques) {
+void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
+                   std::vector<std::string> noms, std::vector<char>& marques) {
   if (noms.empty()) return;
   const std::vector<std::string> lignes = NomsDesLignes(table);
   for (const std::string& nom : noms) {
@@ -122,7 +122,8 @@ PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const T
   return plan;
 }
 
-void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table, OptionsModifBurt options) {
+void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
+                      OptionsModifBurt options) {
   std::vector<std::string> colonnes;
   for (const Modalite& modalite : table.mod.modalites) colonnes.push_back(modalite.nom);
   std::vector<std::string> lignes;

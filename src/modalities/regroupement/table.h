@@ -21,8 +21,8 @@ struct TableAGrouper {
   std::optional<Chemin> pos;
 };
 
-// The .MOD, the .BRT and, for a Burt table, the .POS; a file that lacks is told and stops the run (kArretAnnonce). Raises
-// the failures of the readers, and those of ExigerTableDuMod.
+// The .MOD, the .BRT and, for a Burt table, the .POS; a file that lacks is told and stops the run (kArretAnnonce).
+// Raises the failures of the readers, and those of ExigerTableDuMod.
 TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport);
 
 // Rows of a .BRT that hold something. Raises the failures of LecteurLignes.
@@ -33,8 +33,8 @@ std::int64_t CompterRangees(const Chemin& brt);
 PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
                              const OptionsModifBurt& options);
 
-// A group under the name of an element that stays would be one with it for every program that reads the new table: told,
-// and the run stops (kArretAnnonce).
+// A group under the name of an element that stays would be one with it for every program that reads the new table:
+// told, and the run stops (kArretAnnonce).
 void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table, OptionsModifBurt options);
 
 }  // namespace quelvar::modalities
