@@ -16,12 +16,15 @@ namespace quelvar {
 // Follows the rows of a rectangular table as they are read.
 class ControleDeTable {
  public:
+  // The path must outlive it; `colonnes` are the modalities of the .MOD.
   ControleDeTable(const Chemin& brt, const ParametresMod& parametres, std::size_t colonnes);
+  // The next row.
   void Voir(std::string_view texte);
   // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, when every
   // one goes on with a number and the .MOD has another count of columns than it announces, or when the last one has no
   // line end and stops inside a cell.
   void Conclure() const;
+  // Rows seen.
   std::int64_t Lignes() const { return lignes_; }
 
  private:
