@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"

@@ -161,4 +161,14 @@ void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMo
     Refuser(cdg, Joindre({"il a ", Nombre(lignes), " individus au lieu de ", Nombre(Entier64(individus))}), kModalites);
 }
 
+std::string_view MessageParentheses() {
+  return "Il y a des incohérences dans les parenthèses de ligne 2 du fichier *.POS, corrigez et relancez "_w;
+}
+
+void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue) {
+  if (!taille.parenthesesFautives) return;
+  dialogue.demander(MessageParentheses(), Boutons::Ok);
+  throw Erreur(kArretAnnonce);
+}
+
 }  // namespace quelvar

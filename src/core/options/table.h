@@ -62,6 +62,11 @@ class TableDOptions {
     return ligne;
   }
 
+  // One option by a name of its own, as a control says it. Raises UsageIncorrect.
+  void PoserUne(Options& options, const std::string& nom, const std::string& valeur) const {
+    const OptionTrouvee trouvee = TrouverOption(options_, {Minuscules(nom), valeur}, nom_);
+    if (!trouvee.sansEffet) poseurs_[trouvee.rang](options, trouvee.valeur);
+  }
   // The value that an option has now, the first one if it is repeated; empty when it was not given. A name that the
   // table has not is a fault of ours (std::logic_error).
   std::string ValeurEcrite(const Options& options, std::string_view nom) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "modalities/codes.h"
@@ -11,13 +12,9 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::string_view kActive = "   ";
-constexpr std::string_view kSupplementaire = " S ";
-constexpr std::size_t kLargeurQuestion = 3;
-constexpr std::size_t kLettresCommunes = 2;
 
 void PoserStatut(std::string& texte, bool supplementaire) {
-  texte.replace(4, 3, supplementaire ? kSupplementaire : kActive);
+  texte.replace(kLargeurDeModalite, kLargeurDeMarque, supplementaire ? kMarqueSupplementaire : kMarqueActive);
 }
 
 [[noreturn]] void Arreter(Rapport& rapport, std::initializer_list<Texte> phrase) {
@@ -41,7 +38,7 @@ std::vector<std::string> QuestionsDesModalites(const FichierPos& pos, const std:
     if (lu.certitude == Certitude::Sure) avant = lu.question;
     else if (lu.certitude == Certitude::Douteuse) avant.clear();
     else if (!EstEnDeuxChiffres(nom) || avant.empty() || !nom.starts_with(avant.substr(0, kLettresCommunes)))
-      avant = nom.substr(0, kLargeurQuestion);
+      avant = nom.substr(0, kLargeurDeQuestion);
     questions.push_back(avant);
   }
   return questions;
@@ -136,7 +133,7 @@ EtatModifMod ChargerModifMod(const Contexte& contexte) {
 void BasculerStatut(std::string& texte) { PoserStatut(texte, !EstSupplementaire(texte)); }
 
 void PoserIntitule(std::string& texte, std::string_view intitule) {
-  texte.resize(7, ' ');
+  texte.resize(kColonneDIntitule - 1, ' ');
   texte += intitule;
 }
 

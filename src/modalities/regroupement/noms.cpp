@@ -1,6 +1,7 @@
 // The names that a grouping gives, and what is told of it beforehand.
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "modalities/regroupement/modifburt.h"
 
@@ -17,8 +18,8 @@ std::string Enumerer(const std::vector<std::string>& noms) {
 }  // namespace
 
 std::string NomCourtDeGroupe(std::string_view nom) {
-  std::string court(nom.substr(0, 4));
-  court.resize(4, '0');
+  std::string court(nom.substr(0, kLargeurDeModalite));
+  court.resize(kLargeurDeModalite, '0');
   return court;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/coherence.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
 
@@ -35,7 +36,7 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGro
 std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   std::vector<std::string> noms;
   LecteurLignes lecteur(table.brt);
-  for (std::string_view ligne; lecteur.Lire(ligne);) noms.emplace_back(ligne.substr(0, 4));
+  for (std::string_view ligne; lecteur.Lire(ligne);) noms.emplace_back(ligne.substr(0, kLargeurDeModalite));
   return noms;
 }
 
@@ -57,7 +58,7 @@ void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGroup
   LecteurLignes lecteur(table.brt);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     const auto trouvee = std::find_if(noms.begin(), noms.end(), [&](const std::string& nom) {
-      return RognerDroite(nom) == RognerDroite(ligne.substr(0, 4));
+      return RognerDroite(nom) == RognerDroite(ligne.substr(0, kLargeurDeModalite));
     });
     marques.push_back(trouvee == noms.end() ? char{0} : char{1});
     if (trouvee != noms.end()) noms.erase(trouvee);

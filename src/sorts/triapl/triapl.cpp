@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/posfile.h"
 #include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
