@@ -7,11 +7,11 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "modalities/codes.h"
+#include "modalities/modalites.h"
 
 namespace quelvar::modalities {
 
 namespace {
-
 
 void PoserStatut(std::string& texte, bool supplementaire) {
   texte.replace(kLargeurDeModalite, kLargeurDeMarque, supplementaire ? kMarqueSupplementaire : kMarqueActive);
@@ -20,10 +20,6 @@ void PoserStatut(std::string& texte, bool supplementaire) {
 [[noreturn]] void Arreter(Rapport& rapport, std::initializer_list<Texte> phrase) {
   rapport.Ligne(phrase);
   throw Erreur(kArretAnnonce);
-}
-
-[[noreturn]] void RefuserModalite(Rapport& rapport, std::string_view nom) {
-  Arreter(rapport, {"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
 }
 
 // The question of each modality, by its name and place; empty where several are possible. What the .POS does not know
@@ -37,7 +33,7 @@ std::vector<std::string> QuestionsDesModalites(const FichierPos& pos, const std:
     const CodeLu lu = codes.Lire(nom);
     if (lu.certitude == Certitude::Sure) avant = lu.question;
     else if (lu.certitude == Certitude::Douteuse) avant.clear();
-    else if (!EstEnDeuxChiffres(nom) || avant.empty() || !nom.starts_with(avant.substr(0, kLettresCommunes)))
+    else if (!EstEnDeuxChiffres(nom) || avant.empty() || !nom.starts_with(avant.substr(0, kLettresDUnCodeDouble)))
       avant = nom.substr(0, kLargeurDeQuestion);
     questions.push_back(avant);
   }
@@ -55,7 +51,7 @@ std::vector<std::size_t> RangsDeLaQuestion(const std::vector<std::string>& quest
                                            const std::vector<std::string>& textes, std::string_view nom,
                                            Rapport& rapport) {
   std::vector<std::size_t> rangs;
-  const std::string lettres = CadreGauche(nom, kLettresCommunes);
+  const std::string lettres = CadreGauche(nom, kLettresDUnCodeDouble);
   for (std::size_t i = 0; !Rogner(nom).empty() && i < textes.size(); ++i) {
     if (questions[i].empty() && textes[i].starts_with(lettres))
       Arreter(rapport, {"La modalité "_w, NomDeTexte(textes[i]), " peut être d'une autre question que "_w, nom,
@@ -82,7 +78,7 @@ void DemanderStatut(Statuts& statuts, const Contexte& contexte, const std::vecto
     }
     if (questions.empty()) questions = QuestionsDesModalites(PosDe(contexte), textes);
     const std::vector<std::size_t> rangs = RangsDeLaQuestion(questions, textes, nom, rapport);
-    if (rangs.empty()) RefuserModalite(rapport, nom);
+    if (rangs.empty()) Arreter(rapport, {PhraseInconnue(nom)});
     for (const std::size_t r : rangs) statuts.questions.emplace_back(r, supplementaire);
   }
 }
@@ -99,7 +95,7 @@ void Appliquer(const Contexte& contexte, std::vector<std::string>& textes, const
     for (const auto& [rang, supplementaire] : demandes) PoserStatut(textes[rang], supplementaire);
   for (const auto& [nom, intitule] : options.intitules) {
     const std::size_t rang = RangDeModalite(textes, nom);
-    if (rang == textes.size()) RefuserModalite(rapport, nom);
+    if (rang == textes.size()) Arreter(rapport, {PhraseInconnue(nom)});
     PoserIntitule(textes[rang], intitule);
   }
 }
@@ -116,8 +112,7 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 EtatModifMod ChargerModifMod(const Contexte& contexte) {
   EtatModifMod etat;
   try {
-    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
-    if (chemin && LongueurFichier(*chemin) >= kModVide) {
+    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
       etat.textes = LireListeModalites(*chemin).textes;
     } else {
       etat.message = {"*** Erreur ***",

@@ -6,6 +6,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
+#include "modalities/modalites.h"
 
 namespace quelvar::modalities {
 
@@ -26,7 +27,7 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGro
     const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
     if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
     if (rangs.empty() || rangs.front() >= marques.size()) {
-      Avertir(rapport, contexte.Ecran(), Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w}));
+      Avertir(rapport, contexte.Ecran(), PhraseInconnue(nom));
       throw Erreur(kArretAnnonce);
     }
     marques[rangs.front()] = 1;

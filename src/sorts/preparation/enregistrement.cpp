@@ -1,4 +1,5 @@
 // The end of the preparation of a recoding: its instructions go into the .POS.
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/generiquetenu.h"
 #include "sorts/preparation/preprecod.h"
 #include "sorts/regles/vit.h"
@@ -29,7 +30,7 @@ std::vector<std::string> LignesNeuves(const EtatPrepRecod& etat) {
   lignes.insert(lignes.end(), etat.vit.begin(), etat.vit.end());
   if (!etat.vit.empty()) lignes.emplace_back(kMarqueVit);
   // Lines that stood behind a VIT are no questions.
-  else if (!etat.suite.empty() && !MarqueDeFin(etat.suite.front())) lignes.emplace_back("**");
+  else if (!etat.suite.empty() && !MarqueDeFin(etat.suite.front())) lignes.emplace_back(kFinDeListe);
   lignes.insert(lignes.end(), etat.suite.begin(), etat.suite.end());
   return lignes;
 }

@@ -1,5 +1,6 @@
 #include "sorts/recodage/edition.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/vit.h"
@@ -8,9 +9,7 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 3;
-
-constexpr int kColonnesDeNom = 4;
+constexpr int kColonnesDeNom = 4;  // with a blank behind it
 constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
 constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
 
@@ -80,7 +79,7 @@ void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
   for (std::size_t i = pos.premiereApres; i < pos.lignes.size(); ++i) {
     std::string ligne = pos.lignes[i];
     const std::size_t marque = i == pos.premiereApres ? ligne.find(kMarqueVit) : std::string::npos;
-    if (marque != std::string::npos) ligne.replace(marque, kMarqueVit.size(), "**");
+    if (marque != std::string::npos) ligne.replace(marque, kMarqueVit.size(), kFinDeListe);
     sortie.Ligne(ligne);
   }
 }
@@ -88,7 +87,7 @@ void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
 }  // namespace
 
 std::string NomNeuf(const Question& question, ModeRecodage mode) {
-  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurNom - 1) : question.nom;
+  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurDeQuestion - 1) : question.nom;
 }
 
 void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {

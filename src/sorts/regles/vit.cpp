@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -14,7 +15,7 @@ namespace {
 ElementVit LireElement(const std::string& ligne) {
   ElementVit element;
   element.ligne = ligne;
-  element.nom = CadreGauche(Milieu(ligne, 1, 3), 3);
+  element.nom = CadreGauche(Milieu(ligne, 1, kLargeurDeQuestion), kLargeurDeQuestion);
   const std::string_view code = Milieu(ligne, 8, 2);
   element.sansCode = Rogner(code).empty();
   element.additif = code.find('+') != std::string_view::npos;

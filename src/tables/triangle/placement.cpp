@@ -102,12 +102,14 @@ void Occupation::Prendre(const Zone& zone) {
 
 void Occupation::PrendreTrait(Position de, Position a) {
   const int pas = static_cast<int>(std::hypot(a.x - de.x, a.y - de.y)) + 1;
-  for (int i = 0; i <= pas; ++i) Prendre({de.x + (a.x - de.x) * i / pas - 0.5, de.y + (a.y - de.y) * i / pas - 0.5, 1, 1});
+  for (int i = 0; i <= pas; ++i)
+    Prendre({de.x + (a.x - de.x) * i / pas - 0.5, de.y + (a.y - de.y) * i / pas - 0.5, 1, 1});
 }
 
 PlaceDIntitule PremierePlace() { return kPlaces[0]; }
 
-PlaceDIntitule ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
+PlaceDIntitule ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte,
+                            const Police& police) {
   static const std::vector<PlaceDIntitule> ecartees = PlacesEcartees();
   const EtendueDuTexte etendue(texte, police);
   for (const PlaceDIntitule& place : kPlaces)
