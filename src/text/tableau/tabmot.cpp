@@ -10,6 +10,7 @@
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
+#include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/edition.h"
 #include "text/tableau/sorties.h"
@@ -158,7 +159,8 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
   consignes.horsFormat = [&](std::int64_t ligne) {
     Arreter(rapport, contexte,
             Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
-                     " n'est pas celle d'un mot ($$ absent en colonne "_w, Nombre(caracteristiques + 15), ")"}));
+                     " n'est pas celle d'un mot ($$ absent en colonne "_w,
+                     Nombre(caracteristiques + kLargeurCode + kLargeurMot + 1), ")"}));
   };
   consignes.depassement = [&, nombre = 0](std::size_t question, std::int64_t ligne, int valeur) mutable {
     Avertir(rapport, contexte.Ecran(),
@@ -180,8 +182,9 @@ void PrevenirDesLignes(Rapport& rapport, const Contexte& contexte, const TableLe
   for (const LigneLexicale& ligne : table.lignes) {
     if (ligne.frequence <= kFrequenceEcrite) continue;
     Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Attention : la fréquence du mot "_w, RognerDroite(std::string_view(ligne.texte).substr(4)),
-                     " est de ", Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
+            Joindre({"*** Attention : la fréquence du mot "_w,
+                     RognerDroite(std::string_view(ligne.texte).substr(kLargeurCode)), " est de ",
+                     Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
   }
 }
 
