@@ -26,32 +26,6 @@ std::int64_t PremiereLigneAlteree(std::string_view utf8) {
   return numero;
 }
 
-// What a box says of the letters of more than one byte: how many, and where the first one is.
-std::string LettresLongues(std::string_view utf8) {
-  constexpr auto kTete = [](char c) { return static_cast<unsigned char>(c) >= 0xC0; };
-  OterMarqueUtf8(utf8);
-  const auto premiere = std::find_if(utf8.begin(), utf8.end(), kTete);
-  const std::int64_t lettres = std::count_if(premiere, utf8.end(), kTete);
-  if (lettres == 0) return {};  // only the mark is there
-  return Joindre({" : "_w, Nombre(lettres), " lettre(s) y occupent plusieurs caractères, la première à la ligne "_w,
-                  Nombre(std::count(utf8.begin(), premiere, '\n') + 1)});
-}
-
-// The text in the code page, and what the conversion has lost.
-struct TexteConverti {
-  std::string octets;
-  std::int64_t perdus = 0;
-  std::int64_t premiereLigne = 0;  // of the first character lost, from 1
-};
-
-TexteConverti Convertir(std::string_view utf8) {
-  OterMarqueUtf8(utf8);
-  TexteConverti converti{DepuisUtf8(utf8), 0, 0};
-  converti.perdus = Interrogations(converti.octets) - Interrogations(utf8);
-  if (converti.perdus > 0) converti.premiereLigne = PremiereLigneAlteree(utf8);
-  return converti;
-}
-
 }  // namespace
 
 std::optional<Utf16> EstUtf16(std::string_view octets) {
@@ -78,28 +52,31 @@ std::string Utf8DepuisUtf16(std::string_view octets, Utf16 ordre) {
   return OterMarqueUtf8(texte) ? std::string(texte) : utf8;
 }
 
-std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::string_view nom, Rapport& rapport) {
-  std::string octets = LireOctets(chemin);
-  ExigerLignesCourtes(octets, nom);
-  const std::optional<Utf16> seize = EstUtf16(octets);
-  if (!EstAConvertir(octets)) return octets;
-  const std::string_view codage = seize ? "UTF-16" : "UTF-8";
-  const Reponse reponse = contexte.Ecran().demander(
-      Joindre({"Le fichier ", nom, " est en ", codage,
-               seize ? std::string(" : chaque lettre y occupe deux caractères"_w) : LettresLongues(octets),
-               ".\r\nIl va être converti à la lecture (le fichier lui-même reste comme il est). L'acceptez-vous ?"_w}),
-      Boutons::OuiNon);
-  if (reponse != Reponse::Oui) {
-    rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage});
-    throw Erreur(kArretAnnonce);
+SourceDeTexte LireSource(const Chemin& chemin, std::string_view nom) {
+  SourceDeTexte source{LireOctets(chemin), Codage::PageDeCode};
+  ExigerLignesCourtes(source.octets, nom);
+  if (const std::optional<Utf16> seize = EstUtf16(source.octets)) {
+    source.codage = Codage::Utf16;
+    source.octets = Utf8DepuisUtf16(source.octets, *seize);
+  } else if (EstUtf8(source.octets)) {
+    source.codage = Codage::Utf8;
   }
-  if (seize) octets = Utf8DepuisUtf16(octets, *seize);
-  TexteConverti converti = Convertir(octets);
-  if (converti.perdus > 0)
-    rapport.Ligne({"*** Attention : ", Nombre(converti.perdus), " caractère(s) de "_w, nom,
-                   " n'existent pas dans la page de code et deviennent \"?\" (le premier à la ligne "_w,
-                   Nombre(converti.premiereLigne), ")"});
-  return std::move(converti.octets);
+  return source;
+}
+
+LettresLongues CompterLettresLongues(std::string_view utf8) {
+  constexpr auto kTete = [](char c) { return static_cast<unsigned char>(c) >= 0xC0; };
+  OterMarqueUtf8(utf8);
+  const auto premiere = std::find_if(utf8.begin(), utf8.end(), kTete);
+  return {std::count_if(premiere, utf8.end(), kTete), std::count(utf8.begin(), premiere, '\n') + 1};
+}
+
+TexteConverti Convertir(std::string_view utf8) {
+  OterMarqueUtf8(utf8);
+  TexteConverti converti{DepuisUtf8(utf8), 0, 0};
+  converti.perdus = Interrogations(converti.octets) - Interrogations(utf8);
+  if (converti.perdus > 0) converti.premiereLigne = PremiereLigneAlteree(utf8);
+  return converti;
 }
 
 }  // namespace quelvar::text
