@@ -155,6 +155,17 @@ std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t 
   return octets;
 }
 
+Erreur EchecDuFichier(const Chemin& chemin, int numero) {
+  return Erreur(numero).Situer({.fichier = TexteDe(chemin.filename())});
+}
+
+void LeverErrno(const Chemin& chemin, int codeErrno) { throw EchecDuFichier(chemin, NumeroDErrno(codeErrno)); }
+
+void LeverErrnoDeCreation(const Chemin& chemin, int codeErrno) {
+  if (codeErrno == ENOENT) throw EchecDuFichier(chemin, kCheminIntrouvable);
+  LeverErrno(chemin, codeErrno);
+}
+
 std::string NomDeSauvegarde(std::string_view nom) {
   std::string sauvegarde(nom);
   if (!sauvegarde.empty()) sauvegarde.back() = '2';

@@ -8,6 +8,7 @@
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/marque.h"
+#include "core/fichiers/morceaux.h"
 #include "core/fichiers/releve.h"
 #include "core/fichiers/signaux.h"
 #include "core/programme/erreur.h"
@@ -57,11 +58,8 @@ Ecrivain& JeuDeFichiers::Ouvrir(std::string_view nom, Nature nature) {
 }
 
 void JeuDeFichiers::Copier(const Chemin& source, std::string_view nom, Nature nature) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
   Ecrivain& copie = Ouvrir(nom, nature);
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(source, place, kMorceau), !octets.empty(); place += octets.size())
-    copie.Ecrire(octets);
+  ParMorceaux(source, [&](std::string_view octets) { copie.Ecrire(octets); });
 }
 
 const Chemin& JeuDeFichiers::Achever(std::string_view nom) {

@@ -13,6 +13,7 @@
 #include "core/fichiers/appels.h"
 #include "core/fichiers/echecs.h"
 #include "core/fichiers/marque.h"
+#include "core/fichiers/morceaux.h"
 #include "core/fichiers/signaux.h"
 #include "core/texte/texte.h"
 
@@ -75,10 +76,8 @@ void EffacerSiAbandonne(const Chemin& chemin) {
 
 std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin) {
   try {
-    constexpr std::size_t kMorceau = std::size_t{1} << 20;
     CondenseDOctets condense;
-    for (std::string octets; octets = LireMorceau(chemin, condense.Taille(), kMorceau), !octets.empty();)
-      condense.Ajouter(octets);
+    ParMorceaux(chemin, [&](std::string_view octets) { condense.Ajouter(octets); });
     return MesureDeFichier{condense.Taille(), condense.Valeur()};
   } catch (const Erreur&) {
     return std::nullopt;
