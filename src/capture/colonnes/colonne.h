@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/tableur.h"
+#include "capture/tableur/codes.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {

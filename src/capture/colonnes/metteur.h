@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "capture/colonnes/colonne.h"
-#include "capture/tableur.h"
+#include "capture/tableur/cellules.h"
+#include "capture/tableur/codes.h"
 
 namespace quelvar::capture {
 

@@ -33,22 +33,22 @@ Tableau DecouperTableau(const EnteteDbf& entete) {
   return tableau;
 }
 
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool lisible) {
+void ImprimerPresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool lisible) {
   const std::string brt = contexte.Nom(".BRT");
   const std::string mod = contexte.Nom(".MOD");
   const bool brtPresent = contexte.Chercher(".BRT").has_value();
   const bool modPresent = contexte.Chercher(".MOD").has_value();
-  EcrireEtat(rapport, contexte.Nom(".DBF"), dbf ? kExiste : kNExistePas);
+  ImprimerEtat(rapport, contexte.Nom(".DBF"), dbf ? kExiste : kNExistePas);
   if (!dbf) {
-    EcrireEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
-    EcrireEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
+    ImprimerEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
+    ImprimerEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
     rapport.Ligne();
     rapport.Ligne(brtPresent || modPresent ? "Arrêt du programme car il n'y a pas de données"_w
                                            : "Arrêt du programme car aucun fichier n'existe"_w);
     throw Erreur(kArretAnnonce);
   }
-  EcrireEtatDeSortie(rapport, brt, brtPresent, lisible);
-  EcrireEtatDeSortie(rapport, mod, modPresent, lisible);
+  ImprimerEtatDeSortie(rapport, brt, brtPresent, lisible);
+  ImprimerEtatDeSortie(rapport, mod, modPresent, lisible);
   rapport.Ligne();
   rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
 }
@@ -165,7 +165,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   std::optional<Erreur> echec;
   if (dbf) echec = EchecDe([&] { LireSource(*dbf, lecture); });
   EcrireBandeau(rapport, "Importation de tableau quelconque");
-  EcrirePresence(rapport, contexte, dbf.has_value(), !echec);
+  ImprimerPresence(rapport, contexte, dbf.has_value(), !echec);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   const auto& [entete, taille, lignes, tableau, propres] = lecture;
   if (echec && taille == 0 && echec->Numero() != kArretAnnonce) throw *echec;
@@ -182,7 +182,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, noms);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, colonnes, lignes, tableau.largeur);
-  EcrireFinDImport(rapport, contexte.niveau);
+  ImprimerFinDImport(rapport, contexte.niveau);
   RemarquerDbf(remarques, entete, taille, passage);
   MontrerRemarques(contexte.Ecran(), remarques);
   sorties.Valider();

@@ -12,8 +12,6 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::string_view kRapport = "$$$.prt";
-
 // The fault of a name whose three first characters would end the list of .POS or hide another question of it.
 void SignalerNoms(Descripteur& descripteur) {
   std::unordered_set<std::string> pris;
@@ -224,12 +222,13 @@ std::string Revoir(SaisieEnCours& saisie, std::int64_t numero) {
 }
 
 Fin TerminerSaisie(const Contexte& contexte, std::int64_t faits) {
-  return ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) { Finir(rapport, faits); });
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{},
+                           [&](Rapport& rapport) { Finir(rapport, faits); });
 }
 
 Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const LectureDeLigne& lire) {
   bool entiere = false;
-  const Fin fin = ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) {
+  const Fin fin = ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     std::optional<SaisieEnCours> saisie =
         CommencerSaisie(contexte, options.synchroniser ? Synchronisation::Oui : Synchronisation::Non);
     ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".DES"), saisie.has_value()}}, kArretAbsence);

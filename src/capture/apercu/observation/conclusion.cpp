@@ -160,7 +160,8 @@ FaitsDeColonne Observation::Conclure(std::string intitule, std::int64_t individu
   ConclureDoutes(faits, table);
   faits.decimales = mesures.decimales;
   // Codes that a program has written as "1.0" and "2.0".
-  const bool entiers = mesures.fractions == 0 && mesures.minimum >= -kPlusGrandCode && mesures.maximum <= kPlusGrandCode;
+  const bool entiers =
+      mesures.fractions == 0 && mesures.minimum >= -kPlusGrandCode && mesures.maximum <= kPlusGrandCode;
   faits.avecDecimales = entiers ? 0 : mesures.avecDecimales;
   faits.enEntiers = entiers ? mesures.avecDecimales : 0;
   faits.negatives = mesures.negatives;

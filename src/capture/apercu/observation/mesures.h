@@ -15,7 +15,7 @@ struct Mesures {
   std::int64_t avecDecimales = 0;
   std::int64_t fractions = 0;  // among these, with decimals other than 0
   std::int64_t negatives = 0;
-  int decimales = 0;  // most digits behind the sign
+  int decimales = 0;        // most digits behind the sign
   std::size_t largeur = 0;  // of the longest, written with a decimal point and no groups
 
   void Voir(const NombreLu& lu);

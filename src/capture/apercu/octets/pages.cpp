@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstring>
 #include <utility>
 
+#include "capture/octets.h"
 #include "core/programme/erreur.h"
 
 namespace quelvar::capture {
@@ -130,30 +129,6 @@ bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encod
 constexpr char32_t kRemplacement = 0xFFFD;  // stands for half a pair
 
 }  // namespace
-
-bool EstAscii(std::string_view octets) {
-  std::uint64_t hauts = 0;
-  std::size_t i = 0;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    hauts |= mot;
-  }
-  for (; i < octets.size(); ++i) hauts |= static_cast<unsigned char>(octets[i]);
-  return (hauts & 0x8080808080808080ULL) == 0;
-}
-
-std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
-  std::size_t i = debut;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    mot &= 0x8080808080808080ULL;
-    if (mot != 0) return i + static_cast<std::size_t>(std::countr_zero(mot)) / 8;
-  }
-  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
-  return i;
-}
 
 unsigned char DeCp850(unsigned char octet) { return octet < 0x80 ? octet : kDeCp850[octet - std::size_t{0x80}]; }
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "capture/apercu/octets/pages.h"
+#include "capture/octets.h"
 
 namespace quelvar::capture {
 

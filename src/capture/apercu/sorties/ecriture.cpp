@@ -8,6 +8,7 @@
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -17,7 +18,7 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kNomIndividu = 4;
-constexpr std::size_t kCodesComptes = 100;
+constexpr std::size_t kCodesComptes = kDernierCodeNomme + 1;
 constexpr int kSansCode = -1;
 constexpr int kRefus = -2;
 constexpr int kInconnu = -3;
