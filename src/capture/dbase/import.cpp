@@ -10,7 +10,7 @@
 #include "capture/dbase/remarques.h"
 #include "capture/dbase/tri.h"
 #include "capture/fichiers.h"
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
