@@ -22,12 +22,6 @@ bool MemeFichier(const Chemin& a, const Chemin& b) {
   return std::filesystem::equivalent(a, b, faute);
 }
 
-std::optional<Chemin> ChercherPos(const Contexte& contexte) {
-  std::optional<Chemin> pos = contexte.Chercher(".POS");
-  if (pos && LongueurFichier(*pos) < kPosVide) pos.reset();
-  return pos;
-}
-
 void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes,
                        Texte suite) {
   ImprimerEtat(rapport, nom, " existe déjà"_w);

@@ -25,11 +25,6 @@ inline constexpr std::string_view kRemplace = " existait déjà et a été rempl
 // Whether two names stand for one file; false when one of them is not there.
 bool MemeFichier(const Chemin& a, const Chemin& b);
 
-// A .POS shorter than this counts as absent.
-inline constexpr std::uintmax_t kPosVide = 3;
-// The .POS of the generic, if it exists and is not shorter than kPosVide bytes.
-std::optional<Chemin> ChercherPos(const Contexte& contexte);
-
 // An older copy of a file to be saved goes on under a further name, among the outputs; the report tells it.
 void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,
                          JeuDeFichiers& sorties);

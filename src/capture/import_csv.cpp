@@ -32,7 +32,7 @@ FichiersImport TrouverFichiers(const Contexte& contexte) {
   fichiers.source = contexte.Chercher(".CSV");
   fichiers.nomSource = contexte.Nom(fichiers.source ? ".CSV" : ".TXT");
   if (!fichiers.source) fichiers.source = contexte.Chercher(".TXT");
-  fichiers.pos = ChercherPos(contexte);
+  fichiers.pos = ChercherPos(contexte.repertoire, contexte.Nom(".POS"));
   fichiers.datPresent = contexte.Chercher(".DAT").has_value();
   return fichiers;
 }

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
+
 namespace quelvar::capture {
 
-inline constexpr std::size_t kNomCourtLePlusLong = 3;
+inline constexpr std::size_t kNomCourtLePlusLong = kLargeurDeQuestion;
 
 struct NomCourt {
   std::string nom;         // three columns, right-aligned

@@ -15,6 +15,7 @@
 #include "capture/colonnes/compterendu.h"
 #include "capture/dbase/import.h"
 #include "capture/fichiers.h"
+#include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
@@ -49,7 +50,7 @@ Fichiers TrouverFichiers(const Contexte& contexte, const OptionsImport& options)
   Fichiers fichiers;
   fichiers.source = ChercherSource(contexte, options);
   fichiers.nomSource = NomDeSource(contexte, options);
-  fichiers.pos = ChercherPos(contexte);
+  fichiers.pos = ChercherPos(contexte.repertoire, contexte.Nom(".POS"));
   fichiers.mod = contexte.Chercher(".MOD");
   fichiers.datPresent = contexte.Chercher(".DAT").has_value();
   fichiers.dejaImporte = contexte.Chercher(".IMC") || contexte.Chercher(".CSV") || contexte.Chercher(".TXT");

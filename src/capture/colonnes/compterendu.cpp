@@ -72,8 +72,9 @@ void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<Colonn
     remarques.push_back(Joindre({"    ", colonnes[j].nomCourt, " pour la colonne", NumeroEtIntitule(colonnes[j])}));
   const auto loin = std::ranges::find_if(colonnes, &ColonneImportee::HorsDePortee);
   if (loin == colonnes.end()) return;
-  remarques.push_back(Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin->rang),
-                               "la position dépasse 9999, les colonnes restent hors du fichier *.POS"_w}));
+  remarques.push_back(
+      Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin->rang), "la position dépasse "_w,
+               Nombre(kDernierePosition), ", les colonnes restent hors du fichier *.POS"}));
 }
 
 void ImprimerRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {

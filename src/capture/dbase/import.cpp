@@ -223,7 +223,8 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
 }
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
-  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"), ChercherPos(contexte)};
+  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"),
+                          ChercherPos(contexte.repertoire, contexte.Nom(".POS"))};
   EnteteDbf entete;
   std::optional<Erreur> echec;
   if (fichiers.dbf) echec = EchecDe([&] { entete = LireEnteteDuFichier(*fichiers.dbf); });

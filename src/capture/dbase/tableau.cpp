@@ -7,6 +7,7 @@
 #include "capture/dbase/remarques.h"
 #include "capture/fichiers.h"
 #include "capture/noms.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
@@ -16,8 +17,6 @@
 namespace quelvar::capture {
 
 namespace {
-
-constexpr int kLargeurNom = 4;
 
 // The table as its header describes it.
 struct Tableau {
@@ -104,7 +103,8 @@ PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, 
 // The name of a row or column that has none of its own: its rank.
 std::string NomDeRang(std::size_t i) {
   constexpr std::size_t kEnChiffres = 9999;
-  return i < kEnChiffres ? CadreGauche(Nombre(i + 1), kLargeurNom) : NomAvecLettres(i - kEnChiffres, kLargeurNom);
+  return i < kEnChiffres ? CadreGauche(Nombre(i + 1), kLargeurDeModalite)
+                         : NomAvecLettres(i - kEnChiffres, kLargeurDeModalite);
 }
 
 // Names in four characters; those that are blank, end a list or are equal take their rank, which `quoi` tells.
@@ -121,7 +121,7 @@ std::vector<std::string> DesignerParRang(std::vector<std::string> noms, std::str
 
 std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remarques) {
   std::vector<std::string> noms;
-  for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurNom));
+  for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurDeModalite));
   return DesignerParRang(std::move(noms), "Colonnes", remarques);
 }
 
@@ -147,7 +147,7 @@ void LireSource(const Chemin& dbf, Lecture& lecture) {
   if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection).Situer(fichier);
   const Tableau& tableau = lecture.tableau = DecouperTableau(entete);
   ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
-    lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurNom));
+    lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurDeModalite));
     for (const ChampDbf& colonne : tableau.colonnes) ExigerNombre(ligne, colonne);
   });
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "capture/octets.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

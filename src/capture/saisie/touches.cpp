@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "capture/octets.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

@@ -36,8 +36,7 @@ class LigneDeTableur {
     std::uint64_t mot = 0;
     std::memcpy(&mot, reste_.data(), 8);
     const std::uint64_t fautifs = quatre::Fautifs(mot, modele_);
-    const unsigned nombre =
-        fautifs == 0 ? quatre::kCellules : static_cast<unsigned>(std::countr_zero(fautifs)) / 16;
+    const unsigned nombre = fautifs == 0 ? quatre::kCellules : static_cast<unsigned>(std::countr_zero(fautifs)) / 16;
     octets = reste_.data();
     reste_.remove_prefix(nombre * std::size_t{2});
     return nombre;

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "capture/octets.h"
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/codes.h"
 #include "capture/tableur/lecteur.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "capture/octets.h"
 #include "capture/tableur/cellules.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 

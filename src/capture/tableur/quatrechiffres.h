@@ -18,7 +18,8 @@ constexpr std::uint64_t Modele(char separateur) {
   return kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kPlacesImpaires;
 }
 
-// The high bit of every byte that is neither a digit at an even place nor the separator at an odd one; 0 for four cells.
+// The high bit of every byte that is neither a digit at an even place nor the separator at an odd one; 0 for four
+// cells.
 constexpr std::uint64_t Fautifs(std::uint64_t octets, std::uint64_t modele) {
   // Zero to nine at even bytes and 0 at odd ones, for digits and separators; the sums then stay below 80 hex.
   constexpr std::uint64_t kSeuils = 0x7F767F767F767F76ULL;

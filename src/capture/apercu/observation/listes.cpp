@@ -6,7 +6,7 @@
 #include <string>
 
 #include "capture/apercu/observation/mots.h"
-#include "capture/octets.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "capture/apercu/octets/pages.h"
-#include "capture/octets.h"
 #include "core/programme/erreur.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

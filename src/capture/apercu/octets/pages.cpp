@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstring>
 #include <utility>
 
-#include "capture/octets.h"
 #include "core/programme/erreur.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 
@@ -110,6 +112,18 @@ bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encod
 constexpr char32_t kRemplacement = 0xFFFD;  // stands for half a pair
 
 }  // namespace
+
+std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
+  std::size_t i = debut;
+  for (; i + 8 <= octets.size(); i += 8) {
+    std::uint64_t mot = 0;
+    std::memcpy(&mot, octets.data() + i, 8);
+    mot &= 0x8080808080808080ULL;
+    if (mot != 0) return i + static_cast<std::size_t>(std::countr_zero(mot)) / 8;
+  }
+  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
+  return i;
+}
 
 unsigned char DeCp850(unsigned char octet) { return octet < 0x80 ? octet : kDeCp850[octet - std::size_t{0x80}]; }
 

@@ -9,6 +9,9 @@
 
 namespace quelvar::capture {
 
+// Place of the first byte above 127 from there on; the size of the text without any.
+std::size_t PremierHaut(std::string_view octets, std::size_t debut);
+
 // The sign of a byte of cp850 in the code page, "?" for its frames.
 unsigned char DeCp850(unsigned char octet);
 

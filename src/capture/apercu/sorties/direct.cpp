@@ -156,7 +156,7 @@ std::size_t ChiffresDuDernierNumero(const Chemin& source, char separateur) {
 }
 
 bool EstLargeNumero(const FaitsDeColonne& colonne) {
-  return colonne.contenu == Contenu::Numero && colonne.maximum > 999 && colonne.avecDecimales == 0 &&
+  return colonne.contenu == Contenu::Numero && colonne.maximum > kPlusGrandCode && colonne.avecDecimales == 0 &&
          colonne.nonNumeriques + colonne.nonReponses + colonne.negatives + colonne.vides == 0;
 }
 
@@ -183,7 +183,8 @@ std::optional<Promesse> PromesseDe(const Apercu& apercu, const Chemin& source) {
       continue;
     }
     const bool codes = colonne.contenu == Contenu::Codes || colonne.contenu == Contenu::Numero;
-    if (!codes || colonne.maximum > 999 || colonne.nonReponses + colonne.negatives + colonne.nonNumeriques > 0)
+    if (!codes || colonne.maximum > kPlusGrandCode ||
+        colonne.nonReponses + colonne.negatives + colonne.nonNumeriques > 0)
       return std::nullopt;
     promesse.largeurs.push_back(colonne.maximum >= 100 ? 3 : colonne.maximum >= 10 ? 2 : 1);
   }

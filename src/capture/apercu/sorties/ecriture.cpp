@@ -211,7 +211,7 @@ void EcritureDeTable::EcrireTextes() {
   for (std::size_t i = 0; i < textes_.size(); ++i) {
     enregistrement_ = metteur_.LargeurAlignee() > 0 ? std::string(metteur_.PartieAlignee())
                                                     : EntierDroit(bilan_.individus, static_cast<int>(largeurRang_));
-    if (textes_.size() > 1) enregistrement_ += CodeCaractere(static_cast<int>(std::min<std::size_t>(i + 1, 35)));
+    if (textes_.size() > 1) enregistrement_ += CodeCaractere(std::min(static_cast<int>(i + 1), kPremierCodeDouble - 1));
     enregistrement_.append(textes_[i]).append(1, '*');
     sorties_.txt->Ligne(enregistrement_);
     ++bilan_.textes;

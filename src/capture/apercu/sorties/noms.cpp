@@ -10,8 +10,6 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr int kDernierCodeDUnSigne = 35;  // "Z"
-
 // The answers of a list give way to the names that other columns ask for: these stay what the choices tell.
 void EcarterLesListes(const Plan& plan, std::vector<std::string>& noms) {
   std::vector<bool> deListe(plan.colonnes.size());
@@ -25,7 +23,7 @@ void EcarterLesListes(const Plan& plan, std::vector<std::string>& noms) {
   for (std::size_t k = 0; k < noms.size(); ++k) {
     if (!deListe[k] || pris.insert(demande(k)).second) continue;
     const std::string debut = demande(k).substr(0, 2);
-    for (int code = 1; code <= kDernierCodeDUnSigne; ++code) {
+    for (int code = 1; code < kPremierCodeDouble; ++code) {
       const std::string libre = Joindre({debut, CodeCaractere(code)});
       if (std::ranges::count(noms, libre) > 0 || !pris.insert(libre).second) continue;
       noms[k] = libre;

@@ -20,7 +20,6 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kCodesDeTextes = kDernierCodeNomme;
-constexpr std::size_t kCodesEnUnSigne = 35;
 constexpr std::size_t kColonnesDeReponses = 200;
 constexpr int kTexteLePlusCourt = 4;  // narrower fields have the code-max of a question of codes
 constexpr std::size_t kTexteLePlusLong = 99;
@@ -115,7 +114,8 @@ void Dresseur::CompterPourZero(const ChoixDeColonne& choix, const FaitsDeColonne
 
 // Whole numbers of at most three digits are codes; wider ones stay as they are and out of .POS.
 void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& faits, bool numero) {
-  const bool entiers = faits.avecDecimales == 0 && faits.maximum <= 999 && !(numero && faits.nonNumeriques > 0);
+  const bool entiers =
+      faits.avecDecimales == 0 && faits.maximum <= kPlusGrandCode && !(numero && faits.nonNumeriques > 0);
   if (entiers && (faits.largeurNombre > 0 || choix.codeMax > 0)) {
     lue_.regle = Regle::Code;
     const double codeMax = std::max({faits.maximum, static_cast<double>(choix.codeMax), 0.0});
@@ -139,7 +139,7 @@ void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& f
 // The field is as wide as the question was, wider for a longer text.
 void Dresseur::PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
   int codeMax = choix.codeMax > 0 ? choix.codeMax : kTexteLePlusCourt;
-  std::size_t largeur = codeMax == kTroisPositions ? 3 : static_cast<std::size_t>(codeMax);
+  std::size_t largeur = codeMax == kCodeMaxL3 ? 3 : static_cast<std::size_t>(codeMax);
   if (faits.largeur > largeur) {
     largeur = std::max<std::size_t>(faits.largeur, kTexteLePlusCourt);
     codeMax = static_cast<int>(std::min<std::size_t>(largeur, kTexteLePlusLong + 1));
@@ -148,7 +148,7 @@ void Dresseur::PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeCol
   ColonneImportee& colonne = Ajouter(faits, choix, largeur, codeMax);
   colonne.alphabetique = true;
   colonne.aDroite = choix.aDroite;
-  if (codeMax != kTroisPositions && largeur > kTexteLePlusLong)
+  if (codeMax != kCodeMaxL3 && largeur > kTexteLePlusLong)
     Refuser(colonne, "un texte de plus de 99 caractères ne tient pas dans une question alphabétique"_w);
 }
 
@@ -237,7 +237,7 @@ void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& f
   for (const ValeurComptee& element : elements) {
     ColonneImportee& colonne = Ajouter(faits, choix, 1, 1);
     Intituler(colonne, Joindre({faits.intitule, " : ", element.valeur}));
-    if (lue_.nombre <= kCodesEnUnSigne && elements.size() > 1)
+    if (lue_.nombre < std::size_t{kPremierCodeDouble} && elements.size() > 1)
       noms_.back() = Joindre({Rogner(noms_.back()).substr(0, 2), CodeCaractere(static_cast<int>(lue_.nombre))});
     if (elements.size() > kColonnesDeReponses) Refuser(colonne, "plus de 200 réponses différentes dans les listes"_w);
     Coder(element.valeur, static_cast<int>(lue_.nombre));
