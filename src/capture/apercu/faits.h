@@ -10,6 +10,7 @@
 
 #include "capture/apercu/lecture.h"
 #include "capture/apercu/octets/cellule.h"
+#include "core/enquete/posfile.h"
 
 namespace quelvar::capture {
 
@@ -28,7 +29,7 @@ enum class Contenu {
 
 inline constexpr std::size_t kTextesCourts = 30;       // a longer list is no closed question
 inline constexpr std::size_t kLongueurCourte = 40;     // a longer answer was written, not chosen
-inline constexpr int kPlusGrandCode = 999;             // three digits, the widest field of a question of codes
+inline constexpr int kPlusGrandCode = kCodeMaxL3;      // three digits, the widest field of a question of codes
 inline constexpr std::size_t kFautivesGardees = 1000;  // faulty cells kept for one column
 
 struct CelluleFautive {

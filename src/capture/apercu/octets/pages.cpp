@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/programme/erreur.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 
@@ -109,18 +110,6 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
 bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }
 
 }  // namespace
-
-bool EstAscii(std::string_view octets) {
-  std::uint64_t hauts = 0;
-  std::size_t i = 0;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    hauts |= mot;
-  }
-  for (; i < octets.size(); ++i) hauts |= static_cast<unsigned char>(octets[i]);
-  return (hauts & 0x8080808080808080ULL) == 0;
-}
 
 std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
   std::size_t i = debut;

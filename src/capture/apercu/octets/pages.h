@@ -10,8 +10,6 @@
 
 namespace quelvar::capture {
 
-// True when no byte is above 127.
-bool EstAscii(std::string_view octets);
 // Place of the first byte above 127 from there on; the size of the text without any.
 std::size_t PremierHaut(std::string_view octets, std::size_t debut);
 
