@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 
+#include "core/programme/annulation.h"
 #include "forms/cadre/services.h"
 
 namespace quelvar::forms {
@@ -44,6 +45,12 @@ void Forme::RelierAide(QPushButton& bouton, const char* entree) {
   bouton.setEnabled(services_.aide.Existe(QString::fromUtf8(entree)));
   connect(&bouton, &QPushButton::clicked, this, [this, entree] { services_.aide.Ouvrir(QString::fromUtf8(entree)); });
 }
+
+void Forme::AuDepartDireLArret() {
+  AuDepart([](const Contexte& contexte) { RendreCompte(contexte, kArretVolontaire, {}, kRapportSansNom); });
+}
+
+bool Forme::Executer(const Programme& programme) const { return services_.Lancer(programme); }
 
 void Forme::RelierQuitter(QPushButton& bouton) { connect(&bouton, &QPushButton::clicked, this, &QDialog::reject); }
 

@@ -4,8 +4,10 @@
 
 #include <QDialog>
 #include <QPushButton>
+#include <optional>
 #include <string_view>
 
+#include "core/options/description.h"
 #include "core/programme/programme.h"
 #include "forms/cadre/lanceur.h"
 
@@ -47,11 +49,24 @@ class Forme : public QDialog {
   // The run that ends what the form had begun, when the user leaves it, on the data set of the form. It starts once the
   // form is gone, so it holds copies only.
   void AuDepart(Programme programme) { auDepart_ = std::move(programme); }
+  // The same for a form whose leaving is told by the one sentence of a run that was given up.
+  void AuDepartDireLArret();
+
+  // Runs the program on the data set of the form and tells how it ended; nothing when another run is going on or the
+  // user gave this one up, and the form then stays with its choices.
+  template <class O>
+  std::optional<Fin> Lancer(const Description<O>& programme, const O& options) {
+    std::optional<Fin> fin;
+    const bool fait = Executer([&](const Contexte&) { fin = programme.Executer(contexte_, options); });
+    return fait ? fin : std::nullopt;
+  }
 
   Services& services_;
   const Contexte contexte_;  // of the generic that the form was opened on
 
  private:
+  bool Executer(const Programme& programme) const;
+
   Programme auDepart_;
   bool parLeProgramme_ = false;  // closed by the program, not left by the user
 };

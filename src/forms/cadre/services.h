@@ -54,6 +54,17 @@ F& Montrer(Services& services, Arguments&&... arguments) {
   return *forme;
 }
 
+// For a form whose preparation is not made twice: shows the one that is open on the present generic, and closes the one
+// that is open on another. True when a form is in front and there is nothing to open.
+template <class F>
+bool Revenir(Services& services) {
+  F* forme = services.formes.Ouverte<F>();
+  if (forme == nullptr) return false;
+  if (!forme->EstSur(services.ContexteEnCours())) return !services.formes.Fermer(*forme);
+  services.formes.Presenter(*forme);
+  return true;
+}
+
 // For a form that opens anew at each demand: closes the one of that class that is open. False when the user keeps the
 // work that it holds; it is then in front.
 template <class F>

@@ -4,8 +4,11 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "core/programme/programme.h"
+#include "forms/cadre/services.h"
 
 namespace quelvar::forms {
 
@@ -33,5 +36,26 @@ class Brouillon {
   std::optional<std::string> prepare_;  // not in the directory yet
   std::optional<std::string> pose_;     // put there by the last launch
 };
+
+// What a form opens on, and the report that making it ready has begun.
+template <class T>
+struct Preparation {
+  T donnees;
+  Brouillon rapport;
+};
+
+// Runs the preparation on the current data set, and takes its report (generic and extension) out of the directory:
+// nothing is written before a launch. Nothing when it has stopped, which its report tells.
+template <class F>
+auto Preparer(Services& services, std::string_view extension, const F& preparation) {
+  decltype(preparation(std::declval<const Contexte&>())) donnees;
+  Brouillon rapport(services.ContexteEnCours(), extension);
+  services.Lancer([&](const Contexte& contexte) {
+    donnees = preparation(contexte);
+    rapport.Retirer();
+  });
+  using T = Preparation<typename decltype(donnees)::value_type>;
+  return donnees ? std::optional<T>(T{*std::move(donnees), std::move(rapport)}) : std::nullopt;
+}
 
 }  // namespace quelvar::forms

@@ -1,30 +1,31 @@
 #include "forms/pieces/editionliste.h"
 
 #include <QEvent>
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QToolTip>
 #include <algorithm>
 
+#include "core/enquete/listemod.h"
 #include "core/programme/erreur.h"
 #include "core/texte/horspage.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
 
 EditionListe::EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ, QPushButton& suivant, Acces acces)
     : QObject(&forme), liste_(liste), champ_(champ), suivant_(suivant), acces_(std::move(acces)) {
-  liste.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  liste.setFont(PoliceFixe());
   champ.setEnabled(false);
   suivant.setDefault(true);
   liste.installEventFilter(this);
   champ.installEventFilter(this);
   connect(&liste, &QListWidget::currentRowChanged, this, &EditionListe::Aller);
   connect(&liste, &QListWidget::itemClicked, &champ, [&champ] { champ.setFocus(); });
-  connect(&champ, &QLineEdit::inputRejected, this, [this] { emit Refus(acces_.tropLong); });
+  connect(&champ, &QLineEdit::inputRejected, this, [this] { emit Refuse(acces_.tropLong); });
   connect(&champ, &QLineEdit::textEdited, this, [this](const QString& texte) {
-    if (texte.size() < champ_.maxLength()) emit Refus(QString());
+    if (texte.size() < champ_.maxLength()) emit Refuse(QString());
   });
   connect(&suivant, &QPushButton::clicked, this, [this] {
     if (ligne_ < 0) return;
@@ -60,7 +61,7 @@ bool EditionListe::Ranger() {
   const std::string etranger = RefusHorsPage(champ_.text().toStdString());
   const QString refus = etranger.empty() ? acces_.poser(ligne_, champ_.text())
                                          : QStringLiteral("L'intitulé n'est pas pris : ") + VersQt(etranger);
-  emit Refus(refus);
+  emit Refuse(refus);
   if (!etranger.empty()) QToolTip::showText(champ_.mapToGlobal(QPoint(0, champ_.height())), refus, &champ_);
   if (!refus.isEmpty()) return false;
   champ_.setModified(false);
@@ -80,6 +81,16 @@ void EditionListe::Aller(int ligne) {
   const QString intitule = ligne >= 0 ? acces_.intitule(ligne) : QString();
   champ_.setMaxLength(std::max(acces_.longueur, static_cast<int>(intitule.size())));
   champ_.setText(intitule);
+}
+
+EditionListe::Acces AccesAuxTextes(std::function<int()> nombre, std::function<const std::string&(int ligne)> texte,
+                                   std::function<void(int ligne, const std::string& intitule)> poser) {
+  return {std::move(nombre), [texte](int ligne) { return VersQt(texte(ligne)); },
+          [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
+          [poser = std::move(poser)](int ligne, const QString& intitule) {
+            poser(ligne, DepuisQt(intitule));
+            return QString();
+          }};
 }
 
 QString Tenter(const std::function<void()>& sauver, const QString& reussite) {

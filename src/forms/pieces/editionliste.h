@@ -38,8 +38,8 @@ class EditionListe : public QObject {
   bool EnCours() const { return ligne_ >= 0 && champ_.isModified(); }
 
  signals:
-  // Why a label is refused, or empty.
-  void Refus(const QString& texte);
+  // Why a label is refused, or empty when it is not.
+  void Refuse(const QString& texte);
 
  private:
   bool eventFilter(QObject* objet, QEvent* evenement) override;
@@ -51,6 +51,11 @@ class EditionListe : public QObject {
   Acces acces_;
   int ligne_ = -1;  // the one in the text box
 };
+
+// The texts of a .MOD behind a list, each shown whole, its label alone in the text box; `poser` stores a label, and
+// whatever is typed is one.
+EditionListe::Acces AccesAuxTextes(std::function<int()> nombre, std::function<const std::string&(int ligne)> texte,
+                                   std::function<void(int ligne, const std::string& intitule)> poser);
 
 // Runs a save; returns the words of its failure, or the sentence for a success.
 QString Tenter(const std::function<void()>& sauver, const QString& reussite);

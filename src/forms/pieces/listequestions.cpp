@@ -1,7 +1,8 @@
 #include "forms/pieces/listequestions.h"
 
-#include <QFontDatabase>
+#include <algorithm>
 
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -12,35 +13,55 @@ constexpr int kRang = Qt::UserRole;  // of a line: the rank of its question
 
 }  // namespace
 
-void PreparerListeDeQuestions(QListWidget& liste) {
-  liste.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  liste.setSelectionMode(QAbstractItemView::ExtendedSelection);
-  liste.setUniformItemSizes(true);
-}
-
-void MontrerQuestions(QListWidget& liste, const FichierPos& pos, const modalities::ChoixQuestions& choix,
-                      Statut statut) {
-  const int courante = liste.currentRow();
-  liste.clear();
-  for (const std::size_t rang : choix.Rangs(statut)) {
-    auto* ligne = new QListWidgetItem(VersQt(modalities::LigneDeListe(pos, rang)), &liste);
-    ligne->setData(kRang, static_cast<qulonglong>(rang));
+ListesDeQuestions::ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix,
+                                     std::vector<std::pair<QListWidget*, Statut>> listes)
+    : QObject(&forme), pos_(pos), choix_(choix), listes_(std::move(listes)) {
+  for (const auto& [liste, statut] : listes_) {
+    liste->setFont(PoliceFixe());
+    liste->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    liste->setUniformItemSizes(true);
   }
-  // The keyboard goes on from where it was.
-  liste.setCurrentRow(std::min(courante, liste.count() - 1), QItemSelectionModel::NoUpdate);
 }
 
-bool PoserStatut(const QListWidget& liste, modalities::ChoixQuestions& choix, Statut statut) {
-  const QList<QListWidgetItem*> lignes = liste.selectedItems();
-  for (const QListWidgetItem* ligne : lignes)
-    choix.statuts.at(static_cast<std::size_t>(ligne->data(kRang).toULongLong())) = statut;
-  return !lignes.isEmpty();
+void ListesDeQuestions::Relier(QPushButton& bouton, const QListWidget& depart, Statut statut) {
+  connect(&bouton, &QPushButton::clicked, this, [this, &depart, statut] { Deplacer(depart, statut); });
 }
 
-std::vector<std::string> NomsDesQuestions(const FichierPos& pos, const modalities::ChoixQuestions& choix,
-                                          Statut statut) {
+void ListesDeQuestions::RelierDoubleClic(const QListWidget& depart, Statut statut) {
+  connect(&depart, &QListWidget::itemDoubleClicked, this, [this, &depart, statut] { Deplacer(depart, statut); });
+}
+
+void ListesDeQuestions::DonnerATous(Statut statut) {
+  std::ranges::fill(choix_.statuts, statut);
+  Montrer();
+  emit Change();
+}
+
+void ListesDeQuestions::Deplacer(const QListWidget& depart, Statut statut) {
+  const QList<QListWidgetItem*> choisies = depart.selectedItems();
+  if (choisies.isEmpty()) return;
+  for (const QListWidgetItem* ligne : choisies)
+    choix_.statuts.at(static_cast<std::size_t>(ligne->data(kRang).toULongLong())) = statut;
+  Montrer();
+  emit Change();
+}
+
+void ListesDeQuestions::Montrer() {
+  for (const auto& [liste, statut] : listes_) {
+    const int courante = liste->currentRow();
+    liste->clear();
+    for (const std::size_t rang : choix_.Rangs(statut)) {
+      auto* const ligne = new QListWidgetItem(VersQt(modalities::LigneDeListe(pos_, rang)), liste);
+      ligne->setData(kRang, static_cast<qulonglong>(rang));
+    }
+    // The keyboard goes on from where it was.
+    liste->setCurrentRow(std::min(courante, liste->count() - 1), QItemSelectionModel::NoUpdate);
+  }
+}
+
+std::vector<std::string> ListesDeQuestions::Noms(Statut statut) const {
   std::vector<std::string> noms;
-  for (const std::size_t rang : choix.Rangs(statut)) noms.push_back(pos.questions[rang].nom);
+  for (const std::size_t rang : choix_.Rangs(statut)) noms.push_back(pos_.questions[rang].nom);
   return noms;
 }
 

@@ -1,22 +1,46 @@
-// Lists of questions between which the user moves them: the lists show the questions of each status of a choice.
+// Lists of questions between which the user moves them: each shows the questions of one status of a choice.
 #pragma once
 
 #include <QListWidget>
+#include <QPushButton>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "modalities/creation/choix.h"
 
 namespace quelvar::forms {
 
-// Fixed font, several lines at a time.
-void PreparerListeDeQuestions(QListWidget& liste);
-// Shows the questions of a status; none is selected.
-void MontrerQuestions(QListWidget& liste, const FichierPos& pos, const modalities::ChoixQuestions& choix,
-                      Statut statut);
-// Gives a status to the questions that are selected in the list; true when there were any.
-bool PoserStatut(const QListWidget& liste, modalities::ChoixQuestions& choix, Statut statut);
+class ListesDeQuestions : public QObject {
+  Q_OBJECT
+ public:
+  // The questions and their statuses live as long as the form, which is the parent. Fixed font, several lines at a
+  // time.
+  ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix,
+                    std::vector<std::pair<QListWidget*, Statut>> listes);
 
-// Names of the questions of a status, in the order of the position file.
-std::vector<std::string> NomsDesQuestions(const FichierPos& pos, const modalities::ChoixQuestions& choix,
-                                          Statut statut);
+  // The button gives that status to what is selected in the list.
+  void Relier(QPushButton& bouton, const QListWidget& depart, Statut statut);
+  // So does a double click in it.
+  void RelierDoubleClic(const QListWidget& depart, Statut statut);
+  // Gives all questions one status.
+  void DonnerATous(Statut statut);
+  // Shows the choice as it is; no line is selected.
+  void Montrer();
+
+  // Names of the questions of a status, in the order of the position file.
+  std::vector<std::string> Noms(Statut statut) const;
+
+ signals:
+  // The user has moved questions, and the lists show it.
+  void Change();
+
+ private:
+  void Deplacer(const QListWidget& depart, Statut statut);
+
+  const FichierPos& pos_;
+  modalities::ChoixQuestions& choix_;
+  std::vector<std::pair<QListWidget*, Statut>> listes_;
+};
 
 }  // namespace quelvar::forms

@@ -4,7 +4,7 @@
 #include "capture/dbase/tableau.h"
 #include "capture/import_options.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
+#include "forms/pieces/options.h"
 #include "forms/programmes/capture/import/sourceimport.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
@@ -50,8 +50,9 @@ FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui:
 FImport::~FImport() = default;
 
 capture::OptionsImportBurt FImport::OptionsBurt() const {
-  return {DepuisQt(ui_->TextFichier->text()),
-          ui_->OptNum->isChecked() ? capture::NomsCourts::Automatiques : capture::NomsCourts::Utilisateur};
+  capture::OptionsImportBurt options = OptionsDesControles(*this, capture::DescriptionImportBurt());
+  options.fichier = DepuisQt(ui_->TextFichier->text());
+  return options;
 }
 
 std::string FImport::Commande() const {
@@ -70,20 +71,20 @@ void FImport::LancerImport() {
     return;
   }
   if (!services_.formes.LaisserLeTravail()) return;  // on the files that the import replaces
-  bool fait = false;
+  std::optional<Fin> fin;
   if (ui_->CheckBRT->isChecked()) {
     const capture::OptionsImportBurt options = OptionsBurt();
     if (const std::string_view refus = capture::RefusDImporterBurt(options); !refus.empty()) {
       services_.ecran.demander(refus, Boutons::Ok);
       return;
     }
-    fait = services_.Lancer([&](const Contexte& contexte) { capture::ImportBurt(contexte, options); });
+    fin = Lancer(capture::DescriptionImportBurt(), options);
   } else if (ui_->CheckTrg->isChecked()) {
-    fait = services_.Lancer([](const Contexte& contexte) { capture::ImportTableau(contexte, {}); });
+    fin = Lancer(capture::DescriptionImportTableau(), {});
   } else {
-    fait = services_.Lancer([](const Contexte& contexte) { capture::ImportDbf(contexte, {}); });
+    fin = Lancer(capture::DescriptionImportDbf(), {});
   }
-  if (!fait) return;
+  if (!fin) return;
   services_.relireGenerique();
   accept();
 }

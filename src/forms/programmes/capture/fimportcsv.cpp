@@ -1,8 +1,8 @@
 #include "forms/programmes/capture/fimportcsv.h"
 
-#include "capture/import_csv.h"
 #include "capture/import_csv_options.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/options.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/import/apercuimport.h"
 #include "forms/programmes/capture/import/sourceimport.h"
@@ -35,14 +35,14 @@ FImportCSV::FImportCSV(Services& services)
     OuvrirSourceImport(services_);
   });
   RelierQuitter(*ui_->Annuler);
-  RelierCommande(*ui_->Lancer, capture::DescriptionImportCsv(), contexte_, [this] {
-    capture::OptionsImportCsv options;
-    options.sansIntitules = ui_->CheckTrg->isChecked();
-    return options;
-  });
+  RelierCommande(*ui_->Lancer, capture::DescriptionImportCsv(), contexte_, [this] { return Options(); });
 }
 
 FImportCSV::~FImportCSV() = default;
+
+capture::OptionsImportCsv FImportCSV::Options() const {
+  return OptionsDesControles(*this, capture::DescriptionImportCsv());
+}
 
 void FImportCSV::MontrerAide() {
   ui_->TextAide->setPlainText(VersQt(capture::AideImportCsv(sources_, ui_->CheckTrg->isChecked())));
@@ -56,9 +56,7 @@ void FImportCSV::LancerImport() {
     ImporterSourceDuGenerique(services_, false);
     return;
   }
-  capture::OptionsImportCsv options;
-  options.sansIntitules = ui_->CheckTrg->isChecked();
-  if (!services_.Lancer([&](const Contexte& contexte) { capture::ImportCsv(contexte, options); })) return;
+  if (!Lancer(capture::DescriptionImportCsv(), Options())) return;
   services_.relireGenerique();
   accept();
 }

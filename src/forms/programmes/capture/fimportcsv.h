@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "capture/import_csv.h"
 #include "capture/presence.h"
 #include "forms/cadre/services.h"
 
@@ -19,6 +20,7 @@ class FImportCSV : public Forme {
   ~FImportCSV() override;
 
  private:
+  capture::OptionsImportCsv Options() const;
   void MontrerAide();
   void LancerImport();
 

@@ -1,8 +1,7 @@
 #include "forms/programmes/capture/saisiedes.h"
 
-#include <QFontDatabase>
-
 #include "core/texte/horspage.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_saisiedes.h"
 
@@ -13,7 +12,7 @@ SaisieDes::SaisieDes(Services& services) : Forme(services), ui_(std::make_unique
   ui_->TextMod->setMaxLength(capture::kLongueurDuNom);
   for (int code = 1; code <= capture::kLargeurAlpha; ++code) ui_->CodeMax->addItem(QString::number(code));
   ui_->CodeMax->setCurrentIndex(-1);
-  ui_->ListVar->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  ui_->ListVar->setFont(PoliceFixe());
   for (QRadioButton* genre : {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2})
     connect(genre, &QRadioButton::toggled, this, &SaisieDes::ChangerGenre);
   connect(ui_->BoutCont, &QPushButton::clicked, this, [this] { Valider(); });
@@ -27,6 +26,7 @@ SaisieDes::SaisieDes(Services& services) : Forme(services), ui_(std::make_unique
     reject();
   });
   RelierAide(*ui_->BoutAide, "mnuASaisie");
+  Montrer({}, {}, GenreDescription::NumeriqueCourte);
   ChangerGenre();
   MontrerListe();
 }

@@ -1,6 +1,5 @@
 #include "forms/programmes/capture/saisief.h"
 
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QScrollBar>
@@ -11,6 +10,7 @@
 #include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"
 #include "forms/programmes/capture/saisiedes.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_saisief.h"
 
@@ -28,7 +28,7 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
   if (const std::optional<Chemin> mod = ChercherMod(contexte_.repertoire, contexte_.Nom(".MOD")))
     intitules_ = LireIntitules(*mod);
   // Names, answers and records stand under each other.
-  QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  QFont fixe = PoliceFixe();
   ui_->ListEnreg->setFont(fixe);
   fixe.setPointSize(13);
   for (QLabel* label : {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4, ui_->Label6, ui_->Label7})

@@ -94,8 +94,8 @@ void ChoixVar::RelierOptions() {
   choisir(ui_->EditCompact, [editer] { editer(crosstab::ChoixEdition::Compacte); });
   choisir(ui_->EditLarge, [editer] { editer(crosstab::ChoixEdition::Etendue); });
   choisir(ui_->OptTRG, [editer] { editer(crosstab::ChoixEdition::Triangulaire); });
-  choisir(ui_->Option1, [this] { crosstab::ChoisirCaractere(etat_, 10); });
-  choisir(ui_->Option2, [this] { crosstab::ChoisirCaractere(etat_, 8); });
+  choisir(ui_->Option1, [this] { crosstab::ChoisirCaractere(etat_, crosstab::kCaractereUsuel); });
+  choisir(ui_->Option2, [this] { crosstab::ChoisirCaractere(etat_, crosstab::kPetitCaractere); });
   cocher(ui_->INVC, &crosstab::EtatChoixVar::inverserLignes);
   cocher(ui_->INVL, &crosstab::EtatChoixVar::inverserColonnes);
   cocher(ui_->CaseDetKhi2, &crosstab::EtatChoixVar::detailKhi2);
@@ -143,7 +143,7 @@ void ChoixVar::Montrer() {
         : etat_.edition == crosstab::ChoixEdition::Etendue ? *ui_->EditLarge
                                                            : *ui_->OptTRG,
         true);
-  Poser(etat_.lignesParPage == 18 ? *ui_->Option1 : *ui_->Option2, true);
+  Poser(etat_.lignesParPage == crosstab::kPageEnPetit.lignes ? *ui_->Option2 : *ui_->Option1, true);
   Poser(*ui_->CaseBRT, etat_.tableauIsole);
   ui_->CaseBRT->setEnabled(etat_.isolePossible);
   ui_->FrmBloc->setVisible(crosstab::FiltreVisible(etat_, contexte_.niveau));
@@ -228,20 +228,10 @@ void ChoixVar::showEvent(QShowEvent* evenement) {
 }
 
 void OuvrirChoixVar(Services& services) {
-  if (auto* ouverte = services.formes.Ouverte<ChoixVar>()) {
-    if (ouverte->EstSur(services.ContexteEnCours())) {
-      services.formes.Presenter(*ouverte);
-      return;
-    }
-    if (!services.formes.Fermer(*ouverte)) return;
-  }
-  std::optional<crosstab::EnqueteCroisee> enquete;
-  Brouillon rapport(services.ContexteEnCours(), ".TCR");
-  services.Lancer([&](const Contexte& courant) {
-    enquete = crosstab::PreparerCroise(courant, {});
-    rapport.Retirer();
-  });
-  if (enquete) Montrer<ChoixVar>(services, std::move(*enquete), std::move(rapport));
+  if (Revenir<ChoixVar>(services)) return;
+  auto prepare =
+      Preparer(services, ".TCR", [](const Contexte& contexte) { return crosstab::PreparerCroise(contexte, {}); });
+  if (prepare) Montrer<ChoixVar>(services, std::move(prepare->donnees), std::move(prepare->rapport));
 }
 
 }  // namespace quelvar::forms

@@ -5,7 +5,7 @@
 #include "core/texte/nombres.h"
 #include "factor/analyse/anecar_options.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixanecar.h"
 
@@ -84,8 +84,7 @@ void ChoixAnecar::MontrerSeuils() {
 }
 
 factor::OptionsAnecar ChoixAnecar::Options() const {
-  factor::OptionsAnecar options;
-  options.type = ui_->optACP->isChecked() ? factor::TypeAnalyse::Acp : factor::TypeAnalyse::Afc;
+  factor::OptionsAnecar options = OptionsDesControles(*this, factor::DescriptionAnecar());
   options.facteurs = std::max(factor::kFacteursAuMoins, FacteursDe(*ui_->TextBoxNbFact));
   const bool triee = ui_->optTrié->isChecked();
   const bool trieEtendue = ui_->TriEdit->isChecked();
@@ -95,12 +94,7 @@ factor::OptionsAnecar ChoixAnecar::Options() const {
   options.imprimerLignes = (triee && siTrie_->ImprimerLignes()) || (trieEtendue && ui_->CaseLignes2->isChecked());
   options.seuilLignes = siTrie_->SeuilLignes();
   options.seuilColonnes = siTrie_->SeuilColonnes();
-  options.codageLogique = ui_->CaseCDG->isChecked();
   options.inversions = {ui_->Inv1->isChecked(), ui_->Inv2->isChecked(), ui_->Inv3->isChecked()};
-  if (ui_->ChkCAH->isChecked())
-    options.classification =
-        factor::OptionsWard{ui_->OptW2->isChecked() ? factor::MethodeWard::Carres : factor::MethodeWard::Distances,
-                            ui_->IndivCAH->isChecked(), ui_->ImprAgr->isChecked()};
   return options;
 }
 
@@ -121,13 +115,8 @@ void OuvrirAnecar(Services& services) {
     services.Lancer([](const Contexte& contexte) { factor::Anecar(contexte, {}); });
     return;
   }
-  std::optional<factor::PreparationAnecar> preparation;
-  Brouillon rapport(services.ContexteEnCours(), ".ANA");
-  services.Lancer([&](const Contexte& contexte) {
-    preparation = factor::PrepAnecar(contexte);
-    rapport.Retirer();
-  });
-  if (preparation) Montrer<ChoixAnecar>(services, std::move(*preparation), std::move(rapport));
+  auto prepare = Preparer(services, ".ANA", factor::PrepAnecar);
+  if (prepare) Montrer<ChoixAnecar>(services, std::move(prepare->donnees), std::move(prepare->rapport));
 }
 
 }  // namespace quelvar::forms

@@ -6,6 +6,7 @@
 
 #include "core/texte/nombres.h"
 #include "factor/plan/concordance.h"
+#include "factor/plan/graphe_options.h"
 #include "forms/images/rendudessin.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/regroupement/modifburt.h"
@@ -37,6 +38,7 @@ Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapp
   ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || ui_->ChkLgnPEM->isEnabled());
   ui_->CheckIndiv->setVisible(plan.Individus());
   ui_->FrCAH->setEnabled(plan.arbrePresent);
+  PoserReglages();
   RelierAide(*ui_->Aide, "mnuAGraphe");
   for (QToolButton* bouton : findChildren<QToolButton*>()) bouton->setAutoRepeat(true);
   RelierAxes();
@@ -58,6 +60,29 @@ void Graphe3::PoserBornes() {
   ui_->Resolution->setRange(kResolutionLaPlusBasse, kResolutionLaPlusHaute);
   ui_->Resolution->setSingleStep(kPasDeResolution);
   ui_->Resolution->setValue(kResolution);
+}
+
+// The choices with which a plane begins; boxes begin empty.
+void Graphe3::PoserReglages() {
+  const factor::ReglagesPlan& reglages = etat_.reglages;
+  (reglages.ensemble == factor::EnsemblePoints::Actifs            ? ui_->Opt2
+   : reglages.ensemble == factor::EnsemblePoints::Supplementaires ? ui_->Opt3
+                                                                  : ui_->Opt1)
+      ->setChecked(true);
+  (reglages.taille == factor::TailleTexte::Petite   ? ui_->Option1
+   : reglages.taille == factor::TailleTexte::Grande ? ui_->Option3
+                                                    : ui_->Option2)
+      ->setChecked(true);
+  (reglages.liens.values ? ui_->BtVal : ui_->BtNVal)->setChecked(true);
+  (reglages.cah.trace == factor::TraceCah::Couleurs ? ui_->BtCouleursOui : ui_->BtCouleursNon)->setChecked(true);
+  (etat_.dimension == factor::DimensionPlan::Hauteur   ? ui_->OptH
+   : etat_.dimension == factor::DimensionPlan::Largeur ? ui_->OptL
+                                                       : ui_->OptAll)
+      ->setChecked(true);
+  (etat_.coefficient == factor::CoefficientPlan::Faible ? ui_->BtFaible
+   : etat_.coefficient == factor::CoefficientPlan::Fort ? ui_->BtFort
+                                                        : ui_->BtMoyen)
+      ->setChecked(true);
 }
 
 void Graphe3::RelierAxes() {
@@ -330,6 +355,10 @@ void Graphe3::RelierLiens() {
 
 void Graphe3::RelierCah() {
   const auto niveau = [this] { return static_cast<std::int64_t>(etat_.reglages.cah.niveau); };
+  // A level is one of the steps of the tree.
+  const auto etapes = [this] {
+    return etat_.donnees.cah ? static_cast<double>(etat_.donnees.cah->etapes.size()) : 0.0;
+  };
   connect(ui_->CheckCAH, &QCheckBox::toggled, this, [this] {
     LireReglages();
     DireLesEtrangers();
@@ -339,14 +368,16 @@ void Graphe3::RelierCah() {
   connect(ui_->CmdCahMoins, &QToolButton::clicked, this, [=, this] { FixerNiveauCah(niveau() - 1); });
   connect(ui_->CmdCahPlus, &QToolButton::clicked, this, [=, this] { FixerNiveauCah(niveau() + 1); });
   connect(ui_->ValCAH, &QLineEdit::editingFinished, this, [=, this] {
-    const double voulu = ValeurDuChamp(*ui_->ValCAH, static_cast<double>(niveau()), 0, 1e9);
+    const double voulu = ValeurDuChamp(*ui_->ValCAH, static_cast<double>(niveau()), 0, etapes());
     if (voulu != static_cast<double>(niveau())) FixerNiveauCah(static_cast<std::int64_t>(voulu));
   });
-  connect(ui_->ValNCla, &QLineEdit::editingFinished, this, [this] {
+  const auto classesAuPlus = static_cast<double>(factor::DescriptionGraphe().De("classes").maximum);
+  connect(ui_->ValNCla, &QLineEdit::editingFinished, this, [=, this] {
     if (!etat_.donnees.cah) return;
     const factor::ArbreCah& cah = *etat_.donnees.cah;
     const std::size_t presentes = factor::ClassesAuNiveau(cah, etat_.reglages.cah.niveau);
-    const auto voulues = static_cast<std::size_t>(ValeurDuChamp(*ui_->ValNCla, static_cast<double>(presentes), 0, 1e9));
+    const auto voulues =
+        static_cast<std::size_t>(ValeurDuChamp(*ui_->ValNCla, static_cast<double>(presentes), 0, classesAuPlus));
     const std::optional<std::size_t> trouve = factor::NiveauDesClasses(cah, voulues);
     if (voulues != presentes && trouve) FixerNiveauCah(static_cast<std::int64_t>(*trouve));
     else MontrerReglages();

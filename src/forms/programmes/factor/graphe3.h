@@ -26,6 +26,7 @@ class Graphe3 : public Forme {
 
  private:
   void PoserBornes();
+  void PoserReglages();
   void RelierAxes();
   void RelierPoints();
   void RelierTaille();

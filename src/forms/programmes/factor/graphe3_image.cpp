@@ -187,13 +187,8 @@ void Graphe3::Refuser(const Erreur& erreur) {
 
 void OuvrirGraphe3(Services& services) {
   if (!FairePlace<Graphe3>(services)) return;
-  std::optional<factor::DonneesPlan> donnees;
-  Brouillon rapport(services.ContexteEnCours(), ".PRT");
-  services.Lancer([&](const Contexte& contexte) {
-    donnees = factor::PrepGraphe(contexte);
-    rapport.Retirer();
-  });
-  if (donnees) Montrer<Graphe3>(services, std::move(*donnees), std::move(rapport));
+  auto prepare = Preparer(services, ".PRT", [](const Contexte& contexte) { return factor::PrepGraphe(contexte); });
+  if (prepare) Montrer<Graphe3>(services, std::move(prepare->donnees), std::move(prepare->rapport));
 }
 
 }  // namespace quelvar::forms

@@ -1,13 +1,13 @@
 #include "forms/programmes/factor/profilmod.h"
 
-#include <QFontDatabase>
-
 #include "core/enquete/listemod.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
 #include "factor/profil/profilmod_options.h"
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/options.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
 #include "ui_profilmod.h"
@@ -21,16 +21,13 @@ ProfilMod::ProfilMod(Services& services)
       ui_(std::make_unique<Ui::ProfilMod>()) {
   ui_->setupUi(this);
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
-  edition_ = new EditionListe(
-      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
-      {[this] { return static_cast<int>(etat_.textes.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
-       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
-       [this, texte](int ligne, const QString& intitule) {
-         modalities::PoserIntitule(texte(ligne), DepuisQt(intitule));
-         ui_->ListSuppl->item(ligne)->setText(VersQt(texte(ligne)));
-         return QString();
-       }});
-  ui_->ListSuppl->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+                              AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); }, texte,
+                                             [this, texte](int ligne, const std::string& intitule) {
+                                               modalities::PoserIntitule(texte(ligne), intitule);
+                                               ui_->ListSuppl->item(ligne)->setText(VersQt(texte(ligne)));
+                                             }));
+  ui_->ListSuppl->setFont(PoliceFixe());
   connect(ui_->ListSuppl, &QListWidget::itemSelectionChanged, this, &ProfilMod::MontrerChoix);
   connect(ui_->Recherche, &QLineEdit::textChanged, this, &ProfilMod::Filtrer);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ProfilMod::Enregistrer);
@@ -81,10 +78,8 @@ void ProfilMod::MontrerChoix() {
 }
 
 factor::OptionsProfil ProfilMod::Options() const {
-  factor::OptionsProfil options;
+  factor::OptionsProfil options = OptionsDesControles(*this, factor::DescriptionProfilMod());
   if (const std::vector<std::string> noms = Choisies(); !noms.empty()) options.modalites = noms;
-  options.detail = ui_->Detail->isChecked();
-  options.nonTri = ui_->NonTri->isChecked();
   for (std::size_t i = 0; i < etat_.textes.size(); ++i)
     if (etat_.textes[i] != initiaux_[i])
       options.intitules.emplace_back(NomDeTexte(etat_.textes[i]), IntituleDeTexte(etat_.textes[i]));
@@ -100,9 +95,7 @@ void ProfilMod::Enregistrer() {
     return;
   }
   std::vector<factor::ProfilDeModalite> profils;
-  factor::OptionsProfil options;
-  options.detail = ui_->Detail->isChecked();
-  options.nonTri = ui_->NonTri->isChecked();
+  factor::OptionsProfil options = OptionsDesControles(*this, factor::DescriptionProfilMod());
   options.profils = &profils;
   Fin fin = Fin::Arret;
   services_.Lancer(

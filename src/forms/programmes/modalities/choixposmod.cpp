@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "core/texte/nombres.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
-#include "forms/pieces/listequestions.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/creation/posmod_options.h"
 #include "ui_choixposmod.h"
@@ -25,15 +23,13 @@ ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modali
   RelierOptions();
   if (mode_ == modalities::ModePosmod::Regr) AdapterALaRegression();
   AlignerBoutons();
-  const QString aide =
-      mode_ == modalities::ModePosmod::Regr ? QStringLiteral("mnuAPosmodR") : QStringLiteral("mnuAPosmod");
-  ui_->BoutAide->setEnabled(services.aide.Existe(aide));
-  connect(ui_->BoutAide, &QPushButton::clicked, this, [this, aide] { services_.aide.Ouvrir(aide); });
+  RelierAide(*ui_->BoutAide, mode_ == modalities::ModePosmod::Regr ? "mnuAPosmodR" : "mnuAPosmod");
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixPosmod::LancerPosmod);
   RelierQuitter(*ui_->BoutQuitter);
   RelierCommande(*ui_->BoutLancer, modalities::DescriptionPosmod(), contexte_, [this] { return Options(); });
   AuDepart([preparation = std::move(rapport)](const Contexte& contexte) { preparation.Montrer(contexte); });
-  MontrerListes();
+  listes_->Montrer();
+  MontrerNombres();
 }
 
 ChoixPosmod::~ChoixPosmod() = default;
@@ -56,21 +52,17 @@ void ChoixPosmod::AlignerBoutons() {
 }
 
 void ChoixPosmod::RelierListes() {
-  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3}) PreparerListeDeQuestions(*liste);
-  const auto relier = [this](QPushButton* bouton, QListWidget* depart, Statut statut) {
-    connect(bouton, &QPushButton::clicked, this, [this, depart, statut] { Deplacer(*depart, statut); });
-  };
-  relier(ui_->BoutActPlus, ui_->ListVar1, Statut::Actif);
-  relier(ui_->BoutSupPlus, ui_->ListVar1, Statut::Supplementaire);
-  relier(ui_->BoutActMoins, ui_->ListVar2, Statut::Aucun);
-  relier(ui_->BoutSupMoins, ui_->ListVar3, Statut::Aucun);
-  connect(ui_->ListVar1, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListVar1, Statut::Actif); });
-  for (QListWidget* liste : {ui_->ListVar2, ui_->ListVar3})
-    connect(liste, &QListWidget::itemDoubleClicked, this, [this, liste] { Deplacer(*liste, Statut::Aucun); });
-  connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] {
-    std::fill(prepare_.choix.statuts.begin(), prepare_.choix.statuts.end(), Statut::Aucun);
-    MontrerListes();
-  });
+  listes_ = new ListesDeQuestions(
+      *this, prepare_.pos, prepare_.choix,
+      {{ui_->ListVar1, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}, {ui_->ListVar3, Statut::Supplementaire}});
+  listes_->Relier(*ui_->BoutActPlus, *ui_->ListVar1, Statut::Actif);
+  listes_->Relier(*ui_->BoutSupPlus, *ui_->ListVar1, Statut::Supplementaire);
+  listes_->Relier(*ui_->BoutActMoins, *ui_->ListVar2, Statut::Aucun);
+  listes_->Relier(*ui_->BoutSupMoins, *ui_->ListVar3, Statut::Aucun);
+  listes_->RelierDoubleClic(*ui_->ListVar1, Statut::Actif);
+  for (const QListWidget* liste : {ui_->ListVar2, ui_->ListVar3}) listes_->RelierDoubleClic(*liste, Statut::Aucun);
+  connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] { listes_->DonnerATous(Statut::Aucun); });
+  connect(listes_, &ListesDeQuestions::Change, this, &ChoixPosmod::MontrerNombres);
 }
 
 void ChoixPosmod::RelierOptions() {
@@ -78,17 +70,6 @@ void ChoixPosmod::RelierOptions() {
   connect(ui_->CaseCodLog, &QCheckBox::toggled, this,
           [this](bool coche) { ui_->FrmIndiv->setVisible(coche && mode_ == modalities::ModePosmod::Afc); });
   connect(ui_->CaseNomIndiv, &QCheckBox::toggled, ui_->FrmPos, &QWidget::setVisible);
-}
-
-void ChoixPosmod::Deplacer(const QListWidget& liste, Statut statut) {
-  if (PoserStatut(liste, prepare_.choix, statut)) MontrerListes();
-}
-
-void ChoixPosmod::MontrerListes() {
-  MontrerQuestions(*ui_->ListVar1, prepare_.pos, prepare_.choix, Statut::Aucun);
-  MontrerQuestions(*ui_->ListVar2, prepare_.pos, prepare_.choix, Statut::Actif);
-  MontrerQuestions(*ui_->ListVar3, prepare_.pos, prepare_.choix, Statut::Supplementaire);
-  MontrerNombres();
 }
 
 void ChoixPosmod::MontrerNombres() {
@@ -110,21 +91,11 @@ void ChoixPosmod::ChangerCodesZero(bool sans) {
 }
 
 modalities::OptionsPosmod ChoixPosmod::Options() const {
-  modalities::OptionsPosmod options;
+  modalities::OptionsPosmod options = OptionsDesControles(*this, modalities::DescriptionPosmod());
   options.mode = mode_;
-  options.actives = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif);
-  options.supplementaires = NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Supplementaire);
-  options.codesZero = !ui_->CaseCodZ->isChecked();
-  options.individus = ui_->CaseCodLog->isChecked();
-  options.noms.dansDonnees = ui_->CaseNomIndiv->isChecked();
-  // A column beyond any line reads nothing, as one that is no number reads 0.
-  const auto colonne = [](const QString& texte) {
-    return static_cast<int>(std::clamp(ValeurDe(DepuisQt(texte)), -1.0, 1e6));
-  };
-  if (!ui_->TextBoxDebut->text().trimmed().isEmpty()) options.noms.debut = colonne(ui_->TextBoxDebut->text());
-  options.noms.largeur = colonne(ui_->TextBoxLargeur->text());
-  options.verifierCodesMax = !ui_->CaseCodmax->isChecked();
-  options.oublierAnciennes = ui_->CaseSup->isChecked();
+  options.actives = listes_->Noms(Statut::Actif);
+  options.supplementaires = listes_->Noms(Statut::Supplementaire);
+  if (mode_ == modalities::ModePosmod::Regr) options.individus = true;
   return options;
 }
 
@@ -140,22 +111,17 @@ void ChoixPosmod::LancerPosmod() {
     return;
   }
   if (!services_.lanceur.PeutLancer()) return;
-  constexpr int kLimite = 50;
-  services_.session.limiteDepassements = options.verifierCodesMax ? kLimite : 0;
-  if (services_.Lancer([&](const Contexte&) { modalities::Posmod(contexte_, options); })) accept();
+  services_.session.limiteDepassements = options.verifierCodesMax ? Session{}.limiteDepassements : 0;
+  if (Lancer(modalities::DescriptionPosmod(), options)) accept();
 }
 
 namespace {
 
 void Ouvrir(Services& services, modalities::ModePosmod mode) {
   if (!FairePlace<ChoixPosmod>(services)) return;
-  std::optional<modalities::ChoixPrepare> prepare;
-  Brouillon rapport(services.ContexteEnCours(), ".PRT");
-  services.Lancer([&](const Contexte& contexte) {
-    prepare = modalities::PrepPosmod(contexte, mode);
-    rapport.Retirer();
-  });
-  if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(*prepare), std::move(rapport));
+  auto prepare =
+      Preparer(services, ".PRT", [mode](const Contexte& contexte) { return modalities::PrepPosmod(contexte, mode); });
+  if (prepare) Montrer<ChoixPosmod>(services, mode, std::move(prepare->donnees), std::move(prepare->rapport));
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
 // The choice of the questions that Posmod turns into modalities, for the factor analysis or for the regression.
 #pragma once
 
-#include <QListWidget>
 #include <memory>
 
 #include "forms/cadre/services.h"
 #include "forms/pieces/brouillon.h"
+#include "forms/pieces/listequestions.h"
 #include "modalities/creation/posmod.h"
 
 namespace Ui {
@@ -25,8 +25,6 @@ class ChoixPosmod : public Forme {
   void AlignerBoutons();
   void RelierListes();
   void RelierOptions();
-  void Deplacer(const QListWidget& liste, Statut statut);
-  void MontrerListes();
   void MontrerNombres();
   void ChangerCodesZero(bool sans);
   modalities::OptionsPosmod Options() const;
@@ -35,6 +33,7 @@ class ChoixPosmod : public Forme {
   modalities::ModePosmod mode_;
   modalities::ChoixPrepare prepare_;
   std::unique_ptr<Ui::ChoixPosmod> ui_;
+  ListesDeQuestions* listes_ = nullptr;
 };
 
 void OuvrirPosmod(Services& services);

@@ -22,6 +22,7 @@ class ModifMod : public Forme {
   bool ATravail() const override;
 
  private:
+  std::string& Texte(int ligne) { return etat_.textes[static_cast<std::size_t>(ligne)]; }
   void Remplir();
   void Basculer(int ligne);
   void MontrerStatut(int ligne);

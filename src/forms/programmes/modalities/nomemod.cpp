@@ -5,7 +5,6 @@
 #include "core/enquete/listemod.h"
 #include "forms/pieces/brouillon.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/listequestions.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
 #include "modalities/edition/nomemod_options.h"
@@ -21,36 +20,42 @@ NomeMod::NomeMod(Services& services, modalities::ChoixPrepare prepare)
   RelierChoix();
   RelierEdition();
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart(modalities::AbandonnerEdition);
-  MontrerChoix();
+  AuDepartDireLArret();
+  listes_->Montrer();
+  MontrerNombre();
   MontrerModalites();
 }
 
 NomeMod::~NomeMod() = default;
 
 void NomeMod::RelierChoix() {
-  for (QListWidget* liste : {ui_->ListQuest, ui_->ListVar2}) PreparerListeDeQuestions(*liste);
-  connect(ui_->BoutPlus, &QPushButton::clicked, this, [this] { Deplacer(*ui_->ListQuest, Statut::Actif); });
-  connect(ui_->BoutMoins, &QPushButton::clicked, this, [this] { Deplacer(*ui_->ListVar2, Statut::Aucun); });
-  connect(ui_->ListQuest, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListQuest, Statut::Actif); });
-  connect(ui_->ListVar2, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListVar2, Statut::Aucun); });
-  connect(ui_->CaseCodZ, &QCheckBox::toggled, this, &NomeMod::MontrerChoix);
+  listes_ = new ListesDeQuestions(*this, prepare_.pos, prepare_.choix,
+                                  {{ui_->ListQuest, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
+  listes_->Relier(*ui_->BoutPlus, *ui_->ListQuest, Statut::Actif);
+  listes_->Relier(*ui_->BoutMoins, *ui_->ListVar2, Statut::Aucun);
+  listes_->RelierDoubleClic(*ui_->ListQuest, Statut::Actif);
+  listes_->RelierDoubleClic(*ui_->ListVar2, Statut::Aucun);
+  connect(listes_, &ListesDeQuestions::Change, this, [this] {
+    MontrerNombre();
+    ui_->TextMsg->setPlainText(VersQt(modalities::GuideDuChoix()));
+  });
+  connect(ui_->CaseCodZ, &QCheckBox::toggled, this, &NomeMod::MontrerNombre);
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &NomeMod::LancerCreation);
   connect(ui_->BoutModif, &QPushButton::clicked, this, &NomeMod::OuvrirModification);
 }
 
 void NomeMod::RelierEdition() {
-  const auto texte = [this](int ligne) -> std::string& { return modalites_[static_cast<std::size_t>(ligne)].texte; };
-  edition_ = new EditionListe(
-      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
-      {[this] { return static_cast<int>(modalites_.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
-       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
-       [this](int ligne, const QString& intitule) {
-         modalities::ModaliteNommee& modalite = modalites_[static_cast<std::size_t>(ligne)];
-         modalities::NommerModalite(modalite, DepuisQt(intitule));
-         RetenirIntitule(Rogner(NomDeTexte(modalite.texte)), DepuisQt(intitule));
-         return QString();
-       }});
+  const auto modalite = [this](int ligne) -> modalities::ModaliteNommee& {
+    return modalites_[static_cast<std::size_t>(ligne)];
+  };
+  edition_ =
+      new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+                       AccesAuxTextes([this] { return static_cast<int>(modalites_.size()); },
+                                      [modalite](int ligne) -> const std::string& { return modalite(ligne).texte; },
+                                      [this, modalite](int ligne, const std::string& intitule) {
+                                        modalities::NommerModalite(modalite(ligne), intitule);
+                                        RetenirIntitule(Rogner(NomDeTexte(modalite(ligne).texte)), intitule);
+                                      }));
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomeMod::Sauver);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomeMod::Enregistrer);
   RelierCommande(*ui_->BoutEnreg, modalities::DescriptionNomeMod(), contexte_, [this] {
@@ -69,22 +74,13 @@ modalities::RapportNomeMod NomeMod::Rapport() const {
   return faits_.Cree() ? modalities::RapportNomeMod::Suite : modalities::RapportNomeMod::Nouveau;
 }
 
-void NomeMod::Deplacer(const QListWidget& liste, Statut statut) {
-  if (!PoserStatut(liste, prepare_.choix, statut)) return;
-  MontrerChoix();
-  ui_->TextMsg->setPlainText(VersQt(modalities::GuideDuChoix()));
-}
-
-void NomeMod::MontrerChoix() {
-  MontrerQuestions(*ui_->ListQuest, prepare_.pos, prepare_.choix, Statut::Aucun);
-  MontrerQuestions(*ui_->ListVar2, prepare_.pos, prepare_.choix, Statut::Actif);
+void NomeMod::MontrerNombre() {
   ui_->TitreNbPos->setText(VersQt(modalities::TexteNombrePrevu(
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, !ui_->CaseCodZ->isChecked()))));
 }
 
 void NomeMod::LancerCreation() {
-  const modalities::PasseNomeMod passe{NomsDesQuestions(prepare_.pos, prepare_.choix, Statut::Actif),
-                                       !ui_->CaseCodZ->isChecked()};
+  const modalities::PasseNomeMod passe{listes_->Noms(Statut::Actif), !ui_->CaseCodZ->isChecked()};
   const std::string_view refus = modalities::RefusDeNommer(
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, passe.codesZero));
   if (!refus.empty()) {
@@ -149,13 +145,10 @@ void NomeMod::Enregistrer() {
 
 void OuvrirNomMod(Services& services) {
   if (!FairePlace<NomeMod>(services)) return;
-  std::optional<modalities::ChoixPrepare> prepare;
-  Brouillon rapport(services.ContexteEnCours(), ".PRT");
-  services.Lancer([&](const Contexte& contexte) {
-    prepare = modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi);
-    rapport.Retirer();
+  auto prepare = Preparer(services, ".PRT", [](const Contexte& contexte) {
+    return modalities::PrepPosmod(contexte, modalities::ModePosmod::Modi);
   });
-  if (prepare) Montrer<NomeMod>(services, std::move(*prepare));
+  if (prepare) Montrer<NomeMod>(services, std::move(prepare->donnees));
 }
 
 }  // namespace quelvar::forms

@@ -5,6 +5,7 @@
 
 #include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
+#include "forms/pieces/listequestions.h"
 #include "modalities/creation/posmod.h"
 #include "modalities/edition/nomemod.h"
 
@@ -25,8 +26,7 @@ class NomeMod : public Forme {
  private:
   void RelierChoix();
   void RelierEdition();
-  void Deplacer(const QListWidget& liste, Statut statut);
-  void MontrerChoix();
+  void MontrerNombre();
   void LancerCreation();
   void OuvrirModification();
   void MontrerModalites();
@@ -39,6 +39,7 @@ class NomeMod : public Forme {
   modalities::OptionsNomeMod faits_;  // the creations and the labels since the form was opened
   std::vector<modalities::ModaliteNommee> modalites_;
   std::unique_ptr<Ui::NomeMod> ui_;
+  ListesDeQuestions* listes_ = nullptr;
   EditionListe* edition_ = nullptr;
 };
 

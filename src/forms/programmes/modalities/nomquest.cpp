@@ -25,11 +25,11 @@ NomQuest::NomQuest(Services& services)
                           return VersQt(modalities::NommerQuestion(question(ligne), DepuisQt(texte)));
                         },
                         static_cast<int>(modalities::kLongueurDeNomMaximum), VersQt(modalities::kNomTropLong)});
-  connect(edition_, &EditionListe::Refus, this, &NomQuest::MontrerMessage);
+  connect(edition_, &EditionListe::Refuse, this, &NomQuest::MontrerMessage);
   connect(ui_->BoutSauve, &QPushButton::clicked, this, &NomQuest::Sauver);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &NomQuest::Enregistrer);
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart(modalities::AbandonnerEdition);
+  AuDepartDireLArret();
   ouverts_ = etat_.questions;
   RelierCommande(*ui_->BoutEnreg, modalities::DescriptionNomQuest(), contexte_, [this] {
     edition_->Ranger();

@@ -1,12 +1,10 @@
 #include "forms/programmes/regression/choixvarint.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
-#include "forms/pieces/listequestions.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "regression/options.h"
 #include "ui_choixvarint.h"
@@ -32,41 +30,27 @@ ChoixVarInt::ChoixVarInt(Services& services, FichierPos pos)
   PoserDefauts(*this, regression::DescriptionVarint());
   choix_.statuts.assign(pos_.questions.size(), Statut::Aucun);
   ui_->FrmOptions->setVisible(services.session.niveau == 2);
-  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2}) PreparerListeDeQuestions(*liste);
-  connect(ui_->BoutActPlus, &QPushButton::clicked, this, [this] { Deplacer(*ui_->ListVar1, Statut::Actif); });
-  connect(ui_->BoutActMoins, &QPushButton::clicked, this, [this] { Deplacer(*ui_->ListVar2, Statut::Aucun); });
-  connect(ui_->ListVar1, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListVar1, Statut::Actif); });
-  connect(ui_->ListVar2, &QListWidget::itemDoubleClicked, this, [this] { Deplacer(*ui_->ListVar2, Statut::Aucun); });
-  connect(ui_->BoutAll, &QPushButton::clicked, this, [this] { DeplacerTout(Statut::Actif); });
-  connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] { DeplacerTout(Statut::Aucun); });
+  listes_ =
+      new ListesDeQuestions(*this, pos_, choix_, {{ui_->ListVar1, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
+  listes_->Relier(*ui_->BoutActPlus, *ui_->ListVar1, Statut::Actif);
+  listes_->Relier(*ui_->BoutActMoins, *ui_->ListVar2, Statut::Aucun);
+  listes_->RelierDoubleClic(*ui_->ListVar1, Statut::Actif);
+  listes_->RelierDoubleClic(*ui_->ListVar2, Statut::Aucun);
+  connect(listes_, &ListesDeQuestions::Change, ui_->TextMsg, &QLabel::clear);
+  connect(ui_->BoutAll, &QPushButton::clicked, this, [this] { listes_->DonnerATous(Statut::Actif); });
+  connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] { listes_->DonnerATous(Statut::Aucun); });
   connect(ui_->BoutLancer, &QPushButton::clicked, this, &ChoixVarInt::LancerVarint);
   RelierCommande(*ui_->BoutLancer, regression::DescriptionVarint(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->BoutQuitter);
-  MontrerListes();
+  listes_->Montrer();
 }
 
 ChoixVarInt::~ChoixVarInt() = default;
 
 regression::OptionsVarint ChoixVarInt::Options() const {
-  regression::OptionsVarint options;
-  options.questions = NomsDesQuestions(pos_, choix_, Statut::Actif);
-  if (ui_->Opt2->isChecked()) options.edition = regression::EditionVarint::Longue;
+  regression::OptionsVarint options = OptionsDesControles(*this, regression::DescriptionVarint());
+  options.questions = listes_->Noms(Statut::Actif);
   return options;
-}
-
-void ChoixVarInt::Deplacer(const QListWidget& liste, Statut statut) {
-  if (PoserStatut(liste, choix_, statut)) MontrerListes();
-}
-
-void ChoixVarInt::DeplacerTout(Statut statut) {
-  std::fill(choix_.statuts.begin(), choix_.statuts.end(), statut);
-  MontrerListes();
-}
-
-void ChoixVarInt::MontrerListes() {
-  MontrerQuestions(*ui_->ListVar1, pos_, choix_, Statut::Aucun);
-  MontrerQuestions(*ui_->ListVar2, pos_, choix_, Statut::Actif);
-  ui_->TextMsg->clear();
 }
 
 void ChoixVarInt::LancerVarint() {

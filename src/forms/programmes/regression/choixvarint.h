@@ -5,10 +5,9 @@
 
 #include "core/enquete/posfile.h"
 #include "forms/cadre/services.h"
+#include "forms/pieces/listequestions.h"
 #include "modalities/creation/choix.h"
 #include "regression/varint/varint.h"
-
-class QListWidget;
 
 namespace Ui {
 class ChoixVarInt;
@@ -24,14 +23,12 @@ class ChoixVarInt : public Forme {
 
  private:
   regression::OptionsVarint Options() const;
-  void Deplacer(const QListWidget& liste, Statut statut);
-  void DeplacerTout(Statut statut);
-  void MontrerListes();
   void LancerVarint();
 
   FichierPos pos_;
   modalities::ChoixQuestions choix_;
   std::unique_ptr<Ui::ChoixVarInt> ui_;
+  ListesDeQuestions* listes_ = nullptr;
 };
 
 void OuvrirVarInt(Services& services);

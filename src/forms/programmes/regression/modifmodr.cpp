@@ -1,12 +1,12 @@
 #include "forms/programmes/regression/modifmodr.h"
 
-#include <QFontDatabase>
-#include <QShortcut>
-
 #include "core/enquete/listemod.h"
 #include "forms/images/fenetredessin.h"
+#include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
+#include "modalities/edition/modifmod.h"
 #include "regression/anatab/anatab.h"
 #include "regression/options.h"
 #include "regression/reglin/reglin.h"
@@ -29,11 +29,10 @@ constexpr std::string_view kAide[] = {
 
 // A click on a line, or the space bar on it.
 void RelierLigne(QListWidget& liste, const std::function<void(int)>& action) {
-  liste.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  QObject::connect(&liste, &QListWidget::itemClicked, &liste, [&liste, action] { action(liste.currentRow()); });
-  auto* espace = new QShortcut(Qt::Key_Space, &liste);
-  espace->setContext(Qt::WidgetShortcut);
-  QObject::connect(espace, &QShortcut::activated, &liste, [&liste, action] { action(liste.currentRow()); });
+  liste.setFont(PoliceFixe());
+  const auto agir = [&liste, action] { action(liste.currentRow()); };
+  QObject::connect(&liste, &QListWidget::itemClicked, &liste, agir);
+  RelierTouches(liste, {Qt::Key_Space}, agir);
 }
 
 }  // namespace
@@ -49,9 +48,10 @@ ModifModR::ModifModR(Services& services)
   RelierCommandeDite(*ui_->BoutEnreg, regression::DescriptionModifModR(), contexte_,
                      [this] { return regression::OptionsDuCodage(duFichier_, etat_.textes); });
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart(regression::QuitterModifModR);
+  AuDepartDireLArret();
   for (const std::string& question : questions_) ui_->ListPos->addItem(VersQt(question));
   edition_->Remplir();
+  ui_->BqAExpliq->setChecked(true);  // the first step of a coding
   ChangerType();
   const bool lisible = etat_.message.empty();
   ui_->TextMsg->setPlainText(lisible ? VersQt(kInstruction) : EnUnTexte(etat_.message));
@@ -62,18 +62,14 @@ ModifModR::~ModifModR() = default;
 
 void ModifModR::Relier() {
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
-  edition_ = new EditionListe(
-      *this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
-      {[this] { return static_cast<int>(etat_.textes.size()); }, [texte](int ligne) { return VersQt(texte(ligne)); },
-       [texte](int ligne) { return VersQt(IntituleDeTexte(texte(ligne))); },
-       [this, texte](int ligne, const QString& intitule) {
-         std::string& ecrit = texte(ligne);
-         ecrit.resize(7, ' ');
-         ecrit += DepuisQt(intitule);
-         if (!montrees_.empty()) MontrerModalites(etat_.textes[montrees_[0]].substr(0, 3));
-         return QString();
-       }});
-  connect(edition_, &EditionListe::Refus, this, [this](const QString& refus) {
+  edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+                              AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); }, texte,
+                                             [this, texte](int ligne, const std::string& intitule) {
+                                               modalities::PoserIntitule(texte(ligne), intitule);
+                                               if (!montrees_.empty())
+                                                 MontrerModalites(etat_.textes[montrees_[0]].substr(0, 3));
+                                             }));
+  connect(edition_, &EditionListe::Refuse, this, [this](const QString& refus) {
     if (!refus.isEmpty()) Dire(regression::kTitreErreur, refus);
     else if (intituleRefuse_) ui_->TextMsg->setPlainText(VersQt(kInstruction));
     intituleRefuse_ = !refus.isEmpty();

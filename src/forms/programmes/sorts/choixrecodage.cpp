@@ -1,6 +1,7 @@
 #include "forms/programmes/sorts/choixrecodage.h"
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/options.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
 #include "forms/programmes/sorts/preprecod.h"
 #include "sorts/recodage/recodage_options.h"
@@ -17,13 +18,13 @@ bool SansReglesEnAttente(Services& services) {
 }
 
 // The session follows a complete run to the new generic. False for a run that was given up.
-bool Recoder(Services& services, sorts::OptionsRecodage options) {
+bool Recoder(Services& services, const Contexte& contexte, sorts::OptionsRecodage options) {
   Session& session = services.session;
-  sorts::SuiteRecodage suite{session.generique, session.passerModalites};
+  sorts::SuiteRecodage suite{contexte.generique, session.passerModalites};
   options.suite = &suite;
   options.remplacer = false;
   Fin fin = Fin::Arret;
-  const bool fait = services.Lancer([&](const Contexte& contexte) { fin = sorts::Recodage(contexte, options); });
+  const bool fait = services.Lancer([&](const Contexte&) { fin = sorts::Recodage(contexte, options); });
   session.passerModalites = suite.passerModalites;
   if (fin == Fin::Normale) services.adopterGenerique(suite.generique);
   return fait;
@@ -33,6 +34,7 @@ bool Recoder(Services& services, sorts::OptionsRecodage options) {
 
 ChoixRecodage::ChoixRecodage(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixRecodage>()) {
   ui_->setupUi(this);
+  PoserDefauts(*this, sorts::DescriptionRecodage());
   connect(ui_->CaseTriang, &QCheckBox::toggled, this, &ChoixRecodage::Accorder);
   Accorder(ui_->CaseTriang->isChecked());
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixRecodage::LancerRecodage);
@@ -52,11 +54,7 @@ void ChoixRecodage::Accorder(bool seules) {
 }
 
 sorts::OptionsRecodage ChoixRecodage::Options() const {
-  sorts::OptionsRecodage options;
-  options.seules = ui_->CaseTriang->isChecked();
-  options.enFin = ui_->CaseRepMult->isChecked();
-  options.toutesSelectionnees = !ui_->CaseVerif->isChecked();
-  return options;
+  return OptionsDesControles(*this, sorts::DescriptionRecodage());
 }
 
 void ChoixRecodage::LancerRecodage() {
@@ -65,13 +63,13 @@ void ChoixRecodage::LancerRecodage() {
   if (!donnees) return;
   sorts::OptionsRecodage options = Options();
   options.fichierDonnees = *donnees;
-  if (Recoder(services_, options)) accept();
+  if (Recoder(services_, contexte_, options)) accept();
 }
 
 // Its boxes stand at their defaults each time.
 void OuvrirOutils(Services& services) {
   if (services.session.niveau == 1) {
-    if (SansReglesEnAttente(services)) Recoder(services, {});
+    if (SansReglesEnAttente(services)) Recoder(services, services.ContexteEnCours(), {});
   } else if (FairePlace<ChoixRecodage>(services)) {
     Montrer<ChoixRecodage>(services);
   }

@@ -1,6 +1,7 @@
 #include "forms/programmes/sorts/choixtriapl.h"
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/options.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
 #include "sorts/triapl/triapl_options.h"
 #include "ui_choixtriapl.h"
@@ -9,8 +10,7 @@ namespace quelvar::forms {
 
 ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_unique<Ui::ChoixTriapl>()) {
   ui_->setupUi(this);
-  ui_->CaseMod->setChecked(true);
-  ui_->BoutNROui->setChecked(true);
+  PoserDefauts(*this, sorts::DescriptionTriapl());
   connect(ui_->CaseTriang, &QCheckBox::toggled, this, [this](bool coche) {
     if (coche) ui_->BoutNRNon->setChecked(true);
   });
@@ -22,15 +22,7 @@ ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_un
 
 ChoixTriapl::~ChoixTriapl() = default;
 
-sorts::OptionsTriapl ChoixTriapl::Options() const {
-  sorts::OptionsTriapl options;
-  options.intitules = ui_->CaseMod->isChecked();
-  options.nonReponses = ui_->BoutNROui->isChecked();
-  options.triangulaire = ui_->CaseTriang->isChecked();
-  options.reponsesMultiples = ui_->CaseRepMult->isChecked();
-  options.limite = ui_->CaseVerif->isChecked() ? sorts::kLimiteDuFormulaire : 0;
-  return options;
-}
+sorts::OptionsTriapl ChoixTriapl::Options() const { return OptionsDesControles(*this, sorts::DescriptionTriapl()); }
 
 void ChoixTriapl::LancerTri() {
   if (!services_.lanceur.PeutLancer()) return;
@@ -38,7 +30,7 @@ void ChoixTriapl::LancerTri() {
   if (!donnees) return;
   sorts::OptionsTriapl options = Options();
   options.fichierDonnees = *donnees;
-  if (services_.Lancer([&](const Contexte& contexte) { sorts::Triapl(contexte, options); })) accept();
+  if (Lancer(sorts::DescriptionTriapl(), options)) accept();
 }
 
 // Its boxes stand at their defaults each time.

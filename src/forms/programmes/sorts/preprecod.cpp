@@ -1,11 +1,10 @@
 #include "forms/programmes/sorts/preprecod.h"
 
-#include <QFontDatabase>
-
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/pieces/commande.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "sorts/preparation/preprecod_options.h"
 #include "ui_preprecod.h"
@@ -41,7 +40,7 @@ PrepRecod::PrepRecod(Services& services, sorts::EtatPrepRecod etat)
     : Forme(services), etat_(std::move(etat)), ouvert_(etat_), ui_(std::make_unique<Ui::PrepRecod>()) {
   ui_->setupUi(this);
   setWindowTitle(VersQt(sorts::kTitrePrepRecod));
-  const QFont fixe = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  const QFont fixe = PoliceFixe();
   for (QWidget* texte : std::initializer_list<QWidget*>{ui_->ListPos, ui_->TextMod, ui_->TextFiltre, ui_->TextVIT})
     texte->setFont(fixe);
   for (const sorts::QuestionPreparee& preparee : etat_.questions) {
@@ -305,13 +304,7 @@ void PrepRecod::Enregistrer() {
 }
 
 void OuvrirPrepRecod(Services& services) {
-  if (auto* ouverte = services.formes.Ouverte<PrepRecod>()) {
-    if (ouverte->EstSur(services.ContexteEnCours())) {
-      services.formes.Presenter(*ouverte);
-      return;
-    }
-    if (!services.formes.Fermer(*ouverte)) return;
-  }
+  if (Revenir<PrepRecod>(services)) return;
   std::optional<sorts::EtatPrepRecod> etat;
   services.Lancer([&](const Contexte& contexte) { etat = sorts::PreparerRecodage(contexte); });
   if (etat) Montrer<PrepRecod>(services, std::move(*etat));

@@ -1,7 +1,7 @@
 #include "forms/programmes/tables/choixecapem.h"
 
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
+#include "forms/pieces/options.h"
 #include "tables/ecapem_options.h"
 #include "ui_choixecapem.h"
 
@@ -36,30 +36,11 @@ void ChoixEcapem::MontrerEtat() {
   ui_->FrSeuil->setEnabled(!cliques && !ui_->ChkK2->isChecked());
 }
 
-tables::OptionsEcapem ChoixEcapem::Options() const {
-  tables::OptionsEcapem options;
-  options.cliques = ui_->CheckClique->isChecked();
-  if (ui_->ChkIntit->isChecked())
-    options.intitules =
-        ui_->OptCourt->isChecked() ? tables::ModeIntitules::Courts : tables::ModeIntitules::QuatreCaracteres;
-  options.seuil = ui_->ChkK2->isChecked()   ? tables::SeuilAnnonce::Aucun
-                  : ui_->Opt10->isChecked() ? tables::SeuilAnnonce::DixPourCent
-                  : ui_->Opt5->isChecked()  ? tables::SeuilAnnonce::CinqPourCent
-                                            : tables::SeuilAnnonce::UnPourCent;
-  options.pemPositifs = ui_->ChkCompact->isChecked();
-  options.diagonalisation = ui_->ChkRetour->isChecked();
-  options.tousTableaux = ui_->ChkTab->isChecked();
-  options.liensLignes = ui_->ChkPEL->isChecked();
-  options.choixLiens = ui_->Opt2M->isChecked()   ? tables::ChoixDeLiens::DeuxMille
-                       : ui_->Opt50->isChecked() ? tables::ChoixDeLiens::IndexDe80
-                                                 : tables::ChoixDeLiens::Tous;
-  return options;
-}
+tables::OptionsEcapem ChoixEcapem::Options() const { return OptionsDesControles(*this, tables::DescriptionEcapem()); }
 
 void ChoixEcapem::LancerAnalyse() {
   if (!services_.lanceur.PeutLancer()) return;
-  const tables::OptionsEcapem options = Options();
-  if (services_.Lancer([&](const Contexte& contexte) { tables::Ecapem(contexte, options); })) accept();
+  if (Lancer(tables::DescriptionEcapem(), Options())) accept();
 }
 
 void OuvrirChoixEcapem(Services& services) { Montrer<ChoixEcapem>(services); }

@@ -183,13 +183,8 @@ void Graphe::Dessiner() { ui_->Pict2->Montrer(tables::DessinerTriangle(etat_)); 
 
 void OuvrirTriang(Services& services) {
   if (!FairePlace<Graphe>(services)) return;
-  std::optional<tables::FichierTrg> trg;
-  Brouillon rapport(services.ContexteEnCours(), ".prt");
-  services.Lancer([&](const Contexte& contexte) {
-    trg = tables::PrepTriang(contexte);
-    rapport.Retirer();
-  });
-  if (trg) Montrer<Graphe>(services, std::move(*trg), std::move(rapport));
+  auto prepare = Preparer(services, ".prt", tables::PrepTriang);
+  if (prepare) Montrer<Graphe>(services, std::move(prepare->donnees), std::move(prepare->rapport));
 }
 
 }  // namespace quelvar::forms

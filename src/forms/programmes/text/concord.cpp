@@ -2,11 +2,11 @@
 
 #include <QClipboard>
 #include <QFileDialog>
-#include <QFontDatabase>
 #include <QGuiApplication>
 
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
+#include "forms/pieces/options.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
@@ -24,7 +24,7 @@ Concord::Concord(Services& services, text::Concordances concordances)
     : Forme(services), concordances_(std::move(concordances)), ui_(std::make_unique<Ui::Concord>()) {
   ui_->setupUi(this);
   PoserDefauts(*this, text::DescriptionConcordance());
-  ui_->TextInfo->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  ui_->TextInfo->setFont(PoliceFixe());
   for (QRadioButton* ordre : {ui_->OptFichier, ui_->OptGauche, ui_->OptDroite})
     connect(ordre, &QRadioButton::toggled, this, [this](bool choisi) {
       if (choisi) MontrerTexte();
@@ -51,8 +51,7 @@ Concord::Concord(Services& services, text::Concordances concordances)
 Concord::~Concord() = default;
 
 text::OrdreDeConcordance Concord::Ordre() const {
-  if (ui_->OptGauche->isChecked()) return text::OrdreDeConcordance::Gauche;
-  return ui_->OptDroite->isChecked() ? text::OrdreDeConcordance::Droite : text::OrdreDeConcordance::Fichier;
+  return OptionsDesControles(*this, text::DescriptionConcordance()).ordre;
 }
 
 void Concord::MontrerTexte() {

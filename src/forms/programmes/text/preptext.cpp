@@ -1,7 +1,7 @@
 #include "forms/programmes/text/preptext.h"
 
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "text/preparation/preptext_options.h"
 #include "ui_preptext.h"
@@ -79,12 +79,7 @@ void PrepText::ChoisirFichier() {
 }
 
 text::OptionsPrepText PrepText::Options() const {
-  text::OptionsPrepText options;
-  options.accents = ui_->ChkAccents->isChecked();
-  options.ponctuation = ui_->ChKPonct->isChecked();
-  options.majusculesEnMin = ui_->ChkMaj->isChecked();
-  options.minusculesEnMaj = ui_->ChkMin->isChecked();
-  options.finsDeLigne = ui_->ChkOpt->isChecked();
+  text::OptionsPrepText options = OptionsDesControles(*this, text::DescriptionPrepText());
   options.fichierDat = fichierDat_;
   options.fichier = fichier_;
   return options;

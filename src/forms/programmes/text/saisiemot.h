@@ -24,7 +24,6 @@ class SaisieMot : public Forme {
   void MontrerApercu();
   void RelierStimulus();
   void MontrerStimulus();
-  text::ModeStimulus Mode() const;
   text::OptionsSaisieMot Options() const;
   void LancerSaisieMot();
 

@@ -1,11 +1,11 @@
 #include "forms/programmes/text/suplmot.h"
 
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QShortcut>
 
+#include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "text/gestion/gestion_options.h"
 #include "text/gestion/motsdeslignes.h"
@@ -26,8 +26,7 @@ SuplMot::SuplMot(Services& services)
       ui_(std::make_unique<Ui::SuplMot>()) {
   ui_->setupUi(this);
   PreparerEdition();
-  for (QListWidget* liste : {ui_->ListColSuppl, ui_->ListLignSuppl})
-    liste->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  for (QListWidget* liste : {ui_->ListColSuppl, ui_->ListLignSuppl}) liste->setFont(PoliceFixe());
   connect(ui_->ListColSuppl, &QListWidget::itemClicked, this, &SuplMot::BasculerColonnes);
   // A click flips its row, with the Shift key the rows up to it; a list that the mouse is drawn over flips at its
   // release.
@@ -36,19 +35,13 @@ SuplMot::SuplMot(Services& services)
     else BasculerLignes();
   });
   ui_->ListLignSuppl->viewport()->installEventFilter(this);
-  const auto barre = [this](QListWidget* liste, void (SuplMot::*basculer)()) {
-    auto* espace = new QShortcut(Qt::Key_Space, liste);
-    espace->setContext(Qt::WidgetShortcut);
-    connect(espace, &QShortcut::activated, this, basculer);
-  };
-  barre(ui_->ListColSuppl, &SuplMot::BasculerColonnes);
-  barre(ui_->ListLignSuppl, &SuplMot::BasculerLignes);
+  RelierTouches(*ui_->ListColSuppl, {Qt::Key_Space}, [this] { BasculerColonnes(); });
+  RelierTouches(*ui_->ListLignSuppl, {Qt::Key_Space}, [this] { BasculerLignes(); });
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &SuplMot::Enregistrer);
   RelierCommandeDite(*ui_->BoutEnreg, text::DescriptionSuplMot(), contexte_,
                      [this] { return text::OptionsDeLaTable(desFichiers_, ouverte_.table); });
   RelierQuitter(*ui_->BoutQuitter);
-  AuDepart(
-      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
+  AuDepartDireLArret();
   RelierAide(*ui_->BoutAide, "mnuASupLignes");
   const bool ouvert = ouverte_.message.empty();
   ui_->TextMsg->setText(EnUnTexte(ouverte_.message));

@@ -1,11 +1,7 @@
 #include "forms/programmes/text/tabmot.h"
 
-#include <algorithm>
-
-#include "core/texte/nombres.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/defauts.h"
-#include "forms/pieces/listequestions.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "text/tableau/tabmot_options.h"
 #include "ui_tabmot.h"
@@ -20,39 +16,25 @@ TabMot::TabMot(Services& services, FichierPos pos)
     choix_.statuts.push_back(question.statut == Statut::Actif ? Statut::Actif : Statut::Aucun);
   ui_->TextMsg->hide();
   ui_->TBFreq->setText(QString::number(text::kFrequenceParDefaut));
-  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2}) PreparerListeDeQuestions(*liste);
-  const auto relier = [this](QPushButton* bouton, QListWidget* liste, Statut statut) {
-    connect(bouton, &QPushButton::clicked, this, [this, liste, statut] { Deplacer(*liste, statut); });
-    connect(liste, &QListWidget::itemDoubleClicked, this, [this, liste, statut] { Deplacer(*liste, statut); });
-  };
-  relier(ui_->BoutActPlus, ui_->ListVar1, Statut::Actif);
-  relier(ui_->BoutActMoins, ui_->ListVar2, Statut::Aucun);
+  listes_ =
+      new ListesDeQuestions(*this, pos_, choix_, {{ui_->ListVar1, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
+  listes_->Relier(*ui_->BoutActPlus, *ui_->ListVar1, Statut::Actif);
+  listes_->Relier(*ui_->BoutActMoins, *ui_->ListVar2, Statut::Aucun);
+  listes_->RelierDoubleClic(*ui_->ListVar1, Statut::Actif);
+  listes_->RelierDoubleClic(*ui_->ListVar2, Statut::Aucun);
   connect(ui_->CbLancer, &QPushButton::clicked, this, &TabMot::LancerTabMot);
   RelierCommande(*ui_->CbLancer, text::DescriptionTabMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);
-  AuDepart(
-      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
+  AuDepartDireLArret();
   RelierAide(*ui_->BoutAide, "mnuATabMot");
-  MontrerListes();
+  listes_->Montrer();
 }
 
 TabMot::~TabMot() = default;
 
-void TabMot::Deplacer(const QListWidget& liste, Statut statut) {
-  if (PoserStatut(liste, choix_, statut)) MontrerListes();
-}
-
-void TabMot::MontrerListes() {
-  MontrerQuestions(*ui_->ListVar1, pos_, choix_, Statut::Aucun);
-  MontrerQuestions(*ui_->ListVar2, pos_, choix_, Statut::Actif);
-}
-
 text::OptionsTabMot TabMot::Options() const {
-  text::OptionsTabMot options;
-  options.actives = NomsDesQuestions(pos_, choix_, Statut::Actif);
-  options.frequenceMin =
-      static_cast<int>(std::clamp(ValeurDe(DepuisQt(ui_->TBFreq->text())), 0.0, double{text::kFrequenceLaPlusHaute}));
-  options.codesZero = ui_->OpCodZY->isChecked();
+  text::OptionsTabMot options = OptionsDesControles(*this, text::DescriptionTabMot());
+  options.actives = listes_->Noms(Statut::Actif);
   options.limite = services_.session.limiteDepassements;
   return options;
 }
@@ -65,7 +47,7 @@ void TabMot::LancerTabMot() {
     ui_->TextMsg->show();
     return;
   }
-  if (services_.Lancer([&](const Contexte&) { text::TabMot(contexte_, options); })) accept();
+  if (Lancer(text::DescriptionTabMot(), options)) accept();
 }
 
 void OuvrirTabMot(Services& services) {

@@ -1,13 +1,12 @@
 // Lexical table: the questions that are crossed with the words.
 #pragma once
 
-#include <QListWidget>
 #include <memory>
 
 #include "core/enquete/posfile.h"
 #include "forms/cadre/forme.h"
 #include "forms/cadre/services.h"
-#include "modalities/creation/choix.h"
+#include "forms/pieces/listequestions.h"
 #include "text/tableau/tabmot.h"
 
 namespace Ui {
@@ -23,14 +22,13 @@ class TabMot : public Forme {
   ~TabMot() override;
 
  private:
-  void Deplacer(const QListWidget& liste, Statut statut);
-  void MontrerListes();
   text::OptionsTabMot Options() const;
   void LancerTabMot();
 
   FichierPos pos_;
   modalities::ChoixQuestions choix_;  // the active ones only
   std::unique_ptr<Ui::TabMot> ui_;
+  ListesDeQuestions* listes_ = nullptr;
 };
 
 void OuvrirTabMot(Services& services);

@@ -1,6 +1,5 @@
 #include "forms/programmes/text/tabmotagreg.h"
 
-#include <QFontDatabase>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -10,6 +9,7 @@
 #include "forms/pieces/commande.h"
 #include "forms/pieces/editionliste.h"
 #include "forms/programmes/text/concord.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "text/gestion/gestion_options.h"
 #include "ui_tabmotagreg.h"
@@ -28,7 +28,7 @@ constexpr std::string_view kAideFacteur =
 TabMotAgreg::TabMotAgreg(Services& services)
     : Forme(services), ouverte_(text::OuvrirAgregation(contexte_)), ui_(std::make_unique<Ui::TabMotAgreg>()) {
   ui_->setupUi(this);
-  ui_->ListLignSuppl->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  ui_->ListLignSuppl->setFont(PoliceFixe());
   ui_->TextMsg->setText(EnUnTexte(ouverte_.message));
   for (QWidget* commande : std::initializer_list<QWidget*>{ui_->BtEnreg, ui_->BtTri, ui_->BtFin, ui_->BtConcord})
     commande->setEnabled(ouverte_.ouverte);
@@ -43,8 +43,7 @@ TabMotAgreg::TabMotAgreg(Services& services)
   ui_->BtEnreg->setDefault(true);
   RelierCommandeDite(*ui_->BtFin, text::DescriptionTabMotAgreg(), contexte_, [this] { return gestes_; });
   RelierQuitter(*ui_->BtAnnuler);
-  AuDepart(
-      [](const Contexte& contexte) { RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom); });
+  AuDepartDireLArret();
   RelierAide(*ui_->BoutAide, "mnuATabMotAgreg");
   MontrerLignes();
 }
@@ -52,6 +51,12 @@ TabMotAgreg::TabMotAgreg(Services& services)
 TabMotAgreg::~TabMotAgreg() = default;
 
 void TabMotAgreg::RelierTri() {
+  const text::TriDeLignes defaut;
+  (defaut.cle == text::CleDeLignes::Facteur    ? ui_->OptFac
+   : defaut.cle == text::CleDeLignes::Intitule ? ui_->OptLong
+                                               : ui_->OptCourt)
+      ->setChecked(true);
+  (defaut.sens == utilities::SensDeTri::Decroissant ? ui_->Decroissant : ui_->Croissant)->setChecked(true);
   connect(ui_->OptFac, &QRadioButton::toggled, this, [this](bool choisi) {
     ui_->TextNum->setEnabled(choisi);
     ui_->TextAideTri->setText(choisi ? VersQt(kAideFacteur) : QString());

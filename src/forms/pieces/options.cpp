@@ -1,0 +1,99 @@
+#include "forms/pieces/options.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QMap>
+#include <algorithm>
+
+#include "core/texte/nombres.h"
+#include "forms/texte/texte_qt.h"
+
+namespace quelvar::forms {
+
+namespace {
+
+template <class W>
+W* ControleDe(const QWidget& formulaire, const Controle& controle) {
+  return formulaire.findChild<W*>(VersQt(controle.nom));
+}
+
+// A number that stands for none given is not shown.
+void MontrerNombre(QLineEdit& champ, const Option& option, const std::string& valeur) {
+  champ.setMaxLength(static_cast<int>(std::to_string(option.maximum).size()));
+  if (valeur != "0") champ.setText(VersQt(valeur));
+}
+
+// The radio buttons of one frame: the first one, and whether one of them is ticked.
+struct Groupe {
+  QAbstractButton* premier = nullptr;
+  bool choisi = false;
+};
+
+bool Parle(const QWidget& formulaire, const QWidget& controle) {
+  return controle.isVisibleTo(&formulaire) && controle.isEnabledTo(&formulaire);
+}
+
+// A box that is ticked by default says, when it is not, the first other word of its option.
+std::optional<std::string> SansSaCoche(const Option& option, const std::string& sienne, const std::string& defaut) {
+  if (sienne != defaut) return std::nullopt;
+  const auto autre =
+      std::ranges::find_if(option.mots, [&](const std::string& mot) { return !EgalSansCasse(mot, sienne); });
+  return autre == option.mots.end() ? std::nullopt : std::optional(*autre);
+}
+
+// What a field that holds a number or a text says; an empty one, of an option that need not be given, nothing.
+std::optional<std::string> ValeurDuChamp(const QLineEdit& champ, const Option& option, const std::string& defaut) {
+  const std::string texte = DepuisQt(champ.text().trimmed());
+  if (texte.empty() && defaut.empty()) return std::nullopt;
+  if (option.genre == Option::Genre::Entier) return Nombre(EntierDuChamp(champ, option));
+  return option.genre == Option::Genre::Texte ? std::optional(texte) : std::nullopt;
+}
+
+}  // namespace
+
+void PoserOption(const QWidget& formulaire, const Option& option, const std::string& valeur) {
+  QMap<const QWidget*, Groupe> groupes;
+  for (const Controle& controle : option.controles) {
+    auto* const bouton = ControleDe<QAbstractButton>(formulaire, controle);
+    if (bouton != nullptr && !controle.valeur.empty()) {
+      const bool coche = controle.valeur == valeur;
+      if (coche || !bouton->autoExclusive()) bouton->setChecked(coche);
+      if (!bouton->autoExclusive()) continue;
+      Groupe& groupe = groupes[bouton->parentWidget()];
+      if (groupe.premier == nullptr) groupe.premier = bouton;
+      groupe.choisi = groupe.choisi || coche;
+    } else if (auto* const champ = ControleDe<QLineEdit>(formulaire, controle); champ != nullptr) {
+      if (option.genre == Option::Genre::Entier) MontrerNombre(*champ, option, valeur);
+    } else if (auto* const liste = ControleDe<QComboBox>(formulaire, controle); liste != nullptr) {
+      liste->setCurrentText(VersQt(valeur));
+    }
+  }
+  for (const Groupe& groupe : groupes)
+    if (!groupe.choisi) groupe.premier->setChecked(true);
+}
+
+std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option& option, const std::string& defaut) {
+  std::optional<std::string> valeur;
+  for (const Controle& controle : option.controles) {
+    const auto* const place = ControleDe<QWidget>(formulaire, controle);
+    if (place == nullptr || !Parle(formulaire, *place)) continue;
+    if (const auto* const bouton = qobject_cast<const QAbstractButton*>(place); bouton != nullptr) {
+      if (controle.valeur.empty()) continue;  // a box that opens a choice
+      if (bouton->isChecked()) valeur = controle.valeur;
+      else if (!bouton->autoExclusive() && !valeur) valeur = SansSaCoche(option, controle.valeur, defaut);
+    } else if (const auto* const champ = qobject_cast<const QLineEdit*>(place); champ != nullptr) {
+      valeur = ValeurDuChamp(*champ, option, defaut);
+    } else if (const auto* const liste = qobject_cast<const QComboBox*>(place); liste != nullptr) {
+      valeur = DepuisQt(liste->currentText());
+    }
+  }
+  return valeur;
+}
+
+int EntierDuChamp(const QLineEdit& champ, const Option& option) {
+  const auto minimum = static_cast<double>(option.minimum);
+  const auto maximum = static_cast<double>(option.maximum);
+  return static_cast<int>(std::clamp(ValeurDe(DepuisQt(champ.text())), minimum, maximum));
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,45 @@
+// The options of a program and the controls that show them, both ways, by the table of the program: which control
+// stands for what, the bounds and the defaults are told there and nowhere in a form.
+#pragma once
+
+#include <QLineEdit>
+#include <QWidget>
+#include <optional>
+#include <string>
+
+#include "core/options/description.h"
+
+namespace quelvar::forms {
+
+// What the controls of an option show of a value (code page): the button or box of this value ticked, the value itself
+// in a text box, which takes no longer number than the largest. Where none of the radio buttons of a frame stands for
+// it, as for the choices within a box that is not ticked, the first one is ticked. A control that the form lacks is
+// passed over.
+void PoserOption(const QWidget& formulaire, const Option& option, const std::string& valeur);
+
+// The value that the controls of an option say, in the words of the option (code page), those of a number within its
+// bounds; nothing when none of them says any, and the default holds. A control that is hidden or disabled says nothing,
+// nor does a list, whose lines are the state of its form. `defaut` is what is shown before the user has touched it.
+std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option& option, const std::string& defaut);
+
+// The number of a text box, its fraction cut, between the bounds of the option; 0 stands for a text that is no number.
+int EntierDuChamp(const QLineEdit& champ, const Option& option);
+
+// Shows the defaults of a program before the user has touched anything.
+template <class O>
+void PoserDefauts(const QWidget& formulaire, const Description<O>& programme) {
+  for (const Option& option : programme.Table())
+    PoserOption(formulaire, option, programme.ValeurEcrite(O{}, option.nom));
+}
+
+// The options as the controls say, the others at their defaults.
+template <class O>
+O OptionsDesControles(const QWidget& formulaire, const Description<O>& programme) {
+  O options;
+  for (const Option& option : programme.Table())
+    if (const auto valeur = ValeurMontree(formulaire, option, programme.ValeurEcrite(O{}, option.nom)))
+      programme.PoserUne(options, option.nom, *valeur);
+  return options;
+}
+
+}  // namespace quelvar::forms
