@@ -15,7 +15,6 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr int kNiveauAvance = 2;
 constexpr std::uintmax_t kRapportMontre = 8'000'000;  // bytes that Text1 shows between two launches
 
 LigneDeQuestion LigneDe(const crosstab::EnqueteCroisee& enquete, std::size_t rang) {
