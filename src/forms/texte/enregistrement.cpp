@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "core/programme/erreur.h"
+#include "core/programme/lieunomme.h"
 #include "forms/texte/impression.h"
 #include "forms/texte/texte_qt.h"
 
@@ -15,7 +16,7 @@ bool EcrireOuDire(QWidget* fenetre, const Chemin& fichier, const std::function<v
     return true;
   } catch (const Erreur& erreur) {
     const std::string texte = Joindre({"Le fichier ", DepuisQt(QDir::toNativeSeparators(CheminVersQt(fichier))),
-                                       " ne peut pas être écrit : "_w, TexteErreur(erreur), consolation});
+                                       " ne peut pas être écrit : "_w, TexteErreurDuFichierNomme(erreur), consolation});
     DemanderReponse(fenetre, VersQt(texte).remove(u'\r'), Boutons::Ok);
     return false;
   }

@@ -81,7 +81,7 @@ void Graphe3::PoserReglages() {
       ->setChecked(true);
   (etat_.coefficient == Coefficient::Faible ? ui_->BtFaible
    : etat_.coefficient == Coefficient::Fort ? ui_->BtFort
-                                                        : ui_->BtMoyen)
+                                            : ui_->BtMoyen)
       ->setChecked(true);
 }
 
