@@ -19,15 +19,6 @@ constexpr double kPasMaximum = 500;
 
 std::size_t Rang(const AxePlan& axe) { return static_cast<std::size_t>(axe.facteur - 1); }
 
-double Facteur(CoefficientPlan coefficient) {
-  switch (coefficient) {
-    case CoefficientPlan::Faible: return 1.05;
-    case CoefficientPlan::Fort: return 1.5;
-    case CoefficientPlan::Moyen: break;
-  }
-  return 1.2;
-}
-
 class Etendue {
  public:
   void Inclure(double valeur) {
@@ -185,14 +176,15 @@ void InclurePoints(EtatPlan& etat) {
 }
 
 void ChangerEchelle(EtatPlan& etat, bool plus) {
-  const double facteur = plus ? 1 / Facteur(etat.coefficient) : Facteur(etat.coefficient);
+  const double facteur = plus ? 1 / FacteurDeTaille(etat.coefficient) : FacteurDeTaille(etat.coefficient);
   Fenetre& limites = etat.cadre.limites;
   limites = Grandie(limites, etat.dimension == DimensionPlan::Hauteur ? 1 : facteur,
                     etat.dimension == DimensionPlan::Largeur ? 1 : facteur, Centre(limites));
 }
 
 void ChangerPage(EtatPlan& etat, bool plus) {
-  const double voulue = etat.cadre.page * (plus ? Facteur(etat.coefficient) : 1 / Facteur(etat.coefficient));
+  const double voulue =
+      etat.cadre.page * (plus ? FacteurDeTaille(etat.coefficient) : 1 / FacteurDeTaille(etat.coefficient));
   const double page = std::clamp(voulue, kPageMinimum, kPageMaximum);
   const double facteur = page / etat.cadre.page;
   Fenetre& limites = etat.cadre.limites;

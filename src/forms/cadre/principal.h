@@ -68,7 +68,6 @@ class Principal : public QMainWindow {
   void FixerTailleDEcran(const QString& action);
 
   Contexte ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
-  void MontrerEchec(const Erreur& erreur);
   bool ProgrammeExiste(const QString& action) const;
   bool OuvrirInitialisation(const Chemin& initialisation);
   bool AccepterGenerique(const QString& saisi);

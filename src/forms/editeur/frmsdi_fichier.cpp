@@ -1,6 +1,5 @@
 // The file behind the editor: opening, saving, what another program does to it meanwhile, recent files.
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 
 #include "core/document/parties.h"
@@ -8,6 +7,7 @@
 #include "core/programme/lieunomme.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/texte/enregistrement.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
@@ -18,8 +18,7 @@ namespace {
 constexpr std::size_t kLigneLecteur = 10'000;  // longer lines are broken in the viewer
 
 QString Filtre() {
-  return FiltreQt(
-      QStringLiteral("Fichiers d'enquête|*.des;*.pos;*.trg;*.mod;*.dat;*.csv;*.txt;*.brt|Tous fichiers *.*|*.*"));
+  return QStringLiteral("Fichiers d'enquête|*.des;*.pos;*.trg;*.mod;*.dat;*.csv;*.txt;*.brt|Tous fichiers *.*|*.*");
 }
 
 }  // namespace
@@ -52,8 +51,7 @@ bool frmSDI::Ouvrir(const QString& fichier) {
 }
 
 bool frmSDI::OuvrirParDialogue() {
-  const QString fichier =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Ouvrir un fichier"), DossierDeDepart(), Filtre());
+  const QString fichier = ChoisirAOuvrir(this, {QStringLiteral("Ouvrir un fichier"), DossierDeDepart(), Filtre()});
   return !fichier.isEmpty() && Ouvrir(fichier);
 }
 
@@ -140,7 +138,7 @@ bool frmSDI::Enregistrer() {
 
 bool frmSDI::EnregistrerSous() {
   const QString propose = fichier_.isEmpty() ? DossierDeDepart() : fichier_;
-  const QString fichier = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"), propose, Filtre());
+  const QString fichier = ChoisirAEcrire(this, {QStringLiteral("Enregistrer sous"), propose, Filtre()});
   return !fichier.isEmpty() && Ecrire(fichier);
 }
 
@@ -164,15 +162,9 @@ bool frmSDI::PeutRemplacer() {
 }
 
 bool frmSDI::Ecrire(const QString& fichier) {
-  try {
-    empreinte_ = EnregistrerDocument(CheminDepuisQt(fichier), ui_->TexteEd->TexteComplet(), formeTexte_);
-  } catch (const Erreur& erreur) {
-    DemanderReponse(this,
-                    QStringLiteral("Le fichier %1 n'a pas pu être enregistré : %2.\nLe texte reste dans l'éditeur.")
-                        .arg(QFileInfo(fichier).fileName(), VersQt(TexteErreurDuFichierNomme(erreur))),
-                    Boutons::Ok);
-    return false;
-  }
+  const Chemin chemin = CheminDepuisQt(fichier);
+  const auto enregistrer = [&] { empreinte_ = EnregistrerDocument(chemin, ui_->TexteEd->TexteComplet(), formeTexte_); };
+  if (!EcrireOuDire(this, chemin, enregistrer, "\r\nLe texte reste dans l'éditeur."_w)) return false;
   fichier_ = QFileInfo(fichier).absoluteFilePath();
   ui_->TexteEd->document()->setModified(false);
   RetenirRecent();
