@@ -29,8 +29,7 @@ std::int64_t PremiereLigneAlteree(std::string_view utf8) {
 }  // namespace
 
 std::optional<Utf16> EstUtf16(std::string_view octets) {
-  if (octets.starts_with("\xFF\xFE")) return Utf16::PetitBout;
-  if (octets.starts_with("\xFE\xFF")) return Utf16::GrosBout;
+  if (const std::optional<Utf16> ordre = MarqueUtf16(octets)) return ordre;
   // Without a mark: a Latin text has a zero in nearly every second byte, and none in the others.
   std::array<std::size_t, 2> zeros{};
   for (std::size_t i = octets.find('\0'); i < octets.size(); i = octets.find('\0', i + 1)) ++zeros[i % 2];
@@ -43,28 +42,14 @@ std::optional<Utf16> EstUtf16(std::string_view octets) {
   return std::nullopt;
 }
 
-std::string Utf8DepuisUtf16(std::string_view octets, Utf16 sens) {
-  constexpr char32_t kMarque = 0xFEFF;
-  constexpr char32_t kInconnu = 0xFFFD;
-  const std::size_t fort = sens == Utf16::GrosBout ? 0 : 1;
-  const auto unite = [&](std::size_t i) -> char32_t {
-    return static_cast<unsigned>(static_cast<unsigned char>(octets[i + fort])) << 8U |
-           static_cast<unsigned char>(octets[i + 1 - fort]);
-  };
+std::string Utf8DepuisUtf16(std::string_view octets, Utf16 ordre) {
   std::string utf8;
   utf8.reserve(octets.size());
-  for (std::size_t i = 0; i + 1 < octets.size(); i += 2) {
-    char32_t point = unite(i);
-    if (i == 0 && point == kMarque) continue;
-    if (point >= 0xD800 && point < 0xE000) {
-      const char32_t bas = point < 0xDC00 && i + 3 < octets.size() ? unite(i + 2) : 0;
-      const bool paire = bas >= 0xDC00 && bas < 0xE000;
-      point = paire ? 0x10000 + ((point - 0xD800) << 10U) + (bas - 0xDC00) : kInconnu;
-      if (paire) i += 2;
-    }
-    AjouterUtf8(utf8, point);
-  }
-  return utf8;
+  DecodeurUtf16 decodeur(ordre);
+  decodeur.Ajouter(octets.substr(0, octets.size() / 2 * 2), utf8);  // a byte too many at the end is no character
+  decodeur.Finir(utf8);
+  std::string_view texte = utf8;
+  return OterMarqueUtf8(texte) ? std::string(texte) : utf8;
 }
 
 SourceDeTexte LireSource(const Chemin& chemin, std::string_view nom) {

@@ -7,16 +7,16 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
+#include "core/texte/utf16.h"
 
 namespace quelvar::text {
 
 // The byte order of a text in UTF-16: by its mark, or by zeros in nearly every second byte; nothing for any other text.
-enum class Utf16 { PetitBout, GrosBout };
 std::optional<Utf16> EstUtf16(std::string_view octets);
 // Whether it is none of the code page.
 inline bool EstAConvertir(std::string_view octets) { return EstUtf16(octets).has_value() || EstUtf8(octets); }
 // The text without its mark; half a surrogate pair becomes the replacement character.
-std::string Utf8DepuisUtf16(std::string_view octets, Utf16 sens);
+std::string Utf8DepuisUtf16(std::string_view octets, Utf16 ordre);
 
 enum class Codage { PageDeCode, Utf8, Utf16 };
 

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "capture/apercu/octets/cellule.h"
+#include "capture/apercu/observation/mots.h"
 
 namespace quelvar::capture {
 

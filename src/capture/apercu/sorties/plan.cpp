@@ -6,6 +6,7 @@
 #include "capture/apercu/choix/noms.h"
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/observation/listes.h"
+#include "capture/apercu/observation/mots.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/rangees.h"
 #include "capture/colonnes/compterendu.h"
