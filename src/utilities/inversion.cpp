@@ -64,8 +64,8 @@ std::string NomsRepetes(std::vector<std::string> noms) {
   return repetes;
 }
 
-void EcrireReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
-  entier.reserves.Ecrire(rapport);
+void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
+  rapport.Lignes(entier.reserves.Remarques());
   if (const std::string noms = NomsRepetes(entier.noms); !noms.empty())
     rapport.Ligne({"*** Attention : lignes de même nom, que rien ne distinguera plus en colonnes : "_w, noms});
   if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
@@ -77,7 +77,8 @@ void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entie
   mod.Ligne(nouveau);
   mod.Ligne(LigneDeParametres(
       {{"IMAX=", tableau.colonnes.size()}, {"JMAX=", entier.noms.size()}, {"FMT=", tableau.parametres.largeur}}));
-  for (std::size_t i = 0; i < entier.noms.size(); ++i) mod.Ligne(Joindre({entier.noms[i], "   ", entier.intitules[i]}));
+  for (std::size_t i = 0; i < entier.noms.size(); ++i)
+    mod.Ligne(LigneModalite(entier.noms[i], false, entier.intitules[i]));
 }
 
 void EcrireBrt(Ecrivain& brt, const Tableau& tableau, const TableauEntier& entier) {
@@ -170,7 +171,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   const TableauEntier entier = LireEntier(tableau);
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
-  EcrireReserves(rapport, tableau, entier);
+  ImprimerReserves(rapport, tableau, entier);
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
@@ -185,7 +186,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
 Fin Inverser(const Contexte& contexte, const OptionsInversion& options) {
   const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (!nouveau) return Fin::Arret;
-  const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                                     [&](Rapport& rapport) { InverserTableau(rapport, contexte, options, *nouveau); });
   if (fin == Fin::Normale && options.nouveau != nullptr) *options.nouveau = *nouveau;
   return fin;

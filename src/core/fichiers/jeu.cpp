@@ -40,7 +40,7 @@ void AllongerFichier(const EntreeDeReleve& e, std::string_view octets) {
   if (numero != 0 && numero != kAccesFichier && ::ftruncate(descripteur, static_cast<off_t>(e.ancienne)) != 0)
     numero = NumeroDErrno(errno);
   ::close(descripteur);
-  if (numero != 0) throw Erreur(numero);
+  if (numero != 0) throw EchecDuFichier(e.cible, numero);
 }
 
 }  // namespace
@@ -73,7 +73,7 @@ const Chemin& JeuDeFichiers::Achever(std::string_view nom) {
 
 void JeuDeFichiers::Allonger(std::string_view nom, std::string_view octets, Nature nature) {
   std::optional<Chemin> chemin = ChercherFichier(repertoire_, nom);
-  if (!chemin) throw Erreur(kFichierIntrouvable);
+  if (!chemin) throw Erreur(kFichierIntrouvable).Situer({.fichier = std::string(nom)});
   ajouts_.push_back({std::move(*chemin), std::string(octets), nature});
 }
 
@@ -90,7 +90,7 @@ void JeuDeFichiers::OublierInchangees() {
 
 void JeuDeFichiers::TenirAjouts() {
   for (const Ajout& ajout : ajouts_) {
-    if (!VerifierCible(ajout.cible)) throw Erreur(kFichierIntrouvable);
+    if (!VerifierCible(ajout.cible)) throw EchecDuFichier(ajout.cible, kFichierIntrouvable);
     EntreeDeReleve entree;
     entree.genre = GenreDEntree::Allonge;
     entree.nature = ajout.nature;

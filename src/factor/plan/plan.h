@@ -125,6 +125,9 @@ struct CadrePlan {
   double page = 1;
 };
 
+inline constexpr double kPageMinimum = 0.5;
+inline constexpr double kPageMaximum = 4;
+
 struct EtatPlan {
   DonneesPlan donnees;
   ReglagesPlan reglages;

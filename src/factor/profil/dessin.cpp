@@ -1,7 +1,7 @@
 #include "factor/profil/dessin.h"
 
 #include "core/dessin/barres.h"
-#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
 
 namespace quelvar::factor {
 

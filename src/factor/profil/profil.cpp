@@ -1,8 +1,11 @@
 #include "factor/profil/profil.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <string_view>
+#include <utility>
 
 #include "core/calcul/tris.h"
 #include "core/programme/erreur.h"
@@ -73,6 +76,32 @@ std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions) {
   std::vector<std::size_t> ordre;
   for (const Cle& cle : cles) ordre.push_back(cle.rang);
   return ordre;
+}
+
+TableauEdite TableDuProfil(const ProfilDeModalite& profil, bool detail) {
+  static constexpr std::array<std::string_view, 4> kMarques = {"ns", "*", "**", "***"};  // by class
+  constexpr int kDecimales = 2;
+  TableauEdite tableau;
+  tableau.titres = {Joindre({"Profil de la modalité "_w, profil.nom, " ", profil.intitule}), ""};
+  tableau.coin = "Nom  ";
+  tableau.colonnes = {{" PEM"}, {" Obs."}};
+  if (detail)
+    for (const Texte titre : {Texte("  Théorique"_w), Texte("      Ecart"), Texte("    Khideux")})
+      tableau.colonnes.push_back({std::string(titre.Vue())});
+  tableau.colonnes.push_back({Joindre({" Test Intitulé"_w})});
+  for (const LigneDeProfil& ligne : profil.lignes) {
+    const Attraction& mesures = ligne.attraction;
+    Rangee rangee{ligne.nom,
+                  ligne.intitule,
+                  {{static_cast<double>(mesures.pem), Unite::Pourcent}, {ligne.ensemble, Unite::Effectif}}};
+    if (detail)
+      for (const double valeur : {mesures.theorique, mesures.ecart, mesures.khi2})
+        rangee.cellules.push_back({valeur, Unite::Nombre, kDecimales});
+    rangee.cellules.push_back(
+        {std::nullopt, Unite::Nombre, 0, std::string(kMarques[static_cast<std::size_t>(ClasseKhi2(mesures.khi2))])});
+    tableau.rangees.push_back(std::move(rangee));
+  }
+  return tableau;
 }
 
 }  // namespace quelvar::factor

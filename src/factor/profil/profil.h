@@ -3,7 +3,10 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <vector>
+
+#include "core/resultats/tableau.h"
 
 namespace quelvar::factor {
 
@@ -34,5 +37,23 @@ int ClasseKhi2(double khi2);
 
 // Order of the rows by falling PEM; equal ones stand as the heap sort leaves them.
 std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions);
+
+// One modality against the chosen one.
+struct LigneDeProfil {
+  std::string nom;       // 4 characters
+  std::string intitule;  // trimmed
+  double ensemble = 0;   // individuals who have both
+  Attraction attraction;
+};
+
+struct ProfilDeModalite {
+  std::string nom;
+  std::string intitule;
+  std::vector<LigneDeProfil> lignes;  // in the order of print
+};
+
+// A row each modality: PEM, count, with `detail` T, O - T and chi-square, then the mark of its probability class (stars
+// or "ns"); label.
+TableauEdite TableDuProfil(const ProfilDeModalite& profil, bool detail);
 
 }  // namespace quelvar::factor

@@ -5,6 +5,7 @@
 
 #include "core/document/parties.h"
 #include "core/programme/erreur.h"
+#include "core/programme/lieunomme.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/editeur/frmsdi.h"
 #include "forms/texte/texte_qt.h"
@@ -44,7 +45,7 @@ bool frmSDI::Ouvrir(const QString& fichier) {
   } catch (const Erreur& erreur) {
     DemanderReponse(this,
                     QStringLiteral("Impossible d'ouvrir le fichier %1\n%2")
-                        .arg(QDir::toNativeSeparators(chemin), VersQt(TexteErreur(erreur))),
+                        .arg(QDir::toNativeSeparators(chemin), VersQt(TexteErreurDuFichierNomme(erreur))),
                     Boutons::Ok);
   }
   return false;
@@ -101,7 +102,8 @@ void frmSDI::LirePartieDuFichier(std::size_t rang) {
     partie_ = rang;
     ui_->TexteEd->Charger(CouperLignesLongues(std::move(document.texte), kLigneLecteur), formeTexte_.encodage);
   } catch (const Erreur& erreur) {
-    DemanderReponse(this, QStringLiteral("Impossible de lire %1\n%2").arg(Nom(), VersQt(TexteErreur(erreur))),
+    DemanderReponse(this,
+                    QStringLiteral("Impossible de lire %1\n%2").arg(Nom(), VersQt(TexteErreurDuFichierNomme(erreur))),
                     Boutons::Ok);
   }
   MontrerTitre();
@@ -167,7 +169,7 @@ bool frmSDI::Ecrire(const QString& fichier) {
   } catch (const Erreur& erreur) {
     DemanderReponse(this,
                     QStringLiteral("Le fichier %1 n'a pas pu être enregistré : %2.\nLe texte reste dans l'éditeur.")
-                        .arg(QFileInfo(fichier).fileName(), VersQt(TexteErreur(erreur))),
+                        .arg(QFileInfo(fichier).fileName(), VersQt(TexteErreurDuFichierNomme(erreur))),
                     Boutons::Ok);
     return false;
   }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/programme/lieunomme.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -106,8 +107,8 @@ void Resultats::MontrerPartiel(const Chemin& fichier, bool avecRegle) {
 
 void Resultats::MontrerEchec(const Chemin& fichier, const Erreur& erreur) {
   ecran_.biper();
-  Remplacer(Joindre(
-      {"Le fichier ", TexteDe(fichier.filename()), " ne peut pas être affiché : "_w, TexteErreur(erreur), "\r\n"}));
+  Remplacer(Joindre({"Le fichier ", TexteDe(fichier.filename()), " ne peut pas être affiché : "_w,
+                     TexteErreurDuFichierNomme(erreur), "\r\n"}));
 }
 
 void Resultats::Retenir(const Chemin& fichier, std::string_view octets) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/fichiers/fichiers.h"
+#include "core/programme/lieunomme.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/texte/impression.h"
 #include "forms/texte/texte_qt.h"
@@ -48,8 +49,8 @@ void SortiesTexte::EnregistrerSous() {
     resultats_.NoterEnregistre(fichier, octets);
     annoncer_(QStringLiteral("Enregistré sous ") + choisi);
   } catch (const Erreur& erreur) {
-    ecran_.demander(Joindre({"Le fichier ", DepuisQt(choisi), " ne peut pas être écrit : "_w, TexteErreur(erreur),
-                             "\r\nLe texte affiché est conservé."_w}),
+    ecran_.demander(Joindre({"Le fichier ", DepuisQt(choisi), " ne peut pas être écrit : "_w,
+                             TexteErreurDuFichierNomme(erreur), "\r\nLe texte affiché est conservé."_w}),
                     Boutons::Ok);
   }
 }

@@ -84,7 +84,6 @@ TableSituations FormerSituations(const std::vector<Comptee>& comptees, const Fic
     situation.effectif = situation.oui + comptees[fin - 1].effectif;
     situation.pourcentage = Arrondir(situation.Brut(), kDecimalesConservees);
     table.situations.push_back(situation);
-    table.fiches.push_back(comptees[debut].fiche);
     std::size_t trouvees = 0;
     for (std::uint32_t k = 0; k < fiche.size() && trouvees < table.questions; ++k)
       if (ValeurDuCaractere(fiche[k]) != 0) {

@@ -7,6 +7,7 @@
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
+#include "factor/profil/edition.h"
 #include "factor/profil/profilmod.h"
 #include "support/erreur.h"
 #include "support/programme.h"
@@ -96,14 +97,14 @@ TEST(DessinerProfils, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
   EXPECT_EQ(pleines, (std::vector<bool>{true, false, true}));
 }
 
-TEST(EcrireProfil, CountsNeverTouchTheirNeighbours) {
+TEST(ImprimerProfil, CountsNeverTouchTheirNeighbours) {
   const essai::DossierTemporaire dossier;
   for (const auto& [effectif, ligne] :
        {std::pair(2146.0, "SEX1   61 2146 *** "), std::pair(12345.0, "SEX1   61 12345 *** ")}) {
     ProfilDeModalite profil{"AGE1", "jeunes", {{"SEX1", "hommes", effectif, {1, 1, 9, 61}}}};
     const Chemin chemin = dossier.Chemin() / "r";
     Rapport rapport(chemin);
-    EcrireProfil(rapport, profil, false);
+    ImprimerProfil(rapport, profil, false);
     rapport.Valider();
     EXPECT_NE(LireOctets(chemin).find(ligne), std::string::npos) << effectif;
   }

@@ -233,8 +233,8 @@ EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
   if (morceau.starts_with(kMarqueUtf8))
     return {Encodage::Utf8AvecMarque, false, AvecCrSeul(source, std::move(morceau), etendue), {}};
   if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
-  if (morceau.starts_with("\xFF\xFE")) return {Encodage::Utf16LE, false, false, {}};
-  if (morceau.starts_with("\xFE\xFF")) return {Encodage::Utf16BE, false, false, {}};
+  if (const std::optional<Utf16> ordre = MarqueUtf16(morceau))
+    return {*ordre == Utf16::PetitBout ? Encodage::Utf16LE : Encodage::Utf16BE, false, false, {}};
   RefuserSignature(source, morceau);
   if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) {
     RefuserControles(source, morceau, *seize == Encodage::Utf16LE ? 1 : 0);

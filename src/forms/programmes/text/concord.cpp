@@ -10,6 +10,7 @@
 #include "forms/texte/texte_qt.h"
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
+#include "text/concordance/edition.h"
 #include "ui_concord.h"
 
 namespace quelvar::forms {

@@ -9,6 +9,7 @@
 #include "capture/apercu/options.h"
 #include "capture/classeur/classeur.h"
 #include "core/programme/annulation.h"
+#include "core/programme/lieunomme.h"
 #include "core/session/generique_libre.h"
 #include "forms/pieces/commande.h"
 #include "forms/programmes/capture/import/avancement.h"
@@ -438,7 +439,8 @@ std::optional<capture::PreparationDImport> Preparer(Services& services, const Ch
     if (capture::GenreDe(fichier) != capture::GenreDeSource::Classeur) return capture::PreparationDImport(fichier, {});
     return PreparerAuLoin(&services.fenetre, fichier, {});
   } catch (const Erreur& erreur) {
-    services.ecran.demander(Joindre({TexteDe(fichier.filename()), " : ", TexteErreur(erreur)}), Boutons::Ok);
+    services.ecran.demander(Joindre({TexteDe(fichier.filename()), " : ", TexteErreurDuFichierNomme(erreur)}),
+                            Boutons::Ok);
     return std::nullopt;
   } catch (const Annulation&) {
     return std::nullopt;
