@@ -6,7 +6,6 @@
 
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
-#include "tables/gamma.h"
 #include "tables/lecturetable.h"
 
 namespace quelvar::tables {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/programme/erreur.h"
+#include "core/texte/texte.h"
 #include "crosstab/tableau/ordre.h"
 
 namespace quelvar::tables {
@@ -50,18 +51,13 @@ Gamma CalculerGamma(const crosstab::TableauCompte& table) {
   return gamma;
 }
 
-void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma) {
-  constexpr int largeur = 3;
-  constexpr int decimales = 3;
-  rapport.Ligne(titre);
-  rapport.Ligne();
-  rapport.Ligne("Gamma de Goodman et Kruskal");
-  rapport.Ligne({"Proportion d'accords        =", NombreFixe(gamma.accords, largeur, decimales)});
-  rapport.Ligne({"Proportion de désaccords    ="_w, NombreFixe(gamma.desaccords, largeur, decimales)});
-  rapport.Ligne();
-  if (!gamma.gamma) throw Erreur(kDivisionParZero);
-  rapport.Ligne({"*** Gamma de Goodman et Kruskal =", NombreFixe(*gamma.gamma, largeur, decimales)});
-  rapport.Ligne();
+TableauEdite TableDeGamma(const Gamma& gamma) {
+  constexpr int kDecimales = 3;
+  const auto cellule = [](const std::optional<double>& valeur) { return Cellule{valeur, Unite::Nombre, kDecimales}; };
+  return {.titres = {"Gamma de Goodman et Kruskal"},
+          .rangees = {{"Proportion d'accords        =", {}, {cellule(gamma.accords)}},
+                      {Joindre({"Proportion de désaccords    ="_w}), {}, {cellule(gamma.desaccords)}},
+                      {"*** Gamma de Goodman et Kruskal =", {}, {cellule(gamma.gamma)}}}};
 }
 
 }  // namespace quelvar::tables

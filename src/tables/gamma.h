@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "core/programme/report.h"
+#include "core/resultats/tableau.h"
 #include "crosstab/tableau/compte.h"
 
 namespace quelvar::tables {
@@ -21,7 +21,7 @@ struct Gamma {
 // Statistical Association 49 (1954); there the direction of the columns is given, here the table chooses it.
 Gamma CalculerGamma(const crosstab::TableauCompte& table);
 
-// Writes the block under its title. Raises kDivisionParZero at the line of gamma when it has no value.
-void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma);
+// The two shares, and gamma behind them, without a cell when it has no value.
+TableauEdite TableDeGamma(const Gamma& gamma);
 
 }  // namespace quelvar::tables

@@ -1,9 +1,10 @@
 #include "tables/impression.h"
 
-#include <optional>
+#include <algorithm>
 #include <string>
 
 #include "core/programme/erreur.h"
+#include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::tables {
@@ -24,72 +25,98 @@ std::string_view SuiteDeLaPhrase(OrdresTries tries) {
   return "'ordre d'origine des lignes et des colonnes du tableau a été conservé"_w;
 }
 
-// Lines of one table: the labels once, and the width of its numbers.
-class Lignes {
- public:
-  Lignes(Rapport& rapport, const Presentation& presentation, int decimales)
-      : rapport_(rapport), presentation_(presentation), decimales_(decimales) {}
+// A cell is one wider than in the table file; so is the label above it.
+PlaceEnRangee PlaceDeCase(const Presentation& presentation, std::string_view avant = {}) {
+  return {.avant = avant, .entiers = presentation.largeur + 1, .titre = TitreDeColonne::AGauche};
+}
+PlaceEnRangee PlaceDeTotal(const Presentation& presentation) { return {" ", presentation.largeur + 1}; }
 
-  void Entete(std::size_t retrait, Texte fin = "") {
-    rapport_.Suite(Blancs(retrait));
-    for (const std::string_view colonne : presentation_.colonnes) rapport_.Suite(CadreGauche(colonne, Largeur()));
-    rapport_.Ligne(fin);
-  }
-  // A row without its end of line.
-  void Debut(std::string_view intitule, std::span<const double> valeurs) {
-    rapport_.Suite(CadreGauche(intitule, kLargeurLigne));
-    for (const double valeur : valeurs) rapport_.Suite(Nombre(valeur));
-  }
-  std::string Nombre(double valeur) const { return NombreFixe(valeur, Largeur(), decimales_); }
-
-  void SansTotaux(const Matrice& cellules) {
-    Entete(kRetrait);
-    for (std::size_t i = 0; i < cellules.Lignes(); ++i) {
-      Debut(presentation_.lignes[i], cellules.Ligne(i));
-      rapport_.Ligne();
-    }
-  }
-  void AvecTotaux(std::size_t retrait, const Matrice& cellules, const crosstab::TableauCompte& totaux) {
-    Entete(retrait, " TOT.");
-    for (std::size_t i = 0; i < cellules.Lignes(); ++i) {
-      Debut(presentation_.lignes[i], cellules.Ligne(i));
-      rapport_.Ligne({" ", Nombre(totaux.marges.lignes[i])});
-    }
-    Debut("TOT.", totaux.marges.colonnes);
-    rapport_.Ligne({" ", Nombre(totaux.marges.total)});
-  }
-
- private:
-  int Largeur() const { return presentation_.largeur + 1; }
-
-  Rapport& rapport_;
-  const Presentation& presentation_;
-  int decimales_;
-};
-
-void ImprimerPourcentages(Rapport& rapport, Lignes lignes, const Presentation& presentation,
-                          const crosstab::DetailsDuTableau& details) {
-  rapport.Ligne(Blancs(7));
-  rapport.Ligne("Pourcentages en lignes et des marges ");
-  lignes.Entete(kRetraitDesDeuxPremiers, "   TOT.");
-  for (std::size_t i = 0; i < presentation.lignes.size(); ++i) {
-    lignes.Debut(presentation.lignes[i], details.pourcentages.Ligne(i));
-    rapport.Ligne({"  100 ", lignes.Nombre(details.partsLignes[i])});
-  }
-  lignes.Debut("TOT.", details.partsColonnes);
-  rapport.Ligne("  100   100");
+// The heading of a table: the labels of its columns, `retrait` columns from the margin.
+TableauEdite Tete(const Presentation& presentation, std::size_t retrait) {
+  TableauEdite tete{.coin = Blancs(retrait)};
+  for (const std::string_view colonne : presentation.colonnes) tete.colonnes.push_back({std::string(colonne)});
+  return tete;
 }
 
-// One line of coordinates or the labels above it.
+Rangee RangeeDe(std::string_view titre, std::span<const double> valeurs, int decimales) {
+  Rangee rangee{std::string(titre)};
+  rangee.cellules.reserve(valeurs.size() + 2);
+  for (const double valeur : valeurs) rangee.cellules.push_back({valeur, Unite::Nombre, decimales});
+  return rangee;
+}
+
+// The rows go to the driver one by one: the cells of a large table are not held twice.
+void ImprimerSansTotaux(Rapport& rapport, const Presentation& presentation, const Matrice& cellules) {
+  constexpr int kDecimales = 1;
+  const FormeEnRangees forme{.titre = kLargeurLigne, .places = {PlaceDeCase(presentation)}};
+  ImprimeurDeRangees imprimeur(rapport, forme, cellules.Colonnes());
+  imprimeur.Tete(Tete(presentation, kRetrait));
+  for (std::size_t i = 0; i < cellules.Lignes(); ++i)
+    imprimeur.Imprimer(RangeeDe(presentation.lignes[i], cellules.Ligne(i), kDecimales));
+}
+
+void ImprimerAvecTotaux(Rapport& rapport, const Presentation& presentation, std::size_t retrait,
+                        const Matrice& cellules, const crosstab::Marges& marges, int decimales) {
+  FormeEnRangees forme{.titre = kLargeurLigne};
+  forme.places.assign(cellules.Colonnes(), PlaceDeCase(presentation));
+  forme.places.push_back(PlaceDeTotal(presentation));
+  TableauEdite tete = Tete(presentation, retrait);
+  tete.colonnes.push_back({" TOT."});
+  ImprimeurDeRangees imprimeur(rapport, forme, tete.colonnes.size());
+  imprimeur.Tete(tete);
+  const auto imprimer = [&](std::string_view titre, std::span<const double> valeurs, double total) {
+    Rangee rangee = RangeeDe(titre, valeurs, decimales);
+    rangee.cellules.push_back({total, Unite::Nombre, decimales});
+    imprimeur.Imprimer(rangee);
+  };
+  for (std::size_t i = 0; i < cellules.Lignes(); ++i)
+    imprimer(presentation.lignes[i], cellules.Ligne(i), marges.lignes[i]);
+  imprimer("TOT.", marges.colonnes, marges.total);
+}
+
+// Percentages of the rows, with the share of each row behind 100.
+void ImprimerPourcentages(Rapport& rapport, const Presentation& presentation,
+                          const crosstab::DetailsDuTableau& details) {
+  constexpr int kDecimales = 1;
+  const Cellule cent{100.0, Unite::Pourcent};
+  FormeEnRangees forme{.titre = kLargeurLigne};
+  forme.places.assign(presentation.colonnes.size(), PlaceDeCase(presentation));
+  forme.places.push_back({"  ", 3});
+  forme.places.push_back(PlaceDeTotal(presentation));
+  TableauEdite tete = Tete(presentation, kRetraitDesDeuxPremiers);
+  tete.colonnes.insert(tete.colonnes.end(), {{"   TOT."}, {""}});
+  ImprimeurDeRangees imprimeur(rapport, forme, tete.colonnes.size());
+  imprimeur.Tete(tete);
+  for (std::size_t i = 0; i < presentation.lignes.size(); ++i) {
+    Rangee rangee = RangeeDe(presentation.lignes[i], details.pourcentages.Ligne(i), kDecimales);
+    rangee.cellules.insert(rangee.cellules.end(), {cent, {details.partsLignes[i], Unite::Pourcent, kDecimales}});
+    imprimeur.Imprimer(rangee);
+  }
+  Rangee pied = RangeeDe("TOT.", details.partsColonnes, kDecimales);
+  pied.cellules.push_back(cent);
+  pied.intitule = "   100";  // whatever the width of the shares above it
+  imprimeur.Imprimer(pied);
+}
+
+// Coordinates in thousandths under the labels of their elements.
 void ImprimerAxe(Rapport& rapport, std::span<const std::string_view> intitules, std::span<const double> coordonnees,
                  int largeur) {
-  rapport.Suite(Blancs(5));
-  for (const std::string_view intitule : intitules) rapport.Suite(CadreDroit(intitule, largeur));
+  TableauEdite axe{.coin = Blancs(5), .rangees = {{Blancs(2)}}};
+  for (const std::string_view intitule : intitules) axe.colonnes.push_back({std::string(intitule)});
+  for (const double coordonnee : coordonnees) axe.rangees[0].cellules.push_back({1000 * coordonnee});
+  ImprimerRangees(rapport, axe, {.places = {{.entiers = largeur, .titre = TitreDeColonne::ADroite}}});
   rapport.Ligne();
-  rapport.Suite(Blancs(2));
-  for (const double coordonnee : coordonnees) rapport.Suite(NombreFixe(1000 * coordonnee, largeur, 0));
-  rapport.Ligne();
-  rapport.Ligne();
+}
+
+// The rows up to the first whose figure has no value: there the report stops.
+void ImprimerValeurs(Rapport& rapport, std::span<const Rangee> rangees, const std::vector<PlaceEnRangee>& places) {
+  const auto manque = [](const Rangee& rangee) {
+    const Cellule& figure = rangee.cellules.front();
+    return !figure.valeur && figure.marque.empty();
+  };
+  const auto fin = std::ranges::find_if(rangees, manque);
+  ImprimerListe(rapport, {rangees.begin(), fin}, places);
+  if (fin != rangees.end()) throw Erreur(kDivisionParZero);
 }
 
 }  // namespace
@@ -99,72 +126,79 @@ void ImprimerFacteur(Rapport& rapport, const Presentation& presentation, const c
   rapport.Ligne("Coordonnées factorielles du premier facteur de l'analyse des correspondances"_w);
   ImprimerAxe(rapport, presentation.colonnes, facteur.colonnes, largeur);
   ImprimerAxe(rapport, presentation.lignes, facteur.lignes, largeur);
-  rapport.Ligne({"Première valeur propre="_w, NombreFixe(facteur.valeurPropre, presentation.largeur, 4)});
+  constexpr int kDecimales = 4;
+  const Rangee valeurPropre{
+      Joindre({"Première valeur propre="_w}), {}, {{facteur.valeurPropre, Unite::Nombre, kDecimales}}};
+  ImprimerListe(rapport, {&valeurPropre, 1}, {{.entiers = presentation.largeur}});
 }
 
 void ImprimerTableaux(Rapport& rapport, const Presentation& presentation, const TableauxAEditer& tableaux,
                       OrdresTries tries) {
+  constexpr int kEffectifs = 0;
+  constexpr int kTheoriques = 1;
   const crosstab::DetailsDuTableau& details = tableaux.details;
-  Lignes entiers(rapport, presentation, 0);
-  Lignes dixiemes(rapport, presentation, 1);
+  const crosstab::Marges& marges = tableaux.table.marges;
+  const auto sansTotaux = [&](const Matrice& cellules) { ImprimerSansTotaux(rapport, presentation, cellules); };
 
   if (tries.lignes || tries.colonnes) rapport.Ligne({"Impression du tableau de données : l"_w, SuiteDeLaPhrase(tries)});
   else rapport.Ligne("Impression du tableau de données dans l'ordre d'origine des lignes et des colonnes"_w);
-  entiers.AvecTotaux(kRetraitDesDeuxPremiers, tableaux.table.effectifs, tableaux.table);
+  ImprimerAvecTotaux(rapport, presentation, kRetraitDesDeuxPremiers, tableaux.table.effectifs, marges, kEffectifs);
   rapport.Ligne();
-  ImprimerPourcentages(rapport, dixiemes, presentation, details);
+  rapport.Ligne(Blancs(7));
+  rapport.Ligne("Pourcentages en lignes et des marges ");
+  ImprimerPourcentages(rapport, presentation, details);
   rapport.Ligne();
   rapport.Ligne(Blancs(7));
   rapport.Ligne("Différence au pourcentage moyen"_w);
-  dixiemes.SansTotaux(details.differences);
+  sansTotaux(details.differences);
   rapport.Ligne();
   rapport.Ligne(Blancs(6));
   rapport.Ligne("Impression des effectifs théoriques"_w);
-  dixiemes.AvecTotaux(kRetrait, details.theoriques, tableaux.table);
+  ImprimerAvecTotaux(rapport, presentation, kRetrait, details.theoriques, marges, kTheoriques);
   rapport.Ligne();
   rapport.Ligne("Impression des écarts à l'indépendance"_w);
-  dixiemes.SansTotaux(details.ecarts);
+  sansTotaux(details.ecarts);
   rapport.Ligne();
   rapport.Ligne("Impression du tableau diagonalisé (diagonale chargée au maximum)"_w);
-  entiers.AvecTotaux(kRetrait, tableaux.maximum, tableaux.table);
+  ImprimerAvecTotaux(rapport, presentation, kRetrait, tableaux.maximum, marges, kEffectifs);
   rapport.Ligne();
   rapport.Ligne("Impression des contributions au Khi-deux ");
-  dixiemes.SansTotaux(details.contributions);
+  sansTotaux(details.contributions);
   rapport.Ligne();
   rapport.Ligne("Impression des PEM  ");
-  dixiemes.SansTotaux(tableaux.attractions.pem);
+  sansTotaux(tableaux.attractions.pem);
   rapport.Ligne();
   rapport.Ligne("Impression des Khi-deux relatifs à chaque PEM "_w);
-  dixiemes.SansTotaux(tableaux.attractions.khi2);
+  sansTotaux(tableaux.attractions.khi2);
 }
 
 void ImprimerPartDuFacteur(Rapport& rapport, const PartDuFacteur& part, int largeur) {
-  const auto nombre = [&](double valeur) { return NombreFixe(valeur, largeur, 1); };
-  rapport.Ligne({" qui représente "_w, nombre(part.duPhi2), "% du Phi-deux total"});
-  rapport.Ligne({"soit un khi-deux de ", nombre(part.khi2)});
-  rapport.Ligne({" sur un total du khi-deux du tableau d'origine de ", nombre(part.khi2Total)});
+  ImprimerListe(rapport, RangeesDeLaPart(part), {{.entiers = largeur}});
 }
 
 void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur) {
-  const auto quotient = [](const std::optional<double>& valeur, int largeurEntiere, int decimales) {
-    if (!valeur) throw Erreur(kDivisionParZero);
-    return NombreFixe(*valeur, largeurEntiere, decimales);
-  };
-  const auto somme = [&](double valeur) { return NombreFixe(valeur, largeur + 1, 2); };
+  const PlaceEnRangee somme{.entiers = largeur + 1};
+  const PlaceEnRangee pourcent{.entiers = 3};
+  const PlaceEnRangee compte{};
   if (!tries.lignes || !tries.colonnes) {
     rapport.Ligne("*** Attention, le PEM, le Khideux max et le Gamma n'ont de sens que si");
     rapport.Ligne("    le tableau a été maximisé dans l'ordre du premier facteur d'une AFC ***"_w);
   }
-  rapport.Ligne({"Somme des écarts positifs = "_w, somme(indices.observe.positifs)});
-  rapport.Ligne({"Somme des écarts positifs dans le cas du tableau diagonalisé= "_w, somme(indices.maximum.positifs)});
-  rapport.Ligne({"*** PEM global du tableau   =", quotient(indices.pem, 3, 2)});
-  rapport.Ligne({"*** Khideux du tableau= ", somme(indices.observe.khi2)});
-  rapport.Ligne({"Khideux dans le cas du tableau diagonalisé= "_w, somme(indices.maximum.khi2)});
-  rapport.Ligne({"Khideux/khideux max en %=", quotient(indices.khi2SurMaximum, 3, 2)});
-  rapport.Ligne({"Plus petite dimension du tableau = ", NombreNu(indices.plusPetiteDimension)});
-  rapport.Ligne({"Effectif du tableau = ", NombreNu(indices.effectif)});
-  rapport.Ligne({"Rapport de Cramér en %="_w, quotient(indices.rapportCramer, 3, 2)});
-  rapport.Ligne({"*** V de Cramér = "_w, quotient(indices.vCramer, 1, 3)});
+  ImprimerValeurs(rapport, RangeesDesIndices(indices),
+                  {somme, somme, pourcent, somme, somme, pourcent, compte, compte, pourcent, {.entiers = 1}});
+}
+
+void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma) {
+  const TableauEdite table = TableDeGamma(gamma);
+  const std::span<const Rangee> rangees = table.rangees;
+  const PlaceEnRangee place{.entiers = 3};
+  rapport.Ligne(titre);
+  rapport.Ligne();
+  rapport.Lignes(table.titres);
+  ImprimerValeurs(rapport, rangees.first(2), {place});
+  rapport.Ligne();
+  ImprimerValeurs(rapport, rangees.subspan(2), {place});
+  rapport.Ligne();
 }
 
 void ImprimerOrdre(Rapport& rapport, OrdresTries tries) { rapport.Ligne({"L", SuiteDeLaPhrase(tries)}); }

@@ -1,4 +1,5 @@
-// Prints the analysis of a counted table: the first factor, the nine tables, the counts of links and the indices.
+// Prints the analysis of a counted table: the first factor, the nine tables, the counts of links, the indices and
+// gamma.
 #pragma once
 
 #include <span>
@@ -6,6 +7,7 @@
 
 #include "core/programme/report.h"
 #include "tables/diagonalisation.h"
+#include "tables/gamma.h"
 #include "tables/indices.h"
 
 namespace quelvar::tables {
@@ -36,6 +38,9 @@ void ImprimerPartDuFacteur(Rapport& rapport, const PartDuFacteur& part, int larg
 
 // From "Somme des écarts positifs" to the V of Cramér. Raises kDivisionParZero at the line of an index without value.
 void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur);
+
+// Gamma under the title of its table. Raises kDivisionParZero at the line of gamma when it has no value.
+void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma);
 
 // The sentence on the order of rows and columns that closes the report.
 void ImprimerOrdre(Rapport& rapport, OrdresTries tries);

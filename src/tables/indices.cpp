@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "core/programme/erreur.h"
+#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
 
 namespace quelvar::tables {
 
@@ -36,6 +38,33 @@ IndicesGlobaux CalculerIndices(const crosstab::TableauCompte& table, const cross
 PartDuFacteur CalculerPart(double valeurPropre, double khi2, double effectif) {
   if (khi2 == 0) throw Erreur(kDivisionParZero);
   return {100 * valeurPropre / (khi2 / effectif), effectif * valeurPropre, khi2};
+}
+
+std::vector<Rangee> RangeesDesIndices(const IndicesGlobaux& indices) {
+  const auto rangee = [](Texte titre, const std::optional<double>& valeur, int decimales) {
+    return Rangee{std::string(titre.Vue()), {}, {{valeur, Unite::Nombre, decimales}}};
+  };
+  const auto compte = [](std::string_view titre, auto valeur) {
+    return Rangee{std::string(titre), {}, {{.marque = NombreNu(valeur)}}};
+  };
+  return {
+      rangee("Somme des écarts positifs = "_w, indices.observe.positifs, 2),
+      rangee("Somme des écarts positifs dans le cas du tableau diagonalisé= "_w, indices.maximum.positifs, 2),
+      rangee("*** PEM global du tableau   =", indices.pem, 2),
+      rangee("*** Khideux du tableau= ", indices.observe.khi2, 2),
+      rangee("Khideux dans le cas du tableau diagonalisé= "_w, indices.maximum.khi2, 2),
+      rangee("Khideux/khideux max en %=", indices.khi2SurMaximum, 2),
+      compte("Plus petite dimension du tableau = ", indices.plusPetiteDimension),
+      compte("Effectif du tableau = ", indices.effectif),
+      rangee("Rapport de Cramér en %="_w, indices.rapportCramer, 2),
+      rangee("*** V de Cramér = "_w, indices.vCramer, 3),
+  };
+}
+
+std::vector<Rangee> RangeesDeLaPart(const PartDuFacteur& part) {
+  return {{Joindre({" qui représente "_w}), "% du Phi-deux total", {{part.duPhi2, Unite::Pourcent, 1}}},
+          {"soit un khi-deux de ", {}, {{part.khi2, Unite::Nombre, 1}}},
+          {" sur un total du khi-deux du tableau d'origine de ", {}, {{part.khi2Total, Unite::Nombre, 1}}}};
 }
 
 }  // namespace quelvar::tables

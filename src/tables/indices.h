@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <vector>
 
+#include "core/resultats/tableau.h"
 #include "crosstab/tableau/statistiques.h"
 
 namespace quelvar::tables {
@@ -25,6 +27,9 @@ struct IndicesGlobaux {
 IndicesGlobaux CalculerIndices(const crosstab::TableauCompte& table, const crosstab::SommesDEcarts& observe,
                                const crosstab::SommesDEcarts& maximum);
 
+// The indices with their words, one a row; what has no value leaves its cell empty.
+std::vector<Rangee> RangeesDesIndices(const IndicesGlobaux& indices);
+
 // What the first factor takes of the chi-square of a table.
 struct PartDuFacteur {
   double duPhi2 = 0;  // percent
@@ -33,5 +38,6 @@ struct PartDuFacteur {
 };
 // Raises kDivisionParZero for a chi-square of 0.
 PartDuFacteur CalculerPart(double valeurPropre, double khi2, double effectif);
+std::vector<Rangee> RangeesDeLaPart(const PartDuFacteur& part);
 
 }  // namespace quelvar::tables

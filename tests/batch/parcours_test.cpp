@@ -157,6 +157,21 @@ TEST_P(ParcoursDUnJeu, AFullDiskAtAnyCallIsTheStateAndChangesNothing) {
   });
 }
 
+// Nobody writes where nobody may, root apart.
+TEST_P(Parcours, ADirectoryThatCannotBeWrittenIsTheStateAndChangesNothing) {
+  Parcourir([this](const Chantier& chantier) {
+    essai::Remettre(Dossier(), chantier.avant);
+    ::chmod(Dossier().c_str(), 0555);
+    const int etat = essai::Executer(chantier, Dossier(), [] {
+      constexpr uid_t kNobody = 65534;
+      if (::geteuid() == 0 && ::setuid(kNobody) != 0) _exit(3);
+    });
+    ::chmod(Dossier().c_str(), 0755);
+    EXPECT_EQ(etat, 1);
+    EXPECT_EQ(Ecarts(chantier.avant, essai::Lire(Dossier())), "");
+  });
+}
+
 TEST_P(Parcours, ADamagedInputChangesNothingElse) {
   Parcourir([this](const Chantier& chantier) {
     struct Dommage {

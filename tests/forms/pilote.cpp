@@ -87,10 +87,14 @@ void Pilote::Repondre(QDialog& boite) {
   reponse(boite);
 }
 
-Bureau::Bureau(bool pointeur) : programme_(dossier_.Chemin() / "programme"), donnees_(dossier_.Chemin() / "donnees") {
+Bureau::Bureau() : programme_(dossier_.Chemin() / "programme"), donnees_(dossier_.Chemin() / "donnees") {
   std::filesystem::create_directories(programme_);
   std::filesystem::create_directories(donnees_);
-  if (pointeur) EcrireOctets(programme_ / "Qvr2.in0", (donnees_ / "qvr2.ini").string() + "\r\n");
+}
+
+Bureau::Bureau(int niveau, std::string_view generique) : Bureau() {
+  EcrireOctets(programme_ / "Qvr2.in0", (donnees_ / "qvr2.ini").string() + "\r\n");
+  Ecrire("qvr2.ini", std::string(generique) + "\r\n " + std::to_string(niveau) + " \r\n");
 }
 
 quelvar::forms::Principal& Bureau::Ouvrir() {
@@ -116,7 +120,7 @@ std::string Bureau::Lire(const char* nom) const {
 QString Bureau::Texte() { return Controle<QPlainTextEdit>("Text1").toPlainText(); }
 
 QAction& Bureau::Action(const char* nom) {
-  auto* action = principal_->findChild<QAction*>(QString::fromUtf8(nom));
+  auto* action = Fenetre().findChild<QAction*>(QString::fromUtf8(nom));
   if (action == nullptr) throw std::runtime_error(std::string("no such menu entry: ") + nom);
   return *action;
 }
@@ -182,7 +186,10 @@ QStringList Lignes(const QWidget& forme, const char* liste) {
 bool Visible(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isVisible(); }
 bool Actif(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>(forme, nom).isEnabled(); }
 bool Coche(const QWidget& forme, const char* nom) { return Bureau::Dans<QAbstractButton>(forme, nom).isChecked(); }
-QString Etiquette(const QWidget& forme, const char* nom) { return Bureau::Dans<QLabel>(forme, nom).text(); }
+QString Etiquette(const QWidget& forme, const char* nom) {
+  if (const auto* texte = forme.findChild<QPlainTextEdit*>(QString::fromUtf8(nom))) return texte->toPlainText();
+  return Bureau::Dans<QLabel>(forme, nom).text();
+}
 QString Champ(const QWidget& forme, const char* nom) { return Bureau::Dans<QLineEdit>(forme, nom).text(); }
 
 namespace {

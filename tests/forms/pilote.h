@@ -49,12 +49,14 @@ class Pilote : public QObject {
 // A main form on a new directory, its settings in memory, what it starts outside written down.
 class Bureau {
  public:
-  // With `pointeur`, the program finds the directory as that of the last session.
-  explicit Bureau(bool pointeur = false);
+  Bureau();  // a first start: the program knows no directory
+  // The program finds the directory as that of the last session, which left this generic and level.
+  explicit Bureau(int niveau, std::string_view generique = "ENQ");
 
   // Makes the form; files put in the directory before are there at start-up.
   quelvar::forms::Principal& Ouvrir();
-  quelvar::forms::Principal& Fenetre() { return *principal_; }
+  // The form, which is made when it is not there.
+  quelvar::forms::Principal& Fenetre() { return principal_ ? *principal_ : Ouvrir(); }
   void Fermer() { principal_.reset(); }
 
   const std::filesystem::path& Dossier() const { return donnees_; }
@@ -120,7 +122,7 @@ QStringList Lignes(const QWidget& forme, const char* liste);
 bool Visible(const QWidget& forme, const char* nom);
 bool Actif(const QWidget& forme, const char* nom);
 bool Coche(const QWidget& forme, const char* nom);
-QString Etiquette(const QWidget& forme, const char* nom);
+QString Etiquette(const QWidget& forme, const char* nom);  // of a label, or of a text that the form only shows
 QString Champ(const QWidget& forme, const char* nom);
 
 // What holds for every window: one letter each, a name for every control that a screen reader meets, all of them within

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 
 #include "core/resultats/colonnedenombres.h"
 
@@ -14,66 +13,101 @@ const PlaceEnRangee& PlaceDe(const FormeEnRangees& forme, std::size_t colonne) {
   return forme.places[std::min(colonne, forme.places.size() - 1)];
 }
 
-// A column by its place and the decimals of its cells, which one column may mix.
-class ColonneEnRangees {
- public:
-  explicit ColonneEnRangees(const PlaceEnRangee& place) : place_(place), entiers_(place.entiers) {}
-
-  void Voir(const Cellule& cellule) {
-    if (!cellule.valeur || place_.elargissement == Elargissement::Aucun) return;
-    const Voisin voisin = place_.elargissement == Elargissement::DerriereUnNombre ? Voisin::Nombre : Voisin::Texte;
-    ColonneDeNombres colonne(entiers_, cellule.decimales, voisin);
-    colonne.Voir(*cellule.valeur);
-    entiers_ = colonne.Entiers();
-  }
-
-  void Ecrire(std::string& ligne, const Cellule& cellule) const {
-    ligne += place_.avant;
-    if (cellule.valeur) {
-      ligne += place_.elargissement == Elargissement::Aucun
-                   ? NombreFixe(*cellule.valeur, entiers_, cellule.decimales)
-                   : ColonneDeNombres(entiers_, cellule.decimales)(*cellule.valeur);
-      ligne += cellule.marque;
-    } else {
-      ligne += entiers_ == 0 ? cellule.marque : CadreGauche(cellule.marque, entiers_);
-    }
-  }
-
-  std::string Ajout() const { return CadreGauche("", entiers_ - place_.entiers); }
-
- private:
-  const PlaceEnRangee& place_;
-  int entiers_;
-};
-
 bool AUneTete(const TableauEdite& tableau) {
   return !tableau.coin.empty() ||
          std::ranges::any_of(tableau.colonnes, [](const Colonne& colonne) { return !colonne.titre.empty(); });
 }
 
+std::vector<ColonneEnRangees> Colonnes(const FormeEnRangees& forme, std::size_t nombre) {
+  std::vector<ColonneEnRangees> colonnes;
+  colonnes.reserve(nombre);
+  for (std::size_t j = 0; j < nombre; ++j) colonnes.emplace_back(PlaceDe(forme, j));
+  return colonnes;
+}
+
+void EcrireRangee(std::string& ligne, const Rangee& rangee, const FormeEnRangees& forme,
+                  const std::vector<ColonneEnRangees>& colonnes) {
+  if (forme.titre == 0) ligne += rangee.titre;
+  else ligne += CadreGauche(rangee.titre, forme.titre);
+  for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Ecrire(ligne, rangee.cellules[j]);
+  ligne += forme.avantIntitule;
+  ligne += rangee.intitule;
+}
+
 }  // namespace
 
-void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme) {
-  std::vector<ColonneEnRangees> colonnes;
-  colonnes.reserve(tableau.colonnes.size());
-  for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) colonnes.emplace_back(PlaceDe(forme, j));
-  for (const Rangee& rangee : tableau.rangees)
-    for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Voir(rangee.cellules[j]);
+void ColonneEnRangees::Voir(const Cellule& cellule) {
+  if (!cellule.valeur || place_.elargissement == Elargissement::Aucun) return;
+  const Voisin voisin = place_.elargissement == Elargissement::DerriereUnNombre ? Voisin::Nombre : Voisin::Texte;
+  ColonneDeNombres colonne(entiers_, cellule.decimales, voisin);
+  colonne.Voir(*cellule.valeur);
+  entiers_ = colonne.Entiers();
+}
 
-  for (const std::string& titre : tableau.titres) rapport.Ligne(titre);
-  std::string ligne;
-  if (AUneTete(tableau)) {
-    ligne = tableau.coin;
-    for (std::size_t j = 0; j < colonnes.size(); ++j) ligne += colonnes[j].Ajout() + tableau.colonnes[j].titre;
-    rapport.Ligne(ligne);
+void ColonneEnRangees::Ecrire(std::string& ligne, const Cellule& cellule) const {
+  ligne += place_.avant;
+  if (cellule.valeur) {
+    ligne += place_.elargissement == Elargissement::Aucun
+                 ? NombreFixe(*cellule.valeur, entiers_, cellule.decimales)
+                 : ColonneDeNombres(entiers_, cellule.decimales)(*cellule.valeur);
+    ligne += cellule.marque;
+  } else {
+    ligne += entiers_ == 0 ? cellule.marque : CadreGauche(cellule.marque, entiers_);
   }
-  for (const Rangee& rangee : tableau.rangees) {
-    ligne = forme.titre == 0 ? rangee.titre : CadreGauche(rangee.titre, forme.titre);
-    for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Ecrire(ligne, rangee.cellules[j]);
-    ligne += forme.avantIntitule;
-    ligne += rangee.intitule;
-    rapport.Ligne(ligne);
+}
+
+std::string ColonneEnRangees::Titre(std::string_view titre) const {
+  switch (place_.titre) {
+    case TitreDeColonne::AGauche: return CadreGauche(titre, entiers_);
+    case TitreDeColonne::ADroite: return CadreDroit(titre, entiers_);
+    case TitreDeColonne::TelQuel: break;
   }
+  return CadreGauche("", entiers_ - place_.entiers) + std::string(titre);
+}
+
+ImprimeurDeRangees::ImprimeurDeRangees(Rapport& rapport, const FormeEnRangees& forme, std::size_t colonnes)
+    : rapport_(rapport), forme_(forme), colonnes_(Colonnes(forme, colonnes)) {}
+
+void ImprimeurDeRangees::Voir(const Rangee& rangee) {
+  for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes_[j].Voir(rangee.cellules[j]);
+}
+
+void ImprimeurDeRangees::Tete(const TableauEdite& tableau) {
+  for (const std::string& titre : tableau.titres) rapport_.Ligne(titre);
+  if (!AUneTete(tableau)) return;
+  const auto imprimer = [&](std::string_view coin, std::string Colonne::*texte) {
+    ligne_ = coin;
+    for (std::size_t j = 0; j < colonnes_.size(); ++j) ligne_ += colonnes_[j].Titre(tableau.colonnes[j].*texte);
+    rapport_.Ligne(ligne_);
+  };
+  imprimer(tableau.coin, &Colonne::titre);
+  if (!forme_.coinDesIntitules.empty()) imprimer(forme_.coinDesIntitules, &Colonne::intitule);
+}
+
+void ImprimeurDeRangees::Imprimer(const Rangee& rangee) {
+  ligne_.clear();
+  EcrireRangee(ligne_, rangee, forme_, colonnes_);
+  rapport_.Ligne(ligne_);
+}
+
+void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme) {
+  ImprimeurDeRangees imprimeur(rapport, forme, tableau.colonnes.size());
+  for (const Rangee& rangee : tableau.rangees) imprimeur.Voir(rangee);
+  imprimeur.Tete(tableau);
+  for (const Rangee& rangee : tableau.rangees) imprimeur.Imprimer(rangee);
+}
+
+std::string TexteDeRangee(const Rangee& rangee, const FormeEnRangees& forme) {
+  std::vector<ColonneEnRangees> colonnes = Colonnes(forme, rangee.cellules.size());
+  for (std::size_t j = 0; j < colonnes.size(); ++j) colonnes[j].Voir(rangee.cellules[j]);
+  std::string texte;
+  EcrireRangee(texte, rangee, forme, colonnes);
+  return texte;
+}
+
+void ImprimerListe(Rapport& rapport, std::span<const Rangee> rangees, const std::vector<PlaceEnRangee>& places) {
+  for (std::size_t i = 0; i < rangees.size(); ++i)
+    rapport.Ligne(TexteDeRangee(rangees[i], {.places = {places[std::min(i, places.size() - 1)]}}));
 }
 
 }  // namespace quelvar

@@ -2,7 +2,10 @@
 // are minima: a column whose values need more widens as a whole where its place says so, and its heading moves along.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,22 +21,67 @@ enum class Elargissement : std::uint8_t {
   DerriereUnNombre,  // and keeps one blank before it
 };
 
+// How the heading shows the title of a column: as it stands, or cut and padded to the columns before the point.
+enum class TitreDeColonne : std::uint8_t { TelQuel, AGauche, ADroite };
+
 struct PlaceEnRangee {
   std::string_view avant = {};  // stands in front of the place in every row
   int entiers = 0;  // columns of the sign and the digits before the point; of the text of a cell without value
   Elargissement elargissement = Elargissement::Aucun;
+  int enPlus = 0;  // columns beyond those, which a number of the table wants: its heading moves along
+  TitreDeColonne titre = TitreDeColonne::TelQuel;
 };
 
 struct FormeEnRangees {
-  int titre = 0;                        // columns of the title, cut and padded; 0: as it stands
-  std::vector<PlaceEnRangee> places;    // one a column; the last one serves the columns that follow too
-  std::string_view avantIntitule = {};  // in front of the label; it ends the rows without label as well
+  int titre = 0;                           // columns of the title, cut and padded; 0: as it stands
+  std::vector<PlaceEnRangee> places = {};  // one a column; the last one serves the columns that follow too
+  std::string_view avantIntitule = {};     // in front of the label; it ends the rows without label as well
+  std::string_view coinDesIntitules = {};  // in front of the labels of the columns, a second heading; empty: none
 };
 
 // The lines above the table as they stand, the heading if there is one (the corner, then the titles of the columns,
-// each moved by what its column has widened), and the rows. A cell without a value shows its mark as a text: cut and
-// padded to its place, or as it stands in a place of no columns. Raises kArgumentIncorrect or kDepassementCapacite for
-// a value that is not finite.
+// each moved by what its column has widened; the labels below on request), and the rows. A cell without a value shows
+// its mark as a text: cut and padded to its place, or as it stands in a place of no columns. Raises kArgumentIncorrect
+// or kDepassementCapacite for a value that is not finite.
 void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme);
+
+// One row as it would stand in a table of its own: a sentence with figures, or the title of a table.
+std::string TexteDeRangee(const Rangee& rangee, const FormeEnRangees& forme);
+
+// A list of figures: rows of one cell, each in a place of its own.
+// The last place serves the rows that follow too.
+void ImprimerListe(Rapport& rapport, std::span<const Rangee> rangees, const std::vector<PlaceEnRangee>& places);
+
+// The column of a table by its place and what was seen of its cells, which may mix decimals.
+class ColonneEnRangees {
+ public:
+  explicit ColonneEnRangees(const PlaceEnRangee& place) : place_(place), entiers_(place.entiers + place.enPlus) {}
+
+  void Voir(const Cellule& cellule);
+  void Ecrire(std::string& ligne, const Cellule& cellule) const;
+  // A title in the heading.
+  std::string Titre(std::string_view titre) const;
+
+ private:
+  PlaceEnRangee place_;
+  int entiers_;
+};
+
+// The same, row by row, for tables that are too large to be held as cells. Columns that widen must have seen their rows
+// before the first is printed.
+class ImprimeurDeRangees {
+ public:
+  ImprimeurDeRangees(Rapport& rapport, const FormeEnRangees& forme, std::size_t colonnes);
+
+  void Voir(const Rangee& rangee);
+  void Tete(const TableauEdite& tableau);
+  void Imprimer(const Rangee& rangee);
+
+ private:
+  Rapport& rapport_;
+  const FormeEnRangees& forme_;
+  std::vector<ColonneEnRangees> colonnes_;
+  std::string ligne_;
+};
 
 }  // namespace quelvar

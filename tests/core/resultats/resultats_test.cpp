@@ -77,6 +77,31 @@ TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
             "B   |-12345.0 123456   12345; \r\n");
 }
 
+TEST(Rangees, HeadingsFollowTheirPlacesAndListsHaveAPlaceARow) {
+  TableauEdite tableau;
+  tableau.coin = " COL:";
+  tableau.colonnes = {{" SEX ", " 1   "}, {"Label", "2"}, {"Label", "3"}};
+  tableau.rangees = {{"SEX1 ", {}, {{1234567.0}, {1.0}, {2.0, Unite::Nombre, 1}}}};
+  const FormeEnRangees forme{.places = {{.entiers = 5, .enPlus = 3},
+                                        {.avant = " ", .entiers = 3, .titre = TitreDeColonne::AGauche},
+                                        {.entiers = 7, .titre = TitreDeColonne::ADroite}},
+                             .coinDesIntitules = "Modal.  "};
+  const essai::DossierTemporaire dossier;
+  const Chemin chemin = dossier.Chemin() / "R.PRT";
+  Rapport rapport(chemin);
+  ImprimerRangees(rapport, tableau, forme);
+  const std::vector<Rangee> liste = {{"Khi-deux = ", " !", {{12.25, Unite::Nombre, 1}}}, {"p = ", {}, {{0.5}}}};
+  ImprimerListe(rapport, liste, {{.entiers = 4}, {.avant = "<", .entiers = 2}});
+  rapport.Achever();
+  rapport.Valider();
+  EXPECT_EQ(LireOctets(chemin),
+            " COL:    SEX Lab  Label\r\n"
+            "Modal.      1   2        3\r\n"
+            "SEX1  1234567   1      2.0\r\n"
+            "Khi-deux =   12.2 !\r\n"
+            "p = < 0\r\n");
+}
+
 // Two rows and two columns of a crosstab with their margins, and the eigenvalues of a table.
 std::vector<TableauEdite> Exemples() {
   TableauEdite croisement;

@@ -21,7 +21,7 @@ using essai::Pilote;
 using quelvar::operator""_w;
 
 struct BureauEnq : Bureau {
-  BureauEnq() : Bureau(true) { Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n"); }
+  BureauEnq() : Bureau(1) {}
   QString Chemin(const char* nom) const { return QString::fromStdString((Dossier() / nom).string()); }
   quelvar::forms::TexteFixe& Text1() { return Controle<quelvar::forms::TexteFixe>("Text1"); }
 };

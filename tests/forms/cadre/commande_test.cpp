@@ -41,8 +41,7 @@ Fichiers FichiersDe(const std::filesystem::path& dossier) {
 
 class BureauDEnquete : public Bureau {
  public:
-  BureauDEnquete() : Bureau(true) {
-    Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+  BureauDEnquete() : Bureau(2) {
     Ecrire("ENQ.POS", "ENQ\r\n 6 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   212 $Age$\r\nLEC   4 3 $Lecture$ &ACT&\r\n");
     Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 73\r\n2 11\r\n1 42\r\n2 63\r\n");
     Ecrire("ENQ.MOD",

@@ -26,8 +26,7 @@ std::vector<frmSDI*> Editeurs() {
 
 class MenuEditeur : public testing::Test {
  protected:
-  MenuEditeur() : bureau(true) {
-    bureau.Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n");
+  MenuEditeur() : bureau(1) {
     bureau.Ecrire("enq.pos", "ENQ\r\n 3 \r\nSEX   1 2\r\n");
     bureau.Ecrire("ENQ.DAT", "1\r\n2\r\n1\r\n");
     bureau.Ouvrir();

@@ -30,8 +30,7 @@ constexpr const char* kDat = "1\r\n2\r\n1\r\n";
 
 // A directory with the data set ENQ, opened at start-up.
 struct BureauOuvert : Bureau {
-  explicit BureauOuvert(int niveau = 1) : Bureau(true) {
-    Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
+  explicit BureauOuvert(int niveau = 1) : Bureau(niveau) {
     Ecrire("ENQ.POS", kPos);
     Ecrire("ENQ.DAT", kDat);
     Ouvrir();
@@ -51,8 +50,7 @@ TEST(Principal, PremierDemarrage) {
 }
 
 TEST(Principal, UnGeneriqueDUneAutreEcritureSeMontreTelQuel) {
-  Bureau bureau(true);
-  bureau.Ecrire("qvr2.ini", quelvar::NomDepuisUtf8("Да") + "\r\n 1 \r\n");
+  Bureau bureau(1, quelvar::NomDepuisUtf8("Да"));
   bureau.Ecrire("Да.POS", kPos);
   bureau.Ecrire("Да.DAT", kDat);
   bureau.Ecrire("Нет.POS", kPos);

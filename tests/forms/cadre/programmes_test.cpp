@@ -35,9 +35,7 @@ using quelvar::forms::Prem;
 constexpr const char* kCsv = "NUM;SEX Sexe;AGE Age\r\n1;1;3\r\n2;2;1\r\n3;1;2\r\n";
 
 struct BureauEnq : Bureau {
-  explicit BureauEnq(int niveau) : Bureau(true) {
-    Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
-  }
+  using Bureau::Bureau;
   void AvecDonnees() {
     Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2 $Sexe$\r\nAGE   2 3 $Age$\r\n");
     Ecrire("ENQ.DAT", "13\r\n21\r\n12\r\n 9\r\n");

@@ -58,8 +58,7 @@ class Silence : public QObject {
 
 // A survey on which every program has been run, so that every form finds what it reads.
 struct BureauComplet : Bureau {
-  explicit BureauComplet(int niveau = 2) : Bureau(true) {
-    Ecrire("qvr2.ini", niveau == 2 ? "ENQ\r\n 2 \r\n" : "ENQ\r\n 1 \r\n");
+  explicit BureauComplet(int niveau = 2) : Bureau(niveau) {
     Ecrire("ENQ.POS", "ENQ\r\n 24 \r\nSEX   1 2 $Sexe$\r\nAGE   2 3 $Age$\r\nLEC   3 3 $Lecture$\r\n");
     std::string dat;
     for (int i = 0; i < 24; ++i)

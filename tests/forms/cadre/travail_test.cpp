@@ -28,8 +28,7 @@ using essai::Pilote;
 using essai::Taper;
 
 struct BureauAuTravail : Bureau {
-  BureauAuTravail() : Bureau(true) {
-    Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+  BureauAuTravail() : Bureau(2) {
     Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   2 3 $Age$ &SUP&\r\nCSP   3 1\r\n");
     Ecrire("ENQ.DAT", "111\r\n221\r\n130\r\n111\r\n");
     Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=2 \r\nSEX1   Homme\r\nSEX2   \r\n");

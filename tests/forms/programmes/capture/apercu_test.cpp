@@ -40,8 +40,7 @@ constexpr std::string_view kEnquete =
     "Femme;23;1;fr, en\r\nHomme;41;2;fr\r\nNSP;35;1;en\r\nFemme;67;3;fr, en\r\nHomme;52;2;fr\r\nFemme;18;1;en\r\n";
 
 struct BureauNeuf : Bureau {
-  explicit BureauNeuf(std::string_view contenu, const char* nom = "mon enquête.csv") : Bureau(true) {
-    Ecrire("qvr2.ini", "AVANT\r\n 1 \r\n");
+  explicit BureauNeuf(std::string_view contenu, const char* nom = "mon enquête.csv") : Bureau(1, "AVANT") {
     fichier = Dossier() / nom;
     essai::EcrireOctets(fichier, contenu);
     Ouvrir();

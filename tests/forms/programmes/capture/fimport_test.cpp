@@ -10,31 +10,19 @@
 
 using namespace quelvar::forms;
 
-namespace {
-
 using essai::Bureau;
 using essai::Cliquer;
 using essai::Etiquette;
 using essai::Pilote;
 
-struct BureauEnq : Bureau {
-  explicit BureauEnq(int niveau) : Bureau(true) {
-    Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
-  }
-};
-
-QString Aide(FImport& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextAide").toPlainText(); }
-
-}  // namespace
-
 TEST(FImport, SansSource) {
-  BureauEnq bureau(2);
+  Bureau bureau(2);
   bureau.Ecrire("autre.csv", "SEX\r\n1\r\n");
   bureau.Ouvrir();
   Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
   ASSERT_NE(bureau.Forme<FImport>(), nullptr);
   FImport& forme = *bureau.Forme<FImport>();
-  EXPECT_EQ(Aide(forme),
+  EXPECT_EQ(Etiquette(forme, "TextAide"),
             "Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
             "l'absence de fichiers.\nAnnulez ou prenez l'option d'importation d'un tableau de Burt.\n");
   Pilote pilote;
@@ -53,7 +41,7 @@ TEST(FImport, SansSource) {
 }
 
 TEST(FImport, DonneesSeules) {
-  BureauEnq bureau(1);
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DAT", "12\r\n31\r\n");
   bureau.Ecrire("ENQ.IMP", "un ancien rapport\r\n");
   bureau.Ouvrir();
@@ -68,7 +56,7 @@ TEST(FImport, DonneesSeules) {
     return presents;
   };
   EXPECT_EQ(presence(), "DAT IMP ");
-  EXPECT_EQ(Aide(forme), "Importation d'un fichier dBase (*.DBF).\n");
+  EXPECT_EQ(Etiquette(forme, "TextAide"), "Importation d'un fichier dBase (*.DBF).\n");
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau.Forme<FImport>(), nullptr);
   EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 2 \r\n001   1 3\r\n002   2 2\r\n");
@@ -77,31 +65,26 @@ TEST(FImport, DonneesSeules) {
 }
 
 TEST(FImport, LesDonneesRemplaceesSontAnnoncees) {
-  BureauEnq bureau(1);
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DBF", "");
   bureau.Ecrire("ENQ.DAT", "12\r\n");
   bureau.Ouvrir();
-  EXPECT_TRUE(Aide(bureau.Demander<FImport>("mnuImport")).contains("seront remplacés"));
+  EXPECT_TRUE(Etiquette(bureau.Demander<FImport>("mnuImport"), "TextAide").contains("seront remplacés"));
 }
 
 TEST(FImport, TableauDeBurt) {
-  BureauEnq bureau(2);
+  Bureau bureau(2);
   bureau.Ecrire("sas.txt", "SEX1Homme 4 0\r\nSEX2Femme 0 6\r\n");
   bureau.Ouvrir();
   Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
   ASSERT_NE(bureau.Forme<FImport>(), nullptr);
   FImport& forme = *bureau.Forme<FImport>();
   Cliquer(forme, {"CheckBRT", "OptUtil"});
-  EXPECT_TRUE(
-      Aide(forme).contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
-                           "     ods  output   Burt=fichtemp ;\n"));
+  EXPECT_TRUE(Etiquette(forme, "TextAide")
+                  .contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
+                            "     ods  output   Burt=fichtemp ;\n"));
   Pilote pilote;
-  QString commande;
-  pilote.Faire([&](QDialog& boite) {
-    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
-    boite.reject();
-  });
-  Cliquer(forme, "BoutCommande");
+  const QString commande = CommandeMontree(pilote, forme);
   EXPECT_EQ(commande, "quelvar-batch --niveau 2 import-burt ENQ noms=util");
   pilote.Choisir(QString::fromStdString((bureau.Dossier() / "sas.txt").string()));
   Cliquer(forme, "BoutFichier");

@@ -25,10 +25,6 @@ using essai::Pilote;
 using essai::Taper;
 using essai::Visible;
 
-struct BureauEnq : Bureau {
-  BureauEnq() : Bureau(true) { Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n"); }
-};
-
 void Touches(Saisief& forme, std::initializer_list<Qt::Key> touches) {
   auto& zone = Bureau::Dans<QWidget>(forme, "TextMod");
   for (const Qt::Key touche : touches) QTest::keyClick(&zone, touche);
@@ -40,12 +36,11 @@ void Ecrire(Saisief& forme, const QString& texte) {
     QApplication::sendEvent(&zone, &touche);
   }
 }
-QString Message(Saisief& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
 
 }  // namespace
 
 TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   EXPECT_FALSE(essai::Actif(des, "BoutSaisie")) << "no question yet";
@@ -84,7 +79,7 @@ TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
 
 // What is typed when the descriptor is ended belongs to it, a correction as well as a new question.
 TEST(SaisieDes, CeQuiNEstPasValide) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   const auto frapper = [&](const char* nom, const char* codeMax) {
@@ -120,7 +115,7 @@ TEST(SaisieDes, CeQuiNEstPasValide) {
 
 // The keyboard alone: behind an alphabetic question the kinds begin again with the short numeric, where Tab goes.
 TEST(SaisieDes, LesGenresAuClavier) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   const auto frapper = [&](const char* nom, int bas, const char* codeMax) {
@@ -146,7 +141,7 @@ TEST(SaisieDes, LesGenresAuClavier) {
 }
 
 TEST(SaisieDes, QuitterSansEnregistrer) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   const QString avant = bureau.Texte();
@@ -165,7 +160,7 @@ TEST(SaisieDes, QuitterSansEnregistrer) {
 }
 
 TEST(Saisief, UnIndividuAuClavier) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DES", "SEX     2     \r\nNOM     8A    \r\nCP1     5A NUM\r\n");
   bureau.Ecrire("ENQ.MOD", "ENQ\r\n\r\nSEX2   Femme\r\n");
   bureau.Ouvrir();
@@ -176,7 +171,7 @@ TEST(Saisief, UnIndividuAuClavier) {
   EXPECT_EQ(etat("LabelType") + etat("LabelConseil"), " Numérique de code-max =2 Vide : utiliser le clavier numérique");
   EXPECT_FALSE(Visible(forme, "FrMsg"));
   Touches(forme, {Qt::Key_Return});
-  EXPECT_EQ(Message(forme), "Enregistrement vide non conservé");
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "Enregistrement vide non conservé");
   EXPECT_FALSE(bureau.Existe("ENQ.DAT"));
 
   Touches(forme, {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right});
@@ -212,7 +207,7 @@ TEST(Saisief, UnIndividuAuClavier) {
 }
 
 TEST(Saisief, SaisieDirecteEtTouchesTenues) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DES", "SEX     2     \r\nAGE    25     \r\nENF     9     \r\n");
   bureau.Ouvrir();
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
@@ -228,18 +223,13 @@ TEST(Saisief, SaisieDirecteEtTouchesTenues) {
   }
   EXPECT_EQ(bureau.Lire("ENQ.DAT"), "1254\r\n");
   Pilote pilote;
-  QString commande;
-  pilote.Faire([&](QDialog& boite) {
-    commande = Bureau::Dans<QLineEdit>(boite, "Commande").text();
-    boite.reject();
-  });
-  Cliquer(forme, "BoutCommande");
+  const QString commande = CommandeMontree(pilote, forme);
   EXPECT_TRUE(commande.startsWith("quelvar-batch saisie ENQ directe=oui  # ")) << commande.toStdString();
   EXPECT_EQ(forme.focusWidget(), &zone) << "the keyboard is back on the answer";
 }
 
 TEST(Saisief, ArreterDevantLesFautes) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DES", "NUL     0     \r\n");
   bureau.Ouvrir();
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
@@ -251,13 +241,15 @@ TEST(Saisief, ArreterDevantLesFautes) {
 }
 
 TEST(Saisief, FautesAvantLaPremiereQuestion) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DES", "SEX     2     \r\nNUL     0     \r\n");
   bureau.Ecrire("ENQ.DAT", "1\r\n");
   bureau.Ouvrir();
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
-  EXPECT_TRUE(Message(forme).startsWith(
-      "*** Attention un code numérique a comme code-max 0 à la question  Question NUL    \n*** Erreur : "));
+  EXPECT_TRUE(
+      Etiquette(forme, "TextMsg")
+          .startsWith(
+              "*** Attention un code numérique a comme code-max 0 à la question  Question NUL    \n*** Erreur : "));
   Touches(forme, {Qt::Key_Right});
   EXPECT_EQ(Etiquette(forme, "TextMod"), " 0") << "the faults come first";
   const auto devant = [&] { return forme.focusWidget()->objectName(); };
@@ -284,7 +276,7 @@ TEST(Saisief, FautesAvantLaPremiereQuestion) {
 }
 
 TEST(Saisief, RevoirEtCorriger) {
-  BureauEnq bureau;
+  Bureau bureau(1);
   bureau.Ecrire("ENQ.DES", "SEX     2     \r\nNOM     3A    \r\n");
   std::string donnees;
   for (int i = 0; i < 50; ++i) donnees += "1abc\r\n";
@@ -303,7 +295,7 @@ TEST(Saisief, RevoirEtCorriger) {
   EXPECT_EQ(Etiquette(forme, "LabelEnCours"), "1 (correction)");
   QTest::keyClick(&liste, Qt::Key_Return);
   Touches(forme, {Qt::Key_Right, Qt::Key_Return});
-  EXPECT_EQ(Message(forme), "Enregistrement 1 corrigé");
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "Enregistrement 1 corrigé");
   EXPECT_EQ(Etiquette(forme, "LabelEnCours"), "51") << "back to the next individual";
   donnees[0] = '2';
   EXPECT_EQ(bureau.Lire("ENQ.DAT"), donnees);
@@ -322,7 +314,7 @@ TEST(Saisief, RevoirEtCorriger) {
   }
   EXPECT_EQ(bureau.Lire("ENQ.DAT"), donnees);
   Touches(forme, {Qt::Key_Right, Qt::Key_F4});
-  EXPECT_TRUE(Message(forme).startsWith("l'enregistrement en cours n'est pas validé"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("l'enregistrement en cours n'est pas validé"));
   Touches(forme, {Qt::Key_Delete, Qt::Key_F4});
   QTest::keyClick(&liste, Qt::Key_Escape);
   EXPECT_EQ(Etiquette(forme, "LabelEnCours"), "51");

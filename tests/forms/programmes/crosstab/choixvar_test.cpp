@@ -31,8 +31,7 @@ using quelvar::forms::VueDessin;
 
 // Eight individuals: SEX x VOT 3 1 / 1 3; REG has three codes.
 struct BureauDEnquete : Bureau {
-  explicit BureauDEnquete(int niveau = 2) : Bureau(true) {
-    Ecrire("qvr2.ini", niveau == 1 ? "ENQ\r\n 1 \r\n" : "ENQ\r\n 2 \r\n");
+  explicit BureauDEnquete(int niveau = 2) : Bureau(niveau) {
     Ecrire("ENQ.POS", "ENQ\r\n 8 \r\nSEX   1 2 $Sexe$\r\nVOT   2 2 $Vote$\r\nREG   3 3\r\n");
     std::filesystem::create_directories(DossierProgramme() / "aide");
     essai::EcrireOctets(DossierProgramme() / "aide" / "QuelvarAide.html", "<h2 id=\"8\">Tri</h2>");

@@ -24,8 +24,7 @@ using essai::Pilote;
 // Ten people, sex and reading, analysed: Burt table SEX1 5 0 3 1 1, SEX2 0 5 1 2 2, LEC1 3 1 4 0 0, LEC2 1 2 0 3 0,
 // LEC3 1 2 0 0 3.
 struct BureauAnalyse : Bureau {
-  BureauAnalyse() : Bureau(true) {
-    Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n");
+  BureauAnalyse() : Bureau(1) {
     Ecrire("ENQ.POS", "ENQ\r\n 10 \r\nSEX   1 2 $Sexe$\r\nLEC   2 3 $Lecture$\r\n");
     Ecrire("ENQ.DAT", "11\r\n11\r\n11\r\n12\r\n13\r\n21\r\n22\r\n22\r\n23\r\n23\r\n");
     quelvar::Dialogue muet;

@@ -27,7 +27,6 @@ using namespace quelvar;
 class FormeAnecar : public testing::Test {
  protected:
   FormeAnecar() {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
     bureau_.Ecrire("ENQ.MOD",
                    "Essai\r\n BRT=1 LIGN=12 LSUP=8 COL=4 FMT=1 CDG=1\r\nA1     Oui\r\nA2     Non\r\nB1\r\nB2\r\n");
     bureau_.Ecrire("ENQ.BRT",
@@ -40,20 +39,13 @@ class FormeAnecar : public testing::Test {
     bureau_.Ecrire("AUT.MOD", "Autre\r\n LIGN=3 FMT=3\r\nX\r\nY\r\nZ\r\n");
     bureau_.Ecrire("AUT.BRT", "L1   20  5  1Ouvriers\r\nL2    4 20  4Cadres\r\nL3    1  5 20Autres\r\n");
   }
-  ChoixAnecar& Ouvrir(const char* menu = "mnuAnecar") {
-    if (!ouvert_) bureau_.Ouvrir();
-    ouvert_ = true;
-    return bureau_.Demander<ChoixAnecar>(menu);
-  }
+  ChoixAnecar& Ouvrir(const char* menu = "mnuAnecar") { return bureau_.Demander<ChoixAnecar>(menu); }
   void ChoisirGenerique(const QString& generique) {
-    if (!ouvert_) bureau_.Ouvrir();
-    ouvert_ = true;
     ASSERT_TRUE(bureau_.Fenetre().ServicesDesFormes().accepterGenerique(generique));
   }
   bool Rapporte(const char* texte) { return bureau_.Texte().contains(QString::fromUtf8(texte)); }
 
-  Bureau bureau_{true};
-  bool ouvert_ = false;
+  Bureau bureau_{2};
 };
 
 constexpr const char* kDetails[] = {"CaseCDG", "Inv1", "Inv2", "Inv3", "TriEdit", "ChkCAH"};

@@ -36,8 +36,7 @@ using quelvar::forms::VueDessin;
 
 // Four columns at the corners of the plane, two individuals, links, a classification.
 struct BureauDePlan : Bureau {
-  explicit BureauDePlan(bool liens = true) : Bureau(true) {
-    Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+  explicit BureauDePlan(bool liens = true) : Bureau(2) {
     Ecrire("ENQ.POS", "ENQ\r\n 2 \r\nSEX   1 2 $Sexe$\r\n");
     Ecrire("ENQ.DAT", "1 $$le mot en son lieu\r\n2\r\n");
     Ecrire("ENQ.MOD",

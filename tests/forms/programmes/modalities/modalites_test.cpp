@@ -25,18 +25,14 @@ using namespace quelvar;
 class FormesDesModalites : public testing::Test {
  protected:
   FormesDesModalites() {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
     bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   2 3 $Age$ &SUP&\r\nCSP   3 1\r\n");
     bureau_.Ecrire("ENQ.DAT", "111\r\n221\r\n130\r\n");
   }
   template <class F>
   F& Ouvrir(const char* menu) {
-    if (!ouvert_) bureau_.Ouvrir();
-    ouvert_ = true;
     return bureau_.Demander<F>(menu);
   }
-  Bureau bureau_{true};
-  bool ouvert_ = false;
+  Bureau bureau_{2};
 };
 
 TEST_F(FormesDesModalites, LesMarquesRemplissentLesListesEtLesQuestionsSeDeplacent) {

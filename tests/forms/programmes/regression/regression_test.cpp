@@ -31,8 +31,7 @@ using essai::Visible;
 
 class FormesDeLaRegression : public testing::Test {
  protected:
-  FormesDeLaRegression() : bureau_(true) {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+  FormesDeLaRegression() : bureau_(2) {
     bureau_.Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nCIN   1 2 $Cinema$\r\nSEX   2 2 $Sexe$\r\nAGE   3 3\r\n");
     bureau_.Ecrire("ENQ.DAT", "111\r\n212\r\n121\r\n223\r\n");
     bureau_.Ecrire("ENQ.MOD",
@@ -40,7 +39,6 @@ class FormesDeLaRegression : public testing::Test {
     bureau_.Ouvrir();
   }
   static std::string ArretVolontaire() { return "Arr\xEAt volontaire du programme\r\n"; }
-  QString Message(const ModifModR& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
 
   Bureau bureau_;
 };
@@ -48,9 +46,9 @@ class FormesDeLaRegression : public testing::Test {
 TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {
   ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
   EXPECT_EQ(Lignes(forme, "ListPos"), (QStringList{"CIN", "SEX"}));
-  EXPECT_TRUE(Message(forme).startsWith("Suivre les étapes 1 à 3"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("Suivre les étapes 1 à 3"));
   Cliquer(forme, "BoutEnreg");
-  EXPECT_EQ(Message(forme), "*** Erreur ***\nIl n'y a aucune modalité explicative");
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "*** Erreur ***\nIl n'y a aucune modalité explicative");
 
   CliquerLigne(forme, "ListPos", 0);
   CliquerLigne(forme, "Listmod", 0);
@@ -58,7 +56,7 @@ TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {
   EXPECT_EQ(Lignes(forme, "Listmod"), (QStringList{"CIN1 Y oui", "CIN2   non"}));
   const QString avant = QString::fromStdString(bureau_.Lire("ENQ.MOD"));
   Cliquer(forme, "BoutEnreg");
-  EXPECT_TRUE(Message(forme).contains("(un seul R par question)"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").contains("(un seul R par question)"));
   EXPECT_EQ(QString::fromStdString(bureau_.Lire("ENQ.MOD")), avant);
 
   Cliquer(forme, "BqExpliq");
@@ -83,9 +81,9 @@ TEST_F(FormesDeLaRegression, UnAvertissementLaisseLaFormeOuverte) {
   ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
   Cliquer(forme, "BoutEnreg");
   EXPECT_FALSE(forme.ATravail());
-  EXPECT_TRUE(Message(forme).startsWith("*** Avertissement ***\nIncohérence globale"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("*** Avertissement ***\nIncohérence globale"));
   Cliquer(forme, "BoutAide");
-  EXPECT_TRUE(Message(forme).startsWith("Pour faire une régression"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("Pour faire une régression"));
   Cliquer(forme, "BoutQuitter");
   EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
   EXPECT_EQ(bureau_.Lire("ENQ.PRT"), ArretVolontaire()) << "the file was saved";
@@ -105,13 +103,14 @@ TEST_F(FormesDeLaRegression, UnIntituleQueLesFichiersNePeuventPorterEstRefuse) {
   QKeyEvent touche(QEvent::KeyPress, 0, Qt::NoModifier, QStringLiteral("日"));
   QApplication::sendEvent(&Bureau::Dans<QLineEdit>(forme, "TextMod"), &touche);
   Cliquer(forme, "BoutSuivant");
-  EXPECT_TRUE(Message(forme).contains("\"日\", n'existe pas dans la page de code")) << Message(forme).toStdString();
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").contains("\"日\", n'existe pas dans la page de code"))
+      << Etiquette(forme, "TextMsg").toStdString();
   EXPECT_EQ(Lignes(forme, "ListRecap").front(), "CIN1   oui");
   EXPECT_TRUE(forme.ATravail());
   Taper(forme, "TextMod", "œuvre à 3 €");
   Cliquer(forme, "BoutSuivant");
   EXPECT_EQ(Lignes(forme, "ListRecap").front(), "CIN1   œuvre à 3 €");
-  EXPECT_TRUE(Message(forme).startsWith("Suivre les étapes"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("Suivre les étapes"));
 }
 
 TEST_F(FormesDeLaRegression, VariablesDInteret) {

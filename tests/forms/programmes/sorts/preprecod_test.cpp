@@ -21,13 +21,13 @@ using essai::Actif;
 using essai::Bureau;
 using essai::Cliquer;
 using essai::Coche;
+using essai::Etiquette;
 using essai::Pilote;
 using quelvar::forms::PrepRecod;
 
 class FormeRecodage : public testing::Test {
  protected:
-  FormeRecodage() : bureau_(true) {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+  FormeRecodage() : bureau_(2) {
     bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\nAGE   212 $Age$\r\nLEC   4 2\r\n");
     bureau_.Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 71\r\n");
     bureau_.Ouvrir();
@@ -44,24 +44,24 @@ class FormeRecodage : public testing::Test {
     for (int pas = codes.findData(code); pas > 0; --pas) QTest::keyClick(codes.view(), Qt::Key_Down);
     QTest::keyClick(codes.view(), Qt::Key_Return);
   }
-  static QString Message(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextMsg").toPlainText(); }
 
   Bureau bureau_;
 };
 
 TEST_F(FormeRecodage, RulesFilterAndVitReachThePosAndTheRecoding) {
   PrepRecod& forme = Ouvrir();
-  EXPECT_TRUE(Message(forme).startsWith("Cette fenêtre prépare 4 opérations"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("Cette fenêtre prépare 4 opérations"));
   Cliquer(forme, "BoutEnCours");
-  EXPECT_EQ(Message(forme), "Cliquer sur une question à recoder") << "no question is taken before one is chosen";
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "Cliquer sur une question à recoder")
+      << "no question is taken before one is chosen";
   Question(forme, 1);
   auto& regle = Bureau::Dans<QLineEdit>(forme, "TextMod");
   regle.setText("1-6=1/5=2");
   QTest::keyClick(&regle, Qt::Key_Return);
-  EXPECT_TRUE(Message(forme).endsWith("***Attention erreur à corriger***"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").endsWith("***Attention erreur à corriger***"));
   regle.setText("1-6=1/7-12=2");
   QTest::keyClick(&regle, Qt::Key_Return);
-  EXPECT_EQ(Message(forme), "La question est validée");
+  EXPECT_EQ(Etiquette(forme, "TextMsg"), "La question est validée");
 
   Question(forme, 0);
   Cliquer(forme, "OptIncl");
@@ -116,7 +116,7 @@ TEST_F(FormeRecodage, ATypedRuleIsTakenInOrRefusedAloud) {
   regle.setText("1=");
   Cliquer(forme, "BoutEnreg");
   EXPECT_TRUE(forme.isVisible());
-  EXPECT_TRUE(Message(forme).endsWith("***Attention erreur à corriger***"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").endsWith("***Attention erreur à corriger***"));
   Question(forme, 0);
   EXPECT_EQ(regle.text(), "1=") << "the question whose rule is refused stays the current one";
   regle.setText("1=2");
@@ -140,7 +140,7 @@ TEST_F(FormeRecodage, AFilterAndAVitThatAreShownAreTakenInOrRefusedAloud) {
   EXPECT_TRUE(forme.isVisible()) << "what is shown is work";
   Cliquer(forme, "BoutEnreg");
   EXPECT_TRUE(forme.isVisible());
-  EXPECT_TRUE(Message(forme).startsWith("Le filtre affiché est incomplet"));
+  EXPECT_TRUE(Etiquette(forme, "TextMsg").startsWith("Le filtre affiché est incomplet"));
   Cliquer(forme, "ChoixFiltre");
   Code(forme, "ComboGen", 2);
   pilote.Abandonner();

@@ -22,8 +22,7 @@ using quelvar::forms::ChoixEcapem;
 
 class FormeEcapem : public testing::Test {
  protected:
-  FormeEcapem() : bureau_(true) {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 1 \r\n");
+  FormeEcapem() : bureau_(1) {
     bureau_.Ecrire("ENQ.POS", "ENQ\r\n 120 \r\n");
     bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 LA=3\r\nOUI    Favorable\r\nNON    Defavorable\r\n");
     bureau_.Ecrire("ENQ.BRT", "OUV  30 10Ouvriers\r\nCAD  10 30Cadres\r\nEMP  20 20\r\n");

@@ -25,7 +25,6 @@ using namespace essai;
 class FormesDuTexte : public testing::Test {
  protected:
   FormesDuTexte() {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
     bureau_.Ecrire("ENQ.TXT", "1Le travail, bien s\xFBr\r\n2travailler et rire*\r\n1Rire au travail\r\n");
     bureau_.Ouvrir();
   }
@@ -37,7 +36,7 @@ class FormesDuTexte : public testing::Test {
     QTest::mouseDClick(liste.viewport(), Qt::LeftButton, touche, place.center());
   }
 
-  Bureau bureau_{true};
+  Bureau bureau_{2};
   Pilote pilote_;
 };
 

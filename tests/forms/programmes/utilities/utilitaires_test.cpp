@@ -23,12 +23,12 @@ namespace {
 
 using essai::Bureau;
 using essai::Cliquer;
+using essai::Etiquette;
 using essai::Pilote;
 
 class FormesUtilitaires : public testing::Test {
  protected:
-  FormesUtilitaires() : bureau_(true) {
-    bureau_.Ecrire("qvr2.ini", "ENQ\r\n 2 \r\n");
+  FormesUtilitaires() : bureau_(2) {
     bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nAGE   1 9 $Age$\r\nSEX   2 9\r\n");
     bureau_.Ecrire("ENQ.DAT", "12\r\n21\r\n12\r\n");
     bureau_.Ecrire("ENQ.MOD",
@@ -39,7 +39,6 @@ class FormesUtilitaires : public testing::Test {
                    "Titre\r\nUn\r\nDeux\r\nTrois\r\nAGE1 20.0 30.0 50.0jeunes\r\nAGE2 60.0 30.0 10.0vieux\r\n");
     bureau_.Ouvrir();
   }
-  static QString Aide(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "TextAide").toPlainText(); }
   static void Taper(const QWidget& forme, const char* champ, const QString& texte) {
     Bureau::Dans<QLineEdit>(forme, champ).setText(texte);
   }
@@ -52,12 +51,12 @@ TEST_F(FormesUtilitaires, WhatIsMissingIsToldAndTheSortRuns) {
   Utilitaires& forme = bureau_.Demander<Utilitaires>("mnuUtil");
   EXPECT_EQ(forme.windowTitle(), "Programmes utilitaires");
   Cliquer(forme, "Lancer");
-  EXPECT_EQ(Aide(forme), "Vous devez entrer le nom du fichier A à trier");
+  EXPECT_EQ(Etiquette(forme, "TextAide"), "Vous devez entrer le nom du fichier A à trier");
   pilote_.Choisir("A.TXT");
   Cliquer(forme, "CmdFichA");
   EXPECT_EQ(Bureau::Dans<QLabel>(forme, "LabelA").text(), "A.TXT");
   Cliquer(forme, "Lancer");
-  EXPECT_EQ(Aide(forme), "Vous devez entrer le nom du fichier C résultant du tri");
+  EXPECT_EQ(Etiquette(forme, "TextAide"), "Vous devez entrer le nom du fichier C résultant du tri");
   pilote_.Choisir("C.TXT");
   Cliquer(forme, "CmdFichC");
   Taper(forme, "TextPosTri", "1");
@@ -70,7 +69,7 @@ TEST_F(FormesUtilitaires, WhatIsMissingIsToldAndTheSortRuns) {
 TEST_F(FormesUtilitaires, AnInvertedTableBecomesTheGeneric) {
   Utilitaires& forme = bureau_.Demander<Utilitaires>("mnuUtil");
   Cliquer(forme, "OptInvers");
-  EXPECT_TRUE(Aide(forme).contains("ce qui était en ligne se trouve en colonne"));
+  EXPECT_TRUE(Etiquette(forme, "TextAide").contains("ce qui était en ligne se trouve en colonne"));
   Cliquer(forme, "Lancer");
   EXPECT_EQ(bureau_.Lire("ENR.BRT").substr(0, 12), "AGE1 1 4jeun");
   EXPECT_TRUE(bureau_.Fenetre().windowTitle().contains("ENR"));
