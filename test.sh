@@ -3,8 +3,10 @@
 # sanitizers, the part below the windows without Qt, static analysis, and the seeds of the fuzz targets.
 #   ./test.sh            everything; installs what is missing
 #   ./test.sh --rapide   the suite of the dev preset only, installs nothing
-#   ./test.sh --avant-envoi   what would be refused in what has changed: layout, arrows, the suite of the dev preset,
-#                             analysis of the sources that changed or whose headers did
+#   ./test.sh --avant-envoi   what would be refused in what has changed, installs nothing: layout, arrows, cards of the
+#                             package, fuzz targets as clang reads them, the suite of the dev preset and the example
+#                             chain, analysis of the sources that changed or whose headers did, and, where a former
+#                             ./test.sh has left a build with the sanitizers, the tests of the folders that changed
 set -uo pipefail
 cd "$(dirname "$0")" || exit 1
 . tools/paquets.sh
@@ -12,16 +14,22 @@ CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 export CMAKE_BUILD_PARALLEL_LEVEL
 reussis=0
 echecs=0
+sautes=0
 journal=$(mktemp)
 trap 'rm -f "$journal"' EXIT
 
-# etape NOM COMMANDE... : one check that passes or fails as a whole; its output is shown when it fails
+# etape NOM COMMANDE... : one check that passes or fails as a whole; its output is shown when it fails. The state 77
+# says that a tool for it is missing.
 etape() {
-  local nom=$1 debut=$SECONDS
+  local nom=$1 debut=$SECONDS etat=0
   shift
-  if "$@" >"$journal" 2>&1; then
+  "$@" >"$journal" 2>&1 || etat=$?
+  if [ $etat = 0 ]; then
     reussis=$((reussis + 1))
     echo "ok      $nom ($((SECONDS - debut)) s)"
+  elif [ $etat = 77 ]; then
+    sautes=$((sautes + 1))
+    echo "SAUTÉ   $nom : $(tail -n 1 "$journal")"
   else
     echecs=$((echecs + 1))
     tail -n 200 "$journal"
@@ -42,17 +50,32 @@ suite() {
   reussis=$((reussis + ${bilan##* } - ${bilan%% *}))
 }
 
-# The commands of the README on the example survey and text, as run.sh shows them; its pictures are those that they draw.
+# chaine PRESET : the commands of the README on the example survey and text, as run.sh shows them, with the companion of
+# that build; its pictures are those that they draw.
 chaine() (
   copie=$(mktemp -d) && trap 'rm -rf "$copie"' EXIT
   racine=$PWD
-  cp -r examples/loisirs/. "$copie" && PATH="$racine/build/release/bin:$PATH" && cd "$copie" && sh -e chaine.sh &&
+  cp -r examples/loisirs/. "$copie" && PATH="$racine/build/$1/bin:$PATH" && cd "$copie" && sh -e chaine.sh &&
     cmp plan.svg "$racine/docs/images/plan.svg" && cmp effets.svg "$racine/docs/images/effets.svg" &&
     cp -r "$racine/examples/paquets" "$copie/paquets" && cd "$copie/paquets" && sh -e chaine.sh &&
     cmp mots.svg "$racine/docs/images/mots.svg"
 )
 
-paquet() { packaging/essai.sh build/release || [ $? = 77 ]; }
+# The folders below the forms that have changed since the branch left the common one, or are not recorded yet.
+dossiers_changes() {
+  local base
+  base=$(git merge-base HEAD origin/main 2>/dev/null || git merge-base HEAD main) || return
+  { git diff --name-only "$base"; git ls-files --others --exclude-standard; } |
+    sed -n 's#^\(src\|tests\)/\([a-z]*\)/.*#\2#p' | sort -u | grep -vxE 'forms|golden|support'
+}
+
+# A program is looked at by the tests of its own folder.
+detecteurs() {
+  local dossier
+  for dossier in "$@"; do
+    cmake --build --preset asan --target "test_$dossier" && "build/asan/bin/test_$dossier" --gtest_brief=1 || return 1
+  done
+}
 
 tout() {
   etape "paquets" installer "${PAQUETS_NOYAU[@]}" "${PAQUETS_EXEMPLE[@]}" "${PAQUETS_FORMES[@]}" \
@@ -62,8 +85,8 @@ tout() {
   etape "mise en page des sources" tools/format.sh --verifier
   etape "sens des flèches" tools/fleches.sh
   suite release -DQUELVAR_BENCH=ON
-  etape "chaîne d'exemple" chaine
-  etape "paquet Debian" paquet
+  etape "chaîne d'exemple" chaine release
+  etape "paquet Debian" packaging/essai.sh build/release
   suite asan ""
   suite core -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
   etape "analyse statique" tools/tidy.sh build/release
@@ -72,18 +95,28 @@ tout() {
 }
 
 avant_envoi() {
+  # Directories of the tests in memory: they wait for the disk at each file that must not be lost.
+  if [ -w /dev/shm ]; then export TMPDIR=${TMPDIR:-/dev/shm}; fi
   etape "mise en page des sources" tools/format.sh --verifier
   etape "sens des flèches" tools/fleches.sh
+  etape "fiches du paquet" packaging/fiches.sh
+  etape "lectures au hasard, par clang" fuzz/court.sh --lire
   suite dev ""
+  etape "chaîne d'exemple" chaine dev
   etape "analyse statique" tools/tidy.sh build/dev
+  local changes
+  mapfile -t changes < <(dossiers_changes)
+  if [ -e build/asan/build.ninja ] && [ ${#changes[@]} -gt 0 ]; then
+    etape "détecteurs, ${changes[*]}" detecteurs "${changes[@]}"
+  fi
 }
 
 case "${1:-}" in
   --rapide) suite dev "" ;;
   --avant-envoi) avant_envoi ;;
   "") tout ;;
-  *) sed -n '2,9p' "$0"; exit 2 ;;
+  *) sed -n '2,10p' "$0"; exit 2 ;;
 esac
 echo
-echo "$reussis passed, $echecs failed"
+echo "$reussis passed, $echecs failed$([ $sautes = 0 ] || echo ", $sautes skipped")"
 [ "$echecs" = 0 ]

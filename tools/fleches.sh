@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Refuses an include against the arrows: forms and batch -> program folders -> core, and between program folders only
-# those that the method demands, listed here. Refuses also a folder with more than 24 source files directly in it.
+# Refuses what would put the house out of order: an include against the arrows (forms and batch -> program folders ->
+# core, and between program folders only those that the method demands, listed here), a folder with more than 24 source
+# files directly in it, a name of the documents that stands for nothing, and the few idioms told below.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -20,6 +21,12 @@ declare -A PERMIS=(
   [forms]="core sorts capture crosstab tables modalities factor regression text utilities"
 )
 fautes=0
+# The sources below some folders, those that are not recorded yet too.
+sources() {
+  local source
+  git ls-files --cached --others --exclude-standard -- "${@/%//*.cpp}" "${@/%//*.h}" "${@/%//*.ui}" | grep -v '^tests/golden/.*/' |
+    while read -r source; do [ ! -e "$source" ] || echo "$source"; done
+}
 refuser() { echo "$1" >&2; fautes=$((fautes + 1)); }
 
 while IFS=: read -r fichier _ ligne; do
@@ -28,10 +35,10 @@ while IFS=: read -r fichier _ ligne; do
   [ "$vers" = "$depuis" ] && continue
   [[ -d src/$vers ]] || continue # what the build makes (ui_*.h) lies in no folder
   [[ " ${PERMIS[$depuis]-} " == *" $vers "* ]] || refuser "$fichier : $vers n'est pas sous $depuis (${ligne#*:})"
-done < <(git grep -n '^#include "[a-z]*/' -- src)
+done < <(git grep --untracked -n '^#include "[a-z]*/' -- src)
 
 # A file of the generic may vanish while a form is open: Exiger raises what a dereferenced search would not.
-if git grep -nE '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' -- src tests fuzz; then
+if git grep --untracked -nE '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' -- src tests fuzz; then
   refuser "fichier cherché et pris sans savoir s'il est là (Exiger)"
 fi
 
@@ -39,16 +46,49 @@ fi
 for dossier in sorts capture crosstab tables modalities factor regression text utilities batch forms; do
   while read -r fichier; do
     refuser "$fichier : l'espace de noms de $dossier"
-  done < <(git grep -LE "namespace quelvar::$dossier" -- "src/$dossier/*.h" "src/$dossier/*.cpp" | grep -v 'main\.cpp$' || true)
+  done < <(git grep --untracked -LE "namespace quelvar::$dossier" -- "src/$dossier/*.h" "src/$dossier/*.cpp" | grep -v 'main\.cpp$' || true)
 done
 
-if git grep -nE '#include <Q[A-Z]' -- src ':!src/forms'; then refuser "Qt sous les formulaires"; fi
+if git grep --untracked -nE '#include <Q[A-Z]' -- src ':!src/forms'; then refuser "Qt sous les formulaires"; fi
 
 while read -r nombre dossier; do
   [ "$nombre" -le 24 ] || refuser "$dossier : $nombre fichiers sources (24 au plus)"
-done < <(git ls-files 'src/*.cpp' 'src/*.h' 'src/*.ui' | sed 's|/[^/]*$||' | sort | uniq -c)
+done < <(sources src tests fuzz bench | sed 's|/[^/]*$||' | sort | uniq -c)
 
 # Bounds of what a program takes stand beside it, and the form asks for them (forms/pieces/defauts).
-if git grep -nE 'name="(minimum|maximum|maxLength|singleStep)"' -- 'src/forms/*.ui'; then refuser "borne écrite dans un formulaire"; fi
+if git grep --untracked -nE 'name="(minimum|maximum|maxLength|singleStep)"' -- 'src/forms/*.ui'; then refuser "borne écrite dans un formulaire"; fi
+
+# A failure has a name (core/programme/erreur.h), where it is raised and where a contract tells it.
+if git grep --untracked -nE '\bErreur\([0-9]' -- src; then refuser "erreur sans nom"; fi
+if git grep --untracked -niE '^ *//.*\b(raises|throws|error|erreur) +[0-9]' -- 'src/*.h'; then refuser "contrat qui dit un numéro"; fi
+
+# Files of a length that one reads in a sitting: about 400 lines.
+while read -r lignes fichier; do
+  [ "$lignes" -le 490 ] || [ "$fichier" = total ] || refuser "$fichier : $lignes lignes (490 au plus)"
+done < <(sources src | grep -v '\.ui$' | xargs wc -l)
+
+# What the documents name is there: files and folders by their path, from the root or from a folder of src, and the types
+# of the glossary in the file beside them.
+nomme() {
+  local racine
+  for racine in "" src/ src/core/ src/capture/ src/capture/apercu/ src/crosstab/ src/regression/ src/forms/ tests/ tests/forms/; do
+    compgen -G "$racine$1" >/dev/null || compgen -G "$racine$1.h" >/dev/null || compgen -G "$racine$1.cpp" >/dev/null || continue
+    return 0
+  done
+  return 1
+}
+for document in README.md docs/architecture.md docs/glossaire.md docs/fiabilite.md; do
+  while read -r chemin; do
+    nomme "${chemin%/}" || refuser "$document : $chemin n'existe pas"
+  done < <({ grep -oE '`[^` ]*/[^` ]*`' "$document" | tr -d '`'; grep -oE '\]\([^)#]*\)' "$document" | tr -d '])('; } |
+    grep -vE '^(build|bin|Documents)/|^une/copie|[<*]' | sed 's|^\./||' | sort -u)
+done
+while IFS='|' read -r _ mot _ types fichiers _; do
+  mapfile -t chemins < <(grep -oE '`[a-z]+/[a-z0-9/_]*\.h`' <<<"$fichiers" | tr -d '`' | sed 's|^|src/|')
+  [ ${#chemins[@]} -gt 0 ] || continue
+  for type in $(grep -oE '`[A-Z][A-Za-z0-9]*' <<<"$types" | tr -d '`'); do
+    cat "${chemins[@]}" 2>/dev/null | grep -qw "$type" || refuser "docs/glossaire.md,$mot: $type n'est pas dans ${chemins[*]}"
+  done
+done < <(grep '^| ' docs/glossaire.md)
 
 [ "$fautes" = 0 ]

@@ -1,29 +1,16 @@
 #include "batch/dialogue_batch.h"
 
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <optional>
 
 #include "core/programme/annulation.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::batch {
 
 namespace {
 
 constexpr std::size_t kMorceau = std::size_t{1} << 18;
-
-// Eight bytes at a time: a report may be of hundreds of megabytes.
-bool EstAscii(std::string_view texte) {
-  std::uint64_t reunis = 0;
-  for (; texte.size() >= sizeof reunis; texte.remove_prefix(sizeof reunis)) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, texte.data(), sizeof mot);
-    reunis |= mot;
-  }
-  for (const char c : texte) reunis |= static_cast<unsigned char>(c);
-  return (reunis & 0x8080808080808080U) == 0;
-}
 
 void Ecrire(std::FILE* flux, std::string_view texte) {
   if (EstAscii(texte)) {

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "capture/presence.h"
-
 namespace quelvar::capture {
 
 void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,

@@ -22,7 +22,9 @@ inline constexpr std::string_view kSeraCree = " n'existe pas et sera créé"_w;
 inline constexpr std::string_view kSeraCreeSansAccents = " n'existe pas et sera cree";
 inline constexpr std::string_view kRemplace = " existait déjà et a été remplacé"_w;
 
-// The .POS of the generic; one too short to be one counts as absent.
+// A .POS shorter than this counts as absent.
+inline constexpr std::uintmax_t kPosVide = 3;
+// The .POS of the generic, if it exists and is not shorter than kPosVide bytes.
 std::optional<Chemin> ChercherPos(const Contexte& contexte);
 
 // An older copy of a file to be saved goes on under a further name, among the outputs; the report tells it.

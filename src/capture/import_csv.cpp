@@ -8,7 +8,7 @@
 #include "capture/colonnes/colonne.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
-#include "capture/presence.h"
+#include "capture/fichiers.h"
 #include "capture/tableur.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
@@ -30,19 +30,21 @@ FichiersImport TrouverFichiers(const Contexte& contexte) {
   fichiers.source = contexte.Chercher(".CSV");
   fichiers.nomSource = contexte.Nom(fichiers.source ? ".CSV" : ".TXT");
   if (!fichiers.source) fichiers.source = contexte.Chercher(".TXT");
-  fichiers.pos = contexte.Chercher(".POS");
-  if (fichiers.pos && LongueurFichier(*fichiers.pos) < kPosVide) fichiers.pos.reset();
+  fichiers.pos = ChercherPos(contexte);
   fichiers.datPresent = contexte.Chercher(".DAT").has_value();
   return fichiers;
 }
 
-// The columns of the files to make. Raises kIncompatibiliteType for a text in a column of codes.
-std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits) {
+// The columns of the files to make. Raises kIncompatibiliteType for a text in a column of codes, with the place of the
+// first one.
+std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits, const Chemin& source) {
   std::vector<ColonneImportee> colonnes;
   std::size_t position = 1;
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) {
     const FaitsColonne& fait = faits.colonnes[j];
-    if (fait.texte) throw Erreur(kIncompatibiliteType);
+    if (fait.texte)
+      throw Erreur(kIncompatibiliteType)
+          .Situer({TexteDe(source.filename()), fait.ligneDuTexte, static_cast<int>(j + 1)});
     colonnes.push_back({faits.intitules[j], {}, position, fait.largeur, fait.codeMax, false, false, j + 1});
     position += fait.largeur;
   }
@@ -118,7 +120,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
 
   const FaitsTableur faits = ExaminerTableur(*fichiers.source, !options.sansIntitules);
-  std::vector<ColonneImportee> colonnes = PlacerColonnes(faits);
+  std::vector<ColonneImportee> colonnes = PlacerColonnes(faits, *fichiers.source);
   const std::vector<std::size_t> nomsChanges = NommerColonnes(colonnes);
   EcrireColonnes(rapport, colonnes, colonnes.size(), options.sansIntitules);
   EcrireRemarques(rapport, Remarquer(faits, colonnes, nomsChanges));

@@ -13,7 +13,6 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 3;
 constexpr std::string_view kSansNom = "XXX";
 constexpr std::string_view kChiffresEtLettres = "123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ0";
 constexpr std::string_view kLettres = kChiffresEtLettres.substr(9, 26);
@@ -34,7 +33,7 @@ class Nommeur {
   }
 
   static std::string Naturel(const std::string& intitule) {
-    return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, kLargeurNom);
+    return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, kNomCourtLePlusLong);
   }
 
   // A name that a .POS can hold and that no other title asks for.
@@ -48,8 +47,8 @@ class Nommeur {
     for (const char c : intitule)
       if (EstAlphanumerique(c)) signes += c;
     if (signes.empty()) signes = kSansNom;
-    signes.resize(std::max(signes.size(), kLargeurNom), 'X');
-    if (Prendre(signes.substr(0, kLargeurNom))) return pris_;
+    signes.resize(std::max(signes.size(), kNomCourtLePlusLong), 'X');
+    if (Prendre(signes.substr(0, kNomCourtLePlusLong))) return pris_;
     for (const char c : kChiffresEtLettres)
       if (Prendre(signes.substr(0, 2) + c)) return pris_;
     for (; libre_ < kNomsLibres; ++libre_)
@@ -79,7 +78,7 @@ class Nommeur {
 
 }  // namespace
 
-std::vector<NomCourt> NomsCourts(const std::vector<std::string>& intitules) {
+std::vector<NomCourt> NommerIntitules(const std::vector<std::string>& intitules) {
   Nommeur nommeur(intitules);
   std::vector<NomCourt> noms;
   for (const std::string& intitule : intitules) {

@@ -6,16 +6,17 @@
 
 namespace quelvar::capture {
 
+inline constexpr std::size_t kNomCourtLePlusLong = 3;
+
 struct NomCourt {
   std::string nom;         // three columns, right-aligned
   bool distingue = false;  // it is not the one that the title alone gives
 };
 
-// The name of each title: its first three characters, "XXX" without a title. Titles that would share a name, and names
-// that a .POS can't hold (blank, or with a sign of its own), get another one; small and capital letters
-// make no difference: the first three letters and digits of
-// the title, else its first two with a digit or a letter, else any three that are free. Raises kIndiceHorsSelection
-// when none is left.
-std::vector<NomCourt> NomsCourts(const std::vector<std::string>& intitules);
+// The name of each title: its first three characters, "XXX" without a title. Titles that would share a name (small and
+// capital letters make no difference), and names that a .POS can't hold (blank, or with a sign of its own), get another
+// one: the first three letters and digits of the title, else its first two with a digit or a letter, else any three
+// that are free. Raises kIndiceHorsSelection when none is left.
+std::vector<NomCourt> NommerIntitules(const std::vector<std::string>& intitules);
 
 }  // namespace quelvar::capture

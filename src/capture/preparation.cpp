@@ -5,9 +5,14 @@
 #include <system_error>
 #include <utility>
 
+#include "capture/apercu/choix/devenir.h"
+#include "capture/apercu/choix/noms.h"
+#include "capture/apercu/choix/proposition.h"
+#include "capture/apercu/choix/refus.h"
+#include "capture/apercu/choix/textes.h"
 #include "capture/apercu/imc.h"
-#include "capture/apercu/sorties/compterendu.h"
 #include "capture/apercu/sorties/plan.h"
+#include "capture/apercu/sorties/remarques.h"
 #include "capture/classeur/classeur.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
@@ -40,13 +45,13 @@ PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille, cons
   // What stands in for a sheet is no file of the survey: it lies where scratch files do.
   source_ = std::make_shared<const SourceDeTable>(fichier_, feuille_, std::filesystem::temp_directory_path(), suivi);
   detectee_ = DetecterLecture(*source_);
-  apercu_ = EnNommantLaFeuille(*source_, [&] { return LireApercu(source_->Texte(), detectee_.lecture); });
+  apercu_ = EnNommantLaSource(*source_, [&] { return LireApercu(source_->Texte(), detectee_.lecture); });
   choix_ = ProposerChoix(Colonnes());
   touchees_.assign(choix_.size(), false);
 }
 
 void PreparationDImport::ChangerLecture(const Lecture& lecture) {
-  Apercu apercu = EnNommantLaFeuille(*source_, [&] { return LireApercu(source_->Texte(), lecture); });
+  Apercu apercu = EnNommantLaSource(*source_, [&] { return LireApercu(source_->Texte(), lecture); });
   std::vector<ChoixDeColonne> gardes;
   for (std::size_t c = 0; c < choix_.size(); ++c)
     if (touchees_[c]) gardes.push_back(choix_[c]);
@@ -148,7 +153,7 @@ std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeCol
   std::vector<TexteCode> codes;
   std::vector<TexteCode> nuls;
   for (const ValeurComptee& valeur : colonne.valeurs) {
-    const bool nul = std::ranges::find(choix.nonReponses, valeur.valeur) != choix.nonReponses.end();
+    const bool nul = EstParmi(choix.nonReponses, valeur.valeur);
     (nul ? nuls : codes).push_back({valeur.valeur, valeur.effectif});
   }
   if (choix.ordre == Ordre::Frequence) {
@@ -176,7 +181,7 @@ std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const F
     if (colonne.valeurs.empty() || colonne.remplies > kNombresAuPlus) return libelles;
     std::vector<double> valeurs;
     for (const ValeurComptee& valeur : colonne.valeurs) {
-      if (std::ranges::find(choix.nonReponses, valeur.valeur) != choix.nonReponses.end()) continue;
+      if (EstParmi(choix.nonReponses, valeur.valeur)) continue;
       if (const std::optional<NombreLu> nombre = LireNombre(valeur.valeur, colonne.signes))
         valeurs.insert(valeurs.end(), static_cast<std::size_t>(valeur.effectif), ValeurDe(nombre->Normalise()));
     }
@@ -192,8 +197,7 @@ std::vector<TexteCompte> TextesComptes(const ChoixDeColonne& choix, const FaitsD
   std::vector<TexteCompte> textes;
   if (choix.genre == Genre::Multiple && choix.liste == '\0') {
     for (const ValeurComptee& valeur : colonne.valeurs)
-      textes.push_back(
-          {valeur.valeur, valeur.effectif, std::ranges::find(choix.reponses, valeur.valeur) != choix.reponses.end()});
+      textes.push_back({valeur.valeur, valeur.effectif, EstParmi(choix.reponses, valeur.valeur)});
     return textes;
   }
   if (choix.genre != Genre::Codes && choix.genre != Genre::Nombres) return textes;

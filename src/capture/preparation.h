@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "capture/apercu/apercu.h"
-#include "capture/apercu/choix.h"
+#include "capture/apercu/choix/devenir.h"
+#include "capture/apercu/choix/proposition.h"
+#include "capture/apercu/choix/textes.h"
 #include "capture/apercu/import.h"
 #include "capture/apercu/source.h"
 

@@ -1,12 +1,13 @@
 #include "capture/presence.h"
 
+#include "capture/fichiers.h"
+
 namespace quelvar::capture {
 
 SourcesPresentes ChercherSources(const Contexte& contexte) {
   if (contexte.generique.empty()) return {};
   const auto present = [&](std::string_view extension) { return contexte.Chercher(extension).has_value(); };
-  const std::optional<Chemin> pos = contexte.Chercher(".POS");
-  return {present(".DBF"), present(".CSV"), present(".DAT"), pos && LongueurFichier(*pos) >= kPosVide,
+  return {present(".DBF"), present(".CSV"), present(".DAT"), ChercherPos(contexte).has_value(),
           present(".BRT"), present(".TXT"), present(".IMP")};
 }
 

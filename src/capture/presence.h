@@ -11,7 +11,7 @@ struct SourcesPresentes {
   bool dbf = false;
   bool csv = false;
   bool dat = false;
-  bool pos = false;  // one shorter than kPosVide bytes counts as absent
+  bool pos = false;  // as ChercherPos finds it
   bool brt = false;
   bool txt = false;
   bool imp = false;  // the report of an import; no source
@@ -19,9 +19,6 @@ struct SourcesPresentes {
   // The form FImportCSV serves these sources, FImport the others.
   bool DeTableur() const { return csv || txt; }
 };
-
-// A .POS shorter than this counts as absent.
-inline constexpr std::uintmax_t kPosVide = 3;
 
 SourcesPresentes ChercherSources(const Contexte& contexte);
 

@@ -98,8 +98,6 @@ struct Separateurs {
   char Choix() const { return tabulations > pointsVirgules ? '\t' : ';'; }
 };
 
-constexpr std::size_t kColonnesAuPlus = 32767;
-
 // The cell without its leading zeros; "0" keeps one.
 std::string_view SansZeros(std::string_view cellule) {
   return cellule.substr(std::min(cellule.find_first_not_of('0'), cellule.size() - 1));
@@ -116,7 +114,7 @@ int ValeurDesChiffres(std::string_view cellule) {
   return valeur;
 }
 
-void Retenir(FaitsColonne& colonne, std::string_view cellule) {
+void Retenir(FaitsColonne& colonne, std::string_view cellule, std::int64_t ligne) {
   colonne.largeurLue = std::max(colonne.largeurLue, cellule.size());
   if (cellule.empty() || colonne.largeurCode > kLargeurCodes) return;
   const std::string_view chiffres = SansZeros(cellule);
@@ -132,8 +130,11 @@ void Retenir(FaitsColonne& colonne, std::string_view cellule) {
     return;
   }
   colonne.largeurCode = std::max(colonne.largeurCode, cellule.size());
-  if (EstDecimale(cellule)) ++colonne.decimales;
-  else colonne.texte = true;
+  if (EstDecimale(cellule)) {
+    ++colonne.decimales;
+  } else if (!std::exchange(colonne.texte, true)) {
+    colonne.ligneDuTexte = ligne;
+  }
 }
 
 // A column of numbers whose digits are few holds codes, and its width is that of its code-max.
@@ -182,7 +183,8 @@ struct Examen {
     separateurs.CompterHorsGuillemets(ligne);
   }
 
-  void LireLigne(std::string_view ligne) {
+  // `numero`: of the line in the source.
+  void LireLigne(std::string_view ligne, std::int64_t numero) {
     if (LigneSansValeur(ligne, faits.separateur)) [[unlikely]]
       return LireLigneVide(ligne);
     ++faits.individus;
@@ -201,7 +203,11 @@ struct Examen {
       }
       if (!cellules.Suivante(cellule)) break;
       AssurerColonnes(++colonne);
-      Retenir(faits.colonnes[colonne - 1], cellule);
+      Situer(
+          [&] {
+            return Lieu{{}, numero, static_cast<int>(colonne)};
+          },
+          [&] { Retenir(faits.colonnes[colonne - 1], cellule, numero); });
     } while (true);
     separateurs.Compter(ligne, faits.separateur, static_cast<std::int64_t>(colonne), cellules.AvecGuillemets());
   }
@@ -238,19 +244,25 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
   LecteurTableur lecteur(source, separateur);
   std::string converti;
   bool intitules = avecIntitules;
-  for (std::string_view ligne; lecteur.LireOctetsDeLigne(ligne);) {
-    examen.encodage.Examiner(ligne);
-    if (utf8 && !ResteEnAscii(ligne)) {
-      converti = DepuisUtf8(ligne);
-      ligne = converti;
-    }
-    if (intitules && !LigneBlanche(ligne)) {
-      examen.LireIntitules(ligne);
-      intitules = false;
-    } else {
-      examen.LireLigne(ligne);
-    }
-  }
+  Situer(
+      [&] {
+        return Lieu{TexteDe(source.filename()), lecteur.Ligne()};
+      },
+      [&] {
+        for (std::string_view ligne; lecteur.LireOctetsDeLigne(ligne);) {
+          examen.encodage.Examiner(ligne);
+          if (utf8 && !ResteEnAscii(ligne)) {
+            converti = DepuisUtf8(ligne);
+            ligne = converti;
+          }
+          if (intitules && !LigneBlanche(ligne)) {
+            examen.LireIntitules(ligne);
+            intitules = false;
+          } else {
+            examen.LireLigne(ligne, lecteur.Ligne());
+          }
+        }
+      });
   examen.encodage.marque = lecteur.AvecMarqueUtf8();
   if (examen.faits.colonnes.empty()) examen.faits.colonnes.emplace_back();
   examen.Achever(avecIntitules);
@@ -367,7 +379,7 @@ FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
     premier.Examiner(ligne);
     premiers.CompterHorsGuillemets(ligne);
   } else if (avecIntitules) {
-    throw Erreur(kFinDeFichierDepassee);
+    throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(source.filename())});
   }
   Examen examen = Examiner(source, avecIntitules, premiers.Choix(), premier.Utf8());
   const char separateur = examen.separateurs.Choix();

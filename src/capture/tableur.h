@@ -101,13 +101,14 @@ class LigneDeTableur {
 
 // What the import knows of a column.
 struct FaitsColonne {
-  std::size_t largeur = 0;      // in .DAT: of its longest cell; of its code-max for a column of codes
-  double codeMax = 0;           // largest value of its cells
-  std::int64_t negatives = 0;   // cells below 0, which count as 0
-  std::int64_t decimales = 0;   // cells with a decimal sign in a column of codes, which count as 0
-  bool texte = false;           // a cell that is neither empty nor a number
-  std::size_t largeurLue = 0;   // of the longest cell as it stands
-  std::size_t largeurCode = 0;  // the same with numbers brought to their digits
+  std::size_t largeur = 0;        // in .DAT: of its longest cell; of its code-max for a column of codes
+  double codeMax = 0;             // largest value of its cells
+  std::int64_t negatives = 0;     // cells below 0, which count as 0
+  std::int64_t decimales = 0;     // cells with a decimal sign in a column of codes, which count as 0
+  bool texte = false;             // a cell that is neither empty nor a number
+  std::int64_t ligneDuTexte = 0;  // of the source, where the first one stands
+  std::size_t largeurLue = 0;     // of the longest cell as it stands
+  std::size_t largeurCode = 0;    // the same with numbers brought to their digits
 };
 
 // Facts of a whole source.
@@ -119,6 +120,9 @@ struct FaitsTableur {
   std::vector<std::string> intitules;  // of the title line; as many as columns, the missing ones empty
   std::vector<FaitsColonne> colonnes;
 };
+
+// Columns that a table may have: what a 16-bit count holds.
+inline constexpr std::size_t kColonnesAuPlus = 32767;
 
 // Columns up to this width hold codes.
 inline constexpr std::size_t kLargeurCodes = 3;
@@ -173,7 +177,8 @@ bool LigneBlanche(std::string_view ligne);
 bool LigneSansValeur(std::string_view ligne, char separateur);
 
 // Examines the source in one reading, or in two when its first lines mislead on the separator or the encoding.
-// Raises kFinDeFichierDepassee when a title line is expected and the file is empty, and the failures of LecteurLignes.
+// Raises kFinDeFichierDepassee when a title line is expected and the file is empty, a sentence (kDepassementCapacite)
+// for a line of more than kColonnesAuPlus cells, and the failures of LecteurLignes, all with their place.
 FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules);
 
 // The digits of a number without decimals, as .DAT holds them: no sign, no leading zero, "0" for a negative one.

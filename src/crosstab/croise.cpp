@@ -91,15 +91,15 @@ void Impression::Traiter(Matrice effectifs, const Triple& triple, std::string_vi
   const TableauTitre titre{tableau,  triple.ligne,           triple.colonne,          triple.filtre,
                            modalite, triple.intitulesLignes, triple.intitulesColonnes};
   if (tableau.Vide()) {
-    EcrireTableauVide(rapport_, titre);
+    ImprimerTableauVide(rapport_, titre);
     return;
   }
   const Edition edition = EditionDuTableau(demande_.edition, triple.colonne.plafond);
-  EcrireStatistiques(rapport_, titre, demande_.edition.detailKhi2, demande_.ordre.pourPem);
+  ImprimerStatistiques(rapport_, titre, demande_.edition.detailKhi2, demande_.ordre.pourPem);
   TablesCroisees tables = EnTables(titre, edition == Edition::Etendue);
   if (edition == Edition::Etendue)
-    EcrireEditionEtendue(rapport_, titre, tables, FormatDesEffectifs(enquete_), demande_.edition);
-  else EcrireEditionCompacte(rapport_, titre, tables, edition, demande_.ordre.pourPem);
+    ImprimerEditionEtendue(rapport_, titre, tables, FormatDesEffectifs(enquete_), demande_.edition);
+  else ImprimerEditionCompacte(rapport_, titre, tables, edition, demande_.ordre.pourPem);
   if (edition == Edition::DeuxBandes || edition == Edition::Triangulaire) RetenirPourTrg(trg_, enquete_, titre);
   if (demande_.tableauIsole && !resultat_.isoleEcrit) {
     EcrireTableauIsole(contexte_, enquete_, titre, sorties_);

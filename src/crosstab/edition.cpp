@@ -1,27 +1,42 @@
 #include "crosstab/edition.h"
 
-#include <cmath>
-
 #include "core/resultats/largeurfixe.h"
+#include "core/resultats/rangees.h"
 
 namespace quelvar::crosstab {
 
 namespace {
 
-constexpr int kLargeurPourcentage = 5;
-constexpr int kLargeurPem = 7;
+// From this code-max of the columns on the compact bands stand under each other: the signs, then the percentages.
+constexpr int kCodeMaxADeuxBandes = 3;
+constexpr int kCodeMaxATroisBandes = 5;
 
-std::int64_t EnDixiemes(double valeur) { return static_cast<std::int64_t>(std::floor(10 * valeur + 0.5)); }
+// A chi-square has a decimal below this; above it takes 8 columns, or more.
+constexpr double kKhi2SansDecimale = 3000;
+constexpr int kColonnesDeGrandKhi2 = 8;
 
-std::string TexteKhi2(double khi2) {
-  return khi2 < 3000 ? NombreFixe(khi2, 4, 1) : NombreFixe(khi2, LargeurDuNombre(khi2, 0, 8) - 1, 0);
+constexpr PlaceEnRangee kPlaceDeProba{" Prob.= ", 1};
+constexpr PlaceEnRangee kPlaceDePart{" soit un pourcentage de ", 3};
+
+Cellule Khi2(double khi2) { return {khi2, Unite::Nombre, khi2 < kKhi2SansDecimale ? 1 : 0}; }
+
+PlaceEnRangee PlaceDuKhi2(double khi2) {
+  if (khi2 < kKhi2SansDecimale) return {.entiers = 4};
+  return {.entiers = kColonnesDeGrandKhi2 - 1, .enPlus = ColonnesEnPlus(khi2, 0, kColonnesDeGrandKhi2)};
 }
 
-std::string TexteProba(const ProbabiliteKhi2& proba) {
-  return Joindre({" Prob.= ", NombreFixe(1 - proba.p, 1, 3), " ", proba.marque});
+Cellule Proba(const ProbabiliteKhi2& proba) {
+  return {proba.Depassement(), Unite::Nombre, 3, Joindre({" ", proba.marque})};
 }
 
-void EcrireEnTete(Rapport& rapport, const TableauTitre& titre) {
+Cellule Part(double pourcentage) { return {pourcentage, Unite::Pourcent, 1, "%"}; }
+
+// A sentence with figures in it.
+void Dire(Rapport& rapport, Texte debut, std::vector<Cellule> figures, std::vector<PlaceEnRangee> places) {
+  rapport.Ligne(TexteDeRangee({std::string(debut.Vue()), {}, std::move(figures)}, {.places = std::move(places)}));
+}
+
+void ImprimerEnTete(Rapport& rapport, const TableauTitre& titre) {
   rapport.Ligne(std::string(9, ' '));
   if (titre.filtre != nullptr) {
     rapport.Ligne({"Variable test ", titre.filtre->intitule, " ", titre.filtre->nom});
@@ -31,19 +46,22 @@ void EcrireEnTete(Rapport& rapport, const TableauTitre& titre) {
   rapport.Ligne({"         avec la question ", titre.colonne.intitule, " ", titre.colonne.nom});
 }
 
-void EcrireCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool detail) {
+void ImprimerCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool detail) {
   const TableauCroise& t = titre.tableau;
   if (t.casesFaibles.empty()) return;
-  rapport.Ligne({"Le nombre de cases de théorique <1 est de "_w,
-                 NombreFixe(static_cast<double>(t.casesFaibles.size()), 3, 0), " soit un pourcentage de ",
-                 NombreFixe(t.partCasesFaibles, 3, 1), "%"});
-  rapport.Ligne({"Le Khideux dû à ces cases est de  "_w, TexteKhi2(t.khi2Faibles), " soit un pourcentage de ",
-                 NombreFixe(t.partKhi2Faibles, 3, 1), "%"});
-  rapport.Ligne({"Le khi-deux sans ces cases est de ", TexteKhi2(t.khi2SansFaibles), TexteProba(t.probaSansFaibles)});
+  const auto nombre = static_cast<double>(t.casesFaibles.size());
+  Dire(rapport, "Le nombre de cases de théorique <1 est de "_w, {{nombre, Unite::Effectif}, Part(t.partCasesFaibles)},
+       {{.entiers = 3}, kPlaceDePart});
+  Dire(rapport, "Le Khideux dû à ces cases est de  "_w, {Khi2(t.khi2Faibles), Part(t.partKhi2Faibles)},
+       {PlaceDuKhi2(t.khi2Faibles), kPlaceDePart});
+  Dire(rapport, "Le khi-deux sans ces cases est de ", {Khi2(t.khi2SansFaibles), Proba(t.probaSansFaibles)},
+       {PlaceDuKhi2(t.khi2SansFaibles), kPlaceDeProba});
   if (!detail) return;
   for (const CaseFaible& faible : t.casesFaibles)
-    rapport.Ligne({"Théorique < 1 à "_w, titre.IntituleLigne(faible.ligne), "-", titre.IntituleColonne(faible.colonne),
-                   " : contribution au Khideux de ", NombreFixe(faible.contribution, 5, 1)});
+    Dire(rapport,
+         Joindre({"Théorique < 1 à "_w, titre.IntituleLigne(faible.ligne), "-", titre.IntituleColonne(faible.colonne),
+                  " : contribution au Khideux de "}),
+         {{faible.contribution, Unite::Nombre, 1}}, {{.entiers = 5}});
 }
 
 }  // namespace
@@ -51,11 +69,11 @@ void EcrireCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool detail
 Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes) {
   if (options.triangulaire) return Edition::Triangulaire;
   if (options.etendue) return Edition::Etendue;
-  if (plafondColonnes < 3) return Edition::UneBande;
-  return plafondColonnes < 5 ? Edition::DeuxBandes : Edition::TroisBandes;
+  if (plafondColonnes < kCodeMaxADeuxBandes) return Edition::UneBande;
+  return plafondColonnes < kCodeMaxATroisBandes ? Edition::DeuxBandes : Edition::TroisBandes;
 }
 
-void EcrireTableauVide(Rapport& rapport, const TableauTitre& titre) {
+void ImprimerTableauVide(Rapport& rapport, const TableauTitre& titre) {
   if (titre.filtre != nullptr) rapport.Ligne({"Variable test ", titre.filtre->nom, " modalite ", titre.modaliteFiltre});
   rapport.Ligne({"Croisement de la question ", titre.ligne.nom});
   rapport.Ligne({"         avec la question ", titre.colonne.nom});
@@ -64,29 +82,15 @@ void EcrireTableauVide(Rapport& rapport, const TableauTitre& titre) {
   rapport.Ligne();
 }
 
-void EcrireStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem) {
+void ImprimerStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem) {
   const TableauCroise& t = titre.tableau;
-  EcrireEnTete(rapport, titre);
-  rapport.Ligne({"Le Khi-deux du tableau est de ", TexteKhi2(t.khi2)});
-  rapport.Ligne({"Degré liberté = "_w, NombreFixe(t.degres, 3, 0), TexteProba(t.proba)});
-  EcrireCasesFaibles(rapport, titre, detailKhi2);
-  if (ordrePem || t.deuxParDeux)
-    rapport.Ligne({"Le PEM du tableau est de ", Dixiemes(EnDixiemes(t.pem), kLargeurPem), "%"});
+  ImprimerEnTete(rapport, titre);
+  Dire(rapport, "Le Khi-deux du tableau est de ", {Khi2(t.khi2)}, {PlaceDuKhi2(t.khi2)});
+  Dire(rapport, "Degré liberté = "_w, {{static_cast<double>(t.degres)}, Proba(t.proba)},
+       {{.entiers = 3}, kPlaceDeProba});
+  ImprimerCasesFaibles(rapport, titre, detailKhi2);
+  if (ordrePem || t.deuxParDeux) Dire(rapport, "Le PEM du tableau est de ", {Part(AuDixieme(t.pem))}, {{.entiers = 5}});
   rapport.Ligne();
 }
-
-std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const QuestionCroisee& ligne) {
-  const std::vector<std::string> noms = NomsDeModalites(ligne);
-  std::vector<std::string> points;
-  for (const std::size_t i : tableau.lignes) {
-    const std::string& nom = noms[tableau.compte.rangsLignes[i]];
-    std::string point = nom;
-    for (const std::size_t j : tableau.colonnes) point += TextePourcentage(tableau.details.pourcentages(i, j));
-    points.push_back(Joindre({point, " ", nom}));
-  }
-  return points;
-}
-
-std::string TextePourcentage(double pourcentage) { return Dixiemes(EnDixiemes(pourcentage), kLargeurPourcentage); }
 
 }  // namespace quelvar::crosstab

@@ -64,35 +64,28 @@ struct TableauTitre {
 // The same as tables of data: a row a modality and that of the totals, a column a modality and that of the totals.
 struct TablesCroisees {
   TableauEdite effectifs;
-  TableauEdite pourcentages;   // of the rows, marked "+" above the mean of the column and "-" in the others; behind the
-                               // column of the totals that of the shares
+  TableauEdite pourcentages;   // of the rows, rounded (AuDixieme), marked "+" above the mean of the column and "-" in
+                               // the others; behind the column of the totals that of the shares
   TableauEdite contributions;  // to the chi-square; empty in the compact editions
   TableauEdite attractions;    // local PEM, marked "*" for a cell attracted or repelled; empty in the compact editions
 };
 
 // The whole of what stands in place of a table of total 0.
-void EcrireTableauVide(Rapport& rapport, const TableauTitre& titre);
+void ImprimerTableauVide(Rapport& rapport, const TableauTitre& titre);
 
 // Heading and statistics, up to the empty line before the table itself.
-void EcrireStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem);
+void ImprimerStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem);
 
 // Editions 1, 2, 3 and 5.
-void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition,
-                           bool ordrePem);
+void ImprimerEditionCompacte(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition,
+                             bool ordrePem);
 
 // How a count is written in the wide edition.
 enum class FormatEffectif { Entier, GrandEntier, Pondere };
 FormatEffectif FormatDesEffectifs(const EnqueteCroisee& enquete);
 
 // Edition 4.
-void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables,
-                          FormatEffectif format, const OptionsEdition& options);
-
-// The rows of a table as points of a triangular graph: four characters of name, the percentages of the columns, the
-// name again.
-std::vector<std::string> LignesTriangulaires(const TableauCroise& tableau, const QuestionCroisee& ligne);
-
-// A percentage with one decimal, rounded half up, in 5 places.
-std::string TextePourcentage(double pourcentage);
+void ImprimerEditionEtendue(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables,
+                            FormatEffectif format, const OptionsEdition& options);
 
 }  // namespace quelvar::crosstab

@@ -1,153 +1,163 @@
 #include "core/enquete/posfile.h"
 #include "core/resultats/largeurfixe.h"
+#include "core/resultats/rangees.h"
 #include "crosstab/edition.h"
 
 namespace quelvar::crosstab {
 
 namespace {
 
-constexpr std::size_t kLargeurEtiquette = 5;
-constexpr int kLargeurEffectif = 5;
+constexpr int kColonnesDEffectif = 5;
+constexpr std::size_t kLargeurEtiquette = 5;  // of a row label with the blank behind it
+constexpr std::size_t kNomCoupe = 4;          // of a label that heads a column
+constexpr PlaceEnRangee kPlaceDePourcentage{.entiers = 3};
+constexpr PlaceEnRangee kPlaceDeCent{" ", 3};
+constexpr std::string_view kCentDuPied = " 100 ";
+constexpr std::string_view kCoinDesCodes = "Modal.  ";
 constexpr std::string_view kTotalLigne = " TOT ";
-constexpr std::string_view kCent = " 100 ";
 
-// Writes the compact bands of one table: each method adds a piece of the current line.
-class BandesCompactes {
- public:
-  BandesCompactes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables)
-      : rapport_(rapport),
-        titre_(titre),
-        tables_(tables),
-        t_(titre.tableau),
-        largeur_(LargeurDuNombre(t_.compte.marges.total, 0, kLargeurEffectif)) {
-    for (const std::size_t j : t_.colonnes) {
-      noms_ += Joindre({" ", titre.colonne.nom, " "});
-      codes_ += Joindre({" ", CodeCaractere(static_cast<int>(t_.compte.rangsColonnes[j])), "   "});
-      intitules_ += CadreGauche(CadreGauche(titre.IntituleColonne(j), kLargeurEtiquette - 1), kLargeurEtiquette);
-    }
-  }
-
-  // A heading of 5 columns a column, each moved to the right as the counts under it are wider than that.
-  std::string SurEffectifs(const std::string& enTete) const {
-    std::string large;
-    for (std::size_t i = 0; i < enTete.size(); i += kLargeurEtiquette)
-      large += Elargissement() + enTete.substr(i, kLargeurEtiquette);
-    return large;
-  }
-  std::string EcartDuTotal() const { return Elargissement(); }
-  std::string TotalSurEffectifs() const { return Elargissement() + "TOT"; }
-
-  const std::string& Noms() const { return noms_; }
-  const std::string& Codes() const { return codes_; }
-  const std::string& Intitules() const { return intitules_; }
-
-  void Etiquette(std::string_view texte) {
-    rapport_.Suite(texte);
-    if (texte.size() < kLargeurEtiquette) rapport_.Suite(" ");
-  }
-  // Row by its rank in the tables; the last one is that of the totals.
-  void Effectifs(std::size_t rang) {
-    for (const Cellule& cellule : tables_.effectifs.rangees[rang].cellules)
-      rapport_.Suite(TexteEnColonne({cellule.valeur, cellule.unite}, largeur_));
-  }
-  void Pourcentages(std::size_t rang) {
-    for (const Cellule& cellule : tables_.pourcentages.rangees[rang].cellules)
-      rapport_.Suite(cellule.decimales > 0 ? TextePourcentage(*cellule.valeur) : std::string(kCent));
-  }
-  void Signes(std::size_t rang) {
-    rapport_.Suite("  ");
-    for (const Cellule& cellule : tables_.pourcentages.rangees[rang].cellules)
-      if (!cellule.marque.empty()) rapport_.Suite({"  ", cellule.marque, "  "});
-  }
-
-  // The band of signs, with its two heading lines.
-  void BandeDeSignes() {
-    rapport_.Ligne({"  COL:", noms_});
-    rapport_.Ligne({"Modal.  ", codes_});
-    for (std::size_t rang = 0; rang < t_.lignes.size(); ++rang) {
-      Etiquette(titre_.IntituleLigne(t_.lignes[rang]));
-      Signes(rang);
-      rapport_.Ligne();
-    }
-  }
-
- private:
-  std::string Elargissement() const { return std::string(static_cast<std::size_t>(largeur_ - kLargeurEffectif), ' '); }
-
-  Rapport& rapport_;
-  const TableauTitre& titre_;
-  const TablesCroisees& tables_;
-  const TableauCroise& t_;
-  int largeur_;
-  std::string noms_, codes_, intitules_;
+// Tables of data side by side: one row a modality and that of the totals, under a heading of names and one of codes.
+struct Bandes {
+  TableauEdite noms;
+  TableauEdite corps;
+  FormeEnRangees forme = {};
 };
 
-void EcrireTroisBandes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, bool ordrePem) {
-  BandesCompactes bandes(rapport, titre, tables);
-  const std::vector<std::size_t>& lignes = titre.tableau.lignes;
-  const std::string& enTetes = ordrePem ? bandes.Intitules() : bandes.Codes();
-  rapport.Ligne({" COL:", bandes.SurEffectifs(bandes.Noms())});
-  rapport.Ligne({"Modal.  ", bandes.SurEffectifs(enTetes), bandes.TotalSurEffectifs()});
-  for (std::size_t rang = 0; rang < lignes.size(); ++rang) {
-    bandes.Etiquette(titre.IntituleLigne(lignes[rang]));
-    bandes.Effectifs(rang);
-    rapport.Ligne();
-  }
-  rapport.Suite(kTotalLigne);
-  bandes.Effectifs(lignes.size());
-  rapport.Ligne();
-  rapport.Ligne();
-
-  rapport.Ligne({"COL:", bandes.Noms()});
-  rapport.Ligne({"Modal.  ", enTetes, "TOT"});
-  for (std::size_t rang = 0; rang < lignes.size(); ++rang) {
-    bandes.Etiquette(titre.IntituleLigne(lignes[rang]));
-    bandes.Pourcentages(rang);
-    rapport.Ligne();
-  }
-  rapport.Suite(kTotalLigne);
-  bandes.Pourcentages(lignes.size());
-  rapport.Ligne();
-  rapport.Ligne();
-  bandes.BandeDeSignes();
+std::string Etiquette(std::string_view texte) {
+  return Joindre({texte, std::string_view(texte.size() < kLargeurEtiquette ? " " : "")});
 }
 
-// Counts beside percentages; the signs beside them too, or in a band of their own.
-void EcrireBandeDouble(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition) {
-  BandesCompactes bandes(rapport, titre, tables);
-  const std::vector<std::size_t>& lignes = titre.tableau.lignes;
-  const bool signesACote = edition == Edition::UneBande;
-  rapport.Suite({"  COL: ", bandes.SurEffectifs(bandes.Noms()), bandes.EcartDuTotal(), "       ", bandes.Noms()});
-  if (signesACote) rapport.Suite({"          ", bandes.Noms()});
-  rapport.Ligne();
-  rapport.Suite({"Modal.  ", bandes.SurEffectifs(bandes.Codes()), bandes.TotalSurEffectifs(), "    ", bandes.Codes()});
-  if (signesACote) rapport.Suite({"TOT       ", bandes.Codes()});
-  else rapport.Suite(" TOT");
-  rapport.Ligne();
-  for (std::size_t rang = 0; rang < lignes.size(); ++rang) {
-    bandes.Etiquette(edition == Edition::Triangulaire ? titre.ligne.nom : titre.IntituleLigne(lignes[rang]));
-    bandes.Effectifs(rang);
-    rapport.Suite("  ");
-    bandes.Pourcentages(rang);
-    if (signesACote) bandes.Signes(rang);
-    rapport.Ligne();
+// The rows of the table, and that of the totals; `nom`, unless it is empty, stands for the labels of all.
+Bandes Commencer(const TableauTitre& titre, std::string_view coin, std::string_view nom = {}) {
+  Bandes bandes{{.coin = std::string(coin)}, {.coin = std::string(kCoinDesCodes)}};
+  for (const std::size_t i : titre.tableau.lignes)
+    bandes.corps.rangees.push_back({Etiquette(nom.empty() ? titre.IntituleLigne(i) : nom)});
+  bandes.corps.rangees.push_back({std::string(kTotalLigne)});
+  return bandes;
+}
+
+void AjouterColonne(Bandes& bandes, std::string nom, std::string code, const PlaceEnRangee& place) {
+  bandes.noms.colonnes.push_back({std::move(nom)});
+  bandes.corps.colonnes.push_back({std::move(code)});
+  bandes.forme.places.push_back(place);
+}
+
+// What parts a band from the one on its left: in front of its names, of its codes and of its rows.
+struct Ecart {
+  std::string_view noms = {}, codes = {}, rangees = {};
+};
+
+enum class Entete { Codes, Intitules };
+
+// A column a modality, headed by the name of the question, and below by the code or the label.
+void AjouterModalites(Bandes& bandes, const TableauTitre& titre, PlaceEnRangee place, const Ecart& ecart,
+                      Entete entete) {
+  const std::vector<std::size_t>& codes = titre.tableau.compte.rangsColonnes;
+  Ecart avant = ecart;
+  place.avant = ecart.rangees;
+  for (const std::size_t j : titre.tableau.colonnes) {
+    const std::string code = entete == Entete::Intitules
+                                 ? Joindre({Milieu(titre.IntituleColonne(j), 1, kNomCoupe), " "})
+                                 : Joindre({" ", CodeCaractere(static_cast<int>(codes[j])), "   "});
+    AjouterColonne(bandes, Joindre({avant.noms, " ", titre.colonne.nom, " "}), Joindre({avant.codes, code}), place);
+    avant = {};
+    place.avant = {};
   }
-  rapport.Suite(kTotalLigne);
-  bandes.Effectifs(lignes.size());
-  rapport.Suite("  ");
-  bandes.Pourcentages(lignes.size());
+}
+
+// Counts and their totals, all of them as wide as the whole total wants to be.
+void AjouterEffectifs(Bandes& bandes, const TableauTitre& titre, const TablesCroisees& tables,
+                      Entete entete = Entete::Codes) {
+  const int enPlus = ColonnesEnPlus(titre.tableau.compte.marges.total, 0, kColonnesDEffectif);
+  const PlaceEnRangee place{.entiers = kColonnesDEffectif, .enPlus = enPlus};
+  AjouterModalites(bandes, titre, place, {}, entete);
+  AjouterColonne(bandes, {}, "TOT", place);
+  for (std::size_t rang = 0; rang < bandes.corps.rangees.size(); ++rang)
+    for (const Cellule& cellule : tables.effectifs.rangees[rang].cellules)
+      bandes.corps.rangees[rang].cellules.push_back(cellule);
+}
+
+// Row percentages, 100, and the share of the row, which is 100 again in the row of the totals.
+void AjouterPourcentages(Bandes& bandes, const TableauTitre& titre, const TablesCroisees& tables, const Ecart& ecart,
+                         std::string_view total, Entete entete = Entete::Codes) {
+  AjouterModalites(bandes, titre, kPlaceDePourcentage, ecart, entete);
+  AjouterColonne(bandes, {}, std::string(total), kPlaceDeCent);
+  AjouterColonne(bandes, {}, {}, kPlaceDePourcentage);
+  const std::size_t cent = titre.tableau.colonnes.size();
+  for (std::size_t rang = 0; rang < bandes.corps.rangees.size(); ++rang) {
+    const std::vector<Cellule>& cellules = tables.pourcentages.rangees[rang].cellules;
+    std::vector<Cellule>& places = bandes.corps.rangees[rang].cellules;
+    for (std::size_t j = 0; j < cellules.size(); ++j)
+      places.push_back({cellules[j].valeur, cellules[j].unite, cellules[j].decimales, j == cent ? " " : ""});
+  }
+  bandes.corps.rangees.back().cellules.pop_back();
+  bandes.corps.rangees.back().intitule = kCentDuPied;
+}
+
+void AjouterSignes(Bandes& bandes, const TableauTitre& titre, const TablesCroisees& tables, const Ecart& ecart) {
+  AjouterModalites(bandes, titre, {}, ecart, Entete::Codes);
+  for (std::size_t rang = 0; rang < titre.tableau.lignes.size(); ++rang)
+    for (std::size_t j = 0; j < titre.tableau.colonnes.size(); ++j) {
+      const std::string& signe = tables.pourcentages.rangees[rang].cellules[j].marque;
+      bandes.corps.rangees[rang].cellules.push_back({.marque = Joindre({"  ", signe, "  "})});
+    }
+}
+
+void Imprimer(Rapport& rapport, Bandes bandes) {
+  while (bandes.noms.colonnes.back().titre.empty()) bandes.noms.colonnes.pop_back();  // nothing behind the last name
+  ImprimerRangees(rapport, bandes.noms, bandes.forme);
+  ImprimerRangees(rapport, bandes.corps, bandes.forme);
+}
+
+// The signs alone, which have no totals.
+void ImprimerSignes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables) {
+  Bandes bandes = Commencer(titre, "  COL:");
+  bandes.corps.rangees.pop_back();
+  AjouterSignes(bandes, titre, tables, {.rangees = "  "});
+  Imprimer(rapport, std::move(bandes));
+}
+
+void ImprimerTroisBandes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, bool ordrePem) {
+  const Entete entete = ordrePem ? Entete::Intitules : Entete::Codes;
+  Bandes effectifs = Commencer(titre, " COL:");
+  AjouterEffectifs(effectifs, titre, tables, entete);
+  Imprimer(rapport, std::move(effectifs));
   rapport.Ligne();
-  if (signesACote) return;
+  Bandes pourcentages = Commencer(titre, "COL:");
+  AjouterPourcentages(pourcentages, titre, tables, {}, "TOT", entete);
+  Imprimer(rapport, std::move(pourcentages));
   rapport.Ligne();
-  bandes.BandeDeSignes();
+  ImprimerSignes(rapport, titre, tables);
+}
+
+// Counts beside percentages, and the signs beside them too.
+void ImprimerUneBande(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables) {
+  Bandes bandes = Commencer(titre, "  COL: ");
+  AjouterEffectifs(bandes, titre, tables);
+  AjouterPourcentages(bandes, titre, tables, {"       ", "    ", "  "}, "TOT");
+  AjouterSignes(bandes, titre, tables, {"          ", "       ", "  "});
+  Imprimer(rapport, std::move(bandes));
+}
+
+// Counts beside percentages, the signs below. The rows of the triangular edition bear the name of their question.
+void ImprimerDeuxBandes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition) {
+  Bandes bandes = Commencer(titre, "  COL: ", edition == Edition::Triangulaire ? titre.ligne.nom : std::string());
+  AjouterEffectifs(bandes, titre, tables);
+  AjouterPourcentages(bandes, titre, tables, {"       ", "    ", "  "}, " TOT");
+  Imprimer(rapport, std::move(bandes));
+  rapport.Ligne();
+  ImprimerSignes(rapport, titre, tables);
 }
 
 }  // namespace
 
-void EcrireEditionCompacte(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition,
-                           bool ordrePem) {
-  if (edition == Edition::TroisBandes) EcrireTroisBandes(rapport, titre, tables, ordrePem);
-  else EcrireBandeDouble(rapport, titre, tables, edition);
+void ImprimerEditionCompacte(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition,
+                             bool ordrePem) {
+  switch (edition) {
+    case Edition::TroisBandes: return ImprimerTroisBandes(rapport, titre, tables, ordrePem);
+    case Edition::UneBande: return ImprimerUneBande(rapport, titre, tables);
+    default: return ImprimerDeuxBandes(rapport, titre, tables, edition);
+  }
 }
 
 }  // namespace quelvar::crosstab

@@ -1,11 +1,11 @@
 #include "core/resultats/cadre.h"
-#include "core/resultats/largeurfixe.h"
 #include "crosstab/edition.h"
 
 namespace quelvar::crosstab {
 
 namespace {
 
+constexpr int kLargeurPourcentage = 5;
 constexpr int kLargeurAttraction = 6;
 constexpr std::int64_t kIndividusSurCinqPlaces = 99999;
 constexpr std::string_view kTotalEnLigne = "   Total      en ligne";
@@ -30,34 +30,33 @@ const EcritureEnCase& EcritureDe(FormatEffectif format) {
   return kEffectif;
 }
 
-// The places that may widen the cells, each with its largest value: the total and the whole chi-square.
-std::vector<PlaceEnCase> Places(const TableauCroise& tableau, FormatEffectif format) {
-  constexpr int usuellesDEffectif = 5;
-  constexpr int usuellesDeGrandEffectif = 7;
-  constexpr int usuellesDEffectifPondere = 6;
-  constexpr int usuellesDeContribution = 7;
-  const double total = tableau.compte.marges.total;
-  const PlaceEnCase effectif = format == FormatEffectif::Pondere       ? PlaceEnCase{total, 1, usuellesDEffectifPondere}
-                               : format == FormatEffectif::GrandEntier ? PlaceEnCase{total, 0, usuellesDeGrandEffectif}
-                                                                       : PlaceEnCase{total, 0, usuellesDEffectif};
-  return {effectif, {tableau.khi2, 0, usuellesDeContribution}};
+// Columns of a count, and of a contribution, where each has one blank before it.
+int ColonnesUsuelles(FormatEffectif format) {
+  switch (format) {
+    case FormatEffectif::Pondere: return 6;
+    case FormatEffectif::GrandEntier: return 7;
+    case FormatEffectif::Entier: break;
+  }
+  return 5;
 }
+constexpr int kColonnesDeContribution = 7;
 
-// Count and row percentage.
-std::string PremiereMoitie(const TablesCroisees& tables, FormatEffectif format, std::size_t i, std::size_t j,
-                           int supplement) {
-  const Cellule& pourcentage = tables.pourcentages.rangees[i].cellules[j];
-  const double effectif = *tables.effectifs.rangees[i].cellules[j].valeur;
-  return TexteEnCase(effectif, {&EcritureDe(format), 1}, supplement) +
-         (pourcentage.decimales > 0 ? TextePourcentage(*pourcentage.valeur) : NombreFixe(*pourcentage.valeur, 5, 0)) +
-         "|";
-}
-
-// Contribution to the chi-square and local PEM, with the sign that closes the cell.
-std::string SecondeMoitie(const TablesCroisees& tables, std::size_t i, std::size_t j, int supplement) {
-  const Cellule& attraction = tables.attractions.rangees[i].cellules[j];
-  return TexteEnCase(*tables.contributions.rangees[i].cellules[j].valeur, kContribution, supplement) +
-         TexteEnColonne(attraction, kLargeurAttraction) + (attraction.marque.empty() ? "|" : attraction.marque);
+// Count and row percentage; below, contribution to the chi-square and local PEM. The total and the whole chi-square are
+// the largest of their places.
+std::array<std::vector<PlaceEnCase>, kLignesDeCase> Places(const TableauCroise& tableau, const TablesCroisees& tables,
+                                                           FormatEffectif format) {
+  const EcritureEnCase& effectif = EcritureDe(format);
+  return {{{{.tableau = &tables.effectifs,
+             .ecritures = {&effectif, 1},
+             .plusGrande = tableau.compte.marges.total,
+             .decimales = effectif.decimales,
+             .usuelles = ColonnesUsuelles(format)},
+            {.tableau = &tables.pourcentages, .colonnes = kLargeurPourcentage}},
+           {{.tableau = &tables.contributions,
+             .ecritures = kContribution,
+             .plusGrande = tableau.khi2,
+             .usuelles = kColonnesDeContribution},
+            {.tableau = &tables.attractions, .colonnes = kLargeurAttraction, .fermeLaCase = true}}}};
 }
 
 }  // namespace
@@ -67,20 +66,17 @@ FormatEffectif FormatDesEffectifs(const EnqueteCroisee& enquete) {
   return enquete.individus > kIndividusSurCinqPlaces ? FormatEffectif::GrandEntier : FormatEffectif::Entier;
 }
 
-void EcrireEditionEtendue(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables,
-                          FormatEffectif format, const OptionsEdition& options) {
+void ImprimerEditionEtendue(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables,
+                            FormatEffectif format, const OptionsEdition& options) {
   if (format == FormatEffectif::Pondere) {
     rapport.Ligne("Les effectifs avec décimale sont le résultat d'une pondération"_w);
     rapport.Ligne();
   }
-  TableCadree table{{"N=    %Ligne", "Khi2 %Attrac"}, {}, {}, Places(titre.tableau, format), {}};
+  TableCadree table{{"N=    %Ligne", "Khi2 %Attrac"}, {}, {}, Places(titre.tableau, tables, format)};
   for (const std::size_t i : titre.tableau.lignes) table.lignes.push_back(titre.IntituleLigne(i));
   table.lignes.push_back(kTotalEnColonne);
   for (const std::size_t j : titre.tableau.colonnes) table.colonnes.push_back(titre.IntituleColonne(j));
   table.colonnes.push_back(kTotalEnLigne);
-  table.texte = [&](std::size_t i, std::size_t j, std::size_t ligne, int supplement) {
-    return ligne == 0 ? PremiereMoitie(tables, format, i, j, supplement) : SecondeMoitie(tables, i, j, supplement);
-  };
   FormeCadree forme;
   forme.lignesParPage = static_cast<std::size_t>(options.lignesParPage);
   forme.colonnesParPage = static_cast<std::size_t>(options.colonnesParPage);

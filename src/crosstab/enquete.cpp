@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
 
@@ -141,11 +142,7 @@ std::vector<std::string> IntitulesCourts(const QuestionCroisee& question) {
 
 std::vector<std::string> NomsDeModalites(const QuestionCroisee& question) {
   std::vector<std::string> noms;
-  for (int code = 0; code <= question.plafond; ++code) {
-    const std::string_view texte = CodeCaractere(code);
-    const std::string_view nom(question.nom);
-    noms.push_back(Joindre({texte.size() == 1 ? nom : nom.substr(0, 2), texte}));
-  }
+  for (int code = 0; code <= question.plafond; ++code) noms.push_back(NomDeModalite(question.nom, code));
   return noms;
 }
 

@@ -59,15 +59,16 @@ const Cellule kCent = {100.0, Unite::Pourcent};
 Cellule Pourcent(double valeur, std::string_view marque = {}) {
   return {valeur, Unite::Pourcent, 1, std::string(marque)};
 }
+Cellule Arrondi(double pourcentage, std::string_view marque = {}) { return Pourcent(AuDixieme(pourcentage), marque); }
 
 TableauEdite Pourcentages(const TableauTitre& titre) {
   const TableauCroise& t = titre.tableau;
   return Dresser(titre, Contenu{"pourcentages en ligne",
                                 [&](std::size_t i, std::size_t j) {
-                                  return Pourcent(t.details.pourcentages(i, j), t.AuDessus(i, j) ? "+" : "-");
+                                  return Arrondi(t.details.pourcentages(i, j), t.AuDessus(i, j) ? "+" : "-");
                                 },
                                 [](std::size_t) { return kCent; },
-                                [&](std::size_t j) { return Pourcent(t.details.partsColonnes[j]); }, kCent});
+                                [&](std::size_t j) { return Arrondi(t.details.partsColonnes[j]); }, kCent});
 }
 
 // The share of each row behind its percentages.
@@ -75,7 +76,7 @@ void AjouterParts(const TableauTitre& titre, TableauEdite& pourcentages) {
   pourcentages.colonnes.push_back({"Part"});
   auto rangee = pourcentages.rangees.begin();
   for (const std::size_t i : titre.tableau.lignes)
-    (rangee++)->cellules.push_back(Pourcent(titre.tableau.details.partsLignes[i]));
+    (rangee++)->cellules.push_back(Arrondi(titre.tableau.details.partsLignes[i]));
   rangee->cellules.push_back(kCent);
 }
 
@@ -105,11 +106,12 @@ TableauEdite Statistiques(const TableauTitre& titre) {
   TableauEdite tableau;
   tableau.titres = Titres(titre, "statistiques");
   tableau.colonnes = {{"Valeur"}};
-  tableau.rangees = {
-      {"Khi-deux", {}, {{t.khi2, Unite::Nombre, 1}}},
-      {std::string("Degrés de liberté"_w), {}, {{static_cast<double>(t.degres)}}},
-      {std::string("Probabilité"_w), {}, {{1 - t.proba.p, Unite::Nombre, 3, std::string(Rogner(t.proba.marque))}}},
-      {"PEM", {}, {{t.pem, Unite::Pourcent, 1}}}};
+  tableau.rangees = {{"Khi-deux", {}, {{t.khi2, Unite::Nombre, 1}}},
+                     {Joindre({"Degrés de liberté"_w}), {}, {{static_cast<double>(t.degres)}}},
+                     {Joindre({"Probabilité"_w}),
+                      {},
+                      {{t.proba.Depassement(), Unite::Nombre, 3, std::string(Rogner(t.proba.marque))}}},
+                     {"PEM", {}, {Arrondi(t.pem)}}};
   return tableau;
 }
 

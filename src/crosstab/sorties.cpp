@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/brtfile.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/texte/nombres.h"
 
@@ -10,7 +11,7 @@ namespace quelvar::crosstab {
 namespace {
 
 constexpr int kLargeurCelluleIsolee = 5;
-constexpr std::size_t kColonnesTriangulaires = 3;
+constexpr int kLargeurDuNombreDElements = 3;  // behind "Li=" and "Co="
 
 // The four characters that name a modality and its label in the .MOD of the survey.
 struct NomIsole {
@@ -32,8 +33,9 @@ std::vector<NomIsole> NomsIsoles(const EnqueteCroisee& enquete, const QuestionCr
 void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete, const TableauTitre& titre,
                         JeuDeFichiers& sorties) {
   const TableauCroise& t = titre.tableau;
-  const auto lignes = static_cast<double>(t.lignes.size());
-  const auto colonnes = static_cast<double>(t.colonnes.size());
+  const auto elements = [](std::size_t nombre) {
+    return EntierDroit(static_cast<std::int64_t>(nombre), kLargeurDuNombreDElements);
+  };
   double plusGrand = 0;
   for (const double effectif : t.compte.effectifs.Valeurs()) plusGrand = std::max(plusGrand, effectif);
   const int largeur = LargeurDuNombre(plusGrand, 0, kLargeurCelluleIsolee);
@@ -42,8 +44,8 @@ void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete,
 
   Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
   mod.Ligne(contexte.generique);
-  mod.Ligne(Joindre({"Li=", NombreFixe(lignes, 3, 0), " Co=", NombreFixe(lignes + colonnes, 3, 0),
-                     " La=", Nombre(static_cast<std::int64_t>(largeur))}));
+  mod.Ligne(Joindre({"Li=", elements(t.lignes.size()), " Co=", elements(t.lignes.size() + t.colonnes.size()),
+                     " La=", Nombre(largeur)}));
   for (const std::size_t j : t.colonnes) {
     const NomIsole& colonne = nomsColonnes[t.compte.rangsColonnes[j]];
     mod.Ligne(colonne.intitule.empty() ? colonne.nom : LigneModalite(colonne.nom, false, colonne.intitule));
@@ -53,14 +55,13 @@ void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete,
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   for (const std::size_t i : t.lignes) {
     const NomIsole& ligne = nomsLignes[t.compte.rangsLignes[i]];
-    brt.Ecrire(CadreGauche(ligne.nom, 4));
-    for (const std::size_t j : t.colonnes) brt.Ecrire(NombreFixe(t.compte.effectifs(i, j), largeur, 0));
-    if (!ligne.intitule.empty()) brt.Ecrire(Joindre({" ", ligne.intitule}));
-    brt.FinDeLigne();
+    std::vector<std::int64_t> effectifs;
+    for (const std::size_t j : t.colonnes) effectifs.push_back(Entier64(t.compte.effectifs(i, j)));
+    EcrireLigneBrt(brt, ligne.nom, effectifs, largeur,
+                   ligne.intitule.empty() ? std::string() : Joindre({" ", ligne.intitule}));
   }
 }
 
-// The former lines, then these, each a line of its own.
 void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout, JeuDeFichiers& sorties) {
   if (ajout.points.empty()) return;
   const std::optional<Chemin> ancien = contexte.Chercher(".TRG");
@@ -68,8 +69,7 @@ void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout, JeuDeFichiers
   Ecrivain& trg = sorties.Ouvrir(contexte.Nom(".TRG"), Nature::Refaisable);
   trg.Ecrire(octets);
   if (octets.empty()) {
-    trg.Ligne(contexte.generique);
-    for (const std::string& sommet : ajout.sommets) trg.Ligne(sommet);
+    EcrireTeteTrg(trg, {contexte.generique, ajout.sommets});
   } else if (octets.back() != '\n') {
     trg.FinDeLigne();
   }
@@ -78,18 +78,24 @@ void AjouterAuTrg(const Contexte& contexte, const AjoutTrg& ajout, JeuDeFichiers
 
 void RetenirPourTrg(AjoutTrg& ajout, const EnqueteCroisee& enquete, const TableauTitre& titre) {
   const TableauCroise& t = titre.tableau;
-  if (t.colonnes.size() != kColonnesTriangulaires) {
+  if (t.colonnes.size() != kSommetsTrg) {
     ++ajout.tableauxRefuses;
     return;
   }
-  if (ajout.sommets.empty()) {
+  if (ajout.points.empty()) {
     const std::vector<NomIsole> noms = NomsIsoles(enquete, titre.colonne);
-    for (const std::size_t j : t.colonnes) {
-      const NomIsole& colonne = noms[t.compte.rangsColonnes[j]];
-      ajout.sommets.push_back(colonne.intitule.empty() ? colonne.nom : colonne.intitule);
+    for (std::size_t k = 0; k < kSommetsTrg; ++k) {
+      const NomIsole& colonne = noms[t.compte.rangsColonnes[t.colonnes[k]]];
+      ajout.sommets[k] = colonne.intitule.empty() ? colonne.nom : colonne.intitule;
     }
   }
-  for (std::string& point : LignesTriangulaires(t, titre.ligne)) ajout.points.push_back(std::move(point));
+  const std::vector<std::string> noms = NomsDeModalites(titre.ligne);
+  for (const std::size_t i : t.lignes) {
+    const std::string& nom = noms[t.compte.rangsLignes[i]];
+    PartsTrg parts;
+    for (std::size_t k = 0; k < kSommetsTrg; ++k) parts[k] = AuDixieme(t.details.pourcentages(i, t.colonnes[k]));
+    ajout.points.push_back(LigneDePointTrg(nom, parts, Joindre({" ", nom})));
+  }
 }
 
 }  // namespace quelvar::crosstab

@@ -6,7 +6,6 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr int kPremierCodeDouble = 36;
 constexpr std::size_t kLettresCommunes = 2;
 constexpr std::size_t kLargeurQuestion = 3;
 

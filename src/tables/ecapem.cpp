@@ -5,7 +5,6 @@
 
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"

@@ -4,7 +4,7 @@
 #include "core/options/description.h"
 #include "utilities/caracteres.h"
 #include "utilities/exportation.h"
-#include "utilities/exportcsv.h"
+#include "utilities/exportcsv/exportcsv.h"
 #include "utilities/fusion/fusion.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"

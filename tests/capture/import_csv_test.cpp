@@ -79,6 +79,24 @@ TEST_F(RunImport, WhatACellOfCodesMayHold) {
   }
 }
 
+// Lines of the file, whatever stands before: the report has no words for the place, the failure carries it.
+TEST_F(RunImport, AFailureTellsItsPlace) {
+  std::string panne;
+  dialogue_.afficher = [&](const Affichage& affichage) { panne = affichage.panne; };
+  const struct {
+    std::string_view csv, lieu;
+  } cas[] = {{"NUM;AAA\n1;2\n2;x\n3;y\n", "(ENQ.CSV, ligne 3, colonne 2)"},
+             {"\n\nNUM;AAA\n\n1;2\n;\n2;x\n", "(ENQ.CSV, ligne 7, colonne 2)"},
+             {"NUM;AAA;BBB\n1;\"\n\";3\n2;2;3\n3;z;3\n", "(ENQ.CSV, ligne 5, colonne 2)"},
+             {"NUM;AAA;BBB\n1;2;3\n2;3;1e999\n", "(ENQ.CSV, ligne 3, colonne 3)"},
+             {"", "(ENQ.CSV)"}};
+  for (const auto& [csv, lieu] : cas) {
+    panne.clear();
+    Importer(csv);
+    EXPECT_TRUE(panne.ends_with(lieu)) << csv << panne;
+  }
+}
+
 TEST_F(RunImport, DecimalsInAColumnOfCodesAreTold) {
   Importer("NUM;SEX;REV;TPS\n1;1;5;12.75\n2;2;1.5;3\n3;2;1,2;4\n");
   ASSERT_EQ(boites_.size(), 1U);
@@ -201,7 +219,7 @@ TEST_F(RunImport, AQuotedFieldSpansLines) {
       << "a quote that nothing closes runs to the end of its line";
 }
 
-TEST(NomsCourts, AllDifferent) {
+TEST(NommerIntitules, AllDifferent) {
   const struct {
     std::vector<std::string> intitules, noms;
   } cas[] = {{{"SEX", "AGE age", "W1"}, {"SEX", "AGE", " W1"}},
@@ -214,7 +232,7 @@ TEST(NomsCourts, AllDifferent) {
              {{"$$$ revenu", "**", "A$B", "   D"}, {"rev", "XXX", "ABX", "DXX"}}};
   for (const auto& [intitules, noms] : cas) {
     std::vector<std::string> obtenus;
-    for (const NomCourt& nom : NomsCourts(intitules)) obtenus.push_back(nom.nom);
+    for (const NomCourt& nom : NommerIntitules(intitules)) obtenus.push_back(nom.nom);
     EXPECT_EQ(obtenus, noms) << intitules[0];
   }
 }

@@ -9,6 +9,7 @@
 #include "forms/editeur/editeurs.h"
 #include "forms/editeur/edittexte.h"
 #include "support/environnement.h"
+#include "support/reglages.h"
 
 using namespace quelvar::forms;
 
@@ -17,7 +18,7 @@ namespace {
 // A program that is to be killed: "--editeur ETAT FICHIER CADENCE" types a line into the editor, says so and waits.
 int TenirUnEditeur(const QStringList& arguments) {
   QWidget fenetre;
-  Editeurs editeurs(fenetre, ServicesEditeur{quelvar::ReglagesEnMemoire(), [] {}, [](const QString&) { return false; },
+  Editeurs editeurs(fenetre, ServicesEditeur{essai::ReglagesEnMemoire(), [] {}, [](const QString&) { return false; },
                                              arguments[2], arguments[4].toInt()});
   editeurs.Ouvrir(arguments[3]);
   for (QWidget* editeur : QApplication::topLevelWidgets())

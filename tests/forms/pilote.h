@@ -14,6 +14,7 @@
 
 #include "forms/cadre/principal.h"
 #include "support/environnement.h"
+#include "support/reglages.h"
 
 using namespace quelvar::forms;
 
@@ -99,7 +100,7 @@ class Bureau {
 
   QStringList demarres;  // programs started beside this one, with their arguments
   QStringList ouverts;   // documents and pages opened
-  quelvar::Reglages reglages = quelvar::ReglagesEnMemoire();
+  quelvar::Reglages reglages = essai::ReglagesEnMemoire();
 
  private:
   QAction& Action(const char* nom);

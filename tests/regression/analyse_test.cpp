@@ -74,7 +74,7 @@ TEST(SousEffets, SontToutesLesPairesQuiNeDifferentQueParUneReference) {
   const std::vector<Comptee> comptees =
       GarderLesPaires(CompterVoisines(TrierFiches(individus, Dialogue{})), individus.fiches);
   const TableSituations table = FormerSituations(comptees, individus.fiches, modele);
-  const std::vector<Cellule> cellules = CellulesDe(modele);
+  const std::vector<CelluleDeSituation> cellules = CellulesDe(modele);
   const Voisinages voisinages = VoisinagesDe(table, cellules);
   std::vector<SousEffet> trouves;
   const auto prendre = [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); };

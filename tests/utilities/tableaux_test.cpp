@@ -9,7 +9,7 @@
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
 #include "support/programme.h"
-#include "utilities/exportcsv.h"
+#include "utilities/exportcsv/exportcsv.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"
 

@@ -8,8 +8,15 @@ std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& l
                                           TraceDeCellules* trace) {
   LecteurDeRangees lecteur(source, lecture);
   ExamenDeTable examen(lecture, trace);
-  examen.LireTitres(lecteur);
-  if (!examen.LireRangees(lecteur, ExamenDeTable::kToutes, suivi)) return std::nullopt;
+  const bool entiere = Situer(
+      [&] {
+        return Lieu{{}, lecteur.Ligne()};
+      },
+      [&] {
+        examen.LireTitres(lecteur);
+        return examen.LireRangees(lecteur, ExamenDeTable::kToutes, suivi);
+      });
+  if (!entiere) return std::nullopt;
   if (trace != nullptr) examen.AcheverLaTrace();
   return examen.Conclure(lecteur);
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "capture/apercu/choix/devenir.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 
@@ -16,8 +17,7 @@ constexpr std::string_view kSignesReserves = "=;|#\"";
 constexpr std::array<Genre, 9> kGenres = {Genre::Codes,   Genre::Textes,   Genre::Classes,
                                           Genre::Nombres, Genre::Multiple, Genre::Longs,
                                           Genre::Numero,  Genre::Ecartee,  Genre::Alphabetique};
-constexpr int kTroisPositions = 999;  // code-max "L3"
-constexpr int kCodeMaxEcrit = 99;     // the largest one in digits
+constexpr int kCodeMaxEcrit = 99;  // the largest one in digits
 
 std::string Protege(std::string_view texte) {
   const bool nu = !texte.empty() && texte.find_first_of(kSignesReserves) == std::string_view::npos &&
@@ -207,13 +207,15 @@ std::string EcrireImc(const std::vector<ChoixDeColonne>& choix) {
 std::vector<ChoixDeColonne> LireImc(const Chemin& chemin) {
   std::vector<ChoixDeColonne> choix;
   LecteurLignes lecteur(chemin);
-  std::int64_t numero = 0;
-  for (std::string_view octets; lecteur.Lire(octets);) {
-    if (++numero == 1 && octets.starts_with("\xEF\xBB\xBF")) octets.remove_prefix(3);
-    const std::string convertie = EstUtf8MultiOctet(octets) ? DepuisUtf8(octets) : std::string(octets);
-    const std::string_view ligne = Rogner(convertie);
-    if (!ligne.empty() && ligne.front() != '#') choix.push_back(LireLigne(ligne, numero));
-  }
+  Situer(lecteur, [&] {
+    std::int64_t numero = 0;
+    for (std::string_view octets; lecteur.Lire(octets);) {
+      if (++numero == 1) OterMarqueUtf8(octets);
+      const std::string convertie = EstUtf8MultiOctet(octets) ? DepuisUtf8(octets) : std::string(octets);
+      const std::string_view ligne = Rogner(convertie);
+      if (!ligne.empty() && ligne.front() != '#') choix.push_back(LireLigne(ligne, numero));
+    }
+  });
   return choix;
 }
 

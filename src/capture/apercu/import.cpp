@@ -4,11 +4,13 @@
 #include <system_error>
 
 #include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/refus.h"
 #include "capture/apercu/imc.h"
 #include "capture/apercu/reconnaissance.h"
 #include "capture/apercu/sorties/compterendu.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/modalites.h"
+#include "capture/apercu/sorties/remarques.h"
 #include "capture/apercu/source.h"
 #include "capture/apercu/travail.h"
 #include "capture/colonnes/compterendu.h"
@@ -174,8 +176,8 @@ void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, std::string_vie
   if (lignes.empty() && bilan.refus == 0) return;
   EcrireLecture(rapport, nom, source, table);
   rapport.Ligne();
-  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
-  EcrireRefus(rapport, bilan, table.faits, table.choix);
+  rapport.Lignes(lignes);
+  rapport.Lignes(RefusDesCellules(bilan, table.faits, table.choix));
   rapport.Ligne();
   rapport.Ligne("Corrigez ces cellules, ou dites ce que deviennent ces colonnes, et relancez"_w);
   rapport.Ligne(kRienNeChange);
@@ -282,14 +284,14 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
   const Reconnaissance table = Reconnaitre(contexte, source, options);
   EcrireLecture(rapport, NomDeSource(contexte, options), source, table);
   EcrireTableDesColonnes(rapport, table);
-  for (const std::string& remarque : RemarquesDeTable(table.faits)) rapport.Ligne(remarque);
-  for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) rapport.Ligne(remarque);
-  for (const std::string& remarque : RemarquesDEcriture(table.choix, table.faits)) rapport.Ligne(remarque);
+  rapport.Lignes(RemarquesDeTable(table.faits));
+  rapport.Lignes(RemarquesDesNegatives(table.choix, table.faits));
+  rapport.Lignes(RemarquesDEcriture(table.choix, table.faits));
   if (contexte.Chercher(".IMC") && options.fichierChoix.empty())
     rapport.Ligne({"Le fichier ", contexte.Nom(".IMC"),
                    " existe : ses choix ne sont pas repris ici (choix=", contexte.Nom(".IMC"), " les reprend)"});
-  for (const std::string& refus : RefusDeTable(table.faits)) rapport.Ligne(refus);
-  for (const std::string& refus : RefusDesChoix(table.choix, table.faits.colonnes)) rapport.Ligne(refus);
+  rapport.Lignes(RefusDeTable(table.faits));
+  rapport.Lignes(RefusDesChoix(table.choix, table.faits.colonnes));
 }
 
 }  // namespace

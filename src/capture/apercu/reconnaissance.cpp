@@ -1,6 +1,7 @@
 #include "capture/apercu/reconnaissance.h"
 
 #include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/imc.h"
 
 namespace quelvar::capture {
@@ -25,7 +26,7 @@ FaitsDeTable ExaminerEnMontrant(const Contexte& contexte, const SourceDeTable& s
     ecran.progresser(static_cast<std::int64_t>(octets));
     return true;
   };
-  return EnNommantLaFeuille(source, [&] { return *ExaminerTable(source.Texte(), lecture, suivi, trace); });
+  return EnNommantLaSource(source, [&] { return *ExaminerTable(source.Texte(), lecture, suivi, trace); });
 }
 
 // The choices of the window: what it took over from the first rows unchanged is proposed again from the whole file.

@@ -19,7 +19,7 @@ GenreDeSource GenreDe(const Chemin& fichier) {
 
 SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, const Chemin& repertoire,
                              const classeur::SuiviDArchive& suivi)
-    : texte_(fichier) {
+    : nom_(TexteDe(fichier.filename())), texte_(fichier) {
   if (GenreDe(fichier) != GenreDeSource::Classeur) return;
   copie_ = std::make_unique<Remplacement>(repertoire, kFeuille);
   copie_->Achever();
@@ -30,7 +30,7 @@ SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, co
 SourceDeTable::~SourceDeTable() = default;
 
 LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue) {
-  return EnNommantLaFeuille(source, [&] {
+  return EnNommantLaSource(source, [&] {
     LectureDetectee detectee = DetecterLecture(source.Texte(), etendue);
     if (!source.Feuille()) return detectee;
     detectee.lecture.decimale = '.';

@@ -33,11 +33,14 @@ class SourceDeTable {
   SourceDeTable& operator=(const SourceDeTable&) = delete;
 
   const Chemin& Texte() const { return texte_; }
+  // The name of the file that was given, without directory.
+  const std::string& Nom() const { return nom_; }
   bool EstCopie() const { return copie_ != nullptr; }
   // The sheet of a workbook; nothing for a file that is a text itself.
   const std::optional<FeuilleLue>& Feuille() const { return feuille_; }
 
  private:
+  std::string nom_;
   Chemin texte_;
   std::unique_ptr<Remplacement> copie_;
   std::optional<FeuilleLue> feuille_;
@@ -55,14 +58,16 @@ std::string DireAutresFeuilles(const SourceDeTable& source);
 // The sentence of a refusal with the sheet that it bears on and the other ones.
 std::string RefusDeFeuille(const FeuilleLue& feuille, std::string_view refus);
 
-// Does what reads the source; a sentence that refuses a sheet also names it and the other ones.
+// Does what reads the source; a failure that knows its line gets the name of the file, and a sentence that refuses a
+// sheet also names it and the other ones.
 template <typename Faire>
-auto EnNommantLaFeuille(const SourceDeTable& source, Faire&& faire) {
+auto EnNommantLaSource(const SourceDeTable& source, Faire&& faire) {
   try {
     return faire();
-  } catch (const Erreur& erreur) {
-    if (!source.Feuille() || erreur.Numero() != kIncompatibiliteType) throw;
-    throw Erreur(kIncompatibiliteType, RefusDeFeuille(*source.Feuille(), TexteErreur(erreur)));
+  } catch (Erreur& erreur) {
+    if (erreur.Ou().ligne > 0) erreur.Situer({source.Nom()});
+    if (!source.Feuille() || erreur.Numero() != kIncompatibiliteType || erreur.Phrase().empty()) throw;
+    throw Erreur(kIncompatibiliteType, RefusDeFeuille(*source.Feuille(), erreur.Phrase())).Situer(erreur.Ou());
   }
 }
 

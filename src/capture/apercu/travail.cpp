@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/sorties/direct.h"
 #include "core/texte/nombres.h"
 
@@ -52,7 +53,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   LectureDetectee detectee = DetecterLecture(source);
   if (options.lecture.titres) detectee.douteTitres.clear();
   const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
-  const Apercu vue = EnNommantLaFeuille(source, [&] { return LireApercu(source.Texte(), lecture); });
+  const Apercu vue = EnNommantLaSource(source, [&] { return LireApercu(source.Texte(), lecture); });
   if (!SansAutreChoix(options, vue)) return false;
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());

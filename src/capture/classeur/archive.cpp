@@ -6,10 +6,11 @@
 
 namespace quelvar::capture::classeur {
 
-void RefuserClasseur(Texte raison) {
+void RefuserClasseur(Texte raison, const Lieu& lieu) {
   throw Erreur(kIncompatibiliteType,
                Joindre({"Ce classeur ne peut pas être lu : "_w, raison,
-                        ". Enregistrez la feuille en CSV depuis le tableur et importez ce fichier."}));
+                        ". Enregistrez la feuille en CSV depuis le tableur et importez ce fichier."}))
+      .Situer(lieu);
 }
 
 Partie::~Partie() {

@@ -40,7 +40,7 @@ class Partie {
   }
   Partie& operator=(Partie&&) = delete;
 
-  // The next bytes, 0 at the end. Raises a sentence: kErreurPeripherique for a damaged part, kMemoireInsuffisante
+  // The next bytes, 0 at the end. Raises a sentence: kIncompatibiliteType for a damaged part, kMemoireInsuffisante
   // beyond kOctetsAuPlus.
   std::size_t Lire(std::span<char> octets);
   const std::string& Nom() const { return nom_; }
@@ -73,7 +73,8 @@ class Archive {
   SuiviDArchive suivi_;
 };
 
-// The refusal of what cannot be read, with what to do about it; `raison` ends without a point.
-[[noreturn]] void RefuserClasseur(Texte raison);
+// Raises the refusal of what cannot be read (kIncompatibiliteType), with what to do about it; `raison` ends without a
+// point, `lieu` is the row and the column of the sheet where they are known.
+[[noreturn]] void RefuserClasseur(Texte raison, const Lieu& lieu = {});
 
 }  // namespace quelvar::capture::classeur

@@ -16,7 +16,8 @@ using namespace classeur;
 
 // The workbook and its sheets, whichever of the two it is.
 struct Ouvert {
-  explicit Ouvert(const Chemin& chemin, const SuiviDArchive& suivi = {}) : archive(chemin, suivi) {
+  explicit Ouvert(const Chemin& chemin, const SuiviDArchive& suivi = {})
+      : fichier(TexteDe(chemin.filename())), archive(chemin, suivi) {
     if (EstXlsx(archive)) {
       xlsx = OuvrirXlsx(archive);
       for (const FeuilleXlsx& feuille : xlsx->feuilles) noms.push_back(DepuisUtf8(feuille.nom));
@@ -31,6 +32,7 @@ struct Ouvert {
     for (std::size_t i = 0; i < noms.size(); ++i) cachees[i] = xlsx->feuilles[i].cachee;
   }
 
+  std::string fichier;  // its name without directory
   Archive archive;
   std::optional<ClasseurXlsx> xlsx;
   std::vector<std::string> noms;
@@ -73,10 +75,16 @@ std::size_t RangDe(const Ouvert& ouvert, std::string_view feuille) {
                                               "\". Ses feuilles sont : ", ListeDesFeuilles(ouvert.noms), "."}));
 }
 
+// A failure that knows its row gets the name of the workbook.
 void LireLaFeuille(const Ouvert& ouvert, std::size_t rang, const RecevoirLigne& recevoir) {
   Rangees rangees(recevoir);
-  if (ouvert.xlsx) LireXlsx(ouvert.archive, *ouvert.xlsx, rang, rangees);
-  else LireOds(ouvert.archive, rang, rangees);
+  try {
+    if (ouvert.xlsx) LireXlsx(ouvert.archive, *ouvert.xlsx, rang, rangees);
+    else LireOds(ouvert.archive, rang, rangees);
+  } catch (Erreur& erreur) {
+    if (erreur.Ou().ligne > 0) erreur.Situer({ouvert.fichier});
+    throw;
+  }
 }
 
 // What an import could take for a separator is quoted, so that counting them tells the right one.

@@ -8,16 +8,17 @@ namespace quelvar::capture::classeur {
 
 namespace {
 
-[[noreturn]] void TropGrande(Texte quoi) {
+[[noreturn]] void TropGrande(Texte quoi, std::int64_t ligne) {
   throw Erreur(kMemoireInsuffisante, Joindre({"La feuille dépasse ce que l'import accepte : plus de "_w, quoi,
-                                              ". Partagez-la, ou enregistrez-la en CSV depuis le tableur."}));
+                                              ". Partagez-la, ou enregistrez-la en CSV depuis le tableur."}))
+      .Situer({{}, ligne});
 }
 
 }  // namespace
 
 void Rangees::Commencer(std::int64_t rang) {
-  if (rang < Suivant()) RefuserClasseur("les lignes de la feuille ne se suivent pas");
-  if (rang > kLignesAuPlus) TropGrande("1 048 576 lignes");
+  if (rang < Suivant()) RefuserClasseur("les lignes de la feuille ne se suivent pas", {{}, Suivant()});
+  if (rang > kLignesAuPlus) TropGrande("1 048 576 lignes", rang);
   vides_ = rang - 1 - donnees_;
   largeur_ = 0;
   remplieLigne_ = 0;
@@ -26,8 +27,9 @@ void Rangees::Commencer(std::int64_t rang) {
 
 void Rangees::Poser(std::int64_t colonne, std::string_view valeur, std::int64_t fois) {
   if (valeur.empty()) return;
-  if (colonne < 0 || fois > kColonnesAuPlus || colonne + fois > kColonnesAuPlus) TropGrande("16 384 colonnes");
-  if (valeur.size() > kCelluleAuPlus) TropGrande("un Mio dans une cellule");
+  if (colonne < 0 || fois > kColonnesAuPlus || colonne + fois > kColonnesAuPlus)
+    TropGrande("16 384 colonnes", Suivant());
+  if (valeur.size() > kCelluleAuPlus) TropGrande("un Mio dans une cellule", Suivant());
   const auto fin = static_cast<std::size_t>(colonne + fois);
   if (cellules_.size() < fin) cellules_.resize(fin);
   for (; largeur_ < static_cast<std::size_t>(colonne); ++largeur_) cellules_[largeur_].clear();
@@ -42,16 +44,16 @@ void Rangees::Finir(std::int64_t fois) {
     vides_ = std::min(vides_ + std::max<std::int64_t>(fois, 0), 2 * kLignesAuPlus);
     return;
   }
-  if (fois > kLignesAuPlus || donnees_ + vides_ + fois > kLignesAuPlus) TropGrande("1 048 576 lignes");
+  if (fois > kLignesAuPlus || donnees_ + vides_ + fois > kLignesAuPlus) TropGrande("1 048 576 lignes", Suivant());
   const std::size_t largeur = largeur_;
   largeur_ = 0;
   for (; vides_ > 0 && !assez_; --vides_) Donner();
   largeur_ = largeur;
   for (std::int64_t i = 0; i < fois && !assez_; ++i) {
     remplies_ += remplieLigne_;
-    if (remplies_ > kCellulesAuPlus) TropGrande("250 millions de cellules remplies");
+    if (remplies_ > kCellulesAuPlus) TropGrande("250 millions de cellules remplies", Suivant());
     octets_ += octetsLigne_;
-    if (octets_ > kOctetsDeCellulesAuPlus) TropGrande("4 Gio de cellules");
+    if (octets_ > kOctetsDeCellulesAuPlus) TropGrande("4 Gio de cellules", Suivant());
     Donner();
   }
   largeur_ = 0;

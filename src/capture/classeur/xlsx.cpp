@@ -218,7 +218,8 @@ class LecteurXlsx {
       if (valeur_.empty()) return;
       const std::int64_t rang = Entier(valeur_, -1);
       if (rang < 0 || static_cast<std::size_t>(rang) >= textes_.fins.size())
-        RefuserClasseur("une cellule y renvoie à un texte qui n'existe pas"_w);
+        RefuserClasseur("une cellule y renvoie à un texte qui n'existe pas"_w,
+                        {{}, rangees_.Suivant(), static_cast<int>(colonne_ + 1)});
       rangees_.Poser(colonne_, textes_.Texte(static_cast<std::size_t>(rang)));
     } else if (type_ == "inlineStr") {
       rangees_.Poser(colonne_, SansEchappement(riche_.texte));

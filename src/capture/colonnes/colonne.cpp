@@ -17,7 +17,7 @@ std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes) 
     rangs.push_back(j);
     intitules.push_back(colonnes[j].intitule);
   }
-  std::vector<NomCourt> noms = NomsCourts(intitules);
+  std::vector<NomCourt> noms = NommerIntitules(intitules);
   std::vector<std::size_t> changees;
   for (std::size_t i = 0; i < rangs.size(); ++i) {
     colonnes[rangs[i]].nomCourt = std::move(noms[i].nom);

@@ -10,6 +10,9 @@
 
 namespace quelvar::capture {
 
+// What a report shows for a column without a title.
+inline constexpr std::string_view kSansIntitule = "pas d'intitulé"_w;
+
 inline constexpr std::size_t kPositionMaximale = 9999;  // last column that .POS can tell
 
 struct ColonneImportee {

@@ -2,39 +2,11 @@
 
 #include <algorithm>
 
+#include "capture/colonnes/tableau.h"
 #include "capture/fichiers.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
-
-namespace {
-
-std::string LigneDeColonne(const ColonneImportee& colonne) {
-  const bool nomme = !colonne.intitule.empty();
-  std::string_view statut = "NON         ";
-  std::string nomCourt(3, ' ');
-  std::string_view intitule = nomme ? std::string_view(colonne.intitule) : "pas d'intitulé"_w;
-  if (colonne.numero) {
-    statut = "NON (numéro)"_w;
-    intitule = colonne.intitule;
-  } else if (colonne.DansPos()) {
-    statut = "OUI         ";
-    nomCourt = colonne.nomCourt;
-  }
-  return Joindre({NombreFixe(static_cast<double>(colonne.rang), 4, 0), std::string(4, ' '),
-                  NombreFixe(colonne.codeMax, 4, 0), std::string(10, ' '),
-                  NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(8, ' '),
-                  NombreFixe(static_cast<double>(colonne.largeur), 4, 0), std::string(6, ' '), nomCourt,
-                  std::string(7, ' '), statut, " ", intitule});
-}
-
-std::string LigneDeColonneSansIntitules(const ColonneImportee& colonne) {
-  return Joindre({NombreFixe(static_cast<double>(colonne.rang), 4, 0), std::string(14, ' '),
-                  NombreFixe(static_cast<double>(colonne.position), 4, 0), std::string(10, ' '),
-                  NombreFixe(static_cast<double>(colonne.largeur), 4, 0)});
-}
-
-}  // namespace
 
 void EcrirePresence(Rapport& rapport, const Contexte& contexte, std::string_view nomSource, const Presence& presence) {
   const std::string dat = contexte.Nom(".DAT");
@@ -85,15 +57,7 @@ void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonn
   rapport.Ligne();
   rapport.Ligne("Résultat de l'importation pour chaque colonne"_w);
   rapport.Ligne();
-  if (sansIntitules) {
-    rapport.Ligne("Numéro         1ère position      Largeur  "_w);
-    rapport.Ligne("colonne     dans données *.DAT             "_w);
-  } else {
-    rapport.Ligne("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
-    rapport.Ligne("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
-  }
-  for (const ColonneImportee& colonne : colonnes)
-    rapport.Ligne(sansIntitules ? LigneDeColonneSansIntitules(colonne) : LigneDeColonne(colonne));
+  ImprimerRangees(rapport, TableauDesColonnes(colonnes, sansIntitules), FormeDesColonnes(sansIntitules));
 }
 
 std::string NumeroEtIntitule(const ColonneImportee& colonne) {

@@ -104,11 +104,13 @@ bool LecteurDbf::Lire(std::string_view& enregistrement) {
     return true;
   }
   if (debut_ == morceau_.size()) {
-    morceau_ = LireMorceau(chemin_, place_, std::max(longueur_, kMorceau / longueur_ * longueur_));
+    morceau_ =
+        Situer([&] { return Ou(); },
+               [&] { return LireMorceau(chemin_, place_, std::max(longueur_, kMorceau / longueur_ * longueur_)); });
     place_ += morceau_.size();
     debut_ = 0;
   }
-  if (morceau_.size() - debut_ < longueur_) throw Erreur(kFinDeFichierDepassee);
+  if (morceau_.size() - debut_ < longueur_) throw Erreur(kFinDeFichierDepassee).Situer(Ou());
   enregistrement = std::string_view(morceau_).substr(debut_, longueur_);
   debut_ += longueur_;
   return true;

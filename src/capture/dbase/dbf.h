@@ -63,8 +63,10 @@ class LecteurDbf {
   std::uint64_t Enregistrements() const { return enregistrements_; }
   std::uintmax_t Taille() const { return taille_; }
   // The next record with its deletion mark, as a view that lives until the next call; false behind the last one.
-  // Raises kErreurPeripherique, kPermissionRefusee, and kFinDeFichierDepassee for a file that has become shorter.
+  // Raises the failures of LireMorceau, and kFinDeFichierDepassee for a file that has become shorter, with their place.
   bool Lire(std::string_view& enregistrement);
+  // The record given last, by its number, for a failure that it causes.
+  Lieu Ou() const { return {TexteDe(chemin_.filename()), static_cast<std::int64_t>(donnes_)}; }
 
  private:
   Chemin chemin_;

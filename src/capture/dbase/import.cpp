@@ -5,11 +5,12 @@
 #include <vector>
 
 #include "capture/dbase/dbf.h"
+#include "capture/dbase/edition.h"
 #include "capture/dbase/questions.h"
 #include "capture/dbase/remarques.h"
 #include "capture/dbase/tri.h"
 #include "capture/fichiers.h"
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
@@ -138,7 +139,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   RemarquerImpropres(impropres, questions, tris);
   const std::vector<QuestionComptee> comptees = Assembler(questions, std::move(tris));
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
-  EcrireTris(rapport, comptees, individus);
+  ImprimerTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);
 
   Remarques remarques;
@@ -164,7 +165,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
     LecteurLignes lecteur(dat);
     for (std::string_view ligne; lecteur.Lire(ligne); ++individus) longueur = std::max(longueur, ligne.size());
   }
-  if (individus == 0) throw Erreur(kFinDeFichierDepassee);
+  if (individus == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(dat.filename())});
   const std::vector<QuestionImportee> questions = QuestionsDesPositions(longueur);
   const std::vector<Champ> champs = ChampsDe(questions);
   CompteurDeChamps compteur(champs);
@@ -180,7 +181,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
   Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
   EcrirePos(pos.Fichier(), contexte, comptees, individus);
   pos.Achever();
-  EcrireTris(rapport, comptees, individus);
+  ImprimerTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);
   Remarques remarques;
   RemarquerQuestions(remarques, questions, {}, longueur);
@@ -214,7 +215,7 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
     comptees.push_back({question.nom, static_cast<std::size_t>(question.position),
                         static_cast<std::size_t>(question.largeur), std::move(tris[i])});
   }
-  EcrireTris(rapport, comptees, individus);
+  ImprimerTris(rapport, comptees, individus);
   EcrireFinDImport(rapport, contexte.niveau);
   Remarques remarques;
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());

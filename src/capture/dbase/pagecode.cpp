@@ -49,7 +49,7 @@ TableDOctets TableDePage(PageDeCode page) {
   if (page != PageDeCode::Dos437 && page != PageDeCode::Dos850) return table;
   const std::u16string_view hauts = page == PageDeCode::Dos437 ? k437 : k850;
   for (std::size_t i = 0; i < hauts.size(); ++i) {
-    const int octet = detail::OctetDe(hauts[i]);
+    const int octet = OctetDe(hauts[i]);
     table[128 + i] = octet < 0 ? '?' : static_cast<char>(octet);
   }
   return table;

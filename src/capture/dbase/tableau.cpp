@@ -61,14 +61,14 @@ PassageDbf ParcourirEnregistrements(const Chemin& dbf, const EnteteDbf& entete, 
   std::string ligne(entete.LongueurLigne(), ' ');
   ConvertisseurDbf convertisseur(entete);
   PassageDbf passage;
-  const auto ou = [&] { return Lieu{TexteDe(dbf.filename()), static_cast<std::int64_t>(passage.enregistrements)}; };
-  Situer(ou, [&] {
-    for (std::string_view enregistrement; lecteur.Lire(enregistrement);) {
-      passage.Voir(enregistrement);
-      convertisseur.Convertir(enregistrement, ligne.data());
-      travail(std::string_view(ligne));
-    }
-  });
+  Situer([&] { return lecteur.Ou(); },
+         [&] {
+           for (std::string_view enregistrement; lecteur.Lire(enregistrement);) {
+             passage.Voir(enregistrement);
+             convertisseur.Convertir(enregistrement, ligne.data());
+             travail(std::string_view(ligne));
+           }
+         });
   passage.Prendre(convertisseur);
   return passage;
 }

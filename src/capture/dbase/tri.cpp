@@ -118,28 +118,4 @@ std::vector<TriDeChamp> CompteurDeChamps::Tris() const {
   return tris;
 }
 
-void EcrireTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus) {
-  rapport.Ligne();
-  rapport.Ligne("Impression des tris a plat");
-  rapport.Ligne();
-  // Six columns for a count, more when a blank would no longer stand before the largest.
-  const int largeur = std::max(6, static_cast<int>(Nombre(individus).size()) + 1);
-  for (const QuestionComptee& question : questions) {
-    rapport.Ligne({"Question ", question.nom, " Position ", NombreFixe(static_cast<double>(question.position), 4, 0),
-                   "    Code-max. ", NombreFixe(question.tri.codeMax, 3, 0)});
-    for (std::size_t code = 0; code < question.tri.effectifs.size(); ++code) {
-      const std::int64_t effectif = question.tri.effectifs[code];
-      if (effectif > 0)
-        rapport.Ligne({EntierDroit(static_cast<std::int64_t>(code), 4), EntierDroit(effectif, largeur)});
-    }
-    rapport.Ligne({"Tot.", EntierDroit(individus, largeur), " 100"});
-    rapport.Ligne();
-  }
-  rapport.Ligne({"Il y a ", NombreNu(questions.size()), " questions"});
-  if (std::any_of(questions.begin(), questions.end(), [](const QuestionComptee& q) { return q.largeur == 3; })) {
-    rapport.Ligne("Avec TRIAPL, passez d'abord les tris de questions sur 3 ");
-    rapport.Ligne("positions ou, s'il y en a de trop, une partie seulement ");
-  }
-}
-
 }  // namespace quelvar::capture

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "core/enquete/datfile.h"
-#include "core/programme/report.h"
 
 namespace quelvar::capture {
 
@@ -62,16 +61,5 @@ class CompteurDeChamps {
   std::vector<Impropres> impropres_;  // by field
   std::int64_t lignes_ = 0;
 };
-
-// A question of the count as it is printed.
-struct QuestionComptee {
-  std::string nom;
-  std::size_t position = 1;
-  std::size_t largeur = 1;
-  TriDeChamp tri;
-};
-
-// Prints the counts of all questions, their number, and the advice on questions of three columns.
-void EcrireTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus);
 
 }  // namespace quelvar::capture

@@ -82,6 +82,10 @@ std::optional<FichiersSaisie::Trace> FichiersSaisie::TracerFichier(const Chemin&
 
 Chemin FichiersSaisie::Dat() const { return CheminDEcriture(contexte_.repertoire, contexte_.Nom(".DAT")); }
 
+Erreur FichiersSaisie::SansEnregistrement(std::int64_t numero) const {
+  return Erreur(kFinDeFichierDepassee).Situer({TexteDe(Dat().filename()), numero});
+}
+
 std::string FichiersSaisie::TextePos(std::int64_t nonVides) const {
   return Joindre({contexte_.generique, "\r\n", NombreNu(nonVides), "\r\n", questions_});
 }
@@ -142,13 +146,13 @@ void FichiersSaisie::Recopier(JeuDeFichiers& jeu, std::string_view ajout, std::i
     }
   }
   if (remplacee == 0) copie.Ligne(ajout);
-  else if (numero < remplacee) throw Erreur(kFinDeFichierDepassee);
+  else if (numero < remplacee) throw SansEnregistrement(remplacee);
 }
 
 void FichiersSaisie::Corriger(std::int64_t numero, std::string_view ligne) {
   JeuDeFichiers jeu(contexte_.repertoire, contexte_.generique);
   Revoir();
-  if (numero < 1 || numero > examen_.lignes) throw Erreur(kFinDeFichierDepassee);
+  if (numero < 1 || numero > examen_.lignes) throw SansEnregistrement(numero);
   Recopier(jeu, ligne, numero);
   if (EstBlanche(Lire(numero))) {  // one record more for .POS
     GarderPos(jeu);
@@ -169,7 +173,7 @@ std::string FichiersSaisie::Lire(std::int64_t numero) const {
   LecteurLignes lecteur(Dat());
   std::string_view ligne;
   for (std::int64_t i = 0; i < numero; ++i)
-    if (!lecteur.Lire(ligne)) throw Erreur(kFinDeFichierDepassee);
+    if (!lecteur.Lire(ligne)) throw SansEnregistrement(numero);
   return std::string(ligne);
 }
 

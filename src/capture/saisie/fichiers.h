@@ -64,6 +64,7 @@ class FichiersSaisie {
 
   static std::optional<Trace> TracerFichier(const Chemin& chemin);
   Chemin Dat() const;
+  Erreur SansEnregistrement(std::int64_t numero) const;
   std::string TextePos(std::int64_t nonVides) const;
   void Revoir();
   void GarderPos(JeuDeFichiers& jeu) const;

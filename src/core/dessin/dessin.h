@@ -122,7 +122,7 @@ class Dessin {
 
   double Largeur() const { return largeur_; }
   double Hauteur() const { return hauteur_; }
-  const Fenetre& VueUtilisateur() const { return fenetre_; }
+  // A place in user units as a place of the page, and back.
   Position VersPage(Position utilisateur) const;
   Position VersUtilisateur(Position page) const;
 
@@ -133,6 +133,7 @@ class Dessin {
   // What is added from now on stands for that element.
   void Designer(std::int32_t id) { id_ = id; }
 
+  // Each adds a mark and returns it; the reference lives until the next one is added.
   Forme& Ligne(Position a, Position b, const Plume& plume = {});
   Forme& Ligne(std::span<const Position> points, const Plume& plume = {});
   Forme& Polygone(std::span<const Position> points, const Fond& fond, const Plume& plume = {.epaisseur = 0});
@@ -143,7 +144,9 @@ class Dessin {
 
   const std::vector<Forme>& Formes() const { return formes_; }
   const std::vector<Calque>& Calques() const { return calques_; }
+  // The zone that a mark is cut off at, if it is.
   const std::optional<Zone>& Coupe(const Forme& forme) const { return calques_[forme.calque].coupe; }
+  // In user units.
   std::span<const Position> Points(const Forme& forme) const {
     return std::span(points_).subspan(forme.premier, forme.nombre);
   }
@@ -152,7 +155,7 @@ class Dessin {
   // The rectangle that a form covers on the page, without the width of its line.
   Zone Etendue(const Forme& forme) const;
 
-  // The element drawn last under a point of the page, within that many points.
+  // The element drawn last under a point of the page, within that many points; nothing without one.
   std::optional<std::int32_t> ElementSous(Position page, double tolerance) const;
 
  private:

@@ -24,7 +24,8 @@ Empreinte EmpreinteSansContenu(const Chemin& chemin);
 
 enum class SurDisque { Inchange, Modifie, Disparu };
 // Compares the file with what is remembered of it. The content decides as soon as the size or the time differs, and
-// always when `toujoursLire`; a file that only has another time is unchanged and its time is taken over.
+// always when `toujoursLire`; a file that only has another time is unchanged and its time is taken over. A file that
+// cannot be read counts as gone.
 SurDisque ComparerAvecDisque(const Chemin& chemin, Empreinte& connue, bool toujoursLire);
 
 }  // namespace quelvar

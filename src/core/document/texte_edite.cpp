@@ -41,7 +41,7 @@ std::array<char16_t, 256> TableDeLecture() {
     const auto octet = static_cast<unsigned char>(i);
     table[i] = EstControle(octet)         ? ImageDe(octet)
                : i == kTraitConditionnel  ? kTraitVisible
-               : (i >= 0x80 && i <= 0x9F) ? detail::pointsDe80[i - 0x80]
+               : (i >= 0x80 && i <= 0x9F) ? kPointsDe80[i - 0x80]
                                           : static_cast<char16_t>(i);
   }
   return table;
@@ -50,7 +50,7 @@ std::array<char16_t, 256> TableDeLecture() {
 bool EstUtf8Lisible(std::string_view octets) {
   if (!EstUtf8(octets)) return false;
   while (!octets.empty()) {
-    const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
+    const PointUtf8 lu = DecoderUtf8(octets);
     if (lu.longueur == 0 || EstReserve(lu.point)) return false;
     octets.remove_prefix(lu.longueur);
   }
@@ -85,7 +85,7 @@ void AjouterLigne(std::u16string& texte, std::string_view ligne, Encodage encoda
     return;
   }
   while (!ligne.empty()) {
-    const detail::PointUtf8 lu = detail::DecoderUtf8(ligne);
+    const PointUtf8 lu = DecoderUtf8(ligne);
     AjouterUtf16(texte, lu.point < 0x80 ? table[lu.point] : lu.point);
     ligne.remove_prefix(lu.longueur);
   }
@@ -102,32 +102,13 @@ char32_t Suivant(std::u16string_view& texte) {
   return point;
 }
 
-void AjouterUtf8(std::string& octets, char32_t point) {
-  const auto suite = [&](int decalage) { octets += static_cast<char>(0x80 | ((point >> decalage) & 0x3F)); };
-  if (point < 0x80) {
-    octets += static_cast<char>(point);
-  } else if (point < 0x800) {
-    octets += static_cast<char>(0xC0 | (point >> 6));
-    suite(0);
-  } else if (point < 0x10000) {
-    octets += static_cast<char>(0xE0 | (point >> 12));
-    suite(6);
-    suite(0);
-  } else {
-    octets += static_cast<char>(0xF0 | (point >> 18));
-    suite(12);
-    suite(6);
-    suite(0);
-  }
-}
-
 void AjouterCaractere(std::string& octets, char32_t point, Encodage encodage) {
   if (EstImage(point)) {
     octets += OctetDImage(static_cast<char16_t>(point));
   } else if (encodage == Encodage::Utf8) {
     AjouterUtf8(octets, point);
   } else {
-    const int octet = detail::OctetDe(point == kTraitVisible ? kTraitConditionnel : point);
+    const int octet = OctetDe(point == kTraitVisible ? kTraitConditionnel : point);
     octets += octet < 0 ? '?' : static_cast<char>(octet);
   }
 }
@@ -205,8 +186,7 @@ std::u16string CaracteresAdmis(std::u16string_view texte, Encodage encodage) {
     char32_t point = Suivant(texte);
     if (encodage == Encodage::PageDeCode && point == kTraitConditionnel) point = kTraitVisible;
     const bool controle = point < 0x100 && point != '\n' && EstControle(static_cast<unsigned char>(point));
-    const bool connu =
-        encodage == Encodage::Utf8 || detail::OctetDe(point) >= 0 || EstImage(point) || point == kTraitVisible;
+    const bool connu = encodage == Encodage::Utf8 || OctetDe(point) >= 0 || EstImage(point) || point == kTraitVisible;
     if (controle) admis += ImageDe(static_cast<unsigned char>(point));
     else AjouterUtf16(admis, connu ? point : U'?');
   }

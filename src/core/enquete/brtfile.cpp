@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -10,9 +11,6 @@
 namespace quelvar {
 
 namespace {
-
-constexpr int kLargeurNom = 4;
-constexpr std::size_t kLargeurIntitule = 25;
 
 // An integer right-aligned in the width, whole when longer.
 void EcrireEntier(Ecrivain& fichier, std::int64_t valeur, int largeur) {
@@ -28,9 +26,9 @@ void EcrireEntier(Ecrivain& fichier, std::int64_t valeur, int largeur) {
 void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& ligne) {
   if (largeur < 1) throw Erreur(kArgumentIncorrect);
   const auto w = static_cast<std::size_t>(largeur);
-  ligne.nom = CadreGauche(texte.substr(0, kLargeurNom), kLargeurNom);
+  ligne.nom = CadreGauche(texte.substr(0, kLargeurDeModalite), kLargeurDeModalite);
   ligne.cellules.resize(static_cast<std::size_t>(std::max(colonnes, 0)));
-  std::size_t colonne = kLargeurNom + 1;
+  std::size_t colonne = kLargeurDeModalite + 1;
   Situer(
       [&] {
         return Lieu{{}, 0, static_cast<int>(colonne)};
@@ -41,12 +39,12 @@ void LireLigneBrt(std::string_view texte, int colonnes, int largeur, LigneBrt& l
           colonne += w;
         }
       });
-  ligne.intitule = Rogner(Milieu(texte, colonne)).substr(0, kLargeurIntitule);
+  ligne.intitule = Rogner(Milieu(texte, colonne)).substr(0, kIntituleDeModaliteAuPlus);
 }
 
 void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std::int64_t> cellules, int largeur,
                     std::string_view intitule) {
-  fichier.Ecrire(CadreGauche(nom, kLargeurNom));
+  fichier.Ecrire(CadreGauche(nom, kLargeurDeModalite));
   for (const std::int64_t cellule : cellules) EcrireEntier(fichier, cellule, largeur);
   fichier.Ligne(intitule);
 }
@@ -74,11 +72,11 @@ bool EstSuiviDeCellules(std::string_view reste, std::size_t largeur) {
 ControleDeBurt::ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur)
     : brt_(brt),
       largeur_(static_cast<std::size_t>(std::max(largeur, 0))),
-      longueur_(kLargeurNom + colonnes * largeur_) {}
+      longueur_(kLargeurDeModalite + colonnes * largeur_) {}
 
 void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
   ++rang_;
-  const std::string_view nom = Rogner(texte.substr(0, kLargeurNom));
+  const std::string_view nom = Rogner(texte.substr(0, kLargeurDeModalite));
   if (!nom.empty() && nom != Rogner(nomAttendu))
     throw Erreur(kIncompatibiliteType,
                  Joindre({"*** Arret du programme : ", TexteDe(brt_.filename()),

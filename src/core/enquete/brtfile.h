@@ -30,6 +30,7 @@ void EcrireLigneBrt(Ecrivain& fichier, std::string_view nom, std::span<const std
 // that bears the name of another modality, or rows of other widths than those that the parameters tell.
 class ControleDeBurt {
  public:
+  // The path must outlive it; `largeur` is that of a cell.
   ControleDeBurt(const Chemin& brt, std::size_t colonnes, int largeur);
   // The next row; raises a sentence (kIncompatibiliteType) for a name that is not the one of its modality. A row
   // without a name passes.

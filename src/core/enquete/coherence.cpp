@@ -5,15 +5,12 @@
 #include "core/enquete/brtfile.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
 
 namespace {
-
-constexpr std::size_t kLargeurNom = 4;
-
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison, std::string_view quoi) {
   throw Erreur(kIncompatibiliteType,
@@ -67,7 +64,7 @@ bool EstSuiteDeCellules(std::string_view texte, std::size_t largeur) {
 void ExigerColonnesNommees(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres) {
   if (parametres.burt >= 1 || parametres.colonnes > 0 || parametres.largeur < 1) return;
   const auto largeur = static_cast<std::size_t>(parametres.largeur);
-  const std::size_t longueur = kLargeurNom + mod.modalites.size() * largeur;
+  const std::size_t longueur = kLargeurDeModalite + mod.modalites.size() * largeur;
   bool decalee = false;
   LecteurLignes lecteur(brt);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
@@ -99,7 +96,7 @@ std::int64_t ExigerLaForme(const Chemin& brt, const FichierMod& mod, const Param
 ControleDeTable::ControleDeTable(const Chemin& brt, const ParametresMod& parametres, std::size_t colonnes)
     : brt_(brt),
       largeur_(static_cast<std::size_t>(std::max<int>(parametres.largeur, 1))),
-      longueur_(kLargeurNom + colonnes * largeur_),
+      longueur_(kLargeurDeModalite + colonnes * largeur_),
       autreNombre_(parametres.colonnes > 0 && Entier64(parametres.colonnes) != static_cast<std::int64_t>(colonnes) &&
                    Entier64(parametres.colonnes) != static_cast<std::int64_t>(colonnes) + Entier64(parametres.lignes)) {
 }
@@ -107,7 +104,7 @@ ControleDeTable::ControleDeTable(const Chemin& brt, const ParametresMod& paramet
 void ControleDeTable::Voir(std::string_view texte) {
   ++lignes_;
   const bool courte = texte.size() < longueur_;
-  entamee_ = courte && texte.size() > kLargeurNom && (texte.size() - kLargeurNom) % largeur_ != 0;
+  entamee_ = courte && texte.size() > kLargeurDeModalite && (texte.size() - kLargeurDeModalite) % largeur_ != 0;
   toutesCourtes_ = toutesCourtes_ && courte;
   const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
   toutesLongues_ = toutesLongues_ && reste.size() >= largeur_ && EstChiffre(reste[largeur_ - 1]) &&
@@ -141,7 +138,7 @@ void ExigerFormeDuMod(const Chemin& brt, const FichierMod& mod, const Parametres
 
 void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMod& parametres) {
   ExigerLesModalites(cdg, mod, parametres);
-  const std::size_t longueur = kLargeurNom + mod.modalites.size();
+  const std::size_t longueur = kLargeurDeModalite + mod.modalites.size();
   LecteurLignes lecteur(cdg);
   std::int64_t lignes = 0;
   bool toutesCourtes = true;
@@ -152,7 +149,7 @@ void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMo
     toutesCourtes = toutesCourtes && ligne.size() < longueur;
     // Only an individual without a short name has its name behind the digits.
     toutesLongues = toutesLongues && ligne.size() > longueur && (ligne[longueur] == '0' || ligne[longueur] == '1') &&
-                    !Rogner(ligne.substr(0, kLargeurNom)).empty();
+                    !Rogner(ligne.substr(0, kLargeurDeModalite)).empty();
   }
   if (lignes > 0 && (toutesCourtes || toutesLongues))
     Refuser(cdg,
@@ -162,6 +159,16 @@ void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMo
   const double individus = parametres.burt == 1 ? parametres.lignesSup : 0;
   if (individus > 0 && static_cast<double>(lignes) != individus)
     Refuser(cdg, Joindre({"il a ", Nombre(lignes), " individus au lieu de ", Nombre(Entier64(individus))}), kModalites);
+}
+
+std::string_view MessageParentheses() {
+  return "Il y a des incohérences dans les parenthèses de ligne 2 du fichier *.POS, corrigez et relancez "_w;
+}
+
+void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue) {
+  if (!taille.parenthesesFautives) return;
+  dialogue.demander(MessageParentheses(), Boutons::Ok);
+  throw Erreur(kArretAnnonce);
 }
 
 }  // namespace quelvar

@@ -1,5 +1,6 @@
 // Whether the files of an analysis belong together: a table .BRT or a logical coding .CDG and the .MOD that names its
-// columns. What a reader would take for other figures than they are stops the run.
+// columns; and what a run demands of line 2 of the .POS. What a reader would take for other figures than they are stops
+// the run.
 #pragma once
 
 #include <cstddef>
@@ -10,18 +11,23 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/enquete/posfile.h"
+#include "core/programme/dialogue.h"
 
 namespace quelvar {
 
 // Follows the rows of a rectangular table as they are read.
 class ControleDeTable {
  public:
+  // The path must outlive it; `colonnes` are the modalities of the .MOD.
   ControleDeTable(const Chemin& brt, const ParametresMod& parametres, std::size_t colonnes);
+  // The next row.
   void Voir(std::string_view texte);
   // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, when every
   // one goes on with a number and the .MOD has another count of columns than it announces, or when the last one has no
   // line end and stops inside a cell.
   void Conclure() const;
+  // Rows seen.
   std::int64_t Lignes() const { return lignes_; }
 
  private:
@@ -46,5 +52,10 @@ void ExigerFormeDuMod(const Chemin& brt, const FichierMod& mod, const Parametres
 // that have fewer or more digits than there are modalities, other individuals than the .MOD counts, or a .MOD whose
 // modalities are not as many as it announces. Single short lines pass. Raises the failures of LecteurLignes.
 void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMod& parametres);
+
+// The message on the parentheses of line 2 of a .POS.
+std::string_view MessageParentheses();
+// Shows that message and stops the run (kArretAnnonce) when the size line has it coming.
+void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue);
 
 }  // namespace quelvar

@@ -39,8 +39,7 @@ struct Descripteur {
 };
 
 // Reads the descriptor; the list ends at a line whose columns 1-4 are blank or hold "**". Questions behind a blank one
-// are a fault. Raises the failures of
-// LecteurLignes.
+// are a fault. Raises the failures of LecteurLignes.
 Descripteur LireDes(const Chemin& chemin);
 
 // Adds the fault on the record length when the last line of the data file has another one.

@@ -9,13 +9,6 @@
 
 namespace quelvar {
 
-namespace {
-
-constexpr int kLargeurNom = 4;
-constexpr int kLargeurMarque = 3;
-
-}  // namespace
-
 ListeModalites LireListeModalites(const Chemin& chemin) {
   ListeModalites liste;
   LecteurLignes lecteur(chemin);
@@ -64,7 +57,7 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
 }
 
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule) {
-  return Joindre({CadreGauche(nom, kLargeurNom), CadreGauche(marque, kLargeurMarque), intitule});
+  return Joindre({CadreGauche(nom, kLargeurDeModalite), CadreGauche(marque, kLargeurDeMarque), intitule});
 }
 
 bool EstSupplementaire(std::string_view texte) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar {
@@ -19,22 +20,24 @@ struct ListeModalites {
 
 // A file of less than two lines has an empty list. Raises the failures of LecteurLignes.
 ListeModalites LireListeModalites(const Chemin& chemin);
-// Replaces the file. Raises the failures of Remplacement.
+// Replaces the file. Raises the failures of writing.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
 // The same as one of the files of a set.
 void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste);
-// Replaces the modalities of the file by these texts; what else the file holds by then stays. Without a file,
-// raises kFichierIntrouvable; ExigerMemesModalites.
+// Replaces the modalities of the file by these texts; what else the file holds by then stays. Raises
+// kFichierIntrouvable without a file, and what ExigerMemesModalites raises.
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes);
 
 // Texts that were read go back to the modalities that they name: when the file has been made anew with others
 // meanwhile, raises kAccesFichier with a sentence.
 void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
-// Parts of a text of the list.
-inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, 4); }
-inline std::string_view MarqueDeTexte(std::string_view texte) { return texte.substr(4, 3); }
-inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(7); }
+// Parts of a text of the list: name, mark, label; and the text that they make.
+inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, kLargeurDeModalite); }
+inline std::string_view MarqueDeTexte(std::string_view texte) {
+  return texte.substr(kLargeurDeModalite, kLargeurDeMarque);
+}
+inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(kColonneDIntitule - 1); }
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);

@@ -4,25 +4,20 @@
 
 namespace quelvar {
 
-namespace {
-
-constexpr int kLargeurNom = 4;
-constexpr std::size_t kLargeurIntitule = 25;
-
-}  // namespace
+namespace {}  // namespace
 
 Modalite LireLigneModalite(std::string_view ligne) {
   Modalite modalite;
-  modalite.nom = CadreGauche(Milieu(ligne, 1, kLargeurNom), kLargeurNom);
-  modalite.marque = Milieu(ligne, 5, 3);
+  modalite.nom = CadreGauche(Milieu(ligne, 1, kLargeurDeModalite), kLargeurDeModalite);
+  modalite.marque = Milieu(ligne, kLargeurDeModalite + 1, kLargeurDeMarque);
   modalite.supplementaire = modalite.marque.find_first_of("Ss") != std::string::npos;
-  modalite.intitule = Milieu(ligne, 8);
+  modalite.intitule = Milieu(ligne, kColonneDIntitule);
   return modalite;
 }
 
 bool FinitLesModalites(std::string_view ligne) {
-  const std::string_view tete = Milieu(ligne, 1, kLargeurNom);
-  return Rogner(tete).empty() || tete.find("**") != std::string_view::npos;
+  const std::string_view tete = Milieu(ligne, 1, kLargeurDeModalite);
+  return Rogner(tete).empty() || tete.find(kFinDeListe) != std::string_view::npos;
 }
 
 FichierMod LireMod(const Chemin& chemin) {
@@ -46,8 +41,8 @@ FichierMod LireMod(const Chemin& chemin) {
 }
 
 std::string LigneModalite(std::string_view nom, bool supplementaire, std::string_view intitule) {
-  return Joindre({CadreGauche(nom, kLargeurNom), std::string_view(supplementaire ? " S " : "   "),
-                  intitule.substr(0, kLargeurIntitule)});
+  return Joindre({CadreGauche(nom, kLargeurDeModalite), std::string_view(supplementaire ? " S " : "   "),
+                  intitule.substr(0, kIntituleDeModaliteAuPlus)});
 }
 
 std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom) {
@@ -66,7 +61,7 @@ IntitulesModalites LireIntitules(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   std::string_view ligne;
   if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
-  while (lecteur.Lire(ligne)) intitules.Ajouter(Milieu(ligne, 1, kLargeurNom), Milieu(ligne, 8));
+  while (lecteur.Lire(ligne)) intitules.Ajouter(Milieu(ligne, 1, kLargeurDeModalite), Milieu(ligne, kColonneDIntitule));
   return intitules;
 }
 

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar {
@@ -37,7 +38,7 @@ bool FinitLesModalites(std::string_view ligne);
 // Raises kFinDeFichierDepassee for less than two lines and the failures of LecteurLignes.
 FichierMod LireMod(const Chemin& chemin);
 
-// A modality line: name in 4 columns, mark field in 3, label of at most 25 characters.
+// A modality line: name, mark, label of at most kIntituleDeModaliteAuPlus characters.
 std::string LigneModalite(std::string_view nom, bool supplementaire, std::string_view intitule);
 
 // Path of the .MOD of that name if it exists; one shorter than kModVide bytes counts as absent.

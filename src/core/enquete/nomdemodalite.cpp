@@ -4,15 +4,13 @@
 #include <vector>
 
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar {
 
 namespace {
 
-constexpr int kPremierCodeDouble = 36;  // the first one written with two digits
-constexpr std::size_t kLargeurNom = 4;
-
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
+constexpr std::size_t kLargeurNom = kLargeurDeModalite;
 
 // What a name may stand for.
 struct Lectures {

@@ -10,11 +10,8 @@
 
 namespace quelvar {
 
-// Last code that has a name.
-inline constexpr int kDernierCodeNomme = 99;
-
-// Name of a modality: three characters of the question and the code character, or from code 36 on two characters and
-// two digits. Raises kIndiceHorsSelection for a code above 99 or below 0.
+// Name of a modality: three characters of the question and the code character, or from kPremierCodeDouble on two
+// characters and two digits. Raises kIndiceHorsSelection for a code above kDernierCodeNomme or below 0.
 std::string NomDeModalite(std::string_view nomQuestion, int code);
 
 struct CodeDeModalite {

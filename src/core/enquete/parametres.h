@@ -26,7 +26,7 @@ struct ParametresMod {
   std::vector<std::string> remarques;  // lines for the report
 };
 
-// A parameter line: a blank before each key, a blank behind the last value. The keys end in "=".
+// A key, which ends in "=", and its value. In the line a blank stands before each key and behind the last value.
 struct CleDeParametre {
   template <std::integral Entier>
   CleDeParametre(std::string_view laCle, Entier laValeur) : cle(laCle), valeur(static_cast<std::int64_t>(laValeur)) {}
@@ -34,6 +34,7 @@ struct CleDeParametre {
   std::string_view cle;
   std::int64_t valeur;
 };
+// The line of these keys and values, in their order.
 std::string LigneDeParametres(std::span<const CleDeParametre> cles);
 inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles) {
   return LigneDeParametres(std::span(cles.begin(), cles.size()));

@@ -13,7 +13,7 @@ constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
   std::array<std::array<char, 2>, 100> codes{};
   for (std::size_t code = 0; code < codes.size(); ++code) {
     if (code < 10) codes[code] = {static_cast<char>('0' + code), 0};
-    else if (code < 36) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
+    else if (code < kPremierCodeDouble) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
     else codes[code] = {static_cast<char>('0' + code / 10), static_cast<char>('0' + code % 10)};
   }
   return codes;
@@ -21,8 +21,8 @@ constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
 
 constexpr auto kCodes = ConstruireCodes();
 
-constexpr std::string_view kMarqueActive = "&ACT&";
-constexpr std::string_view kMarqueSupplementaire = "&SUP&";
+constexpr std::string_view kActive = "&ACT&";
+constexpr std::string_view kSupplementaire = "&SUP&";
 
 // Takes the first occurrence of a mark out of the text.
 void Oter(std::string& texte, std::string_view marque) {
@@ -33,12 +33,12 @@ void Oter(std::string& texte, std::string_view marque) {
 // The marks are looked for from column 10 on, in the label too.
 Statut StatutDe(std::string_view ligne) {
   const std::string_view zone = Milieu(ligne, 10);
-  if (zone.find(kMarqueSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
-  return zone.find(kMarqueActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
+  if (zone.find(kSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
+  return zone.find(kActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
 }
 
 int LireCodeMax(std::string_view colonnes) {
-  return colonnes == "L3" || colonnes == "l3" ? 999 : Entier16(ValeurDe(colonnes));
+  return colonnes == "L3" || colonnes == "l3" ? kCodeMaxL3 : Entier16(ValeurDe(colonnes));
 }
 
 // Takes the label between its "$" signs out of the free area.
@@ -62,16 +62,16 @@ std::string TexteCodeMax(int codeMax) { return codeMax >= 100 ? "L3" : NombreFix
 
 std::string_view MarqueDe(Statut statut) {
   switch (statut) {
-    case Statut::Actif: return kMarqueActive;
-    case Statut::Supplementaire: return kMarqueSupplementaire;
+    case Statut::Actif: return kActive;
+    case Statut::Supplementaire: return kSupplementaire;
     case Statut::Aucun: break;
   }
   return {};
 }
 
 std::string_view CodeCaractere(int code) {
-  if (code < 0 || code > 99) throw Erreur(kIndiceHorsSelection);
-  return {kCodes[static_cast<std::size_t>(code)].data(), code < 36 ? std::size_t{1} : std::size_t{2}};
+  if (code < 0 || code > kDernierCodeNomme) throw Erreur(kIndiceHorsSelection);
+  return {kCodes[static_cast<std::size_t>(code)].data(), code < kPremierCodeDouble ? std::size_t{1} : std::size_t{2}};
 }
 
 LigneTaille LireLigneTaille(std::string_view ligne) {
@@ -92,7 +92,7 @@ LigneTaille LireLigneTaille(std::string_view ligne) {
 
 Question LireLigneQuestion(std::string_view ligne) {
   Question question;
-  question.nom = Milieu(ligne, 1, 3);
+  question.nom = Milieu(ligne, 1, kLargeurDeQuestion);
   const auto en = [](int colonne) { return [colonne] { return Lieu{{}, 0, colonne}; }; };
   question.position = Situer(en(4), [&] { return Entier16(ValeurDe(Milieu(ligne, 4, 4))); });
   question.codeMax = Situer(en(8), [&] { return LireCodeMax(Milieu(ligne, 8, 2)); });
@@ -104,8 +104,8 @@ Question LireLigneQuestion(std::string_view ligne) {
   question.statut = StatutDe(ligne);
   std::string zoneLibre(Milieu(ligne, libreDesDix ? 10 : 11));
   DetacherIntitule(ligne, zoneLibre, question);
-  Oter(zoneLibre, kMarqueActive);
-  Oter(zoneLibre, kMarqueSupplementaire);
+  Oter(zoneLibre, kActive);
+  Oter(zoneLibre, kSupplementaire);
   question.regle = Rogner(zoneLibre);
   return question;
 }
@@ -116,9 +116,9 @@ std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::st
 }
 
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {
-  const std::string_view nom = Milieu(ligne, 1, 3);
+  const std::string_view nom = Milieu(ligne, 1, kLargeurDeQuestion);
   if (Rogner(nom).empty()) return FinDeListe::LigneBlanche;
-  if (nom.find("**") != std::string_view::npos) return FinDeListe::Asterisques;
+  if (nom.find(kFinDeListe) != std::string_view::npos) return FinDeListe::Asterisques;
   if (nom.find("$$") != std::string_view::npos) return FinDeListe::Dollars;
   return std::nullopt;
 }
@@ -145,6 +145,12 @@ FichierPos LirePos(const Chemin& chemin) {
     pos.lignes.emplace_back(ligne);
   }
   if (pos.fin == FinDeListe::FinDeFichier) pos.premiereApres = pos.lignes.size();
+  return pos;
+}
+
+std::optional<Chemin> ChercherPos(const Chemin& repertoire, std::string_view nom) {
+  std::optional<Chemin> pos = ChercherFichier(repertoire, nom);
+  if (pos && LongueurFichier(*pos) < kPosVide) pos.reset();
   return pos;
 }
 

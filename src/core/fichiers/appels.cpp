@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <string>
 
+#include "core/programme/erreur.h"
+
 namespace quelvar::appels {
 
 namespace {
@@ -112,6 +114,10 @@ int AcheverEchange(const char* cible, const char* provisoire) {
   if (!Present(provisoire)) return Renommer(tiers.c_str(), provisoire);
   if (!Present(cible)) return Renommer(tiers.c_str(), cible);
   return Effacer(tiers.c_str());
+}
+
+void Exiger(int resultat) {
+  if (resultat != 0) throw Erreur(NumeroDErrno(errno));
 }
 
 }  // namespace quelvar::appels

@@ -9,9 +9,9 @@
 namespace quelvar::appels {
 
 // What a test puts before every call: it receives the name of the call and returns the errno that it is to fail with,
-// 0 to let it go on. It may also end the process.
+// 0 to let it go on. It may also end the process. PoserSonde takes it away with nullptr.
 using Sonde = int (*)(const char* appel);
-void PoserSonde(Sonde sonde);  // nullptr takes it away
+void PoserSonde(Sonde sonde);
 
 // As the calls of their kind: -1 (or a negative count) and errno on failure.
 int Creer(const char* chemin);  // a new file, never through a link, open for reading and writing
@@ -29,5 +29,8 @@ int Echanger(const char* cible, const char* provisoire);
 
 // Ends an exchange by a third name that a kill has cut, forwards when the new file has taken its place, else backwards.
 int AcheverEchange(const char* cible, const char* provisoire);
+
+// Raises the failure that errno tells when a call has returned anything but 0.
+void Exiger(int resultat);
 
 }  // namespace quelvar::appels

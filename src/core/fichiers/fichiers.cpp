@@ -111,6 +111,11 @@ Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom) {
   return repertoire / CheminDe(nom);
 }
 
+bool EstLeMemeFichier(const Chemin& a, const Chemin& b) {
+  std::error_code absent;
+  return fs::equivalent(a, b, absent);
+}
+
 std::uintmax_t LongueurFichier(const Chemin& chemin) {
   struct stat etat {};
   if (::stat(chemin.c_str(), &etat) != 0) LeverErrno(errno);
@@ -150,6 +155,10 @@ std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t 
   }
   octets.resize(lus);
   return octets;
+}
+
+Erreur EchecDuFichier(const Chemin& chemin, int numero) {
+  return Erreur(numero).Situer({.fichier = TexteDe(chemin.filename())});
 }
 
 std::string NomDeSauvegarde(std::string_view nom) {
@@ -257,10 +266,10 @@ std::string_view LecteurLignes::LireObligatoire() {
 }
 
 Ecrivain::Ecrivain(const Chemin& chemin, ModeEcriture mode)
-    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[capacite]) {}
+    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[kCapacite]) {}
 
 Ecrivain::Ecrivain(int descripteur, CondenseDOctets* condense)
-    : descripteur_(descripteur), condense_(condense), tampon_(new char[capacite]) {}
+    : descripteur_(descripteur), condense_(condense), tampon_(new char[kCapacite]) {}
 
 Ecrivain::~Ecrivain() {
   if (descripteur_ < 0) return;
@@ -282,7 +291,7 @@ Ecrivain& Ecrivain::operator=(Ecrivain&& autre) noexcept {
 
 void Ecrivain::EcrireParMorceaux(std::string_view octets) {
   Vider();
-  if (octets.size() >= capacite) {
+  if (octets.size() >= kCapacite) {
     EcrireDirect(octets.data(), octets.size());
   } else {
     octets.copy(tampon_.get(), octets.size());

@@ -18,7 +18,7 @@ namespace quelvar {
 
 using Chemin = std::filesystem::path;
 
-// A text of the code page as a path, and back.
+// A text of the code page as a path, and back; the bytes of NomDepuisUtf8 stand for what the code page lacks.
 Chemin CheminDe(std::string_view texte);
 std::string TexteDe(const Chemin& chemin);
 
@@ -27,6 +27,8 @@ std::string TexteDe(const Chemin& chemin);
 std::optional<Chemin> ChercherFichier(const Chemin& repertoire, std::string_view nom);
 // Where a file of that name is written: over the file that exists under the name it has, else under the name given.
 Chemin CheminDEcriture(const Chemin& repertoire, std::string_view nom);
+// Whether two paths lead to one file; not when one of them leads nowhere.
+bool EstLeMemeFichier(const Chemin& a, const Chemin& b);
 // Length in bytes; raises kFichierIntrouvable, kPermissionRefusee or kAccesFichier.
 std::uintmax_t LongueurFichier(const Chemin& chemin);
 // Deletes the file if it is there; raises kPermissionRefusee or kAccesFichier.
@@ -35,6 +37,8 @@ void EffacerFichier(const Chemin& chemin);
 std::string LireOctets(const Chemin& chemin);
 // At most `taille` bytes from a place of the file, fewer at its end; raises a failure of reading.
 std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille);
+// That failure, met at that file.
+Erreur EchecDuFichier(const Chemin& chemin, int numero);
 // Name of the copy that keeps a former file: the last character replaced by "2" (.MOD gives .MO2).
 std::string NomDeSauvegarde(std::string_view nom);
 
@@ -56,6 +60,7 @@ class LecteurLignes {
   // The line given last, for a failure that it causes.
   Lieu Ou() const { return {NomDepuisUtf8(nom_), numero_}; }
 
+  // Bytes of the longest line: far more than any survey has, far less than a file that is no text.
   static constexpr std::size_t kLigneAuPlus = std::size_t{1} << 26;
 
  private:
@@ -91,6 +96,7 @@ enum class Nature { Unique, Refaisable };
 // Writes a file through one large buffer. Raises the failures of writing.
 class Ecrivain {
  public:
+  // Makes the file, or goes on behind what it holds.
   explicit Ecrivain(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
   // Writes to a file that is open, and closes it; the bytes that reach it are added to the digest.
   Ecrivain(int descripteur, CondenseDOctets* condense);
@@ -99,7 +105,7 @@ class Ecrivain {
   Ecrivain& operator=(Ecrivain&&) noexcept;
 
   void Ecrire(std::string_view octets) {
-    if (octets.size() > capacite - rempli_) {
+    if (octets.size() > kCapacite - rempli_) {
       EcrireParMorceaux(octets);
       return;
     }
@@ -112,17 +118,20 @@ class Ecrivain {
     Ecrire(texte.Vue());
     FinDeLigne();
   }
-  // A place of `taille` bytes (at most 64 KiB) in the buffer, to be filled by the caller and accounted by Avancer.
+  // A place of `taille` bytes (at most kCapacite) in the buffer, to be filled by the caller and accounted by Avancer.
   char* Place(std::size_t taille) {
-    if (taille > capacite - rempli_) Vider();
+    if (taille > kCapacite - rempli_) Vider();
     return tampon_.get() + rempli_;
   }
   void Avancer(std::size_t taille) { rempli_ += taille; }
 
+  // Writes what the buffer holds.
   void Vider();
+  // The same, and closes the file: no byte is written behind this.
   void Fermer();
 
-  static constexpr std::size_t capacite = std::size_t{1} << 18;
+  // Bytes of the buffer: writing more at a time is not faster.
+  static constexpr std::size_t kCapacite = std::size_t{1} << 18;
 
  private:
   void EcrireParMorceaux(std::string_view octets);
@@ -144,6 +153,7 @@ class FichierDeTravail {
   FichierDeTravail(const FichierDeTravail&) = delete;
   FichierDeTravail& operator=(const FichierDeTravail&) = delete;
 
+  // `taille` bytes at a place counted from 0.
   void Lire(std::uint64_t place, void* octets, std::size_t taille) const;
   void Ecrire(std::uint64_t place, const void* octets, std::size_t taille);
 
@@ -163,9 +173,11 @@ class Remplacement {
   Remplacement(const Remplacement&) = delete;
   Remplacement& operator=(const Remplacement&) = delete;
 
+  // The scratch file.
   Ecrivain& Fichier();
   // Closes the scratch file and keeps it, for a caller that reads it again.
   void Achever() { Fichier().Fermer(); }
+  // Puts it in the place of the target. Raises a failure of writing: the target is then what it was.
   void Valider();
   // Where the bytes are until then; those that Fichier still holds in its buffer are not there.
   const Chemin& CheminProvisoire() const;
@@ -174,7 +186,8 @@ class Remplacement {
   std::unique_ptr<Provisoire> fichier_;
 };
 
-// Copies a file line by line, every line ended by CR LF; the second one through a replacement of the target.
+// Copies a file line by line, every line ended by CR LF; the second one through a replacement of the target. Raises the
+// failures of LecteurLignes and of writing.
 void CopierLignes(const Chemin& source, Ecrivain& copie);
 void CopierLignes(const Chemin& source, const Chemin& repertoire, std::string_view nomCible,
                   Nature nature = Nature::Refaisable);

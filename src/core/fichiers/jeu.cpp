@@ -16,10 +16,6 @@ namespace quelvar {
 
 namespace {
 
-void Exiger(int resultat) {
-  if (resultat != 0) throw Erreur(NumeroDErrno(errno));
-}
-
 void SynchroniserDossier(const Chemin& dossier) {
   const int descripteur = ::open(dossier.empty() ? "." : dossier.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descripteur < 0) return;
@@ -31,7 +27,7 @@ void SynchroniserDossier(const Chemin& dossier) {
 // was.
 void AllongerFichier(const EntreeDeReleve& e, std::string_view octets) {
   const int descripteur = ::open(e.cible.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
-  Exiger(descripteur < 0 ? -1 : 0);
+  appels::Exiger(descripteur < 0 ? -1 : 0);
   int numero = 0;
   if (static_cast<std::uint64_t>(::lseek(descripteur, 0, SEEK_END)) != e.ancienne) numero = kAccesFichier;
   for (std::string_view reste = octets; numero == 0 && !reste.empty();) {
@@ -130,9 +126,11 @@ void JeuDeFichiers::Tenir() {
 void JeuDeFichiers::Poser(std::size_t rang) {
   const EntreeDeReleve& e = entrees_[rang];
   switch (e.genre) {
-    case GenreDEntree::Nouveau: return Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
-    case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Efface: return Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Nouveau:
+      return appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+    case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Efface:
+      return appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
     case GenreDEntree::Allonge: return AllongerFichier(e, ajouts_[rang].octets);
   }
 }
@@ -144,10 +142,10 @@ void JeuDeFichiers::Defaire(std::size_t rang) {
     case GenreDEntree::Efface: {
       const bool nouveau = e.genre == GenreDEntree::Nouveau;
       const Chemin& de = nouveau ? e.cible : e.provisoire;
-      return Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
+      return appels::Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
     }
-    case GenreDEntree::Remplace: return Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Allonge: return Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+    case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+    case GenreDEntree::Allonge: return appels::Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
   }
 }
 
@@ -158,7 +156,7 @@ void JeuDeFichiers::PoserTout() {
   } catch (const Erreur&) {
     try {
       while (poses > 0) Defaire(--poses);
-      Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
+      appels::Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
     } catch (const Erreur&) {
       // The next program of the generic finds scratch files and record, and ends it.
       for (const std::unique_ptr<Provisoire>& sortie : sorties_) sortie->Lacher();
@@ -192,8 +190,8 @@ void JeuDeFichiers::Valider() {
   try {
     for (const EntreeDeReleve& e : entrees_)
       if (e.genre == GenreDEntree::Remplace || e.genre == GenreDEntree::Efface)
-        Exiger(appels::Effacer(e.provisoire.c_str()));
-    Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
+        appels::Exiger(appels::Effacer(e.provisoire.c_str()));
+    appels::Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
   } catch (const Erreur&) {  // the next program of the generic removes what is left
   }
 }

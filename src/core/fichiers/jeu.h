@@ -25,16 +25,18 @@ class JeuDeFichiers {
 
   // A new output under a scratch name; the writer lives as long as the set. Raises what Provisoire raises.
   Ecrivain& Ouvrir(std::string_view nom, Nature nature);
-  // An output that has the bytes of a file there is.
+  // An output that has the bytes of a file there is. Raises a failure of reading or writing, and what Provisoire
+  // raises.
   void Copier(const Chemin& source, std::string_view nom, Nature nature);
   // A file that is there gets these bytes behind those it has. Raises kFichierIntrouvable when it is not there.
   void Allonger(std::string_view nom, std::string_view octets, Nature nature);
-  // Ends an output and tells where its bytes are until the commit, for a caller that reads them again.
+  // Ends an output that was opened and returns where its bytes are until the commit, for a caller that reads them
+  // again.
   const Chemin& Achever(std::string_view nom);
   // The file of that name goes with the commit, if there is one.
   void Effacer(std::string_view nom);
 
-  // Puts everything in place. On a failure of writing everything is what it was before; a kill at any instant
+  // Puts everything in place. Raises a failure of writing: everything is then what it was before. A kill at any instant
   // leaves a record by which the next program of the generic finishes or undoes.
   void Valider();
 

@@ -18,10 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void Exiger(int resultat) {
-  if (resultat != 0) throw Erreur(NumeroDErrno(errno));
-}
-
 bool Present(const Chemin& chemin) {
   std::error_code code;
   return fs::exists(fs::symlink_status(chemin, code));
@@ -59,12 +55,12 @@ void Raccourcir(const EntreeDeReleve& e) {
   if (!Present(e.cible)) return;
   const std::uintmax_t longueur = LongueurFichier(e.cible);
   if (longueur > e.ancienne && longueur <= e.taille)
-    Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+    appels::Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
 }
 
 Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
   if (e.genre == GenreDEntree::Allonge) return {.pose = EstAllonge(e)};
-  Exiger(appels::AcheverEchange(e.cible.c_str(), e.provisoire.c_str()));
+  appels::Exiger(appels::AcheverEchange(e.cible.c_str(), e.provisoire.c_str()));
   Avance avance;
   const bool reste = Present(e.provisoire);
   if (e.genre == GenreDEntree::Efface) {
@@ -87,7 +83,7 @@ Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
 
 void EffacerProvisoires(const std::vector<EntreeDeReleve>& entrees) {
   for (const EntreeDeReleve& e : entrees)
-    if (!e.provisoire.empty() && Present(e.provisoire)) Exiger(appels::Effacer(e.provisoire.c_str()));
+    if (!e.provisoire.empty() && Present(e.provisoire)) appels::Exiger(appels::Effacer(e.provisoire.c_str()));
 }
 
 void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
@@ -95,9 +91,13 @@ void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>
     const EntreeDeReleve& e = entrees[i];
     if (avances[i].pose) continue;
     switch (e.genre) {
-      case GenreDEntree::Nouveau: Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str())); break;
-      case GenreDEntree::Remplace: Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str())); break;
-      case GenreDEntree::Efface: Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str())); break;
+      case GenreDEntree::Nouveau:
+        appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+        break;
+      case GenreDEntree::Remplace: appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str())); break;
+      case GenreDEntree::Efface:
+        appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+        break;
       case GenreDEntree::Allonge: break;  // its bytes are nowhere else: only a whole one is finished
     }
   }
@@ -112,11 +112,11 @@ void Annuler(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avanc
     if (e.genre == GenreDEntree::Nouveau) {
       // A file that another program has put there meanwhile is not ours to remove.
       if (Present(e.cible) && (!avances[i].entier || Est(e.cible, e)))
-        Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
+        appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()));
     } else if (e.genre == GenreDEntree::Remplace) {
-      Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
+      appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
     } else if (avances[i].ancien && !Present(e.cible)) {
-      Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
+      appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()));
     }
   }
   EffacerProvisoires(entrees);
@@ -148,7 +148,7 @@ std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::strin
   const SansSignaux sansSignaux;
   const std::optional<Releve> releve = LireReleve(chemin);
   if (!releve) {  // a record that is not whole was never relied upon
-    Exiger(appels::Effacer(chemin.c_str()));
+    appels::Exiger(appels::Effacer(chemin.c_str()));
     return {};
   }
   const bool memeAmorce = !releve->amorce.empty() && releve->amorce == AmorceDuSysteme();
@@ -168,7 +168,7 @@ std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::strin
   if (finie) Finir(entrees, avances);
   else Annuler(entrees, avances);
   if (!finie || !toutPose) Raconter(recit, entrees, finie);
-  Exiger(appels::Effacer(chemin.c_str()));
+  appels::Exiger(appels::Effacer(chemin.c_str()));
   return recit;
 }
 

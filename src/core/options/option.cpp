@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 
+#include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
@@ -100,9 +102,21 @@ int LireEntier(std::string_view nom, std::string_view valeur, int minimum, int m
   return static_cast<int>(nombre);
 }
 
-double LireReel(std::string_view nom, std::string_view valeur) {
-  if (!EstNombre(valeur)) RefuserValeur(nom, "un nombre", valeur);
-  return ValeurDe(valeur);
+double LireReel(std::string_view nom, std::string_view valeur, double plusPetit, double plusGrand) {
+  const bool borne = std::isfinite(plusPetit) && std::isfinite(plusGrand);
+  const auto refuser = [&] {
+    RefuserValeur(nom, borne ? Joindre({"un nombre (", Nombre(plusPetit), "..", Nombre(plusGrand), ")"}) : "un nombre",
+                  valeur);
+  };
+  if (!EstNombre(valeur)) refuser();
+  double nombre = 0;
+  try {
+    nombre = ValeurDe(valeur);
+  } catch (const Erreur&) {  // beyond a double
+    refuser();
+  }
+  if (nombre < plusPetit || nombre > plusGrand) refuser();
+  return nombre;
 }
 
 std::string EcrireReel(double valeur) {

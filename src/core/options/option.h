@@ -1,6 +1,7 @@
 // One option of a program as data: its names, the values it takes, its default, the control that shows it and its help.
 #pragma once
 
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -43,6 +44,8 @@ struct Option {
   std::vector<std::string> mots = {};  // Mots: every word that it takes
   int minimum = 0;                     // Entier
   int maximum = 0;
+  double plusPetit = -std::numeric_limits<double>::infinity();  // Reel
+  double plusGrand = std::numeric_limits<double>::infinity();
   bool repetable = false;  // each value given adds to the former ones
   bool geste = false;      // acts in its turn among the options that do
   std::vector<AutreNom> autresNoms = {};
@@ -69,8 +72,10 @@ bool LireOuiNon(std::string_view nom, std::string_view valeur);
 // A whole number between two bounds, of at most nine digits. Raises UsageIncorrect.
 int LireEntier(std::string_view nom, std::string_view valeur, int minimum, int maximum);
 
-// A number and nothing else. Raises UsageIncorrect.
-double LireReel(std::string_view nom, std::string_view valeur);
+// A number between two bounds, which a double can hold, and nothing else. Raises UsageIncorrect.
+double LireReel(std::string_view nom, std::string_view valeur,
+                double plusPetit = -std::numeric_limits<double>::infinity(),
+                double plusGrand = std::numeric_limits<double>::infinity());
 // The shortest text that LireReel reads back as the same number.
 std::string EcrireReel(double valeur);
 

@@ -11,12 +11,12 @@ namespace quelvar {
 
 class AncienRapport {
  public:
-  // Before the preparation: remembers the report as it is. Raises the numbers of LireOctets.
+  // Before the preparation: remembers the report as it is. Raises the failures of reading of LireOctets.
   AncienRapport(const Contexte& contexte, std::string_view extension);
 
   bool Existait() const { return octets_.has_value(); }
   // Puts it back in the place of what the preparation has written; without a former one there is none any more. Raises
-  // 61, 57, 70 or 75.
+  // a failure of writing.
   void Remettre() const;
 
  private:

@@ -21,6 +21,7 @@ class Constats {
   // A message box.
   void Boite(Texte texte) { faits_.push_back({Maniere::Boite, std::string(texte.Vue())}); }
 
+  // Tells all of it to the report and the screen. Raises the failures of writing of the report.
   void Dire(Rapport& rapport, const Dialogue& ecran) const;
 
  private:

@@ -36,14 +36,13 @@ Erreur& Erreur::Situer(const Lieu& lieu) {
 }
 
 Erreur& Erreur::Imputer(std::string_view propos) {
-  origine_ = Origine::Programme;
+  fauteDuProgramme_ = true;
   propos_ = propos;
   return *this;
 }
 
 std::string TexteDuLieu(const Erreur& erreur) {
-  if (erreur.origine_ == Origine::Programme)
-    return Joindre({"faute du programme et non des données : "_w, erreur.propos_});
+  if (erreur.fauteDuProgramme_) return Joindre({"faute du programme et non des données : "_w, erreur.propos_});
   std::string texte = erreur.lieu_.fichier;
   const auto ajouter = [&](std::string_view quoi, std::int64_t numero) {
     if (numero > 0) texte += Joindre({std::string_view(texte.empty() ? "" : ", "), quoi, std::to_string(numero)});

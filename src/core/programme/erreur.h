@@ -33,7 +33,7 @@ enum NumeroErreur : int {
   kCheminIntrouvable = 76,
 };
 
-// Words of an error number, in the code page; empty for a number that the table does not hold.
+// Words of an error number, in the code page; empty for kArretAnnonce and for a number that the table does not hold.
 std::string_view TexteErreur(int numero);
 
 // The question whose field could not be cut, told by the report of kArgumentIncorrect.
@@ -51,9 +51,6 @@ struct Lieu {
   int colonne = 0;         // from 1; 0 when it is not known
 };
 
-// Data: what the files hold or the system refuses. Programme: a fault of ours, which nobody can mend in the files.
-enum class Origine { Donnees, Programme };
-
 class Erreur : public std::exception {
  public:
   explicit Erreur(int numero) : numero_(numero) {}
@@ -62,13 +59,15 @@ class Erreur : public std::exception {
   Erreur(int numero, RepereQuestion question) : numero_(numero), question_(std::move(question)) {}
 
   int Numero() const { return numero_; }
+  // Empty when the words of the number say all.
   const std::string& Phrase() const { return phrase_; }
+  // Nothing but for a field that could not be cut.
   const std::optional<RepereQuestion>& Question() const { return question_; }
+  // As far as it is known.
   const Lieu& Ou() const { return lieu_; }
-  Origine DeQui() const { return origine_; }
   const char* what() const noexcept override { return "quelvar::Erreur"; }
 
-  // Adds what is not known yet of the place; a run that stops by its own will has told it.
+  // Adds what is not known yet of the place; kArretAnnonce stays without one, what it stops for is told already.
   Erreur& Situer(const Lieu& lieu);
   // Makes it a fault of ours, with what the library says of it.
   Erreur& Imputer(std::string_view propos);
@@ -78,8 +77,8 @@ class Erreur : public std::exception {
   std::string phrase_;
   std::optional<RepereQuestion> question_;
   Lieu lieu_;
-  Origine origine_ = Origine::Donnees;
-  std::string propos_;
+  bool fauteDuProgramme_ = false;  // which nobody can mend in the files
+  std::string propos_;             // what the library says of that fault
 
   friend std::string TexteDuLieu(const Erreur& erreur);
 };
@@ -89,7 +88,7 @@ std::string TexteDuLieu(const Erreur& erreur);
 // The sentence of the failure, or the words of its number, and its place behind them.
 std::string TexteErreur(const Erreur& erreur);
 
-// Does the work; a failure of it gets the place that `ou` tells.
+// Does the work and returns what it returns; a failure of it gets the place (a Lieu) that `ou` tells.
 template <class Travail, class Ou>
 decltype(auto) Situer(const Ou& ou, Travail&& travail) {
   try {
@@ -100,10 +99,12 @@ decltype(auto) Situer(const Ou& ou, Travail&& travail) {
   }
 }
 
-// What is being caught, whatever was thrown, as the one failure type. To be called in a handler.
+// What is being caught, whatever was thrown, as the one failure type: a library that had no memory is
+// kMemoireInsuffisante, the system's refusals go by NumeroDErrno, everything else is a fault of ours. To be called in a
+// handler.
 Erreur ErreurEnCours();
 
-// The number that stands for a failure of the operating system.
+// The number that stands for a failure of the operating system; kAccesFichier for one that has no number of its own.
 int NumeroDErrno(int codeErrno);
 
 }  // namespace quelvar

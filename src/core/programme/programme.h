@@ -14,28 +14,34 @@
 
 namespace quelvar {
 
+// The levels of a user: the ordinary options, or all of them.
+inline constexpr int kNiveauSimple = 1;
+inline constexpr int kNiveauAvance = 2;
+
 // What every program receives.
 struct Contexte {
   Chemin repertoire;      // working directory
   std::string generique;  // code page, without extension
-  int niveau = 1;         // user level, 1 or 2
+  int niveau = kNiveauSimple;
   Dialogue* dialogue = nullptr;
 
   Dialogue& Ecran() const { return *dialogue; }
+  // The name of the file of the generic with that extension.
   std::string Nom(std::string_view extension) const { return generique + std::string(extension); }
   // The file of the generic with that extension (".DAT"), if it exists.
   std::optional<Chemin> Chercher(std::string_view extension) const {
     return ChercherFichier(repertoire, Nom(extension));
   }
   // The file of the generic that a run cannot do without, even when it was there at its beginning. Raises
-  // kFichierIntrouvable.
+  // kFichierIntrouvable, with its name.
   Chemin Exiger(std::string_view extension) const {
     std::optional<Chemin> fichier = Chercher(extension);
-    if (!fichier) throw Erreur(kFichierIntrouvable);
+    if (!fichier) throw Erreur(kFichierIntrouvable).Situer({.fichier = Nom(extension)});
     return *std::move(fichier);
   }
 };
 
+// How a run ends: Arret when it did not come to its normal end.
 enum class Fin { Normale, Arret };
 
 // The wordings of the unexpected error that the programs use, each its own.
@@ -78,8 +84,9 @@ void MontrerRapport(const Contexte& contexte, std::string_view nomRapport);
 // The lines that the error handler writes for a failure; none for kArretAnnonce.
 std::vector<std::string> LignesDErreur(const Erreur& erreur, const LibellesErreur& libelles);
 
-// Decides how a finished report is shown: in Text1, or in the external viewer when it exceeds 35000 bytes. Deletes
-// "$$$.prt" and the report of an empty generic once read.
+// How a finished report is shown: in Text1, or in the external viewer when it is too long for that. Deletes
+// kRapportSansNom and the report of an empty generic once read. A report that is not there, or cannot be read, is shown
+// as its failure.
 Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles);
 
 // What Text1 holds in place of a report that goes to the viewer.

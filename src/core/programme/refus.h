@@ -19,7 +19,7 @@ class Refus : public Erreur {
 // for no name.
 std::string RefusDEcrire(const Contexte& contexte, std::string_view fichier);
 
-// Before anything is computed: that sentence ends the run.
+// Before anything is computed: that sentence goes to the report and ends the run (Refus).
 void ExigerEcriture(const Contexte& contexte, Rapport& rapport, std::string_view fichier);
 
 }  // namespace quelvar

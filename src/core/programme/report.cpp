@@ -12,13 +12,13 @@ namespace quelvar {
 
 namespace {
 
-std::size_t Blancs(std::size_t longueur, int largeur) {
+std::size_t BlancsManquants(std::size_t longueur, int largeur) {
   return largeur > 0 && static_cast<std::size_t>(largeur) > longueur ? static_cast<std::size_t>(largeur) - longueur : 0;
 }
 
 // Right-aligned in the width, whole when longer.
 std::string AlignerDroite(std::string_view texte, int largeur) {
-  std::string resultat(Blancs(texte.size(), largeur), ' ');
+  std::string resultat(BlancsManquants(texte.size(), largeur), ' ');
   resultat += texte;
   return resultat;
 }
@@ -40,11 +40,9 @@ struct PartiesFixes {
 };
 
 PartiesFixes Decouper(double valeur, int decimales) {
-  static constexpr std::array<double, 16> puissances = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  if (decimales >= 0 && decimales <= 15) {
-    const double echelonne = ArrondirPair(valeur * puissances[static_cast<std::size_t>(decimales)]);
-    if (std::fabs(echelonne) < 1e15) {
+  if (decimales >= 0 && static_cast<std::size_t>(decimales) < kPuissancesDeDix.size()) {
+    const double echelonne = ArrondirPair(valeur * kPuissancesDeDix[static_cast<std::size_t>(decimales)]);
+    if (std::fabs(echelonne) < kPuissancesDeDix.back()) {
       std::string chiffres = ChiffresEchelonnes(static_cast<std::int64_t>(std::fabs(echelonne)), decimales);
       const std::size_t coupe = chiffres.size() - static_cast<std::size_t>(decimales);
       return {(echelonne < 0 ? "-" : "") + chiffres.substr(0, coupe), chiffres.substr(coupe)};
@@ -60,7 +58,7 @@ PartiesFixes Decouper(double valeur, int decimales) {
 
 std::string CadreGauche(std::string_view texte, int largeur) {
   std::string resultat(texte.substr(0, static_cast<std::size_t>(std::max(largeur, 0))));
-  resultat.append(Blancs(resultat.size(), largeur), ' ');
+  resultat.append(BlancsManquants(resultat.size(), largeur), ' ');
   return resultat;
 }
 

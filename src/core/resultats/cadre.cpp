@@ -1,16 +1,22 @@
 #include "core/resultats/cadre.h"
 
 #include <algorithm>
+#include <string>
 
 #include "core/resultats/largeurfixe.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 
 namespace {
 
-constexpr std::size_t kLignesDeCase = 2;
 constexpr int kLignesEntrePages = 3;
+
+std::string TexteEnCase(double valeur, std::span<const EcritureEnCase> ecritures, int supplement) {
+  const auto ecriture =
+      std::find_if(ecritures.begin(), ecritures.end() - 1, [&](const EcritureEnCase& e) { return valeur < e.sous; });
+  return NombreFixe(valeur, ecriture->entiers + supplement, ecriture->decimales) +
+         std::string(static_cast<std::size_t>(ecriture->blancs), ' ');
+}
 
 // Ranks from `premier` to before `fin`.
 struct Tranche {
@@ -22,8 +28,10 @@ class ImprimanteCadree {
  public:
   ImprimanteCadree(Rapport& rapport, const TableCadree& table, const FormeCadree& forme)
       : rapport_(rapport), table_(table), forme_(forme) {
-    for (const PlaceEnCase& place : table.places)
-      supplement_ = std::max(supplement_, ColonnesEnPlus(place.plusGrande, place.decimales, place.usuelles));
+    for (const std::vector<PlaceEnCase>& places : table.places)
+      for (const PlaceEnCase& place : places)
+        if (place.usuelles > 0)
+          supplement_ = std::max(supplement_, ColonnesEnPlus(place.plusGrande, place.decimales, place.usuelles));
   }
 
   void Page(const Tranche& lignes, const Tranche& colonnes) {
@@ -31,8 +39,7 @@ class ImprimanteCadree {
     for (std::size_t i = lignes.premier; i < lignes.fin; ++i) {
       for (std::size_t moitie = 0; moitie < kLignesDeCase; ++moitie) {
         rapport_.Suite({"|", CadreGauche(Morceau(table_.lignes[i], moitie), forme_.cellule), "|"});
-        for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j)
-          rapport_.Suite(table_.texte(i, j, moitie, supplement_));
+        for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) LigneDeCase(i, j, moitie);
         rapport_.Ligne();
       }
       Filet(colonnes);
@@ -41,6 +48,21 @@ class ImprimanteCadree {
   }
 
  private:
+  void LigneDeCase(std::size_t i, std::size_t j, std::size_t moitie) {
+    std::string_view fin = "|";
+    ligne_.clear();
+    for (const PlaceEnCase& place : table_.places[moitie]) {
+      const Cellule& cellule = place.tableau->rangees[i].cellules[j];
+      ligne_ += place.ecritures.empty() ? TexteEnColonne(cellule, place.colonnes)
+                                        : TexteEnCase(*cellule.valeur, place.ecritures, ElargieDe(place));
+      if (place.fermeLaCase && !cellule.marque.empty()) fin = cellule.marque;
+    }
+    rapport_.Suite({ligne_, fin});
+  }
+
+  // All that the cells have more goes to the values that may want it.
+  int ElargieDe(const PlaceEnCase& place) const { return place.usuelles > 0 ? supplement_ : 0; }
+
   // The part of a label that stands on a line of the cell.
   std::string_view Morceau(std::string_view intitule, std::size_t moitie) const {
     const auto largeur = static_cast<std::size_t>(forme_.cellule);
@@ -69,16 +91,10 @@ class ImprimanteCadree {
   const TableCadree& table_;
   const FormeCadree& forme_;
   int supplement_ = 0;
+  std::string ligne_;  // of a cell
 };
 
 }  // namespace
-
-std::string TexteEnCase(double valeur, std::span<const EcritureEnCase> ecritures, int supplement) {
-  const auto ecriture =
-      std::find_if(ecritures.begin(), ecritures.end() - 1, [&](const EcritureEnCase& e) { return valeur < e.sous; });
-  return NombreFixe(valeur, ecriture->entiers + supplement, ecriture->decimales) +
-         std::string(static_cast<std::size_t>(ecriture->blancs), ' ');
-}
 
 void ImprimerCadre(Rapport& rapport, const TableCadree& table, const FormeCadree& forme) {
   ImprimanteCadree imprimante(rapport, table, forme);

@@ -4,14 +4,13 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <limits>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/programme/report.h"
+#include "core/resultats/tableau.h"
 
 namespace quelvar {
 
@@ -24,14 +23,17 @@ struct EcritureEnCase {
   double sous = std::numeric_limits<double>::infinity();
 };
 
-// The value by the first of these that it is below, `supplement` columns wider than usual.
-std::string TexteEnCase(double valeur, std::span<const EcritureEnCase> ecritures, int supplement);
-
-// The largest value that a place holds, and the columns where it has one blank before it.
+// One value of each cell: that of the table of data, by the first writing that it is below, or right-aligned with its
+// own decimals in `colonnes` where there is no writing; blanks without a value.
 struct PlaceEnCase {
+  const TableauEdite* tableau = nullptr;  // of the rows and columns that are framed, at least
+  std::span<const EcritureEnCase> ecritures = {};
+  int colonnes = 0;
+  // The largest value, and the columns where it has one blank before it: with more it widens the cells. 0: never.
   double plusGrande = 0;
   int decimales = 0;
   int usuelles = 0;
+  bool fermeLaCase = false;  // by its mark, which stands for the line between two cells
 };
 
 struct FormeCadree {
@@ -40,13 +42,14 @@ struct FormeCadree {
   std::size_t colonnesParPage = 1;
 };
 
+inline constexpr std::size_t kLignesDeCase = 2;
+
 struct TableCadree {
-  std::array<std::string_view, 2> coin;
+  std::array<std::string_view, kLignesDeCase> coin;
   std::vector<std::string_view> lignes;  // labels
   std::vector<std::string_view> colonnes;
-  std::vector<PlaceEnCase> places;  // those that may widen the cells
-  // Line 0 or 1 of a cell, so many columns wider than usual, with the sign that closes it.
-  std::function<std::string(std::size_t i, std::size_t j, std::size_t ligne, int supplement)> texte;
+  // The values of each line of a cell.
+  std::array<std::vector<PlaceEnCase>, kLignesDeCase> places;
 };
 
 // Pages of rows by pages of columns, three blank lines behind each.

@@ -25,13 +25,19 @@ std::vector<ColonneEnRangees> Colonnes(const FormeEnRangees& forme, std::size_t 
   return colonnes;
 }
 
+bool EstVide(const Rangee& rangee) {
+  return rangee.titre.empty() && rangee.cellules.empty() && rangee.intitule.empty();
+}
+
 void EcrireRangee(std::string& ligne, const Rangee& rangee, const FormeEnRangees& forme,
                   const std::vector<ColonneEnRangees>& colonnes) {
+  if (EstVide(rangee)) return;
   if (forme.titre == 0) ligne += rangee.titre;
   else ligne += CadreGauche(rangee.titre, forme.titre);
   for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Ecrire(ligne, rangee.cellules[j]);
   ligne += forme.avantIntitule;
-  ligne += rangee.intitule;
+  if (forme.intitule == 0) ligne += rangee.intitule;
+  else ligne += CadreDroit(rangee.intitule, forme.intitule);
 }
 
 }  // namespace
@@ -79,15 +85,21 @@ void ImprimeurDeRangees::Tete(const TableauEdite& tableau) {
     ligne_ = coin;
     for (std::size_t j = 0; j < colonnes_.size(); ++j) ligne_ += colonnes_[j].Titre(tableau.colonnes[j].*texte);
     rapport_.Ligne(ligne_);
+    ligne_.clear();
   };
   imprimer(tableau.coin, &Colonne::titre);
   if (!forme_.coinDesIntitules.empty()) imprimer(forme_.coinDesIntitules, &Colonne::intitule);
 }
 
 void ImprimeurDeRangees::Imprimer(const Rangee& rangee) {
-  ligne_.clear();
   EcrireRangee(ligne_, rangee, forme_, colonnes_);
-  rapport_.Ligne(ligne_);
+  if (++surLaLigne_ == forme_.parLigne) Finir();
+}
+
+void ImprimeurDeRangees::Finir() {
+  if (surLaLigne_ > 0) rapport_.Ligne(ligne_);
+  ligne_.clear();
+  surLaLigne_ = 0;
 }
 
 void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme) {
@@ -95,6 +107,7 @@ void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeE
   for (const Rangee& rangee : tableau.rangees) imprimeur.Voir(rangee);
   imprimeur.Tete(tableau);
   for (const Rangee& rangee : tableau.rangees) imprimeur.Imprimer(rangee);
+  imprimeur.Finir();
 }
 
 std::string TexteDeRangee(const Rangee& rangee, const FormeEnRangees& forme) {

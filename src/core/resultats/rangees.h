@@ -37,12 +37,14 @@ struct FormeEnRangees {
   std::vector<PlaceEnRangee> places = {};  // one a column; the last one serves the columns that follow too
   std::string_view avantIntitule = {};     // in front of the label; it ends the rows without label as well
   std::string_view coinDesIntitules = {};  // in front of the labels of the columns, a second heading; empty: none
+  int intitule = 0;                        // columns that the label is set to the right of; 0: as it stands
+  std::size_t parLigne = 1;                // rows that one line holds
 };
 
 // The lines above the table as they stand, the heading if there is one (the corner, then the titles of the columns,
 // each moved by what its column has widened; the labels below on request), and the rows. A cell without a value shows
-// its mark as a text: cut and padded to its place, or as it stands in a place of no columns. Raises kArgumentIncorrect
-// or kDepassementCapacite for a value that is not finite.
+// its mark as a text: cut and padded to its place, or as it stands in a place of no columns. A row without title, cells
+// and label is an empty line. Raises kArgumentIncorrect or kDepassementCapacite for a value that is not finite.
 void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeEnRangees& forme);
 
 // One row as it would stand in a table of its own: a sentence with figures, or the title of a table.
@@ -76,12 +78,15 @@ class ImprimeurDeRangees {
   void Voir(const Rangee& rangee);
   void Tete(const TableauEdite& tableau);
   void Imprimer(const Rangee& rangee);
+  // Ends a line that would hold more rows.
+  void Finir();
 
  private:
   Rapport& rapport_;
   const FormeEnRangees& forme_;
   std::vector<ColonneEnRangees> colonnes_;
   std::string ligne_;
+  std::size_t surLaLigne_ = 0;  // rows that it holds
 };
 
 }  // namespace quelvar

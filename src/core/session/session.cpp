@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <system_error>
 
-#include "core/fichiers/jeu.h"
 #include "core/programme/erreur.h"
 #include "core/programme/version.h"
+#include "core/session/recents.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -16,9 +16,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kNomInitialisation = "qvr2.ini";
-constexpr std::string_view kNomPointeur = "Qvr2.in0";
-constexpr std::string_view kGeneriqueInconnu = "indéterminé"_w;
 constexpr std::string_view kFin = "\r\n";
 
 std::string Lignes(std::initializer_list<std::string_view> lignes) {
@@ -43,80 +40,7 @@ std::string Tenter(Texte tentative, Action action) {
   }
 }
 
-int NiveauDe(std::string_view ligne) {
-  try {
-    return ValeurDe(ligne) == 2 ? 2 : 1;
-  } catch (const Erreur&) {
-    return 1;
-  }
-}
-
-// A path is written in the code page when that keeps it whole, else in UTF-8.
-std::string LigneDeChemin(const Chemin& chemin) {
-  const std::string texte = TexteDe(chemin);
-  return CheminDe(texte) == chemin ? texte : chemin.native();
-}
-
-Chemin CheminDeLigne(std::string_view ligne) {
-  const Chemin chemin = CheminDe(ligne);
-  std::error_code ignoree;
-  return !fs::exists(chemin, ignoree) && EstUtf8MultiOctet(ligne) ? Chemin(ligne) : chemin;
-}
-
 }  // namespace
-
-Initialisation LireInitialisation(const Chemin& chemin) {
-  LecteurLignes lecteur(chemin);
-  Initialisation initialisation;
-  std::string_view ligne;
-  if (lecteur.Lire(ligne)) initialisation.generique = ligne.substr(0, ligne.find('.'));
-  if (lecteur.Lire(ligne)) initialisation.niveau = NiveauDe(ligne);
-  return initialisation;
-}
-
-void EcrireInitialisation(const Chemin& repertoire, std::string_view generique, int niveau) {
-  if (generique.empty()) return;
-  Remplacement fichier(repertoire, kNomInitialisation);
-  fichier.Fichier().Ligne(generique);
-  fichier.Fichier().Ligne(NombreNu(niveau));
-  fichier.Valider();
-}
-
-void EcrireInitialisation(JeuDeFichiers& sorties, std::string_view generique, int niveau) {
-  if (generique.empty()) return;
-  Ecrivain& fichier = sorties.Ouvrir(kNomInitialisation, Nature::Refaisable);
-  fichier.Ligne(generique);
-  fichier.Ligne(NombreNu(niveau));
-}
-
-Chemin CheminInitialisation(const Chemin& repertoire) { return CheminDEcriture(repertoire, kNomInitialisation); }
-
-Chemin RepertoireDuProgramme(const Chemin& executable, const Chemin& donneesDeLUtilisateur) {
-  const Chemin voisin = executable.parent_path();
-  if (::access(voisin.c_str(), W_OK) == 0) return voisin;
-  std::error_code ignoree;
-  fs::create_directories(donneesDeLUtilisateur, ignoree);
-  return donneesDeLUtilisateur;
-}
-
-std::optional<Chemin> LirePointeur(const Chemin& repertoireProgramme) {
-  try {
-    const std::optional<Chemin> pointeur = ChercherFichier(repertoireProgramme, kNomPointeur);
-    if (!pointeur) return std::nullopt;
-    LecteurLignes lecteur(*pointeur);
-    std::string_view ligne;
-    if (!lecteur.Lire(ligne) || ligne.empty()) return std::nullopt;
-    return CheminDeLigne(ligne);
-  } catch (const Erreur&) {  // a pointer that can't be read opens nothing
-    return std::nullopt;
-  }
-}
-
-void EcrirePointeur(const Session& session) {
-  Remplacement fichier(session.repertoireProgramme, kNomPointeur);
-  fichier.Fichier().Ligne(LigneDeChemin(session.initialisation));
-  fichier.Valider();
-}
 
 std::string TexteRepertoire(const Chemin& repertoire) {
   std::string texte = TexteDe(repertoire);
@@ -377,38 +301,6 @@ std::string ChangerNiveau(Session& session, int niveau) {
   session.niveau = niveau;
   session.titre = TitreDe(session);
   return EnregistrerInitialisation(session);
-}
-
-namespace {
-
-// The file of an entry, in its true case. An earlier version kept its entries in upper case: they lead to any spelling.
-std::optional<Chemin> FichierRecent(const std::string& entree) {
-  std::error_code ignoree;
-  if (fs::exists(Chemin(entree), ignoree)) return Chemin(entree);
-  return entree == MajusculesUtf8(entree) ? ChercherFichier("/", DepuisUtf8(entree)) : std::nullopt;
-}
-
-}  // namespace
-
-std::vector<EntreeRecente> FichiersRecents(const Reglages& reglages) {
-  std::vector<EntreeRecente> entrees;
-  for (int rang = 1; rang <= kRecentsPrincipal.capacite; ++rang) {
-    EntreeRecente entree{LireRecent(reglages, kRecentsPrincipal, rang), std::string(kGeneriqueInconnu), {}};
-    if (entree.chemin.empty()) continue;
-    try {
-      if (const std::optional<Chemin> fichier = FichierRecent(entree.chemin)) {
-        entree.generique = LireInitialisation(*fichier).generique;
-        entree.fichier = fichier;
-      }
-    } catch (const Erreur&) {  // shown as unknown
-    }
-    entrees.push_back(std::move(entree));
-  }
-  return entrees;
-}
-
-void AjouterFichierRecent(const Reglages& reglages, const Chemin& initialisation) {
-  AjouterRecent(reglages, kRecentsPrincipal, initialisation.native());
 }
 
 }  // namespace quelvar

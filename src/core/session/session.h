@@ -8,21 +8,12 @@
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
+#include "core/session/initialisation.h"
 #include "core/session/reglages.h"
 
 namespace quelvar {
 
-class JeuDeFichiers;
-
 enum class Ouverture { Normale, SansInitialisation, SansPos };
-
-// The two lines of Qvr2.ini.
-struct Initialisation {
-  std::string generique;
-  int niveau = 1;  // 2 for the maximum of options; everything else in the file reads as 1
-
-  bool operator==(const Initialisation&) const = default;
-};
 
 struct Session {
   Chemin repertoireProgramme;  // place of Qvr2.in0
@@ -49,25 +40,6 @@ inline constexpr std::string_view kAncienAbsent = "Non encore utilisé"_w;
 // Line that parts the generics seen from those of the directory.
 inline constexpr std::string_view kLigneTirets = "------------------";
 
-// --- files ---
-
-// The two lines of an initialisation file. Raises a failure of reading; a file without lines has no generic and level
-// 1.
-Initialisation LireInitialisation(const Chemin& chemin);
-// Writes Qvr2.ini anew in the directory, in one rename; nothing for an empty generic. Raises a failure of writing.
-void EcrireInitialisation(const Chemin& repertoire, std::string_view generique, int niveau);
-// The same as one of the files of a set, which moves the session to a new generic.
-void EcrireInitialisation(JeuDeFichiers& sorties, std::string_view generique, int niveau);
-// The initialisation file of a directory: the one that exists, else the name of a new one.
-Chemin CheminInitialisation(const Chemin& repertoire);
-
-// The directory of the executable when it can be written, else the user's data directory, which is made.
-Chemin RepertoireDuProgramme(const Chemin& executable, const Chemin& donneesDeLUtilisateur);
-// The initialisation path that Qvr2.in0 keeps from the last session; nothing without the file.
-std::optional<Chemin> LirePointeur(const Chemin& repertoireProgramme);
-// Raises a failure of writing.
-void EcrirePointeur(const Session& session);
-
 // --- texts ---
 
 // A directory as titles show it: ended by one separator.
@@ -86,7 +58,7 @@ struct Demarrage {
 };
 Demarrage DemarrerSession(const Chemin& repertoireProgramme);
 
-// Reads Qvr2.ini and the head of the .POS; a data set that opens enters the recent files.
+// Reads Qvr2.ini and the head of the .POS; a data set that opens enters the recent files. What cannot be read is told.
 std::string OuvrirGenerique(Session& session, const Reglages& reglages);
 
 struct RapportRepertoire {
@@ -112,16 +84,5 @@ Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::s
 std::string AdopterGenerique(Session& session, const Reglages& reglages, std::string_view generique);
 // Returns what could not be written.
 std::string ChangerNiveau(Session& session, int niveau);
-
-// --- recent files ---
-
-struct EntreeRecente {
-  std::string chemin;             // as the store keeps it, UTF-8
-  std::string generique;          // first line of the file, or that it is unknown
-  std::optional<Chemin> fichier;  // nothing for a file that can't be opened
-};
-// The entries in the order of their keys; a key without value has none.
-std::vector<EntreeRecente> FichiersRecents(const Reglages& reglages);
-void AjouterFichierRecent(const Reglages& reglages, const Chemin& initialisation);
 
 }  // namespace quelvar

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "core/programme/erreur.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar {
 
@@ -18,8 +19,6 @@ struct NombreLu {
   bool chiffres = false;
   std::size_t fin = 0;  // first character of the source that does not belong to it
 };
-
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t SauterBlancs(std::string_view t, std::size_t i) {
   while (i < t.size() && t[i] == ' ') ++i;

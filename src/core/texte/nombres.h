@@ -2,6 +2,8 @@
 // helper.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,6 +17,10 @@ double ValeurDe(std::string_view texte);
 
 // True when the text holds, apart from outer blanks and tabs, one number in the writing above and nothing else.
 bool EstNombre(std::string_view texte);
+
+// The powers of ten from 0 to 15: a double holds them exactly, and a whole number below the last one too.
+inline constexpr std::array<double, 16> kPuissancesDeDix = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 // Nearest integer, ties to even.
 double ArrondirPair(double valeur);

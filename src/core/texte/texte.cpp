@@ -31,24 +31,6 @@ std::array<char, 256> ConstruireMinuscules() {
   return table;
 }
 
-void AjouterUtf8(std::string& utf8, char32_t point) {
-  if (point < 0x80) {
-    utf8 += static_cast<char>(point);
-  } else if (point < 0x800) {
-    utf8 += static_cast<char>(0xC0 | (point >> 6));
-    utf8 += static_cast<char>(0x80 | (point & 0x3F));
-  } else if (point >= 0x10000) {
-    utf8 += static_cast<char>(0xF0 | (point >> 18));
-    utf8 += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
-    utf8 += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-    utf8 += static_cast<char>(0x80 | (point & 0x3F));
-  } else {
-    utf8 += static_cast<char>(0xE0 | (point >> 12));
-    utf8 += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-    utf8 += static_cast<char>(0x80 | (point & 0x3F));
-  }
-}
-
 }  // namespace
 
 std::string Joindre(std::initializer_list<Texte> morceaux) {
@@ -131,6 +113,25 @@ std::optional<std::uint32_t> EtrangerEnTete(std::string_view texte) {
 
 }  // namespace
 
+void AjouterUtf8(std::string& utf8, char32_t point) {
+  const auto suite = [&](unsigned decalage) { utf8 += static_cast<char>(0x80 | ((point >> decalage) & 0x3F)); };
+  if (point < 0x80) {
+    utf8 += static_cast<char>(point);
+  } else if (point < 0x800) {
+    utf8 += static_cast<char>(0xC0 | (point >> 6));
+    suite(0);
+  } else if (point < 0x10000) {
+    utf8 += static_cast<char>(0xE0 | (point >> 12));
+    suite(6);
+    suite(0);
+  } else {
+    utf8 += static_cast<char>(0xF0 | (point >> 18));
+    suite(12);
+    suite(6);
+    suite(0);
+  }
+}
+
 std::string VersUtf8(std::string_view texte) {
   std::string utf8;
   utf8.reserve(texte.size() + texte.size() / 8);
@@ -144,7 +145,7 @@ std::string VersUtf8(std::string_view texte) {
         continue;
       }
     }
-    AjouterUtf8(utf8, octet >= 0x80 && octet <= 0x9F ? detail::pointsDe80[octet - 0x80U] : octet);
+    AjouterUtf8(utf8, octet >= 0x80 && octet <= 0x9F ? kPointsDe80[octet - 0x80U] : octet);
   }
   return utf8;
 }
@@ -152,8 +153,8 @@ std::string VersUtf8(std::string_view texte) {
 std::string NomDepuisUtf8(std::string_view utf8) {
   std::string nom;
   while (!utf8.empty()) {
-    const detail::PointUtf8 lu = detail::DecoderUtf8(utf8);
-    const int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
+    const PointUtf8 lu = DecoderUtf8(utf8);
+    const int octet = lu.longueur == 0 ? -1 : OctetDe(lu.point);
     if (lu.longueur == 0) AjouterEtranger(nom, kOctetBrut + static_cast<unsigned char>(utf8.front()));
     else if (octet < 0 || static_cast<char>(octet) == kMarqueEtrangere)
       AjouterEtranger(nom, static_cast<std::uint32_t>(lu.point));
@@ -183,8 +184,8 @@ std::string DepuisUtf8(std::string_view utf8) {
   std::string texte;
   texte.reserve(utf8.size());
   while (!utf8.empty()) {
-    const detail::PointUtf8 lu = detail::DecoderUtf8(utf8);
-    const int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
+    const PointUtf8 lu = DecoderUtf8(utf8);
+    const int octet = lu.longueur == 0 ? -1 : OctetDe(lu.point);
     texte += octet < 0 ? '?' : static_cast<char>(octet);
     utf8.remove_prefix(std::max<std::size_t>(lu.longueur, 1));
   }
@@ -218,7 +219,7 @@ bool EstUtf8MultiOctet(std::string_view octets) {
   for (;;) {
     octets.remove_prefix(PremierAccent(octets));
     if (octets.empty()) break;
-    const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
+    const PointUtf8 lu = DecoderUtf8(octets);
     if (lu.longueur == 0) return false;
     multiple = true;
     octets.remove_prefix(lu.longueur);

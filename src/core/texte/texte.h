@@ -10,29 +10,29 @@
 
 namespace quelvar {
 
-namespace detail {
-
 // Code points of the bytes 80 to 9F hex; the five undefined bytes keep their own number, so that they survive a round
 // trip.
-inline constexpr std::array<char16_t, 32> pointsDe80 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                                        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                                        0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+inline constexpr std::array<char16_t, 32> kPointsDe80 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 // Byte of a code point, or -1 when the code page does not hold it.
 constexpr int OctetDe(char32_t point) {
   if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<int>(point);
-  for (std::size_t i = 0; i < pointsDe80.size(); ++i)
-    if (pointsDe80[i] == point) return static_cast<int>(0x80 + i);
+  for (std::size_t i = 0; i < kPointsDe80.size(); ++i)
+    if (kPointsDe80[i] == point) return static_cast<int>(0x80 + i);
   return -1;
 }
 
+// One character read from UTF-8.
 struct PointUtf8 {
   char32_t point;
   std::size_t longueur;  // bytes taken; 0 for an invalid sequence
 };
 
-// Decodes the sequence that starts the text; overlong forms, surrogates and cut sequences are invalid.
+// Decodes the sequence that the text, which is not empty, begins with; overlong forms, surrogates and cut sequences are
+// invalid.
 constexpr PointUtf8 DecoderUtf8(std::string_view texte) {
   const auto octet = [&](std::size_t i) { return static_cast<unsigned char>(texte[i]); };
   const unsigned char tete = octet(0);
@@ -51,6 +51,8 @@ constexpr PointUtf8 DecoderUtf8(std::string_view texte) {
   const bool valable = point >= minimum[longueur] && point <= 0x10FFFF && (point < 0xD800 || point > 0xDFFF);
   return valable ? PointUtf8{point, longueur} : PointUtf8{0, 0};
 }
+
+namespace detail {
 
 template <std::size_t N>
 struct LitteralUtf8 {
@@ -129,6 +131,9 @@ bool EgalSansCasse(std::string_view a, std::string_view b);
 // The part of a text that starts at a column counted from 1, at most `largeur` bytes; empty past the end.
 std::string_view Milieu(std::string_view texte, std::size_t colonne, std::size_t largeur = std::string_view::npos);
 
+// Adds a character, by its code point, to a UTF-8 text.
+void AjouterUtf8(std::string& utf8, char32_t point);
+
 // The edge to the screen, the terminal and the file names. Characters outside the code page, and invalid bytes, become
 // "?".
 std::string VersUtf8(std::string_view texte);
@@ -138,11 +143,13 @@ std::string DepuisUtf8(std::string_view utf8);
 std::string NomDepuisUtf8(std::string_view utf8);
 // The name as bytes of the code page can show it: "?" for each of these sequences.
 std::string NomMontrable(std::string_view nom);
+// Whether the name holds one.
 bool AvecEtrangers(std::string_view nom);
 // Length of the sequence at the end of the name, 0 when it ends in a character of the code page.
 std::size_t EtrangerFinal(std::string_view nom);
-// The mark that may stand in front of a UTF-8 file, and whether it stood there and was taken away.
+// The mark that may stand in front of a UTF-8 file.
 inline constexpr std::string_view kMarqueUtf8 = "\xEF\xBB\xBF";
+// Takes it away; whether it stood there.
 bool OterMarqueUtf8(std::string_view& octets);
 // True when the bytes hold at least one multi-byte UTF-8 sequence and no invalid one.
 bool EstUtf8MultiOctet(std::string_view octets);

@@ -264,7 +264,7 @@ void Trace::Tetes(Dessin& dessin, const BandePlacee& placee) const {
       dessin.Texte({x, base - tete.elevation - kInterligne * static_cast<double>(tete.lignes.size() - 1 - k) - 1},
                    tete.lignes[k], kPoliceTete, Deplacement(entree));
     dessin.Designer(-1);
-    const std::string part = Joindre({Rogner(TextePourcentage(donnees_.colonnes[j].part)), "%"});
+    const std::string part = Joindre({TexteDePourcentage(donnees_.colonnes[j].part), "%"});
     const Zone pied = ZoneDuTexte({x, bas + 2}, part, kPolicePied);
     if (!occupation.Libre(pied)) continue;
     occupation.Prendre(pied);

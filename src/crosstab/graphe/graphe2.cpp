@@ -136,10 +136,14 @@ void Reinitialiser(EtatGraphe2& etat) {
   etat.choisie = choisie;
 }
 
+std::string TexteDePourcentage(double pourcentage) {
+  return TexteDeCellule({AuDixieme(pourcentage), Unite::Pourcent, 1});
+}
+
 std::string TexteEchelle(const EtatGraphe2& etat) {
   const std::string echelle = Joindre({"Echelle=", Nombre(etat.valeurEchelle), " "});
   if (!etat.donnees.pem) return echelle;
-  return Joindre({echelle, "PEM=", Rogner(TextePourcentage(*etat.donnees.pem)), "% "});
+  return Joindre({echelle, "PEM=", TexteDePourcentage(*etat.donnees.pem), "% "});
 }
 
 std::string TexteFenetre(const EtatGraphe2& etat) {

@@ -76,6 +76,8 @@ void ChangerValeur(EtatGraphe2& etat, bool plus);
 // The initial drawing again.
 void Reinitialiser(EtatGraphe2& etat);
 
+// A percentage as the picture shows it: "6.3".
+std::string TexteDePourcentage(double pourcentage);
 // Title line of the scale: "Echelle=10 PEM=41.2% ", or "Echelle=10 " in the original order.
 std::string TexteEchelle(const EtatGraphe2& etat);
 // Limits of the window in units, on two lines: "xi=0 Xa=135", "yi=0 ya=216".

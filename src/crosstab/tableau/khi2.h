@@ -18,16 +18,18 @@ inline constexpr double kSeuilDe1PourCent = 0.01;
 struct ProbabiliteKhi2 {
   double p = 0;             // distribution function, from 0 to 1; -1 for a negative chi-square
   std::string_view marque;  // "ns", "* ", "**", "***"; "Erreur" for a negative chi-square
+
+  double Depassement() const { return 1 - p; }  // that chance passes the chi-square
 };
 
 // Probability that a chi-square of `degres` degrees of freedom stays below `khi2`, with the stars at 10, 5 and 1 %.
 // The variable is taken as an F ratio with 10^10 degrees of freedom below the line. The normal approximation of F is
 // that of E. Paulson (Annals of Mathematical Statistics, 1942), with the correction of T. L. Kelley ("Fundamentals of
-// Statistics", 1947) for few degrees of freedom, and the
-// polynomial for the normal tail of M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions" (26.2.17),
-// whose coefficients are taken with 4 decimals. A chi-square nearer to 0 than 10^-7 has p = 0 whatever the degrees.
-// Raises kDivisionParZero without degrees of freedom, kArgumentIncorrect for negative ones or for a chi-square that is
-// not a number, kDepassementCapacite for an infinite one.
+// Statistics", 1947) for few degrees of freedom, and the polynomial for the normal tail of M. Abramowitz and
+// I. A. Stegun, "Handbook of Mathematical Functions" (26.2.17), whose coefficients are taken with 4 decimals. A
+// chi-square nearer to 0 than 10^-7 has p = 0 whatever the degrees. Raises kDivisionParZero without degrees of freedom,
+// kArgumentIncorrect for negative ones or for a chi-square that is not a number, kDepassementCapacite for an infinite
+// one.
 ProbabiliteKhi2 ProbaKhi2(double degres, double khi2);
 
 }  // namespace quelvar::crosstab

@@ -1,5 +1,7 @@
 #include "crosstab/tableau/statistiques.h"
 
+#include <cmath>
+
 namespace quelvar::crosstab {
 
 namespace {
@@ -40,6 +42,8 @@ SommesDEcarts SommerEcarts(const Matrice& cellules, const Marges& marges, Echell
     }
   return sommes;
 }
+
+double AuDixieme(double pourcentage) { return std::floor(10 * pourcentage + 0.5) / 10; }
 
 DetailsDuTableau Detailler(const TableauCompte& table) {
   const std::size_t lignes = table.effectifs.Lignes();

@@ -28,6 +28,9 @@ struct SommesDEcarts {
 // The cells may be others than those that have the margins: a maximum table has the margins of its table.
 SommesDEcarts SommerEcarts(const Matrice& cellules, const Marges& marges, Echelle echelle);
 
+// A percentage to one decimal, half up, as the editions of a table and its picture show it: 6.25 becomes 6.3.
+double AuDixieme(double pourcentage);
+
 // Cell by cell, what the editions of a table show. The total must not be 0.
 struct DetailsDuTableau {
   std::vector<double> partsLignes;    // share of each row in the total, percent

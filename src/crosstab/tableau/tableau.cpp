@@ -45,7 +45,6 @@ void CalculerKhi2(TableauCroise& t) {
 void CalculerPem(TableauCroise& t, const SommesDEcarts& observe) {
   t.maximum = MaximumDe(t.compte, Bords::CodesPleins);
   const SommesDEcarts maximal = SommerEcarts(t.maximum, t.compte.marges, Echelle::Proportions);
-  if (maximal.khi2 > 0) t.partKhi2Max = 100 * observe.khi2 / maximal.khi2;
   if (maximal.positifs > 0) t.pem = 100 * observe.positifs / maximal.positifs;
 }
 

@@ -46,9 +46,8 @@ struct TableauCroise {
   double khi2SansFaibles = 0;
   ProbabiliteKhi2 probaSansFaibles;
 
-  Matrice maximum;         // the maximum table
-  double pem = 0;          // percent: sum of the positive deviations over that of the maximum table
-  double partKhi2Max = 0;  // percent: chi-square over that of the maximum table
+  Matrice maximum;  // the maximum table
+  double pem = 0;   // percent: sum of the positive deviations over that of the maximum table
   bool deuxParDeux = false;
 
   bool Vide() const { return compte.marges.total == 0; }

@@ -2,7 +2,6 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
 #include "core/programme/place.h"

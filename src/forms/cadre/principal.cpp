@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "core/programme/erreur.h"
+#include "core/session/recents.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/entrees.h"
 #include "forms/cadre/menus.h"
@@ -345,7 +346,7 @@ void Principal::closeEvent(QCloseEvent* evenement) {
   formes_.FermerSansDemander();
   ReconstruireRecents();
   try {
-    EcrirePointeur(session_);
+    EcrirePointeur(session_.repertoireProgramme, session_.initialisation);
   } catch (const Erreur&) {  // the next session starts without a data set
   }
   QDir::setCurrent(CheminVersQt(session_.repertoireProgramme));

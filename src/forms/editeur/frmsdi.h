@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "core/document/texte_edite.h"
-#include "core/session/reglages.h"
+#include "core/session/recents.h"
 #include "forms/editeur/secours.h"
 
 namespace Ui {

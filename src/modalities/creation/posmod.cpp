@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"

@@ -10,7 +10,10 @@
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
+#include "regression/anatab/edition.h"
+#include "regression/anatab/effets_edition.h"
 #include "regression/anatab/travail.h"
+#include "regression/entrees.h"
 #include "regression/images/effets.h"
 #include "regression/logistique/edition.h"
 #include "regression/logistique/logistique.h"
@@ -19,34 +22,10 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr std::string_view kTitre = "Régression sur données d'enquête"_w;
-constexpr double kPopulationSuffisante = 50;  // percent
-constexpr int kFichiersGardes = 3;            // DE=3
+constexpr std::string_view kSorte = "codage logique";  // what the .CDG holds
+constexpr double kPopulationSuffisante = 50;           // percent
+constexpr int kFichiersGardes = 3;                     // DE=3
 constexpr std::int64_t kProgressionMax = 100;
-
-struct FichiersDAnatab {
-  Chemin codageLogique;
-  Chemin mod;
-};
-
-FichiersDAnatab TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
-  const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
-  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
-  if (!cdg) rapport.Ligne({"*** Le tableau de codage logique ", contexte.Nom(".CDG"), " n'existe pas"});
-  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (!cdg || !mod) {
-    Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
-    throw Erreur(kArretAnnonce);
-  }
-  return {*cdg, *mod};
-}
-
-void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
-  EcrireBandeau(rapport, kTitre);
-  rapport.Ligne({"Le nom du fichier de codage logique est ", contexte.Nom(".CDG")});
-  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
-  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TRP")});
-}
 
 [[noreturn]] void Arreter(Rapport& rapport, Texte ligne) {
   rapport.Ligne(ligne);
@@ -55,9 +34,7 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
 
 Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
-  const ParametresMod parametres = LireParametres(mod.parametres);
-  rapport.Lignes(parametres.remarques);
-  if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
+  const ParametresMod parametres = ExigerParametres(rapport, mod);
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
   const std::vector<std::string> fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
@@ -70,22 +47,14 @@ Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemi
 
 // A coding that is too short is told individual by individual. What stands behind the digits, and a number of
 // individuals that is not the one announced, only tell that it is the coding of other modalities.
-void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const FichiersDAnatab& fichiers, Travail& travail) {
-  LireIndividus(fichiers.codageLogique, travail.modele, contexte.Ecran(), travail.individus);
-  const bool entier = travail.individus.fautifs == 0 && travail.individus.Nombre() > 0;
-  if (entier) ExigerCdgDuMod(fichiers.codageLogique, LireMod(fichiers.mod), travail.parametres);
-  travail.etape = Etape::Lecture;
+void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
+                        Travail& travail) {
+  LireIndividus(fichiers.donnees, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
-  for (const std::int64_t rang : individus.rangsFautifs)
-    rapport.Ligne(
-        {"*** L'individu ", Figure(static_cast<double>(rang), 5, 0), " n'a pas une réponse à chaque question"_w});
-  if (individus.fautifs > 0) {
-    rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
-    rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(individus.fautifs), 5, 0)});
-    if (individus.fautifs >= static_cast<std::int64_t>(kFautifsCites))
-      rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
-    throw Erreur(kArretAnnonce);
-  }
+  if (individus.fautifs.nombre == 0 && individus.Nombre() > 0)
+    ExigerCdgDuMod(fichiers.donnees, LireMod(fichiers.mod), travail.parametres);
+  travail.etape = Etape::Lecture;
+  ExigerSansFautifs(rapport, individus.fautifs, "n'a pas une réponse à chaque question"_w);
   if (individus.Nombre() == 0)
     Arreter(rapport, Joindre({"*** Le fichier ", contexte.Nom(".CDG"), " est vide. Arrêt du programme"_w}));
   rapport.Ligne({"Nombre d'individus =", NombreNu(individus.Nombre())});
@@ -112,7 +81,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
 
 // Modalities whose labels begin alike are one to the tabular analysis: whoever runs it is told which.
 void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
-  const std::vector<Cellule> cellules = CellulesDe(modele);
+  const std::vector<CelluleDeSituation> cellules = CellulesDe(modele);
   std::string confondues;
   for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
     if (cellules[k].designee != k) continue;
@@ -175,7 +144,7 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& 
   travail.etape = Etape::Situations;
   AnalyseTabulaire& analyse = travail.analyse;
   analyse.examinees = ExaminerSituations(analyse.table, travail.base.individus, travail.base.nombreOui);
-  ImprimerSituations(rapport, analyse, travail.modele);
+  ImprimerSituations(rapport, analyse);
   if (analyse.examinees < analyse.table.situations.size()) throw Erreur(kDivisionParZero);
   const double population = travail.analyse.table.Population();
   const double part = 100 * population / travail.base.individus;
@@ -210,7 +179,8 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
 }
 
-ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const FichiersDAnatab& fichiers, Travail& travail) {
+ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
+                      Travail& travail) {
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
@@ -265,11 +235,11 @@ void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chem
 
 // A run that stops leaves its work files as they stand.
 void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& rapport, ImageDesEffets& effets) {
-  const FichiersDAnatab fichiers = TrouverFichiers(contexte, rapport);
-  ImprimerNomsDeFichiers(contexte, rapport);
+  const EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
+  ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données d'enquête"_w, kSorte, ".TRP");
   ExigerEcriture(contexte, rapport, options.image);
   Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
-  ExigerPlaceDesFiches(contexte, rapport, fichiers.codageLogique, travail);
+  ExigerPlaceDesFiches(contexte, rapport, fichiers.donnees, travail);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers, travail));
     if (!options.image.empty()) EcrireSvg(contexte.repertoire, options.image, DessinerEffets(effets));

@@ -1,17 +1,13 @@
 // The data of a tabular analysis before any grouping: the explained modality crossed with each explanatory one.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <vector>
 
-#include "core/programme/report.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/modele.h"
 
 namespace quelvar::regression {
-
-// Title of the part of the report, and what parts it.
-inline constexpr std::string_view kEtoiles = "*************************************";
 
 struct DonneesDeBase {
   std::vector<double> oui;    // of each explanatory modality: individuals who also have the explained one
@@ -25,9 +21,5 @@ struct DonneesDeBase {
 };
 
 DonneesDeBase CompterLaBase(const Individus& individus, const Modele& modele);
-
-// The questions and the modalities with what each of them is in the model, and the title of the data.
-void ImprimerModele(Rapport& rapport, const Modele& modele);
-void ImprimerDonneesDeBase(Rapport& rapport, const Modele& modele, const DonneesDeBase& base);
 
 }  // namespace quelvar::regression

@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t kTableInitiale = 1024;
 constexpr std::size_t kDebutCodage = 4;  // bytes in front of the first modality
 constexpr std::int64_t kPasDAffichage = 50000;
+constexpr std::int64_t kFautifsCites = 51;  // ranks of individuals at fault that are told
 
 std::uint64_t Hacher(std::string_view fiche) {
   std::uint64_t h = 0x9E3779B97F4A7C15U;
@@ -116,10 +117,7 @@ void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dial
     if (y == '1') ++individus.oui;
     individus.fiche.push_back(individus.fiches.Ranger(fiche));
     const std::int64_t rang = individus.Nombre();
-    if (reponses != questions) {
-      ++individus.fautifs;
-      if (individus.rangsFautifs.size() < kFautifsCites) individus.rangsFautifs.push_back(rang);
-    }
+    if (reponses != questions) individus.fautifs.Noter(rang, kFautifsCites);
     if (rang % kPasDAffichage == 0) ecran.montrerIteration(Joindre({"Lecture individus : ", Nombre(rang)}));
   }
 }

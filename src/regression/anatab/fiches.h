@@ -10,6 +10,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
 #include "regression/anatab/modele.h"
+#include "regression/entrees.h"
 
 namespace quelvar::regression {
 
@@ -45,19 +46,15 @@ struct Individus {
   explicit Individus(std::size_t largeurFiche) : fiches(largeurFiche) {}
 
   Fiches fiches;
-  std::vector<NumeroFiche> fiche;          // of each individual, in the order of the file
-  std::int64_t oui = 0;                    // individuals with the explained modality
-  std::int64_t fautifs = 0;                // individuals without one answer to each question
-  std::vector<std::int64_t> rangsFautifs;  // ranks of the first of them, from 1
+  std::vector<NumeroFiche> fiche;  // of each individual, in the order of the file
+  std::int64_t oui = 0;            // individuals with the explained modality
+  Fautifs fautifs;                 // individuals without one answer to each question
 
   std::int64_t Nombre() const { return static_cast<std::int64_t>(fiche.size()); }
 };
 
 // Characters of a record whose value tells it apart from every other: so many digits are exact in a double.
 inline constexpr std::size_t kChiffresExacts = 15;
-
-// Ranks of individuals at fault that are told.
-inline constexpr std::size_t kFautifsCites = 51;
 
 // Reads the logical coding into `individus`; what was read before a failure stays there. A character past the end of a
 // line is a blank. Raises the failures of LecteurLignes.

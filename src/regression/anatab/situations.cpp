@@ -1,6 +1,7 @@
 #include "regression/anatab/situations.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
@@ -24,10 +25,10 @@ std::string_view RoleDe(const Modele& modele, std::size_t k) {
 
 }  // namespace
 
-std::vector<Cellule> CellulesDe(const Modele& modele) {
-  std::vector<Cellule> cellules(modele.Explicatives() + 1);
+std::vector<CelluleDeSituation> CellulesDe(const Modele& modele) {
+  std::vector<CelluleDeSituation> cellules(modele.Explicatives() + 1);
   for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
-    Cellule& cellule = cellules[k];
+    CelluleDeSituation& cellule = cellules[k];
     cellule.intitule = CadreGauche(modele.Explicative(k).intitule, kLargeurCourte);
     cellule.role = RoleDe(modele, k);
     cellule.reference = modele.Explicative(k).reference;
@@ -60,6 +61,11 @@ Khi2Paire KhiCellule(double total, double totalOui, double n, double y) {
 }
 
 Khi2Paire KhiPaire(double n1, double n2, double y1, double y2) { return KhiCellule(n1 + n2, y1 + y2, n1, y1); }
+
+double Situation::EcartTypeDeLaPart() const {
+  const double p = pourcentage / 100;
+  return std::sqrt(p * (1 - p) / effectif);
+}
 
 double TableSituations::Population() const {
   double population = 0;
@@ -100,7 +106,8 @@ std::size_t ExaminerSituations(TableSituations& table, double individus, double 
   return table.situations.size();
 }
 
-std::optional<std::size_t> SituationDeReference(const TableSituations& table, const std::vector<Cellule>& cellules) {
+std::optional<std::size_t> SituationDeReference(const TableSituations& table,
+                                                const std::vector<CelluleDeSituation>& cellules) {
   for (std::size_t s = table.situations.size(); s-- > 0;) {
     const std::span<const std::uint32_t> modalites = table.Modalites(s);
     if (std::all_of(modalites.begin(), modalites.end(), [&](std::uint32_t k) { return cellules[k].reference; }))

@@ -16,7 +16,7 @@ namespace quelvar::regression {
 
 // How a modality shows itself in a situation: by the first four characters of its label, which are all that tells it
 // from the others of its question.
-struct Cellule {
+struct CelluleDeSituation {
   std::string intitule;  // 4 characters
   std::string role;      // 4 characters: " R  ", " Y  " or blanks
   bool reference = false;
@@ -25,7 +25,7 @@ struct Cellule {
 };
 
 // The cell of each explanatory modality, and behind them an empty one that stands where a situation lacks a modality.
-std::vector<Cellule> CellulesDe(const Modele& modele);
+std::vector<CelluleDeSituation> CellulesDe(const Modele& modele);
 
 // Chi-square of a 2 x 2 table.
 struct Khi2Paire {
@@ -47,6 +47,9 @@ struct Situation {
   Khi2Paire khi2;
 
   double Brut() const { return 100 * oui / effectif; }
+  // Standard error of the share, from 0 to 1: root of p (1 - p) / n.
+  double EcartTypeDeLaPart() const;
+  double EcartTypeEnPoints() const { return 100 * EcartTypeDeLaPart(); }
 };
 
 struct TableSituations {
@@ -70,6 +73,7 @@ TableSituations FormerSituations(const std::vector<Comptee>& comptees, const Fic
 std::size_t ExaminerSituations(TableSituations& table, double individus, double oui);
 
 // The last situation that holds nothing but references.
-std::optional<std::size_t> SituationDeReference(const TableSituations& table, const std::vector<Cellule>& cellules);
+std::optional<std::size_t> SituationDeReference(const TableSituations& table,
+                                                const std::vector<CelluleDeSituation>& cellules);
 
 }  // namespace quelvar::regression

@@ -12,7 +12,8 @@ namespace quelvar::regression {
 namespace {
 
 // The cells of every situation as numbers that are equal where the cells read the same.
-std::vector<std::uint32_t> TextesDesCellules(const TableSituations& table, const std::vector<Cellule>& cellules) {
+std::vector<std::uint32_t> TextesDesCellules(const TableSituations& table,
+                                             const std::vector<CelluleDeSituation>& cellules) {
   std::vector<std::uint32_t> textes(table.modalites.size());
   std::transform(table.modalites.begin(), table.modalites.end(), textes.begin(),
                  [&](std::uint32_t k) { return static_cast<std::uint32_t>(cellules[k].texte); });
@@ -70,7 +71,7 @@ double Chances(double pourcentage) {
 
 }  // namespace
 
-Voisinages VoisinagesDe(const TableSituations& table, const std::vector<Cellule>& cellules) {
+Voisinages VoisinagesDe(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules) {
   const std::size_t q = table.questions;
   const std::size_t situations = table.situations.size();
   const std::vector<std::uint32_t> textes = TextesDesCellules(table, cellules);
@@ -102,12 +103,13 @@ namespace {
 
 // The sub-effects of a first situation with the second ones behind it, in one question, by ascending second one.
 template <typename Retenir, typename Visiter>
-void PairesDe(const TableSituations& table, const std::vector<Cellule>& cellules, const Voisinages& voisinages,
-              std::uint32_t a, std::uint32_t c, const Retenir& retenir, const Visiter& visiter) {
+void PairesDe(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
+              const Voisinages& voisinages, std::uint32_t a, std::uint32_t c, const Retenir& retenir,
+              const Visiter& visiter) {
   const std::size_t base = c * table.situations.size();
-  const Cellule& deA = cellules[table.Modalites(a)[c]];
+  const CelluleDeSituation& deA = cellules[table.Modalites(a)[c]];
   for (std::size_t i = voisinages.places[base + a] + 1; i < voisinages.fins[base + a]; ++i) {
-    const Cellule& deB = cellules[voisinages.modalites[base + i]];
+    const CelluleDeSituation& deB = cellules[voisinages.modalites[base + i]];
     if (deA.texte == deB.texte || (!deA.reference && !deB.reference)) continue;
     if (retenir(deA.reference ? deB : deA)) visiter(SousEffet{a, voisinages.ordre[base + i], c, !deA.reference});
   }
@@ -115,21 +117,21 @@ void PairesDe(const TableSituations& table, const std::vector<Cellule>& cellules
 
 }  // namespace
 
-void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+void ParcourirSousEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                          const Voisinages& voisinages, const Visiteur& visiter) {
   std::vector<SousEffet> trouves;
   for (std::uint32_t a = 0; a < table.situations.size(); ++a) {
     trouves.clear();
     for (std::uint32_t c = 0; c < table.questions; ++c)
       PairesDe(
-          table, cellules, voisinages, a, c, [](const Cellule&) { return true; },
+          table, cellules, voisinages, a, c, [](const CelluleDeSituation&) { return true; },
           [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); });
     Ranger(trouves);
     for (const SousEffet& sousEffet : trouves) visiter(sousEffet);
   }
 }
 
-void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+void ParcourirSousEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                          const Voisinages& voisinages, std::size_t modalite, const Visiteur& visiter) {
   // The questions in which that modality may be the compared one: labels that read the same lead to one modality.
   std::vector<bool> concernees(table.questions);
@@ -142,7 +144,7 @@ void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule
       if (!concernees[c]) continue;
       PairesDe(
           table, cellules, voisinages, a, c,
-          [modalite](const Cellule& comparee) { return comparee.designee == modalite; },
+          [modalite](const CelluleDeSituation& comparee) { return comparee.designee == modalite; },
           [&](const SousEffet& sousEffet) { trouves.push_back(sousEffet); });
     }
     Ranger(trouves);
@@ -191,7 +193,7 @@ MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table
 
 bool Effet::EcartDepasseMoyenne() const { return ecartType > std::fabs(moyenne); }
 
-std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                                   const Voisinages& voisinages, bool oddsRatio) {
   std::vector<Effet> effets;
   for (std::size_t k = 0; k < cellules.size(); ++k) {

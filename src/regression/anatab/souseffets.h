@@ -32,14 +32,14 @@ struct Voisinages {
   std::vector<std::uint32_t> fins;       // where its group ends
 };
 
-Voisinages VoisinagesDe(const TableSituations& table, const std::vector<Cellule>& cellules);
+Voisinages VoisinagesDe(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules);
 
 using Visiteur = std::function<void(const SousEffet& sousEffet)>;
 // All pairs that make a sub-effect, by their first situation, then by their second.
-void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+void ParcourirSousEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                          const Voisinages& voisinages, const Visiteur& visiter);
 // Those that compare one modality, in the same order.
-void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+void ParcourirSousEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                          const Voisinages& voisinages, std::size_t modalite, const Visiteur& visiter);
 
 // The measures of one sub-effect.
@@ -63,12 +63,15 @@ struct Effet {
   double moyenne = 0;      // weighted mean, in points or as odds-ratio
   double ecartType = 0;    // weighted standard deviation
 
+  // One standard deviation below and above the mean.
+  double Bas() const { return moyenne - ecartType; }
+  double Haut() const { return moyenne + ecartType; }
   bool EcartDepasseMoyenne() const;
   bool Seul() const { return nombre == 1; }
 };
 
 // The effect of each modality that has sub-effects, in the order of the modalities.
-std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<Cellule>& cellules,
+std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                                   const Voisinages& voisinages, bool oddsRatio);
 
 }  // namespace quelvar::regression

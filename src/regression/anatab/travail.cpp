@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/texte/nombres.h"
+#include "regression/anatab/effets_edition.h"
 
 namespace quelvar::regression {
 
@@ -42,9 +43,13 @@ void EcrireSituations(Ecrivain fichier, const AnalyseTabulaire& analyse) {
 
 void EcrireSousEffets(Ecrivain populations, Ecrivain tableaux, const Travail& travail) {
   const AnalyseTabulaire& analyse = travail.analyse;
+  std::string population;
   ParcourirSousEffets(analyse.table, analyse.cellules, analyse.voisinages, [&](const SousEffet& sousEffet) {
-    populations.Ligne(SousPopulation(analyse, sousEffet));
-    for (const std::string& bande : TableauPaire(analyse, travail.modele, sousEffet)) tableaux.Ecrire(bande);
+    population.clear();
+    AjouterSousPopulation(population, analyse, sousEffet);
+    populations.Ligne(population);
+    for (const std::string& ligne : LignesDeLaPaire(TableDe(analyse, travail.modele, sousEffet)))
+      tableaux.Ecrire(ligne);
     tableaux.FinDeLigne();
   });
   populations.Fermer();

@@ -6,8 +6,8 @@
 
 #include "core/enquete/parametres.h"
 #include "core/programme/programme.h"
+#include "regression/anatab/analyse.h"
 #include "regression/anatab/base.h"
-#include "regression/anatab/effets_edition.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/modele.h"
 

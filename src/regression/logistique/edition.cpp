@@ -1,38 +1,24 @@
 #include "regression/logistique/edition.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "core/resultats/colonnedenombres.h"
+#include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
-#include "crosstab/tableau/khi2.h"
+#include "regression/anatab/edition.h"
+#include "regression/logistique/resultats.h"
 
 namespace quelvar::regression {
 
 namespace {
 
 constexpr int kLargeur = static_cast<int>(kLargeurIntitule);
-constexpr int kDecimalesOrdinaires = 4;
-constexpr int kDecimalesDemandees = 5;  // from this value on DE= is a number of decimals
-
-std::string Blancs(std::size_t nombre) { return std::string(nombre, ' '); }
+constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
+constexpr std::string_view kVingtCinqBlancs = "                         ";
 
 std::string_view TitreDe(const ModeleAjuste& ajuste) {
   return ajuste.lien == Lien::Lineaire ? "Régression linéaire"_w : "Régression logistique"_w;
-}
-
-int Decimales(const Travail& travail) {
-  return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
-}
-
-double PourcentageLogistique(double score) { return 100 * Probabilite(Lien::Logistique, score); }
-
-std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
-  std::vector<std::string> intitules;
-  for (std::size_t k = 0; k < modele.Explicatives(); ++k)
-    if (!modele.Explicative(k).reference) intitules.push_back(CadreGauche(modele.Explicative(k).intitule, kLargeur));
-  return intitules;
 }
 
 std::string_view RaisonDAbsence(const DonneesDeBase& base, std::size_t k) {
@@ -72,59 +58,31 @@ void PrevenirDesIndistincts(Rapport& rapport, const Travail& travail, const std:
 }
 
 void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
-  const double alpha = ajuste.ajustement.parametres.alpha;
-  const int decimales = Decimales(travail);
-  const std::string noms = NomsDeSituation(travail.analyse, travail.analyse.reference);
-  if (ajuste.lien == Lien::Lineaire) {
-    rapport.Ligne({"Situation de référence "_w, noms});
-    rapport.Ligne({Blancs(25), NombreFixe(alpha, 4, decimales), Blancs(25), Figure(100 * alpha, 3, 1)});
-    rapport.Ligne("Effets marginaux ");
-    return;
-  }
-  rapport.Ligne({"Situation de référence "_w, noms, "       ChancesRef"});
-  rapport.Ligne({Blancs(25), NombreFixe(alpha, 4, decimales), Blancs(6), Figure(std::exp(alpha), 4, decimales),
-                 Blancs(10), NombreFixe(PourcentageLogistique(alpha), 3, 1)});
-  rapport.Ligne("Effets marginaux                        Odds-ratio ");
+  const bool logistique = ajuste.lien == Lien::Logistique;
+  rapport.Ligne({"Situation de référence "_w, NomsDeSituation(travail.analyse, travail.analyse.reference),
+                 std::string_view(logistique ? "       ChancesRef" : "")});
+  FormeEnRangees forme{.titre = kLargeur, .places = {{"", 4}, {kVingtCinqBlancs, 3, kLibre}}};
+  if (logistique) forme.places = {{"", 4}, {"      ", 4, kLibre}, {"          ", 3}};
+  ImprimerRangees(rapport, TableauDeLaConstante(travail, ajuste), forme);
+  rapport.Ligne({"Effets marginaux ", std::string_view(logistique ? "                       Odds-ratio " : "")});
 }
 
 // A mean of each modality with its distance from the general one, beside that of what was observed.
 void ImprimerMoyennes(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& moyennes, Texte entete, std::string_view separation) {
-  const double generale = travail.base.MoyenneGenerale();
-  rapport.Ligne({TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(generale, 1, 4)});
+  rapport.Ligne({TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(travail.base.MoyenneGenerale(), 1, 4)});
   rapport.Ligne();
   rapport.Ligne(entete);
   rapport.Ligne(
       "Modalité explicative                        Ecart de la moyenne observée à la moyenne générale en %"_w);
-  ColonneDeNombres moyenne(1, 4);
-  ColonneDeNombres ecart(4, 1);
-  for (const double m : moyennes) {
-    moyenne.Voir(m);
-    ecart.Voir(100 * (m - generale));
-  }
-  for (std::size_t k = 0; k < moyennes.size(); ++k)
-    rapport.Ligne({CadreGauche(travail.modele.Explicative(k).intitule, kLargeur), " ", moyenne(moyennes[k]), separation,
-                   ecart(100 * (moyennes[k] - generale)), "  ",
-                   NombreFixe(100 * (travail.base.Part(k) - generale), 4, 1)});
-}
-
-std::string_view MarqueDeParametre(double depassement) {
-  if (depassement <= crosstab::kSeuilDe1PourCent) return "***";
-  if (depassement <= crosstab::kSeuilDe5PourCent) return "** ";
-  return depassement <= crosstab::kSeuilDe10PourCent ? "*  " : "ns ";
+  ImprimerRangees(rapport, TableauDesMoyennes(travail, moyennes),
+                  {.titre = kLargeur, .places = {{" ", 1, kLibre}, {separation, 4, kLibre}, {"  ", 4}}});
 }
 
 }  // namespace
 
-double EffetEnPoints(const ModeleAjuste& ajuste, double beta) {
-  if (ajuste.lien == Lien::Lineaire) return 100 * beta;
-  const double alpha = ajuste.ajustement.parametres.alpha;
-  return PourcentageLogistique(alpha + beta) - PourcentageLogistique(alpha);
-}
-
 void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
                         const std::vector<std::size_t>& indistincts) {
-  const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
   rapport.Ligne();
   rapport.Ligne(kEtoiles);
   rapport.Ligne("Paramètres de la régression                         en pourcentages"_w);
@@ -136,49 +94,21 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   PrevenirDesSeparations(rapport, travail);
   PrevenirDesIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
-
-  ColonneDeNombres beta(3, Decimales(travail));
-  ColonneDeNombres rapportDeChances(3, 2);
-  ColonneDeNombres effet(3, 1);
-  for (const double b : betas) {
-    beta.Voir(b);
-    if (ajuste.lien == Lien::Logistique) rapportDeChances.Voir(std::exp(b));
-    effet.Voir(EffetEnPoints(ajuste, b));
-  }
-  const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
-  for (std::size_t j = 0; j < betas.size(); ++j) {
-    rapport.Suite({intitules[j], " ", beta(betas[j])});
-    if (ajuste.lien == Lien::Lineaire) rapport.Suite(Blancs(25));
-    else rapport.Suite({Blancs(7), rapportDeChances(std::exp(betas[j])), Blancs(12)});
-    rapport.Ligne(effet(EffetEnPoints(ajuste, betas[j])));
-  }
+  FormeEnRangees forme{.titre = kLargeur, .places = {{" ", 3, kLibre}, {kVingtCinqBlancs, 3, kLibre}}};
+  if (ajuste.lien == Lien::Logistique)
+    forme.places = {{" ", 3, kLibre}, {"       ", 3, kLibre}, {"            ", 3, kLibre}};
+  ImprimerRangees(rapport, TableauDesParametres(travail, ajuste), forme);
   rapport.Ligne({"Log-Vraisembl.", Figure(ajuste.ajustement.logVraisemblance, 6, 4)});
   rapport.Ligne();
 }
 
 void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste, const TestsDuModele& tests) {
-  ColonneDeNombres ensemble(5, 4);
-  const double constante = -2 * tests.logConstante;
-  const double complet = -2 * ajuste.ajustement.logVraisemblance;
-  for (const double valeur : {constante, complet, tests.modele.khi2}) ensemble.Voir(valeur);
-  rapport.Ligne({"Cst seulement ", ensemble(constante)});
-  rapport.Ligne({"Modèle complet"_w, ensemble(complet)});
-  rapport.Ligne({"Khideux Vrais.", ensemble(tests.modele.khi2)});
+  ImprimerRangees(rapport, TableauDesVraisemblances(ajuste, tests), {.places = {{"", 5, kLibre}}});
   rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0),
                  " Prob.=", NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
-
-  ColonneDeNombres khi2(5, 4);
-  for (const TestDeVraisemblance& test : tests.parametres)
-    if (!test.Impossible()) khi2.Voir(test.khi2);
-  const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
-  for (std::size_t j = 0; j < tests.parametres.size(); ++j) {
-    const TestDeVraisemblance& test = tests.parametres[j];
-    rapport.Suite({intitules[j], " ", "Khideux de Vrais."});
-    if (test.Impossible()) rapport.Ligne("   Test impossible à calculer"_w);
-    else
-      rapport.Ligne({khi2(test.khi2), " Significatif à "_w, NombreFixe(test.Depassement(), 1, 3), "  ",
-                     MarqueDeParametre(test.Depassement())});
-  }
+  ImprimerRangees(
+      rapport, TableauDesTests(travail, tests),
+      {.titre = kLargeur, .places = {{" Khideux de Vrais.", 5, kLibre}, {" Significatif à "_w, 1}, {"  ", 3}}});
   rapport.Ligne({"Nb d'itérations= "_w, NombreFixe(static_cast<double>(ajuste.ajustement.iterations), 4, 0)});
   rapport.Ligne();
 }

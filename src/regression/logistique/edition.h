@@ -1,9 +1,12 @@
 // Prints a fitted model: parameters, tests, and its outputs in probability.
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 #include "core/programme/report.h"
-#include "regression/anatab/sorties.h"
 #include "regression/anatab/travail.h"
+#include "regression/logistique/sorties.h"
 
 namespace quelvar::regression {
 
@@ -16,8 +19,5 @@ void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const M
                                const std::vector<double>& moyennes);
 void ImprimerEffetPur(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& ajustees);
-
-// The effect of a coefficient in percentage points, from the reference situation of the model.
-double EffetEnPoints(const ModeleAjuste& ajuste, double beta);
 
 }  // namespace quelvar::regression

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "core/texte/nombres.h"
-#include "regression/anatab/sorties.h"
 #include "regression/logistique/edition.h"
 #include "regression/logistique/indistincts.h"
+#include "regression/logistique/sorties.h"
 
 namespace quelvar::regression {
 

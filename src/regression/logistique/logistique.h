@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/programme/programme.h"
-#include "regression/anatab/sorties.h"
 #include "regression/anatab/travail.h"
+#include "regression/logistique/sorties.h"
 
 namespace quelvar::regression {
 

@@ -184,6 +184,8 @@ void TesterAjustement(const Matrice& inverse, AjustementLineaire& a) {
   }
 }
 
+double AjustementLineaire::R() const { return std::sqrt(R2()); }
+
 double ProbabiliteF(double f, double degres1, double degres2) {
   if (!(f > 0)) throw Erreur(kArgumentIncorrect);
   const bool renverse = f < 1;

@@ -70,7 +70,9 @@ struct AjustementLineaire {
   bool exact = false;  // the variables explain all but what rounding leaves
   double f = 0;
 
+  // Share of the variance that the variables explain, and its root. The variance is not 0.
   double R2() const { return expliquee / totale; }
+  double R() const;
 };
 
 // Fits by the inverse of the moments: parameters and variances.

@@ -9,9 +9,9 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
-#include "core/resultats/colonnedenombres.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
+#include "regression/entrees.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {
@@ -21,42 +21,13 @@ namespace {
 constexpr int kTableImprimee = 1;  // DE=1
 constexpr int kTableNommee = 2;    // DE=2
 constexpr std::int64_t kFautifsCites = 50;
-
-[[noreturn]] void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {
-  Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
-  throw Erreur(kArretAnnonce);
-}
-
-void DireTableAbsente(Rapport& rapport, std::string_view nom) {
-  rapport.Ligne({"*** Le tableau de données "_w, nom, " n'existe pas"});
-}
-
-struct FichiersDeReglin {
-  Chemin donnees;
-  Chemin mod;
-};
-
-FichiersDeReglin TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
-  const std::optional<Chemin> donnees = contexte.Chercher(".CDG");
-  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
-  if (!donnees) DireTableAbsente(rapport, contexte.Nom(".CDG"));
-  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (!donnees || !mod) ArreterPourAbsence(contexte, rapport);
-  return {*donnees, *mod};
-}
-
-void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
-  EcrireBandeau(rapport, "Régression sur données numériques"_w);
-  rapport.Ligne({"Le nom du fichier de données est "_w, contexte.Nom(".CDG")});
-  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
-  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".REG")});
-}
+constexpr std::string_view kSorte = "données"_w;  // what the .CDG holds
 
 // The table that the parameter line names in place of the .CDG.
 Chemin TableNommee(const Contexte& contexte, Rapport& rapport, const std::string& nom) {
   const std::optional<Chemin> chemin = nom.empty() ? std::nullopt : ChercherFichier(contexte.repertoire, nom);
   if (chemin) return *chemin;
-  DireTableAbsente(rapport, nom);
+  DireTableAbsente(rapport, kSorte, nom);
   ArreterPourAbsence(contexte, rapport);
 }
 
@@ -91,12 +62,6 @@ void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegres
       Boutons::Ok);
 }
 
-// Ranks of the individuals whose lines are too short, the first ones alone, and how many they are.
-struct Fautifs {
-  std::vector<std::int64_t> rangs;
-  std::int64_t nombre = 0;
-};
-
 // Individuals that have such a field.
 struct Douteux {
   Doute doute;
@@ -124,18 +89,6 @@ void PrevenirDesDouteux(const Contexte& contexte, const Douteux& douteux) {
       Joindre({"*** Attention : ", Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
                " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}),
       Boutons::Ok);
-}
-
-// What a line does not hold is no 0.
-void ExigerDesLignesEntieres(Rapport& rapport, const Fautifs& fautifs) {
-  if (fautifs.nombre == 0) return;
-  for (const std::int64_t rang : fautifs.rangs)
-    rapport.Ligne(
-        {"*** L'individu ", Figure(static_cast<double>(rang), 5, 0), " n'a pas une valeur pour chaque variable"});
-  rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
-  rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), 5, 0)});
-  if (fautifs.nombre > kFautifsCites) rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
-  throw Erreur(kArretAnnonce);
 }
 
 // Lines that hold something behind the last column of the .MOD.
@@ -180,7 +133,7 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     progression.Avancer();
     ++rang;
-    if (EstTropCourte(ligne, variables) && ++fautifs.nombre <= kFautifsCites) fautifs.rangs.push_back(rang);
+    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsCites);
     if (fautifs.nombre > 0) continue;
     if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
     if (!LireValeurs(ligne, variables, valeurs))
@@ -208,7 +161,8 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
   Progression progression(contexte.Ecran(), individus);
   Lecture lecture = LireMoments(donnees, variables, progression, suivre);
-  ExigerDesLignesEntieres(rapport, lecture.fautifs);
+  // What a line does not hold is no 0.
+  ExigerSansFautifs(rapport, lecture.fautifs, "n'a pas une valeur pour chaque variable"_w);
   for (const Douteux* const douteux : {&lecture.vides, &lecture.virgules, &lecture.coupees})
     PrevenirDesDouteux(contexte, *douteux);
   PrevenirDesColonnesDeTrop(contexte, variables, lecture.longues, individus);
@@ -228,7 +182,9 @@ void PrevenirDesPertes(Rapport& rapport, const VariablesDeRegression& variables,
 
 void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegression& variables) {
   const Dispersion dispersion = DisperserMoments(sommes);
-  ImprimerDescription(rapport, variables, dispersion);
+  const VariablesDecrites decrites = Decrire(variables, dispersion);
+  ImprimerDescription(rapport, dispersion.individus, decrites);
+  if (decrites.arret) throw Erreur(*decrites.arret);
   const auto p = static_cast<double>(variables.explicatives.size());
   if (dispersion.individus - p - 1 == 0) throw Erreur(kDivisionParZero);
   const Matrice moments = sommes.Symetrique();
@@ -247,19 +203,16 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   TesterAjustement(*inverse, ajustement);
   ImprimerVariance(rapport, ajustement,
                    ajustement.f == 0 ? std::string_view{} : TexteDeF(ProbabiliteF(ajustement.f, p, ajustement.degres)));
-  ImprimerParametres(rapport, variables, ajustement);
+  const ParametresEstimes estimes = EstimerParametres(variables, ajustement);
+  ImprimerParametres(rapport, variables, estimes);
+  if (estimes.arrete) throw Erreur(kDivisionParZero);
 }
 
 void Executer(const Contexte& contexte, Rapport& rapport) {
-  FichiersDeReglin fichiers = TrouverFichiers(contexte, rapport);
-  ImprimerNomsDeFichiers(contexte, rapport);
+  EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
+  ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données numériques"_w, kSorte, ".REG");
   const FichierMod mod = LireMod(fichiers.mod);
-  const ParametresMod parametres = LireParametres(mod.parametres);
-  rapport.Lignes(parametres.remarques);
-  if (parametres.largeur == 0) {
-    rapport.Ligne("Erreur : pas de FMT=");
-    throw Erreur(kArretAnnonce);
-  }
+  const ParametresMod parametres = ExigerParametres(rapport, mod);
   if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));

@@ -4,36 +4,24 @@
 #include <optional>
 
 #include "core/dessin/svg.h"
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
-#include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
-#include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
+#include "regression/varint/edition.h"
 #include "regression/varint/profils.h"
+#include "regression/varint/sorties.h"
 
 namespace quelvar::regression {
 
 namespace {
 
-constexpr std::size_t kParBloc = 16;  // questions on a line of the short edition
-constexpr std::size_t kIntituleDuMod = 25;
-
 [[noreturn]] void Arreter(const Contexte& contexte, Rapport& rapport, Texte phrase) {
   Avertir(rapport, contexte.Ecran(), phrase);
   throw Erreur(kArretAnnonce);
-}
-
-void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
-  EcrireBandeau(rapport, "Profils de variables d'intérêt"_w);
-  rapport.Ligne({"Le nom par défaut du fichier d'entrée est "_w, contexte.Nom(".DAT")});
-  rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});
-  rapport.Ligne({"Le nom du fichier de modalités  est  "_w, contexte.Nom(".MOD")});
-  rapport.Ligne("     ce fichier sera utilisé dans le calcul des facteurs"_w);
-  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TRF")});
 }
 
 void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
@@ -77,79 +65,6 @@ void PrevenirDesHomonymes(const Contexte& contexte, const FichierPos& pos) {
   }
 }
 
-void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profil, EditionVarint edition) {
-  const Question& question = pos.questions[profil.question];
-  const std::vector<LienDeProfil> liens = LiensTries(profil);
-  rapport.Ligne();
-  rapport.Ligne({"Edition du profil de la question ", question.nom, " ", question.intitule});
-  rapport.Ligne();
-  if (edition == EditionVarint::Longue) {
-    rapport.Ligne("Nom    PEM  Nom long éventuel"_w);
-    for (const LienDeProfil& lien : liens)
-      rapport.Ligne({CadreGauche(pos.questions[lien.question].nom, 5), NombreFixe(lien.pem, 5, 0), " ",
-                     pos.questions[lien.question].intitule});
-    return;
-  }
-  for (std::size_t debut = 0; debut < liens.size(); debut += kParBloc) {
-    const std::size_t fin = std::min(debut + kParBloc, liens.size());
-    rapport.Suite(" ");
-    for (std::size_t i = debut; i < fin; ++i) rapport.Suite(CadreGauche(pos.questions[liens[i].question].nom, 5));
-    rapport.Ligne();
-    rapport.Suite(" ");
-    for (std::size_t i = debut; i < fin; ++i) rapport.Suite(NombreFixe(liens[i].pem, 5, 0));
-    rapport.Ligne();
-  }
-}
-
-GroupeDeBarres BarresDe(const FichierPos& pos, const Profil& profil) {
-  const auto intitule = [&](std::size_t rang) {
-    const Question& question = pos.questions[rang];
-    const std::string_view nom = Rogner(question.nom);
-    const std::string_view longNom = Rogner(question.intitule);
-    // Many long names begin with the short one.
-    return longNom.substr(0, nom.size()) == nom ? std::string(longNom)
-                                                : std::string(RognerDroite(Joindre({nom, " ", longNom})));
-  };
-  GroupeDeBarres groupe{Joindre({"Profil de ", intitule(profil.question)}), {}};
-  for (const LienDeProfil& lien : LiensTries(profil))
-    groupe.barres.push_back({intitule(lien.question), static_cast<int>(lien.pem), true});
-  return groupe;
-}
-
-void EcrireTable(Ecrivain& fichier, const FichierPos& pos, const std::vector<Profil>& profils) {
-  for (const Profil& profil : profils) {
-    const Question& question = pos.questions[profil.question];
-    fichier.Ecrire(CadreGauche(question.nom, 3));
-    for (const double pem : profil.pems) fichier.Ecrire(NombreFixe(pem, 4, 0));
-    fichier.Ligne(Joindre({" ", question.intitule}));
-  }
-}
-
-// What stands behind the first end mark of the earlier .MOD.
-std::vector<std::string> SuiteAncienne(const std::optional<Chemin>& mod) {
-  std::vector<std::string> suite;
-  if (!mod) return suite;
-  LecteurLignes lecteur(*mod);
-  bool derriere = false;
-  for (std::string_view ligne; lecteur.Lire(ligne);) {
-    if (derriere) suite.emplace_back(ligne);
-    else derriere = Milieu(ligne, 1, 4).find("**") != std::string_view::npos;
-  }
-  return suite;
-}
-
-void EcrireModalites(Ecrivain& fichier, const Contexte& contexte, const FichierPos& pos,
-                     const std::vector<Profil>& profils, const std::vector<std::string>& suite) {
-  fichier.Ligne(contexte.generique);
-  fichier.Ligne(RognerDroite(LigneDeParametres({{"BRT=", profils.size()}, {"FMT=", 4}})));
-  for (const Profil& profil : profils) {
-    const Question& question = pos.questions[profil.question];
-    fichier.Ligne(Joindre({CadreGauche(question.nom, 4), "   ", Milieu(question.intitule, 1, kIntituleDuMod)}));
-  }
-  fichier.Ligne("**");
-  for (const std::string& ligne : suite) fichier.Ligne(ligne);
-}
-
 std::vector<Profil> CalculerProfils(const Contexte& contexte, Rapport& rapport, const FichierPos& pos,
                                     const Reponses& reponses, const std::vector<std::size_t>& choisies) {
   std::vector<Profil> profils;
@@ -179,6 +94,15 @@ void PrevenirDesNoms(const Contexte& contexte, std::size_t questions, const std:
       Boutons::Ok);
 }
 
+// The long edition is an option of the second level.
+EditionVarint EditionAuNiveau(const Contexte& contexte, const OptionsVarint& options) {
+  constexpr int kNiveauDesNomsLongs = 2;
+  if (contexte.niveau == kNiveauDesNomsLongs || options.edition == EditionVarint::Courte) return options.edition;
+  contexte.Ecran().demander("L'édition avec noms longs est une option du niveau 2 : l'édition est compactée"_w,
+                            Boutons::Ok);
+  return EditionVarint::Courte;
+}
+
 void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& rapport,
               std::vector<GroupeDeBarres>& barres) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
@@ -203,21 +127,16 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   if (reponses.individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   const std::vector<Profil> profils = CalculerProfils(contexte, rapport, pos, reponses, choisies);
 
-  rapport.Ligne("  ");
-  rapport.Ligne("          Edition des profils de questions ");
-  rapport.Ligne("          ******************************** ");
-  const EditionVarint edition = contexte.niveau == 2 ? options.edition : EditionVarint::Courte;
-  if (edition != options.edition)
-    contexte.Ecran().demander("L'édition avec noms longs est une option du niveau 2 : l'édition est compactée"_w,
-                              Boutons::Ok);
+  ImprimerTitreDesProfils(rapport);
+  const EditionVarint edition = EditionAuNiveau(contexte, options);
   for (const Profil& profil : profils) ImprimerProfil(rapport, pos, profil, edition);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   for (const Profil& profil : profils) barres.push_back(BarresDe(pos, profil));
   if (!options.image.empty()) EcrireSvg(sorties, options.image, DessinerProfilsDInteret(barres));
-  const std::vector<std::string> suite = SuiteAncienne(contexte.Chercher(".MOD"));
+  const std::vector<std::string> suite = SuiteDuMod(contexte.Chercher(".MOD"));
   EcrireTable(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), pos, profils);
-  EcrireModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, pos, profils, suite);
+  EcrireModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, pos, profils, suite);
   PrevenirDesNoms(contexte, pos.questions.size(), choisies);
   sorties.Valider();
   rapport.Ligne("Fin normale du programme");

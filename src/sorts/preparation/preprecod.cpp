@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "core/fichiers/generiquetenu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"

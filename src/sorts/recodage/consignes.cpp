@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/vit.h"

@@ -1,5 +1,6 @@
 #include "sorts/recodage/edition.h"
 
+#include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::sorts {
@@ -8,18 +9,25 @@ namespace {
 
 constexpr std::size_t kLargeurNom = 3;
 
-void EcrireLigneTable(Rapport& rapport, const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
+constexpr int kColonnesDeNom = 4;
+constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
+constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
+
+Cellule Entier(int valeur) { return {static_cast<double>(valeur)}; }
+
+// Position, code-max, new code-max and rule of a recoded question, with its label.
+Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
   const Question& question = consignes.pos.questions[champ.question];
-  rapport.Suite({CadreGauche(NomNeuf(question, consignes.mode), 4), "  ", EntierDroit(champ.position, 4), "  ",
-                 EntierDroit(question.codeMax, 3), "  ", EntierDroit(champ.codeMax, 3), "   ", regle, " "});
-  if (champ.liberees > 0) {
-    rapport.Suite({NombreNu(champ.liberees), " position(s) inutilisee(s) apres la position ", NombreNu(champ.position),
-                   " et marquee(s) d'un X(Y) dans les donnees"});
-  }
-  rapport.Ligne(question.intitule);
+  Rangee rangee{NomNeuf(question, consignes.mode),
+                question.intitule,
+                {Entier(champ.position), Entier(question.codeMax), Entier(champ.codeMax), {.marque = regle}}};
+  if (champ.liberees > 0)
+    rangee.intitule = Joindre({NombreNu(champ.liberees), " position(s) inutilisee(s) apres la position ",
+                               NombreNu(champ.position), " et marquee(s) d'un X(Y) dans les donnees", rangee.intitule});
+  return rangee;
 }
 
-void EcrireTableVit(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
+void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
   rapport.Ligne();
   rapport.Ligne("Variables Ideales Typiques VIT (ou variables crees)");
   rapport.Ligne("     Posi-  Code-max                    ");
@@ -29,8 +37,8 @@ void EcrireTableVit(Rapport& rapport, const Consignes& consignes, const Plan& pl
       rapport.Ligne("Attention, le code-max theorique suivant depassait 999 ");
       rapport.Ligne("il a ete ramene a 999");
     }
-    rapport.Ligne({CadreGauche(consignes.vits[vit.demandee].nom, 4), "  ", EntierDroit(vit.position, 4), "  ",
-                   EntierDroit(vit.codeMax, 3)});
+    rapport.Ligne(TexteDeRangee({consignes.vits[vit.demandee].nom, {}, {Entier(vit.position), Entier(vit.codeMax)}},
+                                {.titre = kColonnesDeNom, .places = {kPlaceDePosition, kPlaceDeCodeMax}}));
   }
 }
 
@@ -82,13 +90,17 @@ std::string NomNeuf(const Question& question, ModeRecodage mode) {
   return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurNom - 1) : question.nom;
 }
 
-void EcrireTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
-  rapport.Ligne("Impression de la table de recodage");
-  rapport.Ligne("     Posi-  Code-max                    ");
-  rapport.Ligne("Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w);
+void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
+  TableauEdite table{.titres = {"Impression de la table de recodage", "     Posi-  Code-max                    "},
+                     .coin = Joindre({"Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w}),
+                     .colonnes = std::vector<Colonne>(4)};
   for (std::size_t i = 0; i < plan.champs.size(); ++i)
-    EcrireLigneTable(rapport, consignes, plan.champs[i], consignes.aRegle[i].regle);
-  if (!plan.vits.empty()) EcrireTableVit(rapport, consignes, plan);
+    table.rangees.push_back(RangeeDe(consignes, plan.champs[i], consignes.aRegle[i].regle));
+  ImprimerRangees(rapport, table,
+                  {.titre = kColonnesDeNom,
+                   .places = {kPlaceDePosition, kPlaceDeCodeMax, kPlaceDeCodeMax, {.avant = "   "}},
+                   .avantIntitule = " "});
+  if (!plan.vits.empty()) ImprimerTableVit(rapport, consignes, plan);
 }
 
 void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,

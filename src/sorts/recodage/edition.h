@@ -12,7 +12,7 @@ namespace quelvar::sorts {
 // Name of a recoded question in the new file.
 std::string NomNeuf(const Question& question, ModeRecodage mode);
 
-void EcrireTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan);
+void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan);
 
 // The counts of the size line of the new position file; `avantPonderation` 0 leaves the parentheses out.
 struct TailleNeuve {

@@ -157,7 +157,7 @@ BilanDePasse Passer(const Contexte& contexte, const Consignes& consignes, const 
   return PasserIndividus(consignes, plan, donnees, sortie, temoins, contexte.Ecran());
 }
 
-void EcrireBilan(Rapport& rapport, const Consignes& consignes, const BilanDePasse& bilan, Avertisseur& avertisseur) {
+void ImprimerBilan(Rapport& rapport, const Consignes& consignes, const BilanDePasse& bilan, Avertisseur& avertisseur) {
   rapport.Ligne({"Le nombre d'individus en entrée est de "_w, NombreNu(bilan.entree)});
   if (consignes.ponderation) {
     rapport.Ligne();
@@ -215,7 +215,7 @@ void CopierModalites(const Contexte& contexte, const std::string& nom, const std
   for (const std::string& ligne : suivies->lignes) fichier.Ligne(ligne);
 }
 
-void EcrireFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
+void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
   rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
@@ -244,20 +244,20 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   const Consignes& consignes = lues.consignes;
   Avertisseur avertisseur(rapport, contexte.Ecran(), lues.fautes);
   const Plan plan = DresserPlan(contexte, consignes, *donnees, avertisseur);
-  EcrireTableRecodage(rapport, consignes, plan);
+  ImprimerTableRecodage(rapport, consignes, plan);
 
   JeuDeFichiers sorties(contexte.repertoire, noms.nouveau);
   Ecrivain& sortie = sorties.Ouvrir(noms.Neuf(".DAT"), Nature::Refaisable);
   const BilanDePasse bilan = Passer(contexte, consignes, plan, *donnees, sortie, avertisseur);
   ExigerRetenus(contexte, rapport, consignes, noms, bilan);
-  EcrireBilan(rapport, consignes, bilan, avertisseur);
+  ImprimerBilan(rapport, consignes, bilan, avertisseur);
   EcrirePosNeuf(sorties.Ouvrir(noms.Neuf(".POS"), Nature::Unique), consignes, plan, TailleDe(consignes, bilan),
                 noms.nouveau);
   if (passerModalites) CopierModalites(contexte, noms.Neuf(".MOD"), modalites, sorties);
   EcrireInitialisation(sorties, noms.nouveau, contexte.niveau);
   EcrireRemplacementDuGenerique(rapport, contexte, noms.nouveau, {".DAT", ".POS"});
   sorties.Valider();
-  EcrireFin(contexte, rapport, noms.nouveau);
+  ImprimerFin(contexte, rapport, noms.nouveau);
 }
 
 }  // namespace

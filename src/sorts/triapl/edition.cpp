@@ -1,27 +1,27 @@
 #include "sorts/triapl/edition.h"
 
 #include "core/resultats/largeurfixe.h"
+#include "core/resultats/rangees.h"
 
 namespace quelvar::sorts {
 
 std::string EnTeteDe(const Question& question, const double* nonReponses) {
-  std::string ligne = Joindre({"Question ", question.nom, " Position ", NombreFixe(question.position, 4, 0),
-                               "    Code-max. ", NombreFixe(question.codeMax, 3, 0)});
-  if (nonReponses) ligne += Joindre({" (NR= ", NombreFixe(*nonReponses, 4, 0), ")"});
-  return Joindre({ligne, " ", question.intitule});
+  Rangee rangee{Joindre({"Question ", question.nom}),
+                question.intitule,
+                {{static_cast<double>(question.position)}, {static_cast<double>(question.codeMax)}}};
+  if (nonReponses != nullptr) rangee.cellules.push_back({*nonReponses, Unite::Effectif, 0, ")"});
+  return TexteDeRangee(rangee,
+                       {.places = {{" Position ", 4}, {"    Code-max. ", 3}, {" (NR= ", 4}}, .avantIntitule = " "});
 }
 
-void EcrireTableau(Rapport& rapport, const TableauEdite& tableau) {
-  for (const std::string& titre : tableau.titres) rapport.Ligne(titre);
+void ImprimerTableau(Rapport& rapport, const TableauEdite& tableau) {
+  rapport.Lignes(tableau.titres);
   ImprimerLargeurFixe(rapport, tableau);
 }
 
-std::string LigneTriangle(const Question& question, const EffectifsTriangle& effectifs) {
-  const double somme = effectifs[0] + effectifs[1] + effectifs[2];
-  std::string ligne = Joindre({" ", question.nom});
-  for (const double effectif : effectifs) ligne += NombreFixe(somme == 0 ? 0 : 100 * effectif / somme, 3, 1);
-  ligne += question.intitule.empty() ? question.nom : question.intitule;
-  return ligne;
+std::string LigneTriangle(const Question& question, const PartsTrg& parts) {
+  return LigneDePointTrg(Joindre({" ", question.nom}), parts,
+                         question.intitule.empty() ? question.nom : question.intitule);
 }
 
 }  // namespace quelvar::sorts

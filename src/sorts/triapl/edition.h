@@ -1,9 +1,7 @@
-// Printing of the flat sort: headers and blocks of the tables, and the file of the triangular graph.
+// Printing of the flat sort: headers and blocks of the tables, and the points of the triangular graph.
 #pragma once
 
-#include <array>
 #include <string>
-#include <vector>
 
 #include "core/programme/report.h"
 #include "sorts/triapl/tableau.h"
@@ -14,15 +12,9 @@ namespace quelvar::sorts {
 std::string EnTeteDe(const Question& question, const double* nonReponses);
 
 // The titles and the blocks of a table; no block for a question without any code present.
-void EcrireTableau(Rapport& rapport, const TableauEdite& tableau);
-
-// Title and vertices of the triangular graph.
-struct EnTeteTriangle {
-  std::string titre;
-  std::array<std::string, 3> sommets;
-};
+void ImprimerTableau(Rapport& rapport, const TableauEdite& tableau);
 
 // Line of a question in a .TRG: a blank, the name, the three percentages, the label or the name.
-std::string LigneTriangle(const Question& question, const EffectifsTriangle& effectifs);
+std::string LigneTriangle(const Question& question, const PartsTrg& parts);
 
 }  // namespace quelvar::sorts

@@ -59,11 +59,18 @@ TableauEdite DresserCumul(const std::vector<double>& effectifs, double total) {
   return RetenirPresents(effectifs, 1, total, codes);
 }
 
-EffectifsTriangle TriangleDe(const std::vector<double>& effectifs) {
-  EffectifsTriangle triangle{};
+PartsTrg EffectifsDuTriangle(const std::vector<double>& effectifs) {
+  PartsTrg triangle{};
   for (std::size_t code = 1; code <= triangle.size() && code < effectifs.size(); ++code)
     triangle[code - 1] = effectifs[code];
   return triangle;
+}
+
+PartsTrg PartsDuTriangle(const std::vector<double>& effectifs) {
+  PartsTrg parts = EffectifsDuTriangle(effectifs);
+  const double somme = parts[0] + parts[1] + parts[2];
+  for (double& part : parts) part = somme == 0 ? 0 : 100 * part / somme;
+  return parts;
 }
 
 }  // namespace quelvar::sorts

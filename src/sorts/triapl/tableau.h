@@ -1,12 +1,12 @@
 // The table of one question of a flat sort: total, counts and shares of the codes that were given.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/enquete/trgfile.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar::sorts {
@@ -23,8 +23,9 @@ TableauEdite DresserTableau(const Question& question, const std::vector<double>&
 // Table of the cumulated responses, without labels. `effectifs` by code, index 0 unused.
 TableauEdite DresserCumul(const std::vector<double>& effectifs, double total);
 
-// The three counts of a question for the triangular graph, codes 1 to 3.
-using EffectifsTriangle = std::array<double, 3>;
-EffectifsTriangle TriangleDe(const std::vector<double>& effectifs);
+// The counts of the codes that the triangular graph takes, 1 to 3, and their shares of their total in percent, 0 of a
+// total of 0.
+PartsTrg EffectifsDuTriangle(const std::vector<double>& effectifs);
+PartsTrg PartsDuTriangle(const std::vector<double>& effectifs);
 
 }  // namespace quelvar::sorts

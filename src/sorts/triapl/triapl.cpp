@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
-#include "core/enquete/exigences.h"
 #include "core/enquete/posfile.h"
 #include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
@@ -46,12 +46,9 @@ FichiersTriapl TrouverFichiers(const Contexte& contexte, const OptionsTriapl& op
   return fichiers;
 }
 
-EnTeteTriangle LireEnTeteTriangle(const Chemin& trg) {
+TeteTrg LireTeteTriangle(const Chemin& trg) {
   LecteurLignes lecteur(trg);
-  EnTeteTriangle enTete;
-  enTete.titre = lecteur.LireObligatoire();
-  for (std::string& sommet : enTete.sommets) sommet = lecteur.LireObligatoire();
-  return enTete;
+  return LireTeteTrg(lecteur);
 }
 
 // Asks for one text; an answer that is blank keeps the one proposed.
@@ -60,18 +57,18 @@ void Demander(const Dialogue& dialogue, std::string_view question, std::string& 
   if (!Rogner(reponse).empty()) texte = reponse;
 }
 
-EnTeteTriangle DemanderEnTeteTriangle(const Contexte& contexte) {
-  EnTeteTriangle enTete{contexte.generique, {"%COD1", "%COD2", "%COD3"}};
+TeteTrg DemanderTeteTriangle(const Contexte& contexte) {
+  TeteTrg tete{contexte.generique, {"%COD1", "%COD2", "%COD3"}};
   Demander(contexte.Ecran(),
            Joindre({"Donnez un titre au graphique triangulaire, par défaut le titre est "_w, contexte.generique}),
-           enTete.titre);
-  for (std::string& sommet : enTete.sommets)
+           tete.titre);
+  for (std::string& sommet : tete.sommets)
     Demander(contexte.Ecran(), Joindre({"Donnez le code associé au sommet de code 1 qui actuellement est "_w, sommet}),
              sommet);
-  return enTete;
+  return tete;
 }
 
-void EcrireNomsDeFichiers(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
+void ImprimerNomsDeFichiers(Rapport& rapport, const Contexte& contexte, const FichiersTriapl& fichiers) {
   rapport.Ligne({"Le nom du fichier d'entree est ", fichiers.nomDonnees});
   rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".TAP")});
@@ -144,7 +141,7 @@ void Ponderer(Rapport& rapport, Etude& etude) {
   etude.individus = avant;
 }
 
-void EcrireTitreDesTris(Rapport& rapport, const OptionsTriapl& options) {
+void ImprimerTitreDesTris(Rapport& rapport, const OptionsTriapl& options) {
   rapport.Ligne(" ");
   rapport.Suite("Impression des tris a plat");
   if (!options.nonReponses) rapport.Suite(", non-réponses (de code zéro) exclues"_w);
@@ -159,7 +156,7 @@ void EcrireTitreDesTris(Rapport& rapport, const OptionsTriapl& options) {
 double TotalDe(const std::vector<double>& effectifs, const OptionsTriapl& options) {
   double total = 0;
   if (options.triangulaire) {
-    for (const double effectif : TriangleDe(effectifs)) total += effectif;
+    for (const double effectif : EffectifsDuTriangle(effectifs)) total += effectif;
   } else {
     for (const double effectif : effectifs) total += effectif;
   }
@@ -198,11 +195,10 @@ std::vector<TableauEdite> DresserTris(const OptionsTriapl& options, const Etude&
   return tableaux;
 }
 
-void EcrireTriangle(Ecrivain& trg, const Etude& etude, const EnTeteTriangle& enTete) {
-  trg.Ligne(enTete.titre);
-  for (const std::string& sommet : enTete.sommets) trg.Ligne(sommet);
+void EcrireTriangle(Ecrivain& trg, const Etude& etude, const TeteTrg& tete) {
+  EcrireTeteTrg(trg, tete);
   for (std::size_t i = 0; i < etude.pos.questions.size(); ++i)
-    trg.Ligne(LigneTriangle(etude.pos.questions[i], TriangleDe(etude.effectifs[i])));
+    trg.Ligne(LigneTriangle(etude.pos.questions[i], PartsDuTriangle(etude.effectifs[i])));
 }
 
 void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl& options) {
@@ -211,22 +207,21 @@ void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl&
       rapport, contexte.Ecran(),
       {{fichiers.nomDonnees, fichiers.donnees.has_value()}, {contexte.Nom(".POS"), fichiers.pos.has_value()}},
       kArretAbsenceUnOuDeux);
-  EnTeteTriangle enTete;
-  if (options.triangulaire)
-    enTete = fichiers.trg ? LireEnTeteTriangle(*fichiers.trg) : DemanderEnTeteTriangle(contexte);
+  TeteTrg tete;
+  if (options.triangulaire) tete = fichiers.trg ? LireTeteTriangle(*fichiers.trg) : DemanderTeteTriangle(contexte);
 
   EcrireBandeau(rapport, "Tri à plat"_w);
-  EcrireNomsDeFichiers(rapport, contexte, fichiers);
+  ImprimerNomsDeFichiers(rapport, contexte, fichiers);
   Etude etude = LireQuestions(fichiers);
   PrendreTaille(rapport, contexte, fichiers, etude);
   Compter(rapport, contexte, options, fichiers, etude);
   if (!options.triangulaire) Ponderer(rapport, etude);
 
-  EcrireTitreDesTris(rapport, options);
+  ImprimerTitreDesTris(rapport, options);
   const std::vector<TableauEdite> tableaux = DresserTris(options, etude, fichiers.mod ? &etude.intitules : nullptr);
-  for (const TableauEdite& tableau : tableaux) EcrireTableau(rapport, tableau);
+  for (const TableauEdite& tableau : tableaux) ImprimerTableau(rapport, tableau);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  if (options.triangulaire) EcrireTriangle(sorties.Ouvrir(contexte.Nom(".TRG"), Nature::Refaisable), etude, enTete);
+  if (options.triangulaire) EcrireTriangle(sorties.Ouvrir(contexte.Nom(".TRG"), Nature::Refaisable), etude, tete);
   EcrireTableaux(sorties, contexte.Nom(".TAP"), tableaux, options.sortie);
   sorties.Valider();
   rapport.Ligne("Fin normale du programme");

@@ -52,18 +52,6 @@ TexteConverti Convertir(std::string_view utf8) {
   return converti;
 }
 
-void AjouterUtf8(std::string& utf8, char32_t point) {
-  constexpr std::array<char32_t, 3> kAuDela = {0x80, 0x800, 0x10000};
-  constexpr std::array<unsigned, 4> kTetes = {0, 0xC0, 0xE0, 0xF0};
-  const auto suite =
-      static_cast<std::size_t>(std::upper_bound(kAuDela.begin(), kAuDela.end(), point) - kAuDela.begin());
-  const auto octet = [&](unsigned tete, std::size_t rang, unsigned masque) {
-    utf8 += static_cast<char>(tete | (static_cast<unsigned>(point >> (6 * rang)) & masque));
-  };
-  octet(kTetes[suite], suite, 0x7F);
-  for (std::size_t rang = suite; rang-- > 0;) octet(0x80, rang, 0x3F);
-}
-
 }  // namespace
 
 std::optional<Utf16> EstUtf16(std::string_view octets) {

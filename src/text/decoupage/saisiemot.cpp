@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/annulation.h"

@@ -32,7 +32,7 @@ void DecrireStimulus(Description<O>& description) {
                     "question ouverte (1), stimulus dans les caractéristiques et reporté (2) ou non (3), en fin "
                     "de mot et laissé (4) ou supprimé (5)"_w);
   Bouton(description, "OpQuestOuv", "1");
-  Bouton(description, "OpNonNote", "1");
+  description.Bouton("OpNonNoté"_w, "1").Alias("opnonnote", {{"oui", "1"}, {"non", ""}});
   Bouton(description, "OpCaracFinMotY", "2");
   Bouton(description, "OpCaracFinMotN", "3");
   Bouton(description, "OpStimFinY", "4");

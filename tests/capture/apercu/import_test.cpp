@@ -17,7 +17,7 @@
 #include "core/texte/nombres.h"
 #include "support/classeurs.h"
 #include "support/programme.h"
-#include "utilities/exportcsv.h"
+#include "utilities/exportcsv/exportcsv.h"
 
 using namespace quelvar::capture;
 

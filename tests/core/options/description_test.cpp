@@ -106,10 +106,8 @@ TEST(Description, WhatIsNotTakenIsRefusedWithItsReason) {
 
 // A form goes by the names of its controls.
 TEST(Description, AControlShowsItsOption) {
-  OptionsEssai options;
   const Description<OptionsEssai> description = Essai();
-  description.PoserUne(options, "CaseSans", "oui");
-  description.PoserUne(options, "CaseNombre", "12");
+  const OptionsEssai options = description.Lire({{"casesans", "oui"}, {"casenombre", "12"}});
   EXPECT_EQ(options, (OptionsEssai{.oppose = false, .nombre = 12}));
   EXPECT_EQ(description.ValeurEcrite(options, "nombre"), "12");
   EXPECT_EQ(description.ValeurEcrite(options, "plafond"), "");

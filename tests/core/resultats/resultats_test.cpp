@@ -53,6 +53,40 @@ TEST(LargeurFixe, BlocksHoldWhatThePageHolds) {
   EXPECT_TRUE(blocs({}).empty());
 }
 
+std::string Imprimer(const TableauEdite& tableau, const FormeEnRangees& forme) {
+  const essai::DossierTemporaire dossier;
+  const Chemin chemin = dossier.Chemin() / "R.PRT";
+  Rapport rapport(chemin);
+  ImprimerRangees(rapport, tableau, forme);
+  rapport.Achever();
+  rapport.Valider();
+  return LireOctets(chemin);
+}
+
+TEST(Rangees, HeadingsOfTwoLinesEmptyRowsAndRowsSideBySide) {
+  TableauEdite tableau;
+  tableau.coin = "Nom ";
+  tableau.colonnes = {{" Somme", "     1"}, {" Fin", "   2"}};
+  tableau.rangees = {{"A", "ns", {{123456.0}, {1.0}}}, {}, {"B", "**", {{1.0}, {2.0}}}};
+  EXPECT_EQ(Imprimer(tableau, {.titre = 4,
+                               .places = {{"", 5, Elargissement::DerriereUnTexte}, {"", 3}},
+                               .coinDesIntitules = "    ",
+                               .intitule = 4}),
+            "Nom   Somme Fin\r\n"
+            "          1   2\r\n"
+            "A   123456  1  ns\r\n"
+            "\r\n"
+            "B        1  2  **\r\n");
+  tableau = {};
+  tableau.colonnes = {{}};
+  for (const double frequence : {5.0, 12345.0, 7.0})
+    tableau.rangees.push_back({{}, "mot", {{frequence, Unite::Effectif}}});
+  EXPECT_EQ(
+      Imprimer(tableau, {.places = {{"", 4, Elargissement::DerriereUnNombre}}, .avantIntitule = " ", .parLigne = 2}),
+      "     5 mot 12345 mot\r\n"
+      "     7 mot\r\n");
+}
+
 TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
   TableauEdite tableau;
   tableau.titres = {"Effets"};
@@ -64,13 +98,7 @@ TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
       .titre = 4,
       .places = {{"|", 4, Elargissement::DerriereUnTexte}, {"", 5, Elargissement::DerriereUnNombre}, {" ", 2}, {"", 4}},
       .avantIntitule = "; "};
-  const essai::DossierTemporaire dossier;
-  const Chemin chemin = dossier.Chemin() / "R.PRT";
-  Rapport rapport(chemin);
-  ImprimerRangees(rapport, tableau, forme);
-  rapport.Achever();
-  rapport.Valider();
-  EXPECT_EQ(LireOctets(chemin),
+  EXPECT_EQ(Imprimer(tableau, forme),
             "Effets\r\n"
             "Nom    Effet   Poids Note Fin\r\n"
             "AAAA|     1.2*      7 ab   3; long\r\n"

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "core/programme/erreur.h"
+#include "core/session/recents.h"
 #include "support/environnement.h"
+#include "support/reglages.h"
 
 namespace {
 
@@ -14,7 +16,7 @@ struct Essai {
   essai::DossierTemporaire dossier;
   Chemin donnees = dossier.Chemin() / "Étude";
   Chemin programme = dossier.Chemin() / "programme";
-  Reglages reglages = ReglagesEnMemoire();
+  Reglages reglages = essai::ReglagesEnMemoire();
   Session session;
 
   Essai() {
@@ -55,7 +57,7 @@ TEST(Session, PointeurDUneSessionALAutre) {
     std::filesystem::create_directories(donnees);
     Session session = DemarrerSession(dossier.Chemin()).session;
     PrendreRepertoire(session, donnees);
-    EcrirePointeur(session);
+    EcrirePointeur(session.repertoireProgramme, session.initialisation);
     const Demarrage suivante = DemarrerSession(dossier.Chemin());
     EXPECT_TRUE(suivante.aOuvrir);
     EXPECT_EQ(suivante.session.repertoire, donnees);

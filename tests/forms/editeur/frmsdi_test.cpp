@@ -71,7 +71,7 @@ class FrmSDI : public testing::Test {
   }
 
   essai::DossierTemporaire dossier_;
-  quelvar::Reglages reglages = quelvar::ReglagesEnMemoire();
+  quelvar::Reglages reglages = essai::ReglagesEnMemoire();
   std::unique_ptr<frmSDI> editeur_;
   QStringList lecteurs;
   int aides = 0;

@@ -46,7 +46,7 @@ class CopieDeSecours : public testing::Test {
   }
   Editeurs& Suivant() {
     editeurs_ = std::make_unique<Editeurs>(
-        fenetre_, ServicesEditeur{quelvar::ReglagesEnMemoire(), [] {}, [](const QString&) { return false; }, Etat()});
+        fenetre_, ServicesEditeur{essai::ReglagesEnMemoire(), [] {}, [](const QString&) { return false; }, Etat()});
     return *editeurs_;
   }
   static QList<frmSDI*> Ouverts() {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/enquete/exigences.h"
+#include "core/enquete/coherence.h"
 #include "support/programme.h"
 
 using namespace quelvar::sorts;

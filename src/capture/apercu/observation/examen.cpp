@@ -11,7 +11,6 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kColonnesAuPlus = 32767;
 constexpr std::size_t kIrregulieresGardees = 1000;
 constexpr std::int64_t kPas = 1024;  // rows between two calls of the follower
 

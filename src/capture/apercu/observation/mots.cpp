@@ -1,5 +1,8 @@
 #include "capture/apercu/observation/mots.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "capture/apercu/octets/cellule.h"
 #include "core/texte/texte.h"
 
@@ -17,6 +20,11 @@ char SansAccent(char c) {
   return rang == std::string_view::npos ? minuscule : kLettres[rang];
 }
 
+// Whether a text is one of these words, written in lower case.
+bool EstMot(std::string_view texte, std::initializer_list<std::string_view> mots) {
+  const std::string petit = Minuscules(texte);
+  return std::ranges::find(mots, std::string_view(petit)) != mots.end();
+}
 }  // namespace
 
 std::string Pliee(std::string_view texte) {
@@ -41,6 +49,15 @@ bool EstNombreAvecUnite(std::string_view cellule) {
   if (cellule.size() < 2) return false;
   if (unite(cellule.back())) return LireNombre(RognerCellule(cellule.substr(0, cellule.size() - 1))).has_value();
   return unite(cellule.front()) && LireNombre(RognerCellule(cellule.substr(1)));
+}
+
+bool EstOui(std::string_view texte) {
+  return EstMot(texte, {"oui", "yes", "y", "o", "x", "vrai", "true", "coché"_w, "checked", "selected", "sélectionné"_w,
+                        "quoted", "1"});
+}
+bool EstNon(std::string_view texte) {
+  return EstMot(texte, {"non", "no", "n", "faux", "false", "non coché"_w, "unchecked", "not selected",
+                        "non sélectionné"_w, "not quoted", "0"});
 }
 
 bool EstManque(std::string_view texte) {

@@ -11,6 +11,9 @@ std::string Pliee(std::string_view texte);
 // The same with one blank for any run of them: texts that one hand has written in two ways.
 std::string SansEcriture(std::string_view texte);
 
+// "Oui", "x", "checked", "1"... and "Non", "unchecked", "0"...: an answer that was ticked, and one that was not.
+bool EstOui(std::string_view texte);
+bool EstNon(std::string_view texte);
 // "NSP", "N/A", "sans réponse"...
 bool EstManque(std::string_view texte);
 // One that comes back in any larger survey: a column that holds it has no names of individuals.

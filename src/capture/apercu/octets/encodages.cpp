@@ -137,7 +137,7 @@ struct Indices {
 // Place of the first byte that is not valid UTF-8; npos when all are. A sequence cut at the end is none.
 std::size_t PremierInvalide(std::string_view octets) {
   for (std::size_t i = 0; i = PremierHaut(octets, i), i < octets.size();) {
-    const detail::PointUtf8 lu = detail::DecoderUtf8(octets.substr(i));
+    const PointUtf8 lu = DecoderUtf8(octets.substr(i));
     if (lu.longueur == 0) return i;
     i += lu.longueur;
   }
@@ -184,7 +184,7 @@ struct Examen {
   }
   void CompterSuites(std::string_view morceau) {
     for (std::size_t i = 0; i = PremierHaut(morceau, i), i < morceau.size();) {
-      const std::size_t longueur = detail::DecoderUtf8(morceau.substr(i)).longueur;
+      const std::size_t longueur = DecoderUtf8(morceau.substr(i)).longueur;
       ++(longueur == 0 ? isoles : suites);
       i += std::max<std::size_t>(longueur, 1);
     }

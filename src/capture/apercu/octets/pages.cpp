@@ -82,9 +82,9 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
       octets.remove_prefix(2);
       continue;
     }
-    const detail::PointUtf8 lu = detail::DecoderUtf8(octets);
+    const PointUtf8 lu = quelvar::DecoderUtf8(octets);
     octets.remove_prefix(lu.longueur == 0 ? 1 : lu.longueur);
-    int octet = lu.longueur == 0 ? -1 : detail::OctetDe(lu.point);
+    int octet = lu.longueur == 0 ? -1 : OctetDe(lu.point);
     if (octet >= 0) {
       tampon += static_cast<char>(octet);
       continue;
@@ -104,25 +104,6 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
     tampon += static_cast<char>(octet);
   }
   tampon.append(octets);
-}
-
-void AjouterUtf8(std::string& texte, char32_t point) {
-  const auto suite = [&](unsigned decalage) { texte += static_cast<char>(0x80 | ((point >> decalage) & 0x3F)); };
-  if (point < 0x80) {
-    texte += static_cast<char>(point);
-  } else if (point < 0x800) {
-    texte += static_cast<char>(0xC0 | (point >> 6));
-    suite(0);
-  } else if (point < 0x10000) {
-    texte += static_cast<char>(0xE0 | (point >> 12));
-    suite(6);
-    suite(0);
-  } else {
-    texte += static_cast<char>(0xF0 | (point >> 18));
-    suite(12);
-    suite(6);
-    suite(0);
-  }
 }
 
 bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "capture/apercu/observation/listes.h"
+#include "capture/apercu/observation/mots.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
@@ -23,16 +24,6 @@ constexpr int kInconnu = -3;
 
 bool EstDUnCode(Regle regle) {
   return regle == Regle::Code || regle == Regle::Texte || regle == Regle::Classe || regle == Regle::Reponse;
-}
-
-bool EstNegation(std::string_view texte) {
-  const std::string petit = Minuscules(texte);
-  for (const std::string_view non :
-       {std::string_view("non"), std::string_view("no"), std::string_view("n"), std::string_view("faux"),
-        std::string_view("false"), "non coché"_w, std::string_view("unchecked"), std::string_view("not selected"),
-        "non sélectionné"_w, std::string_view("not quoted"), std::string_view("0")})
-    if (petit == non) return true;
-  return false;
 }
 
 bool EstEntier(std::string_view cellule, const SignesDeNombres& signes) {
@@ -158,7 +149,7 @@ int EcritureDeTable::CodeDe(const ColonneLue& lue, std::string_view cellule) con
   const std::uint32_t rang = lue.textes.Chercher(cellule);
   if (rang != TableDeTextes::kAbsent) return lue.codes[rang];
   // An empty cell is an answer that was not given.
-  return lue.regle == Regle::Reponse && (cellule.empty() || EstNegation(cellule)) ? 0 : kRefus;
+  return lue.regle == Regle::Reponse && (cellule.empty() || EstNon(cellule)) ? 0 : kRefus;
 }
 
 void EcritureDeTable::PlacerListe(const ColonneLue& lue, std::size_t j, std::string_view cellule) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <set>
 
+#include "capture/apercu/choix/noms.h"
+#include "capture/apercu/choix/textes.h"
 #include "capture/apercu/observation/listes.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/rangees.h"
@@ -17,21 +19,15 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kCodesDeTextes = 99;
-constexpr std::size_t kClassesAuPlus = 35;
 constexpr std::size_t kCodesEnUnSigne = 35;
 constexpr int kCodeDeDernierSigne = 35;
 constexpr std::size_t kColonnesDeReponses = 200;
-constexpr int kTroisPositions = 999;  // code-max "L3"
 constexpr int kTexteLePlusCourt = 4;  // narrower fields have the code-max of a question of codes
 constexpr std::size_t kTexteLePlusLong = 99;
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
   throw Erreur(kIncompatibiliteType,
                Joindre({"*** Arrêt du programme : colonne"_w, NumeroEtIntitule(colonne), ", ", raison}));
-}
-
-bool EstParmi(const std::vector<std::string>& textes, std::string_view texte) {
-  return std::ranges::find(textes, texte) != textes.end();
 }
 
 // The title as .POS can hold it between its "$" signs.
@@ -206,7 +202,7 @@ void Dresseur::PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne&
   lue_.regle = Regle::Classe;
   const std::size_t nombre = classes.etiquettes.size();
   const ColonneImportee& colonne = Ajouter(faits, choix, nombre < 10 ? 1 : 2, static_cast<double>(nombre));
-  if (nombre > kClassesAuPlus) Refuser(colonne, "plus de 35 classes");
+  if (nombre > std::size_t{kClassesAuPlus}) Refuser(colonne, "plus de 35 classes");
   lue_.limites = std::move(classes.limites);
   lue_.signes = faits.signes;
   plan_.etiquettes.back() = std::move(classes.etiquettes);
@@ -315,7 +311,7 @@ void Dresseur::Nommer() {
     rangs.push_back(k);
     demandes.push_back(noms_[k]);
   }
-  const std::vector<NomCourt> noms = NomsCourts(demandes);
+  const std::vector<NomCourt> noms = NommerIntitules(demandes);
   for (std::size_t i = 0; i < rangs.size(); ++i) {
     ColonneImportee& colonne = plan_.colonnes[rangs[i]];
     colonne.nomCourt = noms[i].nom;
@@ -327,7 +323,7 @@ void Dresseur::Nommer() {
   }
   demandes.clear();
   for (const NombreGarde& nombre : plan_.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
-  const std::vector<NomCourt> gardes = NomsCourts(demandes);
+  const std::vector<NomCourt> gardes = NommerIntitules(demandes);
   for (std::size_t i = 0; i < gardes.size(); ++i) plan_.nombres[i].nom = gardes[i].nom;
 }
 

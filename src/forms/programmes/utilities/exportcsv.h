@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "forms/cadre/services.h"
-#include "utilities/exportcsv.h"
+#include "utilities/exportcsv/exportcsv.h"
 
 namespace Ui {
 class ExportCsv;

@@ -86,6 +86,20 @@ std::vector<Couleur> Traits(const QWidget& forme, std::string_view calque) {
   return couleurs;
 }
 
+constexpr double kMargeDuCadre = 0.055;  // of the extent of the points, on each side
+
+// What the box around the plane shows.
+quelvar::Fenetre Limites(const QWidget& forme) {
+  const quelvar::Dessin& dessin = Image(forme).Contenu();
+  for (const Forme& marque : dessin.Formes())
+    if (const std::optional<quelvar::Zone>& cadre = dessin.Coupe(marque)) {
+      const Position coin = dessin.VersUtilisateur({cadre->x, cadre->y});
+      const Position oppose = dessin.VersUtilisateur({cadre->x + cadre->largeur, cadre->y + cadre->hauteur});
+      return {coin.x, oppose.x, coin.y, oppose.y};
+    }
+  return {};
+}
+
 QPoint PlaceDe(const QWidget& forme, Position point) {
   const Position page = Image(forme).Contenu().VersPage(point);
   return Image(forme).VersVue({page.x, page.y}).toPoint();
@@ -96,14 +110,14 @@ TEST(Graphe3, AxesAndPoints) {
   const Graphe3& forme = bureau.Graphe();
   EXPECT_EQ(forme.windowTitle(), "Graphique non encore enregistré");
   EXPECT_EQ(Ecrits(forme), QStringList({"A1", "A2", "B1", "B2"}));
-  const auto limites = [&] { return Image(forme).Contenu().VueUtilisateur(); };
-  EXPECT_NEAR(limites().droite, 800 + 0.06 * 1600, 1e-9);
+  const auto limites = [&] { return Limites(forme); };
+  EXPECT_NEAR(limites().droite, 800 + kMargeDuCadre * 1600, 1e-9);
 
   Taper(forme, "TextFV", "c");  // the CPF on the second factor: 10 to 600
-  EXPECT_NEAR(limites().haut, 600 * 1.06, 1e-9);
+  EXPECT_NEAR(limites().haut, 600 * (1 + kMargeDuCadre), 1e-9);
   EXPECT_EQ(Champ(forme, "TextFV"), "C");
   Taper(forme, "TextFV", "3");
-  EXPECT_NEAR(limites().droite, 800 + 0.06 * 1600, 1e-9);
+  EXPECT_NEAR(limites().droite, 800 + kMargeDuCadre * 1600, 1e-9);
   Taper(forme, "TextFV", "4");  // there are three
   EXPECT_EQ(Champ(forme, "TextFV"), "3");
   EXPECT_TRUE(Information(forme).contains("de 1 à 3"));
@@ -132,7 +146,7 @@ TEST(Graphe3, AxesAndPoints) {
 TEST(Graphe3, SizeWheelAndDrag) {
   BureauDePlan bureau;
   const Graphe3& forme = bureau.Graphe();
-  const auto limites = [&] { return Image(forme).Contenu().VueUtilisateur(); };
+  const auto limites = [&] { return Limites(forme); };
   const quelvar::Fenetre debut = limites();
   Cliquer(forme, "BtFort");
   Cliquer(forme, "OptH");

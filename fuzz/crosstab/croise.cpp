@@ -1,0 +1,50 @@
+// Any survey, any request: the crosstab ends with a report that holds what was there before the launch, and leaves what
+// it read alone. Input: one byte of options, the bytes of the .POS, FF hex, those of the .DAT, FF hex, those of the
+// .MOD, FF hex, those of the .TRG.
+#include "crosstab/croise.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <numeric>
+
+#include "fuzz/support/dossier_memoire.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  if (taille == 0) return 0;
+  static const fuzz::DossierMemoire dossier;
+  dossier.Vider();
+  const unsigned choix = donnees[0];
+  fuzz::Morceaux morceaux({reinterpret_cast<const char*>(donnees) + 1, taille - 1});
+  const std::string pos(morceaux.Suivant());
+  const std::string dat(morceaux.Suivant());
+  dossier.Ecrire("ENQ.POS", pos);
+  dossier.Ecrire("ENQ.DAT", dat);
+  if (const std::string_view mod = morceaux.Suivant(); !mod.empty()) dossier.Ecrire("ENQ.MOD", mod);
+  if (const std::string_view trg = morceaux.Suivant(); !trg.empty()) dossier.Ecrire("ENQ.TRG", trg);
+
+  quelvar::Dialogue dialogue;
+  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const auto enquete = quelvar::crosstab::PreparerCroise(contexte, {});
+  if (!dossier.Existe("ENQ.TCR")) std::abort();
+  if (!enquete || enquete->questions.empty()) return 0;
+  quelvar::crosstab::DemandeCroise demande;
+  // A few questions: what many cost is not what is sought here.
+  demande.lignes.resize(std::min<std::size_t>(enquete->questions.size(), 3));
+  std::iota(demande.lignes.begin(), demande.lignes.end(), std::size_t{0});
+  demande.colonnes = demande.lignes;
+  demande.troisDimensions = (choix & 1) != 0;
+  if (demande.troisDimensions) demande.filtres = {demande.lignes.back()};
+  demande.nonReponses = (choix & 2) == 0;
+  demande.ordre.pourPem = (choix & 4) != 0;
+  demande.edition.etendue = (choix & 8) == 0;
+  demande.edition.triangulaire = (choix & 16) != 0;
+  demande.edition.detailKhi2 = (choix & 32) != 0;
+  demande.tableauIsole = (choix & 64) != 0;
+  demande.retenir = (choix & 128) != 0;
+  const std::string avant = dossier.Lire("ENQ.TCR");
+  const auto resultat = quelvar::crosstab::LancerCroise(contexte, *enquete, demande);
+  if (!dossier.Lire("ENQ.TCR").starts_with(avant)) std::abort();
+  if (resultat && resultat->isoleEcrit != (dossier.Existe("ENQ.BRT") && demande.tableauIsole)) std::abort();
+  if (dossier.Lire("ENQ.POS") != pos || dossier.Lire("ENQ.DAT") != dat) std::abort();
+  return 0;
+}

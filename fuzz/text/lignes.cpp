@@ -1,0 +1,58 @@
+// Any bytes as a text to prepare or to sort: the runs end, the text stays as it is, a prepared one keeps its length, a
+// sorted one its lines. Input: one byte for the program, one of options, then the text.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "fuzz/support/dossier_memoire.h"
+#include "text/preparation/preptext.h"
+#include "utilities/trifichier.h"
+
+namespace {
+
+using namespace quelvar;
+
+void Preparer(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std::uint8_t choix) {
+  text::OptionsPrepText options;
+  options.accents = (choix & 1) != 0;
+  options.ponctuation = (choix & 2) != 0;
+  options.majusculesEnMin = (choix & 4) != 0;
+  options.minusculesEnMaj = (choix & 8) != 0;
+  options.finsDeLigne = (choix & 16) != 0;
+  std::string nouveau;
+  if (text::PrepText(contexte, options, nouveau) == Fin::Normale && !dossier.Existe(nouveau + ".txt")) std::abort();
+}
+
+void Trier(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std::uint8_t choix) {
+  utilities::OptionsTriFichier options;
+  options.fichierA = "ENQ.txt";
+  options.fichierC = "TRIE.txt";
+  options.position = std::to_string(choix & 15);
+  options.largeur = std::to_string(choix >> 4);
+  if (utilities::TriFichier(contexte, options) != Fin::Normale) return;
+  const std::string source = dossier.Lire("ENQ.txt");
+  const std::string resultat = dossier.Lire("TRIE.txt");
+  std::vector<std::string_view> avant = utilities::LignesDe(source);
+  std::vector<std::string_view> apres = utilities::LignesDe(resultat);
+  std::sort(avant.begin(), avant.end());
+  std::sort(apres.begin(), apres.end());
+  if (avant != apres) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  if (taille < 2) return 0;
+  static const fuzz::DossierMemoire dossier;
+  dossier.Vider();
+  const std::string texte(reinterpret_cast<const char*>(donnees) + 2, taille - 2);
+  dossier.Ecrire("ENQ.txt", texte);
+  Dialogue dialogue;
+  const Contexte contexte = dossier.Contexte(dialogue);
+  if ((donnees[0] & 1) != 0) Preparer(dossier, contexte, donnees[1]);
+  else Trier(dossier, contexte, donnees[1]);
+  if (dossier.Lire("ENQ.txt") != texte) std::abort();
+  return 0;
+}

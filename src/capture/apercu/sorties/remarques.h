@@ -1,0 +1,33 @@
+// What an import has to say of a table besides its account: what stops it, what was left out or changed. Lines of the
+// code page, that whoever runs it prints.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "capture/apercu/sorties/ecriture.h"
+#include "capture/apercu/sorties/modalites.h"
+#include "capture/apercu/sorties/plan.h"
+
+namespace quelvar::capture {
+
+// "3  Age", with the bare number of a column of the table given by its index.
+std::string NumeroEtNom(std::size_t colonne, const FaitsDeColonne& faits);
+
+// Numbers that could be read otherwise, empty and short rows, foreign characters.
+std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits);
+// Numbers below 0 in columns that become codes, which count as 0.
+std::vector<std::string> RemarquesDesNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
+// Texts whose codes differ although they are nearly written alike, or that are taken together.
+std::vector<std::string> RemarquesDEcriture(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
+// What the files made could not hold, and where to find what is not in .DAT.
+std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
+                                            const IntitulesPerdus& perdus);
+
+// What stops the import whatever is chosen: rows with cells behind the titles, a quote that nothing closes.
+std::vector<std::string> RefusDeTable(const FaitsDeTable& faits);
+// Every cell that stops the import, with column, line and value, column by column.
+std::vector<std::string> RefusDesCellules(const Bilan& bilan, const FaitsDeTable& faits,
+                                          const std::vector<ChoixDeColonne>& choix);
+
+}  // namespace quelvar::capture

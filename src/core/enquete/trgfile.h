@@ -1,0 +1,32 @@
+// The file of the triangular graph, .TRG: a title, the names of the three vertices, and a line for each point.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/fichiers/fichiers.h"
+
+namespace quelvar {
+
+inline constexpr std::size_t kSommetsTrg = 3;
+
+// The lines before the points.
+struct TeteTrg {
+  std::string titre;
+  std::array<std::string, kSommetsTrg> sommets;
+};
+inline constexpr std::size_t kLignesDeTeteTrg = 1 + kSommetsTrg;
+
+// Raises kFinDeFichierDepassee for less than four lines, and the failures of LecteurLignes.
+TeteTrg LireTeteTrg(LecteurLignes& lecteur);
+void EcrireTeteTrg(Ecrivain& fichier, const TeteTrg& tete);
+
+// Columns of a point: its name, three shares in percent with one decimal, and its label, which takes the rest.
+inline constexpr int kLargeurNomTrg = 4;
+inline constexpr int kLargeurPartTrg = 5;
+using PartsTrg = std::array<double, kSommetsTrg>;
+std::string LigneDePointTrg(std::string_view nom, const PartsTrg& parts, std::string_view intitule);
+
+}  // namespace quelvar

@@ -1,0 +1,64 @@
+#include "regression/entrees.h"
+
+#include <optional>
+
+#include "core/resultats/colonnedenombres.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr std::int64_t kFautifsDits = 50;  // beyond so many the report says that not all are listed
+constexpr int kLargeurDeRang = 5;
+
+}  // namespace
+
+EntreesDeRegression TrouverEntrees(const Contexte& contexte, Rapport& rapport, Texte sorte) {
+  const std::optional<Chemin> donnees = contexte.Chercher(".CDG");
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  if (!donnees) DireTableAbsente(rapport, sorte, contexte.Nom(".CDG"));
+  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
+  if (!donnees || !mod) ArreterPourAbsence(contexte, rapport);
+  return {*donnees, *mod};
+}
+
+void DireTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom) {
+  rapport.Ligne({"*** Le tableau de ", sorte, " ", nom, " n'existe pas"});
+}
+
+void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {
+  Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
+  throw Erreur(kArretAnnonce);
+}
+
+void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte titre, Texte sorte,
+                            std::string_view extension) {
+  EcrireBandeau(rapport, titre);
+  rapport.Ligne({"Le nom du fichier de ", sorte, " est ", contexte.Nom(".CDG")});
+  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
+  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(extension)});
+}
+
+ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod) {
+  ParametresMod parametres = LireParametres(mod.parametres);
+  rapport.Lignes(parametres.remarques);
+  if (parametres.largeur != 0) return parametres;
+  rapport.Ligne("Erreur : pas de FMT=");
+  throw Erreur(kArretAnnonce);
+}
+
+void Fautifs::Noter(std::int64_t rang, std::int64_t cites) {
+  if (++nombre <= cites) rangs.push_back(rang);
+}
+
+void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque) {
+  if (fautifs.nombre == 0) return;
+  for (const std::int64_t rang : fautifs.rangs)
+    rapport.Ligne({"*** L'individu ", Figure(static_cast<double>(rang), kLargeurDeRang, 0), " ", manque});
+  rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
+  rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), kLargeurDeRang, 0)});
+  if (fautifs.nombre > kFautifsDits) rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
+  throw Erreur(kArretAnnonce);
+}
+
+}  // namespace quelvar::regression

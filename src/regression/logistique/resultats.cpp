@@ -1,0 +1,107 @@
+#include "regression/logistique/resultats.h"
+
+#include <cmath>
+#include <string>
+#include <string_view>
+
+#include "core/programme/report.h"
+#include "crosstab/tableau/khi2.h"
+
+namespace quelvar::regression {
+
+namespace {
+
+constexpr int kDecimalesOrdinaires = 4;
+constexpr int kDecimalesDemandees = 5;  // from this value on DE= is a number of decimals
+constexpr int kDecimalesDeChances = 2;
+constexpr int kDecimalesDeProbabilite = 3;
+
+int Decimales(const Travail& travail) {
+  return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
+}
+
+Cellule Nombre(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
+Cellule Points(double valeur) { return {valeur, Unite::Pourcent, 1, {}}; }
+
+std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
+  std::vector<std::string> intitules;
+  for (std::size_t k = 0; k < modele.Explicatives(); ++k)
+    if (!modele.Explicative(k).reference) intitules.push_back(modele.Explicative(k).intitule);
+  return intitules;
+}
+
+std::string_view MarqueDeParametre(double depassement) {
+  if (depassement <= crosstab::kSeuilDe1PourCent) return "***";
+  if (depassement <= crosstab::kSeuilDe5PourCent) return "** ";
+  return depassement <= crosstab::kSeuilDe10PourCent ? "*  " : "ns ";
+}
+
+}  // namespace
+
+TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste) {
+  const double alpha = ajuste.ajustement.parametres.alpha;
+  const int decimales = Decimales(travail);
+  TableauEdite tableau;
+  std::vector<Cellule> cellules = {Nombre(alpha, decimales)};
+  if (ajuste.lien == Lien::Logistique) cellules.push_back(Nombre(std::exp(alpha), decimales));
+  cellules.push_back(Points(100 * Probabilite(ajuste.lien, alpha)));
+  tableau.colonnes.resize(cellules.size());
+  tableau.rangees.push_back({{}, {}, std::move(cellules)});
+  return tableau;
+}
+
+TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& ajuste) {
+  const bool logistique = ajuste.lien == Lien::Logistique;
+  const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
+  const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
+  TableauEdite tableau;
+  tableau.colonnes.resize(logistique ? 3 : 2);
+  for (std::size_t j = 0; j < betas.size(); ++j) {
+    Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {Nombre(betas[j], Decimales(travail))}});
+    if (logistique) rangee.cellules.push_back(Nombre(std::exp(betas[j]), kDecimalesDeChances));
+    rangee.cellules.push_back(Points(EffetEnPoints(ajuste, betas[j])));
+  }
+  return tableau;
+}
+
+TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuModele& tests) {
+  TableauEdite tableau;
+  tableau.colonnes.resize(1);
+  const auto ajouter = [&](std::string_view nom, double valeur) {
+    tableau.rangees.push_back({std::string(nom), {}, {Nombre(valeur, kDecimalesOrdinaires)}});
+  };
+  ajouter("Cst seulement ", -2 * tests.logConstante);
+  ajouter("Modèle complet"_w, -2 * ajuste.ajustement.logVraisemblance);
+  ajouter("Khideux Vrais.", tests.modele.khi2);
+  return tableau;
+}
+
+TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests) {
+  const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
+  TableauEdite tableau;
+  tableau.colonnes.resize(3);
+  for (std::size_t j = 0; j < tests.parametres.size(); ++j) {
+    const TestDeVraisemblance& test = tests.parametres[j];
+    Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {}});
+    if (test.Impossible()) rangee.intitule = Joindre({" Khideux de Vrais.", "   Test impossible à calculer"_w});
+    else
+      rangee.cellules = {Nombre(test.khi2, kDecimalesOrdinaires),
+                         Nombre(test.Depassement(), kDecimalesDeProbabilite),
+                         {{}, Unite::Nombre, 0, std::string(MarqueDeParametre(test.Depassement()))}};
+  }
+  return tableau;
+}
+
+TableauEdite TableauDesMoyennes(const Travail& travail, const std::vector<double>& moyennes) {
+  const double generale = travail.base.MoyenneGenerale();
+  TableauEdite tableau;
+  tableau.colonnes.resize(3);
+  for (std::size_t k = 0; k < moyennes.size(); ++k)
+    tableau.rangees.push_back({travail.modele.Explicative(k).intitule,
+                               {},
+                               {Nombre(moyennes[k], kDecimalesOrdinaires), Points(100 * (moyennes[k] - generale)),
+                                Points(100 * (travail.base.Part(k) - generale))}});
+  return tableau;
+}
+
+}  // namespace quelvar::regression

@@ -1,0 +1,24 @@
+// What the fit of a model has found, as tables of data.
+#pragma once
+
+#include <vector>
+
+#include "core/resultats/tableau.h"
+#include "regression/anatab/travail.h"
+#include "regression/logistique/sorties.h"
+
+namespace quelvar::regression {
+
+// The constant, for a logistic model its exponential, and the percentage of the reference situation.
+TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste);
+// The coefficients, for a logistic model their odds-ratios, and the effects in points.
+TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& ajuste);
+// -2 log-likelihood of the constant alone and of the model, and the chi-square of their ratio.
+TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuModele& tests);
+// The chi-square of each coefficient, the probability to exceed it, and its mark; a label for a test that is
+// impossible.
+TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests);
+// Of each explanatory modality a mean, its distance from the general one, and that of the observed mean, in points.
+TableauEdite TableauDesMoyennes(const Travail& travail, const std::vector<double>& moyennes);
+
+}  // namespace quelvar::regression

@@ -1,0 +1,24 @@
+#include "utilities/lancement.h"
+#include "utilities/options.h"
+
+namespace quelvar::utilities {
+
+const Description<OptionsExportation>& DescriptionExporter() {
+  using O = OptionsExportation;
+  static const Description<O> description =
+      Description<O>("exporter", "Exportation d'une zone d'un fichier de colonnes fixes, ou de son complémentaire"_w,
+                     Verifier<O, ManqueExportation, Exporter>)
+          .Texte("a", &O::a, "FICHIER", "fichier d'origine")
+          .Texte("c", &O::c, "FICHIER", "fichier résultant"_w)
+          .Texte("debut", &O::debut, "N", "position initiale de la zone")
+          .Montre("TextDebut")
+          .Texte("fin", &O::fin, "N", "position finale de la zone")
+          .Montre("TextFin")
+          .Choix("mode", &O::complementaire, {{"zone", false}, {"complementaire", true}},
+                 "exporte la zone, ou tout le reste")
+          .Bouton("OptExport1", "zone")
+          .Bouton("OptExport2", "complementaire");
+  return description;
+}
+
+}  // namespace quelvar::utilities

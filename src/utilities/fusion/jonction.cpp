@@ -1,0 +1,183 @@
+#include "utilities/fusion/jonction.h"
+
+#include "core/texte/nombres.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr int kDifferencesPermises = 50;
+constexpr char kSigneDeLAbsent = '0';  // fills the columns of B where it has no line
+
+void Repeter(Ecrivain& sortie, char signe, std::size_t fois) {
+  for (; fois > 0; --fois) sortie.Ecrire(signe);
+}
+
+// With questions to find again behind it, every line of A takes the room of the longest.
+void EcrireLigneDeA(const Travail& travail, std::string_view ligne, Ecrivain& sortie) {
+  sortie.Ecrire(ligne);
+  if (travail.pos) Repeter(sortie, ' ', travail.a.plusLongue - ligne.size());
+}
+
+void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
+  rapport.Ligne({" Le nombre d'individus du fichier ", mesure.entree.nom, " est de ",
+                 NombreFixe(static_cast<double>(mesure.lignes), 6, 0)});
+}
+
+[[noreturn]] void Arreter(const Travail& travail, Texte raison) {
+  Avertir(travail.rapport, travail.contexte.Ecran(), raison);
+  throw Erreur(kArretAnnonce);
+}
+
+std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t individus) {
+  if (!travail.pos) return {};
+  return PosCoteACote(travail.pos->a, travail.pos->b, travail.a.plusLongue, individus);
+}
+
+// False from the difference on that is one too many.
+class Verification {
+ public:
+  explicit Verification(const Travail& travail) : rapport_(travail.rapport) {
+    if (!travail.options.verifier) return;
+    identifiants_ = IdentifiantsDe(travail);
+    active_ = true;
+  }
+
+  bool Accepter(std::int64_t individu, std::string_view a, std::string_view b) {
+    if (!active_) return true;
+    const std::string_view identA = identifiants_.DeA(a);
+    const std::string_view identB = identifiants_.DeB(b);
+    if (identA == identB) return true;
+    rapport_.Ligne({"*** Identité différente à l'individu numéro "_w, NombreNu(individu), " Ident A= ", identA,
+                    " Ident B= ", identB});
+    return ++differences_ <= kDifferencesPermises;
+  }
+
+ private:
+  Rapport& rapport_;
+  Identifiants identifiants_;
+  bool active_ = false;
+  int differences_ = 0;
+};
+
+void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets& avancement) {
+  LecteurLignes lecteur(*mesure.entree.chemin);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    sortie.Ligne(ligne);
+    avancement.Avancer(ligne.size());
+  }
+}
+
+struct BilanAppareillement {
+  std::int64_t lignes = 0;
+  std::int64_t incomplets = 0;
+  bool resteDeA = false;  // lines of A were left when B ended
+  bool resteDeB = false;  // the line in hand of B found none of A
+  std::string lieu;       // of what is left
+};
+
+BilanAppareillement Appareiller(const Travail& travail, const Identifiants& identifiants, Ecrivain& sortie) {
+  AvancementOctets avancement(travail.contexte, travail.a.octets);
+  LecteurLignes a(*travail.a.entree.chemin);
+  LecteurLignes b(*travail.b.entree.chemin);
+  BilanAppareillement bilan;
+  std::string_view ligneB;
+  bool enMain = b.Lire(ligneB);
+  std::int64_t rangDeB = 1;
+  std::int64_t depuis = 1;  // line of A from which the one in hand of B is looked for
+  for (std::string_view ligneA; a.Lire(ligneA); ++bilan.lignes) {
+    EcrireLigneDeA(travail, ligneA, sortie);
+    if (!enMain && !bilan.resteDeA) {
+      bilan.resteDeA = true;
+      bilan.lieu = Joindre({"Première ligne de A derrière la fin de B : "_w, Nombre(bilan.lignes + 1), ", numéro "_w,
+                            identifiants.DeA(ligneA)});
+    }
+    if (enMain && identifiants.DeA(ligneA) == identifiants.DeB(ligneB)) {
+      sortie.Ligne(ligneB);
+      enMain = b.Lire(ligneB);
+      ++rangDeB;
+      depuis = bilan.lignes + 2;
+    } else {
+      Repeter(sortie, kSigneDeLAbsent, travail.b.plusLongue);
+      sortie.FinDeLigne();
+      ++bilan.incomplets;
+    }
+    avancement.Avancer(ligneA.size());
+  }
+  bilan.resteDeB = enMain;
+  if (enMain)
+    bilan.lieu = Joindre({"Ligne ", Nombre(rangDeB), " de B, numéro "_w, identifiants.DeB(ligneB),
+                          " : aucune ligne de A n'a ce numéro à partir de la ligne "_w, Nombre(depuis),
+                          ". Les deux fichiers doivent être dans le même ordre"_w});
+  return bilan;
+}
+
+}  // namespace
+
+void DireAncienPos(const Travail& travail) {
+  const std::string pos = NomDuPos(travail.options.c);
+  if (ChercherFichier(travail.contexte.repertoire, pos))
+    Prevenir(travail.contexte, Joindre({"Le fichier ", NomAffiche(pos), " était là et reste : il n'est pas celui de "_w,
+                                        NomAffiche(travail.options.c), " qui vient d'être fait"_w}));
+}
+
+void FusionnerCoteACote(const Travail& travail) {
+  if (travail.a.lignes != travail.b.lignes) {
+    travail.rapport.Ligne("*** Erreur : les deux fichiers n'ont pas le même nombre d'individus"_w);
+    EcrireEffectif(travail.rapport, travail.a);
+    EcrireEffectif(travail.rapport, travail.b);
+    travail.contexte.Ecran().biper();
+    throw Erreur(kArretAnnonce);
+  }
+  Verification verification(travail);
+  Resultat c(travail);
+  AvancementOctets avancement(travail.contexte, travail.a.octets);
+  LecteurLignes a(*travail.a.entree.chemin);
+  LecteurLignes b(*travail.b.entree.chemin);
+  std::string_view ligneA;
+  std::string_view ligneB;
+  for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
+    if (!verification.Accepter(individu, ligneA, ligneB)) {
+      c.Laisser();
+      DireAncienPos(travail);
+      Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
+    }
+    EcrireLigneDeA(travail, ligneA, c.Fichier());
+    c.Fichier().Ligne(ligneB);
+    avancement.Avancer(ligneA.size());
+  }
+  c.Valider(LignesPosCoteACote(travail, travail.a.lignes));
+  travail.rapport.Ligne(" Fusion côte à côte"_w);
+}
+
+void FusionnerALaSuite(const Travail& travail) {
+  Resultat c(travail);
+  AvancementOctets avancement(travail.contexte, travail.a.octets + travail.b.octets);
+  CopierVers(travail.a, c.Fichier(), avancement);
+  CopierVers(travail.b, c.Fichier(), avancement);
+  c.Valider(travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes)
+                        : std::vector<std::string>{});
+  EcrireEffectif(travail.rapport, travail.a);
+  EcrireEffectif(travail.rapport, travail.b);
+  travail.rapport.Ligne(" Fusion à la suite"_w);
+}
+
+void FusionnerParNumero(const Travail& travail) {
+  const Identifiants identifiants = IdentifiantsDe(travail);
+  Resultat c(travail);
+  const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
+  if (bilan.resteDeA || bilan.resteDeB) {
+    c.Laisser();
+    travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
+                                         : "*** ERREUR Fichier B non terminé"_w);
+    Prevenir(travail.contexte, bilan.lieu);
+    DireAncienPos(travail);
+    Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
+  }
+  c.Valider(LignesPosCoteACote(travail, bilan.lignes));
+  travail.rapport.Ligne({"Nombre d'enregistrement résultant :"_w, NombreNu(bilan.lignes)});
+  travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
+  travail.rapport.Ligne(" Fusion côte à côte"_w);
+}
+
+}  // namespace quelvar::utilities
