@@ -6,7 +6,9 @@
 
 #include "crosstab/croise_options.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/ecran.h"
 #include "forms/programmes/crosstab/graphe2.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixvar.h"
 
@@ -46,8 +48,7 @@ ChoixVar::ChoixVar(Services& services, crosstab::EnqueteCroisee enquete, Brouill
       ui_(std::make_unique<Ui::ChoixVar>()) {
   ui_->setupUi(this);
   for (std::size_t i = 0; i < enquete_.questions.size(); ++i) ui_->ListVar1->addItem(LigneDe(enquete_.questions[i], i));
-  const QFont fixe(QStringLiteral("Courier New"), ui_->ListVar1->font().pointSize());
-  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) liste->setFont(fixe);
+  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) liste->setFont(PoliceFixe());
   ui_->FrmTri->setVisible(contexte_.niveau >= kNiveauAvance);
   ui_->FrmDetKhi2->setVisible(contexte_.niveau >= kNiveauAvance);
   RelierAide(*ui_->Aide, "mnuACroise");
@@ -155,6 +156,7 @@ void ChoixVar::Montrer() {
   ui_->TitreNbTab->setText(VersQt(etat_.titre));
   ui_->TitreNbTab->setToolTip(VersQt(etat_.infobulle));
   ui_->BoutLancerTri->setText(VersQt(crosstab::TexteLancer(etat_)));
+  DonnerLesLettres(*this);
   ui_->BoutLancerTri->setEnabled(etat_.lancerPossible);
 }
 

@@ -179,9 +179,7 @@ void Graphe3::RelierFichiers() {
 }
 
 void Graphe3::Refuser(const Erreur& erreur) {
-  std::string texte;
-  for (const std::string& ligne : LignesDErreur(erreur, {})) texte += Joindre({ligne, "\r\n"});
-  ui_->Information->setPlainText(VersQt(texte).remove(u'\r'));
+  ui_->Information->setPlainText(VersQt(TexteDePanne(erreur)).remove(u'\r'));
   services_.ecran.biper();
 }
 

@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/source.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -11,9 +11,9 @@
 #include "capture/preparation.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/programmes/capture/fimport.h"
-#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/ouverture.h"
 #include "forms/texte/texte_qt.h"
-#include "ui_sourceimport.h"
+#include "ui_source.h"
 
 namespace quelvar::forms {
 
