@@ -3,7 +3,8 @@
 # row of the table of the README (bench/lignes.sh) and compares the best times.
 #   bench/compare.sh [REVISION] [TOURS] [MOTIF]
 # REVISION: origin/main or HEAD~1, or the path of a companion that is built; TOURS: 7; MOTIF: rows whose name has it.
-# Fails above 8 %.
+# Fails above 8 %. A row above it is given up to four times as many turns: what the machine did meanwhile goes, what the
+# program does stays.
 set -euo pipefail
 racine=$(cd "$(dirname "$0")/.." && pwd)
 cd "$racine"
@@ -34,6 +35,9 @@ muet cmake --build --preset release --target quelvar-batch quelvar-genere quelva
 
 cd "$travail"
 trop=0
+# plus_lent ANCIEN NOUVEAU : seconds; what is shorter than the clock can tell is left out
+plus_lent() { awk -v a="$1" -v b="$2" -v seuil=$tolerance 'BEGIN { exit !(100 * (b - a) > seuil * a && b - a > 0.002) }'; }
+
 # A row with each companion in turn. The floors have none; a row that was not asked for runs once, since others read
 # what it makes.
 ligne() {
@@ -44,7 +48,7 @@ ligne() {
     "$@" >/dev/null 2>&1 || true
     return 0
   fi
-  for ((tour = 0; tour < tours; tour++)); do
+  for ((tour = 0; tour < tours || tour < 4 * tours && $(plus_lent "$t0" "$t1" && echo 1 || echo 0); tour++)); do
     if ! read -r t _ < <("$bin/quelvar-chrono" 1 "$avant" "${@//"$bin/quelvar-batch"/"$ancien"}" 2>/dev/null); then
       printf '%-50s nouveau\n' "$nom"
       return 0
@@ -53,10 +57,9 @@ ligne() {
     read -r t _ < <("$bin/quelvar-chrono" 1 "$avant" "$@") || { echo "échec : $*" >&2; exit 2; }
     t1=$(awk "BEGIN { print ($t < $t1) ? $t : $t1 }")
   done
-  awk -v nom="$nom" -v a="$t0" -v b="$t1" -v seuil=$tolerance 'BEGIN {
-    ecart = a > 0 ? 100 * (b - a) / a : 0
-    printf "%-50s %8.3f s %8.3f s %+6.1f %%\n", nom, a, b, ecart
-    exit ecart > seuil && b - a > 0.002 }' || trop=1
+  awk -v nom="$nom" -v a="$t0" -v b="$t1" 'BEGIN {
+    printf "%-50s %8.3f s %8.3f s %+6.1f %%\n", nom, a, b, (a > 0 ? 100 * (b - a) / a : 0) }'
+  ! plus_lent "$t0" "$t1" || trop=1
 }
 . "$racine/bench/lignes.sh"
 [ "$trop" = 0 ] || { echo "Plus lent de plus de $tolerance %" >&2; exit 1; }

@@ -13,7 +13,7 @@ done
 packaging/fiches.sh
 # The manual page tells every option that the companion tells.
 for option in $("$construction/bin/quelvar-batch" --help | grep -oE -- ' --[a-z]+' | sort -u); do
-  sed 's/\\-/-/g' packaging/man/quelvar-batch.1 | grep -q -- "$option" || { echo "quelvar-batch.1 ne dit pas $option" >&2; exit 1; }
+  sed 's/\\-/-/g' packaging/man/quelvar-batch.1 | grep -- "$option" >/dev/null || { echo "quelvar-batch.1 ne dit pas $option" >&2; exit 1; }
 done
 travail=$(mktemp -d)
 trap 'rm -rf "$travail"' EXIT
@@ -27,7 +27,7 @@ done
 paquet=$(echo "$travail"/1/*.deb)
 cmp "$paquet" "$travail"/2/*.deb
 lintian --fail-on error "$paquet"
-dpkg-deb -f "$paquet" Depends | grep -q libqt6svg6 || { echo "libqt6svg6 n'est pas dans Depends" >&2; exit 1; }
+dpkg-deb -f "$paquet" Depends | grep libqt6svg6 >/dev/null || { echo "libqt6svg6 n'est pas dans Depends" >&2; exit 1; }
 
 if [ "$(id -u)" != 0 ] || ! command -v mmdebstrap >/dev/null; then
   echo "bien construit, mais pas installé dans une racine neuve, sans mmdebstrap ou sans droits" >&2
@@ -45,10 +45,10 @@ dedans() { chroot "$racine_neuve" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UT
 cp /etc/resolv.conf "$racine_neuve/etc/resolv.conf" 2>/dev/null || true
 { dedans apt-get update -qq && dedans apt-get install -y -qq --no-install-recommends /quelvar.deb; } \
   >"$travail/journal" 2>&1 || { cat "$travail/journal"; exit 1; }
-dedans quelvar-batch --liste | grep -q '^triapl'
+dedans quelvar-batch --liste | grep '^triapl' >/dev/null
 dedans cp -r /usr/share/quelvar/examples/loisirs /tmp/loisirs
 dedans quelvar-batch -C /tmp/loisirs import-csv LOISIRS >/dev/null
-dedans quelvar-batch -C /tmp/loisirs triapl LOISIRS | grep -q 'Fin normale du programme'
+dedans quelvar-batch -C /tmp/loisirs triapl LOISIRS | grep 'Fin normale du programme' >/dev/null
 # The window lives until it is stopped.
 etat=0
 dedans env QT_QPA_PLATFORM=offscreen timeout 5 quelvar >/dev/null 2>&1 || etat=$?

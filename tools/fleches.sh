@@ -87,7 +87,7 @@ while IFS='|' read -r _ mot _ types fichiers _; do
   mapfile -t chemins < <(grep -oE '`[a-z]+/[a-z0-9/_]*\.h`' <<<"$fichiers" | tr -d '`' | sed 's|^|src/|')
   [ ${#chemins[@]} -gt 0 ] || continue
   for type in $(grep -oE '`[A-Z][A-Za-z0-9]*' <<<"$types" | tr -d '`'); do
-    cat "${chemins[@]}" 2>/dev/null | grep -qw "$type" || refuser "docs/glossaire.md,$mot: $type n'est pas dans ${chemins[*]}"
+    grep -qw "$type" "${chemins[@]}" 2>/dev/null || refuser "docs/glossaire.md,$mot: $type n'est pas dans ${chemins[*]}"
   done
 done < <(grep '^| ' docs/glossaire.md)
 

@@ -6,7 +6,7 @@ PAQUETS_EXEMPLE=(librsvg2-bin fonts-liberation) # the picture of the example as 
 PAQUETS_FORMES=(qt6-base-dev "qt6-svg-dev|libqt6svg6-dev" qt6-translations-l10n fonts-liberation)
 PAQUETS_ESSAIS=(libgtest-dev libbenchmark-dev xvfb clang clang-format-14 clang-tidy-14 git)
 # A test that needs them is skipped without them.
-PAQUETS_FACULTATIFS=(xdotool lintian appstream desktop-file-utils mmdebstrap)
+PAQUETS_FACULTATIFS=(xdotool dpkg-dev file lintian appstream desktop-file-utils mmdebstrap)
 
 est_installe() { [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
 

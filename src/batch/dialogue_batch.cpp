@@ -3,14 +3,13 @@
 #include <cstdio>
 #include <optional>
 
+#include "core/fichiers/morceaux.h"
 #include "core/programme/annulation.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::batch {
 
 namespace {
-
-constexpr std::size_t kMorceau = std::size_t{1} << 18;
 
 void Ecrire(std::FILE* flux, std::string_view texte) {
   if (EstAscii(texte)) {
@@ -58,13 +57,12 @@ Reponse ReponseDe(const std::string& mot, Boutons boutons, Reponse defaut) {
 // A report of any length, some whole lines at a time.
 void EcrireRapport(const std::string& chemin) {
   std::string attente;
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(chemin, place, kMorceau), !octets.empty(); place += octets.size()) {
+  ParMorceaux(chemin, [&](std::string_view octets) {
     attente += octets;
     const std::size_t fin = attente.rfind('\n') + 1;
     Ecrire(stdout, SansRetoursChariot(std::string_view(attente).substr(0, fin)));
     attente.erase(0, fin);
-  }
+  });
   Ecrire(stdout, SansRetoursChariot(attente));
 }
 

@@ -9,6 +9,7 @@
 
 #include "capture/dbase/tableau.h"
 #include "capture/fichiers.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
@@ -19,7 +20,6 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr int kLargeurNom = 4;
 constexpr std::string_view kBlancs = " \t";
 
 // The words of a row that are its counts, and the label before them.
@@ -150,8 +150,9 @@ std::vector<std::pair<std::string, std::string>> Nommer(const FaitsBurt& faits, 
   std::vector<std::pair<std::string, std::string>> modalites;
   for (std::size_t i = 0; i < faits.rangees; ++i) {
     const std::string& intitule = faits.intitules[i];
-    if (noms == NomsCourts::Automatiques) modalites.emplace_back(CadreGauche(Nombre(i + 1), kLargeurNom), intitule);
-    else modalites.emplace_back(CadreGauche(intitule, kLargeurNom), Milieu(intitule, kLargeurNom + 1));
+    if (noms == NomsCourts::Automatiques)
+      modalites.emplace_back(CadreGauche(Nombre(i + 1), kLargeurDeModalite), intitule);
+    else modalites.emplace_back(CadreGauche(intitule, kLargeurDeModalite), Milieu(intitule, kLargeurDeModalite + 1));
   }
   return modalites;
 }
@@ -208,15 +209,14 @@ void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte, JeuDeFichier
       SauvegarderAncien(rapport, contexte.Nom(extension), *ancien, sauvegardes);
 }
 
-constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps
-
 void SignalerIntitulesCoupes(const Dialogue& dialogue,
                              const std::vector<std::pair<std::string, std::string>>& modalites) {
-  const auto coupes = std::count_if(modalites.begin(), modalites.end(),
-                                    [](const auto& modalite) { return modalite.second.size() > kLargeurIntitule; });
+  const auto coupes = std::count_if(modalites.begin(), modalites.end(), [](const auto& modalite) {
+    return modalite.second.size() > std::size_t{kIntituleDeModaliteAuPlus};
+  });
   if (coupes > 0)
-    dialogue.demander(Joindre({"Intitulés de plus de 25 caractères, coupés dans *.MOD : "_w,
-                               Nombre(static_cast<std::int64_t>(coupes))}),
+    dialogue.demander(Joindre({"Intitulés de plus de "_w, Nombre(kIntituleDeModaliteAuPlus),
+                               " caractères, coupés dans *.MOD : "_w, Nombre(static_cast<std::int64_t>(coupes))}),
                       Boutons::Ok);
 }
 

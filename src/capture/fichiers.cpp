@@ -1,6 +1,7 @@
 #include "capture/fichiers.h"
 
 #include <string>
+#include <system_error>
 
 namespace quelvar::capture {
 
@@ -10,25 +11,25 @@ void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::str
   if (!nom.empty()) rapport.Ligne({"L'ancienne sauvegarde "_w, sauvegarde, " est conservée sous le nom "_w, nom});
 }
 
-void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }
+void ImprimerEtat(Rapport& rapport, std::string_view nom, Texte etat) { rapport.Ligne({"Le fichier ", nom, etat}); }
 
-void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible) {
-  EcrireEtat(rapport, nom, !present ? kSeraCree : lisible ? kRemplace : kExiste);
+void ImprimerEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible) {
+  ImprimerEtat(rapport, nom, !present ? kSeraCree : lisible ? kRemplace : kExiste);
 }
 
-std::optional<Chemin> ChercherPos(const Contexte& contexte) {
-  std::optional<Chemin> pos = contexte.Chercher(".POS");
-  if (pos && LongueurFichier(*pos) < kPosVide) pos.reset();
-  return pos;
+bool MemeFichier(const Chemin& a, const Chemin& b) {
+  std::error_code faute;
+  return std::filesystem::equivalent(a, b, faute);
 }
 
-void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes) {
-  EcrireEtat(rapport, nom, " existe déjà"_w);
+void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes,
+                       Texte suite) {
+  ImprimerEtat(rapport, nom, " existe déjà"_w);
   ConserverSauvegarde(rapport, fichier, NomDeSauvegarde(nom), sauvegardes);
-  rapport.Ligne({"Il est sauvegardé sous le nom "_w, CopierSousLeNomUsuel(sauvegardes, fichier, nom)});
+  rapport.Ligne({"Il est sauvegardé sous le nom "_w, CopierSousLeNomUsuel(sauvegardes, fichier, nom), suite});
 }
 
-void EcrireFinDImport(Rapport& rapport, int niveau) {
+void ImprimerFinDImport(Rapport& rapport, int niveau) {
   if (niveau != 1) {
     rapport.Ligne("Fin normale du programme");
     return;

@@ -13,26 +13,25 @@
 namespace quelvar::capture {
 
 // "Le fichier ENQ.DAT existe", with the state that the text gives.
-void EcrireEtat(Rapport& rapport, std::string_view nom, Texte etat);
+void ImprimerEtat(Rapport& rapport, std::string_view nom, Texte etat);
 // The state of a file to be made: to be created, or replaced; a source that can't be read replaces nothing.
-void EcrireEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible);
+void ImprimerEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, bool lisible);
 inline constexpr std::string_view kExiste = " existe";
 inline constexpr std::string_view kNExistePas = " n'existe pas";
 inline constexpr std::string_view kSeraCree = " n'existe pas et sera créé"_w;
 inline constexpr std::string_view kSeraCreeSansAccents = " n'existe pas et sera cree";
 inline constexpr std::string_view kRemplace = " existait déjà et a été remplacé"_w;
 
-// A .POS shorter than this counts as absent.
-inline constexpr std::uintmax_t kPosVide = 3;
-// The .POS of the generic, if it exists and is not shorter than kPosVide bytes.
-std::optional<Chemin> ChercherPos(const Contexte& contexte);
+// Whether two names stand for one file; false when one of them is not there.
+bool MemeFichier(const Chemin& a, const Chemin& b);
 
 // An older copy of a file to be saved goes on under a further name, among the outputs; the report tells it.
 void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,
                          JeuDeFichiers& sorties);
-// Copies a former file of the generic under its backup name, an older copy kept, and tells it. The report says that the
-// copies are there whatever the import comes to: they are a set of their own.
-void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes);
+// Copies a former file of the generic under its backup name, an older copy kept, and tells it; `suite` ends the
+// sentence. Where the report says that the copies are there whatever the import comes to, they are a set of their own.
+void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes,
+                       Texte suite = "");
 
 // What the work stops with; none when it comes to its end.
 template <class Travail>
@@ -46,6 +45,6 @@ std::optional<Erreur> EchecDe(Travail&& travail) {
 }
 
 // What ends the report of an import: the frame that tells what there is now, or one line at level 2.
-void EcrireFinDImport(Rapport& rapport, int niveau);
+void ImprimerFinDImport(Rapport& rapport, int niveau);
 
 }  // namespace quelvar::capture

@@ -9,7 +9,9 @@
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
 #include "capture/fichiers.h"
-#include "capture/tableur.h"
+#include "capture/tableur/cellules.h"
+#include "capture/tableur/examen.h"
+#include "capture/tableur/lecteur.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
@@ -30,7 +32,7 @@ FichiersImport TrouverFichiers(const Contexte& contexte) {
   fichiers.source = contexte.Chercher(".CSV");
   fichiers.nomSource = contexte.Nom(fichiers.source ? ".CSV" : ".TXT");
   if (!fichiers.source) fichiers.source = contexte.Chercher(".TXT");
-  fichiers.pos = ChercherPos(contexte);
+  fichiers.pos = ChercherPos(contexte.repertoire, contexte.Nom(".POS"));
   fichiers.datPresent = contexte.Chercher(".DAT").has_value();
   return fichiers;
 }
@@ -84,7 +86,8 @@ void PrevenirDesDecimales(const Contexte& contexte, const FaitsTableur& faits,
 void SauvegarderAncienPos(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options,
                           const Chemin& pos) {
   JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
-  SauvegarderPos(rapport, contexte, options.sansIntitules, pos, sauvegardes);
+  SauvegarderAncien(rapport, contexte.Nom(".POS"), pos, sauvegardes,
+                    options.sansIntitules ? " et il est effacé "_w : std::string_view{});
   sauvegardes.Valider();
 }
 
@@ -115,15 +118,15 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
                                                               : "Compte rendu d'importation de données en TXT"_w);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   if (fichiers.source && fichiers.pos) SauvegarderAncienPos(rapport, contexte, options, *fichiers.pos);
-  EcrirePresence(rapport, contexte, fichiers.nomSource,
-                 {fichiers.source.has_value(), fichiers.datPresent, fichiers.pos.has_value()});
+  ImprimerPresence(rapport, contexte, fichiers.nomSource,
+                   {fichiers.source.has_value(), fichiers.datPresent, fichiers.pos.has_value()});
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
 
   const FaitsTableur faits = ExaminerTableur(*fichiers.source, !options.sansIntitules);
   std::vector<ColonneImportee> colonnes = PlacerColonnes(faits, *fichiers.source);
   const std::vector<std::size_t> nomsChanges = NommerColonnes(colonnes);
-  EcrireColonnes(rapport, colonnes, colonnes.size(), options.sansIntitules);
-  EcrireRemarques(rapport, Remarquer(faits, colonnes, nomsChanges));
+  ImprimerColonnes(rapport, colonnes, colonnes.size(), options.sansIntitules);
+  ImprimerRemarques(rapport, Remarquer(faits, colonnes, nomsChanges));
 
   Ecrivain& dat = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   std::vector<std::string> premieres;
@@ -135,7 +138,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv
   if (!options.sansIntitules)
     EcrirePos(sorties.Ouvrir(pos, Nature::Unique), contexte.generique, colonnes, faits.individus);
   else if (fichiers.pos) sorties.Effacer(pos);
-  EcrireVerification(rapport, faits.individus, premieres, options.sansIntitules);
+  ImprimerVerification(rapport, faits.individus, premieres, options.sansIntitules);
   PrevenirDesDecimales(contexte, faits, colonnes);
   sorties.Valider();
 }

@@ -29,11 +29,7 @@ std::string Cle(std::string_view nom) { return Majuscules(Rogner(nom)); }
 class Nommeur {
  public:
   explicit Nommeur(const std::vector<std::string>& intitules) {
-    for (const std::string& intitule : intitules) ++demandes_[Cle(Naturel(intitule))];
-  }
-
-  static std::string Naturel(const std::string& intitule) {
-    return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, kNomCourtLePlusLong);
+    for (const std::string& intitule : intitules) ++demandes_[Cle(NomNaturel(intitule))];
   }
 
   // A name that a .POS can hold and that no other title asks for.
@@ -78,11 +74,15 @@ class Nommeur {
 
 }  // namespace
 
+std::string NomNaturel(const std::string& intitule) {
+  return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, kNomCourtLePlusLong);
+}
+
 std::vector<NomCourt> NommerIntitules(const std::vector<std::string>& intitules) {
   Nommeur nommeur(intitules);
   std::vector<NomCourt> noms;
   for (const std::string& intitule : intitules) {
-    std::string naturel = Nommeur::Naturel(intitule);
+    std::string naturel = NomNaturel(intitule);
     if (nommeur.SeSuffit(naturel)) noms.push_back({std::move(naturel), false});
     else noms.push_back({nommeur.Distinguer(intitule), true});
   }

@@ -4,14 +4,19 @@
 #include <string>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
+
 namespace quelvar::capture {
 
-inline constexpr std::size_t kNomCourtLePlusLong = 3;
+inline constexpr std::size_t kNomCourtLePlusLong = kLargeurDeQuestion;
 
 struct NomCourt {
   std::string nom;         // three columns, right-aligned
   bool distingue = false;  // it is not the one that the title alone gives
 };
+
+// The name that a title alone gives: its first three characters in three columns, "XXX" without a title.
+std::string NomNaturel(const std::string& intitule);
 
 // The name of each title: its first three characters, "XXX" without a title. Titles that would share a name (small and
 // capital letters make no difference), and names that a .POS can't hold (blank, or with a sign of its own), get another

@@ -14,6 +14,7 @@
 #include "capture/apercu/sorties/plan.h"
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/classeur/classeur.h"
+#include "capture/fichiers.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
 
@@ -31,11 +32,6 @@ char LettreDeGenerique(char c) {
   if (const std::size_t place = kAvec.find(grande); place != std::string_view::npos) return kSans[place];
   const bool garde = (grande >= 'A' && grande <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
   return garde ? grande : '\0';
-}
-
-bool MemeFichier(const Chemin& a, const Chemin& b) {
-  std::error_code faute;
-  return std::filesystem::equivalent(a, b, faute);
 }
 
 }  // namespace

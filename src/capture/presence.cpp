@@ -1,14 +1,17 @@
 #include "capture/presence.h"
 
 #include "capture/fichiers.h"
+#include "core/enquete/posfile.h"
 
 namespace quelvar::capture {
 
 SourcesPresentes ChercherSources(const Contexte& contexte) {
   if (contexte.generique.empty()) return {};
   const auto present = [&](std::string_view extension) { return contexte.Chercher(extension).has_value(); };
-  return {present(".DBF"), present(".CSV"), present(".DAT"), ChercherPos(contexte).has_value(),
-          present(".BRT"), present(".TXT"), present(".IMP")};
+  return {present(".DBF"), present(".CSV"),
+          present(".DAT"), ChercherPos(contexte.repertoire, contexte.Nom(".POS")).has_value(),
+          present(".BRT"), present(".TXT"),
+          present(".IMP")};
 }
 
 std::string_view TextePresence(bool present) { return present ? "Présent"_w : std::string_view("Absent"); }

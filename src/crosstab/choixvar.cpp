@@ -8,8 +8,6 @@ namespace quelvar::crosstab {
 
 namespace {
 
-constexpr int kNiveauAvance = 2;
-
 std::vector<bool>& Drapeaux(EtatChoixVar& etat, RoleQuestion role) {
   return etat.drapeaux[static_cast<std::size_t>(role)];
 }

@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t kQuestionsMaximum = 300;
 constexpr int kPlafondInitial = 20;
-constexpr int kNiveauQuiDecide = 2;
 
 struct FichiersCroise {
   std::string nomDonnees;
@@ -44,7 +43,7 @@ void EcrireEnTete(Rapport& rapport, const Contexte& contexte, const FichiersCroi
 
 // The ceiling behind a question whose code-max is above it: a user of level 2 decides, another one is told.
 int PlafondApres(Rapport& rapport, const Contexte& contexte, const Question& question, int plafond) {
-  if (contexte.niveau < kNiveauQuiDecide) {
+  if (contexte.niveau < kNiveauAvance) {
     rapport.Ligne({"Attention : code-max plus grand que ", NombreNu(plafond), " dans ", question.nom});
     rapport.Ligne(" les codes supérieurs à ce code-max sont ramenés à 0"_w);
     rapport.Ligne(" pour s'affranchir de cette contrainte, se mettre en niveau 2 d'utilisateur");

@@ -18,7 +18,6 @@ constexpr std::size_t kLargeurEntiere = 7;  // of a coordinate without decimals
 constexpr std::size_t kLargeurFine = 12;    // with four decimals
 constexpr std::size_t kBlocEntier = kLargeurEntiere + kLargeurCpf;
 constexpr std::size_t kBlocFin = kLargeurFine + kLargeurCpf;
-constexpr std::size_t kFacteursMaximum = 999;  // as many as three digits number
 
 double ValeurDuChamp(std::string_view ligne, std::size_t colonne, std::size_t largeur) {
   return ValeurDe(Milieu(ligne, colonne, largeur));
@@ -37,7 +36,7 @@ void AjouterFacteur(std::string& ligne, double coordonnee, int cpf, Precision pr
 
 std::size_t FacteursDUneLigne(std::string_view ligneFaj) {
   if (ligneFaj.size() < kPremierBloc) return 0;
-  return std::min<std::size_t>((ligneFaj.size() - kPremierBloc + 1) / kBlocEntier, kFacteursMaximum);
+  return std::min<std::size_t>((ligneFaj.size() - kPremierBloc + 1) / kBlocEntier, kFacteursAuPlus);
 }
 
 ElementsFactoriels LireFaj(const Chemin& chemin) {

@@ -13,6 +13,9 @@
 
 namespace quelvar::factor {
 
+inline constexpr double kMilliemesParUnite = 1000;  // coordinates are kept in thousandths
+inline constexpr int kFacteursAuPlus = 999;         // as many as three digits number
+
 inline constexpr std::size_t kToutesLesLignes = std::numeric_limits<std::size_t>::max();
 
 // A line to be written: its name and inertia (per mille of the total), then one factor after the other.

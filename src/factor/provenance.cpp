@@ -12,6 +12,7 @@
 #include "core/enquete/brtfile.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
@@ -201,7 +202,7 @@ bool EstAnterieur(const Chemin& fichier, const Chemin& autre) {
 }
 
 bool EtapesConviennent(Matrice points, const std::vector<EtapeWard>& etapes) {
-  for (double& x : points.Valeurs()) x /= 1000;
+  for (double& x : points.Valeurs()) x /= kMilliemesParUnite;
   const auto memeEtape = [](const EtapeWard& une, const EtapeWard& autre) {
     return une.premier == autre.premier && une.second == autre.second;
   };
@@ -236,10 +237,8 @@ std::vector<ColonneCodee> ColonnesCodees(const FichierPos& pos, const std::vecto
   std::unordered_map<std::string, std::pair<std::size_t, int>> codes;  // a name that two codes have counts for none
   constexpr std::pair<std::size_t, int> kAmbigu{0, -1};
   for (std::size_t q = 0; q < pos.questions.size(); ++q)
-    for (int code = 0; code <= std::min(pos.questions[q].codeMax, 99); ++code) {
-      const std::string nom =
-          CadreGauche(Joindre({pos.questions[q].nom.substr(0, code < 36 ? 3 : 2), CodeCaractere(code)}), 4);
-      const auto [place, neuf] = codes.emplace(nom, std::pair{q, code});
+    for (int code = 0; code <= std::min(pos.questions[q].codeMax, kDernierCodeNomme); ++code) {
+      const auto [place, neuf] = codes.emplace(NomDeModalite(pos.questions[q].nom, code), std::pair{q, code});
       if (!neuf) place->second = kAmbigu;
     }
   std::vector<ColonneCodee> colonnes;

@@ -18,6 +18,9 @@ struct CodeLu {
   int code = 0;
 };
 
+// Columns of the question in the name of a code of two digits.
+inline constexpr int kLettresDUnCodeDouble = 2;
+
 // A code of 36 on, or of a name that looks like one: two characters of the question, two digits.
 bool EstEnDeuxChiffres(std::string_view nom);
 

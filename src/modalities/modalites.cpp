@@ -1,5 +1,6 @@
 #include "modalities/modalites.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/programme/report.h"
 
@@ -18,11 +19,15 @@ PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& ch
                                   statut == Statut::Supplementaire,
                                   {},
                                   {},
-                                  CadreGauche(question.nom, 3),
+                                  CadreGauche(question.nom, kLargeurDeQuestion),
                                   code});
     }
   }
   return plan;
+}
+
+std::string PhraseInconnue(std::string_view nom) {
+  return Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
 }
 
 bool EstEcartee(const ModaliteCreee& modalite) { return modalite.supplementaire || modalite.nom[3] == '0'; }

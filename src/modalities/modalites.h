@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "modalities/creation/choix.h"
@@ -35,6 +36,9 @@ struct PlanModalites {
 // Lays out and names the modalities; marks and labels stay empty. Raises kIndiceHorsSelection for a code-max above 99
 // or below 0.
 PlanModalites PlanifierModalites(const FichierPos& pos, const ChoixQuestions& choix, bool codesZero);
+
+// What is told of a name that no modality has.
+std::string PhraseInconnue(std::string_view nom);
 
 // True for the modalities that are supplementary, or called a non-response, unless an earlier .MOD says otherwise: code
 // 0, every supplementary one, and any name that ends in "0".

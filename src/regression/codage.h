@@ -6,12 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 
 namespace quelvar::regression {
 
-inline constexpr std::size_t kLargeurQuestion = 3;
-inline constexpr std::size_t kLargeurIntitule = 25;
+inline constexpr std::size_t kLargeurQuestion = kLargeurDeQuestion;
+inline constexpr std::size_t kLargeurIntitule = kIntituleDeModaliteAuPlus;
 
 // A line of the .MOD as the regression programs see it.
 struct ModaliteCodee {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/annulation.h"
@@ -12,8 +13,8 @@ namespace quelvar::regression {
 namespace {
 
 constexpr std::string_view kFinNormale = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
-constexpr std::size_t kPlaceDuCode = 4;
-constexpr std::size_t kLargeurDuCode = 3;
+constexpr std::size_t kPlaceDuCode = kLargeurDeModalite;
+constexpr std::size_t kLargeurDuCode = kLargeurDeMarque;
 constexpr std::size_t kDebutIntitule = kPlaceDuCode + kLargeurDuCode;
 
 std::string_view QuestionDe(std::string_view texte) { return texte.substr(0, kLargeurQuestion); }
@@ -77,8 +78,7 @@ std::optional<std::string> Appliquer(const OptionsModifModR& options, std::vecto
 EtatModifModR ChargerModifModR(const Contexte& contexte) {
   EtatModifModR etat;
   try {
-    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
-    if (chemin && LongueurFichier(*chemin) >= kModVide) {
+    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
       etat.textes = LireListeModalites(*chemin).textes;
     } else {
       etat.message = {std::string(kTitreErreur),

@@ -28,8 +28,7 @@ struct FichiersDeTable {
 // The two files that every path needs; a .MOD too short to hold anything counts as missing.
 FichiersDeTable TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
   const std::optional<Chemin> brt = contexte.Chercher(".BRT");
-  std::optional<Chemin> mod = contexte.Chercher(".MOD");
-  if (mod && LongueurFichier(*mod) < kModVide) mod.reset();
+  const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
   if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
   if (!brt || !mod) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "tables/lecturetable.h"
@@ -13,7 +14,7 @@ namespace quelvar::tables {
 namespace {
 
 constexpr std::size_t kTailleEditee = 30;  // rows and columns beyond which the tables are printed on demand only
-constexpr std::size_t kTitreDeLigne = 25;
+constexpr std::size_t kTitreDeLigne = kIntituleDeModaliteAuPlus;  // what a profile shows of a label
 constexpr std::size_t kTitreDeColonne = 10;
 
 struct Noms {

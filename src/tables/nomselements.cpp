@@ -1,10 +1,11 @@
 #include "tables/nomselements.h"
 
+#include "core/enquete/colonnes.h"
+
 namespace quelvar::tables {
 
 namespace {
 
-constexpr std::size_t kLargeurIntitule = 25;
 constexpr std::size_t kLargeurCourte = 4;
 
 NomDElement Nommer(std::string_view court, std::string_view intitule) {
@@ -14,7 +15,7 @@ NomDElement Nommer(std::string_view court, std::string_view intitule) {
 }  // namespace
 
 NomDElement NommerModalite(const Modalite& modalite) {
-  return Nommer(modalite.nom, Rogner(modalite.intitule).substr(0, kLargeurIntitule));
+  return Nommer(modalite.nom, Rogner(modalite.intitule).substr(0, kIntituleDeModaliteAuPlus));
 }
 
 NomDElement NommerLigne(const LigneBrt& ligne) { return Nommer(ligne.nom, ligne.intitule); }

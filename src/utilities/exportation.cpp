@@ -48,7 +48,7 @@ BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, 
   return bilan;
 }
 
-void EcrireTete(Rapport& rapport, const Entree& a, const OptionsExportation& options) {
+void ImprimerTete(Rapport& rapport, const Entree& a, const OptionsExportation& options) {
   EcrireBandeau(rapport, "Exportation de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, a.nom});
   rapport.Ligne({"Le nom du fichier exporté est "_w, NomAffiche(options.c)});
@@ -56,7 +56,7 @@ void EcrireTete(Rapport& rapport, const Entree& a, const OptionsExportation& opt
   rapport.Ligne({"Fin de la zone d'exportation ", options.fin});
 }
 
-void EcrireBilan(Rapport& rapport, const BilanExportation& bilan, bool complementaire) {
+void ImprimerBilan(Rapport& rapport, const BilanExportation& bilan, bool complementaire) {
   rapport.Ligne({"Nombre d'enregistrement dans le fichier résultant :"_w, NombreNu(bilan.lignes)});
   rapport.Ligne();
   rapport.Ligne(complementaire ? "Le fichier exporté est le complémentaire de la zone définie"_w
@@ -68,7 +68,7 @@ void EcrireBilan(Rapport& rapport, const BilanExportation& bilan, bool complemen
 void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExportation& options) {
   const Entree a = ChercherEntree(contexte, options.a);
   ExigerEntrees(rapport, contexte, {a});
-  EcrireTete(rapport, a, options);
+  ImprimerTete(rapport, a, options);
   const Zone zone{NombreTape(options.debut), NombreTape(options.fin)};
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
@@ -79,7 +79,7 @@ void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExpor
             "l'enregistrement"_w);
     throw Erreur(kArretAnnonce);
   }
-  EcrireBilan(rapport, bilan, options.complementaire);
+  ImprimerBilan(rapport, bilan, options.complementaire);
 }
 
 }  // namespace
@@ -95,7 +95,7 @@ std::string ManqueExportation(const Contexte& contexte, const OptionsExportation
 }
 
 Fin Exporter(const Contexte& contexte, const OptionsExportation& options) {
-  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                            [&](Rapport& rapport) { ExporterZone(rapport, contexte, options); });
 }
 

@@ -15,8 +15,6 @@ namespace quelvar::utilities {
 
 namespace {
 
-constexpr std::int64_t kCodeLePlusGrand = 999;
-
 // One question of the new data.
 struct QuestionCreee {
   std::string nom;
@@ -24,10 +22,13 @@ struct QuestionCreee {
   std::vector<std::string> codes;  // printed, from code 1 on
 };
 
+// Columns of the codes: those that "L3" makes are three.
+int LargeurDesCodes(int codeMax) { return LargeurDe(codeMax > kDernierCodeNomme ? kCodeMaxL3 : codeMax); }
+
 QuestionCreee Creer(std::string nom, std::int64_t codeMax) {
-  if (codeMax > kCodeLePlusGrand) throw Erreur(kDepassementCapacite);
+  if (codeMax > kCodeMaxL3) throw Erreur(kDepassementCapacite);
   QuestionCreee question{std::move(nom), static_cast<int>(codeMax), {}};
-  const int largeur = question.codeMax < 100 ? LargeurDe(question.codeMax) : 3;
+  const int largeur = LargeurDesCodes(question.codeMax);
   for (int code = 1; code <= question.codeMax; ++code) question.codes.push_back(NombreFixe(code, largeur, 0));
   return question;
 }
@@ -107,17 +108,19 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
   }
 }
 
-void EcrireReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
-  bilan.negatives.Ecrire(rapport, "négatives, qui n'engendrent aucun individu"_w);
-  bilan.fractionnaires.Ecrire(rapport, "fractionnaires, qui sont arrondies");
-  bilan.autres.Ecrire(rapport);
+void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
+  std::vector<std::string> remarques;
+  bilan.negatives.Dire("négatives, qui n'engendrent aucun individu"_w, remarques);
+  bilan.fractionnaires.Dire("fractionnaires, qui sont arrondies", remarques);
+  rapport.Lignes(remarques);
+  rapport.Lignes(bilan.autres.Remarques());
   const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes * tableau.Blocs();
   if (reste > 0)
     rapport.Ligne({"*** Attention : lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,
                    NombreNu(reste)});
 }
 
-void EcrireTete(Rapport& rapport, const Contexte& contexte) {
+void ImprimerTete(Rapport& rapport, const Contexte& contexte) {
   EcrireBandeau(rapport, "  Gendat 3 dim .DAT à partir d'un tableau"_w);
   rapport.Ligne({"Le nom du fichier de Burt est ", contexte.Nom(".BRT")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
@@ -127,7 +130,7 @@ void EcrireTete(Rapport& rapport, const Contexte& contexte) {
 
 void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerTableau(rapport, contexte);
-  EcrireTete(rapport, contexte);
+  ImprimerTete(rapport, contexte);
   const Tableau tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
@@ -146,7 +149,7 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
     CopierSousLeNomUsuel(sorties, *ancien, contexte.Nom(".POS"));
   sorties.Valider();
-  EcrireReserves(rapport, tableau, bilan);
+  ImprimerReserves(rapport, tableau, bilan);
   for (std::size_t i = 1; i < questions.size(); ++i)
     for (std::size_t j = 0; j < i; ++j)
       if (questions[i].nom == questions[j].nom)
@@ -193,7 +196,7 @@ std::array<std::string, 3> NomsDesQuestions(std::string_view titre) {
 
 Fin Gendat(const Contexte& contexte, const OptionsGendat&) {
   if (!RemplacementAccepte(contexte)) return Fin::Arret;
-  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                            [&](Rapport& rapport) { Engendrer(rapport, contexte); });
 }
 

@@ -1,9 +1,10 @@
 #include "utilities/inversion.h"
 
 #include <algorithm>
-#include <array>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
+#include "core/enquete/trgfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/session/generique_libre.h"
@@ -15,8 +16,6 @@
 namespace quelvar::utilities {
 
 namespace {
-
-constexpr std::size_t kSommets = 3;
 
 // The table in memory: what becomes a column is read as a row.
 struct TableauEntier {
@@ -64,8 +63,8 @@ std::string NomsRepetes(std::vector<std::string> noms) {
   return repetes;
 }
 
-void EcrireReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
-  entier.reserves.Ecrire(rapport);
+void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
+  rapport.Lignes(entier.reserves.Remarques());
   if (const std::string noms = NomsRepetes(entier.noms); !noms.empty())
     rapport.Ligne({"*** Attention : lignes de même nom, que rien ne distinguera plus en colonnes : "_w, noms});
   if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
@@ -77,7 +76,8 @@ void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entie
   mod.Ligne(nouveau);
   mod.Ligne(LigneDeParametres(
       {{"IMAX=", tableau.colonnes.size()}, {"JMAX=", entier.noms.size()}, {"FMT=", tableau.parametres.largeur}}));
-  for (std::size_t i = 0; i < entier.noms.size(); ++i) mod.Ligne(Joindre({entier.noms[i], "   ", entier.intitules[i]}));
+  for (std::size_t i = 0; i < entier.noms.size(); ++i)
+    mod.Ligne(LigneModalite(entier.noms[i], false, entier.intitules[i]));
 }
 
 void EcrireBrt(Ecrivain& brt, const Tableau& tableau, const TableauEntier& entier) {
@@ -91,11 +91,10 @@ void EcrireBrt(Ecrivain& brt, const Tableau& tableau, const TableauEntier& entie
 }
 
 // The three percentages of a row of the inverted table, of the sum of its first three cells.
-std::array<double, kSommets> Pourcentages(const Chemin& brt, const TableauEntier& entier, std::size_t colonnes,
-                                          std::size_t j) {
-  std::array<double, kSommets> parts = {};
+PartsTrg Pourcentages(const Chemin& brt, const TableauEntier& entier, std::size_t colonnes, std::size_t j) {
+  PartsTrg parts = {};
   double somme = 0;
-  for (std::size_t i = 0; i < std::min(kSommets, entier.noms.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(kSommetsTrg, entier.noms.size()); ++i) {
     parts[i] = ValeurDe(entier.cellules[i * colonnes + j]);
     somme += parts[i];
   }
@@ -107,27 +106,40 @@ std::array<double, kSommets> Pourcentages(const Chemin& brt, const TableauEntier
   return parts;
 }
 
-void EcrireTrg(Ecrivain& trg, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
-  trg.Ligne(nouveau);
-  for (std::size_t i = 0; i < kSommets; ++i) trg.Ligne(i < entier.noms.size() ? entier.noms[i] : std::string());
+// A point of the triangular graph for each column of the table.
+struct PointDeTriangle {
+  std::string nom;
+  PartsTrg parts = {};
+  std::string intitule;
+};
+
+std::vector<PointDeTriangle> PointsDe(const Tableau& tableau, const TableauEntier& entier) {
+  std::vector<PointDeTriangle> points;
   for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) {
     const ColonneDeTableau& colonne = tableau.colonnes[j];
-    trg.Ecrire(colonne.nom);
-    for (const double part : Pourcentages(tableau.brt, entier, tableau.colonnes.size(), j))
-      trg.Ecrire(NombreFixe(part, 3, 1));
-    if (colonne.intitule.find("**") != std::string::npos)
+    const PartsTrg parts = Pourcentages(tableau.brt, entier, tableau.colonnes.size(), j);
+    if (colonne.intitule.find(kFinDeListe) != std::string::npos)
       throw Erreur(kIncompatibiliteType,
                    Joindre({"*** Arret du programme : l'intitulé de la colonne "_w, colonne.nom,
                             " contient **, qui finirait la liste des points du graphique : changez-le"}));
-    trg.Ligne(Rogner(colonne.intitule).empty() ? colonne.nom : colonne.intitule);
+    points.push_back({colonne.nom, parts, Rogner(colonne.intitule).empty() ? colonne.nom : colonne.intitule});
   }
+  return points;
+}
+
+void EcrireTrg(Ecrivain& trg, const TableauEntier& entier, const std::vector<PointDeTriangle>& points,
+               const std::string& nouveau) {
+  TeteTrg tete{nouveau, {}};
+  for (std::size_t i = 0; i < std::min(kSommetsTrg, entier.noms.size()); ++i) tete.sommets[i] = entier.noms[i];
+  EcrireTeteTrg(trg, tete);
+  for (const PointDeTriangle& point : points) trg.Ligne(LigneDePointTrg(point.nom, point.parts, point.intitule));
 }
 
 void Enregistrer(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier,
                  const std::string& nouveau, bool enTriangle) {
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
   if (enTriangle) {
-    EcrireTrg(sorties.Ouvrir(nouveau + ".TRG", Nature::Refaisable), tableau, entier, nouveau);
+    EcrireTrg(sorties.Ouvrir(nouveau + ".TRG", Nature::Refaisable), entier, PointsDe(tableau, entier), nouveau);
   } else {
     EcrireBrt(sorties.Ouvrir(nouveau + ".BRT", Nature::Refaisable), tableau, entier);
     EcrireMod(sorties.Ouvrir(nouveau + ".MOD", Nature::Unique), tableau, entier, nouveau);
@@ -139,7 +151,7 @@ void Enregistrer(const Contexte& contexte, const Tableau& tableau, const Tableau
 // What the new table does not keep.
 void PrevenirDesPertes(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier, bool enTriangle) {
   if (enTriangle) {
-    if (entier.noms.size() > kSommets)
+    if (entier.noms.size() > kSommetsTrg)
       Prevenir(contexte,
                Joindre({"Le graphique triangulaire n'a que les 3 premières des "_w, Nombre(entier.noms.size()),
                         " lignes du tableau : leurs pourcentages sont ceux de ces 3 lignes"}));
@@ -170,7 +182,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   const TableauEntier entier = LireEntier(tableau);
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
-  EcrireReserves(rapport, tableau, entier);
+  ImprimerReserves(rapport, tableau, entier);
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne();
@@ -185,7 +197,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
 Fin Inverser(const Contexte& contexte, const OptionsInversion& options) {
   const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (!nouveau) return Fin::Arret;
-  const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  const Fin fin = ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                                     [&](Rapport& rapport) { InverserTableau(rapport, contexte, options, *nouveau); });
   if (fin == Fin::Normale && options.nouveau != nullptr) *options.nouveau = *nouveau;
   return fin;

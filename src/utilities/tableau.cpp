@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/coherence.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
@@ -11,8 +12,8 @@ namespace quelvar::utilities {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
-constexpr std::size_t kLargeurIntitule = 25;
+constexpr std::size_t kLargeurNom = kLargeurDeModalite;
+constexpr std::size_t kLargeurIntitule = kIntituleDeModaliteAuPlus;
 
 std::int64_t CompterRangees(const Chemin& brt) {
   std::int64_t lues = 0;
@@ -40,8 +41,8 @@ void CellulesAPart::Noter(std::int64_t ligne, std::size_t colonne, std::string_v
       {"la première à la ligne "_w, Nombre(ligne), ", colonne ", Nombre(colonne), " ("_w, Rogner(cellule), ")"});
 }
 
-void CellulesAPart::Ecrire(Rapport& rapport, Texte sorte) const {
-  if (nombre > 0) rapport.Ligne({kAttention, "cellules ", sorte, " :", NombreNu(nombre), premiere});
+void CellulesAPart::Dire(Texte sorte, std::vector<std::string>& remarques) const {
+  if (nombre > 0) remarques.push_back(Joindre({kAttention, "cellules ", sorte, " :", NombreNu(nombre), premiere}));
 }
 
 void CellulesSansNombre::Voir(const LigneDeTableau& ligne) {
@@ -51,11 +52,14 @@ void CellulesSansNombre::Voir(const LigneDeTableau& ligne) {
       textes_.Noter(ligne.rang, j + 1, ligne.cellules[j]);
 }
 
-void CellulesSansNombre::Ecrire(Rapport& rapport) const {
-  textes_.Ecrire(rapport, "qui ne sont pas des nombres, lues jusqu'au premier signe de trop ou comptées pour 0"_w);
+std::vector<std::string> CellulesSansNombre::Remarques() const {
+  std::vector<std::string> remarques;
+  textes_.Dire("qui ne sont pas des nombres, lues jusqu'au premier signe de trop ou comptées pour 0"_w, remarques);
   if (courtes_ > 0)
-    rapport.Ligne({kAttention, "lignes plus courtes que leurs cellules, dont ce qui manque compte pour 0 :"_w,
-                   NombreNu(courtes_), "la première est la ligne "_w, Nombre(premiereCourte_)});
+    remarques.push_back(
+        Joindre({kAttention, "lignes plus courtes que leurs cellules, dont ce qui manque compte pour 0 :"_w,
+                 NombreNu(courtes_), "la première est la ligne "_w, Nombre(premiereCourte_)}));
+  return remarques;
 }
 
 void ExigerTableau(Rapport& rapport, const Contexte& contexte) {

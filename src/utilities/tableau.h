@@ -38,8 +38,8 @@ struct CellulesAPart {
   std::string premiere;
 
   void Noter(std::int64_t ligne, std::size_t colonne, std::string_view cellule);
-  // A counted line of the report; none without such cells.
-  void Ecrire(Rapport& rapport, Texte sorte) const;
+  // Adds the line that tells them with their count; none without such cells.
+  void Dire(Texte sorte, std::vector<std::string>& remarques) const;
 };
 
 // Writes what is missing and stops the run (kArretAnnonce).
@@ -67,7 +67,8 @@ void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
 class CellulesSansNombre {
  public:
   void Voir(const LigneDeTableau& ligne);
-  void Ecrire(Rapport& rapport) const;
+  // A line for each sort of them.
+  std::vector<std::string> Remarques() const;
 
  private:
   CellulesAPart textes_;

@@ -51,14 +51,14 @@ ChampDeTri ChampTape(const OptionsTriFichier& options) {
   return {Entier64(ValeurDe(options.position)), Entier64(ValeurDe(options.largeur)), options.sens};
 }
 
-void EcrireEnTete(Rapport& rapport, const OptionsTriFichier& options) {
+void ImprimerEnTete(Rapport& rapport, const OptionsTriFichier& options) {
   EcrireBandeau(rapport, "Tri de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, options.fichierA});
   rapport.Ligne({"Le nom du fichier trié est "_w, options.fichierC});
 }
 
-void EcrireCompte(Rapport& rapport, const OptionsTriFichier& options, const ChampDeTri& champ,
-                  const Longueurs& longueurs) {
+void ImprimerCompte(Rapport& rapport, const OptionsTriFichier& options, const ChampDeTri& champ,
+                    const Longueurs& longueurs) {
   if (champ.position == 0) {
     rapport.Ligne("Aucun tri n'est fait");
   } else {
@@ -104,7 +104,7 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
     contexte.Ecran().biper();
     throw Erreur(kArretAnnonce);
   }
-  EcrireEnTete(rapport, options);
+  ImprimerEnTete(rapport, options);
   const ChampDeTri champ = ChampTape(options);
   if (champ.position != 0 && champ.largeur > static_cast<std::int64_t>(kLargeurCle))
     contexte.Ecran().demander(
@@ -119,7 +119,7 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
   Remplacement resultat(contexte.repertoire, options.fichierC);
   const Longueurs longueurs = EcrireLignes(resultat.Fichier(), lignes, ordre, options.rogner);
   resultat.Achever();
-  EcrireCompte(rapport, options, champ, longueurs);
+  ImprimerCompte(rapport, options, champ, longueurs);
   resultat.Valider();
 }
 
@@ -194,7 +194,7 @@ Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options) {
 }
 
 Fin TriDesUtilitaires(const Contexte& contexte, const OptionsTriFichier& options) {
-  return TrierFichier(contexte, options, Libelles());
+  return TrierFichier(contexte, options, LibellesSansTexte());
 }
 
 }  // namespace quelvar::utilities

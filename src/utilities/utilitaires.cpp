@@ -10,13 +10,6 @@ std::string NomDuRapport(const Contexte& contexte) {
   return contexte.generique.empty() ? std::string("$$$.prt") : contexte.Nom(".prt");
 }
 
-LibellesErreur Libelles() {
-  LibellesErreur libelles;
-  libelles.numero = " notez le numéro suivant : ERREUR NUMERO ="_w;
-  libelles.avecTexte = false;
-  return libelles;
-}
-
 std::string NomAffiche(std::string_view fichier) { return TexteDe(CheminDe(fichier).filename()); }
 
 Entree ChercherEntree(const Contexte& contexte, std::string_view fichier) {

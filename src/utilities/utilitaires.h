@@ -1,5 +1,5 @@
 // What the programs of the form Utilitaires share: files A, B and C as the user names them, the report, the missing
-// inputs and the words of an unexpected error.
+// inputs.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,13 @@
 #include <string>
 #include <string_view>
 
+#include "core/programme/libelles.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::utilities {
 
 // Report of the utilities: generic and ".prt", or the report that is deleted once shown.
 std::string NomDuRapport(const Contexte& contexte);
-
-// The words of an unexpected error, the same for every utility.
-LibellesErreur Libelles();
 
 // Last component of a file name, as reports print it.
 std::string NomAffiche(std::string_view fichier);

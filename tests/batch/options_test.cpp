@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <random>
 
@@ -65,7 +66,10 @@ std::string Valeur(Hasard& hasard, const std::string& programme, const Option& o
     case Option::Genre::Mots: return Parmi(hasard, option.mots);
     case Option::Genre::Entier:
       return Nombre(std::uniform_int_distribution<int>(option.minimum, option.maximum)(hasard));
-    case Option::Genre::Reel: return Parmi(hasard, {"0", "-1.5", "0.1", "1e-7", "90", "123456789.25"});
+    case Option::Genre::Reel:
+      if (std::isfinite(option.plusPetit) && std::isfinite(option.plusGrand))
+        return EcrireReel(std::uniform_real_distribution<double>(option.plusPetit, option.plusGrand)(hasard));
+      return Parmi(hasard, {"0", "-1.5", "0.1", "1e-7", "90", "123456789.25"});
     case Option::Genre::Texte: return Parmi(hasard, {"", "A.DAT", "un nom 'long'", "a=b", "\xE9t\xE9"});
     case Option::Genre::Noms: return Parmi(hasard, {"", "SEX", "SEX,AGE", "*", " A,B,"});
     case Option::Genre::Libre: break;

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "capture/nomscourts.h"
-#include "capture/tableur.h"
+#include "capture/tableur/cellules.h"
 #include "support/programme.h"
 
 using namespace quelvar::capture;

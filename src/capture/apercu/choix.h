@@ -8,6 +8,7 @@
 
 #include "capture/apercu/faits.h"
 #include "capture/nomscourts.h"
+#include "core/enquete/posfile.h"
 
 namespace quelvar::capture {
 
@@ -26,13 +27,10 @@ enum class Genre {
 enum class Ordre { Alphabetique, Frequence, Donne };
 
 // Classes of numbers: no more than there are codes of one character, "1" to "9" and "A" to "Z".
-inline constexpr int kClassesAuPlus = 35;
+inline constexpr int kClassesAuPlus = kPremierCodeDouble - 1;
 // Equal groups of them.
 inline constexpr int kGroupesAuMoins = 2;
 inline constexpr int kGroupesAuPlus = kClassesAuPlus;
-
-// The code-max of a question of three columns, "L3" in .POS.
-inline constexpr int kTroisPositions = 999;
 
 struct ChoixDeColonne {
   std::string intitule;  // of the column, as FaitsDeColonne has it
@@ -56,7 +54,7 @@ struct ChoixDeColonne {
 
   std::string libelle{};  // of the question, where it is not the title
   // Codes: the code-max that the question has at least; Alphabetique: the columns of its field.
-  // kTroisPositions for "L3".
+  // kCodeMaxL3 for "L3".
   int codeMax = 0;
   bool aDroite = false;  // Alphabetique: the texts end with their field
 

@@ -10,6 +10,7 @@
 
 #include "capture/apercu/lecture.h"
 #include "capture/apercu/octets/cellule.h"
+#include "core/enquete/posfile.h"
 
 namespace quelvar::capture {
 
@@ -26,8 +27,9 @@ enum class Contenu {
   Melange,  // codes or numbers among which some cells are none: `fautives`
 };
 
-inline constexpr std::size_t kTextesCourts = 30;
-inline constexpr std::size_t kLongueurCourte = 40;
+inline constexpr std::size_t kTextesCourts = 30;       // a longer list is no closed question
+inline constexpr std::size_t kLongueurCourte = 40;     // a longer answer was written, not chosen
+inline constexpr int kPlusGrandCode = kCodeMaxL3;      // three digits, the widest field of a question of codes
 inline constexpr std::size_t kFautivesGardees = 1000;  // faulty cells kept for one column
 
 struct CelluleFautive {
@@ -51,7 +53,7 @@ struct FaitsDeColonne {
   Contenu contenu = Contenu::Vide;
   std::int64_t remplies = 0;
   std::int64_t vides = 0;
-  std::int64_t differentes = 0;  // different values; at most kDifferentesAuPlus are told apart
+  std::int64_t differentes = 0;  // different values; beyond kCondensesAuPlus no more are counted
   std::int64_t fautes = 0;       // faulty cells; the first ones are in `fautives`
   std::vector<CelluleFautive> fautives;
   // All different cells, numbers among them, in alphabetic order (numbers by size first); empty beyond kValeursGardees.
@@ -65,7 +67,7 @@ struct FaitsDeColonne {
   std::vector<TexteConfondu> confondus;  // of its cells, or of their answers
   std::int64_t habillees = 0;            // cells written ="01" or '01
   std::string exempleHabille;
-  int decimales = 0;                // most digits behind it
+  int decimales = 0;                // most digits behind their decimal sign
   double minimum = 0, maximum = 0;  // of its numbers
   std::int64_t negatives = 0;       // numbers below 0
   std::size_t largeur = 0;          // of the longest cell
@@ -78,14 +80,9 @@ struct FaitsDeColonne {
   bool decimaleDonnee = false;      // the user has laid down the decimal sign
 };
 inline constexpr std::size_t kValeursGardees = 1000;
-inline constexpr std::int64_t kDifferentesAuPlus = 100000;
 inline constexpr std::string_view kNonReponse = "nr";
 inline constexpr std::string_view kTitreDeColonne = "Colonne ";  // and its number, in a table without titles
 inline constexpr std::string_view kTitreNumero = "NUM";          // of a first column that numbers the individuals
-
-// Alphabetic order as a French reader expects it: case and accents count only between texts equal without them;
-// numbers come first, by size.
-bool AvantParOrdre(std::string_view a, std::string_view b);
 
 // A row that has more cells, or fewer, than there are titles.
 struct LigneIrreguliere {
@@ -119,7 +116,7 @@ std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& l
 // keeps nothing.
 std::optional<std::int64_t> CompterIndividus(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {});
 
-// "codes", "numbers with decimals"... as the preview shows it (French, code page).
+// "codes", "liste courte de textes"... as the preview shows it (code page).
 std::string_view NomContenu(Contenu contenu);
 
 }  // namespace quelvar::capture

@@ -44,7 +44,7 @@ std::string EcrireLigne(const ChoixDeColonne& choix) {
     ligne.append(1, ';').append(nom).append(1, '=').append(valeur);
   };
   if (!choix.libelle.empty()) parametre("intitule", Protege(choix.libelle));
-  if (choix.codeMax > 0) parametre("codemax", choix.codeMax == kTroisPositions ? "L3" : Nombre(choix.codeMax));
+  if (choix.codeMax > 0) parametre("codemax", choix.codeMax == kCodeMaxL3 ? "L3" : Nombre(choix.codeMax));
   if (choix.aDroite) parametre("cadrage", "droite");
   if (choix.genre == Genre::Codes && !choix.textes.empty()) parametre("textes", Liste(choix.textes));
   if (choix.genre == Genre::Textes) {
@@ -159,9 +159,9 @@ void LireParametre(Analyse& analyse, ChoixDeColonne& choix) {
   } else if (nom == "intitule") {
     choix.libelle = premiere;
   } else if (nom == "codemax") {
-    const double codeMax = EgalSansCasse(premiere, "L3") ? kTroisPositions : NombreDe(analyse, premiere);
+    const double codeMax = EgalSansCasse(premiere, "L3") ? kCodeMaxL3 : NombreDe(analyse, premiere);
     const bool ecrit = codeMax >= 1 && codeMax <= kCodeMaxEcrit && codeMax == ArrondirPair(codeMax);
-    if (!ecrit && codeMax != kTroisPositions) analyse.Refuser("codemax= va de 1 à 99, ou L3"_w);
+    if (!ecrit && codeMax != kCodeMaxL3) analyse.Refuser("codemax= va de 1 à 99, ou L3"_w);
     choix.codeMax = static_cast<int>(codeMax);
   } else if (nom == "cadrage") {
     if (premiere != "droite" && premiere != "gauche") analyse.Refuser("cadrage= est gauche ou droite");

@@ -1,7 +1,6 @@
 #include "capture/apercu/import.h"
 
 #include <algorithm>
-#include <system_error>
 
 #include "capture/apercu/apercu.h"
 #include "capture/apercu/choix/refus.h"
@@ -16,6 +15,7 @@
 #include "capture/colonnes/compterendu.h"
 #include "capture/dbase/import.h"
 #include "capture/fichiers.h"
+#include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/session/generique_libre.h"
 #include "core/texte/nombres.h"
@@ -27,18 +27,13 @@ namespace {
 constexpr std::string_view kRienNeChange = "Arrêt du programme : rien n'est importé, les anciens fichiers restent"_w;
 
 struct Fichiers {
-  Chemin source;
+  std::optional<Chemin> source;
   std::string nomSource;
   std::optional<Chemin> pos;
   std::optional<Chemin> mod;
   bool datPresent = false;
   bool dejaImporte = false;  // choices or a source of that name are there
 };
-
-bool MemeFichier(const Chemin& a, const Chemin& b) {
-  std::error_code inconnu;
-  return std::filesystem::equivalent(a, b, inconnu);
-}
 
 std::optional<Chemin> ChercherSource(const Contexte& contexte, const OptionsImport& options) {
   if (!options.fichier.empty()) return ChercherFichier(contexte.repertoire, options.fichier);
@@ -51,27 +46,21 @@ std::string NomDeSource(const Contexte& contexte, const OptionsImport& options) 
   return contexte.Nom(contexte.Chercher(".CSV") ? ".CSV" : ".TXT");
 }
 
-// Stops the run when there is no source.
-Fichiers TrouverFichiers(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
-  const std::optional<Chemin> source = ChercherSource(contexte, options);
+Fichiers TrouverFichiers(const Contexte& contexte, const OptionsImport& options) {
   Fichiers fichiers;
+  fichiers.source = ChercherSource(contexte, options);
   fichiers.nomSource = NomDeSource(contexte, options);
-  fichiers.pos = ChercherPos(contexte);
+  fichiers.pos = ChercherPos(contexte.repertoire, contexte.Nom(".POS"));
   fichiers.mod = contexte.Chercher(".MOD");
   fichiers.datPresent = contexte.Chercher(".DAT").has_value();
   fichiers.dejaImporte = contexte.Chercher(".IMC") || contexte.Chercher(".CSV") || contexte.Chercher(".TXT");
-  if (!source) {
-    EcrireBandeau(rapport, "Compte rendu d'importation de données en CSV"_w);
-    EcrirePresence(rapport, contexte, fichiers.nomSource, {false, fichiers.datPresent, fichiers.pos.has_value()});
-  }
-  fichiers.source = *source;
   return fichiers;
 }
 
 // Asks before a file that is not the source is written over.
 void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::string& nom, Boutons boutons) {
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
-  if (!ancien || MemeFichier(*ancien, fichiers.source)) return;
+  if (!ancien || MemeFichier(*ancien, *fichiers.source)) return;
   const std::string question = Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
   if (contexte.Ecran().demander(question, boutons) != Reponse::Oui)
     throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
@@ -82,8 +71,8 @@ bool EstRefaite(const Contexte& contexte, const OptionsImport& options, const Fi
                 const SourceDeTable& source, const Reconnaissance& table) {
   const std::optional<Chemin> csv = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
-  if (options.fichier.empty() || (texte && MemeFichier(*texte, fichiers.source))) return true;
-  if (csv && (MemeFichier(*csv, fichiers.source) || MemesOctets(*csv, source.Texte()))) return true;
+  if (options.fichier.empty() || (texte && MemeFichier(*texte, *fichiers.source))) return true;
+  if (csv && (MemeFichier(*csv, *fichiers.source) || MemesOctets(*csv, source.Texte()))) return true;
   const std::optional<Chemin> choix = contexte.Chercher(".IMC");
   if (!choix) return false;
   try {
@@ -143,9 +132,9 @@ void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const Sour
   const std::string nom = contexte.Nom(".CSV");
   const std::optional<Chemin> ancien = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
-  if (ancien && MemeFichier(*ancien, fichiers.source)) return;
+  if (ancien && MemeFichier(*ancien, *fichiers.source)) return;
   // The texts take the place of the .TXT: what was read of it stays as .CSV.
-  if (texte && MemeFichier(*texte, fichiers.source) && plan.longues.empty()) return;
+  if (texte && MemeFichier(*texte, *fichiers.source) && plan.longues.empty()) return;
   if (ancien && !MemesOctets(*ancien, source.Texte())) Sauvegarder(sorties, *ancien, TexteDe(ancien->filename()));
   sorties.Copier(source.Texte(), nom, Nature::Refaisable);
 }
@@ -164,7 +153,7 @@ std::vector<ChoixDeColonne> ChoixFaits(std::vector<ChoixDeColonne> choix, const 
 void SauvegarderMod(Rapport& rapport, const Contexte& contexte, const std::string& nom, JeuDeFichiers& sorties) {
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
   if (!ancien) return;
-  EcrireEtat(rapport, nom, " existe déjà"_w);
+  ImprimerEtat(rapport, nom, " existe déjà"_w);
   rapport.Ligne({"Il est sauvegardé sous le nom "_w, CopierSousLeNomUsuel(sorties, *ancien, nom)});
 }
 
@@ -174,7 +163,7 @@ void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, std::string_vie
   std::vector<std::string> lignes = RefusDeTable(table.faits);
   for (const std::string& refus : RefusDesTextes(table.choix, table.faits.colonnes)) lignes.push_back(refus);
   if (lignes.empty() && bilan.refus == 0) return;
-  EcrireLecture(rapport, nom, source, table);
+  ImprimerLecture(rapport, nom, source, table);
   rapport.Ligne();
   rapport.Lignes(lignes);
   rapport.Lignes(RefusDesCellules(bilan, table.faits, table.choix));
@@ -205,25 +194,28 @@ void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Op
   EcrireChoix(rapport, contexte, options, EcrireImc(ChoixFaits(table.choix, plan)), sorties.jeu);
 }
 
-void EcrireColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table,
-                               const Plan& plan, const Bilan& bilan, const IntitulesPerdus& perdus) {
-  EcrireColonnes(rapport, plan.colonnes, table.faits.colonnes.size(), false);
-  EcrireDevenir(rapport, table.choix, table.faits, plan, bilan);
+void ImprimerColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table,
+                                 const Plan& plan, const Bilan& bilan, const IntitulesPerdus& perdus) {
+  ImprimerColonnes(rapport, plan.colonnes, table.faits.colonnes.size(), false);
+  ImprimerDevenir(rapport, table.choix, table.faits, plan, bilan);
   std::vector<std::string> remarques = RemarquesDeTable(table.faits);
   for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) remarques.push_back(remarque);
   for (const std::string& remarque : RemarquesDEcriture(table.choix, table.faits)) remarques.push_back(remarque);
   RemarquerNoms(remarques, plan.colonnes, plan.nomsChanges);
   for (const std::string& remarque : RemarquesDeSorties(contexte, plan, bilan, perdus)) remarques.push_back(remarque);
-  EcrireRemarques(rapport, remarques);
+  ImprimerRemarques(rapport, remarques);
 }
 
 void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
-  const Fichiers fichiers = TrouverFichiers(rapport, contexte, options);
-  EcrireBandeau(rapport, fichiers.nomSource == contexte.Nom(".TXT") ? "Compte rendu d'importation de données en TXT"_w
-                                                                    : "Compte rendu d'importation de données en CSV"_w);
+  const Fichiers fichiers = TrouverFichiers(contexte, options);
+  const bool deTxt = fichiers.source && fichiers.nomSource == contexte.Nom(".TXT");
+  EcrireBandeau(rapport, deTxt ? "Compte rendu d'importation de données en TXT"_w
+                               : "Compte rendu d'importation de données en CSV"_w);
+  if (!fichiers.source)
+    ImprimerPresence(rapport, contexte, fichiers.nomSource, {false, fichiers.datPresent, fichiers.pos.has_value()});
   const auto ouverte =
       options.ouverte ? options.ouverte
-                      : std::make_shared<const SourceDeTable>(fichiers.source, options.feuille, contexte.repertoire);
+                      : std::make_shared<const SourceDeTable>(*fichiers.source, options.feuille, contexte.repertoire);
   const SourceDeTable& source = *ouverte;
   const auto accepter = [&](const Reconnaissance& lue, const Plan& prevu) {
     ExigerLeGenerique(contexte, options, fichiers, source, lue);
@@ -238,16 +230,16 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
                  Joindre({"*** Arrêt du programme : aucune colonne ne donne de question, de nombre "
                           "ni de texte. Vérifiez la lecture ("_w,
                           DireLecture(source, table.lecture), "), ou dites ce que deviennent les colonnes."}));
-  if (fichiers.pos) SauvegarderPos(rapport, contexte, false, *fichiers.pos, sorties->jeu);
-  EcrirePresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
+  if (fichiers.pos) SauvegarderAncien(rapport, contexte.Nom(".POS"), *fichiers.pos, sorties->jeu);
+  ImprimerPresence(rapport, contexte, fichiers.nomSource, {true, fichiers.datPresent, fichiers.pos.has_value()});
   GarderLesDonnees(rapport, contexte, fichiers, sorties->jeu);
   IntitulesPerdus perdus;
   EcrireLesDictionnaires(rapport, contexte, options, fichiers, plan, table, *sorties, perdus);
   CopierSource(contexte, fichiers, source, plan, sorties->jeu);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-  EcrireLecture(rapport, fichiers.nomSource, source, table);
-  EcrireColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);
-  EcrireVerification(rapport, table.faits.individus, bilan.premieres, false);
+  ImprimerLecture(rapport, fichiers.nomSource, source, table);
+  ImprimerColonnesEtRemarques(rapport, contexte, table, plan, bilan, perdus);
+  ImprimerVerification(rapport, table.faits.individus, bilan.premieres, false);
   sorties->jeu.Valider();
 }
 
@@ -271,7 +263,7 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
   return ImportDbf(contexte, {});
 }
 
-void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
+void ImprimerApercu(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
   const std::optional<Chemin> fichier = ChercherSource(contexte, options);
   ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), fichier.has_value()}}, kArretAbsence);
   if (GenreDe(*fichier) == GenreDeSource::DBase)
@@ -282,8 +274,8 @@ void EcrireApercu(Rapport& rapport, const Contexte& contexte, const OptionsImpor
                           NomDeSource(contexte, options), ")"}));
   const SourceDeTable source(*fichier, options.feuille, contexte.repertoire);
   const Reconnaissance table = Reconnaitre(contexte, source, options);
-  EcrireLecture(rapport, NomDeSource(contexte, options), source, table);
-  EcrireTableDesColonnes(rapport, table);
+  ImprimerLecture(rapport, NomDeSource(contexte, options), source, table);
+  ImprimerTableDesColonnes(rapport, table);
   rapport.Lignes(RemarquesDeTable(table.faits));
   rapport.Lignes(RemarquesDesNegatives(table.choix, table.faits));
   rapport.Lignes(RemarquesDEcriture(table.choix, table.faits));
@@ -305,7 +297,7 @@ Fin Importer(const Contexte& contexte, const OptionsImport& options) {
 
 Fin MontrerApercu(const Contexte& contexte, const OptionsImport& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{},
-                           [&](Rapport& rapport) { EcrireApercu(rapport, contexte, options); });
+                           [&](Rapport& rapport) { ImprimerApercu(rapport, contexte, options); });
 }
 
 }  // namespace quelvar::capture

@@ -44,9 +44,6 @@ Echantillon Prelever(const Chemin& source, const Lecture& lecture) {
   return echantillon;
 }
 
-// Cells of a row up to the last one that is filled, or up to the titles' number when only separators follow.
-std::size_t Longueur(const std::vector<std::string>& rangee) { return rangee.size(); }
-
 // How well a sign separates: the share of rows that have the most frequent length, and which row may be the titles.
 struct Essai {
   char separateur = ';';
@@ -61,19 +58,19 @@ bool SansNombre(const std::vector<std::string>& rangee) {
 Essai Essayer(char separateur, const Rangees& rangees) {
   std::map<std::size_t, std::size_t> nombres;
   for (const auto& rangee : rangees)
-    if (Longueur(rangee) > 1) ++nombres[Longueur(rangee)];
+    if (rangee.size() > 1) ++nombres[rangee.size()];
   if (nombres.empty()) return {};
   const auto frequent =
       std::ranges::max_element(nombres, [](const auto& a, const auto& b) { return a.second <= b.second && a != b; });
   const double part = static_cast<double>(frequent->second) / static_cast<double>(rangees.size());
-  if (Longueur(rangees.front()) >= frequent->first) return {separateur, 1 + part, 0};
-  if (Longueur(rangees.front()) > 1) return {separateur, part, 0};
+  if (rangees.front().size() >= frequent->first) return {separateur, 1 + part, 0};
+  if (rangees.front().size() > 1) return {separateur, part, 0};
   // One cell alone in front: a heading of the whole file, if titles stand behind it.
   for (std::size_t k = 1; k < std::min(rangees.size(), kLignesAvant); ++k) {
-    if (Longueur(rangees[k]) == 1) continue;
+    if (rangees[k].size() == 1) continue;
     const bool regulier =
         part * static_cast<double>(rangees.size()) >= kPresque * static_cast<double>(rangees.size() - k);
-    if (Longueur(rangees[k]) == frequent->first && regulier && SansNombre(rangees[k])) return {separateur, part, k};
+    if (rangees[k].size() == frequent->first && regulier && SansNombre(rangees[k])) return {separateur, part, k};
     break;
   }
   return {};

@@ -14,6 +14,7 @@ Description<OptionsImport> Decrire(std::string nom, std::string_view resume, std
       .Defaut("ce qui est proposé"_w)
       .Texte("feuille", &O::feuille, "NOM|N", "feuille d'un classeur")
       .Defaut("la première"_w)
+      .Montre("ComboFeuille")
       .Choix(
           "encodage", [](auto& o) -> auto& { return o.lecture.encodage; },
           {{"utf-8", Encodage::Utf8},
@@ -24,20 +25,25 @@ Description<OptionsImport> Decrire(std::string nom, std::string_view resume, std
            {"cp850", Encodage::Cp850}},
           "encodage des caractères"_w)
       .Defaut("ce que montre le fichier")
+      .Montre("ComboEncodage")
       .Choix(
           "separateur", [](auto& o) -> auto& { return o.lecture.separateur; },
           {{"point-virgule", ';'}, {"virgule", ','}, {"tabulation", '\t'}, {"barre", '|'}}, "signe entre les cellules")
       .Defaut("ce que montre le fichier")
+      .Montre("ComboSeparateur")
       .Choix(
           "decimale", [](auto& o) -> auto& { return o.lecture.decimale; }, {{"virgule", ','}, {"point", '.'}},
           "signe décimal des nombres"_w)
       .Defaut("ce que montre le fichier")
+      .Montre("ComboDecimale")
       .OuiNon(
           "guillemets", [](auto& o) -> auto& { return o.lecture.guillemets; }, "un guillemet ouvre une cellule")
       .Defaut("oui")
+      .Montre("CheckGuillemets")
       .OuiNon(
           "titres", [](auto& o) -> auto& { return o.lecture.titres; }, "la première ligne donne les intitulés"_w)
-      .Defaut("ce que montre le fichier");
+      .Defaut("ce que montre le fichier")
+      .Montre("CheckTitres");
 }
 
 }  // namespace

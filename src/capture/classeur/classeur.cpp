@@ -115,7 +115,7 @@ bool EstBlanche(std::string_view cellule) {
 // The rows that hold something.
 std::int64_t EcrireUneFeuille(const Ouvert& ouvert, std::size_t rang, const Chemin& csv) {
   Ecrivain ecrivain(csv);
-  std::string ligne = "\xEF\xBB\xBF";
+  std::string ligne(kMarqueUtf8);
   std::int64_t remplies = 0;
   std::size_t largeur = 0;
   LireLaFeuille(ouvert, rang, [&](std::span<const std::string> cellules) {

@@ -5,15 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "capture/tableur.h"
+#include "capture/tableur/codes.h"
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {
 
 // What a report shows for a column without a title.
 inline constexpr std::string_view kSansIntitule = "pas d'intitulé"_w;
-
-inline constexpr std::size_t kPositionMaximale = 9999;  // last column that .POS can tell
 
 struct ColonneImportee {
   std::string intitule;
@@ -30,7 +29,7 @@ struct ColonneImportee {
   bool aDroite = false;         // its texts end with their field
 
   bool EstEtroite() const { return largeur > 0 && largeur <= kLargeurCodes && !telle && !alphabetique; }
-  bool HorsDePortee() const { return position > kPositionMaximale; }
+  bool HorsDePortee() const { return position > std::size_t{kDernierePosition}; }
   bool DansPos() const { return codeMax > 0 && !numero && !HorsDePortee(); }
 };
 

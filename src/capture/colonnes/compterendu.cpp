@@ -8,44 +8,34 @@
 
 namespace quelvar::capture {
 
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, std::string_view nomSource, const Presence& presence) {
+void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_view nomSource,
+                      const Presence& presence) {
   const std::string dat = contexte.Nom(".DAT");
   const std::string pos = contexte.Nom(".POS");
   const auto existe = [](bool present) -> Texte { return present ? kExiste : kNExistePas; };
-  EcrireEtat(rapport, nomSource, existe(presence.source));
+  ImprimerEtat(rapport, nomSource, existe(presence.source));
   if (!presence.source) {
-    EcrireEtat(rapport, dat, existe(presence.dat));
-    EcrireEtat(rapport, pos, existe(presence.pos));
+    ImprimerEtat(rapport, dat, existe(presence.dat));
+    ImprimerEtat(rapport, pos, existe(presence.pos));
     rapport.Ligne();
     rapport.Ligne(presence.pos || presence.dat ? "Arrêt du programme car il n'y a pas de données"_w
                                                : "Arrêt du programme car aucun fichier n'existe"_w);
     throw Erreur(kArretAnnonce);
   }
   if (presence.dat) {
-    EcrireEtat(rapport, dat, kRemplace);
+    ImprimerEtat(rapport, dat, kRemplace);
   } else if (presence.pos) {
-    EcrireEtat(rapport, dat, kSeraCreeSansAccents);
+    ImprimerEtat(rapport, dat, kSeraCreeSansAccents);
   } else {
-    EcrireEtat(rapport, dat, kSeraCree);
-    EcrireEtat(rapport, pos, kSeraCree);
+    ImprimerEtat(rapport, dat, kSeraCree);
+    ImprimerEtat(rapport, pos, kSeraCree);
     rapport.Ligne();
     rapport.Ligne("Tous les champs du fichier seront examinés"_w);
   }
 }
 
-void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, const Chemin& pos,
-                    JeuDeFichiers& sorties) {
-  const std::string nom = contexte.Nom(".POS");
-  const std::string sauvegarde = NomDeSauvegarde(nom);
-  rapport.Ligne({"Le fichier ", nom, " existe déjà"_w});
-  ConserverSauvegarde(rapport, pos, sauvegarde, sorties);
-  CopierSousLeNomUsuel(sorties, pos, nom);
-  rapport.Ligne(
-      {"Il est sauvegardé sous le nom "_w, sauvegarde, effacee ? " et il est effacé "_w : std::string_view{}});
-}
-
-void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
-                    bool sansIntitules) {
+void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
+                      bool sansIntitules) {
   rapport.Ligne();
   const std::string nombre = NombreNu(nombreDeColonnes);
   if (sansIntitules) {
@@ -82,18 +72,19 @@ void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<Colonn
     remarques.push_back(Joindre({"    ", colonnes[j].nomCourt, " pour la colonne", NumeroEtIntitule(colonnes[j])}));
   const auto loin = std::ranges::find_if(colonnes, &ColonneImportee::HorsDePortee);
   if (loin == colonnes.end()) return;
-  remarques.push_back(Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin->rang),
-                               "la position dépasse 9999, les colonnes restent hors du fichier *.POS"_w}));
+  remarques.push_back(
+      Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin->rang), "la position dépasse "_w,
+               Nombre(kDernierePosition), ", les colonnes restent hors du fichier *.POS"}));
 }
 
-void EcrireRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {
+void ImprimerRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {
   if (remarques.empty()) return;
   rapport.Ligne();
   for (const std::string& remarque : remarques) rapport.Ligne(remarque);
 }
 
-void EcrireVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
-                        bool sansIntitules) {
+void ImprimerVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
+                          bool sansIntitules) {
   rapport.Ligne();
   rapport.Ligne({"Le nombre d'individus est de ", NombreNu(individus)});
   rapport.Ligne();

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "capture/colonnes/colonne.h"
-#include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
 #include "core/programme/report.h"
 
@@ -20,16 +19,11 @@ struct Presence {
   bool dat = false;
   bool pos = false;
 };
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, std::string_view nomSource, const Presence& presence);
-
-// Keeps the former .POS as .PO2 among the outputs, and an older copy that says something else under the first number
-// that is free (.PO3).
-void SauvegarderPos(Rapport& rapport, const Contexte& contexte, bool effacee, const Chemin& pos,
-                    JeuDeFichiers& sorties);
+void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_view nomSource, const Presence& presence);
 
 // The table of the columns, with or without titles.
-void EcrireColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombre,
-                    bool sansIntitules);
+void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombre,
+                      bool sansIntitules);
 // The columns whose names were made different, and those behind the last position that .POS can tell.
 void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<ColonneImportee>& colonnes,
                    const std::vector<std::size_t>& nomsChanges);
@@ -39,9 +33,9 @@ std::string NumeroEtIntitule(const ColonneImportee& colonne);
 std::string RemarqueLignesVides(std::int64_t nombre);
 std::string RemarqueNegatives(std::int64_t nombre, std::size_t rang, std::string_view intitule);
 // The remarks behind an empty line; nothing without any.
-void EcrireRemarques(Rapport& rapport, const std::vector<std::string>& remarques);
+void ImprimerRemarques(Rapport& rapport, const std::vector<std::string>& remarques);
 
-void EcrireVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
-                        bool sansIntitules);
+void ImprimerVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
+                          bool sansIntitules);
 
 }  // namespace quelvar::capture

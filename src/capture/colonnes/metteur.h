@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "capture/colonnes/colonne.h"
-#include "capture/tableur.h"
+#include "capture/tableur/cellules.h"
+#include "capture/tableur/codes.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 
@@ -79,8 +81,6 @@ class MetteurEnColonnes {
     cellule = cellule.substr(0, place.largeur);
     cellule.copy(champ + (place.aGauche ? 0 : place.largeur - cellule.size()), cellule.size());
   }
-
-  static bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 
   std::string_view Code(std::string_view cellule) {
     code_ = ChiffresDuCode(cellule).value_or("0");

@@ -26,26 +26,26 @@ struct Fichiers {
   std::optional<Chemin> pos;
 };
 
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, bool lisible) {
+void ImprimerPresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, bool lisible) {
   const std::string dat = contexte.Nom(".DAT");
   const std::string pos = contexte.Nom(".POS");
   const std::string dbf = contexte.Nom(".DBF");
   if (fichiers.dbf) {
-    EcrireEtat(rapport, dbf, kExiste);
-    EcrireEtatDeSortie(rapport, dat, fichiers.dat.has_value(), lisible);
-    EcrireEtatDeSortie(rapport, pos, fichiers.pos.has_value(), lisible);
+    ImprimerEtat(rapport, dbf, kExiste);
+    ImprimerEtatDeSortie(rapport, dat, fichiers.dat.has_value(), lisible);
+    ImprimerEtatDeSortie(rapport, pos, fichiers.pos.has_value(), lisible);
     rapport.Ligne();
     rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
   } else if (fichiers.dat) {
-    EcrireEtat(rapport, dat, kExiste);
-    EcrireEtat(rapport, pos, fichiers.pos ? kExiste : kSeraCreeSansAccents);
+    ImprimerEtat(rapport, dat, kExiste);
+    ImprimerEtat(rapport, pos, fichiers.pos ? kExiste : kSeraCreeSansAccents);
     rapport.Ligne();
     rapport.Ligne(fichiers.pos ? "Toutes les positions sont examinées selon les largeurs de *.POS"_w
                                : "Toutes les positions sont examinées l'une apres l'autre"_w);
   } else {
-    EcrireEtat(rapport, dbf, kNExistePas);
-    EcrireEtat(rapport, dat, kNExistePas);
-    EcrireEtat(rapport, pos, fichiers.pos ? kExiste : kNExistePas);
+    ImprimerEtat(rapport, dbf, kNExistePas);
+    ImprimerEtat(rapport, dat, kNExistePas);
+    ImprimerEtat(rapport, pos, fichiers.pos ? kExiste : kNExistePas);
     rapport.Ligne();
     rapport.Ligne(fichiers.pos ? "Arrêt du programme car il n'y a pas de données"_w
                                : "Arrêt du programme car aucun fichier n'existe"_w);
@@ -53,7 +53,7 @@ void EcrirePresence(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   }
 }
 
-void EcrireAvis(Rapport& rapport) {
+void ImprimerAvis(Rapport& rapport) {
   rapport.Ligne("   +------------------------------------------------------------+");
   rapport.Ligne("   + Le nom du  champ dBase  est repris uniquement  dans le cas +");
   rapport.Ligne("   + des champs de largeur 1 ou 2. Les autres sont  decoupés en +"_w);
@@ -140,7 +140,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   const std::vector<QuestionComptee> comptees = Assembler(questions, std::move(tris));
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
   ImprimerTris(rapport, comptees, individus);
-  EcrireFinDImport(rapport, contexte.niveau);
+  ImprimerFinDImport(rapport, contexte.niveau);
 
   Remarques remarques;
   RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
@@ -182,7 +182,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
   EcrirePos(pos.Fichier(), contexte, comptees, individus);
   pos.Achever();
   ImprimerTris(rapport, comptees, individus);
-  EcrireFinDImport(rapport, contexte.niveau);
+  ImprimerFinDImport(rapport, contexte.niveau);
   Remarques remarques;
   RemarquerQuestions(remarques, questions, {}, longueur);
   MontrerRemarques(contexte.Ecran(), remarques);
@@ -216,14 +216,15 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
                         static_cast<std::size_t>(question.largeur), std::move(tris[i])});
   }
   ImprimerTris(rapport, comptees, individus);
-  EcrireFinDImport(rapport, contexte.niveau);
+  ImprimerFinDImport(rapport, contexte.niveau);
   Remarques remarques;
   RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
   MontrerRemarques(contexte.Ecran(), remarques);
 }
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
-  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"), ChercherPos(contexte)};
+  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"),
+                          ChercherPos(contexte.repertoire, contexte.Nom(".POS"))};
   EnteteDbf entete;
   std::optional<Erreur> echec;
   if (fichiers.dbf) echec = EchecDe([&] { entete = LireEnteteDuFichier(*fichiers.dbf); });
@@ -233,8 +234,8 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
     SauvegarderAncien(rapport, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);
     sauvegardes.Valider();
   }
-  EcrirePresence(rapport, contexte, fichiers, !echec && entete.DonneLesEnregistrements());
-  if (fichiers.dbf && contexte.niveau == 1) EcrireAvis(rapport);
+  ImprimerPresence(rapport, contexte, fichiers, !echec && entete.DonneLesEnregistrements());
+  if (fichiers.dbf && contexte.niveau == 1) ImprimerAvis(rapport);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   if (echec) throw *echec;
   if (fichiers.dbf) ImporterChamps(rapport, contexte, fichiers, entete);

@@ -4,37 +4,38 @@
 #include <string_view>
 
 #include "capture/noms.h"
+#include "core/enquete/colonnes.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 
 namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kLargeurDeQuestion = 3;
+constexpr std::size_t kChampLePlusLarge = 3;  // of a question of codes
 
-// A name that ends the list of questions for a reader of .POS.
-bool FinitLaListe(std::string_view nom) {
-  return Rogner(nom).empty() || nom.find("**") != std::string_view::npos || nom.find("$$") != std::string_view::npos;
-}
+bool FinitLaListe(std::string_view nom) { return MarqueDeFin(nom).has_value(); }
 
 char Chiffre(std::size_t valeur) { return static_cast<char>('0' + valeur); }
 
 }  // namespace
 
 std::string NomDePosition(std::size_t position) {
-  if (position < 1000) return {Chiffre(position / 100), Chiffre(position / 10 % 10), Chiffre(position % 10)};
-  return NomAvecLettres(position - 1000, kLargeurDeQuestion);
+  constexpr std::size_t kPremiereEnLettres = 1000;
+  if (position < kPremiereEnLettres)
+    return {Chiffre(position / 100), Chiffre(position / 10 % 10), Chiffre(position % 10)};
+  return NomAvecLettres(position - kPremiereEnLettres, std::size_t{kLargeurDeQuestion});
 }
 
 std::vector<QuestionImportee> QuestionsDesChamps(const std::vector<ChampDbf>& champs) {
   std::vector<QuestionImportee> questions;
   for (const ChampDbf& champ : champs) {
-    if (champ.largeur <= kLargeurDeQuestion) {
-      if (champ.position <= kDernierePosition)
-        questions.push_back({CadreGauche(champ.nom, 3), champ.position, champ.largeur, champ.nom});
+    if (champ.largeur <= kChampLePlusLarge) {
+      if (champ.position <= std::size_t{kDernierePosition})
+        questions.push_back({CadreGauche(champ.nom, kLargeurDeQuestion), champ.position, champ.largeur, champ.nom});
       continue;
     }
-    const std::size_t fin = std::min(champ.position + champ.largeur - 1, kDernierePosition);
+    const std::size_t fin = std::min(champ.position + champ.largeur - 1, std::size_t{kDernierePosition});
     for (std::size_t position = champ.position; position <= fin; ++position)
       questions.push_back({NomDePosition(position), position, 1, {}});
   }
@@ -43,7 +44,7 @@ std::vector<QuestionImportee> QuestionsDesChamps(const std::vector<ChampDbf>& ch
 
 std::vector<QuestionImportee> QuestionsDesPositions(std::size_t longueur) {
   std::vector<QuestionImportee> questions;
-  const std::size_t fin = std::min(longueur, kDernierePosition);
+  const std::size_t fin = std::min(longueur, std::size_t{kDernierePosition});
   for (std::size_t position = 1; position <= fin; ++position)
     questions.push_back({NomDePosition(position), position, 1, {}});
   return questions;

@@ -19,9 +19,7 @@ struct QuestionImportee {
   Champ EnChamp() const { return {static_cast<std::uint32_t>(position - 1), static_cast<std::uint32_t>(largeur)}; }
 };
 
-// The last column that four digits of .POS can tell; what lies behind it does not become a question.
-inline constexpr std::size_t kDernierePosition = 9999;
-
+// What lies behind kDernierePosition does not become a question.
 // A field of one to three columns is a question of its name, a wider one as many questions as it has columns.
 std::vector<QuestionImportee> QuestionsDesChamps(const std::vector<ChampDbf>& champs);
 // One question for each of the first `longueur` columns.

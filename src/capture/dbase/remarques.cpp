@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
@@ -118,7 +119,7 @@ void RemarquerQuestions(Remarques& remarques, const std::vector<QuestionImportee
   std::vector<Renommage> renommages;
   for (const std::size_t i : renommees) renommages.push_back({questions[i].champ, questions[i].nom});
   RemarquerRenommages(remarques, "Noms vides ou en double, remplacés par la position de la question : "_w, renommages);
-  if (longueur > kDernierePosition)
+  if (longueur > std::size_t{kDernierePosition})
     remarques.push_back(Joindre({"Les positions au-delà de "_w, Nombre(kDernierePosition),
                                  " ne sont pas des questions : *.POS ne peut pas les désigner"_w}));
 }

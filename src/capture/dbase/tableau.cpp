@@ -7,6 +7,7 @@
 #include "capture/dbase/remarques.h"
 #include "capture/fichiers.h"
 #include "capture/noms.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
@@ -16,8 +17,6 @@
 namespace quelvar::capture {
 
 namespace {
-
-constexpr int kLargeurNom = 4;
 
 // The table as its header describes it.
 struct Tableau {
@@ -33,22 +32,22 @@ Tableau DecouperTableau(const EnteteDbf& entete) {
   return tableau;
 }
 
-void EcrirePresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool lisible) {
+void ImprimerPresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool lisible) {
   const std::string brt = contexte.Nom(".BRT");
   const std::string mod = contexte.Nom(".MOD");
   const bool brtPresent = contexte.Chercher(".BRT").has_value();
   const bool modPresent = contexte.Chercher(".MOD").has_value();
-  EcrireEtat(rapport, contexte.Nom(".DBF"), dbf ? kExiste : kNExistePas);
+  ImprimerEtat(rapport, contexte.Nom(".DBF"), dbf ? kExiste : kNExistePas);
   if (!dbf) {
-    EcrireEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
-    EcrireEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
+    ImprimerEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
+    ImprimerEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
     rapport.Ligne();
     rapport.Ligne(brtPresent || modPresent ? "Arrêt du programme car il n'y a pas de données"_w
                                            : "Arrêt du programme car aucun fichier n'existe"_w);
     throw Erreur(kArretAnnonce);
   }
-  EcrireEtatDeSortie(rapport, brt, brtPresent, lisible);
-  EcrireEtatDeSortie(rapport, mod, modPresent, lisible);
+  ImprimerEtatDeSortie(rapport, brt, brtPresent, lisible);
+  ImprimerEtatDeSortie(rapport, mod, modPresent, lisible);
   rapport.Ligne();
   rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
 }
@@ -104,7 +103,8 @@ PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, 
 // The name of a row or column that has none of its own: its rank.
 std::string NomDeRang(std::size_t i) {
   constexpr std::size_t kEnChiffres = 9999;
-  return i < kEnChiffres ? CadreGauche(Nombre(i + 1), kLargeurNom) : NomAvecLettres(i - kEnChiffres, kLargeurNom);
+  return i < kEnChiffres ? CadreGauche(Nombre(i + 1), kLargeurDeModalite)
+                         : NomAvecLettres(i - kEnChiffres, kLargeurDeModalite);
 }
 
 // Names in four characters; those that are blank, end a list or are equal take their rank, which `quoi` tells.
@@ -121,7 +121,7 @@ std::vector<std::string> DesignerParRang(std::vector<std::string> noms, std::str
 
 std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remarques) {
   std::vector<std::string> noms;
-  for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurNom));
+  for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurDeModalite));
   return DesignerParRang(std::move(noms), "Colonnes", remarques);
 }
 
@@ -147,7 +147,7 @@ void LireSource(const Chemin& dbf, Lecture& lecture) {
   if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection).Situer(fichier);
   const Tableau& tableau = lecture.tableau = DecouperTableau(entete);
   ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
-    lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurNom));
+    lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurDeModalite));
     for (const ChampDbf& colonne : tableau.colonnes) ExigerNombre(ligne, colonne);
   });
 }
@@ -165,7 +165,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   std::optional<Erreur> echec;
   if (dbf) echec = EchecDe([&] { LireSource(*dbf, lecture); });
   EcrireBandeau(rapport, "Importation de tableau quelconque");
-  EcrirePresence(rapport, contexte, dbf.has_value(), !echec);
+  ImprimerPresence(rapport, contexte, dbf.has_value(), !echec);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   const auto& [entete, taille, lignes, tableau, propres] = lecture;
   if (echec && taille == 0 && echec->Numero() != kArretAnnonce) throw *echec;
@@ -182,7 +182,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, noms);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, colonnes, lignes, tableau.largeur);
-  EcrireFinDImport(rapport, contexte.niveau);
+  ImprimerFinDImport(rapport, contexte.niveau);
   RemarquerDbf(remarques, entete, taille, passage);
   MontrerRemarques(contexte.Ecran(), remarques);
   sorties.Valider();

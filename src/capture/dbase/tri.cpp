@@ -42,8 +42,8 @@ CompteurDeChamps::CompteurDeChamps(std::span<const Champ> champs)
     groupe.rangs.push_back(i);
   }
   un_.effectifs.resize(un_.rangs.size() * kCodesDUnOctet);
-  deux_.effectifs.resize(deux_.rangs.size() * kCodesComptes);
-  trois_.effectifs.resize(trois_.rangs.size() * kCodesComptes);
+  deux_.effectifs.resize(deux_.rangs.size() * kCodesDeDeuxChiffres);
+  trois_.effectifs.resize(trois_.rangs.size() * kCodesDeDeuxChiffres);
   codesMax_.resize(trois_.rangs.size());
 }
 
@@ -60,7 +60,7 @@ void CompteurDeChamps::Compter(const char* ligne) {
     const std::size_t octets =
         static_cast<unsigned char>(ligne[debut]) + 256U * static_cast<unsigned char>(ligne[debut + 1]);
     ++effectifs[std::max<int>(deuxOctets[octets], 0)];
-    effectifs += kCodesComptes;
+    effectifs += kCodesDeDeuxChiffres;
   }
   if (!trois_.debuts.empty()) CompterTrois(ligne);
   ++lignes_;
@@ -86,9 +86,9 @@ void CompteurDeChamps::CompterTrois(const char* ligne) {
       ++impossibles_;
     } else {
       codesMax_[i] = std::max(codesMax_[i], static_cast<int>(valeur));
-      if (valeur > 0 && valeur < static_cast<double>(kCodesComptes)) code = static_cast<std::size_t>(valeur);
+      if (valeur > 0 && valeur < static_cast<double>(kCodesDeDeuxChiffres)) code = static_cast<std::size_t>(valeur);
     }
-    ++trois_.effectifs[i * kCodesComptes + code];
+    ++trois_.effectifs[i * kCodesDeDeuxChiffres + code];
   }
 }
 
@@ -104,8 +104,8 @@ std::vector<TriDeChamp> CompteurDeChamps::Tris() const {
     }
   };
   verser(un_, kCodesDUnOctet);
-  verser(deux_, kCodesComptes);
-  verser(trois_, kCodesComptes);
+  verser(deux_, kCodesDeDeuxChiffres);
+  verser(trois_, kCodesDeDeuxChiffres);
   for (std::size_t i = 0; i < codesMax_.size(); ++i) {
     int& codeMax = tris[trois_.rangs[i]].codeMax;
     codeMax = std::max(codeMax, codesMax_[i]);

@@ -10,8 +10,8 @@
 
 namespace quelvar::capture {
 
-// Codes counted apart; every other value counts as a non-response.
-inline constexpr std::size_t kCodesComptes = 100;
+// Codes counted apart, those of two digits; every other value counts as a non-response.
+inline constexpr std::size_t kCodesDeDeuxChiffres = 100;
 
 struct TriDeChamp {
   std::vector<std::int64_t> effectifs;  // of the codes 0 to 99 that the width can hold

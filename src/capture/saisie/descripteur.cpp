@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
 namespace {
 
-bool SontChiffres(std::string_view texte) {
-  return texte.size() <= 4 && texte.find_first_not_of("0123456789") == std::string_view::npos;
-}
+constexpr std::size_t kChiffresAuPlus = 4;  // more than any code-max or width has
 
 std::string_view RefusDuNombre(std::string_view codeMax, GenreDescription genre) {
-  const int nombre = SontChiffres(codeMax) ? static_cast<int>(ValeurDe(codeMax)) : 0;
+  const int nombre =
+      codeMax.size() <= kChiffresAuPlus && SontChiffres(codeMax) ? static_cast<int>(ValeurDe(codeMax)) : 0;
   if (genre == GenreDescription::NumeriqueCourte)
     return nombre >= 1 && nombre <= kCodeMaxCourt ? std::string_view{} : "Le code max est un nombre de 1 à 99"_w;
   return nombre >= 1 && nombre <= kLargeurAlpha ? std::string_view{} : "La largeur est un nombre de 1 à 20"_w;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::size_t kPage = 10;  // questions that a Page key moves over
 
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 // Every character that the code page prints.
 bool EstImprimable(char c) {
   const auto octet = static_cast<unsigned char>(c);

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "capture/dbase/questions.h"
 #include "capture/fichiers.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -42,7 +42,7 @@ std::string LignesDeQuestions(const Descripteur& descripteur) {
   std::string lignes;
   std::int64_t position = 1;
   for (const DescriptionDeQuestion& description : descripteur.descriptions) {
-    if (static_cast<std::size_t>(position) > kDernierePosition) break;
+    if (position > kDernierePosition) break;
     lignes += LigneDeQuestion(description.nom, position, CodeMaxGenere(description), "\r\n");
     position += description.Largeur();
   }
@@ -55,7 +55,7 @@ FichiersSaisie::FichiersSaisie(const Contexte& contexte, const Descripteur& desc
       questions_(LignesDeQuestions(descripteur)),
       nature_(synchronisation == Synchronisation::Oui ? Nature::Unique : Nature::Refaisable) {
   Revoir();
-  const std::optional<Chemin> pos = ChercherPos(contexte_);
+  const std::optional<Chemin> pos = ChercherPos(contexte_.repertoire, contexte_.Nom(".POS"));
   if (!pos) return;
   const std::string octets = LireOctets(*pos);
   const std::size_t premiere = octets.find('\n');
@@ -102,7 +102,7 @@ void FichiersSaisie::Revoir() {
 // A .POS that tells more than the descriptor is kept once, and the copy of a former one with it.
 void FichiersSaisie::GarderPos(JeuDeFichiers& jeu) const {
   if (!posAGarder_) return;
-  const std::optional<Chemin> pos = ChercherPos(contexte_);
+  const std::optional<Chemin> pos = ChercherPos(contexte_.repertoire, contexte_.Nom(".POS"));
   if (!pos) return;
   ConserverSauvegarde(jeu, *pos, NomDeSauvegarde(contexte_.Nom(".POS")));
   CopierSousLeNomUsuel(jeu, *pos, contexte_.Nom(".POS"));

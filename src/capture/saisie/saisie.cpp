@@ -2,9 +2,10 @@
 
 #include <unordered_set>
 
-#include "capture/dbase/questions.h"
 #include "capture/fichiers.h"
 #include "capture/saisie/touches.h"
+#include "core/enquete/colonnes.h"
+#include "core/enquete/posfile.h"
 #include "core/texte/horspage.h"
 #include "core/texte/nombres.h"
 
@@ -12,16 +13,13 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::string_view kRapport = "$$$.prt";
-
 // The fault of a name whose three first characters would end the list of .POS or hide another question of it.
 void SignalerNoms(Descripteur& descripteur) {
   std::unordered_set<std::string> pris;
   for (const DescriptionDeQuestion& description : descripteur.descriptions) {
-    const std::string court = description.nom.substr(0, 3);
+    const std::string court = description.nom.substr(0, kLargeurDeQuestion);
     std::string_view faute;
-    if (Rogner(court).empty() || court.find("**") != std::string::npos || court.find("$$") != std::string::npos)
-      faute = "*** Attention les 3 premiers caractères du nom arrêtent la liste de *.POS"_w;
+    if (MarqueDeFin(court)) faute = "*** Attention les 3 premiers caractères du nom arrêtent la liste de *.POS"_w;
     else if (!pris.insert(court).second)
       faute = "*** Attention les 3 premiers caractères du nom sont déjà ceux d'une autre question"_w;
     if (faute.empty()) continue;
@@ -34,7 +32,7 @@ void SignalerNoms(Descripteur& descripteur) {
 void SignalerPositions(Descripteur& descripteur) {
   std::size_t position = 1;
   for (const DescriptionDeQuestion& description : descripteur.descriptions) {
-    if (position > kDernierePosition) {
+    if (position > std::size_t{kDernierePosition}) {
       descripteur.fautes.push_back(
           Joindre({"*** Attention cette question et les suivantes sont au-delà de la position "_w,
                    Nombre(kDernierePosition), ", *.POS ne peut pas les désigner Question "_w, description.nom}));
@@ -54,7 +52,7 @@ std::string AnnonceDuPos(const Contexte& contexte) {
        " contient autre chose que ce que donne le descripteur (intitulés, règles) : il sera remplacé au premier "
        "enregistrement et sauvegardé sous le nom "_w,
        sauvegarde});
-  const std::optional<Chemin> ancien = ChercherPos(contexte);
+  const std::optional<Chemin> ancien = ChercherPos(contexte.repertoire, contexte.Nom(".POS"));
   const std::string nom = ancien ? NomPourAncienneSauvegarde(contexte.repertoire, *ancien, sauvegarde) : std::string();
   if (!nom.empty())
     annonce += Joindre({"\r\nL'ancienne sauvegarde ", sauvegarde, " sera conservée sous le nom "_w, nom});
@@ -224,12 +222,13 @@ std::string Revoir(SaisieEnCours& saisie, std::int64_t numero) {
 }
 
 Fin TerminerSaisie(const Contexte& contexte, std::int64_t faits) {
-  return ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) { Finir(rapport, faits); });
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{},
+                           [&](Rapport& rapport) { Finir(rapport, faits); });
 }
 
 Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const LectureDeLigne& lire) {
   bool entiere = false;
-  const Fin fin = ExecuterProgramme(contexte, kRapport, LibellesErreur{}, [&](Rapport& rapport) {
+  const Fin fin = ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     std::optional<SaisieEnCours> saisie =
         CommencerSaisie(contexte, options.synchroniser ? Synchronisation::Oui : Synchronisation::Non);
     ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".DES"), saisie.has_value()}}, kArretAbsence);

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
 namespace {
 
-constexpr int kRepetitions = 10000;
+constexpr int kRepetitionsAuPlus = 10000;  // of one key by "*", so that a slip does not type for hours
 
 struct NomEcrit {
   std::string_view nom;
@@ -40,8 +41,10 @@ std::optional<Touche> TrouverTouche(std::string_view mot) {
   return std::nullopt;
 }
 
-bool SontChiffres(std::string_view texte) {
-  return !texte.empty() && texte.size() <= 9 && texte.find_first_not_of("0123456789") == std::string_view::npos;
+// A count small enough to be read as one.
+bool EstCompte(std::string_view texte) {
+  constexpr std::size_t kChiffresAuPlus = 9;
+  return texte.size() <= kChiffresAuPlus && SontChiffres(texte);
 }
 
 // Takes a text between quotes from the start of `reste`; false when its end is not there.
@@ -61,20 +64,33 @@ bool PrendreMot(std::string_view mot, std::vector<Frappe>& frappes) {
   constexpr std::string_view kEnregistrement = "ENREGISTREMENT=";
   if (mot.size() > kEnregistrement.size() && EgalSansCasse(mot.substr(0, kEnregistrement.size()), kEnregistrement)) {
     const std::string_view numero = mot.substr(kEnregistrement.size());
-    if (!SontChiffres(numero) || ValeurDe(numero) < 1) return false;
+    if (!EstCompte(numero) || ValeurDe(numero) < 1) return false;
     frappes.push_back({{}, static_cast<std::int64_t>(ValeurDe(numero))});
     return true;
   }
   int fois = 1;
   if (const std::size_t etoile = mot.rfind('*'); etoile != std::string_view::npos && etoile > 0) {
     const std::string_view nombre = mot.substr(etoile + 1);
-    if (!SontChiffres(nombre) || ValeurDe(nombre) > kRepetitions) return false;
+    if (!EstCompte(nombre) || ValeurDe(nombre) > kRepetitionsAuPlus) return false;
     fois = static_cast<int>(ValeurDe(nombre));
     mot = mot.substr(0, etoile);
   }
   const std::optional<Touche> touche = TrouverTouche(mot);
   if (touche) frappes.insert(frappes.end(), static_cast<std::size_t>(fois), {*touche, 0});
   return touche.has_value();
+}
+
+// A question that has no answer keeps none.
+void Passer(EtatSaisie& etat, Passage& passage) {
+  const std::vector<std::string> donnees = etat.reponses;
+  while (!etat.SurFin()) Frapper(etat, {NomDeTouche::Bas});
+  for (std::size_t i = 0; i < donnees.size(); ++i) {
+    const DescriptionDeQuestion& question = etat.questions[i];
+    const std::string_view nom = RognerDroite(question.nom);
+    if (donnees[i].empty()) etat.reponses[i].clear();
+    if (passage.recrite.empty() && RognerDroite(etat.reponses[i]) != RognerDroite(donnees[i])) passage.recrite = nom;
+    if (passage.sautee.empty() && etat.sautees[i] != 0 && !EstVide(question, donnees[i])) passage.sautee = nom;
+  }
 }
 
 }  // namespace
@@ -97,23 +113,6 @@ LigneDeTouches LireTouches(std::string_view ligne) {
   }
   return lue;
 }
-
-namespace {
-
-// A question that has no answer keeps none.
-void Passer(EtatSaisie& etat, Passage& passage) {
-  const std::vector<std::string> donnees = etat.reponses;
-  while (!etat.SurFin()) Frapper(etat, {NomDeTouche::Bas});
-  for (std::size_t i = 0; i < donnees.size(); ++i) {
-    const DescriptionDeQuestion& question = etat.questions[i];
-    const std::string_view nom = RognerDroite(question.nom);
-    if (donnees[i].empty()) etat.reponses[i].clear();
-    if (passage.recrite.empty() && RognerDroite(etat.reponses[i]) != RognerDroite(donnees[i])) passage.recrite = nom;
-    if (passage.sautee.empty() && etat.sautees[i] != 0 && !EstVide(question, donnees[i])) passage.sautee = nom;
-  }
-}
-
-}  // namespace
 
 std::string PrendreReponses(EtatSaisie& etat, std::string_view ligne, Passage& passage) {
   const std::size_t donnees =

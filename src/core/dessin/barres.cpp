@@ -15,10 +15,25 @@ constexpr double kTete = 52;  // from the top of a group to its first bar
 constexpr double kPied = 26;
 constexpr double kPas = 14;
 constexpr double kEpaisseur = 8;
-constexpr double kBout = 575;  // where 100 stands
+constexpr double kBout = 575;         // where 100 stands
+constexpr double kZeroAGauche = 245;  // where 0 stands when no bar goes below
+constexpr double kZeroAuMilieu = 410;
 constexpr double kFinDesNoms = 222;
+constexpr double kLigneDuTitre = 22;    // below the top of its group
+constexpr double kLigneDeLegende = 16;  // below the last bar
+constexpr double kDepassement = 6;      // of the lines of the scale above the first bar
+constexpr double kSurLEchelle = 3;      // from these lines up to their numbers
+constexpr double kEcart = 3;            // from the end of a bar to its number
+constexpr double kCorpsDuTitre = 11;
 constexpr double kCorps = 8;
 constexpr double kPetitCorps = 7;
+constexpr double kHalo = 1.5;
+
+constexpr int kPlein = 100;           // percent
+constexpr int kPasDeLEchelle = 50;    // percent
+constexpr double kTeinteSure = 0.75;  // of a bar that is filled
+constexpr double kTraitDuZero = 0.75;
+constexpr double kTraitFin = 0.4;
 
 // Clips a label to the room of the names.
 std::string Tenir(std::string texte, double largeur) {
@@ -33,7 +48,7 @@ struct Echelle {
   double pas;   // points for one percent
   int minimum;  // -100, or 0 when no bar goes below
 
-  double X(int pourCent) const { return zero + pas * std::clamp(pourCent, minimum, 100); }
+  double X(int pourCent) const { return zero + pas * std::clamp(pourCent, minimum, kPlein); }
 };
 
 Echelle EchelleDe(const std::vector<GroupeDeBarres>& groupes) {
@@ -41,18 +56,18 @@ Echelle EchelleDe(const std::vector<GroupeDeBarres>& groupes) {
   const bool deux = std::any_of(groupes.begin(), groupes.end(), [&](const GroupeDeBarres& groupe) {
     return std::any_of(groupe.barres.begin(), groupe.barres.end(), negative);
   });
-  const double zero = deux ? 410 : 245;
-  return {zero, (kBout - zero) / 100, deux ? -100 : 0};
+  const double zero = deux ? kZeroAuMilieu : kZeroAGauche;
+  return {zero, (kBout - zero) / kPlein, deux ? -kPlein : 0};
 }
 
 void TracerEchelle(Dessin& dessin, const Echelle& echelle, double haut, double bas) {
-  for (int pourCent = echelle.minimum; pourCent <= 100; pourCent += 50) {
+  for (int pourCent = echelle.minimum; pourCent <= kPlein; pourCent += kPasDeLEchelle) {
     const double x = echelle.X(pourCent);
-    dessin.Ligne({x, haut - 6}, {x, bas},
+    dessin.Ligne({x, haut - kDepassement}, {x, bas},
                  {.couleur = Couleur::Gris,
-                  .epaisseur = pourCent == 0 ? 0.75 : 0.4,
+                  .epaisseur = pourCent == 0 ? kTraitDuZero : kTraitFin,
                   .style = pourCent == 0 ? StyleTrait::Plein : StyleTrait::Pointilles});
-    dessin.Texte({x, haut - 9}, Nombre(pourCent),
+    dessin.Texte({x, haut - kDepassement - kSurLEchelle}, Nombre(pourCent),
                  {.corps = kPetitCorps, .couleur = Couleur::Gris, .ancre = Ancre::Milieu});
   }
 }
@@ -65,11 +80,11 @@ void TracerBarre(Dessin& dessin, const Echelle& echelle, const Barre& barre, dou
                {.corps = kCorps, .niveau = Niveau::Centre});
   if (barre.pourCent != 0)
     dessin.Rectangle({echelle.zero, milieu - kEpaisseur / 2}, {bout, milieu + kEpaisseur / 2},
-                     {.couleur = couleur, .teinte = barre.sure ? 0.75 : 0}, {.couleur = couleur});
+                     {.couleur = couleur, .teinte = barre.sure ? kTeinteSure : 0}, {.couleur = couleur});
   dessin.Texte(
       {bout, milieu}, Nombre(barre.pourCent),
-      {.corps = kPetitCorps, .ancre = negative ? Ancre::Fin : Ancre::Debut, .niveau = Niveau::Centre, .halo = 1.5},
-      {negative ? -3.0 : 3.0, 0});
+      {.corps = kPetitCorps, .ancre = negative ? Ancre::Fin : Ancre::Debut, .niveau = Niveau::Centre, .halo = kHalo},
+      {negative ? -kEcart : kEcart, 0});
 }
 
 }  // namespace
@@ -85,7 +100,8 @@ Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::str
     const double debut = haut + kTete;
     const double bas = debut + kPas * static_cast<double>(groupe.barres.size());
     dessin.Designer(-1);
-    dessin.Texte({kMarge, haut + 22}, Tenir(groupe.titre, kLargeur - 2 * kMarge), {.corps = 11, .gras = true});
+    dessin.Texte({kMarge, haut + kLigneDuTitre}, Tenir(groupe.titre, kLargeur - 2 * kMarge),
+                 {.corps = kCorpsDuTitre, .gras = true});
     TracerEchelle(dessin, echelle, debut, bas);
     for (std::size_t i = 0; i < groupe.barres.size(); ++i) {
       dessin.Designer(element++);
@@ -94,7 +110,7 @@ Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::str
     haut = bas;
   }
   dessin.Designer(-1);
-  dessin.Texte({kMarge, haut + 16}, legende, {.corps = kPetitCorps, .couleur = Couleur::Gris});
+  dessin.Texte({kMarge, haut + kLigneDeLegende}, legende, {.corps = kPetitCorps, .couleur = Couleur::Gris});
   return dessin;
 }
 

@@ -40,9 +40,9 @@ constexpr double kDescente = 0.21;  // descenders
 
 // The plain letter under an accent, for its width; other characters of the upper half take that of a digit.
 char SansAccent(unsigned char c) {
-  static constexpr std::string_view lettres =
-      "AAAAAAMCEEEEIIIIDNOOOOO0OUUUUYPsaaaaaamceeeeiiiidnooooo0ouuuuypy";  // from character 192
-  return c >= 192 ? lettres[c - 192U] : '0';
+  static constexpr std::string_view kLettres = "AAAAAAMCEEEEIIIIDNOOOOO0OUUUUYPsaaaaaamceeeeiiiidnooooo0ouuuuypy";
+  constexpr unsigned kPremiere = 192;  // the code of the first of them
+  return c >= kPremiere ? kLettres[c - kPremiere] : '0';
 }
 
 double DistanceAuSegment(Position p, Position a, Position b) {
@@ -167,11 +167,12 @@ std::optional<std::int32_t> Dessin::ElementSous(Position page, double tolerance)
 }
 
 double LargeurTexte(std::string_view texte, double corps, bool gras) {
+  constexpr unsigned kPremiere = ' ';
   unsigned milliemes = 0;
   for (const char signe : texte) {
     const auto c = static_cast<unsigned char>(signe);
-    const auto lettre = static_cast<unsigned char>(c < 127 ? signe : SansAccent(c));
-    milliemes += lettre < 32 ? 0U : kLargeurs[lettre - 32U];
+    const auto lettre = static_cast<unsigned char>(c < kPremiere + kLargeurs.size() ? signe : SansAccent(c));
+    milliemes += lettre < kPremiere ? 0U : kLargeurs[lettre - kPremiere];
   }
   return milliemes * corps / 1000 * (gras ? kLargeurGras : 1);
 }

@@ -41,7 +41,7 @@ std::string Proteger(std::string_view texte) {
       case '>': resultat += "&gt;"; break;
       case '"': resultat += "&quot;"; break;
       default:
-        if (static_cast<unsigned char>(c) >= 32) resultat += c;  // XML has no place for control characters
+        if (static_cast<unsigned char>(c) >= ' ') resultat += c;  // XML has no place for control characters
     }
   }
   return resultat;

@@ -7,6 +7,12 @@
 
 namespace quelvar {
 
+namespace {
+
+constexpr std::size_t kLignesDeRegle = 5;  // of RegleDesPositions
+
+}  // namespace
+
 std::string RegleDesPositions(std::size_t longueur) {
   const std::size_t colonnes = std::min(longueur, kRegleMaximum);
   std::string centaines(colonnes, ' ');
@@ -54,7 +60,7 @@ AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
     std::string_view premiere = std::string_view(tete).substr(0, tete.find('\n'));
     if (premiere.ends_with('\r')) premiere.remove_suffix(1);
     partiel.texte = RegleDesPositions(premiere.size());
-    partiel.lignesDeRegle = 5;
+    partiel.lignesDeRegle = kLignesDeRegle;
     if (premiere.size() > kRegleMaximum) tete = RenvoyerALaLigne(tete);
   }
   partiel.texte += tete;

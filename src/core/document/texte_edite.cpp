@@ -238,7 +238,8 @@ std::u16string CouperLignesLongues(std::u16string texte, std::size_t longueur) {
 FichierOuvert OuvrirDocument(const Chemin& chemin, const Capacite& capacite) {
   FichierOuvert ouvert;
   ouvert.mesure.octets = LongueurFichier(chemin);
-  if (!std::filesystem::is_regular_file(chemin)) throw Erreur(kAccesFichier);  // a device may have no end
+  if (!std::filesystem::is_regular_file(chemin))
+    throw EchecDuFichier(chemin, kAccesFichier);  // a device may have no end
   if (ouvert.mesure.octets > capacite.octets) return ouvert;
   const std::string octets = LireOctets(chemin);
   ouvert.mesure = MesurerTexte(octets);

@@ -14,7 +14,7 @@ namespace {
 
 // An integer right-aligned in the width, whole when longer.
 void EcrireEntier(Ecrivain& fichier, std::int64_t valeur, int largeur) {
-  char chiffres[24];
+  char chiffres[24];  // as many as 64 bits need, and a sign
   const auto [fin, _] = std::to_chars(chiffres, chiffres + sizeof chiffres, valeur);
   const auto longueur = static_cast<std::size_t>(fin - chiffres);
   for (std::size_t i = longueur; i < static_cast<std::size_t>(std::max(largeur, 0)); ++i) fichier.Ecrire(' ');

@@ -10,7 +10,15 @@ namespace quelvar {
 
 namespace {
 
-constexpr int kLargeurAlphaMaximale = 20;
+// The columns of a line: name, code-max or number of characters, type, options.
+constexpr int kLargeurNom = 7;
+constexpr int kColonneNombre = kLargeurNom + 1;
+constexpr int kLargeurNombre = 2;
+constexpr int kColonneType = kColonneNombre + kLargeurNombre;
+constexpr int kTete = 4;  // what is looked at for the end of the list
+
+constexpr int kFautesDUneLongueur = 10;  // for how many a record of another length counts
+
 constexpr double kSautMaximal = 32767;  // beyond the end of every descriptor
 
 bool Contient(std::string_view texte, std::string_view cherche) {
@@ -23,10 +31,10 @@ class LecteurDeDescription {
 
   void Lire(std::string_view ligne) {
     DescriptionDeQuestion description;
-    description.nom = CadreGauche(Milieu(ligne, 1, 7), 7);
-    description.nombre = std::max<int>(Entier16(ValeurDe(Milieu(ligne, 8, 2))), 0);
-    description.alphabetique = !Rogner(Milieu(ligne, 10, 1)).empty();
-    description.options = Milieu(ligne, 11);
+    description.nom = CadreGauche(ligne, kLargeurNom);
+    description.nombre = std::max<int>(Entier16(ValeurDe(Milieu(ligne, kColonneNombre, kLargeurNombre))), 0);
+    description.alphabetique = !Rogner(Milieu(ligne, kColonneType, 1)).empty();
+    description.options = Milieu(ligne, kColonneType + 1);
     description.numerique = Contient(description.options, "num") || Contient(description.options, "NUM");
     description.tabulation = Contient(description.options, "tab") || Contient(description.options, "TAB");
     LireSaut(description);
@@ -41,9 +49,9 @@ class LecteurDeDescription {
   }
 
   void ControlerNombre(DescriptionDeQuestion& description) {
-    if (description.alphabetique && description.nombre > kLargeurAlphaMaximale) {
+    if (description.alphabetique && description.nombre > kLargeurAlphaAuPlus) {
       Signaler("*** Attention un code alpha plus grand que 20 ramené à 20 à la question "_w, description);
-      description.nombre = kLargeurAlphaMaximale;
+      description.nombre = kLargeurAlphaAuPlus;
     } else if (description.alphabetique && description.nombre == 0) {
       Signaler("*** Attention un code alpha est de largeur 0 à la question "_w, description);
     } else if (!description.alphabetique && description.nombre == 0) {
@@ -69,8 +77,8 @@ class LecteurDeDescription {
   Descripteur& descripteur_;
 };
 
-bool EstMarqueDeFin(std::string_view ligne) { return Contient(Milieu(ligne, 1, 4), "**"); }
-bool ArreteLaListe(std::string_view ligne) { return Rogner(Milieu(ligne, 1, 4)).empty() || EstMarqueDeFin(ligne); }
+bool EstMarqueDeFin(std::string_view ligne) { return Contient(Milieu(ligne, 1, kTete), kFinDeListe); }
+bool ArreteLaListe(std::string_view ligne) { return Rogner(Milieu(ligne, 1, kTete)).empty() || EstMarqueDeFin(ligne); }
 
 // The fault of a list that a line without a name ends, and not "**", while questions stand behind it.
 void SignalerLaSuite(LecteurLignes& lecteur, Descripteur& descripteur) {
@@ -78,7 +86,7 @@ void SignalerLaSuite(LecteurLignes& lecteur, Descripteur& descripteur) {
   std::size_t laissees = 0;
   std::string premiere;
   for (std::string_view ligne; lecteur.Lire(ligne) && !EstMarqueDeFin(ligne);)
-    if (!ArreteLaListe(ligne) && laissees++ == 0) premiere = CadreGauche(ligne, 7);
+    if (!ArreteLaListe(ligne) && laissees++ == 0) premiere = CadreGauche(ligne, kLargeurNom);
   if (laissees == 0) return;
   descripteur.fautes.push_back(
       Joindre({"*** Attention la ligne "_w, Nombre(blanche),
@@ -103,7 +111,7 @@ Descripteur LireDes(const Chemin& chemin) {
   bool arretee = false;
   while (!arretee && lecteur.Lire(ligne)) {
     arretee = ArreteLaListe(ligne);
-    if (!arretee) lecteurDeDescription.Lire(ligne);
+    if (!arretee) Situer(lecteur, [&] { lecteurDeDescription.Lire(ligne); });
   }
   if (arretee && !EstMarqueDeFin(ligne)) SignalerLaSuite(lecteur, descripteur);
   return descripteur;
@@ -116,7 +124,7 @@ void VerifierLongueur(Descripteur& descripteur, std::size_t longueurDerniereLign
       {"*** Erreur : la longueur de l'enregistrement calculée à partir\r\n    du fichier de description est de "_w,
        Nombre(longueur), "\r\n    celle du dernier enregistrement du fichier de données\r\n    existant déjà est de "_w,
        Nombre(longueurDerniereLigne)}));
-  descripteur.nombreFautes += 10;
+  descripteur.nombreFautes += kFautesDUneLongueur;
 }
 
 std::string TexteDesFautes(const Descripteur& descripteur) {
@@ -129,7 +137,7 @@ std::string LigneDescription(std::string_view nom, int nombre, GenreDescription 
   std::string_view colonnes = "     ";
   if (genre == GenreDescription::Alphabetique) colonnes = "A    ";
   if (genre == GenreDescription::NumeriqueLongue) colonnes = "A NUM";
-  return Joindre({CadreGauche(nom, 7), EntierDroit(nombre, 2), colonnes, options});
+  return Joindre({CadreGauche(nom, kLargeurNom), EntierDroit(nombre, kLargeurNombre), colonnes, options});
 }
 
 std::string CodeMaxGenere(const DescriptionDeQuestion& description) {

@@ -11,6 +11,9 @@
 
 namespace quelvar {
 
+// Characters that an alphabetic question is entered with at most.
+inline constexpr int kLargeurAlphaAuPlus = 20;
+
 // Jump of `nombre` questions when the value compares so.
 struct SautConditionnel {
   char signe = '=';    // '<', '=' or '>'
@@ -39,7 +42,7 @@ struct Descripteur {
 };
 
 // Reads the descriptor; the list ends at a line whose columns 1-4 are blank or hold "**". Questions behind a blank one
-// are a fault. Raises the failures of LecteurLignes.
+// are a fault. Raises kDepassementCapacite for a jump beyond a double, and the failures of LecteurLignes.
 Descripteur LireDes(const Chemin& chemin);
 
 // Adds the fault on the record length when the last line of the data file has another one.

@@ -49,7 +49,7 @@ void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, con
 
 void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const std::vector<std::string>& textes) {
   const std::optional<Chemin> chemin = ChercherFichier(repertoire, nom);
-  if (!chemin) throw Erreur(kFichierIntrouvable);
+  if (!chemin) throw Erreur(kFichierIntrouvable).Situer({.fichier = std::string(nom)});
   ListeModalites liste = LireListeModalites(*chemin);
   ExigerMemesModalites(nom, liste, textes);
   liste.textes = textes;

@@ -1,10 +1,9 @@
 #include "core/enquete/modfile.h"
 
+#include "core/enquete/listemod.h"
 #include "core/programme/report.h"
 
 namespace quelvar {
-
-namespace {}  // namespace
 
 Modalite LireLigneModalite(std::string_view ligne) {
   Modalite modalite;
@@ -41,8 +40,8 @@ FichierMod LireMod(const Chemin& chemin) {
 }
 
 std::string LigneModalite(std::string_view nom, bool supplementaire, std::string_view intitule) {
-  return Joindre({CadreGauche(nom, kLargeurDeModalite), std::string_view(supplementaire ? " S " : "   "),
-                  intitule.substr(0, kIntituleDeModaliteAuPlus)});
+  return TexteDeModalite(nom, supplementaire ? kMarqueSupplementaire : kMarqueActive,
+                         intitule.substr(0, kIntituleDeModaliteAuPlus));
 }
 
 std::optional<Chemin> ChercherMod(const Chemin& repertoire, std::string_view nom) {

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
@@ -109,7 +110,10 @@ ParametresMod LireParametres(std::string_view ligne) {
     parametres.remarques.emplace_back("Arret : manque signe = dans ligne 2 de *.MOD");
     return parametres;
   }
-  for (const Paire& paire : *paires) Retenir(paire, parametres);
+  Situer([] { return Lieu{.fichier = "*.MOD", .ligne = 2}; },
+         [&] {
+           for (const Paire& paire : *paires) Retenir(paire, parametres);
+         });
   return parametres;
 }
 

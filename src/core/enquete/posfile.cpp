@@ -9,8 +9,15 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::array<std::array<char, 2>, 100> ConstruireCodes() {
-  std::array<std::array<char, 2>, 100> codes{};
+// The columns of the line of a question, from 1: its name, then position, code-max, type, and the free area.
+constexpr int kColonneDePosition = kLargeurDeQuestion + 1;
+constexpr int kLargeurDePosition = 4;
+constexpr int kColonneDeCodeMax = kColonneDePosition + kLargeurDePosition;
+constexpr int kLargeurDeCodeMax = 2;
+constexpr int kColonneDuType = kColonneDeCodeMax + kLargeurDeCodeMax;
+
+constexpr std::array<std::array<char, 2>, kDernierCodeNomme + 1> ConstruireCodes() {
+  std::array<std::array<char, 2>, kDernierCodeNomme + 1> codes{};
   for (std::size_t code = 0; code < codes.size(); ++code) {
     if (code < 10) codes[code] = {static_cast<char>('0' + code), 0};
     else if (code < kPremierCodeDouble) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
@@ -30,9 +37,9 @@ void Oter(std::string& texte, std::string_view marque) {
   if (place != std::string::npos) texte.erase(place, marque.size());
 }
 
-// The marks are looked for from column 10 on, in the label too.
+// The marks are looked for from the type on, in the label too.
 Statut StatutDe(std::string_view ligne) {
-  const std::string_view zone = Milieu(ligne, 10);
+  const std::string_view zone = Milieu(ligne, kColonneDuType);
   if (zone.find(kSupplementaire) != std::string_view::npos) return Statut::Supplementaire;
   return zone.find(kActive) != std::string_view::npos ? Statut::Actif : Statut::Aucun;
 }
@@ -58,7 +65,9 @@ void DetacherIntitule(std::string_view ligne, std::string& zoneLibre, Question& 
 
 }  // namespace
 
-std::string TexteCodeMax(int codeMax) { return codeMax >= 100 ? "L3" : NombreFixe(codeMax, 2, 0); }
+std::string TexteCodeMax(int codeMax) {
+  return codeMax > kDernierCodeNomme ? "L3" : NombreFixe(codeMax, kLargeurDeCodeMax, 0);
+}
 
 std::string_view MarqueDe(Statut statut) {
   switch (statut) {
@@ -94,15 +103,18 @@ Question LireLigneQuestion(std::string_view ligne) {
   Question question;
   question.nom = Milieu(ligne, 1, kLargeurDeQuestion);
   const auto en = [](int colonne) { return [colonne] { return Lieu{{}, 0, colonne}; }; };
-  question.position = Situer(en(4), [&] { return Entier16(ValeurDe(Milieu(ligne, 4, 4))); });
-  question.codeMax = Situer(en(8), [&] { return LireCodeMax(Milieu(ligne, 8, 2)); });
+  question.position = Situer(en(kColonneDePosition),
+                             [&] { return Entier16(ValeurDe(Milieu(ligne, kColonneDePosition, kLargeurDePosition))); });
+  question.codeMax =
+      Situer(en(kColonneDeCodeMax), [&] { return LireCodeMax(Milieu(ligne, kColonneDeCodeMax, kLargeurDeCodeMax)); });
   question.largeur = LargeurDe(question.codeMax);
   // A label or a mark that starts a column too early belongs to the free area all the same.
-  const bool libreDesDix = ligne.size() >= 10 && (ligne[9] == '$' || ligne[9] == '&');
-  if (ligne.size() >= 10 && !libreDesDix) question.type = ligne[9];
+  const std::string_view type = Milieu(ligne, kColonneDuType, 1);
+  const bool libreDesLeType = type == "$" || type == "&";
+  if (!type.empty() && !libreDesLeType) question.type = type.front();
   question.alphabetique = question.type == 'A' || question.type == 'a';
   question.statut = StatutDe(ligne);
-  std::string zoneLibre(Milieu(ligne, libreDesDix ? 10 : 11));
+  std::string zoneLibre(Milieu(ligne, libreDesLeType ? kColonneDuType : kColonneDuType + 1));
   DetacherIntitule(ligne, zoneLibre, question);
   Oter(zoneLibre, kActive);
   Oter(zoneLibre, kSupplementaire);
@@ -112,7 +124,7 @@ Question LireLigneQuestion(std::string_view ligne) {
 
 std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
                             std::string_view suite) {
-  return Joindre({CadreGauche(nom, 3), EntierDroit(position, 4), codeMax, suite});
+  return Joindre({CadreGauche(nom, kLargeurDeQuestion), EntierDroit(position, kLargeurDePosition), codeMax, suite});
 }
 
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {

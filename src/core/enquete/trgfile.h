@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
+#include "core/programme/report.h"
 
 namespace quelvar {
 
@@ -20,13 +21,30 @@ struct TeteTrg {
 inline constexpr std::size_t kLignesDeTeteTrg = 1 + kSommetsTrg;
 
 // Raises kFinDeFichierDepassee for less than four lines, and the failures of LecteurLignes.
-TeteTrg LireTeteTrg(LecteurLignes& lecteur);
-void EcrireTeteTrg(Ecrivain& fichier, const TeteTrg& tete);
+inline TeteTrg LireTeteTrg(LecteurLignes& lecteur) {
+  TeteTrg tete;
+  tete.titre = lecteur.LireObligatoire();
+  for (std::string& sommet : tete.sommets) sommet = lecteur.LireObligatoire();
+  return tete;
+}
+
+// Raises the failures of writing.
+inline void EcrireTeteTrg(Ecrivain& fichier, const TeteTrg& tete) {
+  fichier.Ligne(tete.titre);
+  for (const std::string& sommet : tete.sommets) fichier.Ligne(sommet);
+}
 
 // Columns of a point: its name, three shares in percent with one decimal, and its label, which takes the rest.
 inline constexpr int kLargeurNomTrg = 4;
 inline constexpr int kLargeurPartTrg = 5;
 using PartsTrg = std::array<double, kSommetsTrg>;
-std::string LigneDePointTrg(std::string_view nom, const PartsTrg& parts, std::string_view intitule);
+
+inline std::string LigneDePointTrg(std::string_view nom, const PartsTrg& parts, std::string_view intitule) {
+  constexpr int kDecimales = 1;
+  std::string ligne = CadreGauche(nom, kLargeurNomTrg);
+  for (const double part : parts) ligne += NombreFixe(part, kLargeurPartTrg - kDecimales - 1, kDecimales);
+  ligne += intitule;
+  return ligne;
+}
 
 }  // namespace quelvar

@@ -12,6 +12,7 @@
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
+#include "core/fichiers/echecs.h"
 #include "core/fichiers/lignelongue.h"
 #include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
@@ -26,11 +27,9 @@ namespace {
 
 constexpr std::size_t kTamponLecture = std::size_t{1} << 18;
 
-[[noreturn]] void LeverErrno(int code) { throw Erreur(NumeroDErrno(code)); }
-
 int Ouvrir(const Chemin& chemin, int drapeaux) {
   const int descripteur = ::open(chemin.c_str(), drapeaux | O_CLOEXEC, 0666);
-  if (descripteur < 0) LeverErrno(errno);
+  if (descripteur < 0) LeverErrno(chemin, errno);
   return descripteur;
 }
 
@@ -54,17 +53,16 @@ int OuvrirEnLecture(const Chemin& chemin) {
 int OuvrirEnEcriture(const Chemin& chemin, ModeEcriture mode) {
   const int place = mode == ModeEcriture::Neuf ? O_TRUNC : O_APPEND;
   const int descripteur = ::open(chemin.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | place, 0666);
-  // For a file to be made, what is missing is the directory.
-  if (descripteur < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+  if (descripteur < 0) LeverErrnoDeCreation(chemin, errno);
   return descripteur;
 }
 
 // Bytes read, 0 at the end of the file.
-std::size_t LireDirect(int descripteur, char* place, std::size_t taille) {
+std::size_t LireDirect(const Chemin& chemin, int descripteur, char* place, std::size_t taille) {
   for (;;) {
     const ssize_t lus = ::read(descripteur, place, taille);
     if (lus >= 0) return static_cast<std::size_t>(lus);
-    if (errno != EINTR) LeverErrno(errno);
+    if (errno != EINTR) LeverErrno(chemin, errno);
   }
 }
 
@@ -118,13 +116,13 @@ bool EstLeMemeFichier(const Chemin& a, const Chemin& b) {
 
 std::uintmax_t LongueurFichier(const Chemin& chemin) {
   struct stat etat {};
-  if (::stat(chemin.c_str(), &etat) != 0) LeverErrno(errno);
+  if (::stat(chemin.c_str(), &etat) != 0) LeverErrno(chemin, errno);
   if (!S_ISREG(etat.st_mode)) throw PasUnFichier(chemin);
   return static_cast<std::uintmax_t>(etat.st_size);
 }
 
 void EffacerFichier(const Chemin& chemin) {
-  if (::unlink(chemin.c_str()) != 0 && errno != ENOENT) LeverErrno(errno == EISDIR ? EISDIR : errno);
+  if (::unlink(chemin.c_str()) != 0 && errno != ENOENT) LeverErrno(chemin, errno);
 }
 
 std::string LireOctets(const Chemin& chemin) {
@@ -135,7 +133,7 @@ std::string LireOctets(const Chemin& chemin) {
   do {
     const std::size_t avant = octets.size();
     octets.resize(avant + kTamponLecture);
-    lus = LireDirect(descripteur, octets.data() + avant, kTamponLecture);
+    lus = LireDirect(chemin, descripteur, octets.data() + avant, kTamponLecture);
     octets.resize(avant + lus);
   } while (lus > 0);
   return octets;
@@ -149,7 +147,7 @@ std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t 
   while (lus < taille) {
     const ssize_t suite = ::pread(descripteur, octets.data() + lus, taille - lus, static_cast<off_t>(debut + lus));
     if (suite < 0 && errno == EINTR) continue;
-    if (suite < 0) LeverErrno(errno);
+    if (suite < 0) LeverErrno(chemin, errno);
     if (suite == 0) break;
     lus += static_cast<std::size_t>(suite);
   }
@@ -159,6 +157,13 @@ std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t 
 
 Erreur EchecDuFichier(const Chemin& chemin, int numero) {
   return Erreur(numero).Situer({.fichier = TexteDe(chemin.filename())});
+}
+
+void LeverErrno(const Chemin& chemin, int codeErrno) { throw EchecDuFichier(chemin, NumeroDErrno(codeErrno)); }
+
+void LeverErrnoDeCreation(const Chemin& chemin, int codeErrno) {
+  if (codeErrno == ENOENT) throw EchecDuFichier(chemin, kCheminIntrouvable);
+  LeverErrno(chemin, codeErrno);
 }
 
 std::string NomDeSauvegarde(std::string_view nom) {
@@ -224,7 +229,7 @@ bool LecteurLignes::Remplir() {
     tampon_ = std::move(plusGrand);
     capacite_ = capacite;
   }
-  const std::size_t lus = LireDirect(descripteur_, tampon_.get() + fin_, capacite_ - fin_);
+  const std::size_t lus = LireDirect(nom_, descripteur_, tampon_.get() + fin_, capacite_ - fin_);
   fin_ += lus;
   finie_ = lus == 0;
   return !finie_;
@@ -304,7 +309,7 @@ void Ecrivain::EcrireDirect(const char* octets, std::size_t taille) {
   while (taille > 0) {
     const ssize_t ecrits = appels::Ecrire(descripteur_, octets, taille);
     if (ecrits < 0 && errno == EINTR) continue;
-    if (ecrits < 0) LeverErrno(errno);
+    if (ecrits < 0) throw Erreur(NumeroDErrno(errno));
     octets += ecrits;
     taille -= static_cast<std::size_t>(ecrits);
   }
@@ -326,13 +331,13 @@ void Ecrivain::Fermer() {
     throw;
   }
   if (appels::Fermer(std::exchange(descripteur_, -1)) != 0) code = errno;
-  if (code != 0) LeverErrno(code);
+  if (code != 0) throw Erreur(NumeroDErrno(code));
 }
 
 FichierDeTravail::FichierDeTravail(const Chemin& chemin) {
   const Chemin nom = NomProvisoire(chemin);
   descripteur_ = appels::Creer(nom.c_str());
-  if (descripteur_ < 0) throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+  if (descripteur_ < 0) LeverErrnoDeCreation(chemin, errno);
   ::unlink(nom.c_str());
 }
 
@@ -342,7 +347,7 @@ void FichierDeTravail::Lire(std::uint64_t place, void* octets, std::size_t taill
   for (char* suite = static_cast<char*>(octets); taille > 0;) {
     const ssize_t lus = ::pread(descripteur_, suite, taille, static_cast<off_t>(place));
     if (lus < 0 && errno == EINTR) continue;
-    if (lus < 0) LeverErrno(errno);
+    if (lus < 0) throw Erreur(NumeroDErrno(errno));
     if (lus == 0) throw Erreur(kFinDeFichierDepassee);
     suite += lus;
     place += static_cast<std::uint64_t>(lus);
@@ -354,7 +359,7 @@ void FichierDeTravail::Ecrire(std::uint64_t place, const void* octets, std::size
   for (const char* suite = static_cast<const char*>(octets); taille > 0;) {
     const ssize_t ecrits = ::pwrite(descripteur_, suite, taille, static_cast<off_t>(place));
     if (ecrits < 0 && errno == EINTR) continue;
-    if (ecrits < 0) LeverErrno(errno);
+    if (ecrits < 0) throw Erreur(NumeroDErrno(errno));
     suite += ecrits;
     place += static_cast<std::uint64_t>(ecrits);
     taille -= static_cast<std::size_t>(ecrits);

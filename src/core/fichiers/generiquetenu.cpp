@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 using Detenteur = std::array<std::string, 4>;
 
 std::string Utilisateur() {
-  std::array<char, 4096> place{};
+  std::array<char, 4096> place{};  // for the texts of the entry: far more than it has
   passwd fiche{};
   passwd* trouvee = nullptr;
   if (::getpwuid_r(::getuid(), &fiche, place.data(), place.size(), &trouvee) == 0 && trouvee != nullptr)
@@ -49,7 +49,7 @@ std::string Instant() {
 }
 
 Detenteur LireDetenteur(int descripteur) {
-  std::array<char, 1024> octets{};
+  std::array<char, 1024> octets{};  // the four lines of a lock are shorter
   const ssize_t lus = ::pread(descripteur, octets.data(), octets.size(), 0);
   std::string_view texte(octets.data(), lus > 0 ? static_cast<std::size_t>(lus) : 0);
   Detenteur detenteur;

@@ -8,6 +8,7 @@
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/marque.h"
+#include "core/fichiers/morceaux.h"
 #include "core/fichiers/releve.h"
 #include "core/fichiers/signaux.h"
 #include "core/programme/erreur.h"
@@ -40,7 +41,7 @@ void AllongerFichier(const EntreeDeReleve& e, std::string_view octets) {
   if (numero != 0 && numero != kAccesFichier && ::ftruncate(descripteur, static_cast<off_t>(e.ancienne)) != 0)
     numero = NumeroDErrno(errno);
   ::close(descripteur);
-  if (numero != 0) throw Erreur(numero);
+  if (numero != 0) throw EchecDuFichier(e.cible, numero);
 }
 
 }  // namespace
@@ -57,11 +58,8 @@ Ecrivain& JeuDeFichiers::Ouvrir(std::string_view nom, Nature nature) {
 }
 
 void JeuDeFichiers::Copier(const Chemin& source, std::string_view nom, Nature nature) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
   Ecrivain& copie = Ouvrir(nom, nature);
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(source, place, kMorceau), !octets.empty(); place += octets.size())
-    copie.Ecrire(octets);
+  ParMorceaux(source, [&](std::string_view octets) { copie.Ecrire(octets); });
 }
 
 const Chemin& JeuDeFichiers::Achever(std::string_view nom) {
@@ -73,7 +71,7 @@ const Chemin& JeuDeFichiers::Achever(std::string_view nom) {
 
 void JeuDeFichiers::Allonger(std::string_view nom, std::string_view octets, Nature nature) {
   std::optional<Chemin> chemin = ChercherFichier(repertoire_, nom);
-  if (!chemin) throw Erreur(kFichierIntrouvable);
+  if (!chemin) throw Erreur(kFichierIntrouvable).Situer({.fichier = std::string(nom)});
   ajouts_.push_back({std::move(*chemin), std::string(octets), nature});
 }
 
@@ -90,7 +88,7 @@ void JeuDeFichiers::OublierInchangees() {
 
 void JeuDeFichiers::TenirAjouts() {
   for (const Ajout& ajout : ajouts_) {
-    if (!VerifierCible(ajout.cible)) throw Erreur(kFichierIntrouvable);
+    if (!VerifierCible(ajout.cible)) throw EchecDuFichier(ajout.cible, kFichierIntrouvable);
     EntreeDeReleve entree;
     entree.genre = GenreDEntree::Allonge;
     entree.nature = ajout.nature;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/fichiers/condense.h"
+#include "core/fichiers/morceaux.h"
 #include "core/programme/erreur.h"
 #include "core/texte/texte.h"
 
@@ -18,6 +19,8 @@ namespace quelvar {
 namespace {
 
 constexpr const char* kAttribut = "user.quelvar.resultat";
+constexpr std::size_t kMarqueAuPlus = 256;    // bytes: the start of the machine and three numbers
+constexpr std::size_t kLongueurDAmorce = 36;  // of a UUID as a text
 
 struct Marque {
   std::string amorce;
@@ -29,9 +32,9 @@ struct Marque {
 long long InstantDe(const struct stat& etat) { return etat.st_mtim.tv_sec * 1000000000LL + etat.st_mtim.tv_nsec; }
 
 bool LireMarque(int descripteur, Marque& marque) {
-  std::array<char, 256> octets{};
+  std::array<char, kMarqueAuPlus> octets{};
   if (::fgetxattr(descripteur, kAttribut, octets.data(), octets.size() - 1) <= 0) return false;
-  std::array<char, 64> amorce{};
+  std::array<char, 64> amorce{};  // as many as sscanf is told
   if (std::sscanf(octets.data(), "%63s %llu %llu %lld", amorce.data(), &marque.taille, &marque.empreinte,
                   &marque.instant) != 4)
     return false;
@@ -41,7 +44,7 @@ bool LireMarque(int descripteur, Marque& marque) {
 
 CondenseDOctets MesurerOuvert(int descripteur) {
   CondenseDOctets condense;
-  std::vector<char> octets(std::size_t{1} << 20);
+  std::vector<char> octets(kMorceau);
   for (;;) {
     const ssize_t lus = ::pread(descripteur, octets.data(), octets.size(), static_cast<off_t>(condense.Taille()));
     if (lus <= 0) return condense;
@@ -54,7 +57,7 @@ CondenseDOctets MesurerOuvert(int descripteur) {
 std::string AmorceDuSysteme() {
   const int descripteur = ::open("/proc/sys/kernel/random/boot_id", O_RDONLY | O_CLOEXEC);
   if (descripteur < 0) return {};
-  std::array<char, 36> octets{};
+  std::array<char, kLongueurDAmorce> octets{};
   const ssize_t lus = ::read(descripteur, octets.data(), octets.size());
   ::close(descripteur);
   return {octets.data(), lus > 0 ? static_cast<std::size_t>(lus) : 0};

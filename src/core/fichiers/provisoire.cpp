@@ -11,7 +11,9 @@
 #include <utility>
 
 #include "core/fichiers/appels.h"
+#include "core/fichiers/echecs.h"
 #include "core/fichiers/marque.h"
+#include "core/fichiers/morceaux.h"
 #include "core/fichiers/signaux.h"
 #include "core/texte/texte.h"
 
@@ -24,8 +26,6 @@ namespace {
 constexpr std::string_view kMarque = ".~";
 constexpr std::size_t kNomAuPlus = 200;  // bytes of the target's name that the scratch name keeps
 constexpr int kEssais = 1000;
-
-[[noreturn]] void LeverErrno(int code) { throw Erreur(NumeroDErrno(code)); }
 
 // The file behind a link; a name that nothing bears yet stays as it is.
 Chemin CibleDuLien(const Chemin& cible) {
@@ -41,8 +41,7 @@ int CreerA(Chemin& chemin, const Chemin& cible) {
     if (descripteur >= 0) return descripteur;
     if (errno != EEXIST) break;
   }
-  // For a file to be made, what is missing is the directory.
-  throw Erreur(errno == ENOENT ? static_cast<int>(kCheminIntrouvable) : NumeroDErrno(errno));
+  LeverErrnoDeCreation(cible, errno);
 }
 
 }  // namespace
@@ -77,10 +76,8 @@ void EffacerSiAbandonne(const Chemin& chemin) {
 
 std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin) {
   try {
-    constexpr std::size_t kMorceau = std::size_t{1} << 20;
     CondenseDOctets condense;
-    for (std::string octets; octets = LireMorceau(chemin, condense.Taille(), kMorceau), !octets.empty();)
-      condense.Ajouter(octets);
+    ParMorceaux(chemin, [&](std::string_view octets) { condense.Ajouter(octets); });
     return MesureDeFichier{condense.Taille(), condense.Valeur()};
   } catch (const Erreur&) {
     return std::nullopt;
@@ -99,14 +96,14 @@ bool VerifierCible(const Chemin& cible) {
   struct stat etat {};
   if (::stat(cible.c_str(), &etat) != 0) return false;
   if (!S_ISREG(etat.st_mode)) throw PasUnFichier(cible);
-  if (::access(cible.c_str(), W_OK) != 0) LeverErrno(errno);
+  if (::access(cible.c_str(), W_OK) != 0) LeverErrno(cible, errno);
   struct stat dossier {};
   const Chemin parent = cible.parent_path().empty() ? Chemin(".") : cible.parent_path();
-  if (::stat(parent.c_str(), &dossier) != 0) LeverErrno(errno);
+  if (::stat(parent.c_str(), &dossier) != 0) LeverErrno(cible, errno);
   const uid_t moi = ::geteuid();
   // In a sticky directory a file is replaced by its owner only.
   if ((dossier.st_mode & S_ISVTX) != 0 && moi != 0 && etat.st_uid != moi && dossier.st_uid != moi)
-    throw Erreur(kPermissionRefusee);
+    throw EchecDuFichier(cible, kPermissionRefusee);
   return true;
 }
 
@@ -127,7 +124,7 @@ Provisoire::~Provisoire() {
 }
 
 void Provisoire::Synchroniser() const {
-  if (appels::Synchroniser(descripteur_) != 0) LeverErrno(errno);
+  if (appels::Synchroniser(descripteur_) != 0) LeverErrno(cible_, errno);
 }
 
 void Provisoire::Marquer() const { MarquerNonAttendu(descripteur_, Taille(), Empreinte()); }
@@ -142,7 +139,7 @@ void Provisoire::Tenir() {
 }
 
 void Provisoire::Placer() {
-  if (appels::Renommer(chemin_.c_str(), cible_.c_str()) != 0) LeverErrno(errno);
+  if (appels::Renommer(chemin_.c_str(), cible_.c_str()) != 0) LeverErrno(cible_, errno);
   Lacher();
 }
 

@@ -15,6 +15,8 @@ namespace quelvar {
 namespace {
 
 constexpr std::string_view kTitre = "Quelvar : jeu de fichiers, 1";
+constexpr int kLignesDeTete = 2;              // title, start of the system
+constexpr std::size_t kChampsDUneEntree = 9;  // as TexteDuReleve writes them
 constexpr std::array<std::string_view, 4> kGenres = {"nouveau", "remplace", "efface", "allonge"};
 constexpr std::array<std::string_view, 2> kNatures = {"unique", "refaisable"};
 
@@ -24,7 +26,7 @@ std::string Echapper(std::string_view nom) {
   std::string texte;
   for (const char c : nom) {
     const auto octet = static_cast<unsigned char>(c);
-    if (octet < 32 || c == '%') texte.append({'%', kChiffres[octet >> 4], kChiffres[octet & 15]});
+    if (octet < ' ' || c == '%') texte.append({'%', kChiffres[octet >> 4], kChiffres[octet & 15]});
     else texte += c;
   }
   return texte;
@@ -116,7 +118,7 @@ std::optional<Releve> LireReleve(const Chemin& chemin) {
     const std::vector<std::string_view> champs = Champs(std::string_view(octets).substr(debut, saut - debut));
     debut = saut + 2;
     if (numero == 1) releve.amorce = champs[0];
-    if (numero < 2 || champs.size() != 9) continue;
+    if (numero < kLignesDeTete || champs.size() != kChampsDUneEntree) continue;
     releve.entrees.push_back({LireMot<GenreDEntree>(champs[0], kGenres), LireMot<Nature>(champs[1], kNatures),
                               LireNombre<std::uint64_t>(champs[2]), LireNombre<std::uint64_t>(champs[3]),
                               LireNombre<std::uint64_t>(champs[4]), LireNombre<std::uint64_t>(champs[5]),

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/fichiers/morceaux.h"
+
 namespace quelvar {
 
 std::string NomDeSauvegarde(std::string_view nom, int numero) {
@@ -61,7 +63,6 @@ std::string GarderRemplace(JeuDeFichiers& sorties, const Chemin& ancien, const C
 }
 
 bool MemesOctets(const Chemin& a, const Chemin& b) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
   if (LongueurFichier(a) != LongueurFichier(b)) return false;
   std::uintmax_t place = 0;
   for (std::string octets; octets = LireMorceau(a, place, kMorceau), !octets.empty(); place += octets.size())

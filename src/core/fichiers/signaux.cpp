@@ -16,15 +16,17 @@ namespace {
 constexpr std::array kSignaux = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 // A handler can reach nothing but memory that is there for the life of the process, hence this table.
+enum class Etat { Libre, EnRemplissage, Occupee };
 struct Place {
-  std::atomic<int> etat{0};  // 0 free, 1 being filled, 2 holds a path
+  std::atomic<Etat> etat{Etat::Libre};
   std::array<char, PATH_MAX> chemin{};
 };
-std::array<Place, 64> places;
+constexpr std::size_t kPlaces = 64;  // several times the files of the largest set
+std::array<Place, kPlaces> places;
 
 void EffacerEtFinir(int signal) {
   for (Place& place : places)
-    if (place.etat.load() == 2) ::unlink(place.chemin.data());
+    if (place.etat.load() == Etat::Occupee) ::unlink(place.chemin.data());
   ::raise(signal);  // the action is the default one again
 }
 
@@ -48,8 +50,9 @@ void EffacerAuxSignaux() {
 bool EstInscrit(const Chemin& chemin) {
   std::error_code ignoree;
   const std::string absolu = std::filesystem::absolute(chemin, ignoree).native();
-  return std::any_of(places.begin(), places.end(),
-                     [&](const Place& place) { return place.etat.load() == 2 && absolu == place.chemin.data(); });
+  return std::any_of(places.begin(), places.end(), [&](const Place& place) {
+    return place.etat.load() == Etat::Occupee && absolu == place.chemin.data();
+  });
 }
 
 int InscrireProvisoire(const Chemin& chemin) {
@@ -57,17 +60,17 @@ int InscrireProvisoire(const Chemin& chemin) {
   const std::string absolu = std::filesystem::absolute(chemin, ignoree).native();
   if (absolu.size() >= PATH_MAX) return -1;
   for (std::size_t i = 0; i < places.size(); ++i) {
-    int libre = 0;
-    if (!places[i].etat.compare_exchange_strong(libre, 1)) continue;
+    Etat libre = Etat::Libre;
+    if (!places[i].etat.compare_exchange_strong(libre, Etat::EnRemplissage)) continue;
     std::memcpy(places[i].chemin.data(), absolu.c_str(), absolu.size() + 1);
-    places[i].etat.store(2);
+    places[i].etat.store(Etat::Occupee);
     return static_cast<int>(i);
   }
   return -1;
 }
 
 void RayerProvisoire(int place) {
-  if (place >= 0) places[static_cast<std::size_t>(place)].etat.store(0);
+  if (place >= 0) places[static_cast<std::size_t>(place)].etat.store(Etat::Libre);
 }
 
 SansSignaux::SansSignaux() {

@@ -110,7 +110,7 @@ Affichage Presenter(const Chemin& rapport, std::string_view nomRapport, bool eph
 Affichage FinProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles) {
   try {
     const std::optional<Chemin> rapport = ChercherFichier(contexte.repertoire, nomRapport);
-    if (!rapport) throw Erreur(kFichierIntrouvable);
+    if (!rapport) throw Erreur(kFichierIntrouvable).Situer({.fichier = std::string(nomRapport)});
     const bool ephemere = SEfface(contexte, nomRapport, *rapport);
     Affichage affichage = Presenter(*rapport, nomRapport, ephemere);
     if (ephemere) EffacerFichier(*rapport);

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/fichiers/morceaux.h"
 #include "core/programme/version.h"
 #include "core/texte/nombres.h"
 
@@ -93,12 +94,9 @@ std::string NombreFixe(double valeur, int largeurEntiere, int decimales) {
 }
 
 Rapport::Rapport(const Chemin& chemin, ModeEcriture mode) : fichier_(chemin), ecrivain_(fichier_.Fichier()) {
-  constexpr std::size_t kMorceau = std::size_t{1} << 20;
   std::error_code code;
   if (mode == ModeEcriture::Neuf || !std::filesystem::exists(chemin, code)) return;
-  std::uintmax_t place = 0;
-  for (std::string octets; octets = LireMorceau(chemin, place, kMorceau), !octets.empty(); place += octets.size())
-    ecrivain_.Ecrire(octets);
+  ParMorceaux(chemin, [&](std::string_view octets) { ecrivain_.Ecrire(octets); });
 }
 
 const Chemin& Rapport::Achever() {
@@ -107,10 +105,12 @@ const Chemin& Rapport::Achever() {
 }
 
 void EcrireBandeau(Rapport& rapport, Texte titre) {
+  constexpr int kMilieu = 28;  // the column that titles are centred on
+  constexpr int kLigneBlanche = 27;
   const auto retrait =
-      static_cast<std::size_t>(std::max(0.0, 28 - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));
+      static_cast<std::size_t>(std::max(0.0, kMilieu - ArrondirPair(static_cast<double>(titre.Vue().size()) / 2)));
   rapport.Ligne({"          QUELVAR Version ", kVersion, " - Mai 2017"});
-  rapport.Ligne(std::string(27, ' '));
+  rapport.Ligne(std::string(kLigneBlanche, ' '));
   rapport.Ligne("          Atelier statistique pour l'analyse des enquêtes"_w);
   rapport.Ligne("          Aide et mode d'emploi : menu Aide du programme");
   rapport.Ligne("          Assistance technique : documentation jointe au programme");

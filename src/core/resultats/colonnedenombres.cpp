@@ -12,9 +12,6 @@ namespace quelvar {
 
 namespace {
 
-// From here on a number has no short decimal text without an exponent: it is written with all its digits.
-constexpr double kSansExposant = 1e15;
-
 std::string Fixe(double valeur, int entiers, int decimales) {
   if (!(std::fabs(valeur) >= kSansExposant) || std::isinf(valeur)) return NombreFixe(valeur, entiers, decimales);
   std::array<char, 400> tampon{};

@@ -7,6 +7,9 @@
 
 namespace quelvar {
 
+// From here on a number has no short decimal text without an exponent: a column writes it with all its digits.
+inline constexpr double kSansExposant = 1e15;
+
 // What stands directly in front of a column: a number, from which a blank must part it, or a text.
 enum class Voisin { Texte, Nombre };
 

@@ -1,6 +1,7 @@
 #include "core/resultats/rangees.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 #include "core/resultats/colonnedenombres.h"
@@ -43,7 +44,7 @@ void EcrireRangee(std::string& ligne, const Rangee& rangee, const FormeEnRangees
 }  // namespace
 
 void ColonneEnRangees::Voir(const Cellule& cellule) {
-  if (!cellule.valeur || place_.elargissement == Elargissement::Aucun) return;
+  if (!cellule.valeur || !Elargit()) return;
   const Voisin voisin = place_.elargissement == Elargissement::DerriereUnNombre ? Voisin::Nombre : Voisin::Texte;
   ColonneDeNombres colonne(entiers_, cellule.decimales, voisin);
   colonne.Voir(*cellule.valeur);
@@ -53,13 +54,21 @@ void ColonneEnRangees::Voir(const Cellule& cellule) {
 void ColonneEnRangees::Ecrire(std::string& ligne, const Cellule& cellule) const {
   ligne += place_.avant;
   if (cellule.valeur) {
-    ligne += place_.elargissement == Elargissement::Aucun
-                 ? NombreFixe(*cellule.valeur, entiers_, cellule.decimales)
-                 : ColonneDeNombres(entiers_, cellule.decimales)(*cellule.valeur);
+    EcrireValeur(ligne, *cellule.valeur, cellule.decimales);
     ligne += cellule.marque;
   } else {
     ligne += entiers_ == 0 ? cellule.marque : CadreGauche(cellule.marque, entiers_);
   }
+}
+
+bool ColonneEnRangees::Elargit() const {
+  return place_.elargissement != Elargissement::Aucun && place_.elargissement != Elargissement::Entier;
+}
+
+void ColonneEnRangees::EcrireValeur(std::string& ligne, double valeur, int decimales) const {
+  if (place_.elargissement == Elargissement::Entier) ligne += EntierDroit(static_cast<std::int64_t>(valeur), entiers_);
+  else if (Elargit() || std::fabs(valeur) < kSansExposant) ColonneDeNombres(entiers_, decimales).Ajouter(ligne, valeur);
+  else ligne += NombreFixe(valeur, entiers_, decimales);
 }
 
 std::string ColonneEnRangees::Titre(std::string_view titre) const {

@@ -17,6 +17,7 @@ namespace quelvar {
 // What a column does for a value that its place does not hold.
 enum class Elargissement : std::uint8_t {
   Aucun,             // this row alone shifts: for places that other programs read
+  Entier,            // the same for a number that is always whole, which no "$" marks
   DerriereUnTexte,   // the column widens until the value fits
   DerriereUnNombre,  // and keeps one blank before it
 };
@@ -65,6 +66,9 @@ class ColonneEnRangees {
   std::string Titre(std::string_view titre) const;
 
  private:
+  bool Elargit() const;
+  void EcrireValeur(std::string& ligne, double valeur, int decimales) const;
+
   PlaceEnRangee place_;
   int entiers_;
 };

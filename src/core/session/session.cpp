@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "core/programme/erreur.h"
+#include "core/programme/lieunomme.h"
 #include "core/programme/version.h"
 #include "core/session/recents.h"
 #include "core/texte/nombres.h"
@@ -24,9 +25,9 @@ std::string Lignes(std::initializer_list<std::string_view> lignes) {
   return texte;
 }
 
-// A failure as a sentence: what was tried, then the words of its number.
+// A failure as a sentence: what was tried on which file, then the words of the failure.
 std::string Phrase(Texte tentative, const Erreur& erreur) {
-  return Joindre({"*** Attention *** ", tentative, " : ", TexteErreur(erreur), kFin});
+  return Joindre({"*** Attention *** ", tentative, " : ", TexteErreurDuFichierNomme(erreur), kFin});
 }
 
 // Runs what may fail to read or write; the failure comes back as a sentence.
@@ -106,7 +107,7 @@ double LireEffectif(const Chemin& pos) {
   }
 }
 
-std::optional<Chemin> ChercherPos(const Session& session) {
+std::optional<Chemin> PosDeLaSession(const Session& session) {
   return ChercherFichier(session.repertoire, session.generique + ".pos");
 }
 
@@ -128,7 +129,7 @@ std::string OuvrirGenerique(Session& session, const Reglages& reglages) {
     return Phrase(Joindre({"le fichier ", TexteDe(session.initialisation), " ne peut pas être lu"_w}), erreur);
   }
   session.titre = TitreDe(session);
-  const std::optional<Chemin> pos = ChercherPos(session);
+  const std::optional<Chemin> pos = PosDeLaSession(session);
   if (!pos || ::access(pos->c_str(), R_OK) != 0) {
     session.ouverture = Ouverture::SansPos;
     return Joindre({"Impossible d'ouvrir le fichier ", TexteRepertoire(session.repertoire), session.generique, ".pos",
@@ -290,7 +291,7 @@ std::string AdopterGenerique(Session& session, const Reglages& reglages, std::st
   if (session.generique.empty()) return {};
   session.titre = TitreDe(session);
   const std::string texte = EnregistrerInitialisation(session);
-  const std::optional<Chemin> pos = ChercherPos(session);
+  const std::optional<Chemin> pos = PosDeLaSession(session);
   session.ouverture = pos ? Ouverture::Normale : Ouverture::SansPos;
   session.individus = pos ? LireEffectif(*pos) : 0;
   AjouterFichierRecent(reglages, session.initialisation);

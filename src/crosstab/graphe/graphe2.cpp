@@ -45,20 +45,11 @@ BandeGraphe2 Bande(const TableauCroise& t, const Matrice& cellules) {
   return bande;
 }
 
-double Facteur(CoefficientGraphe2 coefficient) {
+double Pas(Coefficient coefficient) {
   switch (coefficient) {
-    case CoefficientGraphe2::Faible: return 1.05;
-    case CoefficientGraphe2::Fort: return 1.5;
-    case CoefficientGraphe2::Moyen: break;
-  }
-  return 1.2;
-}
-
-double Pas(CoefficientGraphe2 coefficient) {
-  switch (coefficient) {
-    case CoefficientGraphe2::Faible: return 1;
-    case CoefficientGraphe2::Fort: return 20;
-    case CoefficientGraphe2::Moyen: break;
+    case Coefficient::Faible: return 1;
+    case Coefficient::Fort: return 20;
+    case Coefficient::Moyen: break;
   }
   return 5;
 }
@@ -66,8 +57,8 @@ double Pas(CoefficientGraphe2 coefficient) {
 constexpr double kGrossissementMinimum = 0.2;
 constexpr double kGrossissementMaximum = 10;
 
-double Changer(double valeur, bool plus, CoefficientGraphe2 coefficient) {
-  const double facteur = Facteur(coefficient);
+double Changer(double valeur, bool plus, Coefficient coefficient) {
+  const double facteur = FacteurDeTaille(coefficient);
   return std::clamp(plus ? valeur * facteur : valeur / facteur, kGrossissementMinimum, kGrossissementMaximum);
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/calcul/matrice.h"
+#include "core/dessin/coefficient.h"
 #include "core/dessin/dessin.h"
 #include "crosstab/croise.h"
 
@@ -53,14 +54,13 @@ struct EntreeGraphe2 {
   Position deplacement;
 };
 
-enum class CoefficientGraphe2 { Faible, Moyen, Fort };
 enum class SensGraphe2 { Haut, Bas, Gauche, Droite };
 
 struct EtatGraphe2 {
   DonneesGraphe2 donnees;
   std::vector<EntreeGraphe2> entrees;  // title, scale, row names, column names, then the texts of those that have one
   std::size_t choisie = 0;
-  CoefficientGraphe2 coefficient = CoefficientGraphe2::Moyen;
+  Coefficient coefficient = Coefficient::Moyen;
   double echelle = 1;         // of the drawing: units grow, texts keep their size
   double fenetre = 1;         // of the window printed, over the one that holds the drawing
   double valeurEchelle = 10;  // points of percentage of the scale bar

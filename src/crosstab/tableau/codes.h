@@ -8,12 +8,13 @@
 
 #include "core/calcul/matrice.h"
 #include "core/enquete/datfile.h"
+#include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::crosstab {
 
 // Largest code that a matrix keeps: the last one that has a character.
-inline constexpr int kCodeMaxGarde = 99;
+inline constexpr int kCodeMaxGarde = kDernierCodeNomme;
 
 // Where a question stands in a data line and the largest of its codes that is kept, from 0 to kCodeMaxGarde; a value
 // below 0 or above it is read as 0.

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cmath>
-#include <utility>
 
 #include "core/programme/erreur.h"
 
@@ -33,21 +32,9 @@ double FonctionNormale(double z) {
 
 // Distribution function of an F ratio.
 double FonctionF(double f, double numerateur, double denominateur) {
-  double a = numerateur;
-  double b = denominateur;
-  constexpr double kTiers = 0.33333333;  // as the reports have it, to eight and six decimals
-  constexpr double kDeuxTiers = 0.666667;
-  constexpr double kCorrection = 0.08;  // of Kelley, for at most so many degrees below the line
-  constexpr double kPeuDeDegres = 3;
-  const bool inverse = f < 1;
-  const double g = inverse ? 1 / f : f;
-  if (inverse) std::swap(a, b);
-  const double u = 2 / (9 * a);
-  const double w = 2 / (9 * b);
-  double z = ((1 - w) * std::pow(g, kTiers) - (1 - u)) / std::sqrt(w * std::pow(g, kDeuxTiers) + u);
-  if (b <= kPeuDeDegres) z *= 1 + kCorrection * z * z * z * z / (b * b * b);
-  const double p = FonctionNormale(z);
-  return inverse ? 1 - p : p;
+  constexpr PuissancesDeF kPuissances = {0.33333333, 0.666667};  // as the reports have them
+  if (f < 1) return 1 - FonctionNormale(EcartNormalDeF(1 / f, denominateur, numerateur, kPuissances));
+  return FonctionNormale(EcartNormalDeF(f, numerateur, denominateur, kPuissances));
 }
 
 std::string_view Etoiles(double depassement) {
@@ -57,6 +44,24 @@ std::string_view Etoiles(double depassement) {
 }
 
 }  // namespace
+
+int ClasseKhi2(double khi2, Borne borne) {
+  int classe = 0;
+  for (const double seuil : {kKhi2A10PourCent, kKhi2A5PourCent, kKhi2A1PourCent})
+    classe += khi2 > seuil || (borne == Borne::Comprise && khi2 == seuil) ? 1 : 0;
+  return classe;
+}
+
+double EcartNormalDeF(double f, double numerateur, double denominateur, const PuissancesDeF& puissances) {
+  constexpr double kCorrection = 0.08;
+  constexpr double kAssezDeDegres = 4;
+  const double u = 2 / (9 * numerateur);
+  const double w = 2 / (9 * denominateur);
+  const double z =
+      ((1 - w) * std::pow(f, puissances.tiers) - (1 - u)) / std::sqrt(w * std::pow(f, puissances.deuxTiers) + u);
+  if (denominateur >= kAssezDeDegres) return z;
+  return z * (1 + kCorrection * z * z * z * z / (denominateur * denominateur * denominateur));
+}
 
 ProbabiliteKhi2 ProbaKhi2(double degres, double khi2) {
   if (std::isnan(khi2)) throw Erreur(kArgumentIncorrect);

@@ -1,6 +1,7 @@
 // The probability of a chi-square and its stars, the routine of every program that tests.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace quelvar::crosstab {
@@ -15,6 +16,12 @@ inline constexpr double kSeuilDe10PourCent = 0.1;
 inline constexpr double kSeuilDe5PourCent = 0.05;
 inline constexpr double kSeuilDe1PourCent = 0.01;
 
+// Whether a chi-square that stands on a bound has passed it.
+enum class Borne : std::uint8_t { Comprise, Exclue };
+
+// How many of the three bounds a chi-square of one degree of freedom has passed, from 0 to 3.
+int ClasseKhi2(double khi2, Borne borne);
+
 struct ProbabiliteKhi2 {
   double p = 0;             // distribution function, from 0 to 1; -1 for a negative chi-square
   std::string_view marque;  // "ns", "* ", "**", "***"; "Erreur" for a negative chi-square
@@ -22,11 +29,21 @@ struct ProbabiliteKhi2 {
   double Depassement() const { return 1 - p; }  // that chance passes the chi-square
 };
 
+// The powers of a third and of two thirds that the approximation below raises an F ratio to.
+struct PuissancesDeF {
+  double tiers = 1.0 / 3;
+  double deuxTiers = 2.0 / 3;
+};
+
+// The normal deviate that an F ratio of at least 1 has the probability of, with the degrees of freedom above and below
+// the line: approximation of E. Paulson (Annals of Mathematical Statistics, 1942), corrected for fewer than 4 degrees
+// below the line after T. L. Kelley ("Fundamentals of Statistics", 1947).
+double EcartNormalDeF(double f, double numerateur, double denominateur, const PuissancesDeF& puissances = {});
+
 // Probability that a chi-square of `degres` degrees of freedom stays below `khi2`, with the stars at 10, 5 and 1 %.
-// The variable is taken as an F ratio with 10^10 degrees of freedom below the line. The normal approximation of F is
-// that of E. Paulson (Annals of Mathematical Statistics, 1942), with the correction of T. L. Kelley ("Fundamentals of
-// Statistics", 1947) for few degrees of freedom, and the polynomial for the normal tail of M. Abramowitz and
-// I. A. Stegun, "Handbook of Mathematical Functions" (26.2.17), whose coefficients are taken with 4 decimals. A
+// The variable is taken as an F ratio with 10^10 degrees of freedom below the line (EcartNormalDeF, its powers with 8
+// and 6 decimals), the normal tail by the polynomial of M. Abramowitz and I. A. Stegun, "Handbook of Mathematical
+// Functions" (26.2.17), whose coefficients are taken with 4 decimals. A
 // chi-square nearer to 0 than 10^-7 has p = 0 whatever the degrees. Raises kDivisionParZero without degrees of freedom,
 // kArgumentIncorrect for negative ones or for a chi-square that is not a number, kDepassementCapacite for an infinite
 // one.

@@ -14,14 +14,13 @@ constexpr double kResidu = 1e-12;    // share of the total below which a remaind
 constexpr double kEcartNul = 3e-14;  // share of the theoretical count below which a deviation is rounding
 
 // The four counts of the table: cell, rest of its column, rest of its row, all others.
-double Khi2DeuxParDeux(double total, double a, double b, double n) {
+double Khi2DeuxParDeux(double total, double a, double b, double n, Comptes comptes) {
   const double resteA = total - a;
   const double resteB = total - b;
-  const double residu = kResidu * total;
-  if (std::min({a, b, resteA, resteB}) <= residu) return 0;
-  const double croise = std::fabs(n * (total - a - b + n) - (b - n) * (a - n));
   const double marges = a * b * resteA * resteB;
-  const double plusPetit = std::min(a, resteA) * std::min(b, resteB) / total;
+  if (comptes == Comptes::Entiers ? marges == 0 : std::min({a, b, resteA, resteB}) <= kResidu * total) return 0;
+  const double croise = std::fabs(n * (total - a - b + n) - (b - n) * (a - n));
+  const double plusPetit = std::min({a * b, a * resteB, resteA * b, resteA * resteB}) / total;
   if (plusPetit >= kTheoriqueYates) return total * croise * croise / marges;
   const double corrige = croise - total / 2;
   return corrige <= 0 ? 0 : total * corrige * corrige / marges;
@@ -29,7 +28,7 @@ double Khi2DeuxParDeux(double total, double a, double b, double n) {
 
 }  // namespace
 
-AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif) {
+AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, double effectif, Comptes comptes) {
   if (total == 0) throw Erreur(kDivisionParZero);
   AttractionLocale locale;
   const double theorique = totalLigne * totalColonne / total;
@@ -41,7 +40,7 @@ AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, 
     locale.pem = 100 * locale.ecart / marge;
     if (locale.ecart < 0) locale.pem = -locale.pem;
   }
-  locale.khi2 = Khi2DeuxParDeux(total, totalLigne, totalColonne, effectif);
+  locale.khi2 = Khi2DeuxParDeux(total, totalLigne, totalColonne, effectif, comptes);
   return locale;
 }
 

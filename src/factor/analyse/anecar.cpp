@@ -14,13 +14,15 @@
 #include "core/texte/nombres.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
+#include "factor/analyse/tables.h"
 
 namespace quelvar::factor {
 
 namespace {
 
-constexpr std::string_view kTravail = "$$AEI.TIS";
-constexpr int kBurtEnListes = 50;  // from this size on a table is edited by sorted listings at level 1
+constexpr std::string_view kTravail = "$$AEI.TIS";  // supplementary rows, while the run lasts
+constexpr std::int64_t kLigneDesParametres = 2;     // of the .MOD
+constexpr int kBurtEnListes = 50;                   // from this size on a table is edited by sorted listings at level 1
 
 // The options with every choice of the level made.
 struct Reglages {
@@ -92,16 +94,21 @@ void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod, JeuDe
 }
 
 int SeuilEffectif(int seuil, std::int64_t actifs) {
-  return seuil == kSeuilMoyen && actifs > 0 ? Entier16(1000 / static_cast<double>(actifs)) : seuil;
+  return seuil == kSeuilMoyen && actifs > 0 ? CpfMoyen(static_cast<std::size_t>(actifs)) : seuil;
 }
 
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
                            bool codageLogique, JeuDeFichiers& sorties) {
   const ParametresMod parametres = LireParametres(preparation.parametres);
   rapport.Lignes(parametres.remarques);
-  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
+  const Chemin chemin = contexte.Exiger(".MOD");
+  const FichierMod mod = LireMod(chemin);
   if (parametres.burt == 1) MarquerCodageLogique(contexte, mod, sorties);
-  PlanAnecar plan = PlanifierTableau(parametres, mod, codageLogique);
+  PlanAnecar plan = Situer(
+      [&] {
+        return Lieu{TexteDe(chemin.filename()), kLigneDesParametres};
+      },
+      [&] { return PlanifierTableau(parametres, mod, codageLogique); });
   for (const std::string& nom : AttribuerIntitules(mod, plan)) {
     rapport.Ligne();
     rapport.Ligne({"Intitule court ", nom, " non trouve"});
@@ -149,6 +156,7 @@ struct Moteur {
   // What is printed once all factors are there: lists of coordinates whose scale the largest of them decides.
   std::vector<std::function<void(Rapport&)>> differees = {};
 
+  bool Differe() const { return options.type == TypeAnalyse::Acp && reglages.edition == EditionAnecar::Triee; }
   void TraiterFacteur(Rapport& rapport, std::size_t k);
   void Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression);
   void ImprimerListes(Rapport& rapport, std::size_t k) const;
@@ -156,29 +164,26 @@ struct Moteur {
 };
 
 void Moteur::Imprimer(Rapport& rapport, std::function<void(Rapport&)> impression) {
-  const bool aDifferer = options.type == TypeAnalyse::Acp && reglages.edition == EditionAnecar::Triee;
-  if (aDifferer) differees.push_back(std::move(impression));
+  if (Differe()) differees.push_back(std::move(impression));
   else impression(rapport);
 }
 
 void Moteur::ImprimerListes(Rapport& rapport, std::size_t k) const {
-  const auto aLEchelle = [&](CoteFacteur cote) {
-    for (double& coordonnee : cote.coordonnees) coordonnee *= analyse.echelle;
-    return cote;
-  };
   const FacteurAnecar& facteur = analyse.facteurs[k - 1];
   if (options.imprimerLignes)
-    ImprimerLignesTriees(rapport, tableau, aLEchelle(facteur.lignes), k, reglages.seuilLignes);
-  ImprimerColonnesTriees(rapport, plan.colonnes, aLEchelle(facteur.colonnes), k, reglages.seuilColonnes);
+    ImprimerLignesTriees(rapport, TrierElements(tableau.lignes, facteur.lignes, analyse.echelle, reglages.seuilLignes),
+                         k);
+  ImprimerColonnesTriees(rapport,
+                         TrierElements(plan.colonnes, facteur.colonnes, analyse.echelle, reglages.seuilColonnes), k);
 }
 
-// The deviations as they stand now.
+// The deviations as they stand now, which a listing that waits for the scale keeps for itself.
 void Moteur::ImprimerRestants(Rapport& rapport) {
-  Imprimer(rapport, [this, actives = tableau.actives](Rapport& r) mutable {
-    std::swap(tableau.actives, actives);
-    ImprimerEcartsRestants(r, tableau, plan.colonnes, analyse.ecarts, plan.decimales);
-    std::swap(tableau.actives, actives);
-  });
+  const auto imprimer = [this](Rapport& r, const Matrice& d) {
+    ImprimerEcartsRestants(r, tableau.lignes, plan.colonnes, {d, analyse.ecarts.effectif}, plan.decimales);
+  };
+  if (Differe()) differees.push_back([imprimer, d = tableau.actives](Rapport& r) { imprimer(r, d); });
+  else imprimer(rapport, tableau.actives);
 }
 
 void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
@@ -197,7 +202,7 @@ void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
   DeflaterActives(tableau, analyse, courant);
   if (plan.decimales > 0)
     Imprimer(rapport, [this, courant](Rapport& r) {
-      ImprimerReconstitution(r, tableau, plan.colonnes, ReconstituerEcarts(tableau, analyse.ecarts, courant),
+      ImprimerReconstitution(r, tableau.lignes, plan.colonnes, ReconstituerEcarts(tableau, analyse.ecarts, courant),
                              plan.decimales);
     });
   DeflaterSupplementaires(tableau, analyse, courant);

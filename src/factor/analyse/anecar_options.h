@@ -3,11 +3,11 @@
 
 #include "core/options/description.h"
 #include "factor/analyse/anecar.h"
+#include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
 inline constexpr int kFacteursAuMoins = 2;  // that the form lets one choose
-inline constexpr int kFacteursAuPlus = 999;
 
 const Description<OptionsAnecar>& DescriptionAnecar();
 

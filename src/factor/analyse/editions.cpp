@@ -1,13 +1,14 @@
 #include "factor/analyse/editions.h"
 
-#include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/programme/erreur.h"
 #include "core/resultats/largeurfixe.h"
+#include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
-#include "factor/analyse/tri.h"
+#include "factor/analyse/tables.h"
 
 namespace quelvar::factor {
 
@@ -16,20 +17,13 @@ namespace {
 constexpr int kDecimalesAuPlus = 99;
 constexpr std::size_t kLignesSurTroisChiffres = 1000;
 
-// One dimension of the table with the results on it.
-struct Dimension {
-  const ElementsAnecar& elements;
-  const std::vector<std::int16_t>& qlt;
-  CoteFacteur FacteurAnecar::*cote;
-};
-
-Dimension DimensionLignes(const TableauAnecar& tableau, const AnalyseAnecar& analyse) {
-  return {tableau.lignes, analyse.qltLignes, &FacteurAnecar::lignes};
-}
-
-Dimension DimensionColonnes(const PlanAnecar& plan, const AnalyseAnecar& analyse) {
-  return {plan.colonnes, analyse.qltColonnes, &FacteurAnecar::colonnes};
-}
+// Columns of the places.
+constexpr int kNom = 4;
+constexpr int kNomDeListe = 5;  // of a sorted listing
+constexpr int kCoordonnee = 7;
+constexpr int kCoordonneeEtendue = 6;  // beside its COS2
+constexpr int kPourMille = 5;
+constexpr PlaceEnRangee kPlacePourMille{"", kPourMille, Elargissement::Entier};
 
 std::string Repeter(std::string_view debut, std::string_view motif, std::size_t fois, std::string_view fin) {
   std::string texte(debut);
@@ -84,12 +78,6 @@ namespace {
 constexpr int kLargeurValeurPropre = 9;
 constexpr int kLargeurPourcentage = 5;
 
-// Eigenvalue and share, as report and files show them.
-std::vector<Cellule> ValeurPropre(const FacteurAnecar& facteur) {
-  return {{facteur.valeurPropre, Unite::Nombre, 6, facteur.converge ? "" : "*"},
-          {facteur.pourcentage, Unite::Pourcent, 1}};
-}
-
 }  // namespace
 
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
@@ -109,16 +97,6 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
                  " : la plus grande a moins de trois chiffres en millièmes"_w});
 }
 
-TableauEdite ValeursPropres(const AnalyseAnecar& analyse) {
-  TableauEdite tableau;
-  tableau.titres = {"Valeurs propres"};
-  tableau.coin = "Facteur";
-  tableau.colonnes = {{"Valeur propre"}, {"Pourcentage du total"}};
-  for (std::size_t k = 0; k < analyse.facteurs.size(); ++k)
-    tableau.rangees.push_back({Nombre(k + 1), {}, ValeurPropre(analyse.facteurs[k])});
-  return tableau;
-}
-
 namespace {
 
 // What tells the listing of rows from that of columns.
@@ -129,115 +107,107 @@ struct MotsListe {
   int largeurIndice;
 };
 
-// Elements of a range of positions, in the order of their CPF signed like their coordinate.
-void ImprimerElementsTries(Rapport& rapport, const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t debut,
-                           std::size_t fin, int seuil, int largeurIndice) {
-  std::vector<int> cles;
-  cles.reserve(fin - debut);
-  for (std::size_t i = debut; i < fin; ++i) {
-    const double f = cote.coordonnees[i];
-    cles.push_back(f > 0 ? cote.cpf[i] : f < 0 ? -cote.cpf[i] : 0);
-  }
-  for (const std::size_t rang : OrdreParEchanges(cles)) {
-    const std::size_t i = debut + rang;
-    if (cote.cpf[i] < seuil) continue;
-    rapport.Ligne({EntierDroit(static_cast<std::int64_t>(i + 1), largeurIndice), " ", CadreGauche(elements.noms[i], 5),
-                   NombreFixe(cote.coordonnees[i], 7, 0), EntierDroit(cote.cpf[i], 5), "    ", elements.intitules[i]});
-  }
+void ImprimerElements(Rapport& rapport, const ListeTriee& liste, const std::vector<std::size_t>& positions,
+                      int largeurIndice) {
+  const FormeEnRangees forme{
+      .places = {{"", largeurIndice, Elargissement::Entier}, {" ", kNomDeListe}, {"", kCoordonnee}, kPlacePourMille},
+      .avantIntitule = "    "};
+  ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  for (const std::size_t position : positions) imprimeur.Imprimer(RangeeTriee(liste.elements, liste.cote, position));
 }
 
 std::string LigneFacteur(std::size_t k, std::string_view suite) {
   return Joindre({"Facteur ", EntierDroit(static_cast<std::int64_t>(k), 2), suite});
 }
 
-void ImprimerActifsTries(Rapport& rapport, const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t k,
-                         int seuil, const MotsListe& mots) {
-  if (elements.actifs == 0) return;
+void ImprimerActifsTries(Rapport& rapport, const ListeTriee& liste, std::size_t k, const MotsListe& mots) {
+  if (liste.elements.actifs == 0) return;
   rapport.Ligne(LigneFacteur(k, mots.actifs));
   rapport.Ligne(mots.enTete);
-  ImprimerElementsTries(rapport, elements, cote, 0, elements.actifs, seuil, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.actifs, mots.largeurIndice);
 }
 
 }  // namespace
 
-void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,
-                          int seuil) {
-  const ElementsAnecar& lignes = tableau.lignes;
+void ImprimerLignesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k) {
   const MotsListe mots{"  I NOM Coor.fac. CPF         Intitule long", " Impression des lignes   actives du tableau",
                        " Impression des lignes   suppl.   du tableau",
-                       lignes.Nombre() > kLignesSurTroisChiffres ? 4 : 3};
-  ImprimerActifsTries(rapport, lignes, cote, k, seuil, mots);
-  if (lignes.Supplementaires() == 0) return;
+                       liste.elements.Nombre() > kLignesSurTroisChiffres ? 4 : 3};
+  ImprimerActifsTries(rapport, liste, k, mots);
+  if (liste.elements.Supplementaires() == 0) return;
   rapport.Ligne(" ");
   rapport.Ligne(mots.supplementaires);
-  ImprimerElementsTries(rapport, lignes, cote, lignes.actifs, lignes.Nombre(), seuil, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice);
 }
 
-void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
-                            int seuil) {
+void ImprimerColonnesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k) {
   const MotsListe mots{"  J NOM Coor.fac. CPF         Intitule long", " Impression des colonnes actives du tableau",
                        " Impression des colonnes suppl.   du tableau", 3};
-  ImprimerActifsTries(rapport, colonnes, cote, k, seuil, mots);
-  if (colonnes.Supplementaires() == 0) return;
+  ImprimerActifsTries(rapport, liste, k, mots);
+  if (liste.elements.Supplementaires() == 0) return;
   rapport.Ligne();
   rapport.Ligne(LigneFacteur(k, mots.supplementaires));
-  ImprimerElementsTries(rapport, colonnes, cote, colonnes.actifs, colonnes.Nombre(), seuil, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice);
 }
 
 namespace {
 
-// Eight blanks, then the names of the active columns over their cells.
-std::string EnTeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
+constexpr int kTeteDesEcarts = 8;  // columns in front of the names of the columns
+constexpr int kNomDeLigne = 5;     // with the blank behind it
+constexpr int kEntiersDesEcarts = 5;
+
+// The names of the active columns over their cells. Raises kArgumentIncorrect for decimals that nobody could print.
+std::string TeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
   if (decimales > kDecimalesAuPlus) throw Erreur(kArgumentIncorrect);
-  std::string ligne(8, ' ');
+  std::string ligne(kTeteDesEcarts, ' ');
   for (std::size_t j = 0; j < colonnes.actifs; ++j) {
-    ligne += CadreGauche(colonnes.noms[j], 5);
+    ligne += CadreGauche(colonnes.noms[j], kEntiersDesEcarts);
     ligne.append(static_cast<std::size_t>(decimales) + 1, ' ');
   }
   return ligne;
 }
 
-std::string DebutDeLigne(const TableauAnecar& tableau, std::size_t i) {
-  return CadreGauche(tableau.lignes.noms[i], 4) + ' ';
+// The cells of the deviations all stand in the same place.
+FormeEnRangees FormeDesEcarts() { return {.titre = kNomDeLigne, .places = {{"", kEntiersDesEcarts}}}; }
+
+// A row of one measure, and behind it one of the factor in a place of its own.
+std::string LigneDeMesure(Rangee mesure, const Cellule& duFacteur, const PlaceEnRangee& place) {
+  FormeEnRangees forme = FormeDesEcarts();
+  forme.places.resize(mesure.cellules.size(), forme.places.front());
+  forme.places.push_back(place);
+  mesure.cellules.push_back(duFacteur);
+  return TexteDeRangee(mesure, forme);
 }
 
 }  // namespace
 
-void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
-                            const Ecarts& ecarts, int decimales) {
+void ImprimerEcartsRestants(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
+                            const EcartsRestants& restants, int decimales) {
   rapport.Ligne("Ecarts à l'indépendance restants"_w);
-  rapport.Ligne(EnTeteDesEcarts(colonnes, decimales));
-  for (std::size_t i = 0; i < tableau.actives.Lignes(); ++i) {
-    std::string ligne = DebutDeLigne(tableau, i);
-    for (const double d : tableau.actives.Ligne(i)) ligne += NombreFixe(ecarts.effectif * d, 5, decimales);
-    rapport.Ligne(ligne);
-  }
+  rapport.Ligne(TeteDesEcarts(colonnes, decimales));
+  const FormeEnRangees forme = FormeDesEcarts();
+  ImprimeurDeRangees imprimeur(rapport, forme, restants.d.Colonnes());
+  for (std::size_t i = 0; i < restants.d.Lignes(); ++i)
+    imprimeur.Imprimer(RangeeDesEcarts(lignes.noms[i], restants.d.Ligne(i), restants.effectif, decimales));
 }
 
-void ImprimerReconstitution(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
+void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
                             const Reconstitution& reconstitution, int decimales) {
-  const auto cellule = [&](double valeur) { return NombreFixe(valeur, 5, decimales); };
   const std::string blancs(static_cast<std::size_t>(decimales), ' ');
-
   rapport.Ligne("Reconstitution des écarts à l'indépendance restants"_w);
-  rapport.Ligne({EnTeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
-  for (std::size_t i = 0; i < tableau.actives.Lignes(); ++i) {
-    std::string ligne = DebutDeLigne(tableau, i);
-    for (const double effectif : reconstitution.effectifs.Ligne(i)) ligne += cellule(effectif);
-    const ElementReconstitue& element = reconstitution.lignes[i];
-    rapport.Ligne({ligne, cellule(element.part), cellule(element.coordonnee), cellule(element.semi)});
-  }
-  std::string pj = " PJ  ";
-  std::string fj = " FJ  ";
-  std::string semiJ = "Semi ";
-  for (const ElementReconstitue& element : reconstitution.colonnes) {
-    pj += cellule(element.part);
-    fj += cellule(element.coordonnee);
-    semiJ += cellule(element.semi);
-  }
-  rapport.Ligne({pj, "    100=", NombreFixe(reconstitution.effectif, 4, 0)});
-  rapport.Ligne({fj, "    Ksi=", NombreFixe(reconstitution.valeurSinguliere, 1, 7)});
-  rapport.Ligne(semiJ);
+  rapport.Ligne({TeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
+  const FormeEnRangees forme = FormeDesEcarts();
+  ImprimeurDeRangees imprimeur(rapport, forme, reconstitution.effectifs.Colonnes() + kMesuresDUneLigne);
+  for (std::size_t i = 0; i < reconstitution.effectifs.Lignes(); ++i)
+    imprimeur.Imprimer(RangeeReconstituee(lignes.noms[i], reconstitution, decimales, i));
+
+  const auto mesure = [&](std::string titre, double ElementReconstitue::*laquelle) {
+    return MesureDesColonnes(std::move(titre), reconstitution, laquelle, decimales);
+  };
+  rapport.Ligne(LigneDeMesure(mesure(" PJ", &ElementReconstitue::part), {reconstitution.effectif}, {"    100=", 4}));
+  rapport.Ligne(LigneDeMesure(mesure(" FJ", &ElementReconstitue::coordonnee),
+                              {reconstitution.valeurSinguliere, Unite::Nombre, 7}, {"    Ksi=", 1}));
+  rapport.Ligne(TexteDeRangee(mesure("Semi", &ElementReconstitue::semi), forme));
 }
 
 namespace {
@@ -254,76 +224,66 @@ std::string TeteDesFacteurs(std::string_view titre, std::size_t facteurs, std::s
   return ligne;
 }
 
-void ImprimerLignesCompactes(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse,
-                             std::size_t debut, std::size_t fin) {
-  for (std::size_t i = debut; i < fin; ++i) {
-    std::string ligne = CadreGauche(dimension.elements.noms[i], 4);
-    for (const FacteurAnecar& facteur : analyse.facteurs) {
-      const CoteFacteur& cote = facteur.*dimension.cote;
-      ligne += NombreFixe(analyse.echelle * cote.coordonnees[i], 7, 0) + EntierDroit(cote.cpf[i], 5);
-    }
-    rapport.Ligne({ligne, "   ", dimension.elements.intitules[i]});
-  }
-}
-
-void ImprimerLignesEtendues(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse,
-                            std::size_t debut, std::size_t fin) {
-  for (std::size_t i = debut; i < fin; ++i) {
-    std::string ligne = CadreGauche(dimension.elements.noms[i], 4) + EntierDroit(dimension.qlt[i], 5);
-    for (const FacteurAnecar& facteur : analyse.facteurs) {
-      const CoteFacteur& cote = facteur.*dimension.cote;
-      ligne += '!' + NombreFixe(analyse.echelle * cote.coordonnees[i], 6, 0) + EntierDroit(cote.cos2[i], 5) +
-               EntierDroit(cote.cpf[i], 5);
-    }
-    rapport.Ligne({ligne, "! ", dimension.elements.intitules[i]});
-  }
-}
-
-// The frame of a table of coordinates: active elements, a line on them all, supplementary ones if there are any.
+// A table of coordinates in its frame: active elements, a line on them all, supplementary ones if there are any.
 struct CadreDeTable {
   std::string regle;
   std::string actifs, ensemble, supplementaires;  // heads, and the line on all active elements
-  void (*lignes)(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t debut,
-                 std::size_t fin);
+  FormeEnRangees forme;
+  Rangee (*rangee)(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
 };
 
 void ImprimerTable(Rapport& rapport, const CadreDeTable& cadre, const Dimension& dimension,
                    const AnalyseAnecar& analyse) {
   const ElementsAnecar& elements = dimension.elements;
+  const auto imprimer = [&](std::size_t premier, std::size_t fin) {
+    ImprimeurDeRangees imprimeur(rapport, cadre.forme, cadre.forme.places.size());
+    for (std::size_t i = premier; i < fin; ++i) imprimeur.Imprimer(cadre.rangee(dimension, analyse, i));
+  };
   rapport.Ligne(cadre.regle);
   rapport.Ligne(cadre.actifs);
   rapport.Ligne(cadre.regle);
-  cadre.lignes(rapport, dimension, analyse, 0, elements.actifs);
+  imprimer(0, elements.actifs);
   rapport.Ligne(cadre.regle);
   rapport.Ligne(cadre.ensemble);
   rapport.Ligne(cadre.regle);
   if (elements.Supplementaires() == 0) return;
   rapport.Ligne(cadre.supplementaires);
   rapport.Ligne(cadre.regle);
-  cadre.lignes(rapport, dimension, analyse, elements.actifs, elements.Nombre());
+  imprimer(elements.actifs, elements.Nombre());
   rapport.Ligne(cadre.regle);
 }
 
 void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
+  FormeEnRangees forme{.titre = kNom, .avantIntitule = "   "};
+  for (std::size_t k = 0; k < facteurs; ++k)
+    for (const PlaceEnRangee& place : {PlaceEnRangee{"", kCoordonnee}, kPlacePourMille}) forme.places.push_back(place);
   ImprimerTable(rapport,
                 {Repeter("*---", "*------*----", facteurs, "*"), TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
                  Repeter("*   ", "*      *1000", facteurs, "*"), TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
-                 ImprimerLignesCompactes},
+                 std::move(forme), RangeeCompacte},
                 dimension, analyse);
   rapport.Ligne();
 }
 
+// QLT, then three places a factor.
+FormeEnRangees FormeEtendue(std::size_t facteurs, std::string_view fin) {
+  FormeEnRangees forme{.titre = kNom, .places = {kPlacePourMille}, .avantIntitule = fin};
+  for (std::size_t k = 0; k < facteurs; ++k)
+    for (const PlaceEnRangee& place : {PlaceEnRangee{"!", kCoordonneeEtendue}, kPlacePourMille, kPlacePourMille})
+      forme.places.push_back(place);
+  return forme;
+}
+
 void ImprimerTableEtendue(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
-  const std::string cpfMoyen = EntierDroit(Entier16(1000 / static_cast<double>(dimension.elements.actifs)), 5);
-  std::string moyenne = "Moy." + EntierDroit(analyse.sommeParts, 5);
-  for (const FacteurAnecar& facteur : analyse.facteurs) moyenne += "!      " + EntierDroit(facteur.part, 5) + cpfMoyen;
-  ImprimerTable(rapport,
-                {Repeter("*---*----", "*------*----*----", facteurs, "*"),
-                 TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!", moyenne + "!",
-                 TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!", ImprimerLignesEtendues},
-                dimension, analyse);
+  ImprimerTable(
+      rapport,
+      {Repeter("*---*----", "*------*----*----", facteurs, "*"),
+       TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
+       TexteDeRangee(MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")),
+       TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!", FormeEtendue(facteurs, "! "), RangeeEtendue},
+      dimension, analyse);
 }
 
 }  // namespace
@@ -333,10 +293,10 @@ void ImprimerTablesCompactes(Rapport& rapport, const PlanAnecar& plan, const Tab
   rapport.Ligne("Coordonnees factorielles (F= ) et  contributions pour le facteur (CPF)");
   if (plan.burt < 1) {
     rapport.Ligne("Lignes du tableau");
-    ImprimerTableCompacte(rapport, DimensionLignes(tableau, analyse), analyse);
+    ImprimerTableCompacte(rapport, DimensionDesLignes(tableau, analyse), analyse);
   }
   rapport.Ligne("Modalites en colonne");
-  ImprimerTableCompacte(rapport, DimensionColonnes(plan, analyse), analyse);
+  ImprimerTableCompacte(rapport, DimensionDesColonnes(plan, analyse), analyse);
 }
 
 void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const TableauAnecar& tableau,
@@ -345,9 +305,9 @@ void ImprimerTablesEtendues(Rapport& rapport, const PlanAnecar& plan, const Tabl
   rapport.Ligne("Coordonnees factorielles (F= )");
   rapport.Ligne("Contributions pour la variable(COS2) et contributions pour le facteur(CPF)");
   rapport.Ligne("Lignes du tableau");
-  ImprimerTableEtendue(rapport, DimensionLignes(tableau, analyse), analyse);
+  ImprimerTableEtendue(rapport, DimensionDesLignes(tableau, analyse), analyse);
   rapport.Ligne("Modalites en colonne");
-  ImprimerTableEtendue(rapport, DimensionColonnes(plan, analyse), analyse);
+  ImprimerTableEtendue(rapport, DimensionDesColonnes(plan, analyse), analyse);
 }
 
 }  // namespace quelvar::factor

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "core/programme/report.h"
-#include "core/resultats/tableau.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 
@@ -34,21 +33,21 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur);
 // What the coordinates behind are multiplied by; nothing for 1.
 void ImprimerEchelle(Rapport& rapport, double echelle);
 
-// The eigenvalues of all factors and their shares, marked "*" where the factor has not converged.
-TableauEdite ValeursPropres(const AnalyseAnecar& analyse);
+// The listed elements of factor k.
+void ImprimerLignesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k);
+void ImprimerColonnesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k);
 
-// The elements of factor k in the order of their signed CPF, those at or above the threshold.
-void ImprimerLignesTriees(Rapport& rapport, const TableauAnecar& tableau, const CoteFacteur& cote, std::size_t k,
-                          int seuil);
-void ImprimerColonnesTriees(Rapport& rapport, const ElementsAnecar& colonnes, const CoteFacteur& cote, std::size_t k,
-                            int seuil);
-
-// What is left of the deviations, in individuals with that many decimals. Raises kArgumentIncorrect for more than 99
-// decimals.
-void ImprimerEcartsRestants(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
-                            const Ecarts& ecarts, int decimales);
+// What is left of the deviations before a factor is taken off them: d over the active cells, and the total that makes
+// individuals of them.
+struct EcartsRestants {
+  const Matrice& d;
+  double effectif = 0;
+};
+// In individuals with that many decimals. Raises kArgumentIncorrect for more than 99 decimals.
+void ImprimerEcartsRestants(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
+                            const EcartsRestants& restants, int decimales);
 // What the factor gives back of the deviations.
-void ImprimerReconstitution(Rapport& rapport, const TableauAnecar& tableau, const ElementsAnecar& colonnes,
+void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
                             const Reconstitution& reconstitution, int decimales);
 
 // The final tables of all factors.

@@ -21,6 +21,8 @@ namespace quelvar::factor {
 
 enum class TypeAnalyse { Acp = 1, Afc = 2 };
 
+inline constexpr int kDecimalesDesValeursPropres = 6;  // as they are printed
+
 // What is known of the rows or of the columns: active ones first, then supplementary ones.
 struct MargesDesEcarts {
   std::vector<double> profil;   // margin / N

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/premier.h"
+#include "factor/analyse/tri.h"
 
 namespace quelvar::factor {
 
@@ -101,6 +103,34 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
   analyse.facteurs.push_back(std::move(facteur));
   return courant;
 }
+
+namespace {
+
+// Those of the positions from `premier` to before `fin`.
+std::vector<std::size_t> PositionsTriees(const CoteFacteur& cote, std::size_t premier, std::size_t fin, int seuil) {
+  std::vector<int> cles;
+  cles.reserve(fin - premier);
+  for (std::size_t i = premier; i < fin; ++i) {
+    const double f = cote.coordonnees[i];
+    cles.push_back(f > 0 ? cote.cpf[i] : f < 0 ? -cote.cpf[i] : 0);
+  }
+  std::vector<std::size_t> positions;
+  for (const std::size_t rang : OrdreParEchanges(cles))
+    if (cote.cpf[premier + rang] >= seuil) positions.push_back(premier + rang);
+  return positions;
+}
+
+}  // namespace
+
+ListeTriee TrierElements(const ElementsAnecar& elements, CoteFacteur cote, double echelle, int seuil) {
+  for (double& coordonnee : cote.coordonnees) coordonnee *= echelle;
+  ListeTriee liste{elements, std::move(cote), {}, {}};
+  liste.actifs = PositionsTriees(liste.cote, 0, elements.actifs, seuil);
+  liste.supplementaires = PositionsTriees(liste.cote, elements.actifs, elements.Nombre(), seuil);
+  return liste;
+}
+
+std::int16_t CpfMoyen(std::size_t actifs) { return Entier16(1000 / static_cast<double>(actifs)); }
 
 double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
   constexpr double kTroisChiffres = 100;

@@ -2,6 +2,7 @@
 // plain numbers that the editions and the coordinate files are drawn from.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -71,6 +72,20 @@ AnalyseAnecar CommencerAnalyse(TableauAnecar& tableau, TypeAnalyse type);
 // `suivre` is told the number of each round. Raises kArgumentIncorrect and kDepassementCapacite.
 FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
                                const std::function<void(std::int64_t)>& suivre);
+
+// The elements of a factor that a sorted listing shows, by position: those whose contribution is at or above the
+// threshold (per mille), in the order of the contributions signed like the coordinates, as the exchange sort leaves
+// them.
+struct ListeTriee {
+  const ElementsAnecar& elements;
+  CoteFacteur cote;  // coordinates at the scale of the analysis
+  std::vector<std::size_t> actifs;
+  std::vector<std::size_t> supplementaires;
+};
+ListeTriee TrierElements(const ElementsAnecar& elements, CoteFacteur cote, double echelle, int seuil);
+
+// The contribution of an element that is like all others of so many, per mille. Raises kDepassementCapacite for none.
+std::int16_t CpfMoyen(std::size_t actifs);
 
 // The power of ten that gives the largest coordinate three digits in thousandths, where it has fewer after a principal
 // component analysis; else 1. To be called when all factors are there.

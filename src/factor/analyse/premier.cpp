@@ -22,7 +22,6 @@ constexpr double kPrecision = 1e-9;  // of an eigenvalue, relative
 constexpr double kVoisinage = 1e-6;  // residual of a second eigenvalue that is known well enough
 constexpr double kEcart = 1e-8;      // an eigenvalue larger by that part is another one
 constexpr double kBruit = 1e-12;     // part of the inertia below which there is only rounding
-constexpr int kDecimalesImprimees = 6;
 
 double Produit(const Vecteur& x, const Vecteur& y) { return std::inner_product(x.begin(), x.end(), y.begin(), 0.0); }
 
@@ -224,7 +223,7 @@ bool EstRenverse(const Matrice& d, const Ecarts& ecarts, const VecteursSingulier
 bool EstLaMemeValeur(double trouvee, double plusGrande, double inertie) {
   if (plusGrande <= kBruit * inertie) return true;
   return plusGrande - trouvee <= kEcart * plusGrande &&
-         Arrondir(trouvee, kDecimalesImprimees) == Arrondir(plusGrande, kDecimalesImprimees);
+         Arrondir(trouvee, kDecimalesDesValeursPropres) == Arrondir(plusGrande, kDecimalesDesValeursPropres);
 }
 
 }  // namespace

@@ -77,7 +77,8 @@ PlanAnecar PlanifierTableau(const ParametresMod& parametres, const FichierMod& m
   if (plan.burt > 1) plan.lignes = colonnes = plan.burt;
   else if (codageLogique) plan.lignesSautees = colonnes;
   if (plan.burt < 1) colonnes = static_cast<std::int64_t>(mod.modalites.size());
-  if (colonnes > static_cast<std::int64_t>(mod.modalites.size())) throw Erreur(kFinDeFichierDepassee);
+  if (colonnes > static_cast<std::int64_t>(mod.modalites.size()))
+    throw Erreur(kFinDeFichierDepassee).Situer({{}, static_cast<std::int64_t>(mod.premiereApres)});
 
   PlacerColonnes(mod, static_cast<std::size_t>(colonnes), plan);
   plan.lignesActives = plan.lignes - lignesSup;
@@ -107,7 +108,9 @@ std::vector<std::string> AttribuerIntitules(const FichierMod& mod, PlanAnecar& p
 
 TableauAnecar LireTableau(const Chemin& brt, const PlanAnecar& plan, const Chemin& travail) {
   // The sizes are believed only once the file is known to hold as many lines.
-  if (CompterLignes(brt) < plan.lignesSautees + plan.lignes) throw Erreur(kFinDeFichierDepassee);
+  const std::int64_t presentes = CompterLignes(brt);
+  if (presentes < plan.lignesSautees + plan.lignes)
+    throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(brt.filename()), presentes});
   const auto lignes = static_cast<std::size_t>(plan.lignes);
   const auto actives = static_cast<std::size_t>(plan.lignesActives);
   const bool carre = plan.genre == GenreTableau::BurtCarre;

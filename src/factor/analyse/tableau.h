@@ -49,7 +49,8 @@ struct PlanAnecar {
 };
 
 // Raises kFinDeFichierDepassee when the file has fewer modality lines than declared, kDepassementCapacite for a size
-// beyond 64 bits, kIndiceHorsSelection for a negative one or for a Burt table with fewer rows than modalities.
+// beyond 64 bits, kIndiceHorsSelection for a negative one or for a Burt table with fewer rows than modalities; the
+// caller knows the file.
 PlanAnecar PlanifierTableau(const ParametresMod& parametres, const FichierMod& mod, bool codageLogique);
 
 // Gives each modality line's label to the column of its name; returns the names that no column has.

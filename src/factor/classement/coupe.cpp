@@ -1,7 +1,6 @@
 #include "factor/classement/coupe.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string_view>
 
@@ -14,51 +13,16 @@
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
+#include "factor/classement/edition.h"
 #include "factor/provenance.h"
 
 namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kLargeurNumero = 5;
 constexpr std::size_t kLargeurIntitule = 25;
 constexpr std::string_view kSuitesDeNom = "23456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::uint64_t kBeaucoup = std::uint64_t{256} << 20;
-
-// The two numbers that end a step line, in five places each; a sixth stands when a step from 10000 on is taken over.
-std::array<std::int32_t, 2> LireItems(std::string_view items) {
-  const std::size_t premier = items.size() > 2 * kLargeurNumero + 1                               ? kLargeurNumero + 1
-                              : items.size() > 2 * kLargeurNumero && items[kLargeurNumero] != '-' ? kLargeurNumero + 1
-                                                                                                  : kLargeurNumero;
-  return {Entier32(ValeurDe(items.substr(0, std::min(premier, items.size())))),
-          Entier32(ValeurDe(Milieu(items, premier + 1)))};
-}
-
-EtapeWard LireEtape(std::string_view ligne, std::size_t numero, std::size_t elements) {
-  const std::size_t debut = NombreFixe(static_cast<double>(numero), 4, 0).size() + 1;
-  EtapeWard etape;
-  etape.premier = Entier32(ValeurDe(Milieu(ligne, debut, kLargeurNumero)));
-  etape.second = Entier32(ValeurDe(Milieu(ligne, debut + kLargeurNumero, kLargeurNumero)));
-  const auto [premier, second] = LireItems(Milieu(ligne, debut + 2 * kLargeurNumero));
-  etape.itemPremier = premier;
-  etape.itemSecond = second;
-  for (const std::int32_t item : {premier, second})
-    if (item == 0 || item > static_cast<std::int64_t>(elements) || item <= -static_cast<std::int64_t>(numero))
-      throw Erreur(kIndiceHorsSelection);
-  return etape;
-}
-
-// An item may stand once only, else the classes overlap.
-void ExigerUnArbre(const std::vector<EtapeWard>& etapes) {
-  std::vector<char> elements(etapes.size() + 2, 0);
-  std::vector<char> classes(etapes.size() + 1, 0);
-  for (const EtapeWard& etape : etapes)
-    for (const std::int32_t item : {etape.itemPremier, etape.itemSecond}) {
-      char& vu = item > 0 ? elements[static_cast<std::size_t>(item)] : classes[static_cast<std::size_t>(-item)];
-      if (vu != 0) throw Erreur(kIndiceHorsSelection);
-      vu = 1;
-    }
-}
 
 // Rank of a name's fourth character among 0-9 and A-Z: the first one that isn't below it.
 int CodeDuNom(std::string_view nom) {
@@ -69,24 +33,28 @@ int CodeDuNom(std::string_view nom) {
   return static_cast<int>(code);
 }
 
-// The classes of modalities as recoding orders that the user can copy.
-void ListerClasses(Rapport& rapport, const std::vector<Modalite>& modalites, const std::vector<EtapeWard>& etapes,
-                   const OptionsCoupe& options) {
-  rapport.Ligne({"Aggrégation niveau "_w, NombreFixe(options.niveau, 4, 0)});
+// A modality of a class by its label, or by the question and the code that recode it.
+Rangee RangeeDeClasse(const Modalite& modalite, bool intitulesLongs) {
+  if (!intitulesLongs)
+    return {std::string(Milieu(modalite.nom, 1, 3)), {}, {{static_cast<double>(CodeDuNom(modalite.nom))}}};
+  const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kLargeurIntitule));
+  return {std::string(intitule.empty() ? std::string_view(modalite.nom) : intitule), {}, {}};
+}
+
+// The modalities of each class that the level leaves.
+std::vector<std::vector<Rangee>> ClassesDeModalites(const std::vector<Modalite>& modalites,
+                                                    const std::vector<EtapeWard>& etapes, const OptionsCoupe& options) {
   const MembresWard membres = MembresDesEtapes(etapes);
-  int groupe = 0;
+  std::vector<std::vector<Rangee>> classes;
   for (const std::size_t s : EtapesRestantes(etapes, static_cast<std::size_t>(options.niveau))) {
-    rapport.Ligne({"$$G", NombreFixe(++groupe, 2, 0)});
+    classes.emplace_back();
     for (const std::int32_t element : membres.DeLEtape(s)) {
       const auto rang = static_cast<std::size_t>(element - 1);
       if (rang >= modalites.size()) throw Erreur(kIndiceHorsSelection);
-      const Modalite& modalite = modalites[rang];
-      const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kLargeurIntitule));
-      if (options.intitulesLongs) rapport.Ligne(intitule.empty() ? std::string_view(modalite.nom) : intitule);
-      else rapport.Ligne({Milieu(modalite.nom, 1, 3), "    ", NombreFixe(CodeDuNom(modalite.nom), 2, 0)});
+      classes.back().push_back(RangeeDeClasse(modalites[rang], options.intitulesLongs));
     }
   }
-  rapport.Ligne("$$");
+  return classes;
 }
 
 // Class of each individual, 0 for one alone, and their number.
@@ -224,19 +192,6 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
 
 }  // namespace
 
-ArbreCah LireCah(const Chemin& chemin) {
-  std::vector<std::string> lignes;
-  LecteurLignes lecteur(chemin);
-  ArbreCah arbre;
-  arbre.individus = lecteur.LireObligatoire().find("OUI") != std::string_view::npos;
-  for (std::string_view ligne; lecteur.Lire(ligne);) lignes.emplace_back(ligne);
-  // As many lines of members follow the lines of steps.
-  const std::size_t etapes = lignes.size() / 2;
-  for (std::size_t s = 0; s < etapes; ++s) arbre.etapes.push_back(LireEtape(lignes[s], s + 1, etapes + 1));
-  ExigerUnArbre(arbre.etapes);
-  return arbre;
-}
-
 void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options, std::string& nouveau) {
   const std::optional<Chemin> cah = contexte.Chercher(".CAH");
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
@@ -256,7 +211,7 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
     const std::vector<Modalite> modalites = LireMod(*mod).modalites;
     ExigerElements(contexte, rapport, arbre, static_cast<std::int64_t>(modalites.size()), ".MOD");
     DireLaProvenance(contexte, rapport, arbre);
-    ListerClasses(rapport, modalites, arbre.etapes, options);
+    ImprimerClasses(rapport, options.niveau, ClassesDeModalites(modalites, arbre.etapes, options));
     return;
   }
   nouveau = CreerGenerique(contexte, rapport, arbre, options);

@@ -1,24 +1,13 @@
-// The tree of a classification read back from its .CAH file, and its cut at a level: the list of the classes of
-// modalities as recoding orders, or a new generic with a variable of the classes of individuals.
+// The cut of the tree of a classification at a level: the list of the classes of modalities as recoding orders, or a
+// new generic with a variable of the classes of individuals.
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <vector>
 
 #include "core/programme/programme.h"
-#include "factor/classement/ward.h"
+#include "factor/classement/cah.h"
 
 namespace quelvar::factor {
-
-struct ArbreCah {
-  bool individus = false;         // elements are individuals, and not the modalities of the .MOD
-  std::vector<EtapeWard> etapes;  // without their criteria
-};
-
-// Raises kFinDeFichierDepassee for a file without its first line, kIndiceHorsSelection for a number that stands for no
-// element or no earlier step, and the failures of LecteurLignes.
-ArbreCah LireCah(const Chemin& chemin);
 
 struct OptionsCoupe {
   int niveau = 0;               // number of steps

@@ -2,12 +2,6 @@
 
 namespace quelvar::factor {
 
-namespace {
-
-constexpr int kEtapesAuPlus = 999999;
-
-}  // namespace
-
 const Description<OptionsCoupe>& DescriptionWardCoupe() {
   using O = OptionsCoupe;
   static const Description<O> description =

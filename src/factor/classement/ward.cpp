@@ -193,6 +193,21 @@ std::vector<EtapeWard> ClasserPoints(const Matrice& points, MethodeWard methode,
   return Classification(points, methode).Agreger(suivre);
 }
 
+std::vector<BilanDEtape> BilanDesEtapes(std::span<const EtapeWard> etapes) {
+  double total = 0;
+  for (const EtapeWard& etape : etapes) total += etape.critere;
+  std::vector<BilanDEtape> bilans;
+  bilans.reserve(etapes.size());
+  double somme = 0;
+  int classes = 0;
+  for (const EtapeWard& etape : etapes) {
+    somme += etape.critere;
+    classes += ChangementDeClasses(etape);
+    bilans.push_back({classes, total == 0 ? 0 : 100 * somme / total});
+  }
+  return bilans;
+}
+
 MembresWard MembresDesEtapes(std::span<const EtapeWard> etapes) {
   constexpr std::size_t kNonPlacee = std::numeric_limits<std::size_t>::max();
   MembresWard membres;

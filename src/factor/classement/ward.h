@@ -28,6 +28,18 @@ struct EtapeWard {
   double critere = 0;  // in units of distance
 };
 
+// How a step changes the number of classes: two elements make a new one, two classes become one.
+inline int ChangementDeClasses(const EtapeWard& etape) {
+  return (etape.itemPremier > 0 ? 1 : 0) + (etape.itemSecond > 0 ? 1 : 0) - 1;
+}
+
+// The classes that a step leaves, and the share of the criteria up to it, percent; 0 when all are 0.
+struct BilanDEtape {
+  int classes = 0;
+  double cumul = 0;
+};
+std::vector<BilanDEtape> BilanDesEtapes(std::span<const EtapeWard> etapes);
+
 // The n - 1 steps of the tree over the points (factors x elements, one row a factor); fewer when what is left is 100000
 // or more apart, which no scan takes. `suivre` is told the number of steps done. Raises std::bad_alloc when the
 // n (n - 1) / 2 distances do not fit the memory.

@@ -16,6 +16,7 @@
 
 #include "core/dessin/dessin.h"
 #include "core/programme/programme.h"
+#include "core/resultats/tableau.h"
 
 namespace quelvar::factor {
 
@@ -42,6 +43,8 @@ struct ChoixEllipses {
 
 // What stands behind line 1 of the .MOD in the title of the picture; empty without an ellipse.
 std::string SuiteDuTitre(const ChoixEllipses& choix);
+
+inline constexpr double kMilliemes = 1000;  // the files' unit of coordinates, of which 1000 make one
 
 // Sums over the individuals who have a modality, coordinates in units (thousandths of the files divided by 1000).
 struct Nuage {
@@ -101,17 +104,39 @@ struct EllipsesDeModalite {
   std::vector<double> observes = {};  // percent of the individuals inside each of them
 };
 
+// A row each ellipse, under its kind: kappa, the share of the individuals of a normal cloud inside it, percent, and the
+// share of those observed where it is another one to the decimal that is printed.
+TableauEdite TableDesEllipses(const EllipsesDeModalite& modalite);
+
 // Percent of the points that lie inside the ellipse of that kappa around their mean.
 double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double kappa);
 
 // ".AFC" or ".ACP": the report of the analysis done last.
 std::string_view DerniereAnalyse(const Contexte& contexte);
 
-// One drawing of the ellipses: reads .AFC or .ACP, .FI2, .MOD and .BRT (.CDG after an analysis of the logical coding)
-// anew and writes the report .PRT anew. Modalities without individuals, and those whose ellipse can't be computed (told
-// by a message box), are passed over. Nothing when the run has been stopped; its report has been shown then.
+// .MOD, the report of the analysis, .FI2 and the table of the individuals (without a name when it is not needed).
+using FichiersDesEllipses = std::array<FichierObligatoire, 4>;
+
+// What measuring has found, for the picture and for the report.
+struct BilanEllipses {
+  std::optional<FichiersDesEllipses> fichiers = {};  // what was looked for
+  std::vector<std::string> remarques = {};           // lines on the files of the plane and on the .MOD
+  std::vector<EllipsesDeModalite> tracees = {};
+  std::vector<std::string> avis = {};  // for message boxes
+  std::optional<Erreur> arret = {};    // why there are no ellipses, with its place
+};
+
+// Reads .AFC or .ACP, .FI2, .MOD and .BRT (.CDG after an analysis of the logical coding) anew and writes nothing.
+// Modalities without individuals, and those whose ellipse can't be computed (one of the `avis`), are passed over. A
+// failure of reading, a missing file and files that refuse the ellipses are the `arret`.
+BilanEllipses MesurerEllipses(const Contexte& contexte, const DemandeEllipses& demande);
+
+// A run of its own: measures, tells, and writes the report .PRT anew. Nothing when it was stopped; its report has been
+// shown then.
 std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& contexte,
                                                                 const DemandeEllipses& demande);
+// The report .PRT of ellipses that are measured already, shown at its end.
+Fin RapporterEllipses(const Contexte& contexte, const BilanEllipses& bilan, ModeEcriture mode);
 
 // Lines of a modality in the report.
 void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite);

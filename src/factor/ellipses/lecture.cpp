@@ -17,7 +17,6 @@ namespace {
 constexpr std::size_t kColonneFacteurs = 40;
 constexpr std::size_t kColonneValeur = 16;
 constexpr std::size_t kPremiereCellule = 5;
-constexpr double kMilliemes = 1000;
 
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison) {
   throw Erreur(kIncompatibiliteType, Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison,

@@ -15,7 +15,6 @@ namespace {
 constexpr double kUnites = 1000;
 constexpr double kMarge = 60;         // by which the window is widened on each side
 constexpr double kMargeDuCadre = 55;  // of the box around it
-constexpr double kTolerance = 10;     // half a side of the small box around a point
 
 // The page, points.
 constexpr double kLargeurPage = 760;
@@ -23,30 +22,49 @@ constexpr double kMargeGauche = 36;
 constexpr double kMargeDroite = 10;
 constexpr double kMargeHaut = 36;
 constexpr double kMargeBas = 34;
-constexpr double kGraduation = 3;
-constexpr double kRayonDuPoint = 1.7;
-constexpr double kEcartDuPoint = 3.6;  // from a mark to its label
-constexpr double kGraduationsVoulues = 9;
+constexpr double kGraduation = 3;           // length of a tick
+constexpr double kEcartDeGraduation = 1.5;  // from a tick to its number
+constexpr double kRayonDuPoint = 1.7;       // of a mark with letters of the middle size
+constexpr double kTraitDuPoint = 0.7;       // of its rim
+constexpr double kEcartDuPoint = 3.6;       // from a mark to its label
+constexpr double kBordDesEtiquettes = 2;    // labels stay so far inside the box
+constexpr double kSousLeCadre = 22;         // base line of what stands below the numbers of the ticks
+constexpr double kSurLeCadre = 4;           // and above the box
+constexpr double kLigneDuTitre = 15;        // from the top of the page
+constexpr Position kCoinDuMot{6, 12};       // from the upper right corner of the box to the word on a complete tree
+constexpr double kGraduationsVoulues = 9;   // on an axis, or somewhat fewer
+constexpr int kDecimalesDesGraduations = 6;
 constexpr double kHalo = 0.9;                  // of labels over lines
 constexpr std::size_t kEtiquettesAHalo = 200;  // beyond, the rims of labels would hide their neighbours
 
-constexpr Police kPoliceTitre{.corps = 11, .gras = true};
-constexpr Police kPoliceAxe{.corps = 8.5};
-constexpr Police kPoliceGraduation{.corps = 6.5, .couleur = Couleur::Gris};
+// Letters, in points.
+constexpr double kCorpsPetit = 6.5;
+constexpr double kCorpsMoyen = 8.5;
+constexpr double kCorpsGrand = 11;
+constexpr Police kPoliceTitre{.corps = kCorpsGrand, .gras = true};
+constexpr Police kPoliceAxe{.corps = kCorpsMoyen};
+constexpr Police kPoliceGraduation{.corps = kCorpsPetit, .couleur = Couleur::Gris};
 constexpr Police kPoliceInformation{.corps = 7.5, .couleur = Couleur::Gris};
 constexpr Plume kPlumeCadre{Couleur::Noir, 0.8};
 constexpr Plume kPlumeAxe{Couleur::Gris, 0.6};
+constexpr Police kPoliceValeur{.corps = 6,
+                               .couleur = Couleur::RougeFonce,
+                               .ancre = Ancre::Milieu,
+                               .niveau = Niveau::Centre};
+constexpr Police kPoliceDuMot{.corps = kCorpsMoyen, .couleur = Couleur::Rouge, .ancre = Ancre::Fin};
+constexpr Plume kPlumeLien{Couleur::Rouge, 0.6, StyleTrait::Plein, 0.7};
+constexpr Plume kPlumeClasse{Couleur::Noir, 0.6, StyleTrait::Plein, 0.6};  // in the colour of each class
 constexpr Plume kPlumeArbreCah{Couleur::BleuFonce, 0.7, StyleTrait::Plein, 0.7};
 
 constexpr std::array kCouleursDesClasses = {Couleur::Bleu, Couleur::Vert, Couleur::Rouge, Couleur::Magenta};
 
 double CorpsDe(TailleTexte taille) {
   switch (taille) {
-    case TailleTexte::Petite: return 6.5;
-    case TailleTexte::Grande: return 11;
+    case TailleTexte::Petite: return kCorpsPetit;
+    case TailleTexte::Grande: return kCorpsGrand;
     case TailleTexte::Moyenne: break;
   }
-  return 8.5;
+  return kCorpsMoyen;
 }
 
 constexpr double kArrondi = 1e-9;  // relative, below which two steps are one
@@ -83,6 +101,10 @@ class TraceDuPlan {
   void Titre();
   void Calquer(std::string_view nom);
   void Element(std::size_t i, Couleur couleur);
+  Police AvecHalo(Police police) const {
+    police.halo = halo_;
+    return police;
+  }
   void Etiquette(Position place, std::string_view texte, Police police);
   Couleur CouleurDe(std::size_t i) const { return static_cast<Couleur>(etat_.reglages.marques[i]); }
   double Taille(std::size_t i) const;
@@ -150,12 +172,12 @@ void TraceDuPlan::Graduer(bool horizontale) {
   police.ancre = horizontale ? Ancre::Milieu : Ancre::Fin;
   police.niveau = horizontale ? Niveau::Haut : Niveau::Centre;
   for (double rang = std::ceil(debut / pas); rang * pas <= fin; ++rang) {
-    const double valeur = Arrondir(rang * pas, 6);
+    const double valeur = Arrondir(rang * pas, kDecimalesDesGraduations);
     const Position bord = dessin_.VersPage(horizontale ? Position{valeur, oppose.y} : Position{coin.x, valeur});
     const Position bout = horizontale ? Position{bord.x, bord.y + kGraduation} : Position{bord.x - kGraduation, bord.y};
     dessin_.Ligne(dessin_.VersUtilisateur(bord), dessin_.VersUtilisateur(bout), kPlumeAxe);
     dessin_.Texte(dessin_.VersUtilisateur(bout), Nombre(valeur), police,
-                  horizontale ? Position{0, 1.5} : Position{-1.5, 0});
+                  horizontale ? Position{0, kEcartDeGraduation} : Position{-kEcartDeGraduation, 0});
   }
 }
 
@@ -182,14 +204,14 @@ void TraceDuPlan::NommerAxes() {
   dessin_.Calquer("titres");
   Police police = kPoliceAxe;
   police.ancre = Ancre::Fin;
-  dessin_.Texte(dessin_.VersUtilisateur({cadre_.x + cadre_.largeur, cadre_.y + cadre_.hauteur + 22}),
+  dessin_.Texte(dessin_.VersUtilisateur({cadre_.x + cadre_.largeur, cadre_.y + cadre_.hauteur + kSousLeCadre}),
                 NomDAxe(reglages_.horizontal), police);
   const std::string nom = NomDAxe(reglages_.vertical);
   const double demi = LargeurTexte(nom, police.corps) / 2;
   const double x = std::clamp(dessin_.VersPage({0, 0}).x, cadre_.x + demi,
                               std::max(cadre_.x + demi, cadre_.x + cadre_.largeur - demi));
   police.ancre = Ancre::Milieu;
-  dessin_.Texte(dessin_.VersUtilisateur({x, cadre_.y - 4}), nom, police);
+  dessin_.Texte(dessin_.VersUtilisateur({x, cadre_.y - kSurLeCadre}), nom, police);
 }
 
 double TraceDuPlan::Taille(std::size_t i) const {
@@ -204,7 +226,7 @@ void TraceDuPlan::Etiquette(Position place, std::string_view texte, Police polic
   police.niveau = Niveau::Centre;
   police.ancre = reglages_.pointExact ? Ancre::Debut : Ancre::Milieu;
   const Position page = dessin_.VersPage(place);
-  const double bord = cadre_.x + cadre_.largeur - 2;
+  const double bord = cadre_.x + cadre_.largeur - kBordDesEtiquettes;
   if (reglages_.pointExact) {
     decalage.x = kEcartDuPoint;
     const double largeur = LargeurTexte(texte, police.corps, police.gras) + kEcartDuPoint;
@@ -214,9 +236,9 @@ void TraceDuPlan::Etiquette(Position place, std::string_view texte, Police polic
     }
   }
   const Zone zone = ZoneDuTexte({page.x + decalage.x, page.y}, texte, police);
-  decalage.x += std::max(0.0, cadre_.x + 2 - zone.x) - std::max(0.0, zone.x + zone.largeur - bord);
-  decalage.y +=
-      std::max(0.0, cadre_.y + 2 - zone.y) - std::max(0.0, zone.y + zone.hauteur - (cadre_.y + cadre_.hauteur - 2));
+  decalage.x += std::max(0.0, cadre_.x + kBordDesEtiquettes - zone.x) - std::max(0.0, zone.x + zone.largeur - bord);
+  decalage.y += std::max(0.0, cadre_.y + kBordDesEtiquettes - zone.y) -
+                std::max(0.0, zone.y + zone.hauteur - (cadre_.y + cadre_.hauteur - kBordDesEtiquettes));
   dessin_.Texte(place, texte, police, decalage);
 }
 
@@ -229,7 +251,7 @@ void TraceDuPlan::Element(std::size_t i, Couleur couleur) {
   dessin_.Designer(static_cast<std::int32_t>(i));
   if (reglages_.pointExact)
     dessin_.Cercle(place, kRayonDuPoint * corps / CorpsDe(TailleTexte::Moyenne),
-                   {point.supplementaire ? Couleur::Blanc : couleur, 1}, {couleur, 0.7});
+                   {point.supplementaire ? Couleur::Blanc : couleur, 1}, {couleur, kTraitDuPoint});
   Etiquette(
       place, TexteDuPoint(reglages_, point),
       {.corps = corps, .gras = reglages_.gras, .italique = point.supplementaire, .couleur = couleur, .halo = halo_});
@@ -258,22 +280,18 @@ void TraceDuPlan::Liens() {
     if (!montres[a] || !montres[b]) continue;
     const Position de = PlaceDe(etat_, a);
     const Position vers = PlaceDe(etat_, b);
-    dessin_.Ligne(de, vers, {Couleur::Rouge, 0.6, StyleTrait::Plein, 0.7});
+    dessin_.Ligne(de, vers, kPlumeLien);
     ++liens_;
     if (reglages_.liens.values)
       dessin_.Texte({(de.x + vers.x) / 2, (de.y + vers.y) / 2}, Rogner(NombreFixe(lien.valeur, 3, 1)),
-                    {.corps = 6,
-                     .couleur = Couleur::RougeFonce,
-                     .ancre = Ancre::Milieu,
-                     .niveau = Niveau::Centre,
-                     .halo = halo_});
+                    AvecHalo(kPoliceValeur));
   }
   Calquer("points");
   for (std::size_t i = 0; i < montres.size(); ++i)
     if (montres[i] && liens.atteints[i]) Element(i, CouleurDe(i));
   if (!liens.complet) return;
-  dessin_.Texte(dessin_.VersUtilisateur({cadre_.x + cadre_.largeur - 6, cadre_.y + 12}), kArbreComplet,
-                {.corps = 8.5, .couleur = Couleur::Rouge, .ancre = Ancre::Fin, .halo = halo_});
+  dessin_.Texte(dessin_.VersUtilisateur({cadre_.x + cadre_.largeur - kCoinDuMot.x, cadre_.y + kCoinDuMot.y}),
+                kArbreComplet, AvecHalo(kPoliceDuMot));
 }
 
 // Each step joins the points of its two items and keeps the one between them, whatever the sizes.
@@ -313,20 +331,23 @@ void TraceDuPlan::ArbreCah() {
 void TraceDuPlan::ClassesCah() {
   const std::vector<EtapeWard>& etapes = donnees_.cah->etapes;
   const MembresWard membres = MembresDesEtapes(etapes);
+  constexpr unsigned kBitsLaisses = 30;  // of 32: the two that are left draw one of four colours
   std::mt19937 hasard(reglages_.cah.hasard.value_or(0));
   std::vector<std::pair<std::size_t, Couleur>> ecrits;
   std::size_t classe = 0;
   Calquer("cah");
   for (const std::size_t etape : EtapesRestantes(etapes, std::min(reglages_.cah.niveau, etapes.size()))) {
-    const std::size_t choix = reglages_.cah.hasard ? hasard() >> 30U : classe;
+    const std::size_t choix = reglages_.cah.hasard ? hasard() >> kBitsLaisses : classe;
     const Couleur couleur = kCouleursDesClasses[choix % kCouleursDesClasses.size()];
+    Plume plume = kPlumeClasse;
+    plume.couleur = couleur;
     ++classe;
     std::optional<Position> premier;
     for (const std::int32_t membre : membres.DeLEtape(etape)) {
       const std::optional<std::size_t> element = ElementDeCah(donnees_, membre);
       if (!element || !EstMontre(etat_, *element)) continue;
       const Position place = PlaceDe(etat_, *element);
-      if (premier) dessin_.Ligne(place, *premier, {couleur, 0.6, StyleTrait::Plein, 0.6});
+      if (premier) dessin_.Ligne(place, *premier, plume);
       else premier = place;
       ecrits.emplace_back(*element, couleur);
     }
@@ -350,11 +371,11 @@ void TraceDuPlan::Centres() {
 
 void TraceDuPlan::Titre() {
   dessin_.Calquer("titres");
-  dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, 15}),
+  dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, kLigneDuTitre}),
                 Joindre({Rogner(donnees_.titre), SuiteDuTitre(reglages_.ellipses)}), kPoliceTitre);
   if (reglages_.information)
-    dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, cadre_.y + cadre_.hauteur + 22}), LigneDuPlan(etat_, liens_),
-                  kPoliceInformation);
+    dessin_.Texte(dessin_.VersUtilisateur({kMargeGauche, cadre_.y + cadre_.hauteur + kSousLeCadre}),
+                  LigneDuPlan(etat_, liens_), kPoliceInformation);
 }
 
 // The labels come after the lines, which would run through them.
@@ -375,26 +396,5 @@ Dessin TraceDuPlan::Tracer() {
 }  // namespace
 
 Dessin DessinerPlan(const EtatPlan& etat) { return TraceDuPlan(etat).Tracer(); }
-
-std::vector<std::size_t> ElementsSous(const EtatPlan& etat, const Dessin& dessin, Position page) {
-  const Position place = dessin.VersUtilisateur(page);
-  const Fenetre& f = etat.cadre.limites;
-  const double x = kTolerance * (f.droite - f.gauche) / kUnites;
-  const double y = kTolerance * (f.haut - f.bas) / kUnites;
-  std::vector<std::pair<double, std::size_t>> trouves;
-  std::int32_t dernier = -1;
-  for (const Forme& forme : dessin.Formes()) {
-    if (forme.id < 0 || forme.id == dernier) continue;
-    dernier = forme.id;
-    const auto element = static_cast<std::size_t>(forme.id);
-    const Position p = PlaceDe(etat, element);
-    if (std::fabs(p.x - place.x) <= x && std::fabs(p.y - place.y) <= y)
-      trouves.emplace_back(std::hypot((p.x - place.x) / x, (p.y - place.y) / y), element);
-  }
-  std::sort(trouves.begin(), trouves.end());
-  std::vector<std::size_t> elements;
-  for (const auto& [distance, element] : trouves) elements.push_back(element);
-  return elements;
-}
 
 }  // namespace quelvar::factor

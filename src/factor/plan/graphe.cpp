@@ -10,6 +10,8 @@ namespace quelvar::factor {
 
 namespace {
 
+constexpr double kMilliemesDeFenetre = 1000;  // what a move of the picture is told in
+
 // Applies an axis; what is not one of the factors is told.
 std::string ReglerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view nom, std::string_view texte) {
   if (texte.empty() || FixerAxe(donnees, axe, texte)) return {};
@@ -109,7 +111,8 @@ void ReglerCadre(const OptionsGraphe& options, EtatPlan& etat) {
   f = {centre.x + (f.gauche - centre.x) * x, centre.x + (f.droite - centre.x) * x, centre.y + (f.haut - centre.y) * y,
        centre.y + (f.bas - centre.y) * y};
   Glisser(etat, {},
-          {options.versLaDroite * (f.droite - f.gauche) / 1000, options.versLeHaut * (f.haut - f.bas) / 1000});
+          {options.versLaDroite * (f.droite - f.gauche) / kMilliemesDeFenetre,
+           options.versLeHaut * (f.haut - f.bas) / kMilliemesDeFenetre});
 }
 
 void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGraphe& options) {
@@ -123,20 +126,6 @@ void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGr
 
 Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& corps) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, corps, ModeEcriture::Suite);
-}
-
-std::string Concordance(const Contexte& contexte, std::size_t individu) {
-  if (const std::optional<Chemin> donnees = contexte.Chercher(".DAT")) {
-    LecteurLignes lecteur(*donnees);
-    std::size_t rang = 0;
-    for (std::string_view ligne; lecteur.Lire(ligne);) {
-      if (rang++ != individu) continue;
-      const std::size_t debut = ligne.find("$$");
-      if (debut != std::string_view::npos) return std::string(ligne.substr(debut + 2));
-      break;
-    }
-  }
-  return "Pas de concordance disponible";
 }
 
 }  // namespace
@@ -175,15 +164,6 @@ void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   EcrireReseau(contexte, etat, sorties);
   sorties.Valider();
-}
-
-std::string TexteDuClic(const Contexte& contexte, const EtatPlan& etat, std::size_t element) {
-  const DonneesPlan& donnees = etat.donnees;
-  const PointPlan& point = donnees.points[element];
-  std::string texte(Rogner(point.intitule.empty() ? point.nom : point.intitule));
-  if (element >= donnees.colonnes && donnees.Individus())
-    texte += Joindre({"\r\n", Concordance(contexte, element - donnees.colonnes)});
-  return texte;
 }
 
 bool DemandeDesLiens(const OptionsGraphe& options) {
@@ -243,8 +223,9 @@ void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
   options.page = entier(100 * etat.cadre.page);
   options.zoomLargeur = entier(100 * etat.cadre.page * (depart.droite - depart.gauche) / largeur);
   options.zoomHauteur = entier(100 * etat.cadre.page * (depart.haut - depart.bas) / hauteur);
-  options.versLaDroite = entier(500 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
-  options.versLeHaut = entier(500 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
+  options.versLaDroite =
+      entier(kMilliemesDeFenetre / 2 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
+  options.versLeHaut = entier(kMilliemesDeFenetre / 2 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
 }
 
 }  // namespace

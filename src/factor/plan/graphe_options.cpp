@@ -12,8 +12,13 @@ using O = OptionsGraphe;
 using Textes = std::vector<std::string>;
 
 constexpr int kLiensAuPlus = 999999999;
-constexpr int kEtapesAuPlus = 999999;
 constexpr int kClassesAuPlus = 99999;
+// The limits of the picture.
+constexpr int kZoomAuMoins = 10;  // percent
+constexpr int kZoomAuPlus = 10000;
+constexpr int kPageAuMoins = static_cast<int>(100 * kPageMinimum);
+constexpr int kPageAuPlus = static_cast<int>(100 * kPageMaximum);
+constexpr int kDeplacementAuPlus = 5000;  // thousandths: five windows
 constexpr std::array<std::string_view, 3> kEllipses = {"concentration", "mediane", "indicatrice"};
 
 // A text of the struct that is empty when the option is not given.
@@ -151,11 +156,13 @@ void DecrireClasses(Description<O>& description) {
 }
 
 void DecrireCadre(Description<O>& description) {
-  description.Entier("zoomlargeur", &O::zoomLargeur, 10, 10000, "agrandissement en largeur, %")
-      .Entier("zoomhauteur", &O::zoomHauteur, 10, 10000, "agrandissement en hauteur, %")
-      .Entier("page", &O::page, 50, 400, "taille de la page autour du graphique, %")
-      .Entier("droite", &O::versLaDroite, -5000, 5000, "déplace l'image vers la droite, millièmes de sa largeur"_w)
-      .Entier("haut", &O::versLeHaut, -5000, 5000, "déplace l'image vers le haut, millièmes de sa hauteur"_w);
+  description.Entier("zoomlargeur", &O::zoomLargeur, kZoomAuMoins, kZoomAuPlus, "agrandissement en largeur, %")
+      .Entier("zoomhauteur", &O::zoomHauteur, kZoomAuMoins, kZoomAuPlus, "agrandissement en hauteur, %")
+      .Entier("page", &O::page, kPageAuMoins, kPageAuPlus, "taille de la page autour du graphique, %")
+      .Entier("droite", &O::versLaDroite, -kDeplacementAuPlus, kDeplacementAuPlus,
+              "déplace l'image vers la droite, millièmes de sa largeur"_w)
+      .Entier("haut", &O::versLeHaut, -kDeplacementAuPlus, kDeplacementAuPlus,
+              "déplace l'image vers le haut, millièmes de sa hauteur"_w);
 }
 
 Description<O> Decrire() {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "core/programme/lieunomme.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"
@@ -58,8 +59,10 @@ void PlacerElement(DonneesPlan& donnees, std::size_t element, const ElementsFact
 // analyses.
 std::optional<double> EchelleCommune(const Matrice& entieres, const Matrice& fines, std::size_t debut) {
   constexpr double kLesPlusFines = 1e4;
+  constexpr double kArrondiEntier = 0.5;  // of whole thousandths
+  constexpr double kArrondiFin = 0.0001;  // one of the last of four decimals
   for (double echelle = 1; echelle <= kLesPlusFines; echelle *= 10) {
-    const double ecart = 0.5 + 0.0001 * echelle;
+    const double ecart = kArrondiEntier + kArrondiFin * echelle;
     bool communes = true;
     for (std::size_t f = 0; f < fines.Lignes(); ++f)
       for (std::size_t i = 0; i < fines.Colonnes(); ++i)
@@ -91,7 +94,7 @@ void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Donne
     donnees.cah = LireCah(*cah);
   } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreur(erreur)}));
+    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreurDuFichierNomme(erreur)}));
   }
 }
 
@@ -112,9 +115,11 @@ ArretDeLecture DeclarerColonnes(const Contexte& contexte, const FichierMod& mod,
 }
 
 ArretDeLecture PlacerElements(const Contexte& contexte, const ParametresMod& parametres, DonneesPlan& donnees) {
-  const ElementsFactoriels faj = LireFaj(contexte.Exiger(".FAJ"));
-  if (faj.Nombre() == 0) throw Erreur(kFinDeFichierDepassee);
-  if (faj.Facteurs() == 0) throw Erreur(kArgumentIncorrect);
+  const Chemin chemin = contexte.Exiger(".FAJ");
+  const ElementsFactoriels faj = LireFaj(chemin);
+  const Lieu debut{TexteDe(chemin.filename()), 1};
+  if (faj.Nombre() == 0) throw Erreur(kFinDeFichierDepassee).Situer(debut);
+  if (faj.Facteurs() == 0) throw Erreur(kArgumentIncorrect).Situer(debut);
   donnees.facteurs = faj.Facteurs();
   const auto places = PlacesDesNoms(faj.noms, donnees.points);
   if (!places)
@@ -123,8 +128,8 @@ ArretDeLecture PlacerElements(const Contexte& contexte, const ParametresMod& par
             "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
             Joindre({"   a l'intérieur les deux fichiers et relancez le programme"_w})};
   ElementsFactoriels fai;
-  if (const std::optional<Chemin> chemin = contexte.Chercher(".FAI"); chemin && donnees.burt <= 1)
-    fai = LireFai(*chemin, donnees.facteurs);
+  if (const std::optional<Chemin> lignes = contexte.Chercher(".FAI"); lignes && donnees.burt <= 1)
+    fai = LireFai(*lignes, donnees.facteurs);
   const std::size_t premiere = DeclarerLignes(parametres, fai, donnees);
   donnees.coordonnees = Matrice(donnees.facteurs, donnees.points.size());
   donnees.cpf = Matrice(donnees.facteurs, donnees.points.size());

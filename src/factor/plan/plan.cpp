@@ -14,21 +14,10 @@ namespace {
 constexpr double kEtendueParDefaut = 100;  // half a window without any extent, thousandths
 constexpr double kEtendueMinimum = 0.01;
 constexpr double kEtendueMaximum = 1e9;
-constexpr double kPageMinimum = 0.5;
-constexpr double kPageMaximum = 4;
 constexpr double kPasMinimum = 5;
 constexpr double kPasMaximum = 500;
 
 std::size_t Rang(const AxePlan& axe) { return static_cast<std::size_t>(axe.facteur - 1); }
-
-double Facteur(CoefficientPlan coefficient) {
-  switch (coefficient) {
-    case CoefficientPlan::Faible: return 1.05;
-    case CoefficientPlan::Fort: return 1.5;
-    case CoefficientPlan::Moyen: break;
-  }
-  return 1.2;
-}
 
 class Etendue {
  public:
@@ -112,12 +101,6 @@ Fenetre Grandie(const Fenetre& f, double facteurX, double facteurY, Position fix
 
 Position Centre(const Fenetre& f) { return {(f.gauche + f.droite) / 2, (f.haut + f.bas) / 2}; }
 
-// A step makes a class of two elements, or one of two classes.
-void CompterClasses(const EtapeWard& etape, std::size_t& classes) {
-  if (etape.itemPremier > 0 && etape.itemSecond > 0) ++classes;
-  if (etape.itemPremier < 0 && etape.itemSecond < 0) --classes;
-}
-
 bool DansLEnsemble(EnsemblePoints ensemble, const PointPlan& point) {
   return ensemble == EnsemblePoints::Tous || (ensemble == EnsemblePoints::Supplementaires) == point.supplementaire;
 }
@@ -193,14 +176,15 @@ void InclurePoints(EtatPlan& etat) {
 }
 
 void ChangerEchelle(EtatPlan& etat, bool plus) {
-  const double facteur = plus ? 1 / Facteur(etat.coefficient) : Facteur(etat.coefficient);
+  const double facteur = plus ? 1 / FacteurDeTaille(etat.coefficient) : FacteurDeTaille(etat.coefficient);
   Fenetre& limites = etat.cadre.limites;
   limites = Grandie(limites, etat.dimension == DimensionPlan::Hauteur ? 1 : facteur,
                     etat.dimension == DimensionPlan::Largeur ? 1 : facteur, Centre(limites));
 }
 
 void ChangerPage(EtatPlan& etat, bool plus) {
-  const double voulue = etat.cadre.page * (plus ? Facteur(etat.coefficient) : 1 / Facteur(etat.coefficient));
+  const double voulue =
+      etat.cadre.page * (plus ? FacteurDeTaille(etat.coefficient) : 1 / FacteurDeTaille(etat.coefficient));
   const double page = std::clamp(voulue, kPageMinimum, kPageMaximum);
   const double facteur = page / etat.cadre.page;
   Fenetre& limites = etat.cadre.limites;
@@ -308,18 +292,15 @@ std::optional<std::size_t> ElementDeCah(const DonneesPlan& donnees, std::int32_t
 }
 
 std::size_t ClassesAuNiveau(const ArbreCah& cah, std::size_t niveau) {
-  std::size_t classes = 0;
-  for (std::size_t s = 0; s < std::min(niveau, cah.etapes.size()); ++s) CompterClasses(cah.etapes[s], classes);
-  return classes;
+  const std::size_t etapes = std::min(niveau, cah.etapes.size());
+  return etapes == 0 ? 0 : static_cast<std::size_t>(BilanDesEtapes(cah.etapes)[etapes - 1].classes);
 }
 
 std::optional<std::size_t> NiveauDesClasses(const ArbreCah& cah, std::size_t classes) {
   std::optional<std::size_t> niveau;
-  std::size_t restantes = 0;
-  for (std::size_t s = 0; s < cah.etapes.size(); ++s) {
-    CompterClasses(cah.etapes[s], restantes);
-    if (restantes == classes) niveau = s + 1;
-  }
+  const std::vector<BilanDEtape> bilans = BilanDesEtapes(cah.etapes);
+  for (std::size_t s = 0; s < bilans.size(); ++s)
+    if (static_cast<std::size_t>(bilans[s].classes) == classes) niveau = s + 1;
   return niveau;
 }
 

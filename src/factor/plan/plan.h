@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/calcul/matrice.h"
+#include "core/dessin/coefficient.h"
 #include "core/dessin/dessin.h"
 #include "factor/classement/coupe.h"
 #include "factor/ellipses/ellipses.h"
@@ -116,7 +117,6 @@ struct ReglagesPlan {
   std::vector<std::uint8_t> marques;  // colour code of each element: 0, kMarqueColonne, kMarqueLigne
 };
 
-enum class CoefficientPlan : std::uint8_t { Faible, Moyen, Fort };
 enum class DimensionPlan : std::uint8_t { Hauteur, Largeur, Toutes };  // OptH, OptL, OptAll
 
 // The limits shown, thousandths, and the size of the page over the first one.
@@ -125,12 +125,15 @@ struct CadrePlan {
   double page = 1;
 };
 
+inline constexpr double kPageMinimum = 0.5;
+inline constexpr double kPageMaximum = 4;
+
 struct EtatPlan {
   DonneesPlan donnees;
   ReglagesPlan reglages;
   CadrePlan cadre;
   std::vector<EllipsesDeModalite> ellipses;
-  CoefficientPlan coefficient = CoefficientPlan::Moyen;
+  Coefficient coefficient = Coefficient::Moyen;
   DimensionPlan dimension = DimensionPlan::Toutes;
   double pas = 50;  // of a move, in units of a thousandth of the window
 };

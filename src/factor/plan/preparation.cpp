@@ -1,6 +1,4 @@
 // The preparation of the factor graph: its files as a plane, and the report on them.
-#include <algorithm>
-
 #include "core/texte/nombres.h"
 #include "factor/plan/concordance.h"
 #include "factor/plan/graphe.h"
@@ -45,13 +43,22 @@ void ImprimerNoms(Rapport& rapport, const Contexte& contexte) {
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".PRT")});
 }
 
-void ImprimerNombreDeModalites(Rapport& rapport, const DonneesPlan& donnees) {
-  const auto sup = static_cast<std::size_t>(
-      std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
-                    [](const PointPlan& point) { return point.supplementaire; }));
-  rapport.Ligne({"Il y a ", NombreNu(donnees.colonnes), " modalites en tout"});
-  rapport.Ligne({"Il y a ", NombreNu(donnees.colonnes - sup), " modalites actives"});
-  rapport.Ligne({"Il y a ", NombreNu(sup), " modalites supplementaires"});
+struct NombresDeModalites {
+  std::size_t actives = 0;
+  std::size_t supplementaires = 0;
+};
+
+NombresDeModalites CompterModalites(const DonneesPlan& donnees) {
+  NombresDeModalites nombres;
+  for (std::size_t i = 0; i < donnees.colonnes; ++i)
+    ++(donnees.points[i].supplementaire ? nombres.supplementaires : nombres.actives);
+  return nombres;
+}
+
+void ImprimerNombresDeModalites(Rapport& rapport, const NombresDeModalites& nombres) {
+  rapport.Ligne({"Il y a ", NombreNu(nombres.actives + nombres.supplementaires), " modalites en tout"});
+  rapport.Ligne({"Il y a ", NombreNu(nombres.actives), " modalites actives"});
+  rapport.Ligne({"Il y a ", NombreNu(nombres.supplementaires), " modalites supplementaires"});
 }
 
 void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
@@ -65,7 +72,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   ArreterSi(rapport, contexte, DeclarerColonnes(contexte, mod, parametres, donnees));
   ArreterSi(rapport, contexte, PlacerElements(contexte, parametres, donnees));
   AffinerCoordonnees(contexte, donnees);
-  ImprimerNombreDeModalites(rapport, donnees);
+  ImprimerNombresDeModalites(rapport, CompterModalites(donnees));
   LireAutourDuPlan(contexte, exigences, donnees);
   const ArretDeLecture arret = EcarterEtrangers(contexte, exigences, donnees);
   std::vector<std::string> remarques = donnees.remarques;

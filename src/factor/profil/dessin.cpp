@@ -1,19 +1,21 @@
 #include "factor/profil/dessin.h"
 
 #include "core/dessin/barres.h"
-#include "core/texte/nombres.h"
+#include "core/texte/texte.h"
+#include "crosstab/tableau/khi2.h"
 
 namespace quelvar::factor {
 
 namespace {
 
-constexpr int kClasseSure = 2;  // of ClasseKhi2: from 5 % on
+constexpr int kClasseSure = 2;  // of crosstab::ClasseKhi2: from 5 % on
 
 GroupeDeBarres BarresDe(const ProfilDeModalite& profil) {
   GroupeDeBarres groupe{Joindre({"Profil de la modalité "_w, profil.nom, " ", profil.intitule}), {}};
   for (const LigneDeProfil& ligne : profil.lignes)
     groupe.barres.push_back({ligne.intitule.empty() ? ligne.nom : Joindre({ligne.nom, "  ", ligne.intitule}),
-                             ligne.attraction.pem, ClasseKhi2(ligne.attraction.khi2) >= kClasseSure});
+                             ligne.attraction.pem,
+                             crosstab::ClasseKhi2(ligne.attraction.khi2, crosstab::Borne::Comprise) >= kClasseSure});
   return groupe;
 }
 

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "core/dessin/dessin.h"
-#include "factor/profil/edition.h"
+#include "factor/profil/profil.h"
 
 namespace quelvar::factor {
 

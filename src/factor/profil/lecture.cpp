@@ -11,13 +11,14 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::size_t kLargeurNom = 4;
+constexpr std::size_t kOctets = 256;
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
 struct QuestionComptee {
   Champ champ;
   int codeMax = 0;
   std::size_t premiere = 0;  // of its counts
-  std::size_t places = 256;
+  std::size_t places = kOctets;
 };
 
 class Comptoir {
@@ -29,7 +30,7 @@ class Comptoir {
       if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(pos, code.question));
       rangs_[code.question] = questions_.size();
       questions_.push_back({ChampDe(question), question.codeMax, places_,
-                            question.largeur == 1 ? 256U : static_cast<std::size_t>(question.codeMax) + 2});
+                            question.largeur == 1 ? kOctets : static_cast<std::size_t>(question.codeMax) + 2});
       champs_.push_back(questions_.back().champ);
       places_ += questions_.back().places;
     }
@@ -37,30 +38,35 @@ class Comptoir {
 
   std::size_t Longueur() const { return LongueurUtile(champs_); }
   std::size_t Places() const { return places_; }
+  std::size_t QuestionDe(const CodeDeModalite& modalite) const { return rangs_[modalite.question]; }
+  std::size_t Questions() const { return questions_.size(); }
+
+  // Where the code that a line has at a question is counted.
+  std::size_t Place(const char* ligne, std::size_t question) const {
+    const QuestionComptee& q = questions_[question];
+    if (q.champ.largeur == 1) return q.premiere + static_cast<unsigned char>(ligne[q.champ.debut]);
+    return q.premiere + PlaceDe(LireChampInterieur(ligne, q.champ), q.codeMax);
+  }
+
+  // The places that count for a modality.
+  template <class Prendre>
+  void PourChaquePlace(const CodeDeModalite& modalite, const Prendre& prendre) const {
+    const QuestionComptee& question = questions_[QuestionDe(modalite)];
+    if (modalite.code > question.codeMax) return;
+    if (question.champ.largeur > 1) return prendre(question.premiere + static_cast<std::size_t>(modalite.code));
+    for (std::size_t octet = 0; octet < kOctets; ++octet)
+      if (ValeursDUnOctet()[octet] == modalite.code) prendre(question.premiere + octet);
+  }
 
   // Adds the codes of a line to counts that start at 0.
   void Compter(const char* ligne, std::uint32_t* comptes) const {
-    for (const QuestionComptee& question : questions_) {
-      std::size_t place = question.premiere;
-      if (question.champ.largeur == 1) place += static_cast<unsigned char>(ligne[question.champ.debut]);
-      else place += PlaceDe(LireChampInterieur(ligne, question.champ), question.codeMax);
-      ++comptes[place];
-    }
-  }
-
-  bool APour(const char* ligne, const CodeDeModalite& modalite) const {
-    const QuestionComptee& question = questions_[rangs_[modalite.question]];
-    return modalite.code <= question.codeMax && LireChampInterieur(ligne, question.champ) == modalite.code;
+    for (std::size_t question = 0; question < questions_.size(); ++question) ++comptes[Place(ligne, question)];
   }
 
   // What the counts hold for a code.
   double Effectif(const std::uint32_t* comptes, const CodeDeModalite& modalite) const {
-    const QuestionComptee& question = questions_[rangs_[modalite.question]];
-    if (modalite.code > question.codeMax) return 0;
-    if (question.champ.largeur > 1) return comptes[question.premiere + static_cast<std::size_t>(modalite.code)];
     double effectif = 0;
-    for (std::size_t octet = 0; octet < 256; ++octet)
-      if (ValeursDUnOctet()[octet] == modalite.code) effectif += comptes[question.premiere + octet];
+    PourChaquePlace(modalite, [&](std::size_t place) { effectif += comptes[place]; });
     return effectif;
   }
 
@@ -76,6 +82,33 @@ class Comptoir {
   std::vector<QuestionComptee> questions_;
   std::vector<Champ> champs_;
   std::size_t places_ = 0;
+};
+
+// The chosen modalities of a line, found by its codes: thousands may be chosen.
+class Choisies {
+ public:
+  Choisies(const Comptoir& comptoir, const std::vector<CodeDeModalite>& codes, const std::vector<std::size_t>& choisies)
+      : comptoir_(comptoir), parPlace_(comptoir.Places()) {
+    std::vector<bool> vues(comptoir.Questions());
+    for (std::size_t k = 0; k < choisies.size(); ++k) {
+      const CodeDeModalite& code = codes[choisies[k]];
+      comptoir.PourChaquePlace(code, [&](std::size_t place) { parPlace_[place].push_back(k); });
+      if (vues[comptoir.QuestionDe(code)]) continue;
+      vues[comptoir.QuestionDe(code)] = true;
+      questions_.push_back(comptoir.QuestionDe(code));
+    }
+  }
+
+  template <class Traiter>
+  void PourChacune(const char* ligne, const Traiter& traiter) const {
+    for (const std::size_t question : questions_)
+      for (const std::size_t k : parPlace_[comptoir_.Place(ligne, question)]) traiter(k);
+  }
+
+ private:
+  const Comptoir& comptoir_;
+  std::vector<std::size_t> questions_;              // that have a chosen modality
+  std::vector<std::vector<std::size_t>> parPlace_;  // ranks in the choice
 };
 
 // Whether a cell of the Burt table is whole and holds a count, or nothing.
@@ -94,17 +127,17 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
   std::vector<std::vector<std::uint32_t>> ensemble(choisies.size(), std::vector<std::uint32_t>(comptoir.Places(), 0));
   std::vector<std::uint32_t> autres(comptoir.Places(), 0);
   const bool seule = choisies.size() == 1;
+  const Choisies desLignes(comptoir, codes, choisies);
   LecteurIndividus lecteur(donnees, comptoir.Longueur());
   Progression progression(dialogue, pos.taille.individus);
   const std::int64_t maximum =
       pos.taille.individus == 0 ? std::numeric_limits<std::int64_t>::max() : pos.taille.individus;
   const std::int64_t lus = Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t) {
     bool compte = false;
-    for (std::size_t k = 0; k < choisies.size(); ++k)
-      if (comptoir.APour(ligne, codes[choisies[k]])) {
-        comptoir.Compter(ligne, ensemble[k].data());
-        compte = seule;
-      }
+    desLignes.PourChacune(ligne, [&](std::size_t k) {
+      comptoir.Compter(ligne, ensemble[k].data());
+      compte = seule;
+    });
     if (!compte) comptoir.Compter(ligne, autres.data());
     progression.Avancer();
   });
@@ -127,8 +160,11 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   const auto largeur = static_cast<std::size_t>(parametres.largeur);
   ComptesDeProfil comptes;
   comptes.ensemble.resize(choisies.size());
+  const std::size_t nombre = mod.modalites.size();
+  std::vector<std::vector<std::size_t>> demandes(nombre);  // ranks in the choice, by modality
+  for (std::size_t k = 0; k < choisies.size(); ++k) demandes[choisies[k]].push_back(k);
   LecteurLignes lecteur(brt);
-  for (std::size_t i = 0; i < mod.modalites.size(); ++i) {
+  for (std::size_t i = 0; i < nombre; ++i) {
     const std::string_view ligne = lecteur.LireObligatoire();
     const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur); };
     const auto verifier = [&](std::size_t j) {
@@ -137,13 +173,11 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
           Joindre({"ligne ", Nombre(i + 1), ", colonne ", Nombre(j + 1), " (", Rogner(cellule(j)), ")"});
     };
     comptes.effectifs.push_back(ValeurDe(cellule(i)));
-    const std::size_t nombre = mod.modalites.size();
-    if (std::find(choisies.begin(), choisies.end(), i) == choisies.end()) verifier(i);
+    if (demandes[i].empty()) verifier(i);
     else
       for (std::size_t j = 0; j < nombre; ++j) verifier(j);
-    for (std::size_t k = 0; k < choisies.size(); ++k)
-      if (choisies[k] == i)
-        for (std::size_t j = 0; j < nombre; ++j) comptes.ensemble[k].push_back(ValeurDe(cellule(j)));
+    for (const std::size_t k : demandes[i])
+      for (std::size_t j = 0; j < nombre; ++j) comptes.ensemble[k].push_back(ValeurDe(cellule(j)));
   }
   comptes.individus = annonces > 0 ? annonces : parametres.burt == 1 ? parametres.lignesSup : 0;
   const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, 3);

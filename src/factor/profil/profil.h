@@ -3,7 +3,10 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <vector>
+
+#include "core/resultats/tableau.h"
 
 namespace quelvar::factor {
 
@@ -25,14 +28,28 @@ struct Attraction {
 // Raises kDivisionParZero without individuals or for counts that their margins do not allow, kDepassementCapacite for a
 // PEM beyond an integer.
 //
-// The PEM is the share of the largest deviation from independence that the margins allow. Correction of continuity:
-// F. Yates, Supplement to the Journal of the Royal Statistical Society 1 (1934).
+// The PEM and the chi-square are those of a cell of a table (crosstab::PemLocal).
 Attraction Attirer(const Rencontre& rencontre);
-
-// Probability class of a chi-square of one degree of freedom: 3 from 6.64 on, 2 from 3.84, 1 from 2.71, else 0.
-int ClasseKhi2(double khi2);
 
 // Order of the rows by falling PEM; equal ones stand as the heap sort leaves them.
 std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions);
+
+// One modality against the chosen one.
+struct LigneDeProfil {
+  std::string nom;       // 4 characters
+  std::string intitule;  // trimmed
+  double ensemble = 0;   // individuals who have both
+  Attraction attraction;
+};
+
+struct ProfilDeModalite {
+  std::string nom;
+  std::string intitule;
+  std::vector<LigneDeProfil> lignes;  // in the order of print
+};
+
+// A row each modality: PEM, count, with `detail` T, O - T and chi-square, then the mark of its probability class (stars
+// or "ns"); label.
+TableauEdite TableDuProfil(const ProfilDeModalite& profil, bool detail);
 
 }  // namespace quelvar::factor

@@ -1,5 +1,7 @@
 #include "factor/profil/profilmod.h"
 
+#include <unordered_map>
+
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/listemod.h"
@@ -9,6 +11,7 @@
 #include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
+#include "factor/profil/edition.h"
 #include "factor/profil/lecture.h"
 
 namespace quelvar::factor {
@@ -44,7 +47,7 @@ Fichiers TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
   return fichiers;
 }
 
-void EcrireNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, contexte.Nom(fichiers.donnees ? ".DAT" : ".BRT")});
   rapport.Ligne({"Le nom du fichier de positions est ", contexte.Nom(".POS")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
@@ -71,14 +74,35 @@ class Controle {
   bool fautif_ = false;
 };
 
+// The modalities by their names, blanks around them aside: a choice may name thousands of them.
+class Annuaire {
+ public:
+  explicit Annuaire(const std::vector<Modalite>& modalites) : modalites_(modalites) {
+    for (std::size_t i = 0; i < modalites.size(); ++i) rangs_[Rogner(modalites[i].nom)].push_back(i);
+  }
+
+  // As SeuleModalite finds them.
+  std::optional<std::size_t> Chercher(std::string_view nom) const {
+    const auto trouve = rangs_.find(Rogner(nom));
+    if (trouve == rangs_.end() || trouve->first.empty()) return std::nullopt;
+    if (trouve->second.size() > 1) return SeuleModalite(modalites_, nom);
+    return trouve->second.front();
+  }
+
+ private:
+  const std::vector<Modalite>& modalites_;
+  std::unordered_map<std::string_view, std::vector<std::size_t>> rangs_;
+};
+
 // Ranks of the chosen modalities.
 std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
                                          const ParametresMod& parametres) {
   Controle controle(rapport);
   std::vector<std::size_t> choisies;
   if (!parametres.modPresent || parametres.mod.empty()) controle.Faute("Erreur : nom de MOD= non trouvé"_w);
+  const Annuaire annuaire(mod.modalites);
   for (const std::string& nom : NomsDuChoix(parametres.mod)) {
-    if (const std::optional<std::size_t> rang = SeuleModalite(mod.modalites, nom)) choisies.push_back(*rang);
+    if (const std::optional<std::size_t> rang = annuaire.Chercher(nom)) choisies.push_back(*rang);
     else controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
   }
   controle.Conclure(contexte.Ecran());
@@ -232,7 +256,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
   EcrireBandeau(rapport, "Profil d'une modalité"_w);
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
-  EcrireNoms(rapport, contexte, fichiers);
+  ImprimerNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
   const ParametresMod parametres = LireParametres(mod.parametres);
   rapport.Lignes(parametres.remarques);
@@ -250,7 +274,7 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   std::vector<ProfilDeModalite> profils;
   for (std::size_t k = 0; k < choisies.size(); ++k) {
     profils.push_back(Profiler(mod, comptes, k, choisies[k], options.nonTri));
-    EcrireProfil(rapport, profils.back(), options.detail);
+    ImprimerProfil(rapport, profils.back(), options.detail);
   }
   if (!options.fichier.empty()) EcrireSvg(sorties, options.fichier, DessinerProfils(profils));
   sorties.Valider();

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/programme/programme.h"
-#include "factor/profil/edition.h"
+#include "factor/profil/profil.h"
 
 namespace quelvar::factor {
 

@@ -163,6 +163,14 @@ std::optional<std::string> DemanderTexte(QWidget* parent, std::string_view quest
   return DepuisQt(texte);
 }
 
+QString ChoisirAOuvrir(QWidget* parent, const DemandeDeFichier& demande) {
+  return QFileDialog::getOpenFileName(parent, demande.titre, demande.depart, FiltreQt(demande.filtre));
+}
+
+QString ChoisirAEcrire(QWidget* parent, const DemandeDeFichier& demande, QString* filtre) {
+  return QFileDialog::getSaveFileName(parent, demande.titre, demande.depart, FiltreQt(demande.filtre), filtre);
+}
+
 Dialogue DialogueQt(const EcranDeRun& ecran) {
   const auto respiration = std::make_shared<Respiration>();
   const auto maximum = std::make_shared<std::int64_t>(1);
@@ -200,9 +208,7 @@ Dialogue DialogueQt(const EcranDeRun& ecran) {
   };
   dialogue.choisirFichier = [=](std::string_view titre, std::string_view filtre) {
     const CurseurNormal curseur;
-    const QString chemin =
-        QFileDialog::getOpenFileName(fenetre.Parent(), VersQt(titre), QStringLiteral("."), FiltreQt(VersQt(filtre)));
-    return DepuisQt(chemin);
+    return DepuisQt(ChoisirAOuvrir(fenetre.Parent(), {VersQt(titre), QStringLiteral("."), VersQt(filtre)}));
   };
   dialogue.biper = [] { QApplication::beep(); };
   dialogue.afficher = ecran.afficher;

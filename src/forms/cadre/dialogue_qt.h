@@ -34,6 +34,17 @@ std::optional<std::string> DemanderTexte(QWidget* parent, std::string_view quest
 // "Fichiers *.dat|*.dat|Tous fichiers *.*|*.*" as Qt writes filters; a name is matched in lower and in upper case.
 QString FiltreQt(const QString& filtre);
 
+// A file box: its title, the directory or the file that it begins with, the filters as programs write them.
+struct DemandeDeFichier {
+  QString titre;
+  QString depart;
+  QString filtre;
+};
+// The path of an existing file, or of one to be written; empty when the user gave up. `filtre` takes the filter that
+// stood there at the end, as Qt writes it.
+QString ChoisirAOuvrir(QWidget* parent, const DemandeDeFichier& demande);
+QString ChoisirAEcrire(QWidget* parent, const DemandeDeFichier& demande, QString* filtre = nullptr);
+
 // A message box of the program: text, buttons, and the button that was chosen. Of three buttons Escape is the last; in
 // the boxes of a run, where that one says yes for all times to come, it is "Non".
 enum class Echappement { Dernier, Non };

@@ -35,13 +35,6 @@ class Drapeau {
 
 }  // namespace
 
-std::string TexteDePanne(const Erreur& erreur) {
-  std::string texte;
-  for (const std::string& ligne : LignesDErreur(erreur, {})) texte += Joindre({ligne, "\r\n"});
-  if (const std::string lieu = TexteDuLieu(erreur); !lieu.empty()) texte += Joindre({"(", lieu, ")\r\n"});
-  return texte;
-}
-
 Lanceur::Lanceur(Formes& formes, std::function<Contexte()> contexte, std::function<void(const Erreur&)> echec,
                  std::function<bool()> permis)
     : formes_(formes), contexte_(std::move(contexte)), echec_(std::move(echec)), permis_(std::move(permis)) {}

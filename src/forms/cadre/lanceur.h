@@ -4,7 +4,6 @@
 #include <QObject>
 #include <deque>
 #include <functional>
-#include <string>
 
 #include "core/programme/erreur.h"
 #include "core/programme/programme.h"
@@ -14,9 +13,6 @@ namespace quelvar::forms {
 class Formes;
 
 using Programme = std::function<void(const Contexte&)>;
-
-// A failure that no report tells: the lines that a report would have, then its place when the reader knew it.
-std::string TexteDePanne(const Erreur& erreur);
 
 class Lanceur : public QObject {
   Q_OBJECT

@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
@@ -49,7 +48,8 @@ Principal::Principal(Environnement environnement)
     : environnement_(std::move(environnement)),
       ui_(std::make_unique<Ui::Principal>()),
       lanceur_(
-          formes_, [this] { return ContexteEnCours(); }, [this](const Erreur& erreur) { MontrerEchec(erreur); },
+          formes_, [this] { return ContexteEnCours(); },
+          [this](const Erreur& erreur) { resultats_->MontrerEchec(erreur); },
           [this] { return editeurs_->PermettreDeLire(session_.repertoire, session_.generique); }),
       aide_(environnement_.dossierAide, environnement_.ouvrir,
             [this](const QString& adresse) {
@@ -210,8 +210,6 @@ bool Principal::ProgrammeExiste(const QString& action) const {
                      [&](const EntreeDeProgramme& entree) { return action == QString::fromLatin1(entree.action); });
 }
 
-void Principal::MontrerEchec(const Erreur& erreur) { resultats_->Remplacer(TexteDePanne(erreur)); }
-
 // --- results and editor ---
 
 void Principal::PermettreEnregistrement(bool permis) {
@@ -258,8 +256,7 @@ void Principal::EditerFichierDuGenerique(const char* extension) {
 }
 
 QString Principal::ChoisirFichier(const QString& titre) {
-  return QFileDialog::getOpenFileName(this, titre, CheminVersQt(session_.repertoire),
-                                      FiltreQt(QStringLiteral("Tous fichiers *.*|*.*")));
+  return services_.ChoisirAOuvrir({titre, CheminVersQt(session_.repertoire), QStringLiteral("Tous fichiers *.*|*.*")});
 }
 
 void Principal::Annoncer(const QString& texte) {

@@ -79,7 +79,6 @@ class Principal : public QMainWindow {
 
   // --- runs, results and texts ---
   Dialogue EcranDesRuns();
-  void MontrerEchec(const Erreur& erreur);
   void PermettreEnregistrement(bool permis);
   void PreparerMenuAffichage();
   void AfficherResultat(const EntreeDAffichage& entree);

@@ -1,7 +1,6 @@
 // The session in the main form: its start, the data set and the level in force, and what the window shows of them.
 #include <QAction>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QMenu>
 
 #include "core/session/recents.h"
@@ -134,9 +133,9 @@ void Principal::ChangerNiveau(int niveau) {
 }
 
 void Principal::ChercherInitialisation() {
-  const QString chemin = QFileDialog::getOpenFileName(this, QStringLiteral("Options de recherche de fichier Qvr2.ini"),
-                                                      CheminVersQt(session_.repertoire),
-                                                      FiltreQt(QStringLiteral("Fichiers Qvr2.ini|Qvr2.ini")));
+  const QString chemin =
+      services_.ChoisirAOuvrir({QStringLiteral("Options de recherche de fichier Qvr2.ini"),
+                                CheminVersQt(session_.repertoire), QStringLiteral("Fichiers Qvr2.ini|Qvr2.ini")});
   if (!chemin.isEmpty()) OuvrirInitialisation(CheminDepuisQt(chemin));
 }
 

@@ -4,11 +4,14 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "core/session/session.h"
 #include "forms/aide/pages.h"
+#include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/formes.h"
 #include "forms/cadre/lanceur.h"
 
@@ -17,7 +20,7 @@ namespace quelvar::forms {
 struct Services {
   QWidget& fenetre;  // the main window, parent of every form
   Session& session;  // directory, generic, level
-  Dialogue& ecran;   // boxes, files, beep: a form makes none of its own
+  Dialogue& ecran;   // boxes, files, beep: a form makes none of its own, nor of those below
   Lanceur& lanceur;
   Formes& formes;
   const PagesDAide& aide;
@@ -39,6 +42,10 @@ struct Services {
   std::function<void(bool nouvelle)> montrerNouvelleUtilisation;
 
   Contexte ContexteEnCours() const { return {session.repertoire, session.generique, session.niveau, &ecran}; }
+  // Boxes that programs have no use for, over the window where the user is; empty when he gave up.
+  std::optional<std::string> DemanderTexte(std::string_view question) const;
+  QString ChoisirAOuvrir(const DemandeDeFichier& demande) const;
+  QString ChoisirAEcrire(const DemandeDeFichier& demande) const;
   // False when nothing was done: see Lanceur::Lancer.
   bool Lancer(const Programme& programme) const { return lanceur.Lancer(programme); }
 };

@@ -2,12 +2,13 @@
 
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDatabase>
 
 #include "forms/editeur/frmfind.h"
+#include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
+#include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
 namespace quelvar::forms {
@@ -159,19 +160,15 @@ void frmSDI::Dire(const QString& phrase) { ui_->BarreDEtat->showMessage(phrase, 
 
 void frmSDI::Imprimer() {
   const QString texte = QString::fromStdU16String(ui_->TexteEd->TexteComplet());
-  if (!ImprimerParDialogue(this, texte, Nom())) Dire(QStringLiteral("Pas d'imprimante disponible (ou annulation)"));
+  if (!ImprimerParDialogue(this, texte, Nom())) Dire(VersQt(kPasDImprimante));
 }
 
 void frmSDI::ImprimerEnPdf() {
   const QFileInfo source(fichier_.isEmpty() ? Nom() : fichier_);
   const QString propose = DossierDeDepart() + u'/' + source.fileName() + QStringLiteral(".pdf");
-  const QString fichier = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer en PDF"), propose,
-                                                       QStringLiteral("Documents PDF (*.pdf)"));
-  if (fichier.isEmpty()) return;
   const QString texte = QString::fromStdU16String(ui_->TexteEd->TexteComplet());
-  Dire((EcrirePdf(fichier, texte, Nom()) ? QStringLiteral("Enregistré dans %1")
-                                         : QStringLiteral("Impossible d'écrire %1"))
-           .arg(QDir::toNativeSeparators(fichier)));
+  if (const std::optional<QString> ecrit = EnregistrerEnPdf(this, propose, texte, Nom()))
+    Dire(QStringLiteral("Enregistré sous ") + QDir::toNativeSeparators(*ecrit));
 }
 
 // --- window ---

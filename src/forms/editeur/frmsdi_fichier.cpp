@@ -1,12 +1,13 @@
 // The file behind the editor: opening, saving, what another program does to it meanwhile, recent files.
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 
 #include "core/document/parties.h"
 #include "core/programme/erreur.h"
+#include "core/programme/lieunomme.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/texte/enregistrement.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
@@ -17,8 +18,7 @@ namespace {
 constexpr std::size_t kLigneLecteur = 10'000;  // longer lines are broken in the viewer
 
 QString Filtre() {
-  return FiltreQt(
-      QStringLiteral("Fichiers d'enquête|*.des;*.pos;*.trg;*.mod;*.dat;*.csv;*.txt;*.brt|Tous fichiers *.*|*.*"));
+  return QStringLiteral("Fichiers d'enquête|*.des;*.pos;*.trg;*.mod;*.dat;*.csv;*.txt;*.brt|Tous fichiers *.*|*.*");
 }
 
 }  // namespace
@@ -44,15 +44,14 @@ bool frmSDI::Ouvrir(const QString& fichier) {
   } catch (const Erreur& erreur) {
     DemanderReponse(this,
                     QStringLiteral("Impossible d'ouvrir le fichier %1\n%2")
-                        .arg(QDir::toNativeSeparators(chemin), VersQt(TexteErreur(erreur))),
+                        .arg(QDir::toNativeSeparators(chemin), VersQt(TexteErreurDuFichierNomme(erreur))),
                     Boutons::Ok);
   }
   return false;
 }
 
 bool frmSDI::OuvrirParDialogue() {
-  const QString fichier =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Ouvrir un fichier"), DossierDeDepart(), Filtre());
+  const QString fichier = ChoisirAOuvrir(this, {QStringLiteral("Ouvrir un fichier"), DossierDeDepart(), Filtre()});
   return !fichier.isEmpty() && Ouvrir(fichier);
 }
 
@@ -101,7 +100,8 @@ void frmSDI::LirePartieDuFichier(std::size_t rang) {
     partie_ = rang;
     ui_->TexteEd->Charger(CouperLignesLongues(std::move(document.texte), kLigneLecteur), formeTexte_.encodage);
   } catch (const Erreur& erreur) {
-    DemanderReponse(this, QStringLiteral("Impossible de lire %1\n%2").arg(Nom(), VersQt(TexteErreur(erreur))),
+    DemanderReponse(this,
+                    QStringLiteral("Impossible de lire %1\n%2").arg(Nom(), VersQt(TexteErreurDuFichierNomme(erreur))),
                     Boutons::Ok);
   }
   MontrerTitre();
@@ -138,7 +138,7 @@ bool frmSDI::Enregistrer() {
 
 bool frmSDI::EnregistrerSous() {
   const QString propose = fichier_.isEmpty() ? DossierDeDepart() : fichier_;
-  const QString fichier = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"), propose, Filtre());
+  const QString fichier = ChoisirAEcrire(this, {QStringLiteral("Enregistrer sous"), propose, Filtre()});
   return !fichier.isEmpty() && Ecrire(fichier);
 }
 
@@ -162,15 +162,9 @@ bool frmSDI::PeutRemplacer() {
 }
 
 bool frmSDI::Ecrire(const QString& fichier) {
-  try {
-    empreinte_ = EnregistrerDocument(CheminDepuisQt(fichier), ui_->TexteEd->TexteComplet(), formeTexte_);
-  } catch (const Erreur& erreur) {
-    DemanderReponse(this,
-                    QStringLiteral("Le fichier %1 n'a pas pu être enregistré : %2.\nLe texte reste dans l'éditeur.")
-                        .arg(QFileInfo(fichier).fileName(), VersQt(TexteErreur(erreur))),
-                    Boutons::Ok);
-    return false;
-  }
+  const Chemin chemin = CheminDepuisQt(fichier);
+  const auto enregistrer = [&] { empreinte_ = EnregistrerDocument(chemin, ui_->TexteEd->TexteComplet(), formeTexte_); };
+  if (!EcrireOuDire(this, chemin, enregistrer, "\r\nLe texte reste dans l'éditeur."_w)) return false;
   fichier_ = QFileInfo(fichier).absoluteFilePath();
   ui_->TexteEd->document()->setModified(false);
   RetenirRecent();

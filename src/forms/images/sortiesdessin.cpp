@@ -1,8 +1,10 @@
 #include "forms/images/sortiesdessin.h"
 
-#include <QFileDialog>
+#include <QFileInfo>
 
+#include "forms/cadre/dialogue_qt.h"
 #include "forms/images/rendudessin.h"
+#include "forms/texte/impression.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -23,9 +25,10 @@ void Enregistrer(QWidget& forme, Services& services, const QString& fichier, con
 // Empty when the user gave up.
 QString FichierChoisi(QWidget& forme, const QString& propose) {
   QString choisi;
-  const QString fichier =
-      QFileDialog::getSaveFileName(&forme, QStringLiteral("Enregistrer le graphique"), propose,
-                                   QStringLiteral("PNG (*.png);;SVG (*.svg);;PDF (*.pdf);;BMP (*.bmp)"), &choisi);
+  const QString fichier = ChoisirAEcrire(
+      &forme,
+      {QStringLiteral("Enregistrer le graphique"), propose, QStringLiteral("PNG|*.png|SVG|*.svg|PDF|*.pdf|BMP|*.bmp")},
+      &choisi);
   if (fichier.isEmpty() || !QFileInfo(fichier).suffix().isEmpty()) return fichier;
   return fichier + u'.' + choisi.left(3).toLower();
 }
@@ -48,8 +51,7 @@ void RelierSorties(QWidget& forme, Services& services, const VueDessin& vue, con
     if (!fichier.isEmpty()) enregistrer(fichier);
   });
   QObject::connect(&boutons.imprimer, &QAbstractButton::clicked, &forme, [&forme, &services, &vue] {
-    if (!ImprimerDessin(&forme, vue.Contenu()))
-      services.ecran.demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
+    if (!ImprimerDessin(&forme, vue.Contenu())) services.ecran.demander(kPasDImprimante, Boutons::Ok);
   });
 }
 

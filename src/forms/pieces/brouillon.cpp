@@ -16,34 +16,43 @@ void Ecrire(const Chemin& chemin, std::string_view octets) {
 
 Brouillon::Brouillon(const Contexte& contexte, std::string_view extension)
     : chemin_(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))), nom_(contexte.Nom(extension)) {
-  if (contexte.Chercher(extension)) ancien_ = LireOctets(chemin_);
+  ancien_ = Fichier();
 }
 
-void Brouillon::Retirer() {
-  if (std::error_code absent; !std::filesystem::exists(chemin_, absent)) return;
-  prepare_ = LireOctets(chemin_);
-  RemettreLAncien();
+std::optional<std::string> Brouillon::Fichier() const {
+  std::error_code absent;
+  return std::filesystem::exists(chemin_, absent) ? std::optional(LireOctets(chemin_)) : std::nullopt;
 }
 
-void Brouillon::RemettreLAncien() const {
-  if (ancien_) Ecrire(chemin_, *ancien_);
+void Brouillon::Remettre(const std::optional<std::string>& fichier) const {
+  if (fichier) Ecrire(chemin_, *fichier);
   else EffacerFichier(chemin_);
 }
 
+void Brouillon::Retirer() {
+  etat_.prepare = Fichier();
+  if (etat_.prepare) Remettre(std::exchange(ancien_, std::nullopt));
+}
+
 void Brouillon::Poser() {
-  pose_ = std::exchange(prepare_, std::nullopt);
-  if (pose_) Ecrire(chemin_, *pose_);
+  avant_.reset();
+  const Etat pose = std::exchange(etat_, {.commence = true});
+  if (!pose.prepare && pose.ajouts.empty()) return;
+  avant_ = Avant{pose, Fichier()};
+  Ecrire(chemin_, pose.prepare.value_or(avant_->fichier.value_or("")) + pose.ajouts);
 }
 
 void Brouillon::Reprendre() {
-  if (!pose_) return;
-  prepare_ = std::exchange(pose_, std::nullopt);
-  RemettreLAncien();
+  if (!avant_) return;
+  Remettre(avant_->fichier);
+  etat_ = std::move(avant_->etat);
+  avant_.reset();
 }
 
 void Brouillon::Montrer(const Contexte& contexte) const {
-  if (!prepare_) MontrerRapport(contexte, nom_);
-  else contexte.Ecran().afficher({Affichage::Ou::Texte, *prepare_, nom_, {}, {}});
+  if (!etat_.prepare && etat_.ajouts.empty()) return MontrerRapport(contexte, nom_);
+  const std::string debut = etat_.prepare ? *etat_.prepare : Fichier().value_or("");
+  contexte.Ecran().afficher({Affichage::Ou::Texte, debut + etat_.ajouts, nom_, {}, {}});
 }
 
 }  // namespace quelvar::forms

@@ -20,21 +20,37 @@ class Brouillon {
   // Behind the preparation, whether it came to its end or not: takes what it has written out of the directory, and puts
   // the former report back. Raises a failure of writing.
   void Retirer();
-  // Before the first launch that goes on with it: the report of the preparation takes its place.
+  // Lines that the report goes on with, as soon as it is in the directory.
+  void Ajouter(std::string_view lignes) { etat_.ajouts += lignes; }
+  // Before a launch that goes on with it: the report of the preparation takes its place, with the lines added since.
   void Poser();
   // After that launch, when it was given up: out of the directory again.
   void Reprendre();
-  // At the end of a form: shows the report, which is not kept when nothing was launched.
+  // Whether something launched has gone on with it.
+  bool Commence() const { return etat_.commence; }
+  // Shows the report as it stands, in the directory or not; at the end of a form it is not kept when nothing was
+  // launched.
   void Montrer(const Contexte& contexte) const;
 
  private:
-  void RemettreLAncien() const;
+  struct Etat {
+    std::optional<std::string> prepare = {};  // not in the directory yet, as the lines that go behind it
+    std::string ajouts = {};
+    bool commence = false;
+  };
+  struct Avant {
+    Etat etat;
+    std::optional<std::string> fichier;
+  };
+  // What the directory holds under the name of the report.
+  std::optional<std::string> Fichier() const;
+  void Remettre(const std::optional<std::string>& fichier) const;
 
   Chemin chemin_;
   std::string nom_;
   std::optional<std::string> ancien_;
-  std::optional<std::string> prepare_;  // not in the directory yet
-  std::optional<std::string> pose_;     // put there by the last launch
+  Etat etat_;
+  std::optional<Avant> avant_;  // the last launch that has changed the directory
 };
 
 // What a form opens on, and the report that making it ready has begun.

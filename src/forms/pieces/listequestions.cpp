@@ -13,14 +13,33 @@ constexpr int kRang = Qt::UserRole;  // of a line: the rank of its question
 
 }  // namespace
 
+void PreparerListe(QListWidget& liste) {
+  liste.setFont(PoliceFixe());
+  liste.setSelectionMode(QAbstractItemView::ExtendedSelection);
+  liste.setUniformItemSizes(true);
+}
+
+void MontrerQuestions(QListWidget& liste, const std::vector<LigneDeQuestion>& lignes) {
+  const int courante = liste.currentRow();
+  liste.clear();
+  for (const LigneDeQuestion& question : lignes) {
+    auto* const ligne = new QListWidgetItem(VersQt(question.texte), &liste);
+    ligne->setData(kRang, static_cast<qulonglong>(question.rang));
+  }
+  liste.setCurrentRow(std::min(courante, liste.count() - 1), QItemSelectionModel::NoUpdate);
+}
+
+std::vector<std::size_t> QuestionsChoisies(const QListWidget& liste) {
+  std::vector<std::size_t> rangs;
+  for (const QListWidgetItem* ligne : liste.selectedItems())
+    rangs.push_back(static_cast<std::size_t>(ligne->data(kRang).toULongLong()));
+  return rangs;
+}
+
 ListesDeQuestions::ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix,
                                      std::vector<std::pair<QListWidget*, Statut>> listes)
     : QObject(&forme), pos_(pos), choix_(choix), listes_(std::move(listes)) {
-  for (const auto& [liste, statut] : listes_) {
-    liste->setFont(PoliceFixe());
-    liste->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    liste->setUniformItemSizes(true);
-  }
+  for (const auto& [liste, statut] : listes_) PreparerListe(*liste);
 }
 
 void ListesDeQuestions::Relier(QPushButton& bouton, const QListWidget& depart, Statut statut) {
@@ -38,24 +57,18 @@ void ListesDeQuestions::DonnerATous(Statut statut) {
 }
 
 void ListesDeQuestions::Deplacer(const QListWidget& depart, Statut statut) {
-  const QList<QListWidgetItem*> choisies = depart.selectedItems();
-  if (choisies.isEmpty()) return;
-  for (const QListWidgetItem* ligne : choisies)
-    choix_.statuts.at(static_cast<std::size_t>(ligne->data(kRang).toULongLong())) = statut;
+  const std::vector<std::size_t> choisies = QuestionsChoisies(depart);
+  if (choisies.empty()) return;
+  for (const std::size_t rang : choisies) choix_.statuts.at(rang) = statut;
   Montrer();
   emit Change();
 }
 
 void ListesDeQuestions::Montrer() {
   for (const auto& [liste, statut] : listes_) {
-    const int courante = liste->currentRow();
-    liste->clear();
-    for (const std::size_t rang : choix_.Rangs(statut)) {
-      auto* const ligne = new QListWidgetItem(VersQt(modalities::LigneDeListe(pos_, rang)), liste);
-      ligne->setData(kRang, static_cast<qulonglong>(rang));
-    }
-    // The keyboard goes on from where it was.
-    liste->setCurrentRow(std::min(courante, liste->count() - 1), QItemSelectionModel::NoUpdate);
+    std::vector<LigneDeQuestion> lignes;
+    for (const std::size_t rang : choix_.Rangs(statut)) lignes.push_back({rang, modalities::LigneDeListe(pos_, rang)});
+    MontrerQuestions(*liste, lignes);
   }
 }
 

@@ -1,4 +1,5 @@
-// Lists of questions between which the user moves them: each shows the questions of one status of a choice.
+// Lists of questions: each line shows a question and keeps its rank; and the lists of a choice, between which the user
+// moves the questions.
 #pragma once
 
 #include <QListWidget>
@@ -11,11 +12,23 @@
 
 namespace quelvar::forms {
 
+struct LigneDeQuestion {
+  std::size_t rang;
+  std::string texte;
+};
+
+// Fixed font, several lines at a time.
+void PreparerListe(QListWidget& liste);
+// Replaces the lines; none is selected, and the keyboard goes on from where it was.
+void MontrerQuestions(QListWidget& liste, const std::vector<LigneDeQuestion>& lignes);
+// Ranks of the questions that are selected.
+std::vector<std::size_t> QuestionsChoisies(const QListWidget& liste);
+
+// Each list shows the questions of one status of a choice.
 class ListesDeQuestions : public QObject {
   Q_OBJECT
  public:
-  // The questions and their statuses live as long as the form, which is the parent. Fixed font, several lines at a
-  // time.
+  // The questions and their statuses live as long as the form, which is the parent.
   ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix,
                     std::vector<std::pair<QListWidget*, Statut>> listes);
 

@@ -4,6 +4,7 @@
 #include <QPagedPaintDevice>
 #include <QStringList>
 #include <QWidget>
+#include <string_view>
 
 namespace quelvar::forms {
 
@@ -14,6 +15,9 @@ QList<QStringList> MettreEnPages(const QString& texte, int colonnes, int lignes)
 // and its number. Returns the number of pages of the whole text.
 int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString& titre, int premiere = 0,
                   int derniere = 0);
+
+// What is told when a text or a picture did not go to the printer.
+inline constexpr std::string_view kPasDImprimante = "Pas d'imprimante disponible (ou annulation)";
 
 // Asks for the printer; false when there is none or the user gave up.
 bool ImprimerParDialogue(QWidget* parent, const QString& texte, const QString& titre);

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/programme/lieunomme.h"
+#include "core/programme/programme.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -106,8 +108,15 @@ void Resultats::MontrerPartiel(const Chemin& fichier, bool avecRegle) {
 
 void Resultats::MontrerEchec(const Chemin& fichier, const Erreur& erreur) {
   ecran_.biper();
-  Remplacer(Joindre(
-      {"Le fichier ", TexteDe(fichier.filename()), " ne peut pas être affiché : "_w, TexteErreur(erreur), "\r\n"}));
+  Remplacer(Joindre({"Le fichier ", TexteDe(fichier.filename()), " ne peut pas être affiché : "_w,
+                     TexteErreurDuFichierNomme(erreur), "\r\n"}));
+}
+
+void Resultats::MontrerEchec(const Erreur& erreur) {
+  std::string texte;
+  for (const std::string& ligne : LignesDErreur(erreur, {})) texte += Joindre({ligne, "\r\n"});
+  Remplacer(texte);
+  if (!TexteDuLieu(erreur).empty()) ecran_.demander(TexteErreur(erreur), Boutons::Ok);
 }
 
 void Resultats::Retenir(const Chemin& fichier, std::string_view octets) {

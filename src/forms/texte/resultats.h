@@ -42,6 +42,8 @@ class Resultats : public QObject {
   void MontrerEntier(const Chemin& fichier);
   void MontrerPartiel(const Chemin& fichier, bool avecRegle);
   void MontrerEchec(const Chemin& fichier, const Erreur& erreur);
+  // A failure that no report could tell: its lines, and in a box where it was met, when that is known.
+  void MontrerEchec(const Erreur& erreur);
   void LireAilleurs(const Chemin& fichier);
 
   // The file that is shown, as it was then; none for a report or for lines.

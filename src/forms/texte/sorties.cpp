@@ -1,12 +1,11 @@
 #include "forms/texte/sorties.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <utility>
 
 #include "core/fichiers/fichiers.h"
-#include "forms/cadre/dialogue_qt.h"
+#include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
 #include "forms/texte/texte_qt.h"
 
@@ -34,44 +33,31 @@ bool SortiesTexte::PeutRemplacer(const Chemin& fichier) {
 }
 
 void SortiesTexte::EnregistrerSous() {
-  const QString choisi = QFileDialog::getSaveFileName(&fenetre_, QStringLiteral("Enregistrer sous"),
-                                                      DansLeRepertoire(VersQt(session_.fichierAffiche)),
-                                                      FiltreQt(QStringLiteral("Tous fichiers *.*|*.*")));
-  if (choisi.isEmpty()) return;
-  const Chemin fichier = CheminDepuisQt(choisi);
-  try {
-    if (!PeutRemplacer(fichier)) return;
-    const std::string octets = resultats_.Texte().Octets();
-    Remplacement remplacement(fichier, Nature::Unique);
-    remplacement.Fichier().Ecrire(octets);
-    remplacement.Valider();
-    resultats_.NoterEnregistre(fichier, octets);
-    annoncer_(QStringLiteral("Enregistré sous ") + choisi);
-  } catch (const Erreur& erreur) {
-    ecran_.demander(Joindre({"Le fichier ", DepuisQt(choisi), " ne peut pas être écrit : "_w, TexteErreur(erreur),
-                             "\r\nLe texte affiché est conservé."_w}),
-                    Boutons::Ok);
-  }
+  const std::string octets = resultats_.Texte().Octets();
+  const std::optional<Chemin> ecrit = forms::EnregistrerSous(
+      &fenetre_, {{QStringLiteral("Enregistrer sous"), DansLeRepertoire(VersQt(session_.fichierAffiche)),
+                   QStringLiteral("Tous fichiers *.*|*.*")},
+                  [this](const Chemin& fichier) { return PeutRemplacer(fichier); },
+                  [&](const Chemin& fichier) {
+                    EcrireTexte(fichier, octets);
+                    resultats_.NoterEnregistre(fichier, octets);
+                  },
+                  std::string("\r\nLe texte affiché est conservé."_w)});
+  if (ecrit) annoncer_(QStringLiteral("Enregistré sous ") + CheminVersQt(*ecrit));
 }
 
 void SortiesTexte::Imprimer() {
   if (!ImprimerParDialogue(&fenetre_, resultats_.Texte().toPlainText(), VersQt(session_.fichierAffiche)))
-    ecran_.demander("Pas d'imprimante disponible (ou annulation)", Boutons::Ok);
+    ecran_.demander(kPasDImprimante, Boutons::Ok);
 }
 
 void SortiesTexte::ImprimerEnPdf() {
   const QString nom = VersQt(session_.fichierAffiche);
   const QString propose = QFileInfo(nom).completeBaseName() + u'_' + QFileInfo(nom).suffix() + QStringLiteral(".pdf");
-  const QString choisi =
-      QFileDialog::getSaveFileName(&fenetre_, QStringLiteral("Imprimer dans un fichier PDF"),
-                                   DansLeRepertoire(nom.isEmpty() ? QStringLiteral("Quelvar.pdf") : propose),
-                                   FiltreQt(QStringLiteral("Fichiers PDF *.pdf|*.pdf")));
-  if (choisi.isEmpty()) return;
-  if (!EcrirePdf(choisi, resultats_.Texte().toPlainText(), nom)) {
-    ecran_.demander(Joindre({"Le fichier ", DepuisQt(choisi), " ne peut pas être écrit"_w}), Boutons::Ok);
-    return;
-  }
-  annoncer_(QStringLiteral("Enregistré sous ") + choisi);
+  const std::optional<QString> ecrit =
+      EnregistrerEnPdf(&fenetre_, DansLeRepertoire(nom.isEmpty() ? QStringLiteral("Quelvar.pdf") : propose),
+                       resultats_.Texte().toPlainText(), nom);
+  if (ecrit) annoncer_(QStringLiteral("Enregistré sous ") + *ecrit);
 }
 
 }  // namespace quelvar::forms

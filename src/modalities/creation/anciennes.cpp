@@ -6,16 +6,13 @@
 #include <span>
 #include <unordered_map>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/report.h"
 
 namespace quelvar::modalities {
 
 namespace {
-
-constexpr std::string_view kMarqueActive = "   ";
-constexpr std::string_view kMarqueSupplementaire = " S ";
-constexpr std::size_t kLargeurIntitule = 25;
 
 void DonnerMarqueUsuelle(ModaliteCreee& modalite, bool nommer) {
   const bool ecartee = EstEcartee(modalite);
@@ -32,7 +29,7 @@ std::vector<AncienneModalite> LireAnciennes(const Chemin& chemin, const FichierP
   lecteur.LireObligatoire();
   LecteurDeCodes codes(pos);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    AncienneModalite ancienne{std::string(ligne), CadreGauche(ligne, 4), FinitLesModalites(ligne)};
+    AncienneModalite ancienne{std::string(ligne), CadreGauche(ligne, kLargeurDeModalite), FinitLesModalites(ligne)};
     if (ancienne.reprise) codes.Couper();
     else ancienne.lu = codes.Lire(ancienne.nom);
     anciennes.push_back(std::move(ancienne));
@@ -84,8 +81,8 @@ std::vector<std::string> ReprendreAnciennes(std::vector<ModaliteCreee>& modalite
       continue;
     }
     const Modalite lue = LireLigneModalite(anciennes[*trouvee].ligne);
-    modalite.marque = CadreGauche(lue.marque, 3);
-    modalite.intitule = lue.intitule.substr(0, kLargeurIntitule);
+    modalite.marque = CadreGauche(lue.marque, kLargeurDeMarque);
+    modalite.intitule = lue.intitule.substr(0, kIntituleDeModaliteAuPlus);
     if (!sure && (modalite.marque != kMarqueActive || !modalite.intitule.empty()))
       douteuses.push_back(Joindre({modalite.nom, " (", Rogner(modalite.question), ")"}));
   }

@@ -12,17 +12,14 @@ namespace {
 
 constexpr std::int64_t kModalitesAuPlus = 3500;
 constexpr std::size_t kAvantMarques = 9;  // columns of a question line that no mark touches
-constexpr std::string_view kMarqueActive = "&ACT&";
-constexpr std::string_view kMarqueSupplementaire = "&SUP&";
-
 std::size_t PlaceDeMarque(std::string_view ligne, std::size_t depuis) {
-  return std::min(ligne.find(kMarqueActive, depuis), ligne.find(kMarqueSupplementaire, depuis));
+  return std::min(ligne.find(MarqueDe(Statut::Actif), depuis), ligne.find(MarqueDe(Statut::Supplementaire), depuis));
 }
 
 // Takes out the mark at a place together with the blank before it.
 void OterMarque(std::string& ligne, std::size_t place) {
   const bool avecBlanc = place > kAvantMarques && ligne[place - 1] == ' ';
-  ligne.erase(place - (avecBlanc ? 1 : 0), kMarqueActive.size() + (avecBlanc ? 1 : 0));
+  ligne.erase(place - (avecBlanc ? 1 : 0), MarqueDe(Statut::Actif).size() + (avecBlanc ? 1 : 0));
 }
 
 Statut StatutSelonMode(Statut marque, ModePosmod mode) {
@@ -117,7 +114,7 @@ std::string LigneAvecMarque(std::string_view ligne, Statut statut) {
   std::string resultat(ligne);
   std::size_t place = PlaceDeMarque(resultat, kAvantMarques);
   if (statut != Statut::Aucun) {
-    const std::string_view marque = statut == Statut::Actif ? kMarqueActive : kMarqueSupplementaire;
+    const std::string_view marque = MarqueDe(statut);
     if (place == std::string::npos) {
       // A mark that reached into the columns of the code-max would not be read back.
       resultat.resize(std::max(resultat.size(), kAvantMarques - 1), ' ');

@@ -1,6 +1,7 @@
 #include "modalities/creation/fichiers.h"
 
 #include "core/enquete/brtfile.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 
@@ -18,7 +19,7 @@ void EcrireTableBurt(Ecrivain& fichier, const std::vector<ModaliteCreee>& modali
 }
 
 void EcrireIndividus(Ecrivain& fichier, const Chemin& codageLogique, std::size_t modalites, int largeur) {
-  constexpr std::size_t kLargeurNom = 4;
+  constexpr std::size_t kLargeurNom = kLargeurDeModalite;
   const auto w = static_cast<std::size_t>(largeur);
   LecteurLignes lecteur(codageLogique);
   std::string cellules(modalites * w, ' ');
@@ -47,7 +48,7 @@ void EcrireMod(Ecrivain& fichier, const std::string& titre, const std::string& p
     fichier.Ligne(modalite.intitule);
   }
   if (anciennes == nullptr) return;
-  fichier.Ligne("**");
+  fichier.Ligne(kFinDeListe);
   for (const AncienneModalite& ancienne : *anciennes)
     if (!ancienne.reprise) fichier.Ligne(ancienne.ligne);
 }

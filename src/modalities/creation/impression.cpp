@@ -6,16 +6,13 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr int kCodeMaxNomme = 99;
-constexpr int kCodeMaxSurUnCaractere = 35;
-
 void ImprimerQuestions(const FichierPos& pos, const ChoixQuestions& choix, Statut statut, Rapport& rapport,
                        const Dialogue& dialogue) {
   for (const std::size_t rang : choix.Rangs(statut)) {
     rapport.Ligne(TexteQuestion(pos, rang));
     const Question& question = pos.questions[rang];
-    if (question.codeMax <= kCodeMaxSurUnCaractere) continue;
-    if (statut == Statut::Supplementaire && question.codeMax > kCodeMaxNomme) continue;
+    if (question.codeMax < kPremierCodeDouble) continue;
+    if (statut == Statut::Supplementaire && question.codeMax > kDernierCodeNomme) continue;
     rapport.Ligne();
     Avertir(rapport, dialogue, Joindre({"ATTENTION *** Code-maximum depassant 35 a la question ", question.nom}));
   }

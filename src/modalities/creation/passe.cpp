@@ -1,5 +1,6 @@
 #include "modalities/creation/passe.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/programme/erreur.h"
 #include "core/programme/programme.h"
@@ -10,7 +11,7 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
+constexpr std::size_t kLargeurNom = kLargeurDeModalite;  // of an individual, in the columns of a modality
 
 std::vector<Champ> ChampsDuPlan(const FichierPos& pos, const PlanModalites& plan) {
   std::vector<Champ> champs;

@@ -18,9 +18,6 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr int kDepassementsAuPlus = 50;
-constexpr int kCodeMaxActif = 99;
-
 // What a run starts from.
 struct Preparation {
   Chemin donnees;
@@ -104,7 +101,7 @@ std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) 
 void RefuserCodesMax(const FichierPos& pos, const ChoixQuestions& choix, Rapport& rapport, const Dialogue& dialogue) {
   for (const std::size_t rang : choix.Rangs(Statut::Actif)) {
     const Question& question = pos.questions[rang];
-    if (question.codeMax <= kCodeMaxActif) continue;
+    if (question.codeMax <= kDernierCodeNomme) continue;
     dialogue.demander(Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}),
                       Boutons::Ok);
     rapport.Ligne({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w});

@@ -19,7 +19,7 @@ struct OptionsPosmod {
   bool codesZero = true;          // the code 0 of each question is a modality
   bool individus = false;         // logical coding, and rows of individuals behind the Burt table
   NomsDIndividus noms = {};       // of the individuals
-  bool verifierCodesMax = true;   // stop after more than 50 values above their code-max
+  bool verifierCodesMax = true;   // stop after kDepassementsAuPlus values above their code-max
   bool oublierAnciennes = false;  // marks and labels of an earlier .MOD are not used
 
   bool operator==(const OptionsPosmod&) const = default;

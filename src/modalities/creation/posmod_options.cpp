@@ -9,6 +9,7 @@ using O = OptionsPosmod;
 constexpr int kColonneLaPlusHaute = 9999;
 
 Description<O> Decrire() {
+  const std::string limite = Nombre(kDepassementsAuPlus);
   return Description<O>("posmod",
                         "Création des modalités, du tableau de Burt et du codage logique (.MOD, .BRT, .CDG)"_w, Posmod)
       .Choix("mode", &O::mode, {{"afc", ModePosmod::Afc}, {"regr", ModePosmod::Regr}, {"modi", ModePosmod::Modi}},
@@ -37,10 +38,10 @@ Description<O> Decrire() {
           "largeur", [](auto& o) -> auto& { return o.noms.largeur; }, 0, kColonneLaPlusHaute,
           "largeur maximum de ce nom")
       .Montre("TextBoxLargeur")
-      .Choix("limite", &O::verifierCodesMax, {{"50", true}, {"0", false}},
+      .Choix("limite", &O::verifierCodesMax, {{limite, true}, {"0", false}},
              "arrêt après ce nombre de dépassements de code-max ; 0 : pas de vérification"_w)
       .Bouton("CaseCodmax", "0")
-      .Alias("casecodmax", {{"oui", "0"}, {"non", "50"}})
+      .Alias("casecodmax", {{"oui", "0"}, {"non", limite}})
       .OuiNon("oublier", &O::oublierAnciennes, "oublie les marques et les intitulés d'un .MOD antérieur"_w)
       .Montre("CaseSup");
 }

@@ -3,30 +3,23 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "modalities/codes.h"
+#include "modalities/modalites.h"
 
 namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::string_view kActive = "   ";
-constexpr std::string_view kSupplementaire = " S ";
-constexpr std::size_t kLargeurQuestion = 3;
-constexpr std::size_t kLettresCommunes = 2;
-
 void PoserStatut(std::string& texte, bool supplementaire) {
-  texte.replace(4, 3, supplementaire ? kSupplementaire : kActive);
+  texte.replace(kLargeurDeModalite, kLargeurDeMarque, supplementaire ? kMarqueSupplementaire : kMarqueActive);
 }
 
 [[noreturn]] void Arreter(Rapport& rapport, std::initializer_list<Texte> phrase) {
   rapport.Ligne(phrase);
   throw Erreur(kArretAnnonce);
-}
-
-[[noreturn]] void RefuserModalite(Rapport& rapport, std::string_view nom) {
-  Arreter(rapport, {"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
 }
 
 // The question of each modality, by its name and place; empty where several are possible. What the .POS does not know
@@ -40,8 +33,8 @@ std::vector<std::string> QuestionsDesModalites(const FichierPos& pos, const std:
     const CodeLu lu = codes.Lire(nom);
     if (lu.certitude == Certitude::Sure) avant = lu.question;
     else if (lu.certitude == Certitude::Douteuse) avant.clear();
-    else if (!EstEnDeuxChiffres(nom) || avant.empty() || !nom.starts_with(avant.substr(0, kLettresCommunes)))
-      avant = nom.substr(0, kLargeurQuestion);
+    else if (!EstEnDeuxChiffres(nom) || avant.empty() || !nom.starts_with(avant.substr(0, kLettresDUnCodeDouble)))
+      avant = nom.substr(0, kLargeurDeQuestion);
     questions.push_back(avant);
   }
   return questions;
@@ -58,7 +51,7 @@ std::vector<std::size_t> RangsDeLaQuestion(const std::vector<std::string>& quest
                                            const std::vector<std::string>& textes, std::string_view nom,
                                            Rapport& rapport) {
   std::vector<std::size_t> rangs;
-  const std::string lettres = CadreGauche(nom, kLettresCommunes);
+  const std::string lettres = CadreGauche(nom, kLettresDUnCodeDouble);
   for (std::size_t i = 0; !Rogner(nom).empty() && i < textes.size(); ++i) {
     if (questions[i].empty() && textes[i].starts_with(lettres))
       Arreter(rapport, {"La modalité "_w, NomDeTexte(textes[i]), " peut être d'une autre question que "_w, nom,
@@ -85,7 +78,7 @@ void DemanderStatut(Statuts& statuts, const Contexte& contexte, const std::vecto
     }
     if (questions.empty()) questions = QuestionsDesModalites(PosDe(contexte), textes);
     const std::vector<std::size_t> rangs = RangsDeLaQuestion(questions, textes, nom, rapport);
-    if (rangs.empty()) RefuserModalite(rapport, nom);
+    if (rangs.empty()) Arreter(rapport, {PhraseInconnue(nom)});
     for (const std::size_t r : rangs) statuts.questions.emplace_back(r, supplementaire);
   }
 }
@@ -102,7 +95,7 @@ void Appliquer(const Contexte& contexte, std::vector<std::string>& textes, const
     for (const auto& [rang, supplementaire] : demandes) PoserStatut(textes[rang], supplementaire);
   for (const auto& [nom, intitule] : options.intitules) {
     const std::size_t rang = RangDeModalite(textes, nom);
-    if (rang == textes.size()) RefuserModalite(rapport, nom);
+    if (rang == textes.size()) Arreter(rapport, {PhraseInconnue(nom)});
     PoserIntitule(textes[rang], intitule);
   }
 }
@@ -119,8 +112,7 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 EtatModifMod ChargerModifMod(const Contexte& contexte) {
   EtatModifMod etat;
   try {
-    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
-    if (chemin && LongueurFichier(*chemin) >= kModVide) {
+    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
       etat.textes = LireListeModalites(*chemin).textes;
     } else {
       etat.message = {"*** Erreur ***",
@@ -136,7 +128,7 @@ EtatModifMod ChargerModifMod(const Contexte& contexte) {
 void BasculerStatut(std::string& texte) { PoserStatut(texte, !EstSupplementaire(texte)); }
 
 void PoserIntitule(std::string& texte, std::string_view intitule) {
-  texte.resize(7, ' ');
+  texte.resize(kColonneDIntitule - 1, ' ');
   texte += intitule;
 }
 

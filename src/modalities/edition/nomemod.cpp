@@ -4,6 +4,7 @@
 #include <functional>
 #include <unordered_set>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
@@ -21,8 +22,6 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::string_view kFinDesModalites = "**";
-
 constexpr std::string_view kGuideClic =
     "Cliquez maintenant sur la modalité dont vous voulez modifier l'intitulé. Celui-ci apparaitra s'il existe dans une "
     "ligne en bas. Il faudra alors entrer le texte de l'intitulé ou le modifier, nombre maximum de caractères = 20."_w;
@@ -36,8 +35,8 @@ constexpr std::string_view kGuideFin =
 // Reads the file, or tells that there is none.
 std::optional<ListeModalites> Lire(const Contexte& contexte, std::vector<std::string>& message) {
   try {
-    const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
-    if (chemin && LongueurFichier(*chemin) >= kModVide) return LireListeModalites(*chemin);
+    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD")))
+      return LireListeModalites(*chemin);
     message = {"*** Attention ***", std::string("Le fichier des noms de modalités n'existe pas encore"_w)};
   } catch (const Erreur& erreur) {
     message = {"*** Attention ***", std::string(TexteErreur(erreur))};
@@ -48,15 +47,6 @@ std::optional<ListeModalites> Lire(const Contexte& contexte, std::vector<std::st
 std::string TexteDeLigne(std::string_view ligne) {
   const Modalite lue = LireLigneModalite(ligne);
   return TexteDeModalite(lue.nom, lue.marque, lue.intitule);
-}
-
-std::string PhraseInconnue(std::string_view nom) {
-  return Joindre({"La modalité "_w, nom, " n'est pas dans le fichier de modalités"_w});
-}
-
-[[noreturn]] void Arreter(Rapport& rapport, Texte phrase) {
-  rapport.Ligne(phrase);
-  throw Erreur(kArretAnnonce);
 }
 
 // The modalities that the passes are going to make. A question that is not known stops the run before the first of them
@@ -83,7 +73,7 @@ void ExigerModalitesConnues(const Contexte& contexte, const OptionsNomeMod& opti
   for (const ModaliteNommee& modalite : LireToutesModalites(contexte).modalites)
     noms.emplace(NomDeTexte(modalite.texte));
   for (const auto& [nom, intitule] : options.intitules)
-    if (!noms.contains(CadreGauche(nom, 4))) {
+    if (!noms.contains(CadreGauche(nom, kLargeurDeModalite))) {
       rapport.Ligne(PhraseInconnue(nom));
       throw Refus();
     }
@@ -175,7 +165,7 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
   ListeModalites liste = chemin ? LireListeModalites(*chemin) : ListeNouvelle(modalites.size());
   std::unordered_set<std::string> noms;
   for (const ModaliteNommee& modalite : modalites) noms.emplace(NomDeTexte(modalite.texte));
-  const auto tenue = [&](std::string_view ligne) { return noms.contains(CadreGauche(ligne, 4)); };
+  const auto tenue = [&](std::string_view ligne) { return noms.contains(CadreGauche(ligne, kLargeurDeModalite)); };
 
   std::vector<std::string> presentes;
   std::vector<std::string> suite;
@@ -188,7 +178,7 @@ void SauverNomeMod(const Contexte& contexte, const std::vector<ModaliteNommee>& 
   for (std::size_t i = 1; i < liste.suite.size(); ++i)
     if (FinitLesModalites(liste.suite[i]) || !tenue(liste.suite[i])) suite.push_back(liste.suite[i]);
   if (!liste.suite.empty()) suite.insert(suite.begin(), liste.suite.front());
-  else if (!suite.empty()) suite.insert(suite.begin(), std::string(kFinDesModalites));
+  else if (!suite.empty()) suite.insert(suite.begin(), std::string(kFinDeListe));
   // Without a table the line tells the number of modalities, those of the former creations with them.
   if (presentes.size() > liste.textes.size() && liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0))
     liste.parametres = LigneDeParametres(presentes.size(), -1, 0);
@@ -235,14 +225,14 @@ void PoserIntitules(const Contexte& contexte, const OptionsNomeMod& options, std
   const std::vector<std::string> presentes = LireListeModalites(contexte.Exiger(".MOD")).textes;
   for (const auto& [nom, intitule] : options.intitules) {
     RangDeModalite(presentes, nom);  // one of its own
-    const std::string cherche = CadreGauche(Rogner(nom), 4);
+    const std::string cherche = CadreGauche(Rogner(nom), kLargeurDeModalite);
     if (options.Cree() && DuNom(modalites, cherche) == nullptr)
       RemplacerModalites(modalites, ToutesLesModalites(contexte, rapport));
     ModaliteNommee* modalite = DuNom(modalites, cherche);
     if (modalite == nullptr) {
-      if (options.Cree()) Arreter(rapport, PhraseInconnue(nom));
-      rapport.Ligne(PhraseInconnue(nom));  // nothing is written yet
-      throw Refus();
+      rapport.Ligne(PhraseInconnue(nom));
+      if (options.Cree()) throw Erreur(kArretAnnonce);
+      throw Refus();  // nothing is written yet
     }
     NommerModalite(*modalite, intitule);
   }

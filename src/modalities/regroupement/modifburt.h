@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::modalities {
@@ -19,8 +20,8 @@ struct OptionsModifBurt {
   bool operator==(const OptionsModifBurt&) const = default;
 };
 
-// Longest name of a group.
-inline constexpr std::size_t kNomDeGroupeLePlusLong = 25;
+// Longest name of a group: that of a modality.
+inline constexpr std::size_t kNomDeGroupeLePlusLong = kIntituleDeModaliteAuPlus;
 
 // Short name of a group: its first four characters, "0" for those that it lacks.
 std::string NomCourtDeGroupe(std::string_view nom);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -10,7 +11,7 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
+constexpr std::size_t kLargeurNom = kLargeurDeModalite;
 
 bool Marque(const std::vector<char>& marques) { return std::find(marques.begin(), marques.end(), 1) != marques.end(); }
 

@@ -25,7 +25,12 @@ namespace {
 constexpr std::string_view kSorte = "codage logique";  // what the .CDG holds
 constexpr double kPopulationSuffisante = 50;           // percent
 constexpr int kFichiersGardes = 3;                     // DE=3
+// What the progress display shows: percent of a run up to the fit, at the end of each of its parts.
 constexpr std::int64_t kProgressionMax = 100;
+constexpr std::int64_t kBaseComptee = 20;
+constexpr std::int64_t kGroupesFormes = 40;
+constexpr std::int64_t kSituationsExaminees = 60;
+constexpr std::int64_t kEffetsTrouves = 80;
 
 [[noreturn]] void Arreter(Rapport& rapport, Texte ligne) {
   rapport.Ligne(ligne);
@@ -189,13 +194,13 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesD
   PrendreLesReponses(contexte, rapport, fichiers, travail);
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
-  ecran.progresser(20);
+  ecran.progresser(kBaseComptee);
   FormerLesGroupes(contexte, rapport, travail);
-  ecran.progresser(40);
+  ecran.progresser(kGroupesFormes);
   ExaminerLesSituations(contexte, rapport, travail);
-  ecran.progresser(60);
+  ecran.progresser(kSituationsExaminees);
   ChercherLesEffets(rapport, travail);
-  ecran.progresser(80);
+  ecran.progresser(kEffetsTrouves);
   return AjusterLesModeles(contexte, rapport, travail);
 }
 

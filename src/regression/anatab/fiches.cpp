@@ -6,6 +6,7 @@
 
 #include "core/calcul/tris.h"
 #include "core/enquete/datfile.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::regression {
@@ -36,8 +37,7 @@ std::uint64_t Hacher(std::string_view fiche) {
 }
 
 double ValeurDeFiche(std::string_view fiche) {
-  if (fiche.size() <= kChiffresExacts &&
-      std::all_of(fiche.begin(), fiche.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+  if (fiche.size() <= kChiffresExacts && std::all_of(fiche.begin(), fiche.end(), EstChiffre)) {
     std::int64_t valeur = 0;
     for (const char c : fiche) valeur = 10 * valeur + (c - '0');
     return static_cast<double>(valeur);

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kLargeurCourte = 4;
 constexpr int kDecimalesConservees = 6;
-constexpr double kSeuils[] = {crosstab::kKhi2A10PourCent, crosstab::kKhi2A5PourCent, crosstab::kKhi2A1PourCent};
 
 // The flag of the explained modality is kept by the order of the file, that of the references by the packed one: a
 // modality may thus bear the mark of another.
@@ -56,7 +55,7 @@ Khi2Paire KhiCellule(double total, double totalOui, double n, double y) {
     const double ecart = theoriques[i] - observes[i];
     resultat.khi2 += ecart * ecart / theoriques[i];
   }
-  for (const double seuil : kSeuils) resultat.classe += resultat.khi2 > seuil ? 1 : 0;
+  resultat.classe = crosstab::ClasseKhi2(resultat.khi2, crosstab::Borne::Exclue);
   return resultat;
 }
 
@@ -84,7 +83,6 @@ TableSituations FormerSituations(const std::vector<Comptee>& comptees, const Fic
     situation.effectif = situation.oui + comptees[fin - 1].effectif;
     situation.pourcentage = Arrondir(situation.Brut(), kDecimalesConservees);
     table.situations.push_back(situation);
-    table.fiches.push_back(comptees[debut].fiche);
     std::size_t trouvees = 0;
     for (std::uint32_t k = 0; k < fiche.size() && trouvees < table.questions; ++k)
       if (ValeurDuCaractere(fiche[k]) != 0) {

@@ -56,7 +56,6 @@ struct TableSituations {
   std::size_t questions = 0;  // cells of a situation
   std::vector<Situation> situations;
   std::vector<std::uint32_t> modalites;  // `questions` of them a situation, by rank among the cells
-  std::vector<NumeroFiche> fiches;       // of each situation
 
   std::span<const std::uint32_t> Modalites(std::size_t s) const {
     return std::span(modalites).subspan(s * questions, questions);

@@ -20,6 +20,18 @@ constexpr double kPied = 62;
 constexpr double kDecalage = 4;  // between the two marks of a line
 constexpr double kRayon = 3;
 constexpr double kBoutDeBarre = 3;
+constexpr double kTitre = 20;            // down to the line of the title
+constexpr double kSousTitre = 36;        // and to the one below it
+constexpr double kSousLAxe = 12;         // from the axis down to its numbers
+constexpr double kSousLesNombres = 26;   // and to its caption
+constexpr double kSousLeCadre = 46;      // and to the legend
+constexpr double kAvantLeCadre = 8;      // between a label and the frame
+constexpr double kEntreLesMots = 16;     // of the legend
+constexpr double kDerriereLaMarque = 6;  // of the legend, before its word
+// Points of percentage between two numbers of the axis: fewer numbers where they would touch.
+constexpr double kPasSerre = 10;
+constexpr double kPasLarge = 20;
+constexpr double kEtendueLarge = 80;
 constexpr Plume kBarre{.couleur = Couleur::Bleu, .epaisseur = 1.5};
 
 struct Etendue {
@@ -40,8 +52,8 @@ Etendue EtendueDe(const std::vector<LigneDEffet>& lignes) {
     }
     if (ligne.logistique) etendue.Voir(*ligne.logistique);
   }
-  constexpr double kPas = 10;
-  return {std::floor(etendue.bas / kPas) * kPas - kPas / 2, std::ceil(etendue.haut / kPas) * kPas + kPas / 2};
+  return {std::floor(etendue.bas / kPasSerre) * kPasSerre - kPasSerre / 2,
+          std::ceil(etendue.haut / kPasSerre) * kPasSerre + kPasSerre / 2};
 }
 
 void TracerReference(Dessin& dessin, Position place) { dessin.Cercle(place, kRayon, {Couleur::Blanc, 1}, {}); }
@@ -72,14 +84,14 @@ class Planche {
   }
 
   void Graduer() {
-    const double pas = etendue_.haut - etendue_.bas > 80 ? 20 : 10;
+    const double pas = etendue_.haut - etendue_.bas > kEtendueLarge ? kPasLarge : kPasSerre;
     for (double v = std::ceil(etendue_.bas / pas) * pas; v <= etendue_.haut; v += pas) {
       const bool zero = std::fabs(v) < pas / 2;
       dessin_.Ligne({X(v), kTete}, {X(v), bas_},
                     {.couleur = Couleur::Gris, .epaisseur = zero ? 1.0 : 0.4, .teinte = zero ? 1.0 : 0.5});
-      dessin_.Texte({X(v), bas_ + 12}, Nombre(zero ? 0 : v), {.ancre = Ancre::Milieu});
+      dessin_.Texte({X(v), bas_ + kSousLAxe}, Nombre(zero ? 0 : v), {.ancre = Ancre::Milieu});
     }
-    dessin_.Texte({X((etendue_.bas + etendue_.haut) / 2), bas_ + 26}, "Effet en points de pourcentage",
+    dessin_.Texte({X((etendue_.bas + etendue_.haut) / 2), bas_ + kSousLesNombres}, "Effet en points de pourcentage",
                   {.ancre = Ancre::Milieu});
   }
 
@@ -89,7 +101,7 @@ class Planche {
   }
 
   void Tracer(const LigneDEffet& ligne, double y) {
-    dessin_.Texte({kMarge + kTexte - 8, y}, ligne.intitule,
+    dessin_.Texte({kMarge + kTexte - kAvantLeCadre, y}, ligne.intitule,
                   {.gras = ligne.reference, .ancre = Ancre::Fin, .niveau = Niveau::Centre});
     if (ligne.reference) return TracerReference(dessin_, {X(0), y});
     if (ligne.moyenne) {
@@ -125,17 +137,17 @@ void TracerLegende(Dessin& dessin, const ImageDesEffets& image, double y) {
   double x = kMarge;
   const auto mot = [&](Texte texte, double ecart) {
     dessin.Texte({x + ecart, y}, texte, {.niveau = Niveau::Centre});
-    x += ecart + LargeurTexte(texte, Police{}.corps) + 16;
+    x += ecart + LargeurTexte(texte, Police{}.corps) + kEntreLesMots;
   };
   if (tabulaires) {
     constexpr double kDemiBarre = 12;
     TracerMoyenne(dessin, {x + kDemiBarre, y}, kDemiBarre);
-    mot("moyenne des sous-effets, à un écart-type"_w, 2 * kDemiBarre + 6);
+    mot("moyenne des sous-effets, à un écart-type"_w, 2 * kDemiBarre + kDerriereLaMarque);
   }
   TracerLosange(dessin, {x + kRayon, y});
-  mot("modèle logistique"_w, 2 * kRayon + 6);
+  mot("modèle logistique"_w, 2 * kRayon + kDerriereLaMarque);
   TracerReference(dessin, {x + kRayon, y});
-  mot("modalité de référence"_w, 2 * kRayon + 6);
+  mot("modalité de référence"_w, 2 * kRayon + kDerriereLaMarque);
 }
 
 }  // namespace
@@ -149,8 +161,8 @@ Dessin DessinerEffets(const ImageDesEffets& image) {
     bas += kHauteurLigne;
   }
   Dessin dessin(kLargeurPage, bas + kPied);
-  dessin.Texte({kMarge, 20}, image.titre, {.corps = 11, .gras = true});
-  dessin.Texte({kMarge, 36}, SousTitre(image));
+  dessin.Texte({kMarge, kTitre}, image.titre, {.corps = 11, .gras = true});
+  dessin.Texte({kMarge, kSousTitre}, SousTitre(image));
   Planche planche(dessin, EtendueDe(image.lignes), bas);
   planche.Graduer();
   for (std::size_t i = 0; i < image.lignes.size(); ++i) {
@@ -160,7 +172,7 @@ Dessin DessinerEffets(const ImageDesEffets& image) {
     planche.Tracer(image.lignes[i], places[i]);
   }
   dessin.Designer(-1);
-  TracerLegende(dessin, image, bas + 46);
+  TracerLegende(dessin, image, bas + kSousLeCadre);
   return dessin;
 }
 

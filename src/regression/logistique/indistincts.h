@@ -9,7 +9,8 @@
 namespace quelvar::regression {
 
 // The ranks of the parameters that the profiles do not determine, though each of them is in some: another set of values
-// gives every profile the same score, and differs in these.
+// gives every profile the same score, and differs in these. They are those that the row-reduced matrix of the profiles
+// ties to a column without pivot. Source: G. Strang, "Linear Algebra and Its Applications" (2006), chapter 2.
 std::vector<std::size_t> ParametresIndistincts(const Observations& observations);
 
 }  // namespace quelvar::regression

@@ -189,15 +189,8 @@ double AjustementLineaire::R() const { return std::sqrt(R2()); }
 double ProbabiliteF(double f, double degres1, double degres2) {
   if (!(f > 0)) throw Erreur(kArgumentIncorrect);
   const bool renverse = f < 1;
-  if (renverse) std::swap(degres1, degres2);
-  const double g = renverse ? 1 / f : f;
-  const double a = 2.0 / 9 / degres1;
-  const double b = 2.0 / 9 / degres2;
-  const double racine = std::pow(g, 1.0 / 3);
-  double z = std::fabs((1 - b) * racine + a - 1) / std::sqrt(a + b * std::pow(g, 2.0 / 3));
-  constexpr double kCorrection = 0.08;  // of Kelley, for fewer degrees below the line than this
-  constexpr double kAssezDeDegres = 4;
-  if (degres2 < kAssezDeDegres) z *= 1 + kCorrection * z * z * z * z / (degres2 * degres2 * degres2);
+  const double z = std::fabs(renverse ? crosstab::EcartNormalDeF(1 / f, degres2, degres1)
+                                      : crosstab::EcartNormalDeF(f, degres1, degres2));
   // Of Abramowitz and Stegun, 26.2.18.
   constexpr double kC1 = 0.196854;
   constexpr double kC2 = 0.115194;

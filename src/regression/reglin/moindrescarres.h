@@ -76,6 +76,7 @@ struct AjustementLineaire {
 };
 
 // Fits by the inverse of the moments: parameters and variances.
+// Source: N. R. Draper and H. Smith, "Applied Regression Analysis" (1998), chapters 5 and 6.
 AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersion& dispersion, const Matrice& inverse);
 // Adds the F ratio and the standard errors. Raises kDivisionParZero where a division has 0 below, as for an explained
 // variable that is always the same, kArgumentIncorrect for a variance that rounding has made negative.

@@ -136,7 +136,7 @@ Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variable
     if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsCites);
     if (fautifs.nombre > 0) continue;
     if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
-    if (!LireValeurs(ligne, variables, valeurs))
+    if (!Situer(lecteur, [&] { return LireValeurs(ligne, variables, valeurs); }))
       for (Douteux* const douteux : {&lecture.vides, &lecture.virgules, &lecture.coupees})
         douteux->Voir(ligne, variables, rang);
     if (suivre) suivre(ligne);

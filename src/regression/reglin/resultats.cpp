@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::regression {
 
@@ -39,7 +40,7 @@ int DecimalesDe(std::string_view champ) {
   const std::size_t point = champ.find('.');
   if (point == champ.npos) return 0;
   std::size_t fin = point + 1;
-  while (fin < champ.size() && champ[fin] >= '0' && champ[fin] <= '9') ++fin;
+  while (fin < champ.size() && EstChiffre(champ[fin])) ++fin;
   return static_cast<int>(fin - point - 1);
 }
 

@@ -1,7 +1,6 @@
 #include "regression/reglin/variables.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -14,9 +13,8 @@ namespace quelvar::regression {
 
 namespace {
 
-// Powers of ten that a double holds exactly, and a mantissa below it does too: their quotient is the nearest double.
-constexpr std::array<double, 16> kPuissances = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+// Digits of a mantissa that a double holds exactly, as it does the powers of ten up to them: their quotient is the
+// nearest double.
 constexpr std::size_t kChiffresExacts = 15;
 
 double Logarithme(double valeur) {
@@ -42,7 +40,7 @@ std::optional<double> ValeurSimple(std::string_view champ) {
   }
   const std::size_t decimales = point == champ.size() ? 0 : champ.size() - point - 1;
   if (i - premier == (point == champ.size() ? 0U : 1U)) return std::nullopt;  // no digit
-  const double valeur = static_cast<double>(mantisse) / kPuissances[decimales];
+  const double valeur = static_cast<double>(mantisse) / kPuissancesDeDix[decimales];
   return negatif ? -valeur : valeur;
 }
 

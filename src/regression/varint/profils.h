@@ -28,7 +28,8 @@ Reponses LireReponses(const Chemin& donnees, const FichierPos& pos, std::int64_t
 Matrice CroiserQuestions(const Reponses& reponses, const FichierPos& pos, std::size_t ligne, std::size_t colonne);
 
 // PEM of a table arranged in the order of its first factor, in percent, at most 100; 0 where the margins allow no
-// deviation. Raises kDivisionParZero for an empty table.
+// deviation. Raises kDivisionParZero for an empty table. The PEM is the share of the positive deviations from
+// independence in those of the table that has the same margins and the largest ones, as the crosstabs compute it.
 double PemDeTable(const Matrice& effectifs);
 
 // A question linked with the one of a profile.
@@ -44,6 +45,8 @@ struct Profil {
   std::vector<std::size_t> vides;   // the questions whose table is empty
 };
 
+// The profile of one question. Its PEM are those of the whole file, individuals without an answer left out table by
+// table.
 Profil CalculerProfil(const Reponses& reponses, const FichierPos& pos, std::size_t question);
 
 // The links by descending PEM, equal ones in the order that the heap sort gives.

@@ -96,8 +96,7 @@ void PrevenirDesNoms(const Contexte& contexte, std::size_t questions, const std:
 
 // The long edition is an option of the second level.
 EditionVarint EditionAuNiveau(const Contexte& contexte, const OptionsVarint& options) {
-  constexpr int kNiveauDesNomsLongs = 2;
-  if (contexte.niveau == kNiveauDesNomsLongs || options.edition == EditionVarint::Courte) return options.edition;
+  if (contexte.niveau == kNiveauAvance || options.edition == EditionVarint::Courte) return options.edition;
   contexte.Ecran().demander("L'édition avec noms longs est une option du niveau 2 : l'édition est compactée"_w,
                             Boutons::Ok);
   return EditionVarint::Courte;

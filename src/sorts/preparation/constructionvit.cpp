@@ -1,6 +1,7 @@
 // The VIT part of the preparation of a recoding: what builds, corrects, checks and stores the displayed block.
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "sorts/preparation/preprecod.h"
@@ -10,8 +11,8 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::size_t kLargeurNomVit = 3;
-constexpr int kFinCodeVit = 9;  // last column of the code of an element
+constexpr std::size_t kLargeurNomVit = kLargeurDeQuestion;  // a VIT becomes a question
+constexpr int kFinCodeVit = 9;                              // last column of the code of an element
 
 bool EstElement(const std::string& ligne) { return ligne.find(kMarqueVit) == std::string::npos; }
 

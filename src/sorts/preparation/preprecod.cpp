@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/enquete/coherence.h"
-#include "core/fichiers/generiquetenu.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/regles.h"
@@ -14,7 +13,6 @@ namespace quelvar::sorts {
 namespace {
 
 constexpr int kLargeurTete = 10;
-constexpr int kCodeVitMaximum = 99;  // two columns
 
 // A question line keeps its columns 1-10; a label that starts in column 10 is not one of them.
 std::string TeteDe(const std::string& ligne) {
@@ -23,14 +21,9 @@ std::string TeteDe(const std::string& ligne) {
   return tete;
 }
 
-// The keywords of a size line, as they stand.
-std::string_view MotsDe(std::string_view ligneTaille) {
-  return ligneTaille.substr(LireConsignesTaille(ligneTaille).avant.size());
-}
-
 void PrendreTaille(EtatPrepRecod& etat, const std::string& ligneTaille) {
   const ConsignesTaille consignes = LireConsignesTaille(ligneTaille);
-  etat.motsLus = MotsDe(ligneTaille);
+  etat.motsLus = MotsDeTaille(ligneTaille);
   if (consignes.ponderation) etat.ponderation = consignes.question.empty() ? kNomPonderation : consignes.question;
   etat.maximum = consignes.maximum;
   etat.filtre = etat.filtreAffiche = RognerDroite(consignes.filtre);
@@ -157,9 +150,6 @@ void EffacerRegle(EtatPrepRecod& etat) {
 
 // --- weighting ---
 
-namespace {
-
-// The sentence on a question whose name another one has but for capitals: weightings and filters stand in upper case.
 std::string FauteDeCasse(const EtatPrepRecod& etat, const Question& question) {
   for (const QuestionPreparee& autre : etat.questions) {
     if (&autre.question == &question || !EgalSansCasse(Rogner(autre.question.nom), Rogner(question.nom))) continue;
@@ -168,8 +158,6 @@ std::string FauteDeCasse(const EtatPrepRecod& etat, const Question& question) {
   }
   return {};
 }
-
-}  // namespace
 
 bool ValiderPonderation(EtatPrepRecod& etat) {
   const Question* question = QuestionCourante(etat);
@@ -191,92 +179,6 @@ void ChoisirEffectif(EtatPrepRecod& etat, bool maximum) {
   etat.modifie = etat.modifie || etat.maximum != maximum;
   etat.maximum = maximum;
 }
-
-// --- filter ---
-
-namespace {
-
-// Names of the questions in the displayed filter, the last one with or without its code.
-std::vector<ElementFiltre> ElementsAffiches(const EtatPrepRecod& etat) {
-  return LireFiltre(etat.filtreAffiche).elements;
-}
-
-}  // namespace
-
-void ChoisirSens(EtatPrepRecod& etat, SensFiltre sens) {
-  etat.message.clear();
-  etat.filtreAffiche = sens == SensFiltre::Inclure ? "INCL " : sens == SensFiltre::Exclure ? "EXCL " : "";
-  if (sens != SensFiltre::Aucun) return;
-  etat.modifie = etat.modifie || !etat.filtre.empty();
-  etat.filtre.clear();
-}
-
-SensFiltre SensAffiche(const EtatPrepRecod& etat) { return LireConsignesTaille(etat.filtreAffiche).sens; }
-
-bool AjouterQuestionAuFiltre(EtatPrepRecod& etat) {
-  const Question* question = QuestionCourante(etat);
-  if (question == nullptr) {
-    etat.message = "Cliquer sur une question à prendre comme filtre";
-    return false;
-  }
-  if (SensAffiche(etat) == SensFiltre::Aucun) return false;
-  etat.message = FauteDeCasse(etat, *question);
-  if (!etat.message.empty()) return false;
-  const std::string nom = Majuscules(Rogner(question->nom));
-  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
-  if (std::ranges::any_of(elements, [&](const ElementFiltre& e) { return e.egal && Majuscules(e.nom) == nom; })) {
-    etat.filtreAffiche.clear();
-    etat.modifie = etat.modifie || !etat.filtre.empty();
-    etat.filtre.clear();
-    etat.message =
-        "La question a déjà été utilisée : aucune individu ne peut logiquement avoir deux codes différents. Le filtre "
-        "est annulé"_w;
-    return false;
-  }
-  if (elements.empty()) etat.filtreAffiche += ' ';  // the keyword stands alone
-  else if (elements.back().egal) etat.filtreAffiche += " + ";
-  else etat.filtreAffiche.erase(etat.filtreAffiche.find_last_of(" +&") + 1);
-  etat.filtreAffiche += nom;
-  etat.message.clear();
-  return true;
-}
-
-void AjouterCodeAuFiltre(EtatPrepRecod& etat, int code) {
-  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
-  if (elements.empty() || elements.back().nom.empty()) return;
-  if (elements.back().egal) etat.filtreAffiche.erase(etat.filtreAffiche.rfind('='));
-  etat.filtreAffiche += "=" + Nombre(code);
-}
-
-void AjouterExpression(EtatPrepRecod& etat) {
-  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
-  if (!elements.empty() && elements.back().egal) etat.filtreAffiche += " + ";
-  etat.message = "Recommencer à choisir une question"_w;
-}
-
-bool ValiderFiltre(EtatPrepRecod& etat) {
-  const std::vector<ElementFiltre> elements = ElementsAffiches(etat);
-  const bool complet = !elements.empty() && std::ranges::all_of(elements, [](const ElementFiltre& element) {
-    return !element.nom.empty() && !element.code.empty();
-  });
-  if (!complet && !Rogner(etat.filtreAffiche).empty()) {
-    etat.message = "Le filtre affiché est incomplet, il n'est pas validé : à chaque question il faut une modalité"_w;
-    return false;
-  }
-  etat.filtre = Rogner(etat.filtreAffiche);
-  etat.modifie = true;
-  etat.message = "Le filtre affiché est validé (mais non enregistré)"_w;
-  return true;
-}
-
-namespace {
-
-bool ResteUnFiltre(const EtatPrepRecod& etat) {
-  if (Rogner(etat.filtreAffiche) == etat.filtre) return false;
-  return !etat.filtre.empty() || !ElementsAffiches(etat).empty();
-}
-
-}  // namespace
 
 bool ResteAValider(const EtatPrepRecod& etat) { return ResteUnFiltre(etat) || ResteUneVit(etat); }
 
@@ -303,67 +205,6 @@ std::vector<int> CodesPourFiltre(const EtatPrepRecod& etat) {
 std::vector<int> CodesPourVit(const EtatPrepRecod& etat) {
   const Question* question = QuestionCourante(etat);
   return question == nullptr ? std::vector<int>{} : CodesJusqua(std::min(question->codeMax, kCodeVitMaximum));
-}
-
-// --- saving ---
-
-namespace {
-
-std::string LigneTailleNeuve(const EtatPrepRecod& etat, std::string_view ancienne) {
-  std::string ligne(Rogner(LireConsignesTaille(ancienne).avant));
-  if (!etat.ponderation.empty()) ligne += Joindre({" POND=", etat.ponderation, " "});
-  if (etat.maximum) ligne += " MAX ";
-  if (!etat.filtre.empty()) ligne += Joindre({" ", etat.filtre, " "});
-  return ligne;
-}
-
-std::string LigneQuestionNeuve(const QuestionPreparee& preparee) {
-  const Question& question = preparee.question;
-  std::string ligne = Joindre({preparee.tete, question.regle, MarqueDe(question.statut)});
-  if (!question.intitule.empty()) ligne += Joindre({"$", question.intitule, "$"});
-  return ligne;
-}
-
-// The file from line 3 on.
-std::vector<std::string> LignesNeuves(const EtatPrepRecod& etat) {
-  std::vector<std::string> lignes;
-  for (const QuestionPreparee& question : etat.questions) lignes.push_back(LigneQuestionNeuve(question));
-  lignes.insert(lignes.end(), etat.vit.begin(), etat.vit.end());
-  if (!etat.vit.empty()) lignes.emplace_back(kMarqueVit);
-  // Lines that stood behind a VIT are no questions.
-  else if (!etat.suite.empty() && !MarqueDeFin(etat.suite.front())) lignes.emplace_back("**");
-  lignes.insert(lignes.end(), etat.suite.begin(), etat.suite.end());
-  return lignes;
-}
-
-}  // namespace
-
-bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
-  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
-  if (!chemin) throw Erreur(kFichierIntrouvable);
-  LecteurLignes lecteur(*chemin);
-  const std::string titre(lecteur.LireObligatoire());
-  const std::string taille(lecteur.LireObligatoire());
-  std::vector<std::string> presentes;
-  for (std::string_view ligne; lecteur.Lire(ligne);) presentes.emplace_back(ligne);
-  if (presentes != etat.lues || MotsDe(taille) != etat.motsLus) {
-    etat.message =
-        "Le fichier *.POS a été modifié depuis l'ouverture de cette fenêtre : rien n'est enregistré, annulez et "
-        "recommencez"_w;
-    return false;
-  }
-  std::vector<std::string> lignes = LignesNeuves(etat);
-  const GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(".POS"));
-  Remplacement pos(contexte.repertoire, contexte.Nom(".POS"), Nature::Unique);
-  pos.Fichier().Ligne(titre);
-  const std::string tailleNeuve = LigneTailleNeuve(etat, taille);
-  pos.Fichier().Ligne(tailleNeuve);
-  for (const std::string& ligne : lignes) pos.Fichier().Ligne(ligne);
-  pos.Valider();
-  etat.motsLus = MotsDe(tailleNeuve);
-  etat.lues = std::move(lignes);
-  etat.modifie = false;
-  return true;
 }
 
 }  // namespace quelvar::sorts

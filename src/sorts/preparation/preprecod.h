@@ -35,9 +35,6 @@ struct EtatPrepRecod {
   std::string message;  // TextMsg, lines ended by CR LF but the last
 };
 
-// The line that opens a VIT with its name, and the one that closes the block.
-inline constexpr std::string_view kMarqueVit = "$$";
-
 // The question that the user has chosen; null without a choice.
 inline const Question* QuestionCourante(const EtatPrepRecod& etat) {
   return etat.courante ? &etat.questions[*etat.courante].question : nullptr;
@@ -46,6 +43,10 @@ inline const Question* QuestionCourante(const EtatPrepRecod& etat) {
 // Reads the .POS. A missing or broken one, an unclosed label and faulty parentheses are told (report .PRT or message
 // box) and give nothing.
 std::optional<EtatPrepRecod> PreparerRecodage(const Contexte& contexte);
+
+// The sentence on a question whose name another one has but for capitals: weightings and filters stand in upper case.
+// Empty for another.
+std::string FauteDeCasse(const EtatPrepRecod& etat, const Question& question);
 
 // --- the list of questions and the rule ---
 
@@ -74,6 +75,8 @@ void AjouterCodeAuFiltre(EtatPrepRecod& etat, int code);
 void AjouterExpression(EtatPrepRecod& etat);
 // Stores the displayed filter; false, with the reason as message, for one that lacks a question or a code.
 bool ValiderFiltre(EtatPrepRecod& etat);
+// The displayed filter is not the validated one.
+bool ResteUnFiltre(const EtatPrepRecod& etat);
 
 // --- VIT ---
 

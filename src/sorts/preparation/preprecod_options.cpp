@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "sorts/regles/vit.h"
+
 namespace quelvar::sorts {
 
 namespace {
@@ -69,7 +71,7 @@ ElementDeScript LireElement(std::string_view texte) {
   if (signe == std::string_view::npos) RefuserValeur("vit", kFormeVit, texte);
   element.question = texte.substr(0, signe);
   if (texte[signe] == '=') element.code = LireCode("vit", kFormeVit, texte.substr(signe + 1));
-  if (element.code.value_or(0) > 99) RefuserValeur("vit", "un code de deux chiffres", texte);
+  if (element.code.value_or(0) > kCodeVitMaximum) RefuserValeur("vit", "un code de deux chiffres", texte);
   return element;
 }
 

@@ -77,7 +77,7 @@ struct Consignes {
 inline constexpr std::size_t kQuestionsMaximum = 600;
 
 // Columns of an alphabetic question: its code-max, 3 for "L3".
-constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == 999 ? 3 : codeMax > 0 ? codeMax : 0; }
+constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == kCodeMaxL3 ? 3 : codeMax > 0 ? codeMax : 0; }
 
 // The instructions, with what the report tells of them up to where the reading came.
 struct LectureDesConsignes {

@@ -1,15 +1,15 @@
 #include "sorts/recodage/edition.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
+#include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 3;
-
-constexpr int kColonnesDeNom = 4;
+constexpr int kColonnesDeNom = 4;  // with a blank behind it
 constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
 constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
 
@@ -78,8 +78,8 @@ void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const Plan& pl
 void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
   for (std::size_t i = pos.premiereApres; i < pos.lignes.size(); ++i) {
     std::string ligne = pos.lignes[i];
-    const std::size_t marque = i == pos.premiereApres ? ligne.find("$$") : std::string::npos;
-    if (marque != std::string::npos) ligne.replace(marque, 2, "**");
+    const std::size_t marque = i == pos.premiereApres ? ligne.find(kMarqueVit) : std::string::npos;
+    if (marque != std::string::npos) ligne.replace(marque, kMarqueVit.size(), kFinDeListe);
     sortie.Ligne(ligne);
   }
 }
@@ -87,7 +87,7 @@ void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
 }  // namespace
 
 std::string NomNeuf(const Question& question, ModeRecodage mode) {
-  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurNom - 1) : question.nom;
+  return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurDeQuestion - 1) : question.nom;
 }
 
 void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {

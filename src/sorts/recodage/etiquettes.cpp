@@ -5,8 +5,10 @@
 #include <optional>
 #include <set>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 #include "sorts/recodage/edition.h"
 #include "sorts/regles/regles.h"
@@ -15,8 +17,6 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::size_t kLargeurIntitule = 25;
-constexpr std::size_t kLargeurQuestion = 3;
 constexpr std::size_t kDebutDesModalites = 2;  // lines before them
 constexpr int kHorsCode = -1;                  // no code is written so
 constexpr std::string_view kChiffres = "0123456789";
@@ -47,9 +47,9 @@ std::optional<std::string> Reunir(std::string_view premier, std::string_view sec
 
 // At most so many columns, cut behind a word where one ends; a "+" that nothing follows goes, too.
 std::string Couper(std::string_view texte) {
-  if (texte.size() <= kLargeurIntitule) return std::string(texte);
-  std::string_view coupe = texte.substr(0, kLargeurIntitule);
-  if (texte[kLargeurIntitule] != ' ')
+  if (texte.size() <= kIntituleDeModaliteAuPlus) return std::string(texte);
+  std::string_view coupe = texte.substr(0, kIntituleDeModaliteAuPlus);
+  if (texte[kIntituleDeModaliteAuPlus] != ' ')
     if (const std::size_t blanc = coupe.rfind(' '); blanc != std::string_view::npos) coupe = coupe.substr(0, blanc);
   coupe = RognerDroite(coupe);
   if (coupe.ends_with(" +")) coupe = RognerDroite(coupe.substr(0, coupe.size() - 2));
@@ -67,22 +67,22 @@ struct LigneLue {
 // older code-max, or a character that is no code.
 LigneLue LireNomPerdu(const FichierPos& pos, std::string_view nom) {
   const Question* seule = nullptr;
-  const std::string_view chiffres = Milieu(nom, kLargeurQuestion, 2);
-  const bool deuxChiffres = chiffres >= "36" && chiffres.find_first_not_of(kChiffres) == std::string_view::npos;
+  const std::string_view chiffres = Milieu(nom, kLargeurDeQuestion, 2);
+  const bool deuxChiffres = SontChiffres(chiffres) && ValeurDe(chiffres) >= kPremierCodeDouble;
   for (const Question& question : pos.questions) {
-    if (question.nom == Milieu(nom, 1, kLargeurQuestion)) return {question.nom};
+    if (question.nom == Milieu(nom, 1, kLargeurDeQuestion)) return {question.nom};
     if (!deuxChiffres || Milieu(question.nom, 1, 2) != Milieu(nom, 1, 2)) continue;
     if (seule != nullptr) return {{}, kHorsCode, true};
     seule = &question;
   }
-  return {seule != nullptr ? seule->nom : std::string(Milieu(nom, 1, kLargeurQuestion))};
+  return {seule != nullptr ? seule->nom : std::string(Milieu(nom, 1, kLargeurDeQuestion))};
 }
 
 std::vector<LigneLue> LireNoms(const FichierMod& mod, const FichierPos& pos) {
   std::vector<LigneLue> lues(mod.lignes.size());
   std::optional<CodeDeModalite> precedente;
   for (std::size_t i = kDebutDesModalites; i < mod.lignes.size(); ++i) {
-    const std::string nom = CadreGauche(mod.lignes[i], 4);
+    const std::string nom = CadreGauche(mod.lignes[i], kLargeurDeModalite);
     CodeDeModalite lu;
     const FauteDeNom faute =
         FinitLesModalites(nom) ? FauteDeNom::HorsNorme : LireNomDeModalite(pos, nom, precedente, lu);
@@ -95,7 +95,7 @@ std::vector<LigneLue> LireNoms(const FichierMod& mod, const FichierPos& pos) {
 }
 
 bool EstDe(const LigneLue& lue, std::string_view question) {
-  return lue.question == CadreGauche(question, static_cast<int>(kLargeurQuestion));
+  return lue.question == CadreGauche(question, kLargeurDeQuestion);
 }
 
 using Places = std::map<std::pair<std::string, int>, std::size_t>;  // first line by question and code
@@ -240,7 +240,7 @@ class Suivi {
     const LigneLue& lue = lues_[i];
     const auto changee =
         std::ranges::find_if(changees_, [&](const CodesChanges& c) { return !c.Copie() && EstDe(lue, c.question); });
-    if (lue.indecise) Laisser(CadreGauche(mod_.lignes[i], 4));
+    if (lue.indecise) Laisser(CadreGauche(mod_.lignes[i], kLargeurDeModalite));
     if (Otee(lue)) return;
     if (changee == changees_.end()) suivies_.lignes.push_back(mod_.lignes[i]);
     else Ecrire(static_cast<std::size_t>(changee - changees_.begin()), i >= mod_.premiereApres);

@@ -1,22 +1,12 @@
-// The pass over the individuals of a recoding: every line is copied once, its fields are patched through tables, and
-// it is written as often as it weighs.
+// The pass over the individuals of a recoding: each line is translated, and written as often as it weighs.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <functional>
 
-#include "core/enquete/datfile.h"
 #include "core/programme/programme.h"
-#include "sorts/recodage/plan.h"
+#include "sorts/recodage/traduction.h"
 
 namespace quelvar::sorts {
-
-// Told of each value above the code-max of its question, and of each score of a VIT above 999; `ligne` counts from 1.
-struct TemoinsDePasse {
-  std::function<void(std::size_t question, std::int64_t ligne)> depassement;
-  std::function<void(std::size_t vit, std::int64_t ligne)> scoreTropGrand;
-};
 
 struct BilanDePasse {
   std::int64_t entree = 0;   // lines read

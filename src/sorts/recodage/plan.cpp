@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::sorts {
@@ -32,7 +33,7 @@ class Colonnes {
   int Prendre(int largeur) {
     const std::int64_t position = occupees_ + 1;
     occupees_ += largeur;
-    if (position > kPositionMaximale) throw Erreur(kDepassementCapacite);
+    if (position > kDernierePosition) throw Erreur(kDepassementCapacite);
     return static_cast<int>(position);
   }
 

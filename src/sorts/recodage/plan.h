@@ -36,8 +36,7 @@ struct Plan {
   std::int64_t longueur = 0;  // columns of a record before what is put behind it; 0 when only the recoded are kept
 };
 
-inline constexpr int kCodeMaximum = 999;
-inline constexpr int kPositionMaximale = 9999;
+inline constexpr int kCodeMaximum = kCodeMaxL3;
 
 // Columns that a code takes in a new field: 1 below 10, 2 below 100, else 3.
 constexpr int LargeurNeuve(int codeMax) { return codeMax < 10 ? 1 : codeMax < 100 ? 2 : 3; }

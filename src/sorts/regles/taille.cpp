@@ -51,6 +51,8 @@ ConsignesTaille LireConsignesTaille(std::string_view ligne) {
   return consignes;
 }
 
+std::string_view MotsDeTaille(std::string_view ligne) { return ligne.substr(LireConsignesTaille(ligne).avant.size()); }
+
 ExpressionFiltre LireFiltre(std::string_view filtre) {
   ExpressionFiltre expression;
   std::string reste(Milieu(filtre, kLongueurMotFiltre + 1));

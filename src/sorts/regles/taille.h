@@ -21,6 +21,8 @@ struct ConsignesTaille {
 };
 
 ConsignesTaille LireConsignesTaille(std::string_view ligne);
+// The keywords of a size line, as they stand; a view into it.
+std::string_view MotsDeTaille(std::string_view ligne);
 
 // One comparison of a filter, "NAM=code".
 struct ElementFiltre {

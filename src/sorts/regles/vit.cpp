@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -11,12 +12,10 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::string_view kMarque = "$$";
-
 ElementVit LireElement(const std::string& ligne) {
   ElementVit element;
   element.ligne = ligne;
-  element.nom = CadreGauche(Milieu(ligne, 1, 3), 3);
+  element.nom = CadreGauche(Milieu(ligne, 1, kLargeurDeQuestion), kLargeurDeQuestion);
   const std::string_view code = Milieu(ligne, 8, 2);
   element.sansCode = Rogner(code).empty();
   element.additif = code.find('+') != std::string_view::npos;
@@ -38,13 +37,13 @@ BlocVit LireBlocVit(std::span<const std::string> lignes) {
   BlocVit bloc;
   for (const std::string& ligne : lignes) {
     ++bloc.lignes;
-    const std::size_t marque = ligne.find(kMarque);
+    const std::size_t marque = ligne.find(kMarqueVit);
     if (marque == std::string::npos) {
       if (bloc.vits.back().elements.size() == kElementsVitMaximum) throw Erreur(kIndiceHorsSelection);
       bloc.vits.back().elements.push_back(LireElement(ligne));
       continue;
     }
-    const std::string_view nom = RognerDroite(std::string_view(ligne).substr(marque + kMarque.size()));
+    const std::string_view nom = RognerDroite(std::string_view(ligne).substr(marque + kMarqueVit.size()));
     if (nom.empty()) break;
     if (bloc.vits.size() == kVitMaximum) throw Erreur(kIndiceHorsSelection);
     bloc.vits.push_back({std::string(nom), {}});

@@ -32,6 +32,10 @@ struct BlocVit {
   std::size_t lignes = 0;  // lines of the block, its closing "$$" included
 };
 
+// The line that opens a VIT with its name, and the one that closes the block.
+inline constexpr std::string_view kMarqueVit = "$$";
+// Largest code of an element, which has two columns.
+inline constexpr int kCodeVitMaximum = 99;
 // Largest numbers of VIT and of elements of one.
 inline constexpr std::size_t kVitMaximum = 50;
 inline constexpr std::size_t kElementsVitMaximum = 50;

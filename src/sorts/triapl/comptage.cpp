@@ -22,6 +22,11 @@ std::size_t LongueurDesChampsPossibles(const FichierPos& pos) {
   return longueur;
 }
 
+// Values that one, two and three columns can hold.
+constexpr std::size_t kValeursDUn = 10;
+constexpr std::size_t kValeursDeDeux = 100;
+constexpr std::size_t kValeursDeTrois = kCodeMaxL3 + 1;
+
 // Counters of the questions of one width: every value that the width can hold has its place, so that the pass compares
 // nothing; the code-max is applied once, at the end.
 template <std::size_t places>
@@ -62,20 +67,20 @@ class PasseRapide {
     std::int64_t* effectifs = un_.effectifs.data();
     for (const std::uint32_t debut : un_.debuts) {
       ++effectifs[valeurs[static_cast<unsigned char>(ligne[debut])]];
-      effectifs += 10;
+      effectifs += kValeursDUn;
     }
     effectifs = deux_.effectifs.data();
     for (const std::uint32_t debut : deux_.debuts) {
       const std::size_t octets =
           static_cast<unsigned char>(ligne[debut]) + 256U * static_cast<unsigned char>(ligne[debut + 1]);
       ++effectifs[std::max<int>(deuxOctets_[octets], 0)];
-      effectifs += 100;
+      effectifs += kValeursDeDeux;
     }
     effectifs = trois_.effectifs.data();
     for (const std::uint32_t debut : trois_.debuts) {
       const int valeur = LireChampInterieur(ligne, {debut, 3});
-      ++effectifs[valeur < 0 || valeur > 999 ? 0 : valeur];
-      effectifs += 1000;
+      ++effectifs[valeur < 0 || valeur > kCodeMaxL3 ? 0 : valeur];
+      effectifs += kValeursDeTrois;
     }
   }
 
@@ -88,9 +93,9 @@ class PasseRapide {
  private:
   const FichierPos& pos_;
   const std::array<std::int8_t, 65536>& deuxOctets_ = ValeursDeDeuxOctets();
-  Compteurs<10> un_;
-  Compteurs<100> deux_;
-  Compteurs<1000> trois_;
+  Compteurs<kValeursDUn> un_;
+  Compteurs<kValeursDeDeux> deux_;
+  Compteurs<kValeursDeTrois> trois_;
 };
 
 // The pass that tells overflows in their order, and meets impossible fields where they stand.

@@ -8,8 +8,6 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr int kCodeMaxSansModalites = 36;  // from this code-max on a question has no modalities
-
 // Columns of the codes behind that of the total; `codes` receives the code of each.
 TableauEdite RetenirPresents(const std::vector<double>& effectifs, std::size_t premierCode, double total,
                              std::vector<int>& codes) {
@@ -49,7 +47,7 @@ TableauEdite DresserTableau(const Question& question, const std::vector<double>&
                             const IntitulesModalites* intitules) {
   std::vector<int> codes;
   TableauEdite tableau = RetenirPresents(effectifs, 0, total, codes);
-  if (intitules && question.codeMax < kCodeMaxSansModalites)
+  if (intitules && question.codeMax < kPremierCodeDouble)
     PoserIntitules(question, *intitules, effectifs.size(), codes, tableau);
   return tableau;
 }

@@ -4,13 +4,14 @@
 
 #include <string>
 
+#include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar::sorts {
 
 // Overflows that the option form allows when it checks them.
-inline constexpr int kLimiteDuFormulaire = 50;
+inline constexpr int kLimiteDuFormulaire = kDepassementsAuPlus;
 
 struct OptionsTriapl {
   bool reponsesMultiples = false;  // print the cumulation of all questions as multiple responses

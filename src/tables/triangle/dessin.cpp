@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <numbers>
 
 #include "core/texte/nombres.h"
+#include "tables/triangle/placement.h"
 #include "tables/triangle/triangle.h"
 
 namespace quelvar::tables {
@@ -15,86 +15,29 @@ namespace {
 constexpr double kLargeur = 640;
 constexpr double kHauteur = 560;
 constexpr double kMarge = 64;
-constexpr double kHaut = 44;  // room of the title
+constexpr double kHaut = 44;          // room of the title
+constexpr double kLigneDuTitre = 26;  // from the top
+constexpr double kSousUnSommet = 26;  // of the base, clear of the values of its side
+constexpr double kSurLeSommet = 14;   // of the top
+constexpr double kSousLaBase = 9;     // values of the first percentage
+constexpr double kHorsDUnCote = 5;    // values of the others
+constexpr double kDemiMarque = 2;     // what a mark takes for the labels around it
+constexpr double kBaisseDEtoile = 2;  // "*" stands above the middle of its line
+constexpr double kPlusPetitRayon = 0.8, kRayonParMarque = 0.7;
+constexpr double kIntituleEcarte = 12;  // a label farther than this from its point has a line to it
+
+constexpr double kTraitFin = 0.3, kTraitDeCote = 1, kTraitDeLien = 0.6, kTraitDeMarque = 0.5;
+constexpr double kTeinteDeMarque = 0.7;
 constexpr double kCorpsDuTitre = 12;
 constexpr double kCorpsDesSommets = 10;
 constexpr double kCorpsDesGraduations = 6.5;
+constexpr double kCorpsDEtoile = 9;
+constexpr double kCorpsDuCentre = 14;
 
-// Where a label may stand beside its point, in the order of preference: right, left, above, below, then the corners;
-// then on circles around the point, with a line to it.
-struct Place {
-  double dx, dy;
-  Ancre ancre;
-  Niveau niveau;
-};
-constexpr Place kPlaces[] = {
-    {5, 0, Ancre::Debut, Niveau::Centre}, {-5, 0, Ancre::Fin, Niveau::Centre}, {0, -5, Ancre::Milieu, Niveau::Bas},
-    {0, 5, Ancre::Milieu, Niveau::Haut},  {4, -4, Ancre::Debut, Niveau::Bas},  {4, 4, Ancre::Debut, Niveau::Haut},
-    {-4, -4, Ancre::Fin, Niveau::Bas},    {-4, 4, Ancre::Fin, Niveau::Haut},
-};
+constexpr double kHorsDuTriangle = 1e9;  // beyond every coordinate
+
 // White around the letters: it costs a screen more than all the rest, and among thousands it hides the points.
 constexpr std::size_t kPointsAHalo = 150;
-constexpr double kPremierRayon = 16;
-constexpr double kDernierRayon = 112;
-constexpr double kPasDeRayon = 16;
-constexpr int kDirections = 10;
-
-// What is taken of a page, point by point: a bit for each square of one point, rows of words.
-class Occupation {
- public:
-  Occupation(double largeur, double hauteur)
-      : largeur_(largeur),
-        hauteur_(hauteur),
-        colonnes_(static_cast<std::size_t>(std::ceil(largeur))),
-        lignes_(static_cast<std::size_t>(std::ceil(hauteur))),
-        mots_((colonnes_ + kBits - 1) / kBits),
-        bits_(lignes_ * mots_) {}
-
-  bool SurLaPage(const Zone& zone) const {
-    return zone.x >= 0 && zone.y >= 0 && zone.x + zone.largeur <= largeur_ && zone.y + zone.hauteur <= hauteur_;
-  }
-  // Whether every square that the zone touches is free; false for one that leaves the page.
-  bool Libre(const Zone& zone) const {
-    return SurLaPage(zone) &&
-           !Parcourir(zone, [this](std::size_t mot, std::uint64_t bits) { return bits_[mot] & bits; });
-  }
-  void Prendre(const Zone& zone) {
-    Parcourir(zone, [this](std::size_t mot, std::uint64_t bits) {
-      bits_[mot] |= bits;
-      return std::uint64_t{0};
-    });
-  }
-
- private:
-  static constexpr std::size_t kBits = 64;
-
-  // Goes through the words that a zone touches, with its bits in each, until the action gives something; whether it
-  // did.
-  template <typename Action>
-  bool Parcourir(const Zone& zone, const Action& action) const {
-    const auto borner = [](double place, std::size_t nombre) {
-      return static_cast<std::size_t>(std::clamp(place, 0.0, static_cast<double>(nombre)));
-    };
-    const std::size_t gauche = borner(std::floor(zone.x), colonnes_);
-    const std::size_t droite = borner(std::ceil(zone.x + zone.largeur), colonnes_);
-    const std::size_t haut = borner(std::floor(zone.y), lignes_);
-    const std::size_t bas = borner(std::ceil(zone.y + zone.hauteur), lignes_);
-    for (std::size_t debut = gauche; debut < droite; debut = (debut / kBits + 1) * kBits) {
-      const std::size_t nombre = std::min(droite, (debut / kBits + 1) * kBits) - debut;
-      const std::uint64_t bits = (~std::uint64_t{0} >> (kBits - nombre)) << (debut % kBits);
-      for (std::size_t ligne = haut; ligne < bas; ++ligne)
-        if (action(ligne * mots_ + debut / kBits, bits) != 0) return true;
-    }
-    return false;
-  }
-
-  double largeur_;
-  double hauteur_;
-  std::size_t colonnes_;
-  std::size_t lignes_;
-  std::size_t mots_;
-  std::vector<std::uint64_t> bits_;
-};
 
 // The triangle that the sides leave, and the page that shows it.
 class Cadre {
@@ -117,7 +60,7 @@ class Cadre {
  private:
   static Fenetre Vue(const EtatTriangle& etat) {
     const CotesTriangle& c = etat.cotes;
-    Fenetre vue{1e9, -1e9, -1e9, 1e9};
+    Fenetre vue{kHorsDuTriangle, -kHorsDuTriangle, -kHorsDuTriangle, kHorsDuTriangle};
     for (const Position sommet :
          {Position{c.gauche, c.bas}, Position{c.droit - c.bas, c.bas}, Position{c.gauche, c.droit - c.gauche}}) {
       const Position p = ProjeterTriangle(etat.reglages.forme, sommet.x, sommet.y);
@@ -150,6 +93,7 @@ double Corps(TailleTriangle taille) {
   return 8;
 }
 
+// Percent between two values of a side, so that it has four to ten of them.
 double PasDeGraduation(double etendue) { return etendue > 45 ? 10 : etendue > 18 ? 5 : etendue > 8 ? 2 : 1; }
 
 Position Ajouter(Position a, Position b) { return {a.x + b.x, a.y + b.y}; }
@@ -165,15 +109,8 @@ void EcrireValeur(Cadre& cadre, Position a, double valeur, Position decalage, An
 void TracerGraduation(Cadre& cadre, Position a, Position b, double valeur, Position decalage, Ancre ancre,
                       Occupation& occupation) {
   cadre.Page().Ligne(cadre.Projeter(a.x, a.y), cadre.Projeter(b.x, b.y),
-                     {.couleur = Couleur::GrisClair, .epaisseur = 0.3, .style = StyleTrait::Pointilles});
+                     {.couleur = Couleur::GrisClair, .epaisseur = kTraitFin, .style = StyleTrait::Pointilles});
   EcrireValeur(cadre, a, valeur, decalage, ancre, occupation);
-}
-
-// A side, point by point: no label is to lie across it.
-void PrendreTrait(Position de, Position a, Occupation& occupation) {
-  const int pas = static_cast<int>(std::hypot(a.x - de.x, a.y - de.y)) + 1;
-  for (int i = 0; i <= pas; ++i)
-    occupation.Prendre({de.x + (a.x - de.x) * i / pas - 0.5, de.y + (a.y - de.y) * i / pas - 0.5, 1, 1});
 }
 
 constexpr double kArrondi = 1e-9;  // of a value, in percent or in steps
@@ -187,22 +124,22 @@ void TracerCotes(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation)
   const auto premiere = [pas](double limite) { return std::ceil(limite / pas - kArrondi) * pas; };
   cadre.Page().Calquer("cotes");
   for (double v = premiere(c.gauche); v <= c.gauche + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, 9}, Ancre::Milieu, occupation);
+    TracerGraduation(cadre, {v, c.bas}, {v, c.droit - v}, v, {0, kSousLaBase}, Ancre::Milieu, occupation);
   for (double v = premiere(c.bas); v <= c.bas + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {5, 0}, Ancre::Debut, occupation);
+    TracerGraduation(cadre, {c.droit - v, v}, {c.gauche, v}, v, {kHorsDUnCote, 0}, Ancre::Debut, occupation);
   const bool angleDroit = etat.reglages.forme == FormeTriangle::AngleDroit;
   for (double v = premiere(c.bas); angleDroit && v <= c.bas + etendue + kArrondi; v += pas)
-    EcrireValeur(cadre, {c.gauche, v}, v, {-5, 0}, Ancre::Fin, occupation);
+    EcrireValeur(cadre, {c.gauche, v}, v, {-kHorsDUnCote, 0}, Ancre::Fin, occupation);
   const double troisieme = 100 - c.droit;
   for (double v = premiere(troisieme); !angleDroit && v <= troisieme + etendue + kArrondi; v += pas)
-    TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-5, 0}, Ancre::Fin,
+    TracerGraduation(cadre, {c.gauche, 100 - v - c.gauche}, {100 - v - c.bas, c.bas}, v, {-kHorsDUnCote, 0}, Ancre::Fin,
                      occupation);
   const std::array<Position, 3> sommets = cadre.Sommets();
   for (std::size_t i = 0; i < 3; ++i) {
     const Position de = sommets[i];
     const Position a = sommets[(i + 1) % 3];
-    cadre.Page().Ligne(cadre.Projeter(de.x, de.y), cadre.Projeter(a.x, a.y), {.epaisseur = 1});
-    PrendreTrait(cadre.SurPage(de.x, de.y), cadre.SurPage(a.x, a.y), occupation);
+    cadre.Page().Ligne(cadre.Projeter(de.x, de.y), cadre.Projeter(a.x, a.y), {.epaisseur = kTraitDeCote});
+    occupation.PrendreTrait(cadre.SurPage(de.x, de.y), cadre.SurPage(a.x, a.y));
   }
 }
 
@@ -220,11 +157,12 @@ void EcrireEntree(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Posi
 void EcrireTitreEtSommets(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation) {
   Dessin& page = cadre.Page();
   page.Calquer("titres");
-  EcrireEntree(cadre, etat, 0, page.VersUtilisateur({page.Largeur() / 2, 26}),
+  EcrireEntree(cadre, etat, 0, page.VersUtilisateur({page.Largeur() / 2, kLigneDuTitre}),
                {.corps = kCorpsDuTitre, .gras = true, .ancre = Ancre::Milieu}, {}, occupation);
   const std::array<Position, 3> sommets = cadre.Sommets();
   const std::array<std::size_t, 3> axes = {etat.axes[2], etat.axes[0], etat.axes[1]};
-  const std::array<Position, 3> decalages = {Position{0, 26}, Position{0, 26}, Position{0, -14}};
+  const std::array<Position, 3> decalages = {Position{0, kSousUnSommet}, Position{0, kSousUnSommet},
+                                             Position{0, -kSurLeSommet}};
   for (std::size_t i = 0; i < 3; ++i)
     EcrireEntree(cadre, etat, 1 + axes[i], cadre.Projeter(sommets[i].x, sommets[i].y),
                  {.corps = kCorpsDesSommets, .gras = true, .ancre = Ancre::Milieu}, decalages[i], occupation);
@@ -239,62 +177,12 @@ std::string TexteDuPoint(const EtatTriangle& etat, const PointTriangle& point) {
 
 void TracerMarque(Dessin& page, Position place, int marque) {
   if (marque == 0) {
-    page.Texte(place, "*", {.corps = 9, .ancre = Ancre::Milieu, .niveau = Niveau::Centre}, {0, 2});
+    page.Texte(place, "*", {.corps = kCorpsDEtoile, .ancre = Ancre::Milieu, .niveau = Niveau::Centre},
+               {0, kBaisseDEtoile});
     return;
   }
-  page.Cercle(place, 0.8 + 0.7 * marque, {.couleur = Couleur::Bleu, .teinte = 0.7},
-              {.couleur = Couleur::BleuFonce, .epaisseur = 0.5});
-}
-
-// The rectangles of a text around its place, by the side that stands there; its width is measured once.
-class EtendueDuTexte {
- public:
-  EtendueDuTexte(const std::string& texte, const Police& police) {
-    Police essai = police;
-    essai.ancre = Ancre::Debut;
-    for (const Niveau niveau : {Niveau::Centre, Niveau::Haut, Niveau::Bas}) {
-      essai.niveau = niveau;
-      zones_[Rang(niveau)] = ZoneDuTexte({}, texte, essai);
-    }
-  }
-  Zone A(Position point, const Place& place) const {
-    Zone zone = zones_[Rang(place.niveau)];
-    const double recul = place.ancre == Ancre::Debut    ? 0
-                         : place.ancre == Ancre::Milieu ? zone.largeur / 2
-                                                        : zone.largeur;
-    zone.x += point.x + place.dx - recul;
-    zone.y += point.y + place.dy;
-    return zone;
-  }
-
- private:
-  static std::size_t Rang(Niveau niveau) { return niveau == Niveau::Centre ? 0 : niveau == Niveau::Haut ? 1 : 2; }
-  std::array<Zone, 3> zones_;
-};
-
-// The places on circles around a point, the nearest first.
-std::vector<Place> PlacesEcartees() {
-  std::vector<Place> places;
-  for (double rayon = kPremierRayon; rayon <= kDernierRayon; rayon += kPasDeRayon)
-    for (int i = 0; i < kDirections; ++i) {
-      const double angle = 2 * std::numbers::pi * (i + 0.5) / kDirections;
-      places.push_back({rayon * std::cos(angle), rayon * std::sin(angle),
-                        std::cos(angle) < 0 ? Ancre::Fin : Ancre::Debut, Niveau::Centre});
-    }
-  return places;
-}
-
-// Where the label of a point goes: the first free place around it; when none is, the first beside it on the page.
-Place ChoisirPlace(const Occupation& occupation, Position point, const std::string& texte, const Police& police) {
-  static const std::vector<Place> ecartees = PlacesEcartees();
-  const EtendueDuTexte etendue(texte, police);
-  for (const Place& place : kPlaces)
-    if (occupation.Libre(etendue.A(point, place))) return place;
-  for (const Place& place : ecartees)
-    if (occupation.Libre(etendue.A(point, place))) return place;
-  for (const Place& place : kPlaces)
-    if (occupation.SurLaPage(etendue.A(point, place))) return place;
-  return kPlaces[0];
+  page.Cercle(place, kPlusPetitRayon + kRayonParMarque * marque, {.couleur = Couleur::Bleu, .teinte = kTeinteDeMarque},
+              {.couleur = Couleur::BleuFonce, .epaisseur = kTraitDeMarque});
 }
 
 void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Position place, Occupation& occupation) {
@@ -304,13 +192,13 @@ void EcrireIntitule(Cadre& cadre, const EtatTriangle& etat, std::size_t rang, Po
                 .gras = etat.reglages.gras,
                 .halo = etat.trg.points.size() <= kPointsAHalo ? 1.0 : 0.0};
   const Position point = cadre.Page().VersPage(place);
-  const Place choisie = entree.deplacee ? kPlaces[0] : ChoisirPlace(occupation, point, texte, police);
+  const PlaceDIntitule choisie = entree.deplacee ? PremierePlace() : ChoisirPlace(occupation, point, texte, police);
   police.ancre = choisie.ancre;
   police.niveau = choisie.niveau;
   const Position decalage = Ajouter({choisie.dx, choisie.dy}, entree.deplacement);
-  if (std::hypot(decalage.x, decalage.y) > 12)
+  if (std::hypot(decalage.x, decalage.y) > kIntituleEcarte)
     cadre.Page().Ligne(place, cadre.Page().VersUtilisateur(Ajouter(point, decalage)),
-                       {.couleur = Couleur::Gris, .epaisseur = 0.3});
+                       {.couleur = Couleur::Gris, .epaisseur = kTraitFin});
   cadre.Page().Texte(place, texte, police, decalage);
   occupation.Prendre(ZoneDuTexte(Ajouter(point, decalage), texte, police));
 }
@@ -334,7 +222,7 @@ void TracerLiens(Cadre& cadre, const EtatTriangle& etat, const std::vector<std::
     const Position de = CoordonneesDe(etat, etat.trg.points[*liens[i]]);
     const Position a = CoordonneesDe(etat, etat.trg.points[i]);
     cadre.Page().Ligne(cadre.Projeter(de.x, de.y), cadre.Projeter(a.x, a.y),
-                       {.couleur = Couleur::Rouge, .epaisseur = 0.6});
+                       {.couleur = Couleur::Rouge, .epaisseur = kTraitDeLien});
   }
 }
 
@@ -351,7 +239,7 @@ void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation
     page.Designer(static_cast<std::int32_t>(rang));
     TracerMarque(page, place(rang), etat.entrees[rang].marque);
     const Position p = page.VersPage(place(rang));
-    occupation.Prendre({p.x - 2, p.y - 2, 4, 4});
+    occupation.Prendre({p.x - kDemiMarque, p.y - kDemiMarque, 2 * kDemiMarque, 2 * kDemiMarque});
   }
   page.Calquer("intitules");
   // Those that the user placed come first: the others keep clear of them.
@@ -378,8 +266,9 @@ void TracerCentre(Cadre& cadre, const EtatTriangle& etat) {
   cadre.Page().Calquer("centre");
   cadre.Page().Designer(-1);
   const Position centre = cadre.Projeter(kTiers, kTiers);
-  cadre.Page().Texte(centre, "+",
-                     {.corps = 14, .couleur = Couleur::Vert, .ancre = Ancre::Milieu, .niveau = Niveau::Centre});
+  cadre.Page().Texte(
+      centre, "+",
+      {.corps = kCorpsDuCentre, .couleur = Couleur::Vert, .ancre = Ancre::Milieu, .niveau = Niveau::Centre});
 }
 
 }  // namespace

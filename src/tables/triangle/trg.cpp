@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -10,9 +11,8 @@ namespace quelvar::tables {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
-constexpr std::size_t kLargeurPart = 5;
-constexpr std::size_t kLignesDeTete = 4;
+constexpr std::size_t kLargeurNom = kLargeurNomTrg;
+constexpr std::size_t kLargeurPart = kLargeurPartTrg;
 constexpr double kEcartDArrondi = 0.25;  // three roundings to one decimal
 
 bool FinitLesPoints(std::string_view ligne) {
@@ -52,11 +52,10 @@ PointTriangle LirePoint(std::string_view ligne, std::size_t rang, FichierTrg& tr
 }  // namespace
 
 FichierTrg LireTrg(const Chemin& chemin) {
-  FichierTrg trg;
   LecteurLignes lecteur(chemin);
-  trg.titre = lecteur.LireObligatoire();
-  for (std::string& sommet : trg.sommets) sommet = lecteur.LireObligatoire();
-  std::size_t rang = kLignesDeTete;
+  TeteTrg tete = LireTeteTrg(lecteur);
+  FichierTrg trg{std::move(tete.titre), std::move(tete.sommets)};
+  std::size_t rang = kLignesDeTeteTrg;
   for (std::string_view ligne; lecteur.Lire(ligne) && !FinitLesPoints(ligne);)
     trg.points.push_back(LirePoint(ligne, ++rang, trg));
   return trg;

@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "core/fichiers/fichiers.h"
+#include "core/enquete/trgfile.h"
 
 namespace quelvar::tables {
 
 struct PointTriangle {
-  std::string nom;               // 4 characters
-  std::string intitule;          // trimmed; the name when there is none
-  std::array<float, 3> parts{};  // percent, in the order of the vertices
-  std::string reste;             // the line behind the name, as it stands
+  std::string nom;                         // 4 characters
+  std::string intitule;                    // trimmed; the name when there is none
+  std::array<float, kSommetsTrg> parts{};  // percent, in the order of the vertices
+  std::string reste;                       // the line behind the name, as it stands
 };
 
 // What a user should know of the points: how many, and where the first one stands.
@@ -25,8 +25,8 @@ struct PointsEnFaute {
 
 struct FichierTrg {
   std::string titre;
-  std::array<std::string, 3> sommets;
-  std::vector<PointTriangle> points;
+  std::array<std::string, kSommetsTrg> sommets;
+  std::vector<PointTriangle> points{};
   PointsEnFaute inegaux{};     // percentages that make neither 100 nor 0
   PointsEnFaute negatifs{};    // percentages below 0
   PointsEnFaute illisibles{};  // percentages that are not numbers

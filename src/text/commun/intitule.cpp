@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 #include "text/decoupage/mots.h"
 
 namespace quelvar::text {
 
 namespace {
-
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 
 // Whether the cutting can have given the code to the word: its first characters, then a running number if there is one.
 bool EstCodeDe(std::string_view code, std::string_view mot, bool champEntier) {

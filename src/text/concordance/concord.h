@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,14 +31,6 @@ struct Concordances {
 // Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
 // Raises kErreurPeripherique, kPermissionRefusee or kAccesFichier.
 Concordances ChercherConcordances(const Contexte& contexte, std::vector<MotsCherches> cherches);
-
-// By what follows the word, by what stands before it (the nearest word first), or as the file has them; equal lines
-// keep their order. `rangs` are those of the lines to show.
-std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre);
-
-// A title, then the lines: at most so many of them, and it is then said how many there are.
-std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre,
-                                std::size_t auPlus = std::numeric_limits<std::size_t>::max());
 
 // Why the text cannot be saved there: under the name of a file of the data set. Empty when it can.
 std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible);

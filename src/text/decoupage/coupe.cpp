@@ -12,7 +12,7 @@ namespace quelvar::text {
 namespace {
 
 constexpr char kEtoile = '*';
-constexpr std::string_view kNonReponse = "NR";
+constexpr std::string_view kNonReponse = "NR*";  // answer and star
 constexpr std::int64_t kPasDeSuivi = 1000;
 
 // A line that the check keeps; it lies in the bytes of the corpus.
@@ -72,7 +72,7 @@ class Verification {
     if (!reponse.empty()) {
       Retenir(true, ligne.substr(0, c), reponse);
     } else if (consignes_.vide == ReponseVide::NonReponse) {
-      Retenir(true, ligne.substr(0, c), "NR*");
+      Retenir(true, ligne.substr(0, c), kNonReponse);
     }
   }
 

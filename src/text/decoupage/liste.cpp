@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "utilities/trichaines.h"
 
@@ -10,7 +11,6 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::size_t kRacine = 3;  // columns that words of one running number share
-constexpr int kMotsParLigne = 5;
 constexpr int kLargeurFrequence = 4;
 
 // Key of each word: the first columns of its line of concordance.
@@ -106,15 +106,14 @@ void EcrireEdition(Ecrivain& fichier, const std::vector<MotDistinct>& distincts)
   }
 }
 
-void ImprimerListe(Rapport& rapport, const std::vector<MotDistinct>& distincts) {
-  std::int64_t plusFrequent = 0;
-  for (const MotDistinct& distinct : distincts) plusFrequent = std::max(plusFrequent, distinct.frequence);
-  // A frequency never touches the word of the item before it.
-  const int largeur = std::max(kLargeurFrequence, static_cast<int>(Nombre(plusFrequent).size()) + 1);
-  for (std::size_t i = 0; i < distincts.size(); ++i) {
-    rapport.Suite({NombreFixe(static_cast<double>(distincts[i].frequence), largeur, 0), " ", distincts[i].Mot()});
-    if ((i + 1) % kMotsParLigne == 0 || i + 1 == distincts.size()) rapport.Ligne();
-  }
+TableauEdite TableauDesMots(const std::vector<MotDistinct>& distincts) {
+  TableauEdite tableau;
+  tableau.colonnes.resize(1);
+  tableau.rangees.reserve(distincts.size());
+  for (const MotDistinct& distinct : distincts)
+    tableau.rangees.push_back(
+        {{}, std::string(distinct.Mot()), {{static_cast<double>(distinct.frequence), Unite::Effectif, 0, {}}}});
+  return tableau;
 }
 
 }  // namespace quelvar::text

@@ -8,8 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
-#include "core/programme/report.h"
+#include "core/resultats/tableau.h"
 #include "text/decoupage/mots.h"
 
 namespace quelvar::text {
@@ -44,7 +45,7 @@ void EcrireConcordances(Ecrivain& fichier, const Corpus& corpus);
 void EcrireDonnees(Ecrivain& fichier, const Corpus& corpus, const std::vector<MotDistinct>& distincts);
 // The lines of .EDI.
 void EcrireEdition(Ecrivain& fichier, const std::vector<MotDistinct>& distincts);
-// The list of the report, five words a line.
-void ImprimerListe(Rapport& rapport, const std::vector<MotDistinct>& distincts);
+// The words with their frequencies.
+TableauEdite TableauDesMots(const std::vector<MotDistinct>& distincts);
 
 }  // namespace quelvar::text

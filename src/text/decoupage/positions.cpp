@@ -18,8 +18,6 @@ int ColonneDuStimulus(const Gabarit& gabarit) {
   return static_cast<int>(gabarit.StimulusEnFin() ? gabarit.Largeur() : gabarit.positionStimulus);
 }
 
-constexpr int kCodeMaxAuPlus = 99;
-
 // What is wrong with an answer; empty when nothing is.
 using FauteDeReponse = std::function<std::string(std::string_view reponse)>;
 
@@ -41,8 +39,9 @@ std::string DemanderCodes(const Dialogue& dialogue, std::string_view question, s
     return chiffres && reponse.size() <= 4 ? static_cast<int>(ValeurDe(reponse)) : 0;
   };
   const std::string reponse = DemanderJusqua(dialogue, question, [&](std::string_view texte) -> std::string {
-    if (valeur(texte) >= 1 && valeur(texte) <= kCodeMaxAuPlus) return {};
-    return Joindre({quoi, " doit être un nombre entier de 1 à "_w, Nombre(kCodeMaxAuPlus), ", et non \"", texte, "\""});
+    if (valeur(texte) >= 1 && valeur(texte) <= kDernierCodeNomme) return {};
+    return Joindre(
+        {quoi, " doit être un nombre entier de 1 à "_w, Nombre(kDernierCodeNomme), ", et non \"", texte, "\""});
   });
   return TexteCodeMax(valeur(reponse));
 }

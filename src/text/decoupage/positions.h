@@ -37,7 +37,8 @@ std::vector<QuestionDesMots> DemanderQuestions(const Gabarit& gabarit, const Dia
 std::vector<std::string> ReponsesAttendues(const std::optional<std::vector<QuestionDesMots>>& questions,
                                            const Gabarit& gabarit);
 
-// Sees to it that the stimulus has its question: the number of stimuli is asked when none stands there.
+// Sees to it that the stimulus has its question: the number of stimuli is asked when none stands there. Raises as
+// DemanderQuestions does.
 void CompleterStimulus(std::vector<QuestionDesMots>& questions, const Gabarit& gabarit, const Dialogue& dialogue);
 
 void EcrirePosDesMots(Ecrivain& fichier, std::string_view generique, std::int64_t mots,

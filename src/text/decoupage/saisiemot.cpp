@@ -11,15 +11,15 @@
 #include "core/programme/annulation.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
+#include "text/commun/prise.h"
 #include "text/commun/source.h"
+#include "text/decoupage/edition.h"
 #include "text/decoupage/liste.h"
 #include "text/decoupage/positions.h"
 
 namespace quelvar::text {
 
 namespace {
-
-constexpr std::int64_t kMotsLongsMontres = 10;
 
 Gabarit GabaritDe(const OptionsSaisieMot& options) {
   return {static_cast<std::size_t>(std::max(options.position, 0)), options.mode,
@@ -34,41 +34,6 @@ Chemin TrouverTexte(Rapport& rapport, const Contexte& contexte) {
   rapport.Ligne("*** Arrêt du programme"_w);
   rapport.Ligne({"*** Le fichier ", contexte.Nom(".TXT"), std::string_view(vide ? " est vide" : " n'existe pas")});
   throw Erreur(kArretAnnonce);
-}
-
-void EcrireNoms(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {
-  constexpr std::string_view kEntree = "       et servira d'entrée pour la création du tableau lexical des questions"_w;
-  if (options.auxiliaires) {
-    rapport.Ligne({"Le fichier de sortie mots longs non triés est  "_w, contexte.Nom(".NT1")});
-    rapport.Ligne({"Le fichier de sortie mots longs triés est  "_w, contexte.Nom(".TR1")});
-    rapport.Ligne({"Le fichier de sortie mots courts+longs+fréquence est "_w, contexte.Nom(".EDI")});
-  }
-  rapport.Ligne({"Le fichier de sortie mots triés est  "_w, contexte.Nom(".DAT")});
-  rapport.Ligne(kEntree);
-  rapport.Ligne({"Le fichier de position en sortie sera  ", contexte.Nom(".POS")});
-  rapport.Ligne(kEntree);
-  rapport.Ligne({"Le fichier d'impression est ", contexte.Nom(".IMP")});
-  rapport.Ligne({"Position de fin des caractéristiques  "_w, NombreNu(options.position)});
-  rapport.Ligne({"Nombre de lignes maximum par individu ", NombreNu(options.lignesMax)});
-}
-
-void EcrireMode(Rapport& rapport, const OptionsSaisieMot& options) {
-  switch (options.mode) {
-    case ModeStimulus::Aucun: rapport.Ligne("Traitement de mots de question ouverte"); return;
-    case ModeStimulus::CaracteristiqueReportee:
-    case ModeStimulus::Caracteristique:
-      rapport.Ligne({"Le stimulus est dans les caractéristiques à la position "_w, NombreNu(options.positionStimulus)});
-      rapport.Ligne(options.mode == ModeStimulus::CaracteristiqueReportee
-                        ? "   il sera reporté en fin de mot"_w
-                        : "   il ne sera pas reporté en fin de mot"_w);
-      return;
-    case ModeStimulus::FinDeMot:
-    case ModeStimulus::FinDeMotSupprimee: break;
-  }
-  rapport.Ligne("Le stimulus est en fin de mot et sera reporté"_w);
-  rapport.Ligne({"  en fin de caractéristiques à la position "_w, NombreNu(options.position + 1)});
-  rapport.Ligne(options.mode == ModeStimulus::FinDeMot ? "   il sera laissé en fin de mot"_w
-                                                       : "   il sera supprimé en fin de mot"_w);
 }
 
 // The questions of the former position file, if there is one; `copie` gets the name under which the file is kept when
@@ -128,22 +93,13 @@ TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const Optio
   };
   temoins.sansEtoile = [&rapport, &ecran] { Avertir(rapport, ecran, "ARRET : MANQUE ETOILE FINALE"); };
   temoins.motLong = [&rapport, mode = options.mode, nombre = std::int64_t{0}](const Concordance& mot) mutable {
-    if (++nombre > kMotsLongsMontres) return;
-    if (nombre == 1) rapport.Ligne("*** ATTENTION : mot plus long que 10 caractères"_w);
-    char champ[kLargeurMot];
-    mot.EcrireMotLu(champ);
-    rapport.Suite({std::string_view(champ, sizeof champ), " ", mot.Caracteristiques()});
-    if (mode != ModeStimulus::Aucun) rapport.Suite({" ", mot.Stimulus()});
-    rapport.Ligne();
+    if (++nombre <= kMotsLongsMontres) ImprimerMotLong(rapport, mot, mode, nombre == 1);
   };
   return temoins;
 }
 
-void EcrireBilan(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, std::size_t motsGardes) {
-  rapport.Ligne({"Nombre de lignes lues en entrée "_w, NombreNu(bilan.lignes)});
-  rapport.Ligne({"Nombre de mots écrits en sortie "_w, NombreNu(bilan.mots)});
-  rapport.Ligne({"Nombre de mots de longueur supérieure à 10 ="_w, NombreNu(bilan.motsLongs)});
-  if (bilan.motsLongs > kMotsLongsMontres) rapport.Ligne(" seuls les 10 premiers sont été imprimés "_w);
+// Stops a run whose text has errors or no word.
+void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, std::size_t motsGardes) {
   if (bilan.erreurs > 0) {
     Avertir(rapport, contexte.Ecran(), "ARRET DU AUX ERREURS RENCONTREES");
     throw Erreur(kArretAnnonce);
@@ -185,7 +141,8 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
   DireLesEtoilesAvant(rapport, contexte, bilan, options.position);
-  EcrireBilan(rapport, contexte, bilan, corpus.mots.size());
+  ImprimerBilan(rapport, bilan);
+  ExigerDesMots(rapport, contexte, bilan, corpus.mots.size());
   return corpus;
 }
 
@@ -235,8 +192,8 @@ class Sorties {
 void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {
   EcrireBandeau(rapport, "Importation de données textuelles"_w);
   const Chemin texte = TrouverTexte(rapport, contexte);
-  EcrireNoms(rapport, contexte, options);
-  EcrireMode(rapport, options);
+  ImprimerNoms(rapport, contexte, options);
+  ImprimerMode(rapport, options);
   const Gabarit gabarit = GabaritDe(options);
   std::string copieDuPos;
   std::optional<std::vector<QuestionDesMots>> questions = ReprendreQuestionsDuPos(contexte, gabarit, copieDuPos);
@@ -250,10 +207,7 @@ void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   if (sorties.Tries() != nullptr) EcrireConcordances(*sorties.Tries(), corpus);
   if (sorties.Edition() != nullptr) EcrireEdition(*sorties.Edition(), distincts);
   EcrireDonnees(sorties.Donnees(), corpus, distincts);
-  rapport.Ligne("Impression de la liste des mots");
-  ImprimerListe(rapport, distincts);
-  rapport.Ligne({"Nombre de mots entrés"_w, NombreNu(corpus.mots.size())});
-  rapport.Ligne({"Nombre de mots différents"_w, NombreNu(distincts.size())});
+  ImprimerMots(rapport, distincts, corpus.mots.size());
 
   if (!questions) questions = DemanderQuestions(gabarit, contexte.Ecran());
   else CompleterStimulus(*questions, gabarit, contexte.Ecran());

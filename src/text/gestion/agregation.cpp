@@ -8,6 +8,7 @@
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
+#include "text/gestion/compterendu.h"
 #include "text/gestion/motsdeslignes.h"
 #include "text/tableau/sorties.h"
 
@@ -59,18 +60,8 @@ void Elargir(TableGeree& table) {
   ++table.largeur;
 }
 
-void DireLesMarquees(Agregation& agregation) {
-  for (const LigneDeTable& ligne : agregation.table.lignes)
-    if (ligne.marquee)
-      agregation.compteRendu.push_back(
-          Joindre({std::string(9, ' '), CadreGauche(ligne.nom, kFrequence), " ", Rogner(ligne.intitule)}));
-}
-
-// The name field of a merged row; more than it holds is told.
-std::string ChampDeFrequence(Agregation& agregation, double frequence) {
-  if (frequence > static_cast<double>(kFrequenceEcrite))
-    agregation.compteRendu.push_back(Joindre({"*** Attention : cette fréquence dépasse "_w, Nombre(kFrequenceEcrite),
-                                              ", que ses 4 colonnes du tableau portent à sa place"_w}));
+// The name field of a merged row.
+std::string ChampDeFrequence(double frequence) {
   return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kFrequence, 0);
 }
 
@@ -211,30 +202,23 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
     return "Il n'y a pas de mots à regrouper"_w;
   }
   if (Rogner(intitule).empty()) return "Il faut indiquer le nom qu'aura la ligne agrégation des lignes sélectionnées"_w;
-  DireLesMarquees(agregation);
   const Somme somme = SommeDesMarquees(table);
+  Regroupement regroupement{{}, 0, std::string(intitule), somme.frequence, somme.plafonnees};
+  LigneDeTable regroupee{ChampDeFrequence(somme.frequence), {}, std::string(intitule), false, {}};
+  for (const LigneDeTable& ligne : table.lignes) {
+    if (!ligne.marquee) continue;
+    regroupement.lignes.push_back({ligne.nom, ligne.intitule});
+    std::ranges::move(MotsDeLaLigne(ligne), std::back_inserter(regroupee.mots));
+  }
   const auto tropLarge = [&](double valeur) {
     return EntierDroit(valeur, 1).size() > static_cast<std::size_t>(table.largeur);
   };
-  while (std::any_of(somme.cellules.begin(), somme.cellules.end(), tropLarge)) {
-    agregation.compteRendu.emplace_back(
-        "*** Attention, le processus est réitéré pour tenir compte d'un effectif qui dépasse la largeur initiale"_w);
-    agregation.compteRendu.emplace_back("    de ce fait, des indications de regroupement sont dupliquées"_w);
+  for (; std::any_of(somme.cellules.begin(), somme.cellules.end(), tropLarge); ++regroupement.elargissements)
     Elargir(table);
-    DireLesMarquees(agregation);
-  }
-  agregation.compteRendu.push_back(Joindre({"Le regroupement des lignes précédentes a pour nom : "_w, intitule,
-                                            " Sa fréquence est de "_w, NombreNu(somme.frequence)}));
-  if (somme.plafonnees > 0)
-    agregation.compteRendu.push_back(
-        Joindre({"*** Attention : cette fréquence est un minimum, "_w, Nombre(somme.plafonnees),
-                 " ligne(s) regroupée(s) ayant "_w, Nombre(kFrequenceEcrite), ", le plus que portent ses 4 colonnes"}));
-  LigneDeTable regroupee{ChampDeFrequence(agregation, somme.frequence), {}, std::string(intitule), false, {}};
   for (const double cellule : somme.cellules) regroupee.cellules += EntierDroit(cellule, table.largeur);
-  for (const LigneDeTable& ligne : table.lignes)
-    if (ligne.marquee) std::ranges::move(MotsDeLaLigne(ligne), std::back_inserter(regroupee.mots));
   std::erase_if(table.lignes, [](const LigneDeTable& ligne) { return ligne.marquee; });
   table.lignes.push_back(std::move(regroupee));
+  std::ranges::move(CompteRenduDe(regroupement), std::back_inserter(agregation.compteRendu));
   agregation.modifiee = true;
   return {};
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "core/enquete/colonnes.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 #include "factor/provenance.h"
@@ -53,12 +54,10 @@ std::optional<FacteursDesLignes> LireFacteurs(const Contexte& contexte, const Ta
 }
 
 std::string_view IntituleDAnalyse(const LigneDeTable& ligne) {
-  constexpr std::size_t kIntitule = 25;
-  return RognerDroite(Rogner(ligne.intitule).substr(0, kIntitule));
+  return RognerDroite(Rogner(ligne.intitule).substr(0, kIntituleDeModaliteAuPlus));
 }
 
 std::string_view DUnAutreTableau(const FacteursDesLignes& facteurs, const TableGeree& table) {
-  constexpr std::size_t kNom = 4;
   const auto connait = [](const std::vector<std::string>& connus, std::string_view cherche) {
     return std::ranges::find(connus, cherche) != connus.end();
   };
@@ -67,7 +66,7 @@ std::string_view DUnAutreTableau(const FacteursDesLignes& facteurs, const TableG
       }))
     return "Les coordonnées factorielles sont celles d'un autre tableau : aucune de ses lignes n'y est"_w;
   if (std::ranges::none_of(table.mod.textes, [&](std::string_view colonne) {
-        return connait(facteurs.colonnes, Rogner(colonne.substr(0, kNom)));
+        return connait(facteurs.colonnes, Rogner(colonne.substr(0, kLargeurDeModalite)));
       }))
     return "Les coordonnées factorielles sont celles d'un autre tableau : aucune de ses colonnes n'y est"_w;
   return {};

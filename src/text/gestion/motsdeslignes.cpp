@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 #include "text/tableau/sorties.h"
 
@@ -68,7 +69,7 @@ bool MotsSontConnus(const LigneDeTable& ligne) { return !ligne.mots.empty() || P
 
 std::optional<std::int64_t> FrequenceDeLaLigne(const LigneDeTable& ligne) {
   const std::string_view champ = Rogner(ligne.nom);
-  if (champ.empty() || champ.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  if (!SontChiffres(champ)) return std::nullopt;
   const std::int64_t frequence = Entier64(ValeurDe(champ));
   return frequence < kFrequenceEcrite ? std::optional(frequence) : std::nullopt;
 }

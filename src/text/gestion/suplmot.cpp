@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/fichiers/jeu.h"
 #include "text/gestion/motsdeslignes.h"
 
@@ -11,11 +12,10 @@ namespace {
 
 constexpr std::string_view kEnregistre = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
 constexpr std::string_view kRapport = ".prt";
-constexpr std::string_view kSupplementaire = " S ";
-constexpr std::string_view kActive = "   ";
 
 void PoserColonne(std::string& texte, bool supplementaire) {
-  texte = TexteDeModalite(NomDeTexte(texte), supplementaire ? kSupplementaire : kActive, IntituleDeTexte(texte));
+  texte = TexteDeModalite(NomDeTexte(texte), supplementaire ? kMarqueSupplementaire : kMarqueActive,
+                          IntituleDeTexte(texte));
 }
 
 void Enregistrer(const Contexte& contexte, const TableGeree& table) {
@@ -78,7 +78,7 @@ std::string TexteDeColonne(const TableGeree& table, std::size_t colonne) { retur
 
 std::string TexteDeLigne(const TableGeree& table, std::size_t ligne) {
   const LigneDeTable& choisie = table.lignes.at(ligne);
-  return Joindre({choisie.nom, choisie.marquee ? kSupplementaire : kActive, choisie.intitule});
+  return Joindre({choisie.nom, choisie.marquee ? kMarqueSupplementaire : kMarqueActive, choisie.intitule});
 }
 
 std::optional<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, const TableGeree& table) {

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "core/enquete/coherence.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -15,7 +16,7 @@ namespace quelvar::text {
 
 namespace {
 
-constexpr std::size_t kNom = 4;
+constexpr std::size_t kNom = kLargeurDeModalite;
 constexpr std::string_view kErreur = "*** Erreur ***";
 constexpr std::string_view kRevenir =
     " n'a pas été créé auparavant : revenir à l'étape antérieure en utilisant la touche 'Annuler'"_w;
@@ -114,9 +115,9 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
 }
 
 void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
-  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   const std::optional<Chemin> brt = contexte.Chercher(".BRT");
-  if (!mod || LongueurFichier(*mod) < kModVide) {
+  if (!mod) {
     ouverte.message = {std::string(kErreur), Joindre({"Le fichier de modalités"_w, kRevenir})};
     return;
   }

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/texte/texte.h"
+
 namespace quelvar::text {
 
 namespace {
@@ -12,25 +14,31 @@ constexpr int kEsperluettesQuiGardent = 3;  // a line end behind so many "&" sta
 
 bool Entre(unsigned c, unsigned bas, unsigned haut) { return c >= bas && c <= haut; }
 
-// Letters of the code page by their accented forms, capitals then small ones.
+// What becomes of each letter that has an accent: the forms that it has in the code page.
+struct FormesAccentuees {
+  char lettre;
+  std::string_view formes;
+};
+constexpr FormesAccentuees kAccentuees[] = {{'a', "ÀÁÂÃÄÅÆàáâãäå"_w}, {'e', "ÈÉÊËèéêë"_w}, {'i', "ÌÍÎÏìíîï"_w},
+                                            {'o', "ÒÓÔÕÖØòóôõöø"_w},  {'u', "ÙÚÛÜùúûü"_w}, {'c', "Çç"_w}};
+
 unsigned SansAccent(unsigned c) {
-  if (Entre(c, 192, 198) || Entre(c, 224, 229)) return 'a';
-  if (Entre(c, 200, 203) || Entre(c, 232, 235)) return 'e';
-  if (Entre(c, 204, 207) || Entre(c, 236, 239)) return 'i';
-  if (Entre(c, 210, 214) || Entre(c, 242, 246) || c == 216 || c == 248) return 'o';
-  if (Entre(c, 217, 220) || Entre(c, 249, 252)) return 'u';
-  if (c == 231 || c == 199) return 'c';
+  for (const FormesAccentuees& accentuees : kAccentuees)
+    if (accentuees.formes.find(static_cast<char>(c)) != std::string_view::npos)
+      return static_cast<unsigned char>(accentuees.lettre);
   return c;
 }
 
 unsigned SansPonctuation(unsigned c) {
-  constexpr unsigned kHorsAscii = 128;
-  constexpr unsigned kLigatureMajuscule = 140;  // the ligature of o and e
-  constexpr unsigned kLigatureMinuscule = 156;
   constexpr std::string_view kSignes = "!\"'(),-.:;<>?[]`\t";
-  if (c < kHorsAscii && kSignes.find(static_cast<char>(c)) != std::string_view::npos) return ' ';
+  constexpr unsigned kLigatureMajuscule = 0x8C;  // of o and e
+  constexpr unsigned kLigatureMinuscule = 0x9C;
+  // From the braces on: signs only, up to the accented letters.
+  constexpr unsigned kPremierSigne = '{';
+  constexpr unsigned kDernierSigne = 0xBF;
+  if (c < kPremierSigne) return kSignes.find(static_cast<char>(c)) == std::string_view::npos ? c : ' ';
   if (c == kLigatureMajuscule) return kLigatureMinuscule;
-  return Entre(c, 123, 155) || Entre(c, 157, 191) ? ' ' : c;
+  return Entre(c, kPremierSigne, kDernierSigne) && c != kLigatureMinuscule ? ' ' : c;
 }
 
 }  // namespace

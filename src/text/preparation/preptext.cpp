@@ -12,7 +12,8 @@
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "text/commun/lignes.h"
-#include "text/commun/source.h"
+#include "text/commun/prise.h"
+#include "text/preparation/edition.h"
 
 namespace quelvar::text {
 
@@ -20,19 +21,6 @@ namespace {
 
 constexpr std::string_view kTitre = "Préparation d'un fichier texte"_w;
 constexpr std::size_t kOctetsMontres = 600;
-constexpr std::size_t kOctetsParBloc = 20;
-constexpr std::size_t kLignesMontrees = 10;
-
-// The head of a text and the number of its lines.
-struct Apercu {
-  std::vector<std::string> lignes;
-  std::int64_t nombre = 0;
-
-  void Compter(std::string_view ligne) {
-    ++nombre;
-    if (lignes.size() < kLignesMontrees) lignes.emplace_back(ligne);
-  }
-};
 
 Apercu ApercuDe(std::string_view octets) {
   Apercu apercu;
@@ -51,38 +39,6 @@ Apercu EcrireSansLignesVides(Ecrivain& fichier, std::string_view octets) {
     fichier.Ligne(ligne);
   }
   return apercu;
-}
-
-// Codes of a block in fields of three, then its characters below them.
-void EcrireBloc(Rapport& rapport, std::string_view octets) {
-  std::string codes;
-  std::string caracteres;
-  for (const char c : octets) {
-    if (!codes.empty()) {
-      codes += ' ';
-      caracteres += ' ';
-    }
-    const int code = static_cast<unsigned char>(c);
-    codes += EntierDroit(code, 3);
-    caracteres += Joindre({"  ", std::string(1, code < 32 ? '.' : c)});
-  }
-  rapport.Ligne(codes);
-  rapport.Ligne(caracteres);
-}
-
-void EcrireCodes(Rapport& rapport, std::string_view anciens, std::string_view nouveaux) {
-  rapport.Ligne("Code décimal et charactères imprimables : anciens, nouveaux"_w);
-  for (std::size_t debut = 0; debut < anciens.size(); debut += kOctetsParBloc) {
-    EcrireBloc(rapport, anciens.substr(debut, kOctetsParBloc));
-    EcrireBloc(rapport, nouveaux.substr(debut, kOctetsParBloc));
-  }
-}
-
-void EcrireApercu(Rapport& rapport, std::string_view quoi, std::string_view nom, const Apercu& apercu,
-                  std::string_view sens) {
-  rapport.Ligne({"Impression des 10 premières lignes du fichier "_w, quoi, " ", nom});
-  for (const std::string& ligne : apercu.lignes) rapport.Ligne(ligne);
-  rapport.Ligne({"Le nombre de lignes en ", sens, " est de ", NombreNu(apercu.nombre)});
 }
 
 // The files of the data set that go along, copied as they are.
@@ -157,12 +113,12 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   const Apercu ancien = ApercuDe(texte);
   const std::string anciensOctets = texte.substr(0, kOctetsMontres);
   TransformerOctets(texte, options);
-  EcrireCodes(rapport, anciensOctets, std::string_view(texte).substr(0, kOctetsMontres));
+  ImprimerCodes(rapport, anciensOctets, std::string_view(texte).substr(0, kOctetsMontres));
 
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
   const Apercu modifie = EcrireSansLignesVides(sorties.Ouvrir(nomNeuf, Nature::Refaisable), texte);
-  EcrireApercu(rapport, "d'origine", nomOrigine, ancien, "entrée"_w);
-  EcrireApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
+  ImprimerApercu(rapport, "d'origine", nomOrigine, ancien, "entrée"_w);
+  ImprimerApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
   transmis.Copier(sorties);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
   EcrireRemplacementDuGenerique(rapport, contexte, nouveau);

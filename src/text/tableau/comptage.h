@@ -33,7 +33,7 @@ PlanLexical PlanifierTable(const FichierPos& pos, const std::vector<std::size_t>
 
 // A row: code and word as they stand in the data, and how often the word is met.
 struct LigneLexicale {
-  std::string texte;  // 14 columns
+  std::string texte;  // code, then word: kLargeurCode and kLargeurMot columns
   std::int64_t frequence = 0;
 };
 
@@ -65,15 +65,16 @@ struct ConsignesDeComptage {
   std::function<void(std::int64_t ligne)> horsFormat;
 };
 
-// Rows that CompterMots will make.
+// Rows that CompterMots will make. Raises the failures of LecteurLignes.
 std::uint64_t CompterMotsFrequents(const Chemin& donnees, const ConsignesDeComptage& consignes);
 
-// Counts the words of the data file, which stands in the order of the words.
+// Counts the words of the data file, which stands in the order of the words. Raises what `horsFormat` and `depassement`
+// raise, and the failures of LecteurLignes.
 TableLexicale CompterMots(const Chemin& donnees, const PlanLexical& plan, const ConsignesDeComptage& consignes,
                           const Dialogue& ecran);
 
 // The first word of the data file that comes back behind another one, with its line (from 1); nothing when the lines of
-// each word stand together.
+// each word stand together. Raises the failures of LecteurLignes.
 struct MotRevenu {
   std::string mot;
   std::int64_t ligne = 0;

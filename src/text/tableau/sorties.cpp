@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/brtfile.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
@@ -13,7 +14,6 @@ namespace quelvar::text {
 namespace {
 
 constexpr int kFrequence = 4;          // columns
-constexpr std::size_t kIntitule = 25;  // characters of a label
 constexpr std::size_t kZoneLibre = 9;  // columns before the free area of a question line
 
 // Replaces the first occurrence.
@@ -51,15 +51,14 @@ void EcrireModLexical(Ecrivain& fichier, std::string_view generique, const PlanL
       {{"LIGN=", lignes.size()}, {"LSUP=", 0}, {"COL=", plan.noms.size()}, {"FMT=", largeur}, {"DE=", decimales}}));
   for (const std::string& nom : plan.noms) {
     const std::string* const intitule = intitules.Chercher(nom);
-    fichier.Ligne(Joindre(
-        {nom, "   ", intitule == nullptr ? std::string_view{} : std::string_view(*intitule).substr(0, kIntitule)}));
+    fichier.Ligne(LigneModalite(nom, false, intitule == nullptr ? std::string_view{} : *intitule));
   }
   if (lignes.empty()) return;
-  fichier.Ligne("**");
+  fichier.Ligne(kFinDeListe);
   const std::size_t cellules = kFrequence + plan.noms.size() * static_cast<std::size_t>(largeur);
   for (const std::string& ligne : lignes) {
     const std::string_view texte = std::string_view(ligne).substr(cellules);
-    fichier.Ligne(Joindre({texte.substr(0, kLargeurCode), "   ", RognerDroite(texte.substr(kLargeurCode))}));
+    fichier.Ligne(LigneModalite(texte.substr(0, kLargeurCode), false, RognerDroite(texte.substr(kLargeurCode))));
   }
 }
 

@@ -10,14 +10,14 @@
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
+#include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
+#include "text/tableau/edition.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {
 
 namespace {
-
-constexpr int kCodeMaxNomme = 99;
 
 struct Entrees {
   Chemin donnees;
@@ -40,14 +40,6 @@ void ExigerEntrees(Rapport& rapport, const Contexte& contexte) {
     manque = true;
   }
   if (manque) Arreter(rapport, contexte, "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w);
-}
-
-void EcrireNoms(Rapport& rapport, const Contexte& contexte) {
-  rapport.Ligne({"Le nom du fichier d'entrée est "_w, contexte.Nom(".DAT")});
-  rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});
-  rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".PRT")});
-  rapport.Ligne({"Le nom du fichier des noms de modalités est "_w, contexte.Nom(".MOD")});
-  rapport.Ligne({"Le nom du fichier des données en tableau lexical des questions est "_w, contexte.Nom(".BRT")});
 }
 
 Entrees LireEntrees(const Contexte& contexte) {
@@ -89,26 +81,18 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
   return actives;
 }
 
-void EcrireQuestions(Rapport& rapport, const Entrees& entrees, const std::vector<std::size_t>& actives) {
-  rapport.Ligne("Liste des questions retenues");
-  rapport.Ligne({"Il y a ", NombreNu(actives.size()), " questions"});
-  rapport.Ligne(LigneDesIndividus(entrees.individus));
-  for (const std::size_t rang : actives)
-    rapport.Ligne({entrees.pos.questions[rang].nom, " ", entrees.pos.questions[rang].intitule});
-}
-
 // Width of the characteristics; stops a run whose questions do not go with the data.
 std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const Entrees& entrees,
                             const std::vector<std::size_t>& actives) {
   if (actives.empty())
     Arreter(rapport, contexte,
-            contexte.niveau == 1
+            contexte.niveau == kNiveauSimple
                 ? "*** Aucune question n'est marquée &ACT& : passer en niveau 2 d'utilisateur pour en choisir"_w
                 : "*** Aucune question n'est choisie comme active"_w);
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
     if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(entrees.pos, rang));
-    if (question.codeMax <= kCodeMaxNomme) continue;
+    if (question.codeMax <= kDernierCodeNomme) continue;
     contexte.Ecran().demander(
         Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}), Boutons::Ok);
     Arreter(rapport, contexte,
@@ -171,11 +155,12 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
   ConsignesDeComptage consignes;
   consignes.individus = entrees.individus;
   consignes.caracteristiques = caracteristiques;
-  consignes.frequenceMin = options.frequenceMin == 0 ? kFrequenceParDefaut : options.frequenceMin;
+  consignes.frequenceMin = options.FrequenceExigee();
   consignes.horsFormat = [&](std::int64_t ligne) {
     Arreter(rapport, contexte,
             Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
-                     " n'est pas celle d'un mot ($$ absent en colonne "_w, Nombre(caracteristiques + 15), ")"}));
+                     " n'est pas celle d'un mot ($$ absent en colonne "_w,
+                     Nombre(caracteristiques + kLargeurCode + kLargeurMot + 1), ")"}));
   };
   consignes.depassement = [&, nombre = 0](std::size_t question, std::int64_t ligne, int valeur) mutable {
     Avertir(rapport, contexte.Ecran(),
@@ -190,24 +175,16 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
   return table;
 }
 
-void EcrireBilan(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& options, const Entrees& entrees,
-                 const TableLexicale& table) {
-  if (table.individus < entrees.individus)
-    Avertir(rapport, contexte.Ecran(), "Attention : le nombre réel d'individus est inférieur à celui annoncé"_w);
-  rapport.Ligne(options.codesZero ? "Les codes zéro sont pris en compte"_w : "Les codes zéro sont ignorés"_w);
-  rapport.Ligne({"La fréquence minimum requise est de "_w,
-                 NombreFixe(options.frequenceMin == 0 ? kFrequenceParDefaut : options.frequenceMin, 4, 0)});
-  if (contexte.niveau == 1) rapport.Ligne("Ces paramètres peuvent être modifiés en niveau 2 d'utilisateur"_w);
-  rapport.Ligne();
-  rapport.Ligne({"Nombre de mots lus en entrée "_w, NombreNu(table.motsLus)});
-  rapport.Ligne({"Nombre de mots écrits en sortie "_w, NombreNu(table.lignes.size())});
+// What the rows and cells do not tell by themselves.
+void PrevenirDesLignes(Rapport& rapport, const Contexte& contexte, const TableLexicale& table) {
   if (table.lignes.empty())
     contexte.Ecran().demander("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w, Boutons::Ok);
   for (const LigneLexicale& ligne : table.lignes) {
     if (ligne.frequence <= kFrequenceEcrite) continue;
     Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Attention : la fréquence du mot "_w, RognerDroite(std::string_view(ligne.texte).substr(4)),
-                     " est de ", Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
+            Joindre({"*** Attention : la fréquence du mot "_w,
+                     RognerDroite(std::string_view(ligne.texte).substr(kLargeurCode)), " est de ",
+                     Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
   }
 }
 
@@ -239,33 +216,26 @@ void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::
   sorties.Valider();
 }
 
-void EcrireFin(Rapport& rapport) {
-  rapport.Ligne("Programme normalement terminé"_w);
-  rapport.Ligne();
-  rapport.Ligne("Vous pouvez maintenant lancer les étapes suivantes de l'analyse factorielle"_w);
-  rapport.Ligne("2) Modification  modalités (si besoin est)"_w);
-  rapport.Ligne("3) Profil de modalités (Pour calculer les PEM entre mots et modalités)"_w);
-  rapport.Ligne("4) Calcul des facteurs ");
-  rapport.Ligne("5) Graphiques factoriels ");
-}
-
 void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& options) {
   ExigerEntrees(rapport, contexte);
   EcrireBandeau(rapport, "Création du tableau lexical des questions"_w);
-  EcrireNoms(rapport, contexte);
+  ImprimerNoms(rapport, contexte);
   Entrees entrees = LireEntrees(contexte);
   rapport.Lignes(entrees.parametres.remarques);
   ExigerParentheses(entrees.pos.taille, contexte.Ecran());
   entrees.individus = AnnoncesOuComptes(entrees.pos.taille, entrees.donnees);
   rapport.Ligne(LigneDesIndividus(entrees.individus));
   const std::vector<std::size_t> actives = ChoisirQuestions(rapport, contexte, entrees.pos, options);
-  EcrireQuestions(rapport, entrees, actives);
+  ImprimerQuestions(rapport, entrees.pos, entrees.individus, actives);
   const std::size_t caracteristiques = ExigerQuestions(rapport, contexte, entrees, actives);
   const PlanLexical plan = PlanifierTable(entrees.pos, actives, options.codesZero);
   rapport.Ligne({"Nombre total de modalités ="_w, NombreNu(plan.noms.size())});
 
   TableLexicale table = Compter(rapport, contexte, entrees, plan, options, caracteristiques);
-  EcrireBilan(rapport, contexte, options, entrees, table);
+  if (table.individus < entrees.individus)
+    Avertir(rapport, contexte.Ecran(), "Attention : le nombre réel d'individus est inférieur à celui annoncé"_w);
+  ImprimerBilan(rapport, contexte.niveau, options, table);
+  PrevenirDesLignes(rapport, contexte, table);
   const int chiffres = static_cast<int>(Nombre(static_cast<std::int64_t>(table.plusGrande)).size());
   const int largeur = std::max({1, static_cast<int>(entrees.parametres.largeur), chiffres});
   std::int64_t decimales = entrees.parametres.de;
@@ -273,7 +243,7 @@ void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& op
   const std::vector<std::string> lignes = LignesTriees(table, largeur, contexte.Ecran());
   rapport.Ligne("Un utilitaire de tri range les fréquences par ordre croissant"_w);
   EcrireSorties(contexte, entrees, actives, plan, lignes, largeur, decimales);
-  EcrireFin(rapport);
+  ImprimerFin(rapport);
 }
 
 }  // namespace

@@ -6,20 +6,21 @@
 #include <string>
 #include <vector>
 
+#include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::text {
 
 inline constexpr int kFrequenceParDefaut = 4;
-inline constexpr int kDepassementsAdmis = 50;
 
 struct OptionsTabMot {
   std::optional<std::vector<std::string>> actives{};  // names of questions; those marked &ACT& without it
   int frequenceMin = kFrequenceParDefaut;             // a null one stands for the default
   bool codesZero = false;                             // code 0 gets a column
-  int limite = kDepassementsAdmis;                    // excesses of code-max before the stop; 0 for no stop
+  int limite = kDepassementsAuPlus;                   // excesses of code-max before the stop; 0 for no stop
   std::optional<bool> themes{};                       // without it the words tell: all begin with "_"
 
+  int FrequenceExigee() const { return frequenceMin == 0 ? kFrequenceParDefaut : frequenceMin; }
   bool operator==(const OptionsTabMot&) const = default;
 };
 

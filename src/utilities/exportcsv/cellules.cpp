@@ -10,10 +10,9 @@ namespace quelvar::utilities {
 namespace {
 
 constexpr std::string_view kSeparateurs = ";,\t|";  // that an import knows
-constexpr int kCodeMaxDeTexteLong = 999;            // as the reader gives "L3": three columns
-constexpr std::uint32_t kTexteLong = 3;
-constexpr std::size_t kOctetsParSigne = 6;  // of a text at most: each sign doubled as a quote, in UTF-8
-constexpr std::size_t kAutour = 3;          // quotes and separator
+constexpr std::uint32_t kTexteLong = 3;             // columns of "L3"
+constexpr std::size_t kOctetsParSigne = 6;          // of a text at most: each sign doubled as a quote, in UTF-8
+constexpr std::size_t kAutour = 3;                  // quotes and separator
 
 std::string TexteDuCode(int code, const std::vector<std::string>& intitules, const OptionsExportCsv& options) {
   if (options.codes) return Nombre(code);
@@ -66,9 +65,8 @@ ColonneCsv DresserColonne(const Question& question, const std::vector<std::strin
   colonne.texte = question.alphabetique;
   if (colonne.texte) {
     // Columns 8-9 of a text are its width.
-    colonne.champ.largeur = question.codeMax == kCodeMaxDeTexteLong
-                                ? kTexteLong
-                                : static_cast<std::uint32_t>(std::max(question.codeMax, 1));
+    colonne.champ.largeur =
+        question.codeMax == kCodeMaxL3 ? kTexteLong : static_cast<std::uint32_t>(std::max(question.codeMax, 1));
     colonne.plusLongue = colonne.champ.largeur * kOctetsParSigne + kAutour;
     return colonne;
   }

@@ -24,7 +24,7 @@ namespace {
 constexpr std::size_t kPlace = std::size_t{1} << 16;  // what the buffer of the file gives in one piece
 
 void EcrireTitres(Ecrivain& csv, const FichierPos& pos, const Tableur& tableur, const OptionsExportCsv& options) {
-  if (tableur.Utf8()) csv.Ecrire("\xEF\xBB\xBF");
+  if (tableur.Utf8()) csv.Ecrire(kMarqueUtf8);
   bool premier = true;
   for (const Question& question : pos.questions) {
     if (!premier) csv.Ecrire(tableur.Separateur());
@@ -199,7 +199,7 @@ bool RemplacementAccepte(const Contexte& contexte, const OptionsExportCsv& optio
 
 Fin ExporterCsv(const Contexte& contexte, const OptionsExportCsv& options) {
   if (!RemplacementAccepte(contexte, options)) return Fin::Arret;
-  return ExecuterProgramme(contexte, kRapportSansNom, Libelles(),
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesSansTexte(),
                            [&](Rapport& rapport) { EcrireCsv(rapport, contexte, options); });
 }
 

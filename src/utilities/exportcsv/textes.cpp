@@ -6,6 +6,7 @@
 
 #include "capture/apercu/imc.h"
 #include "capture/apercu/octets/cellule.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/noms.h"
@@ -16,9 +17,7 @@ namespace quelvar::utilities {
 
 namespace {
 
-constexpr int kLargeurNom = 4;
-constexpr int kLargeurMarque = 3;
-constexpr std::size_t kTextesAuPlus = 99;  // that an import makes codes of
+constexpr std::size_t kTextesAuPlus = kDernierCodeNomme;  // that an import makes codes of
 
 // The first two codes of that text.
 struct Confusion {
@@ -60,8 +59,8 @@ bool AUneMarque(const Chemin& mod) {
   LecteurLignes lecteur(mod);
   std::string_view ligne;
   if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return false;
-  while (lecteur.Lire(ligne) && !FinitLesModalites(CadreGauche(ligne, kLargeurNom)))
-    if (!Rogner(Milieu(ligne, kLargeurNom + 1, kLargeurMarque)).empty()) return true;
+  while (lecteur.Lire(ligne) && !FinitLesModalites(CadreGauche(ligne, kLargeurDeModalite)))
+    if (!Rogner(Milieu(ligne, kLargeurDeModalite + 1, kLargeurDeMarque)).empty()) return true;
   return false;
 }
 
@@ -80,9 +79,9 @@ IntitulesDesCodes LireIntitulesDesCodes(const Chemin& mod, const FichierPos& pos
   std::unordered_map<std::string, std::string> sansPlace;  // labels by the names that several codes share
   std::optional<CodeDeModalite> precedente;
   while (lecteur.Lire(ligne)) {
-    const std::string nom = CadreGauche(ligne, kLargeurNom);
+    const std::string nom = CadreGauche(ligne, kLargeurDeModalite);
     dansLaListe = dansLaListe && !FinitLesModalites(nom);
-    const std::string_view intitule = Rogner(Milieu(ligne, kLargeurNom + 4));
+    const std::string_view intitule = Rogner(Milieu(ligne, kColonneDIntitule));
     CodeDeModalite lu;
     const FauteDeNom faute = LireNomDeModalite(pos, nom, precedente, lu);
     if (faute == FauteDeNom::Partagee && !intitule.empty() && sansPlace.emplace(nom, intitule).second)

@@ -122,7 +122,7 @@ Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
   OptionsFusion demandees = options;
   if (options.type == TypeFusion::CoteACote && options.verifier && !DemanderIdentifiants(contexte, demandees))
     return Fin::Arret;
-  return ExecuterProgramme(contexte, NomDuRapport(contexte), Libelles(),
+  return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(),
                            [&](Rapport& rapport) { FusionnerFichiers(rapport, contexte, demandees); });
 }
 

@@ -19,7 +19,7 @@ void EcrireLigneDeA(const Travail& travail, std::string_view ligne, Ecrivain& so
   if (travail.pos) Repeter(sortie, ' ', travail.a.plusLongue - ligne.size());
 }
 
-void EcrireEffectif(Rapport& rapport, const FichierMesure& mesure) {
+void ImprimerEffectif(Rapport& rapport, const FichierMesure& mesure) {
   rapport.Ligne({" Le nombre d'individus du fichier ", mesure.entree.nom, " est de ",
                  NombreFixe(static_cast<double>(mesure.lignes), 6, 0)});
 }
@@ -124,8 +124,8 @@ void DireAncienPos(const Travail& travail) {
 void FusionnerCoteACote(const Travail& travail) {
   if (travail.a.lignes != travail.b.lignes) {
     travail.rapport.Ligne("*** Erreur : les deux fichiers n'ont pas le même nombre d'individus"_w);
-    EcrireEffectif(travail.rapport, travail.a);
-    EcrireEffectif(travail.rapport, travail.b);
+    ImprimerEffectif(travail.rapport, travail.a);
+    ImprimerEffectif(travail.rapport, travail.b);
     travail.contexte.Ecran().biper();
     throw Erreur(kArretAnnonce);
   }
@@ -157,8 +157,8 @@ void FusionnerALaSuite(const Travail& travail) {
   CopierVers(travail.b, c.Fichier(), avancement);
   c.Valider(travail.pos ? PosALaSuite(travail.pos->a, travail.a.lignes + travail.b.lignes)
                         : std::vector<std::string>{});
-  EcrireEffectif(travail.rapport, travail.a);
-  EcrireEffectif(travail.rapport, travail.b);
+  ImprimerEffectif(travail.rapport, travail.a);
+  ImprimerEffectif(travail.rapport, travail.b);
   travail.rapport.Ligne(" Fusion à la suite"_w);
 }
 

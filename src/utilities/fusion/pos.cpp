@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -11,16 +12,14 @@ namespace quelvar::utilities {
 namespace {
 
 constexpr std::size_t kLettresDuType = 3;
-constexpr int kLargeurNom = 3;
 constexpr int kLargeurPosition = 4;
-constexpr std::int64_t kPositionLaPlusGrande = 9999;
 
 std::string LigneDeplacee(const std::string& ligne, std::size_t decalage) {
   const std::int64_t position =
-      Entier64(ValeurDe(Milieu(ligne, kLargeurNom + 1, kLargeurPosition))) + static_cast<std::int64_t>(decalage);
-  if (position > kPositionLaPlusGrande) throw Erreur(kDepassementCapacite);
-  return Joindre({CadreGauche(ligne, kLargeurNom), EntierDroit(position, kLargeurPosition),
-                  Milieu(ligne, kLargeurNom + kLargeurPosition + 1)});
+      Entier64(ValeurDe(Milieu(ligne, kLargeurDeQuestion + 1, kLargeurPosition))) + static_cast<std::int64_t>(decalage);
+  if (position > kDernierePosition) throw Erreur(kDepassementCapacite);
+  return Joindre({CadreGauche(ligne, kLargeurDeQuestion), EntierDroit(position, kLargeurPosition),
+                  Milieu(ligne, kLargeurDeQuestion + kLargeurPosition + 1)});
 }
 
 }  // namespace
@@ -49,7 +48,7 @@ std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string
 
 std::vector<std::string> NomsCommuns(const PosDeFusion& a, const PosDeFusion& b) {
   const auto nom = [](const std::string& question) {
-    return Rogner(std::string_view(question).substr(0, kLargeurNom));
+    return Rogner(std::string_view(question).substr(0, kLargeurDeQuestion));
   };
   std::vector<std::string> communs;
   for (const std::string& question : a.questions)

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
+#include "core/enquete/listemod.h"
+#include "core/programme/lieunomme.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
 
@@ -104,6 +107,34 @@ TEST_F(Fichiers, FailuresHaveTheirNumbers) {
   Ecrivain plein("/dev/full");
   plein.Ligne("un octet de trop");
   EXPECT_EQ(NumeroLeve([&] { plein.Fermer(); }), kDisquePlein);
+}
+
+// What is asked of a file that is not there, or of its place, names it; a text that has named it goes without.
+TEST_F(Fichiers, FailuresNameTheirFile) {
+  const Chemin absent = Dossier() / "ENQ.POS";
+  const Chemin ailleurs = Dossier() / "absent" / "ENQ.POS";
+  const struct {
+    std::function<void()> action;
+    std::string_view texte;
+  } cas[] = {
+      {[&] { LireOctets(absent); }, "Fichier introuvable (ENQ.POS)"},
+      {[&] { LongueurFichier(absent); }, "Fichier introuvable (ENQ.POS)"},
+      {[&] { LecteurLignes lecteur(absent); }, "Fichier introuvable (ENQ.POS)"},
+      {[&] { Ecrivain ecrivain(ailleurs); }, "Chemin d'accès introuvable (ENQ.POS)"_w},
+      {[&] { Remplacement fichier(ailleurs); }, "Chemin d'accès introuvable (ENQ.POS)"_w},
+      {[&] { RemplacerModalites(Dossier(), "ENQ.MOD", {}); }, "Fichier introuvable (ENQ.MOD)"},
+  };
+  for (const auto& c : cas) {
+    try {
+      c.action();
+      ADD_FAILURE() << c.texte;
+    } catch (const Erreur& erreur) {
+      EXPECT_EQ(TexteErreur(erreur), c.texte);
+      EXPECT_EQ(Joindre({TexteErreurDuFichierNomme(erreur), " (", erreur.Ou().fichier, ")"}), c.texte);
+    }
+  }
+  const Erreur situee = Erreur(kDepassementCapacite).Situer({"ENQ.DAT", 12, 5});
+  EXPECT_EQ(TexteErreurDuFichierNomme(situee), "Dépassement de capacité (ligne 12, colonne 5)"_w);
 }
 
 TEST_F(Fichiers, BytesPassTheBufferInOrder) {

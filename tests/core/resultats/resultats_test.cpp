@@ -91,18 +91,21 @@ TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
   TableauEdite tableau;
   tableau.titres = {"Effets"};
   tableau.coin = "Nom ";
-  tableau.colonnes = {{" Effet"}, {" Poids"}, {" Note"}, {" Fin"}};
-  tableau.rangees = {{"AAAAA", "long", {{1.25, Unite::Nombre, 1, "*"}, {7.0}, {{}, {}, 0, "abcd"}, {3.0}}},
-                     {"B", {}, {{-12345.0, Unite::Nombre, 1}, {123456.0}, {{}, {}, 0, ""}, {12345.0}}}};
-  const FormeEnRangees forme{
-      .titre = 4,
-      .places = {{"|", 4, Elargissement::DerriereUnTexte}, {"", 5, Elargissement::DerriereUnNombre}, {" ", 2}, {"", 4}},
-      .avantIntitule = "; "};
+  tableau.colonnes = {{" Effet"}, {" Poids"}, {" Note"}, {" Rang"}, {" Fin"}};
+  tableau.rangees = {{"AAAAA", "long", {{1.25, Unite::Nombre, 1, "*"}, {7.0}, {{}, {}, 0, "abcd"}, {12.0}, {3.0}}},
+                     {"B", {}, {{-12345.0, Unite::Nombre, 1}, {123456.0}, {{}, {}, 0, ""}, {123456.0}, {123456.0}}}};
+  const FormeEnRangees forme{.titre = 4,
+                             .places = {{"|", 4, Elargissement::DerriereUnTexte},
+                                        {"", 5, Elargissement::DerriereUnNombre},
+                                        {" ", 2},
+                                        {"", 4, Elargissement::Entier},
+                                        {"", 4}},
+                             .avantIntitule = "; "};
   EXPECT_EQ(Imprimer(tableau, forme),
             "Effets\r\n"
-            "Nom    Effet   Poids Note Fin\r\n"
-            "AAAA|     1.2*      7 ab   3; long\r\n"
-            "B   |-12345.0 123456   12345; \r\n");
+            "Nom    Effet   Poids Note Rang Fin\r\n"
+            "AAAA|     1.2*      7 ab  12   3; long\r\n"
+            "B   |-12345.0 123456   123456$123456; \r\n");
 }
 
 TEST(Rangees, HeadingsFollowTheirPlacesAndListsHaveAPlaceARow) {

@@ -4,6 +4,8 @@
 
 #include <set>
 
+#include "core/texte/utf16.h"
+
 namespace quelvar {
 namespace {
 
@@ -66,6 +68,42 @@ TEST(Texte, Utf8IsToldFromTheCodePage) {
   EXPECT_FALSE(EstUtf8MultiOctet("\xC0\xAF"));          // overlong
   EXPECT_FALSE(EstUtf8MultiOctet("\xED\xA0\x80"));      // surrogate
   EXPECT_FALSE(EstUtf8MultiOctet("\xF4\x90\x80\x80"));  // beyond the last code point
+}
+
+// Cut anywhere, a text says the same; half a pair and half a unit become the replacement character.
+TEST(Texte, Utf16ComesInPieces) {
+  using namespace std::string_view_literals;
+  constexpr std::string_view kRemplacement = "\xEF\xBF\xBD";
+  const struct {
+    Utf16 ordre;
+    std::string_view octets;
+    std::string utf8;
+  } cas[] = {
+      {Utf16::PetitBout, "e\0\xE9\0\x3D\xD8\x00\xDE"sv, "e\xC3\xA9\xF0\x9F\x98\x80"},
+      {Utf16::GrosBout, "\0e\0\xE9\xD8\x3D\xDE\x00"sv, "e\xC3\xA9\xF0\x9F\x98\x80"},
+      {Utf16::PetitBout,
+       "\x3D\xD8"
+       "e\0"sv,
+       std::string(kRemplacement) + "e"},
+      {Utf16::PetitBout,
+       "\x00\xDE"
+       "e\0"sv,
+       std::string(kRemplacement) + "e"},
+      {Utf16::PetitBout, "e\0\x3D\xD8"sv, "e" + std::string(kRemplacement)},
+      {Utf16::PetitBout, "e\0e"sv, "e" + std::string(kRemplacement)},
+  };
+  for (const auto& c : cas)
+    for (std::size_t coupe = 0; coupe <= c.octets.size(); ++coupe) {
+      DecodeurUtf16 decodeur(c.ordre);
+      std::string utf8;
+      decodeur.Ajouter(c.octets.substr(0, coupe), utf8);
+      decodeur.Ajouter(c.octets.substr(coupe), utf8);
+      decodeur.Finir(utf8);
+      EXPECT_EQ(utf8, c.utf8) << coupe;
+    }
+  EXPECT_EQ(MarqueUtf16("\xFF\xFE"), Utf16::PetitBout);
+  EXPECT_EQ(MarqueUtf16("\xFE\xFF"), Utf16::GrosBout);
+  EXPECT_FALSE(MarqueUtf16("\xEF\xBB\xBF"));
 }
 
 }  // namespace

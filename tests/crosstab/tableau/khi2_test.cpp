@@ -41,6 +41,17 @@ TEST(ProbaKhi2, Etoiles) {
   for (const auto& c : cas) EXPECT_EQ(ProbaKhi2(c.degres, c.khi2).marque, c.marque) << c.khi2;
 }
 
+TEST(ClasseKhi2, TurnsAtItsThresholds) {
+  struct Cas {
+    double khi2;
+    int comprise, exclue;
+  };
+  for (const Cas& c : {Cas{2.7099, 0, 0}, {2.71, 1, 0}, {3.84, 2, 1}, {6.6399, 2, 2}, {6.64, 3, 2}, {6.65, 3, 3}}) {
+    EXPECT_EQ(ClasseKhi2(c.khi2, Borne::Comprise), c.comprise) << c.khi2;
+    EXPECT_EQ(ClasseKhi2(c.khi2, Borne::Exclue), c.exclue) << c.khi2;
+  }
+}
+
 TEST(ProbaKhi2, CasLimites) {
   EXPECT_EQ(ProbaKhi2(0, 0).p, 0);
   EXPECT_EQ(ProbaKhi2(0, -0.00000009).marque, "ns");

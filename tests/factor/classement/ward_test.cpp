@@ -177,6 +177,27 @@ TEST(Ward, ATreeFileThatIsNoTreeIsRefused) {
        {"   2    1    3   -2    3\n", "   2    1    3   -1    4\n", "   2    1    3   -1    0\n",
         "   2    1    3   -1   -1\n", "   2    1    3    1    3\n", "   2\n"})
     EXPECT_EQ(numero(premiere + std::string(ligne) + std::string(membres)), kIndiceHorsSelection) << ligne;
+  try {
+    LireCah(chemin);
+    ADD_FAILURE() << "a step without items was read";
+  } catch (const Erreur& erreur) {
+    EXPECT_EQ(TexteDuLieu(erreur), "ENQ.CAH, ligne 3");
+  }
+}
+
+TEST(Ward, AStepLeavesClassesAndAShareOfTheCriteria) {
+  // 1+2, 4+5, (1 2)+3, (1 2 3)+(4 5)
+  std::vector<EtapeWard> etapes = {{1, 2, 1, 2, 1}, {4, 5, 4, 5, 1}, {1, 3, -1, 3, 2}, {1, 4, -3, -2, 4}};
+  std::vector<int> classes;
+  std::vector<double> cumuls;
+  for (const BilanDEtape& bilan : BilanDesEtapes(etapes)) {
+    classes.push_back(bilan.classes);
+    cumuls.push_back(bilan.cumul);
+  }
+  EXPECT_EQ(classes, (std::vector<int>{1, 2, 2, 1}));
+  EXPECT_EQ(cumuls, (std::vector<double>{12.5, 25, 50, 100}));
+  for (EtapeWard& etape : etapes) etape.critere = 0;
+  EXPECT_EQ(BilanDesEtapes(etapes).back().cumul, 0);
 }
 
 // From 10,000 elements on the fields of five places touch, and a step taken over needs a sixth.

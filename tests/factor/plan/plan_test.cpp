@@ -167,7 +167,7 @@ TEST(Plan, LabelsAreNotCut) {
       EXPECT_EQ(forme.decalage.y, 0);
     }
   }
-  etat.coefficient = CoefficientPlan::Fort;
+  etat.coefficient = Coefficient::Fort;
   for (int i = 0; i < 3; ++i) ChangerEchelle(etat, true);
   EXPECT_EQ(Ecrits(etat), "E R1 R2 ");
 }
@@ -177,7 +177,7 @@ TEST(Plan, AWindowOfAnySizeKeepsTheScale) {
   const Fenetre debut = etat.cadre.limites;
   // A larger window shows more at the same scale.
   const double points = DessinerPlan(etat).VersPage({800, 0}).x - DessinerPlan(etat).VersPage({0, 0}).x;
-  etat.coefficient = CoefficientPlan::Fort;
+  etat.coefficient = Coefficient::Fort;
   ChangerPage(etat, true);
   EXPECT_NEAR(etat.cadre.limites.droite, debut.droite * 1.5, 1e-9);
   EXPECT_NEAR(DessinerPlan(etat).VersPage({800, 0}).x - DessinerPlan(etat).VersPage({0, 0}).x, points, points * 0.05);

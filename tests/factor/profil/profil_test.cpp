@@ -5,8 +5,10 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "crosstab/tableau/khi2.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
+#include "factor/profil/edition.h"
 #include "factor/profil/profilmod.h"
 #include "support/erreur.h"
 #include "support/programme.h"
@@ -38,17 +40,11 @@ TEST(Attirer, GivesTheFiguresWorkedOutByHand) {
     EXPECT_DOUBLE_EQ(a.ecart, c.rencontre.ensemble - c.theorique);
     EXPECT_NEAR(a.khi2, c.khi2, 1e-9);
     EXPECT_EQ(a.pem, c.pem);
-    EXPECT_EQ(ClasseKhi2(a.khi2), c.classe);
+    EXPECT_EQ(crosstab::ClasseKhi2(a.khi2, crosstab::Borne::Comprise), c.classe);
   }
   EXPECT_EQ(essai::NumeroLeve([] { Attirer({0, 0, 0, 0}); }), kDivisionParZero);
   EXPECT_EQ(essai::NumeroLeve([] { Attirer({10, 4, 4, 6}); }), 0);  // more than the margins allow: beyond 100 %
   EXPECT_EQ(essai::NumeroLeve([] { Attirer({10, 5, 0, -1}); }), kDivisionParZero);
-}
-
-TEST(ClasseKhi2, TurnsAtItsThresholds) {
-  for (const auto& [khi2, classe] :
-       {std::pair(2.7099, 0), std::pair(2.71, 1), std::pair(3.84, 2), std::pair(6.6399, 2), std::pair(6.64, 3)})
-    EXPECT_EQ(ClasseKhi2(khi2), classe) << khi2;
 }
 
 TEST(Choix, NamesComeBackWholeFromTheLine) {
@@ -96,14 +92,14 @@ TEST(DessinerProfils, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
   EXPECT_EQ(pleines, (std::vector<bool>{true, false, true}));
 }
 
-TEST(EcrireProfil, CountsNeverTouchTheirNeighbours) {
+TEST(ImprimerProfil, CountsNeverTouchTheirNeighbours) {
   const essai::DossierTemporaire dossier;
   for (const auto& [effectif, ligne] :
        {std::pair(2146.0, "SEX1   61 2146 *** "), std::pair(12345.0, "SEX1   61 12345 *** ")}) {
     ProfilDeModalite profil{"AGE1", "jeunes", {{"SEX1", "hommes", effectif, {1, 1, 9, 61}}}};
     const Chemin chemin = dossier.Chemin() / "r";
     Rapport rapport(chemin);
-    EcrireProfil(rapport, profil, false);
+    ImprimerProfil(rapport, profil, false);
     rapport.Valider();
     EXPECT_NE(LireOctets(chemin).find(ligne), std::string::npos) << effectif;
   }

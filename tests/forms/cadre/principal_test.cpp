@@ -371,6 +371,13 @@ TEST(Principal, EchecQuUnProgrammeLaisseSortir) {
   bureau.Fenetre().ServicesDesFormes().Lancer(
       [](const quelvar::Contexte&) { throw quelvar::Erreur(quelvar::kDisquePlein); });
   EXPECT_TRUE(bureau.Texte().contains("notez le numero =  61 Disque plein"));
+  essai::Pilote pilote;  // where it was met, when that is known
+  pilote.Cliquer("OK");
+  bureau.Fenetre().ServicesDesFormes().Lancer([](const quelvar::Contexte&) {
+    throw quelvar::Erreur(quelvar::kFinDeFichierDepassee).Situer({"ENQ.DAT", 12, 5});
+  });
+  EXPECT_EQ(pilote.Vues(), QStringList("L'entrée dépasse la fin de fichier (ENQ.DAT, ligne 12, colonne 5)"));
+  EXPECT_TRUE(bureau.Texte().contains("tentative de lire un fichier deja termine"));
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 

@@ -5,7 +5,8 @@
 #include <set>
 #include <string>
 
-#include "capture/apercu/octets/cellule.h"
+#include "capture/apercu/observation/mots.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 
@@ -20,9 +21,7 @@ struct Element {
   bool seul = false;          // it stands alone somewhere
 };
 
-bool EstPetitEntier(std::string_view texte) {
-  return !texte.empty() && texte.size() <= 2 && texte.find_first_not_of("0123456789") == std::string_view::npos;
-}
+bool EstPetitEntier(std::string_view texte) { return texte.size() <= 2 && SontChiffres(texte); }
 
 // A comma stands in sentences and numbers too: the answers that it separates must be met in
 // different company, and one of them alone.

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "capture/apercu/octets/cellule.h"
+#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {
@@ -41,6 +42,20 @@ std::string SansEcriture(std::string_view texte) {
     else if (!pliee.empty() && pliee.back() != ' ') pliee += ' ';
   }
   return pliee;
+}
+
+bool AvantParOrdre(std::string_view a, std::string_view b) {
+  const std::optional<NombreLu> na = LireNombre(a);
+  const std::optional<NombreLu> nb = LireNombre(b);
+  if (na.has_value() != nb.has_value()) return na.has_value();
+  if (na) {
+    const double va = ValeurDe(na->Normalise());
+    const double vb = ValeurDe(nb->Normalise());
+    if (va != vb) return va < vb;
+  }
+  const std::string pa = Pliee(a);
+  const std::string pb = Pliee(b);
+  return pa != pb ? pa < pb : a < b;
 }
 
 bool EstNombreAvecUnite(std::string_view cellule) {

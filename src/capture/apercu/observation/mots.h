@@ -11,6 +11,10 @@ std::string Pliee(std::string_view texte);
 // The same with one blank for any run of them: texts that one hand has written in two ways.
 std::string SansEcriture(std::string_view texte);
 
+// Alphabetic order as a French reader expects it: case and accents count only between texts equal without them;
+// numbers come first, by size.
+bool AvantParOrdre(std::string_view a, std::string_view b);
+
 // "Oui", "x", "checked", "1"... and "Non", "unchecked", "0"...: an answer that was ticked, and one that was not.
 bool EstOui(std::string_view texte);
 bool EstNon(std::string_view texte);

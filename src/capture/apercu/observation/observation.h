@@ -3,12 +3,13 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "capture/apercu/faits.h"
+#include "capture/apercu/observation/etrangers.h"
+#include "capture/apercu/observation/mesures.h"
 #include "capture/apercu/observation/textes.h"
 #include "capture/apercu/octets/cellule.h"
 
@@ -22,24 +23,9 @@ struct SignesDeTable {
   bool milliers = false;  // the other sign groups thousands in a number of the table
 };
 
-// Sizes and signs of numbers.
-struct Mesures {
-  double minimum = 0, maximum = 0;
-  std::int64_t nombre = 0;
-  std::int64_t larges = 0;  // whole ones of more than three digits
-  std::int64_t avecDecimales = 0;
-  std::int64_t fractions = 0;  // among these, with decimals other than 0
-  std::int64_t negatives = 0;
-  int decimales = 0;
-  std::size_t largeur = 0;
-
-  void Voir(const NombreLu& lu);
-  void Joindre(const Mesures& autres);
-};
-
+// The cells of a column are given one by one; what they come to is concluded at the end.
 class Observation {
  public:
-  void VoirVide() { ++vides_; }
   void VoirChiffre(unsigned chiffre) { ++petits_[chiffre]; }
   // A cell as it was cut, on that line; what a trace tells of it.
   std::uint16_t Voir(std::string_view cellule, std::int64_t ligne);
@@ -47,7 +33,9 @@ class Observation {
   std::vector<std::string> TextesParRang() const;
 
   // A cell seen before, and what it was in the file: characters that the code page has not became "?".
-  void VoirEtrangere(std::string_view cellule, std::string_view brute, std::int64_t ligne);
+  void VoirEtrangere(std::string_view cellule, std::string_view brute, std::int64_t ligne) {
+    etrangeres_.Voir(cellule, brute, ligne);
+  }
   // Whether one of its numbers can have no other decimal sign than that one, or groups thousands with it.
   bool ProuveDecimale(char signe) const { return nombres_[DecimalesDe(signe)] > 0; }
   bool ProuveMilliers(char signe) const { return nombres_[MilliersDe(signe)] > 0; }
@@ -74,6 +62,8 @@ class Observation {
   static Classe DouteDe(char signe) { return signe == ',' ? kDouteVirgule : kDoutePoint; }
   static char Autre(char signe) { return signe == ',' ? '.' : ','; }
 
+  // Counts an empty cell or a small number; kAutre for any other.
+  std::uint16_t VoirVideOuPetit(std::string_view cellule);
   std::uint16_t VoirNombreOuTexte(std::string_view cellule, std::int64_t ligne);
   void VoirValeur(std::string_view cellule, std::int64_t ligne);
   void Garder(Classe classe, std::string_view cellule, std::int64_t ligne);
@@ -88,7 +78,6 @@ class Observation {
   void VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne);
   void VoirHabillee(std::string_view cellule);
   bool Certaine(char decimale, const SignesDeTable& table) const;
-  std::vector<TexteConfondu> Confondus(char liste, const std::vector<ValeurComptee>& valeurs) const;
   void ConclureDoutes(FaitsDeColonne& faits, const SignesDeTable& table) const;
   char Decimale(const SignesDeTable& table) const;
   // The signs of its numbers; the classes of those that they do not read.
@@ -98,8 +87,7 @@ class Observation {
   void ConclureTextes(FaitsDeColonne& faits) const;
   void ConclureMelange(FaitsDeColonne& faits, const std::vector<Classe>& classes) const;
 
-  std::vector<std::uint32_t> petits_ = std::vector<std::uint32_t>(1000);  // cells "0" to "999"
-  std::int64_t vides_ = 0;
+  std::vector<std::uint32_t> petits_ = std::vector<std::uint32_t>(kPlusGrandCode + 1);  // cells "0" to "999"
   std::int64_t nonReponses_ = 0;
   std::int64_t zerosDevant_ = 0;  // "01000": four digits and more, the first a zero; among larger ones no number
   std::int64_t exposants_ = 0;
@@ -116,13 +104,7 @@ class Observation {
   std::vector<char> simples_;                       // of these: bare texts that are not long and no percentage
   bool comble_ = false;                             // there were more of them than are kept
   std::uint32_t dernier_ = TableDeTextes::kAbsent;  // rank of the cell that came last
-  // What stands in the file for a cell with "?", by that cell.
-  struct Brute {
-    std::int64_t ligne = 0;
-    std::int64_t effectif = 0;
-  };
-  std::map<std::string, std::map<std::string, Brute>> etrangeres_;
-  std::size_t brutes_ = 0;
+  TextesEtrangers etrangeres_;
   Uniques uniques_;
   bool tousDifferents_ = true;
 };

@@ -122,12 +122,15 @@ class TableDeTextes {
   std::string octets_;
 };
 
-// Whether texts that come are all different: their digests, up to a number of them.
+// Digests kept to tell whether all texts of a column differ: of eight bytes each, two MiB a column at the most.
+inline constexpr std::size_t kCondensesAuPlus = 100000;
+
+// Whether texts that come are all different: by their digests, of the first kCondensesAuPlus of them.
 class Uniques {
  public:
   // False once a text came twice.
   bool Voir(std::uint64_t condense) {
-    if (!uniques_ || nombre_ >= kAuPlus) return uniques_;
+    if (!uniques_ || nombre_ >= kCondensesAuPlus) return uniques_;
     if ((nombre_ + 1) * 2 > places_.size()) Agrandir();
     condense |= 1;  // 0 is a free place
     for (std::size_t i = (condense >> 1) & (places_.size() - 1);; i = (i + 1) & (places_.size() - 1)) {
@@ -145,8 +148,6 @@ class Uniques {
   std::int64_t Nombre() const { return static_cast<std::int64_t>(nombre_); }
 
  private:
-  static constexpr std::size_t kAuPlus = 100000;
-
   void Agrandir() {
     std::vector<std::uint64_t> anciennes(places_.empty() ? 64 : places_.size() * 2, 0);
     anciennes.swap(places_);

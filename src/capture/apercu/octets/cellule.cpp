@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 
+#include "core/texte/caracteres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {
@@ -13,7 +14,6 @@ namespace {
 constexpr char kInsecable = static_cast<char>(0xA0);
 
 bool EstBlanc(char c) { return c == ' ' || c == '\t' || c == kInsecable; }
-bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
 bool EstLettre(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 std::size_t Chiffres(std::string_view texte, std::size_t debut) {

@@ -6,6 +6,7 @@
 
 #include "capture/apercu/octets/pages.h"
 #include "core/programme/erreur.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -40,9 +41,16 @@ std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) 
   for (std::size_t i = 0; i < tete.size(); ++i)
     if (tete[i] == '\0') ++zeros[i % 2];
   if (zeros[0] + zeros[1] == 0) return std::nullopt;
-  const std::size_t moitie = tete.size() / 2;
-  if (zeros[1] * 10 > moitie * 4 && zeros[0] * 20 < moitie) return Encodage::Utf16LE;
-  if (zeros[0] * 10 > moitie * 4 && zeros[1] * 20 < moitie) return Encodage::Utf16BE;
+  // Letters of Europe have a zero beside them: most signs of a table do, even where some are typographic ones.
+  constexpr double kPartDesForts = 0.4;
+  constexpr double kPartDesFaibles = 0.05;
+  const auto moitie = static_cast<double>(tete.size() / 2);
+  const auto cote = [&](std::size_t fort) {
+    return static_cast<double>(zeros[fort]) > kPartDesForts * moitie &&
+           static_cast<double>(zeros[1 - fort]) < kPartDesFaibles * moitie;
+  };
+  if (cote(1)) return Encodage::Utf16LE;
+  if (cote(0)) return Encodage::Utf16BE;
   Refuser(source, kAnonyme);
 }
 
@@ -64,7 +72,8 @@ void RefuserControles(const Chemin& source, std::string_view tete, std::optional
   else
     for (std::size_t i = 0; i + 1 < tete.size(); i += 2)
       if (tete[i + *fort] == '\0' && EstControle(tete[i + 1 - *fort])) ++controles;
-  if (controles * 100 > tete.size()) Refuser(source, kAnonyme);
+  constexpr std::size_t kUnSur = 100;  // of the bytes of a text may have slipped in
+  if (controles * kUnSur > tete.size()) Refuser(source, kAnonyme);
 }
 
 bool EstLettre(unsigned char c) {
@@ -221,11 +230,11 @@ std::string_view JusquaLaLigne(std::string_view octets) {
 
 EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
   std::string morceau = LireMorceau(source, 0, kTete);
-  if (morceau.starts_with("\xEF\xBB\xBF"))
+  if (morceau.starts_with(kMarqueUtf8))
     return {Encodage::Utf8AvecMarque, false, AvecCrSeul(source, std::move(morceau), etendue), {}};
   if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
-  if (morceau.starts_with("\xFF\xFE")) return {Encodage::Utf16LE, false, false, {}};
-  if (morceau.starts_with("\xFE\xFF")) return {Encodage::Utf16BE, false, false, {}};
+  if (const std::optional<Utf16> ordre = MarqueUtf16(morceau))
+    return {*ordre == Utf16::PetitBout ? Encodage::Utf16LE : Encodage::Utf16BE, false, false, {}};
   RefuserSignature(source, morceau);
   if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) {
     RefuserControles(source, morceau, *seize == Encodage::Utf16LE ? 1 : 0);

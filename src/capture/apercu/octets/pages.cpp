@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/programme/erreur.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 
@@ -108,21 +109,7 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
 
 bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }
 
-constexpr char32_t kRemplacement = 0xFFFD;  // stands for half a pair
-
 }  // namespace
-
-bool EstAscii(std::string_view octets) {
-  std::uint64_t hauts = 0;
-  std::size_t i = 0;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    hauts |= mot;
-  }
-  for (; i < octets.size(); ++i) hauts |= static_cast<unsigned char>(octets[i]);
-  return (hauts & 0x8080808080808080ULL) == 0;
-}
 
 std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
   std::size_t i = debut;
@@ -157,7 +144,10 @@ std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::s
   return tampon;
 }
 
-LignesDecodees::LignesDecodees(const Chemin& source, Encodage encodage) : source_(source), encodage_(encodage) {}
+LignesDecodees::LignesDecodees(const Chemin& source, Encodage encodage)
+    : source_(source),
+      seize_(EstUtf16(encodage)),
+      decodeur_(encodage == Encodage::Utf16BE ? Utf16::GrosBout : Utf16::PetitBout) {}
 
 // Decodes one more piece; `finie_` when there is none behind it.
 void LignesDecodees::Remplir() {
@@ -166,30 +156,9 @@ void LignesDecodees::Remplir() {
   const std::string lu = LireMorceau(source_, place_, kMorceau);
   place_ += lu.size();
   finie_ = lu.empty();
-  const std::string morceau = impair_ + lu;
-  impair_.clear();
-  if (!EstUtf16(encodage_)) {
-    tampon_ += morceau;
-    return;
-  }
-  const std::size_t fort = encodage_ == Encodage::Utf16BE ? 0 : 1;
-  for (std::size_t i = 0; i + 1 < morceau.size(); i += 2) {
-    Ajouter(static_cast<char16_t>((static_cast<unsigned char>(morceau[i + fort]) << 8) |
-                                  static_cast<unsigned char>(morceau[i + 1 - fort])));
-  }
-  if (morceau.size() % 2 != 0 && !finie_) impair_ = morceau.back();
-  if (finie_ && (morceau.size() % 2 != 0 || enAttente_ != 0)) AjouterUtf8(tampon_, kRemplacement);
-}
-
-void LignesDecodees::Ajouter(char16_t unite) {
-  const bool basse = unite >= 0xDC00 && unite < 0xE000;
-  if (const char16_t haute = std::exchange(enAttente_, u'\0'); haute != 0) {
-    const char32_t point = 0x10000 + ((static_cast<char32_t>(haute) - 0xD800) << 10) + (unite - char32_t{0xDC00});
-    AjouterUtf8(tampon_, basse ? point : kRemplacement);
-    if (basse) return;
-  }
-  if (unite >= 0xD800 && unite < 0xDC00) enAttente_ = unite;
-  else AjouterUtf8(tampon_, basse ? kRemplacement : unite);
+  if (!seize_) tampon_ += lu;
+  else if (finie_) decodeur_.Finir(tampon_);
+  else decodeur_.Ajouter(lu, tampon_);
 }
 
 bool LignesDecodees::Lire(std::string_view& ligne) {

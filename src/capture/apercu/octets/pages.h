@@ -6,11 +6,10 @@
 #include <string_view>
 
 #include "capture/apercu/lecture.h"
+#include "core/texte/utf16.h"
 
 namespace quelvar::capture {
 
-// True when no byte is above 127.
-bool EstAscii(std::string_view octets);
 // Place of the first byte above 127 from there on; the size of the text without any.
 std::size_t PremierHaut(std::string_view octets, std::size_t debut);
 
@@ -34,15 +33,13 @@ class LignesDecodees {
 
  private:
   void Remplir();
-  void Ajouter(char16_t unite);
 
   Chemin source_;
-  Encodage encodage_;
+  bool seize_;
+  DecodeurUtf16 decodeur_;  // when it is in UTF-16
   std::uintmax_t place_ = 0;
-  std::string tampon_;          // decoded bytes
-  std::size_t debut_ = 0;       // first byte not given yet
-  char16_t enAttente_ = u'\0';  // first half of a pair
-  std::string impair_;          // first byte of a character cut in two
+  std::string tampon_;     // decoded bytes
+  std::size_t debut_ = 0;  // first byte not given yet
   bool finie_ = false;
 };
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "capture/apercu/octets/pages.h"
+#include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 

@@ -7,7 +7,8 @@
 #include <string_view>
 
 #include "capture/apercu/lecture.h"
-#include "capture/tableur.h"
+#include "capture/tableur/cellules.h"
+#include "capture/tableur/lecteur.h"
 
 namespace quelvar::capture {
 

@@ -7,14 +7,14 @@
 
 namespace quelvar::capture {
 
-void EcrireLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
-                   const Reconnaissance& table) {
+void ImprimerLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
+                     const Reconnaissance& table) {
   rapport.Ligne({"Lecture du fichier ", fichier, " : ", DireLecture(source, table.lecture)});
   if (const std::string autres = DireAutresFeuilles(source); !autres.empty()) rapport.Ligne(autres);
   for (const std::string& doute : table.doutes) rapport.Ligne({"*** Attention : ", doute});
 }
 
-void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
+void ImprimerTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
   rapport.Ligne(
       {"Il y a", NombreNu(table.faits.individus), "individus et", NombreNu(table.faits.colonnes.size()), "colonnes"});
   rapport.Ligne();
@@ -22,8 +22,8 @@ void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
   rapport.Ligne();
 }
 
-void EcrireDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
-                   const Plan& plan, const Bilan& bilan) {
+void ImprimerDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
+                     const Plan& plan, const Bilan& bilan) {
   if (ToutEstCodes(choix)) return;
   rapport.Ligne();
   rapport.Ligne("Ce que devient chaque colonne");

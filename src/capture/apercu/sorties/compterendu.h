@@ -12,14 +12,14 @@
 namespace quelvar::capture {
 
 // Lines that tell how the file was read, and what of it is not certain.
-void EcrireLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
-                   const Reconnaissance& table);
+void ImprimerLecture(Rapport& rapport, std::string_view fichier, const SourceDeTable& source,
+                     const Reconnaissance& table);
 
 // The table of the columns: what they hold, how many different values and empty cells, and what becomes of them.
-void EcrireTableDesColonnes(Rapport& rapport, const Reconnaissance& table);
+void ImprimerTableDesColonnes(Rapport& rapport, const Reconnaissance& table);
 
 // What became of each column that is more than codes as they stand, with the codes given to texts and their counts.
-void EcrireDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
-                   const Plan& plan, const Bilan& bilan);
+void ImprimerDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
+                     const Plan& plan, const Bilan& bilan);
 
 }  // namespace quelvar::capture

@@ -1,11 +1,11 @@
 #include "capture/apercu/sorties/direct.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstring>
 
 #include "capture/colonnes/compterendu.h"
+#include "capture/tableur/codes.h"
+#include "capture/tableur/quatrechiffres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -13,8 +13,6 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kLigneAuPlus = std::size_t{1} << 16;  // what the writer lends at once
-constexpr unsigned kDeFront = 4;                            // cells of one digit judged together
-static_assert(std::endian::native == std::endian::little, "the first cell is the lowest byte");
 
 constexpr std::ptrdiff_t kChiffresDeNumero = 9;
 constexpr std::uint64_t kPairs = 0x00FF00FF00FF00FFULL;
@@ -31,14 +29,14 @@ class Passeur {
   Passeur(const Promesse& promesse, char separateur)
       : largeurs_(promesse.largeurs),
         maxima_(largeurs_.size()),
-        chiffres_(largeurs_.size() + kDeFront, '0'),
+        chiffres_(largeurs_.size() + quatre::kCellules, '0'),
         numero_(promesse.numero),
-        modele_(kZeros | static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
+        modele_(quatre::Modele(separateur)),
         separateur_(separateur) {
     etroites_.resize(largeurs_.size());
-    for (std::size_t j = 0; j + kDeFront < largeurs_.size(); ++j)
+    for (std::size_t j = 0; j + quatre::kCellules < largeurs_.size(); ++j)
       etroites_[j] = std::all_of(largeurs_.begin() + static_cast<std::ptrdiff_t>(j),
-                                 largeurs_.begin() + static_cast<std::ptrdiff_t>(j + kDeFront),
+                                 largeurs_.begin() + static_cast<std::ptrdiff_t>(j + quatre::kCellules),
                                  [](std::size_t largeur) { return largeur == 1; });
     for (const std::size_t largeur : largeurs_) largeurLigne_ += largeur;
   }
@@ -62,15 +60,13 @@ class Passeur {
       while (etroites_[j] && fin - p >= 8) {
         std::uint64_t mot = 0;
         std::memcpy(&mot, p, 8);
-        // Zero to nine at even bytes and 0 at odd ones, for digits and separators.
-        const std::uint64_t ecart = mot ^ modele_;
-        if (((((ecart & kSansBitHaut) + kSeuils) | ecart) & ~kSansBitHaut) != 0) break;
+        if (quatre::Fautifs(mot, modele_) != 0) break;
         const std::uint32_t quatre = Serrer(mot);
-        std::memcpy(place, &quatre, kDeFront);
+        std::memcpy(place, &quatre, quatre::kCellules);
         RetenirQuatre(j, quatre);
-        place += kDeFront;
+        place += quatre::kCellules;
         p += 8;
-        j += kDeFront;
+        j += quatre::kCellules;
         vide = false;
       }
       const char* const debut = p;
@@ -113,20 +109,16 @@ class Passeur {
     return p;
   }
 
-  static constexpr std::uint64_t kZeros = 0x0030003000300030ULL;
-  static constexpr std::uint64_t kUns = 0x0100010001000100ULL;
-  static constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
-  static constexpr std::uint64_t kSeuils = 0x7F767F767F767F76ULL;
   static constexpr std::ptrdiff_t kChiffresLus = 4;
 
   void RetenirQuatre(std::size_t j, std::uint32_t quatre) {
     std::uint32_t connus = 0;
-    std::memcpy(&connus, chiffres_.data() + j, kDeFront);
+    std::memcpy(&connus, chiffres_.data() + j, quatre::kCellules);
     // Digits differ in their low four bits: a borrow from the high bit of a byte tells the greater one.
     const std::uint32_t plusGrands = (((connus | 0x80808080U) - quatre) & 0x80808080U) >> 7;
     const std::uint32_t garder = plusGrands * 0xFFU;
     connus = (connus & garder) | (quatre & ~garder);
-    std::memcpy(chiffres_.data() + j, &connus, kDeFront);
+    std::memcpy(chiffres_.data() + j, &connus, quatre::kCellules);
   }
 
   static bool Placer(char* place, std::size_t largeur, int valeur) {
@@ -151,10 +143,6 @@ class Passeur {
   std::size_t largeurLigne_ = 0;
 };
 
-}  // namespace
-
-namespace {
-
 // Digits of the number of the individual in the last row of the file; 0 when it has none.
 std::size_t ChiffresDuDernierNumero(const Chemin& source, char separateur) {
   constexpr std::uintmax_t kFin = std::uintmax_t{1} << 16;
@@ -168,7 +156,7 @@ std::size_t ChiffresDuDernierNumero(const Chemin& source, char separateur) {
 }
 
 bool EstLargeNumero(const FaitsDeColonne& colonne) {
-  return colonne.contenu == Contenu::Numero && colonne.maximum > 999 && colonne.avecDecimales == 0 &&
+  return colonne.contenu == Contenu::Numero && colonne.maximum > kPlusGrandCode && colonne.avecDecimales == 0 &&
          colonne.nonNumeriques + colonne.nonReponses + colonne.negatives + colonne.vides == 0;
 }
 
@@ -195,7 +183,8 @@ std::optional<Promesse> PromesseDe(const Apercu& apercu, const Chemin& source) {
       continue;
     }
     const bool codes = colonne.contenu == Contenu::Codes || colonne.contenu == Contenu::Numero;
-    if (!codes || colonne.maximum > 999 || colonne.nonReponses + colonne.negatives + colonne.nonNumeriques > 0)
+    if (!codes || colonne.maximum > kPlusGrandCode ||
+        colonne.nonReponses + colonne.negatives + colonne.nonNumeriques > 0)
       return std::nullopt;
     promesse.largeurs.push_back(colonne.maximum >= 100 ? 3 : colonne.maximum >= 10 ? 2 : 1);
   }

@@ -8,6 +8,7 @@
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -17,7 +18,7 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kNomIndividu = 4;
-constexpr std::size_t kCodesComptes = 100;
+constexpr std::size_t kCodesComptes = kDernierCodeNomme + 1;
 constexpr int kSansCode = -1;
 constexpr int kRefus = -2;
 constexpr int kInconnu = -3;
@@ -210,7 +211,7 @@ void EcritureDeTable::EcrireTextes() {
   for (std::size_t i = 0; i < textes_.size(); ++i) {
     enregistrement_ = metteur_.LargeurAlignee() > 0 ? std::string(metteur_.PartieAlignee())
                                                     : EntierDroit(bilan_.individus, static_cast<int>(largeurRang_));
-    if (textes_.size() > 1) enregistrement_ += CodeCaractere(static_cast<int>(std::min<std::size_t>(i + 1, 35)));
+    if (textes_.size() > 1) enregistrement_ += CodeCaractere(std::min(static_cast<int>(i + 1), kPremierCodeDouble - 1));
     enregistrement_.append(textes_[i]).append(1, '*');
     sorties_.txt->Ligne(enregistrement_);
     ++bilan_.textes;

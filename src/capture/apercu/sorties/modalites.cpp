@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
@@ -13,8 +14,8 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kLargeurIntitule = 25;  // what a line of .MOD keeps
-constexpr std::size_t kNom = 4;
+constexpr std::size_t kLargeurIntitule = kIntituleDeModaliteAuPlus;
+constexpr std::size_t kNom = kLargeurDeModalite;
 
 // The label as a line keeps it; one that would be that of another code ends in a number.
 std::string IntituleDistinct(std::string_view intitule, std::set<std::string>& donnes) {
@@ -31,15 +32,17 @@ std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const Plan& plan,
   std::set<std::string> questions;
   for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
     if (plan.colonnes[k].DansPos() && plan.etiquettes[k].empty())
-      questions.insert(CadreGauche(plan.colonnes[k].nomCourt, 3));
+      questions.insert(CadreGauche(plan.colonnes[k].nomCourt, kLargeurDeQuestion));
   std::size_t gardes = 0;
   LecteurLignes lecteur(ancien);
   std::int64_t numero = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    if (++numero <= 2 || ligne.size() < kNom || ligne.substr(0, kNom).find("**") != std::string_view::npos) continue;
-    if (ecrits.contains(std::string(ligne.substr(0, kNom))) || !questions.contains(std::string(ligne.substr(0, 3))))
+    if (++numero <= 2 || ligne.size() < kNom || ligne.substr(0, kNom).find(kFinDeListe) != std::string_view::npos)
       continue;
-    if (gardes++ == 0) mod.Ligne("**");
+    if (ecrits.contains(std::string(ligne.substr(0, kNom))) ||
+        !questions.contains(std::string(ligne.substr(0, kLargeurDeQuestion))))
+      continue;
+    if (gardes++ == 0) mod.Ligne(kFinDeListe);
     mod.Ligne(ligne);
   }
   return gardes;

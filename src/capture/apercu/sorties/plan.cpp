@@ -1,15 +1,16 @@
 #include "capture/apercu/sorties/plan.h"
 
 #include <algorithm>
-#include <set>
 
 #include "capture/apercu/choix/noms.h"
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/observation/listes.h"
+#include "capture/apercu/observation/mots.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/rangees.h"
+#include "capture/apercu/sorties/noms.h"
 #include "capture/colonnes/compterendu.h"
-#include "capture/nomscourts.h"
+#include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
@@ -18,9 +19,7 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kCodesDeTextes = 99;
-constexpr std::size_t kCodesEnUnSigne = 35;
-constexpr int kCodeDeDernierSigne = 35;
+constexpr std::size_t kCodesDeTextes = kDernierCodeNomme;
 constexpr std::size_t kColonnesDeReponses = 200;
 constexpr int kTexteLePlusCourt = 4;  // narrower fields have the code-max of a question of codes
 constexpr std::size_t kTexteLePlusLong = 99;
@@ -76,8 +75,6 @@ class Dresseur {
   void PrendreNombres(const ChoixDeColonne& choix, const FaitsDeColonne& faits);
   std::vector<ValeurComptee> Elements(const ChoixDeColonne& choix, const FaitsDeColonne& faits) const;
   void Coder(std::string_view texte, int code);
-  void EcarterLesListes();
-  void Nommer();
 
   const Chemin& source_;
   const Lecture& lecture_;
@@ -117,7 +114,8 @@ void Dresseur::CompterPourZero(const ChoixDeColonne& choix, const FaitsDeColonne
 
 // Whole numbers of at most three digits are codes; wider ones stay as they are and out of .POS.
 void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& faits, bool numero) {
-  const bool entiers = faits.avecDecimales == 0 && faits.maximum <= 999 && !(numero && faits.nonNumeriques > 0);
+  const bool entiers =
+      faits.avecDecimales == 0 && faits.maximum <= kPlusGrandCode && !(numero && faits.nonNumeriques > 0);
   if (entiers && (faits.largeurNombre > 0 || choix.codeMax > 0)) {
     lue_.regle = Regle::Code;
     const double codeMax = std::max({faits.maximum, static_cast<double>(choix.codeMax), 0.0});
@@ -141,7 +139,7 @@ void Dresseur::PrendreCodes(const ChoixDeColonne& choix, const FaitsDeColonne& f
 // The field is as wide as the question was, wider for a longer text.
 void Dresseur::PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
   int codeMax = choix.codeMax > 0 ? choix.codeMax : kTexteLePlusCourt;
-  std::size_t largeur = codeMax == kTroisPositions ? 3 : static_cast<std::size_t>(codeMax);
+  std::size_t largeur = codeMax == kCodeMaxL3 ? 3 : static_cast<std::size_t>(codeMax);
   if (faits.largeur > largeur) {
     largeur = std::max<std::size_t>(faits.largeur, kTexteLePlusCourt);
     codeMax = static_cast<int>(std::min<std::size_t>(largeur, kTexteLePlusLong + 1));
@@ -150,7 +148,7 @@ void Dresseur::PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeCol
   ColonneImportee& colonne = Ajouter(faits, choix, largeur, codeMax);
   colonne.alphabetique = true;
   colonne.aDroite = choix.aDroite;
-  if (codeMax != kTroisPositions && largeur > kTexteLePlusLong)
+  if (codeMax != kCodeMaxL3 && largeur > kTexteLePlusLong)
     Refuser(colonne, "un texte de plus de 99 caractères ne tient pas dans une question alphabétique"_w);
 }
 
@@ -239,7 +237,7 @@ void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& f
   for (const ValeurComptee& element : elements) {
     ColonneImportee& colonne = Ajouter(faits, choix, 1, 1);
     Intituler(colonne, Joindre({faits.intitule, " : ", element.valeur}));
-    if (lue_.nombre <= kCodesEnUnSigne && elements.size() > 1)
+    if (lue_.nombre < std::size_t{kPremierCodeDouble} && elements.size() > 1)
       noms_.back() = Joindre({Rogner(noms_.back()).substr(0, 2), CodeCaractere(static_cast<int>(lue_.nombre))});
     if (elements.size() > kColonnesDeReponses) Refuser(colonne, "plus de 200 réponses différentes dans les listes"_w);
     Coder(element.valeur, static_cast<int>(lue_.nombre));
@@ -279,61 +277,13 @@ void Dresseur::Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits,
   plan_.lues.push_back(std::move(lue_));
 }
 
-// The answers of a list give way to the names that other columns ask for: these stay what the choices tell.
-void Dresseur::EcarterLesListes() {
-  std::vector<bool> deListe(plan_.colonnes.size());
-  for (const ColonneLue& lue : plan_.lues)
-    if (lue.regle == Regle::Liste)
-      std::fill_n(deListe.begin() + static_cast<std::ptrdiff_t>(lue.premiere), lue.nombre, true);
-  std::set<std::string> pris;
-  const auto demande = [&](std::size_t k) { return std::string(Rogner(noms_[k].substr(0, 3))); };
-  for (std::size_t k = 0; k < noms_.size(); ++k)
-    if (plan_.colonnes[k].DansPos() && !deListe[k]) pris.insert(demande(k));
-  for (std::size_t k = 0; k < noms_.size(); ++k) {
-    if (!deListe[k] || pris.insert(demande(k)).second) continue;
-    const std::string debut = demande(k).substr(0, 2);
-    for (int code = 1; code <= kCodeDeDernierSigne; ++code) {
-      const std::string libre = Joindre({debut, CodeCaractere(code)});
-      if (std::ranges::count(noms_, libre) > 0 || !pris.insert(libre).second) continue;
-      noms_[k] = libre;
-      break;
-    }
-  }
-}
-
-// Names all different, among the questions, then among the numbers.
-void Dresseur::Nommer() {
-  EcarterLesListes();
-  std::vector<std::size_t> rangs;
-  std::vector<std::string> demandes;
-  for (std::size_t k = 0; k < plan_.colonnes.size(); ++k) {
-    if (!plan_.colonnes[k].DansPos()) continue;
-    rangs.push_back(k);
-    demandes.push_back(noms_[k]);
-  }
-  const std::vector<NomCourt> noms = NommerIntitules(demandes);
-  for (std::size_t i = 0; i < rangs.size(); ++i) {
-    ColonneImportee& colonne = plan_.colonnes[rangs[i]];
-    colonne.nomCourt = noms[i].nom;
-    const std::string naturel = colonne.intitule.empty() ? "XXX" : CadreDroit(colonne.intitule, 3);
-    const std::string& propose = proposes_[colonne.rang - 1];
-    const bool donne = Rogner(colonne.nomCourt) == Rogner(demandes[i]) && Rogner(demandes[i]) != Rogner(propose) &&
-                       plan_.lues[colonne.rang - 1].nombre == 1;
-    if (colonne.nomCourt != naturel && !donne) plan_.nomsChanges.push_back(rangs[i]);
-  }
-  demandes.clear();
-  for (const NombreGarde& nombre : plan_.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
-  const std::vector<NomCourt> gardes = NommerIntitules(demandes);
-  for (std::size_t i = 0; i < gardes.size(); ++i) plan_.nombres[i].nom = gardes[i].nom;
-}
-
 Plan Dresseur::Achever() {
   std::size_t position = 1;
   for (ColonneImportee& colonne : plan_.colonnes) {
     colonne.position = position;
     position += colonne.largeur;
   }
-  Nommer();
+  NommerLePlan(plan_, std::move(noms_), proposes_);
   return std::move(plan_);
 }
 

@@ -6,6 +6,7 @@
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
+#include "core/enquete/colonnes.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -128,8 +129,9 @@ std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan
                                             const IntitulesPerdus& perdus) {
   std::vector<std::string> remarques;
   if (!perdus.coupes.empty())
-    remarques.push_back(Joindre({"*** Attention :", NombreNu(perdus.coupes.size()),
-                                 "intitulé(s) de plus de 25 caractères, coupé(s) dans "_w, contexte.Nom(".MOD")}));
+    remarques.push_back(
+        Joindre({"*** Attention :", NombreNu(perdus.coupes.size()), "intitulé(s) de plus de "_w,
+                 Nombre(kIntituleDeModaliteAuPlus), " caractères, coupé(s) dans "_w, contexte.Nom(".MOD")}));
   for (const ColonneImportee& colonne : plan.colonnes)
     if (colonne.DansPos() && colonne.intituleChange)
       remarques.push_back(Joindre({"*** Attention : le signe $ est écrit S dans "_w, contexte.Nom(".POS"),

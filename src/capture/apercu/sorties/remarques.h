@@ -8,6 +8,7 @@
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/modalites.h"
 #include "capture/apercu/sorties/plan.h"
+#include "core/programme/programme.h"
 
 namespace quelvar::capture {
 

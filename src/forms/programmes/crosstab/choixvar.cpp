@@ -7,8 +7,8 @@
 #include "crosstab/croise_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/ecran.h"
+#include "forms/pieces/listequestions.h"
 #include "forms/programmes/crosstab/graphe2.h"
-#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_choixvar.h"
 
@@ -16,20 +16,11 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr int kNiveauAvance = 2;
 constexpr std::uintmax_t kRapportMontre = 8'000'000;  // bytes that Text1 shows between two launches
 
-QListWidgetItem* LigneDe(const crosstab::QuestionCroisee& question, std::size_t rang) {
-  auto* ligne = new QListWidgetItem(VersQt(Joindre({question.libelle, " ", question.intitule})));
-  ligne->setData(Qt::UserRole, static_cast<int>(rang));
-  return ligne;
-}
-
-std::vector<std::size_t> QuestionsChoisies(const QListWidget& liste) {
-  std::vector<std::size_t> questions;
-  for (const QListWidgetItem* ligne : liste.selectedItems())
-    questions.push_back(static_cast<std::size_t>(ligne->data(Qt::UserRole).toInt()));
-  return questions;
+LigneDeQuestion LigneDe(const crosstab::EnqueteCroisee& enquete, std::size_t rang) {
+  const crosstab::QuestionCroisee& question = enquete.questions[rang];
+  return {rang, Joindre({question.libelle, " ", question.intitule})};
 }
 
 // Sets a box or a button without its handler.
@@ -47,8 +38,10 @@ ChoixVar::ChoixVar(Services& services, crosstab::EnqueteCroisee enquete, Brouill
       etat_(crosstab::NouveauChoix(enquete_)),
       ui_(std::make_unique<Ui::ChoixVar>()) {
   ui_->setupUi(this);
-  for (std::size_t i = 0; i < enquete_.questions.size(); ++i) ui_->ListVar1->addItem(LigneDe(enquete_.questions[i], i));
-  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) liste->setFont(PoliceFixe());
+  for (QListWidget* liste : {ui_->ListVar1, ui_->ListVar2, ui_->ListVar3, ui_->ListVar0}) PreparerListe(*liste);
+  std::vector<LigneDeQuestion> toutes;
+  for (std::size_t i = 0; i < enquete_.questions.size(); ++i) toutes.push_back(LigneDe(enquete_, i));
+  MontrerQuestions(*ui_->ListVar1, toutes);
   ui_->FrmTri->setVisible(contexte_.niveau >= kNiveauAvance);
   ui_->FrmDetKhi2->setVisible(contexte_.niveau >= kNiveauAvance);
   RelierAide(*ui_->Aide, "mnuACroise");
@@ -125,10 +118,10 @@ QListWidget& ChoixVar::ListeDu(crosstab::RoleQuestion role) const {
 }
 
 void ChoixVar::RemplirListe(crosstab::RoleQuestion role) {
-  QListWidget& liste = ListeDu(role);
-  liste.clear();
+  std::vector<LigneDeQuestion> lignes;
   for (const std::size_t question : crosstab::QuestionsDuRole(etat_, role))
-    liste.addItem(LigneDe(enquete_.questions[question], question));
+    lignes.push_back(LigneDe(enquete_, question));
+  MontrerQuestions(ListeDu(role), lignes);
 }
 
 // Every control as the state has it.

@@ -58,9 +58,9 @@ void Graphe2::RelierGestes() {
   geste(ui_->BtMoinsF, [this] { crosstab::ChangerFenetre(etat_, false); });
   geste(ui_->BoutonValP, [this] { crosstab::ChangerValeur(etat_, true); });
   geste(ui_->BoutonValM, [this] { crosstab::ChangerValeur(etat_, false); });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = crosstab::CoefficientGraphe2::Fort; });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = Coefficient::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = Coefficient::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = Coefficient::Fort; });
   geste(ui_->BoutonRAZ, [this] {
     crosstab::Reinitialiser(etat_);
     retouche_ = false;

@@ -79,9 +79,9 @@ void Graphe3::PoserReglages() {
    : etat_.dimension == factor::DimensionPlan::Largeur ? ui_->OptL
                                                        : ui_->OptAll)
       ->setChecked(true);
-  (etat_.coefficient == factor::CoefficientPlan::Faible ? ui_->BtFaible
-   : etat_.coefficient == factor::CoefficientPlan::Fort ? ui_->BtFort
-                                                        : ui_->BtMoyen)
+  (etat_.coefficient == Coefficient::Faible ? ui_->BtFaible
+   : etat_.coefficient == Coefficient::Fort ? ui_->BtFort
+                                            : ui_->BtMoyen)
       ->setChecked(true);
 }
 
@@ -139,9 +139,9 @@ void Graphe3::RelierTaille() {
   geste(ui_->OptH, [this] { etat_.dimension = factor::DimensionPlan::Hauteur; });
   geste(ui_->OptL, [this] { etat_.dimension = factor::DimensionPlan::Largeur; });
   geste(ui_->OptAll, [this] { etat_.dimension = factor::DimensionPlan::Toutes; });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = factor::CoefficientPlan::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = factor::CoefficientPlan::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = factor::CoefficientPlan::Fort; });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = Coefficient::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = Coefficient::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = Coefficient::Fort; });
   geste(ui_->BoutonRAZ, [this] { factor::ReinitialiserCadre(etat_); });
   geste(ui_->BoutonH, [this] { factor::DeplacerImage(etat_, 0, 1); });
   geste(ui_->BoutonB, [this] { factor::DeplacerImage(etat_, 0, -1); });
@@ -230,38 +230,39 @@ void Graphe3::Recaler() {
   Redessiner();
 }
 
-// The run of the ellipses tells in the main form why it has stopped; without them the graph goes on.
+// The files are read anew and none is written: the report tells the ellipses once the form is left. Without them the
+// graph goes on.
 void Graphe3::RefaireEllipses() {
   LireReglages();
   etat_.ellipses.clear();
-  if (etat_.reglages.ellipses.Aucune()) return;
-  bool faites = true;
-  services_.Lancer([&](const Contexte&) {
-    rapport_->Poser();
-    faites = factor::ActualiserEllipses(contexte_, etat_);
-  });
-  if (!faites) {
+  *ellipses_ = {};
+  const factor::DemandeEllipses demande = factor::EllipsesDemandees(etat_);
+  if (demande.choix.Aucune()) return;
+  services_.Lancer([&](const Contexte&) { *ellipses_ = factor::MesurerEllipses(contexte_, demande); });
+  for (const std::string& avis : ellipses_->avis) services_.ecran.demander(avis, Boutons::Ok);
+  if (ellipses_->arret) {
     for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI}) {
       const QSignalBlocker bloque(boite);
       boite->setChecked(false);
     }
-    ui_->Information->setPlainText(
-        QStringLiteral("Les ellipses n'ont pas pu être calculées : voir la fenêtre principale."));
+    Refuser(*ellipses_->arret, QStringLiteral("Les ellipses n'ont pas pu être calculées :\n"));
   }
+  etat_.ellipses = ellipses_->tracees;
   factor::InclureEllipses(etat_);
 }
 
-// What does not belong to the plane is told the first time that it is drawn.
+// What does not belong to the plane is told the first time that it is drawn, and goes into the report.
 void Graphe3::DireLesEtrangers() {
-  std::vector<std::string> nouvelles;
-  for (std::string& remarque : factor::RemarquesDesFichiers(etat_.donnees, factor::FichiersMontres(etat_)))
-    if (std::ranges::find(dites_, remarque) == dites_.end()) nouvelles.push_back(std::move(remarque));
-  if (nouvelles.empty()) return;
-  services_.Lancer([&](const Contexte&) {
-    rapport_->Poser();
-    factor::DireLesFichiersMontres(contexte_, nouvelles);
-    dites_.insert(dites_.end(), nouvelles.begin(), nouvelles.end());
-  });
+  std::string boite;
+  for (const std::string& remarque : factor::RemarquesDesFichiers(etat_.donnees, factor::FichiersMontres(etat_))) {
+    if (std::ranges::find(dites_, remarque) != dites_.end()) continue;
+    dites_.push_back(remarque);
+    rapport_->Ajouter(Joindre({"*** Attention : ", remarque, "\r\n"}));
+    boite += (boite.empty() ? "" : "\r\n") + remarque;
+  }
+  if (boite.empty()) return;
+  services_.ecran.demander(boite, Boutons::Ok);
+  rapport_->Montrer(contexte_);
 }
 
 void Graphe3::Redessiner() {
@@ -275,10 +276,10 @@ void Graphe3::EcrireLeReseau() {
   if (!etat_.reglages.liens.actif || !ui_->FichPajek->isChecked()) return;
   try {
     factor::EcrireReseau(contexte_, etat_);
-  } catch (const Erreur& erreur) {
+  } catch (Erreur& erreur) {
     const QSignalBlocker bloque(ui_->FichPajek);
     ui_->FichPajek->setChecked(false);
-    Refuser(erreur);
+    Refuser(erreur.Situer({contexte_.Nom(".net")}), QStringLiteral("Le réseau ne peut pas être écrit : "));
   }
 }
 

@@ -65,12 +65,14 @@ class Graphe3 : public Forme {
   void Associer();
   QString Infobulle(const QPointF& page) const;
 
-  void Refuser(const Erreur& erreur);
+  // Tells under the picture what could not be done; where the failure was met, when it is known, also in a box.
+  void Refuser(const Erreur& erreur, const QString& quoi = {});
 
   factor::EtatPlan etat_;
-  std::shared_ptr<Brouillon> rapport_;  // goes on once something is asked of the graph that the report tells
-  std::vector<std::string> dites_;      // of the files that were drawn
-  std::uint32_t tirages_ = 0;           // times that the colours were drawn at random
+  std::shared_ptr<Brouillon> rapport_;  // goes on once something is launched that the report tells
+  std::shared_ptr<factor::BilanEllipses> ellipses_ = std::make_shared<factor::BilanEllipses>();  // those of the picture
+  std::vector<std::string> dites_;  // of the files that were drawn
+  std::uint32_t tirages_ = 0;       // times that the colours were drawn at random
   std::unique_ptr<Ui::Graphe3> ui_;
 };
 

@@ -56,7 +56,6 @@ void Graphe3::Informer(const QPointF& page) {
   const std::vector<std::size_t> elements = factor::ElementsSous(etat_, ui_->Image->Contenu(), PositionDe(page));
   if (elements.empty()) return;
   try {
-    rapport_->Poser();
     ui_->Information->setPlainText(VersQt(factor::TexteDuClic(contexte_, etat_, elements.front())).remove(u'\r'));
   } catch (const Erreur& erreur) {
     Refuser(erreur);
@@ -175,12 +174,19 @@ void Graphe3::RelierFichiers() {
   RelierCommande(*ui_->BoutonAssoc, modalities::DescriptionModifBurt(), contexte_, [this] { return Association(); },
                  {QStringLiteral("BoutCommandeAssoc"), QStringLiteral("Voir la commande du regroupement")});
   RelierQuitter(*ui_->BoutonQuitter);
-  AuDepart([rapport = rapport_](const Contexte& contexte) { rapport->Montrer(contexte); });
+  // The ellipses of the picture begin the report anew, or go on with what was launched.
+  AuDepart([rapport = rapport_, ellipses = ellipses_](const Contexte& contexte) {
+    if (rapport->Commence()) rapport->Poser();
+    if (ellipses->tracees.empty()) return rapport->Montrer(contexte);
+    factor::RapporterEllipses(contexte, *ellipses, rapport->Commence() ? ModeEcriture::Suite : ModeEcriture::Neuf);
+  });
 }
 
-void Graphe3::Refuser(const Erreur& erreur) {
-  ui_->Information->setPlainText(VersQt(TexteDePanne(erreur)).remove(u'\r'));
-  services_.ecran.biper();
+void Graphe3::Refuser(const Erreur& erreur, const QString& quoi) {
+  const std::string texte = Joindre({DepuisQt(quoi), TexteErreur(erreur)});
+  ui_->Information->setPlainText(VersQt(texte).remove(u'\r'));
+  if (TexteDuLieu(erreur).empty()) services_.ecran.biper();
+  else services_.ecran.demander(texte, Boutons::Ok);
 }
 
 void OuvrirGraphe3(Services& services) {

@@ -2,7 +2,6 @@
 
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
-#include "forms/cadre/dialogue_qt.h"
 #include "forms/pieces/commande.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
@@ -218,7 +217,7 @@ void PrepRecod::ProposerCodes(QComboBox& codes, const std::vector<int>& offerts)
 }
 
 void PrepRecod::NommerVit() {
-  const std::optional<std::string> nom = DemanderTexte(this, sorts::kDemandeNomVit, {});
+  const std::optional<std::string> nom = services_.DemanderTexte(sorts::kDemandeNomVit);
   if (nom) Agir([&] { sorts::CommencerVit(etat_, *nom); });
   else Relever(*ui_->OptVITNouv);
 }
@@ -226,7 +225,7 @@ void PrepRecod::NommerVit() {
 void PrepRecod::ChoisirCodeDeVit(int rang) {
   std::optional<std::string> score;
   if (ui_->ChkVITAv->isChecked()) {
-    score = DemanderTexte(this, sorts::kDemandeScoreVit, {});
+    score = services_.DemanderTexte(sorts::kDemandeScoreVit);
     if (!score) {  // neither the code nor the score
       ui_->ComboVIT->setCurrentIndex(-1);
       return;

@@ -1,15 +1,16 @@
 #include "forms/programmes/text/concord.h"
 
 #include <QClipboard>
-#include <QFileDialog>
 #include <QGuiApplication>
 
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
+#include "forms/texte/enregistrement.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
+#include "text/concordance/edition.h"
 #include "ui_concord.h"
 
 namespace quelvar::forms {
@@ -86,22 +87,17 @@ void Concord::Chercher() {
 }
 
 void Concord::Enregistrer() {
-  const QString fichier = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Enregistrer la concordance"),
-      CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("-concordance.txt"))), QStringLiteral("*.txt"));
-  if (fichier.isEmpty()) return;
-  const Chemin cible = CheminDepuisQt(fichier);
-  if (const std::string refus = text::RefusDEnregistrer(contexte_, cible); !refus.empty()) {
-    services_.ecran.demander(refus, Boutons::Ok);
-    return;
-  }
-  try {
-    Remplacement copie(cible);
-    copie.Fichier().Ecrire(text::TexteDeConcordances(concordances_, Ordre()));
-    copie.Valider();
-  } catch (const Erreur& erreur) {
-    services_.ecran.demander(TexteErreur(erreur), Boutons::Ok);
-  }
+  EnregistrerSous(this, {{QStringLiteral("Enregistrer la concordance"),
+                          CheminVersQt(contexte_.repertoire / CheminDe(contexte_.Nom("-concordance.txt"))),
+                          QStringLiteral("Textes *.txt|*.txt")},
+                         [this](const Chemin& fichier) {
+                           const std::string refus = text::RefusDEnregistrer(contexte_, fichier);
+                           if (!refus.empty()) services_.ecran.demander(refus, Boutons::Ok);
+                           return refus.empty();
+                         },
+                         [this](const Chemin& fichier) {
+                           EcrireTexte(fichier, text::TexteDeConcordances(concordances_, Ordre()));
+                         }});
 }
 
 void OuvrirConcord(Services& services, std::vector<text::MotsCherches> cherches) {

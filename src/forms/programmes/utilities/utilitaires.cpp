@@ -1,6 +1,7 @@
 #include "forms/programmes/utilities/utilitaires.h"
 
-#include <QFileDialog>
+#include <QDir>
+#include <QFileInfo>
 
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
@@ -96,8 +97,8 @@ void Utilitaires::ChoisirEntree(std::string& fichier, const QString& titre) {
 void Utilitaires::ChoisirResultat() {
   // The programs ask before they write over a file that they read; of another one the dialog asks.
   const QString choisi =
-      QFileDialog::getSaveFileName(this, QStringLiteral("Définir le fichier \"C\" résultant"),
-                                   CheminVersQt(contexte_.repertoire), QStringLiteral("Tous fichiers (*)"));
+      services_.ChoisirAEcrire({QStringLiteral("Définir le fichier \"C\" résultant"),
+                                CheminVersQt(contexte_.repertoire), QStringLiteral("Tous fichiers|*.*")});
   if (choisi.isEmpty()) return;
   c_ = NomChoisi(choisi, contexte_.repertoire);
   MontrerFichiers();

@@ -14,6 +14,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 #include <array>
+#include <map>
 
 #include "forms/images/vuedessin.h"
 #include "forms/pilote.h"
@@ -281,16 +282,98 @@ TEST(Graphe3, TreeOfAnotherTable) {
   Cliquer(forme, "CheckCAH");
   EXPECT_TRUE(pilote.Vues().last().startsWith("l'arbre de ENQ.CAH n'est pas celui de ce tableau"));
   EXPECT_FALSE(essai::Coche(forme, "CheckCAH"));
-  EXPECT_NE(bureau.Lire("ENQ.PRT").find("*** Attention : l'arbre de ENQ.CAH"), std::string::npos);
+  EXPECT_TRUE(bureau.Texte().contains("*** Attention : l'arbre de ENQ.CAH"));
+  EXPECT_FALSE(bureau.Existe("ENQ.PRT"));  // nothing was launched
+  Cliquer(forme, "BoutonQuitter");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Texte().contains("*** Attention : l'arbre de ENQ.CAH"); }));
+  EXPECT_FALSE(bureau.Existe("ENQ.PRT"));
 }
 
-// The run of the ellipses says in the main form what is missing, and the box goes off again.
+// What is missing is said under the picture, and the box goes off again.
 TEST(Graphe3, EllipsesWithoutTheirFiles) {
   BureauDePlan bureau;
   const Graphe3& forme = bureau.Graphe();
   Cliquer(forme, "CheckEllipseM");
   EXPECT_FALSE(Bureau::Dans<QCheckBox>(forme, "CheckEllipseM").isChecked());
-  EXPECT_TRUE(bureau.Texte().contains("Le fichier ENQ.AFC n'existe pas"));
+  EXPECT_TRUE(Information(forme).contains("Le fichier ENQ.AFC n'existe pas"));
+}
+
+// Two individuals who have A1, after an analysis of the logical coding.
+struct BureauDEllipses : BureauDePlan {
+  BureauDEllipses() {
+    Ecrire("ENQ.AFC",
+           "Le nombre de facteurs a extraire est de  3\r\nValeur propre =  0.25\r\nValeur propre =  0.16\r\n"
+           "Valeur propre =  0.09\r\n");
+    Ecrire("ENQ.FI2",
+           "1     100    300.0000  111    200.0000  111      0.0000    0\r\n"
+           "2     100   -300.0000  111   -200.0000  111     50.0000    0\r\n");
+    Ecrire("ENQ.CDG", "1   1010\r\n2   1001\r\n");
+    Ecrire("ENQ.PRT", "ancien rapport\r\n");
+  }
+  // Names, bytes and instants of the files.
+  std::map<std::string, std::pair<std::string, std::filesystem::file_time_type>> Fichiers() const {
+    std::map<std::string, std::pair<std::string, std::filesystem::file_time_type>> fichiers;
+    for (const auto& fichier : std::filesystem::directory_iterator(Dossier())) {
+      const std::string nom = fichier.path().filename().string();
+      fichiers[nom] = {fichier.is_regular_file() ? Lire(nom.c_str()) : "", fichier.last_write_time()};
+    }
+    return fichiers;
+  }
+};
+
+TEST(Graphe3, RedrawingWritesNoFile) {
+  BureauDEllipses bureau;
+  const Graphe3& forme = bureau.Graphe();
+  const auto avant = bureau.Fichiers();
+  const auto intact = [&](const QString& geste) { EXPECT_TRUE(bureau.Fichiers() == avant) << geste.toStdString(); };
+  Taper(forme, "TextMarques", "A1");
+  Cliquer(forme, {"CheckEllipseC", "CheckEllipseM"});
+  EXPECT_FALSE(Traits(forme, "ellipses").empty());
+  intact("ellipses");
+  // With them on the picture: every box, choice and arrow of the form but the one that asks for a network file.
+  for (const QAbstractButton* bouton : forme.findChildren<QAbstractButton*>()) {
+    const QString nom = bouton->objectName();
+    const bool choix = bouton->isCheckable() || bouton->inherits("QToolButton");
+    const bool deQt = nom.isEmpty() || nom.startsWith("qt_") || nom.startsWith("Scroll");
+    if (!choix || deQt || nom.startsWith("CheckEllipse") || nom == "FichPajek" || !bouton->isEnabled()) continue;
+    Cliquer(forme, nom.toUtf8().constData());
+    intact(nom);
+  }
+  Cliquer(forme, "InvXY");
+  Taper(forme, "TextFV", "3");
+  Taper(forme, "TextMarques", "A1 A2");
+  intact("axes and marks");
+  EXPECT_FALSE(Traits(forme, "ellipses").empty());
+  QTest::mouseClick(&Image(forme), Qt::LeftButton, {}, PlaceDe(forme, {0, 0}));
+  intact("click");
+  Cliquer(forme, "FichPajek");
+  EXPECT_EQ(bureau.Fichiers().size(), avant.size() + bureau.Existe("ENQ.net"));
+}
+
+// The report of the ellipses is that of the run which ends with the form.
+TEST(Graphe3, EllipsesAreReportedAtTheEnd) {
+  BureauDEllipses bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Taper(forme, "TextMarques", "A1");
+  Cliquer(forme, {"CheckEllipseM", "BoutonQuitter"});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Texte().contains("Graphique factoriel + Ellipse(s)"); }));
+  const std::string rapport = bureau.Lire("ENQ.PRT");
+  EXPECT_NE(rapport.find("= A1   effectif=   2"), std::string::npos) << rapport;
+  EXPECT_NE(rapport.find("Kappa=1.18 Pourcentage d'individus : 50.0%"), std::string::npos) << rapport;
+  EXPECT_EQ(rapport.find("ancien rapport"), std::string::npos);
+}
+
+// A failure whose place is known says it where the user looks.
+TEST(Graphe3, AFailureKeepsItsPlace) {
+  BureauDEllipses bureau;
+  bureau.Ecrire("ENQ.CDG", "1   1010\r\n");  // the second individual is not there
+  const Graphe3& forme = bureau.Graphe();
+  Taper(forme, "TextMarques", "A1");
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  Cliquer(forme, "CheckEllipseC");
+  for (const QString& texte : {pilote.Vues().last(), Information(forme)})
+    EXPECT_TRUE(texte.contains("L'entrée dépasse la fin de fichier (ENQ.CDG, ligne ")) << texte.toStdString();
 }
 
 TEST(Graphe3, SavedPictures) {

@@ -5,6 +5,7 @@
 
 #include "capture/apercu/options.h"
 #include "core/programme/annulation.h"
+#include "core/programme/lieunomme.h"
 #include "core/session/generique_libre.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
@@ -51,7 +52,8 @@ std::optional<capture::PreparationDImport> Preparer(Services& services, const Ch
     if (capture::GenreDe(fichier) != capture::GenreDeSource::Classeur) return capture::PreparationDImport(fichier, {});
     return PreparerAuLoin(&services.fenetre, fichier, {});
   } catch (const Erreur& erreur) {
-    services.ecran.demander(Joindre({TexteDe(fichier.filename()), " : ", TexteErreur(erreur)}), Boutons::Ok);
+    services.ecran.demander(Joindre({TexteDe(fichier.filename()), " : ", TexteErreurDuFichierNomme(erreur)}),
+                            Boutons::Ok);
     return std::nullopt;
   } catch (const Annulation&) {
     return std::nullopt;

@@ -1,15 +1,12 @@
 #include "forms/programmes/capture/import/source.h"
 
-#include <QApplication>
 #include <QDateTime>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLocale>
 #include <QStandardPaths>
 
 #include "capture/preparation.h"
-#include "forms/cadre/dialogue_qt.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/texte/texte_qt.h"
@@ -78,10 +75,9 @@ QString DossierDeDepart(const Session& session) {
 }  // namespace
 
 Chemin ChoisirFichierAImporter(Services& services) {
-  return CheminDepuisQt(QFileDialog::getOpenFileName(
-      QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : &services.fenetre,
-      QStringLiteral("Importation d'un fichier externe"), DossierDeDepart(services.session),
-      FiltreQt(QStringLiteral("Tableaux de données|*.csv;*.txt;*.tsv;*.ods;*.xlsx;*.dbf|Tous fichiers *.*|*.*"))));
+  return CheminDepuisQt(services.ChoisirAOuvrir(
+      {QStringLiteral("Importation d'un fichier externe"), DossierDeDepart(services.session),
+       QStringLiteral("Tableaux de données|*.csv;*.txt;*.tsv;*.ods;*.xlsx;*.dbf|Tous fichiers *.*|*.*")}));
 }
 
 void OuvrirSourceImport(Services& services) {

@@ -4,6 +4,7 @@
 
 #include "support/programme.h"
 #include "text/concordance/concord.h"
+#include "text/concordance/edition.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/motsdeslignes.h"
 #include "text/gestion/suplmot.h"

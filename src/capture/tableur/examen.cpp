@@ -1,28 +1,17 @@
-#include "capture/tableur.h"
+#include "capture/tableur/examen.h"
 
 #include <algorithm>
-#include <cstring>
-#include <iterator>
-#include <memory>
 #include <utility>
 
+#include "capture/tableur/cellules.h"
+#include "capture/tableur/codes.h"
+#include "capture/tableur/lecteur.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
 namespace {
-
-bool ResteEnAscii(std::string_view ligne) {
-  std::uint64_t hauts = 0;
-  std::size_t i = 0;
-  for (; i + 8 <= ligne.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, ligne.data() + i, 8);
-    hauts |= mot;
-  }
-  for (; i < ligne.size(); ++i) hauts |= static_cast<unsigned char>(ligne[i]);
-  return (hauts & 0x8080808080808080ULL) == 0;
-}
 
 // The encoding, judged line by line.
 struct Encodage {
@@ -31,7 +20,7 @@ struct Encodage {
   bool invalide = false;  // an invalid one was met
 
   void Examiner(std::string_view ligne) {
-    if (ResteEnAscii(ligne)) return;
+    if (EstAscii(ligne)) return;
     (EstUtf8MultiOctet(ligne) ? multiple : invalide) = true;
   }
   bool Utf8() const { return marque || (multiple && !invalide); }
@@ -41,32 +30,6 @@ std::int64_t Occurrences(std::string_view ligne, char signe) {
   std::int64_t nombre = 0;  // a hop a sign: the one looked for is rare
   for (std::size_t i = ligne.find(signe); i != std::string_view::npos; i = ligne.find(signe, i + 1)) ++nombre;
   return nombre;
-}
-
-// Place of the quote that closes the one at `i`; the end of the line when none does.
-std::size_t FinDesGuillemets(std::string_view ligne, std::size_t i) {
-  for (++i; i < ligne.size(); ++i) {
-    if (ligne[i] != '"') continue;
-    if (i + 1 == ligne.size() || ligne[i + 1] != '"') break;
-    ++i;
-  }
-  return i;
-}
-
-// True when a field of the line opens a quote that nothing closes.
-bool GuillemetOuvert(std::string_view ligne, char separateur) {
-  if (ligne.find('"') == std::string_view::npos) return false;
-  bool debut = true;
-  for (std::size_t i = 0; i < ligne.size(); ++i) {
-    if (debut && ligne[i] == '"') {
-      i = FinDesGuillemets(ligne, i);
-      if (i == ligne.size()) return true;
-      debut = false;
-    } else {
-      debut = separateur == '\0' ? ligne[i] == ';' || ligne[i] == '\t' : ligne[i] == separateur;
-    }
-  }
-  return false;
 }
 
 // Counts of the two possible separators outside quotes.
@@ -251,7 +214,7 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
       [&] {
         for (std::string_view ligne; lecteur.LireOctetsDeLigne(ligne);) {
           examen.encodage.Examiner(ligne);
-          if (utf8 && !ResteEnAscii(ligne)) {
+          if (utf8 && !EstAscii(ligne)) {
             converti = DepuisUtf8(ligne);
             ligne = converti;
           }
@@ -270,105 +233,6 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
 }
 
 }  // namespace
-
-std::string_view LigneDeTableur::LireEntreGuillemets() {
-  tampon_.clear();
-  std::size_t i = 1;
-  for (; i < reste_.size(); ++i) {
-    if (reste_[i] != '"') {
-      tampon_ += reste_[i];
-    } else if (i + 1 < reste_.size() && reste_[i + 1] == '"') {
-      tampon_ += '"';
-      ++i;
-    } else {
-      ++i;
-      break;
-    }
-  }
-  while (i < reste_.size() && reste_[i] != separateur_) tampon_ += reste_[i++];
-  Passer(i);
-  return tampon_;
-}
-
-LecteurTableur::LecteurTableur(const Chemin& source, char separateur)
-    : LecteurTableur(
-          [lecteur = std::make_shared<LecteurLignes>(source)](std::string_view& ligne) { return lecteur->Lire(ligne); },
-          separateur) {}
-
-bool LecteurTableur::LireUneLigne(std::string_view& ligne) {
-  if (enAttente_.empty()) {
-    if (!lignes_(ligne)) return false;
-    ++lues_;
-    return true;
-  }
-  ++lues_;
-  rendue_ = std::move(enAttente_.front());
-  enAttente_.pop_front();
-  ligne = rendue_;
-  return true;
-}
-
-// Joins the lines behind a line whose last field opens a quote, up to the one that closes it; without one the lines
-// read ahead are given back one by one.
-void LecteurTableur::JoindreSuite(std::string_view& ligne) {
-  jointe_ = ligne;
-  const std::size_t premiere = jointe_.size();
-  std::vector<std::string> lues;
-  for (bool ouvert = true; ouvert;) {
-    if (lues.size() == kLignesJointes || jointe_.size() > kOctetsJoints || !LireUneLigne(ligne)) {
-      jointe_.resize(premiere);
-      if (sansFin_ == 0) sansFin_ = debut_;
-      lues_ -= static_cast<std::int64_t>(lues.size());
-      enAttente_.insert(enAttente_.begin(), std::make_move_iterator(lues.begin()), std::make_move_iterator(lues.end()));
-      break;
-    }
-    jointe_.append(1, ' ').append(ligne);
-    lues.emplace_back(ligne);
-    ouvert = ligne.find('"') == std::string_view::npos || GuillemetOuvert(jointe_, separateur_);
-  }
-  ligne = jointe_;
-}
-
-bool LecteurTableur::LireOctetsDeLigne(std::string_view& ligne) {
-  if (!LireUneLigne(ligne)) return false;
-  debut_ = lues_;
-  if (std::exchange(premiere_, false) && OterMarqueUtf8(ligne)) {
-    marque_ = true;
-  }
-  if (guillemets_ && GuillemetOuvert(ligne, separateur_)) [[unlikely]]
-    JoindreSuite(ligne);
-  return true;
-}
-
-bool LecteurTableur::Lire(std::string_view& ligne, bool utf8) {
-  if (!LireOctetsDeLigne(ligne)) return false;
-  if (utf8 && !ResteEnAscii(ligne)) {
-    convertie_ = DepuisUtf8(ligne);
-    ligne = convertie_;
-  }
-  return true;
-}
-
-bool LigneBlanche(std::string_view ligne) { return ligne.find_first_not_of(' ') == std::string_view::npos; }
-
-bool LigneSansValeur(std::string_view ligne, char separateur) {
-  std::size_t i = 0;
-  while (i < ligne.size() && (ligne[i] == separateur || ligne[i] == ' ')) ++i;
-  if (i == ligne.size()) return true;
-  if (ligne[i] != '"') return false;
-  LigneDeTableur cellules(ligne, separateur);
-  for (std::string_view cellule; cellules.Suivante(cellule);)
-    if (!Rogner(cellule).empty()) return false;
-  return true;
-}
-
-std::optional<std::string> ChiffresDuCode(std::string_view cellule) {
-  const std::size_t debut = cellule.find_first_not_of(" \t");
-  if (debut == std::string_view::npos || EstDecimale(cellule)) return std::nullopt;
-  const std::string_view nombre = cellule.substr(debut, cellule.find_last_not_of(" \t") - debut + 1);
-  if (nombre.find_first_of(" \t") != std::string_view::npos || !EstNombre(nombre)) return std::nullopt;
-  return Nombre(ArrondirPair(std::max(ValeurDe(nombre), 0.0)));
-}
 
 FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   Separateurs premiers;

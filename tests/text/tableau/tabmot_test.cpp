@@ -1,3 +1,5 @@
+#include "text/tableau/tabmot.h"
+
 #include <gtest/gtest.h>
 
 #include "support/programme.h"
@@ -5,7 +7,6 @@
 #include "text/concordance/concord.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
-#include "text/tableau/tabmot.h"
 
 using namespace quelvar::text;
 

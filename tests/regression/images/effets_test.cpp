@@ -1,11 +1,12 @@
 // The pictures of the regression: where the marks stand.
+#include "regression/images/effets.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <map>
 
 #include "regression/anatab/anatab.h"
-#include "regression/images/effets.h"
 #include "support/environnement.h"
 
 namespace quelvar::regression {

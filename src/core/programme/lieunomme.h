@@ -1,0 +1,13 @@
+// A failure in a text that has named its file already.
+#pragma once
+
+#include <string>
+
+#include "core/programme/erreur.h"
+
+namespace quelvar {
+
+// As TexteErreur, of the place the line and the column alone.
+std::string TexteErreurDuFichierNomme(const Erreur& erreur);
+
+}  // namespace quelvar

@@ -1,0 +1,57 @@
+#include "core/texte/utf16.h"
+
+#include <utility>
+
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+namespace {
+
+// Halves of a pair: the first ones, then the second ones, then no more.
+constexpr char16_t kPremieres = 0xD800;
+constexpr char16_t kSecondes = 0xDC00;
+constexpr char16_t kFinDesMoities = 0xE000;
+constexpr char32_t kRemplacement = 0xFFFD;
+
+}  // namespace
+
+std::optional<Utf16> MarqueUtf16(std::string_view octets) {
+  if (octets.starts_with("\xFF\xFE")) return Utf16::PetitBout;
+  if (octets.starts_with("\xFE\xFF")) return Utf16::GrosBout;
+  return std::nullopt;
+}
+
+void DecodeurUtf16::Ajouter(std::string_view octets, std::string& utf8) {
+  const auto unite = [&](char premier, char second) {
+    if (ordre_ == Utf16::PetitBout) std::swap(premier, second);
+    return static_cast<char16_t>(static_cast<unsigned>(static_cast<unsigned char>(premier)) << 8U |
+                                 static_cast<unsigned char>(second));
+  };
+  if (!impair_.empty() && !octets.empty()) {
+    AjouterUnite(unite(impair_.front(), octets.front()), utf8);
+    impair_.clear();
+    octets.remove_prefix(1);
+  }
+  for (; octets.size() > 1; octets.remove_prefix(2)) AjouterUnite(unite(octets[0], octets[1]), utf8);
+  impair_ += octets;
+}
+
+void DecodeurUtf16::AjouterUnite(char16_t unite, std::string& utf8) {
+  const bool seconde = unite >= kSecondes && unite < kFinDesMoities;
+  if (const char16_t premiere = std::exchange(enAttente_, u'\0'); premiere != 0) {
+    const char32_t point = 0x10000U + ((char32_t{premiere} - kPremieres) << 10U) + (char32_t{unite} - kSecondes);
+    AjouterUtf8(utf8, seconde ? point : kRemplacement);
+    if (seconde) return;
+  }
+  if (unite >= kPremieres && unite < kSecondes) enAttente_ = unite;
+  else AjouterUtf8(utf8, seconde ? kRemplacement : unite);
+}
+
+void DecodeurUtf16::Finir(std::string& utf8) {
+  if (!impair_.empty() || enAttente_ != 0) AjouterUtf8(utf8, kRemplacement);
+  impair_.clear();
+  enAttente_ = u'\0';
+}
+
+}  // namespace quelvar

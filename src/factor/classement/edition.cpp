@@ -1,0 +1,60 @@
+#include "factor/classement/edition.h"
+
+#include "core/resultats/rangees.h"
+#include "core/texte/nombres.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+constexpr PlaceEnRangee kNumero{"", 4};
+constexpr PlaceEnRangee kClasses{"", 3};
+constexpr int kItem = 14;    // a label is cut
+constexpr int kEntiers = 5;  // of criterion and share
+
+Cellule EnTexte(std::string texte) { return {std::nullopt, Unite::Nombre, 0, std::move(texte)}; }
+
+std::string TexteItem(std::int32_t item, std::span<const std::string> libelles) {
+  if (item > 0) return libelles[static_cast<std::size_t>(item - 1)];
+  return Joindre({" Agrég. n°"_w, CadreDroit(Nombre(-item), 3)});
+}
+
+Cellule Numero(std::size_t etape) { return {static_cast<double>(etape + 1)}; }
+
+}  // namespace
+
+void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::span<const BilanDEtape> bilans,
+                    std::span<const std::string> libelles) {
+  const FormeEnRangees forme{.places = {kNumero, {" ", kItem}, {"", kItem}, kClasses, {"", kEntiers}, {"", kEntiers}}};
+  rapport.Ligne("NUM Elément 1     Elément 2   NbAgrèg  Critère  %Crit Cumulé"_w);
+  rapport.Ligne("                                    d'association");
+  ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  for (std::size_t s = 0; s < etapes.size(); ++s)
+    imprimeur.Imprimer({{},
+                        {},
+                        {Numero(s),
+                         EnTexte(TexteItem(etapes[s].itemPremier, libelles)),
+                         EnTexte(TexteItem(etapes[s].itemSecond, libelles)),
+                         {static_cast<double>(bilans[s].classes)},
+                         {etapes[s].critere, Unite::Nombre, 5},
+                         {bilans[s].cumul, Unite::Pourcent, 1}}});
+}
+
+void EcrireTableur(Ecrivain& fichier, std::span<const BilanDEtape> bilans) {
+  fichier.Ligne(kTitreDuTableur);
+  for (std::size_t s = 0; s < bilans.size(); ++s)
+    fichier.Ligne(NombreFixe(static_cast<double>(s + 1), kNumero.entiers, 0) + ';' +
+                  NombreFixe(bilans[s].classes, kClasses.entiers, 0));
+}
+
+void ImprimerClasses(Rapport& rapport, int niveau, std::span<const std::vector<Rangee>> classes) {
+  const FormeEnRangees forme{.places = {{"    ", 2}}};
+  rapport.Ligne({"Aggrégation niveau "_w, NombreFixe(niveau, 4, 0)});
+  for (std::size_t k = 0; k < classes.size(); ++k) {
+    rapport.Ligne({"$$G", NombreFixe(static_cast<double>(k + 1), 2, 0)});
+    for (const Rangee& modalite : classes[k]) rapport.Ligne(TexteDeRangee(modalite, forme));
+  }
+  rapport.Ligne("$$");
+}
+
+}  // namespace quelvar::factor

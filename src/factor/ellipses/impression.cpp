@@ -1,0 +1,59 @@
+// The ellipses in the report .PRT.
+#include "core/resultats/rangees.h"
+#include "factor/ellipses/ellipses.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+void Imprimer(Rapport& rapport, const Dialogue& ecran, const BilanEllipses& bilan) {
+  if (bilan.fichiers) {
+    const auto& [mod, analyse, coordonnees, table] = *bilan.fichiers;
+    ExigerFichiers(rapport, ecran, {mod, analyse, coordonnees, table}, kArretAbsence);
+    EcrireBandeau(rapport, "Graphique factoriel + Ellipse(s)");
+    rapport.Lignes(bilan.remarques);
+    for (const EllipsesDeModalite& modalite : bilan.tracees) ImprimerEllipses(rapport, modalite);
+  }
+  if (!bilan.arret) return;
+  if (!bilan.arret->Phrase().empty()) ecran.biper();
+  throw Erreur(*bilan.arret);
+}
+
+void DireLesAvis(const Dialogue& ecran, const BilanEllipses& bilan) {
+  for (const std::string& avis : bilan.avis) ecran.demander(avis, Boutons::Ok);
+}
+
+}  // namespace
+
+std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& contexte,
+                                                                const DemandeEllipses& demande) {
+  BilanEllipses bilan;
+  if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+        bilan = MesurerEllipses(contexte, demande);
+        DireLesAvis(contexte.Ecran(), bilan);
+        Imprimer(rapport, contexte.Ecran(), bilan);
+      }))
+    return std::nullopt;
+  return std::move(bilan.tracees);
+}
+
+Fin RapporterEllipses(const Contexte& contexte, const BilanEllipses& bilan, ModeEcriture mode) {
+  return ExecuterProgramme(
+      contexte, contexte.Nom(".PRT"), LibellesErreur{},
+      [&](Rapport& rapport) { Imprimer(rapport, contexte.Ecran(), bilan); }, mode);
+}
+
+void ImprimerEllipses(Rapport& rapport, const EllipsesDeModalite& modalite) {
+  const FormeEnRangees forme{.places = {{"Kappa=", 1},
+                                        {" Pourcentage d'individus : ", 2},
+                                        {" (observé : "_w, 1, Elargissement::DerriereUnTexte}}};
+  rapport.Ligne({"Modalité= "_w, modalite.nom, " effectif=", NombreFixe(static_cast<double>(modalite.effectif), 4, 0),
+                 " ", modalite.intitule});
+  for (const Rangee& ellipse : TableDesEllipses(modalite).rangees) {
+    rapport.Ligne(ellipse.titre);
+    rapport.Ligne(TexteDeRangee({{}, {}, ellipse.cellules}, forme));
+    rapport.Ligne();
+  }
+}
+
+}  // namespace quelvar::factor

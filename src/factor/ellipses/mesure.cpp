@@ -1,0 +1,197 @@
+// The files of the generic measured for the ellipses, without a report and without a box.
+#include <algorithm>
+#include <utility>
+
+#include "core/enquete/datfile.h"
+#include "core/enquete/modfile.h"
+#include "core/enquete/noms.h"
+#include "core/enquete/parametres.h"
+#include "core/texte/nombres.h"
+#include "factor/coordonnees.h"
+#include "factor/ellipses/ellipses.h"
+#include "factor/ellipses/lecture.h"
+
+namespace quelvar::factor {
+
+namespace {
+
+// The run stops by its own will, with a sentence of its own.
+[[noreturn]] void Refuser(std::string phrase) { throw Erreur(kIncompatibiliteType, std::move(phrase)); }
+
+std::size_t NombreDeclare(double valeur) {
+  const std::int64_t nombre = Entier64(valeur);
+  if (nombre < 0) throw Erreur(kIndiceHorsSelection);
+  return static_cast<std::size_t>(nombre);
+}
+
+// The individuals are the last lines of the .FI2, all of them after an analysis of the logical coding.
+std::vector<Position> PointsDesIndividus(const Contexte& contexte, const DemandeEllipses& demande,
+                                         std::size_t individus, bool& codageLogique) {
+  const auto h = static_cast<std::size_t>(demande.horizontal.facteur);
+  const auto v = static_cast<std::size_t>(demande.vertical.facteur);
+  const Matrice lignes = LirePoints(contexte.Exiger(".FI2"), std::max(h, v)).coordonnees;
+  if (lignes.Colonnes() < individus) throw Erreur(kFinDeFichierDepassee);
+  codageLogique = lignes.Colonnes() == individus;
+  std::vector<Position> points;
+  points.reserve(individus);
+  for (std::size_t i = lignes.Colonnes() - individus; i < lignes.Colonnes(); ++i)
+    points.push_back({(demande.horizontal.inverse ? -1 : 1) * demande.echelle * lignes(h - 1, i),
+                      (demande.vertical.inverse ? -1 : 1) * demande.echelle * lignes(v - 1, i)});
+  return points;
+}
+
+// Where the modalities are told, once the lines of the coordinates have told which analysis made them; nothing without
+// the .CDG that they call for.
+std::optional<LignesDIndividus> LignesDe(const Contexte& contexte, const ParametresMod& parametres,
+                                         bool codageLogique) {
+  if (!codageLogique)
+    return LignesDIndividus{contexte.Exiger(".BRT"), NombreDeclare(parametres.colonnes),
+                            static_cast<std::size_t>(parametres.largeur), NombreDeclare(parametres.colonnes)};
+  const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
+  if (cdg) return LignesDIndividus{*cdg, 0, 1, NombreDeclare(parametres.colonnes)};
+  return std::nullopt;
+}
+
+std::vector<std::size_t> PlacesDansLaLigne(const FichierMod& mod, std::span<const ModaliteMarquee> modalites) {
+  std::vector<std::size_t> places;
+  for (const ModaliteMarquee& modalite : modalites) {
+    const std::optional<std::size_t> place = SeuleModalite(mod.modalites, modalite.nom);
+    if (!place) throw Erreur(kIndiceHorsSelection);
+    places.push_back(*place);
+  }
+  return places;
+}
+
+// As many lines of coordinates as individuals: their logical coding was the table.
+bool EstCodageLogique(const Contexte& contexte) {
+  const std::optional<Chemin> mod = contexte.Chercher(".MOD");
+  const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
+  if (!mod || !fi2) return false;
+  const double individus = LireParametres(LireMod(*mod).parametres).lignesSup;
+  return static_cast<double>(CompterLignes(*fi2)) == individus;
+}
+
+// The table of the individuals is asked for where they are read from it; the report is that of the analysis done last.
+FichiersDesEllipses ChercherFichiers(const Contexte& contexte, std::string_view analyse) {
+  const auto exigence = [&](std::string_view extension) {
+    return FichierObligatoire{contexte.Nom(extension), contexte.Chercher(extension).has_value()};
+  };
+  const FichierObligatoire table = EstCodageLogique(contexte) ? FichierObligatoire{{}, true} : exigence(".BRT");
+  return {exigence(".MOD"), exigence(analyse), exigence(".FI2"), table};
+}
+
+void ExigerTous(const FichiersDesEllipses& fichiers) {
+  std::string absents;
+  for (const FichierObligatoire& fichier : fichiers) {
+    if (fichier.present) continue;
+    if (!absents.empty()) absents += "\r\n";
+    absents += Joindre({"Le fichier ", fichier.nom, " n'existe pas"});
+  }
+  if (!absents.empty()) throw Erreur(kFichierIntrouvable, absents);
+}
+
+EllipsesDeModalite EllipsesDe(const ModaliteMarquee& marquee, const Nuage& nuage, const AxesDInertie& axes,
+                              const ChoixEllipses& choix) {
+  const Position centre = nuage.Centre();
+  EllipsesDeModalite modalite{
+      marquee.nom, marquee.intitule, nuage.effectif, {kMilliemes * centre.x, kMilliemes * centre.y}, axes, {}, {}};
+  for (const GenreEllipse genre : kGenresEllipse) {
+    if (!choix.Voulue(genre)) continue;
+    modalite.genres.push_back(genre);
+    modalite.observes.push_back(PourcentageObserve(nuage, axes, Kappa(genre)));
+  }
+  return modalite;
+}
+
+// The rows that the modalities are read from must be those of the coordinates.
+void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, const LignesDIndividus& lignes,
+                             std::size_t individus) {
+  const Chemin fi2 = contexte.Exiger(".FI2");
+  const std::optional<Chemin> fj2 = contexte.Chercher(".FJ2");
+  const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
+  const std::size_t presentes = LirePoints(fi2, 0).noms.size();
+  const std::string_view relance = " : refaites les modalités et les facteurs"_w;
+  if (presentes != individus && presentes != individus + lignes.colonnes)
+    Refuser(Joindre({"*** Arret du programme : ", contexte.Nom(".FI2"), " n'a pas les individus de ",
+                     TexteDe(lignes.fichier.filename()), relance}));
+  if (!faj) return;
+  const std::size_t facteurs = LireFaj(*faj).Facteurs();
+  std::vector<bool> actives;
+  for (const Modalite& modalite : mod.modalites) actives.push_back(!modalite.supplementaire);
+  actives.resize(lignes.colonnes);
+  std::optional<Matrice> colonnes;
+  if (fj2 && DerniereAnalyse(contexte) == ".AFC") colonnes = LirePoints(*fj2, facteurs).coordonnees;
+  const std::optional<std::int64_t> deplace = PremierDeplace(
+      lignes, actives, LirePoints(fi2, facteurs, individus).coordonnees, colonnes ? &*colonnes : nullptr);
+  if (deplace)
+    Refuser(
+        Joindre({"*** Arret du programme : l'individu ", Nombre(*deplace), " de ", TexteDe(lignes.fichier.filename()),
+                 " n'a pas les coordonnées de "_w, contexte.Nom(".FI2"), relance}));
+}
+
+// The parameters of the table, whose remarks are kept; a table without the individuals has no ellipses.
+ParametresMod LireTableau(const Contexte& contexte, const FichierMod& mod, BilanEllipses& bilan) {
+  ParametresMod parametres = LireParametres(mod.parametres);
+  bilan.remarques.insert(bilan.remarques.end(), parametres.remarques.begin(), parametres.remarques.end());
+  if (parametres.burt != 1)
+    Refuser("*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
+  if (parametres.largeur < 1)
+    Refuser(Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
+  return parametres;
+}
+
+// The clouds of the modalities that are asked for; none without the .CDG that the coordinates call for, which is told.
+std::vector<Nuage> LireLesNuages(const Contexte& contexte, const DemandeEllipses& demande, std::string_view analyse,
+                                 BilanEllipses& bilan) {
+  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
+  const ParametresMod parametres = LireTableau(contexte, mod, bilan);
+  const std::vector<double> racines = RacinesDesValeursPropres(contexte.Exiger(analyse));
+  for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
+    if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
+  bool codageLogique = false;
+  const std::vector<Position> points =
+      PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);
+  const std::optional<LignesDIndividus> lignes = LignesDe(contexte, parametres, codageLogique);
+  if (!lignes) {
+    bilan.avis.emplace_back("Le fichier en codage logique n'existe pas, vérifiez et relancez"_w);
+    return {};
+  }
+  ExigerLesMemesIndividus(contexte, mod, *lignes, points.size());
+  return LireNuages(*lignes, PlacesDansLaLigne(mod, demande.modalites), points);
+}
+
+void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanEllipses& bilan) {
+  const std::string_view analyse = DerniereAnalyse(contexte);
+  bilan.fichiers = ChercherFichiers(contexte, analyse);
+  ExigerTous(*bilan.fichiers);
+  for (const std::string& remarque : demande.remarques)
+    bilan.remarques.push_back(Joindre({"*** Attention : ", remarque}));
+  const std::vector<Nuage> nuages = LireLesNuages(contexte, demande, analyse, bilan);
+  for (std::size_t m = 0; m < nuages.size(); ++m) {
+    if (nuages[m].effectif == 0) continue;
+    if (const std::optional<AxesDInertie> axes = AxesDuNuage(nuages[m]))
+      bilan.tracees.push_back(EllipsesDe(demande.modalites[m], nuages[m], *axes, demande.choix));
+    else bilan.avis.emplace_back("calcul impossible. Relancez ellipse");
+  }
+}
+
+}  // namespace
+
+std::string_view DerniereAnalyse(const Contexte& contexte) {
+  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
+  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
+  if (!acp) return ".AFC";
+  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
+}
+
+BilanEllipses MesurerEllipses(const Contexte& contexte, const DemandeEllipses& demande) {
+  BilanEllipses bilan;
+  try {
+    Mesurer(contexte, demande, bilan);
+  } catch (...) {
+    bilan.arret = ErreurEnCours();
+  }
+  return bilan;
+}
+
+}  // namespace quelvar::factor

@@ -1,0 +1,144 @@
+#include "modalities/regroupement/table.h"
+
+#include <algorithm>
+
+#include "core/enquete/coherence.h"
+#include "core/enquete/colonnes.h"
+#include "core/enquete/noms.h"
+#include "core/texte/nombres.h"
+#include "modalities/modalites.h"
+
+namespace quelvar::modalities {
+
+namespace {
+
+constexpr std::string_view kArret = "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
+
+std::size_t NombreDeColonnes(const TableAGrouper& table) {
+  if (table.parametres.burt > 1) return static_cast<std::size_t>(table.parametres.burt);
+  return table.mod.modalites.size();
+}
+
+// Marks a column by its name; a name that the list does not hold stops the run.
+void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
+                     const std::vector<std::string>& noms, std::vector<char>& marques) {
+  for (const std::string& nom : noms) {
+    const auto& modalites = table.mod.modalites;
+    const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
+    if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
+    if (rangs.empty() || rangs.front() >= marques.size()) {
+      Avertir(rapport, contexte.Ecran(), PhraseInconnue(nom));
+      throw Erreur(kArretAnnonce);
+    }
+    marques[rangs.front()] = 1;
+  }
+}
+
+std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
+  std::vector<std::string> noms;
+  LecteurLignes lecteur(table.brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) noms.emplace_back(ligne.substr(0, kLargeurDeModalite));
+  return noms;
+}
+
+void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
+                   std::vector<std::string> noms, std::vector<char>& marques) {
+  if (noms.empty()) return;
+  const std::vector<std::string> lignes = NomsDesLignes(table);
+  for (const std::string& nom : noms) {
+    const auto homonymes = [&](const std::vector<std::string>& autres) {
+      return std::count_if(autres.begin(), autres.end(),
+                           [&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
+    };
+    if (homonymes(lignes) > std::max<std::ptrdiff_t>(homonymes(noms), 1))
+      throw Erreur(
+          kIncompatibiliteType,
+          Joindre({"*** Arret du programme : le nom ", nom, " est celui de ", Nombre(std::int64_t{homonymes(lignes)}),
+                   " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
+  }
+  LecteurLignes lecteur(table.brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);) {
+    const auto trouvee = std::find_if(noms.begin(), noms.end(), [&](const std::string& nom) {
+      return RognerDroite(nom) == RognerDroite(ligne.substr(0, kLargeurDeModalite));
+    });
+    marques.push_back(trouvee == noms.end() ? char{0} : char{1});
+    if (trouvee != noms.end()) noms.erase(trouvee);
+  }
+  if (noms.empty()) return;
+  Avertir(rapport, contexte.Ecran(), Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"}));
+  throw Erreur(kArretAnnonce);
+}
+
+}  // namespace
+
+TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
+  TableAGrouper table;
+  bool manque = false;
+  const auto chercher = [&](std::string_view extension, bool exige) {
+    std::optional<Chemin> chemin = contexte.Chercher(extension);
+    if (!chemin && exige) {
+      rapport.Ligne({"*** Le fichier ", contexte.Nom(extension), " n'existe pas"});
+      manque = true;
+    }
+    return chemin;
+  };
+  const std::optional<Chemin> mod = chercher(".MOD", true);
+  const std::optional<Chemin> brt = chercher(".BRT", true);
+  if (mod) {
+    table.mod = LireMod(*mod);
+    table.parametres = LireParametres(table.mod.parametres);
+    rapport.Lignes(table.parametres.remarques);
+  }
+  table.pos = chercher(".POS", table.parametres.burt > 0);
+  if (manque) {
+    Avertir(rapport, contexte.Ecran(), kArret);
+    throw Erreur(kArretAnnonce);
+  }
+  table.brt = *brt;
+  if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
+  return table;
+}
+
+std::int64_t CompterRangees(const Chemin& brt) {
+  std::int64_t rangees = 0;
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);)
+    if (!Rogner(ligne).empty()) ++rangees;
+  return rangees;
+}
+
+PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
+                             const OptionsModifBurt& options) {
+  PlanDeRegroupement plan;
+  plan.ancienneLargeur = table.parametres.largeur;
+  plan.colonnes.assign(NombreDeColonnes(table), 0);
+  MarquerColonnes(contexte, rapport, table, options.colonnes, plan.colonnes);
+  if (table.parametres.burt > 0) {
+    MarquerColonnes(contexte, rapport, table, options.lignes, plan.colonnes);
+    plan.lignes = plan.colonnes;
+    plan.lignesActives = static_cast<std::int64_t>(plan.colonnes.size());
+    return plan;
+  }
+  MarquerLignes(contexte, rapport, table, options.lignes, plan.lignes);
+  plan.lignesActives = CompterRangees(table.brt) - Entier64(std::max(table.parametres.lignesSup, 0.0));
+  return plan;
+}
+
+void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
+                      OptionsModifBurt options) {
+  std::vector<std::string> colonnes;
+  for (const Modalite& modalite : table.mod.modalites) colonnes.push_back(modalite.nom);
+  std::vector<std::string> lignes;
+  if (table.parametres.burt > 0) {
+    options.colonnes.insert(options.colonnes.end(), options.lignes.begin(), options.lignes.end());
+    options.lignes.clear();
+  } else if (!options.lignes.empty()) {
+    lignes = NomsDesLignes(table);
+  }
+  const std::string refus = RefusDuNom(options, colonnes, lignes);
+  if (refus.empty()) return;
+  Avertir(rapport, contexte.Ecran(), Joindre({"*** ", refus}));
+  throw Erreur(kArretAnnonce);
+}
+
+}  // namespace quelvar::modalities
