@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QInputDialog>
@@ -16,11 +17,16 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QSet>
+#include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolBar>
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <utility>
 
 using namespace quelvar::forms;
 
@@ -188,7 +194,7 @@ bool Actif(const QWidget& forme, const char* nom) { return Bureau::Dans<QWidget>
 bool Coche(const QWidget& forme, const char* nom) { return Bureau::Dans<QAbstractButton>(forme, nom).isChecked(); }
 QString Etiquette(const QWidget& forme, const char* nom) {
   if (const auto* texte = forme.findChild<QPlainTextEdit*>(QString::fromUtf8(nom))) return texte->toPlainText();
-  return Bureau::Dans<QLabel>(forme, nom).text();
+  return Bureau::Dans<QLabel>(forme, nom).text().remove(u'&');
 }
 QString Champ(const QWidget& forme, const char* nom) { return Bureau::Dans<QLineEdit>(forme, nom).text(); }
 
@@ -233,42 +239,104 @@ QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget&
 
 namespace {
 
-void VerifierLettres(const QWidget& fenetre) {
-  QMap<QString, QStringList> lettres;
-  const auto noter = [&](const QWidget& controle, const QString& texte) {
-    const QString lettre = QKeySequence::mnemonic(texte).toString();
-    if (!lettre.isEmpty() && controle.isVisible()) lettres[lettre] << texte;
-  };
-  for (const auto* bouton : fenetre.findChildren<QAbstractButton*>()) noter(*bouton, bouton->text());
+// The controls that answer to an Alt key by their caption, that of a label for the field it leads to.
+template <class F>
+void PourChaqueLegende(const QWidget& fenetre, const F& faire) {
+  for (const auto* bouton : fenetre.findChildren<QAbstractButton*>())
+    if (!qobject_cast<const QTabBar*>(bouton->parentWidget()) && !qobject_cast<const QToolBar*>(bouton->parentWidget()))
+      faire(*bouton, bouton->text());
   for (const auto* libelle : fenetre.findChildren<QLabel*>())
-    if (libelle->buddy() != nullptr) noter(*libelle, libelle->text());
-  for (const auto* cadre : fenetre.findChildren<QGroupBox*>()) noter(*cadre, cadre->title());
-  for (auto i = lettres.cbegin(); i != lettres.cend(); ++i)
-    EXPECT_EQ(i.value().size(), 1) << i.key().toStdString() << ": " << i.value().join(u" / ").toStdString();
+    if (libelle->buddy() != nullptr) faire(*libelle, libelle->text());
+  for (const auto* cadre : fenetre.findChildren<QGroupBox*>())
+    if (cadre->isCheckable()) faire(*cadre, cadre->title());
 }
 
+bool AUneLettre(const QString& texte) {
+  return std::any_of(texte.begin(), texte.end(), [](QChar c) { return c.isLetter(); });
+}
+
+// The page of the tabs that holds the control, if any.
+const QWidget* PageDe(const QWidget& controle) {
+  for (const QWidget* parent = &controle; parent->parentWidget() != nullptr; parent = parent->parentWidget())
+    if (qobject_cast<const QStackedWidget*>(parent->parentWidget()) != nullptr) return parent;
+  return nullptr;
+}
+
+// One letter each: none twice, and none lacking as long as one of the caption is free, also of what may come up later.
+void VerifierLettres(const QWidget& fenetre) {
+  QMap<QString, QStringList> vues;
+  QList<std::pair<QString, const QWidget*>> prises;  // and the page of the letter
+  PourChaqueLegende(fenetre, [&](const QWidget& controle, const QString& texte) {
+    const QString lettre = QKeySequence::mnemonic(texte).toString();
+    if (lettre.isEmpty()) return;
+    if (controle.isVisible()) vues[lettre] << texte;
+    prises.append({lettre, PageDe(controle)});
+  });
+  for (auto i = vues.cbegin(); i != vues.cend(); ++i)
+    EXPECT_EQ(i.value().size(), 1) << i.key().toStdString() << ": " << i.value().join(u" / ").toStdString();
+  if (qobject_cast<const QMessageBox*>(&fenetre) != nullptr || qobject_cast<const QInputDialog*>(&fenetre) != nullptr)
+    return;  // Enter and Escape answer it
+  PourChaqueLegende(fenetre, [&](const QWidget& controle, const QString& texte) {
+    if (!controle.isVisible() || !QKeySequence::mnemonic(texte).isEmpty()) return;
+    const QWidget* const page = PageDe(controle);
+    const auto libre = std::find_if(texte.begin(), texte.end(), [&](QChar c) {
+      const QString lettre = QStringLiteral("Alt+") + c.toUpper();
+      return c.unicode() < 128 && c.isLetter() && std::none_of(prises.begin(), prises.end(), [&](const auto& prise) {
+               return prise.first == lettre && (page == nullptr || prise.second == nullptr || prise.second == page);
+             });
+    });
+    EXPECT_TRUE(libre == texte.end()) << QString(*libre).toStdString() << " is free for " << texte.toStdString();
+  });
+}
+
+const QWidget* CadreTitre(const QWidget& controle) {
+  for (const QWidget* parent = controle.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+    if (const auto* cadre = qobject_cast<const QGroupBox*>(parent); cadre != nullptr && !cadre->title().isEmpty())
+      return cadre;
+  return nullptr;
+}
+
+// A name that is words, and no other control of the frame has.
 void VerifierNoms(const QWidget& fenetre) {
+  QMap<std::pair<const QWidget*, QString>, QStringList> noms;
   for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
     const bool dedans = controle->objectName() == QStringLiteral("qt_spinbox_lineedit");  // named by what it is in
     if (!controle->isVisible() || !(controle->focusPolicy() & Qt::TabFocus) || dedans) continue;
+    if (controle->focusProxy() != nullptr || qobject_cast<QTabBar*>(controle) != nullptr) continue;
     QAccessibleInterface* acces = QAccessible::queryAccessibleInterface(controle);
-    EXPECT_TRUE(acces != nullptr && !acces->text(QAccessible::Name).isEmpty())
-        << controle->metaObject()->className() << ' ' << controle->objectName().toStdString();
+    // Of a list that opens the platform reads the value, and the name apart.
+    const bool liste = qobject_cast<QComboBox*>(controle) != nullptr;
+    const QString nom = acces == nullptr ? QString()
+                        : liste          ? controle->accessibleName()
+                                         : acces->text(QAccessible::Name);
+    EXPECT_TRUE(AUneLettre(nom)) << controle->metaObject()->className() << ' ' << controle->objectName().toStdString()
+                                 << ": \"" << nom.toStdString() << '"';
+    noms[{CadreTitre(*controle), nom}] << controle->objectName();
   }
+  for (auto i = noms.cbegin(); i != noms.cend(); ++i)
+    EXPECT_EQ(i.value().size(), 1) << i.key().second.toStdString() << ": " << i.value().join(u' ').toStdString();
 }
 
-// The Tab key reaches every control, and comes back to where it started.
+// Whether the first rectangle is read behind the second: it lies below it in one column, or right of it in one row.
+bool SeLitApres(const QRect& a, const QRect& b) {
+  const bool colonne = a.left() <= b.right() && b.left() <= a.right();
+  const bool rangee = a.top() <= b.bottom() && b.top() <= a.bottom();
+  return (colonne && a.top() > b.bottom()) || (rangee && a.left() > b.right());
+}
+
+// The Tab key goes through the window as it is read: never up in a column, nor to the left in a row.
 void VerifierTabulation(QWidget& fenetre) {
-  QSet<const QWidget*> attendus;
-  for (const QWidget* controle : fenetre.findChildren<QWidget*>())
-    if (controle->isVisible() && controle->isEnabled() && (controle->focusPolicy() & Qt::TabFocus) &&
-        controle->focusProxy() == nullptr && controle->window() == &fenetre)
-      attendus << controle;
-  QSet<const QWidget*> vus;
-  for (const QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre && suivant != nullptr;
+  QList<QWidget*> chaine;
+  for (QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre && suivant != nullptr;
        suivant = suivant->nextInFocusChain())
-    vus << suivant;
-  for (const QWidget* controle : attendus) EXPECT_TRUE(vus.contains(controle)) << controle->objectName().toStdString();
+    if (suivant->isVisible() && (suivant->focusPolicy() & Qt::TabFocus) && suivant->focusProxy() == nullptr &&
+        suivant->window() == &fenetre && qobject_cast<const QTabBar*>(suivant) == nullptr)
+      chaine << suivant;
+  const auto place = [&fenetre](const QWidget& c) { return QRect(c.mapTo(&fenetre, QPoint(0, 0)), c.size()); };
+  for (qsizetype i = 0; i < chaine.size(); ++i)
+    for (qsizetype j = i + 1; j < chaine.size(); ++j)
+      EXPECT_FALSE(SeLitApres(place(*chaine[i]), place(*chaine[j])))
+          << chaine[i]->objectName().toStdString() << " comes before " << chaine[j]->objectName().toStdString();
 }
 
 }  // namespace

@@ -126,8 +126,8 @@ bool Coche(const QWidget& forme, const char* nom);
 QString Etiquette(const QWidget& forme, const char* nom);  // of a label, or of a text that the form only shows
 QString Champ(const QWidget& forme, const char* nom);
 
-// What holds for every window: one letter each, a name for every control that a screen reader meets, all of them within
-// reach of the Tab key.
+// What holds for every window: one letter each and none lacking, a name in words for every control that a screen reader
+// meets, and a Tab key that goes through the window as it is read.
 void VerifierControles(QWidget& fenetre);
 
 // Takes the line that "Voir la commande" of the form shows, does what the form does, and tries the line with

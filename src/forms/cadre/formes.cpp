@@ -18,7 +18,7 @@ void Formes::Presenter(Forme& forme) {
     forme.ensurePolished();
     if (!forme.testAttribute(Qt::WA_Resized)) forme.adjustSize();
     NommerLesControles(forme);
-    DistinguerLesLettres(forme);
+    DonnerLesLettres(forme);
     TenirDansLEcran(forme);  // bars, if any, come before the controls are seen
   }
   forme.show();

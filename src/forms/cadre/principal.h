@@ -52,38 +52,39 @@ class Principal : public QMainWindow {
   void closeEvent(QCloseEvent* evenement) override;
 
  private:
+  // --- what the window is made of ---
   void RelierMenus();
   void RelierControles();
+  void RelierEditeur();
   void Relier(const char* action, const std::function<void()>& effet);
   QAction* Action(const QString& nom) const;
-
-  void Demarrer();
-  void OuvrirEtRapporter();
-  void ProposerGeneriques(const std::vector<std::string>& noms);
-  void MontrerSession();
-  void ChangerNiveau(int niveau);
-  void ReconstruireRecents();
-  void ChercherInitialisation();
-  void NouvelleDemande();
+  bool ProgrammeExiste(const QString& action) const;
   void FixerTailleDEcran(const QString& action);
 
-  Contexte ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
-  bool ProgrammeExiste(const QString& action) const;
+  // --- the session (principal_session.cpp) ---
+  void Demarrer();
+  void OuvrirEtRapporter();
   bool OuvrirInitialisation(const Chemin& initialisation);
+  void ChercherInitialisation();
+  void ReconstruireRecents();
+  void ProposerGeneriques(const std::vector<std::string>& noms);
   bool AccepterGenerique(const QString& saisi);
   void ChoisirGenerique(const QString& choisi);
   void AdopterGenerique(std::string_view generique);
+  void ChangerNiveau(int niveau);
+  void NouvelleDemande();
   void MontrerNouvelleUtilisation(bool nouvelle);
+  void MontrerSession();
+  Contexte ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
 
-  void RelierEditeur();
-  void EditerFichierDuGenerique(const char* extension);
-  QString ChoisirFichier(const QString& titre);
+  // --- runs, results and texts ---
   Dialogue EcranDesRuns();
-  bool DemarrerLecteur(const QString& fichier);
-
   void PermettreEnregistrement(bool permis);
   void PreparerMenuAffichage();
   void AfficherResultat(const EntreeDAffichage& entree);
+  void EditerFichierDuGenerique(const char* extension);
+  QString ChoisirFichier(const QString& titre);
+  bool DemarrerLecteur(const QString& fichier);
   void Annoncer(const QString& texte);
 
   Environnement environnement_;

@@ -113,7 +113,7 @@ QString EditTexte::Admettre(const QString& texte) {
   net.replace(u'\r', u'\n');
   const QString admis = VersQString(CaracteresAdmis(net.toStdU16String(), encodage_));
   if (admis.count(u'?') > net.count(u'?'))
-    emit Remarque(QStringLiteral("Un caractère absent de la page de code est devenu « ? »"));
+    emit Signale(QStringLiteral("Un caractère absent de la page de code est devenu « ? »"));
   return admis;
 }
 
@@ -132,7 +132,7 @@ void EditTexte::insertFromMimeData(const QMimeData* source) {
   if (!canInsertFromMimeData(source)) return;
   const QString texte = source->text();
   if (Deborde(texte)) {
-    emit Remarque(QStringLiteral("Rien n'est collé : le texte dépasserait ce que l'éditeur peut tenir"));
+    emit Signale(QStringLiteral("Rien n'est collé : le texte dépasserait ce que l'éditeur peut tenir"));
     return;
   }
   insertPlainText(Admettre(texte));

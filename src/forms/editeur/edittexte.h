@@ -41,7 +41,7 @@ class EditTexte : public TexteFixe {
  signals:
   void Charge(int pourcent);  // 100 at the end
   // Something typed or pasted was not taken as it was.
-  void Remarque(const QString& phrase);
+  void Signale(const QString& phrase);
 
  protected:
   bool canInsertFromMimeData(const QMimeData* source) const override;

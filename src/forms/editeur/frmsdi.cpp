@@ -91,7 +91,7 @@ void frmSDI::RelierEdition() {
   connect(texte, &QPlainTextEdit::copyAvailable, ui_->mnuCouper, &QAction::setEnabled);
   connect(texte, &QPlainTextEdit::cursorPositionChanged, this, &frmSDI::MontrerPosition);
   connect(texte, &QPlainTextEdit::selectionChanged, this, &frmSDI::MontrerPosition);
-  connect(texte, &EditTexte::Remarque, this, &frmSDI::Dire);
+  connect(texte, &EditTexte::Signale, this, &frmSDI::Dire);
   connect(texte, &EditTexte::Charge, this, [this](int pourcent) {
     if (pourcent < 100) Dire(QStringLiteral("Chargement... %1 %").arg(pourcent));
     else ui_->BarreDEtat->clearMessage();

@@ -1,17 +1,13 @@
 #include "forms/pieces/commande.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QGroupBox>
-#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSet>
 #include <utility>
 
 #include "forms/texte/texte_qt.h"
@@ -20,23 +16,6 @@ namespace quelvar::forms {
 
 namespace {
 
-// The caption with the first letter that no control of the window answers to.
-QString AvecLettreLibre(const QWidget& fenetre, const QString& texte) {
-  QSet<QString> prises;
-  for (const auto* bouton : fenetre.findChildren<QAbstractButton*>())
-    prises << QKeySequence::mnemonic(bouton->text()).toString();
-  for (const auto* libelle : fenetre.findChildren<QLabel*>())
-    prises << QKeySequence::mnemonic(libelle->text()).toString();
-  for (const auto* cadre : fenetre.findChildren<QGroupBox*>())
-    prises << QKeySequence::mnemonic(cadre->title()).toString();
-  for (qsizetype i = 0; i < texte.size(); ++i) {
-    QString essai = texte;
-    essai.insert(i, u'&');
-    if (texte[i].isLetter() && !prises.contains(QKeySequence::mnemonic(essai).toString())) return essai;
-  }
-  return texte;
-}
-
 // The layout that holds the control itself.
 QLayout* RangeeDe(QLayout* disposition, QWidget& controle) {
   for (int i = 0; disposition != nullptr && i < disposition->count(); ++i) {
@@ -44,6 +23,25 @@ QLayout* RangeeDe(QLayout* disposition, QWidget& controle) {
     if (QLayout* dedans = RangeeDe(disposition->itemAt(i)->layout(), controle)) return dedans;
   }
   return nullptr;
+}
+
+bool PrendLeClavier(const QWidget& controle) { return (controle.focusPolicy() & Qt::TabFocus) != 0; }
+
+// The Tab key comes to the button just before it comes to the other.
+void Preceder(QWidget& suivant, QWidget& bouton) {
+  QWidget* avant = suivant.previousInFocusChain();
+  while (!PrendLeClavier(*avant) && avant != &suivant) avant = avant->previousInFocusChain();
+  QWidget::setTabOrder(avant, &bouton);
+  QWidget::setTabOrder(&bouton, &suivant);
+}
+
+// The Tab key comes to the button behind all that the grid holds.
+void SuivreLaGrille(QWidget& fenetre, const QLayout& grille, QWidget& bouton) {
+  QWidget* dernier = nullptr;
+  for (QWidget* controle = fenetre.nextInFocusChain(); controle != &fenetre; controle = controle->nextInFocusChain())
+    if (controle != &bouton && PrendLeClavier(*controle) && grille.parentWidget()->isAncestorOf(controle))
+      dernier = controle;
+  if (dernier != nullptr) QWidget::setTabOrder(dernier, &bouton);
 }
 
 void Montrer(QWidget& fenetre, const QString& commande) {
@@ -74,7 +72,7 @@ void Montrer(QWidget& fenetre, const QString& commande) {
 QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::string()> commande,
                                    const BoutonDeCommande& voulu) {
   QWidget& fenetre = *lancer.window();
-  auto* bouton = new QPushButton(AvecLettreLibre(fenetre, voulu.texte), lancer.parentWidget());
+  auto* bouton = new QPushButton(voulu.texte, lancer.parentWidget());
   bouton->setObjectName(voulu.nom);
   bouton->setAutoDefault(false);
   QLayout* disposition = RangeeDe(lancer.parentWidget()->layout(), lancer);
@@ -82,7 +80,8 @@ QPushButton& AjouterVoirLaCommande(QPushButton& lancer, std::function<std::strin
   else if (auto* grille = qobject_cast<QGridLayout*>(disposition))
     grille->addWidget(bouton, grille->rowCount(), 0, 1, -1);
   else if (disposition != nullptr) disposition->addWidget(bouton);
-  QWidget::setTabOrder(&lancer, bouton);
+  if (qobject_cast<QGridLayout*>(disposition) != nullptr) SuivreLaGrille(fenetre, *disposition, *bouton);
+  else Preceder(lancer, *bouton);
   QObject::connect(bouton, &QPushButton::clicked, &fenetre,
                    [&fenetre, commande = std::move(commande)] { Montrer(fenetre, VersQt(commande())); });
   return *bouton;

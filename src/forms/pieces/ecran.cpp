@@ -12,6 +12,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 
 namespace quelvar::forms {
 
@@ -19,13 +20,17 @@ namespace {
 
 QString SansLettre(QString texte) { return texte.remove(u'&').simplified(); }
 
+bool AUneLettre(const QString& texte) {
+  return std::any_of(texte.begin(), texte.end(), [](QChar c) { return c.isLetter(); });
+}
+
 // The caption of the nearest frame around the control that has one.
 QString CadreDe(const QWidget& controle) {
   for (const QWidget* parent = controle.parentWidget(); parent != nullptr && !parent->isWindow();
        parent = parent->parentWidget())
     if (const auto* cadre = qobject_cast<const QGroupBox*>(parent); cadre != nullptr && !cadre->title().isEmpty())
       return SansLettre(cadre->title());
-  return controle.window()->windowTitle();
+  return {};
 }
 
 // The page of the tabs that holds the control; none for what is always seen.
@@ -47,39 +52,56 @@ bool EstPrise(const QList<Lettre>& prises, const Lettre& lettre) {
   });
 }
 
-// The caption with a letter that is free, none when there is none.
-QString AvecAutreLettre(QString texte, const QList<Lettre>& prises, const QWidget* page) {
+// The caption with a letter of the keyboard that is free, none when there is none.
+QString AvecLettreLibre(QString texte, const QList<Lettre>& prises, const QWidget* page) {
   texte.remove(u'&');
   for (qsizetype i = 0; i < texte.size(); ++i) {
     QString essai = texte;
     essai.insert(i, u'&');
-    if (texte[i].isLetter() && !EstPrise(prises, {QKeySequence::mnemonic(essai).toString(), page})) return essai;
+    const bool duClavier = texte[i].unicode() < 128 && texte[i].isLetter();
+    if (duClavier && !EstPrise(prises, {QKeySequence::mnemonic(essai).toString(), page})) return essai;
   }
   return texte;
 }
 
+// A caption that an Alt key leads to, and how it is changed.
+struct Legende {
+  const QWidget* controle;
+  QString texte;
+  std::function<void(const QString&)> poser;
+};
+
+QList<Legende> LegendesDe(QWidget& fenetre) {
+  QList<Legende> legendes;
+  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
+    if (auto* bouton = qobject_cast<QAbstractButton*>(controle); bouton != nullptr && AUneLettre(bouton->text()))
+      legendes.append({bouton, bouton->text(), [bouton](const QString& texte) { bouton->setText(texte); }});
+    else if (auto* libelle = qobject_cast<QLabel*>(controle); libelle != nullptr && libelle->buddy() != nullptr)
+      legendes.append({libelle, libelle->text(), [libelle](const QString& texte) { libelle->setText(texte); }});
+    else if (auto* cadre = qobject_cast<QGroupBox*>(controle); cadre != nullptr && cadre->title().contains(u'&'))
+      legendes.append({cadre, cadre->title(), [cadre](const QString& texte) { cadre->setTitle(texte); }});
+  }
+  return legendes;
+}
+
 }  // namespace
 
-void DistinguerLesLettres(QWidget& fenetre) {
+void DonnerLesLettres(QWidget& fenetre) {
   QList<Lettre> prises;
-  const auto passer = [&](QWidget& controle, const QString& texte, const auto& poser) {
-    const QWidget* page = PageDe(controle);
-    QString touche = QKeySequence::mnemonic(texte).toString();
-    if (touche.isEmpty() || controle.isHidden()) return;
-    if (EstPrise(prises, {touche, page})) {
-      const QString autre = AvecAutreLettre(texte, prises, page);
-      poser(autre);
-      touche = QKeySequence::mnemonic(autre).toString();
-    }
-    if (!touche.isEmpty()) prises.append({touche, page});
-  };
-  for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
-    if (auto* bouton = qobject_cast<QAbstractButton*>(controle))
-      passer(*bouton, bouton->text(), [bouton](const QString& texte) { bouton->setText(texte); });
-    else if (auto* libelle = qobject_cast<QLabel*>(controle); libelle != nullptr && libelle->buddy() != nullptr)
-      passer(*libelle, libelle->text(), [libelle](const QString& texte) { libelle->setText(texte); });
-    else if (auto* cadre = qobject_cast<QGroupBox*>(controle))
-      passer(*cadre, cadre->title(), [cadre](const QString& texte) { cadre->setTitle(texte); });
+  const QList<Legende> legendes = LegendesDe(fenetre);
+  const auto touche = [](const QString& texte) { return QKeySequence::mnemonic(texte).toString(); };
+  QList<const Legende*> sansLettre;
+  for (const Legende& legende : legendes) {
+    const Lettre lettre{touche(legende.texte), PageDe(*legende.controle)};
+    const bool prise = !lettre.touche.isEmpty() && !legende.controle->isHidden() && EstPrise(prises, lettre);
+    if (lettre.touche.isEmpty() || prise) sansLettre.append(&legende);
+    else prises.append(lettre);
+  }
+  for (const Legende* legende : sansLettre) {
+    const QWidget* const page = PageDe(*legende->controle);
+    const QString autre = AvecLettreLibre(legende->texte, prises, page);
+    if (autre != legende->texte) legende->poser(autre);
+    if (const QString prise = touche(autre); !prise.isEmpty()) prises.append({prise, page});
   }
 }
 
@@ -156,11 +178,14 @@ void NommerLesControles(QWidget& fenetre) {
       controle->setAccessibleName(SansLettre(libelle->text()));
   for (QWidget* controle : fenetre.findChildren<QWidget*>()) {
     if (controle->focusPolicy() == Qt::NoFocus || !controle->accessibleName().isEmpty()) continue;
-    if (const auto* bouton = qobject_cast<const QAbstractButton*>(controle);
-        bouton != nullptr && !bouton->text().isEmpty())
-      continue;  // its caption
+    if (const auto* legende = qobject_cast<const QAbstractButton*>(controle);
+        legende != nullptr && AUneLettre(legende->text()))
+      continue;
     const QString infobulle = SansLettre(controle->toolTip());
-    controle->setAccessibleName(infobulle.isEmpty() ? CadreDe(*controle) : infobulle);
+    const auto* bouton = qobject_cast<const QAbstractButton*>(controle);
+    if (!infobulle.isEmpty()) controle->setAccessibleName(infobulle);
+    else if (bouton != nullptr)
+      controle->setAccessibleName(CadreDe(*controle) + QStringLiteral(" : ") + bouton->text());
   }
 }
 

@@ -19,11 +19,12 @@ bool DepasseLEcran(const QWidget& fenetre);
 const QWidget& ContenuDe(const QWidget& fenetre);
 
 // Gives the controls that take the focus the name by which a screen reader calls them, from what stands beside them:
-// the label that leads to it, its tool tip, the frame that it is in. A name that is there stays.
+// the label that leads to it, its tool tip, or for a button whose caption is a sign or a number the frame that it is
+// in. A name that is there stays, and a caption in words is one.
 void NommerLesControles(QWidget& fenetre);
 
-// Two controls that are seen together and answer to the same Alt key leave one of them out of reach: the later one in
-// the order of the form takes a letter that is free, or none.
-void DistinguerLesLettres(QWidget& fenetre);
+// One letter each: a caption without one, and the later one of two that are seen together and answer to the same Alt
+// key, takes one that is free, or none when all of it are taken. Also after a caption has changed.
+void DonnerLesLettres(QWidget& fenetre);
 
 }  // namespace quelvar::forms

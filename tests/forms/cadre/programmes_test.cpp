@@ -14,7 +14,7 @@
 #include "forms/pilote.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/fimportcsv.h"
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/source.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
 #include "forms/programmes/sorts/choixrecodage.h"

@@ -5,7 +5,7 @@
 #include "capture/import_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/source.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimport.h"
 

@@ -4,8 +4,8 @@
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/capture/fimport.h"
-#include "forms/programmes/capture/import/apercuimport.h"
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/ouverture.h"
+#include "forms/programmes/capture/import/source.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_fimportcsv.h"
 

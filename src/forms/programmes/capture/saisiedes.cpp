@@ -1,6 +1,7 @@
 #include "forms/programmes/capture/saisiedes.h"
 
 #include "core/texte/horspage.h"
+#include "forms/pieces/ecran.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_saisiedes.h"
@@ -40,6 +41,7 @@ GenreDescription SaisieDes::Genre() const {
 
 void SaisieDes::ChangerGenre() {
   ui_->LibelleCodeMax->setText(VersQt(capture::LibelleCodeMax(Genre())));
+  DonnerLesLettres(*this);
   // The Tab key would stay with the one that was clicked last, from where the arrows no longer choose.
   for (QRadioButton* genre : {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2})
     genre->setFocusPolicy(genre->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);

@@ -44,7 +44,7 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
     controle->installEventFilter(this);
   ui_->FrListe->setVisible(false);
   ui_->TextMsg->setPlainText(VersQt(saisie_->fautes));
-  connect(ui_->TextMod, &ZoneDeFrappe::Frappee, this, &Saisief::Frapper);
+  connect(ui_->TextMod, &ZoneDeFrappe::Frappe, this, &Saisief::Frapper);
   connect(ui_->TextMod, &ZoneDeFrappe::ListeDemandee, this, &Saisief::MontrerListe);
   connect(ui_->BoutListe, &QPushButton::clicked, this, &Saisief::MontrerListe);
   connect(ui_->BoutCont, &QPushButton::clicked, this, &Saisief::Continuer);

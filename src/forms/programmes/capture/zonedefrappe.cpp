@@ -69,7 +69,7 @@ bool ZoneDeFrappe::Traiter(const QKeyEvent& evenement) {
   }
   if (EstRaccourci(evenement)) return false;
   if (const std::optional<NomDeTouche> nom = NomDe(evenement.key())) {
-    emit Frappee({*nom}, evenement.isAutoRepeat());
+    emit Frappe({*nom}, evenement.isAutoRepeat());
     return true;
   }
   if (evenement.text().isEmpty()) return false;
@@ -90,7 +90,7 @@ void ZoneDeFrappe::Envoyer(const QString& texte, bool tenue) {
   for (const QChar caractere : texte) {
     const std::string octets = DepuisQt(QString(caractere));
     if (octets.size() == 1 && (octets[0] != '?' || caractere == u'?'))
-      emit Frappee({NomDeTouche::Caractere, octets[0]}, tenue);
+      emit Frappe({NomDeTouche::Caractere, octets[0]}, tenue);
   }
 }
 

@@ -16,7 +16,7 @@ class ZoneDeFrappe : public QLabel {
 
  signals:
   // `tenue`: the key is held down and repeats itself.
-  void Frappee(quelvar::capture::Touche touche, bool tenue);
+  void Frappe(quelvar::capture::Touche touche, bool tenue);
   // The key that goes to the list of records.
   void ListeDemandee();
 

@@ -6,6 +6,7 @@
 
 #include "crosstab/croise_options.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/ecran.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/programmes/crosstab/graphe2.h"
 #include "forms/texte/texte_qt.h"
@@ -148,6 +149,7 @@ void ChoixVar::Montrer() {
   ui_->TitreNbTab->setText(VersQt(etat_.titre));
   ui_->TitreNbTab->setToolTip(VersQt(etat_.infobulle));
   ui_->BoutLancerTri->setText(VersQt(crosstab::TexteLancer(etat_)));
+  DonnerLesLettres(*this);
   ui_->BoutLancerTri->setEnabled(etat_.lancerPossible);
 }
 

@@ -39,7 +39,11 @@ ChoixRecodage::ChoixRecodage(Services& services) : Forme(services), ui_(std::mak
   Accorder(ui_->CaseTriang->isChecked());
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixRecodage::LancerRecodage);
   RelierQuitter(*ui_->BoutonTriaplNull);
-  RelierCommande(*ui_->BoutonTriapl, sorts::DescriptionRecodage(), contexte_, [this] { return Options(); });
+  AjouterVoirLaCommande(*ui_->BoutonTriapl, [this] {
+    return CommandeAvecFichier(
+        CommandeEquivalente(sorts::DescriptionRecodage(), contexte_.generique, contexte_.niveau, Options()),
+        ui_->CaseDat->isChecked());
+  });
   ui_->BoutonTriapl->setFocus();
 }
 

@@ -16,7 +16,11 @@ ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_un
   });
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixTriapl::LancerTri);
   RelierQuitter(*ui_->BoutonTriaplNull);
-  RelierCommande(*ui_->BoutonTriapl, sorts::DescriptionTriapl(), contexte_, [this] { return Options(); });
+  AjouterVoirLaCommande(*ui_->BoutonTriapl, [this] {
+    return CommandeAvecFichier(
+        CommandeEquivalente(sorts::DescriptionTriapl(), contexte_.generique, contexte_.niveau, Options()),
+        ui_->CaseDat->isChecked());
+  });
   ui_->BoutonTriapl->setFocus();
 }
 

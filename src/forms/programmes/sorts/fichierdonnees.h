@@ -12,4 +12,7 @@ namespace quelvar::forms {
 // asked for, nothing when the choice is cancelled.
 std::optional<std::string> ChoisirFichierDeDonnees(const Services& services, bool autre);
 
+// The line of a form whose file is chosen when its run starts: what is still to be said stands behind it.
+std::string CommandeAvecFichier(std::string commande, bool autre);
+
 }  // namespace quelvar::forms

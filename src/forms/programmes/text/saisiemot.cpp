@@ -17,7 +17,6 @@ SaisieMot::SaisieMot(Services& services)
   for (QWidget* fixe : std::initializer_list<QWidget*>{ui_->Verif, ui_->ListMots}) fixe->setFont(PoliceFixe());
   for (int lignes = 1; lignes <= text::kLignesProposees; ++lignes) ui_->CbLignMax->addItem(QString::number(lignes));
   PoserDefauts(*this, text::DescriptionSaisieMot());
-  ui_->OpNonNoté->setChecked(true);
   ui_->FrOptSp->setVisible(services.session.niveau == 2);
   RelierStimulus();
   for (const text::MotCompte& mot : mots_) ui_->ListMots->addItem(VersQt(mot.texte));

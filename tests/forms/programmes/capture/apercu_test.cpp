@@ -1,4 +1,6 @@
 // The import of a file that the user brings: what he sees of it, what he changes, and what is written.
+#include "forms/programmes/capture/import/apercu.h"
+
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
@@ -16,8 +18,8 @@
 #include "forms/pilote.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/fimportcsv.h"
-#include "forms/programmes/capture/import/apercuimport.h"
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/ouverture.h"
+#include "forms/programmes/capture/import/source.h"
 #include "support/classeurs.h"
 
 using namespace quelvar::forms;

@@ -6,7 +6,7 @@
 #include <QPlainTextEdit>
 
 #include "forms/pilote.h"
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/source.h"
 
 using namespace quelvar::forms;
 

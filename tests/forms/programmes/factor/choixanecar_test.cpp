@@ -213,7 +213,7 @@ TEST_F(FormeAnecar, AuClavier) {
     QTest::keyClick(forme.focusWidget(), Qt::Key_Tab);
     ordre << forme.focusWidget()->objectName();
   }
-  EXPECT_EQ(ordre, (QStringList{"CaseLignes", "TextBoxCTRL", "TextBoxCTRC", "BoutEnreg"}));
+  EXPECT_EQ(ordre, (QStringList{"CaseLignes", "TextBoxCTRL", "TextBoxCTRC", "BoutCommande"}));
   QTest::keyClick(&forme, Qt::Key_Return);
   EXPECT_TRUE(Rapporte("Le seuil d'edition des colonnes est de  333 \n"));
 }

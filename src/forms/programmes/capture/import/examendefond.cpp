@@ -51,7 +51,7 @@ void ExamenDeFond::Arreter() {
 void ExamenDeFond::Rendre(std::optional<capture::FaitsDeTable> faits, const QString& phrase) {
   Arreter();
   if (faits) emit Fini(*faits);
-  else emit Echec(phrase);
+  else emit Echoue(phrase);
 }
 
 }  // namespace quelvar::forms

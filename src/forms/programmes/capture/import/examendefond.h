@@ -24,7 +24,7 @@ class ExamenDeFond : public QObject {
  signals:
   void Avance(qint64 octets);
   void Fini(const quelvar::capture::FaitsDeTable& faits);
-  void Echec(const QString& phrase);
+  void Echoue(const QString& phrase);
 
  private:
   // Gives the result to the interface, unless another examination has begun.

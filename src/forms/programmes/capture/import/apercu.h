@@ -7,7 +7,7 @@
 #include "capture/preparation.h"
 #include "forms/cadre/services.h"
 #include "forms/programmes/capture/import/examendefond.h"
-#include "forms/programmes/capture/import/modelesimport.h"
+#include "forms/programmes/capture/import/modeles.h"
 
 namespace Ui {
 class ApercuImport;
@@ -40,6 +40,9 @@ class ApercuImport : public Forme {
   void MontrerEchec(const QString& phrase);
   void MontrerTout();
   void MontrerBilan();
+  void MontrerFautes();
+  QString TexteDuBilan() const;
+  QString TexteDuPied() const;
   void MontrerGenerique();
   QString TexteDesFautes() const;
 
@@ -77,12 +80,5 @@ class ApercuImport : public Forme {
   // The last member: its thread reads the text of the preparation and goes first.
   ExamenDeFond examen_;
 };
-
-// What opens on a file, whatever it is: the preview of a table, the questions of the dBase import; a box tells why a
-// file cannot be read. The generic is proposed after the name of the file; the directory is that of the session, or
-// that of the file as long as no data set is open.
-void ImporterFichier(Services& services, const Chemin& fichier);
-// The source that the current generic has already: imported at once when it holds nothing but codes, else previewed.
-void ImporterSourceDuGenerique(Services& services, bool toujoursMontrer);
 
 }  // namespace quelvar::forms

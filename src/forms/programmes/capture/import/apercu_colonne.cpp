@@ -2,9 +2,9 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 
-#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/apercu.h"
 #include "forms/texte/texte_qt.h"
-#include "ui_apercuimport.h"
+#include "ui_apercu.h"
 
 namespace quelvar::forms {
 
@@ -37,7 +37,7 @@ void ApercuImport::RelierLaColonne() {
 
   connect(ui_->Colonnes->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &ApercuImport::MontrerColonne);
-  connect(colonnes_, &ColonnesDApercu::Renommee, this,
+  connect(colonnes_, &ColonnesDApercu::Renomme, this,
           [this](int colonne, const QString& nom) { Renommer(static_cast<std::size_t>(colonne), nom); });
   connect(ui_->TextNom, &QLineEdit::editingFinished, this, [this] {
     if (ColonneChoisie() && ui_->TextNom->isModified()) Renommer(Colonne(), ui_->TextNom->text());

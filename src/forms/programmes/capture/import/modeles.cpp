@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/modelesimport.h"
+#include "forms/programmes/capture/import/modeles.h"
 
 #include <QBrush>
 #include <QFont>
@@ -121,7 +121,7 @@ Qt::ItemFlags ColonnesDApercu::flags(const QModelIndex& index) const {
 
 bool ColonnesDApercu::setData(const QModelIndex& index, const QVariant& valeur, int role) {
   if (role != Qt::EditRole || index.column() != Nom) return false;
-  emit Renommee(index.row(), valeur.toString());
+  emit Renomme(index.row(), valeur.toString());
   return true;
 }
 

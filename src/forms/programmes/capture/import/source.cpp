@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/sourceimport.h"
+#include "forms/programmes/capture/import/source.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -8,9 +8,9 @@
 
 #include "capture/preparation.h"
 #include "forms/programmes/capture/fimport.h"
-#include "forms/programmes/capture/import/apercuimport.h"
+#include "forms/programmes/capture/import/ouverture.h"
 #include "forms/texte/texte_qt.h"
-#include "ui_sourceimport.h"
+#include "ui_source.h"
 
 namespace quelvar::forms {
 

@@ -44,7 +44,7 @@ class ColonnesDApercu : public QAbstractTableModel {
   bool setData(const QModelIndex& index, const QVariant& valeur, int role) override;
 
  signals:
-  void Renommee(int colonne, const QString& nom);
+  void Renomme(int colonne, const QString& nom);
 
  private:
   capture::PreparationDImport& preparation_;
