@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "forms/cadre/application.h"
-#include "forms/cadre/signaux.h"
+#include "forms/editeur/signaux.h"
 #include "forms/editeur/editeurs.h"
 #include "forms/editeur/edittexte.h"
 #include "support/environnement.h"
