@@ -17,11 +17,6 @@ void ImprimerEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, 
   ImprimerEtat(rapport, nom, !present ? kSeraCree : lisible ? kRemplace : kExiste);
 }
 
-bool MemeFichier(const Chemin& a, const Chemin& b) {
-  std::error_code faute;
-  return std::filesystem::equivalent(a, b, faute);
-}
-
 void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes,
                        Texte suite) {
   ImprimerEtat(rapport, nom, " existe déjà"_w);

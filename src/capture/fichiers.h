@@ -22,9 +22,6 @@ inline constexpr std::string_view kSeraCree = " n'existe pas et sera créé"_w;
 inline constexpr std::string_view kSeraCreeSansAccents = " n'existe pas et sera cree";
 inline constexpr std::string_view kRemplace = " existait déjà et a été remplacé"_w;
 
-// Whether two names stand for one file; false when one of them is not there.
-bool MemeFichier(const Chemin& a, const Chemin& b);
-
 // An older copy of a file to be saved goes on under a further name, among the outputs; the report tells it.
 void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,
                          JeuDeFichiers& sorties);

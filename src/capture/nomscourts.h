@@ -8,6 +8,7 @@
 
 namespace quelvar::capture {
 
+// Characters of the name of a question.
 inline constexpr std::size_t kNomCourtLePlusLong = kLargeurDeQuestion;
 
 struct NomCourt {

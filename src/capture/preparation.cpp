@@ -281,7 +281,8 @@ std::string GeneriquePropose(const Chemin& repertoire, const Chemin& fichier) {
 bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const Chemin& fichier) {
   // A .TXT or .CSV is no survey when it is what is imported.
   for (const std::string_view extension : {".CSV", ".TXT"})
-    if (const auto la = ChercherFichier(repertoire, Joindre({generique, extension})); la && !MemeFichier(*la, fichier))
+    if (const auto la = ChercherFichier(repertoire, Joindre({generique, extension}));
+        la && !EstLeMemeFichier(*la, fichier))
       return true;
   for (const std::string_view extension : {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES"})
     if (ChercherFichier(repertoire, Joindre({generique, extension}))) return true;

@@ -32,8 +32,7 @@ bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view 
   if (a.empty() || b.empty()) return false;
   const Chemin premier = CheminDEcriture(contexte.repertoire, a);
   const Chemin second = CheminDEcriture(contexte.repertoire, b);
-  std::error_code absent;
-  if (std::filesystem::equivalent(premier, second, absent)) return true;
+  if (EstLeMemeFichier(premier, second)) return true;
   return EgalSansCasse(TexteDe(premier.lexically_normal()), TexteDe(second.lexically_normal()));
 }
 

@@ -25,10 +25,12 @@ struct Apercu {
 
 inline constexpr std::size_t kLignesApercu = 200;
 
-// The first rows under that reading; files up to kApercuEntier bytes are read whole, so that their facts are those of
-// the import. Raises what DetecterLecture raises, and a sentence (kIncompatibiliteType) for a file of titles only.
+// Files up to this many bytes are read whole: nobody waits for them.
 inline constexpr std::uintmax_t kApercuEntier = std::uintmax_t{4} << 20;
-// `individus`: rows that the facts are made of, when the file has more.
+// The first rows under that reading; files up to kApercuEntier bytes are read whole, so that their facts are those of
+// the import. `individus`: rows that the facts are made of, when the file has more. Raises what LecteurDeRangees
+// raises, and sentences: kIncompatibiliteType for a file of titles only, kDepassementCapacite for a row of too many
+// cells.
 Apercu LireApercu(const Chemin& source, const Lecture& lecture, std::int64_t individus = kLignesApercu);
 
 }  // namespace quelvar::capture

@@ -108,7 +108,8 @@ using Suivi = std::function<bool(std::uintmax_t octets)>;
 class TraceDeCellules;
 
 // The facts over the whole file; nothing when `suivi` stopped it. `trace`, if any, gets its rows. Raises
-// kFinDeFichierDepassee and the failures of LecteurLignes.
+// what LecteurDeRangees raises, and sentences: kIncompatibiliteType for a file of titles only, kDepassementCapacite for
+// a row of too many cells; with the line where there is one.
 std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {},
                                           TraceDeCellules* trace = nullptr);
 

@@ -60,7 +60,7 @@ Fichiers TrouverFichiers(const Contexte& contexte, const OptionsImport& options)
 // Asks before a file that is not the source is written over.
 void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::string& nom, Boutons boutons) {
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
-  if (!ancien || MemeFichier(*ancien, *fichiers.source)) return;
+  if (!ancien || EstLeMemeFichier(*ancien, *fichiers.source)) return;
   const std::string question = Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
   if (contexte.Ecran().demander(question, boutons) != Reponse::Oui)
     throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
@@ -71,8 +71,8 @@ bool EstRefaite(const Contexte& contexte, const OptionsImport& options, const Fi
                 const SourceDeTable& source, const Reconnaissance& table) {
   const std::optional<Chemin> csv = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
-  if (options.fichier.empty() || (texte && MemeFichier(*texte, *fichiers.source))) return true;
-  if (csv && (MemeFichier(*csv, *fichiers.source) || MemesOctets(*csv, source.Texte()))) return true;
+  if (options.fichier.empty() || (texte && EstLeMemeFichier(*texte, *fichiers.source))) return true;
+  if (csv && (EstLeMemeFichier(*csv, *fichiers.source) || MemesOctets(*csv, source.Texte()))) return true;
   const std::optional<Chemin> choix = contexte.Chercher(".IMC");
   if (!choix) return false;
   try {
@@ -109,7 +109,8 @@ void EcrireChoix(Rapport& rapport, const Contexte& contexte, const OptionsImport
   if (ancien && LireOctets(*ancien) != octets) {
     const std::string copie = Sauvegarder(sorties, *ancien, TexteDe(ancien->filename()));
     const std::optional<Chemin> pris = ChercherFichier(contexte.repertoire, options.fichierChoix);
-    const bool servi = !options.choix.empty() || (!options.fichierChoix.empty() && pris && MemeFichier(*pris, *ancien));
+    const bool servi =
+        !options.choix.empty() || (!options.fichierChoix.empty() && pris && EstLeMemeFichier(*pris, *ancien));
     rapport.Ligne(
         {servi ? "Les anciens choix de "_w : "*** Attention : les choix d'une importation précédente, dans "_w,
          contexte.Nom(".IMC"), servi ? std::string_view{} : ", n'ont pas servi : ils", " sont gardés sous le nom "_w,
@@ -132,9 +133,9 @@ void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const Sour
   const std::string nom = contexte.Nom(".CSV");
   const std::optional<Chemin> ancien = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
-  if (ancien && MemeFichier(*ancien, *fichiers.source)) return;
+  if (ancien && EstLeMemeFichier(*ancien, *fichiers.source)) return;
   // The texts take the place of the .TXT: what was read of it stays as .CSV.
-  if (texte && MemeFichier(*texte, *fichiers.source) && plan.longues.empty()) return;
+  if (texte && EstLeMemeFichier(*texte, *fichiers.source) && plan.longues.empty()) return;
   if (ancien && !MemesOctets(*ancien, source.Texte())) Sauvegarder(sorties, *ancien, TexteDe(ancien->filename()));
   sorties.Copier(source.Texte(), nom, Nature::Refaisable);
 }
@@ -252,7 +253,7 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
     });
   }
   const std::optional<Chemin> ancien = contexte.Chercher(".DBF");
-  if (!ancien || !MemeFichier(*ancien, *source)) {
+  if (!ancien || !EstLeMemeFichier(*ancien, *source)) {
     const std::string question =
         Joindre({"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
     if (ancien && contexte.Ecran().demander(question, Boutons::OuiNon) != Reponse::Oui) return Fin::Arret;

@@ -16,9 +16,8 @@ struct Reconnaissance {
   std::vector<ChoixDeColonne> choix;
 };
 
-// Raises what DetecterLecture, ExaminerTable and LireImc raise, and kFichierIntrouvable for a file of choices that is
-// not there.
-// `trace`, if any, gets the rows of the table.
+// `trace`, if any, gets the rows of the table. Raises what DetecterLecture, ExaminerTable and LireImc raise, and a
+// sentence (kFichierIntrouvable) for a file of choices that is not there.
 Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
                            TraceDeCellules* trace = nullptr);
 

@@ -27,6 +27,7 @@ struct Travail {
 
 // Reads and writes the data: at one go when the table holds codes only and no hand has chosen otherwise, else after a
 // first reading. `accepter` is asked before anything is written over that the account would not tell; it raises.
+// Raises what Reconnaitre, DresserPlan and EcrireTable raise.
 Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
                    const std::function<void(const Reconnaissance&, const Plan&)>& accepter);
 

@@ -33,9 +33,12 @@ struct ColonneImportee {
   bool DansPos() const { return codeMax > 0 && !numero && !HorsDePortee(); }
 };
 
-// Gives the columns of .POS their names; returns those whose name is not that of their title.
+// Gives the columns of .POS their names; returns those whose name is not that of their title, by index. Raises
+// kIndiceHorsSelection when no name is left.
 std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes);
 
+// Writes the dictionary: generic, number of individuals, a line for each column that is a question. Raises the failures
+// of writing.
 void EcrirePos(Ecrivain& pos, std::string_view generique, const std::vector<ColonneImportee>& colonnes,
                std::int64_t individus);
 

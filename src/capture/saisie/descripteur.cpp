@@ -16,7 +16,7 @@ std::string_view RefusDuNombre(std::string_view codeMax, GenreDescription genre)
       codeMax.size() <= kChiffresAuPlus && SontChiffres(codeMax) ? static_cast<int>(ValeurDe(codeMax)) : 0;
   if (genre == GenreDescription::NumeriqueCourte)
     return nombre >= 1 && nombre <= kCodeMaxCourt ? std::string_view{} : "Le code max est un nombre de 1 à 99"_w;
-  return nombre >= 1 && nombre <= kLargeurAlpha ? std::string_view{} : "La largeur est un nombre de 1 à 20"_w;
+  return nombre >= 1 && nombre <= kLargeurAlphaAuPlus ? std::string_view{} : "La largeur est un nombre de 1 à 20"_w;
 }
 
 std::string_view RefusDuNom(const EtatDescripteur& etat, std::string_view nom) {

@@ -25,7 +25,6 @@ struct EtatDescripteur {
 
 inline constexpr std::size_t kQuestionsDuDescripteur = 1000;
 inline constexpr int kLongueurDuNom = 3;  // of a question
-inline constexpr int kLargeurAlpha = 20;  // of an alphabetic or long numeric question
 inline constexpr int kCodeMaxCourt = 99;  // two columns of the descriptor
 
 // Whether the code-max or width is missing, or is none for that kind.

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
@@ -20,7 +21,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kLargeurIntitule = 25;
 constexpr std::string_view kSuitesDeNom = "23456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::uint64_t kBeaucoup = std::uint64_t{256} << 20;
 
@@ -37,7 +37,7 @@ int CodeDuNom(std::string_view nom) {
 Rangee RangeeDeClasse(const Modalite& modalite, bool intitulesLongs) {
   if (!intitulesLongs)
     return {std::string(Milieu(modalite.nom, 1, 3)), {}, {{static_cast<double>(CodeDuNom(modalite.nom))}}};
-  const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kLargeurIntitule));
+  const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kIntituleDeModaliteAuPlus));
   return {std::string(intitule.empty() ? std::string_view(modalite.nom) : intitule), {}, {}};
 }
 

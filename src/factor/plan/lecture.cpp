@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/lieunomme.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
@@ -13,11 +14,10 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kLongueurIntitule = 25;
 constexpr double kLignesAuPlus = 1e9;  // a larger LSUP= counts every row
 
 std::string IntituleCourt(std::string_view texte) {
-  return std::string(RognerDroite(Rogner(texte).substr(0, kLongueurIntitule)));
+  return std::string(RognerDroite(Rogner(texte).substr(0, kIntituleDeModaliteAuPlus)));
 }
 
 // Element of each line of the .FAJ, by its name among those of the .MOD; of modalities with one name each in turn.

@@ -6,6 +6,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
@@ -17,13 +18,6 @@
 namespace quelvar::factor {
 
 namespace {
-
-LibellesErreur Libelles() {
-  LibellesErreur libelles;
-  libelles.numero = " notez le numéro suivant : ERREUR NUMERO ="_w;
-  libelles.avecTexte = false;
-  return libelles;
-}
 
 struct Fichiers {
   std::optional<Chemin> donnees, pos, mod, brt;
@@ -287,14 +281,14 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
 
 Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
                           const std::vector<std::string>& noms, const OptionsProfil& options) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(), [&](Rapport& rapport) {
+  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), LibellesSansTexte(), [&](Rapport& rapport) {
     EnregistrerChoix(contexte, textes, noms);
     ProfilerModalites(rapport, contexte, options);
   });
 }
 
 Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
-  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), Libelles(),
+  return ExecuterProgramme(contexte, contexte.Nom(".PR2"), LibellesSansTexte(),
                            [&](Rapport& rapport) { ProfilerModalites(rapport, contexte, options); });
 }
 
@@ -323,7 +317,7 @@ void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& 
 }
 
 Fin AbandonnerProfil(const Contexte& contexte) {
-  return ExecuterProgramme(contexte, kRapportSansNom, Libelles(),
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesSansTexte(),
                            [](Rapport& rapport) { rapport.Ligne("Arrêt volontaire du programme"_w); });
 }
 

@@ -114,8 +114,7 @@ void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const Noms&
     const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
     if (!cible) continue;
     LongueurFichier(*cible);  // a directory of that name raises
-    std::error_code inconnu;
-    if (std::filesystem::equivalent(*cible, donnees, inconnu)) throw Erreur(kPermissionRefusee);
+    if (EstLeMemeFichier(*cible, donnees)) throw Erreur(kPermissionRefusee);
   }
 }
 

@@ -112,8 +112,7 @@ Concordances ChercherConcordances(const Contexte& contexte, std::vector<MotsCher
 }
 
 std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
-  std::error_code erreur;
-  const bool memeDossier = std::filesystem::equivalent(cible.parent_path(), contexte.repertoire, erreur);
+  const bool memeDossier = EstLeMemeFichier(cible.parent_path(), contexte.repertoire);
   if (!memeDossier || !cible.has_extension() || !EgalSansCasse(TexteDe(cible.stem()), contexte.generique)) return {};
   return Joindre({"Le fichier ", TexteDe(cible.filename()), " est du jeu de données "_w, contexte.generique,
                   " : choisissez un autre nom, par exemple ", contexte.generique, "-concordance.txt"});

@@ -25,7 +25,8 @@ std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::s
 inline constexpr char kEtranger = '?';
 
 // Lines of a UTF-16 source as UTF-8, or of one with lines that end in CR alone, as LecteurLignes gives those of others.
-// The source is read in pieces.
+// The source is read in pieces. Raises the failures of LireMorceau, and kMemoireInsuffisante for a line beyond
+// LecteurLignes::kLigneAuPlus.
 class LignesDecodees {
  public:
   LignesDecodees(const Chemin& source, Encodage encodage);

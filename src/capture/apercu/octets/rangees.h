@@ -12,6 +12,7 @@
 
 namespace quelvar::capture {
 
+// Raises the failures of LecteurLignes; kMemoireInsuffisante for a line beyond its bound.
 class LecteurDeRangees {
  public:
   LecteurDeRangees(const Chemin& source, const Lecture& lecture);

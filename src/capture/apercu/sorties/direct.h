@@ -28,7 +28,8 @@ struct PassageDirect {
   std::vector<std::string> premieres;  // lines of .DAT, for the report
 };
 
-// Nothing when a row holds anything but the codes that were promised.
+// Nothing when a row holds anything but the codes that were promised. Raises the failures of LecteurLignes and of
+// writing.
 std::optional<PassageDirect> EcrireDirect(const Chemin& source, const Lecture& lecture, const Promesse& promesse,
                                           Ecrivain& dat, const std::function<void()>& avancer);
 

@@ -41,7 +41,7 @@ struct SortiesDeTable {
   Ecrivain* cdg = nullptr;
 };
 
-// `avancer` is called for each individual.
+// `avancer` is called for each individual. Raises what LecteurDeRangees raises, and the failures of writing.
 Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan, std::int64_t individus,
                   const SortiesDeTable& sorties, const std::function<void()>& avancer);
 

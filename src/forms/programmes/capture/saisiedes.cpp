@@ -11,7 +11,7 @@ namespace quelvar::forms {
 SaisieDes::SaisieDes(Services& services) : Forme(services), ui_(std::make_unique<Ui::SaisieDes>()) {
   ui_->setupUi(this);
   ui_->TextMod->setMaxLength(capture::kLongueurDuNom);
-  for (int code = 1; code <= capture::kLargeurAlpha; ++code) ui_->CodeMax->addItem(QString::number(code));
+  for (int code = 1; code <= kLargeurAlphaAuPlus; ++code) ui_->CodeMax->addItem(QString::number(code));
   ui_->CodeMax->setCurrentIndex(-1);
   ui_->ListVar->setFont(PoliceFixe());
   for (QRadioButton* genre : {ui_->OptNum, ui_->OptAlpha, ui_->OptNum2})
