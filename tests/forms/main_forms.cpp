@@ -5,9 +5,9 @@
 #include <cstdio>
 
 #include "forms/cadre/application.h"
-#include "forms/cadre/signaux.h"
 #include "forms/editeur/editeurs.h"
 #include "forms/editeur/edittexte.h"
+#include "forms/editeur/signaux.h"
 #include "support/environnement.h"
 #include "support/reglages.h"
 

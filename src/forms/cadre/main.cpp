@@ -9,7 +9,7 @@
 #include "forms/cadre/application.h"
 #include "forms/cadre/principal.h"
 #include "forms/cadre/reglages_qt.h"
-#include "forms/cadre/signaux.h"
+#include "forms/editeur/signaux.h"
 #include "forms/pieces/ecran.h"
 #include "forms/texte/texte_qt.h"
 

@@ -1,4 +1,4 @@
-#include "forms/cadre/signaux.h"
+#include "forms/editeur/signaux.h"
 
 #include <sys/socket.h>
 #include <unistd.h>
