@@ -25,7 +25,7 @@ void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fic
 }
 
 void ImprimerFinDImport(Rapport& rapport, int niveau) {
-  if (niveau != 1) {
+  if (niveau >= kNiveauAvance) {
     rapport.Ligne("Fin normale du programme");
     return;
   }

@@ -43,8 +43,8 @@ std::string AideImport(const SourcesPresentes& sources, int niveau) {
   return Joindre(
       {"Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
        "l'absence de fichiers.\r\n"_w,
-       niveau == 1 ? std::string_view("Annulez.\r\n")
-                   : "Annulez ou prenez l'option d'importation d'un tableau de Burt.\r\n"_w});
+       niveau < kNiveauAvance ? std::string_view("Annulez.\r\n")
+                              : "Annulez ou prenez l'option d'importation d'un tableau de Burt.\r\n"_w});
 }
 
 std::string AideImportBurt() {

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <iterator>
+
 #include "core/enquete/posfile.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
@@ -29,10 +32,17 @@ std::string Etiquette(std::string_view texte) {
 
 // The rows of the table, and that of the totals; `nom`, unless it is empty, stands for the labels of all.
 Bandes Commencer(const TableauTitre& titre, std::string_view coin, std::string_view nom = {}) {
+  // Counts, percentages and signs, with the totals of the first two.
+  const std::size_t colonnes = 3 * titre.tableau.colonnes.size() + 3;
   Bandes bandes{{.coin = std::string(coin)}, {.coin = std::string(kCoinDesCodes)}};
+  bandes.noms.colonnes.reserve(colonnes);
+  bandes.corps.colonnes.reserve(colonnes);
+  bandes.forme.places.reserve(colonnes);
+  bandes.corps.rangees.reserve(titre.tableau.lignes.size() + 1);
   for (const std::size_t i : titre.tableau.lignes)
     bandes.corps.rangees.push_back({Etiquette(nom.empty() ? titre.IntituleLigne(i) : nom)});
   bandes.corps.rangees.push_back({std::string(kTotalLigne)});
+  for (Rangee& rangee : bandes.corps.rangees) rangee.cellules.reserve(colonnes);
   return bandes;
 }
 
@@ -73,8 +83,7 @@ void AjouterEffectifs(Bandes& bandes, const TableauTitre& titre, const TablesCro
   AjouterModalites(bandes, titre, place, {}, entete);
   AjouterColonne(bandes, {}, "TOT", place);
   for (std::size_t rang = 0; rang < bandes.corps.rangees.size(); ++rang)
-    for (const Cellule& cellule : tables.effectifs.rangees[rang].cellules)
-      bandes.corps.rangees[rang].cellules.push_back(cellule);
+    std::ranges::copy(tables.effectifs.rangees[rang].cellules, std::back_inserter(bandes.corps.rangees[rang].cellules));
 }
 
 // Row percentages, 100, and the share of the row, which is 100 again in the row of the totals.

@@ -235,7 +235,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
     sauvegardes.Valider();
   }
   ImprimerPresence(rapport, contexte, fichiers, !echec && entete.DonneLesEnregistrements());
-  if (fichiers.dbf && contexte.niveau == 1) ImprimerAvis(rapport);
+  if (fichiers.dbf && contexte.niveau < kNiveauAvance) ImprimerAvis(rapport);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   if (echec) throw *echec;
   if (fichiers.dbf) ImporterChamps(rapport, contexte, fichiers, entete);

@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "core/programme/erreur.h"
+#include "core/programme/programme.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
@@ -152,7 +153,7 @@ std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::str
 std::string CommandeEcrite(std::string_view programme, std::string_view generique, int niveau,
                            const LigneDOptions& ligne) {
   std::string commande = "quelvar-batch ";
-  if (niveau != 1) commande += Joindre({"--niveau ", Nombre(niveau), " "});
+  if (niveau >= kNiveauAvance) commande += Joindre({"--niveau ", Nombre(niveau), " "});
   commande += Joindre({programme, " ", Proteger(generique)});
   for (const auto& [nom, valeur] : ligne) commande += " " + Proteger(Joindre({nom, "=", valeur}));
   return commande;

@@ -56,8 +56,10 @@ void ColonneEnRangees::Ecrire(std::string& ligne, const Cellule& cellule) const 
   if (cellule.valeur) {
     EcrireValeur(ligne, *cellule.valeur, cellule.decimales);
     ligne += cellule.marque;
+  } else if (entiers_ == 0) {
+    ligne += cellule.marque;
   } else {
-    ligne += entiers_ == 0 ? cellule.marque : CadreGauche(cellule.marque, entiers_);
+    ligne += CadreGauche(cellule.marque, entiers_);
   }
 }
 
@@ -77,7 +79,8 @@ std::string ColonneEnRangees::Titre(std::string_view titre) const {
     case TitreDeColonne::ADroite: return CadreDroit(titre, entiers_);
     case TitreDeColonne::TelQuel: break;
   }
-  return CadreGauche("", entiers_ - place_.entiers) + std::string(titre);
+  std::string texte(static_cast<std::size_t>(entiers_ - place_.entiers), ' ');
+  return texte += titre;
 }
 
 ImprimeurDeRangees::ImprimeurDeRangees(Rapport& rapport, const FormeEnRangees& forme, std::size_t colonnes)

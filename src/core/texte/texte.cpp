@@ -135,7 +135,12 @@ void AjouterUtf8(std::string& utf8, char32_t point) {
 std::string VersUtf8(std::string_view texte) {
   std::string utf8;
   utf8.reserve(texte.size() + texte.size() / 8);
+  const auto estTelQuel = [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != kMarqueEtrangere; };
   for (std::size_t i = 0; i < texte.size(); ++i) {
+    const auto fin = std::find_if_not(texte.begin() + static_cast<std::ptrdiff_t>(i), texte.end(), estTelQuel);
+    utf8.append(texte.begin() + static_cast<std::ptrdiff_t>(i), fin);
+    i = static_cast<std::size_t>(fin - texte.begin());
+    if (i == texte.size()) break;
     const auto octet = static_cast<unsigned char>(texte[i]);
     if (texte[i] == kMarqueEtrangere) {
       if (const std::optional<std::uint32_t> point = EtrangerEnTete(texte.substr(i))) {

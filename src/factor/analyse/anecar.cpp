@@ -32,8 +32,8 @@ struct Reglages {
 };
 
 Reglages ReglagesDe(const OptionsAnecar& options, int niveau, int burt) {
-  const int seuil = niveau == 1 ? 0 : kSeuilMoyen;
-  const bool listes = niveau == 1 && burt >= kBurtEnListes;
+  const int seuil = niveau < kNiveauAvance ? 0 : kSeuilMoyen;
+  const bool listes = niveau < kNiveauAvance && burt >= kBurtEnListes;
   return {options.edition.value_or(listes ? EditionAnecar::Triee : EditionAnecar::Compacte),
           options.seuilLignes.value_or(seuil), options.seuilColonnes.value_or(seuil)};
 }

@@ -135,10 +135,6 @@ ExigencesGraphe FichiersMontres(const EtatPlan& etat) {
   return {liens.actif && !liens.lignes, liens.actif && liens.lignes, etat.reglages.cah.actif};
 }
 
-void DireLesFichiersMontres(const Contexte& contexte, const std::vector<std::string>& remarques) {
-  Continuer(contexte, [&](Rapport& rapport) { DireLesRemarques(rapport, contexte, remarques); });
-}
-
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
   etat.ellipses.clear();
   const DemandeEllipses demande = EllipsesDemandees(etat);

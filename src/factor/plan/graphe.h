@@ -23,9 +23,8 @@ struct ExigencesGraphe {
 // the report .PRT. Nothing when the run has ended there; its report is shown then.
 std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences = {});
 
-// The files that the settings draw, and the lines that go on with .PRT for what is not of the plane's state in them.
+// The files that the settings draw.
 ExigencesGraphe FichiersMontres(const EtatPlan& etat);
-void DireLesFichiersMontres(const Contexte& contexte, const std::vector<std::string>& remarques);
 
 // Computes the ellipses asked for, which starts .PRT anew; without any, leaves everything as it is. False when the run
 // was stopped and its report shown.

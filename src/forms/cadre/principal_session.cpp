@@ -73,7 +73,7 @@ void Principal::MontrerSession() {
     const QString nom = QString::fromLatin1(entree);
     Action(nom)->setEnabled(!nouvelle && ProgrammeExiste(nom));
   }
-  Action(session_.niveau == 2 ? QStringLiteral("mnuNiv2") : QStringLiteral("mnuNiv1"))->setChecked(true);
+  Action(session_.niveau >= kNiveauAvance ? QStringLiteral("mnuNiv2") : QStringLiteral("mnuNiv1"))->setChecked(true);
 }
 
 bool Principal::OuvrirInitialisation(const Chemin& initialisation) {

@@ -31,7 +31,7 @@ FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui:
   ui_->LabelIMP->setText(VersQt(capture::TextePresence(sources.imp)));
   const QString aide = VersQt(capture::AideImport(sources, niveau));
   ui_->TextAide->setPlainText(aide);
-  ui_->FrOptions->setVisible(niveau != 1);
+  ui_->FrOptions->setVisible(niveau >= kNiveauAvance);
   RelierAide(*ui_->Aide, "mnuAImport");
   connect(ui_->CheckBRT, &QCheckBox::toggled, this, [this, aide](bool burt) {
     ui_->FrNoms->setEnabled(burt);

@@ -111,7 +111,7 @@ void ChoixAnecar::LancerAnalyse() {
 
 void OuvrirAnecar(Services& services) {
   if (!FairePlace<ChoixAnecar>(services)) return;
-  if (services.session.niveau == 1) {
+  if (services.session.niveau < kNiveauAvance) {
     services.Lancer([](const Contexte& contexte) { factor::Anecar(contexte, {}); });
     return;
   }

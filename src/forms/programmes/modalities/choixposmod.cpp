@@ -15,7 +15,7 @@ ChoixPosmod::ChoixPosmod(Services& services, modalities::ModePosmod mode, modali
     : Forme(services), mode_(mode), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::ChoixPosmod>()) {
   ui_->setupUi(this);
   PoserDefauts(*this, modalities::DescriptionPosmod());
-  ui_->FrmOptions->setVisible(services.session.niveau == 2);
+  ui_->FrmOptions->setVisible(services.session.niveau >= kNiveauAvance);
   ui_->FrmIndiv->hide();
   ui_->FrmPos->hide();
   ui_->CaseSup->setVisible(prepare_.ancienMod);

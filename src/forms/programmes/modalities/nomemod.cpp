@@ -16,7 +16,7 @@ namespace quelvar::forms {
 NomeMod::NomeMod(Services& services, modalities::ChoixPrepare prepare)
     : Forme(services), prepare_(std::move(prepare)), ui_(std::make_unique<Ui::NomeMod>()) {
   ui_->setupUi(this);
-  ui_->BoutModif->setVisible(services.session.niveau == 2);
+  ui_->BoutModif->setVisible(services.session.niveau >= kNiveauAvance);
   RelierChoix();
   RelierEdition();
   RelierQuitter(*ui_->BoutQuitter);

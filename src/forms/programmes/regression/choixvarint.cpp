@@ -29,7 +29,7 @@ ChoixVarInt::ChoixVarInt(Services& services, FichierPos pos)
   ui_->setupUi(this);
   PoserDefauts(*this, regression::DescriptionVarint());
   choix_.statuts.assign(pos_.questions.size(), Statut::Aucun);
-  ui_->FrmOptions->setVisible(services.session.niveau == 2);
+  ui_->FrmOptions->setVisible(services.session.niveau >= kNiveauAvance);
   listes_ =
       new ListesDeQuestions(*this, pos_, choix_, {{ui_->ListVar1, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
   listes_->Relier(*ui_->BoutActPlus, *ui_->ListVar1, Statut::Actif);

@@ -72,7 +72,7 @@ void ChoixRecodage::LancerRecodage() {
 
 // Its boxes stand at their defaults each time.
 void OuvrirOutils(Services& services) {
-  if (services.session.niveau == 1) {
+  if (services.session.niveau < kNiveauAvance) {
     if (SansReglesEnAttente(services)) Recoder(services, services.ContexteEnCours(), {});
   } else if (FairePlace<ChoixRecodage>(services)) {
     Montrer<ChoixRecodage>(services);

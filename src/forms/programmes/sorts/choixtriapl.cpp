@@ -39,7 +39,8 @@ void ChoixTriapl::LancerTri() {
 
 // Its boxes stand at their defaults each time.
 void OuvrirTriapl(Services& services) {
-  if (services.session.niveau == 1) services.Lancer([](const Contexte& contexte) { sorts::Triapl(contexte, {}); });
+  if (services.session.niveau < kNiveauAvance)
+    services.Lancer([](const Contexte& contexte) { sorts::Triapl(contexte, {}); });
   else if (FairePlace<ChoixTriapl>(services)) Montrer<ChoixTriapl>(services);
 }
 

@@ -17,7 +17,7 @@ SaisieMot::SaisieMot(Services& services)
   for (QWidget* fixe : std::initializer_list<QWidget*>{ui_->Verif, ui_->ListMots}) fixe->setFont(PoliceFixe());
   for (int lignes = 1; lignes <= text::kLignesProposees; ++lignes) ui_->CbLignMax->addItem(QString::number(lignes));
   PoserDefauts(*this, text::DescriptionSaisieMot());
-  ui_->FrOptSp->setVisible(services.session.niveau == 2);
+  ui_->FrOptSp->setVisible(services.session.niveau >= kNiveauAvance);
   RelierStimulus();
   for (const text::MotCompte& mot : mots_) ui_->ListMots->addItem(VersQt(mot.texte));
   ui_->FrMots->setVisible(!mots_.empty());

@@ -58,7 +58,7 @@ void OuvrirTabMot(Services& services) {
         [&services](const Contexte& lance) { text::TabMot(lance, {.limite = services.session.limiteDepassements}); });
   };
   // Without its files, or at level 1, the program speaks at once.
-  if (contexte.niveau == 1 || !chemin || !contexte.Chercher(".DAT")) return lancer();
+  if (contexte.niveau < kNiveauAvance || !chemin || !contexte.Chercher(".DAT")) return lancer();
   if (!FairePlace<TabMot>(services)) return;
   try {
     Montrer<TabMot>(services, LirePos(*chemin));

@@ -37,7 +37,7 @@ void ExportCsv::Exporter() {
 }
 
 void OuvrirExportCsv(Services& services) {
-  if (services.session.niveau == 1)
+  if (services.session.niveau < kNiveauAvance)
     services.Lancer([](const Contexte& contexte) { utilities::ExporterCsv(contexte, {}); });
   else if (FairePlace<ExportCsv>(services)) Montrer<ExportCsv>(services);
 }
