@@ -138,8 +138,6 @@ Fin TerminerModifModR(const Contexte& contexte) { return RendreCompte(contexte, 
 
 Fin AbandonnerModifModR(const Contexte& contexte) { return RendreCompte(contexte, kArretVolontaire); }
 
-Fin QuitterModifModR(const Contexte& contexte) { return RendreCompte(contexte, kArretVolontaire, {}, kRapportSansNom); }
-
 std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
                                                 const std::vector<std::string>& textes) {
   OptionsModifModR options;

@@ -44,8 +44,6 @@ void SauverModifModR(const Contexte& contexte, const std::vector<std::string>& t
 // Leaves after a sound save, or by "Annuler" behind one that was warned of: the report .prt holds the one sentence.
 Fin TerminerModifModR(const Contexte& contexte);
 Fin AbandonnerModifModR(const Contexte& contexte);
-// Leaves without a save: the sentence is shown, and no file changes.
-Fin QuitterModifModR(const Contexte& contexte);
 
 // The same without a form: the question of each name is coded anew, the ones to explain before the references.
 struct OptionsModifModR {

@@ -137,10 +137,6 @@ Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>
       contexte, kEnregistre, [&] { Enregistrer(contexte, textes); }, kRapportSansNom);
 }
 
-Fin AbandonnerEdition(const Contexte& contexte) {
-  return RendreCompte(contexte, "Arrêt volontaire du programme"_w, {}, kRapportSansNom);
-}
-
 OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const std::vector<std::string>& textes) {
   OptionsModifMod options;
   for (std::size_t i = 0; i < textes.size(); ++i) {

@@ -25,8 +25,6 @@ void PoserIntitule(std::string& texte, std::string_view intitule);
 
 // Writes the list with the marks " S " and "   " only; every other line of the file stays.
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes);
-// Leaves without saving: the report says so. Also for NomQuest and NomeMod.
-Fin AbandonnerEdition(const Contexte& contexte);
 
 // The same without a form: names of modalities, or of questions for the status of all their modalities; a modality
 // named by itself goes before its question. A name asked to be both is refused in the report.
