@@ -32,7 +32,7 @@ FichiersCroise TrouverFichiers(const Contexte& contexte, std::string_view fichie
   return fichiers;
 }
 
-void EcrireEnTete(Rapport& rapport, const Contexte& contexte, const FichiersCroise& fichiers) {
+void ImprimerEnTete(Rapport& rapport, const Contexte& contexte, const FichiersCroise& fichiers) {
   EcrireBandeau(rapport, "Tris croisés"_w);
   rapport.Ligne({"Le nom du fichier de donnees est ", fichiers.nomDonnees});
   rapport.Ligne({"Le nom du fichier de parametres est  ", fichiers.nomPos});
@@ -113,7 +113,7 @@ EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::
   ExigerFichiers(rapport, contexte.Ecran(),
                  {{fichiers.nomDonnees, fichiers.donnees.has_value()}, {fichiers.nomPos, fichiers.pos.has_value()}},
                  kArretAbsenceSansAccents);
-  EcrireEnTete(rapport, contexte, fichiers);
+  ImprimerEnTete(rapport, contexte, fichiers);
 
   const FichierPos pos = LirePos(*fichiers.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());

@@ -180,7 +180,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   constexpr std::uint64_t kTexteDeCellule = 40;
   ExigerPlace(contexte, rapport, {kTexteDeCellule * cellules, LongueurFichier(tableau.brt)});
   const TableauEntier entier = LireEntier(tableau);
-  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
+  ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
   ImprimerReserves(rapport, tableau, entier);
   PrevenirDesPertes(contexte, tableau, entier, options.trg);

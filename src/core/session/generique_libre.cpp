@@ -61,8 +61,8 @@ bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique) {
                                    Boutons::NonOui) == Reponse::Oui;
 }
 
-void EcrireRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
-                                   std::initializer_list<std::string_view> extensions) {
+void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
+                                     std::initializer_list<std::string_view> extensions) {
   const auto existe = [&](std::string_view extension) {
     return ChercherFichier(contexte.repertoire, Joindre({nouveau, extension})).has_value();
   };
@@ -70,7 +70,7 @@ void EcrireRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, s
     rapport.Ligne({"*** Attention, le générique "_w, nouveau, " existait déjà, ses fichiers sont remplacés"_w});
 }
 
-void EcrireChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau) {
+void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau) {
   rapport.Ligne("*** Attention, changement de nom générique ***"_w);
   rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
   rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});

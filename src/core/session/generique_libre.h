@@ -24,10 +24,10 @@ bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique);
 
 // The line of a report on a generic whose files, one of these when any are named, the run replaces; nothing without
 // them. To be written before the files are.
-void EcrireRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
-                                   std::initializer_list<std::string_view> extensions = {});
+void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
+                                     std::initializer_list<std::string_view> extensions = {});
 
 // The lines of a report on the move to another generic.
-void EcrireChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau);
+void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau);
 
 }  // namespace quelvar

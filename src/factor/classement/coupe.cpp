@@ -185,7 +185,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   EcrireQuestions(sorties.Ouvrir(nouveau + ".POS", Nature::Unique), questions, longueur, classes.nombre);
   CopierLignes(contexte.Exiger(".MOD"), sorties.Ouvrir(nouveau + ".MOD", Nature::Unique));
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
-  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
+  ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties.Valider();
   return nouveau;
 }

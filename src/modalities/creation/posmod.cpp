@@ -25,7 +25,7 @@ struct Preparation {
   std::optional<Chemin> ancienMod;
 };
 
-void EcrireNomsDesFichiers(const Contexte& contexte, Rapport& rapport) {
+void ImprimerNomsDesFichiers(const Contexte& contexte, Rapport& rapport) {
   EcrireBandeau(rapport, "Création des modalités"_w);
   rapport.Ligne({"Le nom du fichier d'entree est ", contexte.Nom(".DAT")});
   rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
@@ -60,7 +60,7 @@ void PrendreQuestions(const Contexte& contexte, Preparation& preparation) {
 // Opens the files and tells their names.
 Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
   Preparation preparation = OuvrirFichiers(contexte, rapport);
-  EcrireNomsDesFichiers(contexte, rapport);
+  ImprimerNomsDesFichiers(contexte, rapport);
   PrendreQuestions(contexte, preparation);
   DireIndividus(preparation.pos, rapport);
   return preparation;
@@ -272,8 +272,8 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options) {
 
 void ExigerFichiersDesModalites(const Contexte& contexte, Rapport& rapport) { OuvrirFichiers(contexte, rapport); }
 
-void EcrireEnTeteDesModalites(const Contexte& contexte, Rapport& rapport) {
-  EcrireNomsDesFichiers(contexte, rapport);
+void ImprimerEnTeteDesModalites(const Contexte& contexte, Rapport& rapport) {
+  ImprimerNomsDesFichiers(contexte, rapport);
   try {
     DireIndividus(LirePos(contexte.Exiger(".POS")), rapport);
   } catch (const Erreur&) {  // the modalities do without

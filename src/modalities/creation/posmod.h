@@ -34,7 +34,7 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options);
 // before the heading. What stops raises kArretAnnonce once the report has told why, and the failures of the readers and
 // of JeuDeFichiers.
 void ExigerFichiersDesModalites(const Contexte& contexte, Rapport& rapport);
-void EcrireEnTeteDesModalites(const Contexte& contexte, Rapport& rapport);
+void ImprimerEnTeteDesModalites(const Contexte& contexte, Rapport& rapport);
 void CreerSansDonnees(const Contexte& contexte, const std::vector<std::string>& questions, bool codesZero,
                       Rapport& rapport);
 // Which programs are to be run again since the table of the directory is not that of the modalities any more; empty

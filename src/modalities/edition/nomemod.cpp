@@ -194,7 +194,7 @@ Fin SousLeRapport(const Contexte& contexte, RapportNomeMod genre, const std::fun
   return ExecuterProgramme(
       contexte, contexte.Nom(".PRT"), LibellesErreur{},
       [&](Rapport& rapport) {
-        if (nouveau) EcrireEnTeteDesModalites(contexte, rapport);
+        if (nouveau) ImprimerEnTeteDesModalites(contexte, rapport);
         corps(rapport);
       },
       nouveau ? ModeEcriture::Neuf : ModeEcriture::Suite);
@@ -261,7 +261,7 @@ Fin EnregistrerNomeMod(const Contexte& contexte, const std::vector<ModaliteNomme
 Fin NommerModalites(const Contexte& contexte, const OptionsNomeMod& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     ExigerFichiersDesModalites(contexte, rapport);
-    EcrireEnTeteDesModalites(contexte, rapport);
+    ImprimerEnTeteDesModalites(contexte, rapport);
     std::vector<ModaliteNommee> modalites =
         options.Cree() ? CreerLesPasses(contexte, options, rapport) : ToutesLesModalites(contexte, rapport);
     PoserIntitules(contexte, options, modalites, rapport);

@@ -32,7 +32,7 @@ void ImprimerGroupeDeLignes(Rapport& rapport, const TableAGrouper& table, const 
 }
 
 void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
-  EcrireChangementDeGenerique(rapport, contexte, nouveau);
+  ImprimerChangementDeGenerique(rapport, contexte, nouveau);
   rapport.Ligne("Vous pouvez lancer directement l'analyse factorielle");
   if (contexte.niveau == kNiveauAvance) rapport.Ligne("Vous pouvez passer en niveau 1 pour accélérer le processus"_w);
   rapport.Ligne("Fin normale du programme");

@@ -115,7 +115,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
             LigneDeParametres(table.parametres, restantes + (plan.AvecColonnes() ? 1 : 0), bilan, largeur));
   if (table.pos) CopierLignes(*table.pos, sorties->Ouvrir(nouveau + ".POS", Nature::Unique));
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
-  if (!libre) EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
+  if (!libre) ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
   DireLignesEnPlus(contexte, table);
   DireSupplementairesActives(contexte, table, plan);

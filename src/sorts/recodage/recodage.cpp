@@ -254,7 +254,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
                 noms.nouveau);
   if (passerModalites) CopierModalites(contexte, noms.Neuf(".MOD"), modalites, sorties);
   EcrireInitialisation(sorties, noms.nouveau, contexte.niveau);
-  EcrireRemplacementDuGenerique(rapport, contexte, noms.nouveau, {".DAT", ".POS"});
+  ImprimerRemplacementDuGenerique(rapport, contexte, noms.nouveau, {".DAT", ".POS"});
   sorties.Valider();
   ImprimerFin(contexte, rapport, noms.nouveau);
 }

@@ -119,9 +119,9 @@ void EcrireNouveau(const Contexte& contexte, const TableGeree& table, const std:
 }
 
 void Terminer(Rapport& rapport, const Contexte& contexte, const Agregation& agregation, const std::string& nouveau) {
-  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
+  ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   EcrireNouveau(contexte, agregation.table, nouveau);
-  EcrireChangementDeGenerique(rapport, contexte, nouveau);
+  ImprimerChangementDeGenerique(rapport, contexte, nouveau);
 }
 
 // Labels of the rows that are supplementary: the last ones, as many as the parameter line tells.

@@ -121,9 +121,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   ImprimerApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
   transmis.Copier(sorties);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
-  EcrireRemplacementDuGenerique(rapport, contexte, nouveau);
+  ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties.Valider();
-  EcrireChangementDeGenerique(rapport, contexte, nouveau);
+  ImprimerChangementDeGenerique(rapport, contexte, nouveau);
   rapport.Ligne("Fin normale du programme");
 }
 
