@@ -114,6 +114,15 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
   }
 }
 
+// The message on them stands in the report, whose words hold no place.
+ParametresMod LireParametresSansLieu(std::string_view ligne) {
+  try {
+    return LireParametres(ligne);
+  } catch (const Erreur& erreur) {
+    throw Erreur(erreur.Numero(), erreur.Phrase());
+  }
+}
+
 void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
   const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   const std::optional<Chemin> brt = contexte.Chercher(".BRT");
@@ -126,7 +135,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   ouverte.table.mod = LireListeModalites(*mod);
-  const ParametresMod parametres = LireParametres(ouverte.table.mod.parametres);
+  const ParametresMod parametres = LireParametresSansLieu(ouverte.table.mod.parametres);
   ouverte.table.largeur = parametres.largeur;
   ouverte.table.lignesSup = Entier64(parametres.lignesSup);
   if (parametres.burt >= 1) {
