@@ -44,7 +44,8 @@ std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) 
   // Letters of Europe have a zero beside them: most signs of a table do, even where some are typographic ones.
   constexpr double kPartDesForts = 0.4;
   constexpr double kPartDesFaibles = 0.05;
-  const auto moitie = static_cast<double>(tete.size() / 2);
+  const std::size_t paires = tete.size() / 2;
+  const auto moitie = static_cast<double>(paires);
   const auto cote = [&](std::size_t fort) {
     return static_cast<double>(zeros[fort]) > kPartDesForts * moitie &&
            static_cast<double>(zeros[1 - fort]) < kPartDesFaibles * moitie;
