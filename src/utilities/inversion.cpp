@@ -184,10 +184,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
   ImprimerReserves(rapport, tableau, entier);
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
-  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
-  rapport.Ligne();
-  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
-  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+  ImprimerChangementDeGenerique(rapport, contexte, nouveau, true);
   rapport.Ligne();
   rapport.Ligne("Programme normalement terminé"_w);
 }
