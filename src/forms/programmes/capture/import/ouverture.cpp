@@ -6,6 +6,7 @@
 #include "capture/apercu/options.h"
 #include "core/programme/annulation.h"
 #include "core/programme/lieunomme.h"
+#include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
@@ -28,7 +29,7 @@ void ImporterDBase(Services& services, const Chemin& fichier) {
   const std::string saisi = services.ecran.saisir(
       Joindre({"Le générique, nom commun des fichiers de l'enquête, pour "_w, TexteDe(fichier.filename())}),
       capture::GeneriquePropose(repertoire, fichier));
-  const std::string generique(Rogner(std::string_view(saisi).substr(0, saisi.find('.'))));
+  const std::string generique = GeneriqueSaisi(saisi);
   if (generique.empty()) return;
   if (const std::string refus = capture::RefusDuGenerique(generique); !refus.empty()) {
     services.ecran.demander(refus, Boutons::Ok);
