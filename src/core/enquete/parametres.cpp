@@ -99,7 +99,7 @@ void Retenir(const Paire& paire, ParametresMod& parametres) {
 
 std::string LigneDeParametres(std::span<const CleDeParametre> cles) {
   std::string ligne;
-  for (const CleDeParametre& cle : cles) ligne += Joindre({" ", cle.cle, Nombre(cle.valeur)});
+  for (const CleDeParametre& cle : cles) ligne += Joindre({" ", cle.cle, cle.valeur});
   return ligne + " ";
 }
 
