@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "factor/provenance.h"
 
@@ -132,7 +133,7 @@ void DireLesRemarques(Rapport& rapport, const Contexte& contexte, const std::vec
   if (remarques.empty()) return;
   std::string boite;
   for (const std::string& remarque : remarques) {
-    rapport.Ligne({"*** Attention : ", remarque});
+    rapport.Ligne({kAttention, remarque});
     boite += (boite.empty() ? "" : "\r\n") + remarque;
   }
   contexte.Ecran().demander(boite, Boutons::Ok);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "factor/plan/concordance.h"
 #include "factor/plan/graphe_options.h"
@@ -257,7 +258,7 @@ void Graphe3::DireLesEtrangers() {
   for (const std::string& remarque : factor::RemarquesDesFichiers(etat_.donnees, factor::FichiersMontres(etat_))) {
     if (std::ranges::find(dites_, remarque) != dites_.end()) continue;
     dites_.push_back(remarque);
-    rapport_->Ajouter(Joindre({"*** Attention : ", remarque, "\r\n"}));
+    rapport_->Ajouter(Joindre({kAttention, remarque, "\r\n"}));
     boite += (boite.empty() ? "" : "\r\n") + remarque;
   }
   if (boite.empty()) return;
