@@ -51,8 +51,7 @@ void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeE
 // One row as it would stand in a table of its own: a sentence with figures, or the title of a table.
 std::string TexteDeRangee(const Rangee& rangee, const FormeEnRangees& forme);
 
-// A list of figures: rows of one cell, each in a place of its own.
-// The last place serves the rows that follow too.
+// A list of figures: rows of one cell, each in a place of its own; the last place serves the rows that follow too.
 void ImprimerListe(Rapport& rapport, std::span<const Rangee> rangees, const std::vector<PlaceEnRangee>& places);
 
 // The column of a table by its place and what was seen of its cells, which may mix decimals.
