@@ -116,6 +116,11 @@ int AcheverEchange(const char* cible, const char* provisoire) {
 
 bool Existe(const char* chemin) { return ::faccessat(AT_FDCWD, chemin, F_OK, AT_SYMLINK_NOFOLLOW) == 0; }
 
+std::int64_t InstantDEcriture(const struct stat& etat) {
+  constexpr std::int64_t kNanosecondes = 1'000'000'000;  // of a second
+  return etat.st_mtim.tv_sec * kNanosecondes + etat.st_mtim.tv_nsec;
+}
+
 void Exiger(int resultat) {
   if (resultat != 0) throw Erreur(NumeroDErrno(errno));
 }

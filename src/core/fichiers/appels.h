@@ -2,9 +2,11 @@
 // run or make the call fail.
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cstddef>
+#include <cstdint>
 
 namespace quelvar::appels {
 
@@ -32,6 +34,8 @@ int AcheverEchange(const char* cible, const char* provisoire);
 
 // Whether something bears that name, a link that leads nowhere included. No test cuts it: it changes nothing.
 bool Existe(const char* chemin);
+// The time of the last write of a file, in nanoseconds: one that was changed since has another.
+std::int64_t InstantDEcriture(const struct stat& etat);
 
 // Raises the failure that errno tells when a call has returned anything but 0.
 void Exiger(int resultat);

@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <vector>
 
+#include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
-#include "core/fichiers/instant.h"
 #include "core/fichiers/morceaux.h"
 #include "core/programme/erreur.h"
 #include "core/texte/texte.h"
@@ -67,7 +67,7 @@ void MarquerNonAttendu(int descripteur, std::uint64_t taille, std::uint64_t empr
   const std::string amorce = AmorceDuSysteme();
   if (amorce.empty() || ::fstat(descripteur, &etat) != 0) return;
   const std::string texte = Joindre({amorce, " ", std::to_string(taille), " ", std::to_string(empreinte), " ",
-                                     std::to_string(InstantDEcriture(etat))});
+                                     std::to_string(appels::InstantDEcriture(etat))});
   ::fsetxattr(descripteur, kAttribut, texte.data(), texte.size(), 0);
 }
 
@@ -76,7 +76,7 @@ void VerifierMarque(int descripteur, const Chemin& chemin) {
   if (!LireMarque(descripteur, marque) || marque.amorce == AmorceDuSysteme()) return;
   struct stat etat {};
   if (::fstat(descripteur, &etat) != 0) return;
-  if (InstantDEcriture(etat) <= marque.instant) {
+  if (appels::InstantDEcriture(etat) <= marque.instant) {
     const CondenseDOctets condense = MesurerOuvert(descripteur);
     if (condense.Taille() != marque.taille || condense.Valeur() != marque.empreinte)
       throw Erreur(kErreurPeripherique,

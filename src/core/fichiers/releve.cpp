@@ -7,7 +7,6 @@
 
 #include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
-#include "core/fichiers/instant.h"
 #include "core/fichiers/provisoire.h"
 #include "core/programme/erreur.h"
 #include "core/texte/texte.h"
@@ -148,7 +147,7 @@ bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant
   struct stat etat {};
   if (::stat(chemin.c_str(), &etat) != 0) return false;
   noeud = etat.st_ino;
-  instant = InstantDEcriture(etat);
+  instant = appels::InstantDEcriture(etat);
   return true;
 }
 

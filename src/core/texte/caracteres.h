@@ -18,6 +18,11 @@ inline bool SontChiffres(std::string_view texte) {
   return !texte.empty() && texte.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// Nothing but digits and blanks, as cells of whole numbers are.
+inline bool SontChiffresOuBlancs(std::string_view texte) {
+  return texte.find_first_not_of(" 0123456789") == std::string_view::npos;
+}
+
 inline std::string Blancs(std::size_t nombre) { return std::string(nombre, ' '); }
 
 // The bit of each of eight bytes that no byte of ASCII has: what looks for it takes eight bytes a step, since a file

@@ -6,7 +6,6 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
-#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"
@@ -165,7 +164,8 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
   const std::string_view analyse = DerniereAnalyse(contexte);
   bilan.fichiers = ChercherFichiers(contexte, analyse);
   ExigerTous(*bilan.fichiers);
-  for (const std::string& remarque : demande.remarques) bilan.remarques.push_back(Joindre({kAttention, remarque}));
+  for (const std::string& remarque : demande.remarques)
+    bilan.remarques.push_back(Joindre({"*** Attention : ", remarque}));
   const std::vector<Nuage> nuages = LireLesNuages(contexte, demande, analyse, bilan);
   for (std::size_t m = 0; m < nuages.size(); ++m) {
     if (nuages[m].effectif == 0) continue;

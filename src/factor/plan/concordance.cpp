@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 
-#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "factor/provenance.h"
 
@@ -133,7 +132,7 @@ void DireLesRemarques(Rapport& rapport, const Contexte& contexte, const std::vec
   if (remarques.empty()) return;
   std::string boite;
   for (const std::string& remarque : remarques) {
-    rapport.Ligne({kAttention, remarque});
+    rapport.Ligne({"*** Attention : ", remarque});
     boite += (boite.empty() ? "" : "\r\n") + remarque;
   }
   contexte.Ecran().demander(boite, Boutons::Ok);
