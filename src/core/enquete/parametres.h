@@ -46,7 +46,7 @@ inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles)
 }
 
 // Parses the line. A token without "=" leaves every parameter unset, with the remark "Arret : manque signe = dans ligne
-// 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type.
-ParametresMod LireParametres(std::string_view ligne);
+// 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type, at line 2 of the file of that name.
+ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod = "*.MOD");
 
 }  // namespace quelvar
