@@ -35,15 +35,15 @@ DateHeure LireHorloge(const std::string& texte) {
 }
 
 // Arguments taken one after the other.
-class Suite {
+class Arguments {
  public:
-  explicit Suite(const std::vector<std::string>& arguments) : arguments_(arguments) {}
-  bool Reste() const { return i_ < arguments_.size(); }
-  std::string Prendre() { return DepuisUtf8(arguments_[i_++]); }
+  explicit Arguments(const std::vector<std::string>& tapes) : tapes_(tapes) {}
+  bool Reste() const { return i_ < tapes_.size(); }
+  std::string Prendre() { return DepuisUtf8(tapes_[i_++]); }
   // The same argument as a name, of which nothing is lost.
-  std::string DernierNom() const { return NomDepuisUtf8(arguments_[i_ - 1]); }
+  std::string DernierNom() const { return NomDepuisUtf8(tapes_[i_ - 1]); }
   // The same argument as it was typed.
-  const std::string& Dernier() const { return arguments_[i_ - 1]; }
+  const std::string& Dernier() const { return tapes_[i_ - 1]; }
   // What follows an option that needs it.
   std::string Valeur(const std::string& option) {
     if (!Reste()) throw UsageIncorrect(Joindre({"il manque une valeur après "_w, option}));
@@ -51,37 +51,36 @@ class Suite {
   }
 
  private:
-  const std::vector<std::string>& arguments_;
+  const std::vector<std::string>& tapes_;
   std::size_t i_ = 0;
 };
 
 // What stands behind the sign of "nom=valeur", as it was typed.
 std::string_view Brute(std::string_view argument) { return argument.substr(argument.find('=') + 1); }
 
-// Whether an option that is typed so, by its name or another one, does that with letters that the code page lacks.
-bool Traite(const Programme& programme, const std::string& nom, Option::Etrangers etrangers) {
-  return std::any_of(programme.options.begin(), programme.options.end(), [&](const Option& option) {
-    const bool typee =
-        option.nom.starts_with(nom) || std::any_of(option.autresNoms.begin(), option.autresNoms.end(),
-                                                   [&](const AutreNom& autre) { return autre.nom.starts_with(nom); });
-    return typee && option.etrangers == etrangers;
-  });
+// What becomes of the letters that the code page lacks in the value of an option; one that is not known refuses them.
+Option::Etrangers EtrangersDe(const Programme& programme, const std::string& option) {
+  try {
+    return programme.options[TrouverOption(programme.options, {option, {}}, programme.nom).rang].etrangers;
+  } catch (const UsageIncorrect&) {  // the reading of the options tells it
+    return Option::Etrangers::Refuses;
+  }
 }
 
 // The value of an option: what the code page lacks is not made "?" where it would come into a file.
 std::string ValeurDeLOption(const Programme& programme, const std::string& option, std::string_view utf8) {
-  if (Traite(programme, option, Option::Etrangers::Gardes)) return NomDepuisUtf8(utf8);
-  if (const std::string refus = RefusHorsPage(utf8);
-      !refus.empty() && !Traite(programme, option, Option::Etrangers::Perdus))
+  const Option::Etrangers etrangers = EtrangersDe(programme, option);
+  if (etrangers == Option::Etrangers::Gardes) return NomDepuisUtf8(utf8);
+  if (const std::string refus = RefusHorsPage(utf8); !refus.empty() && etrangers == Option::Etrangers::Refuses)
     throw UsageIncorrect(Joindre({"l'option ", option, " : ", refus}));
   return DepuisUtf8(utf8);
 }
 
 // Takes a global option; false when the argument is none.
-bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& demande) {
+bool PrendreOptionGenerale(const std::string& argument, Arguments& arguments, Demande& demande) {
   if (argument == "-C") {
-    suite.Valeur(argument);
-    const std::string repertoire = suite.DernierNom();
+    arguments.Valeur(argument);
+    const std::string repertoire = arguments.DernierNom();
     const std::optional<Chemin> trouve = ChercherFichier(".", repertoire);
     std::error_code code;
     if (!trouve || !std::filesystem::is_directory(*trouve, code))
@@ -90,34 +89,34 @@ bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& d
       throw UsageIncorrect(Joindre({"répertoire interdit : "_w, repertoire}));
     demande.repertoire = *trouve;
   } else if (argument == "--niveau") {
-    const std::string niveau = suite.Valeur(argument);
+    const std::string niveau = arguments.Valeur(argument);
     if (niveau != "1" && niveau != "2")
       throw UsageIncorrect(Joindre({"--niveau attend 1 ou 2 et non \"", niveau, "\""}));
     demande.niveau = niveau == "1" ? kNiveauSimple : kNiveauAvance;
   } else if (argument == "--reponse") {
-    suite.Valeur(argument);
-    demande.reponses.push_back(suite.DernierNom());  // it may be the name of a file or of a generic
+    arguments.Valeur(argument);
+    demande.reponses.push_back(arguments.DernierNom());  // it may be the name of a file or of a generic
   } else if (argument == "--horloge") {
-    demande.horloge = LireHorloge(suite.Valeur(argument));
+    demande.horloge = LireHorloge(arguments.Valeur(argument));
   } else {
     return false;
   }
   return true;
 }
 
-void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
+void PrendreProgramme(const std::string& nom, Arguments& arguments, Demande& demande) {
   demande.programme = &Trouver(nom);
   bool avecGenerique = false;
-  while (suite.Reste()) {
-    const std::string argument = suite.Prendre();
+  while (arguments.Reste()) {
+    const std::string argument = arguments.Prendre();
     if (argument == "--aide") {
       demande.genre = Demande::Genre::AideProgramme;
       return;
     }
-    if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, suite, demande)) continue;
+    if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, arguments, demande)) continue;
     const bool optionDAbord = demande.programme->generiqueFacultatif && argument.find('=') != std::string::npos;
     if (!avecGenerique && !optionDAbord) {
-      const std::string generique = suite.DernierNom();
+      const std::string generique = arguments.DernierNom();
       demande.generique = SansExtension(generique);
       avecGenerique = true;
       continue;
@@ -126,7 +125,7 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     if (egal == std::string::npos || egal == 0)
       throw UsageIncorrect(Joindre({"une option s'écrit nom=valeur, et non \""_w, argument, "\""}));
     const std::string option = Minuscules(argument.substr(0, egal));
-    demande.options.emplace_back(option, ValeurDeLOption(*demande.programme, option, Brute(suite.Dernier())));
+    demande.options.emplace_back(option, ValeurDeLOption(*demande.programme, option, Brute(arguments.Dernier())));
   }
   if (!avecGenerique && !demande.programme->generiqueFacultatif)
     throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));
@@ -134,12 +133,12 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
 
 }  // namespace
 
-Demande LireLigneDeCommande(const std::vector<std::string>& arguments) {
+Demande LireLigneDeCommande(const std::vector<std::string>& tapes) {
   Demande demande;
-  Suite suite(arguments);
-  while (suite.Reste()) {
-    const std::string argument = suite.Prendre();
-    if (PrendreOptionGenerale(argument, suite, demande)) continue;
+  Arguments arguments(tapes);
+  while (arguments.Reste()) {
+    const std::string argument = arguments.Prendre();
+    if (PrendreOptionGenerale(argument, arguments, demande)) continue;
     if (argument == "--liste") {
       demande.genre = Demande::Genre::Liste;
       return demande;
@@ -149,7 +148,7 @@ Demande LireLigneDeCommande(const std::vector<std::string>& arguments) {
       return demande;
     }
     if (!argument.empty() && argument[0] == '-') throw UsageIncorrect(Joindre({"option inconnue : ", argument}));
-    PrendreProgramme(argument, suite, demande);
+    PrendreProgramme(argument, arguments, demande);
     return demande;
   }
   throw UsageIncorrect("il manque le programme (voir : quelvar-batch --liste)");

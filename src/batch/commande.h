@@ -24,7 +24,7 @@ struct Demande {
 };
 
 // Parses the arguments (UTF-8, without the program's name). Raises UsageIncorrect.
-Demande LireLigneDeCommande(const std::vector<std::string>& arguments);
+Demande LireLigneDeCommande(const std::vector<std::string>& tapes);
 
 // Texts in the code page.
 std::string TexteListe();

@@ -32,7 +32,8 @@ std::string Teinte(Couleur couleur, double teinte) {
   return texte;
 }
 
-std::string Proteger(std::string_view texte) {
+// A text of the code page as the text or an attribute of XML.
+std::string EnXml(std::string_view texte) {
   std::string resultat;
   for (const char c : VersUtf8(texte)) {
     switch (c) {
@@ -84,7 +85,7 @@ std::string TexteEcrit(const Dessin& dessin, const Forme& forme, const std::stri
     balise += Attribut("stroke", "#ffffff") + Attribut("stroke-width", Cote(2 * police.halo)) +
               Attribut("stroke-linejoin", "round") + Attribut("paint-order", "stroke");
   if (police.ancre != Ancre::Debut) balise += Attribut("text-anchor", police.ancre == Ancre::Milieu ? "middle" : "end");
-  return balise + ">" + Proteger(forme.texte) + "</text>\n";
+  return balise + ">" + EnXml(forme.texte) + "</text>\n";
 }
 
 std::string Balise(const Dessin& dessin, const Forme& forme) {
@@ -107,7 +108,7 @@ std::string Balise(const Dessin& dessin, const Forme& forme) {
 // A layer that is cut brings the rectangle of its cut along.
 std::string DebutDeGroupe(const Calque& calque, std::size_t rang) {
   std::string coupe;
-  std::string groupe = "<g" + (calque.nom.empty() ? "" : Attribut("class", Proteger(calque.nom)));
+  std::string groupe = "<g" + (calque.nom.empty() ? "" : Attribut("class", EnXml(calque.nom)));
   if (calque.coupe) {
     const std::string nom = "coupe" + std::to_string(rang);
     coupe = "<clipPath" + Attribut("id", nom) + "><rect" + Attribut("x", Cote(calque.coupe->x)) +

@@ -36,8 +36,8 @@ void Ajouter(Lectures& lectures, const FichierPos& pos, std::string_view nom, in
 }
 
 // The reading that goes on from the modality before.
-std::optional<CodeDeModalite> Suite(const std::vector<CodeDeModalite>& possibles,
-                                    const std::optional<CodeDeModalite>& precedente) {
+std::optional<CodeDeModalite> LectureQuiSuit(const std::vector<CodeDeModalite>& possibles,
+                                             const std::optional<CodeDeModalite>& precedente) {
   if (possibles.size() == 1) return possibles.front();
   if (!precedente) return std::nullopt;
   std::optional<CodeDeModalite> autre;
@@ -73,9 +73,9 @@ FauteDeNom LireNomDeModalite(const FichierPos& pos, std::string_view nom, std::o
     lu = *lectures.tropGrande;
     return FauteDeNom::Aucune;
   }
-  const std::optional<CodeDeModalite> suite = Suite(lectures.possibles, precedente);
-  if (suite) lu = *suite;
-  return suite ? FauteDeNom::Aucune : FauteDeNom::Partagee;
+  const std::optional<CodeDeModalite> lecture = LectureQuiSuit(lectures.possibles, precedente);
+  if (lecture) lu = *lecture;
+  return lecture ? FauteDeNom::Aucune : FauteDeNom::Partagee;
 }
 
 }  // namespace quelvar

@@ -54,12 +54,14 @@ std::vector<Commencement> Commencements(const std::vector<Option>& options, cons
   return trouves;
 }
 
+// A sign that a shell takes as it stands.
 bool SansDanger(char c) {
   constexpr std::string_view kSignes = "_.,:/=+-@%";
   return EstChiffre(c) || (Minuscule(c) >= 'a' && Minuscule(c) <= 'z') || kSignes.find(c) != std::string_view::npos;
 }
 
-std::string Proteger(std::string_view mot) {
+// A word that a POSIX shell takes whole and as it stands.
+std::string PourLInterprete(std::string_view mot) {
   if (!mot.empty() && std::all_of(mot.begin(), mot.end(), SansDanger)) return std::string(mot);
   std::string protege = "'";
   for (const char c : mot) {
@@ -159,8 +161,8 @@ std::string CommandeEcrite(std::string_view programme, std::string_view generiqu
                            const LigneDOptions& ligne) {
   std::string commande = "quelvar-batch ";
   if (niveau >= kNiveauAvance) commande += Joindre({"--niveau ", Nombre(niveau), " "});
-  commande += Joindre({programme, " ", Proteger(generique)});
-  for (const auto& [nom, valeur] : ligne) commande += " " + Proteger(Joindre({nom, "=", valeur}));
+  commande += Joindre({programme, " ", PourLInterprete(generique)});
+  for (const auto& [nom, valeur] : ligne) commande += " " + PourLInterprete(Joindre({nom, "=", valeur}));
   return commande;
 }
 
