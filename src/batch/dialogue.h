@@ -7,7 +7,7 @@
 
 namespace quelvar::batch {
 
-// The demande must outlive the dialogue, which consumes its answers.
+// The request must outlive the dialogue, which consumes its answers.
 Dialogue DialogueBatch(Demande& demande);
 
 }  // namespace quelvar::batch

@@ -23,7 +23,7 @@ struct Programme {
   bool generiqueFacultatif = false;
 };
 
-// A description that outlives the programme, as those of the programs do.
+// The description must outlive what is made of it, as those of the programs do.
 template <typename Options>
 Programme ProgrammeDe(const Description<Options>& description) {
   return {description.Nom(),
