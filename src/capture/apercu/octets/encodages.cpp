@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "capture/apercu/octets/pages.h"
+#include "capture/pagecode.h"
 #include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
@@ -132,7 +133,9 @@ struct Indices {
     const unsigned char apres = en(i + 1);
     if (octet >= 0x80 && octet < 0xA0) ++c1;
     const bool enPage = Signe{avant, octet, apres}.EstVraisemblable();
-    const bool enCp850 = Signe{DeCp850(avant), DeCp850(octet), DeCp850(apres)}.EstVraisemblable();
+    const TableDOctets& deCp850 = TableDePage(PageDeCode::Dos850);
+    const auto traduit = [&](unsigned char o) { return static_cast<unsigned char>(deCp850[o]); };
+    const bool enCp850 = Signe{traduit(avant), traduit(octet), traduit(apres)}.EstVraisemblable();
     if (enPage && !enCp850) ++page;
     if (enCp850 && !enPage) ++cp850;
     if (octet == 0xA4 || ((octet == 0xBD || octet == 0xBC) && (EstLettre(avant) || EstLettre(apres)))) ++latin9;
