@@ -47,9 +47,9 @@ void Rangees::Finir(std::int64_t fois) {
   if (fois > kLignesAuPlus || donnees_ + vides_ + fois > kLignesAuPlus) TropGrande("1 048 576 lignes", Suivant());
   const std::size_t largeur = largeur_;
   largeur_ = 0;
-  for (; vides_ > 0 && !assez_; --vides_) Donner();
+  for (; vides_ > 0; --vides_) Donner();
   largeur_ = largeur;
-  for (std::int64_t i = 0; i < fois && !assez_; ++i) {
+  for (std::int64_t i = 0; i < fois; ++i) {
     remplies_ += remplieLigne_;
     if (remplies_ > kCellulesAuPlus) TropGrande("250 millions de cellules remplies", Suivant());
     octets_ += octetsLigne_;
@@ -60,7 +60,7 @@ void Rangees::Finir(std::int64_t fois) {
 }
 
 void Rangees::Donner() {
-  assez_ = !recevoir_(std::span<const std::string>(cellules_).first(largeur_));
+  recevoir_(std::span<const std::string>(cellules_).first(largeur_));
   ++donnees_;
 }
 
