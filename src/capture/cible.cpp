@@ -1,7 +1,7 @@
 #include "capture/cible.h"
 
 #include "capture/fichiers.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/texte.h"
 
