@@ -30,10 +30,10 @@ struct FeuilleLue {
 // `feuille` is a name (exactly, else without regard to case) or a number from 1; without it it is the first sheet that
 // is not hidden and holds a table: two rows at least; the first that holds anything when there is none. `suivi` gets
 // how much of each part is read, in percent.
-// Raises kFichierIntrouvable, kPermissionRefusee, kAccesFichier, a sentence (kIncompatibiliteType, kMemoireInsuffisante)
-// for what cannot be read: damaged, protected, beyond the bounds of classeur/archive.h and rangees.h; a sentence
-// (kIncompatibiliteType) that names the sheets when there is none of that name or this one is empty; and what Ecrivain
-// raises.
+// Raises kFichierIntrouvable, kPermissionRefusee, kAccesFichier, a sentence (kIncompatibiliteType,
+// kMemoireInsuffisante) for what cannot be read: damaged, protected, beyond the bounds of classeur/archive.h and
+// rangees.h; a sentence (kIncompatibiliteType) that names the sheets when there is none of that name or this one is
+// empty; and what Ecrivain raises.
 FeuilleLue EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,
                               const classeur::SuiviDArchive& suivi = {});
 

@@ -184,23 +184,24 @@ TEST_F(Classeurs, RefusalsTellWhy) {
   change[place] = static_cast<char>(change[place] ^ 0x55);
   essai::EcrireOctets(Fichier("abime.ods"), change);
 
-  const std::map<std::string, std::string> attendus = {{"texte.ods", "ce n'est pas un fichier .ods ou .xlsx"},
-                                                       {"vide.xlsx", "ce n'est pas un fichier .ods ou .xlsx"},
-                                                       {"ancien.xlsx", "d'avant 2007"},
-                                                       {"autre.ods", "ce n'est pas un fichier .ods ou .xlsx"},
-                                                       {"sans.ods", "il n'a pas de feuille de calcul"},
-                                                       {"coupe.ods", "le fichier est abîmé (dans content.xml)"},
-                                                       {"large.ods", "plus de 16 384 colonnes"},
-                                                       {"longue.ods", "plus de 1 048 576 lignes"},
-                                                       {"cellule.ods", "plus de un Mio dans une cellule"},
-                                                       {"entites.ods", "une déclaration de type de document"},
-                                                       {"secret.ods", "protégé par un mot de passe"},
-                                                       {"ordre.xlsx", "les lignes de la feuille ne se suivent pas"},
-                                                       {"renvoi.xlsx",
-                                                        "une cellule y renvoie à un texte qui n'existe pas. Enregistrez "
-                                                        "la feuille en CSV depuis le tableur et importez ce fichier."},
-                                                       {"tronque.ods", "le fichier est abîmé"},
-                                                       {"abime.ods", "le fichier est abîmé"}};
+  const std::map<std::string, std::string> attendus = {
+      {"texte.ods", "ce n'est pas un fichier .ods ou .xlsx"},
+      {"vide.xlsx", "ce n'est pas un fichier .ods ou .xlsx"},
+      {"ancien.xlsx", "d'avant 2007"},
+      {"autre.ods", "ce n'est pas un fichier .ods ou .xlsx"},
+      {"sans.ods", "il n'a pas de feuille de calcul"},
+      {"coupe.ods", "le fichier est abîmé (dans content.xml)"},
+      {"large.ods", "plus de 16 384 colonnes"},
+      {"longue.ods", "plus de 1 048 576 lignes"},
+      {"cellule.ods", "plus de un Mio dans une cellule"},
+      {"entites.ods", "une déclaration de type de document"},
+      {"secret.ods", "protégé par un mot de passe"},
+      {"ordre.xlsx", "les lignes de la feuille ne se suivent pas"},
+      {"renvoi.xlsx",
+       "une cellule y renvoie à un texte qui n'existe pas. Enregistrez "
+       "la feuille en CSV depuis le tableur et importez ce fichier."},
+      {"tronque.ods", "le fichier est abîmé"},
+      {"abime.ods", "le fichier est abîmé"}};
   for (const auto& [nom, raison] : attendus)
     EXPECT_NE(Refus(nom).find(raison), std::string::npos) << nom << " : " << Refus(nom);
 }
