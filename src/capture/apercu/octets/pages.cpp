@@ -6,6 +6,7 @@
 #include <cstring>
 #include <utility>
 
+#include "capture/apercu/octets/cellule.h"
 #include "capture/pagecode.h"
 #include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
@@ -15,7 +16,6 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kMorceau = std::size_t{1} << 18;
-constexpr unsigned char kInsecable = 0xA0;
 
 // ISO 8859-15 differs from the code page in eight signs.
 unsigned char DeLatin9(unsigned char octet) {
@@ -34,7 +34,8 @@ unsigned char DeLatin9(unsigned char octet) {
 
 // What stands for a character that the code page lacks and that nobody would miss; 0 to leave it out, -1 for none.
 int Remplacant(char32_t point) {
-  if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000) return kInsecable;
+  if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000)
+    return static_cast<unsigned char>(kInsecable);
   if (point == 0x2010 || point == 0x2011 || point == 0x2212) return '-';
   if (point == 0x2028 || point == 0x2029) return ' ';
   if ((point >= 0x200B && point <= 0x200F) || point == 0x2060 || point == 0xFEFF) return 0;

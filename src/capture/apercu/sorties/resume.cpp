@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
+#include "capture/apercu/octets/cellule.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
 namespace {
-
-constexpr char kInsecable = '\xA0';
 
 std::string AvecMilliers(std::int64_t nombre) {
   constexpr std::size_t kGroupe = 3;
@@ -36,8 +35,7 @@ struct Devenirs {
 Devenirs CompterLesDevenirs(const std::vector<ChoixDeColonne>& choix) {
   const auto nombre = [&](Genre genre) { return std::ranges::count(choix, genre, &ChoixDeColonne::genre); };
   Devenirs devenirs{nombre(Genre::Codes), nombre(Genre::Numero), nombre(Genre::Ecartee)};
-  devenirs.autres =
-      static_cast<std::int64_t>(choix.size()) - devenirs.codes - devenirs.numeros - devenirs.ecartees;
+  devenirs.autres = static_cast<std::int64_t>(choix.size()) - devenirs.codes - devenirs.numeros - devenirs.ecartees;
   return devenirs;
 }
 

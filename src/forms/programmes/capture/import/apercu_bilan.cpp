@@ -38,9 +38,7 @@ void ApercuImport::MontrerBilan() {
   const bool fautif = etat == EtatDeTable::Illisible || etat == EtatDeTable::ACorriger;
   ui_->LabelBilan->setText(PhraseVersQt(capture::DireEtat(etat, preparation_.Choix(), preparation_.Vue())));
   QPalette palette = ui_->FrBilan->palette();
-  palette.setColor(QPalette::Window, fautif                             ? kFondFautif
-                                     : etat == EtatDeTable::ToutEnCodes ? kFondBon
-                                                                        : kFondAVoir);
+  palette.setColor(QPalette::Window, fautif ? kFondFautif : etat == EtatDeTable::ToutEnCodes ? kFondBon : kFondAVoir);
   palette.setColor(QPalette::WindowText, Qt::black);
   ui_->FrBilan->setPalette(palette);
   MontrerFautes();

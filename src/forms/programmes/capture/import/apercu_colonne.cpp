@@ -201,10 +201,10 @@ void ApercuImport::LireTextes() {
     const QListWidgetItem& ligne = *ui_->ListTextes->item(i);
     textes.push_back({DepuisQt(ligne.data(kTexteDeLaLigne).toString()), 0, ligne.checkState() == Qt::Checked});
   }
-  preparation_.ChangerChoix(
-      Colonne(), choix.genre == Genre::Textes
-                     ? capture::AvecTextesCodes(choix, kOrdres[ui_->ComboOrdre->currentIndex()], textes)
-                     : capture::AvecTextesComptes(choix, textes));
+  preparation_.ChangerChoix(Colonne(),
+                            choix.genre == Genre::Textes
+                                ? capture::AvecTextesCodes(choix, kOrdres[ui_->ComboOrdre->currentIndex()], textes)
+                                : capture::AvecTextesComptes(choix, textes));
   ChoixChange();
   const int courante = ui_->ListTextes->currentRow();
   const QString gardee = courante < 0 ? QString() : ui_->ListTextes->item(courante)->data(kTexteDeLaLigne).toString();
