@@ -5,7 +5,7 @@
 #include <QScrollBar>
 
 #include "capture/saisie/ecran.h"
-#include "capture/saisie/saisie_options.h"
+#include "capture/saisie/options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "capture/apercu/options.h"
+#include "capture/cible.h"
 #include "core/programme/annulation.h"
 #include "core/programme/lieunomme.h"
 #include "core/session/generique.h"
