@@ -23,7 +23,7 @@
 #include <utility>
 
 #include "factor/analyse/anecar.h"
-#include "forms/cadre/entrees.h"
+#include "forms/cadre/menus/entrees.h"
 #include "forms/editeur/frmfind.h"
 #include "forms/editeur/frmsdi.h"
 #include "forms/pieces/ecran.h"
