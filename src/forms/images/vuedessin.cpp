@@ -118,7 +118,8 @@ void VueDessin::resizeEvent(QResizeEvent* evenement) {
 }
 
 void VueDessin::wheelEvent(QWheelEvent* evenement) {
-  const double crans = static_cast<double>(evenement->angleDelta().y()) / QWheelEvent::DefaultDeltasPerStep;
+  constexpr double unCran = QWheelEvent::DefaultDeltasPerStep;
+  const double crans = evenement->angleDelta().y() / unCran;
   Grossir(std::pow(kPasDeZoom, crans), evenement->position());
   evenement->accept();
 }
