@@ -8,6 +8,7 @@
 #include "forms/editeur/frmfind.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
+#include "forms/texte/imprimante.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
