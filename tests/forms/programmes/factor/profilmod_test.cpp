@@ -21,6 +21,8 @@ using essai::Cliquer;
 class FormeProfil : public testing::Test {
  protected:
   FormeProfil() : bureau_(2) {
+    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nAGE   1 9 $Age$\r\nSEX   2 9\r\n");
+    bureau_.Ecrire("ENQ.DAT", "12\r\n21\r\n12\r\n");
     bureau_.Ecrire("ENQ.MOD",
                    "ENQ\r\n LIGN=2 COL=4 FMT=2\r\nAGE1   jeunes\r\nAGE2   vieux\r\nSEX1   hommes\r\nSEX2   femmes\r\n");
     bureau_.Ecrire("ENQ.BRT", "OUV  1 2 3 4\r\nCAD  4 3 2 1\r\n");
