@@ -56,6 +56,33 @@ TEST_F(RunUtilitaires, TheListingGivesEveryByteBack) {
   }
 }
 
+TEST_F(RunUtilitaires, WhatALaunchLacksIsToldInOrder) {
+  OptionsExportation exportation;
+  const auto manque = [&] { return ManqueExportation(contexte_, exportation); };
+  EXPECT_EQ(manque(), "Vous devez entrer le nom du fichier A d'origine");
+  exportation.a = "A.TXT";
+  EXPECT_EQ(manque(), std::string("Vous devez entrer le nom du fichier C résultant de l'exportation"_w));
+  exportation.c = "./a.txt";
+  EXPECT_EQ(manque(),
+            std::string("*** Attention : l'exportation ne peut écraser le fichier d'origine. Option impossible"_w));
+  exportation.c = "C.TXT";
+  EXPECT_EQ(manque(), "Vous devez entrer la position initiale de la zone d'exportation");
+  exportation.debut = "1";
+  EXPECT_EQ(manque(), "Vous devez entrer la position finale de la zone d'exportation");
+  exportation.fin = "2";
+  EXPECT_EQ(manque(), "");
+  exportation.a = "enq.PRT";  // where the report goes
+  EXPECT_NE(manque(), "");
+}
+
+TEST_F(RunUtilitaires, AZoneThatIsNoneLeavesTheFormerResult) {
+  Ecrire("A.TXT", "abcd\r\n");
+  Ecrire("C.TXT", "ancien");
+  EXPECT_EQ(Exporter(contexte_, {"A.TXT", "C.TXT", "0", "4"}), Fin::Arret);
+  EXPECT_TRUE(Dit("ERREUR NUMERO = 5 "));
+  EXPECT_EQ(Lire("C.TXT"), "ancien");
+}
+
 TEST_F(RunUtilitaires, AZoneBeyondEveryLineIsSaidHoweverFar) {
   Ecrire("A.TXT", "abc\r\n");
   for (const std::string fin : {"4", "40000", "99999999999999999999", "1e300"}) {

@@ -7,7 +7,6 @@
 #include "core/enquete/posfile.h"
 #include "core/texte/nombres.h"
 #include "support/programme.h"
-#include "utilities/exportcsv/exportcsv.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"
 
@@ -154,11 +153,6 @@ TEST_F(RunTableaux, WhatANewTableOrNewDataDoNotKeepIsTold) {
   Ecrire("ENQ.BRT", "L1   1 2\r\nL2   3 4\r\nL3   5 6\r\nL4   7 8\r\n");
   ASSERT_EQ(Gendat(contexte_, {}), Fin::Normale);
   EXPECT_TRUE(dit("Deux questions portent le nom AGE"));
-  for (const char* taille : {" 35 ", " 37 "}) {
-    Ecrire("ENQ.POS", Joindre({"ENQ\r\n", std::string(taille), "\r\nAGE   1 4\r\n"}));
-    ASSERT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
-    EXPECT_TRUE(dit(Joindre({"annonce", std::string(taille), "individus et ENQ.DAT en a 36"})));
-  }
 }
 
 TEST_F(RunTableaux, IndividualsAreNotReplacedUnasked) {

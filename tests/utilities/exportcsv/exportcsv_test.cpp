@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "capture/apercu/import.h"
@@ -29,6 +30,19 @@ TEST_F(RunExportCsv, ASpreadsheetIsNotReplacedUnasked) {
   EXPECT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
   EXPECT_EQ(Lire("ENQ.CSV"), "AGE\r\n1\r\n");
   EXPECT_EQ(Lire("ENQ.CS2"), "la source");
+}
+
+TEST_F(RunExportCsv, ACountOfIndividualsThatIsNotThatOfTheDataIsTold) {
+  Ecrire("ENQ.DAT", "1\r\n2\r\n");
+  Ecrire("ENQ.MOD", "ENQ\r\n\r\n");
+  for (const char* taille : {" 1 ", " 3 "}) {
+    Ecrire("ENQ.POS", Joindre({"ENQ\r\n", std::string(taille), "\r\nAGE   1 4\r\n"}));
+    boites_.clear();
+    ASSERT_EQ(ExporterCsv(contexte_, {}), Fin::Normale);
+    const std::string annonce = Joindre({"annonce", std::string(taille), "individus et ENQ.DAT en a 2"});
+    EXPECT_TRUE(std::any_of(boites_.begin(), boites_.end(),
+                            [&](const std::string& boite) { return boite.find(annonce) != std::string::npos; }));
+  }
 }
 
 // The codes of every question, line by line.

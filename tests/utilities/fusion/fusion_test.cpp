@@ -40,36 +40,19 @@ TEST_F(RunFusion, WhatIsJoinedSideBySideComesBackByZones) {
 }
 
 TEST_F(RunFusion, WhatALaunchLacksIsToldInOrder) {
-  OptionsExportation exportation;
-  const auto manque = [&] { return ManqueExportation(contexte_, exportation); };
-  EXPECT_EQ(manque(), "Vous devez entrer le nom du fichier A d'origine");
-  exportation.a = "A.TXT";
-  EXPECT_EQ(manque(), std::string("Vous devez entrer le nom du fichier C résultant de l'exportation"_w));
-  exportation.c = "./a.txt";
-  EXPECT_EQ(manque(),
-            std::string("*** Attention : l'exportation ne peut écraser le fichier d'origine. Option impossible"_w));
-  exportation.c = "C.TXT";
-  EXPECT_EQ(manque(), "Vous devez entrer la position initiale de la zone d'exportation");
-  exportation.debut = "1";
-  EXPECT_EQ(manque(), "Vous devez entrer la position finale de la zone d'exportation");
-  exportation.fin = "2";
-  EXPECT_EQ(manque(), "");
-  exportation.a = "enq.PRT";  // where the report goes
-  EXPECT_NE(manque(), "");
-
   OptionsFusion fusion = Fusion(TypeFusion::Appareillement);
-  const auto manqueALaFusion = [&] { return ManqueFusion(contexte_, fusion); };
-  EXPECT_EQ(manqueALaFusion(), "Vous devez entrer la position de l'identificateur dans le fichier A");
+  const auto manque = [&] { return ManqueFusion(contexte_, fusion); };
+  EXPECT_EQ(manque(), "Vous devez entrer la position de l'identificateur dans le fichier A");
   fusion.positionA = fusion.positionB = "1";
-  EXPECT_EQ(manqueALaFusion(), std::string("Vous devez entrer la largeur de l'identificateur commune à A et B"_w));
+  EXPECT_EQ(manque(), std::string("Vous devez entrer la largeur de l'identificateur commune à A et B"_w));
   fusion.largeur = "2";
-  EXPECT_EQ(manqueALaFusion(), "");
+  EXPECT_EQ(manque(), "");
   fusion.c = "B.DAT";
-  EXPECT_EQ(manqueALaFusion(), std::string("Le fichier résultant ne peut être un des deux fichiers d'entrée"_w));
+  EXPECT_EQ(manque(), std::string("Le fichier résultant ne peut être un des deux fichiers d'entrée"_w));
   fusion.c = "A.TXT";  // whose .POS would be that of A
-  EXPECT_EQ(manqueALaFusion(), "");
+  EXPECT_EQ(manque(), "");
   fusion.pos = true;
-  EXPECT_NE(manqueALaFusion(), "");
+  EXPECT_NE(manque(), "");
 }
 
 TEST_F(RunFusion, InputsAndFormerResultsAreWholeWhateverHappens) {
@@ -83,8 +66,6 @@ TEST_F(RunFusion, InputsAndFormerResultsAreWholeWhateverHappens) {
     const essai::DisquePlein disque(200000);
     EXPECT_EQ(Fusionner(contexte_, Fusion(TypeFusion::CoteACote, true)), Fin::Arret);
     EXPECT_TRUE(Dit("ERREUR NUMERO = 61 "));
-    EXPECT_EQ(Exporter(contexte_, {"A.DAT", "C.DAT", "0", "4"}), Fin::Arret);
-    EXPECT_TRUE(Dit("ERREUR NUMERO = 5 "));
   }
   EXPECT_EQ(Fichiers("ENQ.prt"), avant);
   Ecrire("B.POS", "B\r\n 3000 \r\nSEX9990 9\r\n");  // moves beyond the four columns of a position
