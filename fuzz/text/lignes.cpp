@@ -8,7 +8,7 @@
 
 #include "fuzz/support/dossier_memoire.h"
 #include "text/preparation/preptext.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace {
 

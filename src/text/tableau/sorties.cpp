@@ -7,7 +7,7 @@
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace quelvar::text {
 

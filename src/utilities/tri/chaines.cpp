@@ -1,4 +1,4 @@
-#include "utilities/trichaines.h"
+#include "utilities/tri/chaines.h"
 
 #include <algorithm>
 #include <array>

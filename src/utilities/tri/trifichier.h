@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/programme/programme.h"
-#include "utilities/trichaines.h"
+#include "utilities/tri/chaines.h"
 
 namespace quelvar::utilities {
 
