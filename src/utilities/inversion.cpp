@@ -9,6 +9,7 @@
 #include "core/programme/place.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "utilities/tableau.h"
 #include "utilities/utilitaires.h"
@@ -56,11 +57,10 @@ TableauEntier LireEntier(const Tableau& tableau) {
 // Names that several rows bear, each once.
 std::string NomsRepetes(std::vector<std::string> noms) {
   std::sort(noms.begin(), noms.end());
-  std::string repetes;
+  std::vector<std::string_view> repetes;
   for (std::size_t i = 1; i < noms.size(); ++i)
-    if (noms[i] == noms[i - 1] && (i == 1 || noms[i] != noms[i - 2]))
-      repetes += (repetes.empty() ? "" : ", ") + std::string(Rogner(noms[i]));
-  return repetes;
+    if (noms[i] == noms[i - 1] && (i == 1 || noms[i] != noms[i - 2])) repetes.push_back(Rogner(noms[i]));
+  return Enumerer(repetes);
 }
 
 void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {

@@ -9,6 +9,7 @@
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/edition.h"
 #include "regression/anatab/effets_edition.h"
@@ -117,7 +118,7 @@ void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Model
   if (noms.empty()) return;
   Avertir(rapport, contexte.Ecran(),
           Joindre({"*** Arrêt du programme : plusieurs questions portent le même nom, renommez leurs modalités ("_w,
-                   EnListe(noms), ")"}));
+                   Enumerer(noms), ")"}));
   throw Erreur(kArretAnnonce);
 }
 

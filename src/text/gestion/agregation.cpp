@@ -7,6 +7,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "text/gestion/compterendu.h"
 #include "text/gestion/motsdeslignes.h"
@@ -136,13 +137,11 @@ std::vector<std::string> Supplementaires(const TableGeree& table) {
 // Those of the first list that the other one has not: some of them by name, and how many.
 std::string Absentes(const std::vector<std::string>& intitules, const std::vector<std::string>& autres) {
   constexpr std::int64_t kNommees = 10;
-  std::string noms;
+  std::vector<std::string> noms;
   std::int64_t nombre = 0;
   for (const std::string& intitule : intitules)
-    if (std::ranges::find(autres, intitule) == autres.end() && ++nombre <= kNommees)
-      noms += (noms.empty() ? "" : ", ") + intitule;
-  if (nombre > kNommees) noms += Joindre({"... (", Nombre(nombre), ")"});
-  return noms;
+    if (std::ranges::find(autres, intitule) == autres.end() && ++nombre <= kNommees) noms.push_back(intitule);
+  return nombre > kNommees ? Joindre({Enumerer(noms), "... (", Nombre(nombre), ")"}) : Enumerer(noms);
 }
 
 // Supplementary rows are so by their place only: the user is told when merges and sorts have put others there.

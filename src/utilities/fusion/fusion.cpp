@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/programme/place.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "utilities/fusion/jonction.h"
 #include "utilities/fusion/travail.h"
@@ -32,12 +33,10 @@ void PrevenirDuPos(const Travail& travail) {
   }
   const std::vector<std::string> communs = NomsCommuns(travail.pos->a, travail.pos->b);
   if (communs.empty()) return;
-  std::string liste;
-  for (const std::string& nom : communs) liste += (liste.empty() ? "" : ", ") + nom;
-  Prevenir(travail.contexte,
-           Joindre({"Questions de même nom dans A et dans B : "_w, Nombre(communs.size()), " (", liste, "). ", pos,
-                    " les porte deux fois : donnez d'autres noms à l'une des deux avant "
-                    "d'analyser, un programme s'arrête sur un nom que deux questions partagent"_w}));
+  Prevenir(travail.contexte, Joindre({"Questions de même nom dans A et dans B : "_w, Nombre(communs.size()), " (",
+                                      Enumerer(communs), "). ", pos,
+                                      " les porte deux fois : donnez d'autres noms à l'une des deux avant "
+                                      "d'analyser, un programme s'arrête sur un nom que deux questions partagent"_w}));
 }
 
 void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const OptionsFusion& options) {
