@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "core/document/affichage.h"
-#include "text/commun/lignes.h"
+#include "core/texte/lignes.h"
 #include "text/commun/source.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"

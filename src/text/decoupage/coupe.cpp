@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "core/programme/erreur.h"
+#include "core/texte/lignes.h"
 #include "core/texte/texte.h"
-#include "text/commun/lignes.h"
 
 namespace quelvar::text {
 

@@ -10,8 +10,8 @@
 #include "core/session/generique.h"
 #include "core/session/generique_libre.h"
 #include "core/session/session.h"
+#include "core/texte/lignes.h"
 #include "core/texte/nombres.h"
-#include "text/commun/lignes.h"
 #include "text/commun/prise.h"
 #include "text/preparation/edition.h"
 

@@ -7,6 +7,7 @@
 
 #include "core/fichiers/lignelongue.h"
 #include "core/programme/place.h"
+#include "core/texte/lignes.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
 
@@ -114,7 +115,7 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
   ExigerPlace(contexte, rapport, {2 * taille, taille});
   const std::string octets = LireOctets(*source);
   ExigerLignesCourtes(octets, TexteDe(source->filename()));
-  const std::vector<std::string_view> lignes = LignesDe(octets);
+  const std::vector<std::string_view> lignes = ToutesLesLignes(octets);
   const std::vector<std::uint32_t> ordre = OrdreDesLignes(lignes, champ, contexte.Ecran());
   Remplacement resultat(contexte.repertoire, options.fichierC);
   const Longueurs longueurs = EcrireLignes(resultat.Fichier(), lignes, ordre, options.rogner);
@@ -124,20 +125,6 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
 }
 
 }  // namespace
-
-std::vector<std::string_view> LignesDe(std::string_view octets) {
-  if (octets.ends_with('\x1A')) octets.remove_suffix(1);
-  std::vector<std::string_view> lignes;
-  while (!octets.empty()) {
-    const std::size_t saut = octets.find('\n');
-    const bool derniere = saut == std::string_view::npos;
-    std::string_view ligne = octets.substr(0, saut);
-    if (ligne.ends_with('\r')) ligne.remove_suffix(1);
-    lignes.push_back(ligne);
-    octets.remove_prefix(derniere ? octets.size() : saut + 1);
-  }
-  return lignes;
-}
 
 std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& lignes, const ChampDeTri& champ,
                                           const Dialogue& dialogue) {

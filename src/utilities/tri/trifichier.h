@@ -22,9 +22,6 @@ struct ChampDeTri {
 std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& lignes, const ChampDeTri& champ,
                                           const Dialogue& dialogue);
 
-// The lines of a file held in memory, by the rules of LecteurLignes.
-std::vector<std::string_view> LignesDe(std::string_view octets);
-
 struct OptionsTriFichier {
   std::string fichierA{};  // input, as typed
   std::string fichierC{};  // result, as typed; may be the input
