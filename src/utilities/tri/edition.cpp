@@ -5,7 +5,7 @@
 namespace quelvar::utilities {
 
 void ImprimerTeteDuTri(Rapport& rapport, std::string_view source, std::string_view resultat) {
-  EcrireBandeau(rapport, "Tri de fichiers");
+  ImprimerBandeau(rapport, "Tri de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, source});
   rapport.Ligne({"Le nom du fichier trié est "_w, resultat});
 }
