@@ -6,6 +6,7 @@
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
+#include "utilities/fusion/edition.h"
 #include "utilities/fusion/jonction.h"
 #include "utilities/fusion/travail.h"
 
@@ -43,10 +44,7 @@ void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const Options
   Entree a = ChercherEntree(contexte, options.a);
   Entree b = ChercherEntree(contexte, options.b);
   ExigerEntrees(rapport, contexte, {a, b});
-  ImprimerBandeau(rapport, "Fusion de fichiers");
-  rapport.Ligne({"Le nom du fichier d'entrée A est "_w, a.nom});
-  rapport.Ligne({"Le nom du fichier d'entrée B est "_w, b.nom});
-  rapport.Ligne({"Le nom du fichier des données jointes est "_w, NomAffiche(options.c)});
+  ImprimerTeteDeFusion(rapport, a, b, NomAffiche(options.c));
   const Travail travail{
       contexte, options, rapport, Mesurer(std::move(a)), Mesurer(std::move(b)), LirePaireDePos(contexte, options)};
   // With questions to find again every line takes the room of the longest, and so does what stands in for B.
