@@ -122,8 +122,9 @@ void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Model
   throw Erreur(kArretAnnonce);
 }
 
-void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
-  travail.triees = TrierFiches(travail.individus, contexte.Ecran());
+void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+  travail.triees = Situer([&] { return Lieu{TexteDe(codageLogique.filename())}; },
+                          [&] { return TrierFiches(travail.individus, contexte.Ecran()); });
   travail.etape = Etape::Tri;
   travail.comptees = CompterVoisines(travail.triees);
   double possibles = 2;
@@ -196,7 +197,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesD
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
   ecran.progresser(kBaseComptee);
-  FormerLesGroupes(contexte, rapport, travail);
+  FormerLesGroupes(contexte, rapport, fichiers.donnees, travail);
   ecran.progresser(kGroupesFormes);
   ExaminerLesSituations(contexte, rapport, travail);
   ecran.progresser(kSituationsExaminees);

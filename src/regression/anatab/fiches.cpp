@@ -6,6 +6,7 @@
 
 #include "core/calcul/tris.h"
 #include "core/enquete/datfile.h"
+#include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
@@ -45,10 +46,16 @@ double ValeurDeFiche(std::string_view fiche) {
   return ValeurDe(fiche);
 }
 
+// The line of the first individual who has the record.
+Lieu LieuDe(const Individus& individus, NumeroFiche fiche) {
+  return {{}, std::find(individus.fiche.begin(), individus.fiche.end(), fiche) - individus.fiche.begin() + 1};
+}
+
 // Rank of the value of each distinct record, from 0; records of one value share it.
-std::vector<std::uint32_t> RangsDesValeurs(const Fiches& fiches, bool& partagees) {
-  std::vector<double> valeurs(fiches.Nombre());
-  for (NumeroFiche f = 0; f < valeurs.size(); ++f) valeurs[f] = ValeurDeFiche(fiches[f]);
+std::vector<std::uint32_t> RangsDesValeurs(const Individus& individus, bool& partagees) {
+  std::vector<double> valeurs(individus.fiches.Nombre());
+  for (NumeroFiche f = 0; f < valeurs.size(); ++f)
+    Situer([&] { return LieuDe(individus, f); }, [&] { valeurs[f] = ValeurDeFiche(individus.fiches[f]); });
   std::vector<NumeroFiche> ordre(valeurs.size());
   std::iota(ordre.begin(), ordre.end(), NumeroFiche{0});
   std::sort(ordre.begin(), ordre.end(), [&](NumeroFiche a, NumeroFiche b) { return valeurs[a] < valeurs[b]; });
@@ -124,7 +131,7 @@ void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dial
 
 std::vector<NumeroFiche> TrierFiches(const Individus& individus, const Dialogue& ecran) {
   bool partagees = false;
-  const std::vector<std::uint32_t> rangs = RangsDesValeurs(individus.fiches, partagees);
+  const std::vector<std::uint32_t> rangs = RangsDesValeurs(individus, partagees);
   if (!partagees) return TrierParComptage(individus, rangs);
 
   struct Cle {
