@@ -25,7 +25,6 @@ namespace {
 
 constexpr std::string_view kSorte = "codage logique";  // what the .CDG holds
 constexpr double kPopulationSuffisante = 50;           // percent
-constexpr int kFichiersGardes = 3;                     // DE=3
 // What the progress display shows: percent of a run up to the fit, at the end of each of its parts.
 constexpr std::int64_t kProgressionMax = 100;
 constexpr std::int64_t kBaseComptee = 20;
@@ -169,8 +168,9 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   AnalyseTabulaire& analyse = travail.analyse;
   analyse.voisinages = VoisinagesDe(analyse.table, analyse.cellules);
   travail.etape = Etape::SousEffets;
-  analyse.effets = CalculerEffets(analyse.table, analyse.cellules, analyse.voisinages, travail.Choix().oddsRatio);
-  ImprimerTitreParametres(rapport, travail.modele, travail.Choix());
+  analyse.mesure = travail.MesureDemandee();
+  analyse.effets = CalculerEffets(analyse.table, analyse.cellules, analyse.voisinages, analyse.mesure);
+  ImprimerTitreParametres(rapport, travail.modele, analyse.mesure);
   const std::optional<std::size_t> reference = SituationDeReference(analyse.table, analyse.cellules);
   if (!reference) {
     rapport.Ligne("*** La situation de référence n'est attestée par aucun individu"_w);
@@ -182,8 +182,8 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   analyse.khi2Reference = KhiCellule(travail.base.individus, travail.base.nombreOui, situation.effectif,
                                      situation.pourcentage * situation.effectif / 100);
   ImprimerReference(rapport, analyse);
-  ImprimerEffets(rapport, analyse, travail.modele, travail.Choix());
-  ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
+  ImprimerEffets(rapport, analyse, travail.modele, travail.TableauxDemandes());
+  ImprimerResume(rapport, analyse, travail.modele);
 }
 
 ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
@@ -218,7 +218,7 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
       ligne.logistique = EffetEnPoints(logistique, logistique.betas[k]);
     lignes.push_back(std::move(ligne));
   }
-  if (travail.Choix().oddsRatio) return image;
+  if (travail.analyse.mesure != MesureDEffet::Points) return image;
   // An effect is that of all modalities whose cells read the same, and bears the rank of the last of them.
   for (const Effet& effet : travail.analyse.effets)
     for (std::size_t k = 0; k < lignes.size(); ++k) {
@@ -254,7 +254,7 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
     LaisserLesFichiers(contexte, travail);
     throw;
   }
-  if (travail.parametres.de == kFichiersGardes) {
+  if (travail.FichiersGardes()) {
     LaisserLesFichiers(contexte, travail);
     EcrireListeFinale(contexte, travail);
   } else {

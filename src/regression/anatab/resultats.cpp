@@ -103,11 +103,12 @@ TableauEdite TableauDeLaReference(const AnalyseTabulaire& analyse) {
   return tableau;
 }
 
-int DecimalesDEffet(ChoixEdition choix) { return choix.oddsRatio ? 2 : 1; }
+int DecimalesDEffet(MesureDEffet mesure) { return mesure == MesureDEffet::Points ? 1 : 2; }
 
-TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix) {
-  const Unite unite = choix.oddsRatio ? Unite::Nombre : Unite::Pourcent;
-  const std::string signe = choix.oddsRatio ? "  " : "% ";
+TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele) {
+  const bool points = analyse.mesure == MesureDEffet::Points;
+  const Unite unite = points ? Unite::Pourcent : Unite::Nombre;
+  const std::string signe = points ? "% " : "  ";
   TableauEdite tableau;
   tableau.colonnes.resize(4);
   for (const Effet& effet : analyse.effets) {
@@ -116,7 +117,7 @@ TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& mod
                                                                     : "";
     tableau.rangees.push_back({modele.Explicative(effet.modalite).intitule,
                                {},
-                               {{effet.moyenne, unite, DecimalesDEffet(choix), signe},
+                               {{effet.moyenne, unite, DecimalesDEffet(analyse.mesure), signe},
                                 Mot(remarque),
                                 {effet.Bas(), unite, 1, signe},
                                 {effet.Haut(), unite, 1, signe}}});
