@@ -9,6 +9,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
+#include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {
 
@@ -20,21 +21,16 @@ constexpr std::int64_t kPasDAffichage = 50000;
 constexpr std::int64_t kFautifsCites = 51;  // ranks of individuals at fault that are told
 
 std::uint64_t Hacher(std::string_view fiche) {
-  std::uint64_t h = 0x9E3779B97F4A7C15U;
-  const auto meler = [&h](std::uint64_t mot) {
-    h = (h ^ mot) * 0xFF51AFD7ED558CCDU;
-    h ^= h >> 32;
-  };
-  std::size_t i = 0;
-  for (; i + 8 <= fiche.size(); i += 8) {
+  Hachage hachage;
+  for (; fiche.size() >= sizeof(std::uint64_t); fiche.remove_prefix(sizeof(std::uint64_t))) {
     std::uint64_t mot;
-    std::memcpy(&mot, fiche.data() + i, 8);
-    meler(mot);
+    std::memcpy(&mot, fiche.data(), sizeof mot);
+    hachage.Meler(mot);
   }
   std::uint64_t mot = 0;
-  std::memcpy(&mot, fiche.data() + i, fiche.size() - i);
-  meler(mot);
-  return h;
+  std::memcpy(&mot, fiche.data(), fiche.size());
+  hachage.Meler(mot);
+  return hachage.Valeur();
 }
 
 double ValeurDeFiche(std::string_view fiche) {

@@ -10,7 +10,7 @@ namespace quelvar::regression {
 namespace {
 
 constexpr int kDecimalesDePart = 4;
-constexpr std::size_t kLargeurDeCellule = 7;  // of a situation: four characters of a label, three of its role
+constexpr std::size_t kCelluleImprimee = 7;  // of a situation: four characters of a label, three of its role
 
 Cellule Effectif(double nombre) { return {nombre, Unite::Effectif, 0, {}}; }
 Cellule Pourcentage(double valeur, std::string_view marque = {}) {
@@ -70,7 +70,7 @@ TableauEdite TableauDeBase(const Modele& modele, const DonneesDeBase& base) {
 
 TableauEdite TableauDesSituations(const AnalyseTabulaire& analyse) {
   TableauEdite tableau;
-  tableau.coin = std::string(analyse.table.questions * kLargeurDeCellule, ' ');
+  tableau.coin = std::string(analyse.table.questions * kCelluleImprimee, ' ');
   tableau.colonnes = {{"  Eff."}, {"Pour."}, {" Khi2"}, {" Test"}};
   for (std::size_t s = 0; s < analyse.examinees; ++s) {
     const Situation& situation = analyse.table.situations[s];

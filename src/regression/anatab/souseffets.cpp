@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <span>
 
 #include "core/programme/erreur.h"
+#include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {
 
@@ -21,12 +23,10 @@ std::vector<std::uint32_t> TextesDesCellules(const TableSituations& table,
 }
 
 std::uint64_t HacherSauf(std::span<const std::uint32_t> textes, std::size_t sauf) {
-  std::uint64_t h = 0x9E3779B97F4A7C15U;
-  for (std::size_t c = 0; c < textes.size(); ++c) {
-    h = (h ^ (c == sauf ? 0xFFFFFFFFU : textes[c])) * 0xFF51AFD7ED558CCDU;
-    h ^= h >> 32;
-  }
-  return h;
+  constexpr std::uint32_t kAucunTexte = std::numeric_limits<std::uint32_t>::max();
+  Hachage hachage;
+  for (std::size_t c = 0; c < textes.size(); ++c) hachage.Meler(c == sauf ? kAucunTexte : textes[c]);
+  return hachage.Valeur();
 }
 
 // Order of two situations that brings together those that agree in all questions but one.
