@@ -98,10 +98,10 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
   if (confondues.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
-               "effets et "
-               "ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
-               confondues}),
+      Joindre(
+          {"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
+           "effets et ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
+           confondues}),
       Boutons::Ok);
 }
 

@@ -1,7 +1,6 @@
 #include "text/gestion/agregation.h"
 
 #include <algorithm>
-#include <memory>
 #include <unordered_map>
 
 #include "core/fichiers/jeu.h"
@@ -20,7 +19,6 @@ namespace {
 constexpr std::string_view kTitre = "Agrégation des lignes d'un tableau"_w;
 constexpr std::string_view kAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
-constexpr int kFrequence = 4;        // columns
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
 
 double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size_t largeur) {
@@ -63,7 +61,7 @@ void Elargir(TableGeree& table) {
 
 // The name field of a merged row.
 std::string ChampDeFrequence(double frequence) {
-  return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kFrequence, 0);
+  return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kLargeurFrequence, 0);
 }
 
 // Key of each row for the sort asked for. Signed contributions are moved above zero, so that the order of their texts
@@ -254,8 +252,8 @@ Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, s
 }
 
 std::string TexteDeRangee(const LigneDeTable& ligne) {
-  return Joindre({CadreGauche(ligne.nom, kFrequence), ligne.marquee ? " A agréger "_w : std::string_view("           "),
-                  ligne.intitule});
+  return Joindre({CadreGauche(ligne.nom, kLargeurFrequence),
+                  ligne.marquee ? " A agréger "_w : std::string_view("           "), ligne.intitule});
 }
 
 Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {

@@ -1,7 +1,6 @@
 #include "text/preparation/preptext.h"
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <vector>
 
