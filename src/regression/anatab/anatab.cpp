@@ -179,8 +179,8 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   }
   analyse.reference = *reference;
   const Situation& situation = analyse.Reference();
-  analyse.khi2Reference = KhiCellule(travail.base.individus, travail.base.nombreOui, situation.effectif,
-                                     situation.pourcentage * situation.effectif / 100);
+  analyse.khi2Reference =
+      KhiCellule(travail.base.individus, travail.base.nombreOui, situation.effectif, situation.OuiConserve());
   ImprimerReference(rapport, analyse);
   ImprimerEffets(rapport, analyse, travail.modele, travail.TableauxDemandes());
   ImprimerResume(rapport, analyse, travail.modele);

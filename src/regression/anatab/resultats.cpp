@@ -130,7 +130,7 @@ TableDePaire TableDe(const AnalyseTabulaire& analyse, const Modele& modele, cons
     const Situation& situation = analyse.table.situations[s];
     const std::size_t k = analyse.cellules[analyse.table.Modalites(s)[sousEffet.question]].designee;
     return TableDePaire::Rangee{k < modele.Explicatives() ? std::string_view(modele.Explicative(k).nom) : "    ",
-                                situation.pourcentage * situation.effectif / 100, situation.effectif};
+                                situation.OuiConserve(), situation.effectif};
   };
   const TableDePaire::Rangee a = rangee(sousEffet.premiere);
   const TableDePaire::Rangee b = rangee(sousEffet.seconde);

@@ -163,12 +163,10 @@ double EffetDe(const SousEffet& sousEffet, const TableSituations& table, MesureD
   return Chances(comparee) / chancesReference;
 }
 
-double OuiDe(const Situation& situation) { return situation.pourcentage * situation.effectif / 100; }
-
 Khi2Paire Khi2De(const SousEffet& sousEffet, const TableSituations& table) {
   const Situation& a = table.situations[sousEffet.premiere];
   const Situation& b = table.situations[sousEffet.seconde];
-  return KhiPaire(a.effectif, b.effectif, OuiDe(a), OuiDe(b));
+  return KhiPaire(a.effectif, b.effectif, a.OuiConserve(), b.OuiConserve());
 }
 
 // What the chi-square of a sub-effect may come to, at most. It is never above the weight: that of few individuals
@@ -176,7 +174,8 @@ Khi2Paire Khi2De(const SousEffet& sousEffet, const TableSituations& table) {
 double PlafondDuKhi2(const SousEffet& sousEffet, const TableSituations& table, double poids) {
   constexpr double kPoidsLeger = 90;
   if (poids >= kPoidsLeger) return Khi2De(sousEffet, table).khi2;
-  const double oui = OuiDe(table.situations[sousEffet.premiere]) + OuiDe(table.situations[sousEffet.seconde]);
+  const double oui =
+      table.situations[sousEffet.premiere].OuiConserve() + table.situations[sousEffet.seconde].OuiConserve();
   if (oui == 0 || oui == poids) throw Erreur(kDivisionParZero);
   return poids;
 }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kNomDuStimulus = "STI";
 constexpr std::size_t kNom = kLargeurDeQuestion;
+constexpr std::size_t kDerriereLeCodeMax = 10;  // column of a question line
 
 // The column of the stimulus among the characteristics; 0 in mode 1.
 int ColonneDuStimulus(const Gabarit& gabarit) {
@@ -87,8 +88,8 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
       auDela.push_back(question.nom);
       continue;
     }
-    questions.push_back(
-        {question.nom, question.position, TexteCodeMax(question.codeMax), std::string(Milieu(ligne, 10))});
+    questions.push_back({question.nom, question.position, TexteCodeMax(question.codeMax),
+                         std::string(Milieu(ligne, kDerriereLeCodeMax))});
   }
   std::stable_sort(questions.begin(), questions.end(), EstAvant);
   return questions;

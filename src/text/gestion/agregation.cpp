@@ -157,6 +157,14 @@ void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agre
       Boutons::Ok);
 }
 
+// Once for a table.
+void DireLesEcarts(const Contexte& contexte, FacteursDesLignes& facteurs) {
+  if (facteurs.ecartsDits) return;
+  facteurs.ecartsDits = true;
+  if (const std::string ecarts = EcartsDesCoordonnees(contexte, facteurs); !ecarts.empty())
+    contexte.Ecran().demander(ecarts, Boutons::Ok);
+}
+
 void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTabMotAgreg::Action& action,
                Rapport& rapport) {
   if (action.tri) {
