@@ -9,7 +9,7 @@
 #include "utilities/exportation.h"
 #include "utilities/fusion/fusion.h"
 #include "utilities/inversion.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace Ui {
 class Utilitaires;
