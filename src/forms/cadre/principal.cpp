@@ -21,6 +21,7 @@
 #include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/programmes/capture/import/source.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
@@ -77,7 +78,8 @@ Principal::Principal(Environnement environnement)
   iteration_->setObjectName(QStringLiteral("LabelIter"));
   progression_ = new QProgressBar(this);
   progression_->setObjectName(QStringLiteral("ProgressBar1"));
-  progression_->setMaximumWidth(220);
+  constexpr int largeurDeLaBarre = 220;  // pixels: the directory keeps the rest of a window of 640
+  progression_->setMaximumWidth(largeurDeLaBarre);
   progression_->setVisible(false);
   ui_->BarreDEtat->addWidget(repertoire_, 1);
   ui_->BarreDEtat->addPermanentWidget(iteration_);
@@ -161,8 +163,9 @@ void Principal::RelierMenus() {
 }
 
 void Principal::RelierControles() {
-  for (const int taille : {8, 9, 10, 11, 12}) ui_->TailleCar->addItem(QString::number(taille));
-  ui_->TailleCar->setCurrentText(QStringLiteral("10"));
+  for (int taille = kTailleUsuelle - 2; taille <= kTailleUsuelle + 2; ++taille)
+    ui_->TailleCar->addItem(QString::number(taille));
+  ui_->TailleCar->setCurrentText(QString::number(kTailleUsuelle));
   connect(ui_->TailleCar, &QComboBox::currentTextChanged, this,
           [this](const QString& taille) { ui_->Text1->FixerTaille(taille.toInt()); });
   connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
@@ -259,10 +262,7 @@ QString Principal::ChoisirFichier(const QString& titre) {
   return services_.ChoisirAOuvrir({titre, CheminVersQt(session_.repertoire), QStringLiteral("Tous fichiers *.*|*.*")});
 }
 
-void Principal::Annoncer(const QString& texte) {
-  constexpr int duree = 8000;  // milliseconds
-  ui_->BarreDEtat->showMessage(texte, duree);
-}
+void Principal::Annoncer(const QString& texte) { ui_->BarreDEtat->showMessage(texte, kDureeDUnePhrase); }
 
 // --- size of the window ---
 
@@ -274,9 +274,10 @@ void Principal::FixerTailleDEcran(const QString& action) {
   }
   constexpr int colonnes = 80;  // a printed page
   constexpr int lignes = 45;
+  constexpr int bords = 12;  // pixels of the frame and the margins of the text
   const QFontMetrics police(ui_->Text1->font());
   const QSize autour = size() - ui_->Text1->viewport()->size();
-  QSize page(colonnes * police.horizontalAdvance(u'0') + 12, lignes * police.lineSpacing());
+  QSize page(colonnes * police.horizontalAdvance(u'0') + bords, lignes * police.lineSpacing());
   if (action == QStringLiteral("mnuEcr38")) page = page * 4 / 3;
   setWindowState(windowState() & ~Qt::WindowMaximized);
   resize((page + autour).boundedTo(PlaceSurLEcran(*this)));

@@ -5,6 +5,9 @@
 
 namespace quelvar::forms {
 
+// Points of a text in that font, until the user chooses another size.
+inline constexpr int kTailleUsuelle = 10;
+
 inline QFont PoliceFixe() { return QFontDatabase::systemFont(QFontDatabase::FixedFont); }
 
 }  // namespace quelvar::forms

@@ -1,5 +1,6 @@
 #include "forms/programmes/sorts/preprecod.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "forms/pieces/commande.h"
@@ -15,7 +16,7 @@ namespace {
 // The line of a question in the list; its rule shows whole in the tool tip too.
 QString LigneDe(const Question& question) {
   const std::string regle = question.regle.empty() ? std::string() : "  [" + question.regle + "]";
-  return VersQt(Joindre({CadreGauche(question.nom, 3), "  ", question.intitule, regle}));
+  return VersQt(Joindre({CadreGauche(question.nom, kLargeurDeQuestion), "  ", question.intitule, regle}));
 }
 
 QString Voisine(const sorts::EtatPrepRecod& etat, const char* titre, std::ptrdiff_t pas) {
