@@ -132,12 +132,12 @@ void TabMotAgreg::Terminer() {
     Dire(refus);
     return;
   }
-  Services& services = services_;
   std::string nouveau;
-  Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = text::TerminerAgregation(contexte_, ouverte_.agregation, nouveau); });
+  const std::optional<Fin> fin =
+      LancerEtape([&](const Contexte& sur) { return text::TerminerAgregation(sur, ouverte_.agregation, nouveau); });
   if (fin != Fin::Normale) return;
   ouverte_.agregation.modifiee = false;
+  Services& services = services_;
   accept();
   services.adopterGenerique(nouveau);
 }
