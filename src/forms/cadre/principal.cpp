@@ -56,45 +56,24 @@ Principal::Principal(Environnement environnement)
             [this](const QString& adresse) {
               dialogue_.demander(Joindre({"Aucun programme n'a pu ouvrir "_w, DepuisQt(adresse)}), Boutons::Ok);
             }),
-      services_{*this,
-                session_,
-                dialogue_,
-                lanceur_,
-                formes_,
-                aide_,
-                [this](std::string_view generique) { AdopterGenerique(generique); },
-                [this] { AdopterGenerique(std::string(session_.generique)); },
-                [this](std::string_view texte) { resultats_->Remplacer(texte); },
-                [this](const QString& entree) { return ProgrammeExiste(entree); },
-                [this](const QString& entree) { Action(entree)->trigger(); },
-                [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
-                [this](const QString& saisi) { return AccepterGenerique(saisi); },
-                [this](bool nouvelle) { MontrerNouvelleUtilisation(nouvelle); }} {
+      services_{
+          .fenetre = *this,
+          .session = session_,
+          .ecran = dialogue_,
+          .lanceur = lanceur_,
+          .formes = formes_,
+          .aide = aide_,
+          .adopterGenerique = [this](std::string_view generique) { AdopterGenerique(generique); },
+          .relireGenerique = [this] { AdopterGenerique(std::string(session_.generique)); },
+          .afficherTexte = [this](std::string_view texte) { resultats_->Remplacer(texte); },
+          .programmeExiste = [this](const QString& entree) { return ProgrammeExiste(entree); },
+          .ouvrirProgramme = [this](const QString& entree) { Action(entree)->trigger(); },
+          .ouvrirInitialisation = [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
+          .accepterGenerique = [this](const QString& saisi) { return AccepterGenerique(saisi); },
+          .montrerNouvelleUtilisation = [this](bool nouvelle) { MontrerNouvelleUtilisation(nouvelle); }} {
   ui_->setupUi(this);
-  repertoire_ = new QLabel(this);
-  repertoire_->setObjectName(QStringLiteral("Repertoire"));
-  repertoire_->setTextFormat(Qt::PlainText);
-  iteration_ = new QLabel(this);
-  iteration_->setObjectName(QStringLiteral("LabelIter"));
-  progression_ = new QProgressBar(this);
-  progression_->setObjectName(QStringLiteral("ProgressBar1"));
-  constexpr int largeurDeLaBarre = 220;  // pixels: the directory keeps the rest of a window of 640
-  progression_->setMaximumWidth(largeurDeLaBarre);
-  progression_->setVisible(false);
-  ui_->BarreDEtat->addWidget(repertoire_, 1);
-  ui_->BarreDEtat->addPermanentWidget(iteration_);
-  ui_->BarreDEtat->addPermanentWidget(progression_);
-  editeurs_ = std::make_unique<Editeurs>(
-      *this, ServicesEditeur{environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); },
-                             [this](const QString& fichier) { return DemarrerLecteur(fichier); },
-                             environnement_.dossierDeSecours});
-  resultats_ = std::make_unique<Resultats>(
-      Resultats::Controles{*ui_->Text1, *ui_->FichAff, *ui_->VerrouLignes, *ui_->VerrouColonnes}, session_, dialogue_,
-      formes_, [this](const QString& fichier) { return DemarrerLecteur(fichier); }, nullptr);
-  connect(resultats_.get(), &Resultats::Change, this, &Principal::PermettreEnregistrement);
-  connect(resultats_.get(), &Resultats::TitreChange, this, &Principal::MontrerSession);
-  sorties_ = std::make_unique<SortiesTexte>(*this, *resultats_, session_, dialogue_,
-                                            [this](const QString& phrase) { Annoncer(phrase); });
+  GarnirLaBarreDEtat();
+  PreparerLesTextes();
   dialogue_ = EcranDesRuns();
   ConstruireMenus(*ui_->BarreDeMenus);
   RelierMenus();
@@ -103,6 +82,37 @@ Principal::Principal(Environnement environnement)
 }
 
 Principal::~Principal() = default;
+
+void Principal::GarnirLaBarreDEtat() {
+  constexpr int largeurDeLaProgression = 220;  // pixels: the directory keeps the rest of a window of 640
+  repertoire_ = new QLabel(this);
+  repertoire_->setObjectName(QStringLiteral("Repertoire"));
+  repertoire_->setTextFormat(Qt::PlainText);
+  iteration_ = new QLabel(this);
+  iteration_->setObjectName(QStringLiteral("LabelIter"));
+  progression_ = new QProgressBar(this);
+  progression_->setObjectName(QStringLiteral("ProgressBar1"));
+  progression_->setMaximumWidth(largeurDeLaProgression);
+  progression_->setVisible(false);
+  ui_->BarreDEtat->addWidget(repertoire_, 1);
+  ui_->BarreDEtat->addPermanentWidget(iteration_);
+  ui_->BarreDEtat->addPermanentWidget(progression_);
+}
+
+// The editors, Text1, and where its text goes.
+void Principal::PreparerLesTextes() {
+  const auto lecteur = [this](const QString& fichier) { return DemarrerLecteur(fichier); };
+  editeurs_ = std::make_unique<Editeurs>(
+      *this, ServicesEditeur{environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); }, lecteur,
+                             environnement_.dossierDeSecours});
+  resultats_ = std::make_unique<Resultats>(
+      Resultats::Controles{*ui_->Text1, *ui_->FichAff, *ui_->VerrouLignes, *ui_->VerrouColonnes}, session_, dialogue_,
+      formes_, lecteur, nullptr);
+  connect(resultats_.get(), &Resultats::Change, this, &Principal::PermettreEnregistrement);
+  connect(resultats_.get(), &Resultats::TitreChange, this, &Principal::MontrerSession);
+  sorties_ = std::make_unique<SortiesTexte>(*this, *resultats_, session_, dialogue_,
+                                            [this](const QString& phrase) { Annoncer(phrase); });
+}
 
 // A file that a run is given to read may be open in the editor.
 Dialogue Principal::EcranDesRuns() {
