@@ -47,7 +47,7 @@ PrepRecod::PrepRecod(Services& services, sorts::EtatPrepRecod etat)
     ui_->ListPos->addItem(LigneDe(preparee.question));
     ui_->ListPos->item(ui_->ListPos->count() - 1)->setToolTip(LigneDe(preparee.question));
   }
-  ui_->OptEffMax->setChecked(etat_.maximum);
+  (etat_.maximum ? ui_->OptEffMax : ui_->OptEffReduit)->setChecked(true);
   RelierQuestions();
   RelierPonderation();
   RelierFiltre();
