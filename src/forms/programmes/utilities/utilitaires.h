@@ -9,7 +9,7 @@
 #include "forms/cadre/services.h"
 #include "utilities/exportation.h"
 #include "utilities/fusion/fusion.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace Ui {
 class Utilitaires;
