@@ -14,9 +14,11 @@
 
 #include "core/programme/erreur.h"
 #include "core/session/recents.h"
+#include "forms/aide/documents.h"
 #include "forms/cadre/dialogue_qt.h"
-#include "forms/cadre/entrees.h"
-#include "forms/cadre/menus.h"
+#include "forms/cadre/menus/affichages.h"
+#include "forms/cadre/menus/barre.h"
+#include "forms/cadre/menus/entrees.h"
 #include "forms/pieces/depot.h"
 #include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/import/ouverture.h"

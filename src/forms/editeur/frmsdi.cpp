@@ -9,6 +9,7 @@
 #include "forms/pieces/ecran.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
+#include "forms/texte/imprimante.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"

@@ -2,9 +2,9 @@
 //
 // To add a form:
 //   1. choixvar.ui, choixvar.h and choixvar.cpp in programmes/<folder of the program>, and choixvar.cpp in
-//      CMakeLists.txt. The class is a Forme (forme.h) with Q_OBJECT whose constructor takes Services&. The controls
-//      have the names of their captions' table as objectName. What is more than reading a control lives beside the
-//      program, without Qt, on a plain state that the form shows.
+//      CMakeLists.txt. The class is a Forme (forme.h) with Q_OBJECT whose constructor takes Services&. A control that
+//      shows an option has the objectName that the option table of the program tells. What is more than reading a
+//      control lives beside the program, without Qt, on a plain state that the form shows.
 //   2. choixvar.h declares `void OuvrirChoixVar(Services& services);`, which reads what the form needs and calls
 //      `Montrer<ChoixVar>(services)`, or runs the program at once at level 1.
 //   3. The constructor shows the defaults by the table of the program, `PoserDefauts(*this, DescriptionCroise())`, and
