@@ -42,11 +42,7 @@ class Comptoir {
   std::size_t Questions() const { return questions_.size(); }
 
   // Where the code that a line has at a question is counted.
-  std::size_t Place(const char* ligne, std::size_t question) const {
-    const QuestionComptee& q = questions_[question];
-    if (q.champ.largeur == 1) return q.premiere + static_cast<unsigned char>(ligne[q.champ.debut]);
-    return q.premiere + PlaceDe(LireChampInterieur(ligne, q.champ), q.codeMax);
-  }
+  std::size_t Place(const char* ligne, std::size_t question) const { return Place(ligne, questions_[question]); }
 
   // The places that count for a modality.
   template <class Prendre>
@@ -60,7 +56,7 @@ class Comptoir {
 
   // Adds the codes of a line to counts that start at 0.
   void Compter(const char* ligne, std::uint32_t* comptes) const {
-    for (std::size_t question = 0; question < questions_.size(); ++question) ++comptes[Place(ligne, question)];
+    for (const QuestionComptee& question : questions_) ++comptes[Place(ligne, question)];
   }
 
   // What the counts hold for a code.
@@ -72,6 +68,11 @@ class Comptoir {
 
  private:
   static constexpr std::size_t kAucune = static_cast<std::size_t>(-1);
+
+  static std::size_t Place(const char* ligne, const QuestionComptee& question) {
+    if (question.champ.largeur == 1) return question.premiere + static_cast<unsigned char>(ligne[question.champ.debut]);
+    return question.premiere + PlaceDe(LireChampInterieur(ligne, question.champ), question.codeMax);
+  }
 
   // The last place is that of the values that are no code.
   static std::size_t PlaceDe(int valeur, int codeMax) {
