@@ -120,7 +120,8 @@ using FichiersDesEllipses = std::array<FichierObligatoire, 4>;
 // What measuring has found, for the picture and for the report.
 struct BilanEllipses {
   std::optional<FichiersDesEllipses> fichiers = {};  // what was looked for
-  std::vector<std::string> remarques = {};           // lines on the files of the plane and on the .MOD
+  std::vector<std::string> etrangers = {};           // what of the plane's files does not belong to it
+  std::vector<std::string> remarques = {};           // lines on the .MOD
   std::vector<EllipsesDeModalite> tracees = {};
   std::vector<std::string> avis = {};  // for message boxes
   std::optional<Erreur> arret = {};    // why there are no ellipses, with its place

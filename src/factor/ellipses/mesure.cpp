@@ -132,7 +132,7 @@ void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, co
 // The parameters of the table, whose remarks are kept; a table without the individuals has no ellipses.
 ParametresMod LireTableau(const Contexte& contexte, const FichierMod& mod, BilanEllipses& bilan) {
   ParametresMod parametres = LireParametres(mod.parametres);
-  bilan.remarques.insert(bilan.remarques.end(), parametres.remarques.begin(), parametres.remarques.end());
+  bilan.remarques = parametres.remarques;
   if (parametres.burt != 1)
     Refuser("*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
   if (parametres.largeur < 1)
@@ -164,8 +164,7 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
   const std::string_view analyse = DerniereAnalyse(contexte);
   bilan.fichiers = ChercherFichiers(contexte, analyse);
   ExigerTous(*bilan.fichiers);
-  for (const std::string& remarque : demande.remarques)
-    bilan.remarques.push_back(Joindre({"*** Attention : ", remarque}));
+  bilan.etrangers = demande.remarques;
   const std::vector<Nuage> nuages = LireLesNuages(contexte, demande, analyse, bilan);
   for (std::size_t m = 0; m < nuages.size(); ++m) {
     if (nuages[m].effectif == 0) continue;

@@ -4,7 +4,6 @@
 #include "core/programme/ancienrapport.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
-#include "factor/plan/concordance.h"
 
 namespace quelvar::factor {
 
@@ -129,11 +128,6 @@ Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& cor
 }
 
 }  // namespace
-
-ExigencesGraphe FichiersMontres(const EtatPlan& etat) {
-  const ReglagesLiens& liens = etat.reglages.liens;
-  return {liens.actif && !liens.lignes, liens.actif && liens.lignes, etat.reglages.cah.actif};
-}
 
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
   etat.ellipses.clear();

@@ -94,7 +94,8 @@ void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Donne
     donnees.cah = LireCah(*cah);
   } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreurDuFichierNomme(erreur)}));
+    donnees.etrangers.push_back(
+        {SujetDuPlan::Arbre, Discordance::Illisible, {contexte.Nom(".CAH")}, 0, TexteErreurDuFichierNomme(erreur)});
   }
 }
 
