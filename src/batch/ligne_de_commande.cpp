@@ -57,20 +57,21 @@ class Suite {
 // What stands behind the sign of "nom=valeur", as it was typed.
 std::string_view Brute(std::string_view argument) { return argument.substr(argument.find('=') + 1); }
 
-// Whether the value of the option is the name of a file, of which nothing may be lost.
-bool NommeUnFichier(const Programme& programme, const std::string& nom) {
+// Whether an option that is typed so, by its name or another one, does that with letters that the code page lacks.
+bool Traite(const Programme& programme, const std::string& nom, Option::Etrangers etrangers) {
   return std::any_of(programme.options.begin(), programme.options.end(), [&](const Option& option) {
-    return option.nom.starts_with(nom) &&
-           (option.valeurs.find("FICHIER") != std::string::npos || option.valeurs.find("NOM.svg") != std::string::npos);
+    const bool typee =
+        option.nom.starts_with(nom) || std::any_of(option.autresNoms.begin(), option.autresNoms.end(),
+                                                   [&](const AutreNom& autre) { return autre.nom.starts_with(nom); });
+    return typee && option.etrangers == etrangers;
   });
 }
 
-// The name of a sheet is looked for among names that were read with the same loss.
-bool SeChercheParmiDesNoms(const std::string& nom) { return std::string_view("feuille").starts_with(nom); }
-
-// The value of an option that says what a file will hold: what the code page lacks is refused, and not made "?".
-std::string ValeurPourUnFichier(const std::string& option, std::string_view utf8) {
-  if (const std::string refus = RefusHorsPage(utf8); !refus.empty() && !SeChercheParmiDesNoms(option))
+// The value of an option: what the code page lacks is not made "?" where it would come into a file.
+std::string ValeurDe(const Programme& programme, const std::string& option, std::string_view utf8) {
+  if (Traite(programme, option, Option::Etrangers::Gardes)) return NomDepuisUtf8(utf8);
+  if (const std::string refus = RefusHorsPage(utf8);
+      !refus.empty() && !Traite(programme, option, Option::Etrangers::Perdus))
     throw UsageIncorrect(Joindre({"l'option ", option, " : ", refus}));
   return DepuisUtf8(utf8);
 }
@@ -91,7 +92,7 @@ bool PrendreOptionGenerale(const std::string& argument, Suite& suite, Demande& d
     const std::string niveau = suite.Valeur(argument);
     if (niveau != "1" && niveau != "2")
       throw UsageIncorrect(Joindre({"--niveau attend 1 ou 2 et non \"", niveau, "\""}));
-    demande.niveau = niveau == "1" ? 1 : 2;
+    demande.niveau = niveau == "1" ? kNiveauSimple : kNiveauAvance;
   } else if (argument == "--reponse") {
     suite.Valeur(argument);
     demande.reponses.push_back(suite.DernierNom());  // it may be the name of a file or of a generic
@@ -123,11 +124,8 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     const std::size_t egal = argument.find('=');
     if (egal == std::string::npos || egal == 0)
       throw UsageIncorrect(Joindre({"une option s'écrit nom=valeur, et non \""_w, argument, "\""}));
-    const std::string entier = suite.DernierNom();
     const std::string option = Minuscules(argument.substr(0, egal));
-    demande.options.emplace_back(option, NommeUnFichier(*demande.programme, option)
-                                             ? entier.substr(entier.find('=') + 1)
-                                             : ValeurPourUnFichier(option, Brute(suite.Dernier())));
+    demande.options.emplace_back(option, ValeurDe(*demande.programme, option, Brute(suite.Dernier())));
   }
   if (!avecGenerique && !demande.programme->generiqueFacultatif)
     throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));

@@ -285,7 +285,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   const std::optional<Chemin> source = ChercherFichier(contexte.repertoire, options.fichier);
   const std::string nomSource = TexteDe(CheminDe(options.fichier).filename());
   ExigerFichiers(rapport, contexte.Ecran(), {{nomSource, source.has_value()}}, kArretAbsence);
-  EcrireBandeau(rapport, "Importation d'un tableau de Burt");
+  ImprimerBandeau(rapport, "Importation d'un tableau de Burt");
   const auto [utf8, faits, modalites, effectif] = SauvegarderEtPreparer(rapport, contexte, *source, options.noms);
 
   rapport.Ligne({"Le tableau de burt ", nomSource, " a été importé et est enregistré sous le nom "_w,

@@ -114,8 +114,8 @@ std::vector<std::string> EcrireDat(Ecrivain& dat, const Chemin& source, const Fa
 
 void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportCsv& options) {
   const FichiersImport fichiers = TrouverFichiers(contexte);
-  EcrireBandeau(rapport, fichiers.nomSource.ends_with(".CSV") ? "Compte rendu d'importation de données en CSV"_w
-                                                              : "Compte rendu d'importation de données en TXT"_w);
+  ImprimerBandeau(rapport, fichiers.nomSource.ends_with(".CSV") ? "Compte rendu d'importation de données en CSV"_w
+                                                                : "Compte rendu d'importation de données en TXT"_w);
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   if (fichiers.source && fichiers.pos) SauvegarderAncienPos(rapport, contexte, options, *fichiers.pos);
   ImprimerPresence(rapport, contexte, fichiers.nomSource,

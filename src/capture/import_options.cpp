@@ -30,7 +30,7 @@ const Description<OptionsImportBurt>& DescriptionImportBurt() {
   static const Description<O> description =
       Description<O>("import-burt", "Importation d'un tableau de Burt issu de SAS (.BRT, .MOD, .POS, .IMP)"_w,
                      LancerBurt)
-          .Texte("fichier", &O::fichier, "FICHIER", "fichier texte du tableau : une ligne par modalité"_w)
+          .Fichier("fichier", &O::fichier, "FICHIER", "fichier texte du tableau : une ligne par modalité"_w)
           .Montre("TextFichier")
           .Choix("noms", &O::noms, {{"auto", NomsCourts::Automatiques}, {"util", NomsCourts::Utilisateur}},
                  "noms courts automatiques, ou les 4 premiers caractères de chaque ligne"_w)

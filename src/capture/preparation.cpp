@@ -15,7 +15,7 @@
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/classeur/classeur.h"
 #include "capture/fichiers.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

@@ -68,7 +68,7 @@ void DecrireTableaux(Description<O>& description) {
 }
 
 void PoserGraphique(O& options, const std::string& valeur) {
-  if (!valeur.empty() && !Minuscules(valeur).ends_with(".svg")) RefuserValeur("graphique", "un fichier .svg", valeur);
+  if (!valeur.empty()) ExigerSvg("graphique", valeur);  // a later launch may want none
   options.lancements.back().graphique = valeur;
 }
 
@@ -99,8 +99,9 @@ Description<O> Decrire() {
   description
       .Libre("graphique", "FICHIER.svg", "tri individuel : le graphique du tableau dans ce fichier"_w, PoserGraphique,
              EcrireGraphique)
+      .NommeUnFichier()
       .Alias({"boutunseul"})
-      .Texte("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
+      .Fichier("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
       .Choix("sortie", &O::sortie, MotsDesSorties(), kAideSortie)
       .Etape("lancer", "lance les tris demandés jusqu'ici ; ce qui suit prépare le lancement suivant"_w, Avancer,
              Lancements)

@@ -33,7 +33,7 @@ FichiersCroise TrouverFichiers(const Contexte& contexte, std::string_view fichie
 }
 
 void ImprimerEnTete(Rapport& rapport, const Contexte& contexte, const FichiersCroise& fichiers) {
-  EcrireBandeau(rapport, "Tris croisés"_w);
+  ImprimerBandeau(rapport, "Tris croisés"_w);
   rapport.Ligne({"Le nom du fichier de donnees est ", fichiers.nomDonnees});
   rapport.Ligne({"Le nom du fichier de parametres est  ", fichiers.nomPos});
   rapport.Ligne();

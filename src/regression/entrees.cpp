@@ -33,7 +33,7 @@ void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {
 
 void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte titre, Texte sorte,
                             std::string_view extension) {
-  EcrireBandeau(rapport, titre);
+  ImprimerBandeau(rapport, titre);
   rapport.Ligne({"Le nom du fichier de ", sorte, " est ", contexte.Nom(".CDG")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(extension)});

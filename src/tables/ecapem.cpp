@@ -108,7 +108,7 @@ void EnregistrerCliques(const TravailEcapem& t) {
 
 void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& rapport) {
   const FichiersDeTable fichiers = TrouverFichiers(contexte, rapport);
-  EcrireBandeau(rapport, "Profils de modalités"_w);
+  ImprimerBandeau(rapport, "Profils de modalités"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
   const FichierMod mod = LireMod(fichiers.mod);
   TravailEcapem travail{contexte, options, rapport, fichiers.brt, LireParametres(mod.parametres), {}};

@@ -88,7 +88,7 @@ Fin ListerCaracteres(const Contexte& contexte, const OptionsCaracteres& options)
     const Entree a = ChercherEntree(contexte, options.a);
     ExigerEntrees(rapport, contexte, {a});
     ExigerPlace(contexte, rapport, {0, LongueurFichier(*a.chemin) * kOctetsDUnBloc / kParBloc});
-    EcrireBandeau(rapport, "Affichage d'un fichier caractère par caracactère"_w);
+    ImprimerBandeau(rapport, "Affichage d'un fichier caractère par caracactère"_w);
     rapport.Ligne({"Le nom du fichier d'entrée est "_w, a.nom});
     rapport.Ligne("Tables  : code décimal et charactères imprimables "_w);
     Listage listage(rapport);

@@ -8,7 +8,7 @@ const Description<OptionsCaracteres>& DescriptionCaracteres() {
   static const Description<O> description =
       Description<O>("caracteres", "Affichage d'un fichier caractère par caractère, avec les codes décimaux"_w,
                      Verifier<O, ManqueCaracteres, ListerCaracteres>)
-          .Texte("a", &O::a, "FICHIER", "fichier à regarder"_w);
+          .Fichier("a", &O::a, "FICHIER", "fichier à regarder"_w);
   return description;
 }
 

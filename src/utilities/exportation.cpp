@@ -49,7 +49,7 @@ BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, 
 }
 
 void ImprimerTete(Rapport& rapport, const Entree& a, const OptionsExportation& options) {
-  EcrireBandeau(rapport, "Exportation de fichiers");
+  ImprimerBandeau(rapport, "Exportation de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, a.nom});
   rapport.Ligne({"Le nom du fichier exporté est "_w, NomAffiche(options.c)});
   rapport.Ligne({"Début de la zone d'exportation "_w, options.debut});

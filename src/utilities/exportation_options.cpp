@@ -8,8 +8,8 @@ const Description<OptionsExportation>& DescriptionExporter() {
   static const Description<O> description =
       Description<O>("exporter", "Exportation d'une zone d'un fichier de colonnes fixes, ou de son complémentaire"_w,
                      Verifier<O, ManqueExportation, Exporter>)
-          .Texte("a", &O::a, "FICHIER", "fichier d'origine")
-          .Texte("c", &O::c, "FICHIER", "fichier résultant"_w)
+          .Fichier("a", &O::a, "FICHIER", "fichier d'origine")
+          .Fichier("c", &O::c, "FICHIER", "fichier résultant"_w)
           .Texte("debut", &O::debut, "N", "position initiale de la zone")
           .Montre("TextDebut")
           .Texte("fin", &O::fin, "N", "position finale de la zone")

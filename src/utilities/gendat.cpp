@@ -121,7 +121,7 @@ void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const BilanGenda
 }
 
 void ImprimerTete(Rapport& rapport, const Contexte& contexte) {
-  EcrireBandeau(rapport, "  Gendat 3 dim .DAT à partir d'un tableau"_w);
+  ImprimerBandeau(rapport, "  Gendat 3 dim .DAT à partir d'un tableau"_w);
   rapport.Ligne({"Le nom du fichier de Burt est ", contexte.Nom(".BRT")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
   rapport.Ligne({"Les impressions se font sur ", NomDuRapport(contexte)});

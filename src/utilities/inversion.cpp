@@ -7,7 +7,7 @@
 #include "core/enquete/trgfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "utilities/tableau.h"
@@ -170,7 +170,7 @@ void PrevenirDesPertes(const Contexte& contexte, const Tableau& tableau, const T
 void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsInversion& options,
                      const std::string& nouveau) {
   ExigerTableau(rapport, contexte);
-  EcrireBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
+  ImprimerBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
   const Tableau tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
   // A text for each cell in memory, of this size; the inverted table takes as much as the table.

@@ -52,7 +52,7 @@ ChampDeTri ChampTape(const OptionsTriFichier& options) {
 }
 
 void ImprimerEnTete(Rapport& rapport, const OptionsTriFichier& options) {
-  EcrireBandeau(rapport, "Tri de fichiers");
+  ImprimerBandeau(rapport, "Tri de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, options.fichierA});
   rapport.Ligne({"Le nom du fichier trié est "_w, options.fichierC});
 }

@@ -26,9 +26,9 @@ Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resu
                                           Description<OptionsTriFichier>::Entree entree) {
   using O = OptionsTriFichier;
   return Description<O>(std::move(nom), resume, std::move(entree))
-      .Texte("a", &O::fichierA, "FICHIER", "fichier à trier"_w)
+      .Fichier("a", &O::fichierA, "FICHIER", "fichier à trier"_w)
       .Alias({"fichiera", "entree"})
-      .Texte("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
+      .Fichier("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
       .Alias({"fichierc", "sortie"})
       .Texte("position", &O::position, "0..", "première colonne du champ ; 0 : pas de tri"_w)
       .Montre("TextPosTri")

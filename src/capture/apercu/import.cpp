@@ -17,7 +17,7 @@
 #include "capture/fichiers.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -210,8 +210,8 @@ void ImprimerColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, con
 void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
   const Fichiers fichiers = TrouverFichiers(contexte, options);
   const bool deTxt = fichiers.source && fichiers.nomSource == contexte.Nom(".TXT");
-  EcrireBandeau(rapport, deTxt ? "Compte rendu d'importation de données en TXT"_w
-                               : "Compte rendu d'importation de données en CSV"_w);
+  ImprimerBandeau(rapport, deTxt ? "Compte rendu d'importation de données en TXT"_w
+                                 : "Compte rendu d'importation de données en CSV"_w);
   if (!fichiers.source)
     ImprimerPresence(rapport, contexte, fichiers.nomSource, {false, fichiers.datPresent, fichiers.pos.has_value()});
   const auto ouverte =

@@ -8,11 +8,12 @@ Description<OptionsImport> Decrire(std::string nom, std::string_view resume, std
                                    Description<OptionsImport>::Entree entree) {
   using O = OptionsImport;
   return Description<O>(std::move(nom), resume, std::move(entree))
-      .Texte("fichier", &O::fichier, "FICHIER", fichiers)
+      .Fichier("fichier", &O::fichier, "FICHIER", fichiers)
       .Defaut("le .CSV ou le .TXT du générique"_w)
-      .Texte("choix", &O::fichierChoix, "FICHIER.IMC", "ce que deviennent les colonnes, comme un import l'a gardé"_w)
+      .Fichier("choix", &O::fichierChoix, "FICHIER.IMC", "ce que deviennent les colonnes, comme un import l'a gardé"_w)
       .Defaut("ce qui est proposé"_w)
       .Texte("feuille", &O::feuille, "NOM|N", "feuille d'un classeur")
+      .SeCherche()
       .Defaut("la première"_w)
       .Montre("ComboFeuille")
       .Choix(

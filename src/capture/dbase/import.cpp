@@ -228,7 +228,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   EnteteDbf entete;
   std::optional<Erreur> echec;
   if (fichiers.dbf) echec = EchecDe([&] { entete = LireEnteteDuFichier(*fichiers.dbf); });
-  EcrireBandeau(rapport, "Importation de données"_w);
+  ImprimerBandeau(rapport, "Importation de données"_w);
   if (fichiers.pos && (fichiers.dbf || fichiers.dat)) {
     JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
     SauvegarderAncien(rapport, contexte.Nom(".POS"), *fichiers.pos, sauvegardes);

@@ -164,7 +164,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   Lecture lecture;
   std::optional<Erreur> echec;
   if (dbf) echec = EchecDe([&] { LireSource(*dbf, lecture); });
-  EcrireBandeau(rapport, "Importation de tableau quelconque");
+  ImprimerBandeau(rapport, "Importation de tableau quelconque");
   ImprimerPresence(rapport, contexte, dbf.has_value(), !echec);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
   const auto& [entete, taille, lignes, tableau, propres] = lecture;

@@ -271,10 +271,10 @@ std::string_view LecteurLignes::LireObligatoire() {
 }
 
 Ecrivain::Ecrivain(const Chemin& chemin, ModeEcriture mode)
-    : descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[kCapacite]) {}
+    : chemin_(chemin), descripteur_(OuvrirEnEcriture(chemin, mode)), tampon_(new char[kCapacite]) {}
 
-Ecrivain::Ecrivain(int descripteur, CondenseDOctets* condense)
-    : descripteur_(descripteur), condense_(condense), tampon_(new char[kCapacite]) {}
+Ecrivain::Ecrivain(Chemin chemin, int descripteur, CondenseDOctets* condense)
+    : chemin_(std::move(chemin)), descripteur_(descripteur), condense_(condense), tampon_(new char[kCapacite]) {}
 
 Ecrivain::~Ecrivain() {
   if (descripteur_ < 0) return;
@@ -287,6 +287,7 @@ Ecrivain::~Ecrivain() {
 Ecrivain::Ecrivain(Ecrivain&& autre) noexcept { *this = std::move(autre); }
 
 Ecrivain& Ecrivain::operator=(Ecrivain&& autre) noexcept {
+  std::swap(chemin_, autre.chemin_);
   std::swap(descripteur_, autre.descripteur_);
   std::swap(condense_, autre.condense_);
   std::swap(tampon_, autre.tampon_);
@@ -309,7 +310,7 @@ void Ecrivain::EcrireDirect(const char* octets, std::size_t taille) {
   while (taille > 0) {
     const ssize_t ecrits = appels::Ecrire(descripteur_, octets, taille);
     if (ecrits < 0 && errno == EINTR) continue;
-    if (ecrits < 0) throw Erreur(NumeroDErrno(errno));
+    if (ecrits < 0) LeverErrno(chemin_, errno);
     octets += ecrits;
     taille -= static_cast<std::size_t>(ecrits);
   }
@@ -331,10 +332,10 @@ void Ecrivain::Fermer() {
     throw;
   }
   if (appels::Fermer(std::exchange(descripteur_, -1)) != 0) code = errno;
-  if (code != 0) throw Erreur(NumeroDErrno(code));
+  if (code != 0) LeverErrno(chemin_, code);
 }
 
-FichierDeTravail::FichierDeTravail(const Chemin& chemin) {
+FichierDeTravail::FichierDeTravail(const Chemin& chemin) : voisin_(chemin) {
   const Chemin nom = NomProvisoire(chemin);
   descripteur_ = appels::Creer(nom.c_str());
   if (descripteur_ < 0) LeverErrnoDeCreation(chemin, errno);
@@ -347,8 +348,8 @@ void FichierDeTravail::Lire(std::uint64_t place, void* octets, std::size_t taill
   for (char* suite = static_cast<char*>(octets); taille > 0;) {
     const ssize_t lus = ::pread(descripteur_, suite, taille, static_cast<off_t>(place));
     if (lus < 0 && errno == EINTR) continue;
-    if (lus < 0) throw Erreur(NumeroDErrno(errno));
-    if (lus == 0) throw Erreur(kFinDeFichierDepassee);
+    if (lus < 0) LeverErrno(voisin_, errno);
+    if (lus == 0) throw EchecDuFichier(voisin_, kFinDeFichierDepassee);
     suite += lus;
     place += static_cast<std::uint64_t>(lus);
     taille -= static_cast<std::size_t>(lus);
@@ -359,7 +360,7 @@ void FichierDeTravail::Ecrire(std::uint64_t place, const void* octets, std::size
   for (const char* suite = static_cast<const char*>(octets); taille > 0;) {
     const ssize_t ecrits = ::pwrite(descripteur_, suite, taille, static_cast<off_t>(place));
     if (ecrits < 0 && errno == EINTR) continue;
-    if (ecrits < 0) throw Erreur(NumeroDErrno(errno));
+    if (ecrits < 0) LeverErrno(voisin_, errno);
     suite += ecrits;
     place += static_cast<std::uint64_t>(ecrits);
     taille -= static_cast<std::size_t>(ecrits);

@@ -98,8 +98,9 @@ class Ecrivain {
  public:
   // Makes the file, or goes on behind what it holds.
   explicit Ecrivain(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
-  // Writes to a file that is open, and closes it; the bytes that reach it are added to the digest.
-  Ecrivain(int descripteur, CondenseDOctets* condense);
+  // Writes to a file that is open, and closes it; the bytes that reach it are added to the digest. The path is for its
+  // failures.
+  Ecrivain(Chemin chemin, int descripteur, CondenseDOctets* condense);
   ~Ecrivain();  // closes silently: a writer whose bytes count is closed by Fermer
   Ecrivain(Ecrivain&&) noexcept;
   Ecrivain& operator=(Ecrivain&&) noexcept;
@@ -137,6 +138,7 @@ class Ecrivain {
   void EcrireParMorceaux(std::string_view octets);
   void EcrireDirect(const char* octets, std::size_t taille);
 
+  Chemin chemin_;
   int descripteur_ = -1;
   CondenseDOctets* condense_ = nullptr;
   std::unique_ptr<char[]> tampon_;
@@ -158,6 +160,7 @@ class FichierDeTravail {
   void Ecrire(std::uint64_t place, const void* octets, std::size_t taille);
 
  private:
+  Chemin voisin_;  // for its failures
   int descripteur_;
 };
 

@@ -112,7 +112,7 @@ Provisoire::Provisoire(const Chemin& cible, Nature nature)
       nature_(nature),
       existe_(VerifierCible(cible_)),
       descripteur_(CreerA(chemin_, cible_)),
-      ecrivain_(::fcntl(descripteur_, F_DUPFD_CLOEXEC, 0), &condense_),
+      ecrivain_(cible_, ::fcntl(descripteur_, F_DUPFD_CLOEXEC, 0), &condense_),
       inscription_(InscrireProvisoire(chemin_)) {
   ::flock(descripteur_, LOCK_EX | LOCK_NB);
 }

@@ -153,6 +153,25 @@ class Description : public TableDOptions<Options> {
     return Ajouter(std::move(option), poser, Ecrivain(membre, [](const std::string& texte) { return texte; }));
   }
 
+  // The name of a file, of which no letter is lost.
+  template <typename Membre>
+  Description& Fichier(std::string nom, Membre membre, std::string_view valeurs, std::string_view aide) {
+    return Texte(std::move(nom), membre, valeurs, aide).NommeUnFichier();
+  }
+
+  // The name of the file of a picture, which the companion writes as SVG only: another extension is refused before the
+  // run that it shows. Nothing is told back when no picture is asked for.
+  Description& Image(std::string nom, std::string Options::*membre, std::string_view valeurs, std::string_view aide) {
+    const auto poser = [nom, membre](Options& options, const std::string& texte) {
+      ExigerSvg(nom, texte);
+      options.*membre = texte;
+    };
+    const auto ecrire = [membre](const Options& options) {
+      return (options.*membre).empty() ? std::vector<std::string>() : std::vector<std::string>{options.*membre};
+    };
+    return Libre(std::move(nom), valeurs, aide, poser, ecrire).NommeUnFichier();
+  }
+
   // Names separated by commas.
   template <typename Membre>
   Description& Noms(std::string nom, Membre membre, std::string_view aide) {
@@ -256,6 +275,15 @@ class Description : public TableDOptions<Options> {
   Description& Parmi(std::initializer_list<std::string> mots) {
     this->Derniere().genre = Option::Genre::Mots;
     this->Derniere().mots = mots;
+    return *this;
+  }
+  Description& NommeUnFichier() {
+    this->Derniere().etrangers = Option::Etrangers::Gardes;
+    return *this;
+  }
+  // The value is looked for among names that were read with the same loss.
+  Description& SeCherche() {
+    this->Derniere().etrangers = Option::Etrangers::Perdus;
     return *this;
   }
   Description& Repetable() {

@@ -126,6 +126,12 @@ std::string EcrireReel(double valeur) {
   return {octets, fin.ptr};
 }
 
+void ExigerSvg(std::string_view nom, std::string_view valeur) {
+  constexpr std::string_view kExtension = ".svg";
+  if (valeur.size() <= kExtension.size() || !Minuscules(valeur).ends_with(kExtension))
+    RefuserValeur(nom, "un nom en .svg", valeur);
+}
+
 std::vector<std::string> NomsSepares(std::string_view texte) {
   std::vector<std::string> noms;
   if (texte.empty()) return noms;

@@ -35,6 +35,9 @@ struct Controle {
 
 struct Option {
   enum class Genre { Mots, Entier, Reel, Texte, Noms, Libre };
+  // What becomes of the letters that the code page lacks: they are refused, kept as the name of a file has them, or
+  // lost as in the names among which the value is looked for.
+  enum class Etrangers { Refuses, Gardes, Perdus };
 
   std::string nom;      // as typed before "="; any beginning of it that names no other option will do
   std::string valeurs;  // what may stand behind it, for the help
@@ -46,6 +49,7 @@ struct Option {
   int maximum = 0;
   double plusPetit = -std::numeric_limits<double>::infinity();  // Reel
   double plusGrand = std::numeric_limits<double>::infinity();
+  Etrangers etrangers = Etrangers::Refuses;
   bool repetable = false;  // each value given adds to the former ones
   bool geste = false;      // acts in its turn among the options that do
   std::vector<AutreNom> autresNoms = {};
@@ -78,6 +82,9 @@ double LireReel(std::string_view nom, std::string_view valeur,
                 double plusGrand = std::numeric_limits<double>::infinity());
 // The shortest text that LireReel reads back as the same number.
 std::string EcrireReel(double valeur);
+
+// Refuses the name of a picture that is not ".svg" behind a name. Raises UsageIncorrect.
+void ExigerSvg(std::string_view nom, std::string_view valeur);
 
 // The names of a list separated by commas; an empty text holds none. Blanks around a name go.
 std::vector<std::string> NomsSepares(std::string_view texte);

@@ -70,16 +70,6 @@ std::string CadreDroit(std::string_view texte, int largeur) {
 std::string EntierDroit(double valeur, int largeur) { return AlignerDroite(Nombre(valeur), largeur); }
 std::string EntierDroit(std::int64_t valeur, int largeur) { return AlignerDroite(Nombre(valeur), largeur); }
 
-std::string Dixiemes(std::int64_t dixiemes, int largeur) {
-  const int w = largeur - 1;
-  const std::string texte = AlignerDroite(Nombre(dixiemes), w);
-  const bool sousUn = dixiemes < 10;
-  std::string resultat(texte.substr(0, static_cast<std::size_t>(std::max(sousUn ? w - 2 : w - 1, 0))));
-  resultat += sousUn ? "0." : ".";
-  resultat += Milieu(texte, static_cast<std::size_t>(std::max(w, 1)));
-  return resultat;
-}
-
 std::string NombreFixe(double valeur, int largeurEntiere, int decimales) {
   if (!std::isfinite(valeur)) return Nombre(valeur);  // raises the fitting number
   PartiesFixes parties = Decouper(valeur, decimales);
@@ -104,7 +94,7 @@ const Chemin& Rapport::Achever() {
   return fichier_.CheminProvisoire();
 }
 
-void EcrireBandeau(Rapport& rapport, Texte titre) {
+void ImprimerBandeau(Rapport& rapport, Texte titre) {
   constexpr int kMilieu = 28;  // the column that titles are centred on
   constexpr int kLigneBlanche = 27;
   const auto retrait =

@@ -24,9 +24,6 @@ inline std::string EntierDroit(int valeur, int largeur) {
   return EntierDroit(static_cast<std::int64_t>(valeur), largeur);
 }
 
-// A count of tenths with one decimal, right-aligned: 123 in width 5 gives " 12.3".
-std::string Dixiemes(std::int64_t dixiemes, int largeur);
-
 // Fixed-point text: integer part padded to `largeurEntiere`, `decimales` digits, "$" in front when longer than both
 // and the point. The integer part is never cut. Raises kArgumentIncorrect or kDepassementCapacite for a value that is
 // not finite.
@@ -73,6 +70,6 @@ class Rapport {
 };
 
 // The banner of every report.
-void EcrireBandeau(Rapport& rapport, Texte titre);
+void ImprimerBandeau(Rapport& rapport, Texte titre);
 
 }  // namespace quelvar

@@ -7,7 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/posfile.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 #include "core/session/initialisation.h"
 #include "core/session/reglages.h"
 
@@ -20,7 +22,7 @@ struct Session {
   Chemin repertoire;           // working directory, also the current directory of the process
   Chemin initialisation;       // path of Qvr2.ini
   std::string generique;       // empty when there is none; never holds a point
-  int niveau = 1;
+  int niveau = kNiveauSimple;
   std::string ancien;  // generic before the last change
   std::string vus;     // former generics, a ";" after each, in order of first use
   double individus = 0;
@@ -28,7 +30,8 @@ struct Session {
   std::string titre;             // title of the main form
   std::string fichierAffiche;    // name of the file shown in Text1
   bool passerModalites = false;  // "Annuler" at a recoding: the modality file goes along without a question
-  int limiteDepassements = 50;   // values above their code-max before a count stops, as last chosen; 0 for no stop
+  // Values above their code-max before a count stops, as last chosen; 0 for no stop.
+  int limiteDepassements = kDepassementsAuPlus;
   // Content of Qvr2.ini as this session last read or wrote it: another one found there comes from another window.
   std::optional<Initialisation> derniereInitialisation;
 };

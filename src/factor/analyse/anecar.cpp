@@ -55,7 +55,7 @@ void ExigerTable(Rapport& rapport, const Contexte& contexte) {
 void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& preparation) {
   if (const std::optional<Chemin> reste = contexte.Chercher(".FA2")) EffacerFichier(*reste);
   ExigerTable(rapport, contexte);
-  EcrireBandeau(rapport, "Calcul des facteurs");
+  ImprimerBandeau(rapport, "Calcul des facteurs");
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
   LecteurLignes mod(contexte.Exiger(".MOD"));
   preparation.titre = mod.LireObligatoire();

@@ -11,7 +11,7 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "factor/classement/edition.h"

@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "core/options/image.h"
-
 namespace quelvar::factor {
 
 namespace {
@@ -63,8 +61,7 @@ Textes EcrireEllipses(const O& options) {
 }
 
 void DecrirePoints(Description<O>& description) {
-  description
-      .Libre("fichier", "NOM.svg", "le graphique, en SVG", PoserImage("fichier", &O::fichier), EcrireImage(&O::fichier))
+  description.Image("fichier", &O::fichier, "NOM.svg", "le graphique, en SVG")
       .Defaut("GENERIQUEFac.svg")
       .Libre("horizontal", "N|C|CN", "facteur en abscisse ; C : son CPF", PoserAxe("horizontal", &O::horizontal),
              EcrireTexte(&O::horizontal))

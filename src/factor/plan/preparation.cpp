@@ -35,7 +35,7 @@ void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const Ex
 }
 
 void ImprimerNoms(Rapport& rapport, const Contexte& contexte) {
-  EcrireBandeau(rapport, "Graphique factoriel");
+  ImprimerBandeau(rapport, "Graphique factoriel");
   rapport.Ligne({"Le nom du fichier des modalites est ", contexte.Nom(".MOD")});
   rapport.Ligne({"Le nom du fichier de PEM est  ", contexte.Nom(".PEM")});
   rapport.Ligne({"Le nom du fichier de CAH est  ", contexte.Nom(".CAH")});

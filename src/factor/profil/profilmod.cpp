@@ -248,7 +248,7 @@ std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, con
 void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const OptionsProfil& options) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
-  EcrireBandeau(rapport, "Profil d'une modalité"_w);
+  ImprimerBandeau(rapport, "Profil d'une modalité"_w);
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));

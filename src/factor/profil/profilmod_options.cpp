@@ -1,7 +1,5 @@
 #include "factor/profil/profilmod_options.h"
 
-#include "core/options/image.h"
-
 namespace quelvar::factor {
 
 const Description<OptionsProfil>& DescriptionProfilMod() {
@@ -18,8 +16,7 @@ const Description<OptionsProfil>& DescriptionProfilMod() {
           .OuiNon("nontri", &O::nonTri, "garde l'ordre du fichier")
           .Montre("NonTri")
           .Couples("intitule", &O::intitules, "NOM=TEXTE", "nouvel intitulé d'une modalité ; peut être répété"_w)
-          .Libre("fichier", "NOM.svg", "image des profils, en SVG", PoserImage("fichier", &O::fichier),
-                 EcrireImage(&O::fichier));
+          .Image("fichier", &O::fichier, "NOM.svg", "image des profils, en SVG");
   return description;
 }
 

@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <string>
 
-#include "core/document/texte_edite.h"
+#include "core/document/texteedite.h"
 #include "forms/texte/regle.h"
 #include "forms/texte/textefixe.h"
 

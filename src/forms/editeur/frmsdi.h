@@ -9,7 +9,7 @@
 #include <memory>
 #include <optional>
 
-#include "core/document/texte_edite.h"
+#include "core/document/texteedite.h"
 #include "core/session/recents.h"
 #include "forms/editeur/secours.h"
 

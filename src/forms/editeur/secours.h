@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/document/texte_edite.h"
+#include "core/document/texteedite.h"
 
 namespace quelvar::forms {
 

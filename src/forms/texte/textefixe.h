@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/document/texte_edite.h"
+#include "core/document/texteedite.h"
 
 namespace quelvar::forms {
 

@@ -26,7 +26,7 @@ struct Preparation {
 };
 
 void ImprimerNomsDesFichiers(const Contexte& contexte, Rapport& rapport) {
-  EcrireBandeau(rapport, "Création des modalités"_w);
+  ImprimerBandeau(rapport, "Création des modalités"_w);
   rapport.Ligne({"Le nom du fichier d'entree est ", contexte.Nom(".DAT")});
   rapport.Ligne({"Le nom du fichier de parametres de position est ", contexte.Nom(".POS")});
   rapport.Ligne({"Ce fichier d'impression a pour nom ", contexte.Nom(".PRT")});

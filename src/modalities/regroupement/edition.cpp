@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::modalities {

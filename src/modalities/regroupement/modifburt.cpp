@@ -9,7 +9,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/session/generique.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "modalities/regroupement/edition.h"
@@ -90,7 +90,7 @@ void ExigerDesColonnes(const Contexte& contexte, Rapport& rapport, const TableAG
 // `libre` when nothing that counts stands under the new generic.
 void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt& options, const std::string& nouveau,
               bool libre) {
-  EcrireBandeau(rapport, "Modification d'un tableau de Burt");
+  ImprimerBandeau(rapport, "Modification d'un tableau de Burt");
   const TableAGrouper table = OuvrirTable(contexte, rapport);
   if (table.parametres.largeur < 1) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");

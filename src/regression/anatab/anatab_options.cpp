@@ -1,4 +1,3 @@
-#include "core/options/image.h"
 #include "regression/options.h"
 
 namespace quelvar::regression {
@@ -10,8 +9,7 @@ const Description<OptionsAnatab>& DescriptionAnatab() {
           "anatab",
           "Une modalité expliquée par celles de plusieurs questions : analyse tabulaire et logistique (.TRP)"_w,
           [](const Contexte& contexte, const O& options) { return Anatab(contexte, options); })
-          .Libre("image", "FICHIER.svg", "image des effets, la référence à zéro"_w, PoserImage("image", &O::image),
-                 EcrireImage(&O::image));
+          .Image("image", &O::image, "FICHIER.svg", "image des effets, la référence à zéro"_w);
   return description;
 }
 

@@ -43,7 +43,7 @@ TableauEdite TableauCourt(const FichierPos& pos, std::span<const LienDeProfil> l
 }  // namespace
 
 void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
-  EcrireBandeau(rapport, "Profils de variables d'intérêt"_w);
+  ImprimerBandeau(rapport, "Profils de variables d'intérêt"_w);
   rapport.Ligne({"Le nom par défaut du fichier d'entrée est "_w, contexte.Nom(".DAT")});
   rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});
   rapport.Ligne({"Le nom du fichier de modalités  est  "_w, contexte.Nom(".MOD")});

@@ -1,4 +1,3 @@
-#include "core/options/image.h"
 #include "regression/options.h"
 
 namespace quelvar::regression {
@@ -14,8 +13,7 @@ const Description<OptionsVarint>& DescriptionVarint() {
                  "avec les noms longs au niveau 2 seulement"_w)
           .Bouton("Opt1", "compacte")
           .Bouton("Opt2", "longue")
-          .Libre("image", "FICHIER.svg", "image des profils, une barre par question"_w, PoserImage("image", &O::image),
-                 EcrireImage(&O::image));
+          .Image("image", &O::image, "FICHIER.svg", "image des profils, une barre par question"_w);
   return description;
 }
 

@@ -7,7 +7,7 @@
 #include "core/programme/annulation.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "sorts/recodage/consignes.h"
@@ -231,7 +231,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   ExigerFichiers(rapport, contexte.Ecran(),
                  {{"des donnees " + noms.donnees, donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
                  kArretAbsenceSansAccents);
-  EcrireBandeau(rapport, "Création d'un nouveau fichier"_w);
+  ImprimerBandeau(rapport, "Création d'un nouveau fichier"_w);
   ExigerSortiesLibres(contexte, rapport, noms, *donnees);
   const bool passerModalites = DemanderModalites(contexte, rapport, noms.nouveau, suite);
   std::optional<ModalitesSuivies> modalites;

@@ -21,7 +21,7 @@ Description<O> Decrire() {
       .Alias("selectionnees", {{"oui", "non"}, {"non", "oui"}})
       .OuiNon("remplacer", &O::remplacer,
               "remplace sans demander les fichiers du nouveau générique ; non : un nom libre est proposé"_w)
-      .Texte("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
+      .Fichier("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
       .Montre("CaseDat")
       .Alias({"dat"});
 }

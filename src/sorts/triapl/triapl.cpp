@@ -210,7 +210,7 @@ void TrierAPlat(Rapport& rapport, const Contexte& contexte, const OptionsTriapl&
   TeteTrg tete;
   if (options.triangulaire) tete = fichiers.trg ? LireTeteTriangle(*fichiers.trg) : DemanderTeteTriangle(contexte);
 
-  EcrireBandeau(rapport, "Tri à plat"_w);
+  ImprimerBandeau(rapport, "Tri à plat"_w);
   ImprimerNomsDeFichiers(rapport, contexte, fichiers);
   Etude etude = LireQuestions(fichiers);
   PrendreTaille(rapport, contexte, fichiers, etude);

@@ -38,7 +38,7 @@ Description<O> Decrire() {
       .Bouton("CaseVerif", limiteDuFormulaire)
       .Alias("verification", {{"oui", limiteDuFormulaire}, {"non", "0"}})
       .Alias("caseverif", {{"oui", limiteDuFormulaire}, {"non", "0"}})
-      .Texte("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
+      .Fichier("donnees", &O::fichierDonnees, "FICHIER", "autre fichier de données que le .DAT du générique"_w)
       .Montre("CaseDat")
       .Alias({"dat"})
       .Choix("sortie", &O::sortie, MotsDesSorties(), kAideSortie);

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kExtension = ".prt";
 
 void EcrireTrg(Rapport& rapport, const FichierTrg& trg) {
-  EcrireBandeau(rapport, "Graphique triangulaire");
+  ImprimerBandeau(rapport, "Graphique triangulaire");
   rapport.Ligne({"Titre : ", trg.titre});
   rapport.Ligne("Intitulés des sommets "_w);
   for (const std::string& sommet : trg.sommets) rapport.Ligne(sommet);

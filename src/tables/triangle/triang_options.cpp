@@ -1,7 +1,5 @@
 #include "tables/triangle/triang_options.h"
 
-#include "core/options/image.h"
-
 namespace quelvar::tables {
 
 namespace {
@@ -52,7 +50,7 @@ void DecrireAffichage(Description<O>& description) {
 const Description<OptionsTriang>& DescriptionTriang() {
   static const Description<O> description = [] {
     Description<O> d("triang", "Graphique triangulaire d'un fichier .TRG (SVG, rapport .prt)", Triang);
-    d.Libre("fichier", "NOM.svg", "le graphique, en SVG", PoserImage("fichier", &O::fichier), EcrireImage(&O::fichier))
+    d.Image("fichier", &O::fichier, "NOM.svg", "le graphique, en SVG")
         .Defaut("GENERIQUETrg.svg")
         .Choix(
             "forme", [](auto& o) -> auto& { return o.reglages.forme; },

@@ -16,7 +16,7 @@ const Description<OptionsConcordance>& DescriptionConcordance() {
           .Bouton("OptFichier", "fichier")
           .Bouton("OptGauche", "gauche")
           .Bouton("OptDroite", "droite")
-          .Texte("sortie", &O::sortie, "FICHIER", "fichier où le texte est enregistré"_w)
+          .Fichier("sortie", &O::sortie, "FICHIER", "fichier où le texte est enregistré"_w)
           .OuiNon("remplacer", &O::remplacer, "remplace ce fichier s'il existe, sans le demander");
   return description;
 }

@@ -190,7 +190,7 @@ class Sorties {
 };
 
 void Decouper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot& options) {
-  EcrireBandeau(rapport, "Importation de données textuelles"_w);
+  ImprimerBandeau(rapport, "Importation de données textuelles"_w);
   const Chemin texte = TrouverTexte(rapport, contexte);
   ImprimerNoms(rapport, contexte, options);
   ImprimerMode(rapport, options);

@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "core/fichiers/jeu.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "text/gestion/compterendu.h"
@@ -248,7 +248,7 @@ Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, s
   if (nouveau.empty()) return Fin::Arret;
   PrevenirDesSupplementaires(contexte, agregation);
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EcrireBandeau(rapport, kTitre);
+    ImprimerBandeau(rapport, kTitre);
     for (const std::string& ligne : agregation.compteRendu) rapport.Ligne(ligne);
     Terminer(rapport, contexte, agregation, nouveau);
   });
@@ -261,7 +261,7 @@ std::string TexteDeRangee(const LigneDeTable& ligne) {
 
 Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EcrireBandeau(rapport, kTitre);
+    ImprimerBandeau(rapport, kTitre);
     AgregationOuverte ouverte = OuvrirAgregation(contexte);
     if (!ouverte.ouverte) {
       for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);

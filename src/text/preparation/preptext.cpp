@@ -8,7 +8,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/session/generique.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
 #include "text/commun/lignes.h"
@@ -99,7 +99,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   const std::string nomNeuf = nouveau + ".txt";
   const std::optional<Chemin> source =
       ChercherFichier(contexte.repertoire, options.fichier.empty() ? nomOrigine : options.fichier);
-  EcrireBandeau(rapport, kTitre);
+  ImprimerBandeau(rapport, kTitre);
   rapport.Ligne({"Le nom du fichier d'origine est  ", nomOrigine});
   rapport.Ligne({"Le nom du fichier de texte modifié sera "_w, nomNeuf});
   rapport.Ligne();

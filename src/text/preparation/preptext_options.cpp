@@ -26,7 +26,7 @@ Description<O> Decrire() {
       .Montre("ChkOpt")
       .OuiNon("dat", &O::fichierDat, "prend le fichier *.DAT")
       .Alias({"cmdfichdat"})
-      .Texte("fichier", &O::fichier, "FICHIER", "autre fichier de texte")
+      .Fichier("fichier", &O::fichier, "FICHIER", "autre fichier de texte")
       .Alias({"cmdficha"})
       .OuiNon("remplacer", &O::remplacer,
               "remplace sans demander les fichiers du générique suivant ; non : un nom libre est pris"_w);

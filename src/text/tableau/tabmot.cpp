@@ -218,7 +218,7 @@ void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::
 
 void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& options) {
   ExigerEntrees(rapport, contexte);
-  EcrireBandeau(rapport, "Création du tableau lexical des questions"_w);
+  ImprimerBandeau(rapport, "Création du tableau lexical des questions"_w);
   ImprimerNoms(rapport, contexte);
   Entrees entrees = LireEntrees(contexte);
   rapport.Lignes(entrees.parametres.remarques);

@@ -44,7 +44,7 @@ void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const Options
   Entree a = ChercherEntree(contexte, options.a);
   Entree b = ChercherEntree(contexte, options.b);
   ExigerEntrees(rapport, contexte, {a, b});
-  EcrireBandeau(rapport, "Fusion de fichiers");
+  ImprimerBandeau(rapport, "Fusion de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée A est "_w, a.nom});
   rapport.Ligne({"Le nom du fichier d'entrée B est "_w, b.nom});
   rapport.Ligne({"Le nom du fichier des données jointes est "_w, NomAffiche(options.c)});

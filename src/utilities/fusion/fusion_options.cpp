@@ -7,9 +7,9 @@ const Description<OptionsFusion>& DescriptionFusionner() {
   using O = OptionsFusion;
   static const Description<O> description =
       Description<O>("fusionner", "Fusion de deux fichiers de colonnes fixes"_w, Verifier<O, ManqueFusion, Fusionner>)
-          .Texte("a", &O::a, "FICHIER", "premier fichier")
-          .Texte("b", &O::b, "FICHIER", "deuxième fichier"_w)
-          .Texte("c", &O::c, "FICHIER", "fichier résultant"_w)
+          .Fichier("a", &O::a, "FICHIER", "premier fichier")
+          .Fichier("b", &O::b, "FICHIER", "deuxième fichier"_w)
+          .Fichier("c", &O::c, "FICHIER", "fichier résultant"_w)
           .Choix("type", &O::type,
                  {{"merge", TypeFusion::CoteACote},
                   {"append", TypeFusion::ALaSuite},

@@ -23,15 +23,6 @@ TEST(Report, FixedNumbers) {
   EXPECT_THROW(NombreFixe(std::numeric_limits<double>::quiet_NaN(), 3, 1), Erreur);
 }
 
-TEST(Report, Tenths) {
-  EXPECT_EQ(Dixiemes(5, 5), "  0.5");
-  EXPECT_EQ(Dixiemes(0, 5), "  0.0");
-  EXPECT_EQ(Dixiemes(10, 5), "  1.0");
-  EXPECT_EQ(Dixiemes(123, 5), " 12.3");
-  EXPECT_EQ(Dixiemes(1000, 5), "100.0");
-  EXPECT_EQ(Dixiemes(1000, 7), "  100.0");
-}
-
 TEST(Report, Frames) {
   EXPECT_EQ(CadreGauche("abc", 5), "abc  ");
   EXPECT_EQ(CadreGauche("abcdef", 4), "abcd");

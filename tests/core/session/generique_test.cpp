@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "support/environnement.h"
 
 namespace quelvar {

@@ -4,7 +4,7 @@
 
 #include "capture/apercu/options.h"
 #include "core/programme/annulation.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/programmes/capture/import/avancement.h"
 #include "forms/texte/texte_qt.h"

@@ -6,7 +6,7 @@
 #include "capture/apercu/options.h"
 #include "core/programme/annulation.h"
 #include "core/programme/lieunomme.h"
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
 #include "forms/texte/texte_qt.h"

@@ -1,4 +1,4 @@
-#include "core/document/texte_edite.h"
+#include "core/document/texteedite.h"
 
 #include <algorithm>
 #include <array>

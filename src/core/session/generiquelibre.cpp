@@ -1,4 +1,4 @@
-#include "core/session/generique_libre.h"
+#include "core/session/generiquelibre.h"
 
 #include <algorithm>
 #include <filesystem>

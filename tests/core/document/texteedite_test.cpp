@@ -1,4 +1,4 @@
-#include "core/document/texte_edite.h"
+#include "core/document/texteedite.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
