@@ -52,10 +52,11 @@ void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAn
 
 void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse) {
   const bool acp = analyse.type == TypeAnalyse::Acp;
+  const std::string_view titre =
+      acp ? "ACP : Analyse en composantes principales des ecarts" : "AFC : Analyse des correspondances";
   rapport.Ligne();
-  rapport.Ligne(std::string_view(acp ? "ACP : Analyse en composantes principales des ecarts"
-                                     : "AFC : Analyse des correspondances"));
-  rapport.Ligne(std::string(acp ? 51 : 33, '*'));
+  rapport.Ligne(titre);
+  rapport.Ligne(std::string(titre.size(), '*'));
   rapport.Ligne();
   rapport.Ligne({acp ? "La somme des carrés est de :"_w : "Le phi-deux est de :"_w,
                  NombreFixe(analyse.ecarts.Inertie(analyse.type), 7, 6)});

@@ -58,6 +58,13 @@ std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFa
 
 }  // namespace
 
+std::string_view DerniereAnalyse(const Contexte& contexte) {
+  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
+  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
+  if (!acp) return ".AFC";
+  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
+}
+
 double InertiePourMille(double inertie, double total) {
   constexpr double kInertieMaximale = 99999;  // five columns
   return total == 0 ? 0 : std::min(1000 * inertie / total, kInertieMaximale);

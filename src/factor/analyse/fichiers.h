@@ -1,7 +1,9 @@
-// The coordinate files of a factor analysis: .FAJ and .FJ2 for the columns, .FAI and .FI2 for the rows.
+// The files that a factor analysis leaves: its report, and the coordinates, .FAJ and .FJ2 for the columns, .FAI and
+// .FI2 for the rows.
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
@@ -12,6 +14,9 @@ namespace quelvar::factor {
 
 // Whether the sign of factor 1, 2 or 3 is reversed. From four factors on none is, unless they are to be classified.
 using InversionsDeFacteurs = std::array<bool, 3>;
+
+// ".AFC" or ".ACP": the report of the analysis done last.
+std::string_view DerniereAnalyse(const Contexte& contexte);
 
 // The inertia of an element as its line has it.
 double InertiePourMille(double inertie, double total);

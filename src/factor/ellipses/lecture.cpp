@@ -9,6 +9,7 @@
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
+#include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
@@ -51,7 +52,7 @@ std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const st
     if (ligne.size() < longueur) Refuser(lignes.fichier, "a moins de colonnes que le fichier n'a de modalités"_w);
     for (std::size_t m = 0; m < places.size(); ++m)
       if (ValeurDe(Milieu(ligne, kPremiereCellule + places[m] * lignes.largeur, lignes.largeur)) != 0)
-        nuages[m].Ajouter(point.x / kMilliemes, point.y / kMilliemes);
+        nuages[m].Ajouter(point.x / kMilliemesParUnite, point.y / kMilliemesParUnite);
   }
   if (std::string_view reste; lecteur.Lire(reste) && !Rogner(reste).empty())
     Refuser(lignes.fichier, "a plus d'individus que les coordonnées"_w);

@@ -7,6 +7,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/ellipses/lecture.h"
@@ -93,8 +94,13 @@ void ExigerTous(const FichiersDesEllipses& fichiers) {
 EllipsesDeModalite EllipsesDe(const ModaliteMarquee& marquee, const Nuage& nuage, const AxesDInertie& axes,
                               const ChoixEllipses& choix) {
   const Position centre = nuage.Centre();
-  EllipsesDeModalite modalite{
-      marquee.nom, marquee.intitule, nuage.effectif, {kMilliemes * centre.x, kMilliemes * centre.y}, axes, {}, {}};
+  EllipsesDeModalite modalite{marquee.nom,
+                              marquee.intitule,
+                              nuage.effectif,
+                              {kMilliemesParUnite * centre.x, kMilliemesParUnite * centre.y},
+                              axes,
+                              {},
+                              {}};
   for (const GenreEllipse genre : kGenresEllipse) {
     if (!choix.Voulue(genre)) continue;
     modalite.genres.push_back(genre);
@@ -175,13 +181,6 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
 }
 
 }  // namespace
-
-std::string_view DerniereAnalyse(const Contexte& contexte) {
-  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
-  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
-  if (!acp) return ".AFC";
-  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
-}
 
 BilanEllipses MesurerEllipses(const Contexte& contexte, const DemandeEllipses& demande) {
   BilanEllipses bilan;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "factor/ellipses/ellipses.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/provenance.h"
 
 namespace quelvar::factor {

@@ -7,8 +7,8 @@
 #include "core/enquete/colonnes.h"
 #include "core/programme/lieunomme.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/coordonnees.h"
-#include "factor/ellipses/ellipses.h"
 
 namespace quelvar::factor {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/texte/nombres.h"
 
@@ -10,7 +11,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
 constexpr std::size_t kOctets = 256;
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
@@ -167,7 +167,7 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   LecteurLignes lecteur(brt);
   for (std::size_t i = 0; i < nombre; ++i) {
     const std::string_view ligne = lecteur.LireObligatoire();
-    const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur); };
+    const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurDeModalite + 1 + j * largeur, largeur); };
     const auto verifier = [&](std::size_t j) {
       if (EstEffectif(cellule(j), largeur) || comptes.douteuses++ > 0) return;
       comptes.premiereDouteuse =
