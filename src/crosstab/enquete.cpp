@@ -88,11 +88,7 @@ std::vector<ChampPlafonne> Champs(const FichierPos& pos, const EnqueteCroisee& e
   std::vector<ChampPlafonne> champs;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
-    if (question.position < 1) {
-      RepereQuestion repere = Reperer(pos, i);
-      ++repere.numero;
-      throw Erreur(kArgumentIncorrect, repere);
-    }
+    if (question.position < 1) throw ChampImpossible(pos, i, 2);
     champs.push_back({ChampDe(question), std::min(enquete.questions[i].plafond, kCodeMaxGarde)});
   }
   return champs;

@@ -12,7 +12,7 @@ std::vector<Champ> ChampsDe(const FichierPos& pos) {
   champs.reserve(pos.questions.size());
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
-    if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(pos, i));
+    if (question.position < 1) throw ChampImpossible(pos, i);
     champs.push_back(ChampDe(question));
   }
   return champs;

@@ -137,6 +137,7 @@ std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {
 
 FichierPos LirePos(const Chemin& chemin) {
   FichierPos pos;
+  pos.nom = TexteDe(chemin.filename());
   LecteurLignes lecteur(chemin);
   pos.titre = lecteur.LireObligatoire();
   pos.lignes.push_back(pos.titre);
@@ -170,9 +171,12 @@ std::string FauteIntitule(const Question& question) {
   return Joindre({"L'intitulé de la question "_w, question.nom, " n'est pas encadré par le signe dollar"_w});
 }
 
-RepereQuestion Reperer(const FichierPos& pos, std::size_t indice) {
+Erreur ChampImpossible(const FichierPos& pos, std::size_t indice, int premiere) {
+  constexpr int kLigneDeLaPremiere = 3;
   const Question& question = pos.questions.at(indice);
-  return {static_cast<int>(indice) + 1, question.nom, question.position, question.codeMax};
+  const int rang = static_cast<int>(indice);
+  Erreur erreur(kArgumentIncorrect, RepereQuestion{premiere + rang, question.nom, question.position, question.codeMax});
+  return erreur.Situer({pos.nom, kLigneDeLaPremiere + rang, kColonneDePosition});
 }
 
 }  // namespace quelvar

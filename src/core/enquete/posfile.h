@@ -49,6 +49,7 @@ inline constexpr int kDepassementsAuPlus = 50;
 enum class FinDeListe { FinDeFichier, LigneBlanche, Asterisques, Dollars };
 
 struct FichierPos {
+  std::string nom;  // without directory, for what is found in it later
   std::string titre;
   LigneTaille taille;
   std::vector<Question> questions;
@@ -96,7 +97,8 @@ std::optional<Chemin> ChercherPos(const Chemin& repertoire, std::string_view nom
 std::string FauteIntitule(const Question& question);
 inline constexpr std::string_view kCorrigezRelancez = ", corrigez et relancez ";
 
-// Name of the file of a question for the lines of kArgumentIncorrect: numero counts from 1.
-RepereQuestion Reperer(const FichierPos& pos, std::size_t indice);
+// The failure (kArgumentIncorrect) of a question whose field no data line can have: its position, in the file, is no
+// column. `premiere` is the number that the first question of the file has in the lines of the report.
+Erreur ChampImpossible(const FichierPos& pos, std::size_t indice, int premiere = 1);
 
 }  // namespace quelvar

@@ -290,6 +290,7 @@ Ecrivain& Ecrivain::operator=(Ecrivain&& autre) noexcept {
   std::swap(chemin_, autre.chemin_);
   std::swap(descripteur_, autre.descripteur_);
   std::swap(condense_, autre.condense_);
+  std::swap(texte_, autre.texte_);
   std::swap(tampon_, autre.tampon_);
   std::swap(rempli_, autre.rempli_);
   return *this;
@@ -306,6 +307,10 @@ void Ecrivain::EcrireParMorceaux(std::string_view octets) {
 }
 
 void Ecrivain::EcrireDirect(const char* octets, std::size_t taille) {
+  if (texte_ != nullptr) {
+    texte_->append(octets, taille);
+    return;
+  }
   if (condense_ != nullptr) condense_->Ajouter({octets, taille});
   while (taille > 0) {
     const ssize_t ecrits = appels::Ecrire(descripteur_, octets, taille);
@@ -323,6 +328,7 @@ void Ecrivain::Vider() {
 }
 
 void Ecrivain::Fermer() {
+  if (texte_ != nullptr) return Vider();
   if (descripteur_ < 0) return;
   int code = 0;
   try {

@@ -93,6 +93,11 @@ class Provisoire;
 // texts) is on the disk before it replaces anything; nobody waits for a result that a run makes again.
 enum class Nature { Unique, Refaisable };
 
+// A text that is written to as a file would be, and stays in memory.
+struct EnMemoire {
+  std::string& octets;
+};
+
 // Writes a file through one large buffer. Raises the failures of writing.
 class Ecrivain {
  public:
@@ -101,6 +106,8 @@ class Ecrivain {
   // Writes to a file that is open, and closes it; the bytes that reach it are added to the digest. The path is for its
   // failures.
   Ecrivain(Chemin chemin, int descripteur, CondenseDOctets* condense);
+  // Goes on behind what the text holds; it has all the bytes once Vider or Fermer was called.
+  explicit Ecrivain(EnMemoire texte) : texte_(&texte.octets), tampon_(new char[kCapacite]) {}
   ~Ecrivain();  // closes silently: a writer whose bytes count is closed by Fermer
   Ecrivain(Ecrivain&&) noexcept;
   Ecrivain& operator=(Ecrivain&&) noexcept;
@@ -141,6 +148,7 @@ class Ecrivain {
   Chemin chemin_;
   int descripteur_ = -1;
   CondenseDOctets* condense_ = nullptr;
+  std::string* texte_ = nullptr;  // in place of a file
   std::unique_ptr<char[]> tampon_;
   std::size_t rempli_ = 0;
 };

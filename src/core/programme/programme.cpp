@@ -140,6 +140,22 @@ std::vector<GeneriqueTenu> Tenir(const Contexte& contexte, std::string_view nomR
   return tenus;
 }
 
+// A run between its first line and its end: what was repaired, then the body.
+struct Deroulement {
+  std::optional<Erreur> panne;  // what stopped it
+  bool garde = true;            // its report is to be kept
+};
+Deroulement Derouler(Rapport& rapport, const Contexte& contexte, std::string_view nomRapport,
+                     const std::vector<GeneriqueTenu>& tenus, const LibellesErreur& libelles,
+                     const std::function<void(Rapport&)>& corps) {
+  if (AvecEtrangers(contexte.generique) || AvecEtrangers(nomRapport)) rapport.MontrerLesNomsEtrangers();
+  for (const GeneriqueTenu& tenu : tenus) rapport.Lignes(tenu.Recit());
+  Deroulement fait;
+  fait.panne = ExecuterCorps(rapport, libelles, corps, fait.garde);
+  rapport.Achever();
+  return fait;
+}
+
 Fin Executer(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
              const std::function<void(Rapport&)>& corps, AFinNormale aFinNormale, ModeEcriture mode) {
   Fin fin = Fin::Arret;
@@ -147,13 +163,9 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
   try {
     const std::vector<GeneriqueTenu> tenus = Tenir(contexte, nomRapport);
     Rapport rapport(CheminDEcriture(contexte.repertoire, nomRapport), mode);
-    if (AvecEtrangers(contexte.generique) || AvecEtrangers(nomRapport)) rapport.MontrerLesNomsEtrangers();
-    for (const GeneriqueTenu& tenu : tenus)
-      for (const std::string& ligne : tenu.Recit()) rapport.Ligne(ligne);
-    bool garde = true;
-    const std::optional<Erreur> panne = ExecuterCorps(rapport, libelles, corps, garde);
+    const auto [panne, garde] = Derouler(rapport, contexte, nomRapport, tenus, libelles, corps);
     if (!panne) fin = Fin::Normale;
-    if (const Chemin& ecrit = rapport.Achever(); !garde || SEfface(contexte, nomRapport, ecrit)) {
+    if (const Chemin& ecrit = rapport.CheminProvisoire(); !garde || SEfface(contexte, nomRapport, ecrit)) {
       affichage = Presenter(ecrit, nomRapport, true);
     } else {
       rapport.Valider();
@@ -171,6 +183,26 @@ Fin Executer(const Contexte& contexte, std::string_view nomRapport, const Libell
   return fin;
 }
 
+// The same without a file: whole on the screen when it was stopped, however long it is.
+Fin ExecuterEnMemoire(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
+                      const std::function<void(Rapport&)>& corps) {
+  Affichage affichage{Affichage::Ou::Texte, {}, std::string(nomRapport), {}, {}};
+  try {
+    const std::vector<GeneriqueTenu> tenus = Tenir(contexte, nomRapport);
+    Rapport rapport(EnMemoire{*contexte.brouillon});
+    const std::optional<Erreur> panne = Derouler(rapport, contexte, nomRapport, tenus, libelles, corps).panne;
+    if (!panne) return Fin::Normale;
+    affichage.texte = *contexte.brouillon;
+    affichage.panne = PanneDe(*panne);
+  } catch (const Annulation&) {  // no trace is left of it
+    throw;
+  } catch (...) {
+    affichage = AffichageDErreur(ErreurEnCours(), nomRapport, libelles);
+  }
+  Montrer(contexte, affichage);
+  return Fin::Arret;
+}
+
 }  // namespace
 
 Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
@@ -180,6 +212,7 @@ Fin ExecuterProgramme(const Contexte& contexte, std::string_view nomRapport, con
 
 bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
                        const std::function<void(Rapport&)>& corps) {
+  if (contexte.brouillon != nullptr) return ExecuterEnMemoire(contexte, nomRapport, libelles, corps) == Fin::Normale;
   return Executer(contexte, nomRapport, libelles, corps, AFinNormale::Taire, ModeEcriture::Neuf) == Fin::Normale;
 }
 

@@ -24,6 +24,7 @@ struct Contexte {
   std::string generique;  // code page, without extension
   int niveau = kNiveauSimple;
   Dialogue* dialogue = nullptr;
+  std::string* brouillon = nullptr;  // takes the report of a preparation in place of the directory
 
   Dialogue& Ecran() const { return *dialogue; }
   // The name of the file of the generic with that extension.
@@ -74,7 +75,7 @@ Fin RendreCompte(const Contexte& contexte, Texte phrase, const std::function<voi
                  std::string_view nomRapport = {});
 
 // The preparation of a program that goes on with another report: the same, but a body that comes to its end shows
-// nothing, and true is returned.
+// nothing, and true is returned. With a `brouillon` no report is written: it goes behind what that text holds.
 bool PreparerProgramme(const Contexte& contexte, std::string_view nomRapport, const LibellesErreur& libelles,
                        const std::function<void(Rapport&)>& corps);
 

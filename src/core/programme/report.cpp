@@ -83,16 +83,14 @@ std::string NombreFixe(double valeur, int largeurEntiere, int decimales) {
   return resultat;
 }
 
-Rapport::Rapport(const Chemin& chemin, ModeEcriture mode) : fichier_(chemin), ecrivain_(fichier_.Fichier()) {
+Rapport::Rapport(const Chemin& chemin, ModeEcriture mode)
+    : fichier_(std::in_place, chemin), ecrivain_(fichier_->Fichier()) {
   std::error_code code;
   if (mode == ModeEcriture::Neuf || !std::filesystem::exists(chemin, code)) return;
   ParMorceaux(chemin, [&](std::string_view octets) { ecrivain_.Ecrire(octets); });
 }
 
-const Chemin& Rapport::Achever() {
-  ecrivain_.Fermer();
-  return fichier_.CheminProvisoire();
-}
+Rapport::Rapport(EnMemoire texte) : memoire_(std::in_place, texte), ecrivain_(*memoire_) {}
 
 void ImprimerBandeau(Rapport& rapport, Texte titre) {
   constexpr int kMilieu = 28;  // the column that titles are centred on

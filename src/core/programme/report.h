@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,12 +30,14 @@ inline std::string EntierDroit(int valeur, int largeur) {
 // not finite.
 std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
 
-// A report under construction: it lies under a scratch name, and the former report stays whole until Valider. Raises
-// the failures of writing.
+// A report under construction: it lies under a scratch name, and the former report stays whole until Valider; or it
+// stays in memory. Raises the failures of writing.
 class Rapport {
  public:
   // Suite: the lines go behind those of the former report.
   explicit Rapport(const Chemin& chemin, ModeEcriture mode = ModeEcriture::Neuf);
+  // The text has all the lines once Achever was called.
+  explicit Rapport(EnMemoire texte);
 
   void Ligne() { ecrivain_.FinDeLigne(); }
   void Ligne(Texte texte) {
@@ -58,13 +61,16 @@ class Rapport {
   }
   // The lines name files whose names the code page cannot hold: they show what they can.
   void MontrerLesNomsEtrangers() { nomsEtrangers_ = true; }
-  // Ends the report; it is shown from here when it takes no place.
-  const Chemin& Achever();
+  // Ends the report.
+  void Achever() { ecrivain_.Fermer(); }
+  // Where a file that is ended lies: it is shown from here when it takes no place.
+  const Chemin& CheminProvisoire() const { return fichier_->CheminProvisoire(); }
   // Takes the place of the former report.
-  void Valider() { fichier_.Valider(); }
+  void Valider() { fichier_->Valider(); }
 
  private:
-  Remplacement fichier_;
+  std::optional<Remplacement> fichier_;  // nothing in memory
+  std::optional<Ecrivain> memoire_;
   Ecrivain& ecrivain_;
   bool nomsEtrangers_ = false;
 };

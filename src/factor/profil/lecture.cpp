@@ -27,7 +27,7 @@ class Comptoir {
     for (const CodeDeModalite& code : codes) {
       if (rangs_[code.question] != kAucune) continue;
       const Question& question = pos.questions[code.question];
-      if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(pos, code.question));
+      if (question.position < 1) throw ChampImpossible(pos, code.question);
       rangs_[code.question] = questions_.size();
       questions_.push_back({ChampDe(question), question.codeMax, places_,
                             question.largeur == 1 ? kOctets : static_cast<std::size_t>(question.codeMax) + 2});

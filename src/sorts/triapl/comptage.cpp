@@ -103,7 +103,7 @@ void CompterAvecControle(const char* ligne, const FichierPos& pos, const Signale
                          Comptage& comptage) {
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
-    if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(pos, i));
+    if (question.position < 1) throw ChampImpossible(pos, i);
     int valeur = LireChampInterieur(ligne, ChampDe(question));
     if (valeur > question.codeMax) {
       if (signaler) signaler(i, comptage.individus, valeur);

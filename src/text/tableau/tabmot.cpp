@@ -91,7 +91,7 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
                 : "*** Aucune question n'est choisie comme active"_w);
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
-    if (question.position < 1) throw Erreur(kArgumentIncorrect, Reperer(entrees.pos, rang));
+    if (question.position < 1) throw ChampImpossible(entrees.pos, rang);
     if (question.codeMax <= kDernierCodeNomme) continue;
     contexte.Ecran().demander(
         Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}), Boutons::Ok);
