@@ -8,6 +8,7 @@
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/analyse/tables.h"
 
 namespace quelvar::factor {
@@ -65,7 +66,7 @@ void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse) {
 
 void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre) {
   rapport.Ligne();
-  rapport.Ligne({"Le nombre de facteurs a extraire est de  ", Nombre(nombre)});
+  rapport.Ligne({kNombreDeFacteurs, "  ", Nombre(nombre)});
   rapport.Ligne();
 }
 
@@ -87,8 +88,8 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
     rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});
   rapport.Ligne();
-  rapport.Ligne({"Valeur propre = ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});
-  rapport.Ligne({"Pourcentage du total =", TexteEnColonne(cellules[1], kLargeurPourcentage)});
+  rapport.Ligne({kValeurPropre, " ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});
+  rapport.Ligne({kPourcentage, TexteEnColonne(cellules[1], kLargeurPourcentage)});
   rapport.Ligne();
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
@@ -17,6 +18,18 @@ using InversionsDeFacteurs = std::array<bool, 3>;
 
 // ".AFC" or ".ACP": the report of the analysis done last.
 std::string_view DerniereAnalyse(const Contexte& contexte);
+
+// Lines of the report that are read again begin so; the value stands behind.
+inline constexpr std::string_view kNombreDeFacteurs = "Le nombre de facteurs a extraire est de";
+inline constexpr std::string_view kValeurPropre = "Valeur propre =";
+inline constexpr std::string_view kPourcentage = "Pourcentage du total =";
+
+// The eigenvalues, as many as the report announces factors or fewer. Raises kArgumentIncorrect for a negative one, and
+// the failures of LecteurLignes, with the line.
+std::vector<double> LireValeursPropres(const Chemin& rapport);
+
+// The shares of the factors in the inertia, percent. Raises the failures of LecteurLignes.
+std::vector<double> LireParts(const Chemin& rapport);
 
 // The inertia of an element as its line has it.
 double InertiePourMille(double inertie, double total);

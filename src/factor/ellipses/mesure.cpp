@@ -151,9 +151,9 @@ std::vector<Nuage> LireLesNuages(const Contexte& contexte, const DemandeEllipses
                                  BilanEllipses& bilan) {
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   const ParametresMod parametres = LireTableau(contexte, mod, bilan);
-  const std::vector<double> racines = RacinesDesValeursPropres(contexte.Exiger(analyse));
+  const std::size_t facteurs = LireValeursPropres(contexte.Exiger(analyse)).size();
   for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
-    if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
+    if (facteur < 1 || static_cast<std::size_t>(facteur) > facteurs) throw Erreur(kIndiceHorsSelection);
   bool codageLogique = false;
   const std::vector<Position> points =
       PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);

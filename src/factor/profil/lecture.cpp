@@ -165,7 +165,7 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   std::vector<std::vector<std::size_t>> demandes(nombre);  // ranks in the choice, by modality
   for (std::size_t k = 0; k < choisies.size(); ++k) demandes[choisies[k]].push_back(k);
   LecteurLignes lecteur(brt);
-  for (std::size_t i = 0; i < nombre; ++i) {
+  const auto lireLigne = [&](std::size_t i) {
     const std::string_view ligne = lecteur.LireObligatoire();
     const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurDeModalite + 1 + j * largeur, largeur); };
     const auto verifier = [&](std::size_t j) {
@@ -179,9 +179,12 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
       for (std::size_t j = 0; j < nombre; ++j) verifier(j);
     for (const std::size_t k : demandes[i])
       for (std::size_t j = 0; j < nombre; ++j) comptes.ensemble[k].push_back(ValeurDe(cellule(j)));
-  }
+  };
+  Situer(lecteur, [&] {
+    for (std::size_t i = 0; i < nombre; ++i) lireLigne(i);
+  });
   comptes.individus = annonces > 0 ? annonces : parametres.burt == 1 ? parametres.lignesSup : 0;
-  const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, 3);
+  const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, kLargeurDeQuestion);
   if (comptes.individus > 0) return comptes;
   comptes.individus = 0;
   for (std::size_t j = 0; j < mod.modalites.size(); ++j)
