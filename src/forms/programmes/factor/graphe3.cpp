@@ -155,7 +155,6 @@ void Graphe3::RelierTaille() {
   geste(ui_->BoutonValP, [this] { factor::ChangerPas(etat_, true); });
   geste(ui_->BoutonValM, [this] { factor::ChangerPas(etat_, false); });
   connect(ui_->CheckTaille, &QCheckBox::toggled, this, [this](bool reelle) {
-    constexpr double kPointsParPouce = 72;
     if (reelle) ui_->Image->Zoomer(ui_->Image->logicalDpiX() / kPointsParPouce / ui_->Image->Echelle());
     else ui_->Image->Ajuster();
   });
