@@ -37,7 +37,7 @@ TEST(LancerEnsuite, ChacunASonTourQuoiQueFassentLesAutres) {
     faits << "fin";
   }));
   EXPECT_EQ(faits, QStringList({"debut", "fin"})) << "not before the handler has come back";
-  QCoreApplication::processEvents();
+  for (int tour = 0; tour < 10; ++tour) QCoreApplication::processEvents();  // each hands over by an event
   EXPECT_EQ(faits, QStringList({"debut", "fin", "ENQ", QStringLiteral("echec %1").arg(quelvar::kFichierIntrouvable),
                                 QStringLiteral("echec %1").arg(quelvar::kArretAnnonce), "troisieme", "dernier"}));
   EXPECT_FALSE(lanceur.EnCours());
