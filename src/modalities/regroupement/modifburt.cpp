@@ -119,8 +119,8 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
   if (!libre) ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
-  DireLignesEnPlus(contexte, table);
-  DireSupplementairesActives(contexte, table, plan);
+  if (const std::optional<std::int64_t> rangees = RangeesEnTrop(table)) DireLignesEnPlus(contexte, table, *rangees);
+  DireSupplementairesActives(contexte, CompterRendusActifs(table, plan));
   DireCellulesDouteuses(contexte, bilan.douteuses);
   ImprimerFin(contexte, rapport, nouveau);
 }

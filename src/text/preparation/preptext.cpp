@@ -1,7 +1,6 @@
 #include "text/preparation/preptext.h"
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -10,8 +9,8 @@
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
+#include "core/texte/lignes.h"
 #include "core/texte/nombres.h"
-#include "text/commun/lignes.h"
 #include "text/commun/prise.h"
 #include "text/preparation/edition.h"
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "capture/apercu/options.h"
+#include "capture/cible.h"
 #include "core/programme/annulation.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"

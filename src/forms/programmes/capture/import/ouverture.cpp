@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "capture/apercu/options.h"
+#include "capture/cible.h"
 #include "core/programme/annulation.h"
 #include "core/programme/lieunomme.h"
 #include "core/session/generique.h"
@@ -40,9 +41,8 @@ void ImporterDBase(Services& services, const Chemin& fichier) {
   if (!services.formes.LaisserLeTravail()) return;
   capture::OptionsImport options;
   options.fichier = TexteDe(fichier);
-  Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = capture::Importer(contexte, options); });
-  if (fin != Fin::Normale) return;
+  const auto importer = [&](const Contexte& sur) { return capture::DescriptionImport().Executer(sur, options); };
+  if (services.LancerSur(contexte, importer) != Fin::Normale) return;
   if (repertoire != services.session.repertoire) PrendreRepertoire(services.session, repertoire);
   services.adopterGenerique(generique);
 }
@@ -85,8 +85,7 @@ void ImporterSourceDuGenerique(Services& services, bool toujoursMontrer) {
   std::optional<capture::PreparationDImport> preparation = Preparer(services, *source);
   if (!preparation) return;
   if (!toujoursMontrer && preparation->Vue().entier && preparation->ToutVaBien()) {
-    const capture::OptionsImport options = preparation->Options();
-    services.Lancer([&](const Contexte& la) { capture::Importer(la, options); });
+    services.Lancer(capture::DescriptionImport(), preparation->Options());
     services.relireGenerique();
     return;
   }
