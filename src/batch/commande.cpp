@@ -58,12 +58,13 @@ class Arguments {
 // What stands behind the sign of "nom=valeur", as it was typed.
 std::string_view Brute(std::string_view argument) { return argument.substr(argument.find('=') + 1); }
 
-// What becomes of the letters that the code page lacks in the value of an option; one that is not known refuses them.
+// What becomes of the letters that the code page lacks in the value of an option. Those of an option that is not found
+// do not matter: the reading of the options refuses it.
 Option::Etrangers EtrangersDe(const Programme& programme, const std::string& option) {
   try {
     return programme.options[TrouverOption(programme.options, {option, {}}, programme.nom).rang].etrangers;
-  } catch (const UsageIncorrect&) {  // the reading of the options tells it
-    return Option::Etrangers::Refuses;
+  } catch (const UsageIncorrect&) {
+    return Option::Etrangers::Perdus;
   }
 }
 
