@@ -80,9 +80,7 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
   try {
     const FichierPos pos = LirePos(cheminPos);
     std::vector<std::string> creees;
-    if (pos.fin == FinDeListe::Dollars)
-      for (const Vit& vit : LireBlocVit(std::span(pos.lignes).subspan(pos.premiereApres)).vits)
-        creees.push_back(vit.nom);
+    for (const Vit& vit : LireBlocVit(pos).vits) creees.push_back(vit.nom);
     suivies = SuivreRecodage(LireMod(contexte.Exiger(".MOD")), pos, CodesChangesPar(pos, options), creees);
   } catch (const Erreur&) {
     return std::nullopt;
