@@ -64,7 +64,7 @@ void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   ExigerParentheses(taille, t.contexte.Ecran());
   const std::int64_t individus = IndividusDuBurt(t.contexte, taille);
   t.rapport.Ligne(LigneDesIndividus(individus));
-  if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
+  if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee).Situer({.fichier = t.contexte.Nom(".MOD")});
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
   constexpr std::uint64_t kMemoireParCellule = 32;  // half a table, links and their sort
   constexpr std::uint64_t kDisqueParCellule = 52;   // lines of the report and of the link file
