@@ -104,7 +104,8 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
   ImprimerBandeau(rapport, "Profils de modalités"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
   const FichierMod mod = LireMod(fichiers.mod);
-  TravailEcapem travail{contexte, options, rapport, fichiers.brt, LireParametres(mod.parametres), {}};
+  const ParametresMod parametres = LireParametres(mod.parametres, TexteDe(fichiers.mod.filename()));
+  TravailEcapem travail{contexte, options, rapport, fichiers.brt, parametres, {}};
   rapport.Lignes(travail.parametres.remarques);
   for (const Modalite& modalite : mod.modalites) travail.modalites.push_back(NommerModalite(modalite));
   if (travail.parametres.largeur == 0) {
