@@ -25,8 +25,10 @@ Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int6
   return somme;
 }
 
-// One line in so many, for an output of about so many times what the filter keeps.
+// What a reduced output holds, about: so many times the lines that the filter keeps.
 constexpr double kFoisLesRetenus = 10;
+
+// One line in so many goes into it.
 std::int64_t PasDeReduction(const Somme& somme) {
   if (somme.retenus == 0) return 1;
   const double rapport = static_cast<double>(somme.sortie) / (kFoisLesRetenus * static_cast<double>(somme.retenus));
