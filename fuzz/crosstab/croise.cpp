@@ -36,8 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   if (demande.troisDimensions) demande.filtres = {demande.lignes.back()};
   demande.nonReponses = (choix & 2) == 0;
   demande.ordre.pourPem = (choix & 4) != 0;
-  demande.edition.etendue = (choix & 8) == 0;
-  demande.edition.triangulaire = (choix & 16) != 0;
+  if ((choix & 8) != 0) demande.edition.choix = quelvar::crosstab::ChoixEdition::Compacte;
+  if ((choix & 16) != 0) demande.edition.choix = quelvar::crosstab::ChoixEdition::Triangulaire;
   demande.edition.detailKhi2 = (choix & 32) != 0;
   demande.tableauIsole = (choix & 64) != 0;
   demande.retenir = (choix & 128) != 0;

@@ -105,7 +105,6 @@ void ChoisirEdition(EtatChoixVar& etat, ChoixEdition edition) {
   etat.edition = edition;
   if (edition == ChoixEdition::Compacte) etat.tailleVisible = false;
   else if (edition == ChoixEdition::Etendue) etat.tailleVisible = true;
-  etat.triangulaire = edition == ChoixEdition::Triangulaire;
 }
 
 void ChoisirCaractere(EtatChoixVar& etat, int points) {
@@ -149,8 +148,7 @@ std::optional<DemandeCroise> PreparerLancement(EtatChoixVar& etat, const Dialogu
   demande.colonnes = QuestionsDuRole(etat, RoleQuestion::Colonne);
   demande.ordre = {etat.ordrePem, etat.inverserLignes, etat.inverserColonnes};
   demande.nonReponses = etat.nonReponses;
-  demande.edition.etendue = etat.edition == ChoixEdition::Etendue;
-  demande.edition.triangulaire = etat.triangulaire;
+  demande.edition.choix = etat.edition;
   demande.edition.detailKhi2 = etat.detailKhi2;
   demande.edition.colonnesParPage = etat.colonnesParPage;
   demande.edition.lignesParPage = etat.lignesParPage;

@@ -17,8 +17,6 @@ namespace quelvar::crosstab {
 
 enum class RoleQuestion { Filtre, Ligne, Colonne };
 
-enum class ChoixEdition { Compacte, Etendue, Triangulaire };
-
 struct EtatChoixVar {
   std::vector<int> codesMax;                     // of the questions of the survey
   std::array<std::vector<bool>, 3> drapeaux;     // by role, then by question
@@ -30,7 +28,6 @@ struct EtatChoixVar {
   bool nonReponses = true;                       // BoutNROui; else BoutNRNon
   bool detailKhi2 = false;                       // CaseDetKhi2
   ChoixEdition edition = ChoixEdition::Etendue;  // EditCompact, EditLarge, OptTRG
-  bool triangulaire = false;                     // OptTRG, until another edition is chosen
   bool tailleVisible = true;                     // FrmTaille
   int colonnesParPage = kPageUsuelle.colonnes;
   int lignesParPage = kPageUsuelle.lignes;

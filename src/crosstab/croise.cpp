@@ -66,12 +66,12 @@ void Impression::ImprimerEnTete() {
   rapport_.Ligne();
 }
 
-// Long labels belong to the wide edition that is really printed.
+// Long labels belong to the wide edition.
 const std::vector<std::string>& Impression::Intitules(std::size_t question) {
   std::vector<std::string>& intitules = intitules_[question];
   if (intitules.empty()) {
     const QuestionCroisee& q = enquete_.questions[question];
-    const bool etendus = demande_.edition.etendue && !demande_.edition.triangulaire;
+    const bool etendus = demande_.edition.choix == ChoixEdition::Etendue;
     intitules = etendus ? IntitulesEtendus(enquete_, q) : IntitulesCourts(q);
   }
   return intitules;
@@ -134,7 +134,7 @@ ResultatLancement Impression::Imprimer() {
     for (const std::size_t ligne : demande_.lignes)
       for (const std::size_t colonne : demande_.colonnes) CroiserTrois(filtre, ligne, colonne);
   AjouterAuTrg(contexte_, trg_, sorties_);
-  if (demande_.edition.triangulaire && trg_.tableauxRefuses > 0)
+  if (demande_.edition.choix == ChoixEdition::Triangulaire && trg_.tableauxRefuses > 0)
     rapport_.Ligne({"Tableau(x) sans trois colonnes, non ajouté(s) au fichier "_w, contexte_.Nom(".TRG"), " :",
                     NombreNu(trg_.tableauxRefuses)});
   sorties_.Valider();

@@ -67,8 +67,11 @@ void ImprimerCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool deta
 }  // namespace
 
 Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes) {
-  if (options.triangulaire) return Edition::Triangulaire;
-  if (options.etendue) return Edition::Etendue;
+  switch (options.choix) {
+    case ChoixEdition::Triangulaire: return Edition::Triangulaire;
+    case ChoixEdition::Etendue: return Edition::Etendue;
+    case ChoixEdition::Compacte: break;
+  }
   if (plafondColonnes < kCodeMaxADeuxBandes) return Edition::UneBande;
   return plafondColonnes < kCodeMaxATroisBandes ? Edition::DeuxBandes : Edition::TroisBandes;
 }

@@ -13,6 +13,9 @@
 
 namespace quelvar::crosstab {
 
+// What a user chooses between.
+enum class ChoixEdition { Compacte, Etendue, Triangulaire };
+
 enum class Edition {
   TroisBandes = 1,   // compact: counts, percentages and signs under each other
   DeuxBandes = 2,    // compact: counts beside percentages, signs under them
@@ -33,14 +36,13 @@ inline constexpr PageDeCases kPageEnPetit = {24, 6};
 
 // What was asked of the printing of a launch.
 struct OptionsEdition {
-  bool etendue = true;
-  bool triangulaire = false;
+  ChoixEdition choix = ChoixEdition::Etendue;
   bool detailKhi2 = false;
   int colonnesParPage = kPageUsuelle.colonnes;
   int lignesParPage = kPageUsuelle.lignes;
 };
 
-// The columns of a table decide between the compact editions; the wide one and the triangular one go before them.
+// The columns of a table decide between the compact editions.
 Edition EditionDuTableau(const OptionsEdition& options, int plafondColonnes);
 
 // A table with the words that go with it; labels are by code.

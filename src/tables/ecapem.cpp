@@ -64,7 +64,7 @@ void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   ExigerParentheses(taille, t.contexte.Ecran());
   const std::int64_t individus = IndividusDuBurt(t.contexte, taille);
   t.rapport.Ligne(LigneDesIndividus(individus));
-  if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
+  if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee).Situer({.fichier = t.contexte.Nom(".MOD")});
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;
   constexpr std::uint64_t kMemoireParCellule = 32;  // half a table, links and their sort
   constexpr std::uint64_t kDisqueParCellule = 52;   // lines of the report and of the link file
@@ -104,7 +104,8 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
   ImprimerBandeau(rapport, "Profils de modalités"_w);
   ImprimerNomsDeFichiers(contexte, rapport);
   const FichierMod mod = LireMod(fichiers.mod);
-  TravailEcapem travail{contexte, options, rapport, fichiers.brt, LireParametres(mod.parametres), {}};
+  const ParametresMod parametres = LireParametres(mod.parametres, TexteDe(fichiers.mod.filename()));
+  TravailEcapem travail{contexte, options, rapport, fichiers.brt, parametres, {}};
   rapport.Lignes(travail.parametres.remarques);
   for (const Modalite& modalite : mod.modalites) travail.modalites.push_back(NommerModalite(modalite));
   if (travail.parametres.largeur == 0) {

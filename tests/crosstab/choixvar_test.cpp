@@ -78,7 +78,6 @@ TEST_F(ChoixVarTest, Editions) {
   EXPECT_EQ(etat.edition, ChoixEdition::Compacte);
   EXPECT_FALSE(etat.tailleVisible);
   ChoisirEdition(etat, ChoixEdition::Triangulaire);
-  EXPECT_TRUE(etat.triangulaire);
   ChoisirEdition(etat, ChoixEdition::Etendue);
   EXPECT_TRUE(etat.tailleVisible);
   Ajouter(RoleQuestion::Ligne, {0});
@@ -86,7 +85,7 @@ TEST_F(ChoixVarTest, Editions) {
   ChoisirCaractere(etat, 8);
   const std::optional<DemandeCroise> demande = PreparerLancement(etat, dialogue_);
   ASSERT_TRUE(demande);
-  EXPECT_FALSE(demande->edition.triangulaire) << "left for another edition";
+  EXPECT_EQ(demande->edition.choix, ChoixEdition::Etendue) << "the last one chosen";
   EXPECT_EQ(demande->edition.colonnesParPage, 6);
   EXPECT_EQ(demande->edition.lignesParPage, 24);
 }

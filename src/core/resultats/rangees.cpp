@@ -26,6 +26,18 @@ std::vector<ColonneEnRangees> Colonnes(const FormeEnRangees& forme, std::size_t 
   return colonnes;
 }
 
+// As CadreGauche, at the end of a line.
+void AjouterAGauche(std::string& ligne, std::string_view texte, int colonnes) {
+  const auto largeur = static_cast<std::size_t>(std::max(colonnes, 0));
+  ligne += texte.substr(0, largeur);
+  for (std::size_t i = texte.size(); i < largeur; ++i) ligne += ' ';
+}
+
+// Most places have nothing around them.
+void AjouterSIlYALieu(std::string& ligne, std::string_view texte) {
+  if (!texte.empty()) ligne += texte;
+}
+
 bool EstVide(const Rangee& rangee) {
   return rangee.titre.empty() && rangee.cellules.empty() && rangee.intitule.empty();
 }
@@ -34,7 +46,7 @@ void EcrireRangee(std::string& ligne, const Rangee& rangee, const FormeEnRangees
                   const std::vector<ColonneEnRangees>& colonnes) {
   if (EstVide(rangee)) return;
   if (forme.titre == 0) ligne += rangee.titre;
-  else ligne += CadreGauche(rangee.titre, forme.titre);
+  else AjouterAGauche(ligne, rangee.titre, forme.titre);
   for (std::size_t j = 0; j < rangee.cellules.size(); ++j) colonnes[j].Ecrire(ligne, rangee.cellules[j]);
   ligne += forme.avantIntitule;
   if (forme.intitule == 0) ligne += rangee.intitule;
@@ -52,14 +64,14 @@ void ColonneEnRangees::Voir(const Cellule& cellule) {
 }
 
 void ColonneEnRangees::Ecrire(std::string& ligne, const Cellule& cellule) const {
-  ligne += place_.avant;
+  AjouterSIlYALieu(ligne, place_.avant);
   if (cellule.valeur) {
     EcrireValeur(ligne, *cellule.valeur, cellule.decimales);
-    ligne += cellule.marque;
+    AjouterSIlYALieu(ligne, cellule.marque);
   } else if (entiers_ == 0) {
     ligne += cellule.marque;
   } else {
-    ligne += CadreGauche(cellule.marque, entiers_);
+    AjouterAGauche(ligne, cellule.marque, entiers_);
   }
 }
 
@@ -77,13 +89,13 @@ void ColonneEnRangees::EcrireTitre(std::string& ligne, std::string_view titre) c
   const int enPlus = entiers_ - place_.entiers;
   const int colonnes = (place_.colonnesDuTitre > 0 ? place_.colonnesDuTitre : place_.entiers) + enPlus;
   if (place_.titre == TitreDeColonne::TelQuel) ligne.append(static_cast<std::size_t>(enPlus), ' ');
-  ligne += place_.avantTitre;
+  AjouterSIlYALieu(ligne, place_.avantTitre);
   switch (place_.titre) {
-    case TitreDeColonne::AGauche: ligne += CadreGauche(titre, colonnes); break;
+    case TitreDeColonne::AGauche: AjouterAGauche(ligne, titre, colonnes); break;
     case TitreDeColonne::ADroite: ligne += CadreDroit(titre, colonnes); break;
     case TitreDeColonne::TelQuel: ligne += titre; break;
   }
-  ligne += place_.derriereTitre;
+  AjouterSIlYALieu(ligne, place_.derriereTitre);
 }
 
 ImprimeurDeRangees::ImprimeurDeRangees(Rapport& rapport, const FormeEnRangees& forme, std::size_t colonnes)

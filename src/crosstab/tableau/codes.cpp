@@ -10,13 +10,16 @@ namespace quelvar::crosstab {
 
 namespace {
 
+// Lines of a block: as many as stay near the processor, within reason for very long and very short ones.
 constexpr std::size_t kOctetsParBloc = 65536;
+constexpr std::size_t kLignesAuMoins = 8;
+constexpr std::size_t kLignesAuPlus = 4096;
 
 // Data lines of one length one behind the other, so that a field is at the same place of each.
 class BlocDeLignes {
  public:
   explicit BlocDeLignes(std::size_t longueur)
-      : longueur_(longueur), octets_(longueur * std::clamp<std::size_t>(kOctetsParBloc / longueur, 8, 4096)) {}
+      : longueur_(longueur), octets_(longueur * std::clamp(kOctetsParBloc / longueur, kLignesAuMoins, kLignesAuPlus)) {}
 
   bool Plein() const { return (nombre_ + 1) * longueur_ > octets_.size(); }
   std::size_t Nombre() const { return nombre_; }

@@ -9,6 +9,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/impression.h"
@@ -183,12 +184,10 @@ std::vector<std::size_t> DemanderChangements(const FichierPos& pos, const PlanMo
 // Modalities whose mark and label may be another question's.
 void DireDouteuses(const std::vector<std::string>& douteuses, Rapport& rapport, const Dialogue& dialogue) {
   if (douteuses.empty()) return;
-  std::string noms;
-  for (const std::string& nom : douteuses) noms.append(noms.empty() ? "" : ", ").append(nom);
   const std::string phrase =
       Joindre({"Dans l'ancien fichier de modalités, ces noms peuvent être ceux de plusieurs questions ; la marque et "
                "l'intitulé viennent de la première ligne de ce nom, vérifiez-les : "_w,
-               noms});
+               Enumerer(douteuses)});
   dialogue.demander(phrase, Boutons::Ok);
   rapport.Ligne();
   rapport.Ligne(phrase);

@@ -13,7 +13,7 @@ namespace quelvar::modalities {
 // What the form works on. Without a list, the lines of `message` tell why.
 struct EtatModifMod {
   std::vector<std::string> message;
-  std::vector<std::string> textes;  // as core/listemod has them
+  std::vector<std::string> textes;  // as core/enquete/listemod has them
 };
 
 EtatModifMod ChargerModifMod(const Contexte& contexte);

@@ -3,16 +3,17 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
+#include "core/texte/listes.h"
 #include "modalities/regroupement/modifburt.h"
 
 namespace quelvar::modalities {
 
 namespace {
 
-std::string Enumerer(const std::vector<std::string>& noms) {
-  std::string liste;
-  for (const std::string& nom : noms) liste += (liste.empty() ? "" : ", ") + std::string(RognerDroite(nom));
-  return liste;
+std::string EnumererRognes(const std::vector<std::string>& noms) {
+  std::vector<std::string_view> rognes;
+  for (const std::string& nom : noms) rognes.push_back(RognerDroite(nom));
+  return Enumerer(rognes);
 }
 
 }  // namespace
@@ -50,7 +51,7 @@ std::string AnnonceDuRegroupement(const OptionsModifBurt& options) {
   const auto ajouter = [&](std::string_view quoi, const std::vector<std::string>& noms, const std::string& nom) {
     if (noms.empty()) return;
     if (!annonce.empty()) annonce += "\r\n";
-    annonce += Joindre({quoi, Enumerer(noms), "\r\n   sous le nom ", NomCourtDeGroupe(nom), " (", nom, ")"});
+    annonce += Joindre({quoi, EnumererRognes(noms), "\r\n   sous le nom ", NomCourtDeGroupe(nom), " (", nom, ")"});
   };
   ajouter("Colonnes qui vont être regroupées : "_w, options.colonnes, options.nomColonne);
   ajouter("Lignes qui vont être regroupées : "_w, options.lignes, options.nomLigne);

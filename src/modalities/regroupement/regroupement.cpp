@@ -12,21 +12,8 @@ namespace quelvar::modalities {
 namespace {
 
 constexpr std::size_t kLargeurNom = kLargeurDeModalite;
-constexpr std::size_t kChiffresExacts = 15;  // that a double holds whatever they are
 
 bool Marque(const std::vector<char>& marques) { return std::find(marques.begin(), marques.end(), 1) != marques.end(); }
-
-// Cells of digits and blanks, the usual ones, are read without the general conversion.
-double ValeurDeCellule(std::string_view cellule) {
-  double valeur = 0;
-  std::size_t i = 0;
-  while (i < cellule.size() && cellule[i] == ' ') ++i;
-  for (; i < cellule.size(); ++i) {
-    if (cellule[i] < '0' || cellule[i] > '9' || i >= kChiffresExacts) return ValeurDe(cellule);
-    valeur = 10 * valeur + (cellule[i] - '0');
-  }
-  return valeur;
-}
 
 // Whether a cell is no count, or is cut.
 bool EstDouteuse(std::string_view cellule, std::size_t largeur) {
@@ -61,7 +48,7 @@ class Rangee {
         douteuses_.premiere =
             Joindre({"ligne ", Nombre(rang + 1), ", colonne ", Nombre(numero), " (", Rogner(cellule), ")"});
       if (marquee != 0) {
-        somme += ValeurDeCellule(cellule);
+        somme += ValeurDe(cellule);
       } else {
         texte_.append(largeur - ancienne, ' ');
         texte_ += cellule;
@@ -81,8 +68,8 @@ class Rangee {
   std::string Nom() const { return texte_.substr(0, kLargeurNom); }
   std::size_t Cellules() const { return cellules_; }
   double Cellule(std::size_t j) const {
-    return ValeurDeCellule(std::string_view(texte_).substr(kLargeurNom + j * static_cast<std::size_t>(largeur_),
-                                                           static_cast<std::size_t>(largeur_)));
+    return ValeurDe(std::string_view(texte_).substr(kLargeurNom + j * static_cast<std::size_t>(largeur_),
+                                                    static_cast<std::size_t>(largeur_)));
   }
   double Frequence() const {
     if (cellules_ == 0) return 0;

@@ -95,7 +95,7 @@ TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
   const std::optional<Chemin> brt = chercher(".BRT", true);
   if (mod) {
     table.mod = LireMod(*mod);
-    table.parametres = LireParametres(table.mod.parametres);
+    table.parametres = LireParametres(table.mod.parametres, TexteDe(mod->filename()));
     rapport.Lignes(table.parametres.remarques);
   }
   table.pos = chercher(".POS", table.parametres.burt > 0);

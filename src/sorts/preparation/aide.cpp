@@ -6,8 +6,7 @@ namespace {
 
 constexpr std::string_view kRecodage =
     "Recodage : une règle est une suite d'ordres séparés par / ; chaque ordre dit quels anciens codes, à gauche du "
-    "signe "
-    "égal, prennent le nouveau code écrit à droite.\r\n"
+    "signe égal, prennent le nouveau code écrit à droite.\r\n"
     "    1-2=1/3-4=2     regroupe quatre codes en deux\r\n"
     "    1,3,5=0         met trois codes en non-réponse\r\n"
     "    1-3=1/R=0       met tous les autres codes à 0, les non-réponses comprises (R ou * : le reste)\r\n"
@@ -19,8 +18,7 @@ constexpr std::string_view kPonderation =
     "Pondération : chaque individu est écrit autant de fois que le dit sa réponse à la question choisie ; le poids 0 "
     "l'enlève du fichier.\r\n"
     "Effectif réduit : le fichier obtenu est ramené à environ dix fois l'effectif de départ ; les tris divisent "
-    "ensuite "
-    "les effectifs pour revenir aux individus.\r\n"
+    "ensuite les effectifs pour revenir aux individus.\r\n"
     "Effectif maximum : tous les exemplaires sont gardés.\r\n"
     "Un éventuel recodage de la question de pondération est fait avant."_w;
 

@@ -11,8 +11,8 @@ namespace quelvar::sorts {
 
 namespace {
 
-constexpr std::size_t kLargeurNomVit = kLargeurDeQuestion;  // a VIT becomes a question
-constexpr int kFinCodeVit = 9;                              // last column of the code of an element
+constexpr std::size_t kLargeurNomVit = kLargeurDeQuestion;                       // a VIT becomes a question
+constexpr std::size_t kFinCodeVit = kColonneDeCodeVit + kColonnesDeCodeVit - 1;  // its last column
 
 bool EstElement(const std::string& ligne) { return ligne.find(kMarqueVit) == std::string::npos; }
 
@@ -26,7 +26,7 @@ void PoserCode(EtatPrepRecod& etat, const std::string& texte) {
   std::string* element = ElementEnCours(etat);
   if (element == nullptr || element->size() < kLargeurNomVit) return;
   element->resize(kLargeurNomVit);
-  *element += CadreDroit(texte, kFinCodeVit - static_cast<int>(kLargeurNomVit));
+  *element += CadreDroit(texte, static_cast<int>(kFinCodeVit - kLargeurNomVit));
 }
 
 }  // namespace

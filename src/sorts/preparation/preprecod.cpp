@@ -31,7 +31,7 @@ void PrendreTaille(EtatPrepRecod& etat, const std::string& ligneTaille) {
 
 void PrendreVit(EtatPrepRecod& etat, const FichierPos& pos) {
   const std::span<const std::string> apres = std::span(pos.lignes).subspan(pos.premiereApres);
-  const std::size_t lignes = pos.fin == FinDeListe::Dollars ? LireBlocVit(apres).lignes : 0;
+  const std::size_t lignes = LireBlocVit(pos).lignes;
   for (const std::string& ligne : apres.first(lignes))
     if (Rogner(ligne) != kMarqueVit) etat.vit.push_back(ligne);
   etat.vitAffichee = etat.vit;

@@ -148,8 +148,7 @@ void Lecture::ChercherPonderation() {
 }
 
 void Lecture::LireVits() {
-  if (consignes_.pos.fin != FinDeListe::Dollars) return;
-  const BlocVit bloc = LireBlocVit(std::span(consignes_.pos.lignes).subspan(consignes_.pos.premiereApres));
+  const BlocVit bloc = LireBlocVit(consignes_.pos);
   for (std::size_t i = 0; i < bloc.vits.size(); ++i) LireVit(bloc.vits[i], i + 1);
   for (const Vit& vit : bloc.vits)
     if (vit.PlusOublie()) Avertir("oubli de signe + ");

@@ -20,28 +20,6 @@ enum class ModeRecodage { SurPlace, EnFin, Seules };
 
 inline constexpr std::string_view kFaute = "***  ";  // before the words of a fault
 
-// Writes the warnings of the recoding to its report and counts them.
-class Avertisseur {
- public:
-  // `dejaDits`: warnings that the reading has counted.
-  Avertisseur(Rapport& rapport, const Dialogue& ecran, int dejaDits)
-      : rapport_(rapport), ecran_(ecran), nombre_(dejaDits) {}
-
-  void Avertir(Texte texte) {
-    rapport_.Ligne();
-    quelvar::Avertir(rapport_, ecran_, Joindre({kFaute, texte}));
-    ++nombre_;
-  }
-  int Nombre() const { return nombre_; }
-  Rapport& Feuille() { return rapport_; }
-  const Dialogue& Ecran() const { return ecran_; }
-
- private:
-  Rapport& rapport_;
-  const Dialogue& ecran_;
-  int nombre_;
-};
-
 // A question with a rule.
 struct QuestionARegle {
   std::size_t question = 0;  // index in the list of questions

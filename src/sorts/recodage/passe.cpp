@@ -25,10 +25,13 @@ Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int6
   return somme;
 }
 
-// One line in so many, for an output of about ten times what the filter keeps.
+// What a reduced output holds, about: so many times the lines that the filter keeps.
+constexpr double kFoisLesRetenus = 10;
+
+// One line in so many goes into it.
 std::int64_t PasDeReduction(const Somme& somme) {
   if (somme.retenus == 0) return 1;
-  const double rapport = static_cast<double>(somme.sortie) / (10 * static_cast<double>(somme.retenus));
+  const double rapport = static_cast<double>(somme.sortie) / (kFoisLesRetenus * static_cast<double>(somme.retenus));
   return std::max<std::int64_t>(Entier64(rapport), 1);
 }
 

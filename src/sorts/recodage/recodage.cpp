@@ -29,6 +29,26 @@ struct Noms {
   std::string Neuf(std::string_view extension) const { return nouveau + std::string(extension); }
 };
 
+// Writes the warnings of the recoding to its report and counts them.
+class Avertisseur {
+ public:
+  // `dejaDits`: warnings that the reading has counted.
+  Avertisseur(Rapport& rapport, const Dialogue& ecran, int dejaDits)
+      : rapport_(rapport), ecran_(ecran), nombre_(dejaDits) {}
+
+  void Avertir(Texte texte) {
+    rapport_.Ligne();
+    quelvar::Avertir(rapport_, ecran_, Joindre({kFaute, texte}));
+    ++nombre_;
+  }
+  int Nombre() const { return nombre_; }
+
+ private:
+  Rapport& rapport_;
+  const Dialogue& ecran_;
+  int nombre_;
+};
+
 // A typed name loses what follows its first point; an empty answer keeps the proposed name. Nothing when the files of
 // that generic are not to be replaced.
 std::optional<std::string> DemanderGenerique(const Contexte& contexte, bool remplacer) {
@@ -80,9 +100,7 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
   try {
     const FichierPos pos = LirePos(cheminPos);
     std::vector<std::string> creees;
-    if (pos.fin == FinDeListe::Dollars)
-      for (const Vit& vit : LireBlocVit(std::span(pos.lignes).subspan(pos.premiereApres)).vits)
-        creees.push_back(vit.nom);
+    for (const Vit& vit : LireBlocVit(pos).vits) creees.push_back(vit.nom);
     suivies = SuivreRecodage(LireMod(contexte.Exiger(".MOD")), pos, CodesChangesPar(pos, options), creees);
   } catch (const Erreur&) {
     return std::nullopt;
@@ -127,7 +145,7 @@ void ArreterSurFautes(const Contexte& contexte, const Avertisseur& avertisseur, 
 }
 
 // Tables, then the faults that only they show, then the place of each field.
-Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Chemin& donnees,
+Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Chemin& donnees, Rapport& rapport,
                  Avertisseur& avertisseur) {
   std::vector<ChampNeuf> champs = CompleterChamps(consignes);
   for (std::size_t i = 0; i < champs.size(); ++i) {
@@ -135,7 +153,7 @@ Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Che
       avertisseur.Avertir(
           Joindre({"Nouveau code trop large pour la question : ", consignes.pos.questions[champs[i].question].nom}));
   }
-  ArreterSurFautes(contexte, avertisseur, avertisseur.Feuille());
+  ArreterSurFautes(contexte, avertisseur, rapport);
   std::int64_t longueur = 0;
   if (consignes.mode == ModeRecodage::EnFin || !consignes.vits.empty())
     longueur = LongueurEnregistrement(consignes.pos.questions, LongueurDesLignes(donnees, consignes.individus));
@@ -239,7 +257,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   if (lues.arret) throw Erreur(*lues.arret);
   const Consignes& consignes = lues.consignes;
   Avertisseur avertisseur(rapport, contexte.Ecran(), lues.fautes);
-  const Plan plan = DresserPlan(contexte, consignes, *donnees, avertisseur);
+  const Plan plan = DresserPlan(contexte, consignes, *donnees, rapport, avertisseur);
   ImprimerTableRecodage(rapport, consignes, plan);
 
   JeuDeFichiers sorties(contexte.repertoire, noms.nouveau);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::sorts {
@@ -21,8 +22,8 @@ void LirePonderation(std::string_view ligne, std::string& haut, ConsignesTaille&
   const std::size_t egal = haut.find_first_not_of(' ', fin);
   if (egal != std::string::npos && haut[egal] == '=') {
     const std::size_t nom = std::min(haut.find_first_not_of(' ', egal + 1), haut.size());
-    // Three columns, but not those of the next keyword.
-    fin = std::min({nom + 3, haut.size(), haut.find(" MAX", nom)});
+    // The columns of a name, but not those of the next keyword.
+    fin = std::min({nom + kLargeurDeQuestion, haut.size(), haut.find(" MAX", nom)});
     consignes.question = RognerDroite(std::string_view(haut).substr(nom, fin - nom));
     consignes.commeTapee = RognerDroite(ligne.substr(nom, fin - nom));
   }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
@@ -16,11 +15,11 @@ ElementVit LireElement(const std::string& ligne) {
   ElementVit element;
   element.ligne = ligne;
   element.nom = CadreGauche(Milieu(ligne, 1, kLargeurDeQuestion), kLargeurDeQuestion);
-  const std::string_view code = Milieu(ligne, 8, 2);
+  const std::string_view code = Milieu(ligne, kColonneDeCodeVit, kColonnesDeCodeVit);
   element.sansCode = Rogner(code).empty();
   element.additif = code.find('+') != std::string_view::npos;
   element.code = Entier16(ValeurDe(code));
-  element.score = Entier16(ValeurDe(Milieu(ligne, 10)));
+  element.score = Entier16(ValeurDe(Milieu(ligne, kColonneDeCodeVit + kColonnesDeCodeVit)));
   if (element.score == 0) element.score = 1;
   return element;
 }
@@ -33,22 +32,33 @@ bool Vit::PlusOublie() const {
   return std::ranges::any_of(elements, [this](const ElementVit& e) { return e.additif != Additive(); });
 }
 
-BlocVit LireBlocVit(std::span<const std::string> lignes) {
+BlocVit LireBlocVit(std::span<const std::string> lignes, const Lieu& debut) {
   BlocVit bloc;
+  const auto ici = [&] {
+    Lieu lieu = debut;
+    if (lieu.ligne > 0) lieu.ligne += static_cast<std::int64_t>(bloc.lignes) - 1;
+    return lieu;
+  };
   for (const std::string& ligne : lignes) {
     ++bloc.lignes;
     const std::size_t marque = ligne.find(kMarqueVit);
     if (marque == std::string::npos) {
-      if (bloc.vits.back().elements.size() == kElementsVitMaximum) throw Erreur(kIndiceHorsSelection);
-      bloc.vits.back().elements.push_back(LireElement(ligne));
+      if (bloc.vits.back().elements.size() == kElementsVitMaximum) throw Erreur(kIndiceHorsSelection).Situer(ici());
+      bloc.vits.back().elements.push_back(Situer(ici, [&] { return LireElement(ligne); }));
       continue;
     }
     const std::string_view nom = RognerDroite(std::string_view(ligne).substr(marque + kMarqueVit.size()));
     if (nom.empty()) break;
-    if (bloc.vits.size() == kVitMaximum) throw Erreur(kIndiceHorsSelection);
+    if (bloc.vits.size() == kVitMaximum) throw Erreur(kIndiceHorsSelection).Situer(ici());
     bloc.vits.push_back({std::string(nom), {}});
   }
   return bloc;
+}
+
+BlocVit LireBlocVit(const FichierPos& pos) {
+  if (pos.fin != FinDeListe::Dollars) return {};
+  return LireBlocVit(std::span(pos.lignes).subspan(pos.premiereApres),
+                     {.fichier = pos.nom, .ligne = static_cast<std::int64_t>(pos.premiereApres) + 1});
 }
 
 }  // namespace quelvar::sorts

@@ -8,6 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/posfile.h"
+#include "core/programme/erreur.h"
+
 namespace quelvar::sorts {
 
 struct ElementVit {
@@ -34,14 +37,20 @@ struct BlocVit {
 
 // The line that opens a VIT with its name, and the one that closes the block.
 inline constexpr std::string_view kMarqueVit = "$$";
-// Largest code of an element, which has two columns.
+// The code of an element stands in these columns, counted from 1, and its score behind them.
+inline constexpr std::size_t kColonneDeCodeVit = 8;
+inline constexpr std::size_t kColonnesDeCodeVit = 2;
+// The largest that they hold.
 inline constexpr int kCodeVitMaximum = 99;
 // Largest numbers of VIT and of elements of one.
 inline constexpr std::size_t kVitMaximum = 50;
 inline constexpr std::size_t kElementsVitMaximum = 50;
 
-// Reads the block that opens on the first line. The end of the lines closes it too. Raises kIndiceHorsSelection beyond
-// the largest numbers, kDepassementCapacite for a code or a score beyond 16 bits.
-BlocVit LireBlocVit(std::span<const std::string> lignes);
+// Reads the block that opens on the first line, which stands at `debut` as far as that is known. The end of the lines
+// closes it too. Raises kIndiceHorsSelection beyond the largest numbers, kDepassementCapacite for a code or a score
+// beyond 16 bits.
+BlocVit LireBlocVit(std::span<const std::string> lignes, const Lieu& debut = {});
+// That of a .POS, empty where none follows the questions. Raises as above.
+BlocVit LireBlocVit(const FichierPos& pos);
 
 }  // namespace quelvar::sorts

@@ -57,6 +57,19 @@ void TrierChaine(std::span<Lien> profil, std::size_t depart, std::size_t pas) {
   }
 }
 
+// Records in descending order are exchanged over no more than a run of equal values: the length of the longest one, or
+// of all of them when they are in another order.
+std::size_t PorteeDesEchanges(std::span<const Lien> profil) {
+  std::size_t portee = 1;
+  std::size_t serie = 1;
+  for (std::size_t i = 1; i < profil.size(); ++i) {
+    if (profil[i - 1].valeur < profil[i].valeur) return profil.size();
+    serie = profil[i - 1].valeur == profil[i].valeur ? serie + 1 : 1;
+    portee = std::max(portee, serie);
+  }
+  return portee;
+}
+
 }  // namespace
 
 std::int16_t NumeroDeNoeud(std::size_t numero) {
@@ -98,8 +111,11 @@ void TrierLiens(std::span<Lien> liens, ModeTri mode, const Dialogue& dialogue) {
 }
 
 void TrierProfil(std::span<Lien> profil) {
-  for (std::size_t pas = profil.size() / 2; pas > 0; pas /= 2)
+  const std::size_t portee = PorteeDesEchanges(profil);
+  for (std::size_t pas = profil.size() / 2; pas > 0; pas /= 2) {
+    if (pas >= portee) continue;  // nothing is exchanged over so many
     for (std::size_t depart = 0; depart < pas; ++depart) TrierChaine(profil, depart, pas);
+  }
 }
 
 }  // namespace quelvar::tables

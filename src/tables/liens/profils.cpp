@@ -10,19 +10,20 @@ namespace {
 
 constexpr std::size_t kItemsDunBloc = 16;
 
-// A value of one decimal under its label; both take the columns of the label and a blank.
-constexpr PlaceEnRangee PlaceDeLItem(LargeurDeProfil largeur) {
-  PlaceEnRangee place{.entiers = 3, .titre = TitreDeColonne::AGauche, .derriereTitre = " "};
-  place.colonnesDuTitre = largeur == LargeurDeProfil::Compacte ? 4 : 10;
-  return place;
+// Columns of a label that are shown.
+constexpr std::size_t ColonnesDIntitule(LargeurDeProfil largeur) {
+  return largeur == LargeurDeProfil::Compacte ? 4 : 10;
 }
 
-// A value of five columns leaves the blanks that its label takes more than that.
+// Items of one decimal, in five columns, each under its label and the blank behind that: what the label takes more
+// stands behind the value.
 FormeEnRangees FormeDuBloc(LargeurDeProfil largeur) {
   const std::string_view reste = largeur == LargeurDeProfil::Compacte ? "" : "      ";
-  PlaceEnRangee suivantes = PlaceDeLItem(largeur);
+  PlaceEnRangee premiere{.entiers = 3, .titre = TitreDeColonne::AGauche};
+  premiere.colonnesDuTitre = static_cast<int>(ColonnesDIntitule(largeur)) + 1;
+  PlaceEnRangee suivantes = premiere;
   suivantes.avant = reste;
-  return {.places = {PlaceDeLItem(largeur), suivantes}, .avantIntitule = reste};
+  return {.places = {premiere, suivantes}, .avantIntitule = reste};
 }
 
 }  // namespace
@@ -47,6 +48,7 @@ ImprimeurDeProfils::ImprimeurDeProfils(Rapport& rapport, std::span<const std::st
                                        LargeurDeProfil largeur)
     : rapport_(rapport),
       intitules_(intitules),
+      colonnesDIntitule_(ColonnesDIntitule(largeur)),
       forme_(FormeDuBloc(largeur)),
       imprimeur_(rapport, forme_, kItemsDunBloc),
       bloc_{.coin = " ", .rangees = std::vector<Rangee>(1)} {}
@@ -62,7 +64,8 @@ void ImprimeurDeProfils::ImprimerBloc(std::span<const Lien> liens) {
   bloc_.colonnes.resize(liens.size());
   cellules.resize(liens.size(), {.decimales = 1});
   for (std::size_t j = 0; j < liens.size(); ++j) {
-    bloc_.colonnes[j].titre = intitules_[static_cast<std::size_t>(liens[j].premier) - 1];
+    const std::string_view intitule = intitules_[static_cast<std::size_t>(liens[j].premier) - 1];
+    bloc_.colonnes[j].titre = intitule.substr(0, colonnesDIntitule_);
     cellules[j].valeur = liens[j].valeur;
   }
   imprimeur_.Tete(bloc_);

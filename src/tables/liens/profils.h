@@ -49,6 +49,7 @@ class ImprimeurDeProfils {
 
   Rapport& rapport_;
   std::span<const std::string_view> intitules_;
+  std::size_t colonnesDIntitule_;
   FormeEnRangees forme_;
   ImprimeurDeRangees imprimeur_;
   TableauEdite bloc_;  // a column an item; kept from one block to the next

@@ -111,12 +111,13 @@ TEST(Rangees, ColumnsWidenWithTheirHeadingsOrShiftOneRow) {
 TEST(Rangees, HeadingsFollowTheirPlacesAndListsHaveAPlaceARow) {
   TableauEdite tableau;
   tableau.coin = " COL:";
-  tableau.colonnes = {{" SEX ", " 1   "}, {"Label", "2"}, {"Label", "3"}};
+  tableau.colonnes = {{"SEX", "1  "}, {"Label", "2"}, {"Label", "3"}};
   tableau.rangees = {{"SEX1 ", {}, {{1234567.0}, {1.0}, {2.0, Unite::Nombre, 1}}}};
-  const FormeEnRangees forme{.places = {{.entiers = 5, .enPlus = 3},
-                                        {.avant = " ", .entiers = 3, .titre = TitreDeColonne::AGauche},
-                                        {.entiers = 7, .titre = TitreDeColonne::ADroite}},
-                             .coinDesIntitules = "Modal.  "};
+  const FormeEnRangees forme{
+      .places = {{.entiers = 5, .enPlus = 3, .avantTitre = " ", .derriereTitre = " "},
+                 {.avant = " ", .entiers = 3, .titre = TitreDeColonne::AGauche},
+                 {.avant = "  ", .entiers = 5, .titre = TitreDeColonne::ADroite, .colonnesDuTitre = 7}},
+      .coinDesIntitules = "Modal.  "};
   const essai::DossierTemporaire dossier;
   const Chemin chemin = dossier.Chemin() / "R.PRT";
   Rapport rapport(chemin);

@@ -88,10 +88,11 @@ TEST(Liens, TriDunProfilEchangeLesEgaux) {
   EXPECT_EQ(OrdreDe(main), (std::vector<int>{3, 4, 1, 2, 5}));
   std::mt19937 hasard(9);
   for (const std::size_t taille : {0U, 1U, 2U, 3U, 4U, 10U, 33U, 100U, 777U, 2000U})
-    for (const unsigned valeurs : {1U, 2U, 5U, 1000U}) {
+    for (const unsigned valeurs : {1U, 2U, 5U, 1000U, 0U}) {  // 0: in descending order, with ties
       std::vector<Lien> profil(taille);
       for (std::size_t i = 0; i < taille; ++i)
-        profil[i] = {static_cast<std::int16_t>(i), 0, static_cast<float>(hasard() % valeurs)};
+        profil[i] = {static_cast<std::int16_t>(i), 0,
+                     static_cast<float>(valeurs == 0 ? (taille - i) / 3 : hasard() % valeurs)};
       std::vector<Lien> attendu = profil;
       TrierParInsertion(attendu);
       TrierProfil(profil);
