@@ -187,10 +187,11 @@ void Moteur::ImprimerRestants(Rapport& rapport) {
 }
 
 void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
-  // The progress is told in hundredths of a factor.
+  // The progress is told in hundredths of a factor, on the logarithm of the rounds: 22,000 of them are a whole one.
+  constexpr double kFacteurEntier = 10;
   const auto suivre = [this, k, dernier = std::int64_t{-1}](std::int64_t tour) mutable {
     const auto avance = static_cast<std::int64_t>(
-        100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / 10)));
+        100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / kFacteurEntier)));
     if (avance != dernier) contexte.Ecran().progresser(dernier = avance);
   };
   Imprimer(rapport, [k](Rapport& r) { ImprimerDebutDeFacteur(r, k); });

@@ -22,7 +22,11 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::string_view kSuitesDeNom = "23456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+// Data that the longest of their lines makes that large, and that many times what they were, are asked about.
 constexpr std::uint64_t kBeaucoup = std::uint64_t{256} << 20;
+constexpr std::uint64_t kFoisPlus = 4;
+constexpr std::uint64_t kFinDUneLigne = 4;  // a class, and the line end
+constexpr int kDernierADeuxChiffres = 99;
 
 // Rank of a name's fourth character among 0-9 and A-Z: the first one that isn't below it.
 int CodeDuNom(std::string_view nom) {
@@ -63,7 +67,7 @@ struct ClassesDIndividus {
   int nombre = 0;
 
   // Columns of a class in .DAT.
-  int Largeur() const { return nombre > 99 ? 3 : 2; }
+  int Largeur() const { return nombre > kDernierADeuxChiffres ? 3 : 2; }
 };
 
 ClassesDIndividus ClasserIndividus(const std::vector<EtapeWard>& etapes, int niveau) {
@@ -105,7 +109,7 @@ std::string NomDeLaVariable(const FichierPos& pos) {
 
 void EcrireQuestions(Ecrivain& fichier, const FichierPos& pos, std::size_t longueur, int groupes) {
   for (std::size_t i = 0; i < pos.premiereApres; ++i) fichier.Ligne(pos.lignes[i]);
-  const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);
+  const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);  // one digit stands in the last of two columns
   fichier.Ligne(
       LigneDeQuestion(NomDeLaVariable(pos), static_cast<std::int64_t>(position), TexteCodeMax(groupes), " $$ &SUP&"));
 }
@@ -176,8 +180,8 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
 
   // Every line is as long as the longest: one that is much too long makes the file explode.
-  const std::uint64_t octets = static_cast<std::uint64_t>(CompterLignes(*donnees)) * (longueur + 4);
-  ExigerPlace(contexte, rapport, {0, octets}, octets > kBeaucoup && octets > 4 * LongueurFichier(*donnees));
+  const std::uint64_t octets = static_cast<std::uint64_t>(CompterLignes(*donnees)) * (longueur + kFinDUneLigne);
+  ExigerPlace(contexte, rapport, {0, octets}, octets > kBeaucoup && octets > kFoisPlus * LongueurFichier(*donnees));
 
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
   for (const std::string& ligne : sorties.Recit()) rapport.Ligne(ligne);

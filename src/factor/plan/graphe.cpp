@@ -9,8 +9,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr double kMilliemesDeFenetre = 1000;  // what a move of the picture is told in
-
 // Applies an axis; what is not one of the factors is told.
 std::string ReglerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view nom, std::string_view texte) {
   if (texte.empty() || FixerAxe(donnees, axe, texte)) return {};
@@ -110,8 +108,8 @@ void ReglerCadre(const OptionsGraphe& options, EtatPlan& etat) {
   f = {centre.x + (f.gauche - centre.x) * x, centre.x + (f.droite - centre.x) * x, centre.y + (f.haut - centre.y) * y,
        centre.y + (f.bas - centre.y) * y};
   Glisser(etat, {},
-          {options.versLaDroite * (f.droite - f.gauche) / kMilliemesDeFenetre,
-           options.versLeHaut * (f.haut - f.bas) / kMilliemesDeFenetre});
+          {options.versLaDroite * (f.droite - f.gauche) / kUnitesDeFenetre,
+           options.versLeHaut * (f.haut - f.bas) / kUnitesDeFenetre});
 }
 
 void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGraphe& options) {
@@ -218,9 +216,8 @@ void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
   options.page = entier(100 * etat.cadre.page);
   options.zoomLargeur = entier(100 * etat.cadre.page * (depart.droite - depart.gauche) / largeur);
   options.zoomHauteur = entier(100 * etat.cadre.page * (depart.haut - depart.bas) / hauteur);
-  options.versLaDroite =
-      entier(kMilliemesDeFenetre / 2 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
-  options.versLeHaut = entier(kMilliemesDeFenetre / 2 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
+  options.versLaDroite = entier(kUnitesDeFenetre / 2 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
+  options.versLeHaut = entier(kUnitesDeFenetre / 2 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
 }
 
 }  // namespace

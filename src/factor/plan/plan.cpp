@@ -12,9 +12,11 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr double kEtendueParDefaut = 100;  // half a window without any extent, thousandths
-constexpr double kEtendueMinimum = 0.01;
+// Sides of a window, thousandths of a coordinate.
+constexpr double kEtendueParDefaut = 100;  // half of one without any extent
+constexpr double kEtendueMinimum = 0.01;   // far below and far above any plane, with digits left for its ticks
 constexpr double kEtendueMaximum = 1e9;
+// A move, units of the window: from hardly seen to half of it.
 constexpr double kPasMinimum = 5;
 constexpr double kPasMaximum = 500;
 
@@ -196,8 +198,8 @@ void ChangerPage(EtatPlan& etat, bool plus) {
 void DeplacerImage(EtatPlan& etat, int versLaDroite, int versLeHaut) {
   const Fenetre& f = etat.cadre.limites;
   const Position centre = Centre(f);
-  const double x = versLaDroite * etat.pas * Largeur(f) / 1000;
-  const double y = versLeHaut * etat.pas * Hauteur(f) / 1000;
+  const double x = versLaDroite * etat.pas * Largeur(f) / kUnitesDeFenetre;
+  const double y = versLeHaut * etat.pas * Hauteur(f) / kUnitesDeFenetre;
   Glisser(etat, centre, {centre.x + x, centre.y + y});
 }
 

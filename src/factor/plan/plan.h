@@ -23,6 +23,7 @@
 namespace quelvar::factor {
 
 inline constexpr double kHauteurSurLargeur = 0.767;  // of the window, and of the picture
+inline constexpr double kUnitesDeFenetre = 1000;     // moves, margins and small boxes are in thousandths of the window
 
 // --- what the files give ---
 
@@ -65,8 +66,8 @@ struct AxePlan {
   bool inverse = false;
 };
 
-inline constexpr int kNiveauCpfAuPlus = 1000;  // per thousand
-inline constexpr double kLimiteDeLienAuPlus = 1000;
+inline constexpr int kNiveauCpfAuPlus = 1000;         // per mille
+inline constexpr double kLimiteDeLienAuPlus = 1000;   // percent: beyond every link
 inline constexpr double kEcMinDesLiensDeLignes = 90;  // lower limit that goes with the links of the .PEL
 
 struct ReglagesLiens {
@@ -129,7 +130,7 @@ struct EtatPlan {
   std::vector<EllipsesDeModalite> ellipses;
   Coefficient coefficient = Coefficient::Moyen;
   DimensionPlan dimension = DimensionPlan::Toutes;
-  double pas = 50;  // of a move, in units of a thousandth of the window
+  double pas = 50;  // of a move, units of the window
 };
 
 // Factors 1, 2 and 3, every element, the whole tree. With a single factor the vertical axis shows its CPF.
