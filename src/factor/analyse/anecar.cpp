@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
-#include "core/enquete/parametres.h"
 #include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/facteurs.h"
@@ -58,11 +58,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& pre
   ImprimerBandeau(rapport, "Calcul des facteurs");
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
   LecteurLignes mod(contexte.Exiger(".MOD"));
-  preparation.titre = mod.LireObligatoire();
-  preparation.parametres = mod.LireObligatoire();
-  const ParametresMod parametres = LireParametres(preparation.parametres);
-  rapport.Lignes(parametres.remarques);
-  preparation.burt = parametres.burt;
+  mod.LireObligatoire();  // the title
+  preparation.parametres = LireParametres(mod.LireObligatoire());
+  rapport.Lignes(preparation.parametres.remarques);
 }
 
 // The preparation's report opens the report of the run.
@@ -99,7 +97,7 @@ int SeuilEffectif(int seuil, std::int64_t actifs) {
 
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
                            bool codageLogique, JeuDeFichiers& sorties) {
-  const ParametresMod parametres = LireParametres(preparation.parametres);
+  const ParametresMod& parametres = preparation.parametres;
   rapport.Lignes(parametres.remarques);
   const Chemin chemin = contexte.Exiger(".MOD");
   const FichierMod mod = LireMod(chemin);
@@ -240,7 +238,7 @@ struct SuiteWard {
 SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
                    const OptionsAnecar& options, JeuDeFichiers& sorties) {
   if (options.codageLogique) ExigerCodageLogique(contexte);
-  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}, {}};
+  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.parametres.burt), {}, {}, {}, {}};
   moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique, sorties);
   Reglages& reglages = moteur.reglages;
   reglages.seuilLignes = SeuilEffectif(reglages.seuilLignes, moteur.plan.lignesActives);
@@ -252,7 +250,7 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan, options);
   if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
-    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), LireParametres(preparation.parametres));
+    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), preparation.parametres);
   ExtraireEtImprimer(rapport, moteur);
   const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
   EcrireTableaux(sorties, NomDuRapport(contexte, options.type), tableaux, options.sortie);

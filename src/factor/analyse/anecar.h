@@ -4,8 +4,8 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
+#include "core/enquete/parametres.h"
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
 #include "factor/analyse/editions.h"
@@ -15,11 +15,9 @@
 
 namespace quelvar::factor {
 
-// What the preparation tells the form and the engine.
+// What the preparation tells the engine.
 struct PreparationAnecar {
-  std::string titre;       // line 1 of the .MOD
-  std::string parametres;  // line 2
-  int burt = 0;            // BRT=
+  ParametresMod parametres;  // line 2 of the .MOD
 };
 
 inline constexpr int kSeuilMoyen = -1;
