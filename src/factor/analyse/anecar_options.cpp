@@ -1,5 +1,7 @@
 #include "factor/analyse/anecar_options.h"
 
+#include "core/options/sortie.h"
+
 namespace quelvar::factor {
 
 namespace {

@@ -302,13 +302,12 @@ std::string PhraseDeTableDepassee(const Contexte& contexte) {
 
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {
   std::optional<ChoixPrepare> prepare;
-  if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-        Preparation preparation = Preparer(contexte, rapport);
-        ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
-        prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
-      }))
-    return std::nullopt;
-  return prepare;
+  const bool pret = PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    Preparation preparation = Preparer(contexte, rapport);
+    ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
+    prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
+  });
+  return pret ? std::move(prepare) : std::nullopt;
 }
 
 }  // namespace quelvar::modalities

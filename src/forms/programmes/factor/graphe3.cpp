@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "factor/plan/graphe_options.h"
 #include "forms/images/rendudessin.h"
@@ -154,7 +155,6 @@ void Graphe3::RelierTaille() {
   geste(ui_->BoutonValP, [this] { factor::ChangerPas(etat_, true); });
   geste(ui_->BoutonValM, [this] { factor::ChangerPas(etat_, false); });
   connect(ui_->CheckTaille, &QCheckBox::toggled, this, [this](bool reelle) {
-    constexpr double kPointsParPouce = 72;
     if (reelle) ui_->Image->Zoomer(ui_->Image->logicalDpiX() / kPointsParPouce / ui_->Image->Echelle());
     else ui_->Image->Ajuster();
   });
@@ -258,7 +258,7 @@ void Graphe3::DireLesEtrangers() {
        factor::RemarquesDesFichiers(etat_.donnees.etrangers, factor::FichiersMontres(etat_))) {
     if (std::ranges::find(dites_, remarque) != dites_.end()) continue;
     dites_.push_back(remarque);
-    rapport_->Ajouter(Joindre({"*** Attention : ", remarque, "\r\n"}));
+    rapport_->Ajouter(Joindre({kAttention, remarque, "\r\n"}));
     boite += (boite.empty() ? "" : "\r\n") + remarque;
   }
   if (boite.empty()) return;

@@ -1,0 +1,13 @@
+// The dialogue of quelvar-batch: boxes go to the error output and take their answers from the command line, the
+// shown report goes to the standard output.
+#pragma once
+
+#include "batch/commande.h"
+#include "core/programme/dialogue.h"
+
+namespace quelvar::batch {
+
+// The demande must outlive the dialogue, which consumes its answers.
+Dialogue DialogueBatch(Demande& demande);
+
+}  // namespace quelvar::batch
