@@ -183,14 +183,15 @@ std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, con
   return sorties.Achever(contexte.Nom(".MOD"));
 }
 
-void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const OptionsProfil& options) {
+std::vector<ProfilDeModalite> ProfilerModalites(Rapport& rapport, const Contexte& contexte,
+                                                const OptionsProfil& options) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
   ImprimerBandeau(rapport, "Profil d'une modalité"_w);
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
-  const ParametresMod parametres = LireParametres(mod.parametres);
+  const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   ExigerEcriture(contexte, rapport, options.fichier);
   if (!fichiers.donnees && parametres.largeur <= 0) {
@@ -212,22 +213,28 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   sorties.Valider();
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
-  if (options.profils != nullptr) *options.profils = std::move(profils);
+  return profils;
 }
 
 }  // namespace
 
 Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
-                          const std::vector<std::string>& noms, const OptionsProfil& options) {
+                          const std::vector<std::string>& noms, const OptionsProfil& options,
+                          std::vector<ProfilDeModalite>& profils) {
   return ExecuterProgramme(contexte, contexte.Nom(".PR2"), LibellesSansTexte(), [&](Rapport& rapport) {
     EnregistrerChoix(contexte, textes, noms);
-    ProfilerModalites(rapport, contexte, options);
+    profils = ProfilerModalites(rapport, contexte, options);
   });
 }
 
-Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
+Fin DresserProfils(const Contexte& contexte, const OptionsProfil& options, std::vector<ProfilDeModalite>& profils) {
   return ExecuterProgramme(contexte, contexte.Nom(".PR2"), LibellesSansTexte(),
-                           [&](Rapport& rapport) { ProfilerModalites(rapport, contexte, options); });
+                           [&](Rapport& rapport) { profils = ProfilerModalites(rapport, contexte, options); });
+}
+
+Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
+  std::vector<ProfilDeModalite> profils;
+  return DresserProfils(contexte, options, profils);
 }
 
 EtatProfil ChargerProfil(const Contexte& contexte) {
