@@ -59,7 +59,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& pre
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
   LecteurLignes mod(contexte.Exiger(".MOD"));
   mod.LireObligatoire();  // the title
-  preparation.parametres = LireParametres(mod.LireObligatoire());
+  preparation.parametres = LireParametres(mod.LireObligatoire(), contexte.Nom(".MOD"));
   rapport.Lignes(preparation.parametres.remarques);
 }
 

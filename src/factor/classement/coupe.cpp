@@ -122,17 +122,14 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
   if (elements == presents || arbre.etapes.empty()) return;
   Avertir(rapport, contexte.Ecran(),
           Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
-                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents),
-                   ": relancez l'analyse factorielle avec la classification"_w}));
+                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
   throw Erreur(kArretAnnonce);
 }
-
-constexpr std::string_view kRelancer = ", relancez l'analyse factorielle avec la classification";
 
 // A tree of as many elements may still be that of another state of the survey.
 void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
   const auto dire = [&](Texte remarque) {
-    Avertir(rapport, contexte.Ecran(), Joindre({kAttention, remarque, kRelancer}));
+    Avertir(rapport, contexte.Ecran(), Joindre({kAttention, remarque, ", ", kRelancerCah}));
   };
   if (!ArbreEstDesCoordonnees(contexte, arbre))
     dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées que celles de "_w,
@@ -144,7 +141,7 @@ void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah
     if (CoordonneesSontDesModalites(contexte)) return;
     Avertir(rapport, contexte.Ecran(),
             Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
-                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), kRelancer}));
+                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
     throw Erreur(kArretAnnonce);
   }
   if (const std::optional<IndividuEtranger> etranger = ChercherIndividuEtranger(contexte))

@@ -18,8 +18,8 @@ namespace quelvar::factor {
 namespace {
 
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison) {
-  throw Erreur(kIncompatibiliteType, Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison,
-                                              " : refaites les modalités et les facteurs"_w}));
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison, kRelancerLesFacteurs}));
 }
 
 }  // namespace

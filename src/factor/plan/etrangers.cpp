@@ -5,6 +5,7 @@
 
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
+#include "factor/classement/cah.h"
 
 namespace quelvar::factor {
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::string_view kRelancerFacteurs = "relancez l'analyse factorielle";
 constexpr std::string_view kRelancerPem = "relancez les PEM";
-constexpr std::string_view kRelancerCah = "relancez l'analyse factorielle avec la classification";
 
 std::string_view ARelancer(SujetDuPlan sujet) {
   switch (sujet) {
