@@ -1,14 +1,7 @@
-// What the mouse does on the factor plane, and the files that the form writes.
+// What the mouse does on the factor plane, and the marks of its elements.
 #include "core/options/option.h"
-#include "factor/classement/coupe.h"
-#include "factor/classement/coupe_options.h"
-#include "factor/plan/graphe_options.h"
-#include "forms/images/sortiesdessin.h"
-#include "forms/pieces/commande.h"
 #include "forms/programmes/factor/graphe3/graphe3.h"
-#include "forms/programmes/modalities/modifmod.h"
 #include "forms/texte/texte_qt.h"
-#include "modalities/regroupement/modifburt_options.h"
 #include "ui_graphe3.h"
 
 namespace quelvar::forms {
@@ -74,125 +67,19 @@ void Graphe3::RefaireMarques() {
   Redessiner();
 }
 
-void Graphe3::MontrerMarques() {
-  std::vector<std::string> noms;
-  for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i)
-    if (etat_.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat_.donnees.points[i].nom));
-  ui_->TextMarques->setText(VersQt(NomsJoints(noms)));
-}
+void Graphe3::MontrerMarques() { ui_->TextMarques->setText(VersQt(NomsJoints(factor::NomsMarques(etat_)))); }
 
-// Every element that is named, and no other one; a name that none has leaves the marks as they are.
+// A name that no element has leaves the marks as they are.
 void Graphe3::PrendreMarques() {
-  std::vector<std::uint8_t> marques(etat_.reglages.marques.size(), 0);
-  for (const std::string& nom : NomsSepares(DepuisQt(ui_->TextMarques->text()))) {
-    std::size_t i = 0;
-    while (i < marques.size() && !EgalSansCasse(Rogner(etat_.donnees.points[i].nom), Rogner(nom))) ++i;
-    if (i == marques.size()) {
-      services_.ecran.biper();
-      ui_->Information->setPlainText(QStringLiteral("Aucun élément n'a le nom %1.").arg(VersQt(nom)));
-      return MontrerMarques();
-    }
-    marques[i] = i < etat_.donnees.colonnes ? factor::kMarqueColonne : factor::kMarqueLigne;
-  }
-  if (marques == etat_.reglages.marques) return MontrerMarques();
-  etat_.reglages.marques = std::move(marques);
-  RefaireMarques();
-}
-
-factor::OptionsCoupe Graphe3::Coupe() const {
-  return {static_cast<int>(etat_.reglages.cah.niveau), etat_.reglages.intitulesLongs};
-}
-
-void Graphe3::CouperLaClassification() {
-  const factor::OptionsCoupe options = Coupe();
-  std::string nouveau;
-  const bool fait = services_.Lancer([&](const Contexte&) {
-    rapport_->Poser();
-    ExecuterProgramme(
-        contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
-        [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
-  });
-  if (!fait) rapport_->Reprendre();
-  if (!nouveau.empty()) services_.adopterGenerique(nouveau);
-}
-
-modalities::OptionsModifBurt Graphe3::Association() const {
-  modalities::OptionsModifBurt options;
-  for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i) {
-    const std::string& nom = etat_.donnees.points[i].nom;
-    if (etat_.reglages.marques[i] == 0) continue;
-    if (i < etat_.donnees.colonnes) options.colonnes.push_back(nom);
-    else if (!etat_.donnees.Individus()) options.lignes.push_back(nom);
-  }
-  options.nomColonne = DepuisQt(ui_->TextNouvCol->text());
-  options.nomLigne = DepuisQt(ui_->TextNouvNom->text());
-  return options;
-}
-
-void Graphe3::Associer() {
-  modalities::OptionsModifBurt options = Association();
-  std::vector<std::string> colonnes;
-  std::vector<std::string> lignes;
-  for (std::size_t i = 0; i < etat_.reglages.marques.size(); ++i)
-    (i < etat_.donnees.colonnes ? colonnes : lignes).push_back(etat_.donnees.points[i].nom);
-  if (const std::string refus = modalities::RefusDuNom(options, colonnes, lignes); !refus.empty()) {
+  const std::vector<std::uint8_t> avant = etat_.reglages.marques;
+  const std::optional<std::string> absent =
+      factor::MarquerParNoms(etat_, NomsSepares(DepuisQt(ui_->TextMarques->text())));
+  if (absent) {
     services_.ecran.biper();
-    return ui_->Information->setPlainText(VersQt(refus));
+    ui_->Information->setPlainText(QStringLiteral("Aucun élément n'a le nom %1.").arg(VersQt(*absent)));
   }
-  const std::string annonce = modalities::AnnonceDuRegroupement(options);
-  if (annonce.empty() ||
-      services_.ecran.demander(
-          Joindre({annonce, "\r\nLe tableau modifié ira dans un nouveau générique. L'acceptez-vous ?"_w}),
-          Boutons::OuiNon) != Reponse::Oui)
-    return;
-  std::string nouveau;
-  options.nouveau = &nouveau;
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::ModifierBurt(contexte_, options); });
-  if (fin != Fin::Normale) return;
-  Services& services = services_;
-  services.adopterGenerique(nouveau);
-  OuvrirModifMod(services);
-}
-
-void Graphe3::RelierFichiers() {
-  connect(ui_->BoutonAssoc, &QPushButton::clicked, this, &Graphe3::Associer);
-  connect(ui_->TextMarques, &QLineEdit::editingFinished, this, &Graphe3::PrendreMarques);
-  RelierSorties(*this, services_, *ui_->Image, contexte_, "Fac",
-                {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
-                [this] { return ui_->Resolution->value(); });
-  RelierCommande(*ui_->BoutonEnreg, factor::DescriptionGraphe(), contexte_, [this] {
-    LireReglages();
-    return factor::OptionsDuPlan(etat_, ui_->FichPajek->isChecked());
-  });
-  RelierCommande(*ui_->BoutonCAH, factor::DescriptionWardCoupe(), contexte_,
-                 [this] {
-                   LireReglages();
-                   return Coupe();
-                 },
-                 {QStringLiteral("BoutCommandeCAH"), QStringLiteral("Voir la commande de la coupe")});
-  RelierCommande(*ui_->BoutonAssoc, modalities::DescriptionModifBurt(), contexte_, [this] { return Association(); },
-                 {QStringLiteral("BoutCommandeAssoc"), QStringLiteral("Voir la commande du regroupement")});
-  RelierQuitter(*ui_->BoutonQuitter);
-  // The ellipses of the picture begin the report anew, or go on with what was launched.
-  AuDepart([rapport = rapport_, ellipses = ellipses_](const Contexte& contexte) {
-    if (rapport->Commence()) rapport->Poser();
-    if (ellipses->tracees.empty()) return rapport->Montrer(contexte);
-    factor::RapporterEllipses(contexte, *ellipses, rapport->Commence() ? ModeEcriture::Suite : ModeEcriture::Neuf);
-  });
-}
-
-void Graphe3::Refuser(const Erreur& erreur, const QString& quoi) {
-  const std::string texte = Joindre({DepuisQt(quoi), TexteErreur(erreur)});
-  ui_->Information->setPlainText(VersQt(texte).remove(u'\r'));
-  if (TexteDuLieu(erreur).empty()) services_.ecran.biper();
-  else services_.ecran.demander(texte, Boutons::Ok);
-}
-
-void OuvrirGraphe3(Services& services) {
-  if (!FairePlace<Graphe3>(services)) return;
-  auto prepare = Preparer(services, ".PRT", [](const Contexte& contexte) { return factor::PrepGraphe(contexte); });
-  if (prepare) Montrer<Graphe3>(services, std::move(prepare->donnees), std::move(prepare->rapport));
+  if (etat_.reglages.marques == avant) return MontrerMarques();
+  RefaireMarques();
 }
 
 }  // namespace quelvar::forms
