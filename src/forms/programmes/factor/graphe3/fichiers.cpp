@@ -91,7 +91,7 @@ void Graphe3::RelierFichiers() {
   RelierSorties(*this, services_, *ui_->Image, contexte_, "Fac",
                 {*ui_->BoutonEnreg, *ui_->BoutonEnregSous, *ui_->BoutonImpr},
                 [this] { return ui_->Resolution->value(); });
-  RelierCommande(*ui_->BoutonEnreg, factor::DescriptionGraphe(), contexte_, [this] {
+  RelierCommande(*ui_->BoutonQuitter, factor::DescriptionGraphe(), contexte_, [this] {
     LireReglages();
     return factor::OptionsDuPlan(etat_, ui_->FichPajek->isChecked());
   });
