@@ -15,11 +15,6 @@
 
 namespace quelvar::factor {
 
-// What the preparation tells the engine.
-struct PreparationAnecar {
-  ParametresMod parametres;  // line 2 of the .MOD
-};
-
 inline constexpr int kSeuilMoyen = -1;
 
 inline constexpr int kFacteursParDefaut = 3;
@@ -42,14 +37,11 @@ struct OptionsAnecar {
   bool operator==(const OptionsAnecar&) const = default;
 };
 
-// Checks the files and writes the short report .ANA; nothing when the run has ended there.
-std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte);
+// Checks the files and writes the short report .ANA; returns line 2 of the .MOD, nothing when the run has ended there.
+std::optional<ParametresMod> PrepAnecar(const Contexte& contexte);
 
-// Extracts the factors: writes .AFC or .ACP and the coordinate files, and marks "CDG=1" in the .MOD of a Burt table
-// with individuals. Coordinate files of an earlier run stay whole until the first factor is found.
-Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options);
-
-// Preparation and engine, as one run.
+// The same, then extracts the factors: writes .AFC or .ACP and the coordinate files, and marks "CDG=1" in the .MOD of a
+// Burt table with individuals. Coordinate files of an earlier run stay whole until the first factor is found.
 Fin Anecar(const Contexte& contexte, const OptionsAnecar& options);
 
 }  // namespace quelvar::factor
