@@ -303,7 +303,7 @@ bool CoordonneesSontDesModalites(const Contexte& contexte) {
   return std::ranges::equal(noms, LireMod(*mod).modalites, {}, {}, &Modalite::nom);
 }
 
-std::optional<IndividuEtranger> ChercherIndividuEtranger(const Contexte& contexte) {
+std::optional<IndividuDiscordant> ChercherIndividuDiscordant(const Contexte& contexte) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
@@ -323,7 +323,7 @@ std::optional<IndividuEtranger> ChercherIndividuEtranger(const Contexte& context
       const int code = LireChampInterieur(individu, champs[colonne.question]);
       if (code < 0 || code > pos.questions[colonne.question].codeMax) continue;
       if ((ValeurDe(CelluleDeLigne(ligne, colonne.colonne, largeur)) != 0) != (code == colonne.code))
-        return IndividuEtranger{numero, pos.questions[colonne.question].nom, contexte.Nom(cdg ? ".CDG" : ".BRT")};
+        return IndividuDiscordant{numero, pos.questions[colonne.question].nom, contexte.Nom(cdg ? ".CDG" : ".BRT")};
     }
   return std::nullopt;
 }

@@ -144,9 +144,9 @@ void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah
                      " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
     throw Erreur(kArretAnnonce);
   }
-  if (const std::optional<IndividuEtranger> etranger = ChercherIndividuEtranger(contexte))
-    dire(Joindre({"l'individu ", Nombre(etranger->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
-                  Rogner(etranger->question), " le code qu'il a dans ", etranger->fichier,
+  if (const std::optional<IndividuDiscordant> individu = ChercherIndividuDiscordant(contexte))
+    dire(Joindre({"l'individu ", Nombre(individu->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
+                  Rogner(individu->question), " le code qu'il a dans ", individu->fichier,
                   ", les individus classés ne sont plus ceux de ce fichier, relancez la création des modalités"_w}));
 }
 

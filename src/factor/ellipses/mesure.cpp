@@ -169,7 +169,7 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
   const std::string_view analyse = DerniereAnalyse(contexte);
   bilan.fichiers = ChercherFichiers(contexte, analyse);
   ExigerTous(*bilan.fichiers);
-  bilan.etrangers = demande.remarques;
+  bilan.discordances = demande.remarques;
   const std::vector<Nuage> nuages = LireLesNuages(contexte, demande, analyse, bilan);
   for (std::size_t m = 0; m < nuages.size(); ++m) {
     if (nuages[m].effectif == 0) continue;

@@ -341,8 +341,8 @@ DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
   demande.horizontal = {reglages.horizontal.facteur, reglages.horizontal.inverse};
   demande.vertical = {reglages.vertical.facteur, reglages.vertical.inverse};
   demande.echelle = etat.donnees.echelle;
-  demande.remarques = RemarquesDesEllipses(etat.donnees.etrangers);
-  for (std::string& remarque : RemarquesDesFichiers(etat.donnees.etrangers, FichiersMontres(etat)))
+  demande.remarques = RemarquesDesEllipses(etat.donnees.discordances);
+  for (std::string& remarque : RemarquesDesFichiers(etat.donnees.discordances, FichiersMontres(etat)))
     demande.remarques.push_back(std::move(remarque));
   demande.choix = reglages.ellipses;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {

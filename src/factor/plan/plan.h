@@ -17,7 +17,7 @@
 #include "factor/classement/coupe.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/plan/arbre.h"
-#include "factor/plan/etrangers.h"
+#include "factor/plan/discordances.h"
 #include "tables/liens/liens.h"
 
 namespace quelvar::factor {
@@ -48,8 +48,8 @@ struct DonneesPlan {
   std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
   std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
-  bool arbrePresent = false;        // .CAH exists
-  std::vector<Etranger> etrangers;  // what is not of the same state of the table
+  bool arbrePresent = false;              // .CAH exists
+  std::vector<Discordance> discordances;  // what is not of the same state of the table
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
 };

@@ -86,9 +86,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   AffinerCoordonnees(contexte, donnees);
   ImprimerNombresDeModalites(rapport, CompterModalites(donnees));
   LireAutourDuPlan(contexte, exigences, donnees);
-  const std::optional<Etranger> arret = EcarterEtrangers(contexte, exigences, donnees);
-  std::vector<std::string> remarques = RemarquesDuPlan(donnees.etrangers);
-  for (std::string& remarque : RemarquesDesFichiers(donnees.etrangers, exigences))
+  const std::optional<Discordance> arret = ReleverDiscordances(contexte, exigences, donnees);
+  std::vector<std::string> remarques = RemarquesDuPlan(donnees.discordances);
+  for (std::string& remarque : RemarquesDesFichiers(donnees.discordances, exigences))
     remarques.push_back(std::move(remarque));
   DireLesRemarques(rapport, contexte.Ecran(), remarques);
   if (arret) ArreterSi(rapport, contexte, {Joindre({"*** Arret du programme : ", PhraseDe(*arret)})});

@@ -152,12 +152,12 @@ void Graphe3::RelierLiens() {
     connect(bouton, &QAbstractButton::toggled, this, &Graphe3::Redessiner);
   connect(ui_->CheckPEM, &QCheckBox::toggled, this, [this] {
     Redessiner();
-    DireLesEtrangers();
+    DireLesDiscordances();
   });
   connect(ui_->FichPajek, &QCheckBox::toggled, this, &Graphe3::EcrireLeReseau);
   connect(ui_->ChkLgnPEM, &QCheckBox::toggled, this, [this](bool lignes) {
     FixerEcMin(lignes ? factor::kEcMinDesLiensDeLignes : 0);
-    DireLesEtrangers();
+    DireLesDiscordances();
   });
   connect(ui_->CheckProg, &QCheckBox::toggled, this, [this](bool progressif) {
     etat_.reglages.liens.progressif = progressif ? std::optional<std::size_t>(1) : std::nullopt;
@@ -176,7 +176,7 @@ void Graphe3::RelierCah() {
   };
   connect(ui_->CheckCAH, &QCheckBox::toggled, this, [this] {
     LireReglages();
-    DireLesEtrangers();
+    DireLesDiscordances();
     if (!etat_.donnees.cah) ui_->CheckCAH->setChecked(false);
     Redessiner();
   });

@@ -22,7 +22,7 @@ Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapp
   const factor::DonneesPlan& plan = etat_.donnees;
   ui_->CheckPEM->setEnabled(plan.liensPresents);
   ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty() ||
-                             factor::Concerne(plan.etrangers, factor::SujetDuPlan::LiensDeLignes));
+                             factor::Concerne(plan.discordances, factor::SujetDuPlan::LiensDeLignes));
   ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || ui_->ChkLgnPEM->isEnabled());
   ui_->CheckIndiv->setVisible(plan.Individus());
   ui_->FrCAH->setEnabled(plan.arbrePresent);
@@ -154,10 +154,10 @@ void Graphe3::RefaireEllipses() {
 }
 
 // What does not belong to the plane is told the first time that it is drawn, and goes into the report.
-void Graphe3::DireLesEtrangers() {
+void Graphe3::DireLesDiscordances() {
   std::string boite;
   for (const std::string& remarque :
-       factor::RemarquesDesFichiers(etat_.donnees.etrangers, factor::FichiersMontres(etat_))) {
+       factor::RemarquesDesFichiers(etat_.donnees.discordances, factor::FichiersMontres(etat_))) {
     if (std::ranges::find(dites_, remarque) != dites_.end()) continue;
     dites_.push_back(remarque);
     rapport_->Ajouter(Joindre({kAttention, remarque, "\r\n"}));

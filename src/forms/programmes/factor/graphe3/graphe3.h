@@ -32,7 +32,7 @@ class Graphe3 : public Forme {
   void MontrerReglages();
   void Recaler();
   void RefaireEllipses();
-  void DireLesEtrangers();
+  void DireLesDiscordances();
   // After a change of settings; after a change of the limits alone, which no control tells.
   void Redessiner();
   void Dessiner();
