@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "core/enquete/brtfile.h"
-#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
@@ -21,6 +20,7 @@
 #include "crosstab/tableau/statistiques.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/fichiers.h"
+#include "factor/cellules.h"
 #include "factor/classement/classement.h"
 #include "factor/coordonnees.h"
 #include "tables/diagonalisation.h"
@@ -33,11 +33,10 @@ namespace {
 
 // Larger tables take too long to be computed again each time that a plane opens.
 constexpr double kCellulesAuPlus = 4'000'000;
-constexpr double kInertiesAuPlus = 4 * kCellulesAuPlus;           // of one whose inertias are summed once
-constexpr std::size_t kElementsAuPlus = 5000;                     // of a tree that is made again
-constexpr std::size_t kPairesAuPlus = 20000;                      // of one whose first step is looked at
-constexpr std::size_t kLignesLiees = 1000;                        // of links between rows
-constexpr std::size_t kPremiereCellule = kLargeurDeModalite + 1;  // column, in a row of the table or of its coding
+constexpr double kInertiesAuPlus = 4 * kCellulesAuPlus;  // of one whose inertias are summed once
+constexpr std::size_t kElementsAuPlus = 5000;            // of a tree that is made again
+constexpr std::size_t kPairesAuPlus = 20000;             // of one whose first step is looked at
+constexpr std::size_t kLignesLiees = 1000;               // of links between rows
 constexpr std::chrono::seconds kUnRun{2};  // a tree is written with its coordinates, a later analysis takes longer
 
 // The table as its two files declare it.
@@ -304,7 +303,7 @@ bool CoordonneesSontDesModalites(const Contexte& contexte) {
   return std::ranges::equal(noms, LireMod(*mod).modalites, {}, {}, &Modalite::nom);
 }
 
-std::optional<IndividuEtranger> ChercherIndividuEtranger(const Contexte& contexte) {
+std::optional<IndividuDiscordant> ChercherIndividuDiscordant(const Contexte& contexte) {
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   const std::optional<Chemin> cdg = contexte.Chercher(".CDG");
@@ -323,9 +322,8 @@ std::optional<IndividuEtranger> ChercherIndividuEtranger(const Contexte& context
     for (const ColonneCodee& colonne : colonnes) {
       const int code = LireChampInterieur(individu, champs[colonne.question]);
       if (code < 0 || code > pos.questions[colonne.question].codeMax) continue;
-      if ((ValeurDe(Milieu(ligne, kPremiereCellule + colonne.colonne * largeur, largeur)) != 0) !=
-          (code == colonne.code))
-        return IndividuEtranger{numero, pos.questions[colonne.question].nom, contexte.Nom(cdg ? ".CDG" : ".BRT")};
+      if ((ValeurDe(CelluleDeLigne(ligne, colonne.colonne, largeur)) != 0) != (code == colonne.code))
+        return IndividuDiscordant{numero, pos.questions[colonne.question].nom, contexte.Nom(cdg ? ".CDG" : ".BRT")};
     }
   return std::nullopt;
 }

@@ -32,11 +32,11 @@ bool ArbreEstDesCoordonnees(const Contexte& contexte, const ArbreCah& arbre);
 bool CoordonneesSontDesModalites(const Contexte& contexte);
 
 // The first individual of the .DAT that the table, or the logical coding, does not have with the code of a question.
-struct IndividuEtranger {
+struct IndividuDiscordant {
   std::int64_t numero = 0;  // line of the .DAT
   std::string question;
   std::string fichier;  // .BRT or .CDG
 };
-std::optional<IndividuEtranger> ChercherIndividuEtranger(const Contexte& contexte);
+std::optional<IndividuDiscordant> ChercherIndividuDiscordant(const Contexte& contexte);
 
 }  // namespace quelvar::factor

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
-#include "core/enquete/parametres.h"
 #include "core/resultats/fichiers.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/facteurs.h"
@@ -52,17 +52,16 @@ void ExigerTable(Rapport& rapport, const Contexte& contexte) {
   throw Erreur(kArretAnnonce);
 }
 
-void Preparer(Rapport& rapport, const Contexte& contexte, PreparationAnecar& preparation) {
+ParametresMod Preparer(Rapport& rapport, const Contexte& contexte) {
   if (const std::optional<Chemin> reste = contexte.Chercher(".FA2")) EffacerFichier(*reste);
   ExigerTable(rapport, contexte);
   ImprimerBandeau(rapport, "Calcul des facteurs");
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
   LecteurLignes mod(contexte.Exiger(".MOD"));
-  preparation.titre = mod.LireObligatoire();
-  preparation.parametres = mod.LireObligatoire();
-  const ParametresMod parametres = LireParametres(preparation.parametres);
+  mod.LireObligatoire();  // the title
+  ParametresMod parametres = LireParametres(mod.LireObligatoire(), contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
-  preparation.burt = parametres.burt;
+  return parametres;
 }
 
 // The preparation's report opens the report of the run.
@@ -97,9 +96,8 @@ int SeuilEffectif(int seuil, std::int64_t actifs) {
   return seuil == kSeuilMoyen && actifs > 0 ? CpfMoyen(static_cast<std::size_t>(actifs)) : seuil;
 }
 
-PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres,
                            bool codageLogique, JeuDeFichiers& sorties) {
-  const ParametresMod parametres = LireParametres(preparation.parametres);
   rapport.Lignes(parametres.remarques);
   const Chemin chemin = contexte.Exiger(".MOD");
   const FichierMod mod = LireMod(chemin);
@@ -187,10 +185,11 @@ void Moteur::ImprimerRestants(Rapport& rapport) {
 }
 
 void Moteur::TraiterFacteur(Rapport& rapport, std::size_t k) {
-  // The progress is told in hundredths of a factor.
+  // The progress is told in hundredths of a factor, on the logarithm of the rounds: 22,000 of them are a whole one.
+  constexpr double kFacteurEntier = 10;
   const auto suivre = [this, k, dernier = std::int64_t{-1}](std::int64_t tour) mutable {
     const auto avance = static_cast<std::int64_t>(
-        100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / 10)));
+        100 * (static_cast<double>(k) - 1 + std::min(1.0, std::log(static_cast<double>(tour)) / kFacteurEntier)));
     if (avance != dernier) contexte.Ecran().progresser(dernier = avance);
   };
   Imprimer(rapport, [k](Rapport& r) { ImprimerDebutDeFacteur(r, k); });
@@ -236,11 +235,11 @@ struct SuiteWard {
   std::optional<std::size_t> derniers;  // individuals behind the modalities
 };
 
-SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres,
                    const OptionsAnecar& options, JeuDeFichiers& sorties) {
   if (options.codageLogique) ExigerCodageLogique(contexte);
-  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, preparation.burt), {}, {}, {}, {}};
-  moteur.plan = DeclarerTableau(rapport, contexte, preparation, options.codageLogique, sorties);
+  Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, parametres.burt), {}, {}, {}, {}};
+  moteur.plan = DeclarerTableau(rapport, contexte, parametres, options.codageLogique, sorties);
   Reglages& reglages = moteur.reglages;
   reglages.seuilLignes = SeuilEffectif(reglages.seuilLignes, moteur.plan.lignesActives);
   reglages.seuilColonnes =
@@ -251,7 +250,7 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
   ImprimerDimensions(rapport, moteur.plan, seuils);
   RefuserTableau(rapport, contexte, moteur.plan, options);
   if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
-    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), LireParametres(preparation.parametres));
+    ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), parametres);
   ExtraireEtImprimer(rapport, moteur);
   const std::vector<TableauEdite> tableaux = {ValeursPropres(moteur.analyse)};
   EcrireTableaux(sorties, NomDuRapport(contexte, options.type), tableaux, options.sortie);
@@ -265,10 +264,10 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const Preparation
 }
 
 // The table is given back before the distances take its place in memory.
-void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAnecar& preparation,
+void Analyser(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres,
               const OptionsAnecar& options) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  const SuiteWard suite = Extraire(rapport, contexte, preparation, options, sorties);
+  const SuiteWard suite = Extraire(rapport, contexte, parametres, options, sorties);
   if (options.classification) {
     if (suite.facteurs == 0)
       Refuser(rapport, contexte, "*** Arret du programme : pas de facteur pour la classification");
@@ -281,25 +280,22 @@ void Analyser(Rapport& rapport, const Contexte& contexte, const PreparationAneca
 
 }  // namespace
 
-std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte) {
-  PreparationAnecar preparation;
+std::optional<ParametresMod> PrepAnecar(const Contexte& contexte) {
+  ParametresMod parametres;
   if (!PreparerProgramme(contexte, contexte.Nom(".ANA"), LibellesErreur{},
-                         [&](Rapport& rapport) { Preparer(rapport, contexte, preparation); }))
+                         [&](Rapport& rapport) { parametres = Preparer(rapport, contexte); }))
     return std::nullopt;
-  return preparation;
-}
-
-Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options) {
-  const std::string nomRapport = NomDuRapport(contexte, options.type);
-  return ExecuterProgramme(contexte, nomRapport, LibellesErreur{}, [&](Rapport& rapport) {
-    ReprendreRapport(rapport, contexte, nomRapport);
-    Analyser(rapport, contexte, preparation, options);
-  });
+  return parametres;
 }
 
 Fin Anecar(const Contexte& contexte, const OptionsAnecar& options) {
-  const std::optional<PreparationAnecar> preparation = PrepAnecar(contexte);
-  return preparation ? MoteurAnecar(contexte, *preparation, options) : Fin::Arret;
+  const std::optional<ParametresMod> parametres = PrepAnecar(contexte);
+  if (!parametres) return Fin::Arret;
+  const std::string nomRapport = NomDuRapport(contexte, options.type);
+  return ExecuterProgramme(contexte, nomRapport, LibellesErreur{}, [&](Rapport& rapport) {
+    ReprendreRapport(rapport, contexte, nomRapport);
+    Analyser(rapport, contexte, *parametres, options);
+  });
 }
 
 }  // namespace quelvar::factor

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
+#include "core/enquete/parametres.h"
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
 #include "factor/analyse/editions.h"
@@ -14,13 +14,6 @@
 #include "factor/classement/classement.h"
 
 namespace quelvar::factor {
-
-// What the preparation tells the form and the engine.
-struct PreparationAnecar {
-  std::string titre;       // line 1 of the .MOD
-  std::string parametres;  // line 2
-  int burt = 0;            // BRT=
-};
 
 inline constexpr int kSeuilMoyen = -1;
 
@@ -44,14 +37,11 @@ struct OptionsAnecar {
   bool operator==(const OptionsAnecar&) const = default;
 };
 
-// Checks the files and writes the short report .ANA; nothing when the run has ended there.
-std::optional<PreparationAnecar> PrepAnecar(const Contexte& contexte);
+// Checks the files and writes the short report .ANA; returns line 2 of the .MOD, nothing when the run has ended there.
+std::optional<ParametresMod> PrepAnecar(const Contexte& contexte);
 
-// Extracts the factors: writes .AFC or .ACP and the coordinate files, and marks "CDG=1" in the .MOD of a Burt table
-// with individuals. Coordinate files of an earlier run stay whole until the first factor is found.
-Fin MoteurAnecar(const Contexte& contexte, const PreparationAnecar& preparation, const OptionsAnecar& options);
-
-// Preparation and engine, as one run.
+// The same, then extracts the factors: writes .AFC or .ACP and the coordinate files, and marks "CDG=1" in the .MOD of a
+// Burt table with individuals. Coordinate files of an earlier run stay whole until the first factor is found.
 Fin Anecar(const Contexte& contexte, const OptionsAnecar& options);
 
 }  // namespace quelvar::factor

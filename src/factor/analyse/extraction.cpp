@@ -126,7 +126,7 @@ std::size_t LigneTemoin(const Matrice& d) {
 }
 
 std::int64_t ToursAuPlus(const Matrice& d) {
-  constexpr std::int64_t kCellules = 200'000'000'000;
+  constexpr std::int64_t kCellules = 200'000'000'000;  // looked at in all rounds: some minutes
   constexpr std::int64_t kToursAuMoins = 50'000;
   constexpr std::int64_t kToursToujoursAssez = 1'000'000;
   const auto cellules = static_cast<std::int64_t>(std::max<std::size_t>(d.Valeurs().size(), 1));

@@ -171,7 +171,7 @@ Vecteur DirectionQuelconque(std::size_t taille) {
   constexpr int kBitsDeMantisse = 53;
   constexpr double kPasParUnite = 9007199254740992.0;  // 2^53
   Vecteur v(taille);
-  std::uint64_t etat = 0x9E3779B97F4A7C15ULL;
+  std::uint64_t etat = 0x9E3779B97F4A7C15ULL;  // any start: 2^64 by the golden ratio
   for (double& x : v) {
     etat = etat * kMultiplicateur + kIncrement;
     x = static_cast<double>(etat >> (64 - kBitsDeMantisse)) / kPasParUnite - 0.5;

@@ -1,6 +1,7 @@
 // The tree file .CAH: written by the classification, read by whatever cuts or draws the tree.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
@@ -12,6 +13,9 @@ struct ArbreCah {
   bool individus = false;         // elements are individuals, and not the modalities of the .MOD
   std::vector<EtapeWard> etapes;  // without their criteria when they are read
 };
+
+// What makes the file anew.
+inline constexpr std::string_view kRelancerCah = "relancez l'analyse factorielle avec la classification";
 
 inline constexpr int kEtapesAuPlus = 999999;  // that an option can ask for
 

@@ -23,7 +23,11 @@ namespace quelvar::factor {
 namespace {
 
 constexpr std::string_view kSuitesDeNom = "23456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+// Data that the longest of their lines makes that large, and that many times what they were, are asked about.
 constexpr std::uint64_t kBeaucoup = std::uint64_t{256} << 20;
+constexpr std::uint64_t kFoisPlus = 4;
+constexpr std::uint64_t kFinDUneLigne = 4;  // a class, and the line end
+constexpr int kDernierADeuxChiffres = 99;
 
 // Rank of a name's fourth character among 0-9 and A-Z: the first one that isn't below it.
 int CodeDuNom(std::string_view nom) {
@@ -64,7 +68,7 @@ struct ClassesDIndividus {
   int nombre = 0;
 
   // Columns of a class in .DAT.
-  int Largeur() const { return nombre > 99 ? 3 : 2; }
+  int Largeur() const { return nombre > kDernierADeuxChiffres ? 3 : 2; }
 };
 
 ClassesDIndividus ClasserIndividus(const std::vector<EtapeWard>& etapes, int niveau) {
@@ -106,7 +110,7 @@ std::string NomDeLaVariable(const FichierPos& pos) {
 
 void EcrireQuestions(Ecrivain& fichier, const FichierPos& pos, std::size_t longueur, int groupes) {
   for (std::size_t i = 0; i < pos.premiereApres; ++i) fichier.Ligne(pos.lignes[i]);
-  const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);
+  const std::size_t position = longueur + (groupes <= 9 ? 2 : 1);  // one digit stands in the last of two columns
   fichier.Ligne(
       LigneDeQuestion(NomDeLaVariable(pos), static_cast<std::int64_t>(position), TexteCodeMax(groupes), " $$ &SUP&"));
 }
@@ -118,17 +122,14 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
   if (elements == presents || arbre.etapes.empty()) return;
   Avertir(rapport, contexte.Ecran(),
           Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
-                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents),
-                   ": relancez l'analyse factorielle avec la classification"_w}));
+                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
   throw Erreur(kArretAnnonce);
 }
-
-constexpr std::string_view kRelancer = ", relancez l'analyse factorielle avec la classification";
 
 // A tree of as many elements may still be that of another state of the survey.
 void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
   const auto dire = [&](Texte remarque) {
-    Avertir(rapport, contexte.Ecran(), Joindre({kAttention, remarque, kRelancer}));
+    Avertir(rapport, contexte.Ecran(), Joindre({kAttention, remarque, ", ", kRelancerCah}));
   };
   if (!ArbreEstDesCoordonnees(contexte, arbre))
     dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées que celles de "_w,
@@ -140,12 +141,12 @@ void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah
     if (CoordonneesSontDesModalites(contexte)) return;
     Avertir(rapport, contexte.Ecran(),
             Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
-                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), kRelancer}));
+                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
     throw Erreur(kArretAnnonce);
   }
-  if (const std::optional<IndividuEtranger> etranger = ChercherIndividuEtranger(contexte))
-    dire(Joindre({"l'individu ", Nombre(etranger->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
-                  Rogner(etranger->question), " le code qu'il a dans ", etranger->fichier,
+  if (const std::optional<IndividuDiscordant> individu = ChercherIndividuDiscordant(contexte))
+    dire(Joindre({"l'individu ", Nombre(individu->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
+                  Rogner(individu->question), " le code qu'il a dans ", individu->fichier,
                   ", les individus classés ne sont plus ceux de ce fichier, relancez la création des modalités"_w}));
 }
 
@@ -177,8 +178,8 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
 
   // Every line is as long as the longest: one that is much too long makes the file explode.
-  const std::uint64_t octets = static_cast<std::uint64_t>(CompterLignes(*donnees)) * (longueur + 4);
-  ExigerPlace(contexte, rapport, {0, octets}, octets > kBeaucoup && octets > 4 * LongueurFichier(*donnees));
+  const std::uint64_t octets = static_cast<std::uint64_t>(CompterLignes(*donnees)) * (longueur + kFinDUneLigne);
+  ExigerPlace(contexte, rapport, {0, octets}, octets > kBeaucoup && octets > kFoisPlus * LongueurFichier(*donnees));
 
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
   for (const std::string& ligne : sorties.Recit()) rapport.Ligne(ligne);

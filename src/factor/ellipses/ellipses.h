@@ -115,7 +115,7 @@ using FichiersDesEllipses = std::array<FichierObligatoire, 4>;
 // What measuring has found, for the picture and for the report.
 struct BilanEllipses {
   std::optional<FichiersDesEllipses> fichiers = {};  // what was looked for
-  std::vector<std::string> etrangers = {};           // what of the plane's files does not belong to it
+  std::vector<std::string> discordances = {};        // what of the plane's files does not belong to it
   std::vector<std::string> remarques = {};           // lines on the .MOD
   std::vector<EllipsesDeModalite> tracees = {};
   std::vector<std::string> avis = {};  // for message boxes

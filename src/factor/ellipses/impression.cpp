@@ -1,4 +1,5 @@
 // The ellipses in the report .PRT.
+#include "core/programme/attention.h"
 #include "core/resultats/rangees.h"
 #include "factor/ellipses/ellipses.h"
 
@@ -11,7 +12,7 @@ void Imprimer(Rapport& rapport, const Dialogue& ecran, const BilanEllipses& bila
     const auto& [mod, analyse, coordonnees, table] = *bilan.fichiers;
     ExigerFichiers(rapport, ecran, {mod, analyse, coordonnees, table}, kArretAbsence);
     ImprimerBandeau(rapport, "Graphique factoriel + Ellipse(s)");
-    for (const std::string& etranger : bilan.etrangers) rapport.Ligne({"*** Attention : ", etranger});
+    for (const std::string& discordance : bilan.discordances) rapport.Ligne({kAttention, discordance});
     rapport.Lignes(bilan.remarques);
     for (const EllipsesDeModalite& modalite : bilan.tracees) ImprimerEllipses(rapport, modalite);
   }

@@ -10,17 +10,16 @@
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
+#include "factor/cellules.h"
 #include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kPremiereCellule = kLargeurDeModalite + 1;  // column
-
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison) {
-  throw Erreur(kIncompatibiliteType, Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison,
-                                              " : refaites les modalités et les facteurs"_w}));
+  throw Erreur(kIncompatibiliteType,
+               Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison, kRelancerLesFacteurs}));
 }
 
 }  // namespace
@@ -28,7 +27,7 @@ constexpr std::size_t kPremiereCellule = kLargeurDeModalite + 1;  // column
 std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const std::size_t> places,
                               std::span<const Position> points) {
   std::vector<Nuage> nuages(places.size());
-  const std::size_t longueur = kPremiereCellule - 1 + lignes.colonnes * lignes.largeur;
+  const std::size_t longueur = kLargeurDeModalite + lignes.colonnes * lignes.largeur;
   LecteurLignes lecteur(lignes.fichier);
   Situer(lecteur, [&] {
     for (std::size_t i = 0; i < lignes.sautees; ++i) lecteur.LireObligatoire();
@@ -36,7 +35,7 @@ std::vector<Nuage> LireNuages(const LignesDIndividus& lignes, std::span<const st
       const std::string_view ligne = lecteur.LireObligatoire();
       if (ligne.size() < longueur) Refuser(lignes.fichier, "a moins de colonnes que le fichier n'a de modalités"_w);
       for (std::size_t m = 0; m < places.size(); ++m)
-        if (ValeurDe(Milieu(ligne, kPremiereCellule + places[m] * lignes.largeur, lignes.largeur)) != 0)
+        if (ValeurDe(CelluleDeLigne(ligne, places[m], lignes.largeur)) != 0)
           nuages[m].Ajouter(point.x / kMilliemesParUnite, point.y / kMilliemesParUnite);
     }
     if (std::string_view reste; lecteur.Lire(reste) && !Rogner(reste).empty())
@@ -52,14 +51,15 @@ std::vector<std::string> Profils(const LignesDIndividus& lignes, const std::vect
                                  std::size_t individus) {
   std::vector<std::string> profils;
   LecteurLignes lecteur(lignes.fichier);
-  for (std::size_t i = 0; i < lignes.sautees; ++i) lecteur.LireObligatoire();
-  while (profils.size() < individus) {
-    const std::string_view ligne = lecteur.LireObligatoire();
-    std::string& profil = profils.emplace_back(actives.size(), '0');
-    for (std::size_t j = 0; j < actives.size(); ++j)
-      if (actives[j] && ValeurDe(Milieu(ligne, kPremiereCellule + j * lignes.largeur, lignes.largeur)) != 0)
-        profil[j] = '1';
-  }
+  Situer(lecteur, [&] {
+    for (std::size_t i = 0; i < lignes.sautees; ++i) lecteur.LireObligatoire();
+    while (profils.size() < individus) {
+      const std::string_view ligne = lecteur.LireObligatoire();
+      std::string& profil = profils.emplace_back(actives.size(), '0');
+      for (std::size_t j = 0; j < actives.size(); ++j)
+        if (actives[j] && ValeurDe(CelluleDeLigne(ligne, j, lignes.largeur)) != 0) profil[j] = '1';
+    }
+  });
   return profils;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "core/calcul/matrice.h"
@@ -14,6 +15,9 @@
 #include "factor/ellipses/ellipses.h"
 
 namespace quelvar::factor {
+
+// What to do where individuals and coordinates do not go together.
+inline constexpr std::string_view kRelancerLesFacteurs = " : refaites les modalités et les facteurs"_w;
 
 // Where the modalities stand in the rows of individuals.
 struct LignesDIndividus {

@@ -68,7 +68,7 @@ bool EstCodageLogique(const Contexte& contexte) {
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
   const std::optional<Chemin> fi2 = contexte.Chercher(".FI2");
   if (!mod || !fi2) return false;
-  const double individus = LireParametres(LireMod(*mod).parametres).lignesSup;
+  const double individus = LireParametres(LireMod(*mod).parametres, contexte.Nom(".MOD")).lignesSup;
   return static_cast<double>(CompterLignes(*fi2)) == individus;
 }
 
@@ -116,10 +116,9 @@ void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, co
   const std::optional<Chemin> fj2 = contexte.Chercher(".FJ2");
   const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
   const std::size_t presentes = LirePoints(fi2, 0).noms.size();
-  const std::string_view relance = " : refaites les modalités et les facteurs"_w;
   if (presentes != individus && presentes != individus + lignes.colonnes)
     Refuser(Joindre({"*** Arret du programme : ", contexte.Nom(".FI2"), " n'a pas les individus de ",
-                     TexteDe(lignes.fichier.filename()), relance}));
+                     TexteDe(lignes.fichier.filename()), kRelancerLesFacteurs}));
   if (!faj) return;
   const std::size_t facteurs = LireFaj(*faj).Facteurs();
   std::vector<bool> actives;
@@ -132,12 +131,12 @@ void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, co
   if (deplace)
     Refuser(
         Joindre({"*** Arret du programme : l'individu ", Nombre(*deplace), " de ", TexteDe(lignes.fichier.filename()),
-                 " n'a pas les coordonnées de "_w, contexte.Nom(".FI2"), relance}));
+                 " n'a pas les coordonnées de "_w, contexte.Nom(".FI2"), kRelancerLesFacteurs}));
 }
 
 // The parameters of the table, whose remarks are kept; a table without the individuals has no ellipses.
 ParametresMod LireTableau(const Contexte& contexte, const FichierMod& mod, BilanEllipses& bilan) {
-  ParametresMod parametres = LireParametres(mod.parametres);
+  ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   bilan.remarques = parametres.remarques;
   if (parametres.burt != 1)
     Refuser("*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
@@ -170,7 +169,7 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
   const std::string_view analyse = DerniereAnalyse(contexte);
   bilan.fichiers = ChercherFichiers(contexte, analyse);
   ExigerTous(*bilan.fichiers);
-  bilan.etrangers = demande.remarques;
+  bilan.discordances = demande.remarques;
   const std::vector<Nuage> nuages = LireLesNuages(contexte, demande, analyse, bilan);
   for (std::size_t m = 0; m < nuages.size(); ++m) {
     if (nuages[m].effectif == 0) continue;

@@ -8,8 +8,7 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr double kUnites = 1000;   // thousandths of the window
-constexpr double kTolerance = 10;  // of them: half a side of the small box around a point
+constexpr double kTolerance = 10;  // units of the window: half a side of the small box around a point
 
 std::string Concordance(const Contexte& contexte, std::size_t individu) {
   if (const std::optional<Chemin> donnees = contexte.Chercher(".DAT")) {
@@ -30,8 +29,8 @@ std::string Concordance(const Contexte& contexte, std::size_t individu) {
 std::vector<std::size_t> ElementsSous(const EtatPlan& etat, const Dessin& dessin, Position page) {
   const Position place = dessin.VersUtilisateur(page);
   const Fenetre& f = etat.cadre.limites;
-  const double x = kTolerance * (f.droite - f.gauche) / kUnites;
-  const double y = kTolerance * (f.haut - f.bas) / kUnites;
+  const double x = kTolerance * (f.droite - f.gauche) / kUnitesDeFenetre;
+  const double y = kTolerance * (f.haut - f.bas) / kUnitesDeFenetre;
   std::vector<std::pair<double, std::size_t>> trouves;
   std::int32_t dernier = -1;
   for (const Forme& forme : dessin.Formes()) {

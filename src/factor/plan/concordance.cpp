@@ -37,7 +37,8 @@ void ChercherLesAges(const Contexte& contexte, DonneesPlan& donnees) {
                                Descendance{".CAH", ".FAJ", SujetDuPlan::Arbre, donnees.cah.has_value()},
                                Descendance{analyse, ".FAJ", SujetDuPlan::Plan, !donnees.parts.empty()}}) {
     if (!d.lu || !EstPlusAncien(contexte.Chercher(d.fichier), contexte.Chercher(d.origine))) continue;
-    donnees.etrangers.push_back({d.sujet, Discordance::PlusAncien, {contexte.Nom(d.fichier), contexte.Nom(d.origine)}});
+    donnees.discordances.push_back(
+        {d.sujet, GenreDeDiscordance::PlusAncien, {contexte.Nom(d.fichier), contexte.Nom(d.origine)}});
     if (d.fichier == analyse) donnees.parts.clear();
   }
 }
@@ -60,7 +61,7 @@ bool HorsDuPlan(const DonneesPlan& donnees, const tables::Lien& lien) {
 void EcarterLiens(const Contexte& contexte, DonneesPlan& donnees) {
   const auto horsDuPlan = [&](const tables::Lien& lien) { return HorsDuPlan(donnees, lien); };
   const auto ecarter = [&](std::vector<tables::Lien>& liens, std::string_view extension, SujetDuPlan sujet) {
-    donnees.etrangers.push_back({sujet, Discordance::AutresLiens, {contexte.Nom(extension)}});
+    donnees.discordances.push_back({sujet, GenreDeDiscordance::AutresLiens, {contexte.Nom(extension)}});
     liens.clear();
   };
   if (donnees.liensPresents &&
@@ -71,40 +72,41 @@ void EcarterLiens(const Contexte& contexte, DonneesPlan& donnees) {
     ecarter(donnees.liensLignes, ".PEL", SujetDuPlan::LiensDeLignes);
 }
 
-std::optional<Etranger> EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
+std::optional<Discordance> EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences,
+                                        DonneesPlan& donnees) {
   if (!donnees.cah) return std::nullopt;
-  const auto etranger = [&](Discordance discordance) {
-    return Etranger{SujetDuPlan::Arbre, discordance, {contexte.Nom(".CAH")}};
+  const auto deLArbre = [&](GenreDeDiscordance genre) {
+    return Discordance{SujetDuPlan::Arbre, genre, {contexte.Nom(".CAH")}};
   };
   if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus) &&
       (donnees.cah->individus || CoordonneesSontDesModalites(contexte))) {
     if (!ArbreEstDesCoordonnees(contexte, *donnees.cah))
-      donnees.etrangers.push_back(etranger(Discordance::AutresCoordonnees));
+      donnees.discordances.push_back(deLArbre(GenreDeDiscordance::AutresCoordonnees));
     return std::nullopt;
   }
-  if (exigences.cah) return etranger(Discordance::AutreArbre);
-  donnees.etrangers.push_back(etranger(Discordance::AutreArbre));
+  if (exigences.cah) return deLArbre(GenreDeDiscordance::AutreArbre);
+  donnees.discordances.push_back(deLArbre(GenreDeDiscordance::AutreArbre));
   donnees.cah.reset();
   return std::nullopt;
 }
 
 }  // namespace
 
-std::optional<Etranger> EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences,
-                                         DonneesPlan& donnees) {
+std::optional<Discordance> ReleverDiscordances(const Contexte& contexte, const ExigencesGraphe& exigences,
+                                               DonneesPlan& donnees) {
   const auto sansPlace =
       std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
                     [](const PointPlan& point) { return !point.place; });
   if (sansPlace > 0)
-    donnees.etrangers.push_back({SujetDuPlan::Plan,
-                                 Discordance::SansPlace,
-                                 {contexte.Nom(".MOD"), contexte.Nom(".FAJ")},
-                                 static_cast<std::int64_t>(sansPlace)});
+    donnees.discordances.push_back({SujetDuPlan::Plan,
+                                    GenreDeDiscordance::SansPlace,
+                                    {contexte.Nom(".MOD"), contexte.Nom(".FAJ")},
+                                    static_cast<std::int64_t>(sansPlace)});
   ChercherLesAges(contexte, donnees);
   if (!CoordonneesSontDuTableau(contexte))
-    donnees.etrangers.push_back({SujetDuPlan::Coordonnees,
-                                 Discordance::AutreTableau,
-                                 {contexte.Nom(".FAJ"), contexte.Nom(".BRT"), contexte.Nom(".MOD")}});
+    donnees.discordances.push_back({SujetDuPlan::Coordonnees,
+                                    GenreDeDiscordance::AutreTableau,
+                                    {contexte.Nom(".FAJ"), contexte.Nom(".BRT"), contexte.Nom(".MOD")}});
   EcarterLiens(contexte, donnees);
   return EcarterArbre(contexte, exigences, donnees);
 }

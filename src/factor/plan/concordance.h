@@ -5,15 +5,15 @@
 #include <optional>
 
 #include "core/programme/programme.h"
-#include "factor/plan/etrangers.h"
+#include "factor/plan/discordances.h"
 #include "factor/plan/plan.h"
 
 namespace quelvar::factor {
 
-// Adds to the `etrangers` of the plane what does not belong to it, and takes it out where its elements are not those of
-// the plane. Returns what stops the run: a tree that was asked for and is another table's. Raises the failures of
+// Adds to the `discordances` of the plane what does not belong to it, and takes it out where its elements are not those
+// of the plane. Returns what stops the run: a tree that was asked for and is another table's. Raises the failures of
 // reading.
-std::optional<Etranger> EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences,
-                                         DonneesPlan& donnees);
+std::optional<Discordance> ReleverDiscordances(const Contexte& contexte, const ExigencesGraphe& exigences,
+                                               DonneesPlan& donnees);
 
 }  // namespace quelvar::factor

@@ -11,9 +11,8 @@ namespace quelvar::factor {
 
 namespace {
 
-// Units: thousandths of the window on each axis.
-constexpr double kUnites = 1000;
-constexpr double kMarge = 60;         // by which the window is widened on each side
+// Units of the window on each axis.
+constexpr double kMarge = 60;         // by which it is widened on each side
 constexpr double kMargeDuCadre = 55;  // of the box around it
 
 // The page, points.
@@ -125,8 +124,8 @@ Dessin PageDuPlan(const CadrePlan& cadre) {
   const double largeur = kLargeurPage * cadre.page;
   const double utile = largeur - kMargeGauche - kMargeDroite;
   const Fenetre& f = cadre.limites;
-  const double x = kMarge * (f.droite - f.gauche) / kUnites;
-  const double y = kMarge * (f.haut - f.bas) / kUnites;
+  const double x = kMarge * (f.droite - f.gauche) / kUnitesDeFenetre;
+  const double y = kMarge * (f.haut - f.bas) / kUnitesDeFenetre;
   return {largeur,
           utile * kHauteurSurLargeur + kMargeHaut + kMargeBas,
           {f.gauche - x, f.droite + x, f.haut + y, f.bas - y},
@@ -136,8 +135,8 @@ Dessin PageDuPlan(const CadrePlan& cadre) {
 TraceDuPlan::TraceDuPlan(const EtatPlan& etat)
     : etat_(etat), donnees_(etat.donnees), reglages_(etat.reglages), dessin_(PageDuPlan(etat.cadre)) {
   const Fenetre& f = etat.cadre.limites;
-  const double x = kMargeDuCadre * (f.droite - f.gauche) / kUnites;
-  const double y = kMargeDuCadre * (f.haut - f.bas) / kUnites;
+  const double x = kMargeDuCadre * (f.droite - f.gauche) / kUnitesDeFenetre;
+  const double y = kMargeDuCadre * (f.haut - f.bas) / kUnitesDeFenetre;
   const Position coin = dessin_.VersPage({f.gauche - x, f.haut + y});
   const Position oppose = dessin_.VersPage({f.droite + x, f.bas - y});
   cadre_ = {coin.x, coin.y, oppose.x - coin.x, oppose.y - coin.y};

@@ -9,8 +9,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr double kMilliemesDeFenetre = 1000;  // what a move of the picture is told in
-
 // Applies an axis; what is not one of the factors is told.
 std::string ReglerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view nom, std::string_view texte) {
   if (texte.empty() || FixerAxe(donnees, axe, texte)) return {};
@@ -38,16 +36,8 @@ std::string ReglerCah(const OptionsGraphe& options, EtatPlan& etat) {
 }
 
 std::string Marquer(const std::vector<std::string>& noms, EtatPlan& etat) {
-  for (const std::string& nom : noms) {
-    bool trouve = false;
-    for (std::size_t i = 0; i < etat.donnees.points.size() && !trouve; ++i) {
-      if (!EgalSansCasse(Rogner(etat.donnees.points[i].nom), Rogner(nom))) continue;
-      trouve = true;
-      if (etat.reglages.marques[i] == 0) BasculerMarque(etat, i);
-    }
-    if (!trouve) return Joindre({"*** Arrêt du programme : aucun élément n'a le nom "_w, nom});
-  }
-  return {};
+  const std::optional<std::string> absent = MarquerParNoms(etat, noms);
+  return absent ? Joindre({"*** Arrêt du programme : aucun élément n'a le nom "_w, *absent}) : std::string();
 }
 
 // Each option that is a setting of the plane as it stands, with that setting.
@@ -110,8 +100,8 @@ void ReglerCadre(const OptionsGraphe& options, EtatPlan& etat) {
   f = {centre.x + (f.gauche - centre.x) * x, centre.x + (f.droite - centre.x) * x, centre.y + (f.haut - centre.y) * y,
        centre.y + (f.bas - centre.y) * y};
   Glisser(etat, {},
-          {options.versLaDroite * (f.droite - f.gauche) / kMilliemesDeFenetre,
-           options.versLeHaut * (f.haut - f.bas) / kMilliemesDeFenetre});
+          {options.versLaDroite * (f.droite - f.gauche) / kUnitesDeFenetre,
+           options.versLeHaut * (f.haut - f.bas) / kUnitesDeFenetre});
 }
 
 void EcrireImage(const Contexte& contexte, const EtatPlan& etat, const OptionsGraphe& options) {
@@ -187,13 +177,6 @@ std::string TexteDOption(const AxePlan& axe, const AxePlan& depart) {
   return axe.cpf && axe.facteur != depart.facteur ? Joindre({"C", Nombre(axe.facteur)}) : TexteAxe(axe);
 }
 
-std::vector<std::string> NomsMarques(const EtatPlan& etat) {
-  std::vector<std::string> noms;
-  for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
-    if (etat.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat.donnees.points[i].nom));
-  return noms;
-}
-
 void DireLesLiens(const ReglagesLiens& liens, OptionsGraphe& options) {
   options.liens = liens.actif && !liens.lignes;
   options.liensDeLignes = liens.actif && liens.lignes;
@@ -218,9 +201,8 @@ void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
   options.page = entier(100 * etat.cadre.page);
   options.zoomLargeur = entier(100 * etat.cadre.page * (depart.droite - depart.gauche) / largeur);
   options.zoomHauteur = entier(100 * etat.cadre.page * (depart.haut - depart.bas) / hauteur);
-  options.versLaDroite =
-      entier(kMilliemesDeFenetre / 2 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
-  options.versLeHaut = entier(kMilliemesDeFenetre / 2 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
+  options.versLaDroite = entier(kUnitesDeFenetre / 2 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
+  options.versLeHaut = entier(kUnitesDeFenetre / 2 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
 }
 
 }  // namespace

@@ -13,8 +13,8 @@
 namespace quelvar::factor {
 
 // Reads .MOD, .FAJ, .FAI, .PEM, .PEL, .CAH and the shares of the factors in the last report (.AFC or .ACP), and starts
-// the report .PRT. The run can't do without the files of `exigences`, another one goes on without them. Nothing when
-// it has ended there; its report is shown then.
+// the report .PRT. The run can't do without the files of `exigences`; it goes on without the others. Nothing when it
+// has ended there; its report is shown then.
 std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences = {});
 
 // Computes the ellipses asked for, which starts .PRT anew; without any, leaves everything as it is. False when the run

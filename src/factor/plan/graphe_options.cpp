@@ -9,8 +9,8 @@ namespace {
 using O = OptionsGraphe;
 using Textes = std::vector<std::string>;
 
-constexpr int kLiensAuPlus = 999999999;
-constexpr int kClassesAuPlus = 99999;
+constexpr int kLiensAuPlus = 999999999;  // as many digits as an option takes
+constexpr int kClassesAuPlus = 99999;    // more than a tree that fits the memory leaves
 // The limits of the picture.
 constexpr int kZoomAuMoins = 10;  // percent
 constexpr int kZoomAuPlus = 10000;

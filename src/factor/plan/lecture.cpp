@@ -89,8 +89,11 @@ void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Donne
     donnees.cah = LireCah(*cah);
   } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    donnees.etrangers.push_back(
-        {SujetDuPlan::Arbre, Discordance::Illisible, {contexte.Nom(".CAH")}, 0, TexteErreurDuFichierNomme(erreur)});
+    donnees.discordances.push_back({SujetDuPlan::Arbre,
+                                    GenreDeDiscordance::Illisible,
+                                    {contexte.Nom(".CAH")},
+                                    0,
+                                    TexteErreurDuFichierNomme(erreur)});
   }
 }
 

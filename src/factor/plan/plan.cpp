@@ -12,9 +12,11 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr double kEtendueParDefaut = 100;  // half a window without any extent, thousandths
-constexpr double kEtendueMinimum = 0.01;
+// Sides of a window, thousandths of a coordinate.
+constexpr double kEtendueParDefaut = 100;  // half of one without any extent
+constexpr double kEtendueMinimum = 0.01;   // far below and far above any plane, with digits left for its ticks
 constexpr double kEtendueMaximum = 1e9;
+// A move, units of the window: from hardly seen to half of it.
 constexpr double kPasMinimum = 5;
 constexpr double kPasMaximum = 500;
 
@@ -196,8 +198,8 @@ void ChangerPage(EtatPlan& etat, bool plus) {
 void DeplacerImage(EtatPlan& etat, int versLaDroite, int versLeHaut) {
   const Fenetre& f = etat.cadre.limites;
   const Position centre = Centre(f);
-  const double x = versLaDroite * etat.pas * Largeur(f) / 1000;
-  const double y = versLeHaut * etat.pas * Hauteur(f) / 1000;
+  const double x = versLaDroite * etat.pas * Largeur(f) / kUnitesDeFenetre;
+  const double y = versLeHaut * etat.pas * Hauteur(f) / kUnitesDeFenetre;
   Glisser(etat, centre, {centre.x + x, centre.y + y});
 }
 
@@ -250,6 +252,28 @@ void BasculerMarque(EtatPlan& etat, std::size_t element) {
 bool PorteUneMarque(const EtatPlan& etat, std::uint8_t code) {
   const std::vector<std::uint8_t>& marques = etat.reglages.marques;
   return std::find(marques.begin(), marques.end(), code) != marques.end();
+}
+
+std::optional<std::string> MarquerParNoms(EtatPlan& etat, const std::vector<std::string>& noms) {
+  const std::vector<PointPlan>& points = etat.donnees.points;
+  std::vector<std::uint8_t> marques(points.size(), 0);
+  for (const std::string& nom : noms) {
+    const auto trouve = std::find_if(points.begin(), points.end(), [&](const PointPlan& point) {
+      return EgalSansCasse(Rogner(point.nom), Rogner(nom));
+    });
+    if (trouve == points.end()) return nom;
+    const auto element = static_cast<std::size_t>(trouve - points.begin());
+    marques[element] = element < etat.donnees.colonnes ? kMarqueColonne : kMarqueLigne;
+  }
+  etat.reglages.marques = std::move(marques);
+  return std::nullopt;
+}
+
+std::vector<std::string> NomsMarques(const EtatPlan& etat) {
+  std::vector<std::string> noms;
+  for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
+    if (etat.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat.donnees.points[i].nom));
+  return noms;
 }
 
 LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
@@ -317,8 +341,8 @@ DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
   demande.horizontal = {reglages.horizontal.facteur, reglages.horizontal.inverse};
   demande.vertical = {reglages.vertical.facteur, reglages.vertical.inverse};
   demande.echelle = etat.donnees.echelle;
-  demande.remarques = RemarquesDesEllipses(etat.donnees.etrangers);
-  for (std::string& remarque : RemarquesDesFichiers(etat.donnees.etrangers, FichiersMontres(etat)))
+  demande.remarques = RemarquesDesEllipses(etat.donnees.discordances);
+  for (std::string& remarque : RemarquesDesFichiers(etat.donnees.discordances, FichiersMontres(etat)))
     demande.remarques.push_back(std::move(remarque));
   demande.choix = reglages.ellipses;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {

@@ -17,12 +17,13 @@
 #include "factor/classement/coupe.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/plan/arbre.h"
-#include "factor/plan/etrangers.h"
+#include "factor/plan/discordances.h"
 #include "tables/liens/liens.h"
 
 namespace quelvar::factor {
 
 inline constexpr double kHauteurSurLargeur = 0.767;  // of the window, and of the picture
+inline constexpr double kUnitesDeFenetre = 1000;     // moves, margins and small boxes are in thousandths of the window
 
 // --- what the files give ---
 
@@ -47,8 +48,8 @@ struct DonneesPlan {
   std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
   std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
-  bool arbrePresent = false;        // .CAH exists
-  std::vector<Etranger> etrangers;  // what is not of the same state of the table
+  bool arbrePresent = false;              // .CAH exists
+  std::vector<Discordance> discordances;  // what is not of the same state of the table
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
 };
@@ -65,8 +66,8 @@ struct AxePlan {
   bool inverse = false;
 };
 
-inline constexpr int kNiveauCpfAuPlus = 1000;  // per thousand
-inline constexpr double kLimiteDeLienAuPlus = 1000;
+inline constexpr int kNiveauCpfAuPlus = 1000;         // per mille
+inline constexpr double kLimiteDeLienAuPlus = 1000;   // percent: beyond every link
 inline constexpr double kEcMinDesLiensDeLignes = 90;  // lower limit that goes with the links of the .PEL
 
 struct ReglagesLiens {
@@ -129,7 +130,7 @@ struct EtatPlan {
   std::vector<EllipsesDeModalite> ellipses;
   Coefficient coefficient = Coefficient::Moyen;
   DimensionPlan dimension = DimensionPlan::Toutes;
-  double pas = 50;  // of a move, in units of a thousandth of the window
+  double pas = 50;  // of a move, units of the window
 };
 
 // Factors 1, 2 and 3, every element, the whole tree. With a single factor the vertical axis shows its CPF.
@@ -171,6 +172,11 @@ void EchangerAxes(EtatPlan& etat);
 // Marks an element that is not, and the other way round.
 void BasculerMarque(EtatPlan& etat, std::size_t element);
 bool PorteUneMarque(const EtatPlan& etat, std::uint8_t code);
+// Marks the elements of these names (without regard to case) and no other one. Returns the first name that no element
+// has: the marks are then what they were.
+std::optional<std::string> MarquerParNoms(EtatPlan& etat, const std::vector<std::string>& noms);
+// The names of the marked elements, trimmed, in their order.
+std::vector<std::string> NomsMarques(const EtatPlan& etat);
 
 // --- links, classes, ellipses ---
 

@@ -1,4 +1,5 @@
 // The preparation of the factor graph: its files as a plane, and the report on them.
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "factor/plan/concordance.h"
 #include "factor/plan/graphe.h"
@@ -66,7 +67,7 @@ void DireLesRemarques(Rapport& rapport, const Dialogue& ecran, const std::vector
   if (remarques.empty()) return;
   std::string boite;
   for (const std::string& remarque : remarques) {
-    rapport.Ligne({"*** Attention : ", remarque});
+    rapport.Ligne({kAttention, remarque});
     boite += (boite.empty() ? "" : "\r\n") + remarque;
   }
   ecran.demander(boite, Boutons::Ok);
@@ -76,7 +77,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   ExigerFichiersDuGraphe(rapport, contexte, exigences);
   ImprimerNoms(rapport, contexte);
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
-  const ParametresMod parametres = LireParametres(mod.parametres);
+  const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
     ArreterSi(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});
@@ -85,9 +86,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   AffinerCoordonnees(contexte, donnees);
   ImprimerNombresDeModalites(rapport, CompterModalites(donnees));
   LireAutourDuPlan(contexte, exigences, donnees);
-  const std::optional<Etranger> arret = EcarterEtrangers(contexte, exigences, donnees);
-  std::vector<std::string> remarques = RemarquesDuPlan(donnees.etrangers);
-  for (std::string& remarque : RemarquesDesFichiers(donnees.etrangers, exigences))
+  const std::optional<Discordance> arret = ReleverDiscordances(contexte, exigences, donnees);
+  std::vector<std::string> remarques = RemarquesDuPlan(donnees.discordances);
+  for (std::string& remarque : RemarquesDesFichiers(donnees.discordances, exigences))
     remarques.push_back(std::move(remarque));
   DireLesRemarques(rapport, contexte.Ecran(), remarques);
   if (arret) ArreterSi(rapport, contexte, {Joindre({"*** Arret du programme : ", PhraseDe(*arret)})});

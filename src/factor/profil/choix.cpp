@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/parametres.h"
 #include "core/programme/report.h"
 
@@ -9,7 +10,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
 constexpr char kBlanc = '~';
 constexpr std::string_view kSeparateurs = ",:;/.=";  // what the reading of line 2 takes for blanks or for a sign
 
@@ -19,7 +19,7 @@ std::string TexteDuChoix(const std::vector<std::string>& noms) {
   std::string texte;
   for (const std::string& nom : noms) {
     if (!texte.empty()) texte += kBlanc;
-    texte += CadreGauche(nom, kLargeurNom);
+    texte += CadreGauche(nom, kLargeurDeModalite);
   }
   std::replace(texte.begin(), texte.end(), ' ', kBlanc);
   return texte;
@@ -29,8 +29,8 @@ std::vector<std::string> NomsDuChoix(std::string_view texte) {
   std::string choix(texte);
   std::replace(choix.begin(), choix.end(), kBlanc, ' ');
   std::vector<std::string> noms;
-  for (std::size_t i = 0; i < choix.size(); i += kLargeurNom + 1)
-    noms.push_back(CadreGauche(std::string_view(choix).substr(i), kLargeurNom));
+  for (std::size_t i = 0; i < choix.size(); i += kLargeurDeModalite + 1)
+    noms.push_back(CadreGauche(std::string_view(choix).substr(i), kLargeurDeModalite));
   return noms;
 }
 
@@ -66,7 +66,7 @@ std::string LigneDuChoix(std::string_view parametres, const std::vector<std::str
 
 void RendreMarque(std::string& texte) {
   if (MarqueDeTexte(texte).find_first_of("RXY") != std::string_view::npos) return;
-  texte.replace(kLargeurNom, 3, EstSupplementaire(texte) ? " S " : "   ");
+  texte.replace(kLargeurDeModalite, kLargeurDeMarque, EstSupplementaire(texte) ? kMarqueSupplementaire : kMarqueActive);
 }
 
 }  // namespace quelvar::factor

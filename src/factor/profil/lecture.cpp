@@ -6,6 +6,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/texte/nombres.h"
+#include "factor/cellules.h"
 
 namespace quelvar::factor {
 
@@ -167,7 +168,7 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   LecteurLignes lecteur(brt);
   const auto lireLigne = [&](std::size_t i) {
     const std::string_view ligne = lecteur.LireObligatoire();
-    const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurDeModalite + 1 + j * largeur, largeur); };
+    const auto cellule = [&](std::size_t j) { return CelluleDeLigne(ligne, j, largeur); };
     const auto verifier = [&](std::size_t j) {
       if (EstEffectif(cellule(j), largeur) || comptes.douteuses++ > 0) return;
       comptes.premiereDouteuse =

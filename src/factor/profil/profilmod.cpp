@@ -1,12 +1,12 @@
 #include "factor/profil/profilmod.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <utility>
 
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
-#include "core/enquete/noms.h"
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
@@ -15,6 +15,7 @@
 #include "factor/profil/dessin.h"
 #include "factor/profil/edition.h"
 #include "factor/profil/lecture.h"
+#include "factor/profil/noms.h"
 
 namespace quelvar::factor {
 
@@ -50,97 +51,33 @@ void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fi
 }
 
 // Tells the names that are not what they should be, and stops for any.
-class Controle {
- public:
-  explicit Controle(Rapport& rapport) : rapport_(rapport) {}
-
-  void Faute(Texte ligne) {
-    rapport_.Ligne(ligne);
-    fautif_ = true;
-  }
-  void Conclure(const Dialogue& dialogue) {
-    if (!fautif_) return;
-    Avertir(rapport_, dialogue, "Arrêt : nom de modalité non trouvé"_w);
-    throw Erreur(kArretAnnonce);
-  }
-
- private:
-  Rapport& rapport_;
-  bool fautif_ = false;
-};
-
-// The modalities by their names, blanks around them aside: a choice may name thousands of them.
-class Annuaire {
- public:
-  explicit Annuaire(const std::vector<Modalite>& modalites) : modalites_(modalites) {
-    for (std::size_t i = 0; i < modalites.size(); ++i) rangs_[Rogner(modalites[i].nom)].push_back(i);
-  }
-
-  // As SeuleModalite finds them.
-  std::optional<std::size_t> Chercher(std::string_view nom) const {
-    const auto trouve = rangs_.find(Rogner(nom));
-    if (trouve == rangs_.end() || trouve->first.empty()) return std::nullopt;
-    if (trouve->second.size() > 1) return SeuleModalite(modalites_, nom);
-    return trouve->second.front();
-  }
-
- private:
-  const std::vector<Modalite>& modalites_;
-  std::unordered_map<std::string_view, std::vector<std::size_t>> rangs_;
-};
+void ArreterSurLesNoms(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& fautes) {
+  if (fautes.empty()) return;
+  rapport.Lignes(fautes);
+  Avertir(rapport, ecran, "Arrêt : nom de modalité non trouvé"_w);
+  throw Erreur(kArretAnnonce);
+}
 
 // Ranks of the chosen modalities.
-std::vector<std::size_t> TrouverChoisies(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
-                                         const ParametresMod& parametres) {
-  Controle controle(rapport);
-  std::vector<std::size_t> choisies;
-  if (!parametres.modPresent || parametres.mod.empty()) controle.Faute("Erreur : nom de MOD= non trouvé"_w);
-  const Annuaire annuaire(mod.modalites);
-  for (const std::string& nom : NomsDuChoix(parametres.mod)) {
-    if (const std::optional<std::size_t> rang = annuaire.Chercher(nom)) choisies.push_back(*rang);
-    else controle.Faute(Joindre({"Erreur : ", nom, " non trouvé"_w}));
-  }
-  controle.Conclure(contexte.Ecran());
-  for (const std::size_t rang : choisies)
-    if (Rogner(mod.modalites[rang].intitule).empty()) {
-      Avertir(rapport, contexte.Ecran(), "Attention : intitulé long  MOD= non trouvé"_w);
-      break;
-    }
-  return choisies;
+std::vector<std::size_t> ExigerChoisies(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
+                                        const ParametresMod& parametres) {
+  ModalitesChoisies choisies = TrouverChoisies(mod.modalites, parametres.modPresent ? parametres.mod : std::string());
+  ArreterSurLesNoms(rapport, contexte.Ecran(), choisies.fautes);
+  const auto sansIntitule = [&](std::size_t rang) { return Rogner(mod.modalites[rang].intitule).empty(); };
+  if (std::ranges::any_of(choisies.rangs, sansIntitule))
+    Avertir(rapport, contexte.Ecran(), "Attention : intitulé long  MOD= non trouvé"_w);
+  return std::move(choisies.rangs);
 }
 
 std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
                                         const FichierPos& pos) {
-  Controle controle(rapport);
-  std::vector<CodeDeModalite> codes;
-  std::vector<bool> vues(pos.questions.size());
-  const auto exigerSeule = [&](std::size_t question) {
-    if (vues[question]) return;
-    vues[question] = true;
-    const std::string& nom = pos.questions[question].nom;
-    if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
-      throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, rangs));
-  };
-  std::optional<CodeDeModalite> precedente;
-  for (const Modalite& modalite : mod.modalites) {
-    codes.emplace_back();
-    const FauteDeNom faute = LireNomDeModalite(pos, modalite.nom, precedente, codes.back());
-    precedente = faute == FauteDeNom::Aucune ? std::optional(codes.back()) : std::nullopt;
-    switch (faute) {
-      case FauteDeNom::Aucune: exigerSeule(codes.back().question); break;
-      case FauteDeNom::Inconnue: controle.Faute(Joindre({"Erreur : ", modalite.nom, " non trouvé"_w})); break;
-      case FauteDeNom::HorsNorme:
-        controle.Faute(Joindre({"Erreur : valeur de modalité "_w, modalite.nom, " hors norme"}));
-        break;
-      case FauteDeNom::Partagee:
-        controle.Faute(Joindre({"Erreur : ", modalite.nom,
-                                " peut être une modalité de plusieurs questions, dont les noms commencent de même : "
-                                "changez le nom de l'une dans le fichier *.POS"_w}));
-        break;
-    }
+  CodesDesModalites trouves = TrouverCodes(mod.modalites, pos);
+  if (!trouves.homonymes.empty()) {
+    rapport.Lignes(trouves.fautes);
+    throw Erreur(kIncompatibiliteType, trouves.homonymes);
   }
-  controle.Conclure(contexte.Ecran());
-  return codes;
+  ArreterSurLesNoms(rapport, contexte.Ecran(), trouves.fautes);
+  return std::move(trouves.codes);
 }
 
 // Without data the counts are those of the Burt table: a table whose rows are not its columns has none of them.
@@ -246,21 +183,22 @@ std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, con
   return sorties.Achever(contexte.Nom(".MOD"));
 }
 
-void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const OptionsProfil& options) {
+std::vector<ProfilDeModalite> ProfilerModalites(Rapport& rapport, const Contexte& contexte,
+                                                const OptionsProfil& options) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
   ImprimerBandeau(rapport, "Profil d'une modalité"_w);
   const Fichiers fichiers = TrouverFichiers(contexte, rapport);
   ImprimerNoms(rapport, contexte, fichiers);
   const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
-  const ParametresMod parametres = LireParametres(mod.parametres);
+  const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   ExigerEcriture(contexte, rapport, options.fichier);
   if (!fichiers.donnees && parametres.largeur <= 0) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
     throw Erreur(kArretAnnonce);
   }
-  const std::vector<std::size_t> choisies = TrouverChoisies(rapport, contexte, mod, parametres);
+  const std::vector<std::size_t> choisies = ExigerChoisies(rapport, contexte, mod, parametres);
   constexpr std::uint64_t kMemoireDUneLigne = 300;  // count, measures and texts of a modality in a profile
   constexpr std::uint64_t kOctetsDUneLigne = 120;   // of the report
   const std::uint64_t lignesDeProfil = std::uint64_t{choisies.size()} * mod.modalites.size();
@@ -275,22 +213,28 @@ void ProfilerModalites(Rapport& rapport, const Contexte& contexte, const Options
   sorties.Valider();
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
-  if (options.profils != nullptr) *options.profils = std::move(profils);
+  return profils;
 }
 
 }  // namespace
 
 Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
-                          const std::vector<std::string>& noms, const OptionsProfil& options) {
+                          const std::vector<std::string>& noms, const OptionsProfil& options,
+                          std::vector<ProfilDeModalite>& profils) {
   return ExecuterProgramme(contexte, contexte.Nom(".PR2"), LibellesSansTexte(), [&](Rapport& rapport) {
     EnregistrerChoix(contexte, textes, noms);
-    ProfilerModalites(rapport, contexte, options);
+    profils = ProfilerModalites(rapport, contexte, options);
   });
 }
 
-Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
+Fin DresserProfils(const Contexte& contexte, const OptionsProfil& options, std::vector<ProfilDeModalite>& profils) {
   return ExecuterProgramme(contexte, contexte.Nom(".PR2"), LibellesSansTexte(),
-                           [&](Rapport& rapport) { ProfilerModalites(rapport, contexte, options); });
+                           [&](Rapport& rapport) { profils = ProfilerModalites(rapport, contexte, options); });
+}
+
+Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options) {
+  std::vector<ProfilDeModalite> profils;
+  return DresserProfils(contexte, options, profils);
 }
 
 EtatProfil ChargerProfil(const Contexte& contexte) {

@@ -17,7 +17,6 @@ struct OptionsProfil {
   std::optional<std::vector<std::string>>
       modalites{};  // kept on line 2 of the .MOD before the run; what it holds without them
   std::vector<std::pair<std::string, std::string>> intitules{};  // name and new label, written with them
-  std::vector<ProfilDeModalite>* profils = nullptr;              // if given, receives what is printed, for the picture
   std::string fichier{};                                         // picture of the first profile, in SVG; empty for none
 
   bool operator==(const OptionsProfil&) const = default;
@@ -25,6 +24,8 @@ struct OptionsProfil {
 
 // Report: generic and ".PR2".
 Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options);
+// The same; `profils` receives what is printed, for the picture.
+Fin DresserProfils(const Contexte& contexte, const OptionsProfil& options, std::vector<ProfilDeModalite>& profils);
 
 // What the form works on; without a list, the lines of `message` tell why.
 struct EtatProfil {
@@ -39,7 +40,8 @@ void EnregistrerChoix(const Contexte& contexte, const std::vector<std::string>& 
 
 // The button of the form: the same, then the run on what was written.
 Fin EnregistrerEtProfiler(const Contexte& contexte, const std::vector<std::string>& textes,
-                          const std::vector<std::string>& noms, const OptionsProfil& options);
+                          const std::vector<std::string>& noms, const OptionsProfil& options,
+                          std::vector<ProfilDeModalite>& profils);
 
 // The form left without a run: the report says so.
 Fin AbandonnerProfil(const Contexte& contexte);

@@ -119,8 +119,7 @@ TEST_F(RunProfil, LongCodesAreReadFromTheirTwoDigits) {
   std::vector<ProfilDeModalite> profils;
   OptionsProfil options;
   options.modalites = {{"NB36"}};
-  options.profils = &profils;
-  ASSERT_EQ(ProfilMod(contexte_, options), Fin::Normale) << montre_;
+  ASSERT_EQ(DresserProfils(contexte_, options, profils), Fin::Normale) << montre_;
   ASSERT_EQ(profils.size(), 1U);
   for (const LigneDeProfil& ligne : profils[0].lignes) EXPECT_EQ(ligne.attraction.pem, -100) << ligne.nom;
 }
@@ -134,8 +133,7 @@ TEST_F(RunProfil, ANameThatSeveralQuestionsGiveGoesWithTheOneBeforeIt) {
     std::vector<ProfilDeModalite> profils;
     OptionsProfil options;
     options.nonTri = true;
-    options.profils = &profils;
-    if (ProfilMod(contexte_, options) != Fin::Normale) return std::string("arrêt"_w);
+    if (DresserProfils(contexte_, options, profils) != Fin::Normale) return std::string("arrêt"_w);
     std::string texte;
     for (const LigneDeProfil& ligne : profils[0].lignes)
       texte += Joindre({ligne.nom, " ", Nombre(ligne.ensemble), " "});

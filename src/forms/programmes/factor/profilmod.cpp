@@ -95,10 +95,9 @@ void ProfilMod::Enregistrer() {
     return;
   }
   std::vector<factor::ProfilDeModalite> profils;
-  factor::OptionsProfil options = OptionsDesControles(*this, factor::DescriptionProfilMod());
-  options.profils = &profils;
-  const std::optional<Fin> fin =
-      LancerEtape([&](const Contexte& sur) { return factor::EnregistrerEtProfiler(sur, etat_.textes, noms, options); });
+  const factor::OptionsProfil options = OptionsDesControles(*this, factor::DescriptionProfilMod());
+  const std::optional<Fin> fin = LancerEtape(
+      [&](const Contexte& sur) { return factor::EnregistrerEtProfiler(sur, etat_.textes, noms, options, profils); });
   if (fin != Fin::Normale) return;
   Services& services = services_;
   const Contexte contexte = contexte_;

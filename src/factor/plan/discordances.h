@@ -12,7 +12,7 @@ namespace quelvar::factor {
 // What a file is for: the plane, its coordinates (which ellipses do without), what is drawn over the points.
 enum class SujetDuPlan : std::uint8_t { Plan, Coordonnees, Liens, LiensDeLignes, Arbre };
 
-enum class Discordance : std::uint8_t {
+enum class GenreDeDiscordance : std::uint8_t {
   SansPlace,          // `nombre` modalities of the first file are not in the second one
   PlusAncien,         // the first file is older than the second one, which it was made of
   AutreTableau,       // coordinates that are not those of the table and of the statuses that the others hold
@@ -22,9 +22,9 @@ enum class Discordance : std::uint8_t {
   Illisible,          // `propos` tells why
 };
 
-struct Etranger {
+struct Discordance {
   SujetDuPlan sujet = SujetDuPlan::Plan;
-  Discordance discordance = Discordance::PlusAncien;
+  GenreDeDiscordance genre = GenreDeDiscordance::PlusAncien;
   std::vector<std::string> fichiers = {};  // names, in the order of the sentence
   std::int64_t nombre = 0;
   std::string propos = {};
@@ -37,12 +37,13 @@ struct ExigencesGraphe {
   bool cah = false;     // .CAH
 };
 
-bool Concerne(std::span<const Etranger> etrangers, SujetDuPlan sujet);
+bool Concerne(std::span<const Discordance> discordances, SujetDuPlan sujet);
 
-std::string PhraseDe(const Etranger& etranger);
+std::string PhraseDe(const Discordance& discordance);
 // What is to be told of every plane; of the ellipses on it; besides, when these files are drawn.
-std::vector<std::string> RemarquesDuPlan(std::span<const Etranger> etrangers);
-std::vector<std::string> RemarquesDesEllipses(std::span<const Etranger> etrangers);
-std::vector<std::string> RemarquesDesFichiers(std::span<const Etranger> etrangers, const ExigencesGraphe& fichiers);
+std::vector<std::string> RemarquesDuPlan(std::span<const Discordance> discordances);
+std::vector<std::string> RemarquesDesEllipses(std::span<const Discordance> discordances);
+std::vector<std::string> RemarquesDesFichiers(std::span<const Discordance> discordances,
+                                              const ExigencesGraphe& fichiers);
 
 }  // namespace quelvar::factor
