@@ -5,6 +5,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/arret.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
 
@@ -67,9 +68,7 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
   const bool mod = contexte.Chercher(".MOD").has_value();
   if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
   if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (brt && mod) return;
-  Avertir(rapport, contexte.Ecran(), kArretSansFichiers);
-  throw Erreur(kArretAnnonce);
+  if (!brt || !mod) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
 }
 
 Tableau LireTableau(const Contexte& contexte) {

@@ -9,6 +9,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
+#include "core/programme/arret.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
@@ -153,10 +154,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
   rapport.Ligne(LigneDesIndividus(individus));
   rapport.Ligne();
-  if (individus == 0) {
-    rapport.Ligne({"*** Le fichier ", nomDesDonnees, " est vide. Arrêt du programme"_w});
-    throw Erreur(kArretAnnonce);
-  }
+  if (individus == 0) Arreter(rapport, Joindre({"*** Le fichier ", nomDesDonnees, " est vide. Arrêt du programme"_w}));
   if (imprimer) ImprimerEnteteDeTable(rapport, variables);
   std::function<void(std::string_view)> suivre;
   if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
@@ -190,10 +188,7 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   if (dispersion.individus - p - 1 == 0) throw Erreur(kDivisionParZero);
   const Matrice moments = sommes.Symetrique();
   const std::optional<Matrice> inverse = InverseDesExplicatives(moments, dispersion);
-  if (!inverse) {
-    rapport.Ligne("Matrice non inversible");
-    throw Erreur(kArretAnnonce);
-  }
+  if (!inverse) Arreter(rapport, "Matrice non inversible");
   PrevenirDesPertes(rapport, variables, VariablesQuiPerdent(moments, *inverse));
   AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   if (ajustement.exact) {

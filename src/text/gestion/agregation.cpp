@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/listes.h"
@@ -177,8 +178,7 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
     agregation.table.lignes[TrouverLigne(agregation.table, nom, rapport)].marquee = true;
   const std::string_view refus = Agreger(agregation, action.intitule);
   if (refus.empty() || action.lignes.empty()) return;  // without a row the account says so, and the end of the run
-  rapport.Ligne({"*** ", refus});
-  throw Erreur(kArretAnnonce);
+  Arreter(rapport, Joindre({"*** ", refus}));
 }
 
 }  // namespace
