@@ -203,14 +203,13 @@ std::int64_t TraiterThemes(Rapport& rapport, const Entrees& entrees, const PlanL
 }
 
 void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::vector<std::size_t>& actives,
-                   const PlanLexical& plan, const std::vector<std::string>& lignes, int largeur,
-                   std::int64_t decimales) {
+                   const PlanLexical& plan, const std::vector<std::string>& lignes, int largeur, std::int64_t de) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   for (const std::string& ligne : lignes) brt.Ligne(ligne);
-  EcrireModLexical(mod, contexte.generique, plan, entrees.intitules, lignes, largeur, decimales);
+  EcrireModLexical(mod, contexte.generique, plan, entrees.intitules, lignes, largeur, de);
   sorties.Effacer(contexte.Nom(kMotsDesLignes));  // rows of the former table
   for (std::size_t i = 0; i < entrees.pos.lignes.size(); ++i) {
     const bool question = i >= 2 && i < entrees.pos.premiereApres;
@@ -242,11 +241,11 @@ void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& op
   PrevenirDesLignes(rapport, contexte, table);
   const int chiffres = static_cast<int>(Nombre(static_cast<std::int64_t>(table.plusGrande)).size());
   const int largeur = std::max({1, static_cast<int>(entrees.parametres.largeur), chiffres});
-  std::int64_t decimales = entrees.parametres.de;
-  if (options.themes.value_or(table.themes)) decimales = TraiterThemes(rapport, entrees, plan, table);
+  std::int64_t de = entrees.parametres.de;
+  if (options.themes.value_or(table.themes)) de = TraiterThemes(rapport, entrees, plan, table);
   const std::vector<std::string> lignes = LignesTriees(table, largeur, contexte.Ecran());
   rapport.Ligne("Un utilitaire de tri range les fréquences par ordre croissant"_w);
-  EcrireSorties(contexte, entrees, actives, plan, lignes, largeur, decimales);
+  EcrireSorties(contexte, entrees, actives, plan, lignes, largeur, de);
   ImprimerFin(rapport);
 }
 
