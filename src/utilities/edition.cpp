@@ -1,5 +1,6 @@
 #include "utilities/edition.h"
 
+#include "core/session/generiquelibre.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
@@ -58,11 +59,8 @@ void ImprimerReservesDeLInversion(Rapport& rapport, const ReservesDeLInversion& 
                    NombreNu(reserves.lignesLaissees)});
 }
 
-void ImprimerFinDeLInversion(Rapport& rapport, std::string_view ancien, std::string_view nouveau) {
-  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
-  rapport.Ligne();
-  rapport.Ligne({"    L'ancien générique était : "_w, ancien});
-  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+void ImprimerFinDeLInversion(Rapport& rapport, const Contexte& contexte, std::string_view nouveau) {
+  ImprimerChangementDeGenerique(rapport, contexte, nouveau, true);
   rapport.Ligne();
   rapport.Ligne("Programme normalement terminé"_w);
 }

@@ -22,6 +22,6 @@ void ImprimerReservesDeGendat(Rapport& rapport, const BilanGendat& bilan);
 
 void ImprimerReservesDeLInversion(Rapport& rapport, const ReservesDeLInversion& reserves);
 // The change from one generic to the other, each of its parts between empty lines.
-void ImprimerFinDeLInversion(Rapport& rapport, std::string_view ancien, std::string_view nouveau);
+void ImprimerFinDeLInversion(Rapport& rapport, const Contexte& contexte, std::string_view nouveau);
 
 }  // namespace quelvar::utilities

@@ -179,7 +179,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
   ImprimerReservesDeLInversion(rapport, ReservesDe(tableau, entier));
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
-  ImprimerFinDeLInversion(rapport, contexte.generique, nouveau);
+  ImprimerFinDeLInversion(rapport, contexte, nouveau);
 }
 
 }  // namespace
