@@ -39,8 +39,8 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte ti
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(extension)});
 }
 
-ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod) {
-  ParametresMod parametres = LireParametres(mod.parametres);
+ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Chemin& chemin) {
+  ParametresMod parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
   rapport.Lignes(parametres.remarques);
   if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
   return parametres;

@@ -71,11 +71,12 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
 }
 
 Tableau LireTableau(const Contexte& contexte) {
-  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
+  const Chemin chemin = contexte.Exiger(".MOD");
+  const FichierMod mod = LireMod(chemin);
   Tableau tableau;
   tableau.brt = contexte.Exiger(".BRT");
   tableau.titre = mod.titre;
-  tableau.parametres = LireParametres(mod.parametres);
+  tableau.parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
   if (tableau.parametres.largeur == 0) return tableau;
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)

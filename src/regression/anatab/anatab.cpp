@@ -35,7 +35,7 @@ constexpr std::int64_t kEffetsTrouves = 80;
 
 Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
-  const ParametresMod parametres = ExigerParametres(rapport, mod);
+  const ParametresMod parametres = ExigerParametres(rapport, mod, chemin);
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
   const std::vector<std::string> fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));

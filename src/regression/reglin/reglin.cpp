@@ -208,7 +208,7 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
   ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données numériques"_w, kSorte, ".REG");
   const FichierMod mod = LireMod(fichiers.mod);
-  const ParametresMod parametres = ExigerParametres(rapport, mod);
+  const ParametresMod parametres = ExigerParametres(rapport, mod, fichiers.mod);
   if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));

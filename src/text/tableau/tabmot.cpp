@@ -46,7 +46,8 @@ Entrees LireEntrees(const Contexte& contexte) {
   if (const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
     LecteurLignes lecteur(*mod);
     std::string_view ligne;
-    if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne);
+    if (lecteur.Lire(ligne) && lecteur.Lire(ligne))
+      entrees.parametres = LireParametres(ligne, TexteDe(mod->filename()));
     entrees.intitules = LireIntitules(*mod);
   }
   entrees.pos = LirePos(contexte.Exiger(".POS"));
