@@ -1,7 +1,5 @@
 #include "utilities/tableau.h"
 
-#include <algorithm>
-
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"

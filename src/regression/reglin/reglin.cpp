@@ -1,6 +1,5 @@
 #include "regression/reglin/reglin.h"
 
-#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>

@@ -1,7 +1,6 @@
 #include "text/concordance/concord.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <optional>
 
