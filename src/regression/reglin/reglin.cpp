@@ -9,6 +9,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
@@ -87,7 +88,7 @@ void PrevenirDesDouteux(const Contexte& contexte, const Douteux& douteux) {
   if (douteux.individus == 0) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : ", Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
+      Joindre({kAttention, Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
                " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}),
       Boutons::Ok);
 }
@@ -107,10 +108,10 @@ void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegres
                                  : Joindre({Nombre(longues.nombre), " lignes (la première est l'individu "_w,
                                             Nombre(longues.premiere), ") vont"});
   contexte.Ecran().biper();
-  contexte.Ecran().demander(Joindre({"*** Attention : ", lignes, " plus loin que les ",
-                                     Nombre(static_cast<std::int64_t>(variables.noms.size())), " variables du fichier ",
-                                     contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
-                            Boutons::Ok);
+  contexte.Ecran().demander(
+      Joindre({kAttention, lignes, " plus loin que les ", Nombre(static_cast<std::int64_t>(variables.noms.size())),
+               " variables du fichier ", contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
+      Boutons::Ok);
 }
 
 struct Lecture {

@@ -9,6 +9,7 @@
 #include "core/enquete/noms.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
@@ -56,8 +57,7 @@ void PrevenirDesHomonymes(const Contexte& contexte, const FichierPos& pos) {
   for (const Question& question : pos.questions) {
     const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, question.nom);
     if (rangs.size() < 2) continue;
-    contexte.Ecran().demander(Joindre({"*** Attention : ", FauteHomonymes(question.nom, pos.questions, rangs)}),
-                              Boutons::Ok);
+    contexte.Ecran().demander(Joindre({kAttention, FauteHomonymes(question.nom, pos.questions, rangs)}), Boutons::Ok);
     return;
   }
 }

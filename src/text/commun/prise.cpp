@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "text/commun/source.h"
 
@@ -34,7 +35,7 @@ std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::st
     Arreter(rapport, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage}));
   TexteConverti converti = Convertir(source.octets);
   if (converti.perdus > 0)
-    rapport.Ligne({"*** Attention : ", Nombre(converti.perdus), " caractère(s) de "_w, nom,
+    rapport.Ligne({kAttention, Nombre(converti.perdus), " caractère(s) de "_w, nom,
                    " n'existent pas dans la page de code et deviennent \"?\" (le premier à la ligne "_w,
                    Nombre(converti.premiereLigne), ")"});
   return std::move(converti.octets);

@@ -10,6 +10,7 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/commun/prise.h"
@@ -50,8 +51,8 @@ std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contex
   const std::string pertes = PertesDuPos(pos, contexte.Nom(".POS"), auDela);
   if (pertes.empty()) return questions;
   copie = NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS"));
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : ", pertes, ". L'ancien fichier sera conservé sous le nom "_w, copie}), Boutons::Ok);
+  contexte.Ecran().demander(Joindre({kAttention, pertes, ". L'ancien fichier sera conservé sous le nom "_w, copie}),
+                            Boutons::Ok);
   return questions;
 }
 
@@ -112,7 +113,7 @@ void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoup
 void DireLesEtoilesAvant(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
   if (bilan.etoilesAvant == 0) return;
   const std::string phrase =
-      Joindre({"*** Attention : ", Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
+      Joindre({kAttention, Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
                " ont une étoile dans les caractéristiques (positions 1 à "_w, Nombre(position),
                "), la première à la ligne "_w, Nombre(bilan.premiereEtoileAvant),
                " : elle est prise pour un code et ne finit pas l'enregistrement, qui est peut-être incomplet. Vérifier "

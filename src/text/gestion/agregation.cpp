@@ -18,7 +18,7 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kTitre = "Agrégation des lignes d'un tableau"_w;
-constexpr std::string_view kAttention = "*** Attention ***";
+constexpr std::string_view kTitreAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
 
@@ -94,10 +94,10 @@ std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLig
   if (tri.cle != CleDeLignes::Facteur) return {};
   if (!agregation.facteurs || tri.facteur < 1 ||
       tri.facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
-    return {std::string(kAttention), std::string("Le facteur demandé n'existe pas"_w)};
+    return {std::string(kTitreAttention), std::string("Le facteur demandé n'existe pas"_w)};
   const std::string_view etranger = DUnAutreTableau(*agregation.facteurs, agregation.table);
   if (etranger.empty()) return {};
-  return {std::string(kAttention), std::string(etranger)};
+  return {std::string(kTitreAttention), std::string(etranger)};
 }
 
 // The files of the new generic, put in place together; the parameter line of .MOD comes last.
@@ -194,7 +194,7 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
   resultat.agregation.supplementaires = Supplementaires(resultat.agregation.table);
   resultat.agregation.facteurs = LireFacteurs(contexte, resultat.agregation.table);
   if (!resultat.agregation.facteurs)
-    resultat.message = {std::string(kAttention),
+    resultat.message = {std::string(kTitreAttention),
                         std::string("Comme il n'existe pas encore de fichier des coordonnées factorielles des lignes, "
                                     "le tri n'est pas possible par ce biais "_w)};
   return resultat;
