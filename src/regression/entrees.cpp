@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "core/programme/arret.h"
 #include "core/resultats/colonnedenombres.h"
 
 namespace quelvar::regression {
@@ -27,8 +28,7 @@ void DireTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom) {
 }
 
 void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {
-  Avertir(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(), "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
 }
 
 void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte titre, Texte sorte,
@@ -39,12 +39,11 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte ti
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(extension)});
 }
 
-ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod) {
-  ParametresMod parametres = LireParametres(mod.parametres);
+ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Chemin& chemin) {
+  ParametresMod parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
   rapport.Lignes(parametres.remarques);
-  if (parametres.largeur != 0) return parametres;
-  rapport.Ligne("Erreur : pas de FMT=");
-  throw Erreur(kArretAnnonce);
+  if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
+  return parametres;
 }
 
 void Fautifs::Noter(std::int64_t rang, std::int64_t cites) {

@@ -28,8 +28,9 @@ void DireTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom);
 void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte titre, Texte sorte,
                             std::string_view extension);
 
-// The parameters of the .MOD, their remarks told. Raises kArretAnnonce, with its line, when it gives no width.
-ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod);
+// The parameters of the .MOD that stands there, their remarks told. Raises what LireParametres raises, and
+// kArretAnnonce, with its line, when they give no width.
+ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Chemin& chemin);
 
 // Individuals whose lines cannot be used: how many, and the ranks of the first of them.
 struct Fautifs {

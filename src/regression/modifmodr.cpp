@@ -6,6 +6,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/annulation.h"
+#include "core/programme/arret.h"
 #include "regression/codage.h"
 
 namespace quelvar::regression {
@@ -164,14 +165,11 @@ Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
     EtatModifModR etat = ChargerModifModR(contexte);
     for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
     if (!etat.message.empty()) throw Erreur(kArretAnnonce);
-    if (const std::optional<std::string> inconnue = Appliquer(options, etat.textes)) {
-      rapport.Ligne({"La modalité "_w, *inconnue, " n'est pas dans le fichier de modalités"_w});
-      throw Erreur(kArretAnnonce);
-    }
+    if (const std::optional<std::string> inconnue = Appliquer(options, etat.textes))
+      Arreter(rapport, Joindre({"La modalité "_w, *inconnue, " n'est pas dans le fichier de modalités"_w}));
     if (const std::string_view refus = RefusDEnregistrer(etat.textes); !refus.empty()) {
       rapport.Ligne(kTitreErreur);
-      Avertir(rapport, contexte.Ecran(), refus);
-      throw Erreur(kArretAnnonce);
+      AvertirEtArreter(rapport, contexte.Ecran(), refus);
     }
     SauverModifModR(contexte, etat.textes);
     if (const std::string_view incoherence = Incoherence(etat.textes); !incoherence.empty()) {

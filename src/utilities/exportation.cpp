@@ -1,5 +1,6 @@
 #include "utilities/exportation.h"
 
+#include "core/programme/arret.h"
 #include "utilities/edition.h"
 #include "utilities/utilitaires.h"
 
@@ -56,12 +57,10 @@ void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExpor
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
   c.Valider();
-  if (bilan.arretee) {
-    Avertir(rapport, contexte.Ecran(),
-            "*** Arrêt du programme car le début ou la fin de la zone d'exportation dépasse la longueur de "
-            "l'enregistrement"_w);
-    throw Erreur(kArretAnnonce);
-  }
+  if (bilan.arretee)
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     "*** Arrêt du programme car le début ou la fin de la zone d'exportation dépasse la longueur de "
+                     "l'enregistrement"_w);
   ImprimerBilanDeLExportation(rapport, bilan.lignes, options.complementaire);
 }
 

@@ -1,6 +1,5 @@
 #include "utilities/listage.h"
 
-#include <algorithm>
 #include <string>
 
 namespace quelvar::utilities {

@@ -1,10 +1,9 @@
 #include "utilities/tableau.h"
 
-#include <algorithm>
-
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
@@ -66,17 +65,16 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
   const bool mod = contexte.Chercher(".MOD").has_value();
   if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
   if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (brt && mod) return;
-  Avertir(rapport, contexte.Ecran(), kArretSansFichiers);
-  throw Erreur(kArretAnnonce);
+  if (!brt || !mod) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
 }
 
 Tableau LireTableau(const Contexte& contexte) {
-  const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
+  const Chemin chemin = contexte.Exiger(".MOD");
+  const FichierMod mod = LireMod(chemin);
   Tableau tableau;
   tableau.brt = contexte.Exiger(".BRT");
   tableau.titre = mod.titre;
-  tableau.parametres = LireParametres(mod.parametres);
+  tableau.parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
   if (tableau.parametres.largeur == 0) return tableau;
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)

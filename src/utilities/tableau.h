@@ -2,6 +2,7 @@
 // same way by each.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/programme/arret.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
@@ -23,9 +24,7 @@ void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_
     rapport.Ligne({"*** Le fichier ", entree.nom, " n'existe pas"});
     manque = true;
   }
-  if (!manque) return;
-  Avertir(rapport, contexte.Ecran(), kArretSansFichiers);
-  throw Erreur(kArretAnnonce);
+  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
 }
 
 bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b) {

@@ -6,6 +6,7 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
@@ -32,14 +33,9 @@ constexpr std::int64_t kGroupesFormes = 40;
 constexpr std::int64_t kSituationsExaminees = 60;
 constexpr std::int64_t kEffetsTrouves = 80;
 
-[[noreturn]] void Arreter(Rapport& rapport, Texte ligne) {
-  rapport.Ligne(ligne);
-  throw Erreur(kArretAnnonce);
-}
-
 Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
-  const ParametresMod parametres = ExigerParametres(rapport, mod);
+  const ParametresMod parametres = ExigerParametres(rapport, mod, chemin);
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
   const std::vector<std::string> fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
@@ -115,10 +111,10 @@ void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Model
     if (std::count_if(modele.questions.begin(), fin, meme) == 1) noms.push_back(nom);
   }
   if (noms.empty()) return;
-  Avertir(rapport, contexte.Ecran(),
-          Joindre({"*** Arrêt du programme : plusieurs questions portent le même nom, renommez leurs modalités ("_w,
-                   Enumerer(noms), ")"}));
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(
+      rapport, contexte.Ecran(),
+      Joindre({"*** Arrêt du programme : plusieurs questions portent le même nom, renommez leurs modalités ("_w,
+               Enumerer(noms), ")"}));
 }
 
 void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {

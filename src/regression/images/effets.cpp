@@ -34,6 +34,9 @@ constexpr double kPasSerre = 10;
 constexpr double kPasLarge = 20;
 constexpr double kEtendueLarge = 80;
 constexpr Plume kBarre{.couleur = Couleur::Bleu, .epaisseur = 1.5};
+constexpr Plume kAxeDuZero{.couleur = Couleur::Gris, .epaisseur = 1};
+constexpr Plume kGraduation{.couleur = Couleur::Gris, .epaisseur = 0.4, .teinte = 0.5};
+constexpr Plume kEntreDeuxQuestions{.couleur = Couleur::Gris, .epaisseur = 0.4, .style = StyleTrait::Pointilles};
 
 struct Etendue {
   double bas = 0;
@@ -88,18 +91,14 @@ class Planche {
     const double pas = etendue_.haut - etendue_.bas > kEtendueLarge ? kPasLarge : kPasSerre;
     for (double v = std::ceil(etendue_.bas / pas) * pas; v <= etendue_.haut; v += pas) {
       const bool zero = std::fabs(v) < pas / 2;
-      dessin_.Ligne({X(v), kTete}, {X(v), bas_},
-                    {.couleur = Couleur::Gris, .epaisseur = zero ? 1.0 : 0.4, .teinte = zero ? 1.0 : 0.5});
+      dessin_.Ligne({X(v), kTete}, {X(v), bas_}, zero ? kAxeDuZero : kGraduation);
       dessin_.Texte({X(v), bas_ + kSousLAxe}, Nombre(zero ? 0 : v), {.ancre = Ancre::Milieu});
     }
     dessin_.Texte({X((etendue_.bas + etendue_.haut) / 2), bas_ + kSousLesNombres}, "Effet en points de pourcentage",
                   {.ancre = Ancre::Milieu});
   }
 
-  void Separer(double y) {
-    dessin_.Ligne({kMarge, y}, {kLargeurPage - kMarge, y},
-                  {.couleur = Couleur::Gris, .epaisseur = 0.4, .style = StyleTrait::Pointilles});
-  }
+  void Separer(double y) { dessin_.Ligne({kMarge, y}, {kLargeurPage - kMarge, y}, kEntreDeuxQuestions); }
 
   void Tracer(const LigneDEffet& ligne, double y) {
     dessin_.Texte({kMarge + kTexte - kAvantLeCadre, y}, ligne.intitule,

@@ -1,9 +1,7 @@
 #include "regression/reglin/moindrescarres.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "core/programme/erreur.h"
 #include "crosstab/tableau/khi2.h"

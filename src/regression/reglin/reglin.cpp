@@ -1,6 +1,5 @@
 #include "regression/reglin/reglin.h"
 
-#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -9,6 +8,8 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
+#include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
@@ -87,7 +88,7 @@ void PrevenirDesDouteux(const Contexte& contexte, const Douteux& douteux) {
   if (douteux.individus == 0) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : ", Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
+      Joindre({kAttention, Nombre(douteux.individus), kCeQuEstDouteux[static_cast<std::size_t>(douteux.doute)],
                " (le premier est l'individu ", Nombre(douteux.premier), ", variable ", douteux.variable, ")"}),
       Boutons::Ok);
 }
@@ -107,10 +108,10 @@ void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegres
                                  : Joindre({Nombre(longues.nombre), " lignes (la première est l'individu "_w,
                                             Nombre(longues.premiere), ") vont"});
   contexte.Ecran().biper();
-  contexte.Ecran().demander(Joindre({"*** Attention : ", lignes, " plus loin que les ",
-                                     Nombre(static_cast<std::int64_t>(variables.noms.size())), " variables du fichier ",
-                                     contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
-                            Boutons::Ok);
+  contexte.Ecran().demander(
+      Joindre({kAttention, lignes, " plus loin que les ", Nombre(static_cast<std::int64_t>(variables.noms.size())),
+               " variables du fichier ", contexte.Nom(".MOD"), " : vérifiez qu'il n'en manque pas"_w}),
+      Boutons::Ok);
 }
 
 struct Lecture {
@@ -153,10 +154,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   rapport.Ligne({"Il y a ", NombreNu(variables.explicatives.size()), " modalités explicatives en colonne"_w});
   rapport.Ligne(LigneDesIndividus(individus));
   rapport.Ligne();
-  if (individus == 0) {
-    rapport.Ligne({"*** Le fichier ", nomDesDonnees, " est vide. Arrêt du programme"_w});
-    throw Erreur(kArretAnnonce);
-  }
+  if (individus == 0) Arreter(rapport, Joindre({"*** Le fichier ", nomDesDonnees, " est vide. Arrêt du programme"_w}));
   if (imprimer) ImprimerEnteteDeTable(rapport, variables);
   std::function<void(std::string_view)> suivre;
   if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
@@ -190,10 +188,7 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   if (dispersion.individus - p - 1 == 0) throw Erreur(kDivisionParZero);
   const Matrice moments = sommes.Symetrique();
   const std::optional<Matrice> inverse = InverseDesExplicatives(moments, dispersion);
-  if (!inverse) {
-    rapport.Ligne("Matrice non inversible");
-    throw Erreur(kArretAnnonce);
-  }
+  if (!inverse) Arreter(rapport, "Matrice non inversible");
   PrevenirDesPertes(rapport, variables, VariablesQuiPerdent(moments, *inverse));
   AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   if (ajustement.exact) {
@@ -213,7 +208,7 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
   ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données numériques"_w, kSorte, ".REG");
   const FichierMod mod = LireMod(fichiers.mod);
-  const ParametresMod parametres = ExigerParametres(rapport, mod);
+  const ParametresMod parametres = ExigerParametres(rapport, mod, fichiers.mod);
   if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <span>
-#include <string>
 
 #include "core/resultats/rangees.h"
+#include "regression/varint/resultats.h"
 
 namespace quelvar::regression {
 
@@ -13,32 +13,6 @@ namespace {
 constexpr std::size_t kParBloc = 16;  // questions on a line of the short edition
 constexpr int kLargeurNom = 5;        // columns of a name, and of a PEM
 constexpr PlaceEnRangee kPlaceDuPem{.entiers = kLargeurNom, .titre = TitreDeColonne::AGauche};
-
-Cellule Pem(const LienDeProfil& lien) { return {lien.pem, Unite::Pourcent, 0, {}}; }
-
-// A row for each link.
-TableauEdite TableauLong(const FichierPos& pos, std::span<const LienDeProfil> liens) {
-  TableauEdite tableau;
-  tableau.titres = {Joindre({"Nom    PEM  Nom long éventuel"_w})};
-  tableau.colonnes.resize(1);
-  for (const LienDeProfil& lien : liens) {
-    const Question& question = pos.questions[lien.question];
-    tableau.rangees.push_back({question.nom, question.intitule, {Pem(lien)}});
-  }
-  return tableau;
-}
-
-// A column for each link, in one row.
-TableauEdite TableauCourt(const FichierPos& pos, std::span<const LienDeProfil> liens) {
-  TableauEdite tableau;
-  tableau.coin = " ";
-  Rangee& rangee = tableau.rangees.emplace_back(Rangee{" ", {}, {}});
-  for (const LienDeProfil& lien : liens) {
-    tableau.colonnes.push_back({pos.questions[lien.question].nom});
-    rangee.cellules.push_back(Pem(lien));
-  }
-  return tableau;
-}
 
 }  // namespace
 

@@ -3,7 +3,6 @@
 
 #include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
-#include "core/resultats/tableau.h"
 #include "regression/varint/profils.h"
 #include "regression/varint/varint.h"
 

@@ -8,6 +8,8 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
@@ -19,11 +21,6 @@ namespace quelvar::regression {
 
 namespace {
 
-[[noreturn]] void Arreter(const Contexte& contexte, Rapport& rapport, Texte phrase) {
-  Avertir(rapport, contexte.Ecran(), phrase);
-  throw Erreur(kArretAnnonce);
-}
-
 void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
   bool fautifs = false;
   for (const Question& question : pos.questions) {
@@ -34,21 +31,22 @@ void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos
   }
   if (!fautifs) return;
   rapport.Ligne("Arrêt du programme du aux erreurs de Code-max>20"_w);
-  Arreter(contexte, rapport, "Arrêt pour correction"_w);
+  AvertirEtArreter(rapport, contexte.Ecran(), "Arrêt pour correction"_w);
 }
 
 // Ranks of the questions of interest. A name that no question bears, or that several share, stops the run.
 std::vector<std::size_t> Choisir(const Contexte& contexte, Rapport& rapport, const FichierPos& pos,
                                  const OptionsVarint& options) {
-  if (options.questions.empty()) Arreter(contexte, rapport, "Pas de questions définies"_w);
+  if (options.questions.empty()) AvertirEtArreter(rapport, contexte.Ecran(), "Pas de questions définies"_w);
   if (options.questions.size() > kQuestionsDInteretMax)
-    Arreter(contexte, rapport, "Trop de questions définies (N>1000)"_w);
+    AvertirEtArreter(rapport, contexte.Ecran(), "Trop de questions définies (N>1000)"_w);
   std::vector<std::size_t> choisies;
   for (const std::string& nom : options.questions) {
     const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
     if (rangs.empty())
-      Arreter(contexte, rapport, Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
-    if (rangs.size() > 1) Arreter(contexte, rapport, FauteHomonymes(nom, pos.questions, rangs));
+      AvertirEtArreter(rapport, contexte.Ecran(),
+                       Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
+    if (rangs.size() > 1) AvertirEtArreter(rapport, contexte.Ecran(), FauteHomonymes(nom, pos.questions, rangs));
     if (std::find(choisies.begin(), choisies.end(), rangs[0]) == choisies.end()) choisies.push_back(rangs[0]);
   }
   return choisies;
@@ -59,8 +57,7 @@ void PrevenirDesHomonymes(const Contexte& contexte, const FichierPos& pos) {
   for (const Question& question : pos.questions) {
     const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, question.nom);
     if (rangs.size() < 2) continue;
-    contexte.Ecran().demander(Joindre({"*** Attention : ", FauteHomonymes(question.nom, pos.questions, rangs)}),
-                              Boutons::Ok);
+    contexte.Ecran().demander(Joindre({kAttention, FauteHomonymes(question.nom, pos.questions, rangs)}), Boutons::Ok);
     return;
   }
 }

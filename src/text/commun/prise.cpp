@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "text/commun/source.h"
 
@@ -29,13 +31,11 @@ std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::st
       Joindre({"Le fichier ", nom, " est en ", codage, DireLesLettres(source),
                ".\r\nIl va être converti à la lecture (le fichier lui-même reste comme il est). L'acceptez-vous ?"_w}),
       Boutons::OuiNon);
-  if (reponse != Reponse::Oui) {
-    rapport.Ligne({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage});
-    throw Erreur(kArretAnnonce);
-  }
+  if (reponse != Reponse::Oui)
+    Arreter(rapport, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage}));
   TexteConverti converti = Convertir(source.octets);
   if (converti.perdus > 0)
-    rapport.Ligne({"*** Attention : ", Nombre(converti.perdus), " caractère(s) de "_w, nom,
+    rapport.Ligne({kAttention, Nombre(converti.perdus), " caractère(s) de "_w, nom,
                    " n'existent pas dans la page de code et deviennent \"?\" (le premier à la ligne "_w,
                    Nombre(converti.premiereLigne), ")"});
   return std::move(converti.octets);

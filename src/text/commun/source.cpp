@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <utility>
 
 #include "core/fichiers/lignelongue.h"
 #include "core/texte/lignes.h"

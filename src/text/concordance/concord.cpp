@@ -1,10 +1,10 @@
 #include "text/concordance/concord.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <optional>
 
+#include "core/programme/arret.h"
 #include "core/texte/nombres.h"
 #include "text/concordance/edition.h"
 #include "text/decoupage/mots.h"
@@ -81,16 +81,13 @@ std::vector<MotTrouve> MotsDistincts(const std::vector<MotsCherches>& cherches) 
 
 void ExigerSortie(Rapport& rapport, const Contexte& contexte, const OptionsConcordance& options) {
   const Chemin cible = CheminDEcriture(contexte.repertoire, options.sortie);
-  if (const std::string refus = RefusDEnregistrer(contexte, cible); !refus.empty()) {
-    rapport.Ligne({"*** ", refus});
-    throw Erreur(kArretAnnonce);
-  }
+  if (const std::string refus = RefusDEnregistrer(contexte, cible); !refus.empty())
+    Arreter(rapport, Joindre({"*** ", refus}));
   if (options.remplacer || !ChercherFichier(contexte.repertoire, options.sortie)) return;
   const Reponse reponse = contexte.Ecran().demander(
       Joindre({"Le fichier ", options.sortie, " existe déjà. Le remplacer ?"_w}), Boutons::NonOui);
-  if (reponse == Reponse::Oui) return;
-  rapport.Ligne({"*** Le fichier ", options.sortie, " existe déjà, il n'est pas remplacé"_w});
-  throw Erreur(kArretAnnonce);
+  if (reponse != Reponse::Oui)
+    Arreter(rapport, Joindre({"*** Le fichier ", options.sortie, " existe déjà, il n'est pas remplacé"_w}));
 }
 
 }  // namespace
@@ -120,10 +117,8 @@ std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
 
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
-    if (options.mots.empty() && options.lignes.empty()) {
-      rapport.Ligne("*** Aucun mot n'est donné : indiquer ceux dont on veut la concordance"_w);
-      throw Erreur(kArretAnnonce);
-    }
+    if (options.mots.empty() && options.lignes.empty())
+      Arreter(rapport, "*** Aucun mot n'est donné : indiquer ceux dont on veut la concordance"_w);
     if (!options.sortie.empty()) ExigerSortie(rapport, contexte, options);
     std::vector<MotsCherches> cherches = CherchesDesMots(options.mots);
     std::ranges::move(CherchesDesLignes(contexte, options.lignes, rapport), std::back_inserter(cherches));

@@ -9,6 +9,8 @@
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/annulation.h"
+#include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/commun/prise.h"
@@ -49,8 +51,8 @@ std::optional<std::vector<QuestionDesMots>> ReprendreQuestionsDuPos(const Contex
   const std::string pertes = PertesDuPos(pos, contexte.Nom(".POS"), auDela);
   if (pertes.empty()) return questions;
   copie = NomDeSauvegardeLibre(contexte.repertoire, contexte.Nom(".POS"));
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : ", pertes, ". L'ancien fichier sera conservé sous le nom "_w, copie}), Boutons::Ok);
+  contexte.Ecran().demander(Joindre({kAttention, pertes, ". L'ancien fichier sera conservé sous le nom "_w, copie}),
+                            Boutons::Ok);
   return questions;
 }
 
@@ -70,9 +72,7 @@ void ConfirmerRemplacement(Rapport& rapport, const Contexte& contexte) {
       Joindre({"Le fichier ", contexte.Nom(".DAT"),
                " ne contient pas des mots : il va être remplacé par les mots du texte. L'acceptez-vous ?"_w}),
       Boutons::OuiNon);
-  if (reponse == Reponse::Oui) return;
-  rapport.Ligne(kArretVolontaire);
-  throw Erreur(kArretAnnonce);
+  if (reponse != Reponse::Oui) Arreter(rapport, kArretVolontaire);
 }
 
 // The witnesses that write the report as the cutting goes on.
@@ -100,16 +100,12 @@ TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const Optio
 
 // Stops a run whose text has errors or no word.
 void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, std::size_t motsGardes) {
-  if (bilan.erreurs > 0) {
-    Avertir(rapport, contexte.Ecran(), "ARRET DU AUX ERREURS RENCONTREES");
-    throw Erreur(kArretAnnonce);
-  }
-  if (motsGardes == 0) {
-    Avertir(rapport, contexte.Ecran(),
-            bilan.mots == 0 ? "*** Arrêt du programme : le texte ne contient aucun mot"_w
-                            : "*** Arrêt du programme : aucun mot ne commence par $, il n'y a pas de thèmes"_w);
-    throw Erreur(kArretAnnonce);
-  }
+  if (bilan.erreurs > 0) AvertirEtArreter(rapport, contexte.Ecran(), "ARRET DU AUX ERREURS RENCONTREES");
+  if (motsGardes == 0)
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     bilan.mots == 0
+                         ? "*** Arrêt du programme : le texte ne contient aucun mot"_w
+                         : "*** Arrêt du programme : aucun mot ne commence par $, il n'y a pas de thèmes"_w);
   rapport.Ligne("Découpage en mots terminé"_w);
 }
 
@@ -117,7 +113,7 @@ void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoup
 void DireLesEtoilesAvant(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
   if (bilan.etoilesAvant == 0) return;
   const std::string phrase =
-      Joindre({"*** Attention : ", Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
+      Joindre({kAttention, Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
                " ont une étoile dans les caractéristiques (positions 1 à "_w, Nombre(position),
                "), la première à la ligne "_w, Nombre(bilan.premiereEtoileAvant),
                " : elle est prise pour un code et ne finit pas l'enregistrement, qui est peut-être incomplet. Vérifier "
@@ -132,12 +128,11 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   const std::uint64_t longueur = LongueurFichier(texte);
   ExigerPlace(contexte, rapport, {2 * longueur + longueur / 5 * 2 * sizeof(Mot), 0});
   const std::string octets = PrendreTexte(contexte, texte, contexte.Nom(".TXT"), rapport);
-  if (octets.find('\n') == std::string::npos && octets.find('\r') < octets.size() - 1) {
-    Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Arrêt du programme : les lignes de "_w, contexte.Nom(".TXT"),
-                     " finissent par un retour chariot seul, l'enregistrer avec des fins de ligne ordinaires"}));
-    throw Erreur(kArretAnnonce);
-  }
+  if (octets.find('\n') == std::string::npos && octets.find('\r') < octets.size() - 1)
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
+        Joindre({"*** Arrêt du programme : les lignes de "_w, contexte.Nom(".TXT"),
+                 " finissent par un retour chariot seul, l'enregistrer avec des fins de ligne ordinaires"}));
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
   DireLesEtoilesAvant(rapport, contexte, bilan, options.position);

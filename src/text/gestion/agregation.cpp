@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/listes.h"
@@ -17,7 +18,7 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kTitre = "Agrégation des lignes d'un tableau"_w;
-constexpr std::string_view kAttention = "*** Attention ***";
+constexpr std::string_view kTitreAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
 
@@ -93,10 +94,10 @@ std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLig
   if (tri.cle != CleDeLignes::Facteur) return {};
   if (!agregation.facteurs || tri.facteur < 1 ||
       tri.facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
-    return {std::string(kAttention), std::string("Le facteur demandé n'existe pas"_w)};
+    return {std::string(kTitreAttention), std::string("Le facteur demandé n'existe pas"_w)};
   const std::string_view etranger = DUnAutreTableau(*agregation.facteurs, agregation.table);
   if (etranger.empty()) return {};
-  return {std::string(kAttention), std::string(etranger)};
+  return {std::string(kTitreAttention), std::string(etranger)};
 }
 
 // The files of the new generic, put in place together; the parameter line of .MOD comes last.
@@ -177,8 +178,7 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
     agregation.table.lignes[TrouverLigne(agregation.table, nom, rapport)].marquee = true;
   const std::string_view refus = Agreger(agregation, action.intitule);
   if (refus.empty() || action.lignes.empty()) return;  // without a row the account says so, and the end of the run
-  rapport.Ligne({"*** ", refus});
-  throw Erreur(kArretAnnonce);
+  Arreter(rapport, Joindre({"*** ", refus}));
 }
 
 }  // namespace
@@ -194,7 +194,7 @@ AgregationOuverte OuvrirAgregation(const Contexte& contexte) {
   resultat.agregation.supplementaires = Supplementaires(resultat.agregation.table);
   resultat.agregation.facteurs = LireFacteurs(contexte, resultat.agregation.table);
   if (!resultat.agregation.facteurs)
-    resultat.message = {std::string(kAttention),
+    resultat.message = {std::string(kTitreAttention),
                         std::string("Comme il n'existe pas encore de fichier des coordonnées factorielles des lignes, "
                                     "le tri n'est pas possible par ce biais "_w)};
   return resultat;

@@ -4,6 +4,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "text/gestion/motsdeslignes.h"
 
 namespace quelvar::text {
@@ -44,10 +45,8 @@ void Appliquer(TableGeree& table, const OptionsSuplMot::Action& action, Rapport&
     return;
   }
   const std::size_t rang = RangDeModalite(table.mod.textes, action.nom);
-  if (rang == table.Colonnes()) {
-    rapport.Ligne({"La modalité "_w, action.nom, " n'est pas dans le fichier de modalités"_w});
-    throw Erreur(kArretAnnonce);
-  }
+  if (rang == table.Colonnes())
+    Arreter(rapport, Joindre({"La modalité "_w, action.nom, " n'est pas dans le fichier de modalités"_w}));
   std::string& texte = table.mod.textes[rang];
   if (action.genre == Genre::IntituleColonne)
     texte = TexteDeModalite(NomDeTexte(texte), MarqueDeTexte(texte), action.intitule);

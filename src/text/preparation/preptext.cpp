@@ -1,6 +1,5 @@
 #include "text/preparation/preptext.h"
 
-#include <filesystem>
 #include <optional>
 #include <vector>
 

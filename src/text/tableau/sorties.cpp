@@ -43,10 +43,10 @@ std::vector<std::string> LignesTriees(const TableLexicale& table, int largeur, c
 
 void EcrireModLexical(Ecrivain& fichier, std::string_view generique, const PlanLexical& plan,
                       const IntitulesModalites& intitules, const std::vector<std::string>& lignes, int largeur,
-                      std::int64_t decimales) {
+                      std::int64_t de) {
   fichier.Ligne(generique);
   fichier.Ligne(LigneDeParametres(
-      {{"LIGN=", lignes.size()}, {"LSUP=", 0}, {"COL=", plan.noms.size()}, {"FMT=", largeur}, {"DE=", decimales}}));
+      {{"LIGN=", lignes.size()}, {"LSUP=", 0}, {"COL=", plan.noms.size()}, {"FMT=", largeur}, {"DE=", de}}));
   for (const std::string& nom : plan.noms) {
     const std::string* const intitule = intitules.Chercher(nom);
     fichier.Ligne(LigneModalite(nom, false, intitule == nullptr ? std::string_view{} : *intitule));

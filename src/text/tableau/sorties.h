@@ -20,10 +20,10 @@ inline constexpr std::int64_t kFrequenceEcrite = 9999;
 // The rows of .BRT in the upward order of their frequency field, equal ones as the file sort leaves them.
 std::vector<std::string> LignesTriees(const TableLexicale& table, int largeur, const Dialogue& ecran);
 
-// `lignes` are those of the .BRT, whose label stands behind the cells.
+// `lignes` are those of the .BRT, whose label stands behind the cells; `de` goes to DE=.
 void EcrireModLexical(Ecrivain& fichier, std::string_view generique, const PlanLexical& plan,
                       const IntitulesModalites& intitules, const std::vector<std::string>& lignes, int largeur,
-                      std::int64_t decimales);
+                      std::int64_t de);
 
 // A question line with the mark that its choice asks for: a chosen one is active, one that no longer is becomes
 // supplementary, one without a mark that is not chosen stays so.

@@ -7,6 +7,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
@@ -27,11 +28,6 @@ struct Entrees {
   std::int64_t individus = 0;
 };
 
-[[noreturn]] void Arreter(Rapport& rapport, const Contexte& contexte, Texte phrase) {
-  Avertir(rapport, contexte.Ecran(), phrase);
-  throw Erreur(kArretAnnonce);
-}
-
 void ExigerEntrees(Rapport& rapport, const Contexte& contexte) {
   bool manque = false;
   for (const std::string_view extension : {".DAT", ".POS"}) {
@@ -39,7 +35,9 @@ void ExigerEntrees(Rapport& rapport, const Contexte& contexte) {
     rapport.Ligne({"*** Le fichier ", contexte.Nom(extension), " n'existe pas"});
     manque = true;
   }
-  if (manque) Arreter(rapport, contexte, "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w);
+  if (manque)
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w);
 }
 
 Entrees LireEntrees(const Contexte& contexte) {
@@ -48,7 +46,8 @@ Entrees LireEntrees(const Contexte& contexte) {
   if (const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
     LecteurLignes lecteur(*mod);
     std::string_view ligne;
-    if (lecteur.Lire(ligne) && lecteur.Lire(ligne)) entrees.parametres = LireParametres(ligne);
+    if (lecteur.Lire(ligne) && lecteur.Lire(ligne))
+      entrees.parametres = LireParametres(ligne, TexteDe(mod->filename()));
     entrees.intitules = LireIntitules(*mod);
   }
   entrees.pos = LirePos(contexte.Exiger(".POS"));
@@ -65,15 +64,16 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
     for (const std::size_t rang : actives) {
       const std::string& nom = pos.questions[rang].nom;
       if (const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom); rangs.size() > 1)
-        Arreter(rapport, contexte, FauteHomonymes(nom, pos.questions, rangs));
+        AvertirEtArreter(rapport, contexte.Ecran(), FauteHomonymes(nom, pos.questions, rangs));
     }
     return actives;
   }
   for (const std::string& nom : *options.actives) {
     const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
     if (rangs.empty())
-      Arreter(rapport, contexte, Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
-    if (rangs.size() > 1) Arreter(rapport, contexte, FauteHomonymes(nom, pos.questions, rangs));
+      AvertirEtArreter(rapport, contexte.Ecran(),
+                       Joindre({"La question ", nom, " n'est pas dans le fichier de positions"}));
+    if (rangs.size() > 1) AvertirEtArreter(rapport, contexte.Ecran(), FauteHomonymes(nom, pos.questions, rangs));
     actives.push_back(rangs.front());
   }
   std::sort(actives.begin(), actives.end());
@@ -85,37 +85,40 @@ std::vector<std::size_t> ChoisirQuestions(Rapport& rapport, const Contexte& cont
 std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const Entrees& entrees,
                             const std::vector<std::size_t>& actives) {
   if (actives.empty())
-    Arreter(rapport, contexte,
-            contexte.niveau == kNiveauSimple
-                ? "*** Aucune question n'est marquée &ACT& : passer en niveau 2 d'utilisateur pour en choisir"_w
-                : "*** Aucune question n'est choisie comme active"_w);
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
+        contexte.niveau == kNiveauSimple
+            ? "*** Aucune question n'est marquée &ACT& : passer en niveau 2 d'utilisateur pour en choisir"_w
+            : "*** Aucune question n'est choisie comme active"_w);
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
     if (question.position < 1) throw ChampImpossible(entrees.pos, rang);
     if (question.codeMax <= kDernierCodeNomme) continue;
     contexte.Ecran().demander(
         Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}), Boutons::Ok);
-    Arreter(rapport, contexte,
-            Joindre({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w}));
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
+        Joindre({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w}));
   }
   LecteurLignes lecteur(entrees.donnees);
   std::string_view ligne;
   if (!lecteur.Lire(ligne))
-    Arreter(rapport, contexte,
-            Joindre({"*** Arrêt du programme : le fichier "_w, contexte.Nom(".DAT"),
-                     " est vide, faire d'abord le découpage en mots"_w}));
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     Joindre({"*** Arrêt du programme : le fichier "_w, contexte.Nom(".DAT"),
+                              " est vide, faire d'abord le découpage en mots"_w}));
   const std::optional<std::size_t> largeur = LargeurDesCaracteristiques(ligne);
   if (!largeur)
-    Arreter(rapport, contexte,
-            Joindre({"*** Le fichier ", contexte.Nom(".DAT"),
-                     " ne contient pas des mots ($$ absent en ligne 1) : faire d'abord le découpage en mots"_w}));
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
+        Joindre({"*** Le fichier ", contexte.Nom(".DAT"),
+                 " ne contient pas des mots ($$ absent en ligne 1) : faire d'abord le découpage en mots"_w}));
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
     if (static_cast<std::size_t>(question.position) <= *largeur) continue;
-    Arreter(rapport, contexte,
-            Joindre({"*** La question ", question.nom, " (position ", Nombre(question.position),
-                     ") est au-delà des caractéristiques des mots, qui ont "_w, Nombre(*largeur),
-                     " colonne(s) : corriger ", contexte.Nom(".POS")}));
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     Joindre({"*** La question ", question.nom, " (position ", Nombre(question.position),
+                              ") est au-delà des caractéristiques des mots, qui ont "_w, Nombre(*largeur),
+                              " colonne(s) : corriger ", contexte.Nom(".POS")}));
   }
   return *largeur;
 }
@@ -124,16 +127,17 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
 void ExigerLesMots(Rapport& rapport, const Contexte& contexte, const Entrees& entrees, const TableLexicale& table,
                    std::size_t caracteristiques) {
   if (table.suite)
-    Arreter(
-        rapport, contexte,
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
         Joindre({"*** ", contexte.Nom(".POS"), " annonce ", Nombre(entrees.individus), " mots (ligne 2) et ",
                  contexte.Nom(".DAT"), " en a davantage : refaire le découpage en mots, ou corriger la ligne 2"_w}));
   if (table.montante) return;
   if (const std::optional<MotRevenu> revenu = ChercherMotRevenu(entrees.donnees, caracteristiques))
-    Arreter(rapport, contexte,
-            Joindre({"*** Le mot ", revenu->mot, " revient à la ligne "_w, Nombre(revenu->ligne), " de ",
-                     contexte.Nom(".DAT"),
-                     ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}));
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
+        Joindre({"*** Le mot ", revenu->mot, " revient à la ligne "_w, Nombre(revenu->ligne), " de ",
+                 contexte.Nom(".DAT"),
+                 ", qui doit être dans l'ordre des mots : refaire le découpage en mots, ou trier ce fichier"_w}));
 }
 
 // A row for each word that is frequent enough: counted beforehand only where there may be very many.
@@ -157,17 +161,18 @@ TableLexicale Compter(Rapport& rapport, const Contexte& contexte, const Entrees&
   consignes.caracteristiques = caracteristiques;
   consignes.frequenceMin = options.FrequenceExigee();
   consignes.horsFormat = [&](std::int64_t ligne) {
-    Arreter(rapport, contexte,
-            Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
-                     " n'est pas celle d'un mot ($$ absent en colonne "_w,
-                     Nombre(caracteristiques + kLargeurCode + kLargeurMot + 1), ")"}));
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     Joindre({"*** La ligne ", Nombre(ligne), " de ", contexte.Nom(".DAT"),
+                              " n'est pas celle d'un mot ($$ absent en colonne "_w,
+                              Nombre(caracteristiques + kLargeurCode + kLargeurMot + 1), ")"}));
   };
   consignes.depassement = [&, nombre = 0](std::size_t question, std::int64_t ligne, int valeur) mutable {
     Avertir(rapport, contexte.Ecran(),
             Joindre({"Dépassement de code-max à "_w, entrees.pos.questions[question].nom, " Ligne ", NombreBlanc(ligne),
                      " Valeur ", NombreBlanc(valeur)}));
     if (++nombre <= options.limite || options.limite < 1) return;
-    Arreter(rapport, contexte, Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     Joindre({"Arret pour nombre de dépassement de code-max >"_w, NombreNu(options.limite)}));
   };
   ExigerPlaceDuTableau(rapport, contexte, entrees, plan, consignes);
   TableLexicale table = CompterMots(entrees.donnees, plan, consignes, contexte.Ecran());
@@ -199,14 +204,13 @@ std::int64_t TraiterThemes(Rapport& rapport, const Entrees& entrees, const PlanL
 }
 
 void EcrireSorties(const Contexte& contexte, const Entrees& entrees, const std::vector<std::size_t>& actives,
-                   const PlanLexical& plan, const std::vector<std::string>& lignes, int largeur,
-                   std::int64_t decimales) {
+                   const PlanLexical& plan, const std::vector<std::string>& lignes, int largeur, std::int64_t de) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   for (const std::string& ligne : lignes) brt.Ligne(ligne);
-  EcrireModLexical(mod, contexte.generique, plan, entrees.intitules, lignes, largeur, decimales);
+  EcrireModLexical(mod, contexte.generique, plan, entrees.intitules, lignes, largeur, de);
   sorties.Effacer(contexte.Nom(kMotsDesLignes));  // rows of the former table
   for (std::size_t i = 0; i < entrees.pos.lignes.size(); ++i) {
     const bool question = i >= 2 && i < entrees.pos.premiereApres;
@@ -238,11 +242,11 @@ void Croiser(Rapport& rapport, const Contexte& contexte, const OptionsTabMot& op
   PrevenirDesLignes(rapport, contexte, table);
   const int chiffres = static_cast<int>(Nombre(static_cast<std::int64_t>(table.plusGrande)).size());
   const int largeur = std::max({1, static_cast<int>(entrees.parametres.largeur), chiffres});
-  std::int64_t decimales = entrees.parametres.de;
-  if (options.themes.value_or(table.themes)) decimales = TraiterThemes(rapport, entrees, plan, table);
+  std::int64_t de = entrees.parametres.de;
+  if (options.themes.value_or(table.themes)) de = TraiterThemes(rapport, entrees, plan, table);
   const std::vector<std::string> lignes = LignesTriees(table, largeur, contexte.Ecran());
   rapport.Ligne("Un utilitaire de tri range les fréquences par ordre croissant"_w);
-  EcrireSorties(contexte, entrees, actives, plan, lignes, largeur, decimales);
+  EcrireSorties(contexte, entrees, actives, plan, lignes, largeur, de);
   ImprimerFin(rapport);
 }
 

@@ -1,5 +1,6 @@
 #include "utilities/fusion/jonction.h"
 
+#include "core/programme/arret.h"
 #include "core/texte/nombres.h"
 #include "utilities/fusion/edition.h"
 
@@ -18,11 +19,6 @@ void Repeter(Ecrivain& sortie, char signe, std::size_t fois) {
 void EcrireLigneDeA(const Travail& travail, std::string_view ligne, Ecrivain& sortie) {
   sortie.Ecrire(ligne);
   if (travail.pos) Repeter(sortie, ' ', travail.a.plusLongue - ligne.size());
-}
-
-[[noreturn]] void Arreter(const Travail& travail, Texte raison) {
-  Avertir(travail.rapport, travail.contexte.Ecran(), raison);
-  throw Erreur(kArretAnnonce);
 }
 
 std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t individus) {
@@ -125,7 +121,7 @@ void FusionnerCoteACote(const Travail& travail) {
     if (!verification.Accepter(individu, ligneA, ligneB)) {
       c.Laisser();
       DireAncienPos(travail);
-      Arreter(travail, "Plus de 50 numéros ou nom différents"_w);
+      AvertirEtArreter(travail.rapport, travail.contexte.Ecran(), "Plus de 50 numéros ou nom différents"_w);
     }
     EcrireLigneDeA(travail, ligneA, c.Fichier());
     c.Fichier().Ligne(ligneB);
@@ -156,7 +152,7 @@ void FusionnerParNumero(const Travail& travail) {
     ImprimerAppareillement(travail.rapport, bilan);
     Prevenir(travail.contexte, bilan.lieu);
     DireAncienPos(travail);
-    Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
+    AvertirEtArreter(travail.rapport, travail.contexte.Ecran(), "Vérifiez et corrigez avant de relancer"_w);
   }
   c.Valider(LignesPosCoteACote(travail, bilan.lignes));
   ImprimerAppareillement(travail.rapport, bilan);

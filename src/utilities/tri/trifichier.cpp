@@ -1,7 +1,6 @@
 #include "utilities/tri/trifichier.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "core/fichiers/lignelongue.h"
 #include "core/programme/place.h"

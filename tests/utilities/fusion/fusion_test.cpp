@@ -69,6 +69,10 @@ TEST_F(RunFusion, InputsAndFormerResultsAreWholeWhateverHappens) {
   }
   EXPECT_EQ(Fichiers("ENQ.prt"), avant);
   Ecrire("B.POS", "B\r\n 3000 \r\nSEX9990 9\r\n");  // moves beyond the four columns of a position
+  dialogue_.afficher = [&](const Affichage& affichage) {
+    montre_ = affichage.texte;
+    EXPECT_TRUE(affichage.panne.ends_with("(B.POS, ligne 3, colonne 4)")) << affichage.panne;
+  };
   EXPECT_EQ(Fusionner(contexte_, Fusion(TypeFusion::CoteACote, true)), Fin::Arret);
   EXPECT_TRUE(Dit("ERREUR NUMERO = 6 "));
   EXPECT_EQ(Lire("C.DAT"), "ancien");
