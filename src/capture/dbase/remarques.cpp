@@ -147,10 +147,4 @@ void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs) {
         Joindre({"Valeurs trop grandes pour être un code, comptées comme le code 0 : "_w, Nombre(valeurs)}));
 }
 
-void MontrerRemarques(const Dialogue& dialogue, const Remarques& remarques) {
-  std::string texte;
-  for (const std::string& remarque : remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
-  if (!texte.empty()) dialogue.demander(texte, Boutons::Ok);
-}
-
 }  // namespace quelvar::capture
