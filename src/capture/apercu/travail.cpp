@@ -108,7 +108,9 @@ Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const 
   travail = {};  // what was written goes with its set
   TraceDeCellules trace(CheminDEcriture(contexte.repertoire, kTrace));
   travail.table = Reconnaitre(contexte, source, options, &trace);
-  travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);
+  travail.plan = Situer(
+      [&] { return Lieu{source.Nom()}; },
+      [&] { return DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture); });
   accepter(travail.table, travail.plan);
   if (TravaillerSelonTrace(contexte, trace, travail)) return travail;
   travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());
