@@ -43,15 +43,12 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool
   if (!dbf) {
     ImprimerEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
     ImprimerEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
-    rapport.Ligne();
-    rapport.Ligne(brtPresent || modPresent ? "Arrêt du programme car il n'y a pas de données"_w
-                                           : "Arrêt du programme car aucun fichier n'existe"_w);
-    throw Erreur(kArretAnnonce);
+    ArreterSansSource(rapport, brtPresent || modPresent);
   }
   ImprimerEtatDeSortie(rapport, brt, brtPresent, lisible);
   ImprimerEtatDeSortie(rapport, mod, modPresent, lisible);
   rapport.Ligne();
-  rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
+  rapport.Ligne(kSelonLesLargeursDuDbf);
 }
 
 // Gives each record as a line of the fields, with its number from 1; a failure of the work gets the place of the
