@@ -6,7 +6,8 @@
 #   ./test.sh --avant-envoi   what would be refused in what has changed, installs nothing: layout, arrows, cards of the
 #                             package, fuzz targets as clang reads them, the suite of the dev preset and the example
 #                             chain, analysis of the sources that changed or whose headers did, and, where a former
-#                             ./test.sh has left a build with the sanitizers, the tests of the folders that changed
+#                             ./test.sh has left a build with the sanitizers, the tests of the folders that changed;
+#                             the last two end when three minutes are near, and tell what they leave
 set -uo pipefail
 cd "$(dirname "$0")" || exit 1
 . tools/paquets.sh
@@ -18,8 +19,12 @@ sautes=0
 journal=$(mktemp)
 trap 'rm -f "$journal"' EXIT
 
-# etape NOM COMMANDE... : one check that passes or fails as a whole; its output is shown when it fails. The state 77
-# says that a tool for it is missing.
+# From this second on the steps that can be cut short before sending begin nothing more, and tell what they leave to the
+# whole run: what is then going on ends within three minutes.
+readonly ATTENTE=150
+
+# etape NOM COMMANDE... : one check that passes or fails as a whole; its output is shown when it fails, and the lines
+# "à savoir" of one that passes. The state 77 says that a tool for it is missing.
 etape() {
   local nom=$1 debut=$SECONDS etat=0
   shift
@@ -27,6 +32,7 @@ etape() {
   if [ $etat = 0 ]; then
     reussis=$((reussis + 1))
     echo "ok      $nom ($((SECONDS - debut)) s)"
+    grep '^à savoir' "$journal" || true
   elif [ $etat = 77 ]; then
     sautes=$((sautes + 1))
     echo "SAUTÉ   $nom : $(tail -n 1 "$journal")"
@@ -61,20 +67,19 @@ chaine() (
     cmp mots.svg "$racine/docs/images/mots.svg"
 )
 
-# The folders below the forms that have changed since the branch left the common one, or are not recorded yet.
+# The seconds that are left until then, 15 at least: a step that has not begun looks at what changed first.
+reste() { echo $((SECONDS + 15 > ATTENTE ? 15 : ATTENTE - SECONDS)); }
+
+# The folders below the forms that have changed.
 dossiers_changes() {
-  local base
-  base=$(git merge-base HEAD origin/main 2>/dev/null || git merge-base HEAD main) || return
-  { git diff --name-only "$base"; git ls-files --others --exclude-standard; } |
-    sed -n 's#^\(src\|tests\)/\([a-z]*\)/.*#\2#p' | sort -u | grep -vxE 'forms|golden|support'
+  tools/changements.sh | sed -n 's#^\(src\|tests\)/\([a-z]*\)/.*#\2#p' | sort -u | grep -vxE 'forms|golden|support'
 }
 
-# The sanitizers over the tests of these folders, where their build is nearly up to date: what takes longer than a minute
-# to compile waits for the whole run.
+# The sanitizers over the tests of these folders, where their build is nearly up to date.
 detecteurs() {
   local dossier etat=0
-  timeout 60 cmake --build --preset asan --target "${@/#/test_}" || etat=$?
-  if [ $etat = 124 ]; then echo "plus d'une minute à construire, ./test.sh le fera"; return 77; fi
+  timeout "$(reste)" cmake --build --preset asan --target "${@/#/test_}" || etat=$?
+  if [ $etat = 124 ]; then echo "trop long à construire, ./test.sh le fera"; return 77; fi
   [ $etat = 0 ] || return 1
   for dossier in "$@"; do "build/asan/bin/test_$dossier" --gtest_brief=1 || return 1; done
 }
@@ -105,7 +110,7 @@ avant_envoi() {
   etape "lectures au hasard, par clang" fuzz/court.sh --lire
   suite dev ""
   etape "chaîne d'exemple" chaine dev
-  etape "analyse statique" tools/tidy.sh build/dev
+  etape "analyse statique" tools/tidy.sh --limite "$(reste)" build/dev
   local changes
   mapfile -t changes < <(dossiers_changes)
   if [ -e build/asan/build.ninja ] && [ ${#changes[@]} -gt 0 ]; then
@@ -117,7 +122,7 @@ case "${1:-}" in
   --rapide) suite dev "" ;;
   --avant-envoi) avant_envoi ;;
   "") tout ;;
-  *) sed -n '2,10p' "$0"; exit 2 ;;
+  *) sed -n '2,11p' "$0"; exit 2 ;;
 esac
 echo
 echo "$reussis passed, $echecs failed$([ $sautes = 0 ] || echo ", $sautes skipped")"

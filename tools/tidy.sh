@@ -1,11 +1,16 @@
 #!/usr/bin/env bash
 # Static analysis of src/ after .clang-tidy.
-#   tools/tidy.sh [DOSSIER [FICHIER...]]    a build directory (default build/dev) that is up to date; all of src/
+#   tools/tidy.sh [--limite SECONDES] [DOSSIER [FICHIER...]]
+# DOSSIER is a build directory that is up to date (default build/dev); without FICHIER all of src/ is looked at. Under a
+# limit the files that changed come first, then those whose header did, then the shortest; no file is begun after it,
+# and how many are left is told.
 # A file that was found clean is not looked at again until something that it reads has changed: its verdict is kept
 # under the hash of its own bytes, of every header of ours that it includes, the generated ones too, of what its
 # command defines and where it looks for headers, of .clang-tidy and of the version of the tool.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+export FIN=
+if [ "${1:-}" = --limite ]; then FIN=$((EPOCHSECONDS + $2)); shift 2; fi
 dossier=${1:-build/dev}
 shift || true
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/quelvar-tidy
@@ -42,13 +47,28 @@ awk -v reglage="$reglage" '
   while read -r source reste; do
     cle=$({ echo "$source $reste"; cat "$source"; } | sha256sum | cut -d' ' -f1)
     [ -e "$cache/$cle" ] || echo "$source $cle"
-  done >"$travail/a_voir"
+  done >"$travail/trouves"
+
+# In the order in which a limit wants them: sources that changed, those whose header did, the others by their size.
+touch "$travail/changes"
+[ -z "$FIN" ] || tools/changements.sh >"$travail/changes"
+while read -r source cle; do
+  rang=2
+  if grep -qxF "$source" "$travail/changes"; then rang=0
+  elif grep -qxF "${source%.cpp}.h" "$travail/changes"; then rang=1; fi
+  echo "$rang $(wc -c <"$source") $source $cle"
+done <"$travail/trouves" | sort -n -k 1,1 -k 2,2 | cut -d' ' -f 3,4 >"$travail/a_voir"
 
 # The warnings of the compiler are g++'s matter: here only the checks count.
 examiner() {
+  if [ -n "$FIN" ] && [ "$EPOCHSECONDS" -ge "$FIN" ]; then echo "$3" >>"$RESTES"; return; fi
   clang-tidy-14 --quiet -p "$1" --extra-arg=-w "$3" 2> >(grep -v "warnings* generated" >&2) && touch "$2/$4"
 }
 export -f examiner
+export RESTES=$travail/restes
+touch "$RESTES"
 xargs -r -n 2 -P "$(nproc)" bash -c 'examiner "$0" "$1" "$2" "$3"' "$dossier" "$cache" <"$travail/a_voir"
 find "$cache" -type f -mtime +60 -delete
-echo "$(wc -l <"$travail/a_voir") fichiers analysés sur $(wc -l <"$travail/voulus")"
+restes=$(wc -l <"$RESTES")
+echo "$(($(wc -l <"$travail/a_voir") - restes)) fichiers analysés sur $(wc -l <"$travail/voulus")"
+[ "$restes" = 0 ] || echo "à savoir : $restes fichiers restent à analyser, faute de temps"

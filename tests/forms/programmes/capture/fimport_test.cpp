@@ -5,7 +5,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include "forms/pilote.h"
+#include "forms/bureauenq.h"
+#include "forms/programmes/capture/fimportcsv.h"
 #include "forms/programmes/capture/import/source.h"
 
 using namespace quelvar::forms;
@@ -98,4 +99,47 @@ TEST(FImport, TableauDeBurt) {
   EXPECT_EQ(bureau.Lire("ENQ.BRT"), "SEX140\r\nSEX206\r\n");
   EXPECT_EQ(bureau.Lire("ENQ.POS"), "ENQ\r\n 10 \r\n");
   EXPECT_TRUE(bureau.Texte().contains("Le tableau de burt sas.txt a été importé"));
+}
+
+TEST(Import, FormulaireSelonLesSources) {
+  enum class Forme { Tableur, DBase, Aucune };
+  struct Cas {
+    const char* fichier;
+    Forme forme;
+  };
+  for (const Cas& cas : {Cas{"ENQ.CSV", Forme::Tableur}, Cas{"enq.txt", Forme::Tableur}, Cas{"ENQ.DBF", Forme::DBase},
+                         Cas{"ENQ.DAT", Forme::DBase}, Cas{"ENQ.ODS", Forme::Aucune}}) {
+    SCOPED_TRACE(cas.fichier);
+    Bureau bureau(1);
+    bureau.Ecrire(cas.fichier, essai::kTableur);
+    bureau.Ecrire("ENQ.POS", "x");  // too short: counts as absent
+    bureau.Ouvrir();
+    bureau.Menu("mnuImport");
+    EXPECT_EQ(bureau.Forme<FImportCSV>() != nullptr, cas.forme == Forme::Tableur);
+    EXPECT_EQ(bureau.Forme<FImport>() != nullptr, cas.forme == Forme::DBase);
+    EXPECT_EQ(bureau.Forme<SourceImport>() != nullptr, cas.forme == Forme::Aucune) << "its files are offered";
+  }
+}
+
+TEST(Import, AideEtEtatDesFichiers) {
+  Bureau bureau(1);
+  bureau.Ecrire("ENQ.CSV", essai::kTableur);
+  bureau.Ecrire("ENQ.DAT", "1\r\n");
+  bureau.Ouvrir();
+  bureau.Menu("mnuImport");
+  FImportCSV& forme = *bureau.Forme<FImportCSV>();
+  const auto etat = [&](const char* nom) { return Etiquette(forme, nom); };
+  EXPECT_EQ(etat("LabelCSV") + etat("LabelTXT") + etat("LabelDAT") + etat("LabelPOS"), "PrésentAbsentPrésentAbsent");
+  auto& aide = Bureau::Dans<QPlainTextEdit>(forme, "TextAide");
+  EXPECT_EQ(aide.toPlainText(),
+            "Importation d'un fichier CSV (*.CSV) ou d'un fichier TXT (*.TXT) .\n"
+            "Le nom du champ issu d'Excel  est repris uniquement dans le cas des champs de largeur 1, 2 ou 3. Les "
+            "autres champs son conservés dans le fichier *.DAT mais non dans le fichier *.POS\n"
+            "Attention les fichiers *.DAT et *.POS qui existent déjà seront remplacés du fait de l'importation du "
+            "fichier CSV.\n");
+  Cliquer(forme, "CheckTrg");
+  EXPECT_TRUE(aide.toPlainText().endsWith("Dans ce cas, un fichier DAT est créé mais non un fichier POS.\n"));
+  Cliquer(forme, "Lancer");
+  EXPECT_FALSE(bureau.Existe("ENQ.POS"));
+  EXPECT_TRUE(bureau.Lire("ENQ.DAT").starts_with("NUM")) << "the title line is data";
 }

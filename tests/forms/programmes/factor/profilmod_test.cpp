@@ -1,0 +1,62 @@
+#include "forms/programmes/factor/profilmod.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+
+#include "forms/images/fenetredessin.h"
+#include "forms/images/vuedessin.h"
+#include "forms/pilote.h"
+
+using namespace quelvar::forms;
+
+namespace {
+
+using essai::Bureau;
+using essai::Cliquer;
+
+class FormeProfil : public testing::Test {
+ protected:
+  FormeProfil() : bureau_(2) {
+    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nAGE   1 9 $Age$\r\nSEX   2 9\r\n");
+    bureau_.Ecrire("ENQ.DAT", "12\r\n21\r\n12\r\n");
+    bureau_.Ecrire("ENQ.MOD",
+                   "ENQ\r\n LIGN=2 COL=4 FMT=2\r\nAGE1   jeunes\r\nAGE2   vieux\r\nSEX1   hommes\r\nSEX2   femmes\r\n");
+    bureau_.Ecrire("ENQ.BRT", "OUV  1 2 3 4\r\nCAD  4 3 2 1\r\n");
+    bureau_.Ouvrir();
+  }
+
+  Bureau bureau_;
+};
+
+TEST_F(FormeProfil, AProfileIsChosenRunAndDrawn) {
+  ProfilMod& forme = bureau_.Demander<ProfilMod>("mnuProfil");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_EQ(Bureau::Dans<QLabel>(forme, "TextMsg").text(), "Aucune modalité n'a été choisie");
+  auto& liste = Bureau::Dans<QListWidget>(forme, "ListSuppl");
+  Bureau::Dans<QLineEdit>(forme, "Recherche").setText("jeu");
+  EXPECT_FALSE(liste.item(0)->isHidden());
+  EXPECT_TRUE(liste.item(1)->isHidden());
+  QTest::keyClick(&liste, Qt::Key_Space);
+  liste.item(3)->setSelected(true);
+  EXPECT_EQ(Bureau::Dans<QLineEdit>(forme, "ChoixMod").text(), "AGE1 SEX2");
+  Cliquer(forme, "BoutEnreg");
+  EXPECT_TRUE(bureau_.Texte().contains("\nProfil de la modalité SEX2 femmes\n"));
+  EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.MOD")).contains("LIGN=2 COL=4 LA=2  MOD=AGE1~SEX2\r\n"));
+  auto* image = bureau_.Forme<FenetreDessin>();
+  ASSERT_NE(image, nullptr);
+  essai::VerifierControles(*image);
+  EXPECT_EQ(Bureau::Dans<QComboBox>(*image, "ListPages").count(), 2);
+  EXPECT_FALSE(Bureau::Dans<VueDessin>(*image, "Pict2").Contenu().Formes().empty());
+}
+
+TEST_F(FormeProfil, AProfileGivenUpSaysSo) {
+  ProfilMod& forme = bureau_.Demander<ProfilMod>("mnuProfil");
+  Cliquer(forme, "BoutQuitter");
+  EXPECT_EQ(bureau_.Texte(), "Arrêt volontaire du programme\n");
+}
+
+}  // namespace
