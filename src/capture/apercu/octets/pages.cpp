@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstring>
 #include <utility>
 
 #include "capture/apercu/octets/cellule.h"
@@ -100,18 +98,6 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
 bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }
 
 }  // namespace
-
-std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
-  std::size_t i = debut;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    mot &= 0x8080808080808080ULL;
-    if (mot != 0) return i + static_cast<std::size_t>(std::countr_zero(mot)) / 8;
-  }
-  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
-  return i;
-}
 
 std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
                               std::int64_t& etrangers) {
