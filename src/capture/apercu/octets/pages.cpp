@@ -32,10 +32,14 @@ unsigned char DeLatin9(unsigned char octet) {
 
 // What stands for a character that the code page lacks and that nobody would miss; 0 to leave it out, -1 for none.
 int Remplacant(char32_t point) {
+  // Spaces of other widths.
   if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000)
     return static_cast<unsigned char>(kInsecable);
+  // Hyphens, and the sign of the negative.
   if (point == 0x2010 || point == 0x2011 || point == 0x2212) return '-';
+  // The ends of a line and of a paragraph within a cell.
   if (point == 0x2028 || point == 0x2029) return ' ';
+  // What has no width: joiners, marks of direction, a mark of byte order in the text.
   if ((point >= 0x200B && point <= 0x200F) || point == 0x2060 || point == 0xFEFF) return 0;
   return -1;
 }
