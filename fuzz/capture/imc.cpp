@@ -1,5 +1,5 @@
 // Any bytes as the choices of an import: they are read or refused with a sentence, and what was read is written so that
-// it can be read again.
+// it is read again as the same.
 #include "capture/apercu/imc.h"
 
 #include <cstdint>
@@ -18,6 +18,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     return 0;
   }
   const fuzz::FichierMemoire relu(ecrit);
-  quelvar::capture::LireImc(relu.Chemin());
+  if (quelvar::capture::EcrireImc(quelvar::capture::LireImc(relu.Chemin())) != ecrit) std::abort();
   return 0;
 }

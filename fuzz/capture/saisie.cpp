@@ -1,12 +1,11 @@
 // Any descriptor with any text of keys or records: the replay ends, whole lines stand in .DAT, and what was keyed can
 // be sorted. Input: one byte of options, then the bytes of .DES, of a former .DAT, of a .MOD and of the
 // text, with FF hex between them.
-#include "capture/saisie/saisie.h"
-
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
+#include "capture/saisie/rejeu.h"
 #include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 

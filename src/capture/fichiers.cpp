@@ -17,6 +17,13 @@ void ImprimerEtatDeSortie(Rapport& rapport, std::string_view nom, bool present, 
   ImprimerEtat(rapport, nom, !present ? kSeraCree : lisible ? kRemplace : kExiste);
 }
 
+void ArreterSansSource(Rapport& rapport, bool autres) {
+  rapport.Ligne();
+  rapport.Ligne(autres ? "Arrêt du programme car il n'y a pas de données"_w
+                       : "Arrêt du programme car aucun fichier n'existe"_w);
+  throw Erreur(kArretAnnonce);
+}
+
 void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fichier, JeuDeFichiers& sauvegardes,
                        Texte suite) {
   ImprimerEtat(rapport, nom, " existe déjà"_w);

@@ -22,6 +22,13 @@ inline constexpr std::string_view kSeraCree = " n'existe pas et sera créé"_w;
 inline constexpr std::string_view kSeraCreeSansAccents = " n'existe pas et sera cree";
 inline constexpr std::string_view kRemplace = " existait déjà et a été remplacé"_w;
 
+// What is looked at, with a .DBF.
+inline constexpr std::string_view kSelonLesLargeursDuDbf =
+    "Toutes les positions sont examinées selon les largeurs de *.DBF"_w;
+
+// The end of a run that has no source (kArretAnnonce): its line tells whether any other file of the generic is there.
+[[noreturn]] void ArreterSansSource(Rapport& rapport, bool autres);
+
 // An older copy of a file to be saved goes on under a further name, among the outputs; the report tells it.
 void ConserverSauvegarde(Rapport& rapport, const Chemin& fichier, const std::string& sauvegarde,
                          JeuDeFichiers& sorties);

@@ -1,7 +1,7 @@
 // The options of the imports of tables as the command line and the forms know them.
 #pragma once
 
-#include "capture/burt.h"
+#include "capture/burt/import.h"
 #include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"
 #include "core/options/description.h"

@@ -7,6 +7,11 @@
 
 namespace quelvar::capture {
 
+namespace {
+constexpr std::size_t kLettres = 'Z' - 'A' + 1;
+constexpr std::size_t kChiffres = 10;
+}  // namespace
+
 std::vector<std::size_t> DistinguerNoms(std::vector<std::string>& noms,
                                         const std::function<bool(std::string_view)>& impossible,
                                         const std::function<std::string(std::size_t)>& rechange) {
@@ -35,14 +40,14 @@ std::vector<std::size_t> DistinguerNoms(std::vector<std::string>& noms,
 std::string NomAvecLettres(std::size_t rang, std::size_t largeur) {
   for (std::size_t lettres = 1; lettres < largeur; ++lettres) {
     std::size_t nombre = 1;  // of the names with that many letters
-    for (std::size_t k = 0; k < largeur; ++k) nombre *= k < lettres ? 26 : 10;
+    for (std::size_t k = 0; k < largeur; ++k) nombre *= k < lettres ? kLettres : kChiffres;
     if (rang >= nombre) {
       rang -= nombre;
       continue;
     }
     std::string nom(largeur, ' ');
     for (std::size_t k = largeur; k-- > 0;) {
-      const std::size_t base = k < lettres ? 26 : 10;
+      const std::size_t base = k < lettres ? kLettres : kChiffres;
       nom[k] = static_cast<char>((k < lettres ? 'A' : '0') + static_cast<char>(rang % base));
       rang /= base;
     }

@@ -28,8 +28,8 @@ std::string Cle(std::string_view nom) { return Majuscules(Rogner(nom)); }
 
 class Nommeur {
  public:
-  explicit Nommeur(const std::vector<std::string>& intitules) {
-    for (const std::string& intitule : intitules) ++demandes_[Cle(NomNaturel(intitule))];
+  explicit Nommeur(const std::vector<Titre>& titres) {
+    for (const Titre& titre : titres) ++demandes_[Cle(NomNaturel(titre.intitule))];
   }
 
   // A name that a .POS can hold and that no other title asks for.
@@ -38,9 +38,9 @@ class Nommeur {
            nom.find(kFinDeListe) == std::string::npos;
   }
 
-  std::string Distinguer(const std::string& intitule) {
+  std::string Distinguer(const Titre& titre) {
     std::string signes;
-    for (const char c : intitule)
+    for (const char c : titre.intitule)
       if (EstAlphanumerique(c)) signes += c;
     if (signes.empty()) signes = kSansNom;
     signes.resize(std::max(signes.size(), kNomCourtLePlusLong), 'X');
@@ -49,7 +49,7 @@ class Nommeur {
       if (Prendre(signes.substr(0, 2) + c)) return pris_;
     for (; libre_ < kNomsLibres; ++libre_)
       if (Prendre(NomLibre(libre_))) return pris_;
-    throw Erreur(kIndiceHorsSelection);
+    throw Erreur(kIndiceHorsSelection).Situer({{}, 0, static_cast<int>(titre.colonne)});
   }
 
  private:
@@ -78,13 +78,13 @@ std::string NomNaturel(const std::string& intitule) {
   return intitule.empty() ? std::string(kSansNom) : CadreDroit(intitule, kNomCourtLePlusLong);
 }
 
-std::vector<NomCourt> NommerIntitules(const std::vector<std::string>& intitules) {
-  Nommeur nommeur(intitules);
+std::vector<NomCourt> NommerTitres(const std::vector<Titre>& titres) {
+  Nommeur nommeur(titres);
   std::vector<NomCourt> noms;
-  for (const std::string& intitule : intitules) {
-    std::string naturel = NomNaturel(intitule);
+  for (const Titre& titre : titres) {
+    std::string naturel = NomNaturel(titre.intitule);
     if (nommeur.SeSuffit(naturel)) noms.push_back({std::move(naturel), false});
-    else noms.push_back({nommeur.Distinguer(intitule), true});
+    else noms.push_back({nommeur.Distinguer(titre), true});
   }
   return noms;
 }

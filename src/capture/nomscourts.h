@@ -16,13 +16,19 @@ struct NomCourt {
   bool distingue = false;  // it is not the one that the title alone gives
 };
 
+// A title, and its column in the source, from 1.
+struct Titre {
+  std::string intitule;
+  std::size_t colonne = 0;
+};
+
 // The name that a title alone gives: its first three characters in three columns, "XXX" without a title.
 std::string NomNaturel(const std::string& intitule);
 
 // The name of each title: its first three characters, "XXX" without a title. Titles that would share a name (small and
 // capital letters make no difference), and names that a .POS can't hold (blank, or with a sign of its own), get another
 // one: the first three letters and digits of the title, else its first two with a digit or a letter, else any three
-// that are free. Raises kIndiceHorsSelection when none is left.
-std::vector<NomCourt> NommerIntitules(const std::vector<std::string>& intitules);
+// that are free. Raises kIndiceHorsSelection with its column when none is left.
+std::vector<NomCourt> NommerTitres(const std::vector<Titre>& titres);
 
 }  // namespace quelvar::capture

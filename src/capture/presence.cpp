@@ -71,8 +71,7 @@ std::string AideImport(const SourcesPresentes& sources, int niveau) {
 std::string AideImportBurt() {
   return Joindre(
       {"Importation d'un tableau de Burt issu de SAS : un fichier texte d'une ligne par modalité, son intitulé puis "
-       "ses "
-       "effectifs séparés par des blancs.\r\n"
+       "ses effectifs séparés par des blancs.\r\n"
        "Dans PROC CORRESP;\r\n"
        "     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\r\n"
        "     ods  output   Burt=fichtemp ;\r\n"

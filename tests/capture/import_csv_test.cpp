@@ -219,7 +219,7 @@ TEST_F(RunImport, AQuotedFieldSpansLines) {
       << "a quote that nothing closes runs to the end of its line";
 }
 
-TEST(NommerIntitules, AllDifferent) {
+TEST(NommerTitres, AllDifferent) {
   const struct {
     std::vector<std::string> intitules, noms;
   } cas[] = {{{"SEX", "AGE age", "W1"}, {"SEX", "AGE", " W1"}},
@@ -231,8 +231,10 @@ TEST(NommerIntitules, AllDifferent) {
              {{"Sex", "SEX", "Sea"}, {"Se1", "SE2", "Sea"}},
              {{"$$$ revenu", "**", "A$B", "   D"}, {"rev", "XXX", "ABX", "DXX"}}};
   for (const auto& [intitules, noms] : cas) {
+    std::vector<Titre> titres;
+    for (const std::string& intitule : intitules) titres.push_back({intitule});
     std::vector<std::string> obtenus;
-    for (const NomCourt& nom : NommerIntitules(intitules)) obtenus.push_back(nom.nom);
+    for (const NomCourt& nom : NommerTitres(titres)) obtenus.push_back(nom.nom);
     EXPECT_EQ(obtenus, noms) << intitules[0];
   }
 }

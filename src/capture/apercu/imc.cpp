@@ -48,8 +48,10 @@ std::string EcrireLigne(const ChoixDeColonne& choix) {
   if (choix.aDroite) parametre("cadrage", "droite");
   if (choix.genre == Genre::Codes && !choix.textes.empty()) parametre("textes", Liste(choix.textes));
   if (choix.genre == Genre::Textes) {
-    if (choix.ordre != Ordre::Donne) parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
+    // In this order: texts that are given alone are the order; without any the others come alphabetically.
     if (!choix.textes.empty()) parametre("textes", Liste(choix.textes));
+    if (choix.ordre != Ordre::Donne || choix.textes.empty())
+      parametre("ordre", choix.ordre == Ordre::Frequence ? "frequence" : "alphabetique");
     if (choix.fondus) parametre("fondus", "oui");
   }
   if (choix.genre == Genre::Classes) {

@@ -9,9 +9,9 @@
 namespace quelvar::capture {
 
 // A title, a text or a value that holds "=", ";", "|", "#", a quote or outer blanks stands in double quotes, its quotes
-// doubled. Parameters: "ordre=alphabetique|frequence", "textes=Homme|Femme", "zero=NSP|NR", "bornes=15|25|35",
-// "groupes=5", "liste=;", "reponses=Oui", "codemax=L3", "cadrage=droite",
-// "intitule=Age". Lines that start with "#" are remarks.
+// doubled. Parameters: "ordre=alphabetique" or "ordre=frequence", "textes=Homme|Femme", "fondus=oui", "zero=NSP|NR",
+// "bornes=15|25|35", "groupes=5", "liste=;", "reponses=Oui", "codemax=L3", "cadrage=droite", "intitule=Age". Lines that
+// start with "#" are remarks.
 std::string EcrireImc(const std::vector<ChoixDeColonne>& choix);  // the bytes of the file
 // Raises a sentence (kIncompatibiliteType) with line and text for a line that cannot be read, and the failures of
 // LecteurLignes.

@@ -60,8 +60,9 @@ Essai Essayer(char separateur, const Rangees& rangees) {
   for (const auto& rangee : rangees)
     if (rangee.size() > 1) ++nombres[rangee.size()];
   if (nombres.empty()) return {};
-  const auto frequent =
-      std::ranges::max_element(nombres, [](const auto& a, const auto& b) { return a.second <= b.second && a != b; });
+  auto frequent = nombres.begin();  // of lengths as frequent the longest
+  for (auto longueur = nombres.begin(); longueur != nombres.end(); ++longueur)
+    if (longueur->second >= frequent->second) frequent = longueur;
   const double part = static_cast<double>(frequent->second) / static_cast<double>(rangees.size());
   if (rangees.front().size() >= frequent->first) return {separateur, 1 + part, 0};
   if (rangees.front().size() > 1) return {separateur, part, 0};

@@ -60,9 +60,10 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
   if (!promesse || lecture.crSeuls || AvecCrSeuls(source.Texte())) return false;
   travail.sorties = std::make_unique<Sorties>(contexte, false);
-  const std::int64_t environ =
-      static_cast<std::int64_t>(apercu.octets / (2 * std::max<std::size_t>(promesse->largeurs.size(), 1)));
-  Progression progression(contexte.Ecran(), environ);
+  // A code of one digit and a sign behind it, in every column: about the individuals that the file has.
+  constexpr std::size_t kOctetsDeCode = 2;
+  const std::uintmax_t environ = apercu.octets / (kOctetsDeCode * std::max<std::size_t>(promesse->largeurs.size(), 1));
+  Progression progression(contexte.Ecran(), static_cast<std::int64_t>(environ));
   Ecrivain& dat = travail.sorties->jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   const std::optional<PassageDirect> passage =
       EcrireDirect(source.Texte(), lecture, *promesse, dat, [&] { progression.Avancer(); });
@@ -108,7 +109,9 @@ Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const 
   travail = {};  // what was written goes with its set
   TraceDeCellules trace(CheminDEcriture(contexte.repertoire, kTrace));
   travail.table = Reconnaitre(contexte, source, options, &trace);
-  travail.plan = DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture);
+  travail.plan = Situer(
+      [&] { return Lieu{source.Nom()}; },
+      [&] { return DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture); });
   accepter(travail.table, travail.plan);
   if (TravaillerSelonTrace(contexte, trace, travail)) return travail;
   travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());

@@ -11,13 +11,13 @@ namespace quelvar::capture {
 
 std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes) {
   std::vector<std::size_t> rangs;
-  std::vector<std::string> intitules;
+  std::vector<Titre> titres;
   for (std::size_t j = 0; j < colonnes.size(); ++j) {
     if (!colonnes[j].DansPos()) continue;
     rangs.push_back(j);
-    intitules.push_back(colonnes[j].intitule);
+    titres.push_back({colonnes[j].intitule, colonnes[j].rang});
   }
-  std::vector<NomCourt> noms = NommerIntitules(intitules);
+  std::vector<NomCourt> noms = NommerTitres(titres);
   std::vector<std::size_t> changees;
   for (std::size_t i = 0; i < rangs.size(); ++i) {
     colonnes[rangs[i]].nomCourt = std::move(noms[i].nom);

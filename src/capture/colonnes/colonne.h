@@ -36,7 +36,7 @@ struct ColonneImportee {
 };
 
 // Gives the columns of .POS their names; returns those whose name is not that of their title, by index. Raises
-// kIndiceHorsSelection when no name is left.
+// kIndiceHorsSelection, with the column of the source, when no name is left.
 std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes);
 
 // Writes the dictionary: generic, number of individuals, a line for each column that is a question. Raises the failures

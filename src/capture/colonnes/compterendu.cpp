@@ -17,10 +17,7 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_vi
   if (!presence.source) {
     ImprimerEtat(rapport, dat, existe(presence.dat));
     ImprimerEtat(rapport, pos, existe(presence.pos));
-    rapport.Ligne();
-    rapport.Ligne(presence.pos || presence.dat ? "Arrêt du programme car il n'y a pas de données"_w
-                                               : "Arrêt du programme car aucun fichier n'existe"_w);
-    throw Erreur(kArretAnnonce);
+    ArreterSansSource(rapport, presence.pos || presence.dat);
   }
   if (presence.dat) {
     ImprimerEtat(rapport, dat, kRemplace);

@@ -45,8 +45,7 @@ struct EnteteDbf {
 // read. Raises kFinDeFichierDepassee when even the first 32 bytes are not there.
 EnteteDbf LireEnteteDbf(std::string_view octets);
 // The header of a file. Raises kFinDeFichierDepassee for a file cut in its header (but not when the length announced is
-// below kEnteteMinimal), and the failures of LireMorceau, with
-// the name of the file.
+// below kEnteteMinimal), and the failures of LireMorceau, with the name of the file.
 EnteteDbf LireEnteteDuFichier(const Chemin& chemin);
 
 // The whole records that stand in a file of that many bytes, at most those announced. Without a record length nothing

@@ -35,7 +35,7 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, const Fichiers
     ImprimerEtatDeSortie(rapport, dat, fichiers.dat.has_value(), lisible);
     ImprimerEtatDeSortie(rapport, pos, fichiers.pos.has_value(), lisible);
     rapport.Ligne();
-    rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
+    rapport.Ligne(kSelonLesLargeursDuDbf);
   } else if (fichiers.dat) {
     ImprimerEtat(rapport, dat, kExiste);
     ImprimerEtat(rapport, pos, fichiers.pos ? kExiste : kSeraCreeSansAccents);
@@ -46,10 +46,7 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, const Fichiers
     ImprimerEtat(rapport, dbf, kNExistePas);
     ImprimerEtat(rapport, dat, kNExistePas);
     ImprimerEtat(rapport, pos, fichiers.pos ? kExiste : kNExistePas);
-    rapport.Ligne();
-    rapport.Ligne(fichiers.pos ? "Arrêt du programme car il n'y a pas de données"_w
-                               : "Arrêt du programme car aucun fichier n'existe"_w);
-    throw Erreur(kArretAnnonce);
+    ArreterSansSource(rapport, fichiers.pos.has_value());
   }
 }
 

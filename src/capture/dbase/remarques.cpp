@@ -5,6 +5,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
@@ -42,10 +43,10 @@ void RemarquerLongueurs(Remarques& remarques, const EnteteDbf& entete, std::uint
     remarques.push_back(
         Joindre({"Le fichier contient de quoi faire "_w, Compte((taille - repris) / entete.longueurEnregistrement),
                  " enregistrements de plus que l'en-tête n'en annonce : ils ne sont pas repris"_w}));
-  std::string vides;
-  for (const std::string& nom : entete.sansLargeur)
-    vides += Joindre({std::string_view(vides.empty() ? "" : ", "), Rogner(nom)});
-  if (!vides.empty()) remarques.push_back(Joindre({"Champs de largeur 0, laissés de côté : "_w, vides}));
+  std::vector<std::string_view> vides;
+  for (const std::string& nom : entete.sansLargeur) vides.push_back(Rogner(nom));
+  if (const std::string noms = Enumerer(vides); !noms.empty())
+    remarques.push_back(Joindre({"Champs de largeur 0, laissés de côté : "_w, noms}));
   const std::size_t champs = entete.LongueurChamps();
   if (champs != entete.LongueurLigne())
     remarques.push_back(Joindre({"Les champs occupent ensemble "_w, Nombre(champs),
@@ -145,12 +146,6 @@ void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs) {
   if (valeurs > 0)
     remarques.push_back(
         Joindre({"Valeurs trop grandes pour être un code, comptées comme le code 0 : "_w, Nombre(valeurs)}));
-}
-
-void MontrerRemarques(const Dialogue& dialogue, const Remarques& remarques) {
-  std::string texte;
-  for (const std::string& remarque : remarques) texte += (texte.empty() ? "" : "\r\n") + remarque;
-  if (!texte.empty()) dialogue.demander(texte, Boutons::Ok);
 }
 
 }  // namespace quelvar::capture

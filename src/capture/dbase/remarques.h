@@ -9,8 +9,8 @@
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/questions.h"
 #include "capture/dbase/tri.h"
+#include "capture/remarques.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/dialogue.h"
 #include "core/programme/report.h"
 
 namespace quelvar::capture {
@@ -32,8 +32,6 @@ struct PassageDbf {
   void Prendre(const ConvertisseurDbf& convertisseur);
 };
 
-using Remarques = std::vector<std::string>;
-
 // A header whose records can't be found is told in the report and stops the run (kArretAnnonce).
 void ExigerEntete(Rapport& rapport, const EnteteDbf& entete, std::string_view nom);
 // The same for records that are too short for their fields: no cut of theirs could be trusted.
@@ -53,8 +51,5 @@ void RemarquerRenommages(Remarques& remarques, std::string_view phrase, const st
 void RemarquerImpropres(Remarques& remarques, const std::vector<QuestionImportee>& questions,
                         const std::vector<TriDeChamp>& tris);
 void RemarquerImpossibles(Remarques& remarques, std::int64_t valeurs);
-
-// Shows all of them in one box; none, no box.
-void MontrerRemarques(const Dialogue& dialogue, const Remarques& remarques);
 
 }  // namespace quelvar::capture

@@ -43,15 +43,12 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool
   if (!dbf) {
     ImprimerEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
     ImprimerEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
-    rapport.Ligne();
-    rapport.Ligne(brtPresent || modPresent ? "Arrêt du programme car il n'y a pas de données"_w
-                                           : "Arrêt du programme car aucun fichier n'existe"_w);
-    throw Erreur(kArretAnnonce);
+    ArreterSansSource(rapport, brtPresent || modPresent);
   }
   ImprimerEtatDeSortie(rapport, brt, brtPresent, lisible);
   ImprimerEtatDeSortie(rapport, mod, modPresent, lisible);
   rapport.Ligne();
-  rapport.Ligne("Toutes les positions sont examinées selon les largeurs de *.DBF"_w);
+  rapport.Ligne(kSelonLesLargeursDuDbf);
 }
 
 // Gives each record as a line of the fields, with its number from 1; a failure of the work gets the place of the
@@ -102,11 +99,16 @@ PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, 
   });
 }
 
-// The name of a row or column that has none of its own: its rank.
+// The name of a row or column that has none of its own: its rank. Raises kIndiceHorsSelection, with the number of the
+// row, behind the last name; columns are never so many.
 std::string NomDeRang(std::size_t i) {
   constexpr std::size_t kEnChiffres = 9999;
-  return i < kEnChiffres ? CadreGauche(Nombre(i + 1), kLargeurDeModalite)
-                         : NomAvecLettres(i - kEnChiffres, kLargeurDeModalite);
+  if (i < kEnChiffres) return CadreGauche(Nombre(i + 1), kLargeurDeModalite);
+  return Situer(
+      [i] {
+        return Lieu{{}, static_cast<std::int64_t>(i) + 1};
+      },
+      [i] { return NomAvecLettres(i - kEnChiffres, kLargeurDeModalite); });
 }
 
 // Names in four characters; those that are blank, end a list or are equal take their rank, which `quoi` tells.
@@ -169,7 +171,7 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   ImprimerBandeau(rapport, "Importation de tableau quelconque");
   ImprimerPresence(rapport, contexte, dbf.has_value(), !echec);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-  const auto& [entete, taille, lignes, tableau, propres] = lecture;
+  const auto& [entete, taille, lignes, tableau, noms] = lecture;
   if (echec && taille == 0 && echec->Numero() != kArretAnnonce) throw *echec;
   ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
   ExigerLongueur(rapport, entete, contexte.Nom(".DBF"));
@@ -179,10 +181,11 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
 
   Remarques remarques;
   const std::vector<std::string> colonnes = NommerColonnes(tableau, remarques);
-  const std::vector<std::string> noms = DesignerParRang(propres, "Lignes", remarques);
+  const std::vector<std::string> designees = Situer([&] { return Lieu{TexteDe(dbf->filename())}; },
+                                                    [&] { return DesignerParRang(lecture.noms, "Lignes", remarques); });
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
-  const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, noms);
+  const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, designees);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, colonnes, lignes, tableau.largeur);
   ImprimerFinDImport(rapport, contexte.niveau);
   RemarquerDbf(remarques, entete, taille, passage);

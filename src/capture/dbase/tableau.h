@@ -9,9 +9,9 @@ struct OptionsImportTableau {
   bool operator==(const OptionsImportTableau&) const = default;
 };
 
-// Makes .BRT and .MOD of the .DBF of the generic, with an account in .IMP. Stops with kIndiceHorsSelection for
-// fewer than three fields, kIncompatibiliteType for a word among the counts, kFinDeFichierDepassee for a file without
-// rows.
+// Makes .BRT and .MOD of the .DBF of the generic, with an account in .IMP. Stops with kIndiceHorsSelection for fewer
+// than three fields and for more rows without a name of their own than there are names, kIncompatibiliteType for a word
+// among the counts, kFinDeFichierDepassee for a file without rows.
 Fin ImportTableau(const Contexte& contexte, const OptionsImportTableau& options);
 
 // The wording of an unexpected error of the two imports of tables.

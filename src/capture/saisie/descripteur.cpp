@@ -12,6 +12,10 @@ namespace {
 
 constexpr std::size_t kChiffresAuPlus = 4;  // more than any code-max or width has
 
+// The sentences of the refusals hold these numbers.
+static_assert(kCodeMaxCourt == 99 && kLargeurAlphaAuPlus == 20 && kLongueurDuNom == 3 &&
+              kQuestionsDuDescripteur == 1000);
+
 std::string_view RefusDuNombre(std::string_view codeMax, GenreDescription genre) {
   const int nombre =
       codeMax.size() <= kChiffresAuPlus && SontChiffres(codeMax) ? static_cast<int>(ValeurDe(codeMax)) : 0;

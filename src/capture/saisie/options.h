@@ -1,7 +1,7 @@
 // The options of a replayed entry.
 #pragma once
 
-#include "capture/saisie/saisie.h"
+#include "capture/saisie/rejeu.h"
 #include "core/options/description.h"
 
 namespace quelvar::capture {

@@ -1,10 +1,9 @@
-// Keyed entry: the start of an entry on the files of the generic, what Enter does, the report at its end, and a whole
-// entry replayed from a text.
+// Keyed entry: the start of an entry on the files of the generic, what Enter does, and the report at its end.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "capture/saisie/etat.h"
 #include "capture/saisie/fichiers.h"
@@ -30,25 +29,9 @@ bool Enregistrer(SaisieEnCours& saisie);
 // written would be lost, or there is no record of that number.
 std::string Revoir(SaisieEnCours& saisie, std::int64_t numero);
 
+// The lines of the report on the records made; `faute`, why the entry has stopped, stands in place of the normal end.
+void ImprimerFinDeSaisie(Rapport& rapport, std::int64_t faits, std::string_view faute = {});
 // The end of an entry: the report "$$$.prt" with the count of records.
 Fin TerminerSaisie(const Contexte& contexte, std::int64_t faits);
-
-enum class ModeDEntree { Touches, Enregistrements };
-
-struct OptionsSaisie {
-  ModeDEntree entree = ModeDEntree::Touches;
-  bool directe = false;      // CheckDirect
-  bool synchroniser = true;  // each record is on the disk before the next one
-
-  bool operator==(const OptionsSaisie&) const = default;
-};
-
-// Gives the next line of the text to replay, in the code page, false at its end; a line with characters that the code
-// page lacks has them as NomDepuisUtf8 writes them, and is refused.
-using LectureDeLigne = std::function<bool(std::string& ligne)>;
-
-// Replays an entry. The end of the text ends it as Escape does; a line that can't be taken stops it and is told in a
-// box. The faults of the descriptor are told in a box, where "Annuler" stops.
-Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const LectureDeLigne& lire);
 
 }  // namespace quelvar::capture

@@ -34,13 +34,14 @@ class RunImportDeTable : public essai::RunDeProgramme {
 };
 
 TEST_F(RunImportDeTable, ChoicesWrittenAreTheChoicesRead) {
-  std::vector<ChoixDeColonne> choix(5);
+  std::vector<ChoixDeColonne> choix(6);
   choix[0] = {"a=b;c", Genre::Textes, "ABC", Ordre::Donne, {"Homme", "x|y", " bord ", "dit \"oui\""}, {"NSP", ""}, {},
               0,       '\0',          {}};
   choix[1] = {"", Genre::Classes, "A B", Ordre::Alphabetique, {}, {}, {-1.5, 0, 1e6}, 0, '\0', {}};
   choix[2] = {"# titre", Genre::Classes, "  Q", Ordre::Alphabetique, {}, {"9"}, {}, 4, '\0', {}};
   choix[3] = {"L\xE9gende", Genre::Multiple, "Mul", Ordre::Alphabetique, {}, {}, {}, 0, ';', {}};
   choix[4] = {"L\xE9gende", Genre::Multiple, "Mu2", Ordre::Alphabetique, {}, {}, {}, 0, '\0', {"Oui", "X"}};
+  choix[5] = {"Ville", Genre::Textes, "VIL", Ordre::Frequence, {"Paris"}, {}, {}, 0, '\0', {}};
   Ecrire("x.imc", EcrireImc(choix));
   const std::vector<ChoixDeColonne> lus = LireImc(dossier_.Chemin() / "x.imc");
   EXPECT_EQ(EcrireImc(lus), EcrireImc(choix));

@@ -10,6 +10,7 @@
 
 #include "capture/saisie/descripteur.h"
 #include "capture/saisie/ecran.h"
+#include "capture/saisie/rejeu.h"
 #include "capture/saisie/touches.h"
 #include "core/fichiers/appels.h"
 #include "core/texte/nombres.h"

@@ -29,7 +29,7 @@
 #include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/fimport.h"
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/programmes/capture/import/source.h"
 #include "forms/programmes/capture/saisiedes.h"

@@ -26,14 +26,14 @@ std::string NomDemande(const ChoixDeColonne& choix, std::size_t j) {
 // `nombres`: the variables of the numbers kept, which have names of their own, else the questions.
 void Nommer(std::vector<ChoixDeColonne>& choix, bool nombres, const std::vector<FaitsDeColonne>* colonnes) {
   std::vector<std::size_t> rangs;
-  std::vector<std::string> intitules;
+  std::vector<Titre> titres;
   for (std::size_t j = 0; j < choix.size(); ++j) {
     if (!DonneUnNom(choix[j], nombres)) continue;
     if (colonnes != nullptr && choix[j].genre == Genre::Codes && (*colonnes)[j].maximum <= 0) continue;
     rangs.push_back(j);
-    intitules.push_back(NomDemande(choix[j], j));
+    titres.push_back({NomDemande(choix[j], j), j + 1});
   }
-  const std::vector<NomCourt> noms = NommerIntitules(intitules);
+  const std::vector<NomCourt> noms = NommerTitres(titres);
   for (std::size_t i = 0; i < rangs.size(); ++i) choix[rangs[i]].nom = noms[i].nom;
 }
 

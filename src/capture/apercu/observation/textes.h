@@ -38,8 +38,10 @@ inline bool Egaux(const char* a, const char* b, std::size_t taille) {
 
 }  // namespace detail
 
+// Multiplicative hashing by the golden ratio (Knuth, The Art of Computer Programming, volume 3, 6.4), eight bytes at a
+// time; the shifts bring the high bits, which a product mixes best, down to those that find a place.
 inline std::uint64_t CondenseDeTexte(std::string_view texte) {
-  constexpr std::uint64_t kMelange = 0x9E3779B97F4A7C15ULL;
+  constexpr std::uint64_t kMelange = 0x9E3779B97F4A7C15ULL;  // 2^64 over the golden ratio
   std::uint64_t h = texte.size() * kMelange;
   const char* p = texte.data();
   const std::size_t taille = texte.size();
@@ -56,6 +58,9 @@ inline std::uint64_t CondenseDeTexte(std::string_view texte) {
   h = (h ^ dernier) * kMelange;
   return h ^ (h >> 32);
 }
+
+// Of a table that holds anything; twice as many whenever half of them are taken.
+inline constexpr std::size_t kPlacesAuDepart = 64;
 
 class TableDeTextes {
  public:
@@ -113,7 +118,7 @@ class TableDeTextes {
     places_[i] = rang;
   }
   void Agrandir() {
-    places_.assign(places_.empty() ? 64 : places_.size() * 2, kAbsent);
+    places_.assign(places_.empty() ? kPlacesAuDepart : places_.size() * 2, kAbsent);
     for (std::uint32_t rang = 0; rang < entrees_.size(); ++rang) Placer(rang);
   }
 
@@ -149,7 +154,7 @@ class Uniques {
 
  private:
   void Agrandir() {
-    std::vector<std::uint64_t> anciennes(places_.empty() ? 64 : places_.size() * 2, 0);
+    std::vector<std::uint64_t> anciennes(places_.empty() ? kPlacesAuDepart : places_.size() * 2, 0);
     anciennes.swap(places_);
     for (const std::uint64_t c : anciennes) {
       if (c == 0) continue;

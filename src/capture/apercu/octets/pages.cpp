@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstring>
 #include <utility>
 
 #include "capture/apercu/octets/cellule.h"
@@ -34,10 +32,14 @@ unsigned char DeLatin9(unsigned char octet) {
 
 // What stands for a character that the code page lacks and that nobody would miss; 0 to leave it out, -1 for none.
 int Remplacant(char32_t point) {
+  // Spaces of other widths.
   if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000)
     return static_cast<unsigned char>(kInsecable);
+  // Hyphens, and the sign of the negative.
   if (point == 0x2010 || point == 0x2011 || point == 0x2212) return '-';
+  // The ends of a line and of a paragraph within a cell.
   if (point == 0x2028 || point == 0x2029) return ' ';
+  // What has no width: joiners, marks of direction, a mark of byte order in the text.
   if ((point >= 0x200B && point <= 0x200F) || point == 0x2060 || point == 0xFEFF) return 0;
   return -1;
 }
@@ -100,18 +102,6 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
 bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }
 
 }  // namespace
-
-std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
-  std::size_t i = debut;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    mot &= 0x8080808080808080ULL;
-    if (mot != 0) return i + static_cast<std::size_t>(std::countr_zero(mot)) / 8;
-  }
-  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
-  return i;
-}
 
 std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
                               std::int64_t& etrangers) {

@@ -67,8 +67,7 @@ PremiereLigne JugerPremiereLigne(const Rangees& rangees) {
                             "individu, sans intitulés (si ce sont des intitulés, dites-le : titres=oui)."_w})};
   if (compte.mesures > 0 || compte.reprises > 0)
     return {true, Joindre({"La première ligne contient des valeurs de ses colonnes : elle est lue comme celle des "
-                           "intitulés (si c'est "
-                           "un individu, dites-le : titres=non)."_w})};
+                           "intitulés (si c'est un individu, dites-le : titres=non)."_w})};
   return {};
 }
 

@@ -186,7 +186,7 @@ std::optional<Promesse> PromesseDe(const Apercu& apercu, const Chemin& source) {
     if (!codes || colonne.maximum > kPlusGrandCode ||
         colonne.nonReponses + colonne.negatives + colonne.nonNumeriques > 0)
       return std::nullopt;
-    promesse.largeurs.push_back(colonne.maximum >= 100 ? 3 : colonne.maximum >= 10 ? 2 : 1);
+    promesse.largeurs.push_back(Nombre(colonne.maximum).size());
   }
   return promesse;
 }

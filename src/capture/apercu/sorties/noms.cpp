@@ -37,25 +37,27 @@ void EcarterLesListes(const Plan& plan, std::vector<std::string>& noms) {
 void NommerLePlan(Plan& plan, std::vector<std::string> noms, const std::vector<std::string>& proposes) {
   EcarterLesListes(plan, noms);
   std::vector<std::size_t> rangs;
-  std::vector<std::string> demandes;
+  std::vector<Titre> demandes;
   for (std::size_t k = 0; k < plan.colonnes.size(); ++k) {
     if (!plan.colonnes[k].DansPos()) continue;
     rangs.push_back(k);
-    demandes.push_back(noms[k]);
+    demandes.push_back({noms[k], plan.colonnes[k].rang});
   }
-  const std::vector<NomCourt> donnes = NommerIntitules(demandes);
+  const std::vector<NomCourt> donnes = NommerTitres(demandes);
   for (std::size_t i = 0; i < rangs.size(); ++i) {
     ColonneImportee& colonne = plan.colonnes[rangs[i]];
     colonne.nomCourt = donnes[i].nom;
     const std::string naturel = NomNaturel(colonne.intitule);
+    const std::string& demande = demandes[i].intitule;
     const std::string& propose = proposes[colonne.rang - 1];
-    const bool donne = Rogner(colonne.nomCourt) == Rogner(demandes[i]) && Rogner(demandes[i]) != Rogner(propose) &&
+    const bool donne = Rogner(colonne.nomCourt) == Rogner(demande) && Rogner(demande) != Rogner(propose) &&
                        plan.lues[colonne.rang - 1].nombre == 1;
     if (colonne.nomCourt != naturel && !donne) plan.nomsChanges.push_back(rangs[i]);
   }
   demandes.clear();
-  for (const NombreGarde& nombre : plan.nombres) demandes.push_back(nombre.nom.empty() ? nombre.intitule : nombre.nom);
-  const std::vector<NomCourt> gardes = NommerIntitules(demandes);
+  for (const NombreGarde& nombre : plan.nombres)
+    demandes.push_back({nombre.nom.empty() ? nombre.intitule : nombre.nom, nombre.colonne + 1});
+  const std::vector<NomCourt> gardes = NommerTitres(demandes);
   for (std::size_t i = 0; i < gardes.size(); ++i) plan.nombres[i].nom = gardes[i].nom;
 }
 

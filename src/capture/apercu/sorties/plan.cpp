@@ -148,7 +148,8 @@ void Dresseur::PrendreAlphabetique(const ChoixDeColonne& choix, const FaitsDeCol
   colonne.alphabetique = true;
   colonne.aDroite = choix.aDroite;
   if (codeMax != kCodeMaxL3 && largeur > kTexteLePlusLong)
-    Refuser(colonne, "un texte de plus de 99 caractères ne tient pas dans une question alphabétique"_w);
+    Refuser(colonne, Joindre({"un texte de plus de ", Nombre(kTexteLePlusLong),
+                              " caractères ne tient pas dans une question alphabétique"_w}));
 }
 
 void Dresseur::PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& faits) {
@@ -170,7 +171,8 @@ void Dresseur::PrendreTextes(const ChoixDeColonne& choix, const FaitsDeColonne& 
   const auto codeMax = static_cast<std::size_t>(codes.empty() ? 0 : std::ranges::max(codes));
   const ColonneImportee& colonne = Ajouter(faits, choix, codeMax < 10 ? 1 : 2, static_cast<double>(codeMax));
   if (codeMax > kCodesDeTextes || (ordre.empty() && faits.valeurs.empty() && faits.differentes > 0))
-    Refuser(colonne, "plus de 99 textes différents : ils ne peuvent pas devenir des codes"_w);
+    Refuser(colonne, Joindre({"plus de ", Nombre(kCodesDeTextes),
+                              " textes différents : ils ne peuvent pas devenir des codes"_w}));
   std::vector<Etiquette>& etiquettes = plan_.etiquettes.back();
   for (std::size_t i = 0; i < ordre.size(); ++i) {
     Coder(ordre[i].valeur, codes[i]);
@@ -199,7 +201,7 @@ void Dresseur::PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne&
   lue_.regle = Regle::Classe;
   const std::size_t nombre = classes.etiquettes.size();
   const ColonneImportee& colonne = Ajouter(faits, choix, nombre < 10 ? 1 : 2, static_cast<double>(nombre));
-  if (nombre > std::size_t{kClassesAuPlus}) Refuser(colonne, "plus de 35 classes");
+  if (nombre > std::size_t{kClassesAuPlus}) Refuser(colonne, Joindre({"plus de ", Nombre(kClassesAuPlus), " classes"}));
   lue_.limites = std::move(classes.limites);
   lue_.signes = faits.signes;
   plan_.etiquettes.back() = std::move(classes.etiquettes);
@@ -238,7 +240,8 @@ void Dresseur::PrendreListe(const ChoixDeColonne& choix, const FaitsDeColonne& f
     Intituler(colonne, Joindre({faits.intitule, " : ", element.valeur}));
     if (lue_.nombre < std::size_t{kPremierCodeDouble} && elements.size() > 1)
       noms_.back() = Joindre({Rogner(noms_.back()).substr(0, 2), CodeCaractere(static_cast<int>(lue_.nombre))});
-    if (elements.size() > kColonnesDeReponses) Refuser(colonne, "plus de 200 réponses différentes dans les listes"_w);
+    if (elements.size() > kColonnesDeReponses)
+      Refuser(colonne, Joindre({"plus de ", Nombre(kColonnesDeReponses), " réponses différentes dans les listes"_w}));
     Coder(element.valeur, static_cast<int>(lue_.nombre));
     plan_.etiquettes.back().push_back({1, element.valeur, element.effectif});
   }

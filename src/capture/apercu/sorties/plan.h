@@ -56,7 +56,8 @@ struct Plan {
   std::size_t largeurNombres = 0;  // of a number there
 };
 
-// Raises a sentence (kIncompatibiliteType) for a choice that cannot be carried out.
+// Raises a sentence (kIncompatibiliteType) for a choice that cannot be carried out, what NommerLePlan raises, and what
+// LecteurDeRangees raises.
 Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
                  const Lecture& lecture);
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "capture/burt.h"
+#include "capture/burt/import.h"
 #include "capture/presence.h"
 #include "forms/cadre/services.h"
 

@@ -9,7 +9,7 @@
 #include "core/programme/lieunomme.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
 #include "forms/texte/texte_qt.h"
 

@@ -1,5 +1,5 @@
 // The import of a file that the user brings: what he sees of it, what he changes, and what is written.
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 
 #include <gtest/gtest.h>
 

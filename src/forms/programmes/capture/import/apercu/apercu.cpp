@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 
 #include <QHeaderView>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "capture/burt.h"
+#include "capture/burt/import.h"
 #include "core/programme/annulation.h"
 #include "support/programme.h"
 

@@ -6,8 +6,8 @@
 
 #include "capture/preparation.h"
 #include "forms/cadre/services.h"
-#include "forms/programmes/capture/import/examendefond.h"
-#include "forms/programmes/capture/import/modeles.h"
+#include "forms/programmes/capture/import/apercu/examendefond.h"
+#include "forms/programmes/capture/import/apercu/modeles.h"
 
 namespace Ui {
 class ApercuImport;

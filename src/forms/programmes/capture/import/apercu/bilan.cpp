@@ -3,7 +3,7 @@
 #include <QPalette>
 #include <algorithm>
 
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercu.h"
 

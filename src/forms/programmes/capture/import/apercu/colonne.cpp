@@ -7,7 +7,7 @@
 #include "capture/apercu/choix/reglages.h"
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/sorties/classes.h"
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercu.h"
 

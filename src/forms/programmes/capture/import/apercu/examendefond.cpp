@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/examendefond.h"
+#include "forms/programmes/capture/import/apercu/examendefond.h"
 
 #include <memory>
 #include <new>

@@ -1,147 +1,24 @@
-#include "capture/burt.h"
+#include "capture/burt/import.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "capture/burt/lecture.h"
 #include "capture/dbase/tableau.h"
 #include "capture/fichiers.h"
-#include "capture/utf8.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/report.h"
-#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
 namespace {
-
-constexpr std::string_view kBlancs = " \t";
-
-// The words of a row that are its counts, and the label before them.
-struct Rangee {
-  std::string_view intitule;
-  std::vector<std::string_view> effectifs;
-};
-
-bool EstVide(std::string_view ligne) { return ligne.find_first_not_of(kBlancs) == std::string_view::npos; }
-
-// The last `nombre` words of the line. Raises kIndiceHorsSelection when it has not as many, kIncompatibiliteType when
-// one of them is not a number, with its column.
-void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
-  rangee.effectifs.resize(nombre);
-  std::string_view reste = ligne;
-  for (std::size_t j = nombre; j-- > 0;) {
-    reste = reste.substr(0, reste.find_last_not_of(kBlancs) + 1);
-    if (reste.empty()) throw Erreur(kIndiceHorsSelection);
-    const std::size_t avant = reste.find_last_of(kBlancs);
-    const std::size_t debut = avant == std::string_view::npos ? 0 : avant + 1;
-    const std::string_view mot = reste.substr(debut);
-    if (!EstNombre(mot)) throw Erreur(kIncompatibiliteType).Situer({{}, 0, static_cast<int>(debut) + 1});
-    rangee.effectifs[j] = mot;
-    reste = reste.substr(0, debut);
-  }
-  const std::size_t debut = reste.find_first_not_of(kBlancs);
-  rangee.intitule = debut == std::string_view::npos ? std::string_view{}
-                                                    : reste.substr(debut, reste.find_last_not_of(kBlancs) + 1 - debut);
-}
-
-// What the letters of a source come to in the code page.
-struct Conversion {
-  bool utf8 = false;
-  std::int64_t accents = 0;  // characters of several bytes
-  std::int64_t perdus = 0;   // of these, the ones that the code page lacks
-  std::int64_t ligne = 0;    // the first line with one of them
-};
-
-std::int64_t Interrogations(std::string_view texte) { return std::ranges::count(texte, '?'); }
-
-Conversion ExaminerConversion(const Chemin& source) {
-  Conversion conversion;
-  IndicesDUtf8 indices;
-  LecteurLignes lecteur(source);
-  std::int64_t numero = 0;
-  for (std::string_view ligne; lecteur.Lire(ligne);) {
-    if (++numero == 1) indices.marque = OterMarqueUtf8(ligne);
-    if (EstAscii(ligne)) continue;
-    indices.Voir(ligne);
-    conversion.accents += std::ranges::count_if(ligne, [](char c) { return (c & 0xC0) == 0xC0; });
-    const std::int64_t perdus = Interrogations(DepuisUtf8(ligne)) - Interrogations(ligne);
-    if (conversion.perdus == 0 && perdus > 0) conversion.ligne = numero;
-    conversion.perdus += perdus;
-  }
-  conversion.utf8 = indices.EstUtf8();
-  return conversion;
-}
-
-// The rows of a source as texts of the code page, those that hold nothing but blanks left out.
-class LecteurDeBurt {
- public:
-  LecteurDeBurt(const Chemin& chemin, bool utf8) : lecteur_(chemin), utf8_(utf8) {}
-  bool Lire(std::string_view& ligne) {
-    while (lecteur_.Lire(ligne)) {
-      if (utf8_) {
-        if (std::exchange(premiere_, false)) OterMarqueUtf8(ligne);
-        convertie_ = DepuisUtf8(ligne);
-        ligne = convertie_;
-      }
-      if (!EstVide(ligne)) return true;
-    }
-    return false;
-  }
-  // Gives the next row to the work, whose failure gets its place.
-  bool Lire(std::size_t nombre, Rangee& rangee) {
-    std::string_view ligne;
-    if (!Lire(ligne)) return false;
-    Situer(lecteur_, [&] { LireRangee(ligne, nombre, rangee); });
-    return true;
-  }
-
- private:
-  LecteurLignes lecteur_;
-  bool utf8_;
-  bool premiere_ = true;
-  std::string convertie_;
-};
-
-struct FaitsBurt {
-  std::size_t rangees = 0;
-  std::size_t largeur = 0;  // characters of the longest count
-  double diagonale = 0;     // individuals times questions
-  double total = 0;         // of all the cells
-  std::vector<std::string> intitules;
-
-  // Number of questions, if the table is one of a whole number of them.
-  std::optional<double> Questions() const {
-    if (diagonale <= 0) return std::nullopt;
-    const double questions = total / diagonale;
-    return questions >= 1 && questions == std::floor(questions) ? std::optional(questions) : std::nullopt;
-  }
-};
-
-FaitsBurt Examiner(const Chemin& source, bool utf8) {
-  FaitsBurt faits;
-  std::string_view ligne;
-  for (LecteurDeBurt lecteur(source, utf8); lecteur.Lire(ligne);) ++faits.rangees;
-  if (faits.rangees == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(source.filename())});
-  Rangee rangee;
-  for (LecteurDeBurt lecteur(source, utf8); lecteur.Lire(faits.rangees, rangee);) {
-    const std::size_t i = faits.intitules.size();
-    faits.diagonale += ValeurDe(rangee.effectifs[i]);
-    for (const std::string_view mot : rangee.effectifs) {
-      faits.largeur = std::max(faits.largeur, mot.size());
-      faits.total += ValeurDe(mot);
-    }
-    faits.intitules.emplace_back(rangee.intitule);
-  }
-  return faits;
-}
 
 // Short and long name of a row.
 struct Modalite {
@@ -245,7 +122,7 @@ void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
 // The rows of .BRT, written to the file and to the report.
 void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const FaitsBurt& faits,
                    const std::vector<Modalite>& modalites) {
-  Rangee rangee;
+  RangeeDeBurt rangee;
   std::string texte;
   for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(faits.rangees, rangee); ++i) {
     texte = modalites[i].nom;
@@ -265,7 +142,7 @@ struct Preparation {
 
 Preparation Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
   const Conversion conversion = ExaminerConversion(source);
-  FaitsBurt faits = Examiner(source, conversion.utf8);
+  FaitsBurt faits = ExaminerBurt(source, conversion.utf8);
   std::vector<Modalite> modalites = Nommer(faits, noms);
   ExigerNoms(rapport, modalites);
   SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), conversion);

@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/modeles.h"
+#include "forms/programmes/capture/import/apercu/modeles.h"
 
 #include <QBrush>
 #include <QFont>

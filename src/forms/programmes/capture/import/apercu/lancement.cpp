@@ -7,7 +7,7 @@
 #include "core/programme/annulation.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
-#include "forms/programmes/capture/import/apercu.h"
+#include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/programmes/capture/import/avancement.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercu.h"
