@@ -73,7 +73,7 @@ std::optional<FichierTrg> PrepTriang(const Contexte& contexte) {
 }
 
 Fin TerminerTriang(const Contexte& contexte) {
-  return Continuer(contexte, [](Rapport& rapport) { rapport.Ligne("Fin normale du programme"); });
+  return Continuer(contexte, [](Rapport& rapport) { rapport.Ligne(kFinDuTriangle); });
 }
 
 Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
@@ -89,7 +89,7 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
     const std::string nom = options.fichier.empty() ? contexte.Nom("Trg.svg") : options.fichier;
     EcrireSvg(contexte.repertoire, nom, DessinerTriangle(etat));
     contexte.Ecran().demander(Joindre({"Graphique enregistré sous le nom : "_w, nom}), Boutons::Ok);
-    rapport.Ligne("Fin normale du programme");
+    rapport.Ligne(kFinDuTriangle);
   });
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,8 @@ namespace quelvar::tables {
 // do not make 100, and a file without points, are told by a box.
 std::optional<FichierTrg> PrepTriang(const Contexte& contexte);
 
+// The last line of a report that came to its end.
+inline constexpr std::string_view kFinDuTriangle = "Fin normale du programme";
 // The form is closed: the report ends and is shown.
 Fin TerminerTriang(const Contexte& contexte);
 

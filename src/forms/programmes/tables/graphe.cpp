@@ -32,13 +32,16 @@ Graphe::Graphe(Services& services, tables::FichierTrg trg, Brouillon rapport)
   setTabOrder(ui_->BoutonEnregSous, &commande);
   RelierAide(*ui_->BoutAide, "mnuATriang");
   RelierQuitter(*ui_->BoutonQuitter);
-  // Once a picture is saved the report stays with it; a graph that was only looked at leaves the former one.
+  // Once a picture is saved the report is written beside it; that of a graph which was only looked at is shown.
   const auto garde = std::make_shared<bool>(false);
   connect(this, &QWidget::windowTitleChanged, this, [garde] { *garde = true; });
   AuDepart([rapport = std::make_shared<Brouillon>(std::move(rapport)), garde](const Contexte& contexte) {
+    if (!*garde) {
+      rapport->Ajouter(Joindre({tables::kFinDuTriangle, "\r\n"}));
+      return rapport->Montrer(contexte);
+    }
     rapport->Poser();
     tables::TerminerTriang(contexte);
-    if (!*garde) rapport->Reprendre();
   });
   ui_->ListVar->setCurrentRow(0);
   MontrerReglages();

@@ -65,6 +65,13 @@ TEST(Graphe, TheTriangleFollowsItsControls) {
   EXPECT_EQ(forme.windowTitle(), "ENQTrg.bmp");
   Cliquer(forme, "BoutonQuitter");
   EXPECT_TRUE(bureau.Texte().endsWith("Fin normale du programme\n"));
+  const QString rapport = bureau.Texte();
+  EXPECT_EQ(QString::fromStdString(quelvar::VersUtf8(bureau.Lire("ENQ.prt"))).remove(u'\r'), rapport);
+  // One that was only looked at is told in the same words, and writes nothing.
+  bureau.Ecrire("ENQ.prt", "ancien rapport\r\n");
+  Cliquer(bureau.Demander<Graphe>("mnuTriang"), "BoutonQuitter");
+  EXPECT_EQ(bureau.Texte(), rapport);
+  EXPECT_EQ(bureau.Lire("ENQ.prt"), "ancien rapport\r\n");
 }
 
 }  // namespace
