@@ -38,16 +38,8 @@ std::string ReglerCah(const OptionsGraphe& options, EtatPlan& etat) {
 }
 
 std::string Marquer(const std::vector<std::string>& noms, EtatPlan& etat) {
-  for (const std::string& nom : noms) {
-    bool trouve = false;
-    for (std::size_t i = 0; i < etat.donnees.points.size() && !trouve; ++i) {
-      if (!EgalSansCasse(Rogner(etat.donnees.points[i].nom), Rogner(nom))) continue;
-      trouve = true;
-      if (etat.reglages.marques[i] == 0) BasculerMarque(etat, i);
-    }
-    if (!trouve) return Joindre({"*** Arrêt du programme : aucun élément n'a le nom "_w, nom});
-  }
-  return {};
+  const std::optional<std::string> absent = MarquerParNoms(etat, noms);
+  return absent ? Joindre({"*** Arrêt du programme : aucun élément n'a le nom "_w, *absent}) : std::string();
 }
 
 // Each option that is a setting of the plane as it stands, with that setting.
@@ -185,13 +177,6 @@ namespace {
 // A "C" alone keeps the factor that the axis begins with.
 std::string TexteDOption(const AxePlan& axe, const AxePlan& depart) {
   return axe.cpf && axe.facteur != depart.facteur ? Joindre({"C", Nombre(axe.facteur)}) : TexteAxe(axe);
-}
-
-std::vector<std::string> NomsMarques(const EtatPlan& etat) {
-  std::vector<std::string> noms;
-  for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
-    if (etat.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat.donnees.points[i].nom));
-  return noms;
 }
 
 void DireLesLiens(const ReglagesLiens& liens, OptionsGraphe& options) {

@@ -252,6 +252,28 @@ bool PorteUneMarque(const EtatPlan& etat, std::uint8_t code) {
   return std::find(marques.begin(), marques.end(), code) != marques.end();
 }
 
+std::optional<std::string> MarquerParNoms(EtatPlan& etat, const std::vector<std::string>& noms) {
+  const std::vector<PointPlan>& points = etat.donnees.points;
+  std::vector<std::uint8_t> marques(points.size(), 0);
+  for (const std::string& nom : noms) {
+    const auto trouve = std::find_if(points.begin(), points.end(), [&](const PointPlan& point) {
+      return EgalSansCasse(Rogner(point.nom), Rogner(nom));
+    });
+    if (trouve == points.end()) return nom;
+    const auto element = static_cast<std::size_t>(trouve - points.begin());
+    marques[element] = element < etat.donnees.colonnes ? kMarqueColonne : kMarqueLigne;
+  }
+  etat.reglages.marques = std::move(marques);
+  return std::nullopt;
+}
+
+std::vector<std::string> NomsMarques(const EtatPlan& etat) {
+  std::vector<std::string> noms;
+  for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
+    if (etat.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat.donnees.points[i].nom));
+  return noms;
+}
+
 LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
   const DonneesPlan& donnees = etat.donnees;
   const ReglagesPlan& reglages = etat.reglages;

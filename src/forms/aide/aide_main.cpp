@@ -67,11 +67,15 @@ bool Imprimer(const QString& fichier, const QString& html, const QString& style)
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
-  if (arguments.size() != 4) return 2;
+  const bool page = arguments.value(1) == QStringLiteral("page");
+  if (arguments.size() != 4 || (!page && arguments[1] != QStringLiteral("note"))) {
+    std::fputs("usage: quelvar-aide page|note SOURCE TARGET\n", stderr);
+    return 2;
+  }
   const std::optional<QString> texte = Lire(arguments[2]);
   if (!texte) return 1;
   bool fait = false;
-  if (arguments[1] == QStringLiteral("page")) {
+  if (page) {
     fait = Ecrire(arguments[3], quelvar::forms::SansAvisPerimes(*texte).toUtf8());
   } else {
     const std::optional<QString> style = Lire(QFileInfo(arguments[2]).dir().filePath(QStringLiteral("note.css")));

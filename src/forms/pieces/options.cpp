@@ -29,6 +29,18 @@ struct Groupe {
   bool choisi = false;
 };
 
+// Whether the values of the boxes stand side by side, separated by commas: every option that is no choice of one word.
+bool EstUneListe(const Option& option) {
+  return option.genre == Option::Genre::Noms || option.genre == Option::Genre::Libre;
+}
+
+// Whether a button that stands for `sienne` is ticked when the option has that value.
+bool EstCoche(const Option& option, const std::string& sienne, const std::string& valeur) {
+  if (!EstUneListe(option)) return sienne == valeur;
+  const std::vector<std::string> valeurs = NomsSepares(valeur);
+  return std::ranges::find(valeurs, sienne) != valeurs.end();
+}
+
 bool Parle(const QWidget& formulaire, const QWidget& controle) {
   return controle.isVisibleTo(&formulaire) && controle.isEnabledTo(&formulaire);
 }
@@ -56,7 +68,7 @@ void PoserOption(const QWidget& formulaire, const Option& option, const std::str
   for (const Controle& controle : option.controles) {
     auto* const bouton = ControleDe<QAbstractButton>(formulaire, controle);
     if (bouton != nullptr && !controle.valeur.empty()) {
-      const bool coche = controle.valeur == valeur;
+      const bool coche = EstCoche(option, controle.valeur, valeur);
       if (coche || !bouton->autoExclusive()) bouton->setChecked(coche);
       if (!bouton->autoExclusive()) continue;
       Groupe& groupe = groupes[bouton->parentWidget()];
@@ -80,7 +92,8 @@ std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option
     if (place == nullptr || !Parle(formulaire, *place)) continue;
     if (const auto* const bouton = qobject_cast<const QAbstractButton*>(place); bouton != nullptr) {
       if (controle.valeur.empty()) continue;  // a box that opens a choice
-      if (bouton->isChecked()) valeur = controle.valeur;
+      if (bouton->isChecked())
+        valeur = valeur && EstUneListe(option) ? Joindre({*valeur, ",", controle.valeur}) : controle.valeur;
       else if (!bouton->autoExclusive() && !valeur) valeur = SansSaCoche(option, controle.valeur, defaut);
     } else if (const auto* const champ = qobject_cast<const QLineEdit*>(place); champ != nullptr) {
       valeur = ValeurDuChamp(*champ, option, defaut);
@@ -89,6 +102,14 @@ std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option
     }
   }
   return valeur;
+}
+
+void RelierBoutons(const QWidget& formulaire, const std::vector<Option>& options, const std::function<void()>& effet) {
+  for (const Option& option : options)
+    for (const Controle& controle : option.controles)
+      if (const auto* const bouton = ControleDe<QAbstractButton>(formulaire, controle);
+          bouton != nullptr && !controle.valeur.empty())
+        QObject::connect(bouton, &QAbstractButton::toggled, bouton, effet);
 }
 
 int EntierDuChamp(const QLineEdit& champ, const Option& option) {

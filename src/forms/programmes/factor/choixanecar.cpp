@@ -20,11 +20,8 @@ int FacteursDe(const QLineEdit& champ) {
 
 }  // namespace
 
-ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparation, Brouillon rapport)
-    : Forme(services),
-      preparation_(std::move(preparation)),
-      rapport_(std::move(rapport)),
-      ui_(std::make_unique<Ui::ChoixAnecar>()) {
+ChoixAnecar::ChoixAnecar(Services& services, Brouillon rapport)
+    : Forme(services), ui_(std::make_unique<Ui::ChoixAnecar>()) {
   ui_->setupUi(this);
   PoserDefauts(*this, factor::DescriptionAnecar());
   siTrie_ = new frmSiTrié(*ui_->FrEdition, *ui_->CaseLignes2);
@@ -41,7 +38,7 @@ ChoixAnecar::ChoixAnecar(Services& services, factor::PreparationAnecar preparati
   RelierAide(*ui_->BoutAide, "mnuAAnecar");
   RelierQuitter(*ui_->BoutAnnul);
   RelierCommande(*ui_->BoutEnreg, factor::DescriptionAnecar(), contexte_, [this] { return Options(); });
-  AuDepart([prepare = rapport_](const Contexte& sur) { prepare.Montrer(sur); });
+  AuDepart([prepare = std::move(rapport)](const Contexte& sur) { prepare.Montrer(sur); });
   MontrerEdition();
 }
 
@@ -83,30 +80,19 @@ void ChoixAnecar::MontrerSeuils() {
   else siTrie_->hide();
 }
 
+// The number of factors is rounded, and the thresholds are words or numbers as they are typed.
 factor::OptionsAnecar ChoixAnecar::Options() const {
   factor::OptionsAnecar options = OptionsDesControles(*this, factor::DescriptionAnecar());
   options.facteurs = std::max(factor::kFacteursAuMoins, FacteursDe(*ui_->TextBoxNbFact));
-  const bool triee = ui_->optTrié->isChecked();
-  const bool trieEtendue = ui_->TriEdit->isChecked();
-  options.edition = triee || trieEtendue           ? factor::EditionAnecar::Triee
-                    : ui_->optDetails->isChecked() ? factor::EditionAnecar::Etendue
-                                                   : factor::EditionAnecar::Compacte;
-  options.imprimerLignes = (triee && siTrie_->ImprimerLignes()) || (trieEtendue && ui_->CaseLignes2->isChecked());
-  options.seuilLignes = siTrie_->SeuilLignes();
-  options.seuilColonnes = siTrie_->SeuilColonnes();
-  options.inversions = {ui_->Inv1->isChecked(), ui_->Inv2->isChecked(), ui_->Inv3->isChecked()};
+  if (siTrie_->isVisibleTo(this)) {
+    options.seuilLignes = siTrie_->SeuilLignes();
+    options.seuilColonnes = siTrie_->SeuilColonnes();
+  }
   return options;
 }
 
 void ChoixAnecar::LancerAnalyse() {
-  if (!services_.lanceur.PeutLancer()) return;
-  const factor::OptionsAnecar options = Options();
-  const bool lancee = services_.Lancer([&](const Contexte& /*courant*/) {
-    rapport_.Poser();
-    factor::MoteurAnecar(contexte_, preparation_, options);
-  });
-  if (lancee) accept();
-  else rapport_.Reprendre();
+  if (Lancer(factor::DescriptionAnecar(), Options())) accept();
 }
 
 void OuvrirAnecar(Services& services) {
@@ -116,7 +102,7 @@ void OuvrirAnecar(Services& services) {
     return;
   }
   auto prepare = Preparer(services, ".ANA", factor::PrepAnecar);
-  if (prepare) Montrer<ChoixAnecar>(services, std::move(prepare->donnees), std::move(prepare->rapport));
+  if (prepare) Montrer<ChoixAnecar>(services, std::move(prepare->rapport));
 }
 
 }  // namespace quelvar::forms

@@ -17,7 +17,8 @@ namespace quelvar::forms {
 class ChoixAnecar : public Forme {
   Q_OBJECT
  public:
-  ChoixAnecar(Services& services, factor::PreparationAnecar preparation, Brouillon rapport);
+  // `rapport` is that of the preparation, which leaving shows.
+  ChoixAnecar(Services& services, Brouillon rapport);
   ~ChoixAnecar() override;
 
  private:
@@ -28,8 +29,6 @@ class ChoixAnecar : public Forme {
   factor::OptionsAnecar Options() const;
   void LancerAnalyse();
 
-  factor::PreparationAnecar preparation_;
-  Brouillon rapport_;
   std::unique_ptr<Ui::ChoixAnecar> ui_;
   frmSiTrié* siTrie_ = nullptr;
 };

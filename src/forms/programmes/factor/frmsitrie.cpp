@@ -40,7 +40,6 @@ void frmSiTrié::Ouvrir(bool avecCaseLignes) {
   show();
 }
 
-bool frmSiTrié::ImprimerLignes() const { return ui_->CaseLignes->isChecked(); }
 int frmSiTrié::SeuilLignes() const { return SeuilDe(*ui_->TextBoxCTRL); }
 int frmSiTrié::SeuilColonnes() const { return SeuilDe(*ui_->TextBoxCTRC); }
 

@@ -19,7 +19,6 @@ class frmSiTrié : public QWidget {
 
   // Opens it with both thresholds at the mean; with its own box for the rows, or without one where another decides.
   void Ouvrir(bool avecCaseLignes);
-  bool ImprimerLignes() const;
   // Per mille; kSeuilMoyen for the mean.
   int SeuilLignes() const;
   int SeuilColonnes() const;

@@ -3,17 +3,12 @@
 #include "forms/images/rendudessin.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "tables/triangle/triang_options.h"
 #include "ui_graphe.h"
 
 namespace quelvar::forms {
-
-namespace {
-
-constexpr int kMarques = 6;  // Option9 to Option14
-
-}  // namespace
 
 Graphe::Graphe(Services& services, tables::FichierTrg trg, Brouillon rapport)
     : Forme(services, Qt::Window), etat_(tables::NouveauTriangle(std::move(trg))), ui_(std::make_unique<Ui::Graphe>()) {
@@ -78,7 +73,13 @@ void Graphe::RelierTextes() {
   deplacer(ui_->Command6, tables::SensTriangle::Droite);
 }
 
+// What the table of the program names are settings of the whole picture; the marks are those of the chosen text.
 void Graphe::RelierReglages() {
+  RelierBoutons(*this, tables::DescriptionTriang().Table(), [this] {
+    if (remplissage_) return;
+    etat_.reglages = OptionsDesControles(*this, tables::DescriptionTriang()).reglages;
+    Dessiner();
+  });
   const auto regler = [this](QAbstractButton* bouton, auto effet) {
     connect(bouton, &QAbstractButton::toggled, this, [this, effet](bool pris) {
       if (remplissage_) return;
@@ -86,29 +87,11 @@ void Graphe::RelierReglages() {
       Dessiner();
     });
   };
-  tables::ReglagesTriangle& reglages = etat_.reglages;
-  regler(ui_->Option4, [&reglages](bool pris) {
-    reglages.forme = pris ? tables::FormeTriangle::Triangulaire : tables::FormeTriangle::AngleDroit;
-  });
-  const auto taille = [&](QAbstractButton* bouton, tables::TailleTriangle valeur) {
-    regler(bouton, [&reglages, valeur](bool pris) {
-      if (pris) reglages.taille = valeur;
-    });
-  };
-  taille(ui_->Option6, tables::TailleTriangle::Petite);
-  taille(ui_->Option7, tables::TailleTriangle::Moyenne);
-  taille(ui_->Option8, tables::TailleTriangle::Grande);
-  regler(ui_->Check1, [&reglages](bool pris) { reglages.gras = pris; });
-  regler(ui_->CheckLong, [&reglages](bool pris) { reglages.intitulesLongs = pris; });
-  regler(ui_->ChkCentre, [&reglages](bool pris) { reglages.centre = pris; });
-  regler(ui_->ChkGauche, [&reglages](bool pris) { reglages.troisieme = pris; });
-  regler(ui_->ChkTrait, [&reglages](bool pris) { reglages.traits = pris; });
   regler(ui_->Check2, [this](bool pris) { etat_.entrees[etat_.choisie].invisible = pris; });
-  QAbstractButton* const marques[kMarques] = {ui_->Option9,  ui_->Option10, ui_->Option11,
-                                              ui_->Option12, ui_->Option13, ui_->Option14};
-  for (int i = 0; i < kMarques; ++i)
+  const Marques marques = MarquesDuPoint();
+  for (std::size_t i = 0; i < marques.size(); ++i)
     regler(marques[i], [this, i](bool pris) {
-      if (pris) etat_.entrees[etat_.choisie].marque = i;
+      if (pris) etat_.entrees[etat_.choisie].marque = static_cast<int>(i);
     });
 }
 
@@ -150,17 +133,7 @@ void Graphe::RelierTailles() {
 
 void Graphe::MontrerReglages() {
   remplissage_ = true;
-  const tables::ReglagesTriangle& r = etat_.reglages;
-  (r.forme == tables::FormeTriangle::Triangulaire ? ui_->Option4 : ui_->Option5)->setChecked(true);
-  (r.taille == tables::TailleTriangle::Petite   ? ui_->Option6
-   : r.taille == tables::TailleTriangle::Grande ? ui_->Option8
-                                                : ui_->Option7)
-      ->setChecked(true);
-  ui_->Check1->setChecked(r.gras);
-  ui_->CheckLong->setChecked(r.intitulesLongs);
-  ui_->ChkCentre->setChecked(r.centre);
-  ui_->ChkGauche->setChecked(r.troisieme);
-  ui_->ChkTrait->setChecked(r.traits);
+  MontrerOptions(*this, tables::DescriptionTriang(), tables::OptionsDuTriangle(etat_));
   remplissage_ = false;
   MontrerPoint();
 }
@@ -169,14 +142,17 @@ void Graphe::MontrerPoint() {
   remplissage_ = true;
   const tables::EntreeTriangle& entree = etat_.entrees[etat_.choisie];
   const bool point = etat_.choisie >= tables::kEntreeDuPremierPoint;
-  QRadioButton* const marques[kMarques] = {ui_->Option9,  ui_->Option10, ui_->Option11,
-                                           ui_->Option12, ui_->Option13, ui_->Option14};
-  for (int i = 0; i < kMarques; ++i) {
+  const Marques marques = MarquesDuPoint();
+  for (std::size_t i = 0; i < marques.size(); ++i) {
     marques[i]->setEnabled(point);
-    marques[i]->setChecked(i == entree.marque);
+    marques[i]->setChecked(static_cast<int>(i) == entree.marque);
   }
   ui_->Check2->setChecked(entree.invisible);
   remplissage_ = false;
+}
+
+Graphe::Marques Graphe::MarquesDuPoint() const {
+  return {ui_->Option9, ui_->Option10, ui_->Option11, ui_->Option12, ui_->Option13, ui_->Option14};
 }
 
 void Graphe::Dessiner() { ui_->Pict2->Montrer(tables::DessinerTriangle(etat_)); }

@@ -1,11 +1,14 @@
 // The triangular graph: moves of its texts, sides, sizes, what is shown, saving and printing.
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "forms/cadre/services.h"
 #include "forms/pieces/brouillon.h"
 #include "tables/triangle/triang.h"
+
+class QRadioButton;
 
 namespace Ui {
 class Graphe;
@@ -20,6 +23,10 @@ class Graphe : public Forme {
   ~Graphe() override;
 
  private:
+  // The buttons of the marks, in the order of their numbers.
+  using Marques = std::array<QRadioButton*, tables::kDerniereMarque + 1>;
+  Marques MarquesDuPoint() const;
+
   void RelierTextes();
   void RelierReglages();
   void RelierTailles();

@@ -111,7 +111,11 @@ TEST_F(FormeAnecar, LEditionEtendueMontreSesOptionsEtLesPasseAuProgramme) {
 TEST_F(FormeAnecar, InversionsClassificationEtCodageLogiqueArriventAuProgramme) {
   Cliquer(Ouvrir(), {"optDetails", "BoutEnreg"});
   const std::string droit = bureau_.Lire("ENQ.FJ2");
-  Cliquer(Ouvrir(), {"optDetails", "Inv1", "BoutEnreg"});
+  const ChoixAnecar& forme = Ouvrir();
+  Cliquer(forme, {"optDetails", "Inv1", "Inv3"});
+  essai::Pilote pilote;
+  EXPECT_TRUE(essai::CommandeMontree(pilote, forme).endsWith(" edition=etendue inversions=1,3"));
+  Cliquer(forme, {"Inv3", "BoutEnreg"});
   // Factor 1 of the first modality: columns 10 to 21.
   EXPECT_DOUBLE_EQ(std::stod(bureau_.Lire("ENQ.FJ2").substr(9, 12)), -std::stod(droit.substr(9, 12)));
   Cliquer(Ouvrir(), {"optDetails", "CaseCDG", "ChkCAH", "OptW2", "IndivCAH", "ImprAgr", "BoutEnreg"});

@@ -25,48 +25,51 @@ class Graphe3 : public Forme {
   void done(int resultat) override;
 
  private:
+  // --- the state, its controls and its picture ---
   void PoserBornes();
   void PoserReglages();
+  void LireReglages();
+  void MontrerReglages();
+  void Recaler();
+  void RefaireEllipses();
+  void DireLesEtrangers();
+  // After a change of settings; after a change of the limits alone, which no control tells.
+  void Redessiner();
+  void Dessiner();
+  // Tells under the picture what could not be done; where the failure was met, when it is known, also in a box.
+  void Refuser(const Erreur& erreur, const QString& quoi = {});
+
+  // --- what the controls do (controles.cpp) ---
   void RelierAxes();
   void RelierPoints();
   void RelierTaille();
   void RelierLiens();
   void RelierCah();
-  void RelierImage();
-  void RelierFichiers();
-
-  void LireReglages();
-  void MontrerReglages();
   void ChangerAxe(QLineEdit& texte, factor::AxePlan& axe);
-  void Recaler();
-  void RefaireEllipses();
-  // After a change of settings; after a change of the limits alone, in which no file has a part.
-  void Redessiner();
-  void DireLesEtrangers();
-  void EcrireLeReseau();
-  void Dessiner();
-
   void FixerNiveauCpf(int niveau);
   void FixerEcMin(double limite);
   void FixerEcSup(double limite);
   void FixerProgression(std::int64_t liens);
   void FixerNiveauCah(std::int64_t niveau);
-  void CouperLaClassification();
-  factor::OptionsCoupe Coupe() const;
 
+  // --- the mouse and the marks (image.cpp) ---
+  void RelierImage();
   void Informer(const QPointF& page);
+  QString Infobulle(const QPointF& page) const;
   void Marquer(const QPointF& page);
   // The marks by the names of their elements, as shown and as typed.
   void MontrerMarques();
   void PrendreMarques();
   void RefaireMarques();
+
+  // --- files (fichiers.cpp) ---
+  void RelierFichiers();
+  void EcrireLeReseau();
+  factor::OptionsCoupe Coupe() const;
+  void CouperLaClassification();
   // Merges the marked elements into a new generic, told and confirmed first.
   modalities::OptionsModifBurt Association() const;
   void Associer();
-  QString Infobulle(const QPointF& page) const;
-
-  // Tells under the picture what could not be done; where the failure was met, when it is known, also in a box.
-  void Refuser(const Erreur& erreur, const QString& quoi = {});
 
   factor::EtatPlan etat_;
   std::shared_ptr<Brouillon> rapport_;  // goes on once something is launched that the report tells
