@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "core/programme/annulation.h"
+#include "forms/pieces/curseur.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -39,12 +40,8 @@ class Respiration {
 };
 
 // The cursor of the boxes that a run opens is the ordinary one.
-class CurseurNormal {
- public:
-  CurseurNormal() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-  ~CurseurNormal() { QApplication::restoreOverrideCursor(); }
-  CurseurNormal(const CurseurNormal&) = delete;
-  CurseurNormal& operator=(const CurseurNormal&) = delete;
+struct CurseurNormal : Curseur {
+  CurseurNormal() : Curseur(Qt::ArrowCursor) {}
 };
 
 // The window that the user is in: a box over another one would bring that to the front and leave the focus there.

@@ -6,21 +6,13 @@
 #include "core/programme/erreur.h"
 #include "forms/editeur/frmfind.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/pieces/curseur.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
 namespace quelvar::forms {
 
 namespace {
-
-// The busy cursor, as long as it lives.
-class Attente {
- public:
-  Attente() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~Attente() { QApplication::restoreOverrideCursor(); }
-  Attente(const Attente&) = delete;
-  Attente& operator=(const Attente&) = delete;
-};
 
 bool PartieContient(const Chemin& fichier, std::size_t rang, const OptionsRecherche& options) {
   try {
@@ -81,7 +73,7 @@ bool frmSDI::ChercherDansLesParties(bool enArriere) {
   const OptionsRecherche options = recherche_->Options();
   const bool boucle = recherche_->Boucle();
   const std::size_t depart = partie_;
-  const Attente attente;
+  const Curseur attente(Qt::WaitCursor);
   for (std::size_t pas = 1; pas <= parties_; ++pas) {
     const std::size_t place = enArriere ? depart + parties_ - pas : depart + pas;
     if (!boucle && (enArriere ? place < parties_ : place >= parties_)) return false;

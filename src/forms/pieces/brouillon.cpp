@@ -24,6 +24,16 @@ std::optional<std::string> Brouillon::Fichier() const {
   return std::filesystem::exists(chemin_, absent) ? std::optional(LireOctets(chemin_)) : std::nullopt;
 }
 
+bool Brouillon::Continuer(Lanceur& lanceur, const Programme& programme) {
+  avant_.reset();  // what a former launch has written stays, also when this one does not begin
+  const bool fait = lanceur.Lancer([&](const Contexte& contexte) {
+    Poser();
+    programme(contexte);
+  });
+  if (!fait) Reprendre();
+  return fait;
+}
+
 void Brouillon::Poser() {
   avant_.reset();
   const Etat pose = std::exchange(etat_, {.commence = true});

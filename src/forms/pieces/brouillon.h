@@ -19,6 +19,9 @@ class Brouillon {
 
   // Lines that the report goes on with, as soon as it is in the directory.
   void Ajouter(std::string_view lignes) { etat_.ajouts += lignes; }
+  // Runs a program that goes on with the report. False when it was not run or given up; the directory is then as
+  // before.
+  bool Continuer(Lanceur& lanceur, const Programme& programme);
   // Before a launch that goes on with it: the report of the preparation takes its place, with the lines added since.
   void Poser();
   // After that launch, when it was given up: out of the directory again.

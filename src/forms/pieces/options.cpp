@@ -53,9 +53,11 @@ std::optional<std::string> SansSaCoche(const Option& option, const std::string& 
   return autre == option.mots.end() ? std::nullopt : std::optional(*autre);
 }
 
-// What a field that holds a number or a text says; an empty one, of an option that need not be given, nothing.
+// What a field that holds a number or a text says; an empty one, of an option that need not be given, nothing. The name
+// of a file keeps its blanks.
 std::optional<std::string> ValeurDuChamp(const QLineEdit& champ, const Option& option, const std::string& defaut) {
-  const std::string texte = DepuisQt(champ.text().trimmed());
+  const bool fichier = option.etrangers == Option::Etrangers::Gardes;
+  const std::string texte = DepuisQt(fichier ? champ.text() : champ.text().trimmed());
   if (texte.empty() && defaut.empty()) return std::nullopt;
   if (option.genre == Option::Genre::Entier) return Nombre(EntierDuChamp(champ, option));
   return option.genre == Option::Genre::Texte ? std::optional(texte) : std::nullopt;

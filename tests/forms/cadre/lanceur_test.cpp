@@ -1,9 +1,11 @@
-// The queue behind a running program: what is asked for during a run comes after it, in its turn, and is never lost.
+// The queue behind a running program: what is asked for during a run comes after it, in its turn, and is never lost;
+// and the report that a launch goes on with.
 #include "forms/cadre/lanceur.h"
 
 #include <gtest/gtest.h>
 
 #include "core/programme/annulation.h"
+#include "forms/pieces/brouillon.h"
 #include "forms/pilote.h"
 
 namespace {
@@ -65,6 +67,20 @@ TEST(LancerEnsuite, UneFormeQuitteePendantUneExecutionFinitSurSonEnquete) {
   delete forme;  // it is gone, and the session elsewhere
   QCoreApplication::processEvents();
   EXPECT_EQ(faits, QStringList({"fin", "ENQ"}));
+}
+
+// A launch that another run keeps from beginning leaves what the one before has written of their report.
+TEST(Brouillon, UnLancementRefuseLaisseLeRapportDuPrecedent) {
+  Bureau bureau(2);
+  bureau.Ecrire("ENQ.TCR", "d'avant\r\n");
+  Lanceur& lanceur = bureau.Fenetre().ServicesDesFormes().lanceur;
+  Brouillon rapport(bureau.Fenetre().ServicesDesFormes().ContexteEnCours(), ".TCR", "prepare\r\n");
+  EXPECT_FALSE(rapport.Continuer(lanceur, [](const Contexte&) { throw quelvar::Annulation(); }));
+  EXPECT_EQ(bureau.Lire("ENQ.TCR"), "d'avant\r\n") << "given up";
+  EXPECT_TRUE(rapport.Continuer(lanceur, [](const Contexte&) {}));
+  EXPECT_EQ(bureau.Lire("ENQ.TCR"), "prepare\r\n");
+  lanceur.Lancer([&](const Contexte&) { EXPECT_FALSE(rapport.Continuer(lanceur, [](const Contexte&) {})); });
+  EXPECT_EQ(bureau.Lire("ENQ.TCR"), "prepare\r\n");
 }
 
 }  // namespace

@@ -50,9 +50,7 @@ FImport::FImport(Services& services) : Forme(services), ui_(std::make_unique<Ui:
 FImport::~FImport() = default;
 
 capture::OptionsImportBurt FImport::OptionsBurt() const {
-  capture::OptionsImportBurt options = OptionsDesControles(*this, capture::DescriptionImportBurt());
-  options.fichier = DepuisQt(ui_->TextFichier->text());
-  return options;
+  return OptionsDesControles(*this, capture::DescriptionImportBurt());
 }
 
 std::string FImport::Commande() const {

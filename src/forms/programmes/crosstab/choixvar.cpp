@@ -190,11 +190,9 @@ void ChoixVar::LancerTri() {
   Contexte contexte = contexte_;
   contexte.dialogue = &ecran;
   std::optional<crosstab::ResultatLancement> resultat;
-  const bool fait = services_.Lancer([&](const Contexte&) {
-    rapport_->Poser();
-    resultat = crosstab::LancerCroise(contexte, enquete_, *demande);
-  });
-  if (!fait) return rapport_->Reprendre();
+  const bool fait = rapport_->Continuer(
+      services_.lanceur, [&](const Contexte&) { resultat = crosstab::LancerCroise(contexte, enquete_, *demande); });
+  if (!fait) return;
   if (!resultat) {  // the run ended by an error, which its report tells
     lancee_ = etat_.drapeaux;
     close();

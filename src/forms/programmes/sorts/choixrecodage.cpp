@@ -1,6 +1,5 @@
 #include "forms/programmes/sorts/choixrecodage.h"
 
-#include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
 #include "forms/programmes/sorts/preprecod.h"
@@ -39,11 +38,8 @@ ChoixRecodage::ChoixRecodage(Services& services) : Forme(services), ui_(std::mak
   Accorder(ui_->CaseTriang->isChecked());
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixRecodage::LancerRecodage);
   RelierQuitter(*ui_->BoutonTriaplNull);
-  AjouterVoirLaCommande(*ui_->BoutonTriapl, [this] {
-    return CommandeAvecFichier(
-        CommandeEquivalente(sorts::DescriptionRecodage(), contexte_.generique, contexte_.niveau, Options()),
-        ui_->CaseDat->isChecked());
-  });
+  RelierCommandeAvecFichier(
+      *ui_->BoutonTriapl, sorts::DescriptionRecodage(), contexte_, [this] { return Options(); }, *ui_->CaseDat);
   ui_->BoutonTriapl->setFocus();
 }
 

@@ -1,6 +1,5 @@
 #include "forms/programmes/sorts/choixtriapl.h"
 
-#include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/sorts/fichierdonnees.h"
 #include "sorts/triapl/triapl_options.h"
@@ -16,11 +15,8 @@ ChoixTriapl::ChoixTriapl(Services& services) : Forme(services), ui_(std::make_un
   });
   connect(ui_->BoutonTriapl, &QPushButton::clicked, this, &ChoixTriapl::LancerTri);
   RelierQuitter(*ui_->BoutonTriaplNull);
-  AjouterVoirLaCommande(*ui_->BoutonTriapl, [this] {
-    return CommandeAvecFichier(
-        CommandeEquivalente(sorts::DescriptionTriapl(), contexte_.generique, contexte_.niveau, Options()),
-        ui_->CaseDat->isChecked());
-  });
+  RelierCommandeAvecFichier(
+      *ui_->BoutonTriapl, sorts::DescriptionTriapl(), contexte_, [this] { return Options(); }, *ui_->CaseDat);
   ui_->BoutonTriapl->setFocus();
 }
 

@@ -12,9 +12,4 @@ std::optional<std::string> ChoisirFichierDeDonnees(const Services& services, boo
   return choisi;
 }
 
-std::string CommandeAvecFichier(std::string commande, bool autre) {
-  if (autre) commande += "  # et donnees=FICHIER, le fichier choisi au lancement";
-  return commande;
-}
-
 }  // namespace quelvar::forms

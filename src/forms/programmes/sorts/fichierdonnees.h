@@ -1,10 +1,12 @@
 // The box "Changer de fichier *.DAT" of the flat sort and the recoding.
 #pragma once
 
+#include <QCheckBox>
 #include <optional>
 #include <string>
 
 #include "forms/cadre/services.h"
+#include "forms/pieces/commande.h"
 
 namespace quelvar::forms {
 
@@ -12,7 +14,16 @@ namespace quelvar::forms {
 // asked for, nothing when the choice is cancelled.
 std::optional<std::string> ChoisirFichierDeDonnees(const Services& services, bool autre);
 
-// The line of a form whose file is chosen when its run starts: what is still to be said stands behind it.
-std::string CommandeAvecFichier(std::string commande, bool autre);
+// "Voir la commande" of a form whose file is chosen when its run starts, if the box asks for another one: what is still
+// to be said stands behind the line.
+template <class O, class F>
+void RelierCommandeAvecFichier(QPushButton& lancer, const Description<O>& programme, const Contexte& contexte,
+                               F options, const QCheckBox& autre) {
+  AjouterVoirLaCommande(lancer, [&programme, &contexte, options, &autre] {
+    std::string ligne = CommandeEquivalente(programme, contexte.generique, contexte.niveau, options());
+    if (autre.isChecked()) ligne += "  # et donnees=FICHIER, le fichier choisi au lancement";
+    return ligne;
+  });
+}
 
 }  // namespace quelvar::forms

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
@@ -27,40 +28,42 @@ std::string NomChoisi(const QString& chemin, const Chemin& repertoire) {
   return DepuisQt(chemin);
 }
 
-const char* const kAideTri =
+constexpr std::string_view kAideTri =
     "Tri d'un fichier de colonnes fixes.\nChoisissez le fichier A à trier, le fichier C résultant, la position et la "
     "largeur (10 max) du champ de tri. En position 0 il n'y a pas de tri : le fichier est recopié, sans ses blancs à "
-    "droite si on le demande.";
-const char* const kAideExport =
+    "droite si on le demande."_w;
+constexpr std::string_view kAideExport =
     "Exportation d'une zone.\nChoisissez le fichier A d'origine, le fichier C résultant, la première et la dernière "
-    "position de la zone. On exporte la zone, ou tout le reste de chaque ligne.";
-const char* const kAideListage =
-    "Fichier par caractères.\nChoisissez le fichier A à regarder : chaque caractère est donné avec son code décimal.";
-const char* const kAideFusion =
+    "position de la zone. On exporte la zone, ou tout le reste de chaque ligne."_w;
+constexpr std::string_view kAideListage =
+    "Fichier par caractères.\nChoisissez le fichier A à regarder : chaque caractère est donné avec son code décimal."_w;
+constexpr std::string_view kAideFusion =
     "Fusion de fichiers.\nChoisissez les fichiers A et B, le fichier C résultant et le type de fusion. A et B ne sont "
-    "jamais modifiés. Si les *.POS existent, le résultat en a un.";
-const char* const kAideTableau =
+    "jamais modifiés. Si les *.POS existent, le résultat en a un."_w;
+constexpr std::string_view kAideTableau =
     "Dans *.BRT seulement les lignes du tableau : le nom de ligne sur quatre caractères, puis les effectifs, toujours "
     "de même largeur ; pas de totaux de marge.\nDans *.MOD : ligne 1 un titre, ligne 2 les paramètres LI= (lignes), "
     "CO= (colonnes), LA= (largeur commune des cases) et éventuellement De=, puis les noms de colonne, un par ligne sur "
-    "quatre caractères et, après trois blancs obligatoires, un intitulé long.";
-const char* const kAideGendat =
+    "quatre caractères et, après trois blancs obligatoires, un intitulé long."_w;
+constexpr std::string_view kAideGendat =
     "\nLe but est de faire l'opération inverse de celle d'un tableau croisé. Un titre comme AGE/SEX donne les noms des "
-    "questions.";
-const char* const kAideInversion =
+    "questions."_w;
+constexpr std::string_view kAideInversion =
     "\nL'inversion fait que dans un tableau (d'extension .brt et de .mod avec les intitulés de colonne) ce qui était "
     "en ligne se trouve en colonne et réciproquement. Les intitulés de ligne passent du .brt au .mod, et "
     "réciproquement pour les intitulés de colonne.\nSi l'option Trg est prise, le tableau sera exporté en mode pour "
-    "graphique triangulaire d'extension .trg";
-const char* const kAideEcapem = "\nA la fin d'une ligne de *.BRT, un intitulé long de 10 caractères au maximum.";
+    "graphique triangulaire d'extension .trg"_w;
+constexpr std::string_view kAideEcapem =
+    "\nA la fin d'une ligne de *.BRT, un intitulé long de 10 caractères au maximum."_w;
 
 }  // namespace
 
 Utilitaires::Utilitaires(Services& services) : Forme(services), ui_(std::make_unique<Ui::Utilitaires>()) {
   ui_->setupUi(this);
-  for (QRadioButton* choix :
-       {ui_->OptTri, ui_->OptExport, ui_->OptHexDump, ui_->OptFusion, ui_->OptGendat, ui_->OptInvers, ui_->OptEcapem})
-    connect(choix, &QRadioButton::toggled, this, [this](bool pris) {
+  ui_->OptTri->setChecked(true);  // one is chosen at any time
+  Recenser();
+  for (const Utilitaire& utilitaire : utilitaires_)
+    connect(utilitaire.choix, &QRadioButton::toggled, this, [this](bool pris) {
       if (pris) MontrerChoix();
     });
   for (QRadioButton* type : {ui_->OptMerge, ui_->OptAppend, ui_->Appareille})
@@ -71,16 +74,46 @@ Utilitaires::Utilitaires(Services& services) : Forme(services), ui_(std::make_un
   PoserDefauts(*this, utilities::DescriptionFusionner());
   PoserDefauts(*this, utilities::DescriptionInversion());
   PoserDefauts(*this, tables::DescriptionEcapem());
-  ui_->OptTri->setChecked(true);
   RelierFichiers();
-  connect(ui_->Lancer, &QPushButton::clicked, this, &Utilitaires::LancerChoix);
-  AjouterVoirLaCommande(*ui_->Lancer, [this] { return Commande(); });
+  connect(ui_->Lancer, &QPushButton::clicked, this, [this] { Choisi().lancer(); });
+  AjouterVoirLaCommande(*ui_->Lancer, [this] { return Choisi().commande(); });
   RelierAide(*ui_->BoutAide, "mnuAUtilitaires");
   RelierQuitter(*ui_->Annuler);
   MontrerChoix();
 }
 
 Utilitaires::~Utilitaires() = default;
+
+void Utilitaires::Recenser() {
+  const auto ligne = [this](const auto& programme, const auto& options) {
+    return CommandeEquivalente(programme, contexte_.generique, contexte_.niveau, options);
+  };
+  const auto deLaTable = [this, ligne](const auto& programme) {
+    return [this, ligne, &programme] { return ligne(programme, OptionsDesControles(*this, programme)); };
+  };
+  const auto texte = [](std::string_view debut, std::string_view suite = {}) { return VersQt(debut) + VersQt(suite); };
+  utilitaires_ = {
+      {ui_->OptTri, texte(kAideTri), [=, this] { return ligne(utilities::DescriptionTri(), OptionsDuTri()); },
+       [this] { LancerTri(); }},
+      {ui_->OptExport, texte(kAideExport),
+       [=, this] { return ligne(utilities::DescriptionExporter(), OptionsDeLExport()); }, [this] { LancerExport(); }},
+      {ui_->OptHexDump, texte(kAideListage),
+       [=, this] { return ligne(utilities::DescriptionCaracteres(), utilities::OptionsCaracteres{a_}); },
+       [this] { LancerListage(); }},
+      {ui_->OptFusion, texte(kAideFusion),
+       [=, this] { return ligne(utilities::DescriptionFusionner(), OptionsDeLaFusion()); }, [this] { LancerFusion(); }},
+      {ui_->OptGendat, texte(kAideTableau, kAideGendat), deLaTable(utilities::DescriptionGendat()),
+       [this] { LancerGendat(); }},
+      {ui_->OptInvers, texte(kAideTableau, kAideInversion), deLaTable(utilities::DescriptionInversion()),
+       [this] { LancerInversion(); }},
+      {ui_->OptEcapem, texte(kAideTableau, kAideEcapem), deLaTable(tables::DescriptionEcapem()),
+       [this] { LancerEcapem(); }},
+  };
+}
+
+const Utilitaires::Utilitaire& Utilitaires::Choisi() const {
+  return *std::ranges::find_if(utilitaires_, [](const Utilitaire& u) { return u.choix->isChecked(); });
+}
 
 void Utilitaires::RelierFichiers() {
   connect(ui_->CmdFichA, &QPushButton::clicked, this,
@@ -128,15 +161,7 @@ void Utilitaires::MontrerChoix() {
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->CmdFichB, ui_->LabelB}) controle->setVisible(fusion);
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->CmdFichC, ui_->LabelC})
     controle->setVisible(!ui_->OptHexDump->isChecked());
-  const QString aide = ui_->OptTri->isChecked()       ? QString::fromUtf8(kAideTri)
-                       : ui_->OptExport->isChecked()  ? QString::fromUtf8(kAideExport)
-                       : ui_->OptHexDump->isChecked() ? QString::fromUtf8(kAideListage)
-                       : fusion                       ? QString::fromUtf8(kAideFusion)
-                       : ui_->OptGendat->isChecked()  ? QString::fromUtf8(kAideTableau) + QString::fromUtf8(kAideGendat)
-                       : ui_->OptInvers->isChecked()
-                           ? QString::fromUtf8(kAideTableau) + QString::fromUtf8(kAideInversion)
-                           : QString::fromUtf8(kAideTableau) + QString::fromUtf8(kAideEcapem);
-  ui_->TextAide->setPlainText(aide);
+  ui_->TextAide->setPlainText(Choisi().aide);
 }
 
 bool Utilitaires::Complet(std::string_view manque) {
@@ -172,28 +197,6 @@ utilities::OptionsFusion Utilitaires::OptionsDeLaFusion() const {
   return options;
 }
 
-std::string Utilitaires::Commande() const {
-  const auto ligne = [this](const auto& programme, const auto& options) {
-    return CommandeEquivalente(programme, contexte_.generique, contexte_.niveau, options);
-  };
-  if (ui_->OptTri->isChecked()) return ligne(utilities::DescriptionTri(), OptionsDuTri());
-  if (ui_->OptExport->isChecked()) return ligne(utilities::DescriptionExporter(), OptionsDeLExport());
-  if (ui_->OptHexDump->isChecked()) return ligne(utilities::DescriptionCaracteres(), utilities::OptionsCaracteres{a_});
-  if (ui_->OptFusion->isChecked()) return ligne(utilities::DescriptionFusionner(), OptionsDeLaFusion());
-  if (ui_->OptGendat->isChecked()) return ligne(utilities::DescriptionGendat(), utilities::OptionsGendat{});
-  if (ui_->OptInvers->isChecked())
-    return ligne(utilities::DescriptionInversion(), OptionsDesControles(*this, utilities::DescriptionInversion()));
-  return ligne(tables::DescriptionEcapem(), OptionsDesControles(*this, tables::DescriptionEcapem()));
-}
-
-void Utilitaires::LancerChoix() {
-  if (ui_->OptTri->isChecked()) LancerTri();
-  else if (ui_->OptExport->isChecked()) LancerExport();
-  else if (ui_->OptHexDump->isChecked()) LancerListage();
-  else if (ui_->OptFusion->isChecked()) LancerFusion();
-  else LancerSurUnTableau();
-}
-
 // The question on a sort in place comes between what is missing: the program that the table names would ask it again.
 void Utilitaires::LancerTri() {
   const utilities::OptionsTriFichier options = OptionsDuTri();
@@ -225,29 +228,27 @@ void Utilitaires::LancerFusion() {
   if (Complet(utilities::ManqueFusion(contexte_, options))) Finir(Lancer(utilities::DescriptionFusionner(), options));
 }
 
-void Utilitaires::LancerSurUnTableau() {
-  if (contexte_.generique.empty()) {
-    Complet(utilities::kRequiertUnGenerique);
-    return;
-  }
-  if (ui_->OptGendat->isChecked()) return LancerGendat();
-  if (ui_->OptInvers->isChecked()) return LancerInversion();
-  Finir(Lancer(tables::DescriptionEcapem(), OptionsDesControles(*this, tables::DescriptionEcapem())));
-}
+bool Utilitaires::AUnGenerique() { return Complet(contexte_.generique.empty() ? utilities::kRequiertUnGenerique : ""); }
 
 void Utilitaires::LancerGendat() {
-  if (Lancer(utilities::DescriptionGendat(), {}) != Fin::Normale) return;
+  if (!AUnGenerique() || Lancer(utilities::DescriptionGendat(), {}) != Fin::Normale) return;
   services_.relireGenerique();
   accept();
 }
 
 void Utilitaires::LancerInversion() {
+  if (!AUnGenerique()) return;
   std::string nouveau;
   utilities::OptionsInversion options = OptionsDesControles(*this, utilities::DescriptionInversion());
   options.nouveau = &nouveau;
   if (Lancer(utilities::DescriptionInversion(), options) != Fin::Normale) return;
   services_.adopterGenerique(nouveau);
   accept();
+}
+
+void Utilitaires::LancerEcapem() {
+  if (AUnGenerique())
+    Finir(Lancer(tables::DescriptionEcapem(), OptionsDesControles(*this, tables::DescriptionEcapem())));
 }
 
 void Utilitaires::Finir(std::optional<Fin> fin) {

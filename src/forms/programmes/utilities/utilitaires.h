@@ -1,10 +1,13 @@
 // Utilities on files and tables: the choice of one, its files and settings, and the start of its program.
 #pragma once
 
+#include <QRadioButton>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/cadre/services.h"
 #include "utilities/exportation.h"
@@ -24,6 +27,16 @@ class Utilitaires : public Forme {
   ~Utilitaires() override;
 
  private:
+  // One of the programs: the button that chooses it, what the form says of it, its equivalent command, its launch.
+  struct Utilitaire {
+    QRadioButton* choix;
+    QString aide;
+    std::function<std::string()> commande;
+    std::function<void()> lancer;
+  };
+  void Recenser();
+  const Utilitaire& Choisi() const;
+
   void RelierFichiers();
   void MontrerChoix();
   void ChoisirEntree(std::string& fichier, const QString& titre);
@@ -33,22 +46,22 @@ class Utilitaires : public Forme {
   utilities::OptionsTriFichier OptionsDuTri() const;
   utilities::OptionsExportation OptionsDeLExport() const;
   utilities::OptionsFusion OptionsDeLaFusion() const;
-  // The line of quelvar-batch for the utility that is chosen.
-  std::string Commande() const;
 
-  void LancerChoix();
   void LancerTri();
   void LancerExport();
   void LancerListage();
   void LancerFusion();
-  void LancerSurUnTableau();
   void LancerGendat();
   void LancerInversion();
+  void LancerEcapem();
+  // The programs on a table have no file of their own to be chosen.
+  bool AUnGenerique();
   // Shows what a launch lacks; true when nothing is missing.
   bool Complet(std::string_view manque);
   // A run that came to its normal end closes the form.
   void Finir(std::optional<Fin> fin);
 
+  std::vector<Utilitaire> utilitaires_;
   std::string a_, b_, c_;  // as chosen; a file of the working directory by its name
   std::unique_ptr<Ui::Utilitaires> ui_;
 };

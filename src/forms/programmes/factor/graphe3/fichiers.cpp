@@ -38,13 +38,11 @@ factor::OptionsCoupe Graphe3::Coupe() const {
 void Graphe3::CouperLaClassification() {
   const factor::OptionsCoupe options = Coupe();
   std::string nouveau;
-  const std::optional<Fin> fin = LancerEtape([&](const Contexte& sur) {
-    rapport_->Poser();
-    return ExecuterProgramme(
-        sur, sur.Nom(".PRT"), LibellesErreur{},
-        [&](Rapport& rapport) { factor::CouperArbre(sur, rapport, options, nouveau); }, ModeEcriture::Suite);
+  rapport_->Continuer(services_.lanceur, [&](const Contexte&) {
+    ExecuterProgramme(
+        contexte_, contexte_.Nom(".PRT"), LibellesErreur{},
+        [&](Rapport& rapport) { factor::CouperArbre(contexte_, rapport, options, nouveau); }, ModeEcriture::Suite);
   });
-  if (!fin) rapport_->Reprendre();
   if (!nouveau.empty()) services_.adopterGenerique(nouveau);
 }
 

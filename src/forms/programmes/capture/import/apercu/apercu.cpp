@@ -46,13 +46,15 @@ ApercuImport::ApercuImport(Services& services, capture::PreparationDImport prepa
   ui_->Lignes->setModel(lignes_);
   ui_->Colonnes->setModel(colonnes_);
   for (QTableView* table : {ui_->Lignes, ui_->Colonnes}) {
-    table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    constexpr int autourDuTexte = 8;  // pixels
+    table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + autourDuTexte);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setTextElideMode(Qt::ElideRight);
   }
   PreparerLaLecture();
   ReprendreLesChoix();
   RelierLesControles();
+  PreparerLaColonne();
   RelierLaColonne();
   RelierAide(*ui_->Aide, "mnuAImport");
   RelierQuitter(*ui_->Annuler);
@@ -206,8 +208,8 @@ void ApercuImport::MontrerTout() {
   montre_ = false;
   lignes_->Relire();
   colonnes_->Relire();
-  constexpr int kColonnesMesurees = 60;
-  constexpr int kLargeurAuPlus = 220;
+  constexpr int kColonnesMesurees = 60;  // more take a second, and are out of sight
+  constexpr int kLargeurAuPlus = 220;    // pixels: a long answer leaves room for its neighbours
   for (int c = 0; c < std::min(lignes_->columnCount({}), kColonnesMesurees); ++c) {
     ui_->Lignes->resizeColumnToContents(c);
     if (ui_->Lignes->columnWidth(c) > kLargeurAuPlus) ui_->Lignes->setColumnWidth(c, kLargeurAuPlus);

@@ -45,6 +45,7 @@ class ApercuImport : public Forme {
   QString TexteDesFautes() const;
 
   // --- the column that is chosen ---
+  void PreparerLaColonne();
   void RelierLaColonne();
   std::size_t Colonne() const;
   bool ColonneChoisie() const;

@@ -21,25 +21,44 @@ using capture::Genre;
 using capture::Ordre;
 
 constexpr int kTexteDeLaLigne = Qt::UserRole;
-constexpr Ordre kOrdres[] = {Ordre::Alphabetique, Ordre::Frequence, Ordre::Donne};
+
+struct OrdreOffert {
+  Ordre ordre;
+  const char* legende;
+};
+// As ComboOrdre has them; the order of the list comes with a move in it.
+constexpr OrdreOffert kOrdres[] = {{Ordre::Alphabetique, "alphabétique"},
+                                   {Ordre::Frequence, "par fréquence"},
+                                   {Ordre::Donne, "celui de la liste"}};
+constexpr int kCeluiDeLaListe = 2;
+static_assert(kOrdres[kCeluiDeLaListe].ordre == Ordre::Donne);
+
+// Characters of a heading, but for the title, which takes what is left of the window.
+constexpr int kLargeurs[ColonnesDApercu::kRubriques] = {0, 7, 24, 10, 8, 24};
+constexpr int kLargeurAuMoins = 6;
+// Pixels of the rows over the columns, and of the columns beside the one that is chosen, when the window opens.
+constexpr int kHauteurDesLignes = 180;
+constexpr int kHauteurDesColonnes = 280;
+constexpr int kLargeurDesColonnes = 640;
+constexpr int kLargeurDeLaColonne = 320;
 
 }  // namespace
 
-void ApercuImport::RelierLaColonne() {
+void ApercuImport::PreparerLaColonne() {
   ui_->TextNom->setMaxLength(static_cast<int>(capture::kNomCourtLePlusLong));
   ui_->SpinGroupes->setRange(capture::kGroupesAuMoins, capture::kGroupesAuPlus);
-  auto& entete = *ui_->Colonnes->horizontalHeader();
   const int pas = fontMetrics().averageCharWidth();
-  const int largeurs[] = {0, 7 * pas, 24 * pas, 10 * pas, 8 * pas, 24 * pas};
   for (int rubrique = ColonnesDApercu::Nom; rubrique < ColonnesDApercu::kRubriques; ++rubrique)
-    ui_->Colonnes->setColumnWidth(rubrique, largeurs[rubrique]);
+    ui_->Colonnes->setColumnWidth(rubrique, kLargeurs[rubrique] * pas);
+  auto& entete = *ui_->Colonnes->horizontalHeader();
   entete.setSectionResizeMode(ColonnesDApercu::Intitule, QHeaderView::Stretch);
-  entete.setMinimumSectionSize(6 * pas);
-  ui_->Partage->setSizes({180, 280});
-  ui_->PartageColonnes->setSizes({640, 320});
-  for (const char* ordre : {"alphabétique", "par fréquence", "celui de la liste"})
-    ui_->ComboOrdre->addItem(QString::fromUtf8(ordre));
+  entete.setMinimumSectionSize(kLargeurAuMoins * pas);
+  ui_->Partage->setSizes({kHauteurDesLignes, kHauteurDesColonnes});
+  ui_->PartageColonnes->setSizes({kLargeurDesColonnes, kLargeurDeLaColonne});
+  for (const OrdreOffert& offert : kOrdres) ui_->ComboOrdre->addItem(QString::fromUtf8(offert.legende));
+}
 
+void ApercuImport::RelierLaColonne() {
   connect(ui_->Colonnes->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &ApercuImport::MontrerColonne);
   connect(colonnes_, &ColonnesDApercu::Renomme, this,
@@ -67,7 +86,7 @@ void ApercuImport::RelierLaColonne() {
   connect(
       ui_->ListTextes->model(), &QAbstractItemModel::rowsMoved, this,
       [this] {
-        ui_->ComboOrdre->setCurrentIndex(2);
+        ui_->ComboOrdre->setCurrentIndex(kCeluiDeLaListe);
         LireTextes();
       },
       Qt::QueuedConnection);
@@ -185,7 +204,7 @@ void ApercuImport::Renommer(std::size_t colonne, const QString& nom) {
 
 void ApercuImport::ChangerOrdre() {
   if (!ColonneChoisie()) return;
-  const Ordre ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
+  const Ordre ordre = kOrdres[ui_->ComboOrdre->currentIndex()].ordre;
   preparation_.ChangerChoix(
       Colonne(), capture::AvecOrdre(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()], ordre));
   ChoixChange();
@@ -201,10 +220,10 @@ void ApercuImport::LireTextes() {
     const QListWidgetItem& ligne = *ui_->ListTextes->item(i);
     textes.push_back({DepuisQt(ligne.data(kTexteDeLaLigne).toString()), 0, ligne.checkState() == Qt::Checked});
   }
-  preparation_.ChangerChoix(Colonne(),
-                            choix.genre == Genre::Textes
-                                ? capture::AvecTextesCodes(choix, kOrdres[ui_->ComboOrdre->currentIndex()], textes)
-                                : capture::AvecTextesComptes(choix, textes));
+  preparation_.ChangerChoix(
+      Colonne(), choix.genre == Genre::Textes
+                     ? capture::AvecTextesCodes(choix, kOrdres[ui_->ComboOrdre->currentIndex()].ordre, textes)
+                     : capture::AvecTextesComptes(choix, textes));
   ChoixChange();
   const int courante = ui_->ListTextes->currentRow();
   const QString gardee = courante < 0 ? QString() : ui_->ListTextes->item(courante)->data(kTexteDeLaLigne).toString();
@@ -221,7 +240,7 @@ void ApercuImport::DeplacerTexte(int pas) {
     const QSignalBlocker silence(ui_->ListTextes);
     ui_->ListTextes->insertItem(cible, ui_->ListTextes->takeItem(ligne));
     ui_->ListTextes->setCurrentRow(cible);
-    ui_->ComboOrdre->setCurrentIndex(2);
+    ui_->ComboOrdre->setCurrentIndex(kCeluiDeLaListe);
   }
   LireTextes();
 }
