@@ -1,5 +1,7 @@
 // Any bytes as a text to prepare or to sort: the runs end, the text stays as it is, a prepared one keeps its length, a
 // sorted one its lines. Input: one byte for the program, one of options, then the text.
+#include "core/texte/lignes.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -8,7 +10,7 @@
 
 #include "fuzz/support/dossier_memoire.h"
 #include "text/preparation/preptext.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace {
 
@@ -34,8 +36,8 @@ void Trier(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std::u
   if (utilities::TriFichier(contexte, options) != Fin::Normale) return;
   const std::string source = dossier.Lire("ENQ.txt");
   const std::string resultat = dossier.Lire("TRIE.txt");
-  std::vector<std::string_view> avant = utilities::LignesDe(source);
-  std::vector<std::string_view> apres = utilities::LignesDe(resultat);
+  std::vector<std::string_view> avant = ToutesLesLignes(source);
+  std::vector<std::string_view> apres = ToutesLesLignes(resultat);
   std::sort(avant.begin(), avant.end());
   std::sort(apres.begin(), apres.end());
   if (avant != apres) std::abort();

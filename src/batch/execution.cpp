@@ -1,6 +1,6 @@
 #include "batch/execution.h"
 
-#include "batch/dialogue_batch.h"
+#include "batch/dialogue.h"
 #include "core/fichiers/generiquetenu.h"
 
 namespace quelvar::batch {

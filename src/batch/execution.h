@@ -1,7 +1,7 @@
 // The run of a request: its program, with the generic held from the first of its runs to the last.
 #pragma once
 
-#include "batch/ligne_de_commande.h"
+#include "batch/commande.h"
 
 namespace quelvar::batch {
 

@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "batch/commande.h"
 #include "batch/execution.h"
-#include "batch/ligne_de_commande.h"
 #include "core/fichiers/signaux.h"
 #include "core/programme/annulation.h"
 

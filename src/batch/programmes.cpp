@@ -3,7 +3,7 @@
 #include "capture/apercu/options.h"
 #include "capture/import_csv_options.h"
 #include "capture/import_options.h"
-#include "capture/saisie/saisie_options.h"
+#include "capture/saisie/options.h"
 #include "crosstab/croise_options.h"
 #include "factor/analyse/anecar_options.h"
 #include "factor/classement/coupe_options.h"

@@ -15,9 +15,10 @@ struct Programme {
   std::vector<Option> options;
   // Raises UsageIncorrect before anything runs when an option or a value is not known.
   std::function<Fin(const Contexte&, const LigneDOptions&)> executer;
-  // The options as the equivalent command would have them.
+  // What the law of the tables of options is tested by, without their type: the options as the equivalent command would
+  // have them,
   std::function<LigneDOptions(const LigneDOptions&)> recrire;
-  // Both lines ask for the same.
+  // and whether two lines ask for the same.
   std::function<bool(const LigneDOptions&, const LigneDOptions&)> memes;
   bool generiqueFacultatif = false;
 };

@@ -9,11 +9,13 @@
 
 #include "capture/dbase/tableau.h"
 #include "capture/fichiers.h"
+#include "capture/utf8.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -50,42 +52,38 @@ void LireRangee(std::string_view ligne, std::size_t nombre, Rangee& rangee) {
                                                     : reste.substr(debut, reste.find_last_not_of(kBlancs) + 1 - debut);
 }
 
-// How the letters of a source are written.
-struct Encodage {
+// What the letters of a source come to in the code page.
+struct Conversion {
   bool utf8 = false;
   std::int64_t accents = 0;  // characters of several bytes
   std::int64_t perdus = 0;   // of these, the ones that the code page lacks
   std::int64_t ligne = 0;    // the first line with one of them
 };
 
-std::int64_t Interrogations(std::string_view texte) {
-  return static_cast<std::int64_t>(std::count(texte.begin(), texte.end(), '?'));
-}
+std::int64_t Interrogations(std::string_view texte) { return std::ranges::count(texte, '?'); }
 
-// A source is in UTF-8 when its mark says so, or when it holds valid sequences of several bytes and no invalid one.
-Encodage ExaminerEncodage(const Chemin& source) {
-  Encodage encodage;
-  bool marque = false;
-  bool invalide = false;
+Conversion ExaminerConversion(const Chemin& source) {
+  Conversion conversion;
+  IndicesDUtf8 indices;
   LecteurLignes lecteur(source);
   std::int64_t numero = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    if (++numero == 1) marque = OterMarqueUtf8(ligne);
-    if (std::all_of(ligne.begin(), ligne.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) continue;
-    invalide = invalide || !EstUtf8MultiOctet(ligne);
-    encodage.accents += std::count_if(ligne.begin(), ligne.end(), [](char c) { return (c & 0xC0) == 0xC0; });
+    if (++numero == 1) indices.marque = OterMarqueUtf8(ligne);
+    if (EstAscii(ligne)) continue;
+    indices.Voir(ligne);
+    conversion.accents += std::ranges::count_if(ligne, [](char c) { return (c & 0xC0) == 0xC0; });
     const std::int64_t perdus = Interrogations(DepuisUtf8(ligne)) - Interrogations(ligne);
-    if (encodage.perdus == 0 && perdus > 0) encodage.ligne = numero;
-    encodage.perdus += perdus;
+    if (conversion.perdus == 0 && perdus > 0) conversion.ligne = numero;
+    conversion.perdus += perdus;
   }
-  encodage.utf8 = marque || (encodage.accents > 0 && !invalide);
-  return encodage;
+  conversion.utf8 = indices.EstUtf8();
+  return conversion;
 }
 
 // The rows of a source as texts of the code page, those that hold nothing but blanks left out.
-class LecteurRangees {
+class LecteurDeBurt {
  public:
-  LecteurRangees(const Chemin& chemin, bool utf8) : lecteur_(chemin), utf8_(utf8) {}
+  LecteurDeBurt(const Chemin& chemin, bool utf8) : lecteur_(chemin), utf8_(utf8) {}
   bool Lire(std::string_view& ligne) {
     while (lecteur_.Lire(ligne)) {
       if (utf8_) {
@@ -130,10 +128,10 @@ struct FaitsBurt {
 FaitsBurt Examiner(const Chemin& source, bool utf8) {
   FaitsBurt faits;
   std::string_view ligne;
-  for (LecteurRangees lecteur(source, utf8); lecteur.Lire(ligne);) ++faits.rangees;
+  for (LecteurDeBurt lecteur(source, utf8); lecteur.Lire(ligne);) ++faits.rangees;
   if (faits.rangees == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(source.filename())});
   Rangee rangee;
-  for (LecteurRangees lecteur(source, utf8); lecteur.Lire(faits.rangees, rangee);) {
+  for (LecteurDeBurt lecteur(source, utf8); lecteur.Lire(faits.rangees, rangee);) {
     const std::size_t i = faits.intitules.size();
     faits.diagonale += ValeurDe(rangee.effectifs[i]);
     for (const std::string_view mot : rangee.effectifs) {
@@ -145,24 +143,31 @@ FaitsBurt Examiner(const Chemin& source, bool utf8) {
   return faits;
 }
 
-// Short and long name of each row.
-std::vector<std::pair<std::string, std::string>> Nommer(const FaitsBurt& faits, NomsCourts noms) {
-  std::vector<std::pair<std::string, std::string>> modalites;
+// Short and long name of a row.
+struct Modalite {
+  std::string nom;
+  std::string intitule;
+};
+
+std::vector<Modalite> Nommer(const FaitsBurt& faits, NomsCourts noms) {
+  std::vector<Modalite> modalites;
   for (std::size_t i = 0; i < faits.rangees; ++i) {
     const std::string& intitule = faits.intitules[i];
     if (noms == NomsCourts::Automatiques)
-      modalites.emplace_back(CadreGauche(Nombre(i + 1), kLargeurDeModalite), intitule);
-    else modalites.emplace_back(CadreGauche(intitule, kLargeurDeModalite), Milieu(intitule, kLargeurDeModalite + 1));
+      modalites.push_back({CadreGauche(Nombre(i + 1), kLargeurDeModalite), intitule});
+    else
+      modalites.push_back(
+          {CadreGauche(intitule, kLargeurDeModalite), std::string(Milieu(intitule, kLargeurDeModalite + 1))});
   }
   return modalites;
 }
 
 // Short names given by the user must let every row be found: stops the run for one that ends the list of modalities or
 // that two rows share.
-void ExigerNoms(Rapport& rapport, const std::vector<std::pair<std::string, std::string>>& modalites) {
+void ExigerNoms(Rapport& rapport, const std::vector<Modalite>& modalites) {
   std::unordered_map<std::string_view, std::size_t> rangs;
   for (std::size_t i = 0; i < modalites.size(); ++i) {
-    const std::string& nom = modalites[i].first;
+    const std::string& nom = modalites[i].nom;
     if (FinitLesModalites(nom)) {
       rapport.Ligne({"Le nom court de la ligne "_w, Nombre(i + 1), " (\"", nom,
                      "\") n'est pas possible : il terminerait la liste des modalités"_w});
@@ -209,10 +214,9 @@ void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte, JeuDeFichier
       SauvegarderAncien(rapport, contexte.Nom(extension), *ancien, sauvegardes);
 }
 
-void SignalerIntitulesCoupes(const Dialogue& dialogue,
-                             const std::vector<std::pair<std::string, std::string>>& modalites) {
+void SignalerIntitulesCoupes(const Dialogue& dialogue, const std::vector<Modalite>& modalites) {
   const auto coupes = std::count_if(modalites.begin(), modalites.end(), [](const auto& modalite) {
-    return modalite.second.size() > std::size_t{kIntituleDeModaliteAuPlus};
+    return modalite.intitule.size() > std::size_t{kIntituleDeModaliteAuPlus};
   });
   if (coupes > 0)
     dialogue.demander(Joindre({"Intitulés de plus de "_w, Nombre(kIntituleDeModaliteAuPlus),
@@ -220,30 +224,31 @@ void SignalerIntitulesCoupes(const Dialogue& dialogue,
                       Boutons::Ok);
 }
 
-void SignalerEncodage(const Dialogue& dialogue, std::string_view nom, const Encodage& encodage) {
-  if (!encodage.utf8 || encodage.accents == 0) return;
-  std::string texte =
-      Joindre({"Le fichier ", nom, " est en UTF-8. Caractères convertis à la lecture : "_w, Nombre(encodage.accents)});
-  if (encodage.perdus > 0)
-    texte += Joindre({", dont "_w, Nombre(encodage.perdus),
-                      " sans équivalent, remplacés par \"?\" (le premier à la ligne "_w, Nombre(encodage.ligne), ")"});
+void SignalerConversion(const Dialogue& dialogue, std::string_view nom, const Conversion& conversion) {
+  if (!conversion.utf8 || conversion.accents == 0) return;
+  std::string texte = Joindre(
+      {"Le fichier ", nom, " est en UTF-8. Caractères convertis à la lecture : "_w, Nombre(conversion.accents)});
+  if (conversion.perdus > 0)
+    texte +=
+        Joindre({", dont "_w, Nombre(conversion.perdus),
+                 " sans équivalent, remplacés par \"?\" (le premier à la ligne "_w, Nombre(conversion.ligne), ")"});
   dialogue.demander(texte, Boutons::Ok);
 }
 
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
-               const std::vector<std::pair<std::string, std::string>>& modalites) {
+               const std::vector<Modalite>& modalites) {
   mod.Ligne(contexte.generique);
   mod.Ligne(LigneDeParametres({{"BRT=", faits.rangees}, {"FMT=", faits.largeur}}));
-  for (const auto& [nom, nomLong] : modalites) mod.Ligne(LigneModalite(nom, false, nomLong));
+  for (const Modalite& modalite : modalites) mod.Ligne(LigneModalite(modalite.nom, false, modalite.intitule));
 }
 
 // The rows of .BRT, written to the file and to the report.
-void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurRangees lecteur, const FaitsBurt& faits,
-                   const std::vector<std::pair<std::string, std::string>>& modalites) {
+void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const FaitsBurt& faits,
+                   const std::vector<Modalite>& modalites) {
   Rangee rangee;
   std::string texte;
   for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(faits.rangees, rangee); ++i) {
-    texte = modalites[i].first;
+    texte = modalites[i].nom;
     for (const std::string_view mot : rangee.effectifs) texte.append(faits.largeur - mot.size(), ' ').append(mot);
     brt.Ligne(texte);
     rapport.Ligne(texte);
@@ -254,19 +259,19 @@ void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurRangees lecteur, cons
 struct Preparation {
   bool utf8 = false;
   FaitsBurt faits;
-  std::vector<std::pair<std::string, std::string>> modalites;
+  std::vector<Modalite> modalites;
   double effectif = 0;
 };
 
 Preparation Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
-  const Encodage encodage = ExaminerEncodage(source);
-  FaitsBurt faits = Examiner(source, encodage.utf8);
-  std::vector<std::pair<std::string, std::string>> modalites = Nommer(faits, noms);
+  const Conversion conversion = ExaminerConversion(source);
+  FaitsBurt faits = Examiner(source, conversion.utf8);
+  std::vector<Modalite> modalites = Nommer(faits, noms);
   ExigerNoms(rapport, modalites);
-  SignalerEncodage(contexte.Ecran(), TexteDe(source.filename()), encodage);
+  SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), conversion);
   SignalerIntitulesCoupes(contexte.Ecran(), modalites);
   const double effectif = DemanderEffectif(rapport, contexte, faits);
-  return {encodage.utf8, std::move(faits), std::move(modalites), effectif};
+  return {conversion.utf8, std::move(faits), std::move(modalites), effectif};
 }
 
 // The copies of the former files stay when the table can't be read, as the report tells; one who gives up in the
@@ -292,7 +297,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
                  contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
   rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, LecteurRangees(*source, utf8), faits,
+  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, LecteurDeBurt(*source, utf8), faits,
                 modalites);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);

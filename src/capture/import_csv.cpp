@@ -51,7 +51,7 @@ std::vector<ColonneImportee> PlacerColonnes(const FaitsTableur& faits, const Che
     position += fait.largeur;
   }
   ColonneImportee& premiere = colonnes.front();
-  premiere.numero = premiere.intitule == "NUM" || premiere.codeMax == static_cast<double>(faits.individus);
+  premiere.numero = premiere.intitule == kTitreNumero || premiere.codeMax == static_cast<double>(faits.individus);
   return colonnes;
 }
 

@@ -35,7 +35,7 @@ class Nommeur {
   // A name that a .POS can hold and that no other title asks for.
   bool SeSuffit(const std::string& nom) const {
     return demandes_.at(Cle(nom)) == 1 && !Rogner(nom).empty() && nom.find('$') == std::string::npos &&
-           nom.find("**") == std::string::npos;
+           nom.find(kFinDeListe) == std::string::npos;
   }
 
   std::string Distinguer(const std::string& intitule) {

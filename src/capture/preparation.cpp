@@ -1,7 +1,6 @@
 #include "capture/preparation.h"
 
 #include <algorithm>
-#include <array>
 #include <system_error>
 #include <utility>
 
@@ -9,32 +8,11 @@
 #include "capture/apercu/choix/noms.h"
 #include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/choix/refus.h"
-#include "capture/apercu/choix/textes.h"
 #include "capture/apercu/imc.h"
-#include "capture/apercu/sorties/plan.h"
 #include "capture/apercu/sorties/remarques.h"
-#include "capture/classeur/classeur.h"
-#include "capture/fichiers.h"
-#include "core/session/generiquelibre.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
-
-namespace {
-
-constexpr std::size_t kLongueurDuGenerique = 12;
-
-// A letter without its accent, 0 for what no generic holds.
-char LettreDeGenerique(char c) {
-  static constexpr std::string_view kAvec = "ÀÂÄÇÉÈÊËÎÏÔÖÙÛÜŸ"_w;
-  static constexpr std::string_view kSans = "AAACEEEEIIOOUUUY";
-  const char grande = Majuscule(c);
-  if (const std::size_t place = kAvec.find(grande); place != std::string_view::npos) return kSans[place];
-  const bool garde = (grande >= 'A' && grande <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
-  return garde ? grande : '\0';
-}
-
-}  // namespace
 
 PreparationDImport::PreparationDImport(Chemin fichier, std::string feuille, const SuiviDeFeuille& suivi)
     : fichier_(std::move(fichier)), feuille_(std::move(feuille)) {
@@ -118,15 +96,15 @@ std::vector<std::string> PreparationDImport::Refus() const {
   return refus;
 }
 
-std::vector<std::string> PreparationDImport::Remarques() const {
-  std::vector<std::string> remarques = RemarquesDeTable(apercu_.faits);
-  for (const std::string& remarque : RemarquesDesNegatives(choix_, apercu_.faits)) remarques.push_back(remarque);
-  for (const std::string& remarque : RemarquesDEcriture(choix_, apercu_.faits)) remarques.push_back(remarque);
-  return remarques;
-}
+std::vector<std::string> PreparationDImport::Remarques() const { return RemarquesDeTable(apercu_.faits, choix_); }
 
 bool PreparationDImport::ToutVaBien() const {
   return ToutEstCodes(choix_) && Doutes().empty() && Refus().empty() && Remarques().empty();
+}
+
+EtatDeTable PreparationDImport::Etat() const {
+  if (!Refus().empty()) return EtatDeTable::ACorriger;
+  return ToutVaBien() ? EtatDeTable::ToutEnCodes : EtatDeTable::AVerifier;
 }
 
 OptionsImport PreparationDImport::Options() const {
@@ -143,77 +121,6 @@ OptionsImport PreparationDImport::Options() const {
   if (voulue.guillemets != vue.guillemets) options.lecture.guillemets = voulue.guillemets;
   if ((voulue.ligneTitres != 0) != (vue.ligneTitres != 0)) options.lecture.titres = voulue.ligneTitres != 0;
   return options;
-}
-
-std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
-  std::vector<TexteCode> codes;
-  std::vector<TexteCode> nuls;
-  for (const ValeurComptee& valeur : colonne.valeurs) {
-    const bool nul = EstParmi(choix.nonReponses, valeur.valeur);
-    (nul ? nuls : codes).push_back({valeur.valeur, valeur.effectif});
-  }
-  if (choix.ordre == Ordre::Frequence) {
-    std::ranges::stable_sort(codes, std::greater{}, &TexteCode::effectif);
-  } else if (choix.ordre == Ordre::Donne) {
-    const auto rang = [&](const TexteCode& code) {
-      return std::ranges::find(choix.textes, code.texte) - choix.textes.begin();
-    };
-    std::ranges::stable_sort(codes, {}, rang);
-  }
-  std::vector<std::string> textes;
-  for (const TexteCode& code : codes) textes.push_back(code.texte);
-  const std::vector<int> donnes = CodesDesTextes(choix, textes);
-  for (std::size_t i = 0; i < codes.size(); ++i) codes[i].code = donnes[i];
-  nuls.insert(nuls.end(), codes.begin(), codes.end());
-  return nuls;
-}
-
-std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
-  std::vector<std::string> libelles;
-  std::vector<double> bornes = choix.bornes;
-  if (bornes.empty() && choix.groupes == 0) return libelles;
-  if (bornes.empty()) {
-    constexpr std::int64_t kNombresAuPlus = 200000;  // looked at while the user waits
-    if (colonne.valeurs.empty() || colonne.remplies > kNombresAuPlus) return libelles;
-    std::vector<double> valeurs;
-    for (const ValeurComptee& valeur : colonne.valeurs) {
-      if (EstParmi(choix.nonReponses, valeur.valeur)) continue;
-      if (const std::optional<NombreLu> nombre = LireNombre(valeur.valeur, colonne.signes))
-        valeurs.insert(valeurs.end(), static_cast<std::size_t>(valeur.effectif), ValeurDe(nombre->Normalise()));
-    }
-    if (valeurs.empty()) return libelles;
-    bornes = BornesDeGroupes(std::move(valeurs), choix.groupes);
-  }
-  for (const Etiquette& etiquette : ClassesSelonBornes(bornes, colonne).etiquettes)
-    libelles.push_back(etiquette.intitule);
-  return libelles;
-}
-
-std::vector<TexteCompte> TextesComptes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
-  std::vector<TexteCompte> textes;
-  if (choix.genre == Genre::Multiple && choix.liste == '\0') {
-    for (const ValeurComptee& valeur : colonne.valeurs)
-      textes.push_back({valeur.valeur, valeur.effectif, EstParmi(choix.reponses, valeur.valeur)});
-    return textes;
-  }
-  if (choix.genre != Genre::Codes && choix.genre != Genre::Nombres) return textes;
-  const auto compter = [&](const std::string& texte) -> TexteCompte& {
-    const auto connu = std::ranges::find(textes, texte, &TexteCompte::texte);
-    return connu != textes.end() ? *connu : textes.emplace_back(TexteCompte{texte});
-  };
-  for (const CelluleFautive& cellule : colonne.fautives) ++compter(cellule.valeur).effectif;
-  for (const std::string& texte : choix.nonReponses) compter(texte).compte = false;
-  return textes;
-}
-
-ChoixDeColonne AvecTextesComptes(ChoixDeColonne choix, const std::vector<TexteCompte>& textes) {
-  const bool reponses = choix.genre == Genre::Multiple;
-  (reponses ? choix.reponses : choix.nonReponses).clear();
-  for (const TexteCompte& texte : textes) {
-    if (reponses && texte.compte) choix.reponses.push_back(texte.texte);
-    if (!reponses && !texte.compte) choix.nonReponses.push_back(texte.texte);
-  }
-  return choix;
 }
 
 std::optional<AnciensChoix> ChercherAnciensChoix(const Chemin& repertoire, std::string_view generique,
@@ -241,75 +148,6 @@ std::optional<AnciensChoix> ChercherAnciensChoix(const Chemin& repertoire, std::
     }
   }
   return std::nullopt;
-}
-
-std::optional<std::vector<double>> BornesDe(std::string_view saisi) {
-  std::vector<double> bornes;
-  std::string mot;
-  const auto prendre = [&] {
-    if (mot.empty()) return true;
-    std::ranges::replace(mot, ',', '.');
-    if (!EstNombre(mot)) return false;
-    bornes.push_back(ValeurDe(mot));
-    mot.clear();
-    return bornes.size() < 2 || bornes[bornes.size() - 2] < bornes.back();
-  };
-  for (const char c : saisi) {
-    if (c != ' ' && c != ';' && c != '\t' && c != '|') mot += c;
-    else if (!prendre()) return std::nullopt;
-  }
-  if (!prendre() || bornes.empty()) return std::nullopt;
-  return bornes;
-}
-
-std::string TexteDesBornes(const std::vector<double>& bornes) {
-  std::string texte;
-  for (const double borne : bornes) texte += (texte.empty() ? "" : " ") + Nombre(borne);
-  return texte;
-}
-
-std::string GeneriquePropose(const Chemin& repertoire, const Chemin& fichier) {
-  std::string propose;
-  for (const char c : TexteDe(fichier.stem()))
-    if (const char lettre = LettreDeGenerique(c); lettre != '\0' && propose.size() < kLongueurDuGenerique)
-      propose += lettre;
-  if (propose.empty()) propose = "ENQ";
-  while (GeneriqueOccupe(repertoire, propose, fichier)) propose = GeneriqueLibre(repertoire, propose);
-  return propose;
-}
-
-bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const Chemin& fichier) {
-  // A .TXT or .CSV is no survey when it is what is imported.
-  for (const std::string_view extension : {".CSV", ".TXT"})
-    if (const auto la = ChercherFichier(repertoire, Joindre({generique, extension}));
-        la && !EstLeMemeFichier(*la, fichier))
-      return true;
-  for (const std::string_view extension : {".POS", ".DAT", ".MOD", ".BRT", ".CDG", ".TRG", ".DES"})
-    if (ChercherFichier(repertoire, Joindre({generique, extension}))) return true;
-  return false;
-}
-
-std::string RefusDuGenerique(std::string_view generique) {
-  if (Rogner(generique).empty()) return "Pas de nom : recommencer";
-  if (generique.find_first_of("/\\:*?\"<>|") != std::string_view::npos)
-    return Joindre({"Un générique est un nom sans / \\ : * ? \" < > |"_w});
-  return {};
-}
-
-std::vector<FichierImportable> FichiersImportables(const Chemin& repertoire) {
-  std::vector<FichierImportable> fichiers;
-  std::error_code faute;
-  for (std::filesystem::directory_iterator entree(repertoire, faute), fin; !faute && entree != fin;
-       entree.increment(faute)) {
-    const std::string extension = entree->path().extension().string();
-    const bool lu = EstNomDeClasseur(extension) ||
-                    std::ranges::any_of(std::array{".csv", ".txt", ".tsv", ".dbf"},
-                                        [&](std::string_view e) { return EgalSansCasse(extension, e); });
-    if (!lu || entree->path().filename().native().starts_with('.') || !entree->is_regular_file(faute)) continue;
-    fichiers.push_back({entree->path(), entree->file_size(faute)});
-  }
-  std::ranges::sort(fichiers, {}, [](const FichierImportable& f) { return Minuscules(TexteDe(f.chemin.filename())); });
-  return fichiers;
 }
 
 }  // namespace quelvar::capture

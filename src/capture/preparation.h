@@ -8,10 +8,8 @@
 #include <vector>
 
 #include "capture/apercu/apercu.h"
-#include "capture/apercu/choix/devenir.h"
-#include "capture/apercu/choix/proposition.h"
-#include "capture/apercu/choix/textes.h"
 #include "capture/apercu/import.h"
+#include "capture/apercu/sorties/resume.h"
 #include "capture/apercu/source.h"
 
 namespace quelvar::capture {
@@ -55,6 +53,7 @@ class PreparationDImport {
   std::vector<std::string> Doutes() const { return detectee_.DoutesDe(apercu_.lecture); }
   std::vector<std::string> Remarques() const;
   bool ToutVaBien() const;
+  EtatDeTable Etat() const;
   // What the import is to be run with.
   OptionsImport Options() const;
 
@@ -70,29 +69,6 @@ class PreparationDImport {
   std::vector<bool> touchees_;  // columns whose choice is the user's or that of an earlier import
 };
 
-// The codes that a column of texts becomes: one line "1  Femme  (523)" for each, those that count as 0 first. The texts
-// in the order in which they are coded.
-struct TexteCode {
-  std::string texte;
-  std::int64_t effectif = 0;
-  int code = 0;
-};
-std::vector<TexteCode> TextesCodes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
-
-// The labels of the classes ("15-24"); empty for equal groups of more numbers than are kept.
-std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
-
-// The texts of a column whose answers are 1 and 0, or numbers with faulty cells among them: each with whether it counts
-// (as the answer, or as a fault that stops the import) and not as code 0. Empty for other kinds of choices.
-struct TexteCompte {
-  std::string texte;
-  std::int64_t effectif = 0;
-  bool compte = true;
-};
-std::vector<TexteCompte> TextesComptes(const ChoixDeColonne& choix, const FaitsDeColonne& colonne);
-// The choice with these texts.
-ChoixDeColonne AvecTextesComptes(ChoixDeColonne choix, const std::vector<TexteCompte>& textes);
-
 // The choices of an earlier import in that directory: those of the generic, else those made for the very same columns.
 struct AnciensChoix {
   Chemin fichier;
@@ -101,25 +77,5 @@ struct AnciensChoix {
 };
 std::optional<AnciensChoix> ChercherAnciensChoix(const Chemin& repertoire, std::string_view generique,
                                                  const std::vector<ChoixDeColonne>& colonnes);
-
-// Bounds as they are typed ("15 25 35" or "15;25;35", decimals with "." or ","); nothing when they are no rising
-// numbers.
-std::optional<std::vector<double>> BornesDe(std::string_view saisi);
-std::string TexteDesBornes(const std::vector<double>& bornes);
-
-// A generic made of the name of the file: letters without accents, digits, "-" and "_", at most twelve, upper case. One
-// that has files of another data set steps on to a free one.
-std::string GeneriquePropose(const Chemin& repertoire, const Chemin& fichier);
-// Whether an import of the file under that generic replaces files that it is not made of.
-bool GeneriqueOccupe(const Chemin& repertoire, std::string_view generique, const Chemin& fichier);
-// Why a generic cannot be used, empty when it can. What follows a point is dropped before.
-std::string RefusDuGenerique(std::string_view generique);
-
-// The files of a directory that an import reads, in the order of their names: .csv, .txt, .ods, .xlsx, .dbf.
-struct FichierImportable {
-  Chemin chemin;
-  std::uintmax_t octets = 0;
-};
-std::vector<FichierImportable> FichiersImportables(const Chemin& repertoire);
 
 }  // namespace quelvar::capture

@@ -1,5 +1,10 @@
 #include "capture/presence.h"
 
+#include <algorithm>
+#include <array>
+#include <system_error>
+
+#include "capture/classeur/classeur.h"
 #include "capture/fichiers.h"
 #include "core/enquete/posfile.h"
 
@@ -12,6 +17,22 @@ SourcesPresentes ChercherSources(const Contexte& contexte) {
           present(".DAT"), ChercherPos(contexte.repertoire, contexte.Nom(".POS")).has_value(),
           present(".BRT"), present(".TXT"),
           present(".IMP")};
+}
+
+std::vector<FichierImportable> FichiersImportables(const Chemin& repertoire) {
+  std::vector<FichierImportable> fichiers;
+  std::error_code faute;
+  for (std::filesystem::directory_iterator entree(repertoire, faute), fin; !faute && entree != fin;
+       entree.increment(faute)) {
+    const std::string extension = entree->path().extension().string();
+    const bool lu = EstNomDeClasseur(extension) ||
+                    std::ranges::any_of(std::array{".csv", ".txt", ".tsv", ".dbf"},
+                                        [&](std::string_view e) { return EgalSansCasse(extension, e); });
+    if (!lu || entree->path().filename().native().starts_with('.') || !entree->is_regular_file(faute)) continue;
+    fichiers.push_back({entree->path(), entree->file_size(faute)});
+  }
+  std::ranges::sort(fichiers, {}, [](const FichierImportable& f) { return Minuscules(TexteDe(f.chemin.filename())); });
+  return fichiers;
 }
 
 std::string_view TextePresence(bool present) { return present ? "Présent"_w : std::string_view("Absent"); }

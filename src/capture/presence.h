@@ -1,7 +1,10 @@
-// Which source files the generic has for an import, and what the forms of the import say about them.
+// Which source files a generic and a directory have for an import, and what the forms of the import say about them.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/programme/programme.h"
 
@@ -21,6 +24,13 @@ struct SourcesPresentes {
 };
 
 SourcesPresentes ChercherSources(const Contexte& contexte);
+
+// The files of a directory that an import reads, in the order of their names: .csv, .txt, .ods, .xlsx, .dbf.
+struct FichierImportable {
+  Chemin chemin;
+  std::uintmax_t octets = 0;
+};
+std::vector<FichierImportable> FichiersImportables(const Chemin& repertoire);
 
 std::string_view TextePresence(bool present);
 // Text of the help box of FImportCSV, lines ended by CR LF.

@@ -34,7 +34,7 @@ class Impression {
   ResultatLancement Imprimer();
 
  private:
-  void EcrireEnTete();
+  void ImprimerEnTete();
   void CroiserTrois(std::size_t filtre, std::size_t ligne, std::size_t colonne);
   void Traiter(Matrice effectifs, const Triple& triple, std::string_view modalite);
   void Ramener(Matrice& effectifs) const;
@@ -56,7 +56,7 @@ void OterNonReponses(Matrice& effectifs) {
   for (std::size_t i = 0; i < effectifs.Lignes(); ++i) effectifs(i, 0) = 0;
 }
 
-void Impression::EcrireEnTete() {
+void Impression::ImprimerEnTete() {
   const DateHeure instant = contexte_.Ecran().horloge();
   rapport_.Ligne();
   rapport_.Ligne({"Demande faite le ", TexteDate(instant), " à "_w, TexteHeure(instant)});
@@ -129,7 +129,7 @@ ResultatLancement Impression::Imprimer() {
   const std::vector<std::size_t> filtres =
       demande_.troisDimensions ? demande_.filtres : std::vector<std::size_t>{kSansFiltre};
   if (filtres.empty() || demande_.lignes.empty() || demande_.colonnes.empty()) return {};
-  EcrireEnTete();
+  ImprimerEnTete();
   for (const std::size_t filtre : filtres)
     for (const std::size_t ligne : demande_.lignes)
       for (const std::size_t colonne : demande_.colonnes) CroiserTrois(filtre, ligne, colonne);

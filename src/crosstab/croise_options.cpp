@@ -1,5 +1,6 @@
 #include "crosstab/croise_options.h"
 
+#include "core/options/sortie.h"
 #include "crosstab/croise.h"
 
 namespace quelvar::crosstab {

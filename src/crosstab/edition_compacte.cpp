@@ -15,14 +15,17 @@ constexpr std::size_t kLargeurEtiquette = 5;  // of a row label with the blank b
 constexpr std::size_t kNomCoupe = 4;          // of a label that heads a column
 constexpr PlaceEnRangee kPlaceDePourcentage{.entiers = 3};
 constexpr PlaceEnRangee kPlaceDeCent{" ", 3};
+constexpr PlaceEnRangee kPlaceDeSigne{"  ", 3};
 constexpr std::string_view kCentDuPied = " 100 ";
 constexpr std::string_view kCoinDesCodes = "Modal.  ";
+constexpr std::string_view kTotal = "TOT";
 constexpr std::string_view kTotalLigne = " TOT ";
 
 // Tables of data side by side: one row a modality and that of the totals, under a heading of names and one of codes.
 struct Bandes {
   TableauEdite noms;
   TableauEdite corps;
+  FormeEnRangees formeDesNoms = {};
   FormeEnRangees forme = {};
 };
 
@@ -37,6 +40,7 @@ Bandes Commencer(const TableauTitre& titre, std::string_view coin, std::string_v
   Bandes bandes{{.coin = std::string(coin)}, {.coin = std::string(kCoinDesCodes)}};
   bandes.noms.colonnes.reserve(colonnes);
   bandes.corps.colonnes.reserve(colonnes);
+  bandes.formeDesNoms.places.reserve(colonnes);
   bandes.forme.places.reserve(colonnes);
   bandes.corps.rangees.reserve(titre.tableau.lignes.size() + 1);
   for (const std::size_t i : titre.tableau.lignes)
@@ -46,32 +50,51 @@ Bandes Commencer(const TableauTitre& titre, std::string_view coin, std::string_v
   return bandes;
 }
 
-void AjouterColonne(Bandes& bandes, std::string nom, std::string code, const PlaceEnRangee& place) {
-  bandes.noms.colonnes.push_back({std::move(nom)});
-  bandes.corps.colonnes.push_back({std::move(code)});
-  bandes.forme.places.push_back(place);
+// A title of a heading with its place.
+struct TitrePlace {
+  std::string titre;
+  PlaceEnRangee place;
+};
+
+void AjouterColonne(Bandes& bandes, TitrePlace nom, TitrePlace code) {
+  bandes.noms.colonnes.push_back({std::move(nom.titre)});
+  bandes.formeDesNoms.places.push_back(nom.place);
+  bandes.corps.colonnes.push_back({std::move(code.titre)});
+  bandes.forme.places.push_back(code.place);
 }
 
-// What parts a band from the one on its left: in front of its names, of its codes and of its rows.
+// Totals have no name above them.
+void AjouterTotal(Bandes& bandes, std::string titre, const PlaceEnRangee& place) {
+  AjouterColonne(bandes, {{}, {.entiers = place.entiers, .enPlus = place.enPlus}}, {std::move(titre), place});
+}
+
+// What stands in front of the first column of a band: of its name, of its code and of its rows.
 struct Ecart {
-  std::string_view noms = {}, codes = {}, rangees = {};
+  std::string_view nom = " ", code = " ", rangee = {};
 };
+
+// Of percentages beside counts.
+constexpr Ecart kDerriereLesEffectifs{"        ", "     ", "  "};
 
 enum class Entete { Codes, Intitules };
 
 // A column a modality, headed by the name of the question, and below by the code or the label.
-void AjouterModalites(Bandes& bandes, const TableauTitre& titre, PlaceEnRangee place, const Ecart& ecart,
+void AjouterModalites(Bandes& bandes, const TableauTitre& titre, const PlaceEnRangee& place, const Ecart& ecart,
                       Entete entete) {
-  const std::vector<std::size_t>& codes = titre.tableau.compte.rangsColonnes;
+  const bool intitules = entete == Entete::Intitules;
   Ecart avant = ecart;
-  place.avant = ecart.rangees;
   for (const std::size_t j : titre.tableau.colonnes) {
-    const std::string code = entete == Entete::Intitules
-                                 ? Joindre({Milieu(titre.IntituleColonne(j), 1, kNomCoupe), " "})
-                                 : Joindre({" ", CodeCaractere(static_cast<int>(codes[j])), "   "});
-    AjouterColonne(bandes, Joindre({avant.noms, " ", titre.colonne.nom, " "}), Joindre({avant.codes, code}), place);
-    avant = {};
-    place.avant = {};
+    const auto code = static_cast<int>(titre.tableau.compte.rangsColonnes[j]);
+    PlaceEnRangee placeDuNom{
+        .entiers = place.entiers, .enPlus = place.enPlus, .avantTitre = avant.nom, .derriereTitre = " "};
+    PlaceEnRangee placeDuCode = place;
+    placeDuCode.avant = avant.rangee;
+    placeDuCode.avantTitre = intitules ? "" : avant.code;
+    placeDuCode.derriereTitre = intitules ? " " : "   ";
+    AjouterColonne(
+        bandes, {titre.colonne.nom, placeDuNom},
+        {std::string(intitules ? Milieu(titre.IntituleColonne(j), 1, kNomCoupe) : CodeCaractere(code)), placeDuCode});
+    avant = {.rangee = place.avant};
   }
 }
 
@@ -81,17 +104,17 @@ void AjouterEffectifs(Bandes& bandes, const TableauTitre& titre, const TablesCro
   const int enPlus = ColonnesEnPlus(titre.tableau.compte.marges.total, 0, kColonnesDEffectif);
   const PlaceEnRangee place{.entiers = kColonnesDEffectif, .enPlus = enPlus};
   AjouterModalites(bandes, titre, place, {}, entete);
-  AjouterColonne(bandes, {}, "TOT", place);
+  AjouterTotal(bandes, std::string(kTotal), place);
   for (std::size_t rang = 0; rang < bandes.corps.rangees.size(); ++rang)
     std::ranges::copy(tables.effectifs.rangees[rang].cellules, std::back_inserter(bandes.corps.rangees[rang].cellules));
 }
 
 // Row percentages, 100, and the share of the row, which is 100 again in the row of the totals.
 void AjouterPourcentages(Bandes& bandes, const TableauTitre& titre, const TablesCroisees& tables, const Ecart& ecart,
-                         std::string_view total, Entete entete = Entete::Codes) {
+                         const PlaceEnRangee& placeDeCent = kPlaceDeCent, Entete entete = Entete::Codes) {
   AjouterModalites(bandes, titre, kPlaceDePourcentage, ecart, entete);
-  AjouterColonne(bandes, {}, std::string(total), kPlaceDeCent);
-  AjouterColonne(bandes, {}, {}, kPlaceDePourcentage);
+  AjouterTotal(bandes, std::string(kTotal), placeDeCent);
+  AjouterTotal(bandes, {}, kPlaceDePourcentage);
   const std::size_t cent = titre.tableau.colonnes.size();
   for (std::size_t rang = 0; rang < bandes.corps.rangees.size(); ++rang) {
     const std::vector<Cellule>& cellules = tables.pourcentages.rangees[rang].cellules;
@@ -104,17 +127,15 @@ void AjouterPourcentages(Bandes& bandes, const TableauTitre& titre, const Tables
 }
 
 void AjouterSignes(Bandes& bandes, const TableauTitre& titre, const TablesCroisees& tables, const Ecart& ecart) {
-  AjouterModalites(bandes, titre, {}, ecart, Entete::Codes);
+  AjouterModalites(bandes, titre, kPlaceDeSigne, ecart, Entete::Codes);
   for (std::size_t rang = 0; rang < titre.tableau.lignes.size(); ++rang)
-    for (std::size_t j = 0; j < titre.tableau.colonnes.size(); ++j) {
-      const std::string& signe = tables.pourcentages.rangees[rang].cellules[j].marque;
-      bandes.corps.rangees[rang].cellules.push_back({.marque = Joindre({"  ", signe, "  "})});
-    }
+    for (std::size_t j = 0; j < titre.tableau.colonnes.size(); ++j)
+      bandes.corps.rangees[rang].cellules.push_back({.marque = tables.pourcentages.rangees[rang].cellules[j].marque});
 }
 
 void Imprimer(Rapport& rapport, Bandes bandes) {
   while (bandes.noms.colonnes.back().titre.empty()) bandes.noms.colonnes.pop_back();  // nothing behind the last name
-  ImprimerRangees(rapport, bandes.noms, bandes.forme);
+  ImprimerRangees(rapport, bandes.noms, bandes.formeDesNoms);
   ImprimerRangees(rapport, bandes.corps, bandes.forme);
 }
 
@@ -122,7 +143,7 @@ void Imprimer(Rapport& rapport, Bandes bandes) {
 void ImprimerSignes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables) {
   Bandes bandes = Commencer(titre, "  COL:");
   bandes.corps.rangees.pop_back();
-  AjouterSignes(bandes, titre, tables, {.rangees = "  "});
+  AjouterSignes(bandes, titre, tables, {.rangee = "    "});
   Imprimer(rapport, std::move(bandes));
 }
 
@@ -133,7 +154,7 @@ void ImprimerTroisBandes(Rapport& rapport, const TableauTitre& titre, const Tabl
   Imprimer(rapport, std::move(effectifs));
   rapport.Ligne();
   Bandes pourcentages = Commencer(titre, "COL:");
-  AjouterPourcentages(pourcentages, titre, tables, {}, "TOT", entete);
+  AjouterPourcentages(pourcentages, titre, tables, {}, kPlaceDeCent, entete);
   Imprimer(rapport, std::move(pourcentages));
   rapport.Ligne();
   ImprimerSignes(rapport, titre, tables);
@@ -143,8 +164,8 @@ void ImprimerTroisBandes(Rapport& rapport, const TableauTitre& titre, const Tabl
 void ImprimerUneBande(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables) {
   Bandes bandes = Commencer(titre, "  COL: ");
   AjouterEffectifs(bandes, titre, tables);
-  AjouterPourcentages(bandes, titre, tables, {"       ", "    ", "  "}, "TOT");
-  AjouterSignes(bandes, titre, tables, {"          ", "       ", "  "});
+  AjouterPourcentages(bandes, titre, tables, kDerriereLesEffectifs);
+  AjouterSignes(bandes, titre, tables, {"           ", "        ", "    "});
   Imprimer(rapport, std::move(bandes));
 }
 
@@ -152,7 +173,9 @@ void ImprimerUneBande(Rapport& rapport, const TableauTitre& titre, const TablesC
 void ImprimerDeuxBandes(Rapport& rapport, const TableauTitre& titre, const TablesCroisees& tables, Edition edition) {
   Bandes bandes = Commencer(titre, "  COL: ", edition == Edition::Triangulaire ? titre.ligne.nom : std::string());
   AjouterEffectifs(bandes, titre, tables);
-  AjouterPourcentages(bandes, titre, tables, {"       ", "    ", "  "}, " TOT");
+  PlaceEnRangee placeDeCent = kPlaceDeCent;
+  placeDeCent.avantTitre = " ";
+  AjouterPourcentages(bandes, titre, tables, kDerriereLesEffectifs, placeDeCent);
   Imprimer(rapport, std::move(bandes));
   rapport.Ligne();
   ImprimerSignes(rapport, titre, tables);

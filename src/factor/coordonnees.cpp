@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -10,7 +11,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr int kLargeurNom = 4;
 constexpr std::size_t kColonneInertie = 5;
 constexpr std::size_t kPremierBloc = 10;  // column of the first factor
 constexpr std::size_t kLargeurCpf = 5;
@@ -26,7 +26,7 @@ double ValeurDuChamp(std::string_view ligne, std::size_t colonne, std::size_t la
 }  // namespace
 
 std::string DebutDeLigne(std::string_view nom, double inertie) {
-  return CadreGauche(nom, kLargeurNom) + NombreFixe(inertie, kPremierBloc - kColonneInertie, 0);
+  return CadreGauche(nom, kLargeurDeModalite) + NombreFixe(inertie, kPremierBloc - kColonneInertie, 0);
 }
 
 void AjouterFacteur(std::string& ligne, double coordonnee, int cpf, Precision precision) {
@@ -54,7 +54,7 @@ ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs) {
     for (std::string_view ligne; lecteur.Lire(ligne);) {
       if (Rogner(ligne).empty()) continue;
       const std::size_t i = elements.noms.size();
-      elements.noms.push_back(CadreGauche(ligne, kLargeurNom));
+      elements.noms.push_back(CadreGauche(ligne, kLargeurDeModalite));
       elements.inerties.push_back(ValeurDuChamp(ligne, kColonneInertie, kPremierBloc - kColonneInertie));
       for (std::size_t f = 0; f < facteurs; ++f) {
         const std::size_t bloc = kPremierBloc + kBlocEntier * f;
@@ -77,7 +77,7 @@ PointsFactoriels LirePoints(const Chemin& chemin, std::size_t facteurs, std::siz
   Situer(lecteur, [&] {
     for (std::size_t i = 0; i < nombre; ++i) {
       const std::string_view ligne = lecteur.LireObligatoire();
-      points.noms.push_back(CadreGauche(ligne, kLargeurNom));
+      points.noms.push_back(CadreGauche(ligne, kLargeurDeModalite));
       for (std::size_t f = 0; f < facteurs; ++f)
         points.coordonnees(f, i) = ValeurDuChamp(ligne, kPremierBloc + kBlocFin * f, kLargeurFine);
       points.intitules.emplace_back(Milieu(ligne, kPremierBloc + kBlocFin * facteurs + 1));

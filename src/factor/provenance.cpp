@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/enquete/brtfile.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
@@ -32,10 +33,12 @@ namespace {
 
 // Larger tables take too long to be computed again each time that a plane opens.
 constexpr double kCellulesAuPlus = 4'000'000;
-constexpr std::size_t kElementsAuPlus = 5000;  // of a tree that is made again
-constexpr std::size_t kPairesAuPlus = 20000;   // of one whose first step is looked at
-constexpr std::size_t kLignesLiees = 1000;     // of links between rows
-constexpr std::chrono::seconds kUnRun{2};      // a tree is written with its coordinates, a later analysis takes longer
+constexpr double kInertiesAuPlus = 4 * kCellulesAuPlus;           // of one whose inertias are summed once
+constexpr std::size_t kElementsAuPlus = 5000;                     // of a tree that is made again
+constexpr std::size_t kPairesAuPlus = 20000;                      // of one whose first step is looked at
+constexpr std::size_t kLignesLiees = 1000;                        // of links between rows
+constexpr std::size_t kPremiereCellule = kLargeurDeModalite + 1;  // column, in a row of the table or of its coding
+constexpr std::chrono::seconds kUnRun{2};  // a tree is written with its coordinates, a later analysis takes longer
 
 // The table as its two files declare it.
 struct Table {
@@ -96,21 +99,14 @@ class ValeursDesLiens {
   std::unordered_map<std::uint32_t, float> valeurs_;
 };
 
-// Count of individuals that the PEM of a Burt table are taken from.
-std::optional<double> IndividusDuBurt(const Contexte& contexte) {
-  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
-  if (!chemin) return std::nullopt;
-  const FichierPos pos = LirePos(*chemin);
-  const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
-  return static_cast<double>(donnees ? AnnoncesOuComptes(pos.taille, *donnees) : pos.taille.individus);
-}
-
 bool LiensSontDuBurt(const Contexte& contexte, const Table& table, std::span<const tables::Lien> liens) {
   std::vector<tables::NomDElement> noms;
   for (const Modalite& modalite : table.mod.modalites) noms.push_back(tables::NommerModalite(modalite));
   const tables::DemiBurt burt = tables::LireDemiBurt(table.brt, table.colonnes, table.parametres.largeur, noms);
-  const std::optional<double> individus = IndividusDuBurt(contexte);
-  return !individus || ValeursDesLiens(tables::LiensDuBurt(burt, *individus)).SontTous(liens);
+  const std::optional<Chemin> pos = contexte.Chercher(".POS");
+  if (!pos) return true;
+  const auto individus = static_cast<double>(tables::IndividusDuBurt(contexte, LirePos(*pos).taille));
+  return ValeursDesLiens(tables::LiensDuBurt(burt, individus)).SontTous(liens);
 }
 
 // Whether what is asked holds for the observed table, or for its maximum table in one of the orders that can be chosen.
@@ -158,7 +154,7 @@ bool InertiesSontDuTableau(const Table& table, const ElementsFactoriels& faj, co
   }
   if (plan.genre == GenreTableau::Rectangulaire) plan.lignes = plan.lignesActives;
   if (plan.lignes < 1 || plan.lignesActives < 1 || plan.colonnes.noms != faj.noms) return false;
-  if (static_cast<double>(plan.lignes) * static_cast<double>(table.colonnes) > 4 * kCellulesAuPlus) return true;
+  if (static_cast<double>(plan.lignes) * static_cast<double>(table.colonnes) > kInertiesAuPlus) return true;
   TableauAnecar tableau = LireTableau(table.brt, plan, {});
   if (EffectifTotal(tableau.actives) == 0) return false;
   const AnalyseAnecar analyse = CommencerAnalyse(tableau, type);
@@ -327,7 +323,8 @@ std::optional<IndividuEtranger> ChercherIndividuEtranger(const Contexte& context
     for (const ColonneCodee& colonne : colonnes) {
       const int code = LireChampInterieur(individu, champs[colonne.question]);
       if (code < 0 || code > pos.questions[colonne.question].codeMax) continue;
-      if ((ValeurDe(Milieu(ligne, 5 + colonne.colonne * largeur, largeur)) != 0) != (code == colonne.code))
+      if ((ValeurDe(Milieu(ligne, kPremiereCellule + colonne.colonne * largeur, largeur)) != 0) !=
+          (code == colonne.code))
         return IndividuEtranger{numero, pos.questions[colonne.question].nom, contexte.Nom(cdg ? ".CDG" : ".BRT")};
     }
   return std::nullopt;

@@ -39,10 +39,4 @@ std::vector<QuestionCodee> QuestionsDe(const std::vector<ModaliteCodee>& modalit
   return questions;
 }
 
-std::string EnListe(const std::vector<std::string>& noms) {
-  std::string liste;
-  for (const std::string& nom : noms) liste += (liste.empty() ? "" : ", ") + nom;
-  return liste;
-}
-
 }  // namespace quelvar::regression

@@ -38,7 +38,4 @@ struct QuestionCodee {
 
 std::vector<QuestionCodee> QuestionsDe(const std::vector<ModaliteCodee>& modalites);
 
-// The names behind each other, as a sentence has them.
-std::string EnListe(const std::vector<std::string>& noms);
-
 }  // namespace quelvar::regression

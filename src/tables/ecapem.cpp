@@ -59,17 +59,10 @@ LigneTaille LireTaille(const Chemin& chemin) {
   return Situer(pos, [&] { return LireLigneTaille(pos.LireObligatoire()); });
 }
 
-// Individuals of the survey behind a Burt table, from the size line of .POS; a count that it leaves unknown is that of
-// the data lines.
-std::int64_t IndividusDuBurt(const TravailEcapem& t) {
+void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   const LigneTaille taille = LireTaille(ExigerFichier(t, ".POS", "*** Arret du programme"));
   ExigerParentheses(taille, t.contexte.Ecran());
-  const std::optional<Chemin> donnees = t.contexte.Chercher(".DAT");
-  return donnees ? AnnoncesOuComptes(taille, *donnees) : taille.individus;
-}
-
-void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
-  const std::int64_t individus = IndividusDuBurt(t);
+  const std::int64_t individus = IndividusDuBurt(t.contexte, taille);
   t.rapport.Ligne(LigneDesIndividus(individus));
   if (modalites > t.modalites.size()) throw Erreur(kFinDeFichierDepassee);  // names are missing
   const std::uint64_t cellules = std::uint64_t{modalites} * modalites / 2;

@@ -33,6 +33,9 @@ Description<O> Decrire() {
       .Alias({"chkintit"})
       .Bouton("OptCourt", "courts")
       .Bouton("OptLong", "quatre")
+      .Bouton("OptDefaut", "longs")  // these three in the form of the utilities
+      .Bouton("OptCour", "courts")
+      .Bouton("OptCour4", "quatre")
       .Choix("seuil", &O::seuil, kSeuils,
              "seuil du khi-deux en %, tous les PEM, ou gendat : arrêt après les tableaux"_w)
       .Bouton("Opt10", "10")

@@ -106,12 +106,6 @@ Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::
   return diagonalisee;
 }
 
-crosstab::TableauCompte TableDuMaximum(const Diagonalisee& diagonalisee) {
-  crosstab::TableauCompte table = diagonalisee.table;
-  table.effectifs = diagonalisee.maximum;
-  return table;
-}
-
 }  // namespace
 
 void ExaminerTableau(const TravailEcapem& t) {
@@ -136,7 +130,7 @@ void ExaminerTableau(const TravailEcapem& t) {
   };
   const crosstab::SommesDEcarts sommes = sommer(observe.table.effectifs);
   if (t.options.diagonalisation) {
-    Analyser(t, noms, TableDuMaximum(observe), tries, trouves);
+    Analyser(t, noms, crosstab::AvecCellules(observe.table, observe.maximum), tries, trouves);
     ImprimerPartDuFacteur(t.rapport,
                           CalculerPart(observe.facteur.valeurPropre, sommes.khi2, observe.table.marges.total),
                           t.parametres.largeur);

@@ -29,7 +29,9 @@ std::string_view SuiteDeLaPhrase(OrdresTries tries) {
 PlaceEnRangee PlaceDeCase(const Presentation& presentation, std::string_view avant = {}) {
   return {.avant = avant, .entiers = presentation.largeur + 1, .titre = TitreDeColonne::AGauche};
 }
-PlaceEnRangee PlaceDeTotal(const Presentation& presentation) { return {" ", presentation.largeur + 1}; }
+PlaceEnRangee PlaceDeTotal(const Presentation& presentation) {
+  return {.avant = " ", .entiers = presentation.largeur + 1, .avantTitre = " "};
+}
 
 // The heading of a table: the labels of its columns, `retrait` columns from the margin.
 TableauEdite Tete(const Presentation& presentation, std::size_t retrait) {
@@ -61,7 +63,7 @@ void ImprimerAvecTotaux(Rapport& rapport, const Presentation& presentation, std:
   forme.places.assign(cellules.Colonnes(), PlaceDeCase(presentation));
   forme.places.push_back(PlaceDeTotal(presentation));
   TableauEdite tete = Tete(presentation, retrait);
-  tete.colonnes.push_back({" TOT."});
+  tete.colonnes.push_back({"TOT."});
   ImprimeurDeRangees imprimeur(rapport, forme, tete.colonnes.size());
   imprimeur.Tete(tete);
   const auto imprimer = [&](std::string_view titre, std::span<const double> valeurs, double total) {
@@ -81,10 +83,10 @@ void ImprimerPourcentages(Rapport& rapport, const Presentation& presentation,
   const Cellule cent{100.0, Unite::Pourcent};
   FormeEnRangees forme{.titre = kLargeurLigne};
   forme.places.assign(presentation.colonnes.size(), PlaceDeCase(presentation));
-  forme.places.push_back({"  ", 3});
-  forme.places.push_back(PlaceDeTotal(presentation));
+  forme.places.push_back({.avant = "  ", .entiers = 3, .avantTitre = "   "});
+  forme.places.push_back({.avant = " ", .entiers = presentation.largeur + 1});
   TableauEdite tete = Tete(presentation, kRetraitDesDeuxPremiers);
-  tete.colonnes.insert(tete.colonnes.end(), {{"   TOT."}, {""}});
+  tete.colonnes.insert(tete.colonnes.end(), {{"TOT."}, {}});
   ImprimeurDeRangees imprimeur(rapport, forme, tete.colonnes.size());
   imprimeur.Tete(tete);
   for (std::size_t i = 0; i < presentation.lignes.size(); ++i) {

@@ -3,6 +3,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/enquete/datfile.h"
 #include "core/programme/erreur.h"
 
 namespace quelvar::tables {
@@ -45,6 +46,11 @@ DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, con
   }
   controle.Conclure();
   return burt;
+}
+
+std::int64_t IndividusDuBurt(const Contexte& contexte, const LigneTaille& taille) {
+  const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
+  return donnees ? AnnoncesOuComptes(taille, *donnees) : taille.individus;
 }
 
 }  // namespace quelvar::tables

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "core/calcul/matrice.h"
+#include "core/enquete/posfile.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 #include "tables/liens/liaisons.h"
 #include "tables/nomselements.h"
 
@@ -23,5 +26,9 @@ TableLue LireTable(const Chemin& brt, std::size_t lignes, std::size_t colonnes, 
 // The first `modalites` rows of a Burt table, cut in as many cells; there are at least as many names. Raises as above,
 // and a sentence (kIncompatibiliteType) when the rows are not those of these modalities.
 DemiBurt LireDemiBurt(const Chemin& brt, std::size_t modalites, int largeur, const std::vector<NomDElement>& noms);
+
+// Individuals of the survey behind a Burt table, from the size line of its .POS; a count that it leaves unknown is that
+// of the data lines. Raises the failures of LecteurLignes.
+std::int64_t IndividusDuBurt(const Contexte& contexte, const LigneTaille& taille);
 
 }  // namespace quelvar::tables

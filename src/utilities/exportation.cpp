@@ -1,6 +1,6 @@
 #include "utilities/exportation.h"
 
-#include "core/texte/nombres.h"
+#include "utilities/edition.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
@@ -48,27 +48,10 @@ BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, 
   return bilan;
 }
 
-void ImprimerTete(Rapport& rapport, const Entree& a, const OptionsExportation& options) {
-  ImprimerBandeau(rapport, "Exportation de fichiers");
-  rapport.Ligne({"Le nom du fichier d'entrée est "_w, a.nom});
-  rapport.Ligne({"Le nom du fichier exporté est "_w, NomAffiche(options.c)});
-  rapport.Ligne({"Début de la zone d'exportation "_w, options.debut});
-  rapport.Ligne({"Fin de la zone d'exportation ", options.fin});
-}
-
-void ImprimerBilan(Rapport& rapport, const BilanExportation& bilan, bool complementaire) {
-  rapport.Ligne({"Nombre d'enregistrement dans le fichier résultant :"_w, NombreNu(bilan.lignes)});
-  rapport.Ligne();
-  rapport.Ligne(complementaire ? "Le fichier exporté est le complémentaire de la zone définie"_w
-                               : "Le fichier exporté est celui correspondant à la zone définie"_w);
-  rapport.Ligne();
-  rapport.Ligne("Programme normalement terminé"_w);
-}
-
 void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExportation& options) {
   const Entree a = ChercherEntree(contexte, options.a);
   ExigerEntrees(rapport, contexte, {a});
-  ImprimerTete(rapport, a, options);
+  ImprimerTeteDeLExportation(rapport, options);
   const Zone zone{NombreTape(options.debut), NombreTape(options.fin)};
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
@@ -79,7 +62,7 @@ void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExpor
             "l'enregistrement"_w);
     throw Erreur(kArretAnnonce);
   }
-  ImprimerBilan(rapport, bilan, options.complementaire);
+  ImprimerBilanDeLExportation(rapport, bilan.lignes, options.complementaire);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/nombres.h"
-#include "utilities/tableau.h"
+#include "utilities/edition.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
@@ -43,13 +43,6 @@ std::vector<QuestionCreee> CreerQuestions(const Tableau& tableau) {
   return questions;
 }
 
-struct BilanGendat {
-  std::int64_t individus = 0;
-  CellulesAPart negatives;
-  CellulesAPart fractionnaires;
-  CellulesSansNombre autres;
-};
-
 // Number of individuals of a cell.
 std::int64_t Compter(std::string_view cellule, std::int64_t ligne, std::size_t colonne, BilanGendat& bilan) {
   const double valeur = ValeurDe(cellule);
@@ -79,6 +72,7 @@ BilanGendat EcrireDonnees(const Contexte& contexte, const Tableau& tableau, cons
     }
     progression.Avancer();
   });
+  bilan.lignesLaissees = tableau.lignesDuFichier - tableau.lignes * tableau.Blocs();
   return bilan;
 }
 
@@ -108,29 +102,9 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
   }
 }
 
-void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const BilanGendat& bilan) {
-  std::vector<std::string> remarques;
-  bilan.negatives.Dire("négatives, qui n'engendrent aucun individu"_w, remarques);
-  bilan.fractionnaires.Dire("fractionnaires, qui sont arrondies", remarques);
-  rapport.Lignes(remarques);
-  rapport.Lignes(bilan.autres.Remarques());
-  const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes * tableau.Blocs();
-  if (reste > 0)
-    rapport.Ligne({"*** Attention : lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,
-                   NombreNu(reste)});
-}
-
-void ImprimerTete(Rapport& rapport, const Contexte& contexte) {
-  ImprimerBandeau(rapport, "  Gendat 3 dim .DAT à partir d'un tableau"_w);
-  rapport.Ligne({"Le nom du fichier de Burt est ", contexte.Nom(".BRT")});
-  rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
-  rapport.Ligne({"Les impressions se font sur ", NomDuRapport(contexte)});
-  rapport.Ligne({"Le fichier des nouvelles données est "_w, contexte.Nom(".DAT")});
-}
-
 void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerTableau(rapport, contexte);
-  ImprimerTete(rapport, contexte);
+  ImprimerTeteDeGendat(rapport, contexte);
   const Tableau tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
@@ -149,7 +123,7 @@ void Engendrer(Rapport& rapport, const Contexte& contexte) {
   if (const std::optional<Chemin> ancien = contexte.Chercher(".POS"))
     CopierSousLeNomUsuel(sorties, *ancien, contexte.Nom(".POS"));
   sorties.Valider();
-  ImprimerReserves(rapport, tableau, bilan);
+  ImprimerReservesDeGendat(rapport, bilan);
   for (std::size_t i = 1; i < questions.size(); ++i)
     for (std::size_t j = 0; j < i; ++j)
       if (questions[i].nom == questions[j].nom)

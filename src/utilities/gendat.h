@@ -2,15 +2,26 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "core/programme/programme.h"
+#include "utilities/tableau.h"
 
 namespace quelvar::utilities {
 
 struct OptionsGendat {
   bool operator==(const OptionsGendat&) const = default;
+};
+
+// What the cells of the table have given.
+struct BilanGendat {
+  std::int64_t individus = 0;
+  CellulesAPart negatives;       // which make no individual
+  CellulesAPart fractionnaires;  // which are rounded
+  CellulesSansNombre autres;
+  std::int64_t lignesLaissees = 0;  // at the end of the table, which make no whole block
 };
 
 // Names of the questions of rows, columns and blocks: the parts of a title that holds "/", the defaults for those that

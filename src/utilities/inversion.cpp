@@ -10,6 +10,7 @@
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/nombres.h"
+#include "utilities/edition.h"
 #include "utilities/tableau.h"
 #include "utilities/utilitaires.h"
 
@@ -54,22 +55,16 @@ TableauEntier LireEntier(const Tableau& tableau) {
 }
 
 // Names that several rows bear, each once.
-std::string NomsRepetes(std::vector<std::string> noms) {
+std::vector<std::string> NomsRepetes(std::vector<std::string> noms) {
   std::sort(noms.begin(), noms.end());
-  std::string repetes;
+  std::vector<std::string> repetes;
   for (std::size_t i = 1; i < noms.size(); ++i)
-    if (noms[i] == noms[i - 1] && (i == 1 || noms[i] != noms[i - 2]))
-      repetes += (repetes.empty() ? "" : ", ") + std::string(Rogner(noms[i]));
+    if (noms[i] == noms[i - 1] && (i == 1 || noms[i] != noms[i - 2])) repetes.emplace_back(Rogner(noms[i]));
   return repetes;
 }
 
-void ImprimerReserves(Rapport& rapport, const Tableau& tableau, const TableauEntier& entier) {
-  rapport.Lignes(entier.reserves.Remarques());
-  if (const std::string noms = NomsRepetes(entier.noms); !noms.empty())
-    rapport.Ligne({"*** Attention : lignes de même nom, que rien ne distinguera plus en colonnes : "_w, noms});
-  if (const std::int64_t reste = tableau.lignesDuFichier - tableau.lignes; reste > 0)
-    rapport.Ligne(
-        {"*** Attention : lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w, NombreNu(reste)});
+ReservesDeLInversion ReservesDe(const Tableau& tableau, const TableauEntier& entier) {
+  return {entier.reserves.Remarques(), NomsRepetes(entier.noms), tableau.lignesDuFichier - tableau.lignes};
 }
 
 void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
@@ -182,14 +177,9 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
   const TableauEntier entier = LireEntier(tableau);
   ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   Enregistrer(contexte, tableau, entier, nouveau, options.trg);
-  ImprimerReserves(rapport, tableau, entier);
+  ImprimerReservesDeLInversion(rapport, ReservesDe(tableau, entier));
   PrevenirDesPertes(contexte, tableau, entier, options.trg);
-  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
-  rapport.Ligne();
-  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
-  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
-  rapport.Ligne();
-  rapport.Ligne("Programme normalement terminé"_w);
+  ImprimerFinDeLInversion(rapport, contexte, nouveau);
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
-// What the command line does before it starts a utility: it asks for what the form would ask for.
+// What comes before a utility starts: what the form and the command line both ask for.
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "core/options/description.h"
 #include "core/programme/programme.h"
@@ -16,11 +17,13 @@ Fin Verifier(const Contexte& contexte, const Options& options) {
   return Entree(contexte, options);
 }
 
+inline constexpr std::string_view kRequiertUnGenerique =
+    "Cet utilitaire, à la différence des autres, requiert un nom générique"_w;
+
 // A program on the files of the current generic. Raises UsageIncorrect without one.
 template <typename Options, Fin (*Entree)(const Contexte&, const Options&)>
 Fin AvecGenerique(const Contexte& contexte, const Options& options) {
-  if (contexte.generique.empty())
-    throw UsageIncorrect(std::string("Cet utilitaire, à la différence des autres, requiert un nom générique"_w));
+  if (contexte.generique.empty()) throw UsageIncorrect(std::string(kRequiertUnGenerique));
   return Entree(contexte, options);
 }
 

@@ -8,7 +8,7 @@
 #include "utilities/fusion/fusion.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace quelvar::utilities {
 

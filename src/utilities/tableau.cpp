@@ -5,6 +5,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
 
@@ -30,8 +31,6 @@ std::int64_t LignesDUnBloc(const ParametresMod& parametres, std::int64_t lignesD
   if (parametres.burt > 1) return parametres.burt;
   return parametres.lignes >= 1 ? Entier64(parametres.lignes) : lignesDuFichier;
 }
-
-constexpr std::string_view kAttention = "*** Attention : ";
 
 }  // namespace
 

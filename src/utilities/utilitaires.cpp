@@ -7,7 +7,7 @@
 namespace quelvar::utilities {
 
 std::string NomDuRapport(const Contexte& contexte) {
-  return contexte.generique.empty() ? std::string("$$$.prt") : contexte.Nom(".prt");
+  return contexte.generique.empty() ? std::string(kRapportSansNom) : contexte.Nom(".prt");
 }
 
 std::string NomAffiche(std::string_view fichier) { return TexteDe(CheminDe(fichier).filename()); }

@@ -7,7 +7,7 @@
 #include <map>
 #include <random>
 
-#include "batch/ligne_de_commande.h"
+#include "batch/commande.h"
 
 namespace quelvar::batch {
 namespace {

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "capture/apercu/choix/reglages.h"
+#include "capture/apercu/sorties/classes.h"
+#include "capture/cible.h"
+#include "capture/presence.h"
 #include "support/environnement.h"
 
 namespace quelvar::capture {

@@ -26,6 +26,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <regex>
 #include <utility>
 
 using namespace quelvar::forms;
@@ -200,18 +201,23 @@ QString Champ(const QWidget& forme, const char* nom) { return Bureau::Dans<QLine
 
 namespace {
 
-// Contents of the files by name, those of the session and of the commits apart.
+// Contents of the files by name, those of the session and of the commits apart, without the time of a run.
 std::map<std::string, std::string> Fichiers(const std::filesystem::path& dossier) {
+  static const std::regex heure("[0-9]{2}/[0-9]{2}/[0-9]{4}|[0-9]{2}:[0-9]{2}:[0-9]{2}");
   std::map<std::string, std::string> fichiers;
   for (const auto& entree : std::filesystem::directory_iterator(dossier)) {
     const std::string nom = entree.path().filename();
     if (!nom.starts_with('.') && quelvar::Minuscules(nom) != "qvr2.ini")
-      fichiers[nom] = quelvar::LireOctets(entree.path());
+      fichiers[nom] = std::regex_replace(quelvar::LireOctets(entree.path()), heure, "*");
   }
   return fichiers;
 }
 
 }  // namespace
+
+CopieDuDossier::CopieDuDossier(const Bureau& bureau) {
+  std::filesystem::copy(bureau.Dossier(), dossier.Chemin(), std::filesystem::copy_options::recursive);
+}
 
 QString CommandeMontree(Pilote& pilote, const QWidget& forme, const char* bouton) {
   QString commande;
@@ -223,18 +229,22 @@ QString CommandeMontree(Pilote& pilote, const QWidget& forme, const char* bouton
   return commande;
 }
 
-QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
-                            const std::function<void()>& faire, const char* bouton) {
-  const DossierTemporaire copie;
-  std::filesystem::copy(bureau.Dossier(), copie.Chemin(), std::filesystem::copy_options::recursive);
-  const QString commande = CommandeMontree(pilote, forme, bouton);
+QString FaitCommeLaCommande(const CopieDuDossier& avant, const Bureau& bureau, Pilote& pilote, const QWidget& forme,
+                            const std::function<void()>& faire) {
+  const std::filesystem::path& copie = avant.dossier.Chemin();
+  const QString commande = CommandeMontree(pilote, forme);
   faire();
-  const QString ligne = "cd '" + QString::fromStdString(copie.Chemin().string()) + "' && Q='" QUELVAR_BATCH "' && $Q" +
+  const QString ligne = "cd '" + QString::fromStdString(copie.string()) + "' && Q='" QUELVAR_BATCH "' && $Q" +
                         commande.mid(QString("quelvar-batch").size()) + " >/dev/null 2>&1";
   EXPECT_TRUE(commande.startsWith("quelvar-batch ")) << commande.toStdString();
   EXPECT_EQ(std::system(ligne.toUtf8().constData()), 0) << commande.toStdString();
-  EXPECT_EQ(Fichiers(copie.Chemin()), Fichiers(bureau.Dossier())) << commande.toStdString();
+  EXPECT_EQ(Fichiers(copie), Fichiers(bureau.Dossier())) << commande.toStdString();
   return commande;
+}
+
+QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
+                            const std::function<void()>& faire) {
+  return FaitCommeLaCommande(CopieDuDossier(bureau), bureau, pilote, forme, faire);
 }
 
 namespace {

@@ -130,10 +130,18 @@ QString Champ(const QWidget& forme, const char* nom);
 // meets, and a Tab key that goes through the window as it is read.
 void VerifierControles(QWidget& fenetre);
 
+// The directory as it is when the copy is made.
+struct CopieDuDossier {
+  explicit CopieDuDossier(const Bureau& bureau);
+  DossierTemporaire dossier;
+};
 // Takes the line that "Voir la commande" of the form shows, does what the form does, and tries the line with
-// quelvar-batch in a copy of the directory made before: every file must come out the same. Returns the line.
+// quelvar-batch in a copy of the directory, made now if none is given: every file must come out the same, the time of
+// the run aside. Returns the line.
 QString FaitCommeLaCommande(const Bureau& bureau, Pilote& pilote, const QWidget& forme,
-                            const std::function<void()>& faire, const char* bouton = "BoutCommande");
+                            const std::function<void()>& faire);
+QString FaitCommeLaCommande(const CopieDuDossier& avant, const Bureau& bureau, Pilote& pilote, const QWidget& forme,
+                            const std::function<void()>& faire);
 // The line itself.
 QString CommandeMontree(Pilote& pilote, const QWidget& forme, const char* bouton = "BoutCommande");
 

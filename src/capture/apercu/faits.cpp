@@ -21,19 +21,6 @@ std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& l
   return examen.Conclure(lecteur);
 }
 
-std::optional<std::int64_t> CompterIndividus(const Chemin& source, const Lecture& lecture, const Suivi& suivi) {
-  constexpr std::int64_t kPas = 4096;
-  LecteurDeRangees lecteur(source, lecture);
-  std::string_view rangee;
-  if (lecture.ligneTitres > 0) lecteur.Lire(rangee);
-  std::int64_t individus = 0;
-  for (std::int64_t lues = 1; lecteur.Lire(rangee); ++lues) {
-    if (!lecteur.SansValeur(rangee)) ++individus;
-    if (lues % kPas == 0 && suivi && !suivi(lecteur.Octets())) return std::nullopt;
-  }
-  return individus;
-}
-
 std::string_view NomContenu(Contenu contenu) {
   switch (contenu) {
     case Contenu::Vide: return "vide";

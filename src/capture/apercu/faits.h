@@ -82,7 +82,6 @@ struct FaitsDeColonne {
 inline constexpr std::size_t kValeursGardees = 1000;
 inline constexpr std::string_view kNonReponse = "nr";
 inline constexpr std::string_view kTitreDeColonne = "Colonne ";  // and its number, in a table without titles
-inline constexpr std::string_view kTitreNumero = "NUM";          // of a first column that numbers the individuals
 
 // A row that has more cells, or fewer, than there are titles.
 struct LigneIrreguliere {
@@ -112,10 +111,6 @@ class TraceDeCellules;
 // a row of too many cells; with the line where there is one.
 std::optional<FaitsDeTable> ExaminerTable(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {},
                                           TraceDeCellules* trace = nullptr);
-
-// Number of rows under the titles; nothing when `suivi` stopped it. May run beside the interface on another thread: it
-// keeps nothing.
-std::optional<std::int64_t> CompterIndividus(const Chemin& source, const Lecture& lecture, const Suivi& suivi = {});
 
 // "codes", "liste courte de textes"... as the preview shows it (code page).
 std::string_view NomContenu(Contenu contenu);

@@ -189,7 +189,7 @@ ChoixDeColonne LireLigne(std::string_view ligne, std::int64_t numero) {
         "alphabetique)");
   choix.genre = *trouve;
   if (analyse.Passer(';')) choix.nom = analyse.Texte(";");
-  if (choix.nom.size() > 3) analyse.Refuser("un nom a trois caractères"_w);
+  if (choix.nom.size() > kNomCourtLePlusLong) analyse.Refuser("un nom a trois caractères"_w);
   while (analyse.Passer(';')) LireParametre(analyse, choix);
   if (choix.genre == Genre::Classes && choix.bornes.empty() && choix.groupes == 0)
     analyse.Refuser("des classes demandent bornes= ou groupes=");

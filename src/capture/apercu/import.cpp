@@ -57,12 +57,16 @@ Fichiers TrouverFichiers(const Contexte& contexte, const OptionsImport& options)
   return fichiers;
 }
 
+bool PeutRemplacer(const Contexte& contexte, const std::string& nom, Boutons boutons) {
+  const std::string question = Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
+  return contexte.Ecran().demander(question, boutons) == Reponse::Oui;
+}
+
 // Asks before a file that is not the source is written over.
 void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::string& nom, Boutons boutons) {
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
   if (!ancien || EstLeMemeFichier(*ancien, *fichiers.source)) return;
-  const std::string question = Joindre({"Le fichier ", nom, " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
-  if (contexte.Ecran().demander(question, boutons) != Reponse::Oui)
+  if (!PeutRemplacer(contexte, nom, boutons))
     throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
 }
 
@@ -199,9 +203,7 @@ void ImprimerColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, con
                                  const Plan& plan, const Bilan& bilan, const IntitulesPerdus& perdus) {
   ImprimerColonnes(rapport, plan.colonnes, table.faits.colonnes.size(), false);
   ImprimerDevenir(rapport, table.choix, table.faits, plan, bilan);
-  std::vector<std::string> remarques = RemarquesDeTable(table.faits);
-  for (const std::string& remarque : RemarquesDesNegatives(table.choix, table.faits)) remarques.push_back(remarque);
-  for (const std::string& remarque : RemarquesDEcriture(table.choix, table.faits)) remarques.push_back(remarque);
+  std::vector<std::string> remarques = RemarquesDeTable(table.faits, table.choix);
   RemarquerNoms(remarques, plan.colonnes, plan.nomsChanges);
   for (const std::string& remarque : RemarquesDeSorties(contexte, plan, bilan, perdus)) remarques.push_back(remarque);
   ImprimerRemarques(rapport, remarques);
@@ -254,9 +256,7 @@ Fin ImporterDBase(const Contexte& contexte, const OptionsImport& options) {
   }
   const std::optional<Chemin> ancien = contexte.Chercher(".DBF");
   if (!ancien || !EstLeMemeFichier(*ancien, *source)) {
-    const std::string question =
-        Joindre({"Le fichier ", contexte.Nom(".DBF"), " existe déjà : il va être remplacé. L'acceptez-vous ?"_w});
-    if (ancien && contexte.Ecran().demander(question, Boutons::OuiNon) != Reponse::Oui) return Fin::Arret;
+    if (ancien && !PeutRemplacer(contexte, contexte.Nom(".DBF"), Boutons::OuiNon)) return Fin::Arret;
     JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
     sorties.Copier(*source, contexte.Nom(".DBF"), Nature::Unique);
     sorties.Valider();
@@ -277,9 +277,7 @@ void ImprimerApercu(Rapport& rapport, const Contexte& contexte, const OptionsImp
   const Reconnaissance table = Reconnaitre(contexte, source, options);
   ImprimerLecture(rapport, NomDeSource(contexte, options), source, table);
   ImprimerTableDesColonnes(rapport, table);
-  rapport.Lignes(RemarquesDeTable(table.faits));
-  rapport.Lignes(RemarquesDesNegatives(table.choix, table.faits));
-  rapport.Lignes(RemarquesDEcriture(table.choix, table.faits));
+  rapport.Lignes(RemarquesDeTable(table.faits, table.choix));
   if (contexte.Chercher(".IMC") && options.fichierChoix.empty())
     rapport.Ligne({"Le fichier ", contexte.Nom(".IMC"),
                    " existe : ses choix ne sont pas repris ici (choix=", contexte.Nom(".IMC"), " les reprend)"});

@@ -92,13 +92,10 @@ char SigneDeSep(const Chemin& source, Encodage encodage) {
 struct Preuves {
   std::int64_t virgules = 0;
   std::int64_t points = 0;
-  bool signes = false;  // any sign in a number
 
   void Voir(std::string_view cellule) {
     const std::optional<NombreLu> nombre = LireNombre(cellule);
-    if (!nombre) return;
-    signes = signes || nombre->signe != '\0';
-    if (nombre->EstAmbigu()) return;
+    if (!nombre || nombre->EstAmbigu()) return;
     if (nombre->signe == ',' || nombre->groupes == '.') ++virgules;
     else if (nombre->signe == '.' || nombre->groupes == ',') ++points;
   }
@@ -109,7 +106,6 @@ void ChoisirDecimale(LectureDetectee& detectee, const Echantillon& echantillon) 
   const std::size_t premiere = detectee.lecture.ligneTitres > 0 ? 1 : 0;
   for (std::size_t i = premiere; i < echantillon.rangees.size(); ++i)
     for (const std::string& cellule : echantillon.rangees[i]) preuves.Voir(cellule);
-  detectee.sansDecimales = !preuves.signes;
   const char usuelle = detectee.lecture.separateur == ',' ? '.' : ',';
   detectee.lecture.decimale = preuves.virgules == preuves.points  ? usuelle
                               : preuves.virgules > preuves.points ? ','
@@ -156,7 +152,6 @@ LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue) {
   const EncodageDetecte encodage = DetecterEncodage(source, etendue);
   detectee.lecture.encodage = encodage.encodage;
   detectee.lecture.crSeuls = encodage.crSeuls;
-  detectee.ascii = encodage.ascii;
   detectee.doutes = encodage.doutes;
   Echantillon echantillon;
   ChoisirSeparateur(detectee, source, echantillon);

@@ -36,10 +36,6 @@ struct Lecture {
 // What the file shows of its reading.
 struct LectureDetectee {
   Lecture lecture;
-  // No byte above 127 was met so far: the encoding makes no difference in what was looked at.
-  bool ascii = false;
-  // No number with a decimal sign was met: `decimale` is the usual one and nothing depends on it so far.
-  bool sansDecimales = false;
   // What is not certain, as sentences to be shown (code page); empty in the common case.
   std::vector<std::string> doutes;
   std::string douteTitres;  // the same of the title row

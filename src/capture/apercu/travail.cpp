@@ -5,6 +5,7 @@
 #include "capture/apercu/apercu.h"
 #include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/sorties/direct.h"
+#include "capture/colonnes/colonne.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

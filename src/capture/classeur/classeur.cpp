@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "capture/classeur/ods.h"
+#include "capture/classeur/rangees.h"
 #include "capture/classeur/xlsx.h"
 #include "core/texte/nombres.h"
 
@@ -16,7 +17,7 @@ using namespace classeur;
 
 // The workbook and its sheets, whichever of the two it is.
 struct Ouvert {
-  explicit Ouvert(const Chemin& chemin, const SuiviDArchive& suivi = {})
+  Ouvert(const Chemin& chemin, const SuiviDArchive& suivi)
       : fichier(TexteDe(chemin.filename())), archive(chemin, suivi) {
     if (EstXlsx(archive)) {
       xlsx = OuvrirXlsx(archive);
@@ -130,7 +131,6 @@ std::int64_t EcrireUneFeuille(const Ouvert& ouvert, std::size_t rang, const Chem
     ecrivain.Ecrire(ligne);
     ligne.clear();
     if (!std::ranges::all_of(cellules, EstBlanche)) ++remplies;
-    return true;
   });
   ecrivain.Fermer();
   return remplies;
@@ -164,13 +164,6 @@ bool EstNomDeClasseur(std::string_view nom) {
   for (const std::string_view extension : {".ods", ".ots", ".xlsx", ".xlsm", ".xltx", ".xltm"})
     if (EgalSansCasse(nom.substr(point), extension)) return true;
   return false;
-}
-
-std::vector<std::string> FeuillesDe(const Chemin& classeur) { return Ouvert(classeur).noms; }
-
-void LireFeuille(const Chemin& classeur, std::string_view feuille, const RecevoirLigne& recevoir) {
-  const Ouvert ouvert(classeur);
-  LireLaFeuille(ouvert, RangDe(ouvert, feuille), recevoir);
 }
 
 FeuilleLue EcrireFeuilleEnCsv(const Chemin& classeur, std::string_view feuille, const Chemin& csv,

@@ -75,7 +75,7 @@ class LecteurOds {
     if (paragraphe_ != 0 && ignore_ == 0 && texte_.size() <= kCelluleAuPlus) texte_ += octets;
   }
 
-  bool Assez() const { return finie_ || rangees_.Assez(); }
+  bool Finie() const { return finie_; }
 
  private:
   void DebutDeCellule(const AttributsXml& attributs, bool couverte) {
@@ -162,7 +162,7 @@ void LireOds(const Archive& archive, std::size_t rang, Rangees& rangees) {
   LireXml(archive.Ouvrir(kContenu),
           {[&](const NomXml& nom, const AttributsXml& attributs) { lecteur.Debut(nom, attributs); },
            [&](const NomXml& nom) { lecteur.Fin(nom); }, [&](std::string_view texte) { lecteur.Texte(texte); },
-           [&] { return lecteur.Assez(); }});
+           [&] { return lecteur.Finie(); }});
 }
 
 }  // namespace quelvar::capture::classeur

@@ -8,6 +8,15 @@ namespace quelvar::capture::classeur {
 
 namespace {
 
+// The bounds as a refusal tells them.
+constexpr std::string_view kTantDeLignes = "1 048 576 lignes";
+constexpr std::string_view kTantDeColonnes = "16 384 colonnes";
+constexpr std::string_view kTantDeCellules = "250 millions de cellules remplies";
+constexpr std::string_view kTantDOctets = "4 Gio de cellules";
+constexpr std::string_view kTantDansUneCellule = "un Mio dans une cellule";
+static_assert(kLignesAuPlus == 1'048'576 && kColonnesAuPlus == 16'384 && kCellulesAuPlus == 250'000'000 &&
+              kOctetsDeCellulesAuPlus == std::uint64_t{4} << 30 && kCelluleAuPlus == std::size_t{1} << 20);
+
 [[noreturn]] void TropGrande(Texte quoi, std::int64_t ligne) {
   throw Erreur(kMemoireInsuffisante, Joindre({"La feuille dépasse ce que l'import accepte : plus de "_w, quoi,
                                               ". Partagez-la, ou enregistrez-la en CSV depuis le tableur."}))
@@ -18,7 +27,7 @@ namespace {
 
 void Rangees::Commencer(std::int64_t rang) {
   if (rang < Suivant()) RefuserClasseur("les lignes de la feuille ne se suivent pas", {{}, Suivant()});
-  if (rang > kLignesAuPlus) TropGrande("1 048 576 lignes", rang);
+  if (rang > kLignesAuPlus) TropGrande(kTantDeLignes, rang);
   vides_ = rang - 1 - donnees_;
   largeur_ = 0;
   remplieLigne_ = 0;
@@ -27,9 +36,8 @@ void Rangees::Commencer(std::int64_t rang) {
 
 void Rangees::Poser(std::int64_t colonne, std::string_view valeur, std::int64_t fois) {
   if (valeur.empty()) return;
-  if (colonne < 0 || fois > kColonnesAuPlus || colonne + fois > kColonnesAuPlus)
-    TropGrande("16 384 colonnes", Suivant());
-  if (valeur.size() > kCelluleAuPlus) TropGrande("un Mio dans une cellule", Suivant());
+  if (colonne < 0 || fois > kColonnesAuPlus || colonne + fois > kColonnesAuPlus) TropGrande(kTantDeColonnes, Suivant());
+  if (valeur.size() > kCelluleAuPlus) TropGrande(kTantDansUneCellule, Suivant());
   const auto fin = static_cast<std::size_t>(colonne + fois);
   if (cellules_.size() < fin) cellules_.resize(fin);
   for (; largeur_ < static_cast<std::size_t>(colonne); ++largeur_) cellules_[largeur_].clear();
@@ -44,23 +52,23 @@ void Rangees::Finir(std::int64_t fois) {
     vides_ = std::min(vides_ + std::max<std::int64_t>(fois, 0), 2 * kLignesAuPlus);
     return;
   }
-  if (fois > kLignesAuPlus || donnees_ + vides_ + fois > kLignesAuPlus) TropGrande("1 048 576 lignes", Suivant());
+  if (fois > kLignesAuPlus || donnees_ + vides_ + fois > kLignesAuPlus) TropGrande(kTantDeLignes, Suivant());
   const std::size_t largeur = largeur_;
   largeur_ = 0;
-  for (; vides_ > 0 && !assez_; --vides_) Donner();
+  for (; vides_ > 0; --vides_) Donner();
   largeur_ = largeur;
-  for (std::int64_t i = 0; i < fois && !assez_; ++i) {
+  for (std::int64_t i = 0; i < fois; ++i) {
     remplies_ += remplieLigne_;
-    if (remplies_ > kCellulesAuPlus) TropGrande("250 millions de cellules remplies", Suivant());
+    if (remplies_ > kCellulesAuPlus) TropGrande(kTantDeCellules, Suivant());
     octets_ += octetsLigne_;
-    if (octets_ > kOctetsDeCellulesAuPlus) TropGrande("4 Gio de cellules", Suivant());
+    if (octets_ > kOctetsDeCellulesAuPlus) TropGrande(kTantDOctets, Suivant());
     Donner();
   }
   largeur_ = 0;
 }
 
 void Rangees::Donner() {
-  assez_ = !recevoir_(std::span<const std::string>(cellules_).first(largeur_));
+  recevoir_(std::span<const std::string>(cellules_).first(largeur_));
   ++donnees_;
 }
 

@@ -18,8 +18,8 @@ inline constexpr std::int64_t kCellulesAuPlus = 250'000'000;  // that hold somet
 inline constexpr std::uint64_t kOctetsDeCellulesAuPlus = std::uint64_t{4} << 30;
 inline constexpr std::size_t kCelluleAuPlus = std::size_t{1} << 20;  // bytes
 
-// Cells in UTF-8 up to the last one that holds something; false ends the reading.
-using RecevoirLigne = std::function<bool(std::span<const std::string> cellules)>;
+// Gets the cells of a row in UTF-8, up to the last one that holds something; what it throws ends the reading.
+using RecevoirLigne = std::function<void(std::span<const std::string> cellules)>;
 
 class Rangees {
  public:
@@ -34,7 +34,6 @@ class Rangees {
   void Poser(std::int64_t colonne, std::string_view valeur, std::int64_t fois = 1);
   // The row stands `fois` times. Rows that hold nothing wait for one that does.
   void Finir(std::int64_t fois = 1);
-  bool Assez() const { return assez_; }
 
  private:
   void Donner();
@@ -48,7 +47,6 @@ class Rangees {
   std::int64_t remplieLigne_ = 0;
   std::uint64_t octets_ = 0;  // of the cells given
   std::uint64_t octetsLigne_ = 0;
-  bool assez_ = false;
 };
 
 }  // namespace quelvar::capture::classeur

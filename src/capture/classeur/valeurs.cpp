@@ -1,10 +1,12 @@
 #include "capture/classeur/valeurs.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 namespace quelvar::capture::classeur {
@@ -50,13 +52,17 @@ std::string SansExposant(std::string_view texte) {
   return ecrit + chiffres.substr(0, place) + "." + chiffres.substr(place);
 }
 
+constexpr std::int64_t kMinute = 60;
+constexpr std::int64_t kHeure = 60 * kMinute;
+constexpr std::int64_t kJour = 24 * kHeure;
+
 std::string Deux(std::int64_t n) {
   std::string texte = std::to_string(n);
   return texte.size() < 2 ? "0" + texte : texte;
 }
 
 std::string Heure(std::int64_t secondes) {
-  return Deux(secondes / 3600) + ":" + Deux(secondes / 60 % 60) + ":" + Deux(secondes % 60);
+  return Deux(secondes / kHeure) + ":" + Deux(secondes % kHeure / kMinute) + ":" + Deux(secondes % kMinute);
 }
 
 }  // namespace
@@ -66,9 +72,10 @@ std::string TexteDuNombre(std::string_view stocke) {
   const std::optional<double> valeur = Lire(stocke);
   if (!valeur) return std::string(stocke);
   if (*valeur == 0) return "0";
-  std::array<char, 64> octets;
+  constexpr int kChiffres = std::numeric_limits<double>::digits10;
+  std::array<char, 64> octets;  // more than they take with sign, point and exponent
   const auto [fin, faute] =
-      std::to_chars(octets.data(), octets.data() + octets.size(), *valeur, std::chars_format::general, 15);
+      std::to_chars(octets.data(), octets.data() + octets.size(), *valeur, std::chars_format::general, kChiffres);
   return SansExposant({octets.data(), static_cast<std::size_t>(fin - octets.data())});
 }
 
@@ -96,8 +103,6 @@ Sens SensDuFormat(std::string_view code) {
       heure = true;
     } else if (c == 'm' || c == 'M') {
       mois = true;
-    } else if ((c == 'G' || c == 'g') && code.substr(i).size() >= 7) {
-      if (code.substr(i, 7) == "General") i += 6;
     }
   }
   if (jour || (mois && !heure)) return Sens::Date;
@@ -105,17 +110,24 @@ Sens SensDuFormat(std::string_view code) {
 }
 
 Sens SensDuFormatPredefini(int numero) {
-  const auto entre = [&](int bas, int haut) { return numero >= bas && numero <= haut; };
-  if (entre(18, 21) || entre(45, 47) || entre(32, 35)) return Sens::Heure;
-  if (entre(14, 22) || entre(27, 36) || entre(50, 58)) return Sens::Date;
-  return Sens::Nombre;
+  struct Plage {
+    int premier;
+    int dernier;
+  };
+  // Hours stand among the dates; 27 to 36 and those from 50 on are of the languages of East Asia.
+  static constexpr Plage kHeures[] = {{18, 21}, {32, 35}, {45, 47}};
+  static constexpr Plage kDates[] = {{14, 22}, {27, 36}, {50, 58}};
+  const auto parmi = [numero](const auto& plages) {
+    return std::ranges::any_of(plages, [numero](Plage p) { return numero >= p.premier && numero <= p.dernier; });
+  };
+  if (parmi(kHeures)) return Sens::Heure;
+  return parmi(kDates) ? Sens::Date : Sens::Nombre;
 }
 
 std::string TexteDeLaDate(std::string_view stocke, Sens sens, bool depuis1904) {
   const std::optional<double> valeur = Lire(stocke);
   constexpr double kDernierJour = 2958466;  // the first of January 10000
   if (sens == Sens::Nombre || !valeur || *valeur < 0 || *valeur >= kDernierJour) return TexteDuNombre(stocke);
-  constexpr std::int64_t kJour = 86400;
   const std::int64_t total = std::llround(*valeur * static_cast<double>(kJour));
   if (sens == Sens::Heure) return Heure(total);
   std::int64_t jours = total / kJour;
@@ -125,9 +137,10 @@ std::string TexteDeLaDate(std::string_view stocke, Sens sens, bool depuis1904) {
   using std::chrono::year;
   std::chrono::sys_days origine = std::chrono::sys_days(year(1904) / month(1) / day(1));
   if (!depuis1904) {
+    constexpr std::int64_t kJourDeTrop = 60;  // the 29th of February 1900, that never was
     if (jours == 0) return secondes == 0 ? std::string(stocke) : Heure(secondes);
-    if (jours == 60) return secondes == 0 ? "1900-02-29" : "1900-02-29 " + Heure(secondes);
-    origine = std::chrono::sys_days(year(1899) / month(12) / day(jours < 60 ? 31 : 30));
+    if (jours == kJourDeTrop) return secondes == 0 ? "1900-02-29" : "1900-02-29 " + Heure(secondes);
+    origine = std::chrono::sys_days(year(1899) / month(12) / day(jours < kJourDeTrop ? 31 : 30));
   }
   const std::chrono::year_month_day date(origine + std::chrono::days(jours));
   const std::string texte = std::to_string(static_cast<int>(date.year())) + "-" +
@@ -137,11 +150,12 @@ std::string TexteDeLaDate(std::string_view stocke, Sens sens, bool depuis1904) {
 
 std::string TexteDeLaDuree(std::string_view iso) {
   if (!iso.starts_with("PT")) return std::string(iso);
+  constexpr std::int64_t kUnitesAuPlus = 100'000'000;  // beyond it is no duration, and sums stay within 64 bits
   std::int64_t secondes = 0;
   for (std::string_view reste = iso.substr(2); !reste.empty();) {
     std::int64_t nombre = 0;
     const auto [fin, faute] = std::from_chars(reste.data(), reste.data() + reste.size(), nombre);
-    if (faute != std::errc() || nombre < 0 || nombre > 100'000'000) return std::string(iso);
+    if (faute != std::errc() || nombre < 0 || nombre > kUnitesAuPlus) return std::string(iso);
     reste.remove_prefix(static_cast<std::size_t>(fin - reste.data()));
     if (reste.starts_with('.') || reste.starts_with(',')) {  // parts of a second
       const std::size_t unite = reste.find('S');
@@ -151,7 +165,7 @@ std::string TexteDeLaDuree(std::string_view iso) {
     if (reste.empty()) return std::string(iso);
     const char unite = reste.front();
     if (unite != 'H' && unite != 'M' && unite != 'S') return std::string(iso);
-    secondes += nombre * (unite == 'H' ? 3600 : unite == 'M' ? 60 : 1);
+    secondes += nombre * (unite == 'H' ? kHeure : unite == 'M' ? kMinute : 1);
     reste.remove_prefix(1);
   }
   return Heure(secondes);

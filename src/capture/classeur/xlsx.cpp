@@ -210,7 +210,7 @@ class LecteurXlsx {
     riche_.Ajouter(octets);
   }
 
-  bool Assez() const { return finie_ || rangees_.Assez(); }
+  bool Finie() const { return finie_; }
 
  private:
   void Poser() {
@@ -289,7 +289,7 @@ void LireXlsx(const Archive& archive, const ClasseurXlsx& classeur, std::size_t 
   LireXml(archive.Ouvrir(classeur.feuilles.at(rang).partie),
           {[&](const NomXml& nom, const AttributsXml& attributs) { lecteur.Debut(nom, attributs); },
            [&](const NomXml& nom) { lecteur.Fin(nom); }, [&](std::string_view texte) { lecteur.Texte(texte); },
-           [&] { return lecteur.Assez(); }});
+           [&] { return lecteur.Finie(); }});
 }
 
 }  // namespace quelvar::capture::classeur

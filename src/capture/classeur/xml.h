@@ -32,7 +32,7 @@ struct GestesXml {
   std::function<void(const NomXml&, const AttributsXml&)> debut;
   std::function<void(const NomXml&)> fin;
   std::function<void(std::string_view)> texte;
-  // Asked between two blocks of bytes and after each element: true ends the reading.
+  // Asked after each event: true ends the reading.
   std::function<bool()> assez;
 };
 

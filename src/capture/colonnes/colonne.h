@@ -13,6 +13,8 @@ namespace quelvar::capture {
 
 // What a report shows for a column without a title.
 inline constexpr std::string_view kSansIntitule = "pas d'intitulé"_w;
+// The title of a first column that numbers the individuals.
+inline constexpr std::string_view kTitreNumero = "NUM";
 
 struct ColonneImportee {
   std::string intitule;

@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::size_t kDescription = 32;  // bytes of the description of a field
 constexpr std::size_t kLettresDuNom = 5;
+constexpr unsigned char kPremierePermise = ' ';  // of the bytes of a name
+constexpr unsigned char kDernierePermise = 'z';
+constexpr std::size_t kMots = std::size_t{1} << 16;  // values of two bytes: the longest header, too
 constexpr std::size_t kMorceau = std::size_t{1} << 18;
 constexpr char kFinDesChamps = '\r';
 
@@ -28,15 +31,20 @@ constexpr std::size_t Octet(std::string_view octets, std::size_t place) {
 }
 
 constexpr std::size_t Mot(std::string_view octets, std::size_t place) {
-  return Octet(octets, place) + 256 * Octet(octets, place + 1);
+  constexpr std::size_t kOctets = 256;  // values of one byte
+  return Octet(octets, place) + kOctets * Octet(octets, place + 1);
 }
 
 std::string NomDeChamp(std::string_view description) {
   std::string nom(description.substr(0, kLettresDuNom));
   for (char& c : nom)
-    if (static_cast<unsigned char>(c) < 32 || static_cast<unsigned char>(c) >= 123) c = ' ';
+    if (static_cast<unsigned char>(c) < kPremierePermise || static_cast<unsigned char>(c) > kDernierePermise) c = ' ';
   return nom;
 }
+
+// The bytes of ASCII from the blank on need no look.
+constexpr unsigned char kDernierAscii = 0x7F;
+constexpr unsigned char kImprimables = kDernierAscii + 1 - ' ';
 
 bool Coupe(char c) { return c == '\r' || c == '\n' || c == '\x1A'; }
 
@@ -52,7 +60,7 @@ EnteteDbf LireEnteteDbf(std::string_view octets) {
   if (octets.size() < kEnteteMinimal) throw Erreur(kFinDeFichierDepassee);
   EnteteDbf entete;
   entete.version = static_cast<unsigned char>(octets[0]);
-  entete.annonces = Mot(octets, kPlaceNombre) + 65536 * static_cast<std::uint64_t>(Mot(octets, kPlaceNombre + 2));
+  entete.annonces = Mot(octets, kPlaceNombre) + std::uint64_t{kMots} * Mot(octets, kPlaceNombre + 2);
   entete.longueurEntete = Mot(octets, kPlaceEntete);
   entete.longueurEnregistrement = Mot(octets, kPlaceEnregistrement);
   entete.page = PageDeLangue(static_cast<unsigned char>(octets[kPlaceLangue]));
@@ -76,7 +84,7 @@ EnteteDbf LireEnteteDbf(std::string_view octets) {
 EnteteDbf LireEnteteDuFichier(const Chemin& chemin) {
   return Situer([&] { return Lieu{TexteDe(chemin.filename())}; },
                 [&] {
-                  const std::string octets = LireMorceau(chemin, 0, 65536);
+                  const std::string octets = LireMorceau(chemin, 0, kMots);
                   EnteteDbf entete = LireEnteteDbf(octets);
                   if (octets.size() < entete.longueurEntete) throw Erreur(kFinDeFichierDepassee);
                   return entete;
@@ -141,11 +149,11 @@ void ConvertisseurDbf::Convertir(std::string_view enregistrement, char* ligne) {
     for (std::size_t i = troncon.debut; i < troncon.fin; ++i) {
       const char octet = octets[i];
       ligne[i] = octet;
-      if (static_cast<unsigned char>(octet - ' ') < 0x60) continue;
+      if (static_cast<unsigned char>(octet - ' ') < kImprimables) continue;
       if (Coupe(octet)) {
         ligne[i] = ' ';
         ++coupants_;
-      } else if (troncon.texte && static_cast<unsigned char>(octet) >= 128) {
+      } else if (troncon.texte && static_cast<unsigned char>(octet) > kDernierAscii) {
         ligne[i] = table_[static_cast<unsigned char>(octet)];
         ++convertis_;
         if (ligne[i] == '?') ++inconnus_;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/dbase/pagecode.h"
+#include "capture/pagecode.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {
@@ -105,7 +105,7 @@ class ConvertisseurDbf {
   void Ajouter(std::size_t fin, bool texte);
 
   std::vector<Troncon> troncons_;
-  TableDOctets table_;
+  const TableDOctets& table_;
   bool autrePage_;
   std::uint64_t convertis_ = 0;
   std::uint64_t inconnus_ = 0;

@@ -18,6 +18,8 @@ namespace quelvar::capture {
 
 namespace {
 
+constexpr std::size_t kChampsAuMoins = 3;  // names, a column, long names
+
 // The table as its header describes it.
 struct Tableau {
   ChampDbf noms;
@@ -144,7 +146,7 @@ void LireSource(const Chemin& dbf, Lecture& lecture) {
   lecture.lignes = static_cast<std::int64_t>(EnregistrementsEntiers(entete, lecture.taille));
   const Lieu fichier{TexteDe(dbf.filename())};
   if (lecture.lignes == 0) throw Erreur(kFinDeFichierDepassee).Situer(fichier);
-  if (entete.champs.size() < 3) throw Erreur(kIndiceHorsSelection).Situer(fichier);
+  if (entete.champs.size() < kChampsAuMoins) throw Erreur(kIndiceHorsSelection).Situer(fichier);
   const Tableau& tableau = lecture.tableau = DecouperTableau(entete);
   ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
     lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurDeModalite));

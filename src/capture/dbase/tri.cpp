@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
@@ -11,7 +12,7 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kCodesDUnOctet = 10;
-constexpr int kPlusGrand16 = 32767;
+using Limites = std::numeric_limits<std::int16_t>;
 
 bool EstImpropre(char c) { return c != ' ' && (c < '0' || c > '9'); }
 
@@ -82,7 +83,7 @@ void CompteurDeChamps::CompterTrois(const char* ligne) {
     const std::string_view texte(ligne + trois_.debuts[i], 3);
     const double valeur = ArrondirPair(ValeurDe(texte));
     std::size_t code = 0;
-    if (valeur > kPlusGrand16 || valeur < -kPlusGrand16 - 1) {
+    if (valeur > Limites::max() || valeur < Limites::min()) {
       ++impossibles_;
     } else {
       codesMax_[i] = std::max(codesMax_[i], static_cast<int>(valeur));

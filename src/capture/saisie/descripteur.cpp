@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/posfile.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
@@ -20,7 +21,7 @@ std::string_view RefusDuNombre(std::string_view codeMax, GenreDescription genre)
 }
 
 std::string_view RefusDuNom(const EtatDescripteur& etat, std::string_view nom) {
-  if (nom.find("**") != std::string_view::npos || nom.find("$$") != std::string_view::npos)
+  if (const auto fin = MarqueDeFin(nom); fin && *fin != FinDeListe::LigneBlanche)
     return "Un nom ne peut pas contenir ** ou $$";
   for (std::size_t i = 0; i < etat.questions.size(); ++i)
     if (i != etat.corrigee && Rogner(etat.questions[i].nom) == Rogner(nom))

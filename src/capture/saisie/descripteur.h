@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/desfile.h"
 #include "core/programme/programme.h"
 
@@ -24,7 +25,7 @@ struct EtatDescripteur {
 };
 
 inline constexpr std::size_t kQuestionsDuDescripteur = 1000;
-inline constexpr int kLongueurDuNom = 3;  // of a question
+inline constexpr int kLongueurDuNom = kLargeurDeQuestion;
 inline constexpr int kCodeMaxCourt = 99;  // two columns of the descriptor
 
 // Whether the code-max or width is missing, or is none for that kind.

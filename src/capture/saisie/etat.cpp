@@ -12,15 +12,17 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kPage = 10;  // questions that a Page key moves over
+constexpr std::size_t kChiffresDeCode = 2;
+constexpr int kPlusGrandeReponse = 99;  // what they can tell
 
 // Every character that the code page prints.
 bool EstImprimable(char c) {
-  const auto octet = static_cast<unsigned char>(c);
-  return octet >= 32 && octet != 127;
+  constexpr char kEffacement = '\x7F';  // a control among the printed ones
+  return static_cast<unsigned char>(c) >= ' ' && c != kEffacement;
 }
 
 std::string ReponseVide(const DescriptionDeQuestion& question) { return EstCourte(question) ? " 0" : ""; }
-std::string ReponseCourte(int code) { return EntierDroit(code, 2); }
+std::string ReponseCourte(int code) { return EntierDroit(code, static_cast<int>(kChiffresDeCode)); }
 int CodeDe(std::string_view reponse) { return static_cast<int>(ValeurDe(reponse)); }
 
 // Columns of the field in .DAT.
@@ -231,7 +233,7 @@ void PrendreEnregistrement(EtatSaisie& etat, std::int64_t numero, std::string_vi
     const std::string_view champ = Milieu(ligne, debut + 1, largeur);
     debut += largeur;
     // Whatever the field holds, a code has its two characters; the line itself is kept for what nobody changes.
-    if (EstCourte(question)) etat.reponses[i] = ReponseCourte(std::clamp(CodeDe(champ), 0, 99));
+    if (EstCourte(question)) etat.reponses[i] = ReponseCourte(std::clamp(CodeDe(champ), 0, kPlusGrandeReponse));
     else etat.reponses[i] = RognerDroite(champ);
   }
   etat.corrige = numero;
@@ -250,7 +252,7 @@ bool Repondre(EtatSaisie& etat, std::size_t question, std::string_view reponse) 
     return true;
   }
   reponse = Rogner(reponse);
-  if (reponse.size() > 2 || !std::all_of(reponse.begin(), reponse.end(), EstChiffre)) return false;
+  if (reponse.size() > kChiffresDeCode || !std::all_of(reponse.begin(), reponse.end(), EstChiffre)) return false;
   const int code = CodeDe(reponse);
   if (code > description.nombre) return false;
   etat.reponses[question] = ReponseCourte(code);

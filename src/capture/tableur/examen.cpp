@@ -6,25 +6,13 @@
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/codes.h"
 #include "capture/tableur/lecteur.h"
+#include "capture/utf8.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 
 namespace {
-
-// The encoding, judged line by line.
-struct Encodage {
-  bool marque = false;    // a byte-order mark starts the file
-  bool multiple = false;  // valid multi-byte sequences were met
-  bool invalide = false;  // an invalid one was met
-
-  void Examiner(std::string_view ligne) {
-    if (EstAscii(ligne)) return;
-    (EstUtf8MultiOctet(ligne) ? multiple : invalide) = true;
-  }
-  bool Utf8() const { return marque || (multiple && !invalide); }
-};
 
 std::int64_t Occurrences(std::string_view ligne, char signe) {
   std::int64_t nombre = 0;  // a hop a sign: the one looked for is rare
@@ -64,17 +52,6 @@ struct Separateurs {
 // The cell without its leading zeros; "0" keeps one.
 std::string_view SansZeros(std::string_view cellule) {
   return cellule.substr(std::min(cellule.find_first_not_of('0'), cellule.size() - 1));
-}
-
-// Value of one to three digits, what most cells are; -1 for any other.
-int ValeurDesChiffres(std::string_view cellule) {
-  if (cellule.size() > kLargeurCodes) return -1;
-  int valeur = 0;
-  for (const char c : cellule) {
-    if (c < '0' || c > '9') return -1;
-    valeur = valeur * 10 + (c - '0');
-  }
-  return valeur;
 }
 
 void Retenir(FaitsColonne& colonne, std::string_view cellule, std::int64_t ligne) {
@@ -118,7 +95,7 @@ void Mesurer(FaitsColonne& colonne, bool avecCodes) {
 struct Examen {
   FaitsTableur faits;
   Separateurs separateurs;
-  Encodage encodage;
+  IndicesDUtf8 encodage;
   std::int64_t blanches = 0;            // blank lines met since the last row
   std::vector<unsigned char> chiffres;  // by column: the largest cell of one digit, as a character; 0 without any
 
@@ -213,7 +190,7 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
       },
       [&] {
         for (std::string_view ligne; lecteur.LireOctetsDeLigne(ligne);) {
-          examen.encodage.Examiner(ligne);
+          examen.encodage.Voir(ligne);
           if (utf8 && !EstAscii(ligne)) {
             converti = DepuisUtf8(ligne);
             ligne = converti;
@@ -236,18 +213,18 @@ Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool 
 
 FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   Separateurs premiers;
-  Encodage premier;
+  IndicesDUtf8 premier;
   std::string_view ligne;
   if (LecteurTableur lecteur(source, '\0'); lecteur.LireOctetsDeLigne(ligne)) {
     premier.marque = lecteur.AvecMarqueUtf8();
-    premier.Examiner(ligne);
+    premier.Voir(ligne);
     premiers.CompterHorsGuillemets(ligne);
   } else if (avecIntitules) {
     throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(source.filename())});
   }
-  Examen examen = Examiner(source, avecIntitules, premiers.Choix(), premier.Utf8());
+  Examen examen = Examiner(source, avecIntitules, premiers.Choix(), premier.EstUtf8());
   const char separateur = examen.separateurs.Choix();
-  const bool utf8 = examen.encodage.Utf8();
+  const bool utf8 = examen.encodage.EstUtf8();
   if (separateur != examen.faits.separateur || utf8 != examen.faits.utf8)
     examen = Examiner(source, avecIntitules, separateur, utf8);
   return std::move(examen.faits);

@@ -17,4 +17,14 @@ constexpr double FacteurDeTaille(Coefficient coefficient) {
   return 1.2;
 }
 
+// What one press moves a text by, points of the page.
+constexpr double PasDeTexte(Coefficient coefficient) {
+  switch (coefficient) {
+    case Coefficient::Faible: return 1;
+    case Coefficient::Fort: return 20;
+    case Coefficient::Moyen: break;
+  }
+  return 5;
+}
+
 }  // namespace quelvar

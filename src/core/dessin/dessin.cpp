@@ -61,7 +61,10 @@ Zone Elargie(const Zone& zone, double marge) {
 
 Rvb RvbDe(Couleur couleur, double teinte) {
   const Rvb& ton = kTons[static_cast<std::size_t>(couleur)];
-  const auto meler = [&](std::uint8_t c) { return static_cast<std::uint8_t>(std::lround(255 + teinte * (c - 255.0))); };
+  constexpr double kBlanc = 255;
+  const auto meler = [&](std::uint8_t c) {
+    return static_cast<std::uint8_t>(std::lround(kBlanc + teinte * (c - kBlanc)));
+  };
   return {meler(ton.rouge), meler(ton.vert), meler(ton.bleu)};
 }
 

@@ -143,11 +143,15 @@ std::string TexteSvg(const Dessin& dessin) {
   return svg + "</svg>\n";
 }
 
+bool EstNomDeSvg(std::string_view nom) {
+  constexpr std::string_view kExtension = ".svg";
+  return nom.size() > kExtension.size() && EgalSansCasse(nom.substr(nom.size() - kExtension.size()), kExtension);
+}
+
 namespace {
 
 void ExigerNomDeSvg(std::string_view nom) {
-  constexpr std::string_view kExtension = ".svg";
-  if (nom.size() <= kExtension.size() || !EgalSansCasse(nom.substr(nom.size() - kExtension.size()), kExtension))
+  if (!EstNomDeSvg(nom))
     throw Erreur(kNomFichierIncorrect,
                  Joindre({"*** Le graphique demandé va dans un fichier .svg, et non dans "_w, nom}));
 }

@@ -13,6 +13,9 @@ namespace quelvar {
 // "data-id".
 std::string TexteSvg(const Dessin& dessin);
 
+// Whether a file of that name may hold it: ".svg" behind a name, in any case.
+bool EstNomDeSvg(std::string_view nom);
+
 // The picture as a file of the directory, whole or not at all. Another extension than ".svg" is refused with a sentence
 // (kNomFichierIncorrect): a picture never takes the place of data. Raises the errors of Remplacement.
 void EcrireSvg(const Chemin& repertoire, std::string_view nom, const Dessin& dessin);

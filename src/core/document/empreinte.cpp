@@ -1,20 +1,15 @@
 #include "core/document/empreinte.h"
 
-#include <functional>
-
-#include "core/programme/erreur.h"
+#include "core/fichiers/condense.h"
+#include "core/fichiers/provisoire.h"
 
 namespace quelvar {
 
-namespace {
-
-std::size_t Condense(std::string_view octets) { return std::hash<std::string_view>{}(octets); }
-
-}  // namespace
-
 Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets) {
   std::error_code ignoree;
-  return {octets.size(), std::filesystem::last_write_time(chemin, ignoree), Condense(octets)};
+  CondenseDOctets condense;
+  condense.Ajouter(octets);
+  return {octets.size(), std::filesystem::last_write_time(chemin, ignoree), condense.Valeur()};
 }
 
 Empreinte EmpreinteSansContenu(const Chemin& chemin) {
@@ -31,11 +26,9 @@ SurDisque ComparerAvecDisque(const Chemin& chemin, Empreinte& connue, bool toujo
   const bool memeInstant = instant == connue.instant;
   if (!connue.contenu) return memeInstant ? SurDisque::Inchange : SurDisque::Modifie;
   if (memeInstant && !toujoursLire) return SurDisque::Inchange;
-  try {
-    if (Condense(LireOctets(chemin)) != connue.contenu) return SurDisque::Modifie;
-  } catch (const Erreur&) {
-    return SurDisque::Disparu;
-  }
+  const std::optional<MesureDeFichier> mesure = MesurerFichier(chemin);
+  if (!mesure) return SurDisque::Disparu;
+  if (mesure->empreinte != connue.contenu) return SurDisque::Modifie;
   connue.instant = instant;
   return SurDisque::Inchange;
 }

@@ -1,7 +1,6 @@
 // Notices that a file has changed on the disk since it was read or written.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -15,7 +14,7 @@ namespace quelvar {
 struct Empreinte {
   std::uintmax_t taille = 0;
   std::filesystem::file_time_type instant{};
-  std::optional<std::size_t> contenu;  // nothing when size and time are to be enough
+  std::optional<std::uint64_t> contenu;  // digest; nothing when size and time are to be enough
 };
 // Of a file whose bytes have been read or written.
 Empreinte EmpreinteDe(const Chemin& chemin, std::string_view octets);

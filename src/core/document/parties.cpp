@@ -10,11 +10,11 @@ namespace {
 // ends within a part.
 std::uintmax_t DebutDePartie(const Chemin& chemin, std::size_t rang, std::uintmax_t taille) {
   if (rang == 0) return 0;
-  constexpr std::size_t pas = 4096;
+  constexpr std::size_t kPas = 4096;  // bytes, more than most lines have
   const std::uintmax_t nominal = rang * taille;
   for (std::uintmax_t lu = nominal - 1; lu < nominal + taille - 1;) {
     const std::string morceau =
-        LireMorceau(chemin, lu, static_cast<std::size_t>(std::min<std::uintmax_t>(pas, nominal + taille - 1 - lu)));
+        LireMorceau(chemin, lu, static_cast<std::size_t>(std::min<std::uintmax_t>(kPas, nominal + taille - 1 - lu)));
     if (morceau.empty()) break;
     if (const std::size_t saut = morceau.find('\n'); saut != std::string::npos) return lu + saut + 1;
     lu += morceau.size();

@@ -6,6 +6,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
+#include "core/texte/utf16.h"
 
 namespace quelvar {
 
@@ -57,15 +58,6 @@ bool EstUtf8Lisible(std::string_view octets) {
   return true;
 }
 
-void AjouterUtf16(std::u16string& texte, char32_t point) {
-  if (point < 0x10000) {
-    texte += static_cast<char16_t>(point);
-  } else {
-    texte += static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10));
-    texte += static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
-  }
-}
-
 struct Fins {
   std::size_t crlf = 0;
   std::size_t lf = 0;
@@ -95,9 +87,9 @@ void AjouterLigne(std::u16string& texte, std::string_view ligne, Encodage encoda
 char32_t Suivant(std::u16string_view& texte) {
   const char16_t tete = texte.front();
   texte.remove_prefix(1);
-  if (tete < 0xD800 || tete > 0xDFFF) return tete;
-  if (tete > 0xDBFF || texte.empty() || texte.front() < 0xDC00 || texte.front() > 0xDFFF) return 0xFFFD;
-  const char32_t point = 0x10000U + ((tete - 0xD800U) << 10) + (texte.front() - 0xDC00U);
+  if (!EstPremiereMoitie(tete) && !EstSecondeMoitie(tete)) return tete;
+  if (EstSecondeMoitie(tete) || texte.empty() || !EstSecondeMoitie(texte.front())) return kMoitieSeule;
+  const char32_t point = PointDesMoities(tete, texte.front());
   texte.remove_prefix(1);
   return point;
 }
@@ -162,7 +154,8 @@ DocumentTexte DecoderTexte(std::string_view octets) {
 
 std::string EncoderTexte(std::u16string_view texte, const FormeTexte& forme) {
   std::string octets;
-  octets.reserve(texte.size() + texte.size() / 32);
+  constexpr std::size_t kLigneUsuelle = 32;  // characters; the end of a line takes a byte more than in the text
+  octets.reserve(texte.size() + texte.size() / kLigneUsuelle);
   if (forme.marqueUtf8) octets += kMarqueUtf8;
   while (!texte.empty()) {
     if (forme.fins == FinsDeLigne::CrLf && texte.size() > 1 && texte[0] == kImageLf && texte[1] == u'\n') {

@@ -6,6 +6,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -53,16 +54,12 @@ int LargeurDeTable(std::int64_t plusGrandeCellule) { return static_cast<int>(Nom
 
 namespace {
 
-bool SontDesChiffres(std::string_view texte) {
-  return !texte.empty() && texte.find_first_not_of(" 0123456789") == std::string_view::npos;
-}
-
 // Two numbers where the next two cells would stand: a label hardly begins so in every row.
 bool EstSuiviDeCellules(std::string_view reste, std::size_t largeur) {
   if (reste.size() < 2 * largeur) return false;
   for (const std::size_t place : {std::size_t{0}, largeur}) {
     const std::string_view nombre = Rogner(reste.substr(place, largeur));
-    if (!SontDesChiffres(nombre) || nombre.find(' ') != std::string_view::npos) return false;
+    if (!SontChiffres(nombre)) return false;
   }
   return true;
 }
@@ -84,7 +81,8 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
                           " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
   toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
   const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
-  toutesLongues_ = toutesLongues_ && (SontDesChiffres(Rogner(reste)) || EstSuiviDeCellules(reste, largeur_));
+  const bool desChiffres = SontChiffresOuBlancs(reste) && !Rogner(reste).empty();
+  toutesLongues_ = toutesLongues_ && (desChiffres || EstSuiviDeCellules(reste, largeur_));
 }
 
 void ControleDeBurt::Conclure() const {

@@ -36,7 +36,7 @@ class ControleDeBurt {
   // without a name passes.
   void Voir(std::string_view texte, std::string_view nomAttendu);
   // All rows were seen; raises a sentence (kIncompatibiliteType) when every one is too short for its cells, or goes on
-  // with digits or with the failures of two more cells.
+  // with digits or with the numbers of two more cells.
   void Conclure() const;
 
  private:

@@ -108,7 +108,7 @@ void ControleDeTable::Voir(std::string_view texte) {
   toutesCourtes_ = toutesCourtes_ && courte;
   const std::string_view reste = texte.substr(std::min(longueur_, texte.size()));
   toutesLongues_ = toutesLongues_ && reste.size() >= largeur_ && EstChiffre(reste[largeur_ - 1]) &&
-                   reste.substr(0, largeur_).find_first_not_of(" 0123456789") == std::string_view::npos;
+                   SontChiffresOuBlancs(reste.substr(0, largeur_));
 }
 
 void ControleDeTable::Conclure() const {

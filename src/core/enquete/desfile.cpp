@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/posfile.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar {
@@ -30,7 +31,7 @@ struct DescriptionDeQuestion {
   std::optional<SautConditionnel> saut;
   std::string options;  // column 11 to the end as it stands
 
-  int Largeur() const { return alphabetique ? nombre : nombre < 10 ? 1 : 2; }
+  int Largeur() const { return alphabetique ? nombre : LargeurDe(nombre); }
 };
 
 struct Descripteur {

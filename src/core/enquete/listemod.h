@@ -32,12 +32,12 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
 // meanwhile, raises kAccesFichier with a sentence.
 void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
-// Parts of a text of the list: name, mark, label; and the text that they make.
-inline std::string_view NomDeTexte(std::string_view texte) { return texte.substr(0, kLargeurDeModalite); }
+// Parts of a text of the list, or of any line: name, mark, label; and the text that they make.
+inline std::string_view NomDeTexte(std::string_view texte) { return Milieu(texte, 1, kLargeurDeModalite); }
 inline std::string_view MarqueDeTexte(std::string_view texte) {
-  return texte.substr(kLargeurDeModalite, kLargeurDeMarque);
+  return Milieu(texte, kLargeurDeModalite + 1, kLargeurDeMarque);
 }
-inline std::string_view IntituleDeTexte(std::string_view texte) { return texte.substr(kColonneDIntitule - 1); }
+inline std::string_view IntituleDeTexte(std::string_view texte) { return Milieu(texte, kColonneDIntitule); }
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);

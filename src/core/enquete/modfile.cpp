@@ -7,15 +7,15 @@ namespace quelvar {
 
 Modalite LireLigneModalite(std::string_view ligne) {
   Modalite modalite;
-  modalite.nom = CadreGauche(Milieu(ligne, 1, kLargeurDeModalite), kLargeurDeModalite);
-  modalite.marque = Milieu(ligne, kLargeurDeModalite + 1, kLargeurDeMarque);
-  modalite.supplementaire = modalite.marque.find_first_of("Ss") != std::string::npos;
-  modalite.intitule = Milieu(ligne, kColonneDIntitule);
+  modalite.nom = CadreGauche(NomDeTexte(ligne), kLargeurDeModalite);
+  modalite.marque = MarqueDeTexte(ligne);
+  modalite.supplementaire = EstSupplementaire(ligne);
+  modalite.intitule = IntituleDeTexte(ligne);
   return modalite;
 }
 
 bool FinitLesModalites(std::string_view ligne) {
-  const std::string_view tete = Milieu(ligne, 1, kLargeurDeModalite);
+  const std::string_view tete = NomDeTexte(ligne);
   return Rogner(tete).empty() || tete.find(kFinDeListe) != std::string_view::npos;
 }
 
@@ -60,7 +60,7 @@ IntitulesModalites LireIntitules(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   std::string_view ligne;
   if (!lecteur.Lire(ligne) || !lecteur.Lire(ligne)) return intitules;
-  while (lecteur.Lire(ligne)) intitules.Ajouter(Milieu(ligne, 1, kLargeurDeModalite), Milieu(ligne, kColonneDIntitule));
+  while (lecteur.Lire(ligne)) intitules.Ajouter(NomDeTexte(ligne), IntituleDeTexte(ligne));
   return intitules;
 }
 

@@ -10,7 +10,11 @@ namespace quelvar {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = kLargeurDeModalite;
+// Letters of the question before two digits of code; one sign of code leaves it all of its own.
+constexpr int kLettresAvantDeuxChiffres = kLargeurDeModalite - 2;
+
+// The letters go on behind the digits.
+constexpr int kCodeDeA = 10;
 
 // What a name may stand for.
 struct Lectures {
@@ -18,13 +22,16 @@ struct Lectures {
   std::optional<CodeDeModalite> tropGrande;  // of three characters, but beyond the code-max
 };
 
-void Ajouter(Lectures& lectures, const FichierPos& pos, std::string_view nom, std::size_t largeur, int code) {
+// The readings of a name by so many letters of the question and that code.
+void Ajouter(Lectures& lectures, const FichierPos& pos, std::string_view nom, int lettres, int code) {
+  const std::string_view debut = Milieu(nom, 1, static_cast<std::size_t>(lettres));
+  const bool entier = lettres == kLargeurDeQuestion;
   for (std::size_t q = 0; q < pos.questions.size(); ++q) {
-    if (std::string_view(pos.questions[q].nom).substr(0, largeur) != nom.substr(0, largeur)) continue;
+    if (Milieu(pos.questions[q].nom, 1, static_cast<std::size_t>(lettres)) != debut) continue;
     if (pos.questions[q].codeMax >= code) lectures.possibles.push_back({q, code});
-    else if (largeur == kLargeurNom - 1 && !lectures.tropGrande) lectures.tropGrande = CodeDeModalite{q, code};
+    else if (entier && !lectures.tropGrande) lectures.tropGrande = CodeDeModalite{q, code};
     // Questions of one name are another fault.
-    if (largeur == kLargeurNom - 1 && !lectures.possibles.empty()) return;
+    if (entier && !lectures.possibles.empty()) return;
   }
 }
 
@@ -45,19 +52,21 @@ std::optional<CodeDeModalite> Suite(const std::vector<CodeDeModalite>& possibles
 }  // namespace
 
 std::string NomDeModalite(std::string_view nomQuestion, int code) {
-  return Joindre({CadreGauche(nomQuestion, code < kPremierCodeDouble ? 3 : 2), CodeCaractere(code)});
+  return Joindre({CadreGauche(nomQuestion, code < kPremierCodeDouble ? kLargeurDeQuestion : kLettresAvantDeuxChiffres),
+                  CodeCaractere(code)});
 }
 
 FauteDeNom LireNomDeModalite(const FichierPos& pos, std::string_view nom, std::optional<CodeDeModalite> precedente,
                              CodeDeModalite& lu) {
-  const char signe = nom[kLargeurNom - 1];
+  const char signe = nom[kLargeurDeModalite - 1];
   const bool lettre = signe >= 'A' && signe <= 'Z';
   const bool chiffre = EstChiffre(signe);
   Lectures lectures;
-  if (lettre || chiffre) Ajouter(lectures, pos, nom, kLargeurNom - 1, lettre ? signe - 'A' + 10 : signe - '0');
-  if (const char dizaine = nom[kLargeurNom - 2]; chiffre && EstChiffre(dizaine))
+  if (lettre || chiffre)
+    Ajouter(lectures, pos, nom, kLargeurDeQuestion, lettre ? kCodeDeA + (signe - 'A') : signe - '0');
+  if (const char dizaine = nom[kLargeurDeModalite - 2]; chiffre && EstChiffre(dizaine))
     if (const int code = 10 * (dizaine - '0') + (signe - '0'); code >= kPremierCodeDouble)
-      Ajouter(lectures, pos, nom, kLargeurNom - 2, code);
+      Ajouter(lectures, pos, nom, kLettresAvantDeuxChiffres, code);
   if (lectures.possibles.empty()) {
     if (!lettre && !chiffre) return FauteDeNom::HorsNorme;
     if (!lectures.tropGrande) return FauteDeNom::Inconnue;

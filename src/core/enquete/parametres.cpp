@@ -99,18 +99,18 @@ void Retenir(const Paire& paire, ParametresMod& parametres) {
 
 std::string LigneDeParametres(std::span<const CleDeParametre> cles) {
   std::string ligne;
-  for (const CleDeParametre& cle : cles) ligne += Joindre({" ", cle.cle, Nombre(cle.valeur)});
+  for (const CleDeParametre& cle : cles) ligne += Joindre({" ", cle.cle, cle.valeur});
   return ligne + " ";
 }
 
-ParametresMod LireParametres(std::string_view ligne) {
+ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod) {
   ParametresMod parametres;
   const std::optional<std::vector<Paire>> paires = Decouper(Normaliser(ligne));
   if (!paires) {
     parametres.remarques.emplace_back("Arret : manque signe = dans ligne 2 de *.MOD");
     return parametres;
   }
-  Situer([] { return Lieu{.fichier = "*.MOD", .ligne = 2}; },
+  Situer([&] { return Lieu{.fichier = std::string(nomMod), .ligne = 2}; },
          [&] {
            for (const Paire& paire : *paires) Retenir(paire, parametres);
          });

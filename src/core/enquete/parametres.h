@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/texte/nombres.h"
+
 namespace quelvar {
 
 struct ParametresMod {
@@ -29,10 +31,13 @@ struct ParametresMod {
 // A key, which ends in "=", and its value. In the line a blank stands before each key and behind the last value.
 struct CleDeParametre {
   template <std::integral Entier>
-  CleDeParametre(std::string_view laCle, Entier laValeur) : cle(laCle), valeur(static_cast<std::int64_t>(laValeur)) {}
+  CleDeParametre(std::string_view laCle, Entier laValeur)
+      : cle(laCle), valeur(Nombre(static_cast<std::int64_t>(laValeur))) {}
+  // A value taken over from a file, which may not be whole.
+  CleDeParametre(std::string_view laCle, double laValeur) : cle(laCle), valeur(Nombre(laValeur)) {}
 
   std::string_view cle;
-  std::int64_t valeur;
+  std::string valeur;
 };
 // The line of these keys and values, in their order.
 std::string LigneDeParametres(std::span<const CleDeParametre> cles);
@@ -41,7 +46,7 @@ inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles)
 }
 
 // Parses the line. A token without "=" leaves every parameter unset, with the remark "Arret : manque signe = dans ligne
-// 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type.
-ParametresMod LireParametres(std::string_view ligne);
+// 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type, at line 2 of the file of that name.
+ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod = "*.MOD");
 
 }  // namespace quelvar

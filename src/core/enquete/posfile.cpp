@@ -16,11 +16,13 @@ constexpr int kColonneDeCodeMax = kColonneDePosition + kLargeurDePosition;
 constexpr int kLargeurDeCodeMax = 2;
 constexpr int kColonneDuType = kColonneDeCodeMax + kLargeurDeCodeMax;
 
+constexpr std::size_t kPremiereLettre = 10;  // the code that A stands for
+
 constexpr std::array<std::array<char, 2>, kDernierCodeNomme + 1> ConstruireCodes() {
   std::array<std::array<char, 2>, kDernierCodeNomme + 1> codes{};
   for (std::size_t code = 0; code < codes.size(); ++code) {
-    if (code < 10) codes[code] = {static_cast<char>('0' + code), 0};
-    else if (code < kPremierCodeDouble) codes[code] = {static_cast<char>('A' + (code - 10)), 0};
+    if (code < kPremiereLettre) codes[code] = {static_cast<char>('0' + code), 0};
+    else if (code < kPremierCodeDouble) codes[code] = {static_cast<char>('A' + (code - kPremiereLettre)), 0};
     else codes[code] = {static_cast<char>('0' + code / 10), static_cast<char>('0' + code % 10)};
   }
   return codes;

@@ -28,8 +28,6 @@ bool SansCetAppel(int code) { return code == EINVAL || code == ENOSYS || code ==
 
 std::string CheminDEchange(const char* provisoire) { return std::string(provisoire) + "~"; }
 
-bool Present(const char* chemin) { return ::faccessat(AT_FDCWD, chemin, F_OK, AT_SYMLINK_NOFOLLOW) == 0; }
-
 int EchangerParEtapes(const char* cible, const char* provisoire) {
   const std::string tiers = CheminDEchange(provisoire);
   if (Lier(cible, tiers.c_str()) != 0 && (!SansCetAppel(errno) || Renommer(cible, tiers.c_str()) != 0)) return -1;
@@ -92,7 +90,7 @@ int RenommerSansRemplacer(const char* de, const char* vers) {
   if (Refuse("renommer sans remplacer")) return -1;
   if (::renameat2(AT_FDCWD, de, AT_FDCWD, vers, RENAME_NOREPLACE) == 0) return 0;
   if (!SansCetAppel(errno)) return -1;
-  if (Present(vers)) {
+  if (Existe(vers)) {
     errno = EEXIST;
     return -1;
   }
@@ -110,10 +108,17 @@ int Echanger(const char* cible, const char* provisoire) {
 
 int AcheverEchange(const char* cible, const char* provisoire) {
   const std::string tiers = CheminDEchange(provisoire);
-  if (!Present(tiers.c_str())) return 0;
-  if (!Present(provisoire)) return Renommer(tiers.c_str(), provisoire);
-  if (!Present(cible)) return Renommer(tiers.c_str(), cible);
+  if (!Existe(tiers.c_str())) return 0;
+  if (!Existe(provisoire)) return Renommer(tiers.c_str(), provisoire);
+  if (!Existe(cible)) return Renommer(tiers.c_str(), cible);
   return Effacer(tiers.c_str());
+}
+
+bool Existe(const char* chemin) { return ::faccessat(AT_FDCWD, chemin, F_OK, AT_SYMLINK_NOFOLLOW) == 0; }
+
+std::int64_t InstantDEcriture(const struct stat& etat) {
+  constexpr std::int64_t kNanosecondes = 1'000'000'000;  // of a second
+  return etat.st_mtim.tv_sec * kNanosecondes + etat.st_mtim.tv_nsec;
 }
 
 void Exiger(int resultat) {

@@ -2,9 +2,11 @@
 // run or make the call fail.
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cstddef>
+#include <cstdint>
 
 namespace quelvar::appels {
 
@@ -23,12 +25,17 @@ int Lier(const char* existant, const char* nouveau);
 int Renommer(const char* de, const char* vers);
 // Fails with EEXIST when there is a file of the second name.
 int RenommerSansRemplacer(const char* de, const char* vers);
-// Both files are there, before and after. Where the file system cannot do it in one call it goes by a third name,
-// `CheminDEchange` of the second file, and the first name is never without a file.
+// Both files are there, before and after. Where the file system cannot do it in one call it goes by a third name, a "~"
+// behind the second one, and the first name is never without a file.
 int Echanger(const char* cible, const char* provisoire);
 
 // Ends an exchange by a third name that a kill has cut, forwards when the new file has taken its place, else backwards.
 int AcheverEchange(const char* cible, const char* provisoire);
+
+// Whether something bears that name, a link that leads nowhere included. No test cuts it: it changes nothing.
+bool Existe(const char* chemin);
+// The time of the last write of a file, in nanoseconds: one that was changed since has another.
+std::int64_t InstantDEcriture(const struct stat& etat);
 
 // Raises the failure that errno tells when a call has returned anything but 0.
 void Exiger(int resultat);

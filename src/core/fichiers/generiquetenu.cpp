@@ -9,7 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <ctime>
 #include <thread>
 #include <tuple>
 #include <utility>
@@ -18,6 +17,7 @@
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
+#include "core/programme/dialogue.h"
 #include "core/programme/erreur.h"
 #include "core/texte/texte.h"
 
@@ -40,12 +40,8 @@ std::string Utilisateur() {
 }
 
 std::string Instant() {
-  const std::time_t maintenant = std::time(nullptr);
-  std::tm local{};
-  ::localtime_r(&maintenant, &local);
-  std::array<char, 40> texte{};
-  const std::size_t taille = std::strftime(texte.data(), texte.size(), "%d/%m/%Y \xE0 %H:%M:%S", &local);
-  return {texte.data(), taille};
+  const DateHeure maintenant = Dialogue::HeureLocale();
+  return Joindre({TexteDate(maintenant), " à "_w, TexteHeure(maintenant)});
 }
 
 Detenteur LireDetenteur(int descripteur) {
@@ -131,11 +127,6 @@ std::string PhraseDuLien(const Chemin& verrou) {
                   " est un lien et non un verrou : effacez-le et relancez"_w});
 }
 
-bool EstLa(const Chemin& chemin) {
-  struct stat present {};
-  return ::lstat(chemin.c_str(), &present) == 0;
-}
-
 // Whether it is held cannot be seen: going on would be writing at the same time as its user.
 std::string PhraseFerme(const Chemin& verrou) {
   return Joindre({"*** Arret du programme : le verrou "_w, TexteDe(verrou.filename()),
@@ -146,7 +137,8 @@ Prise Prendre(const Chemin& chemin, std::string_view generique) {
   for (;;) {
     const int descripteur = Ouvrir(chemin);
     if (descripteur < 0 && errno == ELOOP) throw Erreur(kAccesFichier, PhraseDuLien(chemin));
-    if (descripteur < 0 && errno == EACCES && EstLa(chemin)) throw Erreur(kPermissionRefusee, PhraseFerme(chemin));
+    if (descripteur < 0 && errno == EACCES && appels::Existe(chemin.c_str()))
+      throw Erreur(kPermissionRefusee, PhraseFerme(chemin));
     if (descripteur < 0) return {};
     if (::flock(descripteur, LOCK_EX | LOCK_NB) != 0) {
       const bool occupe = errno == EWOULDBLOCK;
@@ -161,6 +153,8 @@ Prise Prendre(const Chemin& chemin, std::string_view generique) {
     ::close(descripteur);
   }
 }
+
+constexpr std::string_view kDeLaSession = "QVR2.IN";  // how the names of its files begin, in upper case
 
 // Scratch files of the generic which nobody holds; those of the initialisation file, that its programs write too, and
 // those that the process made under other names (pictures, sorted and merged files, the report without a name), unless
@@ -177,7 +171,7 @@ void Balayer(const Chemin& repertoire, std::string_view generique, std::string_v
     if (!EstNomProvisoire(nom)) continue;
     const std::string majuscules = Majuscules(NomDepuisUtf8(nom));
     if (majuscules.starts_with(debut) || majuscules.starts_with("." + debut)) duGenerique.push_back(i->path());
-    else if (ProcessusDuProvisoire(nom) == disparu || majuscules.starts_with("QVR2.IN")) autres.push_back(i->path());
+    else if (ProcessusDuProvisoire(nom) == disparu || majuscules.starts_with(kDeLaSession)) autres.push_back(i->path());
   }
   for (const Chemin& chemin : duGenerique) EffacerSiAbandonne(chemin);
   if (releve) return;

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
 #include "core/fichiers/morceaux.h"
 #include "core/programme/erreur.h"
@@ -28,8 +29,6 @@ struct Marque {
   unsigned long long empreinte = 0;
   long long instant = 0;  // of the last write, in nanoseconds
 };
-
-long long InstantDe(const struct stat& etat) { return etat.st_mtim.tv_sec * 1000000000LL + etat.st_mtim.tv_nsec; }
 
 bool LireMarque(int descripteur, Marque& marque) {
   std::array<char, kMarqueAuPlus> octets{};
@@ -67,8 +66,8 @@ void MarquerNonAttendu(int descripteur, std::uint64_t taille, std::uint64_t empr
   struct stat etat {};
   const std::string amorce = AmorceDuSysteme();
   if (amorce.empty() || ::fstat(descripteur, &etat) != 0) return;
-  const std::string texte = Joindre(
-      {amorce, " ", std::to_string(taille), " ", std::to_string(empreinte), " ", std::to_string(InstantDe(etat))});
+  const std::string texte = Joindre({amorce, " ", std::to_string(taille), " ", std::to_string(empreinte), " ",
+                                     std::to_string(appels::InstantDEcriture(etat))});
   ::fsetxattr(descripteur, kAttribut, texte.data(), texte.size(), 0);
 }
 
@@ -77,7 +76,7 @@ void VerifierMarque(int descripteur, const Chemin& chemin) {
   if (!LireMarque(descripteur, marque) || marque.amorce == AmorceDuSysteme()) return;
   struct stat etat {};
   if (::fstat(descripteur, &etat) != 0) return;
-  if (InstantDe(etat) <= marque.instant) {
+  if (appels::InstantDEcriture(etat) <= marque.instant) {
     const CondenseDOctets condense = MesurerOuvert(descripteur);
     if (condense.Taille() != marque.taille || condense.Valeur() != marque.empreinte)
       throw Erreur(kErreurPeripherique,

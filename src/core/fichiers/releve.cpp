@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 
+#include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
 #include "core/fichiers/provisoire.h"
 #include "core/programme/erreur.h"
@@ -105,8 +106,7 @@ Chemin CheminDeReleve(const Chemin& repertoire, std::string_view generique) {
 }
 
 std::optional<Releve> LireReleve(const Chemin& chemin) {
-  std::error_code code;
-  if (!std::filesystem::exists(std::filesystem::symlink_status(chemin, code))) return std::nullopt;
+  if (!appels::Existe(chemin.c_str())) return std::nullopt;
   const std::string octets = LireOctets(chemin);
   const std::size_t fin = octets.rfind("fin\t");
   if (fin == std::string::npos || octets.substr(fin) != "fin\t" + Condenser(octets.substr(0, fin)) + "\r\n")
@@ -147,7 +147,7 @@ bool NoterEtat(const Chemin& chemin, std::uint64_t& noeud, std::int64_t& instant
   struct stat etat {};
   if (::stat(chemin.c_str(), &etat) != 0) return false;
   noeud = etat.st_ino;
-  instant = etat.st_mtim.tv_sec * 1000000000 + etat.st_mtim.tv_nsec;
+  instant = appels::InstantDEcriture(etat);
   return true;
 }
 

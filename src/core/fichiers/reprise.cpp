@@ -16,12 +16,7 @@ namespace quelvar {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-bool Present(const Chemin& chemin) {
-  std::error_code code;
-  return fs::exists(fs::symlink_status(chemin, code));
-}
+bool Present(const Chemin& chemin) { return appels::Existe(chemin.c_str()); }
 
 bool Est(const Chemin& chemin, const EntreeDeReleve& e) {
   return MesurerFichier(chemin) == MesureDeFichier{e.taille, e.empreinte};

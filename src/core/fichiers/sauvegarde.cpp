@@ -12,11 +12,12 @@ std::string NomDeSauvegarde(std::string_view nom, int numero) {
 }
 
 std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom) {
-  for (int numero = 2; numero <= kSauvegardes; ++numero)
+  for (int numero = kPremiereSauvegarde; numero <= kDerniereSauvegarde; ++numero)
     if (std::string copie = NomDeSauvegarde(nom, numero); !ChercherFichier(repertoire, copie)) return copie;
   throw Erreur(kAccesFichier,
-               Joindre({"*** Arret du programme : les copies de ", nom, ", de ", NomDeSauvegarde(nom, 2), " à "_w,
-                        NomDeSauvegarde(nom, kSauvegardes), ", existent toutes ; effacez celles qui ne servent plus"}));
+               Joindre({"*** Arret du programme : les copies de ", nom, ", de ",
+                        NomDeSauvegarde(nom, kPremiereSauvegarde), " à "_w, NomDeSauvegarde(nom, kDerniereSauvegarde),
+                        ", existent toutes ; effacez celles qui ne servent plus"}));
 }
 
 std::string Sauvegarder(JeuDeFichiers& sorties, const Chemin& ancien, std::string_view nom) {
@@ -35,7 +36,7 @@ std::string NomPourAncienneSauvegarde(const Chemin& repertoire, const Chemin& fi
   const std::optional<Chemin> ancienne = ChercherFichier(repertoire, sauvegarde);
   if (!ancienne || MemesOctets(*ancienne, fichier)) return {};
   // The first of the further names that is free, unless one of those before it says the same.
-  for (int numero = 3; numero <= kSauvegardes; ++numero) {
+  for (int numero = kPremiereSauvegarde + 1; numero <= kDerniereSauvegarde; ++numero) {
     const std::optional<Chemin> occupant = ChercherFichier(repertoire, NomDeSauvegarde(sauvegarde, numero));
     if (!occupant) break;
     if (MemesOctets(*occupant, *ancienne)) return {};
@@ -56,7 +57,7 @@ std::string GarderRemplace(JeuDeFichiers& sorties, const Chemin& ancien, const C
   const Chemin repertoire = ancien.parent_path();
   const std::string nom = TexteDe(ancien.filename());
   const std::string copie = NomDeSauvegardeLibre(repertoire, nom);
-  for (int numero = 2; NomDeSauvegarde(nom, numero) != copie; ++numero)
+  for (int numero = kPremiereSauvegarde; NomDeSauvegarde(nom, numero) != copie; ++numero)
     if (MemesOctets(ancien, CheminDEcriture(repertoire, NomDeSauvegarde(nom, numero)))) return {};
   sorties.Copier(ancien, copie, Nature::Unique);
   return copie;

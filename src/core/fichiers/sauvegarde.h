@@ -11,8 +11,9 @@ namespace quelvar {
 
 // The name of a copy by its number: .CS2, .CS3 ... .CS9, .C10 ... .C99 for a .CSV.
 std::string NomDeSauvegarde(std::string_view nom, int numero);
-// Numbers of copies: two characters of an extension hold no more.
-inline constexpr int kSauvegardes = 99;
+// The numbers of copies: the file itself is the first one, and two characters of an extension hold no more.
+inline constexpr int kPremiereSauvegarde = 2;
+inline constexpr int kDerniereSauvegarde = 99;
 
 // The first of these names that no file has. Raises kAccesFichier, with a sentence, when all of them are taken.
 std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom);

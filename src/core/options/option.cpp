@@ -5,8 +5,11 @@
 #include <cmath>
 #include <cstddef>
 
+#include "core/dessin/svg.h"
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/programme.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
@@ -53,8 +56,7 @@ std::vector<Commencement> Commencements(const std::vector<Option>& options, cons
 
 bool SansDanger(char c) {
   constexpr std::string_view kSignes = "_.,:/=+-@%";
-  return (c >= '0' && c <= '9') || (Minuscule(c) >= 'a' && Minuscule(c) <= 'z') ||
-         kSignes.find(c) != std::string_view::npos;
+  return EstChiffre(c) || (Minuscule(c) >= 'a' && Minuscule(c) <= 'z') || kSignes.find(c) != std::string_view::npos;
 }
 
 std::string Proteger(std::string_view mot) {
@@ -93,10 +95,9 @@ bool LireOuiNon(std::string_view nom, std::string_view valeur) {
 }
 
 int LireEntier(std::string_view nom, std::string_view valeur, int minimum, int maximum) {
-  constexpr std::size_t kChiffresDUnEntier = 9;
+  constexpr std::size_t kChiffresDUnEntier = 9;  // an int holds any number of them
   const std::string_view chiffres = valeur.substr(valeur.starts_with('-') ? 1 : 0);
-  const bool entier = !chiffres.empty() && chiffres.size() <= kChiffresDUnEntier &&
-                      chiffres.find_first_not_of("0123456789") == std::string_view::npos;
+  const bool entier = SontChiffres(chiffres) && chiffres.size() <= kChiffresDUnEntier;
   const double nombre = entier ? ValeurDe(valeur) : 0;
   if (!entier || nombre < minimum || nombre > maximum)
     RefuserValeur(nom, Joindre({"un nombre entier (", Nombre(minimum), "..", Nombre(maximum), ")"}), valeur);
@@ -127,9 +128,7 @@ std::string EcrireReel(double valeur) {
 }
 
 void ExigerSvg(std::string_view nom, std::string_view valeur) {
-  constexpr std::string_view kExtension = ".svg";
-  if (valeur.size() <= kExtension.size() || !Minuscules(valeur).ends_with(kExtension))
-    RefuserValeur(nom, "un nom en .svg", valeur);
+  if (!EstNomDeSvg(valeur)) RefuserValeur(nom, "un nom en .svg", valeur);
 }
 
 std::vector<std::string> NomsSepares(std::string_view texte) {
@@ -150,9 +149,9 @@ std::string NomsJoints(const std::vector<std::string>& noms) {
 }
 
 std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::string_view valeur) {
-  constexpr std::size_t kNomLePlusLong = 4;
   const std::size_t egal = valeur.find('=');
-  if (egal == std::string_view::npos || egal == 0 || egal > kNomLePlusLong) RefuserValeur(option, "NOM=TEXTE", valeur);
+  if (egal == std::string_view::npos || egal == 0 || egal > kLargeurDeModalite)
+    RefuserValeur(option, "NOM=TEXTE", valeur);
   return {std::string(valeur.substr(0, egal)), std::string(valeur.substr(egal + 1))};
 }
 

@@ -10,7 +10,10 @@ namespace quelvar {
 
 namespace {
 
+// Bytes that nobody is asked for, and the part of what is free from which on he is: the rest is for the other programs
+// of the machine.
 constexpr std::uint64_t kPeu = std::uint64_t{256} << 20;
+constexpr std::uint64_t kPartSansDemande = 4;
 constexpr std::uint64_t kSansLimite = std::numeric_limits<std::uint64_t>::max();
 
 std::uint64_t MemoireLibre() {
@@ -18,14 +21,17 @@ std::uint64_t MemoireLibre() {
     LecteurLignes lecteur("/proc/meminfo");
     for (std::string_view ligne; lecteur.Lire(ligne);) {
       constexpr std::string_view kMot = "MemAvailable:";
-      if (ligne.starts_with(kMot)) return static_cast<std::uint64_t>(ValeurDe(ligne.substr(kMot.size()))) * 1024;
+      constexpr std::uint64_t kKibioctet = 1024;  // the unit of that line
+      if (ligne.starts_with(kMot)) return static_cast<std::uint64_t>(ValeurDe(ligne.substr(kMot.size()))) * kKibioctet;
     }
   } catch (const Erreur&) {  // no such file on this system
   }
   return kSansLimite;
 }
 
-bool EstBeaucoup(std::uint64_t besoin, std::uint64_t libre) { return besoin > kPeu && besoin > libre / 4; }
+bool EstBeaucoup(std::uint64_t besoin, std::uint64_t libre) {
+  return besoin > kPeu && besoin > libre / kPartSansDemande;
+}
 
 std::string Bilan(std::string_view quoi, std::uint64_t besoin, std::uint64_t libre) {
   std::string texte = Joindre({Nombre(besoin), " octets ", quoi});

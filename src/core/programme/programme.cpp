@@ -234,7 +234,8 @@ std::string TexteTropLong(std::string_view nomRapport) {
 }
 
 std::string_view TexteFichAff(std::string_view nom) {
-  return nom.size() > 15 ? nom.substr(nom.size() - std::min<std::size_t>(16, nom.size())) : nom;
+  constexpr std::size_t kGardes = 16;  // characters that the label has room for
+  return nom.size() < kGardes ? nom : nom.substr(nom.size() - kGardes);
 }
 
 void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte) {

@@ -14,7 +14,8 @@ namespace {
 
 std::string Fixe(double valeur, int entiers, int decimales) {
   if (!(std::fabs(valeur) >= kSansExposant) || std::isinf(valeur)) return NombreFixe(valeur, entiers, decimales);
-  std::array<char, 400> tampon{};
+  constexpr std::size_t kPlusLong = 400;  // the largest double has 309 digits before its point
+  std::array<char, kPlusLong> tampon{};
   const auto [fin, _] =
       std::to_chars(tampon.data(), tampon.data() + tampon.size(), valeur, std::chars_format::fixed, decimales);
   const std::string texte(tampon.data(), fin);
@@ -27,8 +28,8 @@ std::string Fixe(double valeur, int entiers, int decimales) {
 std::string ColonneDeNombres::operator()(double valeur) const { return Fixe(valeur, entiers_, decimales_); }
 
 void ColonneDeNombres::Ajouter(std::string& ligne, double valeur) const {
-  constexpr double kChiffresCourts = 1e9;
-  constexpr int kPlaces = 40;
+  constexpr double kChiffresCourts = 1e9;  // below, 32 bits hold the digits
+  constexpr int kPlaces = 40;              // columns of a number, more than any table gives it
   const double echelonne = ArrondirPair(decimales_ == 0 ? valeur : decimales_ == 1 ? valeur * 10 : valeur * 100);
   if (decimales_ > 2 || !(std::fabs(echelonne) < kChiffresCourts) || entiers_ + decimales_ + 1 > kPlaces) {
     ligne += Fixe(valeur, entiers_, decimales_);

@@ -13,7 +13,7 @@ inline constexpr double kSansExposant = 1e15;
 // What stands directly in front of a column: a number, from which a blank must part it, or a text.
 enum class Voisin { Texte, Nombre };
 
-// A column of `NombreFixe`: the width told holds as long as every value seen fits.
+// A column of `NombreFixe`: the width that it is made with holds as long as every value seen fits.
 class ColonneDeNombres {
  public:
   ColonneDeNombres(int entiers, int decimales, Voisin voisin = Voisin::Texte)

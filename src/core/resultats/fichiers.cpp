@@ -83,12 +83,6 @@ void AjouterSepare(std::string& texte, const TableauEdite& tableau, SortieDeTabl
 
 }  // namespace
 
-std::string TexteDeCellule(const Cellule& cellule) {
-  if (!cellule.valeur) return {};
-  constexpr int kLargeur = 20;
-  return std::string(Rogner(NombreFixe(*cellule.valeur, kLargeur, cellule.decimales)));
-}
-
 std::string PageHtml(std::string_view titre, std::span<const TableauEdite> tableaux) {
   std::string page =
       Joindre({"<!DOCTYPE html>\n<html lang=\"fr\">\n<head>\n<meta charset=\"utf-8\">\n<title>", Html(titre),

@@ -17,8 +17,8 @@ struct FormeFixe {
 };
 
 // Columns that a table wants: that of its head and those of its columns. A column holds its longest label, and its
-// largest count with one blank before it; the head holds the largest count of the first column of cells that a
-// rangee shows in place of a title, and what it takes more than its minimum is taken from the page.
+// largest count with one blank before it; the head holds the largest count of the first column of cells, which a row
+// shows in place of a title, and what it takes more than its minimum is taken from the page.
 struct LargeursFixes {
   int tete = 0;
   int page = 0;

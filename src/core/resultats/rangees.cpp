@@ -73,14 +73,17 @@ void ColonneEnRangees::EcrireValeur(std::string& ligne, double valeur, int decim
   else ligne += NombreFixe(valeur, entiers_, decimales);
 }
 
-std::string ColonneEnRangees::Titre(std::string_view titre) const {
+void ColonneEnRangees::EcrireTitre(std::string& ligne, std::string_view titre) const {
+  const int enPlus = entiers_ - place_.entiers;
+  const int colonnes = (place_.colonnesDuTitre > 0 ? place_.colonnesDuTitre : place_.entiers) + enPlus;
+  if (place_.titre == TitreDeColonne::TelQuel) ligne.append(static_cast<std::size_t>(enPlus), ' ');
+  ligne += place_.avantTitre;
   switch (place_.titre) {
-    case TitreDeColonne::AGauche: return CadreGauche(titre, entiers_);
-    case TitreDeColonne::ADroite: return CadreDroit(titre, entiers_);
-    case TitreDeColonne::TelQuel: break;
+    case TitreDeColonne::AGauche: ligne += CadreGauche(titre, colonnes); break;
+    case TitreDeColonne::ADroite: ligne += CadreDroit(titre, colonnes); break;
+    case TitreDeColonne::TelQuel: ligne += titre; break;
   }
-  std::string texte(static_cast<std::size_t>(entiers_ - place_.entiers), ' ');
-  return texte += titre;
+  ligne += place_.derriereTitre;
 }
 
 ImprimeurDeRangees::ImprimeurDeRangees(Rapport& rapport, const FormeEnRangees& forme, std::size_t colonnes)
@@ -95,7 +98,8 @@ void ImprimeurDeRangees::Tete(const TableauEdite& tableau) {
   if (!AUneTete(tableau)) return;
   const auto imprimer = [&](std::string_view coin, std::string Colonne::*texte) {
     ligne_ = coin;
-    for (std::size_t j = 0; j < colonnes_.size(); ++j) ligne_ += colonnes_[j].Titre(tableau.colonnes[j].*texte);
+    for (std::size_t j = 0; j < tableau.colonnes.size(); ++j)
+      colonnes_[j].EcrireTitre(ligne_, tableau.colonnes[j].*texte);
     rapport_.Ligne(ligne_);
     ligne_.clear();
   };

@@ -22,7 +22,8 @@ enum class Elargissement : std::uint8_t {
   DerriereUnNombre,  // and keeps one blank before it
 };
 
-// How the heading shows the title of a column: as it stands, or cut and padded to the columns before the point.
+// How the heading shows the title of a column: as it stands, or cut and padded to the columns before the point, or to
+// columns of its own.
 enum class TitreDeColonne : std::uint8_t { TelQuel, AGauche, ADroite };
 
 struct PlaceEnRangee {
@@ -31,6 +32,9 @@ struct PlaceEnRangee {
   Elargissement elargissement = Elargissement::Aucun;
   int enPlus = 0;  // columns beyond those, which a number of the table wants: its heading moves along
   TitreDeColonne titre = TitreDeColonne::TelQuel;
+  int colonnesDuTitre = 0;              // of a title that is cut and padded; 0: those before the point
+  std::string_view avantTitre = {};     // stands in front of the title in the heading
+  std::string_view derriereTitre = {};  // and behind it
 };
 
 struct FormeEnRangees {
@@ -51,8 +55,7 @@ void ImprimerRangees(Rapport& rapport, const TableauEdite& tableau, const FormeE
 // One row as it would stand in a table of its own: a sentence with figures, or the title of a table.
 std::string TexteDeRangee(const Rangee& rangee, const FormeEnRangees& forme);
 
-// A list of figures: rows of one cell, each in a place of its own.
-// The last place serves the rows that follow too.
+// A list of figures: rows of one cell, each in a place of its own; the last place serves the rows that follow too.
 void ImprimerListe(Rapport& rapport, std::span<const Rangee> rangees, const std::vector<PlaceEnRangee>& places);
 
 // The column of a table by its place and what was seen of its cells, which may mix decimals.
@@ -62,8 +65,7 @@ class ColonneEnRangees {
 
   void Voir(const Cellule& cellule);
   void Ecrire(std::string& ligne, const Cellule& cellule) const;
-  // A title in the heading.
-  std::string Titre(std::string_view titre) const;
+  void EcrireTitre(std::string& ligne, std::string_view titre) const;
 
  private:
   bool Elargit() const;
@@ -73,13 +75,14 @@ class ColonneEnRangees {
   int entiers_;
 };
 
-// The same, row by row, for tables that are too large to be held as cells. Columns that widen must have seen their rows
-// before the first is printed.
+// The same, row by row, for tables that are too large to be held as cells, and for tables that follow each other in the
+// same places. Columns that widen must have seen their rows before the first is printed.
 class ImprimeurDeRangees {
  public:
   ImprimeurDeRangees(Rapport& rapport, const FormeEnRangees& forme, std::size_t colonnes);
 
   void Voir(const Rangee& rangee);
+  // The lines above the table, and the heading of its columns, which may be fewer than those of the driver.
   void Tete(const TableauEdite& tableau);
   void Imprimer(const Rangee& rangee);
   // Ends a line that would hold more rows.

@@ -5,8 +5,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace quelvar {
@@ -43,16 +41,5 @@ std::string TexteDeCellule(const Cellule& cellule);
 
 // The files that tables can go to besides the report.
 enum class SortieDeTableaux : std::uint8_t { Aucune, Html, Tsv, Csv };
-
-// The option of the programs that have them.
-inline const std::vector<std::pair<std::string, SortieDeTableaux>>& MotsDesSorties() {
-  static const std::vector<std::pair<std::string, SortieDeTableaux>> mots = {{"rapport", SortieDeTableaux::Aucune},
-                                                                             {"html", SortieDeTableaux::Html},
-                                                                             {"tsv", SortieDeTableaux::Tsv},
-                                                                             {"csv", SortieDeTableaux::Csv}};
-  return mots;
-}
-inline constexpr std::string_view kAideSortie =
-    "les tableaux aussi dans un fichier, sous le nom du rapport et .html, .tsv ou .csv";
 
 }  // namespace quelvar

@@ -20,6 +20,10 @@ unsigned char AvantDernierSigne(unsigned char c) {
 
 }  // namespace
 
+std::string_view SansExtension(std::string_view nom) { return nom.substr(0, nom.find('.')); }
+
+std::string GeneriqueSaisi(std::string_view saisi) { return std::string(Rogner(SansExtension(saisi))); }
+
 std::string GeneriqueSuivant(std::string_view generique) {
   std::string suivant(generique);
   if (const std::size_t etranger = EtrangerFinal(suivant)) {

@@ -1,10 +1,15 @@
-// The name of a generic: the rule that gives a data set its next generation.
+// The name of a generic: what of a text it is, and the rule that gives a data set its next generation.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 namespace quelvar {
+
+// What stands before the first point: the generic that the name of a file, or a name that was typed, begins with.
+std::string_view SansExtension(std::string_view nom);
+// The generic that somebody has typed: the same without the blanks around it.
+std::string GeneriqueSaisi(std::string_view saisi);
 
 // The generic with its last character stepped: digits and letters go up by one; "9", "Z", "z" and every character
 // that is neither give "A". An empty generic has no next one and stays empty.

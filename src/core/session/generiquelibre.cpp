@@ -11,18 +11,37 @@ namespace {
 
 constexpr int kPasDUnTour = 26;  // the rule of names goes round the letters
 
-}  // namespace
+constexpr std::string_view kChangement = "*** Attention, changement de nom générique ***"_w;
 
-bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique) {
+// The files under a generic but those that a run under way writes, which bear a "~".
+std::vector<Chemin> FichiersDuGenerique(const Chemin& repertoire, std::string_view generique) {
+  std::vector<Chemin> fichiers;
   const std::string debut = Majuscules(Joindre({generique, "."}));
   std::error_code code;
   const Chemin ou = repertoire.empty() ? Chemin(".") : repertoire;
   for (std::filesystem::directory_iterator i(ou, code), fin; !code && i != fin; i.increment(code)) {
     const std::string nom = Majuscules(TexteDe(i->path().filename()));
-    // What a run under way writes bears a "~".
-    if (nom.starts_with(debut) && nom.find_first_of(".~", debut.size()) == std::string::npos) return true;
+    if (nom.starts_with(debut) && nom.find_first_of(".~", debut.size()) == std::string::npos)
+      fichiers.push_back(i->path());
   }
-  return false;
+  return fichiers;
+}
+
+}  // namespace
+
+bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique) {
+  return !FichiersDuGenerique(repertoire, generique).empty();
+}
+
+bool NAQueLeRapportDUnArret(const Chemin& repertoire, std::string_view generique, std::string_view titre) {
+  constexpr std::uintmax_t kAuPlus = 100000;  // bytes: a run that stops before its files are made writes far fewer
+  const std::vector<Chemin> fichiers = FichiersDuGenerique(repertoire, generique);
+  if (fichiers.size() != 1) return false;
+  const Chemin& rapport = fichiers.front();
+  if (!EgalSansCasse(TexteDe(rapport.filename()), Joindre({generique, ".PRT"}))) return false;
+  if (LongueurFichier(rapport) > kAuPlus) return false;
+  const std::string texte = LireOctets(rapport);
+  return texte.find(titre) != std::string::npos && texte.find(kChangement) == std::string::npos;
 }
 
 std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique) {
@@ -70,8 +89,9 @@ void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte,
     rapport.Ligne({"*** Attention, le générique "_w, nouveau, " existait déjà, ses fichiers sont remplacés"_w});
 }
 
-void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau) {
-  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
+void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau, bool aere) {
+  rapport.Ligne(kChangement);
+  if (aere) rapport.Ligne();
   rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
   rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
 }

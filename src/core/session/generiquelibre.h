@@ -12,6 +12,9 @@ namespace quelvar {
 
 // Whether a file stands under that generic, whatever its extension: data, tables, reports, coordinates.
 bool GeneriqueExiste(const Chemin& repertoire, std::string_view generique);
+// Whether nothing stands under that generic but the report of a run of that title (its banner) that stopped before it
+// moved there: the name is as good as free. Raises the failures of reading of that report.
+bool NAQueLeRapportDUnArret(const Chemin& repertoire, std::string_view generique, std::string_view titre);
 // The first generic behind this one, by the rule of names, that is free.
 std::string GeneriqueLibre(const Chemin& repertoire, std::string_view generique);
 
@@ -27,7 +30,8 @@ bool PeutEtreRemplace(const Contexte& contexte, std::string_view generique);
 void ImprimerRemplacementDuGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
                                      std::initializer_list<std::string_view> extensions = {});
 
-// The lines of a report on the move to another generic.
-void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau);
+// The lines of a report on the move to another generic, on request with a blank one below the first.
+void ImprimerChangementDeGenerique(Rapport& rapport, const Contexte& contexte, std::string_view nouveau,
+                                   bool aere = false);
 
 }  // namespace quelvar

@@ -6,6 +6,7 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/programme/erreur.h"
+#include "core/session/generique.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -19,9 +20,9 @@ constexpr std::string_view kNomPointeur = "Qvr2.in0";
 
 int NiveauDe(std::string_view ligne) {
   try {
-    return ValeurDe(ligne) == 2 ? 2 : 1;
+    return ValeurDe(ligne) == kNiveauAvance ? kNiveauAvance : kNiveauSimple;
   } catch (const Erreur&) {
-    return 1;
+    return kNiveauSimple;
   }
 }
 
@@ -48,7 +49,7 @@ Initialisation LireInitialisation(const Chemin& chemin) {
   LecteurLignes lecteur(chemin);
   Initialisation initialisation;
   std::string_view ligne;
-  if (lecteur.Lire(ligne)) initialisation.generique = ligne.substr(0, ligne.find('.'));
+  if (lecteur.Lire(ligne)) initialisation.generique = SansExtension(ligne);
   if (lecteur.Lire(ligne)) initialisation.niveau = NiveauDe(ligne);
   return initialisation;
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 
 namespace quelvar {
 
@@ -15,12 +16,12 @@ class JeuDeFichiers;
 // The two lines of Qvr2.ini.
 struct Initialisation {
   std::string generique;
-  int niveau = 1;  // 2 for the maximum of options; everything else in the file reads as 1
+  int niveau = kNiveauSimple;  // kNiveauAvance for the maximum of options; everything else reads as the simple one
 
   bool operator==(const Initialisation&) const = default;
 };
 
-// Raises a failure of reading; a file without lines has no generic and level 1.
+// Raises a failure of reading; a file without lines has no generic and the simple level.
 Initialisation LireInitialisation(const Chemin& chemin);
 // Writes Qvr2.ini anew in the directory, in one rename; nothing for an empty generic. Raises a failure of writing.
 void EcrireInitialisation(const Chemin& repertoire, std::string_view generique, int niveau);

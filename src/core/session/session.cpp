@@ -8,6 +8,7 @@
 #include "core/programme/erreur.h"
 #include "core/programme/lieunomme.h"
 #include "core/programme/version.h"
+#include "core/session/generique.h"
 #include "core/session/recents.h"
 #include "core/texte/nombres.h"
 
@@ -18,6 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kFin = "\r\n";
+constexpr std::string_view kAvertissement = "*** Attention *** ";
 
 std::string Lignes(std::initializer_list<std::string_view> lignes) {
   std::string texte;
@@ -27,7 +29,7 @@ std::string Lignes(std::initializer_list<std::string_view> lignes) {
 
 // A failure as a sentence: what was tried on which file, then the words of the failure.
 std::string Phrase(Texte tentative, const Erreur& erreur) {
-  return Joindre({"*** Attention *** ", tentative, " : ", TexteErreurDuFichierNomme(erreur), kFin});
+  return Joindre({kAvertissement, tentative, " : ", TexteErreurDuFichierNomme(erreur), kFin});
 }
 
 // Runs what may fail to read or write; the failure comes back as a sentence.
@@ -142,15 +144,18 @@ std::string OuvrirGenerique(Session& session, const Reglages& reglages) {
 
 namespace {
 
+// What the files of a survey end in, which a directory is looked through for.
+constexpr std::size_t kLongueurDExtension = 4;
+constexpr std::string_view kExtensions[] = {".POS", ".MOD", ".TXT", ".DBF", ".DAT", ".BRT"};
+
 // The files of the directory that hint at a generic, sorted without regard to case.
 std::vector<std::string> ListerFichiers(const Chemin& repertoire) {
   std::vector<std::pair<std::string, std::string>> trouves;  // upper case, as it stands
   for (const fs::directory_entry& entree : fs::directory_iterator(repertoire)) {
     std::string nom = NomDepuisUtf8(entree.path().filename().native());
     std::string haut = Majuscules(nom);
-    constexpr std::string_view extensions[] = {".POS", ".MOD", ".TXT", ".DBF", ".DAT", ".BRT"};
     std::error_code ignoree;
-    if (std::ranges::any_of(extensions, [&](std::string_view e) { return haut.ends_with(e); }) &&
+    if (std::ranges::any_of(kExtensions, [&](std::string_view e) { return haut.ends_with(e); }) &&
         !entree.is_directory(ignoree))
       trouves.emplace_back(std::move(haut), std::move(nom));
   }
@@ -162,9 +167,8 @@ std::vector<std::string> ListerFichiers(const Chemin& repertoire) {
 }
 
 std::string TexteOuverture(const Session& session, bool fichiersListes) {
-  constexpr std::string_view attention = "*** Attention *** ";
   if (session.ouverture == Ouverture::SansInitialisation)
-    return Lignes({attention, "Il n'y a pas de fichier d'initialisation (Qvr2.ini) dans ce répertoire"_w,
+    return Lignes({kAvertissement, "Il n'y a pas de fichier d'initialisation (Qvr2.ini) dans ce répertoire"_w,
                    "   il faut entrer un nouveau générique ou changer de répertoire"_w, ""});
   if (session.ouverture == Ouverture::Normale)
     return Lignes(
@@ -174,9 +178,9 @@ std::string TexteOuverture(const Session& session, bool fichiersListes) {
   const std::string sansPos =
       Joindre({"Le générique en cours dans ce répertoire ("_w, session.generique, ") n'a pas de fichier *.pos "});
   if (fichiersListes)
-    return Lignes({attention, sansPos, "   vérifiez les fichiers disponibles par le menu 'affichage'"_w, "",
+    return Lignes({kAvertissement, sansPos, "   vérifiez les fichiers disponibles par le menu 'affichage'"_w, "",
                    "D'autres génériques sont disponibles dans ce répertoire "_w});
-  return Lignes({attention, sansPos, "   il faut entrer des données"_w, "",
+  return Lignes({kAvertissement, sansPos, "   il faut entrer des données"_w, "",
                  "Il n'y a pas d'autres génériques disponibles dans ce répertoire "_w});
 }
 
@@ -209,7 +213,7 @@ RapportRepertoire EtatRepertoire(const Session& session) {
   rapport.choix.emplace_back(kLigneTirets);
   std::string precedent;
   for (const std::string& fichier : fichiers) {
-    const std::string_view nom = std::string_view(fichier).substr(0, fichier.size() - 4);
+    const std::string_view nom = std::string_view(fichier).substr(0, fichier.size() - kLongueurDExtension);
     std::string haut = Majuscules(nom);
     if (haut == precedent) continue;
     precedent = std::move(haut);
@@ -238,7 +242,7 @@ std::string EnregistrerInitialisation(Session& session) {
   try {
     const Initialisation trouvee = LireInitialisation(chemin);
     if (session.derniereInitialisation && trouvee != *session.derniereInitialisation && trouvee != nouvelle)
-      texte = Joindre({"*** Attention *** une autre fenêtre avait enregistré dans ce répertoire le générique "_w,
+      texte = Joindre({kAvertissement, "une autre fenêtre avait enregistré dans ce répertoire le générique "_w,
                        trouvee.generique, " (niveau d'utilisateur=", Nombre(trouvee.niveau), "), remplacé par "_w,
                        nouvelle.generique, " (niveau d'utilisateur=", Nombre(nouvelle.niveau), ")", kFin});
   } catch (const Erreur&) {  // no file yet, or one that can't be read: writing tells
@@ -261,7 +265,7 @@ bool EstImpossible(std::string_view generique) {
 
 Acceptation AccepterGenerique(Session& session, const Reglages& reglages, std::string_view saisi) {
   Acceptation acceptation;
-  const std::string_view generique = saisi.substr(0, saisi.find('.'));
+  const std::string_view generique = SansExtension(saisi);
   if (Rogner(generique).empty() || saisi == kLigneTirets || saisi == kAncienAbsent) {
     acceptation.texte = Lignes({"Pas de nom : recommencer"});
     return acceptation;

@@ -13,6 +13,10 @@ namespace quelvar {
 
 namespace {
 
+// Significant digits that a number is written with: as many as its type holds whatever the number.
+constexpr int kChiffresDUnDouble = 15;
+constexpr int kChiffresDUnSimple = 7;
+
 // The characters of one number, gathered without the blanks between them, in the writing that from_chars takes.
 struct NombreLu {
   std::string texte;  // sign "-", digits, point, exponent with "e"
@@ -87,7 +91,7 @@ std::string EnTexte(T valeur, int chiffres) {
   if (std::isnan(valeur)) throw Erreur(kArgumentIncorrect);
   if (std::isinf(valeur)) throw Erreur(kDepassementCapacite);
   if (valeur == 0) return "0";
-  std::array<char, 40> tampon{};
+  std::array<char, 40> tampon{};  // the digits, a point, a sign and an exponent of five characters are fewer
   const auto [fin, _] =
       std::to_chars(tampon.data(), tampon.data() + tampon.size(), valeur, std::chars_format::general, chiffres);
   std::string texte(tampon.data(), fin);
@@ -104,7 +108,8 @@ double ValeurDe(std::string_view texte) {
   while (i < texte.size() && texte[i] == ' ') ++i;
   std::int64_t entier = 0;
   const std::size_t debut = i;
-  while (i < texte.size() && i - debut < 15 && EstChiffre(texte[i])) entier = entier * 10 + (texte[i++] - '0');
+  while (i < texte.size() && i - debut < kChiffresDUnDouble && EstChiffre(texte[i]))
+    entier = entier * 10 + (texte[i++] - '0');
   if (i == texte.size()) return static_cast<double>(entier);
 
   const NombreLu nombre = LireNombre(texte);
@@ -136,8 +141,8 @@ float Simple(double valeur) {
   return static_cast<float>(valeur);
 }
 
-std::string Nombre(double valeur) { return EnTexte(valeur, 15); }
-std::string Nombre(float valeur) { return EnTexte(valeur, 7); }
+std::string Nombre(double valeur) { return EnTexte(valeur, kChiffresDUnDouble); }
+std::string Nombre(float valeur) { return EnTexte(valeur, kChiffresDUnSimple); }
 std::string Nombre(std::int64_t valeur) { return std::to_string(valeur); }
 
 }  // namespace quelvar

@@ -2,16 +2,22 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <optional>
+
+#include "core/texte/caracteres.h"
 
 namespace quelvar {
 
 namespace {
 
-std::array<char, 256> ConstruireMajuscules() {
-  std::array<char, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) {
+using TableDOctets = std::array<char, 256>;
+
+// In the code page a capital stands 20 hex before its small letter, and 10 hex in the rows of 80 and 90; that of "ÿ" is
+// among these.
+
+constexpr TableDOctets ConstruireMajuscules() {
+  TableDOctets table{};
+  for (unsigned i = 0; i < table.size(); ++i) {
     unsigned haut = i;
     if ((i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7)) haut = i - 0x20;
     if (i == 0x9A || i == 0x9C || i == 0x9E) haut = i - 0x10;
@@ -21,15 +27,18 @@ std::array<char, 256> ConstruireMajuscules() {
   return table;
 }
 
-std::array<char, 256> ConstruireMinuscules() {
-  const std::array<char, 256> majuscules = ConstruireMajuscules();
-  std::array<char, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<char>(i);
-  for (unsigned i = 0; i < 256; ++i)
-    if (static_cast<unsigned char>(majuscules[i]) != i)
-      table[static_cast<unsigned char>(majuscules[i])] = static_cast<char>(i);
+constexpr TableDOctets kMajuscules = ConstruireMajuscules();
+
+constexpr TableDOctets ConstruireMinuscules() {
+  TableDOctets table{};
+  for (unsigned i = 0; i < table.size(); ++i) table[i] = static_cast<char>(i);
+  for (unsigned i = 0; i < table.size(); ++i)
+    if (static_cast<unsigned char>(kMajuscules[i]) != i)
+      table[static_cast<unsigned char>(kMajuscules[i])] = static_cast<char>(i);
   return table;
 }
+
+constexpr TableDOctets kMinuscules = ConstruireMinuscules();
 
 }  // namespace
 
@@ -51,15 +60,8 @@ std::string_view RognerDroite(std::string_view texte) { return texte.substr(0, t
 
 std::string_view Rogner(std::string_view texte) { return RognerGauche(RognerDroite(texte)); }
 
-char Majuscule(char c) {
-  static const std::array<char, 256> table = ConstruireMajuscules();
-  return table[static_cast<unsigned char>(c)];
-}
-
-char Minuscule(char c) {
-  static const std::array<char, 256> table = ConstruireMinuscules();
-  return table[static_cast<unsigned char>(c)];
-}
+char Majuscule(char c) { return kMajuscules[static_cast<unsigned char>(c)]; }
+char Minuscule(char c) { return kMinuscules[static_cast<unsigned char>(c)]; }
 
 std::string Majuscules(std::string_view texte) {
   std::string resultat(texte);
@@ -203,26 +205,10 @@ bool OterMarqueUtf8(std::string_view& octets) {
   return marque;
 }
 
-namespace {
-
-// Place of the first byte above 127, or the size; eight bytes a step, since most texts are nearly all ASCII.
-std::size_t PremierAccent(std::string_view octets) {
-  std::size_t i = 0;
-  for (; i + 8 <= octets.size(); i += 8) {
-    std::uint64_t mot = 0;
-    std::memcpy(&mot, octets.data() + i, 8);
-    if ((mot & 0x8080808080808080ULL) != 0) break;
-  }
-  while (i < octets.size() && static_cast<unsigned char>(octets[i]) < 0x80) ++i;
-  return i;
-}
-
-}  // namespace
-
 bool EstUtf8MultiOctet(std::string_view octets) {
   bool multiple = false;
   for (;;) {
-    octets.remove_prefix(PremierAccent(octets));
+    octets.remove_prefix(PremierHaut(octets));
     if (octets.empty()) break;
     const PointUtf8 lu = DecoderUtf8(octets);
     if (lu.longueur == 0) return false;

@@ -6,16 +6,6 @@
 
 namespace quelvar {
 
-namespace {
-
-// Halves of a pair: the first ones, then the second ones, then no more.
-constexpr char16_t kPremieres = 0xD800;
-constexpr char16_t kSecondes = 0xDC00;
-constexpr char16_t kFinDesMoities = 0xE000;
-constexpr char32_t kRemplacement = 0xFFFD;
-
-}  // namespace
-
 std::optional<Utf16> MarqueUtf16(std::string_view octets) {
   if (octets.starts_with("\xFF\xFE")) return Utf16::PetitBout;
   if (octets.starts_with("\xFE\xFF")) return Utf16::GrosBout;
@@ -38,18 +28,17 @@ void DecodeurUtf16::Ajouter(std::string_view octets, std::string& utf8) {
 }
 
 void DecodeurUtf16::AjouterUnite(char16_t unite, std::string& utf8) {
-  const bool seconde = unite >= kSecondes && unite < kFinDesMoities;
+  const bool seconde = EstSecondeMoitie(unite);
   if (const char16_t premiere = std::exchange(enAttente_, u'\0'); premiere != 0) {
-    const char32_t point = 0x10000U + ((char32_t{premiere} - kPremieres) << 10U) + (char32_t{unite} - kSecondes);
-    AjouterUtf8(utf8, seconde ? point : kRemplacement);
+    AjouterUtf8(utf8, seconde ? PointDesMoities(premiere, unite) : kMoitieSeule);
     if (seconde) return;
   }
-  if (unite >= kPremieres && unite < kSecondes) enAttente_ = unite;
-  else AjouterUtf8(utf8, seconde ? kRemplacement : unite);
+  if (EstPremiereMoitie(unite)) enAttente_ = unite;
+  else AjouterUtf8(utf8, seconde ? kMoitieSeule : unite);
 }
 
 void DecodeurUtf16::Finir(std::string& utf8) {
-  if (!impair_.empty() || enAttente_ != 0) AjouterUtf8(utf8, kRemplacement);
+  if (!impair_.empty() || enAttente_ != 0) AjouterUtf8(utf8, kMoitieSeule);
   impair_.clear();
   enAttente_ = u'\0';
 }

@@ -7,6 +7,25 @@
 
 namespace quelvar {
 
+// Halves of a pair of units: the first ones, then the second ones, then no more.
+constexpr bool EstPremiereMoitie(char16_t unite) { return unite >= 0xD800 && unite < 0xDC00; }
+constexpr bool EstSecondeMoitie(char16_t unite) { return unite >= 0xDC00 && unite < 0xE000; }
+// The character that a first and a second half make, and what stands for half a pair.
+constexpr char32_t PointDesMoities(char16_t premiere, char16_t seconde) {
+  return 0x10000U + ((char32_t{premiere} - 0xD800U) << 10U) + (char32_t{seconde} - 0xDC00U);
+}
+inline constexpr char32_t kMoitieSeule = 0xFFFD;
+
+// Adds a character, by its code point, to a text: one unit, or a pair.
+inline void AjouterUtf16(std::u16string& texte, char32_t point) {
+  if (point < 0x10000) {
+    texte += static_cast<char16_t>(point);
+  } else {
+    texte += static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10));
+    texte += static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
+  }
+}
+
 // The order of the two bytes of a unit: the low one first, or the high one.
 enum class Utf16 { PetitBout, GrosBout };
 

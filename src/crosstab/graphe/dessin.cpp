@@ -1,6 +1,7 @@
 // The drawing of a crosstab: lays the two bands out in points, then turns them into marks.
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -30,6 +31,22 @@ constexpr double kHauteurNomDeBande = 16;
 constexpr double kEntreBandes = 22;
 constexpr double kPiedDeBande = 12;  // shares of the columns, under the rows
 constexpr double kDemiBarre = 3.4;
+constexpr double kRayonDeMarque = 1.8;  // at the end of a bar
+constexpr double kHorsDeMarque = 3.5;   // from there to the name
+constexpr double kLigneDuTitre = 10;    // base of the first line of the title, and of the name of a band
+constexpr double kSousLeTitre = 15;     // base of the scale, under the last line of the title
+constexpr double kAvantEchelle = 10, kDerriereEchelle = 6;
+constexpr double kSurLaBase = 3;           // the bar of the scale, over the base of its text
+constexpr double kDemiTaquet = 3;          // at its two ends
+constexpr double kAutourDUneTete = 3;      // on both sides of a column label
+constexpr double kSousLesTetes = 6;        // between the column labels and the rows
+constexpr double kSousUneTete = 1;         // between a column label and the line that goes down from it
+constexpr double kFilSousLesTetes = 2;     // where that line begins when another label stands in its way
+constexpr double kLargeurDuFil = 0.1;      // of that line, against the other labels
+constexpr double kSurLePied = 2;           // between the rows and the share of a column
+constexpr double kDroiteDesIntitules = 2;  // how far the row labels go into the room of the names
+constexpr double kTraitDEchelle = 1.2, kTraitDeTaquet = 0.8, kTraitDeMargeDeColonne = 0.7, kTraitDeLigne = 0.4;
+constexpr double kTeinteDeLigne = 0.6, kTeinteDeBarre = 0.55;
 constexpr const char* kSuite = "...";  // of a text that was cut
 
 constexpr Police kPoliceTitre{.corps = 12, .gras = true};
@@ -117,8 +134,10 @@ class Trace {
 
  private:
   double X(double unites) const { return gauche_ + unites * unite_; }
-  double YEchelle() const { return kMarge + 15 + kInterligneTitre * static_cast<double>(titre_.size()); }
-  double DebutEchelle() const { return kMarge + LargeurTexte(TexteEchelle(etat_), kPoliceEchelle.corps) + 10; }
+  double YEchelle() const { return kMarge + kSousLeTitre + kInterligneTitre * static_cast<double>(titre_.size()); }
+  double DebutEchelle() const {
+    return kMarge + LargeurTexte(TexteEchelle(etat_), kPoliceEchelle.corps) + kAvantEchelle;
+  }
   double Largeur() const;
   void PlacerColonnes();
   void PlacerTetes(BandePlacee& placee) const;
@@ -127,8 +146,8 @@ class Trace {
   void Lignes(Dessin& dessin, const BandePlacee& placee) const;
   void Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, Occupation& occupation) const;
   Position Deplacement(std::size_t entree) const { return etat_.entrees[entree].deplacement; }
-  std::size_t EntreeLigne(std::size_t i) const { return 2 + i; }
-  std::size_t EntreeColonne(std::size_t j) const { return 2 + donnees_.lignes.size() + j; }
+  std::size_t EntreeLigne(std::size_t i) const { return kEntreeDeLaPremiereLigne + i; }
+  std::size_t EntreeColonne(std::size_t j) const { return EntreeLigne(donnees_.lignes.size()) + j; }
 
   const EtatGraphe2& etat_;
   const DonneesGraphe2& donnees_;
@@ -165,7 +184,7 @@ Trace::Trace(const EtatGraphe2& etat) : etat_(etat), donnees_(etat.donnees) {
   fenetre_ = std::max(largeur_, AgrandissementGraphe2(donnees_) * kLargeurInitialeGraphe2);
   unite_ = std::clamp(kLargeurVisee / fenetre_, kUniteMinimum, kUniteInitiale) * etat.echelle;
   titre_ = Plier(donnees_.titre, std::max(X(fenetre_), kLargeurVisee), kPoliceTitre);
-  std::size_t entree = 2 + donnees_.lignes.size() + donnees_.colonnes.size();
+  std::size_t entree = EntreeColonne(donnees_.colonnes.size());
   for (const auto* elements : {&donnees_.lignes, &donnees_.colonnes})
     for (const ElementGraphe2& element : *elements) entreesDesTextes_.push_back(element.texte.empty() ? 0 : entree++);
   bandes_.push_back({donnees_.observe, "Tableau observé"_w, {}, {}});
@@ -204,13 +223,13 @@ void Trace::PlacerTetes(BandePlacee& placee) const {
     for (const std::string& ligne : tete.lignes)
       largeur = std::max(largeur, LargeurTexte(ligne, kPoliceTete.corps, kPoliceTete.gras));
     const double hauteur = kInterligne * static_cast<double>(tete.lignes.size());
-    tete.zone = {X(zeros_[j]) - largeur / 2 - 3, -hauteur, largeur + 6, hauteur};
+    tete.zone = {X(zeros_[j]) - largeur / 2 - kAutourDUneTete, -hauteur, largeur + 2 * kAutourDUneTete, hauteur};
     for (; !occupation.Libre(tete.zone); tete.elevation += kInterligne) tete.zone.y -= kInterligne;
     occupation.Prendre(tete.zone);
     placee.hauteurTetes = std::max(placee.hauteurTetes, tete.elevation + hauteur);
     placee.tetes.push_back(tete);
   }
-  placee.hauteurTetes += 6;
+  placee.hauteurTetes += kSousLesTetes;
 }
 
 std::string LegendeEchelle(const EtatGraphe2& etat) {
@@ -222,53 +241,57 @@ double Trace::Largeur() const {
   double droite = X(fenetre_) + kMargeDesNoms;
   for (const std::string& ligne : titre_)
     droite = std::max(droite, kMarge + LargeurTexte(ligne, kPoliceTitre.corps, kPoliceTitre.gras) + kMarge);
-  const double echelle = DebutEchelle() + etat_.valeurEchelle * unite_ + 6;
+  const double echelle = DebutEchelle() + etat_.valeurEchelle * unite_ + kDerriereEchelle;
   return std::max(droite, echelle + LargeurTexte(LegendeEchelle(etat_), kPoliceLegende.corps) + kMarge);
 }
 
 void Trace::Titres(Dessin& dessin) const {
   dessin.Calquer("titres");
-  dessin.Designer(0);
+  dessin.Designer(static_cast<std::int32_t>(kEntreeDuTitre));
   for (std::size_t k = 0; k < titre_.size(); ++k)
-    dessin.Texte({kMarge, kMarge + 10 + kInterligneTitre * static_cast<double>(k)}, titre_[k], kPoliceTitre,
-                 Deplacement(0));
-  dessin.Designer(1);
+    dessin.Texte({kMarge, kMarge + kLigneDuTitre + kInterligneTitre * static_cast<double>(k)}, titre_[k], kPoliceTitre,
+                 Deplacement(kEntreeDuTitre));
+  dessin.Designer(static_cast<std::int32_t>(kEntreeDeLEchelle));
   const double y = YEchelle();
-  const Position d = Deplacement(1);
+  const Position d = Deplacement(kEntreeDeLEchelle);
   dessin.Texte({kMarge, y}, TexteEchelle(etat_), kPoliceEchelle, d);
   const double debut = DebutEchelle() + d.x;
   const double fin = debut + etat_.valeurEchelle * unite_;
-  const double trait = y - 3 + d.y;
-  dessin.Ligne({debut, trait}, {fin, trait}, {.epaisseur = 1.2});
-  for (const double x : {debut, fin}) dessin.Ligne({x, trait - 3}, {x, trait + 3}, {.epaisseur = 0.8});
-  dessin.Texte({fin + 6, y + d.y}, LegendeEchelle(etat_), kPoliceLegende);
+  const double trait = y - kSurLaBase + d.y;
+  dessin.Ligne({debut, trait}, {fin, trait}, {.epaisseur = kTraitDEchelle});
+  for (const double x : {debut, fin})
+    dessin.Ligne({x, trait - kDemiTaquet}, {x, trait + kDemiTaquet}, {.epaisseur = kTraitDeTaquet});
+  dessin.Texte({fin + kDerriereEchelle, y + d.y}, LegendeEchelle(etat_), kPoliceLegende);
   dessin.Designer(-1);
 }
 
 void Trace::Tetes(Dessin& dessin, const BandePlacee& placee) const {
   dessin.Calquer("colonnes");
-  const double base = placee.haut + kHauteurNomDeBande + placee.hauteurTetes - 6;
+  const double base = placee.haut + kHauteurNomDeBande + placee.hauteurTetes - kSousLesTetes;
   const double bas = placee.Bas(donnees_.lignes.size());
   Occupation occupation;
   for (std::size_t j = 0; j < donnees_.colonnes.size(); ++j) {
     const Tete& tete = placee.tetes[j];
     const double x = X(zeros_[j]);
-    const Zone fil{x, -tete.elevation + 1, 0.1, tete.elevation};
+    const Zone fil{x, -tete.elevation + kSousUneTete, kLargeurDuFil, tete.elevation};
     const bool traverse =
         std::any_of(placee.tetes.begin(), placee.tetes.end(), [&](const Tete& t) { return t.zone.Touche(fil); });
-    dessin.Ligne({x, base + 2 - (traverse ? 0 : tete.elevation)}, {x, bas}, {Couleur::Gris, 0.7});
+    dessin.Ligne({x, base + kFilSousLesTetes - (traverse ? 0 : tete.elevation)}, {x, bas},
+                 {Couleur::Gris, kTraitDeMargeDeColonne});
     const std::size_t texte = entreesDesTextes_[donnees_.lignes.size() + j];
     const std::size_t entree = texte == 0 ? EntreeColonne(j) : texte;
     dessin.Designer(static_cast<std::int32_t>(entree));
     for (std::size_t k = 0; k < tete.lignes.size(); ++k)
-      dessin.Texte({x, base - tete.elevation - kInterligne * static_cast<double>(tete.lignes.size() - 1 - k) - 1},
-                   tete.lignes[k], kPoliceTete, Deplacement(entree));
+      dessin.Texte(
+          {x, base - tete.elevation - kInterligne * static_cast<double>(tete.lignes.size() - 1 - k) - kSousUneTete},
+          tete.lignes[k], kPoliceTete, Deplacement(entree));
     dessin.Designer(-1);
     const std::string part = Joindre({TexteDePourcentage(donnees_.colonnes[j].part), "%"});
-    const Zone pied = ZoneDuTexte({x, bas + 2}, part, kPolicePied);
+    const Position sousLesLignes{x, bas + kSurLePied};
+    const Zone pied = ZoneDuTexte(sousLesLignes, part, kPolicePied);
     if (!occupation.Libre(pied)) continue;
     occupation.Prendre(pied);
-    dessin.Texte({x, bas + 2}, part, kPolicePied);
+    dessin.Texte(sousLesLignes, part, kPolicePied);
   }
 }
 
@@ -286,7 +309,7 @@ void Trace::Noms(Dessin& dessin, const BandePlacee& placee, std::size_t i, Occup
       Police police = kPoliceMarque;
       const bool aDroite = auBout == positif;
       police.ancre = aDroite ? Ancre::Debut : Ancre::Fin;
-      const Position place{(auBout ? bout : zero) + (aDroite ? 3.5 : -3.5), y};
+      const Position place{(auBout ? bout : zero) + (aDroite ? kHorsDeMarque : -kHorsDeMarque), y};
       const Zone zone = ZoneDuTexte(place, nom, police);
       if (!occupation.Libre(zone)) continue;
       occupation.Prendre(zone);
@@ -302,7 +325,8 @@ void Trace::Lignes(Dessin& dessin, const BandePlacee& placee) const {
   for (std::size_t i = 0; i < donnees_.lignes.size(); ++i) {
     const double y = placee.LigneDe(i);
     dessin.Calquer("lignes");
-    dessin.Ligne({gauche_, y}, {X(largeur_), y}, {Couleur::GrisClair, 0.4, StyleTrait::Plein, 0.6});
+    dessin.Ligne({gauche_, y}, {X(largeur_), y},
+                 {Couleur::GrisClair, kTraitDeLigne, StyleTrait::Plein, kTeinteDeLigne});
     const ElementGraphe2& ligne = donnees_.lignes[i];
     const std::size_t texte = entreesDesTextes_[i];
     const std::size_t entree = texte == 0 ? EntreeLigne(i) : texte;
@@ -310,7 +334,8 @@ void Trace::Lignes(Dessin& dessin, const BandePlacee& placee) const {
     const std::vector<std::string> nom = LignesDuNom(ligne);
     for (std::size_t k = 0; k < nom.size(); ++k) {
       const double decalage = kInterligneLigne * (static_cast<double>(k) - static_cast<double>(nom.size() - 1) / 2);
-      dessin.Texte({gauche_ - kMargeDesNoms + 2, y + decalage}, nom[k], kPoliceLigne, Deplacement(entree));
+      dessin.Texte({gauche_ - kMargeDesNoms + kDroiteDesIntitules, y + decalage}, nom[k], kPoliceLigne,
+                   Deplacement(entree));
     }
     dessin.Designer(-1);
     dessin.Calquer("marques");
@@ -320,10 +345,10 @@ void Trace::Lignes(Dessin& dessin, const BandePlacee& placee) const {
       const double zero = X(zeros_[j]);
       const double bout = X(zeros_[j] + ecart);
       const Couleur couleur = ecart >= 0 ? Couleur::Bleu : Couleur::Rouge;
-      dessin.Rectangle({zero, y - kDemiBarre}, {bout, y + kDemiBarre}, {couleur, 0.55});
-      dessin.Cercle({bout, y}, 1.8, {couleur, 1}, {.epaisseur = 0});
-      const double debut = std::min(zero, bout) - 1.8;
-      occupation.Prendre({debut, y - kDemiBarre, std::fabs(bout - zero) + 3.6, 2 * kDemiBarre});
+      dessin.Rectangle({zero, y - kDemiBarre}, {bout, y + kDemiBarre}, {couleur, kTeinteDeBarre});
+      dessin.Cercle({bout, y}, kRayonDeMarque, {couleur, 1}, {.epaisseur = 0});
+      const double debut = std::min(zero, bout) - kRayonDeMarque;
+      occupation.Prendre({debut, y - kDemiBarre, std::fabs(bout - zero) + 2 * kRayonDeMarque, 2 * kDemiBarre});
     }
     dessin.Calquer("noms");
     Noms(dessin, placee, i, occupation);
@@ -341,7 +366,7 @@ Dessin Trace::Dessiner() {
   Titres(dessin);
   for (const BandePlacee& placee : bandes_) {
     dessin.Calquer("titres");
-    dessin.Texte({kMarge, placee.haut + 10}, placee.nom, kPoliceBande);
+    dessin.Texte({kMarge, placee.haut + kLigneDuTitre}, placee.nom, kPoliceBande);
     Tetes(dessin, placee);
     Lignes(dessin, placee);
   }

@@ -23,8 +23,8 @@ std::vector<ElementGraphe2> Elements(const std::vector<std::size_t>& places, con
   return elements;
 }
 
-// `cellules` has the margins of the table; a row percentage is that of its non-empty rows.
-BandeGraphe2 Bande(const TableauCroise& t, const Matrice& cellules) {
+// The rows and columns that are not empty, out of the differences of the whole table.
+BandeGraphe2 Bande(const TableauCroise& t, const Matrice& differences) {
   BandeGraphe2 bande;
   bande.ecarts = Matrice(t.lignes.size(), t.colonnes.size());
   bande.largeur = kEcartementGraphe2;
@@ -32,8 +32,7 @@ BandeGraphe2 Bande(const TableauCroise& t, const Matrice& cellules) {
     double petit = 0;
     double grand = 0;
     for (std::size_t i = 0; i < t.lignes.size(); ++i) {
-      const double ecart = 100 * cellules(t.lignes[i], t.colonnes[j]) / t.compte.marges.lignes[t.lignes[i]] -
-                           t.details.partsColonnes[t.colonnes[j]];
+      const double ecart = differences(t.lignes[i], t.colonnes[j]);
       bande.ecarts(i, j) = ecart;
       petit = std::min(petit, ecart);
       grand = std::max(grand, ecart);
@@ -43,15 +42,6 @@ BandeGraphe2 Bande(const TableauCroise& t, const Matrice& cellules) {
     bande.largeur += kEcartementGraphe2 + grand - petit;
   }
   return bande;
-}
-
-double Pas(Coefficient coefficient) {
-  switch (coefficient) {
-    case Coefficient::Faible: return 1;
-    case Coefficient::Fort: return 20;
-    case Coefficient::Moyen: break;
-  }
-  return 5;
 }
 
 constexpr double kGrossissementMinimum = 0.2;
@@ -73,8 +63,8 @@ DonneesGraphe2 PreparerGraphe2(const TableauRetenu& retenu) {
                             retenu.intitulesLignes);
   donnees.colonnes = Elements(t.colonnes, t.compte.rangsColonnes, t.details.partsColonnes,
                               NomsDeModalites(retenu.colonne), retenu.intitulesColonnes);
-  donnees.observe = Bande(t, t.compte.effectifs);
-  donnees.maximum = Bande(t, t.maximum);
+  donnees.observe = Bande(t, t.details.differences);
+  donnees.maximum = Bande(t, Detailler(AvecCellules(t.compte, t.maximum)).differences);
   return donnees;
 }
 
@@ -97,7 +87,7 @@ EtatGraphe2 NouveauGraphe2(const DonneesGraphe2& donnees) {
 }
 
 void DeplacerEntree(EtatGraphe2& etat, SensGraphe2 sens) {
-  const double pas = Pas(etat.coefficient);
+  const double pas = PasDeTexte(etat.coefficient);
   switch (sens) {
     case SensGraphe2::Haut: return DeplacerEntree(etat, {0, -pas});
     case SensGraphe2::Bas: return DeplacerEntree(etat, {0, pas});

@@ -54,11 +54,16 @@ struct EntreeGraphe2 {
   Position deplacement;
 };
 
+inline constexpr std::size_t kEntreeDuTitre = 0;
+inline constexpr std::size_t kEntreeDeLEchelle = 1;
+inline constexpr std::size_t kEntreeDeLaPremiereLigne = 2;
+
 enum class SensGraphe2 { Haut, Bas, Gauche, Droite };
 
 struct EtatGraphe2 {
   DonneesGraphe2 donnees;
-  std::vector<EntreeGraphe2> entrees;  // title, scale, row names, column names, then the texts of those that have one
+  // Title, scale, row names, column names, then the texts of those that have one.
+  std::vector<EntreeGraphe2> entrees;
   std::size_t choisie = 0;
   Coefficient coefficient = Coefficient::Moyen;
   double echelle = 1;         // of the drawing: units grow, texts keep their size

@@ -75,4 +75,8 @@ TableauCompte Reordonner(const TableauCompte& table, const std::vector<std::size
   return ordonne;
 }
 
+TableauCompte AvecCellules(const TableauCompte& table, const Matrice& cellules) {
+  return {cellules, table.marges, table.rangsLignes, table.rangsColonnes};
+}
+
 }  // namespace quelvar::crosstab

@@ -42,4 +42,7 @@ TableauCompte Compter(Matrice effectifs);
 TableauCompte Reordonner(const TableauCompte& table, const std::vector<std::size_t>& lignes,
                          const std::vector<std::size_t>& colonnes);
 
+// The table with other cells of the same margins, as a maximum table is one of its table.
+TableauCompte AvecCellules(const TableauCompte& table, const Matrice& cellules);
+
 }  // namespace quelvar::crosstab

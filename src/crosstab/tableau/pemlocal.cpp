@@ -32,6 +32,7 @@ AttractionLocale PemLocal(double total, double totalLigne, double totalColonne, 
   if (total == 0) throw Erreur(kDivisionParZero);
   AttractionLocale locale;
   const double theorique = totalLigne * totalColonne / total;
+  locale.theorique = theorique;
   locale.ecart = effectif - theorique;
   const double possible = totalLigne < total - totalColonne ? 0 : totalLigne + totalColonne - total;
   const double marge = locale.ecart > 0 ? std::min(totalLigne, totalColonne) - theorique : possible - theorique;

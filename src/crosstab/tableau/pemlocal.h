@@ -9,9 +9,10 @@
 namespace quelvar::crosstab {
 
 struct AttractionLocale {
-  double ecart = 0;  // count less theoretical count
-  double pem = 0;    // percent, from -100 to 100
-  double khi2 = 0;   // of the 2 x 2 table, Yates's correction when a theoretical count is below 5
+  double theorique = 0;  // count of independence
+  double ecart = 0;      // count less theoretical count
+  double pem = 0;        // percent, from -100 to 100
+  double khi2 = 0;       // of the 2 x 2 table, Yates's correction when a theoretical count is below 5
 };
 
 // Counts with weights are sums whose residues count as 0; whole ones are taken as they are, whatever a damaged table

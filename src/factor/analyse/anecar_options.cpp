@@ -1,5 +1,7 @@
 #include "factor/analyse/anecar_options.h"
 
+#include "core/options/sortie.h"
+
 namespace quelvar::factor {
 
 namespace {
@@ -86,8 +88,10 @@ void DecrireEdition(Description<O>& description) {
       .Bouton("optCompact", "compacte")
       .Bouton("optTrié"_w, "triee")
       .Bouton("optDetails", "etendue")
+      .Bouton("TriEdit", "triee")
       .OuiNon("lignes", &O::imprimerLignes, "imprime aussi les lignes du tableau dans les listes triées"_w)
       .Montre("CaseLignes")
+      .Bouton("CaseLignes2", "oui")
       .Libre("seuillignes", "moyenne|N", "contribution minimum pour l'édition des lignes"_w,
              PoserSeuil("seuillignes", &O::seuilLignes), EcrireSeuil(&O::seuilLignes))
       .Defaut("niveau 1 : 0, niveau 2 : moyenne")
@@ -131,7 +135,10 @@ Description<O> Decrire() {
       .Montre("CaseCDG")
       .Libre("inversions", "facteurs", "facteurs, de 1 à 3, dont le signe est inversé dans les fichiers"_w,
              PoserInversions, EcrireInversions)
-      .Defaut("aucune");
+      .Defaut("aucune")
+      .Bouton("Inv1", "1")
+      .Bouton("Inv2", "2")
+      .Bouton("Inv3", "3");
   DecrireClassification(description);
   description.Choix("sortie", &O::sortie, MotsDesSorties(), kAideSortie);
   return description;

@@ -1,13 +1,14 @@
 #include "factor/analyse/editions.h"
 
+#include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/programme/erreur.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/analyse/tables.h"
 
 namespace quelvar::factor {
@@ -52,10 +53,11 @@ void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAn
 
 void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse) {
   const bool acp = analyse.type == TypeAnalyse::Acp;
+  const std::string_view titre =
+      acp ? "ACP : Analyse en composantes principales des ecarts" : "AFC : Analyse des correspondances";
   rapport.Ligne();
-  rapport.Ligne(std::string_view(acp ? "ACP : Analyse en composantes principales des ecarts"
-                                     : "AFC : Analyse des correspondances"));
-  rapport.Ligne(std::string(acp ? 51 : 33, '*'));
+  rapport.Ligne(titre);
+  rapport.Ligne(std::string(titre.size(), '*'));
   rapport.Ligne();
   rapport.Ligne({acp ? "La somme des carrés est de :"_w : "Le phi-deux est de :"_w,
                  NombreFixe(analyse.ecarts.Inertie(analyse.type), 7, 6)});
@@ -64,7 +66,7 @@ void ImprimerTitre(Rapport& rapport, const AnalyseAnecar& analyse) {
 
 void ImprimerNombreDeFacteurs(Rapport& rapport, int nombre) {
   rapport.Ligne();
-  rapport.Ligne({"Le nombre de facteurs a extraire est de  ", Nombre(nombre)});
+  rapport.Ligne({kNombreDeFacteurs, "  ", Nombre(nombre)});
   rapport.Ligne();
 }
 
@@ -86,8 +88,8 @@ void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
     rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});
   rapport.Ligne();
-  rapport.Ligne({"Valeur propre = ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});
-  rapport.Ligne({"Pourcentage du total =", TexteEnColonne(cellules[1], kLargeurPourcentage)});
+  rapport.Ligne({kValeurPropre, " ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});
+  rapport.Ligne({kPourcentage, TexteEnColonne(cellules[1], kLargeurPourcentage)});
   rapport.Ligne();
 }
 
@@ -99,7 +101,7 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
 
 namespace {
 
-// What tells the listing of rows from that of columns.
+// What tells the listing of rows from that of columns. The titles of its columns are wider than their places.
 struct MotsListe {
   std::string_view enTete;
   std::string_view actifs;
@@ -212,14 +214,15 @@ void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, cons
 
 namespace {
 
-// "F=" and the number of each factor in the place that one or two digits leave, between `debut` and `suite`.
-std::string TeteDesFacteurs(std::string_view titre, std::size_t facteurs, std::string_view debut,
-                            std::string_view suite) {
-  std::string ligne(titre);
-  for (std::size_t k = 1; k <= facteurs; ++k) {
-    ligne += k > 9 ? debut.substr(0, debut.size() - 1) : debut;
-    ligne += "F=" + EntierDroit(static_cast<std::int64_t>(k), k > 9 ? 2 : 1);
-    ligne += suite;
+// The titles of the columns, each to the right in its place; one from "F=100" on moves those behind it.
+std::string TeteDeTable(std::string_view coin, const std::vector<Colonne>& colonnes, const FormeEnRangees& forme) {
+  constexpr int kTitre = 4;  // characters that leave the blanks in front of a title whole
+  std::string ligne(coin);
+  for (std::size_t j = 0; j < colonnes.size(); ++j) {
+    const std::string& titre = colonnes[j].titre;
+    const int enPlus = std::max(0, static_cast<int>(titre.size()) - kTitre);
+    ligne += forme.places[j].avant;
+    ligne += CadreDroit(titre, forme.places[j].entiers + enPlus);
   }
   return ligne;
 }
@@ -258,11 +261,12 @@ void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const A
   FormeEnRangees forme{.titre = kNom, .avantIntitule = "   "};
   for (std::size_t k = 0; k < facteurs; ++k)
     for (const PlaceEnRangee& place : {PlaceEnRangee{"", kCoordonnee}, kPlacePourMille}) forme.places.push_back(place);
-  ImprimerTable(rapport,
-                {Repeter("*---", "*------*----", facteurs, "*"), TeteDesFacteurs("ACT.", facteurs, "    ", "  CPF"),
-                 Repeter("*   ", "*      *1000", facteurs, "*"), TeteDesFacteurs("SUP.", facteurs, "    ", "  CPF"),
-                 std::move(forme), RangeeCompacte},
-                dimension, analyse);
+  const std::vector<Colonne> colonnes = ColonnesCompactes(facteurs);
+  ImprimerTable(
+      rapport,
+      {Repeter("*---", "*------*----", facteurs, "*"), TeteDeTable("ACT.", colonnes, forme),
+       Repeter("*   ", "*      *1000", facteurs, "*"), TeteDeTable("SUP.", colonnes, forme), forme, RangeeCompacte},
+      dimension, analyse);
   rapport.Ligne();
 }
 
@@ -277,13 +281,13 @@ FormeEnRangees FormeEtendue(std::size_t facteurs, std::string_view fin) {
 
 void ImprimerTableEtendue(Rapport& rapport, const Dimension& dimension, const AnalyseAnecar& analyse) {
   const std::size_t facteurs = analyse.facteurs.size();
-  ImprimerTable(
-      rapport,
-      {Repeter("*---*----", "*------*----*----", facteurs, "*"),
-       TeteDesFacteurs("ACT.  QLT", facteurs, "!   ", " COS2  CPF") + "!",
-       TexteDeRangee(MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")),
-       TeteDesFacteurs("SUP.  QLT", facteurs, "!   ", " COS2  CPF") + "!", FormeEtendue(facteurs, "! "), RangeeEtendue},
-      dimension, analyse);
+  const FormeEnRangees forme = FormeEtendue(facteurs, "! ");
+  const std::vector<Colonne> colonnes = ColonnesEtendues(facteurs);
+  ImprimerTable(rapport,
+                {Repeter("*---*----", "*------*----*----", facteurs, "*"), TeteDeTable("ACT.", colonnes, forme) + "!",
+                 TexteDeRangee(MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")),
+                 TeteDeTable("SUP.", colonnes, forme) + "!", forme, RangeeEtendue},
+                dimension, analyse);
 }
 
 }  // namespace

@@ -8,14 +8,15 @@
 #include "core/texte/nombres.h"
 #include "factor/analyse/premier.h"
 #include "factor/analyse/tri.h"
+#include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
 namespace {
 
 // Thousandths as they are kept: rows in double, columns in single precision.
-double MillemeLigne(double f) { return 1000 * f; }
-double MillemeColonne(double g) { return static_cast<double>(Simple(1000 * g)); }
+double MillemeLigne(double f) { return kMilliemesParUnite * f; }
+double MillemeColonne(double g) { return static_cast<double>(Simple(kMilliemesParUnite * g)); }
 
 CoteFacteur DresserCote(const std::vector<double>& coordonnees, const MargesDesEcarts& marges, double valeurPropre,
                         double (*milleme)(double), std::vector<std::int16_t>& qlt) {
@@ -45,7 +46,7 @@ Reconstitution ReconstituerEcarts(const TableauAnecar& tableau, const Ecarts& ec
   if (n < 0) throw Erreur(kArgumentIncorrect);
   Reconstitution rendue{Matrice(tableau.actives.Lignes(), tableau.actives.Colonnes()), {}, {}, n, s};
   const auto element = [&](double poids, double coordonnee) {
-    return ElementReconstitue{100 * poids, 1000 * coordonnee,
+    return ElementReconstitue{100 * poids, kMilliemesParUnite * coordonnee,
                               s == 0 ? 0 : std::sqrt(n) * poids * coordonnee / std::sqrt(s)};
   };
   for (std::size_t i = 0; i < rendue.effectifs.Lignes(); ++i) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/programme/report.h"
+#include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 
 namespace quelvar::factor {
@@ -57,6 +58,38 @@ std::vector<double> SignesDesFacteurs(std::size_t facteurs, const InversionsDeFa
 }
 
 }  // namespace
+
+std::string_view DerniereAnalyse(const Contexte& contexte) {
+  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
+  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
+  if (!acp) return ".AFC";
+  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
+}
+
+std::vector<double> LireValeursPropres(const Chemin& rapport) {
+  double annoncees = 0;
+  std::vector<double> valeurs;
+  LecteurLignes lecteur(rapport);
+  Situer(lecteur, [&] {
+    for (std::string_view ligne; lecteur.Lire(ligne);) {
+      if (ligne.starts_with(kNombreDeFacteurs)) annoncees = ValeurDe(ligne.substr(kNombreDeFacteurs.size()));
+      if (!ligne.starts_with(kValeurPropre) || static_cast<double>(valeurs.size()) >= annoncees) continue;
+      valeurs.push_back(ValeurDe(ligne.substr(kValeurPropre.size())));
+      if (valeurs.back() < 0) throw Erreur(kArgumentIncorrect);
+    }
+  });
+  return valeurs;
+}
+
+std::vector<double> LireParts(const Chemin& rapport) {
+  std::vector<double> parts;
+  LecteurLignes lecteur(rapport);
+  Situer(lecteur, [&] {
+    for (std::string_view ligne; lecteur.Lire(ligne);)
+      if (ligne.starts_with(kPourcentage)) parts.push_back(ValeurDe(ligne.substr(kPourcentage.size())));
+  });
+  return parts;
+}
 
 double InertiePourMille(double inertie, double total) {
   constexpr double kInertieMaximale = 99999;  // five columns

@@ -226,6 +226,27 @@ bool EstLaMemeValeur(double trouvee, double plusGrande, double inertie) {
          Arrondir(trouvee, kDecimalesDesValeursPropres) == Arrondir(plusGrande, kDecimalesDesValeursPropres);
 }
 
+// A rotation of two coordinates by the angle of that cosine and sine.
+void Tourner(double& x, double& y, double cosinus, double sinus) {
+  const double avant = x;
+  x = cosinus * avant - sinus * y;
+  y = sinus * avant + cosinus * y;
+}
+
+// The diagonal of m in descending order, with the columns of v in the same.
+ValeursEtVecteurs Ranger(const Matrice& m, const Matrice& v) {
+  const std::size_t n = m.Lignes();
+  std::vector<std::size_t> ordre(n);
+  std::iota(ordre.begin(), ordre.end(), std::size_t{0});
+  std::ranges::stable_sort(ordre, [&](std::size_t a, std::size_t b) { return m(a, a) > m(b, b); });
+  ValeursEtVecteurs resultat{{}, Matrice(n, n)};
+  for (std::size_t rang = 0; rang < n; ++rang) {
+    resultat.valeurs.push_back(m(ordre[rang], ordre[rang]));
+    for (std::size_t i = 0; i < n; ++i) resultat.vecteurs(i, rang) = v(i, ordre[rang]);
+  }
+  return resultat;
+}
+
 }  // namespace
 
 ValeursEtVecteurs DiagonaliserSymetrique(Matrice m) {
@@ -249,35 +270,12 @@ ValeursEtVecteurs DiagonaliserSymetrique(Matrice m) {
         const double t = (theta < 0 ? -1 : 1) / (std::fabs(theta) + std::sqrt(theta * theta + 1));
         const double c = 1 / std::sqrt(t * t + 1);
         const double s = t * c;
-        for (std::size_t k = 0; k < n; ++k) {
-          const double x = m(k, p);
-          const double y = m(k, q);
-          m(k, p) = c * x - s * y;
-          m(k, q) = s * x + c * y;
-        }
-        for (std::size_t k = 0; k < n; ++k) {
-          const double x = m(p, k);
-          const double y = m(q, k);
-          m(p, k) = c * x - s * y;
-          m(q, k) = s * x + c * y;
-        }
-        for (std::size_t k = 0; k < n; ++k) {
-          const double x = v(k, p);
-          const double y = v(k, q);
-          v(k, p) = c * x - s * y;
-          v(k, q) = s * x + c * y;
-        }
+        for (std::size_t k = 0; k < n; ++k) Tourner(m(k, p), m(k, q), c, s);
+        for (std::size_t k = 0; k < n; ++k) Tourner(m(p, k), m(q, k), c, s);
+        for (std::size_t k = 0; k < n; ++k) Tourner(v(k, p), v(k, q), c, s);
       }
   }
-  std::vector<std::size_t> ordre(n);
-  std::iota(ordre.begin(), ordre.end(), std::size_t{0});
-  std::ranges::stable_sort(ordre, [&](std::size_t a, std::size_t b) { return m(a, a) > m(b, b); });
-  ValeursEtVecteurs resultat{{}, Matrice(n, n)};
-  for (std::size_t rang = 0; rang < n; ++rang) {
-    resultat.valeurs.push_back(m(ordre[rang], ordre[rang]));
-    for (std::size_t i = 0; i < n; ++i) resultat.vecteurs(i, rang) = v(i, ordre[rang]);
-  }
-  return resultat;
+  return Ranger(m, v);
 }
 
 VecteursSinguliers PremierePaire(const Matrice& d, const Ecarts& ecarts, double inertie, VecteursSinguliers trouvee) {

@@ -66,6 +66,13 @@ Rangee RangeeCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, 
   return rangee;
 }
 
+std::vector<Colonne> ColonnesCompactes(std::size_t facteurs) {
+  std::vector<Colonne> colonnes;
+  for (std::size_t k = 1; k <= facteurs; ++k)
+    for (std::string titre : {"F=" + Nombre(k), std::string("CPF")}) colonnes.push_back({std::move(titre)});
+  return colonnes;
+}
+
 Rangee RangeeEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position) {
   Rangee rangee = RangeeDe(dimension.elements, position, 1 + 3 * analyse.facteurs.size());
   rangee.cellules.push_back(Entiere(dimension.qlt[position]));
@@ -76,6 +83,14 @@ Rangee RangeeEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, s
     rangee.cellules.push_back(Entiere(cote.cpf[position]));
   }
   return rangee;
+}
+
+std::vector<Colonne> ColonnesEtendues(std::size_t facteurs) {
+  std::vector<Colonne> colonnes = {{"QLT"}};
+  for (std::size_t k = 1; k <= facteurs; ++k)
+    for (std::string titre : {"F=" + Nombre(k), std::string("COS2"), std::string("CPF")})
+      colonnes.push_back({std::move(titre)});
+  return colonnes;
 }
 
 Rangee MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse) {

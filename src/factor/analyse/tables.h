@@ -31,11 +31,13 @@ Dimension DimensionDesColonnes(const PlanAnecar& plan, const AnalyseAnecar& anal
 // An element of a sorted listing: number from 1, name, coordinate (thousandths), CPF; label.
 Rangee RangeeTriee(const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t position);
 
-// An element by its name: coordinate and CPF on each factor; label.
+// An element by its name: coordinate and CPF on each factor; label. The titles of these columns.
 Rangee RangeeCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
+std::vector<Colonne> ColonnesCompactes(std::size_t facteurs);
 
-// An element by its name: QLT, then coordinate, COS2 and CPF on each factor; label.
+// An element by its name: QLT, then coordinate, COS2 and CPF on each factor; label. The titles of these columns.
 Rangee RangeeEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
+std::vector<Colonne> ColonnesEtendues(std::size_t facteurs);
 // The same cells for all active elements: the shares of the factors, and the CPF of an element that is like all others.
 // Raises kDepassementCapacite without active elements.
 Rangee MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse);

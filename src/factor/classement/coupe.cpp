@@ -10,6 +10,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
@@ -127,7 +128,7 @@ constexpr std::string_view kRelancer = ", relancez l'analyse factorielle avec la
 // A tree of as many elements may still be that of another state of the survey.
 void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
   const auto dire = [&](Texte remarque) {
-    Avertir(rapport, contexte.Ecran(), Joindre({"*** Attention : ", remarque, kRelancer}));
+    Avertir(rapport, contexte.Ecran(), Joindre({kAttention, remarque, kRelancer}));
   };
   if (!ArbreEstDesCoordonnees(contexte, arbre))
     dire(Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées que celles de "_w,

@@ -8,6 +8,7 @@ const Description<OptionsCoupe>& DescriptionWardCoupe() {
       Description<O>("ward-coupe", "Coupe l'arbre d'une classification : groupes de modalités, ou nouveau générique"_w,
                      WardCoupe)
           .Entier("niveau", &O::niveau, 0, kEtapesAuPlus, "nombre d'étapes de l'arbre"_w)
+          .Montre("ValCAH")
           .OuiNon("intituleslongs", &O::intitulesLongs, "liste les modalités par leur intitulé long"_w)
           .Montre("CheckLong")
           .OuiNon("remplacer", &O::remplacer,

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/texte/nombres.h"
+#include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
@@ -126,8 +127,8 @@ std::vector<Position> ContourDEllipse(Position centre, const AxesDInertie& axes,
   points.reserve(kCordes + 1);
   for (int k = 0; k <= kCordes; ++k) {
     const double t = 2 * k * kDemiPas;
-    points.push_back({centre.x + kMilliemes * (a * std::cos(t) * cosinus - b * std::sin(t) * sinus),
-                      centre.y + kMilliemes * (a * std::cos(t) * sinus + b * std::sin(t) * cosinus)});
+    points.push_back({centre.x + kMilliemesParUnite * (a * std::cos(t) * cosinus - b * std::sin(t) * sinus),
+                      centre.y + kMilliemesParUnite * (a * std::cos(t) * sinus + b * std::sin(t) * cosinus)});
   }
   return points;
 }

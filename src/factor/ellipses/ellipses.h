@@ -44,8 +44,6 @@ struct ChoixEllipses {
 // What stands behind line 1 of the .MOD in the title of the picture; empty without an ellipse.
 std::string SuiteDuTitre(const ChoixEllipses& choix);
 
-inline constexpr double kMilliemes = 1000;  // the files' unit of coordinates, of which 1000 make one
-
 // Sums over the individuals who have a modality, coordinates in units (thousandths of the files divided by 1000).
 struct Nuage {
   std::int64_t effectif = 0;
@@ -111,16 +109,14 @@ TableauEdite TableDesEllipses(const EllipsesDeModalite& modalite);
 // Percent of the points that lie inside the ellipse of that kappa around their mean.
 double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double kappa);
 
-// ".AFC" or ".ACP": the report of the analysis done last.
-std::string_view DerniereAnalyse(const Contexte& contexte);
-
 // .MOD, the report of the analysis, .FI2 and the table of the individuals (without a name when it is not needed).
 using FichiersDesEllipses = std::array<FichierObligatoire, 4>;
 
 // What measuring has found, for the picture and for the report.
 struct BilanEllipses {
   std::optional<FichiersDesEllipses> fichiers = {};  // what was looked for
-  std::vector<std::string> remarques = {};           // lines on the files of the plane and on the .MOD
+  std::vector<std::string> etrangers = {};           // what of the plane's files does not belong to it
+  std::vector<std::string> remarques = {};           // lines on the .MOD
   std::vector<EllipsesDeModalite> tracees = {};
   std::vector<std::string> avis = {};  // for message boxes
   std::optional<Erreur> arret = {};    // why there are no ellipses, with its place

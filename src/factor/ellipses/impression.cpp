@@ -11,6 +11,7 @@ void Imprimer(Rapport& rapport, const Dialogue& ecran, const BilanEllipses& bila
     const auto& [mod, analyse, coordonnees, table] = *bilan.fichiers;
     ExigerFichiers(rapport, ecran, {mod, analyse, coordonnees, table}, kArretAbsence);
     ImprimerBandeau(rapport, "Graphique factoriel + Ellipse(s)");
+    for (const std::string& etranger : bilan.etrangers) rapport.Ligne({"*** Attention : ", etranger});
     rapport.Lignes(bilan.remarques);
     for (const EllipsesDeModalite& modalite : bilan.tracees) ImprimerEllipses(rapport, modalite);
   }

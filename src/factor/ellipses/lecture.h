@@ -1,5 +1,5 @@
-// What the inertia ellipses read of the generic: eigenvalues of the report, coordinates of the individuals, and who has
-// which modality.
+// What the inertia ellipses read of the individuals: who has which modality, and whether their rows are those of their
+// coordinates.
 #pragma once
 
 #include <cstddef>
@@ -14,10 +14,6 @@
 #include "factor/ellipses/ellipses.h"
 
 namespace quelvar::factor {
-
-// Square roots of the eigenvalues that the report of a factor analysis tells, as many as it tells factors. Raises
-// kArgumentIncorrect for a negative one.
-std::vector<double> RacinesDesValeursPropres(const Chemin& rapport);
 
 // Where the modalities stand in the rows of individuals.
 struct LignesDIndividus {

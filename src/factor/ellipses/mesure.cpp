@@ -7,6 +7,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/ellipses/lecture.h"
@@ -93,8 +94,13 @@ void ExigerTous(const FichiersDesEllipses& fichiers) {
 EllipsesDeModalite EllipsesDe(const ModaliteMarquee& marquee, const Nuage& nuage, const AxesDInertie& axes,
                               const ChoixEllipses& choix) {
   const Position centre = nuage.Centre();
-  EllipsesDeModalite modalite{
-      marquee.nom, marquee.intitule, nuage.effectif, {kMilliemes * centre.x, kMilliemes * centre.y}, axes, {}, {}};
+  EllipsesDeModalite modalite{marquee.nom,
+                              marquee.intitule,
+                              nuage.effectif,
+                              {kMilliemesParUnite * centre.x, kMilliemesParUnite * centre.y},
+                              axes,
+                              {},
+                              {}};
   for (const GenreEllipse genre : kGenresEllipse) {
     if (!choix.Voulue(genre)) continue;
     modalite.genres.push_back(genre);
@@ -132,7 +138,7 @@ void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, co
 // The parameters of the table, whose remarks are kept; a table without the individuals has no ellipses.
 ParametresMod LireTableau(const Contexte& contexte, const FichierMod& mod, BilanEllipses& bilan) {
   ParametresMod parametres = LireParametres(mod.parametres);
-  bilan.remarques.insert(bilan.remarques.end(), parametres.remarques.begin(), parametres.remarques.end());
+  bilan.remarques = parametres.remarques;
   if (parametres.burt != 1)
     Refuser("*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
   if (parametres.largeur < 1)
@@ -145,9 +151,9 @@ std::vector<Nuage> LireLesNuages(const Contexte& contexte, const DemandeEllipses
                                  BilanEllipses& bilan) {
   const FichierMod mod = LireMod(contexte.Exiger(".MOD"));
   const ParametresMod parametres = LireTableau(contexte, mod, bilan);
-  const std::vector<double> racines = RacinesDesValeursPropres(contexte.Exiger(analyse));
+  const std::size_t facteurs = LireValeursPropres(contexte.Exiger(analyse)).size();
   for (const int facteur : {demande.horizontal.facteur, demande.vertical.facteur})
-    if (facteur < 1 || static_cast<std::size_t>(facteur) > racines.size()) throw Erreur(kIndiceHorsSelection);
+    if (facteur < 1 || static_cast<std::size_t>(facteur) > facteurs) throw Erreur(kIndiceHorsSelection);
   bool codageLogique = false;
   const std::vector<Position> points =
       PointsDesIndividus(contexte, demande, NombreDeclare(parametres.lignesSup), codageLogique);
@@ -164,8 +170,7 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
   const std::string_view analyse = DerniereAnalyse(contexte);
   bilan.fichiers = ChercherFichiers(contexte, analyse);
   ExigerTous(*bilan.fichiers);
-  for (const std::string& remarque : demande.remarques)
-    bilan.remarques.push_back(Joindre({"*** Attention : ", remarque}));
+  bilan.etrangers = demande.remarques;
   const std::vector<Nuage> nuages = LireLesNuages(contexte, demande, analyse, bilan);
   for (std::size_t m = 0; m < nuages.size(); ++m) {
     if (nuages[m].effectif == 0) continue;
@@ -176,13 +181,6 @@ void Mesurer(const Contexte& contexte, const DemandeEllipses& demande, BilanElli
 }
 
 }  // namespace
-
-std::string_view DerniereAnalyse(const Contexte& contexte) {
-  const std::optional<Chemin> afc = contexte.Chercher(".AFC");
-  const std::optional<Chemin> acp = contexte.Chercher(".ACP");
-  if (!acp) return ".AFC";
-  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
-}
 
 BilanEllipses MesurerEllipses(const Contexte& contexte, const DemandeEllipses& demande) {
   BilanEllipses bilan;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/provenance.h"
 
 namespace quelvar::factor {
@@ -22,29 +22,22 @@ bool EstPlusAncien(const std::optional<Chemin>& fichier, const std::optional<Che
   return !sien && !sienne && dateOrigine - date > kMemeMoment;
 }
 
-constexpr std::string_view kRelancerFacteurs = "relancez l'analyse factorielle";
-constexpr std::string_view kRelancerPem = "relancez les PEM";
-constexpr std::string_view kRelancerCah = "relancez l'analyse factorielle avec la classification";
-
 // Of the files that the plane can't do without.
-void DireLesAges(const Contexte& contexte, DonneesPlan& donnees) {
+void ChercherLesAges(const Contexte& contexte, DonneesPlan& donnees) {
   struct Descendance {
     std::string_view fichier;
     std::string_view origine;
-    std::string_view aRelancer;
+    SujetDuPlan sujet;
     bool lu;
-    std::vector<std::string>& remarques;
   };
   const std::string_view analyse = DerniereAnalyse(contexte);
-  for (const Descendance& d :
-       {Descendance{".FAJ", ".BRT", kRelancerFacteurs, true, donnees.remarques},
-        Descendance{".PEM", ".BRT", kRelancerPem, !donnees.liens.empty(), donnees.remarquesDesLiens},
-        Descendance{".PEL", ".BRT", kRelancerPem, !donnees.liensLignes.empty(), donnees.remarquesDesLignes},
-        Descendance{".CAH", ".FAJ", kRelancerCah, donnees.cah.has_value(), donnees.remarquesDeLArbre},
-        Descendance{analyse, ".FAJ", kRelancerFacteurs, !donnees.parts.empty(), donnees.remarques}}) {
+  for (const Descendance& d : {Descendance{".FAJ", ".BRT", SujetDuPlan::Plan, true},
+                               Descendance{".PEM", ".BRT", SujetDuPlan::Liens, !donnees.liens.empty()},
+                               Descendance{".PEL", ".BRT", SujetDuPlan::LiensDeLignes, !donnees.liensLignes.empty()},
+                               Descendance{".CAH", ".FAJ", SujetDuPlan::Arbre, donnees.cah.has_value()},
+                               Descendance{analyse, ".FAJ", SujetDuPlan::Plan, !donnees.parts.empty()}}) {
     if (!d.lu || !EstPlusAncien(contexte.Chercher(d.fichier), contexte.Chercher(d.origine))) continue;
-    d.remarques.push_back(
-        Joindre({contexte.Nom(d.fichier), " est plus ancien que ", contexte.Nom(d.origine), ", ", d.aRelancer}));
+    donnees.etrangers.push_back({d.sujet, Discordance::PlusAncien, {contexte.Nom(d.fichier), contexte.Nom(d.origine)}});
     if (d.fichier == analyse) donnees.parts.clear();
   }
 }
@@ -66,76 +59,54 @@ bool HorsDuPlan(const DonneesPlan& donnees, const tables::Lien& lien) {
 
 void EcarterLiens(const Contexte& contexte, DonneesPlan& donnees) {
   const auto horsDuPlan = [&](const tables::Lien& lien) { return HorsDuPlan(donnees, lien); };
-  const auto ecarter = [&](std::vector<tables::Lien>& liens, std::string_view extension,
-                           std::vector<std::string>& remarques) {
-    remarques.push_back(Joindre(
-        {contexte.Nom(extension), " n'est pas celui de ce tableau, ses liens ne sont pas montrés, "_w, kRelancerPem}));
+  const auto ecarter = [&](std::vector<tables::Lien>& liens, std::string_view extension, SujetDuPlan sujet) {
+    donnees.etrangers.push_back({sujet, Discordance::AutresLiens, {contexte.Nom(extension)}});
     liens.clear();
   };
   if (donnees.liensPresents &&
       (std::ranges::any_of(donnees.liens, horsDuPlan) || !LiensSontDuTableau(contexte, donnees.liens)))
-    ecarter(donnees.liens, ".PEM", donnees.remarquesDesLiens);
+    ecarter(donnees.liens, ".PEM", SujetDuPlan::Liens);
   if (std::ranges::any_of(donnees.liensLignes, horsDuPlan) ||
       !LiensDeLignesSontDuTableau(contexte, donnees.liensLignes))
-    ecarter(donnees.liensLignes, ".PEL", donnees.remarquesDesLignes);
+    ecarter(donnees.liensLignes, ".PEL", SujetDuPlan::LiensDeLignes);
 }
 
-ArretDeLecture EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
-  if (!donnees.cah) return {};
+std::optional<Etranger> EcarterArbre(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
+  if (!donnees.cah) return std::nullopt;
+  const auto etranger = [&](Discordance discordance) {
+    return Etranger{SujetDuPlan::Arbre, discordance, {contexte.Nom(".CAH")}};
+  };
   if (donnees.cah->etapes.size() + 1 == ElementsDeLArbre(donnees, donnees.cah->individus) &&
       (donnees.cah->individus || CoordonneesSontDesModalites(contexte))) {
     if (!ArbreEstDesCoordonnees(contexte, *donnees.cah))
-      donnees.remarquesDeLArbre.push_back(
-          Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " a été fait sur d'autres coordonnées, "_w, kRelancerCah}));
-    return {};
+      donnees.etrangers.push_back(etranger(Discordance::AutresCoordonnees));
+    return std::nullopt;
   }
-  const std::string faute =
-      Joindre({"l'arbre de "_w, contexte.Nom(".CAH"), " n'est pas celui de ce tableau, ", kRelancerCah});
-  if (exigences.cah) return {Joindre({"*** Arret du programme : ", faute})};
-  donnees.remarquesDeLArbre.push_back(faute);
+  if (exigences.cah) return etranger(Discordance::AutreArbre);
+  donnees.etrangers.push_back(etranger(Discordance::AutreArbre));
   donnees.cah.reset();
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace
 
-ArretDeLecture EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
+std::optional<Etranger> EcarterEtrangers(const Contexte& contexte, const ExigencesGraphe& exigences,
+                                         DonneesPlan& donnees) {
   const auto sansPlace =
       std::count_if(donnees.points.begin(), donnees.points.begin() + static_cast<std::ptrdiff_t>(donnees.colonnes),
                     [](const PointPlan& point) { return !point.place; });
   if (sansPlace > 0)
-    donnees.remarques.push_back(
-        Joindre({Nombre(static_cast<std::int64_t>(sansPlace)), " modalité(s) de "_w, contexte.Nom(".MOD"),
-                 " absente(s) de ", contexte.Nom(".FAJ"), ", ", kRelancerFacteurs}));
-  DireLesAges(contexte, donnees);
-  donnees.remarquesDesEllipses = donnees.remarques;
+    donnees.etrangers.push_back({SujetDuPlan::Plan,
+                                 Discordance::SansPlace,
+                                 {contexte.Nom(".MOD"), contexte.Nom(".FAJ")},
+                                 static_cast<std::int64_t>(sansPlace)});
+  ChercherLesAges(contexte, donnees);
   if (!CoordonneesSontDuTableau(contexte))
-    donnees.remarques.push_back(
-        Joindre({"les coordonnées de "_w, contexte.Nom(".FAJ"), " ne sont pas celles du tableau ", contexte.Nom(".BRT"),
-                 " et des statuts de ", contexte.Nom(".MOD"), ", ", kRelancerFacteurs}));
+    donnees.etrangers.push_back({SujetDuPlan::Coordonnees,
+                                 Discordance::AutreTableau,
+                                 {contexte.Nom(".FAJ"), contexte.Nom(".BRT"), contexte.Nom(".MOD")}});
   EcarterLiens(contexte, donnees);
   return EcarterArbre(contexte, exigences, donnees);
-}
-
-std::vector<std::string> RemarquesDesFichiers(const DonneesPlan& donnees, const ExigencesGraphe& fichiers) {
-  std::vector<std::string> remarques;
-  const auto prendre = [&](bool montre, const std::vector<std::string>& siennes) {
-    if (montre) remarques.insert(remarques.end(), siennes.begin(), siennes.end());
-  };
-  prendre(fichiers.liens, donnees.remarquesDesLiens);
-  prendre(fichiers.lignes, donnees.remarquesDesLignes);
-  prendre(fichiers.cah, donnees.remarquesDeLArbre);
-  return remarques;
-}
-
-void DireLesRemarques(Rapport& rapport, const Contexte& contexte, const std::vector<std::string>& remarques) {
-  if (remarques.empty()) return;
-  std::string boite;
-  for (const std::string& remarque : remarques) {
-    rapport.Ligne({"*** Attention : ", remarque});
-    boite += (boite.empty() ? "" : "\r\n") + remarque;
-  }
-  contexte.Ecran().demander(boite, Boutons::Ok);
 }
 
 }  // namespace quelvar::factor

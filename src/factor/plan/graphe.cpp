@@ -4,7 +4,6 @@
 #include "core/programme/ancienrapport.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
-#include "factor/plan/concordance.h"
 
 namespace quelvar::factor {
 
@@ -130,11 +129,6 @@ Fin Continuer(const Contexte& contexte, const std::function<void(Rapport&)>& cor
 
 }  // namespace
 
-ExigencesGraphe FichiersMontres(const EtatPlan& etat) {
-  const ReglagesLiens& liens = etat.reglages.liens;
-  return {liens.actif && !liens.lignes, liens.actif && liens.lignes, etat.reglages.cah.actif};
-}
-
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat) {
   etat.ellipses.clear();
   const DemandeEllipses demande = EllipsesDemandees(etat);
@@ -188,6 +182,11 @@ Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
 
 namespace {
 
+// A "C" alone keeps the factor that the axis begins with.
+std::string TexteDOption(const AxePlan& axe, const AxePlan& depart) {
+  return axe.cpf && axe.facteur != depart.facteur ? Joindre({"C", Nombre(axe.facteur)}) : TexteAxe(axe);
+}
+
 std::vector<std::string> NomsMarques(const EtatPlan& etat) {
   std::vector<std::string> noms;
   for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
@@ -229,9 +228,10 @@ void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
 OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek) {
   const ReglagesPlan& reglages = etat.reglages;
   OptionsGraphe options;
-  options.horizontal = TexteAxe(reglages.horizontal);
+  const ReglagesPlan depart;
+  options.horizontal = TexteDOption(reglages.horizontal, depart.horizontal);
   const bool usuel = reglages.vertical.facteur == 2 && !reglages.vertical.cpf;
-  if (!usuel) options.vertical = TexteAxe(reglages.vertical);
+  if (!usuel) options.vertical = TexteDOption(reglages.vertical, depart.vertical);
   PourChaqueReglage(options, reglages, [](auto& option, const auto& reglage) { option = reglage; });
   DireLesLiens(reglages.liens, options);
   options.pajek = pajek && reglages.liens.actif;

@@ -12,19 +12,10 @@
 
 namespace quelvar::factor {
 
-// Files that the settings asked for can't do without; another caller goes on without them.
-struct ExigencesGraphe {
-  bool liens = false;   // .PEM
-  bool lignes = false;  // .PEL; a plane without it has no links of rows
-  bool cah = false;     // .CAH
-};
-
 // Reads .MOD, .FAJ, .FAI, .PEM, .PEL, .CAH and the shares of the factors in the last report (.AFC or .ACP), and starts
-// the report .PRT. Nothing when the run has ended there; its report is shown then.
+// the report .PRT. The run can't do without the files of `exigences`, another one goes on without them. Nothing when
+// it has ended there; its report is shown then.
 std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesGraphe& exigences = {});
-
-// The files that the settings draw.
-ExigencesGraphe FichiersMontres(const EtatPlan& etat);
 
 // Computes the ellipses asked for, which starts .PRT anew; without any, leaves everything as it is. False when the run
 // was stopped and its report shown.

@@ -75,7 +75,7 @@ void DecrirePoints(Description<O>& description) {
       .OuiNon("inversery", &O::inverserY, "renverse l'axe vertical")
       .Montre("CheckInvY")
       .OuiNon("echanger", &O::echanger, "échange les deux axes"_w)
-      .Alias({"invxy"})
+      .Montre("InvXY")
       .OuiNon("pointexact", &O::pointExact, "marque la place exacte, l'intitulé à côté"_w)
       .Montre("PointExact")
       .OuiNon("contributions", &O::contributions, "taille selon la contribution")
@@ -112,7 +112,7 @@ void DecrireLiens(Description<O>& description) {
       .OuiNon("lignes", &O::liensDeLignes, "liens entre lignes, du fichier .PEL")
       .Montre("ChkLgnPEM")
       .Entier("progressif", &O::progressif, 0, kLiensAuPlus, "nombre de liens montrés, 0 pour tous"_w)
-      .Alias({"checkprog"})
+      .Montre("CheckProg")
       .OuiNon("value", &O::values, "écrit la valeur des liens"_w)
       .Montre("BtVal")
       .Reel("ecmin", &O::ecMin, "valeur minimum des liens")
@@ -137,7 +137,7 @@ void DecrireClasses(Description<O>& description) {
       .Choix("cah", &O::cah,
              {{"non", CahDuGraphe::Aucune}, {"lignes", CahDuGraphe::Lignes}, {"couleurs", CahDuGraphe::Couleurs}},
              "arbre de la classification, ou ses classes en couleurs")
-      .Alias({"checkcah"})
+      .Montre("CheckCAH")
       .Bouton("BtCouleursNon", "lignes")
       .Bouton("BtCouleursOui", "couleurs")
       .Libre("niveau", "N", "nombre d'étapes de la classification"_w, PoserNiveau, EcrireNiveau)
@@ -148,8 +148,12 @@ void DecrireClasses(Description<O>& description) {
       .Libre("ellipses", "concentration,mediane,indicatrice", "ellipses des modalités marquées"_w, PoserEllipses,
              EcrireEllipses)
       .Defaut("aucune")
+      .Bouton("CheckEllipseC", "concentration")
+      .Bouton("CheckEllipseM", "mediane")
+      .Bouton("CheckEllipseI", "indicatrice")
       .Noms("marques", &O::marques, "éléments marqués, par leurs noms"_w)
-      .Defaut("aucune");
+      .Defaut("aucune")
+      .Montre("TextMarques");
 }
 
 void DecrireCadre(Description<O>& description) {

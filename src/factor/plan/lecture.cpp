@@ -7,8 +7,8 @@
 #include "core/enquete/colonnes.h"
 #include "core/programme/lieunomme.h"
 #include "core/texte/nombres.h"
+#include "factor/analyse/fichiers.h"
 #include "factor/coordonnees.h"
-#include "factor/ellipses/ellipses.h"
 
 namespace quelvar::factor {
 
@@ -73,14 +73,9 @@ std::optional<double> EchelleCommune(const Matrice& entieres, const Matrice& fin
 }
 
 // Shares of the factors, from the later of the two reports; none unless it is on that many factors.
-std::vector<double> LireParts(const Contexte& contexte, std::size_t facteurs) {
-  constexpr std::string_view annonce = "Pourcentage du total =";
+std::vector<double> PartsDesFacteurs(const Contexte& contexte, std::size_t facteurs) {
   const std::optional<Chemin> rapport = contexte.Chercher(DerniereAnalyse(contexte));
-  std::vector<double> parts;
-  if (!rapport) return parts;
-  LecteurLignes lecteur(*rapport);
-  for (std::string_view ligne; lecteur.Lire(ligne);)
-    if (ligne.starts_with(annonce)) parts.push_back(ValeurDe(ligne.substr(annonce.size())));
+  std::vector<double> parts = rapport ? LireParts(*rapport) : std::vector<double>();
   if (parts.size() != facteurs) parts.clear();
   return parts;
 }
@@ -94,7 +89,8 @@ void LireArbre(const Contexte& contexte, const ExigencesGraphe& exigences, Donne
     donnees.cah = LireCah(*cah);
   } catch (const Erreur& erreur) {
     if (exigences.cah) throw;
-    donnees.remarquesDeLArbre.push_back(Joindre({contexte.Nom(".CAH"), " : ", TexteErreurDuFichierNomme(erreur)}));
+    donnees.etrangers.push_back(
+        {SujetDuPlan::Arbre, Discordance::Illisible, {contexte.Nom(".CAH")}, 0, TexteErreurDuFichierNomme(erreur)});
   }
 }
 
@@ -159,7 +155,7 @@ void AffinerCoordonnees(const Contexte& contexte, DonneesPlan& donnees) {
 }
 
 void LireAutourDuPlan(const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
-  donnees.parts = LireParts(contexte, donnees.facteurs);
+  donnees.parts = PartsDesFacteurs(contexte, donnees.facteurs);
   const std::optional<Chemin> pem = contexte.Chercher(".PEM");
   donnees.liensPresents = pem.has_value();
   donnees.liens = tables::LireLiens(pem);

@@ -7,7 +7,6 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/programme/programme.h"
-#include "factor/plan/graphe.h"
 #include "factor/plan/plan.h"
 
 namespace quelvar::factor {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -304,6 +305,11 @@ std::optional<std::size_t> NiveauDesClasses(const ArbreCah& cah, std::size_t cla
   return niveau;
 }
 
+ExigencesGraphe FichiersMontres(const EtatPlan& etat) {
+  const ReglagesLiens& liens = etat.reglages.liens;
+  return {liens.actif && !liens.lignes, liens.actif && liens.lignes, etat.reglages.cah.actif};
+}
+
 DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
   const ReglagesPlan& reglages = etat.reglages;
   DemandeEllipses demande;
@@ -311,13 +317,9 @@ DemandeEllipses EllipsesDemandees(const EtatPlan& etat) {
   demande.horizontal = {reglages.horizontal.facteur, reglages.horizontal.inverse};
   demande.vertical = {reglages.vertical.facteur, reglages.vertical.inverse};
   demande.echelle = etat.donnees.echelle;
-  demande.remarques = etat.donnees.remarquesDesEllipses;
-  const auto montrer = [&](bool montre, const std::vector<std::string>& remarques) {
-    if (montre) demande.remarques.insert(demande.remarques.end(), remarques.begin(), remarques.end());
-  };
-  montrer(reglages.liens.actif && !reglages.liens.lignes, etat.donnees.remarquesDesLiens);
-  montrer(reglages.liens.actif && reglages.liens.lignes, etat.donnees.remarquesDesLignes);
-  montrer(reglages.cah.actif, etat.donnees.remarquesDeLArbre);
+  demande.remarques = RemarquesDesEllipses(etat.donnees.etrangers);
+  for (std::string& remarque : RemarquesDesFichiers(etat.donnees.etrangers, FichiersMontres(etat)))
+    demande.remarques.push_back(std::move(remarque));
   demande.choix = reglages.ellipses;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
     if (reglages.marques[i] != kMarqueColonne || !etat.donnees.points[i].place) continue;

@@ -17,6 +17,7 @@
 #include "factor/classement/coupe.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/plan/arbre.h"
+#include "factor/plan/etrangers.h"
 #include "tables/liens/liens.h"
 
 namespace quelvar::factor {
@@ -46,15 +47,8 @@ struct DonneesPlan {
   std::vector<tables::Lien> liens;        // .PEM: elements counted from 1
   std::vector<tables::Lien> liensLignes;  // .PEL
   std::optional<ArbreCah> cah;
-  bool arbrePresent = false;  // .CAH exists
-  // What is not of the same state of the table, with what to run again: the plane itself, and the files that are drawn
-  // when they are asked for.
-  std::vector<std::string> remarques;
-  std::vector<std::string>
-      remarquesDesEllipses;  // those of the plane without the coordinates, which ellipses don't take
-  std::vector<std::string> remarquesDesLiens;
-  std::vector<std::string> remarquesDesLignes;
-  std::vector<std::string> remarquesDeLArbre;
+  bool arbrePresent = false;        // .CAH exists
+  std::vector<Etranger> etrangers;  // what is not of the same state of the table
 
   bool Individus() const { return burt == 1; }  // the elements behind the columns are individuals
 };
@@ -189,6 +183,9 @@ std::size_t ClassesAuNiveau(const ArbreCah& cah, std::size_t niveau);
 std::optional<std::size_t> NiveauDesClasses(const ArbreCah& cah, std::size_t classes);
 // The modalities with mark 10 on the two factors; none when an axis shows CPF, where an ellipse has no meaning.
 DemandeEllipses EllipsesDemandees(const EtatPlan& etat);
+
+// The files that the settings draw.
+ExigencesGraphe FichiersMontres(const EtatPlan& etat);
 
 // --- the picture ---
 

@@ -61,6 +61,17 @@ void ImprimerNombresDeModalites(Rapport& rapport, const NombresDeModalites& nomb
   rapport.Ligne({"Il y a ", NombreNu(nombres.supplementaires), " modalites supplementaires"});
 }
 
+// In the report, and in one box.
+void DireLesRemarques(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& remarques) {
+  if (remarques.empty()) return;
+  std::string boite;
+  for (const std::string& remarque : remarques) {
+    rapport.Ligne({"*** Attention : ", remarque});
+    boite += (boite.empty() ? "" : "\r\n") + remarque;
+  }
+  ecran.demander(boite, Boutons::Ok);
+}
+
 void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences, DonneesPlan& donnees) {
   ExigerFichiersDuGraphe(rapport, contexte, exigences);
   ImprimerNoms(rapport, contexte);
@@ -74,11 +85,12 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   AffinerCoordonnees(contexte, donnees);
   ImprimerNombresDeModalites(rapport, CompterModalites(donnees));
   LireAutourDuPlan(contexte, exigences, donnees);
-  const ArretDeLecture arret = EcarterEtrangers(contexte, exigences, donnees);
-  std::vector<std::string> remarques = donnees.remarques;
-  for (std::string& remarque : RemarquesDesFichiers(donnees, exigences)) remarques.push_back(std::move(remarque));
-  DireLesRemarques(rapport, contexte, remarques);
-  ArreterSi(rapport, contexte, arret);
+  const std::optional<Etranger> arret = EcarterEtrangers(contexte, exigences, donnees);
+  std::vector<std::string> remarques = RemarquesDuPlan(donnees.etrangers);
+  for (std::string& remarque : RemarquesDesFichiers(donnees.etrangers, exigences))
+    remarques.push_back(std::move(remarque));
+  DireLesRemarques(rapport, contexte.Ecran(), remarques);
+  if (arret) ArreterSi(rapport, contexte, {Joindre({"*** Arret du programme : ", PhraseDe(*arret)})});
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include "core/enquete/parametres.h"
 #include "core/programme/report.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::factor {
 
@@ -50,9 +49,9 @@ std::string RefusDuChoix(const std::vector<std::string>& noms) {
 
 std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms) {
   const ParametresMod lus = LireParametres(parametres);
-  std::string ligne;
+  std::vector<CleDeParametre> cles;
   const auto ajouter = [&](std::string_view cle, double valeur) {
-    if (valeur > 0) ligne += Joindre({cle, Nombre(valeur), " "});
+    if (valeur > 0) cles.emplace_back(cle, valeur);
   };
   ajouter("LIGN=", lus.lignes);
   ajouter("COL=", lus.colonnes);
@@ -61,7 +60,8 @@ std::string LigneDuChoix(std::string_view parametres, const std::vector<std::str
   ajouter("LA=", lus.largeur);
   ajouter("BRT=", lus.burt);
   ajouter("DE=", lus.de);
-  return Joindre({ligne, " MOD=", TexteDuChoix(noms)});
+  // This line begins with its first key, without the blank of the others.
+  return Joindre({RognerGauche(LigneDeParametres(cles)), " MOD=", TexteDuChoix(noms)});
 }
 
 void RendreMarque(std::string& texte) {

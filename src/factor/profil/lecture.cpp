@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/texte/nombres.h"
 
@@ -10,7 +11,6 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = 4;
 constexpr std::size_t kOctets = 256;
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
@@ -42,11 +42,7 @@ class Comptoir {
   std::size_t Questions() const { return questions_.size(); }
 
   // Where the code that a line has at a question is counted.
-  std::size_t Place(const char* ligne, std::size_t question) const {
-    const QuestionComptee& q = questions_[question];
-    if (q.champ.largeur == 1) return q.premiere + static_cast<unsigned char>(ligne[q.champ.debut]);
-    return q.premiere + PlaceDe(LireChampInterieur(ligne, q.champ), q.codeMax);
-  }
+  std::size_t Place(const char* ligne, std::size_t question) const { return Place(ligne, questions_[question]); }
 
   // The places that count for a modality.
   template <class Prendre>
@@ -60,7 +56,7 @@ class Comptoir {
 
   // Adds the codes of a line to counts that start at 0.
   void Compter(const char* ligne, std::uint32_t* comptes) const {
-    for (std::size_t question = 0; question < questions_.size(); ++question) ++comptes[Place(ligne, question)];
+    for (const QuestionComptee& question : questions_) ++comptes[Place(ligne, question)];
   }
 
   // What the counts hold for a code.
@@ -72,6 +68,11 @@ class Comptoir {
 
  private:
   static constexpr std::size_t kAucune = static_cast<std::size_t>(-1);
+
+  static std::size_t Place(const char* ligne, const QuestionComptee& question) {
+    if (question.champ.largeur == 1) return question.premiere + static_cast<unsigned char>(ligne[question.champ.debut]);
+    return question.premiere + PlaceDe(LireChampInterieur(ligne, question.champ), question.codeMax);
+  }
 
   // The last place is that of the values that are no code.
   static std::size_t PlaceDe(int valeur, int codeMax) {
@@ -164,9 +165,9 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
   std::vector<std::vector<std::size_t>> demandes(nombre);  // ranks in the choice, by modality
   for (std::size_t k = 0; k < choisies.size(); ++k) demandes[choisies[k]].push_back(k);
   LecteurLignes lecteur(brt);
-  for (std::size_t i = 0; i < nombre; ++i) {
+  const auto lireLigne = [&](std::size_t i) {
     const std::string_view ligne = lecteur.LireObligatoire();
-    const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurNom + 1 + j * largeur, largeur); };
+    const auto cellule = [&](std::size_t j) { return Milieu(ligne, kLargeurDeModalite + 1 + j * largeur, largeur); };
     const auto verifier = [&](std::size_t j) {
       if (EstEffectif(cellule(j), largeur) || comptes.douteuses++ > 0) return;
       comptes.premiereDouteuse =
@@ -178,9 +179,12 @@ ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const Paramet
       for (std::size_t j = 0; j < nombre; ++j) verifier(j);
     for (const std::size_t k : demandes[i])
       for (std::size_t j = 0; j < nombre; ++j) comptes.ensemble[k].push_back(ValeurDe(cellule(j)));
-  }
+  };
+  Situer(lecteur, [&] {
+    for (std::size_t i = 0; i < nombre; ++i) lireLigne(i);
+  });
   comptes.individus = annonces > 0 ? annonces : parametres.burt == 1 ? parametres.lignesSup : 0;
-  const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, 3);
+  const std::string_view premiere = std::string_view(mod.modalites.front().nom).substr(0, kLargeurDeQuestion);
   if (comptes.individus > 0) return comptes;
   comptes.individus = 0;
   for (std::size_t j = 0; j < mod.modalites.size(); ++j)

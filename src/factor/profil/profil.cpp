@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "core/calcul/tris.h"
-#include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
+#include "core/texte/texte.h"
 #include "crosstab/tableau/khi2.h"
 #include "crosstab/tableau/pemlocal.h"
 
@@ -25,11 +25,9 @@ struct Cle {
 }  // namespace
 
 Attraction Attirer(const Rencontre& rencontre) {
-  if (rencontre.individus == 0) throw Erreur(kDivisionParZero);
   const crosstab::AttractionLocale locale = crosstab::PemLocal(rencontre.individus, rencontre.choisie, rencontre.autre,
                                                                rencontre.ensemble, crosstab::Comptes::Entiers);
-  return {rencontre.choisie * rencontre.autre / rencontre.individus, locale.ecart, locale.khi2,
-          Entier32(std::floor(locale.pem + 0.5))};
+  return {locale.theorique, locale.ecart, locale.khi2, Entier32(std::floor(locale.pem + 0.5))};
 }
 
 std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions) {

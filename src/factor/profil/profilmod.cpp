@@ -4,6 +4,7 @@
 
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
+#include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/noms.h"
 #include "core/programme/libelles.h"
@@ -182,7 +183,7 @@ ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichie
   const std::vector<CodeDeModalite> codes = ExigerCodes(rapport, contexte, mod, *pos);
   ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
   if (comptes.individus < static_cast<double>(pos->taille.individus))
-    Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui annonce");
+    Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   if (comptes.laisses > 0)
     contexte.Ecran().demander(
         Joindre({contexte.Nom(".POS"), " annonce ", Nombre(pos->taille.individus), " individus et ",

@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-#include "forms/cadre/entrees.h"
+#include "forms/cadre/menus/entrees.h"
 
 namespace quelvar::forms {
 

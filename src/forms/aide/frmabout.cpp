@@ -14,6 +14,9 @@ namespace quelvar::forms {
 
 namespace {
 
+constexpr double kCorpsDuTitre = 1.6;  // times that of the form
+constexpr int kCoteDeLIcone = 64;      // pixels, the room of picIcon
+
 QString InformationsSysteme(const QWidget& fenetre) {
   const QScreen* ecran = fenetre.screen();
   const QStorageInfo disque(QStringLiteral("."));
@@ -37,10 +40,10 @@ FrmAbout::FrmAbout(Services& services) : Forme(services), ui_(std::make_unique<U
   ui_->setupUi(this);
   ui_->lblVersion->setText(QStringLiteral("Version ") + VersQt(kVersion));
   QFont titre = font();
-  titre.setPointSizeF(titre.pointSizeF() * 1.6);
+  titre.setPointSizeF(titre.pointSizeF() * kCorpsDuTitre);
   titre.setBold(true);
   ui_->lblTitle->setFont(titre);
-  ui_->picIcon->setPixmap(QGuiApplication::windowIcon().pixmap(64));
+  ui_->picIcon->setPixmap(QGuiApplication::windowIcon().pixmap(kCoteDeLIcone));
   connect(ui_->cmdSysInfo, &QPushButton::clicked, this, [this] {
     ui_->lblInfos->setPlainText(InformationsSysteme(*this));
     ui_->lblInfos->show();

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/cadre/menus.h"
+#include "forms/aide/documents.h"
 
 namespace quelvar::forms {
 

@@ -25,8 +25,8 @@ constexpr int kCrans = 1000;  // steps of the progress bar, whatever the number 
 class Respiration {
  public:
   void Passer() {
-    const auto maintenant = std::chrono::steady_clock::now();
-    if (maintenant - derniere_ < std::chrono::milliseconds(40)) return;
+    constexpr std::chrono::milliseconds cadence(40);
+    if (std::chrono::steady_clock::now() - derniere_ < cadence) return;
     Forcer();
   }
   void Forcer() {

@@ -50,7 +50,7 @@ void Forme::AuDepartDireLArret() {
   AuDepart([](const Contexte& contexte) { RendreCompte(contexte, kArretVolontaire, {}, kRapportSansNom); });
 }
 
-bool Forme::Executer(const Programme& programme) const { return services_.Lancer(programme); }
+std::optional<Fin> Forme::LancerEtape(const Etape& etape) const { return services_.LancerSur(contexte_, etape); }
 
 void Forme::RelierQuitter(QPushButton& bouton) { connect(&bouton, &QPushButton::clicked, this, &QDialog::reject); }
 

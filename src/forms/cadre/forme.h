@@ -52,21 +52,20 @@ class Forme : public QDialog {
   // The same for a form whose leaving is told by the one sentence of a run that was given up.
   void AuDepartDireLArret();
 
-  // Runs the program on the data set of the form and tells how it ended; nothing when another run is going on or the
-  // user gave this one up, and the form then stays with its choices.
+  // Runs the program on the data set of the form and tells how it ended; nothing when nothing was done
+  // (Services::LancerSur), and the form then stays with its choices.
   template <class O>
   std::optional<Fin> Lancer(const Description<O>& programme, const O& options) {
-    std::optional<Fin> fin;
-    const bool fait = Executer([&](const Contexte&) { fin = programme.Executer(contexte_, options); });
-    return fait ? fin : std::nullopt;
+    return LancerEtape([&](const Contexte& sur) { return programme.Executer(sur, options); });
   }
+  // The same for a run on what no options say: lines that were edited one by one, of which two may have one name and
+  // which take the place of those of the file; what was prepared when the form opened; what a picture is to show.
+  std::optional<Fin> LancerEtape(const Etape& etape) const;
 
   Services& services_;
   const Contexte contexte_;  // of the generic that the form was opened on
 
  private:
-  bool Executer(const Programme& programme) const;
-
   Programme auDepart_;
   bool parLeProgramme_ = false;  // closed by the program, not left by the user
 };

@@ -13,6 +13,8 @@ namespace quelvar::forms {
 class Formes;
 
 using Programme = std::function<void(const Contexte&)>;
+// One that tells how it ended.
+using Etape = std::function<Fin(const Contexte&)>;
 
 class Lanceur : public QObject {
   Q_OBJECT

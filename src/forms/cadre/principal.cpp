@@ -14,13 +14,16 @@
 
 #include "core/programme/erreur.h"
 #include "core/session/recents.h"
+#include "forms/aide/documents.h"
 #include "forms/cadre/dialogue_qt.h"
-#include "forms/cadre/entrees.h"
-#include "forms/cadre/menus.h"
+#include "forms/cadre/menus/affichages.h"
+#include "forms/cadre/menus/barre.h"
+#include "forms/cadre/menus/entrees.h"
 #include "forms/pieces/depot.h"
 #include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/programmes/capture/import/source.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_principal.h"
 
@@ -55,44 +58,24 @@ Principal::Principal(Environnement environnement)
             [this](const QString& adresse) {
               dialogue_.demander(Joindre({"Aucun programme n'a pu ouvrir "_w, DepuisQt(adresse)}), Boutons::Ok);
             }),
-      services_{*this,
-                session_,
-                dialogue_,
-                lanceur_,
-                formes_,
-                aide_,
-                [this](std::string_view generique) { AdopterGenerique(generique); },
-                [this] { AdopterGenerique(std::string(session_.generique)); },
-                [this](std::string_view texte) { resultats_->Remplacer(texte); },
-                [this](const QString& entree) { return ProgrammeExiste(entree); },
-                [this](const QString& entree) { Action(entree)->trigger(); },
-                [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
-                [this](const QString& saisi) { return AccepterGenerique(saisi); },
-                [this](bool nouvelle) { MontrerNouvelleUtilisation(nouvelle); }} {
+      services_{
+          .fenetre = *this,
+          .session = session_,
+          .ecran = dialogue_,
+          .lanceur = lanceur_,
+          .formes = formes_,
+          .aide = aide_,
+          .adopterGenerique = [this](std::string_view generique) { AdopterGenerique(generique); },
+          .relireGenerique = [this] { AdopterGenerique(std::string(session_.generique)); },
+          .afficherTexte = [this](std::string_view texte) { resultats_->Remplacer(texte); },
+          .programmeExiste = [this](const QString& entree) { return ProgrammeExiste(entree); },
+          .ouvrirProgramme = [this](const QString& entree) { Action(entree)->trigger(); },
+          .ouvrirInitialisation = [this](const Chemin& initialisation) { return OuvrirInitialisation(initialisation); },
+          .accepterGenerique = [this](const QString& saisi) { return AccepterGenerique(saisi); },
+          .montrerNouvelleUtilisation = [this](bool nouvelle) { MontrerNouvelleUtilisation(nouvelle); }} {
   ui_->setupUi(this);
-  repertoire_ = new QLabel(this);
-  repertoire_->setObjectName(QStringLiteral("Repertoire"));
-  repertoire_->setTextFormat(Qt::PlainText);
-  iteration_ = new QLabel(this);
-  iteration_->setObjectName(QStringLiteral("LabelIter"));
-  progression_ = new QProgressBar(this);
-  progression_->setObjectName(QStringLiteral("ProgressBar1"));
-  progression_->setMaximumWidth(220);
-  progression_->setVisible(false);
-  ui_->BarreDEtat->addWidget(repertoire_, 1);
-  ui_->BarreDEtat->addPermanentWidget(iteration_);
-  ui_->BarreDEtat->addPermanentWidget(progression_);
-  editeurs_ = std::make_unique<Editeurs>(
-      *this, ServicesEditeur{environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); },
-                             [this](const QString& fichier) { return DemarrerLecteur(fichier); },
-                             environnement_.dossierDeSecours});
-  resultats_ = std::make_unique<Resultats>(
-      Resultats::Controles{*ui_->Text1, *ui_->FichAff, *ui_->VerrouLignes, *ui_->VerrouColonnes}, session_, dialogue_,
-      formes_, [this](const QString& fichier) { return DemarrerLecteur(fichier); }, nullptr);
-  connect(resultats_.get(), &Resultats::Change, this, &Principal::PermettreEnregistrement);
-  connect(resultats_.get(), &Resultats::TitreChange, this, &Principal::MontrerSession);
-  sorties_ = std::make_unique<SortiesTexte>(*this, *resultats_, session_, dialogue_,
-                                            [this](const QString& phrase) { Annoncer(phrase); });
+  GarnirLaBarreDEtat();
+  PreparerLesTextes();
   dialogue_ = EcranDesRuns();
   ConstruireMenus(*ui_->BarreDeMenus);
   RelierMenus();
@@ -101,6 +84,37 @@ Principal::Principal(Environnement environnement)
 }
 
 Principal::~Principal() = default;
+
+void Principal::GarnirLaBarreDEtat() {
+  constexpr int largeurDeLaProgression = 220;  // pixels: the directory keeps the rest of a window of 640
+  repertoire_ = new QLabel(this);
+  repertoire_->setObjectName(QStringLiteral("Repertoire"));
+  repertoire_->setTextFormat(Qt::PlainText);
+  iteration_ = new QLabel(this);
+  iteration_->setObjectName(QStringLiteral("LabelIter"));
+  progression_ = new QProgressBar(this);
+  progression_->setObjectName(QStringLiteral("ProgressBar1"));
+  progression_->setMaximumWidth(largeurDeLaProgression);
+  progression_->setVisible(false);
+  ui_->BarreDEtat->addWidget(repertoire_, 1);
+  ui_->BarreDEtat->addPermanentWidget(iteration_);
+  ui_->BarreDEtat->addPermanentWidget(progression_);
+}
+
+// The editors, Text1, and where its text goes.
+void Principal::PreparerLesTextes() {
+  const auto lecteur = [this](const QString& fichier) { return DemarrerLecteur(fichier); };
+  editeurs_ = std::make_unique<Editeurs>(
+      *this, ServicesEditeur{environnement_.reglages, [this] { aide_.Ouvrir(QStringLiteral("mnuAEdAf")); }, lecteur,
+                             environnement_.dossierDeSecours});
+  resultats_ = std::make_unique<Resultats>(
+      Resultats::Controles{*ui_->Text1, *ui_->FichAff, *ui_->VerrouLignes, *ui_->VerrouColonnes}, session_, dialogue_,
+      formes_, lecteur, nullptr);
+  connect(resultats_.get(), &Resultats::Change, this, &Principal::PermettreEnregistrement);
+  connect(resultats_.get(), &Resultats::TitreChange, this, &Principal::MontrerSession);
+  sorties_ = std::make_unique<SortiesTexte>(*this, *resultats_, session_, dialogue_,
+                                            [this](const QString& phrase) { Annoncer(phrase); });
+}
 
 // A file that a run is given to read may be open in the editor.
 Dialogue Principal::EcranDesRuns() {
@@ -161,8 +175,9 @@ void Principal::RelierMenus() {
 }
 
 void Principal::RelierControles() {
-  for (const int taille : {8, 9, 10, 11, 12}) ui_->TailleCar->addItem(QString::number(taille));
-  ui_->TailleCar->setCurrentText(QStringLiteral("10"));
+  for (int taille = kTailleUsuelle - 2; taille <= kTailleUsuelle + 2; ++taille)
+    ui_->TailleCar->addItem(QString::number(taille));
+  ui_->TailleCar->setCurrentText(QString::number(kTailleUsuelle));
   connect(ui_->TailleCar, &QComboBox::currentTextChanged, this,
           [this](const QString& taille) { ui_->Text1->FixerTaille(taille.toInt()); });
   connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
@@ -259,10 +274,7 @@ QString Principal::ChoisirFichier(const QString& titre) {
   return services_.ChoisirAOuvrir({titre, CheminVersQt(session_.repertoire), QStringLiteral("Tous fichiers *.*|*.*")});
 }
 
-void Principal::Annoncer(const QString& texte) {
-  constexpr int duree = 8000;  // milliseconds
-  ui_->BarreDEtat->showMessage(texte, duree);
-}
+void Principal::Annoncer(const QString& texte) { ui_->BarreDEtat->showMessage(texte, kDureeDUnePhrase); }
 
 // --- size of the window ---
 
@@ -274,9 +286,10 @@ void Principal::FixerTailleDEcran(const QString& action) {
   }
   constexpr int colonnes = 80;  // a printed page
   constexpr int lignes = 45;
+  constexpr int bords = 12;  // pixels of the frame and the margins of the text
   const QFontMetrics police(ui_->Text1->font());
   const QSize autour = size() - ui_->Text1->viewport()->size();
-  QSize page(colonnes * police.horizontalAdvance(u'0') + 12, lignes * police.lineSpacing());
+  QSize page(colonnes * police.horizontalAdvance(u'0') + bords, lignes * police.lineSpacing());
   if (action == QStringLiteral("mnuEcr38")) page = page * 4 / 3;
   setWindowState(windowState() & ~Qt::WindowMaximized);
   resize((page + autour).boundedTo(PlaceSurLEcran(*this)));

@@ -53,6 +53,8 @@ class Principal : public QMainWindow {
 
  private:
   // --- what the window is made of ---
+  void GarnirLaBarreDEtat();
+  void PreparerLesTextes();
   void RelierMenus();
   void RelierControles();
   void RelierEditeur();

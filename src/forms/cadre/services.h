@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/options/description.h"
 #include "core/session/session.h"
 #include "forms/aide/pages.h"
 #include "forms/cadre/dialogue_qt.h"
@@ -48,6 +49,14 @@ struct Services {
   QString ChoisirAEcrire(const DemandeDeFichier& demande) const;
   // False when nothing was done: see Lanceur::Lancer.
   bool Lancer(const Programme& programme) const { return lanceur.Lancer(programme); }
+  // Runs it on that data set and tells how it ended; nothing when nothing was done: another run is going on, the user
+  // gave this one up, or its program refuses the options, which a box then says.
+  std::optional<Fin> LancerSur(const Contexte& contexte, const Etape& etape) const;
+  // The program of a table with these options, on the present data set.
+  template <class O>
+  std::optional<Fin> Lancer(const Description<O>& programme, const O& options = {}) const {
+    return LancerSur(ContexteEnCours(), [&](const Contexte& sur) { return programme.Executer(sur, options); });
+  }
 };
 
 // Shows the form of that class: the one that is open on the present generic, else a new one made with the services and

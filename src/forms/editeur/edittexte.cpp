@@ -7,6 +7,8 @@
 #include <QTextBlock>
 #include <algorithm>
 
+#include "forms/texte/policefixe.h"
+
 namespace quelvar::forms {
 
 namespace {
@@ -36,7 +38,7 @@ EditTexte::EditTexte(QWidget* parent) : TexteFixe(parent), regle_(new ReglePosit
   pause_.setSingleShot(true);
   connect(&pause_, &QTimer::timeout, this, [this] { ChargerSuite(kSuite); });
   connect(this, &QPlainTextEdit::cursorPositionChanged, this, &EditTexte::MarquerLigne);
-  FixerTailleCaracteres(10);
+  FixerTailleCaracteres(kTailleUsuelle);
   MarquerLigne();
 }
 
@@ -201,7 +203,9 @@ void EditTexte::Montrer(const QTextCursor& selection) {
 }
 
 void EditTexte::FixerTailleCaracteres(int points) {
-  FixerTaille(std::clamp(points, 6, 32));
+  constexpr int lisible = 6;        // points: smaller letters run into each other on a screen
+  constexpr int enProjection = 32;  // points: a line is then wider than a screen
+  FixerTaille(std::clamp(points, lisible, enProjection));
   DisposerRegle();
 }
 
@@ -236,7 +240,8 @@ void EditTexte::wheelEvent(QWheelEvent* evenement) {
 void EditTexte::MarquerLigne() {
   QTextEdit::ExtraSelection ligne;
   QColor fond = palette().color(QPalette::Highlight);
-  fond.setAlpha(28);
+  constexpr int presqueTransparent = 28;  // of 255: the selection, of the same colour, stands out
+  fond.setAlpha(presqueTransparent);
   ligne.format.setBackground(fond);
   ligne.format.setProperty(QTextFormat::FullWidthSelection, true);
   ligne.cursor = textCursor();

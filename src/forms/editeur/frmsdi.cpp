@@ -6,8 +6,11 @@
 #include <QFontDatabase>
 
 #include "forms/editeur/frmfind.h"
+#include "forms/pieces/ecran.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
+#include "forms/texte/imprimante.h"
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
@@ -16,9 +19,10 @@ namespace quelvar::forms {
 frmSDI::frmSDI(ServicesEditeur services, Genre genre, QWidget* parent)
     : QMainWindow(parent), services_(std::move(services)), genre_(genre), ui_(std::make_unique<Ui::frmSDI>()) {
   ui_->setupUi(this);
+  constexpr int ecart = 6;  // pixels on both sides of what the status bar holds
   for (QLabel** libelle : {&position_, &selection_, &frappe_, &forme_}) {
     *libelle = new QLabel(this);
-    (*libelle)->setContentsMargins(6, 0, 6, 0);
+    (*libelle)->setContentsMargins(ecart, 0, ecart, 0);
     ui_->BarreDEtat->addPermanentWidget(*libelle);
   }
   position_->setObjectName(QStringLiteral("LabelPosition"));
@@ -83,7 +87,7 @@ void frmSDI::RelierEdition() {
   const auto taille = [texte](int ecart) { texte->FixerTailleCaracteres(texte->font().pointSize() + ecart); };
   relier(ui_->mnuAgrandir, texte, [taille] { taille(1); });
   relier(ui_->mnuReduire, texte, [taille] { taille(-1); });
-  relier(ui_->mnuTailleNormale, texte, [texte] { texte->FixerTailleCaracteres(10); });
+  relier(ui_->mnuTailleNormale, texte, [texte] { texte->FixerTailleCaracteres(kTailleUsuelle); });
   for (QAction* action : {ui_->mnuAnnuler, ui_->mnuRetablir, ui_->mnuCouper, ui_->mnuCopier}) action->setEnabled(false);
   connect(texte, &QPlainTextEdit::undoAvailable, ui_->mnuAnnuler, &QAction::setEnabled);
   connect(texte, &QPlainTextEdit::redoAvailable, ui_->mnuRetablir, &QAction::setEnabled);
@@ -154,7 +158,7 @@ void frmSDI::MontrerForme() {
   forme_->setText(forme);
 }
 
-void frmSDI::Dire(const QString& phrase) { ui_->BarreDEtat->showMessage(phrase, 8000); }
+void frmSDI::Dire(const QString& phrase) { ui_->BarreDEtat->showMessage(phrase, kDureeDUnePhrase); }
 
 // --- paper ---
 

@@ -7,9 +7,7 @@
 #include <QPageSize>
 #include <QPainterPath>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QStaticText>
 #include <algorithm>
 #include <array>
@@ -17,16 +15,16 @@
 #include <vector>
 
 #include "core/dessin/svg.h"
+#include "forms/texte/imprimante.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
 
 namespace {
 
-constexpr double kPointsParPouce = 72;
-constexpr int kCorpsDeReference = 48;  // glyphs are made at this size and scaled, so that fractions of a point count
-constexpr double kPixelsMaximum = 60e6;
-constexpr std::size_t kSegmentsLisses = 4000;
+constexpr int kCorpsDeReference = 48;    // glyphs are made at this size and scaled, so that fractions of a point count
+constexpr double kPixelsMaximum = 60e6;  // 240 megabytes in memory
+constexpr std::size_t kSegmentsLisses = 4000;  // more are drawn without smoothing on the screen
 
 QColor TonDe(Couleur couleur, double teinte) {
   const Rvb rvb = RvbDe(couleur, teinte);
@@ -73,7 +71,7 @@ const QFont& FonteDe(const Police& police) {
 // Labels with their glyphs laid out, kept from one picture to the next: a plane is drawn anew at each turn of the
 // wheel.
 const QStaticText& TexteDispose(const Forme& forme, const QFont& fonte) {
-  constexpr qsizetype gardes = 20000;
+  constexpr qsizetype gardes = 20000;                         // the labels of a plane of individuals
   static auto& textes = *new QHash<QByteArray, QStaticText>;  // never freed: the fonts are gone before statics are
   QByteArray cle(forme.texte.data(), static_cast<qsizetype>(forme.texte.size()));
   cle.append(forme.police.gras ? 'g' : '-').append(forme.police.italique ? 'i' : '-');
@@ -183,13 +181,15 @@ class Peinture {
 Zone PageDe(const Dessin& dessin) { return {0, 0, dessin.Largeur(), dessin.Hauteur()}; }
 
 QImage ImageDe(const Dessin& dessin, int resolution) {
+  constexpr double metresParPouce = 0.0254;
   // A page beyond what a memory holds is drawn coarser.
   const double voulue = resolution / kPointsParPouce;
   const double echelle = std::min(voulue, std::sqrt(kPixelsMaximum / (dessin.Largeur() * dessin.Hauteur())));
   QImage image(std::max(1, static_cast<int>(dessin.Largeur() * echelle)),
                std::max(1, static_cast<int>(dessin.Hauteur() * echelle)), QImage::Format_RGB32);
+  if (image.isNull()) throw Erreur(kMemoireInsuffisante);
   image.fill(Qt::white);
-  image.setDotsPerMeterX(static_cast<int>(echelle * kPointsParPouce / 0.0254));
+  image.setDotsPerMeterX(static_cast<int>(echelle * kPointsParPouce / metresParPouce));
   image.setDotsPerMeterY(image.dotsPerMeterX());
   QPainter peintre(&image);
   peintre.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
@@ -198,17 +198,22 @@ QImage ImageDe(const Dessin& dessin, int resolution) {
   return image;
 }
 
-bool EcrirePdfDessin(QIODevice& sortie, const Dessin& dessin) {
+// Whether the picture has got onto the paper, as large as `echelle` makes it.
+bool PeindreSur(QPaintDevice& papier, const Dessin& dessin, double echelle) {
+  QPainter peintre;
+  if (!peintre.begin(&papier)) return false;
+  peintre.scale(echelle, echelle);
+  PeindreDessin(peintre, dessin, PageDe(dessin));
+  return peintre.end();
+}
+
+bool EcrirePdf(QIODevice& sortie, const Dessin& dessin) {
   QPdfWriter pdf(&sortie);
   pdf.setPageSize(
       QPageSize(QSizeF(dessin.Largeur(), dessin.Hauteur()), QPageSize::Point, QString(), QPageSize::ExactMatch));
   pdf.setPageMargins(QMarginsF());
   pdf.setResolution(kResolutionLaPlusHaute);
-  QPainter peintre;
-  if (!peintre.begin(&pdf)) return false;
-  peintre.scale(1200 / kPointsParPouce, 1200 / kPointsParPouce);
-  PeindreDessin(peintre, dessin, PageDe(dessin));
-  return peintre.end();
+  return PeindreSur(pdf, dessin, kResolutionLaPlusHaute / kPointsParPouce);
 }
 
 }  // namespace
@@ -224,37 +229,29 @@ void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone) {
   }
 }
 
-bool EnregistrerDessin(const QString& fichier, const Dessin& dessin, int resolution) {
-  QSaveFile sortie(fichier);
-  if (!sortie.open(QIODevice::WriteOnly)) return false;
-  const QString genre = QFileInfo(fichier).suffix().toLower();
-  bool ecrit = false;
-  if (genre == QStringLiteral("svg")) {
-    const std::string svg = TexteSvg(dessin);
-    ecrit = sortie.write(svg.data(), static_cast<qint64>(svg.size())) == static_cast<qint64>(svg.size());
-  } else if (genre == QStringLiteral("pdf")) {
-    QBuffer tampon;
-    tampon.open(QIODevice::WriteOnly);
-    ecrit = EcrirePdfDessin(tampon, dessin) && sortie.write(tampon.data()) == tampon.data().size();
+std::string OctetsDuDessin(const Chemin& fichier, const Dessin& dessin, int resolution) {
+  const QString genre = QFileInfo(CheminVersQt(fichier)).suffix().toLower();
+  if (genre == QStringLiteral("svg")) return TexteSvg(dessin);
+  QBuffer octets;
+  octets.open(QIODevice::WriteOnly);
+  bool fait = false;
+  if (genre == QStringLiteral("pdf")) {
+    fait = EcrirePdf(octets, dessin);
   } else if (genre == QStringLiteral("png") || genre == QStringLiteral("bmp")) {
-    ecrit = ImageDe(dessin, resolution).save(&sortie, genre.toLatin1().constData());
+    fait = ImageDe(dessin, resolution).save(&octets, genre.toLatin1().constData());
+  } else {
+    throw Erreur(kNomFichierIncorrect, "une image est un fichier .png, .svg, .pdf ou .bmp");
   }
-  if (!ecrit) sortie.cancelWriting();
-  return sortie.commit() && ecrit;
+  if (!fait) throw Erreur(kMemoireInsuffisante);
+  return octets.data().toStdString();
 }
 
 bool ImprimerDessin(QWidget* parent, const Dessin& dessin) {
   QPrinter imprimante(QPrinter::HighResolution);
   imprimante.setPageOrientation(dessin.Largeur() > dessin.Hauteur() ? QPageLayout::Landscape : QPageLayout::Portrait);
-  QPrintDialog dialogue(&imprimante, parent);
-  if (dialogue.exec() != QDialog::Accepted || !imprimante.isValid()) return false;
-  QPainter peintre;
-  if (!peintre.begin(&imprimante)) return false;
+  if (!DemanderImprimante(parent, imprimante, ChoixDePages::Aucun)) return false;
   const QRectF page = imprimante.pageRect(QPrinter::DevicePixel);
-  const double echelle = std::min(page.width() / dessin.Largeur(), page.height() / dessin.Hauteur());
-  peintre.scale(echelle, echelle);
-  PeindreDessin(peintre, dessin, PageDe(dessin));
-  return peintre.end();
+  return PeindreSur(imprimante, dessin, std::min(page.width() / dessin.Largeur(), page.height() / dessin.Hauteur()));
 }
 
 }  // namespace quelvar::forms

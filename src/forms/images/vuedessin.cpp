@@ -16,12 +16,16 @@ namespace quelvar::forms {
 
 namespace {
 
-constexpr double kEchelleMinimum = 0.1;
-constexpr double kEchelleMaximum = 40;
-constexpr double kPasDeZoom = 1.25;
-constexpr double kCranDeMolette = 120;
-constexpr double kEchelleLisible = 0.8;
-constexpr double kTolerance = 3;  // pixels around an element
+// Pixels for a point.
+constexpr double kEchelleMinimum = 0.1;  // a page is the size of a stamp
+constexpr double kEchelleMaximum = 40;   // a few letters fill the view
+constexpr double kEchelleLisible = 0.8;  // below it the labels of a page cannot be read
+
+constexpr double kPasDeZoom = 1.25;   // of a key, or of a notch of the wheel
+constexpr double kTolerance = 3;      // pixels around an element
+constexpr int kPasDeBarre = 20;       // steps of a scroll bar that make a view
+constexpr double kPoussee = 0.1;      // share of the view that an arrow moves the picture by
+constexpr double kPageEntamee = 0.5;  // pixels of the page that may lie behind the edge without a scroll bar
 
 }  // namespace
 
@@ -71,8 +75,8 @@ void VueDessin::ReglerBarres() {
   const QSize vue = viewport()->size();
   const auto regler = [](QScrollBar* barre, double page, int visible) {
     barre->setPageStep(visible);
-    barre->setSingleStep(std::max(1, visible / 20));
-    barre->setRange(0, std::max(0, static_cast<int>(std::ceil(page - 0.5)) - visible));
+    barre->setSingleStep(std::max(1, visible / kPasDeBarre));
+    barre->setRange(0, std::max(0, static_cast<int>(std::ceil(page - kPageEntamee)) - visible));
   };
   regler(horizontalScrollBar(), dessin_.Largeur() * echelle_, vue.width());
   regler(verticalScrollBar(), dessin_.Hauteur() * echelle_, vue.height());
@@ -114,7 +118,9 @@ void VueDessin::resizeEvent(QResizeEvent* evenement) {
 }
 
 void VueDessin::wheelEvent(QWheelEvent* evenement) {
-  Grossir(std::pow(kPasDeZoom, evenement->angleDelta().y() / kCranDeMolette), evenement->position());
+  constexpr double unCran = QWheelEvent::DefaultDeltasPerStep;
+  const double crans = evenement->angleDelta().y() / unCran;
+  Grossir(std::pow(kPasDeZoom, crans), evenement->position());
   evenement->accept();
 }
 
@@ -135,7 +141,7 @@ void VueDessin::keyPressEvent(QKeyEvent* evenement) {
 void VueDessin::Pousser(const QPointF& sens, QKeyEvent* evenement) {
   if (!surGlissement) return QAbstractScrollArea::keyPressEvent(evenement);
   const QPointF milieu = QRectF(viewport()->rect()).center();
-  surGlissement(VersPage(milieu), VersPage(milieu + QPointF(sens.x() * width(), sens.y() * height()) / 10));
+  surGlissement(VersPage(milieu), VersPage(milieu + kPoussee * QPointF(sens.x() * width(), sens.y() * height())));
 }
 
 void VueDessin::mousePressEvent(QMouseEvent* evenement) {

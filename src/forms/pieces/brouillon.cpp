@@ -14,24 +14,14 @@ void Ecrire(const Chemin& chemin, std::string_view octets) {
 
 }  // namespace
 
-Brouillon::Brouillon(const Contexte& contexte, std::string_view extension)
-    : chemin_(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))), nom_(contexte.Nom(extension)) {
-  ancien_ = Fichier();
-}
+Brouillon::Brouillon(const Contexte& contexte, std::string_view extension, std::string prepare)
+    : chemin_(CheminDEcriture(contexte.repertoire, contexte.Nom(extension))),
+      nom_(contexte.Nom(extension)),
+      etat_{.prepare = std::move(prepare)} {}
 
 std::optional<std::string> Brouillon::Fichier() const {
   std::error_code absent;
   return std::filesystem::exists(chemin_, absent) ? std::optional(LireOctets(chemin_)) : std::nullopt;
-}
-
-void Brouillon::Remettre(const std::optional<std::string>& fichier) const {
-  if (fichier) Ecrire(chemin_, *fichier);
-  else EffacerFichier(chemin_);
-}
-
-void Brouillon::Retirer() {
-  etat_.prepare = Fichier();
-  if (etat_.prepare) Remettre(std::exchange(ancien_, std::nullopt));
 }
 
 void Brouillon::Poser() {
@@ -44,7 +34,8 @@ void Brouillon::Poser() {
 
 void Brouillon::Reprendre() {
   if (!avant_) return;
-  Remettre(avant_->fichier);
+  if (avant_->fichier) Ecrire(chemin_, *avant_->fichier);
+  else EffacerFichier(chemin_);
   etat_ = std::move(avant_->etat);
   avant_.reset();
 }

@@ -1,5 +1,5 @@
-// The report that a preparation has begun: it stays out of the directory until something is launched, and the former
-// report stays in its place.
+// The report that a preparation has begun: it stays in memory until something is launched, and the former report stays
+// in its place.
 #pragma once
 
 #include <optional>
@@ -14,12 +14,9 @@ namespace quelvar::forms {
 
 class Brouillon {
  public:
-  // Before the preparation: remembers the report as it is (generic and extension).
-  Brouillon(const Contexte& contexte, std::string_view extension);
+  // What the preparation has written of the report (generic and extension).
+  Brouillon(const Contexte& contexte, std::string_view extension, std::string prepare);
 
-  // Behind the preparation, whether it came to its end or not: takes what it has written out of the directory, and puts
-  // the former report back. Raises a failure of writing.
-  void Retirer();
   // Lines that the report goes on with, as soon as it is in the directory.
   void Ajouter(std::string_view lignes) { etat_.ajouts += lignes; }
   // Before a launch that goes on with it: the report of the preparation takes its place, with the lines added since.
@@ -44,11 +41,9 @@ class Brouillon {
   };
   // What the directory holds under the name of the report.
   std::optional<std::string> Fichier() const;
-  void Remettre(const std::optional<std::string>& fichier) const;
 
   Chemin chemin_;
   std::string nom_;
-  std::optional<std::string> ancien_;
   Etat etat_;
   std::optional<Avant> avant_;  // the last launch that has changed the directory
 };
@@ -60,18 +55,18 @@ struct Preparation {
   Brouillon rapport;
 };
 
-// Runs the preparation on the current data set, and takes its report (generic and extension) out of the directory:
-// nothing is written before a launch. Nothing when it has stopped, which its report tells.
+// Runs the preparation on the current data set with its report (generic and extension) in memory: nothing is written
+// before a launch. Nothing when it has stopped, which its report has told.
 template <class F>
 auto Preparer(Services& services, std::string_view extension, const F& preparation) {
   decltype(preparation(std::declval<const Contexte&>())) donnees;
-  Brouillon rapport(services.ContexteEnCours(), extension);
-  services.Lancer([&](const Contexte& contexte) {
-    donnees = preparation(contexte);
-    rapport.Retirer();
-  });
+  std::string rapport;
+  Contexte enMemoire = services.ContexteEnCours();
+  enMemoire.brouillon = &rapport;
+  services.Lancer([&](const Contexte&) { donnees = preparation(enMemoire); });
   using T = Preparation<typename decltype(donnees)::value_type>;
-  return donnees ? std::optional<T>(T{*std::move(donnees), std::move(rapport)}) : std::nullopt;
+  return donnees ? std::optional<T>(T{*std::move(donnees), Brouillon(enMemoire, extension, std::move(rapport))})
+                 : std::nullopt;
 }
 
 }  // namespace quelvar::forms

@@ -52,7 +52,8 @@ void Montrer(QWidget& fenetre, const QString& commande) {
   auto* ligne = new QLineEdit(commande, &boite);
   ligne->setObjectName(QStringLiteral("Commande"));
   ligne->setReadOnly(true);
-  ligne->setMinimumWidth(520);
+  constexpr int largeur = 520;  // pixels: most commands are seen whole
+  ligne->setMinimumWidth(largeur);
   ligne->selectAll();
   libelle->setBuddy(ligne);
   auto* boutons = new QDialogButtonBox(&boite);

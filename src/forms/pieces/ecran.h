@@ -1,9 +1,12 @@
-// What every window is given before it comes to the screen: its place, and a name for each control.
+// What every window is given before it comes to the screen: its place, and a name for each control; how long it speaks.
 #pragma once
 
 #include <QWidget>
 
 namespace quelvar::forms {
+
+// Milliseconds that a sentence stays in the status bar of a window.
+inline constexpr int kDureeDUnePhrase = 8000;
 
 // The largest window that the screen shows whole, with what the window system puts around it.
 QSize PlaceSurLEcran(const QWidget& fenetre);

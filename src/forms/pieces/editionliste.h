@@ -15,6 +15,8 @@ namespace quelvar::forms {
 class EditionListe : public QObject {
   Q_OBJECT
  public:
+  static constexpr int kSansLimite = 32767;  // what a text box takes when nothing is said
+
   // The list behind the form.
   struct Acces {
     std::function<int()> nombre;
@@ -22,8 +24,8 @@ class EditionListe : public QObject {
     std::function<QString(int ligne)> intitule;  // what the text box shows
     // Stores a label; returns why it is refused, empty when it is stored.
     std::function<QString(int ligne, const QString& intitule)> poser;
-    int longueur = 32767;   // characters that the text box takes, unless the label is longer
-    QString tropLong = {};  // told when more are typed
+    int longueur = kSansLimite;  // characters that the text box takes, unless the label is longer
+    QString tropLong = {};       // told when more are typed
   };
   // The controls live as long as their form, which is the parent.
   EditionListe(QWidget& forme, QListWidget& liste, QLineEdit& champ, QPushButton& suivant, Acces acces);

@@ -42,6 +42,15 @@ ListesDeQuestions::ListesDeQuestions(QWidget& forme, const FichierPos& pos, moda
   for (const auto& [liste, statut] : listes_) PreparerListe(*liste);
 }
 
+ListesDeQuestions::ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix,
+                                     const Deux& listes)
+    : ListesDeQuestions(forme, pos, choix, {{&listes.laissees, Statut::Aucun}, {&listes.prises, Statut::Actif}}) {
+  Relier(listes.prendre, listes.laissees, Statut::Actif);
+  Relier(listes.laisser, listes.prises, Statut::Aucun);
+  RelierDoubleClic(listes.laissees, Statut::Actif);
+  RelierDoubleClic(listes.prises, Statut::Aucun);
+}
+
 void ListesDeQuestions::Relier(QPushButton& bouton, const QListWidget& depart, Statut statut) {
   connect(&bouton, &QPushButton::clicked, this, [this, &depart, statut] { Deplacer(depart, statut); });
 }

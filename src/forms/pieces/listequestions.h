@@ -32,6 +32,15 @@ class ListesDeQuestions : public QObject {
   ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix,
                     std::vector<std::pair<QListWidget*, Statut>> listes);
 
+  // The two lists of a choice between taken and left, with the button of each and double clicks.
+  struct Deux {
+    QListWidget& laissees;
+    QListWidget& prises;
+    QPushButton& prendre;
+    QPushButton& laisser;
+  };
+  ListesDeQuestions(QWidget& forme, const FichierPos& pos, modalities::ChoixQuestions& choix, const Deux& listes);
+
   // The button gives that status to what is selected in the list.
   void Relier(QPushButton& bouton, const QListWidget& depart, Statut statut);
   // So does a double click in it.

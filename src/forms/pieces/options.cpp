@@ -68,6 +68,7 @@ void PoserOption(const QWidget& formulaire, const Option& option, const std::str
       liste->setCurrentText(VersQt(valeur));
     }
   }
+  if (option.defaut.empty()) return;  // one that the user has to choose
   for (const Groupe& groupe : groupes)
     if (!groupe.choisi) groupe.premier->setChecked(true);
 }

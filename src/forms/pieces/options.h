@@ -13,8 +13,8 @@ namespace quelvar::forms {
 
 // What the controls of an option show of a value (code page): the button or box of this value ticked, the value itself
 // in a text box, which takes no longer number than the largest. Where none of the radio buttons of a frame stands for
-// it, as for the choices within a box that is not ticked, the first one is ticked. A control that the form lacks is
-// passed over.
+// it, as for the choices within a box that is not ticked, the first one is ticked; none of an option that has no
+// default. A control that the form lacks is passed over.
 void PoserOption(const QWidget& formulaire, const Option& option, const std::string& valeur);
 
 // The value that the controls of an option say, in the words of the option (code page), those of a number within its

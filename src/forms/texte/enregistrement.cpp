@@ -1,6 +1,8 @@
 #include "forms/texte/enregistrement.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
 
 #include "core/programme/erreur.h"
 #include "core/programme/lieunomme.h"
@@ -8,6 +10,34 @@
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
+
+namespace {
+
+// A chosen name, and whether the box of the choice has asked about the file that bears it.
+struct NomChoisi {
+  Chemin fichier;
+  bool demande = true;
+};
+
+// `filtre` as Qt writes it: "PNG (*.png *.PNG)".
+NomChoisi Completer(const QString& choisi, const QString& filtre, SansExtension regle) {
+  static const QRegularExpression premiere(QStringLiteral("\\(\\*(\\.\\w+)"));
+  const QRegularExpressionMatch extension = premiere.match(filtre);
+  if (regle == SansExtension::Rien || !QFileInfo(choisi).suffix().isEmpty() || !extension.hasMatch())
+    return {CheminDepuisQt(choisi)};
+  return {CheminDepuisQt(choisi + extension.captured(1)), false};
+}
+
+bool AccepteDeRemplacer(QWidget* fenetre, const Chemin& fichier) {
+  std::error_code absent;
+  if (!std::filesystem::exists(fichier, absent)) return true;
+  return DemanderReponse(fenetre,
+                         QStringLiteral("Le fichier %1 existe déjà : le remplacer ?")
+                             .arg(QDir::toNativeSeparators(CheminVersQt(fichier))),
+                         Boutons::OuiNon) == Reponse::Oui;
+}
+
+}  // namespace
 
 bool EcrireOuDire(QWidget* fenetre, const Chemin& fichier, const std::function<void()>& ecrire,
                   std::string_view consolation) {
@@ -23,22 +53,22 @@ bool EcrireOuDire(QWidget* fenetre, const Chemin& fichier, const std::function<v
 }
 
 std::optional<Chemin> EnregistrerSous(QWidget* fenetre, const Enregistrement& enregistrement) {
-  const QString choisi = ChoisirAEcrire(fenetre, enregistrement.demande);
+  QString filtre;
+  const QString choisi = ChoisirAEcrire(fenetre, enregistrement.demande, &filtre);
   if (choisi.isEmpty()) return std::nullopt;
-  const Chemin fichier = CheminDepuisQt(choisi);
+  const NomChoisi nom = Completer(choisi, filtre, enregistrement.sansExtension);
+  if (!nom.demande && !AccepteDeRemplacer(fenetre, nom.fichier)) return std::nullopt;
   bool permis = true;
-  const bool ecrit = EcrireOuDire(
-      fenetre, fichier,
-      [&] {
-        permis = !enregistrement.permis || enregistrement.permis(fichier);
-        if (permis) enregistrement.ecrire(fichier);
-      },
-      enregistrement.consolation);
-  return ecrit && permis ? std::optional(fichier) : std::nullopt;
+  const auto ecrire = [&] {
+    permis = !enregistrement.permis || enregistrement.permis(nom.fichier);
+    if (permis) enregistrement.ecrire(nom.fichier);
+  };
+  const bool ecrit = EcrireOuDire(fenetre, nom.fichier, ecrire, enregistrement.consolation);
+  return ecrit && permis ? std::optional(nom.fichier) : std::nullopt;
 }
 
-void EcrireTexte(const Chemin& fichier, std::string_view octets) {
-  Remplacement remplacement(fichier, Nature::Unique);
+void RemplacerFichier(const Chemin& fichier, std::string_view octets, Nature nature) {
+  Remplacement remplacement(fichier, nature);
   remplacement.Fichier().Ecrire(octets);
   remplacement.Valider();
 }
@@ -46,11 +76,10 @@ void EcrireTexte(const Chemin& fichier, std::string_view octets) {
 std::optional<QString> EnregistrerEnPdf(QWidget* fenetre, const QString& propose, const QString& texte,
                                         const QString& titre) {
   const std::optional<Chemin> ecrit = EnregistrerSous(
-      fenetre, {{QStringLiteral("Imprimer dans un fichier PDF"), propose, QStringLiteral("Fichiers PDF *.pdf|*.pdf")},
-                {},
-                [&](const Chemin& fichier) {
-                  if (!EcrirePdf(CheminVersQt(fichier), texte, titre)) throw Erreur(kAccesFichier);
-                }});
+      fenetre,
+      {{QStringLiteral("Imprimer dans un fichier PDF"), propose, QStringLiteral("Fichiers PDF *.pdf|*.pdf")},
+       {},
+       [&](const Chemin& fichier) { RemplacerFichier(fichier, PdfDuTexte(texte, titre), Nature::Refaisable); }});
   return ecrit ? std::optional(CheminVersQt(*ecrit)) : std::nullopt;
 }
 

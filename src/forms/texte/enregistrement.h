@@ -1,4 +1,5 @@
-// Saving as it stands everywhere: a name is asked for, the file is written in one rename, a failure is told.
+// Saving as it stands everywhere, for texts and pictures: a name is asked for, the bytes take the place of the file in
+// one rename, a failure is told in one sentence.
 #pragma once
 
 #include <QString>
@@ -17,6 +18,12 @@ namespace quelvar::forms {
 bool EcrireOuDire(QWidget* fenetre, const Chemin& fichier, const std::function<void()>& ecrire,
                   std::string_view consolation = {});
 
+// What stands behind a name that was chosen without extension.
+enum class SansExtension {
+  Rien,
+  CelleDuFiltre,  // the first one of the filter under which it was chosen; a file of that name is not replaced unasked
+};
+
 struct Enregistrement {
   DemandeDeFichier demande;
   // Whether that file may be written, which may be asked or refused in a box.
@@ -24,14 +31,16 @@ struct Enregistrement {
   // Raises the failures of writing.
   std::function<void(const Chemin& fichier)> ecrire;
   std::string consolation = {};
+  SansExtension sansExtension = SansExtension::Rien;
 };
 // The file written; nothing when the user gave up, the file was not permitted, or writing failed.
 std::optional<Chemin> EnregistrerSous(QWidget* fenetre, const Enregistrement& enregistrement);
 
-// Replaces a file by these bytes. Raises a failure of writing: the file then stays what it was.
-void EcrireTexte(const Chemin& fichier, std::string_view octets);
+// Puts these bytes in the place of a file. Raises a failure of writing: the file then stays what it was.
+void RemplacerFichier(const Chemin& fichier, std::string_view octets, Nature nature);
 
-// The same with a PDF file of a text; `propose` is the path that the box begins with.
+// Asks for a PDF file of a text and writes it; `propose` is the path that the box begins with. Returns as
+// EnregistrerSous.
 std::optional<QString> EnregistrerEnPdf(QWidget* fenetre, const QString& propose, const QString& texte,
                                         const QString& titre);
 

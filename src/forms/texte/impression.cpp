@@ -1,41 +1,35 @@
 #include "forms/texte/impression.h"
 
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
-#include <QSaveFile>
 #include <algorithm>
+
+#include "forms/texte/imprimante.h"
+#include "forms/texte/policefixe.h"
 
 namespace quelvar::forms {
 
 namespace {
 
-constexpr qreal kMargeMm = 15;
-
-QFont PoliceDImpression() {
-  QFont police(QStringLiteral("Courier New"), 10);
-  police.setStyleHint(QFont::TypeWriter);
-  police.setFixedPitch(true);
-  return police;
-}
+constexpr QMarginsF kMarges(15, 15, 15, 15);  // millimetres: a paper that is filed keeps its text
+constexpr int kLignesDeTete = 2;              // the title and a blank line
 
 // Places on the page of a device, in its units.
 struct Page {
   QSizeF surface;
   qreal hauteur;  // of a line
   int colonnes;
-  int lignes;  // of text, under the title and a blank line
+  int lignes;  // of text, under the head
 };
 
 Page MesurerPage(QPagedPaintDevice& papier, const QFont& police) {
   const QFontMetricsF mesures(police, &papier);
   const QSizeF surface(papier.width(), papier.height());
-  const qreal largeur = mesures.horizontalAdvance(QString(100, u'0')) / 100;
-  return {surface, mesures.lineSpacing(), std::max(1, static_cast<int>(surface.width() / largeur)),
-          std::max(1, static_cast<int>(surface.height() / mesures.lineSpacing()) - 2)};
+  return {surface, mesures.lineSpacing(), std::max(1, static_cast<int>(surface.width() / LargeurDeColonne(mesures))),
+          std::max(1, static_cast<int>(surface.height() / mesures.lineSpacing()) - kLignesDeTete)};
 }
 
 }  // namespace
@@ -61,7 +55,7 @@ QList<QStringList> MettreEnPages(const QString& texte, int colonnes, int lignes)
 }
 
 int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString& titre, int premiere, int derniere) {
-  const QFont police = PoliceDImpression();
+  const QFont police = PoliceDesTextes();
   const Page page = MesurerPage(papier, police);
   const QList<QStringList> pages = MettreEnPages(texte, page.colonnes, page.lignes);
   const int nombre = static_cast<int>(pages.size());
@@ -75,9 +69,10 @@ int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString
     const QRectF tete(0, 0, page.surface.width(), page.hauteur);
     pinceau.drawText(tete, Qt::AlignLeft | Qt::TextSingleLine, titre);
     pinceau.drawText(tete, Qt::AlignRight, QStringLiteral("%1 / %2").arg(numero).arg(nombre));
-    qreal y = 2 * page.hauteur;
+    qreal y = kLignesDeTete * page.hauteur;
     for (const QString& ligne : pages[numero - 1]) {
-      pinceau.drawText(QRectF(0, y, page.surface.width() * 2, page.hauteur), Qt::AlignLeft | Qt::TextExpandTabs, ligne);
+      // Twice the width: a line that fills the page to its last column is not cut by a rounding.
+      pinceau.drawText(QRectF(0, y, 2 * page.surface.width(), page.hauteur), Qt::AlignLeft | Qt::TextExpandTabs, ligne);
       y += page.hauteur;
     }
   }
@@ -85,28 +80,25 @@ int ImprimerTexte(QPagedPaintDevice& papier, const QString& texte, const QString
 }
 
 bool ImprimerParDialogue(QWidget* parent, const QString& texte, const QString& titre) {
-  if (QPrinterInfo::availablePrinters().isEmpty()) return false;
   QPrinter imprimante;
   imprimante.setDocName(titre);
-  imprimante.setPageMargins(QMarginsF(kMargeMm, kMargeMm, kMargeMm, kMargeMm), QPageLayout::Millimeter);
-  QPrintDialog dialogue(&imprimante, parent);
-  dialogue.setOption(QAbstractPrintDialog::PrintPageRange);
-  if (dialogue.exec() != QDialog::Accepted) return false;
+  imprimante.setPageMargins(kMarges, QPageLayout::Millimeter);
+  if (!DemanderImprimante(parent, imprimante, ChoixDePages::Permis)) return false;
   ImprimerTexte(imprimante, texte, titre, imprimante.fromPage(), imprimante.toPage());
   return true;
 }
 
-bool EcrirePdf(const QString& fichier, const QString& texte, const QString& titre) {
-  QSaveFile cible(fichier);
-  if (!cible.open(QIODevice::WriteOnly)) return false;
+std::string PdfDuTexte(const QString& texte, const QString& titre) {
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
   {
-    QPdfWriter papier(&cible);
+    QPdfWriter papier(&pdf);
     papier.setTitle(titre);
     papier.setCreator(QStringLiteral("Quelvar"));
     papier.setPageSize(QPageSize(QPageSize::A4));
-    papier.setPageMargins(QMarginsF(kMargeMm, kMargeMm, kMargeMm, kMargeMm), QPageLayout::Millimeter);
+    papier.setPageMargins(kMarges, QPageLayout::Millimeter);
     const auto lignes = QStringView(texte).split(u'\n');
-    const int colonnes = MesurerPage(papier, PoliceDImpression()).colonnes;
+    const int colonnes = MesurerPage(papier, PoliceDesTextes()).colonnes;
     const auto deborde = [&](QStringView ligne) {
       while (ligne.endsWith(u' ') || ligne.endsWith(u'\r')) ligne.chop(1);
       return ligne.size() > colonnes;
@@ -114,7 +106,7 @@ bool EcrirePdf(const QString& fichier, const QString& texte, const QString& titr
     if (std::any_of(lignes.begin(), lignes.end(), deborde)) papier.setPageOrientation(QPageLayout::Landscape);
     ImprimerTexte(papier, texte, titre);
   }
-  return cible.commit();
+  return pdf.data().toStdString();
 }
 
 }  // namespace quelvar::forms

@@ -7,6 +7,7 @@
 #include "core/fichiers/fichiers.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
+#include "forms/texte/imprimante.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -39,7 +40,7 @@ void SortiesTexte::EnregistrerSous() {
                    QStringLiteral("Tous fichiers *.*|*.*")},
                   [this](const Chemin& fichier) { return PeutRemplacer(fichier); },
                   [&](const Chemin& fichier) {
-                    EcrireTexte(fichier, octets);
+                    RemplacerFichier(fichier, octets, Nature::Unique);
                     resultats_.NoterEnregistre(fichier, octets);
                   },
                   std::string("\r\nLe texte affiché est conservé."_w)});

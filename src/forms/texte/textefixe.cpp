@@ -1,13 +1,12 @@
 #include "forms/texte/textefixe.h"
 
-#include <QFont>
-#include <QFontMetricsF>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <functional>
 
+#include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
@@ -48,7 +47,7 @@ TexteFixe::TexteFixe(QWidget* parent)
       voletColonnes_(new Volet(this, [this](QPainter& peintre) { PeindreColonnes(peintre); })) {
   setLineWrapMode(QPlainTextEdit::NoWrap);
   setTabChangesFocus(true);
-  FixerTaille(10);
+  FixerTaille(kTailleUsuelle);
   connect(this, &QPlainTextEdit::updateRequest, voletLignes_, qOverload<>(&QWidget::update));
   connect(this, &QPlainTextEdit::updateRequest, voletColonnes_, qOverload<>(&QWidget::update));
 }
@@ -81,12 +80,10 @@ std::string TexteFixe::Octets() const {
 }
 
 void TexteFixe::FixerTaille(int points) {
-  QFont police(QStringLiteral("Courier New"), points);
-  police.setStyleHint(QFont::TypeWriter);
-  police.setFixedPitch(true);
+  const QFont police = PoliceDesTextes(points);
   setFont(police);
   // A tab is one position of the file like any other character.
-  setTabStopDistance(QFontMetricsF(police).horizontalAdvance(QString(100, u'0')) / 100);
+  setTabStopDistance(LargeurDeColonne(QFontMetricsF(police)));
 }
 
 void TexteFixe::FigerLignes(int lignes) {

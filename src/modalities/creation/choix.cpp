@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::int64_t kModalitesAuPlus = 3500;
 constexpr std::size_t kAvantMarques = 9;  // columns of a question line that no mark touches
+
 std::size_t PlaceDeMarque(std::string_view ligne, std::size_t depuis) {
   return std::min(ligne.find(MarqueDe(Statut::Actif), depuis), ligne.find(MarqueDe(Statut::Supplementaire), depuis));
 }

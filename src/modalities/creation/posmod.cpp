@@ -302,19 +302,12 @@ std::string PhraseDeTableDepassee(const Contexte& contexte) {
 
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {
   std::optional<ChoixPrepare> prepare;
-  Affichage affichage;
-  Dialogue retenue = contexte.Ecran();
-  retenue.afficher = [&](const Affichage& montre) { affichage = montre; };
-  Contexte sansMontrer = contexte;
-  sansMontrer.dialogue = &retenue;
-  const Fin fin = ExecuterProgramme(sansMontrer, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    Preparation preparation = Preparer(sansMontrer, rapport);
+  const bool pret = PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
+    Preparation preparation = Preparer(contexte, rapport);
     ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
     prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
   });
-  if (fin == Fin::Normale) return prepare;
-  contexte.Ecran().afficher(affichage);
-  return std::nullopt;
+  return pret ? std::move(prepare) : std::nullopt;
 }
 
 }  // namespace quelvar::modalities

@@ -35,6 +35,7 @@ const Description<OptionsNomeMod>& DescriptionNomeMod() {
                   "le code zéro de chaque question est une modalité"_w)
           .MontreLeContraire("CaseCodZ")
           .Couples("intitule", &O::intitules, "NOM=TEXTE", "intitulé d'une modalité ; peut être répété"_w)
+          .Montre("TextMod")
           .Etape("lancer", "crée les modalités demandées jusqu'ici ; les questions qui suivent en créent d'autres"_w,
                  Avancer, Passes)
           .Alias({"boutlancer"});

@@ -65,9 +65,7 @@ std::string LigneAvecIntitule(std::string_view ligne, std::string_view intitule)
 }
 
 void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions) {
-  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
-  if (!chemin) throw Erreur(kFichierIntrouvable);
-  FichierPos pos = LirePos(*chemin);
+  FichierPos pos = LirePos(contexte.Exiger(".POS"));
   for (std::size_t i = 0; i < questions.size(); ++i) {
     const std::size_t rang = RangDansFichier(pos, questions, i);
     if (!questions[i].modifie || rang == pos.questions.size()) continue;

@@ -7,7 +7,8 @@ const Description<OptionsNomQuest>& DescriptionNomQuest() {
   static const Description<O> description =
       Description<O>("nomquest", "Intitulés des questions, entre signes $ dans le .POS"_w, NommerQuestions)
           .Couples("intitule", &O::intitules, "NOM=TEXTE",
-                   "intitulé d'une question, 30 caractères au plus ; peut être répété"_w);
+                   "intitulé d'une question, 30 caractères au plus ; peut être répété"_w)
+          .Montre("TextMod");
   return description;
 }
 

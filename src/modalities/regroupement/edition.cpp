@@ -1,7 +1,5 @@
 #include "modalities/regroupement/edition.h"
 
-#include <algorithm>
-
 #include "core/session/generiquelibre.h"
 #include "core/texte/nombres.h"
 
@@ -48,10 +46,7 @@ void DireNomLaisse(const Contexte& contexte, const TableAGrouper& table, const O
       Boutons::Ok);
 }
 
-void DireLignesEnPlus(const Contexte& contexte, const TableAGrouper& table) {
-  if (table.parametres.burt > 1 || table.parametres.lignes <= 0) return;
-  const std::int64_t rangees = CompterRangees(table.brt);
-  if (static_cast<double>(rangees) <= table.parametres.lignes) return;
+void DireLignesEnPlus(const Contexte& contexte, const TableAGrouper& table, std::int64_t rangees) {
   contexte.Ecran().demander(Joindre({contexte.Nom(".BRT"), " a ", Nombre(rangees), " lignes au lieu de ",
                                      Nombre(Entier64(table.parametres.lignes)), " (LIGN= de ", contexte.Nom(".MOD"),
                                      "). Toutes sont gardées : vérifiez que ces deux fichiers vont ensemble"_w}),
@@ -69,19 +64,12 @@ void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& do
       Boutons::Ok);
 }
 
-void DireSupplementairesActives(const Contexte& contexte, const TableAGrouper& table, const PlanDeRegroupement& plan) {
-  std::int64_t colonnes = 0;
-  for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
-    if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++colonnes;
-  const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
-  const auto fin = plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
-  const bool groupeActif = std::find(plan.lignes.begin(), fin, 1) != fin;
-  const std::int64_t lignes = groupeActif ? std::count(fin, plan.lignes.end(), 1) : 0;
-  if (colonnes == 0 && lignes == 0) return;
-  contexte.Ecran().demander(
-      Joindre({"Éléments supplémentaires que le regroupement rend actifs : "_w, Nombre(colonnes), " colonnes, "_w,
-               Nombre(lignes), " lignes. Rétablissez le statut du regroupement avant d'analyser"_w}),
-      Boutons::Ok);
+void DireSupplementairesActives(const Contexte& contexte, const ElementsRendusActifs& rendus) {
+  if (rendus.colonnes == 0 && rendus.lignes == 0) return;
+  contexte.Ecran().demander(Joindre({"Éléments supplémentaires que le regroupement rend actifs : "_w,
+                                     Nombre(rendus.colonnes), " colonnes, "_w, Nombre(rendus.lignes),
+                                     " lignes. Rétablissez le statut du regroupement avant d'analyser"_w}),
+                            Boutons::Ok);
 }
 
 }  // namespace quelvar::modalities

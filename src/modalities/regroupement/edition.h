@@ -1,6 +1,7 @@
 // What ModifierBurt tells of a grouping: the lines of its report, and the boxes behind it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "modalities/regroupement/table.h"
@@ -23,10 +24,9 @@ void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& 
 // The rows of a Burt table have the names of its columns, whatever name was given to theirs.
 void DireNomLaisse(const Contexte& contexte, const TableAGrouper& table, const OptionsModifBurt& options,
                    const NomsDeGroupe& noms);
-// Rows beyond those that the .MOD announces are kept, and announced by the new one.
-void DireLignesEnPlus(const Contexte& contexte, const TableAGrouper& table);
-// The mark of grouped columns is lost; supplementary rows grouped with an active one become active.
-void DireSupplementairesActives(const Contexte& contexte, const TableAGrouper& table, const PlanDeRegroupement& plan);
+// Rows beyond those that the .MOD announces are kept, and announced by the new one; `rangees` of all.
+void DireLignesEnPlus(const Contexte& contexte, const TableAGrouper& table, std::int64_t rangees);
+void DireSupplementairesActives(const Contexte& contexte, const ElementsRendusActifs& rendus);
 // The sums take the cells as they read; what is no count among them is told.
 void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& douteuses);
 

@@ -19,6 +19,8 @@ namespace quelvar::modalities {
 
 namespace {
 
+constexpr std::string_view kTitre = "Modification d'un tableau de Burt";
+
 std::string LigneDeParametres(const ParametresMod& anciens, std::size_t colonnes, const BilanDeRegroupement& bilan,
                               int largeur) {
   if (anciens.burt > 1) return quelvar::LigneDeParametres({{"BRT=", colonnes}, {"FMT=", largeur}});
@@ -90,7 +92,7 @@ void ExigerDesColonnes(const Contexte& contexte, Rapport& rapport, const TableAG
 // `libre` when nothing that counts stands under the new generic.
 void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt& options, const std::string& nouveau,
               bool libre) {
-  ImprimerBandeau(rapport, "Modification d'un tableau de Burt");
+  ImprimerBandeau(rapport, kTitre);
   const TableAGrouper table = OuvrirTable(contexte, rapport);
   if (table.parametres.largeur < 1) {
     Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
@@ -117,30 +119,17 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
   if (!libre) ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
-  DireLignesEnPlus(contexte, table);
-  DireSupplementairesActives(contexte, table, plan);
+  if (const std::optional<std::int64_t> rangees = RangeesEnTrop(table)) DireLignesEnPlus(contexte, table, *rangees);
+  DireSupplementairesActives(contexte, CompterRendusActifs(table, plan));
   DireCellulesDouteuses(contexte, bilan.douteuses);
   ImprimerFin(contexte, rapport, nouveau);
-}
-
-// Whether nothing stands under that generic but the report of a grouping that stopped.
-bool NAQueLeRapportDUnArret(const Contexte& contexte, const std::string& generique) {
-  const std::optional<Chemin> chemin = ChercherFichier(contexte.repertoire, generique + ".PRT");
-  if (!chemin) return false;
-  for (const char* extension : {".MOD", ".BRT", ".POS", ".DAT", ".CDG", ".TRG", ".TXT", ".DES", ".CSV"})
-    if (ChercherFichier(contexte.repertoire, generique + extension)) return false;
-  constexpr std::uintmax_t kAuPlus = 100000;
-  if (LongueurFichier(*chemin) > kAuPlus) return false;
-  const std::string texte = LireOctets(*chemin);
-  return texte.find("Modification d'un tableau de Burt") != std::string::npos &&
-         texte.find("changement de nom g\xE9n\xE9rique") == std::string::npos;
 }
 
 }  // namespace
 
 Fin ModifierBurt(const Contexte& contexte, const OptionsModifBurt& options) {
-  const bool deja =
-      !contexte.generique.empty() && NAQueLeRapportDUnArret(contexte, GeneriqueSuivant(contexte.generique));
+  const bool deja = !contexte.generique.empty() &&
+                    NAQueLeRapportDUnArret(contexte.repertoire, GeneriqueSuivant(contexte.generique), kTitre);
   const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer || deja);
   if (!nouveau) return Fin::Arret;
   const Fin fin = ExecuterProgramme(contexte, *nouveau + ".PRT", LibellesErreur{},

@@ -12,6 +12,7 @@ namespace quelvar::modalities {
 namespace {
 
 constexpr std::size_t kLargeurNom = kLargeurDeModalite;
+constexpr std::size_t kChiffresExacts = 15;  // that a double holds whatever they are
 
 bool Marque(const std::vector<char>& marques) { return std::find(marques.begin(), marques.end(), 1) != marques.end(); }
 
@@ -21,7 +22,7 @@ double ValeurDeCellule(std::string_view cellule) {
   std::size_t i = 0;
   while (i < cellule.size() && cellule[i] == ' ') ++i;
   for (; i < cellule.size(); ++i) {
-    if (cellule[i] < '0' || cellule[i] > '9' || i > 14) return ValeurDe(cellule);
+    if (cellule[i] < '0' || cellule[i] > '9' || i >= kChiffresExacts) return ValeurDe(cellule);
     valeur = 10 * valeur + (cellule[i] - '0');
   }
   return valeur;

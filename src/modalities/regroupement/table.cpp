@@ -34,6 +34,15 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGro
   }
 }
 
+// Rows of a .BRT that hold something.
+std::int64_t CompterRangees(const Chemin& brt) {
+  std::int64_t rangees = 0;
+  LecteurLignes lecteur(brt);
+  for (std::string_view ligne; lecteur.Lire(ligne);)
+    if (!Rogner(ligne).empty()) ++rangees;
+  return rangees;
+}
+
 std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   std::vector<std::string> noms;
   LecteurLignes lecteur(table.brt);
@@ -99,12 +108,21 @@ TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
   return table;
 }
 
-std::int64_t CompterRangees(const Chemin& brt) {
-  std::int64_t rangees = 0;
-  LecteurLignes lecteur(brt);
-  for (std::string_view ligne; lecteur.Lire(ligne);)
-    if (!Rogner(ligne).empty()) ++rangees;
-  return rangees;
+std::optional<std::int64_t> RangeesEnTrop(const TableAGrouper& table) {
+  if (table.parametres.burt > 1 || table.parametres.lignes <= 0) return std::nullopt;
+  const std::int64_t rangees = CompterRangees(table.brt);
+  return static_cast<double>(rangees) > table.parametres.lignes ? std::optional(rangees) : std::nullopt;
+}
+
+ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanDeRegroupement& plan) {
+  ElementsRendusActifs rendus;
+  for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
+    if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++rendus.colonnes;
+  const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
+  const auto fin = plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
+  const bool groupeActif = std::find(plan.lignes.begin(), fin, 1) != fin;
+  if (groupeActif) rendus.lignes = std::count(fin, plan.lignes.end(), 1);
+  return rendus;
 }
 
 PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,

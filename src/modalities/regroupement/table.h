@@ -25,8 +25,17 @@ struct TableAGrouper {
 // Raises the failures of the readers, and those of ExigerTableDuMod.
 TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport);
 
-// Rows of a .BRT that hold something. Raises the failures of LecteurLignes.
-std::int64_t CompterRangees(const Chemin& brt);
+// Rows of the .BRT that hold something, when there are more of them than the .MOD announces; nothing for a Burt table.
+// Raises the failures of LecteurLignes.
+std::optional<std::int64_t> RangeesEnTrop(const TableAGrouper& table);
+
+// Supplementary elements that a grouping makes active: the mark of grouped columns is lost, and rows go with an active
+// one.
+struct ElementsRendusActifs {
+  std::int64_t colonnes = 0;
+  std::int64_t lignes = 0;
+};
+ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanDeRegroupement& plan);
 
 // Marks the rows and columns by their names. One that the table has not stops the run (kArretAnnonce); one that several
 // have raises a sentence (kIncompatibiliteType).

@@ -9,6 +9,7 @@
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/edition.h"
 #include "regression/anatab/effets_edition.h"
@@ -24,7 +25,6 @@ namespace {
 
 constexpr std::string_view kSorte = "codage logique";  // what the .CDG holds
 constexpr double kPopulationSuffisante = 50;           // percent
-constexpr int kFichiersGardes = 3;                     // DE=3
 // What the progress display shows: percent of a run up to the fit, at the end of each of its parts.
 constexpr std::int64_t kProgressionMax = 100;
 constexpr std::int64_t kBaseComptee = 20;
@@ -98,10 +98,10 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
   if (confondues.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
-               "effets et "
-               "ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
-               confondues}),
+      Joindre(
+          {"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
+           "effets et ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
+           confondues}),
       Boutons::Ok);
 }
 
@@ -117,12 +117,13 @@ void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Model
   if (noms.empty()) return;
   Avertir(rapport, contexte.Ecran(),
           Joindre({"*** Arrêt du programme : plusieurs questions portent le même nom, renommez leurs modalités ("_w,
-                   EnListe(noms), ")"}));
+                   Enumerer(noms), ")"}));
   throw Erreur(kArretAnnonce);
 }
 
-void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, Travail& travail) {
-  travail.triees = TrierFiches(travail.individus, contexte.Ecran());
+void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+  travail.triees = Situer([&] { return Lieu{TexteDe(codageLogique.filename())}; },
+                          [&] { return TrierFiches(travail.individus, contexte.Ecran()); });
   travail.etape = Etape::Tri;
   travail.comptees = CompterVoisines(travail.triees);
   double possibles = 2;
@@ -167,8 +168,9 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   AnalyseTabulaire& analyse = travail.analyse;
   analyse.voisinages = VoisinagesDe(analyse.table, analyse.cellules);
   travail.etape = Etape::SousEffets;
-  analyse.effets = CalculerEffets(analyse.table, analyse.cellules, analyse.voisinages, travail.Choix().oddsRatio);
-  ImprimerTitreParametres(rapport, travail.modele, travail.Choix());
+  analyse.mesure = travail.MesureDemandee();
+  analyse.effets = CalculerEffets(analyse.table, analyse.cellules, analyse.voisinages, analyse.mesure);
+  ImprimerTitreParametres(rapport, travail.modele, analyse.mesure);
   const std::optional<std::size_t> reference = SituationDeReference(analyse.table, analyse.cellules);
   if (!reference) {
     rapport.Ligne("*** La situation de référence n'est attestée par aucun individu"_w);
@@ -177,11 +179,11 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
   }
   analyse.reference = *reference;
   const Situation& situation = analyse.Reference();
-  analyse.khi2Reference = KhiCellule(travail.base.individus, travail.base.nombreOui, situation.effectif,
-                                     situation.pourcentage * situation.effectif / 100);
+  analyse.khi2Reference =
+      KhiCellule(travail.base.individus, travail.base.nombreOui, situation.effectif, situation.OuiConserve());
   ImprimerReference(rapport, analyse);
-  ImprimerEffets(rapport, analyse, travail.modele, travail.Choix());
-  ImprimerResume(rapport, analyse, travail.modele, travail.Choix());
+  ImprimerEffets(rapport, analyse, travail.modele, travail.TableauxDemandes());
+  ImprimerResume(rapport, analyse, travail.modele);
 }
 
 ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
@@ -195,7 +197,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesD
   travail.base = CompterLaBase(travail.individus, travail.modele);
   ImprimerDonneesDeBase(rapport, travail.modele, travail.base);
   ecran.progresser(kBaseComptee);
-  FormerLesGroupes(contexte, rapport, travail);
+  FormerLesGroupes(contexte, rapport, fichiers.donnees, travail);
   ecran.progresser(kGroupesFormes);
   ExaminerLesSituations(contexte, rapport, travail);
   ecran.progresser(kSituationsExaminees);
@@ -216,7 +218,7 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
       ligne.logistique = EffetEnPoints(logistique, logistique.betas[k]);
     lignes.push_back(std::move(ligne));
   }
-  if (travail.Choix().oddsRatio) return image;
+  if (travail.analyse.mesure != MesureDEffet::Points) return image;
   // An effect is that of all modalities whose cells read the same, and bears the rank of the last of them.
   for (const Effet& effet : travail.analyse.effets)
     for (std::size_t k = 0; k < lignes.size(); ++k) {
@@ -252,7 +254,7 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
     LaisserLesFichiers(contexte, travail);
     throw;
   }
-  if (travail.parametres.de == kFichiersGardes) {
+  if (travail.FichiersGardes()) {
     LaisserLesFichiers(contexte, travail);
     EcrireListeFinale(contexte, travail);
   } else {

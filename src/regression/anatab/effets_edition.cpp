@@ -16,7 +16,9 @@ std::string_view TexteDeTest(int classe) {
   return textes[classe];
 }
 
-std::string_view TitreDAnalyse(ChoixEdition choix) { return choix.oddsRatio ? "logistique" : "tabulaire"; }
+std::string_view TitreDAnalyse(MesureDEffet mesure) {
+  return mesure == MesureDEffet::Points ? "tabulaire" : "logistique";
+}
 
 // The columns of the sub-effects of one modality.
 struct ColonnesSousEffets {
@@ -26,8 +28,8 @@ struct ColonnesSousEffets {
   ColonneDeNombres khi2{3, 1, Voisin::Nombre};
 };
 
-ColonnesSousEffets MesurerColonnes(ChoixEdition choix, const Effet& effet) {
-  ColonnesSousEffets colonnes{ColonneDeNombres(3, DecimalesDEffet(choix))};
+ColonnesSousEffets MesurerColonnes(MesureDEffet mesure, const Effet& effet) {
+  ColonnesSousEffets colonnes{ColonneDeNombres(3, DecimalesDEffet(mesure))};
   colonnes.effet.Voir(effet.minimum);
   colonnes.effet.Voir(effet.maximum);
   colonnes.poids.Voir(effet.poidsMaximum);
@@ -48,14 +50,14 @@ void ImprimerEnteteSousEffets(Rapport& rapport, std::size_t questions, const Col
 // Writes the line of a sub-effect: there may be millions of them, and neighbours share their sub-population.
 class LignesDeSousEffets {
  public:
-  LignesDeSousEffets(const AnalyseTabulaire& analyse, ChoixEdition choix, const Effet& effet)
+  LignesDeSousEffets(const AnalyseTabulaire& analyse, const Effet& effet)
       : analyse_(analyse),
-        choix_(choix),
-        colonnes_(MesurerColonnes(choix, effet)),
+        avecTest_(analyse.mesure == MesureDEffet::Points),
+        colonnes_(MesurerColonnes(analyse.mesure, effet)),
         somme_(colonnes_.somme(effet.poids)) {}
 
   void ImprimerEntete(Rapport& rapport) const {
-    ImprimerEnteteSousEffets(rapport, analyse_.table.questions, colonnes_, !choix_.oddsRatio);
+    ImprimerEnteteSousEffets(rapport, analyse_.table.questions, colonnes_, avecTest_);
   }
 
   void Imprimer(Rapport& rapport, const SousEffet& sousEffet, const MesureSousEffet& mesure) {
@@ -70,7 +72,7 @@ class LignesDeSousEffets {
     colonnes_.effet.Ajouter(ligne_, mesure.effet);
     colonnes_.poids.Ajouter(ligne_, mesure.poids);
     ligne_ += somme_;
-    if (!choix_.oddsRatio) {
+    if (avecTest_) {
       colonnes_.khi2.Ajouter(ligne_, mesure.khi2.khi2);
       ligne_ += TexteDeTest(mesure.khi2.classe);
     }
@@ -79,7 +81,7 @@ class LignesDeSousEffets {
 
  private:
   const AnalyseTabulaire& analyse_;
-  ChoixEdition choix_;
+  bool avecTest_;  // the chi-square of a sub-effect goes with a difference of percentages
   ColonnesSousEffets colonnes_;
   std::string somme_;
   std::string ligne_;
@@ -87,27 +89,25 @@ class LignesDeSousEffets {
   SousEffet derniere_;     // that the sub-population was written for
 };
 
-void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix,
+void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, bool tableaux,
                      const Effet& effet) {
-  LignesDeSousEffets lignes(analyse, choix, effet);
+  LignesDeSousEffets lignes(analyse, effet);
   rapport.Ligne({"Effet ", CadreGauche(modele.Explicative(effet.modalite).intitule, kLargeurCourte),
                  NombreNu(effet.nombre), " sous-effets (s-e)"});
   lignes.ImprimerEntete(rapport);
   std::uint64_t rang = 0;
-  ParcourirSousEffets(analyse.table, analyse.cellules, analyse.voisinages, effet.modalite,
-                      [&](const SousEffet& sousEffet) {
-                        lignes.Imprimer(rapport, sousEffet, Mesurer(sousEffet, analyse.table, choix.oddsRatio));
-                        ++rang;
-                        if (!choix.tableaux) return;
-                        rapport.Ligne();
-                        for (const std::string& ligne : LignesDeLaPaire(TableDe(analyse, modele, sousEffet)))
-                          rapport.Ligne(ligne);
-                        rapport.Ligne();
-                        if (rang == effet.nombre) return;
-                        rapport.Ligne();
-                        lignes.ImprimerEntete(rapport);
-                      });
-  rapport.Ligne({"moyenne pondérée des sous-effets ="_w, Figure(effet.moyenne, 3, DecimalesDEffet(choix))});
+  ParcourirMesures(analyse, effet.modalite, [&](const SousEffet& sousEffet, const MesureSousEffet& mesures) {
+    lignes.Imprimer(rapport, sousEffet, mesures);
+    ++rang;
+    if (!tableaux) return;
+    rapport.Ligne();
+    for (const std::string& ligne : LignesDeLaPaire(TableDe(analyse, modele, sousEffet))) rapport.Ligne(ligne);
+    rapport.Ligne();
+    if (rang == effet.nombre) return;
+    rapport.Ligne();
+    lignes.ImprimerEntete(rapport);
+  });
+  rapport.Ligne({"moyenne pondérée des sous-effets ="_w, Figure(effet.moyenne, 3, DecimalesDEffet(analyse.mesure))});
   rapport.Ligne({"Ecart type pondéré en pourcentage ="_w, Figure(effet.ecartType, 3, 1)});
   if (effet.EcartDepasseMoyenne()) {
     rapport.Ligne("*** attention");
@@ -162,11 +162,11 @@ std::array<std::string, 4> LignesDeLaPaire(const TableDePaire& table) {
           ligne(b, table.premierePlus ? "  -    +  " : "  +    -  "), ligne(deux, "          ")};
 }
 
-void ImprimerTitreParametres(Rapport& rapport, const Modele& modele, ChoixEdition choix) {
+void ImprimerTitreParametres(Rapport& rapport, const Modele& modele, MesureDEffet mesure) {
   rapport.Ligne();
   rapport.Ligne(kEtoiles);
   rapport.Ligne();
-  rapport.Ligne({"Paramètres de l'analyse "_w, TitreDAnalyse(choix)});
+  rapport.Ligne({"Paramètres de l'analyse "_w, TitreDAnalyse(mesure)});
   rapport.Ligne();
   rapport.Ligne(modele.titre);
   rapport.Ligne();
@@ -184,23 +184,23 @@ void ImprimerReference(Rapport& rapport, const AnalyseTabulaire& analyse) {
   rapport.Ligne();
 }
 
-void ImprimerEffets(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix) {
-  for (const Effet& effet : analyse.effets) ImprimerUnEffet(rapport, analyse, modele, choix, effet);
+void ImprimerEffets(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, bool tableaux) {
+  for (const Effet& effet : analyse.effets) ImprimerUnEffet(rapport, analyse, modele, tableaux, effet);
 }
 
-void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix) {
+void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele) {
   constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
   rapport.Ligne();
   rapport.Ligne(kEtoiles);
   rapport.Ligne();
-  rapport.Ligne({"Résumé des paramètres de l'analyse "_w, TitreDAnalyse(choix)});
+  rapport.Ligne({"Résumé des paramètres de l'analyse "_w, TitreDAnalyse(analyse.mesure)});
   rapport.Ligne(modele.titre);
   ImprimerResumeReference(rapport, analyse);
 
   rapport.Ligne("    Effets                               Intervalle de confiance ");
   rapport.Ligne("  marginaux                                 à 1 écart-type"_w);
   rapport.Ligne();
-  ImprimerRangees(rapport, TableauDesEffets(analyse, modele, choix),
+  ImprimerRangees(rapport, TableauDesEffets(analyse, modele),
                   {.titre = kLargeurCourte,
                    .places = {{"", 3, kLibre}, {"    ", 20}, {"         ", 3, kLibre}, {"     ", 3, kLibre}}});
 }

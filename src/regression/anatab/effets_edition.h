@@ -15,9 +15,10 @@ namespace quelvar::regression {
 std::array<std::string, 4> LignesDeLaPaire(const TableDePaire& table);
 
 // "Paramètres de l'analyse tabulaire" and its title, up to the line that announces the reference situation.
-void ImprimerTitreParametres(Rapport& rapport, const Modele& modele, ChoixEdition choix);
+void ImprimerTitreParametres(Rapport& rapport, const Modele& modele, MesureDEffet mesure);
 void ImprimerReference(Rapport& rapport, const AnalyseTabulaire& analyse);
-void ImprimerEffets(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix);
-void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix);
+// `tableaux`: with the 2 x 2 table of every sub-effect.
+void ImprimerEffets(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele, bool tableaux);
+void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Modele& modele);
 
 }  // namespace quelvar::regression

@@ -6,8 +6,10 @@
 
 #include "core/calcul/tris.h"
 #include "core/enquete/datfile.h"
+#include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
+#include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {
 
@@ -19,21 +21,16 @@ constexpr std::int64_t kPasDAffichage = 50000;
 constexpr std::int64_t kFautifsCites = 51;  // ranks of individuals at fault that are told
 
 std::uint64_t Hacher(std::string_view fiche) {
-  std::uint64_t h = 0x9E3779B97F4A7C15U;
-  const auto meler = [&h](std::uint64_t mot) {
-    h = (h ^ mot) * 0xFF51AFD7ED558CCDU;
-    h ^= h >> 32;
-  };
-  std::size_t i = 0;
-  for (; i + 8 <= fiche.size(); i += 8) {
+  Hachage hachage;
+  for (; fiche.size() >= sizeof(std::uint64_t); fiche.remove_prefix(sizeof(std::uint64_t))) {
     std::uint64_t mot;
-    std::memcpy(&mot, fiche.data() + i, 8);
-    meler(mot);
+    std::memcpy(&mot, fiche.data(), sizeof mot);
+    hachage.Meler(mot);
   }
   std::uint64_t mot = 0;
-  std::memcpy(&mot, fiche.data() + i, fiche.size() - i);
-  meler(mot);
-  return h;
+  std::memcpy(&mot, fiche.data(), fiche.size());
+  hachage.Meler(mot);
+  return hachage.Valeur();
 }
 
 double ValeurDeFiche(std::string_view fiche) {
@@ -45,10 +42,16 @@ double ValeurDeFiche(std::string_view fiche) {
   return ValeurDe(fiche);
 }
 
+// The line of the first individual who has the record.
+Lieu LieuDe(const Individus& individus, NumeroFiche fiche) {
+  return {{}, std::find(individus.fiche.begin(), individus.fiche.end(), fiche) - individus.fiche.begin() + 1};
+}
+
 // Rank of the value of each distinct record, from 0; records of one value share it.
-std::vector<std::uint32_t> RangsDesValeurs(const Fiches& fiches, bool& partagees) {
-  std::vector<double> valeurs(fiches.Nombre());
-  for (NumeroFiche f = 0; f < valeurs.size(); ++f) valeurs[f] = ValeurDeFiche(fiches[f]);
+std::vector<std::uint32_t> RangsDesValeurs(const Individus& individus, bool& partagees) {
+  std::vector<double> valeurs(individus.fiches.Nombre());
+  for (NumeroFiche f = 0; f < valeurs.size(); ++f)
+    Situer([&] { return LieuDe(individus, f); }, [&] { valeurs[f] = ValeurDeFiche(individus.fiches[f]); });
   std::vector<NumeroFiche> ordre(valeurs.size());
   std::iota(ordre.begin(), ordre.end(), NumeroFiche{0});
   std::sort(ordre.begin(), ordre.end(), [&](NumeroFiche a, NumeroFiche b) { return valeurs[a] < valeurs[b]; });
@@ -124,7 +127,7 @@ void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dial
 
 std::vector<NumeroFiche> TrierFiches(const Individus& individus, const Dialogue& ecran) {
   bool partagees = false;
-  const std::vector<std::uint32_t> rangs = RangsDesValeurs(individus.fiches, partagees);
+  const std::vector<std::uint32_t> rangs = RangsDesValeurs(individus, partagees);
   if (!partagees) return TrierParComptage(individus, rangs);
 
   struct Cle {

@@ -62,7 +62,7 @@ void LireIndividus(const Chemin& codageLogique, const Modele& modele, const Dial
 
 // The records of the individuals by descending value, each record read as one decimal number in a double. Records of
 // more than 15 characters may share a value: their order is then that of the heap sort, and equal records need not
-// stand together. Raises kDepassementCapacite for a value beyond a double.
+// stand together. Raises kDepassementCapacite, with the line of its first individual, for a value beyond a double.
 std::vector<NumeroFiche> TrierFiches(const Individus& individus, const Dialogue& ecran);
 
 // A record and how many neighbours in the order had it.

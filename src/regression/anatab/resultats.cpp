@@ -10,7 +10,7 @@ namespace quelvar::regression {
 namespace {
 
 constexpr int kDecimalesDePart = 4;
-constexpr std::size_t kLargeurDeCellule = 7;  // of a situation: four characters of a label, three of its role
+constexpr std::size_t kCelluleImprimee = 7;  // of a situation: four characters of a label, three of its role
 
 Cellule Effectif(double nombre) { return {nombre, Unite::Effectif, 0, {}}; }
 Cellule Pourcentage(double valeur, std::string_view marque = {}) {
@@ -70,7 +70,7 @@ TableauEdite TableauDeBase(const Modele& modele, const DonneesDeBase& base) {
 
 TableauEdite TableauDesSituations(const AnalyseTabulaire& analyse) {
   TableauEdite tableau;
-  tableau.coin = std::string(analyse.table.questions * kLargeurDeCellule, ' ');
+  tableau.coin = std::string(analyse.table.questions * kCelluleImprimee, ' ');
   tableau.colonnes = {{"  Eff."}, {"Pour."}, {" Khi2"}, {" Test"}};
   for (std::size_t s = 0; s < analyse.examinees; ++s) {
     const Situation& situation = analyse.table.situations[s];
@@ -103,11 +103,12 @@ TableauEdite TableauDeLaReference(const AnalyseTabulaire& analyse) {
   return tableau;
 }
 
-int DecimalesDEffet(ChoixEdition choix) { return choix.oddsRatio ? 2 : 1; }
+int DecimalesDEffet(MesureDEffet mesure) { return mesure == MesureDEffet::Points ? 1 : 2; }
 
-TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix) {
-  const Unite unite = choix.oddsRatio ? Unite::Nombre : Unite::Pourcent;
-  const std::string signe = choix.oddsRatio ? "  " : "% ";
+TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele) {
+  const bool points = analyse.mesure == MesureDEffet::Points;
+  const Unite unite = points ? Unite::Pourcent : Unite::Nombre;
+  const std::string signe = points ? "% " : "  ";
   TableauEdite tableau;
   tableau.colonnes.resize(4);
   for (const Effet& effet : analyse.effets) {
@@ -116,7 +117,7 @@ TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& mod
                                                                     : "";
     tableau.rangees.push_back({modele.Explicative(effet.modalite).intitule,
                                {},
-                               {{effet.moyenne, unite, DecimalesDEffet(choix), signe},
+                               {{effet.moyenne, unite, DecimalesDEffet(analyse.mesure), signe},
                                 Mot(remarque),
                                 {effet.Bas(), unite, 1, signe},
                                 {effet.Haut(), unite, 1, signe}}});
@@ -129,7 +130,7 @@ TableDePaire TableDe(const AnalyseTabulaire& analyse, const Modele& modele, cons
     const Situation& situation = analyse.table.situations[s];
     const std::size_t k = analyse.cellules[analyse.table.Modalites(s)[sousEffet.question]].designee;
     return TableDePaire::Rangee{k < modele.Explicatives() ? std::string_view(modele.Explicative(k).nom) : "    ",
-                                situation.pourcentage * situation.effectif / 100, situation.effectif};
+                                situation.OuiConserve(), situation.effectif};
   };
   const TableDePaire::Rangee a = rangee(sousEffet.premiere);
   const TableDePaire::Rangee b = rangee(sousEffet.seconde);

@@ -26,10 +26,10 @@ std::string_view MarqueDeCellule(int classe);
 // standard error on both sides, held between 0 and 100.
 TableauEdite TableauDeLaReference(const AnalyseTabulaire& analyse);
 // The effects: weighted mean, remark, and the interval of one standard deviation on both sides.
-TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele, ChoixEdition choix);
+TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele);
 
 // Decimals of an effect: of points one, of an odds-ratio two.
-int DecimalesDEffet(ChoixEdition choix);
+int DecimalesDEffet(MesureDEffet mesure);
 // Columns of the label that names an effect.
 inline constexpr int kLargeurCourte = 5;
 

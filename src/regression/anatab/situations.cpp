@@ -12,7 +12,7 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr int kLargeurCourte = 4;
+constexpr int kLargeurDeCellule = 4;  // of its label, and of its role
 constexpr int kDecimalesConservees = 6;
 
 // The flag of the explained modality is kept by the order of the file, that of the references by the packed one: a
@@ -28,7 +28,7 @@ std::vector<CelluleDeSituation> CellulesDe(const Modele& modele) {
   std::vector<CelluleDeSituation> cellules(modele.Explicatives() + 1);
   for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
     CelluleDeSituation& cellule = cellules[k];
-    cellule.intitule = CadreGauche(modele.Explicative(k).intitule, kLargeurCourte);
+    cellule.intitule = CadreGauche(modele.Explicative(k).intitule, kLargeurDeCellule);
     cellule.role = RoleDe(modele, k);
     cellule.reference = modele.Explicative(k).reference;
     cellule.texte = k;
@@ -39,7 +39,7 @@ std::vector<CelluleDeSituation> CellulesDe(const Modele& modele) {
     }
     cellule.designee = k;
   }
-  cellules.back().intitule = cellules.back().role = CadreGauche("", kLargeurCourte);
+  cellules.back().intitule = cellules.back().role = CadreGauche("", kLargeurDeCellule);
   cellules.back().texte = cellules.back().designee = modele.Explicatives();
   return cellules;
 }

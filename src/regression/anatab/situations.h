@@ -47,6 +47,8 @@ struct Situation {
   Khi2Paire khi2;
 
   double Brut() const { return 100 * oui / effectif; }
+  // Individuals with the explained modality, by the percentage that is kept.
+  double OuiConserve() const { return pourcentage * effectif / 100; }
   // Standard error of the share, from 0 to 1: root of p (1 - p) / n.
   double EcartTypeDeLaPart() const;
   double EcartTypeEnPoints() const { return 100 * EcartTypeDeLaPart(); }

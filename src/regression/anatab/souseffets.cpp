@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <span>
 
 #include "core/programme/erreur.h"
+#include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {
 
@@ -21,12 +23,10 @@ std::vector<std::uint32_t> TextesDesCellules(const TableSituations& table,
 }
 
 std::uint64_t HacherSauf(std::span<const std::uint32_t> textes, std::size_t sauf) {
-  std::uint64_t h = 0x9E3779B97F4A7C15U;
-  for (std::size_t c = 0; c < textes.size(); ++c) {
-    h = (h ^ (c == sauf ? 0xFFFFFFFFU : textes[c])) * 0xFF51AFD7ED558CCDU;
-    h ^= h >> 32;
-  }
-  return h;
+  constexpr std::uint32_t kAucunTexte = std::numeric_limits<std::uint32_t>::max();
+  Hachage hachage;
+  for (std::size_t c = 0; c < textes.size(); ++c) hachage.Meler(c == sauf ? kAucunTexte : textes[c]);
+  return hachage.Valeur();
 }
 
 // Order of two situations that brings together those that agree in all questions but one.
@@ -154,21 +154,19 @@ void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule
 
 namespace {
 
-double EffetDe(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio) {
+double EffetDe(const SousEffet& sousEffet, const TableSituations& table, MesureDEffet mesure) {
   const double reference = table.situations[sousEffet.Reference()].pourcentage;
   const double comparee = table.situations[sousEffet.Comparee()].pourcentage;
-  if (!oddsRatio) return comparee - reference;
+  if (mesure == MesureDEffet::Points) return comparee - reference;
   const double chancesReference = Chances(reference);
   if (chancesReference == 0) throw Erreur(kDivisionParZero);
   return Chances(comparee) / chancesReference;
 }
 
-double OuiDe(const Situation& situation) { return situation.pourcentage * situation.effectif / 100; }
-
 Khi2Paire Khi2De(const SousEffet& sousEffet, const TableSituations& table) {
   const Situation& a = table.situations[sousEffet.premiere];
   const Situation& b = table.situations[sousEffet.seconde];
-  return KhiPaire(a.effectif, b.effectif, OuiDe(a), OuiDe(b));
+  return KhiPaire(a.effectif, b.effectif, a.OuiConserve(), b.OuiConserve());
 }
 
 // What the chi-square of a sub-effect may come to, at most. It is never above the weight: that of few individuals
@@ -176,25 +174,26 @@ Khi2Paire Khi2De(const SousEffet& sousEffet, const TableSituations& table) {
 double PlafondDuKhi2(const SousEffet& sousEffet, const TableSituations& table, double poids) {
   constexpr double kPoidsLeger = 90;
   if (poids >= kPoidsLeger) return Khi2De(sousEffet, table).khi2;
-  const double oui = OuiDe(table.situations[sousEffet.premiere]) + OuiDe(table.situations[sousEffet.seconde]);
+  const double oui =
+      table.situations[sousEffet.premiere].OuiConserve() + table.situations[sousEffet.seconde].OuiConserve();
   if (oui == 0 || oui == poids) throw Erreur(kDivisionParZero);
   return poids;
 }
 
 }  // namespace
 
-MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio) {
-  MesureSousEffet mesure;
-  mesure.effet = EffetDe(sousEffet, table, oddsRatio);
-  mesure.poids = table.situations[sousEffet.premiere].effectif + table.situations[sousEffet.seconde].effectif;
-  mesure.khi2 = Khi2De(sousEffet, table);
-  return mesure;
+MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, MesureDEffet mesure) {
+  MesureSousEffet mesures;
+  mesures.effet = EffetDe(sousEffet, table, mesure);
+  mesures.poids = table.situations[sousEffet.premiere].effectif + table.situations[sousEffet.seconde].effectif;
+  mesures.khi2 = Khi2De(sousEffet, table);
+  return mesures;
 }
 
 bool Effet::EcartDepasseMoyenne() const { return ecartType > std::fabs(moyenne); }
 
 std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
-                                  const Voisinages& voisinages, bool oddsRatio) {
+                                  const Voisinages& voisinages, MesureDEffet mesure) {
   std::vector<Effet> effets;
   for (std::size_t k = 0; k < cellules.size(); ++k) {
     Effet effet;
@@ -202,16 +201,16 @@ std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vecto
     double produits = 0;  // of effect and weight
     double carres = 0;    // of effect^2 and weight
     ParcourirSousEffets(table, cellules, voisinages, k, [&](const SousEffet& sousEffet) {
-      const double mesure = EffetDe(sousEffet, table, oddsRatio);
+      const double valeur = EffetDe(sousEffet, table, mesure);
       const double poids = table.situations[sousEffet.premiere].effectif + table.situations[sousEffet.seconde].effectif;
       ++effet.nombre;
-      effet.minimum = std::min(effet.minimum, mesure);
-      effet.maximum = std::max(effet.maximum, mesure);
+      effet.minimum = std::min(effet.minimum, valeur);
+      effet.maximum = std::max(effet.maximum, valeur);
       effet.poidsMaximum = std::max(effet.poidsMaximum, poids);
       effet.khi2Maximum = std::max(effet.khi2Maximum, PlafondDuKhi2(sousEffet, table, poids));
       effet.poids += poids;
-      produits += mesure * poids;
-      carres += mesure * mesure * poids;
+      produits += valeur * poids;
+      carres += valeur * valeur * poids;
     });
     // The last cell is the empty one: its sub-effects are measured, and are the effect of no modality.
     if (effet.nombre == 0 || k + 1 == cellules.size()) continue;

@@ -42,15 +42,18 @@ void ParcourirSousEffets(const TableSituations& table, const std::vector<Cellule
 void ParcourirSousEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
                          const Voisinages& voisinages, std::size_t modalite, const Visiteur& visiter);
 
+// What an effect is: a difference of percentages, in points, or an odds-ratio.
+enum class MesureDEffet { Points, RapportDeChances };
+
 // The measures of one sub-effect.
 struct MesureSousEffet {
-  double effet = 0;  // difference of percentages, in points, or odds-ratio
+  double effet = 0;
   double poids = 0;  // individuals of the two situations
   Khi2Paire khi2;
 };
 
 // Raises kDivisionParZero for an odds-ratio, or a chi-square, that has a 0 below.
-MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, bool oddsRatio);
+MesureSousEffet Mesurer(const SousEffet& sousEffet, const TableSituations& table, MesureDEffet mesure);
 
 struct Effet {
   std::size_t modalite = 0;  // rank among the explanatory ones
@@ -60,7 +63,7 @@ struct Effet {
   double poidsMaximum = 0;
   double khi2Maximum = 0;  // above all of them
   double poids = 0;        // sum of the weights
-  double moyenne = 0;      // weighted mean, in points or as odds-ratio
+  double moyenne = 0;      // weighted mean
   double ecartType = 0;    // weighted standard deviation
 
   // One standard deviation below and above the mean.
@@ -72,6 +75,6 @@ struct Effet {
 
 // The effect of each modality that has sub-effects, in the order of the modalities.
 std::vector<Effet> CalculerEffets(const TableSituations& table, const std::vector<CelluleDeSituation>& cellules,
-                                  const Voisinages& voisinages, bool oddsRatio);
+                                  const Voisinages& voisinages, MesureDEffet mesure);
 
 }  // namespace quelvar::regression

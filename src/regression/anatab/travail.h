@@ -15,6 +15,11 @@ namespace quelvar::regression {
 
 enum class Etape { Rien, Lecture, Tri, SansPaire, Situations, SousEffets };
 
+// DE= of the .MOD.
+inline constexpr int kTableauxImprimes = 1;   // the 2 x 2 table of every sub-effect
+inline constexpr int kRapportsDeChances = 2;  // effects are odds-ratios
+inline constexpr int kFichiersGardes = 3;     // the work files stay behind a normal end
+
 struct Travail {
   explicit Travail(Modele m) : modele(std::move(m)), individus(modele.LargeurFiche()) {}
 
@@ -29,7 +34,12 @@ struct Travail {
   AnalyseTabulaire analyse;
   Etape etape = Etape::Rien;
 
-  ChoixEdition Choix() const { return {parametres.de == 1, parametres.de == 2}; }
+  // What DE= asks for.
+  bool TableauxDemandes() const { return parametres.de == kTableauxImprimes; }
+  MesureDEffet MesureDemandee() const {
+    return parametres.de == kRapportsDeChances ? MesureDEffet::RapportDeChances : MesureDEffet::Points;
+  }
+  bool FichiersGardes() const { return parametres.de == kFichiersGardes; }
 };
 
 // Whether a fit tells the effect of an explanatory modality: some individual of the situations that were kept has it.

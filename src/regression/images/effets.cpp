@@ -20,6 +20,7 @@ constexpr double kPied = 62;
 constexpr double kDecalage = 4;  // between the two marks of a line
 constexpr double kRayon = 3;
 constexpr double kBoutDeBarre = 3;
+constexpr double kCorpsDuTitre = 11;     // above that of the other texts, which have the one of Police
 constexpr double kTitre = 20;            // down to the line of the title
 constexpr double kSousTitre = 36;        // and to the one below it
 constexpr double kSousLAxe = 12;         // from the axis down to its numbers
@@ -161,7 +162,7 @@ Dessin DessinerEffets(const ImageDesEffets& image) {
     bas += kHauteurLigne;
   }
   Dessin dessin(kLargeurPage, bas + kPied);
-  dessin.Texte({kMarge, kTitre}, image.titre, {.corps = 11, .gras = true});
+  dessin.Texte({kMarge, kTitre}, image.titre, {.corps = kCorpsDuTitre, .gras = true});
   dessin.Texte({kMarge, kSousTitre}, SousTitre(image));
   Planche planche(dessin, EtendueDe(image.lignes), bas);
   planche.Graduer();

@@ -1,10 +1,10 @@
 #include "regression/logistique/edition.h"
 
-#include <algorithm>
 #include <string>
 
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/anatab/edition.h"
 #include "regression/logistique/resultats.h"
@@ -21,40 +21,19 @@ std::string_view TitreDe(const ModeleAjuste& ajuste) {
   return ajuste.lien == Lien::Lineaire ? "Régression linéaire"_w : "Régression logistique"_w;
 }
 
-std::string_view RaisonDAbsence(const DonneesDeBase& base, std::size_t k) {
-  if (base.total[k] == 0) return "aucun individu";
-  if (base.oui[k] == base.total[k]) return "tous répondent oui"_w;
-  if (base.oui[k] == 0) return "aucun ne répond oui"_w;
-  return "aucune situation où l'on réponde oui et non"_w;
-}
-
-// The search would carry to infinity the effect of a modality that settles the answer. Its situations take no part in
-// the fit, and the effect stays at 0: that is no figure, and is said.
-void PrevenirDesSeparations(Rapport& rapport, const Travail& travail) {
-  std::string modalites;
-  for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k) {
-    if (travail.modele.Explicative(k).reference || EstEstimee(travail, k)) continue;
-    if (!modalites.empty()) modalites += ", ";
-    modalites += Joindre({travail.modele.Explicative(k).intitule, " (", RaisonDAbsence(travail.base, k), ")"});
-  }
-  if (modalites.empty()) return;
-  rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, modalites});
+void PrevenirDesNonEstimes(Rapport& rapport, const Travail& travail) {
+  const std::vector<std::string> effets = EffetsNonEstimes(travail);
+  if (effets.empty()) return;
+  rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, Enumerer(effets)});
 }
 
 // Effects that share one whole of which the data tell the sum alone: the search splits it by the order of the
 // questions.
 void PrevenirDesIndistincts(Rapport& rapport, const Travail& travail, const std::vector<std::size_t>& indistincts) {
   if (indistincts.empty()) return;
-  const std::vector<std::size_t> rangs = RangsDesParametres(travail.modele);
-  std::string modalites;
-  for (const std::size_t indistinct : indistincts) {
-    const auto k = static_cast<std::size_t>(std::find(rangs.begin(), rangs.end(), indistinct) - rangs.begin());
-    if (!modalites.empty()) modalites += ", ";
-    modalites += travail.modele.Explicative(k).intitule;
-  }
   rapport.Ligne(
       {"*** Attention : les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
-       modalites});
+       Enumerer(IntitulesDesParametres(travail.modele, indistincts))});
 }
 
 void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
@@ -91,7 +70,7 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   if (ajuste.ajustement.interrompu)
     rapport.Ligne({"*** Attention : la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
                    " passages, les paramètres ci-dessous ne sont pas stabilisés"_w});
-  PrevenirDesSeparations(rapport, travail);
+  PrevenirDesNonEstimes(rapport, travail);
   PrevenirDesIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
   FormeEnRangees forme{.titre = kLargeur, .places = {{" ", 3, kLibre}, {kVingtCinqBlancs, 3, kLibre}}};

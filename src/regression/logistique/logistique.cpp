@@ -11,10 +11,11 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr double kEffetEnPoints = 100;
-constexpr double kChancesMinimales = 0.001;
+constexpr double kPointsDUneUnite = 100;     // a coefficient of 1 is a whole probability
+constexpr double kChancesMinimales = 0.001;  // where a linear coefficient leads to a probability below 0
+// What the progress display shows: the logarithm of the precision, up to a tenth of the last increment.
 constexpr double kPrecisionAffichee = 100000;
-constexpr int kPasDeProgression = 100;  // of the logarithm of the increment
+constexpr int kPasDeProgression = 100;
 
 double Logit(double chances) {
   if (chances == 0) throw Erreur(kArgumentIncorrect);
@@ -56,7 +57,7 @@ Parametres DepartLineaire(const Travail& travail) {
   Parametres depart;
   depart.alpha = travail.analyse.PartReference();
   for (std::size_t k = 0; k < moyennes.size(); ++k)
-    if (!travail.modele.Explicative(k).reference) depart.betas.push_back(moyennes[k] / kEffetEnPoints);
+    if (!travail.modele.Explicative(k).reference) depart.betas.push_back(moyennes[k] / kPointsDUneUnite);
   return depart;
 }
 

@@ -30,6 +30,13 @@ std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
   return intitules;
 }
 
+std::string_view RaisonDAbsence(const DonneesDeBase& base, std::size_t k) {
+  if (base.total[k] == 0) return "aucun individu";
+  if (base.oui[k] == base.total[k]) return "tous répondent oui"_w;
+  if (base.oui[k] == 0) return "aucun ne répond oui"_w;
+  return "aucune situation où l'on réponde oui et non"_w;
+}
+
 std::string_view MarqueDeParametre(double depassement) {
   if (depassement <= crosstab::kSeuilDe1PourCent) return "***";
   if (depassement <= crosstab::kSeuilDe5PourCent) return "** ";
@@ -37,6 +44,21 @@ std::string_view MarqueDeParametre(double depassement) {
 }
 
 }  // namespace
+
+std::vector<std::string> EffetsNonEstimes(const Travail& travail) {
+  std::vector<std::string> effets;
+  for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k)
+    if (!travail.modele.Explicative(k).reference && !EstEstimee(travail, k))
+      effets.push_back(Joindre({travail.modele.Explicative(k).intitule, " (", RaisonDAbsence(travail.base, k), ")"}));
+  return effets;
+}
+
+std::vector<std::string> IntitulesDesParametres(const Modele& modele, const std::vector<std::size_t>& rangs) {
+  const std::vector<std::string> tous = IntitulesDesParametres(modele);
+  std::vector<std::string> intitules;
+  for (const std::size_t rang : rangs) intitules.push_back(tous[rang]);
+  return intitules;
+}
 
 TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste) {
   const double alpha = ajuste.ajustement.parametres.alpha;

@@ -1,6 +1,8 @@
 // What the fit of a model has found, as tables of data.
 #pragma once
 
+#include <cstddef>
+#include <string>
 #include <vector>
 
 #include "core/resultats/tableau.h"
@@ -8,6 +10,12 @@
 #include "regression/logistique/sorties.h"
 
 namespace quelvar::regression {
+
+// The modalities whose effect the fit leaves at 0, each with the reason behind its label. The search would carry to
+// infinity the effect of one that settles the answer: its situations take no part in the fit.
+std::vector<std::string> EffetsNonEstimes(const Travail& travail);
+// The labels of these parameters, by rank.
+std::vector<std::string> IntitulesDesParametres(const Modele& modele, const std::vector<std::size_t>& rangs);
 
 // The constant, for a logistic model its exponential, and the percentage of the reference situation.
 TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste);

@@ -34,7 +34,7 @@ Observations ObservationsDe(const std::vector<Comptee>& comptees, const Fiches& 
 struct TestDeVraisemblance {
   double khi2 = 0;
   crosstab::ProbabiliteKhi2 probabilite;
-  double Depassement() const { return 1 - probabilite.p; }
+  double Depassement() const { return probabilite.Depassement(); }
   bool Impossible() const { return probabilite.p == -1; }
 };
 

@@ -83,7 +83,7 @@ AjustementLineaire AjusterMoindresCarres(const Matrice& moments, const Dispersio
 void TesterAjustement(const Matrice& inverse, AjustementLineaire& a);
 
 // Upper tail of an F ratio. Raises kArgumentIncorrect for a negative ratio.
-// Source: M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions", 26.6.15 and 26.2.19, the correction for
+// Source: M. Abramowitz and I. A. Stegun, "Handbook of Mathematical Functions", 26.6.15 and 26.2.18, the correction for
 // few degrees of freedom after T. L. Kelley; here the ratio is turned over below 1.
 double ProbabiliteF(double f, double degres1, double degres2);
 

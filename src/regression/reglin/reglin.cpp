@@ -9,6 +9,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "regression/codage.h"
 #include "regression/entrees.h"
@@ -58,7 +59,7 @@ void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegres
   contexte.Ecran().demander(
       Joindre({"*** Attention : la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
                " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
-               EnListe(variables.marquesCoupees)}),
+               Enumerer(variables.marquesCoupees)}),
       Boutons::Ok);
 }
 
@@ -174,7 +175,7 @@ void PrevenirDesPertes(Rapport& rapport, const VariablesDeRegression& variables,
   if (rangs.empty()) return;
   std::vector<std::string> noms;
   for (const std::size_t rang : rangs) noms.emplace_back(Rogner(variables.explicatives[rang].nom));
-  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, EnListe(noms),
+  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, Enumerer(noms),
                  " : retranchez une constante à ce qui est grand devant son écart-type, ôtez ce qui est presque "
                  "déterminé par les autres"_w});
   rapport.Ligne();

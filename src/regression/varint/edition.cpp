@@ -59,7 +59,7 @@ void ImprimerTitreDesProfils(Rapport& rapport) {
 
 void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profil, EditionVarint edition) {
   const Question& question = pos.questions[profil.question];
-  const std::vector<LienDeProfil> liens = LiensTries(profil);
+  const std::span<const LienDeProfil> liens(profil.liens);
   rapport.Ligne();
   rapport.Ligne({"Edition du profil de la question ", question.nom, " ", question.intitule});
   rapport.Ligne();
@@ -68,9 +68,8 @@ void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profi
                     {.titre = kLargeurNom, .places = {kPlaceDuPem}, .avantIntitule = " "});
     return;
   }
-  const std::span<const LienDeProfil> tous(liens);
   for (std::size_t debut = 0; debut < liens.size(); debut += kParBloc)
-    ImprimerRangees(rapport, TableauCourt(pos, tous.subspan(debut, std::min(kParBloc, liens.size() - debut))),
+    ImprimerRangees(rapport, TableauCourt(pos, liens.subspan(debut, std::min(kParBloc, liens.size() - debut))),
                     {.places = {kPlaceDuPem}});
 }
 

@@ -89,13 +89,8 @@ Profil CalculerProfil(const Reponses& reponses, const FichierPos& pos, std::size
     profil.pems[autre] = PemDeTable(table);
     profil.liens.push_back({autre, Arrondir(profil.pems[autre], 0)});
   }
+  TrierParTas(std::span(profil.liens), [](const LienDeProfil& a, const LienDeProfil& b) { return a.pem > b.pem; });
   return profil;
-}
-
-std::vector<LienDeProfil> LiensTries(const Profil& profil) {
-  std::vector<LienDeProfil> liens = profil.liens;
-  TrierParTas(std::span(liens), [](const LienDeProfil& a, const LienDeProfil& b) { return a.pem > b.pem; });
-  return liens;
 }
 
 }  // namespace quelvar::regression

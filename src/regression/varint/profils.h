@@ -40,16 +40,14 @@ struct LienDeProfil {
 
 struct Profil {
   std::size_t question = 0;
-  std::vector<LienDeProfil> liens;  // in the order of the file; a question whose table is empty is not among them
-  std::vector<double> pems;         // of every question; 0 for itself and for an empty table
-  std::vector<std::size_t> vides;   // the questions whose table is empty
+  // By descending PEM, equal ones as the heap sort leaves them; a question whose table is empty is not among them.
+  std::vector<LienDeProfil> liens;
+  std::vector<double> pems;        // of every question; 0 for itself and for an empty table
+  std::vector<std::size_t> vides;  // the questions whose table is empty
 };
 
 // The profile of one question. Its PEM are those of the whole file, individuals without an answer left out table by
 // table.
 Profil CalculerProfil(const Reponses& reponses, const FichierPos& pos, std::size_t question);
-
-// The links by descending PEM, equal ones in the order that the heap sort gives.
-std::vector<LienDeProfil> LiensTries(const Profil& profil);
 
 }  // namespace quelvar::regression

@@ -1,5 +1,6 @@
 #include "regression/varint/sorties.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/programme/report.h"
@@ -9,7 +10,6 @@ namespace quelvar::regression {
 namespace {
 
 constexpr int kLargeurDuPem = 4;  // FMT= of the table
-constexpr int kLargeurDuNom = 3;
 
 }  // namespace
 
@@ -23,7 +23,7 @@ GroupeDeBarres BarresDe(const FichierPos& pos, const Profil& profil) {
                                                 : std::string(RognerDroite(Joindre({nom, " ", longNom})));
   };
   GroupeDeBarres groupe{Joindre({"Profil de ", intitule(profil.question)}), {}};
-  for (const LienDeProfil& lien : LiensTries(profil))
+  for (const LienDeProfil& lien : profil.liens)
     groupe.barres.push_back({intitule(lien.question), static_cast<int>(lien.pem), true});
   return groupe;
 }
@@ -31,7 +31,7 @@ GroupeDeBarres BarresDe(const FichierPos& pos, const Profil& profil) {
 void EcrireTable(Ecrivain& fichier, const FichierPos& pos, const std::vector<Profil>& profils) {
   for (const Profil& profil : profils) {
     const Question& question = pos.questions[profil.question];
-    fichier.Ecrire(CadreGauche(question.nom, kLargeurDuNom));
+    fichier.Ecrire(CadreGauche(question.nom, kLargeurDeQuestion));
     for (const double pem : profil.pems) fichier.Ecrire(NombreFixe(pem, kLargeurDuPem, 0));
     fichier.Ligne(Joindre({" ", question.intitule}));
   }
@@ -44,7 +44,7 @@ std::vector<std::string> SuiteDuMod(const std::optional<Chemin>& mod) {
   bool derriere = false;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     if (derriere) suite.emplace_back(ligne);
-    else derriere = Milieu(ligne, 1, 4).find("**") != std::string_view::npos;
+    else derriere = Milieu(ligne, 1, kLargeurDeModalite).find(kFinDeListe) != std::string_view::npos;
   }
   return suite;
 }
@@ -57,7 +57,7 @@ void EcrireModalites(Ecrivain& fichier, std::string_view generique, const Fichie
     const Question& question = pos.questions[profil.question];
     fichier.Ligne(LigneModalite(question.nom, false, question.intitule));
   }
-  fichier.Ligne("**");
+  fichier.Ligne(kFinDeListe);
   for (const std::string& ligne : suite) fichier.Ligne(ligne);
 }
 

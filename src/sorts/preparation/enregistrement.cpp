@@ -38,9 +38,7 @@ std::vector<std::string> LignesNeuves(const EtatPrepRecod& etat) {
 }  // namespace
 
 bool EnregistrerPrepRecod(EtatPrepRecod& etat, const Contexte& contexte) {
-  const std::optional<Chemin> chemin = contexte.Chercher(".POS");
-  if (!chemin) throw Erreur(kFichierIntrouvable);
-  LecteurLignes lecteur(*chemin);
+  LecteurLignes lecteur(contexte.Exiger(".POS"));
   const std::string titre(lecteur.LireObligatoire());
   const std::string taille(lecteur.LireObligatoire());
   std::vector<std::string> presentes;

@@ -1,6 +1,7 @@
 #include "sorts/preparation/preprecod_options.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "sorts/regles/vit.h"
 
@@ -30,13 +31,24 @@ Textes EcrirePonderation(const O& options) {
 
 constexpr std::string_view kFormeFiltre = "incl:NOM=CODE,... ou excl:NOM=CODE,... ou plus:NOM=CODE,... ou non";
 
+// The words in front of a filter; without a sense it adds to the one that is there.
+struct MotDeSens {
+  std::string_view mot;
+  SensFiltre sens;
+};
+constexpr MotDeSens kMotsDeSens[] = {{"incl:", SensFiltre::Inclure},
+                                     {"excl:", SensFiltre::Exclure},
+                                     {"plus:", SensFiltre::Aucun}};
+
 void PoserFiltre(O& options, const std::string& valeur) {
   FiltreDeScript filtre;
   if (Minuscules(valeur) != kAucun) {
-    const std::string sens = Minuscules(valeur.substr(0, 5));
-    if (sens != "incl:" && sens != "excl:" && sens != "plus:") RefuserValeur("filtre", kFormeFiltre, valeur);
-    filtre.sens = sens == "incl:" ? SensFiltre::Inclure : sens == "excl:" ? SensFiltre::Exclure : SensFiltre::Aucun;
-    for (const std::string& expression : NomsSepares(std::string_view(valeur).substr(5))) {
+    const std::string basse = Minuscules(valeur);
+    const auto* const sens =
+        std::ranges::find_if(kMotsDeSens, [&](const MotDeSens& mot) { return basse.starts_with(mot.mot); });
+    if (sens == std::end(kMotsDeSens)) RefuserValeur("filtre", kFormeFiltre, valeur);
+    filtre.sens = sens->sens;
+    for (const std::string& expression : NomsSepares(std::string_view(valeur).substr(sens->mot.size()))) {
       const std::size_t egal = expression.find('=');
       if (egal == std::string::npos) RefuserValeur("filtre", kFormeFiltre, valeur);
       filtre.expressions.emplace_back(expression.substr(0, egal),
@@ -54,10 +66,8 @@ Textes EcrireFiltre(const O& options) {
   Textes expressions;
   for (const auto& [question, code] : options.filtre->expressions)
     expressions.push_back(Joindre({question, "=", Nombre(code)}));
-  const char* sens = options.filtre->sens == SensFiltre::Inclure   ? "incl:"
-                     : options.filtre->sens == SensFiltre::Exclure ? "excl:"
-                                                                   : "plus:";
-  return {sens + NomsJoints(expressions)};
+  const auto* const sens = std::ranges::find(kMotsDeSens, options.filtre->sens, &MotDeSens::sens);
+  return {Joindre({sens->mot, NomsJoints(expressions)})};
 }
 
 constexpr std::string_view kFormeVit = "NOM=QUESTION=CODE,QUESTION=CODE*SCORE,... ou NOM=QUESTION+,... ou non";
@@ -131,7 +141,9 @@ Description<O> Decrire() {
                         PreparerParScript)
       .Couples("regle", &O::regles, "NOM=REGLE",
                "règle d'une question (AGE=1-3=1/4-8=2) ; vide : plus de règle ; se répète"_w)
+      .Montre("TextMod")
       .Libre("ponderation", "NOM|non", "question de pondération"_w, PoserPonderation, EcrirePonderation)
+      .Montre("LabelPond")
       .Alias({"pond"})
       .Choix("effectif", &O::maximum, {{"reduit", false}, {"maximum", true}}, "effectif résultant de la pondération"_w)
       .Bouton("OptEffReduit", "reduit")
@@ -139,14 +151,17 @@ Description<O> Decrire() {
       .Libre("filtre", kFormeFiltre,
              "individus gardés ou écartés, tous les codes étant exigés ensemble ; plus: en ajoute au filtre présent"_w,
              PoserFiltre, EcrireFiltre)
+      .Montre("TextFiltre")
       .Libre(
           "textevit", "LIGNE|LIGNE|...",
           "texte de toutes les variables idéales-typiques, comme le corrige l'éditeur du formulaire ($$NOM, puis une "
           "ligne par élément)"_w,
           PoserTexteVit, EcrireTexteVit)
+      .Montre("TextVIT")
       .Libre("vit", kFormeVit, "variable idéale-typique ajoutée à celles du fichier ; non les efface ; se répète"_w,
              PoserVit, EcrireVits)
-      .Repetable();
+      .Repetable()
+      .Montre("ComboVIT");
 }
 
 }  // namespace

@@ -115,7 +115,7 @@ class Script {
 Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options) {
   std::optional<EtatPrepRecod> etat = PreparerRecodage(contexte);
   if (!etat) return Fin::Arret;
-  return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     Script script(*etat, rapport);
     if (!script.Executer(options)) {
       rapport.Ligne({"Rien n'est enregistré, le fichier "_w, contexte.Nom(".POS"), " reste tel qu'il était"_w});

@@ -6,6 +6,7 @@
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
 #include "core/texte/nombres.h"
+#include "sorts/recodage/edition.h"
 #include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {
@@ -155,8 +156,7 @@ void Lecture::LireVits() {
 }
 
 void Lecture::LireVit(const Vit& vit, std::size_t numero) {
-  constats_.Ligne(
-      {"VIT numero ", EntierDroit(static_cast<std::int64_t>(numero), 2), " de nom ", CadreGauche(vit.nom, 4)});
+  constats_.Ligne(LigneDeVit(numero, vit.nom));
   VitDemandee demandee{vit.nom, vit.Additive(), {}};
   for (const ElementVit& element : vit.elements) LireElementVit(vit, element, demandee);
   consignes_.vits.push_back(std::move(demandee));

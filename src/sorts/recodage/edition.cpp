@@ -27,18 +27,21 @@ Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::s
   return rangee;
 }
 
+// Position and code-max of each VIT, behind a warning where that was brought down.
 void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
+  const TableauEdite table{
+      .titres = {"Variables Ideales Typiques VIT (ou variables crees)", "     Posi-  Code-max                    "},
+      .coin = "Nom  tion  Theorique"};
+  const FormeEnRangees forme{.titre = kColonnesDeNom, .places = {kPlaceDePosition, kPlaceDeCodeMax}};
   rapport.Ligne();
-  rapport.Ligne("Variables Ideales Typiques VIT (ou variables crees)");
-  rapport.Ligne("     Posi-  Code-max                    ");
-  rapport.Ligne("Nom  tion  Theorique");
+  ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  imprimeur.Tete(table);
   for (const VitNeuve& vit : plan.vits) {
     if (vit.ramene) {
       rapport.Ligne("Attention, le code-max theorique suivant depassait 999 ");
       rapport.Ligne("il a ete ramene a 999");
     }
-    rapport.Ligne(TexteDeRangee({consignes.vits[vit.demandee].nom, {}, {Entier(vit.position), Entier(vit.codeMax)}},
-                                {.titre = kColonnesDeNom, .places = {kPlaceDePosition, kPlaceDeCodeMax}}));
+    imprimeur.Imprimer({consignes.vits[vit.demandee].nom, {}, {Entier(vit.position), Entier(vit.codeMax)}});
   }
 }
 
@@ -88,6 +91,11 @@ void EcrireSuite(Ecrivain& sortie, const FichierPos& pos) {
 
 std::string NomNeuf(const Question& question, ModeRecodage mode) {
   return mode == ModeRecodage::EnFin ? "*" + question.nom.substr(0, kLargeurDeQuestion - 1) : question.nom;
+}
+
+std::string LigneDeVit(std::size_t numero, std::string_view nom) {
+  return TexteDeRangee({"VIT numero ", {}, {{static_cast<double>(numero)}, {.marque = std::string(nom)}}},
+                       {.places = {{.entiers = 2}, {" de nom ", kColonnesDeNom}}});
 }
 
 void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {

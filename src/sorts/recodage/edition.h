@@ -1,8 +1,10 @@
 // Printing of a recoding: its table in the report, and the position file of the new generic.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/programme/report.h"
 #include "sorts/recodage/plan.h"
@@ -11,6 +13,9 @@ namespace quelvar::sorts {
 
 // Name of a recoded question in the new file.
 std::string NomNeuf(const Question& question, ModeRecodage mode);
+
+// The line of a VIT in the echo of the instructions.
+std::string LigneDeVit(std::size_t numero, std::string_view nom);
 
 void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan);
 

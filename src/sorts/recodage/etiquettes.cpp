@@ -20,6 +20,7 @@ namespace {
 constexpr std::size_t kDebutDesModalites = 2;  // lines before them
 constexpr int kHorsCode = -1;                  // no code is written so
 constexpr std::string_view kChiffres = "0123456789";
+constexpr std::size_t kColonnesDeBorne = 15;  // of a bound, with its dash: more would not be read exactly
 
 // "15-25 ans": two numbers and what follows.
 struct Tranche {
@@ -32,7 +33,7 @@ std::optional<Tranche> LireTranche(std::string_view intitule) {
   const std::size_t tiret = intitule.find_first_not_of(kChiffres);
   if (tiret == 0 || tiret == std::string_view::npos || intitule[tiret] != '-') return std::nullopt;
   const std::size_t unite = std::min(intitule.find_first_not_of(kChiffres, tiret + 1), intitule.size());
-  if (unite == tiret + 1 || tiret > 15 || unite - tiret > 15) return std::nullopt;
+  if (unite == tiret + 1 || tiret > kColonnesDeBorne || unite - tiret > kColonnesDeBorne) return std::nullopt;
   return Tranche{Entier64(ValeurDe(intitule.substr(0, tiret))),
                  Entier64(ValeurDe(intitule.substr(tiret + 1, unite - tiret - 1))), intitule.substr(unite)};
 }

@@ -42,7 +42,7 @@ std::optional<std::string> DemanderGenerique(const Contexte& contexte, bool remp
     question = Joindre({"Le générique "_w, suivant, " existe déjà dans ce répertoire.\r\n"_w, question});
   }
   const std::string saisi = contexte.Ecran().saisir(question, propose);
-  const std::string nom(Rogner(std::string_view(saisi).substr(0, saisi.find('.'))));
+  const std::string nom = GeneriqueSaisi(saisi);
   if (nom.empty()) return propose;
   // The generic of the source is refused behind the banner, as ever.
   if (!remplacer && !EgalSansCasse(nom, contexte.generique) && !PeutEtreRemplace(contexte, nom)) return std::nullopt;
@@ -215,10 +215,7 @@ void CopierModalites(const Contexte& contexte, const std::string& nom, const std
 }
 
 void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau) {
-  rapport.Ligne("*** Attention, changement de nom générique ***"_w);
-  rapport.Ligne();
-  rapport.Ligne({"    L'ancien générique était : "_w, contexte.generique});
-  rapport.Ligne({"    le nouveau est désormais : "_w, nouveau});
+  ImprimerChangementDeGenerique(rapport, contexte, nouveau, true);
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
   contexte.Ecran().biper();

@@ -1,5 +1,7 @@
 #include "sorts/triapl/triapl_options.h"
 
+#include "core/options/sortie.h"
+
 namespace quelvar::sorts {
 
 namespace {

@@ -2,19 +2,28 @@
 
 #include <algorithm>
 #include <numeric>
-
-#include "core/texte/nombres.h"
+#include <string>
 
 namespace quelvar::tables {
 
 namespace {
 
 constexpr std::size_t kItemsDunBloc = 16;
-constexpr int kLargeurCompacte = 4;
-constexpr int kLargeurLongue = 10;
-constexpr std::size_t kDixiemesDe100 = 1000;
 
-std::string TexteDeValeur(double valeur) { return NombreFixe(valeur, 3, 1); }
+// A value of one decimal under its label; both take the columns of the label and a blank.
+constexpr PlaceEnRangee PlaceDeLItem(LargeurDeProfil largeur) {
+  PlaceEnRangee place{.entiers = 3, .titre = TitreDeColonne::AGauche, .derriereTitre = " "};
+  place.colonnesDuTitre = largeur == LargeurDeProfil::Compacte ? 4 : 10;
+  return place;
+}
+
+// A value of five columns leaves the blanks that its label takes more than that.
+FormeEnRangees FormeDuBloc(LargeurDeProfil largeur) {
+  const std::string_view reste = largeur == LargeurDeProfil::Compacte ? "" : "      ";
+  PlaceEnRangee suivantes = PlaceDeLItem(largeur);
+  suivantes.avant = reste;
+  return {.places = {PlaceDeLItem(largeur), suivantes}, .avantIntitule = reste};
+}
 
 }  // namespace
 
@@ -36,10 +45,11 @@ LiensParNoeud::LiensParNoeud(std::span<const Lien> liens, Bout bout, std::size_t
 
 ImprimeurDeProfils::ImprimeurDeProfils(Rapport& rapport, std::span<const std::string_view> intitules,
                                        LargeurDeProfil largeur)
-    : rapport_(rapport), suite_(largeur == LargeurDeProfil::Compacte ? "" : "      "), textes_(kDixiemesDe100 + 1) {
-  const int colonnes = largeur == LargeurDeProfil::Compacte ? kLargeurCompacte : kLargeurLongue;
-  for (const std::string_view intitule : intitules) intitules_.push_back(CadreGauche(intitule, colonnes) + ' ');
-}
+    : rapport_(rapport),
+      intitules_(intitules),
+      forme_(FormeDuBloc(largeur)),
+      imprimeur_(rapport, forme_, kItemsDunBloc),
+      bloc_{.coin = " ", .rangees = std::vector<Rangee>(1)} {}
 
 void ImprimeurDeProfils::Imprimer(std::span<Lien> profil) {
   TrierProfil(profil);
@@ -47,29 +57,18 @@ void ImprimeurDeProfils::Imprimer(std::span<Lien> profil) {
     ImprimerBloc(profil.subspan(i, std::min(kItemsDunBloc, profil.size() - i)));
 }
 
-void ImprimeurDeProfils::ImprimerBloc(std::span<const Lien> bloc) {
-  ligneIntitules_ = " ";
-  ligneValeurs_.clear();
-  for (const Lien& lien : bloc) {
-    ligneIntitules_ += intitules_[static_cast<std::size_t>(lien.premier) - 1];
-    AjouterValeur(lien.valeur);
+void ImprimeurDeProfils::ImprimerBloc(std::span<const Lien> liens) {
+  std::vector<Cellule>& cellules = bloc_.rangees.front().cellules;
+  bloc_.colonnes.resize(liens.size());
+  cellules.resize(liens.size(), {.decimales = 1});
+  for (std::size_t j = 0; j < liens.size(); ++j) {
+    bloc_.colonnes[j].titre = intitules_[static_cast<std::size_t>(liens[j].premier) - 1];
+    cellules[j].valeur = liens[j].valeur;
   }
-  rapport_.Ligne(ligneIntitules_);
-  rapport_.Ligne(ligneValeurs_);
+  imprimeur_.Tete(bloc_);
+  imprimeur_.Imprimer(bloc_.rangees.front());
   rapport_.Ligne();
   rapport_.Ligne();
-}
-
-void ImprimeurDeProfils::AjouterValeur(float valeur) {
-  const double dixiemes = ArrondirPair(static_cast<double>(valeur) * 10);
-  if (dixiemes >= 0 && dixiemes <= static_cast<double>(kDixiemesDe100)) {
-    std::string& texte = textes_[static_cast<std::size_t>(dixiemes)];
-    if (texte.empty()) texte = TexteDeValeur(dixiemes / 10);
-    ligneValeurs_ += texte;
-  } else {
-    ligneValeurs_ += TexteDeValeur(static_cast<double>(valeur));
-  }
-  ligneValeurs_ += suite_;
 }
 
 }  // namespace quelvar::tables

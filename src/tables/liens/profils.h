@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/resultats/rangees.h"
 #include "tables/liens/liens.h"
 
 namespace quelvar::tables {
@@ -33,25 +33,25 @@ class LiensParNoeud {
 // Compact: labels of 4 characters. Long: labels of 10.
 enum class LargeurDeProfil { Compacte, Longue };
 
-// Prints profiles whose items are labelled by node.
+// Prints profiles whose items are labelled by node, in blocks of items that go to the driver one after the other.
 class ImprimeurDeProfils {
  public:
-  // `intitules` gives the label of node 1, 2...
+  // `intitules` gives the label of node 1, 2... and must outlive it.
   ImprimeurDeProfils(Rapport& rapport, std::span<const std::string_view> intitules, LargeurDeProfil largeur);
+  ImprimeurDeProfils(const ImprimeurDeProfils&) = delete;
+  ImprimeurDeProfils& operator=(const ImprimeurDeProfils&) = delete;
 
   // Sorts the profile (TrierProfil) and prints it in blocks of 16 items; nothing for an empty one.
   void Imprimer(std::span<Lien> profil);
 
  private:
-  void ImprimerBloc(std::span<const Lien> bloc);
-  void AjouterValeur(float valeur);
+  void ImprimerBloc(std::span<const Lien> liens);
 
   Rapport& rapport_;
-  std::vector<std::string> intitules_;  // in their columns, with the blank behind
-  std::string_view suite_;              // what stands behind a value
-  std::vector<std::string> textes_;     // of the values from 0 to 100 by tenths, filled when needed
-  std::string ligneIntitules_;
-  std::string ligneValeurs_;
+  std::span<const std::string_view> intitules_;
+  FormeEnRangees forme_;
+  ImprimeurDeRangees imprimeur_;
+  TableauEdite bloc_;  // a column an item; kept from one block to the next
 };
 
 }  // namespace quelvar::tables

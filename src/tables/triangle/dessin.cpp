@@ -30,7 +30,10 @@ constexpr double kTraitFin = 0.3, kTraitDeCote = 1, kTraitDeLien = 0.6, kTraitDe
 constexpr double kTeinteDeMarque = 0.7;
 constexpr double kCorpsDuTitre = 12;
 constexpr double kCorpsDesSommets = 10;
-constexpr double kCorpsDesGraduations = 6.5;
+constexpr double kPetitsCaracteres = 6.5;  // the smallest that a print keeps legible
+constexpr double kCaracteresMoyens = 8;
+constexpr double kGrandsCaracteres = 10.5;
+constexpr double kCorpsDesGraduations = kPetitsCaracteres;
 constexpr double kCorpsDEtoile = 9;
 constexpr double kCorpsDuCentre = 14;
 
@@ -86,11 +89,11 @@ class Cadre {
 
 double Corps(TailleTriangle taille) {
   switch (taille) {
-    case TailleTriangle::Petite: return 6.5;
-    case TailleTriangle::Grande: return 10.5;
+    case TailleTriangle::Petite: return kPetitsCaracteres;
+    case TailleTriangle::Grande: return kGrandsCaracteres;
     case TailleTriangle::Moyenne: break;
   }
-  return 8;
+  return kCaracteresMoyens;
 }
 
 // Percent between two values of a side, so that it has four to ten of them.

@@ -11,8 +11,6 @@ namespace quelvar::tables {
 
 namespace {
 
-constexpr int kDerniereMarque = 5;
-
 // The name of each entry of the list.
 std::vector<std::string> NomsDesEntrees(const EtatTriangle& etat) {
   std::vector<std::string> noms = {"titre", "sommet1", "sommet2", "sommet3"};
@@ -61,16 +59,6 @@ Position DeplacementDe(const std::pair<std::string, std::string>& couple) {
   return {ValeurDe(dx), ValeurDe(dy)};
 }
 
-// A size in percent as the drawing takes it.
-double TailleDe(std::string_view option, double pourcent) {
-  constexpr double kLaPlusPetite = 20;
-  constexpr double kLaPlusGrande = 1000;
-  if (pourcent < kLaPlusPetite || pourcent > kLaPlusGrande)
-    throw UsageIncorrect(Joindre({option, "=", Nombre(pourcent), " : on attend un pourcentage de "_w,
-                                  Nombre(kLaPlusPetite), " à "_w, Nombre(kLaPlusGrande)}));
-  return pourcent / 100;
-}
-
 }  // namespace
 
 OptionsTriang OptionsDuTriangle(const EtatTriangle& etat) {
@@ -103,9 +91,9 @@ EtatTriangle ReglerTriangle(const OptionsTriang& options, FichierTrg trg) {
   EtatTriangle etat = NouveauTriangle(std::move(trg));
   etat.reglages = options.reglages;
   etat.cotes = options.cotes;
-  etat.largeur = TailleDe("largeur", options.largeur);
-  etat.hauteur = TailleDe("hauteur", options.hauteur);
-  etat.fenetre = TailleDe("page", options.fenetre);
+  etat.largeur = options.largeur / 100;
+  etat.hauteur = options.hauteur / 100;
+  etat.fenetre = options.fenetre / 100;
   for (EntreeTriangle& entree : etat.entrees) entree.marque = options.marque;
   const Noms noms(etat);
   for (const std::string& nom : options.invisibles) etat.entrees[noms.Rang(nom)].invisible = true;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kExtension = ".prt";
 
-void EcrireTrg(Rapport& rapport, const FichierTrg& trg) {
+void ImprimerTrg(Rapport& rapport, const FichierTrg& trg) {
   ImprimerBandeau(rapport, "Graphique triangulaire");
   rapport.Ligne({"Titre : ", trg.titre});
   rapport.Ligne("Intitulés des sommets "_w);
@@ -65,7 +65,7 @@ std::optional<FichierTrg> PrepTriang(const Contexte& contexte) {
     constexpr std::uint64_t kMemoireParOctet = 8;  // a point takes 150 bytes, its line 20 at the least
     ExigerPlace(contexte, rapport, {kMemoireParOctet * LongueurFichier(*chemin), LongueurFichier(*chemin)});
     trg = LireTrg(*chemin);
-    EcrireTrg(rapport, *trg);
+    ImprimerTrg(rapport, *trg);
   });
   if (!pret) return std::nullopt;
   Prevenir(contexte, *trg);
@@ -81,7 +81,7 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
   if (!trg) return Fin::Arret;
   return Continuer(contexte, [&](Rapport& rapport) {
     const CotesTriangle& cotes = options.cotes;
-    if (cotes.gauche < 0 || cotes.bas < 0 || cotes.droit > 100 || cotes.droit - cotes.gauche - cotes.bas < 1) {
+    if (cotes.droit - cotes.gauche - cotes.bas < kHauteurMinimum) {
       Avertir(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
       throw Erreur(kArretAnnonce);
     }

@@ -25,7 +25,7 @@ struct OptionsTriang {
   ReglagesTriangle reglages{};
   CotesTriangle cotes{};
   double largeur = 100, hauteur = 100, fenetre = 100;  // percent of the start
-  int marque = 2;                                      // of the points, 0 to 5
+  int marque = 2;                                      // of the points, up to kDerniereMarque
   std::vector<std::string> invisibles{};
   std::vector<std::pair<std::string, std::string>> marques{};   // of single points
   std::vector<std::pair<std::string, std::string>> deplaces{};  // "DX/DY", points of the page to the right and down

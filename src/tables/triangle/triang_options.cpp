@@ -25,6 +25,24 @@ Description<O>::Ecrire EcrireReglages(Reglages O::*membre) {
   };
 }
 
+void DecrireDessin(Description<O>& description) {
+  description.Image("fichier", &O::fichier, "NOM.svg", "le graphique, en SVG")
+      .Defaut("GENERIQUETrg.svg")
+      .Choix(
+          "forme", [](auto& o) -> auto& { return o.reglages.forme; },
+          {{"triangulaire", FormeTriangle::Triangulaire}, {"angledroit", FormeTriangle::AngleDroit}},
+          "triangle équilatéral, ou angle droit"_w)
+      .Bouton("Option4", "triangulaire")
+      .Bouton("Option5", "angledroit")
+      .Choix(
+          "caracteres", [](auto& o) -> auto& { return o.reglages.taille; },
+          {{"moyens", TailleTriangle::Moyenne}, {"petits", TailleTriangle::Petite}, {"grands", TailleTriangle::Grande}},
+          "taille des caractères"_w)
+      .Bouton("Option6", "petits")
+      .Bouton("Option7", "moyens")
+      .Bouton("Option8", "grands");
+}
+
 void DecrireAffichage(Description<O>& description) {
   description
       .OuiNon(
@@ -45,42 +63,40 @@ void DecrireAffichage(Description<O>& description) {
       .Montre("Check1");
 }
 
+// No control holds these: buttons and the mouse move them, step by step, and the marks of the form are those of the
+// text that is chosen there.
+void DecrireGestes(Description<O>& description) {
+  constexpr double kToutLeCote = 100;
+  constexpr double kPlusPetite = 100 * kPlusPetiteTaille;
+  constexpr double kPlusGrande = 100 * kPlusGrandeTaille;
+  description
+      .Reel(
+          "gauche", [](auto& o) -> auto& { return o.cotes.gauche; }, 0, kToutLeCote, "place du côté gauche"_w)
+      .Reel(
+          "bas", [](auto& o) -> auto& { return o.cotes.bas; }, 0, kToutLeCote, "place du côté inférieur"_w)
+      .Reel(
+          "droit", [](auto& o) -> auto& { return o.cotes.droit; }, 0, kToutLeCote, "place du côté droit"_w)
+      .Entier("marque", &O::marque, 0, kDerniereMarque, "marque des points : 0 *, sinon taille du cercle")
+      .Libre("marques", "NOM=0..5", "marque d'un point seulement ; peut être répété"_w,
+             PoserUnReglage("marques", &O::marques), EcrireReglages(&O::marques))
+      .Repetable()
+      .Noms("invisibles", &O::invisibles, "textes et points cachés : titre, sommet1 à sommet3, noms des points"_w)
+      .Libre("deplaces", "NOM=DX/DY", "place d'un texte, en points vers la droite et vers le bas ; peut être répété"_w,
+             PoserUnReglage("deplaces", &O::deplaces), EcrireReglages(&O::deplaces))
+      .Repetable()
+      .Reel("largeur", &O::largeur, kPlusPetite, kPlusGrande, "largeur du graphique, %")
+      .Reel("hauteur", &O::hauteur, kPlusPetite, kPlusGrande, "hauteur du graphique, %")
+      .Reel("page", &O::fenetre, kPlusPetite, kPlusGrande, "fenêtre d'impression, %"_w);
+}
+
 }  // namespace
 
 const Description<OptionsTriang>& DescriptionTriang() {
   static const Description<O> description = [] {
     Description<O> d("triang", "Graphique triangulaire d'un fichier .TRG (SVG, rapport .prt)", Triang);
-    d.Image("fichier", &O::fichier, "NOM.svg", "le graphique, en SVG")
-        .Defaut("GENERIQUETrg.svg")
-        .Choix(
-            "forme", [](auto& o) -> auto& { return o.reglages.forme; },
-            {{"triangulaire", FormeTriangle::Triangulaire}, {"angledroit", FormeTriangle::AngleDroit}},
-            "triangle équilatéral, ou angle droit"_w)
-        .Choix(
-            "caracteres", [](auto& o) -> auto& { return o.reglages.taille; },
-            {{"moyens", TailleTriangle::Moyenne},
-             {"petits", TailleTriangle::Petite},
-             {"grands", TailleTriangle::Grande}},
-            "taille des caractères"_w);
+    DecrireDessin(d);
     DecrireAffichage(d);
-    d.Reel(
-         "gauche", [](auto& o) -> auto& { return o.cotes.gauche; }, "place du côté gauche, de 0 à 100"_w)
-        .Reel(
-            "bas", [](auto& o) -> auto& { return o.cotes.bas; }, "place du côté inférieur, de 0 à 100"_w)
-        .Reel(
-            "droit", [](auto& o) -> auto& { return o.cotes.droit; }, "place du côté droit, de 0 à 100"_w)
-        .Entier("marque", &O::marque, 0, 5, "marque des points : 0 *, sinon taille du cercle")
-        .Libre("marques", "NOM=0..5", "marque d'un point seulement ; peut être répété"_w,
-               PoserUnReglage("marques", &O::marques), EcrireReglages(&O::marques))
-        .Repetable()
-        .Noms("invisibles", &O::invisibles, "textes et points cachés : titre, sommet1 à sommet3, noms des points"_w)
-        .Libre("deplaces", "NOM=DX/DY",
-               "place d'un texte, en points vers la droite et vers le bas ; peut être répété"_w,
-               PoserUnReglage("deplaces", &O::deplaces), EcrireReglages(&O::deplaces))
-        .Repetable()
-        .Reel("largeur", &O::largeur, "largeur du graphique, %")
-        .Reel("hauteur", &O::hauteur, "hauteur du graphique, %")
-        .Reel("page", &O::fenetre, "fenêtre d'impression, %"_w);
+    DecrireGestes(d);
     return d;
   }();
   return description;

@@ -8,31 +8,21 @@ namespace quelvar::tables {
 namespace {
 
 constexpr double kHauteurDuTriangle = 0.866025404;  // of an equilateral one with a side of 1
-constexpr double kMinimum = 0.2;
-constexpr double kMaximum = 10;
 
-double PasDuTexte(CoefficientTriangle coefficient) {
+// What one press moves a side by, percent.
+double PasDuCote(Coefficient coefficient) {
   switch (coefficient) {
-    case CoefficientTriangle::Faible: return 1;
-    case CoefficientTriangle::Fort: return 20;
-    case CoefficientTriangle::Moyen: break;
+    case Coefficient::Faible: return 1;
+    case Coefficient::Fort: return 10;
+    case Coefficient::Moyen: break;
   }
   return 5;
 }
 
-double PasDuCote(CoefficientTriangle coefficient) {
-  switch (coefficient) {
-    case CoefficientTriangle::Faible: return 1;
-    case CoefficientTriangle::Fort: return 10;
-    case CoefficientTriangle::Moyen: break;
-  }
-  return 5;
-}
-
-double Changer(double valeur, bool plus, CoefficientTriangle coefficient) {
+double Changer(double valeur, bool plus, Coefficient coefficient) {
   constexpr double kPasQuiDoublent = 40;  // steps of the text that make once more its size
-  const double facteur = 1 + PasDuTexte(coefficient) / kPasQuiDoublent;
-  return std::clamp(plus ? valeur * facteur : valeur / facteur, kMinimum, kMaximum);
+  const double facteur = 1 + PasDeTexte(coefficient) / kPasQuiDoublent;
+  return std::clamp(plus ? valeur * facteur : valeur / facteur, kPlusPetiteTaille, kPlusGrandeTaille);
 }
 
 }  // namespace
@@ -75,7 +65,7 @@ std::vector<std::optional<std::size_t>> LiensDuTriangle(const FichierTrg& trg) {
 }
 
 void DeplacerTexte(EtatTriangle& etat, SensTriangle sens) {
-  const double pas = PasDuTexte(etat.coefficient);
+  const double pas = PasDeTexte(etat.coefficient);
   switch (sens) {
     case SensTriangle::Haut: return DeplacerTexte(etat, {0, -pas});
     case SensTriangle::Bas: return DeplacerTexte(etat, {0, pas});
@@ -105,7 +95,7 @@ void ChangerFenetreTriangle(EtatTriangle& etat, bool plus) {
 void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans) {
   CotesTriangle& cotes = etat.cotes;
   const double pas = dedans ? PasDuCote(etat.coefficient) : -PasDuCote(etat.coefficient);
-  const double reste = cotes.droit - cotes.gauche - cotes.bas - 1;
+  const double reste = cotes.droit - cotes.gauche - cotes.bas - kHauteurMinimum;
   const double permis = std::min(pas, std::max(reste, 0.0));
   switch (cote) {
     case CoteTriangle::Gauche: cotes.gauche = std::max(cotes.gauche + permis, 0.0); break;

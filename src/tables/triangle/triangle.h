@@ -8,24 +8,27 @@
 #include <string>
 #include <vector>
 
+#include "core/dessin/coefficient.h"
 #include "core/dessin/dessin.h"
 #include "tables/triangle/trg.h"
 
 namespace quelvar::tables {
 
 enum class FormeTriangle { Triangulaire, AngleDroit };
-enum class CoefficientTriangle { Faible, Moyen, Fort };
 enum class SensTriangle { Haut, Bas, Gauche, Droite };
 enum class DimensionTriangle { Largeur, Hauteur, Ensemble };
 enum class CoteTriangle { Gauche, Droit, Bas };
 enum class TailleTriangle { Petite, Moyenne, Grande };
+
+// The marks of a point: 0 for "*", else a circle.
+inline constexpr int kDerniereMarque = 5;
 
 // A text of the list: the title, the three vertices, then the points.
 struct EntreeTriangle {
   std::string texte{};
   Position deplacement{};  // points of the page, from where the drawing would put it
   bool deplacee = false;   // by the user: it keeps its place beside its point whatever the others do
-  int marque = 2;          // of a point: 0 for "*", else a circle, from 1 to 5
+  int marque = 2;          // of a point, up to kDerniereMarque
   bool invisible = false;
 };
 inline constexpr std::size_t kEntreeDuPremierPoint = 4;
@@ -52,6 +55,13 @@ struct CotesTriangle {
   bool operator==(const CotesTriangle&) const = default;
 };
 
+// How much larger or smaller than at the start the drawing and its window may be.
+inline constexpr double kPlusPetiteTaille = 0.2;
+inline constexpr double kPlusGrandeTaille = 10;
+
+// What the sides leave of the triangle at least, percent.
+inline constexpr double kHauteurMinimum = 1;
+
 struct EtatTriangle {
   FichierTrg trg;
   std::vector<EntreeTriangle> entrees;
@@ -59,7 +69,7 @@ struct EtatTriangle {
   std::array<std::size_t, 3> axes = {0, 1, 2};  // percentage used as first, second and third axis
   ReglagesTriangle reglages;
   CotesTriangle cotes;
-  CoefficientTriangle coefficient = CoefficientTriangle::Moyen;
+  Coefficient coefficient = Coefficient::Moyen;
   double largeur = 1;  // of the drawing, over that of the start
   double hauteur = 1;
   double fenetre = 1;  // of the window printed, over the one that holds the drawing
@@ -80,7 +90,7 @@ void DeplacerTexte(EtatTriangle& etat, SensTriangle sens);
 void DeplacerTexte(EtatTriangle& etat, Position deplacement);
 void ChangerTaille(EtatTriangle& etat, DimensionTriangle dimension, bool plus);
 void ChangerFenetreTriangle(EtatTriangle& etat, bool plus);
-// Moves a side towards the inside, or back; the triangle keeps a height of one percent, and no side leaves it.
+// Moves a side towards the inside, or back; the triangle keeps kHauteurMinimum, and no side leaves it.
 void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans);
 // The initial drawing again, the chosen text apart.
 void ReinitialiserTriangle(EtatTriangle& etat);

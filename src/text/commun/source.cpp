@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "core/fichiers/lignelongue.h"
+#include "core/texte/lignes.h"
 #include "core/texte/nombres.h"
-#include "text/commun/lignes.h"
 
 namespace quelvar::text {
 

@@ -119,7 +119,7 @@ std::string RefusDEnregistrer(const Contexte& contexte, const Chemin& cible) {
 }
 
 Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
-  return ExecuterProgramme(contexte, "$$$.prt", LibellesErreur{}, [&](Rapport& rapport) {
+  return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     if (options.mots.empty() && options.lignes.empty()) {
       rapport.Ligne("*** Aucun mot n'est donné : indiquer ceux dont on veut la concordance"_w);
       throw Erreur(kArretAnnonce);

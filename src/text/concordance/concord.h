@@ -29,7 +29,7 @@ struct Concordances {
 };
 
 // Reads the lines of .TR1, or of .DAT when the auxiliaries are gone, in which one of the words stands.
-// Raises kErreurPeripherique, kPermissionRefusee or kAccesFichier.
+// Raises a failure of reading.
 Concordances ChercherConcordances(const Contexte& contexte, std::vector<MotsCherches> cherches);
 
 // Why the text cannot be saved there: under the name of a file of the data set. Empty when it can.

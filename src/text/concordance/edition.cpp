@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
 
@@ -12,15 +13,12 @@ namespace {
 
 // A row whose name is not its only word tells its words.
 std::string Titre(const Concordances& concordances) {
-  std::string noms;
-  for (const MotsCherches& cherche : concordances.cherches) {
-    noms += (noms.empty() ? "" : ", ") + cherche.nom;
-    if (cherche.mots == std::vector{cherche.nom}) continue;
-    std::string mots;
-    for (const std::string& mot : cherche.mots) mots += (mots.empty() ? "" : ", ") + mot;
-    noms += Joindre({" (", mots, ")"});
-  }
-  return noms;
+  std::vector<std::string> noms;
+  for (const MotsCherches& cherche : concordances.cherches)
+    noms.push_back(cherche.mots == std::vector{cherche.nom}
+                       ? cherche.nom
+                       : Joindre({cherche.nom, " (", Enumerer(cherche.mots), ")"}));
+  return Enumerer(noms);
 }
 
 // The words before, from the nearest to the farthest.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
 #include "text/gestion/motsdeslignes.h"
@@ -10,12 +11,6 @@
 namespace quelvar::text {
 
 namespace {
-
-std::string Enumerer(const std::vector<std::string>& mots) {
-  std::string texte;
-  for (const std::string& mot : mots) texte += (texte.empty() ? "" : ", ") + mot;
-  return texte;
-}
 
 // Lines of all the words, each counted once.
 std::int64_t LignesTrouvees(const MotsCherches& cherches, const std::vector<MotTrouve>& trouves) {

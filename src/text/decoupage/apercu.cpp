@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "core/document/affichage.h"
-#include "text/commun/lignes.h"
+#include "core/texte/lignes.h"
 #include "text/commun/source.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
@@ -21,7 +21,9 @@ std::string TeteDuTexte(const Chemin& chemin) {
   constexpr std::size_t kTete = std::size_t{1} << 16;
   std::string octets = LireMorceau(chemin, 0, kTete);
   const std::optional<Utf16> seize = EstUtf16(octets);
-  if (!seize && octets.size() == kTete) octets.resize(octets.rfind('\n') + 1 > 0 ? octets.rfind('\n') + 1 : kTete);
+  // A head that is cut ends with its last whole line: a letter of several bytes is not cut.
+  if (const std::size_t saut = octets.rfind('\n'); !seize && octets.size() == kTete && saut != std::string::npos)
+    octets.resize(saut + 1);
   if (!seize && !EstUtf8(octets)) return octets;
   if (seize) octets = Utf8DepuisUtf16(octets, *seize);
   std::string_view utf8 = octets;

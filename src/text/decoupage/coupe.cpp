@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "core/programme/erreur.h"
+#include "core/texte/lignes.h"
 #include "core/texte/texte.h"
-#include "text/commun/lignes.h"
 
 namespace quelvar::text {
 
@@ -26,11 +26,11 @@ struct LigneRetenue {
 // Appends the text with every run of blanks reduced to one.
 void AjouterSansDoublesBlancs(std::string& octets, std::string_view texte) {
   while (!texte.empty()) {
-    const std::size_t double_ = texte.find("  ");
-    octets.append(texte.substr(0, double_));
-    if (double_ == std::string_view::npos) return;
+    const std::size_t place = texte.find("  ");
+    octets.append(texte.substr(0, place));
+    if (place == std::string_view::npos) return;
     octets += ' ';
-    texte.remove_prefix(std::min(texte.find_first_not_of(' ', double_), texte.size()));
+    texte.remove_prefix(std::min(texte.find_first_not_of(' ', place), texte.size()));
   }
 }
 

@@ -4,7 +4,7 @@
 
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
-#include "utilities/trichaines.h"
+#include "utilities/tri/chaines.h"
 
 namespace quelvar::text {
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "core/enquete/colonnes.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::text {
@@ -10,7 +12,8 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kNomDuStimulus = "STI";
-constexpr std::size_t kNom = 3;
+constexpr std::size_t kNom = kLargeurDeQuestion;
+constexpr std::size_t kDerriereLeCodeMax = 10;  // column of a question line
 
 // The column of the stimulus among the characteristics; 0 in mode 1.
 int ColonneDuStimulus(const Gabarit& gabarit) {
@@ -35,8 +38,8 @@ std::string DemanderJusqua(const Dialogue& dialogue, std::string_view question, 
 // Columns 8-9 of a number of codes, which is asked.
 std::string DemanderCodes(const Dialogue& dialogue, std::string_view question, std::string_view quoi) {
   const auto valeur = [](std::string_view reponse) {
-    const bool chiffres = reponse.find_first_not_of("0123456789") == std::string_view::npos;
-    return chiffres && reponse.size() <= 4 ? static_cast<int>(ValeurDe(reponse)) : 0;
+    constexpr std::size_t kChiffresAuPlus = 4;  // far more than a number of codes has, within an int
+    return SontChiffres(reponse) && reponse.size() <= kChiffresAuPlus ? static_cast<int>(ValeurDe(reponse)) : 0;
   };
   const std::string reponse = DemanderJusqua(dialogue, question, [&](std::string_view texte) -> std::string {
     if (valeur(texte) >= 1 && valeur(texte) <= kDernierCodeNomme) return {};
@@ -85,8 +88,8 @@ std::vector<QuestionDesMots> ReprendreQuestions(const FichierPos& pos, const Gab
       auDela.push_back(question.nom);
       continue;
     }
-    questions.push_back(
-        {question.nom, question.position, TexteCodeMax(question.codeMax), std::string(Milieu(ligne, 10))});
+    questions.push_back({question.nom, question.position, TexteCodeMax(question.codeMax),
+                         std::string(Milieu(ligne, kDerriereLeCodeMax))});
   }
   std::stable_sort(questions.begin(), questions.end(), EstAvant);
   return questions;

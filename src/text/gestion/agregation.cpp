@@ -1,12 +1,12 @@
 #include "text/gestion/agregation.h"
 
 #include <algorithm>
-#include <memory>
 #include <unordered_map>
 
 #include "core/fichiers/jeu.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "text/gestion/compterendu.h"
 #include "text/gestion/motsdeslignes.h"
@@ -19,7 +19,6 @@ namespace {
 constexpr std::string_view kTitre = "Agrégation des lignes d'un tableau"_w;
 constexpr std::string_view kAttention = "*** Attention ***";
 constexpr int kCle = 10;             // columns of a key
-constexpr int kFrequence = 4;        // columns
 constexpr double kMilieu = 1000000;  // what the key of a contribution of zero holds
 
 double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size_t largeur) {
@@ -62,7 +61,7 @@ void Elargir(TableGeree& table) {
 
 // The name field of a merged row.
 std::string ChampDeFrequence(double frequence) {
-  return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kFrequence, 0);
+  return NombreFixe(std::min(frequence, static_cast<double>(kFrequenceEcrite)), kLargeurFrequence, 0);
 }
 
 // Key of each row for the sort asked for. Signed contributions are moved above zero, so that the order of their texts
@@ -136,13 +135,11 @@ std::vector<std::string> Supplementaires(const TableGeree& table) {
 // Those of the first list that the other one has not: some of them by name, and how many.
 std::string Absentes(const std::vector<std::string>& intitules, const std::vector<std::string>& autres) {
   constexpr std::int64_t kNommees = 10;
-  std::string noms;
+  std::vector<std::string> noms;
   std::int64_t nombre = 0;
   for (const std::string& intitule : intitules)
-    if (std::ranges::find(autres, intitule) == autres.end() && ++nombre <= kNommees)
-      noms += (noms.empty() ? "" : ", ") + intitule;
-  if (nombre > kNommees) noms += Joindre({"... (", Nombre(nombre), ")"});
-  return noms;
+    if (std::ranges::find(autres, intitule) == autres.end() && ++nombre <= kNommees) noms.push_back(intitule);
+  return nombre > kNommees ? Joindre({Enumerer(noms), "... (", Nombre(nombre), ")"}) : Enumerer(noms);
 }
 
 // Supplementary rows are so by their place only: the user is told when merges and sorts have put others there.
@@ -158,6 +155,14 @@ void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agre
                perdues.empty() ? std::string() : Joindre({"Ne le sont plus : ", perdues, ". "}),
                "Vérifiez-les dans la gestion des colonnes et lignes"_w}),
       Boutons::Ok);
+}
+
+// Once for a table.
+void DireLesEcarts(const Contexte& contexte, FacteursDesLignes& facteurs) {
+  if (facteurs.ecartsDits) return;
+  facteurs.ecartsDits = true;
+  if (const std::string ecarts = EcartsDesCoordonnees(contexte, facteurs); !ecarts.empty())
+    contexte.Ecran().demander(ecarts, Boutons::Ok);
 }
 
 void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTabMotAgreg::Action& action,
@@ -255,8 +260,8 @@ Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, s
 }
 
 std::string TexteDeRangee(const LigneDeTable& ligne) {
-  return Joindre({CadreGauche(ligne.nom, kFrequence), ligne.marquee ? " A agréger "_w : std::string_view("           "),
-                  ligne.intitule});
+  return Joindre({CadreGauche(ligne.nom, kLargeurFrequence),
+                  ligne.marquee ? " A agréger "_w : std::string_view("           "), ligne.intitule});
 }
 
 Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {

@@ -8,7 +8,7 @@
 
 #include "text/gestion/facteurs.h"
 #include "text/gestion/table.h"
-#include "utilities/trichaines.h"
+#include "utilities/tri/chaines.h"
 
 namespace quelvar::text {
 

@@ -11,11 +11,10 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kRetrait = "         ";
-constexpr int kFrequence = 4;  // columns
 
 void AjouterLesLignes(const Regroupement& regroupement, std::vector<std::string>& lignes) {
   for (const Regroupement::Ligne& ligne : regroupement.lignes)
-    lignes.push_back(Joindre({kRetrait, CadreGauche(ligne.nom, kFrequence), " ", Rogner(ligne.intitule)}));
+    lignes.push_back(Joindre({kRetrait, CadreGauche(ligne.nom, kLargeurFrequence), " ", Rogner(ligne.intitule)}));
 }
 
 }  // namespace

@@ -72,20 +72,16 @@ std::string_view DUnAutreTableau(const FacteursDesLignes& facteurs, const TableG
   return {};
 }
 
-void DireLesEcarts(const Contexte& contexte, FacteursDesLignes& facteurs) {
-  if (facteurs.dits) return;
-  facteurs.dits = true;
-  if (facteurs.sansCoordonnees == 0 && facteurs.sansLigne == 0 && SontDuTableau(contexte)) return;
+std::string EcartsDesCoordonnees(const Contexte& contexte, const FacteursDesLignes& facteurs) {
+  if (facteurs.sansCoordonnees == 0 && facteurs.sansLigne == 0 && SontDuTableau(contexte)) return {};
   std::string ecarts;
   if (facteurs.sansCoordonnees > 0)
     ecarts += Joindre({", ", Nombre(facteurs.sansCoordonnees), " ligne(s) du tableau n'y sont pas"});
   if (facteurs.sansLigne > 0)
     ecarts += Joindre({", ", Nombre(facteurs.sansLigne), " de ses lignes ne sont pas dans le tableau"});
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : les coordonnées de "_w, contexte.Nom(".FAI"), " ne sont pas celles du tableau ",
-               contexte.Nom(".BRT"), " et des statuts de ", contexte.Nom(".MOD"), ecarts,
-               " : le tri se fait sur elles. Pour l'ordre de ce tableau, relancez l'analyse factorielle"_w}),
-      Boutons::Ok);
+  return Joindre({"*** Attention : les coordonnées de "_w, contexte.Nom(".FAI"), " ne sont pas celles du tableau ",
+                  contexte.Nom(".BRT"), " et des statuts de ", contexte.Nom(".MOD"), ecarts,
+                  " : le tri se fait sur elles. Pour l'ordre de ce tableau, relancez l'analyse factorielle"_w});
 }
 
 }  // namespace quelvar::text

@@ -19,7 +19,7 @@ struct FacteursDesLignes {
   std::vector<std::vector<double>> contributions{};  // factors x rows, per mille
   std::int64_t sansCoordonnees = 0;                  // rows of the table as it was opened that .FAI does not have
   std::int64_t sansLigne = 0;                        // rows of .FAI that it did not have
-  bool dits = false;                                 // the user was told how they differ from the table
+  bool ecartsDits = false;                           // the user was told how they differ from the table
 };
 
 // Nothing without .FAJ and .FAI. Raises the failures of their readers.
@@ -31,7 +31,8 @@ std::string_view IntituleDAnalyse(const LigneDeTable& ligne);
 // What to say of coordinates none of whose rows, or none of whose columns, are in the table; empty otherwise.
 std::string_view DUnAutreTableau(const FacteursDesLignes& facteurs, const TableGeree& table);
 
-// Tells in a box, once, that the coordinates were made from another state of the table, and how it shows.
-void DireLesEcarts(const Contexte& contexte, FacteursDesLignes& facteurs);
+// What to say of coordinates that were made from another state of the table, and how it shows; empty when they are its
+// own.
+std::string EcartsDesCoordonnees(const Contexte& contexte, const FacteursDesLignes& facteurs);
 
 }  // namespace quelvar::text

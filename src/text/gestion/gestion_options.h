@@ -1,4 +1,4 @@
-// The options of the work on the rows and columns of a table as the command line knows them.
+// The options of the work on the rows and columns of a table as the command line and the forms know them.
 #pragma once
 
 #include <string>
@@ -16,5 +16,7 @@ std::pair<std::string, std::string> AvantEtApres(std::string_view option, const 
 
 const Description<OptionsSuplMot>& DescriptionSuplMot();
 const Description<OptionsTabMotAgreg>& DescriptionTabMotAgreg();
+// One sort of the rows, as the form TabMotAgreg asks for it; it cannot be run by itself.
+const Description<TriDeLignes>& DescriptionTriDeLignes();
 
 }  // namespace quelvar::text

@@ -10,12 +10,11 @@ namespace quelvar::text {
 
 namespace {
 
-constexpr std::size_t kFrequence = 4;  // columns
 constexpr std::string_view kRetrait = "     ";
 
 // What a row is known by: its frequency, a blank, its label.
 std::string TeteDeLigne(const LigneDeTable& ligne) {
-  return Joindre({CadreGauche(ligne.nom, kFrequence), " ", RognerDroite(ligne.intitule)});
+  return Joindre({CadreGauche(ligne.nom, kLargeurFrequence), " ", RognerDroite(ligne.intitule)});
 }
 
 bool LIntituleSuffit(const LigneDeTable& ligne) {

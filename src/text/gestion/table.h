@@ -48,8 +48,7 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
 
 // Ranks of the rows that a user names: by their whole label, or else by their word without the code in front.
 std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom);
-// The only one of them. Raises kArretAnnonce
-// with a line in the report when there is none, or more than one.
+// The only one of them. Raises kArretAnnonce with a line in the report when there is none, or more than one.
 std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport);
 // A name by which TrouverLigne finds that row: its word if that is enough, else its label; nothing when several rows
 // have it, or when it holds a comma or "=", which part the names of a list.

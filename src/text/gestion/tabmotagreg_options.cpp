@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "text/gestion/gestion_options.h"
 
 namespace quelvar::text {
@@ -9,27 +11,49 @@ using Agreg = Description<OptionsTabMotAgreg>;
 
 constexpr std::string_view kFacteur = "facteur";
 
+// One sort of the rows: no program, but a part of TabMotAgreg, which the form shows by itself. The number of the factor
+// is not in the table: what is no number counts as 0.
+Description<TriDeLignes> DecrireTriDeLignes() {
+  using O = TriDeLignes;
+  using utilities::SensDeTri;
+  return Description<O>("tri", "Tri des lignes d'un tableau", {})
+      .Choix("cle", &O::cle,
+             {{"frequence", CleDeLignes::Frequence},
+              {"alphabetique", CleDeLignes::Intitule},
+              {std::string(kFacteur), CleDeLignes::Facteur}},
+             "ce qui donne leur ordre aux lignes")
+      .Bouton("OptCourt", "frequence")
+      .Bouton("OptLong", "alphabetique")
+      .Bouton("OptFac", std::string(kFacteur))
+      .Choix("ordre", &O::sens, {{"croissant", SensDeTri::Croissant}, {"decroissant", SensDeTri::Decroissant}},
+             "ordre du tri")
+      .Bouton("Croissant", "croissant")
+      .Bouton("Decroissant", "decroissant");
+}
+
 // frequence, alphabetique or facteurN, then the order behind a comma.
 TriDeLignes LireTri(const std::string& valeur) {
-  const Textes mots = NomsSepares(valeur);
-  const std::string cle = mots.empty() ? std::string() : Minuscules(mots.front());
-  const std::string ordre = mots.size() > 1 ? Minuscules(mots[1]) : "croissant";
-  TriDeLignes tri;
-  if (cle == "alphabetique") tri.cle = CleDeLignes::Intitule;
-  else if (cle.starts_with(kFacteur)) tri.cle = CleDeLignes::Facteur;
-  if ((tri.cle == CleDeLignes::Frequence && cle != "frequence") || mots.size() > 2 ||
-      (ordre != "croissant" && ordre != "decroissant"))
+  const Description<TriDeLignes>& table = DescriptionTriDeLignes();
+  const auto prend = [&table](std::string_view option, const std::string& mot) {
+    return std::ranges::find(table.De(option).mots, mot) != table.De(option).mots.end();
+  };
+  const Textes mots = NomsSepares(Minuscules(valeur));
+  const bool parFacteur = !mots.empty() && mots.front().starts_with(kFacteur);
+  const std::string cle = parFacteur ? std::string(kFacteur) : mots.empty() ? std::string() : mots.front();
+  if (!prend("cle", cle) || mots.size() > 2 || (mots.size() == 2 && !prend("ordre", mots.back())))
     RefuserValeur("tri", "frequence, alphabetique ou facteurN, puis ,croissant ou ,decroissant", valeur);
-  if (tri.cle == CleDeLignes::Facteur) tri.facteur = ValeurDe(cle.substr(kFacteur.size()));
-  if (ordre == "decroissant") tri.sens = utilities::SensDeTri::Decroissant;
+  TriDeLignes tri;
+  table.PoserUne(tri, "cle", cle);
+  if (parFacteur) tri.facteur = ValeurDe(mots.front().substr(kFacteur.size()));
+  if (mots.size() == 2) table.PoserUne(tri, "ordre", mots.back());
   return tri;
 }
 
 std::string EcrireTri(const TriDeLignes& tri) {
-  std::string texte = tri.cle == CleDeLignes::Frequence  ? "frequence"
-                      : tri.cle == CleDeLignes::Intitule ? "alphabetique"
-                                                         : std::string(kFacteur) + EcrireReel(tri.facteur);
-  if (tri.sens == utilities::SensDeTri::Decroissant) texte += ",decroissant";
+  const Description<TriDeLignes>& table = DescriptionTriDeLignes();
+  std::string texte = table.ValeurEcrite(tri, "cle");
+  if (tri.cle == CleDeLignes::Facteur) texte += EcrireReel(tri.facteur);
+  if (tri.sens != TriDeLignes{}.sens) texte += Joindre({",", table.ValeurEcrite(tri, "ordre")});
   return texte;
 }
 
@@ -63,6 +87,11 @@ Agreg DecrireTabMotAgreg() {
 
 const Description<OptionsTabMotAgreg>& DescriptionTabMotAgreg() {
   static const Description<OptionsTabMotAgreg> description = DecrireTabMotAgreg();
+  return description;
+}
+
+const Description<TriDeLignes>& DescriptionTriDeLignes() {
+  static const Description<TriDeLignes> description = DecrireTriDeLignes();
   return description;
 }
 

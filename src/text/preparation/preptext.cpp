@@ -1,7 +1,6 @@
 #include "text/preparation/preptext.h"
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -10,8 +9,8 @@
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
+#include "core/texte/lignes.h"
 #include "core/texte/nombres.h"
-#include "text/commun/lignes.h"
 #include "text/commun/prise.h"
 #include "text/preparation/edition.h"
 
@@ -78,22 +77,6 @@ void ExigerTexte(const Contexte& contexte, Rapport& rapport, const std::string& 
   throw Erreur(kArretAnnonce);
 }
 
-// Whether nothing stands under that generic but the report of a preparation that stopped: the next one takes its place.
-bool NAQueLeRapportDUnArret(const Contexte& contexte, const std::string& generique) {
-  const std::optional<Chemin> rapport = ChercherFichier(contexte.repertoire, generique + ".prt");
-  constexpr std::uintmax_t kAuPlus = 100000;
-  if (!rapport || LongueurFichier(*rapport) > kAuPlus) return false;
-  const std::string debut = Majuscules(generique + ".");
-  const Chemin ou = contexte.repertoire.empty() ? Chemin(".") : contexte.repertoire;
-  std::error_code code;
-  for (std::filesystem::directory_iterator i(ou, code), fin; !code && i != fin; i.increment(code))
-    if (i->path().filename() != rapport->filename() && Majuscules(TexteDe(i->path().filename())).starts_with(debut))
-      return false;
-  const std::string texte = LireOctets(*rapport);
-  return !code && texte.find(kTitre) != std::string::npos &&
-         texte.find("*** Attention, changement") == std::string::npos;
-}
-
 void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText& options, const std::string& nouveau) {
   const std::string nomOrigine = NomDeLOrigine(contexte, options);
   const std::string nomNeuf = nouveau + ".txt";
@@ -141,8 +124,8 @@ std::string RefusDePreparer(const Contexte& contexte, const OptionsPrepText& opt
 }
 
 Fin PrepText(const Contexte& contexte, const OptionsPrepText& options, std::string& nouveau) {
-  const bool libre =
-      !contexte.generique.empty() && NAQueLeRapportDUnArret(contexte, GeneriqueSuivant(contexte.generique));
+  const bool libre = !contexte.generique.empty() &&
+                     NAQueLeRapportDUnArret(contexte.repertoire, GeneriqueSuivant(contexte.generique), kTitre);
   nouveau = DemanderGeneriqueLibre(contexte, options.remplacer || libre).value_or("");
   if (nouveau.empty()) return Fin::Arret;
   return ExecuterProgramme(contexte, nouveau + ".prt", LibellesErreur{},

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <unordered_set>
 
+#include "core/enquete/nomdemodalite.h"
 #include "text/decoupage/mots.h"
 
 namespace quelvar::text {
@@ -71,10 +72,8 @@ PlanLexical PlanifierTable(const FichierPos& pos, const std::vector<std::size_t>
   for (const std::size_t rang : actives) {
     const Question& question = pos.questions[rang];
     plan.groupes.push_back({rang, question.position, question.codeMax, plan.noms.size()});
-    for (int code = codesZero ? 0 : 1; code <= question.codeMax; ++code) {
-      const std::string_view caractere = CodeCaractere(code);
-      plan.noms.push_back(CadreGauche(question.nom, static_cast<int>(4 - caractere.size())) + std::string(caractere));
-    }
+    for (int code = codesZero ? 0 : 1; code <= question.codeMax; ++code)
+      plan.noms.push_back(NomDeModalite(question.nom, code));
   }
   return plan;
 }

@@ -3,17 +3,15 @@
 #include <algorithm>
 
 #include "core/enquete/brtfile.h"
-#include "core/enquete/colonnes.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace quelvar::text {
 
 namespace {
 
-constexpr int kFrequence = 4;          // columns
 constexpr std::size_t kZoneLibre = 9;  // columns before the free area of a question line
 
 // Replaces the first occurrence.
@@ -29,7 +27,7 @@ std::vector<std::string> LignesTriees(const TableLexicale& table, int largeur, c
   lignes.reserve(table.lignes.size());
   for (std::size_t i = 0; i < table.lignes.size(); ++i) {
     const std::int64_t frequence = std::min(table.lignes[i].frequence, kFrequenceEcrite);
-    std::string& ligne = lignes.emplace_back(NombreFixe(static_cast<double>(frequence), kFrequence, 0));
+    std::string& ligne = lignes.emplace_back(NombreFixe(static_cast<double>(frequence), kLargeurFrequence, 0));
     ligne.reserve(ligne.size() + table.colonnes * static_cast<std::size_t>(largeur) + table.lignes[i].texte.size());
     for (std::size_t j = 0; j < table.colonnes; ++j)
       ligne += EntierDroit(static_cast<std::int64_t>(table.Ligne(i)[j]), largeur);
@@ -38,7 +36,7 @@ std::vector<std::string> LignesTriees(const TableLexicale& table, int largeur, c
   const std::vector<std::string_view> vues(lignes.begin(), lignes.end());
   std::vector<std::string> triees;
   triees.reserve(lignes.size());
-  for (const std::uint32_t rang : utilities::OrdreDesLignes(vues, {1, kFrequence}, ecran))
+  for (const std::uint32_t rang : utilities::OrdreDesLignes(vues, {1, kLargeurFrequence}, ecran))
     triees.push_back(std::move(lignes[rang]));
   return triees;
 }
@@ -55,7 +53,7 @@ void EcrireModLexical(Ecrivain& fichier, std::string_view generique, const PlanL
   }
   if (lignes.empty()) return;
   fichier.Ligne(kFinDeListe);
-  const std::size_t cellules = kFrequence + plan.noms.size() * static_cast<std::size_t>(largeur);
+  const std::size_t cellules = kLargeurFrequence + plan.noms.size() * static_cast<std::size_t>(largeur);
   for (const std::string& ligne : lignes) {
     const std::string_view texte = std::string_view(ligne).substr(cellules);
     fichier.Ligne(LigneModalite(texte.substr(0, kLargeurCode), false, RognerDroite(texte.substr(kLargeurCode))));

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
@@ -12,7 +13,8 @@
 
 namespace quelvar::text {
 
-// What a cell of four columns can hold of a frequency.
+// Columns of the frequency in front of a row, and the greatest that they hold.
+inline constexpr int kLargeurFrequence = kLargeurDeModalite;
 inline constexpr std::int64_t kFrequenceEcrite = 9999;
 
 // The rows of .BRT in the upward order of their frequency field, equal ones as the file sort leaves them.

@@ -12,6 +12,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 #include "utilities/exportcsv/ligne.h"
 #include "utilities/exportcsv/textes.h"
@@ -106,12 +107,12 @@ void PrevenirDesReserves(const Contexte& contexte, const Effectifs& effectifs, c
 // A spreadsheet holds no blanks around a text.
 void PrevenirDesCadrages(const Contexte& contexte, const std::vector<QuestionEnTextes>& questions,
                          const LigneCsv& ligne) {
-  std::string noms;
+  std::vector<std::string_view> noms;
   for (std::size_t i = 0; i < questions.size(); ++i)
-    if (ligne.CadrageDe(i).SePerd()) noms += (noms.empty() ? "" : ", ") + questions[i].nom;
+    if (ligne.CadrageDe(i).SePerd()) noms.push_back(questions[i].nom);
   if (!noms.empty())
-    Prevenir(contexte, Joindre({"Questions alphabétiques dont des textes commencent par des blancs : "_w, noms,
-                                ". Une importation remettra tous leurs textes au début du champ"_w}));
+    Prevenir(contexte, Joindre({"Questions alphabétiques dont des textes commencent par des blancs : "_w,
+                                Enumerer(noms), ". Une importation remettra tous leurs textes au début du champ"_w}));
 }
 
 // The cells at their longest, for the individuals that are announced and that the file can hold.

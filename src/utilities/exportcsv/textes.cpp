@@ -11,6 +11,7 @@
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/noms.h"
 #include "core/programme/report.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
@@ -130,10 +131,7 @@ std::string CeQuiNePassePas(std::string_view generique, const FichierPos& pos, c
   if (std::ranges::any_of(pos.questions, avecRegle)) perdus.push_back("les règles et les marques de questions"_w);
   if (pos.premiereApres + 1 < pos.lignes.size()) perdus.push_back("ce qui suit les questions dans le .POS");
   if (AUneMarque(mod)) perdus.push_back("les marques de modalités"_w);
-  std::string liste;
-  for (const std::string_view perdu : perdus) liste.append(liste.empty() ? "" : ", ").append(perdu);
-  if (liste.empty()) return {};
-  return Joindre({"Une importation du tableur ne remettra pas : ", liste});
+  return perdus.empty() ? std::string() : Joindre({"Une importation du tableur ne remettra pas : ", Enumerer(perdus)});
 }
 
 std::string ChoixDeLImport(const std::vector<QuestionEnTextes>& questions) {

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "core/programme/place.h"
+#include "core/texte/listes.h"
 #include "core/texte/nombres.h"
+#include "utilities/fusion/edition.h"
 #include "utilities/fusion/jonction.h"
 #include "utilities/fusion/travail.h"
 
@@ -32,22 +34,17 @@ void PrevenirDuPos(const Travail& travail) {
   }
   const std::vector<std::string> communs = NomsCommuns(travail.pos->a, travail.pos->b);
   if (communs.empty()) return;
-  std::string liste;
-  for (const std::string& nom : communs) liste += (liste.empty() ? "" : ", ") + nom;
-  Prevenir(travail.contexte,
-           Joindre({"Questions de même nom dans A et dans B : "_w, Nombre(communs.size()), " (", liste, "). ", pos,
-                    " les porte deux fois : donnez d'autres noms à l'une des deux avant "
-                    "d'analyser, un programme s'arrête sur un nom que deux questions partagent"_w}));
+  Prevenir(travail.contexte, Joindre({"Questions de même nom dans A et dans B : "_w, Nombre(communs.size()), " (",
+                                      Enumerer(communs), "). ", pos,
+                                      " les porte deux fois : donnez d'autres noms à l'une des deux avant "
+                                      "d'analyser, un programme s'arrête sur un nom que deux questions partagent"_w}));
 }
 
 void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const OptionsFusion& options) {
   Entree a = ChercherEntree(contexte, options.a);
   Entree b = ChercherEntree(contexte, options.b);
   ExigerEntrees(rapport, contexte, {a, b});
-  ImprimerBandeau(rapport, "Fusion de fichiers");
-  rapport.Ligne({"Le nom du fichier d'entrée A est "_w, a.nom});
-  rapport.Ligne({"Le nom du fichier d'entrée B est "_w, b.nom});
-  rapport.Ligne({"Le nom du fichier des données jointes est "_w, NomAffiche(options.c)});
+  ImprimerTeteDeFusion(rapport, a, b, NomAffiche(options.c));
   const Travail travail{
       contexte, options, rapport, Mesurer(std::move(a)), Mesurer(std::move(b)), LirePaireDePos(contexte, options)};
   // With questions to find again every line takes the room of the longest, and so does what stands in for B.

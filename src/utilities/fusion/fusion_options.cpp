@@ -22,6 +22,7 @@ const Description<OptionsFusion>& DescriptionFusionner() {
           .Alias({"optverify"})
           .Bouton("OptVerifY", "oui")
           .Bouton("OptVerifN", "non")
+          // Texts: a box proposes them as typed, and one that is no number is a 0, which the run refuses in its report.
           .Texte("positiona", &O::positionA, "N", "position du numéro dans le fichier A"_w)
           .Montre("TextPosA")
           .Texte("positionb", &O::positionB, "N", "position du numéro dans le fichier B"_w)

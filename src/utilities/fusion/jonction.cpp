@@ -1,6 +1,7 @@
 #include "utilities/fusion/jonction.h"
 
 #include "core/texte/nombres.h"
+#include "utilities/fusion/edition.h"
 
 namespace quelvar::utilities {
 
@@ -17,11 +18,6 @@ void Repeter(Ecrivain& sortie, char signe, std::size_t fois) {
 void EcrireLigneDeA(const Travail& travail, std::string_view ligne, Ecrivain& sortie) {
   sortie.Ecrire(ligne);
   if (travail.pos) Repeter(sortie, ' ', travail.a.plusLongue - ligne.size());
-}
-
-void ImprimerEffectif(Rapport& rapport, const FichierMesure& mesure) {
-  rapport.Ligne({" Le nombre d'individus du fichier ", mesure.entree.nom, " est de ",
-                 NombreFixe(static_cast<double>(mesure.lignes), 6, 0)});
 }
 
 [[noreturn]] void Arreter(const Travail& travail, Texte raison) {
@@ -48,8 +44,7 @@ class Verification {
     const std::string_view identA = identifiants_.DeA(a);
     const std::string_view identB = identifiants_.DeB(b);
     if (identA == identB) return true;
-    rapport_.Ligne({"*** Identité différente à l'individu numéro "_w, NombreNu(individu), " Ident A= ", identA,
-                    " Ident B= ", identB});
+    ImprimerDifference(rapport_, individu, identA, identB);
     return ++differences_ <= kDifferencesPermises;
   }
 
@@ -67,14 +62,6 @@ void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets&
     avancement.Avancer(ligne.size());
   }
 }
-
-struct BilanAppareillement {
-  std::int64_t lignes = 0;
-  std::int64_t incomplets = 0;
-  bool resteDeA = false;  // lines of A were left when B ended
-  bool resteDeB = false;  // the line in hand of B found none of A
-  std::string lieu;       // of what is left
-};
 
 BilanAppareillement Appareiller(const Travail& travail, const Identifiants& identifiants, Ecrivain& sortie) {
   AvancementOctets avancement(travail.contexte, travail.a.octets);
@@ -123,9 +110,7 @@ void DireAncienPos(const Travail& travail) {
 
 void FusionnerCoteACote(const Travail& travail) {
   if (travail.a.lignes != travail.b.lignes) {
-    travail.rapport.Ligne("*** Erreur : les deux fichiers n'ont pas le même nombre d'individus"_w);
-    ImprimerEffectif(travail.rapport, travail.a);
-    ImprimerEffectif(travail.rapport, travail.b);
+    ImprimerEffectifsInegaux(travail);
     travail.contexte.Ecran().biper();
     throw Erreur(kArretAnnonce);
   }
@@ -168,15 +153,13 @@ void FusionnerParNumero(const Travail& travail) {
   const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());
   if (bilan.resteDeA || bilan.resteDeB) {
     c.Laisser();
-    travail.rapport.Ligne(bilan.resteDeA ? "*** Le Fichier B est terminé avant le fichier A"_w
-                                         : "*** ERREUR Fichier B non terminé"_w);
+    ImprimerAppareillement(travail.rapport, bilan);
     Prevenir(travail.contexte, bilan.lieu);
     DireAncienPos(travail);
     Arreter(travail, "Vérifiez et corrigez avant de relancer"_w);
   }
   c.Valider(LignesPosCoteACote(travail, bilan.lignes));
-  travail.rapport.Ligne({"Nombre d'enregistrement résultant :"_w, NombreNu(bilan.lignes)});
-  travail.rapport.Ligne({"Nombre d'enregistrement B incomplets :", NombreNu(bilan.incomplets)});
+  ImprimerAppareillement(travail.rapport, bilan);
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 

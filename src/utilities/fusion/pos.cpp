@@ -4,6 +4,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
+#include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
 
@@ -12,14 +13,16 @@ namespace quelvar::utilities {
 namespace {
 
 constexpr std::size_t kLettresDuType = 3;
+constexpr int kColonneDePosition = kLargeurDeQuestion + 1;
 constexpr int kLargeurPosition = 4;
+constexpr std::int64_t kPremiereQuestion = 3;  // line of a .POS
 
 std::string LigneDeplacee(const std::string& ligne, std::size_t decalage) {
   const std::int64_t position =
-      Entier64(ValeurDe(Milieu(ligne, kLargeurDeQuestion + 1, kLargeurPosition))) + static_cast<std::int64_t>(decalage);
+      Entier64(ValeurDe(Milieu(ligne, kColonneDePosition, kLargeurPosition))) + static_cast<std::int64_t>(decalage);
   if (position > kDernierePosition) throw Erreur(kDepassementCapacite);
   return Joindre({CadreGauche(ligne, kLargeurDeQuestion), EntierDroit(position, kLargeurPosition),
-                  Milieu(ligne, kLargeurDeQuestion + kLargeurPosition + 1)});
+                  Milieu(ligne, kColonneDePosition + kLargeurPosition)});
 }
 
 }  // namespace
@@ -36,6 +39,7 @@ std::optional<PosDeFusion> LirePosDeFusion(const Chemin& repertoire, std::string
   std::string_view ligne;
   if (!lecteur.Lire(ligne)) return std::nullopt;
   PosDeFusion pos;
+  pos.nom = TexteDe(chemin->filename());
   pos.titre = ligne;
   lecteur.Lire(ligne);  // the size of the file that it stands beside
   while (lecteur.Lire(ligne)) {
@@ -72,7 +76,10 @@ std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b
                                       std::int64_t individus) {
   std::vector<std::string> lignes{a.titre, NombreNu(individus)};
   lignes.insert(lignes.end(), a.questions.begin(), a.questions.end());
-  for (const std::string& question : b.questions) lignes.push_back(LigneDeplacee(question, decalage));
+  for (std::size_t i = 0; i < b.questions.size(); ++i) {
+    const auto ou = [&] { return Lieu{b.nom, kPremiereQuestion + static_cast<std::int64_t>(i), kColonneDePosition}; };
+    Situer(ou, [&] { lignes.push_back(LigneDeplacee(b.questions[i], decalage)); });
+  }
   return lignes;
 }
 

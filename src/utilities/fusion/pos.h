@@ -15,6 +15,7 @@ namespace quelvar::utilities {
 std::string NomDuPos(std::string_view fichier);
 
 struct PosDeFusion {
+  std::string nom;  // of the file, without directory
   std::string titre;
   std::vector<std::string> questions;  // the lines up to the end of the list
   std::vector<std::string> suite;      // the end mark and what stands behind it
@@ -28,8 +29,8 @@ std::vector<std::string> NomsCommuns(const PosDeFusion& a, const PosDeFusion& b)
 // Rank of the first question, from 1, whose name, position or code-max is not the same in both; 0 when all are.
 std::size_t PremiereDifference(const PosDeFusion& a, const PosDeFusion& b);
 
-// The questions of A, then those of B with their positions moved. Raises kDepassementCapacite for a position beyond
-// four columns.
+// The questions of A, then those of B with their positions moved. Raises kDepassementCapacite, with its
+// place, for a position beyond four columns.
 std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b, std::size_t decalage,
                                       std::int64_t individus);
 // The questions of A and what stands behind them.

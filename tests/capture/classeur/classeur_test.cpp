@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "capture/classeur/ods.h"
 #include "capture/classeur/valeurs.h"
 #include "core/programme/erreur.h"
 #include "support/classeurs.h"
@@ -24,7 +25,7 @@ class Classeurs : public testing::Test {
   // The sentence of the refusal, empty when there is none.
   std::string Refus(const std::string& nom, std::string_view feuille = {}) const {
     try {
-      LireFeuille(Fichier(nom), feuille, [](std::span<const std::string>) { return true; });
+      Csv(nom, feuille);
     } catch (const Erreur& erreur) {
       return VersUtf8(erreur.Phrase());
     }
@@ -69,7 +70,8 @@ TEST_F(Classeurs, OdsCellsAsStoredAndInPlace) {
       "<table:table table:name=\"2020\"><table:table-row><table:table-cell office:value-type=\"float\" "
       "office:value=\"1\"/></table:table-row></table:table>"
       "<table:table table:name=\"'file:///x.ods'#$A\"/>");
-  EXPECT_EQ(FeuillesDe(Fichier("a.ods")), (std::vector<std::string>{Joindre({"Réponses"_w}), "2020"}));
+  EXPECT_EQ(EcrireFeuilleEnCsv(Fichier("a.ods"), {}, Fichier("a.csv")).feuilles,
+            (std::vector<std::string>{Joindre({"Réponses"_w}), "2020"}));
   EXPECT_EQ(Csv("a.ods"), kMarque +
                               "Sexe;\"Âge; en années\";ligne 1 ligne  2\r\n"
                               "0.435;0.05;2;2024-01-15;26:05:09;VRAI;7;7\r\n"
@@ -103,21 +105,6 @@ TEST_F(Classeurs, XlsxCellsAsStoredAndInPlace) {
                     {{"name=\"F\"", "<row><c s=\"1\"><v>0</v></c><c s=\"1\"><v>43844</v></c></row>"}}, {},
                     "<workbookPr date1904=\"1\"/>");
   EXPECT_EQ(Csv("b.xlsx"), kMarque + "1904-01-01;2024-01-15\r\n");
-}
-
-TEST_F(Classeurs, ReadingStopsWhenTheReceiverHasEnough) {
-  std::string lignes;
-  for (int i = 0; i < 300; ++i) lignes += "<row><c><v>" + std::to_string(i) + "</v></c></row>";
-  essai::EcrireXlsx(Fichier("a.xlsx"), {{"name=\"F\"", lignes + "<row><c t=\"s\"><v>99</v></c></row>"}});
-  std::string dernier;
-  LireFeuille(Fichier("a.xlsx"), {}, [&](std::span<const std::string> cellules) {
-    dernier = cellules[0];
-    return dernier != "200";
-  });
-  EXPECT_EQ(dernier, "200");
-  EXPECT_EQ(Refus("a.xlsx"),
-            "Ce classeur ne peut pas être lu : une cellule y renvoie à un texte qui n'existe pas. "
-            "Enregistrez la feuille en CSV depuis le tableur et importez ce fichier.");
 }
 
 TEST_F(Classeurs, AnEmptySheetIsRefusedWithTheNamesOfTheOthers) {
@@ -175,9 +162,6 @@ TEST_F(Classeurs, RefusalsTellWhy) {
   essai::EcrireClasseur(Fichier("autre.ods"), {{"lettre.txt", "bonjour"}});
   essai::EcrireOds(Fichier("sans.ods"), "");
   ods("coupe.ods", "<table:table-row></table:table>");
-  ods("bombe.ods",
-      "<table:table-row table:number-rows-repeated=\"1048576\"><table:table-cell office:value-type=\"float\" "
-      "office:value=\"1\" table:number-columns-repeated=\"16384\"/></table:table-row>");
   ods("large.ods",
       "<table:table-row><table:table-cell table:number-columns-repeated=\"16384\"/><table:table-cell>"
       "<text:p>x</text:p></table:table-cell></table:table-row>");
@@ -191,6 +175,7 @@ TEST_F(Classeurs, RefusalsTellWhy) {
                         {{"META-INF/manifest.xml", "<manifest:encryption-data/>"}, {"content.xml", "x"}});
   essai::EcrireXlsx(Fichier("ordre.xlsx"),
                     {{"name=\"F\"", "<row r=\"2\"/><row r=\"2\"><c><v>1</v></c></row><row r=\"2\"/>"}});
+  essai::EcrireXlsx(Fichier("renvoi.xlsx"), {{"name=\"F\"", "<row><c t=\"s\"><v>99</v></c></row>"}});
   ods("entier.ods", "<table:table-row><table:table-cell><text:p>x</text:p></table:table-cell></table:table-row>");
   const std::string entier = LireOctets(Fichier("entier.ods"));
   essai::EcrireOctets(Fichier("tronque.ods"), entier.substr(0, entier.size() / 2));
@@ -199,23 +184,43 @@ TEST_F(Classeurs, RefusalsTellWhy) {
   change[place] = static_cast<char>(change[place] ^ 0x55);
   essai::EcrireOctets(Fichier("abime.ods"), change);
 
-  const std::map<std::string, std::string> attendus = {{"texte.ods", "ce n'est pas un fichier .ods ou .xlsx"},
-                                                       {"vide.xlsx", "ce n'est pas un fichier .ods ou .xlsx"},
-                                                       {"ancien.xlsx", "d'avant 2007"},
-                                                       {"autre.ods", "ce n'est pas un fichier .ods ou .xlsx"},
-                                                       {"sans.ods", "il n'a pas de feuille de calcul"},
-                                                       {"coupe.ods", "le fichier est abîmé (dans content.xml)"},
-                                                       {"bombe.ods", "plus de 250 millions de cellules remplies"},
-                                                       {"large.ods", "plus de 16 384 colonnes"},
-                                                       {"longue.ods", "plus de 1 048 576 lignes"},
-                                                       {"cellule.ods", "plus de un Mio dans une cellule"},
-                                                       {"entites.ods", "une déclaration de type de document"},
-                                                       {"secret.ods", "protégé par un mot de passe"},
-                                                       {"ordre.xlsx", "les lignes de la feuille ne se suivent pas"},
-                                                       {"tronque.ods", "le fichier est abîmé"},
-                                                       {"abime.ods", "le fichier est abîmé"}};
+  const std::map<std::string, std::string> attendus = {
+      {"texte.ods", "ce n'est pas un fichier .ods ou .xlsx"},
+      {"vide.xlsx", "ce n'est pas un fichier .ods ou .xlsx"},
+      {"ancien.xlsx", "d'avant 2007"},
+      {"autre.ods", "ce n'est pas un fichier .ods ou .xlsx"},
+      {"sans.ods", "il n'a pas de feuille de calcul"},
+      {"coupe.ods", "le fichier est abîmé (dans content.xml)"},
+      {"large.ods", "plus de 16 384 colonnes"},
+      {"longue.ods", "plus de 1 048 576 lignes"},
+      {"cellule.ods", "plus de un Mio dans une cellule"},
+      {"entites.ods", "une déclaration de type de document"},
+      {"secret.ods", "protégé par un mot de passe"},
+      {"ordre.xlsx", "les lignes de la feuille ne se suivent pas"},
+      {"renvoi.xlsx",
+       "une cellule y renvoie à un texte qui n'existe pas. Enregistrez "
+       "la feuille en CSV depuis le tableur et importez ce fichier."},
+      {"tronque.ods", "le fichier est abîmé"},
+      {"abime.ods", "le fichier est abîmé"}};
   for (const auto& [nom, raison] : attendus)
     EXPECT_NE(Refus(nom).find(raison), std::string::npos) << nom << " : " << Refus(nom);
+}
+
+// Before its rows have filled a disk.
+TEST_F(Classeurs, CellsThatRepeatAreCounted) {
+  essai::EcrireOds(Fichier("bombe.ods"),
+                   "<table:table table:name=\"F\"><table:table-row table:number-rows-repeated=\"1048576\">"
+                   "<table:table-cell office:value-type=\"float\" office:value=\"1\" "
+                   "table:number-columns-repeated=\"16384\"/></table:table-row></table:table>");
+  const classeur::Archive archive(Fichier("bombe.ods"));
+  const classeur::RecevoirLigne rien = [](auto) {};
+  classeur::Rangees rangees(rien);
+  try {
+    LireOds(archive, 0, rangees);
+    ADD_FAILURE();
+  } catch (const Erreur& erreur) {
+    EXPECT_NE(erreur.Phrase().find("plus de 250 millions de cellules remplies"), std::string::npos);
+  }
 }
 
 TEST(ValeursDeClasseur, NumbersDatesAndFormats) {

@@ -35,5 +35,23 @@ TEST(GeneriqueLibre, WhateverFileStandsUnderTheName) {
   EXPECT_EQ(GeneriqueLibre(dossier.Chemin(), "ENQ"), "ENU");
 }
 
+TEST(GeneriqueLibre, TheReportOfARunThatStoppedLeavesTheNameFree) {
+  const struct {
+    const char* voisin;
+    std::string_view rapport;
+    bool libre;
+  } cas[] = {{"ENS.POS", "   Tri\r\nErreur\r\n", true},
+             {"ENR.BRT.~12-1", "   Tri\r\n", true},
+             {"enr.pem", "   Tri\r\n", false},
+             {"ENS.POS", "   Croisement\r\n", false},
+             {"ENS.POS", "   Tri\r\n*** Attention, changement de nom générique ***\r\n"_w, false}};
+  for (const auto& [voisin, rapport, libre] : cas) {
+    const essai::DossierTemporaire dossier;
+    essai::EcrireOctets(dossier.Chemin() / voisin, "");
+    essai::EcrireOctets(dossier.Chemin() / "ENR.prt", rapport);
+    EXPECT_EQ(NAQueLeRapportDUnArret(dossier.Chemin(), "ENR", "Tri"), libre) << voisin << rapport;
+  }
+}
+
 }  // namespace
 }  // namespace quelvar

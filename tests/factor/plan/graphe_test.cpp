@@ -28,6 +28,9 @@ struct Enquete {
   std::optional<DonneesPlan> Preparer() { return PrepGraphe(LeContexte()); }
 };
 
+constexpr ExigencesGraphe kLiens{.liens = true};
+constexpr ExigencesGraphe kArbre{.cah = true};
+
 constexpr std::string_view kMod =
     "Titre\n BRT=1 LIGN=5 COL=3 LSUP=2 FMT=1 \n"
     "A1     Un intitule qui depasse les vingt-cinq\nA2   S \nA3  s  Trois\n**\nZ9     Autre\n";
@@ -127,7 +130,7 @@ TEST(Graphe, LinksAndTreesOfAnotherTable) {
   enquete.Avec(".CAH", "INDIV = NON\n   1    1    2    1    2\n   1    1   2\n");
   EXPECT_FALSE(enquete.Preparer()->cah);
   EXPECT_EQ(LireOctets(enquete.dossier.Chemin() / "ENQ.PRT").find("***"), std::string::npos);
-  EXPECT_FALSE(PrepGraphe(enquete.LeContexte(), {.liens = false, .cah = true}));
+  EXPECT_FALSE(PrepGraphe(enquete.LeContexte(), kArbre));
 }
 
 OptionsAnecar AvecArbre() {
@@ -150,17 +153,17 @@ TEST(Graphe, WhatWasMadeOfAnotherTableOfTheSameSize) {
   ASSERT_EQ(tables::Ecapem(enquete.LeContexte(), {}), Fin::Normale);
   ASSERT_EQ(Anecar(enquete.LeContexte(), AvecArbre()), Fin::Normale);
   std::optional<DonneesPlan> donnees = enquete.Preparer();
-  EXPECT_TRUE(donnees->remarques.empty());
+  EXPECT_TRUE(RemarquesDuPlan(donnees->etrangers).empty());
   EXPECT_EQ(donnees->liens.size(), 2U);
   enquete.Avec(".BRT", "A  1 8 0 3 5\nA  2 012 6 6\nB  1 3 6 9 0\nB  2 5 6 011\n");
   donnees = enquete.Preparer();
   EXPECT_TRUE(donnees->liens.empty());
-  ASSERT_EQ(donnees->remarques.size(), 1U);
-  EXPECT_TRUE(
-      donnees->remarques[0].starts_with("les coordonn\xE9"
-                                        "es de ENQ.FAJ ne sont pas celles du tableau ENQ.BRT"));
-  ASSERT_EQ(donnees->remarquesDesLiens.size(), 1U);
-  EXPECT_TRUE(donnees->remarquesDesLiens[0].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
+  std::vector<std::string> remarques = RemarquesDuPlan(donnees->etrangers);
+  ASSERT_EQ(remarques.size(), 1U);
+  EXPECT_TRUE(remarques[0].starts_with("les coordonnées de ENQ.FAJ ne sont pas celles du tableau ENQ.BRT"_w));
+  remarques = RemarquesDesFichiers(donnees->etrangers, kLiens);
+  ASSERT_EQ(remarques.size(), 1U);
+  EXPECT_TRUE(remarques[0].starts_with("ENQ.PEM n'est pas celui de ce tableau"));
   // Told when they are drawn, and not otherwise.
   const auto rapport = [&](const OptionsGraphe& options) {
     EXPECT_EQ(Graphe(enquete.LeContexte(), options), Fin::Normale);
@@ -175,12 +178,12 @@ TEST(Graphe, WhatWasMadeOfAnotherTableOfTheSameSize) {
   std::string liens = LireOctets(enquete.dossier.Chemin() / "ENQ.PEM");
   EXPECT_EQ(enquete.Avec(".PEM", liens).Preparer()->liens.size(), 2U);
   EXPECT_TRUE(enquete.Avec(".PEM", liens.substr(8)).Preparer()->liens.empty());
-  EXPECT_EQ(enquete.Avec(".PEM", "").Preparer()->remarquesDesLiens.size(), 1U) << "all are missing";
+  EXPECT_TRUE(Concerne(enquete.Avec(".PEM", "").Preparer()->etrangers, SujetDuPlan::Liens)) << "all are missing";
   std::filesystem::remove(enquete.dossier.Chemin() / "ENQ.PEM");
-  EXPECT_TRUE(enquete.Preparer()->remarquesDesLiens.empty()) << "nobody has made them";
+  EXPECT_FALSE(Concerne(enquete.Preparer()->etrangers, SujetDuPlan::Liens)) << "nobody has made them";
   // The same table, with another status of its modalities.
   enquete.Avec(".PEM", liens).Avec(".MOD", "T\n BRT=4 FMT=2 \nA  1\nA  2\nB  1 S \nB  2 S \n");
-  EXPECT_EQ(enquete.Preparer()->remarques.size(), 1U);
+  EXPECT_EQ(RemarquesDuPlan(enquete.Preparer()->etrangers).size(), 1U);
 }
 
 // Links of a plain table are those of the table or, after the diagonalisation, of its maximum table.
@@ -192,7 +195,7 @@ TEST(Graphe, LinksOfAPlainTable) {
     ASSERT_EQ(tables::Ecapem(enquete.LeContexte(), {.diagonalisation = maximum, .liensLignes = true}), Fin::Normale);
     const std::optional<DonneesPlan> donnees = enquete.Preparer();
     EXPECT_FALSE(donnees->liens.empty());
-    EXPECT_TRUE(donnees->remarques.empty()) << maximum;
+    EXPECT_TRUE(RemarquesDuPlan(donnees->etrangers).empty()) << maximum;
   }
   enquete.Avec(".BRT", "L1    9  4  1\nL2    3  2 12\nL3    1  8  2\n");
   const std::optional<DonneesPlan> donnees = enquete.Preparer();
@@ -210,10 +213,10 @@ TEST(Graphe, TreeOfOtherCoordinates) {
                "A  1  300  -1000.0000  300 \nA  2  200   -999.0000  200 \nB  1  300    500.0000  300 \n"
                "B  2  200    510.0000  200 \n");
   const std::optional<DonneesPlan> donnees = enquete.Preparer();
-  EXPECT_TRUE(donnees->remarques.empty());
-  ASSERT_EQ(donnees->remarquesDeLArbre.size(), 1U);
-  EXPECT_TRUE(
-      donnees->remarquesDeLArbre[0].starts_with("l'arbre de ENQ.CAH a \xE9t\xE9 fait sur d'autres coordonn\xE9"));
+  EXPECT_TRUE(RemarquesDuPlan(donnees->etrangers).empty());
+  const std::vector<std::string> remarques = RemarquesDesFichiers(donnees->etrangers, kArbre);
+  ASSERT_EQ(remarques.size(), 1U);
+  EXPECT_TRUE(remarques[0].starts_with("l'arbre de ENQ.CAH a été fait sur d'autres coordonnées"_w));
   // The modalities in another order are not those of the tree.
   enquete.Avec(".MOD", "T\n BRT=4 FMT=2 \nB  1\nA  2\nA  1\nB  2\n");
   EXPECT_FALSE(enquete.Preparer()->cah);
@@ -274,12 +277,13 @@ TEST(Graphe, AgesAreToldBeyondAMoment) {
                                      std::filesystem::last_write_time(fichier) - std::chrono::seconds(secondes));
   };
   vieillir("ENQ.FAJ", 30);
-  EXPECT_TRUE(enquete.Preparer()->remarques.empty());
+  EXPECT_TRUE(enquete.Preparer()->etrangers.empty());
   vieillir("ENQ.FAJ", 60);
   vieillir("ENQ.AFC", 300);
   const std::optional<DonneesPlan> donnees = enquete.Preparer();
-  ASSERT_EQ(donnees->remarques.size(), 2U);
-  EXPECT_EQ(donnees->remarques[0], "ENQ.FAJ est plus ancien que ENQ.BRT, relancez l'analyse factorielle");
+  const std::vector<std::string> remarques = RemarquesDuPlan(donnees->etrangers);
+  ASSERT_EQ(remarques.size(), 2U);
+  EXPECT_EQ(remarques[0], "ENQ.FAJ est plus ancien que ENQ.BRT, relancez l'analyse factorielle");
   EXPECT_TRUE(donnees->parts.empty());
 }
 

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "core/texte/texte.h"
+#include "factor/plan/graphe.h"
 
 using namespace quelvar::factor;
 
@@ -136,6 +137,11 @@ TEST(Plan, AxesAsTyped) {
     EXPECT_EQ(axe.facteur, c.facteur) << c.texte;
     EXPECT_EQ(axe.cpf, c.cpf) << c.texte;
   }
+  // The command names the factor where a "C" alone would be on another one.
+  EtatPlan etat = NouveauPlan(donnees);
+  for (AxePlan* axe : {&etat.reglages.horizontal, &etat.reglages.vertical}) FixerAxe(donnees, *axe, "C2");
+  EXPECT_EQ(OptionsDuPlan(etat, false).horizontal, "C2");
+  EXPECT_EQ(OptionsDuPlan(etat, false).vertical, "C");
 }
 
 TEST(Plan, FewerFactorsThanAxes) {

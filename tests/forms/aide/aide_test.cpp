@@ -8,8 +8,8 @@
 #include <QMap>
 #include <QXmlStreamReader>
 
+#include "forms/aide/documents.h"
 #include "forms/cadre/application.h"
-#include "forms/cadre/menus.h"
 #include "forms/pilote.h"
 
 using namespace quelvar::forms;

@@ -19,6 +19,7 @@
 #include "text/decoupage/saisiemot_options.h"
 #include "text/preparation/preptext_options.h"
 #include "text/tableau/tabmot_options.h"
+#include "utilities/options.h"
 
 using namespace quelvar::forms;
 
@@ -69,6 +70,26 @@ const Cas kCas[] = {
     {"mnuPrepText", [](const QWidget& f) { return Verifier(f, quelvar::text::DescriptionPrepText()); }, 5},
     {"mnuImpMot", [](const QWidget& f) { return Verifier(f, quelvar::text::DescriptionSaisieMot()); }, 6},
     {"mnuImport", [](const QWidget& f) { return Verifier(f, quelvar::capture::DescriptionImportCsv()); }, 1},
+    {"mnexportCSV", [](const QWidget& f) { return Verifier(f, quelvar::utilities::DescriptionExportCsv()); }, 7},
+    {"mnuUtil", [](const QWidget& f) { return Verifier(f, quelvar::utilities::DescriptionTri()); }, 3},
+    {"mnuUtil",
+     [](const QWidget& f) {
+       essai::Cliquer(f, "OptExport");
+       return Verifier(f, quelvar::utilities::DescriptionExporter());
+     },
+     2},
+    {"mnuUtil",  // the type has no default: none of its buttons is ticked
+     [](const QWidget& f) {
+       essai::Cliquer(f, "OptFusion");
+       return Verifier(f, quelvar::utilities::DescriptionFusionner());
+     },
+     4},
+    {"mnuUtil",
+     [](const QWidget& f) {
+       essai::Cliquer(f, {"OptEcapem", "OptNoms"});
+       return Verifier(f, quelvar::tables::DescriptionEcapem());
+     },
+     3},
 };
 
 struct BureauEnq : Bureau {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QPdfWriter>
 
 #include "support/environnement.h"
@@ -28,25 +27,23 @@ TEST(Impression, PagesFoldLongLinesAndKeepFormFeeds) {
 }
 
 // The media box of the first page, as the file says it.
-QByteArray Format(const QString& fichier) {
-  QFile pdf(fichier);
-  if (!pdf.open(QIODevice::ReadOnly)) return {};
-  const QByteArray octets = pdf.readAll();
-  const auto debut = octets.indexOf("/MediaBox");
-  return octets.mid(debut, octets.indexOf(']', debut) - debut);
+std::string Format(const QString& texte) {
+  const std::string pdf = PdfDuTexte(texte, "ENQ.TAP");
+  const std::size_t debut = pdf.find("/MediaBox");
+  return pdf.substr(debut, pdf.find(']', debut) - debut);
 }
 
 TEST(Impression, PdfTurnsThePageForLongLines) {
-  const essai::DossierTemporaire dossier;
-  const QString fichier = QString::fromStdString((dossier.Chemin() / "a.pdf").string());
-  ASSERT_TRUE(EcrirePdf(fichier, "court\n", "ENQ.TAP"));
-  EXPECT_TRUE(Format(fichier).contains("595")) << Format(fichier).toStdString();
-  EXPECT_LT(Format(fichier).indexOf("595"), Format(fichier).indexOf("842"));
-  ASSERT_TRUE(EcrirePdf(fichier, QString(70, u'x') + QString(60, u' ') + "\r\n", "ENQ.TAP"));
-  EXPECT_LT(Format(fichier).indexOf("595"), Format(fichier).indexOf("842"));
-  ASSERT_TRUE(EcrirePdf(fichier, QString(110, u'x') + "\n", "ENQ.TAP"));
-  EXPECT_GT(Format(fichier).indexOf("595"), Format(fichier).indexOf("842"));
-  EXPECT_FALSE(EcrirePdf(QString::fromStdString((dossier.Chemin() / "absent" / "a.pdf").string()), "x", "x"));
+  struct Cas {
+    QString texte;
+    bool debout;  // 595 x 842 points
+  };
+  for (const Cas& cas : {Cas{"court\n", true}, Cas{QString(70, u'x') + QString(60, u' ') + "\r\n", true},
+                         Cas{QString(110, u'x') + "\n", false}}) {
+    const std::string format = Format(cas.texte);
+    EXPECT_TRUE(format.find("595") != std::string::npos && format.find("842") != std::string::npos) << format;
+    EXPECT_EQ(format.find("595") < format.find("842"), cas.debout) << format;
+  }
 }
 
 TEST(Impression, CountsThePagesOfTheWholeText) {

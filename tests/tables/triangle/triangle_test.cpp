@@ -6,9 +6,8 @@
 #include <random>
 
 #include "core/dessin/svg.h"
-#include "core/options/option.h"
 #include "support/programme.h"
-#include "tables/triangle/triang.h"
+#include "tables/triangle/triang_options.h"
 
 namespace quelvar {
 
@@ -86,7 +85,7 @@ TEST(DessinerTriangle, SidesMovedInwardLeaveOutPointsBeyondThem) {
     return texte;
   };
   EXPECT_EQ(montres(), "1111");
-  etat.coefficient = CoefficientTriangle::Fort;
+  etat.coefficient = Coefficient::Fort;
   DeplacerCote(etat, CoteTriangle::Gauche, true);
   EXPECT_EQ(montres(), "0111");
   DeplacerCote(etat, CoteTriangle::Bas, true);
@@ -183,12 +182,12 @@ TEST(OptionsDuTriangle, WhatTheFormShowsIsDrawnAgain) {
 
 TEST(OptionsDuTriangle, WhatThePictureLacksIsRefused) {
   const FichierTrg trg = TrgDe({{20, 30, 50}});
-  const OptionsTriang refusees[] = {{.invisibles = {"AGE9"}},
-                                    {.marques = {{"titre", "6"}}},
-                                    {.deplaces = {{"sommet1", "5"}}},
-                                    {.largeur = 19.5},
-                                    {.fenetre = 1001}};
+  const OptionsTriang refusees[] = {
+      {.invisibles = {"AGE9"}}, {.marques = {{"titre", "6"}}}, {.deplaces = {{"sommet1", "5"}}}};
   for (const OptionsTriang& options : refusees) EXPECT_THROW(ReglerTriangle(options, trg), UsageIncorrect);
+  OptionsTriang options;
+  for (const auto& [nom, valeur] : {std::pair("gauche", "-1"), {"droit", "101"}, {"largeur", "19.5"}, {"page", "1001"}})
+    EXPECT_THROW(DescriptionTriang().PoserUne(options, nom, valeur), UsageIncorrect) << nom;
 }
 
 class RunTriang : public essai::RunDeProgramme {};

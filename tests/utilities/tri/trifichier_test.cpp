@@ -1,4 +1,4 @@
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 #include <gtest/gtest.h>
 

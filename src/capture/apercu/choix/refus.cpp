@@ -11,9 +11,9 @@ namespace quelvar::capture {
 
 namespace {
 
-std::string Cellule(const FaitsDeColonne& colonne, std::size_t numero, const CelluleFautive& cellule, Texte raison) {
-  return Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", ligne ", Nombre(cellule.ligne),
-                  " : \"", cellule.valeur, "\" ", raison});
+// "*** Erreur : colonne 3 Age, " and what is wrong there.
+std::string ErreurDeColonne(std::size_t numero, const FaitsDeColonne& colonne, std::initializer_list<Texte> faute) {
+  return Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", ", Joindre(faute)});
 }
 
 // A cell that is no number and that the choice gives a code to.
@@ -27,12 +27,13 @@ void RefuserCellules(const ChoixDeColonne& choix, const FaitsDeColonne& colonne,
   const std::size_t avant = refus.size();
   for (const CelluleFautive& cellule : colonne.fautives) {
     if (EstPrevue(choix, cellule.valeur)) continue;
-    refus.push_back(Cellule(colonne, numero, cellule, RaisonDuRefus(choix, colonne, cellule.valeur)));
+    refus.push_back(ErreurDeColonne(numero, colonne,
+                                    {"ligne ", Nombre(cellule.ligne), " : \"", cellule.valeur, "\" ",
+                                     RaisonDuRefus(choix, colonne, cellule.valeur)}));
   }
   const auto gardees = static_cast<std::int64_t>(colonne.fautives.size());
   if (refus.size() > avant && colonne.fautes > gardees)
-    refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(numero), " ", colonne.intitule, ", et ",
-                             Nombre(colonne.fautes - gardees), " autres cellules"}));
+    refus.push_back(ErreurDeColonne(numero, colonne, {"et ", Nombre(colonne.fautes - gardees), " autres cellules"}));
 }
 
 }  // namespace
@@ -72,10 +73,11 @@ std::vector<std::string> RefusDesTextes(const std::vector<ChoixDeColonne>& choix
       if (EstParmi(choix[j].nonReponses, confondu.texte)) continue;
       std::string lignes;
       for (const std::int64_t ligne : confondu.lignes) lignes.append(lignes.empty() ? "" : ", ").append(Nombre(ligne));
-      refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonnes[j].intitule, ", ligne ", lignes,
-                               " : des textes différents s'écriraient tous \""_w, confondu.texte,
-                               "\", Windows-1252 n'a pas leurs caractères : remplacez-les, ou mettez la colonne en "
-                               "textes longs ou de côté"_w}));
+      refus.push_back(ErreurDeColonne(
+          j + 1, colonnes[j],
+          {"ligne ", lignes, " : des textes différents s'écriraient tous \""_w, confondu.texte,
+           "\", Windows-1252 n'a pas leurs caractères : remplacez-les, ou mettez la colonne en textes longs ou de "
+           "côté"_w}));
     }
   }
   return refus;
@@ -90,12 +92,11 @@ std::vector<std::string> RefusDesChoix(const std::vector<ChoixDeColonne>& choix,
         choix[j].genre == Genre::Codes || choix[j].genre == Genre::Classes || choix[j].genre == Genre::Nombres;
     if (enNombres) RefuserCellules(choix[j], colonne, j + 1, refus);
     if (choix[j].genre == Genre::Textes && TextesACoder(choix[j], colonne) > kDernierCodeNomme)
-      refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule, ", ",
-                               Nombre(TextesACoder(choix[j], colonne)), " textes différents pour "_w,
-                               Nombre(kDernierCodeNomme), " codes"}));
+      refus.push_back(ErreurDeColonne(j + 1, colonne,
+                                      {Nombre(TextesACoder(choix[j], colonne)), " textes différents pour "_w,
+                                       Nombre(kDernierCodeNomme), " codes"}));
     if (SansBornes(choix[j]))
-      refus.push_back(Joindre({"*** Erreur : colonne ", Nombre(j + 1), " ", colonne.intitule,
-                               ", les classes n'ont pas de bornes : des nombres croissants"_w}));
+      refus.push_back(ErreurDeColonne(j + 1, colonne, {"les classes n'ont pas de bornes : des nombres croissants"_w}));
   }
   return refus;
 }

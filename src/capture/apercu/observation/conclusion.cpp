@@ -6,6 +6,7 @@
 #include "capture/apercu/observation/listes.h"
 #include "capture/apercu/observation/mots.h"
 #include "capture/apercu/observation/observation.h"
+#include "capture/colonnes/colonne.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

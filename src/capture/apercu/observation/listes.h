@@ -17,8 +17,8 @@ void SeparerListe(std::string_view cellule, char signe, Voir&& voir) {
   while (true) {
     const std::size_t fin = cellule.find(signe);
     std::string_view element = cellule.substr(0, fin);
-    while (!element.empty() && (element.front() == ' ' || element.front() == '\xA0')) element.remove_prefix(1);
-    while (!element.empty() && (element.back() == ' ' || element.back() == '\xA0')) element.remove_suffix(1);
+    while (!element.empty() && (element.front() == ' ' || element.front() == kInsecable)) element.remove_prefix(1);
+    while (!element.empty() && (element.back() == ' ' || element.back() == kInsecable)) element.remove_suffix(1);
     if (!element.empty()) voir(element);
     if (fin == std::string_view::npos) return;
     cellule.remove_prefix(fin + 1);

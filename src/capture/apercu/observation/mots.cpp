@@ -37,8 +37,7 @@ std::string Pliee(std::string_view texte) {
 std::string SansEcriture(std::string_view texte) {
   std::string pliee;
   for (const char c : Pliee(texte)) {
-    const bool blanc = c == ' ' || c == '\t' || c == '\xA0';
-    if (!blanc) pliee += c;
+    if (!EstBlancDeCellule(c)) pliee += c;
     else if (!pliee.empty() && pliee.back() != ' ') pliee += ' ';
   }
   return pliee;

@@ -5,6 +5,7 @@
 #include "capture/apercu/observation/mots.h"
 #include "capture/apercu/observation/trace.h"
 #include "capture/apercu/octets/cellule.h"
+#include "capture/tableur/codes.h"
 
 namespace quelvar::capture {
 
@@ -12,17 +13,9 @@ using namespace cellule_tracee;
 
 namespace {
 
-constexpr std::size_t kChiffresDeCode = 3;
-
 // Value of one to three digits without a zero in front; -1 for any other text.
 int PetitEntier(std::string_view cellule) {
-  if (cellule.size() > kChiffresDeCode || (cellule.size() > 1 && cellule.front() == '0')) return -1;
-  int valeur = 0;
-  for (const char c : cellule) {
-    if (c < '0' || c > '9') return -1;
-    valeur = valeur * 10 + (c - '0');
-  }
-  return valeur;
+  return cellule.size() > 1 && cellule.front() == '0' ? -1 : ValeurDesChiffres(cellule);
 }
 
 }  // namespace
@@ -129,7 +122,7 @@ void Observation::VoirNombre(NombreLu nombre, std::string_view cellule, std::int
                                                : kSansSigne;
   if (classe == kSansSigne) ++nombres_[classe];
   else Garder(classe, cellule, ligne);
-  if (nombre.zeroDevant && nombre.EstEntier() && cellule.size() > kChiffresDeCode) ++zerosDevant_;
+  if (nombre.zeroDevant && nombre.EstEntier() && cellule.size() > kLargeurCodes) ++zerosDevant_;
   mesures_.Voir(nombre);
 }
 

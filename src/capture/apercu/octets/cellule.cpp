@@ -11,10 +11,16 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr char kInsecable = static_cast<char>(0xA0);
-
-bool EstBlanc(char c) { return c == ' ' || c == '\t' || c == kInsecable; }
 bool EstLettre(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+constexpr std::size_t kGroupe = 3;          // digits between two signs of thousands
+constexpr std::size_t kExposantAuPlus = 2;  // digits
+constexpr std::size_t kPetitAuPlus = 2;     // digits of an hour, a minute, a day
+constexpr std::size_t kChiffresDAnnee = 4;
+constexpr std::size_t kNombreAuPlus = 64;       // characters; longer ones are no numbers
+constexpr std::size_t kDateLaPlusCourte = 4;    // "1:30"
+constexpr std::size_t kDateLaPlusLongue = 40;   // with hour, zone and blanks
+constexpr std::size_t kDecalageLePlusLong = 6;  // "+01:00"
 
 std::size_t Chiffres(std::string_view texte, std::size_t debut) {
   std::size_t i = debut;
@@ -29,7 +35,7 @@ std::size_t Exposant(std::string_view texte, std::size_t i, bool decimales) {
   if (!signe && !decimales) return 0;
   const std::size_t debut = i + (signe ? 2 : 1);
   const std::size_t nombre = Chiffres(texte, debut);
-  return nombre == 0 || nombre > 2 ? 0 : debut + nombre - i;
+  return nombre == 0 || nombre > kExposantAuPlus ? 0 : debut + nombre - i;
 }
 
 // The whole part at the head: "1234", or groups of three behind a first one of one to three. Length, and the sign
@@ -41,26 +47,26 @@ struct PartieEntiere {
 
 PartieEntiere LirePartieEntiere(std::string_view texte) {
   PartieEntiere partie{Chiffres(texte, 0)};
-  if (partie.longueur == 0 || partie.longueur > 3 || partie.longueur == texte.size()) return partie;
+  if (partie.longueur == 0 || partie.longueur > kGroupe || partie.longueur == texte.size()) return partie;
   const char signe = texte[partie.longueur];
-  if (!EstBlanc(signe) && signe != ',' && signe != '.' && signe != '\'') return partie;
+  if (!EstBlancDeCellule(signe) && signe != ',' && signe != '.' && signe != '\'') return partie;
   std::size_t fin = partie.longueur;
   std::size_t nombre = 0;
-  while (fin < texte.size() && texte[fin] == signe && Chiffres(texte, fin + 1) == 3) {
-    fin += 4;
+  while (fin < texte.size() && texte[fin] == signe && Chiffres(texte, fin + 1) == kGroupe) {
+    fin += 1 + kGroupe;
     ++nombre;
   }
   // One group behind "," or "." is read as decimals, unless the other sign follows.
   const bool doute = signe == ',' || signe == '.';
   if (nombre == 0 || (doute && nombre == 1 && (fin == texte.size() || (texte[fin] != ',' && texte[fin] != '.'))))
     return partie;
-  return {fin, EstBlanc(signe) ? ' ' : signe};
+  return {fin, EstBlancDeCellule(signe) ? ' ' : signe};
 }
 
 // Reads a count of one or two digits at a place, moves behind it; -1 without.
 int Petit(std::string_view texte, std::size_t& i) {
   const std::size_t nombre = Chiffres(texte, i);
-  if (nombre == 0 || nombre > 2) return -1;
+  if (nombre == 0 || nombre > kPetitAuPlus) return -1;
   int valeur = 0;
   for (const std::size_t fin = i + nombre; i < fin; ++i) valeur = valeur * 10 + (texte[i] - '0');
   return valeur;
@@ -92,7 +98,7 @@ bool EstHeure(std::string_view texte) {
     reste.remove_prefix(zone.size());
     break;
   }
-  return reste.find_first_not_of("+-:0123456789") == std::string_view::npos && reste.size() <= 6;
+  return reste.find_first_not_of("+-:0123456789") == std::string_view::npos && reste.size() <= kDecalageLePlusLong;
 }
 
 // The day at the head; its length, 0 for none.
@@ -102,14 +108,15 @@ std::size_t LongueurDuJour(std::string_view texte) {
   const char signe = texte[premiers];
   if (signe != '/' && signe != '-' && signe != '.') return 0;
   std::size_t i = 0;
-  const bool annee = premiers == 4;
-  if (annee) i = 4;
+  const bool annee = premiers == kChiffresDAnnee;
+  if (annee) i = kChiffresDAnnee;
   const int a = annee ? 1 : Petit(texte, i);
   if (a < 0 || !Passer(texte, i, signe)) return 0;
   const int b = Petit(texte, i);
   if (b < 0 || !Passer(texte, i, signe)) return 0;
   const std::size_t derniers = Chiffres(texte, i);
-  if (annee ? derniers == 0 || derniers > 2 : derniers != 2 && derniers != 4) return 0;
+  if (annee ? derniers == 0 || derniers > kPetitAuPlus : derniers != kPetitAuPlus && derniers != kChiffresDAnnee)
+    return 0;
   int c = 0;
   for (std::size_t k = 0; k < derniers; ++k) c = c * 10 + (texte[i + k] - '0');
   const auto jour = [](int j, int m) { return j >= 1 && j <= 31 && m >= 1 && m <= 12; };
@@ -150,8 +157,8 @@ std::string_view SansHabit(std::string_view cellule) {
 }
 
 bool NombreLu::EstAmbigu() const {
-  return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == 3 && !entiers.empty() &&
-         entiers.size() <= 3 && entiers.front() != '0';
+  return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == kGroupe && !entiers.empty() &&
+         entiers.size() <= kGroupe && entiers.front() != '0';
 }
 
 NombreLu NombreLu::SansDecimales() const {
@@ -183,8 +190,7 @@ std::string NombreLu::Normalise() const {
 }
 
 std::optional<NombreLu> LireNombre(std::string_view cellule) {
-  constexpr std::size_t kLongueurAuPlus = 64;
-  if (cellule.size() > kLongueurAuPlus) return std::nullopt;
+  if (cellule.size() > kNombreAuPlus) return std::nullopt;
   NombreLu nombre;
   if (!cellule.empty() && (cellule.front() == '-' || cellule.front() == '+')) {
     nombre.negatif = cellule.front() == '-';
@@ -222,12 +228,13 @@ std::optional<NombreLu> LireNombre(std::string_view cellule, const SignesDeNombr
 }
 
 bool EstDate(std::string_view cellule) {
-  if (cellule.size() < 4 || cellule.size() > 40 || !EstChiffre(cellule.front())) return false;
+  if (cellule.size() < kDateLaPlusCourte || cellule.size() > kDateLaPlusLongue || !EstChiffre(cellule.front()))
+    return false;
   if (EstHeure(cellule)) return true;
   const std::size_t jour = LongueurDuJour(cellule);
   if (jour == 0) return false;
   if (jour == cellule.size()) return true;
-  if (!EstBlanc(cellule[jour]) && cellule[jour] != 'T') return false;
+  if (!EstBlancDeCellule(cellule[jour]) && cellule[jour] != 'T') return false;
   std::string_view heure = cellule.substr(jour + 1);
   if (heure.starts_with("à "_w)) heure.remove_prefix(2);
   return EstHeure(RognerCellule(heure));
@@ -258,7 +265,7 @@ std::string NettoyerIntitule(std::string_view intitule) {
         continue;
       }
     }
-    const bool blanc = EstBlanc(c) || static_cast<unsigned char>(c) < 0x20;
+    const bool blanc = EstBlancDeCellule(c) || static_cast<unsigned char>(c) < 0x20;
     if (blanc && aLaBalise) continue;
     aLaBalise = false;
     propre += blanc ? ' ' : c;

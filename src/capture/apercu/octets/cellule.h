@@ -44,11 +44,14 @@ struct SignesDeNombres {
 // What spreadsheets write around a number that is to stay a text: ="01" gives 01, and so do '01 and '01'.
 std::string_view SansHabit(std::string_view cellule);
 
+// The no-break space of the code page, and what counts as a blank in a cell.
+inline constexpr char kInsecable = '\xA0';
+constexpr bool EstBlancDeCellule(char c) { return c == ' ' || c == '\t' || c == kInsecable; }
+
 // The cell without the blanks, tabs and no-break spaces around it, and without such a dress.
 inline std::string_view RognerCellule(std::string_view cellule) {
-  const auto blanc = [](char c) { return c == ' ' || c == '\t' || c == '\xA0'; };
-  while (!cellule.empty() && blanc(cellule.front())) cellule.remove_prefix(1);
-  while (!cellule.empty() && blanc(cellule.back())) cellule.remove_suffix(1);
+  while (!cellule.empty() && EstBlancDeCellule(cellule.front())) cellule.remove_prefix(1);
+  while (!cellule.empty() && EstBlancDeCellule(cellule.back())) cellule.remove_suffix(1);
   if (!cellule.empty() && (cellule.front() == '=' || cellule.front() == '\'')) return SansHabit(cellule);
   return cellule;
 }

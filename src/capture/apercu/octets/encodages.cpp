@@ -4,7 +4,9 @@
 #include <array>
 #include <string_view>
 
+#include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
+#include "capture/pagecode.h"
 #include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
@@ -102,7 +104,7 @@ struct Signe {
     static constexpr std::string_view kApres = "…’”»°ªº²³™®©‰†‡€$%"_w;
     static constexpr std::string_view kAvant = "“«‘„‚§©–—¿¡"_w;
     const char c = static_cast<char>(lui);
-    if (lui == 0xA0) return true;
+    if (c == kInsecable) return true;
     if (EstLettre(avant) && EstLettre(apres)) return kDedans.find(c) != std::string_view::npos;
     if (EstLettre(apres)) return kAvant.find(c) != std::string_view::npos;
     if (EstLettre(avant)) return kApres.find(c) != std::string_view::npos;
@@ -132,7 +134,9 @@ struct Indices {
     const unsigned char apres = en(i + 1);
     if (octet >= 0x80 && octet < 0xA0) ++c1;
     const bool enPage = Signe{avant, octet, apres}.EstVraisemblable();
-    const bool enCp850 = Signe{DeCp850(avant), DeCp850(octet), DeCp850(apres)}.EstVraisemblable();
+    const TableDOctets& deCp850 = TableDePage(PageDeCode::Dos850);
+    const auto traduit = [&](unsigned char o) { return static_cast<unsigned char>(deCp850[o]); };
+    const bool enCp850 = Signe{traduit(avant), traduit(octet), traduit(apres)}.EstVraisemblable();
     if (enPage && !enCp850) ++page;
     if (enCp850 && !enPage) ++cp850;
     if (octet == 0xA4 || ((octet == 0xBD || octet == 0xBC) && (EstLettre(avant) || EstLettre(apres)))) ++latin9;
@@ -232,14 +236,14 @@ std::string_view JusquaLaLigne(std::string_view octets) {
 EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
   std::string morceau = LireMorceau(source, 0, kTete);
   if (morceau.starts_with(kMarqueUtf8))
-    return {Encodage::Utf8AvecMarque, false, AvecCrSeul(source, std::move(morceau), etendue), {}};
+    return {Encodage::Utf8AvecMarque, AvecCrSeul(source, std::move(morceau), etendue), {}};
   if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
   if (const std::optional<Utf16> ordre = MarqueUtf16(morceau))
-    return {*ordre == Utf16::PetitBout ? Encodage::Utf16LE : Encodage::Utf16BE, false, false, {}};
+    return {*ordre == Utf16::PetitBout ? Encodage::Utf16LE : Encodage::Utf16BE, false, {}};
   RefuserSignature(source, morceau);
   if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) {
     RefuserControles(source, morceau, *seize == Encodage::Utf16LE ? 1 : 0);
-    return {*seize, false, false, {}};
+    return {*seize, false, {}};
   }
   RefuserControles(source, morceau, std::nullopt);
 
@@ -252,10 +256,8 @@ EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
     place += vu.size();
     if (etendue == Etendue::Tete) break;
   }
-  detecte.ascii = !examen.multiple && examen.ligneInvalide == 0;
-  if (detecte.ascii) return detecte;
   if (examen.ligneInvalide == 0) {
-    detecte.encodage = Encodage::Utf8;
+    if (examen.multiple) detecte.encodage = Encodage::Utf8;
     return detecte;
   }
   // Bytes of UTF-8 make sense as cp850 by chance only: a stray byte among them is no sign of it.

@@ -10,7 +10,6 @@ namespace quelvar::capture {
 
 struct EncodageDetecte {
   Encodage encodage = Encodage::Windows1252;
-  bool ascii = false;
   bool crSeuls = false;  // a line ends in CR alone
   std::vector<std::string> doutes;
 };

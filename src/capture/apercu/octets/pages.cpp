@@ -6,6 +6,8 @@
 #include <cstring>
 #include <utility>
 
+#include "capture/apercu/octets/cellule.h"
+#include "capture/pagecode.h"
 #include "core/programme/erreur.h"
 #include "core/texte/caracteres.h"
 
@@ -14,19 +16,6 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kMorceau = std::size_t{1} << 18;
-constexpr unsigned char kInsecable = 0xA0;
-constexpr unsigned char kInconnu = '?';
-
-// Bytes of the code page for the upper half of cp850; its frames have none.
-constexpr std::array<unsigned char, 128> kDeCp850 = {
-    0xC7, 0xFC, 0xE9, 0xE2, 0xE4, 0xE0, 0xE5, 0xE7, 0xEA, 0xEB, 0xE8, 0xEF, 0xEE, 0xEC, 0xC4, 0xC5,
-    0xC9, 0xE6, 0xC6, 0xF4, 0xF6, 0xF2, 0xFB, 0xF9, 0xFF, 0xD6, 0xDC, 0xF8, 0xA3, 0xD8, 0xD7, 0x83,
-    0xE1, 0xED, 0xF3, 0xFA, 0xF1, 0xD1, 0xAA, 0xBA, 0xBF, 0xAE, 0xAC, 0xBD, 0xBC, 0xA1, 0xAB, 0xBB,
-    0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xC1, 0xC2, 0xC0, 0xA9, 0x3F, 0x3F, 0x3F, 0x3F, 0xA2, 0xA5, 0x3F,
-    0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xE3, 0xC3, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xA4,
-    0xF0, 0xD0, 0xCA, 0xCB, 0xC8, 0x3F, 0xCD, 0xCE, 0xCF, 0x3F, 0x3F, 0x3F, 0x3F, 0xA6, 0xCC, 0x3F,
-    0xD3, 0xDF, 0xD4, 0xD2, 0xF5, 0xD5, 0xB5, 0xFE, 0xDE, 0xDA, 0xDB, 0xD9, 0xFD, 0xDD, 0xAF, 0xB4,
-    0xAD, 0xB1, 0x3F, 0xBE, 0xB6, 0xA7, 0xF7, 0xB8, 0xB0, 0xA8, 0xB7, 0xB9, 0xB3, 0xB2, 0x3F, kInsecable};
 
 // ISO 8859-15 differs from the code page in eight signs.
 unsigned char DeLatin9(unsigned char octet) {
@@ -45,7 +34,8 @@ unsigned char DeLatin9(unsigned char octet) {
 
 // What stands for a character that the code page lacks and that nobody would miss; 0 to leave it out, -1 for none.
 int Remplacant(char32_t point) {
-  if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000) return kInsecable;
+  if (point == 0x202F || (point >= 0x2000 && point <= 0x200A) || point == 0x205F || point == 0x3000)
+    return static_cast<unsigned char>(kInsecable);
   if (point == 0x2010 || point == 0x2011 || point == 0x2212) return '-';
   if (point == 0x2028 || point == 0x2029) return ' ';
   if ((point >= 0x200B && point <= 0x200F) || point == 0x2060 || point == 0xFEFF) return 0;
@@ -100,7 +90,7 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
     }
     if (octet < 0) {
       ++etrangers;
-      octet = kInconnu;
+      octet = kEtranger;
     }
     tampon += static_cast<char>(octet);
   }
@@ -123,8 +113,6 @@ std::size_t PremierHaut(std::string_view octets, std::size_t debut) {
   return i;
 }
 
-unsigned char DeCp850(unsigned char octet) { return octet < 0x80 ? octet : kDeCp850[octet - std::size_t{0x80}]; }
-
 std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
                               std::int64_t& etrangers) {
   if (encodage == Encodage::Windows1252 || EstAscii(octets)) return octets;
@@ -132,11 +120,10 @@ std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::s
   if (encodage == Encodage::Latin9) {
     for (const char c : octets) tampon += static_cast<char>(DeLatin9(static_cast<unsigned char>(c)));
   } else if (encodage == Encodage::Cp850) {
+    const TableDOctets& table = TableDePage(PageDeCode::Dos850);
     for (const char c : octets) {
-      const auto octet = static_cast<unsigned char>(c);
-      const unsigned char traduit = DeCp850(octet);
-      if (octet >= 0x80 && traduit == kInconnu) ++etrangers;
-      tampon += static_cast<char>(traduit);
+      tampon += table[static_cast<unsigned char>(c)];
+      if (tampon.back() == kEtranger && c != kEtranger) ++etrangers;
     }
   } else {
     DecoderUtf8(octets, tampon, etrangers);

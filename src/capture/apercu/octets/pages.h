@@ -13,9 +13,6 @@ namespace quelvar::capture {
 // Place of the first byte above 127 from there on; the size of the text without any.
 std::size_t PremierHaut(std::string_view octets, std::size_t debut);
 
-// The sign of a byte of cp850 in the code page, "?" for its frames.
-unsigned char DeCp850(unsigned char octet);
-
 // The text in the code page: the view itself when it is ASCII or already so, else one on `tampon`. Letters that are
 // followed by their accent are put together; the blanks and hyphens that the code page lacks become its own. Every
 // character that it has no sign for, and every invalid byte, becomes "?" and counts in `etrangers`. UTF-16 comes as

@@ -1,7 +1,9 @@
 #include "capture/apercu/octets/rangees.h"
 
+#include <algorithm>
 #include <memory>
 
+#include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
 #include "core/texte/caracteres.h"
 
@@ -45,10 +47,15 @@ bool LecteurDeRangees::Lire(std::string_view& rangee) {
   return true;
 }
 
+void LecteurDeRangees::PasserTitres() {
+  std::string_view rangee;
+  if (lecture_.ligneTitres > 0) Lire(rangee);
+}
+
 bool LecteurDeRangees::SansValeur(std::string_view rangee) const {
   LigneDeTableur cellules = Cellules(rangee);
   for (std::string_view cellule; cellules.Suivante(cellule);)
-    if (cellule.find_first_not_of(" \t\xA0") != std::string_view::npos) return false;
+    if (!std::ranges::all_of(cellule, EstBlancDeCellule)) return false;
   return true;
 }
 

@@ -21,6 +21,8 @@ class LecteurDeRangees {
   bool Lire(std::string_view& rangee);
   LigneDeTableur Cellules(std::string_view rangee) const { return {rangee, lecture_.separateur, lecture_.guillemets}; }
   bool SansValeur(std::string_view rangee) const;
+  // Goes behind the title row, when there is one.
+  void PasserTitres();
 
   // The row given last before its conversion, when it holds characters that the code page has not; empty otherwise.
   std::string_view Etrangere() const { return etrangere_; }

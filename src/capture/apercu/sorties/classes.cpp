@@ -1,7 +1,8 @@
+#include "capture/apercu/sorties/classes.h"
+
 #include <algorithm>
 #include <cmath>
 
-#include "capture/apercu/sorties/plan.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -79,6 +80,27 @@ std::vector<double> BornesDeGroupes(std::vector<double> valeurs, int groupes) {
     if (bornes.empty() || borne > bornes.back()) bornes.push_back(borne);
   }
   return bornes;
+}
+
+std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const FaitsDeColonne& colonne) {
+  std::vector<std::string> libelles;
+  std::vector<double> bornes = choix.bornes;
+  if (bornes.empty() && choix.groupes == 0) return libelles;
+  if (bornes.empty()) {
+    constexpr std::int64_t kNombresAuPlus = 200000;  // looked at while the user waits
+    if (colonne.valeurs.empty() || colonne.remplies > kNombresAuPlus) return libelles;
+    std::vector<double> valeurs;
+    for (const ValeurComptee& valeur : colonne.valeurs) {
+      if (EstParmi(choix.nonReponses, valeur.valeur)) continue;
+      if (const std::optional<NombreLu> nombre = LireNombre(valeur.valeur, colonne.signes))
+        valeurs.insert(valeurs.end(), static_cast<std::size_t>(valeur.effectif), ValeurDe(nombre->Normalise()));
+    }
+    if (valeurs.empty()) return libelles;
+    bornes = BornesDeGroupes(std::move(valeurs), choix.groupes);
+  }
+  for (const Etiquette& etiquette : ClassesSelonBornes(bornes, colonne).etiquettes)
+    libelles.push_back(etiquette.intitule);
+  return libelles;
 }
 
 }  // namespace quelvar::capture

@@ -3,6 +3,7 @@
 #include "capture/apercu/choix/devenir.h"
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/apercu/sorties/tableau.h"
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -11,7 +12,7 @@ void ImprimerLecture(Rapport& rapport, std::string_view fichier, const SourceDeT
                      const Reconnaissance& table) {
   rapport.Ligne({"Lecture du fichier ", fichier, " : ", DireLecture(source, table.lecture)});
   if (const std::string autres = DireAutresFeuilles(source); !autres.empty()) rapport.Ligne(autres);
-  for (const std::string& doute : table.doutes) rapport.Ligne({"*** Attention : ", doute});
+  for (const std::string& doute : table.doutes) rapport.Ligne({kAttention, doute});
 }
 
 void ImprimerTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {

@@ -115,11 +115,7 @@ int EcritureDeTable::CodeDesChiffres(const ColonneLue& lue, std::string_view cel
   if (lue.avecTextes)
     if (const std::uint32_t rang = lue.textes.Chercher(cellule); rang != TableDeTextes::kAbsent) return lue.codes[rang];
   const std::size_t largeur = plan_.colonnes[lue.premiere].largeur;
-  if (cellule.size() <= largeur && std::ranges::all_of(cellule, [](char c) { return c >= '0' && c <= '9'; })) {
-    int code = 0;
-    for (const char c : cellule) code = code * 10 + (c - '0');
-    return code;
-  }
+  if (const int code = cellule.size() <= largeur ? ValeurDesChiffres(cellule) : -1; code >= 0) return code;
   const std::optional<NombreLu> nombre = LireNombre(cellule);
   if (!nombre || !nombre->ValeurEntiere()) return kRefus;
   const std::string normal = nombre->SansDecimales().Normalise();
@@ -179,7 +175,7 @@ void EcritureDeTable::GarderTexte(std::size_t j, std::string_view cellule) {
   texte = cellule;
   for (char& c : texte) {
     if (c == '*') ++bilan_.etoiles;
-    if (c == '*' || static_cast<unsigned char>(c) < 0x20 || c == '\xA0') c = ' ';
+    if (c == '*' || static_cast<unsigned char>(c) < 0x20 || c == kInsecable) c = ' ';
   }
 }
 
@@ -309,9 +305,8 @@ Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan
                   const SortiesDeTable& sorties, const std::function<void()>& avancer) {
   LecteurDeRangees lecteur(source, lecture);
   EcritureDeTable ecriture(plan, individus, sorties);
-  std::string_view rangee;
-  if (lecture.ligneTitres > 0) lecteur.Lire(rangee);
-  while (lecteur.Lire(rangee)) {
+  lecteur.PasserTitres();
+  for (std::string_view rangee; lecteur.Lire(rangee);) {
     if (lecteur.SansValeur(rangee)) continue;
     ecriture.Ecrire(lecteur.Cellules(rangee), lecteur.Ligne());
     avancer();

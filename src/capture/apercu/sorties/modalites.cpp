@@ -6,6 +6,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
+#include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/report.h"
 #include "core/texte/nombres.h"
@@ -61,7 +62,7 @@ IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const
   IntitulesPerdus perdus;
   std::set<std::string> ecrits;
   mod.Ligne(generique);
-  mod.Ligne(" BRT=0 ");
+  mod.Ligne(LigneDeParametres({{"BRT=", 0}}));
   for (std::size_t k = 0; k < plan.colonnes.size(); ++k) {
     const ColonneImportee& colonne = plan.colonnes[k];
     if (!colonne.DansPos()) continue;
@@ -80,7 +81,7 @@ IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const
 
 void EcrireVariables(Ecrivain& mod, std::string_view generique, const Plan& plan) {
   mod.Ligne(generique);
-  mod.Ligne(Joindre({" FMT=", Nombre(plan.largeurNombres), " "}));
+  mod.Ligne(LigneDeParametres({{"FMT=", plan.largeurNombres}}));
   for (const NombreGarde& nombre : plan.nombres)
     mod.Ligne(LigneModalite(CadreGauche(nombre.nom, static_cast<int>(kNom)), false, nombre.intitule));
 }

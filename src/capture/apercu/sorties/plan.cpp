@@ -40,9 +40,8 @@ void Intituler(ColonneImportee& colonne, std::string intitule) {
 template <typename Voir>
 void ParcourirColonne(const Chemin& source, const Lecture& lecture, std::size_t colonne, Voir&& voir) {
   LecteurDeRangees lecteur(source, lecture);
-  std::string_view rangee;
-  if (lecture.ligneTitres > 0) lecteur.Lire(rangee);
-  while (lecteur.Lire(rangee)) {
+  lecteur.PasserTitres();
+  for (std::string_view rangee; lecteur.Lire(rangee);) {
     LigneDeTableur cellules = lecteur.Cellules(rangee);
     std::string_view cellule;
     std::size_t j = 0;

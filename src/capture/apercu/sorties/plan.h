@@ -7,6 +7,7 @@
 
 #include "capture/apercu/choix.h"
 #include "capture/apercu/observation/textes.h"
+#include "capture/apercu/sorties/classes.h"
 #include "capture/colonnes/colonne.h"
 
 namespace quelvar::capture {
@@ -20,12 +21,6 @@ enum class Regle {
   Reponse,       // 1 for the texts that say so
   Alphabetique,  // the text as it is
   Liste,         // 1 in the column of each answer of the cell
-};
-
-struct Etiquette {
-  int code = 0;
-  std::string intitule;
-  std::int64_t effectif = -1;  // -1: not counted
 };
 
 struct ColonneLue {
@@ -64,14 +59,5 @@ struct Plan {
 // Raises a sentence (kIncompatibiliteType) for a choice that cannot be carried out.
 Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
                  const Lecture& lecture);
-
-// Lower limits of the classes but the first, and a label for each class with an individual count of -1: from the limits
-// given, or from n groups of as many individuals as ties allow.
-struct Classes {
-  std::vector<double> limites;
-  std::vector<Etiquette> etiquettes;
-};
-Classes ClassesSelonBornes(const std::vector<double>& bornes, const FaitsDeColonne& colonne);
-std::vector<double> BornesDeGroupes(std::vector<double> valeurs, int groupes);
 
 }  // namespace quelvar::capture

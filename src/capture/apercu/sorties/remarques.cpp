@@ -57,6 +57,48 @@ void RemarquerNombres(const FaitsDeColonne& colonne, std::size_t j, std::vector<
                  RognerCellule(colonne.exempleHabille), " (", Nombre(colonne.habillees), " cellule(s))"}));
 }
 
+// Empty and short rows, foreign characters.
+void RemarquerRangees(const FaitsDeTable& faits, std::vector<std::string>& remarques) {
+  if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
+  if (faits.courtes > 0 && !ColonnesDecalees(faits))
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.courtes),
+                                 "ligne(s) plus courte(s) que les intitulés, complétée(s) par des vides : ligne "_w,
+                                 LignesIrregulieres(faits, false)}));
+  if (faits.etrangers > 0)
+    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.etrangers),
+                                 "caractère(s) sans équivalent, remplacé(s) par ?, à partir de la ligne "_w,
+                                 Nombre(faits.ligneEtrangere)}));
+}
+
+// Numbers below 0 in columns that become codes.
+void RemarquerNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
+                        std::vector<std::string>& remarques) {
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    const FaitsDeColonne& colonne = faits.colonnes[j];
+    if (choix[j].genre == Genre::Codes && colonne.negatives > 0)
+      remarques.push_back(RemarqueNegatives(colonne.negatives, j + 1, colonne.intitule));
+  }
+}
+
+// Texts whose codes differ although they are nearly written alike, or that are taken together.
+void RemarquerEcritures(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
+                        std::vector<std::string>& remarques) {
+  for (std::size_t j = 0; j < choix.size(); ++j) {
+    for (const std::vector<ValeurComptee>& proches : EcrituresProches(choix[j], faits.colonnes[j])) {
+      std::string textes;
+      for (const ValeurComptee& texte : proches)
+        textes += Joindre(
+            {std::string_view(textes.empty() ? "" : ", "), "\"", texte.valeur, "\" (", Nombre(texte.effectif), ")"});
+      remarques.push_back(
+          Joindre({"*** Attention : colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", textes,
+                   choix[j].fondus ? " ont le même code"_w
+                   : choix[j].genre == Genre::Textes
+                       ? " s'écrivent presque de même et ont des codes différents (fondus=oui les réunit)"_w
+                       : " s'écrivent presque de même et font des questions différentes"_w}));
+    }
+  }
+}
+
 }  // namespace
 
 std::string NumeroEtNom(std::size_t j, const FaitsDeColonne& colonne) {
@@ -81,47 +123,12 @@ std::vector<std::string> RefusDeTable(const FaitsDeTable& faits) {
   return refus;
 }
 
-std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits) {
+std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits, const std::vector<ChoixDeColonne>& choix) {
   std::vector<std::string> remarques;
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) RemarquerNombres(faits.colonnes[j], j, remarques);
-  if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
-  if (faits.courtes > 0 && !ColonnesDecalees(faits))
-    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.courtes),
-                                 "ligne(s) plus courte(s) que les intitulés, complétée(s) par des vides : ligne "_w,
-                                 LignesIrregulieres(faits, false)}));
-  if (faits.etrangers > 0)
-    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.etrangers),
-                                 "caractère(s) sans équivalent, remplacé(s) par ?, à partir de la ligne "_w,
-                                 Nombre(faits.ligneEtrangere)}));
-  return remarques;
-}
-
-std::vector<std::string> RemarquesDEcriture(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits) {
-  std::vector<std::string> remarques;
-  for (std::size_t j = 0; j < choix.size(); ++j) {
-    for (const std::vector<ValeurComptee>& proches : EcrituresProches(choix[j], faits.colonnes[j])) {
-      std::string textes;
-      for (const ValeurComptee& texte : proches)
-        textes += Joindre(
-            {std::string_view(textes.empty() ? "" : ", "), "\"", texte.valeur, "\" (", Nombre(texte.effectif), ")"});
-      remarques.push_back(
-          Joindre({"*** Attention : colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", textes,
-                   choix[j].fondus ? " ont le même code"_w
-                   : choix[j].genre == Genre::Textes
-                       ? " s'écrivent presque de même et ont des codes différents (fondus=oui les réunit)"_w
-                       : " s'écrivent presque de même et font des questions différentes"_w}));
-    }
-  }
-  return remarques;
-}
-
-std::vector<std::string> RemarquesDesNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits) {
-  std::vector<std::string> remarques;
-  for (std::size_t j = 0; j < choix.size(); ++j) {
-    const FaitsDeColonne& colonne = faits.colonnes[j];
-    if (choix[j].genre == Genre::Codes && colonne.negatives > 0)
-      remarques.push_back(RemarqueNegatives(colonne.negatives, j + 1, colonne.intitule));
-  }
+  RemarquerRangees(faits, remarques);
+  RemarquerNegatives(choix, faits, remarques);
+  RemarquerEcritures(choix, faits, remarques);
   return remarques;
 }
 

@@ -15,12 +15,9 @@ namespace quelvar::capture {
 // "3  Age", with the bare number of a column of the table given by its index.
 std::string NumeroEtNom(std::size_t colonne, const FaitsDeColonne& faits);
 
-// Numbers that could be read otherwise, empty and short rows, foreign characters.
-std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits);
-// Numbers below 0 in columns that become codes, which count as 0.
-std::vector<std::string> RemarquesDesNegatives(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
-// Texts whose codes differ although they are nearly written alike, or that are taken together.
-std::vector<std::string> RemarquesDEcriture(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits);
+// Numbers that could be read otherwise, empty and short rows, foreign characters; under these choices, numbers below 0
+// that become codes, which count as 0, and texts that are nearly written alike.
+std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits, const std::vector<ChoixDeColonne>& choix);
 // What the files made could not hold, and where to find what is not in .DAT.
 std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus);

@@ -110,13 +110,13 @@ void SaisieDes::MontrerListe() {
 
 bool SaisieDes::Enregistrer() {
   if (!ValiderLEnCours()) return false;
-  bool fait = false;
-  services_.Lancer([&](const Contexte&) {
-    capture::EnregistrerDescripteur(contexte_, etat_);
-    fait = true;
-  });
-  if (fait) change_ = false;
-  return fait;
+  const auto enregistrer = [this](const Contexte& sur) {
+    capture::EnregistrerDescripteur(sur, etat_);
+    return Fin::Normale;
+  };
+  if (LancerEtape(enregistrer) != Fin::Normale) return false;
+  change_ = false;
+  return true;
 }
 
 void SaisieDes::EnregistrerEtQuitter() {

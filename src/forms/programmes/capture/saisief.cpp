@@ -3,9 +3,10 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QScrollBar>
+#include <iterator>
 
 #include "capture/saisie/ecran.h"
-#include "capture/saisie/saisie_options.h"
+#include "capture/saisie/options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"
@@ -30,7 +31,8 @@ Saisief::Saisief(Services& services, std::shared_ptr<capture::SaisieEnCours> sai
   // Names, answers and records stand under each other.
   QFont fixe = PoliceFixe();
   ui_->ListEnreg->setFont(fixe);
-  fixe.setPointSize(13);
+  constexpr int tailleDeSaisie = 13;  // points: read from where the questionnaire lies
+  fixe.setPointSize(tailleDeSaisie);
   for (QLabel* label : {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4, ui_->Label6, ui_->Label7})
     label->setFont(fixe);
   // A message that comes and goes moves no question.
@@ -124,8 +126,10 @@ void Saisief::Enregistrer() {
 
 void Saisief::Montrer() {
   const EtatSaisie& etat = saisie_->etat;
-  QLabel* const autour[] = {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4};
-  for (int i = 0; i < 5; ++i) autour[i]->setText(VersQt(capture::TexteDeQuestion(etat, i - 5, intitules_)));
+  QLabel* const avantElle[] = {ui_->Label0, ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4};
+  constexpr int nombre = static_cast<int>(std::size(avantElle));
+  for (int i = 0; i < nombre; ++i)
+    avantElle[i]->setText(VersQt(capture::TexteDeQuestion(etat, i - nombre, intitules_)));
   ui_->Label6->setText(VersQt(capture::TexteDeQuestion(etat, 1, intitules_)));
   ui_->Label7->setText(VersQt(capture::TexteDeQuestion(etat, 2, intitules_)));
   ui_->Label5->setText(VersQt(capture::NomCourant(etat)));

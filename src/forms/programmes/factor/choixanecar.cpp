@@ -112,7 +112,7 @@ void ChoixAnecar::LancerAnalyse() {
 void OuvrirAnecar(Services& services) {
   if (!FairePlace<ChoixAnecar>(services)) return;
   if (services.session.niveau < kNiveauAvance) {
-    services.Lancer([](const Contexte& contexte) { factor::Anecar(contexte, {}); });
+    services.Lancer(factor::DescriptionAnecar());
     return;
   }
   auto prepare = Preparer(services, ".ANA", factor::PrepAnecar);

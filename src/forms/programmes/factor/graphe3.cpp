@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/programme/attention.h"
 #include "core/texte/nombres.h"
-#include "factor/plan/concordance.h"
 #include "factor/plan/graphe_options.h"
 #include "forms/images/rendudessin.h"
 #include "forms/texte/texte_qt.h"
@@ -34,7 +34,8 @@ Graphe3::Graphe3(Services& services, factor::DonneesPlan donnees, Brouillon rapp
   PoserBornes();
   const factor::DonneesPlan& plan = etat_.donnees;
   ui_->CheckPEM->setEnabled(plan.liensPresents);
-  ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty() || !plan.remarquesDesLignes.empty());
+  ui_->ChkLgnPEM->setEnabled(!plan.liensLignes.empty() ||
+                             factor::Concerne(plan.etrangers, factor::SujetDuPlan::LiensDeLignes));
   ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletPEM), plan.liensPresents || ui_->ChkLgnPEM->isEnabled());
   ui_->CheckIndiv->setVisible(plan.Individus());
   ui_->FrCAH->setEnabled(plan.arbrePresent);
@@ -154,7 +155,6 @@ void Graphe3::RelierTaille() {
   geste(ui_->BoutonValP, [this] { factor::ChangerPas(etat_, true); });
   geste(ui_->BoutonValM, [this] { factor::ChangerPas(etat_, false); });
   connect(ui_->CheckTaille, &QCheckBox::toggled, this, [this](bool reelle) {
-    constexpr double kPointsParPouce = 72;
     if (reelle) ui_->Image->Zoomer(ui_->Image->logicalDpiX() / kPointsParPouce / ui_->Image->Echelle());
     else ui_->Image->Ajuster();
   });
@@ -254,10 +254,11 @@ void Graphe3::RefaireEllipses() {
 // What does not belong to the plane is told the first time that it is drawn, and goes into the report.
 void Graphe3::DireLesEtrangers() {
   std::string boite;
-  for (const std::string& remarque : factor::RemarquesDesFichiers(etat_.donnees, factor::FichiersMontres(etat_))) {
+  for (const std::string& remarque :
+       factor::RemarquesDesFichiers(etat_.donnees.etrangers, factor::FichiersMontres(etat_))) {
     if (std::ranges::find(dites_, remarque) != dites_.end()) continue;
     dites_.push_back(remarque);
-    rapport_->Ajouter(Joindre({"*** Attention : ", remarque, "\r\n"}));
+    rapport_->Ajouter(Joindre({kAttention, remarque, "\r\n"}));
     boite += (boite.empty() ? "" : "\r\n") + remarque;
   }
   if (boite.empty()) return;

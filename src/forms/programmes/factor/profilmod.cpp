@@ -97,9 +97,8 @@ void ProfilMod::Enregistrer() {
   std::vector<factor::ProfilDeModalite> profils;
   factor::OptionsProfil options = OptionsDesControles(*this, factor::DescriptionProfilMod());
   options.profils = &profils;
-  Fin fin = Fin::Arret;
-  services_.Lancer(
-      [&](const Contexte&) { fin = factor::EnregistrerEtProfiler(contexte_, etat_.textes, noms, options); });
+  const std::optional<Fin> fin =
+      LancerEtape([&](const Contexte& sur) { return factor::EnregistrerEtProfiler(sur, etat_.textes, noms, options); });
   if (fin != Fin::Normale) return;
   Services& services = services_;
   const Contexte contexte = contexte_;

@@ -68,9 +68,8 @@ void ModifMod::MontrerStatut(int ligne) {
 
 void ModifMod::Enregistrer() {
   if (!edition_->Ranger()) return;
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerModifMod(contexte_, etat_.textes); });
-  if (fin == Fin::Normale) accept();
+  const auto enregistrer = [this](const Contexte& sur) { return modalities::EnregistrerModifMod(sur, etat_.textes); };
+  if (LancerEtape(enregistrer) == Fin::Normale) accept();
 }
 
 void OuvrirModifMod(Services& services) { Montrer<ModifMod>(services); }

@@ -29,12 +29,9 @@ NomeMod::NomeMod(Services& services, modalities::ChoixPrepare prepare)
 NomeMod::~NomeMod() = default;
 
 void NomeMod::RelierChoix() {
-  listes_ = new ListesDeQuestions(*this, prepare_.pos, prepare_.choix,
-                                  {{ui_->ListQuest, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
-  listes_->Relier(*ui_->BoutPlus, *ui_->ListQuest, Statut::Actif);
-  listes_->Relier(*ui_->BoutMoins, *ui_->ListVar2, Statut::Aucun);
-  listes_->RelierDoubleClic(*ui_->ListQuest, Statut::Actif);
-  listes_->RelierDoubleClic(*ui_->ListVar2, Statut::Aucun);
+  listes_ =
+      new ListesDeQuestions(*this, prepare_.pos, prepare_.choix,
+                            ListesDeQuestions::Deux{*ui_->ListQuest, *ui_->ListVar2, *ui_->BoutPlus, *ui_->BoutMoins});
   connect(listes_, &ListesDeQuestions::Change, this, [this] {
     MontrerNombre();
     ui_->TextMsg->setPlainText(VersQt(modalities::GuideDuChoix()));
@@ -89,9 +86,9 @@ void NomeMod::LancerCreation() {
     return;
   }
   if (!edition_->Ranger()) return;
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::CreerModalites(contexte_, passe, Rapport()); });
-  if (fin == Fin::Arret) return;
+  const modalities::RapportNomeMod rapport = Rapport();
+  if (LancerEtape([&](const Contexte& sur) { return modalities::CreerModalites(sur, passe, rapport); }) != Fin::Normale)
+    return;
   if (faits_.Cree()) faits_.passes.push_back(passe);
   else faits_.passes = {passe};
   const modalities::EtatNomeMod creees = modalities::LireModalitesCreees(contexte_);
@@ -138,9 +135,11 @@ void NomeMod::Sauver() {
 
 void NomeMod::Enregistrer() {
   if (!edition_->Ranger()) return;
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomeMod(contexte_, modalites_, Rapport()); });
-  if (fin == Fin::Normale) accept();
+  const modalities::RapportNomeMod rapport = Rapport();
+  const auto enregistrer = [&](const Contexte& sur) {
+    return modalities::EnregistrerNomeMod(sur, modalites_, rapport);
+  };
+  if (LancerEtape(enregistrer) == Fin::Normale) accept();
 }
 
 void OuvrirNomMod(Services& services) {

@@ -66,9 +66,10 @@ void NomQuest::Sauver() {
 
 void NomQuest::Enregistrer() {
   if (!edition_->Ranger()) return;
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = modalities::EnregistrerNomQuest(contexte_, etat_.questions); });
-  if (fin == Fin::Normale) accept();
+  const auto enregistrer = [this](const Contexte& sur) {
+    return modalities::EnregistrerNomQuest(sur, etat_.questions);
+  };
+  if (LancerEtape(enregistrer) == Fin::Normale) accept();
 }
 
 void OuvrirNomQuest(Services& services) { Montrer<NomQuest>(services); }

@@ -30,12 +30,9 @@ ChoixVarInt::ChoixVarInt(Services& services, FichierPos pos)
   PoserDefauts(*this, regression::DescriptionVarint());
   choix_.statuts.assign(pos_.questions.size(), Statut::Aucun);
   ui_->FrmOptions->setVisible(services.session.niveau >= kNiveauAvance);
-  listes_ =
-      new ListesDeQuestions(*this, pos_, choix_, {{ui_->ListVar1, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
-  listes_->Relier(*ui_->BoutActPlus, *ui_->ListVar1, Statut::Actif);
-  listes_->Relier(*ui_->BoutActMoins, *ui_->ListVar2, Statut::Aucun);
-  listes_->RelierDoubleClic(*ui_->ListVar1, Statut::Actif);
-  listes_->RelierDoubleClic(*ui_->ListVar2, Statut::Aucun);
+  listes_ = new ListesDeQuestions(
+      *this, pos_, choix_,
+      ListesDeQuestions::Deux{*ui_->ListVar1, *ui_->ListVar2, *ui_->BoutActPlus, *ui_->BoutActMoins});
   connect(listes_, &ListesDeQuestions::Change, ui_->TextMsg, &QLabel::clear);
   connect(ui_->BoutAll, &QPushButton::clicked, this, [this] { listes_->DonnerATous(Statut::Actif); });
   connect(ui_->BoutEffacer, &QPushButton::clicked, this, [this] { listes_->DonnerATous(Statut::Aucun); });
@@ -63,8 +60,9 @@ void ChoixVarInt::LancerVarint() {
   }
   const regression::OptionsVarint options = Options();
   std::vector<GroupeDeBarres> profils;
-  Fin fin = Fin::Arret;
-  if (!services_.Lancer([&](const Contexte&) { fin = regression::Varint(contexte_, options, profils); })) return;
+  const std::optional<Fin> fin =
+      LancerEtape([&](const Contexte& sur) { return regression::Varint(sur, options, profils); });
+  if (!fin) return;
   Services& services = services_;
   const Contexte contexte = contexte_;
   accept();
@@ -81,7 +79,7 @@ void OuvrirVarInt(Services& services) {
     // The run below tells what is wrong with the file.
   }
   if (!pos || pos->taille.parenthesesFautives) {
-    services.Lancer([](const Contexte& c) { regression::Varint(c, {}); });
+    services.Lancer(regression::DescriptionVarint());
     return;
   }
   if (FairePlace<ChoixVarInt>(services)) Montrer<ChoixVarInt>(services, std::move(*pos));

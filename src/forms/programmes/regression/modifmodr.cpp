@@ -1,5 +1,6 @@
 #include "forms/programmes/regression/modifmodr.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/clavier.h"
@@ -62,13 +63,14 @@ ModifModR::~ModifModR() = default;
 
 void ModifModR::Relier() {
   const auto texte = [this](int ligne) -> std::string& { return etat_.textes[static_cast<std::size_t>(ligne)]; };
-  edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
-                              AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); }, texte,
-                                             [this, texte](int ligne, const std::string& intitule) {
-                                               modalities::PoserIntitule(texte(ligne), intitule);
-                                               if (!montrees_.empty())
-                                                 MontrerModalites(etat_.textes[montrees_[0]].substr(0, 3));
-                                             }));
+  edition_ =
+      new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
+                       AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); }, texte,
+                                      [this, texte](int ligne, const std::string& intitule) {
+                                        modalities::PoserIntitule(texte(ligne), intitule);
+                                        if (!montrees_.empty())
+                                          MontrerModalites(etat_.textes[montrees_[0]].substr(0, kLargeurDeQuestion));
+                                      }));
   connect(edition_, &EditionListe::Refuse, this, [this](const QString& refus) {
     if (!refus.isEmpty()) Dire(regression::kTitreErreur, refus);
     else if (intituleRefuse_) ui_->TextMsg->setPlainText(VersQt(kInstruction));
@@ -148,7 +150,7 @@ void ModifModR::Enregistrer() {
     AuDepart(regression::AbandonnerModifModR);  // the file that was saved has its report
     return;
   }
-  if (services_.Lancer([&](const Contexte&) { regression::TerminerModifModR(contexte_); })) accept();
+  if (LancerEtape(regression::TerminerModifModR)) accept();
 }
 
 void OuvrirModifModR(Services& services) { Montrer<ModifModR>(services); }
@@ -156,8 +158,8 @@ void OuvrirModifModR(Services& services) { Montrer<ModifModR>(services); }
 void OuvrirAnatab(Services& services) {
   const Contexte contexte = services.ContexteEnCours();
   regression::ImageDesEffets effets;
-  Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = regression::Anatab(contexte, {}, effets); });
+  const std::optional<Fin> fin =
+      services.LancerSur(contexte, [&](const Contexte& sur) { return regression::Anatab(sur, {}, effets); });
   if (fin != Fin::Normale) return;
   const std::string page = effets.titre;
   MontrerDessins(services, contexte,
@@ -166,8 +168,6 @@ void OuvrirAnatab(Services& services) {
                   }});
 }
 
-void OuvrirReglin(Services& services) {
-  services.Lancer([](const Contexte& contexte) { regression::Reglin(contexte); });
-}
+void OuvrirReglin(Services& services) { services.Lancer(regression::DescriptionReglin()); }
 
 }  // namespace quelvar::forms

@@ -2,11 +2,12 @@
 
 #include <QDir>
 #include <QIcon>
-#include <QShortcut>
 #include <QStandardPaths>
 #include <QStorageInfo>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include "forms/pieces/clavier.h"
 
 namespace quelvar::forms {
 
@@ -47,11 +48,7 @@ ChoixRepertoire::ChoixRepertoire(QWidget* parent)
     emit Ouvert(courant_);
   };
   connect(branche_, &QListWidget::itemDoubleClicked, this, ouvrir);
-  for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter}) {
-    auto* raccourci = new QShortcut(touche, branche_);
-    raccourci->setContext(Qt::WidgetShortcut);
-    connect(raccourci, &QShortcut::activated, this, ouvrir);
-  }
+  RelierEntree(*branche_, ouvrir);
 }
 
 void ChoixRepertoire::RemplirLieux() {

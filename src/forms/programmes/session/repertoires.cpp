@@ -1,8 +1,8 @@
 #include "forms/programmes/session/repertoires.h"
 
 #include <QDir>
-#include <QShortcut>
 
+#include "forms/pieces/clavier.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_repertoires.h"
 
@@ -17,9 +17,7 @@ RepertoireEnCours::RepertoireEnCours(Services& services)
     services_.ouvrirInitialisation(CheminInitialisation(CheminDepuisQt(repertoire)));
   });
   connect(ui_->FileDir, &QListWidget::itemDoubleClicked, this, &RepertoireEnCours::OuvrirInitialisation);
-  for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter})
-    connect(new QShortcut(touche, ui_->FileDir, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-            &RepertoireEnCours::OuvrirInitialisation);
+  RelierEntree(*ui_->FileDir, [this] { OuvrirInitialisation(); });
   ui_->Repertoires->Aller(CheminVersQt(services.session.repertoire));
   ListerInitialisations();
   ui_->Repertoires->setFocus();

@@ -23,11 +23,11 @@ bool Recoder(Services& services, const Contexte& contexte, sorts::OptionsRecodag
   sorts::SuiteRecodage suite{contexte.generique, session.passerModalites};
   options.suite = &suite;
   options.remplacer = false;
-  Fin fin = Fin::Arret;
-  const bool fait = services.Lancer([&](const Contexte&) { fin = sorts::Recodage(contexte, options); });
+  const std::optional<Fin> fin = services.LancerSur(
+      contexte, [&](const Contexte& sur) { return sorts::DescriptionRecodage().Executer(sur, options); });
   session.passerModalites = suite.passerModalites;
   if (fin == Fin::Normale) services.adopterGenerique(suite.generique);
-  return fait;
+  return fin.has_value();
 }
 
 }  // namespace

@@ -39,8 +39,7 @@ void ChoixTriapl::LancerTri() {
 
 // Its boxes stand at their defaults each time.
 void OuvrirTriapl(Services& services) {
-  if (services.session.niveau < kNiveauAvance)
-    services.Lancer([](const Contexte& contexte) { sorts::Triapl(contexte, {}); });
+  if (services.session.niveau < kNiveauAvance) services.Lancer(sorts::DescriptionTriapl());
   else if (FairePlace<ChoixTriapl>(services)) Montrer<ChoixTriapl>(services);
 }
 

@@ -1,5 +1,6 @@
 #include "forms/programmes/sorts/preprecod.h"
 
+#include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/report.h"
 #include "forms/pieces/commande.h"
@@ -15,7 +16,7 @@ namespace {
 // The line of a question in the list; its rule shows whole in the tool tip too.
 QString LigneDe(const Question& question) {
   const std::string regle = question.regle.empty() ? std::string() : "  [" + question.regle + "]";
-  return VersQt(Joindre({CadreGauche(question.nom, 3), "  ", question.intitule, regle}));
+  return VersQt(Joindre({CadreGauche(question.nom, kLargeurDeQuestion), "  ", question.intitule, regle}));
 }
 
 QString Voisine(const sorts::EtatPrepRecod& etat, const char* titre, std::ptrdiff_t pas) {
@@ -46,7 +47,7 @@ PrepRecod::PrepRecod(Services& services, sorts::EtatPrepRecod etat)
     ui_->ListPos->addItem(LigneDe(preparee.question));
     ui_->ListPos->item(ui_->ListPos->count() - 1)->setToolTip(LigneDe(preparee.question));
   }
-  ui_->OptEffMax->setChecked(etat_.maximum);
+  (etat_.maximum ? ui_->OptEffMax : ui_->OptEffReduit)->setChecked(true);
   RelierQuestions();
   RelierPonderation();
   RelierFiltre();

@@ -128,9 +128,9 @@ void Graphe::RelierTailles() {
   geste(ui_->BtMoins, [this, dimension] { tables::ChangerTaille(etat_, dimension(), false); });
   geste(ui_->BtPlusF, [this] { tables::ChangerFenetreTriangle(etat_, true); });
   geste(ui_->BtMoinsF, [this] { tables::ChangerFenetreTriangle(etat_, false); });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = tables::CoefficientTriangle::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = tables::CoefficientTriangle::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = tables::CoefficientTriangle::Fort; });
+  geste(ui_->BtFaible, [this] { etat_.coefficient = Coefficient::Faible; });
+  geste(ui_->BtMoyen, [this] { etat_.coefficient = Coefficient::Moyen; });
+  geste(ui_->BtFort, [this] { etat_.coefficient = Coefficient::Fort; });
   const auto cote = [&](QAbstractButton* bouton, tables::CoteTriangle quel, bool dedans) {
     geste(bouton, [this, quel, dedans] { tables::DeplacerCote(etat_, quel, dedans); });
   };

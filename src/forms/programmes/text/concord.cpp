@@ -96,7 +96,7 @@ void Concord::Enregistrer() {
                            return refus.empty();
                          },
                          [this](const Chemin& fichier) {
-                           EcrireTexte(fichier, text::TexteDeConcordances(concordances_, Ordre()));
+                           RemplacerFichier(fichier, text::TexteDeConcordances(concordances_, Ordre()), Nature::Unique);
                          }});
 }
 

@@ -93,10 +93,11 @@ void PrepText::LancerPrepText() {
     Expliquer(refus);
     return;
   }
-  Services& services = services_;
   std::string nouveau;
-  Fin fin = Fin::Arret;
-  if (!services.Lancer([&](const Contexte&) { fin = text::PrepText(contexte_, options, nouveau); })) return;
+  const std::optional<Fin> fin =
+      LancerEtape([&](const Contexte& sur) { return text::PrepText(sur, options, nouveau); });
+  if (!fin) return;
+  Services& services = services_;
   accept();
   if (fin == Fin::Normale) services.adopterGenerique(nouveau);
 }

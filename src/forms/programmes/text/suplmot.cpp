@@ -133,9 +133,7 @@ void SuplMot::Enregistrer() {
     return services_.ecran.biper();
   }
   const text::TableGeree table = ouverte_.table;
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = text::EnregistrerSuplMot(contexte_, table); });
-  if (fin != Fin::Normale) return;
+  if (LancerEtape([&](const Contexte& sur) { return text::EnregistrerSuplMot(sur, table); }) != Fin::Normale) return;
   modifie_ = false;
   accept();
 }

@@ -15,13 +15,9 @@ TabMot::TabMot(Services& services, FichierPos pos)
   for (const Question& question : pos_.questions)
     choix_.statuts.push_back(question.statut == Statut::Actif ? Statut::Actif : Statut::Aucun);
   ui_->TextMsg->hide();
-  ui_->TBFreq->setText(QString::number(text::kFrequenceParDefaut));
-  listes_ =
-      new ListesDeQuestions(*this, pos_, choix_, {{ui_->ListVar1, Statut::Aucun}, {ui_->ListVar2, Statut::Actif}});
-  listes_->Relier(*ui_->BoutActPlus, *ui_->ListVar1, Statut::Actif);
-  listes_->Relier(*ui_->BoutActMoins, *ui_->ListVar2, Statut::Aucun);
-  listes_->RelierDoubleClic(*ui_->ListVar1, Statut::Actif);
-  listes_->RelierDoubleClic(*ui_->ListVar2, Statut::Aucun);
+  listes_ = new ListesDeQuestions(
+      *this, pos_, choix_,
+      ListesDeQuestions::Deux{*ui_->ListVar1, *ui_->ListVar2, *ui_->BoutActPlus, *ui_->BoutActMoins});
   connect(ui_->CbLancer, &QPushButton::clicked, this, &TabMot::LancerTabMot);
   RelierCommande(*ui_->CbLancer, text::DescriptionTabMot(), contexte_, [this] { return Options(); });
   RelierQuitter(*ui_->CbAnnul);
@@ -54,8 +50,7 @@ void OuvrirTabMot(Services& services) {
   const Contexte contexte = services.ContexteEnCours();
   const std::optional<Chemin> chemin = contexte.Chercher(".POS");
   const auto lancer = [&services] {
-    services.Lancer(
-        [&services](const Contexte& lance) { text::TabMot(lance, {.limite = services.session.limiteDepassements}); });
+    services.Lancer(text::DescriptionTabMot(), text::OptionsTabMot{.limite = services.session.limiteDepassements});
   };
   // Without its files, or at level 1, the program speaks at once.
   if (contexte.niveau < kNiveauAvance || !chemin || !contexte.Chercher(".DAT")) return lancer();

@@ -8,6 +8,7 @@
 #include "core/texte/nombres.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/editionliste.h"
+#include "forms/pieces/options.h"
 #include "forms/programmes/text/concord.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
@@ -51,12 +52,7 @@ TabMotAgreg::TabMotAgreg(Services& services)
 TabMotAgreg::~TabMotAgreg() = default;
 
 void TabMotAgreg::RelierTri() {
-  const text::TriDeLignes defaut;
-  (defaut.cle == text::CleDeLignes::Facteur    ? ui_->OptFac
-   : defaut.cle == text::CleDeLignes::Intitule ? ui_->OptLong
-                                               : ui_->OptCourt)
-      ->setChecked(true);
-  (defaut.sens == utilities::SensDeTri::Decroissant ? ui_->Decroissant : ui_->Croissant)->setChecked(true);
+  PoserDefauts(*this, text::DescriptionTriDeLignes());
   connect(ui_->OptFac, &QRadioButton::toggled, this, [this](bool choisi) {
     ui_->TextNum->setEnabled(choisi);
     ui_->TextAideTri->setText(choisi ? VersQt(kAideFacteur) : QString());
@@ -112,12 +108,8 @@ void TabMotAgreg::EnregistrerLigne() {
 }
 
 void TabMotAgreg::Trier() {
-  text::TriDeLignes tri;
-  tri.cle = ui_->OptFac->isChecked()    ? text::CleDeLignes::Facteur
-            : ui_->OptLong->isChecked() ? text::CleDeLignes::Intitule
-                                        : text::CleDeLignes::Frequence;
+  text::TriDeLignes tri = OptionsDesControles(*this, text::DescriptionTriDeLignes());
   tri.facteur = ValeurDe(DepuisQt(ui_->TextNum->text()));
-  tri.sens = ui_->Decroissant->isChecked() ? utilities::SensDeTri::Decroissant : utilities::SensDeTri::Croissant;
   const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, contexte_);
   ui_->TextMsg->setText(EnUnTexte(fautes));
   if (!fautes.empty()) return services_.ecran.biper();
@@ -132,12 +124,12 @@ void TabMotAgreg::Terminer() {
     Dire(refus);
     return;
   }
-  Services& services = services_;
   std::string nouveau;
-  Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = text::TerminerAgregation(contexte_, ouverte_.agregation, nouveau); });
+  const std::optional<Fin> fin =
+      LancerEtape([&](const Contexte& sur) { return text::TerminerAgregation(sur, ouverte_.agregation, nouveau); });
   if (fin != Fin::Normale) return;
   ouverte_.agregation.modifiee = false;
+  Services& services = services_;
   accept();
   services.adopterGenerique(nouveau);
 }

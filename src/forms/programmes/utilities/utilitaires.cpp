@@ -4,11 +4,13 @@
 #include <QFileInfo>
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "tables/ecapem_options.h"
 #include "ui_utilitaires.h"
 #include "utilities/caracteres.h"
 #include "utilities/gendat.h"
+#include "utilities/lancement.h"
 #include "utilities/options.h"
 #include "utilities/utilitaires.h"
 
@@ -64,10 +66,11 @@ Utilitaires::Utilitaires(Services& services) : Forme(services), ui_(std::make_un
   for (QRadioButton* type : {ui_->OptMerge, ui_->OptAppend, ui_->Appareille})
     connect(type, &QRadioButton::toggled, this, &Utilitaires::MontrerChoix);
   connect(ui_->OptNoms, &QCheckBox::toggled, this, &Utilitaires::MontrerChoix);
-  ui_->Croissant->setChecked(true);
-  ui_->OptExport1->setChecked(true);
-  ui_->OptVerifN->setChecked(true);
-  ui_->OptDefaut->setChecked(true);
+  PoserDefauts(*this, utilities::DescriptionTri());
+  PoserDefauts(*this, utilities::DescriptionExporter());
+  PoserDefauts(*this, utilities::DescriptionFusionner());
+  PoserDefauts(*this, utilities::DescriptionInversion());
+  PoserDefauts(*this, tables::DescriptionEcapem());
   ui_->OptTri->setChecked(true);
   RelierFichiers();
   connect(ui_->Lancer, &QPushButton::clicked, this, &Utilitaires::LancerChoix);
@@ -143,63 +146,29 @@ bool Utilitaires::Complet(std::string_view manque) {
   return false;
 }
 
-void Utilitaires::Executer(const std::function<Fin()>& programme) {
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = programme(); });
-  if (fin == Fin::Normale) accept();
-}
-
-void Utilitaires::LancerChoix() {
-  if (ui_->OptTri->isChecked()) return LancerTri();
-  if (ui_->OptExport->isChecked()) return LancerExport();
-  if (ui_->OptHexDump->isChecked()) return LancerListage();
-  if (ui_->OptFusion->isChecked()) return LancerFusion();
-  if (contexte_.generique.empty()) {
-    Complet("Cet utilitaire, à la différence des autres, requiert un nom générique"_w);
-    return;
-  }
-  if (ui_->OptGendat->isChecked()) return LancerTableau();
-  if (ui_->OptInvers->isChecked()) return LancerInversion();
-  LancerEcapem();
-}
-
 utilities::OptionsTriFichier Utilitaires::OptionsDuTri() const {
-  utilities::OptionsTriFichier options;
+  utilities::OptionsTriFichier options = OptionsDesControles(*this, utilities::DescriptionTri());
   options.fichierA = a_;
   options.fichierC = c_;
-  options.position = Saisi(*ui_->TextPosTri);
-  options.largeur = Saisi(*ui_->TextLargTri);
-  options.sens = ui_->Croissant->isChecked() ? utilities::SensDeTri::Croissant : utilities::SensDeTri::Decroissant;
-  options.rogner = ui_->CheckTrim->isChecked();
   return options;
 }
 
 utilities::OptionsExportation Utilitaires::OptionsDeLExport() const {
-  return {a_, c_, Saisi(*ui_->TextDebut), Saisi(*ui_->TextFin), ui_->OptExport2->isChecked()};
-}
-
-utilities::OptionsFusion Utilitaires::OptionsDeLaFusion() const {
-  utilities::OptionsFusion options;
+  utilities::OptionsExportation options = OptionsDesControles(*this, utilities::DescriptionExporter());
   options.a = a_;
-  options.b = b_;
   options.c = c_;
-  options.type = ui_->OptMerge->isChecked()     ? utilities::TypeFusion::CoteACote
-                 : ui_->OptAppend->isChecked()  ? utilities::TypeFusion::ALaSuite
-                 : ui_->Appareille->isChecked() ? utilities::TypeFusion::Appareillement
-                                                : utilities::TypeFusion::Aucun;
-  options.verifier = ui_->OptVerifY->isChecked();
-  options.pos = ui_->CheckPOS->isChecked();
-  options.positionA = Saisi(*ui_->TextPosA);
-  options.positionB = Saisi(*ui_->TextPosB);
-  options.largeur = Saisi(*ui_->TextLarg);
   return options;
 }
 
-tables::OptionsEcapem Utilitaires::OptionsDEcapem() const {
-  tables::OptionsEcapem options;
-  options.intitules = !ui_->OptNoms->isChecked() || ui_->OptDefaut->isChecked() ? tables::ModeIntitules::Longs
-                      : ui_->OptCour->isChecked()                               ? tables::ModeIntitules::Courts
-                                                  : tables::ModeIntitules::QuatreCaracteres;
+utilities::OptionsFusion Utilitaires::OptionsDeLaFusion() const {
+  utilities::OptionsFusion options = OptionsDesControles(*this, utilities::DescriptionFusionner());
+  options.a = a_;
+  options.b = b_;
+  options.c = c_;
+  // The boxes of a verification propose them, also when their frame is closed.
+  options.positionA = Saisi(*ui_->TextPosA);
+  options.positionB = Saisi(*ui_->TextPosB);
+  options.largeur = Saisi(*ui_->TextLarg);
   return options;
 }
 
@@ -213,10 +182,19 @@ std::string Utilitaires::Commande() const {
   if (ui_->OptFusion->isChecked()) return ligne(utilities::DescriptionFusionner(), OptionsDeLaFusion());
   if (ui_->OptGendat->isChecked()) return ligne(utilities::DescriptionGendat(), utilities::OptionsGendat{});
   if (ui_->OptInvers->isChecked())
-    return ligne(utilities::DescriptionInversion(), utilities::OptionsInversion{ui_->CheckTrg->isChecked(), nullptr});
-  return ligne(tables::DescriptionEcapem(), OptionsDEcapem());
+    return ligne(utilities::DescriptionInversion(), OptionsDesControles(*this, utilities::DescriptionInversion()));
+  return ligne(tables::DescriptionEcapem(), OptionsDesControles(*this, tables::DescriptionEcapem()));
 }
 
+void Utilitaires::LancerChoix() {
+  if (ui_->OptTri->isChecked()) LancerTri();
+  else if (ui_->OptExport->isChecked()) LancerExport();
+  else if (ui_->OptHexDump->isChecked()) LancerListage();
+  else if (ui_->OptFusion->isChecked()) LancerFusion();
+  else LancerSurUnTableau();
+}
+
+// The question on a sort in place comes between what is missing: the program that the table names would ask it again.
 void Utilitaires::LancerTri() {
   const utilities::OptionsTriFichier options = OptionsDuTri();
   if (a_.empty() || c_.empty()) {
@@ -226,48 +204,54 @@ void Utilitaires::LancerTri() {
   if (utilities::MemeFichier(contexte_, a_, c_) &&
       services_.ecran.demander(utilities::kTriSurPlace, Boutons::OuiNon) != Reponse::Oui)
     return;
-  if (Complet(utilities::RefusDuFormulaire(options)))
-    Executer([&] { return utilities::TriDesUtilitaires(contexte_, options); });
+  if (!Complet(utilities::RefusDuFormulaire(options))) return;
+  Finir(LancerEtape([&](const Contexte& sur) { return utilities::TriDesUtilitaires(sur, options); }));
 }
 
 void Utilitaires::LancerExport() {
   const utilities::OptionsExportation options = OptionsDeLExport();
   if (Complet(utilities::ManqueExportation(contexte_, options)))
-    Executer([&] { return utilities::Exporter(contexte_, options); });
+    Finir(Lancer(utilities::DescriptionExporter(), options));
 }
 
 void Utilitaires::LancerListage() {
   const utilities::OptionsCaracteres options{a_};
   if (Complet(utilities::ManqueCaracteres(contexte_, options)))
-    Executer([&] { return utilities::ListerCaracteres(contexte_, options); });
+    Finir(Lancer(utilities::DescriptionCaracteres(), options));
 }
 
 void Utilitaires::LancerFusion() {
   const utilities::OptionsFusion options = OptionsDeLaFusion();
-  if (Complet(utilities::ManqueFusion(contexte_, options)))
-    Executer([&] { return utilities::Fusionner(contexte_, options); });
+  if (Complet(utilities::ManqueFusion(contexte_, options))) Finir(Lancer(utilities::DescriptionFusionner(), options));
 }
 
-void Utilitaires::LancerTableau() {
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = utilities::Gendat(contexte_, {}); });
-  if (fin != Fin::Normale) return;
+void Utilitaires::LancerSurUnTableau() {
+  if (contexte_.generique.empty()) {
+    Complet(utilities::kRequiertUnGenerique);
+    return;
+  }
+  if (ui_->OptGendat->isChecked()) return LancerGendat();
+  if (ui_->OptInvers->isChecked()) return LancerInversion();
+  Finir(Lancer(tables::DescriptionEcapem(), OptionsDesControles(*this, tables::DescriptionEcapem())));
+}
+
+void Utilitaires::LancerGendat() {
+  if (Lancer(utilities::DescriptionGendat(), {}) != Fin::Normale) return;
   services_.relireGenerique();
   accept();
 }
 
 void Utilitaires::LancerInversion() {
   std::string nouveau;
-  const utilities::OptionsInversion options{ui_->CheckTrg->isChecked(), &nouveau};
-  Fin fin = Fin::Arret;
-  services_.Lancer([&](const Contexte&) { fin = utilities::Inverser(contexte_, options); });
-  if (fin != Fin::Normale) return;
+  utilities::OptionsInversion options = OptionsDesControles(*this, utilities::DescriptionInversion());
+  options.nouveau = &nouveau;
+  if (Lancer(utilities::DescriptionInversion(), options) != Fin::Normale) return;
   services_.adopterGenerique(nouveau);
   accept();
 }
 
-void Utilitaires::LancerEcapem() {
-  Executer([&] { return tables::Ecapem(contexte_, OptionsDEcapem()); });
+void Utilitaires::Finir(std::optional<Fin> fin) {
+  if (fin == Fin::Normale) accept();
 }
 
 void OuvrirUtilitaires(Services& services) {

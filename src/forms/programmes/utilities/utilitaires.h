@@ -2,14 +2,14 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "forms/cadre/services.h"
-#include "tables/ecapem.h"
 #include "utilities/exportation.h"
 #include "utilities/fusion/fusion.h"
-#include "utilities/inversion.h"
-#include "utilities/trifichier.h"
+#include "utilities/tri/trifichier.h"
 
 namespace Ui {
 class Utilitaires;
@@ -33,7 +33,6 @@ class Utilitaires : public Forme {
   utilities::OptionsTriFichier OptionsDuTri() const;
   utilities::OptionsExportation OptionsDeLExport() const;
   utilities::OptionsFusion OptionsDeLaFusion() const;
-  tables::OptionsEcapem OptionsDEcapem() const;
   // The line of quelvar-batch for the utility that is chosen.
   std::string Commande() const;
 
@@ -42,13 +41,13 @@ class Utilitaires : public Forme {
   void LancerExport();
   void LancerListage();
   void LancerFusion();
-  void LancerTableau();
+  void LancerSurUnTableau();
+  void LancerGendat();
   void LancerInversion();
-  void LancerEcapem();
   // Shows what a launch lacks; true when nothing is missing.
   bool Complet(std::string_view manque);
-  // Runs the program; a run that came to its end closes the form.
-  void Executer(const std::function<Fin()>& programme);
+  // A run that came to its normal end closes the form.
+  void Finir(std::optional<Fin> fin);
 
   std::string a_, b_, c_;  // as chosen; a file of the working directory by its name
   std::unique_ptr<Ui::Utilitaires> ui_;

@@ -266,6 +266,20 @@ TEST(Graphe2, EnregistreSousSonNom) {
   Cliquer(forme, "BoutonEnregSous");
   EXPECT_EQ(forme.windowTitle(), "figure.svg");
   EXPECT_TRUE(bureau.Lire("figure.svg").starts_with("<?xml"));
+  // A name without extension gets that of the filter, PNG at first; what bears it is not replaced unasked.
+  const QString sans = QString::fromStdString((bureau.Dossier() / "figure").string());
+  bureau.Ecrire("figure.png", "former");
+  pilote.Choisir(sans);
+  pilote.Cliquer("Non");
+  Cliquer(forme, "BoutonEnregSous");
+  EXPECT_EQ(bureau.Lire("figure.png"), "former");
+  pilote.Choisir(sans + ".gif");
+  pilote.Cliquer("OK");
+  Cliquer(forme, "BoutonEnregSous");
+  EXPECT_TRUE(
+      pilote.Vues().last().endsWith("figure.gif ne peut pas être écrit : une image est un fichier .png, .svg, "
+                                    ".pdf ou .bmp"))
+      << pilote.Vues().last().toStdString();
   pilote.Faire(accepterSurLaForme);
   Cliquer(forme, "BoutonEnreg");
   EXPECT_EQ(pilote.Vues().last(), "Graphique enregistré sous le nom : ENQTab.bmp");
@@ -282,21 +296,14 @@ TEST(Graphe2, EnregistreSousSonNom) {
   EXPECT_NE(bureau.Forme<ChoixVar>(), nullptr);
 }
 
-TEST(RenduDessin, QuatreFormatsEtEchecs) {
-  const essai::DossierTemporaire dossier;
+TEST(RenduDessin, QuatreFormats) {
   quelvar::Dessin dessin(100, 50);
   dessin.Texte({10, 20}, "abc");
-  const auto nom = [&](const char* fichier) { return QString::fromStdString((dossier.Chemin() / fichier).string()); };
   const std::pair<const char*, std::string_view> debuts[] = {
-      {"a.bmp", "BM"}, {"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.pdf", "%PDF"}};
-  for (const auto& [fichier, debut] : debuts) {
-    ASSERT_TRUE(quelvar::forms::EnregistrerDessin(nom(fichier), dessin)) << fichier;
-    EXPECT_TRUE(quelvar::LireOctets(dossier.Chemin() / fichier).starts_with(debut)) << fichier;
-  }
-  essai::EcrireOctets(dossier.Chemin() / "a.gif", "former");
-  EXPECT_FALSE(quelvar::forms::EnregistrerDessin(nom("a.gif"), dessin));
-  EXPECT_EQ(quelvar::LireOctets(dossier.Chemin() / "a.gif"), "former");
-  EXPECT_FALSE(quelvar::forms::EnregistrerDessin(nom("absent/a.png"), dessin));
+      {"a.bmp", "BM"}, {"a.png", "\x89PNG"}, {"a.SVG", "<?xml"}, {"a.pdf", "%PDF"}};
+  for (const auto& [fichier, debut] : debuts)
+    EXPECT_TRUE(quelvar::forms::OctetsDuDessin(fichier, dessin).starts_with(debut)) << fichier;
+  EXPECT_THROW(quelvar::forms::OctetsDuDessin("a.gif", dessin), quelvar::Erreur);
 }
 
 TEST(VueDessin, ZoomAutourDeLaSouris) {

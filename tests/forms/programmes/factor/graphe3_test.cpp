@@ -321,11 +321,12 @@ struct BureauDEllipses : BureauDePlan {
   }
 };
 
-TEST(Graphe3, RedrawingWritesNoFile) {
+TEST(Graphe3, OpeningAndRedrawingWriteNoFile) {
   BureauDEllipses bureau;
-  const Graphe3& forme = bureau.Graphe();
   const auto avant = bureau.Fichiers();
   const auto intact = [&](const QString& geste) { EXPECT_TRUE(bureau.Fichiers() == avant) << geste.toStdString(); };
+  const Graphe3& forme = bureau.Graphe();
+  intact("opening");
   Taper(forme, "TextMarques", "A1");
   Cliquer(forme, {"CheckEllipseC", "CheckEllipseM"});
   EXPECT_FALSE(Traits(forme, "ellipses").empty());

@@ -73,4 +73,14 @@ TEST_F(FormesUtilitaires, TheSpreadsheetTakesItsOptions) {
   EXPECT_TRUE(QString::fromStdString(bureau_.Lire("ENQ.IMC")).contains("AGE Age=codes;AGE;intitule=Age;codemax=9"));
 }
 
+// What a program refuses before it starts is told in a box.
+TEST(ExportCsvSansGenerique, IsRefusedInABox) {
+  Bureau bureau;
+  bureau.Ouvrir();
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  bureau.Menu("mnexportCSV");
+  EXPECT_EQ(pilote.Vues(), QStringList("Cet utilitaire, à la différence des autres, requiert un nom générique"));
+}
+
 }  // namespace

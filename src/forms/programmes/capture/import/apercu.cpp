@@ -8,7 +8,6 @@
 #include "core/programme/annulation.h"
 #include "forms/pieces/commande.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
-#include "forms/programmes/capture/import/nombres_fr.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercu.h"
 
@@ -108,14 +107,8 @@ void ApercuImport::ReprendreLesChoix() {
   repris_.clear();
   const auto anciens = capture::ChercherAnciensChoix(cible_.repertoire, cible_.generique, preparation_.Choix());
   if (!anciens) return;
-  const QString fichier = CheminVersQt(anciens->fichier.filename());
-  const auto repris = static_cast<std::int64_t>(preparation_.Reprendre(anciens->choix));
-  if (!anciens->refus.empty())
-    repris_ = QStringLiteral("Les choix de la dernière importation (%1) ne sont pas repris : %2")
-                  .arg(fichier, VersQt(anciens->refus));
-  else if (repris > 0)
-    repris_ = QStringLiteral("Les choix de la dernière importation (%1) sont repris pour %2.")
-                  .arg(fichier, Pluriel(repris, "colonne", "colonnes"));
+  const std::size_t repris = preparation_.Reprendre(anciens->choix);
+  repris_ = VersQt(capture::DireReprise(TexteDe(anciens->fichier.filename()), repris, anciens->refus));
 }
 
 void ApercuImport::ChangerFeuille(int rang) {
@@ -173,11 +166,7 @@ void ApercuImport::MontrerLecture() {
   ui_->CheckTitres->setChecked(lecture.ligneTitres != 0);
   if (const auto& feuille = preparation_.Source().Feuille())
     ui_->ComboFeuille->setCurrentIndex(static_cast<int>(feuille->rang));
-  QString texte =
-      QStringLiteral("Reconnu dans le fichier : ") + VersQt(capture::DireLecture(preparation_.Source(), vue.lecture));
-  if (!texte.endsWith(u'.')) texte += u'.';
-  if (lecture != vue.lecture) texte += QStringLiteral(" Vous avez changé cette lecture.");
-  ui_->LabelLecture->setText(texte);
+  ui_->LabelLecture->setText(VersQt(capture::DireReconnue(preparation_.Source(), vue.lecture, lecture)));
 }
 
 // The whole of a file whose head alone was looked at.

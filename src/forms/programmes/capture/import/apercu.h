@@ -41,8 +41,6 @@ class ApercuImport : public Forme {
   void MontrerTout();
   void MontrerBilan();
   void MontrerFautes();
-  QString TexteDuBilan() const;
-  QString TexteDuPied() const;
   void MontrerGenerique();
   QString TexteDesFautes() const;
 
@@ -55,6 +53,7 @@ class ApercuImport : public Forme {
   void MontrerTextesComptes();
   void AjouterTexte(const QString& libelle, const std::string& texte, bool coche);
   void MontrerClasses();
+  void MontrerLibelles();
   void Renommer(std::size_t colonne, const QString& nom);
   void ChangerOrdre();
   void LireTextes();

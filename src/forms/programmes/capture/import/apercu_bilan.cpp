@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "forms/programmes/capture/import/apercu.h"
-#include "forms/programmes/capture/import/nombres_fr.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercu.h"
 
@@ -12,40 +11,14 @@ namespace quelvar::forms {
 
 namespace {
 
+using capture::EtatDeTable;
+
 const QColor kFondBon(221, 242, 221);
 const QColor kFondAVoir(255, 243, 205);
 const QColor kFondFautif(250, 218, 218);
 
-// How many columns become what.
-struct Compte {
-  std::int64_t questions = 0;
-  std::int64_t numeros = 0;
-  std::int64_t ecartees = 0;
-  std::int64_t autres = 0;  // to be coded or classed
-};
-
-Compte CompterLesChoix(const std::vector<capture::ChoixDeColonne>& choix) {
-  const auto nombre = [&](capture::Genre genre) {
-    return static_cast<std::int64_t>(std::ranges::count(choix, genre, &capture::ChoixDeColonne::genre));
-  };
-  Compte compte{nombre(capture::Genre::Codes), nombre(capture::Genre::Numero), nombre(capture::Genre::Ecartee)};
-  compte.autres = static_cast<std::int64_t>(choix.size()) - compte.questions - compte.numeros - compte.ecartees;
-  return compte;
-}
-
-QString PhraseBonne(const Compte& compte, const QString& individus) {
-  return QStringLiteral("Tout va bien : %1%2, %3. Entrée importe.")
-      .arg(Pluriel(compte.questions, "colonne de codes", "colonnes de codes"),
-           compte.numeros > 0 ? QStringLiteral(" et le numéro de l'individu") : QString(), individus);
-}
-
-QString PhraseAVoir(const Compte& compte, const QString& individus) {
-  return QStringLiteral(
-             "%1 : %2 de codes, %3 à coder ou à classer, %4. Voyez ce que chacune devient, "
-             "puis Entrée importe.")
-      .arg(individus, NombreFr(compte.questions), NombreFr(compte.autres),
-           Pluriel(compte.ecartees, "écartée", "écartées"));
-}
+// The code page has no narrow space to set thousands apart.
+QString PhraseVersQt(const std::string& phrase) { return VersQt(phrase).replace(u'\u00A0', u'\u202F'); }
 
 }  // namespace
 
@@ -60,40 +33,18 @@ QString ApercuImport::TexteDesFautes() const {
   return lignes.join(u'\n');
 }
 
-QString ApercuImport::TexteDuBilan() const {
-  if (!echec_.isEmpty()) return QStringLiteral("Ce fichier ne peut pas être importé ainsi : voyez ci-dessous.");
-  if (!preparation_.Refus().empty())
-    return QStringLiteral(
-        "À corriger avant d'importer : les cellules en rouge, dites ci-dessous une à une. Changez ce que "
-        "devient leur colonne, ou corrigez le fichier.");
-  const capture::FaitsDeTable& faits = preparation_.Vue().faits;
-  const QString individus = preparation_.Vue().entier ? Pluriel(faits.individus, "individu", "individus")
-                                                      : QStringLiteral("le compte des individus est en cours");
-  const Compte compte = CompterLesChoix(preparation_.Choix());
-  return preparation_.ToutVaBien() ? PhraseBonne(compte, individus) : PhraseAVoir(compte, individus);
-}
-
-QString ApercuImport::TexteDuPied() const {
-  if (attend_) return QStringLiteral("L'importation suivra la fin de l'examen du fichier (Échap y renonce)...");
-  if (!preparation_.Vue().entier) return QStringLiteral("Examen du fichier entier en cours...");
-  const capture::FaitsDeTable& faits = preparation_.Vue().faits;
-  QString pied = QStringLiteral("%1 lues").arg(Pluriel(faits.individus + faits.lignesVides, "ligne", "lignes"));
-  if (faits.lignesVides > 0)
-    pied += QStringLiteral(", dont %1 vides, laissées de côté").arg(NombreFr(faits.lignesVides));
-  return pied;
-}
-
 void ApercuImport::MontrerBilan() {
-  const bool fautif = !echec_.isEmpty() || !preparation_.Refus().empty();
-  const bool bon = echec_.isEmpty() && preparation_.ToutVaBien();
-  ui_->LabelBilan->setText(TexteDuBilan());
+  const EtatDeTable etat = echec_.isEmpty() ? preparation_.Etat() : EtatDeTable::Illisible;
+  const bool fautif = etat == EtatDeTable::Illisible || etat == EtatDeTable::ACorriger;
+  ui_->LabelBilan->setText(PhraseVersQt(capture::DireEtat(etat, preparation_.Choix(), preparation_.Vue())));
   QPalette palette = ui_->FrBilan->palette();
-  palette.setColor(QPalette::Window, fautif ? kFondFautif : bon ? kFondBon : kFondAVoir);
+  palette.setColor(QPalette::Window, fautif ? kFondFautif : etat == EtatDeTable::ToutEnCodes ? kFondBon : kFondAVoir);
   palette.setColor(QPalette::WindowText, Qt::black);
   ui_->FrBilan->setPalette(palette);
   MontrerFautes();
   ui_->Lancer->setEnabled(!fautif && !attend_);
-  ui_->LabelCompte->setText(TexteDuPied() + QStringLiteral("   —   les fichiers iront dans ") +
+  ui_->LabelCompte->setText(PhraseVersQt(capture::DireExamen(preparation_.Vue(), attend_)) +
+                            QStringLiteral("   —   les fichiers iront dans ") +
                             VersQt(TexteRepertoire(cible_.repertoire)));
 }
 

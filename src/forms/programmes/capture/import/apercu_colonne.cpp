@@ -2,6 +2,11 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 
+#include "capture/apercu/choix/devenir.h"
+#include "capture/apercu/choix/proposition.h"
+#include "capture/apercu/choix/reglages.h"
+#include "capture/apercu/choix/textes.h"
+#include "capture/apercu/sorties/classes.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/texte/texte_qt.h"
 #include "ui_apercu.h"
@@ -154,9 +159,14 @@ void ApercuImport::MontrerClasses() {
   (choix.bornes.empty() ? ui_->OptGroupes : ui_->OptBornes)->setChecked(true);
   ui_->SpinGroupes->setValue(choix.groupes);
   ui_->TextBornes->setText(VersQt(capture::TexteDesBornes(choix.bornes)));
+  MontrerLibelles();
+}
+
+void ApercuImport::MontrerLibelles() {
   QStringList libelles;
   int code = 0;
-  for (const std::string& libelle : capture::LibellesDesClasses(choix, preparation_.Colonnes()[Colonne()]))
+  for (const std::string& libelle :
+       capture::LibellesDesClasses(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
     libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
   ui_->LabelClasses->setText(libelles.join(u'\n'));
 }
@@ -175,15 +185,9 @@ void ApercuImport::Renommer(std::size_t colonne, const QString& nom) {
 
 void ApercuImport::ChangerOrdre() {
   if (!ColonneChoisie()) return;
-  ChoixDeColonne choix = preparation_.Choix()[Colonne()];
-  choix.ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
-  choix.textes.clear();
-  if (choix.ordre == Ordre::Donne) {
-    for (const capture::TexteCode& code :
-         capture::TextesCodes(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
-      if (code.code > 0) choix.textes.push_back(code.texte);
-  }
-  preparation_.ChangerChoix(Colonne(), std::move(choix));
+  const Ordre ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
+  preparation_.ChangerChoix(
+      Colonne(), capture::AvecOrdre(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()], ordre));
   ChoixChange();
   MontrerColonne();
 }
@@ -191,20 +195,16 @@ void ApercuImport::ChangerOrdre() {
 // The list as the user has left it: its order, and the texts that are no answers.
 void ApercuImport::LireTextes() {
   if (montre_ || !ColonneChoisie()) return;
-  ChoixDeColonne choix = preparation_.Choix()[Colonne()];
+  const ChoixDeColonne choix = preparation_.Choix()[Colonne()];
   std::vector<capture::TexteCompte> textes;
   for (int i = 0; i < ui_->ListTextes->count(); ++i) {
     const QListWidgetItem& ligne = *ui_->ListTextes->item(i);
     textes.push_back({DepuisQt(ligne.data(kTexteDeLaLigne).toString()), 0, ligne.checkState() == Qt::Checked});
   }
-  if (choix.genre == Genre::Textes) {
-    choix.ordre = kOrdres[ui_->ComboOrdre->currentIndex()];
-    choix.textes.clear();
-    for (const capture::TexteCompte& texte : textes)
-      if (texte.compte && choix.ordre == Ordre::Donne) choix.textes.push_back(texte.texte);
-  }
-  choix = capture::AvecTextesComptes(std::move(choix), textes);
-  preparation_.ChangerChoix(Colonne(), std::move(choix));
+  preparation_.ChangerChoix(Colonne(),
+                            choix.genre == Genre::Textes
+                                ? capture::AvecTextesCodes(choix, kOrdres[ui_->ComboOrdre->currentIndex()], textes)
+                                : capture::AvecTextesComptes(choix, textes));
   ChoixChange();
   const int courante = ui_->ListTextes->currentRow();
   const QString gardee = courante < 0 ? QString() : ui_->ListTextes->item(courante)->data(kTexteDeLaLigne).toString();
@@ -240,16 +240,8 @@ void ApercuImport::LireClasses() {
   const bool sansBornes = choix.bornes.empty() && choix.groupes == 0;
   preparation_.ChangerChoix(Colonne(), std::move(choix));
   ChoixChange();
-  if (sansBornes) {
-    ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants : 15 25 35 50"));
-    return;
-  }
-  QStringList libelles;
-  int code = 0;
-  for (const std::string& libelle :
-       capture::LibellesDesClasses(preparation_.Choix()[Colonne()], preparation_.Colonnes()[Colonne()]))
-    libelles << QStringLiteral("%1  %2").arg(++code).arg(VersQt(libelle));
-  ui_->LabelClasses->setText(libelles.join(u'\n'));
+  if (sansBornes) ui_->LabelClasses->setText(QStringLiteral("Entrez des nombres croissants : 15 25 35 50"));
+  else MontrerLibelles();
 }
 
 void ApercuImport::ChoixChange() {

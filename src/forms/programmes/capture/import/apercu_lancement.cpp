@@ -3,7 +3,9 @@
 #include <memory>
 
 #include "capture/apercu/options.h"
+#include "capture/cible.h"
 #include "core/programme/annulation.h"
+#include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/programmes/capture/import/avancement.h"
@@ -13,8 +15,7 @@
 namespace quelvar::forms {
 
 std::string ApercuImport::Generique() const {
-  const std::string saisi = NomDepuisUtf8(ui_->TextGenerique->text().toStdString());
-  return std::string(Rogner(std::string_view(saisi).substr(0, saisi.find('.'))));
+  return GeneriqueSaisi(NomDepuisUtf8(ui_->TextGenerique->text().toStdString()));
 }
 
 void ApercuImport::MontrerGenerique() {

@@ -35,10 +35,11 @@ capture::PreparationDImport PreparerAuLoin(QWidget* parent, const Chemin& classe
     finie = true;
   });
   const QString texte = QStringLiteral("Lecture du classeur ") + CheminVersQt(classeur.filename());
+  constexpr std::chrono::milliseconds pause(10);
   while (!finie) {
     if (!avancement.Montrer(texte, part)) renonce = true;
     QCoreApplication::processEvents();
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    std::this_thread::sleep_for(pause);
   }
   fil.join();
   if (echec) std::rethrow_exception(echec);

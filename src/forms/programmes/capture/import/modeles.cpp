@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "capture/apercu/choix/devenir.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {

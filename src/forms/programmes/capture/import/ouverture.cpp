@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "capture/apercu/options.h"
+#include "capture/cible.h"
 #include "core/programme/annulation.h"
 #include "core/programme/lieunomme.h"
+#include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
@@ -28,7 +30,7 @@ void ImporterDBase(Services& services, const Chemin& fichier) {
   const std::string saisi = services.ecran.saisir(
       Joindre({"Le générique, nom commun des fichiers de l'enquête, pour "_w, TexteDe(fichier.filename())}),
       capture::GeneriquePropose(repertoire, fichier));
-  const std::string generique(Rogner(std::string_view(saisi).substr(0, saisi.find('.'))));
+  const std::string generique = GeneriqueSaisi(saisi);
   if (generique.empty()) return;
   if (const std::string refus = capture::RefusDuGenerique(generique); !refus.empty()) {
     services.ecran.demander(refus, Boutons::Ok);
@@ -39,9 +41,8 @@ void ImporterDBase(Services& services, const Chemin& fichier) {
   if (!services.formes.LaisserLeTravail()) return;
   capture::OptionsImport options;
   options.fichier = TexteDe(fichier);
-  Fin fin = Fin::Arret;
-  services.Lancer([&](const Contexte&) { fin = capture::Importer(contexte, options); });
-  if (fin != Fin::Normale) return;
+  const auto importer = [&](const Contexte& sur) { return capture::DescriptionImport().Executer(sur, options); };
+  if (services.LancerSur(contexte, importer) != Fin::Normale) return;
   if (repertoire != services.session.repertoire) PrendreRepertoire(services.session, repertoire);
   services.adopterGenerique(generique);
 }
@@ -84,8 +85,7 @@ void ImporterSourceDuGenerique(Services& services, bool toujoursMontrer) {
   std::optional<capture::PreparationDImport> preparation = Preparer(services, *source);
   if (!preparation) return;
   if (!toujoursMontrer && preparation->Vue().entier && preparation->ToutVaBien()) {
-    const capture::OptionsImport options = preparation->Options();
-    services.Lancer([&](const Contexte& la) { capture::Importer(la, options); });
+    services.Lancer(capture::DescriptionImport(), preparation->Options());
     services.relireGenerique();
     return;
   }

@@ -6,7 +6,7 @@
 #include <QLocale>
 #include <QStandardPaths>
 
-#include "capture/preparation.h"
+#include "capture/presence.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/texte/texte_qt.h"

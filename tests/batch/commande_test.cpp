@@ -1,10 +1,10 @@
-#include "batch/ligne_de_commande.h"
+#include "batch/commande.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "batch/dialogue_batch.h"
+#include "batch/dialogue.h"
 #include "core/programme/annulation.h"
 
 namespace quelvar::batch {

@@ -2,7 +2,7 @@
 // shown report goes to the standard output.
 #pragma once
 
-#include "batch/ligne_de_commande.h"
+#include "batch/commande.h"
 #include "core/programme/dialogue.h"
 
 namespace quelvar::batch {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/programme/programme.h"
-#include "utilities/trichaines.h"
+#include "utilities/tri/chaines.h"
 
 namespace quelvar::utilities {
 
@@ -21,9 +21,6 @@ struct ChampDeTri {
 // Ranks (from 0) of the lines in the order of the field. Raises kArgumentIncorrect for a negative position or width.
 std::vector<std::uint32_t> OrdreDesLignes(const std::vector<std::string_view>& lignes, const ChampDeTri& champ,
                                           const Dialogue& dialogue);
-
-// The lines of a file held in memory, by the rules of LecteurLignes.
-std::vector<std::string_view> LignesDe(std::string_view octets);
 
 struct OptionsTriFichier {
   std::string fichierA{};  // input, as typed

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
-namespace quelvar::text {
+namespace quelvar {
 
 class LignesDuTexte {
  public:
@@ -25,4 +26,11 @@ class LignesDuTexte {
   std::string_view reste_;
 };
 
-}  // namespace quelvar::text
+inline std::vector<std::string_view> ToutesLesLignes(std::string_view octets) {
+  std::vector<std::string_view> lignes;
+  LignesDuTexte texte(octets);
+  for (std::string_view ligne; texte.Lire(ligne);) lignes.push_back(ligne);
+  return lignes;
+}
+
+}  // namespace quelvar

@@ -1,4 +1,4 @@
-#include "forms/cadre/entrees.h"
+#include "forms/cadre/menus/entrees.h"
 
 #include "forms/aide/frmabout.h"
 #include "forms/programmes/capture/fimportcsv.h"

@@ -1,4 +1,4 @@
-#include "utilities/trichaines.h"
+#include "utilities/tri/chaines.h"
 
 #include <algorithm>
 #include <array>
@@ -29,8 +29,11 @@ Entier GrosBoutiste(const char* octets) {
   return valeur;
 }
 
+// Source: D. E. Knuth, "The Art of Computer Programming", volume 3 (1998), 6.4, the multiplicative hash; the shifts
+// bring high and low bits together.
 std::uint64_t Hacher(std::uint64_t valeur) {
-  const std::uint64_t h = (valeur ^ (valeur >> 32)) * 0x9E3779B97F4A7C15ULL;
+  constexpr std::uint64_t kFacteur = 0x9E3779B97F4A7C15;  // odd, 2^64 over the golden ratio
+  const std::uint64_t h = (valeur ^ (valeur >> 32)) * kFacteur;
   return h ^ (h >> 29);
 }
 

@@ -1,4 +1,4 @@
-#include "capture/saisie/saisie_options.h"
+#include "capture/saisie/options.h"
 
 #include <iostream>
 

@@ -1,4 +1,4 @@
-// Bytes of the code pages of DOS brought to the code page of the reports.
+// Bytes of the code pages of DOS brought to the code page of the reports, for dBase files and for tables of text.
 #pragma once
 
 #include <array>
@@ -17,6 +17,6 @@ std::string_view NomDePage(PageDeCode page);
 
 using TableDOctets = std::array<char, 256>;
 // The byte of Windows-1252 for each byte of the page; "?" for a character that Windows-1252 does not hold.
-TableDOctets TableDePage(PageDeCode page);
+const TableDOctets& TableDePage(PageDeCode page);
 
 }  // namespace quelvar::capture

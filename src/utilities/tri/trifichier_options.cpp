@@ -30,6 +30,7 @@ Description<OptionsTriFichier> DecrireTri(std::string nom, std::string_view resu
       .Alias({"fichiera", "entree"})
       .Fichier("c", &O::fichierC, "FICHIER", "fichier résultant ; ce peut être le même"_w)
       .Alias({"fichierc", "sortie"})
+      // Texts: the report shows both as typed, and what is no number counts as 0.
       .Texte("position", &O::position, "0..", "première colonne du champ ; 0 : pas de tri"_w)
       .Montre("TextPosTri")
       .Texte("largeur", &O::largeur, "1..20", "largeur du champ ; 10 au plus au formulaire")

@@ -1,6 +1,5 @@
-#include "capture/dbase/pagecode.h"
+#include "capture/pagecode.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "core/texte/texte.h"
@@ -15,7 +14,26 @@ constexpr std::u16string_view k437 =
 constexpr std::u16string_view k850 =
     u"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜø£Ø×ƒáíóúñÑªº¿®¬½¼¡«»░▒▓│┤ÁÂÀ©╣║╗╝¢¥┐"
     u"└┴┬├─┼ãÃ╚╔╩╦╠═╬¤ðÐÊËÈıÍÎÏ┘┌█▄¦Ì▀ÓßÔÒõÕµþÞÚÛÙýÝ¯´\u00AD±‗¾¶§÷¸°¨·¹³²■\u00A0";
-static_assert(k437.size() == 128 && k850.size() == 128);
+constexpr std::size_t kPremierHaut = 128;  // bytes below are ASCII in every page
+
+constexpr TableDOctets kTelle = [] {
+  TableDOctets table{};
+  for (std::size_t octet = 0; octet < table.size(); ++octet) table[octet] = static_cast<char>(octet);
+  return table;
+}();
+
+constexpr TableDOctets AvecHauts(std::u16string_view hauts) {
+  TableDOctets table = kTelle;
+  for (std::size_t i = 0; i < hauts.size(); ++i) {
+    const int octet = OctetDe(hauts[i]);
+    table[kPremierHaut + i] = octet < 0 ? '?' : static_cast<char>(octet);
+  }
+  return table;
+}
+
+static_assert(k437.size() == kTelle.size() - kPremierHaut && k850.size() == kTelle.size() - kPremierHaut);
+constexpr TableDOctets kTable437 = AvecHauts(k437);
+constexpr TableDOctets kTable850 = AvecHauts(k850);
 
 // Language bytes of the two pages of DOS in Western Europe and America.
 constexpr std::string_view kLangues437 = "\x01\x09\x0B\x0D\x0F\x11\x15\x18\x19\x1B";
@@ -43,16 +61,14 @@ std::string_view NomDePage(PageDeCode page) {
   return {};
 }
 
-TableDOctets TableDePage(PageDeCode page) {
-  TableDOctets table{};
-  for (std::size_t octet = 0; octet < table.size(); ++octet) table[octet] = static_cast<char>(octet);
-  if (page != PageDeCode::Dos437 && page != PageDeCode::Dos850) return table;
-  const std::u16string_view hauts = page == PageDeCode::Dos437 ? k437 : k850;
-  for (std::size_t i = 0; i < hauts.size(); ++i) {
-    const int octet = OctetDe(hauts[i]);
-    table[128 + i] = octet < 0 ? '?' : static_cast<char>(octet);
+const TableDOctets& TableDePage(PageDeCode page) {
+  switch (page) {
+    case PageDeCode::Dos437: return kTable437;
+    case PageDeCode::Dos850: return kTable850;
+    case PageDeCode::Windows1252:
+    case PageDeCode::Inconnue: break;
   }
-  return table;
+  return kTelle;
 }
 
 }  // namespace quelvar::capture

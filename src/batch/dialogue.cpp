@@ -1,4 +1,4 @@
-#include "batch/dialogue_batch.h"
+#include "batch/dialogue.h"
 
 #include <cstdio>
 #include <optional>

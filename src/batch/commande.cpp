@@ -1,4 +1,4 @@
-#include "batch/ligne_de_commande.h"
+#include "batch/commande.h"
 
 #include <unistd.h>
 
@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "core/programme/report.h"
+#include "core/session/generique.h"
 #include "core/texte/horspage.h"
 
 namespace quelvar::batch {
@@ -68,7 +69,7 @@ bool Traite(const Programme& programme, const std::string& nom, Option::Etranger
 }
 
 // The value of an option: what the code page lacks is not made "?" where it would come into a file.
-std::string ValeurDe(const Programme& programme, const std::string& option, std::string_view utf8) {
+std::string ValeurDeLOption(const Programme& programme, const std::string& option, std::string_view utf8) {
   if (Traite(programme, option, Option::Etrangers::Gardes)) return NomDepuisUtf8(utf8);
   if (const std::string refus = RefusHorsPage(utf8);
       !refus.empty() && !Traite(programme, option, Option::Etrangers::Perdus))
@@ -117,7 +118,7 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     const bool optionDAbord = demande.programme->generiqueFacultatif && argument.find('=') != std::string::npos;
     if (!avecGenerique && !optionDAbord) {
       const std::string generique = suite.DernierNom();
-      demande.generique = generique.substr(0, generique.find('.'));
+      demande.generique = SansExtension(generique);
       avecGenerique = true;
       continue;
     }
@@ -125,7 +126,7 @@ void PrendreProgramme(const std::string& nom, Suite& suite, Demande& demande) {
     if (egal == std::string::npos || egal == 0)
       throw UsageIncorrect(Joindre({"une option s'écrit nom=valeur, et non \""_w, argument, "\""}));
     const std::string option = Minuscules(argument.substr(0, egal));
-    demande.options.emplace_back(option, ValeurDe(*demande.programme, option, Brute(suite.Dernier())));
+    demande.options.emplace_back(option, ValeurDeLOption(*demande.programme, option, Brute(suite.Dernier())));
   }
   if (!avecGenerique && !demande.programme->generiqueFacultatif)
     throw UsageIncorrect(Joindre({"il manque le générique après "_w, nom}));

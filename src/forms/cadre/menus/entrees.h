@@ -2,17 +2,18 @@
 //
 // To add a form:
 //   1. choixvar.ui, choixvar.h and choixvar.cpp in programmes/<folder of the program>, and choixvar.cpp in
-//      CMakeLists.txt. The class is a Forme (forme.h) with Q_OBJECT whose constructor takes Services&. The controls
-//      have the names of their captions' table as objectName. What is more than reading a control lives beside the
-//      program, without Qt, on a plain state that the form shows.
+//      CMakeLists.txt. The class is a Forme (forme.h) with Q_OBJECT whose constructor takes Services&. A control that
+//      shows an option has the objectName that the option table of the program tells. What is more than reading a
+//      control lives beside the program, without Qt, on a plain state that the form shows.
 //   2. choixvar.h declares `void OuvrirChoixVar(Services& services);`, which reads what the form needs and calls
 //      `Montrer<ChoixVar>(services)`, or runs the program at once at level 1.
-//   3. The constructor ties its buttons: RelierAide, RelierQuitter, AuDepart for a run that ends what the form had
-//   begun.
-//      A form that holds work before it is saved says so in ATravail.
-//   4. A button that runs a program calls
-//      `services_.Lancer([&](const Contexte& contexte) { Croise(contexte, options); });`. The result shows itself in
-//      Text1. A long one closes the forms behind the run; the handler goes on as if it had not.
+//   3. The constructor shows the defaults by the table of the program, `PoserDefauts(*this, DescriptionCroise())`, and
+//      ties its buttons: RelierCommande, RelierAide, RelierQuitter, AuDepart for a run that ends what the form had
+//      begun. A form that holds work before it is saved says so in ATravail.
+//   4. A button that runs a program calls `Lancer(DescriptionCroise(), options)`, where the options are what
+//      `OptionsDesControles(*this, DescriptionCroise())` reads, and what no control shows (LancerEtape for a run on
+//      what no options say). The result shows itself in Text1. A long one closes the forms behind the run; the handler
+//      goes on as if it had not.
 //   5. A program that changes the generic is followed by `services_.adopterGenerique(nouveau)`.
 //   6. One line in kEntrees (entrees.cpp) enables the menu entry.
 //   7. Tests in tests/forms: essai::Bureau brings up the main form on a directory of its own and takes menu entries,

@@ -15,7 +15,7 @@ struct Demande {
   enum class Genre { Executer, Liste, AideGenerale, AideProgramme };
   Genre genre = Genre::Executer;
   Chemin repertoire = ".";
-  int niveau = 1;  // as a new session
+  int niveau = kNiveauSimple;  // as a new session
   std::deque<std::string> reponses;
   std::optional<DateHeure> horloge;
   const Programme* programme = nullptr;
