@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int kClasses = 8;
-constexpr int kPositionMaximale = 9999;  // four columns of the dictionary
+constexpr int kPositionMaximale = 9999;   // four columns of the dictionary
 constexpr std::size_t kTampon = 1 << 20;  // bytes written at once
 // Of 1,024 answers: those that are none, and those below which the favourite of the class is given.
 constexpr std::uint32_t kNonReponses = 31;
