@@ -5,7 +5,7 @@
 #include "forms/programmes/capture/saisief.h"
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/choixanecar.h"
-#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/graphe3/graphe3.h"
 #include "forms/programmes/factor/profilmod.h"
 #include "forms/programmes/modalities/choixposmod.h"
 #include "forms/programmes/modalities/modifmod.h"

@@ -5,7 +5,7 @@
 #include "factor/plan/graphe_options.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
-#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/graphe3/graphe3.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/regroupement/modifburt_options.h"

@@ -8,7 +8,7 @@
 #include "factor/analyse/anecar.h"
 #include "forms/images/vuedessin.h"
 #include "forms/pilote.h"
-#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/graphe3/graphe3.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "modalities/creation/posmod.h"
 

@@ -1,4 +1,4 @@
-#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/graphe3/graphe3.h"
 
 #include <QSignalBlocker>
 #include <algorithm>

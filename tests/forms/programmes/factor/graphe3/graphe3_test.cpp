@@ -1,5 +1,5 @@
 // The factor plane by key and mouse.
-#include "forms/programmes/factor/graphe3.h"
+#include "forms/programmes/factor/graphe3/graphe3.h"
 
 #include <gtest/gtest.h>
 
