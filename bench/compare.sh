@@ -54,7 +54,8 @@ ligne() {
       return 0
     fi
     t0=$(awk "BEGIN { print ($t < $t0) ? $t : $t0 }")
-    read -r t _ < <("$bin/quelvar-chrono" 1 "$avant" "$@") || { echo "échec : $*" >&2; exit 2; }
+    read -r t _ < <("$bin/quelvar-chrono" 1 "$avant" "$@" 2>"$travail/.dit") ||
+      { cat "$travail/.dit" >&2; echo "échec : $*" >&2; exit 2; }
     t1=$(awk "BEGIN { print ($t < $t1) ? $t : $t1 }")
   done
   awk -v nom="$nom" -v a="$t0" -v b="$t1" 'BEGIN {

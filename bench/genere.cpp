@@ -19,7 +19,11 @@
 namespace {
 
 constexpr int kClasses = 8;
-constexpr int kPositionMaximale = 9999;  // four columns of the dictionary
+constexpr int kPositionMaximale = 9999;   // four columns of the dictionary
+constexpr std::size_t kTampon = 1 << 20;  // bytes written at once
+// Of 1,024 answers: those that are none, and those below which the favourite of the class is given.
+constexpr std::uint32_t kNonReponses = 31;
+constexpr std::uint32_t kFavoris = 543;
 
 struct Question {
   std::string nom;
@@ -86,8 +90,8 @@ std::vector<Question> FaireQuestions(int nombre, const Modele& modele) {
 int Repondre(const Question& q, std::size_t classe, Hasard& hasard) {
   const std::uint32_t tirage = hasard.Suivant();
   const std::uint32_t cas = tirage >> 22;  // 0..1023
-  if (cas < 31) return 0;
-  if (cas < 543) return q.codeFavori[classe];
+  if (cas < kNonReponses) return 0;
+  if (cas < kFavoris) return q.codeFavori[classe];
   return 1 + static_cast<int>((std::uint64_t{tirage & 0x3FFFFF} * static_cast<std::uint32_t>(q.codeMax)) >> 22);
 }
 
@@ -135,7 +139,7 @@ void EcrireIndividus(const std::string& nom, const std::string& entete, const st
   const bool csv = forme == Forme::Csv;
   const Fichier f = Ouvrir(nom);
   std::fwrite(entete.data(), 1, entete.size(), f.get());
-  std::vector<char> tampon((1 << 20) + questions.size() * 3 + 32);
+  std::vector<char> tampon(kTampon + questions.size() * 3 + 32);
   char* p = tampon.data();
   Hasard hasard;
   for (long long n = 1; n <= individus; ++n) {
@@ -151,8 +155,8 @@ void EcrireIndividus(const std::string& nom, const std::string& entete, const st
       *p++ = '\r';
       *p++ = '\n';
     }
-    if (p - tampon.data() >= 1 << 20 || n == individus) {
-      std::fwrite(tampon.data(), 1, static_cast<std::size_t>(p - tampon.data()), f.get());
+    if (const auto pleins = static_cast<std::size_t>(p - tampon.data()); pleins >= kTampon || n == individus) {
+      std::fwrite(tampon.data(), 1, pleins, f.get());
       p = tampon.data();
     }
   }

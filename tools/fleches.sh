@@ -71,7 +71,7 @@ done < <(sources src | grep -v '\.ui$' | xargs wc -l)
 # of the glossary in the file beside them.
 nomme() {
   local racine
-  for racine in "" src/ src/core/ src/capture/ src/capture/apercu/ src/crosstab/ src/regression/ src/forms/ tests/ tests/forms/; do
+  for racine in "" src/ src/{core,sorts,capture,capture/apercu,crosstab,regression,text,utilities,forms}/ tests/ tests/forms/; do
     compgen -G "$racine$1" >/dev/null || compgen -G "$racine$1.h" >/dev/null || compgen -G "$racine$1.cpp" >/dev/null || continue
     return 0
   done

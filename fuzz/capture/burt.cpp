@@ -25,24 +25,21 @@ void Donner(const fuzz::DossierMemoire& dossier, const quelvar::Contexte& contex
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0 || taille > kLongueurLaPlusGrande) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string_view octets(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
-  quelvar::Dialogue dialogue;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
-  if ((donnees[0] & 1) != 0) {
-    fuzz::Morceaux morceaux(octets);
-    dossier.Ecrire("ENQ.MOD", morceaux.Suivant());
-    dossier.Ecrire("ENQ.BRT", morceaux.Suivant());
+  if (taille > kLongueurLaPlusGrande) return 0;
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
+  const quelvar::Contexte contexte = dossier.Contexte();
+  if ((choix & 1) != 0) {
+    dossier.Distribuer(entree, {"ENQ.MOD", "ENQ.BRT"});
     Donner(dossier, contexte);
     return 0;
   }
-  dossier.Ecrire("TABLE.LST", octets);
+  dossier.Ecrire("TABLE.LST", entree.Reste());
   for (const char* nom : {"ENQ.BRT", "ENQ.MOD", "ENQ.POS"}) dossier.Ecrire(nom, kAncien);
   quelvar::capture::OptionsImportBurt options;
   options.fichier = "TABLE.LST";
-  if ((donnees[0] & 2) != 0) options.noms = quelvar::capture::NomsCourts::Utilisateur;
+  if ((choix & 2) != 0) options.noms = quelvar::capture::NomsCourts::Utilisateur;
   const quelvar::Fin fin = quelvar::capture::ImportBurt(contexte, options);
   if (fin == quelvar::Fin::Arret) {
     for (const char* nom : {"ENQ.BRT", "ENQ.MOD", "ENQ.POS"})

@@ -40,15 +40,15 @@ std::vector<std::int64_t> CompterLesRangees(const quelvar::Chemin& classeur) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string octets(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  const fuzz::Entree entree(donnees, taille, 1);
+  const unsigned forme = entree.Option() % 3;
+  const std::string octets(entree.Reste());
   const quelvar::Chemin classeur = dossier.Chemin() / "ENQ.ods";
   const quelvar::Chemin csv = dossier.Chemin() / "ENQ.CSV";
-  if (donnees[0] % 3 == 0) dossier.Ecrire("ENQ.ods", octets);
-  if (donnees[0] % 3 == 1) essai::EcrireOds(classeur, octets);
-  if (donnees[0] % 3 == 2)
+  if (forme == 0) dossier.Ecrire("ENQ.ods", octets);
+  if (forme == 1) essai::EcrireOds(classeur, octets);
+  if (forme == 2)
     essai::EcrireXlsx(classeur, {{"name=\"F\"", octets}}, "<si><t>Oui</t></si><si><r><t>Non</t></r></si>");
   std::int64_t lignes = 0;
   try {

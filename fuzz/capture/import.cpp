@@ -17,23 +17,22 @@ constexpr std::string_view kImc = "A=textes;AAA;zero=NR\nB=classes;BBB;groupes=3
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  dossier.Ecrire("x.csv", {reinterpret_cast<const char*>(donnees) + 1, taille - 1});
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  const fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
+  dossier.Ecrire("x.csv", entree.Reste());
   dossier.Ecrire("x.imc", kImc);
   dossier.Ecrire("ENQ.POS", kAncienPos);
   dossier.Ecrire("ENQ.DAT", kAncienDat);
 
-  quelvar::Dialogue dialogue;
   quelvar::capture::OptionsImport options;
   options.fichier = "x.csv";
-  if ((donnees[0] & 1) != 0) options.fichierChoix = "x.imc";
-  if ((donnees[0] & 2) != 0) options.lecture.guillemets = false;
-  if ((donnees[0] & 4) != 0) options.lecture.titres = (donnees[0] & 8) != 0;
-  if ((donnees[0] & 16) != 0) options.lecture.separateur = ',';
-  if ((donnees[0] & 32) != 0) options.lecture.decimale = '.';
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  if ((choix & 1) != 0) options.fichierChoix = "x.imc";
+  if ((choix & 2) != 0) options.lecture.guillemets = false;
+  if ((choix & 4) != 0) options.lecture.titres = (choix & 8) != 0;
+  if ((choix & 16) != 0) options.lecture.separateur = ',';
+  if ((choix & 32) != 0) options.lecture.decimale = '.';
+  const quelvar::Contexte contexte = dossier.Contexte();
   const quelvar::Fin fin = quelvar::capture::Importer(contexte, options);
   const std::string rapport = dossier.Lire("ENQ.IMP");
   // A number without words of its own would leave the user alone.

@@ -16,23 +16,22 @@ constexpr std::string_view kAncienDat = "7\r\n";
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string_view source(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
-  dossier.Ecrire((donnees[0] & 2) != 0 ? "ENQ.TXT" : "ENQ.CSV", source);
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  const fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
+  dossier.Ecrire((choix & 2) != 0 ? "ENQ.TXT" : "ENQ.CSV", entree.Reste());
   dossier.Ecrire("ENQ.POS", kAncienPos);
   dossier.Ecrire("ENQ.DAT", kAncienDat);
 
-  quelvar::Dialogue dialogue;
-  const bool sansIntitules = (donnees[0] & 1) != 0;
-  const quelvar::Fin fin = quelvar::capture::ImportCsv(dossier.Contexte(dialogue), {.sansIntitules = sansIntitules});
+  const quelvar::Contexte contexte = dossier.Contexte();
+  const bool sansIntitules = (choix & 1) != 0;
+  const quelvar::Fin fin = quelvar::capture::ImportCsv(contexte, {.sansIntitules = sansIntitules});
   if (!dossier.Existe("ENQ.IMP") || dossier.Lire("ENQ.PO2") != kAncienPos) std::abort();
   if (fin == quelvar::Fin::Arret) {
     if (dossier.Lire("ENQ.POS") != kAncienPos || dossier.Lire("ENQ.DAT") != kAncienDat) std::abort();
     return 0;
   }
   if (dossier.Existe("ENQ.POS") == sansIntitules) std::abort();
-  quelvar::sorts::Triapl(dossier.Contexte(dialogue), {});
+  quelvar::sorts::Triapl(contexte, {});
   return 0;
 }

@@ -23,19 +23,16 @@ bool ForceEnregistrementsVides(std::string_view source) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  const std::string_view source(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
-  if (ForceEnregistrementsVides(source)) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  dossier.Ecrire("ENQ.DBF", source);
+  const fuzz::Entree entree(donnees, taille, 1);
+  if (ForceEnregistrementsVides(entree.Reste())) return 0;
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  dossier.Ecrire("ENQ.DBF", entree.Reste());
   dossier.Ecrire("ENQ.POS", kAncienPos);
   dossier.Ecrire("ENQ.DAT", kAncien);
   dossier.Ecrire("ENQ.BRT", kAncien);
 
-  quelvar::Dialogue dialogue;
-  const bool tableau = (donnees[0] & 1) != 0;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const bool tableau = (entree.Option() & 1) != 0;
+  const quelvar::Contexte contexte = dossier.Contexte();
   const quelvar::Fin fin =
       tableau ? quelvar::capture::ImportTableau(contexte, {}) : quelvar::capture::ImportDbf(contexte, {});
   if (!dossier.Existe("ENQ.IMP")) std::abort();

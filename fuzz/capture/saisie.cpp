@@ -26,23 +26,21 @@ quelvar::capture::LectureDeLigne LignesDe(std::string_view texte) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0 || taille > kTouchesAuPlus) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  fuzz::Morceaux morceaux(std::string_view(reinterpret_cast<const char*>(donnees) + 1, taille - 1));
-  dossier.Ecrire("ENQ.DES", morceaux.Suivant());
-  const std::string ancien(morceaux.Suivant());
+  if (taille > kTouchesAuPlus) return 0;
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  dossier.Distribuer(entree, {"ENQ.DES"});
+  const std::string ancien(entree.Suivant());
   if (!ancien.empty()) dossier.Ecrire("ENQ.DAT", ancien);
-  dossier.Ecrire("ENQ.MOD", morceaux.Suivant());
+  dossier.Distribuer(entree, {"ENQ.MOD"});
 
   quelvar::capture::OptionsSaisie options;
   options.synchroniser = false;
-  options.directe = (donnees[0] & 1) != 0;
-  if ((donnees[0] & 2) != 0) options.entree = quelvar::capture::ModeDEntree::Enregistrements;
+  options.directe = (entree.Option() & 1) != 0;
+  if ((entree.Option() & 2) != 0) options.entree = quelvar::capture::ModeDEntree::Enregistrements;
 
-  quelvar::Dialogue dialogue;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
-  quelvar::capture::Saisie(contexte, options, LignesDe(morceaux.Suivant()));
+  const quelvar::Contexte contexte = dossier.Contexte();
+  quelvar::capture::Saisie(contexte, options, LignesDe(entree.Suivant()));
   if (!dossier.Existe("ENQ.DAT")) return 0;
   const std::string faits = dossier.Lire("ENQ.DAT");
   if (faits != ancien && !faits.empty() && !faits.ends_with("\r\n")) std::abort();

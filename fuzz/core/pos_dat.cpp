@@ -5,6 +5,7 @@
 
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
+#include "fuzz/support/entree.h"
 #include "fuzz/support/fichier_memoire.h"
 
 namespace {
@@ -32,10 +33,10 @@ void LireTout(std::string_view dictionnaire, std::string_view donnees) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  const std::string_view octets(reinterpret_cast<const char*>(donnees), taille);
-  const std::size_t coupe = octets.find('\xFF');
+  fuzz::Entree entree(donnees, taille, 0);
+  const std::string_view pos = entree.Suivant();
   try {
-    LireTout(octets.substr(0, coupe), coupe == octets.npos ? "" : octets.substr(coupe + 1));
+    LireTout(pos, entree.Reste());
   } catch (const quelvar::Erreur& erreur) {
     if (quelvar::TexteErreur(erreur.Numero()).empty()) std::abort();
   }

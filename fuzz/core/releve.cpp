@@ -10,8 +10,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   constexpr std::string_view kFait = "fait\r\n";
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
   const quelvar::Chemin releve = quelvar::CheminDeReleve(dossier.Chemin(), "ENQ");
   dossier.Ecrire(releve.filename().native(), {reinterpret_cast<const char*>(donnees), taille});
   dossier.Ecrire("ENQ.POS", kFait);

@@ -10,20 +10,13 @@
 #include "fuzz/support/dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const unsigned choix = donnees[0];
-  fuzz::Morceaux morceaux({reinterpret_cast<const char*>(donnees) + 1, taille - 1});
-  const std::string pos(morceaux.Suivant());
-  const std::string dat(morceaux.Suivant());
-  dossier.Ecrire("ENQ.POS", pos);
-  dossier.Ecrire("ENQ.DAT", dat);
-  if (const std::string_view mod = morceaux.Suivant(); !mod.empty()) dossier.Ecrire("ENQ.MOD", mod);
-  if (const std::string_view trg = morceaux.Suivant(); !trg.empty()) dossier.Ecrire("ENQ.TRG", trg);
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
+  const fuzz::Contenus lus = dossier.Distribuer(entree, {"ENQ.POS", "ENQ.DAT"});
+  dossier.Distribuer(entree, {"ENQ.MOD", "ENQ.TRG"}, fuzz::PieceVide::Absent);
 
-  quelvar::Dialogue dialogue;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const quelvar::Contexte contexte = dossier.Contexte();
   const auto enquete = quelvar::crosstab::PreparerCroise(contexte, {});
   if (!dossier.Existe("ENQ.TCR")) std::abort();
   if (!enquete || enquete->questions.empty()) return 0;
@@ -45,6 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   const auto resultat = quelvar::crosstab::LancerCroise(contexte, *enquete, demande);
   if (!dossier.Lire("ENQ.TCR").starts_with(avant)) std::abort();
   if (resultat && resultat->isoleEcrit != (dossier.Existe("ENQ.BRT") && demande.tableauIsole)) std::abort();
-  if (dossier.Lire("ENQ.POS") != pos || dossier.Lire("ENQ.DAT") != dat) std::abort();
+  dossier.ExigerIntacts(lus);
   return 0;
 }

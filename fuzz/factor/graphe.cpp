@@ -3,7 +3,6 @@
 // byte), .CAH, .FI2, .BRT and .AFC.
 #include "factor/plan/graphe.h"
 
-#include <array>
 #include <cstdint>
 #include <cstdlib>
 
@@ -23,19 +22,14 @@ std::string Binaire(std::string_view chiffres) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const unsigned choix = donnees[0];
-  fuzz::Morceaux morceaux({reinterpret_cast<const char*>(donnees) + 1, taille - 1});
-  constexpr std::array<const char*, 8> noms = {"ENQ.MOD", "ENQ.FAJ", "ENQ.FAI", "ENQ.PEM",
-                                               "ENQ.CAH", "ENQ.FI2", "ENQ.BRT", "ENQ.AFC"};
-  std::array<std::string, noms.size()> contenus;
-  for (std::size_t i = 0; i < noms.size(); ++i) {
-    contenus[i] = morceaux.Suivant();
-    if (i == 3) contenus[i] = Binaire(contenus[i]);
-    if (!contenus[i].empty()) dossier.Ecrire(noms[i], contenus[i]);
-  }
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
+  fuzz::Contenus lus = dossier.Distribuer(
+      entree, {"ENQ.MOD", "ENQ.FAJ", "ENQ.FAI", "ENQ.PEM", "ENQ.CAH", "ENQ.FI2", "ENQ.BRT", "ENQ.AFC"},
+      fuzz::PieceVide::Absent);
+  if (const auto liens = lus.find("ENQ.PEM"); liens != lus.end())
+    dossier.Ecrire("ENQ.PEM", liens->second = Binaire(liens->second));
   quelvar::factor::OptionsGraphe options;
   if ((choix & 1) != 0) options.vertical = "CPF";
   options.contributions = (choix & 2) != 0;
@@ -48,10 +42,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     options.ellipses = "CMI";
     options.marques = {"A1", "B2"};
   }
-  quelvar::Dialogue dialogue;
-  const bool fini = quelvar::factor::Graphe(dossier.Contexte(dialogue), options) == quelvar::Fin::Normale;
+  const bool fini = quelvar::factor::Graphe(dossier.Contexte(), options) == quelvar::Fin::Normale;
   if (!dossier.Existe("ENQ.PRT") || (fini && !dossier.Existe("ENQFac.svg"))) std::abort();
-  for (std::size_t i = 0; i < noms.size(); ++i)
-    if (!contenus[i].empty() && dossier.Lire(noms[i]) != contenus[i]) std::abort();
+  dossier.ExigerIntacts(lus);
   return 0;
 }

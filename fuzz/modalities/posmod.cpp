@@ -10,17 +10,12 @@
 #include "tables/ecapem.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const unsigned choix = donnees[0];
-  fuzz::Morceaux morceaux({reinterpret_cast<const char*>(donnees) + 1, taille - 1});
-  const std::string pos(morceaux.Suivant());
-  const std::string dat(morceaux.Suivant());
-  const std::string mod(morceaux.Suivant());
-  dossier.Ecrire("ENQ.POS", pos);
-  dossier.Ecrire("ENQ.DAT", dat);
-  if (!mod.empty()) dossier.Ecrire("ENQ.MOD", mod);
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
+  const fuzz::Contenus pos = dossier.Distribuer(entree, {"ENQ.POS"});
+  const fuzz::Contenus dat = dossier.Distribuer(entree, {"ENQ.DAT"});
+  const fuzz::Contenus mod = dossier.Distribuer(entree, {"ENQ.MOD"}, fuzz::PieceVide::Absent);
 
   quelvar::modalities::OptionsPosmod options;
   options.mode = (choix & 1) != 0 ? quelvar::modalities::ModePosmod::Regr : quelvar::modalities::ModePosmod::Afc;
@@ -28,14 +23,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   options.individus = (choix & 4) != 0;
   options.verifierCodesMax = (choix & 8) == 0;
   options.oublierAnciennes = (choix & 16) != 0;
-  quelvar::Dialogue dialogue;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const quelvar::Contexte contexte = dossier.Contexte();
   const bool complete = quelvar::modalities::Posmod(contexte, options) == quelvar::Fin::Normale;
   // A choice that is refused shows its sentence and leaves the reports as they were.
   if (complete && !dossier.Existe("ENQ.PRT")) std::abort();
-  if (dossier.Lire("ENQ.DAT") != dat || dossier.Existe("ENQ.BRT") != complete) std::abort();
-  if (!complete && (dossier.Lire("ENQ.POS") != pos || dossier.Existe("ENQ.MOD") != !mod.empty())) std::abort();
-  if (!complete && !mod.empty() && dossier.Lire("ENQ.MOD") != mod) std::abort();
-  if (complete) quelvar::tables::Ecapem(contexte, {});
+  dossier.ExigerIntacts(dat);
+  if (dossier.Existe("ENQ.BRT") != complete) std::abort();
+  if (complete) {
+    quelvar::tables::Ecapem(contexte, {});
+    return 0;
+  }
+  dossier.ExigerIntacts(pos);
+  dossier.ExigerIntacts(mod);
+  if (dossier.Existe("ENQ.MOD") == mod.empty()) std::abort();
   return 0;
 }

@@ -9,16 +9,12 @@
 #include "regression/reglin/reglin.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string_view reste(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
-  const std::size_t coupe = reste.find('\xFF');
-  dossier.Ecrire("ENQ.MOD", reste.substr(0, coupe));
-  if (coupe != reste.npos) dossier.Ecrire("ENQ.CDG", reste.substr(coupe + 1));
-  quelvar::Dialogue dialogue;
-  const bool numerique = (donnees[0] & 1) != 0;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  const std::string_view reste = entree.Reste();
+  dossier.Distribuer(entree, {"ENQ.MOD", "ENQ.CDG"});
+  const bool numerique = (entree.Option() & 1) != 0;
+  const quelvar::Contexte contexte = dossier.Contexte();
   const quelvar::Fin fin = numerique ? quelvar::regression::Reglin(contexte) : quelvar::regression::Anatab(contexte);
   const std::string rapport = dossier.Lire(numerique ? "ENQ.REG" : "ENQ.TRP");
   if (fin == quelvar::Fin::Normale && rapport.find("Fin normale") == rapport.npos) std::abort();

@@ -28,16 +28,13 @@ std::vector<std::string> PremieresQuestions(const quelvar::Contexte& contexte) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string_view tout(reinterpret_cast<const char*>(donnees), taille);
-  const std::size_t coupe = tout.find('\xFF');
-  dossier.Ecrire("ENQ.POS", tout.substr(0, coupe));
-  if (coupe != tout.npos) dossier.Ecrire("ENQ.DAT", tout.substr(coupe + 1));
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 0);
+  const std::string_view tout = entree.Reste();
+  dossier.Distribuer(entree, {"ENQ.POS", "ENQ.DAT"});
   dossier.Ecrire("ENQ.MOD", kAncienMod);
 
-  quelvar::Dialogue dialogue;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const quelvar::Contexte contexte = dossier.Contexte();
   quelvar::regression::OptionsVarint options;
   options.questions = PremieresQuestions(contexte);
   std::vector<quelvar::GroupeDeBarres> profils;

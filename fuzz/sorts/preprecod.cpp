@@ -9,27 +9,25 @@
 #include "sorts/preparation/script.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string_view entree(reinterpret_cast<const char*>(donnees), taille);
-  fuzz::Morceaux morceaux(entree);
-  const std::string pos(morceaux.Suivant());
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 0);
+  const std::string pos(entree.Suivant());
   dossier.Ecrire("ENQ.POS", pos);
   quelvar::sorts::OptionsPrepRecod options;
-  if (const std::string_view nom = morceaux.Suivant(); !nom.empty()) options.ponderation = std::string(nom);
-  if (const std::string_view nom = morceaux.Suivant(); !nom.empty())
+  if (const std::string_view nom = entree.Suivant(); !nom.empty()) options.ponderation = std::string(nom);
+  if (const std::string_view nom = entree.Suivant(); !nom.empty())
     options.filtre = {quelvar::sorts::SensFiltre::Inclure, {{std::string(nom), 1}}};
   for (int i = 0; i < 8; ++i) {
-    const std::string_view question = morceaux.Suivant();
-    const std::string_view regle = morceaux.Suivant();
+    const std::string_view question = entree.Suivant();
+    const std::string_view regle = entree.Suivant();
     if (!question.empty()) options.regles.emplace_back(question, regle);
   }
-  quelvar::Dialogue dialogue;
-  const quelvar::Contexte contexte = dossier.Contexte(dialogue);
+  const quelvar::Contexte contexte = dossier.Contexte();
   const bool fini = quelvar::sorts::PreparerParScript(contexte, options) == quelvar::Fin::Normale;
-  if (!fini && dossier.Lire("ENQ.POS") != pos) std::abort();
-  if (!fini) return 0;
-  std::string apres = dossier.Lire("ENQ.POS");
+  if (!fini) {
+    dossier.ExigerIntacts({{"ENQ.POS", pos}});
+    return 0;
+  }
   const std::size_t questions = quelvar::LirePos(contexte.Exiger(".POS")).questions.size();
   dossier.Ecrire("ENQ.POS", pos);
   if (questions != quelvar::LirePos(contexte.Exiger(".POS")).questions.size()) std::abort();

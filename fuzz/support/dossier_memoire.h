@@ -4,14 +4,22 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
 #include "core/programme/programme.h"
+#include "fuzz/support/entree.h"
 
 namespace fuzz {
+
+// What was written into files, by their names.
+using Contenus = std::map<std::string, std::string>;
+
+// What becomes of a file whose piece is empty.
+enum class PieceVide { Fichier, Absent };
 
 class DossierMemoire {
  public:
@@ -34,25 +42,38 @@ class DossierMemoire {
   std::string Lire(std::string_view nom) const { return quelvar::LireOctets(chemin_ / nom); }
   bool Existe(std::string_view nom) const { return std::filesystem::exists(chemin_ / nom); }
 
-  quelvar::Contexte Contexte(quelvar::Dialogue& dialogue) const { return {chemin_, "ENQ", 1, &dialogue}; }
+  // Writes the next pieces into these files, as far as pieces come; what was written.
+  Contenus Distribuer(Entree& entree, std::initializer_list<const char*> noms,
+                      PieceVide vide = PieceVide::Fichier) const {
+    Contenus ecrits;
+    for (const char* nom : noms) {
+      if (!entree.Encore()) break;
+      const std::string_view piece = entree.Suivant();
+      if (piece.empty() && vide == PieceVide::Absent) continue;
+      Ecrire(nom, piece);
+      ecrits.emplace(nom, piece);
+    }
+    return ecrits;
+  }
+  // Stops where one of these files is gone or is not what was written.
+  void ExigerIntacts(const Contenus& ecrits) const {
+    for (const auto& [nom, octets] : ecrits)
+      if (!Existe(nom) || Lire(nom) != octets) std::abort();
+  }
+
+  // A run on the generic ENQ before a screen that gives the first answer to everything.
+  quelvar::Contexte Contexte() const { return {chemin_, "ENQ", quelvar::kNiveauSimple, &dialogue_}; }
 
  private:
   std::filesystem::path chemin_;
+  mutable quelvar::Dialogue dialogue_;
 };
 
-// An input cut at each byte FF hex; behind the last piece come empty ones.
-class Morceaux {
- public:
-  explicit Morceaux(std::string_view octets) : reste_(octets) {}
-  std::string_view Suivant() {
-    const std::size_t coupe = reste_.find('\xFF');
-    const std::string_view debut = reste_.substr(0, coupe);
-    reste_.remove_prefix(coupe == std::string_view::npos ? reste_.size() : coupe + 1);
-    return debut;
-  }
-
- private:
-  std::string_view reste_;
-};
+// The directory of a target, empty.
+inline const DossierMemoire& DossierVide() {
+  static const DossierMemoire dossier;
+  dossier.Vider();
+  return dossier;
+}
 
 }  // namespace fuzz

@@ -23,26 +23,18 @@ void Verifier(const fuzz::DossierMemoire& dossier, quelvar::Fin fin) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille == 0) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 1);
+  const unsigned choix = entree.Option();
   dossier.Ecrire("ENQ.PEM", kAnciensLiens);
-  std::string_view reste(reinterpret_cast<const char*>(donnees) + 1, taille - 1);
-  for (const char* nom : {"ENQ.MOD", "ENQ.BRT", "ENQ.POS", "ENQ.NT1"}) {
-    const std::size_t coupe = reste.find('\xFF');
-    dossier.Ecrire(nom, reste.substr(0, coupe));
-    if (coupe == reste.npos) break;
-    reste.remove_prefix(coupe + 1);
-  }
+  dossier.Distribuer(entree, {"ENQ.MOD", "ENQ.BRT", "ENQ.POS", "ENQ.NT1"});
   quelvar::tables::OptionsEcapem options;
-  options.cliques = (donnees[0] & 1) != 0;
-  options.intitules =
-      (donnees[0] & 2) != 0 ? quelvar::tables::ModeIntitules::Courts : quelvar::tables::ModeIntitules::Longs;
-  options.diagonalisation = (donnees[0] & 4) != 0;
-  options.liensLignes = (donnees[0] & 8) != 0;
-  options.tousTableaux = (donnees[0] & 16) != 0;
-  if ((donnees[0] & 32) != 0) options.seuil = quelvar::tables::SeuilAnnonce::Gendat;
-  quelvar::Dialogue dialogue;
-  Verifier(dossier, quelvar::tables::Ecapem(dossier.Contexte(dialogue), options));
+  options.cliques = (choix & 1) != 0;
+  options.intitules = (choix & 2) != 0 ? quelvar::tables::ModeIntitules::Courts : quelvar::tables::ModeIntitules::Longs;
+  options.diagonalisation = (choix & 4) != 0;
+  options.liensLignes = (choix & 8) != 0;
+  options.tousTableaux = (choix & 16) != 0;
+  if ((choix & 32) != 0) options.seuil = quelvar::tables::SeuilAnnonce::Gendat;
+  Verifier(dossier, quelvar::tables::Ecapem(dossier.Contexte(), options));
   return 0;
 }

@@ -16,7 +16,7 @@ namespace {
 
 using namespace quelvar;
 
-void Preparer(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std::uint8_t choix) {
+void Preparer(const fuzz::DossierMemoire& dossier, const Contexte& contexte, unsigned choix) {
   text::OptionsPrepText options;
   options.accents = (choix & 1) != 0;
   options.ponctuation = (choix & 2) != 0;
@@ -27,7 +27,7 @@ void Preparer(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std
   if (text::PrepText(contexte, options, nouveau) == Fin::Normale && !dossier.Existe(nouveau + ".txt")) std::abort();
 }
 
-void Trier(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std::uint8_t choix) {
+void Trier(const fuzz::DossierMemoire& dossier, const Contexte& contexte, unsigned choix) {
   utilities::OptionsTriFichier options;
   options.fichierA = "ENQ.txt";
   options.fichierC = "TRIE.txt";
@@ -46,15 +46,13 @@ void Trier(const fuzz::DossierMemoire& dossier, const Contexte& contexte, std::u
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille < 2) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  const std::string texte(reinterpret_cast<const char*>(donnees) + 2, taille - 2);
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  const fuzz::Entree entree(donnees, taille, 2);
+  const std::string texte(entree.Reste());
   dossier.Ecrire("ENQ.txt", texte);
-  Dialogue dialogue;
-  const Contexte contexte = dossier.Contexte(dialogue);
-  if ((donnees[0] & 1) != 0) Preparer(dossier, contexte, donnees[1]);
-  else Trier(dossier, contexte, donnees[1]);
-  if (dossier.Lire("ENQ.txt") != texte) std::abort();
+  const Contexte contexte = dossier.Contexte();
+  if ((entree.Option(0) & 1) != 0) Preparer(dossier, contexte, entree.Option(1));
+  else Trier(dossier, contexte, entree.Option(1));
+  dossier.ExigerIntacts({{"ENQ.txt", texte}});
   return 0;
 }

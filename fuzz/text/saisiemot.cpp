@@ -16,30 +16,29 @@ constexpr std::string_view kAncienDat = "1mot mot       $$\r\n";
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille < 4) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  dossier.Ecrire("ENQ.TXT", std::string_view(reinterpret_cast<const char*>(donnees) + 4, taille - 4));
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  const fuzz::Entree entree(donnees, taille, 4);
+  dossier.Ecrire("ENQ.TXT", entree.Reste());
   dossier.Ecrire("ENQ.POS", kAncienPos);
   dossier.Ecrire("ENQ.DAT", kAncienDat);
 
   quelvar::text::OptionsSaisieMot options;
-  options.position = 1 + donnees[0] % 30;
-  options.mode = static_cast<quelvar::text::ModeStimulus>(1 + donnees[1] % 5);
-  options.positionStimulus = 1 + donnees[1] / 5 % options.position;
-  options.lignesMax = 1 + donnees[2] % 3;
-  options.themes = (donnees[3] & 1) != 0;
-  options.auxiliaires = (donnees[3] & 2) != 0;
-  if ((donnees[3] & 4) != 0) options.vide = quelvar::text::ReponseVide::Supprimee;
+  const auto option = [&](std::size_t rang) { return static_cast<int>(entree.Option(rang)); };
+  options.position = 1 + option(0) % 30;
+  options.mode = static_cast<quelvar::text::ModeStimulus>(1 + option(1) % 5);
+  options.positionStimulus = 1 + option(1) / 5 % options.position;
+  options.lignesMax = 1 + option(2) % 3;
+  options.themes = (option(3) & 1) != 0;
+  options.auxiliaires = (option(3) & 2) != 0;
+  if ((option(3) & 4) != 0) options.vide = quelvar::text::ReponseVide::Supprimee;
 
-  quelvar::Dialogue dialogue;
-  const quelvar::Fin fin = quelvar::text::SaisieMot(dossier.Contexte(dialogue), options);
+  const quelvar::Contexte contexte = dossier.Contexte();
+  const quelvar::Fin fin = quelvar::text::SaisieMot(contexte, options);
   if (!dossier.Existe("ENQ.IMP")) std::abort();
   if (fin == quelvar::Fin::Arret) {
     if (dossier.Lire("ENQ.POS") != kAncienPos || dossier.Lire("ENQ.DAT") != kAncienDat) std::abort();
     return 0;
   }
-  if (quelvar::text::TabMot(dossier.Contexte(dialogue), {}) == quelvar::Fin::Normale && !dossier.Existe("ENQ.BRT"))
-    std::abort();
+  if (quelvar::text::TabMot(contexte, {}) == quelvar::Fin::Normale && !dossier.Existe("ENQ.BRT")) std::abort();
   return 0;
 }

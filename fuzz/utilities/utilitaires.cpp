@@ -3,7 +3,6 @@
 // options, then the bytes of .MOD, .BRT, .POS, .DAT and .TRG with FF hex between them.
 #include <cstdint>
 #include <cstdlib>
-#include <iterator>
 #include <string>
 
 #include "factor/profil/profilmod.h"
@@ -21,10 +20,9 @@ namespace {
 
 using namespace quelvar;
 
-constexpr const char* kEntrees[] = {"ENQ.MOD", "ENQ.BRT", "ENQ.POS", "ENQ.DAT", "ENQ.TRG"};
 constexpr std::size_t kLongueurLaPlusGrande = 1 << 14;  // a table may ask for a million individuals
 
-utilities::OptionsFusion Fusion(std::uint8_t choix) {
+utilities::OptionsFusion Fusion(unsigned choix) {
   utilities::OptionsFusion options;
   options.a = "ENQ.DAT";
   options.b = "ENQ.BRT";
@@ -37,7 +35,7 @@ utilities::OptionsFusion Fusion(std::uint8_t choix) {
 }
 
 // The name of the report that the run must leave; empty for one that leaves none.
-std::string Lancer(const Contexte& contexte, std::uint8_t programme, std::uint8_t choix) {
+std::string Lancer(const Contexte& contexte, unsigned programme, unsigned choix) {
   switch (programme % 7) {
     case 0: utilities::Inverser(contexte, {(choix & 1) != 0}); return "ENQ.prt";
     case 1: utilities::ExporterCsv(contexte, {(choix & 1) != 0, (choix & 2) != 0, (choix & 4) != 0}); return {};
@@ -67,24 +65,12 @@ std::string Lancer(const Contexte& contexte, std::uint8_t programme, std::uint8_
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  if (taille < 2 || taille > kLongueurLaPlusGrande) return 0;
-  static const fuzz::DossierMemoire dossier;
-  dossier.Vider();
-  std::string contenus[std::size(kEntrees)];
-  std::string_view reste(reinterpret_cast<const char*>(donnees) + 2, taille - 2);
-  std::size_t presentes = 0;
-  while (presentes < std::size(kEntrees)) {
-    const std::size_t coupe = reste.find('\xFF');
-    contenus[presentes] = reste.substr(0, coupe);
-    dossier.Ecrire(kEntrees[presentes], contenus[presentes]);
-    ++presentes;
-    if (coupe == reste.npos) break;
-    reste.remove_prefix(coupe + 1);
-  }
-  Dialogue dialogue;
-  const std::string rapport = Lancer(dossier.Contexte(dialogue), donnees[0], donnees[1]);
+  if (taille > kLongueurLaPlusGrande) return 0;
+  const fuzz::DossierMemoire& dossier = fuzz::DossierVide();
+  fuzz::Entree entree(donnees, taille, 2);
+  const fuzz::Contenus lus = dossier.Distribuer(entree, {"ENQ.MOD", "ENQ.BRT", "ENQ.POS", "ENQ.DAT", "ENQ.TRG"});
+  const std::string rapport = Lancer(dossier.Contexte(), entree.Option(0), entree.Option(1));
   if (!rapport.empty() && !dossier.Existe(rapport)) std::abort();
-  for (std::size_t i = 0; i < presentes; ++i)
-    if (dossier.Lire(kEntrees[i]) != contenus[i]) std::abort();
+  dossier.ExigerIntacts(lus);
   return 0;
 }

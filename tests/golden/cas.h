@@ -34,7 +34,7 @@ struct Cas {
 // What the runs left: the files of the working directory by relative name, and what they told.
 struct Constat {
   std::map<std::string, std::string> fichiers;
-  std::vector<int> statuts;  //< exit status of each run; minus the signal when one killed it
+  std::vector<int> statuts;  // exit status of each run; minus the signal when one killed it
   std::string sortie;
   std::string boites;
 };

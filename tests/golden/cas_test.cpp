@@ -41,7 +41,7 @@ const std::string juste = R"("printf 'il y a  2 \r\n' > ENQ.TAP)";
 struct Ligne {
   const char* nom;
   std::string commande;
-  const char* attendu;  //< part of the verdict; "" when the case must pass
+  const char* attendu;  // part of the verdict; "" when the case must pass
 };
 
 class Verdicts : public testing::TestWithParam<Ligne> {};
