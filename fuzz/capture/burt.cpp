@@ -1,11 +1,10 @@
 // Any text as a counted table: a stopped import leaves the former files whole, what it made can be analysed, and a
 // table, imported or not, gives individuals that can be sorted. Input: one byte of options, then the bytes of the text,
 // or of .MOD and .BRT with FF hex between them.
-#include "capture/burt/import.h"
-
 #include <cstdint>
 #include <cstdlib>
 
+#include "capture/burt/import.h"
 #include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 #include "tables/ecapem.h"
