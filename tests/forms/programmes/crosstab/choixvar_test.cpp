@@ -3,12 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
 
 #include "forms/programmes/crosstab/bureaudenquete.h"
 
