@@ -55,6 +55,10 @@ std::vector<Commencement> Commencements(const std::vector<Option>& options, cons
 }
 
 // A sign that a shell takes as it stands.
+constexpr char kEntreNoms = ',';
+constexpr char kProtection = '\\';
+bool EstProtegeDansUneListe(char c) { return c == kEntreNoms || c == kProtection; }
+
 bool SansDanger(char c) {
   constexpr std::string_view kSignes = "_.,:/=+-@%";
   return EstChiffre(c) || (Minuscule(c) >= 'a' && Minuscule(c) <= 'z') || kSignes.find(c) != std::string_view::npos;
@@ -136,17 +140,30 @@ void ExigerSvg(std::string_view nom, std::string_view valeur) {
 std::vector<std::string> NomsSepares(std::string_view texte) {
   std::vector<std::string> noms;
   if (texte.empty()) return noms;
-  for (std::size_t virgule = 0; virgule != std::string_view::npos;) {
-    virgule = texte.find(',');
-    noms.emplace_back(Rogner(texte.substr(0, virgule)));
-    if (virgule != std::string_view::npos) texte.remove_prefix(virgule + 1);
+  std::string nom;
+  const auto finir = [&] {
+    noms.emplace_back(Rogner(nom));
+    nom.clear();
+  };
+  for (std::size_t i = 0; i < texte.size(); ++i) {
+    const bool protege = texte[i] == kProtection && i + 1 < texte.size() && EstProtegeDansUneListe(texte[i + 1]);
+    if (protege) nom += texte[++i];
+    else if (texte[i] == kEntreNoms) finir();
+    else nom += texte[i];
   }
+  finir();
   return noms;
 }
 
 std::string NomsJoints(const std::vector<std::string>& noms) {
   std::string texte;
-  for (std::size_t i = 0; i < noms.size(); ++i) texte += (i == 0 ? "" : ",") + noms[i];
+  for (const std::string& nom : noms) {
+    if (&nom != &noms.front()) texte += kEntreNoms;
+    for (const char c : nom) {
+      if (EstProtegeDansUneListe(c)) texte += kProtection;
+      texte += c;
+    }
+  }
   return texte;
 }
 

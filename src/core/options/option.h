@@ -86,7 +86,7 @@ std::string EcrireReel(double valeur);
 // Refuses the name of a picture that is not ".svg" behind a name. Raises UsageIncorrect.
 void ExigerSvg(std::string_view nom, std::string_view valeur);
 
-// The names of a list separated by commas; an empty text holds none. Blanks around a name go.
+// The names of a list between commas; blanks around a name go, its own commas stand behind a "\". Empty: no name.
 std::vector<std::string> NomsSepares(std::string_view texte);
 std::string NomsJoints(const std::vector<std::string>& noms);
 

@@ -1,9 +1,12 @@
 #include "factor/plan/graphe.h"
 
+#include <algorithm>
+
 #include "core/dessin/svg.h"
 #include "core/programme/ancienrapport.h"
 #include "core/programme/refus.h"
 #include "core/texte/nombres.h"
+#include "factor/plan/graphe_options.h"
 
 namespace quelvar::factor {
 
@@ -197,12 +200,19 @@ void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
   const Fenetre& f = etat.cadre.limites;
   const double largeur = f.droite - f.gauche;
   const double hauteur = f.haut - f.bas;
-  const auto entier = [](double valeur) { return static_cast<int>(ArrondirPair(valeur)); };
-  options.page = entier(100 * etat.cadre.page);
-  options.zoomLargeur = entier(100 * etat.cadre.page * (depart.droite - depart.gauche) / largeur);
-  options.zoomHauteur = entier(100 * etat.cadre.page * (depart.haut - depart.bas) / hauteur);
-  options.versLaDroite = entier(kUnitesDeFenetre / 2 * (depart.droite + depart.gauche - f.droite - f.gauche) / largeur);
-  options.versLeHaut = entier(kUnitesDeFenetre / 2 * (depart.haut + depart.bas - f.haut - f.bas) / hauteur);
+  const auto zoom = [&](double agrandissement) {
+    return static_cast<int>(
+        ArrondirPair(std::clamp<double>(100 * etat.cadre.page * agrandissement, kZoomAuMoins, kZoomAuPlus)));
+  };
+  const auto pas = [](double fenetres) {
+    return static_cast<int>(
+        ArrondirPair(std::clamp<double>(kUnitesDeFenetre * fenetres, -kDeplacementAuPlus, kDeplacementAuPlus)));
+  };
+  options.page = static_cast<int>(ArrondirPair(100 * etat.cadre.page));
+  options.zoomLargeur = zoom((depart.droite - depart.gauche) / largeur);
+  options.zoomHauteur = zoom((depart.haut - depart.bas) / hauteur);
+  options.versLaDroite = pas((depart.droite + depart.gauche - f.droite - f.gauche) / 2 / largeur);
+  options.versLeHaut = pas((depart.haut + depart.bas - f.haut - f.bas) / 2 / hauteur);
 }
 
 }  // namespace

@@ -12,11 +12,8 @@ using Textes = std::vector<std::string>;
 constexpr int kLiensAuPlus = 999999999;  // as many digits as an option takes
 constexpr int kClassesAuPlus = 99999;    // more than a tree that fits the memory leaves
 // The limits of the picture.
-constexpr int kZoomAuMoins = 10;  // percent
-constexpr int kZoomAuPlus = 10000;
 constexpr int kPageAuMoins = static_cast<int>(100 * kPageMinimum);
 constexpr int kPageAuPlus = static_cast<int>(100 * kPageMaximum);
-constexpr int kDeplacementAuPlus = 5000;  // thousandths: five windows
 constexpr std::array<std::string_view, 3> kEllipses = {"concentration", "mediane", "indicatrice"};
 
 // A text of the struct that is empty when the option is not given.
@@ -115,10 +112,10 @@ void DecrireLiens(Description<O>& description) {
       .Montre("CheckProg")
       .OuiNon("value", &O::values, "écrit la valeur des liens"_w)
       .Montre("BtVal")
-      .Reel("ecmin", &O::ecMin, "valeur minimum des liens")
+      .Reel("ecmin", &O::ecMin, -kLimiteDeLienAuPlus, kLimiteDeLienAuPlus, "valeur minimum des liens")
       .Defaut("0, ou 90 pour les liens entre lignes")
       .Montre("EcMinVal")
-      .Reel("ecsup", &O::ecSup, "valeur maximum des liens")
+      .Reel("ecsup", &O::ecSup, -kLimiteDeLienAuPlus, kLimiteDeLienAuPlus, "valeur maximum des liens")
       .Montre("EcSupVal")
       .Choix("mode", &O::mode,
              {{"0", ModeArbre::TousLesLiens},

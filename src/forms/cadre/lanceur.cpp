@@ -1,7 +1,6 @@
 #include "forms/cadre/lanceur.h"
 
 #include <QApplication>
-#include <new>
 #include <optional>
 #include <utility>
 
@@ -70,13 +69,11 @@ bool Lanceur::Executer(const Programme& programme) {
   bool fait = true;
   try {
     programme(contexte_());
-  } catch (const Erreur& erreur) {
-    echec = erreur;
   } catch (const Annulation&) {
     echec = Erreur(kArretAnnonce, std::string(kArretVolontaire));
     fait = false;
-  } catch (const std::bad_alloc&) {
-    echec = Erreur(kMemoireInsuffisante);
+  } catch (...) {
+    echec = ErreurEnCours();
   }
   if (echec) echec_(*echec);
   return fait;

@@ -45,6 +45,13 @@ Description<OptionsEssai> Essai() {
 
 OptionsEssai Lues(const LigneDOptions& ligne) { return Essai().Lire(ligne); }
 
+TEST(Options, AListKeepsTheCommasOfItsNames) {
+  for (const std::vector<std::string>& noms :
+       {std::vector<std::string>{}, {"SEX", "AGE"}, {"S,X"}, {",", "\\", "\\,", "A\\B"}, {"A", "", "B"}})
+    EXPECT_EQ(NomsSepares(NomsJoints(noms)), noms) << NomsJoints(noms);
+  EXPECT_EQ(NomsSepares(" A\\B , C\\"), (std::vector<std::string>{"A\\B", "C\\"})) << "as it is typed";
+}
+
 TEST(Description, OptionsAreSetWhateverTheirOrderAndTheirName) {
   struct Cas {
     LigneDOptions ligne;
