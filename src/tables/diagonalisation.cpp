@@ -1,5 +1,7 @@
 #include "tables/diagonalisation.h"
 
+#include <string>
+
 namespace quelvar::tables {
 
 namespace {
@@ -17,6 +19,14 @@ Diagonalisee Diagonalisation(const crosstab::TableauCompte& table, OrdresTries t
                                         Places(resultat.facteur.colonnes, tries.colonnes));
   resultat.maximum = crosstab::MaximumDe(resultat.table, crosstab::Bords::Tous);
   return resultat;
+}
+
+TableauEdite TableDeLAxe(std::span<const std::string_view> intitules, std::span<const double> coordonnees) {
+  TableauEdite axe;
+  for (const std::string_view intitule : intitules) axe.colonnes.push_back({std::string(intitule)});
+  Rangee& rangee = axe.rangees.emplace_back();
+  for (const double coordonnee : coordonnees) rangee.cellules.push_back({crosstab::kEnMilliemes * coordonnee});
+  return axe;
 }
 
 }  // namespace quelvar::tables

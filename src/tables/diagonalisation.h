@@ -2,6 +2,10 @@
 // with.
 #pragma once
 
+#include <span>
+#include <string_view>
+
+#include "core/resultats/tableau.h"
 #include "crosstab/tableau/ordre.h"
 
 namespace quelvar::tables {
@@ -20,5 +24,9 @@ struct Diagonalisee {
 
 // Extracts the first factor, then orders and loads the diagonal. Raises the failures of FacteurDe and MaximumDe.
 Diagonalisee Diagonalisation(const crosstab::TableauCompte& table, OrdresTries tries);
+
+// The first factor on one side of the table: the labels of its elements, and their coordinates in thousandths as the
+// one row.
+TableauEdite TableDeLAxe(std::span<const std::string_view> intitules, std::span<const double> coordonnees);
 
 }  // namespace quelvar::tables

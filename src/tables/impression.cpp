@@ -100,12 +100,12 @@ void ImprimerPourcentages(Rapport& rapport, const Presentation& presentation,
   imprimeur.Imprimer(pied);
 }
 
-// Coordinates in thousandths under the labels of their elements.
+// The coordinates under the labels of their elements.
 void ImprimerAxe(Rapport& rapport, std::span<const std::string_view> intitules, std::span<const double> coordonnees,
                  int largeur) {
-  TableauEdite axe{.coin = Blancs(5), .rangees = {{Blancs(2)}}};
-  for (const std::string_view intitule : intitules) axe.colonnes.push_back({std::string(intitule)});
-  for (const double coordonnee : coordonnees) axe.rangees[0].cellules.push_back({1000 * coordonnee});
+  TableauEdite axe = TableDeLAxe(intitules, coordonnees);
+  axe.coin = Blancs(5);
+  axe.rangees.front().titre = Blancs(2);
   ImprimerRangees(rapport, axe, {.places = {{.entiers = largeur, .titre = TitreDeColonne::ADroite}}});
   rapport.Ligne();
 }

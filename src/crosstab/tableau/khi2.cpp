@@ -1,5 +1,6 @@
 #include "crosstab/tableau/khi2.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -11,6 +12,7 @@ namespace {
 
 constexpr double kKhi2Nul = 0.0000001;
 constexpr double kDegresInfinis = 10000000000;
+constexpr std::size_t kColonnesDeMarque = 2;  // that the reports keep for it; three stars take one more
 
 // Area under the normal curve from minus infinity to z.
 double FonctionNormale(double z) {
@@ -37,12 +39,6 @@ double FonctionF(double f, double numerateur, double denominateur) {
   return FonctionNormale(EcartNormalDeF(f, numerateur, denominateur, kPuissances));
 }
 
-std::string_view Etoiles(double depassement) {
-  if (depassement > kSeuilDe10PourCent) return "ns";
-  if (depassement > kSeuilDe5PourCent) return "* ";
-  return depassement > kSeuilDe1PourCent ? "**" : "***";
-}
-
 }  // namespace
 
 int ClasseKhi2(double khi2, Borne borne) {
@@ -50,6 +46,19 @@ int ClasseKhi2(double khi2, Borne borne) {
   for (const double seuil : {kKhi2A10PourCent, kKhi2A5PourCent, kKhi2A1PourCent})
     classe += khi2 > seuil || (borne == Borne::Comprise && khi2 == seuil) ? 1 : 0;
   return classe;
+}
+
+int ClasseDuDepassement(double depassement) {
+  int classe = 0;
+  for (const double seuil : {kSeuilDe10PourCent, kSeuilDe5PourCent, kSeuilDe1PourCent})
+    classe += depassement > seuil ? 0 : 1;
+  return classe;
+}
+
+std::string_view MarqueDeClasse(int classe, std::size_t colonnes) {
+  static constexpr std::array<std::string_view, 4> kMarques = {"ns ", "*  ", "** ", "***"};
+  const std::string_view marque = kMarques.at(static_cast<std::size_t>(classe));
+  return marque.substr(0, std::max(std::min(marque.find(' '), marque.size()), colonnes));
 }
 
 double EcartNormalDeF(double f, double numerateur, double denominateur, const PuissancesDeF& puissances) {
@@ -71,7 +80,7 @@ ProbabiliteKhi2 ProbaKhi2(double degres, double khi2) {
   if (degres == 0) throw Erreur(kDivisionParZero);
   if (!(degres > 0)) throw Erreur(kArgumentIncorrect);
   const double p = FonctionF(khi2 / degres, degres, kDegresInfinis);
-  return {p, Etoiles(1 - p)};
+  return {p, MarqueDeClasse(ClasseDuDepassement(1 - p), kColonnesDeMarque)};
 }
 
 }  // namespace quelvar::crosstab

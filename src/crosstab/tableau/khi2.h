@@ -1,6 +1,7 @@
 // The probability of a chi-square and its stars, the routine of every program that tests.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -21,6 +22,12 @@ enum class Borne : std::uint8_t { Comprise, Exclue };
 
 // How many of the three bounds a chi-square of one degree of freedom has passed, from 0 to 3.
 int ClasseKhi2(double khi2, Borne borne);
+
+// The same by the probability that chance passes the chi-square: 1 up to 10 %, 2 up to 5 %, 3 up to 1 %.
+int ClasseDuDepassement(double depassement);
+
+// The mark of a class from 0 to 3: "ns", "*", "**", "***", with blanks behind it up to `colonnes` columns, 3 at most.
+std::string_view MarqueDeClasse(int classe, std::size_t colonnes = 0);
 
 struct ProbabiliteKhi2 {
   double p = 0;             // distribution function, from 0 to 1; -1 for a negative chi-square

@@ -27,7 +27,7 @@ double Normaliser(std::span<double> scores, std::span<const double> poids) {
   return norme;
 }
 
-double Milliemes(double score) { return ArrondirPair(1000 * score); }
+double Milliemes(double score) { return ArrondirPair(kEnMilliemes * score); }
 
 }  // namespace
 

@@ -23,6 +23,9 @@ struct DepartDuFacteur {
   std::size_t colonne = 0;
 };
 
+// Scores are followed, and coordinates told, in thousandths.
+inline constexpr double kEnMilliemes = 1000;
+
 struct PremierFacteur {
   std::vector<double> lignes;    // coordinates
   std::vector<double> colonnes;  // coordinates
@@ -30,12 +33,12 @@ struct PremierFacteur {
 };
 
 // Scores of the rows, 1 or -1 at first, give those of the columns and these give the rows again, each time divided by
-// the weight (unless it is 0) and by the norm (unless it is 0), until 1000 times the score of the row that is followed
-// rounds to the same integer twice, or after `toursMax` rounds; the coordinates are the scores times the last norm.
-// Sums run in index order. Raises kIndiceHorsSelection for a table without rows or columns, kArgumentIncorrect when
-// negative weights give no norm, kDepassementCapacite when a score is beyond a double. Source: M. O. Hill,
-// "Correspondence Analysis: A Neglected Multivariate Method", Applied Statistics 23 (1974); there the scores are
-// centred at each round, here the deviations take the trivial factor out beforehand.
+// the weight (unless it is 0) and by the norm (unless it is 0), until the score of the row that is followed, in
+// thousandths, rounds to the same integer twice, or after `toursMax` rounds; the coordinates are the scores times the
+// last norm. Sums run in index order. Raises kIndiceHorsSelection for a table without rows or columns,
+// kArgumentIncorrect when negative weights give no norm, kDepassementCapacite when a score is beyond a double. Source:
+// M. O. Hill, "Correspondence Analysis: A Neglected Multivariate Method", Applied Statistics 23 (1974); there the
+// scores are centred at each round, here the deviations take the trivial factor out beforehand.
 PremierFacteur ExtrairePremierFacteur(const Matrice& ecarts, std::span<const double> poidsLignes,
                                       std::span<const double> poidsColonnes, DepartDuFacteur depart,
                                       int toursMax = kToursMaxDuFacteur);

@@ -1,7 +1,6 @@
 #include "factor/profil/profil.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <string_view>
@@ -40,7 +39,6 @@ std::vector<std::size_t> OrdreDesPem(std::span<const Attraction> attractions) {
 }
 
 TableauEdite TableDuProfil(const ProfilDeModalite& profil, bool detail) {
-  static constexpr std::array<std::string_view, 4> kMarques = {"ns", "*", "**", "***"};  // by class
   constexpr int kDecimales = 2;
   TableauEdite tableau;
   tableau.titres = {Joindre({"Profil de la modalité "_w, profil.nom, " ", profil.intitule}), ""};
@@ -58,10 +56,8 @@ TableauEdite TableDuProfil(const ProfilDeModalite& profil, bool detail) {
     if (detail)
       for (const double valeur : {mesures.theorique, mesures.ecart, mesures.khi2})
         rangee.cellules.push_back({valeur, Unite::Nombre, kDecimales});
-    rangee.cellules.push_back(
-        {std::nullopt, Unite::Nombre, 0,
-         std::string(
-             kMarques[static_cast<std::size_t>(crosstab::ClasseKhi2(mesures.khi2, crosstab::Borne::Comprise))])});
+    const int classe = crosstab::ClasseKhi2(mesures.khi2, crosstab::Borne::Comprise);
+    rangee.cellules.push_back({std::nullopt, Unite::Nombre, 0, std::string(crosstab::MarqueDeClasse(classe))});
     tableau.rangees.push_back(std::move(rangee));
   }
   return tableau;

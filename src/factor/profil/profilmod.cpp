@@ -171,7 +171,8 @@ std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, con
   };
   if (const std::string refus = RefusDuChoix(*options.modalites); !refus.empty()) arreter(refus);
   EtatProfil etat = ChargerProfil(contexte);
-  for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
+  rapport.Lignes(etat.message);
+  if (!etat.cause.empty()) contexte.Ecran().demander(etat.cause, Boutons::Ok);
   if (!etat.message.empty()) throw Erreur(kArretAnnonce);
   for (const auto& [nom, intitule] : options.intitules) {
     const std::size_t rang = RangDeModalite(etat.textes, nom);
@@ -242,13 +243,15 @@ EtatProfil ChargerProfil(const Contexte& contexte) {
   try {
     const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
     if (!chemin) throw Erreur(kFichierIntrouvable);
-    const ListeModalites liste = LireListeModalites(*chemin);
+    const ListeModalites liste =
+        Situer([&] { return Lieu{.fichier = contexte.Nom(".MOD")}; }, [&] { return LireListeModalites(*chemin); });
     if (Rogner(liste.parametres).empty())
       etat.message = {"*** Attention ***",
                       std::string("La 2e ligne du fichier *.MOD (paramètres) est vide, il faut lancer une analyse "
                                   "factorielle ou une régression sur données d'enquête pour la reconstituer"_w)};
     else etat.textes = liste.textes;
-  } catch (const Erreur&) {
+  } catch (const Erreur& erreur) {
+    if (erreur.Numero() != kFichierIntrouvable) etat.cause = TexteErreur(erreur);
     etat.message = {"*** Attention ***",
                     std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
                                 "en utilisant la touche 'Annuler'"_w)};

@@ -27,9 +27,11 @@ Fin ProfilMod(const Contexte& contexte, const OptionsProfil& options);
 // The same; `profils` receives what is printed, for the picture.
 Fin DresserProfils(const Contexte& contexte, const OptionsProfil& options, std::vector<ProfilDeModalite>& profils);
 
-// What the form works on; without a list, the lines of `message` tell why.
+// What the form works on; without a list, the lines of `message` tell why. Whatever keeps the .MOD from being read is
+// one sentence there: of a file that exists, the screen gets the `cause` and its place too.
 struct EtatProfil {
   std::vector<std::string> message;
+  std::string cause{};
   std::vector<std::string> textes;  // as core/enquete/listemod has them
 };
 EtatProfil ChargerProfil(const Contexte& contexte);

@@ -11,11 +11,6 @@ namespace quelvar::regression {
 
 namespace {
 
-std::string_view TexteDeTest(int classe) {
-  static constexpr std::string_view textes[] = {" ns ", " *  ", " ** ", " ***"};
-  return textes[classe];
-}
-
 std::string_view TitreDAnalyse(MesureDEffet mesure) {
   return mesure == MesureDEffet::Points ? "tabulaire" : "logistique";
 }
@@ -47,7 +42,8 @@ void ImprimerEnteteSousEffets(Rapport& rapport, std::size_t questions, const Col
   else rapport.Ligne(" ");
 }
 
-// Writes the line of a sub-effect: there may be millions of them, and neighbours share their sub-population.
+// Writes the line of a sub-effect: there may be millions of them, and neighbours share their sub-population. That is
+// why the driver of rows does not: the line keeps the text of the sub-population and of the sum, and makes no cells.
 class LignesDeSousEffets {
  public:
   LignesDeSousEffets(const AnalyseTabulaire& analyse, const Effet& effet)
@@ -74,7 +70,8 @@ class LignesDeSousEffets {
     ligne_ += somme_;
     if (avecTest_) {
       colonnes_.khi2.Ajouter(ligne_, mesure.khi2.khi2);
-      ligne_ += TexteDeTest(mesure.khi2.classe);
+      ligne_ += ' ';
+      ligne_ += MarqueDeCellule(mesure.khi2.classe);
     }
     rapport.Ligne(ligne_);
   }
@@ -136,6 +133,8 @@ void ImprimerResumeReference(Rapport& rapport, const AnalyseTabulaire& analyse) 
 
 }  // namespace
 
+// Laid out here and not by the driver of rows: there is one for each sub-effect, millions of them, for which cells,
+// titles and columns would be made and thrown away one by one.
 std::array<std::string, 4> LignesDeLaPaire(const TableDePaire& table) {
   constexpr int kLargeurNom = 6;
   const auto& [a, b, deux] = table.rangees;

@@ -4,19 +4,21 @@
 #include <string>
 
 #include "core/programme/rapport.h"
+#include "crosstab/tableau/khi2.h"
 
 namespace quelvar::regression {
 
 namespace {
 
 constexpr int kDecimalesDePart = 4;
+constexpr std::size_t kColonnesDeMarque = 3;
 constexpr std::size_t kCelluleImprimee = 7;  // of a situation: four characters of a label, three of its role
 
 Cellule Effectif(double nombre) { return {nombre, Unite::Effectif, 0, {}}; }
 Cellule Pourcentage(double valeur, std::string_view marque = {}) {
   return {valeur, Unite::Pourcent, 1, std::string(marque)};
 }
-Cellule Nombre(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
+Cellule Valeur(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
 Cellule Mot(std::string_view texte) { return {{}, Unite::Nombre, 0, std::string(texte)}; }
 
 }  // namespace
@@ -59,7 +61,7 @@ TableauEdite TableauDeBase(const Modele& modele, const DonneesDeBase& base) {
     tableau.rangees.push_back(
         {std::string(intitule),
          {},
-         {Effectif(oui), Effectif(total - oui), Effectif(total), Nombre(part, kDecimalesDePart)}});
+         {Effectif(oui), Effectif(total - oui), Effectif(total), Valeur(part, kDecimalesDePart)}});
   };
   for (std::size_t k = 0; k < base.total.size(); ++k)
     ajouter(modele.Explicative(k).intitule, base.oui[k], base.total[k], base.Part(k));
@@ -80,15 +82,12 @@ TableauEdite TableauDesSituations(const AnalyseTabulaire& analyse) {
     tableau.rangees.push_back({std::move(noms),
                                {},
                                {Effectif(situation.effectif), Pourcentage(situation.Brut()),
-                                Nombre(situation.khi2.khi2, 1), Mot(MarqueDeCellule(situation.khi2.classe))}});
+                                Valeur(situation.khi2.khi2, 1), Mot(MarqueDeCellule(situation.khi2.classe))}});
   }
   return tableau;
 }
 
-std::string_view MarqueDeCellule(int classe) {
-  static constexpr std::string_view marques[] = {"ns ", "*  ", "** ", "***"};
-  return marques[classe];
-}
+std::string_view MarqueDeCellule(int classe) { return crosstab::MarqueDeClasse(classe, kColonnesDeMarque); }
 
 TableauEdite TableauDeLaReference(const AnalyseTabulaire& analyse) {
   const double part = analyse.PartReference();

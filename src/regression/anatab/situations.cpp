@@ -44,6 +44,9 @@ std::vector<CelluleDeSituation> CellulesDe(const Modele& modele) {
   return cellules;
 }
 
+// Not the chi-square of crosstab::PemLocal: that one corrects small counts after Yates and counts 0 for a margin
+// without individuals, which here stops the analysis; and its one quotient rounds otherwise than the sum of four terms,
+// which tells the class of a chi-square that stands on a bound.
 Khi2Paire KhiCellule(double total, double totalOui, double n, double y) {
   const double nons = total - totalOui;
   const double theoriques[] = {n * totalOui / total, n * nons / total, (total - n) * totalOui / total,

@@ -20,7 +20,7 @@ int Decimales(const Travail& travail) {
   return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
 }
 
-Cellule Nombre(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
+Cellule Valeur(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
 Cellule Points(double valeur) { return {valeur, Unite::Pourcent, 1, {}}; }
 
 std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
@@ -38,9 +38,8 @@ std::string_view RaisonDAbsence(const DonneesDeBase& base, std::size_t k) {
 }
 
 std::string_view MarqueDeParametre(double depassement) {
-  if (depassement <= crosstab::kSeuilDe1PourCent) return "***";
-  if (depassement <= crosstab::kSeuilDe5PourCent) return "** ";
-  return depassement <= crosstab::kSeuilDe10PourCent ? "*  " : "ns ";
+  constexpr std::size_t kColonnesDeMarque = 3;
+  return crosstab::MarqueDeClasse(crosstab::ClasseDuDepassement(depassement), kColonnesDeMarque);
 }
 
 }  // namespace
@@ -64,8 +63,8 @@ TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& aj
   const double alpha = ajuste.ajustement.parametres.alpha;
   const int decimales = Decimales(travail);
   TableauEdite tableau;
-  std::vector<Cellule> cellules = {Nombre(alpha, decimales)};
-  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(Nombre(std::exp(alpha), decimales));
+  std::vector<Cellule> cellules = {Valeur(alpha, decimales)};
+  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(Valeur(std::exp(alpha), decimales));
   cellules.push_back(Points(100 * Probabilite(ajuste.lien, alpha)));
   tableau.colonnes.resize(cellules.size());
   tableau.rangees.push_back({{}, {}, std::move(cellules)});
@@ -79,8 +78,8 @@ TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& aj
   TableauEdite tableau;
   tableau.colonnes.resize(logistique ? 3 : 2);
   for (std::size_t j = 0; j < betas.size(); ++j) {
-    Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {Nombre(betas[j], Decimales(travail))}});
-    if (logistique) rangee.cellules.push_back(Nombre(std::exp(betas[j]), kDecimalesDeChances));
+    Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {Valeur(betas[j], Decimales(travail))}});
+    if (logistique) rangee.cellules.push_back(Valeur(std::exp(betas[j]), kDecimalesDeChances));
     rangee.cellules.push_back(Points(EffetEnPoints(ajuste, betas[j])));
   }
   return tableau;
@@ -90,7 +89,7 @@ TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuM
   TableauEdite tableau;
   tableau.colonnes.resize(1);
   const auto ajouter = [&](std::string_view nom, double valeur) {
-    tableau.rangees.push_back({std::string(nom), {}, {Nombre(valeur, kDecimalesOrdinaires)}});
+    tableau.rangees.push_back({std::string(nom), {}, {Valeur(valeur, kDecimalesOrdinaires)}});
   };
   ajouter("Cst seulement ", -2 * tests.logConstante);
   ajouter("Modèle complet"_w, -2 * ajuste.ajustement.logVraisemblance);
@@ -107,8 +106,8 @@ TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests)
     Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {}});
     if (test.Impossible()) rangee.intitule = Joindre({" Khideux de Vrais.", "   Test impossible à calculer"_w});
     else
-      rangee.cellules = {Nombre(test.khi2, kDecimalesOrdinaires),
-                         Nombre(test.Depassement(), kDecimalesDeProbabilite),
+      rangee.cellules = {Valeur(test.khi2, kDecimalesOrdinaires),
+                         Valeur(test.Depassement(), kDecimalesDeProbabilite),
                          {{}, Unite::Nombre, 0, std::string(MarqueDeParametre(test.Depassement()))}};
   }
   return tableau;
@@ -121,7 +120,7 @@ TableauEdite TableauDesMoyennes(const Travail& travail, const std::vector<double
   for (std::size_t k = 0; k < moyennes.size(); ++k)
     tableau.rangees.push_back({travail.modele.Explicative(k).intitule,
                                {},
-                               {Nombre(moyennes[k], kDecimalesOrdinaires), Points(100 * (moyennes[k] - generale)),
+                               {Valeur(moyennes[k], kDecimalesOrdinaires), Points(100 * (moyennes[k] - generale)),
                                 Points(100 * (travail.base.Part(k) - generale))}});
   return tableau;
 }

@@ -25,6 +25,8 @@ void ImprimerEnteteDeTable(Rapport& rapport, const VariablesDeRegression& variab
   rapport.Ligne();
 }
 
+// Each value has the decimals that its field has, and ends where the field of its column ends: the driver of rows,
+// whose places count the columns before the point, would align the points in its stead.
 void ImprimerLigneDeTable(Rapport& rapport, std::string_view ligne, const VariablesDeRegression& variables) {
   rapport.Suite({CadreGauche(ligne, static_cast<int>(kLargeurIdentifiant)), "  "});
   for (const Cellule& cellule : CellulesDeLaLigne(ligne, variables))

@@ -7,6 +7,7 @@
 #include "core/programme/arret.h"
 #include "core/texte/nombres.h"
 #include "text/concordance/edition.h"
+#include "text/concordance/ordre.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"
 
@@ -121,9 +122,12 @@ Fin Concord(const Contexte& contexte, const OptionsConcordance& options) {
       Arreter(rapport, "*** Aucun mot n'est donné : indiquer ceux dont on veut la concordance"_w);
     if (!options.sortie.empty()) ExigerSortie(rapport, contexte, options);
     std::vector<MotsCherches> cherches = CherchesDesMots(options.mots);
-    std::ranges::move(CherchesDesLignes(contexte, options.lignes, rapport), std::back_inserter(cherches));
+    LignesCherchees lignes = CherchesDesLignes(contexte, options.lignes);
+    rapport.Lignes(lignes.fautes);
+    if (!lignes.fautes.empty()) throw Erreur(kArretAnnonce);
+    std::ranges::move(lignes.cherches, std::back_inserter(cherches));
     const Concordances concordances = ChercherConcordances(contexte, std::move(cherches));
-    const std::string texte = TexteDeConcordances(concordances, options.ordre);
+    const std::string texte = TexteDeConcordances(concordances, RangsDansLOrdre(concordances, options.ordre));
     rapport.Suite(texte);
     if (!concordances.faute.empty()) throw Erreur(kArretAnnonce);
     if (options.sortie.empty()) return;

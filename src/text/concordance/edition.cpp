@@ -1,7 +1,6 @@
 #include "text/concordance/edition.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
@@ -21,35 +20,10 @@ std::string Titre(const Concordances& concordances) {
   return Enumerer(noms);
 }
 
-// The words before, from the nearest to the farthest.
-std::string CleDeGauche(const LigneDeConcordance& ligne) {
-  std::string cle;
-  std::string_view reste = RognerDroite(ligne.gauche);
-  while (!reste.empty()) {
-    const std::size_t blanc = reste.rfind(' ');
-    const std::size_t debut = blanc == std::string_view::npos ? 0 : blanc + 1;
-    cle += Minuscules(reste.substr(debut));
-    cle += ' ';
-    reste = RognerDroite(reste.substr(0, debut));
-  }
-  return cle;
-}
-
 }  // namespace
 
-std::vector<std::uint32_t> RangsDansLOrdre(const Concordances& concordances, OrdreDeConcordance ordre) {
-  std::vector<std::uint32_t> rangs(concordances.lignes.size());
-  std::iota(rangs.begin(), rangs.end(), 0U);
-  if (ordre == OrdreDeConcordance::Fichier) return rangs;
-  std::vector<std::string> cles;
-  cles.reserve(rangs.size());
-  for (const LigneDeConcordance& ligne : concordances.lignes)
-    cles.push_back(ordre == OrdreDeConcordance::Gauche ? CleDeGauche(ligne) : Minuscules(ligne.droite));
-  std::stable_sort(rangs.begin(), rangs.end(), [&](std::uint32_t a, std::uint32_t b) { return cles[a] < cles[b]; });
-  return rangs;
-}
-
-std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcordance ordre, std::size_t auPlus) {
+std::string TexteDeConcordances(const Concordances& concordances, std::span<const std::uint32_t> rangs,
+                                std::size_t auPlus) {
   if (!concordances.faute.empty()) return concordances.faute + "\r\n";
   std::string texte = Joindre({"Concordance de : ", Titre(concordances), "\r\n", Nombre(concordances.lignes.size()),
                                " ligne(s) de ", concordances.source, "\r\n"});
@@ -59,9 +33,8 @@ std::string TexteDeConcordances(const Concordances& concordances, OrdreDeConcord
   const bool plusieurs = absents.find(' ', 1) != std::string::npos;
   if (!absents.empty()) texte += (plusieurs ? "Mots absents :" : "Mot absent :") + absents + "\r\n";
   for (const std::string& remarque : concordances.remarques) texte += remarque + "\r\n";
-  std::vector<std::uint32_t> rangs = RangsDansLOrdre(concordances, ordre);
   if (rangs.size() > auPlus) {
-    rangs.resize(auPlus);
+    rangs = rangs.first(auPlus);
     texte += Joindre({"Les "_w, Nombre(auPlus), " premières seulement : le fichier enregistré les a toutes\r\n"_w});
   }
   texte += "\r\n";

@@ -71,16 +71,17 @@ MotsCherches CherchesDeLaLigne(const LigneDeTable& ligne) {
           MotsSontConnus(ligne), FrequenceDeLaLigne(ligne)};
 }
 
-std::vector<MotsCherches> CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms,
-                                            Rapport& rapport) {
+LignesCherchees CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms) {
   if (noms.empty()) return {};
   const TableOuverte ouverte = OuvrirTable(contexte);
-  for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
-  if (!ouverte.message.empty()) throw Erreur(kArretAnnonce);
-  std::vector<MotsCherches> cherches;
-  for (const std::string& nom : noms)
-    cherches.push_back(CherchesDeLaLigne(ouverte.table.lignes[TrouverLigne(ouverte.table, nom, rapport)]));
-  return cherches;
+  if (!ouverte.message.empty()) return {.fautes = ouverte.message};
+  LignesCherchees lignes;
+  for (const std::string& nom : noms) {
+    const LigneTrouvee trouvee = TrouverLigne(ouverte.table, nom);
+    if (!trouvee.faute.empty()) return {.fautes = {trouvee.faute}};
+    lignes.cherches.push_back(CherchesDeLaLigne(ouverte.table.lignes[trouvee.rang]));
+  }
+  return lignes;
 }
 
 bool EstLeMot(const MotTrouve& trouve, std::string_view mot) {

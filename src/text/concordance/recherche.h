@@ -20,10 +20,13 @@ struct MotsCherches {
 
 std::vector<MotsCherches> CherchesDesMots(const std::vector<std::string>& mots);
 MotsCherches CherchesDeLaLigne(const LigneDeTable& ligne);
-// Of the rows of these names in the table of the generic. Raises kArretAnnonce with lines in the report when there is
-// no table, or not one row of a name.
-std::vector<MotsCherches> CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms,
-                                            Rapport& rapport);
+// The rows of the table that are asked for; or why there are none, in lines for the report.
+struct LignesCherchees {
+  std::vector<MotsCherches> cherches{};
+  std::vector<std::string> fautes{};
+};
+// The rows of these names in the table of the generic: a fault when there is no table, or not one row of a name.
+LignesCherchees CherchesDesLignes(const Contexte& contexte, const std::vector<std::string>& noms);
 
 // How many lines were found for each of the words that are looked for.
 struct MotTrouve {

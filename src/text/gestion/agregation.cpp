@@ -174,8 +174,11 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
     if (!fautes.empty()) throw Erreur(kArretAnnonce);
     return;
   }
-  for (const std::string& nom : action.lignes)
-    agregation.table.lignes[TrouverLigne(agregation.table, nom, rapport)].marquee = true;
+  for (const std::string& nom : action.lignes) {
+    const LigneTrouvee trouvee = TrouverLigne(agregation.table, nom);
+    if (!trouvee.faute.empty()) Arreter(rapport, trouvee.faute);
+    agregation.table.lignes[trouvee.rang].marquee = true;
+  }
   const std::string_view refus = Agreger(agregation, action.intitule);
   if (refus.empty() || action.lignes.empty()) return;  // without a row the account says so, and the end of the run
   Arreter(rapport, Joindre({"*** ", refus}));

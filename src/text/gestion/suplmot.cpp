@@ -39,7 +39,9 @@ void Appliquer(TableGeree& table, const OptionsSuplMot::Action& action, Rapport&
   const bool colonne = action.genre == Genre::ColonneSup || action.genre == Genre::ColonneActive ||
                        action.genre == Genre::IntituleColonne;
   if (!colonne) {
-    LigneDeTable& ligne = table.lignes[TrouverLigne(table, action.nom, rapport)];
+    const LigneTrouvee trouvee = TrouverLigne(table, action.nom);
+    if (!trouvee.faute.empty()) Arreter(rapport, trouvee.faute);
+    LigneDeTable& ligne = table.lignes[trouvee.rang];
     if (action.genre == Genre::IntituleLigne) RenommerLigne(ligne, action.intitule);
     else ligne.marquee = action.genre == Genre::LigneSup;
     return;

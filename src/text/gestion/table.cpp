@@ -8,7 +8,6 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
-#include "core/programme/arret.h"
 #include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
 #include "text/gestion/motsdeslignes.h"
@@ -225,12 +224,12 @@ std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne
   return std::nullopt;
 }
 
-std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport) {
+LigneTrouvee TrouverLigne(const TableGeree& table, std::string_view nom) {
   const std::vector<std::size_t> trouvees = LignesDuNom(table, nom);
-  if (trouvees.size() == 1) return trouvees.front();
-  Arreter(rapport,
-          Joindre({"La ligne ", Rogner(nom),
-                   trouvees.empty() ? " n'est pas dans le tableau"_w : " est plusieurs fois dans le tableau"_w}));
+  if (trouvees.size() == 1) return {trouvees.front()};
+  return {.faute =
+              Joindre({"La ligne ", Rogner(nom),
+                       trouvees.empty() ? " n'est pas dans le tableau"_w : " est plusieurs fois dans le tableau"_w})};
 }
 
 }  // namespace quelvar::text

@@ -48,8 +48,12 @@ void EcrireLignesDeTable(Ecrivain& fichier, const std::vector<LigneDeTable>& lig
 
 // Ranks of the rows that a user names: by their whole label, or else by their word without the code in front.
 std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view nom);
-// The only one of them. Raises kArretAnnonce with a line in the report when there is none, or more than one.
-std::size_t TrouverLigne(const TableGeree& table, std::string_view nom, Rapport& rapport);
+// The only one of them, or why there is none: a line for the report, empty with a row.
+struct LigneTrouvee {
+  std::size_t rang = 0;
+  std::string faute{};
+};
+LigneTrouvee TrouverLigne(const TableGeree& table, std::string_view nom);
 // A name by which TrouverLigne finds that row: its word if that is enough, else its label; nothing when several rows
 // have it, or when it holds a comma or "=", which part the names of a list.
 std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne);

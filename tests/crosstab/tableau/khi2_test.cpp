@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
+#include <utility>
 
 #include "support/erreur.h"
 
@@ -39,6 +41,18 @@ TEST(ProbaKhi2, Etoiles) {
   } cas[] = {{1, 2.5, "ns"}, {1, 2.8, "* "}, {1, 3.9, "**"},  {1, 6.7, "***"},
              {4, 7.6, "ns"}, {4, 9.2, "* "}, {4, 13.0, "**"}, {4, 13.5, "***"}};
   for (const auto& c : cas) EXPECT_EQ(ProbaKhi2(c.degres, c.khi2).marque, c.marque) << c.khi2;
+}
+
+TEST(MarqueDeClasse, HasItsStarsAndBlanksUpToTheColumnsAsked) {
+  constexpr std::string_view kNues[] = {"ns", "*", "**", "***"};
+  for (int classe = 0; classe <= 3; ++classe)
+    for (int colonnes = 0; colonnes <= 3; ++colonnes) {
+      std::string attendue(kNues[classe]);
+      while (static_cast<int>(attendue.size()) < colonnes) attendue += ' ';
+      EXPECT_EQ(MarqueDeClasse(classe, static_cast<std::size_t>(colonnes)), attendue) << classe << colonnes;
+    }
+  const std::pair<double, int> cas[] = {{0.11, 0}, {0.1, 1}, {0.051, 1}, {0.05, 2}, {0.011, 2}, {0.01, 3}, {0, 3}};
+  for (const auto& [depassement, classe] : cas) EXPECT_EQ(ClasseDuDepassement(depassement), classe) << depassement;
 }
 
 TEST(ClasseKhi2, TurnsAtItsThresholds) {

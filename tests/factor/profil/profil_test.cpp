@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/enquete/listemod.h"
 #include "core/enquete/parametres.h"
 #include "core/texte/nombres.h"
@@ -221,6 +223,14 @@ TEST_F(RunProfil, ARefusedChoiceLeavesTheFileAndTheForm) {
   EXPECT_EQ(ChargerProfil(contexte_).message.size(), 2U);
   Effacer("ENQ.MOD");
   EXPECT_EQ(ChargerProfil(contexte_).message.size(), 2U);
+  EXPECT_EQ(ChargerProfil(contexte_).cause, "") << "its absence is the sentence";
+  std::filesystem::create_directory(dossier_.Chemin() / "ENQ.MOD");
+  boites_.clear();
+  EXPECT_EQ(ProfilMod(contexte_, {.modalites = {{"NB36"}}}), Fin::Arret);
+  ASSERT_EQ(boites_.size(), 1U);
+  EXPECT_NE(boites_[0].find("ENQ.MOD"), std::string::npos) << boites_[0];
+  EXPECT_EQ(montre_.find("ENQ.MOD"), std::string::npos) << "the report keeps to the sentence";
+  std::filesystem::remove(dossier_.Chemin() / "ENQ.MOD");
   Ecrire("ENQ.PR2", "ancien");
   AbandonnerProfil(contexte_);
   EXPECT_EQ(Lire("ENQ.PR2"), "ancien") << "told, and not kept";

@@ -5,6 +5,7 @@
 #include "support/programme.h"
 #include "text/concordance/concord.h"
 #include "text/concordance/edition.h"
+#include "text/concordance/ordre.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/motsdeslignes.h"
 #include "text/gestion/suplmot.h"
@@ -62,8 +63,9 @@ class RunMotsDesLignes : public essai::RunDeProgramme {
 
   // What the window and the companion show above the lines.
   static std::string Tete(const Contexte& contexte, std::vector<MotsCherches> cherches) {
+    const Concordances concordances = ChercherConcordances(contexte, std::move(cherches));
     const std::string texte =
-        TexteDeConcordances(ChercherConcordances(contexte, std::move(cherches)), OrdreDeConcordance::Fichier);
+        TexteDeConcordances(concordances, RangsDansLOrdre(concordances, OrdreDeConcordance::Fichier));
     return texte.substr(0, texte.find("\r\n\r\n"));
   }
   static std::string TeteDeLaLigne(const Contexte& contexte, std::string_view nom) {

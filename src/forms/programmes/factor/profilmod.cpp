@@ -44,7 +44,9 @@ ProfilMod::ProfilMod(Services& services)
 ProfilMod::~ProfilMod() = default;
 
 void ProfilMod::Remplir() {
-  ui_->TextMsg->setText(EnUnTexte(etat_.message));
+  std::vector<std::string> message = etat_.message;
+  if (!etat_.cause.empty()) message.push_back(etat_.cause);
+  ui_->TextMsg->setText(EnUnTexte(message));
   for (QPushButton* bouton : {ui_->BoutEnreg, ui_->BoutSuivant}) bouton->setEnabled(etat_.message.empty());
   for (const std::string& texte : etat_.textes) ui_->ListSuppl->addItem(VersQt(texte));
   Filtrer({});

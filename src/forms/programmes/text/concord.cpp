@@ -11,6 +11,7 @@
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
 #include "text/concordance/edition.h"
+#include "text/concordance/ordre.h"
 #include "ui_concord.h"
 
 namespace quelvar::forms {
@@ -55,14 +56,16 @@ text::OrdreDeConcordance Concord::Ordre() const {
   return OptionsDesControles(*this, text::DescriptionConcordance()).ordre;
 }
 
+std::vector<std::uint32_t> Concord::Rangs() const { return text::RangsDansLOrdre(concordances_, Ordre()); }
+
 void Concord::MontrerTexte() {
-  QString texte = VersQt(text::TexteDeConcordances(concordances_, Ordre(), kLignesMontrees));
+  QString texte = VersQt(text::TexteDeConcordances(concordances_, Rangs(), kLignesMontrees));
   texte.remove('\r');
   ui_->TextInfo->setPlainText(texte);
 }
 
 QString Concord::Texte() const {
-  QString texte = VersQt(text::TexteDeConcordances(concordances_, Ordre()));
+  QString texte = VersQt(text::TexteDeConcordances(concordances_, Rangs()));
   return texte.remove('\r');
 }
 
@@ -96,7 +99,7 @@ void Concord::Enregistrer() {
                            return refus.empty();
                          },
                          [this](const Chemin& fichier) {
-                           RemplacerFichier(fichier, text::TexteDeConcordances(concordances_, Ordre()), Nature::Unique);
+                           RemplacerFichier(fichier, text::TexteDeConcordances(concordances_, Rangs()), Nature::Unique);
                          }});
 }
 

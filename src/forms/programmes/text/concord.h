@@ -1,7 +1,9 @@
 // Window of a concordance: the lines of words, sorted as the user asks, to be copied or saved.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "forms/cadre/forme.h"
 #include "forms/cadre/services.h"
@@ -21,6 +23,7 @@ class Concord : public Forme {
 
  private:
   text::OrdreDeConcordance Ordre() const;
+  std::vector<std::uint32_t> Rangs() const;  // of the lines, in that order
   void MontrerTexte();
   QString Mots() const;   // as the field of the words shows them
   QString Texte() const;  // all lines
