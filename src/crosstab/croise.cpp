@@ -4,6 +4,7 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/texte/nombres.h"
+#include "crosstab/preparation.h"
 #include "crosstab/resultats.h"
 #include "crosstab/sorties.h"
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "core/enquete/modfile.h"
-#include "core/programme/programme.h"
 #include "crosstab/tableau/codes.h"
 
 namespace quelvar::crosstab {
@@ -34,12 +33,6 @@ struct EnqueteCroisee {
   bool Pondere() const { return avantPonderation > 0; }
 };
 
-// Reads the files of the generic and tells in the report what it finds. `fichierDonnees` stands for the .DAT of the
-// generic unless it is empty. Raises kArgumentIncorrect with the question, kDepassementCapacite, kMemoireInsuffisante,
-// kFinDeFichierDepassee, the failures of LecteurLignes, and stops (kArretAnnonce) for a missing file, bad parentheses
-// or too many questions.
-EnqueteCroisee PreparerEnquete(Rapport& rapport, const Contexte& contexte, std::string_view fichierDonnees);
-
 // Question name and code text, by code: "SEX1", "AGEB", "AGE36". Raises kIndiceHorsSelection for a code beyond 99.
 std::vector<std::string> IntitulesCourts(const QuestionCroisee& question);
 
@@ -47,10 +40,7 @@ std::vector<std::string> IntitulesCourts(const QuestionCroisee& question);
 // as above.
 std::vector<std::string> NomsDeModalites(const QuestionCroisee& question);
 
-// The same, replaced by the text of the .MOD laid out for two lines of 12 characters where there is one.
+// The same, replaced by the text of the .MOD laid out for the two lines of a framed cell where there is one.
 std::vector<std::string> IntitulesEtendus(const EnqueteCroisee& enquete, const QuestionCroisee& question);
-
-// A text of at least 13 characters whose first blank from the 7th on is at 7 to 12 gets its next word at 13.
-std::string DisposerSurDeuxLignes(std::string_view texte);
 
 }  // namespace quelvar::crosstab

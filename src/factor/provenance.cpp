@@ -55,7 +55,7 @@ std::optional<Table> LaTable(const Contexte& contexte) {
   const std::optional<Chemin> chemin = contexte.Chercher(".MOD");
   if (!brt || !chemin) return std::nullopt;
   Table table{*brt, LireMod(*chemin), {}, 0, 0};
-  table.parametres = LireParametres(table.mod.parametres);
+  table.parametres = LireParametres(table.mod.parametres, TexteDe(chemin->filename()));
   table.colonnes = table.mod.modalites.size();
   const double lignes = table.parametres.burt >= 1 ? static_cast<double>(table.colonnes) : table.parametres.lignes;
   if (table.parametres.largeur < 1 || table.colonnes == 0 || lignes < 1 || lignes > kCellulesAuPlus)

@@ -3,10 +3,8 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
-#include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/texte/nombres.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 
@@ -60,12 +58,13 @@ std::vector<std::string> CellulesSansNombre::Remarques() const {
   return remarques;
 }
 
-void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
-  const bool brt = contexte.Chercher(".BRT").has_value();
-  const bool mod = contexte.Chercher(".MOD").has_value();
-  if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
-  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (!brt || !mod) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+std::vector<std::string> FichiersManquants(const Contexte& contexte) {
+  std::vector<std::string> manques;
+  if (!contexte.Chercher(".BRT"))
+    manques.push_back(Joindre({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"}));
+  if (!contexte.Chercher(".MOD"))
+    manques.push_back(Joindre({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"}));
+  return manques;
 }
 
 Tableau LireTableau(const Contexte& contexte) {
@@ -75,7 +74,7 @@ Tableau LireTableau(const Contexte& contexte) {
   tableau.brt = contexte.Exiger(".BRT");
   tableau.titre = mod.titre;
   tableau.parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
-  if (tableau.parametres.largeur == 0) return tableau;
+  if (!tableau.AUnFormat()) return tableau;
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)
     tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule), modalite.supplementaire});
@@ -83,13 +82,6 @@ Tableau LireTableau(const Contexte& contexte) {
   tableau.lignesDuFichier = CompterRangees(tableau.brt);
   tableau.lignes = LignesDUnBloc(tableau.parametres, tableau.lignesDuFichier);
   return tableau;
-}
-
-void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau) {
-  rapport.Lignes(tableau.parametres.remarques);
-  if (tableau.parametres.largeur != 0) return;
-  contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
-  throw Erreur(kArretAnnonce);
 }
 
 void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,

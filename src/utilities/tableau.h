@@ -29,6 +29,8 @@ struct Tableau {
   std::int64_t lignesDuFichier = 0;  // rows that .BRT holds, blank lines at its end left out
   std::int64_t lignes = 0;           // rows of the table, or of one of its blocks
 
+  bool AUnFormat() const { return parametres.largeur != 0; }
+
   // What is left over when the rows are cut in blocks makes none.
   std::int64_t Blocs() const { return lignes > 0 ? std::max<std::int64_t>(lignesDuFichier / lignes, 1) : 1; }
 };
@@ -43,14 +45,12 @@ struct CellulesAPart {
   void Dire(Texte sorte, std::vector<std::string>& remarques) const;
 };
 
-// Writes what is missing and stops the run (kArretAnnonce).
-void ExigerTableau(Rapport& rapport, const Contexte& contexte);
+// A line for each file of the pair that is missing.
+std::vector<std::string> FichiersManquants(const Contexte& contexte);
 // Reads the pair but for the cells; without its rows when there is no format. Raises kFinDeFichierDepassee for a .MOD
 // of less than two lines, kArgumentIncorrect for a width below 0, and a sentence (kIncompatibiliteType) for a list of
 // names that lacks columns.
 Tableau LireTableau(const Contexte& contexte);
-// Tells the remarks on the parameters; without a format a box says so and the run stops (kArretAnnonce).
-void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau);
 
 // One cell at a time, row by row.
 struct LigneDeTableau {

@@ -1,9 +1,11 @@
 #include "utilities/utilitaires.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/programme/arret.h"
 #include "core/texte/nombres.h"
+#include "utilities/tableau.h"
 
 namespace quelvar::utilities {
 
@@ -25,6 +27,19 @@ void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_
     manque = true;
   }
   if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+}
+
+void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
+  const std::vector<std::string> manques = FichiersManquants(contexte);
+  rapport.Lignes(manques);
+  if (!manques.empty()) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+}
+
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau) {
+  rapport.Lignes(tableau.parametres.remarques);
+  if (tableau.AUnFormat()) return;
+  contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
+  throw Erreur(kArretAnnonce);
 }
 
 bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b) {

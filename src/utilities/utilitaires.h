@@ -1,5 +1,5 @@
-// What the programs of the form Utilitaires share: files A, B and C as the user names them, the report, the missing
-// inputs.
+// What the programs of the form Utilitaires share: files A, B and C as the user names them, the report, what is missing
+// of the inputs.
 #pragma once
 
 #include <cstdint>
@@ -30,6 +30,13 @@ Entree ChercherEntree(const Contexte& contexte, std::string_view fichier);
 void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<Entree> entrees);
 inline constexpr std::string_view kArretSansFichiers =
     "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w;
+
+struct Tableau;
+
+// Writes what is missing of the table and stops the run (kArretAnnonce).
+void ExigerTableau(Rapport& rapport, const Contexte& contexte);
+// Tells the remarks on the parameters; without a format a box says so and the run stops (kArretAnnonce).
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau);
 
 // Whether two names stand for one file, by whatever path.
 bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b);

@@ -104,4 +104,12 @@ void ImprimerCadre(Rapport& rapport, const TableCadree& table, const FormeCadree
                       {j, std::min(j + forme.colonnesParPage, table.colonnes.size())});
 }
 
+std::string DisposerSurDeuxLignes(std::string_view texte) {
+  constexpr std::size_t kLargeur = kColonnesDeCase;
+  constexpr std::size_t kPremiereCoupe = kLargeur / 2;  // a first line is at least half full
+  const std::size_t blanc = texte.find(' ', kPremiereCoupe);
+  if (texte.size() <= kLargeur || blanc == std::string_view::npos || blanc >= kLargeur) return std::string(texte);
+  return Joindre({CadreGauche(texte.substr(0, blanc), kColonnesDeCase), texte.substr(blanc + 1)});
+}
+
 }  // namespace quelvar

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <limits>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -36,8 +37,10 @@ struct PlaceEnCase {
   bool fermeLaCase = false;  // by its mark, which stands for the line between two cells
 };
 
+inline constexpr int kColonnesDeCase = 12;
+
 struct FormeCadree {
-  int cellule = 12;  // columns of a label and of a cell before any widening
+  int cellule = kColonnesDeCase;  // columns of a label and of a cell before any widening
   std::size_t lignesParPage = 1;
   std::size_t colonnesParPage = 1;
 };
@@ -54,5 +57,9 @@ struct TableCadree {
 
 // Pages of rows by pages of columns, three blank lines behind each.
 void ImprimerCadre(Rapport& rapport, const TableCadree& table, const FormeCadree& forme);
+
+// A label that one line of a cell (kColonnesDeCase) does not hold, with the word behind its first blank from the 7th
+// character on moved to the second line; as it stands when that blank is not on the first line.
+std::string DisposerSurDeuxLignes(std::string_view texte);
 
 }  // namespace quelvar

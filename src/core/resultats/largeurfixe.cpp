@@ -38,6 +38,15 @@ int ColonnesEnPlus(double valeur, int decimales, int usuelles) {
   return LargeurDuNombre(valeur, decimales, usuelles) - usuelles;
 }
 
+int ColonnesEnPlus(const TableauEdite& tableau, std::size_t premiere, std::size_t fin, int usuelles) {
+  int enPlus = 0;
+  for (const Rangee& rangee : tableau.rangees)
+    for (std::size_t j = premiere; j < fin; ++j)
+      if (const Cellule& cellule = rangee.cellules[j]; cellule.valeur)
+        enPlus = std::max(enPlus, ColonnesEnPlus(*cellule.valeur, cellule.decimales, usuelles));
+  return enPlus;
+}
+
 std::string TexteEnColonne(const Cellule& cellule, int largeur) {
   if (!cellule.valeur) return std::string(static_cast<std::size_t>(largeur), ' ');
   const int entiere = cellule.decimales == 0 ? largeur : largeur - cellule.decimales - 1;

@@ -30,6 +30,8 @@ int LargeurDuNombre(double valeur, int decimales, int minimum);
 
 // Columns that a number wants beyond the usual ones of its place.
 int ColonnesEnPlus(double valeur, int decimales, int usuelles);
+// The columns [premiere, fin[ of a table widen together: what the widest of their numbers wants.
+int ColonnesEnPlus(const TableauEdite& tableau, std::size_t premiere, std::size_t fin, int usuelles);
 
 // The value of a cell, right-aligned in a column of that width; blanks for a cell without one.
 std::string TexteEnColonne(const Cellule& cellule, int largeur);

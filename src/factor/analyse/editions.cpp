@@ -1,12 +1,12 @@
 #include "factor/analyse/editions.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "core/programme/erreur.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
+#include "core/resultats/tete.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/fichiers.h"
 #include "factor/analyse/tables.h"
@@ -24,6 +24,7 @@ constexpr int kNomDeListe = 5;  // of a sorted listing
 constexpr int kCoordonnee = 7;
 constexpr int kCoordonneeEtendue = 6;  // beside its COS2
 constexpr int kPourMille = 5;
+constexpr int kTitreUsuel = 4;  // "COS2", "F=10"; "F=100" takes one more
 constexpr PlaceEnRangee kPlacePourMille{"", kPourMille, Elargissement::Entier};
 
 std::string Repeter(std::string_view debut, std::string_view motif, std::size_t fois, std::string_view fin) {
@@ -214,19 +215,6 @@ void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, cons
 
 namespace {
 
-// The titles of the columns, each to the right in its place; one from "F=100" on moves those behind it.
-std::string TeteDeTable(std::string_view coin, const std::vector<Colonne>& colonnes, const FormeEnRangees& forme) {
-  constexpr int kTitre = 4;  // characters that leave the blanks in front of a title whole
-  std::string ligne(coin);
-  for (std::size_t j = 0; j < colonnes.size(); ++j) {
-    const std::string& titre = colonnes[j].titre;
-    const int enPlus = std::max(0, static_cast<int>(titre.size()) - kTitre);
-    ligne += forme.places[j].avant;
-    ligne += CadreDroit(titre, forme.places[j].entiers + enPlus);
-  }
-  return ligne;
-}
-
 // A table of coordinates in its frame: active elements, a line on them all, supplementary ones if there are any.
 struct CadreDeTable {
   std::string regle;
@@ -262,11 +250,11 @@ void ImprimerTableCompacte(Rapport& rapport, const Dimension& dimension, const A
   for (std::size_t k = 0; k < facteurs; ++k)
     for (const PlaceEnRangee& place : {PlaceEnRangee{"", kCoordonnee}, kPlacePourMille}) forme.places.push_back(place);
   const std::vector<Colonne> colonnes = ColonnesCompactes(facteurs);
-  ImprimerTable(
-      rapport,
-      {Repeter("*---", "*------*----", facteurs, "*"), TeteDeTable("ACT.", colonnes, forme),
-       Repeter("*   ", "*      *1000", facteurs, "*"), TeteDeTable("SUP.", colonnes, forme), forme, RangeeCompacte},
-      dimension, analyse);
+  ImprimerTable(rapport,
+                {Repeter("*---", "*------*----", facteurs, "*"), TeteADroite("ACT.", colonnes, forme, kTitreUsuel),
+                 Repeter("*   ", "*      *1000", facteurs, "*"), TeteADroite("SUP.", colonnes, forme, kTitreUsuel),
+                 forme, RangeeCompacte},
+                dimension, analyse);
   rapport.Ligne();
 }
 
@@ -284,9 +272,10 @@ void ImprimerTableEtendue(Rapport& rapport, const Dimension& dimension, const An
   const FormeEnRangees forme = FormeEtendue(facteurs, "! ");
   const std::vector<Colonne> colonnes = ColonnesEtendues(facteurs);
   ImprimerTable(rapport,
-                {Repeter("*---*----", "*------*----*----", facteurs, "*"), TeteDeTable("ACT.", colonnes, forme) + "!",
+                {Repeter("*---*----", "*------*----*----", facteurs, "*"),
+                 TeteADroite("ACT.", colonnes, forme, kTitreUsuel) + "!",
                  TexteDeRangee(MoyenneEtendue(dimension, analyse), FormeEtendue(facteurs, "!")),
-                 TeteDeTable("SUP.", colonnes, forme) + "!", forme, RangeeEtendue},
+                 TeteADroite("SUP.", colonnes, forme, kTitreUsuel) + "!", forme, RangeeEtendue},
                 dimension, analyse);
 }
 

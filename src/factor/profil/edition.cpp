@@ -1,6 +1,6 @@
 #include "factor/profil/edition.h"
 
-#include <algorithm>
+#include <cstddef>
 
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
@@ -9,23 +9,20 @@ namespace quelvar::factor {
 
 namespace {
 
-constexpr int kDecimalesDuDetail = 2;
+// The measures of the chi-square: their columns, and the places before the point and behind it.
+constexpr std::size_t kPremiereDuDetail = 2;
+constexpr std::size_t kColonnesDuDetail = 3;
 constexpr int kEntiersDuDetail = 8;
+constexpr int kDecimalesDuDetail = 2;
+constexpr int kUsuellesDuDetail = kEntiersDuDetail + 1 + kDecimalesDuDetail;
 
-// Columns that the measures of the chi-square want beyond the usual ones: they widen together.
-int DetailEnPlus(const ProfilDeModalite& profil) {
-  constexpr int kUsuelles = kEntiersDuDetail + 1 + kDecimalesDuDetail;
-  int enPlus = 0;
-  for (const LigneDeProfil& ligne : profil.lignes)
-    for (const double valeur : {ligne.attraction.theorique, ligne.attraction.ecart, ligne.attraction.khi2})
-      enPlus = std::max(enPlus, ColonnesEnPlus(valeur, kDecimalesDuDetail, kUsuelles));
-  return enPlus;
-}
-
-FormeEnRangees FormeDe(const ProfilDeModalite& profil, bool detail) {
+FormeEnRangees FormeDe(const TableauEdite& tableau, bool detail) {
   FormeEnRangees forme{.titre = 4, .places = {{"", 5}, {"", 5, Elargissement::DerriereUnNombre}}, .avantIntitule = " "};
-  if (detail)
-    forme.places.resize(forme.places.size() + 3, {"", kEntiersDuDetail, Elargissement::Aucun, DetailEnPlus(profil)});
+  if (detail) {
+    const int enPlus =
+        ColonnesEnPlus(tableau, kPremiereDuDetail, kPremiereDuDetail + kColonnesDuDetail, kUsuellesDuDetail);
+    forme.places.resize(forme.places.size() + kColonnesDuDetail, {"", kEntiersDuDetail, Elargissement::Aucun, enPlus});
+  }
   forme.places.push_back({" ", 4});
   return forme;
 }
@@ -34,7 +31,8 @@ FormeEnRangees FormeDe(const ProfilDeModalite& profil, bool detail) {
 
 void ImprimerProfil(Rapport& rapport, const ProfilDeModalite& profil, bool detail) {
   rapport.Ligne();
-  ImprimerRangees(rapport, TableDuProfil(profil, detail), FormeDe(profil, detail));
+  const TableauEdite tableau = TableDuProfil(profil, detail);
+  ImprimerRangees(rapport, tableau, FormeDe(tableau, detail));
 }
 
 }  // namespace quelvar::factor

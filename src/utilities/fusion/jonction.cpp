@@ -26,7 +26,8 @@ std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t
   return PosCoteACote(travail.pos->a, travail.pos->b, travail.a.plusLongue, individus);
 }
 
-// False from the difference on that is one too many.
+// False from the difference on that is one too many. Each one is told as it is met: behind a file that fails
+// further on the report holds what was found until then.
 class Verification {
  public:
   explicit Verification(const Travail& travail) : rapport_(travail.rapport) {

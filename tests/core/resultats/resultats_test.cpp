@@ -3,6 +3,7 @@
 #include "core/resultats/fichiers.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
+#include "core/resultats/tete.h"
 #include "support/environnement.h"
 
 namespace quelvar {
@@ -61,6 +62,25 @@ std::string Imprimer(const TableauEdite& tableau, const FormeEnRangees& forme) {
   rapport.Achever();
   rapport.Valider();
   return LireOctets(chemin);
+}
+
+TEST(LargeurFixe, ColumnsThatWidenTogether) {
+  TableauEdite tableau;
+  tableau.colonnes = {{"N"}, {"A"}, {"B"}};
+  constexpr int kUsuelles = 11;  // eight digits, the point, two decimals
+  tableau.rangees = {{"a", {}, {{1e12}, {1234567.25, Unite::Nombre, 2}, {}}}};
+  EXPECT_EQ(ColonnesEnPlus(tableau, 1, 3, kUsuelles), 0);
+  tableau.rangees.push_back({"b", {}, {{1.0}, {12345678.25, Unite::Nombre, 2}, {}}});
+  EXPECT_EQ(ColonnesEnPlus(tableau, 1, 3, kUsuelles), 1);
+  tableau.rangees.push_back({"c", {}, {{1.0}, {}, {-123456789.5, Unite::Nombre, 2}}});
+  EXPECT_EQ(ColonnesEnPlus(tableau, 1, 3, kUsuelles), 3);
+  EXPECT_EQ(ColonnesEnPlus(tableau, 1, 2, kUsuelles), 1);
+}
+
+TEST(Rangees, TitlesToTheRightOfTheirPlaces) {
+  const FormeEnRangees forme{.places = {{"", 7}, {"!", 5}}};
+  EXPECT_EQ(TeteADroite("ACT.", {{"F=1"}, {"COS2"}}, forme, 4), "ACT.    F=1! COS2");
+  EXPECT_EQ(TeteADroite("SUP.", {{"F=100"}, {"CPF"}}, forme, 4), "SUP.   F=100!  CPF");
 }
 
 TEST(Rangees, HeadingsOfTwoLinesEmptyRowsAndRowsSideBySide) {
