@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 #include "factor/plan/plan.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/session/generique.h"
 #include "core/texte/horspage.h"
 

@@ -8,7 +8,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/programme.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::capture {
 

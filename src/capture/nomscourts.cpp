@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/programme/erreur.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
 #include "crosstab/enquete.h"
 #include "crosstab/tableau/tableau.h"

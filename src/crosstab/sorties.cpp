@@ -44,6 +44,7 @@ void EcrireTableauIsole(const Contexte& contexte, const EnqueteCroisee& enquete,
 
   Ecrivain& mod = sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique);
   mod.Ligne(contexte.generique);
+  // The counts stand in columns of their own, unlike those of other parameters.
   mod.Ligne(Joindre({"Li=", elements(t.lignes.size()), " Co=", elements(t.lignes.size() + t.colonnes.size()),
                      " La=", Nombre(largeur)}));
   for (const std::size_t j : t.colonnes) {

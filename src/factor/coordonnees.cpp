@@ -4,7 +4,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::factor {

@@ -1,7 +1,7 @@
 #include "modalities/codes.h"
 
 #include "core/enquete/colonnes.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::modalities {

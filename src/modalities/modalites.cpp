@@ -2,7 +2,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/nomdemodalite.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::modalities {
 

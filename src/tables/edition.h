@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "tables/diagonalisation.h"
 #include "tables/gamma.h"
 #include "tables/indices.h"

@@ -94,7 +94,7 @@ void ExigerPlaceDesDonnees(Rapport& rapport, const Contexte& contexte, const Tab
 void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<QuestionCreee>& questions,
                std::int64_t individus) {
   sortie.Ligne(titre);
-  sortie.Ligne(NombreNu(individus));
+  sortie.Ligne(LigneDeTaille(individus));
   std::size_t position = 1;
   for (const QuestionCreee& question : questions) {
     sortie.Ligne(LigneDeQuestion(question.nom, static_cast<std::int64_t>(position), TexteCodeMax(question.codeMax)));

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::utilities {
 

@@ -12,8 +12,9 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -179,7 +180,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   pos.Ligne(contexte.generique);
-  pos.Ligne(NombreNu(effectif));
+  pos.Ligne(LigneDeTaille(effectif));
   rapport.Ligne({"L'effectif de la population de l'enquête est de "_w, NombreNu(effectif), " individus"});
   rapport.Ligne({"Il est enregistré dans le fichier "_w, contexte.Nom(".POS")});
   rapport.Ligne("Fin normale du programme");

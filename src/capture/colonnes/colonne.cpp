@@ -4,7 +4,7 @@
 
 #include "capture/nomscourts.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -29,11 +29,11 @@ std::vector<std::size_t> NommerColonnes(std::vector<ColonneImportee>& colonnes) 
 void EcrirePos(Ecrivain& pos, std::string_view generique, const std::vector<ColonneImportee>& colonnes,
                std::int64_t individus) {
   pos.Ligne(generique);
-  pos.Ligne(NombreNu(individus));
+  pos.Ligne(LigneDeTaille(individus));
   for (const ColonneImportee& colonne : colonnes) {
     if (!colonne.DansPos()) continue;
     const bool intitulee = colonne.intitule.size() >= 4 || colonne.intituleDonne;
-    const std::string intitule = intitulee ? Joindre({" $", colonne.intitule, "$"}) : std::string();
+    const std::string intitule = intitulee ? " " + EntreDollars(colonne.intitule) : std::string();
     pos.Ligne(LigneDeQuestion(colonne.nomCourt, static_cast<std::int64_t>(colonne.position),
                               TexteCodeMax(static_cast<int>(colonne.codeMax)),
                               Joindre({std::string_view(colonne.alphabetique ? "A" : ""), intitule})));

@@ -7,7 +7,7 @@
 
 #include "capture/colonnes/colonne.h"
 #include "core/programme/programme.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::capture {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "capture/dbase/tri.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar::capture {

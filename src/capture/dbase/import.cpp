@@ -74,14 +74,16 @@ std::vector<QuestionComptee> Assembler(const std::vector<QuestionImportee>& ques
 
 // Columns 8-9 of a line of .POS, such that a reader finds the width again.
 std::string CodeMaxEcrit(const QuestionComptee& question) {
-  if (question.largeur == 3) return "L3";
-  return NombreFixe(question.largeur == 2 ? std::max(question.tri.codeMax, 10) : question.tri.codeMax, 2, 0);
+  constexpr int kPremierDeDeuxColonnes = 10;
+  if (question.largeur == LargeurDe(kCodeMaxL3)) return TexteCodeMax(kCodeMaxL3);
+  return TexteCodeMax(question.largeur == 1 ? question.tri.codeMax
+                                            : std::max(question.tri.codeMax, kPremierDeDeuxColonnes));
 }
 
 void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<QuestionComptee>& questions,
                std::int64_t individus) {
   pos.Ligne(contexte.generique);
-  pos.Ligne(NombreNu(individus));
+  pos.Ligne(LigneDeTaille(individus));
   for (const QuestionComptee& question : questions)
     pos.Ligne(LigneDeQuestion(question.nom, static_cast<std::int64_t>(question.position), CodeMaxEcrit(question)));
 }

@@ -6,7 +6,7 @@
 #include "capture/noms.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::capture {
 

@@ -11,7 +11,7 @@
 #include "capture/dbase/tri.h"
 #include "capture/remarques.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::capture {
 

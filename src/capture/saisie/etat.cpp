@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
@@ -58,7 +58,7 @@ void Tabuler(EtatSaisie& etat) {
 // --- answers ---
 
 // Held at the bounds, where a record that was made elsewhere may be beyond them.
-void Decaler(EtatSaisie& etat, int pas, Effet& effet) {
+void Decaler(EtatSaisie& etat, int pas, SuiteDeFrappe& effet) {
   const int code = CodeDe(etat.reponses[etat.courante]) + pas;
   const int tenu = std::clamp(code, 0, etat.Courante().nombre);
   effet.bip = tenu != code;
@@ -66,7 +66,7 @@ void Decaler(EtatSaisie& etat, int pas, Effet& effet) {
 }
 
 // A digit on a short numeric question: it is the answer, or its second digit when the first one waits for it.
-void RepondreDirectement(EtatSaisie& etat, int chiffre, bool attendu, Effet& effet) {
+void RepondreDirectement(EtatSaisie& etat, int chiffre, bool attendu, SuiteDeFrappe& effet) {
   const int codeMax = etat.Courante().nombre;
   const int code = attendu ? 10 * CodeDe(etat.reponses[etat.courante]) + chiffre : chiffre;
   if (code > codeMax) {
@@ -79,7 +79,7 @@ void RepondreDirectement(EtatSaisie& etat, int chiffre, bool attendu, Effet& eff
   else Aller(etat, etat.courante + 1);
 }
 
-void Ecrire(EtatSaisie& etat, char caractere, Effet& effet) {
+void Ecrire(EtatSaisie& etat, char caractere, SuiteDeFrappe& effet) {
   const DescriptionDeQuestion& question = etat.Courante();
   if (EstLongue(question) && !EstChiffre(caractere)) return;
   std::string& reponse = etat.reponses[etat.courante];
@@ -91,7 +91,7 @@ void Ecrire(EtatSaisie& etat, char caractere, Effet& effet) {
   reponse.resize(LargeurDeChamp(question));
 }
 
-void EcrireCaractere(EtatSaisie& etat, char caractere, bool chiffreAttendu, Effet& effet) {
+void EcrireCaractere(EtatSaisie& etat, char caractere, bool chiffreAttendu, SuiteDeFrappe& effet) {
   if (!EstImprimable(caractere)) return;
   if (!EstCourte(etat.Courante())) Ecrire(etat, caractere, effet);
   else if (etat.directe && EstChiffre(caractere)) RepondreDirectement(etat, caractere - '0', chiffreAttendu, effet);
@@ -109,7 +109,7 @@ void Effacer(EtatSaisie& etat, bool tout) {
 }
 
 // Keys that change an answer; none of them does anything on the end mark.
-void Modifier(EtatSaisie& etat, Touche touche, bool chiffreAttendu, Effet& effet) {
+void Modifier(EtatSaisie& etat, Touche touche, bool chiffreAttendu, SuiteDeFrappe& effet) {
   if (etat.SurFin()) return;
   switch (touche.nom) {
     case NomDeTouche::Gauche:
@@ -170,8 +170,8 @@ void RecommencerIndividu(EtatSaisie& etat) {
   etat.courante = 0;
 }
 
-Effet Frapper(EtatSaisie& etat, Touche touche) {
-  Effet effet;
+SuiteDeFrappe Frapper(EtatSaisie& etat, Touche touche) {
+  SuiteDeFrappe effet;
   etat.message.clear();
   const bool chiffreAttendu = std::exchange(etat.chiffreAttendu, false);
   switch (touche.nom) {

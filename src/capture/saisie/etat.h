@@ -55,7 +55,7 @@ struct EtatSaisie {
 
 // What a key asks of the one who holds the files and the screen.
 enum class Demande { Rien, Enregistrer, Quitter, LaisserLaCorrection };
-struct Effet {
+struct SuiteDeFrappe {
   Demande demande = Demande::Rien;
   bool bip = false;
 };
@@ -66,7 +66,7 @@ EtatSaisie NouvelleSaisie(const Descripteur& descripteur, std::int64_t faits);
 // Treats one key. Escape in a correction that has changed answers only asks to leave it: RecommencerIndividu does.
 // Enter only asks for the record to be written: Enregistrement gives it, and RecommencerIndividu goes on once it is
 // safe.
-Effet Frapper(EtatSaisie& etat, Touche touche);
+SuiteDeFrappe Frapper(EtatSaisie& etat, Touche touche);
 
 // The line of .DAT that the answers make; nothing when all of them are empty. In a record that is corrected the fields
 // of unchanged answers, and what stands behind the last field, keep their bytes.

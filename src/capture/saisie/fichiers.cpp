@@ -7,7 +7,7 @@
 #include "capture/fichiers.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {
@@ -87,7 +87,7 @@ Erreur FichiersSaisie::SansEnregistrement(std::int64_t numero) const {
 }
 
 std::string FichiersSaisie::TextePos(std::int64_t nonVides) const {
-  return Joindre({contexte_.generique, "\r\n", NombreNu(nonVides), "\r\n", questions_});
+  return Joindre({contexte_.generique, "\r\n", LigneDeTaille(nonVides), "\r\n", questions_});
 }
 
 // Looks at the data file again when it is no longer the one that was left.

@@ -49,7 +49,7 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
       if (std::string refus = Revoir(saisie, frappe.enregistrement); !refus.empty()) return refus;
       continue;
     }
-    const Effet effet = Frapper(saisie.etat, frappe.touche);
+    const SuiteDeFrappe effet = Frapper(saisie.etat, frappe.touche);
     if (effet.bip) ecran.biper();
     if (effet.demande == Demande::Enregistrer) Enregistrer(saisie, rejeu);
     if (effet.demande == Demande::LaisserLaCorrection) {

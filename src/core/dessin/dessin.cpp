@@ -90,8 +90,8 @@ void Dessin::Calquer(std::string_view nom) {
   if (calque == calques_.end()) calques_.push_back({std::string(nom), {}});
 }
 
-Forme& Dessin::Ajouter(GenreForme genre, std::span<const Position> points) {
-  Forme& forme = formes_.emplace_back();
+FormeDessinee& Dessin::Ajouter(GenreForme genre, std::span<const Position> points) {
+  FormeDessinee& forme = formes_.emplace_back();
   forme.genre = genre;
   forme.premier = static_cast<std::uint32_t>(points_.size());
   forme.nombre = static_cast<std::uint32_t>(points.size());
@@ -101,47 +101,47 @@ Forme& Dessin::Ajouter(GenreForme genre, std::span<const Position> points) {
   return forme;
 }
 
-Forme& Dessin::Ligne(Position a, Position b, const Plume& plume) { return Ligne(std::array{a, b}, plume); }
+FormeDessinee& Dessin::Ligne(Position a, Position b, const Plume& plume) { return Ligne(std::array{a, b}, plume); }
 
-Forme& Dessin::Ligne(std::span<const Position> points, const Plume& plume) {
-  Forme& forme = Ajouter(GenreForme::Ligne, points);
+FormeDessinee& Dessin::Ligne(std::span<const Position> points, const Plume& plume) {
+  FormeDessinee& forme = Ajouter(GenreForme::Ligne, points);
   forme.plume = plume;
   return forme;
 }
 
-Forme& Dessin::Polygone(std::span<const Position> points, const Fond& fond, const Plume& plume) {
-  Forme& forme = Ajouter(GenreForme::Polygone, points);
+FormeDessinee& Dessin::Polygone(std::span<const Position> points, const Fond& fond, const Plume& plume) {
+  FormeDessinee& forme = Ajouter(GenreForme::Polygone, points);
   forme.fond = fond;
   forme.plume = plume;
   return forme;
 }
 
-Forme& Dessin::Rectangle(Position coin, Position oppose, const Fond& fond, const Plume& plume) {
+FormeDessinee& Dessin::Rectangle(Position coin, Position oppose, const Fond& fond, const Plume& plume) {
   return Polygone(std::array{coin, Position{oppose.x, coin.y}, oppose, Position{coin.x, oppose.y}}, fond, plume);
 }
 
-Forme& Dessin::Cercle(Position centre, double rayon, const Fond& fond, const Plume& plume) {
-  Forme& forme = Ajouter(GenreForme::Cercle, std::array{centre});
+FormeDessinee& Dessin::Cercle(Position centre, double rayon, const Fond& fond, const Plume& plume) {
+  FormeDessinee& forme = Ajouter(GenreForme::Cercle, std::array{centre});
   forme.rayon = rayon;
   forme.fond = fond;
   forme.plume = plume;
   return forme;
 }
 
-Forme& Dessin::Texte(Position place, std::string_view texte, const Police& police, Position decalage) {
-  Forme& forme = Ajouter(GenreForme::Texte, std::array{place});
+FormeDessinee& Dessin::Texte(Position place, std::string_view texte, const Police& police, Position decalage) {
+  FormeDessinee& forme = Ajouter(GenreForme::Texte, std::array{place});
   forme.texte = texte;
   forme.police = police;
   forme.decalage = decalage;
   return forme;
 }
 
-Position Dessin::SurPage(const Forme& forme, std::size_t rang) const {
+Position Dessin::SurPage(const FormeDessinee& forme, std::size_t rang) const {
   const Position page = VersPage(points_[forme.premier + rang]);
   return {page.x + forme.decalage.x, page.y + forme.decalage.y};
 }
 
-Zone Dessin::Etendue(const Forme& forme) const {
+Zone Dessin::Etendue(const FormeDessinee& forme) const {
   if (forme.nombre == 0) return {};
   const Position premier = SurPage(forme);
   if (forme.genre == GenreForme::Texte) return ZoneDuTexte(premier, forme.texte, forme.police);

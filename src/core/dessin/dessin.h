@@ -79,7 +79,7 @@ struct Police {
 enum class GenreForme : std::uint8_t { Ligne, Polygone, Cercle, Texte };
 
 // One mark. Its points stand in the list of the picture.
-struct Forme {
+struct FormeDessinee {
   GenreForme genre = GenreForme::Ligne;
   std::uint32_t premier = 0;  // first of its points: vertices, centre, or place of the text
   std::uint32_t nombre = 0;
@@ -134,39 +134,39 @@ class Dessin {
   void Designer(std::int32_t id) { id_ = id; }
 
   // Each adds a mark and returns it; the reference lives until the next one is added.
-  Forme& Ligne(Position a, Position b, const Plume& plume = {});
-  Forme& Ligne(std::span<const Position> points, const Plume& plume = {});
-  Forme& Polygone(std::span<const Position> points, const Fond& fond, const Plume& plume = {.epaisseur = 0});
-  Forme& Rectangle(Position coin, Position oppose, const Fond& fond, const Plume& plume = {.epaisseur = 0});
-  Forme& Cercle(Position centre, double rayon, const Fond& fond, const Plume& plume = {});
+  FormeDessinee& Ligne(Position a, Position b, const Plume& plume = {});
+  FormeDessinee& Ligne(std::span<const Position> points, const Plume& plume = {});
+  FormeDessinee& Polygone(std::span<const Position> points, const Fond& fond, const Plume& plume = {.epaisseur = 0});
+  FormeDessinee& Rectangle(Position coin, Position oppose, const Fond& fond, const Plume& plume = {.epaisseur = 0});
+  FormeDessinee& Cercle(Position centre, double rayon, const Fond& fond, const Plume& plume = {});
   // The offset, in points of the page, does not change with the scale.
-  Forme& Texte(Position place, std::string_view texte, const Police& police = {}, Position decalage = {});
+  FormeDessinee& Texte(Position place, std::string_view texte, const Police& police = {}, Position decalage = {});
 
-  const std::vector<Forme>& Formes() const { return formes_; }
+  const std::vector<FormeDessinee>& Formes() const { return formes_; }
   const std::vector<Calque>& Calques() const { return calques_; }
   // The zone that a mark is cut off at, if it is.
-  const std::optional<Zone>& Coupe(const Forme& forme) const { return calques_[forme.calque].coupe; }
+  const std::optional<Zone>& Coupe(const FormeDessinee& forme) const { return calques_[forme.calque].coupe; }
   // In user units.
-  std::span<const Position> Points(const Forme& forme) const {
+  std::span<const Position> Points(const FormeDessinee& forme) const {
     return std::span(points_).subspan(forme.premier, forme.nombre);
   }
   // A point of a form, on the page.
-  Position SurPage(const Forme& forme, std::size_t rang = 0) const;
+  Position SurPage(const FormeDessinee& forme, std::size_t rang = 0) const;
   // The rectangle that a form covers on the page, without the width of its line.
-  Zone Etendue(const Forme& forme) const;
+  Zone Etendue(const FormeDessinee& forme) const;
 
   // The element drawn last under a point of the page, within that many points; nothing without one.
   std::optional<std::int32_t> ElementSous(Position page, double tolerance) const;
 
  private:
-  Forme& Ajouter(GenreForme genre, std::span<const Position> points);
+  FormeDessinee& Ajouter(GenreForme genre, std::span<const Position> points);
 
   double largeur_;
   double hauteur_;
   Fenetre fenetre_;
   Zone zone_;
   std::vector<Position> points_;
-  std::vector<Forme> formes_;
+  std::vector<FormeDessinee> formes_;
   std::vector<Calque> calques_{{}};
   std::uint16_t calque_ = 0;
   std::int32_t id_ = -1;

@@ -65,7 +65,7 @@ std::string Remplissage(const Fond& fond) {
   return Attribut("fill", fond.teinte > 0 ? Teinte(fond.couleur, fond.teinte) : "none");
 }
 
-std::string Sommets(const Dessin& dessin, const Forme& forme) {
+std::string Sommets(const Dessin& dessin, const FormeDessinee& forme) {
   std::string texte;
   for (std::size_t rang = 0; rang < forme.nombre; ++rang) {
     const Position p = dessin.SurPage(forme, rang);
@@ -74,7 +74,7 @@ std::string Sommets(const Dessin& dessin, const Forme& forme) {
   return Attribut("points", texte);
 }
 
-std::string TexteEcrit(const Dessin& dessin, const Forme& forme, const std::string& id) {
+std::string TexteEcrit(const Dessin& dessin, const FormeDessinee& forme, const std::string& id) {
   const Police& police = forme.police;
   const Position p = dessin.SurPage(forme);
   std::string balise = "<text" + id + Attribut("x", Cote(p.x)) + Attribut("y", Cote(p.y + DescenteDeLaBase(police))) +
@@ -88,7 +88,7 @@ std::string TexteEcrit(const Dessin& dessin, const Forme& forme, const std::stri
   return balise + ">" + EnXml(forme.texte) + "</text>\n";
 }
 
-std::string Balise(const Dessin& dessin, const Forme& forme) {
+std::string Balise(const Dessin& dessin, const FormeDessinee& forme) {
   const std::string id = forme.id < 0 ? "" : Attribut("data-id", std::to_string(forme.id));
   switch (forme.genre) {
     case GenreForme::Ligne:
@@ -132,7 +132,7 @@ std::string TexteSvg(const Dessin& dessin) {
   // Marks keep their order: a group ends where the next mark belongs to another layer.
   std::optional<std::uint16_t> ouvert;
   std::size_t groupes = 0;
-  for (const Forme& forme : dessin.Formes()) {
+  for (const FormeDessinee& forme : dessin.Formes()) {
     if (ouvert != forme.calque) {
       if (ouvert) svg += "</g>\n";
       svg += DebutDeGroupe(dessin.Calques()[forme.calque], ++groupes);

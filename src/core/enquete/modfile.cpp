@@ -1,7 +1,7 @@
 #include "core/enquete/modfile.h"
 
 #include "core/enquete/listemod.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 

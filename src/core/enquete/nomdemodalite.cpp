@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar {
@@ -128,6 +128,14 @@ std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::st
                             std::string_view suite) {
   return Joindre({CadreGauche(nom, kLargeurDeQuestion), EntierDroit(position, kLargeurDePosition), codeMax, suite});
 }
+
+std::string LigneDeTaille(std::int64_t individus, std::int64_t avantPonderation) {
+  std::string ligne = NombreNu(individus);
+  if (avantPonderation != 0) ligne += Joindre({"(", NombreNu(avantPonderation), ")"});
+  return ligne;
+}
+
+std::string EntreDollars(std::string_view intitule) { return Joindre({"$", intitule, "$"}); }
 
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne) {
   const std::string_view nom = Milieu(ligne, 1, kLargeurDeQuestion);

@@ -83,6 +83,10 @@ Question LireLigneQuestion(std::string_view ligne);
 // The line of a question: name in 3 columns, position in 4, code-max in 2 as TexteCodeMax has it, and what follows.
 std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
                             std::string_view suite = {});
+// The size line of N individuals; M, those before the weighting, stand between parentheses unless they are 0.
+std::string LigneDeTaille(std::int64_t individus, std::int64_t avantPonderation = 0);
+// A label between its two signs.
+std::string EntreDollars(std::string_view intitule);
 // The end of the list of questions that a line is, if it is one.
 std::optional<FinDeListe> MarqueDeFin(std::string_view ligne);
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 

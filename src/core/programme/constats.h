@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/programme/dialogue.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 

@@ -10,7 +10,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
 #include "core/programme/erreur.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 

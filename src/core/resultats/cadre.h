@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar {

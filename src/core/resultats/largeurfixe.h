@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
 
 namespace quelvar {

@@ -1,6 +1,6 @@
 #include "core/resultats/tableau.h"
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar {
 

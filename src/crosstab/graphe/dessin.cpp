@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "crosstab/graphe/graphe2.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::crosstab {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 

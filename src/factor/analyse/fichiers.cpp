@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
 #include "factor/classement/ward.h"
 

@@ -8,7 +8,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "factor/cellules.h"
 #include "factor/coordonnees.h"

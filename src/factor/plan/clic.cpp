@@ -33,7 +33,7 @@ std::vector<std::size_t> ElementsSous(const EtatPlan& etat, const Dessin& dessin
   const double y = kTolerance * (f.haut - f.bas) / kUnitesDeFenetre;
   std::vector<std::pair<double, std::size_t>> trouves;
   std::int32_t dernier = -1;
-  for (const Forme& forme : dessin.Formes()) {
+  for (const FormeDessinee& forme : dessin.Formes()) {
     if (forme.id < 0 || forme.id == dernier) continue;
     dernier = forme.id;
     const auto element = static_cast<std::size_t>(forme.id);

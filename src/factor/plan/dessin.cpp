@@ -3,7 +3,7 @@
 #include <cmath>
 #include <random>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "factor/plan/plan.h"
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::factor {

@@ -1,7 +1,7 @@
 // The report of a profile, in columns.
 #pragma once
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "factor/profil/profil.h"
 
 namespace quelvar::factor {

@@ -41,7 +41,7 @@ QPen PlumeQt(const Plume& plume) {
 
 QBrush FondQt(const Fond& fond) { return fond.teinte > 0 ? QBrush(TonDe(fond.couleur, fond.teinte)) : Qt::NoBrush; }
 
-QPolygonF Sommets(const Dessin& dessin, const Forme& forme) {
+QPolygonF Sommets(const Dessin& dessin, const FormeDessinee& forme) {
   QPolygonF sommets;
   for (std::size_t rang = 0; rang < forme.nombre; ++rang) {
     const Position p = dessin.SurPage(forme, rang);
@@ -70,7 +70,7 @@ const QFont& FonteDe(const Police& police) {
 
 // Labels with their glyphs laid out, kept from one picture to the next: a plane is drawn anew at each turn of the
 // wheel.
-const QStaticText& TexteDispose(const Forme& forme, const QFont& fonte) {
+const QStaticText& TexteDispose(const FormeDessinee& forme, const QFont& fonte) {
   constexpr qsizetype gardes = 20000;                         // the labels of a plane of individuals
   static auto& textes = *new QHash<QByteArray, QStaticText>;  // never freed: the fonts are gone before statics are
   QByteArray cle(forme.texte.data(), static_cast<qsizetype>(forme.texte.size()));
@@ -85,7 +85,7 @@ const QStaticText& TexteDispose(const Forme& forme, const QFont& fonte) {
   return *textes.insert(cle, texte);
 }
 
-void PeindreTexte(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
+void PeindreTexte(QPainter& peintre, const Dessin& dessin, const FormeDessinee& forme) {
   const Police& police = forme.police;
   const QFont& fonte = FonteDe(police);
   const QStaticText& texte = TexteDispose(forme, fonte);
@@ -107,7 +107,7 @@ void PeindreTexte(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
   peintre.setTransform(avant);
 }
 
-void PeindreForme(QPainter& peintre, const Dessin& dessin, const Forme& forme) {
+void PeindreForme(QPainter& peintre, const Dessin& dessin, const FormeDessinee& forme) {
   if (forme.genre == GenreForme::Texte) {
     PeindreTexte(peintre, dessin, forme);
     return;
@@ -135,7 +135,7 @@ class Peinture {
   Peinture(const Peinture&) = delete;
   Peinture& operator=(const Peinture&) = delete;
 
-  void Ajouter(const Forme& forme) {
+  void Ajouter(const FormeDessinee& forme) {
     const bool segment = forme.genre == GenreForme::Ligne && forme.nombre == 2;
     if (!segment || !(forme.plume == plume_)) Vider();
     Couper(dessin_.Coupe(forme));
@@ -220,7 +220,7 @@ bool EcrirePdf(QIODevice& sortie, const Dessin& dessin) {
 
 void PeindreDessin(QPainter& peintre, const Dessin& dessin, const Zone& zone) {
   Peinture peinture(peintre, dessin);
-  for (const Forme& forme : dessin.Formes()) {
+  for (const FormeDessinee& forme : dessin.Formes()) {
     // A text may be a little wider in the font at hand than in the metrics of the picture.
     constexpr double marge = 12;
     Zone etendue = dessin.Etendue(forme);

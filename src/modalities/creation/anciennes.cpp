@@ -8,7 +8,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::modalities {
 

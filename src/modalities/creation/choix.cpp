@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/noms.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::modalities {

@@ -59,9 +59,9 @@ std::string LigneAvecIntitule(std::string_view ligne, std::string_view intitule)
   if (second != std::string::npos) return resultat.replace(premier + 1, second - premier - 1, intitule);
   if (intitule.empty()) return resultat;
   // Readers take the first two "$": a lone one has to come behind them.
-  if (premier != std::string::npos) return resultat.insert(premier, Joindre({"$", intitule, "$ "}));
+  if (premier != std::string::npos) return resultat.insert(premier, EntreDollars(intitule) + " ");
   resultat.resize(std::max(resultat.size(), kColonnesDeQuestion), ' ');
-  return resultat + Joindre({" $", intitule, "$"});
+  return resultat + " " + EntreDollars(intitule);
 }
 
 void SauverNomQuest(const Contexte& contexte, const std::vector<NomDeQuestion>& questions) {

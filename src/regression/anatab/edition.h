@@ -1,7 +1,7 @@
 // Prints the model of a tabular analysis, its data before any grouping, and its situations.
 #pragma once
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "regression/anatab/analyse.h"
 #include "regression/anatab/base.h"
 #include "regression/anatab/modele.h"

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "regression/anatab/analyse.h"
 #include "regression/anatab/modele.h"
 #include "regression/anatab/resultats.h"

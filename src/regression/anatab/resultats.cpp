@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::regression {
 

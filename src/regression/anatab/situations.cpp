@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "core/programme/erreur.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "crosstab/tableau/khi2.h"
 

@@ -18,7 +18,7 @@ constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
 constexpr std::string_view kVingtCinqBlancs = "                         ";
 
 std::string_view TitreDe(const ModeleAjuste& ajuste) {
-  return ajuste.lien == Lien::Lineaire ? "Régression linéaire"_w : "Régression logistique"_w;
+  return ajuste.lien == FonctionDeLien::Lineaire ? "Régression linéaire"_w : "Régression logistique"_w;
 }
 
 void PrevenirDesNonEstimes(Rapport& rapport, const Travail& travail) {
@@ -37,7 +37,7 @@ void PrevenirDesIndistincts(Rapport& rapport, const Travail& travail, const std:
 }
 
 void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
-  const bool logistique = ajuste.lien == Lien::Logistique;
+  const bool logistique = ajuste.lien == FonctionDeLien::Logistique;
   rapport.Ligne({"Situation de référence "_w, NomsDeSituation(travail.analyse, travail.analyse.reference),
                  std::string_view(logistique ? "       ChancesRef" : "")});
   FormeEnRangees forme{.titre = kLargeur, .places = {{"", 4}, {kVingtCinqBlancs, 3, kLibre}}};
@@ -74,7 +74,7 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   PrevenirDesIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
   FormeEnRangees forme{.titre = kLargeur, .places = {{" ", 3, kLibre}, {kVingtCinqBlancs, 3, kLibre}}};
-  if (ajuste.lien == Lien::Logistique)
+  if (ajuste.lien == FonctionDeLien::Logistique)
     forme.places = {{" ", 3, kLibre}, {"       ", 3, kLibre}, {"            ", 3, kLibre}};
   ImprimerRangees(rapport, TableauDesParametres(travail, ajuste), forme);
   rapport.Ligne({"Log-Vraisembl.", Figure(ajuste.ajustement.logVraisemblance, 6, 4)});

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "regression/anatab/travail.h"
 #include "regression/logistique/sorties.h"
 

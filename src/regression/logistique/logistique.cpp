@@ -38,8 +38,8 @@ Suivi SuiviPour(const Dialogue& ecran) {
   };
 }
 
-ModeleAjuste Ajuster(const Dialogue& ecran, Lien lien, const Observations& observations, const Parametres& depart,
-                     const Modele& modele) {
+ModeleAjuste Ajuster(const Dialogue& ecran, FonctionDeLien lien, const Observations& observations,
+                     const Parametres& depart, const Modele& modele) {
   ecran.montrerProgression(static_cast<std::int64_t>(kPasDeProgression * std::log(kPrecisionAffichee)));
   ModeleAjuste ajuste{lien, Maximiser(observations, lien, depart, SuiviPour(ecran)),
                       std::vector<double>(modele.Explicatives())};
@@ -79,8 +79,8 @@ ModeleAjuste AjusterLesModeles(const Contexte& contexte, Rapport& rapport, const
   const std::vector<std::size_t> indistincts = ParametresIndistincts(observations);
   Parametres depart = DepartLineaire(travail);
   ModeleAjuste ajuste;
-  for (const Lien lien : {Lien::Lineaire, Lien::Logistique}) {
-    if (lien == Lien::Logistique) depart = DepartLogistique(travail, ajuste.ajustement.parametres);
+  for (const FonctionDeLien lien : {FonctionDeLien::Lineaire, FonctionDeLien::Logistique}) {
+    if (lien == FonctionDeLien::Logistique) depart = DepartLogistique(travail, ajuste.ajustement.parametres);
     ajuste = Ajuster(ecran, lien, observations, depart, travail.modele);
     const TestsDuModele tests = TesterLeModele(observations, ajuste, [&](std::size_t rang) {
       ecran.montrerIteration(Joindre({"Calcul des test  ", Nombre(rang)}));

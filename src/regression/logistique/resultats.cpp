@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "crosstab/tableau/khi2.h"
 
 namespace quelvar::regression {
@@ -65,7 +65,7 @@ TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& aj
   const int decimales = Decimales(travail);
   TableauEdite tableau;
   std::vector<Cellule> cellules = {Nombre(alpha, decimales)};
-  if (ajuste.lien == Lien::Logistique) cellules.push_back(Nombre(std::exp(alpha), decimales));
+  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(Nombre(std::exp(alpha), decimales));
   cellules.push_back(Points(100 * Probabilite(ajuste.lien, alpha)));
   tableau.colonnes.resize(cellules.size());
   tableau.rangees.push_back({{}, {}, std::move(cellules)});
@@ -73,7 +73,7 @@ TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& aj
 }
 
 TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& ajuste) {
-  const bool logistique = ajuste.lien == Lien::Logistique;
+  const bool logistique = ajuste.lien == FonctionDeLien::Logistique;
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
   const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
   TableauEdite tableau;

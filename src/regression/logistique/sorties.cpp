@@ -17,8 +17,8 @@ TestDeVraisemblance Tester(double degres, double reduit, double complet) {
   return test;
 }
 
-double MoyenneAjustee(Lien lien, double beta, double base) {
-  if (lien == Lien::Lineaire) return beta + base;
+double MoyenneAjustee(FonctionDeLien lien, double beta, double base) {
+  if (lien == FonctionDeLien::Lineaire) return beta + base;
   const double chances = std::exp(beta) * base / (1 - base);
   return std::isinf(chances) ? 1 : chances / (1 + chances);
 }
@@ -26,9 +26,10 @@ double MoyenneAjustee(Lien lien, double beta, double base) {
 }  // namespace
 
 double EffetEnPoints(const ModeleAjuste& ajuste, double beta) {
-  if (ajuste.lien == Lien::Lineaire) return 100 * beta;
+  if (ajuste.lien == FonctionDeLien::Lineaire) return 100 * beta;
   const double alpha = ajuste.ajustement.parametres.alpha;
-  return 100 * Probabilite(Lien::Logistique, alpha + beta) - 100 * Probabilite(Lien::Logistique, alpha);
+  return 100 * Probabilite(FonctionDeLien::Logistique, alpha + beta) -
+         100 * Probabilite(FonctionDeLien::Logistique, alpha);
 }
 
 std::vector<std::size_t> RangsDesParametres(const Modele& modele) {
@@ -66,7 +67,7 @@ TestsDuModele TesterLeModele(const Observations& observations, const ModeleAjust
   const Parametres& trouves = ajuste.ajustement.parametres;
   const double complet = ajuste.ajustement.logVraisemblance;
   TestsDuModele tests;
-  Parametres constante{ajuste.lien == Lien::Lineaire ? 0.5 : 0, std::vector<double>(trouves.betas.size())};
+  Parametres constante{ajuste.lien == FonctionDeLien::Lineaire ? 0.5 : 0, std::vector<double>(trouves.betas.size())};
   LogVraisemblance vraisemblance(observations, ajuste.lien, constante);
   tests.logConstante = vraisemblance.Valeur();
   tests.modele = Tester(static_cast<double>(trouves.betas.size()), tests.logConstante, complet);

@@ -15,7 +15,7 @@ namespace quelvar::regression {
 
 // A model fitted to the rows of the analysis.
 struct ModeleAjuste {
-  Lien lien = Lien::Lineaire;
+  FonctionDeLien lien = FonctionDeLien::Lineaire;
   Ajustement ajustement;
   std::vector<double> betas;  // of every explanatory modality, 0 for a reference
 };

@@ -27,9 +27,11 @@ void ParCle(const std::vector<std::uint32_t>& cles, const std::vector<std::uint3
 
 }  // namespace
 
-double Probabilite(Lien lien, double score) { return lien == Lien::Lineaire ? score : 1 / (1 + std::exp(-score)); }
+double Probabilite(FonctionDeLien lien, double score) {
+  return lien == FonctionDeLien::Lineaire ? score : 1 / (1 + std::exp(-score));
+}
 
-LogVraisemblance::LogVraisemblance(const Observations& observations, Lien lien, Parametres parametres)
+LogVraisemblance::LogVraisemblance(const Observations& observations, FonctionDeLien lien, Parametres parametres)
     : observations_(observations),
       lien_(lien),
       parametres_(std::move(parametres)),
@@ -99,7 +101,7 @@ void LogVraisemblance::Poser(Parametres parametres) {
   Recalculer();
 }
 
-Ajustement Maximiser(const Observations& observations, Lien lien, Parametres depart, const Suivi& suivi,
+Ajustement Maximiser(const Observations& observations, FonctionDeLien lien, Parametres depart, const Suivi& suivi,
                      std::int64_t passagesMax) {
   LogVraisemblance vraisemblance(observations, lien, std::move(depart));
   Ajustement ajustement;

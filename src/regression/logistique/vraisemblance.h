@@ -9,7 +9,7 @@
 
 namespace quelvar::regression {
 
-enum class Lien { Lineaire, Logistique };
+enum class FonctionDeLien { Lineaire, Logistique };
 
 // The observations. A profile is a set of regressors that several rows share; a row is a number of individuals with one
 // profile and one answer.
@@ -37,14 +37,14 @@ struct Parametres {
 };
 
 // The probability that the link makes of a score. A logistic of a score out of range is 0 or 1.
-double Probabilite(Lien lien, double score);
+double Probabilite(FonctionDeLien lien, double score);
 
 // The log-likelihood, kept up to date while one parameter moves at a time. The score of a profile is the constant plus
 // the terms in their order, probabilities are held between 0.00001 and 0.99999, and the sum runs over the rows in their
 // order: a value is the one that a full computation gives, though only the profiles that a move reaches are computed.
 class LogVraisemblance {
  public:
-  LogVraisemblance(const Observations& observations, Lien lien, Parametres parametres);
+  LogVraisemblance(const Observations& observations, FonctionDeLien lien, Parametres parametres);
 
   double Valeur() const { return cumuls_.back(); }
   const Parametres& Courants() const { return parametres_; }
@@ -58,7 +58,7 @@ class LogVraisemblance {
   void Sommer(std::size_t depuis);
 
   const Observations& observations_;
-  Lien lien_;
+  FonctionDeLien lien_;
   Parametres parametres_;
   std::vector<std::size_t> departsProfils_;  // where the profiles of each parameter start, and their number
   std::vector<std::uint32_t> porteurs_;      // profiles in which the parameter has a term
@@ -88,7 +88,7 @@ using Suivi = std::function<void(Mouvement mouvement, double logVraisemblance, d
 // before it did the increment is divided by ten: 0.01, 0.001, 0.0001.
 // Source: coordinate ("univariate") search with fixed steps, as in M. J. Box, D. Davies and W. H. Swann, "Non-Linear
 // Optimization Techniques" (ICI Monograph 5, 1969); there the last step is taken back.
-Ajustement Maximiser(const Observations& observations, Lien lien, Parametres depart, const Suivi& suivi,
+Ajustement Maximiser(const Observations& observations, FonctionDeLien lien, Parametres depart, const Suivi& suivi,
                      std::int64_t passagesMax = kPassagesMax);
 
 }  // namespace quelvar::regression

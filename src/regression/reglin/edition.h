@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "regression/reglin/moindrescarres.h"
 #include "regression/reglin/resultats.h"
 #include "regression/reglin/variables.h"

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::regression {

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "sorts/preparation/preprecod.h"
 #include "sorts/regles/vit.h"

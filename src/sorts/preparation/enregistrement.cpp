@@ -19,7 +19,7 @@ std::string LigneTailleNeuve(const EtatPrepRecod& etat, std::string_view ancienn
 std::string LigneQuestionNeuve(const QuestionPreparee& preparee) {
   const Question& question = preparee.question;
   std::string ligne = Joindre({preparee.tete, question.regle, MarqueDe(question.statut)});
-  if (!question.intitule.empty()) ligne += Joindre({"$", question.intitule, "$"});
+  if (!question.intitule.empty()) ligne += EntreDollars(question.intitule);
   return ligne;
 }
 

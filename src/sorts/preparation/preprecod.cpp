@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/coherence.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "sorts/regles/regles.h"
 #include "sorts/regles/vit.h"

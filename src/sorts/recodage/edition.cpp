@@ -49,10 +49,12 @@ std::string DebutDeLigne(std::string_view nom, int position, int codeMax) {
   return LigneDeQuestion(nom, position, TexteCodeMax(codeMax));
 }
 
-void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& question, Texte avantIntitule) {
+void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& question,
+                    std::string_view devantLIntitule = {}) {
   sortie.Ecrire(debut);
   sortie.Ecrire(question.type);
-  if (!question.intitule.empty()) sortie.Ecrire(Joindre({avantIntitule, question.intitule, "$ "}));
+  if (!question.intitule.empty())
+    sortie.Ecrire(Joindre({" ", EntreDollars(Joindre({devantLIntitule, question.intitule})), " "}));
   sortie.Ligne(MarqueDe(question.statut));
 }
 
@@ -64,16 +66,16 @@ void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const Plan& p
     const int codeMax =
         recodee && consignes.mode == ModeRecodage::SurPlace ? plan.champs[suivant].codeMax : question.codeMax;
     if (recodee) ++suivant;
-    EcrireQuestion(sortie, DebutDeLigne(question.nom, question.position, codeMax), question, " $");
+    EcrireQuestion(sortie, DebutDeLigne(question.nom, question.position, codeMax), question);
   }
 }
 
 void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const Plan& plan) {
-  const std::string_view avantIntitule = consignes.mode == ModeRecodage::EnFin ? " $ Rec " : " $";
+  const std::string_view devantLIntitule = consignes.mode == ModeRecodage::EnFin ? " Rec " : "";
   for (const ChampNeuf& champ : plan.champs) {
     const Question& question = consignes.pos.questions[champ.question];
     EcrireQuestion(sortie, DebutDeLigne(NomNeuf(question, consignes.mode), champ.position, champ.codeMax), question,
-                   avantIntitule);
+                   devantLIntitule);
   }
 }
 
@@ -114,9 +116,7 @@ void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const P
 void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,
                    const std::string& generique) {
   sortie.Ligne(Joindre({consignes.pos.titre, " Recode en ", generique}));
-  std::string ligneTaille = NombreNu(taille.individus);
-  if (taille.avantPonderation != 0) ligneTaille += Joindre({"(", NombreNu(taille.avantPonderation), ")"});
-  sortie.Ligne(ligneTaille);
+  sortie.Ligne(LigneDeTaille(taille.individus, taille.avantPonderation));
   if (consignes.mode != ModeRecodage::Seules) EcrireAnciennes(sortie, consignes, plan);
   if (consignes.mode != ModeRecodage::SurPlace) EcrireRecodees(sortie, consignes, plan);
   for (const VitNeuve& vit : plan.vits)

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "sorts/recodage/plan.h"
 
 namespace quelvar::sorts {

@@ -7,7 +7,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/nomdemodalite.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 #include "sorts/recodage/edition.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 

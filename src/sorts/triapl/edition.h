@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "sorts/triapl/tableau.h"
 
 namespace quelvar::sorts {

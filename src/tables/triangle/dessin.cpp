@@ -257,7 +257,7 @@ void TracerPoints(Cadre& cadre, const EtatTriangle& etat, Occupation& occupation
 
 // Where the label of an entry stands; nothing when it is left out.
 std::optional<Zone> ZoneDeLIntitule(const Dessin& dessin, std::size_t entree) {
-  for (const Forme& forme : dessin.Formes())
+  for (const FormeDessinee& forme : dessin.Formes())
     if (forme.genre == GenreForme::Texte && forme.id == static_cast<std::int32_t>(entree) && forme.texte != "*")
       return dessin.Etendue(forme);
   return std::nullopt;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::tables {

@@ -164,7 +164,7 @@ std::vector<std::string> ReponsesAttendues(const std::optional<std::vector<Quest
 void EcrirePosDesMots(Ecrivain& fichier, std::string_view generique, std::int64_t mots,
                       const std::vector<QuestionDesMots>& questions) {
   fichier.Ligne(generique);
-  fichier.Ligne(NombreNu(mots));
+  fichier.Ligne(LigneDeTaille(mots));
   for (const QuestionDesMots& question : questions)
     fichier.Ligne(LigneDeQuestion(question.nom, question.position, question.codeMax, question.suite));
 }

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "text/tableau/sorties.h"
 

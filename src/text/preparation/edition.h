@@ -6,12 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::text {
 
 // The head of a text and the number of its lines.
-struct Apercu {
+struct Extrait {
   static constexpr std::size_t kLignesMontrees = 10;
 
   std::vector<std::string> lignes;
@@ -26,7 +26,7 @@ struct Apercu {
 // The decimal codes of the bytes and their characters, block by block, the former ones above the new ones.
 void ImprimerCodes(Rapport& rapport, std::string_view anciens, std::string_view nouveaux);
 // `quoi` and `sens`: what the text is to the preparation, and on which side of it.
-void ImprimerApercu(Rapport& rapport, std::string_view quoi, std::string_view nom, const Apercu& apercu,
-                    std::string_view sens);
+void ImprimerExtrait(Rapport& rapport, std::string_view quoi, std::string_view nom, const Extrait& extrait,
+                     std::string_view sens);
 
 }  // namespace quelvar::text

@@ -20,23 +20,23 @@ namespace {
 constexpr std::string_view kTitre = "Préparation d'un fichier texte"_w;
 constexpr std::size_t kOctetsMontres = 600;
 
-Apercu ApercuDe(std::string_view octets) {
-  Apercu apercu;
+Extrait ExtraitDe(std::string_view octets) {
+  Extrait extrait;
   LignesDuTexte lignes(octets);
-  for (std::string_view ligne; lignes.Lire(ligne);) apercu.Compter(ligne);
-  return apercu;
+  for (std::string_view ligne; lignes.Lire(ligne);) extrait.Compter(ligne);
+  return extrait;
 }
 
 // Writes the lines that are not empty; returns what was written.
-Apercu EcrireSansLignesVides(Ecrivain& fichier, std::string_view octets) {
-  Apercu apercu;
+Extrait EcrireSansLignesVides(Ecrivain& fichier, std::string_view octets) {
+  Extrait extrait;
   LignesDuTexte lignes(octets);
   for (std::string_view ligne; lignes.Lire(ligne);) {
     if (ligne.empty()) continue;
-    apercu.Compter(ligne);
+    extrait.Compter(ligne);
     fichier.Ligne(ligne);
   }
-  return apercu;
+  return extrait;
 }
 
 // The files of the data set that go along, copied as they are.
@@ -92,15 +92,15 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   ExigerPlace(contexte, rapport, {LongueurFichier(*source), LongueurFichier(*source)});
 
   std::string texte = PrendreTexte(contexte, *source, nomOrigine, rapport);
-  const Apercu ancien = ApercuDe(texte);
+  const Extrait ancien = ExtraitDe(texte);
   const std::string anciensOctets = texte.substr(0, kOctetsMontres);
   TransformerOctets(texte, options);
   ImprimerCodes(rapport, anciensOctets, std::string_view(texte).substr(0, kOctetsMontres));
 
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
-  const Apercu modifie = EcrireSansLignesVides(sorties.Ouvrir(nomNeuf, Nature::Refaisable), texte);
-  ImprimerApercu(rapport, "d'origine", nomOrigine, ancien, "entrée"_w);
-  ImprimerApercu(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
+  const Extrait modifie = EcrireSansLignesVides(sorties.Ouvrir(nomNeuf, Nature::Refaisable), texte);
+  ImprimerExtrait(rapport, "d'origine", nomOrigine, ancien, "entrée"_w);
+  ImprimerExtrait(rapport, "modifié"_w, nomNeuf, modifie, "sortie");
   transmis.Copier(sorties);
   EcrireInitialisation(sorties, nouveau, contexte.niveau);
   ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);

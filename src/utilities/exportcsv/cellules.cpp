@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {

@@ -1,6 +1,6 @@
 #include "utilities/exportcsv/ligne.h"
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {

@@ -10,7 +10,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/noms.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
 

@@ -5,7 +5,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/erreur.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
@@ -17,12 +17,12 @@ constexpr int kColonneDePosition = kLargeurDeQuestion + 1;
 constexpr int kLargeurPosition = 4;
 constexpr std::int64_t kPremiereQuestion = 3;  // line of a .POS
 
+// The rest of the line as it stands; its position may be one that no question has.
 std::string LigneDeplacee(const std::string& ligne, std::size_t decalage) {
   const std::int64_t position =
       Entier64(ValeurDe(Milieu(ligne, kColonneDePosition, kLargeurPosition))) + static_cast<std::int64_t>(decalage);
   if (position > kDernierePosition) throw Erreur(kDepassementCapacite);
-  return Joindre({CadreGauche(ligne, kLargeurDeQuestion), EntierDroit(position, kLargeurPosition),
-                  Milieu(ligne, kColonneDePosition + kLargeurPosition)});
+  return LigneDeQuestion(ligne, position, Milieu(ligne, kColonneDePosition + kLargeurPosition));
 }
 
 }  // namespace
@@ -74,7 +74,7 @@ std::size_t PremiereDifference(const PosDeFusion& a, const PosDeFusion& b) {
 
 std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b, std::size_t decalage,
                                       std::int64_t individus) {
-  std::vector<std::string> lignes{a.titre, NombreNu(individus)};
+  std::vector<std::string> lignes{a.titre, LigneDeTaille(individus)};
   lignes.insert(lignes.end(), a.questions.begin(), a.questions.end());
   for (std::size_t i = 0; i < b.questions.size(); ++i) {
     const auto ou = [&] { return Lieu{b.nom, kPremiereQuestion + static_cast<std::int64_t>(i), kColonneDePosition}; };
@@ -84,7 +84,7 @@ std::vector<std::string> PosCoteACote(const PosDeFusion& a, const PosDeFusion& b
 }
 
 std::vector<std::string> PosALaSuite(const PosDeFusion& a, std::int64_t individus) {
-  std::vector<std::string> lignes{a.titre, NombreNu(individus)};
+  std::vector<std::string> lignes{a.titre, LigneDeTaille(individus)};
   lignes.insert(lignes.end(), a.questions.begin(), a.questions.end());
   lignes.insert(lignes.end(), a.suite.begin(), a.suite.end());
   return lignes;

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "utilities/tri/compte.h"
 
 namespace quelvar::utilities {

@@ -71,9 +71,9 @@ TEST(Graphe2, ListeEtBornes) {
   EXPECT_GT(DessinerGraphe2(etat).Largeur(), 0);
 }
 
-std::vector<Forme> FormesDuCalque(const Dessin& dessin, std::string_view nom, GenreForme genre) {
-  std::vector<Forme> formes;
-  for (const Forme& forme : dessin.Formes())
+std::vector<FormeDessinee> FormesDuCalque(const Dessin& dessin, std::string_view nom, GenreForme genre) {
+  std::vector<FormeDessinee> formes;
+  for (const FormeDessinee& forme : dessin.Formes())
     if (dessin.Calques()[forme.calque].nom == nom && forme.genre == genre) formes.push_back(forme);
   return formes;
 }
@@ -85,8 +85,8 @@ TEST(Graphe2, UneMarqueParCase) {
                                    essai::MatriceDe({{0, 0, 0}, {0, 10, 20}, {0, 20, 40}})}) {
     const EtatGraphe2 etat = NouveauGraphe2(PreparerGraphe2(Retenu(effectifs)));
     const Dessin dessin = DessinerGraphe2(etat);
-    const std::vector<Forme> marques = FormesDuCalque(dessin, "marques", GenreForme::Cercle);
-    const std::vector<Forme> marges = FormesDuCalque(dessin, "colonnes", GenreForme::Ligne);
+    const std::vector<FormeDessinee> marques = FormesDuCalque(dessin, "marques", GenreForme::Cercle);
+    const std::vector<FormeDessinee> marges = FormesDuCalque(dessin, "colonnes", GenreForme::Ligne);
     ASSERT_EQ(marques.size(), 8U);
     ASSERT_EQ(marges.size(), 4U);
     const double unite = (dessin.SurPage(marges[1]).x - dessin.SurPage(marges[0]).x) /
@@ -115,13 +115,13 @@ TEST(Graphe2, TextesLongsDansLaPage) {
   for (const double echelle : {0.3, 1.0, 4.0}) {
     etat.echelle = echelle;
     const Dessin dessin = DessinerGraphe2(etat);
-    for (const Forme& forme : dessin.Formes()) {
+    for (const FormeDessinee& forme : dessin.Formes()) {
       if (forme.genre != GenreForme::Texte) continue;
       const Zone zone = dessin.Etendue(forme);
       EXPECT_GE(zone.x, 0) << forme.texte;
       EXPECT_LE(zone.x + zone.largeur, dessin.Largeur()) << forme.texte;
     }
-    const std::vector<Forme> tetes = FormesDuCalque(dessin, "colonnes", GenreForme::Texte);
+    const std::vector<FormeDessinee> tetes = FormesDuCalque(dessin, "colonnes", GenreForme::Texte);
     EXPECT_GT(tetes.size(), 24U);
     for (std::size_t k = 0; k < tetes.size(); ++k) {
       for (std::size_t m = k + 1; m < tetes.size(); ++m) {
@@ -140,15 +140,15 @@ TEST(Graphe2, NomsQuiNeSeChevauchentPas) {
       effectifs(i, j) = static_cast<double>((i * 7 + j * 11) % 13 + (i == j ? 40 : 1));
   EtatGraphe2 etat = NouveauGraphe2(PreparerGraphe2(Retenu(effectifs, true)));
   const Dessin dessin = DessinerGraphe2(etat);
-  const std::vector<Forme> noms = FormesDuCalque(dessin, "noms", GenreForme::Texte);
-  const std::vector<Forme> barres = FormesDuCalque(dessin, "marques", GenreForme::Polygone);
+  const std::vector<FormeDessinee> noms = FormesDuCalque(dessin, "noms", GenreForme::Texte);
+  const std::vector<FormeDessinee> barres = FormesDuCalque(dessin, "marques", GenreForme::Polygone);
   EXPECT_GT(noms.size(), 150U);  // of 192: where there is room
   for (std::size_t k = 0; k < noms.size(); ++k) {
     const Zone zone = dessin.Etendue(noms[k]);
     EXPECT_GE(zone.x, 0);
     EXPECT_LE(zone.x + zone.largeur, dessin.Largeur());
     for (std::size_t m = k + 1; m < noms.size(); ++m) EXPECT_FALSE(zone.Touche(dessin.Etendue(noms[m])));
-    for (const Forme& barre : barres) EXPECT_FALSE(zone.Touche(dessin.Etendue(barre)));
+    for (const FormeDessinee& barre : barres) EXPECT_FALSE(zone.Touche(dessin.Etendue(barre)));
   }
 
   etat.choisie = 4;
@@ -156,7 +156,7 @@ TEST(Graphe2, NomsQuiNeSeChevauchentPas) {
   const Dessin deplace = DessinerGraphe2(etat);
   ASSERT_EQ(deplace.Formes().size(), dessin.Formes().size());
   for (std::size_t k = 0; k < deplace.Formes().size(); ++k) {
-    const Forme& forme = deplace.Formes()[k];
+    const FormeDessinee& forme = deplace.Formes()[k];
     if (forme.nombre == 0) continue;
     const bool sien = forme.id == 4 && forme.genre == GenreForme::Texte;
     EXPECT_NEAR(deplace.SurPage(forme).x - dessin.SurPage(dessin.Formes()[k]).x, sien ? 12 : 0, 1e-9);

@@ -55,7 +55,7 @@ DonneesPlan Carre() {
 std::string Ecrits(const EtatPlan& etat) {
   std::string noms;
   const Dessin dessin = DessinerPlan(etat);
-  for (const Forme& forme : dessin.Formes())
+  for (const FormeDessinee& forme : dessin.Formes())
     if (forme.genre == GenreForme::Texte && forme.id >= 0)
       noms += std::string(Rogner(etat.donnees.points[static_cast<std::size_t>(forme.id)].nom)) + " ";
   return noms;
@@ -74,7 +74,7 @@ struct Trait {
 std::vector<Trait> Traits(const EtatPlan& etat, std::string_view calque) {
   std::vector<Trait> traits;
   const Dessin dessin = DessinerPlan(etat);
-  for (const Forme& forme : dessin.Formes())
+  for (const FormeDessinee& forme : dessin.Formes())
     if (forme.genre == GenreForme::Ligne && dessin.Calques()[forme.calque].nom == calque)
       traits.push_back({dessin.Points(forme)[0], dessin.Points(forme)[1], forme.plume.couleur});
   return traits;
@@ -161,9 +161,9 @@ TEST(Plan, LabelsAreNotCut) {
     etat.reglages.pointExact = exact;
     const Dessin dessin = DessinerPlan(etat);
     Zone cadre;
-    for (const Forme& forme : dessin.Formes())
+    for (const FormeDessinee& forme : dessin.Formes())
       if (dessin.Calques()[forme.calque].nom == "cadre") cadre = dessin.Etendue(forme);
-    for (const Forme& forme : dessin.Formes()) {
+    for (const FormeDessinee& forme : dessin.Formes()) {
       if (forme.genre != GenreForme::Texte || forme.id < 0) continue;
       const Zone zone = dessin.Etendue(forme);
       EXPECT_TRUE(cadre.Contient({zone.x, zone.y})) << forme.texte;
@@ -226,7 +226,7 @@ TEST(Plan, MarksChooseLinksAndColours) {
   etat.reglages.liens.actif = false;
   std::map<std::int32_t, Couleur> couleurs;
   const Dessin dessin = DessinerPlan(etat);
-  for (const Forme& forme : dessin.Formes())
+  for (const FormeDessinee& forme : dessin.Formes())
     if (forme.id >= 0) couleurs[forme.id] = forme.police.couleur;
   EXPECT_EQ(couleurs[3], Couleur::Vert);
   EXPECT_EQ(couleurs[5], Couleur::Bleu);

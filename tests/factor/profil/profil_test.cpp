@@ -79,7 +79,7 @@ TEST(DessinerProfils, BarsGoToTheSideOfTheirSignAndTheSureOnesAreFilled) {
   const Dessin dessin = DessinerProfils({&profil, 1});
   std::vector<double> largeurs;
   std::vector<bool> pleines;
-  for (const Forme& forme : dessin.Formes()) {
+  for (const FormeDessinee& forme : dessin.Formes()) {
     if (forme.genre != GenreForme::Polygone) continue;
     const Zone zone = dessin.Etendue(forme);
     largeurs.push_back(zone.largeur);

@@ -21,7 +21,7 @@ TEST(ImageDesEffets, LaReferenceEstAZeroEtLesPointsSontDansLeurOrdre) {
                                          {"Cadre", false, {}, 0, 12.0, false}}});
   std::map<std::int32_t, double> cercles;
   std::map<std::int32_t, double> losanges;
-  for (const Forme& forme : dessin.Formes()) {
+  for (const FormeDessinee& forme : dessin.Formes()) {
     if (forme.id >= 0 && forme.genre == GenreForme::Cercle) cercles[forme.id] = dessin.SurPage(forme).x;
     if (forme.id >= 0 && forme.genre == GenreForme::Polygone) losanges[forme.id] = dessin.SurPage(forme, 1).x;
     const Zone zone = dessin.Etendue(forme);
@@ -38,7 +38,7 @@ TEST(ImageDesEffets, LaReferenceEstAZeroEtLesPointsSontDansLeurOrdre) {
   EXPECT_NEAR(losanges[1], zero + 3 * point, 1e-9);
   EXPECT_NEAR(losanges[3], zero + 12 * point, 1e-9);
   // The interval of one standard deviation.
-  const bool barre = std::any_of(dessin.Formes().begin(), dessin.Formes().end(), [&](const Forme& forme) {
+  const bool barre = std::any_of(dessin.Formes().begin(), dessin.Formes().end(), [&](const FormeDessinee& forme) {
     return forme.id == 1 && forme.genre == GenreForme::Ligne &&
            std::abs(dessin.SurPage(forme, 0).x - (zero - 2 * point)) < 1e-9 &&
            std::abs(dessin.SurPage(forme, 1).x - (zero + 12 * point)) < 1e-9;

@@ -32,8 +32,9 @@ Observations Enquete(unsigned graine, bool pourLineaire) {
         const auto profil = static_cast<std::uint32_t>(o.Profils() - 1);
         for (const Observations::Terme& t : o.Termes(profil)) score += vrais[t.rang];
         const double n = std::floor(tirer(40, 300));
-        const double oui =
-            std::max(1.0, std::floor(n * Probabilite(pourLineaire ? Lien::Lineaire : Lien::Logistique, score)));
+        const double oui = std::max(
+            1.0,
+            std::floor(n * Probabilite(pourLineaire ? FonctionDeLien::Lineaire : FonctionDeLien::Logistique, score)));
         for (const double y : {1.0, 0.0}) {
           o.profils.push_back(profil);
           o.poids.push_back(y == 1 ? oui : std::max(1.0, n - oui));
@@ -66,10 +67,10 @@ std::vector<double> Resoudre(std::vector<std::vector<double>> a, std::vector<dou
 }
 
 // Maximum likelihood by Newton steps with the expected information (scoring); the constant comes first.
-std::vector<double> AjusterParNewton(const Observations& o, Lien lien) {
+std::vector<double> AjusterParNewton(const Observations& o, FonctionDeLien lien) {
   const std::size_t n = o.parametres + 1;
   std::vector<double> b(n);
-  if (lien == Lien::Lineaire) b[0] = 0.5;
+  if (lien == FonctionDeLien::Lineaire) b[0] = 0.5;
   for (int tour = 0; tour < 60; ++tour) {
     std::vector<std::vector<double>> information(n, std::vector<double>(n));
     std::vector<double> gradient(n);
@@ -80,7 +81,7 @@ std::vector<double> AjusterParNewton(const Observations& o, Lien lien) {
       double score = 0;
       for (std::size_t i = 0; i < n; ++i) score += b[i] * x[i];
       const double p = Probabilite(lien, score);
-      const double derivee = lien == Lien::Lineaire ? 1 : p * (1 - p);  // of p
+      const double derivee = lien == FonctionDeLien::Lineaire ? 1 : p * (1 - p);  // of p
       for (std::size_t i = 0; i < n; ++i) {
         gradient[i] += o.poids[r] * (o.reponses[r] - p) * derivee / (p * (1 - p)) * x[i];
         for (std::size_t j = 0; j < n; ++j)
@@ -94,7 +95,7 @@ std::vector<double> AjusterParNewton(const Observations& o, Lien lien) {
 }
 
 // Written from the definition, nothing kept from one value to the next.
-double ValeurComplete(const Observations& o, Lien lien, const Parametres& parametres) {
+double ValeurComplete(const Observations& o, FonctionDeLien lien, const Parametres& parametres) {
   double somme = 0;
   for (std::size_t r = 0; r < o.profils.size(); ++r) {
     double score = parametres.alpha;
@@ -111,11 +112,11 @@ const Suivi kSansSuivi = [](Mouvement, double, double) {};
 
 TEST(Vraisemblance, MeneLaOuMeneNewton) {
   for (unsigned graine = 1; graine <= 20; ++graine)
-    for (const Lien lien : {Lien::Lineaire, Lien::Logistique}) {
-      const Observations o = Enquete(graine, lien == Lien::Lineaire);
+    for (const FonctionDeLien lien : {FonctionDeLien::Lineaire, FonctionDeLien::Logistique}) {
+      const Observations o = Enquete(graine, lien == FonctionDeLien::Lineaire);
       const std::vector<double> exacts = AjusterParNewton(o, lien);
       Parametres depart;
-      depart.alpha = lien == Lien::Lineaire ? 0.5 : 0;
+      depart.alpha = lien == FonctionDeLien::Lineaire ? 0.5 : 0;
       depart.betas.resize(o.parametres);
       const Ajustement ajustement = Maximiser(o, lien, depart, kSansSuivi);
       EXPECT_FALSE(ajustement.interrompu);
@@ -131,7 +132,7 @@ TEST(Vraisemblance, MeneLaOuMeneNewton) {
 }
 
 TEST(Vraisemblance, ChaqueValeurEstCelleDUnCalculComplet) {
-  for (const Lien lien : {Lien::Lineaire, Lien::Logistique}) {
+  for (const FonctionDeLien lien : {FonctionDeLien::Lineaire, FonctionDeLien::Logistique}) {
     const Observations o = Enquete(7, false);
     Parametres parametres;
     parametres.betas.resize(o.parametres);
@@ -161,10 +162,11 @@ TEST(Vraisemblance, SArreteSurUneSeparationComplete) {
   o.profils = {0, 1};
   o.poids = {40, 60};
   o.reponses = {1, 0};
-  const Ajustement libre = Maximiser(o, Lien::Logistique, {0, {0}}, kSansSuivi);
+  const Ajustement libre = Maximiser(o, FonctionDeLien::Logistique, {0, {0}}, kSansSuivi);
   EXPECT_TRUE(std::isfinite(libre.logVraisemblance));
   EXPECT_GT(libre.logVraisemblance, -0.01);
-  const Ajustement bornee = Maximiser(Enquete(1, false), Lien::Logistique, {0, std::vector<double>(6)}, kSansSuivi, 2);
+  const Ajustement bornee =
+      Maximiser(Enquete(1, false), FonctionDeLien::Logistique, {0, std::vector<double>(6)}, kSansSuivi, 2);
   EXPECT_TRUE(bornee.interrompu);
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 #include "sorts/triapl/edition.h"
 #include "sorts/triapl/tableau.h"

@@ -25,7 +25,7 @@ FichierTrg TrgDe(std::initializer_list<std::array<float, 3>> parts) {
 // Where the mark of a point stands in the drawing; nothing when it is left out.
 std::optional<Position> MarqueDe(const EtatTriangle& etat, std::size_t point) {
   const Dessin dessin = DessinerTriangle(etat);
-  for (const Forme& forme : dessin.Formes())
+  for (const FormeDessinee& forme : dessin.Formes())
     if (forme.genre == GenreForme::Cercle && forme.id == static_cast<int>(point + kEntreeDuPremierPoint))
       return dessin.Points(forme)[0];
   return std::nullopt;
@@ -33,7 +33,7 @@ std::optional<Position> MarqueDe(const EtatTriangle& etat, std::size_t point) {
 
 std::size_t TextesDe(const Dessin& dessin, std::string_view texte) {
   std::size_t nombre = 0;
-  for (const Forme& forme : dessin.Formes())
+  for (const FormeDessinee& forme : dessin.Formes())
     nombre += forme.genre == GenreForme::Texte && forme.texte == texte ? 1U : 0U;
   return nombre;
 }
@@ -68,7 +68,7 @@ TEST(DessinerTriangle, TheLeftSideOfARightAngleIsItsOrdinate) {
     etat.reglages.forme = forme;
     const Dessin dessin = DessinerTriangle(etat);
     std::string valeurs;
-    for (const Forme& f : dessin.Formes())
+    for (const FormeDessinee& f : dessin.Formes())
       if (f.genre == GenreForme::Texte && f.police.ancre == Ancre::Fin)
         valeurs +=
             f.texte + "@" + std::to_string(std::lround(dessin.Points(f)[0].y / ProjeterTriangle(forme, 0, 1).y)) + " ";
@@ -110,7 +110,7 @@ TEST(DessinerTriangle, LabelsDoNotCoverEachOther) {
   const Dessin dessin = DessinerTriangle(NouveauTriangle(trg));
   std::vector<Zone> zones;
   int recouvrements = 0;
-  for (const Forme& forme : dessin.Formes()) {
+  for (const FormeDessinee& forme : dessin.Formes()) {
     if (forme.genre != GenreForme::Texte || forme.id < static_cast<int>(kEntreeDuPremierPoint)) continue;
     const Zone zone = dessin.Etendue(forme);
     for (const Zone& autre : zones) recouvrements += autre.Touche(zone) ? 1 : 0;
@@ -125,7 +125,7 @@ TEST(DessinerTriangle, ALabelIsMovedFromWhereItIsSeen) {
   etat.choisie = kEntreeDuPremierPoint + 2;
   const auto place = [&] {
     const Dessin dessin = DessinerTriangle(etat);
-    for (const Forme& forme : dessin.Formes())
+    for (const FormeDessinee& forme : dessin.Formes())
       if (forme.genre == GenreForme::Texte && forme.id == static_cast<int>(etat.choisie)) return dessin.Etendue(forme);
     return Zone{};
   };
@@ -144,7 +144,7 @@ TEST(DessinerTriangle, OptionsShowWhatTheySay) {
   EXPECT_EQ(TextesDe(DessinerTriangle(etat), "+"), 0U);
   const auto lignes = [&] {
     const Dessin dessin = DessinerTriangle(etat);
-    return std::count_if(dessin.Formes().begin(), dessin.Formes().end(), [](const Forme& f) {
+    return std::count_if(dessin.Formes().begin(), dessin.Formes().end(), [](const FormeDessinee& f) {
       return f.genre == GenreForme::Ligne && f.plume.couleur == Couleur::Rouge;
     });
   };

@@ -7,7 +7,7 @@
 #include "capture/apercu/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 namespace quelvar::capture {
 

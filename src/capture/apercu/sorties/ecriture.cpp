@@ -10,7 +10,7 @@
 #include "capture/colonnes/metteur.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

@@ -8,7 +8,7 @@
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::capture {

@@ -97,7 +97,7 @@ void Saisief::Frapper(capture::Touche touche, bool tenue) {
     if (touche.nom == capture::NomDeTouche::Echappement) reject();
     return;
   }
-  const capture::Effet effet = capture::Frapper(saisie_->etat, touche);
+  const capture::SuiteDeFrappe effet = capture::Frapper(saisie_->etat, touche);
   // A key held down against a bound says so once.
   if (effet.bip && !tenue) services_.ecran.biper();
   if (effet.demande == capture::Demande::Quitter) return reject();

@@ -2,7 +2,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 #include "forms/pieces/commande.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"

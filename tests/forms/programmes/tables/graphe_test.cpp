@@ -25,13 +25,13 @@ TEST(Graphe, TheTriangleFollowsItsControls) {
   const auto& vue = Bureau::Dans<VueDessin>(forme, "Pict2");
   const auto textes = [&vue] {
     QStringList liste;
-    for (const quelvar::Forme& f : vue.Contenu().Formes())
+    for (const quelvar::FormeDessinee& f : vue.Contenu().Formes())
       if (f.genre == quelvar::GenreForme::Texte) liste << QString::fromStdString(f.texte);
     return liste;
   };
   EXPECT_TRUE(textes().contains("AGE1"));
   const auto place = [&vue](const char* texte) {
-    for (const quelvar::Forme& f : vue.Contenu().Formes())
+    for (const quelvar::FormeDessinee& f : vue.Contenu().Formes())
       if (f.genre == quelvar::GenreForme::Texte && f.texte == texte) {
         const quelvar::Zone zone = vue.Contenu().Etendue(f);
         return vue.VersVue(QPointF(zone.x + zone.largeur / 2, zone.y + zone.hauteur / 2)).toPoint();

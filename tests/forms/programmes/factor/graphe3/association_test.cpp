@@ -48,7 +48,7 @@ QStringList LignesDe(const std::string& octets) {
 
 void MarquerALaSouris(const Graphe3& forme, const char* nom) {
   const auto& vue = Bureau::Dans<VueDessin>(forme, "Image");
-  for (const quelvar::Forme& marque : vue.Contenu().Formes()) {
+  for (const quelvar::FormeDessinee& marque : vue.Contenu().Formes()) {
     if (marque.genre != quelvar::GenreForme::Texte || marque.id < 0 || marque.texte != nom) continue;
     const quelvar::Zone zone = vue.Contenu().Etendue(marque);
     const QPointF milieu(zone.x + zone.largeur / 2, zone.y + zone.hauteur / 2);

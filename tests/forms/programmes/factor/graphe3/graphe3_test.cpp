@@ -29,7 +29,7 @@ using essai::Champ;
 using essai::Cliquer;
 using essai::Pilote;
 using quelvar::Couleur;
-using quelvar::Forme;
+using quelvar::FormeDessinee;
 using quelvar::GenreForme;
 using quelvar::Position;
 using quelvar::forms::Graphe3;
@@ -73,7 +73,7 @@ void Taper(const QWidget& forme, const char* champ, const char* texte) {
 
 QStringList Ecrits(const QWidget& forme) {
   QStringList textes;
-  for (const Forme& marque : Image(forme).Contenu().Formes())
+  for (const FormeDessinee& marque : Image(forme).Contenu().Formes())
     if (marque.genre == GenreForme::Texte && marque.id >= 0) textes << QString::fromStdString(marque.texte);
   return textes;
 }
@@ -81,7 +81,7 @@ QStringList Ecrits(const QWidget& forme) {
 std::vector<Couleur> Traits(const QWidget& forme, std::string_view calque) {
   std::vector<Couleur> couleurs;
   const quelvar::Dessin& dessin = Image(forme).Contenu();
-  for (const Forme& marque : dessin.Formes())
+  for (const FormeDessinee& marque : dessin.Formes())
     if (marque.genre == GenreForme::Ligne && dessin.Calques()[marque.calque].nom == calque)
       couleurs.push_back(marque.plume.couleur);
   return couleurs;
@@ -92,7 +92,7 @@ constexpr double kMargeDuCadre = 0.055;  // of the extent of the points, on each
 // What the box around the plane shows.
 quelvar::Fenetre Limites(const QWidget& forme) {
   const quelvar::Dessin& dessin = Image(forme).Contenu();
-  for (const Forme& marque : dessin.Formes())
+  for (const FormeDessinee& marque : dessin.Formes())
     if (const std::optional<quelvar::Zone>& cadre = dessin.Coupe(marque)) {
       const Position coin = dessin.VersUtilisateur({cadre->x, cadre->y});
       const Position oppose = dessin.VersUtilisateur({cadre->x + cadre->largeur, cadre->y + cadre->hauteur});
@@ -235,7 +235,7 @@ TEST(Graphe3, LinksAndTree) {
   EXPECT_EQ(Traits(forme, "liens").size(), 2U);
   Cliquer(forme, "BtVal");
   bool valeur = false;
-  for (const Forme& marque : Image(forme).Contenu().Formes()) valeur = valeur || marque.texte == "60.0";
+  for (const FormeDessinee& marque : Image(forme).Contenu().Formes()) valeur = valeur || marque.texte == "60.0";
   EXPECT_TRUE(valeur);
   EXPECT_FALSE(bureau.Existe("ENQ.net"));
   Cliquer(forme, "FichPajek");

@@ -1,4 +1,4 @@
-#include "core/programme/report.h"
+#include "core/programme/rapport.h"
 
 #include <gtest/gtest.h>
 
