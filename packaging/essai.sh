@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# The Debian package as its users meet it: built twice with the same bytes, without an error of lintian, valid for the
-# catalogues; installed in a clean root, its programs started there, and removed without a file left.
+# The Debian package as its users meet it: packed twice with the same bytes, without the date of the day and with the
+# notes of the help as a second printing gives them (the compiler, too long to run twice here, is not tried: no source
+# asks it for a date or a path); without an error of lintian, valid for the catalogues; installed in a clean root, its
+# programs started there, and removed without a file left.
 #   packaging/essai.sh [DOSSIER]    a release build that is up to date (default build/release)
 # Ends with 77 where a tool or the rights for it are missing.
 set -euo pipefail
@@ -17,15 +19,21 @@ for option in $("$construction/bin/quelvar-batch" --help | grep -oE -- ' --[a-z]
 done
 travail=$(mktemp -d)
 trap 'rm -rf "$travail"' EXIT
-# The date of the package is that of its last entry of history, not that of the build.
-SOURCE_DATE_EPOCH=$(date -d "$(dpkg-parsechangelog -l packaging/debian/changelog -S Date)" +%s)
-export SOURCE_DATE_EPOCH
-
+unset SOURCE_DATE_EPOCH # packed as cpack alone does it
 for fois in 1 2; do
   cpack --config "$construction/CPackConfig.cmake" -B "$travail/$fois" >"$travail/journal" || { cat "$travail/journal"; exit 1; }
 done
 paquet=$(echo "$travail"/1/*.deb)
 cmp "$paquet" "$travail"/2/*.deb
+histoire=$(TZ=UTC date -d "$(dpkg-parsechangelog -l packaging/debian/changelog -S Date)" '+%F %R')
+autres=$(TZ=UTC dpkg-deb -c "$paquet" | awk -v d="$histoire" '$4 " " $5 != d')
+[ -z "$autres" ] || { echo "d'une autre date que $histoire : $autres" >&2; exit 1; }
+[ "$(TZ=UTC ar tv "$paquet" | awk '{ print $4, $5, $7, $6 }' | sort -u)" = "$(LC_ALL=C TZ=UTC date -d "$histoire UTC" '+%b %-d %Y %R')" ]
+for note in docs/aide/notes/*.html; do
+  nom=$(basename "$note" .html).pdf
+  XDG_RUNTIME_DIR="$travail" QT_QPA_PLATFORM=offscreen "$construction/bin/quelvar-aide" note "$note" "$travail/$nom"
+  cmp "$travail/$nom" "$construction/bin/aide/$nom"
+done
 lintian --fail-on error "$paquet"
 dpkg-deb -f "$paquet" Depends | grep libqt6svg6 >/dev/null || { echo "libqt6svg6 n'est pas dans Depends" >&2; exit 1; }
 

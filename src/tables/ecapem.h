@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/programme/programme.h"
-#include "tables/impression.h"
+#include "tables/edition.h"
 #include "tables/liens/liaisons.h"
 #include "tables/nomselements.h"
 

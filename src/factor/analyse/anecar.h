@@ -8,7 +8,7 @@
 #include "core/enquete/parametres.h"
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
-#include "factor/analyse/editions.h"
+#include "factor/analyse/edition.h"
 #include "factor/analyse/extraction.h"
 #include "factor/analyse/fichiers.h"
 #include "factor/classement/classement.h"

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHashSeed>
 #include <QPdfWriter>
 #include <QRegularExpression>
 #include <QSaveFile>
@@ -65,6 +66,7 @@ bool Imprimer(const QString& fichier, const QString& html, const QString& style)
 }  // namespace
 
 int main(int argc, char** argv) {
+  QHashSeed::setDeterministicGlobalSeed();  // the fonts of a PDF come in the order of a hash table
   QApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   const bool page = arguments.value(1) == QStringLiteral("page");

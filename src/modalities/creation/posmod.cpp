@@ -11,8 +11,8 @@
 #include "core/programme/refus.h"
 #include "core/texte/listes.h"
 #include "core/texte/nombres.h"
+#include "modalities/creation/edition.h"
 #include "modalities/creation/fichiers.h"
-#include "modalities/creation/impression.h"
 #include "modalities/creation/passe.h"
 
 namespace quelvar::modalities {

@@ -212,26 +212,6 @@ TEST(Principal, LettresDAccesDistinctes) {
   EXPECT_EQ(lettres[u'F'], QStringList("&Fichier de démarrage"));
 }
 
-TEST(Principal, MenusSansLettreNiRaccourciDouble) {
-  BureauOuvert bureau;
-  QMap<QString, QString> raccourcis;
-  for (const QMenu* menu : bureau.Fenetre().findChildren<QMenu*>()) {
-    if (menu->title().isEmpty()) continue;  // the bar's own, for what does not fit
-    QMap<QString, QString> lettres;
-    for (const QAction* action : menu->actions()) {
-      const QString lettre = QKeySequence::mnemonic(action->text()).toString();
-      if (action->isSeparator() || action->objectName().startsWith("mnuRecentFile")) continue;
-      EXPECT_FALSE(lettre.isEmpty()) << action->text().toStdString();
-      EXPECT_FALSE(lettres.contains(lettre)) << menu->title().toStdString() << ": " << action->text().toStdString()
-                                             << " / " << lettres[lettre].toStdString();
-      lettres[lettre] = action->text();
-      const QString raccourci = action->shortcut().toString();
-      EXPECT_TRUE(raccourci.isEmpty() || !raccourcis.contains(raccourci)) << raccourci.toStdString();
-      raccourcis[raccourci] = action->text();
-    }
-  }
-}
-
 // --- a run and its boxes ---
 
 TEST(Principal, BoitesDUnProgramme) {

@@ -7,7 +7,6 @@
 #include "text/decoupage/apercu.h"
 #include "text/decoupage/liste.h"
 #include "text/decoupage/saisiemot_options.h"
-#include "text/preparation/preptext.h"
 
 using namespace quelvar::text;
 
@@ -30,27 +29,6 @@ TEST(Codeur, TheRunningNumberTakesThePlaceOfTheLastCharacters) {
   EXPECT_EQ(Code(codeur, "tr a"), "tr 1");
 }
 
-TEST(TableDe, ByteByByte) {
-  const struct {
-    OptionsPrepText options;
-    std::string_view avant;
-    std::string_view apres;
-  } cas[] = {
-      {{}, "ÀÉÎÕÜÇæñ"_w, "aeiouc\xE6\xF1"},
-      {{}, "A-Z[\"'`]\t&*"_w, "a z      &*"},
-      {{}, "\x8C\x9C\x80\xAB~", "\x9C\x9C   "},
-      {{.accents = false, .ponctuation = false, .majusculesEnMin = true, .minusculesEnMaj = true},
-       "Aa~\xE9",
-       "AA^\xE9"},
-      {{.ponctuation = false, .finsDeLigne = true}, "a&\nb&&\r\n&&&&\n", "a& b&& \n&&&& "},
-  };
-  for (const auto& [options, avant, apres] : cas) {
-    std::string texte(avant);
-    TransformerOctets(texte, options);
-    EXPECT_EQ(texte, apres);
-  }
-}
-
 class RunTexte : public essai::RunDeProgramme {
  protected:
   Fin Decouper(std::string_view texte, const OptionsSaisieMot& options) {
@@ -58,18 +36,6 @@ class RunTexte : public essai::RunDeProgramme {
     return SaisieMot(contexte_, options);
   }
 };
-
-TEST_F(RunTexte, APreparationThatStoppedLeavesItsNameToTheNextOne) {
-  std::string nouveau;
-  EXPECT_EQ(PrepText(contexte_, {}, nouveau), Fin::Arret);
-  EXPECT_TRUE(Existe("ENR.prt"));
-  Ecrire("ENQ.TXT", "1Un\r\n");
-  EXPECT_EQ(PrepText(contexte_, {}, nouveau), Fin::Normale);
-  EXPECT_EQ(nouveau, "ENR");
-  EXPECT_EQ(boites_.size(), 0U);
-  EXPECT_EQ(PrepText(contexte_, {}, nouveau), Fin::Normale);
-  EXPECT_EQ(nouveau, "ENS") << "a preparation that came to its end keeps its name";
-}
 
 TEST_F(RunTexte, AStopLeavesTheFormerFiles) {
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nSEX   1 2\r\n");

@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/programme.h"
-#include "text/commun/intitule.h"
-#include "text/concordance/concord.h"
+#include "text/lignedemot.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/sorties.h"
 
@@ -13,10 +12,7 @@ using namespace quelvar::text;
 namespace quelvar {
 namespace {
 
-// A line of words with no context.
-std::string Ligne(std::string_view caracteristiques, std::string_view code, std::string_view mot) {
-  return Joindre({caracteristiques, CadreGauche(code, 4), CadreGauche(mot, 10), "$$", std::string(75, ' '), "\r\n"});
-}
+using essai::Ligne;
 
 TEST(LargeurDesCaracteristiques, FoundByTheLengthThenByTheSign) {
   EXPECT_EQ(LargeurDesCaracteristiques(Ligne("123", "a$$", "a$$b").substr(0, 94)), 3U);
@@ -84,56 +80,6 @@ TEST_F(RunTabMot, AFrequencyBeyondItsFourColumnsIsToldAndShiftsNothing) {
   EXPECT_FALSE(Existe("ENQ.AGR"));
   EXPECT_EQ(Lire("ENQ.BRT"), "999910001    0de  de        \r\n");
   EXPECT_TRUE(Dit("*** Attention : la fréquence du mot de est de 10001"_w));
-}
-
-class RunConcord : public essai::RunDeProgramme {};
-
-TEST_F(RunConcord, NoFileIsReplacedUnaskedAndNoneOfTheDataSetAtAll) {
-  Ecrire("ENQ.DAT", Ligne("1", "a", "a"));
-  Ecrire("ENQ.TXT", "1a*\r\n");
-  Ecrire("CONC.TXT", "notes");
-  bouton_ = Reponse::Non;
-  for (const std::string sortie : {"ENQ.DAT", "enq.TXT", "ENQ.EDI", "./ENQ.TXT", "CONC.TXT"}) {
-    const auto avant = Fichiers();
-    EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = sortie}), Fin::Arret) << sortie;
-    EXPECT_TRUE(Dit(sortie == "CONC.TXT" ? "*** Le fichier CONC.TXT existe déjà"_w : "est du jeu de données ENQ"_w));
-    EXPECT_EQ(Fichiers(), avant);
-  }
-  EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "ENQ.DAT", .remplacer = true}), Fin::Arret);
-  EXPECT_EQ(boites_, std::vector<std::string>{std::string("Le fichier CONC.TXT existe déjà. Le remplacer ?"_w)});
-  EXPECT_EQ(Concord(contexte_, {}), Fin::Arret);
-  EXPECT_TRUE(Dit("*** Aucun mot n'est donné"_w));
-  EXPECT_EQ(Concord(contexte_, {.mots = {"a", "zut"}}), Fin::Normale);
-  EXPECT_TRUE(Dit("1 ligne(s) de ENQ.DAT\r\nMot absent : zut\r\n"));
-  EXPECT_EQ(Concord(contexte_, {.mots = {"a"}, .sortie = "CONC.TXT", .remplacer = true}), Fin::Normale);
-  EXPECT_TRUE(Lire("CONC.TXT").starts_with("Concordance de : a\r\n1 ligne(s)"));
-}
-
-TEST(MotsDeLIntitule, ACodeIsTakenOffOnlyWhereItsWordCanHaveIt) {
-  using Mots = std::vector<std::string>;
-  const struct {
-    std::string intitule;
-    std::string_view mot;
-    Mots cherches;
-  } cas[] = {
-      {"tra1travailler", "travailler", {"travailler"}},
-      {"tr12travail   ", "travail", {"travail"}},
-      {"1024zone      ", "zone", {"zone"}},
-      {"vie vie       ", "vie", {"vie"}},
-      {"et/oet/ou     ", "et/ou", {"et/ou"}},
-      {"_arg_argent*", "_argent", {"_argent"}},
-      {"_   _*", "_", {"_"}},
-      {"_arg_argentine*", "_argentine", {"_argentine"}},
-      {"de", "de", {"de"}},
-      {std::string("données"_w), "données"_w, {std::string("données"_w)}},
-      {"travailler", "travailler", {"travailler"}},
-      {"image/images", "image/images", {"image", "images"}},
-      {"le chat, la souris", "le chat, la souris", {"le", "chat", "la", "souris"}},
-  };
-  for (const auto& [intitule, mot, cherches] : cas) {
-    EXPECT_EQ(MotDeLIntitule(intitule), mot);
-    EXPECT_EQ(MotsDeLIntitule(intitule), cherches);
-  }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "factor/analyse/editions.h"
+#include "factor/analyse/edition.h"
 
 #include <string>
 #include <vector>

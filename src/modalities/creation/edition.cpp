@@ -1,4 +1,4 @@
-#include "modalities/creation/impression.h"
+#include "modalities/creation/edition.h"
 
 #include "core/texte/nombres.h"
 

@@ -1,4 +1,4 @@
-#include "tables/impression.h"
+#include "tables/edition.h"
 
 #include <algorithm>
 #include <string>

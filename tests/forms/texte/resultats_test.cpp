@@ -225,22 +225,4 @@ TEST(Affichage, ImpressionAbandonneeEtPdf) {
   EXPECT_EQ(pilote.Vues().back(), "Pas d'imprimante disponible (ou annulation)");
 }
 
-TEST(Aide, EntreesSelonLesDocuments) {
-  Bureau bureau;
-  std::filesystem::create_directories(bureau.DossierProgramme() / "aide");
-  essai::EcrireOctets(bureau.DossierProgramme() / "aide" / "QuelvarAide.html",
-                      "<h2 id=\"4\">Tri</h2><h2 id=\"29b\">T</h2>");
-  essai::EcrireOctets(bureau.DossierProgramme() / "aide" / "Khideux2.pdf", "%PDF");
-  bureau.Ouvrir();
-  for (const char* active : {"mnuAGen", "mnuATriapl", "mnuAPrepText", "mnuKhideux2"})
-    EXPECT_TRUE(bureau.MenuActif(active)) << active;
-  for (const char* inactive : {"mnuAPrepGen", "mnuAellipse", "mnuChap1a"})
-    EXPECT_FALSE(bureau.MenuActif(inactive)) << inactive;
-  bureau.Menu("mnuATriapl");
-  bureau.Menu("mnuKhideux2");
-  ASSERT_EQ(bureau.ouverts.size(), 2);
-  EXPECT_TRUE(bureau.ouverts[0].startsWith("file://") && bureau.ouverts[0].endsWith("/aide/QuelvarAide.html#4"));
-  EXPECT_TRUE(bureau.ouverts[1].endsWith("/aide/Khideux2.pdf"));
-}
-
 }  // namespace
