@@ -12,7 +12,6 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
-#include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/rapport.h"
 #include "core/texte/nombres.h"
@@ -180,7 +179,7 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   pos.Ligne(contexte.generique);
-  pos.Ligne(LigneDeTaille(effectif));
+  pos.Ligne(NombreNu(effectif));  // as the table has it, were it no whole number
   rapport.Ligne({"L'effectif de la population de l'enquête est de "_w, NombreNu(effectif), " individus"});
   rapport.Ligne({"Il est enregistré dans le fichier "_w, contexte.Nom(".POS")});
   rapport.Ligne("Fin normale du programme");
