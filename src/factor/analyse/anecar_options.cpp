@@ -1,6 +1,11 @@
 #include "factor/analyse/anecar_options.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 #include "core/options/sortie.h"
+#include "core/texte/nombres.h"
 
 namespace quelvar::factor {
 
@@ -10,11 +15,10 @@ using O = OptionsAnecar;
 using Textes = std::vector<std::string>;
 
 constexpr int kCpfLePlusHaut = 9999;
-constexpr std::string_view kMoyenne = "moyenne";
 
 Description<O>::Poser PoserSeuil(std::string nom, std::optional<int> O::*membre) {
   return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
-    if (Minuscules(valeur) == kMoyenne) {
+    if (EgalSansCasse(valeur, kMotDeLaMoyenne)) {
       options.*membre = kSeuilMoyen;
       return;
     }
@@ -28,7 +32,7 @@ Description<O>::Ecrire EcrireSeuil(std::optional<int> O::*membre) {
   return [membre](const O& options) {
     const std::optional<int>& seuil = options.*membre;
     if (!seuil) return Textes();
-    return Textes{*seuil == kSeuilMoyen ? std::string(kMoyenne) : Nombre(*seuil)};
+    return Textes{*seuil == kSeuilMoyen ? Minuscules(kMotDeLaMoyenne) : Nombre(*seuil)};
   };
 }
 
@@ -145,6 +149,12 @@ Description<O> Decrire() {
 }
 
 }  // namespace
+
+int SeuilTape(std::string_view texte) {
+  if (EgalSansCasse(texte, kMotDeLaMoyenne)) return kSeuilMoyen;
+  using Limites = std::numeric_limits<std::int16_t>;
+  return Entier16(std::clamp<double>(ValeurDe(texte), Limites::min(), Limites::max()));
+}
 
 const Description<OptionsAnecar>& DescriptionAnecar() {
   static const Description<OptionsAnecar> description = Decrire();

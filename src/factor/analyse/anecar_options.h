@@ -1,6 +1,8 @@
 // The options of the factor analysis as the command line and the form know them.
 #pragma once
 
+#include <string_view>
+
 #include "core/options/description.h"
 #include "factor/analyse/anecar.h"
 #include "factor/coordonnees.h"
@@ -8,6 +10,13 @@
 namespace quelvar::factor {
 
 inline constexpr int kFacteursAuMoins = 2;  // that the form lets one choose
+
+// The word of a threshold at the mean, in any case.
+inline constexpr std::string_view kMotDeLaMoyenne = "Moyenne";
+// The threshold that a text box says: the mean for its word, else the value of the text, rounded, as a whole number of
+// 16 bits. The command line takes but the word and the values that a CPF may have; the form any value, of which -1 is
+// the mean as well.
+int SeuilTape(std::string_view texte);
 
 const Description<OptionsAnecar>& DescriptionAnecar();
 

@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "core/enquete/listemod.h"
-#include "core/programme/erreur.h"
 #include "core/texte/horspage.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
@@ -91,15 +90,6 @@ EditionListe::Acces AccesAuxTextes(std::function<int()> nombre, std::function<co
             poser(ligne, DepuisQt(intitule));
             return QString();
           }};
-}
-
-QString Tenter(const std::function<void()>& sauver, const QString& reussite) {
-  try {
-    sauver();
-    return reussite;
-  } catch (const Erreur& erreur) {
-    return QStringLiteral("*** Erreur ***\n") + VersQt(TexteErreur(erreur));
-  }
 }
 
 QString EnUnTexte(const std::vector<std::string>& lignes) {

@@ -59,9 +59,6 @@ class EditionListe : public QObject {
 EditionListe::Acces AccesAuxTextes(std::function<int()> nombre, std::function<const std::string&(int ligne)> texte,
                                    std::function<void(int ligne, const std::string& intitule)> poser);
 
-// Runs a save; returns the words of its failure, or the sentence for a success.
-QString Tenter(const std::function<void()>& sauver, const QString& reussite);
-
 // Lines of the code page as the text of a label.
 QString EnUnTexte(const std::vector<std::string>& lignes);
 

@@ -114,10 +114,14 @@ void RelierBoutons(const QWidget& formulaire, const std::vector<Option>& options
         QObject::connect(bouton, &QAbstractButton::toggled, bouton, effet);
 }
 
-int EntierDuChamp(const QLineEdit& champ, const Option& option) {
+double NombreDuChamp(const QLineEdit& champ, const Option& option) {
   const auto minimum = static_cast<double>(option.minimum);
   const auto maximum = static_cast<double>(option.maximum);
-  return static_cast<int>(std::clamp(ValeurDe(DepuisQt(champ.text())), minimum, maximum));
+  return std::clamp(ValeurDe(DepuisQt(champ.text())), minimum, maximum);
+}
+
+int EntierDuChamp(const QLineEdit& champ, const Option& option) {
+  return static_cast<int>(NombreDuChamp(champ, option));
 }
 
 }  // namespace quelvar::forms

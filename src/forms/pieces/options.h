@@ -26,7 +26,9 @@ void PoserOption(const QWidget& formulaire, const Option& option, const std::str
 // form. `defaut` is what is shown before the user has touched it.
 std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option& option, const std::string& defaut);
 
-// The number of a text box, its fraction cut, between the bounds of the option; 0 stands for a text that is no number.
+// The number of a text box, between the bounds of the option; 0 stands for a text that is no number.
+double NombreDuChamp(const QLineEdit& champ, const Option& option);
+// The same with its fraction cut.
 int EntierDuChamp(const QLineEdit& champ, const Option& option);
 
 // Shows the options of a program.

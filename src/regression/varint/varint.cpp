@@ -21,6 +21,8 @@ namespace quelvar::regression {
 
 namespace {
 
+constexpr std::size_t kQuestionsDInteretMax = 1000;
+
 void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos& pos) {
   bool fautifs = false;
   for (const Question& question : pos.questions) {
@@ -37,9 +39,8 @@ void ExigerCodesMax(Rapport& rapport, const Contexte& contexte, const FichierPos
 // Ranks of the questions of interest. A name that no question bears, or that several share, stops the run.
 std::vector<std::size_t> Choisir(const Contexte& contexte, Rapport& rapport, const FichierPos& pos,
                                  const OptionsVarint& options) {
-  if (options.questions.empty()) AvertirEtArreter(rapport, contexte.Ecran(), "Pas de questions définies"_w);
-  if (options.questions.size() > kQuestionsDInteretMax)
-    AvertirEtArreter(rapport, contexte.Ecran(), "Trop de questions définies (N>1000)"_w);
+  if (const std::string refus = RefusDuNombreDeQuestions(options.questions.size()); !refus.empty())
+    AvertirEtArreter(rapport, contexte.Ecran(), refus);
   std::vector<std::size_t> choisies;
   for (const std::string& nom : options.questions) {
     const std::vector<std::size_t> rangs = RangsDuNom(pos.questions, nom);
@@ -139,6 +140,12 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
 }
 
 }  // namespace
+
+std::string RefusDuNombreDeQuestions(std::size_t choisies) {
+  if (choisies == 0) return std::string("Pas de questions définies"_w);
+  if (choisies <= kQuestionsDInteretMax) return {};
+  return Joindre({"Trop de questions définies (N>"_w, Nombre(kQuestionsDInteretMax), ")"});
+}
 
 Fin Varint(const Contexte& contexte, const OptionsVarint& options) {
   std::vector<GroupeDeBarres> profils;

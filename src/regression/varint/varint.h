@@ -19,7 +19,8 @@ struct OptionsVarint {
   bool operator==(const OptionsVarint&) const = default;
 };
 
-inline constexpr std::size_t kQuestionsDInteretMax = 1000;
+// Why the program refuses so many questions of interest; empty when it takes them.
+std::string RefusDuNombreDeQuestions(std::size_t choisies);
 
 // Reads the .DAT and the .POS; writes the .TRF, and the profiles as a table .BRT with its .MOD, of which what stands
 // behind the first "**" is kept.

@@ -83,9 +83,9 @@ void DeplacerTexte(EtatTriangle& etat, Position deplacement) {
   entree.deplacement = {entree.deplacement.x + deplacement.x, entree.deplacement.y + deplacement.y};
 }
 
-void ChangerTaille(EtatTriangle& etat, DimensionTriangle dimension, bool plus) {
-  if (dimension != DimensionTriangle::Hauteur) etat.largeur = Changer(etat.largeur, plus, etat.coefficient);
-  if (dimension != DimensionTriangle::Largeur) etat.hauteur = Changer(etat.hauteur, plus, etat.coefficient);
+void ChangerTaille(EtatTriangle& etat, bool plus) {
+  if (etat.dimension != DimensionTriangle::Hauteur) etat.largeur = Changer(etat.largeur, plus, etat.coefficient);
+  if (etat.dimension != DimensionTriangle::Largeur) etat.hauteur = Changer(etat.hauteur, plus, etat.coefficient);
 }
 
 void ChangerFenetreTriangle(EtatTriangle& etat, bool plus) {
@@ -106,8 +106,10 @@ void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans) {
 
 void ReinitialiserTriangle(EtatTriangle& etat) {
   const std::size_t choisie = etat.choisie;
+  const DimensionTriangle dimension = etat.dimension;
   etat = NouveauTriangle(std::move(etat.trg));
   etat.choisie = choisie;
+  etat.dimension = dimension;
 }
 
 }  // namespace quelvar::tables

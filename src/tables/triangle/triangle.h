@@ -70,7 +70,8 @@ struct EtatTriangle {
   ReglagesTriangle reglages;
   CotesTriangle cotes;
   Coefficient coefficient = Coefficient::Moyen;
-  double largeur = 1;  // of the drawing, over that of the start
+  DimensionTriangle dimension = DimensionTriangle::Ensemble;  // the one that a change of size is for
+  double largeur = 1;                                         // of the drawing, over that of the start
   double hauteur = 1;
   double fenetre = 1;  // of the window printed, over the one that holds the drawing
 };
@@ -88,11 +89,11 @@ std::vector<std::optional<std::size_t>> LiensDuTriangle(const FichierTrg& trg);
 
 void DeplacerTexte(EtatTriangle& etat, SensTriangle sens);
 void DeplacerTexte(EtatTriangle& etat, Position deplacement);
-void ChangerTaille(EtatTriangle& etat, DimensionTriangle dimension, bool plus);
+void ChangerTaille(EtatTriangle& etat, bool plus);
 void ChangerFenetreTriangle(EtatTriangle& etat, bool plus);
 // Moves a side towards the inside, or back; the triangle keeps kHauteurMinimum, and no side leaves it.
 void DeplacerCote(EtatTriangle& etat, CoteTriangle cote, bool dedans);
-// The initial drawing again, the chosen text apart.
+// The initial drawing again, the chosen text and dimension apart.
 void ReinitialiserTriangle(EtatTriangle& etat);
 
 // How far from its first place, right of its point, the label of an entry was put to keep clear of the others; points

@@ -165,7 +165,8 @@ TEST(OptionsDuTriangle, WhatTheFormShowsIsDrawnAgain) {
   EtatTriangle etat = NouveauTriangle(TrgDe({{20, 30, 50}, {20, 30, 50}, {10, 10, 80}, {60, 30, 10}}));
   etat.trg.points[0].nom = etat.trg.points[1].nom = "AGE1";
   etat.reglages = {.forme = FormeTriangle::AngleDroit, .intitulesLongs = true, .traits = true};
-  for (int i = 0; i < 3; ++i) ChangerTaille(etat, DimensionTriangle::Largeur, true);
+  etat.dimension = DimensionTriangle::Largeur;
+  for (int i = 0; i < 3; ++i) ChangerTaille(etat, true);
   ChangerFenetreTriangle(etat, true);
   DeplacerCote(etat, CoteTriangle::Bas, true);
   etat.entrees[0].invisible = true;

@@ -1,5 +1,6 @@
 #include "forms/programmes/crosstab/graphe2.h"
 
+#include "forms/images/coefficient.h"
 #include "forms/images/rendudessin.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
@@ -18,7 +19,6 @@ Graphe2::Graphe2(Services& services, const Contexte& contexte, const crosstab::D
   ui_->setupUi(this);
   for (const crosstab::EntreeGraphe2& entree : etat_.entrees) ui_->ListVar->addItem(VersQt(entree.texte));
   ui_->ListVar->setCurrentRow(0);
-  ui_->BtMoyen->setChecked(true);
   ui_->Pict2->deplacable = [](int) { return true; };
   ui_->Pict2->infobulle = [this](int element) {
     return VersQt(etat_.entrees[static_cast<std::size_t>(element)].texte);
@@ -31,6 +31,7 @@ Graphe2::Graphe2(Services& services, const Contexte& contexte, const crosstab::D
 Graphe2::~Graphe2() = default;
 
 void Graphe2::RelierGestes() {
+  const BoutonsDuCoefficient coefficient{*ui_->BtFaible, *ui_->BtMoyen, *ui_->BtFort};
   const auto geste = [this](QAbstractButton* bouton, auto effet) {
     connect(bouton, &QAbstractButton::clicked, this, [this, effet] {
       retouche_ = true;
@@ -58,13 +59,14 @@ void Graphe2::RelierGestes() {
   geste(ui_->BtMoinsF, [this] { crosstab::ChangerFenetre(etat_, false); });
   geste(ui_->BoutonValP, [this] { crosstab::ChangerValeur(etat_, true); });
   geste(ui_->BoutonValM, [this] { crosstab::ChangerValeur(etat_, false); });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = Coefficient::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = Coefficient::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = Coefficient::Fort; });
-  geste(ui_->BoutonRAZ, [this] {
+  RelierCoefficient(coefficient, etat_.coefficient, [this] {
+    retouche_ = true;
+    Dessiner();
+  });
+  geste(ui_->BoutonRAZ, [this, coefficient] {
     crosstab::Reinitialiser(etat_);
     retouche_ = false;
-    ui_->BtMoyen->setChecked(true);
+    MontrerCoefficient(coefficient, etat_.coefficient);
     ui_->Pict2->Ajuster();
   });
 }

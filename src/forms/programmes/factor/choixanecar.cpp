@@ -14,8 +14,7 @@ namespace quelvar::forms {
 namespace {
 
 int FacteursDe(const QLineEdit& champ) {
-  return static_cast<int>(
-      ArrondirPair(std::clamp<double>(ValeurDe(DepuisQt(champ.text())), 0, factor::kFacteursAuPlus)));
+  return static_cast<int>(ArrondirPair(NombreDuChamp(champ, factor::DescriptionAnecar().De("facteurs"))));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/listemod.h"
+#include "forms/cadre/sauvegarde.h"
 #include "forms/pieces/brouillon.h"
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
@@ -125,12 +126,12 @@ void NomeMod::MontrerModalites() {
 
 void NomeMod::Sauver() {
   if (!edition_->Ranger()) return;
-  ui_->TextMsg->setPlainText(Tenter(
-      [this] {
-        modalities::SauverNomeMod(contexte_, modalites_);
-        for (modalities::ModaliteNommee& modalite : modalites_) modalite.modifiee = false;
-      },
-      VersQt(modalities::kIntitulesSauvegardes)));
+  const Sauvegarde sauvegarde = SauverSur(services_, contexte_, ".MOD",
+                                          [this](const Contexte& sur) { modalities::SauverNomeMod(sur, modalites_); });
+  if (sauvegarde.faite)
+    for (modalities::ModaliteNommee& modalite : modalites_) modalite.modifiee = false;
+  if (const QString dite = TexteDeLaSauvegarde(sauvegarde, modalities::kIntitulesSauvegardes); !dite.isEmpty())
+    ui_->TextMsg->setPlainText(dite);
 }
 
 void NomeMod::Enregistrer() {

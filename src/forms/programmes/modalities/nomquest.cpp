@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/cadre/sauvegarde.h"
 #include "forms/pieces/commande.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/edition/modifmod.h"
@@ -56,12 +57,12 @@ void NomQuest::MontrerMessage(const QString& texte) { ui_->TextMsg->setText(text
 
 void NomQuest::Sauver() {
   if (!edition_->Ranger()) return;
-  MontrerMessage(Tenter(
-      [this] {
-        modalities::SauverNomQuest(contexte_, etat_.questions);
-        for (modalities::NomDeQuestion& question : etat_.questions) question.modifie = false;
-      },
-      VersQt(modalities::kIntitulesSauvegardes)));
+  const Sauvegarde sauvegarde = SauverSur(
+      services_, contexte_, ".POS", [this](const Contexte& sur) { modalities::SauverNomQuest(sur, etat_.questions); });
+  if (sauvegarde.faite)
+    for (modalities::NomDeQuestion& question : etat_.questions) question.modifie = false;
+  if (const QString dite = TexteDeLaSauvegarde(sauvegarde, modalities::kIntitulesSauvegardes); !dite.isEmpty())
+    MontrerMessage(dite);
 }
 
 void NomQuest::Enregistrer() {

@@ -51,11 +51,10 @@ regression::OptionsVarint ChoixVarInt::Options() const {
 }
 
 void ChoixVarInt::LancerVarint() {
-  const std::size_t choisies = choix_.Nombre(Statut::Actif);
-  if (choisies == 0 || choisies > regression::kQuestionsDInteretMax) {
+  const std::string refus = regression::RefusDuNombreDeQuestions(choix_.Nombre(Statut::Actif));
+  if (!refus.empty()) {
     services_.ecran.biper();
-    ui_->TextMsg->setText(
-        VersQt(choisies == 0 ? "Pas de questions définies"_w : "Trop de questions définies (N>1000)"_w));
+    ui_->TextMsg->setText(VersQt(refus));
     return;
   }
   const regression::OptionsVarint options = Options();

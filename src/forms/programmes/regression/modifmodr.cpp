@@ -2,6 +2,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
+#include "forms/cadre/sauvegarde.h"
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
@@ -138,12 +139,10 @@ void ModifModR::Enregistrer() {
     edition_->Remplir();
     return;
   }
-  try {
-    regression::SauverModifModR(contexte_, etat_.textes);
-  } catch (const Erreur& erreur) {
-    Dire(regression::kTitreErreur, VersQt(TexteErreur(erreur)));
-    return;
-  }
+  const Sauvegarde sauvegarde = SauverSur(
+      services_, contexte_, ".MOD", [this](const Contexte& sur) { regression::SauverModifModR(sur, etat_.textes); });
+  if (sauvegarde.echec) Dire(regression::kTitreErreur, VersQt(TexteErreur(*sauvegarde.echec)));
+  if (!sauvegarde.faite) return;
   duFichier_ = etat_.textes;
   if (const std::string_view incoherence = regression::Incoherence(etat_.textes); !incoherence.empty()) {
     Dire(regression::kTitreAvertissement, VersQt(incoherence));

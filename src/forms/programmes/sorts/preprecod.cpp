@@ -3,6 +3,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/programme/erreur.h"
 #include "core/programme/rapport.h"
+#include "forms/cadre/sauvegarde.h"
 #include "forms/pieces/commande.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
@@ -294,11 +295,10 @@ void PrepRecod::Enregistrer() {
   }
   bool enregistre = false;
   Agir([&] {
-    try {
-      enregistre = sorts::EnregistrerPrepRecod(etat_, contexte_);
-    } catch (const Erreur& erreur) {  // the form stays, with everything that was typed
-      etat_.message = TexteErreur(erreur);
-    }
+    const Sauvegarde sauvegarde = SauverSur(services_, contexte_, ".POS", [&](const Contexte& sur) {
+      enregistre = sorts::EnregistrerPrepRecod(etat_, sur);
+    });
+    if (sauvegarde.echec) etat_.message = TexteErreur(*sauvegarde.echec);  // the form stays, with all that was typed
   });
   if (enregistre) accept();
 }

@@ -1,5 +1,6 @@
 #include "forms/programmes/tables/graphe.h"
 
+#include "forms/images/coefficient.h"
 #include "forms/images/rendudessin.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
@@ -18,8 +19,6 @@ Graphe::Graphe(Services& services, tables::FichierTrg trg, Brouillon rapport)
   ui_->Pict2->infobulle = [this](int element) {
     return VersQt(etat_.entrees[static_cast<std::size_t>(element)].texte);
   };
-  ui_->BtMoyen->setChecked(true);
-  ui_->Option19->setChecked(true);
   RelierTextes();
   RelierReglages();
   RelierTailles();
@@ -99,24 +98,25 @@ void Graphe::RelierReglages() {
 }
 
 void Graphe::RelierTailles() {
+  const BoutonsDuCoefficient coefficient{*ui_->BtFaible, *ui_->BtMoyen, *ui_->BtFort};
   const auto geste = [this](QAbstractButton* bouton, auto effet) {
     connect(bouton, &QAbstractButton::clicked, this, [this, effet] {
       effet();
       Dessiner();
     });
   };
-  const auto dimension = [this] {
-    return ui_->Option17->isChecked()   ? tables::DimensionTriangle::Largeur
-           : ui_->Option18->isChecked() ? tables::DimensionTriangle::Hauteur
-                                        : tables::DimensionTriangle::Ensemble;
+  const auto dimension = [&](QRadioButton* bouton, tables::DimensionTriangle sienne) {
+    bouton->setChecked(etat_.dimension == sienne);
+    geste(bouton, [this, sienne] { etat_.dimension = sienne; });
   };
-  geste(ui_->BtPlus, [this, dimension] { tables::ChangerTaille(etat_, dimension(), true); });
-  geste(ui_->BtMoins, [this, dimension] { tables::ChangerTaille(etat_, dimension(), false); });
+  dimension(ui_->Option17, tables::DimensionTriangle::Largeur);
+  dimension(ui_->Option18, tables::DimensionTriangle::Hauteur);
+  dimension(ui_->Option19, tables::DimensionTriangle::Ensemble);
+  geste(ui_->BtPlus, [this] { tables::ChangerTaille(etat_, true); });
+  geste(ui_->BtMoins, [this] { tables::ChangerTaille(etat_, false); });
   geste(ui_->BtPlusF, [this] { tables::ChangerFenetreTriangle(etat_, true); });
   geste(ui_->BtMoinsF, [this] { tables::ChangerFenetreTriangle(etat_, false); });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = Coefficient::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = Coefficient::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = Coefficient::Fort; });
+  RelierCoefficient(coefficient, etat_.coefficient, [this] { Dessiner(); });
   const auto cote = [&](QAbstractButton* bouton, tables::CoteTriangle quel, bool dedans) {
     geste(bouton, [this, quel, dedans] { tables::DeplacerCote(etat_, quel, dedans); });
   };
@@ -126,9 +126,9 @@ void Graphe::RelierTailles() {
   cote(ui_->BoutonDm, tables::CoteTriangle::Droit, false);
   cote(ui_->BoutonBp, tables::CoteTriangle::Bas, true);
   cote(ui_->BoutonBm, tables::CoteTriangle::Bas, false);
-  geste(ui_->BoutonRAZ, [this] {
+  geste(ui_->BoutonRAZ, [this, coefficient] {
     tables::ReinitialiserTriangle(etat_);
-    ui_->BtMoyen->setChecked(true);
+    MontrerCoefficient(coefficient, etat_.coefficient);
     MontrerReglages();
     ui_->Pict2->Ajuster();
   });

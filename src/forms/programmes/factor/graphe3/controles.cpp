@@ -4,6 +4,7 @@
 
 #include "core/texte/nombres.h"
 #include "factor/plan/graphe_options.h"
+#include "forms/images/coefficient.h"
 #include "forms/images/rendudessin.h"
 #include "forms/programmes/factor/graphe3/graphe3.h"
 #include "forms/texte/texte_qt.h"
@@ -87,9 +88,7 @@ void Graphe3::RelierTaille() {
   geste(ui_->OptH, [this] { etat_.dimension = factor::DimensionPlan::Hauteur; });
   geste(ui_->OptL, [this] { etat_.dimension = factor::DimensionPlan::Largeur; });
   geste(ui_->OptAll, [this] { etat_.dimension = factor::DimensionPlan::Toutes; });
-  geste(ui_->BtFaible, [this] { etat_.coefficient = Coefficient::Faible; });
-  geste(ui_->BtMoyen, [this] { etat_.coefficient = Coefficient::Moyen; });
-  geste(ui_->BtFort, [this] { etat_.coefficient = Coefficient::Fort; });
+  RelierCoefficient({*ui_->BtFaible, *ui_->BtMoyen, *ui_->BtFort}, etat_.coefficient, [this] { Dessiner(); });
   geste(ui_->BoutonRAZ, [this] { factor::ReinitialiserCadre(etat_); });
   geste(ui_->BoutonH, [this] { factor::DeplacerImage(etat_, 0, 1); });
   geste(ui_->BoutonB, [this] { factor::DeplacerImage(etat_, 0, -1); });

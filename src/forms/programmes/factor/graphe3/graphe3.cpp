@@ -67,10 +67,6 @@ void Graphe3::PoserReglages() {
    : etat_.dimension == factor::DimensionPlan::Largeur ? ui_->OptL
                                                        : ui_->OptAll)
       ->setChecked(true);
-  (etat_.coefficient == Coefficient::Faible ? ui_->BtFaible
-   : etat_.coefficient == Coefficient::Fort ? ui_->BtFort
-                                            : ui_->BtMoyen)
-      ->setChecked(true);
 }
 
 // What the boxes and buttons say; the fields are read when they are left.

@@ -1,0 +1,33 @@
+#include "forms/cadre/sauvegarde.h"
+
+#include <string>
+
+#include "core/fichiers/generiquetenu.h"
+#include "forms/texte/texte_qt.h"
+
+namespace quelvar::forms {
+
+Sauvegarde SauverSur(const Services& services, const Contexte& contexte, std::string_view extension,
+                     const std::function<void(const Contexte&)>& sauver) {
+  Sauvegarde sauvegarde;
+  services.Lancer([&](const Contexte&) {
+    try {
+      const GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(extension));
+      std::string reparations;
+      for (const std::string& ligne : tenu.Recit()) reparations += ligne + "\r\n";
+      if (!reparations.empty()) services.ecran.demander(reparations, Boutons::Ok);
+      sauver(contexte);
+      sauvegarde.faite = true;
+    } catch (const Erreur& erreur) {
+      sauvegarde.echec = erreur;
+    }
+  });
+  return sauvegarde;
+}
+
+QString TexteDeLaSauvegarde(const Sauvegarde& sauvegarde, std::string_view reussite) {
+  if (sauvegarde.echec) return QStringLiteral("*** Erreur ***\n") + VersQt(TexteErreur(*sauvegarde.echec));
+  return sauvegarde.faite ? VersQt(reussite) : QString();
+}
+
+}  // namespace quelvar::forms

@@ -1,0 +1,28 @@
+// The saves of forms that stay open: run as programs are, with no report.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "core/programme/erreur.h"
+#include "core/programme/programme.h"
+#include "forms/cadre/services.h"
+
+namespace quelvar::forms {
+
+struct Sauvegarde {
+  bool faite = false;                // false also when another run goes on or the user has given this one up
+  std::optional<Erreur> echec = {};  // for the form to tell
+};
+
+// Runs the save of the file of that extension on the data set, which it holds meanwhile; a box tells what was repaired
+// before.
+Sauvegarde SauverSur(const Services& services, const Contexte& contexte, std::string_view extension,
+                     const std::function<void(const Contexte&)>& sauver);
+
+// What the form shows of it: the sentence for a success, or the words of the failure; nothing when it was not run.
+QString TexteDeLaSauvegarde(const Sauvegarde& sauvegarde, std::string_view reussite);
+
+}  // namespace quelvar::forms
