@@ -40,9 +40,17 @@ const QWidget* PageDe(const QWidget& controle) {
   return nullptr;
 }
 
+// Whether the control or what it stands in is taken off the window now; the pages of the tabs are not.
+bool EstRetire(const QWidget& controle, const QWidget& fenetre) {
+  for (const QWidget* suite = &controle; suite != &fenetre && suite != nullptr; suite = suite->parentWidget())
+    if (suite->isHidden() && qobject_cast<const QStackedWidget*>(suite->parentWidget()) == nullptr) return true;
+  return false;
+}
+
 struct Lettre {
   QString touche;
   const QWidget* page;
+  bool retiree;
 };
 
 bool EstPrise(const QList<Lettre>& prises, const Lettre& lettre) {
@@ -59,9 +67,15 @@ QString AvecLettreLibre(QString texte, const QList<Lettre>& prises, const QWidge
     QString essai = texte;
     essai.insert(i, u'&');
     const bool duClavier = texte[i].unicode() < 128 && texte[i].isLetter();
-    if (duClavier && !EstPrise(prises, {QKeySequence::mnemonic(essai).toString(), page})) return essai;
+    if (duClavier && !EstPrise(prises, {QKeySequence::mnemonic(essai).toString(), page, false})) return essai;
   }
   return texte;
+}
+
+// Those that are on the window now.
+QList<Lettre> Montrees(QList<Lettre> lettres) {
+  lettres.removeIf([](const Lettre& lettre) { return lettre.retiree; });
+  return lettres;
 }
 
 // A caption that an Alt key leads to, and how it is changed.
@@ -92,16 +106,18 @@ void DonnerLesLettres(QWidget& fenetre) {
   const auto touche = [](const QString& texte) { return QKeySequence::mnemonic(texte).toString(); };
   QList<const Legende*> sansLettre;
   for (const Legende& legende : legendes) {
-    const Lettre lettre{touche(legende.texte), PageDe(*legende.controle)};
-    const bool prise = !lettre.touche.isEmpty() && !legende.controle->isHidden() && EstPrise(prises, lettre);
+    const Lettre lettre{touche(legende.texte), PageDe(*legende.controle), EstRetire(*legende.controle, fenetre)};
+    const bool prise = !lettre.touche.isEmpty() && !lettre.retiree && EstPrise(prises, lettre);
     if (lettre.touche.isEmpty() || prise) sansLettre.append(&legende);
     else prises.append(lettre);
   }
   for (const Legende* legende : sansLettre) {
     const QWidget* const page = PageDe(*legende->controle);
-    const QString autre = AvecLettreLibre(legende->texte, prises, page);
+    const bool retiree = EstRetire(*legende->controle, fenetre);
+    QString autre = AvecLettreLibre(legende->texte, prises, page);
+    if (touche(autre).isEmpty() && !retiree) autre = AvecLettreLibre(legende->texte, Montrees(prises), page);
     if (autre != legende->texte) legende->poser(autre);
-    if (const QString prise = touche(autre); !prise.isEmpty()) prises.append({prise, page});
+    if (const QString prise = touche(autre); !prise.isEmpty()) prises.append({prise, page, retiree});
   }
 }
 

@@ -27,7 +27,8 @@ const QWidget& ContenuDe(const QWidget& fenetre);
 void NommerLesControles(QWidget& fenetre);
 
 // One letter each: a caption without one, and the later one of two that are seen together and answer to the same Alt
-// key, takes one that is free, or none when all of it are taken. Also after a caption has changed.
+// key, takes one that is free, if need be one of what is taken off the window now, or none when all of it are taken.
+// Also after a caption has changed, or what is on the window.
 void DonnerLesLettres(QWidget& fenetre);
 
 }  // namespace quelvar::forms

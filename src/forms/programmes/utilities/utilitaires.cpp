@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "forms/pieces/commande.h"
+#include "forms/pieces/ecran.h"
 #include "forms/pieces/options.h"
 #include "forms/texte/texte_qt.h"
 #include "tables/ecapem_options.h"
@@ -162,6 +163,7 @@ void Utilitaires::MontrerChoix() {
   for (QWidget* controle : std::initializer_list<QWidget*>{ui_->CmdFichC, ui_->LabelC})
     controle->setVisible(!ui_->OptHexDump->isChecked());
   ui_->TextAide->setPlainText(Choisi().aide);
+  DonnerLesLettres(*this);
 }
 
 bool Utilitaires::Complet(std::string_view manque) {

@@ -55,6 +55,15 @@ TEST_F(FormesUtilitaires, WhatIsMissingIsToldAndTheSortRuns) {
   EXPECT_TRUE(bureau_.Texte().endsWith("Programme normalement terminé\n"));
 }
 
+TEST_F(FormesUtilitaires, EveryProgramLeavesALetterToEachCaption) {
+  Utilitaires& forme = bureau_.Demander<Utilitaires>("mnuUtil");
+  for (const char* programme :
+       {"OptExport", "OptHexDump", "OptFusion", "OptGendat", "OptInvers", "OptEcapem", "OptTri"}) {
+    Cliquer(forme, programme);
+    essai::VerifierControles(forme);
+  }
+}
+
 TEST_F(FormesUtilitaires, AnInvertedTableBecomesTheGeneric) {
   Utilitaires& forme = bureau_.Demander<Utilitaires>("mnuUtil");
   Cliquer(forme, "OptInvers");
