@@ -93,7 +93,9 @@ void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod, JeuDe
 }
 
 int SeuilEffectif(int seuil, std::int64_t actifs) {
-  return seuil == kSeuilMoyen && actifs > 0 ? CpfMoyen(static_cast<std::size_t>(actifs)) : seuil;
+  constexpr int kSansMoyenne = -1;  // every element is listed
+  if (seuil != kSeuilMoyen) return seuil;
+  return actifs > 0 ? CpfMoyen(static_cast<std::size_t>(actifs)) : kSansMoyenne;
 }
 
 PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres,

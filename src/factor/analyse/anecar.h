@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 #include "core/enquete/parametres.h"
@@ -15,7 +16,8 @@
 
 namespace quelvar::factor {
 
-inline constexpr int kSeuilMoyen = -1;
+// Stands for the mean CPF; no threshold that can be typed.
+inline constexpr int kSeuilMoyen = std::numeric_limits<int>::min();
 
 inline constexpr int kFacteursParDefaut = 3;
 inline constexpr int kFacteursAClasser = 5;  // with a classification

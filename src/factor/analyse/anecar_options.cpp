@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "core/options/sortie.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/nombres.h"
 
 namespace quelvar::factor {
@@ -14,7 +15,7 @@ namespace {
 using O = OptionsAnecar;
 using Textes = std::vector<std::string>;
 
-constexpr int kCpfLePlusHaut = 9999;
+using Seuils = std::numeric_limits<std::int16_t>;  // that can be typed
 
 Description<O>::Poser PoserSeuil(std::string nom, std::optional<int> O::*membre) {
   return [nom = std::move(nom), membre](O& options, const std::string& valeur) {
@@ -22,9 +23,14 @@ Description<O>::Poser PoserSeuil(std::string nom, std::optional<int> O::*membre)
       options.*membre = kSeuilMoyen;
       return;
     }
-    if (valeur.empty() || valeur.size() > 4 || valeur.find_first_not_of("0123456789") != std::string::npos)
-      RefuserValeur(nom, Joindre({"moyenne ou un nombre entier (0..", Nombre(kCpfLePlusHaut), ")"}), valeur);
-    options.*membre = static_cast<int>(ValeurDe(valeur));
+    const std::string_view chiffres = std::string_view(valeur).substr(valeur.starts_with('-') ? 1 : 0);
+    const bool entier = SontChiffres(chiffres) && chiffres.size() <= Seuils::digits10 + 1;
+    const double seuil = entier ? ValeurDe(valeur) : 0;
+    if (!entier || seuil < Seuils::min() || seuil > Seuils::max())
+      RefuserValeur(nom,
+                    Joindre({"moyenne ou un nombre entier (", Nombre(Seuils::min()), "..", Nombre(Seuils::max()), ")"}),
+                    valeur);
+    options.*membre = static_cast<int>(seuil);
   };
 }
 
@@ -152,8 +158,7 @@ Description<O> Decrire() {
 
 int SeuilTape(std::string_view texte) {
   if (EgalSansCasse(texte, kMotDeLaMoyenne)) return kSeuilMoyen;
-  using Limites = std::numeric_limits<std::int16_t>;
-  return Entier16(std::clamp<double>(ValeurDe(texte), Limites::min(), Limites::max()));
+  return Entier16(std::clamp<double>(ValeurDe(texte), Seuils::min(), Seuils::max()));
 }
 
 const Description<OptionsAnecar>& DescriptionAnecar() {

@@ -14,8 +14,7 @@ inline constexpr int kFacteursAuMoins = 2;  // that the form lets one choose
 // The word of a threshold at the mean, in any case.
 inline constexpr std::string_view kMotDeLaMoyenne = "Moyenne";
 // The threshold that a text box says: the mean for its word, else the value of the text, rounded, as a whole number of
-// 16 bits. The command line takes but the word and the values that a CPF may have; the form any value, of which -1 is
-// the mean as well.
+// 16 bits, which the command line takes too.
 int SeuilTape(std::string_view texte);
 
 const Description<OptionsAnecar>& DescriptionAnecar();
