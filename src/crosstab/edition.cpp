@@ -32,7 +32,7 @@ Cellule Proba(const ProbabiliteKhi2& proba) {
 Cellule Part(double pourcentage) { return {pourcentage, Unite::Pourcent, 1, "%"}; }
 
 // A sentence with figures in it.
-void Dire(Rapport& rapport, Texte debut, std::vector<Cellule> figures, std::vector<PlaceEnRangee> places) {
+void ImprimerPhrase(Rapport& rapport, Texte debut, std::vector<Cellule> figures, std::vector<PlaceEnRangee> places) {
   rapport.Ligne(TexteDeRangee({std::string(debut.Vue()), {}, std::move(figures)}, {.places = std::move(places)}));
 }
 
@@ -50,18 +50,18 @@ void ImprimerCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool deta
   const TableauCroise& t = titre.tableau;
   if (t.casesFaibles.empty()) return;
   const auto nombre = static_cast<double>(t.casesFaibles.size());
-  Dire(rapport, "Le nombre de cases de théorique <1 est de "_w, {{nombre, Unite::Effectif}, Part(t.partCasesFaibles)},
-       {{.entiers = 3}, kPlaceDePart});
-  Dire(rapport, "Le Khideux dû à ces cases est de  "_w, {Khi2(t.khi2Faibles), Part(t.partKhi2Faibles)},
-       {PlaceDuKhi2(t.khi2Faibles), kPlaceDePart});
-  Dire(rapport, "Le khi-deux sans ces cases est de ", {Khi2(t.khi2SansFaibles), Proba(t.probaSansFaibles)},
-       {PlaceDuKhi2(t.khi2SansFaibles), kPlaceDeProba});
+  ImprimerPhrase(rapport, "Le nombre de cases de théorique <1 est de "_w,
+                 {{nombre, Unite::Effectif}, Part(t.partCasesFaibles)}, {{.entiers = 3}, kPlaceDePart});
+  ImprimerPhrase(rapport, "Le Khideux dû à ces cases est de  "_w, {Khi2(t.khi2Faibles), Part(t.partKhi2Faibles)},
+                 {PlaceDuKhi2(t.khi2Faibles), kPlaceDePart});
+  ImprimerPhrase(rapport, "Le khi-deux sans ces cases est de ", {Khi2(t.khi2SansFaibles), Proba(t.probaSansFaibles)},
+                 {PlaceDuKhi2(t.khi2SansFaibles), kPlaceDeProba});
   if (!detail) return;
   for (const CaseFaible& faible : t.casesFaibles)
-    Dire(rapport,
-         Joindre({"Théorique < 1 à "_w, titre.IntituleLigne(faible.ligne), "-", titre.IntituleColonne(faible.colonne),
-                  " : contribution au Khideux de "}),
-         {{faible.contribution, Unite::Nombre, 1}}, {{.entiers = 5}});
+    ImprimerPhrase(rapport,
+                   Joindre({"Théorique < 1 à "_w, titre.IntituleLigne(faible.ligne), "-",
+                            titre.IntituleColonne(faible.colonne), " : contribution au Khideux de "}),
+                   {{faible.contribution, Unite::Nombre, 1}}, {{.entiers = 5}});
 }
 
 }  // namespace
@@ -88,11 +88,12 @@ void ImprimerTableauVide(Rapport& rapport, const TableauTitre& titre) {
 void ImprimerStatistiques(Rapport& rapport, const TableauTitre& titre, bool detailKhi2, bool ordrePem) {
   const TableauCroise& t = titre.tableau;
   ImprimerEnTete(rapport, titre);
-  Dire(rapport, "Le Khi-deux du tableau est de ", {Khi2(t.khi2)}, {PlaceDuKhi2(t.khi2)});
-  Dire(rapport, "Degré liberté = "_w, {{static_cast<double>(t.degres)}, Proba(t.proba)},
-       {{.entiers = 3}, kPlaceDeProba});
+  ImprimerPhrase(rapport, "Le Khi-deux du tableau est de ", {Khi2(t.khi2)}, {PlaceDuKhi2(t.khi2)});
+  ImprimerPhrase(rapport, "Degré liberté = "_w, {{static_cast<double>(t.degres)}, Proba(t.proba)},
+                 {{.entiers = 3}, kPlaceDeProba});
   ImprimerCasesFaibles(rapport, titre, detailKhi2);
-  if (ordrePem || t.deuxParDeux) Dire(rapport, "Le PEM du tableau est de ", {Part(AuDixieme(t.pem))}, {{.entiers = 5}});
+  if (ordrePem || t.deuxParDeux)
+    ImprimerPhrase(rapport, "Le PEM du tableau est de ", {Part(AuDixieme(t.pem))}, {{.entiers = 5}});
   rapport.Ligne();
 }
 

@@ -13,7 +13,7 @@
 
 namespace quelvar::factor {
 
-inline constexpr double kMilliemesParUnite = 1000;  // coordinates are kept in thousandths
+inline constexpr double kMilliemesParUnite = 1000;  // coordinates are kept in thousandths, shares told in them
 inline constexpr int kFacteursAuPlus = 999;         // as many as three digits number
 
 inline constexpr std::size_t kToutesLesLignes = std::numeric_limits<std::size_t>::max();

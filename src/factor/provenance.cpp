@@ -258,7 +258,7 @@ bool LiensSontDuTableau(const Contexte& contexte, std::span<const tables::Lien> 
 
 bool LiensDeLignesSontDuTableau(const Contexte& contexte, std::span<const tables::Lien> liens) {
   const std::optional<Table> table = LaTable(contexte);
-  const auto deClique = [](const tables::Lien& lien) { return lien.valeur == 100; };
+  const auto deClique = [](const tables::Lien& lien) { return lien.valeur == tables::kValeurDansUneClique; };
   if (!table || table->Trop() || table->lignes > kLignesLiees || table->parametres.burt >= 1 ||
       std::ranges::all_of(liens, deClique))
     return true;

@@ -17,13 +17,13 @@ constexpr int kLargeurDeRang = 5;
 EntreesDeRegression TrouverEntrees(const Contexte& contexte, Rapport& rapport, Texte sorte) {
   const std::optional<Chemin> donnees = contexte.Chercher(".CDG");
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
-  if (!donnees) DireTableAbsente(rapport, sorte, contexte.Nom(".CDG"));
+  if (!donnees) ImprimerTableAbsente(rapport, sorte, contexte.Nom(".CDG"));
   if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
   if (!donnees || !mod) ArreterPourAbsence(contexte, rapport);
   return {*donnees, *mod};
 }
 
-void DireTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom) {
+void ImprimerTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom) {
   rapport.Ligne({"*** Le tableau de ", sorte, " ", nom, " n'existe pas"});
 }
 

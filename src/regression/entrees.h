@@ -21,7 +21,7 @@ struct EntreesDeRegression {
 // missing.
 EntreesDeRegression TrouverEntrees(const Contexte& contexte, Rapport& rapport, Texte sorte);
 // The line on a table of data that is missing, and the stop that follows.
-void DireTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom);
+void ImprimerTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom);
 [[noreturn]] void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport);
 
 // The banner and the names of the files.

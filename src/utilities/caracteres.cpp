@@ -18,10 +18,10 @@ std::string CodesImprimables() {
   return codes;
 }
 
-void ListerFichier(const Contexte& contexte, const Chemin& chemin, Listage& listage) {
+void ImprimerFichier(const Contexte& contexte, const Chemin& chemin, Listage& listage) {
   AvancementOctets avancement(contexte, LongueurFichier(chemin));
   ParMorceaux(chemin, [&](const std::string& octets) {
-    listage.Lister(octets);
+    listage.Imprimer(octets);
     avancement.Avancer(octets.size());
   });
   listage.Finir();
@@ -41,10 +41,10 @@ Fin ListerCaracteres(const Contexte& contexte, const OptionsCaracteres& options)
     ExigerPlace(contexte, rapport, {0, LongueurFichier(*a.chemin) * kBlocEcrit / kOctetsDUnBloc});
     ImprimerTeteDesCaracteres(rapport, a.nom);
     Listage listage(rapport);
-    listage.Lister(CodesImprimables());
+    listage.Imprimer(CodesImprimables());
     listage.Finir();
     rapport.Ligne("Texte à analyser"_w);
-    ListerFichier(contexte, *a.chemin, listage);
+    ImprimerFichier(contexte, *a.chemin, listage);
     rapport.Ligne("Fin normale du programme");
   });
 }

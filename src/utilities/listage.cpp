@@ -12,7 +12,7 @@ Listage::Listage(Rapport& rapport) : rapport_(rapport) {
   }
 }
 
-void Listage::Lister(std::string_view octets) {
+void Listage::Imprimer(std::string_view octets) {
   if (enReste_ > 0) {
     const std::size_t pris = octets.copy(reste_.data() + enReste_, kOctetsDUnBloc - enReste_);
     octets.remove_prefix(pris);

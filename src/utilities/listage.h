@@ -23,7 +23,7 @@ class Listage {
  public:
   explicit Listage(Rapport& rapport);
 
-  void Lister(std::string_view octets);
+  void Imprimer(std::string_view octets);
   // The block that is not full, if there is one.
   void Finir();
 

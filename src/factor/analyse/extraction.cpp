@@ -6,6 +6,7 @@
 #include "core/programme/erreur.h"
 #include "core/texte/nombres.h"
 #include "factor/analyse/produits.h"
+#include "factor/coordonnees.h"
 
 namespace quelvar::factor {
 
@@ -200,17 +201,18 @@ namespace {
 std::int16_t PourMille(double valeur) {
   constexpr double kArrondi = 1e-9;
   constexpr std::int16_t kLePlusMontre = 999;  // of what is above for another reason
-  return valeur > 1000 * (1 + kArrondi) ? kLePlusMontre : Entier16(valeur);
+  return valeur > kMilliemesParUnite * (1 + kArrondi) ? kLePlusMontre : Entier16(valeur);
 }
 
 }  // namespace
 
 std::int16_t Contribution(double poids, double coordonnee, double valeurPropre) {
-  return valeurPropre == 0 ? std::int16_t{0} : PourMille(1000 * poids * (coordonnee * coordonnee) / valeurPropre);
+  return valeurPropre == 0 ? std::int16_t{0}
+                           : PourMille(kMilliemesParUnite * poids * (coordonnee * coordonnee) / valeurPropre);
 }
 
 std::int16_t Cos2(double poids, double coordonnee, double inertie) {
-  return inertie > 0 ? PourMille(1000 * poids * (coordonnee * coordonnee) / inertie) : std::int16_t{0};
+  return inertie > 0 ? PourMille(kMilliemesParUnite * poids * (coordonnee * coordonnee) / inertie) : std::int16_t{0};
 }
 
 }  // namespace quelvar::factor

@@ -95,7 +95,7 @@ FacteurCourant ExtraireFacteur(TableauAnecar& tableau, AnalyseAnecar& analyse,
   facteur.valeurPropre = vecteurs.valeur * vecteurs.valeur;
   const double inertie = ecarts.Inertie(analyse.type);
   facteur.pourcentage = PartDe(100, facteur.valeurPropre, inertie);
-  facteur.part = Entier16(PartDe(1000, facteur.valeurPropre, inertie));
+  facteur.part = Entier16(PartDe(kMilliemesParUnite, facteur.valeurPropre, inertie));
   facteur.tours = vecteurs.tours;
   facteur.converge = vecteurs.converge;
   facteur.lignes = DresserCote(courant.f, ecarts.lignes, facteur.valeurPropre, MillemeLigne, analyse.qltLignes);
@@ -131,7 +131,7 @@ ListeTriee TrierElements(const ElementsAnecar& elements, CoteFacteur cote, doubl
   return liste;
 }
 
-std::int16_t CpfMoyen(std::size_t actifs) { return Entier16(1000 / static_cast<double>(actifs)); }
+std::int16_t CpfMoyen(std::size_t actifs) { return Entier16(kMilliemesParUnite / static_cast<double>(actifs)); }
 
 double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
   constexpr double kTroisChiffres = 100;

@@ -93,7 +93,7 @@ std::vector<double> LireParts(const Chemin& rapport) {
 
 double InertiePourMille(double inertie, double total) {
   constexpr double kInertieMaximale = 99999;  // five columns
-  return total == 0 ? 0 : std::min(1000 * inertie / total, kInertieMaximale);
+  return total == 0 ? 0 : std::min(kMilliemesParUnite * inertie / total, kInertieMaximale);
 }
 
 void EcrireCoordonnees(const Contexte& contexte, JeuDeFichiers& sorties, const PlanAnecar& plan,

@@ -127,7 +127,7 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
 }
 
 // A tree of as many elements may still be that of another state of the survey.
-void DireLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
+void PrevenirDeLaProvenance(const Contexte& contexte, Rapport& rapport, const ArbreCah& arbre) {
   const auto dire = [&](Texte remarque) {
     Avertir(rapport, contexte.Ecran(), Joindre({kAttention, remarque, ", ", kRelancerCah}));
   };
@@ -172,7 +172,7 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
                  kArretAbsenceSansAccents);
   const FichierPos questions = LirePos(*pos);
   ExigerElements(contexte, rapport, arbre, IndividusLus(*donnees, questions.taille), ".DAT");
-  DireLaProvenance(contexte, rapport, arbre);
+  PrevenirDeLaProvenance(contexte, rapport, arbre);
   const ClassesDIndividus classes = ClasserIndividus(arbre.etapes, options.niveau);
   const std::string nouveau = NouveauGenerique(contexte, rapport, options);
   const std::size_t longueur = LongueurLaPlusGrande(*donnees);
@@ -212,7 +212,7 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
   if (!arbre.individus) {
     const std::vector<Modalite> modalites = LireMod(*mod).modalites;
     ExigerElements(contexte, rapport, arbre, static_cast<std::int64_t>(modalites.size()), ".MOD");
-    DireLaProvenance(contexte, rapport, arbre);
+    PrevenirDeLaProvenance(contexte, rapport, arbre);
     ImprimerClasses(rapport, options.niveau, ClassesDeModalites(modalites, arbre.etapes, options));
     return;
   }

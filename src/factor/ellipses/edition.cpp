@@ -21,7 +21,7 @@ void Imprimer(Rapport& rapport, const Dialogue& ecran, const BilanEllipses& bila
   throw Erreur(*bilan.arret);
 }
 
-void DireLesAvis(const Dialogue& ecran, const BilanEllipses& bilan) {
+void PrevenirDesAvis(const Dialogue& ecran, const BilanEllipses& bilan) {
   for (const std::string& avis : bilan.avis) ecran.demander(avis, Boutons::Ok);
 }
 
@@ -32,7 +32,7 @@ std::optional<std::vector<EllipsesDeModalite>> CalculerEllipses(const Contexte& 
   BilanEllipses bilan;
   if (!PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
         bilan = MesurerEllipses(contexte, demande);
-        DireLesAvis(contexte.Ecran(), bilan);
+        PrevenirDesAvis(contexte.Ecran(), bilan);
         Imprimer(rapport, contexte.Ecran(), bilan);
       }))
     return std::nullopt;

@@ -63,7 +63,7 @@ void ImprimerNombresDeModalites(Rapport& rapport, const NombresDeModalites& nomb
 }
 
 // In the report, and in one box.
-void DireLesRemarques(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& remarques) {
+void PrevenirDesRemarques(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& remarques) {
   if (remarques.empty()) return;
   std::string boite;
   for (const std::string& remarque : remarques) {
@@ -90,7 +90,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   std::vector<std::string> remarques = RemarquesDuPlan(donnees.discordances);
   for (std::string& remarque : RemarquesDesFichiers(donnees.discordances, exigences))
     remarques.push_back(std::move(remarque));
-  DireLesRemarques(rapport, contexte.Ecran(), remarques);
+  PrevenirDesRemarques(rapport, contexte.Ecran(), remarques);
   if (arret) ArreterSi(rapport, contexte, {Joindre({"*** Arret du programme : ", PhraseDe(*arret)})});
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/enquete/coherence.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
@@ -36,7 +37,7 @@ void ImprimerNomsDesFichiers(const Contexte& contexte, Rapport& rapport) {
   rapport.Ligne({"Le nom du fichier des données en tableau de Burt est "_w, contexte.Nom(".BRT")});
 }
 
-void DireIndividus(const FichierPos& pos, Rapport& rapport) {
+void ImprimerIndividus(const FichierPos& pos, Rapport& rapport) {
   if (pos.taille.individus > 0) rapport.Ligne(LigneDesIndividus(pos.taille.individus));
 }
 
@@ -63,7 +64,7 @@ Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
   Preparation preparation = OuvrirFichiers(contexte, rapport);
   ImprimerNomsDesFichiers(contexte, rapport);
   PrendreQuestions(contexte, preparation);
-  DireIndividus(preparation.pos, rapport);
+  ImprimerIndividus(preparation.pos, rapport);
   return preparation;
 }
 
@@ -131,15 +132,23 @@ class Surveillance {
   int nombre_ = 0;
 };
 
+// `avecIndividus`: the .CDG is written, and its lines follow those of the .BRT too.
+Place PlaceDesTables(std::uint64_t modalites, std::int64_t individus, bool avecIndividus) {
+  constexpr std::uint64_t kMemoireParCase = 4;  // of the square: half of it is held, in counts of eight bytes
+  constexpr std::uint64_t kHorsDesCases = kLargeurDeModalite + 2;  // bytes of a line: its name, its end
+  const std::uint64_t lignes = avecIndividus ? static_cast<std::uint64_t>(individus) : 0;
+  const std::uint64_t largeurPrevue = Nombre(individus).size();
+  const std::uint64_t burt = (modalites + lignes) * (kHorsDesCases + modalites * largeurPrevue);
+  const std::uint64_t codageLogique = lignes * (kHorsDesCases + modalites);
+  return {kMemoireParCase * modalites * modalites, burt + codageLogique};
+}
+
 // Reads the data and writes the tables; returns the parameter line of the .MOD.
 std::string ConstruireTables(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
                              const OptionsPosmod& options, std::int64_t individus, JeuDeFichiers& sorties,
                              Rapport& rapport) {
   const std::size_t modalites = plan.modalites.size();
-  const std::uint64_t m = modalites;
-  const std::uint64_t lignes = options.individus ? static_cast<std::uint64_t>(individus) : 0;
-  const std::uint64_t largeurPrevue = Nombre(individus).size();
-  ExigerPlace(contexte, rapport, {4 * m * m, (m + lignes) * (6 + m * largeurPrevue) + lignes * (6 + m)});
+  ExigerPlace(contexte, rapport, PlaceDesTables(modalites, individus, options.individus));
   std::optional<CodageLogique> codage;
   if (options.individus)
     codage.emplace(sorties.Ouvrir(contexte.Nom(".CDG"), Nature::Refaisable), modalites, options.noms);
@@ -182,7 +191,7 @@ std::vector<std::size_t> DemanderChangements(const FichierPos& pos, const PlanMo
 }
 
 // Modalities whose mark and label may be another question's.
-void DireDouteuses(const std::vector<std::string>& douteuses, Rapport& rapport, const Dialogue& dialogue) {
+void PrevenirDesDouteuses(const std::vector<std::string>& douteuses, Rapport& rapport, const Dialogue& dialogue) {
   if (douteuses.empty()) return;
   const std::string phrase =
       Joindre({"Dans l'ancien fichier de modalités, ces noms peuvent être ceux de plusieurs questions ; la marque et "
@@ -234,8 +243,8 @@ void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, cons
   std::vector<std::size_t> changees;
   if (!nommer && !options.oublierAnciennes)
     changees = DemanderChangements(preparation.pos, plan, anciennes, rapport, contexte.Ecran());
-  DireDouteuses(ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer), rapport,
-                contexte.Ecran());
+  PrevenirDesDouteuses(ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer), rapport,
+                       contexte.Ecran());
   MarquerSelonLeChoix(plan, changees);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
@@ -274,7 +283,7 @@ void ExigerFichiersDesModalites(const Contexte& contexte, Rapport& rapport) { Ou
 void ImprimerEnTeteDesModalites(const Contexte& contexte, Rapport& rapport) {
   ImprimerNomsDesFichiers(contexte, rapport);
   try {
-    DireIndividus(LirePos(contexte.Exiger(".POS")), rapport);
+    ImprimerIndividus(LirePos(contexte.Exiger(".POS")), rapport);
   } catch (const Erreur&) {  // the modalities do without
   }
 }

@@ -37,8 +37,8 @@ void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& 
   contexte.Ecran().biper();
 }
 
-void DireNomLaisse(const Contexte& contexte, const TableAGrouper& table, const OptionsModifBurt& options,
-                   const NomsDeGroupe& noms) {
+void PrevenirDuNomLaisse(const Contexte& contexte, const TableAGrouper& table, const OptionsModifBurt& options,
+                         const NomsDeGroupe& noms) {
   if (table.parametres.burt <= 0 || options.nomLigne.empty() || options.nomLigne == options.nomColonne) return;
   contexte.Ecran().demander(
       Joindre({"Nom de ligne laissé : "_w, options.nomLigne,
@@ -46,14 +46,14 @@ void DireNomLaisse(const Contexte& contexte, const TableAGrouper& table, const O
       Boutons::Ok);
 }
 
-void DireLignesEnPlus(const Contexte& contexte, const TableAGrouper& table, std::int64_t rangees) {
+void PrevenirDesLignesEnPlus(const Contexte& contexte, const TableAGrouper& table, std::int64_t rangees) {
   contexte.Ecran().demander(Joindre({contexte.Nom(".BRT"), " a ", Nombre(rangees), " lignes au lieu de ",
                                      Nombre(Entier64(table.parametres.lignes)), " (LIGN= de ", contexte.Nom(".MOD"),
                                      "). Toutes sont gardées : vérifiez que ces deux fichiers vont ensemble"_w}),
                             Boutons::Ok);
 }
 
-void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& douteuses) {
+void PrevenirDesCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& douteuses) {
   if (douteuses.nombre == 0) return;
   contexte.Ecran().demander(
       Joindre({"Cellules regroupées qui ne sont pas des nombres entiers positifs ou nuls, ou sont coupées : "_w,
@@ -64,7 +64,7 @@ void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& do
       Boutons::Ok);
 }
 
-void DireSupplementairesActives(const Contexte& contexte, const ElementsRendusActifs& rendus) {
+void PrevenirDesSupplementairesActives(const Contexte& contexte, const ElementsRendusActifs& rendus) {
   if (rendus.colonnes == 0 && rendus.lignes == 0) return;
   contexte.Ecran().demander(Joindre({"Éléments supplémentaires que le regroupement rend actifs : "_w,
                                      Nombre(rendus.colonnes), " colonnes, "_w, Nombre(rendus.lignes),

@@ -22,12 +22,12 @@ void ImprimerGroupeDeLignes(Rapport& rapport, const TableAGrouper& table, const 
 void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& nouveau);
 
 // The rows of a Burt table have the names of its columns, whatever name was given to theirs.
-void DireNomLaisse(const Contexte& contexte, const TableAGrouper& table, const OptionsModifBurt& options,
-                   const NomsDeGroupe& noms);
+void PrevenirDuNomLaisse(const Contexte& contexte, const TableAGrouper& table, const OptionsModifBurt& options,
+                         const NomsDeGroupe& noms);
 // Rows beyond those that the .MOD announces are kept, and announced by the new one; `rangees` of all.
-void DireLignesEnPlus(const Contexte& contexte, const TableAGrouper& table, std::int64_t rangees);
-void DireSupplementairesActives(const Contexte& contexte, const ElementsRendusActifs& rendus);
+void PrevenirDesLignesEnPlus(const Contexte& contexte, const TableAGrouper& table, std::int64_t rangees);
+void PrevenirDesSupplementairesActives(const Contexte& contexte, const ElementsRendusActifs& rendus);
 // The sums take the cells as they read; what is no count among them is told.
-void DireCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& douteuses);
+void PrevenirDesCellulesDouteuses(const Contexte& contexte, const CellulesDouteuses& douteuses);
 
 }  // namespace quelvar::modalities

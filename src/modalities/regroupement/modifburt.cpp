@@ -103,7 +103,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   plan.nomCourt = noms.ligne;
   ExigerNomsLibres(contexte, rapport, table, options);
   ExigerDesColonnes(contexte, rapport, table, plan);
-  DireNomLaisse(contexte, table, options, noms);
+  PrevenirDuNomLaisse(contexte, table, options, noms);
 
   // The new table beside the old one, one column wider at each sum that does not fit.
   ExigerPlace(contexte, rapport,
@@ -119,9 +119,10 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
   EcrireInitialisation(*sorties, nouveau, contexte.niveau);
   if (!libre) ImprimerRemplacementDuGenerique(rapport, contexte, nouveau);
   sorties->Valider();
-  if (const std::optional<std::int64_t> rangees = RangeesEnTrop(table)) DireLignesEnPlus(contexte, table, *rangees);
-  DireSupplementairesActives(contexte, CompterRendusActifs(table, plan));
-  DireCellulesDouteuses(contexte, bilan.douteuses);
+  if (const std::optional<std::int64_t> rangees = RangeesEnTrop(table))
+    PrevenirDesLignesEnPlus(contexte, table, *rangees);
+  PrevenirDesSupplementairesActives(contexte, CompterRendusActifs(table, plan));
+  PrevenirDesCellulesDouteuses(contexte, bilan.douteuses);
   ImprimerFin(contexte, rapport, nouveau);
 }
 

@@ -21,7 +21,7 @@ std::string_view TitreDe(const ModeleAjuste& ajuste) {
   return ajuste.lien == FonctionDeLien::Lineaire ? "Régression linéaire"_w : "Régression logistique"_w;
 }
 
-void PrevenirDesNonEstimes(Rapport& rapport, const Travail& travail) {
+void ImprimerNonEstimes(Rapport& rapport, const Travail& travail) {
   const std::vector<std::string> effets = EffetsNonEstimes(travail);
   if (effets.empty()) return;
   rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, Enumerer(effets)});
@@ -29,7 +29,7 @@ void PrevenirDesNonEstimes(Rapport& rapport, const Travail& travail) {
 
 // Effects that share one whole of which the data tell the sum alone: the search splits it by the order of the
 // questions.
-void PrevenirDesIndistincts(Rapport& rapport, const Travail& travail, const std::vector<std::size_t>& indistincts) {
+void ImprimerIndistincts(Rapport& rapport, const Travail& travail, const std::vector<std::size_t>& indistincts) {
   if (indistincts.empty()) return;
   rapport.Ligne(
       {"*** Attention : les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
@@ -70,8 +70,8 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   if (ajuste.ajustement.interrompu)
     rapport.Ligne({"*** Attention : la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
                    " passages, les paramètres ci-dessous ne sont pas stabilisés"_w});
-  PrevenirDesNonEstimes(rapport, travail);
-  PrevenirDesIndistincts(rapport, travail, indistincts);
+  ImprimerNonEstimes(rapport, travail);
+  ImprimerIndistincts(rapport, travail, indistincts);
   ImprimerConstante(rapport, travail, ajuste);
   FormeEnRangees forme{.titre = kLargeur, .places = {{" ", 3, kLibre}, {kVingtCinqBlancs, 3, kLibre}}};
   if (ajuste.lien == FonctionDeLien::Logistique)

@@ -12,12 +12,14 @@ namespace {
 
 constexpr PlaceEnRangee kGrandNombre{"", 11, Elargissement::DerriereUnNombre};
 constexpr PlaceEnRangee kNombre{"", 8, Elargissement::DerriereUnNombre};
+constexpr int kAvantLaMarque = 62;  // columns, up to the word "Signification" of the line above
 
 // Columns of a value in the table of data, with the blank in front of it.
 int LargeurDeValeur(const VariablesDeRegression& variables) { return static_cast<int>(variables.largeur) + 1; }
 
 }  // namespace
 
+// By hand as the rows under it: a name starts where its field does, and takes as many columns.
 void ImprimerEnteteDeTable(Rapport& rapport, const VariablesDeRegression& variables) {
   rapport.Ligne("             Impression du tableau de données"_w);
   rapport.Suite("Ident ");
@@ -53,7 +55,7 @@ void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string
   rapport.Ligne();
   rapport.Ligne({"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), 3, 0), " , ",
                  Figure(a.degres, 3, 0), " ) =", Figure(a.f, 8, 4), "  Signification  "});
-  rapport.Ligne({CadreGauche("", 62), signification});
+  rapport.Ligne({CadreGauche("", kAvantLaMarque), signification});
   rapport.Ligne();
   rapport.Ligne({"Rapport var.expl./var.tot.: R2 =", NombreFixe(a.R2(), 1, 4)});
   rapport.Ligne({"Coefficient de corrélation: R  ="_w, NombreFixe(a.R(), 1, 4)});

@@ -29,7 +29,7 @@ constexpr std::string_view kSorte = "données"_w;  // what the .CDG holds
 Chemin TableNommee(const Contexte& contexte, Rapport& rapport, const std::string& nom) {
   const std::optional<Chemin> chemin = nom.empty() ? std::nullopt : ChercherFichier(contexte.repertoire, nom);
   if (chemin) return *chemin;
-  DireTableAbsente(rapport, kSorte, nom);
+  ImprimerTableAbsente(rapport, kSorte, nom);
   ArreterPourAbsence(contexte, rapport);
 }
 
@@ -168,8 +168,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   return std::move(lecture.moments);
 }
 
-void PrevenirDesPertes(Rapport& rapport, const VariablesDeRegression& variables,
-                       const std::vector<std::size_t>& rangs) {
+void ImprimerPertes(Rapport& rapport, const VariablesDeRegression& variables, const std::vector<std::size_t>& rangs) {
   if (rangs.empty()) return;
   std::vector<std::string> noms;
   for (const std::size_t rang : rangs) noms.emplace_back(Rogner(variables.explicatives[rang].nom));
@@ -189,7 +188,7 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   const Matrice moments = sommes.Symetrique();
   const std::optional<Matrice> inverse = InverseDesExplicatives(moments, dispersion);
   if (!inverse) Arreter(rapport, "Matrice non inversible");
-  PrevenirDesPertes(rapport, variables, VariablesQuiPerdent(moments, *inverse));
+  ImprimerPertes(rapport, variables, VariablesQuiPerdent(moments, *inverse));
   AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   if (ajustement.exact) {
     rapport.Ligne(

@@ -21,7 +21,7 @@ class Script {
     if (options.filtre) PoserFiltre(*options.filtre);
     if (options.supprimerVit) {
       SupprimerVit(etat_);
-      Dire("VIT");
+      Imprimer("VIT");
     }
     if (options.texteVit) PoserTexteVit(*options.texteVit);
     for (const VitDeScript& vit : options.vits) AjouterVit(vit);
@@ -32,7 +32,7 @@ class Script {
   bool FiltreAnnule() const { return filtreAnnule_; }
 
  private:
-  void Dire(std::string_view sujet) { rapport_.Ligne({sujet, " : ", etat_.message}); }
+  void Imprimer(std::string_view sujet) { rapport_.Ligne({sujet, " : ", etat_.message}); }
 
   bool Choisir(std::string_view nom) {
     std::vector<Question> questions;
@@ -52,14 +52,14 @@ class Script {
     if (!Choisir(question)) return;
     if (Rogner(regle).empty()) EffacerRegle(etat_);
     else if (!ValiderRegle(etat_, regle)) fautif_ = true;
-    Dire(question);
+    Imprimer(question);
   }
 
   void PoserPonderation(const std::string& question) {
     if (question.empty()) return EffacerPonderation(etat_);
     if (!Choisir(question) || ValiderPonderation(etat_)) return;
     fautif_ = true;
-    Dire(question);
+    Imprimer(question);
   }
 
   void PoserFiltre(const FiltreDeScript& filtre) {
@@ -75,13 +75,13 @@ class Script {
       if (!Choisir(question)) continue;
       if (!AjouterQuestionAuFiltre(etat_)) {
         (SensAffiche(etat_) == SensFiltre::Aucun ? filtreAnnule_ : fautif_) = true;
-        Dire(question);
+        Imprimer(question);
         return;
       }
       AjouterCodeAuFiltre(etat_, code);
     }
     if (!ValiderFiltre(etat_)) fautif_ = true;
-    Dire(etat_.filtreAffiche);
+    Imprimer(etat_.filtreAffiche);
   }
 
   // As the editor of the form leaves it.
@@ -90,7 +90,7 @@ class Script {
     for (const std::string& ligne : lignes) texte += (texte.empty() ? "" : "\n") + ligne;
     ReprendreTexteVit(etat_, texte);
     if (!ValiderVit(etat_)) fautif_ = true;
-    Dire("VIT");
+    Imprimer("VIT");
   }
 
   void AjouterVit(const VitDeScript& vit) {
@@ -101,7 +101,7 @@ class Script {
       AjouterScoreALaVit(etat_, element.code ? std::string_view(element.score) : "+");
     }
     if (!ValiderVit(etat_)) fautif_ = true;
-    Dire(vit.nom);
+    Imprimer(vit.nom);
   }
 
   EtatPrepRecod& etat_;

@@ -8,6 +8,10 @@ namespace quelvar::sorts {
 
 namespace {
 
+constexpr double kDixiemesParPourcent = 10;
+constexpr double kDixiemesDuTout = 100 * kDixiemesParPourcent;
+constexpr double kDemi = 0.5;  // a half goes up
+
 // Columns of the codes behind that of the total; `codes` receives the code of each.
 TableauEdite RetenirPresents(const std::vector<double>& effectifs, std::size_t premierCode, double total,
                              std::vector<int>& codes) {
@@ -19,7 +23,7 @@ TableauEdite RetenirPresents(const std::vector<double>& effectifs, std::size_t p
     codes.push_back(static_cast<int>(code));
     tableau.colonnes.push_back({Nombre(code)});
     tableau.rangees[0].cellules.push_back({effectifs[code], Unite::Effectif});
-    const double part = static_cast<double>(PartEnDixiemes(effectifs[code], total)) / 10;
+    const double part = static_cast<double>(PartEnDixiemes(effectifs[code], total)) / kDixiemesParPourcent;
     tableau.rangees[1].cellules.push_back({part, Unite::Pourcent, 1});
   }
   return tableau;
@@ -40,7 +44,7 @@ void PoserIntitules(const Question& question, const IntitulesModalites& intitule
 }  // namespace
 
 std::int64_t PartEnDixiemes(double effectif, double total) {
-  return total == 0 ? 0 : Entier64(std::floor(1000 * effectif / total + 0.5));
+  return total == 0 ? 0 : Entier64(std::floor(kDixiemesDuTout * effectif / total + kDemi));
 }
 
 TableauEdite DresserTableau(const Question& question, const std::vector<double>& effectifs, double total,

@@ -128,7 +128,7 @@ std::vector<Lien> LiensDesCliques(std::span<const std::vector<std::size_t>> cliq
   for (std::size_t i = 0; i < lignes; ++i)
     for (std::size_t k = i + 1; k < lignes; ++k)
       if (ensemble[i * lignes + k])
-        liens.push_back({NumeroDeNoeud(colonnes + i + 1), NumeroDeNoeud(colonnes + k + 1), 100});
+        liens.push_back({NumeroDeNoeud(colonnes + i + 1), NumeroDeNoeud(colonnes + k + 1), kValeurDansUneClique});
   return liens;
 }
 

@@ -34,7 +34,10 @@ struct DemiBurt {
 // kDepassementCapacite as above and kDivisionParZero as PemLocal.
 std::vector<Lien> LiensDuBurt(const DemiBurt& burt, double individus);
 
-// One link of value 100 for each pair of rows, numbered from 1 to `lignes`, that stand together in one of the cliques;
+// All the links of cliques have it: a proximity without any difference.
+inline constexpr float kValeurDansUneClique = 100;
+
+// One link of that value for each pair of rows, numbered from 1 to `lignes`, that stand together in one of the cliques;
 // row i is node `colonnes` + i. Raises kIndiceHorsSelection for a row that is not in the table, kDepassementCapacite as
 // above.
 std::vector<Lien> LiensDesCliques(std::span<const std::vector<std::size_t>> cliques, std::size_t lignes,

@@ -96,8 +96,20 @@ double Corps(TailleTriangle taille) {
   return kCaracteresMoyens;
 }
 
-// Percent between two values of a side, so that it has four to ten of them.
-double PasDeGraduation(double etendue) { return etendue > 45 ? 10 : etendue > 18 ? 5 : etendue > 8 ? 2 : 1; }
+// Percent between two values of a side that is longer than so many percent.
+struct Graduation {
+  double auDela;
+  double pas;
+};
+constexpr Graduation kGraduations[] = {{45, 10}, {18, 5}, {8, 2}};
+constexpr double kPlusPetitPas = 1;
+
+// A side of three percent and more has three to eleven values.
+double PasDeGraduation(double etendue) {
+  for (const Graduation& graduation : kGraduations)
+    if (etendue > graduation.auDela) return graduation.pas;
+  return kPlusPetitPas;
+}
 
 Position Ajouter(Position a, Position b) { return {a.x + b.x, a.y + b.y}; }
 

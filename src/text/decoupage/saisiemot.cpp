@@ -110,7 +110,7 @@ void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoup
 }
 
 // A star among the characteristics is taken for a code: its record may be too short.
-void DireLesEtoilesAvant(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
+void PrevenirDesEtoilesAvant(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, int position) {
   if (bilan.etoilesAvant == 0) return;
   const std::string phrase =
       Joindre({kAttention, Nombre(bilan.etoilesAvant), " ligne(s) de ", contexte.Nom(".TXT"),
@@ -135,7 +135,7 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
                  " finissent par un retour chariot seul, l'enregistrer avec des fins de ligne ordinaires"}));
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);
-  DireLesEtoilesAvant(rapport, contexte, bilan, options.position);
+  PrevenirDesEtoilesAvant(rapport, contexte, bilan, options.position);
   ImprimerBilan(rapport, bilan);
   ExigerDesMots(rapport, contexte, bilan, corpus.mots.size());
   return corpus;

@@ -159,7 +159,7 @@ void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agre
 }
 
 // Once for a table.
-void DireLesEcarts(const Contexte& contexte, FacteursDesLignes& facteurs) {
+void PrevenirDesEcarts(const Contexte& contexte, FacteursDesLignes& facteurs) {
   if (facteurs.ecartsDits) return;
   facteurs.ecartsDits = true;
   if (const std::string ecarts = EcartsDesCoordonnees(contexte, facteurs); !ecarts.empty())
@@ -234,7 +234,7 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
 std::vector<std::string> TrierLignes(Agregation& agregation, const TriDeLignes& tri, const Contexte& contexte) {
   std::vector<std::string> fautes = FauteDeTri(agregation, tri);
   if (!fautes.empty()) return fautes;
-  if (tri.cle == CleDeLignes::Facteur) DireLesEcarts(contexte, *agregation.facteurs);
+  if (tri.cle == CleDeLignes::Facteur) PrevenirDesEcarts(contexte, *agregation.facteurs);
   const std::vector<std::uint32_t> ordre =
       utilities::TriChaines(ClesDe(agregation, tri), tri.sens, [&](std::int64_t reste) {
         contexte.Ecran().montrerIteration(Joindre({"Il reste ", Nombre(reste), " à trier"_w}));

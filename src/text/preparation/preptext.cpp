@@ -44,11 +44,14 @@ class FichiersTransmis {
  public:
   FichiersTransmis(const Contexte& contexte, const std::string& nouveau) : contexte_(contexte), nouveau_(nouveau) {}
 
-  void Annoncer(Rapport& rapport, std::string_view extension, std::string_view debut) {
-    const std::optional<Chemin> source = contexte_.Chercher(extension);
-    if (!source) return;
-    sources_.push_back({*source, nouveau_ + std::string(extension)});
-    rapport.Ligne({debut, contexte_.Nom(extension), " sera transmis sous le nom ", sources_.back().nom});
+  // `debut`: how the report names it, in front of its name.
+  void Prendre(std::string_view extension, std::string_view debut) {
+    if (const std::optional<Chemin> source = contexte_.Chercher(extension))
+      sources_.push_back({*source, nouveau_ + std::string(extension), Joindre({debut, contexte_.Nom(extension)})});
+  }
+  void Imprimer(Rapport& rapport) const {
+    for (const Transmis& transmis : sources_)
+      rapport.Ligne({transmis.designation, " sera transmis sous le nom ", transmis.nom});
   }
   void Copier(JeuDeFichiers& sorties) const {
     for (const Transmis& transmis : sources_) sorties.Copier(transmis.source, transmis.nom, Nature::Unique);
@@ -58,6 +61,7 @@ class FichiersTransmis {
   struct Transmis {
     Chemin source;
     std::string nom;
+    std::string designation;
   };
   const Contexte& contexte_;
   const std::string& nouveau_;
@@ -86,8 +90,9 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const OptionsPrepText&
   rapport.Ligne({"Le nom du fichier de texte modifié sera "_w, nomNeuf});
   rapport.Ligne();
   FichiersTransmis transmis(contexte, nouveau);
-  transmis.Annoncer(rapport, ".pos", "Le fichier de position  ");
-  transmis.Annoncer(rapport, ".mod", "Le fichier de modalités "_w);
+  transmis.Prendre(".pos", "Le fichier de position  ");
+  transmis.Prendre(".mod", "Le fichier de modalités "_w);
+  transmis.Imprimer(rapport);
   ExigerTexte(contexte, rapport, nomOrigine, source);
   ExigerPlace(contexte, rapport, {LongueurFichier(*source), LongueurFichier(*source)});
 

@@ -16,7 +16,7 @@ namespace {
 
 // What the .POS of the result can't tell by itself; its lines are those of A and B.
 void PrevenirDuPos(const Travail& travail) {
-  if (!travail.pos) DireAncienPos(travail);
+  if (!travail.pos) PrevenirDeLAncienPos(travail);
   if (!travail.options.pos) return;
   const std::string pos = NomAffiche(NomDuPos(travail.options.c));
   if (!travail.pos) {

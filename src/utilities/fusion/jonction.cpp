@@ -98,7 +98,7 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
 
 }  // namespace
 
-void DireAncienPos(const Travail& travail) {
+void PrevenirDeLAncienPos(const Travail& travail) {
   const std::string pos = NomDuPos(travail.options.c);
   if (ChercherFichier(travail.contexte.repertoire, pos))
     Prevenir(travail.contexte, Joindre({"Le fichier ", NomAffiche(pos), " était là et reste : il n'est pas celui de "_w,
@@ -121,7 +121,7 @@ void FusionnerCoteACote(const Travail& travail) {
   for (std::int64_t individu = 1; a.Lire(ligneA) && b.Lire(ligneB); ++individu) {
     if (!verification.Accepter(individu, ligneA, ligneB)) {
       c.Laisser();
-      DireAncienPos(travail);
+      PrevenirDeLAncienPos(travail);
       AvertirEtArreter(travail.rapport, travail.contexte.Ecran(), "Plus de 50 numéros ou nom différents"_w);
     }
     EcrireLigneDeA(travail, ligneA, c.Fichier());
@@ -152,7 +152,7 @@ void FusionnerParNumero(const Travail& travail) {
     c.Laisser();
     ImprimerAppareillement(travail.rapport, bilan);
     Prevenir(travail.contexte, bilan.lieu);
-    DireAncienPos(travail);
+    PrevenirDeLAncienPos(travail);
     AvertirEtArreter(travail.rapport, travail.contexte.Ecran(), "Vérifiez et corrigez avant de relancer"_w);
   }
   c.Valider(LignesPosCoteACote(travail, bilan.lignes));

@@ -17,6 +17,6 @@ void FusionnerALaSuite(const Travail& travail);
 void FusionnerParNumero(const Travail& travail);
 
 // Tells that a .POS which stood beside a former C does not describe the new one; nothing when there is none.
-void DireAncienPos(const Travail& travail);
+void PrevenirDeLAncienPos(const Travail& travail);
 
 }  // namespace quelvar::utilities

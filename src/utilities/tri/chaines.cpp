@@ -58,9 +58,12 @@ class ValeursDistinctes {
 
  private:
   static constexpr std::uint32_t kLibre = std::numeric_limits<std::uint32_t>::max();
+  // Powers of two: a mask gives the place of a hash.
+  static constexpr std::size_t kPremieresCases = 1024;
+  static constexpr std::size_t kCroissance = 4;
 
   void Agrandir() {
-    cases_.assign(std::max<std::size_t>(1024, cases_.size() * 4), kLibre);
+    cases_.assign(std::max(kPremieresCases, cases_.size() * kCroissance), kLibre);
     for (std::size_t i = 0; i < valeurs.size(); ++i) {
       std::size_t place = Hacher(valeurs[i]) & (cases_.size() - 1);
       while (cases_[place] != kLibre) place = (place + 1) & (cases_.size() - 1);
