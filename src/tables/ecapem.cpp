@@ -79,7 +79,7 @@ void ExaminerBurt(const TravailEcapem& t, std::size_t modalites) {
   std::vector<std::string_view> intitules;
   for (std::size_t i = 0; i < modalites; ++i) intitules.push_back(IntituleEdite(t.modalites[i], t.options.intitules));
   ImprimeurDeProfils imprimeur(t.rapport, intitules, t.LargeurDesProfils());
-  LiensParNoeud parNoeud(liens, LiensParNoeud::Bout::LesDeux, modalites);
+  const LiensParNoeud parNoeud(liens, LiensParNoeud::Bout::LesDeux, modalites);
   for (std::size_t i = 0; i < modalites; ++i) {
     t.rapport.Ligne({t.modalites[i].court, " = ", t.modalites[i].intitule});
     imprimeur.Imprimer(parNoeud.Profil(i + 1));

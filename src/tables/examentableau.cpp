@@ -64,7 +64,7 @@ void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const crosstab::T
     t.rapport.Ligne();
     t.rapport.Ligne(titre);
     t.rapport.Ligne();
-    LiensParNoeud parNoeud(liens, bout, intitules.size());
+    const LiensParNoeud parNoeud(liens, bout, intitules.size());
     for (const std::size_t rang : rangs) {
       t.rapport.Ligne(elements[rang].intitule.substr(0, largeurTitre));
       imprimeur.Imprimer(parNoeud.Profil(premierNoeud + rang));

@@ -25,7 +25,7 @@ const std::map<std::string, Textes> kLibres = {
     {"preprecod regle", {"AGE=1-3=1/4-8=2", "SEX=", "A=b c"}},
     {"preprecod ponderation", {"PDS", "non"}},
     {"preprecod filtre", {"non", "incl:", "incl:SEX=1", "excl:SEX=1,AGE=012", "plus:SEX=1"}},
-    {"preprecod textevit", {"$$CUL|LEC     1 2|AGE     +", "$$CUL", "$$A|SEX     1||"}},
+    {"preprecod textevit", {"$$CUL|LEC     1 2|AGE     +", "$$CUL", "$$A|SEX     1||", "$$A\\|B|\\C\\\\|D\\"}},
     {"preprecod vit", {"non", "CUL=", "CUL=AGE=12*2,SEX=1", "SOM=AGE+,SEX+*-1.5"}},
     {"modifmod supplementaires", {"SEX", "SEX1,AGE2"}},
     {"modifmod actives", {"PCS", "PCS1,PCS2,LIE"}},

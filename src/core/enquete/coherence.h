@@ -55,7 +55,8 @@ void ExigerCdgDuMod(const Chemin& cdg, const FichierMod& mod, const ParametresMo
 
 // The message on the parentheses of line 2 of a .POS.
 std::string_view MessageParentheses();
-// Shows that message and stops the run (kArretAnnonce) when the size line has it coming.
+// Shows that message and stops the run (kArretAnnonce) when the size line has it coming. Its one place of telling: the
+// programs that demand it all do just this once they have read the .POS, a box and no line of the report.
 void ExigerParentheses(const LigneTaille& taille, const Dialogue& dialogue);
 
 }  // namespace quelvar

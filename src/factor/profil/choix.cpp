@@ -47,8 +47,8 @@ std::string RefusDuChoix(const std::vector<std::string>& noms) {
   return {};
 }
 
-std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms) {
-  const ParametresMod lus = LireParametres(parametres);
+std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms, std::string_view nomMod) {
+  const ParametresMod lus = LireParametres(parametres, nomMod);
   std::vector<CleDeParametre> cles;
   const auto ajouter = [&](std::string_view cle, double valeur) {
     if (valeur > 0) cles.emplace_back(cle, valeur);

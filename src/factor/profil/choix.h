@@ -18,8 +18,8 @@ std::vector<std::string> NomsDuChoix(std::string_view texte);
 std::string RefusDuChoix(const std::vector<std::string>& noms);
 
 // Line 2 with its parameters in their order, those of no value left out, and the choice behind them. Raises
-// kDepassementCapacite for a value beyond its type.
-std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms);
+// kDepassementCapacite for a value beyond its type, at line 2 of the file of that name.
+std::string LigneDuChoix(std::string_view parametres, const std::vector<std::string>& noms, std::string_view nomMod);
 
 // The mark of a text of the list as it is written back: " S ", three blanks, or what the coding of a regression says.
 void RendreMarque(std::string& texte);

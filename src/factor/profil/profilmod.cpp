@@ -155,7 +155,7 @@ ListeModalites ListeDuChoix(const Contexte& contexte, const std::vector<std::str
                             const std::vector<std::string>& noms) {
   ListeModalites liste = LireListeModalites(contexte.Exiger(".MOD"));
   ExigerMemesModalites(contexte.Nom(".MOD"), liste, textes);
-  liste.parametres = LigneDuChoix(liste.parametres, noms);
+  liste.parametres = LigneDuChoix(liste.parametres, noms, contexte.Nom(".MOD"));
   liste.textes = textes;
   for (std::string& texte : liste.textes) RendreMarque(texte);
   return liste;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/codemax.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
@@ -102,11 +103,10 @@ std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) 
 
 void RefuserCodesMax(const FichierPos& pos, const ChoixQuestions& choix, Rapport& rapport, const Dialogue& dialogue) {
   for (const std::size_t rang : choix.Rangs(Statut::Actif)) {
-    const Question& question = pos.questions[rang];
-    if (question.codeMax <= kDernierCodeNomme) continue;
-    dialogue.demander(Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}),
-                      Boutons::Ok);
-    rapport.Ligne({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w});
+    const std::optional<RefusDeCodeMax> refus = RefusDuCodeMax(pos.questions[rang]);
+    if (!refus) continue;
+    dialogue.demander(refus->boite, Boutons::Ok);
+    rapport.Ligne(refus->ligne);
     throw Erreur(kArretAnnonce);
   }
 }

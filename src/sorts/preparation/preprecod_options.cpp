@@ -113,14 +113,18 @@ Textes EcrireVits(const O& options) {
   return textes;
 }
 
+// Both within a line stand behind the second; that before another sign stays.
 constexpr char kEntreLignes = '|';
+constexpr char kProtection = '\\';
+bool EstProtegeDansUneLigne(char c) { return c == kEntreLignes || c == kProtection; }
 
 void PoserTexteVit(O& options, const std::string& valeur) {
-  Textes lignes;
-  for (std::size_t debut = 0; debut <= valeur.size();) {
-    const std::size_t fin = std::min(valeur.find(kEntreLignes, debut), valeur.size());
-    lignes.push_back(valeur.substr(debut, fin - debut));
-    debut = fin + 1;
+  Textes lignes(1);
+  for (std::size_t i = 0; i < valeur.size(); ++i) {
+    const bool protege = valeur[i] == kProtection && i + 1 < valeur.size() && EstProtegeDansUneLigne(valeur[i + 1]);
+    if (protege) lignes.back() += valeur[++i];
+    else if (valeur[i] == kEntreLignes) lignes.emplace_back();
+    else lignes.back() += valeur[i];
   }
   options.texteVit = std::move(lignes);
 }
@@ -130,7 +134,10 @@ Textes EcrireTexteVit(const O& options) {
   std::string texte;
   for (const std::string& ligne : *options.texteVit) {
     if (&ligne != &options.texteVit->front()) texte += kEntreLignes;
-    texte += ligne;
+    for (const char c : ligne) {
+      if (EstProtegeDansUneLigne(c)) texte += kProtection;
+      texte += c;
+    }
   }
   return {texte};
 }

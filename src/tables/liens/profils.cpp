@@ -42,6 +42,8 @@ LiensParNoeud::LiensParNoeud(std::span<const Lien> liens, Bout bout, std::size_t
   visiter([&](std::size_t noeud, std::int16_t autre, float valeur) {
     liens_[places[noeud]++] = {autre, static_cast<std::int16_t>(noeud), valeur};
   });
+  for (std::size_t noeud = 0; noeud <= noeuds; ++noeud)
+    TrierProfil(std::span(liens_).subspan(debuts_[noeud], debuts_[noeud + 1] - debuts_[noeud]));
 }
 
 ImprimeurDeProfils::ImprimeurDeProfils(Rapport& rapport, std::span<const std::string_view> intitules,
@@ -53,8 +55,7 @@ ImprimeurDeProfils::ImprimeurDeProfils(Rapport& rapport, std::span<const std::st
       imprimeur_(rapport, forme_, kItemsDunBloc),
       bloc_{.coin = " ", .rangees = std::vector<Rangee>(1)} {}
 
-void ImprimeurDeProfils::Imprimer(std::span<Lien> profil) {
-  TrierProfil(profil);
+void ImprimeurDeProfils::Imprimer(std::span<const Lien> profil) {
   for (std::size_t i = 0; i < profil.size(); i += kItemsDunBloc)
     ImprimerBloc(profil.subspan(i, std::min(kItemsDunBloc, profil.size() - i)));
 }

@@ -12,7 +12,7 @@
 
 namespace quelvar::tables {
 
-// The links of each node, grouped without changing their order.
+// The links of each node: its profile, in the order of TrierProfil from that of the list.
 class LiensParNoeud {
  public:
   // Which end of a link gives it to a node. A link of a Burt table belongs to both its ends.
@@ -20,8 +20,8 @@ class LiensParNoeud {
   // `noeuds` is the largest node number.
   LiensParNoeud(std::span<const Lien> liens, Bout bout, std::size_t noeuds);
 
-  // Links whose first node is the one at the other end: the profile of the node, not yet sorted.
-  std::span<Lien> Profil(std::size_t noeud) {
+  // The profile of the node: links whose first node is the one at the other end.
+  std::span<const Lien> Profil(std::size_t noeud) const {
     return std::span(liens_).subspan(debuts_[noeud], debuts_[noeud + 1] - debuts_[noeud]);
   }
 
@@ -41,8 +41,8 @@ class ImprimeurDeProfils {
   ImprimeurDeProfils(const ImprimeurDeProfils&) = delete;
   ImprimeurDeProfils& operator=(const ImprimeurDeProfils&) = delete;
 
-  // Sorts the profile (TrierProfil) and prints it in blocks of 16 items; nothing for an empty one.
-  void Imprimer(std::span<Lien> profil);
+  // Prints the profile in blocks of 16 items; nothing for an empty one.
+  void Imprimer(std::span<const Lien> profil);
 
  private:
   void ImprimerBloc(std::span<const Lien> liens);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/enquete/codemax.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
@@ -93,12 +94,10 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
   for (const std::size_t rang : actives) {
     const Question& question = entrees.pos.questions[rang];
     if (question.position < 1) throw ChampImpossible(entrees.pos, rang);
-    if (question.codeMax <= kDernierCodeNomme) continue;
-    contexte.Ecran().demander(
-        Joindre({"Le code-max de la question ", question.nom, " dépasse 99, recoder la question"_w}), Boutons::Ok);
-    AvertirEtArreter(
-        rapport, contexte.Ecran(),
-        Joindre({"ERREUR *** Il faut recoder la question ", question.nom, " dont le code-max dépasse 99"_w}));
+    const std::optional<RefusDeCodeMax> refus = RefusDuCodeMax(question);
+    if (!refus) continue;
+    contexte.Ecran().demander(refus->boite, Boutons::Ok);
+    AvertirEtArreter(rapport, contexte.Ecran(), refus->ligne);
   }
   LecteurLignes lecteur(entrees.donnees);
   std::string_view ligne;

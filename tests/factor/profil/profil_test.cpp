@@ -53,12 +53,18 @@ TEST(Choix, NamesComeBackWholeFromTheLine) {
   const std::vector<std::vector<std::string>> listes = {{"AGE1"}, {"A  1", "AB  ", " C 2"}, {"SEX1", "SEX2", "AGE3"}};
   for (const auto& noms : listes) {
     ASSERT_EQ(RefusDuChoix(noms), "");
-    const std::string ligne = LigneDuChoix(" BRT=12 FMT=3 LIGN=20 LSUP=8 JSUP=-1 CDG=1 MOD=AGE9", noms);
+    const std::string ligne = LigneDuChoix(" BRT=12 FMT=3 LIGN=20 LSUP=8 JSUP=-1 CDG=1 MOD=AGE9", noms, "ENQ.MOD");
     EXPECT_EQ(ligne, "LIGN=20 LSUP=8 LA=3 BRT=12  MOD=" + TexteDuChoix(noms));
     EXPECT_EQ(NomsDuChoix(LireParametres(ligne).mod), noms);
   }
   for (const char* refuse : {"A~1 ", "A.1 ", "A=1 ", "A/1 "}) EXPECT_NE(RefusDuChoix({refuse}), "") << refuse;
   EXPECT_EQ(RefusDuChoix({}), std::string("Aucune modalité n'a été choisie"_w));
+  try {
+    LigneDuChoix("FMT=40000", {"AGE1"}, "ENQ.MOD");
+    ADD_FAILURE() << "a width beyond its type";
+  } catch (const Erreur& erreur) {
+    EXPECT_EQ(TexteDuLieu(erreur), "ENQ.MOD, ligne 2");
+  }
 }
 
 TEST(Choix, MarksAreWrittenInTheirTwoFormsButTheCodingOfARegressionStays) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/enquete/coherence.h"
+#include "sorts/preparation/preprecod_options.h"
 #include "support/programme.h"
 
 using namespace quelvar::sorts;
@@ -237,6 +238,14 @@ TEST_F(Preparation, WhatAnotherHandHasWrittenIsNotLost) {
     EXPECT_EQ(Lire(), ailleurs);
     EXPECT_TRUE(etat.message.starts_with("Le fichier *.POS a été modifié"_w));
   }
+}
+
+TEST(OptionsPrepRecod, ALineOfTheTextKeepsItsOwnSigns) {
+  using Lignes = std::vector<std::string>;
+  for (const auto& [texte, lignes] :
+       {std::pair("", Lignes{""}), std::pair("$$A|SEX     1|", Lignes{"$$A", "SEX     1", ""}),
+        std::pair(R"($$A\|B|\C\\|D\)", Lignes{"$$A|B", R"(\C\)", R"(D\)"})})
+    EXPECT_EQ(DescriptionPrepRecod().Lire({{"textevit", texte}}).texteVit, lignes) << texte;
 }
 
 TEST_F(Preparation, ABrokenFileIsTold) {

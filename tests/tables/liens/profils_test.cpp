@@ -106,6 +106,7 @@ std::string Imprime(std::vector<Lien> profil, LargeurDeProfil largeur) {
   std::vector<std::string> noms;
   for (int i = 1; i <= 20; ++i) noms.push_back("mod" + std::to_string(i) + " libelle long");
   const std::vector<std::string_view> vues(noms.begin(), noms.end());
+  TrierProfil(profil);
   Rapport rapport(dossier.Chemin() / "ENQ.PRO");
   ImprimeurDeProfils(rapport, vues, largeur).Imprimer(profil);
   rapport.Valider();
@@ -130,18 +131,18 @@ TEST(Profils, ValeursEtIntitulesLongs) {
   EXPECT_EQ(Imprime({}, LargeurDeProfil::Longue), "");
 }
 
-// A link of a Burt table stands in the profiles of both its ends, in the order of the list.
+// A link of a Burt table stands in the profiles of both its ends, each by descending value.
 TEST(Profils, GroupesParNoeud) {
-  const std::vector<Lien> liens = {{1, 3, 9}, {2, 3, 8}, {1, 2, 7}};
+  const std::vector<Lien> liens = {{1, 3, 8}, {2, 3, 9}, {1, 2, 7}};
   const auto autres = [&](LiensParNoeud::Bout bout, std::size_t noeud) {
     std::vector<int> noeuds;
-    LiensParNoeud parNoeud(liens, bout, 4);
+    const LiensParNoeud parNoeud(liens, bout, 4);
     for (const Lien& lien : parNoeud.Profil(noeud)) noeuds.push_back(lien.premier);
     return noeuds;
   };
   using Bout = LiensParNoeud::Bout;
   EXPECT_EQ(autres(Bout::Premier, 1), (std::vector<int>{3, 2}));
-  EXPECT_EQ(autres(Bout::Second, 3), (std::vector<int>{1, 2}));
+  EXPECT_EQ(autres(Bout::Second, 3), (std::vector<int>{2, 1}));
   EXPECT_EQ(autres(Bout::LesDeux, 2), (std::vector<int>{3, 1}));
   EXPECT_EQ(autres(Bout::LesDeux, 4), (std::vector<int>{}));
 }
