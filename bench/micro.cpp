@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 #include "factor/plan/plan.h"
 

@@ -58,7 +58,7 @@ done < <(sources src tests fuzz bench | sed 's|/[^/]*$||' | sort | uniq -c)
 # Bounds of what a program takes stand beside it, and the form asks for them (forms/pieces/defauts).
 if git grep --untracked -nE 'name="(minimum|maximum|maxLength|singleStep)"' -- 'src/forms/*.ui'; then refuser "borne écrite dans un formulaire"; fi
 
-# A failure has a name (core/programme/erreur.h), where it is raised and where a contract tells it.
+# A failure has a name (core/panne/erreur.h), where it is raised and where a contract tells it.
 if git grep --untracked -nE '\bErreur\([0-9]' -- src; then refuser "erreur sans nom"; fi
 if git grep --untracked -niE '^ *//.*\b(raises|throws|error|erreur) +[0-9]' -- 'src/*.h'; then refuser "contrat qui dit un numéro"; fi
 

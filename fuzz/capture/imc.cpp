@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "fuzz/support/fichier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const std::string_view ligne(reinterpret_cast<const char*>(donnees), taille);

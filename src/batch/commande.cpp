@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "core/programme/horspage.h"
 #include "core/programme/rapport.h"
 #include "core/session/generique.h"
-#include "core/texte/horspage.h"
 
 namespace quelvar::batch {
 

@@ -12,9 +12,9 @@
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/examen.h"
 #include "capture/tableur/lecteur.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {

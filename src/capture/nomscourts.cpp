@@ -5,7 +5,7 @@
 #include <set>
 #include <string_view>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "core/texte/texte.h"
 

@@ -10,7 +10,7 @@
 #include "capture/apercu/choix/refus.h"
 #include "capture/apercu/imc.h"
 #include "capture/apercu/sorties/remarques.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
-#include "core/texte/nombres.h"
 #include "crosstab/preparation.h"
 #include "crosstab/resultats.h"
 #include "crosstab/sorties.h"

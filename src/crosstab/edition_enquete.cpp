@@ -1,6 +1,6 @@
 #include "crosstab/edition_enquete.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::crosstab {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/posfile.h"
-#include "core/texte/nombres.h"
 #include "crosstab/edition_enquete.h"
 #include "crosstab/lecture.h"
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/resultats/largeurfixe.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::crosstab {
 

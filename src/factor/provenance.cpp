@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
@@ -16,7 +17,6 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
-#include "core/texte/nombres.h"
 #include "crosstab/tableau/statistiques.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/fichiers.h"

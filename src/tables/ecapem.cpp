@@ -3,13 +3,13 @@
 #include <string_view>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 #include "tables/examentableau.h"
 #include "tables/lecturetable.h"
 #include "tables/travailecapem.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::tables {
 

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 #include "tables/lecturetable.h"
 
 namespace quelvar::tables {

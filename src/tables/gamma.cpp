@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 #include "crosstab/tableau/ordre.h"
 

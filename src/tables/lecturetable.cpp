@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/enquete/datfile.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::tables {
 

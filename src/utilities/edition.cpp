@@ -1,8 +1,8 @@
 #include "utilities/edition.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/session/generiquelibre.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 #include "utilities/edition.h"
 #include "utilities/utilitaires.h"
 

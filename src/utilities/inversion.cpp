@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/trgfile.h"
@@ -9,7 +10,6 @@
 #include "core/programme/place.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
-#include "core/texte/nombres.h"
 #include "utilities/edition.h"
 #include "utilities/tableau.h"
 #include "utilities/utilitaires.h"

@@ -1,10 +1,10 @@
 #include "utilities/tableau.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/attention.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
 

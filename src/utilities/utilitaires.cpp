@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
-#include "core/texte/nombres.h"
 #include "utilities/tableau.h"
 
 namespace quelvar::utilities {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/resultats/cadre.h"
 
 using namespace quelvar::crosstab;

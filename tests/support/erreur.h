@@ -1,7 +1,7 @@
 // What a test asks of a call that must fail: the number of its error.
 #pragma once
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace essai {
 

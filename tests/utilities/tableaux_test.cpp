@@ -3,9 +3,9 @@
 
 #include <random>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
-#include "core/texte/nombres.h"
 #include "support/programme.h"
 #include "utilities/gendat.h"
 #include "utilities/inversion.h"

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "capture/apercu/choix/devenir.h"
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 

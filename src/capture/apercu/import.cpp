@@ -15,10 +15,10 @@
 #include "capture/colonnes/compterendu.h"
 #include "capture/dbase/import.h"
 #include "capture/fichiers.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/session/generiquelibre.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

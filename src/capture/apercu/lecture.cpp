@@ -9,8 +9,8 @@
 #include "capture/apercu/octets/encodages.h"
 #include "capture/apercu/octets/premiereligne.h"
 #include "capture/apercu/octets/rangees.h"
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 

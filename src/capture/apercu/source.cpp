@@ -1,6 +1,6 @@
 #include "capture/apercu/source.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

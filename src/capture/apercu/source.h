@@ -11,7 +11,7 @@
 #include "capture/apercu/lecture.h"
 #include "capture/classeur/classeur.h"
 #include "core/fichiers/fichiers.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 

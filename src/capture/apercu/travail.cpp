@@ -6,7 +6,7 @@
 #include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/sorties/direct.h"
 #include "capture/colonnes/colonne.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

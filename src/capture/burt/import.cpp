@@ -9,12 +9,12 @@
 #include "capture/burt/lecture.h"
 #include "capture/dbase/tableau.h"
 #include "capture/fichiers.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "capture/utf8.h"
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 struct zip;
 struct zip_file;

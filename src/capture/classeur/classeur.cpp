@@ -7,7 +7,7 @@
 #include "capture/classeur/ods.h"
 #include "capture/classeur/rangees.h"
 #include "capture/classeur/xlsx.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "capture/nomscourts.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -4,7 +4,7 @@
 
 #include "capture/colonnes/tableau.h"
 #include "capture/fichiers.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -10,11 +10,11 @@
 #include "capture/dbase/remarques.h"
 #include "capture/dbase/tri.h"
 #include "capture/fichiers.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

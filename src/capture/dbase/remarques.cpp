@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <span>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {

@@ -7,12 +7,12 @@
 #include "capture/dbase/remarques.h"
 #include "capture/fichiers.h"
 #include "capture/noms.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <limits>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

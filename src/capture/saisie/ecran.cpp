@@ -1,7 +1,7 @@
 #include "capture/saisie/ecran.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -5,10 +5,10 @@
 #include <algorithm>
 
 #include "capture/fichiers.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

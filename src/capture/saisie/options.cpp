@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "capture/saisie/touches.h"
-#include "core/texte/horspage.h"
+#include "core/programme/horspage.h"
 
 namespace quelvar::capture {
 

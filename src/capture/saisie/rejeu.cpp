@@ -6,8 +6,8 @@
 #include "capture/remarques.h"
 #include "capture/saisie/saisie.h"
 #include "capture/saisie/touches.h"
-#include "core/texte/horspage.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/programme/horspage.h"
 
 namespace quelvar::capture {
 

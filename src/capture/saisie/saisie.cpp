@@ -5,9 +5,9 @@
 
 #include "capture/fichiers.h"
 #include "capture/remarques.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

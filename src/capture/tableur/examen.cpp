@@ -7,8 +7,8 @@
 #include "capture/tableur/codes.h"
 #include "capture/tableur/lecteur.h"
 #include "capture/utf8.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar {
 

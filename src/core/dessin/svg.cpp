@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 #include "core/texte/utf16.h"
 

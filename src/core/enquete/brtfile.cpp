@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <charconv>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

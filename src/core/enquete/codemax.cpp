@@ -1,6 +1,6 @@
 #include "core/enquete/codemax.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

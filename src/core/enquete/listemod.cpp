@@ -4,7 +4,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 
 namespace quelvar {

@@ -1,6 +1,6 @@
 #include "core/enquete/noms.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar {
 

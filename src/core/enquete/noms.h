@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

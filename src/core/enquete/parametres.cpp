@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

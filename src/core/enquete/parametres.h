@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

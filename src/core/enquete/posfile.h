@@ -9,7 +9,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar {
 

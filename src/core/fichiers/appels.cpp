@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <string>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::appels {
 

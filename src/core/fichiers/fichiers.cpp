@@ -16,7 +16,7 @@
 #include "core/fichiers/lignelongue.h"
 #include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

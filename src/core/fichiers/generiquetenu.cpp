@@ -17,8 +17,8 @@
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
+#include "core/panne/erreur.h"
 #include "core/programme/dialogue.h"
-#include "core/programme/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -11,7 +11,7 @@
 #include "core/fichiers/morceaux.h"
 #include "core/fichiers/releve.h"
 #include "core/fichiers/signaux.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar {
 

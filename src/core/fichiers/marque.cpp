@@ -12,7 +12,7 @@
 #include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
 #include "core/fichiers/morceaux.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

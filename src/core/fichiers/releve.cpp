@@ -8,7 +8,7 @@
 #include "core/fichiers/appels.h"
 #include "core/fichiers/condense.h"
 #include "core/fichiers/provisoire.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

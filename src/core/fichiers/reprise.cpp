@@ -9,7 +9,7 @@
 #include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/signaux.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

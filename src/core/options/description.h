@@ -17,10 +17,10 @@
 #include <utility>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/options/option.h"
 #include "core/options/table.h"
 #include "core/programme/programme.h"
-#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <cstddef>
 
+#include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/enquete/colonnes.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar {
 

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar {
 

@@ -1,9 +1,9 @@
 #include "core/programme/programme.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/generiquetenu.h"
 #include "core/programme/annulation.h"
 #include "core/programme/refus.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
+#include "core/panne/erreur.h"
 #include "core/programme/dialogue.h"
-#include "core/programme/erreur.h"
 #include "core/programme/rapport.h"
 
 namespace quelvar {

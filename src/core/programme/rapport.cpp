@@ -5,9 +5,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/morceaux.h"
 #include "core/programme/version.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 
 namespace quelvar {

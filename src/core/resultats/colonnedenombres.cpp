@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar {
 

@@ -4,10 +4,10 @@
 
 #include <system_error>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/session/generique.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

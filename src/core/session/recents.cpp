@@ -2,9 +2,9 @@
 
 #include <system_error>
 
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/session/initialisation.h"
-#include "core/texte/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

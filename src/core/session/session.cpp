@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <system_error>
 
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/programme/lieunomme.h"
 #include "core/programme/version.h"
 #include "core/session/generique.h"
 #include "core/session/recents.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar {
 

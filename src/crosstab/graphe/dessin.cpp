@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "crosstab/graphe/graphe2.h"
 
 namespace quelvar::crosstab {

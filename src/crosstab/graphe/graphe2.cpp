@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::crosstab {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::crosstab {
 

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <utility>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::crosstab {
 

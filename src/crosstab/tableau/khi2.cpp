@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::crosstab {
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::crosstab {
 

@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/resultats/fichiers.h"
-#include "core/texte/nombres.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
 #include "factor/analyse/tables.h"

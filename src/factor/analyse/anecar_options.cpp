@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/chiffres/nombres.h"
 #include "core/options/sortie.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::factor {
 

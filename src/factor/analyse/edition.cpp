@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "core/resultats/tete.h"
-#include "core/texte/nombres.h"
 #include "factor/analyse/fichiers.h"
 #include "factor/analyse/tables.h"
 

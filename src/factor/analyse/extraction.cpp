@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "factor/analyse/produits.h"
 #include "factor/coordonnees.h"
 

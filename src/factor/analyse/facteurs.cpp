@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "factor/analyse/premier.h"
 #include "factor/analyse/tri.h"
 #include "factor/coordonnees.h"

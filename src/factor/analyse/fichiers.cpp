@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 
 namespace quelvar::factor {

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <utility>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "factor/analyse/produits.h"
 
 namespace quelvar::factor {

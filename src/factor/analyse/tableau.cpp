@@ -4,10 +4,10 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/enquete/datfile.h"
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::factor {
 

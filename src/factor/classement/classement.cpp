@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 #include "factor/classement/cah.h"
 #include "factor/classement/edition.h"
 #include "factor/coordonnees.h"

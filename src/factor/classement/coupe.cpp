@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
@@ -14,7 +15,6 @@
 #include "core/programme/place.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
-#include "core/texte/nombres.h"
 #include "factor/classement/edition.h"
 #include "factor/provenance.h"
 

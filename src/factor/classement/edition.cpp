@@ -1,7 +1,7 @@
 #include "factor/classement/edition.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::factor {
 

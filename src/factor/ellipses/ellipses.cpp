@@ -4,7 +4,7 @@
 #include <numbers>
 #include <utility>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "factor/coordonnees.h"
 
 namespace quelvar::factor {

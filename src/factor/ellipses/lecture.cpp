@@ -6,10 +6,10 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "factor/cellules.h"
 #include "factor/coordonnees.h"
 

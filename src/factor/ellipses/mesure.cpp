@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
-#include "core/texte/nombres.h"
 #include "factor/analyse/fichiers.h"
 #include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"

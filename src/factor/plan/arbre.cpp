@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numeric>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::factor {
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <random>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "factor/plan/plan.h"
 
 namespace quelvar::factor {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 #include "factor/classement/cah.h"
 

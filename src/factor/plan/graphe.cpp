@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/programme/ancienrapport.h"
 #include "core/programme/refus.h"
-#include "core/texte/nombres.h"
 #include "factor/plan/graphe_options.h"
 
 namespace quelvar::factor {

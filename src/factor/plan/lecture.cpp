@@ -4,9 +4,9 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/programme/lieunomme.h"
-#include "core/texte/nombres.h"
 #include "factor/analyse/fichiers.h"
 #include "factor/coordonnees.h"
 

@@ -5,8 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::factor {
 

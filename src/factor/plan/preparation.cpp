@@ -1,6 +1,6 @@
 // The preparation of the factor graph: its files as a plane, and the report on them.
+#include "core/chiffres/nombres.h"
 #include "core/programme/attention.h"
-#include "core/texte/nombres.h"
 #include "factor/plan/concordance.h"
 #include "factor/plan/graphe.h"
 #include "factor/plan/lecture.h"

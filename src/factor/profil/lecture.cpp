@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
-#include "core/texte/nombres.h"
 #include "factor/cellules.h"
 
 namespace quelvar::factor {

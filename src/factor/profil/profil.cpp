@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "core/calcul/tris.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 #include "crosstab/tableau/khi2.h"
 #include "crosstab/tableau/pemlocal.h"

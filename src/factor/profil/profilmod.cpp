@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
@@ -10,7 +11,6 @@
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
-#include "core/texte/nombres.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"
 #include "factor/profil/edition.h"

@@ -5,7 +5,7 @@
 #include <deque>
 #include <functional>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::forms {

@@ -12,7 +12,7 @@
 #include <array>
 #include <utility>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/session/recents.h"
 #include "forms/aide/documents.h"
 #include "forms/cadre/dialogue_qt.h"

@@ -10,7 +10,7 @@
 #include <memory>
 #include <utility>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "core/session/session.h"
 #include "forms/cadre/services.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "forms/cadre/services.h"
 

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 
 #include "core/document/parties.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/lieunomme.h"
 #include "forms/cadre/dialogue_qt.h"
 #include "forms/editeur/frmsdi.h"

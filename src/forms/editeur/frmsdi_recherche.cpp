@@ -3,7 +3,7 @@
 #include <QInputDialog>
 
 #include "core/document/parties.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "forms/editeur/frmfind.h"
 #include "forms/editeur/frmsdi.h"
 #include "forms/pieces/curseur.h"

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "core/enquete/listemod.h"
-#include "core/texte/horspage.h"
+#include "core/programme/horspage.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"
 

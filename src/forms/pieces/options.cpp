@@ -5,7 +5,7 @@
 #include <QMap>
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {

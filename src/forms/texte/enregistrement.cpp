@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/lieunomme.h"
 #include "forms/texte/impression.h"
 #include "forms/texte/texte_qt.h"

@@ -11,8 +11,8 @@
 
 #include "core/document/affichage.h"
 #include "core/document/empreinte.h"
+#include "core/panne/erreur.h"
 #include "core/programme/dialogue.h"
-#include "core/programme/erreur.h"
 #include "core/session/session.h"
 #include "forms/cadre/formes.h"
 #include "forms/texte/textefixe.h"

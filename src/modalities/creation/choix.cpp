@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/noms.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::modalities {
 

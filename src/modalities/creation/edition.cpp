@@ -1,6 +1,6 @@
 #include "modalities/creation/edition.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::modalities {
 

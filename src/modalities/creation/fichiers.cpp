@@ -1,9 +1,9 @@
 #include "modalities/creation/fichiers.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/parametres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::modalities {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/codemax.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
@@ -12,7 +13,6 @@
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "modalities/creation/edition.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/passe.h"

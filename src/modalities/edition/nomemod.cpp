@@ -4,13 +4,13 @@
 #include <functional>
 #include <unordered_set>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
 #include "core/programme/refus.h"
-#include "core/texte/nombres.h"
 #include "modalities/creation/choix.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/posmod.h"

@@ -1,7 +1,7 @@
 #include "modalities/regroupement/edition.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/session/generiquelibre.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::modalities {
 

@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
@@ -11,7 +12,6 @@
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
-#include "core/texte/nombres.h"
 #include "modalities/regroupement/edition.h"
 #include "modalities/regroupement/table.h"
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
-#include "core/texte/nombres.h"
 #include "modalities/modalites.h"
 
 namespace quelvar::modalities {

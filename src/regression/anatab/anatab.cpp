@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
@@ -11,7 +12,6 @@
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "regression/anatab/edition.h"
 #include "regression/anatab/effets_edition.h"
 #include "regression/anatab/travail.h"

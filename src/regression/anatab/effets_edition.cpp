@@ -2,9 +2,9 @@
 
 #include <string_view>
 
+#include "core/chiffres/nombres.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 #include "regression/anatab/edition.h"
 
 namespace quelvar::regression {

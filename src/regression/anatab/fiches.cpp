@@ -5,10 +5,10 @@
 #include <numeric>
 
 #include "core/calcul/tris.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 #include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {

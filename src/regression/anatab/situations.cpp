@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "crosstab/tableau/khi2.h"
 
 namespace quelvar::regression {

@@ -6,7 +6,7 @@
 #include <numeric>
 #include <span>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "regression/anatab/effets_edition.h"
 
 namespace quelvar::regression {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::regression {
 

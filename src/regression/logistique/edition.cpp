@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "core/chiffres/nombres.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "regression/anatab/edition.h"
 #include "regression/logistique/resultats.h"
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "regression/logistique/edition.h"
 #include "regression/logistique/indistincts.h"
 #include "regression/logistique/sorties.h"

@@ -1,9 +1,9 @@
 #include "regression/reglin/edition.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 #include "regression/codage.h"
 
 namespace quelvar::regression {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "crosstab/tableau/khi2.h"
 
 namespace quelvar::regression {

@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
 #include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "regression/codage.h"
 #include "regression/entrees.h"
 #include "regression/reglin/edition.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/resultats/tableau.h"
 #include "regression/reglin/moindrescarres.h"
 #include "regression/reglin/variables.h"

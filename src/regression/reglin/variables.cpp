@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "regression/codage.h"
 
 namespace quelvar::regression {

@@ -5,8 +5,8 @@
 #include <span>
 
 #include "core/calcul/tris.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
-#include "core/texte/nombres.h"
 #include "crosstab/tableau/ordre.h"
 #include "crosstab/tableau/statistiques.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
@@ -12,7 +13,6 @@
 #include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
-#include "core/texte/nombres.h"
 #include "regression/varint/edition.h"
 #include "regression/varint/profils.h"
 #include "regression/varint/sorties.h"

@@ -1,7 +1,7 @@
 // The filter part of the preparation of a recoding: what builds, checks and stores the displayed expression.
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace quelvar::sorts {

@@ -1,9 +1,9 @@
 // The VIT part of the preparation of a recoding: what builds, corrects, checks and stores the displayed block.
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "sorts/preparation/preprecod.h"
 #include "sorts/regles/vit.h"
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "sorts/regles/regles.h"
 #include "sorts/regles/vit.h"
 

@@ -1,7 +1,7 @@
 #include "sorts/preparation/script.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/noms.h"
-#include "core/texte/nombres.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace quelvar::sorts {

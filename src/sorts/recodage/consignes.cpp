@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
-#include "core/texte/nombres.h"
 #include "sorts/recodage/edition.h"
 #include "sorts/regles/vit.h"
 

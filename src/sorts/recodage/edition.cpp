@@ -1,8 +1,8 @@
 #include "sorts/recodage/edition.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 #include "sorts/regles/vit.h"
 
 namespace quelvar::sorts {

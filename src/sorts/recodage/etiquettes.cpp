@@ -5,11 +5,11 @@
 #include <optional>
 #include <set>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 #include "sorts/recodage/edition.h"
 #include "sorts/regles/regles.h"
 

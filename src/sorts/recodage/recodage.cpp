@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/annulation.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
-#include "core/texte/nombres.h"
 #include "sorts/recodage/consignes.h"
 #include "sorts/recodage/edition.h"
 #include "sorts/recodage/etiquettes.h"

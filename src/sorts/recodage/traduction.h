@@ -12,8 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
-#include "core/texte/nombres.h"
 #include "sorts/recodage/plan.h"
 
 namespace quelvar::sorts {

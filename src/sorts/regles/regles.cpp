@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::sorts {

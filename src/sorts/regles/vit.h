@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/enquete/posfile.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::sorts {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::sorts {
 

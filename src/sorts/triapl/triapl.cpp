@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
 #include "core/resultats/fichiers.h"
-#include "core/texte/nombres.h"
 #include "sorts/triapl/comptage.h"
 #include "sorts/triapl/edition.h"
 #include "sorts/triapl/tableau.h"

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "crosstab/tableau/pemlocal.h"
 
 namespace quelvar::tables {

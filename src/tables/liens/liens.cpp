@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "core/calcul/tris.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::tables {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "tables/triangle/placement.h"
 #include "tables/triangle/triangle.h"
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <unordered_map>
 
+#include "core/chiffres/nombres.h"
 #include "core/options/option.h"
-#include "core/texte/nombres.h"
 #include "tables/triangle/triang.h"
 
 namespace quelvar::tables {

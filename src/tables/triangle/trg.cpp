@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::tables {
 

@@ -1,9 +1,9 @@
 #include "tables/triangle/triang.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/options/option.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::tables {
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
 #include "core/programme/attention.h"
-#include "core/texte/nombres.h"
 #include "text/commun/source.h"
 
 namespace quelvar::text {

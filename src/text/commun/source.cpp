@@ -4,9 +4,9 @@
 #include <array>
 #include <cstdint>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/lignelongue.h"
 #include "core/texte/lignes.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::text {
 

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
-#include "core/texte/nombres.h"
 #include "text/concordance/edition.h"
 #include "text/concordance/ordre.h"
 #include "text/decoupage/mots.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
 
 namespace quelvar::text {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/chiffres/nombres.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
 #include "text/gestion/motsdeslignes.h"
 

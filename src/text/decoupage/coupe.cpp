@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/lignes.h"
 #include "core/texte/texte.h"
 

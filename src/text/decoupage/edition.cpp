@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "core/chiffres/nombres.h"
 #include "core/resultats/rangees.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::text {
 

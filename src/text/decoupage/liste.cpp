@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "utilities/tri/chaines.h"
 
 namespace quelvar::text {

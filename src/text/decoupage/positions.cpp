@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <functional>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::text {
 

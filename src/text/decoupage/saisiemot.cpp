@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
@@ -12,7 +13,6 @@
 #include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 #include "text/commun/prise.h"
 #include "text/commun/source.h"
 #include "text/decoupage/edition.h"

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "text/gestion/compterendu.h"
 #include "text/gestion/motsdeslignes.h"
 #include "text/tableau/sorties.h"

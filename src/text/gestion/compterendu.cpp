@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/texte/nombres.h"
 #include "factor/coordonnees.h"
 #include "factor/provenance.h"
 

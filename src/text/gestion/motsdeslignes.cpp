@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 #include "text/tableau/sorties.h"
 
 namespace quelvar::text {

@@ -4,11 +4,11 @@
 #include <optional>
 #include <tuple>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
-#include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
 #include "text/gestion/motsdeslignes.h"
 

@@ -1,6 +1,6 @@
 #include "text/preparation/edition.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::text {
 

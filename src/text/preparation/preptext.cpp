@@ -3,13 +3,13 @@
 #include <optional>
 #include <vector>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/place.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/lignes.h"
-#include "core/texte/nombres.h"
 #include "text/commun/prise.h"
 #include "text/preparation/edition.h"
 

@@ -1,7 +1,7 @@
 #include "text/tableau/edition.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::text {
 

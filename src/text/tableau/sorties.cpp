@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/enquete/parametres.h"
-#include "core/texte/nombres.h"
 #include "text/decoupage/mots.h"
 #include "utilities/tri/trifichier.h"
 

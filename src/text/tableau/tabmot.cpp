@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/codemax.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
@@ -10,7 +11,6 @@
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
-#include "core/texte/nombres.h"
 #include "text/commun/intitule.h"
 #include "text/decoupage/mots.h"
 #include "text/tableau/comptage.h"

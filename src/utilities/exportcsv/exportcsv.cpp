@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/noms.h"
@@ -13,7 +14,6 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "utilities/exportcsv/ligne.h"
 #include "utilities/exportcsv/textes.h"
 #include "utilities/utilitaires.h"

@@ -1,7 +1,7 @@
 #include "utilities/exportcsv/ligne.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
 

@@ -6,13 +6,13 @@
 
 #include "capture/apercu/imc.h"
 #include "capture/apercu/octets/cellule.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/noms.h"
 #include "core/programme/rapport.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::utilities {
 

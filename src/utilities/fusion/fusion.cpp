@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
-#include "core/texte/nombres.h"
 #include "utilities/fusion/edition.h"
 #include "utilities/fusion/jonction.h"
 #include "utilities/fusion/travail.h"

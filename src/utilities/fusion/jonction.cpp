@@ -1,7 +1,7 @@
 #include "utilities/fusion/jonction.h"
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
-#include "core/texte/nombres.h"
 #include "utilities/fusion/edition.h"
 
 namespace quelvar::utilities {

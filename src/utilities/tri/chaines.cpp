@@ -7,7 +7,7 @@
 #include <span>
 #include <utility>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::utilities {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::utilities {
 

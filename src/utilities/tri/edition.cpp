@@ -1,6 +1,6 @@
 #include "utilities/tri/edition.h"
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::utilities {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/lignelongue.h"
 #include "core/programme/place.h"
 #include "core/texte/lignes.h"
-#include "core/texte/nombres.h"
 #include "utilities/tri/compte.h"
 #include "utilities/tri/edition.h"
 #include "utilities/utilitaires.h"

@@ -6,7 +6,7 @@
 
 #include "capture/classeur/ods.h"
 #include "capture/classeur/valeurs.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "support/classeurs.h"
 #include "support/environnement.h"
 

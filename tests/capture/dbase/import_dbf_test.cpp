@@ -7,7 +7,7 @@
 #include "capture/dbase/questions.h"
 #include "capture/dbase/tableau.h"
 #include "capture/noms.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "support/erreur.h"
 #include "support/programme.h"
 

@@ -12,8 +12,8 @@
 #include "capture/saisie/ecran.h"
 #include "capture/saisie/rejeu.h"
 #include "capture/saisie/touches.h"
+#include "core/chiffres/nombres.h"
 #include "core/fichiers/appels.h"
-#include "core/texte/nombres.h"
 #include "support/programme.h"
 
 using namespace quelvar;

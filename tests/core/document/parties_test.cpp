@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "support/environnement.h"
 
 namespace quelvar {

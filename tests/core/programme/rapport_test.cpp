@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/session/recents.h"
 #include "support/environnement.h"
 #include "support/reglages.h"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <random>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "support/erreur.h"
 #include "support/tableau.h"
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <random>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 using namespace quelvar::factor;
 

@@ -7,7 +7,7 @@
 #include <random>
 #include <set>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "factor/classement/coupe.h"
 #include "support/environnement.h"
 #include "support/erreur.h"

@@ -4,9 +4,9 @@
 
 #include <filesystem>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/parametres.h"
-#include "core/texte/nombres.h"
 #include "crosstab/tableau/khi2.h"
 #include "factor/profil/choix.h"
 #include "factor/profil/dessin.h"

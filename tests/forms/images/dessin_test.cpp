@@ -5,7 +5,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "forms/images/rendudessin.h"
 #include "forms/images/vuedessin.h"
 

@@ -7,9 +7,9 @@
 #include <tuple>
 
 #include "core/calcul/tris.h"
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/resultats/colonnedenombres.h"
-#include "core/texte/nombres.h"
 #include "regression/anatab/anatab.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/souseffets.h"

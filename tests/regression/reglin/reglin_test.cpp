@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "regression/reglin/moindrescarres.h"
 #include "regression/reglin/variables.h"
 #include "support/erreur.h"

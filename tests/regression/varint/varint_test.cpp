@@ -5,7 +5,7 @@
 
 #include <random>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "regression/varint/profils.h"
 #include "support/erreur.h"
 #include "support/programme.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 #include "sorts/regles/taille.h"
 #include "sorts/regles/vit.h"

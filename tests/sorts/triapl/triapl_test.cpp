@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 #include "sorts/triapl/edition.h"
 #include "sorts/triapl/tableau.h"
 #include "support/programme.h"

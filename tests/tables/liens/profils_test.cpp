@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "support/environnement.h"
 #include "support/tableau.h"
 #include "tables/liens/liaisons.h"

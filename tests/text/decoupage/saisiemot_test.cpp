@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "support/programme.h"
 #include "text/decoupage/apercu.h"
 #include "text/decoupage/liste.h"

@@ -8,9 +8,9 @@
 
 #include "capture/apercu/import.h"
 #include "capture/import_csv.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
-#include "core/texte/nombres.h"
 #include "support/programme.h"
 
 namespace quelvar::utilities {

@@ -4,7 +4,7 @@
 
 #include "capture/apercu/choix/refus.h"
 #include "capture/apercu/choix/textes.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

@@ -1,7 +1,7 @@
 #include "capture/apercu/choix/noms.h"
 
 #include "capture/nomscourts.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

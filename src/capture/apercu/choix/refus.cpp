@@ -4,8 +4,8 @@
 
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/octets/cellule.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "capture/apercu/choix/textes.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

@@ -7,7 +7,7 @@
 #include "capture/apercu/observation/mots.h"
 #include "capture/apercu/observation/observation.h"
 #include "capture/colonnes/colonne.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

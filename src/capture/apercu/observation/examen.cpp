@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "capture/apercu/octets/cellule.h"
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 

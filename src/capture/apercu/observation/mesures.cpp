@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "capture/apercu/faits.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

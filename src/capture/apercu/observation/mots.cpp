@@ -4,7 +4,7 @@
 #include <initializer_list>
 
 #include "capture/apercu/octets/cellule.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {

@@ -7,9 +7,9 @@
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
 #include "capture/pagecode.h"
-#include "core/programme/erreur.h"
+#include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -6,7 +6,7 @@
 
 #include "capture/apercu/octets/cellule.h"
 #include "capture/pagecode.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::capture {

@@ -3,8 +3,8 @@
 #include "capture/apercu/choix/devenir.h"
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/apercu/sorties/tableau.h"
+#include "core/chiffres/nombres.h"
 #include "core/programme/attention.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

@@ -6,7 +6,7 @@
 #include "capture/colonnes/compterendu.h"
 #include "capture/tableur/codes.h"
 #include "capture/tableur/quatrechiffres.h"
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 

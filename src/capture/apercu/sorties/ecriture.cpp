@@ -8,10 +8,10 @@
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

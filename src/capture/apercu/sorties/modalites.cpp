@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <set>
 
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/parametres.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

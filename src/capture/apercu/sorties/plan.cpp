@@ -10,10 +10,10 @@
 #include "capture/apercu/octets/rangees.h"
 #include "capture/apercu/sorties/noms.h"
 #include "capture/colonnes/compterendu.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
-#include "core/programme/erreur.h"
-#include "core/texte/nombres.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 

@@ -6,8 +6,8 @@
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/octets/cellule.h"
 #include "capture/colonnes/compterendu.h"
+#include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/texte/nombres.h"
 
 namespace quelvar::capture {
 

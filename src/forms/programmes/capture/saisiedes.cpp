@@ -1,6 +1,6 @@
 #include "forms/programmes/capture/saisiedes.h"
 
-#include "core/texte/horspage.h"
+#include "core/programme/horspage.h"
 #include "forms/pieces/ecran.h"
 #include "forms/texte/policefixe.h"
 #include "forms/texte/texte_qt.h"

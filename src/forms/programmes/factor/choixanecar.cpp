@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "factor/analyse/anecar_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"

@@ -1,7 +1,7 @@
 #include "forms/programmes/sorts/preprecod.h"
 
 #include "core/enquete/colonnes.h"
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "forms/cadre/sauvegarde.h"
 #include "forms/pieces/commande.h"

@@ -2,7 +2,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "factor/plan/graphe_options.h"
 #include "forms/images/coefficient.h"
 #include "forms/images/rendudessin.h"

@@ -3,8 +3,8 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/attention.h"
-#include "core/texte/nombres.h"
 #include "forms/images/rendudessin.h"
 #include "forms/texte/texte_qt.h"
 #include "modalities/regroupement/modifburt.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <new>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {

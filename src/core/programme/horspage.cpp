@@ -1,8 +1,8 @@
-#include "core/texte/horspage.h"
+#include "core/programme/horspage.h"
 
 #include <algorithm>
 
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

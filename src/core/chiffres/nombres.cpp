@@ -1,4 +1,4 @@
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 #include <array>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar {

@@ -1,4 +1,4 @@
-#include "core/texte/nombres.h"
+#include "core/chiffres/nombres.h"
 
 #include <gtest/gtest.h>
 

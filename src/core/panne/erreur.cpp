@@ -1,4 +1,4 @@
-#include "core/programme/erreur.h"
+#include "core/panne/erreur.h"
 
 #include <cerrno>
 #include <new>
