@@ -4,10 +4,10 @@
 #include <QTest>
 #include <cstdio>
 
-#include "forms/cadre/application.h"
 #include "forms/editeur/editeurs.h"
 #include "forms/editeur/edittexte.h"
-#include "forms/editeur/signaux.h"
+#include "forms/qt/application.h"
+#include "forms/qt/signaux.h"
 #include "support/environnement.h"
 #include "support/reglages.h"
 

@@ -6,12 +6,12 @@
 #include <QStandardPaths>
 #include <QUrl>
 
-#include "forms/cadre/application.h"
 #include "forms/cadre/principal.h"
-#include "forms/cadre/reglages_qt.h"
-#include "forms/editeur/signaux.h"
-#include "forms/pieces/ecran.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/application.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/reglages.h"
+#include "forms/qt/signaux.h"
+#include "forms/qt/texte.h"
 
 namespace {
 

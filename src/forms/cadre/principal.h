@@ -13,8 +13,8 @@
 #include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "core/session/session.h"
-#include "forms/cadre/services.h"
 #include "forms/editeur/editeurs.h"
+#include "forms/services/services.h"
 #include "forms/texte/resultats.h"
 #include "forms/texte/sorties.h"
 

@@ -4,10 +4,10 @@
 #include <QMenu>
 
 #include "core/session/recents.h"
-#include "forms/cadre/dialogue_qt.h"
 #include "forms/cadre/principal.h"
-#include "forms/pieces/ecran.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/dialogue.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/texte.h"
 #include "ui_principal.h"
 
 namespace quelvar::forms {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/cadre/dialogue_qt.h"
-#include "forms/pieces/ecran.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/dialogue.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

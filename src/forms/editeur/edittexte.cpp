@@ -7,7 +7,7 @@
 #include <QTextBlock>
 #include <algorithm>
 
-#include "forms/texte/policefixe.h"
+#include "forms/qt/policefixe.h"
 
 namespace quelvar::forms {
 

@@ -6,12 +6,12 @@
 #include <QFontDatabase>
 
 #include "forms/editeur/frmfind.h"
-#include "forms/pieces/ecran.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/imprimante.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
-#include "forms/texte/imprimante.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
 namespace quelvar::forms {

@@ -5,10 +5,10 @@
 #include "core/document/parties.h"
 #include "core/panne/erreur.h"
 #include "core/programme/lieunomme.h"
-#include "forms/cadre/dialogue_qt.h"
 #include "forms/editeur/frmsdi.h"
+#include "forms/qt/dialogue.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/enregistrement.h"
-#include "forms/texte/texte_qt.h"
 #include "ui_frmsdi.h"
 
 namespace quelvar::forms {

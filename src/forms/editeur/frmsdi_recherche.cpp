@@ -6,8 +6,8 @@
 #include "core/panne/erreur.h"
 #include "forms/editeur/frmfind.h"
 #include "forms/editeur/frmsdi.h"
-#include "forms/pieces/curseur.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/curseur.h"
+#include "forms/qt/texte.h"
 #include "ui_frmsdi.h"
 
 namespace quelvar::forms {

@@ -2,7 +2,7 @@
 #include <QFileInfo>
 
 #include "forms/editeur/frmsdi.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_frmsdi.h"
 
 namespace quelvar::forms {

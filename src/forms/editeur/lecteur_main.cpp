@@ -3,10 +3,10 @@
 #include <QDesktopServices>
 #include <QUrl>
 
-#include "forms/cadre/application.h"
-#include "forms/cadre/reglages_qt.h"
 #include "forms/editeur/frmsdi.h"
-#include "forms/pieces/ecran.h"
+#include "forms/qt/application.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/reglages.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "forms/images/rendudessin.h"
 #include "forms/images/sortiesdessin.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_fenetredessin.h"
 
 namespace quelvar::forms {

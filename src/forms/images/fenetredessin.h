@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/dessin/dessin.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class FenetreDessin;

@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "core/dessin/svg.h"
-#include "forms/texte/imprimante.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/imprimante.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "forms/images/rendudessin.h"
+#include "forms/qt/imprimante.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/enregistrement.h"
-#include "forms/texte/imprimante.h"
-#include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string_view>
 
-#include "forms/cadre/services.h"
 #include "forms/images/vuedessin.h"
+#include "forms/services/services.h"
 
 namespace quelvar::forms {
 

@@ -10,7 +10,7 @@
 #include <QLineEdit>
 #include <utility>
 
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

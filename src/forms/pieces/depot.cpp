@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <QUrl>
 
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -8,8 +8,8 @@
 
 #include "core/enquete/listemod.h"
 #include "core/programme/horspage.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

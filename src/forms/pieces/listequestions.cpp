@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

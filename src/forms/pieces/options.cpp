@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -6,8 +6,8 @@
 
 #include "core/panne/erreur.h"
 #include "core/programme/lieunomme.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/impression.h"
-#include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "core/fichiers/fichiers.h"
-#include "forms/cadre/dialogue_qt.h"
+#include "forms/qt/dialogue.h"
 
 namespace quelvar::forms {
 

@@ -7,8 +7,8 @@
 #include <QPrinter>
 #include <algorithm>
 
-#include "forms/texte/imprimante.h"
-#include "forms/texte/policefixe.h"
+#include "forms/qt/imprimante.h"
+#include "forms/qt/policefixe.h"
 
 namespace quelvar::forms {
 

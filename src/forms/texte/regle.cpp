@@ -6,7 +6,7 @@
 #include <QTextBlock>
 #include <cmath>
 
-#include "forms/texte/policefixe.h"
+#include "forms/qt/policefixe.h"
 
 namespace quelvar::forms {
 

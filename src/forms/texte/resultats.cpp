@@ -4,7 +4,7 @@
 
 #include "core/programme/lieunomme.h"
 #include "core/programme/programme.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

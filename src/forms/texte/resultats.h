@@ -14,7 +14,7 @@
 #include "core/panne/erreur.h"
 #include "core/programme/dialogue.h"
 #include "core/session/session.h"
-#include "forms/cadre/formes.h"
+#include "forms/services/formes.h"
 #include "forms/texte/textefixe.h"
 
 namespace quelvar::forms {

@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "core/fichiers/fichiers.h"
+#include "forms/qt/imprimante.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/enregistrement.h"
 #include "forms/texte/impression.h"
-#include "forms/texte/imprimante.h"
-#include "forms/texte/texte_qt.h"
 
 namespace quelvar::forms {
 

@@ -6,8 +6,8 @@
 #include <QTextBlock>
 #include <functional>
 
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -1,6 +1,4 @@
 // The help as it is built beside the programs: no entry of the menu leads nowhere, no link is dead.
-#include "forms/aide/aide.h"
-
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -9,8 +7,9 @@
 #include <QXmlStreamReader>
 
 #include "forms/aide/documents.h"
-#include "forms/cadre/application.h"
+#include "forms/aide/publication/avisperimes.h"
 #include "forms/pilote.h"
+#include "forms/qt/application.h"
 
 using namespace quelvar::forms;
 

@@ -13,9 +13,9 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "forms/aide/frmabout.h"
-#include "forms/cadre/dialogue_qt.h"
 #include "forms/pilote.h"
+#include "forms/programmes/session/frmabout.h"
+#include "forms/qt/dialogue.h"
 #include "forms/texte/textefixe.h"
 
 namespace {

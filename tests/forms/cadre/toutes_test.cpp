@@ -26,7 +26,6 @@
 #include "forms/cadre/menus/entrees.h"
 #include "forms/editeur/frmfind.h"
 #include "forms/editeur/frmsdi.h"
-#include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/import/apercu/apercu.h"
@@ -36,6 +35,7 @@
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/profilmod.h"
 #include "forms/programmes/text/concord.h"
+#include "forms/qt/ecran.h"
 #include "modalities/creation/posmod.h"
 #include "tables/ecapem.h"
 

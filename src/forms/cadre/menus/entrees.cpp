@@ -1,6 +1,5 @@
 #include "forms/cadre/menus/entrees.h"
 
-#include "forms/aide/frmabout.h"
 #include "forms/programmes/capture/fimportcsv.h"
 #include "forms/programmes/capture/saisief.h"
 #include "forms/programmes/crosstab/choixvar.h"
@@ -13,6 +12,7 @@
 #include "forms/programmes/modalities/nomquest.h"
 #include "forms/programmes/regression/choixvarint.h"
 #include "forms/programmes/regression/modifmodr.h"
+#include "forms/programmes/session/frmabout.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
 #include "forms/programmes/sorts/choixrecodage.h"

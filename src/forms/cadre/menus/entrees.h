@@ -18,8 +18,8 @@
 //   6. One line in kEntrees (entrees.cpp) enables the menu entry.
 //   7. Tests in tests/forms: essai::Bureau brings up the main form on a directory of its own and takes menu entries,
 //      essai::Pilote answers the boxes that open.
-// Texts of the core are bytes of the code page: VersQt and DepuisQt (texte_qt.h) are the door. Boxes are asked through
-// `services_.ecran`, never made by a form.
+// Texts of the core are bytes of the code page: VersQt and DepuisQt (forms/qt/texte.h) are the door. Boxes are asked
+// through `services_.ecran`, never made by a form.
 #pragma once
 
 #include <span>

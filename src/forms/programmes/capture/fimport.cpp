@@ -6,7 +6,7 @@
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/capture/import/source.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_fimport.h"
 
 namespace quelvar::forms {

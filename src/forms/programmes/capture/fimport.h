@@ -6,7 +6,7 @@
 
 #include "capture/burt/import.h"
 #include "capture/presence.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class FImport;

@@ -6,7 +6,7 @@
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/programmes/capture/import/source.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_fimportcsv.h"
 
 namespace quelvar::forms {

@@ -5,7 +5,7 @@
 
 #include "capture/import_csv.h"
 #include "capture/presence.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class FImportCSV;

@@ -1,6 +1,6 @@
 #include "forms/programmes/capture/listeenregistrements.h"
 
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

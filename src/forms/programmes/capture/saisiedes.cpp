@@ -1,9 +1,9 @@
 #include "forms/programmes/capture/saisiedes.h"
 
 #include "core/programme/horspage.h"
-#include "forms/pieces/ecran.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "ui_saisiedes.h"
 
 namespace quelvar::forms {

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "capture/saisie/descripteur.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class SaisieDes;

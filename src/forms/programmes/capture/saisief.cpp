@@ -8,11 +8,11 @@
 #include "capture/saisie/ecran.h"
 #include "capture/saisie/options.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/ecran.h"
 #include "forms/programmes/capture/listeenregistrements.h"
 #include "forms/programmes/capture/saisiedes.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "ui_saisief.h"
 
 namespace quelvar::forms {

@@ -5,7 +5,7 @@
 
 #include "capture/saisie/saisie.h"
 #include "core/enquete/modfile.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class Saisief;

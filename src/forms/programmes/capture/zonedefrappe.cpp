@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <optional>
 
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

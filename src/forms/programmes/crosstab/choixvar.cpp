@@ -6,10 +6,10 @@
 
 #include "crosstab/croise_options.h"
 #include "forms/pieces/commande.h"
-#include "forms/pieces/ecran.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/programmes/crosstab/graphe2.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/texte.h"
 #include "ui_choixvar.h"
 
 namespace quelvar::forms {

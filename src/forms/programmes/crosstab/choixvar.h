@@ -7,8 +7,8 @@
 
 #include "crosstab/choixvar.h"
 #include "crosstab/croise_options.h"
-#include "forms/cadre/services.h"
-#include "forms/pieces/brouillon.h"
+#include "forms/services/brouillon.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class ChoixVar;

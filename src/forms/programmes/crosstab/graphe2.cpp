@@ -5,7 +5,7 @@
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
 #include "forms/programmes/crosstab/choixvar.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_graphe2.h"
 
 namespace quelvar::forms {

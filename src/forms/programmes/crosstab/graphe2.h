@@ -5,7 +5,7 @@
 #include <string>
 
 #include "crosstab/graphe/graphe2.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class Graphe2;

@@ -6,7 +6,7 @@
 #include "factor/analyse/anecar_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_choixanecar.h"
 
 namespace quelvar::forms {

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "factor/analyse/anecar.h"
-#include "forms/cadre/services.h"
-#include "forms/pieces/brouillon.h"
 #include "forms/programmes/factor/frmsitrie.h"
+#include "forms/services/brouillon.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class ChoixAnecar;

@@ -1,7 +1,7 @@
 #include "forms/programmes/factor/frmsitrie.h"
 
 #include "factor/analyse/anecar_options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_frmsitrie.h"
 
 namespace quelvar::forms {

@@ -7,8 +7,8 @@
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "modalities/edition/modifmod.h"
 #include "ui_profilmod.h"
 

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "factor/profil/profilmod.h"
-#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class ProfilMod;

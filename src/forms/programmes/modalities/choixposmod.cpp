@@ -4,7 +4,7 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "modalities/creation/posmod_options.h"
 #include "ui_choixposmod.h"
 

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "forms/cadre/services.h"
-#include "forms/pieces/brouillon.h"
 #include "forms/pieces/listequestions.h"
+#include "forms/services/brouillon.h"
+#include "forms/services/services.h"
 #include "modalities/creation/posmod.h"
 
 namespace Ui {

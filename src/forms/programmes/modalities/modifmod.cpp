@@ -3,8 +3,8 @@
 #include "core/enquete/listemod.h"
 #include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "modalities/edition/modifmod_options.h"
 #include "ui_modifmod.h"
 

@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
+#include "forms/services/services.h"
 #include "modalities/edition/modifmod.h"
 
 namespace Ui {

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "core/enquete/listemod.h"
-#include "forms/cadre/sauvegarde.h"
-#include "forms/pieces/brouillon.h"
 #include "forms/pieces/commande.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
+#include "forms/services/brouillon.h"
+#include "forms/services/sauvegarde.h"
 #include "modalities/edition/modifmod.h"
 #include "modalities/edition/nomemod_options.h"
 #include "modalities/edition/nomquest.h"

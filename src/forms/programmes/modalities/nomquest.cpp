@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "forms/cadre/sauvegarde.h"
 #include "forms/pieces/commande.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "modalities/edition/modifmod.h"
 #include "modalities/edition/nomquest_options.h"
 #include "ui_nomquest.h"

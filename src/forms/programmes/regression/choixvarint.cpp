@@ -5,7 +5,7 @@
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "regression/options.h"
 #include "ui_choixvarint.h"
 

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "core/enquete/posfile.h"
-#include "forms/cadre/services.h"
 #include "forms/pieces/listequestions.h"
+#include "forms/services/services.h"
 #include "modalities/creation/choix.h"
 #include "regression/varint/varint.h"
 

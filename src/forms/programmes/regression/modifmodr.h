@@ -4,8 +4,8 @@
 #include <memory>
 #include <string_view>
 
-#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
+#include "forms/services/services.h"
 #include "regression/modifmodr.h"
 
 namespace Ui {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_prem.h"
 
 namespace quelvar::forms {

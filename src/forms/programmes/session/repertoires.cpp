@@ -3,7 +3,7 @@
 #include <QDir>
 
 #include "forms/pieces/clavier.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_repertoires.h"
 
 namespace quelvar::forms {

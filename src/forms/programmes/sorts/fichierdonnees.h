@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "forms/cadre/services.h"
 #include "forms/pieces/commande.h"
+#include "forms/services/services.h"
 
 namespace quelvar::forms {
 

@@ -3,10 +3,10 @@
 #include "core/enquete/colonnes.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
-#include "forms/cadre/sauvegarde.h"
 #include "forms/pieces/commande.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "sorts/preparation/preprecod_options.h"
 #include "ui_preprecod.h"
 

@@ -4,7 +4,7 @@
 #include <QComboBox>
 #include <memory>
 
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace Ui {

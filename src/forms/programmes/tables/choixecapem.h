@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 #include "tables/ecapem.h"
 
 namespace Ui {

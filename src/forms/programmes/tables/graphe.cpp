@@ -5,7 +5,7 @@
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "tables/triangle/triang_options.h"
 #include "ui_graphe.h"
 

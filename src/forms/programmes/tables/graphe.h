@@ -4,8 +4,8 @@
 #include <array>
 #include <memory>
 
-#include "forms/cadre/services.h"
-#include "forms/pieces/brouillon.h"
+#include "forms/services/brouillon.h"
+#include "forms/services/services.h"
 #include "tables/triangle/triang.h"
 
 class QRadioButton;

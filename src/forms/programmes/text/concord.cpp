@@ -5,9 +5,9 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/enregistrement.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
 #include "text/commun/intitule.h"
 #include "text/concordance/concord_options.h"
 #include "text/concordance/edition.h"

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "forms/cadre/forme.h"
-#include "forms/cadre/services.h"
+#include "forms/services/forme.h"
+#include "forms/services/services.h"
 #include "text/concordance/concord.h"
 
 namespace Ui {

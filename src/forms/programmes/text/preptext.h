@@ -4,8 +4,8 @@
 #include <memory>
 #include <string_view>
 
-#include "forms/cadre/forme.h"
-#include "forms/cadre/services.h"
+#include "forms/services/forme.h"
+#include "forms/services/services.h"
 #include "text/preparation/preptext.h"
 
 namespace Ui {

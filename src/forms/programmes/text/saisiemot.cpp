@@ -4,8 +4,8 @@
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/text/concord.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "text/decoupage/saisiemot_options.h"
 #include "ui_saisiemot.h"
 

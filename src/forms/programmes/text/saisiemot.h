@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "forms/cadre/forme.h"
-#include "forms/cadre/services.h"
+#include "forms/services/forme.h"
+#include "forms/services/services.h"
 #include "text/decoupage/apercu.h"
 #include "text/decoupage/saisiemot.h"
 

@@ -5,8 +5,8 @@
 
 #include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "text/gestion/gestion_options.h"
 #include "text/gestion/motsdeslignes.h"
 #include "ui_suplmot.h"

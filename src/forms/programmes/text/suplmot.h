@@ -4,9 +4,9 @@
 #include <QListWidget>
 #include <memory>
 
-#include "forms/cadre/forme.h"
-#include "forms/cadre/services.h"
 #include "forms/pieces/editionliste.h"
+#include "forms/services/forme.h"
+#include "forms/services/services.h"
 #include "text/gestion/suplmot.h"
 
 namespace Ui {

@@ -2,7 +2,7 @@
 
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "text/tableau/tabmot_options.h"
 #include "ui_tabmot.h"
 

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "core/enquete/posfile.h"
-#include "forms/cadre/forme.h"
-#include "forms/cadre/services.h"
 #include "forms/pieces/listequestions.h"
+#include "forms/services/forme.h"
+#include "forms/services/services.h"
 #include "text/tableau/tabmot.h"
 
 namespace Ui {

@@ -10,8 +10,8 @@
 #include "forms/pieces/editionliste.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/text/concord.h"
-#include "forms/texte/policefixe.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/policefixe.h"
+#include "forms/qt/texte.h"
 #include "text/gestion/gestion_options.h"
 #include "ui_tabmotagreg.h"
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "forms/cadre/forme.h"
-#include "forms/cadre/services.h"
+#include "forms/services/forme.h"
+#include "forms/services/services.h"
 #include "text/gestion/agregation.h"
 
 namespace Ui {

@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "forms/pieces/commande.h"
-#include "forms/pieces/ecran.h"
 #include "forms/pieces/options.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/ecran.h"
+#include "forms/qt/texte.h"
 #include "tables/ecapem_options.h"
 #include "ui_utilitaires.h"
 #include "utilities/caracteres.h"

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 #include "utilities/exportation.h"
 #include "utilities/fusion/fusion.h"
 #include "utilities/tri/trifichier.h"

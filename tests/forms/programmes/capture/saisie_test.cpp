@@ -7,10 +7,10 @@
 #include <QListView>
 #include <QPlainTextEdit>
 
-#include "forms/pieces/ecran.h"
 #include "forms/pilote.h"
 #include "forms/programmes/capture/saisiedes.h"
 #include "forms/programmes/capture/saisief.h"
+#include "forms/qt/ecran.h"
 
 using namespace quelvar::forms;
 

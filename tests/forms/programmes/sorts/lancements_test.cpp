@@ -1,8 +1,8 @@
 // The forms that launch the flat sort and the recoding.
 #include <gtest/gtest.h>
 
-#include "forms/aide/frmabout.h"
 #include "forms/bureauenq.h"
+#include "forms/programmes/session/frmabout.h"
 #include "forms/programmes/sorts/choixrecodage.h"
 #include "forms/programmes/sorts/choixtriapl.h"
 

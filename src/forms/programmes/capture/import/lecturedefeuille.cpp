@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "core/programme/annulation.h"
-#include "forms/cadre/dialogue_qt.h"
 #include "forms/programmes/capture/import/avancement.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/dialogue.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -11,7 +11,7 @@
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

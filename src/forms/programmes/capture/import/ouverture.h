@@ -1,7 +1,7 @@
 // The ways into an import: a file that was chosen or dropped, and the source that a generic has beside it.
 #pragma once
 
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace quelvar::forms {
 

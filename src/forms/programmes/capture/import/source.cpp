@@ -9,7 +9,7 @@
 #include "capture/presence.h"
 #include "forms/programmes/capture/fimport.h"
 #include "forms/programmes/capture/import/ouverture.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_source.h"
 
 namespace quelvar::forms {

@@ -7,7 +7,7 @@
 #include "forms/images/coefficient.h"
 #include "forms/images/rendudessin.h"
 #include "forms/programmes/factor/graphe3/graphe3.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_graphe3.h"
 
 namespace quelvar::forms {

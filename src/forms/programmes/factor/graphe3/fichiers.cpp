@@ -8,8 +8,8 @@
 #include "forms/pieces/commande.h"
 #include "forms/programmes/factor/graphe3/graphe3.h"
 #include "forms/programmes/modalities/modifmod.h"
+#include "forms/qt/texte.h"
 #include "forms/texte/enregistrement.h"
-#include "forms/texte/texte_qt.h"
 #include "modalities/regroupement/modifburt_options.h"
 #include "ui_graphe3.h"
 

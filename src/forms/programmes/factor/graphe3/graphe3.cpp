@@ -6,7 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/programme/attention.h"
 #include "forms/images/rendudessin.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "modalities/regroupement/modifburt.h"
 #include "ui_graphe3.h"
 

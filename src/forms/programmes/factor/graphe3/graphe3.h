@@ -5,8 +5,8 @@
 
 #include "factor/classement/coupe.h"
 #include "factor/plan/graphe.h"
-#include "forms/cadre/services.h"
-#include "forms/pieces/brouillon.h"
+#include "forms/services/brouillon.h"
+#include "forms/services/services.h"
 #include "modalities/regroupement/modifburt.h"
 
 class QLineEdit;

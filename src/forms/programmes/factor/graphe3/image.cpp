@@ -1,7 +1,7 @@
 // What the mouse does on the factor plane, and the marks of its elements.
 #include "core/options/option.h"
 #include "forms/programmes/factor/graphe3/graphe3.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_graphe3.h"
 
 namespace quelvar::forms {

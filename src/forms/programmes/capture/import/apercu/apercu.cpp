@@ -8,7 +8,7 @@
 #include "core/programme/annulation.h"
 #include "forms/pieces/commande.h"
 #include "forms/programmes/capture/import/lecturedefeuille.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_apercu.h"
 
 namespace quelvar::forms {

@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "capture/preparation.h"
-#include "forms/cadre/services.h"
 #include "forms/programmes/capture/import/apercu/examendefond.h"
 #include "forms/programmes/capture/import/apercu/modeles.h"
+#include "forms/services/services.h"
 
 namespace Ui {
 class ApercuImport;

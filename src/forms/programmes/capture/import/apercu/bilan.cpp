@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "forms/programmes/capture/import/apercu/apercu.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_apercu.h"
 
 namespace quelvar::forms {

@@ -8,7 +8,7 @@
 #include "capture/apercu/choix/textes.h"
 #include "capture/apercu/sorties/classes.h"
 #include "forms/programmes/capture/import/apercu/apercu.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_apercu.h"
 
 namespace quelvar::forms {

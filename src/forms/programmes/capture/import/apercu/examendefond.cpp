@@ -4,7 +4,7 @@
 #include <new>
 
 #include "core/panne/erreur.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -9,7 +9,7 @@
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu/apercu.h"
 #include "forms/programmes/capture/import/avancement.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_apercu.h"
 
 namespace quelvar::forms {

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "capture/apercu/choix/devenir.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

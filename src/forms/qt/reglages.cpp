@@ -1,4 +1,4 @@
-#include "forms/cadre/reglages_qt.h"
+#include "forms/qt/reglages.h"
 
 #include <QSettings>
 

@@ -1,12 +1,12 @@
 // The queue behind a running program: what is asked for during a run comes after it, in its turn, and is never lost;
 // and the report that a launch goes on with.
-#include "forms/cadre/lanceur.h"
+#include "forms/services/lanceur.h"
 
 #include <gtest/gtest.h>
 
 #include "core/programme/annulation.h"
-#include "forms/pieces/brouillon.h"
 #include "forms/pilote.h"
+#include "forms/services/brouillon.h"
 
 namespace {
 

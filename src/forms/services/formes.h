@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include "forms/cadre/forme.h"
+#include "forms/services/forme.h"
 
 namespace quelvar::forms {
 

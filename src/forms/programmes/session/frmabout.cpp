@@ -1,4 +1,4 @@
-#include "forms/aide/frmabout.h"
+#include "forms/programmes/session/frmabout.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -7,7 +7,7 @@
 #include <QThread>
 
 #include "core/programme/version.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 #include "ui_frmabout.h"
 
 namespace quelvar::forms {

@@ -1,4 +1,4 @@
-#include "forms/aide/aide.h"
+#include "forms/aide/publication/avisperimes.h"
 
 #include <QRegularExpression>
 #include <algorithm>

@@ -12,9 +12,9 @@
 #include "core/options/description.h"
 #include "core/session/session.h"
 #include "forms/aide/pages.h"
-#include "forms/cadre/dialogue_qt.h"
-#include "forms/cadre/formes.h"
-#include "forms/cadre/lanceur.h"
+#include "forms/qt/dialogue.h"
+#include "forms/services/formes.h"
+#include "forms/services/lanceur.h"
 
 namespace quelvar::forms {
 

@@ -1,4 +1,4 @@
-#include "forms/texte/imprimante.h"
+#include "forms/qt/imprimante.h"
 
 #include <QPrintDialog>
 #include <QPrinterInfo>

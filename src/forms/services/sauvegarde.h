@@ -8,7 +8,7 @@
 
 #include "core/panne/erreur.h"
 #include "core/programme/programme.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace quelvar::forms {
 

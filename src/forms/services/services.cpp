@@ -1,4 +1,4 @@
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 #include <QApplication>
 

@@ -1,4 +1,4 @@
-#include "forms/editeur/signaux.h"
+#include "forms/qt/signaux.h"
 
 #include <sys/socket.h>
 #include <unistd.h>

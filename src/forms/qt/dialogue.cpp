@@ -1,4 +1,4 @@
-#include "forms/cadre/dialogue_qt.h"
+#include "forms/qt/dialogue.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -13,8 +13,8 @@
 #include <memory>
 
 #include "core/programme/annulation.h"
-#include "forms/pieces/curseur.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/curseur.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

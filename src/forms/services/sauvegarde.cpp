@@ -1,9 +1,9 @@
-#include "forms/cadre/sauvegarde.h"
+#include "forms/services/sauvegarde.h"
 
 #include <string>
 
 #include "core/fichiers/generiquetenu.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 namespace quelvar::forms {
 

@@ -1,12 +1,12 @@
-#include "forms/cadre/lanceur.h"
+#include "forms/services/lanceur.h"
 
 #include <QApplication>
 #include <optional>
 #include <utility>
 
 #include "core/programme/annulation.h"
-#include "forms/cadre/dialogue_qt.h"
-#include "forms/cadre/formes.h"
+#include "forms/qt/dialogue.h"
+#include "forms/services/formes.h"
 
 namespace quelvar::forms {
 

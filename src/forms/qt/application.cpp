@@ -1,4 +1,4 @@
-#include "forms/cadre/application.h"
+#include "forms/qt/application.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -8,7 +8,7 @@
 #include <QTranslator>
 
 #include "core/programme/version.h"
-#include "forms/texte/texte_qt.h"
+#include "forms/qt/texte.h"
 
 // The resources of a static library are brought in by hand, outside of any namespace.
 static void InitialiserRessources() {

@@ -15,7 +15,7 @@
 #include <cstring>
 #include <optional>
 
-#include "forms/aide/aide.h"
+#include "forms/aide/publication/avisperimes.h"
 
 namespace {
 

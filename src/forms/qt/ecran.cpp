@@ -1,4 +1,4 @@
-#include "forms/pieces/ecran.h"
+#include "forms/qt/ecran.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

@@ -1,9 +1,9 @@
-#include "forms/cadre/forme.h"
+#include "forms/services/forme.h"
 
 #include <QCloseEvent>
 
 #include "core/programme/annulation.h"
-#include "forms/cadre/services.h"
+#include "forms/services/services.h"
 
 namespace quelvar::forms {
 

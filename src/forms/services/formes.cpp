@@ -1,4 +1,4 @@
-#include "forms/cadre/formes.h"
+#include "forms/services/formes.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/pieces/ecran.h"
+#include "forms/qt/ecran.h"
 
 namespace quelvar::forms {
 

@@ -1,4 +1,4 @@
-#include "forms/pieces/brouillon.h"
+#include "forms/services/brouillon.h"
 
 #include <utility>
 

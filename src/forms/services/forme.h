@@ -9,7 +9,7 @@
 
 #include "core/options/description.h"
 #include "core/programme/programme.h"
-#include "forms/cadre/lanceur.h"
+#include "forms/services/lanceur.h"
 
 namespace quelvar::forms {
 
