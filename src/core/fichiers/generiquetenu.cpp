@@ -13,12 +13,12 @@
 #include <tuple>
 #include <utility>
 
+#include "core/chiffres/dateheure.h"
 #include "core/fichiers/appels.h"
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
 #include "core/panne/erreur.h"
-#include "core/programme/dialogue.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -40,7 +40,7 @@ std::string Utilisateur() {
 }
 
 std::string Instant() {
-  const DateHeure maintenant = Dialogue::HeureLocale();
+  const DateHeure maintenant = HeureLocale();
   return Joindre({TexteDate(maintenant), " à "_w, TexteHeure(maintenant)});
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/chiffres/dateheure.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {
@@ -32,11 +33,6 @@ struct Affichage {
   std::string panne;       // of a run that stopped: the failure and its place, when its reader knows it
 };
 
-// A local date and time.
-struct DateHeure {
-  int annee = 0, mois = 1, jour = 1, heure = 0, minute = 0, seconde = 0;
-};
-
 struct Dialogue {
   // Shows the progress display with its maximum; 0 hides it.
   std::function<void(std::int64_t maximum)> montrerProgression = [](std::int64_t) {};
@@ -57,12 +53,6 @@ struct Dialogue {
   std::function<void()> biper = [] {};
   std::function<void(const Affichage& affichage)> afficher = [](const Affichage&) {};
   std::function<DateHeure()> horloge = HeureLocale;
-
-  static DateHeure HeureLocale();
 };
-
-// dd/mm/yyyy and hh:mm:ss.
-std::string TexteDate(const DateHeure& instant);
-std::string TexteHeure(const DateHeure& instant);
 
 }  // namespace quelvar

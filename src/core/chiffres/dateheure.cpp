@@ -1,4 +1,4 @@
-#include "core/programme/dialogue.h"
+#include "core/chiffres/dateheure.h"
 
 #include <cstdio>
 #include <ctime>
@@ -13,7 +13,7 @@ constexpr std::size_t kDateAuPlus = 40;  // characters of a date or a time, what
 
 }  // namespace
 
-DateHeure Dialogue::HeureLocale() {
+DateHeure HeureLocale() {
   const std::time_t maintenant = std::time(nullptr);
   std::tm local{};
   ::localtime_r(&maintenant, &local);
