@@ -45,8 +45,9 @@ inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles)
   return LigneDeParametres(std::span(cles.begin(), cles.size()));
 }
 
-// Parses the line. A token without "=" leaves every parameter unset, with the remark "Arret : manque signe = dans ligne
-// 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type, at line 2 of the file of that name.
-ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod = "*.MOD");
+// Parses the line of the file `nomMod`. A token without "=" leaves every parameter unset, with the remark "Arret :
+// manque signe = dans ligne 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type, at line 2 of that
+// file.
+ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod);
 
 }  // namespace quelvar

@@ -166,12 +166,6 @@ void LeverErrnoDeCreation(const Chemin& chemin, int codeErrno) {
   LeverErrno(chemin, codeErrno);
 }
 
-std::string NomDeSauvegarde(std::string_view nom) {
-  std::string sauvegarde(nom);
-  if (!sauvegarde.empty()) sauvegarde.back() = '2';
-  return sauvegarde;
-}
-
 LecteurLignes::LecteurLignes(const Chemin& chemin)
     : nom_(chemin.filename().native()),
       descripteur_(OuvrirEnLecture(chemin)),

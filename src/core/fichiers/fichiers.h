@@ -39,8 +39,6 @@ std::string LireOctets(const Chemin& chemin);
 std::string LireMorceau(const Chemin& chemin, std::uintmax_t debut, std::size_t taille);
 // That failure, met at that file.
 Erreur EchecDuFichier(const Chemin& chemin, int numero);
-// Name of the copy that keeps a former file: the last character replaced by "2" (.MOD gives .MO2).
-std::string NomDeSauvegarde(std::string_view nom);
 
 // Reads a file line by line. CR LF and LF end a line; the last one may lack its end; a final byte 1A hex ends the file.
 class LecteurLignes {

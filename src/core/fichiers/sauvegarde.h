@@ -9,11 +9,12 @@
 
 namespace quelvar {
 
-// The name of a copy by its number: .CS2, .CS3 ... .CS9, .C10 ... .C99 for a .CSV.
-std::string NomDeSauvegarde(std::string_view nom, int numero);
 // The numbers of copies: the file itself is the first one, and two characters of an extension hold no more.
 inline constexpr int kPremiereSauvegarde = 2;
 inline constexpr int kDerniereSauvegarde = 99;
+// The name of a copy by its number, which takes the place of the last characters: .CS2, .CS3 ... .CS9, .C10 ... .C99
+// for a .CSV. Without a number, the usual name.
+std::string NomDeSauvegarde(std::string_view nom, int numero = kPremiereSauvegarde);
 
 // The first of these names that no file has. Raises kAccesFichier, with a sentence, when all of them are taken.
 std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom);

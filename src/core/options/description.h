@@ -118,7 +118,7 @@ class Description : public TableDOptions<Options> {
     const auto poser = [=](Options& options, const std::string& texte) {
       std::invoke(membre, options) = LireEntier(nom, texte, minimum, maximum);
     };
-    return Ajouter(std::move(option), poser, Ecrivain(membre, [](int valeur) { return Nombre(valeur); }));
+    return Ajouter(std::move(option), poser, EcrireMembre(membre, [](int valeur) { return Nombre(valeur); }));
   }
 
   template <typename Membre>
@@ -139,7 +139,7 @@ class Description : public TableDOptions<Options> {
     const auto poser = [=](Options& options, const std::string& texte) {
       std::invoke(membre, options) = LireReel(nom, texte, plusPetit, plusGrand);
     };
-    return Ajouter(std::move(option), poser, Ecrivain(membre, EcrireReel));
+    return Ajouter(std::move(option), poser, EcrireMembre(membre, EcrireReel));
   }
 
   template <typename Membre>
@@ -150,7 +150,7 @@ class Description : public TableDOptions<Options> {
     option.valeurs = valeurs;
     option.aide = aide;
     const auto poser = [=](Options& options, const std::string& texte) { std::invoke(membre, options) = texte; };
-    return Ajouter(std::move(option), poser, Ecrivain(membre, [](const std::string& texte) { return texte; }));
+    return Ajouter(std::move(option), poser, EcrireMembre(membre, [](const std::string& texte) { return texte; }));
   }
 
   // The name of a file, of which no letter is lost.
@@ -183,7 +183,7 @@ class Description : public TableDOptions<Options> {
     const auto poser = [=](Options& options, const std::string& texte) {
       std::invoke(membre, options) = NomsSepares(texte);
     };
-    return Ajouter(std::move(option), poser, Ecrivain(membre, NomsJoints));
+    return Ajouter(std::move(option), poser, EcrireMembre(membre, NomsJoints));
   }
 
   // "NOM=TEXTE", which may be repeated: the pairs in their order.
@@ -300,7 +300,7 @@ class Description : public TableDOptions<Options> {
 
  private:
   template <typename Membre, typename EnTexte>
-  static Ecrire Ecrivain(Membre membre, EnTexte enTexte) {
+  static Ecrire EcrireMembre(Membre membre, EnTexte enTexte) {
     return [membre, enTexte](const Options& options) {
       const auto* const valeur = detail::Presente(std::invoke(membre, options));
       return valeur == nullptr ? std::vector<std::string>() : std::vector<std::string>{enTexte(*valeur)};

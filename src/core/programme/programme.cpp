@@ -243,17 +243,24 @@ void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte) {
   dialogue.biper();
 }
 
-void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
-                    Texte ligneDArret) {
+std::string PhraseDAbsence(const FichierObligatoire& fichier) {
+  return Joindre({fichier.sujet, " ", fichier.nom, " n'existe pas"});
+}
+
+bool ImprimerLesAbsents(Rapport& rapport, std::span<const FichierObligatoire> fichiers) {
   bool manque = false;
   for (const FichierObligatoire& fichier : fichiers) {
     if (fichier.present) continue;
-    rapport.Ligne({"Le fichier ", fichier.nom, " n'existe pas"});
+    rapport.Ligne(PhraseDAbsence(fichier));
     manque = true;
   }
-  if (!manque) return;
-  dialogue.biper();
-  rapport.Ligne(ligneDArret);
+  return manque;
+}
+
+void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
+                    Texte ligneDArret) {
+  if (!ImprimerLesAbsents(rapport, std::span(fichiers.begin(), fichiers.size()))) return;
+  Avertir(rapport, dialogue, ligneDArret);
   throw Erreur(kArretAnnonce);
 }
 

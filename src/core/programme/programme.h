@@ -3,6 +3,8 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,12 +101,17 @@ std::string_view TexteFichAff(std::string_view nom);
 // Writes a warning to the report and beeps.
 void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte);
 
-// Writes "Le fichier ... n'existe pas" for each mandatory file that is missing; when there is one, beeps, writes the
-// stopping line and stops the run (kArretAnnonce).
+// A file that a run cannot do without. `sujet` opens the line that tells its absence.
 struct FichierObligatoire {
   std::string nom;
   bool present;
+  std::string_view sujet = "Le fichier";
 };
+// "Le fichier ENQ.POS n'existe pas".
+std::string PhraseDAbsence(const FichierObligatoire& fichier);
+// Writes this line for each file that is missing; returns whether there is one.
+bool ImprimerLesAbsents(Rapport& rapport, std::span<const FichierObligatoire> fichiers);
+// The same; when there is one, beeps, writes the stopping line and stops the run (kArretAnnonce).
 void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,
                     Texte ligneDArret);
 

@@ -11,15 +11,19 @@ namespace quelvar {
 
 // A whole number that counts nothing: a rank, a position, a code.
 template <class N>
-  requires std::integral<N> || std::floating_point<N>
-Cellule CelluleEntiere(N valeur) {
+requires std::integral<N> || std::floating_point<N> Cellule CelluleEntiere(N valeur) {
   return {.valeur = static_cast<double>(valeur)};
 }
 
 template <class N>
-  requires std::integral<N> || std::floating_point<N>
-Cellule CelluleEffectif(N valeur) {
+requires std::integral<N> || std::floating_point<N> Cellule CelluleEffectif(N valeur) {
   return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif};
+}
+
+// A share in thousandths.
+template <class N>
+requires std::integral<N> || std::floating_point<N> Cellule CellulePourMille(N valeur) {
+  return {.valeur = static_cast<double>(valeur), .unite = Unite::PourMille};
 }
 
 // A text in the place of a value.

@@ -9,7 +9,8 @@
 
 namespace quelvar {
 
-enum class Unite : std::uint8_t { Nombre, Effectif, Pourcent };
+// Which unit a value is in; a per mille bears no sign, since its column says what it is.
+enum class Unite : std::uint8_t { Nombre, Effectif, Pourcent, PourMille };
 
 struct Cellule {
   std::optional<double> valeur = {};  // none: nothing stands there

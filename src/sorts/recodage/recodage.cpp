@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
+#include "core/fichiers/sauvegarde.h"
 #include "core/programme/annulation.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"

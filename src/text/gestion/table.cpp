@@ -117,7 +117,7 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
 // The message on them stands in the report, whose words hold no place.
 ParametresMod LireParametresSansLieu(std::string_view ligne) {
   try {
-    return LireParametres(ligne);
+    return LireParametres(ligne, {});
   } catch (const Erreur& erreur) {
     throw Erreur(erreur.Numero(), erreur.Phrase());
   }

@@ -16,7 +16,7 @@ std::string Refus(bool cdg, std::string_view mod, std::string_view contenu) {
   essai::EcrireOctets(dossier.Chemin() / "ENQ.MOD", mod);
   essai::EcrireOctets(fichier, contenu);
   const FichierMod lu = LireMod(dossier.Chemin() / "ENQ.MOD");
-  const ParametresMod parametres = LireParametres(lu.parametres);
+  const ParametresMod parametres = LireParametres(lu.parametres, "ENQ.MOD");
   try {
     if (cdg) ExigerCdgDuMod(fichier, lu, parametres);
     else ExigerTableDuMod(fichier, lu, parametres);

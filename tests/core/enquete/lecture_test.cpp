@@ -137,11 +137,13 @@ TEST_F(FichiersDEnquete, ShortLinesAreCompletedByBlanks) {
   EXPECT_EQ(lecteur.Lire(), nullptr);
 }
 
+constexpr std::string_view kMod = "ENQ.MOD";
+
 TEST(Parametres, KeywordsByTwoLetters) {
-  const ParametresMod espaces = LireParametres(" BRT = 12 , FMT = 3 ");
+  const ParametresMod espaces = LireParametres(" BRT = 12 , FMT = 3 ", kMod);
   EXPECT_EQ(espaces.burt, 12);
   EXPECT_EQ(espaces.largeur, 3);
-  const ParametresMod synonymes = LireParametres("imax=30;JMAX=4/isup=2:JS=1 lr=6 burt=1 de=3 cdg=1");
+  const ParametresMod synonymes = LireParametres("imax=30;JMAX=4/isup=2:JS=1 lr=6 burt=1 de=3 cdg=1", kMod);
   EXPECT_EQ(synonymes.lignes, 30);
   EXPECT_EQ(synonymes.colonnes, 4);
   EXPECT_EQ(synonymes.lignesSup, 2);
@@ -150,19 +152,19 @@ TEST(Parametres, KeywordsByTwoLetters) {
   EXPECT_EQ(synonymes.burt, 1);
   EXPECT_EQ(synonymes.de, 3);
   EXPECT_EQ(synonymes.cdg, 1);
-  EXPECT_EQ(LireParametres("LSUP=4").lignesSup, LireParametres("ISUP=4").lignesSup);
-  EXPECT_EQ(LireParametres("FMT=3 LA=5").largeur, 5) << "the last one wins";
-  EXPECT_EQ(LireParametres("NBR=7").burt, 7) << "a code counts anywhere in the key";
-  EXPECT_EQ(LireParametres("DECIMALES=3").lignes, 3) << "IM stands before DE in the list";
-  EXPECT_EQ(LireParametres("FMT=x").largeur, 0);
-  const ParametresMod mod = LireParametres("MOD=SEX1");
+  EXPECT_EQ(LireParametres("LSUP=4", kMod).lignesSup, LireParametres("ISUP=4", kMod).lignesSup);
+  EXPECT_EQ(LireParametres("FMT=3 LA=5", kMod).largeur, 5) << "the last one wins";
+  EXPECT_EQ(LireParametres("NBR=7", kMod).burt, 7) << "a code counts anywhere in the key";
+  EXPECT_EQ(LireParametres("DECIMALES=3", kMod).lignes, 3) << "IM stands before DE in the list";
+  EXPECT_EQ(LireParametres("FMT=x", kMod).largeur, 0);
+  const ParametresMod mod = LireParametres("MOD=SEX1", kMod);
   EXPECT_TRUE(mod.modPresent);
   EXPECT_EQ(mod.mod, "SEX1");
-  EXPECT_THROW(LireParametres("FMT=40000"), Erreur);
+  EXPECT_THROW(LireParametres("FMT=40000", kMod), Erreur);
 }
 
 TEST_F(FichiersDEnquete, AMissingEqualSignUnsetsEverything) {
-  const ParametresMod parametres = LireParametres("BRT=3 FMT=5.0");
+  const ParametresMod parametres = LireParametres("BRT=3 FMT=5.0", kMod);
   EXPECT_EQ(parametres.burt, 0);
   EXPECT_EQ(parametres.remarques, std::vector<std::string>{"Arret : manque signe = dans ligne 2 de *.MOD"});
 }

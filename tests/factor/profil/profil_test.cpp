@@ -55,7 +55,7 @@ TEST(Choix, NamesComeBackWholeFromTheLine) {
     ASSERT_EQ(RefusDuChoix(noms), "");
     const std::string ligne = LigneDuChoix(" BRT=12 FMT=3 LIGN=20 LSUP=8 JSUP=-1 CDG=1 MOD=AGE9", noms, "ENQ.MOD");
     EXPECT_EQ(ligne, "LIGN=20 LSUP=8 LA=3 BRT=12  MOD=" + TexteDuChoix(noms));
-    EXPECT_EQ(NomsDuChoix(LireParametres(ligne).mod), noms);
+    EXPECT_EQ(NomsDuChoix(LireParametres(ligne, "ENQ.MOD").mod), noms);
   }
   for (const char* refuse : {"A~1 ", "A.1 ", "A=1 ", "A/1 "}) EXPECT_NE(RefusDuChoix({refuse}), "") << refuse;
   EXPECT_EQ(RefusDuChoix({}), std::string("Aucune modalité n'a été choisie"_w));
