@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <optional>
 
-#include "core/fichiers/morceaux.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/programme/annulation.h"
 #include "core/texte/caracteres.h"
 

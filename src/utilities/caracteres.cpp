@@ -2,7 +2,7 @@
 
 #include <numeric>
 
-#include "core/fichiers/morceaux.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
 #include "utilities/listage.h"

@@ -13,8 +13,8 @@
 
 #include "batch/chantier.h"
 #include "batch/programmes.h"
-#include "core/fichiers/appels.h"
 #include "core/fichiers/generiquetenu.h"
+#include "core/fichiers/systeme/appels.h"
 #include "core/texte/texte.h"
 #include "support/environnement.h"
 

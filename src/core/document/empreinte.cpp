@@ -1,7 +1,7 @@
 #include "core/document/empreinte.h"
 
-#include "core/fichiers/condense.h"
 #include "core/fichiers/provisoire.h"
+#include "core/fichiers/systeme/condense.h"
 
 namespace quelvar {
 

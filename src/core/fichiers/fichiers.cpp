@@ -10,12 +10,12 @@
 #include <utility>
 #include <vector>
 
-#include "core/fichiers/appels.h"
-#include "core/fichiers/condense.h"
-#include "core/fichiers/echecs.h"
-#include "core/fichiers/lignelongue.h"
-#include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
+#include "core/fichiers/systeme/appels.h"
+#include "core/fichiers/systeme/condense.h"
+#include "core/fichiers/systeme/echecs.h"
+#include "core/fichiers/systeme/lignelongue.h"
+#include "core/fichiers/systeme/marque.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 

@@ -14,10 +14,10 @@
 #include <utility>
 
 #include "core/chiffres/dateheure.h"
-#include "core/fichiers/appels.h"
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
+#include "core/fichiers/systeme/appels.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "core/fichiers/appels.h"
-#include "core/fichiers/marque.h"
-#include "core/fichiers/morceaux.h"
 #include "core/fichiers/releve.h"
 #include "core/fichiers/signaux.h"
+#include "core/fichiers/systeme/appels.h"
+#include "core/fichiers/systeme/marque.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar {

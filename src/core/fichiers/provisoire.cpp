@@ -10,11 +10,11 @@
 #include <cstring>
 #include <utility>
 
-#include "core/fichiers/appels.h"
-#include "core/fichiers/echecs.h"
-#include "core/fichiers/marque.h"
-#include "core/fichiers/morceaux.h"
 #include "core/fichiers/signaux.h"
+#include "core/fichiers/systeme/appels.h"
+#include "core/fichiers/systeme/echecs.h"
+#include "core/fichiers/systeme/marque.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/texte/texte.h"
 
 namespace quelvar {

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/fichiers/condense.h"
 #include "core/fichiers/fichiers.h"
+#include "core/fichiers/systeme/condense.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar {

@@ -5,9 +5,9 @@
 #include <array>
 #include <charconv>
 
-#include "core/fichiers/appels.h"
-#include "core/fichiers/condense.h"
 #include "core/fichiers/provisoire.h"
+#include "core/fichiers/systeme/appels.h"
+#include "core/fichiers/systeme/condense.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 

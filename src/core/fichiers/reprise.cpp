@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "core/fichiers/appels.h"
-#include "core/fichiers/marque.h"
 #include "core/fichiers/provisoire.h"
 #include "core/fichiers/signaux.h"
+#include "core/fichiers/systeme/appels.h"
+#include "core/fichiers/systeme/marque.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 

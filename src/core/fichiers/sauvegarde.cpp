@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/fichiers/morceaux.h"
+#include "core/fichiers/systeme/morceaux.h"
 
 namespace quelvar {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "core/chiffres/nombres.h"
-#include "core/fichiers/morceaux.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/programme/version.h"
 
 namespace quelvar {

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "core/chiffres/nombres.h"
-#include "core/fichiers/lignelongue.h"
+#include "core/fichiers/systeme/lignelongue.h"
 #include "core/texte/lignes.h"
 
 namespace quelvar::text {

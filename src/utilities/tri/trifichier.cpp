@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
-#include "core/fichiers/lignelongue.h"
+#include "core/fichiers/systeme/lignelongue.h"
 #include "core/programme/place.h"
 #include "core/texte/lignes.h"
 #include "utilities/tri/compte.h"

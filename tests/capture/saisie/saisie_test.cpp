@@ -13,7 +13,7 @@
 #include "capture/saisie/rejeu.h"
 #include "capture/saisie/touches.h"
 #include "core/chiffres/nombres.h"
-#include "core/fichiers/appels.h"
+#include "core/fichiers/systeme/appels.h"
 #include "support/programme.h"
 
 using namespace quelvar;

@@ -14,9 +14,9 @@
 #include <functional>
 #include <map>
 
-#include "core/fichiers/appels.h"
 #include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
+#include "core/fichiers/systeme/appels.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
 

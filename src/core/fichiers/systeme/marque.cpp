@@ -1,4 +1,4 @@
-#include "core/fichiers/marque.h"
+#include "core/fichiers/systeme/marque.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,9 +9,9 @@
 #include <cstdio>
 #include <vector>
 
-#include "core/fichiers/appels.h"
-#include "core/fichiers/condense.h"
-#include "core/fichiers/morceaux.h"
+#include "core/fichiers/systeme/appels.h"
+#include "core/fichiers/systeme/condense.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 

@@ -1,4 +1,4 @@
-#include "core/fichiers/appels.h"
+#include "core/fichiers/systeme/appels.h"
 
 #include <fcntl.h>
 #include <linux/fs.h>
