@@ -84,14 +84,6 @@ std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin) {
   }
 }
 
-Erreur PasUnFichier(const Chemin& chemin) {
-  std::error_code ignoree;
-  const std::string_view genre = fs::is_directory(chemin, ignoree)
-                                     ? " est un répertoire et non un fichier : "_w
-                                     : " est un tube ou un périphérique et non un fichier : "_w;
-  return {kAccesFichier, Joindre({TexteDe(chemin.filename()), genre, TexteErreur(kAccesFichier)})};
-}
-
 bool VerifierCible(const Chemin& cible) {
   struct stat etat {};
   if (::stat(cible.c_str(), &etat) != 0) return false;

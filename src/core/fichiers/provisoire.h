@@ -7,8 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/fichiers/fichiers.h"
+#include "core/fichiers/systeme/chemins.h"
 #include "core/fichiers/systeme/condense.h"
+#include "core/fichiers/systeme/ecriture.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar {
@@ -76,8 +77,6 @@ struct MesureDeFichier {
 };
 std::optional<MesureDeFichier> MesurerFichier(const Chemin& chemin);
 
-// The failure (kAccesFichier) that a directory, a pipe or a device in place of a file is.
-Erreur PasUnFichier(const Chemin& chemin);
 // Raises a sentence (kAccesFichier) for what is no ordinary file, kPermissionRefusee for a file that this user may not
 // replace in its directory. Returns whether there is a file.
 bool VerifierCible(const Chemin& cible);

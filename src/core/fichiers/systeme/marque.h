@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/fichiers/fichiers.h"
+#include "core/fichiers/systeme/chemins.h"
 
 namespace quelvar {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/fichiers/fichiers.h"
+#include "core/fichiers/systeme/lecture.h"
 
 namespace quelvar {
 
