@@ -78,7 +78,7 @@ std::string ValeurDeLOption(const Programme& programme, const std::string& optio
 }
 
 // Takes a global option; false when the argument is none.
-bool PrendreOptionGenerale(const std::string& argument, Arguments& arguments, Demande& demande) {
+bool PrendreOptionGenerale(const std::string& argument, Arguments& arguments, LigneDeCommande& demande) {
   if (argument == "-C") {
     arguments.Valeur(argument);
     const std::string repertoire = arguments.DernierNom();
@@ -105,13 +105,13 @@ bool PrendreOptionGenerale(const std::string& argument, Arguments& arguments, De
   return true;
 }
 
-void PrendreProgramme(const std::string& nom, Arguments& arguments, Demande& demande) {
+void PrendreProgramme(const std::string& nom, Arguments& arguments, LigneDeCommande& demande) {
   demande.programme = &Trouver(nom);
   bool avecGenerique = false;
   while (arguments.Reste()) {
     const std::string argument = arguments.Prendre();
     if (argument == "--aide") {
-      demande.genre = Demande::Genre::AideProgramme;
+      demande.genre = LigneDeCommande::Genre::AideProgramme;
       return;
     }
     if (!argument.empty() && argument[0] == '-' && PrendreOptionGenerale(argument, arguments, demande)) continue;
@@ -134,18 +134,18 @@ void PrendreProgramme(const std::string& nom, Arguments& arguments, Demande& dem
 
 }  // namespace
 
-Demande LireLigneDeCommande(const std::vector<std::string>& tapes) {
-  Demande demande;
+LigneDeCommande LireLigneDeCommande(const std::vector<std::string>& tapes) {
+  LigneDeCommande demande;
   Arguments arguments(tapes);
   while (arguments.Reste()) {
     const std::string argument = arguments.Prendre();
     if (PrendreOptionGenerale(argument, arguments, demande)) continue;
     if (argument == "--liste") {
-      demande.genre = Demande::Genre::Liste;
+      demande.genre = LigneDeCommande::Genre::Liste;
       return demande;
     }
     if (argument == "--aide" || argument == "--help" || argument == "-h") {
-      demande.genre = Demande::Genre::AideGenerale;
+      demande.genre = LigneDeCommande::Genre::AideGenerale;
       return demande;
     }
     if (!argument.empty() && argument[0] == '-') throw UsageIncorrect(Joindre({"option inconnue : ", argument}));

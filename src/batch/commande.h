@@ -11,7 +11,7 @@
 
 namespace quelvar::batch {
 
-struct Demande {
+struct LigneDeCommande {
   enum class Genre { Executer, Liste, AideGenerale, AideProgramme };
   Genre genre = Genre::Executer;
   Chemin repertoire = ".";
@@ -24,7 +24,7 @@ struct Demande {
 };
 
 // Parses the arguments (UTF-8, without the program's name). Raises UsageIncorrect.
-Demande LireLigneDeCommande(const std::vector<std::string>& tapes);
+LigneDeCommande LireLigneDeCommande(const std::vector<std::string>& tapes);
 
 // Texts in the code page.
 std::string TexteListe();

@@ -32,7 +32,7 @@ std::string SansRetoursChariot(std::string_view texte) {
   }
 }
 
-std::optional<std::string> ReponseSuivante(Demande& demande) {
+std::optional<std::string> ReponseSuivante(LigneDeCommande& demande) {
   if (demande.reponses.empty()) return std::nullopt;
   std::string reponse = std::move(demande.reponses.front());
   demande.reponses.pop_front();
@@ -78,7 +78,7 @@ void Afficher(const Affichage& affichage) {
 
 }  // namespace
 
-Dialogue DialogueBatch(Demande& demande) {
+Dialogue DialogueBatch(LigneDeCommande& demande) {
   Dialogue dialogue;
   dialogue.demander = [&demande](std::string_view texte, Boutons boutons) {
     Ecrire(stderr, Joindre({SansRetoursChariot(texte), "\n"}));

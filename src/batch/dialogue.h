@@ -8,6 +8,6 @@
 namespace quelvar::batch {
 
 // The request must outlive the dialogue, which consumes its answers.
-Dialogue DialogueBatch(Demande& demande);
+Dialogue DialogueBatch(LigneDeCommande& demande);
 
 }  // namespace quelvar::batch

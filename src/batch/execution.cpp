@@ -5,7 +5,7 @@
 
 namespace quelvar::batch {
 
-Fin ExecuterDemande(Demande& demande) {
+Fin ExecuterCommande(LigneDeCommande& demande) {
   Dialogue dialogue = DialogueBatch(demande);
   const Contexte contexte{demande.repertoire, demande.generique, demande.niveau, &dialogue};
   const GeneriqueTenu tenu(contexte.repertoire, contexte.generique, demande.programme->nom,

@@ -7,6 +7,6 @@ namespace quelvar::batch {
 
 // `demande` is consumed. Raises a sentence (kPermissionRefusee) when another process holds the generic, UsageIncorrect
 // for an option.
-Fin ExecuterDemande(Demande& demande);
+Fin ExecuterCommande(LigneDeCommande& demande);
 
 }  // namespace quelvar::batch

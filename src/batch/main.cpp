@@ -21,14 +21,14 @@ void Montrer(std::string_view texte) { std::fputs(VersUtf8(texte).c_str(), stdou
 
 void Plaindre(std::string_view texte) { std::fprintf(stderr, "quelvar-batch : %s\n", VersUtf8(texte).c_str()); }
 
-int Executer(Demande& demande) {
+int Executer(LigneDeCommande& demande) {
   switch (demande.genre) {
-    case Demande::Genre::Liste: Montrer(TexteListe()); return kFinNormale;
-    case Demande::Genre::AideGenerale: Montrer(TexteAideGenerale()); return kFinNormale;
-    case Demande::Genre::AideProgramme: Montrer(TexteAideProgramme(*demande.programme)); return kFinNormale;
-    case Demande::Genre::Executer: break;
+    case LigneDeCommande::Genre::Liste: Montrer(TexteListe()); return kFinNormale;
+    case LigneDeCommande::Genre::AideGenerale: Montrer(TexteAideGenerale()); return kFinNormale;
+    case LigneDeCommande::Genre::AideProgramme: Montrer(TexteAideProgramme(*demande.programme)); return kFinNormale;
+    case LigneDeCommande::Genre::Executer: break;
   }
-  return ExecuterDemande(demande) == Fin::Normale ? kFinNormale : kArret;
+  return ExecuterCommande(demande) == Fin::Normale ? kFinNormale : kArret;
 }
 
 // A standard file that the caller has closed must not become a file of the survey: nothing comes from it, and what is
@@ -54,7 +54,7 @@ int main(int argc, char** argv) {
   OccuperLesEntreesFermees();
   EffacerAuxSignaux();
   try {
-    Demande demande = LireLigneDeCommande({argv + 1, argv + argc});
+    LigneDeCommande demande = LireLigneDeCommande({argv + 1, argv + argc});
     return Achever(Executer(demande));
   } catch (const UsageIncorrect& erreur) {
     Plaindre(erreur.what());

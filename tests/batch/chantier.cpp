@@ -41,8 +41,8 @@ int Courir(const std::vector<std::string>& arguments) {
   try {
     std::vector<std::string> mots = {"--horloge", "2017-05-02 14:30:00"};
     mots.insert(mots.end(), arguments.begin(), arguments.end());
-    batch::Demande demande = batch::LireLigneDeCommande(mots);
-    return batch::ExecuterDemande(demande) == Fin::Normale ? 0 : 1;
+    batch::LigneDeCommande demande = batch::LireLigneDeCommande(mots);
+    return batch::ExecuterCommande(demande) == Fin::Normale ? 0 : 1;
   } catch (const UsageIncorrect&) {
     return 2;
   } catch (const Erreur&) {

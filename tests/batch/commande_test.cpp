@@ -11,7 +11,7 @@ namespace quelvar::batch {
 namespace {
 
 TEST(LigneDeCommande, GlobalOptionsMayStandOnBothSidesOfTheProgram) {
-  const Demande demande =
+  const LigneDeCommande demande =
       LireLigneDeCommande({"-C", "/", "--niveau", "2", "--reponse", "Oui", "TRIAPL", "Enqu\xC3\xAAte.pos", "Limite=50",
                            "--horloge", "2017-05-02 14:30:05", "donnees=A=B.DAT"});
   EXPECT_EQ(demande.programme->nom, "triapl");
@@ -21,7 +21,7 @@ TEST(LigneDeCommande, GlobalOptionsMayStandOnBothSidesOfTheProgram) {
   EXPECT_EQ(demande.reponses.size(), 1U);
   EXPECT_EQ(TexteDate(*demande.horloge) + TexteHeure(*demande.horloge), "02/05/201714:30:05");
   EXPECT_EQ(demande.options, (LigneDOptions{{"limite", "50"}, {"donnees", "A=B.DAT"}}));
-  EXPECT_EQ(LireLigneDeCommande({"triapl", "--aide"}).genre, Demande::Genre::AideProgramme);
+  EXPECT_EQ(LireLigneDeCommande({"triapl", "--aide"}).genre, LigneDeCommande::Genre::AideProgramme);
 }
 
 TEST(LigneDeCommande, WhatCannotBeRunIsRefused) {
@@ -57,7 +57,7 @@ TEST(LigneDeCommande, ForeignCharactersAreRefusedWhereAFileWouldLoseThem) {
   EXPECT_EQ(refus({"modifmodr", "ENQ", "intitule=CIN1=\xE2\x82\xAC \xC5\x93uvre \xC2\x81?"}), "");
   EXPECT_EQ(refus({"import", "ENQ", "feuille=\xE6\x97\xA5", "fichier=\xE6\x97\xA5.csv"}), "");
   EXPECT_EQ(refus({"anatab", "\xE6\x97\xA5", "image=\xE6\x97\xA5.svg"}), "");
-  const Demande demande = LireLigneDeCommande({"--reponse", "\xE6\x97\xA5", "modifburt", "ENQ"});
+  const LigneDeCommande demande = LireLigneDeCommande({"--reponse", "\xE6\x97\xA5", "modifburt", "ENQ"});
   EXPECT_EQ(VersUtf8(demande.reponses.front()), "\xE6\x97\xA5") << "it may name a generic";
 }
 
@@ -74,7 +74,7 @@ TEST(Programmes, EveryProgramIsListedOnceWithItsHelp) {
 }
 
 TEST(DialogueBatch, AnswersAreTakenInOrderAndOnlyByBoxesThatAsk) {
-  Demande demande;
+  LigneDeCommande demande;
   demande.reponses = {"non", "annuler", "nouveau"};
   Dialogue dialogue = DialogueBatch(demande);
   EXPECT_EQ(dialogue.demander("information", Boutons::Ok), Reponse::Ok);

@@ -149,7 +149,7 @@ TEST(OptionsDesProgrammes, ReadingWhatWasWrittenGivesTheSameOptions) {
                                                   << CommandeEcrite(programme.nom, "ENQ", 1, ecrite);
       Textes mots = Mots(CommandeEcrite(programme.nom, "ENQ", 2, ecrite));
       for (std::string& mot : mots) mot = VersUtf8(mot);
-      const Demande demande = LireLigneDeCommande({mots.begin() + 1, mots.end()});
+      const LigneDeCommande demande = LireLigneDeCommande({mots.begin() + 1, mots.end()});
       EXPECT_EQ(demande.options, ecrite);
       EXPECT_EQ(demande.niveau, 2);
     }

@@ -18,7 +18,7 @@ constexpr int kChiffresDUnDouble = 15;
 constexpr int kChiffresDUnSimple = 7;
 
 // The characters of one number, gathered without the blanks between them, in the writing that from_chars takes.
-struct NombreLu {
+struct ChiffresLus {
   std::string texte;  // sign "-", digits, point, exponent with "e"
   bool chiffres = false;
   std::size_t fin = 0;  // first character of the source that does not belong to it
@@ -30,7 +30,7 @@ std::size_t SauterBlancs(std::string_view t, std::size_t i) {
 }
 
 // Reads "E", an optional sign and digits; leaves everything as it was when no digit follows.
-void LireExposant(std::string_view t, NombreLu& nombre) {
+void LireExposant(std::string_view t, ChiffresLus& nombre) {
   std::size_t i = SauterBlancs(t, nombre.fin);
   if (i >= t.size() || (t[i] != 'E' && t[i] != 'e' && t[i] != 'D' && t[i] != 'd')) return;
   std::string exposant = "e";
@@ -47,8 +47,8 @@ void LireExposant(std::string_view t, NombreLu& nombre) {
   nombre.texte += exposant;
 }
 
-NombreLu LireNombre(std::string_view t) {
-  NombreLu nombre;
+ChiffresLus LireNombre(std::string_view t) {
+  ChiffresLus nombre;
   std::size_t i = 0;
   while (i < t.size() && (t[i] == ' ' || t[i] == '\t')) ++i;
   if (i < t.size() && (t[i] == '+' || t[i] == '-')) {
@@ -66,7 +66,7 @@ NombreLu LireNombre(std::string_view t) {
   return nombre;
 }
 
-double Convertir(const NombreLu& nombre) {
+double Convertir(const ChiffresLus& nombre) {
   double valeur = 0;
   const char* fin = nombre.texte.data() + nombre.texte.size();
   const auto [_, erreur] = std::from_chars(nombre.texte.data(), fin, valeur);
@@ -112,12 +112,12 @@ double ValeurDe(std::string_view texte) {
     entier = entier * 10 + (texte[i++] - '0');
   if (i == texte.size()) return static_cast<double>(entier);
 
-  const NombreLu nombre = LireNombre(texte);
+  const ChiffresLus nombre = LireNombre(texte);
   return nombre.chiffres ? Convertir(nombre) : 0;
 }
 
 bool EstNombre(std::string_view texte) {
-  const NombreLu nombre = LireNombre(texte);
+  const ChiffresLus nombre = LireNombre(texte);
   return nombre.chiffres && texte.find_first_not_of(" \t", nombre.fin) == std::string_view::npos;
 }
 

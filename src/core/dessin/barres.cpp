@@ -43,7 +43,7 @@ std::string Tenir(std::string texte, double largeur) {
 }
 
 // Where the percentages stand across the page.
-struct Echelle {
+struct EchelleDesBarres {
   double zero;
   double pas;   // points for one percent
   int minimum;  // -100, or 0 when no bar goes below
@@ -51,7 +51,7 @@ struct Echelle {
   double X(int pourCent) const { return zero + pas * std::clamp(pourCent, minimum, kPlein); }
 };
 
-Echelle EchelleDe(const std::vector<GroupeDeBarres>& groupes) {
+EchelleDesBarres EchelleDe(const std::vector<GroupeDeBarres>& groupes) {
   const auto negative = [](const Barre& barre) { return barre.pourCent < 0; };
   const bool deux = std::any_of(groupes.begin(), groupes.end(), [&](const GroupeDeBarres& groupe) {
     return std::any_of(groupe.barres.begin(), groupe.barres.end(), negative);
@@ -60,7 +60,7 @@ Echelle EchelleDe(const std::vector<GroupeDeBarres>& groupes) {
   return {zero, (kBout - zero) / kPlein, deux ? -kPlein : 0};
 }
 
-void TracerEchelle(Dessin& dessin, const Echelle& echelle, double haut, double bas) {
+void TracerEchelle(Dessin& dessin, const EchelleDesBarres& echelle, double haut, double bas) {
   for (int pourCent = echelle.minimum; pourCent <= kPlein; pourCent += kPasDeLEchelle) {
     const double x = echelle.X(pourCent);
     dessin.Ligne({x, haut - kDepassement}, {x, bas},
@@ -72,7 +72,7 @@ void TracerEchelle(Dessin& dessin, const Echelle& echelle, double haut, double b
   }
 }
 
-void TracerBarre(Dessin& dessin, const Echelle& echelle, const Barre& barre, double milieu) {
+void TracerBarre(Dessin& dessin, const EchelleDesBarres& echelle, const Barre& barre, double milieu) {
   const double bout = echelle.X(barre.pourCent);
   const bool negative = barre.pourCent < 0;
   const Couleur couleur = negative ? Couleur::Rouge : Couleur::Bleu;
@@ -93,7 +93,7 @@ Dessin DessinerBarres(const std::vector<GroupeDeBarres>& groupes, const std::str
   double hauteur = kPied;
   for (const GroupeDeBarres& groupe : groupes) hauteur += kTete + kPas * static_cast<double>(groupe.barres.size());
   Dessin dessin(kLargeur, hauteur);
-  const Echelle echelle = EchelleDe(groupes);
+  const EchelleDesBarres echelle = EchelleDe(groupes);
   double haut = 0;
   std::int32_t element = 0;
   for (const GroupeDeBarres& groupe : groupes) {

@@ -67,12 +67,12 @@ AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle) {
   return partiel;
 }
 
-Resultat LireResultat(const Chemin& chemin) {
+ResultatLu LireResultat(const Chemin& chemin) {
   const std::string nom = TexteDe(chemin.filename());
   const std::uintmax_t longueur = LongueurFichier(chemin);
-  if (longueur == 0) return {Resultat::Etat::Vide, Joindre({"Le fichier ", nom, " est vide : vous devez l'effacer"})};
-  if (longueur > kAffichageEntier) return {Resultat::Etat::TropLong, TexteTropLong(nom)};
-  return {Resultat::Etat::Montre, LireOctets(chemin)};
+  if (longueur == 0) return {ResultatLu::Etat::Vide, Joindre({"Le fichier ", nom, " est vide : vous devez l'effacer"})};
+  if (longueur > kAffichageEntier) return {ResultatLu::Etat::TropLong, TexteTropLong(nom)};
+  return {ResultatLu::Etat::Montre, LireOctets(chemin)};
 }
 
 }  // namespace quelvar

@@ -29,12 +29,12 @@ AffichagePartiel LirePartiel(const Chemin& chemin, bool avecRegle);
 
 // How a result file is shown: one longer than kAffichageEntier goes to the viewer, the text box could not hold it.
 inline constexpr std::uintmax_t kAffichageEntier = std::uintmax_t{8} << 20;
-struct Resultat {
+struct ResultatLu {
   enum class Etat { Montre, Vide, TropLong };
   Etat etat = Etat::Montre;
   std::string texte;  // the file, the question whether to delete it, or where to look at it
 };
 // Raises a failure of reading.
-Resultat LireResultat(const Chemin& chemin);
+ResultatLu LireResultat(const Chemin& chemin);
 
 }  // namespace quelvar

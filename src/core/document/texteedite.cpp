@@ -70,9 +70,9 @@ Fins CompterFins(std::string_view octets) {
   return fins;
 }
 
-void AjouterLigne(std::u16string& texte, std::string_view ligne, Encodage encodage) {
+void AjouterLigne(std::u16string& texte, std::string_view ligne, EncodageDuTexte encodage) {
   static const std::array<char16_t, 256> table = TableDeLecture();
-  if (encodage == Encodage::PageDeCode) {
+  if (encodage == EncodageDuTexte::PageDeCode) {
     for (const char c : ligne) texte += table[static_cast<unsigned char>(c)];
     return;
   }
@@ -94,10 +94,10 @@ char32_t Suivant(std::u16string_view& texte) {
   return point;
 }
 
-void AjouterCaractere(std::string& octets, char32_t point, Encodage encodage) {
+void AjouterCaractere(std::string& octets, char32_t point, EncodageDuTexte encodage) {
   if (EstImage(point)) {
     octets += OctetDImage(static_cast<char16_t>(point));
-  } else if (encodage == Encodage::Utf8) {
+  } else if (encodage == EncodageDuTexte::Utf8) {
     AjouterUtf8(octets, point);
   } else {
     const int octet = OctetDe(point == kTraitVisible ? kTraitConditionnel : point);
@@ -126,7 +126,7 @@ DocumentTexte DecoderTexte(std::string_view octets) {
     octets.remove_suffix(1);
   }
   if (EstUtf8Lisible(octets)) {
-    forme.encodage = Encodage::Utf8;
+    forme.encodage = EncodageDuTexte::Utf8;
     forme.marqueUtf8 = OterMarqueUtf8(octets);
   }
   const Fins fins = CompterFins(octets);
@@ -172,14 +172,15 @@ std::string EncoderTexte(std::u16string_view texte, const FormeTexte& forme) {
   return octets;
 }
 
-std::u16string CaracteresAdmis(std::u16string_view texte, Encodage encodage) {
+std::u16string CaracteresAdmis(std::u16string_view texte, EncodageDuTexte encodage) {
   std::u16string admis;
   admis.reserve(texte.size());
   while (!texte.empty()) {
     char32_t point = Suivant(texte);
-    if (encodage == Encodage::PageDeCode && point == kTraitConditionnel) point = kTraitVisible;
+    if (encodage == EncodageDuTexte::PageDeCode && point == kTraitConditionnel) point = kTraitVisible;
     const bool controle = point < 0x100 && point != '\n' && EstControle(static_cast<unsigned char>(point));
-    const bool connu = encodage == Encodage::Utf8 || OctetDe(point) >= 0 || EstImage(point) || point == kTraitVisible;
+    const bool connu =
+        encodage == EncodageDuTexte::Utf8 || OctetDe(point) >= 0 || EstImage(point) || point == kTraitVisible;
     if (controle) admis += ImageDe(static_cast<unsigned char>(point));
     else AjouterUtf16(admis, connu ? point : U'?');
   }

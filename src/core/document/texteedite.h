@@ -12,12 +12,12 @@
 
 namespace quelvar {
 
-enum class Encodage { PageDeCode, Utf8 };
+enum class EncodageDuTexte { PageDeCode, Utf8 };
 enum class FinsDeLigne { CrLf, Lf };
 
 // What a file has besides its characters; a new file is one of the code page with CR LF.
 struct FormeTexte {
-  Encodage encodage = Encodage::PageDeCode;
+  EncodageDuTexte encodage = EncodageDuTexte::PageDeCode;
   bool marqueUtf8 = false;  // starts with a byte-order mark
   FinsDeLigne fins = FinsDeLigne::CrLf;
   bool finsMelangees = false;  // some lines end the other way; each keeps its own end
@@ -40,7 +40,7 @@ DocumentTexte DecoderTexte(std::string_view octets);
 // The bytes of a text; characters that the encoding lacks become "?".
 std::string EncoderTexte(std::u16string_view texte, const FormeTexte& forme);
 // The text with each character that the encoding lacks replaced by "?".
-std::u16string CaracteresAdmis(std::u16string_view texte, Encodage encodage);
+std::u16string CaracteresAdmis(std::u16string_view texte, EncodageDuTexte encodage);
 
 // What the text box of the editor can hold and stay usable.
 struct Capacite {

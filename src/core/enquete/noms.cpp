@@ -1,17 +1,18 @@
 #include "core/enquete/noms.h"
 
+#include <string>
+#include <vector>
+
 #include "core/chiffres/nombres.h"
+#include "core/texte/listes.h"
 
 namespace quelvar {
 
 std::string FauteHomonymes(std::string_view nom, std::span<const int> positions) {
-  std::string liste;
-  for (std::size_t i = 0; i < positions.size(); ++i) {
-    if (i > 0) liste += i + 1 == positions.size() ? " et " : ", ";
-    liste += Nombre(positions[i]);
-  }
+  std::vector<std::string> places;
+  for (const int position : positions) places.push_back(Nombre(position));
   return Joindre({"Le nom ", Rogner(nom), " est celui de ", Nombre(static_cast<std::int64_t>(positions.size())),
-                  " questions, aux positions ", liste,
+                  " questions, aux positions ", Enumerer(places, " et "),
                   " : donnez-leur des noms différents dans le fichier *.POS et relancez"_w});
 }
 

@@ -14,27 +14,27 @@ namespace quelvar {
 
 namespace {
 
-enum class Cle { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, De, Cdg };
+enum class Parametre { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, De, Cdg };
 
 // The order matters: the first code that occurs anywhere in the key wins.
-constexpr std::array<std::pair<std::string_view, Cle>, 18> kCodesDeCle = {{{"IM", Cle::Lignes},
-                                                                           {"LI", Cle::Lignes},
-                                                                           {"JM", Cle::Colonnes},
-                                                                           {"CO", Cle::Colonnes},
-                                                                           {"IS", Cle::LignesSup},
-                                                                           {"LS", Cle::LignesSup},
-                                                                           {"JS", Cle::ColonnesSup},
-                                                                           {"CS", Cle::ColonnesSup},
-                                                                           {"FM", Cle::Largeur},
-                                                                           {"FO", Cle::Largeur},
-                                                                           {"LA", Cle::Largeur},
-                                                                           {"LR", Cle::Largeur},
-                                                                           {"BR", Cle::Burt},
-                                                                           {"BU", Cle::Burt},
-                                                                           {"MO", Cle::Mod},
-                                                                           {"EF", Cle::De},
-                                                                           {"DE", Cle::De},
-                                                                           {"CD", Cle::Cdg}}};
+constexpr std::array<std::pair<std::string_view, Parametre>, 18> kCodesDeCle = {{{"IM", Parametre::Lignes},
+                                                                                 {"LI", Parametre::Lignes},
+                                                                                 {"JM", Parametre::Colonnes},
+                                                                                 {"CO", Parametre::Colonnes},
+                                                                                 {"IS", Parametre::LignesSup},
+                                                                                 {"LS", Parametre::LignesSup},
+                                                                                 {"JS", Parametre::ColonnesSup},
+                                                                                 {"CS", Parametre::ColonnesSup},
+                                                                                 {"FM", Parametre::Largeur},
+                                                                                 {"FO", Parametre::Largeur},
+                                                                                 {"LA", Parametre::Largeur},
+                                                                                 {"LR", Parametre::Largeur},
+                                                                                 {"BR", Parametre::Burt},
+                                                                                 {"BU", Parametre::Burt},
+                                                                                 {"MO", Parametre::Mod},
+                                                                                 {"EF", Parametre::De},
+                                                                                 {"DE", Parametre::De},
+                                                                                 {"CD", Parametre::Cdg}}};
 
 struct Paire {
   std::string cle;
@@ -76,22 +76,22 @@ void Retenir(const Paire& paire, ParametresMod& parametres) {
   const auto ligne = std::find_if(kCodesDeCle.begin(), kCodesDeCle.end(),
                                   [&](const auto& code) { return paire.cle.find(code.first) != std::string::npos; });
   if (ligne == kCodesDeCle.end()) return;
-  if (ligne->second == Cle::Mod) {
+  if (ligne->second == Parametre::Mod) {
     parametres.modPresent = true;
     parametres.mod = RognerDroite(paire.valeur);
     return;
   }
   const double valeur = ValeurDe(paire.valeur);
   switch (ligne->second) {
-    case Cle::Lignes: parametres.lignes = valeur; break;
-    case Cle::Colonnes: parametres.colonnes = valeur; break;
-    case Cle::LignesSup: parametres.lignesSup = valeur; break;
-    case Cle::ColonnesSup: parametres.colonnesSup = Entier16(valeur); break;
-    case Cle::Largeur: parametres.largeur = Entier16(valeur); break;
-    case Cle::Burt: parametres.burt = Entier16(valeur); break;
-    case Cle::De: parametres.de = Entier32(valeur); break;
-    case Cle::Cdg: parametres.cdg = valeur; break;
-    case Cle::Mod: break;
+    case Parametre::Lignes: parametres.lignes = valeur; break;
+    case Parametre::Colonnes: parametres.colonnes = valeur; break;
+    case Parametre::LignesSup: parametres.lignesSup = valeur; break;
+    case Parametre::ColonnesSup: parametres.colonnesSup = Entier16(valeur); break;
+    case Parametre::Largeur: parametres.largeur = Entier16(valeur); break;
+    case Parametre::Burt: parametres.burt = Entier16(valeur); break;
+    case Parametre::De: parametres.de = Entier32(valeur); break;
+    case Parametre::Cdg: parametres.cdg = valeur; break;
+    case Parametre::Mod: break;
   }
 }
 

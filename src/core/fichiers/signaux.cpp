@@ -17,15 +17,15 @@ constexpr std::array kSignaux = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 // A handler can reach nothing but memory that is there for the life of the process, hence this table.
 enum class Etat { Libre, EnRemplissage, Occupee };
-struct Place {
+struct Inscription {
   std::atomic<Etat> etat{Etat::Libre};
   std::array<char, PATH_MAX> chemin{};
 };
 constexpr std::size_t kPlaces = 64;  // several times the files of the largest set
-std::array<Place, kPlaces> places;
+std::array<Inscription, kPlaces> places;
 
 void EffacerEtFinir(int signal) {
-  for (Place& place : places)
+  for (Inscription& place : places)
     if (place.etat.load() == Etat::Occupee) ::unlink(place.chemin.data());
   ::raise(signal);  // the action is the default one again
 }
@@ -50,7 +50,7 @@ void EffacerAuxSignaux() {
 bool EstInscrit(const Chemin& chemin) {
   std::error_code ignoree;
   const std::string absolu = std::filesystem::absolute(chemin, ignoree).native();
-  return std::any_of(places.begin(), places.end(), [&](const Place& place) {
+  return std::any_of(places.begin(), places.end(), [&](const Inscription& place) {
     return place.etat.load() == Etat::Occupee && absolu == place.chemin.data();
   });
 }

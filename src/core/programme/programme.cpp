@@ -243,15 +243,19 @@ void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte) {
   dialogue.biper();
 }
 
-std::string PhraseDAbsence(const FichierObligatoire& fichier) {
-  return Joindre({fichier.sujet, " ", fichier.nom, " n'existe pas"});
+std::string PhraseDAbsence(std::string_view nom, std::string_view sujet) {
+  return Joindre({sujet, " ", nom, " n'existe pas"});
+}
+
+FichierObligatoire Obligatoire(const Contexte& contexte, std::string_view extension, std::string_view sujet) {
+  return {contexte.Nom(extension), contexte.Chercher(extension).has_value(), sujet};
 }
 
 bool ImprimerLesAbsents(Rapport& rapport, std::span<const FichierObligatoire> fichiers) {
   bool manque = false;
   for (const FichierObligatoire& fichier : fichiers) {
     if (fichier.present) continue;
-    rapport.Ligne(PhraseDAbsence(fichier));
+    rapport.Ligne(PhraseDAbsence(fichier.nom, fichier.sujet));
     manque = true;
   }
   return manque;

@@ -101,15 +101,22 @@ std::string_view TexteFichAff(std::string_view nom);
 // Writes a warning to the report and beeps.
 void Avertir(Rapport& rapport, const Dialogue& dialogue, Texte texte);
 
-// A file that a run cannot do without. `sujet` opens the line that tells its absence.
+// What opens the line on a file that is missing.
+inline constexpr std::string_view kLeFichier = "Le fichier";
+inline constexpr std::string_view kLeFichierEnRelief = "*** Le fichier";
+// "Le fichier ENQ.POS n'existe pas".
+std::string PhraseDAbsence(std::string_view nom, std::string_view sujet = kLeFichier);
+
+// A file that a run cannot do without.
 struct FichierObligatoire {
   std::string nom;
   bool present;
-  std::string_view sujet = "Le fichier";
+  std::string_view sujet = kLeFichier;
 };
-// "Le fichier ENQ.POS n'existe pas".
-std::string PhraseDAbsence(const FichierObligatoire& fichier);
-// Writes this line for each file that is missing; returns whether there is one.
+// That of the generic with that extension.
+FichierObligatoire Obligatoire(const Contexte& contexte, std::string_view extension,
+                               std::string_view sujet = kLeFichier);
+// Writes that line for each file that is missing; returns whether there is one.
 bool ImprimerLesAbsents(Rapport& rapport, std::span<const FichierObligatoire> fichiers);
 // The same; when there is one, beeps, writes the stopping line and stops the run (kArretAnnonce).
 void ExigerFichiers(Rapport& rapport, const Dialogue& dialogue, std::initializer_list<FichierObligatoire> fichiers,

@@ -19,7 +19,7 @@ std::string TexteEnCase(double valeur, std::span<const EcritureEnCase> ecritures
 }
 
 // Ranks from `premier` to before `fin`.
-struct Tranche {
+struct BlocDeCases {
   std::size_t premier;
   std::size_t fin;
 };
@@ -34,7 +34,7 @@ class ImprimanteCadree {
           supplement_ = std::max(supplement_, ColonnesEnPlus(place.plusGrande, place.decimales, place.usuelles));
   }
 
-  void Page(const Tranche& lignes, const Tranche& colonnes) {
+  void Page(const BlocDeCases& lignes, const BlocDeCases& colonnes) {
     EnTete(colonnes);
     for (std::size_t i = lignes.premier; i < lignes.fin; ++i) {
       for (std::size_t moitie = 0; moitie < kLignesDeCase; ++moitie) {
@@ -69,14 +69,14 @@ class ImprimanteCadree {
     return Milieu(intitule, moitie * largeur + 1, largeur);
   }
 
-  void Filet(const Tranche& colonnes) {
+  void Filet(const BlocDeCases& colonnes) {
     const std::string morceau = std::string(static_cast<std::size_t>(forme_.cellule + supplement_), '-') + "+";
     rapport_.Suite({"+", std::string(static_cast<std::size_t>(forme_.cellule), '-'), "+"});
     for (std::size_t j = colonnes.premier; j < colonnes.fin; ++j) rapport_.Suite(morceau);
     rapport_.Ligne();
   }
 
-  void EnTete(const Tranche& colonnes) {
+  void EnTete(const BlocDeCases& colonnes) {
     Filet(colonnes);
     for (std::size_t moitie = 0; moitie < kLignesDeCase; ++moitie) {
       rapport_.Suite({"|", CadreGauche(table_.coin[moitie], forme_.cellule), "|"});

@@ -44,7 +44,7 @@ EditTexte::EditTexte(QWidget* parent) : TexteFixe(parent), regle_(new ReglePosit
 
 // --- loading ---
 
-void EditTexte::Charger(std::u16string texte, Encodage encodage) {
+void EditTexte::Charger(std::u16string texte, EncodageDuTexte encodage) {
   pause_.stop();
   encodage_ = encodage;
   attente_ = std::move(texte);

@@ -17,7 +17,7 @@ class EditTexte : public TexteFixe {
   explicit EditTexte(QWidget* parent = nullptr);
 
   // Replaces the text: its head at once, the rest in the pauses of the window, read-only until it is there.
-  void Charger(std::u16string texte, Encodage encodage);
+  void Charger(std::u16string texte, EncodageDuTexte encodage);
   // Loads at once what is still to come.
   void AcheverChargement();
   bool EnChargement() const { return charge_ < attente_.size(); }
@@ -63,7 +63,7 @@ class EditTexte : public TexteFixe {
   QTimer pause_;
   std::u16string attente_;
   std::size_t charge_ = 0;  // characters of attente_ that the box holds
-  Encodage encodage_ = Encodage::PageDeCode;
+  EncodageDuTexte encodage_ = EncodageDuTexte::PageDeCode;
   bool lectureSeule_ = false;
 };
 

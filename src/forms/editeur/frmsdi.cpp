@@ -152,7 +152,8 @@ void frmSDI::MontrerPosition() {
 }
 
 void frmSDI::MontrerForme() {
-  QString forme = formeTexte_.encodage == Encodage::Utf8 ? QStringLiteral("UTF-8") : QStringLiteral("Windows-1252");
+  QString forme =
+      formeTexte_.encodage == EncodageDuTexte::Utf8 ? QStringLiteral("UTF-8") : QStringLiteral("Windows-1252");
   forme += formeTexte_.fins == FinsDeLigne::CrLf ? QStringLiteral(", CR LF") : QStringLiteral(", LF");
   if (formeTexte_.finsMelangees) forme += QStringLiteral(" (fins mêlées)");
   forme_->setText(forme);

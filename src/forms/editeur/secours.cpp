@@ -21,7 +21,7 @@ constexpr const char* kMarque = "Quelvar secours 1\n";
 // The four facts of a form, a letter each.
 QByteArray EcrireForme(const FormeTexte& forme) {
   QByteArray lettres;
-  lettres += forme.encodage == Encodage::Utf8 ? 'U' : 'P';
+  lettres += forme.encodage == EncodageDuTexte::Utf8 ? 'U' : 'P';
   lettres += forme.marqueUtf8 ? 'M' : '-';
   lettres += forme.fins == FinsDeLigne::Lf ? 'L' : 'C';
   lettres += forme.finsMelangees ? 'X' : '-';
@@ -30,7 +30,7 @@ QByteArray EcrireForme(const FormeTexte& forme) {
 }
 
 FormeTexte LireForme(const QByteArray& lettres) {
-  return {lettres.contains('U') ? Encodage::Utf8 : Encodage::PageDeCode, lettres.contains('M'),
+  return {lettres.contains('U') ? EncodageDuTexte::Utf8 : EncodageDuTexte::PageDeCode, lettres.contains('M'),
           lettres.contains('L') ? FinsDeLigne::Lf : FinsDeLigne::CrLf, lettres.contains('X'), lettres.contains('Z')};
 }
 

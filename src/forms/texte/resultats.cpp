@@ -75,15 +75,15 @@ void Resultats::LireAilleurs(const Chemin& fichier) {
 void Resultats::MontrerEntier(const Chemin& fichier) {
   try {
     MontrerVerrous(0);
-    const Resultat resultat = LireResultat(fichier);
-    if (resultat.etat == Resultat::Etat::Vide) {
+    const ResultatLu resultat = LireResultat(fichier);
+    if (resultat.etat == ResultatLu::Etat::Vide) {
       if (ecran_.demander(resultat.texte, Boutons::OuiNon) == Reponse::Oui) EffacerFichier(fichier);
       return;
     }
     session_.titre = TitreDe(session_);
     emit TitreChange();
     Poser(resultat.texte, TexteDe(fichier.filename()), false);
-    if (resultat.etat == Resultat::Etat::TropLong) LireAilleurs(fichier);
+    if (resultat.etat == ResultatLu::Etat::TropLong) LireAilleurs(fichier);
     else Retenir(fichier, resultat.texte);
   } catch (const Erreur& erreur) {
     MontrerEchec(fichier, erreur);

@@ -65,8 +65,8 @@ TEST(DocumentTexte, ShowsTheCharactersAndTellsTheForm) {
   };
   const auto crlf = FinsDeLigne::CrLf;
   const auto lf = FinsDeLigne::Lf;
-  const auto page = Encodage::PageDeCode;
-  const auto utf8 = Encodage::Utf8;
+  const auto page = EncodageDuTexte::PageDeCode;
+  const auto utf8 = EncodageDuTexte::Utf8;
   const Cas cas[] = {
       {"\xE9t\xE9\r\n\x80", u"été\n€", {page, false, crlf, false, false}},
       {"a\nb\n", u"a\nb\n", {page, false, lf, false, false}},
@@ -92,10 +92,10 @@ TEST(DocumentTexte, ShowsTheCharactersAndTellsTheForm) {
 TEST(DocumentTexte, CharacterOutsideTheEncodingBecomesAQuestionMark) {
   const std::u16string texte = u"œ Ŵ 😀 \u2400 \r \xD800.\n";
   EXPECT_EQ(EncoderTexte(u"œ Ŵ 😀\n", {}), "\x9C ? ?\r\n");
-  EXPECT_EQ(CaracteresAdmis(texte, Encodage::PageDeCode), u"œ ? ? \u2400 \u240D ?.\n");
-  EXPECT_EQ(CaracteresAdmis(u"\u00AD\u2010", Encodage::PageDeCode), u"\u2010\u2010");
+  EXPECT_EQ(CaracteresAdmis(texte, EncodageDuTexte::PageDeCode), u"œ ? ? \u2400 \u240D ?.\n");
+  EXPECT_EQ(CaracteresAdmis(u"\u00AD\u2010", EncodageDuTexte::PageDeCode), u"\u2010\u2010");
   EXPECT_EQ(EncoderTexte(u"\u2010", {}), "\xAD");
-  EXPECT_EQ(CaracteresAdmis(texte, Encodage::Utf8), u"œ Ŵ 😀 \u2400 \u240D \uFFFD.\n");
+  EXPECT_EQ(CaracteresAdmis(texte, EncodageDuTexte::Utf8), u"œ Ŵ 😀 \u2400 \u240D \uFFFD.\n");
 }
 
 TEST(DocumentTexte, LongLinesAreBroken) {
