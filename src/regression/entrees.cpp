@@ -18,13 +18,13 @@ EntreesDeRegression TrouverEntrees(const Contexte& contexte, Rapport& rapport, T
   const std::optional<Chemin> donnees = contexte.Chercher(".CDG");
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
   if (!donnees) ImprimerTableAbsente(rapport, sorte, contexte.Nom(".CDG"));
-  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
+  if (!mod) rapport.Ligne(PhraseDAbsence(contexte.Nom(".MOD"), kLeFichierEnRelief));
   if (!donnees || !mod) ArreterPourAbsence(contexte, rapport);
   return {*donnees, *mod};
 }
 
 void ImprimerTableAbsente(Rapport& rapport, Texte sorte, std::string_view nom) {
-  rapport.Ligne({"*** Le tableau de ", sorte, " ", nom, " n'existe pas"});
+  rapport.Ligne(PhraseDAbsence(nom, Joindre({"*** Le tableau de ", sorte})));
 }
 
 void ArreterPourAbsence(const Contexte& contexte, Rapport& rapport) {

@@ -29,12 +29,10 @@ struct FichiersDeTable {
 FichiersDeTable TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
   const std::optional<Chemin> brt = contexte.Chercher(".BRT");
   const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
-  if (!brt) rapport.Ligne({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"});
-  if (!mod) rapport.Ligne({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (!brt || !mod) {
-    Avertir(rapport, contexte.Ecran(), kArretFichiers);
-    throw Erreur(kArretAnnonce);
-  }
+  ExigerFichiers(rapport, contexte.Ecran(),
+                 {{contexte.Nom(".BRT"), brt.has_value(), "*** Le tableau de Burt"},
+                  {contexte.Nom(".MOD"), mod.has_value(), kLeFichierEnRelief}},
+                 kArretFichiers);
   return {*mod, *brt};
 }
 
@@ -42,7 +40,7 @@ FichiersDeTable TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
 Chemin ExigerFichier(const TravailEcapem& t, std::string_view extension, Texte ligneDArret) {
   const std::optional<Chemin> chemin = t.contexte.Chercher(extension);
   if (chemin) return *chemin;
-  t.rapport.Ligne({"*** Le fichier ", t.contexte.Nom(extension), " n'existe pas"});
+  t.rapport.Ligne(PhraseDAbsence(t.contexte.Nom(extension), kLeFichierEnRelief));
   t.rapport.Ligne(ligneDArret);
   throw Erreur(kArretAnnonce);
 }

@@ -60,10 +60,8 @@ std::vector<std::string> CellulesSansNombre::Remarques() const {
 
 std::vector<std::string> FichiersManquants(const Contexte& contexte) {
   std::vector<std::string> manques;
-  if (!contexte.Chercher(".BRT"))
-    manques.push_back(Joindre({"*** Le tableau de Burt ", contexte.Nom(".BRT"), " n'existe pas"}));
-  if (!contexte.Chercher(".MOD"))
-    manques.push_back(Joindre({"*** Le fichier ", contexte.Nom(".MOD"), " n'existe pas"}));
+  if (!contexte.Chercher(".BRT")) manques.push_back(PhraseDAbsence(contexte.Nom(".BRT"), "*** Le tableau de Burt"));
+  if (!contexte.Chercher(".MOD")) manques.push_back(PhraseDAbsence(contexte.Nom(".MOD"), kLeFichierEnRelief));
   return manques;
 }
 

@@ -41,7 +41,7 @@ Reglages ReglagesDe(const OptionsAnecar& options, int niveau, int burt) {
 void ExigerTable(Rapport& rapport, const Contexte& contexte) {
   const auto exiger = [&](std::string_view extension, Texte arret) {
     if (contexte.Chercher(extension)) return true;
-    rapport.Ligne({"Le fichier ", contexte.Nom(extension), " n'existe pas"});
+    rapport.Ligne(PhraseDAbsence(contexte.Nom(extension)));
     rapport.Ligne(arret);
     return false;
   };

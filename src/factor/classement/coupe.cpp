@@ -197,9 +197,9 @@ std::string CreerGenerique(const Contexte& contexte, Rapport& rapport, const Arb
 void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options, std::string& nouveau) {
   const std::optional<Chemin> cah = contexte.Chercher(".CAH");
   const std::optional<Chemin> mod = contexte.Chercher(".MOD");
-  if (!mod) rapport.Ligne({"*** Le fichier des modalites ", contexte.Nom(".MOD"), " n'existe pas"});
-  if (!cah) rapport.Ligne({"*** Le fichier de CAH ", contexte.Nom(".CAH"), " n'existe pas"});
-  if (!cah || !mod) {
+  const FichierObligatoire fichiers[] = {{contexte.Nom(".MOD"), mod.has_value(), "*** Le fichier des modalites"},
+                                         {contexte.Nom(".CAH"), cah.has_value(), "*** Le fichier de CAH"}};
+  if (ImprimerLesAbsents(rapport, fichiers)) {
     rapport.Ligne();
     Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
     throw Erreur(kArretAnnonce);

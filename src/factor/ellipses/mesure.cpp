@@ -74,11 +74,9 @@ bool EstCodageLogique(const Contexte& contexte) {
 
 // The table of the individuals is asked for where they are read from it; the report is that of the analysis done last.
 FichiersDesEllipses ChercherFichiers(const Contexte& contexte, std::string_view analyse) {
-  const auto exigence = [&](std::string_view extension) {
-    return FichierObligatoire{contexte.Nom(extension), contexte.Chercher(extension).has_value()};
-  };
-  const FichierObligatoire table = EstCodageLogique(contexte) ? FichierObligatoire{{}, true} : exigence(".BRT");
-  return {exigence(".MOD"), exigence(analyse), exigence(".FI2"), table};
+  const FichierObligatoire table =
+      EstCodageLogique(contexte) ? FichierObligatoire{{}, true} : Obligatoire(contexte, ".BRT");
+  return {Obligatoire(contexte, ".MOD"), Obligatoire(contexte, analyse), Obligatoire(contexte, ".FI2"), table};
 }
 
 void ExigerTous(const FichiersDesEllipses& fichiers) {
@@ -86,7 +84,7 @@ void ExigerTous(const FichiersDesEllipses& fichiers) {
   for (const FichierObligatoire& fichier : fichiers) {
     if (fichier.present) continue;
     if (!absents.empty()) absents += "\r\n";
-    absents += Joindre({"Le fichier ", fichier.nom, " n'existe pas"});
+    absents += PhraseDAbsence(fichier.nom);
   }
   if (!absents.empty()) throw Erreur(kFichierIntrouvable, absents);
 }

@@ -24,12 +24,12 @@ void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const Ex
     bool exige;
   };
   bool manque = false;
-  for (const Fichier& fichier :
-       {Fichier{".MOD", "modalites", true}, Fichier{".PEM", "PEM", exigences.liens},
-        Fichier{".CAH", "CAH", exigences.cah}, Fichier{".FAJ", "coordonnees factorielles", true}}) {
+  for (const Fichier& fichier : {Fichier{".MOD", "*** Le fichier des modalites", true},
+                                 Fichier{".PEM", "*** Le fichier des PEM", exigences.liens},
+                                 Fichier{".CAH", "*** Le fichier de CAH", exigences.cah},
+                                 Fichier{".FAJ", "*** Le fichier des coordonnees factorielles", true}}) {
     if (!fichier.exige || contexte.Chercher(fichier.extension)) continue;
-    rapport.Ligne({"*** Le fichier de", std::string_view(fichier.extension == ".CAH" ? " " : "s "), fichier.sujet, " ",
-                   contexte.Nom(fichier.extension), " n'existe pas"});
+    rapport.Ligne(PhraseDAbsence(contexte.Nom(fichier.extension), fichier.sujet));
     manque = true;
   }
   if (manque) ArreterSi(rapport, contexte, {"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"});

@@ -86,7 +86,7 @@ TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
   const auto chercher = [&](std::string_view extension, bool exige) {
     std::optional<Chemin> chemin = contexte.Chercher(extension);
     if (!chemin && exige) {
-      rapport.Ligne({"*** Le fichier ", contexte.Nom(extension), " n'existe pas"});
+      rapport.Ligne(PhraseDAbsence(contexte.Nom(extension), kLeFichierEnRelief));
       manque = true;
     }
     return chemin;

@@ -57,11 +57,9 @@ std::optional<FichierTrg> PrepTriang(const Contexte& contexte) {
   std::optional<FichierTrg> trg;
   const bool pret = PreparerProgramme(contexte, contexte.Nom(kExtension), LibellesErreur{}, [&](Rapport& rapport) {
     const std::optional<Chemin> chemin = contexte.Chercher(".TRG");
-    if (!chemin) {
-      rapport.Ligne({"*** Le fichier du graphique triangulaire ", contexte.Nom(".TRG"), " n'existe pas"});
-      Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
-      throw Erreur(kArretAnnonce);
-    }
+    ExigerFichiers(rapport, contexte.Ecran(),
+                   {{contexte.Nom(".TRG"), chemin.has_value(), "*** Le fichier du graphique triangulaire"}},
+                   "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
     constexpr std::uint64_t kMemoireParOctet = 8;  // a point takes 150 bytes, its line 20 at the least
     ExigerPlace(contexte, rapport, {kMemoireParOctet * LongueurFichier(*chemin), LongueurFichier(*chemin)});
     trg = LireTrg(*chemin);

@@ -30,15 +30,9 @@ struct Entrees {
 };
 
 void ExigerEntrees(Rapport& rapport, const Contexte& contexte) {
-  bool manque = false;
-  for (const std::string_view extension : {".DAT", ".POS"}) {
-    if (contexte.Chercher(extension)) continue;
-    rapport.Ligne({"*** Le fichier ", contexte.Nom(extension), " n'existe pas"});
-    manque = true;
-  }
-  if (manque)
-    AvertirEtArreter(rapport, contexte.Ecran(),
-                     "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w);
+  ExigerFichiers(rapport, contexte.Ecran(),
+                 {Obligatoire(contexte, ".DAT", kLeFichierEnRelief), Obligatoire(contexte, ".POS", kLeFichierEnRelief)},
+                 "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w);
 }
 
 Entrees LireEntrees(const Contexte& contexte) {
