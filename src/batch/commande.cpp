@@ -8,6 +8,7 @@
 #include "core/programme/horspage.h"
 #include "core/programme/rapport.h"
 #include "core/session/generique.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::batch {
 
@@ -182,12 +183,12 @@ namespace {
 // "verification=oui|non (oui : 50, non : 0)", a name with words of its own.
 std::string TexteAutreNom(const AutreNom& autre) {
   std::string mots;
-  std::string sens;
+  std::vector<std::string> sens;
   for (const auto& [mot, valeur] : autre.mots) {
     mots += (mots.empty() ? "" : "|") + mot;
-    if (!valeur.empty()) sens += (sens.empty() ? "" : ", ") + Joindre({mot, " : ", valeur});
+    if (!valeur.empty()) sens.push_back(Joindre({mot, " : ", valeur}));
   }
-  return Joindre({"      ou ", autre.nom, "=", mots, " (", sens, ")\n"});
+  return Joindre({"      ou ", autre.nom, "=", mots, " (", Enumerer(sens), ")\n"});
 }
 
 }  // namespace

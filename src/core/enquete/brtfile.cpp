@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
@@ -76,7 +77,7 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
   const std::string_view nom = Rogner(texte.substr(0, kLargeurDeModalite));
   if (!nom.empty() && nom != Rogner(nomAttendu))
     throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arret du programme : ", TexteDe(brt_.filename()),
+                 Joindre({kArretDuProgrammeSansAccents, TexteDe(brt_.filename()),
                           " ne va pas avec le fichier de modalités, la ligne "_w, Nombre(rang_), " porte le nom ", nom,
                           " au lieu de ", Rogner(nomAttendu), " : refaites le tableau"}));
   toutesCourtes_ = toutesCourtes_ && texte.size() < longueur_;
@@ -88,7 +89,7 @@ void ControleDeBurt::Voir(std::string_view texte, std::string_view nomAttendu) {
 void ControleDeBurt::Conclure() const {
   if (rang_ == 0 || (!toutesCourtes_ && !toutesLongues_)) return;
   throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arret du programme : ", TexteDe(brt_.filename()),
+               Joindre({kArretDuProgrammeSansAccents, TexteDe(brt_.filename()),
                         " ne va pas avec le fichier de modalités, ses lignes sont plus "_w,
                         std::string_view(toutesCourtes_ ? "courtes" : "longues"),
                         " que ne le disent le nombre de modalités et FMT= : refaites le tableau"_w}));

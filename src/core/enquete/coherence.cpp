@@ -4,6 +4,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
@@ -14,7 +15,7 @@ namespace {
 
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison, std::string_view quoi) {
   throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()),
+               Joindre({kArretDuProgrammeSansAccents, TexteDe(fichier.filename()),
                         " ne va pas avec le fichier de modalités, "_w, raison, " : refaites ", quoi}));
 }
 

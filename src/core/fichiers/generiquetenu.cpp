@@ -18,6 +18,7 @@
 #include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
 #include "core/fichiers/systeme/appels.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
@@ -123,13 +124,13 @@ Detenteur AttendreDetenteur(int descripteur) {
 
 // A link in place of the lock would hold a file elsewhere, or nothing.
 std::string PhraseDuLien(const Chemin& verrou) {
-  return Joindre({"*** Arret du programme : "_w, TexteDe(verrou.filename()),
+  return Joindre({kArretDuProgrammeSansAccents, TexteDe(verrou.filename()),
                   " est un lien et non un verrou : effacez-le et relancez"_w});
 }
 
 // Whether it is held cannot be seen: going on would be writing at the same time as its user.
 std::string PhraseFerme(const Chemin& verrou) {
-  return Joindre({"*** Arret du programme : le verrou "_w, TexteDe(verrou.filename()),
+  return Joindre({kArretDuProgrammeSansAccents, "le verrou ", TexteDe(verrou.filename()),
                   " est d'un autre utilisateur, qui écrit peut-être en ce moment : relancez quand il aura fini"_w});
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/fichiers/systeme/morceaux.h"
+#include "core/panne/annonce.h"
 
 namespace quelvar {
 
@@ -15,7 +16,7 @@ std::string NomDeSauvegardeLibre(const Chemin& repertoire, std::string_view nom)
   for (int numero = kPremiereSauvegarde; numero <= kDerniereSauvegarde; ++numero)
     if (std::string copie = NomDeSauvegarde(nom, numero); !ChercherFichier(repertoire, copie)) return copie;
   throw Erreur(kAccesFichier,
-               Joindre({"*** Arret du programme : les copies de ", nom, ", de ",
+               Joindre({kArretDuProgrammeSansAccents, "les copies de ", nom, ", de ",
                         NomDeSauvegarde(nom, kPremiereSauvegarde), " à "_w, NomDeSauvegarde(nom, kDerniereSauvegarde),
                         ", existent toutes ; effacez celles qui ne servent plus"}));
 }

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
 
 namespace quelvar {
 
@@ -60,7 +61,7 @@ void ExigerPlace(const Contexte& contexte, Rapport& rapport, const Place& besoin
     bilan += Joindre({std::string_view(memoire ? " et " : ""), Bilan("sur le disque", besoin.disque, libre.disque)});
   const std::string question = Joindre({"Ce programme va prendre ", bilan, ". Continuer ?"});
   if (contexte.Ecran().demander(question, Boutons::NonOui) == Reponse::Oui) return;
-  rapport.Ligne({"*** Arret du programme : il prendrait ", bilan, ", rien n'est écrit"_w});
+  rapport.Ligne({kArretDuProgrammeSansAccents, "il prendrait ", bilan, ", rien n'est écrit"_w});
   throw Erreur(kArretAnnonce);
 }
 

@@ -1,5 +1,7 @@
 #include "core/programme/refus.h"
 
+#include "core/panne/annonce.h"
+
 namespace quelvar {
 
 std::string RefusDEcrire(const Contexte& contexte, std::string_view fichier) {
@@ -7,9 +9,9 @@ std::string RefusDEcrire(const Contexte& contexte, std::string_view fichier) {
   const Chemin chemin = CheminDEcriture(contexte.repertoire, fichier);
   std::error_code erreur;
   if (std::filesystem::is_directory(chemin, erreur))
-    return Joindre({"*** Arrêt du programme : "_w, fichier, " est un répertoire, donnez un nom de fichier"_w});
+    return Joindre({kArretDuProgramme, fichier, " est un répertoire, donnez un nom de fichier"_w});
   if (const Chemin dossier = chemin.parent_path(); !dossier.empty() && !std::filesystem::is_directory(dossier, erreur))
-    return Joindre({"*** Arrêt du programme : le répertoire de "_w, fichier, " n'existe pas, rien n'est calculé"_w});
+    return Joindre({kArretDuProgramme, "le répertoire de "_w, fichier, " n'existe pas, rien n'est calculé"_w});
   return {};
 }
 

@@ -12,6 +12,7 @@
 #include "core/fichiers/systeme/echecs.h"
 #include "core/fichiers/systeme/lignelongue.h"
 #include "core/fichiers/systeme/marque.h"
+#include "core/panne/annonce.h"
 
 namespace quelvar {
 
@@ -109,7 +110,7 @@ LecteurLignes& LecteurLignes::operator=(LecteurLignes&& autre) noexcept {
 
 void RefuserLigneTropLongue(std::string_view nom) {
   throw Erreur(kMemoireInsuffisante,
-               Joindre({"*** Arret du programme : ", nom, " a une ligne de plus de ",
+               Joindre({kArretDuProgrammeSansAccents, nom, " a une ligne de plus de ",
                         std::to_string(LecteurLignes::kLigneAuPlus), " octets, ce n'est pas un fichier de texte"}));
 }
 

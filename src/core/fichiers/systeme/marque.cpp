@@ -12,6 +12,7 @@
 #include "core/fichiers/systeme/appels.h"
 #include "core/fichiers/systeme/condense.h"
 #include "core/fichiers/systeme/morceaux.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
@@ -80,7 +81,7 @@ void VerifierMarque(int descripteur, const Chemin& chemin) {
     const CondenseDOctets condense = MesurerOuvert(descripteur);
     if (condense.Taille() != marque.taille || condense.Valeur() != marque.empreinte)
       throw Erreur(kErreurPeripherique,
-                   Joindre({"*** Arret du programme : ", TexteDe(chemin.filename()),
+                   Joindre({kArretDuProgrammeSansAccents, TexteDe(chemin.filename()),
                             " n'est pas entier, l'arrêt de la machine a coupé son écriture ("_w,
                             std::to_string(condense.Taille()), " octets, il devait en avoir ",
                             std::to_string(marque.taille), ") : relancez le programme qui l'écrit"_w}));

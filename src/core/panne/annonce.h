@@ -1,0 +1,13 @@
+// The words in front of the sentence that a run stops with; the reports have both spellings.
+#pragma once
+
+#include <string_view>
+
+#include "core/texte/texte.h"
+
+namespace quelvar {
+
+inline constexpr std::string_view kArretDuProgramme = "*** Arrêt du programme : "_w;
+inline constexpr std::string_view kArretDuProgrammeSansAccents = "*** Arret du programme : ";
+
+}  // namespace quelvar
