@@ -14,7 +14,6 @@ namespace {
 
 constexpr char16_t kImages = 0x2400;  // pictures of the control bytes, in their order
 constexpr char16_t kImageLf = kImages + '\n';
-constexpr char16_t kImageCr = kImages + '\r';
 constexpr char16_t kImageSuppression = 0x2421;
 // A text box gives the soft hyphen no width: in the code page the plain one, which the page lacks, stands for it.
 constexpr char16_t kTraitConditionnel = 0xAD;

@@ -111,6 +111,24 @@ TEST_F(Cadre, AReportWithoutANameIsDeletedOnceShown) {
   EXPECT_FALSE(Existe(".PRT"));
 }
 
+TEST_F(Cadre, EveryMissingFileIsToldBeforeTheRunStops) {
+  Ecrire("ENQ.DAT", "");
+  const auto exiger = [this](std::string_view extension) {
+    return [this, extension](Rapport& rapport) {
+      ExigerFichiers(
+          rapport, dialogue_,
+          {Obligatoire(contexte_, ".DAT"), Obligatoire(contexte_, extension), {"A.MOD", extension == ".DAT", "*** La"}},
+          "fin");
+    };
+  };
+  EXPECT_EQ(Executer(exiger(".DAT")), Fin::Normale);
+  EXPECT_EQ(vu_.texte, "");
+  EXPECT_EQ(bips_, 0);
+  EXPECT_EQ(Executer(exiger(".POS")), Fin::Arret);
+  EXPECT_EQ(vu_.texte, "Le fichier ENQ.POS n'existe pas\r\n*** La A.MOD n'existe pas\r\nfin\r\n");
+  EXPECT_EQ(bips_, 1);
+}
+
 TEST_F(Cadre, WhatTakesMuchRoomIsAskedAndNoIsTheDefault) {
   const auto prendre = [](const Contexte& contexte, std::uint64_t octets) {
     return [&contexte, octets](Rapport& rapport) { ExigerPlace(contexte, rapport, {octets, 0}); };
