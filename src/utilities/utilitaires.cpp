@@ -23,7 +23,7 @@ void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_
   bool manque = false;
   for (const Entree& entree : entrees) {
     if (entree.chemin) continue;
-    rapport.Ligne(PhraseDAbsence(entree.nom, kLeFichierEnRelief));
+    rapport.Ligne({"*** Le fichier ", entree.nom, " n'existe pas"});
     manque = true;
   }
   if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
