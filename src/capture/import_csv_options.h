@@ -1,7 +1,7 @@
 // The options of the spreadsheet import as the command line and the form know them.
 #pragma once
 
-#include "capture/import_csv.h"
+#include "capture/csv/import.h"
 #include "core/options/description.h"
 
 namespace quelvar::capture {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/choix.h"
-#include "capture/apercu/source.h"
+#include "capture/apercu/choix/colonne.h"
+#include "capture/apercu/octets/source.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::capture {

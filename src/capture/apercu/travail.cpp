@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "capture/apercu/apercu.h"
 #include "capture/apercu/choix/proposition.h"
+#include "capture/apercu/observation/apercu.h"
 #include "capture/apercu/sorties/direct.h"
 #include "capture/colonnes/colonne.h"
 #include "core/chiffres/nombres.h"

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
 #include "core/fichiers/jeu.h"

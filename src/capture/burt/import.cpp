@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "capture/burt/lecture.h"
+#include "capture/compterendu/fichiers.h"
 #include "capture/dbase/tableau.h"
-#include "capture/fichiers.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "capture/colonnes/tableau.h"
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 #include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {

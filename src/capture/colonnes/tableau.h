@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "capture/colonnes/colonne.h"
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 #include "core/resultats/rangees.h"
 #include "core/resultats/tableau.h"
 

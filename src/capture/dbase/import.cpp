@@ -4,12 +4,12 @@
 #include <limits>
 #include <vector>
 
+#include "capture/compterendu/fichiers.h"
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/edition.h"
 #include "capture/dbase/questions.h"
 #include "capture/dbase/remarques.h"
 #include "capture/dbase/tri.h"
-#include "capture/fichiers.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/noms.h"

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
+#include "capture/compterendu/fichiers.h"
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/remarques.h"
-#include "capture/fichiers.h"
-#include "capture/noms.h"
+#include "capture/noms/distincts.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"

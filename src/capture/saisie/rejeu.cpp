@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "capture/remarques.h"
+#include "capture/compterendu/remarques.h"
 #include "capture/saisie/saisie.h"
 #include "capture/saisie/touches.h"
 #include "core/chiffres/nombres.h"

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "capture/encodage/utf8.h"
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/codes.h"
 #include "capture/tableur/lecteur.h"
-#include "capture/utf8.h"
 #include "core/chiffres/nombres.h"
 #include "core/texte/caracteres.h"
 

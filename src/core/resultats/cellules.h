@@ -11,14 +11,12 @@ namespace quelvar {
 
 // A whole number that counts nothing: a rank, a position, a code.
 template <class N>
-  requires std::integral<N> || std::floating_point<N>
-Cellule CelluleEntiere(N valeur) {
+requires std::integral<N> || std::floating_point<N> Cellule CelluleEntiere(N valeur) {
   return {.valeur = static_cast<double>(valeur)};
 }
 
 template <class N>
-  requires std::integral<N> || std::floating_point<N>
-Cellule CelluleEffectif(N valeur) {
+requires std::integral<N> || std::floating_point<N> Cellule CelluleEffectif(N valeur) {
   return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif};
 }
 

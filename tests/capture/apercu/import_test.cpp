@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <random>
 
-#include "capture/apercu/imc.h"
-#include "capture/apercu/lecture.h"
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/imc.h"
+#include "capture/apercu/choix/reconnaissance.h"
+#include "capture/apercu/octets/lecture.h"
 #include "capture/preparation.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 #include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {

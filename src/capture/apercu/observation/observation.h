@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/faits.h"
 #include "capture/apercu/observation/etrangers.h"
+#include "capture/apercu/observation/faits.h"
 #include "capture/apercu/observation/mesures.h"
 #include "capture/apercu/observation/textes.h"
 #include "capture/apercu/octets/cellule.h"

@@ -6,7 +6,7 @@
 
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
-#include "capture/pagecode.h"
+#include "capture/encodage/pagecode.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 
 namespace quelvar::capture {
 

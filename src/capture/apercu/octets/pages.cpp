@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "capture/apercu/octets/cellule.h"
-#include "capture/pagecode.h"
+#include "capture/encodage/pagecode.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 #include "core/texte/utf16.h"
 
 namespace quelvar::capture {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/lecteur.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
 #include "core/programme/rapport.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 #include "core/enquete/posfile.h"
 
 namespace quelvar::capture {

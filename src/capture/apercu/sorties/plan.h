@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/choix.h"
+#include "capture/apercu/choix/colonne.h"
 #include "capture/apercu/observation/textes.h"
 #include "capture/apercu/sorties/classes.h"
 #include "capture/colonnes/colonne.h"

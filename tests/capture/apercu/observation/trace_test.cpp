@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "support/programme.h"
 

@@ -7,7 +7,7 @@
 #include "capture/classeur/classeur.h"
 #include "core/programme/annulation.h"
 #include "forms/pieces/commande.h"
-#include "forms/programmes/capture/import/lecturedefeuille.h"
+#include "forms/programmes/capture/import/attente/feuille.h"
 #include "forms/qt/texte.h"
 #include "ui_apercu.h"
 

@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/lecturedefeuille.h"
+#include "forms/programmes/capture/import/attente/feuille.h"
 
 #include <QCoreApplication>
 #include <atomic>
@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "core/programme/annulation.h"
-#include "forms/programmes/capture/import/avancement.h"
+#include "forms/programmes/capture/import/attente/avancement.h"
 #include "forms/qt/dialogue.h"
 #include "forms/qt/texte.h"
 

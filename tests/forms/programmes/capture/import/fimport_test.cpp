@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/fimport.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <QPlainTextEdit>
 
 #include "forms/bureauenq.h"
-#include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/import/fimportcsv.h"
 #include "forms/programmes/capture/import/source.h"
 
 using namespace quelvar::forms;

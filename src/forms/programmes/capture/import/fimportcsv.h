@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "capture/import_csv.h"
+#include "capture/csv/import.h"
 #include "capture/presence.h"
 #include "forms/services/services.h"
 

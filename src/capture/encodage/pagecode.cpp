@@ -1,4 +1,4 @@
-#include "capture/pagecode.h"
+#include "capture/encodage/pagecode.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "capture/apercu/source.h"
+#include "capture/apercu/octets/source.h"
 
 #include "core/chiffres/nombres.h"
 

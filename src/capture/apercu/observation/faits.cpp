@@ -1,4 +1,4 @@
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 
 #include "capture/apercu/observation/examen.h"
 

@@ -1,4 +1,4 @@
-#include "capture/apercu/apercu.h"
+#include "capture/apercu/observation/apercu.h"
 
 #include <algorithm>
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/lecture.h"
 #include "capture/apercu/octets/cellule.h"
+#include "capture/apercu/octets/lecture.h"
 #include "core/enquete/posfile.h"
 
 namespace quelvar::capture {

@@ -1,12 +1,13 @@
+#include "capture/dbase/import.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
 
 #include "capture/dbase/dbf.h"
-#include "capture/dbase/import.h"
 #include "capture/dbase/questions.h"
 #include "capture/dbase/tableau.h"
-#include "capture/noms.h"
+#include "capture/noms/distincts.h"
 #include "core/chiffres/nombres.h"
 #include "support/erreur.h"
 #include "support/programme.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "capture/apercu/import.h"
-#include "capture/apercu/source.h"
+#include "capture/apercu/octets/source.h"
 
 namespace quelvar::capture {
 

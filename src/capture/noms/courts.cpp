@@ -1,4 +1,4 @@
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
-#include "capture/import_csv.h"
+#include "capture/csv/import.h"
 
 #include <gtest/gtest.h>
 
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 #include "support/programme.h"
 
 using namespace quelvar::capture;

@@ -1,4 +1,4 @@
-#include "capture/noms.h"
+#include "capture/noms/distincts.h"
 
 #include <unordered_map>
 

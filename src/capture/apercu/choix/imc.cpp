@@ -1,4 +1,4 @@
-#include "capture/apercu/imc.h"
+#include "capture/apercu/choix/imc.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "capture/import_csv.h"
+#include "capture/csv/import.h"
 
 #include <algorithm>
 #include <cstring>
@@ -8,7 +8,7 @@
 #include "capture/colonnes/colonne.h"
 #include "capture/colonnes/compterendu.h"
 #include "capture/colonnes/metteur.h"
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/examen.h"
 #include "capture/tableur/lecteur.h"

@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/import/avancement.h"
+#include "forms/programmes/capture/import/attente/avancement.h"
 
 #include <QCoreApplication>
 #include <limits>

@@ -1,9 +1,9 @@
-#include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/import/fimportcsv.h"
 
 #include "capture/import_csv_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
-#include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/fimport.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/programmes/capture/import/source.h"
 #include "forms/qt/texte.h"

@@ -1,4 +1,5 @@
 #include "capture/burt/import.h"
+
 #include "core/programme/annulation.h"
 #include "support/programme.h"
 

@@ -1,4 +1,4 @@
-#include "capture/remarques.h"
+#include "capture/compterendu/remarques.h"
 
 namespace quelvar::capture {
 

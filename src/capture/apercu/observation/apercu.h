@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 
 namespace quelvar::capture {
 

@@ -1,8 +1,8 @@
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 
-#include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/imc.h"
 #include "capture/apercu/choix/proposition.h"
-#include "capture/apercu/imc.h"
+#include "capture/apercu/observation/apercu.h"
 
 namespace quelvar::capture {
 

@@ -1,4 +1,4 @@
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 
 #include <string>
 #include <system_error>

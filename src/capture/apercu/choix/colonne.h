@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/faits.h"
-#include "capture/nomscourts.h"
+#include "capture/apercu/observation/faits.h"
+#include "capture/noms/courts.h"
 #include "core/enquete/posfile.h"
 
 namespace quelvar::capture {

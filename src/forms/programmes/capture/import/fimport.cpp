@@ -1,4 +1,4 @@
-#include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/fimport.h"
 
 #include "capture/dbase/import.h"
 #include "capture/dbase/tableau.h"

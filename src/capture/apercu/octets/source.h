@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 #include "capture/classeur/classeur.h"
 #include "core/fichiers/fichiers.h"
 #include "core/panne/erreur.h"
