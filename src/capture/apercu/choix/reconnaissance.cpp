@@ -60,23 +60,6 @@ std::vector<ChoixDeColonne> ChoixDeFichier(const Contexte& contexte, const Optio
 
 }  // namespace
 
-Lecture LectureImposee::Appliquer(Lecture lecture) const {
-  if (encodage) lecture.encodage = *encodage;
-  if (decimale) {
-    lecture.decimale = *decimale;
-    lecture.sourceDeDecimale = SourceDeDecimale::Donnee;
-  }
-  if (guillemets) lecture.guillemets = *guillemets;
-  const std::size_t premiere = lecture.ligneSep ? 2 : 1;
-  if (separateur && *separateur != lecture.separateur) {
-    lecture.separateur = *separateur;
-    if (lecture.ligneTitres > 0) lecture.ligneTitres = premiere;
-  }
-  if (titres && !*titres) lecture.ligneTitres = 0;
-  if (titres && *titres && lecture.ligneTitres == 0) lecture.ligneTitres = premiere;
-  return lecture;
-}
-
 Reconnaissance Reconnaitre(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
                            TraceDeCellules* trace) {
   LectureDetectee detectee = LireLaLecture(source, options.lecture);

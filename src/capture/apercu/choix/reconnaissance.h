@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/import.h"
+#include "capture/apercu/choix/demande.h"
 #include "capture/apercu/octets/source.h"
 
 namespace quelvar::capture {

@@ -148,6 +148,23 @@ void ChoisirSeparateur(LectureDetectee& detectee, const Chemin& source, Echantil
 
 }  // namespace
 
+Lecture LectureImposee::Appliquer(Lecture lecture) const {
+  if (encodage) lecture.encodage = *encodage;
+  if (decimale) {
+    lecture.decimale = *decimale;
+    lecture.sourceDeDecimale = SourceDeDecimale::Donnee;
+  }
+  if (guillemets) lecture.guillemets = *guillemets;
+  const std::size_t premiere = lecture.ligneSep ? 2 : 1;
+  if (separateur && *separateur != lecture.separateur) {
+    lecture.separateur = *separateur;
+    if (lecture.ligneTitres > 0) lecture.ligneTitres = premiere;
+  }
+  if (titres && !*titres) lecture.ligneTitres = 0;
+  if (titres && *titres && lecture.ligneTitres == 0) lecture.ligneTitres = premiere;
+  return lecture;
+}
+
 LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue) {
   LectureDetectee detectee;
   const EncodageDetecte encodage = DetecterEncodage(source, etendue);

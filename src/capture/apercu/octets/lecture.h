@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,18 @@ struct Lecture {
   bool ligneSep = false;        // the first line is "sep=;" and no row of the table
 
   bool operator==(const Lecture&) const = default;
+};
+
+// A reading that is laid down in place of the one detected.
+struct LectureImposee {
+  std::optional<Encodage> encodage;
+  std::optional<char> separateur;
+  std::optional<char> decimale;
+  std::optional<bool> guillemets;
+  std::optional<bool> titres;
+
+  bool operator==(const LectureImposee&) const = default;
+  Lecture Appliquer(Lecture detectee) const;
 };
 
 // What the file shows of its reading.
