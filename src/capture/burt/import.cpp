@@ -21,13 +21,13 @@ namespace quelvar::capture {
 namespace {
 
 // Short and long name of a row.
-struct Modalite {
+struct ModaliteDeBurt {
   std::string nom;
   std::string intitule;
 };
 
-std::vector<Modalite> Nommer(const FaitsBurt& faits, NomsCourts noms) {
-  std::vector<Modalite> modalites;
+std::vector<ModaliteDeBurt> Nommer(const FaitsBurt& faits, NomsCourts noms) {
+  std::vector<ModaliteDeBurt> modalites;
   for (std::size_t i = 0; i < faits.rangees; ++i) {
     const std::string& intitule = faits.intitules[i];
     if (noms == NomsCourts::Automatiques)
@@ -41,7 +41,7 @@ std::vector<Modalite> Nommer(const FaitsBurt& faits, NomsCourts noms) {
 
 // Short names given by the user must let every row be found: stops the run for one that ends the list of modalities or
 // that two rows share.
-void ExigerNoms(Rapport& rapport, const std::vector<Modalite>& modalites) {
+void ExigerNoms(Rapport& rapport, const std::vector<ModaliteDeBurt>& modalites) {
   std::unordered_map<std::string_view, std::size_t> rangs;
   for (std::size_t i = 0; i < modalites.size(); ++i) {
     const std::string& nom = modalites[i].nom;
@@ -91,7 +91,7 @@ void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte, JeuDeFichier
       SauvegarderAncien(rapport, contexte.Nom(extension), *ancien, sauvegardes);
 }
 
-void SignalerIntitulesCoupes(const Dialogue& dialogue, const std::vector<Modalite>& modalites) {
+void SignalerIntitulesCoupes(const Dialogue& dialogue, const std::vector<ModaliteDeBurt>& modalites) {
   const auto coupes = std::count_if(modalites.begin(), modalites.end(), [](const auto& modalite) {
     return modalite.intitule.size() > std::size_t{kIntituleDeModaliteAuPlus};
   });
@@ -113,15 +113,15 @@ void SignalerConversion(const Dialogue& dialogue, std::string_view nom, const Co
 }
 
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
-               const std::vector<Modalite>& modalites) {
+               const std::vector<ModaliteDeBurt>& modalites) {
   mod.Ligne(contexte.generique);
   mod.Ligne(LigneDeParametres({{"BRT=", faits.rangees}, {"FMT=", faits.largeur}}));
-  for (const Modalite& modalite : modalites) mod.Ligne(LigneModalite(modalite.nom, false, modalite.intitule));
+  for (const ModaliteDeBurt& modalite : modalites) mod.Ligne(LigneModalite(modalite.nom, false, modalite.intitule));
 }
 
 // The rows of .BRT, written to the file and to the report.
 void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const FaitsBurt& faits,
-                   const std::vector<Modalite>& modalites) {
+                   const std::vector<ModaliteDeBurt>& modalites) {
   RangeeDeBurt rangee;
   std::string texte;
   for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(faits.rangees, rangee); ++i) {
@@ -133,17 +133,17 @@ void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const
 }
 
 // What is known of the table before anything is written.
-struct Preparation {
+struct PreparationDeBurt {
   bool utf8 = false;
   FaitsBurt faits;
-  std::vector<Modalite> modalites;
+  std::vector<ModaliteDeBurt> modalites;
   double effectif = 0;
 };
 
-Preparation Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
+PreparationDeBurt Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
   const Conversion conversion = ExaminerConversion(source);
   FaitsBurt faits = ExaminerBurt(source, conversion.utf8);
-  std::vector<Modalite> modalites = Nommer(faits, noms);
+  std::vector<ModaliteDeBurt> modalites = Nommer(faits, noms);
   ExigerNoms(rapport, modalites);
   SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), conversion);
   SignalerIntitulesCoupes(contexte.Ecran(), modalites);
@@ -153,10 +153,11 @@ Preparation Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& s
 
 // The copies of the former files stay when the table can't be read, as the report tells; one who gives up in the
 // question on the size leaves no trace.
-Preparation SauvegarderEtPreparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
+PreparationDeBurt SauvegarderEtPreparer(Rapport& rapport, const Contexte& contexte, const Chemin& source,
+                                        NomsCourts noms) {
   JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
   SauvegarderAnciens(rapport, contexte, sauvegardes);
-  Preparation preparation;
+  PreparationDeBurt preparation;
   const std::optional<Erreur> echec = EchecDe([&] { preparation = Preparer(rapport, contexte, source, noms); });
   sauvegardes.Valider();
   if (echec) throw *echec;

@@ -15,7 +15,7 @@ Cellule Effectif(std::int64_t valeur) { return {.valeur = static_cast<double>(va
 
 }  // namespace
 
-TableauEdite TableauDuTri(const QuestionComptee& question, std::int64_t individus) {
+TableauEdite TableauDuTri(const QuestionDuTri& question, std::int64_t individus) {
   TableauEdite tableau;
   tableau.titres.push_back(
       Joindre({"Question ", question.nom, " Position ", NombreFixe(static_cast<double>(question.position), 4, 0),
@@ -33,18 +33,18 @@ TableauEdite TableauDuTri(const QuestionComptee& question, std::int64_t individu
   return tableau;
 }
 
-void ImprimerTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus) {
+void ImprimerTris(Rapport& rapport, const std::vector<QuestionDuTri>& questions, std::int64_t individus) {
   const FormeEnRangees forme{
       .places = {{.entiers = 4}, {.entiers = 6, .elargissement = Elargissement::DerriereUnNombre}, {.entiers = 4}}};
   rapport.Ligne();
   rapport.Ligne("Impression des tris a plat");
   rapport.Ligne();
-  for (const QuestionComptee& question : questions) {
+  for (const QuestionDuTri& question : questions) {
     ImprimerRangees(rapport, TableauDuTri(question, individus), forme);
     rapport.Ligne();
   }
   rapport.Ligne({"Il y a ", NombreNu(questions.size()), " questions"});
-  if (std::ranges::any_of(questions, [](const QuestionComptee& q) { return q.largeur == kLargeurHorsTri; })) {
+  if (std::ranges::any_of(questions, [](const QuestionDuTri& q) { return q.largeur == kLargeurHorsTri; })) {
     rapport.Ligne("Avec TRIAPL, passez d'abord les tris de questions sur 3 ");
     rapport.Ligne("positions ou, s'il y en a de trop, une partie seulement ");
   }

@@ -20,13 +20,13 @@ namespace quelvar::capture {
 
 namespace {
 
-struct Fichiers {
+struct FichiersDBase {
   std::optional<Chemin> dbf;
   std::optional<Chemin> dat;
   std::optional<Chemin> pos;
 };
 
-void ImprimerPresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, bool lisible) {
+void ImprimerPresence(Rapport& rapport, const Contexte& contexte, const FichiersDBase& fichiers, bool lisible) {
   const std::string dat = contexte.Nom(".DAT");
   const std::string pos = contexte.Nom(".POS");
   const std::string dbf = contexte.Nom(".DBF");
@@ -65,26 +65,26 @@ std::vector<Champ> ChampsDe(const std::vector<QuestionImportee>& questions) {
   return champs;
 }
 
-std::vector<QuestionComptee> Assembler(const std::vector<QuestionImportee>& questions, std::vector<TriDeChamp> tris) {
-  std::vector<QuestionComptee> comptees;
+std::vector<QuestionDuTri> Assembler(const std::vector<QuestionImportee>& questions, std::vector<TriDeChamp> tris) {
+  std::vector<QuestionDuTri> comptees;
   for (std::size_t i = 0; i < questions.size(); ++i)
     comptees.push_back({questions[i].nom, questions[i].position, questions[i].largeur, std::move(tris[i])});
   return comptees;
 }
 
 // Columns 8-9 of a line of .POS, such that a reader finds the width again.
-std::string CodeMaxEcrit(const QuestionComptee& question) {
+std::string CodeMaxEcrit(const QuestionDuTri& question) {
   constexpr int kPremierDeDeuxColonnes = 10;
   if (question.largeur == LargeurDe(kCodeMaxL3)) return TexteCodeMax(kCodeMaxL3);
   return TexteCodeMax(question.largeur == 1 ? question.tri.codeMax
                                             : std::max(question.tri.codeMax, kPremierDeDeuxColonnes));
 }
 
-void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<QuestionComptee>& questions,
+void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<QuestionDuTri>& questions,
                std::int64_t individus) {
   pos.Ligne(contexte.generique);
   pos.Ligne(LigneDeTaille(individus));
-  for (const QuestionComptee& question : questions)
+  for (const QuestionDuTri& question : questions)
     pos.Ligne(LigneDeQuestion(question.nom, static_cast<std::int64_t>(question.position), CodeMaxEcrit(question)));
 }
 
@@ -106,7 +106,8 @@ PassageDbf CopierEnregistrements(Ecrivain& dat, LecteurDbf& lecteur, const Entet
   return passage;
 }
 
-void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const EnteteDbf& entete) {
+void ImporterChamps(Rapport& rapport, const Contexte& contexte, const FichiersDBase& fichiers,
+                    const EnteteDbf& entete) {
   const Chemin& dbf = *fichiers.dbf;
   ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
   LecteurDbf lecteur(dbf, entete);
@@ -136,7 +137,7 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   tris.resize(questions.size(), TriDeChamp{{individus}, 0, 0, 0, {}});
   Remarques impropres;
   RemarquerImpropres(impropres, questions, tris);
-  const std::vector<QuestionComptee> comptees = Assembler(questions, std::move(tris));
+  const std::vector<QuestionDuTri> comptees = Assembler(questions, std::move(tris));
   EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
   ImprimerTris(rapport, comptees, individus);
   ImprimerFinDImport(rapport, contexte.niveau);
@@ -176,7 +177,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
       progression.Avancer();
     }
   }
-  const std::vector<QuestionComptee> comptees = Assembler(questions, compteur.Tris());
+  const std::vector<QuestionDuTri> comptees = Assembler(questions, compteur.Tris());
   Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
   EcrirePos(pos.Fichier(), contexte, comptees, individus);
   pos.Achever();
@@ -189,7 +190,7 @@ void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin&
 }
 
 // Counts a .DAT by the questions of its .POS; both stay as they are.
-void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const FichiersDBase& fichiers) {
   const FichierPos pos = LirePos(*fichiers.pos);
   ExigerParentheses(pos.taille, contexte.Ecran());
   ExigerNomsDifferents(pos.questions);
@@ -208,7 +209,7 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
   }
   if (individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   std::vector<TriDeChamp> tris = compteur.Tris();
-  std::vector<QuestionComptee> comptees;
+  std::vector<QuestionDuTri> comptees;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
     comptees.push_back({question.nom, static_cast<std::size_t>(question.position),
@@ -222,8 +223,8 @@ void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers&
 }
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
-  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"),
-                          ChercherPos(contexte.repertoire, contexte.Nom(".POS"))};
+  const FichiersDBase fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"),
+                               ChercherPos(contexte.repertoire, contexte.Nom(".POS"))};
   EnteteDbf entete;
   std::optional<Erreur> echec;
   if (fichiers.dbf) echec = EchecDe([&] { entete = LireEnteteDuFichier(*fichiers.dbf); });

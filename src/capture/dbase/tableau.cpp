@@ -21,15 +21,16 @@ namespace {
 constexpr std::size_t kChampsAuMoins = 3;  // names, a column, long names
 
 // The table as its header describes it.
-struct Tableau {
+struct TableauDBase {
   ChampDbf noms;
   std::vector<ChampDbf> colonnes;
   ChampDbf nomsLongs;
   std::size_t largeur = 0;  // of every cell in .BRT
 };
 
-Tableau DecouperTableau(const EnteteDbf& entete) {
-  Tableau tableau{entete.champs.front(), {entete.champs.begin() + 1, entete.champs.end() - 1}, entete.champs.back()};
+TableauDBase DecouperTableau(const EnteteDbf& entete) {
+  TableauDBase tableau{
+      entete.champs.front(), {entete.champs.begin() + 1, entete.champs.end() - 1}, entete.champs.back()};
   for (const ChampDbf& colonne : tableau.colonnes) tableau.largeur = std::max(tableau.largeur, colonne.largeur);
   return tableau;
 }
@@ -89,7 +90,7 @@ void EcrireCellule(Ecrivain& brt, std::string_view ligne, const ChampDbf& colonn
   brt.Ecrire(texte);
 }
 
-PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, const Tableau& tableau,
+PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, const TableauDBase& tableau,
                      const std::vector<std::string>& noms) {
   std::size_t rang = 0;
   return ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
@@ -123,25 +124,25 @@ std::vector<std::string> DesignerParRang(std::vector<std::string> noms, std::str
   return noms;
 }
 
-std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remarques) {
+std::vector<std::string> NommerColonnes(const TableauDBase& tableau, Remarques& remarques) {
   std::vector<std::string> noms;
   for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurDeModalite));
   return DesignerParRang(std::move(noms), "Colonnes", remarques);
 }
 
 // The source, read as far as it can be.
-struct Lecture {
+struct TableauLu {
   EnteteDbf entete;
   std::uintmax_t taille = 0;
   std::int64_t lignes = 0;
-  Tableau tableau;
+  TableauDBase tableau;
   std::vector<std::string> noms;  // of the rows, as they stand
 };
 
 // Reads all that can go wrong before anything is written. Raises kIndiceHorsSelection for fewer than three fields,
 // kIncompatibiliteType for a word among the counts, kFinDeFichierDepassee without rows, and what LireEnteteDuFichier
 // raises.
-void LireSource(const Chemin& dbf, Lecture& lecture) {
+void LireSource(const Chemin& dbf, TableauLu& lecture) {
   const EnteteDbf& entete = lecture.entete = LireEnteteDuFichier(dbf);
   if (!entete.DonneLesEnregistrements() || !entete.ContientLesChamps()) throw Erreur(kArretAnnonce);
   lecture.taille = LongueurFichier(dbf);
@@ -149,7 +150,7 @@ void LireSource(const Chemin& dbf, Lecture& lecture) {
   const Lieu fichier{TexteDe(dbf.filename())};
   if (lecture.lignes == 0) throw Erreur(kFinDeFichierDepassee).Situer(fichier);
   if (entete.champs.size() < kChampsAuMoins) throw Erreur(kIndiceHorsSelection).Situer(fichier);
-  const Tableau& tableau = lecture.tableau = DecouperTableau(entete);
+  const TableauDBase& tableau = lecture.tableau = DecouperTableau(entete);
   ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
     lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurDeModalite));
     for (const ChampDbf& colonne : tableau.colonnes) ExigerNombre(ligne, colonne);
@@ -165,7 +166,7 @@ void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::s
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
   const std::optional<Chemin> dbf = contexte.Chercher(".DBF");
-  Lecture lecture;
+  TableauLu lecture;
   std::optional<Erreur> echec;
   if (dbf) echec = EchecDe([&] { LireSource(*dbf, lecture); });
   ImprimerBandeau(rapport, "Importation de tableau quelconque");

@@ -51,12 +51,12 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
     }
     const SuiteDeFrappe effet = Frapper(saisie.etat, frappe.touche);
     if (effet.bip) ecran.biper();
-    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie, rejeu);
-    if (effet.demande == Demande::LaisserLaCorrection) {
+    if (effet.demande == DemandeDeSaisie::Enregistrer) Enregistrer(saisie, rejeu);
+    if (effet.demande == DemandeDeSaisie::LaisserLaCorrection) {
       rejeu.laissees.Noter(rejeu.ligne);
       RecommencerIndividu(saisie.etat);
     }
-    rejeu.quitter = effet.demande == Demande::Quitter;
+    rejeu.quitter = effet.demande == DemandeDeSaisie::Quitter;
     if (rejeu.quitter) return {};
   }
   return {};

@@ -11,7 +11,7 @@ namespace {
 LectureDetectee LireLaLecture(const SourceDeTable& source, const LectureImposee& imposee) {
   LectureDetectee detectee = DetecterLecture(source);
   // What lies behind the head may settle the encoding and the line ends otherwise.
-  if (LongueurFichier(source.Texte()) > kTete) detectee = DetecterLecture(source, Etendue::Entier);
+  if (LongueurFichier(source.Texte()) > kTete) detectee = DetecterLecture(source, EtendueDeLecture::Entier);
   if (imposee.titres) detectee.douteTitres.clear();
   detectee.doutes = detectee.DoutesDe(detectee.lecture);
   detectee.lecture = imposee.Appliquer(detectee.lecture);

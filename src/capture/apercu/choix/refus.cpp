@@ -50,7 +50,7 @@ std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& 
 
 std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule) {
   const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
-  if (const std::optional<NombreLu> nombre = LireNombre(cellule); decimales && nombre) {
+  if (const std::optional<NombreDeCellule> nombre = LireNombre(cellule); decimales && nombre) {
     if (colonne.decimaleDonnee) return "n'a pas le signe décimal donné : changez-le, ou donnez l'autre"_w;
     return nombre->EstAmbigu()
                ? "peut avoir des décimales ou des milliers : donnez decimale=virgule ou decimale=point"_w

@@ -8,7 +8,7 @@
 
 namespace quelvar::capture {
 
-void Mesures::Voir(const NombreLu& lu) {
+void Mesures::Voir(const NombreDeCellule& lu) {
   const std::string normal = lu.Normalise();
   const double valeur = ValeurDe(normal);
   const bool entier = lu.EstEntier();

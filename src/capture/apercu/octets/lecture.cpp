@@ -78,7 +78,7 @@ Essai Essayer(char separateur, const Rangees& rangees) {
 }
 
 // The separator of a first line "sep=;"; 0 for any other line.
-char SigneDeSep(const Chemin& source, Encodage encodage) {
+char SigneDeSep(const Chemin& source, EncodageDeTable encodage) {
   std::string_view ligne;
   LecteurTableur lecteur(LignesDe(source, encodage, false), ';', false);
   if (!lecteur.LireOctetsDeLigne(ligne)) return '\0';
@@ -95,7 +95,7 @@ struct Preuves {
   std::int64_t points = 0;
 
   void Voir(std::string_view cellule) {
-    const std::optional<NombreLu> nombre = LireNombre(cellule);
+    const std::optional<NombreDeCellule> nombre = LireNombre(cellule);
     if (!nombre || nombre->EstAmbigu()) return;
     if (nombre->signe == ',' || nombre->groupes == '.') ++virgules;
     else if (nombre->signe == '.' || nombre->groupes == ',') ++points;
@@ -165,7 +165,7 @@ Lecture LectureImposee::Appliquer(Lecture lecture) const {
   return lecture;
 }
 
-LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue) {
+LectureDetectee DetecterLecture(const Chemin& source, EtendueDeLecture etendue) {
   LectureDetectee detectee;
   const EncodageDetecte encodage = DetecterEncodage(source, etendue);
   detectee.lecture.encodage = encodage.encodage;
@@ -192,15 +192,15 @@ std::vector<std::string> LectureDetectee::DoutesDe(const Lecture& enCours) const
   return restants;
 }
 
-std::string_view NomEncodage(Encodage encodage) {
+std::string_view NomEncodage(EncodageDeTable encodage) {
   switch (encodage) {
-    case Encodage::Utf8: return "utf-8";
-    case Encodage::Utf8AvecMarque: return "utf-8 avec marque";
-    case Encodage::Utf16LE: return "utf-16le";
-    case Encodage::Utf16BE: return "utf-16be";
-    case Encodage::Windows1252: return "windows-1252";
-    case Encodage::Latin9: return "latin-9";
-    case Encodage::Cp850: return "cp850";
+    case EncodageDeTable::Utf8: return "utf-8";
+    case EncodageDeTable::Utf8AvecMarque: return "utf-8 avec marque";
+    case EncodageDeTable::Utf16LE: return "utf-16le";
+    case EncodageDeTable::Utf16BE: return "utf-16be";
+    case EncodageDeTable::Windows1252: return "windows-1252";
+    case EncodageDeTable::Latin9: return "latin-9";
+    case EncodageDeTable::Cp850: return "cp850";
   }
   return {};
 }

@@ -12,7 +12,7 @@
 
 namespace quelvar::capture {
 
-enum class Encodage { Utf8, Utf8AvecMarque, Utf16LE, Utf16BE, Windows1252, Latin9, Cp850 };
+enum class EncodageDeTable { Utf8, Utf8AvecMarque, Utf16LE, Utf16BE, Windows1252, Latin9, Cp850 };
 
 // How sure the decimal sign is.
 enum class SourceDeDecimale {
@@ -22,7 +22,7 @@ enum class SourceDeDecimale {
 };
 
 struct Lecture {
-  Encodage encodage = Encodage::Windows1252;
+  EncodageDeTable encodage = EncodageDeTable::Windows1252;
   char separateur = ';';  // ';' ',' '\t' or '|'
   char decimale = ',';    // ',' or '.'
   SourceDeDecimale sourceDeDecimale = SourceDeDecimale::Usuelle;
@@ -36,7 +36,7 @@ struct Lecture {
 
 // A reading that is laid down in place of the one detected.
 struct LectureImposee {
-  std::optional<Encodage> encodage;
+  std::optional<EncodageDeTable> encodage;
   std::optional<char> separateur;
   std::optional<char> decimale;
   std::optional<bool> guillemets;
@@ -61,12 +61,12 @@ struct LectureDetectee {
 // file that is no text (zero bytes outside UTF-16, a workbook, a picture...), kFinDeFichierDepassee for an empty one,
 // and the failures of LecteurLignes.
 inline constexpr std::size_t kTete = std::size_t{1} << 20;
-enum class Etendue { Tete, Entier };
-LectureDetectee DetecterLecture(const Chemin& source, Etendue etendue = Etendue::Tete);
+enum class EtendueDeLecture { Tete, Entier };
+LectureDetectee DetecterLecture(const Chemin& source, EtendueDeLecture etendue = EtendueDeLecture::Tete);
 
 // Words of the choices as options and boxes have them: "utf-8", "utf-8 avec marque", "utf-16le", "utf-16be",
 // "windows-1252", "latin-9", "cp850"; "point-virgule", "virgule", "tabulation", "barre"; "virgule", "point".
-std::string_view NomEncodage(Encodage encodage);
+std::string_view NomEncodage(EncodageDeTable encodage);
 std::string_view NomSeparateur(char separateur);
 std::string_view NomDecimale(char decimale);
 

@@ -48,6 +48,6 @@ bool AvecCrSeuls(const Chemin& source);
 
 // The lines of a source as LecteurTableur takes them; UTF-16 comes as UTF-8. `crSeuls`: some end in CR alone, were it
 // behind the head.
-LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage, bool crSeuls);
+LecteurTableur::Lignes LignesDe(const Chemin& source, EncodageDeTable encodage, bool crSeuls);
 
 }  // namespace quelvar::capture

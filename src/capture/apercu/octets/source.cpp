@@ -29,7 +29,7 @@ SourceDeTable::SourceDeTable(const Chemin& fichier, std::string_view feuille, co
 
 SourceDeTable::~SourceDeTable() = default;
 
-LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue) {
+LectureDetectee DetecterLecture(const SourceDeTable& source, EtendueDeLecture etendue) {
   return EnNommantLaSource(source, [&] {
     LectureDetectee detectee = DetecterLecture(source.Texte(), etendue);
     if (!source.Feuille()) return detectee;

@@ -48,7 +48,7 @@ class SourceDeTable {
 
 // The reading of a source; the numbers of a sheet have a decimal point, whatever they look like. Sheets that were
 // passed over are among its doubts. A refusal tells the sheet that it bears on.
-LectureDetectee DetecterLecture(const SourceDeTable& source, Etendue etendue = Etendue::Tete);
+LectureDetectee DetecterLecture(const SourceDeTable& source, EtendueDeLecture etendue = EtendueDeLecture::Tete);
 
 // The reading in one French sentence (code page): of a sheet its name and place, of a text what DireLecture says.
 std::string DireLecture(const SourceDeTable& source, const Lecture& lecture);

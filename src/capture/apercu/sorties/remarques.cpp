@@ -37,7 +37,7 @@ bool ColonnesDecalees(const FaitsDeTable& faits) {
 void RemarquerNombres(const FaitsDeColonne& colonne, std::size_t j, std::vector<std::string>& remarques) {
   const std::string nom = NumeroEtNom(j, colonne);
   const auto lu = [&] {
-    const std::optional<NombreLu> nombre = LireNombre(colonne.exemple, colonne.signes);
+    const std::optional<NombreDeCellule> nombre = LireNombre(colonne.exemple, colonne.signes);
     return nombre ? nombre->Normalise() : std::string();
   };
   if (colonne.enMilliers > 0)
@@ -132,7 +132,7 @@ std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits, const std::
   return remarques;
 }
 
-std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
+std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const PlanDImport& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus) {
   std::vector<std::string> remarques;
   if (!perdus.coupes.empty())

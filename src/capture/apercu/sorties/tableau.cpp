@@ -38,7 +38,8 @@ FormeEnRangees FormeDesFaits() {
           .avantIntitule = " "};
 }
 
-std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const Plan& plan, const Bilan& bilan) {
+std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const PlanDImport& plan,
+                                 const Bilan& bilan) {
   std::vector<CodeFait> codes;
   const ColonneLue& lue = plan.lues[colonne];
   for (std::size_t k = lue.premiere; k < lue.premiere + lue.nombre; ++k) {

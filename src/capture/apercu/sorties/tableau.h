@@ -29,6 +29,7 @@ struct CodeFait {
 
 // The codes that texts and classes of a column of the table (by index) have become; the non-response is among them when
 // it was met: texts that count as 0, and empty cells.
-std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const Plan& plan, const Bilan& bilan);
+std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const PlanDImport& plan,
+                                 const Bilan& bilan);
 
 }  // namespace quelvar::capture
