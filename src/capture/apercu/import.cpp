@@ -18,6 +18,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/attention.h"
 #include "core/session/generiquelibre.h"
 
 namespace quelvar::capture {
@@ -115,10 +116,11 @@ void EcrireChoix(Rapport& rapport, const Contexte& contexte, const OptionsImport
     const std::optional<Chemin> pris = ChercherFichier(contexte.repertoire, options.fichierChoix);
     const bool servi =
         !options.choix.empty() || (!options.fichierChoix.empty() && pris && EstLeMemeFichier(*pris, *ancien));
-    rapport.Ligne(
-        {servi ? "Les anciens choix de "_w : "*** Attention : les choix d'une importation précédente, dans "_w,
-         contexte.Nom(".IMC"), servi ? std::string_view{} : ", n'ont pas servi : ils", " sont gardés sous le nom "_w,
-         copie, servi ? std::string() : Joindre({" (choix=", copie, " les reprend)"})});
+    rapport.Ligne({servi ? std::string_view{} : kAttention,
+                   servi ? "Les anciens choix de "_w : "les choix d'une importation précédente, dans "_w,
+                   contexte.Nom(".IMC"), servi ? std::string_view{} : ", n'ont pas servi : ils",
+                   " sont gardés sous le nom "_w, copie,
+                   servi ? std::string() : Joindre({" (choix=", copie, " les reprend)"})});
   }
   sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(octets);
 }

@@ -15,6 +15,8 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/attention.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -70,15 +72,14 @@ std::vector<std::string> Remarquer(const FaitsTableur& faits, const std::vector<
 // The report is that of a clean source: what its columns of codes can't hold is told in a box.
 void PrevenirDesDecimales(const Contexte& contexte, const FaitsTableur& faits,
                           const std::vector<ColonneImportee>& colonnes) {
-  std::string dites;
+  std::vector<std::string> dites;
   for (std::size_t j = 0; j < colonnes.size(); ++j)
     if (const std::int64_t nombre = faits.colonnes[j].decimales; nombre > 0)
-      dites += Joindre({std::string_view(dites.empty() ? "" : ", "), Nombre(nombre), " dans la colonne ", Nombre(j + 1),
-                        " (", colonnes[j].intitule, ")"});
+      dites.push_back(Joindre({Nombre(nombre), " dans la colonne ", Nombre(j + 1), " (", colonnes[j].intitule, ")"}));
   if (dites.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : des nombres décimaux comptent pour 0 dans des colonnes de codes : "_w, dites}),
+      Joindre({kAttention, "des nombres décimaux comptent pour 0 dans des colonnes de codes : "_w, Enumerer(dites)}),
       Boutons::Ok);
 }
 

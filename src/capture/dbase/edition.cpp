@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
+#include "core/resultats/cellules.h"
 #include "core/resultats/rangees.h"
 
 namespace quelvar::capture {
@@ -11,25 +12,24 @@ namespace {
 
 constexpr std::size_t kLargeurHorsTri = 3;  // of a question that the flat sort cannot take with all the others
 
-Cellule Effectif(std::int64_t valeur) { return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif}; }
-
 }  // namespace
 
 TableauEdite TableauDuTri(const QuestionDuTri& question, std::int64_t individus) {
   TableauEdite tableau;
   tableau.titres.push_back(
-      Joindre({"Question ", question.nom, " Position ", NombreFixe(static_cast<double>(question.position), 4, 0),
-               "    Code-max. ", NombreFixe(question.tri.codeMax, 3, 0)}));
+      TexteDeRangee({.titre = Joindre({"Question ", question.nom}),
+                     .intitule = {},
+                     .cellules = {CelluleEntiere(question.position), CelluleEntiere(question.tri.codeMax)}},
+                    {.places = {{" Position ", 4}, {"    Code-max. ", 3}}}));
   tableau.colonnes.resize(3);
   for (std::size_t code = 0; code < question.tri.effectifs.size(); ++code)
     if (const std::int64_t effectif = question.tri.effectifs[code]; effectif > 0)
-      tableau.rangees.push_back({.titre = {},
-                                 .intitule = {},
-                                 .cellules = {Cellule{.valeur = static_cast<double>(code)}, Effectif(effectif)}});
-  tableau.rangees.push_back(
-      {.titre = {},
-       .intitule = {},
-       .cellules = {Cellule{.marque = "Tot."}, Effectif(individus), Cellule{.valeur = 100, .unite = Unite::Pourcent}}});
+      tableau.rangees.push_back(
+          {.titre = {}, .intitule = {}, .cellules = {CelluleEntiere(code), CelluleEffectif(effectif)}});
+  tableau.rangees.push_back({.titre = {},
+                             .intitule = {},
+                             .cellules = {CelluleTexte("Tot."), CelluleEffectif(individus),
+                                          Cellule{.valeur = 100, .unite = Unite::Pourcent}}});
   return tableau;
 }
 

@@ -6,6 +6,7 @@
 
 #include "capture/apercu/choix/demande.h"
 #include "capture/apercu/octets/source.h"
+#include "core/programme/programme.h"
 
 namespace quelvar::capture {
 

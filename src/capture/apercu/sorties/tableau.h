@@ -13,7 +13,7 @@
 
 namespace quelvar::capture {
 
-// A row a column: its number and short name, what it holds, how many different values and empty cells; its title and
+// A row a column: its number and short name, what it holds, how many different values and empty cells, its title and
 // what becomes of it.
 TableauEdite TableauDesFaits(const Reconnaissance& table);
 // The places that these cells have in a report.
