@@ -134,21 +134,18 @@ void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const
 
 // What is known of the table before anything is written.
 struct PreparationDeBurt {
-  bool utf8 = false;
+  Conversion conversion;
   FaitsBurt faits;
   std::vector<ModaliteDeBurt> modalites;
-  double effectif = 0;
+  double effectif = 0;  // of the survey, which the user is asked for
 };
 
-PreparationDeBurt Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
-  const Conversion conversion = ExaminerConversion(source);
-  FaitsBurt faits = ExaminerBurt(source, conversion.utf8);
-  std::vector<ModaliteDeBurt> modalites = Nommer(faits, noms);
-  ExigerNoms(rapport, modalites);
-  SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), conversion);
-  SignalerIntitulesCoupes(contexte.Ecran(), modalites);
-  const double effectif = DemanderEffectif(rapport, contexte, faits);
-  return {conversion.utf8, std::move(faits), std::move(modalites), effectif};
+PreparationDeBurt LireTable(const Chemin& source, NomsCourts noms) {
+  PreparationDeBurt lue;
+  lue.conversion = ExaminerConversion(source);
+  lue.faits = ExaminerBurt(source, lue.conversion.utf8);
+  lue.modalites = Nommer(lue.faits, noms);
+  return lue;
 }
 
 // The copies of the former files stay when the table can't be read, as the report tells; one who gives up in the
@@ -158,7 +155,13 @@ PreparationDeBurt SauvegarderEtPreparer(Rapport& rapport, const Contexte& contex
   JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
   SauvegarderAnciens(rapport, contexte, sauvegardes);
   PreparationDeBurt preparation;
-  const std::optional<Erreur> echec = EchecDe([&] { preparation = Preparer(rapport, contexte, source, noms); });
+  const std::optional<Erreur> echec = EchecDe([&] {
+    preparation = LireTable(source, noms);
+    ExigerNoms(rapport, preparation.modalites);
+    SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), preparation.conversion);
+    SignalerIntitulesCoupes(contexte.Ecran(), preparation.modalites);
+    preparation.effectif = DemanderEffectif(rapport, contexte, preparation.faits);
+  });
   sauvegardes.Valider();
   if (echec) throw *echec;
   return preparation;
@@ -169,14 +172,14 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   const std::string nomSource = TexteDe(CheminDe(options.fichier).filename());
   ExigerFichiers(rapport, contexte.Ecran(), {{nomSource, source.has_value()}}, kArretAbsence);
   ImprimerBandeau(rapport, "Importation d'un tableau de Burt");
-  const auto [utf8, faits, modalites, effectif] = SauvegarderEtPreparer(rapport, contexte, *source, options.noms);
+  const auto [conversion, faits, modalites, effectif] = SauvegarderEtPreparer(rapport, contexte, *source, options.noms);
 
   rapport.Ligne({"Le tableau de burt ", nomSource, " a été importé et est enregistré sous le nom "_w,
                  contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
   rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, LecteurDeBurt(*source, utf8), faits,
-                modalites);
+  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport,
+                LecteurDeBurt(*source, conversion.utf8), faits, modalites);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   pos.Ligne(contexte.generique);

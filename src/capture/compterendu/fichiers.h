@@ -38,10 +38,10 @@ void SauvegarderAncien(Rapport& rapport, std::string_view nom, const Chemin& fic
                        Texte suite = "");
 
 // What the work stops with; none when it comes to its end.
-template <class Travail>
-std::optional<Erreur> EchecDe(Travail&& travail) {
+template <class Faire>
+std::optional<Erreur> EchecDe(Faire&& faire) {
   try {
-    travail();
+    faire();
   } catch (const Erreur& erreur) {
     return erreur;
   }
