@@ -6,6 +6,7 @@
 #include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -71,11 +72,11 @@ std::vector<std::string> RefusDesTextes(const std::vector<ChoixDeColonne>& choix
     if (choix[j].genre != Genre::Textes && choix[j].genre != Genre::Multiple) continue;
     for (const TexteConfondu& confondu : colonnes[j].confondus) {
       if (EstParmi(choix[j].nonReponses, confondu.texte)) continue;
-      std::string lignes;
-      for (const std::int64_t ligne : confondu.lignes) lignes.append(lignes.empty() ? "" : ", ").append(Nombre(ligne));
+      std::vector<std::string> lignes;
+      for (const std::int64_t ligne : confondu.lignes) lignes.push_back(Nombre(ligne));
       refus.push_back(ErreurDeColonne(
           j + 1, colonnes[j],
-          {"ligne ", lignes, " : des textes différents s'écriraient tous \""_w, confondu.texte,
+          {"ligne ", Enumerer(lignes), " : des textes différents s'écriraient tous \""_w, confondu.texte,
            "\", Windows-1252 n'a pas leurs caractères : remplacez-les, ou mettez la colonne en textes longs ou de "
            "côté"_w}));
     }

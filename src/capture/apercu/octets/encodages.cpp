@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
@@ -10,6 +12,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -160,13 +163,14 @@ std::size_t PremierInvalide(std::string_view octets) {
 
 // Looks at a file piece by piece, cut behind line ends.
 struct ExamenDOctets {
-  bool multiple = false;           // valid sequences of UTF-8 were met, before what is not valid
-  std::int64_t suites = 0;         // valid sequences from the first invalid piece on
-  std::int64_t isoles = 0;         // bytes that are none
-  std::int64_t lignes = 0;         // lines before the piece
-  std::int64_t ligneInvalide = 0;  // first line that is not valid UTF-8
-  std::int64_t invalides = 0;      // such lines
-  std::string citees;              // the first of them
+  static constexpr std::int64_t kCitees = 20;  // lines told by their number
+  bool multiple = false;                       // valid sequences of UTF-8 were met, before what is not valid
+  std::int64_t suites = 0;                     // valid sequences from the first invalid piece on
+  std::int64_t isoles = 0;                     // bytes that are none
+  std::int64_t lignes = 0;                     // lines before the piece
+  std::int64_t ligneInvalide = 0;              // first line that is not valid UTF-8
+  std::int64_t invalides = 0;                  // such lines
+  std::vector<std::string> citees;             // the numbers of the first of them
   Indices indices;
 
   void Voir(std::string_view morceau) {
@@ -186,14 +190,12 @@ struct ExamenDOctets {
     lignes += std::ranges::count(morceau, '\n');
   }
   void CompterLignes(std::string_view morceau) {
-    constexpr std::int64_t kCitees = 20;
     std::int64_t numero = lignes;
     for (std::size_t fin = 0; !morceau.empty(); morceau.remove_prefix(std::min(fin + 1, morceau.size()))) {
       fin = std::min(morceau.find('\n'), morceau.size());
       ++numero;
       if (PremierInvalide(morceau.substr(0, fin)) == std::string_view::npos) continue;
-      if (++invalides <= kCitees) citees.append(citees.empty() ? "" : ", ").append(Nombre(numero));
-      else if (!citees.ends_with("...")) citees += "...";
+      if (++invalides <= kCitees) citees.push_back(Nombre(numero));
     }
   }
   void CompterSuites(std::string_view morceau) {
@@ -205,6 +207,7 @@ struct ExamenDOctets {
   }
   // UTF-8 with stray bytes in it. A few sequences among many such bytes come by chance ("CAFÉ" and a hard blank).
   bool EstMele() const { return multiple || suites > isoles; }
+  std::string LignesInvalides() const { return Enumerer(citees) + (invalides > kCitees ? "..." : ""); }
 };
 
 // Whether a CR stands there that no LF follows.
@@ -267,9 +270,10 @@ EncodageDetecte DetecterEncodage(const Chemin& source, EtendueDeLecture etendue)
         Joindre({"Des accents sont de windows-1252 ("_w, Nombre(examen.indices.page), "), d'autres de cp850 (",
                  Nombre(examen.indices.cp850), ") : l'encodage n'est pas sûr. Vérifiez les accents."_w}));
   if (examen.EstMele())
-    detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages, il est lu en windows-1252 : "_w,
-                                      Nombre(examen.invalides), " ligne(s) ne sont pas en UTF-8 (ligne ", examen.citees,
-                                      ") alors que d'autres le sont. Vérifiez les accents."_w}));
+    detecte.doutes.push_back(
+        Joindre({"Le fichier mêle deux encodages, il est lu en windows-1252 : "_w, Nombre(examen.invalides),
+                 " ligne(s) ne sont pas en UTF-8 (ligne ", examen.LignesInvalides(),
+                 ") alors que d'autres le sont. Vérifiez les accents."_w}));
   return detecte;
 }
 

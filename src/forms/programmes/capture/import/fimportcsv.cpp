@@ -1,6 +1,6 @@
 #include "forms/programmes/capture/import/fimportcsv.h"
 
-#include "capture/import_csv_options.h"
+#include "capture/import_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/capture/import/fimport.h"
