@@ -1,6 +1,6 @@
 // Any bytes as the choices of an import: they are read or refused with a sentence, and what was read is written so that
 // it is read again as the same.
-#include "capture/apercu/imc.h"
+#include "capture/apercu/choix/imc.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,10 +1,9 @@
 // Any spreadsheet: the import ends, a stopped run leaves the former files whole, and what a normal end leaves can be
 // sorted. Input: one byte of options (1 no titles, 2 .TXT), then the bytes of the source.
-#include "capture/import_csv.h"
-
 #include <cstdint>
 #include <cstdlib>
 
+#include "capture/csv/import.h"
 #include "fuzz/support/dossier_memoire.h"
 #include "sorts/triapl/triapl.h"
 

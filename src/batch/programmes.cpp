@@ -1,7 +1,6 @@
 #include "batch/programmes.h"
 
 #include "capture/apercu/options.h"
-#include "capture/import_csv_options.h"
 #include "capture/import_options.h"
 #include "capture/saisie/options.h"
 #include "crosstab/croise_options.h"

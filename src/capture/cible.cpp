@@ -1,6 +1,6 @@
 #include "capture/cible.h"
 
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 #include "core/session/generiquelibre.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/texte.h"

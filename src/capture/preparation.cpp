@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "capture/apercu/choix/devenir.h"
+#include "capture/apercu/choix/imc.h"
 #include "capture/apercu/choix/noms.h"
 #include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/choix/refus.h"
-#include "capture/apercu/imc.h"
 #include "capture/apercu/sorties/remarques.h"
 #include "core/chiffres/nombres.h"
 

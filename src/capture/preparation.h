@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/apercu.h"
 #include "capture/apercu/import.h"
+#include "capture/apercu/observation/apercu.h"
+#include "capture/apercu/octets/source.h"
 #include "capture/apercu/sorties/resume.h"
-#include "capture/apercu/source.h"
 
 namespace quelvar::capture {
 

@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "capture/classeur/classeur.h"
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 #include "core/enquete/posfile.h"
 
 namespace quelvar::capture {

@@ -2,22 +2,23 @@
 
 #include <algorithm>
 
-#include "capture/apercu/apercu.h"
+#include "capture/apercu/choix/imc.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/choix/refus.h"
-#include "capture/apercu/imc.h"
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/observation/apercu.h"
+#include "capture/apercu/octets/source.h"
 #include "capture/apercu/sorties/compterendu.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/modalites.h"
 #include "capture/apercu/sorties/remarques.h"
-#include "capture/apercu/source.h"
 #include "capture/apercu/travail.h"
 #include "capture/colonnes/compterendu.h"
+#include "capture/compterendu/fichiers.h"
 #include "capture/dbase/import.h"
-#include "capture/fichiers.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/attention.h"
 #include "core/session/generiquelibre.h"
 
 namespace quelvar::capture {
@@ -26,7 +27,7 @@ namespace {
 
 constexpr std::string_view kRienNeChange = "Arrêt du programme : rien n'est importé, les anciens fichiers restent"_w;
 
-struct Fichiers {
+struct FichiersDImport {
   std::optional<Chemin> source;
   std::string nomSource;
   std::optional<Chemin> pos;
@@ -46,8 +47,8 @@ std::string NomDeSource(const Contexte& contexte, const OptionsImport& options) 
   return contexte.Nom(contexte.Chercher(".CSV") ? ".CSV" : ".TXT");
 }
 
-Fichiers TrouverFichiers(const Contexte& contexte, const OptionsImport& options) {
-  Fichiers fichiers;
+FichiersDImport TrouverFichiers(const Contexte& contexte, const OptionsImport& options) {
+  FichiersDImport fichiers;
   fichiers.source = ChercherSource(contexte, options);
   fichiers.nomSource = NomDeSource(contexte, options);
   fichiers.pos = ChercherPos(contexte.repertoire, contexte.Nom(".POS"));
@@ -63,7 +64,7 @@ bool PeutRemplacer(const Contexte& contexte, const std::string& nom, Boutons bou
 }
 
 // Asks before a file that is not the source is written over.
-void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::string& nom, Boutons boutons) {
+void ExigerPlace(const Contexte& contexte, const FichiersDImport& fichiers, const std::string& nom, Boutons boutons) {
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
   if (!ancien || EstLeMemeFichier(*ancien, *fichiers.source)) return;
   if (!PeutRemplacer(contexte, nom, boutons))
@@ -71,7 +72,7 @@ void ExigerPlace(const Contexte& contexte, const Fichiers& fichiers, const std::
 }
 
 // The generic has been imported from that file, or from another one with the same columns: a run makes its files again.
-bool EstRefaite(const Contexte& contexte, const OptionsImport& options, const Fichiers& fichiers,
+bool EstRefaite(const Contexte& contexte, const OptionsImport& options, const FichiersDImport& fichiers,
                 const SourceDeTable& source, const Reconnaissance& table) {
   const std::optional<Chemin> csv = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
@@ -87,7 +88,7 @@ bool EstRefaite(const Contexte& contexte, const OptionsImport& options, const Fi
 }
 
 // Asks before the data of a generic that are none of this table are written over.
-void ExigerLeGenerique(const Contexte& contexte, const OptionsImport& options, const Fichiers& fichiers,
+void ExigerLeGenerique(const Contexte& contexte, const OptionsImport& options, const FichiersDImport& fichiers,
                        const SourceDeTable& source, const Reconnaissance& table) {
   const bool occupe = fichiers.datPresent || contexte.Chercher(".CSV") || contexte.Chercher(".DES");
   if (!occupe || options.remplacer || EstRefaite(contexte, options, fichiers, source, table)) return;
@@ -97,7 +98,7 @@ void ExigerLeGenerique(const Contexte& contexte, const OptionsImport& options, c
 }
 
 // What the import would write over without being told so by the account.
-void ExigerPlaces(const Contexte& contexte, const Fichiers& fichiers, const Plan& plan) {
+void ExigerPlaces(const Contexte& contexte, const FichiersDImport& fichiers, const PlanDImport& plan) {
   const auto exiger = [&](const std::string& nom, Boutons boutons) { ExigerPlace(contexte, fichiers, nom, boutons); };
   if (!plan.longues.empty()) exiger(contexte.Nom(".TXT"), Boutons::OuiNon);
   if (plan.nombres.empty()) return;
@@ -115,16 +116,18 @@ void EcrireChoix(Rapport& rapport, const Contexte& contexte, const OptionsImport
     const std::optional<Chemin> pris = ChercherFichier(contexte.repertoire, options.fichierChoix);
     const bool servi =
         !options.choix.empty() || (!options.fichierChoix.empty() && pris && EstLeMemeFichier(*pris, *ancien));
-    rapport.Ligne(
-        {servi ? "Les anciens choix de "_w : "*** Attention : les choix d'une importation précédente, dans "_w,
-         contexte.Nom(".IMC"), servi ? std::string_view{} : ", n'ont pas servi : ils", " sont gardés sous le nom "_w,
-         copie, servi ? std::string() : Joindre({" (choix=", copie, " les reprend)"})});
+    rapport.Ligne({servi ? std::string_view{} : kAttention,
+                   servi ? "Les anciens choix de "_w : "les choix d'une importation précédente, dans "_w,
+                   contexte.Nom(".IMC"), servi ? std::string_view{} : ", n'ont pas servi : ils",
+                   " sont gardés sous le nom "_w, copie,
+                   servi ? std::string() : Joindre({" (choix=", copie, " les reprend)"})});
   }
   sorties.Ouvrir(contexte.Nom(".IMC"), Nature::Unique).Ecrire(octets);
 }
 
 // A .DAT that no import has made may be all there is of what was keyed in: it stays under a backup name.
-void GarderLesDonnees(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, JeuDeFichiers& sorties) {
+void GarderLesDonnees(Rapport& rapport, const Contexte& contexte, const FichiersDImport& fichiers,
+                      JeuDeFichiers& sorties) {
   const std::optional<Chemin> ancien = contexte.Chercher(".DAT");
   if (!ancien || fichiers.dejaImporte) return;
   const std::string nom = contexte.Nom(".DAT");
@@ -132,8 +135,8 @@ void GarderLesDonnees(Rapport& rapport, const Contexte& contexte, const Fichiers
   if (!copie.empty()) rapport.Ligne({"L'ancien fichier "_w, nom, " est sauvegardé sous le nom "_w, copie});
 }
 
-void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const SourceDeTable& source, const Plan& plan,
-                  JeuDeFichiers& sorties) {
+void CopierSource(const Contexte& contexte, const FichiersDImport& fichiers, const SourceDeTable& source,
+                  const PlanDImport& plan, JeuDeFichiers& sorties) {
   const std::string nom = contexte.Nom(".CSV");
   const std::optional<Chemin> ancien = contexte.Chercher(".CSV");
   const std::optional<Chemin> texte = contexte.Chercher(".TXT");
@@ -145,7 +148,7 @@ void CopierSource(const Contexte& contexte, const Fichiers& fichiers, const Sour
 }
 
 // The choices as they were carried out, for the next time.
-std::vector<ChoixDeColonne> ChoixFaits(std::vector<ChoixDeColonne> choix, const Plan& plan) {
+std::vector<ChoixDeColonne> ChoixFaits(std::vector<ChoixDeColonne> choix, const PlanDImport& plan) {
   for (std::size_t j = 0; j < choix.size(); ++j) {
     const ColonneLue& lue = plan.lues[j];
     if (lue.nombre == 1 && !plan.colonnes[lue.premiere].nomCourt.empty())
@@ -180,8 +183,8 @@ void ArreterSurRefus(Rapport& rapport, const Contexte& contexte, std::string_vie
 }
 
 void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const OptionsImport& options,
-                            const Fichiers& fichiers, const Plan& plan, const Reconnaissance& table, Sorties& sorties,
-                            IntitulesPerdus& perdus) {
+                            const FichiersDImport& fichiers, const PlanDImport& plan, const Reconnaissance& table,
+                            SortiesDImport& sorties, IntitulesPerdus& perdus) {
   EcrirePos(sorties.jeu.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte.generique, plan.colonnes,
             table.faits.individus);
   if (AvecIntitules(plan)) {
@@ -200,7 +203,7 @@ void EcrireLesDictionnaires(Rapport& rapport, const Contexte& contexte, const Op
 }
 
 void ImprimerColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, const Reconnaissance& table,
-                                 const Plan& plan, const Bilan& bilan, const IntitulesPerdus& perdus) {
+                                 const PlanDImport& plan, const Bilan& bilan, const IntitulesPerdus& perdus) {
   ImprimerColonnes(rapport, plan.colonnes, table.faits.colonnes.size(), false);
   ImprimerDevenir(rapport, table.choix, table.faits, plan, bilan);
   std::vector<std::string> remarques = RemarquesDeTable(table.faits, table.choix);
@@ -210,7 +213,7 @@ void ImprimerColonnesEtRemarques(Rapport& rapport, const Contexte& contexte, con
 }
 
 void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImport& options) {
-  const Fichiers fichiers = TrouverFichiers(contexte, options);
+  const FichiersDImport fichiers = TrouverFichiers(contexte, options);
   const bool deTxt = fichiers.source && fichiers.nomSource == contexte.Nom(".TXT");
   ImprimerBandeau(rapport, deTxt ? "Compte rendu d'importation de données en TXT"_w
                                  : "Compte rendu d'importation de données en CSV"_w);
@@ -220,11 +223,11 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
       options.ouverte ? options.ouverte
                       : std::make_shared<const SourceDeTable>(*fichiers.source, options.feuille, contexte.repertoire);
   const SourceDeTable& source = *ouverte;
-  const auto accepter = [&](const Reconnaissance& lue, const Plan& prevu) {
+  const auto accepter = [&](const Reconnaissance& lue, const PlanDImport& prevu) {
     ExigerLeGenerique(contexte, options, fichiers, source, lue);
     ExigerPlaces(contexte, fichiers, prevu);
   };
-  const Travail travail = Travailler(contexte, source, options, accepter);
+  const TravailDImport travail = Travailler(contexte, source, options, accepter);
   const auto& [table, plan, bilan, sorties] = travail;
   ArreterSurRefus(rapport, contexte, fichiers.nomSource, source, table, bilan);
 

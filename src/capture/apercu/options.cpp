@@ -18,12 +18,12 @@ Description<OptionsImport> Decrire(std::string nom, std::string_view resume, std
       .Montre("ComboFeuille")
       .Choix(
           "encodage", [](auto& o) -> auto& { return o.lecture.encodage; },
-          {{"utf-8", Encodage::Utf8},
-           {"utf-16le", Encodage::Utf16LE},
-           {"utf-16be", Encodage::Utf16BE},
-           {"windows-1252", Encodage::Windows1252},
-           {"latin-9", Encodage::Latin9},
-           {"cp850", Encodage::Cp850}},
+          {{"utf-8", EncodageDeTable::Utf8},
+           {"utf-16le", EncodageDeTable::Utf16LE},
+           {"utf-16be", EncodageDeTable::Utf16BE},
+           {"windows-1252", EncodageDeTable::Windows1252},
+           {"latin-9", EncodageDeTable::Latin9},
+           {"cp850", EncodageDeTable::Cp850}},
           "encodage des caractères"_w)
       .Defaut("ce que montre le fichier")
       .Montre("ComboEncodage")

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "capture/apercu/apercu.h"
 #include "capture/apercu/choix/proposition.h"
+#include "capture/apercu/observation/apercu.h"
 #include "capture/apercu/sorties/direct.h"
 #include "capture/colonnes/colonne.h"
 #include "core/chiffres/nombres.h"
@@ -34,7 +34,7 @@ FaitsDeTable FaitsDuPassage(FaitsDeTable faits, const PassageDirect& passage) {
   return faits;
 }
 
-bool TientPromesse(const Plan& plan, const Promesse& promesse) {
+bool TientPromesse(const PlanDImport& plan, const Promesse& promesse) {
   for (std::size_t j = 0; j < plan.lues.size(); ++j) {
     const ColonneLue& lue = plan.lues[j];
     const std::size_t largeur = lue.nombre == 0 ? 0 : plan.colonnes[lue.premiere].largeur;
@@ -50,7 +50,7 @@ bool SansAutreChoix(const OptionsImport& options, const Apercu& apercu) {
 
 // True when the table was codes from its first row to its last.
 bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
-                      Travail& travail) {
+                      TravailDImport& travail) {
   LectureDetectee detectee = DetecterLecture(source);
   if (options.lecture.titres) detectee.douteTitres.clear();
   const Lecture lecture = options.lecture.Appliquer(detectee.lecture);
@@ -59,7 +59,7 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
   const Apercu apercu = LireApercu(source.Texte(), lecture, kPremiers);
   const std::optional<Promesse> promesse = PromesseDe(apercu, source.Texte());
   if (!promesse || lecture.crSeuls || AvecCrSeuls(source.Texte())) return false;
-  travail.sorties = std::make_unique<Sorties>(contexte, false);
+  travail.sorties = std::make_unique<SortiesDImport>(contexte, false);
   // A code of one digit and a sign behind it, in every column: about the individuals that the file has.
   constexpr std::size_t kOctetsDeCode = 2;
   const std::uintmax_t environ = apercu.octets / (kOctetsDeCode * std::max<std::size_t>(promesse->largeurs.size(), 1));
@@ -78,8 +78,8 @@ bool TravaillerDirect(const Contexte& contexte, const SourceDeTable& source, con
 }
 
 // True when what the first reading has kept of the cells was enough; else nothing is left of it.
-bool TravaillerSelonTrace(const Contexte& contexte, const TraceDeCellules& trace, Travail& travail) {
-  travail.sorties = std::make_unique<Sorties>(contexte, false);
+bool TravaillerSelonTrace(const Contexte& contexte, const TraceDeCellules& trace, TravailDImport& travail) {
+  travail.sorties = std::make_unique<SortiesDImport>(contexte, false);
   Progression progression(contexte.Ecran(), travail.table.faits.individus);
   Ecrivain& dat = travail.sorties->jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
   std::optional<Bilan> bilan =
@@ -94,14 +94,14 @@ bool TravaillerSelonTrace(const Contexte& contexte, const TraceDeCellules& trace
 
 }  // namespace
 
-Sorties::Sorties(const Contexte& contexte, bool avecNombres)
+SortiesDImport::SortiesDImport(const Contexte& contexte, bool avecNombres)
     : jeu(contexte.repertoire, contexte.generique),
       nombres(avecNombres ? GeneriqueTenu(contexte.repertoire, contexte.Nom("N"), contexte.Nom("N"))
                           : GeneriqueTenu()) {}
 
-Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
-                   const std::function<void(const Reconnaissance&, const Plan&)>& accepter) {
-  Travail travail;
+TravailDImport Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                          const std::function<void(const Reconnaissance&, const PlanDImport&)>& accepter) {
+  TravailDImport travail;
   if (TravaillerDirect(contexte, source, options, travail)) {
     accepter(travail.table, travail.plan);
     return travail;
@@ -114,7 +114,7 @@ Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const 
       [&] { return DresserPlan(travail.table.choix, travail.table.faits, source.Texte(), travail.table.lecture); });
   accepter(travail.table, travail.plan);
   if (TravaillerSelonTrace(contexte, trace, travail)) return travail;
-  travail.sorties = std::make_unique<Sorties>(contexte, !travail.plan.nombres.empty());
+  travail.sorties = std::make_unique<SortiesDImport>(contexte, !travail.plan.nombres.empty());
   JeuDeFichiers& jeu = travail.sorties->jeu;
   SortiesDeTable fichiers;
   fichiers.dat = &jeu.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);

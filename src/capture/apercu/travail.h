@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
 #include "core/fichiers/jeu.h"
@@ -11,24 +11,24 @@
 namespace quelvar::capture {
 
 // The outputs of the run, all in one set.
-struct Sorties {
+struct SortiesDImport {
   JeuDeFichiers jeu;
   GeneriqueTenu nombres;  // the generic of the numbers, when there are any
 
-  Sorties(const Contexte& contexte, bool avecNombres);
+  SortiesDImport(const Contexte& contexte, bool avecNombres);
 };
 
-struct Travail {
+struct TravailDImport {
   Reconnaissance table;
-  Plan plan;
+  PlanDImport plan;
   Bilan bilan;
-  std::unique_ptr<Sorties> sorties;
+  std::unique_ptr<SortiesDImport> sorties;
 };
 
 // Reads and writes the data: at one go when the table holds codes only and no hand has chosen otherwise, else after a
 // first reading. `accepter` is asked before anything is written over that the account would not tell; it raises.
 // Raises what Reconnaitre, DresserPlan and EcrireTable raise.
-Travail Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
-                   const std::function<void(const Reconnaissance&, const Plan&)>& accepter);
+TravailDImport Travailler(const Contexte& contexte, const SourceDeTable& source, const OptionsImport& options,
+                          const std::function<void(const Reconnaissance&, const PlanDImport&)>& accepter);
 
 }  // namespace quelvar::capture

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "capture/burt/lecture.h"
+#include "capture/compterendu/fichiers.h"
 #include "capture/dbase/tableau.h"
-#include "capture/fichiers.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
@@ -21,13 +21,13 @@ namespace quelvar::capture {
 namespace {
 
 // Short and long name of a row.
-struct Modalite {
+struct ModaliteDeBurt {
   std::string nom;
   std::string intitule;
 };
 
-std::vector<Modalite> Nommer(const FaitsBurt& faits, NomsCourts noms) {
-  std::vector<Modalite> modalites;
+std::vector<ModaliteDeBurt> Nommer(const FaitsBurt& faits, NomsCourts noms) {
+  std::vector<ModaliteDeBurt> modalites;
   for (std::size_t i = 0; i < faits.rangees; ++i) {
     const std::string& intitule = faits.intitules[i];
     if (noms == NomsCourts::Automatiques)
@@ -41,7 +41,7 @@ std::vector<Modalite> Nommer(const FaitsBurt& faits, NomsCourts noms) {
 
 // Short names given by the user must let every row be found: stops the run for one that ends the list of modalities or
 // that two rows share.
-void ExigerNoms(Rapport& rapport, const std::vector<Modalite>& modalites) {
+void ExigerNoms(Rapport& rapport, const std::vector<ModaliteDeBurt>& modalites) {
   std::unordered_map<std::string_view, std::size_t> rangs;
   for (std::size_t i = 0; i < modalites.size(); ++i) {
     const std::string& nom = modalites[i].nom;
@@ -91,7 +91,7 @@ void SauvegarderAnciens(Rapport& rapport, const Contexte& contexte, JeuDeFichier
       SauvegarderAncien(rapport, contexte.Nom(extension), *ancien, sauvegardes);
 }
 
-void SignalerIntitulesCoupes(const Dialogue& dialogue, const std::vector<Modalite>& modalites) {
+void SignalerIntitulesCoupes(const Dialogue& dialogue, const std::vector<ModaliteDeBurt>& modalites) {
   const auto coupes = std::count_if(modalites.begin(), modalites.end(), [](const auto& modalite) {
     return modalite.intitule.size() > std::size_t{kIntituleDeModaliteAuPlus};
   });
@@ -113,15 +113,15 @@ void SignalerConversion(const Dialogue& dialogue, std::string_view nom, const Co
 }
 
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const FaitsBurt& faits,
-               const std::vector<Modalite>& modalites) {
+               const std::vector<ModaliteDeBurt>& modalites) {
   mod.Ligne(contexte.generique);
   mod.Ligne(LigneDeParametres({{"BRT=", faits.rangees}, {"FMT=", faits.largeur}}));
-  for (const Modalite& modalite : modalites) mod.Ligne(LigneModalite(modalite.nom, false, modalite.intitule));
+  for (const ModaliteDeBurt& modalite : modalites) mod.Ligne(LigneModalite(modalite.nom, false, modalite.intitule));
 }
 
 // The rows of .BRT, written to the file and to the report.
 void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const FaitsBurt& faits,
-                   const std::vector<Modalite>& modalites) {
+                   const std::vector<ModaliteDeBurt>& modalites) {
   RangeeDeBurt rangee;
   std::string texte;
   for (std::size_t i = 0; i < faits.rangees && lecteur.Lire(faits.rangees, rangee); ++i) {
@@ -133,31 +133,35 @@ void EcrireRangees(Ecrivain& brt, Rapport& rapport, LecteurDeBurt lecteur, const
 }
 
 // What is known of the table before anything is written.
-struct Preparation {
-  bool utf8 = false;
+struct PreparationDeBurt {
+  Conversion conversion;
   FaitsBurt faits;
-  std::vector<Modalite> modalites;
-  double effectif = 0;
+  std::vector<ModaliteDeBurt> modalites;
+  double effectif = 0;  // of the survey, which the user is asked for
 };
 
-Preparation Preparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
-  const Conversion conversion = ExaminerConversion(source);
-  FaitsBurt faits = ExaminerBurt(source, conversion.utf8);
-  std::vector<Modalite> modalites = Nommer(faits, noms);
-  ExigerNoms(rapport, modalites);
-  SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), conversion);
-  SignalerIntitulesCoupes(contexte.Ecran(), modalites);
-  const double effectif = DemanderEffectif(rapport, contexte, faits);
-  return {conversion.utf8, std::move(faits), std::move(modalites), effectif};
+PreparationDeBurt LireTable(const Chemin& source, NomsCourts noms) {
+  PreparationDeBurt lue;
+  lue.conversion = ExaminerConversion(source);
+  lue.faits = ExaminerBurt(source, lue.conversion.utf8);
+  lue.modalites = Nommer(lue.faits, noms);
+  return lue;
 }
 
 // The copies of the former files stay when the table can't be read, as the report tells; one who gives up in the
 // question on the size leaves no trace.
-Preparation SauvegarderEtPreparer(Rapport& rapport, const Contexte& contexte, const Chemin& source, NomsCourts noms) {
+PreparationDeBurt SauvegarderEtPreparer(Rapport& rapport, const Contexte& contexte, const Chemin& source,
+                                        NomsCourts noms) {
   JeuDeFichiers sauvegardes(contexte.repertoire, contexte.generique);
   SauvegarderAnciens(rapport, contexte, sauvegardes);
-  Preparation preparation;
-  const std::optional<Erreur> echec = EchecDe([&] { preparation = Preparer(rapport, contexte, source, noms); });
+  PreparationDeBurt preparation;
+  const std::optional<Erreur> echec = EchecDe([&] {
+    preparation = LireTable(source, noms);
+    ExigerNoms(rapport, preparation.modalites);
+    SignalerConversion(contexte.Ecran(), TexteDe(source.filename()), preparation.conversion);
+    SignalerIntitulesCoupes(contexte.Ecran(), preparation.modalites);
+    preparation.effectif = DemanderEffectif(rapport, contexte, preparation.faits);
+  });
   sauvegardes.Valider();
   if (echec) throw *echec;
   return preparation;
@@ -168,14 +172,14 @@ void Importer(Rapport& rapport, const Contexte& contexte, const OptionsImportBur
   const std::string nomSource = TexteDe(CheminDe(options.fichier).filename());
   ExigerFichiers(rapport, contexte.Ecran(), {{nomSource, source.has_value()}}, kArretAbsence);
   ImprimerBandeau(rapport, "Importation d'un tableau de Burt");
-  const auto [utf8, faits, modalites, effectif] = SauvegarderEtPreparer(rapport, contexte, *source, options.noms);
+  const auto [conversion, faits, modalites, effectif] = SauvegarderEtPreparer(rapport, contexte, *source, options.noms);
 
   rapport.Ligne({"Le tableau de burt ", nomSource, " a été importé et est enregistré sous le nom "_w,
                  contexte.Nom(".BRT"), " imprimé ci-dessous et qu'il faut vérifier "_w});
   rapport.Ligne({"Les caractéristiques du tableau de burt sont dans le fichier "_w, contexte.Nom(".MOD")});
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport, LecteurDeBurt(*source, utf8), faits,
-                modalites);
+  EcrireRangees(sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable), rapport,
+                LecteurDeBurt(*source, conversion.utf8), faits, modalites);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, faits, modalites);
   Ecrivain& pos = sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique);
   pos.Ligne(contexte.generique);

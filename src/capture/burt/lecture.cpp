@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "capture/utf8.h"
+#include "capture/encodage/utf8.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"

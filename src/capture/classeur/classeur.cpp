@@ -8,6 +8,7 @@
 #include "capture/classeur/rangees.h"
 #include "capture/classeur/xlsx.h"
 #include "core/chiffres/nombres.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -46,16 +47,15 @@ std::size_t PremiereVisible(const Ouvert& ouvert) {
 
 // Numbers and names of the sheets that `voulue` takes.
 template <typename Voulue>
-std::string Enumerer(const std::vector<std::string>& noms, Voulue&& voulue) {
+std::string EnumererFeuilles(const std::vector<std::string>& noms, Voulue&& voulue) {
   constexpr std::size_t kCitees = 20;
-  std::string liste;
-  std::size_t citees = 0;
+  std::vector<std::string> citees;
   for (std::size_t i = 0; i < noms.size(); ++i) {
     if (!voulue(i)) continue;
-    if (citees++ == kCitees) return liste + "...";
-    liste += Joindre({std::string_view(liste.empty() ? "" : ", "), Nombre(i + 1), " \"", noms[i], "\""});
+    if (citees.size() == kCitees) return Enumerer(citees) + "...";
+    citees.push_back(Joindre({Nombre(i + 1), " \"", noms[i], "\""}));
   }
-  return liste;
+  return Enumerer(citees);
 }
 
 std::size_t RangDe(const Ouvert& ouvert, std::string_view feuille) {
@@ -186,11 +186,11 @@ std::string DesignerFeuille(const FeuilleLue& feuille) {
 }
 
 std::string AutresFeuilles(const FeuilleLue& feuille) {
-  return Enumerer(feuille.feuilles, [&](std::size_t i) { return i != feuille.rang; });
+  return EnumererFeuilles(feuille.feuilles, [&](std::size_t i) { return i != feuille.rang; });
 }
 
 std::string ListeDesFeuilles(const std::vector<std::string>& noms) {
-  return Enumerer(noms, [](std::size_t) { return true; });
+  return EnumererFeuilles(noms, [](std::size_t) { return true; });
 }
 
 }  // namespace quelvar::capture

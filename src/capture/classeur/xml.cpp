@@ -20,7 +20,7 @@ NomXml NomDe(const char* octets) {
 }
 
 // No exception crosses the frames of the parser: the first one waits here for the end of the block.
-struct Lecture {
+struct LectureDeXml {
   const GestesXml& gestes;
   XML_Parser analyseur;
   std::exception_ptr faute;
@@ -39,26 +39,26 @@ struct Lecture {
   }
 };
 
-Lecture& LectureDe(void* donnees) { return *static_cast<Lecture*>(donnees); }
+LectureDeXml& LectureDe(void* donnees) { return *static_cast<LectureDeXml*>(donnees); }
 
 void XMLCALL AuDebut(void* donnees, const XML_Char* nom, const XML_Char** attributs) {
-  Lecture& lecture = LectureDe(donnees);
+  LectureDeXml& lecture = LectureDe(donnees);
   lecture.Faire([&] { lecture.gestes.debut(NomDe(nom), AttributsXml(attributs)); });
 }
 
 void XMLCALL ALaFin(void* donnees, const XML_Char* nom) {
-  Lecture& lecture = LectureDe(donnees);
+  LectureDeXml& lecture = LectureDe(donnees);
   lecture.Faire([&] { lecture.gestes.fin(NomDe(nom)); });
 }
 
 void XMLCALL AuTexte(void* donnees, const XML_Char* octets, int taille) {
-  Lecture& lecture = LectureDe(donnees);
+  LectureDeXml& lecture = LectureDe(donnees);
   lecture.Faire([&] { lecture.gestes.texte({octets, static_cast<std::size_t>(taille)}); });
 }
 
 // Workbooks have no type declaration; its entities are how a small document is made to grow without end.
 void XMLCALL ALaDeclaration(void* donnees, const XML_Char*, const XML_Char*, const XML_Char*, int) {
-  Lecture& lecture = LectureDe(donnees);
+  LectureDeXml& lecture = LectureDe(donnees);
   lecture.Faire([] { RefuserClasseur("il contient une déclaration de type de document"_w); });
 }
 
@@ -80,7 +80,7 @@ void LireXml(Partie partie, const GestesXml& gestes) {
   const std::unique_ptr<std::remove_pointer_t<XML_Parser>, Liberer> analyseur(
       XML_ParserCreateNS(nullptr, kEntreEspaceEtNom));
   if (!analyseur) throw Erreur(kMemoireInsuffisante);
-  Lecture lecture{gestes, analyseur.get(), nullptr};
+  LectureDeXml lecture{gestes, analyseur.get(), nullptr};
   XML_SetUserData(analyseur.get(), &lecture);
   XML_SetElementHandler(analyseur.get(), AuDebut, ALaFin);
   XML_SetCharacterDataHandler(analyseur.get(), AuTexte);

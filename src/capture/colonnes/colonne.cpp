@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"

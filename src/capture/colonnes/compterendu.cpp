@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "capture/colonnes/tableau.h"
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
+#include "core/resultats/rangees.h"
 
 namespace quelvar::capture {
 
@@ -31,6 +33,23 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_vi
   }
 }
 
+namespace {
+
+// The words of the two lines stand across the places of the columns, which no title of theirs does.
+TableauEdite TeteDesColonnes(bool sansIntitules) {
+  TableauEdite tete;
+  if (sansIntitules) {
+    tete.titres.emplace_back("Numéro         1ère position      Largeur  "_w);
+    tete.titres.emplace_back("colonne     dans données *.DAT             "_w);
+  } else {
+    tete.titres.emplace_back("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
+    tete.titres.emplace_back("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
+  }
+  return tete;
+}
+
+}  // namespace
+
 void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
                       bool sansIntitules) {
   rapport.Ligne();
@@ -44,7 +63,11 @@ void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colo
   rapport.Ligne();
   rapport.Ligne("Résultat de l'importation pour chaque colonne"_w);
   rapport.Ligne();
-  ImprimerRangees(rapport, TableauDesColonnes(colonnes, sansIntitules), FormeDesColonnes(sansIntitules));
+  const TableauEdite tableau = TableauDesColonnes(colonnes, sansIntitules);
+  const FormeEnRangees forme = FormeDesColonnes(sansIntitules);
+  ImprimeurDeRangees imprimeur(rapport, forme, tableau.colonnes.size());
+  imprimeur.Tete(TeteDesColonnes(sansIntitules));
+  for (const Rangee& rangee : tableau.rangees) imprimeur.Imprimer(rangee);
 }
 
 std::string NumeroEtIntitule(const ColonneImportee& colonne) {
@@ -52,26 +75,24 @@ std::string NumeroEtIntitule(const ColonneImportee& colonne) {
 }
 
 std::string RemarqueLignesVides(std::int64_t nombre) {
-  return Joindre(
-      {"*** Attention :", NombreNu(nombre), "ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w});
+  return Joindre({kAttention, Nombre(nombre), " ligne(s) sans aucune valeur, non comptée(s) parmi les individus"_w});
 }
 
 std::string RemarqueNegatives(std::int64_t nombre, std::size_t rang, std::string_view intitule) {
-  return Joindre({"*** Attention :", NombreNu(nombre), "valeur(s) négative(s) comptée(s) pour 0 à la colonne"_w,
-                  NombreNu(rang), intitule});
+  return Joindre({kAttention, Nombre(nombre), " valeur(s) négative(s) comptée(s) pour 0 à la colonne"_w, NombreNu(rang),
+                  intitule});
 }
 
 void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<ColonneImportee>& colonnes,
                    const std::vector<std::size_t>& nomsChanges) {
   if (!nomsChanges.empty())
-    remarques.emplace_back("*** Attention : noms courts choisis pour qu'ils soient tous différents"_w);
+    remarques.push_back(Joindre({kAttention, "noms courts choisis pour qu'ils soient tous différents"_w}));
   for (const std::size_t j : nomsChanges)
     remarques.push_back(Joindre({"    ", colonnes[j].nomCourt, " pour la colonne", NumeroEtIntitule(colonnes[j])}));
   const auto loin = std::ranges::find_if(colonnes, &ColonneImportee::HorsDePortee);
   if (loin == colonnes.end()) return;
-  remarques.push_back(
-      Joindre({"*** Attention : à partir de la colonne"_w, NombreNu(loin->rang), "la position dépasse "_w,
-               Nombre(kDernierePosition), ", les colonnes restent hors du fichier *.POS"}));
+  remarques.push_back(Joindre({kAttention, "à partir de la colonne"_w, NombreNu(loin->rang), "la position dépasse "_w,
+                               Nombre(kDernierePosition), ", les colonnes restent hors du fichier *.POS"}));
 }
 
 void ImprimerRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {

@@ -1,12 +1,10 @@
 #include "capture/colonnes/tableau.h"
 
+#include "core/resultats/cellules.h"
+
 namespace quelvar::capture {
 
 namespace {
-
-Cellule Entier(double valeur) { return {.valeur = valeur}; }
-Cellule Entier(std::size_t valeur) { return Entier(static_cast<double>(valeur)); }
-Cellule EnTexte(std::string_view texte) { return {.marque = std::string(texte)}; }
 
 std::string_view PriseEnCompte(const ColonneImportee& colonne) {
   if (colonne.numero) return "NON (numéro)"_w;
@@ -20,29 +18,30 @@ std::string_view IntituleMontre(const ColonneImportee& colonne) {
 Rangee RangeeDe(const ColonneImportee& colonne) {
   return {.titre = {},
           .intitule = std::string(IntituleMontre(colonne)),
-          .cellules = {Entier(colonne.rang), Entier(colonne.codeMax), Entier(colonne.position), Entier(colonne.largeur),
-                       EnTexte(colonne.DansPos() ? std::string_view(colonne.nomCourt) : std::string_view()),
-                       EnTexte(PriseEnCompte(colonne))}};
+          .cellules = {CelluleEntiere(colonne.rang), CelluleEntiere(colonne.codeMax), CelluleEntiere(colonne.position),
+                       CelluleEntiere(colonne.largeur),
+                       CelluleTexte(colonne.DansPos() ? std::string_view(colonne.nomCourt) : std::string_view()),
+                       CelluleTexte(PriseEnCompte(colonne))}};
 }
 
 Rangee RangeeSansIntitule(const ColonneImportee& colonne) {
-  return {.titre = {},
-          .intitule = {},
-          .cellules = {Entier(colonne.rang), Entier(colonne.position), Entier(colonne.largeur)}};
+  return {
+      .titre = {},
+      .intitule = {},
+      .cellules = {CelluleEntiere(colonne.rang), CelluleEntiere(colonne.position), CelluleEntiere(colonne.largeur)}};
 }
 
 }  // namespace
 
 TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bool sansIntitules) {
   TableauEdite tableau;
-  if (sansIntitules) {
-    tableau.titres.emplace_back("Numéro         1ère position      Largeur  "_w);
-    tableau.titres.emplace_back("colonne     dans données *.DAT             "_w);
-  } else {
-    tableau.titres.emplace_back("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
-    tableau.titres.emplace_back("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
-  }
-  tableau.colonnes.resize(sansIntitules ? 3 : 6);
+  const auto nommer = [&](std::initializer_list<std::string_view> noms) {
+    for (const std::string_view nom : noms) tableau.colonnes.push_back({std::string(nom)});
+  };
+  if (sansIntitules) nommer({"Numéro colonne"_w, "1ère position dans données *.DAT"_w, "Largeur"});
+  else
+    nommer({"Numéro colonne"_w, "Code maximum", "1ère position dans données *.DAT"_w, "Largeur", "Nom court",
+            "Pris en compte dans *.POS"});
   for (const ColonneImportee& colonne : colonnes)
     tableau.rangees.push_back(sansIntitules ? RangeeSansIntitule(colonne) : RangeeDe(colonne));
   return tableau;

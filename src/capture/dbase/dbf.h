@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/pagecode.h"
+#include "capture/encodage/pagecode.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {

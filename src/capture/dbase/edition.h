@@ -11,7 +11,7 @@
 
 namespace quelvar::capture {
 
-struct QuestionComptee {
+struct QuestionDuTri {
   std::string nom;
   std::size_t position = 1;  // first column in .DAT, from 1
   std::size_t largeur = 1;
@@ -19,9 +19,9 @@ struct QuestionComptee {
 };
 
 // The codes that were met with their counts, then the total and its 100 percent.
-TableauEdite TableauDuTri(const QuestionComptee& question, std::int64_t individus);
+TableauEdite TableauDuTri(const QuestionDuTri& question, std::int64_t individus);
 
 // Prints the counts of all questions, their number, and the advice on questions of three columns.
-void ImprimerTris(Rapport& rapport, const std::vector<QuestionComptee>& questions, std::int64_t individus);
+void ImprimerTris(Rapport& rapport, const std::vector<QuestionDuTri>& questions, std::int64_t individus);
 
 }  // namespace quelvar::capture

@@ -4,12 +4,13 @@
 #include <limits>
 #include <vector>
 
+#include "capture/compterendu/fichiers.h"
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/edition.h"
+#include "capture/dbase/presence.h"
 #include "capture/dbase/questions.h"
 #include "capture/dbase/remarques.h"
 #include "capture/dbase/tri.h"
-#include "capture/fichiers.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/noms.h"
@@ -20,44 +21,6 @@ namespace quelvar::capture {
 
 namespace {
 
-struct Fichiers {
-  std::optional<Chemin> dbf;
-  std::optional<Chemin> dat;
-  std::optional<Chemin> pos;
-};
-
-void ImprimerPresence(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, bool lisible) {
-  const std::string dat = contexte.Nom(".DAT");
-  const std::string pos = contexte.Nom(".POS");
-  const std::string dbf = contexte.Nom(".DBF");
-  if (fichiers.dbf) {
-    ImprimerEtat(rapport, dbf, kExiste);
-    ImprimerEtatDeSortie(rapport, dat, fichiers.dat.has_value(), lisible);
-    ImprimerEtatDeSortie(rapport, pos, fichiers.pos.has_value(), lisible);
-    rapport.Ligne();
-    rapport.Ligne(kSelonLesLargeursDuDbf);
-  } else if (fichiers.dat) {
-    ImprimerEtat(rapport, dat, kExiste);
-    ImprimerEtat(rapport, pos, fichiers.pos ? kExiste : kSeraCreeSansAccents);
-    rapport.Ligne();
-    rapport.Ligne(fichiers.pos ? "Toutes les positions sont examinées selon les largeurs de *.POS"_w
-                               : "Toutes les positions sont examinées l'une apres l'autre"_w);
-  } else {
-    ImprimerEtat(rapport, dbf, kNExistePas);
-    ImprimerEtat(rapport, dat, kNExistePas);
-    ImprimerEtat(rapport, pos, fichiers.pos ? kExiste : kNExistePas);
-    ArreterSansSource(rapport, fichiers.pos.has_value());
-  }
-}
-
-void ImprimerAvis(Rapport& rapport) {
-  rapport.Ligne("   +------------------------------------------------------------+");
-  rapport.Ligne("   + Le nom du  champ dBase  est repris uniquement  dans le cas +");
-  rapport.Ligne("   + des champs de largeur 1 ou 2. Les autres sont  decoupés en +"_w);
-  rapport.Ligne("   + positions de largeur 1 et nommés par leur position dans le +"_w);
-  rapport.Ligne("   + fichier *.POS                                              +");
-}
-
 std::vector<Champ> ChampsDe(const std::vector<QuestionImportee>& questions) {
   std::vector<Champ> champs;
   champs.reserve(questions.size());
@@ -65,26 +28,26 @@ std::vector<Champ> ChampsDe(const std::vector<QuestionImportee>& questions) {
   return champs;
 }
 
-std::vector<QuestionComptee> Assembler(const std::vector<QuestionImportee>& questions, std::vector<TriDeChamp> tris) {
-  std::vector<QuestionComptee> comptees;
+std::vector<QuestionDuTri> Assembler(const std::vector<QuestionImportee>& questions, std::vector<TriDeChamp> tris) {
+  std::vector<QuestionDuTri> comptees;
   for (std::size_t i = 0; i < questions.size(); ++i)
     comptees.push_back({questions[i].nom, questions[i].position, questions[i].largeur, std::move(tris[i])});
   return comptees;
 }
 
 // Columns 8-9 of a line of .POS, such that a reader finds the width again.
-std::string CodeMaxEcrit(const QuestionComptee& question) {
+std::string CodeMaxEcrit(const QuestionDuTri& question) {
   constexpr int kPremierDeDeuxColonnes = 10;
   if (question.largeur == LargeurDe(kCodeMaxL3)) return TexteCodeMax(kCodeMaxL3);
   return TexteCodeMax(question.largeur == 1 ? question.tri.codeMax
                                             : std::max(question.tri.codeMax, kPremierDeDeuxColonnes));
 }
 
-void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<QuestionComptee>& questions,
+void EcrirePos(Ecrivain& pos, const Contexte& contexte, const std::vector<QuestionDuTri>& questions,
                std::int64_t individus) {
   pos.Ligne(contexte.generique);
   pos.Ligne(LigneDeTaille(individus));
-  for (const QuestionComptee& question : questions)
+  for (const QuestionDuTri& question : questions)
     pos.Ligne(LigneDeQuestion(question.nom, static_cast<std::int64_t>(question.position), CodeMaxEcrit(question)));
 }
 
@@ -106,16 +69,18 @@ PassageDbf CopierEnregistrements(Ecrivain& dat, LecteurDbf& lecteur, const Entet
   return passage;
 }
 
-void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const EnteteDbf& entete) {
-  const Chemin& dbf = *fichiers.dbf;
-  ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
-  LecteurDbf lecteur(dbf, entete);
-  const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
-  rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(individus)});
-  rapport.Ligne({"La longueur d'un enregistrement est de ", NombreNu(entete.longueurEnregistrement)});
+// The questions of a table as they were counted in its records, and what is to be told of them.
+struct ChampsComptes {
+  std::vector<QuestionDuTri> comptees;
+  PassageDbf passage;
+  Remarques impropres;
+  std::int64_t impossibles = 0;
+};
 
-  std::vector<QuestionImportee> questions = QuestionsDesChamps(entete.champs);
-  const std::vector<std::size_t> renommees = NommerQuestions(questions);
+// Writes the records of .DAT and counts the questions on the way.
+ChampsComptes CopierEtCompter(Ecrivain& dat, const Contexte& contexte, LecteurDbf& lecteur, const EnteteDbf& entete,
+                              const std::vector<QuestionImportee>& questions) {
+  const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
   // A question behind the end of the records is blank in all of them.
   const auto derriere = std::find_if(questions.begin(), questions.end(), [&](const QuestionImportee& question) {
     return question.position > entete.LongueurLigne();
@@ -124,106 +89,147 @@ void ImporterChamps(Rapport& rapport, const Contexte& contexte, const Fichiers& 
   CompteurDeChamps compteur(champs);
   for (std::size_t i = 0; i < champs.size(); ++i)
     if (!questions[i].champ.empty()) compteur.Surveiller(i);
-
-  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  Ecrivain& dat = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
-  PassageDbf passage;
+  ChampsComptes lus;
   {
     Progression progression(contexte.Ecran(), individus);
-    passage = CopierEnregistrements(dat, lecteur, entete, compteur, LongueurUtile(champs), progression);
+    lus.passage = CopierEnregistrements(dat, lecteur, entete, compteur, LongueurUtile(champs), progression);
   }
   std::vector<TriDeChamp> tris = compteur.Tris();
   tris.resize(questions.size(), TriDeChamp{{individus}, 0, 0, 0, {}});
-  Remarques impropres;
-  RemarquerImpropres(impropres, questions, tris);
-  const std::vector<QuestionComptee> comptees = Assembler(questions, std::move(tris));
-  EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, comptees, individus);
-  ImprimerTris(rapport, comptees, individus);
+  RemarquerImpropres(lus.impropres, questions, tris);
+  lus.comptees = Assembler(questions, std::move(tris));
+  lus.impossibles = compteur.ValeursImpossibles();
+  return lus;
+}
+
+// The former .DAT stays under a backup name, which is told.
+void GarderLesDonnees(Remarques& remarques, const Contexte& contexte, const FichiersDBase& fichiers,
+                      JeuDeFichiers& sorties) {
+  if (!fichiers.dat) return;
+  const std::string nom = contexte.Nom(".DAT");
+  const std::string copie = GarderRemplace(sorties, *fichiers.dat, sorties.Achever(nom));
+  if (copie.empty()) return;
+  remarques.push_back(Joindre({"Le fichier ", nom, " est remplacé ; l'ancien est sauvegardé sous le nom "_w, copie}));
+}
+
+void ImporterChamps(Rapport& rapport, const Contexte& contexte, const FichiersDBase& fichiers,
+                    const EnteteDbf& entete) {
+  ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
+  LecteurDbf lecteur(*fichiers.dbf, entete);
+  const auto individus = static_cast<std::int64_t>(lecteur.Enregistrements());
+  rapport.Ligne({"Nombre d'individus dans le fichier dBase=", NombreNu(individus)});
+  rapport.Ligne({"La longueur d'un enregistrement est de ", NombreNu(entete.longueurEnregistrement)});
+
+  std::vector<QuestionImportee> questions = QuestionsDesChamps(entete.champs);
+  const std::vector<std::size_t> renommees = NommerQuestions(questions);
+  JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
+  Ecrivain& dat = sorties.Ouvrir(contexte.Nom(".DAT"), Nature::Refaisable);
+  const ChampsComptes lus = CopierEtCompter(dat, contexte, lecteur, entete, questions);
+  EcrirePos(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), contexte, lus.comptees, individus);
+  ImprimerTris(rapport, lus.comptees, individus);
   ImprimerFinDImport(rapport, contexte.niveau);
 
   Remarques remarques;
-  RemarquerDbf(remarques, entete, lecteur.Taille(), passage);
+  RemarquerDbf(remarques, entete, lecteur.Taille(), lus.passage);
   RemarquerQuestions(remarques, questions, renommees, entete.LongueurChamps());
-  RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
-  remarques.insert(remarques.end(), impropres.begin(), impropres.end());
-  const std::string nomDat = contexte.Nom(".DAT");
-  const std::string copie =
-      fichiers.dat ? GarderRemplace(sorties, *fichiers.dat, sorties.Achever(nomDat)) : std::string();
-  if (!copie.empty())
-    remarques.push_back(
-        Joindre({"Le fichier ", nomDat, " est remplacé ; l'ancien est sauvegardé sous le nom "_w, copie}));
+  RemarquerImpossibles(remarques, lus.impossibles);
+  remarques.insert(remarques.end(), lus.impropres.begin(), lus.impropres.end());
+  GarderLesDonnees(remarques, contexte, fichiers, sorties);
   MontrerRemarques(contexte.Ecran(), remarques);
   sorties.Valider();
 }
 
-// Makes the dictionary of a .DAT that has none: every column is a question.
-void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin& dat) {
+// A .DAT that has no dictionary: every column of its lines is a question.
+struct PositionsComptees {
+  std::vector<QuestionImportee> questions;
+  std::vector<QuestionDuTri> comptees;
   std::int64_t individus = 0;
-  std::size_t longueur = 0;
+  std::size_t longueur = 0;  // of the longest line
+};
+
+// Raises kFinDeFichierDepassee for a file without lines.
+PositionsComptees CompterPositions(const Contexte& contexte, const Chemin& dat) {
+  PositionsComptees lues;
   {
     LecteurLignes lecteur(dat);
-    for (std::string_view ligne; lecteur.Lire(ligne); ++individus) longueur = std::max(longueur, ligne.size());
+    for (std::string_view ligne; lecteur.Lire(ligne); ++lues.individus)
+      lues.longueur = std::max(lues.longueur, ligne.size());
   }
-  if (individus == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(dat.filename())});
-  const std::vector<QuestionImportee> questions = QuestionsDesPositions(longueur);
-  const std::vector<Champ> champs = ChampsDe(questions);
+  if (lues.individus == 0) throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(dat.filename())});
+  lues.questions = QuestionsDesPositions(lues.longueur);
+  const std::vector<Champ> champs = ChampsDe(lues.questions);
   CompteurDeChamps compteur(champs);
-  {
-    Progression progression(contexte.Ecran(), individus);
-    LecteurIndividus lecteur(dat, questions.size());
-    while (const char* ligne = lecteur.Lire()) {
-      compteur.Compter(ligne);
-      progression.Avancer();
-    }
+  Progression progression(contexte.Ecran(), lues.individus);
+  LecteurIndividus lecteur(dat, lues.questions.size());
+  while (const char* ligne = lecteur.Lire()) {
+    compteur.Compter(ligne);
+    progression.Avancer();
   }
-  const std::vector<QuestionComptee> comptees = Assembler(questions, compteur.Tris());
+  lues.comptees = Assembler(lues.questions, compteur.Tris());
+  return lues;
+}
+
+// Makes the dictionary of a .DAT that has none.
+void ImporterPositions(Rapport& rapport, const Contexte& contexte, const Chemin& dat) {
+  const PositionsComptees lues = CompterPositions(contexte, dat);
   Remplacement pos(contexte.repertoire, contexte.Nom(".POS"));
-  EcrirePos(pos.Fichier(), contexte, comptees, individus);
+  EcrirePos(pos.Fichier(), contexte, lues.comptees, lues.individus);
   pos.Achever();
-  ImprimerTris(rapport, comptees, individus);
+  ImprimerTris(rapport, lues.comptees, lues.individus);
   ImprimerFinDImport(rapport, contexte.niveau);
   Remarques remarques;
-  RemarquerQuestions(remarques, questions, {}, longueur);
+  RemarquerQuestions(remarques, lues.questions, {}, lues.longueur);
   MontrerRemarques(contexte.Ecran(), remarques);
   pos.Valider();
 }
 
-// Counts a .DAT by the questions of its .POS; both stay as they are.
-void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
-  const FichierPos pos = LirePos(*fichiers.pos);
-  ExigerParentheses(pos.taille, contexte.Ecran());
-  ExigerNomsDifferents(pos.questions);
+// The questions of a .POS as they were counted in its .DAT.
+struct QuestionsComptees {
+  std::vector<QuestionDuTri> comptees;
+  std::int64_t individus = 0;
+  std::int64_t impossibles = 0;
+};
+
+QuestionsComptees CompterQuestions(const Contexte& contexte, const Chemin& dat, const FichierPos& pos) {
   const std::vector<Champ> champs = quelvar::ChampsDe(pos);
   CompteurDeChamps compteur(champs);
   const std::int64_t annonces = pos.taille.individus;
   const std::int64_t maximum = annonces == 0 ? std::numeric_limits<std::int64_t>::max() : annonces;
-  std::int64_t individus = 0;
+  QuestionsComptees lues;
   {
     Progression progression(contexte.Ecran(), annonces);
-    LecteurIndividus lecteur(*fichiers.dat, LongueurUtile(champs));
-    individus = Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t) {
+    LecteurIndividus lecteur(dat, LongueurUtile(champs));
+    lues.individus = Parcourir(lecteur, maximum, [&](const char* ligne, std::int64_t) {
       compteur.Compter(ligne);
       progression.Avancer();
     });
   }
-  if (individus < annonces) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
   std::vector<TriDeChamp> tris = compteur.Tris();
-  std::vector<QuestionComptee> comptees;
   for (std::size_t i = 0; i < pos.questions.size(); ++i) {
     const Question& question = pos.questions[i];
-    comptees.push_back({question.nom, static_cast<std::size_t>(question.position),
-                        static_cast<std::size_t>(question.largeur), std::move(tris[i])});
+    lues.comptees.push_back({question.nom, static_cast<std::size_t>(question.position),
+                             static_cast<std::size_t>(question.largeur), std::move(tris[i])});
   }
-  ImprimerTris(rapport, comptees, individus);
+  lues.impossibles = compteur.ValeursImpossibles();
+  return lues;
+}
+
+// Counts a .DAT by the questions of its .POS; both stay as they are.
+void CompterSelonPos(Rapport& rapport, const Contexte& contexte, const FichiersDBase& fichiers) {
+  const FichierPos pos = LirePos(*fichiers.pos);
+  ExigerParentheses(pos.taille, contexte.Ecran());
+  ExigerNomsDifferents(pos.questions);
+  const QuestionsComptees lues = CompterQuestions(contexte, *fichiers.dat, pos);
+  if (lues.individus < pos.taille.individus) Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
+  ImprimerTris(rapport, lues.comptees, lues.individus);
   ImprimerFinDImport(rapport, contexte.niveau);
   Remarques remarques;
-  RemarquerImpossibles(remarques, compteur.ValeursImpossibles());
+  RemarquerImpossibles(remarques, lues.impossibles);
   MontrerRemarques(contexte.Ecran(), remarques);
 }
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
-  const Fichiers fichiers{contexte.Chercher(".DBF"), contexte.Chercher(".DAT"),
-                          ChercherPos(contexte.repertoire, contexte.Nom(".POS"))};
+  const FichiersDBase fichiers = TrouverFichiersDBase(contexte);
   EnteteDbf entete;
   std::optional<Erreur> echec;
   if (fichiers.dbf) echec = EchecDe([&] { entete = LireEnteteDuFichier(*fichiers.dbf); });

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "capture/noms.h"
+#include "capture/noms/distincts.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"

@@ -105,12 +105,12 @@ void RemarquerDbf(Remarques& remarques, const EnteteDbf& entete, std::uintmax_t 
 
 void RemarquerRenommages(Remarques& remarques, std::string_view phrase, const std::vector<Renommage>& renommages) {
   if (renommages.empty()) return;
-  std::string noms;
+  std::vector<std::string> cites;
   for (std::size_t i = 0; i < std::min(renommages.size(), kNomsCites); ++i) {
     const std::string_view ancien = Rogner(renommages[i].ancien);
-    noms += Joindre({std::string_view(i == 0 ? "" : ", "), ancien.empty() ? "(vide)" : ancien, " -> ",
-                     Rogner(renommages[i].nouveau)});
+    cites.push_back(Joindre({ancien.empty() ? "(vide)" : ancien, " -> ", Rogner(renommages[i].nouveau)}));
   }
+  std::string noms = Enumerer(cites);
   if (renommages.size() > kNomsCites) noms += "...";
   remarques.push_back(Joindre({phrase, Nombre(renommages.size()), " (", noms, ")"}));
 }

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "capture/compterendu/remarques.h"
 #include "capture/dbase/dbf.h"
 #include "capture/dbase/questions.h"
 #include "capture/dbase/tri.h"
-#include "capture/remarques.h"
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
 

@@ -1,12 +1,13 @@
 #include "capture/dbase/tableau.h"
 
-#include <algorithm>
+#include <utility>
 #include <vector>
 
-#include "capture/dbase/dbf.h"
+#include "capture/compterendu/fichiers.h"
+#include "capture/dbase/lecturedetableau.h"
+#include "capture/dbase/presence.h"
 #include "capture/dbase/remarques.h"
-#include "capture/fichiers.h"
-#include "capture/noms.h"
+#include "capture/noms/distincts.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
@@ -17,87 +18,6 @@
 namespace quelvar::capture {
 
 namespace {
-
-constexpr std::size_t kChampsAuMoins = 3;  // names, a column, long names
-
-// The table as its header describes it.
-struct Tableau {
-  ChampDbf noms;
-  std::vector<ChampDbf> colonnes;
-  ChampDbf nomsLongs;
-  std::size_t largeur = 0;  // of every cell in .BRT
-};
-
-Tableau DecouperTableau(const EnteteDbf& entete) {
-  Tableau tableau{entete.champs.front(), {entete.champs.begin() + 1, entete.champs.end() - 1}, entete.champs.back()};
-  for (const ChampDbf& colonne : tableau.colonnes) tableau.largeur = std::max(tableau.largeur, colonne.largeur);
-  return tableau;
-}
-
-void ImprimerPresence(Rapport& rapport, const Contexte& contexte, bool dbf, bool lisible) {
-  const std::string brt = contexte.Nom(".BRT");
-  const std::string mod = contexte.Nom(".MOD");
-  const bool brtPresent = contexte.Chercher(".BRT").has_value();
-  const bool modPresent = contexte.Chercher(".MOD").has_value();
-  ImprimerEtat(rapport, contexte.Nom(".DBF"), dbf ? kExiste : kNExistePas);
-  if (!dbf) {
-    ImprimerEtat(rapport, brt, brtPresent ? kExiste : kNExistePas);
-    ImprimerEtat(rapport, mod, modPresent ? kExiste : kNExistePas);
-    ArreterSansSource(rapport, brtPresent || modPresent);
-  }
-  ImprimerEtatDeSortie(rapport, brt, brtPresent, lisible);
-  ImprimerEtatDeSortie(rapport, mod, modPresent, lisible);
-  rapport.Ligne();
-  rapport.Ligne(kSelonLesLargeursDuDbf);
-}
-
-// Gives each record as a line of the fields, with its number from 1; a failure of the work gets the place of the
-// record.
-template <class Travail>
-PassageDbf ParcourirEnregistrements(const Chemin& dbf, const EnteteDbf& entete, Travail&& travail) {
-  LecteurDbf lecteur(dbf, entete);
-  std::string ligne(entete.LongueurLigne(), ' ');
-  ConvertisseurDbf convertisseur(entete);
-  PassageDbf passage;
-  Situer([&] { return lecteur.Ou(); },
-         [&] {
-           for (std::string_view enregistrement; lecteur.Lire(enregistrement);) {
-             passage.Voir(enregistrement);
-             convertisseur.Convertir(enregistrement, ligne.data());
-             travail(std::string_view(ligne));
-           }
-         });
-  passage.Prendre(convertisseur);
-  return passage;
-}
-
-std::string_view Morceau(std::string_view ligne, const ChampDbf& champ) {
-  return ligne.substr(champ.position - 1, champ.largeur);
-}
-
-// A cell holds a number or nothing. Raises kIncompatibiliteType for a word.
-void ExigerNombre(std::string_view ligne, const ChampDbf& colonne) {
-  const std::string_view texte = Rogner(Morceau(ligne, colonne));
-  if (!texte.empty() && !EstNombre(texte))
-    throw Erreur(kIncompatibiliteType).Situer({{}, 0, static_cast<int>(colonne.position)});
-}
-
-// A number right-aligned in the width of the table; a cell that holds nothing stays blank.
-void EcrireCellule(Ecrivain& brt, std::string_view ligne, const ChampDbf& colonne, std::size_t largeur) {
-  const std::string_view texte = Rogner(Morceau(ligne, colonne));
-  for (std::size_t i = texte.size(); i < largeur; ++i) brt.Ecrire(' ');
-  brt.Ecrire(texte);
-}
-
-PassageDbf EcrireBrt(Ecrivain& brt, const Chemin& dbf, const EnteteDbf& entete, const Tableau& tableau,
-                     const std::vector<std::string>& noms) {
-  std::size_t rang = 0;
-  return ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
-    brt.Ecrire(noms[rang++]);
-    for (const ChampDbf& colonne : tableau.colonnes) EcrireCellule(brt, ligne, colonne, tableau.largeur);
-    brt.Ligne(Morceau(ligne, tableau.nomsLongs));
-  });
-}
 
 // The name of a row or column that has none of its own: its rank. Raises kIndiceHorsSelection, with the number of the
 // row, behind the last name; columns are never so many.
@@ -123,37 +43,10 @@ std::vector<std::string> DesignerParRang(std::vector<std::string> noms, std::str
   return noms;
 }
 
-std::vector<std::string> NommerColonnes(const Tableau& tableau, Remarques& remarques) {
+std::vector<std::string> NommerColonnes(const TableauDBase& tableau, Remarques& remarques) {
   std::vector<std::string> noms;
   for (const ChampDbf& colonne : tableau.colonnes) noms.push_back(CadreGauche(colonne.nom, kLargeurDeModalite));
   return DesignerParRang(std::move(noms), "Colonnes", remarques);
-}
-
-// The source, read as far as it can be.
-struct Lecture {
-  EnteteDbf entete;
-  std::uintmax_t taille = 0;
-  std::int64_t lignes = 0;
-  Tableau tableau;
-  std::vector<std::string> noms;  // of the rows, as they stand
-};
-
-// Reads all that can go wrong before anything is written. Raises kIndiceHorsSelection for fewer than three fields,
-// kIncompatibiliteType for a word among the counts, kFinDeFichierDepassee without rows, and what LireEnteteDuFichier
-// raises.
-void LireSource(const Chemin& dbf, Lecture& lecture) {
-  const EnteteDbf& entete = lecture.entete = LireEnteteDuFichier(dbf);
-  if (!entete.DonneLesEnregistrements() || !entete.ContientLesChamps()) throw Erreur(kArretAnnonce);
-  lecture.taille = LongueurFichier(dbf);
-  lecture.lignes = static_cast<std::int64_t>(EnregistrementsEntiers(entete, lecture.taille));
-  const Lieu fichier{TexteDe(dbf.filename())};
-  if (lecture.lignes == 0) throw Erreur(kFinDeFichierDepassee).Situer(fichier);
-  if (entete.champs.size() < kChampsAuMoins) throw Erreur(kIndiceHorsSelection).Situer(fichier);
-  const Tableau& tableau = lecture.tableau = DecouperTableau(entete);
-  ParcourirEnregistrements(dbf, entete, [&](std::string_view ligne) {
-    lecture.noms.push_back(CadreGauche(Morceau(ligne, tableau.noms), kLargeurDeModalite));
-    for (const ChampDbf& colonne : tableau.colonnes) ExigerNombre(ligne, colonne);
-  });
 }
 
 void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::string>& noms, std::int64_t lignes,
@@ -164,14 +57,15 @@ void EcrireMod(Ecrivain& mod, const Contexte& contexte, const std::vector<std::s
 }
 
 void Importer(Rapport& rapport, const Contexte& contexte) {
-  const std::optional<Chemin> dbf = contexte.Chercher(".DBF");
-  Lecture lecture;
+  const FichiersDeTableau fichiers = TrouverFichiersDeTableau(contexte);
+  const std::optional<Chemin>& dbf = fichiers.dbf;
+  TableauLu lu;
   std::optional<Erreur> echec;
-  if (dbf) echec = EchecDe([&] { LireSource(*dbf, lecture); });
+  if (dbf) echec = EchecDe([&] { LireTableau(*dbf, lu); });
   ImprimerBandeau(rapport, "Importation de tableau quelconque");
-  ImprimerPresence(rapport, contexte, dbf.has_value(), !echec);
+  ImprimerPresence(rapport, contexte, fichiers, !echec);
   rapport.Ligne({"Les impressions se font sur ", contexte.Nom(".IMP")});
-  const auto& [entete, taille, lignes, tableau, noms] = lecture;
+  const auto& [entete, taille, lignes, tableau, noms] = lu;
   if (echec && taille == 0 && echec->Numero() != kArretAnnonce) throw *echec;
   ExigerEntete(rapport, entete, contexte.Nom(".DBF"));
   ExigerLongueur(rapport, entete, contexte.Nom(".DBF"));
@@ -182,10 +76,10 @@ void Importer(Rapport& rapport, const Contexte& contexte) {
   Remarques remarques;
   const std::vector<std::string> colonnes = NommerColonnes(tableau, remarques);
   const std::vector<std::string> designees = Situer([&] { return Lieu{TexteDe(dbf->filename())}; },
-                                                    [&] { return DesignerParRang(lecture.noms, "Lignes", remarques); });
+                                                    [&] { return DesignerParRang(lu.noms, "Lignes", remarques); });
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
   Ecrivain& brt = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
-  const PassageDbf passage = EcrireBrt(brt, *dbf, entete, tableau, designees);
+  const PassageDbf passage = EcrireBrt(brt, *dbf, lu, designees);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte, colonnes, lignes, tableau.largeur);
   ImprimerFinDImport(rapport, contexte.niveau);
   RemarquerDbf(remarques, entete, taille, passage);

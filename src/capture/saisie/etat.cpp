@@ -175,10 +175,10 @@ SuiteDeFrappe Frapper(EtatSaisie& etat, Touche touche) {
   etat.message.clear();
   const bool chiffreAttendu = std::exchange(etat.chiffreAttendu, false);
   switch (touche.nom) {
-    case NomDeTouche::Entree: effet.demande = Demande::Enregistrer; return effet;
+    case NomDeTouche::Entree: effet.demande = DemandeDeSaisie::Enregistrer; return effet;
     case NomDeTouche::Echappement:
-      if (!etat.corrige) effet.demande = Demande::Quitter;
-      else if (EstEntame(etat)) effet.demande = Demande::LaisserLaCorrection;
+      if (!etat.corrige) effet.demande = DemandeDeSaisie::Quitter;
+      else if (EstEntame(etat)) effet.demande = DemandeDeSaisie::LaisserLaCorrection;
       else RecommencerIndividu(etat);
       return effet;
     case NomDeTouche::VerrMaj:

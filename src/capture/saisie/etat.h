@@ -54,9 +54,9 @@ struct EtatSaisie {
 };
 
 // What a key asks of the one who holds the files and the screen.
-enum class Demande { Rien, Enregistrer, Quitter, LaisserLaCorrection };
+enum class DemandeDeSaisie { Rien, Enregistrer, Quitter, LaisserLaCorrection };
 struct SuiteDeFrappe {
-  Demande demande = Demande::Rien;
+  DemandeDeSaisie demande = DemandeDeSaisie::Rien;
   bool bip = false;
 };
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "capture/fichiers.h"
+#include "capture/compterendu/fichiers.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"

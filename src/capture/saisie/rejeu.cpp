@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "capture/remarques.h"
+#include "capture/compterendu/remarques.h"
 #include "capture/saisie/saisie.h"
 #include "capture/saisie/touches.h"
 #include "core/chiffres/nombres.h"
@@ -51,12 +51,12 @@ std::string RejouerTouches(SaisieEnCours& saisie, std::string_view ligne, const 
     }
     const SuiteDeFrappe effet = Frapper(saisie.etat, frappe.touche);
     if (effet.bip) ecran.biper();
-    if (effet.demande == Demande::Enregistrer) Enregistrer(saisie, rejeu);
-    if (effet.demande == Demande::LaisserLaCorrection) {
+    if (effet.demande == DemandeDeSaisie::Enregistrer) Enregistrer(saisie, rejeu);
+    if (effet.demande == DemandeDeSaisie::LaisserLaCorrection) {
       rejeu.laissees.Noter(rejeu.ligne);
       RecommencerIndividu(saisie.etat);
     }
-    rejeu.quitter = effet.demande == Demande::Quitter;
+    rejeu.quitter = effet.demande == DemandeDeSaisie::Quitter;
     if (rejeu.quitter) return {};
   }
   return {};
@@ -92,9 +92,14 @@ Remarques Remarquer(const SaisieEnCours& saisie, const Rejeu& rejeu) {
   return remarques;
 }
 
-// Returns the line that can't be taken and why, or nothing when the text came to its end.
-std::string Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire,
-                    const Dialogue& ecran) {
+// What a replay has come to.
+struct FinDeRejeu {
+  std::string faute;  // the line that can't be taken and why, or nothing when the text came to its end
+  Remarques remarques;
+};
+
+FinDeRejeu Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const LectureDeLigne& lire,
+                   const Dialogue& ecran) {
   std::string ligne;
   std::string faute;
   Rejeu rejeu;
@@ -104,8 +109,8 @@ std::string Rejouer(SaisieEnCours& saisie, const OptionsSaisie& options, const L
     else if (options.entree == ModeDEntree::Touches) faute = RejouerTouches(saisie, ligne, ecran, rejeu);
     else faute = RejouerEnregistrement(saisie, ligne, rejeu);
   }
-  MontrerRemarques(ecran, Remarquer(saisie, rejeu));
-  return faute.empty() ? faute : Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute});
+  if (!faute.empty()) faute = Joindre({"Ligne ", Nombre(rejeu.ligne), " : ", faute});
+  return {std::move(faute), Remarquer(saisie, rejeu)};
 }
 
 }  // namespace
@@ -117,15 +122,16 @@ Fin Saisie(const Contexte& contexte, const OptionsSaisie& options, const Lecture
         CommencerSaisie(contexte, options.synchroniser ? Synchronisation::Oui : Synchronisation::Non);
     ExigerFichiers(rapport, contexte.Ecran(), {{contexte.Nom(".DES"), saisie.has_value()}}, kArretAbsence);
     saisie->etat.directe = options.directe;
-    std::string faute;
+    FinDeRejeu rejeu;
     entiere =
         saisie->fautes.empty() || contexte.Ecran().demander(saisie->fautes, Boutons::OkAnnuler) != Reponse::Annuler;
-    if (entiere) faute = Rejouer(*saisie, options, lire, contexte.Ecran());
-    if (!faute.empty()) {
-      contexte.Ecran().demander(faute, Boutons::Ok);
+    if (entiere) rejeu = Rejouer(*saisie, options, lire, contexte.Ecran());
+    MontrerRemarques(contexte.Ecran(), rejeu.remarques);
+    if (!rejeu.faute.empty()) {
+      contexte.Ecran().demander(rejeu.faute, Boutons::Ok);
       entiere = false;
     }
-    ImprimerFinDeSaisie(rapport, saisie->etat.faits, faute);
+    ImprimerFinDeSaisie(rapport, saisie->etat.faits, rejeu.faute);
   });
   return entiere ? fin : Fin::Arret;
 }

@@ -3,8 +3,8 @@
 #include <unordered_set>
 #include <utility>
 
-#include "capture/fichiers.h"
-#include "capture/remarques.h"
+#include "capture/compterendu/fichiers.h"
+#include "capture/compterendu/remarques.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"

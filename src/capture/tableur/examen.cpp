@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "capture/encodage/utf8.h"
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/codes.h"
 #include "capture/tableur/lecteur.h"
-#include "capture/utf8.h"
 #include "core/chiffres/nombres.h"
 #include "core/texte/caracteres.h"
 
@@ -92,7 +92,7 @@ void Mesurer(FaitsColonne& colonne, bool avecCodes) {
 }
 
 // One reading of the source under a supposed separator and encoding.
-struct Examen {
+struct ExamenDeTableur {
   FaitsTableur faits;
   Separateurs separateurs;
   IndicesDUtf8 encodage;
@@ -177,8 +177,8 @@ struct Examen {
   }
 };
 
-Examen Examiner(const Chemin& source, bool avecIntitules, char separateur, bool utf8) {
-  Examen examen;
+ExamenDeTableur Examiner(const Chemin& source, bool avecIntitules, char separateur, bool utf8) {
+  ExamenDeTableur examen;
   examen.faits.separateur = separateur;
   examen.faits.utf8 = utf8;
   LecteurTableur lecteur(source, separateur);
@@ -222,7 +222,7 @@ FaitsTableur ExaminerTableur(const Chemin& source, bool avecIntitules) {
   } else if (avecIntitules) {
     throw Erreur(kFinDeFichierDepassee).Situer({TexteDe(source.filename())});
   }
-  Examen examen = Examiner(source, avecIntitules, premiers.Choix(), premier.EstUtf8());
+  ExamenDeTableur examen = Examiner(source, avecIntitules, premiers.Choix(), premier.EstUtf8());
   const char separateur = examen.separateurs.Choix();
   const bool utf8 = examen.encodage.EstUtf8();
   if (separateur != examen.faits.separateur || utf8 != examen.faits.utf8)

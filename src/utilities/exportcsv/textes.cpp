@@ -4,7 +4,7 @@
 #include <optional>
 #include <unordered_map>
 
-#include "capture/apercu/imc.h"
+#include "capture/apercu/choix/imc.h"
 #include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <random>
 
-#include "capture/apercu/imc.h"
-#include "capture/apercu/lecture.h"
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/imc.h"
+#include "capture/apercu/choix/reconnaissance.h"
+#include "capture/apercu/octets/lecture.h"
 #include "capture/preparation.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
@@ -385,20 +385,20 @@ TEST_F(RunImportDeTable, NumbersOfIndividualsInWhateverOrder) {
 TEST_F(RunImportDeTable, WhatAHeadShowsOfItsReading) {
   const struct {
     std::string octets;
-    Encodage encodage;
+    EncodageDeTable encodage;
     char separateur, decimale;
-  } cas[] = {{"A;B\n1;2\n", Encodage::Windows1252, ';', ','},
-             {"Quel\x85;Quelle\x85\n1;2\n", Encodage::Windows1252, ';', ','},
+  } cas[] = {{"A;B\n1;2\n", EncodageDeTable::Windows1252, ';', ','},
+             {"Quel\x85;Quelle\x85\n1;2\n", EncodageDeTable::Windows1252, ';', ','},
              {"l\x92"
               "\xE9tat;B\n1;2\n",
-              Encodage::Windows1252, ';', ','},
-             {"R\x82ponse;\x85ge\n1;2\n", Encodage::Cp850, ';', ','},
-             {"Prix en \xA4;B\n1;2\n", Encodage::Latin9, ';', ','},
-             {"Cot\xE9,B\n1,2.5\n", Encodage::Windows1252, ',', '.'},
-             {"A;B;C\n1,5;2,5;3\n", Encodage::Windows1252, ';', ','},
-             {"A,B\n\"1,5\",2\n\"2,25\",3\n", Encodage::Windows1252, ',', ','},
-             {"A;B\n1.5;2\n2.25;3\n", Encodage::Windows1252, ';', '.'},
-             {"A,B\n\"a;b;c\",2\n\"a;c;d\",3\n", Encodage::Windows1252, ',', '.'}};
+              EncodageDeTable::Windows1252, ';', ','},
+             {"R\x82ponse;\x85ge\n1;2\n", EncodageDeTable::Cp850, ';', ','},
+             {"Prix en \xA4;B\n1;2\n", EncodageDeTable::Latin9, ';', ','},
+             {"Cot\xE9,B\n1,2.5\n", EncodageDeTable::Windows1252, ',', '.'},
+             {"A;B;C\n1,5;2,5;3\n", EncodageDeTable::Windows1252, ';', ','},
+             {"A,B\n\"1,5\",2\n\"2,25\",3\n", EncodageDeTable::Windows1252, ',', ','},
+             {"A;B\n1.5;2\n2.25;3\n", EncodageDeTable::Windows1252, ';', '.'},
+             {"A,B\n\"a;b;c\",2\n\"a;c;d\",3\n", EncodageDeTable::Windows1252, ',', '.'}};
   for (const auto& c : cas) {
     Ecrire("x.csv", c.octets);
     const Lecture lecture = DetecterLecture(dossier_.Chemin() / "x.csv").lecture;

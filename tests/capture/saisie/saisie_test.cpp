@@ -159,10 +159,10 @@ TEST(EtatSaisie, CorrigerGardeCeQuOnNeTouchePas) {
   EXPECT_EQ(Enregistrement(etat), "X 7007  suite");
   Frapper(etat, "Bas Droite Bas Bas");
   EXPECT_EQ(Enregistrement(etat), "X 8007  suite") << "only the answer that was changed";
-  EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, Demande::LaisserLaCorrection);
+  EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, DemandeDeSaisie::LaisserLaCorrection);
   EXPECT_EQ(Enregistrement(etat), "X 8007  suite") << "who asks may stay";
   PrendreEnregistrement(etat, 2, "X 7007  suite");
-  EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, Demande::Rien);
+  EXPECT_EQ(capture::Frapper(etat, {NomDeTouche::Echappement}).demande, DemandeDeSaisie::Rien);
   EXPECT_FALSE(etat.corrige) << "Escape leaves the correction, not the entry";
 }
 

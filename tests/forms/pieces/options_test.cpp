@@ -7,7 +7,6 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
-#include "capture/import_csv_options.h"
 #include "capture/import_options.h"
 #include "factor/profil/profilmod_options.h"
 #include "forms/pilote.h"

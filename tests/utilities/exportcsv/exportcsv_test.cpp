@@ -7,7 +7,7 @@
 #include <random>
 
 #include "capture/apercu/import.h"
-#include "capture/import_csv.h"
+#include "capture/csv/import.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"

@@ -1,6 +1,6 @@
 #include "capture/apercu/choix/noms.h"
 
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 #include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/choix.h"
+#include "capture/apercu/choix/colonne.h"
 
 namespace quelvar::capture {
 

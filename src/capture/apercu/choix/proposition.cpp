@@ -43,12 +43,12 @@ bool EstAutre(std::string_view intitule) {
 }
 
 // A column that may be one answer of a question with several: yes or no, or its own label where it was ticked.
-struct Reponse {
+struct ReponseDeColonne {
   bool possible = false;
   bool certaine = false;  // texts, and none but yes and no
 };
 
-Reponse JugerReponse(const FaitsDeColonne& colonne) {
+ReponseDeColonne JugerReponse(const FaitsDeColonne& colonne) {
   if (colonne.contenu == Contenu::Vide) return {true, false};
   const bool textes = colonne.contenu == Contenu::Textes;
   if (!textes && colonne.contenu != Contenu::Codes) return {};
@@ -89,7 +89,7 @@ void ProposerReponses(const std::vector<FaitsDeColonne>& colonnes, std::vector<C
     std::vector<std::size_t> reponses;
     bool certaine = false;
     for (const std::size_t j : groupe.second) {
-      const Reponse reponse = JugerReponse(colonnes[j]);
+      const ReponseDeColonne reponse = JugerReponse(colonnes[j]);
       if (reponse.possible) reponses.push_back(j);
       certaine = certaine || reponse.certaine;
     }

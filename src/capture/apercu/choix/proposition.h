@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "capture/apercu/choix.h"
+#include "capture/apercu/choix/colonne.h"
 
 namespace quelvar::capture {
 

@@ -6,6 +6,7 @@
 #include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -50,7 +51,7 @@ std::int64_t FautesRestantes(const ChoixDeColonne& choix, const FaitsDeColonne& 
 
 std::string_view RaisonDuRefus(const ChoixDeColonne& choix, const FaitsDeColonne& colonne, std::string_view cellule) {
   const bool decimales = choix.genre == Genre::Nombres || choix.genre == Genre::Classes;
-  if (const std::optional<NombreLu> nombre = LireNombre(cellule); decimales && nombre) {
+  if (const std::optional<NombreDeCellule> nombre = LireNombre(cellule); decimales && nombre) {
     if (colonne.decimaleDonnee) return "n'a pas le signe décimal donné : changez-le, ou donnez l'autre"_w;
     return nombre->EstAmbigu()
                ? "peut avoir des décimales ou des milliers : donnez decimale=virgule ou decimale=point"_w
@@ -71,11 +72,11 @@ std::vector<std::string> RefusDesTextes(const std::vector<ChoixDeColonne>& choix
     if (choix[j].genre != Genre::Textes && choix[j].genre != Genre::Multiple) continue;
     for (const TexteConfondu& confondu : colonnes[j].confondus) {
       if (EstParmi(choix[j].nonReponses, confondu.texte)) continue;
-      std::string lignes;
-      for (const std::int64_t ligne : confondu.lignes) lignes.append(lignes.empty() ? "" : ", ").append(Nombre(ligne));
+      std::vector<std::string> lignes;
+      for (const std::int64_t ligne : confondu.lignes) lignes.push_back(Nombre(ligne));
       refus.push_back(ErreurDeColonne(
           j + 1, colonnes[j],
-          {"ligne ", lignes, " : des textes différents s'écriraient tous \""_w, confondu.texte,
+          {"ligne ", Enumerer(lignes), " : des textes différents s'écriraient tous \""_w, confondu.texte,
            "\", Windows-1252 n'a pas leurs caractères : remplacez-les, ou mettez la colonne en textes longs ou de "
            "côté"_w}));
     }

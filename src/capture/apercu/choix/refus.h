@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/choix.h"
+#include "capture/apercu/choix/colonne.h"
 
 namespace quelvar::capture {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 #include "capture/apercu/observation/observation.h"
 #include "capture/apercu/observation/trace.h"
 #include "capture/apercu/octets/pages.h"

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kSignes = ";|,";
 
-struct Element {
+struct ElementDeListe {
   std::int64_t effectif = 0;  // cells that hold it
   std::size_t valeurs = 0;    // different cells that hold it
   bool enListe = false;       // it stands beside another one
@@ -25,7 +25,7 @@ bool EstPetitEntier(std::string_view texte) { return texte.size() <= 2 && SontCh
 
 // A comma stands in sentences and numbers too: the answers that it separates must be met in
 // different company, and one of them alone.
-bool Convient(char signe, const std::map<std::string, Element>& elements) {
+bool Convient(char signe, const std::map<std::string, ElementDeListe>& elements) {
   if (elements.size() < 2 || elements.size() > kTextesCourts) return false;
   if (std::ranges::any_of(elements, [](const auto& e) { return e.first.size() > kLongueurCourte; })) return false;
   const auto revient = [](const auto& e) { return e.second.valeurs > 1; };
@@ -39,7 +39,7 @@ bool Convient(char signe, const std::map<std::string, Element>& elements) {
 
 char SigneDeListe(const std::vector<ValeurComptee>& valeurs, std::vector<ValeurComptee>& elements) {
   for (const char signe : kSignes) {
-    std::map<std::string, Element> vus;
+    std::map<std::string, ElementDeListe> vus;
     bool liste = false;
     const auto enTete = [signe](const ValeurComptee& v) {
       return v.valeur.starts_with(signe) || v.valeur.ends_with(signe);
@@ -50,7 +50,7 @@ char SigneDeListe(const std::vector<ValeurComptee>& valeurs, std::vector<ValeurC
       SeparerListe(valeur.valeur, signe, [&](std::string_view e) { deLaCellule.emplace(e); });
       liste = liste || deLaCellule.size() > 1;
       for (const std::string& element : deLaCellule) {
-        Element& vu = vus[element];
+        ElementDeListe& vu = vus[element];
         vu.effectif += valeur.effectif;
         ++vu.valeurs;
         (deLaCellule.size() > 1 ? vu.enListe : vu.seul) = true;

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 
 namespace quelvar::capture {
 

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 #include "core/chiffres/nombres.h"
 
 namespace quelvar::capture {
 
-void Mesures::Voir(const NombreLu& lu) {
+void Mesures::Voir(const NombreDeCellule& lu) {
   const std::string normal = lu.Normalise();
   const double valeur = ValeurDe(normal);
   const bool entier = lu.EstEntier();

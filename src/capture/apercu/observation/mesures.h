@@ -18,7 +18,7 @@ struct Mesures {
   int decimales = 0;        // most digits behind the sign
   std::size_t largeur = 0;  // of the longest, written with a decimal point and no groups
 
-  void Voir(const NombreLu& lu);
+  void Voir(const NombreDeCellule& lu);
   void Joindre(const Mesures& autres);
 };
 

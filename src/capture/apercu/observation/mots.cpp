@@ -44,8 +44,8 @@ std::string SansEcriture(std::string_view texte) {
 }
 
 bool AvantParOrdre(std::string_view a, std::string_view b) {
-  const std::optional<NombreLu> na = LireNombre(a);
-  const std::optional<NombreLu> nb = LireNombre(b);
+  const std::optional<NombreDeCellule> na = LireNombre(a);
+  const std::optional<NombreDeCellule> nb = LireNombre(b);
   if (na.has_value() != nb.has_value()) return na.has_value();
   if (na) {
     const double va = ValeurDe(na->Normalise());

@@ -87,7 +87,7 @@ std::uint16_t Observation::VoirNombreOuTexte(std::string_view cellule, std::int6
 // A cell that is neither empty nor a small number.
 void Observation::VoirValeur(std::string_view cellule, std::int64_t ligne) {
   if (Distinguer(cellule)) return Garder(kTexte, cellule, ligne);
-  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  const std::optional<NombreDeCellule> nombre = LireNombre(cellule);
   if (!nombre) {
     if (cellule.size() > kLongueurCourte) ++longs_;
     const bool unite = EstNombreAvecUnite(cellule);
@@ -106,7 +106,7 @@ void Observation::VoirHabillee(std::string_view cellule) {
   if (habillees_++ == 0) exempleHabille_ = cellule;
 }
 
-void Observation::VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne) {
+void Observation::VoirNombre(NombreDeCellule nombre, std::string_view cellule, std::int64_t ligne) {
   if (!nombre.exposant.empty()) ++exposants_;
   if (nombre.EstAmbigu()) {
     Garder(DouteDe(nombre.signe), cellule, ligne);

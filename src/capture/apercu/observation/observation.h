@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/faits.h"
 #include "capture/apercu/observation/etrangers.h"
+#include "capture/apercu/observation/faits.h"
 #include "capture/apercu/observation/mesures.h"
 #include "capture/apercu/observation/textes.h"
 #include "capture/apercu/octets/cellule.h"
@@ -75,7 +75,7 @@ class Observation {
   bool TousDifferents() const;
   bool SontDesDates() const;
   std::vector<ValeurComptee> Valeurs() const;  // those kept, in order
-  void VoirNombre(NombreLu nombre, std::string_view cellule, std::int64_t ligne);
+  void VoirNombre(NombreDeCellule nombre, std::string_view cellule, std::int64_t ligne);
   void VoirHabillee(std::string_view cellule);
   bool Certaine(char decimale, const SignesDeTable& table) const;
   void ConclureDoutes(FaitsDeColonne& faits, const SignesDeTable& table) const;

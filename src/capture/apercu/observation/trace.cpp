@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 

@@ -156,20 +156,20 @@ std::string_view SansHabit(std::string_view cellule) {
   return LireNombre(nombre) ? nombre : cellule;
 }
 
-bool NombreLu::EstAmbigu() const {
+bool NombreDeCellule::EstAmbigu() const {
   return signe != '\0' && exposant.empty() && groupes == '\0' && decimales.size() == kGroupe && !entiers.empty() &&
          entiers.size() <= kGroupe && entiers.front() != '0';
 }
 
-NombreLu NombreLu::SansDecimales() const {
-  NombreLu entier = *this;
+NombreDeCellule NombreDeCellule::SansDecimales() const {
+  NombreDeCellule entier = *this;
   entier.decimales = {};
   entier.signe = '\0';
   if (entier.entiers.empty()) entier.entiers = "0";
   return entier;
 }
 
-void NombreLu::LireEnMilliers() {
+void NombreDeCellule::LireEnMilliers() {
   // Whole part, sign and decimals stand side by side in the cell.
   entiers = std::string_view(entiers.data(), entiers.size() + 1 + decimales.size());
   groupes = signe;
@@ -177,7 +177,7 @@ void NombreLu::LireEnMilliers() {
   signe = '\0';
 }
 
-std::string NombreLu::Normalise() const {
+std::string NombreDeCellule::Normalise() const {
   std::string texte;
   for (const char c : entiers)
     if (EstChiffre(c)) texte += c;
@@ -189,9 +189,9 @@ std::string NombreLu::Normalise() const {
   return negatif && !nul ? "-" + texte : texte;
 }
 
-std::optional<NombreLu> LireNombre(std::string_view cellule) {
+std::optional<NombreDeCellule> LireNombre(std::string_view cellule) {
   if (cellule.size() > kNombreAuPlus) return std::nullopt;
-  NombreLu nombre;
+  NombreDeCellule nombre;
   if (!cellule.empty() && (cellule.front() == '-' || cellule.front() == '+')) {
     nombre.negatif = cellule.front() == '-';
     cellule.remove_prefix(1);
@@ -215,8 +215,8 @@ std::optional<NombreLu> LireNombre(std::string_view cellule) {
   return nombre;
 }
 
-std::optional<NombreLu> LireNombre(std::string_view cellule, const SignesDeNombres& signes) {
-  std::optional<NombreLu> nombre = LireNombre(cellule);
+std::optional<NombreDeCellule> LireNombre(std::string_view cellule, const SignesDeNombres& signes) {
+  std::optional<NombreDeCellule> nombre = LireNombre(cellule);
   if (!nombre || (nombre->signe == '\0' && nombre->groupes == '\0')) return nombre;
   if (nombre->EstAmbigu()) {
     if (nombre->signe == signes.milliers) nombre->LireEnMilliers();

@@ -10,7 +10,7 @@ namespace quelvar::capture {
 
 // A number as it stands in a cell: digits, perhaps in groups of three, one decimal sign, an exponent as spreadsheets
 // write it.
-struct NombreLu {
+struct NombreDeCellule {
   bool negatif = false;
   std::string_view entiers;    // with the signs between the groups
   std::string_view decimales;  // behind the sign
@@ -23,7 +23,7 @@ struct NombreLu {
   // "2.0" as well.
   bool ValeurEntiere() const { return exposant.empty() && decimales.find_first_not_of('0') == std::string_view::npos; }
   // Without decimals that say nothing.
-  NombreLu SansDecimales() const;
+  NombreDeCellule SansDecimales() const;
   // "1,234": three digits behind the only sign, no zero alone before it; may be one thousand two hundred thirty-four.
   bool EstAmbigu() const;
   // Makes such a number that one thousand: its sign stands between groups.
@@ -57,9 +57,9 @@ inline std::string_view RognerCellule(std::string_view cellule) {
 }
 
 // Reads a trimmed cell; nothing when it is anything but one number ("5 %", "1E2", "1 2", "12 ans").
-std::optional<NombreLu> LireNombre(std::string_view cellule);
+std::optional<NombreDeCellule> LireNombre(std::string_view cellule);
 // The same under the signs of its column; nothing either for a number with another sign, or one that may be two.
-std::optional<NombreLu> LireNombre(std::string_view cellule, const SignesDeNombres& signes);
+std::optional<NombreDeCellule> LireNombre(std::string_view cellule, const SignesDeNombres& signes);
 
 // True for a day, an hour or both in the writings of spreadsheets and surveys: 01/03/2024, 2024-03-01 10:22:33...
 bool EstDate(std::string_view cellule);

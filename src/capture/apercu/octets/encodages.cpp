@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "capture/apercu/octets/cellule.h"
 #include "capture/apercu/octets/pages.h"
-#include "capture/pagecode.h"
+#include "capture/encodage/pagecode.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -38,7 +41,7 @@ constexpr std::array<Signature, 9> kSignatures = {{
 }};
 
 // Zero bytes show UTF-16 without a mark when they are nearly all on one side, else a file that is no text.
-std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) {
+std::optional<EncodageDeTable> SelonZeros(const Chemin& source, std::string_view tete) {
   std::array<std::size_t, 2> zeros{};
   for (std::size_t i = 0; i < tete.size(); ++i)
     if (tete[i] == '\0') ++zeros[i % 2];
@@ -52,8 +55,8 @@ std::optional<Encodage> SelonZeros(const Chemin& source, std::string_view tete) 
     return static_cast<double>(zeros[fort]) > kPartDesForts * moitie &&
            static_cast<double>(zeros[1 - fort]) < kPartDesFaibles * moitie;
   };
-  if (cote(1)) return Encodage::Utf16LE;
-  if (cote(0)) return Encodage::Utf16BE;
+  if (cote(1)) return EncodageDeTable::Utf16LE;
+  if (cote(0)) return EncodageDeTable::Utf16BE;
   Refuser(source, kAnonyme);
 }
 
@@ -141,10 +144,10 @@ struct Indices {
     if (enCp850 && !enPage) ++cp850;
     if (octet == 0xA4 || ((octet == 0xBD || octet == 0xBC) && (EstLettre(avant) || EstLettre(apres)))) ++latin9;
   }
-  Encodage Choix() const {
-    if (cp850 > page) return Encodage::Cp850;
-    if (latin9 > 0 && c1 == 0) return Encodage::Latin9;
-    return Encodage::Windows1252;
+  EncodageDeTable Choix() const {
+    if (cp850 > page) return EncodageDeTable::Cp850;
+    if (latin9 > 0 && c1 == 0) return EncodageDeTable::Latin9;
+    return EncodageDeTable::Windows1252;
   }
 };
 
@@ -159,14 +162,15 @@ std::size_t PremierInvalide(std::string_view octets) {
 }
 
 // Looks at a file piece by piece, cut behind line ends.
-struct Examen {
-  bool multiple = false;           // valid sequences of UTF-8 were met, before what is not valid
-  std::int64_t suites = 0;         // valid sequences from the first invalid piece on
-  std::int64_t isoles = 0;         // bytes that are none
-  std::int64_t lignes = 0;         // lines before the piece
-  std::int64_t ligneInvalide = 0;  // first line that is not valid UTF-8
-  std::int64_t invalides = 0;      // such lines
-  std::string citees;              // the first of them
+struct ExamenDOctets {
+  static constexpr std::int64_t kCitees = 20;  // lines told by their number
+  bool multiple = false;                       // valid sequences of UTF-8 were met, before what is not valid
+  std::int64_t suites = 0;                     // valid sequences from the first invalid piece on
+  std::int64_t isoles = 0;                     // bytes that are none
+  std::int64_t lignes = 0;                     // lines before the piece
+  std::int64_t ligneInvalide = 0;              // first line that is not valid UTF-8
+  std::int64_t invalides = 0;                  // such lines
+  std::vector<std::string> citees;             // the numbers of the first of them
   Indices indices;
 
   void Voir(std::string_view morceau) {
@@ -186,14 +190,12 @@ struct Examen {
     lignes += std::ranges::count(morceau, '\n');
   }
   void CompterLignes(std::string_view morceau) {
-    constexpr std::int64_t kCitees = 20;
     std::int64_t numero = lignes;
     for (std::size_t fin = 0; !morceau.empty(); morceau.remove_prefix(std::min(fin + 1, morceau.size()))) {
       fin = std::min(morceau.find('\n'), morceau.size());
       ++numero;
       if (PremierInvalide(morceau.substr(0, fin)) == std::string_view::npos) continue;
-      if (++invalides <= kCitees) citees.append(citees.empty() ? "" : ", ").append(Nombre(numero));
-      else if (!citees.ends_with("...")) citees += "...";
+      if (++invalides <= kCitees) citees.push_back(Nombre(numero));
     }
   }
   void CompterSuites(std::string_view morceau) {
@@ -205,6 +207,7 @@ struct Examen {
   }
   // UTF-8 with stray bytes in it. A few sequences among many such bytes come by chance ("CAFÉ" and a hard blank).
   bool EstMele() const { return multiple || suites > isoles; }
+  std::string LignesInvalides() const { return Enumerer(citees) + (invalides > kCitees ? "..." : ""); }
 };
 
 // Whether a CR stands there that no LF follows.
@@ -215,12 +218,12 @@ bool AvecCrSeul(std::string_view morceau) {
 }
 
 // The same of the file from that place on.
-bool AvecCrSeul(const Chemin& source, std::string morceau, Etendue etendue) {
+bool AvecCrSeul(const Chemin& source, std::string morceau, EtendueDeLecture etendue) {
   for (std::uintmax_t place = 0; !morceau.empty(); morceau = LireMorceau(source, place, kTete)) {
     if (AvecCrSeul(std::string_view(morceau))) return true;
     // A CR at its end may have its LF in the next piece.
     place += morceau.size() > 1 && morceau.back() == '\r' ? morceau.size() - 1 : morceau.size();
-    if (etendue == Etendue::Tete) break;
+    if (etendue == EtendueDeLecture::Tete) break;
   }
   return false;
 }
@@ -233,43 +236,44 @@ std::string_view JusquaLaLigne(std::string_view octets) {
 
 }  // namespace
 
-EncodageDetecte DetecterEncodage(const Chemin& source, Etendue etendue) {
+EncodageDetecte DetecterEncodage(const Chemin& source, EtendueDeLecture etendue) {
   std::string morceau = LireMorceau(source, 0, kTete);
   if (morceau.starts_with(kMarqueUtf8))
-    return {Encodage::Utf8AvecMarque, AvecCrSeul(source, std::move(morceau), etendue), {}};
+    return {EncodageDeTable::Utf8AvecMarque, AvecCrSeul(source, std::move(morceau), etendue), {}};
   if (morceau.starts_with(std::string_view("\xFF\xFE\0\0", 4))) Refuser(source, kAnonyme);
   if (const std::optional<Utf16> ordre = MarqueUtf16(morceau))
-    return {*ordre == Utf16::PetitBout ? Encodage::Utf16LE : Encodage::Utf16BE, false, {}};
+    return {*ordre == Utf16::PetitBout ? EncodageDeTable::Utf16LE : EncodageDeTable::Utf16BE, false, {}};
   RefuserSignature(source, morceau);
-  if (const std::optional<Encodage> seize = SelonZeros(source, morceau)) {
-    RefuserControles(source, morceau, *seize == Encodage::Utf16LE ? 1 : 0);
+  if (const std::optional<EncodageDeTable> seize = SelonZeros(source, morceau)) {
+    RefuserControles(source, morceau, *seize == EncodageDeTable::Utf16LE ? 1 : 0);
     return {*seize, false, {}};
   }
   RefuserControles(source, morceau, std::nullopt);
 
   EncodageDetecte detecte;
-  Examen examen;
+  ExamenDOctets examen;
   for (std::uintmax_t place = 0; !morceau.empty(); morceau = LireMorceau(source, place, kTete)) {
     const std::string_view vu = morceau.size() < kTete ? std::string_view(morceau) : JusquaLaLigne(morceau);
     examen.Voir(vu);
     detecte.crSeuls = detecte.crSeuls || AvecCrSeul(vu);
     place += vu.size();
-    if (etendue == Etendue::Tete) break;
+    if (etendue == EtendueDeLecture::Tete) break;
   }
   if (examen.ligneInvalide == 0) {
-    if (examen.multiple) detecte.encodage = Encodage::Utf8;
+    if (examen.multiple) detecte.encodage = EncodageDeTable::Utf8;
     return detecte;
   }
   // Bytes of UTF-8 make sense as cp850 by chance only: a stray byte among them is no sign of it.
-  detecte.encodage = examen.EstMele() ? Encodage::Windows1252 : examen.indices.Choix();
+  detecte.encodage = examen.EstMele() ? EncodageDeTable::Windows1252 : examen.indices.Choix();
   if (!examen.EstMele() && examen.indices.page > 0 && examen.indices.cp850 > 0)
     detecte.doutes.push_back(
         Joindre({"Des accents sont de windows-1252 ("_w, Nombre(examen.indices.page), "), d'autres de cp850 (",
                  Nombre(examen.indices.cp850), ") : l'encodage n'est pas sûr. Vérifiez les accents."_w}));
   if (examen.EstMele())
-    detecte.doutes.push_back(Joindre({"Le fichier mêle deux encodages, il est lu en windows-1252 : "_w,
-                                      Nombre(examen.invalides), " ligne(s) ne sont pas en UTF-8 (ligne ", examen.citees,
-                                      ") alors que d'autres le sont. Vérifiez les accents."_w}));
+    detecte.doutes.push_back(
+        Joindre({"Le fichier mêle deux encodages, il est lu en windows-1252 : "_w, Nombre(examen.invalides),
+                 " ligne(s) ne sont pas en UTF-8 (ligne ", examen.LignesInvalides(),
+                 ") alors que d'autres le sont. Vérifiez les accents."_w}));
   return detecte;
 }
 

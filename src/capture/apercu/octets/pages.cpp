@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "capture/apercu/octets/cellule.h"
-#include "capture/pagecode.h"
+#include "capture/encodage/pagecode.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
 
@@ -99,17 +99,19 @@ void DecoderUtf8(std::string_view octets, std::string& tampon, std::int64_t& etr
   tampon.append(octets);
 }
 
-bool EstUtf16(Encodage encodage) { return encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE; }
+bool EstUtf16(EncodageDeTable encodage) {
+  return encodage == EncodageDeTable::Utf16LE || encodage == EncodageDeTable::Utf16BE;
+}
 
 }  // namespace
 
-std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon,
+std::string_view EnPageDeCode(std::string_view octets, EncodageDeTable encodage, std::string& tampon,
                               std::int64_t& etrangers) {
-  if (encodage == Encodage::Windows1252 || EstAscii(octets)) return octets;
+  if (encodage == EncodageDeTable::Windows1252 || EstAscii(octets)) return octets;
   tampon.clear();
-  if (encodage == Encodage::Latin9) {
+  if (encodage == EncodageDeTable::Latin9) {
     for (const char c : octets) tampon += static_cast<char>(DeLatin9(static_cast<unsigned char>(c)));
-  } else if (encodage == Encodage::Cp850) {
+  } else if (encodage == EncodageDeTable::Cp850) {
     const TableDOctets& table = TableDePage(PageDeCode::Dos850);
     for (const char c : octets) {
       tampon += table[static_cast<unsigned char>(c)];
@@ -121,10 +123,10 @@ std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::s
   return tampon;
 }
 
-LignesDecodees::LignesDecodees(const Chemin& source, Encodage encodage)
+LignesDecodees::LignesDecodees(const Chemin& source, EncodageDeTable encodage)
     : source_(source),
       seize_(EstUtf16(encodage)),
-      decodeur_(encodage == Encodage::Utf16BE ? Utf16::GrosBout : Utf16::PetitBout) {}
+      decodeur_(encodage == EncodageDeTable::Utf16BE ? Utf16::GrosBout : Utf16::PetitBout) {}
 
 // Decodes one more piece; `finie_` when there is none behind it.
 void LignesDecodees::Remplir() {

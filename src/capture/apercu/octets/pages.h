@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 #include "core/texte/utf16.h"
 
 namespace quelvar::capture {
@@ -14,7 +14,8 @@ namespace quelvar::capture {
 // followed by their accent are put together; the blanks and hyphens that the code page lacks become its own. Every
 // character that it has no sign for, and every invalid byte, becomes "?" and counts in `etrangers`. UTF-16 comes as
 // UTF-8, as its lines do.
-std::string_view EnPageDeCode(std::string_view octets, Encodage encodage, std::string& tampon, std::int64_t& etrangers);
+std::string_view EnPageDeCode(std::string_view octets, EncodageDeTable encodage, std::string& tampon,
+                              std::int64_t& etrangers);
 
 inline constexpr char kEtranger = '?';
 
@@ -23,7 +24,7 @@ inline constexpr char kEtranger = '?';
 // LecteurLignes::kLigneAuPlus.
 class LignesDecodees {
  public:
-  LignesDecodees(const Chemin& source, Encodage encodage);
+  LignesDecodees(const Chemin& source, EncodageDeTable encodage);
   bool Lire(std::string_view& ligne);
 
  private:

@@ -17,8 +17,8 @@ bool AvecCrSeuls(const Chemin& source) {
   return false;
 }
 
-LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage, bool crSeuls) {
-  if (encodage == Encodage::Utf16LE || encodage == Encodage::Utf16BE || crSeuls || AvecCrSeuls(source)) {
+LecteurTableur::Lignes LignesDe(const Chemin& source, EncodageDeTable encodage, bool crSeuls) {
+  if (encodage == EncodageDeTable::Utf16LE || encodage == EncodageDeTable::Utf16BE || crSeuls || AvecCrSeuls(source)) {
     return [lignes = std::make_shared<LignesDecodees>(source, encodage)](std::string_view& ligne) {
       return lignes->Lire(ligne);
     };

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "capture/apercu/lecture.h"
+#include "capture/apercu/octets/lecture.h"
 #include "capture/tableur/cellules.h"
 #include "capture/tableur/lecteur.h"
 
@@ -48,6 +48,6 @@ bool AvecCrSeuls(const Chemin& source);
 
 // The lines of a source as LecteurTableur takes them; UTF-16 comes as UTF-8. `crSeuls`: some end in CR alone, were it
 // behind the head.
-LecteurTableur::Lignes LignesDe(const Chemin& source, Encodage encodage, bool crSeuls);
+LecteurTableur::Lignes LignesDe(const Chemin& source, EncodageDeTable encodage, bool crSeuls);
 
 }  // namespace quelvar::capture

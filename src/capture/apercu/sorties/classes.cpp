@@ -92,7 +92,7 @@ std::vector<std::string> LibellesDesClasses(const ChoixDeColonne& choix, const F
     std::vector<double> valeurs;
     for (const ValeurComptee& valeur : colonne.valeurs) {
       if (EstParmi(choix.nonReponses, valeur.valeur)) continue;
-      if (const std::optional<NombreLu> nombre = LireNombre(valeur.valeur, colonne.signes))
+      if (const std::optional<NombreDeCellule> nombre = LireNombre(valeur.valeur, colonne.signes))
         valeurs.insert(valeurs.end(), static_cast<std::size_t>(valeur.effectif), ValeurDe(nombre->Normalise()));
     }
     if (valeurs.empty()) return libelles;

@@ -24,7 +24,7 @@ void ImprimerTableDesColonnes(Rapport& rapport, const Reconnaissance& table) {
 }
 
 void ImprimerDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
-                     const Plan& plan, const Bilan& bilan) {
+                     const PlanDImport& plan, const Bilan& bilan) {
   if (ToutEstCodes(choix)) return;
   rapport.Ligne();
   rapport.Ligne("Ce que devient chaque colonne");

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
 #include "core/programme/rapport.h"
@@ -20,6 +20,6 @@ void ImprimerTableDesColonnes(Rapport& rapport, const Reconnaissance& table);
 
 // What became of each column that is more than codes as they stand, with the codes given to texts and their counts.
 void ImprimerDevenir(Rapport& rapport, const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits,
-                     const Plan& plan, const Bilan& bilan);
+                     const PlanDImport& plan, const Bilan& bilan);
 
 }  // namespace quelvar::capture

@@ -166,7 +166,8 @@ std::optional<Promesse> PromesseDe(const Apercu& apercu, const Chemin& source) {
   const FaitsDeTable& faits = apercu.faits;
   if (apercu.lignes.empty() || apercu.lecture.ligneTitres == 0 || faits.courtes + faits.longues > 0)
     return std::nullopt;
-  if (apercu.lecture.encodage == Encodage::Utf16LE || apercu.lecture.encodage == Encodage::Utf16BE) return std::nullopt;
+  if (apercu.lecture.encodage == EncodageDeTable::Utf16LE || apercu.lecture.encodage == EncodageDeTable::Utf16BE)
+    return std::nullopt;
   Promesse promesse;
   promesse.premiereLigne = apercu.lignes.front().ligne;
   if (promesse.premiereLigne != static_cast<std::int64_t>(apercu.lecture.ligneTitres) + 1) return std::nullopt;

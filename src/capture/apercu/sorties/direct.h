@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/apercu.h"
+#include "capture/apercu/observation/apercu.h"
 #include "core/fichiers/fichiers.h"
 
 namespace quelvar::capture {

@@ -28,13 +28,13 @@ bool EstDUnCode(Regle regle) {
 }
 
 bool EstEntier(std::string_view cellule, const SignesDeNombres& signes) {
-  const std::optional<NombreLu> nombre = LireNombre(cellule, signes);
+  const std::optional<NombreDeCellule> nombre = LireNombre(cellule, signes);
   return nombre && nombre->EstEntier();
 }
 
 class EcritureDeTable {
  public:
-  EcritureDeTable(const Plan& plan, std::int64_t individus, const SortiesDeTable& sorties)
+  EcritureDeTable(const PlanDImport& plan, std::int64_t individus, const SortiesDeTable& sorties)
       : plan_(plan),
         sorties_(sorties),
         metteur_(plan.colonnes, true),
@@ -80,7 +80,7 @@ class EcritureDeTable {
     return rang != TableDeTextes::kAbsent && lue.codes[rang] == 0;
   }
 
-  const Plan& plan_;
+  const PlanDImport& plan_;
   SortiesDeTable sorties_;
   MetteurEnColonnes metteur_;
   Bilan bilan_;
@@ -116,7 +116,7 @@ int EcritureDeTable::CodeDesChiffres(const ColonneLue& lue, std::string_view cel
     if (const std::uint32_t rang = lue.textes.Chercher(cellule); rang != TableDeTextes::kAbsent) return lue.codes[rang];
   const std::size_t largeur = plan_.colonnes[lue.premiere].largeur;
   if (const int code = cellule.size() <= largeur ? ValeurDesChiffres(cellule) : -1; code >= 0) return code;
-  const std::optional<NombreLu> nombre = LireNombre(cellule);
+  const std::optional<NombreDeCellule> nombre = LireNombre(cellule);
   if (!nombre || !nombre->ValeurEntiere()) return kRefus;
   const std::string normal = nombre->SansDecimales().Normalise();
   if (normal.front() == '-') return 0;
@@ -138,7 +138,7 @@ int EcritureDeTable::CodeDe(const ColonneLue& lue, std::string_view cellule) con
   if (lue.regle == Regle::Code) return CodeDesChiffres(lue, cellule);
   if (lue.regle == Regle::Classe) {
     if (EstZero(lue, cellule)) return 0;
-    const std::optional<NombreLu> nombre = LireNombre(cellule, lue.signes);
+    const std::optional<NombreDeCellule> nombre = LireNombre(cellule, lue.signes);
     if (!nombre) return kRefus;
     const auto classe = std::ranges::upper_bound(lue.limites, ValeurDe(nombre->Normalise())) - lue.limites.begin();
     return static_cast<int>(classe) + 1;
@@ -163,7 +163,7 @@ void EcritureDeTable::PlacerListe(const ColonneLue& lue, std::size_t j, std::str
 
 void EcritureDeTable::GarderNombre(const ColonneLue& lue, std::size_t j, std::string_view cellule) {
   if (cellule.empty() || EstZero(lue, cellule)) return;
-  const std::optional<NombreLu> nombre = LireNombre(cellule, lue.signes);
+  const std::optional<NombreDeCellule> nombre = LireNombre(cellule, lue.signes);
   if (!nombre) return Refuser(j, cellule);
   const auto rang = static_cast<std::size_t>(std::ranges::find(nombresDe_, j) - nombresDe_.begin());
   nombres_[rang] = nombre->Normalise();
@@ -286,7 +286,7 @@ bool EcritureDeTable::Ecrire(const TraceDeCellules& trace, std::span<const std::
 
 }  // namespace
 
-std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const Plan& plan, std::int64_t individus,
+std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const PlanDImport& plan, std::int64_t individus,
                                       Ecrivain& dat, const std::function<void()>& avancer) {
   if (!trace.Suivie() || !plan.longues.empty() || !plan.nombres.empty() || trace.Rangees() != individus)
     return std::nullopt;
@@ -301,7 +301,7 @@ std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const Plan& 
   return ecriture.Achever();
 }
 
-Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan, std::int64_t individus,
+Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const PlanDImport& plan, std::int64_t individus,
                   const SortiesDeTable& sorties, const std::function<void()>& avancer) {
   LecteurDeRangees lecteur(source, lecture);
   EcritureDeTable ecriture(plan, individus, sorties);

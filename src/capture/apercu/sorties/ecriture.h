@@ -42,12 +42,12 @@ struct SortiesDeTable {
 };
 
 // `avancer` is called for each individual. Raises what LecteurDeRangees raises, and the failures of writing.
-Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const Plan& plan, std::int64_t individus,
+Bilan EcrireTable(const Chemin& source, const Lecture& lecture, const PlanDImport& plan, std::int64_t individus,
                   const SortiesDeTable& sorties, const std::function<void()>& avancer);
 
 // The same from what the first look has kept of the cells; nothing for a plan that takes more of them than that, and
 // for a table with a cell that is refused: the source tells its line.
-std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const Plan& plan, std::int64_t individus,
+std::optional<Bilan> EcrireSelonTrace(const TraceDeCellules& trace, const PlanDImport& plan, std::int64_t individus,
                                       Ecrivain& dat, const std::function<void()>& avancer);
 
 }  // namespace quelvar::capture

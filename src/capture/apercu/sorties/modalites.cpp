@@ -29,7 +29,8 @@ std::string IntituleDistinct(std::string_view intitule, std::set<std::string>& d
 }
 
 // Lines of the former file for questions that got no labels now.
-std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const Plan& plan, const std::set<std::string>& ecrits) {
+std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const PlanDImport& plan,
+                          const std::set<std::string>& ecrits) {
   std::set<std::string> questions;
   for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
     if (plan.colonnes[k].DansPos() && plan.etiquettes[k].empty())
@@ -51,13 +52,13 @@ std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const Plan& plan,
 
 }  // namespace
 
-bool AvecIntitules(const Plan& plan) {
+bool AvecIntitules(const PlanDImport& plan) {
   for (std::size_t k = 0; k < plan.colonnes.size(); ++k)
     if (!plan.etiquettes[k].empty() && plan.colonnes[k].DansPos()) return true;
   return false;
 }
 
-IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const Plan& plan,
+IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const PlanDImport& plan,
                                 const std::optional<Chemin>& ancien) {
   IntitulesPerdus perdus;
   std::set<std::string> ecrits;
@@ -79,7 +80,7 @@ IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const
   return perdus;
 }
 
-void EcrireVariables(Ecrivain& mod, std::string_view generique, const Plan& plan) {
+void EcrireVariables(Ecrivain& mod, std::string_view generique, const PlanDImport& plan) {
   mod.Ligne(generique);
   mod.Ligne(LigneDeParametres({{"FMT=", plan.largeurNombres}}));
   for (const NombreGarde& nombre : plan.nombres)

@@ -18,11 +18,11 @@ struct IntitulesPerdus {
   std::size_t gardes = 0;            // labels of the former .MOD that stay, behind "**"
 };
 
-bool AvecIntitules(const Plan& plan);
+bool AvecIntitules(const PlanDImport& plan);
 // Labels of all codes made; those that `ancien` has for other questions of the plan stay.
-IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const Plan& plan,
+IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const PlanDImport& plan,
                                 const std::optional<Chemin>& ancien);
 // The variables of the generic of the numbers, as the numeric regression reads them.
-void EcrireVariables(Ecrivain& mod, std::string_view generique, const Plan& plan);
+void EcrireVariables(Ecrivain& mod, std::string_view generique, const PlanDImport& plan);
 
 }  // namespace quelvar::capture

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "capture/nomscourts.h"
+#include "capture/noms/courts.h"
 #include "core/enquete/posfile.h"
 
 namespace quelvar::capture {
@@ -11,7 +11,7 @@ namespace quelvar::capture {
 namespace {
 
 // The answers of a list give way to the names that other columns ask for: these stay what the choices tell.
-void EcarterLesListes(const Plan& plan, std::vector<std::string>& noms) {
+void EcarterLesListes(const PlanDImport& plan, std::vector<std::string>& noms) {
   std::vector<bool> deListe(plan.colonnes.size());
   for (const ColonneLue& lue : plan.lues)
     if (lue.regle == Regle::Liste)
@@ -34,7 +34,7 @@ void EcarterLesListes(const Plan& plan, std::vector<std::string>& noms) {
 
 }  // namespace
 
-void NommerLePlan(Plan& plan, std::vector<std::string> noms, const std::vector<std::string>& proposes) {
+void NommerLePlan(PlanDImport& plan, std::vector<std::string> noms, const std::vector<std::string>& proposes) {
   EcarterLesListes(plan, noms);
   std::vector<std::size_t> rangs;
   std::vector<Titre> demandes;

@@ -12,6 +12,6 @@ namespace quelvar::capture {
 // `proposes` those that the columns of the table get without any hand; a name that is neither its title's nor the
 // user's is among the plan's changed ones. Raises kIndiceHorsSelection, with the column of the table, when no name is
 // left.
-void NommerLePlan(Plan& plan, std::vector<std::string> noms, const std::vector<std::string>& proposes);
+void NommerLePlan(PlanDImport& plan, std::vector<std::string> noms, const std::vector<std::string>& proposes);
 
 }  // namespace quelvar::capture

@@ -59,7 +59,7 @@ class Dresseur {
       : source_(source), lecture_(lecture), proposes_(std::move(proposes)) {}
 
   void Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits, std::size_t rang);
-  Plan Achever();
+  PlanDImport Achever();
 
  private:
   ColonneImportee& Ajouter(const FaitsDeColonne& faits, const ChoixDeColonne& choix, std::size_t largeur,
@@ -78,7 +78,7 @@ class Dresseur {
   const Chemin& source_;
   const Lecture& lecture_;
   std::vector<std::string> proposes_;
-  Plan plan_;
+  PlanDImport plan_;
   std::vector<std::string> noms_;  // asked for, by column of .DAT
   std::size_t rang_ = 0;           // of the column of the table, from 0
   ColonneLue lue_;
@@ -192,7 +192,7 @@ void Dresseur::PrendreClasses(const ChoixDeColonne& choix, const FaitsDeColonne&
     std::vector<double> valeurs;
     ParcourirColonne(source_, lecture_, rang_, [&](std::string_view cellule) {
       if (EstParmi(choix.nonReponses, cellule)) return;
-      if (const std::optional<NombreLu> nombre = LireNombre(cellule, faits.signes))
+      if (const std::optional<NombreDeCellule> nombre = LireNombre(cellule, faits.signes))
         valeurs.push_back(ValeurDe(nombre->Normalise()));
     });
     bornes = BornesDeGroupes(std::move(valeurs), choix.groupes);
@@ -279,7 +279,7 @@ void Dresseur::Prendre(const ChoixDeColonne& choix, const FaitsDeColonne& faits,
   plan_.lues.push_back(std::move(lue_));
 }
 
-Plan Dresseur::Achever() {
+PlanDImport Dresseur::Achever() {
   std::size_t position = 1;
   for (ColonneImportee& colonne : plan_.colonnes) {
     colonne.position = position;
@@ -291,8 +291,8 @@ Plan Dresseur::Achever() {
 
 }  // namespace
 
-Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
-                 const Lecture& lecture) {
+PlanDImport DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
+                        const Lecture& lecture) {
   Dresseur dresseur(source, lecture, NomsProposes(choix, faits.colonnes));
   for (std::size_t j = 0; j < faits.colonnes.size(); ++j) dresseur.Prendre(choix[j], faits.colonnes[j], j);
   return dresseur.Achever();

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/choix.h"
+#include "capture/apercu/choix/colonne.h"
 #include "capture/apercu/observation/textes.h"
 #include "capture/apercu/sorties/classes.h"
 #include "capture/colonnes/colonne.h"
@@ -46,7 +46,7 @@ struct NombreGarde {
   std::string intitule;
 };
 
-struct Plan {
+struct PlanDImport {
   std::vector<ColonneLue> lues;                    // one for each column of the table
   std::vector<ColonneImportee> colonnes;           // of .DAT
   std::vector<std::vector<Etiquette>> etiquettes;  // one list for each column of .DAT
@@ -58,7 +58,7 @@ struct Plan {
 
 // Raises a sentence (kIncompatibiliteType) for a choice that cannot be carried out, what NommerLePlan raises, and what
 // LecteurDeRangees raises.
-Plan DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
-                 const Lecture& lecture);
+PlanDImport DresserPlan(const std::vector<ChoixDeColonne>& choix, const FaitsDeTable& faits, const Chemin& source,
+                        const Lecture& lecture);
 
 }  // namespace quelvar::capture

@@ -8,6 +8,8 @@
 #include "capture/colonnes/compterendu.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/programme/attention.h"
+#include "core/texte/listes.h"
 
 namespace quelvar::capture {
 
@@ -16,12 +18,11 @@ namespace {
 constexpr std::size_t kLignesCitees = 20;  // irregular rows told by their line
 
 std::string LignesIrregulieres(const FaitsDeTable& faits, bool longues) {
-  std::string lignes;
-  std::size_t citees = 0;
-  for (const LigneIrreguliere& ligne : faits.irregulieres) {
-    if ((ligne.cellules > faits.colonnes.size()) != longues || ++citees > kLignesCitees) continue;
-    lignes += Joindre({lignes.empty() ? std::string_view("") : std::string_view(", "), Nombre(ligne.ligne)});
-  }
+  std::vector<std::string> citees;
+  for (const LigneIrreguliere& ligne : faits.irregulieres)
+    if ((ligne.cellules > faits.colonnes.size()) == longues && citees.size() < kLignesCitees)
+      citees.push_back(Nombre(ligne.ligne));
+  std::string lignes = Enumerer(citees);
   if ((longues ? faits.longues : faits.courtes) > static_cast<std::int64_t>(kLignesCitees)) lignes += "...";
   return lignes;
 }
@@ -37,23 +38,23 @@ bool ColonnesDecalees(const FaitsDeTable& faits) {
 void RemarquerNombres(const FaitsDeColonne& colonne, std::size_t j, std::vector<std::string>& remarques) {
   const std::string nom = NumeroEtNom(j, colonne);
   const auto lu = [&] {
-    const std::optional<NombreLu> nombre = LireNombre(colonne.exemple, colonne.signes);
+    const std::optional<NombreDeCellule> nombre = LireNombre(colonne.exemple, colonne.signes);
     return nombre ? nombre->Normalise() : std::string();
   };
   if (colonne.enMilliers > 0)
-    remarques.push_back(Joindre({"*** Attention : colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), ", ",
+    remarques.push_back(Joindre({kAttention, "colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), ", ",
                                  colonne.signes.milliers == ',' ? "la virgule"_w : "le point"_w,
                                  " y sépare les milliers ("_w, Nombre(colonne.enMilliers), " cellule(s))"}));
   if (colonne.douteuses > 0)
-    remarques.push_back(Joindre({"*** Attention : colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), " (",
+    remarques.push_back(Joindre({kAttention, "colonne", nom, " : \"", colonne.exemple, "\" est lu ", lu(), " (",
                                  Nombre(colonne.douteuses), " cellule(s)) ; si ce sont des milliers, donnez decimale=",
                                  NomDecimale(colonne.signes.decimale == ',' ? '.' : ',')}));
   if (colonne.enEntiers > 0)
-    remarques.push_back(Joindre({"*** Attention : colonne", nom, " : ", Nombre(colonne.enEntiers),
+    remarques.push_back(Joindre({kAttention, "colonne", nom, " : ", Nombre(colonne.enEntiers),
                                  " nombre(s) dont les décimales sont des zéros, lu(s) comme des codes"_w}));
   if (colonne.habillees > 0)
     remarques.push_back(
-        Joindre({"*** Attention : colonne", nom, " : ", colonne.exempleHabille, " est lu ",
+        Joindre({kAttention, "colonne", nom, " : ", colonne.exempleHabille, " est lu ",
                  RognerCellule(colonne.exempleHabille), " (", Nombre(colonne.habillees), " cellule(s))"}));
 }
 
@@ -61,12 +62,12 @@ void RemarquerNombres(const FaitsDeColonne& colonne, std::size_t j, std::vector<
 void RemarquerRangees(const FaitsDeTable& faits, std::vector<std::string>& remarques) {
   if (faits.lignesVides > 0) remarques.push_back(RemarqueLignesVides(faits.lignesVides));
   if (faits.courtes > 0 && !ColonnesDecalees(faits))
-    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.courtes),
-                                 "ligne(s) plus courte(s) que les intitulés, complétée(s) par des vides : ligne "_w,
+    remarques.push_back(Joindre({kAttention, Nombre(faits.courtes),
+                                 " ligne(s) plus courte(s) que les intitulés, complétée(s) par des vides : ligne "_w,
                                  LignesIrregulieres(faits, false)}));
   if (faits.etrangers > 0)
-    remarques.push_back(Joindre({"*** Attention :", NombreNu(faits.etrangers),
-                                 "caractère(s) sans équivalent, remplacé(s) par ?, à partir de la ligne "_w,
+    remarques.push_back(Joindre({kAttention, Nombre(faits.etrangers),
+                                 " caractère(s) sans équivalent, remplacé(s) par ?, à partir de la ligne "_w,
                                  Nombre(faits.ligneEtrangere)}));
 }
 
@@ -85,12 +86,11 @@ void RemarquerEcritures(const std::vector<ChoixDeColonne>& choix, const FaitsDeT
                         std::vector<std::string>& remarques) {
   for (std::size_t j = 0; j < choix.size(); ++j) {
     for (const std::vector<ValeurComptee>& proches : EcrituresProches(choix[j], faits.colonnes[j])) {
-      std::string textes;
+      std::vector<std::string> textes;
       for (const ValeurComptee& texte : proches)
-        textes += Joindre(
-            {std::string_view(textes.empty() ? "" : ", "), "\"", texte.valeur, "\" (", Nombre(texte.effectif), ")"});
+        textes.push_back(Joindre({"\"", texte.valeur, "\" (", Nombre(texte.effectif), ")"}));
       remarques.push_back(
-          Joindre({"*** Attention : colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", textes,
+          Joindre({kAttention, "colonne", NumeroEtNom(j, faits.colonnes[j]), " : ", Enumerer(textes),
                    choix[j].fondus ? " ont le même code"_w
                    : choix[j].genre == Genre::Textes
                        ? " s'écrivent presque de même et ont des codes différents (fondus=oui les réunit)"_w
@@ -132,19 +132,19 @@ std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits, const std::
   return remarques;
 }
 
-std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
+std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const PlanDImport& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus) {
   std::vector<std::string> remarques;
   if (!perdus.coupes.empty())
     remarques.push_back(
-        Joindre({"*** Attention :", NombreNu(perdus.coupes.size()), "intitulé(s) de plus de "_w,
+        Joindre({kAttention, Nombre(perdus.coupes.size()), " intitulé(s) de plus de "_w,
                  Nombre(kIntituleDeModaliteAuPlus), " caractères, coupé(s) dans "_w, contexte.Nom(".MOD")}));
   for (const ColonneImportee& colonne : plan.colonnes)
     if (colonne.DansPos() && colonne.intituleChange)
-      remarques.push_back(Joindre({"*** Attention : le signe $ est écrit S dans "_w, contexte.Nom(".POS"),
+      remarques.push_back(Joindre({kAttention, "le signe $ est écrit S dans "_w, contexte.Nom(".POS"),
                                    ", à la colonne"_w, NumeroEtIntitule(colonne)}));
   for (const std::string& nom : perdus.communs)
-    remarques.push_back(Joindre({"*** Attention : deux modalités ont le nom "_w, nom, " dans ", contexte.Nom(".MOD")}));
+    remarques.push_back(Joindre({kAttention, "deux modalités ont le nom "_w, nom, " dans ", contexte.Nom(".MOD")}));
   if (perdus.gardes > 0)
     remarques.push_back(Joindre({"Les intitulés de l'ancien fichier "_w, contexte.Nom(".MOD"),
                                  " sont gardés pour les questions de codes :"_w, NombreBlanc(perdus.gardes)}));
@@ -159,15 +159,15 @@ std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan
                                    NombreNu(plan.longues.front() + 1), "et ainsi de suite"}));
     if (bilan.etoiles > 0)
       remarques.push_back(
-          Joindre({"*** Attention :", NombreNu(bilan.etoiles), "étoile(s) des textes remplacée(s) par des blancs"_w}));
+          Joindre({kAttention, Nombre(bilan.etoiles), " étoile(s) des textes remplacée(s) par des blancs"_w}));
   }
   if (plan.nombres.empty()) return remarques;
   remarques.push_back(
       Joindre({"Les nombres gardés sont sous le générique "_w, contexte.generique, "N (", contexte.generique,
                "N.CDG et ", contexte.generique, "N.MOD), pour la régression sur données numériques"_w}));
   if (bilan.sansNombre > 0) {
-    remarques.push_back(Joindre({"*** Attention :", NombreNu(bilan.sansNombre),
-                                 "individu(s) sans l'un de ces nombres n'y sont pas, car un vide y serait lu 0"}));
+    remarques.push_back(Joindre({kAttention, Nombre(bilan.sansNombre),
+                                 " individu(s) sans l'un de ces nombres n'y sont pas, car un vide y serait lu 0"}));
     for (std::size_t i = 0; i < plan.nombres.size(); ++i)
       if (bilan.videsParNombre[i] > 0)
         remarques.push_back(Joindre({"    ", plan.nombres[i].nom, " ", plan.nombres[i].intitule, " : vide pour",

@@ -19,7 +19,7 @@ std::string NumeroEtNom(std::size_t colonne, const FaitsDeColonne& faits);
 // that become codes, which count as 0, and texts that are nearly written alike.
 std::vector<std::string> RemarquesDeTable(const FaitsDeTable& faits, const std::vector<ChoixDeColonne>& choix);
 // What the files made could not hold, and where to find what is not in .DAT.
-std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const Plan& plan, const Bilan& bilan,
+std::vector<std::string> RemarquesDeSorties(const Contexte& contexte, const PlanDImport& plan, const Bilan& bilan,
                                             const IntitulesPerdus& perdus);
 
 // What stops the import whatever is chosen: rows with cells behind the titles, a quote that nothing closes.

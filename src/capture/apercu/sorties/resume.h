@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "capture/apercu/apercu.h"
-#include "capture/apercu/choix.h"
-#include "capture/apercu/source.h"
+#include "capture/apercu/choix/colonne.h"
+#include "capture/apercu/observation/apercu.h"
+#include "capture/apercu/octets/source.h"
 
 namespace quelvar::capture {
 

@@ -1,44 +1,45 @@
 #include "capture/apercu/sorties/tableau.h"
 
 #include "capture/apercu/choix/devenir.h"
+#include "core/resultats/cellules.h"
 
 namespace quelvar::capture {
 
-namespace {
-
-Cellule Effectif(std::int64_t valeur) { return {.valeur = static_cast<double>(valeur), .unite = Unite::Effectif}; }
-Cellule EnTexte(std::string_view texte) { return {.marque = std::string(texte)}; }
-
-}  // namespace
-
 TableauEdite TableauDesFaits(const Reconnaissance& table) {
   TableauEdite tableau;
-  tableau.titres.emplace_back("   No Nom Contenu                 Différentes   Vides Intitulé : devenir"_w);
-  tableau.colonnes.resize(5);
+  for (const std::string_view titre :
+       {"No"_w, "Nom"_w, "Contenu"_w, "Différentes"_w, "Vides"_w, "Intitulé"_w, "devenir"_w})
+    tableau.colonnes.push_back({std::string(titre)});
   for (std::size_t j = 0; j < table.faits.colonnes.size(); ++j) {
     const FaitsDeColonne& colonne = table.faits.colonnes[j];
     const std::string_view intitule = colonne.intitule.empty() ? kSansIntitule : std::string_view(colonne.intitule);
-    tableau.rangees.push_back(
-        {.titre = {},
-         .intitule = Joindre({intitule, " : ", Devenir(table.choix[j], colonne)}),
-         .cellules = {Cellule{.valeur = static_cast<double>(j + 1)}, EnTexte(table.choix[j].nom),
-                      EnTexte(NomContenu(colonne.contenu)), Effectif(colonne.differentes), Effectif(colonne.vides)}});
+    tableau.rangees.push_back({.titre = {},
+                               .intitule = {},
+                               .cellules = {CelluleEntiere(j + 1), CelluleTexte(table.choix[j].nom),
+                                            CelluleTexte(NomContenu(colonne.contenu)),
+                                            CelluleEffectif(colonne.differentes), CelluleEffectif(colonne.vides),
+                                            CelluleTexte(intitule), CelluleTexte(Devenir(table.choix[j], colonne))}});
   }
   return tableau;
 }
 
 FormeEnRangees FormeDesFaits() {
   constexpr auto kTexte = Elargissement::DerriereUnTexte;
+  constexpr int kNomCourt = static_cast<int>(kNomCourtLePlusLong);
   constexpr int kContenuLePlusLong = 23;
-  return {.places = {{"", 5, kTexte},
-                     {" ", static_cast<int>(kNomCourtLePlusLong)},
-                     {" ", kContenuLePlusLong},
-                     {"", 12, kTexte},
-                     {"", 8, kTexte}},
-          .avantIntitule = " "};
+  constexpr auto kADroite = TitreDeColonne::ADroite;
+  constexpr auto kAGauche = TitreDeColonne::AGauche;
+  return {.places = {{.entiers = 5, .elargissement = kTexte, .titre = kADroite},
+                     {.avant = " ", .entiers = kNomCourt, .titre = kAGauche, .avantTitre = " "},
+                     {.avant = " ", .entiers = kContenuLePlusLong, .titre = kAGauche, .avantTitre = " "},
+                     {.entiers = 12, .elargissement = kTexte, .titre = kADroite},
+                     {.entiers = 8, .elargissement = kTexte, .titre = kADroite},
+                     {.avant = " ", .avantTitre = " "},
+                     {.avant = " : ", .avantTitre = " : "}}};
 }
 
-std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const Plan& plan, const Bilan& bilan) {
+std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const PlanDImport& plan,
+                                 const Bilan& bilan) {
   std::vector<CodeFait> codes;
   const ColonneLue& lue = plan.lues[colonne];
   for (std::size_t k = lue.premiere; k < lue.premiere + lue.nombre; ++k) {

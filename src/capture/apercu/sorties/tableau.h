@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "capture/apercu/sorties/plan.h"
 #include "core/resultats/rangees.h"
@@ -13,7 +13,7 @@
 
 namespace quelvar::capture {
 
-// A row a column: its number and short name, what it holds, how many different values and empty cells; its title and
+// A row a column: its number and short name, what it holds, how many different values and empty cells, its title and
 // what becomes of it.
 TableauEdite TableauDesFaits(const Reconnaissance& table);
 // The places that these cells have in a report.
@@ -29,6 +29,7 @@ struct CodeFait {
 
 // The codes that texts and classes of a column of the table (by index) have become; the non-response is among them when
 // it was met: texts that count as 0, and empty cells.
-std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const Plan& plan, const Bilan& bilan);
+std::vector<CodeFait> CodesFaits(std::size_t colonne, const FaitsDeTable& faits, const PlanDImport& plan,
+                                 const Bilan& bilan);
 
 }  // namespace quelvar::capture

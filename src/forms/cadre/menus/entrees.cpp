@@ -1,6 +1,6 @@
 #include "forms/cadre/menus/entrees.h"
 
-#include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/import/fimportcsv.h"
 #include "forms/programmes/capture/saisief.h"
 #include "forms/programmes/crosstab/choixvar.h"
 #include "forms/programmes/factor/choixanecar.h"

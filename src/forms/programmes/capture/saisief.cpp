@@ -100,9 +100,9 @@ void Saisief::Frapper(capture::Touche touche, bool tenue) {
   const capture::SuiteDeFrappe effet = capture::Frapper(saisie_->etat, touche);
   // A key held down against a bound says so once.
   if (effet.bip && !tenue) services_.ecran.biper();
-  if (effet.demande == capture::Demande::Quitter) return reject();
-  if (effet.demande == capture::Demande::LaisserLaCorrection) LaisserLEnregistrement();
-  if (effet.demande == capture::Demande::Enregistrer) Enregistrer();
+  if (effet.demande == capture::DemandeDeSaisie::Quitter) return reject();
+  if (effet.demande == capture::DemandeDeSaisie::LaisserLaCorrection) LaisserLEnregistrement();
+  if (effet.demande == capture::DemandeDeSaisie::Enregistrer) Enregistrer();
   Montrer();
 }
 

@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "capture/apercu/reconnaissance.h"
+#include "capture/apercu/choix/reconnaissance.h"
 #include "capture/apercu/sorties/ecriture.h"
 #include "support/programme.h"
 
@@ -40,7 +40,7 @@ TEST_F(RunTrace, TheTraceOfTheCellsStandsForTheSource) {
     TraceDeCellules trace(dossier_.Chemin() / "cellules");
     Reconnaissance table = Reconnaitre(contexte_, source, options, &trace);
     if (!titres) table.choix[2].genre = Genre::Codes;
-    const Plan plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
+    const PlanDImport plan = DresserPlan(table.choix, table.faits, source.Texte(), table.lecture);
     Bilan deLaSource;
     std::optional<Bilan> deLaTrace;
     {

@@ -8,7 +8,7 @@
 #include <QPushButton>
 
 #include "forms/bureauenq.h"
-#include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/import/fimportcsv.h"
 #include "forms/programmes/session/prem.h"
 #include "forms/programmes/session/repertoires.h"
 

@@ -10,7 +10,7 @@
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu/apercu.h"
-#include "forms/programmes/capture/import/lecturedefeuille.h"
+#include "forms/programmes/capture/import/attente/feuille.h"
 #include "forms/qt/texte.h"
 
 namespace quelvar::forms {

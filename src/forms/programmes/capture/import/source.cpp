@@ -7,7 +7,7 @@
 #include <QStandardPaths>
 
 #include "capture/presence.h"
-#include "forms/programmes/capture/fimport.h"
+#include "forms/programmes/capture/import/fimport.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/qt/texte.h"
 #include "ui_source.h"

@@ -16,8 +16,8 @@
 
 #include "capture/apercu/import.h"
 #include "forms/pilote.h"
-#include "forms/programmes/capture/fimport.h"
-#include "forms/programmes/capture/fimportcsv.h"
+#include "forms/programmes/capture/import/fimport.h"
+#include "forms/programmes/capture/import/fimportcsv.h"
 #include "forms/programmes/capture/import/ouverture.h"
 #include "forms/programmes/capture/import/source.h"
 #include "support/classeurs.h"

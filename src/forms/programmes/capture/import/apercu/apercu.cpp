@@ -7,7 +7,7 @@
 #include "capture/classeur/classeur.h"
 #include "core/programme/annulation.h"
 #include "forms/pieces/commande.h"
-#include "forms/programmes/capture/import/lecturedefeuille.h"
+#include "forms/programmes/capture/import/attente/feuille.h"
 #include "forms/qt/texte.h"
 #include "ui_apercu.h"
 
@@ -15,11 +15,11 @@ namespace quelvar::forms {
 
 namespace {
 
-using capture::Encodage;
+using capture::EncodageDeTable;
 
-constexpr Encodage kEncodages[] = {Encodage::Utf8,    Encodage::Utf8AvecMarque, Encodage::Utf16LE,
-                                   Encodage::Utf16BE, Encodage::Windows1252,    Encodage::Latin9,
-                                   Encodage::Cp850};
+constexpr EncodageDeTable kEncodages[] = {
+    EncodageDeTable::Utf8,        EncodageDeTable::Utf8AvecMarque, EncodageDeTable::Utf16LE, EncodageDeTable::Utf16BE,
+    EncodageDeTable::Windows1252, EncodageDeTable::Latin9,         EncodageDeTable::Cp850};
 constexpr char kSeparateurs[] = {';', ',', '\t', '|'};
 constexpr char kDecimales[] = {',', '.'};
 
@@ -72,7 +72,7 @@ ApercuImport::~ApercuImport() {
 }
 
 void ApercuImport::PreparerLaLecture() {
-  for (const Encodage encodage : kEncodages) ui_->ComboEncodage->addItem(VersQt(capture::NomEncodage(encodage)));
+  for (const EncodageDeTable encodage : kEncodages) ui_->ComboEncodage->addItem(VersQt(capture::NomEncodage(encodage)));
   for (const char separateur : kSeparateurs) ui_->ComboSeparateur->addItem(VersQt(capture::NomSeparateur(separateur)));
   for (const char decimale : kDecimales) ui_->ComboDecimale->addItem(VersQt(capture::NomDecimale(decimale)));
   const bool classeur = capture::GenreDe(preparation_.Fichier()) == capture::GenreDeSource::Classeur;

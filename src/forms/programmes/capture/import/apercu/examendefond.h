@@ -6,7 +6,7 @@
 #include <optional>
 #include <thread>
 
-#include "capture/apercu/faits.h"
+#include "capture/apercu/observation/faits.h"
 
 namespace quelvar::forms {
 

@@ -8,7 +8,7 @@
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
 #include "forms/programmes/capture/import/apercu/apercu.h"
-#include "forms/programmes/capture/import/avancement.h"
+#include "forms/programmes/capture/import/attente/avancement.h"
 #include "forms/qt/texte.h"
 #include "ui_apercu.h"
 
