@@ -10,7 +10,7 @@
 #include <string>
 
 #include "core/programme/programme.h"
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 #include "tables/liens/liens.h"
 
 namespace quelvar::factor {

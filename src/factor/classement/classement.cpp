@@ -9,7 +9,7 @@
 #include "core/programme/place.h"
 #include "factor/classement/cah.h"
 #include "factor/classement/edition.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

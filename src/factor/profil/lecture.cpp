@@ -6,7 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
-#include "factor/cellules.h"
+#include "factor/fichiers/cellules.h"
 
 namespace quelvar::factor {
 

@@ -5,7 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 #include "factor/provenance.h"
 
 namespace quelvar::text {

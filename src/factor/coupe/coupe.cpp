@@ -1,4 +1,4 @@
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 
 #include <algorithm>
 #include <optional>
