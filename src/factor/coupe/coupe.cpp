@@ -16,7 +16,9 @@
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "factor/classement/edition.h"
-#include "factor/provenance.h"
+#include "factor/provenance/arbre.h"
+#include "factor/provenance/individus.h"
+#include "factor/provenance/inerties.h"
 
 namespace quelvar::factor {
 

@@ -6,7 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "factor/fichiers/coordonnees.h"
-#include "factor/provenance.h"
+#include "factor/provenance/inerties.h"
 
 namespace quelvar::text {
 
