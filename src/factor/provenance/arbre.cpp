@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kElementsAuPlus = 5000;  // of a tree that is made again
 constexpr std::size_t kPairesAuPlus = 20000;   // of one whose first step is looked at
-constexpr std::chrono::seconds kUnRun{2};  // a tree is written with its coordinates, a later analysis takes longer
+constexpr std::chrono::seconds kUnRun{2};      // a tree is written with its coordinates, a later analysis takes longer
 
 // The first merging of a tree is that of the two nearest points.
 bool PremiereEtapeConvient(const Matrice& points, const EtapeWard& etape) {
