@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
+#include "core/programme/attention.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "core/resultats/tete.h"
@@ -35,6 +36,14 @@ std::string Repeter(std::string_view debut, std::string_view motif, std::size_t 
 }
 
 }  // namespace
+
+void ImprimerInconnus(Rapport& rapport, const std::vector<std::string>& noms) {
+  for (const std::string& nom : noms) {
+    rapport.Ligne();
+    rapport.Ligne({"Intitule court ", nom, " non trouve"});
+    rapport.Ligne();
+  }
+}
 
 void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAnecar& seuils) {
   rapport.Ligne();
@@ -86,7 +95,7 @@ constexpr int kLargeurPourcentage = 5;
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
   const std::vector<Cellule> cellules = ValeurPropre(facteur);
   if (!facteur.converge)
-    rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
+    rapport.Ligne({kAttention, "le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});
   rapport.Ligne();
   rapport.Ligne({kValeurPropre, " ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});

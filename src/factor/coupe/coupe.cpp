@@ -11,6 +11,7 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/resultats/cellules.h"
@@ -122,10 +123,9 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
                     std::string_view extension) {
   const auto elements = static_cast<std::int64_t>(arbre.etapes.size()) + 1;
   if (elements == presents || arbre.etapes.empty()) return;
-  Avertir(rapport, contexte.Ecran(),
-          Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
-                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(),
+                   Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
+                            "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
 }
 
 // A tree of as many elements may still be that of another state of the survey.
@@ -141,10 +141,9 @@ void PrevenirDeLaProvenance(const Contexte& contexte, Rapport& rapport, const Ar
                   contexte.Nom(".BRT"), " et "_w, contexte.Nom(".MOD")}));
   if (!arbre.individus) {
     if (CoordonneesSontDesModalites(contexte)) return;
-    Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
-                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
+                              " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
   }
   if (const std::optional<IndividuDiscordant> individu = ChercherIndividuDiscordant(contexte))
     dire(Joindre({"l'individu ", Nombre(individu->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
@@ -160,8 +159,7 @@ std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
 std::string NouveauGenerique(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options) {
   const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (nouveau) return *nouveau;
-  rapport.Ligne("Arrêt volontaire du programme"_w);
-  throw Erreur(kArretAnnonce);
+  Arreter(rapport, "Arrêt volontaire du programme"_w);
 }
 
 // The next generic with the variable of the classes.
@@ -203,12 +201,11 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
   if (!cah) rapport.Ligne({"*** Le fichier de CAH ", contexte.Nom(".CAH"), " n'existe pas"});
   if (!cah || !mod) {
     rapport.Ligne();
-    Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
   }
   const ArbreCah arbre = LireCah(*cah);
   if (static_cast<std::size_t>(options.niveau) > arbre.etapes.size())
-    contexte.Ecran().demander(Joindre({"*** Attention : la classification n'a que "_w, Nombre(arbre.etapes.size()),
+    contexte.Ecran().demander(Joindre({kAttention, "la classification n'a que "_w, Nombre(arbre.etapes.size()),
                                        " étapes, le niveau "_w, Nombre(options.niveau), " est celui de la dernière"_w}),
                               Boutons::Ok);
   if (!arbre.individus) {
