@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 #include "fuzz/support/dossier_memoire.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 #include "fuzz/support/dossier_memoire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {

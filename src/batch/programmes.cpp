@@ -5,7 +5,7 @@
 #include "capture/saisie/options.h"
 #include "crosstab/croise_options.h"
 #include "factor/analyse/anecar_options.h"
-#include "factor/classement/coupe_options.h"
+#include "factor/coupe/coupe_options.h"
 #include "factor/plan/graphe_options.h"
 #include "factor/profil/profilmod_options.h"
 #include "modalities/creation/posmod_options.h"

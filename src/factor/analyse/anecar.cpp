@@ -11,6 +11,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/arret.h"
 #include "core/resultats/fichiers.h"
 #include "factor/analyse/facteurs.h"
 #include "factor/analyse/tableau.h"
@@ -25,13 +26,13 @@ constexpr std::int64_t kLigneDesParametres = 2;     // of the .MOD
 constexpr int kBurtEnListes = 50;                   // from this size on a table is edited by sorted listings at level 1
 
 // The options with every choice of the level made.
-struct Reglages {
+struct ReglagesDAnecar {
   EditionAnecar edition = EditionAnecar::Compacte;
   int seuilLignes = 0;
   int seuilColonnes = 0;
 };
 
-Reglages ReglagesDe(const OptionsAnecar& options, int niveau, int burt) {
+ReglagesDAnecar ReglagesDe(const OptionsAnecar& options, int niveau, int burt) {
   const int seuil = niveau < kNiveauAvance ? 0 : kSeuilMoyen;
   const bool listes = niveau < kNiveauAvance && burt >= kBurtEnListes;
   return {options.edition.value_or(listes ? EditionAnecar::Triee : EditionAnecar::Compacte),
@@ -48,8 +49,7 @@ void ExigerTable(Rapport& rapport, const Contexte& contexte) {
   const bool donnees = exiger(".BRT", "Arret du programme car absence de donnees");
   const bool modalites = exiger(".MOD", "Arret du programme car absence de fichier de modalites");
   if (donnees && modalites) return;
-  Avertir(rapport, contexte.Ecran(), "*** Arret du programme du à l'absence d'un ou de plusieurs fichiers"_w);
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme du à l'absence d'un ou de plusieurs fichiers"_w);
 }
 
 ParametresMod Preparer(Rapport& rapport, const Contexte& contexte) {
@@ -87,52 +87,48 @@ void MarquerCodageLogique(const Contexte& contexte, const FichierMod& mod, JeuDe
   }
 }
 
-[[noreturn]] void Refuser(Rapport& rapport, const Contexte& contexte, Texte texte) {
-  Avertir(rapport, contexte.Ecran(), texte);
-  throw Erreur(kArretAnnonce);
-}
-
 int SeuilEffectif(int seuil, std::int64_t actifs) {
   constexpr int kSansMoyenne = -1;  // every element is listed
   if (seuil != kSeuilMoyen) return seuil;
   return actifs > 0 ? CpfMoyen(static_cast<std::size_t>(actifs)) : kSansMoyenne;
 }
 
-PlanAnecar DeclarerTableau(Rapport& rapport, const Contexte& contexte, const ParametresMod& parametres,
-                           bool codageLogique, JeuDeFichiers& sorties) {
-  rapport.Lignes(parametres.remarques);
+// The table as the .MOD declares it, and the names of that file that no column has.
+struct Declaration {
+  PlanAnecar plan;
+  std::vector<std::string> inconnus;
+};
+
+Declaration DeclarerTableau(const Contexte& contexte, const ParametresMod& parametres, bool codageLogique,
+                            JeuDeFichiers& sorties) {
   const Chemin chemin = contexte.Exiger(".MOD");
   const FichierMod mod = LireMod(chemin);
   if (parametres.burt == 1) MarquerCodageLogique(contexte, mod, sorties);
-  PlanAnecar plan = Situer(
+  Declaration declaration;
+  declaration.plan = Situer(
       [&] {
         return Lieu{TexteDe(chemin.filename()), kLigneDesParametres};
       },
       [&] { return PlanifierTableau(parametres, mod, codageLogique); });
-  for (const std::string& nom : AttribuerIntitules(mod, plan)) {
-    rapport.Ligne();
-    rapport.Ligne({"Intitule court ", nom, " non trouve"});
-    rapport.Ligne();
-  }
-  return plan;
+  declaration.inconnus = AttribuerIntitules(mod, declaration.plan);
+  return declaration;
 }
 
-void RefuserTableau(Rapport& rapport, const Contexte& contexte, const PlanAnecar& plan, const OptionsAnecar& options) {
+// Why the declared table can't be analysed; empty when it can.
+std::string RefusDuTableau(const Contexte& contexte, const PlanAnecar& plan, const OptionsAnecar& options) {
   const bool sansIndividus = plan.genre == GenreTableau::BurtCarre;
   if (sansIndividus && options.codageLogique)
-    Refuser(rapport, contexte,
-            "*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
-            "modalités avec les individus pour analyser leur codage logique"_w);
+    return Joindre(
+        {"*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
+         "modalités avec les individus pour analyser leur codage logique"_w});
   if (sansIndividus && options.classification && options.classification->individus)
-    Refuser(rapport, contexte,
-            "*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
-            "modalités avec les individus pour les classer"_w);
-  if (plan.lignesActives <= 0)
-    Refuser(rapport, contexte, "*** Arret du programme : le tableau n'a pas de ligne active");
-  if (plan.colonnes.actifs == 0)
-    Refuser(rapport, contexte, "*** Arret du programme : le tableau n'a pas de colonne active");
-  if (plan.largeur < 1)
-    Refuser(rapport, contexte, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
+    return Joindre(
+        {"*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
+         "modalités avec les individus pour les classer"_w});
+  if (plan.lignesActives <= 0) return "*** Arret du programme : le tableau n'a pas de ligne active";
+  if (plan.colonnes.actifs == 0) return "*** Arret du programme : le tableau n'a pas de colonne active";
+  if (plan.largeur < 1) return Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")});
+  return {};
 }
 
 std::string NomDuRapport(const Contexte& contexte, TypeAnalyse type) {
@@ -149,7 +145,7 @@ int NombreDeFacteurs(const OptionsAnecar& options, const PlanAnecar& plan) {
 struct Moteur {
   const Contexte& contexte;
   const OptionsAnecar& options;
-  Reglages reglages;
+  ReglagesDAnecar reglages;
   PlanAnecar plan;
   TableauAnecar tableau;
   AnalyseAnecar analyse;
@@ -213,7 +209,7 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   const Contexte& contexte = moteur.contexte;
   moteur.tableau = LireTableau(contexte.Exiger(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
   if (EffectifTotal(moteur.tableau.actives) == 0)
-    Refuser(rapport, contexte, "*** Arret du programme : le total du tableau est nul");
+    AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme : le total du tableau est nul");
   moteur.analyse = CommencerAnalyse(moteur.tableau, moteur.options.type);
   ImprimerTitre(rapport, moteur.analyse);
   const int facteurs = NombreDeFacteurs(moteur.options, moteur.plan);
@@ -241,8 +237,11 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const ParametresM
                    const OptionsAnecar& options, JeuDeFichiers& sorties) {
   if (options.codageLogique) ExigerCodageLogique(contexte);
   Moteur moteur{contexte, options, ReglagesDe(options, contexte.niveau, parametres.burt), {}, {}, {}, {}};
-  moteur.plan = DeclarerTableau(rapport, contexte, parametres, options.codageLogique, sorties);
-  Reglages& reglages = moteur.reglages;
+  rapport.Lignes(parametres.remarques);
+  Declaration declaration = DeclarerTableau(contexte, parametres, options.codageLogique, sorties);
+  ImprimerInconnus(rapport, declaration.inconnus);
+  moteur.plan = std::move(declaration.plan);
+  ReglagesDAnecar& reglages = moteur.reglages;
   reglages.seuilLignes = SeuilEffectif(reglages.seuilLignes, moteur.plan.lignesActives);
   reglages.seuilColonnes =
       SeuilEffectif(reglages.seuilColonnes, static_cast<std::int64_t>(moteur.plan.colonnes.actifs));
@@ -250,7 +249,8 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const ParametresM
   if (options.imprimerLignes) seuils.lignes = reglages.seuilLignes;
   if (reglages.edition == EditionAnecar::Triee) seuils.colonnes = reglages.seuilColonnes;
   ImprimerDimensions(rapport, moteur.plan, seuils);
-  RefuserTableau(rapport, contexte, moteur.plan, options);
+  if (const std::string refus = RefusDuTableau(contexte, moteur.plan, options); !refus.empty())
+    AvertirEtArreter(rapport, contexte.Ecran(), refus);
   if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
     ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), parametres);
   ExtraireEtImprimer(rapport, moteur);
@@ -272,7 +272,7 @@ void Analyser(Rapport& rapport, const Contexte& contexte, const ParametresMod& p
   const SuiteWard suite = Extraire(rapport, contexte, parametres, options, sorties);
   if (options.classification) {
     if (suite.facteurs == 0)
-      Refuser(rapport, contexte, "*** Arret du programme : pas de facteur pour la classification");
+      AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme : pas de facteur pour la classification");
     const Chemin& points = sorties.Achever(contexte.Nom(options.classification->individus ? ".FI2" : ".FJ2"));
     ClasserWard(contexte, rapport, points, suite.facteurs, *options.classification, suite.derniers, sorties);
   }

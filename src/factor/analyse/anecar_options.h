@@ -5,7 +5,7 @@
 
 #include "core/options/description.h"
 #include "factor/analyse/anecar.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
+#include "core/programme/attention.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "core/resultats/tete.h"
@@ -35,6 +36,14 @@ std::string Repeter(std::string_view debut, std::string_view motif, std::size_t 
 }
 
 }  // namespace
+
+void ImprimerInconnus(Rapport& rapport, const std::vector<std::string>& noms) {
+  for (const std::string& nom : noms) {
+    rapport.Ligne();
+    rapport.Ligne({"Intitule court ", nom, " non trouve"});
+    rapport.Ligne();
+  }
+}
 
 void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAnecar& seuils) {
   rapport.Ligne();
@@ -86,7 +95,7 @@ constexpr int kLargeurPourcentage = 5;
 void ImprimerFacteur(Rapport& rapport, const FacteurAnecar& facteur) {
   const std::vector<Cellule> cellules = ValeurPropre(facteur);
   if (!facteur.converge)
-    rapport.Ligne({"*** Attention : le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
+    rapport.Ligne({kAttention, "le facteur n'a pas convergé après"_w, NombreNu(facteur.tours),
                    "itérations, il est gardé en l'état"_w});
   rapport.Ligne();
   rapport.Ligne({kValeurPropre, " ", TexteEnColonne(cellules[0], kLargeurValeurPropre)});
@@ -102,20 +111,34 @@ void ImprimerEchelle(Rapport& rapport, double echelle) {
 
 namespace {
 
-// What tells the listing of rows from that of columns. The titles of its columns are wider than their places.
+// What tells the listing of rows from that of columns.
 struct MotsListe {
-  std::string_view enTete;
+  std::string_view numero;  // title of its column
   std::string_view actifs;
   std::string_view supplementaires;
   int largeurIndice;
 };
 
+// A place under a title that is set right in columns of its own: the titles are not as wide as their places.
+PlaceEnRangee SousUnTitre(PlaceEnRangee place, int colonnesDuTitre, std::string_view derriereTitre = {}) {
+  place.titre = TitreDeColonne::ADroite;
+  place.colonnesDuTitre = colonnesDuTitre;
+  place.derriereTitre = derriereTitre;
+  return place;
+}
+
+FormeEnRangees FormeTriee(int largeurIndice) {
+  return {.places = {SousUnTitre({"", largeurIndice, Elargissement::Entier}, 3), SousUnTitre({" ", kNomDeListe}, 4),
+                     SousUnTitre({"", kCoordonnee}, 10), SousUnTitre(kPlacePourMille, 4, "         Intitule long")},
+          .avantIntitule = "    "};
+}
+
+// With the heading of the columns, or rows alone.
 void ImprimerElements(Rapport& rapport, const ListeTriee& liste, const std::vector<std::size_t>& positions,
-                      int largeurIndice) {
-  const FormeEnRangees forme{
-      .places = {{"", largeurIndice, Elargissement::Entier}, {" ", kNomDeListe}, {"", kCoordonnee}, kPlacePourMille},
-      .avantIntitule = "    "};
+                      int largeurIndice, const std::vector<Colonne>& colonnes) {
+  const FormeEnRangees forme = FormeTriee(largeurIndice);
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  imprimeur.Tete({.colonnes = colonnes});
   for (const std::size_t position : positions) imprimeur.Imprimer(RangeeTriee(liste.elements, liste.cote, position));
 }
 
@@ -126,52 +149,59 @@ std::string LigneFacteur(std::size_t k, std::string_view suite) {
 void ImprimerActifsTries(Rapport& rapport, const ListeTriee& liste, std::size_t k, const MotsListe& mots) {
   if (liste.elements.actifs == 0) return;
   rapport.Ligne(LigneFacteur(k, mots.actifs));
-  rapport.Ligne(mots.enTete);
-  ImprimerElements(rapport, liste, liste.actifs, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.actifs, mots.largeurIndice, ColonnesTriees(mots.numero));
 }
 
 }  // namespace
 
 void ImprimerLignesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k) {
-  const MotsListe mots{"  I NOM Coor.fac. CPF         Intitule long", " Impression des lignes   actives du tableau",
+  const MotsListe mots{"I", " Impression des lignes   actives du tableau",
                        " Impression des lignes   suppl.   du tableau",
                        liste.elements.Nombre() > kLignesSurTroisChiffres ? 4 : 3};
   ImprimerActifsTries(rapport, liste, k, mots);
   if (liste.elements.Supplementaires() == 0) return;
   rapport.Ligne(" ");
   rapport.Ligne(mots.supplementaires);
-  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice, {});
 }
 
 void ImprimerColonnesTriees(Rapport& rapport, const ListeTriee& liste, std::size_t k) {
-  const MotsListe mots{"  J NOM Coor.fac. CPF         Intitule long", " Impression des colonnes actives du tableau",
+  const MotsListe mots{"J", " Impression des colonnes actives du tableau",
                        " Impression des colonnes suppl.   du tableau", 3};
   ImprimerActifsTries(rapport, liste, k, mots);
   if (liste.elements.Supplementaires() == 0) return;
   rapport.Ligne();
   rapport.Ligne(LigneFacteur(k, mots.supplementaires));
-  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice);
+  ImprimerElements(rapport, liste, liste.supplementaires, mots.largeurIndice, {});
 }
 
 namespace {
 
-constexpr int kTeteDesEcarts = 8;  // columns in front of the names of the columns
-constexpr int kNomDeLigne = 5;     // with the blank behind it
+constexpr int kNomDeLigne = 5;  // with the blank behind it
 constexpr int kEntiersDesEcarts = 5;
-
-// The names of the active columns over their cells. Raises kArgumentIncorrect for decimals that nobody could print.
-std::string TeteDesEcarts(const ElementsAnecar& colonnes, int decimales) {
-  if (decimales > kDecimalesAuPlus) throw Erreur(kArgumentIncorrect);
-  std::string ligne(kTeteDesEcarts, ' ');
-  for (std::size_t j = 0; j < colonnes.actifs; ++j) {
-    ligne += CadreGauche(colonnes.noms[j], kEntiersDesEcarts);
-    ligne.append(static_cast<std::size_t>(decimales) + 1, ' ');
-  }
-  return ligne;
-}
+constexpr PlaceEnRangee kPlaceDEcart{"", kEntiersDesEcarts};
+constexpr PlaceEnRangee kDerniereMesure{.entiers = kEntiersDesEcarts, .avantTitre = " "};
 
 // The cells of the deviations all stand in the same place.
-FormeEnRangees FormeDesEcarts() { return {.titre = kNomDeLigne, .places = {{"", kEntiersDesEcarts}}}; }
+FormeEnRangees FormeDesEcarts() { return {.titre = kNomDeLigne, .places = {kPlaceDEcart}}; }
+
+// The same with their titles: set left in the columns that a cell takes with its decimals.
+PlaceEnRangee SousUnNom(std::string_view avant, int colonnes, int decimales) {
+  PlaceEnRangee place = kPlaceDEcart;
+  place.titre = TitreDeColonne::AGauche;
+  place.avantTitre = avant;
+  place.colonnesDuTitre = colonnes + decimales;
+  return place;
+}
+
+// Raises kArgumentIncorrect for decimals that nobody could print.
+FormeEnRangees FormeDesEcarts(std::size_t colonnes, int decimales) {
+  if (decimales > kDecimalesAuPlus) throw Erreur(kArgumentIncorrect);
+  FormeEnRangees forme{.titre = kNomDeLigne};
+  forme.places.assign(colonnes, SousUnNom("", kEntiersDesEcarts + 1, decimales));
+  if (colonnes > 0) forme.places.front().avantTitre = "        ";
+  return forme;
+}
 
 // A row of one measure, and behind it one of the factor in a place of its own.
 std::string LigneDeMesure(Rangee mesure, const Cellule& duFacteur, const PlaceEnRangee& place) {
@@ -187,20 +217,21 @@ std::string LigneDeMesure(Rangee mesure, const Cellule& duFacteur, const PlaceEn
 void ImprimerEcartsRestants(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
                             const EcartsRestants& restants, int decimales) {
   rapport.Ligne("Ecarts à l'indépendance restants"_w);
-  rapport.Ligne(TeteDesEcarts(colonnes, decimales));
-  const FormeEnRangees forme = FormeDesEcarts();
+  const FormeEnRangees forme = FormeDesEcarts(restants.d.Colonnes(), decimales);
   ImprimeurDeRangees imprimeur(rapport, forme, restants.d.Colonnes());
+  imprimeur.Tete({.colonnes = ColonnesDesEcarts(colonnes)});
   for (std::size_t i = 0; i < restants.d.Lignes(); ++i)
     imprimeur.Imprimer(RangeeDesEcarts(lignes.noms[i], restants.d.Ligne(i), restants.effectif, decimales));
 }
 
 void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, const ElementsAnecar& colonnes,
                             const Reconstitution& reconstitution, int decimales) {
-  const std::string blancs(static_cast<std::size_t>(decimales), ' ');
   rapport.Ligne("Reconstitution des écarts à l'indépendance restants"_w);
-  rapport.Ligne({TeteDesEcarts(colonnes, decimales), " PI  ", blancs, "  FI ", blancs, " SemiCalNonPond"});
-  const FormeEnRangees forme = FormeDesEcarts();
+  FormeEnRangees forme = FormeDesEcarts(reconstitution.effectifs.Colonnes(), decimales);
+  for (const PlaceEnRangee& place : {SousUnNom(" ", 4, decimales), SousUnNom("  ", 3, decimales), kDerniereMesure})
+    forme.places.push_back(place);
   ImprimeurDeRangees imprimeur(rapport, forme, reconstitution.effectifs.Colonnes() + kMesuresDUneLigne);
+  imprimeur.Tete({.colonnes = ColonnesReconstituees(colonnes)});
   for (std::size_t i = 0; i < reconstitution.effectifs.Lignes(); ++i)
     imprimeur.Imprimer(RangeeReconstituee(lignes.noms[i], reconstitution, decimales, i));
 
@@ -210,7 +241,7 @@ void ImprimerReconstitution(Rapport& rapport, const ElementsAnecar& lignes, cons
   rapport.Ligne(LigneDeMesure(mesure(" PJ", &ElementReconstitue::part), {reconstitution.effectif}, {"    100=", 4}));
   rapport.Ligne(LigneDeMesure(mesure(" FJ", &ElementReconstitue::coordonnee),
                               {reconstitution.valeurSinguliere, Unite::Nombre, 7}, {"    Ksi=", 1}));
-  rapport.Ligne(TexteDeRangee(mesure("Semi", &ElementReconstitue::semi), forme));
+  rapport.Ligne(TexteDeRangee(mesure("Semi", &ElementReconstitue::semi), FormeDesEcarts()));
 }
 
 namespace {

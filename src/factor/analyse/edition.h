@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/programme/rapport.h"
 #include "factor/analyse/facteurs.h"
@@ -19,6 +21,9 @@ struct SeuilsAnecar {
   std::optional<int> lignes;
   std::optional<int> colonnes;
 };
+
+// A line each name of the .MOD that no column has.
+void ImprimerInconnus(Rapport& rapport, const std::vector<std::string>& noms);
 
 // The sizes of the table, as declared.
 void ImprimerDimensions(Rapport& rapport, const PlanAnecar& plan, const SeuilsAnecar& seuils);

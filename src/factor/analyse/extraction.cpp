@@ -6,7 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "factor/analyse/produits.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

@@ -8,7 +8,7 @@
 #include "core/panne/erreur.h"
 #include "factor/analyse/premier.h"
 #include "factor/analyse/tri.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

@@ -8,7 +8,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

@@ -3,13 +3,11 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
+#include "core/resultats/cellules.h"
 
 namespace quelvar::factor {
 
 namespace {
-
-Cellule Entiere(double valeur) { return {valeur, Unite::Nombre, 0, {}}; }
-Cellule EnTexte(std::string texte) { return {std::nullopt, Unite::Nombre, 0, std::move(texte)}; }
 
 // A row with room for so many cells.
 Rangee RangeeDe(std::string titre, std::string intitule, std::size_t cellules) {
@@ -49,19 +47,23 @@ Dimension DimensionDesColonnes(const PlanAnecar& plan, const AnalyseAnecar& anal
 
 Rangee RangeeTriee(const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t position) {
   Rangee rangee = RangeeDe({}, elements.intitules[position], 4);
-  rangee.cellules.push_back(Entiere(static_cast<double>(position + 1)));
-  rangee.cellules.push_back(EnTexte(elements.noms[position]));
-  rangee.cellules.push_back(Entiere(cote.coordonnees[position]));
-  rangee.cellules.push_back(Entiere(cote.cpf[position]));
+  rangee.cellules.push_back(CelluleEntiere(position + 1));
+  rangee.cellules.push_back(CelluleTexte(elements.noms[position]));
+  rangee.cellules.push_back(CelluleEntiere(cote.coordonnees[position]));
+  rangee.cellules.push_back(CelluleEntiere(cote.cpf[position]));
   return rangee;
+}
+
+std::vector<Colonne> ColonnesTriees(std::string_view numero) {
+  return {{std::string(numero)}, {"NOM"}, {"Coor.fac."}, {"CPF"}};
 }
 
 Rangee RangeeCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position) {
   Rangee rangee = RangeeDe(dimension.elements, position, 2 * analyse.facteurs.size());
   for (const FacteurAnecar& facteur : analyse.facteurs) {
     const CoteFacteur& cote = facteur.*dimension.cote;
-    rangee.cellules.push_back(Entiere(analyse.echelle * cote.coordonnees[position]));
-    rangee.cellules.push_back(Entiere(cote.cpf[position]));
+    rangee.cellules.push_back(CelluleEntiere(analyse.echelle * cote.coordonnees[position]));
+    rangee.cellules.push_back(CelluleEntiere(cote.cpf[position]));
   }
   return rangee;
 }
@@ -75,12 +77,12 @@ std::vector<Colonne> ColonnesCompactes(std::size_t facteurs) {
 
 Rangee RangeeEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position) {
   Rangee rangee = RangeeDe(dimension.elements, position, 1 + 3 * analyse.facteurs.size());
-  rangee.cellules.push_back(Entiere(dimension.qlt[position]));
+  rangee.cellules.push_back(CelluleEntiere(dimension.qlt[position]));
   for (const FacteurAnecar& facteur : analyse.facteurs) {
     const CoteFacteur& cote = facteur.*dimension.cote;
-    rangee.cellules.push_back(Entiere(analyse.echelle * cote.coordonnees[position]));
-    rangee.cellules.push_back(Entiere(cote.cos2[position]));
-    rangee.cellules.push_back(Entiere(cote.cpf[position]));
+    rangee.cellules.push_back(CelluleEntiere(analyse.echelle * cote.coordonnees[position]));
+    rangee.cellules.push_back(CelluleEntiere(cote.cos2[position]));
+    rangee.cellules.push_back(CelluleEntiere(cote.cpf[position]));
   }
   return rangee;
 }
@@ -95,9 +97,9 @@ std::vector<Colonne> ColonnesEtendues(std::size_t facteurs) {
 
 Rangee MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse) {
   const int cpfMoyen = CpfMoyen(dimension.elements.actifs);
-  Rangee rangee{"Moy.", {}, {Entiere(analyse.sommeParts)}};
+  Rangee rangee{"Moy.", {}, {CelluleEntiere(analyse.sommeParts)}};
   for (const FacteurAnecar& facteur : analyse.facteurs)
-    for (const Cellule& cellule : {EnTexte({}), Entiere(facteur.part), Entiere(cpfMoyen)})
+    for (const Cellule& cellule : {CelluleTexte({}), CelluleEntiere(facteur.part), CelluleEntiere(cpfMoyen)})
       rangee.cellules.push_back(cellule);
   return rangee;
 }
@@ -106,6 +108,12 @@ Rangee RangeeDesEcarts(const std::string& nom, std::span<const double> ecarts, d
   Rangee rangee = RangeeDe(nom, {}, ecarts.size());
   for (const double d : ecarts) rangee.cellules.push_back({effectif * d, Unite::Effectif, decimales});
   return rangee;
+}
+
+std::vector<Colonne> ColonnesDesEcarts(const ElementsAnecar& colonnes) {
+  std::vector<Colonne> titres;
+  for (std::size_t j = 0; j < colonnes.actifs; ++j) titres.push_back({colonnes.noms[j]});
+  return titres;
 }
 
 Rangee RangeeReconstituee(const std::string& nom, const Reconstitution& reconstitution, int decimales,
@@ -118,6 +126,12 @@ Rangee RangeeReconstituee(const std::string& nom, const Reconstitution& reconsti
   rangee.cellules.push_back({element.coordonnee, Unite::Nombre, decimales});
   rangee.cellules.push_back({element.semi, Unite::Nombre, decimales});
   return rangee;
+}
+
+std::vector<Colonne> ColonnesReconstituees(const ElementsAnecar& colonnes) {
+  std::vector<Colonne> titres = ColonnesDesEcarts(colonnes);
+  for (const char* mesure : {"PI", "FI", "SemiCalNonPond"}) titres.push_back({mesure});
+  return titres;
 }
 
 Rangee MesureDesColonnes(std::string titre, const Reconstitution& reconstitution, double ElementReconstitue::*mesure,

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/resultats/tableau.h"
@@ -30,6 +31,8 @@ Dimension DimensionDesColonnes(const PlanAnecar& plan, const AnalyseAnecar& anal
 
 // An element of a sorted listing: number from 1, name, coordinate (thousandths), CPF; label.
 Rangee RangeeTriee(const ElementsAnecar& elements, const CoteFacteur& cote, std::size_t position);
+// The titles of these columns; that of the number is the one letter of the dimension.
+std::vector<Colonne> ColonnesTriees(std::string_view numero);
 
 // An element by its name: coordinate and CPF on each factor; label. The titles of these columns.
 Rangee RangeeCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position);
@@ -42,12 +45,16 @@ std::vector<Colonne> ColonnesEtendues(std::size_t facteurs);
 // Raises kDepassementCapacite without active elements.
 Rangee MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse);
 
-// What is left of the deviations of an active row, in individuals: a cell each active column.
+// What is left of the deviations of an active row, in individuals: a cell each active column. The titles of
+// these columns.
 Rangee RangeeDesEcarts(const std::string& nom, std::span<const double> ecarts, double effectif, int decimales);
+std::vector<Colonne> ColonnesDesEcarts(const ElementsAnecar& colonnes);
 inline constexpr std::size_t kMesuresDUneLigne = 3;
-// What a factor gives back of them: the same cells, then weight, coordinate and half product of the row.
+// What a factor gives back of them: the same cells, then weight, coordinate and half product of the row. The titles
+// of these columns.
 Rangee RangeeReconstituee(const std::string& nom, const Reconstitution& reconstitution, int decimales,
                           std::size_t position);
+std::vector<Colonne> ColonnesReconstituees(const ElementsAnecar& colonnes);
 // One of these three of the columns, a cell each.
 Rangee MesureDesColonnes(std::string titre, const Reconstitution& reconstitution, double ElementReconstitue::*mesure,
                          int decimales);

@@ -6,10 +6,12 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "factor/classement/cah.h"
 #include "factor/classement/edition.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 
@@ -41,7 +43,7 @@ void GarderTableur(const Contexte& contexte, Rapport& rapport, JeuDeFichiers& so
   if (std::string_view titre; !lecteur.Lire(titre) || titre == kTitreDuTableur) return;
   const std::string copie = Sauvegarder(sorties, *tableur, contexte.Nom(".CSV"));
   rapport.Ligne(
-      {"*** Attention : le fichier ", contexte.Nom(".CSV"), " existait déjà, il est sauvegardé sous le nom "_w, copie});
+      {kAttention, "le fichier ", contexte.Nom(".CSV"), " existait déjà, il est sauvegardé sous le nom "_w, copie});
 }
 
 }  // namespace
@@ -55,10 +57,9 @@ void ClasserWard(const Contexte& contexte, Rapport& rapport, const Chemin& point
   ExigerPlace(contexte, rapport, {4 * n * n, 0});  // half a matrix of doubles
   contexte.Ecran().montrerProgression(std::max<std::int64_t>(elements - 1, 1));
   const std::vector<EtapeWard> etapes = ClasserPoints(population.points, options.methode, contexte.Ecran().progresser);
-  if (static_cast<std::int64_t>(etapes.size()) < elements - 1) {
-    Avertir(rapport, contexte.Ecran(), "*** Arret du programme : des éléments sont trop éloignés pour être classés"_w);
-    throw Erreur(kArretAnnonce);
-  }
+  if (static_cast<std::int64_t>(etapes.size()) < elements - 1)
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     "*** Arret du programme : des éléments sont trop éloignés pour être classés"_w);
 
   EcrireCah(sorties.Ouvrir(contexte.Nom(".CAH"), Nature::Refaisable), {options.individus, etapes});
   const std::vector<BilanDEtape> bilans = BilanDesEtapes(etapes);

@@ -1,6 +1,7 @@
 #include "factor/classement/edition.h"
 
 #include "core/chiffres/nombres.h"
+#include "core/resultats/cellules.h"
 #include "core/resultats/rangees.h"
 
 namespace quelvar::factor {
@@ -12,30 +13,47 @@ constexpr PlaceEnRangee kClasses{"", 3};
 constexpr int kItem = 14;    // a label is cut
 constexpr int kEntiers = 5;  // of criterion and share
 
-Cellule EnTexte(std::string texte) { return {std::nullopt, Unite::Nombre, 0, std::move(texte)}; }
-
 std::string TexteItem(std::int32_t item, std::span<const std::string> libelles) {
   if (item > 0) return libelles[static_cast<std::size_t>(item - 1)];
   return Joindre({" Agrég. n°"_w, CadreDroit(Nombre(-item), 3)});
 }
 
-Cellule Numero(std::size_t etape) { return {static_cast<double>(etape + 1)}; }
+// The titles over the steps are not as wide as their places.
+PlaceEnRangee SousUnTitre(PlaceEnRangee place, int colonnesDuTitre) {
+  place.titre = TitreDeColonne::AGauche;
+  place.colonnesDuTitre = colonnesDuTitre;
+  return place;
+}
+
+std::vector<Colonne> ColonnesDesEtapes() {
+  std::vector<Colonne> colonnes;
+  for (const Texte titre : {Texte("NUM"), Texte("Elément 1"_w), Texte("Elément 2"_w), Texte("NbAgrèg"_w),
+                            Texte("Critère"_w), Texte("%Crit Cumulé"_w)})
+    colonnes.push_back({std::string(titre.Vue())});
+  return colonnes;
+}
 
 }  // namespace
 
 void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::span<const BilanDEtape> bilans,
                     std::span<const std::string> libelles) {
-  const FormeEnRangees forme{.places = {kNumero, {" ", kItem}, {"", kItem}, kClasses, {"", kEntiers}, {"", kEntiers}}};
-  rapport.Ligne("NUM Elément 1     Elément 2   NbAgrèg  Critère  %Crit Cumulé"_w);
-  rapport.Ligne("                                    d'association");
+  const FormeEnRangees forme{.places = {SousUnTitre(kNumero, 4),
+                                        SousUnTitre({" ", kItem}, 14),
+                                        SousUnTitre({"", kItem}, 12),
+                                        SousUnTitre(kClasses, 9),
+                                        SousUnTitre({"", kEntiers}, 9),
+                                        {"", kEntiers}}};
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  imprimeur.Tete({.colonnes = ColonnesDesEtapes()});
+  // The second word of the criterion, which no driver sets: it begins under the column before its own.
+  rapport.Ligne("                                    d'association");
   for (std::size_t s = 0; s < etapes.size(); ++s)
     imprimeur.Imprimer({{},
                         {},
-                        {Numero(s),
-                         EnTexte(TexteItem(etapes[s].itemPremier, libelles)),
-                         EnTexte(TexteItem(etapes[s].itemSecond, libelles)),
-                         {static_cast<double>(bilans[s].classes)},
+                        {CelluleEntiere(s + 1),
+                         CelluleTexte(TexteItem(etapes[s].itemPremier, libelles)),
+                         CelluleTexte(TexteItem(etapes[s].itemSecond, libelles)),
+                         CelluleEntiere(bilans[s].classes),
                          {etapes[s].critere, Unite::Nombre, 5},
                          {bilans[s].cumul, Unite::Pourcent, 1}}});
 }

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 
@@ -90,7 +90,7 @@ double PourcentageObserve(const Nuage& nuage, const AxesDInertie& axes, double k
 
 TableauEdite TableDesEllipses(const EllipsesDeModalite& modalite) {
   TableauEdite tableau;
-  tableau.colonnes.resize(3);
+  tableau.colonnes = {{"Kappa"}, {"Pourcentage d'individus"}, {Joindre({"Pourcentage observé"_w})}};
   for (std::size_t i = 0; i < modalite.genres.size(); ++i) {
     const double kappa = Kappa(modalite.genres[i]);
     const double attendu = PourcentageDIndividus(kappa);
@@ -98,7 +98,7 @@ TableauEdite TableDesEllipses(const EllipsesDeModalite& modalite) {
     Rangee rangee{std::string(TextesDe(modalite.genres[i]).titre),
                   {},
                   {{kappa, Unite::Nombre, 2}, {attendu, Unite::Pourcent, 1, "%"}}};
-    if (Arrondir(observe, 1) != Arrondir(attendu, 1)) rangee.cellules.push_back({observe, Unite::Pourcent, 1, "%)"});
+    if (Arrondir(observe, 1) != Arrondir(attendu, 1)) rangee.cellules.push_back({observe, Unite::Pourcent, 1, "%"});
     tableau.rangees.push_back(std::move(rangee));
   }
   return tableau;

@@ -10,8 +10,8 @@
 #include "core/enquete/colonnes.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
-#include "factor/cellules.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/cellules.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

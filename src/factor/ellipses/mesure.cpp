@@ -8,9 +8,9 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "factor/analyse/fichiers.h"
-#include "factor/coordonnees.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/ellipses/lecture.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

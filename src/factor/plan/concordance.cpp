@@ -4,7 +4,9 @@
 #include <chrono>
 
 #include "factor/analyse/fichiers.h"
-#include "factor/provenance.h"
+#include "factor/provenance/arbre.h"
+#include "factor/provenance/inerties.h"
+#include "factor/provenance/liens.h"
 
 namespace quelvar::factor {
 

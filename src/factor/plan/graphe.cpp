@@ -5,6 +5,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/programme/ancienrapport.h"
+#include "core/programme/arret.h"
 #include "core/programme/refus.h"
 #include "factor/plan/graphe_options.h"
 
@@ -161,10 +162,7 @@ Fin Graphe(const Contexte& contexte, const OptionsGraphe& options) {
   if (!donnees) return Fin::Arret;
   EtatPlan etat = NouveauPlan(std::move(*donnees));
   if (const std::string refus = Regler(contexte, options, etat); !refus.empty()) {
-    const Fin fin = Continuer(contexte, [&](Rapport& rapport) {
-      Avertir(rapport, contexte.Ecran(), refus);
-      throw Erreur(kArretAnnonce);
-    });
+    const Fin fin = Continuer(contexte, [&](Rapport& rapport) { AvertirEtArreter(rapport, contexte.Ecran(), refus); });
     if (ancien.Existait()) ancien.Remettre();
     return fin;
   }

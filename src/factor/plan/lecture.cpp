@@ -8,7 +8,7 @@
 #include "core/enquete/colonnes.h"
 #include "core/programme/lieunomme.h"
 #include "factor/analyse/fichiers.h"
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 namespace quelvar::factor {
 

@@ -22,7 +22,7 @@ constexpr double kPasMaximum = 500;
 
 std::size_t Rang(const AxePlan& axe) { return static_cast<std::size_t>(axe.facteur - 1); }
 
-class Etendue {
+class EtendueDesPoints {
  public:
   void Inclure(double valeur) {
     minimum_ = std::min(minimum_, valeur);
@@ -47,7 +47,7 @@ double Hauteur(const Fenetre& f) { return f.haut - f.bas; }
 
 bool AUnAxeDeCpf(const ReglagesPlan& reglages) { return reglages.horizontal.cpf || reglages.vertical.cpf; }
 
-Fenetre FenetreDe(const ReglagesPlan& reglages, const Etendue& x, const Etendue& y) {
+Fenetre FenetreDe(const ReglagesPlan& reglages, const EtendueDesPoints& x, const EtendueDesPoints& y) {
   double largeur = x.Longueur() > 0 ? x.Longueur() : 2 * kEtendueParDefaut;
   double hauteur = y.Longueur() > 0 ? y.Longueur() : 2 * kEtendueParDefaut;
   if (!AUnAxeDeCpf(reglages)) {
@@ -57,7 +57,7 @@ Fenetre FenetreDe(const ReglagesPlan& reglages, const Etendue& x, const Etendue&
   return Autour({x.Milieu(), y.Milieu()}, largeur, hauteur);
 }
 
-void InclureContours(const EtatPlan& etat, Etendue& x, Etendue& y) {
+void InclureContours(const EtatPlan& etat, EtendueDesPoints& x, EtendueDesPoints& y) {
   for (const EllipsesDeModalite& modalite : etat.ellipses)
     for (const GenreEllipse genre : modalite.genres)
       for (const Position& p : ContourDEllipse(modalite.centre, modalite.axes, Kappa(genre))) {
@@ -73,7 +73,7 @@ bool AvecIndividus(const DonneesPlan& donnees, const ReglagesPlan& reglages) {
 }
 
 // The places of the elements shown, or of every element; false when there is none.
-bool InclurePlaces(const EtatPlan& etat, bool tous, Etendue& x, Etendue& y) {
+bool InclurePlaces(const EtatPlan& etat, bool tous, EtendueDesPoints& x, EtendueDesPoints& y) {
   bool vus = false;
   for (std::size_t i = 0; i < etat.donnees.points.size(); ++i) {
     if (!etat.donnees.points[i].place || (!tous && !EstMontre(etat, i))) continue;
@@ -85,7 +85,7 @@ bool InclurePlaces(const EtatPlan& etat, bool tous, Etendue& x, Etendue& y) {
   return vus;
 }
 
-void Elargir(EtatPlan& etat, Etendue& x, Etendue& y) {
+void Elargir(EtatPlan& etat, EtendueDesPoints& x, EtendueDesPoints& y) {
   const Fenetre& f = etat.cadre.limites;
   if (x.Minimum() >= f.gauche && x.Maximum() <= f.droite && y.Minimum() >= f.bas && y.Maximum() <= f.haut) return;
   for (const double bord : {f.gauche, f.droite}) x.Inclure(bord);
@@ -157,23 +157,23 @@ std::string_view TexteDuPoint(const ReglagesPlan& reglages, const PointPlan& poi
 }
 
 void Caler(EtatPlan& etat) {
-  Etendue x;
-  Etendue y;
+  EtendueDesPoints x;
+  EtendueDesPoints y;
   if (!InclurePlaces(etat, false, x, y)) InclurePlaces(etat, true, x, y);
   InclureContours(etat, x, y);
   etat.cadre.limites = FenetreDe(etat.reglages, x, y);
 }
 
 void InclureEllipses(EtatPlan& etat) {
-  Etendue x;
-  Etendue y;
+  EtendueDesPoints x;
+  EtendueDesPoints y;
   InclureContours(etat, x, y);
   Elargir(etat, x, y);
 }
 
 void InclurePoints(EtatPlan& etat) {
-  Etendue x;
-  Etendue y;
+  EtendueDesPoints x;
+  EtendueDesPoints y;
   InclurePlaces(etat, false, x, y);
   Elargir(etat, x, y);
 }

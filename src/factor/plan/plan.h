@@ -14,7 +14,7 @@
 #include "core/calcul/matrice.h"
 #include "core/dessin/coefficient.h"
 #include "core/dessin/dessin.h"
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/plan/arbre.h"
 #include "factor/plan/discordances.h"

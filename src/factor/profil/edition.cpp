@@ -16,14 +16,26 @@ constexpr int kEntiersDuDetail = 8;
 constexpr int kDecimalesDuDetail = 2;
 constexpr int kUsuellesDuDetail = kEntiersDuDetail + 1 + kDecimalesDuDetail;
 
+// A place whose title is set right in as many columns as its values take.
+PlaceEnRangee SousUnTitre(PlaceEnRangee place, int colonnesDuTitre) {
+  place.titre = TitreDeColonne::ADroite;
+  place.colonnesDuTitre = colonnesDuTitre;
+  return place;
+}
+
 FormeEnRangees FormeDe(const TableauEdite& tableau, bool detail) {
-  FormeEnRangees forme{.titre = 4, .places = {{"", 5}, {"", 5, Elargissement::DerriereUnNombre}}, .avantIntitule = " "};
+  constexpr int kTitreDuPem = 6;  // beside the shorter one of the names
+  FormeEnRangees forme{
+      .titre = 4,
+      .places = {SousUnTitre({"", 5}, kTitreDuPem), SousUnTitre({"", 5, Elargissement::DerriereUnNombre}, 5)},
+      .avantIntitule = " "};
   if (detail) {
     const int enPlus =
         ColonnesEnPlus(tableau, kPremiereDuDetail, kPremiereDuDetail + kColonnesDuDetail, kUsuellesDuDetail);
-    forme.places.resize(forme.places.size() + kColonnesDuDetail, {"", kEntiersDuDetail, Elargissement::Aucun, enPlus});
+    forme.places.resize(forme.places.size() + kColonnesDuDetail,
+                        SousUnTitre({"", kEntiersDuDetail, Elargissement::Aucun, enPlus}, kUsuellesDuDetail));
   }
-  forme.places.push_back({" ", 4});
+  forme.places.push_back({.avant = " ", .entiers = 4, .avantTitre = " ", .derriereTitre = " Intitulé"_w});
   return forme;
 }
 

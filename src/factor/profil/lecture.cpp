@@ -6,7 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
-#include "factor/cellules.h"
+#include "factor/fichiers/cellules.h"
 
 namespace quelvar::factor {
 
@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kOctets = 256;
 
 // The field of a question that modalities ask for, and its counts by value: of fields of one byte by byte.
-struct QuestionComptee {
+struct QuestionAuComptoir {
   Champ champ;
   int codeMax = 0;
   std::size_t premiere = 0;  // of its counts
@@ -48,7 +48,7 @@ class Comptoir {
   // The places that count for a modality.
   template <class Prendre>
   void PourChaquePlace(const CodeDeModalite& modalite, const Prendre& prendre) const {
-    const QuestionComptee& question = questions_[QuestionDe(modalite)];
+    const QuestionAuComptoir& question = questions_[QuestionDe(modalite)];
     if (modalite.code > question.codeMax) return;
     if (question.champ.largeur > 1) return prendre(question.premiere + static_cast<std::size_t>(modalite.code));
     for (std::size_t octet = 0; octet < kOctets; ++octet)
@@ -57,7 +57,7 @@ class Comptoir {
 
   // Adds the codes of a line to counts that start at 0.
   void Compter(const char* ligne, std::uint32_t* comptes) const {
-    for (const QuestionComptee& question : questions_) ++comptes[Place(ligne, question)];
+    for (const QuestionAuComptoir& question : questions_) ++comptes[Place(ligne, question)];
   }
 
   // What the counts hold for a code.
@@ -70,7 +70,7 @@ class Comptoir {
  private:
   static constexpr std::size_t kAucune = static_cast<std::size_t>(-1);
 
-  static std::size_t Place(const char* ligne, const QuestionComptee& question) {
+  static std::size_t Place(const char* ligne, const QuestionAuComptoir& question) {
     if (question.champ.largeur == 1) return question.premiere + static_cast<unsigned char>(ligne[question.champ.debut]);
     return question.premiere + PlaceDe(LireChampInterieur(ligne, question.champ), question.codeMax);
   }
@@ -81,7 +81,7 @@ class Comptoir {
   }
 
   std::vector<std::size_t> rangs_;  // by question of the .POS
-  std::vector<QuestionComptee> questions_;
+  std::vector<QuestionAuComptoir> questions_;
   std::vector<Champ> champs_;
   std::size_t places_ = 0;
 };
@@ -122,6 +122,22 @@ bool EstEffectif(std::string_view cellule, std::size_t largeur) {
 
 }  // namespace
 
+FichiersDeProfil TrouverFichiers(const Contexte& contexte) {
+  return {contexte.Chercher(".DAT"), contexte.Chercher(".POS"), contexte.Chercher(".MOD"), contexte.Chercher(".BRT")};
+}
+
+std::vector<std::string> PhrasesDesAbsents(const Contexte& contexte, const FichiersDeProfil& fichiers) {
+  std::vector<std::string> phrases;
+  const auto absent = [&](std::string_view extension) {
+    phrases.push_back(Joindre({"Le fichier ", contexte.Nom(extension), " n'existe pas"}));
+  };
+  if (!fichiers.donnees && !fichiers.brt)
+    phrases.push_back(Joindre({"Ni le fichier des données, ni le tableau de Burt n'existent"_w}));
+  if (fichiers.donnees && !fichiers.pos) absent(".POS");
+  if (!fichiers.mod) absent(".MOD");
+  return phrases;
+}
+
 ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
                                const std::vector<std::size_t>& choisies, const Dialogue& dialogue) {
   const Comptoir comptoir(pos, codes);
@@ -155,6 +171,16 @@ ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, con
     for (const CodeDeModalite& code : codes) comptes.ensemble.back().push_back(comptoir.Effectif(avec.data(), code));
   }
   return comptes;
+}
+
+bool LignesSontLesColonnes(const Chemin& brt, const std::vector<Modalite>& modalites) {
+  LecteurLignes lecteur(brt);
+  std::string_view ligne;
+  for (const Modalite& modalite : modalites) {
+    if (!lecteur.Lire(ligne)) return true;
+    if (Rogner(ligne.substr(0, modalite.nom.size())) != Rogner(modalite.nom)) return false;
+  }
+  return true;
 }
 
 ComptesDeProfil LireBurt(const Chemin& brt, const FichierMod& mod, const ParametresMod& parametres,

@@ -14,6 +14,14 @@
 
 namespace quelvar::factor {
 
+// Data, questions, modality list and Burt table of the generic, as far as they are there.
+struct FichiersDeProfil {
+  std::optional<Chemin> donnees, pos, mod, brt;
+};
+FichiersDeProfil TrouverFichiers(const Contexte& contexte);
+// A sentence on each of those that a profile can't do without; none when it may go on.
+std::vector<std::string> PhrasesDesAbsents(const Contexte& contexte, const FichiersDeProfil& fichiers);
+
 // Margins of every modality of the list, and what each chosen one shares with them.
 struct ComptesDeProfil {
   double individus = 0;
@@ -28,6 +36,10 @@ struct ComptesDeProfil {
 // modality. Raises kArgumentIncorrect with the question for a position below 1, and the failures of LecteurLignes.
 ComptesDeProfil CompterDonnees(const Chemin& donnees, const FichierPos& pos, const std::vector<CodeDeModalite>& codes,
                                const std::vector<std::size_t>& choisies, const Dialogue& dialogue);
+
+// Whether the rows of a table bear the names of its columns: one that is no Burt table has no profile in it. True for
+// rows that are not there. Raises the failures of LecteurLignes.
+bool LignesSontLesColonnes(const Chemin& brt, const std::vector<Modalite>& modalites);
 
 // Counts of the Burt table: its diagonal and the rows of the chosen ones. `annonces` is line 2 of the .POS; without it,
 // LSUP= of a table with individuals, else the diagonal of the first question. Raises kFinDeFichierDepassee for a table

@@ -1,5 +1,6 @@
 #include "factor/profil/noms.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -42,6 +43,8 @@ ModalitesChoisies TrouverChoisies(const std::vector<Modalite>& modalites, const 
     if (const std::optional<std::size_t> rang = annuaire.Chercher(nom)) choisies.rangs.push_back(*rang);
     else choisies.fautes.push_back(Joindre({"Erreur : ", nom, " non trouvé"_w}));
   }
+  choisies.sansIntitule =
+      std::ranges::any_of(choisies.rangs, [&](std::size_t rang) { return Rogner(modalites[rang].intitule).empty(); });
   return choisies;
 }
 

@@ -12,8 +12,9 @@
 namespace quelvar::factor {
 
 struct ModalitesChoisies {
-  std::vector<std::size_t> rangs;   // in the list
-  std::vector<std::string> fautes;  // lines on the names that are not there
+  std::vector<std::size_t> rangs = {};   // in the list
+  std::vector<std::string> fautes = {};  // lines on the names that are not there
+  bool sansIntitule = false;             // one of them has no label
 };
 // `choix` is the value of "MOD="; empty for none.
 ModalitesChoisies TrouverChoisies(const std::vector<Modalite>& modalites, const std::string& choix);

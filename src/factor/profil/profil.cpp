@@ -8,6 +8,7 @@
 
 #include "core/calcul/tris.h"
 #include "core/chiffres/nombres.h"
+#include "core/resultats/cellules.h"
 #include "core/texte/texte.h"
 #include "crosstab/tableau/khi2.h"
 #include "crosstab/tableau/pemlocal.h"
@@ -42,22 +43,22 @@ TableauEdite TableDuProfil(const ProfilDeModalite& profil, bool detail) {
   constexpr int kDecimales = 2;
   TableauEdite tableau;
   tableau.titres = {Joindre({"Profil de la modalité "_w, profil.nom, " ", profil.intitule}), ""};
-  tableau.coin = "Nom  ";
-  tableau.colonnes = {{" PEM"}, {" Obs."}};
+  tableau.coin = "Nom";
+  tableau.colonnes = {{"PEM"}, {"Obs."}};
   if (detail)
-    for (const Texte titre : {Texte("  Théorique"_w), Texte("      Ecart"), Texte("    Khideux")})
+    for (const Texte titre : {Texte("Théorique"_w), Texte("Ecart"), Texte("Khideux")})
       tableau.colonnes.push_back({std::string(titre.Vue())});
-  tableau.colonnes.push_back({Joindre({" Test Intitulé"_w})});
+  tableau.colonnes.push_back({"Test"});
   for (const LigneDeProfil& ligne : profil.lignes) {
     const Attraction& mesures = ligne.attraction;
     Rangee rangee{ligne.nom,
                   ligne.intitule,
-                  {{static_cast<double>(mesures.pem), Unite::Pourcent}, {ligne.ensemble, Unite::Effectif}}};
+                  {{static_cast<double>(mesures.pem), Unite::Pourcent}, CelluleEffectif(ligne.ensemble)}};
     if (detail)
       for (const double valeur : {mesures.theorique, mesures.ecart, mesures.khi2})
         rangee.cellules.push_back({valeur, Unite::Nombre, kDecimales});
     const int classe = crosstab::ClasseKhi2(mesures.khi2, crosstab::Borne::Comprise);
-    rangee.cellules.push_back({std::nullopt, Unite::Nombre, 0, std::string(crosstab::MarqueDeClasse(classe))});
+    rangee.cellules.push_back(CelluleTexte(crosstab::MarqueDeClasse(classe)));
     tableau.rangees.push_back(std::move(rangee));
   }
   return tableau;

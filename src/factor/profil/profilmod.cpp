@@ -8,6 +8,8 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/listemod.h"
+#include "core/programme/arret.h"
+#include "core/programme/constats.h"
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
@@ -21,29 +23,14 @@ namespace quelvar::factor {
 
 namespace {
 
-struct Fichiers {
-  std::optional<Chemin> donnees, pos, mod, brt;
-};
-
-Fichiers TrouverFichiers(const Contexte& contexte, Rapport& rapport) {
-  Fichiers fichiers{contexte.Chercher(".DAT"), contexte.Chercher(".POS"), contexte.Chercher(".MOD"),
-                    contexte.Chercher(".BRT")};
-  bool manque = false;
-  const auto absent = [&](Texte ligne) {
-    rapport.Ligne(ligne);
-    manque = true;
-  };
-  if (!fichiers.donnees && !fichiers.brt) absent("Ni le fichier des données, ni le tableau de Burt n'existent"_w);
-  if (fichiers.donnees && !fichiers.pos) absent(Joindre({"Le fichier ", contexte.Nom(".POS"), " n'existe pas"}));
-  if (!fichiers.mod) absent(Joindre({"Le fichier ", contexte.Nom(".MOD"), " n'existe pas"}));
-  if (manque) {
-    Avertir(rapport, contexte.Ecran(), "Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
-    throw Erreur(kArretAnnonce);
-  }
-  return fichiers;
+// Tells what is missing, and stops for it.
+void ArreterSurLesAbsents(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& absents) {
+  if (absents.empty()) return;
+  rapport.Lignes(absents);
+  AvertirEtArreter(rapport, ecran, "Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w);
 }
 
-void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers) {
+void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const FichiersDeProfil& fichiers) {
   rapport.Ligne({"Le nom du fichier d'entrée est "_w, contexte.Nom(fichiers.donnees ? ".DAT" : ".BRT")});
   rapport.Ligne({"Le nom du fichier de positions est ", contexte.Nom(".POS")});
   rapport.Ligne({"Le nom du fichier de modalités est "_w, contexte.Nom(".MOD")});
@@ -54,79 +41,63 @@ void ImprimerNoms(Rapport& rapport, const Contexte& contexte, const Fichiers& fi
 void ArreterSurLesNoms(Rapport& rapport, const Dialogue& ecran, const std::vector<std::string>& fautes) {
   if (fautes.empty()) return;
   rapport.Lignes(fautes);
-  Avertir(rapport, ecran, "Arrêt : nom de modalité non trouvé"_w);
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, ecran, "Arrêt : nom de modalité non trouvé"_w);
 }
 
-// Ranks of the chosen modalities.
-std::vector<std::size_t> ExigerChoisies(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
-                                        const ParametresMod& parametres) {
-  ModalitesChoisies choisies = TrouverChoisies(mod.modalites, parametres.modPresent ? parametres.mod : std::string());
-  ArreterSurLesNoms(rapport, contexte.Ecran(), choisies.fautes);
-  const auto sansIntitule = [&](std::size_t rang) { return Rogner(mod.modalites[rang].intitule).empty(); };
-  if (std::ranges::any_of(choisies.rangs, sansIntitule))
-    Avertir(rapport, contexte.Ecran(), "Attention : intitulé long  MOD= non trouvé"_w);
-  return std::move(choisies.rangs);
+void ArreterSurLesCodes(Rapport& rapport, const Dialogue& ecran, const CodesDesModalites& codes) {
+  if (codes.homonymes.empty()) return ArreterSurLesNoms(rapport, ecran, codes.fautes);
+  rapport.Lignes(codes.fautes);
+  throw Erreur(kIncompatibiliteType, codes.homonymes);
 }
 
-std::vector<CodeDeModalite> ExigerCodes(Rapport& rapport, const Contexte& contexte, const FichierMod& mod,
-                                        const FichierPos& pos) {
-  CodesDesModalites trouves = TrouverCodes(mod.modalites, pos);
-  if (!trouves.homonymes.empty()) {
-    rapport.Lignes(trouves.fautes);
-    throw Erreur(kIncompatibiliteType, trouves.homonymes);
-  }
-  ArreterSurLesNoms(rapport, contexte.Ecran(), trouves.fautes);
-  return std::move(trouves.codes);
+// What the counts of the Burt table have to tell.
+Constats ConstatsDuBurt(const Contexte& contexte, const ComptesDeProfil& comptes) {
+  Constats constats;
+  if (comptes.douteuses > 0)
+    constats.Boite(
+        Joindre({"Cellules de ", contexte.Nom(".BRT"),
+                 " qui ne sont pas des nombres entiers positifs ou nuls, ou sont coupées : "_w,
+                 Nombre(comptes.douteuses), ", la première "_w, comptes.premiereDouteuse,
+                 ". Un nombre négatif ou à décimales est pris tel quel, un texte compte pour 0 ou jusqu'au premier "
+                 "signe de trop : refaites le tableau"_w}));
+  return constats;
 }
 
-// Without data the counts are those of the Burt table: a table whose rows are not its columns has none of them.
-void ExigerBurt(Rapport& rapport, const Contexte& contexte, const Chemin& brt, const FichierMod& mod) {
-  LecteurLignes lecteur(brt);
-  std::string_view ligne;
-  for (const Modalite& modalite : mod.modalites) {
-    if (!lecteur.Lire(ligne)) return;  // the profile tells a table that is cut
-    if (Rogner(ligne.substr(0, modalite.nom.size())) == Rogner(modalite.nom)) continue;
-    Avertir(rapport, contexte.Ecran(),
-            Joindre({"Erreur : ", contexte.Nom(".BRT"),
-                     " n'est pas un tableau de Burt, ses lignes ne sont pas ses "
-                     "colonnes : sans fichier de données il n'y a pas de profil"_w}));
-    throw Erreur(kArretAnnonce);
-  }
+// And those of the data.
+Constats ConstatsDesDonnees(const Contexte& contexte, const ComptesDeProfil& comptes, std::int64_t annonces) {
+  Constats constats;
+  if (comptes.individus < static_cast<double>(annonces)) constats.Alerte(kFichierPlusCourt);
+  if (comptes.laisses > 0)
+    constats.Boite(
+        Joindre({contexte.Nom(".POS"), " annonce ", Nombre(annonces), " individus et ", contexte.Nom(".DAT"), " en a ",
+                 Nombre(annonces + comptes.laisses), " : le profil ne porte que sur les premiers"}));
+  return constats;
 }
 
-ComptesDeProfil Compter(Rapport& rapport, const Contexte& contexte, const Fichiers& fichiers, const FichierMod& mod,
-                        const ParametresMod& parametres, const std::vector<std::size_t>& choisies) {
+ComptesDeProfil CompterEtDire(Rapport& rapport, const Contexte& contexte, const FichiersDeProfil& fichiers,
+                              const FichierMod& mod, const ParametresMod& parametres,
+                              const std::vector<std::size_t>& choisies) {
   std::optional<FichierPos> pos;
   if (fichiers.pos) {
     pos = LirePos(*fichiers.pos);
     ExigerParentheses(pos->taille, contexte.Ecran());
   }
   if (!fichiers.donnees) {
-    if (parametres.burt == 0) ExigerBurt(rapport, contexte, *fichiers.brt, mod);
+    if (parametres.burt == 0 && !LignesSontLesColonnes(*fichiers.brt, mod.modalites))
+      AvertirEtArreter(rapport, contexte.Ecran(),
+                       Joindre({"Erreur : ", contexte.Nom(".BRT"),
+                                " n'est pas un tableau de Burt, ses lignes ne sont pas ses "
+                                "colonnes : sans fichier de données il n'y a pas de profil"_w}));
     ExigerTableDuMod(*fichiers.brt, mod, parametres);
     ComptesDeProfil comptes =
         LireBurt(*fichiers.brt, mod, parametres, choisies, pos ? static_cast<double>(pos->taille.individus) : 0);
-    if (comptes.douteuses > 0)
-      contexte.Ecran().demander(
-          Joindre({"Cellules de ", contexte.Nom(".BRT"),
-                   " qui ne sont pas des nombres entiers positifs ou nuls, ou sont coupées : "_w,
-                   Nombre(comptes.douteuses), ", la première "_w, comptes.premiereDouteuse,
-                   ". Un nombre négatif ou à décimales est pris tel quel, un texte compte pour 0 ou jusqu'au premier "
-                   "signe de trop : refaites le tableau"_w}),
-          Boutons::Ok);
+    ConstatsDuBurt(contexte, comptes).Dire(rapport, contexte.Ecran());
     return comptes;
   }
-  const std::vector<CodeDeModalite> codes = ExigerCodes(rapport, contexte, mod, *pos);
-  ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes, choisies, contexte.Ecran());
-  if (comptes.individus < static_cast<double>(pos->taille.individus))
-    Avertir(rapport, contexte.Ecran(), kFichierPlusCourt);
-  if (comptes.laisses > 0)
-    contexte.Ecran().demander(
-        Joindre({contexte.Nom(".POS"), " annonce ", Nombre(pos->taille.individus), " individus et ",
-                 contexte.Nom(".DAT"), " en a ", Nombre(pos->taille.individus + comptes.laisses),
-                 " : le profil ne porte que sur les premiers"}),
-        Boutons::Ok);
+  const CodesDesModalites codes = TrouverCodes(mod.modalites, *pos);
+  ArreterSurLesCodes(rapport, contexte.Ecran(), codes);
+  ComptesDeProfil comptes = CompterDonnees(*fichiers.donnees, *pos, codes.codes, choisies, contexte.Ecran());
+  ConstatsDesDonnees(contexte, comptes, pos->taille.individus).Dire(rapport, contexte.Ecran());
   return comptes;
 }
 
@@ -165,19 +136,17 @@ ListeModalites ListeDuChoix(const Contexte& contexte, const std::vector<std::str
 std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, const OptionsProfil& options,
                                  JeuDeFichiers& sorties) {
   if (!options.modalites) return std::nullopt;
-  const auto arreter = [&](Texte ligne) {
-    Avertir(rapport, contexte.Ecran(), ligne);
-    throw Erreur(kArretAnnonce);
-  };
-  if (const std::string refus = RefusDuChoix(*options.modalites); !refus.empty()) arreter(refus);
+  if (const std::string refus = RefusDuChoix(*options.modalites); !refus.empty())
+    AvertirEtArreter(rapport, contexte.Ecran(), refus);
   EtatProfil etat = ChargerProfil(contexte);
   rapport.Lignes(etat.message);
   if (!etat.cause.empty()) contexte.Ecran().demander(etat.cause, Boutons::Ok);
   if (!etat.message.empty()) throw Erreur(kArretAnnonce);
   for (const auto& [nom, intitule] : options.intitules) {
     const std::size_t rang = RangDeModalite(etat.textes, nom);
-    if (rang == etat.textes.size()) arreter(Joindre({"Erreur : ", nom, " non trouvé"_w}));
-    else etat.textes[rang] = TexteDeModalite(nom, MarqueDeTexte(etat.textes[rang]), intitule);
+    if (rang == etat.textes.size())
+      AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"Erreur : ", nom, " non trouvé"_w}));
+    etat.textes[rang] = TexteDeModalite(nom, MarqueDeTexte(etat.textes[rang]), intitule);
   }
   EcrireListeModalites(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique),
                        ListeDuChoix(contexte, etat.textes, *options.modalites));
@@ -187,24 +156,26 @@ std::optional<Chemin> PoserChoix(const Contexte& contexte, Rapport& rapport, con
 std::vector<ProfilDeModalite> ProfilerModalites(Rapport& rapport, const Contexte& contexte,
                                                 const OptionsProfil& options) {
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  const std::optional<Chemin> choix = PoserChoix(contexte, rapport, options, sorties);
+  const std::optional<Chemin> pose = PoserChoix(contexte, rapport, options, sorties);
   ImprimerBandeau(rapport, "Profil d'une modalité"_w);
-  const Fichiers fichiers = TrouverFichiers(contexte, rapport);
+  const FichiersDeProfil fichiers = TrouverFichiers(contexte);
+  ArreterSurLesAbsents(rapport, contexte.Ecran(), PhrasesDesAbsents(contexte, fichiers));
   ImprimerNoms(rapport, contexte, fichiers);
-  const FichierMod mod = LireMod(choix.value_or(*fichiers.mod));
+  const FichierMod mod = LireMod(pose.value_or(*fichiers.mod));
   const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   ExigerEcriture(contexte, rapport, options.fichier);
-  if (!fichiers.donnees && parametres.largeur <= 0) {
-    Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
-    throw Erreur(kArretAnnonce);
-  }
-  const std::vector<std::size_t> choisies = ExigerChoisies(rapport, contexte, mod, parametres);
+  if (!fichiers.donnees && parametres.largeur <= 0) AvertirEtArreter(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
+  const ModalitesChoisies choix =
+      TrouverChoisies(mod.modalites, parametres.modPresent ? parametres.mod : std::string());
+  ArreterSurLesNoms(rapport, contexte.Ecran(), choix.fautes);
+  if (choix.sansIntitule) Avertir(rapport, contexte.Ecran(), "Attention : intitulé long  MOD= non trouvé"_w);
+  const std::vector<std::size_t>& choisies = choix.rangs;
   constexpr std::uint64_t kMemoireDUneLigne = 300;  // count, measures and texts of a modality in a profile
   constexpr std::uint64_t kOctetsDUneLigne = 120;   // of the report
   const std::uint64_t lignesDeProfil = std::uint64_t{choisies.size()} * mod.modalites.size();
   ExigerPlace(contexte, rapport, {kMemoireDUneLigne * lignesDeProfil, kOctetsDUneLigne * lignesDeProfil});
-  const ComptesDeProfil comptes = Compter(rapport, contexte, fichiers, mod, parametres, choisies);
+  const ComptesDeProfil comptes = CompterEtDire(rapport, contexte, fichiers, mod, parametres, choisies);
   std::vector<ProfilDeModalite> profils;
   for (std::size_t k = 0; k < choisies.size(); ++k) {
     profils.push_back(Profiler(mod, comptes, k, choisies[k], options.nonTri));

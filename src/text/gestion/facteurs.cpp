@@ -5,8 +5,8 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "factor/coordonnees.h"
-#include "factor/provenance.h"
+#include "factor/fichiers/coordonnees.h"
+#include "factor/provenance/inerties.h"
 
 namespace quelvar::text {
 

@@ -8,7 +8,7 @@
 #include <set>
 
 #include "core/panne/erreur.h"
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 #include "support/environnement.h"
 #include "support/erreur.h"
 #include "support/tableau.h"

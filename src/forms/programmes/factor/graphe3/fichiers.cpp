@@ -1,8 +1,8 @@
 // The files that the factor plane makes: pictures, the network, the cut of the tree, a table of merged elements.
 #include <QSignalBlocker>
 
-#include "factor/classement/coupe.h"
-#include "factor/classement/coupe_options.h"
+#include "factor/coupe/coupe.h"
+#include "factor/coupe/coupe_options.h"
 #include "factor/plan/graphe_options.h"
 #include "forms/images/sortiesdessin.h"
 #include "forms/pieces/commande.h"

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 #include "factor/plan/graphe.h"
 #include "forms/services/brouillon.h"
 #include "forms/services/services.h"

@@ -1,4 +1,4 @@
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 
 #include <algorithm>
 #include <optional>
@@ -11,12 +11,16 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/programme/place.h"
+#include "core/resultats/cellules.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "factor/classement/edition.h"
-#include "factor/provenance.h"
+#include "factor/provenance/arbre.h"
+#include "factor/provenance/individus.h"
+#include "factor/provenance/inerties.h"
 
 namespace quelvar::factor {
 
@@ -40,8 +44,7 @@ int CodeDuNom(std::string_view nom) {
 
 // A modality of a class by its label, or by the question and the code that recode it.
 Rangee RangeeDeClasse(const Modalite& modalite, bool intitulesLongs) {
-  if (!intitulesLongs)
-    return {std::string(Milieu(modalite.nom, 1, 3)), {}, {{static_cast<double>(CodeDuNom(modalite.nom))}}};
+  if (!intitulesLongs) return {std::string(Milieu(modalite.nom, 1, 3)), {}, {CelluleEntiere(CodeDuNom(modalite.nom))}};
   const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kIntituleDeModaliteAuPlus));
   return {std::string(intitule.empty() ? std::string_view(modalite.nom) : intitule), {}, {}};
 }
@@ -120,10 +123,9 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
                     std::string_view extension) {
   const auto elements = static_cast<std::int64_t>(arbre.etapes.size()) + 1;
   if (elements == presents || arbre.etapes.empty()) return;
-  Avertir(rapport, contexte.Ecran(),
-          Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
-                   "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(),
+                   Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
+                            "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
 }
 
 // A tree of as many elements may still be that of another state of the survey.
@@ -139,10 +141,9 @@ void PrevenirDeLaProvenance(const Contexte& contexte, Rapport& rapport, const Ar
                   contexte.Nom(".BRT"), " et "_w, contexte.Nom(".MOD")}));
   if (!arbre.individus) {
     if (CoordonneesSontDesModalites(contexte)) return;
-    Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
-                     " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(rapport, contexte.Ecran(),
+                     Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
+                              " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
   }
   if (const std::optional<IndividuDiscordant> individu = ChercherIndividuDiscordant(contexte))
     dire(Joindre({"l'individu ", Nombre(individu->numero), " de ", contexte.Nom(".DAT"), " n'a pas à la question "_w,
@@ -158,8 +159,7 @@ std::int64_t IndividusLus(const Chemin& donnees, const LigneTaille& taille) {
 std::string NouveauGenerique(const Contexte& contexte, Rapport& rapport, const OptionsCoupe& options) {
   const std::optional<std::string> nouveau = DemanderGeneriqueLibre(contexte, options.remplacer);
   if (nouveau) return *nouveau;
-  rapport.Ligne("Arrêt volontaire du programme"_w);
-  throw Erreur(kArretAnnonce);
+  Arreter(rapport, "Arrêt volontaire du programme"_w);
 }
 
 // The next generic with the variable of the classes.
@@ -201,12 +201,11 @@ void CouperArbre(const Contexte& contexte, Rapport& rapport, const OptionsCoupe&
                                          {contexte.Nom(".CAH"), cah.has_value(), "*** Le fichier de CAH"}};
   if (ImprimerLesAbsents(rapport, fichiers)) {
     rapport.Ligne();
-    Avertir(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers");
   }
   const ArbreCah arbre = LireCah(*cah);
   if (static_cast<std::size_t>(options.niveau) > arbre.etapes.size())
-    contexte.Ecran().demander(Joindre({"*** Attention : la classification n'a que "_w, Nombre(arbre.etapes.size()),
+    contexte.Ecran().demander(Joindre({kAttention, "la classification n'a que "_w, Nombre(arbre.etapes.size()),
                                        " étapes, le niveau "_w, Nombre(options.niveau), " est celui de la dernière"_w}),
                               Boutons::Ok);
   if (!arbre.individus) {

@@ -1,4 +1,4 @@
-#include "factor/classement/coupe_options.h"
+#include "factor/coupe/coupe_options.h"
 
 namespace quelvar::factor {
 

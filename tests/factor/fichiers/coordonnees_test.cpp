@@ -1,4 +1,4 @@
-#include "factor/coordonnees.h"
+#include "factor/fichiers/coordonnees.h"
 
 #include <gtest/gtest.h>
 

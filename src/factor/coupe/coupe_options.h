@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/options/description.h"
-#include "factor/classement/coupe.h"
+#include "factor/coupe/coupe.h"
 
 namespace quelvar::factor {
 
