@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QScrollArea>
 #include <QSet>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -334,6 +335,15 @@ bool SeLitApres(const QRect& a, const QRect& b) {
   return (colonne && a.top() > b.bottom()) || (rangee && a.left() > b.right());
 }
 
+// What of the window is read where the control stands: the whole area that scrolls, beside a control that does not
+// scroll with it, since most of its content lies out of sight, under what follows.
+const QWidget& LuAvec(const QWidget& controle, const QWidget& autre) {
+  const QWidget* lu = &controle;
+  for (const QWidget* parent = controle.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+    if (qobject_cast<const QScrollArea*>(parent) != nullptr && !parent->isAncestorOf(&autre)) lu = parent;
+  return *lu;
+}
+
 // The Tab key goes through the window as it is read: never up in a column, nor to the left in a row.
 void VerifierTabulation(QWidget& fenetre) {
   QList<QWidget*> chaine;
@@ -345,7 +355,7 @@ void VerifierTabulation(QWidget& fenetre) {
   const auto place = [&fenetre](const QWidget& c) { return QRect(c.mapTo(&fenetre, QPoint(0, 0)), c.size()); };
   for (qsizetype i = 0; i < chaine.size(); ++i)
     for (qsizetype j = i + 1; j < chaine.size(); ++j)
-      EXPECT_FALSE(SeLitApres(place(*chaine[i]), place(*chaine[j])))
+      EXPECT_FALSE(SeLitApres(place(LuAvec(*chaine[i], *chaine[j])), place(LuAvec(*chaine[j], *chaine[i]))))
           << chaine[i]->objectName().toStdString() << " comes before " << chaine[j]->objectName().toStdString();
 }
 

@@ -31,12 +31,6 @@ namespace quelvar::forms {
 
 namespace {
 
-// Entries that read no file of the data set.
-bool LitLaBase(const EntreeDeProgramme& entree) {
-  constexpr std::string_view kSansLecture[] = {"mnuPrem", "mnuChangeRepert", "mnuAPropos"};
-  return std::ranges::find(kSansLecture, std::string_view(entree.action)) == std::end(kSansLecture);
-}
-
 struct EntreeDEditeur {
   const char* nom;  // of the action
   const char* extension;
@@ -152,7 +146,7 @@ void Principal::RelierMenus() {
   Relier("mnuQuitter", [this] { close(); });
   for (const EntreeDeProgramme& entree : EntreesDeProgrammes())
     Relier(entree.action, [this, entree] {
-      if (!LitLaBase(entree) || lanceur_.PeutLancer()) entree.ouvrir(services_);
+      if (!entree.litLaBase || lanceur_.PeutLancer()) entree.ouvrir(services_);
     });
   for (const EntreeDAffichage& entree : EntreesDAffichage())
     Relier(entree.nom, [this, &entree] { AfficherResultat(entree); });

@@ -63,7 +63,7 @@ class Principal : public QMainWindow {
   bool ProgrammeExiste(const QString& action) const;
   void FixerTailleDEcran(const QString& action);
 
-  // --- the session (principal_session.cpp) ---
+  // --- the session (session.cpp) ---
   void Demarrer();
   void OuvrirEtRapporter();
   bool OuvrirInitialisation(const Chemin& initialisation);

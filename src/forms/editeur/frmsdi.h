@@ -79,7 +79,7 @@ class frmSDI : public QMainWindow {
   void Imprimer();
   void ImprimerEnPdf();
 
-  // frmsdi_fichier.cpp: file
+  // fichier.cpp: file
   bool Perdre();  // asks about a text that is not saved; false when it must stay
   bool LireEditeur(const QString& fichier);
   bool LireLecteur(const QString& fichier);
@@ -95,11 +95,11 @@ class frmSDI : public QMainWindow {
   void PreparerRecents();
   void RetenirRecent();
 
-  // frmsdi_secours.cpp: recovery copy
+  // reprise.cpp: recovery copy
   void PreparerSecours();
   void EffacerSecours();
 
-  // frmsdi_recherche.cpp: search
+  // occurrences.cpp: search
   frmFind& DialogueRecherche();
   void OuvrirRecherche(bool remplacer);
   void Chercher(bool enArriere);

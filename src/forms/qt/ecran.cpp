@@ -126,6 +126,15 @@ namespace {
 constexpr QSize kCadre(0, 40);  // what the window system puts around a window
 constexpr const char* kDefilement = "DefilementDeLaFenetre";
 
+// The controls in the order of the Tab key.
+QList<QWidget*> Tabulation(const QWidget& fenetre) {
+  QList<QWidget*> controles;
+  for (QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre && suivant != nullptr;
+       suivant = suivant->nextInFocusChain())
+    if (suivant->focusPolicy() != Qt::NoFocus && suivant->focusProxy() == nullptr) controles << suivant;
+  return controles;
+}
+
 // Puts the content of the window behind bars; the menu and the status bar of a main window stay outside.
 void Defiler(QWidget& fenetre) {
   if (fenetre.findChild<QScrollArea*>(QString::fromLatin1(kDefilement)) != nullptr) return;
@@ -137,9 +146,11 @@ void Defiler(QWidget& fenetre) {
   zone->setFocusPolicy(Qt::NoFocus);
   zone->setWidgetResizable(true);
   fenetre.setMinimumSize(0, 0);
-  // A control that changes its parent loses the keyboard.
+  // A control that changes its parent loses the keyboard, and its place among those that the Tab key goes through.
   QWidget* const clavier = fenetre.focusWidget();
-  const auto rendre = [clavier] {
+  const QList<QWidget*> tabulation = Tabulation(fenetre);
+  const auto rendre = [&] {
+    for (qsizetype i = 1; i < tabulation.size(); ++i) QWidget::setTabOrder(tabulation[i - 1], tabulation[i]);
     if (clavier != nullptr) clavier->setFocus();
   };
   if (principale != nullptr) {

@@ -309,14 +309,32 @@ QStringList ClassesDeFormes() {
   return classes;
 }
 
-// What holds for every form, on each of its tabs.
-void VerifierForme(Forme& forme) {
+// The controls as the Tab key goes from one to the next; of radio buttons it meets the one that is ticked then.
+QStringList Tabulation(const QWidget& fenetre) {
+  QStringList noms;
+  for (const QWidget* suivant = fenetre.nextInFocusChain(); suivant != &fenetre; suivant = suivant->nextInFocusChain())
+    if (suivant->focusPolicy() != Qt::NoFocus && suivant->focusProxy() == nullptr && !suivant->objectName().isEmpty())
+      noms << suivant->objectName();
+  return noms;
+}
+
+void VerifierOnglets(Forme& forme) {
   auto* onglets = forme.findChild<QTabWidget*>();
   for (int rang = 0; rang < (onglets == nullptr ? 1 : onglets->count()); ++rang) {
     if (onglets != nullptr) onglets->setCurrentIndex(rang);
     VerifierControles(forme);
   }
+}
+
+// What holds for every form, on each of its tabs, as it stands on a large screen and behind the bars of a small one.
+void VerifierForme(Forme& forme) {
+  VerifierOnglets(forme);
+  const QStringList tabulation = Tabulation(forme);
   VerifierTaille(forme);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Tabulation(forme), tabulation);
+  SCOPED_TRACE("on a small screen");
+  VerifierOnglets(forme);
 }
 
 TEST(ToutesLesFormes, LettresNomsTabulationTaille) {

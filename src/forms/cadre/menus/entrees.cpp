@@ -35,8 +35,8 @@ namespace {
 // In the order of the menu. An entry that is not here is shown disabled.
 constexpr EntreeDeProgramme kEntrees[] = {
     // clang-format off
-    {"mnuPrem", OuvrirPrem},
-    {"mnuChangeRepert", OuvrirRepertoires},
+    {"mnuPrem", OuvrirPrem, false},
+    {"mnuChangeRepert", OuvrirRepertoires, false},
     {"mnuSaisie", OuvrirSaisie},
     {"mnuImport", OuvrirImport},
     {"mnuTriapl", OuvrirTriapl},
@@ -67,7 +67,7 @@ constexpr EntreeDeProgramme kEntrees[] = {
     {"mnuPEM", OuvrirChoixEcapem},
     {"mnuProfil", OuvrirProfilMod},
     {"mnuUtil", OuvrirUtilitaires},
-    {"mnuAPropos", OuvrirAPropos},
+    {"mnuAPropos", OuvrirAPropos, false},
     // clang-format on
 };
 

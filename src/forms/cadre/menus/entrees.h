@@ -31,6 +31,7 @@ struct Services;
 struct EntreeDeProgramme {
   const char* action;         // name of the menu entry
   void (*ouvrir)(Services&);  // shows the form, or runs the program at once
+  bool litLaBase = true;      // reads files of the data set, which the user may have open in the editor
 };
 
 std::span<const EntreeDeProgramme> EntreesDeProgrammes();
