@@ -17,7 +17,9 @@ reussis=0
 echecs=0
 sautes=0
 journal=$(mktemp)
-trap 'rm -f "$journal"' EXIT
+a_cote= # the step that goes on beside the others, if there is one, and what it has said
+journal_a_cote=$(mktemp)
+trap '[ -z "$a_cote" ] || kill "$a_cote" 2>/dev/null; rm -f "$journal" "$journal_a_cote"' EXIT
 
 # From this second on the steps that can be cut short before sending begin nothing more, and tell what they leave to the
 # whole run: what is then going on ends within three minutes.
@@ -42,6 +44,26 @@ etape() {
     echo "ÉCHEC   $nom"
     return 1
   fi
+}
+
+# commencer COMMANDE... : a check that leaves a core idle goes on beside the next ones; `rejoindre` waits for it.
+commencer() {
+  "$@" >"$journal_a_cote" 2>&1 &
+  a_cote=$!
+}
+rejoindre() {
+  local etat=0
+  wait "$a_cote" || etat=$?
+  a_cote=
+  cat "$journal_a_cote"
+  return $etat
+}
+
+# Directories of the tests in memory, where there is a gigabyte for them: they wait for the disk at each file that must
+# not be lost.
+essais_en_memoire() {
+  if [ -w /dev/shm ] && ! grep -q ' /dev/shm .*noexec' /proc/mounts &&
+    [ "$(df -k --output=avail /dev/shm | tail -n 1)" -gt 1000000 ]; then export TMPDIR=${TMPDIR:-/dev/shm}; fi
 }
 
 # suite PRESET : builds it and counts every test that ctest runs
@@ -93,17 +115,19 @@ tout() {
   etape "sens des flèches" tools/fleches.sh
   suite release -DQUELVAR_BENCH=ON
   etape "chaîne d'exemple" chaine release
-  etape "paquet Debian" packaging/essai.sh build/release
+  commencer packaging/essai.sh build/release # it waits for the network, and packs on one core
+  # What the disk does has been seen by the first suite.
+  essais_en_memoire
   suite asan ""
   suite core -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
+  etape "paquet Debian" rejoindre
   etape "analyse statique" tools/tidy.sh build/release
   # The same at every run; chance is for the campaigns.
   etape "graines des lectures au hasard" fuzz/court.sh 0
 }
 
 avant_envoi() {
-  # Directories of the tests in memory: they wait for the disk at each file that must not be lost.
-  if [ -w /dev/shm ] && ! grep -q ' /dev/shm .*noexec' /proc/mounts; then export TMPDIR=${TMPDIR:-/dev/shm}; fi
+  essais_en_memoire
   etape "mise en page des sources" tools/format.sh --verifier
   etape "sens des flèches" tools/fleches.sh
   etape "fiches du paquet" packaging/fiches.sh

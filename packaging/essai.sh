@@ -12,7 +12,7 @@ construction=${1:-build/release}
 for outil in cpack lintian; do
   command -v $outil >/dev/null || { echo "$outil manque" >&2; exit 77; }
 done
-packaging/fiches.sh
+packaging/fiches.sh "$construction/packaging/quelvar.metainfo.xml"
 # The manual page tells every option that the companion tells.
 for option in $("$construction/bin/quelvar-batch" --help | grep -oE -- ' --[a-z]+' | sort -u); do
   sed 's/\\-/-/g' packaging/man/quelvar-batch.1 | grep -- "$option" >/dev/null || { echo "quelvar-batch.1 ne dit pas $option" >&2; exit 1; }

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Refuses what would put the house out of order: an include against the arrows (forms and batch -> program folders ->
-# core, and between program folders only those that the method demands, listed here), a folder with more than 24 source
-# files directly in it, a name of the documents that stands for nothing, and the few idioms told below.
+# core, and between program folders only those that the method demands, listed here), folders that include each other in
+# a circle, a folder with more than 24 source files directly in it, a name of the documents that stands for nothing, and
+# the few idioms told below.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -36,6 +37,26 @@ while IFS=: read -r fichier _ ligne; do
   [[ -d src/$vers ]] || continue # what the build makes (ui_*.h) lies in no folder
   [[ " ${PERMIS[$depuis]-} " == *" $vers "* ]] || refuser "$fichier : $vers n'est pas sous $depuis (${ligne#*:})"
 done < <(git grep --untracked -n '^#include "[a-z]*/' -- src)
+
+# A room is a folder that holds sources itself, and stands below those that include its headers: no room is below itself.
+# "room room file header" for each include that leaves its room.
+inclusions() {
+  git grep --untracked '^#include "[a-z]*/' -- src | awk -F '[:"]' '
+    { depuis = $1; sub(/\/[^\/]*$/, "", depuis); vers = "src/" $3; sub(/\/[^\/]*$/, "", vers) }
+    depuis != vers { print depuis, vers, $1, $3 }'
+}
+# The rooms of each circle on a line.
+cercles() {
+  inclusions | cut -d' ' -f 1,2 | sort -u | LC_ALL=C tsort 2>&1 >/dev/null |
+    awk '/contains a loop/ { if (cercle) print cercle; cercle = ""; next } { cercle = cercle " " $2 } END { print cercle }'
+}
+while read -r cercle; do
+  [ -n "$cercle" ] || continue
+  refuser "dossiers en cercle : $cercle"
+  inclusions | awk -v cercle="$cercle" '
+    BEGIN { n = split(cercle, noms, " "); for (i = 1; i <= n; i++) dedans[noms[i]] = 1 }
+    $1 in dedans && $2 in dedans { print "    " $3 " -> " $4 }' >&2
+done < <(cercles)
 
 # A file of the generic may vanish while a form is open: Exiger raises what a dereferenced search would not.
 if git grep --untracked -nE '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' -- src tests fuzz; then

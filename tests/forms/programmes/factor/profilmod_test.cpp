@@ -7,9 +7,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 
+#include "forms/bureauenq.h"
 #include "forms/images/fenetredessin.h"
 #include "forms/images/vuedessin.h"
-#include "forms/pilote.h"
 
 using namespace quelvar::forms;
 
@@ -20,16 +20,9 @@ using essai::Cliquer;
 
 class FormeProfil : public testing::Test {
  protected:
-  FormeProfil() : bureau_(2) {
-    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nAGE   1 9 $Age$\r\nSEX   2 9\r\n");
-    bureau_.Ecrire("ENQ.DAT", "12\r\n21\r\n12\r\n");
-    bureau_.Ecrire("ENQ.MOD",
-                   "ENQ\r\n LIGN=2 COL=4 FMT=2\r\nAGE1   jeunes\r\nAGE2   vieux\r\nSEX1   hommes\r\nSEX2   femmes\r\n");
-    bureau_.Ecrire("ENQ.BRT", "OUV  1 2 3 4\r\nCAD  4 3 2 1\r\n");
-    bureau_.Ouvrir();
-  }
+  FormeProfil() { bureau_.Ouvrir(); }
 
-  Bureau bureau_;
+  essai::BureauDeTable bureau_;
 };
 
 TEST_F(FormeProfil, AProfileIsChosenRunAndDrawn) {

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "forms/pilote.h"
+#include "forms/bureauenq.h"
 #include "forms/programmes/utilities/exportcsv.h"
 
 using namespace quelvar::forms;
@@ -19,12 +19,7 @@ using essai::Pilote;
 
 class FormesUtilitaires : public testing::Test {
  protected:
-  FormesUtilitaires() : bureau_(2) {
-    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nAGE   1 9 $Age$\r\nSEX   2 9\r\n");
-    bureau_.Ecrire("ENQ.DAT", "12\r\n21\r\n12\r\n");
-    bureau_.Ecrire("ENQ.MOD",
-                   "ENQ\r\n LIGN=2 COL=4 FMT=2\r\nAGE1   jeunes\r\nAGE2   vieux\r\nSEX1   hommes\r\nSEX2   femmes\r\n");
-    bureau_.Ecrire("ENQ.BRT", "OUV  1 2 3 4\r\nCAD  4 3 2 1\r\n");
+  FormesUtilitaires() {
     bureau_.Ecrire("A.TXT", "b1\r\na2\r\n");
     bureau_.Ouvrir();
   }
@@ -32,7 +27,7 @@ class FormesUtilitaires : public testing::Test {
     Bureau::Dans<QLineEdit>(forme, champ).setText(texte);
   }
 
-  Bureau bureau_;
+  essai::BureauDeTable bureau_;
   Pilote pilote_;
 };
 

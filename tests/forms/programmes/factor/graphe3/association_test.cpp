@@ -1,14 +1,8 @@
 // Marked elements of the factor plane become one, under a new generic that is ready for the factors.
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
-
 #include "factor/analyse/anecar.h"
-#include "forms/images/vuedessin.h"
-#include "forms/pilote.h"
-#include "forms/programmes/factor/graphe3/graphe3.h"
+#include "forms/programmes/factor/graphe3/plan.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "modalities/creation/posmod.h"
 
@@ -20,6 +14,7 @@ using essai::Bureau;
 using essai::Champ;
 using essai::Cliquer;
 using essai::Pilote;
+using essai::TaperEtRetour;
 
 // Ten people, sex and reading, analysed: Burt table SEX1 5 0 3 1 1, SEX2 0 5 1 2 2, LEC1 3 1 4 0 0, LEC2 1 2 0 3 0,
 // LEC3 1 2 0 0 3.
@@ -47,7 +42,7 @@ QStringList LignesDe(const std::string& octets) {
 }
 
 void MarquerALaSouris(const Graphe3& forme, const char* nom) {
-  const auto& vue = Bureau::Dans<VueDessin>(forme, "Image");
+  const VueDessin& vue = essai::Image(forme);
   for (const quelvar::FormeDessinee& marque : vue.Contenu().Formes()) {
     if (marque.genre != quelvar::GenreForme::Texte || marque.id < 0 || marque.texte != nom) continue;
     const quelvar::Zone zone = vue.Contenu().Etendue(marque);
@@ -58,30 +53,25 @@ void MarquerALaSouris(const Graphe3& forme, const char* nom) {
   FAIL() << nom << " is not on the picture";
 }
 
-void TaperDans(const Graphe3& forme, const char* champ, const char* texte) {
-  essai::Taper(forme, champ, QString::fromUtf8(texte));
-  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, champ), Qt::Key_Return);
-}
-
 TEST(Association, FromTheMarksToTheFactorsOfTheNewGeneric) {
   BureauAnalyse bureau;
   Graphe3& forme = bureau.Demander<Graphe3>("mnuGraphe");
   EXPECT_FALSE(essai::Actif(forme, "BoutonAssoc")) << "nothing is marked";
   MarquerALaSouris(forme, "LEC2");
   EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2");
-  TaperDans(forme, "TextMarques", "LEC2,LEC9");
+  TaperEtRetour(forme, "TextMarques", "LEC2,LEC9");
   EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2") << "a name that no element has changes nothing";
-  EXPECT_EQ(Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText(), "Aucun élément n'a le nom LEC9.");
-  TaperDans(forme, "TextMarques", "sex1, lec2, lec3");
+  EXPECT_EQ(essai::Information(forme), "Aucun élément n'a le nom LEC9.");
+  TaperEtRetour(forme, "TextMarques", "sex1, lec2, lec3");
   MarquerALaSouris(forme, "SEX1");
   EXPECT_EQ(Champ(forme, "TextMarques"), "LEC2,LEC3");
   Pilote pilote;
-  TaperDans(forme, "TextNouvCol", "LEC1 et plus");
+  TaperEtRetour(forme, "TextNouvCol", "LEC1 et plus");
   Cliquer(forme, "BoutonAssoc");
   EXPECT_TRUE(pilote.Vues().empty()) << "nothing is announced under the name of another modality";
-  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText().startsWith("Le nom court LEC1 du"));
+  EXPECT_TRUE(essai::Information(forme).startsWith("Le nom court LEC1 du"));
 
-  TaperDans(forme, "TextNouvCol", "Lit peu");
+  TaperEtRetour(forme, "TextNouvCol", "Lit peu");
   pilote.Cliquer("Non");
   Cliquer(forme, "BoutonAssoc");
   ASSERT_EQ(pilote.Vues().size(), 1);

@@ -1,13 +1,9 @@
 // The factor plane by key and mouse.
-#include "forms/programmes/factor/graphe3/graphe3.h"
-
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QImage>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -16,8 +12,7 @@
 #include <array>
 #include <map>
 
-#include "forms/images/vuedessin.h"
-#include "forms/pilote.h"
+#include "forms/programmes/factor/graphe3/plan.h"
 
 using namespace quelvar::factor;
 using namespace quelvar::forms;
@@ -27,7 +22,10 @@ namespace {
 using essai::Bureau;
 using essai::Champ;
 using essai::Cliquer;
+using essai::Image;
+using essai::Information;
 using essai::Pilote;
+using essai::TaperEtRetour;
 using quelvar::Couleur;
 using quelvar::FormeDessinee;
 using quelvar::GenreForme;
@@ -62,14 +60,6 @@ struct BureauDePlan : Bureau {
   }
   Graphe3& Graphe() { return Demander<Graphe3>("mnuGraphe"); }
 };
-
-VueDessin& Image(const QWidget& forme) { return Bureau::Dans<VueDessin>(forme, "Image"); }
-QString Information(const QWidget& forme) { return Bureau::Dans<QPlainTextEdit>(forme, "Information").toPlainText(); }
-// What is typed counts with Return.
-void Taper(const QWidget& forme, const char* champ, const char* texte) {
-  essai::Taper(forme, champ, texte);
-  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, champ), Qt::Key_Return);
-}
 
 QStringList Ecrits(const QWidget& forme) {
   QStringList textes;
@@ -114,12 +104,12 @@ TEST(Graphe3, AxesAndPoints) {
   const auto limites = [&] { return Limites(forme); };
   EXPECT_NEAR(limites().droite, 800 + kMargeDuCadre * 1600, 1e-9);
 
-  Taper(forme, "TextFV", "c");  // the CPF on the second factor: 10 to 600
+  TaperEtRetour(forme, "TextFV", "c");  // the CPF on the second factor: 10 to 600
   EXPECT_NEAR(limites().haut, 600 * (1 + kMargeDuCadre), 1e-9);
   EXPECT_EQ(Champ(forme, "TextFV"), "C");
-  Taper(forme, "TextFV", "3");
+  TaperEtRetour(forme, "TextFV", "3");
   EXPECT_NEAR(limites().droite, 800 + kMargeDuCadre * 1600, 1e-9);
-  Taper(forme, "TextFV", "4");  // there are three
+  TaperEtRetour(forme, "TextFV", "4");  // there are three
   EXPECT_EQ(Champ(forme, "TextFV"), "3");
   EXPECT_TRUE(Information(forme).contains("de 1 à 3"));
   Cliquer(forme, "CheckInvX");
@@ -136,11 +126,11 @@ TEST(Graphe3, AxesAndPoints) {
   Cliquer(forme, "Opt2");
   EXPECT_EQ(Ecrits(forme).size(), 3);
   Cliquer(forme, "Opt1");
-  Taper(forme, "TextBoxVal", "59");
+  TaperEtRetour(forme, "TextBoxVal", "59");
   EXPECT_EQ(Ecrits(forme).size(), 3);  // CPF of factor 3 and factor 1: 400, 300, 100, 50
   Cliquer(forme, "CmdCpfMoins");
   EXPECT_EQ(Champ(forme, "TextBoxVal"), "58");
-  Taper(forme, "TextBoxVal", "rien");
+  TaperEtRetour(forme, "TextBoxVal", "rien");
   EXPECT_EQ(Champ(forme, "TextBoxVal"), "58");
 }
 
@@ -226,12 +216,12 @@ TEST(Graphe3, LinksAndTree) {
   Cliquer(forme, "CmdProgPlus");
   EXPECT_EQ(Traits(forme, "liens").size(), 2U);
   Cliquer(forme, "CheckProg");
-  Taper(forme, "EcMinVal", "50,5");
+  TaperEtRetour(forme, "EcMinVal", "50,5");
   EXPECT_EQ(Traits(forme, "liens").size(), 2U);
-  Taper(forme, "EcMinVal", "51");
+  TaperEtRetour(forme, "EcMinVal", "51");
   Cliquer(forme, "CmdFiltrMoinsMin");
   EXPECT_EQ(Traits(forme, "liens").size(), 3U);
-  Taper(forme, "EcSupVal", "89");
+  TaperEtRetour(forme, "EcSupVal", "89");
   EXPECT_EQ(Traits(forme, "liens").size(), 2U);
   Cliquer(forme, "BtVal");
   bool valeur = false;
@@ -257,7 +247,7 @@ TEST(Graphe3, Classification) {
   EXPECT_EQ(Champ(forme, "ValCAH"), "3");
   EXPECT_EQ(Champ(forme, "ValNCla"), "1");
   EXPECT_EQ(Traits(forme, "cah").size(), 3U);
-  Taper(forme, "ValNCla", "2");
+  TaperEtRetour(forme, "ValNCla", "2");
   EXPECT_EQ(Champ(forme, "ValCAH"), "2");
   Cliquer(forme, "BtCouleursOui");
   EXPECT_EQ(Traits(forme, "cah"), (std::vector{Couleur::Bleu, Couleur::Vert}));
@@ -327,7 +317,7 @@ TEST(Graphe3, OpeningAndRedrawingWriteNoFile) {
   const auto intact = [&](const QString& geste) { EXPECT_TRUE(bureau.Fichiers() == avant) << geste.toStdString(); };
   const Graphe3& forme = bureau.Graphe();
   intact("opening");
-  Taper(forme, "TextMarques", "A1");
+  TaperEtRetour(forme, "TextMarques", "A1");
   Cliquer(forme, {"CheckEllipseC", "CheckEllipseM"});
   EXPECT_FALSE(Traits(forme, "ellipses").empty());
   intact("ellipses");
@@ -341,8 +331,8 @@ TEST(Graphe3, OpeningAndRedrawingWriteNoFile) {
     intact(nom);
   }
   Cliquer(forme, "InvXY");
-  Taper(forme, "TextFV", "3");
-  Taper(forme, "TextMarques", "A1 A2");
+  TaperEtRetour(forme, "TextFV", "3");
+  TaperEtRetour(forme, "TextMarques", "A1 A2");
   intact("axes and marks");
   EXPECT_FALSE(Traits(forme, "ellipses").empty());
   QTest::mouseClick(&Image(forme), Qt::LeftButton, {}, PlaceDe(forme, {0, 0}));
@@ -355,7 +345,7 @@ TEST(Graphe3, OpeningAndRedrawingWriteNoFile) {
 TEST(Graphe3, EllipsesAreReportedAtTheEnd) {
   BureauDEllipses bureau;
   const Graphe3& forme = bureau.Graphe();
-  Taper(forme, "TextMarques", "A1");
+  TaperEtRetour(forme, "TextMarques", "A1");
   Cliquer(forme, {"CheckEllipseM", "BoutonQuitter"});
   EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Texte().contains("Graphique factoriel + Ellipse(s)"); }));
   const std::string rapport = bureau.Lire("ENQ.PRT");
@@ -369,7 +359,7 @@ TEST(Graphe3, AFailureKeepsItsPlace) {
   BureauDEllipses bureau;
   bureau.Ecrire("ENQ.CDG", "1   1010\r\n");  // the second individual is not there
   const Graphe3& forme = bureau.Graphe();
-  Taper(forme, "TextMarques", "A1");
+  TaperEtRetour(forme, "TextMarques", "A1");
   Pilote pilote;
   pilote.Cliquer("OK");
   Cliquer(forme, "CheckEllipseC");
@@ -411,9 +401,9 @@ TEST(Graphe3, LeavingShowsTheReport) {
 TEST(Graphe3, LaCommandeDitLesReglages) {
   BureauDePlan bureau;
   Graphe3& forme = bureau.Graphe();
-  Taper(forme, "TextFV", "C");
+  TaperEtRetour(forme, "TextFV", "C");
   Cliquer(forme, {"CheckInvX", "PointExact", "CheckCAH", "BtCouleursOui"});
-  Taper(forme, "ValCAH", "2");
+  TaperEtRetour(forme, "ValCAH", "2");
   Cliquer(forme, "CheckPEM");
   Pilote pilote;
   pilote.Faire([](QDialog& boite) {
