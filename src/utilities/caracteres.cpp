@@ -5,8 +5,8 @@
 #include "core/fichiers/morceaux.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/listage.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 

@@ -3,7 +3,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/session/generiquelibre.h"
 #include "core/texte/listes.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {
 

@@ -2,7 +2,7 @@
 
 #include "core/programme/arret.h"
 #include "utilities/edition.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {
 

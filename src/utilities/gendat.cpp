@@ -9,7 +9,7 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {
 

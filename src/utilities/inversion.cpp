@@ -11,8 +11,8 @@
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "utilities/edition.h"
-#include "utilities/tableau.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/fichiers.h"
+#include "utilities/entrees/tableau.h"
 
 namespace quelvar::utilities {
 

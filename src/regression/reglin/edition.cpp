@@ -4,7 +4,7 @@
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
-#include "regression/codage.h"
+#include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
 

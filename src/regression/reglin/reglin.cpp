@@ -12,8 +12,8 @@
 #include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/texte/listes.h"
-#include "regression/codage.h"
-#include "regression/entrees.h"
+#include "regression/donnees/codage.h"
+#include "regression/donnees/entrees.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {

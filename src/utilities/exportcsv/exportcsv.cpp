@@ -14,9 +14,9 @@
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/exportcsv/ligne.h"
 #include "utilities/exportcsv/textes.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 

@@ -9,9 +9,9 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/fusion/fusion.h"
 #include "utilities/fusion/pos.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 

@@ -6,9 +6,9 @@
 #include "core/fichiers/lignelongue.h"
 #include "core/programme/place.h"
 #include "core/texte/lignes.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/tri/compte.h"
 #include "utilities/tri/edition.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 

@@ -1,4 +1,4 @@
-#include "utilities/tableau.h"
+#include "utilities/entrees/tableau.h"
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"

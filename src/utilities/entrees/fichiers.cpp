@@ -1,11 +1,11 @@
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/fichiers.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
-#include "utilities/tableau.h"
+#include "utilities/entrees/tableau.h"
 
 namespace quelvar::utilities {
 

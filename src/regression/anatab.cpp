@@ -1,4 +1,4 @@
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 
 #include <optional>
 #include <utility>
@@ -15,7 +15,7 @@
 #include "regression/anatab/edition.h"
 #include "regression/anatab/effets_edition.h"
 #include "regression/anatab/travail.h"
-#include "regression/entrees.h"
+#include "regression/donnees/entrees.h"
 #include "regression/images/effets.h"
 #include "regression/logistique/edition.h"
 #include "regression/logistique/logistique.h"
