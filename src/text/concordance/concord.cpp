@@ -6,10 +6,9 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
+#include "text/commun/lignedemot.h"
 #include "text/concordance/edition.h"
 #include "text/concordance/ordre.h"
-#include "text/decoupage/mots.h"
-#include "text/tableau/comptage.h"
 
 namespace quelvar::text {
 

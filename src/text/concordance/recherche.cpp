@@ -5,7 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/texte/listes.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 #include "text/gestion/motsdeslignes.h"
 
 namespace quelvar::text {

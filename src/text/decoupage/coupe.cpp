@@ -6,6 +6,7 @@
 #include "core/panne/erreur.h"
 #include "core/texte/lignes.h"
 #include "core/texte/texte.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 

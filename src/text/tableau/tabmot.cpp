@@ -12,7 +12,7 @@
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "text/commun/intitule.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/edition.h"
 #include "text/tableau/sorties.h"
