@@ -36,7 +36,7 @@ std::string ManqueCaracteres(const Contexte& contexte, const OptionsCaracteres& 
 
 Fin ListerCaracteres(const Contexte& contexte, const OptionsCaracteres& options) {
   return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(), [&](Rapport& rapport) {
-    const Entree a = ChercherEntree(contexte, options.a);
+    const EntreeChoisie a = ChercherEntree(contexte, options.a);
     ExigerEntrees(rapport, contexte, {a});
     ExigerPlace(contexte, rapport, {0, LongueurFichier(*a.chemin) * kBlocEcrit / kOctetsDUnBloc});
     ImprimerTeteDesCaracteres(rapport, a.nom);

@@ -9,7 +9,7 @@ namespace quelvar::utilities {
 namespace {
 
 // A zone of columns, counted from 1; its end may stand one column before its start.
-struct Zone {
+struct ZoneDExportation {
   std::int64_t debut;
   std::int64_t fin;
 
@@ -24,8 +24,8 @@ struct BilanExportation {
   bool arretee = false;  // at a line that the zone leaves
 };
 
-BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, const Zone& zone, bool complementaire,
-                                Ecrivain& sortie) {
+BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, const ZoneDExportation& zone,
+                                bool complementaire, Ecrivain& sortie) {
   AvancementOctets avancement(contexte, LongueurFichier(source));
   BilanExportation bilan;
   LecteurLignes lecteur(source);
@@ -50,10 +50,10 @@ BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, 
 }
 
 void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExportation& options) {
-  const Entree a = ChercherEntree(contexte, options.a);
+  const EntreeChoisie a = ChercherEntree(contexte, options.a);
   ExigerEntrees(rapport, contexte, {a});
   ImprimerTeteDeLExportation(rapport, options);
-  const Zone zone{NombreTape(options.debut), NombreTape(options.fin)};
+  const ZoneDExportation zone{NombreTape(options.debut), NombreTape(options.fin)};
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
   c.Valider();

@@ -16,7 +16,7 @@ constexpr int kDecimalesDemandees = 5;  // from this value on DE= is a number of
 constexpr int kDecimalesDeChances = 2;
 constexpr int kDecimalesDeProbabilite = 3;
 
-int Decimales(const Travail& travail) {
+int Decimales(const TravailDAnatab& travail) {
   return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
 }
 
@@ -44,7 +44,7 @@ std::string_view MarqueDeParametre(double depassement) {
 
 }  // namespace
 
-std::vector<std::string> EffetsNonEstimes(const Travail& travail) {
+std::vector<std::string> EffetsNonEstimes(const TravailDAnatab& travail) {
   std::vector<std::string> effets;
   for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k)
     if (!travail.modele.Explicative(k).reference && !EstEstimee(travail, k))
@@ -59,7 +59,7 @@ std::vector<std::string> IntitulesDesParametres(const Modele& modele, const std:
   return intitules;
 }
 
-TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste) {
+TableauEdite TableauDeLaConstante(const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
   const double alpha = ajuste.ajustement.parametres.alpha;
   const int decimales = Decimales(travail);
   TableauEdite tableau;
@@ -71,7 +71,7 @@ TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& aj
   return tableau;
 }
 
-TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& ajuste) {
+TableauEdite TableauDesParametres(const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
   const bool logistique = ajuste.lien == FonctionDeLien::Logistique;
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
   const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
@@ -97,7 +97,7 @@ TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuM
   return tableau;
 }
 
-TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests) {
+TableauEdite TableauDesTests(const TravailDAnatab& travail, const TestsDuModele& tests) {
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
   TableauEdite tableau;
   tableau.colonnes.resize(3);
@@ -113,7 +113,7 @@ TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests)
   return tableau;
 }
 
-TableauEdite TableauDesMoyennes(const Travail& travail, const std::vector<double>& moyennes) {
+TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes) {
   const double generale = travail.base.MoyenneGenerale();
   TableauEdite tableau;
   tableau.colonnes.resize(3);

@@ -114,7 +114,7 @@ void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegres
       Boutons::Ok);
 }
 
-struct Lecture {
+struct LectureDesMoments {
   Moments moments;
   LignesLongues longues;
   Fautifs fautifs;  // the moments are not whole when there are some
@@ -124,9 +124,9 @@ struct Lecture {
 };
 
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
-Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
-                    const std::function<void(std::string_view)>& suivre) {
-  Lecture lecture{.moments = Moments(variables.explicatives.size()), .longues = {}, .fautifs = {}};
+LectureDesMoments LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
+                              const std::function<void(std::string_view)>& suivre) {
+  LectureDesMoments lecture{.moments = Moments(variables.explicatives.size()), .longues = {}, .fautifs = {}};
   const std::size_t longueur = kLargeurIdentifiant + variables.noms.size() * variables.largeur;
   std::vector<double> valeurs(lecture.moments.Ordre());
   Fautifs& fautifs = lecture.fautifs;
@@ -159,7 +159,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   std::function<void(std::string_view)> suivre;
   if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
   Progression progression(contexte.Ecran(), individus);
-  Lecture lecture = LireMoments(donnees, variables, progression, suivre);
+  LectureDesMoments lecture = LireMoments(donnees, variables, progression, suivre);
   // What a line does not hold is no 0.
   ExigerSansFautifs(rapport, lecture.fautifs, "n'a pas une valeur pour chaque variable"_w);
   for (const Douteux* const douteux : {&lecture.vides, &lecture.virgules, &lecture.coupees})

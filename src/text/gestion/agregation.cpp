@@ -26,14 +26,14 @@ double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size
   return ValeurDe(std::string_view(ligne.cellules).substr(colonne * largeur, largeur));
 }
 
-struct Somme {
+struct SommeDesLignes {
   double frequence = 0;
   std::int64_t plafonnees = 0;  // rows whose frequency is the greatest that four columns hold, and may be greater
   std::vector<double> cellules;
 };
 
-Somme SommeDesMarquees(const TableGeree& table) {
-  Somme somme;
+SommeDesLignes SommeDesMarquees(const TableGeree& table) {
+  SommeDesLignes somme;
   somme.cellules.resize(table.Colonnes());
   for (const LigneDeTable& ligne : table.lignes) {
     if (!ligne.marquee) continue;
@@ -210,7 +210,7 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
     return "Il n'y a pas de mots à regrouper"_w;
   }
   if (Rogner(intitule).empty()) return "Il faut indiquer le nom qu'aura la ligne agrégation des lignes sélectionnées"_w;
-  const Somme somme = SommeDesMarquees(table);
+  const SommeDesLignes somme = SommeDesMarquees(table);
   Regroupement regroupement{{}, 0, std::string(intitule), somme.frequence, somme.plafonnees};
   LigneDeTable regroupee{ChampDeFrequence(somme.frequence), {}, std::string(intitule), false, {}};
   for (const LigneDeTable& ligne : table.lignes) {

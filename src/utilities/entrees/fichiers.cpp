@@ -15,13 +15,13 @@ std::string NomDuRapport(const Contexte& contexte) {
 
 std::string NomAffiche(std::string_view fichier) { return TexteDe(CheminDe(fichier).filename()); }
 
-Entree ChercherEntree(const Contexte& contexte, std::string_view fichier) {
+EntreeChoisie ChercherEntree(const Contexte& contexte, std::string_view fichier) {
   return {NomAffiche(fichier), ChercherFichier(contexte.repertoire, fichier)};
 }
 
-void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<Entree> entrees) {
+void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<EntreeChoisie> entrees) {
   bool manque = false;
-  for (const Entree& entree : entrees) {
+  for (const EntreeChoisie& entree : entrees) {
     if (entree.chemin) continue;
     rapport.Ligne({"*** Le fichier ", entree.nom, " n'existe pas"});
     manque = true;
@@ -35,7 +35,7 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
   if (!manques.empty()) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
 }
 
-void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau) {
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGenerique& tableau) {
   rapport.Lignes(tableau.parametres.remarques);
   if (tableau.AUnFormat()) return;
   contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);

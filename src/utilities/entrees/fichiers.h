@@ -20,23 +20,23 @@ std::string NomDuRapport(const Contexte& contexte);
 std::string NomAffiche(std::string_view fichier);
 
 // An input as it was chosen: its name, and its path when it exists.
-struct Entree {
+struct EntreeChoisie {
   std::string nom;  // as printed
   std::optional<Chemin> chemin;
 };
-Entree ChercherEntree(const Contexte& contexte, std::string_view fichier);
+EntreeChoisie ChercherEntree(const Contexte& contexte, std::string_view fichier);
 
 // Writes a line for each input that is missing and stops the run (kArretAnnonce) when there is one.
-void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<Entree> entrees);
+void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<EntreeChoisie> entrees);
 inline constexpr std::string_view kArretSansFichiers =
     "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w;
 
-struct Tableau;
+struct TableauDuGenerique;
 
 // Writes what is missing of the table and stops the run (kArretAnnonce).
 void ExigerTableau(Rapport& rapport, const Contexte& contexte);
 // Tells the remarks on the parameters; without a format a box says so and the run stops (kArretAnnonce).
-void ExigerFormat(Rapport& rapport, const Contexte& contexte, const Tableau& tableau);
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGenerique& tableau);
 
 // Whether two names stand for one file, by whatever path.
 bool MemeFichier(const Contexte& contexte, std::string_view a, std::string_view b);

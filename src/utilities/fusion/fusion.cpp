@@ -15,7 +15,7 @@ namespace quelvar::utilities {
 namespace {
 
 // What the .POS of the result can't tell by itself; its lines are those of A and B.
-void PrevenirDuPos(const Travail& travail) {
+void PrevenirDuPos(const TravailDeFusion& travail) {
   if (!travail.pos) PrevenirDeLAncienPos(travail);
   if (!travail.options.pos) return;
   const std::string pos = NomAffiche(NomDuPos(travail.options.c));
@@ -41,11 +41,11 @@ void PrevenirDuPos(const Travail& travail) {
 }
 
 void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const OptionsFusion& options) {
-  Entree a = ChercherEntree(contexte, options.a);
-  Entree b = ChercherEntree(contexte, options.b);
+  EntreeChoisie a = ChercherEntree(contexte, options.a);
+  EntreeChoisie b = ChercherEntree(contexte, options.b);
   ExigerEntrees(rapport, contexte, {a, b});
   ImprimerTeteDeFusion(rapport, a, b, NomAffiche(options.c));
-  const Travail travail{
+  const TravailDeFusion travail{
       contexte, options, rapport, Mesurer(std::move(a)), Mesurer(std::move(b)), LirePaireDePos(contexte, options)};
   // With questions to find again every line takes the room of the longest, and so does what stands in for B.
   const bool auLarge = travail.pos || options.type == TypeFusion::Appareillement;

@@ -40,7 +40,7 @@ LongueursDeLignes EcrireLignes(Ecrivain& fichier, const std::vector<std::string_
 }
 
 void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& options) {
-  const Entree source{options.fichierA, ChercherFichier(contexte.repertoire, options.fichierA)};
+  const EntreeChoisie source{options.fichierA, ChercherFichier(contexte.repertoire, options.fichierA)};
   ExigerEntrees(rapport, contexte, {source});
   ImprimerTeteDuTri(rapport, options.fichierA, options.fichierC);
   const ChampDeTri champ = ChampTape(options);
