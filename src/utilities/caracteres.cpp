@@ -3,8 +3,11 @@
 #include <numeric>
 
 #include "core/fichiers/morceaux.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/entrees/fichiers.h"
 #include "utilities/listage.h"
 

@@ -1,7 +1,11 @@
 #include "utilities/exportation.h"
 
 #include "core/programme/arret.h"
+#include "core/programme/libelles.h"
 #include "utilities/edition.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/colonnes.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {

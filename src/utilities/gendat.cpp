@@ -7,8 +7,10 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {

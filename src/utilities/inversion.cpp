@@ -7,10 +7,12 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/trgfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "utilities/edition.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/entrees/fichiers.h"
 #include "utilities/entrees/tableau.h"
 

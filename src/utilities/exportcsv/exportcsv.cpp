@@ -12,9 +12,11 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
-#include "utilities/entrees/fichiers.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/exportcsv/ligne.h"
 #include "utilities/exportcsv/textes.h"
 

@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/fusion/edition.h"
 #include "utilities/fusion/jonction.h"
 #include "utilities/fusion/travail.h"

@@ -2,6 +2,8 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/fusion/edition.h"
 
 namespace quelvar::utilities {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "utilities/entrees/colonnes.h"
+
 namespace quelvar::utilities {
 
 namespace {

@@ -4,8 +4,10 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/lignelongue.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/lignes.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/entrees/fichiers.h"
 #include "utilities/tri/compte.h"
 #include "utilities/tri/edition.h"
