@@ -83,7 +83,7 @@ void ImprimerParametres(Rapport& rapport, const TravailDAnatab& travail, const M
 
 void ImprimerTests(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                    const TestsDuModele& tests) {
-  ImprimerRangees(rapport, TableauDesVraisemblances(ajuste, tests), {.places = {{"", 5, kLibre}}});
+  ImprimerRangees(rapport, TableauDesVraisemblances(ajuste, tests), {.titre = 14, .places = {{"", 5, kLibre}}});
   rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0),
                  " Prob.=", NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
   ImprimerRangees(

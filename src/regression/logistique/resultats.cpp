@@ -6,6 +6,7 @@
 
 #include "core/programme/rapport.h"
 #include "crosstab/tableau/khi2.h"
+#include "regression/anatab/cellules.h"
 
 namespace quelvar::regression {
 
@@ -19,9 +20,6 @@ constexpr int kDecimalesDeProbabilite = 3;
 int Decimales(const TravailDAnatab& travail) {
   return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
 }
-
-Cellule Valeur(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
-Cellule Points(double valeur) { return {valeur, Unite::Pourcent, 1, {}}; }
 
 std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
   std::vector<std::string> intitules;
@@ -63,9 +61,9 @@ TableauEdite TableauDeLaConstante(const TravailDAnatab& travail, const ModeleAju
   const double alpha = ajuste.ajustement.parametres.alpha;
   const int decimales = Decimales(travail);
   TableauEdite tableau;
-  std::vector<Cellule> cellules = {Valeur(alpha, decimales)};
-  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(Valeur(std::exp(alpha), decimales));
-  cellules.push_back(Points(100 * Probabilite(ajuste.lien, alpha)));
+  std::vector<Cellule> cellules = {CelluleDecimale(alpha, decimales)};
+  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(CelluleDecimale(std::exp(alpha), decimales));
+  cellules.push_back(CelluleEnPoints(100 * Probabilite(ajuste.lien, alpha)));
   tableau.colonnes.resize(cellules.size());
   tableau.rangees.push_back({{}, {}, std::move(cellules)});
   return tableau;
@@ -78,9 +76,10 @@ TableauEdite TableauDesParametres(const TravailDAnatab& travail, const ModeleAju
   TableauEdite tableau;
   tableau.colonnes.resize(logistique ? 3 : 2);
   for (std::size_t j = 0; j < betas.size(); ++j) {
-    Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {Valeur(betas[j], Decimales(travail))}});
-    if (logistique) rangee.cellules.push_back(Valeur(std::exp(betas[j]), kDecimalesDeChances));
-    rangee.cellules.push_back(Points(EffetEnPoints(ajuste, betas[j])));
+    Rangee& rangee =
+        tableau.rangees.emplace_back(Rangee{intitules[j], {}, {CelluleDecimale(betas[j], Decimales(travail))}});
+    if (logistique) rangee.cellules.push_back(CelluleDecimale(std::exp(betas[j]), kDecimalesDeChances));
+    rangee.cellules.push_back(CelluleEnPoints(EffetEnPoints(ajuste, betas[j])));
   }
   return tableau;
 }
@@ -89,9 +88,9 @@ TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuM
   TableauEdite tableau;
   tableau.colonnes.resize(1);
   const auto ajouter = [&](std::string_view nom, double valeur) {
-    tableau.rangees.push_back({std::string(nom), {}, {Valeur(valeur, kDecimalesOrdinaires)}});
+    tableau.rangees.push_back({std::string(nom), {}, {CelluleDecimale(valeur, kDecimalesOrdinaires)}});
   };
-  ajouter("Cst seulement ", -2 * tests.logConstante);
+  ajouter("Cst seulement", -2 * tests.logConstante);
   ajouter("Modèle complet"_w, -2 * ajuste.ajustement.logVraisemblance);
   ajouter("Khideux Vrais.", tests.modele.khi2);
   return tableau;
@@ -106,9 +105,9 @@ TableauEdite TableauDesTests(const TravailDAnatab& travail, const TestsDuModele&
     Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {}});
     if (test.Impossible()) rangee.intitule = Joindre({" Khideux de Vrais.", "   Test impossible à calculer"_w});
     else
-      rangee.cellules = {Valeur(test.khi2, kDecimalesOrdinaires),
-                         Valeur(test.Depassement(), kDecimalesDeProbabilite),
-                         {{}, Unite::Nombre, 0, std::string(MarqueDeParametre(test.Depassement()))}};
+      rangee.cellules = {CelluleDecimale(test.khi2, kDecimalesOrdinaires),
+                         CelluleDecimale(test.Depassement(), kDecimalesDeProbabilite),
+                         CelluleTexte(MarqueDeParametre(test.Depassement()))};
   }
   return tableau;
 }
@@ -118,10 +117,11 @@ TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector
   TableauEdite tableau;
   tableau.colonnes.resize(3);
   for (std::size_t k = 0; k < moyennes.size(); ++k)
-    tableau.rangees.push_back({travail.modele.Explicative(k).intitule,
-                               {},
-                               {Valeur(moyennes[k], kDecimalesOrdinaires), Points(100 * (moyennes[k] - generale)),
-                                Points(100 * (travail.base.Part(k) - generale))}});
+    tableau.rangees.push_back(
+        {travail.modele.Explicative(k).intitule,
+         {},
+         {CelluleDecimale(moyennes[k], kDecimalesOrdinaires), CelluleEnPoints(100 * (moyennes[k] - generale)),
+          CelluleEnPoints(100 * (travail.base.Part(k) - generale))}});
   return tableau;
 }
 

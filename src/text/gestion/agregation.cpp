@@ -70,7 +70,7 @@ std::string ChampDeFrequence(double frequence) {
 std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriDeLignes& tri) {
   std::unordered_map<std::string_view, double> contributions;
   if (tri.cle == CleDeLignes::Facteur) {
-    const auto f = static_cast<std::size_t>(tri.facteur) - 1;
+    const auto f = static_cast<std::size_t>(ValeurDe(tri.facteur)) - 1;
     for (std::size_t i = 0; i < agregation.facteurs->intitules.size(); ++i)
       contributions.emplace(agregation.facteurs->intitules[i], agregation.facteurs->contributions[f][i]);
   }
@@ -92,8 +92,9 @@ std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriD
 
 std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLignes& tri) {
   if (tri.cle != CleDeLignes::Facteur) return {};
-  if (!agregation.facteurs || tri.facteur < 1 ||
-      tri.facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
+  const double facteur = ValeurDe(tri.facteur);
+  if (!agregation.facteurs || facteur < 1 ||
+      facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
     return {std::string(kTitreAttention), std::string("Le facteur demandé n'existe pas"_w)};
   const std::string_view etranger = DUnAutreTableau(*agregation.facteurs, agregation.table);
   if (etranger.empty()) return {};

@@ -108,8 +108,7 @@ void TabMotAgreg::EnregistrerLigne() {
 }
 
 void TabMotAgreg::Trier() {
-  text::TriDeLignes tri = OptionsDesControles(*this, text::DescriptionTriDeLignes());
-  tri.facteur = ValeurDe(DepuisQt(ui_->TextNum->text()));
+  const auto tri = OptionsDesControles(*this, text::DescriptionTriDeLignes());
   const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, contexte_);
   ui_->TextMsg->setText(EnUnTexte(fautes));
   if (!fautes.empty()) return services_.ecran.biper();
