@@ -8,6 +8,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
@@ -68,7 +69,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
   const std::size_t aMarquer = travail.modele.LargeurFiche() - travail.modele.Explicatives();
   const auto perdus = static_cast<double>(melange.population) - population;
   const std::string lignes[] = {
-      Joindre({"*** Attention : avec "_w, Nombre(travail.modele.Explicatives()),
+      Joindre({kAttention, "avec "_w, Nombre(travail.modele.Explicatives()),
                " modalités explicatives, le tri ne distingue plus toutes les situations"_w}),
       Joindre({"    Les "_w, Nombre(melange.situations), " situations des individus sont en "_w,
                Nombre(melange.morceaux), " morceaux, ", Nombre(melange.inversees), " à l'envers, "_w, Nombre(perdus),
@@ -86,16 +87,17 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
   std::string confondues;
   for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
     if (cellules[k].designee != k) continue;
-    std::string memes;
-    for (std::size_t j = 0; j < k; ++j)
-      if (cellules[j].designee == k) memes += Joindre({modele.Explicative(j).intitule, ", "});
-    if (!memes.empty()) confondues += Joindre({"\r\n    ", memes, modele.Explicative(k).intitule});
+    std::vector<std::string_view> memes;
+    for (std::size_t j = 0; j <= k; ++j)
+      if (cellules[j].designee == k) memes.push_back(modele.Explicative(j).intitule);
+    if (memes.size() > 1) confondues += Joindre({"\r\n    ", Enumerer(memes)});
   }
   if (confondues.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
       Joindre(
-          {"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
+          {kAttention,
+           "ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
            "effets et ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
            confondues}),
       Boutons::Ok);

@@ -1,6 +1,7 @@
 #include "utilities/exportation.h"
 
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/libelles.h"
 #include "utilities/edition.h"
 #include "utilities/entrees/avancement.h"
@@ -74,7 +75,7 @@ std::string ManqueExportation(const Contexte& contexte, const OptionsExportation
   if (options.a.empty()) return "Vous devez entrer le nom du fichier A d'origine";
   if (options.c.empty()) return std::string("Vous devez entrer le nom du fichier C résultant de l'exportation"_w);
   if (MemeFichier(contexte, options.a, options.c))
-    return std::string("*** Attention : l'exportation ne peut écraser le fichier d'origine. Option impossible"_w);
+    return Joindre({kAttention, "l'exportation ne peut écraser le fichier d'origine. Option impossible"_w});
   if (options.debut.empty()) return "Vous devez entrer la position initiale de la zone d'exportation";
   if (options.fin.empty()) return "Vous devez entrer la position finale de la zone d'exportation";
   return EntreeEcrasee(contexte, {options.a, options.c});

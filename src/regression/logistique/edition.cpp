@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/listes.h"
@@ -24,16 +25,16 @@ std::string_view TitreDe(const ModeleAjuste& ajuste) {
 void ImprimerNonEstimes(Rapport& rapport, const TravailDAnatab& travail) {
   const std::vector<std::string> effets = EffetsNonEstimes(travail);
   if (effets.empty()) return;
-  rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, Enumerer(effets)});
+  rapport.Ligne({kAttention, "effet non estimé, laissé à 0 : "_w, Enumerer(effets)});
 }
 
 // Effects that share one whole of which the data tell the sum alone: the search splits it by the order of the
 // questions.
 void ImprimerIndistincts(Rapport& rapport, const TravailDAnatab& travail, const std::vector<std::size_t>& indistincts) {
   if (indistincts.empty()) return;
-  rapport.Ligne(
-      {"*** Attention : les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
-       Enumerer(IntitulesDesParametres(travail.modele, indistincts))});
+  rapport.Ligne({kAttention,
+                 "les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
+                 Enumerer(IntitulesDesParametres(travail.modele, indistincts))});
 }
 
 void ImprimerConstante(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
@@ -68,7 +69,7 @@ void ImprimerParametres(Rapport& rapport, const TravailDAnatab& travail, const M
   rapport.Ligne(TitreDe(ajuste));
   rapport.Ligne(travail.modele.titre);
   if (ajuste.ajustement.interrompu)
-    rapport.Ligne({"*** Attention : la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
+    rapport.Ligne({kAttention, "la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
                    " passages, les paramètres ci-dessous ne sont pas stabilisés"_w});
   ImprimerNonEstimes(rapport, travail);
   ImprimerIndistincts(rapport, travail, indistincts);

@@ -1,6 +1,7 @@
 #include "regression/reglin/edition.h"
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
@@ -57,7 +58,7 @@ void ImprimerDescription(Rapport& rapport, double individus, const VariablesDecr
                    .places = {PlaceDeNombre(11, "                                  "), PlaceDeNombre(11, "      ")}});
   if (decrites.arret) return;
   for (const std::string& intitule : decrites.incertaines)
-    rapport.Ligne({"*** Attention : les valeurs de ", intitule,
+    rapport.Ligne({kAttention, "les valeurs de ", intitule,
                    " sont trop grandes devant leur dispersion, les résultats qui suivent ne sont pas sûrs : "
                    "retranchez-leur une constante"_w});
   rapport.Ligne();

@@ -58,7 +58,7 @@ void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegres
   if (variables.marquesCoupees.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
+      Joindre({kAttention, "la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
                " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
                Enumerer(variables.marquesCoupees)}),
       Boutons::Ok);
@@ -172,7 +172,7 @@ void ImprimerPertes(Rapport& rapport, const VariablesDeRegression& variables, co
   if (rangs.empty()) return;
   std::vector<std::string> noms;
   for (const std::size_t rang : rangs) noms.emplace_back(Rogner(variables.explicatives[rang].nom));
-  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, Enumerer(noms),
+  rapport.Ligne({kAttention, "les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, Enumerer(noms),
                  " : retranchez une constante à ce qui est grand devant son écart-type, ôtez ce qui est presque "
                  "déterminé par les autres"_w});
   rapport.Ligne();
@@ -192,7 +192,7 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   if (ajustement.exact) {
     rapport.Ligne(
-        "*** Attention : les variables explicatives expliquent tout, F et les tests ne tiennent qu'aux arrondis"_w);
+        {kAttention, "les variables explicatives expliquent tout, F et les tests ne tiennent qu'aux arrondis"_w});
     rapport.Ligne();
   }
   TesterAjustement(*inverse, ajustement);

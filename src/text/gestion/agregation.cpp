@@ -6,6 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/listes.h"
@@ -150,13 +151,12 @@ void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agre
   const std::string devenues = Absentes(maintenant, agregation.supplementaires);
   const std::string perdues = Absentes(agregation.supplementaires, maintenant);
   if (devenues.empty() && perdues.empty()) return;
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : les lignes supplémentaires d'un tableau sont les dernières (ici "_w,
-               Nombre(maintenant.size()), "), et une agrégation ou un tri les a changées. "_w,
-               devenues.empty() ? std::string() : Joindre({"Le deviennent : ", devenues, ". "}),
-               perdues.empty() ? std::string() : Joindre({"Ne le sont plus : ", perdues, ". "}),
-               "Vérifiez-les dans la gestion des colonnes et lignes"_w}),
-      Boutons::Ok);
+  contexte.Ecran().demander(Joindre({kAttention, "les lignes supplémentaires d'un tableau sont les dernières (ici "_w,
+                                     Nombre(maintenant.size()), "), et une agrégation ou un tri les a changées. "_w,
+                                     devenues.empty() ? std::string() : Joindre({"Le deviennent : ", devenues, ". "}),
+                                     perdues.empty() ? std::string() : Joindre({"Ne le sont plus : ", perdues, ". "}),
+                                     "Vérifiez-les dans la gestion des colonnes et lignes"_w}),
+                            Boutons::Ok);
 }
 
 // Once for a table.

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
@@ -108,7 +109,7 @@ std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options)
 Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
   if (MemeFichier(contexte, options.a, options.b) &&
       contexte.Ecran().demander(
-          Joindre({"*** Attention : les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
+          Joindre({kAttention, "les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
                    " : le résultat contiendra deux fois ses données. L'acceptez-vous ?"_w}),
           Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;
