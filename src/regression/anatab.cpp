@@ -14,7 +14,7 @@
 #include "core/resultats/colonnedenombres.h"
 #include "core/texte/listes.h"
 #include "regression/anatab/edition.h"
-#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/editiondeseffets.h"
 #include "regression/anatab/travail.h"
 #include "regression/donnees/entrees.h"
 #include "regression/images/effets.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
-#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/editiondeseffets.h"
 
 namespace quelvar::regression {
 

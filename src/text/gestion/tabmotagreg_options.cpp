@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "text/gestion/gestion_options.h"
+#include "text/gestion/options.h"
 
 namespace quelvar::text {
 

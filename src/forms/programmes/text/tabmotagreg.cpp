@@ -12,7 +12,7 @@
 #include "forms/programmes/text/concord.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
-#include "text/gestion/gestion_options.h"
+#include "text/gestion/options.h"
 #include "ui_tabmotagreg.h"
 
 namespace quelvar::forms {

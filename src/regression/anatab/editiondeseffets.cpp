@@ -1,4 +1,4 @@
-#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/editiondeseffets.h"
 
 #include <string_view>
 
