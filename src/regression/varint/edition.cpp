@@ -17,7 +17,7 @@ constexpr PlaceEnRangee kEnTete{.entiers = kLargeurNom, .titre = TitreDeColonne:
 
 }  // namespace
 
-void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
+void ImprimerTeteDesProfils(const Contexte& contexte, Rapport& rapport) {
   ImprimerBandeau(rapport, "Profils de variables d'intérêt"_w);
   rapport.Ligne({"Le nom par défaut du fichier d'entrée est "_w, contexte.Nom(".DAT")});
   rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});

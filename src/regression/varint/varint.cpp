@@ -107,7 +107,7 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   ExigerFichiers(rapport, contexte.Ecran(),
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
                  "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
-  ImprimerNomsDeFichiers(contexte, rapport);
+  ImprimerTeteDesProfils(contexte, rapport);
   ExigerEcriture(contexte, rapport, options.image);
   const FichierPos pos = LirePos(*fichierPos);
   ExigerParentheses(pos.taille, contexte.Ecran());
