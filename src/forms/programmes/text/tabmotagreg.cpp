@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "core/chiffres/nombres.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/editionliste.h"
 #include "forms/pieces/options.h"
