@@ -1,6 +1,6 @@
 // Any coding and any table, through the three programs that read them: each run ends with a report. Input: one byte
 // that chooses the program, the bytes of the .MOD, FF hex, those of the .CDG.
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -19,7 +19,7 @@ constexpr std::size_t kLongueurLaPlusGrande = 1 << 13;
 text::OptionsTabMotAgreg Reunions(unsigned choix) {
   text::TriDeLignes tri;
   tri.cle = static_cast<text::CleDeLignes>(choix % 3);
-  tri.facteur = static_cast<int>(1 + choix / 3 % 4);
+  tri.facteur = std::to_string(1 + choix / 3 % 4);
   text::OptionsTabMotAgreg options;
   options.actions = {{tri}, {std::nullopt, "reunis", {"oui", "non"}}};
   if ((choix & 128) != 0) options.actions.push_back({std::nullopt, "encore", {"reunis", "peut-etre"}});

@@ -21,7 +21,7 @@
 #include "tables/triangle/triang_options.h"
 #include "text/concordance/concord_options.h"
 #include "text/decoupage/saisiemot_options.h"
-#include "text/gestion/gestion_options.h"
+#include "text/gestion/options.h"
 #include "text/preparation/preptext_options.h"
 #include "text/tableau/tabmot_options.h"
 #include "utilities/options.h"

@@ -7,7 +7,7 @@
 #include "core/enquete/modfile.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
-#include "regression/codage.h"
+#include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/options/description.h"
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 #include "regression/modifmodr.h"
 #include "regression/varint/varint.h"
 

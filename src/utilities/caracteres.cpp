@@ -3,10 +3,13 @@
 #include <numeric>
 
 #include "core/fichiers/systeme/morceaux.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/exigences.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/listage.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 
@@ -36,7 +39,7 @@ std::string ManqueCaracteres(const Contexte& contexte, const OptionsCaracteres& 
 
 Fin ListerCaracteres(const Contexte& contexte, const OptionsCaracteres& options) {
   return ExecuterProgramme(contexte, NomDuRapport(contexte), LibellesSansTexte(), [&](Rapport& rapport) {
-    const Entree a = ChercherEntree(contexte, options.a);
+    const EntreeChoisie a = ChercherEntree(contexte, options.a);
     ExigerEntrees(rapport, contexte, {a});
     ExigerPlace(contexte, rapport, {0, LongueurFichier(*a.chemin) * kBlocEcrit / kOctetsDUnBloc});
     ImprimerTeteDesCaracteres(rapport, a.nom);

@@ -1,9 +1,10 @@
 #include "utilities/edition.h"
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/session/generiquelibre.h"
 #include "core/texte/listes.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {
 
@@ -45,17 +46,17 @@ void ImprimerReservesDeGendat(Rapport& rapport, const BilanGendat& bilan) {
   rapport.Lignes(remarques);
   rapport.Lignes(bilan.autres.Remarques());
   if (bilan.lignesLaissees > 0)
-    rapport.Ligne({"*** Attention : lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,
+    rapport.Ligne({kAttention, "lignes de la fin du tableau qui ne font pas un bloc entier et sont laissées :"_w,
                    NombreNu(bilan.lignesLaissees)});
 }
 
 void ImprimerReservesDeLInversion(Rapport& rapport, const ReservesDeLInversion& reserves) {
   rapport.Lignes(reserves.cellules);
   if (!reserves.nomsRepetes.empty())
-    rapport.Ligne({"*** Attention : lignes de même nom, que rien ne distinguera plus en colonnes : "_w,
+    rapport.Ligne({kAttention, "lignes de même nom, que rien ne distinguera plus en colonnes : "_w,
                    Enumerer(reserves.nomsRepetes)});
   if (reserves.lignesLaissees > 0)
-    rapport.Ligne({"*** Attention : lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w,
+    rapport.Ligne({kAttention, "lignes du tableau au-delà de celles qui sont annoncées, laissées :"_w,
                    NombreNu(reserves.lignesLaissees)});
 }
 

@@ -1,15 +1,20 @@
 #include "utilities/exportation.h"
 
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
+#include "core/programme/libelles.h"
 #include "utilities/edition.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/colonnes.h"
+#include "utilities/entrees/exigences.h"
+#include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {
 
 namespace {
 
 // A zone of columns, counted from 1; its end may stand one column before its start.
-struct Zone {
+struct ZoneDExportation {
   std::int64_t debut;
   std::int64_t fin;
 
@@ -24,8 +29,8 @@ struct BilanExportation {
   bool arretee = false;  // at a line that the zone leaves
 };
 
-BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, const Zone& zone, bool complementaire,
-                                Ecrivain& sortie) {
+BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, const ZoneDExportation& zone,
+                                bool complementaire, Ecrivain& sortie) {
   AvancementOctets avancement(contexte, LongueurFichier(source));
   BilanExportation bilan;
   LecteurLignes lecteur(source);
@@ -50,10 +55,10 @@ BilanExportation ExporterLignes(const Contexte& contexte, const Chemin& source, 
 }
 
 void ExporterZone(Rapport& rapport, const Contexte& contexte, const OptionsExportation& options) {
-  const Entree a = ChercherEntree(contexte, options.a);
+  const EntreeChoisie a = ChercherEntree(contexte, options.a);
   ExigerEntrees(rapport, contexte, {a});
   ImprimerTeteDeLExportation(rapport, options);
-  const Zone zone{NombreTape(options.debut), NombreTape(options.fin)};
+  const ZoneDExportation zone{NombreTape(options.debut), NombreTape(options.fin)};
   Remplacement c(contexte.repertoire, options.c);
   const BilanExportation bilan = ExporterLignes(contexte, *a.chemin, zone, options.complementaire, c.Fichier());
   c.Valider();
@@ -70,7 +75,7 @@ std::string ManqueExportation(const Contexte& contexte, const OptionsExportation
   if (options.a.empty()) return "Vous devez entrer le nom du fichier A d'origine";
   if (options.c.empty()) return std::string("Vous devez entrer le nom du fichier C résultant de l'exportation"_w);
   if (MemeFichier(contexte, options.a, options.c))
-    return std::string("*** Attention : l'exportation ne peut écraser le fichier d'origine. Option impossible"_w);
+    return Joindre({kAttention, "l'exportation ne peut écraser le fichier d'origine. Option impossible"_w});
   if (options.debut.empty()) return "Vous devez entrer la position initiale de la zone d'exportation";
   if (options.fin.empty()) return "Vous devez entrer la position finale de la zone d'exportation";
   return EntreeEcrasee(contexte, {options.a, options.c});

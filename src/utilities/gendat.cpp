@@ -7,9 +7,11 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "utilities/edition.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/exigences.h"
+#include "utilities/entrees/fichiers.h"
 
 namespace quelvar::utilities {
 
@@ -34,7 +36,7 @@ QuestionCreee Creer(std::string nom, std::int64_t codeMax) {
 }
 
 // Rows, columns and, when there is more than one, blocks.
-std::vector<QuestionCreee> CreerQuestions(const Tableau& tableau) {
+std::vector<QuestionCreee> CreerQuestions(const TableauDuGenerique& tableau) {
   const std::array<std::string, 3> noms = NomsDesQuestions(tableau.titre);
   std::vector<QuestionCreee> questions;
   questions.push_back(Creer(noms[0], tableau.lignes));
@@ -52,8 +54,8 @@ std::int64_t Compter(std::string_view cellule, std::int64_t ligne, std::size_t c
   return std::max<std::int64_t>(Entier64(arrondie), 0);
 }
 
-BilanGendat EcrireDonnees(const Contexte& contexte, const Tableau& tableau, const std::vector<QuestionCreee>& questions,
-                          Ecrivain& sortie) {
+BilanGendat EcrireDonnees(const Contexte& contexte, const TableauDuGenerique& tableau,
+                          const std::vector<QuestionCreee>& questions, Ecrivain& sortie) {
   BilanGendat bilan;
   std::int64_t rangee = 0;
   Progression progression(contexte.Ecran(), tableau.lignes * tableau.Blocs());
@@ -77,7 +79,7 @@ BilanGendat EcrireDonnees(const Contexte& contexte, const Tableau& tableau, cons
 }
 
 // A line for each individual: a cell mistyped asks for a disk of its own.
-void ExigerPlaceDesDonnees(Rapport& rapport, const Contexte& contexte, const Tableau& tableau,
+void ExigerPlaceDesDonnees(Rapport& rapport, const Contexte& contexte, const TableauDuGenerique& tableau,
                            const std::vector<QuestionCreee>& questions) {
   double individus = 0;
   ParcourirTableau(tableau, tableau.lignes * tableau.Blocs(), [&](const LigneDeTableau& ligne) {
@@ -105,7 +107,7 @@ void EcrirePos(Ecrivain& sortie, const std::string& titre, const std::vector<Que
 void Engendrer(Rapport& rapport, const Contexte& contexte) {
   ExigerTableau(rapport, contexte);
   ImprimerTeteDeGendat(rapport, contexte);
-  const Tableau tableau = LireTableau(contexte);
+  const TableauDuGenerique tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
   const std::vector<QuestionCreee> questions = CreerQuestions(tableau);
   ExigerPlaceDesDonnees(rapport, contexte, tableau, questions);

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/programme/programme.h"
-#include "utilities/tableau.h"
+#include "utilities/entrees/tableau.h"
 
 namespace quelvar::utilities {
 

@@ -7,12 +7,14 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/trgfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "utilities/edition.h"
-#include "utilities/tableau.h"
-#include "utilities/utilitaires.h"
+#include "utilities/entrees/exigences.h"
+#include "utilities/entrees/fichiers.h"
+#include "utilities/entrees/tableau.h"
 
 namespace quelvar::utilities {
 
@@ -27,7 +29,7 @@ struct TableauEntier {
 };
 
 // A row becomes a column, by its name: one without a name would end the list of the new columns.
-void ExigerNom(const Tableau& tableau, const LigneDeTableau& ligne) {
+void ExigerNom(const TableauDuGenerique& tableau, const LigneDeTableau& ligne) {
   if (!FinitLesModalites(ligne.nom)) return;
   throw Erreur(kIncompatibiliteType,
                Joindre({"*** Arret du programme : ", TexteDe(tableau.brt.filename()), ", ligne ", Nombre(ligne.rang),
@@ -42,7 +44,7 @@ std::string TexteDeCellule(std::string_view cellule) {
   return nombre.size() <= cellule.size() || Rogner(cellule).empty() ? nombre : std::string(Rogner(cellule));
 }
 
-TableauEntier LireEntier(const Tableau& tableau) {
+TableauEntier LireEntier(const TableauDuGenerique& tableau) {
   TableauEntier entier;
   ParcourirTableau(tableau, tableau.lignes, [&](const LigneDeTableau& ligne) {
     ExigerNom(tableau, ligne);
@@ -63,11 +65,12 @@ std::vector<std::string> NomsRepetes(std::vector<std::string> noms) {
   return repetes;
 }
 
-ReservesDeLInversion ReservesDe(const Tableau& tableau, const TableauEntier& entier) {
+ReservesDeLInversion ReservesDe(const TableauDuGenerique& tableau, const TableauEntier& entier) {
   return {entier.reserves.Remarques(), NomsRepetes(entier.noms), tableau.lignesDuFichier - tableau.lignes};
 }
 
-void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entier, const std::string& nouveau) {
+void EcrireMod(Ecrivain& mod, const TableauDuGenerique& tableau, const TableauEntier& entier,
+               const std::string& nouveau) {
   mod.Ligne(nouveau);
   mod.Ligne(LigneDeParametres(
       {{"IMAX=", tableau.colonnes.size()}, {"JMAX=", entier.noms.size()}, {"FMT=", tableau.parametres.largeur}}));
@@ -75,7 +78,7 @@ void EcrireMod(Ecrivain& mod, const Tableau& tableau, const TableauEntier& entie
     mod.Ligne(LigneModalite(entier.noms[i], false, entier.intitules[i]));
 }
 
-void EcrireBrt(Ecrivain& brt, const Tableau& tableau, const TableauEntier& entier) {
+void EcrireBrt(Ecrivain& brt, const TableauDuGenerique& tableau, const TableauEntier& entier) {
   const std::size_t colonnes = tableau.colonnes.size();
   for (std::size_t j = 0; j < colonnes; ++j) {
     brt.Ecrire(tableau.colonnes[j].nom);
@@ -108,7 +111,7 @@ struct PointDeTriangle {
   std::string intitule;
 };
 
-std::vector<PointDeTriangle> PointsDe(const Tableau& tableau, const TableauEntier& entier) {
+std::vector<PointDeTriangle> PointsDe(const TableauDuGenerique& tableau, const TableauEntier& entier) {
   std::vector<PointDeTriangle> points;
   for (std::size_t j = 0; j < tableau.colonnes.size(); ++j) {
     const ColonneDeTableau& colonne = tableau.colonnes[j];
@@ -130,7 +133,7 @@ void EcrireTrg(Ecrivain& trg, const TableauEntier& entier, const std::vector<Poi
   for (const PointDeTriangle& point : points) trg.Ligne(LigneDePointTrg(point.nom, point.parts, point.intitule));
 }
 
-void Enregistrer(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier,
+void Enregistrer(const Contexte& contexte, const TableauDuGenerique& tableau, const TableauEntier& entier,
                  const std::string& nouveau, bool enTriangle) {
   JeuDeFichiers sorties(contexte.repertoire, nouveau);
   if (enTriangle) {
@@ -144,7 +147,8 @@ void Enregistrer(const Contexte& contexte, const Tableau& tableau, const Tableau
 }
 
 // What the new table does not keep.
-void PrevenirDesPertes(const Contexte& contexte, const Tableau& tableau, const TableauEntier& entier, bool enTriangle) {
+void PrevenirDesPertes(const Contexte& contexte, const TableauDuGenerique& tableau, const TableauEntier& entier,
+                       bool enTriangle) {
   if (enTriangle) {
     if (entier.noms.size() > kSommetsTrg)
       Prevenir(contexte,
@@ -166,7 +170,7 @@ void InverserTableau(Rapport& rapport, const Contexte& contexte, const OptionsIn
                      const std::string& nouveau) {
   ExigerTableau(rapport, contexte);
   ImprimerBandeau(rapport, "  Inversion lignes/colonnes d'un tableau de Burt");
-  const Tableau tableau = LireTableau(contexte);
+  const TableauDuGenerique tableau = LireTableau(contexte);
   ExigerFormat(rapport, contexte, tableau);
   // A text for each cell in memory, of this size; the inverted table takes as much as the table.
   const auto cellules =

@@ -106,7 +106,7 @@ void ImprimeurDeRangees::Voir(const Rangee& rangee) {
 }
 
 void ImprimeurDeRangees::Tete(const TableauEdite& tableau) {
-  for (const std::string& titre : tableau.titres) rapport_.Ligne(titre);
+  for (const std::string& titre : tableau.titres) rapport_.Ligne({CadreGauche("", forme_.avantLesTitres), titre});
   if (!AUneTete(tableau)) return;
   const auto imprimer = [&](std::string_view coin, std::string Colonne::*texte) {
     ligne_ = coin;

@@ -44,9 +44,10 @@ struct FormeEnRangees {
   std::string_view coinDesIntitules = {};  // in front of the labels of the columns, a second heading; empty: none
   int intitule = 0;                        // columns that the label is set to the right of; 0: as it stands
   std::size_t parLigne = 1;                // rows that one line holds
+  int avantLesTitres = 0;                  // blanks in front of the lines above the table
 };
 
-// The lines above the table as they stand, the heading if there is one (the corner, then the titles of the columns,
+// The lines above the table, the heading if there is one (the corner, then the titles of the columns,
 // each moved by what its column has widened; the labels below on request), and the rows. A cell without a value shows
 // its mark as a text: cut and padded to its place, or as it stands in a place of no columns. A row without title, cells
 // and label is an empty line. Raises kArgumentIncorrect or kDepassementCapacite for a value that is not finite.

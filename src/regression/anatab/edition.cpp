@@ -13,8 +13,8 @@ constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
 }  // namespace
 
 void ImprimerModele(Rapport& rapport, const Modele& modele) {
-  ImprimerRangees(rapport, TableauDesQuestions(modele), {.places = {{"", 3, kLibre}}});
-  ImprimerRangees(rapport, TableauDesModalites(modele), {.titre = kLargeur, .places = {}});
+  ImprimerRangees(rapport, TableauDesQuestions(modele), {.places = {{"", 3, kLibre}, {" modalités. "_w, 21}}});
+  ImprimerRangees(rapport, TableauDesModalites(modele), {.titre = kLargeur, .places = {{" ", 32}, {"  ", 21}}});
   rapport.Ligne(kEtoiles);
   rapport.Ligne(modele.titre);
   rapport.Ligne();
@@ -24,13 +24,32 @@ void ImprimerModele(Rapport& rapport, const Modele& modele) {
 
 void ImprimerDonneesDeBase(Rapport& rapport, const Modele& modele, const DonneesDeBase& base) {
   ImprimerRangees(rapport, TableauDeBase(modele, base),
-                  {.titre = kLargeur, .places = {{"", 5, kLibre}, {" ", 5, kLibre}, {" ", 5, kLibre}, {"    ", 1}}});
+                  {.titre = kLargeur,
+                   .places = {{.entiers = 5,
+                               .elargissement = kLibre,
+                               .titre = TitreDeColonne::ADroite,
+                               .avantTitre = "      ",
+                               .derriereTitre = " "},
+                              {.avant = " ",
+                               .entiers = 5,
+                               .elargissement = kLibre,
+                               .titre = TitreDeColonne::ADroite,
+                               .derriereTitre = " "},
+                              {.avant = " ", .entiers = 5, .elargissement = kLibre, .avantTitre = " "},
+                              {.avant = "    ", .entiers = 1, .avantTitre = "  "}},
+                   .avantLesTitres = kLargeur});
 }
 
 void ImprimerSituations(Rapport& rapport, const AnalyseTabulaire& analyse) {
   constexpr Elargissement kSerre = Elargissement::DerriereUnNombre;
-  ImprimerRangees(rapport, TableauDesSituations(analyse),
-                  {.places = {{"", 5, kLibre}, {"", 3, kSerre}, {"", 4, kSerre}, {" ", 3}}, .avantIntitule = " "});
+  constexpr int kColonnesDeModalite = 7;  // four of its label, three of its role
+  FormeEnRangees forme{.avantIntitule = " "};
+  forme.places.assign(analyse.table.questions, {.entiers = kColonnesDeModalite, .titre = TitreDeColonne::AGauche});
+  forme.places.insert(forme.places.end(), {{.entiers = 5, .elargissement = kLibre, .avantTitre = "  "},
+                                           {.entiers = 3, .elargissement = kSerre},
+                                           {.entiers = 4, .elargissement = kSerre, .avantTitre = " "},
+                                           {.avant = " ", .entiers = 3, .avantTitre = " "}});
+  ImprimerRangees(rapport, TableauDesSituations(analyse), forme);
 }
 
 }  // namespace quelvar::regression

@@ -10,7 +10,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
 #include "regression/anatab/modele.h"
-#include "regression/entrees.h"
+#include "regression/donnees/entrees.h"
 
 namespace quelvar::regression {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "regression/codage.h"
+#include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
 

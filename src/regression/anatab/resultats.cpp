@@ -5,6 +5,7 @@
 
 #include "core/programme/rapport.h"
 #include "crosstab/tableau/khi2.h"
+#include "regression/anatab/cellules.h"
 
 namespace quelvar::regression {
 
@@ -12,56 +13,51 @@ namespace {
 
 constexpr int kDecimalesDePart = 4;
 constexpr std::size_t kColonnesDeMarque = 3;
-constexpr std::size_t kCelluleImprimee = 7;  // of a situation: four characters of a label, three of its role
 
-Cellule Effectif(double nombre) { return {nombre, Unite::Effectif, 0, {}}; }
-Cellule Pourcentage(double valeur, std::string_view marque = {}) {
-  return {valeur, Unite::Pourcent, 1, std::string(marque)};
+std::string_view RoleDe(const ModaliteCodee& modalite) {
+  if (modalite.aExpliquer) return "modalité à expliquer"_w;
+  return modalite.reference ? "modalité de référence"_w : std::string_view();
 }
-Cellule Valeur(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
-Cellule Mot(std::string_view texte) { return {{}, Unite::Nombre, 0, std::string(texte)}; }
 
 }  // namespace
 
 TableauEdite TableauDesQuestions(const Modele& modele) {
   TableauEdite tableau;
   tableau.titres = {Joindre({"Intitulés des questions, nombre de modalités et type de la question"_w})};
-  tableau.colonnes = {{}};
-  for (const QuestionCodee& question : modele.questions) {
-    const std::string_view type =
-        question.references > 0 ? " modalités. Question explicative "_w : " modalités. Question à expliquer "_w;
-    tableau.rangees.push_back({question.nom, std::string(type), {Effectif(static_cast<double>(question.nombre))}});
-  }
+  tableau.colonnes.resize(2);
+  for (const QuestionCodee& question : modele.questions)
+    tableau.rangees.push_back(
+        {question.nom,
+         {},
+         {CelluleEffectif(question.nombre),
+          CelluleTexte(question.references > 0 ? "Question explicative" : "Question à expliquer"_w)}});
   return tableau;
 }
 
 TableauEdite TableauDesModalites(const Modele& modele) {
   TableauEdite tableau;
   tableau.titres = {Joindre({"Intitulés des modalités et type de chacune"_w})};
+  tableau.colonnes.resize(2);
   for (const QuestionCodee& question : modele.questions)
-    for (std::size_t i = question.premiere; i < question.premiere + question.nombre; ++i) {
-      const ModaliteCodee& modalite = modele.codage[i];
-      const std::string_view role = modalite.aExpliquer  ? " modalité à expliquer "_w
-                                    : modalite.reference ? " modalité de référence"_w
-                                                         : std::string_view("                      ");
-      tableau.rangees.push_back(
-          {modalite.intitule, Joindre({question.references > 0 ? " modalité de question explicative "_w
-                                                               : " modalité de question à expliquer "_w,
-                                       role})});
-    }
+    for (std::size_t i = question.premiere; i < question.premiere + question.nombre; ++i)
+      tableau.rangees.push_back({modele.codage[i].intitule,
+                                 {},
+                                 {CelluleTexte(question.references > 0 ? "modalité de question explicative"_w
+                                                                       : "modalité de question à expliquer"_w),
+                                  CelluleTexte(RoleDe(modele.codage[i]))}});
   return tableau;
 }
 
 TableauEdite TableauDeBase(const Modele& modele, const DonneesDeBase& base) {
   TableauEdite tableau;
-  tableau.titres = {Joindre({"                         (Y)", modele.titre})};
-  tableau.coin = "Mod.explicative (X)      ";
-  tableau.colonnes = {{"  Oui "}, {"  Non "}, {" Total"}, {"  Prop de Y"}};
+  tableau.titres = {Joindre({"(Y)", modele.titre})};
+  tableau.coin = "Mod.explicative (X)";
+  tableau.colonnes = {{"Oui"}, {"Non"}, {"Total"}, {"Prop de Y"}};
   const auto ajouter = [&](std::string_view intitule, double oui, double total, double part) {
-    tableau.rangees.push_back(
-        {std::string(intitule),
-         {},
-         {Effectif(oui), Effectif(total - oui), Effectif(total), Valeur(part, kDecimalesDePart)}});
+    tableau.rangees.push_back({std::string(intitule),
+                               {},
+                               {CelluleEffectif(oui), CelluleEffectif(total - oui), CelluleEffectif(total),
+                                CelluleDecimale(part, kDecimalesDePart)}});
   };
   for (std::size_t k = 0; k < base.total.size(); ++k)
     ajouter(modele.Explicative(k).intitule, base.oui[k], base.total[k], base.Part(k));
@@ -72,17 +68,18 @@ TableauEdite TableauDeBase(const Modele& modele, const DonneesDeBase& base) {
 
 TableauEdite TableauDesSituations(const AnalyseTabulaire& analyse) {
   TableauEdite tableau;
-  tableau.coin = std::string(analyse.table.questions * kCelluleImprimee, ' ');
-  tableau.colonnes = {{"  Eff."}, {"Pour."}, {" Khi2"}, {" Test"}};
+  tableau.colonnes.resize(analyse.table.questions);
+  for (const char* const titre : {"Eff.", "Pour.", "Khi2", "Test"}) tableau.colonnes.push_back({titre});
   for (std::size_t s = 0; s < analyse.examinees; ++s) {
     const Situation& situation = analyse.table.situations[s];
-    std::string noms;
+    std::vector<Cellule>& cellules = tableau.rangees.emplace_back().cellules;
+    cellules.reserve(tableau.colonnes.size());
     for (const std::uint32_t k : analyse.table.Modalites(s))
-      noms += Joindre({analyse.cellules[k].intitule, Milieu(analyse.cellules[k].role, 1, 3)});
-    tableau.rangees.push_back({std::move(noms),
-                               {},
-                               {Effectif(situation.effectif), Pourcentage(situation.Brut()),
-                                Valeur(situation.khi2.khi2, 1), Mot(MarqueDeCellule(situation.khi2.classe))}});
+      cellules.push_back(CelluleTexte(RognerDroite(Joindre({analyse.cellules[k].intitule, analyse.cellules[k].role}))));
+    cellules.push_back(CelluleEffectif(situation.effectif));
+    cellules.push_back(CelluleEnPoints(situation.Brut()));
+    cellules.push_back(CelluleDecimale(situation.khi2.khi2, 1));
+    cellules.push_back(CelluleTexte(MarqueDeCellule(situation.khi2.classe)));
   }
   return tableau;
 }
@@ -97,8 +94,8 @@ TableauEdite TableauDeLaReference(const AnalyseTabulaire& analyse) {
   tableau.rangees = {
       {{},
        {},
-       {Pourcentage(100 * part, "%"), Mot(MarqueDeCellule(analyse.khi2Reference.classe)),
-        Pourcentage(100 * std::max(0.0, part - ecart), "% "), Pourcentage(100 * std::min(1.0, part + ecart), "% ")}}};
+       {CellulePourcent(100 * part), CelluleTexte(MarqueDeCellule(analyse.khi2Reference.classe)),
+        CellulePourcent(100 * std::max(0.0, part - ecart)), CellulePourcent(100 * std::min(1.0, part + ecart))}}};
   return tableau;
 }
 
@@ -107,7 +104,7 @@ int DecimalesDEffet(MesureDEffet mesure) { return mesure == MesureDEffet::Points
 TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& modele) {
   const bool points = analyse.mesure == MesureDEffet::Points;
   const Unite unite = points ? Unite::Pourcent : Unite::Nombre;
-  const std::string signe = points ? "% " : "  ";
+  const std::string signe = points ? "%" : "";
   TableauEdite tableau;
   tableau.colonnes.resize(4);
   for (const Effet& effet : analyse.effets) {
@@ -117,7 +114,7 @@ TableauEdite TableauDesEffets(const AnalyseTabulaire& analyse, const Modele& mod
     tableau.rangees.push_back({modele.Explicative(effet.modalite).intitule,
                                {},
                                {{effet.moyenne, unite, DecimalesDEffet(analyse.mesure), signe},
-                                Mot(remarque),
+                                CelluleTexte(remarque),
                                 {effet.Bas(), unite, 1, signe},
                                 {effet.Haut(), unite, 1, signe}}});
   }

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
-#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/editiondeseffets.h"
 
 namespace quelvar::regression {
 
@@ -25,7 +25,7 @@ std::string LigneComptee(const Fiches& fiches, const Comptee& comptee) {
   return Joindre({fiches[comptee.fiche], " ", NombreNu(comptee.effectif)});
 }
 
-void EcrireComptees(Ecrivain fichier, const Travail& travail) {
+void EcrireComptees(Ecrivain fichier, const TravailDAnatab& travail) {
   for (const Comptee& comptee : travail.comptees) fichier.Ligne(LigneComptee(travail.individus.fiches, comptee));
   fichier.Fermer();
 }
@@ -41,7 +41,7 @@ void EcrireSituations(Ecrivain fichier, const AnalyseTabulaire& analyse) {
   fichier.Fermer();
 }
 
-void EcrireSousEffets(Ecrivain populations, Ecrivain tableaux, const Travail& travail) {
+void EcrireSousEffets(Ecrivain populations, Ecrivain tableaux, const TravailDAnatab& travail) {
   const AnalyseTabulaire& analyse = travail.analyse;
   std::string population;
   ParcourirSousEffets(analyse.table, analyse.cellules, analyse.voisinages, [&](const SousEffet& sousEffet) {
@@ -67,13 +67,13 @@ std::vector<std::string_view> NomsDesColonnes(const Modele& modele) {
 
 }  // namespace
 
-bool EstEstimee(const Travail& travail, std::size_t k) {
+bool EstEstimee(const TravailDAnatab& travail, std::size_t k) {
   return std::any_of(travail.comptees.begin(), travail.comptees.end(), [&](const Comptee& comptee) {
     return ValeurDuCaractere(travail.individus.fiches[comptee.fiche][k]) != 0;
   });
 }
 
-void LaisserLesFichiers(const Contexte& contexte, const Travail& travail) {
+void LaisserLesFichiers(const Contexte& contexte, const TravailDAnatab& travail) {
   const Fiches& fiches = travail.individus.fiches;
   if (travail.etape >= Etape::Lecture && travail.etape <= Etape::Situations) {
     if (travail.etape == Etape::SansPaire) Ouvrir(contexte, ".CD2").Fermer();
@@ -87,7 +87,7 @@ void LaisserLesFichiers(const Contexte& contexte, const Travail& travail) {
   if (travail.etape >= Etape::SousEffets) EcrireSousEffets(Ouvrir(contexte, ".CD2"), Ouvrir(contexte, ".CD4"), travail);
 }
 
-void EcrireListeFinale(const Contexte& contexte, const Travail& travail) {
+void EcrireListeFinale(const Contexte& contexte, const TravailDAnatab& travail) {
   const std::vector<std::string_view> noms = NomsDesColonnes(travail.modele);
   Ecrivain fichier = Ouvrir(contexte, ".cd7");
   double numero = 0;

@@ -20,8 +20,8 @@ inline constexpr int kTableauxImprimes = 1;   // the 2 x 2 table of every sub-ef
 inline constexpr int kRapportsDeChances = 2;  // effects are odds-ratios
 inline constexpr int kFichiersGardes = 3;     // the work files stay behind a normal end
 
-struct Travail {
-  explicit Travail(Modele m) : modele(std::move(m)), individus(modele.LargeurFiche()) {}
+struct TravailDAnatab {
+  explicit TravailDAnatab(Modele m) : modele(std::move(m)), individus(modele.LargeurFiche()) {}
 
   Modele modele;
   ParametresMod parametres;
@@ -43,12 +43,12 @@ struct Travail {
 };
 
 // Whether a fit tells the effect of an explanatory modality: some individual of the situations that were kept has it.
-bool EstEstimee(const Travail& travail, std::size_t k);
+bool EstEstimee(const TravailDAnatab& travail, std::size_t k);
 
 // Writes .CD2, .CD4, .cd6 and .cd8 as they stand at the stage that the run has reached.
-void LaisserLesFichiers(const Contexte& contexte, const Travail& travail);
+void LaisserLesFichiers(const Contexte& contexte, const TravailDAnatab& travail);
 // Writes .cd7, the list of the situations.
-void EcrireListeFinale(const Contexte& contexte, const Travail& travail);
+void EcrireListeFinale(const Contexte& contexte, const TravailDAnatab& travail);
 // Deletes the work files, those of an earlier run too.
 void EffacerLesFichiers(const Contexte& contexte);
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/listes.h"
@@ -21,22 +22,22 @@ std::string_view TitreDe(const ModeleAjuste& ajuste) {
   return ajuste.lien == FonctionDeLien::Lineaire ? "Régression linéaire"_w : "Régression logistique"_w;
 }
 
-void ImprimerNonEstimes(Rapport& rapport, const Travail& travail) {
+void ImprimerNonEstimes(Rapport& rapport, const TravailDAnatab& travail) {
   const std::vector<std::string> effets = EffetsNonEstimes(travail);
   if (effets.empty()) return;
-  rapport.Ligne({"*** Attention : effet non estimé, laissé à 0 : "_w, Enumerer(effets)});
+  rapport.Ligne({kAttention, "effet non estimé, laissé à 0 : "_w, Enumerer(effets)});
 }
 
 // Effects that share one whole of which the data tell the sum alone: the search splits it by the order of the
 // questions.
-void ImprimerIndistincts(Rapport& rapport, const Travail& travail, const std::vector<std::size_t>& indistincts) {
+void ImprimerIndistincts(Rapport& rapport, const TravailDAnatab& travail, const std::vector<std::size_t>& indistincts) {
   if (indistincts.empty()) return;
-  rapport.Ligne(
-      {"*** Attention : les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
-       Enumerer(IntitulesDesParametres(travail.modele, indistincts))});
+  rapport.Ligne({kAttention,
+                 "les situations ne permettent pas de distinguer ces effets, leur partage est arbitraire : "_w,
+                 Enumerer(IntitulesDesParametres(travail.modele, indistincts))});
 }
 
-void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste) {
+void ImprimerConstante(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
   const bool logistique = ajuste.lien == FonctionDeLien::Logistique;
   rapport.Ligne({"Situation de référence "_w, NomsDeSituation(travail.analyse, travail.analyse.reference),
                  std::string_view(logistique ? "       ChancesRef" : "")});
@@ -47,7 +48,7 @@ void ImprimerConstante(Rapport& rapport, const Travail& travail, const ModeleAju
 }
 
 // A mean of each modality with its distance from the general one, beside that of what was observed.
-void ImprimerMoyennes(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerMoyennes(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& moyennes, Texte entete, std::string_view separation) {
   rapport.Ligne({TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(travail.base.MoyenneGenerale(), 1, 4)});
   rapport.Ligne();
@@ -60,7 +61,7 @@ void ImprimerMoyennes(Rapport& rapport, const Travail& travail, const ModeleAjus
 
 }  // namespace
 
-void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerParametres(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                         const std::vector<std::size_t>& indistincts) {
   rapport.Ligne();
   rapport.Ligne(kEtoiles);
@@ -68,7 +69,7 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   rapport.Ligne(TitreDe(ajuste));
   rapport.Ligne(travail.modele.titre);
   if (ajuste.ajustement.interrompu)
-    rapport.Ligne({"*** Attention : la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
+    rapport.Ligne({kAttention, "la vraisemblance monte encore après "_w, Nombre(kPassagesMax),
                    " passages, les paramètres ci-dessous ne sont pas stabilisés"_w});
   ImprimerNonEstimes(rapport, travail);
   ImprimerIndistincts(rapport, travail, indistincts);
@@ -81,8 +82,9 @@ void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAj
   rapport.Ligne();
 }
 
-void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste, const TestsDuModele& tests) {
-  ImprimerRangees(rapport, TableauDesVraisemblances(ajuste, tests), {.places = {{"", 5, kLibre}}});
+void ImprimerTests(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
+                   const TestsDuModele& tests) {
+  ImprimerRangees(rapport, TableauDesVraisemblances(ajuste, tests), {.titre = 14, .places = {{"", 5, kLibre}}});
   rapport.Ligne({"Degré liberté "_w, NombreFixe(static_cast<double>(tests.parametres.size()), 3, 0),
                  " Prob.=", NombreFixe(tests.modele.Depassement(), 1, 3), " ", tests.modele.probabilite.marque});
   ImprimerRangees(
@@ -92,7 +94,7 @@ void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste&
   rapport.Ligne();
 }
 
-void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerEffetExperimental(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                                const std::vector<double>& moyennes) {
   rapport.Ligne("Sorties en probabilité selon méthode de l'effet expérimental (Brenque, BMS à paraitre)"_w);
   ImprimerMoyennes(rapport, travail, ajuste, moyennes,
@@ -100,7 +102,7 @@ void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const M
                    "  ");
 }
 
-void ImprimerEffetPur(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerEffetPur(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& ajustees) {
   rapport.Ligne("Sorties en probabilité selon méthode de l'effet pur (Marvex/Soldain 1997 p.252)"_w);
   ImprimerMoyennes(rapport, travail, ajuste, ajustees,

@@ -11,13 +11,14 @@
 namespace quelvar::regression {
 
 // `indistincts`: the ranks of the parameters that the data do not tell apart.
-void ImprimerParametres(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerParametres(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                         const std::vector<std::size_t>& indistincts);
-void ImprimerTests(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste, const TestsDuModele& tests);
+void ImprimerTests(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
+                   const TestsDuModele& tests);
 // `moyennes` of each explanatory modality.
-void ImprimerEffetExperimental(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerEffetExperimental(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                                const std::vector<double>& moyennes);
-void ImprimerEffetPur(Rapport& rapport, const Travail& travail, const ModeleAjuste& ajuste,
+void ImprimerEffetPur(Rapport& rapport, const TravailDAnatab& travail, const ModeleAjuste& ajuste,
                       const std::vector<double>& ajustees);
 
 }  // namespace quelvar::regression

@@ -51,7 +51,7 @@ ModeleAjuste Ajuster(const Dialogue& ecran, FonctionDeLien lien, const Observati
 
 }  // namespace
 
-Parametres DepartLineaire(const Travail& travail) {
+Parametres DepartLineaire(const TravailDAnatab& travail) {
   std::vector<double> moyennes(travail.modele.Explicatives());
   for (const Effet& effet : travail.analyse.effets) moyennes[effet.modalite] = effet.moyenne;
   Parametres depart;
@@ -61,7 +61,7 @@ Parametres DepartLineaire(const Travail& travail) {
   return depart;
 }
 
-Parametres DepartLogistique(const Travail& travail, const Parametres& lineaires) {
+Parametres DepartLogistique(const TravailDAnatab& travail, const Parametres& lineaires) {
   const double p = travail.analyse.PartReference();
   Parametres depart;
   depart.alpha = Logit(Chances(p));
@@ -72,7 +72,7 @@ Parametres DepartLogistique(const Travail& travail, const Parametres& lineaires)
   return depart;
 }
 
-ModeleAjuste AjusterLesModeles(const Contexte& contexte, Rapport& rapport, const Travail& travail) {
+ModeleAjuste AjusterLesModeles(const Contexte& contexte, Rapport& rapport, const TravailDAnatab& travail) {
   const Dialogue& ecran = contexte.Ecran();
   const Fiches& fiches = travail.individus.fiches;
   const Observations observations = ObservationsDe(travail.comptees, fiches, travail.modele);

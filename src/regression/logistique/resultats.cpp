@@ -6,6 +6,7 @@
 
 #include "core/programme/rapport.h"
 #include "crosstab/tableau/khi2.h"
+#include "regression/anatab/cellules.h"
 
 namespace quelvar::regression {
 
@@ -16,12 +17,9 @@ constexpr int kDecimalesDemandees = 5;  // from this value on DE= is a number of
 constexpr int kDecimalesDeChances = 2;
 constexpr int kDecimalesDeProbabilite = 3;
 
-int Decimales(const Travail& travail) {
+int Decimales(const TravailDAnatab& travail) {
   return travail.parametres.de >= kDecimalesDemandees ? travail.parametres.de : kDecimalesOrdinaires;
 }
-
-Cellule Valeur(double valeur, int decimales) { return {valeur, Unite::Nombre, decimales, {}}; }
-Cellule Points(double valeur) { return {valeur, Unite::Pourcent, 1, {}}; }
 
 std::vector<std::string> IntitulesDesParametres(const Modele& modele) {
   std::vector<std::string> intitules;
@@ -44,7 +42,7 @@ std::string_view MarqueDeParametre(double depassement) {
 
 }  // namespace
 
-std::vector<std::string> EffetsNonEstimes(const Travail& travail) {
+std::vector<std::string> EffetsNonEstimes(const TravailDAnatab& travail) {
   std::vector<std::string> effets;
   for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k)
     if (!travail.modele.Explicative(k).reference && !EstEstimee(travail, k))
@@ -59,28 +57,29 @@ std::vector<std::string> IntitulesDesParametres(const Modele& modele, const std:
   return intitules;
 }
 
-TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste) {
+TableauEdite TableauDeLaConstante(const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
   const double alpha = ajuste.ajustement.parametres.alpha;
   const int decimales = Decimales(travail);
   TableauEdite tableau;
-  std::vector<Cellule> cellules = {Valeur(alpha, decimales)};
-  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(Valeur(std::exp(alpha), decimales));
-  cellules.push_back(Points(100 * Probabilite(ajuste.lien, alpha)));
+  std::vector<Cellule> cellules = {CelluleDecimale(alpha, decimales)};
+  if (ajuste.lien == FonctionDeLien::Logistique) cellules.push_back(CelluleDecimale(std::exp(alpha), decimales));
+  cellules.push_back(CelluleEnPoints(100 * Probabilite(ajuste.lien, alpha)));
   tableau.colonnes.resize(cellules.size());
   tableau.rangees.push_back({{}, {}, std::move(cellules)});
   return tableau;
 }
 
-TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& ajuste) {
+TableauEdite TableauDesParametres(const TravailDAnatab& travail, const ModeleAjuste& ajuste) {
   const bool logistique = ajuste.lien == FonctionDeLien::Logistique;
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
   const std::vector<double>& betas = ajuste.ajustement.parametres.betas;
   TableauEdite tableau;
   tableau.colonnes.resize(logistique ? 3 : 2);
   for (std::size_t j = 0; j < betas.size(); ++j) {
-    Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {Valeur(betas[j], Decimales(travail))}});
-    if (logistique) rangee.cellules.push_back(Valeur(std::exp(betas[j]), kDecimalesDeChances));
-    rangee.cellules.push_back(Points(EffetEnPoints(ajuste, betas[j])));
+    Rangee& rangee =
+        tableau.rangees.emplace_back(Rangee{intitules[j], {}, {CelluleDecimale(betas[j], Decimales(travail))}});
+    if (logistique) rangee.cellules.push_back(CelluleDecimale(std::exp(betas[j]), kDecimalesDeChances));
+    rangee.cellules.push_back(CelluleEnPoints(EffetEnPoints(ajuste, betas[j])));
   }
   return tableau;
 }
@@ -89,15 +88,15 @@ TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuM
   TableauEdite tableau;
   tableau.colonnes.resize(1);
   const auto ajouter = [&](std::string_view nom, double valeur) {
-    tableau.rangees.push_back({std::string(nom), {}, {Valeur(valeur, kDecimalesOrdinaires)}});
+    tableau.rangees.push_back({std::string(nom), {}, {CelluleDecimale(valeur, kDecimalesOrdinaires)}});
   };
-  ajouter("Cst seulement ", -2 * tests.logConstante);
+  ajouter("Cst seulement", -2 * tests.logConstante);
   ajouter("Modèle complet"_w, -2 * ajuste.ajustement.logVraisemblance);
   ajouter("Khideux Vrais.", tests.modele.khi2);
   return tableau;
 }
 
-TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests) {
+TableauEdite TableauDesTests(const TravailDAnatab& travail, const TestsDuModele& tests) {
   const std::vector<std::string> intitules = IntitulesDesParametres(travail.modele);
   TableauEdite tableau;
   tableau.colonnes.resize(3);
@@ -106,22 +105,23 @@ TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests)
     Rangee& rangee = tableau.rangees.emplace_back(Rangee{intitules[j], {}, {}});
     if (test.Impossible()) rangee.intitule = Joindre({" Khideux de Vrais.", "   Test impossible à calculer"_w});
     else
-      rangee.cellules = {Valeur(test.khi2, kDecimalesOrdinaires),
-                         Valeur(test.Depassement(), kDecimalesDeProbabilite),
-                         {{}, Unite::Nombre, 0, std::string(MarqueDeParametre(test.Depassement()))}};
+      rangee.cellules = {CelluleDecimale(test.khi2, kDecimalesOrdinaires),
+                         CelluleDecimale(test.Depassement(), kDecimalesDeProbabilite),
+                         CelluleTexte(MarqueDeParametre(test.Depassement()))};
   }
   return tableau;
 }
 
-TableauEdite TableauDesMoyennes(const Travail& travail, const std::vector<double>& moyennes) {
+TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes) {
   const double generale = travail.base.MoyenneGenerale();
   TableauEdite tableau;
   tableau.colonnes.resize(3);
   for (std::size_t k = 0; k < moyennes.size(); ++k)
-    tableau.rangees.push_back({travail.modele.Explicative(k).intitule,
-                               {},
-                               {Valeur(moyennes[k], kDecimalesOrdinaires), Points(100 * (moyennes[k] - generale)),
-                                Points(100 * (travail.base.Part(k) - generale))}});
+    tableau.rangees.push_back(
+        {travail.modele.Explicative(k).intitule,
+         {},
+         {CelluleDecimale(moyennes[k], kDecimalesOrdinaires), CelluleEnPoints(100 * (moyennes[k] - generale)),
+          CelluleEnPoints(100 * (travail.base.Part(k) - generale))}});
   return tableau;
 }
 

@@ -13,20 +13,20 @@ namespace quelvar::regression {
 
 // The modalities whose effect the fit leaves at 0, each with the reason behind its label. The search would carry to
 // infinity the effect of one that settles the answer: its situations take no part in the fit.
-std::vector<std::string> EffetsNonEstimes(const Travail& travail);
+std::vector<std::string> EffetsNonEstimes(const TravailDAnatab& travail);
 // The labels of these parameters, by rank.
 std::vector<std::string> IntitulesDesParametres(const Modele& modele, const std::vector<std::size_t>& rangs);
 
 // The constant, for a logistic model its exponential, and the percentage of the reference situation.
-TableauEdite TableauDeLaConstante(const Travail& travail, const ModeleAjuste& ajuste);
+TableauEdite TableauDeLaConstante(const TravailDAnatab& travail, const ModeleAjuste& ajuste);
 // The coefficients, for a logistic model their odds-ratios, and the effects in points.
-TableauEdite TableauDesParametres(const Travail& travail, const ModeleAjuste& ajuste);
+TableauEdite TableauDesParametres(const TravailDAnatab& travail, const ModeleAjuste& ajuste);
 // -2 log-likelihood of the constant alone and of the model, and the chi-square of their ratio.
 TableauEdite TableauDesVraisemblances(const ModeleAjuste& ajuste, const TestsDuModele& tests);
 // The chi-square of each coefficient, the probability to exceed it, and its mark; a label for a test that is
 // impossible.
-TableauEdite TableauDesTests(const Travail& travail, const TestsDuModele& tests);
+TableauEdite TableauDesTests(const TravailDAnatab& travail, const TestsDuModele& tests);
 // Of each explanatory modality a mean, its distance from the general one, and that of the observed mean, in points.
-TableauEdite TableauDesMoyennes(const Travail& travail, const std::vector<double>& moyennes);
+TableauEdite TableauDesMoyennes(const TravailDAnatab& travail, const std::vector<double>& moyennes);
 
 }  // namespace quelvar::regression

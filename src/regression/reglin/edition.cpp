@@ -1,21 +1,34 @@
 #include "regression/reglin/edition.h"
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
-#include "regression/codage.h"
+#include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
 
 namespace {
 
-constexpr PlaceEnRangee kGrandNombre{"", 11, Elargissement::DerriereUnNombre};
-constexpr PlaceEnRangee kNombre{"", 8, Elargissement::DerriereUnNombre};
+constexpr int kAvantLesTitres = 23;
 constexpr int kAvantLaMarque = 62;  // columns, up to the word "Signification" of the line above
 
 // Columns of a value in the table of data, with the blank in front of it.
 int LargeurDeValeur(const VariablesDeRegression& variables) { return static_cast<int>(variables.largeur) + 1; }
+
+// A column whose title stands behind these blanks.
+PlaceEnRangee PlaceDeNombre(int entiers, std::string_view avantTitre) {
+  return {.entiers = entiers, .elargissement = Elargissement::DerriereUnNombre, .avantTitre = avantTitre};
+}
+
+// The report has the names of the columns on two lines, each behind blanks of its own.
+TableauEdite SurDeuxLignes(TableauEdite variance) {
+  variance.colonnes = {{"   DDL", "   "},
+                       {"    Somme des", Joindre({"     carrés"_w})},
+                       {Joindre({"       Carré   "_w}), "         moyen  "}};
+  return variance;
+}
 
 }  // namespace
 
@@ -40,18 +53,24 @@ void ImprimerDescription(Rapport& rapport, double individus, const VariablesDecr
   rapport.Ligne("                      Description des données"_w);
   rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
   rapport.Ligne();
-  ImprimerRangees(rapport, decrites.tableau, {.titre = static_cast<int>(kLargeurIntitule), .places = {kGrandNombre}});
+  ImprimerRangees(rapport, decrites.tableau,
+                  {.titre = static_cast<int>(kLargeurIntitule),
+                   .places = {PlaceDeNombre(11, "                                  "), PlaceDeNombre(11, "      ")}});
   if (decrites.arret) return;
   for (const std::string& intitule : decrites.incertaines)
-    rapport.Ligne({"*** Attention : les valeurs de ", intitule,
+    rapport.Ligne({kAttention, "les valeurs de ", intitule,
                    " sont trop grandes devant leur dispersion, les résultats qui suivent ne sont pas sûrs : "
                    "retranchez-leur une constante"_w});
   rapport.Ligne();
 }
 
 void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string_view signification) {
-  ImprimerRangees(rapport, TableauDeVariance(a),
-                  {.places = {{"", 4, Elargissement::DerriereUnTexte}, kNombre}, .coinDesIntitules = "           "});
+  constexpr std::string_view kBlancsDuCoin = "           ";
+  ImprimerRangees(rapport, SurDeuxLignes(TableauDeVariance(a)),
+                  {.titre = static_cast<int>(kBlancsDuCoin.size()),
+                   .places = {{"", 4, Elargissement::DerriereUnTexte}, PlaceDeNombre(8, "")},
+                   .coinDesIntitules = kBlancsDuCoin,
+                   .avantLesTitres = kAvantLesTitres});
   rapport.Ligne();
   rapport.Ligne({"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), 3, 0), " , ",
                  Figure(a.degres, 3, 0), " ) =", Figure(a.f, 8, 4), "  Signification  "});
@@ -67,7 +86,14 @@ void ImprimerParametres(Rapport& rapport, const VariablesDeRegression& variables
   constexpr int kLargeurMarque = 12;
   rapport.Ligne({"Variable à expliquer : "_w, Rogner(variables.Expliquee().intitule)});
   rapport.Ligne();
-  ImprimerRangees(rapport, estimes.tableau, {.titre = kLargeurNom, .places = {kNombre}, .intitule = kLargeurMarque});
+  ImprimerRangees(rapport, estimes.tableau,
+                  {.titre = kLargeurNom,
+                   .places = {PlaceDeNombre(8, "           "),
+                              PlaceDeNombre(8, "   "),
+                              PlaceDeNombre(8, "    "),
+                              {.avantTitre = "   "}},
+                   .intitule = kLargeurMarque,
+                   .avantLesTitres = kAvantLesTitres});
 }
 
 }  // namespace quelvar::regression

@@ -12,8 +12,8 @@
 #include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/texte/listes.h"
-#include "regression/codage.h"
-#include "regression/entrees.h"
+#include "regression/donnees/codage.h"
+#include "regression/donnees/entrees.h"
 #include "regression/reglin/edition.h"
 
 namespace quelvar::regression {
@@ -58,7 +58,7 @@ void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegres
   if (variables.marquesCoupees.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
+      Joindre({kAttention, "la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
                " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
                Enumerer(variables.marquesCoupees)}),
       Boutons::Ok);
@@ -114,7 +114,7 @@ void PrevenirDesColonnesDeTrop(const Contexte& contexte, const VariablesDeRegres
       Boutons::Ok);
 }
 
-struct Lecture {
+struct LectureDesMoments {
   Moments moments;
   LignesLongues longues;
   Fautifs fautifs;  // the moments are not whole when there are some
@@ -124,9 +124,9 @@ struct Lecture {
 };
 
 // Each line goes to `suivre`, when there is one, up to the first that is too short.
-Lecture LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
-                    const std::function<void(std::string_view)>& suivre) {
-  Lecture lecture{.moments = Moments(variables.explicatives.size()), .longues = {}, .fautifs = {}};
+LectureDesMoments LireMoments(const Chemin& donnees, const VariablesDeRegression& variables, Progression& progression,
+                              const std::function<void(std::string_view)>& suivre) {
+  LectureDesMoments lecture{.moments = Moments(variables.explicatives.size()), .longues = {}, .fautifs = {}};
   const std::size_t longueur = kLargeurIdentifiant + variables.noms.size() * variables.largeur;
   std::vector<double> valeurs(lecture.moments.Ordre());
   Fautifs& fautifs = lecture.fautifs;
@@ -159,7 +159,7 @@ Moments CalculerMoments(const Contexte& contexte, Rapport& rapport, const Chemin
   std::function<void(std::string_view)> suivre;
   if (imprimer) suivre = [&](std::string_view ligne) { ImprimerLigneDeTable(rapport, ligne, variables); };
   Progression progression(contexte.Ecran(), individus);
-  Lecture lecture = LireMoments(donnees, variables, progression, suivre);
+  LectureDesMoments lecture = LireMoments(donnees, variables, progression, suivre);
   // What a line does not hold is no 0.
   ExigerSansFautifs(rapport, lecture.fautifs, "n'a pas une valeur pour chaque variable"_w);
   for (const Douteux* const douteux : {&lecture.vides, &lecture.virgules, &lecture.coupees})
@@ -172,7 +172,7 @@ void ImprimerPertes(Rapport& rapport, const VariablesDeRegression& variables, co
   if (rangs.empty()) return;
   std::vector<std::string> noms;
   for (const std::size_t rang : rangs) noms.emplace_back(Rogner(variables.explicatives[rang].nom));
-  rapport.Ligne({"*** Attention : les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, Enumerer(noms),
+  rapport.Ligne({kAttention, "les derniers chiffres des paramètres ne sont pas sûrs, à cause de "_w, Enumerer(noms),
                  " : retranchez une constante à ce qui est grand devant son écart-type, ôtez ce qui est presque "
                  "déterminé par les autres"_w});
   rapport.Ligne();
@@ -192,7 +192,7 @@ void Regresser(Rapport& rapport, const Moments& sommes, const VariablesDeRegress
   AjustementLineaire ajustement = AjusterMoindresCarres(moments, dispersion, *inverse);
   if (ajustement.exact) {
     rapport.Ligne(
-        "*** Attention : les variables explicatives expliquent tout, F et les tests ne tiennent qu'aux arrondis"_w);
+        {kAttention, "les variables explicatives expliquent tout, F et les tests ne tiennent qu'aux arrondis"_w});
     rapport.Ligne();
   }
   TesterAjustement(*inverse, ajustement);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/programme/rapport.h"
+#include "core/resultats/cellules.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::regression {
@@ -48,9 +49,7 @@ int DecimalesDe(std::string_view champ) {
 
 VariablesDecrites Decrire(const VariablesDeRegression& variables, const Dispersion& dispersion) {
   VariablesDecrites decrites;
-  decrites.tableau.colonnes = {{"                                  moyenne"},
-                               {Joindre({"      écart-type"_w})},
-                               {Joindre({"      écart-type corrigé"_w})}};
+  decrites.tableau.colonnes = {{"moyenne"}, {Joindre({"écart-type"_w})}, {Joindre({"écart-type corrigé"_w})}};
   const std::size_t expliquee = variables.explicatives.size() + 1;
   decrites.arret = Ajouter(variables.Expliquee(), dispersion, expliquee, decrites);
   for (std::size_t i = 0; i < variables.explicatives.size() && !decrites.arret; ++i)
@@ -60,26 +59,25 @@ VariablesDecrites Decrire(const VariablesDeRegression& variables, const Dispersi
 
 TableauEdite TableauDeVariance(const AjustementLineaire& a) {
   TableauEdite tableau;
-  tableau.titres = {Joindre({"                       Décomposition de la variance"_w})};
-  tableau.coin = "Variance   ";
-  tableau.colonnes = {{"DDL", "   "},
-                      {"    Somme des", Joindre({"     carrés"_w})},
-                      {Joindre({"       Carré   "_w}), "         moyen  "}};
+  tableau.titres = {Joindre({"Décomposition de la variance"_w})};
+  tableau.coin = "Variance";
+  tableau.colonnes = {{"DDL"}, {Joindre({"Somme des carrés"_w})}, {Joindre({"Carré moyen"_w})}};
   const auto ajouter = [&](std::string_view source, double degres, double variance) {
     const double somme = a.individus * variance;
-    tableau.rangees.push_back({std::string(source), {}, {{degres}, Decimale(somme), Decimale(somme / degres)}});
+    tableau.rangees.push_back(
+        {std::string(source), {}, {CelluleEntiere(degres), Decimale(somme), Decimale(somme / degres)}});
   };
-  ajouter("Totale     ", a.individus - 1, a.totale);
-  ajouter("Expliquée  "_w, static_cast<double>(a.explicatives), a.expliquee);
-  ajouter("Résiduelle "_w, a.degres, a.residuelle);
+  ajouter("Totale", a.individus - 1, a.totale);
+  ajouter("Expliquée"_w, static_cast<double>(a.explicatives), a.expliquee);
+  ajouter("Résiduelle"_w, a.degres, a.residuelle);
   return tableau;
 }
 
 ParametresEstimes EstimerParametres(const VariablesDeRegression& variables, const AjustementLineaire& a) {
   ParametresEstimes estimes;
-  estimes.tableau.titres = {Joindre({"                       Estimation des paramètres"_w})};
-  estimes.tableau.coin = Joindre({"Paramètre           "_w});
-  estimes.tableau.colonnes = {{"Estimation"}, {"   Ecart-type"}, {"    Test T"}, {"   Signification"}};
+  estimes.tableau.titres = {Joindre({"Estimation des paramètres"_w})};
+  estimes.tableau.coin = Joindre({"Paramètre"_w});
+  estimes.tableau.colonnes = {{"Estimation"}, {"Ecart-type"}, {"Test T"}, {"Signification"}};
   std::vector<Rangee>& rangees = estimes.tableau.rangees;
   const auto ajouter = [&](std::string_view nom, std::size_t i) {
     estimes.arrete = estimes.arrete || a.ecartsTypes[i] == 0;

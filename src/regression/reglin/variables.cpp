@@ -7,7 +7,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
-#include "regression/codage.h"
+#include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
 

@@ -12,11 +12,12 @@ namespace {
 
 constexpr std::size_t kParBloc = 16;  // questions on a line of the short edition
 constexpr int kLargeurNom = 5;        // columns of a name, and of a PEM
-constexpr PlaceEnRangee kPlaceDuPem{.entiers = kLargeurNom, .titre = TitreDeColonne::AGauche};
+constexpr PlaceEnRangee kSousSonNom{.entiers = kLargeurNom, .titre = TitreDeColonne::AGauche};
+constexpr PlaceEnRangee kEnTete{.entiers = kLargeurNom, .titre = TitreDeColonne::AGauche, .avantTitre = " "};
 
 }  // namespace
 
-void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport) {
+void ImprimerTeteDesProfils(const Contexte& contexte, Rapport& rapport) {
   ImprimerBandeau(rapport, "Profils de variables d'intérêt"_w);
   rapport.Ligne({"Le nom par défaut du fichier d'entrée est "_w, contexte.Nom(".DAT")});
   rapport.Ligne({"Le nom du fichier de paramètres de position est "_w, contexte.Nom(".POS")});
@@ -39,12 +40,13 @@ void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profi
   rapport.Ligne();
   if (edition == EditionVarint::Longue) {
     ImprimerRangees(rapport, TableauLong(pos, liens),
-                    {.titre = kLargeurNom, .places = {kPlaceDuPem}, .avantIntitule = " "});
+                    {.titre = kLargeurNom,
+                     .places = {{.entiers = kLargeurNom, .avantTitre = "    "}, {.avant = " ", .avantTitre = "  "}}});
     return;
   }
   for (std::size_t debut = 0; debut < liens.size(); debut += kParBloc)
     ImprimerRangees(rapport, TableauCourt(pos, liens.subspan(debut, std::min(kParBloc, liens.size() - debut))),
-                    {.places = {kPlaceDuPem}});
+                    {.titre = 1, .places = {kEnTete, kSousSonNom}});
 }
 
 }  // namespace quelvar::regression

@@ -9,7 +9,7 @@
 namespace quelvar::regression {
 
 // The banner and the names of the files.
-void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport);
+void ImprimerTeteDesProfils(const Contexte& contexte, Rapport& rapport);
 void ImprimerTitreDesProfils(Rapport& rapport);
 // One question with its links: one below the other with their long names, or side by side in blocks.
 void ImprimerProfil(Rapport& rapport, const FichierPos& pos, const Profil& profil, EditionVarint edition);

@@ -85,8 +85,8 @@ void PrevenirDesNoms(const Contexte& contexte, std::size_t questions, const std:
   if (choisies.size() == questions && std::is_sorted(choisies.begin(), choisies.end())) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({"*** Attention : les colonnes de "_w, contexte.Nom(".BRT"),
-               " sont toutes les questions, dans l'ordre de ", contexte.Nom(".POS"), ", et ", contexte.Nom(".MOD"),
+      Joindre({kAttention, "les colonnes de "_w, contexte.Nom(".BRT"), " sont toutes les questions, dans l'ordre de ",
+               contexte.Nom(".POS"), ", et ", contexte.Nom(".MOD"),
                " ne les nomme pas ainsi : ne faites pas l'analyse factorielle de ce tableau, "
                "relancez avec toutes les questions dans leur ordre"}),
       Boutons::Ok);
@@ -107,7 +107,7 @@ void Executer(const Contexte& contexte, const OptionsVarint& options, Rapport& r
   ExigerFichiers(rapport, contexte.Ecran(),
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), fichierPos.has_value()}},
                  "Arrêt du programme du à l'absence d'un ou de deux fichiers"_w);
-  ImprimerNomsDeFichiers(contexte, rapport);
+  ImprimerTeteDesProfils(contexte, rapport);
   ExigerEcriture(contexte, rapport, options.image);
   const FichierPos pos = LirePos(*fichierPos);
   ExigerParentheses(pos.taille, contexte.Ecran());

@@ -162,7 +162,7 @@ Description<O> Decrire() {
       .Libre(
           "textevit", "LIGNE|LIGNE|...",
           "texte de toutes les variables idéales-typiques, comme le corrige l'éditeur du formulaire ($$NOM, puis une "
-          "ligne par élément)"_w,
+          "ligne par élément) ; \\| est un | dans une ligne, et \\\\ un \\ devant l'un des deux"_w,
           PoserTexteVit, EcrireTexteVit)
       .Montre("TextVIT")
       .Libre("vit", kFormeVit, "variable idéale-typique ajoutée à celles du fichier ; non les efface ; se répète"_w,

@@ -4,7 +4,7 @@
 
 #include "core/programme/rapport.h"
 #include "core/texte/caracteres.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 

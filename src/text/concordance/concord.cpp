@@ -6,10 +6,9 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
+#include "text/commun/lignedemot.h"
 #include "text/concordance/edition.h"
 #include "text/concordance/ordre.h"
-#include "text/decoupage/mots.h"
-#include "text/tableau/comptage.h"
 
 namespace quelvar::text {
 
@@ -18,7 +17,7 @@ namespace {
 constexpr std::size_t kContextes = kContexteGauche + kContexteDroit;
 
 // Where the parts of a line of words stand.
-struct Plan {
+struct PlacesDansLaLigne {
   std::size_t mot = 0;
   std::size_t caracteristiques = 0;
   std::size_t largeur = 0;  // of the characteristics
@@ -29,44 +28,44 @@ struct Plan {
   }
 };
 
-std::optional<Plan> PlanDeTr1(std::string_view ligne) {
+std::optional<PlacesDansLaLigne> PlacesDeTr1(std::string_view ligne) {
   if (ligne.size() < kLargeurMot + kContextes) return std::nullopt;
   const std::size_t largeur = ligne.size() - kLargeurMot - kContextes;
-  return Plan{0, kLargeurMot, largeur, kLargeurMot + largeur};
+  return PlacesDansLaLigne{0, kLargeurMot, largeur, kLargeurMot + largeur};
 }
 
-std::optional<Plan> PlanDeDat(std::string_view ligne) {
+std::optional<PlacesDansLaLigne> PlacesDeDat(std::string_view ligne) {
   const std::optional<std::size_t> largeur = LargeurDesCaracteristiques(ligne);
   if (!largeur) return std::nullopt;
   const std::size_t mot = *largeur + kLargeurCode;
-  return Plan{mot, 0, *largeur, mot + kLargeurMot + kFinDeMot.size()};
+  return PlacesDansLaLigne{mot, 0, *largeur, mot + kLargeurMot + kFinDeMot.size()};
 }
 
-LigneDeConcordance Couper(const Plan& plan, std::string_view ligne) {
-  std::string_view gauche = ligne.substr(plan.contexte, kContexteGauche);
+LigneDeConcordance Couper(const PlacesDansLaLigne& places, std::string_view ligne) {
+  std::string_view gauche = ligne.substr(places.contexte, kContexteGauche);
   gauche.remove_prefix(std::min(gauche.find_first_not_of('*'), gauche.size()));
-  return {std::string(ligne.substr(plan.caracteristiques, plan.largeur)), std::string(gauche),
-          std::string(RognerDroite(ligne.substr(plan.contexte + kContexteGauche)))};
+  return {std::string(ligne.substr(places.caracteristiques, places.largeur)), std::string(gauche),
+          std::string(RognerDroite(ligne.substr(places.contexte + kContexteGauche)))};
 }
 
 void Lire(const Chemin& chemin, bool tr1, Concordances& concordances) {
   std::vector<std::string> champs;
   for (const MotTrouve& trouve : concordances.mots) champs.push_back(CadreGauche(trouve.mot, kLargeurMot));
-  std::optional<Plan> plan;
+  std::optional<PlacesDansLaLigne> places;
   LecteurLignes lecteur(chemin);
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    if (!plan) plan = tr1 ? PlanDeTr1(ligne) : PlanDeDat(ligne);
-    if (!plan) {
+    if (!places) places = tr1 ? PlacesDeTr1(ligne) : PlacesDeDat(ligne);
+    if (!places) {
       concordances.faute = Joindre(
           {"Le fichier ", concordances.source, " ne contient pas des mots : faire d'abord le découpage en mots"_w});
       return;
     }
-    if (!plan->Tient(ligne)) continue;
-    const std::string_view mot = ligne.substr(plan->mot, kLargeurMot);
+    if (!places->Tient(ligne)) continue;
+    const std::string_view mot = ligne.substr(places->mot, kLargeurMot);
     const auto cherche = std::find(champs.begin(), champs.end(), mot);
     if (cherche == champs.end()) continue;
     ++concordances.mots[static_cast<std::size_t>(cherche - champs.begin())].lignes;
-    concordances.lignes.push_back(Couper(*plan, ligne));
+    concordances.lignes.push_back(Couper(*places, ligne));
   }
 }
 

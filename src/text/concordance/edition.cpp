@@ -4,7 +4,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/texte/listes.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 

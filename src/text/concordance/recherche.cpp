@@ -4,8 +4,9 @@
 #include <iterator>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/texte/listes.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 #include "text/gestion/motsdeslignes.h"
 
 namespace quelvar::text {
@@ -37,7 +38,7 @@ std::string SansLesMots(const Contexte& contexte) {
 std::vector<std::string> RemarquesSurLaLigne(const Contexte& contexte, const MotsCherches& ligne,
                                              std::int64_t trouvees) {
   if (ligne.frequence ? *ligne.frequence == trouvees : ligne.connus) return {};
-  const std::string debut = Joindre({"*** Attention : la ligne ", ligne.nom, " du tableau", FrequenceDite(ligne)});
+  const std::string debut = Joindre({kAttention, "la ligne ", ligne.nom, " du tableau", FrequenceDite(ligne)});
   if (ligne.connus)
     return {Joindre({debut, " et ses mots (", Nombre(trouvees),
                      " ligne(s)) ne vont pas ensemble : ce tableau n'est "

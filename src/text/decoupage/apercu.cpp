@@ -5,9 +5,8 @@
 
 #include "core/document/affichage.h"
 #include "core/texte/lignes.h"
+#include "text/commun/lignedemot.h"
 #include "text/commun/source.h"
-#include "text/decoupage/mots.h"
-#include "text/tableau/comptage.h"
 
 namespace quelvar::text {
 

@@ -6,6 +6,7 @@
 #include "core/panne/erreur.h"
 #include "core/texte/lignes.h"
 #include "core/texte/texte.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 
@@ -35,9 +36,9 @@ void AjouterSansDoublesBlancs(std::string& octets, std::string_view texte) {
 }
 
 // Looks at each line of the text and keeps those that make records.
-class Verification {
+class VerificationDuTexte {
  public:
-  Verification(const ConsignesDeCoupe& consignes, const TemoinsDeCoupe& temoins, std::string& octets)
+  VerificationDuTexte(const ConsignesDeCoupe& consignes, const TemoinsDeCoupe& temoins, std::string& octets)
       : consignes_(consignes), temoins_(temoins), octets_(octets) {}
 
   void Verifier(std::string_view texte) {
@@ -172,7 +173,7 @@ BilanDeCoupe CouperTexte(std::string_view texte, const ConsignesDeCoupe& consign
   corpus.gabarit = consignes.gabarit;
   corpus.octets.reserve(texte.size());
   BilanDeCoupe bilan;
-  Verification verification(consignes, temoins, corpus.octets);
+  VerificationDuTexte verification(consignes, temoins, corpus.octets);
   verification.Verifier(texte);
   bilan.erreurs = verification.erreurs;
   bilan.etoilesAvant = verification.etoilesAvant;

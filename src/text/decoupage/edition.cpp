@@ -4,6 +4,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/resultats/rangees.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 

@@ -11,6 +11,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
 #include "core/resultats/tableau.h"
+#include "text/commun/lignedemot.h"
 #include "text/decoupage/mots.h"
 
 namespace quelvar::text {

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/texte/texte.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 

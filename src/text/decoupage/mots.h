@@ -29,12 +29,6 @@ struct Gabarit {
   std::size_t Largeur() const { return caracteristiques + (StimulusEnFin() ? 1 : 0); }
 };
 
-inline constexpr std::size_t kLargeurMot = 10;
-inline constexpr std::size_t kLargeurCode = 4;
-inline constexpr std::size_t kContexteGauche = 30;
-inline constexpr std::size_t kContexteDroit = 45;
-inline constexpr std::string_view kFinDeMot = "$$";  // between word and context in .DAT
-
 // One answer: characteristics, then the text without its star.
 struct Individu {
   std::uint64_t debut = 0;  // in the bytes of the corpus

@@ -13,6 +13,7 @@
 #include "core/programme/arret.h"
 #include "core/programme/attention.h"
 #include "core/programme/place.h"
+#include "text/commun/lignedemot.h"
 #include "text/commun/prise.h"
 #include "text/commun/source.h"
 #include "text/decoupage/edition.h"

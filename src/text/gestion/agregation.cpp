@@ -6,6 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/listes.h"
@@ -26,14 +27,14 @@ double ValeurDeCellule(const LigneDeTable& ligne, std::size_t colonne, std::size
   return ValeurDe(std::string_view(ligne.cellules).substr(colonne * largeur, largeur));
 }
 
-struct Somme {
+struct SommeDesLignes {
   double frequence = 0;
   std::int64_t plafonnees = 0;  // rows whose frequency is the greatest that four columns hold, and may be greater
   std::vector<double> cellules;
 };
 
-Somme SommeDesMarquees(const TableGeree& table) {
-  Somme somme;
+SommeDesLignes SommeDesMarquees(const TableGeree& table) {
+  SommeDesLignes somme;
   somme.cellules.resize(table.Colonnes());
   for (const LigneDeTable& ligne : table.lignes) {
     if (!ligne.marquee) continue;
@@ -70,7 +71,7 @@ std::string ChampDeFrequence(double frequence) {
 std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriDeLignes& tri) {
   std::unordered_map<std::string_view, double> contributions;
   if (tri.cle == CleDeLignes::Facteur) {
-    const auto f = static_cast<std::size_t>(tri.facteur) - 1;
+    const auto f = static_cast<std::size_t>(ValeurDe(tri.facteur)) - 1;
     for (std::size_t i = 0; i < agregation.facteurs->intitules.size(); ++i)
       contributions.emplace(agregation.facteurs->intitules[i], agregation.facteurs->contributions[f][i]);
   }
@@ -92,8 +93,9 @@ std::vector<utilities::CleDeTri> ClesDe(const Agregation& agregation, const TriD
 
 std::vector<std::string> FauteDeTri(const Agregation& agregation, const TriDeLignes& tri) {
   if (tri.cle != CleDeLignes::Facteur) return {};
-  if (!agregation.facteurs || tri.facteur < 1 ||
-      tri.facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
+  const double facteur = ValeurDe(tri.facteur);
+  if (!agregation.facteurs || facteur < 1 ||
+      facteur >= static_cast<double>(agregation.facteurs->contributions.size()) + 1)
     return {std::string(kTitreAttention), std::string("Le facteur demandé n'existe pas"_w)};
   const std::string_view etranger = DUnAutreTableau(*agregation.facteurs, agregation.table);
   if (etranger.empty()) return {};
@@ -149,13 +151,12 @@ void PrevenirDesSupplementaires(const Contexte& contexte, const Agregation& agre
   const std::string devenues = Absentes(maintenant, agregation.supplementaires);
   const std::string perdues = Absentes(agregation.supplementaires, maintenant);
   if (devenues.empty() && perdues.empty()) return;
-  contexte.Ecran().demander(
-      Joindre({"*** Attention : les lignes supplémentaires d'un tableau sont les dernières (ici "_w,
-               Nombre(maintenant.size()), "), et une agrégation ou un tri les a changées. "_w,
-               devenues.empty() ? std::string() : Joindre({"Le deviennent : ", devenues, ". "}),
-               perdues.empty() ? std::string() : Joindre({"Ne le sont plus : ", perdues, ". "}),
-               "Vérifiez-les dans la gestion des colonnes et lignes"_w}),
-      Boutons::Ok);
+  contexte.Ecran().demander(Joindre({kAttention, "les lignes supplémentaires d'un tableau sont les dernières (ici "_w,
+                                     Nombre(maintenant.size()), "), et une agrégation ou un tri les a changées. "_w,
+                                     devenues.empty() ? std::string() : Joindre({"Le deviennent : ", devenues, ". "}),
+                                     perdues.empty() ? std::string() : Joindre({"Ne le sont plus : ", perdues, ". "}),
+                                     "Vérifiez-les dans la gestion des colonnes et lignes"_w}),
+                            Boutons::Ok);
 }
 
 // Once for a table.
@@ -210,7 +211,7 @@ std::string_view Agreger(Agregation& agregation, std::string_view intitule) {
     return "Il n'y a pas de mots à regrouper"_w;
   }
   if (Rogner(intitule).empty()) return "Il faut indiquer le nom qu'aura la ligne agrégation des lignes sélectionnées"_w;
-  const Somme somme = SommeDesMarquees(table);
+  const SommeDesLignes somme = SommeDesMarquees(table);
   Regroupement regroupement{{}, 0, std::string(intitule), somme.frequence, somme.plafonnees};
   LigneDeTable regroupee{ChampDeFrequence(somme.frequence), {}, std::string(intitule), false, {}};
   for (const LigneDeTable& ligne : table.lignes) {

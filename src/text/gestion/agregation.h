@@ -16,7 +16,7 @@ enum class CleDeLignes { Facteur, Frequence, Intitule };
 
 struct TriDeLignes {
   CleDeLignes cle = CleDeLignes::Frequence;
-  double facteur = 1;  // number from 1, for the key of that name
+  std::string facteur = "1";  // number from 1 as typed, for the key of that name; what is no number counts as 0
   utilities::SensDeTri sens = utilities::SensDeTri::Croissant;
 
   bool operator==(const TriDeLignes&) const = default;

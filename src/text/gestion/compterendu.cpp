@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
 #include "core/programme/rapport.h"
 #include "text/tableau/sorties.h"
 
@@ -32,10 +33,10 @@ std::vector<std::string> CompteRenduDe(const Regroupement& regroupement) {
                             " Sa fréquence est de "_w, NombreNu(regroupement.frequence)}));
   if (regroupement.plafonnees > 0)
     lignes.push_back(
-        Joindre({"*** Attention : cette fréquence est un minimum, "_w, Nombre(regroupement.plafonnees),
+        Joindre({kAttention, "cette fréquence est un minimum, "_w, Nombre(regroupement.plafonnees),
                  " ligne(s) regroupée(s) ayant "_w, Nombre(kFrequenceEcrite), ", le plus que portent ses 4 colonnes"}));
   if (regroupement.frequence > static_cast<double>(kFrequenceEcrite))
-    lignes.push_back(Joindre({"*** Attention : cette fréquence dépasse "_w, Nombre(kFrequenceEcrite),
+    lignes.push_back(Joindre({kAttention, "cette fréquence dépasse "_w, Nombre(kFrequenceEcrite),
                               ", que ses 4 colonnes du tableau portent à sa place"_w}));
   return lignes;
 }

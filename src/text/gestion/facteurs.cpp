@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/programme/attention.h"
 #include "factor/fichiers/coordonnees.h"
 #include "factor/provenance/inerties.h"
 
@@ -79,7 +80,7 @@ std::string EcartsDesCoordonnees(const Contexte& contexte, const FacteursDesLign
     ecarts += Joindre({", ", Nombre(facteurs.sansCoordonnees), " ligne(s) du tableau n'y sont pas"});
   if (facteurs.sansLigne > 0)
     ecarts += Joindre({", ", Nombre(facteurs.sansLigne), " de ses lignes ne sont pas dans le tableau"});
-  return Joindre({"*** Attention : les coordonnées de "_w, contexte.Nom(".FAI"), " ne sont pas celles du tableau ",
+  return Joindre({kAttention, "les coordonnées de "_w, contexte.Nom(".FAI"), " ne sont pas celles du tableau ",
                   contexte.Nom(".BRT"), " et des statuts de ", contexte.Nom(".MOD"), ecarts,
                   " : le tri se fait sur elles. Pour l'ordre de ce tableau, relancez l'analyse factorielle"_w});
 }

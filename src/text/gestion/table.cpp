@@ -44,13 +44,13 @@ bool SontDesNombres(std::string_view cellules, std::size_t largeur) {
 }
 
 // What the rows are when their cells have that width.
-struct Lecture {
+struct EssaiDeLargeur {
   bool nombres = true;  // every cell is one
   bool codes = false;   // a label begins with the code of its word
 };
-Lecture LireAvec(const TableGeree& table, std::size_t largeur) {
+EssaiDeLargeur LireAvec(const TableGeree& table, std::size_t largeur) {
   const std::size_t cellules = table.Colonnes() * largeur;
-  Lecture lecture;
+  EssaiDeLargeur lecture;
   for (const LigneDeTable& ligne : table.lignes) {
     const std::string texte = ligne.cellules + ligne.intitule;
     if (texte.size() < cellules || !SontDesNombres(std::string_view(texte).substr(0, cellules), largeur))
@@ -87,10 +87,10 @@ std::string FauteDUneLigne(const Contexte& contexte, const TableGeree& table) {
 // A sentence when the cells are not those of the width that the .MOD announces; a blank cell alone is no fault.
 std::string FauteDeLargeur(const Contexte& contexte, const TableGeree& table) {
   constexpr int kPlusLarge = 12;
-  const Lecture annoncee = LireAvec(table, static_cast<std::size_t>(table.largeur));
+  const EssaiDeLargeur annoncee = LireAvec(table, static_cast<std::size_t>(table.largeur));
   if (annoncee.nombres && annoncee.codes) return {};
   for (int largeur = 1; largeur <= kPlusLarge; ++largeur) {
-    const Lecture autre = LireAvec(table, static_cast<std::size_t>(largeur));
+    const EssaiDeLargeur autre = LireAvec(table, static_cast<std::size_t>(largeur));
     if (!autre.nombres || (annoncee.nombres && !autre.codes)) continue;
     if (largeur != table.largeur)
       return Joindre({"Les cases de ", contexte.Nom(".BRT"), " ont ", Nombre(largeur), " caractère(s) et "_w,

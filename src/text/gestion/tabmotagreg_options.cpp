@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "text/gestion/gestion_options.h"
+#include "text/gestion/options.h"
 
 namespace quelvar::text {
 
@@ -11,8 +11,7 @@ using Agreg = Description<OptionsTabMotAgreg>;
 
 constexpr std::string_view kFacteur = "facteur";
 
-// One sort of the rows: no program, but a part of TabMotAgreg, which the form shows by itself. The number of the factor
-// is not in the table: what is no number counts as 0.
+// One sort of the rows: no program, but a part of TabMotAgreg, which the form shows by itself.
 Description<TriDeLignes> DecrireTriDeLignes() {
   using O = TriDeLignes;
   using utilities::SensDeTri;
@@ -25,6 +24,8 @@ Description<TriDeLignes> DecrireTriDeLignes() {
       .Bouton("OptCourt", "frequence")
       .Bouton("OptLong", "alphabetique")
       .Bouton("OptFac", std::string(kFacteur))
+      .Texte("numero", &O::facteur, "1..", "numéro du facteur dont les contributions ordonnent les lignes"_w)
+      .Montre("TextNum")
       .Choix("ordre", &O::sens, {{"croissant", SensDeTri::Croissant}, {"decroissant", SensDeTri::Decroissant}},
              "ordre du tri")
       .Bouton("Croissant", "croissant")
@@ -44,7 +45,7 @@ TriDeLignes LireTri(const std::string& valeur) {
     RefuserValeur("tri", "frequence, alphabetique ou facteurN, puis ,croissant ou ,decroissant", valeur);
   TriDeLignes tri;
   table.PoserUne(tri, "cle", cle);
-  if (parFacteur) tri.facteur = ValeurDe(mots.front().substr(kFacteur.size()));
+  if (parFacteur) tri.facteur = EcrireReel(ValeurDe(mots.front().substr(kFacteur.size())));
   if (mots.size() == 2) table.PoserUne(tri, "ordre", mots.back());
   return tri;
 }
@@ -52,7 +53,7 @@ TriDeLignes LireTri(const std::string& valeur) {
 std::string EcrireTri(const TriDeLignes& tri) {
   const Description<TriDeLignes>& table = DescriptionTriDeLignes();
   std::string texte = table.ValeurEcrite(tri, "cle");
-  if (tri.cle == CleDeLignes::Facteur) texte += EcrireReel(tri.facteur);
+  if (tri.cle == CleDeLignes::Facteur) texte += EcrireReel(ValeurDe(tri.facteur));
   if (tri.sens != TriDeLignes{}.sens) texte += Joindre({",", table.ValeurEcrite(tri, "ordre")});
   return texte;
 }

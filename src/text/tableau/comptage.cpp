@@ -6,14 +6,13 @@
 #include <unordered_set>
 
 #include "core/enquete/nomdemodalite.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 
 namespace quelvar::text {
 
 namespace {
 
 constexpr std::size_t kTexteDeLigne = kLargeurCode + kLargeurMot;
-constexpr std::size_t kContextes = kContexteGauche + kContexteDroit;
 
 // Value of a code character: 1 to 9, then 10 to 35 for A to Z; 0 for all others.
 std::array<std::uint8_t, 256> ValeursDesCodes() {
@@ -76,17 +75,6 @@ PlanLexical PlanifierTable(const FichierPos& pos, const std::vector<std::size_t>
       plan.noms.push_back(NomDeModalite(question.nom, code));
   }
   return plan;
-}
-
-std::optional<std::size_t> LargeurDesCaracteristiques(std::string_view ligne) {
-  constexpr std::size_t kBout = kTexteDeLigne + kFinDeMot.size();
-  if (ligne.size() >= kBout + kContextes) {
-    const std::size_t largeur = ligne.size() - kBout - kContextes;
-    if (ligne.substr(largeur + kTexteDeLigne, kFinDeMot.size()) == kFinDeMot) return largeur;
-  }
-  const std::size_t place = ligne.find(kFinDeMot, std::min(kTexteDeLigne, ligne.size()));
-  if (place == std::string_view::npos) return std::nullopt;
-  return place - kTexteDeLigne;
 }
 
 std::uint64_t CompterMotsFrequents(const Chemin& donnees, const ConsignesDeComptage& consignes) {

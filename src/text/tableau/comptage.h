@@ -52,9 +52,6 @@ struct TableLexicale {
   std::uint32_t* Ligne(std::size_t i) { return cellules.data() + i * colonnes; }
 };
 
-// Columns before the word code in a line of words; nothing when the line is not one.
-std::optional<std::size_t> LargeurDesCaracteristiques(std::string_view ligne);
-
 struct ConsignesDeComptage {
   std::int64_t individus = 0;  // lines to read at most
   std::size_t caracteristiques = 0;

@@ -5,7 +5,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/brtfile.h"
 #include "core/enquete/parametres.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 #include "utilities/tri/trifichier.h"
 
 namespace quelvar::text {

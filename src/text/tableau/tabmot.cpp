@@ -10,9 +10,10 @@
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "text/commun/intitule.h"
-#include "text/decoupage/mots.h"
+#include "text/commun/lignedemot.h"
 #include "text/tableau/comptage.h"
 #include "text/tableau/edition.h"
 #include "text/tableau/sorties.h"
@@ -179,10 +180,10 @@ void PrevenirDesLignes(Rapport& rapport, const Contexte& contexte, const TableLe
     contexte.Ecran().demander("Aucun mot n'atteint la fréquence minimum : le tableau est vide"_w, Boutons::Ok);
   for (const LigneLexicale& ligne : table.lignes) {
     if (ligne.frequence <= kFrequenceEcrite) continue;
-    Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Attention : la fréquence du mot "_w,
-                     RognerDroite(std::string_view(ligne.texte).substr(kLargeurCode)), " est de ",
-                     Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
+    Avertir(
+        rapport, contexte.Ecran(),
+        Joindre({kAttention, "la fréquence du mot "_w, RognerDroite(std::string_view(ligne.texte).substr(kLargeurCode)),
+                 " est de ", Nombre(ligne.frequence), ", ses 4 colonnes du tableau portent 9999"}));
   }
 }
 

@@ -12,11 +12,13 @@
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/exportcsv/ligne.h"
 #include "utilities/exportcsv/textes.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 

@@ -4,7 +4,7 @@
 
 namespace quelvar::utilities {
 
-void ImprimerTeteDeFusion(Rapport& rapport, const Entree& a, const Entree& b, std::string_view resultat) {
+void ImprimerTeteDeFusion(Rapport& rapport, const EntreeChoisie& a, const EntreeChoisie& b, std::string_view resultat) {
   ImprimerBandeau(rapport, "Fusion de fichiers");
   rapport.Ligne({"Le nom du fichier d'entrée A est "_w, a.nom});
   rapport.Ligne({"Le nom du fichier d'entrée B est "_w, b.nom});
@@ -16,7 +16,7 @@ void ImprimerEffectif(Rapport& rapport, const FichierMesure& mesure) {
                  NombreFixe(static_cast<double>(mesure.lignes), 6, 0)});
 }
 
-void ImprimerEffectifsInegaux(const Travail& travail) {
+void ImprimerEffectifsInegaux(const TravailDeFusion& travail) {
   travail.rapport.Ligne("*** Erreur : les deux fichiers n'ont pas le même nombre d'individus"_w);
   ImprimerEffectif(travail.rapport, travail.a);
   ImprimerEffectif(travail.rapport, travail.b);

@@ -10,11 +10,11 @@
 namespace quelvar::utilities {
 
 // The banner and the three names.
-void ImprimerTeteDeFusion(Rapport& rapport, const Entree& a, const Entree& b, std::string_view resultat);
+void ImprimerTeteDeFusion(Rapport& rapport, const EntreeChoisie& a, const EntreeChoisie& b, std::string_view resultat);
 
 void ImprimerEffectif(Rapport& rapport, const FichierMesure& mesure);
 // Files side by side that have not as many lines as each other.
-void ImprimerEffectifsInegaux(const Travail& travail);
+void ImprimerEffectifsInegaux(const TravailDeFusion& travail);
 // `a` and `b`: the two identifiers of an individual (rank from 1) that differ.
 void ImprimerDifference(Rapport& rapport, std::int64_t individu, std::string_view a, std::string_view b);
 

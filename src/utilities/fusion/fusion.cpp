@@ -4,8 +4,11 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
+#include "core/programme/attention.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/fusion/edition.h"
 #include "utilities/fusion/jonction.h"
 #include "utilities/fusion/travail.h"
@@ -15,7 +18,7 @@ namespace quelvar::utilities {
 namespace {
 
 // What the .POS of the result can't tell by itself; its lines are those of A and B.
-void PrevenirDuPos(const Travail& travail) {
+void PrevenirDuPos(const TravailDeFusion& travail) {
   if (!travail.pos) PrevenirDeLAncienPos(travail);
   if (!travail.options.pos) return;
   const std::string pos = NomAffiche(NomDuPos(travail.options.c));
@@ -41,11 +44,11 @@ void PrevenirDuPos(const Travail& travail) {
 }
 
 void FusionnerFichiers(Rapport& rapport, const Contexte& contexte, const OptionsFusion& options) {
-  Entree a = ChercherEntree(contexte, options.a);
-  Entree b = ChercherEntree(contexte, options.b);
+  EntreeChoisie a = ChercherEntree(contexte, options.a);
+  EntreeChoisie b = ChercherEntree(contexte, options.b);
   ExigerEntrees(rapport, contexte, {a, b});
   ImprimerTeteDeFusion(rapport, a, b, NomAffiche(options.c));
-  const Travail travail{
+  const TravailDeFusion travail{
       contexte, options, rapport, Mesurer(std::move(a)), Mesurer(std::move(b)), LirePaireDePos(contexte, options)};
   // With questions to find again every line takes the room of the longest, and so does what stands in for B.
   const bool auLarge = travail.pos || options.type == TypeFusion::Appareillement;
@@ -106,7 +109,7 @@ std::string ManqueFusion(const Contexte& contexte, const OptionsFusion& options)
 Fin Fusionner(const Contexte& contexte, const OptionsFusion& options) {
   if (MemeFichier(contexte, options.a, options.b) &&
       contexte.Ecran().demander(
-          Joindre({"*** Attention : les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
+          Joindre({kAttention, "les fichiers A et B sont un seul et même fichier, "_w, NomAffiche(options.a),
                    " : le résultat contiendra deux fois ses données. L'acceptez-vous ?"_w}),
           Boutons::OuiNon) != Reponse::Oui)
     return Fin::Arret;

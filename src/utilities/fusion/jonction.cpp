@@ -2,6 +2,8 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
+#include "utilities/entrees/avancement.h"
+#include "utilities/entrees/exigences.h"
 #include "utilities/fusion/edition.h"
 
 namespace quelvar::utilities {
@@ -16,21 +18,21 @@ void Repeter(Ecrivain& sortie, char signe, std::size_t fois) {
 }
 
 // With questions to find again behind it, every line of A takes the room of the longest.
-void EcrireLigneDeA(const Travail& travail, std::string_view ligne, Ecrivain& sortie) {
+void EcrireLigneDeA(const TravailDeFusion& travail, std::string_view ligne, Ecrivain& sortie) {
   sortie.Ecrire(ligne);
   if (travail.pos) Repeter(sortie, ' ', travail.a.plusLongue - ligne.size());
 }
 
-std::vector<std::string> LignesPosCoteACote(const Travail& travail, std::int64_t individus) {
+std::vector<std::string> LignesPosCoteACote(const TravailDeFusion& travail, std::int64_t individus) {
   if (!travail.pos) return {};
   return PosCoteACote(travail.pos->a, travail.pos->b, travail.a.plusLongue, individus);
 }
 
 // False from the difference on that is one too many. Each one is told as it is met: behind a file that fails
 // further on the report holds what was found until then.
-class Verification {
+class VerificationDesIdentifiants {
  public:
-  explicit Verification(const Travail& travail) : rapport_(travail.rapport) {
+  explicit VerificationDesIdentifiants(const TravailDeFusion& travail) : rapport_(travail.rapport) {
     if (!travail.options.verifier) return;
     identifiants_ = IdentifiantsDe(travail);
     active_ = true;
@@ -60,7 +62,7 @@ void CopierVers(const FichierMesure& mesure, Ecrivain& sortie, AvancementOctets&
   }
 }
 
-BilanAppareillement Appareiller(const Travail& travail, const Identifiants& identifiants, Ecrivain& sortie) {
+BilanAppareillement Appareiller(const TravailDeFusion& travail, const Identifiants& identifiants, Ecrivain& sortie) {
   AvancementOctets avancement(travail.contexte, travail.a.octets);
   LecteurLignes a(*travail.a.entree.chemin);
   LecteurLignes b(*travail.b.entree.chemin);
@@ -98,20 +100,20 @@ BilanAppareillement Appareiller(const Travail& travail, const Identifiants& iden
 
 }  // namespace
 
-void PrevenirDeLAncienPos(const Travail& travail) {
+void PrevenirDeLAncienPos(const TravailDeFusion& travail) {
   const std::string pos = NomDuPos(travail.options.c);
   if (ChercherFichier(travail.contexte.repertoire, pos))
     Prevenir(travail.contexte, Joindre({"Le fichier ", NomAffiche(pos), " était là et reste : il n'est pas celui de "_w,
                                         NomAffiche(travail.options.c), " qui vient d'être fait"_w}));
 }
 
-void FusionnerCoteACote(const Travail& travail) {
+void FusionnerCoteACote(const TravailDeFusion& travail) {
   if (travail.a.lignes != travail.b.lignes) {
     ImprimerEffectifsInegaux(travail);
     travail.contexte.Ecran().biper();
     throw Erreur(kArretAnnonce);
   }
-  Verification verification(travail);
+  VerificationDesIdentifiants verification(travail);
   Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets);
   LecteurLignes a(*travail.a.entree.chemin);
@@ -132,7 +134,7 @@ void FusionnerCoteACote(const Travail& travail) {
   travail.rapport.Ligne(" Fusion côte à côte"_w);
 }
 
-void FusionnerALaSuite(const Travail& travail) {
+void FusionnerALaSuite(const TravailDeFusion& travail) {
   Resultat c(travail);
   AvancementOctets avancement(travail.contexte, travail.a.octets + travail.b.octets);
   CopierVers(travail.a, c.Fichier(), avancement);
@@ -144,7 +146,7 @@ void FusionnerALaSuite(const Travail& travail) {
   travail.rapport.Ligne(" Fusion à la suite"_w);
 }
 
-void FusionnerParNumero(const Travail& travail) {
+void FusionnerParNumero(const TravailDeFusion& travail) {
   const Identifiants identifiants = IdentifiantsDe(travail);
   Resultat c(travail);
   const BilanAppareillement bilan = Appareiller(travail, identifiants, c.Fichier());

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "utilities/entrees/colonnes.h"
+
 namespace quelvar::utilities {
 
 namespace {
@@ -17,7 +19,7 @@ Identifiants LireIdentifiants(const OptionsFusion& options) {
 
 }  // namespace
 
-FichierMesure Mesurer(Entree entree) {
+FichierMesure Mesurer(EntreeChoisie entree) {
   FichierMesure mesure{std::move(entree), 0, 0, 0};
   mesure.octets = LongueurFichier(*mesure.entree.chemin);
   LecteurLignes lecteur(*mesure.entree.chemin);
@@ -34,7 +36,7 @@ std::optional<PaireDePos> LirePaireDePos(const Contexte& contexte, const Options
   return PaireDePos{std::move(*a), std::move(*b)};
 }
 
-Identifiants IdentifiantsDe(const Travail& travail) {
+Identifiants IdentifiantsDe(const TravailDeFusion& travail) {
   const Identifiants identifiants = LireIdentifiants(travail.options);
   const auto dehors = [](const FichierMesure& fichier, std::size_t position) {
     return fichier.lignes > 0 && position > fichier.plusLongue;
@@ -43,7 +45,7 @@ Identifiants IdentifiantsDe(const Travail& travail) {
   return identifiants;
 }
 
-Resultat::Resultat(const Travail& travail)
+Resultat::Resultat(const TravailDeFusion& travail)
     : travail_(travail),
       chemin_(CheminDEcriture(travail.contexte.repertoire, travail.options.c)),
       sorties_(chemin_.parent_path(), TexteDe(chemin_.stem())),

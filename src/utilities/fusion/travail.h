@@ -9,22 +9,22 @@
 
 #include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/fusion/fusion.h"
 #include "utilities/fusion/pos.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 
 // An input and what a first reading tells of it.
 struct FichierMesure {
-  Entree entree;
+  EntreeChoisie entree;
   std::int64_t lignes = 0;
   std::size_t plusLongue = 0;
   std::uintmax_t octets = 0;
 };
 
 // Raises the failures of LecteurLignes.
-FichierMesure Mesurer(Entree entree);
+FichierMesure Mesurer(EntreeChoisie entree);
 
 // The .POS of both inputs, when both are there with questions.
 struct PaireDePos {
@@ -34,7 +34,7 @@ struct PaireDePos {
 // Nothing unless the options ask for them and both have questions.
 std::optional<PaireDePos> LirePaireDePos(const Contexte& contexte, const OptionsFusion& options);
 
-struct Travail {
+struct TravailDeFusion {
   const Contexte& contexte;
   const OptionsFusion& options;
   Rapport& rapport;
@@ -52,20 +52,20 @@ struct Identifiants {
 
 // Raises kArgumentIncorrect for a position or a width below 1, and for identifiers beyond every line of a file: they
 // would all be equal.
-Identifiants IdentifiantsDe(const Travail& travail);
+Identifiants IdentifiantsDe(const TravailDeFusion& travail);
 
 // C and its .POS, which come into being together: outputs of the generic that they make.
 class Resultat {
  public:
   // The report tells what was repaired there.
-  explicit Resultat(const Travail& travail);
+  explicit Resultat(const TravailDeFusion& travail);
   Ecrivain& Fichier() { return c_; }
   void Valider(const std::vector<std::string>& lignesPos);
   // What stands there of a fusion that stops, without a .POS.
   void Laisser() { sorties_.Valider(); }
 
  private:
-  const Travail& travail_;
+  const TravailDeFusion& travail_;
   Chemin chemin_;
   JeuDeFichiers sorties_;
   Ecrivain& c_;

@@ -16,7 +16,7 @@ namespace {
 constexpr std::int64_t kPasDeSuivi = 1000;
 
 // What the heap moves: eight bytes in place of a key of twenty.
-struct Element {
+struct RangEtIndice {
   std::uint32_t rang;    // of the key among the distinct keys, from 0
   std::uint32_t indice;  // of the record
 };
@@ -136,11 +136,11 @@ Rangs Combiner(const Rangs& haut, const Rangs& bas) {
 
 // Each record with the dense rank of its key, counted from the greatest one for the downward order: comparing ranks is
 // comparing keys.
-std::vector<Element> ElementsDe(const std::vector<CleDeTri>& cles, SensDeTri sens) {
+std::vector<RangEtIndice> ElementsDe(const std::vector<CleDeTri>& cles, SensDeTri sens) {
   if (cles.empty()) return {};
   const Rangs fin = Combiner(RangsDe(cles, &CleDeTri::milieu), RangsDe(cles, &CleDeTri::fin));
   const Rangs rangs = Combiner(RangsDe(cles, &CleDeTri::debut), fin);
-  std::vector<Element> elements(cles.size());
+  std::vector<RangEtIndice> elements(cles.size());
   const std::uint32_t plusGrand = sens == SensDeTri::Croissant ? 0 : std::numeric_limits<std::uint32_t>::max();
   for (std::size_t i = 0; i < elements.size(); ++i)
     elements[i] = {rangs.rangs[i] ^ plusGrand, static_cast<std::uint32_t>(i)};
@@ -151,7 +151,7 @@ std::vector<Element> ElementsDe(const std::vector<CleDeTri>& cles, SensDeTri sen
 // bottom without a look at the element, which then climbs back above those that do not stand behind it. The choice of a
 // child is no branch, and its own children are fetched ahead.
 // Source: I. Wegener, "Bottom-up heapsort", Theoretical Computer Science 118 (1993).
-void Enfoncer(std::span<Element> tas, std::size_t haut, Element element) {
+void Enfoncer(std::span<RangEtIndice> tas, std::size_t haut, RangEtIndice element) {
   std::size_t place = haut;
   std::size_t fils = 2 * place + 1;
   for (; fils + 1 < tas.size(); fils = 2 * place + 1) {
@@ -173,11 +173,11 @@ void Enfoncer(std::span<Element> tas, std::size_t haut, Element element) {
 
 // The heap sort of TrierParTas, which leaves equal ranks in the same order.
 template <typename Suivi>
-void Trier(std::span<Element> elements, const Suivi& suivre) {
+void Trier(std::span<RangEtIndice> elements, const Suivi& suivre) {
   for (std::size_t place = elements.size() / 2; place-- > 0;) Enfoncer(elements, place, elements[place]);
   for (std::size_t reste = elements.size(); reste-- > 1;) {
     suivre(reste);
-    const Element dernier = elements[reste];
+    const RangEtIndice dernier = elements[reste];
     elements[reste] = elements[0];
     Enfoncer(elements.first(reste), 0, dernier);
   }
@@ -195,12 +195,12 @@ CleDeTri CleDe(std::string_view texte) {
 
 std::vector<std::uint32_t> TriChaines(const std::vector<CleDeTri>& cles, SensDeTri sens, const SuiviDeTri& suivre) {
   if (cles.size() >= std::numeric_limits<std::uint32_t>::max()) throw Erreur(kMemoireInsuffisante);
-  std::vector<Element> elements = ElementsDe(cles, sens);
+  std::vector<RangEtIndice> elements = ElementsDe(cles, sens);
   Trier(elements, [&suivre](std::size_t reste) {
     if (suivre && reste % kPasDeSuivi == 0) suivre(static_cast<std::int64_t>(reste));
   });
   std::vector<std::uint32_t> ordre(elements.size());
-  std::transform(elements.begin(), elements.end(), ordre.begin(), [](Element e) { return e.indice; });
+  std::transform(elements.begin(), elements.end(), ordre.begin(), [](RangEtIndice e) { return e.indice; });
   return ordre;
 }
 

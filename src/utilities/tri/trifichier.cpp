@@ -4,11 +4,13 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/systeme/lignelongue.h"
+#include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/lignes.h"
+#include "utilities/entrees/exigences.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/tri/compte.h"
 #include "utilities/tri/edition.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 
@@ -40,7 +42,7 @@ LongueursDeLignes EcrireLignes(Ecrivain& fichier, const std::vector<std::string_
 }
 
 void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& options) {
-  const Entree source{options.fichierA, ChercherFichier(contexte.repertoire, options.fichierA)};
+  const EntreeChoisie source{options.fichierA, ChercherFichier(contexte.repertoire, options.fichierA)};
   ExigerEntrees(rapport, contexte, {source});
   ImprimerTeteDuTri(rapport, options.fichierA, options.fichierC);
   const ChampDeTri champ = ChampTape(options);

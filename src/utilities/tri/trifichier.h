@@ -39,6 +39,11 @@ std::string_view RefusDeTrier(const OptionsTriFichier& options);
 // The same for the form, whose field is one to ten columns wide.
 std::string_view RefusDuFormulaire(const OptionsTriFichier& options);
 
+// Asked before a sort whose result takes the place of its input.
+inline constexpr std::string_view kTriSurPlace =
+    "*** Attention : le résultat du tri sera mis dans le fichier d'origine, c'est possible mais fait perdre "
+    "l'ordre d'origine. L'acceptez-vous ?"_w;
+
 // Runs the sort with its account in the .prt of the generic. C is replaced at the normal end only.
 Fin TriFichier(const Contexte& contexte, const OptionsTriFichier& options);
 // The same as a program of the form Utilitaires, with the words that these have for an unexpected error.

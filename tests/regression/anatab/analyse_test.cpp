@@ -10,7 +10,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 #include "core/resultats/colonnedenombres.h"
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 #include "regression/anatab/fiches.h"
 #include "regression/anatab/souseffets.h"
 #include "regression/logistique/indistincts.h"

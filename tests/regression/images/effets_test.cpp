@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <map>
 
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 #include "support/environnement.h"
 
 namespace quelvar::regression {

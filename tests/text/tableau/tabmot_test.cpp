@@ -14,12 +14,6 @@ namespace {
 
 using essai::Ligne;
 
-TEST(LargeurDesCaracteristiques, FoundByTheLengthThenByTheSign) {
-  EXPECT_EQ(LargeurDesCaracteristiques(Ligne("123", "a$$", "a$$b").substr(0, 94)), 3U);
-  EXPECT_EQ(LargeurDesCaracteristiques("12travtravail   $$ et le reste"), 2U);
-  EXPECT_EQ(LargeurDesCaracteristiques("112"), std::nullopt);
-}
-
 TEST(LigneMarquee, GivesTheMarkThatTheChoiceAsksFor) {
   EXPECT_EQ(LigneMarquee("SEX   1 2", true), "SEX   1 2 &ACT&");
   EXPECT_EQ(LigneMarquee("SEX   1", true), "SEX   1   &ACT&");

@@ -9,7 +9,7 @@
 #include "forms/qt/texte.h"
 #include "forms/services/sauvegarde.h"
 #include "modalities/edition/modifmod.h"
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 #include "regression/options.h"
 #include "regression/reglin/reglin.h"
 #include "ui_modifmodr.h"

@@ -7,8 +7,8 @@
 #include "forms/pieces/commande.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
-#include "text/gestion/gestion_options.h"
 #include "text/gestion/motsdeslignes.h"
+#include "text/gestion/options.h"
 #include "ui_suplmot.h"
 
 namespace quelvar::forms {

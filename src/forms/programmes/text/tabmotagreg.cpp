@@ -5,14 +5,13 @@
 #include <algorithm>
 #include <iterator>
 
-#include "core/chiffres/nombres.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/editionliste.h"
 #include "forms/pieces/options.h"
 #include "forms/programmes/text/concord.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
-#include "text/gestion/gestion_options.h"
+#include "text/gestion/options.h"
 #include "ui_tabmotagreg.h"
 
 namespace quelvar::forms {
@@ -108,8 +107,7 @@ void TabMotAgreg::EnregistrerLigne() {
 }
 
 void TabMotAgreg::Trier() {
-  text::TriDeLignes tri = OptionsDesControles(*this, text::DescriptionTriDeLignes());
-  tri.facteur = ValeurDe(DepuisQt(ui_->TextNum->text()));
+  const auto tri = OptionsDesControles(*this, text::DescriptionTriDeLignes());
   const std::vector<std::string> fautes = text::TrierLignes(ouverte_.agregation, tri, contexte_);
   ui_->TextMsg->setText(EnUnTexte(fautes));
   if (!fautes.empty()) return services_.ecran.biper();

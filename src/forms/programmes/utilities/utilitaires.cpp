@@ -11,10 +11,10 @@
 #include "tables/ecapem_options.h"
 #include "ui_utilitaires.h"
 #include "utilities/caracteres.h"
+#include "utilities/entrees/fichiers.h"
 #include "utilities/gendat.h"
 #include "utilities/lancement.h"
 #include "utilities/options.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::forms {
 

@@ -1,4 +1,4 @@
-#include "text/gestion/gestion_options.h"
+#include "text/gestion/options.h"
 
 namespace quelvar::text {
 

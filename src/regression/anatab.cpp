@@ -1,4 +1,4 @@
-#include "regression/anatab/anatab.h"
+#include "regression/anatab.h"
 
 #include <optional>
 #include <utility>
@@ -8,14 +8,15 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
 #include "core/programme/arret.h"
+#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/texte/listes.h"
 #include "regression/anatab/edition.h"
-#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/editiondeseffets.h"
 #include "regression/anatab/travail.h"
-#include "regression/entrees.h"
+#include "regression/donnees/entrees.h"
 #include "regression/images/effets.h"
 #include "regression/logistique/edition.h"
 #include "regression/logistique/logistique.h"
@@ -33,7 +34,7 @@ constexpr std::int64_t kGroupesFormes = 40;
 constexpr std::int64_t kSituationsExaminees = 60;
 constexpr std::int64_t kEffetsTrouves = 80;
 
-Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
+TravailDAnatab PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemin& chemin) {
   const FichierMod mod = LireMod(chemin);
   const ParametresMod parametres = ExigerParametres(rapport, mod, chemin);
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
@@ -41,7 +42,7 @@ Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemi
   const std::vector<std::string> fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
   for (const std::string& faute : fautes) rapport.Ligne(faute);
   if (!fautes.empty()) Arreter(rapport, "*** Arrêt du programme dû aux erreurs mentionnées"_w);
-  Travail travail(ConstruireModele(std::move(codage), std::move(questions)));
+  TravailDAnatab travail(ConstruireModele(std::move(codage), std::move(questions)));
   travail.parametres = parametres;
   return travail;
 }
@@ -49,7 +50,7 @@ Travail PreparerLeModele(const Contexte& contexte, Rapport& rapport, const Chemi
 // A coding that is too short is told individual by individual. What stands behind the digits, and a number of
 // individuals that is not the one announced, only tell that it is the coding of other modalities.
 void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
-                        Travail& travail) {
+                        TravailDAnatab& travail) {
   LireIndividus(fichiers.donnees, travail.modele, contexte.Ecran(), travail.individus);
   const Individus& individus = travail.individus;
   if (individus.fautifs.nombre == 0 && individus.Nombre() > 0)
@@ -62,13 +63,13 @@ void PrendreLesReponses(const Contexte& contexte, Rapport& rapport, const Entree
 }
 
 // Figures that the order of the records has made false never stand without a word.
-void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail& travail, double population) {
+void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const TravailDAnatab& travail, double population) {
   if (!travail.melange) return;
   const Melange& melange = *travail.melange;
   const std::size_t aMarquer = travail.modele.LargeurFiche() - travail.modele.Explicatives();
   const auto perdus = static_cast<double>(melange.population) - population;
   const std::string lignes[] = {
-      Joindre({"*** Attention : avec "_w, Nombre(travail.modele.Explicatives()),
+      Joindre({kAttention, "avec "_w, Nombre(travail.modele.Explicatives()),
                " modalités explicatives, le tri ne distingue plus toutes les situations"_w}),
       Joindre({"    Les "_w, Nombre(melange.situations), " situations des individus sont en "_w,
                Nombre(melange.morceaux), " morceaux, ", Nombre(melange.inversees), " à l'envers, "_w, Nombre(perdus),
@@ -86,16 +87,17 @@ void PrevenirDesConfusions(const Contexte& contexte, const Modele& modele) {
   std::string confondues;
   for (std::size_t k = 0; k < modele.Explicatives(); ++k) {
     if (cellules[k].designee != k) continue;
-    std::string memes;
-    for (std::size_t j = 0; j < k; ++j)
-      if (cellules[j].designee == k) memes += Joindre({modele.Explicative(j).intitule, ", "});
-    if (!memes.empty()) confondues += Joindre({"\r\n    ", memes, modele.Explicative(k).intitule});
+    std::vector<std::string_view> memes;
+    for (std::size_t j = 0; j <= k; ++j)
+      if (cellules[j].designee == k) memes.push_back(modele.Explicative(j).intitule);
+    if (memes.size() > 1) confondues += Joindre({"\r\n    ", Enumerer(memes)});
   }
   if (confondues.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
       Joindre(
-          {"*** Attention : ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
+          {kAttention,
+           "ces modalités ont les mêmes 4 premiers caractères d'intitulé et sont confondues, leurs "
            "effets et ceux des autres questions en dépendent : donnez-leur d'autres intitulés par l'étape de modification"_w,
            confondues}),
       Boutons::Ok);
@@ -117,7 +119,8 @@ void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Model
                Enumerer(noms), ")"}));
 }
 
-void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique, Travail& travail) {
+void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique,
+                      TravailDAnatab& travail) {
   travail.triees = Situer([&] { return Lieu{TexteDe(codageLogique.filename())}; },
                           [&] { return TrierFiches(travail.individus, contexte.Ecran()); });
   travail.etape = Etape::Tri;
@@ -140,7 +143,7 @@ void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& 
   travail.filtrees = true;
 }
 
-void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& travail) {
+void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, TravailDAnatab& travail) {
   travail.analyse.cellules = CellulesDe(travail.modele);
   travail.analyse.table = FormerSituations(travail.comptees, travail.individus.fiches, travail.modele);
   travail.etape = Etape::Situations;
@@ -160,7 +163,7 @@ void ExaminerLesSituations(const Contexte& contexte, Rapport& rapport, Travail& 
     throw Erreur(kArretAnnonce);
 }
 
-void ChercherLesEffets(Rapport& rapport, Travail& travail) {
+void ChercherLesEffets(Rapport& rapport, TravailDAnatab& travail) {
   AnalyseTabulaire& analyse = travail.analyse;
   analyse.voisinages = VoisinagesDe(analyse.table, analyse.cellules);
   travail.etape = Etape::SousEffets;
@@ -183,7 +186,7 @@ void ChercherLesEffets(Rapport& rapport, Travail& travail) {
 }
 
 ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesDeRegression& fichiers,
-                      Travail& travail) {
+                      TravailDAnatab& travail) {
   const Dialogue& ecran = contexte.Ecran();
   ecran.montrerProgression(kProgressionMax);
   ImprimerModele(rapport, travail.modele);
@@ -203,7 +206,7 @@ ModeleAjuste Analyser(const Contexte& contexte, Rapport& rapport, const EntreesD
 }
 
 // One line for each explanatory modality. Odds-ratios are no points: the tabular effects are then left out.
-ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
+ImageDesEffets ImageDe(const TravailDAnatab& travail, const ModeleAjuste& logistique) {
   ImageDesEffets image{travail.modele.titre, {}};
   std::vector<LigneDEffet>& lignes = image.lignes;
   for (std::size_t k = 0; k < travail.modele.Explicatives(); ++k) {
@@ -228,7 +231,7 @@ ImageDesEffets ImageDe(const Travail& travail, const ModeleAjuste& logistique) {
 // Records of individuals in memory, with what sorts them; the work files hold the records again, four times at the
 // most.
 void ExigerPlaceDesFiches(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique,
-                          const Travail& travail) {
+                          const TravailDAnatab& travail) {
   constexpr std::uint64_t kParIndividu = 28;  // number, key and place in the order
   const std::uint64_t fiche = travail.modele.LargeurFiche();
   const std::uint64_t individus =
@@ -241,7 +244,7 @@ void Executer(const Contexte& contexte, const OptionsAnatab& options, Rapport& r
   const EntreesDeRegression fichiers = TrouverEntrees(contexte, rapport, kSorte);
   ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données d'enquête"_w, kSorte, ".TRP");
   ExigerEcriture(contexte, rapport, options.image);
-  Travail travail = PreparerLeModele(contexte, rapport, fichiers.mod);
+  TravailDAnatab travail = PreparerLeModele(contexte, rapport, fichiers.mod);
   ExigerPlaceDesFiches(contexte, rapport, fichiers.donnees, travail);
   try {
     effets = ImageDe(travail, Analyser(contexte, rapport, fichiers, travail));

@@ -1,5 +1,5 @@
+#include "utilities/entrees/fichiers.h"
 #include "utilities/options.h"
-#include "utilities/utilitaires.h"
 
 namespace quelvar::utilities {
 

@@ -1,4 +1,4 @@
-#include "regression/codage.h"
+#include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
 

@@ -1,4 +1,4 @@
-#include "regression/entrees.h"
+#include "regression/donnees/entrees.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "utilities/tableau.h"
+#include "utilities/entrees/tableau.h"
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
@@ -65,10 +65,10 @@ std::vector<std::string> FichiersManquants(const Contexte& contexte) {
   return manques;
 }
 
-Tableau LireTableau(const Contexte& contexte) {
+TableauDuGenerique LireTableau(const Contexte& contexte) {
   const Chemin chemin = contexte.Exiger(".MOD");
   const FichierMod mod = LireMod(chemin);
-  Tableau tableau;
+  TableauDuGenerique tableau;
   tableau.brt = contexte.Exiger(".BRT");
   tableau.titre = mod.titre;
   tableau.parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
@@ -82,7 +82,7 @@ Tableau LireTableau(const Contexte& contexte) {
   return tableau;
 }
 
-void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
+void ParcourirTableau(const TableauDuGenerique& tableau, std::int64_t lignes,
                       const std::function<void(const LigneDeTableau&)>& recevoir) {
   const auto largeur = static_cast<std::size_t>(tableau.parametres.largeur);
   LigneDeTableau rangee;

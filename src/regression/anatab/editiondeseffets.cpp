@@ -1,4 +1,4 @@
-#include "regression/anatab/effets_edition.h"
+#include "regression/anatab/editiondeseffets.h"
 
 #include <string_view>
 
@@ -125,9 +125,10 @@ void ImprimerResumeReference(Rapport& rapport, const AnalyseTabulaire& analyse) 
   rapport.Ligne();
   rapport.Ligne(NomsDeSituation(analyse, analyse.reference));
   rapport.Ligne();
-  ImprimerRangees(
-      rapport, TableauDeLaReference(analyse),
-      {.titre = kLargeurCourte, .places = {{"", 3}, {"            ", 3}, {"                   ", 3}, {"     ", 3}}});
+  ImprimerRangees(rapport, TableauDeLaReference(analyse),
+                  {.titre = kLargeurCourte,
+                   .places = {{"", 3}, {"            ", 3}, {"                   ", 3}, {"      ", 3}},
+                   .avantIntitule = " "});
   rapport.Ligne();
 }
 
@@ -199,9 +200,17 @@ void ImprimerResume(Rapport& rapport, const AnalyseTabulaire& analyse, const Mod
   rapport.Ligne("    Effets                               Intervalle de confiance ");
   rapport.Ligne("  marginaux                                 à 1 écart-type"_w);
   rapport.Ligne();
-  ImprimerRangees(rapport, TableauDesEffets(analyse, modele),
-                  {.titre = kLargeurCourte,
-                   .places = {{"", 3, kLibre}, {"    ", 20}, {"         ", 3, kLibre}, {"     ", 3, kLibre}}});
+  // A percentage bears its sign, a ratio a blank in its place.
+  const std::size_t signe = analyse.mesure == MesureDEffet::Points ? 0 : 1;
+  const auto derriereUnEffet = [signe](std::size_t blancs) {
+    constexpr std::string_view kBlancs = "       ";
+    return kBlancs.substr(0, blancs + signe);
+  };
+  ImprimerRangees(
+      rapport, TableauDesEffets(analyse, modele),
+      {.titre = kLargeurCourte,
+       .places = {{"", 3, kLibre}, {derriereUnEffet(5), 20}, {"         ", 3, kLibre}, {derriereUnEffet(6), 3, kLibre}},
+       .avantIntitule = derriereUnEffet(1)});
 }
 
 }  // namespace quelvar::regression

@@ -21,7 +21,7 @@ struct ColonneDeTableau {
 };
 
 // A table without its cells, which are read row by row.
-struct Tableau {
+struct TableauDuGenerique {
   Chemin brt;
   std::string titre;
   ParametresMod parametres;
@@ -50,7 +50,7 @@ std::vector<std::string> FichiersManquants(const Contexte& contexte);
 // Reads the pair but for the cells; without its rows when there is no format. Raises kFinDeFichierDepassee for a .MOD
 // of less than two lines, kArgumentIncorrect for a width below 0, and a sentence (kIncompatibiliteType) for a list of
 // names that lacks columns.
-Tableau LireTableau(const Contexte& contexte);
+TableauDuGenerique LireTableau(const Contexte& contexte);
 
 // One cell at a time, row by row.
 struct LigneDeTableau {
@@ -61,7 +61,7 @@ struct LigneDeTableau {
   std::string intitule;                    // trimmed, at most 25 characters
 };
 // Gives the first `lignes` rows. Raises kFinDeFichierDepassee when the file has fewer.
-void ParcourirTableau(const Tableau& tableau, std::int64_t lignes,
+void ParcourirTableau(const TableauDuGenerique& tableau, std::int64_t lignes,
                       const std::function<void(const LigneDeTableau&)>& recevoir);
 
 // What counts for 0 without being one: cells that hold no number, and what short rows lack.

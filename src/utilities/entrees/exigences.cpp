@@ -1,0 +1,39 @@
+#include "utilities/entrees/exigences.h"
+
+#include <string>
+#include <vector>
+
+#include "core/programme/arret.h"
+
+namespace quelvar::utilities {
+
+namespace {
+
+constexpr std::string_view kArretSansFichiers = "*** Arrêt du programme dû à l'absence d'un ou de plusieurs fichiers"_w;
+
+}  // namespace
+
+void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_list<EntreeChoisie> entrees) {
+  bool manque = false;
+  for (const EntreeChoisie& entree : entrees) {
+    if (entree.chemin) continue;
+    rapport.Ligne({"*** Le fichier ", entree.nom, " n'existe pas"});
+    manque = true;
+  }
+  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+}
+
+void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
+  const std::vector<std::string> manques = FichiersManquants(contexte);
+  rapport.Lignes(manques);
+  if (!manques.empty()) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
+}
+
+void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGenerique& tableau) {
+  rapport.Lignes(tableau.parametres.remarques);
+  if (tableau.AUnFormat()) return;
+  contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
+  throw Erreur(kArretAnnonce);
+}
+
+}  // namespace quelvar::utilities
