@@ -6,7 +6,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
-#include "modalities/modalites.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 

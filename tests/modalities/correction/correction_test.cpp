@@ -2,9 +2,9 @@
 
 #include "core/enquete/listemod.h"
 #include "core/enquete/posfile.h"
-#include "modalities/edition/modifmod.h"
-#include "modalities/edition/nomemod.h"
-#include "modalities/edition/nomquest.h"
+#include "modalities/correction/modifmod.h"
+#include "modalities/correction/nomemod.h"
+#include "modalities/correction/nomquest.h"
 #include "support/programme.h"
 
 using namespace quelvar::modalities;
@@ -12,14 +12,14 @@ using namespace quelvar::modalities;
 namespace quelvar {
 namespace {
 
-class Edition : public essai::RunDeProgramme {
+class Correction : public essai::RunDeProgramme {
  protected:
-  Edition() : RunDeProgramme(2) {}
+  Correction() : RunDeProgramme(2) {}
 };
 
 // --- the list of a .MOD ---
 
-TEST_F(Edition, EveryPartOfTheFileSurvivesARoundTrip) {
+TEST_F(Correction, EveryPartOfTheFileSurvivesARoundTrip) {
   const std::string contenu = "T\r\n\r\nSEX0   \r\nSEX1 S Homme\r\nSEX2 zé  \r\n** x\r\n\r\nAAA\r\n   \r\n**\r\n";
   Ecrire("ENQ.MOD", contenu);
   const ListeModalites liste = LireListeModalites(dossier_.Chemin() / "ENQ.MOD");
@@ -28,7 +28,7 @@ TEST_F(Edition, EveryPartOfTheFileSurvivesARoundTrip) {
   EXPECT_EQ(Lire("ENQ.MOD"), contenu);
 }
 
-TEST_F(Edition, AFileOfOneLineHasNoModalities) {
+TEST_F(Correction, AFileOfOneLineHasNoModalities) {
   Ecrire("ENQ.MOD", "Titre");
   const EtatModifMod etat = ChargerModifMod(contexte_);
   EXPECT_TRUE(etat.message.empty());
@@ -37,7 +37,7 @@ TEST_F(Edition, AFileOfOneLineHasNoModalities) {
 
 // --- ModifMod ---
 
-TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
+TEST_F(Correction, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
   Ecrire("ENQ.MOD", "T\r\n BRT=2 FMT=1 \r\nSEX1   \r\nSEX2 s F\r\n**\r\nXXX1\r\n");
   EtatModifMod etat = ChargerModifMod(contexte_);
   BasculerStatut(etat.textes[0]);
@@ -53,7 +53,7 @@ TEST_F(Edition, SavingKeepsWhatAnotherProgramWroteOnTheFirstLines) {
 }
 
 // The name of a question reaches its codes of 36 on, and none of another question of the same letters.
-TEST_F(Edition, TheNameOfAQuestionReachesItsCodesOfTwoDigits) {
+TEST_F(Correction, TheNameOfAQuestionReachesItsCodesOfTwoDigits) {
   const std::string deux = "AGEZ   \r\nAG36   \r\nAG40 S \r\nAGRZ   \r\nAG36   \r\n";
   const std::string trois = "AG35   \r\nAG36   \r\n";
   const struct {
@@ -105,7 +105,7 @@ TEST(LigneAvecIntitule, ReadersFindTheNameAgain) {
   }
 }
 
-TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
+TEST_F(Correction, NamesFindTheirQuestionsInAFileThatHasChanged) {
   Ecrire("ENQ.POS", "T\n1\nAAA   1 5 $A$\nBBB   2 5\nAAA   3 5\n");
   EtatNomQuest etat = ChargerNomQuest(contexte_);
   ASSERT_EQ(etat.questions.size(), 3U);
@@ -122,7 +122,7 @@ TEST_F(Edition, NamesFindTheirQuestionsInAFileThatHasChanged) {
 // --- NomeMod ---
 
 // A name that two modalities share is neither's: nothing is marked, labelled or taken out.
-TEST_F(Edition, AModalityNameSharedByTwoStops) {
+TEST_F(Correction, AModalityNameSharedByTwoStops) {
   Ecrire("ENQ.MOD", "T\r\n BRT=3 FMT=1 \r\nA1     un\r\nA1     deux\r\nB1     trois\r\n**\r\n");
   Ecrire("ENQ.POS", "ENQ\r\n 1 \r\nAAA   1 2\r\n");
   Ecrire("ENQ.DAT", "1\r\n");

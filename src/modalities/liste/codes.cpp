@@ -1,4 +1,4 @@
-#include "modalities/codes.h"
+#include "modalities/liste/codes.h"
 
 #include "core/enquete/colonnes.h"
 #include "core/programme/rapport.h"

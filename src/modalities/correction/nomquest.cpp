@@ -1,4 +1,4 @@
-#include "modalities/edition/nomquest.h"
+#include "modalities/correction/nomquest.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "modalities/creation/choix.h"
+#include "modalities/liste/choix.h"
 
 #include <algorithm>
 

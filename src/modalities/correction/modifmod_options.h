@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/options/description.h"
-#include "modalities/edition/modifmod.h"
+#include "modalities/correction/modifmod.h"
 
 namespace quelvar::modalities {
 

@@ -1,4 +1,4 @@
-#include "modalities/edition/modifmod_options.h"
+#include "modalities/correction/modifmod_options.h"
 
 namespace quelvar::modalities {
 

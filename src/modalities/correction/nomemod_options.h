@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/options/description.h"
-#include "modalities/edition/nomemod.h"
+#include "modalities/correction/nomemod.h"
 
 namespace quelvar::modalities {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "modalities/creation/choix.h"
+#include "modalities/liste/choix.h"
 
 namespace quelvar::modalities {
 

@@ -1,4 +1,4 @@
-#include "modalities/edition/nomemod_options.h"
+#include "modalities/correction/nomemod_options.h"
 
 namespace quelvar::modalities {
 

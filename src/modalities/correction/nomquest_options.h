@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/options/description.h"
-#include "modalities/edition/nomquest.h"
+#include "modalities/correction/nomquest.h"
 
 namespace quelvar::modalities {
 

@@ -1,8 +1,8 @@
-#include "modalities/creation/choix.h"
+#include "modalities/liste/choix.h"
 
 #include <gtest/gtest.h>
 
-#include "modalities/modalites.h"
+#include "modalities/liste/modalites.h"
 
 using namespace quelvar::modalities;
 

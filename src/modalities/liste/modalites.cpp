@@ -1,4 +1,4 @@
-#include "modalities/modalites.h"
+#include "modalities/liste/modalites.h"
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/nomdemodalite.h"

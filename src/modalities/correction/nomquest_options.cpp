@@ -1,4 +1,4 @@
-#include "modalities/edition/nomquest_options.h"
+#include "modalities/correction/nomquest_options.h"
 
 namespace quelvar::modalities {
 

@@ -1,4 +1,4 @@
-#include "modalities/edition/nomemod.h"
+#include "modalities/correction/nomemod.h"
 
 #include <algorithm>
 #include <functional>
@@ -11,12 +11,12 @@
 #include "core/enquete/posfile.h"
 #include "core/programme/rapport.h"
 #include "core/programme/refus.h"
-#include "modalities/creation/choix.h"
+#include "modalities/correction/modifmod.h"
+#include "modalities/correction/nomquest.h"
 #include "modalities/creation/fichiers.h"
 #include "modalities/creation/posmod.h"
-#include "modalities/edition/modifmod.h"
-#include "modalities/edition/nomquest.h"
-#include "modalities/modalites.h"
+#include "modalities/liste/choix.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 

@@ -1,4 +1,4 @@
-#include "modalities/edition/modifmod.h"
+#include "modalities/correction/modifmod.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -6,8 +6,8 @@
 #include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
-#include "modalities/codes.h"
-#include "modalities/modalites.h"
+#include "modalities/liste/codes.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 
