@@ -9,8 +9,8 @@
 
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
-#include "crosstab/edition.h"
-#include "crosstab/enquete.h"
+#include "crosstab/edition/editions.h"
+#include "crosstab/enquete/questions.h"
 #include "crosstab/tableau/tableau.h"
 
 namespace quelvar::crosstab {

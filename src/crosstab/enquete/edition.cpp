@@ -1,4 +1,4 @@
-#include "crosstab/edition_enquete.h"
+#include "crosstab/enquete/edition.h"
 
 #include "core/chiffres/nombres.h"
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "core/resultats/tableau.h"
-#include "crosstab/edition.h"
+#include "crosstab/edition/editions.h"
 
 namespace quelvar::crosstab {
 

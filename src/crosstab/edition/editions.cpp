@@ -1,4 +1,4 @@
-#include "crosstab/edition.h"
+#include "crosstab/edition/editions.h"
 
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"

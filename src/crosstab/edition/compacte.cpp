@@ -4,7 +4,7 @@
 #include "core/enquete/posfile.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
-#include "crosstab/edition.h"
+#include "crosstab/edition/editions.h"
 
 namespace quelvar::crosstab {
 

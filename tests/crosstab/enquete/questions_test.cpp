@@ -1,4 +1,4 @@
-#include "crosstab/enquete.h"
+#include "crosstab/enquete/questions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "crosstab/lecture.h"
+#include "crosstab/enquete/lecture.h"
 
 #include <algorithm>
 #include <vector>

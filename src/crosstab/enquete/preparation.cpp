@@ -1,4 +1,4 @@
-#include "crosstab/preparation.h"
+#include "crosstab/enquete/preparation.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,8 +8,8 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/posfile.h"
-#include "crosstab/edition_enquete.h"
-#include "crosstab/lecture.h"
+#include "crosstab/enquete/edition.h"
+#include "crosstab/enquete/lecture.h"
 
 namespace quelvar::crosstab {
 

@@ -1,4 +1,4 @@
-#include "crosstab/resultats.h"
+#include "crosstab/edition/tables.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 #include "core/resultats/cadre.h"
-#include "crosstab/edition.h"
+#include "crosstab/edition/editions.h"
 
 namespace quelvar::crosstab {
 

@@ -5,7 +5,7 @@
 
 #include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
-#include "crosstab/lecture.h"
+#include "crosstab/enquete/lecture.h"
 
 namespace quelvar::crosstab {
 

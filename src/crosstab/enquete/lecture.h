@@ -8,7 +8,7 @@
 
 #include "core/enquete/posfile.h"
 #include "core/programme/programme.h"
-#include "crosstab/enquete.h"
+#include "crosstab/enquete/questions.h"
 
 namespace quelvar::crosstab {
 

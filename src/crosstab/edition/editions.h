@@ -8,7 +8,7 @@
 
 #include "core/programme/rapport.h"
 #include "core/resultats/tableau.h"
-#include "crosstab/enquete.h"
+#include "crosstab/enquete/questions.h"
 #include "crosstab/tableau/tableau.h"
 
 namespace quelvar::crosstab {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "core/programme/programme.h"
-#include "crosstab/enquete.h"
+#include "crosstab/enquete/questions.h"
 
 namespace quelvar::crosstab {
 
