@@ -1,11 +1,11 @@
 #include "modalities/correction/modifmod.h"
 
 #include <algorithm>
-#include <initializer_list>
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
+#include "core/programme/arret.h"
 #include "modalities/liste/codes.h"
 #include "modalities/liste/modalites.h"
 
@@ -15,11 +15,6 @@ namespace {
 
 void PoserStatut(std::string& texte, bool supplementaire) {
   texte.replace(kLargeurDeModalite, kLargeurDeMarque, supplementaire ? kMarqueSupplementaire : kMarqueActive);
-}
-
-[[noreturn]] void Arreter(Rapport& rapport, std::initializer_list<Texte> phrase) {
-  rapport.Ligne(phrase);
-  throw Erreur(kArretAnnonce);
 }
 
 // The question of each modality, by its name and place; empty where several are possible. What the .POS does not know
@@ -54,8 +49,8 @@ std::vector<std::size_t> RangsDeLaQuestion(const std::vector<std::string>& quest
   const std::string lettres = CadreGauche(nom, kLettresDUnCodeDouble);
   for (std::size_t i = 0; !Rogner(nom).empty() && i < textes.size(); ++i) {
     if (questions[i].empty() && textes[i].starts_with(lettres))
-      Arreter(rapport, {"La modalité "_w, NomDeTexte(textes[i]), " peut être d'une autre question que "_w, nom,
-                        " : nommez les modalités une à une"_w});
+      Arreter(rapport, Joindre({"La modalité "_w, NomDeTexte(textes[i]), " peut être d'une autre question que "_w, nom,
+                                " : nommez les modalités une à une"_w}));
     if (Rogner(questions[i]) == Rogner(nom)) rangs.push_back(i);
   }
   return rangs;
@@ -78,7 +73,7 @@ void DemanderStatut(Statuts& statuts, const Contexte& contexte, const std::vecto
     }
     if (questions.empty()) questions = QuestionsDesModalites(PosDe(contexte), textes);
     const std::vector<std::size_t> rangs = RangsDeLaQuestion(questions, textes, nom, rapport);
-    if (rangs.empty()) Arreter(rapport, {PhraseInconnue(nom)});
+    if (rangs.empty()) Arreter(rapport, PhraseInconnue(nom));
     for (const std::size_t r : rangs) statuts.questions.emplace_back(r, supplementaire);
   }
 }
@@ -87,7 +82,7 @@ void Appliquer(const Contexte& contexte, std::vector<std::string>& textes, const
                Rapport& rapport) {
   for (const std::string& nom : options.actives)
     if (std::find(options.supplementaires.begin(), options.supplementaires.end(), nom) != options.supplementaires.end())
-      Arreter(rapport, {nom, " est demandé à la fois actif et supplémentaire"_w});
+      Arreter(rapport, Joindre({nom, " est demandé à la fois actif et supplémentaire"_w}));
   Statuts statuts;
   DemanderStatut(statuts, contexte, textes, options.supplementaires, true, rapport);
   DemanderStatut(statuts, contexte, textes, options.actives, false, rapport);
@@ -95,7 +90,7 @@ void Appliquer(const Contexte& contexte, std::vector<std::string>& textes, const
     for (const auto& [rang, supplementaire] : demandes) PoserStatut(textes[rang], supplementaire);
   for (const auto& [nom, intitule] : options.intitules) {
     const std::size_t rang = RangDeModalite(textes, nom);
-    if (rang == textes.size()) Arreter(rapport, {PhraseInconnue(nom)});
+    if (rang == textes.size()) Arreter(rapport, PhraseInconnue(nom));
     PoserIntitule(textes[rang], intitule);
   }
 }

@@ -4,6 +4,7 @@
 
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
+#include "core/programme/arret.h"
 
 namespace quelvar::modalities {
 
@@ -94,8 +95,7 @@ Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
                                          ? "plusieurs questions ont ce nom, donnez-leur des noms différents"_w
                                          : NommerQuestion(etat.questions[rangs.front()], intitule);
       if (refus.empty()) continue;
-      rapport.Ligne({nom, " : ", refus});
-      throw Erreur(kArretAnnonce);
+      Arreter(rapport, Joindre({nom, " : ", refus}));
     }
     SauverNomQuest(contexte, etat.questions);
     rapport.Ligne(kIntitulesSauvegardes);

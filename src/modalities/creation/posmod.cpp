@@ -10,6 +10,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/listes.h"
@@ -106,8 +107,7 @@ void RefuserCodesMax(const FichierPos& pos, const ChoixQuestions& choix, Rapport
     const std::optional<RefusDeCodeMax> refus = RefusDuCodeMax(pos.questions[rang]);
     if (!refus) continue;
     dialogue.demander(refus->boite, Boutons::Ok);
-    rapport.Ligne(refus->ligne);
-    throw Erreur(kArretAnnonce);
+    Arreter(rapport, refus->ligne);
   }
 }
 
@@ -121,9 +121,9 @@ class Surveillance {
             Joindre({"Avertissement : depassement de code-max ", depassement.question, " Ligne ",
                      NombreBlanc(depassement.ligne), " Valeur ", NombreBlanc(depassement.valeur)}));
     if (++nombre_ <= kDepassementsAuPlus) return;
-    Avertir(rapport_, dialogue_,
-            Joindre({"Erreur : arret pour nombre de depassement de code-max >", NombreNu(kDepassementsAuPlus)}));
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(
+        rapport_, dialogue_,
+        Joindre({"Erreur : arret pour nombre de depassement de code-max >", NombreNu(kDepassementsAuPlus)}));
   }
 
  private:

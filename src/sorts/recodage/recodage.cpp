@@ -6,6 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/annulation.h"
+#include "core/programme/arret.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
@@ -141,8 +142,7 @@ void ArreterSurFautes(const Contexte& contexte, const Avertisseur& avertisseur, 
   if (avertisseur.Nombre() == 0) return;
   contexte.Ecran().biper();
   rapport.Ligne("Arrêt du programme dû aux erreurs signalées"_w);
-  rapport.Ligne({"Du fait de l'erreur le générique reste "_w, contexte.generique});
-  throw Erreur(kArretAnnonce);
+  Arreter(rapport, Joindre({"Du fait de l'erreur le générique reste "_w, contexte.generique}));
 }
 
 // Tables, then the faults that only they show, then the place of each field.
