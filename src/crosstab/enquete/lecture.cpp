@@ -12,7 +12,7 @@ namespace {
 QuestionCroisee QuestionDe(const Question& question, std::string_view ligne, int plafond) {
   QuestionCroisee croisee;
   croisee.nom = question.nom;
-  croisee.libelle = Joindre({CadreGauche(Milieu(ligne, 1, 7), 7), " ", CadreGauche(Milieu(ligne, 8, 2), 2)});
+  croisee.libelle = TexteDeQuestion(ligne);
   croisee.intitule = question.intitule;
   croisee.position = question.position;
   croisee.codeMax = question.codeMax;

@@ -72,10 +72,7 @@ std::int64_t CompterModalites(const FichierPos& pos, const ChoixQuestions& choix
   return std::max<std::int64_t>(modalites, 0);
 }
 
-std::string TexteQuestion(const FichierPos& pos, std::size_t rang) {
-  const std::string& ligne = pos.lignes.at(rang + 2);
-  return CadreGauche(Joindre({Milieu(ligne, 1, 7), " ", Milieu(ligne, 8, 2)}), 10);
-}
+std::string TexteQuestion(const FichierPos& pos, std::size_t rang) { return TexteDeQuestion(pos.lignes.at(rang + 2)); }
 
 std::string LigneDeListe(const FichierPos& pos, std::size_t rang) {
   return Joindre({TexteQuestion(pos, rang), " ", pos.questions.at(rang).intitule});
