@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "core/enquete/posfile.h"
+#include "core/resultats/cellules.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "crosstab/edition/editions.h"
@@ -21,7 +22,8 @@ constexpr std::string_view kCoinDesCodes = "Modal.  ";
 constexpr std::string_view kTotal = "TOT";
 constexpr std::string_view kTotalLigne = " TOT ";
 
-// Tables of data side by side: one row a modality and that of the totals, under a heading of names and one of codes.
+// Tables laid out for the report alone, side by side: one row a modality and that of the totals, under a heading of
+// names and one of codes.
 struct Bandes {
   TableauEdite noms;
   TableauEdite corps;
@@ -130,7 +132,7 @@ void AjouterSignes(Bandes& bandes, const TableauTitre& titre, const TablesCroise
   AjouterModalites(bandes, titre, kPlaceDeSigne, ecart, Entete::Codes);
   for (std::size_t rang = 0; rang < titre.tableau.lignes.size(); ++rang)
     for (std::size_t j = 0; j < titre.tableau.colonnes.size(); ++j)
-      bandes.corps.rangees[rang].cellules.push_back({.marque = tables.pourcentages.rangees[rang].cellules[j].marque});
+      bandes.corps.rangees[rang].cellules.push_back(CelluleTexte(tables.pourcentages.rangees[rang].cellules[j].marque));
 }
 
 void Imprimer(Rapport& rapport, Bandes bandes) {

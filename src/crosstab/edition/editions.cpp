@@ -1,5 +1,6 @@
 #include "crosstab/edition/editions.h"
 
+#include "core/resultats/cellules.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 
@@ -49,9 +50,8 @@ void ImprimerEnTete(Rapport& rapport, const TableauTitre& titre) {
 void ImprimerCasesFaibles(Rapport& rapport, const TableauTitre& titre, bool detail) {
   const TableauCroise& t = titre.tableau;
   if (t.casesFaibles.empty()) return;
-  const auto nombre = static_cast<double>(t.casesFaibles.size());
   ImprimerPhrase(rapport, "Le nombre de cases de théorique <1 est de "_w,
-                 {{nombre, Unite::Effectif}, Part(t.partCasesFaibles)}, {{.entiers = 3}, kPlaceDePart});
+                 {CelluleEffectif(t.casesFaibles.size()), Part(t.partCasesFaibles)}, {{.entiers = 3}, kPlaceDePart});
   ImprimerPhrase(rapport, "Le Khideux dû à ces cases est de  "_w, {Khi2(t.khi2Faibles), Part(t.partKhi2Faibles)},
                  {PlaceDuKhi2(t.khi2Faibles), kPlaceDePart});
   ImprimerPhrase(rapport, "Le khi-deux sans ces cases est de ", {Khi2(t.khi2SansFaibles), Proba(t.probaSansFaibles)},
@@ -89,7 +89,7 @@ void ImprimerStatistiques(Rapport& rapport, const TableauTitre& titre, bool deta
   const TableauCroise& t = titre.tableau;
   ImprimerEnTete(rapport, titre);
   ImprimerPhrase(rapport, "Le Khi-deux du tableau est de ", {Khi2(t.khi2)}, {PlaceDuKhi2(t.khi2)});
-  ImprimerPhrase(rapport, "Degré liberté = "_w, {{static_cast<double>(t.degres)}, Proba(t.proba)},
+  ImprimerPhrase(rapport, "Degré liberté = "_w, {CelluleEntiere(t.degres), Proba(t.proba)},
                  {{.entiers = 3}, kPlaceDeProba});
   ImprimerCasesFaibles(rapport, titre, detailKhi2);
   if (ordrePem || t.deuxParDeux)

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/resultats/cellules.h"
+
 namespace quelvar::crosstab {
 
 namespace {
@@ -49,10 +51,11 @@ TableauEdite Dresser(const TableauTitre& titre, const Contenu<Case, Fin, Pied>& 
 
 TableauEdite Effectifs(const TableauTitre& titre) {
   const TableauCompte& t = titre.tableau.compte;
-  const auto cellule = [](double effectif) { return Cellule{effectif, Unite::Effectif}; };
-  return Dresser(titre, Contenu{"effectifs", [&](std::size_t i, std::size_t j) { return cellule(t.effectifs(i, j)); },
-                                [&](std::size_t i) { return cellule(t.marges.lignes[i]); },
-                                [&](std::size_t j) { return cellule(t.marges.colonnes[j]); }, cellule(t.marges.total)});
+  return Dresser(
+      titre,
+      Contenu{"effectifs", [&](std::size_t i, std::size_t j) { return CelluleEffectif(t.effectifs(i, j)); },
+              [&](std::size_t i) { return CelluleEffectif(t.marges.lignes[i]); },
+              [&](std::size_t j) { return CelluleEffectif(t.marges.colonnes[j]); }, CelluleEffectif(t.marges.total)});
 }
 
 const Cellule kCent = {100.0, Unite::Pourcent};
@@ -107,7 +110,7 @@ TableauEdite Statistiques(const TableauTitre& titre) {
   tableau.titres = Titres(titre, "statistiques");
   tableau.colonnes = {{"Valeur"}};
   tableau.rangees = {{"Khi-deux", {}, {{t.khi2, Unite::Nombre, 1}}},
-                     {Joindre({"Degrés de liberté"_w}), {}, {{static_cast<double>(t.degres)}}},
+                     {Joindre({"Degrés de liberté"_w}), {}, {CelluleEntiere(t.degres)}},
                      {Joindre({"Probabilité"_w}),
                       {},
                       {{t.proba.Depassement(), Unite::Nombre, 3, std::string(Rogner(t.proba.marque))}}},
