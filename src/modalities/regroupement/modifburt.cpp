@@ -94,9 +94,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
               bool libre) {
   ImprimerBandeau(rapport, kTitre);
   const TableAGrouper table = OuvrirTable(contexte, rapport);
-  if (table.parametres.largeur < 1) {
-    AvertirEtArreter(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
-  }
+  if (table.parametres.largeur < 1) AvertirEtArreter(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
   PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
   const NomsDeGroupe noms = NommerGroupes(contexte, table, options);
   plan.nomCourt = noms.ligne;

@@ -27,9 +27,8 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGro
     const auto& modalites = table.mod.modalites;
     const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
     if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
-    if (rangs.empty() || rangs.front() >= marques.size()) {
+    if (rangs.empty() || rangs.front() >= marques.size())
       AvertirEtArreter(rapport, contexte.Ecran(), PhraseInconnue(nom));
-    }
     marques[rangs.front()] = 1;
   }
 }
@@ -98,9 +97,7 @@ TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
     rapport.Lignes(table.parametres.remarques);
   }
   table.pos = chercher(".POS", table.parametres.burt > 0);
-  if (manque) {
-    AvertirEtArreter(rapport, contexte.Ecran(), kArret);
-  }
+  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArret);
   table.brt = *brt;
   if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
   return table;

@@ -118,13 +118,10 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
   if (!etat) return Fin::Arret;
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     Script script(*etat, rapport);
-    if (!script.Executer(options)) {
+    if (!script.Executer(options))
       Arreter(rapport,
               Joindre({"Rien n'est enregistré, le fichier "_w, contexte.Nom(".POS"), " reste tel qu'il était"_w}));
-    }
-    if (!EnregistrerPrepRecod(*etat, contexte)) {
-      Arreter(rapport, etat->message);
-    }
+    if (!EnregistrerPrepRecod(*etat, contexte)) Arreter(rapport, etat->message);
     if (script.FiltreAnnule()) {
       // A script does not go on to recode everybody.
       Arreter(rapport, Joindre({"Le fichier "_w, contexte.Nom(".POS"), " est enregistré sans filtre"_w}));

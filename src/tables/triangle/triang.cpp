@@ -81,9 +81,8 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
   if (!trg) return Fin::Arret;
   return Continuer(contexte, [&](Rapport& rapport) {
     const CotesTriangle& cotes = options.cotes;
-    if (cotes.droit - cotes.gauche - cotes.bas < kHauteurMinimum) {
+    if (cotes.droit - cotes.gauche - cotes.bas < kHauteurMinimum)
       AvertirEtArreter(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
-    }
     const EtatTriangle etat = Regler(rapport, contexte, options, std::move(*trg));
     const std::string nom = options.fichier.empty() ? contexte.Nom("Trg.svg") : options.fichier;
     EcrireSvg(contexte.repertoire, nom, DessinerTriangle(etat));
