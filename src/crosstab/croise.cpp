@@ -4,8 +4,8 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
-#include "crosstab/preparation.h"
-#include "crosstab/resultats.h"
+#include "crosstab/edition/tables.h"
+#include "crosstab/enquete/preparation.h"
 #include "crosstab/sorties.h"
 
 namespace quelvar::crosstab {

@@ -9,8 +9,9 @@
 
 #include "core/programme/programme.h"
 #include "core/resultats/tableau.h"
-#include "crosstab/edition.h"
-#include "crosstab/enquete.h"
+#include "crosstab/edition/editions.h"
+#include "crosstab/enquete/questions.h"
+#include "crosstab/graphe/retenu.h"
 #include "crosstab/tableau/tableau.h"
 
 namespace quelvar::crosstab {
@@ -28,16 +29,6 @@ struct DemandeCroise {
   bool tableauIsole = false;  // save the first table as .MOD and .BRT
   bool retenir = false;       // keep the last table for its picture
   bool tableaux = false;      // keep all of them as tables of data
-};
-
-// A printed table with its words, kept for its picture.
-struct TableauRetenu {
-  TableauCroise tableau;
-  QuestionCroisee ligne;
-  QuestionCroisee colonne;
-  std::vector<std::string> intitulesLignes;  // by code
-  std::vector<std::string> intitulesColonnes;
-  bool ordrePem = false;  // rows and columns stand in the order of the first axis
 };
 
 struct ResultatLancement {

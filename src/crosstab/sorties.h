@@ -9,7 +9,7 @@
 #include "core/enquete/trgfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/programme/programme.h"
-#include "crosstab/edition.h"
+#include "crosstab/edition/editions.h"
 
 namespace quelvar::crosstab {
 

@@ -9,6 +9,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "tables/examentableau.h"
 #include "tables/lecturetable.h"
@@ -106,10 +107,8 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
   TravailEcapem travail{contexte, options, rapport, fichiers.brt, parametres, {}};
   rapport.Lignes(travail.parametres.remarques);
   for (const Modalite& modalite : mod.modalites) travail.modalites.push_back(NommerModalite(modalite));
-  if (travail.parametres.largeur == 0) {
-    rapport.Ligne({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")});
-    throw Erreur(kArretAnnonce);
-  }
+  if (travail.parametres.largeur == 0)
+    Arreter(rapport, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
   const std::int16_t burt = travail.parametres.burt;
   if (options.cliques) {
     EnregistrerCliques(travail);

@@ -1,6 +1,7 @@
 #include "tables/edition.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "core/chiffres/nombres.h"
@@ -12,8 +13,9 @@ namespace quelvar::tables {
 namespace {
 
 constexpr int kLargeurLigne = 4;  // of a row label
-constexpr std::size_t kRetraitDesDeuxPremiers = 5;
-constexpr std::size_t kRetrait = 7;
+// What stands in front of the labels of the columns: in the first two tables, and in the others.
+constexpr std::string_view kRetraitDesDeuxPremiers = "     ";
+constexpr std::string_view kRetrait = "       ";
 
 std::string Blancs(std::size_t nombre) { return std::string(nombre, ' '); }
 
@@ -26,16 +28,26 @@ std::string_view SuiteDeLaPhrase(OrdresTries tries) {
 }
 
 // A cell is one wider than in the table file; so is the label above it.
-PlaceEnRangee PlaceDeCase(const Presentation& presentation, std::string_view avant = {}) {
-  return {.avant = avant, .entiers = presentation.largeur + 1, .titre = TitreDeColonne::AGauche};
+PlaceEnRangee PlaceDeCase(const Presentation& presentation) {
+  return {.entiers = presentation.largeur + 1, .titre = TitreDeColonne::AGauche};
 }
 PlaceEnRangee PlaceDeTotal(const Presentation& presentation) {
   return {.avant = " ", .entiers = presentation.largeur + 1, .avantTitre = " "};
 }
 
-// The heading of a table: the labels of its columns, `retrait` columns from the margin.
-TableauEdite Tete(const Presentation& presentation, std::size_t retrait) {
-  TableauEdite tete{.coin = Blancs(retrait)};
+// The places of a table with these columns and what follows them; the heading begins behind `retrait`.
+FormeEnRangees FormeDeTable(const Presentation& presentation, std::size_t colonnes, std::string_view retrait,
+                            std::initializer_list<PlaceEnRangee> totaux) {
+  FormeEnRangees forme{.titre = kLargeurLigne};
+  forme.places.assign(colonnes, PlaceDeCase(presentation));
+  forme.places.insert(forme.places.end(), totaux);
+  forme.places.front().avantTitre = retrait;
+  return forme;
+}
+
+// The heading of a table: the labels of its columns.
+TableauEdite Tete(const Presentation& presentation) {
+  TableauEdite tete;
   for (const std::string_view colonne : presentation.colonnes) tete.colonnes.push_back({std::string(colonne)});
   return tete;
 }
@@ -50,19 +62,17 @@ Rangee RangeeDe(std::string_view titre, std::span<const double> valeurs, int dec
 // The rows go to the driver one by one: the cells of a large table are not held twice.
 void ImprimerSansTotaux(Rapport& rapport, const Presentation& presentation, const Matrice& cellules) {
   constexpr int kDecimales = 1;
-  const FormeEnRangees forme{.titre = kLargeurLigne, .places = {PlaceDeCase(presentation)}};
+  const FormeEnRangees forme = FormeDeTable(presentation, cellules.Colonnes(), kRetrait, {});
   ImprimeurDeRangees imprimeur(rapport, forme, cellules.Colonnes());
-  imprimeur.Tete(Tete(presentation, kRetrait));
+  imprimeur.Tete(Tete(presentation));
   for (std::size_t i = 0; i < cellules.Lignes(); ++i)
     imprimeur.Imprimer(RangeeDe(presentation.lignes[i], cellules.Ligne(i), kDecimales));
 }
 
-void ImprimerAvecTotaux(Rapport& rapport, const Presentation& presentation, std::size_t retrait,
+void ImprimerAvecTotaux(Rapport& rapport, const Presentation& presentation, std::string_view retrait,
                         const Matrice& cellules, const crosstab::Marges& marges, int decimales) {
-  FormeEnRangees forme{.titre = kLargeurLigne};
-  forme.places.assign(cellules.Colonnes(), PlaceDeCase(presentation));
-  forme.places.push_back(PlaceDeTotal(presentation));
-  TableauEdite tete = Tete(presentation, retrait);
+  const FormeEnRangees forme = FormeDeTable(presentation, cellules.Colonnes(), retrait, {PlaceDeTotal(presentation)});
+  TableauEdite tete = Tete(presentation);
   tete.colonnes.push_back({"TOT."});
   ImprimeurDeRangees imprimeur(rapport, forme, tete.colonnes.size());
   imprimeur.Tete(tete);
@@ -81,11 +91,10 @@ void ImprimerPourcentages(Rapport& rapport, const Presentation& presentation,
                           const crosstab::DetailsDuTableau& details) {
   constexpr int kDecimales = 1;
   const Cellule cent{100.0, Unite::Pourcent};
-  FormeEnRangees forme{.titre = kLargeurLigne};
-  forme.places.assign(presentation.colonnes.size(), PlaceDeCase(presentation));
-  forme.places.push_back({.avant = "  ", .entiers = 3, .avantTitre = "   "});
-  forme.places.push_back({.avant = " ", .entiers = presentation.largeur + 1});
-  TableauEdite tete = Tete(presentation, kRetraitDesDeuxPremiers);
+  const FormeEnRangees forme = FormeDeTable(
+      presentation, presentation.colonnes.size(), kRetraitDesDeuxPremiers,
+      {{.avant = "  ", .entiers = 3, .avantTitre = "   "}, {.avant = " ", .entiers = presentation.largeur + 1}});
+  TableauEdite tete = Tete(presentation);
   tete.colonnes.insert(tete.colonnes.end(), {{"TOT."}, {}});
   ImprimeurDeRangees imprimeur(rapport, forme, tete.colonnes.size());
   imprimeur.Tete(tete);
@@ -103,10 +112,11 @@ void ImprimerPourcentages(Rapport& rapport, const Presentation& presentation,
 // The coordinates under the labels of their elements.
 void ImprimerAxe(Rapport& rapport, std::span<const std::string_view> intitules, std::span<const double> coordonnees,
                  int largeur) {
-  TableauEdite axe = TableDeLAxe(intitules, coordonnees);
-  axe.coin = Blancs(5);
-  axe.rangees.front().titre = Blancs(2);
-  ImprimerRangees(rapport, axe, {.places = {{.entiers = largeur, .titre = TitreDeColonne::ADroite}}});
+  const PlaceEnRangee place{.entiers = largeur, .titre = TitreDeColonne::ADroite};
+  PlaceEnRangee premiere = place;
+  premiere.avant = "  ";
+  premiere.avantTitre = "     ";
+  ImprimerRangees(rapport, TableDeLAxe(intitules, coordonnees), {.places = {premiere, place}});
   rapport.Ligne();
 }
 
@@ -179,27 +189,28 @@ void ImprimerPartDuFacteur(Rapport& rapport, const PartDuFacteur& part, int larg
 }
 
 void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTries tries, int largeur) {
-  const PlaceEnRangee somme{.entiers = largeur + 1};
-  const PlaceEnRangee pourcent{.entiers = 3};
-  const PlaceEnRangee compte{};
+  const auto somme = [&](std::string_view avant) { return PlaceEnRangee{avant, largeur + 1}; };
+  const auto pourcent = [](std::string_view avant) { return PlaceEnRangee{avant, 3}; };
+  const PlaceEnRangee compte{" = "};
   if (!tries.lignes || !tries.colonnes) {
     rapport.Ligne("*** Attention, le PEM, le Khideux max et le Gamma n'ont de sens que si");
     rapport.Ligne("    le tableau a été maximisé dans l'ordre du premier facteur d'une AFC ***"_w);
   }
   ImprimerValeurs(rapport, RangeesDesIndices(indices),
-                  {somme, somme, pourcent, somme, somme, pourcent, compte, compte, pourcent, {.entiers = 1}});
+                  {somme(" = "), somme("= "), pourcent("   ="), somme("= "), somme("= "), pourcent("="), compte, compte,
+                   pourcent("="), PlaceEnRangee{"= ", 1}});
 }
 
 void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma) {
   const TableauEdite table = TableDeGamma(gamma);
   const std::span<const Rangee> rangees = table.rangees;
-  const PlaceEnRangee place{.entiers = 3};
+  constexpr int kEntiers = 3;
   rapport.Ligne(titre);
   rapport.Ligne();
   rapport.Lignes(table.titres);
-  ImprimerValeurs(rapport, rangees.first(2), {place});
+  ImprimerValeurs(rapport, rangees.first(2), {{"        =", kEntiers}, {"    =", kEntiers}});
   rapport.Ligne();
-  ImprimerValeurs(rapport, rangees.subspan(2), {place});
+  ImprimerValeurs(rapport, rangees.subspan(2), {{" =", kEntiers}});
   rapport.Ligne();
 }
 

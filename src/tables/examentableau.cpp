@@ -17,7 +17,7 @@ constexpr std::size_t kTailleEditee = 30;  // rows and columns beyond which the 
 constexpr std::size_t kTitreDeLigne = kIntituleDeModaliteAuPlus;  // what a profile shows of a label
 constexpr std::size_t kTitreDeColonne = 10;
 
-struct Noms {
+struct NomsDesElements {
   const std::vector<NomDElement>& colonnes;
   std::vector<NomDElement> lignes;
 };
@@ -33,13 +33,13 @@ std::vector<std::string_view> IntitulesDes(const std::vector<NomDElement>& noms,
   return intitules;
 }
 
-Presentation PresentationDe(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table) {
+Presentation PresentationDe(const TravailEcapem& t, const NomsDesElements& noms, const crosstab::TableauCompte& table) {
   return {IntitulesDes(noms.lignes, table.rangsLignes, t.options.intitules),
           IntitulesDes(noms.colonnes, table.rangsColonnes, t.options.intitules), t.parametres.largeur};
 }
 
 // Labels by node: the columns, then the rows, in the order of the files.
-std::vector<std::string_view> IntitulesDesNoeuds(const Noms& noms, ModeIntitules mode) {
+std::vector<std::string_view> IntitulesDesNoeuds(const NomsDesElements& noms, ModeIntitules mode) {
   std::vector<std::string_view> intitules;
   for (const auto* liste : {&noms.colonnes, &noms.lignes})
     for (const NomDElement& nom : *liste) intitules.push_back(IntituleEdite(nom, mode));
@@ -55,7 +55,7 @@ std::vector<Lien> LiensGardesEntreLignes(const TravailEcapem& t, const crosstab:
 }
 
 // Rows and then columns, in the order of the table, from the links sorted for each in turn.
-void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table,
+void ImprimerProfils(const TravailEcapem& t, const NomsDesElements& noms, const crosstab::TableauCompte& table,
                      std::vector<Lien>& liens) {
   const std::vector<std::string_view> intitules = IntitulesDesNoeuds(noms, t.options.intitules);
   ImprimeurDeProfils imprimeur(t.rapport, intitules, t.LargeurDesProfils());
@@ -79,8 +79,8 @@ void ImprimerProfils(const TravailEcapem& t, const Noms& noms, const crosstab::T
 }
 
 // Links of the cells, their count and their profiles; the files then hold the links by value.
-void TraiterLiens(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table, const Matrice& pem,
-                  LiensAEnregistrer& trouves) {
+void TraiterLiens(const TravailEcapem& t, const NomsDesElements& noms, const crosstab::TableauCompte& table,
+                  const Matrice& pem, LiensAEnregistrer& trouves) {
   std::vector<Lien> liens = LiensDesCellules(table, pem);
   ImprimerNombreDeLiens(t.rapport, liens.size(), t.options.seuil, OrigineDesLiens::Tableau);
   if (!liens.empty()) ImprimerProfils(t, noms, table, liens);
@@ -91,8 +91,8 @@ void TraiterLiens(const TravailEcapem& t, const Noms& noms, const crosstab::Tabl
 }
 
 // The analysis of one table, the observed one or its maximum table.
-Diagonalisee Analyser(const TravailEcapem& t, const Noms& noms, const crosstab::TableauCompte& table, OrdresTries tries,
-                      LiensAEnregistrer& trouves) {
+Diagonalisee Analyser(const TravailEcapem& t, const NomsDesElements& noms, const crosstab::TableauCompte& table,
+                      OrdresTries tries, LiensAEnregistrer& trouves) {
   Diagonalisee diagonalisee = Diagonalisation(table, tries);
   ImprimerFacteur(t.rapport, PresentationDe(t, noms, table), diagonalisee.facteur);
   const crosstab::AttractionsDuTableau attractions = crosstab::CalculerAttractions(diagonalisee.table);
@@ -119,7 +119,7 @@ void ExaminerTableau(const TravailEcapem& t) {
   constexpr std::uint64_t kDisqueParCellule = 30;
   ExigerPlace(t.contexte, t.rapport, {kMemoireParCellule * cellules, kDisqueParCellule * cellules});
   TableLue lue = LireTable(t.brt, lignes, t.modalites.size(), t.parametres.largeur);
-  const Noms noms{t.modalites, std::move(lue.lignes)};
+  const NomsDesElements noms{t.modalites, std::move(lue.lignes)};
   const OrdresTries tries = OrdresDemandes(t.parametres.de);
 
   LiensAEnregistrer trouves;

@@ -55,9 +55,9 @@ TableauEdite TableDeGamma(const Gamma& gamma) {
   constexpr int kDecimales = 3;
   const auto cellule = [](const std::optional<double>& valeur) { return Cellule{valeur, Unite::Nombre, kDecimales}; };
   return {.titres = {"Gamma de Goodman et Kruskal"},
-          .rangees = {{"Proportion d'accords        =", {}, {cellule(gamma.accords)}},
-                      {Joindre({"Proportion de désaccords    ="_w}), {}, {cellule(gamma.desaccords)}},
-                      {"*** Gamma de Goodman et Kruskal =", {}, {cellule(gamma.gamma)}}}};
+          .rangees = {{"Proportion d'accords", {}, {cellule(gamma.accords)}},
+                      {Joindre({"Proportion de désaccords"_w}), {}, {cellule(gamma.desaccords)}},
+                      {"*** Gamma de Goodman et Kruskal", {}, {cellule(gamma.gamma)}}}};
 }
 
 }  // namespace quelvar::tables

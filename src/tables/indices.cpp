@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
+#include "core/resultats/cellules.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::tables {
@@ -45,19 +46,19 @@ std::vector<Rangee> RangeesDesIndices(const IndicesGlobaux& indices) {
     return Rangee{std::string(titre.Vue()), {}, {{valeur, Unite::Nombre, decimales}}};
   };
   const auto compte = [](std::string_view titre, auto valeur) {
-    return Rangee{std::string(titre), {}, {{.marque = NombreNu(valeur)}}};
+    return Rangee{std::string(titre), {}, {CelluleTexte(NombreNu(valeur))}};
   };
   return {
-      rangee("Somme des écarts positifs = "_w, indices.observe.positifs, 2),
-      rangee("Somme des écarts positifs dans le cas du tableau diagonalisé= "_w, indices.maximum.positifs, 2),
-      rangee("*** PEM global du tableau   =", indices.pem, 2),
-      rangee("*** Khideux du tableau= ", indices.observe.khi2, 2),
-      rangee("Khideux dans le cas du tableau diagonalisé= "_w, indices.maximum.khi2, 2),
-      rangee("Khideux/khideux max en %=", indices.khi2SurMaximum, 2),
-      compte("Plus petite dimension du tableau = ", indices.plusPetiteDimension),
-      compte("Effectif du tableau = ", indices.effectif),
-      rangee("Rapport de Cramér en %="_w, indices.rapportCramer, 2),
-      rangee("*** V de Cramér = "_w, indices.vCramer, 3),
+      rangee("Somme des écarts positifs"_w, indices.observe.positifs, 2),
+      rangee("Somme des écarts positifs dans le cas du tableau diagonalisé"_w, indices.maximum.positifs, 2),
+      rangee("*** PEM global du tableau", indices.pem, 2),
+      rangee("*** Khideux du tableau", indices.observe.khi2, 2),
+      rangee("Khideux dans le cas du tableau diagonalisé"_w, indices.maximum.khi2, 2),
+      rangee("Khideux/khideux max en %", indices.khi2SurMaximum, 2),
+      compte("Plus petite dimension du tableau", indices.plusPetiteDimension),
+      compte("Effectif du tableau", indices.effectif),
+      rangee("Rapport de Cramér en %"_w, indices.rapportCramer, 2),
+      rangee("*** V de Cramér"_w, indices.vCramer, 3),
   };
 }
 

@@ -129,6 +129,11 @@ std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::st
   return Joindre({CadreGauche(nom, kLargeurDeQuestion), EntierDroit(position, kLargeurDePosition), codeMax, suite});
 }
 
+std::string TexteDeQuestion(std::string_view ligne) {
+  return Joindre({CadreGauche(ligne, kColonneDeCodeMax - 1), " ",
+                  CadreGauche(Milieu(ligne, kColonneDeCodeMax, kLargeurDeCodeMax), kLargeurDeCodeMax)});
+}
+
 std::string LigneDeTaille(std::int64_t individus, std::int64_t avantPonderation) {
   std::string ligne = NombreNu(individus);
   if (avantPonderation != 0) ligne += Joindre({"(", NombreNu(avantPonderation), ")"});

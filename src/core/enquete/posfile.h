@@ -83,6 +83,8 @@ Question LireLigneQuestion(std::string_view ligne);
 // The line of a question: name in 3 columns, position in 4, code-max in 2 as TexteCodeMax has it, and what follows.
 std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
                             std::string_view suite = {});
+// The ten columns that lists and reports show of such a line: name and position, a blank, code-max.
+std::string TexteDeQuestion(std::string_view ligne);
 // The size line of N individuals; M, those before the weighting, stand between parentheses unless they are 0.
 std::string LigneDeTaille(std::int64_t individus, std::int64_t avantPonderation = 0);
 // A label between its two signs.

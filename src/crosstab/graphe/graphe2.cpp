@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
+#include "core/resultats/tableau.h"
 
 namespace quelvar::crosstab {
 

@@ -10,7 +10,7 @@
 #include "core/calcul/matrice.h"
 #include "core/dessin/coefficient.h"
 #include "core/dessin/dessin.h"
-#include "crosstab/croise.h"
+#include "crosstab/graphe/retenu.h"
 
 namespace quelvar::crosstab {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "modalities/creation/choix.h"
+#include "modalities/liste/choix.h"
 
 namespace quelvar::forms {
 

@@ -92,8 +92,8 @@ std::vector<std::string> ReprendreAnciennes(std::vector<ModaliteCreee>& modalite
 namespace {
 
 // The modalities of a question, code 0 first when it is one.
-template <class Plan>
-auto ModalitesDe(Plan& plan, const QuestionChoisie& question) {
+template <class P>
+auto ModalitesDe(P& plan, const QuestionChoisie& question) {
   const std::size_t nombre = static_cast<std::size_t>(std::max(question.codeMax, 0)) + (plan.codesZero ? 1 : 0);
   return std::span(plan.modalites).subspan(question.premiere, nombre);
 }

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "core/fichiers/fichiers.h"
-#include "modalities/codes.h"
-#include "modalities/modalites.h"
+#include "modalities/liste/codes.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 

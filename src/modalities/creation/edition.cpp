@@ -6,6 +6,7 @@ namespace quelvar::modalities {
 
 namespace {
 
+// The columns of a question are those of its line in the file, digits or not: texts, and no cells of a table.
 void ImprimerQuestions(const FichierPos& pos, const ChoixQuestions& choix, Statut statut, Rapport& rapport,
                        const Dialogue& dialogue) {
   for (const std::size_t rang : choix.Rangs(statut)) {

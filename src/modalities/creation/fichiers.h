@@ -9,7 +9,7 @@
 #include "core/fichiers/fichiers.h"
 #include "modalities/creation/anciennes.h"
 #include "modalities/creation/burt.h"
-#include "modalities/modalites.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 

@@ -10,7 +10,7 @@
 #include "core/fichiers/fichiers.h"
 #include "core/programme/dialogue.h"
 #include "modalities/creation/burt.h"
-#include "modalities/modalites.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 

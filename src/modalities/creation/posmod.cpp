@@ -10,6 +10,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/texte/listes.h"
@@ -22,7 +23,7 @@ namespace quelvar::modalities {
 namespace {
 
 // What a run starts from.
-struct Preparation {
+struct EntreesDePosmod {
   Chemin donnees;
   FichierPos pos;
   std::optional<Chemin> ancienMod;
@@ -43,30 +44,30 @@ void ImprimerIndividus(const FichierPos& pos, Rapport& rapport) {
 }
 
 // Opens the files; without those that are needed the run stops, before the heading of its report.
-Preparation OuvrirFichiers(const Contexte& contexte, Rapport& rapport) {
-  Preparation preparation;
+EntreesDePosmod OuvrirFichiers(const Contexte& contexte, Rapport& rapport) {
+  EntreesDePosmod entrees;
   const std::optional<Chemin> donnees = contexte.Chercher(".DAT");
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
-  preparation.ancienMod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
+  entrees.ancienMod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   ExigerFichiers(rapport, contexte.Ecran(),
                  {{contexte.Nom(".DAT"), donnees.has_value()}, {contexte.Nom(".POS"), pos.has_value()}},
                  kArretAbsenceSansAccents);
-  preparation.donnees = *donnees;
-  return preparation;
+  entrees.donnees = *donnees;
+  return entrees;
 }
 
-void PrendreQuestions(const Contexte& contexte, Preparation& preparation) {
-  preparation.pos = LirePos(contexte.Exiger(".POS"));
-  ExigerParentheses(preparation.pos.taille, contexte.Ecran());
+void PrendreQuestions(const Contexte& contexte, EntreesDePosmod& entrees) {
+  entrees.pos = LirePos(contexte.Exiger(".POS"));
+  ExigerParentheses(entrees.pos.taille, contexte.Ecran());
 }
 
 // Opens the files and tells their names.
-Preparation Preparer(const Contexte& contexte, Rapport& rapport) {
-  Preparation preparation = OuvrirFichiers(contexte, rapport);
+EntreesDePosmod Preparer(const Contexte& contexte, Rapport& rapport) {
+  EntreesDePosmod entrees = OuvrirFichiers(contexte, rapport);
   ImprimerNomsDesFichiers(contexte, rapport);
-  PrendreQuestions(contexte, preparation);
-  ImprimerIndividus(preparation.pos, rapport);
-  return preparation;
+  PrendreQuestions(contexte, entrees);
+  ImprimerIndividus(entrees.pos, rapport);
+  return entrees;
 }
 
 ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapport& rapport) {
@@ -95,9 +96,9 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
 }
 
 // Those of line 2 have been told; a count is told now.
-std::int64_t CompterIndividus(const Preparation& preparation, Rapport& rapport) {
-  const std::int64_t individus = AnnoncesOuComptes(preparation.pos.taille, preparation.donnees);
-  if (preparation.pos.taille.individus <= 0) rapport.Ligne(LigneDesIndividus(individus));
+std::int64_t CompterIndividus(const EntreesDePosmod& entrees, Rapport& rapport) {
+  const std::int64_t individus = AnnoncesOuComptes(entrees.pos.taille, entrees.donnees);
+  if (entrees.pos.taille.individus <= 0) rapport.Ligne(LigneDesIndividus(individus));
   return individus;
 }
 
@@ -106,8 +107,7 @@ void RefuserCodesMax(const FichierPos& pos, const ChoixQuestions& choix, Rapport
     const std::optional<RefusDeCodeMax> refus = RefusDuCodeMax(pos.questions[rang]);
     if (!refus) continue;
     dialogue.demander(refus->boite, Boutons::Ok);
-    rapport.Ligne(refus->ligne);
-    throw Erreur(kArretAnnonce);
+    Arreter(rapport, refus->ligne);
   }
 }
 
@@ -121,9 +121,9 @@ class Surveillance {
             Joindre({"Avertissement : depassement de code-max ", depassement.question, " Ligne ",
                      NombreBlanc(depassement.ligne), " Valeur ", NombreBlanc(depassement.valeur)}));
     if (++nombre_ <= kDepassementsAuPlus) return;
-    Avertir(rapport_, dialogue_,
-            Joindre({"Erreur : arret pour nombre de depassement de code-max >", NombreNu(kDepassementsAuPlus)}));
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(
+        rapport_, dialogue_,
+        Joindre({"Erreur : arret pour nombre de depassement de code-max >", NombreNu(kDepassementsAuPlus)}));
   }
 
  private:
@@ -144,7 +144,7 @@ Place PlaceDesTables(std::uint64_t modalites, std::int64_t individus, bool avecI
 }
 
 // Reads the data and writes the tables; returns the parameter line of the .MOD.
-std::string ConstruireTables(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
+std::string ConstruireTables(const Contexte& contexte, const EntreesDePosmod& entrees, const PlanModalites& plan,
                              const OptionsPosmod& options, std::int64_t individus, JeuDeFichiers& sorties,
                              Rapport& rapport) {
   const std::size_t modalites = plan.modalites.size();
@@ -152,10 +152,10 @@ std::string ConstruireTables(const Contexte& contexte, const Preparation& prepar
   std::optional<CodageLogique> codage;
   if (options.individus)
     codage.emplace(sorties.Ouvrir(contexte.Nom(".CDG"), Nature::Refaisable), modalites, options.noms);
-  DemandeDePasse demande{preparation.donnees, individus, codage ? &*codage : nullptr, {}};
+  DemandeDePasse demande{entrees.donnees, individus, codage ? &*codage : nullptr, {}};
   if (options.verifierCodesMax) demande.signaler = Surveillance(rapport, contexte.Ecran());
   TableBurt burt(modalites);
-  const std::int64_t lus = PasserLesDonnees(preparation.pos, plan, demande, burt, contexte.Ecran());
+  const std::int64_t lus = PasserLesDonnees(entrees.pos, plan, demande, burt, contexte.Ecran());
   if (lus < individus)
     Avertir(rapport, contexte.Ecran(), "Attention : le nombre reel d'individus est inferieur a celui prevu");
 
@@ -210,10 +210,10 @@ std::string PhraseDeRelance(const Contexte& contexte) {
 
 // The parameter line of a .MOD that was made without the data. One with the modalities of the former file keeps its
 // line: the table is still theirs.
-std::string ParametresDeNommage(const Contexte& contexte, const Preparation& preparation, const PlanModalites& plan,
+std::string ParametresDeNommage(const Contexte& contexte, const EntreesDePosmod& entrees, const PlanModalites& plan,
                                 Rapport& rapport) {
-  if (preparation.ancienMod) {
-    const ListeModalites ancienne = LireListeModalites(*preparation.ancienMod);
+  if (entrees.ancienMod) {
+    const ListeModalites ancienne = LireListeModalites(*entrees.ancienMod);
     const auto memeNom = [](const std::string& texte, const ModaliteCreee& modalite) {
       return NomDeTexte(texte) == modalite.nom;
     };
@@ -228,34 +228,34 @@ std::string ParametresDeNommage(const Contexte& contexte, const Preparation& pre
   return LigneDeParametres(plan.modalites.size(), -1, 0);
 }
 
-void MoteurPosmod(const Contexte& contexte, const Preparation& preparation, const ChoixQuestions& choix,
+void MoteurPosmod(const Contexte& contexte, const EntreesDePosmod& entrees, const ChoixQuestions& choix,
                   const OptionsPosmod& options, Rapport& rapport) {
   const bool nommer = options.mode == ModePosmod::Modi;
   std::int64_t individus = 0;
   if (!nommer) {
-    ImprimerChoix(preparation.pos, choix, options, preparation.ancienMod.has_value(), rapport, contexte.Ecran());
-    individus = CompterIndividus(preparation, rapport);
+    ImprimerChoix(entrees.pos, choix, options, entrees.ancienMod.has_value(), rapport, contexte.Ecran());
+    individus = CompterIndividus(entrees, rapport);
   }
-  RefuserCodesMax(preparation.pos, choix, rapport, contexte.Ecran());
-  PlanModalites plan = PlanifierModalites(preparation.pos, choix, options.codesZero);
+  RefuserCodesMax(entrees.pos, choix, rapport, contexte.Ecran());
+  PlanModalites plan = PlanifierModalites(entrees.pos, choix, options.codesZero);
   std::vector<AncienneModalite> anciennes;
-  if (preparation.ancienMod) anciennes = LireAnciennes(*preparation.ancienMod, preparation.pos);
+  if (entrees.ancienMod) anciennes = LireAnciennes(*entrees.ancienMod, entrees.pos);
   std::vector<std::size_t> changees;
   if (!nommer && !options.oublierAnciennes)
-    changees = DemanderChangements(preparation.pos, plan, anciennes, rapport, contexte.Ecran());
+    changees = DemanderChangements(entrees.pos, plan, anciennes, rapport, contexte.Ecran());
   PrevenirDesDouteuses(ReprendreAnciennes(plan.modalites, anciennes, options.oublierAnciennes, nommer), rapport,
                        contexte.Ecran());
   MarquerSelonLeChoix(plan, changees);
 
   JeuDeFichiers sorties(contexte.repertoire, contexte.generique);
-  const std::string parametres =
-      nommer ? ParametresDeNommage(contexte, preparation, plan, rapport)
-             : ConstruireTables(contexte, preparation, plan, options, individus, sorties, rapport);
+  const std::string parametres = nommer
+                                     ? ParametresDeNommage(contexte, entrees, plan, rapport)
+                                     : ConstruireTables(contexte, entrees, plan, options, individus, sorties, rapport);
   EcrireMod(sorties.Ouvrir(contexte.Nom(".MOD"), Nature::Unique), contexte.generique, parametres, plan.modalites,
-            preparation.ancienMod ? &anciennes : nullptr);
+            entrees.ancienMod ? &anciennes : nullptr);
   // The marks of a set that was analysed are those of its table, whatever is named afterwards.
   if (!nommer || !contexte.Chercher(".BRT"))
-    EcrirePosMarque(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), preparation.pos, choix);
+    EcrirePosMarque(sorties.Ouvrir(contexte.Nom(".POS"), Nature::Unique), entrees.pos, choix);
   sorties.Valider();
   rapport.Ligne();
   rapport.Ligne("Fin normale du programme");
@@ -271,10 +271,10 @@ Fin Posmod(const Contexte& contexte, const OptionsPosmod& options) {
     effectives.oublierAnciennes = false;
   }
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    const Preparation preparation = Preparer(contexte, rapport);
-    const ChoixQuestions choix = Choisir(preparation.pos, effectives, rapport);
-    ExigerModalites(preparation.pos, choix, effectives, contexte.Ecran());
-    MoteurPosmod(contexte, preparation, choix, effectives, rapport);
+    const EntreesDePosmod entrees = Preparer(contexte, rapport);
+    const ChoixQuestions choix = Choisir(entrees.pos, effectives, rapport);
+    ExigerModalites(entrees.pos, choix, effectives, contexte.Ecran());
+    MoteurPosmod(contexte, entrees, choix, effectives, rapport);
   });
 }
 
@@ -294,11 +294,11 @@ void CreerSansDonnees(const Contexte& contexte, const std::vector<std::string>& 
   options.mode = ModePosmod::Modi;
   options.actives = questions;
   options.codesZero = codesZero;
-  Preparation preparation = OuvrirFichiers(contexte, rapport);
-  PrendreQuestions(contexte, preparation);
-  const ChoixQuestions choix = Choisir(preparation.pos, options, rapport);
-  ExigerModalites(preparation.pos, choix, options, contexte.Ecran());
-  MoteurPosmod(contexte, preparation, choix, options, rapport);
+  EntreesDePosmod entrees = OuvrirFichiers(contexte, rapport);
+  PrendreQuestions(contexte, entrees);
+  const ChoixQuestions choix = Choisir(entrees.pos, options, rapport);
+  ExigerModalites(entrees.pos, choix, options, contexte.Ecran());
+  MoteurPosmod(contexte, entrees, choix, options, rapport);
 }
 
 std::string PhraseDeTableDepassee(const Contexte& contexte) {
@@ -311,9 +311,9 @@ std::string PhraseDeTableDepassee(const Contexte& contexte) {
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {
   std::optional<ChoixPrepare> prepare;
   const bool pret = PreparerProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    Preparation preparation = Preparer(contexte, rapport);
-    ChoixQuestions choix = ChoixDesMarques(preparation.pos, mode);
-    prepare = ChoixPrepare{std::move(preparation.pos), std::move(choix), preparation.ancienMod.has_value()};
+    EntreesDePosmod entrees = Preparer(contexte, rapport);
+    ChoixQuestions choix = ChoixDesMarques(entrees.pos, mode);
+    prepare = ChoixPrepare{std::move(entrees.pos), std::move(choix), entrees.ancienMod.has_value()};
   });
   return pret ? std::move(prepare) : std::nullopt;
 }

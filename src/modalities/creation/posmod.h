@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/programme/programme.h"
-#include "modalities/creation/choix.h"
+#include "modalities/liste/choix.h"
 
 namespace quelvar::modalities {
 

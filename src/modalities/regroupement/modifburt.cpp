@@ -8,6 +8,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
@@ -84,9 +85,8 @@ void ExigerDesColonnes(const Contexte& contexte, Rapport& rapport, const TableAG
   if (table.parametres.burt <= 1 || !plan.AvecColonnes() ||
       std::count(plan.colonnes.begin(), plan.colonnes.end(), 0) > 0)
     return;
-  Avertir(rapport, contexte.Ecran(),
-          "*** Toutes les modalités sont marquées : il n'en resterait qu'une, et pas de tableau"_w);
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(),
+                   "*** Toutes les modalités sont marquées : il n'en resterait qu'une, et pas de tableau"_w);
 }
 
 // `libre` when nothing that counts stands under the new generic.
@@ -94,10 +94,7 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
               bool libre) {
   ImprimerBandeau(rapport, kTitre);
   const TableAGrouper table = OuvrirTable(contexte, rapport);
-  if (table.parametres.largeur < 1) {
-    Avertir(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
-    throw Erreur(kArretAnnonce);
-  }
+  if (table.parametres.largeur < 1) AvertirEtArreter(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
   PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
   const NomsDeGroupe noms = NommerGroupes(contexte, table, options);
   plan.nomCourt = noms.ligne;

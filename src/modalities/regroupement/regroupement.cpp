@@ -23,9 +23,9 @@ bool EstDouteuse(std::string_view cellule, std::size_t largeur) {
 }
 
 // A row after the columns have been grouped.
-class Rangee {
+class RangeeRegroupee {
  public:
-  Rangee(const PlanDeRegroupement& plan, int largeur, CellulesDouteuses& douteuses)
+  RangeeRegroupee(const PlanDeRegroupement& plan, int largeur, CellulesDouteuses& douteuses)
       : plan_(plan), largeur_(largeur), avecGroupe_(plan.AvecColonnes()), douteuses_(douteuses) {
     cellules_ =
         static_cast<std::size_t>(std::count(plan.colonnes.begin(), plan.colonnes.end(), 0)) + (avecGroupe_ ? 1 : 0);
@@ -86,10 +86,10 @@ class Rangee {
 };
 
 // The sums of the marked rows.
-struct Groupe {
+struct LigneDuGroupe {
   std::vector<double> sommes;
 
-  void Ajouter(const Rangee& rangee) {
+  void Ajouter(const RangeeRegroupee& rangee) {
     sommes.resize(rangee.Cellules(), 0);
     for (std::size_t j = 0; j < sommes.size(); ++j) sommes[j] += rangee.Cellule(j);
   }
@@ -120,8 +120,8 @@ bool PlanDeRegroupement::AvecLignes() const { return Marque(lignes); }
 BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan, int largeur, Ecrivain& sortie) {
   if (plan.ancienneLargeur < 1) throw Erreur(kArgumentIncorrect);
   BilanDeRegroupement bilan;
-  Rangee rangee(plan, largeur, bilan.douteuses);
-  Groupe groupe;
+  RangeeRegroupee rangee(plan, largeur, bilan.douteuses);
+  LigneDuGroupe groupe;
   const bool groupeActif = GroupeActif(plan);
   bool groupeEcrit = !plan.AvecLignes();
   const auto derniereMarquee =

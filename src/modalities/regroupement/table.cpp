@@ -6,7 +6,8 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
-#include "modalities/modalites.h"
+#include "core/programme/arret.h"
+#include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 
@@ -26,10 +27,8 @@ void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGro
     const auto& modalites = table.mod.modalites;
     const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
     if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
-    if (rangs.empty() || rangs.front() >= marques.size()) {
-      Avertir(rapport, contexte.Ecran(), PhraseInconnue(nom));
-      throw Erreur(kArretAnnonce);
-    }
+    if (rangs.empty() || rangs.front() >= marques.size())
+      AvertirEtArreter(rapport, contexte.Ecran(), PhraseInconnue(nom));
     marques[rangs.front()] = 1;
   }
 }
@@ -74,8 +73,7 @@ void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGroup
     if (trouvee != noms.end()) noms.erase(trouvee);
   }
   if (noms.empty()) return;
-  Avertir(rapport, contexte.Ecran(), Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"}));
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"}));
 }
 
 }  // namespace
@@ -99,10 +97,7 @@ TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
     rapport.Lignes(table.parametres.remarques);
   }
   table.pos = chercher(".POS", table.parametres.burt > 0);
-  if (manque) {
-    Avertir(rapport, contexte.Ecran(), kArret);
-    throw Erreur(kArretAnnonce);
-  }
+  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArret);
   table.brt = *brt;
   if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
   return table;
@@ -155,8 +150,7 @@ void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGr
   }
   const std::string refus = RefusDuNom(options, colonnes, lignes);
   if (refus.empty()) return;
-  Avertir(rapport, contexte.Ecran(), Joindre({"*** ", refus}));
-  throw Erreur(kArretAnnonce);
+  AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"*** ", refus}));
 }
 
 }  // namespace quelvar::modalities

@@ -54,12 +54,12 @@ std::string MessageDAccueil(const EtatPrepRecod& etat) {
   return message;
 }
 
-struct Lecture {
+struct LectureDesQuestions {
   EtatPrepRecod etat;
   std::string refus;  // why the file cannot be edited here; empty when it can
 };
 
-Lecture Lire(const Chemin& chemin) {
+LectureDesQuestions Lire(const Chemin& chemin) {
   const FichierPos pos = LirePos(chemin);
   if (pos.taille.parenthesesFautives) return {{}, std::string(MessageParentheses())};
   EtatPrepRecod etat;
@@ -77,7 +77,7 @@ Lecture Lire(const Chemin& chemin) {
 }  // namespace
 
 std::optional<EtatPrepRecod> PreparerRecodage(const Contexte& contexte) {
-  std::optional<Lecture> lecture;
+  std::optional<LectureDesQuestions> lecture;
   std::optional<Erreur> panne;
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   try {

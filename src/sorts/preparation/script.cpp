@@ -2,6 +2,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/noms.h"
+#include "core/programme/arret.h"
 #include "sorts/preparation/preprecod.h"
 
 namespace quelvar::sorts {
@@ -117,17 +118,13 @@ Fin PreparerParScript(const Contexte& contexte, const OptionsPrepRecod& options)
   if (!etat) return Fin::Arret;
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     Script script(*etat, rapport);
-    if (!script.Executer(options)) {
-      rapport.Ligne({"Rien n'est enregistré, le fichier "_w, contexte.Nom(".POS"), " reste tel qu'il était"_w});
-      throw Erreur(kArretAnnonce);
-    }
-    if (!EnregistrerPrepRecod(*etat, contexte)) {
-      rapport.Ligne(etat->message);
-      throw Erreur(kArretAnnonce);
-    }
+    if (!script.Executer(options))
+      Arreter(rapport,
+              Joindre({"Rien n'est enregistré, le fichier "_w, contexte.Nom(".POS"), " reste tel qu'il était"_w}));
+    if (!EnregistrerPrepRecod(*etat, contexte)) Arreter(rapport, etat->message);
     if (script.FiltreAnnule()) {
-      rapport.Ligne({"Le fichier "_w, contexte.Nom(".POS"), " est enregistré sans filtre"_w});
-      throw Erreur(kArretAnnonce);  // a script does not go on to recode everybody
+      // A script does not go on to recode everybody.
+      Arreter(rapport, Joindre({"Le fichier "_w, contexte.Nom(".POS"), " est enregistré sans filtre"_w}));
     }
     rapport.Ligne("Fin normale du programme");
   });

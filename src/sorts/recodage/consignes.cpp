@@ -16,9 +16,9 @@ namespace {
 using Indice = std::optional<std::size_t>;
 
 // The reading in progress: each step adds to the instructions and tells its part.
-class Lecture {
+class LecteurDeConsignes {
  public:
-  Lecture(const OptionsRecodage& options, LectureDesConsignes& lues)
+  LecteurDeConsignes(const OptionsRecodage& options, LectureDesConsignes& lues)
       : options_(options), lues_(lues), consignes_(lues.consignes), constats_(lues.constats) {}
 
   void DireMode();
@@ -48,13 +48,13 @@ class Lecture {
   ConsignesTaille taille_;
 };
 
-void Lecture::Avertir(Texte texte) {
+void LecteurDeConsignes::Avertir(Texte texte) {
   constats_.Ligne();
   constats_.Alerte(Joindre({kFaute, texte}));
   ++lues_.fautes;
 }
 
-void Lecture::DireMode() {
+void LecteurDeConsignes::DireMode() {
   if (options_.seules) {
     consignes_.mode = ModeRecodage::Seules;
     constats_.Ligne("Seules les variables recodees ou selectionnees sont conservees");
@@ -68,7 +68,7 @@ void Lecture::DireMode() {
   constats_.Ligne();
 }
 
-void Lecture::LireFichier(const Chemin& chemin, std::string_view nom) {
+void LecteurDeConsignes::LireFichier(const Chemin& chemin, std::string_view nom) {
   constats_.Ligne({"Impression des 2 premieres lignes de ", nom});
   consignes_.pos = LirePos(chemin);
   constats_.Ligne(consignes_.pos.titre);
@@ -83,20 +83,20 @@ void Lecture::LireFichier(const Chemin& chemin, std::string_view nom) {
   consignes_.maximum = taille_.maximum;
 }
 
-void Lecture::ExigerIntitule(const Question& question) {
+void LecteurDeConsignes::ExigerIntitule(const Question& question) {
   if (!question.intituleOuvert) return;
   const std::string faute = FauteIntitule(question);
   constats_.Boite(Joindre({faute, kCorrigezRelancez}));
   Avertir(faute);
 }
 
-void Lecture::AnnoncerAlphabetique(const Question& question) {
+void LecteurDeConsignes::AnnoncerAlphabetique(const Question& question) {
   constats_.Ligne("*** Attention***");
   constats_.Ligne({question.nom, " est une question alphabétique qui n'est pas susceptible de recodage"_w});
   constats_.Ligne();
 }
 
-void Lecture::LireQuestions() {
+void LecteurDeConsignes::LireQuestions() {
   const std::vector<Question>& questions = consignes_.pos.questions;
   for (std::size_t i = 0; i < questions.size(); ++i) {
     const Question& question = questions[i];
@@ -120,18 +120,18 @@ void Lecture::LireQuestions() {
 }
 
 // The question found, if there is one; a name that several share is a fault.
-Indice Lecture::Seule(std::string_view nom, const std::vector<std::size_t>& rangs) {
+Indice LecteurDeConsignes::Seule(std::string_view nom, const std::vector<std::size_t>& rangs) {
   if (rangs.empty()) return std::nullopt;
   if (rangs.size() > 1) Avertir(FauteHomonymes(nom, consignes_.pos.questions, rangs));
   return rangs.front();
 }
 
-bool Lecture::EstGardee(std::size_t question) const {
+bool LecteurDeConsignes::EstGardee(std::size_t question) const {
   return consignes_.mode != ModeRecodage::Seules ||
          std::ranges::find(consignes_.aRegle, question, &QuestionARegle::question) != consignes_.aRegle.end();
 }
 
-void Lecture::ChercherPonderation() {
+void LecteurDeConsignes::ChercherPonderation() {
   if (!taille_.ponderation) return;
   const auto& questions = consignes_.pos.questions;
   const std::vector<std::size_t> nommees = RangsDuNom(questions, taille_.commeTapee, Casse::Indifferente);
@@ -147,21 +147,21 @@ void Lecture::ChercherPonderation() {
   }
 }
 
-void Lecture::LireVits() {
+void LecteurDeConsignes::LireVits() {
   const BlocVit bloc = LireBlocVit(consignes_.pos);
   for (std::size_t i = 0; i < bloc.vits.size(); ++i) LireVit(bloc.vits[i], i + 1);
   for (const Vit& vit : bloc.vits)
     if (vit.PlusOublie()) Avertir("oubli de signe + ");
 }
 
-void Lecture::LireVit(const Vit& vit, std::size_t numero) {
+void LecteurDeConsignes::LireVit(const Vit& vit, std::size_t numero) {
   constats_.Ligne(LigneDeVit(numero, vit.nom));
   VitDemandee demandee{vit.nom, vit.Additive(), {}};
   for (const ElementVit& element : vit.elements) LireElementVit(vit, element, demandee);
   consignes_.vits.push_back(std::move(demandee));
 }
 
-void Lecture::LireElementVit(const Vit& vit, const ElementVit& element, VitDemandee& demandee) {
+void LecteurDeConsignes::LireElementVit(const Vit& vit, const ElementVit& element, VitDemandee& demandee) {
   constats_.Ligne({"    ", element.ligne});
   if (element.sansCode) {
     Avertir(Joindre({"un élément de la nouvelle variable "_w, vit.nom}));
@@ -177,12 +177,12 @@ void Lecture::LireElementVit(const Vit& vit, const ElementVit& element, VitDeman
   demandee.elements.push_back({*question, element.code, element.score});
 }
 
-void Lecture::CompterIndividus(const Chemin& donnees) {
+void LecteurDeConsignes::CompterIndividus(const Chemin& donnees) {
   consignes_.individus = AnnoncesOuComptes(consignes_.pos.taille, donnees);
   if (consignes_.pos.taille.individus <= 0) constats_.Ligne(LigneDesIndividus(consignes_.individus));
 }
 
-void Lecture::LireElementsFiltre() {
+void LecteurDeConsignes::LireElementsFiltre() {
   if (taille_.sens == SensFiltre::Aucun || taille_.deuxSens) return;
   consignes_.sens = taille_.sens;
   const ExpressionFiltre filtre = LireFiltre(taille_.filtre);
@@ -196,7 +196,7 @@ void Lecture::LireElementsFiltre() {
 
 // Those of exactly that name, as typed or in upper case; else those whose name contains it. The blanks of a filter are
 // gone, so those of the names don't count.
-std::vector<std::size_t> Lecture::QuestionsDuFiltre(const std::string& type, const std::string& nom) const {
+std::vector<std::size_t> LecteurDeConsignes::QuestionsDuFiltre(const std::string& type, const std::string& nom) const {
   struct Nom {
     std::string nom;
   };
@@ -212,7 +212,7 @@ std::vector<std::size_t> Lecture::QuestionsDuFiltre(const std::string& type, con
   return rangs;
 }
 
-void Lecture::LireElementFiltre(const ElementFiltre& element) {
+void LecteurDeConsignes::LireElementFiltre(const ElementFiltre& element) {
   if (element.vide) {
     Avertir("Expression vide dans le filtre");
     return;
@@ -244,7 +244,7 @@ int CodeMaxPourRecodage(const Question& question) {
   return question.alphabetique ? ColonnesAlphabetiques(question.codeMax) : question.codeMax;
 }
 
-void Lecture::VerifierRegles() {
+void LecteurDeConsignes::VerifierRegles() {
   const std::vector<Question>& questions = consignes_.pos.questions;
   const int codeMaxFichier =
       questions.empty() ? 0 : CodeMaxPourRecodage(*std::ranges::max_element(questions, {}, CodeMaxPourRecodage));
@@ -261,7 +261,7 @@ void Lecture::VerifierRegles() {
 LectureDesConsignes LireConsignes(const OptionsRecodage& options, const Chemin& pos, std::string_view nomPos,
                                   const Chemin& donnees) {
   LectureDesConsignes lues;
-  Lecture lecture(options, lues);
+  LecteurDeConsignes lecture(options, lues);
   try {
     lecture.DireMode();
     lecture.LireFichier(pos, nomPos);

@@ -2,6 +2,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/resultats/cellules.h"
 #include "core/resultats/rangees.h"
 #include "sorts/regles/vit.h"
 
@@ -13,14 +14,25 @@ constexpr int kColonnesDeNom = 4;  // with a blank behind it
 constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
 constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
 
-Cellule Entier(int valeur) { return {static_cast<double>(valeur)}; }
+// The headings of both tables have two lines, which break the names of columns, and "Code-max" stands above two of
+// them: fixed texts, and no titles of columns.
+constexpr std::string_view kHautDeLaTete = "     Posi-  Code-max                    ";
+constexpr std::string_view kTeteDesRecodages = "Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w;
+constexpr std::string_view kTeteDesVit = "Nom  tion  Theorique";
+
+void ImprimerTete(Rapport& rapport, Texte titre, std::string_view tete) {
+  rapport.Ligne(titre);
+  rapport.Ligne(kHautDeLaTete);
+  rapport.Ligne(tete);
+}
 
 // Position, code-max, new code-max and rule of a recoded question, with its label.
 Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
   const Question& question = consignes.pos.questions[champ.question];
   Rangee rangee{NomNeuf(question, consignes.mode),
                 question.intitule,
-                {Entier(champ.position), Entier(question.codeMax), Entier(champ.codeMax), {.marque = regle}}};
+                {CelluleEntiere(champ.position), CelluleEntiere(question.codeMax), CelluleEntiere(champ.codeMax),
+                 CelluleTexte(regle)}};
   if (champ.liberees > 0)
     rangee.intitule = Joindre({NombreNu(champ.liberees), " position(s) inutilisee(s) apres la position ",
                                NombreNu(champ.position), " et marquee(s) d'un X(Y) dans les donnees", rangee.intitule});
@@ -28,20 +40,18 @@ Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::s
 }
 
 // Position and code-max of each VIT, behind a warning where that was brought down.
-void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
-  const TableauEdite table{
-      .titres = {"Variables Ideales Typiques VIT (ou variables crees)", "     Posi-  Code-max                    "},
-      .coin = "Nom  tion  Theorique"};
+void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
   const FormeEnRangees forme{.titre = kColonnesDeNom, .places = {kPlaceDePosition, kPlaceDeCodeMax}};
   rapport.Ligne();
+  ImprimerTete(rapport, "Variables Ideales Typiques VIT (ou variables crees)", kTeteDesVit);
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
-  imprimeur.Tete(table);
   for (const VitNeuve& vit : plan.vits) {
     if (vit.ramene) {
       rapport.Ligne("Attention, le code-max theorique suivant depassait 999 ");
       rapport.Ligne("il a ete ramene a 999");
     }
-    imprimeur.Imprimer({consignes.vits[vit.demandee].nom, {}, {Entier(vit.position), Entier(vit.codeMax)}});
+    imprimeur.Imprimer(
+        {consignes.vits[vit.demandee].nom, {}, {CelluleEntiere(vit.position), CelluleEntiere(vit.codeMax)}});
   }
 }
 
@@ -58,7 +68,7 @@ void EcrireQuestion(Ecrivain& sortie, std::string_view debut, const Question& qu
   sortie.Ligne(MarqueDe(question.statut));
 }
 
-void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const Plan& plan) {
+void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan) {
   std::size_t suivant = 0;
   for (std::size_t i = 0; i < consignes.pos.questions.size(); ++i) {
     const Question& question = consignes.pos.questions[i];
@@ -70,7 +80,7 @@ void EcrireAnciennes(Ecrivain& sortie, const Consignes& consignes, const Plan& p
   }
 }
 
-void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const Plan& plan) {
+void EcrireRecodees(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan) {
   const std::string_view devantLIntitule = consignes.mode == ModeRecodage::EnFin ? " Rec " : "";
   for (const ChampNeuf& champ : plan.champs) {
     const Question& question = consignes.pos.questions[champ.question];
@@ -96,14 +106,13 @@ std::string NomNeuf(const Question& question, ModeRecodage mode) {
 }
 
 std::string LigneDeVit(std::size_t numero, std::string_view nom) {
-  return TexteDeRangee({"VIT numero ", {}, {{static_cast<double>(numero)}, {.marque = std::string(nom)}}},
+  return TexteDeRangee({"VIT numero ", {}, {CelluleEntiere(numero), CelluleTexte(nom)}},
                        {.places = {{.entiers = 2}, {" de nom ", kColonnesDeNom}}});
 }
 
-void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan) {
-  TableauEdite table{.titres = {"Impression de la table de recodage", "     Posi-  Code-max                    "},
-                     .coin = Joindre({"Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w}),
-                     .colonnes = std::vector<Colonne>(4)};
+void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
+  ImprimerTete(rapport, "Impression de la table de recodage", kTeteDesRecodages);
+  TableauEdite table{.colonnes = std::vector<Colonne>(4)};
   for (std::size_t i = 0; i < plan.champs.size(); ++i)
     table.rangees.push_back(RangeeDe(consignes, plan.champs[i], consignes.aRegle[i].regle));
   ImprimerRangees(rapport, table,
@@ -113,7 +122,7 @@ void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const P
   if (!plan.vits.empty()) ImprimerTableVit(rapport, consignes, plan);
 }
 
-void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,
+void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan, const TailleNeuve& taille,
                    const std::string& generique) {
   sortie.Ligne(Joindre({consignes.pos.titre, " Recode en ", generique}));
   sortie.Ligne(LigneDeTaille(taille.individus, taille.avantPonderation));

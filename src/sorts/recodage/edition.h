@@ -17,7 +17,7 @@ std::string NomNeuf(const Question& question, ModeRecodage mode);
 // The line of a VIT in the echo of the instructions.
 std::string LigneDeVit(std::size_t numero, std::string_view nom);
 
-void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const Plan& plan);
+void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan);
 
 // The counts of the size line of the new position file; `avantPonderation` 0 leaves the parentheses out.
 struct TailleNeuve {
@@ -25,7 +25,7 @@ struct TailleNeuve {
   std::int64_t avantPonderation = 0;
 };
 
-void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const Plan& plan, const TailleNeuve& taille,
+void EcrirePosNeuf(Ecrivain& sortie, const Consignes& consignes, const PlanDeRecodage& plan, const TailleNeuve& taille,
                    const std::string& generique);
 
 }  // namespace quelvar::sorts

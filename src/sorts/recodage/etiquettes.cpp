@@ -23,25 +23,25 @@ constexpr std::string_view kChiffres = "0123456789";
 constexpr std::size_t kColonnesDeBorne = 15;  // of a bound, with its dash: more would not be read exactly
 
 // "15-25 ans": two numbers and what follows.
-struct Tranche {
+struct TrancheDIntitule {
   std::int64_t debut = 0;
   std::int64_t fin = 0;
   std::string_view unite;
 };
 
-std::optional<Tranche> LireTranche(std::string_view intitule) {
+std::optional<TrancheDIntitule> LireTranche(std::string_view intitule) {
   const std::size_t tiret = intitule.find_first_not_of(kChiffres);
   if (tiret == 0 || tiret == std::string_view::npos || intitule[tiret] != '-') return std::nullopt;
   const std::size_t unite = std::min(intitule.find_first_not_of(kChiffres, tiret + 1), intitule.size());
   if (unite == tiret + 1 || tiret > kColonnesDeBorne || unite - tiret > kColonnesDeBorne) return std::nullopt;
-  return Tranche{Entier64(ValeurDe(intitule.substr(0, tiret))),
-                 Entier64(ValeurDe(intitule.substr(tiret + 1, unite - tiret - 1))), intitule.substr(unite)};
+  return TrancheDIntitule{Entier64(ValeurDe(intitule.substr(0, tiret))),
+                          Entier64(ValeurDe(intitule.substr(tiret + 1, unite - tiret - 1))), intitule.substr(unite)};
 }
 
 // The range that two touching ones make.
 std::optional<std::string> Reunir(std::string_view premier, std::string_view second) {
-  const std::optional<Tranche> a = LireTranche(premier);
-  const std::optional<Tranche> b = LireTranche(second);
+  const std::optional<TrancheDIntitule> a = LireTranche(premier);
+  const std::optional<TrancheDIntitule> b = LireTranche(second);
   if (!a || !b || a->unite != b->unite || (b->debut != a->fin && b->debut != a->fin + 1)) return std::nullopt;
   return Joindre({Nombre(a->debut), "-", Nombre(b->fin), a->unite});
 }

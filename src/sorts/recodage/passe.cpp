@@ -10,13 +10,13 @@ namespace quelvar::sorts {
 namespace {
 
 // Lines read, those that the filter keeps, and lines that the weights make of these.
-struct Somme {
+struct SommeDesPoids {
   std::int64_t entree = 0, retenus = 0, sortie = 0;
 };
 
-Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int64_t maximum) {
+SommeDesPoids SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int64_t maximum) {
   LecteurIndividus lecteur(donnees, traduction.LongueurLue());
-  Somme somme;
+  SommeDesPoids somme;
   somme.entree = Parcourir(lecteur, maximum, [&](const char* individu, std::int64_t) {
     if (!traduction.Retenu(individu)) return;
     ++somme.retenus;
@@ -29,7 +29,7 @@ Somme SommerPoids(const Traduction& traduction, const Chemin& donnees, std::int6
 constexpr double kFoisLesRetenus = 10;
 
 // One line in so many goes into it.
-std::int64_t PasDeReduction(const Somme& somme) {
+std::int64_t PasDeReduction(const SommeDesPoids& somme) {
   if (somme.retenus == 0) return 1;
   const double rapport = static_cast<double>(somme.sortie) / (kFoisLesRetenus * static_cast<double>(somme.retenus));
   return std::max<std::int64_t>(Entier64(rapport), 1);
@@ -40,8 +40,8 @@ std::int64_t Multiples(std::int64_t lignes, std::int64_t pas) { return (lignes +
 
 }  // namespace
 
-BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const Chemin& donnees, Ecrivain& sortie,
-                             const TemoinsDePasse& temoins, const Dialogue& ecran) {
+BilanDePasse PasserIndividus(const Consignes& consignes, const PlanDeRecodage& plan, const Chemin& donnees,
+                             Ecrivain& sortie, const TemoinsDePasse& temoins, const Dialogue& ecran) {
   Traduction traduction(consignes, plan);
   BilanDePasse bilan;
   if (consignes.ponderation && !consignes.maximum)

@@ -20,8 +20,8 @@ struct BilanDePasse {
 // filter keeps: the first line, then one in `pas`; the weights are summed in a pass of their own before. Raises
 // kArgumentIncorrect with the question for a field that can't be cut, kDepassementCapacite for a value beyond its type,
 // and the failures of the reader and the writer.
-BilanDePasse PasserIndividus(const Consignes& consignes, const Plan& plan, const Chemin& donnees, Ecrivain& sortie,
-                             const TemoinsDePasse& temoins, const Dialogue& ecran);
+BilanDePasse PasserIndividus(const Consignes& consignes, const PlanDeRecodage& plan, const Chemin& donnees,
+                             Ecrivain& sortie, const TemoinsDePasse& temoins, const Dialogue& ecran);
 
 // Length of the longest of the first `maximum` lines.
 std::int64_t LongueurDesLignes(const Chemin& donnees, std::int64_t maximum);

@@ -73,8 +73,8 @@ std::int64_t LongueurEnregistrement(const std::vector<Question>& questions, std:
   return longueur;
 }
 
-Plan Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::int64_t longueur) {
-  Plan plan;
+PlanDeRecodage Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::int64_t longueur) {
+  PlanDeRecodage plan;
   plan.champs = std::move(champs);
   plan.longueur = consignes.mode == ModeRecodage::Seules ? 0 : longueur;
   Colonnes colonnes(plan.longueur);

@@ -30,7 +30,7 @@ struct VitNeuve {
   int largeur = 1;
 };
 
-struct Plan {
+struct PlanDeRecodage {
   std::vector<ChampNeuf> champs;  // in the order of the rules
   std::vector<VitNeuve> vits;
   std::int64_t longueur = 0;  // columns of a record before what is put behind it; 0 when only the recoded are kept
@@ -48,6 +48,6 @@ std::vector<ChampNeuf> CompleterChamps(const Consignes& consignes);
 std::int64_t LongueurEnregistrement(const std::vector<Question>& questions, std::int64_t longueurLignes);
 
 // Lays out the new record behind `longueur` columns. Raises kDepassementCapacite for a position beyond four columns.
-Plan Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::int64_t longueur);
+PlanDeRecodage Disposer(const Consignes& consignes, std::vector<ChampNeuf> champs, std::int64_t longueur);
 
 }  // namespace quelvar::sorts

@@ -7,6 +7,7 @@
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
 #include "core/programme/annulation.h"
+#include "core/programme/arret.h"
 #include "core/programme/refus.h"
 #include "core/session/generique.h"
 #include "core/session/generiquelibre.h"
@@ -23,7 +24,7 @@ namespace quelvar::sorts {
 namespace {
 
 // The names of a run: what it reads, and the generic that it makes.
-struct Noms {
+struct NomsDeRecodage {
   std::string donnees;
   std::string nouveau;
 
@@ -121,7 +122,8 @@ std::optional<ModalitesSuivies> SuivreModalites(const Contexte& contexte, const 
 }
 
 // The new generic must not write over what the run reads, and its files must be files.
-void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const Noms& noms, const Chemin& donnees) {
+void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const NomsDeRecodage& noms,
+                         const Chemin& donnees) {
   if (EgalSansCasse(noms.nouveau, contexte.generique)) {
     Avertir(rapport, contexte.Ecran(),
             Joindre({"*** Arrêt du programme : "_w, noms.nouveau,
@@ -141,13 +143,12 @@ void ArreterSurFautes(const Contexte& contexte, const Avertisseur& avertisseur, 
   if (avertisseur.Nombre() == 0) return;
   contexte.Ecran().biper();
   rapport.Ligne("Arrêt du programme dû aux erreurs signalées"_w);
-  rapport.Ligne({"Du fait de l'erreur le générique reste "_w, contexte.generique});
-  throw Erreur(kArretAnnonce);
+  Arreter(rapport, Joindre({"Du fait de l'erreur le générique reste "_w, contexte.generique}));
 }
 
 // Tables, then the faults that only they show, then the place of each field.
-Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Chemin& donnees, Rapport& rapport,
-                 Avertisseur& avertisseur) {
+PlanDeRecodage DresserPlan(const Contexte& contexte, const Consignes& consignes, const Chemin& donnees,
+                           Rapport& rapport, Avertisseur& avertisseur) {
   std::vector<ChampNeuf> champs = CompleterChamps(consignes);
   for (std::size_t i = 0; i < champs.size(); ++i) {
     if (champs[i].tropLarge)
@@ -161,8 +162,8 @@ Plan DresserPlan(const Contexte& contexte, const Consignes& consignes, const Che
   return Disposer(consignes, std::move(champs), longueur);
 }
 
-BilanDePasse Passer(const Contexte& contexte, const Consignes& consignes, const Plan& plan, const Chemin& donnees,
-                    Ecrivain& sortie, Avertisseur& avertisseur) {
+BilanDePasse Passer(const Contexte& contexte, const Consignes& consignes, const PlanDeRecodage& plan,
+                    const Chemin& donnees, Ecrivain& sortie, Avertisseur& avertisseur) {
   TemoinsDePasse temoins;
   temoins.depassement = [&](std::size_t question, std::int64_t ligne) {
     avertisseur.Avertir(
@@ -206,7 +207,7 @@ TailleNeuve TailleDe(const Consignes& consignes, const BilanDePasse& bilan) {
 }
 
 // A file of nobody is made neither by a filter nor by weights of 0; the report of a generic that is there stays.
-void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& consignes, const Noms& noms,
+void ExigerRetenus(const Contexte& contexte, Rapport& rapport, const Consignes& consignes, const NomsDeRecodage& noms,
                    const BilanDePasse& bilan) {
   const bool sansPoids = consignes.ponderation && bilan.sortie == 0;
   if (bilan.entree == 0 || (bilan.retenus > 0 && !sansPoids)) return;
@@ -240,8 +241,8 @@ void ImprimerFin(const Contexte& contexte, Rapport& rapport, const std::string& 
   contexte.Ecran().biper();
 }
 
-void Executer(const Contexte& contexte, const OptionsRecodage& options, const Noms& noms, SuiteRecodage& suite,
-              Rapport& rapport) {
+void Executer(const Contexte& contexte, const OptionsRecodage& options, const NomsDeRecodage& noms,
+              SuiteRecodage& suite, Rapport& rapport) {
   const std::optional<Chemin> donnees = ChercherFichier(contexte.repertoire, noms.donnees);
   const std::optional<Chemin> pos = contexte.Chercher(".POS");
   ExigerFichiers(rapport, contexte.Ecran(),
@@ -258,7 +259,7 @@ void Executer(const Contexte& contexte, const OptionsRecodage& options, const No
   if (lues.arret) throw Erreur(*lues.arret);
   const Consignes& consignes = lues.consignes;
   Avertisseur avertisseur(rapport, contexte.Ecran(), lues.fautes);
-  const Plan plan = DresserPlan(contexte, consignes, *donnees, rapport, avertisseur);
+  const PlanDeRecodage plan = DresserPlan(contexte, consignes, *donnees, rapport, avertisseur);
   ImprimerTableRecodage(rapport, consignes, plan);
 
   JeuDeFichiers sorties(contexte.repertoire, noms.nouveau);
@@ -283,7 +284,7 @@ Fin Recodage(const Contexte& contexte, const OptionsRecodage& options) {
   suite.generique = contexte.generique;
   const std::optional<std::string> nouveau = DemanderGenerique(contexte, options.remplacer);
   if (!nouveau) throw Annulation();
-  const Noms noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees, *nouveau};
+  const NomsDeRecodage noms{options.fichierDonnees.empty() ? contexte.Nom(".DAT") : options.fichierDonnees, *nouveau};
   const Fin fin = ExecuterProgramme(contexte, noms.Neuf(".REC"), LibellesErreur{},
                                     [&](Rapport& rapport) { Executer(contexte, options, noms, suite, rapport); });
   if (fin == Fin::Normale) suite.generique = noms.nouveau;

@@ -29,7 +29,7 @@ bool GardeTout(const ChampNeuf& champ) {
 
 }  // namespace
 
-Traduction::Traduction(const Consignes& consignes, const Plan& plan)
+Traduction::Traduction(const Consignes& consignes, const PlanDeRecodage& plan)
     : consignes_(consignes), lus_(ChampsDe(consignes.pos)), sens_(consignes.sens) {
   const std::vector<Question>& questions = consignes.pos.questions;
   alignee_ = consignes.mode == ModeRecodage::EnFin || !plan.vits.empty();
@@ -62,14 +62,14 @@ Traduction::Traduction(const Consignes& consignes, const Plan& plan)
   maxima_.resize(lue_, kToutChiffrePasse);
 }
 
-ValeurApres Traduction::Apres(std::size_t question, const Plan& plan) const {
+ValeurApres Traduction::Apres(std::size_t question, const PlanDeRecodage& plan) const {
   const auto champ = std::ranges::find(plan.champs, question, &ChampNeuf::question);
   const int codeMax = std::max(consignes_.pos.questions[question].codeMax, 0);
   return {lus_[question], codeMax, champ == plan.champs.end() ? nullptr : &champ->table};
 }
 
 // A value above its code-max counts for 0 in a filter, a VIT or a weighting as it does in a rule, and is told like it.
-void Traduction::Surveiller(std::size_t question, const Plan& plan) {
+void Traduction::Surveiller(std::size_t question, const PlanDeRecodage& plan) {
   const auto meme = [question](const auto& lue) { return lue.first == question; };
   if (std::ranges::any_of(surveilles_, meme) || std::ranges::any_of(lues_, meme)) return;
   lues_.emplace_back(question, Apres(question, plan));
@@ -106,7 +106,7 @@ void Traduction::PreparerChamp(const Question& question, const ChampNeuf& champ)
   codes_.push_back({source, sortie, largeur, std::max(question.codeMax, 0), textes.data()});
 }
 
-void Traduction::PreparerVit(const VitDemandee& demandee, const VitNeuve& vit, const Plan& plan) {
+void Traduction::PreparerVit(const VitDemandee& demandee, const VitNeuve& vit, const PlanDeRecodage& plan) {
   VitCompilee compilee{demandee.additive, {}, static_cast<std::uint32_t>(vit.position - 1), vit.largeur};
   for (const Comparaison& c : demandee.elements) compilee.termes.push_back({Apres(c.question, plan), c.code, c.score});
   vits_.push_back(std::move(compilee));

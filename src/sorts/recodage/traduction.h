@@ -87,7 +87,7 @@ struct VitCompilee {
 class Traduction {
  public:
   // Raises kArgumentIncorrect, with the question, for a field that cannot be cut. Both must outlive it.
-  Traduction(const Consignes& consignes, const Plan& plan);
+  Traduction(const Consignes& consignes, const PlanDeRecodage& plan);
   Traduction(const Traduction&) = delete;
   Traduction& operator=(const Traduction&) = delete;
 
@@ -117,12 +117,12 @@ class Traduction {
 
  private:
   void PreparerChamp(const Question& question, const ChampNeuf& champ);
-  void PreparerVit(const VitDemandee& demandee, const VitNeuve& vit, const Plan& plan);
-  ValeurApres Apres(std::size_t question, const Plan& plan) const;
+  void PreparerVit(const VitDemandee& demandee, const VitNeuve& vit, const PlanDeRecodage& plan);
+  ValeurApres Apres(std::size_t question, const PlanDeRecodage& plan) const;
   const char* Reponses(const ChampNeuf& champ);
   std::size_t Copier(const char* individu, std::size_t longueur);
   bool Recoder(const char* individu);
-  void Surveiller(std::size_t question, const Plan& plan);
+  void Surveiller(std::size_t question, const PlanDeRecodage& plan);
   bool Repondre(const std::vector<ChampOctet>& champs, const char* individu);
   bool Inchangee(const char* individu) const;
   void AjouterScore(std::size_t indice, const char* individu, std::int64_t numero, const TemoinsDePasse& temoins);

@@ -1,5 +1,6 @@
 #include "sorts/triapl/edition.h"
 
+#include "core/resultats/cellules.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 
@@ -8,7 +9,7 @@ namespace quelvar::sorts {
 std::string EnTeteDe(const Question& question, const double* nonReponses) {
   Rangee rangee{Joindre({"Question ", question.nom}),
                 question.intitule,
-                {{static_cast<double>(question.position)}, {static_cast<double>(question.codeMax)}}};
+                {CelluleEntiere(question.position), CelluleEntiere(question.codeMax)}};
   if (nonReponses != nullptr) rangee.cellules.push_back({*nonReponses, Unite::Effectif, 0, ")"});
   return TexteDeRangee(rangee,
                        {.places = {{" Position ", 4}, {"    Code-max. ", 3}, {" (NR= ", 4}}, .avantIntitule = " "});

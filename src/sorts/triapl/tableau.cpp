@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/chiffres/nombres.h"
+#include "core/resultats/cellules.h"
 
 namespace quelvar::sorts {
 
@@ -17,12 +18,12 @@ TableauEdite RetenirPresents(const std::vector<double>& effectifs, std::size_t p
                              std::vector<int>& codes) {
   TableauEdite tableau;
   tableau.colonnes = {{"Tot."}};
-  tableau.rangees = {{"Effectif", {}, {{total, Unite::Effectif}}}, {"Pourcentage", {}, {{100.0, Unite::Pourcent}}}};
+  tableau.rangees = {{"Effectif", {}, {CelluleEffectif(total)}}, {"Pourcentage", {}, {{100.0, Unite::Pourcent}}}};
   for (std::size_t code = premierCode; code < effectifs.size(); ++code) {
     if (effectifs[code] <= 0) continue;
     codes.push_back(static_cast<int>(code));
     tableau.colonnes.push_back({Nombre(code)});
-    tableau.rangees[0].cellules.push_back({effectifs[code], Unite::Effectif});
+    tableau.rangees[0].cellules.push_back(CelluleEffectif(effectifs[code]));
     const double part = static_cast<double>(PartEnDixiemes(effectifs[code], total)) / kDixiemesParPourcent;
     tableau.rangees[1].cellules.push_back({part, Unite::Pourcent, 1});
   }

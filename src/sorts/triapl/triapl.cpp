@@ -7,6 +7,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/posfile.h"
+#include "core/programme/arret.h"
 #include "core/resultats/fichiers.h"
 #include "sorts/triapl/comptage.h"
 #include "sorts/triapl/edition.h"
@@ -104,8 +105,7 @@ SignalerDepassement ControleDesDepassements(Rapport& rapport, const Dialogue& di
                      NombreBlanc(valeur),
                      std::string_view(valeur == kValeurEsperluette ? " (valeur du caractere &)" : "")}));
     if (nombre <= limite) return;
-    Avertir(rapport, dialogue, Joindre({"Arret pour nombre de depassement de code-max >", NombreNu(limite)}));
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(rapport, dialogue, Joindre({"Arret pour nombre de depassement de code-max >", NombreNu(limite)}));
   };
 }
 

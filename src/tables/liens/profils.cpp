@@ -23,6 +23,7 @@ FormeEnRangees FormeDuBloc(LargeurDeProfil largeur) {
   premiere.colonnesDuTitre = static_cast<int>(ColonnesDIntitule(largeur)) + 1;
   PlaceEnRangee suivantes = premiere;
   suivantes.avant = reste;
+  premiere.avantTitre = " ";
   return {.places = {premiere, suivantes}, .avantIntitule = reste};
 }
 
@@ -53,7 +54,7 @@ ImprimeurDeProfils::ImprimeurDeProfils(Rapport& rapport, std::span<const std::st
       colonnesDIntitule_(ColonnesDIntitule(largeur)),
       forme_(FormeDuBloc(largeur)),
       imprimeur_(rapport, forme_, kItemsDunBloc),
-      bloc_{.coin = " ", .rangees = std::vector<Rangee>(1)} {}
+      bloc_{.rangees = std::vector<Rangee>(1)} {}
 
 void ImprimeurDeProfils::Imprimer(std::span<const Lien> profil) {
   for (std::size_t i = 0; i < profil.size(); i += kItemsDunBloc)

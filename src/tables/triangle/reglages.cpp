@@ -23,9 +23,9 @@ std::vector<std::string> NomsDesEntrees(const EtatTriangle& etat) {
   return noms;
 }
 
-class Noms {
+class RangsDesNoms {
  public:
-  explicit Noms(const EtatTriangle& etat) {
+  explicit RangsDesNoms(const EtatTriangle& etat) {
     std::size_t rang = 0;
     for (std::string& nom : NomsDesEntrees(etat)) rangs_.emplace(std::move(nom), rang++);
   }
@@ -95,7 +95,7 @@ EtatTriangle ReglerTriangle(const OptionsTriang& options, FichierTrg trg) {
   etat.hauteur = options.hauteur / 100;
   etat.fenetre = options.fenetre / 100;
   for (EntreeTriangle& entree : etat.entrees) entree.marque = options.marque;
-  const Noms noms(etat);
+  const RangsDesNoms noms(etat);
   for (const std::string& nom : options.invisibles) etat.entrees[noms.Rang(nom)].invisible = true;
   for (const auto& couple : options.marques) etat.entrees[noms.Rang(couple.first)].marque = MarqueDe(couple);
   for (const auto& couple : options.deplaces) {

@@ -3,6 +3,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
 #include "core/options/option.h"
+#include "core/programme/arret.h"
 #include "core/programme/place.h"
 
 namespace quelvar::tables {
@@ -46,8 +47,7 @@ EtatTriangle Regler(Rapport& rapport, const Contexte& contexte, const OptionsTri
   try {
     return ReglerTriangle(options, std::move(trg));
   } catch (const UsageIncorrect& refus) {
-    Avertir(rapport, contexte.Ecran(), Joindre({"*** ", std::string_view(refus.what())}));
-    throw Erreur(kArretAnnonce);
+    AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"*** ", std::string_view(refus.what())}));
   }
 }
 
@@ -79,10 +79,8 @@ Fin Triang(const Contexte& contexte, const OptionsTriang& options) {
   if (!trg) return Fin::Arret;
   return Continuer(contexte, [&](Rapport& rapport) {
     const CotesTriangle& cotes = options.cotes;
-    if (cotes.droit - cotes.gauche - cotes.bas < kHauteurMinimum) {
-      Avertir(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
-      throw Erreur(kArretAnnonce);
-    }
+    if (cotes.droit - cotes.gauche - cotes.bas < kHauteurMinimum)
+      AvertirEtArreter(rapport, contexte.Ecran(), "*** Les trois côtés demandés ne laissent pas de triangle"_w);
     const EtatTriangle etat = Regler(rapport, contexte, options, std::move(*trg));
     const std::string nom = options.fichier.empty() ? contexte.Nom("Trg.svg") : options.fichier;
     EcrireSvg(contexte.repertoire, nom, DessinerTriangle(etat));

@@ -5,7 +5,7 @@
 #include "forms/pieces/commande.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
-#include "modalities/edition/modifmod_options.h"
+#include "modalities/correction/modifmod_options.h"
 #include "ui_modifmod.h"
 
 namespace quelvar::forms {

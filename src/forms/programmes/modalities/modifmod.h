@@ -5,7 +5,7 @@
 
 #include "forms/pieces/editionliste.h"
 #include "forms/services/services.h"
-#include "modalities/edition/modifmod.h"
+#include "modalities/correction/modifmod.h"
 
 namespace Ui {
 class ModifMod;

@@ -7,9 +7,9 @@
 #include "forms/qt/texte.h"
 #include "forms/services/brouillon.h"
 #include "forms/services/sauvegarde.h"
-#include "modalities/edition/modifmod.h"
-#include "modalities/edition/nomemod_options.h"
-#include "modalities/edition/nomquest.h"
+#include "modalities/correction/modifmod.h"
+#include "modalities/correction/nomemod_options.h"
+#include "modalities/correction/nomquest.h"
 #include "ui_nomemod.h"
 
 namespace quelvar::forms {

@@ -6,8 +6,8 @@
 #include "forms/pieces/editionliste.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/services/services.h"
+#include "modalities/correction/nomemod.h"
 #include "modalities/creation/posmod.h"
-#include "modalities/edition/nomemod.h"
 
 namespace Ui {
 class NomeMod;

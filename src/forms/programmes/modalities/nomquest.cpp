@@ -5,8 +5,8 @@
 #include "forms/pieces/commande.h"
 #include "forms/qt/texte.h"
 #include "forms/services/sauvegarde.h"
-#include "modalities/edition/modifmod.h"
-#include "modalities/edition/nomquest_options.h"
+#include "modalities/correction/modifmod.h"
+#include "modalities/correction/nomquest_options.h"
 #include "ui_nomquest.h"
 
 namespace quelvar::forms {

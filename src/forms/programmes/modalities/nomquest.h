@@ -5,7 +5,7 @@
 
 #include "forms/pieces/editionliste.h"
 #include "forms/services/services.h"
-#include "modalities/edition/nomquest.h"
+#include "modalities/correction/nomquest.h"
 
 namespace Ui {
 class NomQuest;

@@ -6,7 +6,7 @@
 #include "core/enquete/posfile.h"
 #include "forms/pieces/listequestions.h"
 #include "forms/services/services.h"
-#include "modalities/creation/choix.h"
+#include "modalities/liste/choix.h"
 #include "regression/varint/varint.h"
 
 namespace Ui {

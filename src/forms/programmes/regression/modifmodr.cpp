@@ -8,7 +8,7 @@
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
 #include "forms/services/sauvegarde.h"
-#include "modalities/edition/modifmod.h"
+#include "modalities/correction/modifmod.h"
 #include "regression/anatab.h"
 #include "regression/options.h"
 #include "regression/reglin/reglin.h"

@@ -1,0 +1,55 @@
+#include "crosstab/enquete/questions.h"
+
+#include <gtest/gtest.h>
+
+#include "core/panne/erreur.h"
+#include "core/resultats/cadre.h"
+
+using namespace quelvar::crosstab;
+
+namespace quelvar {
+namespace {
+
+TEST(Intitules, SurDeuxLignes) {
+  const struct {
+    std::string_view texte, attendu;
+  } cas[] = {
+      {"Agriculteurs", "Agriculteurs"},                 // 12 characters
+      {"Cadres superieurs", "Cadres      superieurs"},  // first blank from the 7th on is the 7th
+      {"Professions lib.", "Professions lib."},         // it is the 12th
+      {"Ouvriers qualifies", "Ouvriers    qualifies"},
+      {"Non interrogees", "Non interrogees"},  // the blank at 4 is before the 7th, none behind
+      {"Ne sait pas trop", "Ne sait     pas trop"},
+      {"Indifferemment oui", "Indifferemment oui"},  // it is behind the 12th
+      {"Court mot", "Court mot"},
+  };
+  for (const auto& c : cas) EXPECT_EQ(DisposerSurDeuxLignes(c.texte), c.attendu);
+}
+
+TEST(Intitules, NomsEtTextes) {
+  EnqueteCroisee enquete;
+  QuestionCroisee question;
+  question.nom = "AGE";
+  question.plafond = 40;
+  enquete.intitules.Ajouter("AGE1", "Jeune  ");
+  enquete.intitules.Ajouter("AGE2", "   ");
+  enquete.intitules.Ajouter("AGEZ", "Trente cinq ans");
+  enquete.intitules.Ajouter("AG36", "Trente six");
+  const std::vector<std::string> courts = IntitulesCourts(question);
+  const std::vector<std::string> etendus = IntitulesEtendus(enquete, question);
+  ASSERT_EQ(courts.size(), 41U);
+  EXPECT_EQ(courts[0], "AGE0");
+  EXPECT_EQ(courts[10], "AGEA");
+  EXPECT_EQ(courts[36], "AGE36");
+  EXPECT_EQ(etendus[0], "AGE0");
+  EXPECT_EQ(etendus[1], "Jeune");
+  EXPECT_EQ(etendus[2], "AGE2");
+  EXPECT_EQ(etendus[35], "Trente      cinq ans");
+  EXPECT_EQ(etendus[36], "Trente six");
+  EXPECT_EQ(etendus[37], "AG37");
+  question.plafond = 100;
+  EXPECT_THROW(IntitulesCourts(question), Erreur);
+}
+
+}  // namespace
+}  // namespace quelvar
