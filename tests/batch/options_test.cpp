@@ -20,21 +20,22 @@ std::size_t Tirer(Hasard& hasard, std::size_t nombre) {
 }
 const std::string& Parmi(Hasard& hasard, const Textes& textes) { return textes[Tirer(hasard, textes.size())]; }
 
-// Values of the options that have a reading of their own.
+// Values of the options that have a reading of their own; a "@" stands for any name, a "#" for that of a question whose
+// code or sign follows it.
 const std::map<std::string, Textes> kLibres = {
-    {"preprecod regle", {"AGE=1-3=1/4-8=2", "SEX=", "A=b c"}},
-    {"preprecod ponderation", {"PDS", "non"}},
-    {"preprecod filtre", {"non", "incl:", "incl:SEX=1", "excl:SEX=1,AGE=012", "plus:SEX=1"}},
+    {"preprecod regle", {"@=1-3=1/4-8=2", "SEX=", "@=b c"}},
+    {"preprecod ponderation", {"PDS", "non", "NON", "\\Non"}},
+    {"preprecod filtre", {"non", "incl:", "incl:SEX=1", "excl:@=1,@=012", "plus:SEX=1"}},
     {"preprecod textevit", {"$$CUL|LEC     1 2|AGE     +", "$$CUL", "$$A|SEX     1||", "$$A\\|B|\\C\\\\|D\\"}},
-    {"preprecod vit", {"non", "CUL=", "CUL=AGE=12*2,SEX=1", "SOM=AGE+,SEX+*-1.5"}},
-    {"modifmod supplementaires", {"SEX", "SEX1,AGE2"}},
-    {"modifmod actives", {"PCS", "PCS1,PCS2,LIE"}},
-    {"modifmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"preprecod vit", {"non", "@=", "CUL=#=12*2,SEX=1", "@=AGE+,#+*-1.5"}},
+    {"modifmod supplementaires", {"SEX", "@,AGE2", " "}},
+    {"modifmod actives", {"PCS", "@,@,LIE"}},
+    {"modifmod intitule", {"@=Homme", "AGE2="}},
     {"anatab image", {"effets.svg", "mes effets.SVG"}},
     {"varint image", {"profils.svg"}},
-    {"modifmodr intitule", {"SEX1=Homme", "AGE2="}},
-    {"nomemod intitule", {"SEX1=l'homme seul", "AGE2="}},
-    {"nomquest intitule", {"SEX=Sexe = genre", "AGE="}},
+    {"modifmodr intitule", {"@=Homme", "AGE2="}},
+    {"nomemod intitule", {"@=l'homme seul", "AGE2="}},
+    {"nomquest intitule", {"@=Sexe = genre", "AGE="}},
     {"anecar seuillignes", {"moyenne", "0", "12", "-1"}},
     {"anecar seuilcolonnes", {"Moyenne", "9999", "-32768", "32767"}},
     {"anecar inversions", {"1", "3,1", "1,2,3"}},
@@ -43,23 +44,50 @@ const std::map<std::string, Textes> kLibres = {
     {"graphe vertical", {"2", "C", "12"}},
     {"graphe niveau", {"0", "12"}},
     {"graphe ellipses", {"mediane", "i,c", "concentration,indicatrice,mediane"}},
-    {"suplmot colonnes-sup", {"SEX1", "SEX1,AGE2"}},
+    {"suplmot colonnes-sup", {"SEX1", "@,AGE2"}},
     {"suplmot colonnes-actives", {"PCS1", "SEX2,AGE2"}},
-    {"suplmot lignes-sup", {"travail", "vie,sante"}},
+    {"suplmot lignes-sup", {"travail", "vie,@"}},
     {"suplmot lignes-actives", {"", "de"}},
-    {"suplmot intitule-colonne", {"SEX1=Hommes", "SEX2="}},
-    {"suplmot intitule-ligne", {"travail=le travail", "vie=a=b"}},
-    {"tabmotagreg agreger", {"tout=de,sante", "vide="}},
+    {"suplmot intitule-colonne", {"@=Hommes", "SEX2="}},
+    {"suplmot intitule-ligne", {"travail=le travail", "@=a=b", "="}},
+    {"tabmotagreg agreger", {"@=de,@", "vide=", "= "}},
     {"tabmotagreg tri", {"frequence", "alphabetique,decroissant", "facteur2,croissant", "Facteur"}},
     {"croise graphique", {"", "g.svg"}},
     {"modifburt colonnes", {"SEX1", "SEX1,AGE2"}},
     {"modifburt lignes", {"OUV", "OUV,CAD"}},
-    {"profilmod intitule", {"SEX1=Homme", "AGE2="}},
+    {"profilmod intitule", {"@=Homme", "AGE2="}},
     {"profilmod fichier", {"profils.svg"}},
     {"triang fichier", {"triangle.Svg"}},
     {"triang marques", {"SEX1=0", "titre=5"}},
     {"triang deplaces", {"SEX1=3.5/-2", "sommet1=0/0"}},
 };
+
+// A name that a user may have given, and the same as it is typed where names stand: whatever parts it from others
+// behind a "\\". It has no outer blanks, which are none of a name.
+std::string Nom(Hasard& hasard) {
+  constexpr std::string_view kSignes = "AB=,|\\*+ \xE9";
+  std::string nom = "N";
+  for (std::size_t reste = Tirer(hasard, 4); reste > 0; --reste) nom += kSignes[Tirer(hasard, kSignes.size())];
+  return std::string(Rogner(nom));
+}
+std::string Tape(std::string_view nom, std::string_view signes) {
+  std::string tape;
+  for (const char c : nom) {
+    if (signes.find(c) != std::string_view::npos) tape += '\\';
+    tape += c;
+  }
+  return tape;
+}
+
+std::string AvecDesNoms(Hasard& hasard, std::string_view modele) {
+  std::string valeur;
+  for (const char c : modele) {
+    if (c == '@') valeur += Tape(Nom(hasard), ",=\\");
+    else if (c == '#') valeur += Tape(Nom(hasard), ",=+*\\");
+    else valeur += c;
+  }
+  return valeur;
+}
 
 std::string Valeur(Hasard& hasard, const std::string& programme, const Option& option) {
   switch (option.genre) {
@@ -71,12 +99,12 @@ std::string Valeur(Hasard& hasard, const std::string& programme, const Option& o
         return EcrireReel(std::uniform_real_distribution<double>(option.plusPetit, option.plusGrand)(hasard));
       return Parmi(hasard, {"0", "-1.5", "0.1", "1e-7", "90", "123456789.25"});
     case Option::Genre::Texte: return Parmi(hasard, {"", "A.DAT", "un nom 'long'", "a=b", "\xE9t\xE9"});
-    case Option::Genre::Noms: return Parmi(hasard, {"", "SEX", "SEX,AGE", "*", " A,B,"});
+    case Option::Genre::Noms: return AvecDesNoms(hasard, Parmi(hasard, {"", " ", "SEX", "SEX,@", "*", " A,@,"}));
     case Option::Genre::Libre: break;
   }
   const auto valeurs = kLibres.find(programme + " " + option.nom);
   if (valeurs == kLibres.end()) throw std::logic_error("no values for " + programme + " " + option.nom);
-  return Parmi(hasard, valeurs->second);
+  return AvecDesNoms(hasard, Parmi(hasard, valeurs->second));
 }
 
 // Each option by one of its names.

@@ -8,8 +8,8 @@ namespace quelvar {
 
 namespace {
 
-constexpr char kEntreNoms = ',';
-constexpr char kEntreNomEtTexte = '=';
+constexpr std::string_view kEntreNoms = ",";
+constexpr std::string_view kEntreNomEtTexte = "=";
 constexpr char kProtection = '\\';
 
 bool EstProtege(char c, std::string_view signes) {
@@ -70,7 +70,7 @@ std::string PartiesJointes(const std::vector<std::string>& parties, char signe) 
 
 std::vector<std::string_view> PartiesDeListe(std::string_view texte) {
   if (texte.empty()) return {};
-  std::vector<std::string_view> parties = Parties(texte, kEntreNoms);
+  std::vector<std::string_view> parties = Parties(texte, kEntreNoms.front());
   for (std::string_view& partie : parties) partie = Rogner(partie);
   return parties;
 }
@@ -83,20 +83,20 @@ std::vector<std::string> NomsSepares(std::string_view texte) {
 
 std::string NomsJoints(const std::vector<std::string>& noms) {
   std::vector<std::string> parties;
-  for (const std::string& nom : noms) parties.push_back(Proteger(nom, {&kEntreNoms, 1}));
+  for (const std::string& nom : noms) parties.push_back(Proteger(nom, kEntreNoms));
   const bool vide = parties.size() == 1 && parties.front().empty();
-  return vide ? " " : PartiesJointes(parties, kEntreNoms);  // an empty text is no name at all
+  return vide ? " " : PartiesJointes(parties, kEntreNoms.front());  // an empty text is no name at all
 }
 
 std::pair<std::string, std::string> LireCouple(std::string_view option, std::string_view valeur,
                                                std::string_view attendu) {
-  const std::size_t egal = PlaceDuSigne(valeur, {&kEntreNomEtTexte, 1});
+  const std::size_t egal = PlaceDuSigne(valeur, kEntreNomEtTexte);
   if (egal == std::string_view::npos) RefuserValeur(option, attendu, valeur);
   return {SansProtection(valeur.substr(0, egal), kSignesDesNoms), std::string(valeur.substr(egal + 1))};
 }
 
 std::string EcrireCouple(std::string_view nom, std::string_view texte) {
-  return Joindre({Proteger(nom, {&kEntreNomEtTexte, 1}), {&kEntreNomEtTexte, 1}, texte});
+  return Joindre({Proteger(nom, kEntreNomEtTexte), kEntreNomEtTexte, texte});
 }
 
 std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::string_view valeur) {

@@ -45,11 +45,23 @@ Description<OptionsEssai> Essai() {
 
 OptionsEssai Lues(const LigneDOptions& ligne) { return Essai().Lire(ligne); }
 
-TEST(Options, AListKeepsTheCommasOfItsNames) {
-  for (const std::vector<std::string>& noms :
-       {std::vector<std::string>{}, {"SEX", "AGE"}, {"S,X"}, {",", "\\", "\\,", "A\\B"}, {"A", "", "B"}})
+TEST(Options, NamesKeepTheSignsThatPartThem) {
+  for (const std::vector<std::string>& noms : {std::vector<std::string>{},
+                                               {""},
+                                               {"SEX", "AGE"},
+                                               {"S,X"},
+                                               {",", "\\", "\\,", "A\\B", "=", "A\\="},
+                                               {"A", "", "B"}})
     EXPECT_EQ(NomsSepares(NomsJoints(noms)), noms) << NomsJoints(noms);
   EXPECT_EQ(NomsSepares(" A\\B , C\\"), (std::vector<std::string>{"A\\B", "C\\"})) << "as it is typed";
+  EXPECT_EQ(NomsSepares("A=B"), std::vector<std::string>{"A=B"}) << "no sign of a list";
+
+  for (const std::string nom : {"", "A", "=", "A=B", "\\", "A\\", "\\=", "A,B", " A "})
+    for (const std::string texte : {"", "a=b", "\\=\\", "l'un, l'autre"})
+      EXPECT_EQ(LireCouple("nom", EcrireCouple(nom, texte)), std::pair(nom, texte)) << EcrireCouple(nom, texte);
+  EXPECT_EQ(LireCouple("nom", "A=B=C"), (std::pair<std::string, std::string>("A", "B=C"))) << "as it is typed";
+  EXPECT_EQ(NomEtTexte("nom", "A\\=\\\\B=x"), (std::pair<std::string, std::string>("A=\\B", "x"))) << "four signs";
+  EXPECT_THROW(NomEtTexte("nom", "A\\=x"), UsageIncorrect);
 }
 
 TEST(Description, OptionsAreSetWhateverTheirOrderAndTheirName) {

@@ -68,12 +68,25 @@ TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {
   Taper(forme, "TextMod", "Hommes");
   Cliquer(forme, "BoutSuivant");
   essai::Pilote pilote;
+  Cliquer(forme, "BqAExpliq");
+  CliquerLigne(forme, "ListPos", 0);
+  EXPECT_EQ(essai::CommandeMontree(pilote, forme), "(aucune : le codage d'une question n'est pas complet)");
+  CliquerLigne(forme, "Listmod", 0);
   EXPECT_EQ(essai::FaitCommeLaCommande(bureau_, pilote, forme, [&] { Cliquer(forme, "BoutEnreg"); }),
             "quelvar-batch --niveau 2 modifmodr ENQ expliquer=CIN1 reference=SEX2 intitule=SEX1=Hommes");
   EXPECT_EQ(bureau_.Lire("ENQ.MOD"),
             "ENQ\r\n FMT=1\r\nCIN1 Y oui\r\nCIN2   non\r\nSEX1 X Hommes\r\nSEX2 R Femme\r\n**\r\nX\r\n");
   EXPECT_TRUE(bureau_.Texte().startsWith("Fin normale des modifications de modalités"));
   EXPECT_EQ(bureau_.Forme<ModifModR>(), nullptr);
+}
+
+TEST_F(FormesDeLaRegression, DeuxModalitesDUnNomNOntPasDeCommande) {
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n FMT=1\r\nCIN1   oui\r\nCIN1   non\r\n");
+  ModifModR& forme = bureau_.Demander<ModifModR>("mnuModifModR");
+  CliquerLigne(forme, "ListPos", 0);
+  CliquerLigne(forme, "Listmod", 0);
+  essai::Pilote pilote;
+  EXPECT_EQ(essai::CommandeMontree(pilote, forme), "(aucune : deux modalités ont le même nom)");
 }
 
 TEST_F(FormesDeLaRegression, UnAvertissementLaisseLaFormeOuverte) {

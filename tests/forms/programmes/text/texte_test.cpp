@@ -175,6 +175,30 @@ TEST_F(FormesDuTexte, UnMotQuiContientUneVirguleSeCherche) {
     EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo").toPlainText().contains("1 ligne(s) de ENQ.DAT"));
     Cliquer(*concordance, "BoutChercher");
   }
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),
+            "quelvar-batch --niveau 2 concordance ENQ 'mots=oui\\,'");
+}
+
+TEST_F(FormesDuTexte, LaCommandeGardeLesSignesDesNomsOuDitPourquoiIlNYEnAPas) {
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 LSUP=0 COL=3 FMT=1 DE=0 \r\nS=X1   H\r\nSEX2   F\r\nSEX2   G\r\n");
+  bureau_.Ecrire("ENQ.BRT", "   2111a=b\r\n   3121deux\r\n   3121deux\r\n");
+  auto& forme = bureau_.Demander<SuplMot>("mnuSupLignes");
+  CliquerLigne(forme, "ListColSuppl", 1);
+  EXPECT_EQ(CommandeMontree(pilote_, forme), "(aucune : deux colonnes ont le même nom)");
+  CliquerLigne(forme, "ListColSuppl", 1);
+  CliquerLigne(forme, "ListLignSuppl", 1);
+  EXPECT_EQ(CommandeMontree(pilote_, forme), "(aucune : deux lignes ont le même nom)");
+  CliquerLigne(forme, "ListLignSuppl", 1);
+  CliquerLigne(forme, "ListLignSuppl", 0);
+  CliquerLigne(forme, "ListRecapLign", 0);
+  Taper(forme, "TextModLign", "c=d");
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, "TextModLign"), Qt::Key_Return);
+  CliquerLigne(forme, "ListRecapCol", 0);
+  Taper(forme, "TextModCol", "Homme");
+  QTest::keyClick(&Bureau::Dans<QLineEdit>(forme, "TextModCol"), Qt::Key_Return);
+  EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, forme, [&] { Cliquer(forme, "BoutEnreg"); }),
+            "quelvar-batch --niveau 2 suplmot ENQ lignes-sup=a=b 'intitule-colonne=S\\=X1=Homme' "
+            "'intitule-ligne=a\\=b=c=d'");
 }
 
 TEST_F(FormesDuTexte, UnTableauRefaitPendantQueSaFenetreEstOuverteNEstPasRemplace) {
