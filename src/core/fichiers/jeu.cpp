@@ -194,4 +194,12 @@ void JeuDeFichiers::Valider() {
   }
 }
 
+void EffacerEnsemble(const Chemin& repertoire, std::string_view generique, const std::vector<std::string>& noms) {
+  const auto present = [&](const std::string& nom) { return ChercherFichier(repertoire, nom).has_value(); };
+  if (std::none_of(noms.begin(), noms.end(), present)) return;
+  JeuDeFichiers jeu(repertoire, generique);
+  for (const std::string& nom : noms) jeu.Effacer(nom);
+  jeu.Valider();
+}
+
 }  // namespace quelvar

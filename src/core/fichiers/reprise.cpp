@@ -9,6 +9,7 @@
 #include "core/fichiers/signaux.h"
 #include "core/fichiers/systeme/appels.h"
 #include "core/fichiers/systeme/marque.h"
+#include "core/panne/attention.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
@@ -125,7 +126,7 @@ std::string Noms(const std::vector<EntreeDeReleve>& entrees, GenreDEntree genre,
 }
 
 void Raconter(std::vector<std::string>& recit, const std::vector<EntreeDeReleve>& entrees, bool finie) {
-  recit.emplace_back("*** Attention : l'écriture de plusieurs fichiers avait été interrompue"_w);
+  recit.push_back(Joindre({kAttention, "l'écriture de plusieurs fichiers avait été interrompue"_w}));
   const std::string ecrits = Noms(entrees, GenreDEntree::Efface, true);
   const std::string effaces = Noms(entrees, GenreDEntree::Efface, false);
   recit.push_back(Joindre({finie ? "    elle a été achevée, ces fichiers sont les nouveaux :"_w

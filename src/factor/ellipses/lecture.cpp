@@ -8,6 +8,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "factor/fichiers/cellules.h"
@@ -19,7 +20,7 @@ namespace {
 
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison) {
   throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison, kRelancerLesFacteurs}));
+               Joindre({kArretDuProgrammeSansAccents, TexteDe(fichier.filename()), " ", raison, kRelancerLesFacteurs}));
 }
 
 }  // namespace

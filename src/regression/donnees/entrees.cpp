@@ -40,9 +40,10 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte ti
 }
 
 ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Chemin& chemin) {
-  ParametresMod parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
+  const std::string nom = TexteDe(chemin.filename());
+  ParametresMod parametres = LireParametres(mod.parametres, nom);
   rapport.Lignes(parametres.remarques);
-  if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
+  if (parametres.largeur == 0) Arreter(rapport, FauteDeFormat(nom, MotsDuFormat::SansLeFichier));
   return parametres;
 }
 

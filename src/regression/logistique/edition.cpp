@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/listes.h"

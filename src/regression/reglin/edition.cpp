@@ -1,7 +1,7 @@
 #include "regression/reglin/edition.h"
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"

@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/panne/annonce.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::text {
@@ -31,7 +32,7 @@ std::string DemanderJusqua(const Dialogue& dialogue, std::string_view question, 
     const std::string faute = fauteDe(reponse);
     if (faute.empty()) return reponse;
     if (dialogue.demander(Joindre({faute, ". Donner une autre réponse ?"_w}), Boutons::NonOui) != Reponse::Oui)
-      throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : "_w, faute}));
+      throw Erreur(kIncompatibiliteType, Joindre({kArretDuProgramme, faute}));
   }
 }
 

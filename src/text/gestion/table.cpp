@@ -146,8 +146,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   if (parametres.largeur < 1) {
-    ouverte.message = {std::string(kErreur),
-                       Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")})};
+    ouverte.message = {std::string(kErreur), FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier).phrase};
     return;
   }
   LireLignes(contexte, *brt, ouverte);

@@ -4,7 +4,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 
 namespace quelvar::utilities {
 

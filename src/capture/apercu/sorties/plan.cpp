@@ -13,6 +13,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::capture {
@@ -25,8 +26,7 @@ constexpr int kTexteLePlusCourt = 4;  // narrower fields have the code-max of a 
 constexpr std::size_t kTexteLePlusLong = 99;
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
-  throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arrêt du programme : colonne"_w, NumeroEtIntitule(colonne), ", ", raison}));
+  throw Erreur(kIncompatibiliteType, Joindre({kArretDuProgramme, "colonne", NumeroEtIntitule(colonne), ", ", raison}));
 }
 
 // The title as .POS can hold it between its "$" signs.
