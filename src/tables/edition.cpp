@@ -198,7 +198,7 @@ void ImprimerIndices(Rapport& rapport, const IndicesGlobaux& indices, OrdresTrie
   }
   ImprimerValeurs(rapport, RangeesDesIndices(indices),
                   {somme(" = "), somme("= "), pourcent("   ="), somme("= "), somme("= "), pourcent("="), compte, compte,
-                   pourcent("="), PlaceEnRangee{"= ", 1}});
+                   pourcent("="), PlaceEnRangee{" = ", 1}});
 }
 
 void ImprimerGamma(Rapport& rapport, Texte titre, const Gamma& gamma) {

@@ -129,7 +129,7 @@ std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::st
   return Joindre({CadreGauche(nom, kLargeurDeQuestion), EntierDroit(position, kLargeurDePosition), codeMax, suite});
 }
 
-std::string TexteDeQuestion(std::string_view ligne) {
+std::string LibelleDeQuestion(std::string_view ligne) {
   return Joindre({CadreGauche(ligne, kColonneDeCodeMax - 1), " ",
                   CadreGauche(Milieu(ligne, kColonneDeCodeMax, kLargeurDeCodeMax), kLargeurDeCodeMax)});
 }

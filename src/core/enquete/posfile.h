@@ -84,7 +84,7 @@ Question LireLigneQuestion(std::string_view ligne);
 std::string LigneDeQuestion(std::string_view nom, std::int64_t position, std::string_view codeMax,
                             std::string_view suite = {});
 // The ten columns that lists and reports show of such a line: name and position, a blank, code-max.
-std::string TexteDeQuestion(std::string_view ligne);
+std::string LibelleDeQuestion(std::string_view ligne);
 // The size line of N individuals; M, those before the weighting, stand between parentheses unless they are 0.
 std::string LigneDeTaille(std::int64_t individus, std::int64_t avantPonderation = 0);
 // A label between its two signs.

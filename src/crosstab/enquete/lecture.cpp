@@ -12,7 +12,7 @@ namespace {
 QuestionCroisee QuestionDe(const Question& question, std::string_view ligne, int plafond) {
   QuestionCroisee croisee;
   croisee.nom = question.nom;
-  croisee.libelle = TexteDeQuestion(ligne);
+  croisee.libelle = LibelleDeQuestion(ligne);
   croisee.intitule = question.intitule;
   croisee.position = question.position;
   croisee.codeMax = question.codeMax;

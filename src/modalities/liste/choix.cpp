@@ -72,7 +72,9 @@ std::int64_t CompterModalites(const FichierPos& pos, const ChoixQuestions& choix
   return std::max<std::int64_t>(modalites, 0);
 }
 
-std::string TexteQuestion(const FichierPos& pos, std::size_t rang) { return TexteDeQuestion(pos.lignes.at(rang + 2)); }
+std::string TexteQuestion(const FichierPos& pos, std::size_t rang) {
+  return LibelleDeQuestion(pos.lignes.at(rang + 2));
+}
 
 std::string LigneDeListe(const FichierPos& pos, std::size_t rang) {
   return Joindre({TexteQuestion(pos, rang), " ", pos.questions.at(rang).intitule});
