@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
+#include "core/fichiers/jeu.h"
 #include "regression/anatab/editiondeseffets.h"
 
 namespace quelvar::regression {
