@@ -143,7 +143,7 @@ void JeuDeFichiers::Defaire(std::size_t rang) {
       return appels::Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
     }
     case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Allonge: return appels::Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+    case GenreDEntree::Allonge: return appels::Exiger(appels::Raccourcir(e.cible.c_str(), e.ancienne));
   }
 }
 

@@ -1,7 +1,5 @@
 #include "core/fichiers/reprise.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 
@@ -50,8 +48,7 @@ bool EstAllonge(const EntreeDeReleve& e) {
 void Raccourcir(const EntreeDeReleve& e) {
   if (!Present(e.cible)) return;
   const std::uintmax_t longueur = LongueurFichier(e.cible);
-  if (longueur > e.ancienne && longueur <= e.taille)
-    appels::Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+  if (longueur > e.ancienne && longueur <= e.taille) appels::Exiger(appels::Raccourcir(e.cible.c_str(), e.ancienne));
 }
 
 Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {

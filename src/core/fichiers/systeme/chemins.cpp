@@ -1,7 +1,6 @@
 #include "core/fichiers/systeme/chemins.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <utility>
