@@ -25,7 +25,7 @@ class LigneDeTableur {
   LigneDeTableur(std::string_view ligne, char separateur, bool guillemets = true)
       : reste_(ligne),
         modele_(quatre::Modele(separateur)),
-        separateurs_(static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
+        separateurs_(HuitFois(static_cast<unsigned char>(separateur))),
         separateur_(separateur),
         avecGuillemets_(guillemets && ligne.find('"') != std::string_view::npos) {}
 

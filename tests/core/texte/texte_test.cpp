@@ -35,7 +35,7 @@ TEST(Texte, CaseCoversAccentedLetters) {
 }
 
 TEST(Texte, AnAccentIsTakenOffALetterAndNothingElseChanges) {
-  std::string sans = "ÀÉÎÕÜÝÇÑ àéîõüýçñÿ"_w;
+  std::string sans("ÀÉÎÕÜÝÇÑ àéîõüýçñÿ"_w);
   for (char& c : sans) c = SansAccent(c);
   EXPECT_EQ(sans, "AEIOUYCN aeiouycny");
   for (const char c : "AZaz09 ÆØÐÞßæøðþ×÷ŒŸŠ€"_w) EXPECT_EQ(SansAccent(c), c);
@@ -46,9 +46,10 @@ TEST(Caracteres, EightBytesAreJudgedAsEachAlone) {
   for (const unsigned limite : {0U, 9U, 0x7FU})
     for (unsigned octet = 0; octet < 256; ++octet)
       for (unsigned place = 0; place < 8; ++place) {
-        const std::uint64_t octets = HuitFois(static_cast<unsigned char>(limite / 2)) & ~(std::uint64_t{0xFF} << 8 * place);
-        const std::uint64_t fautif = AuDela(octets | std::uint64_t{octet} << 8 * place,
-                                            HuitFois(SeuilDe(static_cast<unsigned char>(limite))));
+        const std::uint64_t octets =
+            HuitFois(static_cast<unsigned char>(limite / 2)) & ~(std::uint64_t{0xFF} << 8 * place);
+        const std::uint64_t fautif =
+            AuDela(octets | std::uint64_t{octet} << 8 * place, HuitFois(SeuilDe(static_cast<unsigned char>(limite))));
         EXPECT_EQ(fautif, octet > limite ? std::uint64_t{0x80} << 8 * place : 0) << octet << " at " << place;
       }
 }
