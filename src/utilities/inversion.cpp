@@ -92,17 +92,13 @@ void EcrireBrt(Ecrivain& brt, const TableauDuGenerique& tableau, const TableauEn
 // The three percentages of a row of the inverted table, of the sum of its first three cells.
 PartsTrg Pourcentages(const Chemin& brt, const TableauEntier& entier, std::size_t colonnes, std::size_t j) {
   PartsTrg parts = {};
-  double somme = 0;
-  for (std::size_t i = 0; i < std::min(kSommetsTrg, entier.noms.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(kSommetsTrg, entier.noms.size()); ++i)
     parts[i] = ValeurDe(entier.cellules[i * colonnes + j]);
-    somme += parts[i];
-  }
   if (*std::min_element(parts.begin(), parts.end()) < 0)
     throw Erreur(kIncompatibiliteType,
                  Joindre({kArretDuProgrammeSansAccents, TexteDe(brt.filename()), ", colonne ", Nombre(j + 1),
                           ", une cellule négative n'a pas de pourcentage : corrigez le tableau"_w}));
-  for (double& part : parts) part = somme == 0 ? 0 : 100 * part / somme;
-  return parts;
+  return PourcentagesTrg(parts);
 }
 
 // A point of the triangular graph for each column of the table.

@@ -45,7 +45,8 @@ int CodeDuNom(std::string_view nom) {
 
 // A modality of a class by its label, or by the question and the code that recode it.
 Rangee RangeeDeClasse(const Modalite& modalite, bool intitulesLongs) {
-  if (!intitulesLongs) return {std::string(Milieu(modalite.nom, 1, 3)), {}, {CelluleEntiere(CodeDuNom(modalite.nom))}};
+  if (!intitulesLongs)
+    return {std::string(Milieu(modalite.nom, 1, kLargeurDeQuestion)), {}, {CelluleEntiere(CodeDuNom(modalite.nom))}};
   const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kIntituleDeModaliteAuPlus));
   return {std::string(intitule.empty() ? std::string_view(modalite.nom) : intitule), {}, {}};
 }

@@ -103,7 +103,7 @@ std::optional<std::int64_t> HorsDeLaMoyenne(const std::vector<std::string>& prof
 
 std::optional<std::int64_t> PremierDeplace(const LignesDIndividus& lignes, const std::vector<bool>& actives,
                                            const Matrice& coordonnees, const Matrice* colonnes) {
-  constexpr std::size_t kPeuDIndividus = 30;
+  constexpr std::size_t kPeuDIndividus = 30;  // fewer may have been typed
   const std::size_t individus = coordonnees.Colonnes();
   if (individus < kPeuDIndividus) return std::nullopt;
   const std::vector<std::string> profils = Profils(lignes, actives, individus);

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
 #include "core/resultats/colonnedenombres.h"
 
@@ -9,7 +10,6 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr std::int64_t kFautifsDits = 50;  // beyond so many the report says that not all are listed
 constexpr int kLargeurDeRang = 5;
 
 }  // namespace
@@ -57,7 +57,8 @@ void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque) {
     rapport.Ligne({"*** L'individu ", Figure(static_cast<double>(rang), kLargeurDeRang, 0), " ", manque});
   rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
   rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), kLargeurDeRang, 0)});
-  if (fautifs.nombre > kFautifsDits) rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
+  if (fautifs.nombre > kFautifsDits)
+    rapport.Ligne({"    Seuls les ", Nombre(kFautifsDits), " premiers sont indiqués"_w});
   throw Erreur(kArretAnnonce);
 }
 

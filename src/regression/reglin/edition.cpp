@@ -54,7 +54,7 @@ void ImprimerDescription(Rapport& rapport, double individus, const VariablesDecr
   rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
   rapport.Ligne();
   ImprimerRangees(rapport, decrites.tableau,
-                  {.titre = static_cast<int>(kLargeurIntitule),
+                  {.titre = kIntituleDeModaliteAuPlus,
                    .places = {PlaceDeNombre(11, "                                  "), PlaceDeNombre(11, "      ")}});
   if (decrites.arret) return;
   for (const std::string& intitule : decrites.incertaines)

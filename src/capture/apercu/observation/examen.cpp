@@ -12,8 +12,8 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kIrregulieresGardees = 1000;
-constexpr std::int64_t kPas = 1024;  // rows between two calls of the follower
+constexpr std::size_t kIrregulieresGardees = 1000;  // far more than are told; the others are counted
+constexpr std::int64_t kPas = 1024;                 // rows between two calls of the follower
 
 }  // namespace
 

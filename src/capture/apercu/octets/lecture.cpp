@@ -128,7 +128,7 @@ void ChoisirSeparateur(LectureDetectee& detectee, const Chemin& source, Echantil
     return;
   }
   Essai meilleur;
-  constexpr double kEgalite = 0.1;
+  constexpr double kEgalite = 0.1;  // of the rows: a separator better by less leaves the usual one
   for (const char candidat : kCandidats) {
     lecture.separateur = candidat;
     Echantillon echantillon = Prelever(source, lecture);
