@@ -206,6 +206,9 @@ std::string TexteAideProgramme(const Programme& programme) {
     for (const AutreNom& autre : option.autresNoms)
       if (!autre.mots.empty()) texte += TexteAutreNom(autre);
   }
+  if (std::ranges::any_of(programme.options, &Option::aDesNoms))
+    texte +=
+        "\nDans un nom, \\, \\= et \\\\ sont une virgule, un signe = et un \\ (entre apostrophes dans un terminal)\n"_w;
   return texte;
 }
 

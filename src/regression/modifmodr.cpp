@@ -139,25 +139,31 @@ Fin TerminerModifModR(const Contexte& contexte) { return RendreCompte(contexte, 
 
 Fin AbandonnerModifModR(const Contexte& contexte) { return RendreCompte(contexte, kArretVolontaire); }
 
-std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
-                                                const std::vector<std::string>& textes) {
+OptionsDites<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
+                                               const std::vector<std::string>& textes) {
   OptionsModifModR options;
+  bool seules = true;
+  const auto nommer = [&](const std::string& texte) {
+    seules &= EstSeule(textes, NomDeTexte(texte));
+    return std::string(NomDeTexte(texte));
+  };
   for (const std::string& question : QuestionsDesTextes(textes)) {
     const std::vector<std::size_t> rangs = ModalitesDe(textes, question);
     if (std::all_of(rangs.begin(), rangs.end(),
                     [&](std::size_t i) { return MarqueDeTexte(textes[i]) == MarqueDeTexte(duFichier[i]); }))
       continue;
     for (const std::size_t i : rangs) {
-      if (MarqueDeTexte(textes[i]) == " Y ") options.expliquer.emplace_back(NomDeTexte(textes[i]));
-      if (MarqueDeTexte(textes[i]) == " R ") options.references.emplace_back(NomDeTexte(textes[i]));
+      if (MarqueDeTexte(textes[i]) == " Y ") options.expliquer.push_back(nommer(textes[i]));
+      if (MarqueDeTexte(textes[i]) == " R ") options.references.push_back(nommer(textes[i]));
     }
   }
   for (std::size_t i = 0; i < textes.size(); ++i)
     if (IntituleDeTexte(textes[i]) != IntituleDeTexte(duFichier[i]))
-      options.intitules.emplace_back(NomDeTexte(textes[i]), IntituleDeTexte(textes[i]));
+      options.intitules.emplace_back(nommer(textes[i]), IntituleDeTexte(textes[i]));
+  if (!seules) return {.raison = "deux modalités ont le même nom"_w};
   std::vector<std::string> refaits = duFichier;
-  if (Appliquer(options, refaits) || refaits != textes) return std::nullopt;
-  return options;
+  if (Appliquer(options, refaits) || refaits != textes) return {.raison = "le codage d'une question n'est pas complet"};
+  return {.options = std::move(options)};
 }
 
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {

@@ -1,12 +1,12 @@
 // ModifModR: which modality of the .MOD is to be explained (Y), which are the references (R) and which explain (X).
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "core/options/dites.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::regression {
@@ -55,9 +55,9 @@ struct OptionsModifModR {
 };
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options);
 
-// The options that make `textes` of what the file holds; nothing when none do, as for a question left without
-// a Y and without an R.
-std::optional<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
-                                                const std::vector<std::string>& textes);
+// The options that make `textes` of what the file holds; none do for modalities that share their name, nor for
+// a question left without a Y and without an R.
+OptionsDites<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& duFichier,
+                                               const std::vector<std::string>& textes);
 
 }  // namespace quelvar::regression

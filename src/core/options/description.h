@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "core/chiffres/nombres.h"
+#include "core/options/noms.h"
 #include "core/options/option.h"
 #include "core/options/table.h"
 #include "core/programme/programme.h"
@@ -180,6 +181,7 @@ class Description : public TableDOptions<Options> {
     option.genre = Option::Genre::Noms;
     option.valeurs = "NOM,NOM...";
     option.aide = aide;
+    option.aDesNoms = true;
     const auto poser = [=](Options& options, const std::string& texte) {
       std::invoke(membre, options) = NomsSepares(texte);
     };
@@ -194,11 +196,10 @@ class Description : public TableDOptions<Options> {
     };
     const auto ecrire = [membre](const Options& options) {
       std::vector<std::string> textes;
-      for (const auto& couple : options.*membre) textes.push_back(couple.first + "=" + couple.second);
+      for (const auto& [nomme, texte] : options.*membre) textes.push_back(EcrireCouple(nomme, texte));
       return textes;
     };
-    Libre(std::move(nom), valeurs, aide, poser, ecrire);
-    return Repetable();
+    return Libre(std::move(nom), valeurs, aide, poser, ecrire).ADesNoms().Repetable();
   }
 
   // Anything else: `poser` sets the struct or raises UsageIncorrect, `ecrire` tells it back.
@@ -284,6 +285,11 @@ class Description : public TableDOptions<Options> {
   // The value is looked for among names that were read with the same loss.
   Description& SeCherche() {
     this->Derniere().etrangers = Option::Etrangers::Perdus;
+    return *this;
+  }
+  // The value holds names, as core/options/noms.h reads them.
+  Description& ADesNoms() {
+    this->Derniere().aDesNoms = true;
     return *this;
   }
   Description& Repetable() {

@@ -7,7 +7,6 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
-#include "core/enquete/colonnes.h"
 #include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "core/texte/caracteres.h"
@@ -55,10 +54,6 @@ std::vector<Commencement> Commencements(const std::vector<Option>& options, cons
 }
 
 // A sign that a shell takes as it stands.
-constexpr char kEntreNoms = ',';
-constexpr char kProtection = '\\';
-bool EstProtegeDansUneListe(char c) { return c == kEntreNoms || c == kProtection; }
-
 bool SansDanger(char c) {
   constexpr std::string_view kSignes = "_.,:/=+-@%";
   return EstChiffre(c) || (Minuscule(c) >= 'a' && Minuscule(c) <= 'z') || kSignes.find(c) != std::string_view::npos;
@@ -135,43 +130,6 @@ std::string EcrireReel(double valeur) {
 
 void ExigerSvg(std::string_view nom, std::string_view valeur) {
   if (!EstNomDeSvg(valeur)) RefuserValeur(nom, "un nom en .svg", valeur);
-}
-
-std::vector<std::string> NomsSepares(std::string_view texte) {
-  std::vector<std::string> noms;
-  if (texte.empty()) return noms;
-  std::string nom;
-  const auto finir = [&] {
-    noms.emplace_back(Rogner(nom));
-    nom.clear();
-  };
-  for (std::size_t i = 0; i < texte.size(); ++i) {
-    const bool protege = texte[i] == kProtection && i + 1 < texte.size() && EstProtegeDansUneListe(texte[i + 1]);
-    if (protege) nom += texte[++i];
-    else if (texte[i] == kEntreNoms) finir();
-    else nom += texte[i];
-  }
-  finir();
-  return noms;
-}
-
-std::string NomsJoints(const std::vector<std::string>& noms) {
-  std::string texte;
-  for (const std::string& nom : noms) {
-    if (&nom != &noms.front()) texte += kEntreNoms;
-    for (const char c : nom) {
-      if (EstProtegeDansUneListe(c)) texte += kProtection;
-      texte += c;
-    }
-  }
-  return texte;
-}
-
-std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::string_view valeur) {
-  const std::size_t egal = valeur.find('=');
-  if (egal == std::string_view::npos || egal == 0 || egal > kLargeurDeModalite)
-    RefuserValeur(option, "NOM=TEXTE", valeur);
-  return {std::string(valeur.substr(0, egal)), std::string(valeur.substr(egal + 1))};
 }
 
 std::string CommandeEcrite(std::string_view programme, std::string_view generique, int niveau,

@@ -52,6 +52,7 @@ struct Option {
   Etrangers etrangers = Etrangers::Refuses;
   bool repetable = false;  // each value given adds to the former ones
   bool geste = false;      // acts in its turn among the options that do
+  bool aDesNoms = false;   // holds names, whose signs stand behind a "\" (core/options/noms.h)
   std::vector<AutreNom> autresNoms = {};
   std::vector<Controle> controles = {};
 };
@@ -85,13 +86,6 @@ std::string EcrireReel(double valeur);
 
 // Refuses the name of a picture that is not ".svg" behind a name. Raises UsageIncorrect.
 void ExigerSvg(std::string_view nom, std::string_view valeur);
-
-// The names of a list between commas; blanks around a name go, its own commas stand behind a "\". Empty: no name.
-std::vector<std::string> NomsSepares(std::string_view texte);
-std::string NomsJoints(const std::vector<std::string>& noms);
-
-// "SEX1=Homme" in two: a name of at most four characters, and the text behind the sign. Raises UsageIncorrect.
-std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::string_view valeur);
 
 // The line of quelvar-batch that runs a program with these options, for a POSIX shell (code page). Level 1 is not told.
 std::string CommandeEcrite(std::string_view programme, std::string_view generique, int niveau,

@@ -5,10 +5,10 @@
 #include <QPushButton>
 #include <QString>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "core/options/description.h"
+#include "core/options/dites.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::forms {
@@ -34,13 +34,13 @@ void RelierCommande(QPushButton& lancer, const Description<O>& programme, const 
       bouton);
 }
 
-// The same for a form that can do what no options say: `options()` then gives none, and the line says so.
+// The same for a form that can do what no options say: `options()` then gives the reason, which the line tells.
 template <class O, class F>
 void RelierCommandeDite(QPushButton& lancer, const Description<O>& programme, const Contexte& contexte, F options) {
   AjouterVoirLaCommande(lancer, [&programme, &contexte, options] {
-    const std::optional<O> dites = options();
-    if (!dites) return std::string("(aucune : deux lignes ont le même nom, ou un codage n'est pas complet)"_w);
-    return CommandeEquivalente(programme, contexte.generique, contexte.niveau, *dites);
+    const OptionsDites<O> dites = options();
+    if (!dites.options) return Joindre({"(aucune : ", dites.raison, ")"});
+    return CommandeEquivalente(programme, contexte.generique, contexte.niveau, *dites.options);
   });
 }
 

@@ -27,10 +27,12 @@ const Description<OptionsModifMod>& DescriptionModifMod() {
           .Libre("supplementaires", "NOM,NOM...",
                  "modalités mises en supplémentaires ; le nom d'une question vaut pour toutes les siennes"_w,
                  PoserNoms(&O::supplementaires), EcrireNoms(&O::supplementaires))
+          .ADesNoms()
           .Repetable()
           .Montre("ListSuppl")
           .Libre("actives", "NOM,NOM...", "modalités mises en actives, de même"_w, PoserNoms(&O::actives),
                  EcrireNoms(&O::actives))
+          .ADesNoms()
           .Repetable()
           .Couples("intitule", &O::intitules, "NOM=TEXTE", "intitulé d'une modalité ; peut être répété"_w)
           .Montre("TextMod");

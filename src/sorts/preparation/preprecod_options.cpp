@@ -20,13 +20,18 @@ int LireCode(std::string_view option, std::string_view attendu, std::string_view
   return static_cast<int>(ValeurDe(texte));
 }
 
+// A question whose name is that word stands behind a "\".
+constexpr std::string_view kQuestionDeCeNom = "\\non";
+
 void PoserPonderation(O& options, const std::string& valeur) {
-  options.ponderation = Minuscules(valeur) == kAucun ? std::string() : valeur;
+  if (EgalSansCasse(valeur, kAucun)) options.ponderation.emplace();
+  else options.ponderation = EgalSansCasse(valeur, kQuestionDeCeNom) ? valeur.substr(1) : valeur;
 }
 
 Textes EcrirePonderation(const O& options) {
   if (!options.ponderation) return {};
-  return {options.ponderation->empty() ? std::string(kAucun) : *options.ponderation};
+  if (options.ponderation->empty()) return {std::string(kAucun)};
+  return {EgalSansCasse(*options.ponderation, kAucun) ? "\\" + *options.ponderation : *options.ponderation};
 }
 
 constexpr std::string_view kFormeFiltre = "incl:NOM=CODE,... ou excl:NOM=CODE,... ou plus:NOM=CODE,... ou non";
@@ -48,11 +53,9 @@ void PoserFiltre(O& options, const std::string& valeur) {
         std::ranges::find_if(kMotsDeSens, [&](const MotDeSens& mot) { return basse.starts_with(mot.mot); });
     if (sens == std::end(kMotsDeSens)) RefuserValeur("filtre", kFormeFiltre, valeur);
     filtre.sens = sens->sens;
-    for (const std::string& expression : NomsSepares(std::string_view(valeur).substr(sens->mot.size()))) {
-      const std::size_t egal = expression.find('=');
-      if (egal == std::string::npos) RefuserValeur("filtre", kFormeFiltre, valeur);
-      filtre.expressions.emplace_back(expression.substr(0, egal),
-                                      LireCode("filtre", kFormeFiltre, std::string_view(expression).substr(egal + 1)));
+    for (const std::string_view expression : PartiesDeListe(std::string_view(valeur).substr(sens->mot.size()))) {
+      const auto [question, code] = LireCouple("filtre", expression, kFormeFiltre);
+      filtre.expressions.emplace_back(question, LireCode("filtre", kFormeFiltre, code));
     }
   }
   if (Minuscules(valeur) != kAucun && filtre.sens == SensFiltre::Aucun && filtre.expressions.empty())
@@ -65,29 +68,33 @@ Textes EcrireFiltre(const O& options) {
   if (options.filtre->sens == SensFiltre::Aucun && options.filtre->expressions.empty()) return {std::string(kAucun)};
   Textes expressions;
   for (const auto& [question, code] : options.filtre->expressions)
-    expressions.push_back(Joindre({question, "=", Nombre(code)}));
+    expressions.push_back(Joindre({Proteger(question, kSignesDesNoms), "=", Nombre(code)}));
   const auto* const sens = std::ranges::find(kMotsDeSens, options.filtre->sens, &MotDeSens::sens);
-  return {Joindre({sens->mot, NomsJoints(expressions)})};
+  return {Joindre({sens->mot, PartiesJointes(expressions, ',')})};
 }
 
 constexpr std::string_view kFormeVit = "NOM=QUESTION=CODE,QUESTION=CODE*SCORE,... ou NOM=QUESTION+,... ou non";
 
+// What parts a list of elements and each of them.
+constexpr std::string_view kSignesDUnElement = ",=+*";
+
 ElementDeScript LireElement(std::string_view texte) {
   ElementDeScript element;
-  const std::size_t etoile = texte.find('*');
-  if (etoile != std::string_view::npos) element.score = texte.substr(etoile + 1);
-  texte = texte.substr(0, etoile);
-  const std::size_t signe = texte.find_first_of("=+");
-  if (signe == std::string_view::npos) RefuserValeur("vit", kFormeVit, texte);
-  element.question = texte.substr(0, signe);
-  if (texte[signe] == '=') element.code = LireCode("vit", kFormeVit, texte.substr(signe + 1));
+  const std::size_t signe = PlaceDuSigne(texte, "=+*");
+  if (signe == std::string_view::npos || texte[signe] == '*') RefuserValeur("vit", kFormeVit, texte);
+  element.question = SansProtection(texte.substr(0, signe), kSignesDUnElement);
+  const std::string_view suite = texte.substr(signe + 1);
+  const std::size_t etoile = suite.find('*');
+  if (etoile != std::string_view::npos) element.score = SansProtection(suite.substr(etoile + 1), kSignesDUnElement);
+  if (texte[signe] == '=') element.code = LireCode("vit", kFormeVit, suite.substr(0, etoile));
   if (element.code.value_or(0) > kCodeVitMaximum) RefuserValeur("vit", "un code de deux chiffres", texte);
   return element;
 }
 
 std::string EcrireElement(const ElementDeScript& element) {
-  std::string texte = element.question + (element.code ? "=" + Nombre(*element.code) : "+");
-  if (!element.score.empty()) texte += "*" + element.score;
+  std::string texte = Proteger(element.question, kSignesDUnElement);
+  texte += element.code ? "=" + Nombre(*element.code) : "+";
+  if (!element.score.empty()) texte += "*" + Proteger(element.score, ",");
   return texte;
 }
 
@@ -98,7 +105,7 @@ void PoserVit(O& options, const std::string& valeur) {
   }
   const auto [nom, elements] = NomEtTexte("vit", valeur);
   VitDeScript vit{nom, {}};
-  for (const std::string& element : NomsSepares(elements)) vit.elements.push_back(LireElement(element));
+  for (const std::string_view element : PartiesDeListe(elements)) vit.elements.push_back(LireElement(element));
   options.vits.push_back(std::move(vit));
 }
 
@@ -108,38 +115,24 @@ Textes EcrireVits(const O& options) {
   for (const VitDeScript& vit : options.vits) {
     Textes elements;
     for (const ElementDeScript& element : vit.elements) elements.push_back(EcrireElement(element));
-    textes.push_back(Joindre({vit.nom, "=", NomsJoints(elements)}));
+    textes.push_back(EcrireCouple(vit.nom, PartiesJointes(elements, ',')));
   }
   return textes;
 }
 
-// Both within a line stand behind the second; that before another sign stays.
-constexpr char kEntreLignes = '|';
-constexpr char kProtection = '\\';
-bool EstProtegeDansUneLigne(char c) { return c == kEntreLignes || c == kProtection; }
+constexpr std::string_view kEntreLignes = "|";
 
 void PoserTexteVit(O& options, const std::string& valeur) {
-  Textes lignes(1);
-  for (std::size_t i = 0; i < valeur.size(); ++i) {
-    const bool protege = valeur[i] == kProtection && i + 1 < valeur.size() && EstProtegeDansUneLigne(valeur[i + 1]);
-    if (protege) lignes.back() += valeur[++i];
-    else if (valeur[i] == kEntreLignes) lignes.emplace_back();
-    else lignes.back() += valeur[i];
-  }
-  options.texteVit = std::move(lignes);
+  options.texteVit.emplace();
+  for (const std::string_view ligne : Parties(valeur, kEntreLignes.front()))
+    options.texteVit->push_back(SansProtection(ligne, kEntreLignes));
 }
 
 Textes EcrireTexteVit(const O& options) {
   if (!options.texteVit) return {};
-  std::string texte;
-  for (const std::string& ligne : *options.texteVit) {
-    if (&ligne != &options.texteVit->front()) texte += kEntreLignes;
-    for (const char c : ligne) {
-      if (EstProtegeDansUneLigne(c)) texte += kProtection;
-      texte += c;
-    }
-  }
-  return {texte};
+  Textes lignes;
+  for (const std::string& ligne : *options.texteVit) lignes.push_back(Proteger(ligne, kEntreLignes));
+  return {PartiesJointes(lignes, kEntreLignes.front())};
 }
 
 Description<O> Decrire() {
@@ -149,7 +142,8 @@ Description<O> Decrire() {
       .Couples("regle", &O::regles, "NOM=REGLE",
                "règle d'une question (AGE=1-3=1/4-8=2) ; vide : plus de règle ; se répète"_w)
       .Montre("TextMod")
-      .Libre("ponderation", "NOM|non", "question de pondération"_w, PoserPonderation, EcrirePonderation)
+      .Libre("ponderation", "NOM|non", "question de pondération (\\non : celle du nom NON)"_w, PoserPonderation,
+             EcrirePonderation)
       .Montre("LabelPond")
       .Alias({"pond"})
       .Choix("effectif", &O::maximum, {{"reduit", false}, {"maximum", true}}, "effectif résultant de la pondération"_w)
@@ -158,6 +152,7 @@ Description<O> Decrire() {
       .Libre("filtre", kFormeFiltre,
              "individus gardés ou écartés, tous les codes étant exigés ensemble ; plus: en ajoute au filtre présent"_w,
              PoserFiltre, EcrireFiltre)
+      .ADesNoms()
       .Montre("TextFiltre")
       .Libre(
           "textevit", "LIGNE|LIGNE|...",
@@ -165,8 +160,11 @@ Description<O> Decrire() {
           "ligne par élément) ; \\| est un | dans une ligne, et \\\\ un \\ devant l'un des deux"_w,
           PoserTexteVit, EcrireTexteVit)
       .Montre("TextVIT")
-      .Libre("vit", kFormeVit, "variable idéale-typique ajoutée à celles du fichier ; non les efface ; se répète"_w,
+      .Libre("vit", kFormeVit,
+             "variable idéale-typique ajoutée à celles du fichier ; non les efface ; se répète ; dans le nom d'une "
+             "question \\+ est un + et \\* un *"_w,
              PoserVit, EcrireVits)
+      .ADesNoms()
       .Repetable()
       .Montre("ComboVIT");
 }

@@ -8,7 +8,8 @@ using O = OptionsTriang;
 
 using Reglages = std::vector<std::pair<std::string, std::string>>;
 
-// Settings of single texts, "NOM=REGLAGE"; the name may be as long as that of a vertex.
+// Settings of single texts, "NOM=REGLAGE"; the name may be as long as that of a vertex, and the
+// last sign parts them: a setting holds none.
 Description<O>::Poser PoserUnReglage(const char* option, Reglages O::*membre) {
   return [option, membre](O& options, const std::string& valeur) {
     const std::size_t egal = valeur.rfind('=');

@@ -1,18 +1,11 @@
 // The options of the work on the rows and columns of a table as the command line and the forms know them.
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <utility>
-
 #include "core/options/description.h"
 #include "text/gestion/agregation.h"
 #include "text/gestion/suplmot.h"
 
 namespace quelvar::text {
-
-// "NOM=TEXTE" in two, whatever the length of the name. Raises UsageIncorrect without "=".
-std::pair<std::string, std::string> AvantEtApres(std::string_view option, const std::string& valeur);
 
 const Description<OptionsSuplMot>& DescriptionSuplMot();
 const Description<OptionsTabMotAgreg>& DescriptionTabMotAgreg();

@@ -82,36 +82,38 @@ std::string TexteDeLigne(const TableGeree& table, std::size_t ligne) {
   return Joindre({choisie.nom, choisie.marquee ? kMarqueSupplementaire : kMarqueActive, choisie.intitule});
 }
 
-std::optional<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, const TableGeree& table) {
+OptionsDites<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, const TableGeree& table) {
   using Genre = OptionsSuplMot::Action::Genre;
   OptionsSuplMot options;
-  bool dicible = true;
-  const auto ajouter = [&](Genre genre, const std::optional<std::string>& nom, std::string intitule = {}) {
-    dicible &= nom.has_value();
-    if (nom) options.actions.push_back({genre, *nom, std::move(intitule)});
+  std::string_view raison;
+  const auto colonne = [&](Genre genre, std::string_view nom, std::string_view intitule = {}) {
+    if (!EstSeule(desFichiers.mod.textes, nom)) raison = "deux colonnes ont le même nom"_w;
+    options.actions.push_back({genre, std::string(nom), std::string(intitule)});
+  };
+  const auto ligne = [&](Genre genre, const std::optional<std::string>& nom, const std::string& intitule = {}) {
+    if (nom) options.actions.push_back({genre, *nom, intitule});
+    else raison = kLignesDuMemeNom;
   };
   for (std::size_t i = 0; i < table.Colonnes(); ++i) {
     const std::string& avant = desFichiers.mod.textes[i];
     const std::string& apres = table.mod.textes[i];
     const std::string_view nom = Rogner(NomDeTexte(avant));
-    const bool seul = EstSeule(desFichiers.mod.textes, nom) && nom.find_first_of(",=") == nom.npos;
-    const std::optional<std::string> dit = seul ? std::optional<std::string>(nom) : std::nullopt;
     if (EstSupplementaire(avant) != EstSupplementaire(apres))
-      ajouter(EstSupplementaire(apres) ? Genre::ColonneSup : Genre::ColonneActive, dit);
-    if (IntituleDeTexte(avant) != IntituleDeTexte(apres))
-      ajouter(Genre::IntituleColonne, dit, std::string(IntituleDeTexte(apres)));
+      colonne(EstSupplementaire(apres) ? Genre::ColonneSup : Genre::ColonneActive, nom);
+    if (IntituleDeTexte(avant) != IntituleDeTexte(apres)) colonne(Genre::IntituleColonne, nom, IntituleDeTexte(apres));
   }
   // The labels change after the marks, one after the other: each name is one of the table as it then stands.
   TableGeree refaite = desFichiers;
   for (std::size_t i = 0; i < table.lignes.size(); ++i) {
     const LigneDeTable& apres = table.lignes[i];
     if (desFichiers.lignes[i].marquee != apres.marquee)
-      ajouter(apres.marquee ? Genre::LigneSup : Genre::LigneActive, NomDeLigne(desFichiers, i));
+      ligne(apres.marquee ? Genre::LigneSup : Genre::LigneActive, NomDeLigne(desFichiers, i));
     if (desFichiers.lignes[i].intitule == apres.intitule) continue;
-    ajouter(Genre::IntituleLigne, NomDeLigne(refaite, i), apres.intitule);
+    ligne(Genre::IntituleLigne, NomDeLigne(refaite, i), apres.intitule);
     refaite.lignes[i].intitule = apres.intitule;
   }
-  return dicible ? std::optional(options) : std::nullopt;
+  if (!raison.empty()) return {.raison = raison};
+  return {.options = std::move(options)};
 }
 
 Fin EnregistrerSuplMot(const Contexte& contexte, const TableGeree& table) {

@@ -1,10 +1,10 @@
 // SuplMot: which columns and rows of a table are supplementary, and their labels.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "core/options/dites.h"
 #include "text/gestion/table.h"
 
 namespace quelvar::text {
@@ -38,7 +38,7 @@ struct OptionsSuplMot {
 };
 Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options);
 
-// The options that make `table` of what the files hold; nothing when none do, as for rows of one name.
-std::optional<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, const TableGeree& table);
+// The options that make `table` of what the files hold; none do for columns or rows that share their name.
+OptionsDites<OptionsSuplMot> OptionsDeLaTable(const TableGeree& desFichiers, const TableGeree& table);
 
 }  // namespace quelvar::text

@@ -19,22 +19,22 @@ void DecrireStatut(Supl& description, std::string nom, ActionSupl::Genre genre, 
       if (action.genre == genre) noms.push_back(action.nom);
     return noms.empty() ? Textes() : Textes{NomsJoints(noms)};
   };
-  description.Libre(std::move(nom), valeurs, aide, poser, ecrire).Repetable();
+  description.Libre(std::move(nom), valeurs, aide, poser, ecrire).ADesNoms().Repetable();
 }
 
 void DecrireIntitule(Supl& description, const std::string& nom, ActionSupl::Genre genre, std::string_view valeurs,
                      std::string_view aide) {
   const auto poser = [nom, genre](OptionsSuplMot& options, const std::string& valeur) {
-    auto [element, texte] = AvantEtApres(nom, valeur);
+    auto [element, texte] = LireCouple(nom, valeur);
     options.actions.push_back({genre, std::move(element), std::move(texte)});
   };
   const auto ecrire = [genre](const OptionsSuplMot& options) {
     Textes textes;
     for (const ActionSupl& action : options.actions)
-      if (action.genre == genre) textes.push_back(Joindre({action.nom, "=", action.intitule}));
+      if (action.genre == genre) textes.push_back(EcrireCouple(action.nom, action.intitule));
     return textes;
   };
-  description.Libre(nom, valeurs, aide, poser, ecrire).Repetable();
+  description.Libre(nom, valeurs, aide, poser, ecrire).ADesNoms().Repetable();
 }
 
 Supl DecrireSuplMot() {

@@ -218,9 +218,7 @@ std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view n
 std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne) {
   const std::string_view intitule = table.lignes[ligne].intitule;
   for (const std::string_view nom : {MotDeLIntitule(intitule), Rogner(intitule)})
-    if (!nom.empty() && nom.find_first_of(",=") == std::string_view::npos &&
-        LignesDuNom(table, nom) == std::vector<std::size_t>{ligne})
-      return std::string(nom);
+    if (LignesDuNom(table, nom) == std::vector<std::size_t>{ligne}) return std::string(nom);
   return std::nullopt;
 }
 

@@ -55,7 +55,8 @@ struct LigneTrouvee {
 };
 LigneTrouvee TrouverLigne(const TableGeree& table, std::string_view nom);
 // A name by which TrouverLigne finds that row: its word if that is enough, else its label; nothing when several rows
-// have it, or when it holds a comma or "=", which part the names of a list.
+// have it, which is why no options say what is done to it.
+inline constexpr std::string_view kLignesDuMemeNom = "deux lignes ont le même nom"_w;
 std::optional<std::string> NomDeLigne(const TableGeree& table, std::size_t ligne);
 
 }  // namespace quelvar::text

@@ -62,7 +62,7 @@ LigneDOptions EcrireActions(const OptionsTabMotAgreg& options) {
   LigneDOptions ligne;
   for (const OptionsTabMotAgreg::Action& action : options.actions) {
     if (action.tri) ligne.emplace_back("tri", EcrireTri(*action.tri));
-    else ligne.emplace_back("agreger", Joindre({action.intitule, "=", NomsJoints(action.lignes)}));
+    else ligne.emplace_back("agreger", EcrireCouple(action.intitule, NomsJoints(action.lignes)));
   }
   return ligne;
 }
@@ -70,12 +70,13 @@ LigneDOptions EcrireActions(const OptionsTabMotAgreg& options) {
 Agreg DecrireTabMotAgreg() {
   using O = OptionsTabMotAgreg;
   const auto reunir = [](O& options, const std::string& valeur) {
-    auto [nom, lignes] = AvantEtApres("agreger", valeur);
+    auto [nom, lignes] = LireCouple("agreger", valeur);
     options.actions.push_back({std::nullopt, std::move(nom), NomsSepares(lignes)});
   };
   const auto trier = [](O& options, const std::string& valeur) { options.actions.push_back({LireTri(valeur)}); };
   return Agreg("tabmotagreg", "Agrégation manuelle de lignes d'un tableau, sous un nouveau générique"_w, TabMotAgreg)
       .Geste("agreger", "NOM=MOT,MOT...", "lignes réunies en une seule par sommation ; peut être répété"_w, reunir)
+      .ADesNoms()
       .Alias({"btenreg"})
       .Geste("tri", "frequence|alphabetique|facteurN[,decroissant]", "tri des lignes ; peut être répété"_w, trier)
       .Alias({"bttri"})

@@ -38,9 +38,6 @@ Concord::Concord(Services& services, text::Concordances concordances)
   AjouterVoirLaCommande(*ui_->BoutEnregS, [this] {
     std::vector<std::string> mots;
     for (const text::MotTrouve& trouve : concordances_.mots) mots.push_back(trouve.mot);
-    for (const std::string& mot : mots)
-      if (mot.find_first_of(" ,") != std::string::npos)
-        return std::string("(aucune : un mot contient une virgule ou un blanc)");
     return CommandeEquivalente(text::DescriptionConcordance(), contexte_.generique, contexte_.niveau,
                                text::OptionsConcordance{.mots = mots, .ordre = Ordre()});
   });

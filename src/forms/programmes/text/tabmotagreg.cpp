@@ -41,7 +41,9 @@ TabMotAgreg::TabMotAgreg(Services& services)
   connect(ui_->BtEnreg, &QPushButton::clicked, this, &TabMotAgreg::EnregistrerLigne);
   connect(ui_->BtFin, &QPushButton::clicked, this, &TabMotAgreg::Terminer);
   ui_->BtEnreg->setDefault(true);
-  RelierCommandeDite(*ui_->BtFin, text::DescriptionTabMotAgreg(), contexte_, [this] { return gestes_; });
+  RelierCommandeDite(*ui_->BtFin, text::DescriptionTabMotAgreg(), contexte_, [this] {
+    return OptionsDites<text::OptionsTabMotAgreg>{gestes_, text::kLignesDuMemeNom};
+  });
   RelierQuitter(*ui_->BtAnnuler);
   AuDepartDireLArret();
   RelierAide(*ui_->BoutAide, "mnuATabMotAgreg");
