@@ -27,7 +27,7 @@ FautesDuCodage FautesDeCodage(const std::vector<ModaliteCodee>& codage, const st
     fautes.lignes.push_back(Joindre({"*** Une question ", faute}));
     if (!fautes.premiere.phrase.empty()) return;
     const auto ligne = static_cast<std::int64_t>(question.premiere) + kLignesDeTete + 1;
-    fautes.premiere = {Joindre({"la question ", question.nom, " ", faute}), {std::string(nomMod), ligne}};
+    fautes.premiere = {Joindre({"la question ", Rogner(question.nom), " ", faute}), {std::string(nomMod), ligne}};
   };
   for (const QuestionCodee& question : questions) {
     const int codes = question.references + question.aExpliquer;
