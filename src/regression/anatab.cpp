@@ -7,8 +7,9 @@
 #include "core/dessin/svg.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
 #include "core/resultats/colonnedenombres.h"
@@ -39,9 +40,10 @@ TravailDAnatab PreparerLeModele(const Contexte& contexte, Rapport& rapport, cons
   const ParametresMod parametres = ExigerParametres(rapport, mod, chemin);
   std::vector<ModaliteCodee> codage = LireCodage(mod.modalites);
   std::vector<QuestionCodee> questions = QuestionsDe(codage);
-  const std::vector<std::string> fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
-  for (const std::string& faute : fautes) rapport.Ligne(faute);
-  if (!fautes.empty()) Arreter(rapport, "*** Arrêt du programme dû aux erreurs mentionnées"_w);
+  FautesDuCodage fautes = FautesDeCodage(codage, questions, contexte.Nom(".MOD"));
+  rapport.Lignes(fautes.lignes);
+  if (!fautes.lignes.empty())
+    Arreter(rapport, "*** Arrêt du programme dû aux erreurs mentionnées"_w, std::move(fautes.premiere));
   TravailDAnatab travail(ConstruireModele(std::move(codage), std::move(questions)));
   travail.parametres = parametres;
   return travail;
@@ -113,10 +115,9 @@ void RefuserLesHomonymes(const Contexte& contexte, Rapport& rapport, const Model
     if (std::count_if(modele.questions.begin(), fin, meme) == 1) noms.push_back(nom);
   }
   if (noms.empty()) return;
-  AvertirEtArreter(
-      rapport, contexte.Ecran(),
-      Joindre({"*** Arrêt du programme : plusieurs questions portent le même nom, renommez leurs modalités ("_w,
-               Enumerer(noms), ")"}));
+  AvertirEtArreter(rapport, contexte.Ecran(),
+                   Joindre({kArretDuProgramme, "plusieurs questions portent le même nom, renommez leurs modalités ("_w,
+                            Enumerer(noms), ")"}));
 }
 
 void FormerLesGroupes(const Contexte& contexte, Rapport& rapport, const Chemin& codageLogique,

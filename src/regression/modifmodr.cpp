@@ -18,7 +18,7 @@ constexpr std::size_t kPlaceDuCode = kLargeurDeModalite;
 constexpr std::size_t kLargeurDuCode = kLargeurDeMarque;
 constexpr std::size_t kDebutIntitule = kPlaceDuCode + kLargeurDuCode;
 
-std::string_view QuestionDe(std::string_view texte) { return texte.substr(0, kLargeurQuestion); }
+std::string_view QuestionDe(std::string_view texte) { return texte.substr(0, kLargeurDeQuestion); }
 
 void PoserCode(std::string& texte, std::string_view code) { texte.replace(kPlaceDuCode, kLargeurDuCode, code); }
 

@@ -108,7 +108,7 @@ void Executer(const Contexte& contexte, const OptionsEcapem& options, Rapport& r
   rapport.Lignes(travail.parametres.remarques);
   for (const Modalite& modalite : mod.modalites) travail.modalites.push_back(NommerModalite(modalite));
   if (travail.parametres.largeur == 0)
-    Arreter(rapport, Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
+    Arreter(rapport, FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier));
   const std::int16_t burt = travail.parametres.burt;
   if (options.cliques) {
     EnregistrerCliques(travail);

@@ -1,7 +1,7 @@
 #include "utilities/edition.h"
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/session/generiquelibre.h"
 #include "core/texte/listes.h"
 #include "utilities/entrees/fichiers.h"

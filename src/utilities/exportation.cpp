@@ -1,7 +1,7 @@
 #include "utilities/exportation.h"
 
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/programme/libelles.h"
 #include "utilities/edition.h"
 #include "utilities/entrees/avancement.h"

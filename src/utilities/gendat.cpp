@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/chiffres/nombres.h"
+#include "core/enquete/colonnes.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
@@ -88,7 +89,7 @@ void ExigerPlaceDesDonnees(Rapport& rapport, const Contexte& contexte, const Tab
   std::size_t longueur = 2;
   for (const QuestionCreee& question : questions)
     longueur += question.codes.empty() ? 0 : question.codes.front().size();
-  constexpr double kOctetsAuPlus = 1e18;
+  constexpr double kOctetsAuPlus = 1e18;  // an exabyte: no disk has it, and 64 bits hold it
   const double octets = std::min(individus * static_cast<double>(longueur), kOctetsAuPlus);
   ExigerPlace(contexte, rapport, {0, static_cast<std::uint64_t>(octets)});
 }
@@ -164,7 +165,7 @@ std::array<std::string, 3> NomsDesQuestions(std::string_view titre) {
   for (std::string& nom : noms) {
     const std::size_t fin = std::min(titre.find('/'), titre.size());
     const std::string_view partie = Rogner(titre.substr(0, fin));
-    if (!partie.empty()) nom = CadreGauche(partie, 3);
+    if (!partie.empty()) nom = CadreGauche(partie, kLargeurDeQuestion);
     titre.remove_prefix(std::min(fin + 1, titre.size()));
   }
   return noms;

@@ -7,6 +7,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/trgfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/annonce.h"
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/session/generiquelibre.h"
@@ -32,7 +33,7 @@ struct TableauEntier {
 void ExigerNom(const TableauDuGenerique& tableau, const LigneDeTableau& ligne) {
   if (!FinitLesModalites(ligne.nom)) return;
   throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arret du programme : ", TexteDe(tableau.brt.filename()), ", ligne ", Nombre(ligne.rang),
+               Joindre({kArretDuProgrammeSansAccents, TexteDe(tableau.brt.filename()), ", ligne ", Nombre(ligne.rang),
                         ", le nom \"", ligne.nom,
                         "\" n'est pas possible : devenu un nom de colonne, il finirait leur liste. "
                         "Nommez la ligne sur ses 4 premiers caractères"_w}));
@@ -91,17 +92,13 @@ void EcrireBrt(Ecrivain& brt, const TableauDuGenerique& tableau, const TableauEn
 // The three percentages of a row of the inverted table, of the sum of its first three cells.
 PartsTrg Pourcentages(const Chemin& brt, const TableauEntier& entier, std::size_t colonnes, std::size_t j) {
   PartsTrg parts = {};
-  double somme = 0;
-  for (std::size_t i = 0; i < std::min(kSommetsTrg, entier.noms.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(kSommetsTrg, entier.noms.size()); ++i)
     parts[i] = ValeurDe(entier.cellules[i * colonnes + j]);
-    somme += parts[i];
-  }
   if (*std::min_element(parts.begin(), parts.end()) < 0)
     throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arret du programme : ", TexteDe(brt.filename()), ", colonne ", Nombre(j + 1),
+                 Joindre({kArretDuProgrammeSansAccents, TexteDe(brt.filename()), ", colonne ", Nombre(j + 1),
                           ", une cellule négative n'a pas de pourcentage : corrigez le tableau"_w}));
-  for (double& part : parts) part = somme == 0 ? 0 : 100 * part / somme;
-  return parts;
+  return PourcentagesTrg(parts);
 }
 
 // A point of the triangular graph for each column of the table.
@@ -118,7 +115,7 @@ std::vector<PointDeTriangle> PointsDe(const TableauDuGenerique& tableau, const T
     const PartsTrg parts = Pourcentages(tableau.brt, entier, tableau.colonnes.size(), j);
     if (colonne.intitule.find(kFinDeListe) != std::string::npos)
       throw Erreur(kIncompatibiliteType,
-                   Joindre({"*** Arret du programme : l'intitulé de la colonne "_w, colonne.nom,
+                   Joindre({kArretDuProgrammeSansAccents, "l'intitulé de la colonne "_w, colonne.nom,
                             " contient **, qui finirait la liste des points du graphique : changez-le"}));
     points.push_back({colonne.nom, parts, Rogner(colonne.intitule).empty() ? colonne.nom : colonne.intitule});
   }

@@ -291,5 +291,55 @@ TEST_F(MauvaisesEntrees, DesImports) {
   for (const Cas& cas : CasDesImports()) Essayer(cas);
 }
 
+// A stop that the report tells without a place has it on the screen: file, line, and the name that is wrong.
+TEST_F(MauvaisesEntrees, LesArretsDisentLeurLieu) {
+  const std::string sansFormat = "ENQ\r\n LIGN=2 COL=2 \r\nC1   Y un\r\nC2   R deux\r\n";
+  const Contenu table = Table(sansFormat, kTable);
+  const Contenu codage = {{"ENQ.MOD", sansFormat}, {"ENQ.CDG", "    10\r\n"}};
+  const std::string faj = "C1    500    500  250\r\n\r\n";
+  const std::string court = "Erreur : pas de FMT= (ENQ.MOD, ligne 2)";
+  const std::string avecLeFichier = "Erreur : pas de parametre FMT= dans le fichier ENQ.MOD (ENQ.MOD, ligne 2)";
+  const struct {
+    const char* programme;
+    LigneDOptions options;
+    Contenu entrees;
+    std::string panne;
+  } cas[] = {
+      {"graphe",
+       {},
+       {{"ENQ.MOD", kMod}, {"ENQ.FAJ", faj + "abc   500   -500  750\r\n"}},
+       "le nom \"abc\" n'est pas dans ENQ.MOD (ENQ.FAJ, ligne 3)"},
+      {"graphe", {}, {{"ENQ.MOD", kMod}}, ""},  // a missing file is no place
+      {"anatab",
+       {},
+       {{"ENQ.MOD",
+         "ENQ\r\n FMT=1\r\nAAA1 Y un\r\nAAA2   deux\r\nBBB1   un\r\nBBB2   deux\r\nCCC1 R un\r\nCCC2 R deux\r\n"},
+        {"ENQ.CDG", "    101010\r\n"}},
+       "la question BBB n'a pas de R ou de Y (ENQ.MOD, ligne 5)"},
+      {"anatab",
+       {},
+       {{"ENQ.MOD", "ENQ\r\n FMT=1\r\nAAA1 Y un\r\nAAA2   deux\r\nCCC1 R un\r\nCCC2 R deux\r\n"},
+        {"ENQ.CDG", "    1010\r\n"}},
+       "la question CCC a plus d'un R ou d'un Y (ENQ.MOD, ligne 5)"},
+      {"anatab", {}, codage, court},
+      {"reglin", {}, codage, court},
+      {"modifburt", {{"colonnes", "C1"}}, table, court},
+      {"profilmod", {{"modalites", "C1"}}, table, court},
+      {"gendat", {}, table, court},
+      {"anecar", {}, table, avecLeFichier},
+      {"ecapem", {}, table, avecLeFichier},
+  };
+  std::string panne;
+  dialogue_.afficher = [&](const Affichage& affichage) {
+    montre_ = affichage.texte;
+    panne = affichage.panne;
+  };
+  for (const auto& [programme, options, entrees, attendue] : cas) {
+    panne.clear();
+    Essayer({programme, programme, options, entrees, Fin::Arret, {}});
+    EXPECT_EQ(panne, attendue) << programme << "\n" << montre_;
+  }
+}
+
 }  // namespace
 }  // namespace quelvar

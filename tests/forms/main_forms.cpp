@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
   essai::FixerEnvironnement();
   testing::InitGoogleTest(&argc, argv);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  QApplication application(argc, argv);
+  quelvar::forms::Application application(argc, argv);
   quelvar::forms::PreparerApplication();
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() == 5 && arguments[1] == "--editeur") return TenirUnEditeur(arguments);

@@ -361,6 +361,11 @@ void VerifierTabulation(QWidget& fenetre) {
 
 }  // namespace
 
+const QWidget& ContenuDe(const QWidget& fenetre) {
+  const auto* zone = fenetre.findChild<QScrollArea*>("DefilementDeLaFenetre");
+  return zone == nullptr ? fenetre : *zone->widget();
+}
+
 void VerifierControles(QWidget& fenetre) {
   VerifierLettres(fenetre);
   VerifierNoms(fenetre);

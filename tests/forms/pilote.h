@@ -126,6 +126,9 @@ bool Coche(const QWidget& forme, const char* nom);
 QString Etiquette(const QWidget& forme, const char* nom);  // of a label, or of a text that the form only shows
 QString Champ(const QWidget& forme, const char* nom);
 
+// What the window holds, without the bars that a small screen gives it.
+const QWidget& ContenuDe(const QWidget& fenetre);
+
 // What holds for every window: one letter each and none lacking, a name in words for every control that a screen reader
 // meets, and a Tab key that goes through the window as it is read.
 void VerifierControles(QWidget& fenetre);

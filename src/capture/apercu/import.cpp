@@ -18,7 +18,8 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/sauvegarde.h"
-#include "core/programme/attention.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/session/generiquelibre.h"
 
 namespace quelvar::capture {
@@ -68,7 +69,7 @@ void ExigerPlace(const Contexte& contexte, const FichiersDImport& fichiers, cons
   const std::optional<Chemin> ancien = ChercherFichier(contexte.repertoire, nom);
   if (!ancien || EstLeMemeFichier(*ancien, *fichiers.source)) return;
   if (!PeutRemplacer(contexte, nom, boutons))
-    throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est gardé"_w}));
+    throw Erreur(kArgumentIncorrect, Joindre({kArretDuProgramme, "le fichier ", nom, " est gardé"_w}));
 }
 
 // The generic has been imported from that file, or from another one with the same columns: a run makes its files again.
@@ -93,7 +94,7 @@ void ExigerLeGenerique(const Contexte& contexte, const OptionsImport& options, c
   const bool occupe = fichiers.datPresent || contexte.Chercher(".CSV") || contexte.Chercher(".DES");
   if (!occupe || options.remplacer || EstRefaite(contexte, options, fichiers, source, table)) return;
   if (PeutEtreRemplace(contexte, contexte.generique)) return;
-  throw Erreur(kArgumentIncorrect, Joindre({"*** Arrêt du programme : le générique "_w, contexte.generique,
+  throw Erreur(kArgumentIncorrect, Joindre({kArretDuProgramme, "le générique "_w, contexte.generique,
                                             " existe déjà, ses fichiers sont gardés (remplacer=oui les remplace)"_w}));
 }
 
@@ -233,7 +234,8 @@ void ImporterTable(Rapport& rapport, const Contexte& contexte, const OptionsImpo
 
   if (plan.colonnes.empty() && plan.nombres.empty() && plan.longues.empty())
     throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arrêt du programme : aucune colonne ne donne de question, de nombre "
+                 Joindre({kArretDuProgramme,
+                          "aucune colonne ne donne de question, de nombre "
                           "ni de texte. Vérifiez la lecture ("_w,
                           DireLecture(source, table.lecture), "), ou dites ce que deviennent les colonnes."}));
   if (fichiers.pos) SauvegarderAncien(rapport, contexte.Nom(".POS"), *fichiers.pos, sorties->jeu);
@@ -272,7 +274,7 @@ void ImprimerApercu(Rapport& rapport, const Contexte& contexte, const OptionsImp
   ExigerFichiers(rapport, contexte.Ecran(), {{NomDeSource(contexte, options), fichier.has_value()}}, kArretAbsence);
   if (GenreDe(*fichier) == GenreDeSource::DBase)
     throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arrêt du programme : "_w, NomDeSource(contexte, options),
+                 Joindre({kArretDuProgramme, NomDeSource(contexte, options),
                           " est un fichier dBase, qui s'importe sans aperçu : ses champs deviennent des questions "
                           "(import GENERIQUE fichier="_w,
                           NomDeSource(contexte, options), ")"}));

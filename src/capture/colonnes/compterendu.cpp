@@ -5,7 +5,7 @@
 #include "capture/colonnes/tableau.h"
 #include "capture/compterendu/fichiers.h"
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/resultats/rangees.h"
 
 namespace quelvar::capture {

@@ -15,7 +15,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/texte/listes.h"
 
 namespace quelvar::capture {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::capture {
@@ -14,7 +15,6 @@ constexpr std::size_t kLettresDuNom = 5;
 constexpr unsigned char kPremierePermise = ' ';  // of the bytes of a name
 constexpr unsigned char kDernierePermise = 'z';
 constexpr std::size_t kMots = std::size_t{1} << 16;  // values of two bytes: the longest header, too
-constexpr std::size_t kMorceau = std::size_t{1} << 18;
 constexpr char kFinDesChamps = '\r';
 
 // Places in the header, from 0.

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "core/chiffres/nombres.h"
+#include "core/texte/caracteres.h"
 #include "core/texte/texte.h"
 
 namespace quelvar::capture {
@@ -18,16 +19,15 @@ bool EstImpropre(char c) { return c != ' ' && (c < '0' || c > '9'); }
 
 // Eight bytes at a time: digits and blanks are what most lines are made of.
 bool AvecImpropre(const char* ligne, std::size_t longueur) {
-  constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
+  constexpr std::uint64_t kAuDelaDeNeuf = HuitFois(SeuilDe(9));
+  constexpr std::uint64_t kAuDelaDeZero = HuitFois(SeuilDe(0));
   std::size_t i = 0;
   for (; i + 8 <= longueur; i += 8) {
     std::uint64_t mot = 0;
     std::memcpy(&mot, ligne + i, 8);
-    const std::uint64_t chiffre = mot ^ 0x3030303030303030ULL;  // zero to nine for a digit
-    const std::uint64_t blanc = mot ^ 0x2020202020202020ULL;    // 0 for a blank
-    const std::uint64_t sansChiffre = ((chiffre & kSansBitHaut) + 0x7676767676767676ULL) | chiffre;
-    const std::uint64_t sansBlanc = ((blanc & kSansBitHaut) + kSansBitHaut) | blanc;
-    if ((sansChiffre & sansBlanc & ~kSansBitHaut) != 0) return true;
+    const std::uint64_t chiffres = mot ^ HuitFois('0');  // zero to nine for a digit
+    const std::uint64_t blancs = mot ^ HuitFois(' ');    // 0 for a blank
+    if ((AuDela(chiffres, kAuDelaDeNeuf) & AuDela(blancs, kAuDelaDeZero)) != 0) return true;
   }
   return std::any_of(ligne + i, ligne + longueur, EstImpropre);
 }

@@ -25,7 +25,7 @@ class LigneDeTableur {
   LigneDeTableur(std::string_view ligne, char separateur, bool guillemets = true)
       : reste_(ligne),
         modele_(quatre::Modele(separateur)),
-        separateurs_(static_cast<std::uint64_t>(static_cast<unsigned char>(separateur)) * kUns),
+        separateurs_(HuitFois(static_cast<unsigned char>(separateur))),
         separateur_(separateur),
         avecGuillemets_(guillemets && ligne.find('"') != std::string_view::npos) {}
 
@@ -72,14 +72,12 @@ class LigneDeTableur {
       std::memcpy(&mot, reste_.data() + fin, 8);
       mot ^= separateurs_;
       // The lowest byte that is 0 is marked, whatever those above it show.
-      const std::uint64_t zeros = (mot - kUns) & ~mot & ~quatre::kSansBitHaut;
+      const std::uint64_t zeros = (mot - HuitFois(1)) & ~mot & kBitsHauts;
       if (zeros != 0) return fin + static_cast<std::size_t>(std::countr_zero(zeros)) / 8;
     }
     while (fin < reste_.size() && reste_[fin] != separateur_) ++fin;
     return fin;
   }
-
-  static constexpr std::uint64_t kUns = 0x0101010101010101ULL;  // one in every byte
 
   std::string_view reste_;
   std::uint64_t modele_;       // "0" and separator, four times

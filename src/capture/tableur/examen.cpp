@@ -8,6 +8,7 @@
 #include "capture/tableur/codes.h"
 #include "capture/tableur/lecteur.h"
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
@@ -169,9 +170,10 @@ struct ExamenDeTableur {
   void AssurerColonnes(std::size_t nombre) {
     if (nombre <= chiffres.size()) return;
     if (nombre > kColonnesAuPlus)
-      throw Erreur(kDepassementCapacite,
-                   Joindre({"*** Arret du programme : la ligne ", Nombre(faits.individus + 1), " du fichier a plus de ",
-                            Nombre(kColonnesAuPlus), " colonnes ; vérifiez le séparateur et les lignes vides"_w}));
+      throw Erreur(
+          kDepassementCapacite,
+          Joindre({kArretDuProgrammeSansAccents, "la ligne ", Nombre(faits.individus + 1), " du fichier a plus de ",
+                   Nombre(kColonnesAuPlus), " colonnes ; vérifiez le séparateur et les lignes vides"_w}));
     chiffres.resize(nombre);
     faits.colonnes.resize(nombre);
   }

@@ -4,12 +4,13 @@
 #include <bit>
 #include <cstdint>
 
+#include "core/texte/caracteres.h"
+
 namespace quelvar::capture::quatre {
 
 static_assert(std::endian::native == std::endian::little, "the first cell is the lowest byte");
 
 inline constexpr unsigned kCellules = 4;
-inline constexpr std::uint64_t kSansBitHaut = 0x7F7F7F7F7F7F7F7FULL;
 
 // The bytes of four cells "0", each with that separator behind it.
 constexpr std::uint64_t Modele(char separateur) {
@@ -21,10 +22,10 @@ constexpr std::uint64_t Modele(char separateur) {
 // The high bit of every byte that is neither a digit at an even place nor the separator at an odd one; 0 for four
 // cells.
 constexpr std::uint64_t Fautifs(std::uint64_t octets, std::uint64_t modele) {
-  // Zero to nine at even bytes and 0 at odd ones, for digits and separators; the sums then stay below 80 hex.
-  constexpr std::uint64_t kSeuils = 0x7F767F767F767F76ULL;
-  const std::uint64_t ecart = octets ^ modele;
-  return (((ecart & kSansBitHaut) + kSeuils) | ecart) & ~kSansBitHaut;
+  // Zero to nine at even bytes and 0 at odd ones, for digits and separators.
+  constexpr std::uint64_t kPlacesPaires = 0x00FF00FF00FF00FFULL;
+  constexpr std::uint64_t kSeuils = (HuitFois(SeuilDe(9)) & kPlacesPaires) | (HuitFois(SeuilDe(0)) & ~kPlacesPaires);
+  return AuDela(octets ^ modele, kSeuils);
 }
 
 }  // namespace quelvar::capture::quatre

@@ -4,25 +4,22 @@
 #include <array>
 #include <cmath>
 
+#include "core/texte/texte.h"
+
 namespace quelvar {
 
 namespace {
 
-constexpr std::array<Rvb, 16> kTons = {{{0, 0, 0},
+// In the order of Couleur.
+constexpr std::array<Rvb, 10> kTons = {{{0, 0, 0},
                                         {20, 40, 110},
-                                        {10, 90, 50},
-                                        {0, 100, 110},
                                         {140, 20, 30},
-                                        {110, 30, 110},
-                                        {130, 90, 10},
                                         {190, 190, 190},
                                         {120, 120, 120},
                                         {31, 90, 180},
                                         {30, 140, 70},
-                                        {0, 150, 170},
                                         {200, 40, 45},
                                         {170, 50, 150},
-                                        {225, 165, 0},
                                         {255, 255, 255}}};
 
 // Widths of Helvetica in thousandths of the size, characters 32 to 126.
@@ -38,11 +35,17 @@ constexpr double kLargeurGras = 1.07;  // a bold text over a plain one, on avera
 constexpr double kMontee = 0.73;    // capitals and ascenders
 constexpr double kDescente = 0.21;  // descenders
 
-// The plain letter under an accent, for its width; other characters of the upper half take that of a digit.
-char SansAccent(unsigned char c) {
-  static constexpr std::string_view kLettres = "AAAAAAMCEEEEIIIIDNOOOOO0OUUUUYPsaaaaaamceeeeiiiidnooooo0ouuuuypy";
-  constexpr unsigned kPremiere = 192;  // the code of the first of them
-  return c >= kPremiere ? kLettres[c - kPremiere] : '0';
+constexpr unsigned kPremierMesure = ' ';
+
+// The character whose width another one takes: the letter under an accent, the nearest letter of a ligature or of a
+// foreign sound, a digit for any other one that the table of widths has not.
+unsigned char MesureDe(char signe) {
+  const auto c = static_cast<unsigned char>(SansAccent(signe));
+  if (c < kPremierMesure + kLargeurs.size()) return c;
+  static constexpr std::string_view kAutres = "ÆÐØÞßæðøþ"_w;
+  static constexpr std::string_view kProches = "MDOPsmdop";
+  const std::size_t rang = kAutres.find(signe);
+  return static_cast<unsigned char>(rang == std::string_view::npos ? '0' : kProches[rang]);
 }
 
 double DistanceAuSegment(Position p, Position a, Position b) {
@@ -170,12 +173,10 @@ std::optional<std::int32_t> Dessin::ElementSous(Position page, double tolerance)
 }
 
 double LargeurTexte(std::string_view texte, double corps, bool gras) {
-  constexpr unsigned kPremiere = ' ';
   unsigned milliemes = 0;
   for (const char signe : texte) {
-    const auto c = static_cast<unsigned char>(signe);
-    const auto lettre = static_cast<unsigned char>(c < kPremiere + kLargeurs.size() ? signe : SansAccent(c));
-    milliemes += lettre < kPremiere ? 0U : kLargeurs[lettre - kPremiere];
+    const unsigned char mesure = MesureDe(signe);
+    milliemes += mesure < kPremierMesure ? 0U : kLargeurs[mesure - kPremierMesure];
   }
   return milliemes * corps / 1000 * (gras ? kLargeurGras : 1);
 }

@@ -12,25 +12,8 @@
 
 namespace quelvar {
 
-// The sixteen colours by number. The tones are those of print: every colour but the last is legible on white.
-enum class Couleur : std::uint8_t {
-  Noir = 0,
-  BleuFonce = 1,
-  VertFonce = 2,
-  CyanFonce = 3,
-  RougeFonce = 4,
-  MagentaFonce = 5,
-  Brun = 6,
-  GrisClair = 7,
-  Gris = 8,
-  Bleu = 9,
-  Vert = 10,
-  Cyan = 11,
-  Rouge = 12,
-  Magenta = 13,
-  Jaune = 14,
-  Blanc = 15
-};
+// The tones are those of print: every colour but the last is legible on white.
+enum class Couleur : std::uint8_t { Noir, BleuFonce, RougeFonce, GrisClair, Gris, Bleu, Vert, Rouge, Magenta, Blanc };
 
 struct Rvb {
   std::uint8_t rouge, vert, bleu;

@@ -14,6 +14,8 @@ namespace quelvar {
 
 namespace {
 
+constexpr std::int64_t kLigneDesParametres = 2;  // of a .MOD
+
 enum class Parametre { Lignes, Colonnes, LignesSup, ColonnesSup, Largeur, Burt, Mod, De, Cdg };
 
 // The order matters: the first code that occurs anywhere in the key wins.
@@ -110,11 +112,17 @@ ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod) {
     parametres.remarques.emplace_back("Arret : manque signe = dans ligne 2 de *.MOD");
     return parametres;
   }
-  Situer([&] { return Lieu{.fichier = std::string(nomMod), .ligne = 2}; },
+  Situer([&] { return Lieu{.fichier = std::string(nomMod), .ligne = kLigneDesParametres}; },
          [&] {
            for (const Paire& paire : *paires) Retenir(paire, parametres);
          });
   return parametres;
+}
+
+FauteSituee FauteDeFormat(std::string_view nomMod, MotsDuFormat mots) {
+  return {mots == MotsDuFormat::AvecLeFichier ? Joindre({"Erreur : pas de parametre FMT= dans le fichier ", nomMod})
+                                              : std::string("Erreur : pas de FMT="),
+          {std::string(nomMod), kLigneDesParametres}};
 }
 
 }  // namespace quelvar

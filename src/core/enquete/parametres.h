@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/chiffres/nombres.h"
+#include "core/panne/erreur.h"
 
 namespace quelvar {
 
@@ -49,5 +50,10 @@ inline std::string LigneDeParametres(std::initializer_list<CleDeParametre> cles)
 // manque signe = dans ligne 2 de *.MOD". Raises kDepassementCapacite for a value beyond its type, at line 2 of that
 // file.
 ParametresMod LireParametres(std::string_view ligne, std::string_view nomMod);
+
+// What is wrong with a .MOD that does not tell the width of the cells, in the words of one report or of another:
+// "Erreur : pas de FMT=" or "Erreur : pas de parametre FMT= dans le fichier ENQ.MOD". Its place is the parameter line.
+enum class MotsDuFormat { SansLeFichier, AvecLeFichier };
+FauteSituee FauteDeFormat(std::string_view nomMod, MotsDuFormat mots);
 
 }  // namespace quelvar

@@ -39,6 +39,13 @@ inline constexpr int kLargeurNomTrg = 4;
 inline constexpr int kLargeurPartTrg = 5;
 using PartsTrg = std::array<double, kSommetsTrg>;
 
+// The shares of three counts in percent of their sum; zeros without any count.
+inline PartsTrg PourcentagesTrg(PartsTrg effectifs) {
+  const double somme = effectifs[0] + effectifs[1] + effectifs[2];
+  for (double& part : effectifs) part = somme == 0 ? 0 : 100 * part / somme;
+  return effectifs;
+}
+
 inline std::string LigneDePointTrg(std::string_view nom, const PartsTrg& parts, std::string_view intitule) {
   constexpr int kDecimales = 1;
   std::string ligne = CadreGauche(nom, kLargeurNomTrg);

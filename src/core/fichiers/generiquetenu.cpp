@@ -204,7 +204,7 @@ GeneriqueTenu::GeneriqueTenu(const Chemin& repertoire, std::string_view generiqu
 
 GeneriqueTenu::~GeneriqueTenu() {
   if (descripteur_ < 0) return;
-  ::unlink(verrou_.c_str());
+  appels::Effacer(verrou_.c_str());
   RayerProvisoire(inscription_);
   ::close(descripteur_);
 }

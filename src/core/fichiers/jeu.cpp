@@ -143,7 +143,7 @@ void JeuDeFichiers::Defaire(std::size_t rang) {
       return appels::Exiger(appels::RenommerSansRemplacer(de.c_str(), (nouveau ? e.provisoire : e.cible).c_str()));
     }
     case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()));
-    case GenreDEntree::Allonge: return appels::Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+    case GenreDEntree::Allonge: return appels::Exiger(appels::Raccourcir(e.cible.c_str(), e.ancienne));
   }
 }
 
@@ -192,6 +192,14 @@ void JeuDeFichiers::Valider() {
     appels::Exiger(appels::Effacer(CheminDeReleve(repertoire_, generique_).c_str()));
   } catch (const Erreur&) {  // the next program of the generic removes what is left
   }
+}
+
+void EffacerEnsemble(const Chemin& repertoire, std::string_view generique, const std::vector<std::string>& noms) {
+  const auto present = [&](const std::string& nom) { return ChercherFichier(repertoire, nom).has_value(); };
+  if (std::none_of(noms.begin(), noms.end(), present)) return;
+  JeuDeFichiers jeu(repertoire, generique);
+  for (const std::string& nom : noms) jeu.Effacer(nom);
+  jeu.Valider();
 }
 
 }  // namespace quelvar

@@ -67,4 +67,7 @@ class JeuDeFichiers {
   std::vector<EntreeDeReleve> entrees_;
 };
 
+// Deletes those of these files that are there, as one: all of them are gone, or all are there. Raises as Valider does.
+void EffacerEnsemble(const Chemin& repertoire, std::string_view generique, const std::vector<std::string>& noms);
+
 }  // namespace quelvar

@@ -70,7 +70,7 @@ std::string_view ProcessusDuProvisoire(std::string_view nom) {
 void EffacerSiAbandonne(const Chemin& chemin) {
   const int descripteur = ::open(chemin.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
   if (descripteur < 0) return;
-  if (::flock(descripteur, LOCK_EX | LOCK_NB) == 0) ::unlink(chemin.c_str());
+  if (::flock(descripteur, LOCK_EX | LOCK_NB) == 0) appels::Effacer(chemin.c_str());
   ::close(descripteur);
 }
 
@@ -110,7 +110,7 @@ Provisoire::Provisoire(const Chemin& cible, Nature nature)
 }
 
 Provisoire::~Provisoire() {
-  if (!chemin_.empty()) ::unlink(chemin_.c_str());
+  if (!chemin_.empty()) appels::Effacer(chemin_.c_str());
   RayerProvisoire(inscription_);
   ::close(descripteur_);
 }

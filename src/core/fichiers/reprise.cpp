@@ -1,7 +1,5 @@
 #include "core/fichiers/reprise.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 
@@ -9,6 +7,7 @@
 #include "core/fichiers/signaux.h"
 #include "core/fichiers/systeme/appels.h"
 #include "core/fichiers/systeme/marque.h"
+#include "core/panne/attention.h"
 #include "core/panne/erreur.h"
 #include "core/texte/texte.h"
 
@@ -49,8 +48,7 @@ bool EstAllonge(const EntreeDeReleve& e) {
 void Raccourcir(const EntreeDeReleve& e) {
   if (!Present(e.cible)) return;
   const std::uintmax_t longueur = LongueurFichier(e.cible);
-  if (longueur > e.ancienne && longueur <= e.taille)
-    appels::Exiger(::truncate(e.cible.c_str(), static_cast<off_t>(e.ancienne)));
+  if (longueur > e.ancienne && longueur <= e.taille) appels::Exiger(appels::Raccourcir(e.cible.c_str(), e.ancienne));
 }
 
 Avance Examiner(const EntreeDeReleve& e, bool memeAmorce) {
@@ -125,7 +123,7 @@ std::string Noms(const std::vector<EntreeDeReleve>& entrees, GenreDEntree genre,
 }
 
 void Raconter(std::vector<std::string>& recit, const std::vector<EntreeDeReleve>& entrees, bool finie) {
-  recit.emplace_back("*** Attention : l'écriture de plusieurs fichiers avait été interrompue"_w);
+  recit.push_back(Joindre({kAttention, "l'écriture de plusieurs fichiers avait été interrompue"_w}));
   const std::string ecrits = Noms(entrees, GenreDEntree::Efface, true);
   const std::string effaces = Noms(entrees, GenreDEntree::Efface, false);
   recit.push_back(Joindre({finie ? "    elle a été achevée, ces fichiers sont les nouveaux :"_w

@@ -14,7 +14,7 @@ FichierDeTravail::FichierDeTravail(const Chemin& chemin) : voisin_(chemin) {
   const Chemin nom = NomProvisoire(chemin);
   descripteur_ = appels::Creer(nom.c_str());
   if (descripteur_ < 0) LeverErrnoDeCreation(chemin, errno);
-  ::unlink(nom.c_str());
+  appels::Effacer(nom.c_str());
 }
 
 FichierDeTravail::~FichierDeTravail() { ::close(descripteur_); }

@@ -54,6 +54,7 @@ std::string TexteDuLieu(const Erreur& erreur) {
 
 std::string TexteErreur(const Erreur& erreur) {
   std::string texte(erreur.Phrase().empty() ? TexteErreur(erreur.Numero()) : std::string_view(erreur.Phrase()));
+  if (texte.empty()) texte = erreur.annonce_;
   if (const std::string lieu = TexteDuLieu(erreur); !lieu.empty()) texte += Joindre({" (", lieu, ")"});
   return texte;
 }

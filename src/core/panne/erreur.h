@@ -51,12 +51,21 @@ struct Lieu {
   int colonne = 0;         // from 1; 0 when it is not known
 };
 
+// What is wrong in the data, in the code page, and where; a place that nobody knows is empty.
+struct FauteSituee {
+  std::string phrase;
+  Lieu lieu{};
+};
+
 class Erreur : public std::exception {
  public:
   explicit Erreur(int numero) : numero_(numero) {}
   // A failure that has a sentence of its own, in the code page: it stands in place of the words of the number.
   Erreur(int numero, std::string phrase) : numero_(numero), phrase_(std::move(phrase)) {}
   Erreur(int numero, RepereQuestion question) : numero_(numero), question_(std::move(question)) {}
+  // The stop (kArretAnnonce) for a fault that the report has told in its own words: the screen tells it with its place.
+  explicit Erreur(FauteSituee annoncee)
+      : numero_(kArretAnnonce), annonce_(std::move(annoncee.phrase)), lieu_(std::move(annoncee.lieu)) {}
 
   int Numero() const { return numero_; }
   // Empty when the words of the number say all.
@@ -67,7 +76,8 @@ class Erreur : public std::exception {
   const Lieu& Ou() const { return lieu_; }
   const char* what() const noexcept override { return "quelvar::Erreur"; }
 
-  // Adds what is not known yet of the place; kArretAnnonce stays without one, what it stops for is told already.
+  // Adds what is not known yet of the place; kArretAnnonce has no place but the one that it was made with: where it is
+  // raised is seldom where the fault is.
   Erreur& Situer(const Lieu& lieu);
   // Makes it a fault of ours, with what the library says of it.
   Erreur& Imputer(std::string_view propos);
@@ -76,16 +86,19 @@ class Erreur : public std::exception {
   int numero_;
   std::string phrase_;
   std::optional<RepereQuestion> question_;
+  std::string annonce_;  // of kArretAnnonce: for the screen only
   Lieu lieu_;
   bool fauteDuProgramme_ = false;  // which nobody can mend in the files
   std::string propos_;             // what the library says of that fault
 
   friend std::string TexteDuLieu(const Erreur& erreur);
+  friend std::string TexteErreur(const Erreur& erreur);
 };
 
 // "ENQ.DAT, ligne 12, colonne 5", or that the fault is ours; empty when nothing of it is known.
 std::string TexteDuLieu(const Erreur& erreur);
-// The sentence of the failure, or the words of its number, and its place behind them.
+// The sentence of the failure, or the words of its number, and its place behind them. What is known of an announced
+// stop is in the words of the fault that it was made with.
 std::string TexteErreur(const Erreur& erreur);
 
 // Does the work and returns what it returns; a failure of it gets the place (a Lieu) that `ou` tells.

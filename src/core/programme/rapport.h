@@ -29,6 +29,8 @@ inline std::string EntierDroit(int valeur, int largeur) {
 // and the point. The integer part is never cut. Raises kArgumentIncorrect or kDepassementCapacite for a value that is
 // not finite.
 std::string NombreFixe(double valeur, int largeurEntiere, int decimales);
+// An integer part of that width takes any number: fifteen digits and a sign, beyond which an exponent shortens it.
+inline constexpr int kEntiersDeToutNombre = 16;
 
 // A report under construction: it lies under a scratch name, and the former report stays whole until Valider; or it
 // stays in memory. Raises the failures of writing.

@@ -59,8 +59,7 @@ void ColonneDeNombres::Ajouter(std::string& ligne, double valeur) const {
 }
 
 void ColonneDeNombres::Voir(double valeur) {
-  constexpr int kDeReste = 40;
-  const std::string texte = Fixe(valeur, kDeReste, decimales_);
+  const std::string texte = Fixe(valeur, kEntiersDeToutNombre, decimales_);
   const auto fraction = static_cast<std::size_t>(decimales_ == 0 ? 0 : decimales_ + 1);
   const std::size_t blancs = std::min(texte.find_first_not_of(' '), texte.size());
   const int necessaires = static_cast<int>(texte.size() - fraction - blancs) + (voisin_ == Voisin::Nombre ? 1 : 0);

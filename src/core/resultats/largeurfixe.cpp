@@ -29,8 +29,7 @@ bool AUnIntitule(const TableauEdite& tableau, BlocDeColonnes bloc) {
 }  // namespace
 
 int LargeurDuNombre(double valeur, int decimales, int minimum) {
-  constexpr int kAssezLarge = 30;
-  const std::string texte = NombreFixe(valeur, kAssezLarge, decimales);
+  const std::string texte = NombreFixe(valeur, kEntiersDeToutNombre, decimales);
   return std::max(minimum, static_cast<int>(Rogner(texte).size()) + 1);
 }
 

@@ -6,8 +6,7 @@ namespace quelvar {
 
 std::string TexteDeCellule(const Cellule& cellule) {
   if (!cellule.valeur) return {};
-  constexpr int kAssezLarge = 20;
-  return std::string(Rogner(NombreFixe(*cellule.valeur, kAssezLarge, cellule.decimales)));
+  return std::string(Rogner(NombreFixe(*cellule.valeur, kEntiersDeToutNombre, cellule.decimales)));
 }
 
 }  // namespace quelvar

@@ -29,6 +29,16 @@ inline std::string Blancs(std::size_t nombre) { return std::string(nombre, ' ');
 // may be of hundreds of megabytes.
 inline constexpr std::uint64_t kBitsHauts = 0x8080808080808080;
 
+// One byte eight times.
+constexpr std::uint64_t HuitFois(unsigned char octet) { return octet * (~std::uint64_t{0} / 0xFF); }
+
+// The high bit of each of eight bytes that is above its limit, which `seuils` tells as 7F hex less the limit; the sums
+// stay within their bytes.
+constexpr std::uint64_t AuDela(std::uint64_t octets, std::uint64_t seuils) {
+  return (((octets & ~kBitsHauts) + seuils) | octets) & kBitsHauts;
+}
+constexpr unsigned char SeuilDe(unsigned char limite) { return static_cast<unsigned char>(0x7F - limite); }
+
 // Whether no byte is above 7F hex.
 inline bool EstAscii(std::string_view octets) {
   std::uint64_t reunis = 0;

@@ -40,6 +40,18 @@ constexpr TableDOctets ConstruireMinuscules() {
 
 constexpr TableDOctets kMinuscules = ConstruireMinuscules();
 
+constexpr TableDOctets ConstruireSansAccent() {
+  constexpr std::string_view kAccentuees = "ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÑÒÓÔÕÖÙÚÛÜÝàáâãäåçèéêëìíîïñòóôõöùúûüýÿ"_w;
+  constexpr std::string_view kNues = "AAAAAACEEEEIIIINOOOOOUUUUYaaaaaaceeeeiiiinooooouuuuyy";
+  static_assert(kAccentuees.size() == kNues.size());
+  TableDOctets table{};
+  for (unsigned i = 0; i < table.size(); ++i) table[i] = static_cast<char>(i);
+  for (std::size_t i = 0; i < kNues.size(); ++i) table[static_cast<unsigned char>(kAccentuees[i])] = kNues[i];
+  return table;
+}
+
+constexpr TableDOctets kSansAccent = ConstruireSansAccent();
+
 }  // namespace
 
 std::string Joindre(std::initializer_list<Texte> morceaux) {
@@ -62,6 +74,7 @@ std::string_view Rogner(std::string_view texte) { return RognerGauche(RognerDroi
 
 char Majuscule(char c) { return kMajuscules[static_cast<unsigned char>(c)]; }
 char Minuscule(char c) { return kMinuscules[static_cast<unsigned char>(c)]; }
+char SansAccent(char c) { return kSansAccent[static_cast<unsigned char>(c)]; }
 
 std::string Majuscules(std::string_view texte) {
   std::string resultat(texte);

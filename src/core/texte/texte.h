@@ -124,6 +124,8 @@ std::string_view RognerDroite(std::string_view texte);
 // Upper and lower case, accented letters of the code page included.
 char Majuscule(char c);
 char Minuscule(char c);
+// The letter under an accent, À to ÿ in their order, in its case; any other character as it is.
+char SansAccent(char c);
 std::string Majuscules(std::string_view texte);
 std::string Minuscules(std::string_view texte);
 bool EgalSansCasse(std::string_view a, std::string_view b);

@@ -15,8 +15,8 @@ namespace quelvar::crosstab {
 
 namespace {
 
-constexpr std::size_t kQuestionsMaximum = 300;
-constexpr int kPlafondInitial = 20;
+constexpr std::size_t kQuestionsACroiser = 300;  // the pairs of them are 44850 tables
+constexpr int kPlafondInitial = 20;              // tables of larger codes slow the crossing, as the user is told
 
 bool AccepterCodeMax(const Dialogue& ecran, const Question& question, int plafond) {
   const std::string texte =
@@ -40,8 +40,8 @@ int PlafondApres(Rapport& rapport, const Contexte& contexte, const Question& que
 int ConvenirDuPlafond(Rapport& rapport, const Contexte& contexte, const std::vector<Question>& questions) {
   int plafond = kPlafondInitial;
   for (std::size_t i = 0; i < questions.size(); ++i) {
-    if (i == kQuestionsMaximum) {
-      ImprimerTropDeQuestions(rapport, kQuestionsMaximum);
+    if (i == kQuestionsACroiser) {
+      ImprimerTropDeQuestions(rapport, kQuestionsACroiser);
       throw Erreur(kArretAnnonce);
     }
     if (questions[i].codeMax > plafond) plafond = PlafondApres(rapport, contexte, questions[i], plafond);

@@ -11,6 +11,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/modfile.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 #include "core/resultats/fichiers.h"
 #include "factor/analyse/facteurs.h"
@@ -53,7 +54,7 @@ void ExigerTable(Rapport& rapport, const Contexte& contexte) {
 }
 
 ParametresMod Preparer(Rapport& rapport, const Contexte& contexte) {
-  if (const std::optional<Chemin> reste = contexte.Chercher(".FA2")) EffacerFichier(*reste);
+  EffacerEnsemble(contexte.repertoire, contexte.generique, {contexte.Nom(".FA2")});
   ExigerTable(rapport, contexte);
   ImprimerBandeau(rapport, "Calcul des facteurs");
   rapport.Ligne({"Le nom du fichier des noms de modalites est ", contexte.Nom(".MOD")});
@@ -114,21 +115,23 @@ Declaration DeclarerTableau(const Contexte& contexte, const ParametresMod& param
   return declaration;
 }
 
-// Why the declared table can't be analysed; empty when it can.
-std::string RefusDuTableau(const Contexte& contexte, const PlanAnecar& plan, const OptionsAnecar& options) {
+// Why the declared table can't be analysed; nothing when it can.
+std::optional<FauteSituee> RefusDuTableau(const Contexte& contexte, const PlanAnecar& plan,
+                                          const OptionsAnecar& options) {
+  const auto arret = [](Texte phrase) { return FauteSituee{Joindre({kArretDuProgrammeSansAccents, phrase})}; };
   const bool sansIndividus = plan.genre == GenreTableau::BurtCarre;
   if (sansIndividus && options.codageLogique)
-    return Joindre(
-        {"*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
-         "modalités avec les individus pour analyser leur codage logique"_w});
+    return arret(
+        "le tableau de Burt n'a pas les lignes des individus, relancez la création des modalités avec les individus "
+        "pour analyser leur codage logique"_w);
   if (sansIndividus && options.classification && options.classification->individus)
-    return Joindre(
-        {"*** Arret du programme : le tableau de Burt n'a pas les lignes des individus, relancez la création des "
-         "modalités avec les individus pour les classer"_w});
-  if (plan.lignesActives <= 0) return "*** Arret du programme : le tableau n'a pas de ligne active";
-  if (plan.colonnes.actifs == 0) return "*** Arret du programme : le tableau n'a pas de colonne active";
-  if (plan.largeur < 1) return Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")});
-  return {};
+    return arret(
+        "le tableau de Burt n'a pas les lignes des individus, relancez la création des modalités avec les individus "
+        "pour les classer"_w);
+  if (plan.lignesActives <= 0) return arret("le tableau n'a pas de ligne active");
+  if (plan.colonnes.actifs == 0) return arret("le tableau n'a pas de colonne active");
+  if (plan.largeur < 1) return FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier);
+  return std::nullopt;
 }
 
 std::string NomDuRapport(const Contexte& contexte, TypeAnalyse type) {
@@ -209,7 +212,7 @@ void ExtraireEtImprimer(Rapport& rapport, Moteur& moteur) {
   const Contexte& contexte = moteur.contexte;
   moteur.tableau = LireTableau(contexte.Exiger(".BRT"), moteur.plan, CheminDEcriture(contexte.repertoire, kTravail));
   if (EffectifTotal(moteur.tableau.actives) == 0)
-    AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme : le total du tableau est nul");
+    AvertirEtArreter(rapport, contexte.Ecran(), Joindre({kArretDuProgrammeSansAccents, "le total du tableau est nul"}));
   moteur.analyse = CommencerAnalyse(moteur.tableau, moteur.options.type);
   ImprimerTitre(rapport, moteur.analyse);
   const int facteurs = NombreDeFacteurs(moteur.options, moteur.plan);
@@ -249,8 +252,8 @@ SuiteWard Extraire(Rapport& rapport, const Contexte& contexte, const ParametresM
   if (options.imprimerLignes) seuils.lignes = reglages.seuilLignes;
   if (reglages.edition == EditionAnecar::Triee) seuils.colonnes = reglages.seuilColonnes;
   ImprimerDimensions(rapport, moteur.plan, seuils);
-  if (const std::string refus = RefusDuTableau(contexte, moteur.plan, options); !refus.empty())
-    AvertirEtArreter(rapport, contexte.Ecran(), refus);
+  if (std::optional<FauteSituee> refus = RefusDuTableau(contexte, moteur.plan, options))
+    AvertirEtArreter(rapport, contexte.Ecran(), *std::move(refus));
   if (moteur.plan.genre == GenreTableau::Rectangulaire && !options.codageLogique)
     ExigerFormeDuMod(contexte.Exiger(".BRT"), LireMod(contexte.Exiger(".MOD")), parametres);
   ExtraireEtImprimer(rapport, moteur);
@@ -272,7 +275,8 @@ void Analyser(Rapport& rapport, const Contexte& contexte, const ParametresMod& p
   const SuiteWard suite = Extraire(rapport, contexte, parametres, options, sorties);
   if (options.classification) {
     if (suite.facteurs == 0)
-      AvertirEtArreter(rapport, contexte.Ecran(), "*** Arret du programme : pas de facteur pour la classification");
+      AvertirEtArreter(rapport, contexte.Ecran(),
+                       Joindre({kArretDuProgrammeSansAccents, "pas de facteur pour la classification"}));
     const Chemin& points = sorties.Achever(contexte.Nom(options.classification->individus ? ".FI2" : ".FJ2"));
     ClasserWard(contexte, rapport, points, suite.facteurs, *options.classification, suite.derniers, sorties);
   }

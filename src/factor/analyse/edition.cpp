@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "core/chiffres/nombres.h"
+#include "core/panne/attention.h"
 #include "core/panne/erreur.h"
-#include "core/programme/attention.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
 #include "core/resultats/tete.h"

@@ -127,16 +127,16 @@ std::size_t LigneTemoin(const Matrice& d) {
 }
 
 std::int64_t ToursAuPlus(const Matrice& d) {
-  constexpr std::int64_t kCellules = 200'000'000'000;  // looked at in all rounds: some minutes
-  constexpr std::int64_t kToursAuMoins = 50'000;
-  constexpr std::int64_t kToursToujoursAssez = 1'000'000;
+  constexpr std::int64_t kCellules = 200'000'000'000;      // looked at in all rounds: some minutes
+  constexpr std::int64_t kToursAuMoins = 50'000;           // part eigenvalues that differ by three in ten thousand
+  constexpr std::int64_t kToursToujoursAssez = 1'000'000;  // and by two in a hundred thousand
   const auto cellules = static_cast<std::int64_t>(std::max<std::size_t>(d.Valeurs().size(), 1));
   return std::clamp<std::int64_t>(kCellules / cellules, kToursAuMoins, kToursToujoursAssez);
 }
 
 VecteursSinguliers Iterer(const Matrice& d, const Ecarts& ecarts, std::int64_t toursAuPlus,
                           const std::function<void(std::int64_t)>& suivre) {
-  constexpr double kEchelle = 1'000'000;
+  constexpr double kEchelle = 1'000'000;  // the iteration ends where the witness changes by less than a millionth
   VecteursSinguliers v;
   v.lignes.assign(d.Lignes(), 1);
   v.colonnes.assign(d.Colonnes(), 0);

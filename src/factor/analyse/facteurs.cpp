@@ -134,8 +134,8 @@ ListeTriee TrierElements(const ElementsAnecar& elements, CoteFacteur cote, doubl
 std::int16_t CpfMoyen(std::size_t actifs) { return Entier16(kMilliemesParUnite / static_cast<double>(actifs)); }
 
 double EchelleDesCoordonnees(const AnalyseAnecar& analyse) {
-  constexpr double kTroisChiffres = 100;
-  constexpr double kPlusGrande = 1e15;
+  constexpr double kTroisChiffres = 100;  // of the largest coordinate
+  constexpr double kPlusGrande = 1e15;    // coordinates that need more are the rounding of doubles
   double maximum = 0;
   for (const FacteurAnecar& facteur : analyse.facteurs)
     for (const CoteFacteur* cote : {&facteur.lignes, &facteur.colonnes})

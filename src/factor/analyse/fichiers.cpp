@@ -63,7 +63,14 @@ std::string_view DerniereAnalyse(const Contexte& contexte) {
   const std::optional<Chemin> afc = contexte.Chercher(".AFC");
   const std::optional<Chemin> acp = contexte.Chercher(".ACP");
   if (!acp) return ".AFC";
-  return !afc || std::filesystem::last_write_time(*acp) > std::filesystem::last_write_time(*afc) ? ".ACP" : ".AFC";
+  if (!afc) return ".ACP";
+  std::error_code sansAcp;
+  std::error_code sansAfc;
+  const auto dateAcp = std::filesystem::last_write_time(*acp, sansAcp);
+  const auto dateAfc = std::filesystem::last_write_time(*afc, sansAfc);
+  // A report that has gone since it was found is no analysis.
+  if (sansAcp || sansAfc) return sansAcp ? ".AFC" : ".ACP";
+  return dateAcp > dateAfc ? ".ACP" : ".AFC";
 }
 
 std::vector<double> LireValeursPropres(const Chemin& rapport) {

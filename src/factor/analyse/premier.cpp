@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "core/calcul/hachage.h"
 #include "core/chiffres/nombres.h"
 #include "factor/analyse/produits.h"
 
@@ -14,14 +15,14 @@ namespace {
 
 using Vecteur = std::vector<double>;
 
-constexpr std::size_t kBaseMaximale = 48;  // directions kept at once
-constexpr std::size_t kBaseReprise = 12;   // those that a restart keeps
-constexpr std::size_t kBaseMinimale = 8;   // directions before the check may end
-constexpr std::size_t kProduitsMaximum = 3000;
-constexpr double kPrecision = 1e-9;  // of an eigenvalue, relative
-constexpr double kVoisinage = 1e-6;  // residual of a second eigenvalue that is known well enough
-constexpr double kEcart = 1e-8;      // an eigenvalue larger by that part is another one
-constexpr double kBruit = 1e-12;     // part of the inertia below which there is only rounding
+constexpr std::size_t kBaseMaximale = 48;       // directions kept at once
+constexpr std::size_t kBaseReprise = 12;        // those that a restart keeps
+constexpr std::size_t kBaseMinimale = 8;        // directions before the check may end
+constexpr std::size_t kProduitsMaximum = 3000;  // with the table: far fewer than the iteration that is checked may take
+constexpr double kPrecision = 1e-9;             // of an eigenvalue, relative
+constexpr double kVoisinage = 1e-6;             // residual of a second eigenvalue that is known well enough
+constexpr double kEcart = 1e-8;                 // an eigenvalue larger by that part is another one
+constexpr double kBruit = 1e-12;                // part of the inertia below which there is only rounding
 
 double Produit(const Vecteur& x, const Vecteur& y) { return std::inner_product(x.begin(), x.end(), y.begin(), 0.0); }
 
@@ -171,7 +172,7 @@ Vecteur DirectionQuelconque(std::size_t taille) {
   constexpr int kBitsDeMantisse = 53;
   constexpr double kPasParUnite = 9007199254740992.0;  // 2^53
   Vecteur v(taille);
-  std::uint64_t etat = 0x9E3779B97F4A7C15ULL;  // any start: 2^64 by the golden ratio
+  std::uint64_t etat = kNombreDOr;  // any start
   for (double& x : v) {
     etat = etat * kMultiplicateur + kIncrement;
     x = static_cast<double>(etat >> (64 - kBitsDeMantisse)) / kPasParUnite - 0.5;
@@ -250,7 +251,7 @@ ValeursEtVecteurs Ranger(const Matrice& m, const Matrice& v) {
 }  // namespace
 
 ValeursEtVecteurs DiagonaliserSymetrique(Matrice m) {
-  constexpr int kToursMaximum = 60;
+  constexpr int kToursMaximum = 60;       // some ten do, each squaring what is left; more only end a loop
   constexpr double kNegligeable = 1e-32;  // of squares: the relative rounding of a double, squared
   const std::size_t n = m.Lignes();
   Matrice v(n, n);

@@ -50,7 +50,7 @@ Rangee RangeeTriee(const ElementsAnecar& elements, const CoteFacteur& cote, std:
   rangee.cellules.push_back(CelluleEntiere(position + 1));
   rangee.cellules.push_back(CelluleTexte(elements.noms[position]));
   rangee.cellules.push_back(CelluleEntiere(cote.coordonnees[position]));
-  rangee.cellules.push_back(CelluleEntiere(cote.cpf[position]));
+  rangee.cellules.push_back(CellulePourMille(cote.cpf[position]));
   return rangee;
 }
 
@@ -63,7 +63,7 @@ Rangee RangeeCompacte(const Dimension& dimension, const AnalyseAnecar& analyse, 
   for (const FacteurAnecar& facteur : analyse.facteurs) {
     const CoteFacteur& cote = facteur.*dimension.cote;
     rangee.cellules.push_back(CelluleEntiere(analyse.echelle * cote.coordonnees[position]));
-    rangee.cellules.push_back(CelluleEntiere(cote.cpf[position]));
+    rangee.cellules.push_back(CellulePourMille(cote.cpf[position]));
   }
   return rangee;
 }
@@ -77,12 +77,12 @@ std::vector<Colonne> ColonnesCompactes(std::size_t facteurs) {
 
 Rangee RangeeEtendue(const Dimension& dimension, const AnalyseAnecar& analyse, std::size_t position) {
   Rangee rangee = RangeeDe(dimension.elements, position, 1 + 3 * analyse.facteurs.size());
-  rangee.cellules.push_back(CelluleEntiere(dimension.qlt[position]));
+  rangee.cellules.push_back(CellulePourMille(dimension.qlt[position]));
   for (const FacteurAnecar& facteur : analyse.facteurs) {
     const CoteFacteur& cote = facteur.*dimension.cote;
     rangee.cellules.push_back(CelluleEntiere(analyse.echelle * cote.coordonnees[position]));
-    rangee.cellules.push_back(CelluleEntiere(cote.cos2[position]));
-    rangee.cellules.push_back(CelluleEntiere(cote.cpf[position]));
+    rangee.cellules.push_back(CellulePourMille(cote.cos2[position]));
+    rangee.cellules.push_back(CellulePourMille(cote.cpf[position]));
   }
   return rangee;
 }
@@ -97,9 +97,9 @@ std::vector<Colonne> ColonnesEtendues(std::size_t facteurs) {
 
 Rangee MoyenneEtendue(const Dimension& dimension, const AnalyseAnecar& analyse) {
   const int cpfMoyen = CpfMoyen(dimension.elements.actifs);
-  Rangee rangee{"Moy.", {}, {CelluleEntiere(analyse.sommeParts)}};
+  Rangee rangee{"Moy.", {}, {CellulePourMille(analyse.sommeParts)}};
   for (const FacteurAnecar& facteur : analyse.facteurs)
-    for (const Cellule& cellule : {CelluleTexte({}), CelluleEntiere(facteur.part), CelluleEntiere(cpfMoyen)})
+    for (const Cellule& cellule : {CelluleTexte({}), CellulePourMille(facteur.part), CellulePourMille(cpfMoyen)})
       rangee.cellules.push_back(cellule);
   return rangee;
 }

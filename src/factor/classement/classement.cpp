@@ -6,8 +6,9 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "factor/classement/cah.h"
 #include "factor/classement/edition.h"
@@ -59,7 +60,7 @@ void ClasserWard(const Contexte& contexte, Rapport& rapport, const Chemin& point
   const std::vector<EtapeWard> etapes = ClasserPoints(population.points, options.methode, contexte.Ecran().progresser);
   if (static_cast<std::int64_t>(etapes.size()) < elements - 1)
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     "*** Arret du programme : des éléments sont trop éloignés pour être classés"_w);
+                     Joindre({kArretDuProgrammeSansAccents, "des éléments sont trop éloignés pour être classés"_w}));
 
   EcrireCah(sorties.Ouvrir(contexte.Nom(".CAH"), Nature::Refaisable), {options.individus, etapes});
   const std::vector<BilanDEtape> bilans = BilanDesEtapes(etapes);

@@ -11,8 +11,9 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/posfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "core/resultats/cellules.h"
 #include "core/session/generiquelibre.h"
@@ -44,7 +45,8 @@ int CodeDuNom(std::string_view nom) {
 
 // A modality of a class by its label, or by the question and the code that recode it.
 Rangee RangeeDeClasse(const Modalite& modalite, bool intitulesLongs) {
-  if (!intitulesLongs) return {std::string(Milieu(modalite.nom, 1, 3)), {}, {CelluleEntiere(CodeDuNom(modalite.nom))}};
+  if (!intitulesLongs)
+    return {std::string(Milieu(modalite.nom, 1, kLargeurDeQuestion)), {}, {CelluleEntiere(CodeDuNom(modalite.nom))}};
   const std::string_view intitule = Rogner(std::string_view(modalite.intitule).substr(0, kIntituleDeModaliteAuPlus));
   return {std::string(intitule.empty() ? std::string_view(modalite.nom) : intitule), {}, {}};
 }
@@ -124,7 +126,7 @@ void ExigerElements(const Contexte& contexte, Rapport& rapport, const ArbreCah& 
   const auto elements = static_cast<std::int64_t>(arbre.etapes.size()) + 1;
   if (elements == presents || arbre.etapes.empty()) return;
   AvertirEtArreter(rapport, contexte.Ecran(),
-                   Joindre({"*** Arret du programme : l'arbre de "_w, contexte.Nom(".CAH"), " a", NombreNu(elements),
+                   Joindre({kArretDuProgrammeSansAccents, "l'arbre de ", contexte.Nom(".CAH"), " a", NombreNu(elements),
                             "éléments, "_w, contexte.Nom(extension), " en a", NombreNu(presents), ": ", kRelancerCah}));
 }
 
@@ -142,7 +144,7 @@ void PrevenirDeLaProvenance(const Contexte& contexte, Rapport& rapport, const Ar
   if (!arbre.individus) {
     if (CoordonneesSontDesModalites(contexte)) return;
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     Joindre({"*** Arret du programme : les modalités de "_w, contexte.Nom(".MOD"),
+                     Joindre({kArretDuProgrammeSansAccents, "les modalités de "_w, contexte.Nom(".MOD"),
                               " ne sont pas celles de l'arbre de ", contexte.Nom(".CAH"), ", ", kRelancerCah}));
   }
   if (const std::optional<IndividuDiscordant> individu = ChercherIndividuDiscordant(contexte))

@@ -1,5 +1,5 @@
 // The ellipses in the report .PRT.
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/resultats/rangees.h"
 #include "factor/ellipses/ellipses.h"
 

@@ -8,6 +8,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 #include "factor/fichiers/cellules.h"
@@ -19,7 +20,7 @@ namespace {
 
 [[noreturn]] void Refuser(const Chemin& fichier, Texte raison) {
   throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arret du programme : ", TexteDe(fichier.filename()), " ", raison, kRelancerLesFacteurs}));
+               Joindre({kArretDuProgrammeSansAccents, TexteDe(fichier.filename()), " ", raison, kRelancerLesFacteurs}));
 }
 
 }  // namespace
@@ -102,7 +103,7 @@ std::optional<std::int64_t> HorsDeLaMoyenne(const std::vector<std::string>& prof
 
 std::optional<std::int64_t> PremierDeplace(const LignesDIndividus& lignes, const std::vector<bool>& actives,
                                            const Matrice& coordonnees, const Matrice* colonnes) {
-  constexpr std::size_t kPeuDIndividus = 30;
+  constexpr std::size_t kPeuDIndividus = 30;  // fewer may have been typed
   const std::size_t individus = coordonnees.Colonnes();
   if (individus < kPeuDIndividus) return std::nullopt;
   const std::vector<std::string> profils = Profils(lignes, actives, individus);

@@ -7,6 +7,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
+#include "core/panne/annonce.h"
 #include "factor/analyse/fichiers.h"
 #include "factor/ellipses/ellipses.h"
 #include "factor/ellipses/lecture.h"
@@ -17,7 +18,9 @@ namespace quelvar::factor {
 namespace {
 
 // The run stops by its own will, with a sentence of its own.
-[[noreturn]] void Refuser(std::string phrase) { throw Erreur(kIncompatibiliteType, std::move(phrase)); }
+[[noreturn]] void Refuser(std::string phrase, const Lieu& lieu = {}) {
+  throw Erreur(kIncompatibiliteType, std::move(phrase)).Situer(lieu);
+}
 
 std::size_t NombreDeclare(double valeur) {
   const std::int64_t nombre = Entier64(valeur);
@@ -115,7 +118,7 @@ void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, co
   const std::optional<Chemin> faj = contexte.Chercher(".FAJ");
   const std::size_t presentes = LirePoints(fi2, 0).noms.size();
   if (presentes != individus && presentes != individus + lignes.colonnes)
-    Refuser(Joindre({"*** Arret du programme : ", contexte.Nom(".FI2"), " n'a pas les individus de ",
+    Refuser(Joindre({kArretDuProgrammeSansAccents, contexte.Nom(".FI2"), " n'a pas les individus de ",
                      TexteDe(lignes.fichier.filename()), kRelancerLesFacteurs}));
   if (!faj) return;
   const std::size_t facteurs = LireFaj(*faj).Facteurs();
@@ -127,9 +130,9 @@ void ExigerLesMemesIndividus(const Contexte& contexte, const FichierMod& mod, co
   const std::optional<std::int64_t> deplace = PremierDeplace(
       lignes, actives, LirePoints(fi2, facteurs, individus).coordonnees, colonnes ? &*colonnes : nullptr);
   if (deplace)
-    Refuser(
-        Joindre({"*** Arret du programme : l'individu ", Nombre(*deplace), " de ", TexteDe(lignes.fichier.filename()),
-                 " n'a pas les coordonnées de "_w, contexte.Nom(".FI2"), kRelancerLesFacteurs}));
+    Refuser(Joindre({kArretDuProgrammeSansAccents, "l'individu ", Nombre(*deplace), " de ",
+                     TexteDe(lignes.fichier.filename()), " n'a pas les coordonnées de "_w, contexte.Nom(".FI2"),
+                     kRelancerLesFacteurs}));
 }
 
 // The parameters of the table, whose remarks are kept; a table without the individuals has no ellipses.
@@ -137,9 +140,11 @@ ParametresMod LireTableau(const Contexte& contexte, const FichierMod& mod, Bilan
   ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   bilan.remarques = parametres.remarques;
   if (parametres.burt != 1)
-    Refuser("*** Arret du programme : les ellipses demandent un tableau avec les individus (BRT=1)");
-  if (parametres.largeur < 1)
-    Refuser(Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")}));
+    Refuser(Joindre({kArretDuProgrammeSansAccents, "les ellipses demandent un tableau avec les individus (BRT=1)"}));
+  if (parametres.largeur < 1) {
+    FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier);
+    Refuser(std::move(faute.phrase), faute.lieu);
+  }
   return parametres;
 }
 

@@ -51,9 +51,12 @@ ElementsFactoriels LireFai(const Chemin& chemin, std::size_t facteurs) {
   elements.coordonnees = elements.cpf = Matrice(facteurs, static_cast<std::size_t>(CompterLignes(chemin)));
   LecteurLignes lecteur(chemin);
   Situer(lecteur, [&] {
+    std::int64_t place = 0;
     for (std::string_view ligne; lecteur.Lire(ligne);) {
+      ++place;
       if (Rogner(ligne).empty()) continue;
       const std::size_t i = elements.noms.size();
+      elements.places.push_back(place);
       elements.noms.push_back(CadreGauche(ligne, kLargeurDeModalite));
       elements.inerties.push_back(ValeurDuChamp(ligne, kColonneInertie, kPremierBloc - kColonneInertie));
       for (std::size_t f = 0; f < facteurs; ++f) {

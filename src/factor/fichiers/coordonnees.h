@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -31,6 +32,7 @@ struct ElementsFactoriels {
   std::vector<double> inerties;        // per mille of the total
   std::vector<std::string> noms;       // 4 characters
   std::vector<std::string> intitules;  // what stands behind the last factor: labels of a .FAI, nothing in a .FAJ
+  std::vector<std::int64_t> places{};  // line of the file that each stands on, from 1
 
   std::size_t Nombre() const { return noms.size(); }
   std::size_t Facteurs() const { return coordonnees.Lignes(); }

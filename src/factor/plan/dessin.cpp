@@ -67,7 +67,8 @@ double CorpsDe(TailleTexte taille) {
 }
 
 constexpr double kArrondi = 1e-9;  // relative, below which two steps are one
-// Size of the letters of an element by its contribution, for one of the size chosen: the least, and up to the largest.
+// Size of the letters of an element by its contribution, for one of the size chosen: from the least that print shows of
+// the small size, up to 1.6 times the size, by the root, so that their area grows as the contribution.
 constexpr double kTailleMinimale = 0.65;
 constexpr double kEtendueDesTailles = 0.95;
 

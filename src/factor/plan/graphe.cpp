@@ -4,6 +4,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/dessin/svg.h"
+#include "core/panne/annonce.h"
 #include "core/programme/ancienrapport.h"
 #include "core/programme/arret.h"
 #include "core/programme/refus.h"
@@ -16,7 +17,7 @@ namespace {
 // Applies an axis; what is not one of the factors is told.
 std::string ReglerAxe(const DonneesPlan& donnees, AxePlan& axe, std::string_view nom, std::string_view texte) {
   if (texte.empty() || FixerAxe(donnees, axe, texte)) return {};
-  return Joindre({"*** Arrêt du programme : l'axe "_w, nom, " demande le facteur "_w, texte, ", le fichier en a "_w,
+  return Joindre({kArretDuProgramme, "l'axe ", nom, " demande le facteur "_w, texte, ", le fichier en a "_w,
                   Nombre(donnees.facteurs)});
 }
 
@@ -28,20 +29,19 @@ std::string ReglerCah(const OptionsGraphe& options, EtatPlan& etat) {
   reglages.trace = options.cah == CahDuGraphe::Lignes ? TraceCah::Lignes : TraceCah::Couleurs;
   if (options.niveauCah >= 0) reglages.niveau = static_cast<std::size_t>(options.niveauCah);
   if (reglages.niveau > cah.etapes.size())
-    return Joindre(
-        {"*** Arrêt du programme : les niveaux de la classification vont de 0 à "_w, Nombre(cah.etapes.size())});
+    return Joindre({kArretDuProgramme, "les niveaux de la classification vont de 0 à "_w, Nombre(cah.etapes.size())});
   if (options.classes == 0) return {};
   const std::optional<std::size_t> niveau = NiveauDesClasses(cah, static_cast<std::size_t>(options.classes));
   if (!niveau)
-    return Joindre({"*** Arrêt du programme : aucun niveau de la classification ne laisse "_w, Nombre(options.classes),
-                    " classes"});
+    return Joindre(
+        {kArretDuProgramme, "aucun niveau de la classification ne laisse ", Nombre(options.classes), " classes"});
   reglages.niveau = *niveau;
   return {};
 }
 
 std::string Marquer(const std::vector<std::string>& noms, EtatPlan& etat) {
   const std::optional<std::string> absent = MarquerParNoms(etat, noms);
-  return absent ? Joindre({"*** Arrêt du programme : aucun élément n'a le nom "_w, *absent}) : std::string();
+  return absent ? Joindre({kArretDuProgramme, "aucun élément n'a le nom "_w, *absent}) : std::string();
 }
 
 // Each option that is a setting of the plane as it stands, with that setting.

@@ -21,15 +21,14 @@ std::string IntituleCourt(std::string_view texte) {
 }
 
 // Element of each line of the .FAJ, by its name among those of the .MOD; of modalities with one name each in turn.
-// Nothing when a name is not found.
-std::optional<std::vector<std::size_t>> PlacesDesNoms(const std::vector<std::string>& noms,
-                                                      const std::vector<PointPlan>& points) {
+// Shorter than the names when one is not found: it would come next.
+std::vector<std::size_t> PlacesDesNoms(const std::vector<std::string>& noms, const std::vector<PointPlan>& points) {
   std::unordered_map<std::string, std::vector<std::size_t>> rangs;
   for (std::size_t i = points.size(); i-- > 0;) rangs[points[i].nom].push_back(i);
   std::vector<std::size_t> places;
   for (const std::string& nom : noms) {
     const auto trouve = rangs.find(nom);
-    if (trouve == rangs.end()) return std::nullopt;
+    if (trouve == rangs.end()) break;
     places.push_back(trouve->second.back());
     if (trouve->second.size() > 1) trouve->second.pop_back();
   }
@@ -103,8 +102,8 @@ ArretDeLecture DeclarerColonnes(const Contexte& contexte, const FichierMod& mod,
                                 DonneesPlan& donnees) {
   const double declarees = parametres.burt > 1 ? parametres.burt : parametres.colonnes;
   if (parametres.burt >= 1 && declarees != static_cast<double>(mod.modalites.size()))
-    return {"*** Arret du programme, incoherence entre le nombre de",
-            Joindre({"  modalites declare et observe dans ", contexte.Nom(".MOD")})};
+    return {{"*** Arret du programme, incoherence entre le nombre de",
+             Joindre({"  modalites declare et observe dans ", contexte.Nom(".MOD")})}};
   donnees.titre = mod.titre;
   donnees.burt = parametres.burt;
   donnees.colonnes = mod.modalites.size();
@@ -120,19 +119,21 @@ ArretDeLecture PlacerElements(const Contexte& contexte, const ParametresMod& par
   if (faj.Nombre() == 0) throw Erreur(kFinDeFichierDepassee).Situer(debut);
   if (faj.Facteurs() == 0) throw Erreur(kArgumentIncorrect).Situer(debut);
   donnees.facteurs = faj.Facteurs();
-  const auto places = PlacesDesNoms(faj.noms, donnees.points);
-  if (!places)
-    return {"***ERREUR : un nom de *.FAJ n'est pas retrouve identique",
-            "   dans *.MOD - Il y a vraisemblablement eu une modification",
-            "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
-            Joindre({"   a l'intérieur les deux fichiers et relancez le programme"_w})};
+  const std::vector<std::size_t> places = PlacesDesNoms(faj.noms, donnees.points);
+  if (places.size() < faj.Nombre())
+    return {{"***ERREUR : un nom de *.FAJ n'est pas retrouve identique",
+             "   dans *.MOD - Il y a vraisemblablement eu une modification",
+             "   de l'un ou l'autre fichier - Retablissez l'identite des noms",
+             Joindre({"   a l'intérieur les deux fichiers et relancez le programme"_w})},
+            {Joindre({"le nom \"", Rogner(faj.noms[places.size()]), "\" n'est pas dans ", contexte.Nom(".MOD")}),
+             {debut.fichier, faj.places[places.size()]}}};
   ElementsFactoriels fai;
   if (const std::optional<Chemin> lignes = contexte.Chercher(".FAI"); lignes && donnees.burt <= 1)
     fai = LireFai(*lignes, donnees.facteurs);
   const std::size_t premiere = DeclarerLignes(parametres, fai, donnees);
   donnees.coordonnees = Matrice(donnees.facteurs, donnees.points.size());
   donnees.cpf = Matrice(donnees.facteurs, donnees.points.size());
-  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, (*places)[i], faj, i);
+  for (std::size_t i = 0; i < faj.Nombre(); ++i) PlacerElement(donnees, places[i], faj, i);
   for (std::size_t i = premiere; i < fai.Nombre(); ++i) PlacerElement(donnees, donnees.colonnes + i - premiere, fai, i);
   return {};
 }

@@ -11,8 +11,11 @@
 
 namespace quelvar::factor {
 
-// The lines that stop the run; none when it may go on.
-using ArretDeLecture = std::vector<std::string>;
+// The lines that stop the run, none when it may go on; and the fault for the screen, when its place is known.
+struct ArretDeLecture {
+  std::vector<std::string> lignes{};
+  FauteSituee faute{};
+};
 
 // The columns, without their places; a .MOD whose list is not that of the table stops the run.
 ArretDeLecture DeclarerColonnes(const Contexte& contexte, const FichierMod& mod, const ParametresMod& parametres,

@@ -89,9 +89,9 @@ struct ReglagesCah {
   std::optional<std::uint32_t> hasard;  // seed of colours drawn at random
 };
 
-// Colour codes of marked elements.
-inline constexpr std::uint8_t kMarqueColonne = 10;
-inline constexpr std::uint8_t kMarqueLigne = 9;
+// Colours of marked elements, as the settings keep them.
+inline constexpr auto kMarqueColonne = static_cast<std::uint8_t>(Couleur::Vert);
+inline constexpr auto kMarqueLigne = static_cast<std::uint8_t>(Couleur::Bleu);
 
 struct ReglagesPlan {
   AxePlan horizontal{1};

@@ -1,6 +1,7 @@
 // The preparation of the factor graph: its files as a plane, and the report on them.
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "factor/plan/concordance.h"
 #include "factor/plan/graphe.h"
 #include "factor/plan/lecture.h"
@@ -10,11 +11,11 @@ namespace quelvar::factor {
 namespace {
 
 // Tells what stops the run, and stops it; without lines it goes on.
-void ArreterSi(Rapport& rapport, const Contexte& contexte, const ArretDeLecture& lignes) {
-  if (lignes.empty()) return;
-  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
+void ArreterSi(Rapport& rapport, const Contexte& contexte, ArretDeLecture arret) {
+  if (arret.lignes.empty()) return;
+  rapport.Lignes(arret.lignes);
   contexte.Ecran().biper();
-  throw Erreur(kArretAnnonce);
+  throw Erreur(std::move(arret.faute));
 }
 
 void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe& exigences) {
@@ -32,7 +33,8 @@ void ExigerFichiersDuGraphe(Rapport& rapport, const Contexte& contexte, const Ex
     rapport.Ligne(PhraseDAbsence(contexte.Nom(fichier.extension), fichier.sujet));
     manque = true;
   }
-  if (manque) ArreterSi(rapport, contexte, {"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"});
+  if (manque)
+    ArreterSi(rapport, contexte, {{"", "*** Arret du programme du a l'absence d'un ou de plusieurs fichiers"}});
 }
 
 void ImprimerNoms(Rapport& rapport, const Contexte& contexte) {
@@ -80,7 +82,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   if (parametres.burt == 1 && !contexte.Chercher(".FAI"))
-    ArreterSi(rapport, contexte, {"*** Arret du programme, fichier *.FAI absent"});
+    ArreterSi(rapport, contexte, {{"*** Arret du programme, fichier *.FAI absent"}});
   ArreterSi(rapport, contexte, DeclarerColonnes(contexte, mod, parametres, donnees));
   ArreterSi(rapport, contexte, PlacerElements(contexte, parametres, donnees));
   AffinerCoordonnees(contexte, donnees);
@@ -91,7 +93,7 @@ void Preparer(Rapport& rapport, const Contexte& contexte, const ExigencesGraphe&
   for (std::string& remarque : RemarquesDesFichiers(donnees.discordances, exigences))
     remarques.push_back(std::move(remarque));
   PrevenirDesRemarques(rapport, contexte.Ecran(), remarques);
-  if (arret) ArreterSi(rapport, contexte, {Joindre({"*** Arret du programme : ", PhraseDe(*arret)})});
+  if (arret) ArreterSi(rapport, contexte, {{Joindre({kArretDuProgrammeSansAccents, PhraseDe(*arret)})}});
 }
 
 }  // namespace

@@ -128,9 +128,7 @@ FichiersDeProfil TrouverFichiers(const Contexte& contexte) {
 
 std::vector<std::string> PhrasesDesAbsents(const Contexte& contexte, const FichiersDeProfil& fichiers) {
   std::vector<std::string> phrases;
-  const auto absent = [&](std::string_view extension) {
-    phrases.push_back(Joindre({"Le fichier ", contexte.Nom(extension), " n'existe pas"}));
-  };
+  const auto absent = [&](std::string_view extension) { phrases.push_back(PhraseDAbsence(contexte.Nom(extension))); };
   if (!fichiers.donnees && !fichiers.brt)
     phrases.push_back(Joindre({"Ni le fichier des données, ni le tableau de Burt n'existent"_w}));
   if (fichiers.donnees && !fichiers.pos) absent(".POS");

@@ -165,7 +165,8 @@ std::vector<ProfilDeModalite> ProfilerModalites(Rapport& rapport, const Contexte
   const ParametresMod parametres = LireParametres(mod.parametres, contexte.Nom(".MOD"));
   rapport.Lignes(parametres.remarques);
   ExigerEcriture(contexte, rapport, options.fichier);
-  if (!fichiers.donnees && parametres.largeur <= 0) AvertirEtArreter(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
+  if (!fichiers.donnees && parametres.largeur <= 0)
+    AvertirEtArreter(rapport, contexte.Ecran(), FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier));
   const ModalitesChoisies choix =
       TrouverChoisies(mod.modalites, parametres.modPresent ? parametres.mod : std::string());
   ArreterSurLesNoms(rapport, contexte.Ecran(), choix.fautes);

@@ -18,7 +18,7 @@ constexpr std::chrono::seconds kUnRun{2};      // a tree is written with its coo
 
 // The first merging of a tree is that of the two nearest points.
 bool PremiereEtapeConvient(const Matrice& points, const EtapeWard& etape) {
-  constexpr double kArrondi = 1e-9;
+  constexpr double kArrondi = 1e-9;  // relative: far above the rounding of sums of squares in doubles
   const auto distance = [&](std::size_t i, std::size_t j) {
     double somme = 0;
     for (std::size_t f = 0; f < points.Lignes(); ++f) somme += std::pow(points(f, j) - points(f, i), 2);

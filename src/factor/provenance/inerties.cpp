@@ -20,7 +20,7 @@ constexpr double kInertiesAuPlus = 16'000'000;  // cells of a table whose inerti
 
 // An inertia and what a line has of it, rounded.
 bool MemeInertie(double inertie, double lue) {
-  constexpr double kArrondi = 0.5 + 1e-6;
+  constexpr double kArrondi = 0.5 + 1e-6;  // half of a whole number, and what sums in another order differ by
   return std::fabs(inertie - lue) <= kArrondi;
 }
 

@@ -27,7 +27,7 @@ class ValeursDesLiens {
     for (const tables::Lien& lien : liens) valeurs_.emplace(Cle(lien), lien.valeur);
   }
   bool Contient(const tables::Lien& lien) const {
-    constexpr float kArrondi = 0.001F;
+    constexpr float kArrondi = 0.001F;  // of 100: single precision, and sums in another order
     const auto trouve = valeurs_.find(Cle(lien));
     return trouve != valeurs_.end() && std::fabs(trouve->second - lien.valeur) <= kArrondi;
   }

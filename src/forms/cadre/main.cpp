@@ -1,6 +1,5 @@
 // Starts the window program: texts in French, the services of the platform, the main form, and what an earlier one
 // could not save.
-#include <QApplication>
 #include <QDesktopServices>
 #include <QProcess>
 #include <QStandardPaths>
@@ -22,7 +21,7 @@ bool DemarrerVoisin(const QString& programme, const QStringList& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  quelvar::forms::Application application(argc, argv);
   quelvar::forms::PreparerApplication();
   quelvar::forms::Principal principal(
       {quelvar::RepertoireDuProgramme(
@@ -35,5 +34,5 @@ int main(int argc, char** argv) {
   const quelvar::forms::Signaux signaux([&] { principal.TextesOuverts().MettreASauf(); });
   QMetaObject::invokeMethod(
       &principal, [&] { principal.TextesOuverts().ProposerLesSecours(); }, Qt::QueuedConnection);
-  return QApplication::exec();
+  return quelvar::forms::Application::exec();
 }

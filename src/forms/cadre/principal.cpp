@@ -45,7 +45,7 @@ Principal::Principal(Environnement environnement)
     : environnement_(std::move(environnement)),
       ui_(std::make_unique<Ui::Principal>()),
       lanceur_(
-          formes_, [this] { return ContexteEnCours(); },
+          formes_, [this] { return services_.ContexteEnCours(); },
           [this](const Erreur& erreur) { resultats_->MontrerEchec(erreur); },
           [this] { return editeurs_->PermettreDeLire(session_.repertoire, session_.generique); }),
       aide_(environnement_.dossierAide, environnement_.ouvrir,
@@ -129,11 +129,15 @@ bool Principal::DemarrerLecteur(const QString& fichier) {
 
 QAction* Principal::Action(const QString& nom) const { return ui_->BarreDeMenus->findChild<QAction*>(nom); }
 
-void Principal::Relier(const char* action, const std::function<void()>& effet) {
+Gestes Principal::Garde(Gestes gestes) const {
+  return [this, gestes = std::move(gestes)] { lanceur_.Garder(gestes); };
+}
+
+void Principal::Relier(const char* action, const Gestes& effet) {
   QAction* entree = Action(QString::fromUtf8(action));
   Q_ASSERT(entree != nullptr);
   entree->setEnabled(true);
-  connect(entree, &QAction::triggered, this, effet);
+  connect(entree, &QAction::triggered, this, Garde(effet));
 }
 
 void Principal::RelierMenus() {
@@ -160,7 +164,7 @@ void Principal::RelierMenus() {
   for (const EntreeDAide& entree : EntreesDAide())
     Relier(entree.nom, [this, &entree] { aide_.Ouvrir(QString::fromUtf8(entree.nom)); });
   connect(ui_->BarreDeMenus->findChild<QMenu*>(QStringLiteral("mnuAffichage")), &QMenu::aboutToShow, this,
-          &Principal::PreparerMenuAffichage);
+          Garde([this] { PreparerMenuAffichage(); }));
   RelierEditeur();
   for (const EntreeDAide& entree : EntreesDAide()) {
     const QString nom = QString::fromUtf8(entree.nom);
@@ -174,23 +178,25 @@ void Principal::RelierControles() {
   ui_->TailleCar->setCurrentText(QString::number(kTailleUsuelle));
   connect(ui_->TailleCar, &QComboBox::currentTextChanged, this,
           [this](const QString& taille) { ui_->Text1->FixerTaille(taille.toInt()); });
-  connect(ui_->CmdGenOui, &QPushButton::clicked, this, [this] { AccepterGenerique(ui_->ComboGen->currentText()); });
+  connect(ui_->CmdGenOui, &QPushButton::clicked, this,
+          Garde([this] { AccepterGenerique(ui_->ComboGen->currentText()); }));
   ui_->ComboGen->setCompleter(nullptr);  // what is typed is the name
   connect(ui_->ComboGen->lineEdit(), &QLineEdit::returnPressed, this, [this] {
     if (ui_->ComboGen->findText(ui_->ComboGen->currentText()) < 0) ui_->CmdGenOui->click();  // else it is a choice
   });
-  connect(ui_->ComboGen, &QComboBox::textActivated, this, &Principal::ChoisirGenerique);
-  connect(ui_->CmdGenAncien, &QPushButton::clicked, this, [this] { ChoisirGenerique(VersQt(session_.ancien)); });
-  connect(ui_->BoutonEnregS, &QPushButton::clicked, this, [this] { sorties_->EnregistrerSous(); });
-  connect(ui_->BoutonImpr, &QPushButton::clicked, this, [this] { sorties_->Imprimer(); });
+  connect(ui_->ComboGen, &QComboBox::textActivated, this,
+          [this](const QString& choisi) { lanceur_.Garder([&] { ChoisirGenerique(choisi); }); });
+  connect(ui_->CmdGenAncien, &QPushButton::clicked, this, Garde([this] { ChoisirGenerique(VersQt(session_.ancien)); }));
+  connect(ui_->BoutonEnregS, &QPushButton::clicked, this, Garde([this] { sorties_->EnregistrerSous(); }));
+  connect(ui_->BoutonImpr, &QPushButton::clicked, this, Garde([this] { sorties_->Imprimer(); }));
   connect(ui_->CmdGenNon, &QPushButton::clicked, this, [this] { resultats_->Remplacer({}); });
-  connect(ui_->BoutNouv, &QPushButton::clicked, this, &Principal::NouvelleDemande);
-  connect(ui_->BoutImport, &QPushButton::clicked, this, [this] { OuvrirSourceImport(services_); });
+  connect(ui_->BoutNouv, &QPushButton::clicked, this, Garde([this] { NouvelleDemande(); }));
+  connect(ui_->BoutImport, &QPushButton::clicked, this, Garde([this] { OuvrirSourceImport(services_); }));
   new Depot(
       {this, ui_->Text1->viewport()},
       [this](const Chemin& fichier) {
         if (lanceur_.EnCours()) dialogue_.biper();
-        else ImporterFichier(services_, fichier);
+        else lanceur_.Garder([&] { ImporterFichier(services_, fichier); });
       },
       this);
   connect(ui_->BoutQuit, &QPushButton::clicked, this, &Principal::close);
@@ -202,10 +208,10 @@ void Principal::closeEvent(QCloseEvent* evenement) {
     return;
   }
   formes_.FermerSansDemander();
-  ReconstruireRecents();
   try {
+    ReconstruireRecents();
     EcrirePointeur(session_.repertoireProgramme, session_.initialisation);
-  } catch (const Erreur&) {  // the next session starts without a data set
+  } catch (const std::exception&) {  // the next session starts without a data set
   }
   QDir::setCurrent(CheminVersQt(session_.repertoireProgramme));
   QMainWindow::closeEvent(evenement);
@@ -227,14 +233,14 @@ void Principal::PermettreEnregistrement(bool permis) {
 }
 
 void Principal::PreparerMenuAffichage() {
-  const Contexte contexte = ContexteEnCours();
+  const Contexte contexte = services_.ContexteEnCours();
   for (const EntreeDAffichage& entree : EntreesDAffichage())
     Action(QString::fromLatin1(entree.nom))
         ->setEnabled(!session_.generique.empty() && contexte.Chercher(entree.extension).has_value());
 }
 
 void Principal::AfficherResultat(const EntreeDAffichage& entree) {
-  const Contexte contexte = ContexteEnCours();
+  const Contexte contexte = services_.ContexteEnCours();
   const std::optional<Chemin> fichier = contexte.Chercher(entree.extension);
   if (!fichier) resultats_->MontrerEchec(CheminDe(contexte.Nom(entree.extension)), Erreur(kFichierIntrouvable));
   else if (entree.genre == GenreDAffichage::Entier) resultats_->MontrerEntier(*fichier);
@@ -259,7 +265,7 @@ void Principal::RelierEditeur() {
 }
 
 void Principal::EditerFichierDuGenerique(const char* extension) {
-  const Contexte contexte = ContexteEnCours();
+  const Contexte contexte = services_.ContexteEnCours();
   const std::string nom = contexte.Nom(extension);
   editeurs_->Ouvrir(CheminVersQt(CheminDEcriture(contexte.repertoire, nom)));
 }

@@ -14,6 +14,7 @@
 #include "core/programme/programme.h"
 #include "core/session/session.h"
 #include "forms/editeur/editeurs.h"
+#include "forms/qt/garde.h"
 #include "forms/services/services.h"
 #include "forms/texte/resultats.h"
 #include "forms/texte/sorties.h"
@@ -44,7 +45,7 @@ class Principal : public QMainWindow {
   explicit Principal(Environnement environnement);
   ~Principal() override;
 
-  // What the forms work with; it lives as long as the window.
+  // What the forms work with; it lives as long as the window. The tests open forms by it that no entry opens.
   Services& ServicesDesFormes() { return services_; }
   Editeurs& TextesOuverts() { return *editeurs_; }
 
@@ -58,13 +59,16 @@ class Principal : public QMainWindow {
   void RelierMenus();
   void RelierControles();
   void RelierEditeur();
-  void Relier(const char* action, const std::function<void()>& effet);
+  // What a handler of the window does: whatever fails in it is told, and the window stays.
+  Gestes Garde(Gestes gestes) const;
+  void Relier(const char* action, const Gestes& effet);
   QAction* Action(const QString& nom) const;
   bool ProgrammeExiste(const QString& action) const;
   void FixerTailleDEcran(const QString& action);
 
   // --- the session (session.cpp) ---
   void Demarrer();
+  void CommencerLaSession();
   void OuvrirEtRapporter();
   bool OuvrirInitialisation(const Chemin& initialisation);
   void ChercherInitialisation();
@@ -77,7 +81,6 @@ class Principal : public QMainWindow {
   void NouvelleDemande();
   void MontrerNouvelleUtilisation(bool nouvelle);
   void MontrerSession();
-  Contexte ContexteEnCours() { return {session_.repertoire, session_.generique, session_.niveau, &dialogue_}; }
 
   // --- runs, results and texts ---
   Dialogue EcranDesRuns();

@@ -33,14 +33,18 @@ std::string TexteDesTroisPas() {
 
 void Principal::Demarrer() {
   FixerTailleDEcran(QStringLiteral("mnuEcrAuto"));
+  lanceur_.Garder([this] { CommencerLaSession(); });
+  MontrerSession();
+  NommerLesControles(*this);
+}
+
+void Principal::CommencerLaSession() {
   Demarrage demarrage = DemarrerSession(environnement_.repertoireProgramme);
   session_ = std::move(demarrage.session);
   resultats_->Remplacer(demarrage.texte);
   ReconstruireRecents();
   if (demarrage.aOuvrir) OuvrirEtRapporter();
   else resultats_->Ajouter(TexteDesTroisPas());
-  MontrerSession();
-  NommerLesControles(*this);
 }
 
 void Principal::OuvrirEtRapporter() {
@@ -161,7 +165,7 @@ void Principal::ReconstruireRecents() {
     action->setObjectName(QStringLiteral("mnuRecentFile%1").arg(++rang));
     action->setEnabled(entree.fichier.has_value());
     if (entree.fichier)
-      connect(action, &QAction::triggered, this, [this, f = *entree.fichier] { OuvrirInitialisation(f); });
+      connect(action, &QAction::triggered, this, Garde([this, f = *entree.fichier] { OuvrirInitialisation(f); }));
   }
 }
 

@@ -6,7 +6,9 @@
 #include <QFontDatabase>
 
 #include "forms/editeur/frmfind.h"
+#include "forms/qt/dialogue.h"
 #include "forms/qt/ecran.h"
+#include "forms/qt/garde.h"
 #include "forms/qt/imprimante.h"
 #include "forms/qt/policefixe.h"
 #include "forms/qt/texte.h"
@@ -45,7 +47,11 @@ frmSDI::frmSDI(ServicesEditeur services, Genre genre, QWidget* parent)
 frmSDI::~frmSDI() = default;
 
 void frmSDI::RelierMenus() {
-  const auto relier = [this](QAction* action, auto effet) { connect(action, &QAction::triggered, this, effet); };
+  const auto relier = [this](QAction* action, const Gestes& effet) {
+    connect(action, &QAction::triggered, this, [this, effet] {
+      Garder(effet, [this](const Erreur& erreur) { DemanderReponse(this, VersQt(TexteErreur(erreur)), Boutons::Ok); });
+    });
+  };
   relier(ui_->mnuNouveau, [this] { Nouveau(); });
   relier(ui_->mnuOuvrir, [this] { OuvrirParDialogue(); });
   relier(ui_->mnuRecharger, [this] { Recharger(); });

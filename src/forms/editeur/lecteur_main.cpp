@@ -1,5 +1,4 @@
 // The viewer of long reports: the window of the editor, read-only, in a process of its own that nobody waits for.
-#include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -19,12 +18,12 @@ void OuvrirAide() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  quelvar::forms::Application application(argc, argv);
   quelvar::forms::PreparerApplication();
   const QStringList arguments = QCoreApplication::arguments();
   quelvar::forms::frmSDI lecteur({quelvar::forms::ReglagesQt(), OuvrirAide}, quelvar::forms::frmSDI::Genre::Lecteur);
   lecteur.show();
   quelvar::forms::TenirDansLEcran(lecteur);
   const bool ouvert = arguments.size() > 1 ? lecteur.Ouvrir(arguments[1]) : lecteur.OuvrirParDialogue();
-  return ouvert ? QApplication::exec() : 1;
+  return ouvert ? quelvar::forms::Application::exec() : 1;
 }

@@ -1,13 +1,15 @@
 #include "forms/qt/application.h"
 
-#include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <utility>
 
 #include "core/programme/version.h"
+#include "forms/qt/dialogue.h"
+#include "forms/qt/garde.h"
 #include "forms/qt/texte.h"
 
 // The resources of a static library are brought in by hand, outside of any namespace.
@@ -17,6 +19,27 @@ static void InitialiserRessources() {
 }
 
 namespace quelvar::forms {
+
+bool Application::notify(QObject* objet, QEvent* evenement) {
+  try {
+    return QApplication::notify(objet, evenement);
+  } catch (...) {
+    DireEnsuite(EchecEnCours());
+    return true;
+  }
+}
+
+// Not within the event: one that paints would call for the next as soon as the box uncovers the window.
+void Application::DireEnsuite(const Erreur& erreur) {
+  if (std::exchange(dite_, true)) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this, texte = VersQt(TexteErreur(erreur))] {
+        DemanderReponse(activeWindow(), texte, Boutons::Ok);
+        dite_ = false;
+      },
+      Qt::QueuedConnection);
+}
 
 void PreparerApplication() {
   InitialiserRessources();

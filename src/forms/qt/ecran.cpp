@@ -183,11 +183,6 @@ QSize PlaceSurLEcran(const QWidget& fenetre) { return fenetre.screen()->availabl
 
 bool DepasseLEcran(const QWidget& fenetre) { return Depasse(fenetre, PlaceSurLEcran(fenetre)); }
 
-const QWidget& ContenuDe(const QWidget& fenetre) {
-  const auto* zone = fenetre.findChild<QScrollArea*>(QString::fromLatin1(kDefilement));
-  return zone == nullptr ? fenetre : *zone->widget();
-}
-
 void TenirDansLEcran(QWidget& fenetre) { TenirDans(fenetre, fenetre.screen()->availableGeometry()); }
 
 void TenirDans(QWidget& fenetre, const QRect& ecran) {

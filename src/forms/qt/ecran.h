@@ -18,8 +18,6 @@ void TenirDansLEcran(QWidget& fenetre);
 void TenirDans(QWidget& fenetre, const QRect& ecran);
 // Whether the content of the window needs more than the screen has.
 bool DepasseLEcran(const QWidget& fenetre);
-// What the window holds, without the bars that it may have been given.
-const QWidget& ContenuDe(const QWidget& fenetre);
 
 // Gives the controls that take the focus the name by which a screen reader calls them, from what stands beside them:
 // the label that leads to it, its tool tip, or for a button whose caption is a sign or a number the frame that it is

@@ -50,6 +50,8 @@ void Forme::AuDepartDireLArret() {
   AuDepart([](const Contexte& contexte) { RendreCompte(contexte, kArretVolontaire, {}, kRapportSansNom); });
 }
 
+bool Forme::Garder(const std::function<void()>& gestes) const { return services_.lanceur.Garder(gestes); }
+
 std::optional<Fin> Forme::LancerEtape(const Etape& etape) const { return services_.LancerSur(contexte_, etape); }
 
 void Forme::RelierQuitter(QPushButton& bouton) { connect(&bouton, &QPushButton::clicked, this, &QDialog::reject); }

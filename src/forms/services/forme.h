@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QPushButton>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -51,6 +52,9 @@ class Forme : public QDialog {
   void AuDepart(Programme programme) { auDepart_ = std::move(programme); }
   // The same for a form whose leaving is told by the one sentence of a run that was given up.
   void AuDepartDireLArret();
+
+  // Reads or writes outside of a run; a failure is shown as that of a run. False when it failed.
+  bool Garder(const std::function<void()>& gestes) const;
 
   // Runs the program on the data set of the form and tells how it ended; nothing when nothing was done
   // (Services::LancerSur), and the form then stays with its choices.

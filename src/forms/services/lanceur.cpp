@@ -1,11 +1,11 @@
 #include "forms/services/lanceur.h"
 
 #include <QApplication>
-#include <optional>
 #include <utility>
 
 #include "core/programme/annulation.h"
 #include "forms/qt/dialogue.h"
+#include "forms/qt/garde.h"
 #include "forms/services/formes.h"
 
 namespace quelvar::forms {
@@ -65,18 +65,18 @@ void Lanceur::Servir() {
 bool Lanceur::Executer(const Programme& programme) {
   const Drapeau drapeau(enCours_, formes_);
   const Occupation occupation;
-  std::optional<Erreur> echec;
-  bool fait = true;
-  try {
-    programme(contexte_());
-  } catch (const Annulation&) {
-    echec = Erreur(kArretAnnonce, std::string(kArretVolontaire));
-    fait = false;
-  } catch (...) {
-    echec = ErreurEnCours();
-  }
-  if (echec) echec_(*echec);
-  return fait;
+  bool abandonne = false;
+  Garder([&] {
+    try {
+      programme(contexte_());
+    } catch (const Annulation&) {
+      abandonne = true;
+      throw;
+    }
+  });
+  return !abandonne;
 }
+
+bool Lanceur::Garder(const std::function<void()>& gestes) const { return forms::Garder(gestes, echec_); }
 
 }  // namespace quelvar::forms

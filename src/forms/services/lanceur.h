@@ -28,6 +28,8 @@ class Lanceur : public QObject {
   bool EnCours() const { return enCours_; }
   // Whether a run may start now: none is going on, and the user has not given it up.
   bool PeutLancer() const { return !enCours_ && permis_(); }
+  // Does what a handler does beside the runs; its failure is shown as that of a run. False when it failed.
+  bool Garder(const std::function<void()>& gestes) const;
   // Runs the program and comes back at its end. A program that asks for another run is refused: beeps, false. So is one
   // that the user gives up when asked about the files that it reads, or in a box of its own: a form that asked for it
   // stays, with its choices.

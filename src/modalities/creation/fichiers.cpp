@@ -19,15 +19,14 @@ void EcrireTableBurt(Ecrivain& fichier, const std::vector<ModaliteCreee>& modali
 }
 
 void EcrireIndividus(Ecrivain& fichier, const Chemin& codageLogique, std::size_t modalites, int largeur) {
-  constexpr std::size_t kLargeurNom = kLargeurDeModalite;
   const auto w = static_cast<std::size_t>(largeur);
   LecteurLignes lecteur(codageLogique);
   std::string cellules(modalites * w, ' ');
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    for (std::size_t j = 0; j < modalites; ++j) cellules[j * w + w - 1] = ligne[kLargeurNom + j];
-    fichier.Ecrire(ligne.substr(0, kLargeurNom));
+    for (std::size_t j = 0; j < modalites; ++j) cellules[j * w + w - 1] = ligne[kLargeurDeModalite + j];
+    fichier.Ecrire(ligne.substr(0, kLargeurDeModalite));
     fichier.Ecrire(cellules);
-    fichier.Ligne(ligne.substr(kLargeurNom + modalites));
+    fichier.Ligne(ligne.substr(kLargeurDeModalite + modalites));
   }
 }
 

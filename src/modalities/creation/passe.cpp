@@ -11,8 +11,6 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = kLargeurDeModalite;  // of an individual, in the columns of a modality
-
 std::vector<Champ> ChampsDuPlan(const FichierPos& pos, const PlanModalites& plan) {
   std::vector<Champ> champs;
   for (const QuestionChoisie& choisie : plan.questions) {
@@ -25,8 +23,9 @@ std::vector<Champ> ChampsDuPlan(const FichierPos& pos, const PlanModalites& plan
 
 }  // namespace
 
+// The name of an individual stands in the columns of the name of a modality.
 CodageLogique::CodageLogique(Ecrivain& fichier, std::size_t modalites, const NomsDIndividus& noms)
-    : fichier_(fichier), noms_(noms), codage_(kLargeurNom, ' ') {
+    : fichier_(fichier), noms_(noms), codage_(kLargeurDeModalite, ' ') {
   codage_.append(modalites, '0');
 }
 
@@ -38,16 +37,17 @@ void CodageLogique::Ecrire(std::int64_t numero, std::string_view ligneDeDonnees,
     const int debut = noms_.debut.value_or(0);
     if (debut < 1 || noms_.largeur < 0) throw Erreur(kArgumentIncorrect);
     nom = Milieu(ligneDeDonnees, static_cast<std::size_t>(debut), static_cast<std::size_t>(noms_.largeur));
-    court = static_cast<std::size_t>(noms_.largeur) <= kLargeurNom;
+    court = static_cast<std::size_t>(noms_.largeur) <= kLargeurDeModalite;
   } else {
     nom = Nombre(numero);
-    court = nom.size() <= kLargeurNom;
+    court = nom.size() <= kLargeurDeModalite;
   }
-  codage_.replace(0, kLargeurNom, CadreGauche(court ? std::string_view(nom) : std::string_view{}, kLargeurNom));
-  for (const std::uint32_t modalite : presentes) codage_[kLargeurNom + modalite] = '1';
+  codage_.replace(0, kLargeurDeModalite,
+                  CadreGauche(court ? std::string_view(nom) : std::string_view{}, kLargeurDeModalite));
+  for (const std::uint32_t modalite : presentes) codage_[kLargeurDeModalite + modalite] = '1';
   fichier_.Ecrire(codage_);
   fichier_.Ligne(court ? std::string_view{} : std::string_view(nom));
-  for (const std::uint32_t modalite : presentes) codage_[kLargeurNom + modalite] = '0';
+  for (const std::uint32_t modalite : presentes) codage_[kLargeurDeModalite + modalite] = '0';
 }
 
 std::int64_t PasserLesDonnees(const FichierPos& pos, const PlanModalites& plan, const DemandeDePasse& demande,

@@ -86,9 +86,9 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
                      const Dialogue& dialogue) {
   const std::int64_t actives = CompterModalites(pos, choix, Statut::Actif, options.codesZero);
   const std::int64_t supplementaires = CompterModalites(pos, choix, Statut::Supplementaire, options.codesZero);
-  const std::string_view refus = options.mode == ModePosmod::Modi
-                                     ? RefusDeNommer(actives)
-                                     : RefusDeLancer(options.individus, options.noms, actives, supplementaires);
+  const std::string refus = options.mode == ModePosmod::Modi
+                                ? std::string(RefusDeNommer(actives))
+                                : RefusDeLancer(options.individus, options.noms, actives, supplementaires);
   if (refus.empty()) return;
   dialogue.biper();
   dialogue.demander(refus, Boutons::Ok);

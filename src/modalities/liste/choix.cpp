@@ -10,8 +10,8 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::int64_t kModalitesAuPlus = 3500;
-constexpr std::size_t kAvantMarques = 9;  // columns of a question line that no mark touches
+constexpr std::int64_t kModalitesAuPlus = 3500;  // of a table of Burt, which then has twelve million cells
+constexpr std::size_t kAvantMarques = 9;         // columns of a question line that no mark touches
 
 std::size_t PlaceDeMarque(std::string_view ligne, std::size_t depuis) {
   return std::min(ligne.find(MarqueDe(Statut::Actif), depuis), ligne.find(MarqueDe(Statut::Supplementaire), depuis));
@@ -96,13 +96,14 @@ std::string TexteSansNonReponses(std::int64_t modalites) {
        TexteNombreUnique(modalites)});
 }
 
-std::string_view RefusDeLancer(bool individus, const NomsDIndividus& noms, std::int64_t actives,
-                               std::int64_t supplementaires) {
-  if (individus && noms.dansDonnees && !noms.debut) return "Pas de position de début définie"_w;
-  if (individus && noms.dansDonnees && noms.largeur < 1) return "Pas de largeur du numéro définie"_w;
-  if (actives + supplementaires == 0) return "Pas de modalités définies"_w;
-  if (actives == 0) return "Pas de modalités actives définies"_w;
-  if (actives + supplementaires > kModalitesAuPlus) return "Trop de modalités définies (Act+Sup>3500)"_w;
+std::string RefusDeLancer(bool individus, const NomsDIndividus& noms, std::int64_t actives,
+                          std::int64_t supplementaires) {
+  if (individus && noms.dansDonnees && !noms.debut) return std::string("Pas de position de début définie"_w);
+  if (individus && noms.dansDonnees && noms.largeur < 1) return std::string("Pas de largeur du numéro définie"_w);
+  if (actives + supplementaires == 0) return std::string("Pas de modalités définies"_w);
+  if (actives == 0) return std::string("Pas de modalités actives définies"_w);
+  if (actives + supplementaires > kModalitesAuPlus)
+    return Joindre({"Trop de modalités définies (Act+Sup>"_w, Nombre(kModalitesAuPlus), ")"});
   return {};
 }
 

@@ -57,8 +57,8 @@ struct NomsDIndividus {
 };
 
 // Why the button BoutLancer refuses to run; empty when it runs.
-std::string_view RefusDeLancer(bool individus, const NomsDIndividus& noms, std::int64_t actives,
-                               std::int64_t supplementaires);
+std::string RefusDeLancer(bool individus, const NomsDIndividus& noms, std::int64_t actives,
+                          std::int64_t supplementaires);
 // The same for the naming of modalities.
 std::string_view RefusDeNommer(std::int64_t modalites);
 

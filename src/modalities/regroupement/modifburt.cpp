@@ -94,7 +94,8 @@ void Modifier(Rapport& rapport, const Contexte& contexte, const OptionsModifBurt
               bool libre) {
   ImprimerBandeau(rapport, kTitre);
   const TableAGrouper table = OuvrirTable(contexte, rapport);
-  if (table.parametres.largeur < 1) AvertirEtArreter(rapport, contexte.Ecran(), "Erreur : pas de FMT=");
+  if (table.parametres.largeur < 1)
+    AvertirEtArreter(rapport, contexte.Ecran(), FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier));
   PlanDeRegroupement plan = Planifier(contexte, rapport, table, options);
   const NomsDeGroupe noms = NommerGroupes(contexte, table, options);
   plan.nomCourt = noms.ligne;

@@ -11,8 +11,6 @@ namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = kLargeurDeModalite;
-
 bool Marque(const std::vector<char>& marques) { return std::find(marques.begin(), marques.end(), 1) != marques.end(); }
 
 // Whether a cell is no count, or is cut.
@@ -36,9 +34,9 @@ class RangeeRegroupee {
   bool Lire(std::string_view ligne, std::int64_t rang, bool ligneMarquee) {
     const auto ancienne = static_cast<std::size_t>(plan_.ancienneLargeur);
     const auto largeur = static_cast<std::size_t>(largeur_);
-    texte_ = CadreGauche(ligne, kLargeurNom);
+    texte_ = CadreGauche(ligne, kLargeurDeModalite);
     double somme = 0;
-    std::size_t colonne = kLargeurNom;
+    std::size_t colonne = kLargeurDeModalite;
     std::size_t numero = 0;
     for (const char marquee : plan_.colonnes) {
       const std::string_view cellule = colonne < ligne.size() ? ligne.substr(colonne, ancienne) : std::string_view{};
@@ -65,10 +63,10 @@ class RangeeRegroupee {
   }
 
   const std::string& Texte() const { return texte_; }
-  std::string Nom() const { return texte_.substr(0, kLargeurNom); }
+  std::string Nom() const { return texte_.substr(0, kLargeurDeModalite); }
   std::size_t Cellules() const { return cellules_; }
   double Cellule(std::size_t j) const {
-    return ValeurDe(std::string_view(texte_).substr(kLargeurNom + j * static_cast<std::size_t>(largeur_),
+    return ValeurDe(std::string_view(texte_).substr(kLargeurDeModalite + j * static_cast<std::size_t>(largeur_),
                                                     static_cast<std::size_t>(largeur_)));
   }
   double Frequence() const {

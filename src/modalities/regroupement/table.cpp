@@ -6,6 +6,7 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
+#include "core/panne/annonce.h"
 #include "core/programme/arret.h"
 #include "modalities/liste/modalites.h"
 
@@ -59,10 +60,10 @@ void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGroup
                            [&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
     };
     if (homonymes(lignes) > std::max<std::ptrdiff_t>(homonymes(noms), 1))
-      throw Erreur(
-          kIncompatibiliteType,
-          Joindre({"*** Arret du programme : le nom ", nom, " est celui de ", Nombre(std::int64_t{homonymes(lignes)}),
-                   " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
+      throw Erreur(kIncompatibiliteType,
+                   Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ",
+                            Nombre(std::int64_t{homonymes(lignes)}),
+                            " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
   }
   LecteurLignes lecteur(table.brt);
   for (std::string_view ligne; lecteur.Lire(ligne);) {

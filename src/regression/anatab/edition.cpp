@@ -7,7 +7,7 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr int kLargeur = static_cast<int>(kLargeurIntitule);
+constexpr int kLargeur = kIntituleDeModaliteAuPlus;
 constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
 
 }  // namespace

@@ -4,12 +4,12 @@
 #include <cstring>
 #include <numeric>
 
+#include "core/calcul/hachage.h"
 #include "core/calcul/tris.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/datfile.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
-#include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {
 
@@ -18,19 +18,18 @@ namespace {
 constexpr std::size_t kTableInitiale = 1024;
 constexpr std::size_t kDebutCodage = 4;  // bytes in front of the first modality
 constexpr std::int64_t kPasDAffichage = 50000;
-constexpr std::int64_t kFautifsCites = 51;  // ranks of individuals at fault that are told
+constexpr std::int64_t kFautifsCites = kFautifsDits + 1;  // with the one that shows that there are more
 
 std::uint64_t Hacher(std::string_view fiche) {
-  Hachage hachage;
+  std::uint64_t hachage = kNombreDOr;
   for (; fiche.size() >= sizeof(std::uint64_t); fiche.remove_prefix(sizeof(std::uint64_t))) {
     std::uint64_t mot;
     std::memcpy(&mot, fiche.data(), sizeof mot);
-    hachage.Meler(mot);
+    hachage = Meler(hachage, mot);
   }
   std::uint64_t mot = 0;
   std::memcpy(&mot, fiche.data(), fiche.size());
-  hachage.Meler(mot);
-  return hachage.Valeur();
+  return Meler(hachage, mot);
 }
 
 double ValeurDeFiche(std::string_view fiche) {

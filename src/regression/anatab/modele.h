@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/panne/erreur.h"
 #include "regression/donnees/codage.h"
 
 namespace quelvar::regression {
@@ -27,9 +28,13 @@ struct Modele {
   std::size_t LargeurFiche() const { return explicatives.size() + 2; }
 };
 
-// The faults of a coding that keep it from being analysed, one text each; none for a sound one.
-std::vector<std::string> FautesDeCodage(const std::vector<ModaliteCodee>& codage,
-                                        const std::vector<QuestionCodee>& questions, std::string_view nomMod);
+// The faults of a coding that keep it from being analysed; no lines for a sound one.
+struct FautesDuCodage {
+  std::vector<std::string> lignes;  // of the report
+  FauteSituee premiere{};           // the first one that a question has, with the line of the .MOD that it begins on
+};
+FautesDuCodage FautesDeCodage(const std::vector<ModaliteCodee>& codage, const std::vector<QuestionCodee>& questions,
+                              std::string_view nomMod);
 
 // Packs a coding without faults.
 Modele ConstruireModele(std::vector<ModaliteCodee> codage, std::vector<QuestionCodee> questions);

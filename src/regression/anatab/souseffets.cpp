@@ -6,8 +6,8 @@
 #include <numeric>
 #include <span>
 
+#include "core/calcul/hachage.h"
 #include "core/panne/erreur.h"
-#include "regression/anatab/hachage.h"
 
 namespace quelvar::regression {
 
@@ -24,9 +24,9 @@ std::vector<std::uint32_t> TextesDesCellules(const TableSituations& table,
 
 std::uint64_t HacherSauf(std::span<const std::uint32_t> textes, std::size_t sauf) {
   constexpr std::uint32_t kAucunTexte = std::numeric_limits<std::uint32_t>::max();
-  Hachage hachage;
-  for (std::size_t c = 0; c < textes.size(); ++c) hachage.Meler(c == sauf ? kAucunTexte : textes[c]);
-  return hachage.Valeur();
+  std::uint64_t hachage = kNombreDOr;
+  for (std::size_t c = 0; c < textes.size(); ++c) hachage = Meler(hachage, c == sauf ? kAucunTexte : textes[c]);
+  return hachage;
 }
 
 // Order of two situations that brings together those that agree in all questions but one.
@@ -172,7 +172,7 @@ Khi2Paire Khi2De(const SousEffet& sousEffet, const TableSituations& table) {
 // What the chi-square of a sub-effect may come to, at most. It is never above the weight: that of few individuals
 // cannot widen its column, and needs no computing before it is printed, if only it can be computed.
 double PlafondDuKhi2(const SousEffet& sousEffet, const TableSituations& table, double poids) {
-  constexpr double kPoidsLeger = 90;
+  constexpr double kPoidsLeger = 90;  // below 100, which asks the column for a third digit
   if (poids >= kPoidsLeger) return Khi2De(sousEffet, table).khi2;
   const double oui =
       table.situations[sousEffet.premiere].OuiConserve() + table.situations[sousEffet.seconde].OuiConserve();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
+#include "core/fichiers/jeu.h"
 #include "regression/anatab/editiondeseffets.h"
 
 namespace quelvar::regression {
@@ -111,8 +112,9 @@ void EcrireListeFinale(const Contexte& contexte, const TravailDAnatab& travail) 
 }
 
 void EffacerLesFichiers(const Contexte& contexte) {
-  for (const std::string_view extension : kExtensions)
-    if (const std::optional<Chemin> fichier = contexte.Chercher(extension)) EffacerFichier(*fichier);
+  std::vector<std::string> noms;
+  for (const std::string_view extension : kExtensions) noms.push_back(contexte.Nom(extension));
+  EffacerEnsemble(contexte.repertoire, contexte.generique, noms);
 }
 
 }  // namespace quelvar::regression

@@ -16,7 +16,7 @@ std::vector<ModaliteCodee> LireCodage(const std::vector<Modalite>& modalites) {
   for (const Modalite& lue : modalites) {
     ModaliteCodee modalite;
     modalite.nom = lue.nom;
-    modalite.intitule = RognerDroite(Rogner(lue.intitule).substr(0, kLargeurIntitule));
+    modalite.intitule = RognerDroite(Rogner(lue.intitule).substr(0, kIntituleDeModaliteAuPlus));
     if (modalite.intitule.empty()) modalite.intitule = lue.nom;
     modalite.reference = Porte(lue, "Rr");
     modalite.aExpliquer = Porte(lue, "Yy");

@@ -11,9 +11,6 @@
 
 namespace quelvar::regression {
 
-inline constexpr std::size_t kLargeurQuestion = kLargeurDeQuestion;
-inline constexpr std::size_t kLargeurIntitule = kIntituleDeModaliteAuPlus;
-
 // A line of the .MOD as the regression programs see it.
 struct ModaliteCodee {
   std::string nom;       // 4 characters
@@ -22,7 +19,7 @@ struct ModaliteCodee {
   bool aExpliquer = false;
   bool explicative = false;  // marked X
 
-  std::string_view Question() const { return std::string_view(nom).substr(0, kLargeurQuestion); }
+  std::string_view Question() const { return std::string_view(nom).substr(0, kLargeurDeQuestion); }
 };
 
 std::vector<ModaliteCodee> LireCodage(const std::vector<Modalite>& modalites);

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "core/chiffres/nombres.h"
 #include "core/programme/arret.h"
 #include "core/resultats/colonnedenombres.h"
 
@@ -9,7 +10,6 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr std::int64_t kFautifsDits = 50;  // beyond so many the report says that not all are listed
 constexpr int kLargeurDeRang = 5;
 
 }  // namespace
@@ -40,9 +40,10 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte ti
 }
 
 ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Chemin& chemin) {
-  ParametresMod parametres = LireParametres(mod.parametres, TexteDe(chemin.filename()));
+  const std::string nom = TexteDe(chemin.filename());
+  ParametresMod parametres = LireParametres(mod.parametres, nom);
   rapport.Lignes(parametres.remarques);
-  if (parametres.largeur == 0) Arreter(rapport, "Erreur : pas de FMT=");
+  if (parametres.largeur == 0) Arreter(rapport, FauteDeFormat(nom, MotsDuFormat::SansLeFichier));
   return parametres;
 }
 
@@ -56,7 +57,8 @@ void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque) {
     rapport.Ligne({"*** L'individu ", Figure(static_cast<double>(rang), kLargeurDeRang, 0), " ", manque});
   rapport.Ligne("*** Arrêt du programme dû aux erreurs signalées"_w);
   rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), kLargeurDeRang, 0)});
-  if (fautifs.nombre > kFautifsDits) rapport.Ligne("    Seuls les 50 premiers sont indiqués"_w);
+  if (fautifs.nombre > kFautifsDits)
+    rapport.Ligne({"    Seuls les ", Nombre(kFautifsDits), " premiers sont indiqués"_w});
   throw Erreur(kArretAnnonce);
 }
 

@@ -32,6 +32,9 @@ void ImprimerNomsDeFichiers(const Contexte& contexte, Rapport& rapport, Texte ti
 // kArretAnnonce, with its line, when they give no width.
 ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Chemin& chemin);
 
+// Ranks of individuals at fault that the report promises: beyond so many it says that these are the first.
+inline constexpr std::int64_t kFautifsDits = 50;
+
 // Individuals whose lines cannot be used: how many, and the ranks of the first of them.
 struct Fautifs {
   std::vector<std::int64_t> rangs;  // from 1

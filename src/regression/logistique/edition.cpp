@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/rangees.h"
 #include "core/texte/listes.h"
@@ -14,7 +14,7 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr int kLargeur = static_cast<int>(kLargeurIntitule);
+constexpr int kLargeur = kIntituleDeModaliteAuPlus;
 constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
 constexpr std::string_view kVingtCinqBlancs = "                         ";
 

@@ -8,7 +8,8 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr int kDichotomies = 30;
+constexpr int kDichotomies = 30;  // halvings of the range of a mean, which leave a billionth of it
+constexpr double kMoitie = 0.5;
 
 TestDeVraisemblance Tester(double degres, double reduit, double complet) {
   TestDeVraisemblance test;
@@ -67,7 +68,8 @@ TestsDuModele TesterLeModele(const Observations& observations, const ModeleAjust
   const Parametres& trouves = ajuste.ajustement.parametres;
   const double complet = ajuste.ajustement.logVraisemblance;
   TestsDuModele tests;
-  Parametres constante{ajuste.lien == FonctionDeLien::Lineaire ? 0.5 : 0, std::vector<double>(trouves.betas.size())};
+  Parametres constante{ajuste.lien == FonctionDeLien::Lineaire ? kMoitie : 0,
+                       std::vector<double>(trouves.betas.size())};
   LogVraisemblance vraisemblance(observations, ajuste.lien, constante);
   tests.logConstante = vraisemblance.Valeur();
   tests.modele = Tester(static_cast<double>(trouves.betas.size()), tests.logConstante, complet);
@@ -114,7 +116,7 @@ std::vector<double> MoyennesAjustees(const DonneesDeBase& base, const Modele& mo
   std::vector<double> ajustees(modele.Explicatives());
   for (const QuestionCodee& question : modele.explicantes) {
     double communes = 0;
-    double pas = 0.5;
+    double pas = kMoitie;
     for (int i = 0; i < kDichotomies; ++i, pas /= 2) {
       communes += pas;
       double somme = 0;

@@ -8,8 +8,10 @@ namespace quelvar::regression {
 
 namespace {
 
+// What a probability of 0 or of 1, which has no logarithm, is counted for.
 constexpr double kProbabiliteMin = 0.00001;
-constexpr double kProbabiliteMax = 0.99999;
+constexpr double kProbabiliteMax = 1 - kProbabiliteMin;
+// Steps of the search: from a hundredth, which comes near in few of them, to what the report shows of a parameter.
 constexpr double kIncrements[] = {0.01, 0.001, 0.0001};
 constexpr double kRecul = 0.1;  // what makes the first step of a line search go
 constexpr std::int64_t kPasDuSuivi = 1024;

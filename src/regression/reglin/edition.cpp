@@ -1,7 +1,7 @@
 #include "regression/reglin/edition.h"
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/resultats/colonnedenombres.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
@@ -54,7 +54,7 @@ void ImprimerDescription(Rapport& rapport, double individus, const VariablesDecr
   rapport.Ligne({"Il y a ", NombreNu(individus), " individus"});
   rapport.Ligne();
   ImprimerRangees(rapport, decrites.tableau,
-                  {.titre = static_cast<int>(kLargeurIntitule),
+                  {.titre = kIntituleDeModaliteAuPlus,
                    .places = {PlaceDeNombre(11, "                                  "), PlaceDeNombre(11, "      ")}});
   if (decrites.arret) return;
   for (const std::string& intitule : decrites.incertaines)

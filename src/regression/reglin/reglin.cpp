@@ -9,8 +9,8 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
 #include "core/enquete/parametres.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/texte/listes.h"
 #include "regression/donnees/codage.h"
 #include "regression/donnees/entrees.h"
@@ -20,9 +20,8 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr int kTableImprimee = 1;  // DE=1
-constexpr int kTableNommee = 2;    // DE=2
-constexpr std::int64_t kFautifsCites = 50;
+constexpr int kTableImprimee = 1;                 // DE=1
+constexpr int kTableNommee = 2;                   // DE=2
 constexpr std::string_view kSorte = "données"_w;  // what the .CDG holds
 
 // The table that the parameter line names in place of the .CDG.
@@ -58,7 +57,7 @@ void PrevenirDesMarquesCoupees(const Contexte& contexte, const VariablesDeRegres
   if (variables.marquesCoupees.empty()) return;
   contexte.Ecran().biper();
   contexte.Ecran().demander(
-      Joindre({kAttention, "la marque *LOG* est au-delà des "_w, Nombre(kLargeurIntitule),
+      Joindre({kAttention, "la marque *LOG* est au-delà des "_w, Nombre(kIntituleDeModaliteAuPlus),
                " premiers caractères de l'intitulé et n'est pas prise, le logarithme n'est pas calculé : "_w,
                Enumerer(variables.marquesCoupees)}),
       Boutons::Ok);
@@ -135,7 +134,7 @@ LectureDesMoments LireMoments(const Chemin& donnees, const VariablesDeRegression
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     progression.Avancer();
     ++rang;
-    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsCites);
+    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsDits);
     if (fautifs.nombre > 0) continue;
     if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
     if (!Situer(lecteur, [&] { return LireValeurs(ligne, variables, valeurs); }))

@@ -14,7 +14,7 @@ namespace quelvar::regression {
 
 namespace {
 
-constexpr int kToursMax = 500;
+constexpr int kToursMax = 500;  // each question has a table with each other one, of which the order alone is wanted
 constexpr std::size_t kCodes = kCodeMaxDeProfil + 1;
 
 }  // namespace

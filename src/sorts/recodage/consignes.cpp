@@ -100,7 +100,7 @@ void LecteurDeConsignes::LireQuestions() {
   const std::vector<Question>& questions = consignes_.pos.questions;
   for (std::size_t i = 0; i < questions.size(); ++i) {
     const Question& question = questions[i];
-    if (i == kQuestionsMaximum) {
+    if (i == kQuestionsARecoder) {
       Avertir("Plus de questions que le maximum possible");
       constats_.Ligne("Arret pour trop de questions");
       throw Erreur(kArretAnnonce);

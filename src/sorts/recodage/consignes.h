@@ -52,7 +52,7 @@ struct Consignes {
   std::vector<VitDemandee> vits;
 };
 
-inline constexpr std::size_t kQuestionsMaximum = 600;
+inline constexpr std::size_t kQuestionsARecoder = 600;  // twice what a crossing takes: each with a recoded copy
 
 // Columns of an alphabetic question: its code-max, 3 for "L3".
 constexpr int ColonnesAlphabetiques(int codeMax) { return codeMax == kCodeMaxL3 ? 3 : codeMax > 0 ? codeMax : 0; }

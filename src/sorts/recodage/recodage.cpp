@@ -6,6 +6,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/panne/annonce.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
 #include "core/programme/refus.h"
@@ -126,7 +127,7 @@ void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const NomsD
                          const Chemin& donnees) {
   if (EgalSansCasse(noms.nouveau, contexte.generique)) {
     Avertir(rapport, contexte.Ecran(),
-            Joindre({"*** Arrêt du programme : "_w, noms.nouveau,
+            Joindre({kArretDuProgramme, noms.nouveau,
                      " est le générique d'origine, donnez un autre nom au nouveau générique"_w}));
     throw Refus();
   }

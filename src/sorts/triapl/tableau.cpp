@@ -70,10 +70,7 @@ PartsTrg EffectifsDuTriangle(const std::vector<double>& effectifs) {
 }
 
 PartsTrg PartsDuTriangle(const std::vector<double>& effectifs) {
-  PartsTrg parts = EffectifsDuTriangle(effectifs);
-  const double somme = parts[0] + parts[1] + parts[2];
-  for (double& part : parts) part = somme == 0 ? 0 : 100 * part / somme;
-  return parts;
+  return PourcentagesTrg(EffectifsDuTriangle(effectifs));
 }
 
 }  // namespace quelvar::sorts

@@ -13,6 +13,7 @@ namespace quelvar::tables {
 
 namespace {
 
+// The two choices that the user has by these numbers.
 constexpr std::size_t kLiensGardes = 2000;
 constexpr float kIndexGarde = 80;
 constexpr std::size_t kColonnesDuNumero = 5;

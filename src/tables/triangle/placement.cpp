@@ -16,9 +16,11 @@ constexpr PlaceDIntitule kPlaces[] = {
     {0, 5, Ancre::Milieu, Niveau::Haut},  {4, -4, Ancre::Debut, Niveau::Bas},  {4, 4, Ancre::Debut, Niveau::Haut},
     {-4, -4, Ancre::Fin, Niveau::Bas},    {-4, 4, Ancre::Fin, Niveau::Haut},
 };
-constexpr double kPremierRayon = 16;
-constexpr double kDernierRayon = 112;
+// Circles two lines of text apart; beyond the seventh the eye does not follow the line back to the point. Ten places on
+// each: on the first one they are a line of text apart.
 constexpr double kPasDeRayon = 16;
+constexpr double kPremierRayon = kPasDeRayon;
+constexpr double kDernierRayon = 7 * kPasDeRayon;
 constexpr int kDirections = 10;
 
 // The rectangles of a text around its place, by the side that stands there; its width is measured once.

@@ -11,12 +11,10 @@ namespace quelvar::tables {
 
 namespace {
 
-constexpr std::size_t kLargeurNom = kLargeurNomTrg;
-constexpr std::size_t kLargeurPart = kLargeurPartTrg;
 constexpr double kEcartDArrondi = 0.25;  // three roundings to one decimal
 
 bool FinitLesPoints(std::string_view ligne) {
-  return Rogner(ligne.substr(0, kLargeurNom)).empty() || ligne.find("**") != std::string_view::npos;
+  return Rogner(ligne.substr(0, kLargeurNomTrg)).empty() || ligne.find("**") != std::string_view::npos;
 }
 
 void Noter(PointsEnFaute& points, const std::string& lieu) {
@@ -25,19 +23,19 @@ void Noter(PointsEnFaute& points, const std::string& lieu) {
 
 PointTriangle LirePoint(std::string_view ligne, std::size_t rang, FichierTrg& trg) {
   PointTriangle point;
-  point.nom = CadreGauche(ligne, kLargeurNom);
-  point.reste = Milieu(ligne, kLargeurNom + 1);
-  std::size_t colonne = kLargeurNom + 1;
+  point.nom = CadreGauche(ligne, kLargeurNomTrg);
+  point.reste = Milieu(ligne, kLargeurNomTrg + 1);
+  std::size_t colonne = kLargeurNomTrg + 1;
   bool lisible = true;
   for (float& part : point.parts) {
-    const std::string_view valeur = Milieu(ligne, colonne, kLargeurPart);
+    const std::string_view valeur = Milieu(ligne, colonne, kLargeurPartTrg);
     part = Simple(ValeurDe(valeur));
     if (lisible && !EstNombre(valeur)) {
       lisible = false;
       Noter(trg.illisibles, Joindre({"ligne ", Nombre(rang), ", colonne ", Nombre(colonne), ", ", Rogner(point.nom),
                                      " (", Rogner(valeur).empty() ? "absent" : Rogner(valeur), ")"}));
     }
-    colonne += kLargeurPart;
+    colonne += kLargeurPartTrg;
   }
   point.intitule = Rogner(Milieu(ligne, colonne));
   if (point.intitule.empty()) point.intitule = Rogner(point.nom);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "core/enquete/colonnes.h"
+
 namespace quelvar::tables {
 
 namespace {
@@ -56,7 +58,7 @@ std::vector<std::optional<std::size_t>> LiensDuTriangle(const FichierTrg& trg) {
   std::vector<std::optional<std::size_t>> liens(trg.points.size());
   std::unordered_map<std::string, std::size_t> derniers;
   for (std::size_t i = 0; i < trg.points.size(); ++i) {
-    const auto [place, nouveau] = derniers.try_emplace(trg.points[i].nom.substr(0, 3), i);
+    const auto [place, nouveau] = derniers.try_emplace(trg.points[i].nom.substr(0, kLargeurDeQuestion), i);
     if (nouveau) continue;
     liens[i] = place->second;
     place->second = i;

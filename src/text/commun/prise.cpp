@@ -3,8 +3,9 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "text/commun/source.h"
 
 namespace quelvar::text {
@@ -31,8 +32,7 @@ std::string PrendreTexte(const Contexte& contexte, const Chemin& chemin, std::st
       Joindre({"Le fichier ", nom, " est en ", codage, DireLesLettres(source),
                ".\r\nIl va être converti à la lecture (le fichier lui-même reste comme il est). L'acceptez-vous ?"_w}),
       Boutons::OuiNon);
-  if (reponse != Reponse::Oui)
-    Arreter(rapport, Joindre({"*** Arrêt du programme : le fichier "_w, nom, " est en ", codage}));
+  if (reponse != Reponse::Oui) Arreter(rapport, Joindre({kArretDuProgramme, "le fichier ", nom, " est en ", codage}));
   TexteConverti converti = Convertir(source.octets);
   if (converti.perdus > 0)
     rapport.Ligne({kAttention, Nombre(converti.perdus), " caractère(s) de "_w, nom,

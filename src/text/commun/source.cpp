@@ -32,7 +32,7 @@ std::optional<Utf16> EstUtf16(std::string_view octets) {
   // Without a mark: a Latin text has a zero in nearly every second byte, and none in the others.
   std::array<std::size_t, 2> zeros{};
   for (std::size_t i = octets.find('\0'); i < octets.size(); i = octets.find('\0', i + 1)) ++zeros[i % 2];
-  constexpr std::size_t kAssez = 8;
+  constexpr std::size_t kAssez = 8;          // characters; in fewer a zero or two may come by chance
   constexpr std::size_t kPresqueAucun = 20;  // fewer than one in so many
   const std::size_t caracteres = octets.size() / 2;
   if (caracteres < kAssez) return std::nullopt;

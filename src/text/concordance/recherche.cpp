@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/texte/listes.h"
 #include "text/commun/lignedemot.h"
 #include "text/gestion/motsdeslignes.h"

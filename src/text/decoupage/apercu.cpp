@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/document/affichage.h"
+#include "core/panne/annonce.h"
 #include "core/texte/lignes.h"
 #include "text/commun/lignedemot.h"
 #include "text/commun/source.h"
@@ -41,7 +42,7 @@ ApercuDuTexte ApercevoirTexte(const Contexte& contexte) {
   ApercuDuTexte apercu;
   const std::optional<Chemin> chemin = contexte.Chercher(".TXT");
   if (!chemin) {
-    apercu.faute = Joindre({"*** Arrêt du programme : le fichier "_w, contexte.Nom(".TXT"), " n'existe pas"});
+    apercu.faute = Joindre({kArretDuProgramme, "le fichier ", contexte.Nom(".TXT"), " n'existe pas"});
     return apercu;
   }
   const std::string tete = TeteDuTexte(*chemin);

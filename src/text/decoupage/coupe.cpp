@@ -13,7 +13,7 @@ namespace quelvar::text {
 namespace {
 
 constexpr char kEtoile = '*';
-constexpr std::string_view kNonReponse = "NR*";  // answer and star
+constexpr std::string_view kNonReponseEtoilee = "NR*";  // answer and star
 constexpr std::int64_t kPasDeSuivi = 1000;
 
 // A line that the check keeps; it lies in the bytes of the corpus.
@@ -73,7 +73,7 @@ class VerificationDuTexte {
     if (!reponse.empty()) {
       Retenir(true, ligne.substr(0, c), reponse);
     } else if (consignes_.vide == ReponseVide::NonReponse) {
-      Retenir(true, ligne.substr(0, c), kNonReponse);
+      Retenir(true, ligne.substr(0, c), kNonReponseEtoilee);
     }
   }
 

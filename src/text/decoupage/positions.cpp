@@ -5,6 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
+#include "core/panne/annonce.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::text {
@@ -12,7 +13,6 @@ namespace quelvar::text {
 namespace {
 
 constexpr std::string_view kNomDuStimulus = "STI";
-constexpr std::size_t kNom = kLargeurDeQuestion;
 constexpr std::size_t kDerriereLeCodeMax = 10;  // column of a question line
 
 // The column of the stimulus among the characteristics; 0 in mode 1.
@@ -31,7 +31,7 @@ std::string DemanderJusqua(const Dialogue& dialogue, std::string_view question, 
     const std::string faute = fauteDe(reponse);
     if (faute.empty()) return reponse;
     if (dialogue.demander(Joindre({faute, ". Donner une autre réponse ?"_w}), Boutons::NonOui) != Reponse::Oui)
-      throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : "_w, faute}));
+      throw Erreur(kIncompatibiliteType, Joindre({kArretDuProgramme, faute}));
   }
 }
 
@@ -52,7 +52,7 @@ std::string DemanderCodes(const Dialogue& dialogue, std::string_view question, s
 std::string DemanderNom(const Dialogue& dialogue, const Gabarit& gabarit, int position,
                         const std::vector<QuestionDesMots>& questions) {
   const auto fauteDe = [&](std::string_view reponse) -> std::string {
-    const std::string_view nom = RognerDroite(reponse.substr(0, kNom));
+    const std::string_view nom = RognerDroite(reponse.substr(0, kLargeurDeQuestion));
     const auto prend = [&](const QuestionDesMots& question) { return Rogner(question.nom) == nom; };
     const bool pris = std::any_of(questions.begin(), questions.end(), prend) ||
                       (nom == kNomDuStimulus && gabarit.mode != ModeStimulus::Aucun);
@@ -69,7 +69,7 @@ std::string DemanderNom(const Dialogue& dialogue, const Gabarit& gabarit, int po
       Joindre({"Donnez le nom (3 caractères max.) de la question située en position "_w, Nombre(position),
                ". S'il s'agit d'un numéro d'individu, cliquer sur 'OK' sans rien indiquer d'autre"_w}),
       fauteDe);
-  return std::string(RognerDroite(std::string_view(nom).substr(0, kNom)));
+  return std::string(RognerDroite(std::string_view(nom).substr(0, kLargeurDeQuestion)));
 }
 
 bool EstUneLettre(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }

@@ -9,9 +9,10 @@
 #include "core/enquete/coherence.h"
 #include "core/fichiers/jeu.h"
 #include "core/fichiers/sauvegarde.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "text/commun/lignedemot.h"
 #include "text/commun/prise.h"
@@ -103,10 +104,10 @@ TemoinsDeCoupe TemoinsDe(Rapport& rapport, const Contexte& contexte, const Optio
 void ExigerDesMots(Rapport& rapport, const Contexte& contexte, const BilanDeCoupe& bilan, std::size_t motsGardes) {
   if (bilan.erreurs > 0) AvertirEtArreter(rapport, contexte.Ecran(), "ARRET DU AUX ERREURS RENCONTREES");
   if (motsGardes == 0)
-    AvertirEtArreter(rapport, contexte.Ecran(),
-                     bilan.mots == 0
-                         ? "*** Arrêt du programme : le texte ne contient aucun mot"_w
-                         : "*** Arrêt du programme : aucun mot ne commence par $, il n'y a pas de thèmes"_w);
+    AvertirEtArreter(
+        rapport, contexte.Ecran(),
+        Joindre({kArretDuProgramme, bilan.mots == 0 ? std::string_view("le texte ne contient aucun mot")
+                                                    : "aucun mot ne commence par $, il n'y a pas de thèmes"_w}));
   rapport.Ligne("Découpage en mots terminé"_w);
 }
 
@@ -132,7 +133,7 @@ Corpus Couper(Rapport& rapport, const Contexte& contexte, const OptionsSaisieMot
   if (octets.find('\n') == std::string::npos && octets.find('\r') < octets.size() - 1)
     AvertirEtArreter(
         rapport, contexte.Ecran(),
-        Joindre({"*** Arrêt du programme : les lignes de "_w, contexte.Nom(".TXT"),
+        Joindre({kArretDuProgramme, "les lignes de ", contexte.Nom(".TXT"),
                  " finissent par un retour chariot seul, l'enregistrer avec des fins de ligne ordinaires"}));
   const ConsignesDeCoupe consignes{GabaritDe(options), options.vide, std::max(options.lignesMax, 1)};
   const BilanDeCoupe bilan = CouperTexte(octets, consignes, TemoinsDe(rapport, contexte, options), corpus);

@@ -5,8 +5,8 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/session/generiquelibre.h"
 #include "core/session/session.h"
 #include "core/texte/listes.h"

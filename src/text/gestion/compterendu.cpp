@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/programme/rapport.h"
 #include "text/tableau/sorties.h"
 

@@ -5,7 +5,7 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "factor/fichiers/coordonnees.h"
 #include "factor/provenance/inerties.h"
 

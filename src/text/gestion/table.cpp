@@ -16,16 +16,15 @@ namespace quelvar::text {
 
 namespace {
 
-constexpr std::size_t kNom = kLargeurDeModalite;
 constexpr std::string_view kErreur = "*** Erreur ***";
 constexpr std::string_view kRevenir =
     " n'a pas été créé auparavant : revenir à l'étape antérieure en utilisant la touche 'Annuler'"_w;
 
 // A sentence of refusal, or nothing when the row is as long as its cells.
 std::string FauteDeLigne(const Contexte& contexte, std::string_view ligne, std::size_t cellules, std::size_t numero) {
-  if (ligne.size() >= kNom + cellules) return {};
+  if (ligne.size() >= kLargeurDeModalite + cellules) return {};
   return Joindre({"La ligne ", Nombre(numero), " de ", contexte.Nom(".BRT"), " est trop courte ("_w,
-                  Nombre(ligne.size()), " caractères au lieu de "_w, Nombre(kNom + cellules),
+                  Nombre(ligne.size()), " caractères au lieu de "_w, Nombre(kLargeurDeModalite + cellules),
                   " au moins) : elle ne va pas avec ", contexte.Nom(".MOD")});
 }
 
@@ -109,8 +108,9 @@ void LireLignes(const Contexte& contexte, const Chemin& brt, TableOuverte& ouver
       ouverte.message = {std::string(kErreur), faute};
       return;
     }
-    ouverte.table.lignes.push_back({std::string(ligne.substr(0, kNom)), std::string(ligne.substr(kNom, cellules)),
-                                    std::string(ligne.substr(kNom + cellules)), false});
+    ouverte.table.lignes.push_back({std::string(ligne.substr(0, kLargeurDeModalite)),
+                                    std::string(ligne.substr(kLargeurDeModalite, cellules)),
+                                    std::string(ligne.substr(kLargeurDeModalite + cellules)), false});
   }
 }
 
@@ -146,8 +146,7 @@ void Ouvrir(const Contexte& contexte, TableOuverte& ouverte) {
     return;
   }
   if (parametres.largeur < 1) {
-    ouverte.message = {std::string(kErreur),
-                       Joindre({"Erreur : pas de parametre FMT= dans le fichier ", contexte.Nom(".MOD")})};
+    ouverte.message = {std::string(kErreur), FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::AvecLeFichier).phrase};
     return;
   }
   LireLignes(contexte, *brt, ouverte);
@@ -210,7 +209,8 @@ std::vector<std::size_t> LignesDuNom(const TableGeree& table, std::string_view n
   chercher([&](std::string_view intitule) { return Rogner(intitule) == cherche; });
   if (!trouvees.empty()) return trouvees;
   chercher([&](std::string_view intitule) {
-    return PorteUnCode(intitule) && (MotDeLIntitule(intitule) == cherche || Rogner(intitule.substr(kNom)) == cherche);
+    return PorteUnCode(intitule) &&
+           (MotDeLIntitule(intitule) == cherche || Rogner(intitule.substr(kLargeurDeModalite)) == cherche);
   });
   return trouvees;
 }

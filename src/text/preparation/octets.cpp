@@ -14,7 +14,8 @@ constexpr int kEsperluettesQuiGardent = 3;  // a line end behind so many "&" sta
 
 bool Entre(unsigned c, unsigned bas, unsigned haut) { return c >= bas && c <= haut; }
 
-// What becomes of each letter that has an accent: the forms that it has in the code page.
+// What becomes of each letter that has an accent: the forms that it has in the code page. Not what SansAccent makes of
+// them: a capital gives a small letter here, Æ an a and Ø an o, while ñ, ý and ÿ stay.
 struct FormesAccentuees {
   char lettre;
   std::string_view formes;
@@ -22,7 +23,7 @@ struct FormesAccentuees {
 constexpr FormesAccentuees kAccentuees[] = {{'a', "ÀÁÂÃÄÅÆàáâãäå"_w}, {'e', "ÈÉÊËèéêë"_w}, {'i', "ÌÍÎÏìíîï"_w},
                                             {'o', "ÒÓÔÕÖØòóôõöø"_w},  {'u', "ÙÚÛÜùúûü"_w}, {'c', "Çç"_w}};
 
-unsigned SansAccent(unsigned c) {
+unsigned SansAccentDuTexte(unsigned c) {
   for (const FormesAccentuees& accentuees : kAccentuees)
     if (accentuees.formes.find(static_cast<char>(c)) != std::string_view::npos)
       return static_cast<unsigned char>(accentuees.lettre);
@@ -47,7 +48,7 @@ std::array<char, 256> TableDe(const OptionsPrepText& options) {
   std::array<char, 256> table{};
   for (unsigned octet = 0; octet < table.size(); ++octet) {
     unsigned c = octet;
-    if (options.accents) c = SansAccent(c);
+    if (options.accents) c = SansAccentDuTexte(c);
     if (options.ponctuation) c = SansPonctuation(c);
     if (options.majusculesEnMin && Entre(c, 'A', 'Z')) c += kVersMinuscule;
     if (options.minusculesEnMaj && Entre(c, 'a', '~')) c -= kVersMinuscule;

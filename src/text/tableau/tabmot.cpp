@@ -9,8 +9,9 @@
 #include "core/enquete/noms.h"
 #include "core/enquete/parametres.h"
 #include "core/fichiers/jeu.h"
+#include "core/panne/annonce.h"
+#include "core/panne/attention.h"
 #include "core/programme/arret.h"
-#include "core/programme/attention.h"
 #include "core/programme/place.h"
 #include "text/commun/intitule.h"
 #include "text/commun/lignedemot.h"
@@ -98,7 +99,7 @@ std::size_t ExigerQuestions(Rapport& rapport, const Contexte& contexte, const En
   std::string_view ligne;
   if (!lecteur.Lire(ligne))
     AvertirEtArreter(rapport, contexte.Ecran(),
-                     Joindre({"*** Arrêt du programme : le fichier "_w, contexte.Nom(".DAT"),
+                     Joindre({kArretDuProgramme, "le fichier ", contexte.Nom(".DAT"),
                               " est vide, faire d'abord le découpage en mots"_w}));
   const std::optional<std::size_t> largeur = LargeurDesCaracteristiques(ligne);
   if (!largeur)

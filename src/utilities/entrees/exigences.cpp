@@ -17,7 +17,7 @@ void ExigerEntrees(Rapport& rapport, const Contexte& contexte, std::initializer_
   bool manque = false;
   for (const EntreeChoisie& entree : entrees) {
     if (entree.chemin) continue;
-    rapport.Ligne({"*** Le fichier ", entree.nom, " n'existe pas"});
+    rapport.Ligne(PhraseDAbsence(entree.nom, kLeFichierEnRelief));
     manque = true;
   }
   if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArretSansFichiers);
@@ -32,8 +32,9 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
 void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGenerique& tableau) {
   rapport.Lignes(tableau.parametres.remarques);
   if (tableau.AUnFormat()) return;
-  contexte.Ecran().demander("Erreur : pas de FMT= : il faut corriger le fichier *.MOD", Boutons::Ok);
-  throw Erreur(kArretAnnonce);
+  FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier);
+  contexte.Ecran().demander(Joindre({faute.phrase, " : il faut corriger le fichier *.MOD"}), Boutons::Ok);
+  throw Erreur(std::move(faute));
 }
 
 }  // namespace quelvar::utilities

@@ -4,14 +4,11 @@
 #include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/modfile.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 
 namespace quelvar::utilities {
 
 namespace {
-
-constexpr std::size_t kLargeurNom = kLargeurDeModalite;
-constexpr std::size_t kLargeurIntitule = kIntituleDeModaliteAuPlus;
 
 std::int64_t CompterRangees(const Chemin& brt) {
   std::int64_t lues = 0;
@@ -75,7 +72,8 @@ TableauDuGenerique LireTableau(const Contexte& contexte) {
   if (!tableau.AUnFormat()) return tableau;
   if (tableau.parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
   for (const Modalite& modalite : mod.modalites)
-    tableau.colonnes.push_back({modalite.nom, modalite.intitule.substr(0, kLargeurIntitule), modalite.supplementaire});
+    tableau.colonnes.push_back(
+        {modalite.nom, modalite.intitule.substr(0, kIntituleDeModaliteAuPlus), modalite.supplementaire});
   ExigerTableDuMod(tableau.brt, mod, tableau.parametres);
   tableau.lignesDuFichier = CompterRangees(tableau.brt);
   tableau.lignes = LignesDUnBloc(tableau.parametres, tableau.lignesDuFichier);
@@ -88,17 +86,17 @@ void ParcourirTableau(const TableauDuGenerique& tableau, std::int64_t lignes,
   LigneDeTableau rangee;
   rangee.cellules.resize(tableau.colonnes.size());
   LecteurLignes lecteur(tableau.brt);
-  const std::size_t longueur = kLargeurNom + tableau.colonnes.size() * largeur;
+  const std::size_t longueur = kLargeurDeModalite + tableau.colonnes.size() * largeur;
   for (rangee.rang = 1; rangee.rang <= lignes; ++rangee.rang) {
     const std::string_view ligne = lecteur.LireObligatoire();
     rangee.courte = ligne.size() < longueur;
-    rangee.nom = CadreGauche(ligne, kLargeurNom);
-    std::size_t colonne = kLargeurNom + 1;
+    rangee.nom = CadreGauche(ligne, kLargeurDeModalite);
+    std::size_t colonne = kLargeurDeModalite + 1;
     for (std::string_view& cellule : rangee.cellules) {
       cellule = Milieu(ligne, colonne, largeur);
       colonne += largeur;
     }
-    rangee.intitule = Rogner(Milieu(ligne, colonne)).substr(0, kLargeurIntitule);
+    rangee.intitule = Rogner(Milieu(ligne, colonne)).substr(0, kIntituleDeModaliteAuPlus);
     recevoir(rangee);
   }
 }

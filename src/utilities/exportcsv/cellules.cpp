@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
 #include "core/programme/rapport.h"
 
@@ -16,7 +17,7 @@ constexpr std::size_t kAutour = 3;                  // quotes and separator
 
 std::string TexteDuCode(int code, const std::vector<std::string>& intitules, const OptionsExportCsv& options) {
   if (options.codes) return Nombre(code);
-  if (code == 0) return std::string(kNonReponse);
+  if (code == 0) return std::string(capture::kNonReponse);
   if (const auto rang = static_cast<std::size_t>(code); rang < intitules.size() && !intitules[rang].empty())
     return intitules[rang];
   return Nombre(code);

@@ -15,9 +15,6 @@
 
 namespace quelvar::utilities {
 
-// What stands for a non-response.
-inline constexpr std::string_view kNonReponse = "nr";
-
 // Writes texts of the code page as cells.
 class Tableur {
  public:

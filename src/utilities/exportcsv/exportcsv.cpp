@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
 #include "core/enquete/datfile.h"
@@ -102,8 +103,8 @@ void PrevenirDesReserves(const Contexte& contexte, const Effectifs& effectifs, c
                                 " : le tableur en reçoit "_w, Nombre(effectifs.lus)}));
   if (valeurs.nombre > 0)
     Prevenir(contexte, Joindre({"Valeurs qui ne sont pas des codes de leur question, exportées sous la forme "_w,
-                                options.codes ? "0" : kNonReponse, " : ", Nombre(valeurs.nombre), ", la première : "_w,
-                                valeurs.premiere}));
+                                options.codes ? "0" : capture::kNonReponse, " : ", Nombre(valeurs.nombre),
+                                ", la première : "_w, valeurs.premiere}));
 }
 
 // A spreadsheet holds no blanks around a text.

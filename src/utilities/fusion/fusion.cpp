@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/programme/libelles.h"
 #include "core/programme/place.h"
 #include "core/texte/listes.h"

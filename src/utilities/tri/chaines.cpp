@@ -7,6 +7,7 @@
 #include <span>
 #include <utility>
 
+#include "core/calcul/hachage.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::utilities {
@@ -29,13 +30,8 @@ Entier GrosBoutiste(const char* octets) {
   return valeur;
 }
 
-// Source: D. E. Knuth, "The Art of Computer Programming", volume 3 (1998), 6.4, the multiplicative hash; the shifts
-// bring high and low bits together.
-std::uint64_t Hacher(std::uint64_t valeur) {
-  constexpr std::uint64_t kFacteur = 0x9E3779B97F4A7C15;  // odd, 2^64 over the golden ratio
-  const std::uint64_t h = (valeur ^ (valeur >> 32)) * kFacteur;
-  return h ^ (h >> 29);
-}
+// Keys that differ in their first letters alone differ in the high bits: these come down first, for the product to see.
+std::uint64_t Hacher(std::uint64_t valeur) { return Meler(valeur >> 32, valeur); }
 
 // The distinct values of a part of the keys, in the order in which they are met, and the one of each record.
 class ValeursDistinctes {

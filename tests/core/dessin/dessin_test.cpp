@@ -57,6 +57,8 @@ TEST(Dessin, CalqueCoupe) {
 // "Été" in 10 points: E 667, accented letters as the plain ones, t 278, e 556.
 TEST(Dessin, MesureDesTextes) {
   EXPECT_NEAR(LargeurTexte("Été"_w, 10), 15.01, 1e-9);
+  EXPECT_EQ(LargeurTexte("ÆÐØÞßæðøþ×÷ŸŒ\x7F"_w, 10), LargeurTexte("MDOPsmdop00000", 10))
+      << "the nearest letter, or a digit";
   EXPECT_GT(LargeurTexte("abc", 10, true), LargeurTexte("abc", 10));
   const Zone zone = ZoneDuTexte({100, 50}, "00", {.corps = 10, .ancre = Ancre::Milieu, .niveau = Niveau::Haut});
   EXPECT_NEAR(zone.x, 100 - 5.56, 1e-9);

@@ -157,6 +157,8 @@ TEST_F(Jeu, AFailureAtAnyCallPutsAllBack) {
         const GeneriqueTenu tenu(dossier_.Chemin(), "ENQ", "ENQ.PRT");
         suite = Lire();
         suite.erase(".ENQ.verrou");
+        // A scratch file that could not be removed stays under its own name until the next sweep.
+        std::erase_if(suite, [](const auto& fichier) { return EstNomProvisoire(fichier.first); });
         EXPECT_TRUE(suite == apres_) << "failed at call " << appel;
       }
     }

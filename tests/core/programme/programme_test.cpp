@@ -76,9 +76,18 @@ TEST_F(Cadre, AFailureTellsItsPlaceBesideTheReport) {
          throw Erreur(kArretAnnonce).Situer({"ENQ.POS", 1, 1});
        },
        ""},
+      {[] {
+         throw Erreur(FauteSituee{"la question SEX n'a pas de code", {"ENQ.MOD", 4}}).Situer({"ENQ.DAT", 1, 1});
+       },
+       "la question SEX n'a pas de code (ENQ.MOD, ligne 4)"},
+      {[] {
+         throw Erreur(FauteSituee{"personne ne sait où"}).Situer({"ENQ.DAT", 1, 1});
+       },
+       ""},
   };
   for (const auto& [faute, panne] : cas) {
     EXPECT_EQ(Executer([&faute = faute](Rapport&) { faute(); }), Fin::Arret);
+    EXPECT_EQ(vu_.texte.find("SEX"), std::string::npos) << "the report has its own words";
     if (panne == "faute du programme") EXPECT_NE(vu_.panne.find(panne), std::string::npos) << vu_.panne;
     else EXPECT_EQ(vu_.panne, panne);
   }

@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "core/texte/caracteres.h"
 #include "core/texte/utf16.h"
 
 namespace quelvar {
@@ -31,6 +32,26 @@ TEST(Texte, CaseCoversAccentedLetters) {
   EXPECT_EQ(Minuscules("ÉTÉ ŒUVRE Ÿ Ž ×"_w), "été œuvre ÿ ž ×"_w);
   EXPECT_TRUE(EgalSansCasse("Enquête"_w, "ENQUÊTE"_w));
   EXPECT_FALSE(EgalSansCasse("ENQ", "ENQA"));
+}
+
+TEST(Texte, AnAccentIsTakenOffALetterAndNothingElseChanges) {
+  std::string sans("ÀÉÎÕÜÝÇÑ àéîõüýçñÿ"_w);
+  for (char& c : sans) c = SansAccent(c);
+  EXPECT_EQ(sans, "AEIOUYCN aeiouycny");
+  for (const char c : "AZaz09 ÆØÐÞßæøðþ×÷ŒŸŠ€"_w) EXPECT_EQ(SansAccent(c), c);
+}
+
+// Each byte at each of the eight places, beside bytes that are within the limit.
+TEST(Caracteres, EightBytesAreJudgedAsEachAlone) {
+  for (const unsigned limite : {0U, 9U, 0x7FU})
+    for (unsigned octet = 0; octet < 256; ++octet)
+      for (unsigned place = 0; place < 8; ++place) {
+        const std::uint64_t octets =
+            HuitFois(static_cast<unsigned char>(limite / 2)) & ~(std::uint64_t{0xFF} << 8 * place);
+        const std::uint64_t fautif =
+            AuDela(octets | std::uint64_t{octet} << 8 * place, HuitFois(SeuilDe(static_cast<unsigned char>(limite))));
+        EXPECT_EQ(fautif, octet > limite ? std::uint64_t{0x80} << 8 * place : 0) << octet << " at " << place;
+      }
 }
 
 TEST(Texte, OnlyBlanksAreTrimmed) {

@@ -218,10 +218,10 @@ EtatPlan AvecLiens() {
 TEST(Plan, MarksChooseLinksAndColours) {
   EtatPlan etat = AvecLiens();
   BasculerMarque(etat, 3);
-  EXPECT_EQ(etat.reglages.marques[3], 10);
+  EXPECT_EQ(etat.reglages.marques[3], kMarqueColonne);
   EXPECT_EQ(Traits(etat, "liens"), (std::vector<Trait>{{{800, -400}, {10, 20}, Couleur::Rouge}}));
   BasculerMarque(etat, 5);
-  EXPECT_EQ(etat.reglages.marques[5], 9);
+  EXPECT_EQ(etat.reglages.marques[5], kMarqueLigne);
   EXPECT_EQ(Traits(etat, "liens").size(), 2U);
   etat.reglages.liens.actif = false;
   std::map<std::int32_t, Couleur> couleurs;

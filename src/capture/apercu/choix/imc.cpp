@@ -7,6 +7,7 @@
 
 #include "capture/apercu/choix/devenir.h"
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::capture {
@@ -74,8 +75,8 @@ class Analyse {
   Analyse(std::string_view reste, std::int64_t numero) : ligne_(reste), reste_(reste), numero_(numero) {}
 
   [[noreturn]] void Refuser(Texte raison) const {
-    throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : ligne "_w, Nombre(numero_),
-                                                " du fichier des choix, ", raison, " : ", ligne_}));
+    throw Erreur(kIncompatibiliteType, Joindre({kArretDuProgramme, "ligne ", Nombre(numero_), " du fichier des choix, ",
+                                                raison, " : ", ligne_}));
   }
 
   // A text up to one of the signs, or a quoted one.

@@ -5,13 +5,14 @@
 
 #include "capture/apercu/choix/noms.h"
 #include "capture/apercu/observation/mots.h"
+#include "capture/apercu/octets/cellule.h"
 #include "core/enquete/nomdemodalite.h"
 
 namespace quelvar::capture {
 
 namespace {
 
-constexpr int kGroupesProposes = 5;
+constexpr int kGroupesProposes = 5;  // fifths, each with enough individuals to be crossed
 
 // The title without what tells one answer from another: "q3_1", "q3[SQ001]", "q3[SQ001]. Loisirs [Sport]", "Loisirs
 // [Sport]" give "q3", "q3", "q3", "Loisirs". Empty for a title that has no such part.

@@ -3,6 +3,7 @@
 #include "capture/apercu/choix/imc.h"
 #include "capture/apercu/choix/proposition.h"
 #include "capture/apercu/observation/apercu.h"
+#include "core/panne/annonce.h"
 
 namespace quelvar::capture {
 
@@ -48,7 +49,7 @@ std::vector<ChoixDeColonne> ChoixDeFichier(const Contexte& contexte, const Optio
   const std::optional<Chemin> fichier = ChercherFichier(contexte.repertoire, options.fichierChoix);
   if (!fichier)
     throw Erreur(kFichierIntrouvable,
-                 Joindre({"*** Arrêt du programme : le fichier des choix "_w, options.fichierChoix, " n'existe pas"}));
+                 Joindre({kArretDuProgramme, "le fichier des choix ", options.fichierChoix, " n'existe pas"}));
   ChoixApparies apparies = Apparier(proposes, LireImc(*fichier));
   for (const std::string& titre : apparies.sansChoix)
     doutes.push_back(Joindre(

@@ -23,7 +23,7 @@ struct Apercu {
   std::uintmax_t octets = 0;           // length of the file
 };
 
-inline constexpr std::size_t kLignesApercu = 200;
+inline constexpr std::size_t kLignesApercu = 200;  // some screens of a table: enough to see how it was read
 
 // Files up to this many bytes are read whole: nobody waits for them.
 inline constexpr std::uintmax_t kApercuEntier = std::uintmax_t{4} << 20;

@@ -5,22 +5,23 @@
 
 #include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kIrregulieresGardees = 1000;
-constexpr std::int64_t kPas = 1024;  // rows between two calls of the follower
+constexpr std::size_t kIrregulieresGardees = 1000;  // far more than are told; the others are counted
+constexpr std::int64_t kPas = 1024;                 // rows between two calls of the follower
 
 }  // namespace
 
 void ExamenDeTable::AssurerColonnes(std::size_t nombre) {
   if (nombre <= colonnes_.size()) return;
   if (nombre > kColonnesAuPlus)
-    throw Erreur(kDepassementCapacite, Joindre({"*** Arrêt du programme : une ligne a plus de "_w,
-                                                Nombre(kColonnesAuPlus), " colonnes ; vérifiez le séparateur"_w}));
+    throw Erreur(kDepassementCapacite, Joindre({kArretDuProgramme, "une ligne a plus de ", Nombre(kColonnesAuPlus),
+                                                " colonnes ; vérifiez le séparateur"_w}));
   colonnes_.resize(nombre);
 }
 
@@ -136,7 +137,7 @@ SignesDeTable ExamenDeTable::Signes() const {
 FaitsDeTable ExamenDeTable::Conclure(const LecteurDeRangees& lecteur) const {
   if (faits_.individus == 0)
     throw Erreur(kIncompatibiliteType,
-                 Joindre({"*** Arrêt du programme : le fichier ne contient que des intitulés, aucun individu"_w}));
+                 Joindre({kArretDuProgramme, "le fichier ne contient que des intitulés, aucun individu"_w}));
   FaitsDeTable faits = faits_;
   faits.etrangers = lecteur.Etrangers();
   faits.ligneEtrangere = lecteur.LigneEtrangere();

@@ -79,9 +79,8 @@ struct FaitsDeColonne {
   std::int64_t nonReponses = 0;     // cells "nr", as the export writes the code 0
   bool decimaleDonnee = false;      // the user has laid down the decimal sign
 };
-inline constexpr std::size_t kValeursGardees = 1000;
-inline constexpr std::string_view kNonReponse = "nr";
-inline constexpr std::string_view kTitreDeColonne = "Colonne ";  // and its number, in a table without titles
+inline constexpr std::size_t kValeursGardees = kPlusGrandCode + 1;  // as many as codes, the code 0 among them
+inline constexpr std::string_view kTitreDeColonne = "Colonne ";     // and its number, in a table without titles
 
 // A row that has more cells, or fewer, than there are titles.
 struct LigneIrreguliere {

@@ -11,16 +11,6 @@ namespace quelvar::capture {
 
 namespace {
 
-// A letter without its accent, in lower case.
-char SansAccent(char c) {
-  const char minuscule = Minuscule(c);
-  static constexpr std::string_view kAccents = "àáâãäåçèéêëìíîïñòóôõöùúûüýÿ"_w;
-  static constexpr std::string_view kLettres = "aaaaaaceeeeiiiinooooouuuuyy";
-  const std::size_t rang =
-      static_cast<unsigned char>(minuscule) < 0x80 ? std::string_view::npos : kAccents.find(minuscule);
-  return rang == std::string_view::npos ? minuscule : kLettres[rang];
-}
-
 // Whether a text is one of these words, written in lower case.
 bool EstMot(std::string_view texte, std::initializer_list<std::string_view> mots) {
   const std::string petit = Minuscules(texte);
@@ -30,7 +20,7 @@ bool EstMot(std::string_view texte, std::initializer_list<std::string_view> mots
 
 std::string Pliee(std::string_view texte) {
   std::string pliee(texte);
-  for (char& c : pliee) c = SansAccent(c);
+  for (char& c : pliee) c = SansAccent(Minuscule(c));
   return pliee;
 }
 

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/calcul/hachage.h"
+
 namespace quelvar::capture {
 
 namespace detail {
@@ -38,25 +40,19 @@ inline bool Egaux(const char* a, const char* b, std::size_t taille) {
 
 }  // namespace detail
 
-// Multiplicative hashing by the golden ratio (Knuth, The Art of Computer Programming, volume 3, 6.4), eight bytes at a
-// time; the shifts bring the high bits, which a product mixes best, down to those that find a place.
+// Eight bytes at a time.
 inline std::uint64_t CondenseDeTexte(std::string_view texte) {
-  constexpr std::uint64_t kMelange = 0x9E3779B97F4A7C15ULL;  // 2^64 over the golden ratio
-  std::uint64_t h = texte.size() * kMelange;
+  std::uint64_t h = texte.size() * kNombreDOr;
   const char* p = texte.data();
   const std::size_t taille = texte.size();
   std::uint64_t dernier = 0;
   if (taille >= 8) {
-    for (std::size_t i = 0; i + 8 < taille; i += 8) {
-      h = (h ^ detail::Charger<std::uint64_t>(p + i)) * kMelange;
-      h ^= h >> 29;
-    }
+    for (std::size_t i = 0; i + 8 < taille; i += 8) h = Meler(h, detail::Charger<std::uint64_t>(p + i));
     dernier = detail::Charger<std::uint64_t>(p + taille - 8);
   } else {
     dernier = detail::Court(p, taille);
   }
-  h = (h ^ dernier) * kMelange;
-  return h ^ (h >> 32);
+  return Meler(h, dernier);
 }
 
 // Of a table that holds anything; twice as many whenever half of them are taken.

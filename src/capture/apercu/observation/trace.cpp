@@ -4,6 +4,7 @@
 #include <array>
 
 #include "capture/apercu/observation/faits.h"
+#include "capture/apercu/octets/cellule.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/erreur.h"
 

@@ -8,6 +8,9 @@
 
 namespace quelvar::capture {
 
+// What an export writes for the code 0, a non-response, and an import reads as it.
+inline constexpr std::string_view kNonReponse = "nr";
+
 // A number as it stands in a cell: digits, perhaps in groups of three, one decimal sign, an exponent as spreadsheets
 // write it.
 struct NombreDeCellule {

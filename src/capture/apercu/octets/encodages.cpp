@@ -10,6 +10,7 @@
 #include "capture/apercu/octets/pages.h"
 #include "capture/encodage/pagecode.h"
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
 #include "core/texte/listes.h"
@@ -20,7 +21,7 @@ namespace {
 
 [[noreturn]] void Refuser(const Chemin& source, Texte raison) {
   throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arrêt du programme : le fichier "_w, TexteDe(source.filename()), " ", raison}));
+               Joindre({kArretDuProgramme, "le fichier ", TexteDe(source.filename()), " ", raison}));
 }
 
 struct Signature {

@@ -10,6 +10,7 @@
 #include "capture/apercu/octets/premiereligne.h"
 #include "capture/apercu/octets/rangees.h"
 #include "core/chiffres/nombres.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::capture {
@@ -127,7 +128,7 @@ void ChoisirSeparateur(LectureDetectee& detectee, const Chemin& source, Echantil
     return;
   }
   Essai meilleur;
-  constexpr double kEgalite = 0.1;
+  constexpr double kEgalite = 0.1;  // of the rows: a separator better by less leaves the usual one
   for (const char candidat : kCandidats) {
     lecture.separateur = candidat;
     Echantillon echantillon = Prelever(source, lecture);
@@ -174,7 +175,7 @@ LectureDetectee DetecterLecture(const Chemin& source, EtendueDeLecture etendue) 
   Echantillon echantillon;
   ChoisirSeparateur(detectee, source, echantillon);
   if (echantillon.rangees.empty())
-    throw Erreur(kIncompatibiliteType, Joindre({"*** Arrêt du programme : le fichier "_w, TexteDe(source.filename()),
+    throw Erreur(kIncompatibiliteType, Joindre({kArretDuProgramme, "le fichier ", TexteDe(source.filename()),
                                                 " ne contient aucune valeur."}));
   const PremiereLigne premiere = JugerPremiereLigne(echantillon.rangees);
   if (premiere.titres) detectee.lecture.ligneTitres = static_cast<std::size_t>(echantillon.lignes.front());

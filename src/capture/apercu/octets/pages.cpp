@@ -6,14 +6,13 @@
 
 #include "capture/apercu/octets/cellule.h"
 #include "capture/encodage/pagecode.h"
+#include "core/fichiers/systeme/morceaux.h"
 #include "core/panne/erreur.h"
 #include "core/texte/caracteres.h"
 
 namespace quelvar::capture {
 
 namespace {
-
-constexpr std::size_t kMorceau = std::size_t{1} << 18;
 
 // ISO 8859-15 differs from the code page in eight signs.
 unsigned char DeLatin9(unsigned char octet) {

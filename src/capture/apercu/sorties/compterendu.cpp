@@ -4,7 +4,7 @@
 #include "capture/apercu/sorties/remarques.h"
 #include "capture/apercu/sorties/tableau.h"
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 
 namespace quelvar::capture {
 

@@ -33,7 +33,7 @@ struct Bilan {
   std::vector<std::int64_t> videsParNombre;          // empty cells of each variable kept
   std::size_t finCaracteristiques = 0;               // their last column in .TXT
 };
-inline constexpr std::size_t kRefuseesGardees = 10000;
+inline constexpr std::size_t kRefuseesGardees = 10000;  // lines of the report, which counts the others
 
 struct SortiesDeTable {
   Ecrivain* dat = nullptr;

@@ -15,15 +15,12 @@ namespace quelvar::capture {
 
 namespace {
 
-constexpr std::size_t kLargeurIntitule = kIntituleDeModaliteAuPlus;
-constexpr std::size_t kNom = kLargeurDeModalite;
-
 // The label as a line keeps it; one that would be that of another code ends in a number.
 std::string IntituleDistinct(std::string_view intitule, std::set<std::string>& donnes) {
-  std::string coupe(RognerDroite(intitule.substr(0, kLargeurIntitule)));
+  std::string coupe(RognerDroite(intitule.substr(0, kIntituleDeModaliteAuPlus)));
   for (int numero = 2; !donnes.insert(coupe).second; ++numero) {
     const std::string suite = Joindre({" (", Nombre(numero), ")"});
-    coupe = Joindre({RognerDroite(intitule.substr(0, kLargeurIntitule - suite.size())), suite});
+    coupe = Joindre({RognerDroite(intitule.substr(0, kIntituleDeModaliteAuPlus - suite.size())), suite});
   }
   return coupe;
 }
@@ -39,9 +36,10 @@ std::size_t GarderAnciens(Ecrivain& mod, const Chemin& ancien, const PlanDImport
   LecteurLignes lecteur(ancien);
   std::int64_t numero = 0;
   for (std::string_view ligne; lecteur.Lire(ligne);) {
-    if (++numero <= 2 || ligne.size() < kNom || ligne.substr(0, kNom).find(kFinDeListe) != std::string_view::npos)
+    if (++numero <= 2 || ligne.size() < kLargeurDeModalite ||
+        ligne.substr(0, kLargeurDeModalite).find(kFinDeListe) != std::string_view::npos)
       continue;
-    if (ecrits.contains(std::string(ligne.substr(0, kNom))) ||
+    if (ecrits.contains(std::string(ligne.substr(0, kLargeurDeModalite))) ||
         !questions.contains(std::string(ligne.substr(0, kLargeurDeQuestion))))
       continue;
     if (gardes++ == 0) mod.Ligne(kFinDeListe);
@@ -71,7 +69,7 @@ IntitulesPerdus EcrireModalites(Ecrivain& mod, std::string_view generique, const
     for (const Etiquette& etiquette : plan.etiquettes[k]) {
       const std::string nom = NomDeModalite(colonne.nomCourt, etiquette.code);
       if (!ecrits.insert(nom).second) perdus.communs.push_back(nom);
-      if (etiquette.intitule.size() > kLargeurIntitule)
+      if (etiquette.intitule.size() > kIntituleDeModaliteAuPlus)
         perdus.coupes.push_back(Joindre({nom, " ", etiquette.intitule}));
       mod.Ligne(LigneModalite(nom, false, IntituleDistinct(etiquette.intitule, intitules)));
     }
@@ -84,7 +82,7 @@ void EcrireVariables(Ecrivain& mod, std::string_view generique, const PlanDImpor
   mod.Ligne(generique);
   mod.Ligne(LigneDeParametres({{"FMT=", plan.largeurNombres}}));
   for (const NombreGarde& nombre : plan.nombres)
-    mod.Ligne(LigneModalite(CadreGauche(nombre.nom, static_cast<int>(kNom)), false, nombre.intitule));
+    mod.Ligne(LigneModalite(CadreGauche(nombre.nom, kLargeurDeModalite), false, nombre.intitule));
 }
 
 }  // namespace quelvar::capture

@@ -13,6 +13,7 @@
 #include "core/chiffres/nombres.h"
 #include "core/enquete/nomdemodalite.h"
 #include "core/enquete/posfile.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 
 namespace quelvar::capture {
@@ -20,13 +21,12 @@ namespace quelvar::capture {
 namespace {
 
 constexpr std::size_t kCodesDeTextes = kDernierCodeNomme;
-constexpr std::size_t kColonnesDeReponses = 200;
-constexpr int kTexteLePlusCourt = 4;  // narrower fields have the code-max of a question of codes
-constexpr std::size_t kTexteLePlusLong = 99;
+constexpr std::size_t kColonnesDeReponses = 200;  // of one list: more answers are no list that was read out
+constexpr int kTexteLePlusCourt = 4;              // narrower fields have the code-max of a question of codes
+constexpr std::size_t kTexteLePlusLong = 99;      // what two digits of code-max tell
 
 [[noreturn]] void Refuser(const ColonneImportee& colonne, Texte raison) {
-  throw Erreur(kIncompatibiliteType,
-               Joindre({"*** Arrêt du programme : colonne"_w, NumeroEtIntitule(colonne), ", ", raison}));
+  throw Erreur(kIncompatibiliteType, Joindre({kArretDuProgramme, "colonne", NumeroEtIntitule(colonne), ", ", raison}));
 }
 
 // The title as .POS can hold it between its "$" signs.

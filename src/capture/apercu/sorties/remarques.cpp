@@ -8,7 +8,7 @@
 #include "capture/colonnes/compterendu.h"
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "core/texte/listes.h"
 
 namespace quelvar::capture {

@@ -76,6 +76,11 @@ int Effacer(const char* chemin) {
   return ::unlink(chemin);
 }
 
+int Raccourcir(const char* chemin, std::uint64_t taille) {
+  if (Refuse("raccourcir")) return -1;
+  return ::truncate(chemin, static_cast<off_t>(taille));
+}
+
 int Lier(const char* existant, const char* nouveau) {
   if (Refuse("lier")) return -1;
   return ::link(existant, nouveau);

@@ -21,6 +21,7 @@ ssize_t Ecrire(int descripteur, const void* octets, std::size_t taille);
 int Fermer(int descripteur);
 int Synchroniser(int descripteur);
 int Effacer(const char* chemin);
+int Raccourcir(const char* chemin, std::uint64_t taille);
 int Lier(const char* existant, const char* nouveau);
 int Renommer(const char* de, const char* vers);
 // Fails with EEXIST when there is a file of the second name.

@@ -1,11 +1,11 @@
 #include "core/fichiers/systeme/chemins.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <utility>
 
+#include "core/fichiers/systeme/appels.h"
 #include "core/fichiers/systeme/echecs.h"
 #include "core/texte/texte.h"
 
@@ -71,7 +71,7 @@ std::uintmax_t LongueurFichier(const Chemin& chemin) {
 }
 
 void EffacerFichier(const Chemin& chemin) {
-  if (::unlink(chemin.c_str()) != 0 && errno != ENOENT) LeverErrno(chemin, errno);
+  if (appels::Effacer(chemin.c_str()) != 0 && errno != ENOENT) LeverErrno(chemin, errno);
 }
 
 }  // namespace quelvar

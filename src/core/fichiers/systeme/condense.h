@@ -9,6 +9,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "core/calcul/hachage.h"
+
 namespace quelvar {
 
 // Eight lanes of the FNV-1a step on words of 64 bits, with a rotation that brings the high bits down; lanes of their
@@ -39,19 +41,18 @@ class CondenseDOctets {
     std::memset(fin.attente_.data() + reste_, 0, kBloc - reste_);
     fin.Bloc(fin.attente_.data());
     std::uint64_t valeur = total_;
-    for (const std::uint64_t voie : fin.voies_) valeur = std::rotl((valeur ^ voie) * kFacteur, 29);
+    for (const std::uint64_t voie : fin.voies_) valeur = std::rotl((valeur ^ voie) * kNombreDOr, 29);
     return valeur ^ valeur >> 32;
   }
 
  private:
   static constexpr std::size_t kVoies = 8;
   static constexpr std::size_t kBloc = kVoies * sizeof(std::uint64_t);
-  static constexpr std::uint64_t kFacteur = 0x9E3779B97F4A7C15;  // odd, 2^64 over the golden ratio
 
   void Bloc(const char* octets) {
     std::array<std::uint64_t, kVoies> mots;
     std::memcpy(mots.data(), octets, kBloc);
-    for (std::size_t i = 0; i < kVoies; ++i) voies_[i] = std::rotl((voies_[i] ^ mots[i]) * kFacteur, 31);
+    for (std::size_t i = 0; i < kVoies; ++i) voies_[i] = std::rotl((voies_[i] ^ mots[i]) * kNombreDOr, 31);
   }
 
   std::array<std::uint64_t, kVoies> voies_{1, 2, 3, 4, 5, 6, 7, 8};

@@ -101,7 +101,7 @@ modalities::OptionsPosmod ChoixPosmod::Options() const {
 
 void ChoixPosmod::LancerPosmod() {
   const modalities::OptionsPosmod options = Options();
-  const std::string_view refus = modalities::RefusDeLancer(
+  const std::string refus = modalities::RefusDeLancer(
       options.individus, options.noms,
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Actif, options.codesZero),
       modalities::CompterModalites(prepare_.pos, prepare_.choix, Statut::Supplementaire, options.codesZero));

@@ -38,8 +38,8 @@ void NomeMod::RelierChoix() {
     ui_->TextMsg->setPlainText(VersQt(modalities::GuideDuChoix()));
   });
   connect(ui_->CaseCodZ, &QCheckBox::toggled, this, &NomeMod::MontrerNombre);
-  connect(ui_->BoutLancer, &QPushButton::clicked, this, &NomeMod::LancerCreation);
-  connect(ui_->BoutModif, &QPushButton::clicked, this, &NomeMod::OuvrirModification);
+  connect(ui_->BoutLancer, &QPushButton::clicked, this, [this] { Garder([this] { LancerCreation(); }); });
+  connect(ui_->BoutModif, &QPushButton::clicked, this, [this] { Garder([this] { OuvrirModification(); }); });
 }
 
 void NomeMod::RelierEdition() {

@@ -4,20 +4,34 @@
 #include <QLayout>
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 #include "forms/qt/texte.h"
 #include "ui_prem.h"
 
 namespace quelvar::forms {
 
+namespace {
+
+// A directory that may not be entered holds none that could be read.
+bool EstLa(const Chemin& initialisation) {
+  std::error_code ignore;
+  return std::filesystem::exists(initialisation, ignore);
+}
+
+}  // namespace
+
 Prem::Prem(Services& services) : Forme(services), ui_(std::make_unique<Ui::Prem>()) {
   ui_->setupUi(this);
   ui_->Repertoires->Aller(QDir::homePath());
   connect(ui_->BdatOui, &QRadioButton::toggled, this, &Prem::MontrerSuite);
   connect(ui_->BdatNon, &QRadioButton::toggled, this, &Prem::MontrerSuite);
-  connect(ui_->BnouvDir, &QPushButton::clicked, this, &Prem::CreerRepertoire);
-  connect(ui_->BnomDir, &QPushButton::clicked, this, &Prem::EnregistrerRepertoire);
-  connect(ui_->BnomGen, &QPushButton::clicked, this, &Prem::EnregistrerGenerique);
+  const auto relier = [this](const QPushButton* bouton, void (Prem::*effet)()) {
+    connect(bouton, &QPushButton::clicked, this, [this, effet] { Garder([this, effet] { (this->*effet)(); }); });
+  };
+  relier(ui_->BnouvDir, &Prem::CreerRepertoire);
+  relier(ui_->BnomDir, &Prem::EnregistrerRepertoire);
+  relier(ui_->BnomGen, &Prem::EnregistrerGenerique);
   const auto passer = [this](const char* action) {
     return [this, action] {
       close();
@@ -64,7 +78,7 @@ void Prem::CreerRepertoire() {
 // The generic in force, if any, becomes that of a directory that has none.
 bool Prem::EmporterLeGenerique(const Chemin& initialisation) {
   const Session& session = services_.session;
-  if (session.generique.empty() || std::filesystem::exists(initialisation)) return true;
+  if (session.generique.empty() || EstLa(initialisation)) return true;
   try {
     EcrireInitialisation(initialisation.parent_path(), session.generique, session.niveau);
     return true;
@@ -82,7 +96,7 @@ void Prem::reject() {
 void Prem::EnregistrerRepertoire() {
   const QString choisi = ui_->Repertoires->Designe();
   const Chemin initialisation = CheminInitialisation(CheminDepuisQt(choisi));
-  const bool nouvelle = !std::filesystem::exists(initialisation);
+  const bool nouvelle = !EstLa(initialisation);
   if (!EmporterLeGenerique(initialisation)) return;
   if (!services_.ouvrirInitialisation(initialisation)) {
     if (nouvelle) EffacerFichier(initialisation);

@@ -33,7 +33,9 @@ void RepertoireEnCours::ListerInitialisations() {
 
 void RepertoireEnCours::OuvrirInitialisation() {
   if (const QListWidgetItem* ligne = ui_->FileDir->currentItem())
-    services_.ouvrirInitialisation(CheminDepuisQt(QDir(ui_->Repertoires->Courant()).filePath(ligne->text())));
+    Garder([this, nom = ligne->text()] {
+      services_.ouvrirInitialisation(CheminDepuisQt(QDir(ui_->Repertoires->Courant()).filePath(nom)));
+    });
 }
 
 // It stands at the present directory each time.

@@ -19,6 +19,7 @@ namespace {
 using essai::Bureau;
 using essai::Champ;
 using essai::Cliquer;
+using essai::ContenuDe;
 using essai::Etiquette;
 using essai::Lignes;
 using essai::Pilote;

@@ -144,4 +144,21 @@ TEST(Repertoires, DoubleClicEtFichierInitialisation) {
   EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "ENQ");
 }
 
+// A name that leads to itself is neither there nor away: looking for it is refused by the system.
+TEST(Prem, UneInitialisationInsaisissableLaisseLaFenetre) {
+  BureauEnq bureau(2);
+  bureau.AvecDonnees();
+  const std::filesystem::path boucle = bureau.Dossier() / "Boucle";
+  std::filesystem::create_directory(boucle);
+  std::filesystem::create_symlink("Qvr2.ini", boucle / "Qvr2.ini");
+  qputenv("HOME", QByteArray::fromStdString(bureau.Dossier().string()));
+  bureau.Ouvrir();
+  auto& prem = bureau.Demander<Prem>("mnuPrem");
+  Cliquer(prem, "BdatOui");
+  DoubleClic(Bureau::Dans<QListWidget>(prem, "Dir1"), "Boucle");
+  Cliquer(prem, "BnomDir");
+  EXPECT_TRUE(prem.isVisible() && bureau.Fenetre().isVisible());
+  EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.repertoire, boucle);
+}
+
 }  // namespace

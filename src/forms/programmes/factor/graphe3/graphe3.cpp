@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
-#include "core/programme/attention.h"
+#include "core/panne/attention.h"
 #include "forms/images/rendudessin.h"
 #include "forms/qt/texte.h"
 #include "modalities/regroupement/modifburt.h"

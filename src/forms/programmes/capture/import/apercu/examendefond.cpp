@@ -1,7 +1,6 @@
 #include "forms/programmes/capture/import/apercu/examendefond.h"
 
 #include <memory>
-#include <new>
 
 #include "core/panne/erreur.h"
 #include "forms/qt/texte.h"
@@ -26,10 +25,8 @@ void ExamenDeFond::Commencer(const Chemin& texte, const capture::Lecture& lectur
             Qt::QueuedConnection);
         return true;
       });
-    } catch (const Erreur& erreur) {
-      phrase = VersQt(TexteErreur(erreur));
-    } catch (const std::bad_alloc&) {
-      phrase = VersQt(TexteErreur(kMemoireInsuffisante));
+    } catch (...) {  // nobody stands behind the thread
+      phrase = VersQt(TexteErreur(ErreurEnCours()));
     }
     QMetaObject::invokeMethod(
         this,
