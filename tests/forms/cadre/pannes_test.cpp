@@ -1,14 +1,19 @@
-// What fails outside of the runs: in an entry of the menu, in the making of a form, in a handler of its own. It is told,
-// and the window stays.
+// What fails outside of the runs: in an entry of the menu, in the making of a form, in a handler of its own. It is
+// told, and the window stays.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QLabel>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <filesystem>
+#include <functional>
+#include <new>
 #include <stdexcept>
+#include <string>
+#include <system_error>
 
 #include "core/options/option.h"
 #include "core/programme/annulation.h"
@@ -72,19 +77,18 @@ void MettreUnRepertoire(const Bureau& bureau, const char* nom) {
 }
 
 // The form reads the names of the answers as it is made.
-TEST(Pannes, UneFormeQuiNePeutPasSeFaireLeDitParLaBoite) {
+TEST(Pannes, UneFormeQuiNePeutPasSeFaireLeDit) {
   essai::BureauEnq bureau(2);
   bureau.AvecDonnees();
   bureau.Ecrire("ENQ.DES", "SEX     2     \r\n");
   MettreUnRepertoire(bureau, "ENQ.MOD");
   bureau.Ouvrir();
+  const Pilote pilote;
   for (int fois = 0; fois < 2; ++fois) {  // the menu opens again
-    Pilote pilote;
-    pilote.Cliquer("OK");
+    bureau.Controle<QPlainTextEdit>("Text1").clear();
     bureau.Menu("mnuSaisie");
     QCoreApplication::processEvents();
-    ASSERT_EQ(pilote.Vues().size(), 1);
-    EXPECT_TRUE(pilote.Vues().front().contains("ENQ.MOD")) << pilote.Vues().front().toStdString();
+    EXPECT_EQ(bureau.Texte(), "ENQ.MOD est un répertoire et non un fichier : Erreur d'accès chemin/fichier\n");
     EXPECT_TRUE(bureau.Fenetre().isVisible());
   }
 }
@@ -98,13 +102,14 @@ void Remettre(BureauComplet& bureau, const essai::CopieDuDossier& avant) {
 }
 
 // What a user does who wants the thing done: the first line of each list, the buttons that choose, those that launch.
-void Lancer(QWidget& forme) {
-  for (auto* liste : forme.findChildren<QListWidget*>())
+void Lancer(const QPointer<quelvar::forms::Forme>& forme) {
+  for (auto* liste : forme->findChildren<QListWidget*>())
     if (liste->isVisible() && liste->currentRow() < 0) liste->setCurrentRow(0);
   for (const char* nom : {"BoutActPlus", "BoutPlus", "CmdFichDAT", "Lancer", "BoutLancer", "BoutLancerTri", "BtLancer",
                           "CbLancer", "BoutonTriapl", "BoutModif", "BoutonCAH", "BoutEnreg", "BtEnreg", "BtFin",
                           "BoutListe", "BoutArret", "BoutonQuitter"}) {
-    auto* bouton = forme.findChild<QAbstractButton*>(QString::fromLatin1(nom));
+    if (!forme) return;  // gone with a launch
+    auto* bouton = forme->findChild<QAbstractButton*>(QString::fromLatin1(nom));
     if (bouton == nullptr || !bouton->isVisible() || !bouton->isEnabled()) continue;
     QTest::mouseClick(bouton, Qt::LeftButton);
     QCoreApplication::processEvents();
@@ -136,7 +141,7 @@ TEST(Pannes, UnRepertoireALaPlaceDUnFichierEstDitParToutesLesEntrees) {
       const QList<quelvar::forms::Forme*> ouvertes = bureau.Ouvertes();
       EXPECT_TRUE(!ouvertes.isEmpty() || !dits.isEmpty() || !texte.toPlainText().isEmpty()) << "nothing is told";
       for (const QPointer<quelvar::forms::Forme> forme : ouvertes)
-        if (forme) Lancer(*forme);
+        if (forme) Lancer(forme);
       QCoreApplication::processEvents();
       EXPECT_TRUE(bureau.Fenetre().isVisible());
       EXPECT_FALSE((dits.join(u'\n') + texte.toPlainText()).contains("faute du programme"))
