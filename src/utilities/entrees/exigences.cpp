@@ -32,9 +32,9 @@ void ExigerTableau(Rapport& rapport, const Contexte& contexte) {
 void ExigerFormat(Rapport& rapport, const Contexte& contexte, const TableauDuGenerique& tableau) {
   rapport.Lignes(tableau.parametres.remarques);
   if (tableau.AUnFormat()) return;
-  FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier);
+  const FauteSituee faute = FauteDeFormat(contexte.Nom(".MOD"), MotsDuFormat::SansLeFichier);
   contexte.Ecran().demander(Joindre({faute.phrase, " : il faut corriger le fichier *.MOD"}), Boutons::Ok);
-  throw Erreur(std::move(faute));
+  throw Erreur(kArretAnnonce);  // one box is enough
 }
 
 }  // namespace quelvar::utilities
