@@ -325,7 +325,7 @@ TEST_F(MauvaisesEntrees, LesArretsDisentLeurLieu) {
       {"reglin", {}, codage, court},
       {"modifburt", {{"colonnes", "C1"}}, table, court},
       {"profilmod", {{"modalites", "C1"}}, table, court},
-      {"gendat", {}, table, court},
+      {"gendat", {}, table, ""},  // its box has told all
       {"anecar", {}, table, avecLeFichier},
       {"ecapem", {}, table, avecLeFichier},
   };
