@@ -69,7 +69,7 @@ TEST(Application, CeQuiEchappeAUnGestionnaireEstDitEtLaFenetreReste) {
   };
   for (const Cas& cas : tous) {
     SCOPED_TRACE(cas.phrase);
-    const SansCompterLesFuites silence;
+    [[maybe_unused]] const SansCompterLesFuites silence;
     Pilote pilote;
     QPushButton bouton;
     int clics = 0;
