@@ -16,7 +16,8 @@
 namespace quelvar::forms {
 
 // The network file is written when its box is ticked, and as the graph stands when the form is left. It is of what the
-// form holds, as the pictures are: no file is read and no report made, so it is saved as they are and not run.
+// form holds, as the pictures are: no file is read and no report made, so it is no run; it takes its place as the
+// outputs of a run do, with the generic held, and the former file stays where it cannot.
 void Graphe3::EcrireLeReseau() {
   LireReglages();
   if (!etat_.reglages.liens.actif || !ui_->FichPajek->isChecked()) return;
