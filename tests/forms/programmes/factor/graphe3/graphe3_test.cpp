@@ -12,6 +12,8 @@
 #include <array>
 #include <map>
 
+#include "core/fichiers/releve.h"
+#include "core/fichiers/systeme/marque.h"
 #include "forms/programmes/factor/graphe3/plan.h"
 
 using namespace quelvar::factor;
@@ -470,6 +472,26 @@ TEST(Graphe3, LaCommandeFaitCeQueFaitLeFormulaire) {
     });
     EXPECT_TRUE(commande.contains(cas.contient)) << commande.toStdString();
   }
+}
+
+// What a killed run has left is finished by whoever writes next, and told.
+TEST(Graphe3, LeReseauDitCeQuIlRepare) {
+  BureauDePlan bureau;
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "CheckPEM");
+  bureau.Ecrire("ENQ.CDG", "1   1010\r\n");
+  quelvar::EntreeDeReleve entree;
+  entree.genre = quelvar::GenreDEntree::Efface;
+  entree.cible = bureau.Dossier() / "ENQ.CDG";
+  entree.provisoire = bureau.Dossier() / "ENQ.CDG~";
+  ASSERT_TRUE(quelvar::NoterEtat(entree.cible, entree.noeud, entree.instant));
+  quelvar::EcrireReleve(quelvar::CheminDeReleve(bureau.Dossier(), "ENQ"), {quelvar::AmorceDuSysteme(), {entree}},
+                        false);
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  Cliquer(forme, "FichPajek");
+  EXPECT_TRUE(pilote.Vues().join("").contains("ceux-ci sont effacés : ENQ.CDG"));
+  EXPECT_TRUE(bureau.Existe("ENQ.net") && !bureau.Existe("ENQ.CDG"));
 }
 
 // A disk that is full leaves the former network, tells which file, and takes the box off.
