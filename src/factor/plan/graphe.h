@@ -77,7 +77,8 @@ struct OptionsGraphe {
 // Links, rows' links, the tree or the network file are asked for.
 bool DemandeDesLiens(const OptionsGraphe& options);
 
-// The options that make the picture as the form has it.
+// The options that make the picture as the form has it, but for what the sums of many moves leave of rounding, which
+// may turn a last digit.
 OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek);
 // The other way round, what a box or a button stands for: how points, links, tree, classes and ellipses are drawn. The
 // rest is changed by itself, for it follows from something else than an option as it stands: axes, which may change

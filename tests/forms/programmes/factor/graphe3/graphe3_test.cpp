@@ -151,6 +151,11 @@ TEST(Graphe3, SizeWheelAndDrag) {
   EXPECT_GT(limites().droite, debut.droite);  // the image has gone to the left
   Cliquer(forme, "BoutonRAZ");
 
+  // Moves that are taken back are none for the command.
+  Cliquer(forme, {"BtPlus", "Command3", "Command6", "BtMoins", "BtPlusF", "BtMoinsF"});
+  Pilote pilote;
+  EXPECT_EQ(essai::CommandeMontree(pilote, forme), "quelvar-batch --niveau 2 graphe ENQ");
+
   VueDessin& image = Image(forme);
   const QPoint place = PlaceDe(forme, {400, 200});
   QWheelEvent molette(place, image.viewport()->mapToGlobal(place), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
@@ -403,7 +408,7 @@ TEST(Graphe3, LeavingShowsTheReport) {
 struct CasDeCommande {
   const char* nom;
   std::vector<std::pair<const char*, const char*>> gestes;  // a control, and what is typed there
-  const char* contient;                                     // of the line
+  const char* contient;                                     // of the line, ended by ";"
 };
 
 const CasDeCommande kCommandes[] = {
@@ -420,7 +425,7 @@ const CasDeCommande kCommandes[] = {
      "gras=oui ellipses=mediane marques=A1"},
     {"AxesEchanges",
      {{"CheckContrib", nullptr}, {"CheckInvX", nullptr}, {"InvXY", nullptr}, {"Opt2", nullptr}, {"Opt1", nullptr}},
-     "graphe ENQ horizontal=2 vertical=1 inversery=oui contributions=oui ellipses"},
+     "graphe ENQ horizontal=2 vertical=1 inversery=oui contributions=oui ellipses=mediane marques=A1;"},
     // The plane keeps its limits when fewer points or more are shown, and the mouse moves them by what it likes.
     {"Cadre",
      {{"Opt3", nullptr},
@@ -447,7 +452,7 @@ const CasDeCommande kCommandes[] = {
     // Boxes without effect while the one that they depend on is not ticked.
     {"CasesSansEffet",
      {{"BtVal", nullptr}, {"CheckArbrMin", nullptr}, {"BtCouleursOui", nullptr}, {"FichPajek", nullptr}},
-     "graphe ENQ ellipses=mediane marques=A1"},
+     "graphe ENQ ellipses=mediane marques=A1;"},
 };
 
 // The line that the form shows makes the picture, the network and the report that the form makes.
@@ -470,7 +475,7 @@ TEST(Graphe3, LaCommandeFaitCeQueFaitLeFormulaire) {
       Cliquer(forme, {"BoutonEnregSous", "BoutonQuitter"});
       EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Texte().contains("Graphique factoriel + Ellipse(s)"); }));
     });
-    EXPECT_TRUE(commande.contains(cas.contient)) << commande.toStdString();
+    EXPECT_TRUE((commande + ";").contains(cas.contient)) << commande.toStdString();
   }
 }
 
