@@ -33,23 +33,6 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_vi
   }
 }
 
-namespace {
-
-// The words of the two lines stand across the places of the columns, which no title of theirs does.
-TableauEdite TeteDesColonnes(bool sansIntitules) {
-  TableauEdite tete;
-  if (sansIntitules) {
-    tete.titres.emplace_back("Numéro         1ère position      Largeur  "_w);
-    tete.titres.emplace_back("colonne     dans données *.DAT             "_w);
-  } else {
-    tete.titres.emplace_back("Numéro   Code      1ère position  Largeur  Nom    Pris en compte   Intitulé de"_w);
-    tete.titres.emplace_back("colonne  maximum  dans données *.DAT       court    dans *.POS     la colonne"_w);
-  }
-  return tete;
-}
-
-}  // namespace
-
 void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
                       bool sansIntitules) {
   rapport.Ligne();
@@ -63,11 +46,7 @@ void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colo
   rapport.Ligne();
   rapport.Ligne("Résultat de l'importation pour chaque colonne"_w);
   rapport.Ligne();
-  const TableauEdite tableau = TableauDesColonnes(colonnes, sansIntitules);
-  const FormeEnRangees forme = FormeDesColonnes(sansIntitules);
-  ImprimeurDeRangees imprimeur(rapport, forme, tableau.colonnes.size());
-  imprimeur.Tete(TeteDesColonnes(sansIntitules));
-  for (const Rangee& rangee : tableau.rangees) imprimeur.Imprimer(rangee);
+  ImprimerRangees(rapport, TableauDesColonnes(colonnes, sansIntitules), FormeDesColonnes(sansIntitules));
 }
 
 std::string NumeroEtIntitule(const ColonneImportee& colonne) {

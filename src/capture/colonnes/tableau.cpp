@@ -17,11 +17,11 @@ std::string_view IntituleMontre(const ColonneImportee& colonne) {
 
 Rangee RangeeDe(const ColonneImportee& colonne) {
   return {.titre = {},
-          .intitule = std::string(IntituleMontre(colonne)),
+          .intitule = {},
           .cellules = {CelluleEntiere(colonne.rang), CelluleEntiere(colonne.codeMax), CelluleEntiere(colonne.position),
                        CelluleEntiere(colonne.largeur),
                        CelluleTexte(colonne.DansPos() ? std::string_view(colonne.nomCourt) : std::string_view()),
-                       CelluleTexte(PriseEnCompte(colonne))}};
+                       CelluleTexte(PriseEnCompte(colonne)), CelluleTexte(IntituleMontre(colonne))}};
 }
 
 Rangee RangeeSansIntitule(const ColonneImportee& colonne) {
@@ -41,7 +41,7 @@ TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bo
   if (sansIntitules) nommer({"Numéro colonne"_w, "1ère position dans données *.DAT"_w, "Largeur"});
   else
     nommer({"Numéro colonne"_w, "Code maximum", "1ère position dans données *.DAT"_w, "Largeur", "Nom court",
-            "Pris en compte dans *.POS"});
+            "Pris en compte dans *.POS", "Intitulé de la colonne"_w});
   for (const ColonneImportee& colonne : colonnes)
     tableau.rangees.push_back(sansIntitules ? RangeeSansIntitule(colonne) : RangeeDe(colonne));
   return tableau;
@@ -50,14 +50,28 @@ TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bo
 FormeEnRangees FormeDesColonnes(bool sansIntitules) {
   constexpr int kNombre = 4;  // digits of every number
   constexpr int kStatut = 12;
-  if (sansIntitules) return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}}};
+  constexpr int kNumero = 6;  // columns of the first word of a name that is broken
+  constexpr int kPremierePosition = 13;
+  if (sansIntitules)
+    return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}},
+            .tete = {.noms = {{.debuts = {0, 0}, .coupe = kNumero},
+                              {.debuts = {15, 12}, .coupe = kPremierePosition},
+                              {.debuts = {34, kHorsDeLaLigne}}},
+                     .colonnes = {43, 43}}};
   return {.places = {{"", kNombre},
                      {"    ", kNombre},
                      {"          ", kNombre},
                      {"        ", kNombre},
                      {"      ", static_cast<int>(kNomCourtLePlusLong)},
-                     {"       ", kStatut}},
-          .avantIntitule = " "};
+                     {"       ", kStatut},
+                     {.avant = " "}},
+          .tete = {.noms = {{.debuts = {0, 0}, .coupe = kNumero},
+                            {.debuts = {9, 9}, .coupe = 4},
+                            {.debuts = {19, 18}, .coupe = kPremierePosition},
+                            {.debuts = {34, kHorsDeLaLigne}},
+                            {.debuts = {43, 43}, .coupe = 3},
+                            {.debuts = {50, 52}, .coupe = 14},
+                            {.debuts = {67, 67}, .coupe = 11}}}};
 }
 
 }  // namespace quelvar::capture

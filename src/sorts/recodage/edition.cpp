@@ -1,5 +1,7 @@
 #include "sorts/recodage/edition.h"
 
+#include <array>
+
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
 #include "core/resultats/cellules.h"
@@ -14,17 +16,12 @@ constexpr int kColonnesDeNom = 4;  // with a blank behind it
 constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
 constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
 
-// The headings of both tables have two lines, which break the names of columns, and "Code-max" stands above two of
-// them: fixed texts, and no titles of columns.
-constexpr std::string_view kHautDeLaTete = "     Posi-  Code-max                    ";
-constexpr std::string_view kTeteDesRecodages = "Nom  tion Ancien Nouv. Recodage (+ intitulé long éventuel)"_w;
-constexpr std::string_view kTeteDesVit = "Nom  tion  Theorique";
-
-void ImprimerTete(Rapport& rapport, Texte titre, std::string_view tete) {
-  rapport.Ligne(titre);
-  rapport.Ligne(kHautDeLaTete);
-  rapport.Ligne(tete);
-}
+// The headings of both tables: above the rows the names of the position and of its neighbours are broken.
+constexpr PlaceDeNom kNomEnTete{.debuts = {kHorsDeLaLigne, 0}};
+constexpr PlaceDeNom kPositionEnTete{.debuts = {5, 5}, .coupe = 5};
+constexpr std::array<int, kLignesDeTete> kColonnesDeTete = {40, 0};
+constexpr int kCodeMaxEnTete = 12;
+constexpr int kCoupeDuCodeMax = 8;
 
 // Position, code-max, new code-max and rule of a recoded question, with its label.
 Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::string& regle) {
@@ -41,10 +38,17 @@ Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::s
 
 // Position and code-max of each VIT, behind a warning where that was brought down.
 void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
-  const FormeEnRangees forme{.titre = kColonnesDeNom, .places = {kPlaceDePosition, kPlaceDeCodeMax}};
+  const FormeEnRangees forme{
+      .titre = kColonnesDeNom,
+      .places = {kPlaceDePosition, kPlaceDeCodeMax},
+      .tete = {.coin = kNomEnTete,
+               .noms = {kPositionEnTete, {.debuts = {kCodeMaxEnTete, 11}, .coupe = kCoupeDuCodeMax}},
+               .colonnes = kColonnesDeTete}};
   rapport.Ligne();
-  ImprimerTete(rapport, "Variables Ideales Typiques VIT (ou variables crees)", kTeteDesVit);
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
+  imprimeur.Tete({.titres = {"Variables Ideales Typiques VIT (ou variables crees)"},
+                  .coin = "Nom",
+                  .colonnes = {{"Position"}, {"Code-max Theorique"}}});
   for (const VitNeuve& vit : plan.vits) {
     if (vit.ramene) {
       rapport.Ligne("Attention, le code-max theorique suivant depassait 999 ");
@@ -111,14 +115,23 @@ std::string LigneDeVit(std::size_t numero, std::string_view nom) {
 }
 
 void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
-  ImprimerTete(rapport, "Impression de la table de recodage", kTeteDesRecodages);
-  TableauEdite table{.colonnes = std::vector<Colonne>(4)};
+  TableauEdite table{
+      .titres = {"Impression de la table de recodage"},
+      .coin = "Nom",
+      .colonnes = {
+          {"Position"}, {"Code-max Ancien"}, {"Code-max Nouv."}, {Joindre({"Recodage (+ intitulé long éventuel)"_w})}}};
   for (std::size_t i = 0; i < plan.champs.size(); ++i)
     table.rangees.push_back(RangeeDe(consignes, plan.champs[i], consignes.aRegle[i].regle));
   ImprimerRangees(rapport, table,
                   {.titre = kColonnesDeNom,
                    .places = {kPlaceDePosition, kPlaceDeCodeMax, kPlaceDeCodeMax, {.avant = "   "}},
-                   .avantIntitule = " "});
+                   .avantIntitule = " ",
+                   .tete = {.coin = kNomEnTete,
+                            .noms = {kPositionEnTete,
+                                     {.debuts = {kCodeMaxEnTete, 10}, .coupe = kCoupeDuCodeMax},
+                                     {.debuts = {kCodeMaxEnTete, 17}, .coupe = kCoupeDuCodeMax},
+                                     {.debuts = {kHorsDeLaLigne, 23}}},
+                            .colonnes = kColonnesDeTete}});
   if (!plan.vits.empty()) ImprimerTableVit(rapport, consignes, plan);
 }
 

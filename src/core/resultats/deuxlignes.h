@@ -1,0 +1,35 @@
+// A heading of two lines: each name is broken over the lines, in places that stand above the columns of the table.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quelvar {
+
+inline constexpr std::size_t kLignesDeTete = 2;
+inline constexpr int kHorsDeLaLigne = -1;
+
+// Where a name stands: the columns of each line in front of it, and those that its upper part has at most.
+struct PlaceDeNom {
+  std::array<int, kLignesDeTete> debuts = {kHorsDeLaLigne, kHorsDeLaLigne};
+  int coupe = 0;  // of a name on both lines
+};
+
+struct FormeADeuxLignes {
+  PlaceDeNom coin = {};
+  std::vector<PlaceDeNom> noms = {};                // one a column; none: the heading has one line
+  std::array<int, kLignesDeTete> colonnes = {0, 0};  // of each line, at least
+};
+
+// A name that is on one line stands there whole; on both, the upper one has the words that its columns hold, or as much
+// of a longer word with a hyphen behind, and the lower one the rest. What neighbours begin with in the same place
+// stands above them once. `enPlus`: columns that each column of the table has more than its form, by which the names
+// move.
+std::array<std::string, kLignesDeTete> TeteADeuxLignes(std::string_view coin, std::span<const std::string_view> noms,
+                                                       std::span<const int> enPlus, const FormeADeuxLignes& forme);
+
+}  // namespace quelvar
