@@ -21,7 +21,7 @@ struct PlaceDeNom {
 
 struct FormeADeuxLignes {
   PlaceDeNom coin = {};
-  std::vector<PlaceDeNom> noms = {};                // one a column; none: the heading has one line
+  std::vector<PlaceDeNom> noms = {};                 // one a column; none: the heading has one line
   std::array<int, kLignesDeTete> colonnes = {0, 0};  // of each line, at least
 };
 

@@ -3,35 +3,31 @@
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
-#include "core/enquete/coherence.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/noms.h"
 #include "core/panne/annonce.h"
-#include "core/programme/arret.h"
 #include "modalities/liste/modalites.h"
 
 namespace quelvar::modalities {
 
 namespace {
 
-constexpr std::string_view kArret = "*** Arrêt du programme du à l'absence d'un ou de plusieurs fichiers"_w;
-
 std::size_t NombreDeColonnes(const TableAGrouper& table) {
   if (table.parametres.burt > 1) return static_cast<std::size_t>(table.parametres.burt);
   return table.mod.modalites.size();
 }
 
-// Marks a column by its name; a name that the list does not hold stops the run.
-void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                     const std::vector<std::string>& noms, std::vector<char>& marques) {
+// Marks columns by their names; returns what is said of one that the list does not hold, or nothing.
+std::string MarquerColonnes(const TableAGrouper& table, const std::vector<std::string>& noms,
+                            std::vector<char>& marques) {
   for (const std::string& nom : noms) {
     const auto& modalites = table.mod.modalites;
     const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
     if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
-    if (rangs.empty() || rangs.front() >= marques.size())
-      AvertirEtArreter(rapport, contexte.Ecran(), PhraseInconnue(nom));
+    if (rangs.empty() || rangs.front() >= marques.size()) return PhraseInconnue(nom);
     marques[rangs.front()] = 1;
   }
+  return {};
 }
 
 // Rows of a .BRT that hold something.
@@ -50,9 +46,9 @@ std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   return noms;
 }
 
-void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                   std::vector<std::string> noms, std::vector<char>& marques) {
-  if (noms.empty()) return;
+// The same for rows.
+std::string MarquerLignes(const TableAGrouper& table, std::vector<std::string> noms, std::vector<char>& marques) {
+  if (noms.empty()) return {};
   const std::vector<std::string> lignes = NomsDesLignes(table);
   for (const std::string& nom : noms) {
     const auto homonymes = [&](const std::vector<std::string>& autres) {
@@ -73,36 +69,10 @@ void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGroup
     marques.push_back(trouvee == noms.end() ? char{0} : char{1});
     if (trouvee != noms.end()) noms.erase(trouvee);
   }
-  if (noms.empty()) return;
-  AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"}));
+  return noms.empty() ? std::string() : Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"});
 }
 
 }  // namespace
-
-TableAGrouper OuvrirTable(const Contexte& contexte, Rapport& rapport) {
-  TableAGrouper table;
-  bool manque = false;
-  const auto chercher = [&](std::string_view extension, bool exige) {
-    std::optional<Chemin> chemin = contexte.Chercher(extension);
-    if (!chemin && exige) {
-      rapport.Ligne(PhraseDAbsence(contexte.Nom(extension), kLeFichierEnRelief));
-      manque = true;
-    }
-    return chemin;
-  };
-  const std::optional<Chemin> mod = chercher(".MOD", true);
-  const std::optional<Chemin> brt = chercher(".BRT", true);
-  if (mod) {
-    table.mod = LireMod(*mod);
-    table.parametres = LireParametres(table.mod.parametres, TexteDe(mod->filename()));
-    rapport.Lignes(table.parametres.remarques);
-  }
-  table.pos = chercher(".POS", table.parametres.burt > 0);
-  if (manque) AvertirEtArreter(rapport, contexte.Ecran(), kArret);
-  table.brt = *brt;
-  if (table.parametres.largeur > 0) ExigerTableDuMod(table.brt, table.mod, table.parametres);
-  return table;
-}
 
 std::optional<std::int64_t> RangeesEnTrop(const TableAGrouper& table) {
   if (table.parametres.burt > 1 || table.parametres.lignes <= 0) return std::nullopt;
@@ -121,25 +91,24 @@ ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanD
   return rendus;
 }
 
-PlanDeRegroupement Planifier(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                             const OptionsModifBurt& options) {
-  PlanDeRegroupement plan;
+std::string Planifier(const TableAGrouper& table, const OptionsModifBurt& options, PlanDeRegroupement& plan) {
   plan.ancienneLargeur = table.parametres.largeur;
   plan.colonnes.assign(NombreDeColonnes(table), 0);
-  MarquerColonnes(contexte, rapport, table, options.colonnes, plan.colonnes);
+  std::string refus = MarquerColonnes(table, options.colonnes, plan.colonnes);
+  if (!refus.empty()) return refus;
   if (table.parametres.burt > 0) {
-    MarquerColonnes(contexte, rapport, table, options.lignes, plan.colonnes);
+    refus = MarquerColonnes(table, options.lignes, plan.colonnes);
     plan.lignes = plan.colonnes;
     plan.lignesActives = static_cast<std::int64_t>(plan.colonnes.size());
-    return plan;
+    return refus;
   }
-  MarquerLignes(contexte, rapport, table, options.lignes, plan.lignes);
+  refus = MarquerLignes(table, options.lignes, plan.lignes);
+  if (!refus.empty()) return refus;
   plan.lignesActives = CompterRangees(table.brt) - Entier64(std::max(table.parametres.lignesSup, 0.0));
-  return plan;
+  return {};
 }
 
-void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                      OptionsModifBurt options) {
+std::string RefusDuNom(const TableAGrouper& table, OptionsModifBurt options) {
   std::vector<std::string> colonnes;
   for (const Modalite& modalite : table.mod.modalites) colonnes.push_back(modalite.nom);
   std::vector<std::string> lignes;
@@ -149,9 +118,7 @@ void ExigerNomsLibres(const Contexte& contexte, Rapport& rapport, const TableAGr
   } else if (!options.lignes.empty()) {
     lignes = NomsDesLignes(table);
   }
-  const std::string refus = RefusDuNom(options, colonnes, lignes);
-  if (refus.empty()) return;
-  AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"*** ", refus}));
+  return RefusDuNom(options, colonnes, lignes);
 }
 
 }  // namespace quelvar::modalities
