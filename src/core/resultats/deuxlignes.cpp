@@ -1,6 +1,6 @@
 #include "core/resultats/deuxlignes.h"
 
-#include <numeric>
+#include <utility>
 
 #include "core/texte/texte.h"
 
@@ -19,9 +19,10 @@ Morceaux CouperEnDeux(std::string_view nom, std::size_t colonnes) {
 }
 
 Morceaux MorceauxDe(std::string_view nom, const PlaceDeNom& place) {
-  if (place.debuts[0] == kHorsDeLaLigne) return {std::string(), std::string(nom)};
-  if (place.debuts[1] == kHorsDeLaLigne) return {std::string(nom), std::string()};
-  return CouperEnDeux(nom, static_cast<std::size_t>(place.coupe));
+  const bool enHaut = place.debuts[0] != kHorsDeLaLigne;
+  const bool enBas = place.debuts[1] != kHorsDeLaLigne;
+  if (enHaut && enBas) return CouperEnDeux(nom, static_cast<std::size_t>(place.coupe));
+  return {std::string(enHaut ? nom : ""), std::string(enBas ? nom : "")};
 }
 
 void AllongerJusqua(std::string& ligne, int colonnes) {
@@ -32,11 +33,16 @@ void AllongerJusqua(std::string& ligne, int colonnes) {
 
 std::array<std::string, kLignesDeTete> TeteADeuxLignes(std::string_view coin, std::span<const std::string_view> noms,
                                                        std::span<const int> enPlus, const FormeADeuxLignes& forme) {
-  Morceaux lignes = MorceauxDe(coin, forme.coin);
+  Morceaux lignes;
+  const Morceaux duCoin = MorceauxDe(coin, forme.coin);
+  for (std::size_t k = 0; k < kLignesDeTete; ++k) {
+    AllongerJusqua(lignes[k], forme.coin.debuts[k]);
+    lignes[k] += duCoin[k];
+  }
   Morceaux precedents;
   int decalage = 0;
   for (std::size_t j = 0; j < noms.size(); ++j) {
-    decalage += enPlus[j];
+    if (!forme.fixe) decalage += enPlus[j];
     Morceaux morceaux = MorceauxDe(noms[j], forme.noms[j]);
     for (std::size_t k = 0; k < kLignesDeTete; ++k) {
       const int debut = forme.noms[j].debuts[k];

@@ -23,12 +23,13 @@ struct FormeADeuxLignes {
   PlaceDeNom coin = {};
   std::vector<PlaceDeNom> noms = {};                 // one a column; none: the heading has one line
   std::array<int, kLignesDeTete> colonnes = {0, 0};  // of each line, at least
+  bool fixe = false;                                 // the names stay where they are when columns widen
 };
 
-// A name that is on one line stands there whole; on both, the upper one has the words that its columns hold, or as much
-// of a longer word with a hyphen behind, and the lower one the rest. What neighbours begin with in the same place
-// stands above them once. `enPlus`: columns that each column of the table has more than its form, by which the names
-// move.
+// A name that is on one line stands there whole, one that is on none is left out; on both, the upper one has the words
+// that its columns hold, or as much of a longer word with a hyphen behind, and the lower one the rest. What neighbours
+// begin with in the same place stands above them once, and a line without names and columns is empty. `enPlus`: columns
+// that each column of the table has more than its form, by which the names move.
 std::array<std::string, kLignesDeTete> TeteADeuxLignes(std::string_view coin, std::span<const std::string_view> noms,
                                                        std::span<const int> enPlus, const FormeADeuxLignes& forme);
 

@@ -122,7 +122,7 @@ void ImprimeurDeRangees::TeteADeuxLignes(const TableauEdite& tableau) {
     enPlus.push_back(colonnes_[j].EnPlus());
   }
   for (const std::string& ligne : quelvar::TeteADeuxLignes(tableau.coin, noms, enPlus, forme_.tete))
-    rapport_.Ligne(ligne);
+    if (!ligne.empty()) rapport_.Ligne(ligne);
 }
 
 void ImprimeurDeRangees::Imprimer(const Rangee& rangee) {
