@@ -54,9 +54,7 @@ FormeEnRangees FormeDesColonnes(bool sansIntitules) {
   constexpr int kPremierePosition = 13;
   if (sansIntitules)
     return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}},
-            .tete = {.noms = {{.debuts = {0, 0}, .coupe = kNumero},
-                              {.debuts = {15, 12}, .coupe = kPremierePosition},
-                              {.debuts = {34, kHorsDeLaLigne}}},
+            .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(15, 12, kPremierePosition), EnHaut(34)},
                      .colonnes = {43, 43}}};
   return {.places = {{"", kNombre},
                      {"    ", kNombre},
@@ -65,13 +63,8 @@ FormeEnRangees FormeDesColonnes(bool sansIntitules) {
                      {"      ", static_cast<int>(kNomCourtLePlusLong)},
                      {"       ", kStatut},
                      {.avant = " "}},
-          .tete = {.noms = {{.debuts = {0, 0}, .coupe = kNumero},
-                            {.debuts = {9, 9}, .coupe = 4},
-                            {.debuts = {19, 18}, .coupe = kPremierePosition},
-                            {.debuts = {34, kHorsDeLaLigne}},
-                            {.debuts = {43, 43}, .coupe = 3},
-                            {.debuts = {50, 52}, .coupe = 14},
-                            {.debuts = {67, 67}, .coupe = 11}}}};
+          .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(9, 9, 4), SurLesDeux(19, 18, kPremierePosition),
+                            EnHaut(34), SurLesDeux(43, 43, 3), SurLesDeux(50, 52, 14), SurLesDeux(67, 67, 11)}}};
 }
 
 }  // namespace quelvar::capture

@@ -18,6 +18,9 @@ struct PlaceDeNom {
   std::array<int, kLignesDeTete> debuts = {kHorsDeLaLigne, kHorsDeLaLigne};
   int coupe = 0;  // of a name on both lines
 };
+constexpr PlaceDeNom EnHaut(int debut) { return {.debuts = {debut, kHorsDeLaLigne}}; }
+constexpr PlaceDeNom EnBas(int debut) { return {.debuts = {kHorsDeLaLigne, debut}}; }
+constexpr PlaceDeNom SurLesDeux(int enHaut, int enBas, int coupe) { return {{enHaut, enBas}, coupe}; }
 
 struct FormeADeuxLignes {
   PlaceDeNom coin = {};

@@ -18,8 +18,6 @@ std::string TexteItem(std::int32_t item, std::span<const std::string> libelles) 
   return Joindre({" Agrég. n°"_w, CadreDroit(Nombre(-item), 3)});
 }
 
-constexpr PlaceDeNom EnHaut(int debut) { return {.debuts = {debut, kHorsDeLaLigne}}; }
-
 std::vector<Colonne> ColonnesDesEtapes() {
   std::vector<Colonne> colonnes;
   for (const Texte titre : {Texte("NUM"), Texte("Elément 1"_w), Texte("Elément 2"_w), Texte("NbAgrèg"_w),
@@ -34,7 +32,7 @@ void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::sp
                     std::span<const std::string> libelles) {
   const FormeEnRangees forme{
       .places = {kNumero, {" ", kItem}, {"", kItem}, kClasses, {"", kEntiers}, {"", kEntiers}},
-      .tete = {.noms = {EnHaut(0), EnHaut(4), EnHaut(18), EnHaut(30), {.debuts = {39, 36}, .coupe = 7}, EnHaut(48)}}};
+      .tete = {.noms = {EnHaut(0), EnHaut(4), EnHaut(18), EnHaut(30), SurLesDeux(39, 36, 7), EnHaut(48)}}};
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
   imprimeur.Tete({.colonnes = ColonnesDesEtapes()});
   for (std::size_t s = 0; s < etapes.size(); ++s)

@@ -121,9 +121,9 @@ void ImprimerUnEffet(Rapport& rapport, const AnalyseTabulaire& analyse, const Mo
 
 // The heading of a summary. `coupe`: of its corner; `validite`: where that name stands.
 FormeADeuxLignes TeteDuResume(int coupe, int validite) {
-  constexpr PlaceDeNom kIntervalle{.debuts = {41, 44}, .coupe = 23};
-  return {.coin = {.debuts = {4, 2}, .coupe = coupe},
-          .noms = {{}, {.debuts = {kHorsDeLaLigne, validite}}, kIntervalle, kIntervalle},
+  constexpr PlaceDeNom kIntervalle = SurLesDeux(41, 44, 23);
+  return {.coin = SurLesDeux(4, 2, coupe),
+          .noms = {{}, EnBas(validite), kIntervalle, kIntervalle},
           .colonnes = {65, 0},
           .fixe = true};
 }

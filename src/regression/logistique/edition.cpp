@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kLargeur = kIntituleDeModaliteAuPlus;
 constexpr Elargissement kLibre = Elargissement::DerriereUnTexte;
-constexpr PlaceDeNom EnHaut(int debut) { return {.debuts = {debut, kHorsDeLaLigne}}; }
 constexpr std::string_view kVingtCinqBlancs = "                         ";
 
 std::string_view TitreDe(const ModeleAjuste& ajuste) {
@@ -74,12 +73,11 @@ void ImprimerMoyennes(Rapport& rapport, const TravailDAnatab& travail, const Mod
                       const std::vector<double>& moyennes, const MotsDesMoyennes& mots) {
   rapport.Ligne({TitreDe(ajuste), ", moyenne générale "_w, NombreFixe(travail.base.MoyenneGenerale(), 1, 4)});
   rapport.Ligne();
-  ImprimerRangees(rapport, TableauDesMoyennes(travail, moyennes, mots.sorte),
-                  {.titre = kLargeur,
-                   .places = {{" ", 1, kLibre}, {mots.separation, 4, kLibre}, {"  ", 4}},
-                   .tete = {.coin = {.debuts = {kHorsDeLaLigne, 0}},
-                            .noms = {EnHaut(mots.moyenne), EnHaut(mots.ecart), {.debuts = {kHorsDeLaLigne, 44}}},
-                            .fixe = true}});
+  ImprimerRangees(
+      rapport, TableauDesMoyennes(travail, moyennes, mots.sorte),
+      {.titre = kLargeur,
+       .places = {{" ", 1, kLibre}, {mots.separation, 4, kLibre}, {"  ", 4}},
+       .tete = {.coin = EnBas(0), .noms = {EnHaut(mots.moyenne), EnHaut(mots.ecart), EnBas(44)}, .fixe = true}});
 }
 
 }  // namespace

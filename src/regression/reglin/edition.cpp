@@ -62,10 +62,8 @@ void ImprimerVariance(Rapport& rapport, const AjustementLineaire& a, std::string
                   {.titre = kSourceDeVariance,
                    .places = {{"", 4, Elargissement::DerriereUnTexte}, PlaceDeNombre(8, "")},
                    .avantLesTitres = kAvantLesTitres,
-                   .tete = {.coin = {.debuts = {0, kHorsDeLaLigne}},
-                            .noms = {{.debuts = {11, kHorsDeLaLigne}},
-                                     {.debuts = {18, 19}, .coupe = 9},
-                                     {.debuts = {34, 34}, .coupe = 5}},
+                   .tete = {.coin = EnHaut(0),
+                            .noms = {EnHaut(11), SurLesDeux(18, 19, 9), SurLesDeux(34, 34, 5)},
                             .colonnes = {42, 41}}});
   rapport.Ligne();
   rapport.Ligne({"Rapport des carrés moyens : F("_w, NombreFixe(static_cast<double>(a.explicatives), 3, 0), " , ",

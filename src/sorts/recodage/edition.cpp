@@ -17,8 +17,8 @@ constexpr PlaceEnRangee kPlaceDePosition{"  ", 4};
 constexpr PlaceEnRangee kPlaceDeCodeMax{"  ", 3};
 
 // The headings of both tables: above the rows the names of the position and of its neighbours are broken.
-constexpr PlaceDeNom kNomEnTete{.debuts = {kHorsDeLaLigne, 0}};
-constexpr PlaceDeNom kPositionEnTete{.debuts = {5, 5}, .coupe = 5};
+constexpr PlaceDeNom kNomEnTete = EnBas(0);
+constexpr PlaceDeNom kPositionEnTete = SurLesDeux(5, 5, 5);
 constexpr std::array<int, kLignesDeTete> kColonnesDeTete = {40, 0};
 constexpr int kCodeMaxEnTete = 12;
 constexpr int kCoupeDuCodeMax = 8;
@@ -38,12 +38,11 @@ Rangee RangeeDe(const Consignes& consignes, const ChampNeuf& champ, const std::s
 
 // Position and code-max of each VIT, behind a warning where that was brought down.
 void ImprimerTableVit(Rapport& rapport, const Consignes& consignes, const PlanDeRecodage& plan) {
-  const FormeEnRangees forme{
-      .titre = kColonnesDeNom,
-      .places = {kPlaceDePosition, kPlaceDeCodeMax},
-      .tete = {.coin = kNomEnTete,
-               .noms = {kPositionEnTete, {.debuts = {kCodeMaxEnTete, 11}, .coupe = kCoupeDuCodeMax}},
-               .colonnes = kColonnesDeTete}};
+  const FormeEnRangees forme{.titre = kColonnesDeNom,
+                             .places = {kPlaceDePosition, kPlaceDeCodeMax},
+                             .tete = {.coin = kNomEnTete,
+                                      .noms = {kPositionEnTete, SurLesDeux(kCodeMaxEnTete, 11, kCoupeDuCodeMax)},
+                                      .colonnes = kColonnesDeTete}};
   rapport.Ligne();
   ImprimeurDeRangees imprimeur(rapport, forme, forme.places.size());
   imprimeur.Tete({.titres = {"Variables Ideales Typiques VIT (ou variables crees)"},
@@ -127,10 +126,8 @@ void ImprimerTableRecodage(Rapport& rapport, const Consignes& consignes, const P
                    .places = {kPlaceDePosition, kPlaceDeCodeMax, kPlaceDeCodeMax, {.avant = "   "}},
                    .avantIntitule = " ",
                    .tete = {.coin = kNomEnTete,
-                            .noms = {kPositionEnTete,
-                                     {.debuts = {kCodeMaxEnTete, 10}, .coupe = kCoupeDuCodeMax},
-                                     {.debuts = {kCodeMaxEnTete, 17}, .coupe = kCoupeDuCodeMax},
-                                     {.debuts = {kHorsDeLaLigne, 23}}},
+                            .noms = {kPositionEnTete, SurLesDeux(kCodeMaxEnTete, 10, kCoupeDuCodeMax),
+                                     SurLesDeux(kCodeMaxEnTete, 17, kCoupeDuCodeMax), EnBas(23)},
                             .colonnes = kColonnesDeTete}});
   if (!plan.vits.empty()) ImprimerTableVit(rapport, consignes, plan);
 }

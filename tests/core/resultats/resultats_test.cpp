@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "core/resultats/fichiers.h"
 #include "core/resultats/largeurfixe.h"
 #include "core/resultats/rangees.h"
@@ -93,18 +95,22 @@ TEST(Rangees, HeadingsOfTwoLinesEmptyRowsAndRowsSideBySide) {
   EXPECT_EQ(Imprimer(tableau, {.titre = 4,
                                .places = {{"", 5, Elargissement::DerriereUnTexte}, {"", 5}},
                                .intitule = 4,
-                               .tete = {.coin = {.debuts = {kHorsDeLaLigne, 0}},
-                                        .noms = {{.debuts = {4, 4}, .coupe = 5},
-                                                 {.debuts = {10, 9}, .coupe = 8},
-                                                 {.debuts = {10, 16}, .coupe = 8},
-                                                 {.debuts = {20, kHorsDeLaLigne}},
-                                                 {.debuts = {kHorsDeLaLigne, 25}, .coupe = 2}},
+                               .tete = {.coin = EnBas(0),
+                                        .noms = {SurLesDeux(4, 4, 5), SurLesDeux(10, 9, 8), SurLesDeux(10, 16, 8),
+                                                 EnHaut(20), SurLesDeux(kHorsDeLaLigne, 25, 2)},
                                         .colonnes = {kFin, 0}}}),
             "     Posi- Code-max  Fin       \r\n"
             "Nom  tion Ancien Nouv.    Sens\r\n"
             "A   123456    1    2    3    4  ns\r\n"
             "\r\n"
             "B        1    2    3    4    5  **\r\n");
+  // Names that stay where they are, and one that is left out.
+  const std::string_view noms[] = {"Effet", "Remarque", "Erreur type"};
+  const std::array<std::string, kLignesDeTete> tete =
+      TeteADeuxLignes("Effets nets", noms, std::array{2, 0, 1},
+                      {.coin = SurLesDeux(2, 0, 8), .noms = {EnHaut(10), {}, SurLesDeux(16, 17, 6)}, .fixe = true});
+  EXPECT_EQ(tete[0], "  Effets  Effet Erreur");
+  EXPECT_EQ(tete[1], "nets             type");
   tableau = {};
   tableau.colonnes = {{}};
   for (const double frequence : {5.0, 12345.0, 7.0})
