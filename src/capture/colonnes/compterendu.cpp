@@ -4,6 +4,7 @@
 
 #include "capture/colonnes/tableau.h"
 #include "capture/compterendu/fichiers.h"
+#include "capture/noms/courts.h"
 #include "core/chiffres/nombres.h"
 #include "core/panne/attention.h"
 #include "core/resultats/rangees.h"
@@ -32,6 +33,31 @@ void ImprimerPresence(Rapport& rapport, const Contexte& contexte, std::string_vi
     rapport.Ligne("Tous les champs du fichier seront examinés"_w);
   }
 }
+
+namespace {
+
+// The places of TableauDesColonnes.
+FormeEnRangees FormeDesColonnes(bool sansIntitules) {
+  constexpr int kNombre = 4;  // digits of every number
+  constexpr int kStatut = 12;
+  constexpr int kNumero = 6;  // columns of the first word of a name that is broken
+  constexpr int kPremierePosition = 13;
+  if (sansIntitules)
+    return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}},
+            .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(15, 12, kPremierePosition), EnHaut(34)},
+                     .colonnes = {43, 43}}};
+  return {.places = {{"", kNombre},
+                     {"    ", kNombre},
+                     {"          ", kNombre},
+                     {"        ", kNombre},
+                     {"      ", static_cast<int>(kNomCourtLePlusLong)},
+                     {"       ", kStatut},
+                     {.avant = " "}},
+          .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(9, 9, 4), SurLesDeux(19, 18, kPremierePosition),
+                            EnHaut(34), SurLesDeux(43, 43, 3), SurLesDeux(50, 52, 14), SurLesDeux(67, 67, 11)}}};
+}
+
+}  // namespace
 
 void ImprimerColonnes(Rapport& rapport, const std::vector<ColonneImportee>& colonnes, std::size_t nombreDeColonnes,
                       bool sansIntitules) {

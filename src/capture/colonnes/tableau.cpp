@@ -47,24 +47,4 @@ TableauEdite TableauDesColonnes(const std::vector<ColonneImportee>& colonnes, bo
   return tableau;
 }
 
-FormeEnRangees FormeDesColonnes(bool sansIntitules) {
-  constexpr int kNombre = 4;  // digits of every number
-  constexpr int kStatut = 12;
-  constexpr int kNumero = 6;  // columns of the first word of a name that is broken
-  constexpr int kPremierePosition = 13;
-  if (sansIntitules)
-    return {.places = {{"", kNombre}, {"              ", kNombre}, {"          ", kNombre}},
-            .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(15, 12, kPremierePosition), EnHaut(34)},
-                     .colonnes = {43, 43}}};
-  return {.places = {{"", kNombre},
-                     {"    ", kNombre},
-                     {"          ", kNombre},
-                     {"        ", kNombre},
-                     {"      ", static_cast<int>(kNomCourtLePlusLong)},
-                     {"       ", kStatut},
-                     {.avant = " "}},
-          .tete = {.noms = {SurLesDeux(0, 0, kNumero), SurLesDeux(9, 9, 4), SurLesDeux(19, 18, kPremierePosition),
-                            EnHaut(34), SurLesDeux(43, 43, 3), SurLesDeux(50, 52, 14), SurLesDeux(67, 67, 11)}}};
-}
-
 }  // namespace quelvar::capture

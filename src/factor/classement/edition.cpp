@@ -46,13 +46,6 @@ void ImprimerEtapes(Rapport& rapport, std::span<const EtapeWard> etapes, std::sp
                          {bilans[s].cumul, Unite::Pourcent, 1}}});
 }
 
-void EcrireTableur(Ecrivain& fichier, std::span<const BilanDEtape> bilans) {
-  fichier.Ligne(kTitreDuTableur);
-  for (std::size_t s = 0; s < bilans.size(); ++s)
-    fichier.Ligne(NombreFixe(static_cast<double>(s + 1), kNumero.entiers, 0) + ';' +
-                  NombreFixe(bilans[s].classes, kClasses.entiers, 0));
-}
-
 void ImprimerClasses(Rapport& rapport, int niveau, std::span<const std::vector<Rangee>> classes) {
   const FormeEnRangees forme{.places = {{"    ", 2}}};
   rapport.Ligne({"Aggrégation niveau "_w, NombreFixe(niveau, 4, 0)});

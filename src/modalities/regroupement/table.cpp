@@ -1,6 +1,8 @@
 #include "modalities/regroupement/table.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/colonnes.h"
@@ -21,11 +23,9 @@ std::size_t NombreDeColonnes(const TableAGrouper& table) {
 std::string MarquerColonnes(const TableAGrouper& table, const std::vector<std::string>& noms,
                             std::vector<char>& marques) {
   for (const std::string& nom : noms) {
-    const auto& modalites = table.mod.modalites;
-    const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
-    if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
-    if (rangs.empty() || rangs.front() >= marques.size()) return PhraseInconnue(nom);
-    marques[rangs.front()] = 1;
+    const std::optional<std::size_t> rang = SeuleModalite(table.mod.modalites, nom);
+    if (!rang || *rang >= marques.size()) return PhraseInconnue(nom);
+    marques[*rang] = 1;
   }
   return {};
 }
@@ -46,30 +46,33 @@ std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   return noms;
 }
 
-// The same for rows.
-std::string MarquerLignes(const TableAGrouper& table, std::vector<std::string> noms, std::vector<char>& marques) {
+// The same for rows, of which there may be many: blanks around a name count for nothing, and several rows of one name
+// must all be marked.
+std::string MarquerLignes(const TableAGrouper& table, const std::vector<std::string>& noms,
+                          std::vector<char>& marques) {
   if (noms.empty()) return {};
   const std::vector<std::string> lignes = NomsDesLignes(table);
-  for (const std::string& nom : noms) {
-    const auto homonymes = [&](const std::vector<std::string>& autres) {
-      return std::count_if(autres.begin(), autres.end(),
-                           [&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
-    };
-    if (homonymes(lignes) > std::max<std::ptrdiff_t>(homonymes(noms), 1))
+  std::unordered_map<std::string_view, std::vector<std::size_t>> demandes;  // ranks among the names, the first one last
+  for (std::size_t i = noms.size(); i-- > 0;) demandes[Rogner(noms[i])].push_back(i);
+  std::unordered_map<std::string_view, std::size_t> presentes;
+  for (const std::string& ligne : lignes) ++presentes[Rogner(ligne)];
+  for (const std::string& nom : noms)
+    if (const std::size_t homonymes = presentes[Rogner(nom)]; homonymes > demandes[Rogner(nom)].size())
       throw Erreur(kIncompatibiliteType,
-                   Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ",
-                            Nombre(std::int64_t{homonymes(lignes)}),
+                   Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ", Nombre(homonymes),
                             " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
+  std::vector<char> trouves(noms.size(), 0);
+  for (const std::string& ligne : lignes) {
+    const auto demande = demandes.find(Rogner(ligne));
+    const bool marquee = demande != demandes.end() && !demande->second.empty();
+    marques.push_back(marquee ? char{1} : char{0});
+    if (!marquee) continue;
+    trouves[demande->second.back()] = 1;
+    demande->second.pop_back();
   }
-  LecteurLignes lecteur(table.brt);
-  for (std::string_view ligne; lecteur.Lire(ligne);) {
-    const auto trouvee = std::find_if(noms.begin(), noms.end(), [&](const std::string& nom) {
-      return RognerDroite(nom) == RognerDroite(ligne.substr(0, kLargeurDeModalite));
-    });
-    marques.push_back(trouvee == noms.end() ? char{0} : char{1});
-    if (trouvee != noms.end()) noms.erase(trouvee);
-  }
-  return noms.empty() ? std::string() : Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"});
+  const auto absent = std::ranges::find(trouves, char{0});
+  if (absent == trouves.end()) return {};
+  return Joindre({"La ligne ", noms[static_cast<std::size_t>(absent - trouves.begin())], " n'est pas dans le tableau"});
 }
 
 }  // namespace
@@ -85,9 +88,8 @@ ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanD
   for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
     if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++rendus.colonnes;
   const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
-  const auto fin = plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
-  const bool groupeActif = std::find(plan.lignes.begin(), fin, 1) != fin;
-  if (groupeActif) rendus.lignes = std::count(fin, plan.lignes.end(), 1);
+  if (plan.GroupeActif())
+    rendus.lignes = std::count(plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives), plan.lignes.end(), 1);
   return rendus;
 }
 
