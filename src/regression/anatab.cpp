@@ -72,7 +72,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
   const Melange& melange = *travail.melange;
   const std::size_t aMarquer = travail.modele.LargeurFiche() - travail.modele.Explicatives();
   const auto perdus = static_cast<double>(melange.population) - population;
-  const std::string lignes[] = {
+  const std::vector<std::string> lignes = {
       Joindre({kAttention, "avec "_w, Nombre(travail.modele.Explicatives()),
                " modalités explicatives, le tri ne distingue plus toutes les situations"_w}),
       Joindre({"    Les "_w, Nombre(melange.situations), " situations des individus sont en "_w,
@@ -80,7 +80,7 @@ void PrevenirDuMelange(const Contexte& contexte, Rapport& rapport, const Travail
                " individus manquent à la population concernée : les effets sont faussés"_w}),
       Joindre({"    Regrouper des modalités par un recodage ("_w, Nombre(kChiffresExacts - aMarquer),
                " modalités explicatives au plus sont sans risque)"_w})};
-  for (const std::string& ligne : lignes) rapport.Ligne(ligne);
+  rapport.Lignes(lignes);
   contexte.Ecran().biper();
   contexte.Ecran().demander(Joindre({lignes[0], "\r\n", lignes[1], "\r\n", lignes[2]}), Boutons::Ok);
 }

@@ -103,7 +103,7 @@ void RemarquerNoms(std::vector<std::string>& remarques, const std::vector<Colonn
 void ImprimerRemarques(Rapport& rapport, const std::vector<std::string>& remarques) {
   if (remarques.empty()) return;
   rapport.Ligne();
-  for (const std::string& remarque : remarques) rapport.Ligne(remarque);
+  rapport.Lignes(remarques);
 }
 
 void ImprimerVerification(Rapport& rapport, std::int64_t individus, const std::vector<std::string>& premieres,
@@ -113,7 +113,7 @@ void ImprimerVerification(Rapport& rapport, std::int64_t individus, const std::v
   rapport.Ligne();
   rapport.Ligne("Impression des premières lignes du fichier créé *.DAT pour vérification"_w);
   rapport.Ligne();
-  for (const std::string& ligne : premieres) rapport.Ligne(ligne);
+  rapport.Lignes(premieres);
   rapport.Ligne();
   rapport.Ligne("En principe la partie des données numériques est alignée alors que la partie texte ne l'est pas"_w);
   rapport.Ligne();

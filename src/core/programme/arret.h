@@ -35,6 +35,12 @@ namespace quelvar {
   throw Erreur(std::move(faute));
 }
 
+// Tells the lines and stops the run (kArretAnnonce); without lines it goes on.
+inline void ArreterSi(Rapport& rapport, const std::vector<std::string>& lignes) {
+  rapport.Lignes(lignes);
+  if (!lignes.empty()) throw Erreur(kArretAnnonce);
+}
+
 // What a reader has found that stops the run: its lines, none when it may go on, and the fault for the screen when its
 // place is known.
 struct ArretDeLecture {

@@ -9,6 +9,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/enquete/posfile.h"
+#include "core/programme/arret.h"
 #include "core/programme/rapport.h"
 #include "core/programme/refus.h"
 #include "modalities/correction/modifmod.h"
@@ -207,8 +208,7 @@ std::vector<ModaliteNommee> CreerLesPasses(const Contexte& contexte, const Optio
 // The list that option B shows.
 std::vector<ModaliteNommee> ToutesLesModalites(const Contexte& contexte, Rapport& rapport) {
   EtatNomeMod etat = LireToutesModalites(contexte);
-  for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
-  if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+  ArreterSi(rapport, etat.message);
   return std::move(etat.modalites);
 }
 

@@ -76,7 +76,7 @@ ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapp
   std::vector<std::string> fautes;
   ChoixQuestions choix = ChoixDesNoms(pos, options.mode, options.actives ? *options.actives : aucune,
                                       options.supplementaires ? *options.supplementaires : aucune, fautes);
-  for (const std::string& faute : fautes) rapport.Ligne(faute);
+  rapport.Lignes(fautes);
   if (!fautes.empty()) throw Refus();
   return choix;
 }
