@@ -77,19 +77,7 @@ std::optional<std::string> Appliquer(const OptionsModifModR& options, std::vecto
 }  // namespace
 
 EtatModifModR ChargerModifModR(const Contexte& contexte) {
-  EtatModifModR etat;
-  try {
-    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
-      etat.textes = LireListeModalites(*chemin).textes;
-    } else {
-      etat.message = {std::string(kTitreErreur),
-                      std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                  "en utilisant la touche 'Annuler'"_w)};
-    }
-  } catch (const Erreur& erreur) {
-    etat.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))};
-  }
-  return etat;
+  return OuvrirTextesDuMod(contexte.repertoire, contexte.Nom(".MOD"));
 }
 
 std::vector<std::string> QuestionsDesTextes(const std::vector<std::string>& textes) {

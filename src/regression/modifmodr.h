@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/enquete/listemod.h"
 #include "core/options/dites.h"
 #include "core/programme/programme.h"
 
@@ -14,11 +15,7 @@ namespace quelvar::regression {
 enum class TypeDeQuestion { AExpliquer, Explicative };
 
 // What the form works on. Without a list, the lines of `message` tell why.
-struct EtatModifModR {
-  std::vector<std::string> message;
-  std::vector<std::string> textes;  // name in columns 1-4, code in 5-7, label from 8 on
-};
-
+using EtatModifModR = TextesDuMod;  // with the code in columns 5-7
 EtatModifModR ChargerModifModR(const Contexte& contexte);
 
 // The distinct questions (three characters) in the order of the list.

@@ -26,6 +26,19 @@ ListeModalites LireListeModalites(const Chemin& chemin) {
   return liste;
 }
 
+TextesDuMod OuvrirTextesDuMod(const Chemin& repertoire, std::string_view nom) {
+  constexpr std::string_view kTitre = "*** Erreur ***";
+  try {
+    if (const std::optional<Chemin> chemin = ChercherMod(repertoire, nom))
+      return {{}, LireListeModalites(*chemin).textes};
+    return {{std::string(kTitre), std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape "
+                                              "antérieure en utilisant la touche 'Annuler'"_w)},
+            {}};
+  } catch (const Erreur& erreur) {
+    return {{std::string(kTitre), TexteErreur(erreur)}, {}};
+  }
+}
+
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste) {
   Remplacement fichier(repertoire, nom, Nature::Unique);
   EcrireListeModalites(fichier.Fichier(), liste);
@@ -72,13 +85,17 @@ bool EstSeule(const std::vector<std::string>& textes, std::string_view nom) {
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom) {
   const std::string_view cherche = Rogner(nom);
   std::size_t rang = textes.size();
+  std::size_t suivant = rang;
   std::size_t trouvees = 0;
   for (std::size_t i = textes.size(); i-- > 0;) {
     if (Rogner(NomDeTexte(textes[i])) != cherche) continue;
+    suivant = rang;
     rang = i;
     ++trouvees;
   }
-  if (trouvees > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(cherche, trouvees));
+  if (trouvees > 1)
+    throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(cherche, trouvees))
+        .Situer({{}, LigneDansLaListe(suivant)});
   return rang;
 }
 

@@ -20,6 +20,13 @@ struct ListeModalites {
 
 // A file of less than two lines has an empty list. Raises the failures of LecteurLignes.
 ListeModalites LireListeModalites(const Chemin& chemin);
+// What a form opens on: the texts, or, in their place, the lines that tell why there are none.
+struct TextesDuMod {
+  std::vector<std::string> message;
+  std::vector<std::string> textes;
+};
+// Those of the .MOD of that name; a failure of reading is told in the message.
+TextesDuMod OuvrirTextesDuMod(const Chemin& repertoire, std::string_view nom);
 // Replaces the file. Raises the failures of writing.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
 // The same as one of the files of a set.
@@ -43,7 +50,7 @@ std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::
 bool EstSupplementaire(std::string_view texte);
 
 // Rank of the modality of that name, blanks around it aside, or the number of texts. Raises a sentence
-// (kIncompatibiliteType) when several have it.
+// (kIncompatibiliteType), with the line of the second one, when several have it.
 std::size_t RangDeModalite(const std::vector<std::string>& textes, std::string_view nom);
 // Whether one modality has that name.
 bool EstSeule(const std::vector<std::string>& textes, std::string_view nom);

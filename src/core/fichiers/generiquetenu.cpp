@@ -78,9 +78,9 @@ std::string PhraseOccupe(std::string_view generique, const Detenteur& detenteur)
 }
 
 int Ouvrir(const Chemin& chemin) {
-  constexpr int kToujours = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
-  const int descripteur = ::open(chemin.c_str(), O_RDWR | O_CREAT | kToujours, 0666);
-  return descripteur >= 0 ? descripteur : ::open(chemin.c_str(), O_RDONLY | kToujours);
+  constexpr int kToujours = O_NOFOLLOW | O_NONBLOCK;
+  const int descripteur = appels::OuvrirEnEcriture(chemin.c_str(), O_RDWR | O_CREAT | kToujours);
+  return descripteur >= 0 ? descripteur : ::open(chemin.c_str(), O_RDONLY | O_CLOEXEC | kToujours);
 }
 
 bool EstEncoreA(int descripteur, const Chemin& chemin) {

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "core/fichiers/releve.h"
+#include "core/fichiers/reprise.h"
 #include "core/fichiers/signaux.h"
 #include "core/fichiers/systeme/appels.h"
 #include "core/fichiers/systeme/marque.h"
@@ -26,7 +27,7 @@ void SynchroniserDossier(const Chemin& dossier) {
 
 // Opens a file for bytes behind its last one. Raises kAccesFichier when it is no longer as long as it was.
 int OuvrirALaFin(const EntreeDeReleve& e) {
-  const int descripteur = ::open(e.cible.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+  const int descripteur = appels::OuvrirEnEcriture(e.cible.c_str(), O_WRONLY | O_APPEND);
   if (descripteur < 0) LeverErrno(e.cible, errno);
   if (static_cast<std::uint64_t>(::lseek(descripteur, 0, SEEK_END)) == e.ancienne) return descripteur;
   ::close(descripteur);
@@ -125,23 +126,13 @@ void JeuDeFichiers::Tenir() {
 
 void JeuDeFichiers::Poser(std::size_t& poses) {
   const EntreeDeReleve& e = entrees_[poses];
-  switch (e.genre) {
-    case GenreDEntree::Nouveau:
-      appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()), e.cible);
-      break;
-    case GenreDEntree::Remplace:
-      appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()), e.cible);
-      break;
-    case GenreDEntree::Efface:
-      appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()), e.cible);
-      break;
-    case GenreDEntree::Allonge: {
-      const int descripteur = OuvrirALaFin(e);
-      const std::string& octets = ajouts_[poses].octets;
-      ++poses;  // from its first byte on
-      return EcrireALaFin(descripteur, e, octets);
-    }
+  if (e.genre == GenreDEntree::Allonge) {
+    const int descripteur = OuvrirALaFin(e);
+    const std::string& octets = ajouts_[poses].octets;
+    ++poses;  // from its first byte on
+    return EcrireALaFin(descripteur, e, octets);
   }
+  PoserFichier(e);
   ++poses;
 }
 

@@ -74,20 +74,8 @@ void EffacerProvisoires(const std::vector<EntreeDeReleve>& entrees) {
 
 void Finir(const std::vector<EntreeDeReleve>& entrees, const std::vector<Avance>& avances) {
   for (std::size_t i = 0; i < entrees.size(); ++i) {
-    const EntreeDeReleve& e = entrees[i];
-    if (avances[i].pose) continue;
-    switch (e.genre) {
-      case GenreDEntree::Nouveau:
-        appels::Exiger(appels::RenommerSansRemplacer(e.provisoire.c_str(), e.cible.c_str()), e.cible);
-        break;
-      case GenreDEntree::Remplace:
-        appels::Exiger(appels::Echanger(e.cible.c_str(), e.provisoire.c_str()), e.cible);
-        break;
-      case GenreDEntree::Efface:
-        appels::Exiger(appels::RenommerSansRemplacer(e.cible.c_str(), e.provisoire.c_str()), e.cible);
-        break;
-      case GenreDEntree::Allonge: break;  // its bytes are nowhere else: only a whole one is finished
-    }
+    // The bytes that lengthen a file are nowhere else: only a whole one is finished.
+    if (!avances[i].pose) PoserFichier(entrees[i]);
   }
   EffacerProvisoires(entrees);
 }
@@ -129,6 +117,19 @@ void Raconter(std::vector<std::string>& recit, const std::vector<EntreeDeReleve>
 }
 
 }  // namespace
+
+void PoserFichier(const EntreeDeReleve& entree) {
+  const Chemin& cible = entree.cible;
+  const Chemin& provisoire = entree.provisoire;
+  switch (entree.genre) {
+    case GenreDEntree::Nouveau:
+      return appels::Exiger(appels::RenommerSansRemplacer(provisoire.c_str(), cible.c_str()), cible);
+    case GenreDEntree::Remplace: return appels::Exiger(appels::Echanger(cible.c_str(), provisoire.c_str()), cible);
+    case GenreDEntree::Efface:
+      return appels::Exiger(appels::RenommerSansRemplacer(cible.c_str(), provisoire.c_str()), cible);
+    case GenreDEntree::Allonge: break;
+  }
+}
 
 std::vector<std::string> ReprendreGenerique(const Chemin& repertoire, std::string_view generique) {
   const Chemin chemin = CheminDeReleve(repertoire, generique);

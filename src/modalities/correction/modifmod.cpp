@@ -105,19 +105,7 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 }  // namespace
 
 EtatModifMod ChargerModifMod(const Contexte& contexte) {
-  EtatModifMod etat;
-  try {
-    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
-      etat.textes = LireListeModalites(*chemin).textes;
-    } else {
-      etat.message = {"*** Erreur ***",
-                      std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                  "en utilisant la touche 'Annuler'"_w)};
-    }
-  } catch (const Erreur& erreur) {
-    etat.message = {"*** Erreur ***", std::string(TexteErreur(erreur))};
-  }
-  return etat;
+  return OuvrirTextesDuMod(contexte.repertoire, contexte.Nom(".MOD"));
 }
 
 void BasculerStatut(std::string& texte) { PoserStatut(texte, !EstSupplementaire(texte)); }

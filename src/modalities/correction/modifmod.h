@@ -6,16 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "core/enquete/listemod.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::modalities {
 
 // What the form works on. Without a list, the lines of `message` tell why.
-struct EtatModifMod {
-  std::vector<std::string> message;
-  std::vector<std::string> textes;  // as core/enquete/listemod has them
-};
-
+using EtatModifMod = TextesDuMod;
 EtatModifMod ChargerModifMod(const Contexte& contexte);
 
 // A click in ListSuppl: the supplementary becomes active and back; name and label stay.

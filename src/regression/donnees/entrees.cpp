@@ -47,8 +47,9 @@ ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Ch
   return parametres;
 }
 
-void Fautifs::Noter(std::int64_t rang, std::int64_t cites) {
-  if (++nombre <= cites) rangs.push_back(rang);
+void Fautifs::Noter(std::int64_t rang, std::int64_t cites, const Lieu& ou) {
+  if (++nombre == 1) premier = ou;
+  if (nombre <= cites) rangs.push_back(rang);
 }
 
 void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque) {
@@ -59,7 +60,7 @@ void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque) {
   rapport.Ligne({"*** Nombre d'individus fautifs = ", Figure(static_cast<double>(fautifs.nombre), kLargeurDeRang, 0)});
   if (fautifs.nombre > kFautifsDits)
     rapport.Ligne({"    Seuls les ", Nombre(kFautifsDits), " premiers sont indiqués"_w});
-  throw Erreur(kArretAnnonce);
+  throw Erreur(FauteSituee{Joindre({"l'individu ", Nombre(fautifs.rangs.front()), " ", manque}), fautifs.premier});
 }
 
 }  // namespace quelvar::regression

@@ -8,6 +8,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/parametres.h"
+#include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::regression {
@@ -35,16 +36,18 @@ ParametresMod ExigerParametres(Rapport& rapport, const FichierMod& mod, const Ch
 // Ranks of individuals at fault that the report promises: beyond so many it says that these are the first.
 inline constexpr std::int64_t kFautifsDits = 50;
 
-// Individuals whose lines cannot be used: how many, and the ranks of the first of them.
+// Individuals whose lines cannot be used: how many, the ranks of the first of them, and where the first one is.
 struct Fautifs {
   std::vector<std::int64_t> rangs;  // from 1
   std::int64_t nombre = 0;
+  Lieu premier = {};
 
   // `cites`: how many ranks are kept.
-  void Noter(std::int64_t rang, std::int64_t cites);
+  void Noter(std::int64_t rang, std::int64_t cites, const Lieu& ou);
 };
 
-// Raises kArretAnnonce when there are some: each rank that was kept has its line, which ends with what is missing.
+// Raises kArretAnnonce, with the place of the first one, when there are some: each rank that was kept has its line,
+// which ends with what is missing.
 void ExigerSansFautifs(Rapport& rapport, const Fautifs& fautifs, Texte manque);
 
 }  // namespace quelvar::regression

@@ -134,7 +134,7 @@ LectureDesMoments LireMoments(const Chemin& donnees, const VariablesDeRegression
   for (std::string_view ligne; lecteur.Lire(ligne);) {
     progression.Avancer();
     ++rang;
-    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsDits);
+    if (EstTropCourte(ligne, variables)) fautifs.Noter(rang, kFautifsDits, lecteur.Ou());
     if (fautifs.nombre > 0) continue;
     if (RognerDroite(ligne).size() > longueur && lecture.longues.nombre++ == 0) lecture.longues.premiere = rang;
     if (!Situer(lecteur, [&] { return LireValeurs(ligne, variables, valeurs); }))
@@ -207,7 +207,8 @@ void Executer(const Contexte& contexte, Rapport& rapport) {
   ImprimerNomsDeFichiers(contexte, rapport, "Régression sur données numériques"_w, kSorte, ".REG");
   const FichierMod mod = LireMod(fichiers.mod);
   const ParametresMod parametres = ExigerParametres(rapport, mod, fichiers.mod);
-  if (parametres.largeur < 0) throw Erreur(kArgumentIncorrect);
+  if (parametres.largeur < 0)
+    throw Erreur(kArgumentIncorrect).Situer({TexteDe(fichiers.mod.filename()), kLigneDesParametres});
   if (parametres.de == kTableNommee) fichiers.donnees = TableNommee(contexte, rapport, parametres.mod);
   const VariablesDeRegression variables = LireVariables(mod.modalites, static_cast<std::size_t>(parametres.largeur));
   ExigerVariables(contexte, rapport, variables);

@@ -125,7 +125,7 @@ Fin SuplMot(const Contexte& contexte, const OptionsSuplMot& options) {
   return ExecuterProgramme(contexte, contexte.Nom(kRapport), LibellesErreur{}, [&](Rapport& rapport) {
     TableOuverte ouverte = OuvrirSuplMot(contexte);
     for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
-    if (!ouverte.message.empty()) throw Erreur(kArretAnnonce);
+    if (!ouverte.message.empty()) throw Erreur(FauteSituee{ouverte.message.back(), ouverte.ou});
     for (const OptionsSuplMot::Action& action : options.actions) Appliquer(ouverte.table, action, rapport);
     Enregistrer(contexte, ouverte.table);
     rapport.Ligne(kEnregistre);

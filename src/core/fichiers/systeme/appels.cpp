@@ -53,6 +53,11 @@ int Creer(const char* chemin) {
   return ::open(chemin, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
 }
 
+int OuvrirEnEcriture(const char* chemin, int drapeaux) {
+  if (Refuse("ouvrir")) return -1;
+  return ::open(chemin, drapeaux | O_CLOEXEC, 0666);
+}
+
 ssize_t Ecrire(int descripteur, const void* octets, std::size_t taille) {
   if (Refuse("ecrire")) return -1;
   return ::write(descripteur, octets, taille);

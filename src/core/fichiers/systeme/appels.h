@@ -19,6 +19,8 @@ void PoserSonde(Sonde sonde);
 
 // As the calls of their kind: -1 (or a negative count) and errno on failure.
 int Creer(const char* chemin);  // a new file, never through a link, open for reading and writing
+// A file to be written to, as the flags of open say; made with the rights of every new file.
+int OuvrirEnEcriture(const char* chemin, int drapeaux);
 ssize_t Ecrire(int descripteur, const void* octets, std::size_t taille);
 ssize_t EcrireA(int descripteur, const void* octets, std::size_t taille, std::uint64_t place);
 int Fermer(int descripteur);
