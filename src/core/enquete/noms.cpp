@@ -1,9 +1,11 @@
 #include "core/enquete/noms.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
 #include "core/chiffres/nombres.h"
+#include "core/enquete/posfile.h"
 #include "core/texte/listes.h"
 
 namespace quelvar {
@@ -19,6 +21,16 @@ std::string FauteHomonymes(std::string_view nom, std::span<const int> positions)
 std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites) {
   return Joindre({"Le nom ", Rogner(nom), " est celui de ", Nombre(modalites),
                   " modalités : donnez-leur des noms différents dans le fichier *.MOD et relancez"_w});
+}
+
+void ExigerNomsDifferents(const FichierPos& pos) {
+  std::set<std::string_view> vus;
+  for (std::size_t i = 0; i < pos.questions.size(); ++i) {
+    const std::string& nom = pos.questions[i].nom;
+    if (vus.insert(Rogner(nom)).second) continue;
+    throw Erreur(kIncompatibiliteType, FauteHomonymes(nom, pos.questions, RangsDuNom(pos.questions, nom)))
+        .Situer(LieuDeLaQuestion(pos, i));
+  }
 }
 
 }  // namespace quelvar
