@@ -155,6 +155,12 @@ void MontrerOnglet(const QWidget& forme, const QWidget& controle) {
 
 }  // namespace
 
+void Activer(QWidget& fenetre) {
+  fenetre.activateWindow();
+  if (!QTest::qWaitFor([&] { return fenetre.isActiveWindow(); }, 500)) QApplication::setActiveWindow(&fenetre);
+  QApplication::processEvents();
+}
+
 void Cliquer(const QWidget& forme, const char* nom) {
   auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);
   MontrerOnglet(forme, bouton);

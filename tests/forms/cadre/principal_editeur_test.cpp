@@ -38,8 +38,7 @@ TEST_F(MenuEditeur, CorrectsTheFileThatTheNextRunReads) {
   bureau.Menu("mnuEdPOS");
   ASSERT_EQ(Editeurs().size(), 1U);
   auto& texte = Bureau::Dans<quelvar::forms::EditTexte>(*Editeurs()[0], "TexteEd");
-  Editeurs()[0]->activateWindow();
-  QApplication::processEvents();
+  essai::Activer(*Editeurs()[0]);
   QTest::keyClick(&texte, Qt::Key_End, Qt::ControlModifier);
   QTest::keyClicks(&texte, "PRO   1 2");
   QTest::keyClick(&texte, Qt::Key_S, Qt::ControlModifier);

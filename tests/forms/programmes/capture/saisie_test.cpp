@@ -127,8 +127,7 @@ TEST(SaisieDes, LesGenresAuClavier) {
     QTest::keyClicks(des.focusWidget(), codeMax);
     QTest::keyClick(des.focusWidget(), Qt::Key_Return);
   };
-  des.activateWindow();
-  QApplication::setActiveWindow(&des);
+  essai::Activer(des);
   Bureau::Dans<QLineEdit>(des, "TextMod").setFocus();
   frapper("NOM", 1, "8");
   frapper("CP1", 2, "5");

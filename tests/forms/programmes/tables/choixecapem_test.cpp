@@ -80,7 +80,7 @@ TEST_F(FormeEcapem, AidesDesCases) {
 TEST_F(FormeEcapem, CliquesAuClavier) {
   bureau_.Ecrire("ENQ.NT1", "   1: 1 2\r\n");
   ChoixEcapem& forme = Ouvrir();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&forme));
+  essai::Activer(forme);
   QTest::keyClick(&forme, Qt::Key_R, Qt::AltModifier);
   // A box taken by its letter is pressed for a moment before it is ticked.
   ASSERT_TRUE(QTest::qWaitFor([&] { return !Actif(forme, "ChkPEL"); }));
