@@ -105,6 +105,11 @@ Bureau::Bureau(int niveau, std::string_view generique) : Bureau() {
   Ecrire("qvr2.ini", std::string(generique) + "\r\n " + std::to_string(niveau) + " \r\n");
 }
 
+BureauDe::BureauDe(int niveau, std::initializer_list<Fichier> fichiers) : Bureau(niveau) {
+  for (const Fichier& fichier : fichiers) Ecrire(fichier.nom, fichier.octets);
+  Ouvrir();
+}
+
 quelvar::forms::Principal& Bureau::Ouvrir() {
   principal_ = std::make_unique<quelvar::forms::Principal>(
       quelvar::forms::Environnement{programme_, reglages, QString::fromStdString((programme_ / "aide").string()),

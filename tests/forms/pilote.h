@@ -111,6 +111,15 @@ class Bureau {
   std::unique_ptr<quelvar::forms::Principal> principal_;
 };
 
+struct Fichier {
+  const char* nom;
+  std::string_view octets;
+};
+// A main form that finds the files in its directory when it opens.
+struct BureauDe : Bureau {
+  BureauDe(int niveau, std::initializer_list<Fichier> fichiers);
+};
+
 // --- what a user does in a form, and what he sees there, by the names of the controls ---
 
 // Makes it the window that has the keyboard, also on a screen where no window manager gives it.
