@@ -61,6 +61,8 @@ void Trier(Rapport& rapport, const Contexte& contexte, const OptionsTriFichier& 
   resultat.Achever();
   ImprimerCompteDuTri(
       rapport, {champ.position != 0, options.position, options.largeur, options.sens, options.rogner, longueurs});
+  if (!MemeFichier(contexte, options.fichierA, options.fichierC))
+    GarderDuJeuDeDonnees(contexte, CheminDEcriture(contexte.repertoire, options.fichierC), resultat.CheminProvisoire());
   resultat.Valider();
 }
 
