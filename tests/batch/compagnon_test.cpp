@@ -66,6 +66,27 @@ TEST_F(Compagnon, TellsWhatItCouldNotReadOrWrite) {
   EXPECT_EQ(Lancer("ls -A | grep -c '~'"), 1) << "no scratch file is left";
 }
 
+// A position that is none, a question asked for twice, two things that exclude each other: the user's, not the run's.
+TEST_F(Compagnon, RefusesValuesByTheirOption) {
+  struct Cas {
+    const char* ligne;
+    int etat;
+    const char* dit;  // UTF-8
+  };
+  for (const Cas& c : {
+           Cas{"$Q anecar ENQ cah=non csv=oui", 2, "les options cah=non et csv=oui se contredisent"},
+           Cas{"$Q anecar ENQ csv=oui cah=NON", 2, "les options cah=NON et csv=oui se contredisent"},
+           Cas{"$Q nomquest ENQ intitule=AAA=a intitule=AAA=b", 2, "l'option intitule est donnée deux fois"},
+           Cas{"$Q triapl ENQ limite=50 limite=050 modalites=OUI modalites=oui", 0, "Fin normale"},
+           Cas{"$Q posmod ENQ actives=AAA,AAA", 1, "La question AAA est demandée deux fois"},
+           Cas{"$Q posmod ENQ actives=AAA supplementaires=AAA", 1, "La question AAA est demandée deux fois"},
+           Cas{"$Q triapl --aide", 0, "s'abrège tant qu'une seule commence ainsi"},
+       }) {
+    EXPECT_EQ(Lancer(c.ligne), c.etat) << c.ligne << '\n' << sortie_;
+    EXPECT_NE(sortie_.find(c.dit), std::string::npos) << c.ligne << '\n' << sortie_;
+  }
+}
+
 // What would not fit is asked about, and without an answer stops before anything is written, with the bytes.
 TEST_F(Compagnon, NothingTakesTheDiskOrTheMemoryUnasked) {
   Ecrire("T.MOD", "T\r\n LIGN=1 FMT=15 \r\nC1     x\r\n");

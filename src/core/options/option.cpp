@@ -89,6 +89,16 @@ void RefuserValeur(std::string_view nom, std::string_view attendu, std::string_v
   throw UsageIncorrect(Joindre({"l'option ", nom, " attend ", attendu, " et non \"", valeur, "\""}));
 }
 
+void RefuserDeuxValeurs(std::string_view nom, std::string_view premiere, std::string_view seconde) {
+  throw UsageIncorrect(
+      Joindre({"l'option ", nom, " est donnée deux fois : \""_w, premiere, "\" et \"", seconde, "\""}));
+}
+
+void RefuserContradiction(const ValeurDOption& une, const ValeurDOption& autre) {
+  throw UsageIncorrect(Joindre(
+      {"les options ", une.first, "=", une.second, " et ", autre.first, "=", autre.second, " se contredisent"}));
+}
+
 bool LireOuiNon(std::string_view nom, std::string_view valeur) {
   const std::string mot = Minuscules(valeur);
   if (mot != "oui" && mot != "non") RefuserValeur(nom, "oui|non", valeur);
