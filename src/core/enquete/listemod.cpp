@@ -4,6 +4,7 @@
 
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
+#include "core/panne/annonce.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
 
@@ -26,10 +27,31 @@ ListeModalites LireListeModalites(const Chemin& chemin) {
   return liste;
 }
 
+ListeOuverte OuvrirListe(const Chemin& repertoire, std::string_view nom) {
+  ListeOuverte liste;
+  try {
+    if (const std::optional<Chemin> chemin = ChercherMod(repertoire, nom)) {
+      liste.textes = LireListeModalites(*chemin).textes;
+    } else {
+      liste.message = {std::string(kTitreErreur),
+                       std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
+                                   "en utilisant la touche 'Annuler'"_w)};
+    }
+  } catch (const Erreur& erreur) {
+    liste.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))};
+  }
+  return liste;
+}
+
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste) {
   Remplacement fichier(repertoire, nom, Nature::Unique);
   EcrireListeModalites(fichier.Fichier(), liste);
   fichier.Valider();
+}
+
+void PoserIntitule(std::string& texte, std::string_view intitule) {
+  texte.resize(kColonneDIntitule - 1, ' ');
+  texte += intitule;
 }
 
 void EcrireListeModalites(Ecrivain& fichier, const ListeModalites& liste) {

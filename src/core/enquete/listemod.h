@@ -20,6 +20,14 @@ struct ListeModalites {
 
 // A file of less than two lines has an empty list. Raises the failures of LecteurLignes.
 ListeModalites LireListeModalites(const Chemin& chemin);
+// The texts for a form that edits them; without them, the lines of `message` tell why.
+struct ListeOuverte {
+  std::vector<std::string> message;
+  std::vector<std::string> textes;
+};
+// A file that cannot be read is told as one that is not there.
+ListeOuverte OuvrirListe(const Chemin& repertoire, std::string_view nom);
+
 // Replaces the file. Raises the failures of writing.
 void EcrireListeModalites(const Chemin& repertoire, std::string_view nom, const ListeModalites& liste);
 // The same as one of the files of a set.
@@ -39,6 +47,8 @@ inline std::string_view MarqueDeTexte(std::string_view texte) {
 }
 inline std::string_view IntituleDeTexte(std::string_view texte) { return Milieu(texte, kColonneDIntitule); }
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
+// The label as typed, from column 8 on.
+void PoserIntitule(std::string& texte, std::string_view intitule);
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);
 

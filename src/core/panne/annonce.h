@@ -10,4 +10,7 @@ namespace quelvar {
 inline constexpr std::string_view kArretDuProgramme = "*** Arrêt du programme : "_w;
 inline constexpr std::string_view kArretDuProgrammeSansAccents = "*** Arret du programme : ";
 
+// The line above the sentence on what an editing form cannot open.
+inline constexpr std::string_view kTitreErreur = "*** Erreur ***";
+
 }  // namespace quelvar

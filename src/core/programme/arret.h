@@ -1,7 +1,9 @@
 // How a run stops by its own will: behind the line of its report that tells why.
 #pragma once
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/programme/programme.h"
 
@@ -31,6 +33,26 @@ namespace quelvar {
 [[noreturn]] inline void AvertirEtArreter(Rapport& rapport, const Dialogue& ecran, FauteSituee faute) {
   Avertir(rapport, ecran, faute.phrase);
   throw Erreur(std::move(faute));
+}
+
+// Tells the lines and stops the run (kArretAnnonce); without lines it goes on.
+inline void ArreterSi(Rapport& rapport, const std::vector<std::string>& lignes) {
+  rapport.Lignes(lignes);
+  if (!lignes.empty()) throw Erreur(kArretAnnonce);
+}
+
+// What a reader has found that stops the run: its lines, none when it may go on, and the fault for the screen when its
+// place is known.
+struct ArretDeLecture {
+  std::vector<std::string> lignes{};
+  FauteSituee faute{};
+};
+// Tells the lines with a beep and stops the run; without lines it goes on.
+inline void ArreterSi(Rapport& rapport, const Dialogue& ecran, ArretDeLecture arret) {
+  if (arret.lignes.empty()) return;
+  rapport.Lignes(arret.lignes);
+  ecran.biper();
+  throw Erreur(std::move(arret.faute));
 }
 
 }  // namespace quelvar

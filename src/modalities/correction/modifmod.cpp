@@ -105,27 +105,10 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 }  // namespace
 
 EtatModifMod ChargerModifMod(const Contexte& contexte) {
-  EtatModifMod etat;
-  try {
-    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
-      etat.textes = LireListeModalites(*chemin).textes;
-    } else {
-      etat.message = {"*** Erreur ***",
-                      std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                  "en utilisant la touche 'Annuler'"_w)};
-    }
-  } catch (const Erreur& erreur) {
-    etat.message = {"*** Erreur ***", std::string(TexteErreur(erreur))};
-  }
-  return etat;
+  return OuvrirListe(contexte.repertoire, contexte.Nom(".MOD"));
 }
 
 void BasculerStatut(std::string& texte) { PoserStatut(texte, !EstSupplementaire(texte)); }
-
-void PoserIntitule(std::string& texte, std::string_view intitule) {
-  texte.resize(kColonneDIntitule - 1, ' ');
-  texte += intitule;
-}
 
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes) {
   return RendreCompte(
@@ -150,8 +133,7 @@ OptionsDites<OptionsModifMod> OptionsDeModifMod(const std::vector<std::string>& 
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     EtatModifMod etat = ChargerModifMod(contexte);
-    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
-    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    ArreterSi(rapport, etat.message);
     Appliquer(contexte, etat.textes, options, rapport);
     Enregistrer(contexte, etat.textes);
     rapport.Ligne(kEnregistre);

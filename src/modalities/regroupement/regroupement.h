@@ -21,6 +21,8 @@ struct PlanDeRegroupement {
 
   bool AvecColonnes() const;
   bool AvecLignes() const;
+  // Whether any marked row stands before the supplementary ones: then the group is active.
+  bool GroupeActif() const;
 };
 
 struct LigneGroupee {

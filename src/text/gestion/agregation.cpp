@@ -171,8 +171,7 @@ void Appliquer(const Contexte& contexte, Agregation& agregation, const OptionsTa
                Rapport& rapport) {
   if (action.tri) {
     const std::vector<std::string> fautes = TrierLignes(agregation, *action.tri, contexte);
-    for (const std::string& ligne : fautes) rapport.Ligne(ligne);
-    if (!fautes.empty()) throw Erreur(kArretAnnonce);
+    ArreterSi(rapport, fautes);
     return;
   }
   for (const std::string& nom : action.lignes) {
@@ -258,7 +257,7 @@ Fin TerminerAgregation(const Contexte& contexte, const Agregation& agregation, s
   PrevenirDesSupplementaires(contexte, agregation);
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
     ImprimerBandeau(rapport, kTitre);
-    for (const std::string& ligne : agregation.compteRendu) rapport.Ligne(ligne);
+    rapport.Lignes(agregation.compteRendu);
     Terminer(rapport, contexte, agregation, nouveau);
   });
 }
@@ -273,7 +272,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
     ImprimerBandeau(rapport, kTitre);
     AgregationOuverte ouverte = OuvrirAgregation(contexte);
     if (!ouverte.ouverte) {
-      for (const std::string& ligne : ouverte.message) rapport.Ligne(ligne);
+      rapport.Lignes(ouverte.message);
       throw Erreur(kArretAnnonce);
     }
     Agregation& agregation = ouverte.agregation;
@@ -282,7 +281,7 @@ Fin TabMotAgreg(const Contexte& contexte, const OptionsTabMotAgreg& options) {
       contexte.Ecran().demander(Joindre({ouverte.message.front(), "\r\n", ouverte.message.back()}), Boutons::Ok);
     for (const OptionsTabMotAgreg::Action& action : options.actions) {
       Appliquer(contexte, agregation, action, rapport);
-      for (const std::string& ligne : agregation.compteRendu) rapport.Ligne(ligne);
+      rapport.Lignes(agregation.compteRendu);
       agregation.compteRendu.clear();
     }
     if (!agregation.modifiee) {

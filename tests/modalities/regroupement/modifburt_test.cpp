@@ -39,6 +39,16 @@ TEST_F(RunModifBurt, IndividualsStayBehindTheGroup) {
   EXPECT_NE(AnnonceDuRegroupement(options).find("AGE1, AGE2"), std::string::npos);
 }
 
+TEST_F(RunModifBurt, BlanksAroundTheNameOfARowCountForNothing) {
+  Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 FMT=2 \r\nA\r\nB\r\n");
+  Ecrire("ENQ.BRT", "  12 3 4\r\n   7 1 2\r\nab   5 6\r\n");
+  OptionsModifBurt options;
+  options.lignes = {"7", "12"};
+  options.nomLigne = "xx";
+  ASSERT_EQ(ModifierBurt(contexte_, options), Fin::Normale) << montre_;
+  EXPECT_EQ(Lire("ENR.BRT"), "ab   5 6\r\nxx00 4 6\r\n");
+}
+
 // A group under the name of an element that stays could not be told from it any more.
 TEST_F(RunModifBurt, AGroupDoesNotTakeTheNameOfAnotherElement) {
   struct Essai {

@@ -18,7 +18,7 @@ ModifMod::ModifMod(Services& services)
                               AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); },
                                              [this](int ligne) -> const std::string& { return Texte(ligne); },
                                              [this](int ligne, const std::string& intitule) {
-                                               modalities::PoserIntitule(Texte(ligne), intitule);
+                                               PoserIntitule(Texte(ligne), intitule);
                                                MontrerStatut(ligne);
                                              }));
   ui_->ListSuppl->setFont(PoliceFixe());
