@@ -174,6 +174,7 @@ std::string TexteAideGenerale() {
        "  --reponse TEXTE   réponse aux boîtes de dialogue, dans l'ordre : Oui, Non, Annuler ou un texte ;\n"
        "                    sans réponse, une boîte prend sa valeur par défaut\n"
        "  --horloge \"AAAA-MM-JJ hh:mm:ss\"   date et heure que portent les comptes rendus\n\n"
+       "Le nom d'une option s'abrège tant qu'une seule option du programme commence ainsi.\n"
        "Le compte rendu va sur la sortie standard, les boîtes sur la sortie d'erreur.\n"
        "Code de retour : 0 fin normale, 1 arrêt du programme, 2 commande incorrecte.\n"_w});
 }
@@ -206,6 +207,7 @@ std::string TexteAideProgramme(const Programme& programme) {
     for (const AutreNom& autre : option.autresNoms)
       if (!autre.mots.empty()) texte += TexteAutreNom(autre);
   }
+  if (!programme.options.empty()) texte += "\nLe nom d'une option s'abrège tant qu'une seule commence ainsi\n"_w;
   if (std::ranges::any_of(programme.options, &Option::aDesNoms))
     texte +=
         "\nDans un nom, \\, \\= et \\\\ sont une virgule, un signe = et un \\ (entre apostrophes dans un terminal)\n"_w;

@@ -107,6 +107,8 @@ EtatDeTable PreparationDImport::Etat() const {
   return ToutVaBien() ? EtatDeTable::ToutEnCodes : EtatDeTable::AVerifier;
 }
 
+bool PreparationDImport::RienDeChoisi() const { return choix_ == ProposerChoix(Colonnes()); }
+
 OptionsImport PreparationDImport::Options() const {
   OptionsImport options;
   options.fichier = TexteDe(fichier_);
@@ -121,6 +123,17 @@ OptionsImport PreparationDImport::Options() const {
   if (voulue.guillemets != vue.guillemets) options.lecture.guillemets = voulue.guillemets;
   if ((voulue.ligneTitres != 0) != (vue.ligneTitres != 0)) options.lecture.titres = voulue.ligneTitres != 0;
   return options;
+}
+
+ChoixGardes ComparerAuxGardes(const Chemin& repertoire, std::string_view fichier,
+                              const std::vector<ChoixDeColonne>& choix) {
+  const std::optional<Chemin> chemin = ChercherFichier(repertoire, fichier);
+  if (!chemin) return ChoixGardes::Absents;
+  try {
+    return EcrireImc(LireImc(*chemin)) == EcrireImc(choix) ? ChoixGardes::Memes : ChoixGardes::Autres;
+  } catch (const Erreur&) {
+    return ChoixGardes::Autres;
+  }
 }
 
 std::optional<AnciensChoix> ChercherAnciensChoix(const Chemin& repertoire, std::string_view generique,

@@ -54,6 +54,8 @@ class PreparationDImport {
   std::vector<std::string> Remarques() const;
   bool ToutVaBien() const;
   EtatDeTable Etat() const;
+  // Whether every column becomes what is proposed without any hand.
+  bool RienDeChoisi() const;
   // What the import is to be run with.
   OptionsImport Options() const;
 
@@ -68,6 +70,12 @@ class PreparationDImport {
   std::vector<ChoixDeColonne> choix_;
   std::vector<bool> touchees_;  // columns whose choice is the user's or that of an earlier import
 };
+
+// What a file of choices has that is there, if any.
+enum class ChoixGardes { Absents, Autres, Memes };
+// Compares them with these; a file that cannot be read has others.
+ChoixGardes ComparerAuxGardes(const Chemin& repertoire, std::string_view fichier,
+                              const std::vector<ChoixDeColonne>& choix);
 
 // The choices of an earlier import in that directory: those of the generic, else those made for the very same columns.
 struct AnciensChoix {

@@ -116,12 +116,29 @@ ValeurDOption Typee(Hasard& hasard, const std::string& programme, const Option& 
   return {autre.nom, autre.mots[Tirer(hasard, autre.mots.size())].first};
 }
 
+// Whether the value given last says another thing than one before it: of the same name, or what `cah=non` leaves no
+// place for. Such a line is refused in any order.
+bool SeContredit(const Programme& programme, const LigneDOptions& ligne) {
+  try {
+    programme.recrire(ligne);
+    return false;
+  } catch (const UsageIncorrect& refus) {
+    const Option& option = programme.options[TrouverOption(programme.options, ligne.back(), programme.nom).rang];
+    EXPECT_TRUE(option.nomDe || programme.nom == "anecar") << programme.nom << " : " << refus.what();
+    EXPECT_THROW(programme.recrire({ligne.rbegin(), ligne.rend()}), UsageIncorrect) << refus.what();
+    return true;
+  }
+}
+
 LigneDOptions UnLancement(Hasard& hasard, const Programme& programme) {
   LigneDOptions ligne;
   for (const Option& option : programme.options) {
     if (option.nom == "lancer") continue;
     const std::size_t fois = Tirer(hasard, option.repetable ? 4 : 2);
-    for (std::size_t i = 0; i < fois; ++i) ligne.push_back(Typee(hasard, programme.nom, option));
+    for (std::size_t i = 0; i < fois; ++i) {
+      ligne.push_back(Typee(hasard, programme.nom, option));
+      if (SeContredit(programme, ligne)) ligne.pop_back();
+    }
   }
   return ligne;
 }

@@ -188,7 +188,7 @@ class Description : public TableDOptions<Options> {
     return Ajouter(std::move(option), poser, EcrireMembre(membre, NomsJoints));
   }
 
-  // "NOM=TEXTE", which may be repeated: the pairs in their order.
+  // "NOM=TEXTE", which may be repeated, with one text for each name: the pairs in their order.
   Description& Couples(std::string nom, std::vector<std::pair<std::string, std::string>> Options::*membre,
                        std::string_view valeurs, std::string_view aide) {
     const auto poser = [nom, membre](Options& options, const std::string& texte) {
@@ -199,7 +199,7 @@ class Description : public TableDOptions<Options> {
       for (const auto& [nomme, texte] : options.*membre) textes.push_back(EcrireCouple(nomme, texte));
       return textes;
     };
-    return Libre(std::move(nom), valeurs, aide, poser, ecrire).ADesNoms().Repetable();
+    return Libre(std::move(nom), valeurs, aide, poser, ecrire).ADesNoms().RepetableParNom();
   }
 
   // Anything else: `poser` sets the struct or raises UsageIncorrect, `ecrire` tells it back.
@@ -295,6 +295,12 @@ class Description : public TableDOptions<Options> {
   Description& Repetable() {
     this->Derniere().repetable = true;
     return *this;
+  }
+
+  // The same with one value for each name, which stands in front of "=" unless told otherwise.
+  Description& RepetableParNom(std::function<std::string(std::string_view)> nomDe = NomDuCouple) {
+    this->Derniere().nomDe = std::move(nomDe);
+    return Repetable();
   }
 
   // --- what is made of it ---

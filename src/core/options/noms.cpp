@@ -95,6 +95,11 @@ std::pair<std::string, std::string> LireCouple(std::string_view option, std::str
   return {SansProtection(valeur.substr(0, egal), kSignesDesNoms), std::string(valeur.substr(egal + 1))};
 }
 
+std::string NomDuCouple(std::string_view valeur) {
+  const std::string_view nom = valeur.substr(0, PlaceDuSigne(valeur, kEntreNomEtTexte));
+  return std::string(Rogner(SansProtection(nom, kSignesDesNoms)));
+}
+
 std::string EcrireCouple(std::string_view nom, std::string_view texte) {
   return Joindre({Proteger(nom, kEntreNomEtTexte), kEntreNomEtTexte, texte});
 }

@@ -33,6 +33,8 @@ std::string NomsJoints(const std::vector<std::string>& noms);
 // "SEX1=Homme" in two, and from two: the name and all that stands behind the sign. Raises UsageIncorrect without "=".
 std::pair<std::string, std::string> LireCouple(std::string_view option, std::string_view valeur,
                                                std::string_view attendu = "NOM=TEXTE");
+// The name alone, trimmed; the whole of a value that has no "=".
+std::string NomDuCouple(std::string_view valeur);
 std::string EcrireCouple(std::string_view nom, std::string_view texte);
 // The same with a name of one to four characters. Raises UsageIncorrect.
 std::pair<std::string, std::string> NomEtTexte(std::string_view option, std::string_view valeur);

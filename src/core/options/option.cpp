@@ -85,14 +85,18 @@ OptionTrouvee TrouverOption(const std::vector<Option>& options, const ValeurDOpt
                                 nom, " (voir : quelvar-batch ", programme, " --aide)"}));
 }
 
-void RefuserDeuxValeurs(const Option& option, const OptionTrouvee& avant, const OptionTrouvee& apres) {
-  if (avant.rang != apres.rang || option.repetable || avant.valeur == apres.valeur) return;
-  throw UsageIncorrect(
-      Joindre({"l'option ", option.nom, " est donnée deux fois : \""_w, avant.valeur, "\" et \"", apres.valeur, "\""}));
-}
-
 void RefuserValeur(std::string_view nom, std::string_view attendu, std::string_view valeur) {
   throw UsageIncorrect(Joindre({"l'option ", nom, " attend ", attendu, " et non \"", valeur, "\""}));
+}
+
+void RefuserDeuxValeurs(std::string_view nom, std::string_view premiere, std::string_view seconde) {
+  throw UsageIncorrect(
+      Joindre({"l'option ", nom, " est donnée deux fois : \""_w, premiere, "\" et \"", seconde, "\""}));
+}
+
+void RefuserContradiction(const ValeurDOption& une, const ValeurDOption& autre) {
+  throw UsageIncorrect(Joindre(
+      {"les options ", une.first, "=", une.second, " et ", autre.first, "=", autre.second, " se contredisent"}));
 }
 
 bool LireOuiNon(std::string_view nom, std::string_view valeur) {

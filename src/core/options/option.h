@@ -1,6 +1,7 @@
 // One option of a program as data: its names, the values it takes, its default, the control that shows it and its help.
 #pragma once
 
+#include <functional>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -51,8 +52,10 @@ struct Option {
   double plusGrand = std::numeric_limits<double>::infinity();
   Etrangers etrangers = Etrangers::Refuses;
   bool repetable = false;  // each value given adds to the former ones
-  bool geste = false;      // acts in its turn among the options that do
-  bool aDesNoms = false;   // holds names, whose signs stand behind a "\" (core/options/noms.h)
+  // Repeatable, but with one value for each name: the name that a value is for.
+  std::function<std::string(std::string_view valeur)> nomDe = {};
+  bool geste = false;     // acts in its turn among the options that do
+  bool aDesNoms = false;  // holds names, whose signs stand behind a "\" (core/options/noms.h)
   std::vector<AutreNom> autresNoms = {};
   std::vector<Controle> controles = {};
 };
@@ -68,11 +71,12 @@ struct OptionTrouvee {
 // Raises UsageIncorrect.
 OptionTrouvee TrouverOption(const std::vector<Option>& options, const ValeurDOption& typee, std::string_view programme);
 
-// Raises UsageIncorrect when both set that option to values that differ, and it takes one only.
-void RefuserDeuxValeurs(const Option& option, const OptionTrouvee& avant, const OptionTrouvee& apres);
-
 // Refuses a value: "l'option NOM attend ATTENDU et non ...". Raises UsageIncorrect.
 [[noreturn]] void RefuserValeur(std::string_view nom, std::string_view attendu, std::string_view valeur);
+
+// Refuses two values that differ, and two options of which one undoes the other. Raises UsageIncorrect.
+[[noreturn]] void RefuserDeuxValeurs(std::string_view nom, std::string_view premiere, std::string_view seconde);
+[[noreturn]] void RefuserContradiction(const ValeurDOption& une, const ValeurDOption& autre);
 
 // The value of a box that is ticked or not. Raises UsageIncorrect.
 bool LireOuiNon(std::string_view nom, std::string_view valeur);

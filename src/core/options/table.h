@@ -32,7 +32,8 @@ class TableDOptions {
   const Option& De(std::string_view nom) const { return options_[RangDe(nom)]; }
 
   // The struct that the line stands for. Raises UsageIncorrect before anything runs: an option that is not known, a
-  // value that it does not take, two values for an option that takes one.
+  // value that it does not take, two values (not two spellings of one) for an option that takes one, or for one name,
+  // two options of which one undoes the other.
   Options Lire(const LigneDOptions& ligne) const {
     Options options;
     auto debut = ligne.begin();
@@ -122,11 +123,34 @@ class TableDOptions {
     const auto place = [&](const OptionTrouvee& o) { return options_[o.rang].geste ? gestes_ : o.rang; };
     std::stable_sort(trouvees.begin(), trouvees.end(),
                      [&](const OptionTrouvee& a, const OptionTrouvee& b) { return place(a) < place(b); });
-    for (std::size_t i = 0; i < trouvees.size(); ++i) {
-      const Option& option = options_[trouvees[i].rang];
-      if (i > 0) RefuserDeuxValeurs(option, trouvees[i - 1], trouvees[i]);
-      poseurs_[trouvees[i].rang](options, trouvees[i].valeur);
+    for (std::size_t i = 0; i < trouvees.size(); ++i) PoserSansContredire(options, trouvees, i);
+  }
+
+  // Sets one of the options of a launch behind those before it, none of which may come to say something else by that:
+  // an option that takes one value, or one for each name, is not given two, nor does another one undo what was asked.
+  void PoserSansContredire(Options& options, const std::vector<OptionTrouvee>& trouvees, std::size_t i) const {
+    const OptionTrouvee& posee = trouvees[i];
+    const Options avant = options;
+    poseurs_[posee.rang](options, posee.valeur);
+    for (std::size_t j = 0; j < i; ++j) {
+      const OptionTrouvee& autre = trouvees[j];
+      const Option& option = options_[autre.rang];
+      if (option.repetable) {
+        if (autre.rang == posee.rang && option.nomDe && option.nomDe(autre.valeur) == option.nomDe(posee.valeur) &&
+            Seule(autre) != Seule(posee))
+          RefuserDeuxValeurs(option.nom, autre.valeur, posee.valeur);
+      } else if (ecriveurs_[autre.rang](avant) != ecriveurs_[autre.rang](options)) {
+        if (autre.rang == posee.rang) RefuserDeuxValeurs(option.nom, autre.valeur, posee.valeur);
+        RefuserContradiction({option.nom, autre.valeur}, {options_[posee.rang].nom, posee.valeur});
+      }
     }
+  }
+
+  // What a value says by itself.
+  std::vector<std::string> Seule(const OptionTrouvee& trouvee) const {
+    Options options;
+    poseurs_[trouvee.rang](options, trouvee.valeur);
+    return ecriveurs_[trouvee.rang](options);
   }
 
   // Adds what makes `courantes` into `voulues`, and makes it so.

@@ -115,16 +115,19 @@ Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>
       contexte, kEnregistre, [&] { Enregistrer(contexte, textes); }, kRapportSansNom);
 }
 
-OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const std::vector<std::string>& textes) {
+OptionsDites<OptionsModifMod> OptionsDeModifMod(const std::vector<std::string>& ouverts,
+                                                const std::vector<std::string>& textes) {
   OptionsModifMod options;
   for (std::size_t i = 0; i < textes.size(); ++i) {
+    if (textes[i] == ouverts[i]) continue;
     const std::string nom(Rogner(NomDeTexte(textes[i])));
+    if (!EstSeule(textes, nom)) return {.raison = "deux modalités ont le même nom"_w};
     if (EstSupplementaire(textes[i]) != EstSupplementaire(ouverts[i]))
       (EstSupplementaire(textes[i]) ? options.supplementaires : options.actives).push_back(nom);
     if (IntituleDeTexte(textes[i]) != IntituleDeTexte(ouverts[i]))
       options.intitules.emplace_back(nom, IntituleDeTexte(textes[i]));
   }
-  return options;
+  return {.options = std::move(options)};
 }
 
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/enquete/listemod.h"
+#include "core/options/dites.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::modalities {
@@ -30,8 +31,10 @@ struct OptionsModifMod {
 
   bool operator==(const OptionsModifMod&) const = default;
 };
-// What has to be asked of the file as it was opened to make of it what the form would save.
-OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const std::vector<std::string>& textes);
+// What has to be asked of the file as it was opened to make of it what the form would save; the reason when what was
+// changed has a name that another modality has too.
+OptionsDites<OptionsModifMod> OptionsDeModifMod(const std::vector<std::string>& ouverts,
+                                                const std::vector<std::string>& textes);
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options);
 
 }  // namespace quelvar::modalities

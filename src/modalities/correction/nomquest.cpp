@@ -83,6 +83,17 @@ Fin EnregistrerNomQuest(const Contexte& contexte, const std::vector<NomDeQuestio
       contexte, kIntitulesSauvegardes, [&] { SauverNomQuest(contexte, questions); }, kRapportSansNom);
 }
 
+OptionsDites<OptionsNomQuest> OptionsDeNomQuest(const std::vector<NomDeQuestion>& ouvertes,
+                                                const std::vector<NomDeQuestion>& questions) {
+  OptionsNomQuest options;
+  for (std::size_t i = 0; i < questions.size(); ++i) {
+    if (questions[i].intitule == ouvertes[i].intitule) continue;
+    if (RangsDuNom(questions, questions[i].nom).size() > 1) return {.raison = "deux questions ont le même nom"_w};
+    options.intitules.emplace_back(Rogner(questions[i].nom), questions[i].intitule);
+  }
+  return {.options = std::move(options)};
+}
+
 Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
     EtatNomQuest etat = ChargerNomQuest(contexte);

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/options/dites.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::modalities {
@@ -49,6 +50,10 @@ struct OptionsNomQuest {
 
   bool operator==(const OptionsNomQuest&) const = default;
 };
+// What has to be asked of the questions as they were opened to make of them what the form would save; the reason when
+// the name of one of them is that of another too.
+OptionsDites<OptionsNomQuest> OptionsDeNomQuest(const std::vector<NomDeQuestion>& ouvertes,
+                                                const std::vector<NomDeQuestion>& questions);
 Fin NommerQuestions(const Contexte& contexte, const OptionsNomQuest& options);
 
 }  // namespace quelvar::modalities

@@ -18,6 +18,8 @@ Description<O>::Poser PoserUnReglage(const char* option, Reglages O::*membre) {
   };
 }
 
+std::string NomDuReglage(std::string_view valeur) { return std::string(valeur.substr(0, valeur.rfind('='))); }
+
 Description<O>::Ecrire EcrireReglages(Reglages O::*membre) {
   return [membre](const O& options) {
     std::vector<std::string> textes;
@@ -80,11 +82,11 @@ void DecrireGestes(Description<O>& description) {
       .Entier("marque", &O::marque, 0, kDerniereMarque, "marque des points : 0 *, sinon taille du cercle")
       .Libre("marques", "NOM=0..5", "marque d'un point seulement ; peut être répété"_w,
              PoserUnReglage("marques", &O::marques), EcrireReglages(&O::marques))
-      .Repetable()
+      .RepetableParNom(NomDuReglage)
       .Noms("invisibles", &O::invisibles, "textes et points cachés : titre, sommet1 à sommet3, noms des points"_w)
       .Libre("deplaces", "NOM=DX/DY", "place d'un texte, en points vers la droite et vers le bas ; peut être répété"_w,
              PoserUnReglage("deplaces", &O::deplaces), EcrireReglages(&O::deplaces))
-      .Repetable()
+      .RepetableParNom(NomDuReglage)
       .Reel("largeur", &O::largeur, kPlusPetite, kPlusGrande, "largeur du graphique, %")
       .Reel("hauteur", &O::hauteur, kPlusPetite, kPlusGrande, "hauteur du graphique, %")
       .Reel("page", &O::fenetre, kPlusPetite, kPlusGrande, "fenêtre d'impression, %"_w);

@@ -34,7 +34,7 @@ void DecrireIntitule(Supl& description, const std::string& nom, ActionSupl::Genr
       if (action.genre == genre) textes.push_back(EcrireCouple(action.nom, action.intitule));
     return textes;
   };
-  description.Libre(nom, valeurs, aide, poser, ecrire).ADesNoms().Repetable();
+  description.Libre(nom, valeurs, aide, poser, ecrire).ADesNoms().RepetableParNom();
 }
 
 Supl DecrireSuplMot() {

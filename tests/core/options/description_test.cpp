@@ -78,6 +78,9 @@ TEST(Description, OptionsAreSetWhateverTheirOrderAndTheirName) {
       {{{"aucun", "oui"}, {"plafond", "0"}, {"limite", "0.1"}}, {.nombre = 0, .plafond = 0, .limite = 0.1}},
       {{{"aucun", "non"}, {"nombre", "4"}, {"nombre", "4"}}, {.nombre = 4}},
       {{{"nom", "SEX=Sexe"}, {"nom", "AGE="}}, {.noms = {{"SEX", "Sexe"}, {"AGE", ""}}}},
+      // One value in two spellings.
+      {{{"drapeau", "OUI"}, {"drapeau", "oui"}}, {.drapeau = true, .oppose = false}},
+      {{{"nombre", "05"}, {"nombre", "5"}, {"limite", "1"}, {"limite", "1.0"}}, {.nombre = 5, .limite = 1}},
       // What one option takes with it gives way to what is asked for.
       {{{"drapeau", "oui"}}, {.drapeau = true, .oppose = false}},
       {{{"drapeau", "oui"}, {"oppose", "oui"}}, {.drapeau = true}},
@@ -110,6 +113,9 @@ TEST(Description, WhatIsNotTakenIsRefusedWithItsReason) {
       {{{"limite", "1,5"}}, "l'option limite attend un nombre et non \"1,5\""},
       {{{"nom", "SEXES=Sexe"}}, "l'option nom attend NOM=TEXTE et non \"SEXES=Sexe\""},
       {{{"nombre", "1"}, {"aucun", "oui"}}, "l'option nombre est donnée deux fois : \"1\" et \"0\""_w},
+      {{{"texte", "oui"}, {"texte", "OUI"}}, "l'option texte est donnée deux fois : \"oui\" et \"OUI\""_w},
+      {{{"nom", "SEX=a"}, {"nom", "AGE="}, {"nom", " SEX=b"}},
+       "l'option nom est donnée deux fois : \"SEX=a\" et \" SEX=b\""_w},
       {{{"n", "1"}}, "option ambigue : n (voir : quelvar-batch essai --aide)"},
       {{{"autre", "1"}}, "option inconnue : autre (voir : quelvar-batch essai --aide)"},
   };

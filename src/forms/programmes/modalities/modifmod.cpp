@@ -27,7 +27,7 @@ ModifMod::ModifMod(Services& services)
   RelierTouches(*ui_->ListSuppl, {Qt::Key_Space}, basculer);
   connect(ui_->BoutEnreg, &QPushButton::clicked, this, &ModifMod::Enregistrer);
   RelierQuitter(*ui_->BoutQuitter);
-  RelierCommande(*ui_->BoutEnreg, modalities::DescriptionModifMod(), contexte_, [this] {
+  RelierCommandeDite(*ui_->BoutEnreg, modalities::DescriptionModifMod(), contexte_, [this] {
     edition_->Ranger();
     return modalities::OptionsDeModifMod(dansLeFichier_, etat_.textes);
   });

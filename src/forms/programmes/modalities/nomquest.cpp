@@ -32,13 +32,9 @@ NomQuest::NomQuest(Services& services)
   RelierQuitter(*ui_->BoutQuitter);
   AuDepartDireLArret();
   ouverts_ = etat_.questions;
-  RelierCommande(*ui_->BoutEnreg, modalities::DescriptionNomQuest(), contexte_, [this] {
+  RelierCommandeDite(*ui_->BoutEnreg, modalities::DescriptionNomQuest(), contexte_, [this] {
     edition_->Ranger();
-    modalities::OptionsNomQuest options;
-    for (std::size_t i = 0; i < etat_.questions.size(); ++i)
-      if (etat_.questions[i].intitule != ouverts_[i].intitule)
-        options.intitules.emplace_back(Rogner(etat_.questions[i].nom), etat_.questions[i].intitule);
-    return options;
+    return modalities::OptionsDeNomQuest(ouverts_, etat_.questions);
   });
   MontrerMessage(EnUnTexte(etat_.message));
   for (QPushButton* bouton : {ui_->BoutSuivant, ui_->BoutSauve, ui_->BoutEnreg})

@@ -16,12 +16,18 @@ bool SansReglesEnAttente(Services& services) {
   return preparation == nullptr || !preparation->ATravail() || services.formes.Fermer(*preparation);
 }
 
+// The form proposes a free name rather than replace the files of a generic: what it shows as its command, and what is
+// launched, both say so.
+sorts::OptionsRecodage SansRemplacer(sorts::OptionsRecodage options) {
+  options.remplacer = false;
+  return options;
+}
+
 // The session follows a complete run to the new generic. False for a run that was given up.
 bool Recoder(Services& services, const Contexte& contexte, sorts::OptionsRecodage options) {
   Session& session = services.session;
   sorts::SuiteRecodage suite{contexte.generique, session.passerModalites};
   options.suite = &suite;
-  options.remplacer = false;
   const std::optional<Fin> fin = services.LancerSur(
       contexte, [&](const Contexte& sur) { return sorts::DescriptionRecodage().Executer(sur, options); });
   session.passerModalites = suite.passerModalites;
@@ -54,7 +60,7 @@ void ChoixRecodage::Accorder(bool seules) {
 }
 
 sorts::OptionsRecodage ChoixRecodage::Options() const {
-  return OptionsDesControles(*this, sorts::DescriptionRecodage());
+  return SansRemplacer(OptionsDesControles(*this, sorts::DescriptionRecodage()));
 }
 
 void ChoixRecodage::LancerRecodage() {
@@ -69,7 +75,7 @@ void ChoixRecodage::LancerRecodage() {
 // Its boxes stand at their defaults each time.
 void OuvrirOutils(Services& services) {
   if (services.session.niveau < kNiveauAvance) {
-    if (SansReglesEnAttente(services)) Recoder(services, services.ContexteEnCours(), {});
+    if (SansReglesEnAttente(services)) Recoder(services, services.ContexteEnCours(), SansRemplacer({}));
   } else if (FairePlace<ChoixRecodage>(services)) {
     Montrer<ChoixRecodage>(services);
   }

@@ -199,6 +199,26 @@ TEST_F(FormesDesModalites, NomsDesQuestions) {
   EXPECT_NE(bureau_.Lire("ENQ.POS").find("SEX   1 2 $Genre$ &ACT&"), std::string::npos);
 }
 
+// What a name shared by two cannot say to the companion has no command; the others of the file have theirs.
+TEST_F(FormesDesModalites, UnNomPorteDeuxFoisNAPasDeCommande) {
+  bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\nAGE   2 3 $Age$\r\nSEX   3 1\r\n");
+  bureau_.Ecrire("ENQ.MOD", "ENQ\r\n BRT=3 FMT=1 \r\nSEX1   \r\nAGE1   \r\nSEX1   \r\n");
+  Pilote pilote;
+  auto& questions = Ouvrir<NomQuest>("mnuNomQuest");
+  CliquerLigne(questions, "ListRecap", 1);
+  Taper(questions, "TextMod", "Age revolu");
+  EXPECT_EQ(CommandeMontree(pilote, questions), "quelvar-batch --niveau 2 nomquest ENQ 'intitule=AGE=Age revolu'");
+  CliquerLigne(questions, "ListRecap", 2);
+  Taper(questions, "TextMod", "Autre");
+  EXPECT_EQ(CommandeMontree(pilote, questions), "(aucune : deux questions ont le même nom)");
+  Cliquer(questions, "BoutEnreg");
+  auto& modalites = Ouvrir<ModifMod>("mnuModifMod");
+  CliquerLigne(modalites, "ListSuppl", 1);
+  EXPECT_EQ(CommandeMontree(pilote, modalites), "quelvar-batch --niveau 2 modifmod ENQ supplementaires=AGE1");
+  CliquerLigne(modalites, "ListSuppl", 2);
+  EXPECT_EQ(CommandeMontree(pilote, modalites), "(aucune : deux modalités ont le même nom)");
+}
+
 TEST_F(FormesDesModalites, CreerDesModalitesPuisLesNommer) {
   auto& forme = Ouvrir<NomeMod>("mnuNomMod");
   EXPECT_EQ(Etiquette(forme, "TitreNbPos"), "Le nombre de modalités prévu est de 3");

@@ -135,7 +135,11 @@ TEST_F(FormesDeLaRegression, VariablesDInteret) {
   EXPECT_EQ(Lignes(forme, "ListVar2").size(), 1);
   Cliquer(forme, "Opt2");
   essai::Pilote pilote;
-  EXPECT_EQ(essai::FaitCommeLaCommande(bureau_, pilote, forme, [&] { Cliquer(forme, "BoutLancer"); }),
+  EXPECT_EQ(essai::FaitCommeLaCommande(bureau_, pilote, forme,
+                                       [&] {
+                                         pilote.Cliquer("Oui");  // the modalities of the .MOD are replaced
+                                         Cliquer(forme, "BoutLancer");
+                                       }),
             "quelvar-batch --niveau 2 varint ENQ questions=SEX edition=longue");
   EXPECT_TRUE(bureau_.Texte().contains("Edition du profil de la question SEX Sexe\n\nNom    PEM  Nom long"));
   EXPECT_TRUE(bureau_.Existe("ENQ.BRT"));
@@ -175,6 +179,8 @@ TEST_F(FormesDeLaRegression, LImageDesEffetsSuitLeRapport) {
 }
 
 TEST_F(FormesDeLaRegression, LesProfilsSeMontrentUnAUn) {
+  essai::Pilote pilote;
+  pilote.Cliquer("Oui");
   ChoixVarInt& forme = bureau_.Demander<ChoixVarInt>("mnuVarInt");
   Cliquer(forme, {"BoutAll", "BoutLancer"});
   auto* image = bureau_.Forme<FenetreDessin>();

@@ -33,6 +33,25 @@ TEST(Recodage, LaBoiteDuGeneriqueAnnuleeArreteTout) {
   EXPECT_FALSE(bureau.Fenetre().ServicesDesFormes().session.passerModalites);
 }
 
+// What the form launches replaces no survey unasked, and neither does the line that it shows.
+TEST(Recodage, LaCommandeNEcrasePasPlusQueLeFormulaire) {
+  BureauEnq bureau(2);
+  bureau.AvecDonnees();
+  bureau.Ecrire("ENR.POS", "PRIS\r\n 1 \r\nA     1 2\r\n");
+  bureau.Ecrire("ENR.DAT", "1\r\n");
+  bureau.Ouvrir();
+  Pilote pilote;
+  bureau.Menu("mnuOutils");
+  auto* recodage = bureau.Forme<ChoixRecodage>();
+  const QString commande = essai::FaitCommeLaCommande(bureau, pilote, *recodage, [&] {
+    pilote.Faire([](QDialog& boite) { boite.accept(); });  // the free name that is proposed
+    pilote.Cliquer("Oui");
+    Cliquer(*recodage, "BoutonTriapl");
+  });
+  EXPECT_TRUE(commande.contains("remplacer=non")) << commande.toStdString();
+  EXPECT_EQ(bureau.Lire("ENR.DAT"), "1\r\n");
+}
+
 // A run that is given up in one of its boxes leaves its form, with what was chosen there, and the former report.
 TEST(Annulation, LeFormulaireResteAvecSesChoix) {
   BureauEnq bureau(2);

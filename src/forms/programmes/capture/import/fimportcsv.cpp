@@ -1,5 +1,6 @@
 #include "forms/programmes/capture/import/fimportcsv.h"
 
+#include "capture/apercu/options.h"
 #include "capture/import_options.h"
 #include "forms/pieces/commande.h"
 #include "forms/pieces/options.h"
@@ -35,13 +36,21 @@ FImportCSV::FImportCSV(Services& services)
     OuvrirSourceImport(services_);
   });
   RelierQuitter(*ui_->Annuler);
-  RelierCommande(*ui_->Lancer, capture::DescriptionImportCsv(), contexte_, [this] { return Options(); });
+  AjouterVoirLaCommande(*ui_->Lancer, [this] { return Commande(); });
 }
 
 FImportCSV::~FImportCSV() = default;
 
 capture::OptionsImportCsv FImportCSV::Options() const {
   return OptionsDesControles(*this, capture::DescriptionImportCsv());
+}
+
+// As LancerImport does.
+std::string FImportCSV::Commande() const {
+  if (ui_->CheckTrg->isChecked())
+    return CommandeEquivalente(capture::DescriptionImportCsv(), contexte_.generique, contexte_.niveau, Options());
+  return Joindre({CommandeEquivalente(capture::DescriptionImport(), contexte_.generique, contexte_.niveau, {}),
+                  "  # un aperçu qui s'ouvre a la sienne, avec ses choix"_w});
 }
 
 void FImportCSV::MontrerAide() {

@@ -21,6 +21,7 @@ class FImportCSV : public Forme {
 
  private:
   capture::OptionsImportCsv Options() const;
+  std::string Commande() const;
   void MontrerAide();
   void LancerImport();
 

@@ -120,6 +120,22 @@ TEST(Import, FormulaireSelonLesSources) {
   }
 }
 
+TEST(Import, LaCommandeEstCelleDuProgrammeQuiPart) {
+  for (const bool sansTitres : {false, true}) {
+    Bureau bureau(2);
+    bureau.Ecrire("ENQ.CSV", essai::kTableur);
+    bureau.Ouvrir();
+    const essai::CopieDuDossier avant(bureau);
+    FImportCSV& forme = bureau.Demander<FImportCSV>("mnuImport");
+    if (sansTitres) Cliquer(forme, "CheckTrg");
+    Pilote pilote;
+    const QString commande =
+        essai::FaitCommeLaCommande(avant, bureau, pilote, forme, [&] { Cliquer(forme, "Lancer"); });
+    EXPECT_TRUE(commande.contains(sansTitres ? " import-csv ENQ sansintitules=oui" : " import ENQ  # "))
+        << commande.toStdString();
+  }
+}
+
 TEST(Import, AideEtEtatDesFichiers) {
   BureauDe bureau(1, {{"ENQ.CSV", essai::kTableur}, {"ENQ.DAT", "1\r\n"}});
   bureau.Menu("mnuImport");

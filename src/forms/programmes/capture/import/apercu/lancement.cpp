@@ -29,12 +29,25 @@ void ApercuImport::MontrerGenerique() {
   ui_->LabelGenerique->setText(texte);
 }
 
+// Choices made by hand come to a command by the file that the import writes: there is none before it, and one that says
+// something else is not what is shown.
 std::string ApercuImport::Commande() const {
+  const std::string generique = Generique();
+  const std::string imc = generique + ".IMC";
   capture::OptionsImport options = preparation_.Options();
   options.choix.clear();
-  options.fichierChoix = Generique() + ".IMC";
-  options.remplacer = capture::GeneriqueOccupe(cible_.repertoire, Generique(), preparation_.Fichier());
-  return CommandeEquivalente(capture::DescriptionImport(), Generique(), services_.session.niveau, options);
+  options.remplacer = capture::GeneriqueOccupe(cible_.repertoire, generique, preparation_.Fichier());
+  const auto ligne = [&] {
+    return CommandeEquivalente(capture::DescriptionImport(), generique, services_.session.niveau, options);
+  };
+  const capture::ChoixGardes gardes = capture::ComparerAuxGardes(cible_.repertoire, imc, preparation_.Choix());
+  if (gardes != capture::ChoixGardes::Memes && preparation_.RienDeChoisi()) return ligne();
+  if (gardes == capture::ChoixGardes::Autres)
+    return Joindre({"(aucune : "_w, imc, " a d'autres choix ; \"Importer\" y écrit ceux qui sont montrés)"_w});
+  options.fichierChoix = imc;
+  if (gardes == capture::ChoixGardes::Memes) return ligne();
+  options.remplacer = true;  // by then the survey is there
+  return Joindre({ligne(), "  # après \"Importer\", qui écrit "_w, imc});
 }
 
 void ApercuImport::Importer() {

@@ -189,6 +189,25 @@ TEST(ApercuImport, CeQueLUtilisateurChangeEstCeQuiEstEcrit) {
     EXPECT_EQ(bureau.Lire(nom), quelvar::LireOctets(ailleurs.Chemin() / nom)) << nom;
 }
 
+// The line does what the window shows, or says what it waits for.
+TEST(ApercuImport, LaCommandeEstCelleDesChoixMontres) {
+  BureauNeuf bureau(kEnquete);
+  ApercuImport& forme = bureau.Apercevoir();
+  Pilote pilote;
+  Taper(forme, "TextGenerique", "NEUF");
+  const QString proposes = essai::CommandeMontree(pilote, forme);
+  EXPECT_TRUE(proposes.endsWith(".csv'")) << "what is proposed needs no file: " << proposes.toStdString();
+  PrendreColonne(forme, 0);
+  Nommer(forme, "SX1");
+  EXPECT_TRUE(essai::CommandeMontree(pilote, forme)
+                  .endsWith(" choix=NEUF.IMC remplacer=oui  # après \"Importer\", qui écrit NEUF.IMC"))
+      << essai::CommandeMontree(pilote, forme).toStdString();
+  bureau.Ecrire("NEUF.IMC", "Sexe=codes;AUT\r\n");
+  EXPECT_EQ(essai::CommandeMontree(pilote, forme),
+            "(aucune : NEUF.IMC a d'autres choix ; \"Importer\" y écrit ceux qui sont montrés)");
+  QTest::keyClick(&forme, Qt::Key_Escape);
+}
+
 TEST(ApercuImport, UneLectureChangeeSeVoitAussitot) {
   BureauNeuf bureau("a,b\r\n1,2\r\n3,4\r\n");
   ApercuImport& forme = bureau.Apercevoir();
