@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/enquete/listemod.h"
-#include "core/enquete/modfile.h"
 #include "core/programme/annulation.h"
 #include "core/programme/arret.h"
 #include "regression/donnees/codage.h"
@@ -14,13 +12,8 @@ namespace quelvar::regression {
 namespace {
 
 constexpr std::string_view kFinNormale = "Fin normale des modifications de modalités, passer à l'étape suivante"_w;
-constexpr std::size_t kPlaceDuCode = kLargeurDeModalite;
-constexpr std::size_t kLargeurDuCode = kLargeurDeMarque;
-constexpr std::size_t kDebutIntitule = kPlaceDuCode + kLargeurDuCode;
 
 std::string_view QuestionDe(std::string_view texte) { return texte.substr(0, kLargeurDeQuestion); }
-
-void PoserCode(std::string& texte, std::string_view code) { texte.replace(kPlaceDuCode, kLargeurDuCode, code); }
 
 struct Comptes {
   std::size_t y = 0;
@@ -40,11 +33,6 @@ Comptes Compter(const std::vector<std::string>& textes) {
     comptes.blancs += Rogner(code).empty() ? 1U : 0U;
   }
   return comptes;
-}
-
-void PoserIntitule(std::string& texte, std::string_view intitule) {
-  texte.resize(kDebutIntitule, ' ');
-  texte += intitule;
 }
 
 // Does what the options say, as far as the first name that no modality bears: it is returned, or nothing. Two names of
@@ -76,22 +64,6 @@ std::optional<std::string> Appliquer(const OptionsModifModR& options, std::vecto
 
 }  // namespace
 
-EtatModifModR ChargerModifModR(const Contexte& contexte) {
-  EtatModifModR etat;
-  try {
-    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
-      etat.textes = LireListeModalites(*chemin).textes;
-    } else {
-      etat.message = {std::string(kTitreErreur),
-                      std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                  "en utilisant la touche 'Annuler'"_w)};
-    }
-  } catch (const Erreur& erreur) {
-    etat.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))};
-  }
-  return etat;
-}
-
 std::vector<std::string> QuestionsDesTextes(const std::vector<std::string>& textes) {
   std::vector<std::string> questions;
   for (const std::string& texte : textes)
@@ -109,11 +81,11 @@ std::vector<std::size_t> ModalitesDe(const std::vector<std::string>& textes, std
 
 void CoderQuestion(std::vector<std::string>& textes, std::string_view question, TypeDeQuestion type) {
   for (const std::size_t i : ModalitesDe(textes, question))
-    PoserCode(textes[i], type == TypeDeQuestion::Explicative ? " X " : "   ");
+    PoserMarque(textes[i], type == TypeDeQuestion::Explicative ? " X " : "   ");
 }
 
 void CoderModalite(std::string& texte, TypeDeQuestion type) {
-  PoserCode(texte, type == TypeDeQuestion::Explicative ? " R " : " Y ");
+  PoserMarque(texte, type == TypeDeQuestion::Explicative ? " R " : " Y ");
 }
 
 std::string_view RefusDEnregistrer(const std::vector<std::string>& textes) {
@@ -168,9 +140,8 @@ OptionsDites<OptionsModifModR> OptionsDuCodage(const std::vector<std::string>& d
 
 Fin ModifModR(const Contexte& contexte, const OptionsModifModR& options) {
   return ExecuterProgramme(contexte, contexte.Nom(".PRT"), LibellesErreur{}, [&](Rapport& rapport) {
-    EtatModifModR etat = ChargerModifModR(contexte);
-    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
-    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    ListeOuverte etat = OuvrirListe(contexte);
+    ArreterSurMessage(rapport, etat.message);
     if (const std::optional<std::string> inconnue = Appliquer(options, etat.textes))
       Arreter(rapport, Joindre({"La modalité "_w, *inconnue, " n'est pas dans le fichier de modalités"_w}));
     if (const std::string_view refus = RefusDEnregistrer(etat.textes); !refus.empty()) {

@@ -6,20 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "core/enquete/listemod.h"
 #include "core/options/dites.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::regression {
 
 enum class TypeDeQuestion { AExpliquer, Explicative };
-
-// What the form works on. Without a list, the lines of `message` tell why.
-struct EtatModifModR {
-  std::vector<std::string> message;
-  std::vector<std::string> textes;  // name in columns 1-4, code in 5-7, label from 8 on
-};
-
-EtatModifModR ChargerModifModR(const Contexte& contexte);
 
 // The distinct questions (three characters) in the order of the list.
 std::vector<std::string> QuestionsDesTextes(const std::vector<std::string>& textes);
@@ -36,7 +29,6 @@ std::string_view RefusDEnregistrer(const std::vector<std::string>& textes);
 // The warning on a coding that was saved all the same; empty for a sound one.
 std::string_view Incoherence(const std::vector<std::string>& textes);
 
-inline constexpr std::string_view kTitreErreur = "*** Erreur ***";
 inline constexpr std::string_view kTitreAvertissement = "*** Avertissement ***";
 
 // Writes the lines back into the .MOD, all else as it stands. Raises the failures of RemplacerModalites.

@@ -5,7 +5,7 @@
 #include "core/enquete/modfile.h"
 #include "core/enquete/noms.h"
 #include "core/panne/erreur.h"
-#include "core/programme/rapport.h"
+#include "core/programme/arret.h"
 
 namespace quelvar {
 
@@ -56,8 +56,32 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
   EcrireListeModalites(repertoire, nom, liste);
 }
 
+ListeOuverte OuvrirListe(const Contexte& contexte) {
+  try {
+    const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
+    if (chemin) return {.textes = LireListeModalites(*chemin).textes};
+    return {.message = {std::string(kTitreErreur), PhraseDEtapeOmise(kFichierDeModalites)}};
+  } catch (const Erreur& erreur) {
+    return {.message = {std::string(kTitreErreur), std::string(TexteErreur(erreur))}};
+  }
+}
+
+std::string PhraseDEtapeOmise(std::string_view quoi) {
+  return Joindre(
+      {quoi, " n'a pas été créé auparavant : revenir à l'étape antérieure en utilisant la touche 'Annuler'"_w});
+}
+
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule) {
   return Joindre({CadreGauche(nom, kLargeurDeModalite), CadreGauche(marque, kLargeurDeMarque), intitule});
+}
+
+void PoserMarque(std::string& texte, std::string_view marque) {
+  texte.replace(kLargeurDeModalite, kLargeurDeMarque, CadreGauche(marque, kLargeurDeMarque));
+}
+
+void PoserIntitule(std::string& texte, std::string_view intitule) {
+  texte.resize(kColonneDIntitule - 1, ' ');
+  texte += intitule;
 }
 
 bool EstSupplementaire(std::string_view texte) {

@@ -7,6 +7,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/fichiers/fichiers.h"
+#include "core/programme/programme.h"
 
 namespace quelvar {
 
@@ -32,6 +33,18 @@ void RemplacerModalites(const Chemin& repertoire, std::string_view nom, const st
 // meanwhile, raises kAccesFichier with a sentence.
 void ExigerMemesModalites(std::string_view nom, const ListeModalites& liste, const std::vector<std::string>& textes);
 
+// The list as a form opens it: without one, the lines of `message` tell why.
+struct ListeOuverte {
+  std::vector<std::string> message{};
+  std::vector<std::string> textes{};
+};
+// Reads the .MOD of the generic, and raises nothing: what keeps it from being read is the message.
+ListeOuverte OuvrirListe(const Contexte& contexte);
+
+// The sentence on a file that an earlier step makes, by what it is; that of the .MOD.
+std::string PhraseDEtapeOmise(std::string_view quoi);
+inline constexpr std::string_view kFichierDeModalites = "Le fichier de modalités"_w;
+
 // Parts of a text of the list, or of any line: name, mark, label; and the text that they make.
 inline std::string_view NomDeTexte(std::string_view texte) { return Milieu(texte, 1, kLargeurDeModalite); }
 inline std::string_view MarqueDeTexte(std::string_view texte) {
@@ -39,6 +52,9 @@ inline std::string_view MarqueDeTexte(std::string_view texte) {
 }
 inline std::string_view IntituleDeTexte(std::string_view texte) { return Milieu(texte, kColonneDIntitule); }
 std::string TexteDeModalite(std::string_view nom, std::string_view marque, std::string_view intitule);
+// Another mark, or another label as it was typed, in the place of the one that the text has.
+void PoserMarque(std::string& texte, std::string_view marque);
+void PoserIntitule(std::string& texte, std::string_view intitule);
 // An S or s in the mark.
 bool EstSupplementaire(std::string_view texte);
 

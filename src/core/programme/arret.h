@@ -1,7 +1,9 @@
 // How a run stops by its own will: behind the line of its report that tells why.
 #pragma once
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/programme/programme.h"
 
@@ -21,6 +23,16 @@ namespace quelvar {
 [[noreturn]] inline void Arreter(Rapport& rapport, FauteSituee faute) {
   rapport.Ligne(faute.phrase);
   throw Erreur(std::move(faute));
+}
+
+// The line above the words of an error or of a warning, in the report and in the forms.
+inline constexpr std::string_view kTitreErreur = "*** Erreur ***";
+inline constexpr std::string_view kTitreAttention = "*** Attention ***";
+
+// Stops the run (kArretAnnonce) behind the lines that tell why a reader gave nothing; without lines it goes on.
+inline void ArreterSurMessage(Rapport& rapport, const std::vector<std::string>& message) {
+  rapport.Lignes(message);
+  if (!message.empty()) throw Erreur(kArretAnnonce);
 }
 
 // The same with a beep.

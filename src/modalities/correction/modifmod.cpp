@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "core/enquete/colonnes.h"
-#include "core/enquete/listemod.h"
-#include "core/enquete/modfile.h"
 #include "core/programme/arret.h"
 #include "modalities/liste/codes.h"
 #include "modalities/liste/modalites.h"
@@ -14,7 +12,7 @@ namespace quelvar::modalities {
 namespace {
 
 void PoserStatut(std::string& texte, bool supplementaire) {
-  texte.replace(kLargeurDeModalite, kLargeurDeMarque, supplementaire ? kMarqueSupplementaire : kMarqueActive);
+  PoserMarque(texte, supplementaire ? kMarqueSupplementaire : kMarqueActive);
 }
 
 // The question of each modality, by its name and place; empty where several are possible. What the .POS does not know
@@ -104,28 +102,7 @@ void Enregistrer(const Contexte& contexte, std::vector<std::string> textes) {
 
 }  // namespace
 
-EtatModifMod ChargerModifMod(const Contexte& contexte) {
-  EtatModifMod etat;
-  try {
-    if (const std::optional<Chemin> chemin = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"))) {
-      etat.textes = LireListeModalites(*chemin).textes;
-    } else {
-      etat.message = {"*** Erreur ***",
-                      std::string("Le fichier de modalités n'a pas été créé auparavant : revenir à l'étape antérieure "
-                                  "en utilisant la touche 'Annuler'"_w)};
-    }
-  } catch (const Erreur& erreur) {
-    etat.message = {"*** Erreur ***", std::string(TexteErreur(erreur))};
-  }
-  return etat;
-}
-
 void BasculerStatut(std::string& texte) { PoserStatut(texte, !EstSupplementaire(texte)); }
-
-void PoserIntitule(std::string& texte, std::string_view intitule) {
-  texte.resize(kColonneDIntitule - 1, ' ');
-  texte += intitule;
-}
 
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes) {
   return RendreCompte(
@@ -146,9 +123,8 @@ OptionsModifMod OptionsDeModifMod(const std::vector<std::string>& ouverts, const
 
 Fin ModifierModalites(const Contexte& contexte, const OptionsModifMod& options) {
   return ExecuterProgramme(contexte, kRapportSansNom, LibellesErreur{}, [&](Rapport& rapport) {
-    EtatModifMod etat = ChargerModifMod(contexte);
-    for (const std::string& ligne : etat.message) rapport.Ligne(ligne);
-    if (!etat.message.empty()) throw Erreur(kArretAnnonce);
+    ListeOuverte etat = OuvrirListe(contexte);
+    ArreterSurMessage(rapport, etat.message);
     Appliquer(contexte, etat.textes, options, rapport);
     Enregistrer(contexte, etat.textes);
     rapport.Ligne(kEnregistre);

@@ -6,22 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "core/enquete/listemod.h"
 #include "core/programme/programme.h"
 
 namespace quelvar::modalities {
 
-// What the form works on. Without a list, the lines of `message` tell why.
-struct EtatModifMod {
-  std::vector<std::string> message;
-  std::vector<std::string> textes;  // as core/enquete/listemod has them
-};
-
-EtatModifMod ChargerModifMod(const Contexte& contexte);
-
 // A click in ListSuppl: the supplementary becomes active and back; name and label stay.
 void BasculerStatut(std::string& texte);
-// The label as typed, from column 8 on.
-void PoserIntitule(std::string& texte, std::string_view intitule);
 
 // Writes the list with the marks " S " and "   " only; every other line of the file stays.
 Fin EnregistrerModifMod(const Contexte& contexte, const std::vector<std::string>& textes);

@@ -24,7 +24,7 @@ ProfilMod::ProfilMod(Services& services)
   edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
                               AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); }, texte,
                                              [this, texte](int ligne, const std::string& intitule) {
-                                               modalities::PoserIntitule(texte(ligne), intitule);
+                                               PoserIntitule(texte(ligne), intitule);
                                                ui_->ListSuppl->item(ligne)->setText(VersQt(texte(ligne)));
                                              }));
   ui_->ListSuppl->setFont(PoliceFixe());

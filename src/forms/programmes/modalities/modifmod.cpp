@@ -11,14 +11,14 @@
 namespace quelvar::forms {
 
 ModifMod::ModifMod(Services& services)
-    : Forme(services), etat_(modalities::ChargerModifMod(contexte_)), ui_(std::make_unique<Ui::ModifMod>()) {
+    : Forme(services), etat_(OuvrirListe(contexte_)), ui_(std::make_unique<Ui::ModifMod>()) {
   ui_->setupUi(this);
   dansLeFichier_ = etat_.textes;
   edition_ = new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
                               AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); },
                                              [this](int ligne) -> const std::string& { return Texte(ligne); },
                                              [this](int ligne, const std::string& intitule) {
-                                               modalities::PoserIntitule(Texte(ligne), intitule);
+                                               PoserIntitule(Texte(ligne), intitule);
                                                MontrerStatut(ligne);
                                              }));
   ui_->ListSuppl->setFont(PoliceFixe());

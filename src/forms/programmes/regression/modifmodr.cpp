@@ -2,6 +2,7 @@
 
 #include "core/enquete/colonnes.h"
 #include "core/enquete/listemod.h"
+#include "core/programme/arret.h"
 #include "forms/images/fenetredessin.h"
 #include "forms/pieces/clavier.h"
 #include "forms/pieces/commande.h"
@@ -41,7 +42,7 @@ void RelierLigne(QListWidget& liste, const std::function<void(int)>& action) {
 
 ModifModR::ModifModR(Services& services)
     : Forme(services),
-      etat_(regression::ChargerModifModR(contexte_)),
+      etat_(OuvrirListe(contexte_)),
       duFichier_(etat_.textes),
       questions_(regression::QuestionsDesTextes(etat_.textes)),
       ui_(std::make_unique<Ui::ModifModR>()) {
@@ -68,12 +69,12 @@ void ModifModR::Relier() {
       new EditionListe(*this, *ui_->ListRecap, *ui_->TextMod, *ui_->BoutSuivant,
                        AccesAuxTextes([this] { return static_cast<int>(etat_.textes.size()); }, texte,
                                       [this, texte](int ligne, const std::string& intitule) {
-                                        modalities::PoserIntitule(texte(ligne), intitule);
+                                        PoserIntitule(texte(ligne), intitule);
                                         if (!montrees_.empty())
                                           MontrerModalites(etat_.textes[montrees_[0]].substr(0, kLargeurDeQuestion));
                                       }));
   connect(edition_, &EditionListe::Refuse, this, [this](const QString& refus) {
-    if (!refus.isEmpty()) Dire(regression::kTitreErreur, refus);
+    if (!refus.isEmpty()) Dire(kTitreErreur, refus);
     else if (intituleRefuse_) ui_->TextMsg->setPlainText(VersQt(kInstruction));
     intituleRefuse_ = !refus.isEmpty();
   });
@@ -135,13 +136,13 @@ void ModifModR::Enregistrer() {
   if (!edition_->Ranger()) return;
   if (const std::string_view refus = regression::RefusDEnregistrer(etat_.textes); !refus.empty()) {
     ui_->TextMod->clear();
-    Dire(regression::kTitreErreur, VersQt(refus));
+    Dire(kTitreErreur, VersQt(refus));
     edition_->Remplir();
     return;
   }
   const Sauvegarde sauvegarde = SauverSur(
       services_, contexte_, ".MOD", [this](const Contexte& sur) { regression::SauverModifModR(sur, etat_.textes); });
-  if (sauvegarde.echec) Dire(regression::kTitreErreur, VersQt(TexteErreur(*sauvegarde.echec)));
+  if (sauvegarde.echec) Dire(kTitreErreur, VersQt(TexteErreur(*sauvegarde.echec)));
   if (!sauvegarde.faite) return;
   duFichier_ = etat_.textes;
   if (const std::string_view incoherence = regression::Incoherence(etat_.textes); !incoherence.empty()) {
