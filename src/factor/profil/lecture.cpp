@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "core/chiffres/nombres.h"
+#include "core/enquete/brtfile.h"
 #include "core/enquete/colonnes.h"
 #include "core/enquete/datfile.h"
 #include "factor/fichiers/cellules.h"
@@ -112,13 +113,6 @@ class Choisies {
   std::vector<std::size_t> questions_;              // that have a chosen modality
   std::vector<std::vector<std::size_t>> parPlace_;  // ranks in the choice
 };
-
-// Whether a cell of the Burt table is whole and holds a count, or nothing.
-bool EstEffectif(std::string_view cellule, std::size_t largeur) {
-  if (cellule.size() != largeur) return false;
-  if (cellule.find_first_not_of(" 0123456789") == std::string_view::npos) return true;
-  return EstNombre(cellule) && ValeurDe(cellule) >= 0 && ValeurDe(cellule) == ArrondirPair(ValeurDe(cellule));
-}
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
+#include "core/enquete/brtfile.h"
 #include "core/enquete/colonnes.h"
 #include "core/panne/erreur.h"
 #include "core/programme/rapport.h"
@@ -12,13 +13,6 @@ namespace quelvar::modalities {
 namespace {
 
 bool Marque(const std::vector<char>& marques) { return std::find(marques.begin(), marques.end(), 1) != marques.end(); }
-
-// Whether a cell is no count, or is cut.
-bool EstDouteuse(std::string_view cellule, std::size_t largeur) {
-  if (cellule.size() < largeur) return true;
-  if (cellule.find_first_not_of(" 0123456789") == std::string_view::npos) return false;
-  return !EstNombre(cellule) || ValeurDe(cellule) < 0 || ValeurDe(cellule) != ArrondirPair(ValeurDe(cellule));
-}
 
 // A row after the columns have been grouped.
 class RangeeRegroupee {
@@ -42,7 +36,7 @@ class RangeeRegroupee {
       const std::string_view cellule = colonne < ligne.size() ? ligne.substr(colonne, ancienne) : std::string_view{};
       colonne += ancienne;
       ++numero;
-      if ((marquee != 0 || ligneMarquee) && EstDouteuse(cellule, ancienne) && douteuses_.nombre++ == 0)
+      if ((marquee != 0 || ligneMarquee) && !EstEffectif(cellule, ancienne) && douteuses_.nombre++ == 0)
         douteuses_.premiere =
             Joindre({"ligne ", Nombre(rang + 1), ", colonne ", Nombre(numero), " (", Rogner(cellule), ")"});
       if (marquee != 0) {
@@ -103,24 +97,26 @@ struct LigneDuGroupe {
   }
 };
 
-// Whether any marked row stands before the supplementary ones: then the group is active.
-bool GroupeActif(const PlanDeRegroupement& plan) {
-  const auto actives = std::min<std::size_t>(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
-  return std::find(plan.lignes.begin(), plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives), 1) !=
-         plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
-}
-
 }  // namespace
 
 bool PlanDeRegroupement::AvecColonnes() const { return Marque(colonnes); }
 bool PlanDeRegroupement::AvecLignes() const { return Marque(lignes); }
+
+std::vector<char>::const_iterator PlanDeRegroupement::FinDesActives() const {
+  const auto actives = std::min(lignes.size(), static_cast<std::size_t>(lignesActives));
+  return lignes.begin() + static_cast<std::ptrdiff_t>(actives);
+}
+
+bool PlanDeRegroupement::GroupeActif() const {
+  return std::find(lignes.begin(), FinDesActives(), 1) != FinDesActives();
+}
 
 BilanDeRegroupement Regrouper(const Chemin& brt, const PlanDeRegroupement& plan, int largeur, Ecrivain& sortie) {
   if (plan.ancienneLargeur < 1) throw Erreur(kArgumentIncorrect);
   BilanDeRegroupement bilan;
   RangeeRegroupee rangee(plan, largeur, bilan.douteuses);
   LigneDuGroupe groupe;
-  const bool groupeActif = GroupeActif(plan);
+  const bool groupeActif = plan.GroupeActif();
   bool groupeEcrit = !plan.AvecLignes();
   const auto derniereMarquee =
       static_cast<std::int64_t>(plan.lignes.rend() - std::find(plan.lignes.rbegin(), plan.lignes.rend(), 1)) - 1;

@@ -1,6 +1,7 @@
 #include "modalities/regroupement/table.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "core/chiffres/nombres.h"
 #include "core/enquete/coherence.h"
@@ -25,12 +26,9 @@ std::size_t NombreDeColonnes(const TableAGrouper& table) {
 void MarquerColonnes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
                      const std::vector<std::string>& noms, std::vector<char>& marques) {
   for (const std::string& nom : noms) {
-    const auto& modalites = table.mod.modalites;
-    const std::vector<std::size_t> rangs = RangsDuNom(modalites, nom);
-    if (rangs.size() > 1) throw Erreur(kIncompatibiliteType, FauteModalitesHomonymes(nom, rangs.size()));
-    if (rangs.empty() || rangs.front() >= marques.size())
-      AvertirEtArreter(rapport, contexte.Ecran(), PhraseInconnue(nom));
-    marques[rangs.front()] = 1;
+    const std::optional<std::size_t> rang = SeuleModalite(table.mod.modalites, nom);
+    if (!rang || *rang >= marques.size()) AvertirEtArreter(rapport, contexte.Ecran(), PhraseInconnue(nom));
+    marques[*rang] = 1;
   }
 }
 
@@ -50,31 +48,34 @@ std::vector<std::string> NomsDesLignes(const TableAGrouper& table) {
   return noms;
 }
 
+// The rows of a name: how many the table has, how often it is asked for, and how many are marked.
+struct LignesDUnNom {
+  std::int64_t presentes = 0;
+  std::int64_t demandees = 0;
+  std::int64_t marquees = 0;
+};
+
+// Marks a row for each name, as often as it is given: a choice may name thousands of them.
 void MarquerLignes(const Contexte& contexte, Rapport& rapport, const TableAGrouper& table,
-                   std::vector<std::string> noms, std::vector<char>& marques) {
+                   const std::vector<std::string>& noms, std::vector<char>& marques) {
   if (noms.empty()) return;
   const std::vector<std::string> lignes = NomsDesLignes(table);
+  std::unordered_map<std::string_view, LignesDUnNom> parNom;
+  for (const std::string& nom : noms) ++parNom[Rogner(nom)].demandees;
+  for (const std::string& ligne : lignes)
+    if (const auto demandees = parNom.find(Rogner(ligne)); demandees != parNom.end()) ++demandees->second.presentes;
   for (const std::string& nom : noms) {
-    const auto homonymes = [&](const std::vector<std::string>& autres) {
-      return std::count_if(autres.begin(), autres.end(),
-                           [&](const std::string& autre) { return Rogner(autre) == Rogner(nom); });
-    };
-    if (homonymes(lignes) > std::max<std::ptrdiff_t>(homonymes(noms), 1))
-      throw Erreur(kIncompatibiliteType,
-                   Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ",
-                            Nombre(std::int64_t{homonymes(lignes)}),
-                            " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
+    const LignesDUnNom& sienne = parNom[Rogner(nom)];
+    if (sienne.presentes <= std::max<std::int64_t>(sienne.demandees, 1)) continue;
+    throw Erreur(kIncompatibiliteType,
+                 Joindre({kArretDuProgrammeSansAccents, "le nom ", nom, " est celui de ", Nombre(sienne.presentes),
+                          " lignes du tableau : donnez-leur des noms différents, ou marquez-les toutes"_w}));
   }
-  LecteurLignes lecteur(table.brt);
-  for (std::string_view ligne; lecteur.Lire(ligne);) {
-    const auto trouvee = std::find_if(noms.begin(), noms.end(), [&](const std::string& nom) {
-      return RognerDroite(nom) == RognerDroite(ligne.substr(0, kLargeurDeModalite));
-    });
-    marques.push_back(trouvee == noms.end() ? char{0} : char{1});
-    if (trouvee != noms.end()) noms.erase(trouvee);
-  }
-  if (noms.empty()) return;
-  AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"La ligne ", noms.front(), " n'est pas dans le tableau"}));
+  // No row of an asked name is left out: it has not more of them than are asked for.
+  for (const std::string& ligne : lignes) marques.push_back(parNom.contains(Rogner(ligne)) ? char{1} : char{0});
+  for (const std::string& nom : noms)
+    if (LignesDUnNom& sienne = parNom[Rogner(nom)]; ++sienne.marquees > sienne.presentes)
+      AvertirEtArreter(rapport, contexte.Ecran(), Joindre({"La ligne ", nom, " n'est pas dans le tableau"}));
 }
 
 }  // namespace
@@ -114,10 +115,7 @@ ElementsRendusActifs CompterRendusActifs(const TableAGrouper& table, const PlanD
   ElementsRendusActifs rendus;
   for (std::size_t j = 0; j < plan.colonnes.size() && j < table.mod.modalites.size(); ++j)
     if (plan.colonnes[j] != 0 && table.mod.modalites[j].supplementaire) ++rendus.colonnes;
-  const auto actives = std::min(plan.lignes.size(), static_cast<std::size_t>(plan.lignesActives));
-  const auto fin = plan.lignes.begin() + static_cast<std::ptrdiff_t>(actives);
-  const bool groupeActif = std::find(plan.lignes.begin(), fin, 1) != fin;
-  if (groupeActif) rendus.lignes = std::count(fin, plan.lignes.end(), 1);
+  if (plan.GroupeActif()) rendus.lignes = std::count(plan.FinDesActives(), plan.lignes.end(), 1);
   return rendus;
 }
 
