@@ -40,7 +40,7 @@ void ImprimerCodes(Rapport& rapport, std::string_view anciens, std::string_view 
 void ImprimerExtrait(Rapport& rapport, std::string_view quoi, std::string_view nom, const Extrait& extrait,
                      std::string_view sens) {
   rapport.Ligne({"Impression des 10 premières lignes du fichier "_w, quoi, " ", nom});
-  for (const std::string& ligne : extrait.lignes) rapport.Ligne(ligne);
+  rapport.Lignes(extrait.lignes);
   rapport.Ligne({"Le nombre de lignes en ", sens, " est de ", NombreNu(extrait.nombre)});
 }
 
