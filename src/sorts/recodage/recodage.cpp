@@ -131,7 +131,7 @@ void ExigerSortiesLibres(const Contexte& contexte, Rapport& rapport, const NomsD
                      " est le générique d'origine, donnez un autre nom au nouveau générique"_w}));
     throw Refus();
   }
-  if (noms.nouveau.find_first_of("/\\") != std::string::npos) throw Erreur(kNomFichierIncorrect);
+  if (!PeutNommerDesFichiers(noms.nouveau)) throw Erreur(kNomFichierIncorrect);
   for (const std::string_view extension : {".DAT", ".POS", ".MOD", ".MO2"}) {
     const std::optional<Chemin> cible = ChercherFichier(contexte.repertoire, noms.Neuf(extension));
     if (!cible) continue;
