@@ -21,4 +21,8 @@ std::string FauteModalitesHomonymes(std::string_view nom, std::size_t modalites)
                   " modalités : donnez-leur des noms différents dans le fichier *.MOD et relancez"_w});
 }
 
+std::string FauteQuestionAbsente(std::string_view nom) {
+  return Joindre({"La question ", nom, " n'est pas dans le fichier de positions"});
+}
+
 }  // namespace quelvar

@@ -55,6 +55,9 @@ std::string FauteHomonymes(std::string_view nom, const Questions& questions, con
   return FauteHomonymes(nom, std::span<const int>(positions));
 }
 
+// The sentence on a question that the .POS has not.
+std::string FauteQuestionAbsente(std::string_view nom);
+
 // Raises FauteHomonymes (kIncompatibiliteType) when two questions share a name, trimmed.
 template <class Questions>
 void ExigerNomsDifferents(const Questions& questions) {

@@ -10,6 +10,7 @@
 #include "core/enquete/listemod.h"
 #include "core/enquete/modfile.h"
 #include "core/fichiers/jeu.h"
+#include "core/programme/alerte.h"
 #include "core/programme/arret.h"
 #include "core/programme/place.h"
 #include "core/programme/refus.h"
@@ -76,7 +77,7 @@ ChoixQuestions Choisir(const FichierPos& pos, const OptionsPosmod& options, Rapp
   std::vector<std::string> fautes;
   ChoixQuestions choix = ChoixDesNoms(pos, options.mode, options.actives ? *options.actives : aucune,
                                       options.supplementaires ? *options.supplementaires : aucune, fautes);
-  for (const std::string& faute : fautes) rapport.Ligne(faute);
+  rapport.Lignes(fautes);
   if (!fautes.empty()) throw Refus();
   return choix;
 }
@@ -90,8 +91,7 @@ void ExigerModalites(const FichierPos& pos, const ChoixQuestions& choix, const O
                                 ? std::string(RefusDeNommer(actives))
                                 : RefusDeLancer(options.individus, options.noms, actives, supplementaires);
   if (refus.empty()) return;
-  dialogue.biper();
-  dialogue.demander(refus, Boutons::Ok);
+  AlerterEnBoite(dialogue, refus);
   throw Refus();
 }
 
@@ -163,7 +163,7 @@ std::string ConstruireTables(const Contexte& contexte, const EntreesDePosmod& en
   Ecrivain& table = sorties.Ouvrir(contexte.Nom(".BRT"), Nature::Refaisable);
   EcrireTableBurt(table, plan.modalites, burt, largeur);
   if (options.individus) EcrireIndividus(table, sorties.Achever(contexte.Nom(".CDG")), modalites, largeur);
-  return LigneDeParametres(modalites, options.individus ? lus : -1, largeur);
+  return ParametresDeLaTable(modalites, options.individus ? lus : -1, largeur);
 }
 
 // The questions whose marks follow today's choice against the old .MOD, once the user has agreed.
@@ -225,7 +225,7 @@ std::string ParametresDeNommage(const Contexte& contexte, const EntreesDePosmod&
     rapport.Ligne();
     rapport.Ligne(PhraseDeRelance(contexte));
   }
-  return LigneDeParametres(plan.modalites.size(), -1, 0);
+  return ParametresDeLaTable(plan.modalites.size(), -1, 0);
 }
 
 void MoteurPosmod(const Contexte& contexte, const EntreesDePosmod& entrees, const ChoixQuestions& choix,
@@ -305,7 +305,8 @@ std::string PhraseDeTableDepassee(const Contexte& contexte) {
   const std::optional<Chemin> mod = ChercherMod(contexte.repertoire, contexte.Nom(".MOD"));
   if (!mod || !contexte.Chercher(".BRT")) return {};
   const ListeModalites liste = LireListeModalites(*mod);
-  return liste.parametres == LigneDeParametres(liste.textes.size(), -1, 0) ? PhraseDeRelance(contexte) : std::string();
+  return liste.parametres == ParametresDeLaTable(liste.textes.size(), -1, 0) ? PhraseDeRelance(contexte)
+                                                                             : std::string();
 }
 
 std::optional<ChoixPrepare> PrepPosmod(const Contexte& contexte, ModePosmod mode) {
