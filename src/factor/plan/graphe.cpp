@@ -25,11 +25,10 @@ std::string ReglerCah(const OptionsGraphe& options, EtatPlan& etat) {
   if (options.cah == CahDuGraphe::Aucune) return {};
   ReglagesCah& reglages = etat.reglages.cah;
   const ArbreCah& cah = *etat.donnees.cah;
-  reglages.actif = true;
-  reglages.trace = options.cah == CahDuGraphe::Lignes ? TraceCah::Lignes : TraceCah::Couleurs;
   if (options.niveauCah >= 0) reglages.niveau = static_cast<std::size_t>(options.niveauCah);
   if (reglages.niveau > cah.etapes.size())
     return Joindre({kArretDuProgramme, "les niveaux de la classification vont de 0 à "_w, Nombre(cah.etapes.size())});
+  if (options.tirage > 0) reglages.hasard = static_cast<std::uint32_t>(options.tirage);
   if (options.classes == 0) return {};
   const std::optional<std::size_t> niveau = NiveauDesClasses(cah, static_cast<std::size_t>(options.classes));
   if (!niveau)
@@ -44,36 +43,23 @@ std::string Marquer(const std::vector<std::string>& noms, EtatPlan& etat) {
   return absent ? Joindre({kArretDuProgramme, "aucun élément n'a le nom "_w, *absent}) : std::string();
 }
 
-// Each option that is a setting of the plane as it stands, with that setting.
+// Each option that is a setting of the points as it stands, with that setting.
 template <class Options, class Reglages, class Poser>
-void PourChaqueReglage(Options& options, Reglages& reglages, const Poser& poser) {
-  poser(options.inverserX, reglages.horizontal.inverse);
-  poser(options.inverserY, reglages.vertical.inverse);
+void PourChaqueCoche(Options& options, Reglages& reglages, const Poser& poser) {
   poser(options.pointExact, reglages.pointExact);
   poser(options.contributions, reglages.parContribution);
   poser(options.longs, reglages.intitulesLongs);
   poser(options.information, reglages.information);
   poser(options.individus, reglages.individus);
   poser(options.ensemble, reglages.ensemble);
-  poser(options.niveauCpf, reglages.niveauCpf);
   poser(options.taille, reglages.taille);
   poser(options.gras, reglages.gras);
 }
 
-void ReglerPoints(const OptionsGraphe& options, ReglagesPlan& reglages) {
-  PourChaqueReglage(options, reglages, [](const auto& option, auto& reglage) { reglage = option; });
-  for (const char lettre : options.ellipses) {
-    if (Majuscule(lettre) == 'C') reglages.ellipses.concentration = true;
-    if (Majuscule(lettre) == 'M') reglages.ellipses.mediane = true;
-    if (Majuscule(lettre) == 'I') reglages.ellipses.indicatrice = true;
-  }
-}
-
+// The options that no box stands for. The tree and the network file alone draw the links too: a script ticks no box
+// before.
 void ReglerLiens(const OptionsGraphe& options, ReglagesLiens& reglages) {
   reglages.actif = DemandeDesLiens(options);
-  reglages.lignes = options.liensDeLignes;
-  reglages.values = options.values;
-  reglages.arbre = options.arbre;
   reglages.mode = options.mode;
   if (options.progressif > 0) reglages.progressif = static_cast<std::size_t>(options.progressif);
   reglages.ecMin = options.ecMin.value_or(options.liensDeLignes ? kEcMinDesLiensDeLignes : 0);
@@ -83,8 +69,11 @@ void ReglerLiens(const OptionsGraphe& options, ReglagesLiens& reglages) {
 // The settings of the options; the first that the data refuse is told.
 std::string Regler(const Contexte& contexte, const OptionsGraphe& options, EtatPlan& etat) {
   ReglagesPlan& reglages = etat.reglages;
-  ReglerPoints(options, reglages);
+  PoserLesCoches(options, reglages);
   ReglerLiens(options, reglages.liens);
+  reglages.niveauCpf = options.niveauCpf;
+  reglages.horizontal.inverse = options.inverserX;
+  reglages.vertical.inverse = options.inverserY;
   std::string refus = RefusDEcrire(contexte, options.fichier);
   if (refus.empty()) refus = ReglerAxe(etat.donnees, reglages.horizontal, "horizontal", options.horizontal);
   if (refus.empty()) refus = ReglerAxe(etat.donnees, reglages.vertical, "vertical", options.vertical);
@@ -150,6 +139,19 @@ void EcrireReseau(const Contexte& contexte, const EtatPlan& etat) {
   sorties.Valider();
 }
 
+void PoserLesCoches(const OptionsGraphe& options, ReglagesPlan& reglages) {
+  PourChaqueCoche(options, reglages, [](const auto& option, auto& reglage) { reglage = option; });
+  reglages.liens.actif = options.liens || options.liensDeLignes;
+  reglages.liens.lignes = options.liensDeLignes;
+  reglages.liens.values = options.values;
+  reglages.liens.arbre = options.arbre;
+  reglages.cah.actif = options.cah != CahDuGraphe::Aucune;
+  if (reglages.cah.actif)
+    reglages.cah.trace = options.cah == CahDuGraphe::Lignes ? TraceCah::Lignes : TraceCah::Couleurs;
+  const auto demande = [&](char lettre) { return Majuscules(options.ellipses).find(lettre) != std::string::npos; };
+  reglages.ellipses = {demande('C'), demande('M'), demande('I')};
+}
+
 bool DemandeDesLiens(const OptionsGraphe& options) {
   return options.liens || options.liensDeLignes || options.arbre || options.pajek;
 }
@@ -198,15 +200,15 @@ void DireLeCadre(const EtatPlan& etat, OptionsGraphe& options) {
   const Fenetre& f = etat.cadre.limites;
   const double largeur = f.droite - f.gauche;
   const double hauteur = f.haut - f.bas;
+  // What the sums of a move and its return leave is none; what is left lies far below a dot of the picture.
+  constexpr int kDecimales = 9;
   const auto zoom = [&](double agrandissement) {
-    return static_cast<int>(
-        ArrondirPair(std::clamp<double>(100 * etat.cadre.page * agrandissement, kZoomAuMoins, kZoomAuPlus)));
+    return Arrondir(std::clamp(100 * etat.cadre.page * agrandissement, kZoomAuMoins, kZoomAuPlus), kDecimales);
   };
   const auto pas = [](double fenetres) {
-    return static_cast<int>(
-        ArrondirPair(std::clamp<double>(kUnitesDeFenetre * fenetres, -kDeplacementAuPlus, kDeplacementAuPlus)));
+    return Arrondir(std::clamp(kUnitesDeFenetre * fenetres, -kDeplacementAuPlus, kDeplacementAuPlus), kDecimales);
   };
-  options.page = static_cast<int>(ArrondirPair(100 * etat.cadre.page));
+  options.page = Arrondir(100 * etat.cadre.page, kDecimales);
   options.zoomLargeur = zoom((depart.droite - depart.gauche) / largeur);
   options.zoomHauteur = zoom((depart.haut - depart.bas) / hauteur);
   options.versLaDroite = pas((depart.droite + depart.gauche - f.droite - f.gauche) / 2 / largeur);
@@ -222,13 +224,17 @@ OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek) {
   options.horizontal = TexteDOption(reglages.horizontal, depart.horizontal);
   const bool usuel = reglages.vertical.facteur == 2 && !reglages.vertical.cpf;
   if (!usuel) options.vertical = TexteDOption(reglages.vertical, depart.vertical);
-  PourChaqueReglage(options, reglages, [](auto& option, const auto& reglage) { option = reglage; });
+  options.inverserX = reglages.horizontal.inverse;
+  options.inverserY = reglages.vertical.inverse;
+  PourChaqueCoche(options, reglages, [](auto& option, const auto& reglage) { option = reglage; });
+  options.niveauCpf = reglages.niveauCpf;
   DireLesLiens(reglages.liens, options);
   options.pajek = pajek && reglages.liens.actif;
   if (reglages.cah.actif) {
     options.cah = reglages.cah.trace == TraceCah::Lignes ? CahDuGraphe::Lignes : CahDuGraphe::Couleurs;
     if (etat.donnees.cah && reglages.cah.niveau != etat.donnees.cah->etapes.size())
       options.niveauCah = static_cast<int>(reglages.cah.niveau);
+    if (options.cah == CahDuGraphe::Couleurs) options.tirage = static_cast<int>(reglages.cah.hasard.value_or(0));
   }
   options.ellipses = std::string(reglages.ellipses.concentration ? "c" : "") + (reglages.ellipses.mediane ? "m" : "") +
                      (reglages.ellipses.indicatrice ? "i" : "");

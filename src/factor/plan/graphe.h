@@ -21,7 +21,8 @@ std::optional<DonneesPlan> PrepGraphe(const Contexte& contexte, const ExigencesG
 // was stopped and its report shown.
 bool ActualiserEllipses(const Contexte& contexte, EtatPlan& etat);
 
-// Replaces the Pajek network file of the generic by the links read. Raises the failures of Remplacement.
+// Replaces the Pajek network file of the generic by the links read. Raises the failures of JeuDeFichiers: the former
+// file then stays.
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat);
 // The same as one of the files of a set.
 void EcrireReseau(const Contexte& contexte, const EtatPlan& etat, JeuDeFichiers& sorties);
@@ -49,11 +50,11 @@ struct OptionsGraphe {
   int niveauCpf = 0;
   TailleTexte taille = TailleTexte::Moyenne;
   bool gras = false;
-  int zoomLargeur = 100;  // percent
-  int zoomHauteur = 100;
-  int page = 100;
-  int versLaDroite = 0;  // thousandths of the window
-  int versLeHaut = 0;
+  double zoomLargeur = 100;  // percent
+  double zoomHauteur = 100;
+  double page = 100;
+  double versLaDroite = 0;  // thousandths of the window
+  double versLeHaut = 0;
   bool liens = false;
   bool liensDeLignes = false;
   int progressif = 0;  // 0: all links
@@ -66,6 +67,7 @@ struct OptionsGraphe {
   CahDuGraphe cah = CahDuGraphe::Aucune;
   int niveauCah = -1;    // left out: all steps
   int classes = 0;       // 0: by the level
+  int tirage = 0;        // seed of the colours of the classes, 0: in turn
   std::string ellipses;  // of the letters C, M and I
   std::vector<std::string> marques;
 
@@ -75,9 +77,13 @@ struct OptionsGraphe {
 // Links, rows' links, the tree or the network file are asked for.
 bool DemandeDesLiens(const OptionsGraphe& options);
 
-// The options that make the picture as the form has it. The limits that the mouse has moved are told to the nearest
-// percent and thousandth.
+// The options that make the picture as the form has it, but for what the sums of many moves leave of rounding, which
+// may turn a last digit.
 OptionsGraphe OptionsDuPlan(const EtatPlan& etat, bool pajek);
+// The other way round, what a box or a button stands for: how points, links, tree, classes and ellipses are drawn. The
+// rest is changed by itself, for it follows from something else than an option as it stands: axes, which may change
+// places; levels and limits, which count once they are typed; marks; the frame.
+void PoserLesCoches(const OptionsGraphe& options, ReglagesPlan& reglages);
 
 // Preparation, settings, ellipses, picture. A setting that the data refuse stops the run.
 Fin Graphe(const Contexte& contexte, const OptionsGraphe& options);

@@ -11,11 +11,11 @@ namespace {
 using O = OptionsGraphe;
 using Textes = std::vector<std::string>;
 
-constexpr int kLiensAuPlus = 999999999;  // as many digits as an option takes
-constexpr int kClassesAuPlus = 99999;    // more than a tree that fits the memory leaves
+constexpr int kEntierAuPlus = 999999999;  // as many digits as an option takes
+constexpr int kClassesAuPlus = 99999;     // more than a tree that fits the memory leaves
 // The limits of the picture.
-constexpr int kPageAuMoins = static_cast<int>(100 * kPageMinimum);
-constexpr int kPageAuPlus = static_cast<int>(100 * kPageMaximum);
+constexpr double kPageAuMoins = 100 * kPageMinimum;
+constexpr double kPageAuPlus = 100 * kPageMaximum;
 constexpr std::array<std::string_view, 3> kEllipses = {"concentration", "mediane", "indicatrice"};
 
 // A text of the struct that is empty when the option is not given.
@@ -110,10 +110,11 @@ void DecrireLiens(Description<O>& description) {
       .Montre("CheckPEM")
       .OuiNon("lignes", &O::liensDeLignes, "liens entre lignes, du fichier .PEL")
       .Montre("ChkLgnPEM")
-      .Entier("progressif", &O::progressif, 0, kLiensAuPlus, "nombre de liens montrés, 0 pour tous"_w)
+      .Entier("progressif", &O::progressif, 0, kEntierAuPlus, "nombre de liens montrés, 0 pour tous"_w)
       .Montre("CheckProg")
       .OuiNon("value", &O::values, "écrit la valeur des liens"_w)
       .Montre("BtVal")
+      .Bouton("BtNVal", "non")
       .Reel("ecmin", &O::ecMin, -kLimiteDeLienAuPlus, kLimiteDeLienAuPlus, "valeur minimum des liens")
       .Defaut("0, ou 90 pour les liens entre lignes")
       .Montre("EcMinVal")
@@ -144,25 +145,32 @@ void DecrireClasses(Description<O>& description) {
       .Montre("ValCAH")
       .Entier("classes", &O::classes, 0, kClassesAuPlus, "niveau qui laisse tant de classes, 0 : celui de niveau="_w)
       .Montre("ValNCla")
+      .Entier("tirage", &O::tirage, 0, kEntierAuPlus, "tirage des couleurs des classes au hasard, 0 : à tour de rôle"_w)
       .Libre("ellipses", "concentration,mediane,indicatrice", "ellipses des modalités marquées"_w, PoserEllipses,
              EcrireEllipses)
       .Defaut("aucune")
       .Bouton("CheckEllipseC", "concentration")
       .Bouton("CheckEllipseM", "mediane")
       .Bouton("CheckEllipseI", "indicatrice")
-      .Noms("marques", &O::marques, "éléments marqués, par leurs noms"_w)
+      .Noms("marques", &O::marques, "éléments marqués, par leurs noms ; NOM:2 : le deuxième de ce nom"_w)
       .Defaut("aucune")
       .Montre("TextMarques");
 }
 
 void DecrireCadre(Description<O>& description) {
-  description.Entier("zoomlargeur", &O::zoomLargeur, kZoomAuMoins, kZoomAuPlus, "agrandissement en largeur, %")
-      .Entier("zoomhauteur", &O::zoomHauteur, kZoomAuMoins, kZoomAuPlus, "agrandissement en hauteur, %")
-      .Entier("page", &O::page, kPageAuMoins, kPageAuPlus, "taille de la page autour du graphique, %")
-      .Entier("droite", &O::versLaDroite, -kDeplacementAuPlus, kDeplacementAuPlus,
-              "déplace l'image vers la droite, millièmes de sa largeur"_w)
-      .Entier("haut", &O::versLeHaut, -kDeplacementAuPlus, kDeplacementAuPlus,
-              "déplace l'image vers le haut, millièmes de sa hauteur"_w);
+  const std::string zooms = Joindre({Nombre(kZoomAuMoins), "..", Nombre(kZoomAuPlus)});
+  const std::string deplacements = Joindre({Nombre(-kDeplacementAuPlus), "..", Nombre(kDeplacementAuPlus)});
+  description.Reel("zoomlargeur", &O::zoomLargeur, kZoomAuMoins, kZoomAuPlus, "agrandissement en largeur, %")
+      .Valeurs(zooms)
+      .Reel("zoomhauteur", &O::zoomHauteur, kZoomAuMoins, kZoomAuPlus, "agrandissement en hauteur, %")
+      .Valeurs(zooms)
+      .Reel("page", &O::page, kPageAuMoins, kPageAuPlus, "taille de la page autour du graphique, %")
+      .Reel("droite", &O::versLaDroite, -kDeplacementAuPlus, kDeplacementAuPlus,
+            "déplace l'image vers la droite, millièmes de sa largeur"_w)
+      .Valeurs(deplacements)
+      .Reel("haut", &O::versLeHaut, -kDeplacementAuPlus, kDeplacementAuPlus,
+            "déplace l'image vers le haut, millièmes de sa hauteur"_w)
+      .Valeurs(deplacements);
 }
 
 Description<O> Decrire() {

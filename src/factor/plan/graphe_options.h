@@ -7,9 +7,9 @@
 namespace quelvar::factor {
 
 // The frame that the form reaches by hundreds of presses, and no more.
-inline constexpr int kZoomAuMoins = 1;  // percent
-inline constexpr int kZoomAuPlus = 1'000'000;
-inline constexpr int kDeplacementAuPlus = 10'000'000;  // thousandths of the window
+inline constexpr double kZoomAuMoins = 1;  // percent
+inline constexpr double kZoomAuPlus = 1e6;
+inline constexpr double kDeplacementAuPlus = 1e7;  // thousandths of the window
 
 const Description<OptionsGraphe>& DescriptionGraphe();
 

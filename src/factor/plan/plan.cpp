@@ -244,38 +244,6 @@ std::string TexteAxe(const AxePlan& axe) { return axe.cpf ? "C" : Nombre(axe.fac
 
 void EchangerAxes(EtatPlan& etat) { std::swap(etat.reglages.horizontal, etat.reglages.vertical); }
 
-void BasculerMarque(EtatPlan& etat, std::size_t element) {
-  std::uint8_t& code = etat.reglages.marques[element];
-  code = code != 0 ? 0 : element < etat.donnees.colonnes ? kMarqueColonne : kMarqueLigne;
-}
-
-bool PorteUneMarque(const EtatPlan& etat, std::uint8_t code) {
-  const std::vector<std::uint8_t>& marques = etat.reglages.marques;
-  return std::find(marques.begin(), marques.end(), code) != marques.end();
-}
-
-std::optional<std::string> MarquerParNoms(EtatPlan& etat, const std::vector<std::string>& noms) {
-  const std::vector<PointPlan>& points = etat.donnees.points;
-  std::vector<std::uint8_t> marques(points.size(), 0);
-  for (const std::string& nom : noms) {
-    const auto trouve = std::find_if(points.begin(), points.end(), [&](const PointPlan& point) {
-      return EgalSansCasse(Rogner(point.nom), Rogner(nom));
-    });
-    if (trouve == points.end()) return nom;
-    const auto element = static_cast<std::size_t>(trouve - points.begin());
-    marques[element] = element < etat.donnees.colonnes ? kMarqueColonne : kMarqueLigne;
-  }
-  etat.reglages.marques = std::move(marques);
-  return std::nullopt;
-}
-
-std::vector<std::string> NomsMarques(const EtatPlan& etat) {
-  std::vector<std::string> noms;
-  for (std::size_t i = 0; i < etat.reglages.marques.size(); ++i)
-    if (etat.reglages.marques[i] != 0) noms.emplace_back(Rogner(etat.donnees.points[i].nom));
-  return noms;
-}
-
 LiensDuGraphe LiensMontres(const EtatPlan& etat, bool pajek) {
   const DonneesPlan& donnees = etat.donnees;
   const ReglagesPlan& reglages = etat.reglages;

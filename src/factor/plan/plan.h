@@ -174,10 +174,11 @@ void EchangerAxes(EtatPlan& etat);
 // Marks an element that is not, and the other way round.
 void BasculerMarque(EtatPlan& etat, std::size_t element);
 bool PorteUneMarque(const EtatPlan& etat, std::uint8_t code);
-// Marks the elements of these names (without regard to case) and no other one. Returns the first name that no element
-// has: the marks are then what they were.
+// Marks the elements of these names (without regard to case) and no other one; "OUV" is the first of that name, "OUV:2"
+// the second, as a row that is named as a column. Returns the first name that no element has: the marks are then what
+// they were.
 std::optional<std::string> MarquerParNoms(EtatPlan& etat, const std::vector<std::string>& noms);
-// The names of the marked elements, trimmed, in their order.
+// The names of the marked elements, trimmed, in their order, as MarquerParNoms takes them.
 std::vector<std::string> NomsMarques(const EtatPlan& etat);
 
 // --- links, classes, ellipses ---

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QMap>
+#include <QTabWidget>
 #include <algorithm>
 
 #include "core/chiffres/nombres.h"
@@ -41,8 +42,24 @@ bool EstCoche(const Option& option, const std::string& sienne, const std::string
   return std::ranges::find(valeurs, sienne) != valeurs.end();
 }
 
+// The tabs whose page this is; nullptr of any other control.
+const QTabWidget* OngletsDe(const QWidget& page) {
+  const QWidget* const pile = page.parentWidget();
+  return pile == nullptr ? nullptr : qobject_cast<const QTabWidget*>(pile->parentWidget());
+}
+
+// A page that lies behind another one can be seen, unless its tab is hidden.
+bool PeutSeVoir(const QWidget& controle, const QWidget& formulaire) {
+  for (const QWidget* ici = &controle; ici != nullptr && ici != &formulaire; ici = ici->parentWidget()) {
+    const QTabWidget* const onglets = OngletsDe(*ici);
+    const int page = onglets == nullptr ? -1 : onglets->indexOf(ici);
+    if (page >= 0 ? !onglets->isTabVisible(page) : ici->isHidden()) return false;
+  }
+  return true;
+}
+
 bool Parle(const QWidget& formulaire, const QWidget& controle) {
-  return controle.isVisibleTo(&formulaire) && controle.isEnabledTo(&formulaire);
+  return PeutSeVoir(controle, formulaire) && controle.isEnabledTo(&formulaire);
 }
 
 // A box that is ticked by default says, when it is not, the first other word of its option.
@@ -93,7 +110,10 @@ std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option
     const auto* const place = ControleDe<QWidget>(formulaire, controle);
     if (place == nullptr || !Parle(formulaire, *place)) continue;
     if (const auto* const bouton = qobject_cast<const QAbstractButton*>(place); bouton != nullptr) {
-      if (controle.valeur.empty()) continue;  // a box that opens a choice
+      if (controle.valeur.empty()) {  // a box that opens a choice: none is made before it is ticked
+        if (!bouton->isChecked()) return std::nullopt;
+        continue;
+      }
       if (bouton->isChecked())
         valeur = valeur && EstUneListe(option) ? Joindre({*valeur, ",", controle.valeur}) : controle.valeur;
       else if (!bouton->autoExclusive() && !valeur) valeur = SansSaCoche(option, controle.valeur, defaut);

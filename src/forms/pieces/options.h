@@ -22,8 +22,9 @@ void PoserOption(const QWidget& formulaire, const Option& option, const std::str
 
 // The value that the controls of an option say, in the words of the option (code page), those of a number within its
 // bounds, those of several boxes of a list with commas between them; nothing when none of them says any, and the
-// default holds. A control that is hidden or disabled says nothing, nor does a list, whose lines are the state of its
-// form. `defaut` is what is shown before the user has touched it.
+// default holds. A control that is hidden or disabled says nothing, one on a tab behind another does; nor does a list,
+// whose lines are the state of its form, nor any choice that a box opens while the box is not ticked. `defaut` is what
+// is shown before the user has touched it.
 std::optional<std::string> ValeurMontree(const QWidget& formulaire, const Option& option, const std::string& defaut);
 
 // The number of a text box, between the bounds of the option; 0 stands for a text that is no number.

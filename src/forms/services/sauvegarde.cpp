@@ -2,20 +2,24 @@
 
 #include <string>
 
-#include "core/fichiers/generiquetenu.h"
 #include "forms/qt/texte.h"
 
 namespace quelvar::forms {
+
+GeneriqueTenu TenirEnLeDisant(const Services& services, const Contexte& contexte, std::string_view extension) {
+  GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(extension));
+  std::string reparations;
+  for (const std::string& ligne : tenu.Recit()) reparations += ligne + "\r\n";
+  if (!reparations.empty()) services.ecran.demander(reparations, Boutons::Ok);
+  return tenu;
+}
 
 Sauvegarde SauverSur(const Services& services, const Contexte& contexte, std::string_view extension,
                      const std::function<void(const Contexte&)>& sauver) {
   Sauvegarde sauvegarde;
   services.Lancer([&](const Contexte&) {
     try {
-      const GeneriqueTenu tenu(contexte.repertoire, contexte.generique, contexte.Nom(extension));
-      std::string reparations;
-      for (const std::string& ligne : tenu.Recit()) reparations += ligne + "\r\n";
-      if (!reparations.empty()) services.ecran.demander(reparations, Boutons::Ok);
+      const GeneriqueTenu tenu = TenirEnLeDisant(services, contexte, extension);
       sauver(contexte);
       sauvegarde.faite = true;
     } catch (const Erreur& erreur) {

@@ -6,19 +6,23 @@
 #include <optional>
 #include <string_view>
 
+#include "core/fichiers/generiquetenu.h"
 #include "core/panne/erreur.h"
 #include "core/programme/programme.h"
 #include "forms/services/services.h"
 
 namespace quelvar::forms {
 
+// Holds the data set for the output of that extension; a box tells what was repaired before. Raises what GeneriqueTenu
+// raises.
+GeneriqueTenu TenirEnLeDisant(const Services& services, const Contexte& contexte, std::string_view extension);
+
 struct Sauvegarde {
   bool faite = false;                // false also when another run goes on or the user has given this one up
   std::optional<Erreur> echec = {};  // for the form to tell
 };
 
-// Runs the save of the file of that extension on the data set, which it holds meanwhile; a box tells what was repaired
-// before.
+// Runs the save of the file of that extension on the data set, which it holds meanwhile.
 Sauvegarde SauverSur(const Services& services, const Contexte& contexte, std::string_view extension,
                      const std::function<void(const Contexte&)>& sauver);
 

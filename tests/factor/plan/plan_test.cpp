@@ -5,6 +5,7 @@
 #include <cmath>
 #include <map>
 
+#include "core/options/noms.h"
 #include "core/texte/texte.h"
 #include "factor/plan/graphe.h"
 
@@ -142,6 +143,28 @@ TEST(Plan, AxesAsTyped) {
   for (AxePlan* axe : {&etat.reglages.horizontal, &etat.reglages.vertical}) FixerAxe(donnees, *axe, "C2");
   EXPECT_EQ(OptionsDuPlan(etat, false).horizontal, "C2");
   EXPECT_EQ(OptionsDuPlan(etat, false).vertical, "C");
+}
+
+// A row that has the name of a column, as in a table of fathers and sons, keeps its own mark.
+TEST(Plan, MarksByName) {
+  EtatPlan etat = NouveauPlan(Carre());
+  etat.donnees.points[5].nom = "b   ";
+  const auto marquer = [&](const char* noms) { return MarquerParNoms(etat, NomsSepares(noms)).value_or(""); };
+  const auto marques = [&] {
+    std::string codes;
+    for (const std::uint8_t code : etat.reglages.marques) codes += code == 0 ? '.' : code == kMarqueColonne ? 'c' : 'l';
+    return codes;
+  };
+  BasculerMarque(etat, 5);
+  EXPECT_EQ(NomsMarques(etat), (std::vector<std::string>{"b:2"}));
+  EXPECT_EQ(marquer("b:2"), "");
+  EXPECT_EQ(marques(), ".....l.");
+  EXPECT_EQ(marquer("a, B,B: 2"), "");
+  EXPECT_EQ(marques(), "cc...l.");
+  EXPECT_EQ(NomsMarques(etat), (std::vector<std::string>{"A", "B", "b:2"}));
+  for (const char* absent : {"B:3", "B:0", "B:", "B:x", "Z:1", ":1", "B:9999999999"})
+    EXPECT_EQ(marquer(absent), absent);
+  EXPECT_EQ(marques(), "cc...l.") << "refused names change nothing";
 }
 
 TEST(Plan, FewerFactorsThanAxes) {

@@ -63,8 +63,8 @@ void ChoixAnecar::MontrerEdition() {
   const bool details = ui_->optDetails->isChecked();
   ui_->FrDetails->setVisible(details);
   if (!details) {
-    for (QCheckBox* boite : ui_->FrDetails->findChildren<QCheckBox*>()) boite->setChecked(false);
-    ui_->OptW1->setChecked(true);
+    PoserDefauts(*ui_->FrDetails, factor::DescriptionAnecar());
+    ui_->ChkCAH->setChecked(false);  // it only opens the choice of a classification
     ui_->TextBoxNbFact->setText(QString::number(factor::kFacteursParDefaut));
   }
   MontrerSeuils();

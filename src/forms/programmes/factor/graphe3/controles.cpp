@@ -197,12 +197,16 @@ void Graphe3::RelierCah() {
     else MontrerReglages();
   });
   connect(ui_->BtCouleursOui, &QRadioButton::clicked, this, [this] {
-    std::optional<std::uint32_t>& hasard = etat_.reglages.cah.hasard;
-    if (etat_.reglages.cah.trace == factor::TraceCah::Couleurs) hasard = ++tirages_;
-    else hasard.reset();
+    factor::ReglagesCah& cah = etat_.reglages.cah;
+    if (cah.trace == factor::TraceCah::Couleurs) cah.hasard = ++tirages_;
+    else cah.hasard.reset();
+    cah.trace = factor::TraceCah::Couleurs;  // also while the tree is not shown, which the options then do not tell
     Redessiner();
   });
-  connect(ui_->BtCouleursNon, &QRadioButton::clicked, this, &Graphe3::Redessiner);
+  connect(ui_->BtCouleursNon, &QRadioButton::clicked, this, [this] {
+    etat_.reglages.cah.trace = factor::TraceCah::Lignes;
+    Redessiner();
+  });
   connect(ui_->BoutonCAH, &QPushButton::clicked, this, &Graphe3::CouperLaClassification);
   for (QCheckBox* boite : {ui_->CheckEllipseC, ui_->CheckEllipseM, ui_->CheckEllipseI})
     connect(boite, &QCheckBox::toggled, this, [this] {

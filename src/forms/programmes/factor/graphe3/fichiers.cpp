@@ -9,6 +9,7 @@
 #include "forms/programmes/factor/graphe3/graphe3.h"
 #include "forms/programmes/modalities/modifmod.h"
 #include "forms/qt/texte.h"
+#include "forms/services/sauvegarde.h"
 #include "forms/texte/enregistrement.h"
 #include "modalities/regroupement/modifburt_options.h"
 #include "ui_graphe3.h"
@@ -16,12 +17,18 @@
 namespace quelvar::forms {
 
 // The network file is written when its box is ticked, and as the graph stands when the form is left. It is of what the
-// form holds, as the pictures are: no file is read and no report made, so it is saved as they are and not run.
+// form holds, as the pictures are: no file is read and no report made, and a form may be left during a run, so it is no
+// run; it takes its place as the outputs of a run do, with the data set held, and the former file stays where it
+// cannot.
 void Graphe3::EcrireLeReseau() {
   LireReglages();
   if (!etat_.reglages.liens.actif || !ui_->FichPajek->isChecked()) return;
   const Chemin reseau = CheminDEcriture(contexte_.repertoire, contexte_.Nom(".net"));
-  if (EcrireOuDire(this, reseau, [this] { factor::EcrireReseau(contexte_, etat_); })) return;
+  const auto ecrire = [this] {
+    const GeneriqueTenu tenu = TenirEnLeDisant(services_, contexte_, ".net");
+    factor::EcrireReseau(contexte_, etat_);
+  };
+  if (EcrireOuDire(this, reseau, ecrire)) return;
   const QSignalBlocker bloque(ui_->FichPajek);
   ui_->FichPajek->setChecked(false);
 }

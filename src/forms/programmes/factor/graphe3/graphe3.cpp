@@ -5,7 +5,9 @@
 
 #include "core/chiffres/nombres.h"
 #include "core/panne/attention.h"
+#include "factor/plan/graphe_options.h"
 #include "forms/images/rendudessin.h"
+#include "forms/pieces/options.h"
 #include "forms/qt/texte.h"
 #include "modalities/regroupement/modifburt.h"
 #include "ui_graphe3.h"
@@ -50,49 +52,19 @@ void Graphe3::PoserBornes() {
   ui_->Resolution->setValue(kResolution);
 }
 
-// The choices with which a plane begins; boxes begin empty.
+// The choices with which a plane begins. No option tells the dimension that a change of size is for: it changes what is
+// shown, and the frame alone is kept.
 void Graphe3::PoserReglages() {
-  const factor::ReglagesPlan& reglages = etat_.reglages;
-  (reglages.ensemble == factor::EnsemblePoints::Actifs            ? ui_->Opt2
-   : reglages.ensemble == factor::EnsemblePoints::Supplementaires ? ui_->Opt3
-                                                                  : ui_->Opt1)
-      ->setChecked(true);
-  (reglages.taille == factor::TailleTexte::Petite   ? ui_->Option1
-   : reglages.taille == factor::TailleTexte::Grande ? ui_->Option3
-                                                    : ui_->Option2)
-      ->setChecked(true);
-  (reglages.liens.values ? ui_->BtVal : ui_->BtNVal)->setChecked(true);
-  (reglages.cah.trace == factor::TraceCah::Couleurs ? ui_->BtCouleursOui : ui_->BtCouleursNon)->setChecked(true);
+  MontrerOptions(*this, factor::DescriptionGraphe(), factor::OptionsDuPlan(etat_, false));
   (etat_.dimension == factor::DimensionPlan::Hauteur   ? ui_->OptH
    : etat_.dimension == factor::DimensionPlan::Largeur ? ui_->OptL
                                                        : ui_->OptAll)
       ->setChecked(true);
 }
 
-// What the boxes and buttons say; the fields are read when they are left.
+// What the boxes and buttons say, by the table of the program; the fields are read when they are left.
 void Graphe3::LireReglages() {
-  factor::ReglagesPlan& reglages = etat_.reglages;
-  reglages.pointExact = ui_->PointExact->isChecked();
-  reglages.parContribution = ui_->CheckContrib->isChecked();
-  reglages.intitulesLongs = ui_->CheckLong->isChecked();
-  reglages.information = ui_->CheckInfo->isChecked();
-  reglages.individus = ui_->CheckIndiv->isChecked();
-  reglages.ensemble = ui_->Opt2->isChecked()   ? factor::EnsemblePoints::Actifs
-                      : ui_->Opt3->isChecked() ? factor::EnsemblePoints::Supplementaires
-                                               : factor::EnsemblePoints::Tous;
-  reglages.taille = ui_->Option1->isChecked()   ? factor::TailleTexte::Petite
-                    : ui_->Option3->isChecked() ? factor::TailleTexte::Grande
-                                                : factor::TailleTexte::Moyenne;
-  reglages.gras = ui_->Check1->isChecked();
-  factor::ReglagesLiens& liens = reglages.liens;
-  liens.actif = ui_->CheckPEM->isChecked() || ui_->ChkLgnPEM->isChecked();
-  liens.lignes = ui_->ChkLgnPEM->isChecked();
-  liens.values = ui_->BtVal->isChecked();
-  liens.arbre = ui_->CheckArbrMin->isChecked();
-  reglages.cah.actif = ui_->CheckCAH->isChecked();
-  reglages.cah.trace = ui_->BtCouleursOui->isChecked() ? factor::TraceCah::Couleurs : factor::TraceCah::Lignes;
-  reglages.ellipses = {ui_->CheckEllipseC->isChecked(), ui_->CheckEllipseM->isChecked(),
-                       ui_->CheckEllipseI->isChecked()};
+  factor::PoserLesCoches(OptionsDesControles(*this, factor::DescriptionGraphe()), etat_.reglages);
 }
 
 // What follows from the state in fields and labels.

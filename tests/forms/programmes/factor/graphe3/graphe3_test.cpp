@@ -12,6 +12,8 @@
 #include <array>
 #include <map>
 
+#include "core/fichiers/releve.h"
+#include "core/fichiers/systeme/marque.h"
 #include "forms/programmes/factor/graphe3/plan.h"
 
 using namespace quelvar::factor;
@@ -148,6 +150,11 @@ TEST(Graphe3, SizeWheelAndDrag) {
   Cliquer(forme, "Command1");
   EXPECT_GT(limites().droite, debut.droite);  // the image has gone to the left
   Cliquer(forme, "BoutonRAZ");
+
+  // Moves that are taken back are none for the command.
+  Cliquer(forme, {"BtPlus", "Command3", "Command6", "BtMoins", "BtPlusF", "BtMoinsF"});
+  Pilote pilote;
+  EXPECT_EQ(essai::CommandeMontree(pilote, forme), "quelvar-batch --niveau 2 graphe ENQ");
 
   VueDessin& image = Image(forme);
   const QPoint place = PlaceDe(forme, {400, 200});
@@ -398,21 +405,116 @@ TEST(Graphe3, LeavingShowsTheReport) {
   EXPECT_TRUE(bureau.Texte().startsWith("*** Le fichier des coordonnees factorielles ENQ.FAJ n'existe pas"));
 }
 
-TEST(Graphe3, LaCommandeDitLesReglages) {
+struct CasDeCommande {
+  const char* nom;
+  std::vector<std::pair<const char*, const char*>> gestes;  // a control, and what is typed there
+  const char* contient;                                     // of the line, ended by ";"
+};
+
+const CasDeCommande kCommandes[] = {
+    {"Reglages",
+     {{"TextFV", "3"},
+      {"CheckInvX", nullptr},
+      {"PointExact", nullptr},
+      {"CheckLong", nullptr},
+      {"CheckInfo", nullptr},
+      {"TextBoxVal", "15"},
+      {"Option3", nullptr},
+      {"Check1", nullptr}},
+     "graphe ENQ vertical=3 inverserx=oui pointexact=oui longs=oui information=oui niveaucpf=15 caracteres=grands "
+     "gras=oui ellipses=mediane marques=A1"},
+    {"AxesEchanges",
+     {{"CheckContrib", nullptr}, {"CheckInvX", nullptr}, {"InvXY", nullptr}, {"Opt2", nullptr}, {"Opt1", nullptr}},
+     "graphe ENQ horizontal=2 vertical=1 inversery=oui contributions=oui ellipses=mediane marques=A1;"},
+    // The plane keeps its limits when fewer points or more are shown, and the mouse moves them by what it likes.
+    {"Cadre",
+     {{"Opt3", nullptr},
+      {"CheckIndiv", nullptr},
+      {"BtFaible", nullptr},
+      {"OptL", nullptr},
+      {"BtPlus", nullptr},
+      {"BtPlusF", nullptr},
+      {"Command3", nullptr}},
+     "individus=oui points=supplementaires ellipses=mediane marques=A1 zoomlargeur="},
+    {"Liens",
+     {{"CheckPEM", nullptr},
+      {"BtVal", nullptr},
+      {"BtNVal", nullptr},
+      {"CheckArbrMin", nullptr},
+      {"CheckProg", nullptr},
+      {"CmdProgPlus", nullptr},
+      {"EcMinVal", "50,5"},
+      {"FichPajek", nullptr}},
+     "graphe ENQ pem=oui progressif=2 ecmin=50.5 arbre=oui pajek=oui ellipses"},
+    {"Classes",
+     {{"CheckCAH", nullptr}, {"ValCAH", "2"}, {"BtCouleursOui", nullptr}, {"BtCouleursOui", nullptr}},
+     "graphe ENQ cah=couleurs niveau=2 tirage=1 ellipses"},
+    // Boxes without effect while the one that they depend on is not ticked.
+    {"CasesSansEffet",
+     {{"BtVal", nullptr}, {"CheckArbrMin", nullptr}, {"BtCouleursOui", nullptr}, {"FichPajek", nullptr}},
+     "graphe ENQ ellipses=mediane marques=A1;"},
+};
+
+// The line that the form shows makes the picture, the network and the report that the form makes.
+TEST(Graphe3, LaCommandeFaitCeQueFaitLeFormulaire) {
+  for (const CasDeCommande& cas : kCommandes) {
+    SCOPED_TRACE(cas.nom);
+    BureauDEllipses bureau;
+    const essai::CopieDuDossier avant(bureau);
+    const Graphe3& forme = bureau.Graphe();
+    TaperEtRetour(forme, "TextMarques", "A1");
+    Cliquer(forme, "CheckEllipseM");
+    for (const auto& [controle, texte] : cas.gestes) {
+      if (texte == nullptr) Cliquer(forme, controle);
+      else TaperEtRetour(forme, controle, texte);
+    }
+    Pilote pilote;
+    const QString commande = essai::FaitCommeLaCommande(avant, bureau, pilote, forme, [&] {
+      pilote.Choisir(QString::fromStdString((bureau.Dossier() / "ENQFac.svg").string()));
+      pilote.Cliquer("OK");
+      Cliquer(forme, {"BoutonEnregSous", "BoutonQuitter"});
+      EXPECT_TRUE(QTest::qWaitFor([&] { return bureau.Texte().contains("Graphique factoriel + Ellipse(s)"); }));
+    });
+    EXPECT_TRUE((commande + ";").contains(cas.contient)) << commande.toStdString();
+  }
+}
+
+// What a killed run has left is finished by whoever writes next, and told.
+TEST(Graphe3, LeReseauDitCeQuIlRepare) {
   BureauDePlan bureau;
-  Graphe3& forme = bureau.Graphe();
-  TaperEtRetour(forme, "TextFV", "C");
-  Cliquer(forme, {"CheckInvX", "PointExact", "CheckCAH", "BtCouleursOui"});
-  TaperEtRetour(forme, "ValCAH", "2");
+  const Graphe3& forme = bureau.Graphe();
+  Cliquer(forme, "CheckPEM");
+  bureau.Ecrire("ENQ.CDG", "1   1010\r\n");
+  quelvar::EntreeDeReleve entree;
+  entree.genre = quelvar::GenreDEntree::Efface;
+  entree.cible = bureau.Dossier() / "ENQ.CDG";
+  entree.provisoire = bureau.Dossier() / "ENQ.CDG~";
+  ASSERT_TRUE(quelvar::NoterEtat(entree.cible, entree.noeud, entree.instant));
+  quelvar::EcrireReleve(quelvar::CheminDeReleve(bureau.Dossier(), "ENQ"), {quelvar::AmorceDuSysteme(), {entree}},
+                        false);
+  Pilote pilote;
+  pilote.Cliquer("OK");
+  Cliquer(forme, "FichPajek");
+  EXPECT_TRUE(pilote.Vues().join("").contains("ceux-ci sont effacés : ENQ.CDG"));
+  EXPECT_TRUE(bureau.Existe("ENQ.net") && !bureau.Existe("ENQ.CDG"));
+}
+
+// A disk that is full leaves the former network, tells which file, and takes the box off.
+TEST(Graphe3, LeReseauDAvantResteSurUnDisquePlein) {
+  BureauDePlan bureau;
+  bureau.Ecrire("ENQ.net", "ancien\r\n");
+  const Graphe3& forme = bureau.Graphe();
   Cliquer(forme, "CheckPEM");
   Pilote pilote;
-  pilote.Faire([](QDialog& boite) {
-    EXPECT_EQ(
-        Champ(boite, "Commande"),
-        "quelvar-batch --niveau 2 graphe ENQ vertical=C inverserx=oui pointexact=oui pem=oui cah=couleurs niveau=2");
-    boite.reject();
-  });
-  Cliquer(forme, "BoutCommande");
+  pilote.Cliquer("OK");
+  {
+    const essai::DisquePlein plein(10);
+    Cliquer(forme, "FichPajek");
+  }
+  EXPECT_TRUE(pilote.Vues().last().contains("ENQ.net ne peut pas être écrit : Disque plein"))
+      << pilote.Vues().last().toStdString();
+  EXPECT_FALSE(essai::Coche(forme, "FichPajek"));
+  EXPECT_EQ(bureau.Lire("ENQ.net"), "ancien\r\n");
 }
 
 }  // namespace
