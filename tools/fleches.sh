@@ -59,8 +59,22 @@ while read -r cercle; do
 done < <(cercles)
 
 # A file of the generic may vanish while a form is open: Exiger raises what a dereferenced search would not.
-if git grep --untracked -nE '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' -- src tests fuzz; then
+if git grep --untracked -nE -e '\*[A-Za-z_.]*[cC]ontexte_?(\(\))?\.Chercher\(|\*ChercherFichier\(' \
+  -e '[cC]ontexte_?(\(\))?\.Chercher\([^()]*\)(->|\.value\(\))' -- src tests fuzz; then
   refuser "fichier cherché et pris sans savoir s'il est là (Exiger)"
+fi
+
+# How a file changes is known to core/fichiers alone, and what a program says goes through its report and its Dialogue.
+change='std::(ofstream|fstream)|\bfopen\(|filesystem::(rename|remove|remove_all|copy_file|resize_file)\('
+change+='|(^|[ (!=])(::)?(unlink|rename|renameat2|truncate|ftruncate)\('
+if git grep --untracked -nE "$change" -- src ':!src/core/fichiers'; then refuser "fichier changé hors de core/fichiers"; fi
+if git grep --untracked -nE 'std::(cout|cerr|clog|printf|fprintf|puts|fputs|fwrite)\b' -- src ':!src/batch' ':!src/forms/aide/publication'; then
+  refuser "sortie écrite sans Rapport ni Dialogue"
+fi
+
+# No threads in what computes and prints: a report has the same bytes on every machine.
+if git grep --untracked -nE '#include <(thread|future|execution|atomic)>' -- src ':!src/core/fichiers' ':!src/forms'; then
+  refuser "fils d'exécution sous les formulaires"
 fi
 
 # A namespace for each folder under the core.
@@ -70,17 +84,27 @@ for dossier in sorts capture crosstab tables modalities factor regression text u
   done < <(git grep --untracked -LE "namespace quelvar::$dossier" -- "src/$dossier/*.h" "src/$dossier/*.cpp" | grep -v 'main\.cpp$' || true)
 done
 
-if git grep --untracked -nE '#include <Q[A-Z]' -- src ':!src/forms'; then refuser "Qt sous les formulaires"; fi
+if git grep --untracked -nE '#include <(Q|qt)[A-Za-z]' -- src ':!src/forms'; then refuser "Qt sous les formulaires"; fi
 
 while read -r nombre dossier; do
   [ "$nombre" -le 24 ] || refuser "$dossier : $nombre fichiers sources (24 au plus)"
 done < <(sources src tests fuzz bench | sed 's|/[^/]*$||' | sort | uniq -c)
 
+# A file has the name of its subject: no part before it that the folder says, and behind it only what stands beside a
+# program. The tests stand in the folders that they try.
+while read -r fichier; do refuser "$fichier : nom en deux parties"; done < <(sources src | grep -E '/[^/]*_[^/]*$' | grep -vE '_(options|main)\.(cpp|h)$')
+while read -r dossier; do
+  [ -d "src/${dossier#tests/}" ] || refuser "$dossier : essais d'un dossier qui n'est pas dans src"
+done < <(sources tests | grep '_test\.cpp$' | grep -v '^tests/golden/' | sed 's|/[^/]*$||' | sort -u)
+
 # Bounds of what a program takes stand beside it, and the form asks for them (forms/pieces/defauts).
 if git grep --untracked -nE 'name="(minimum|maximum|maxLength|singleStep)"' -- 'src/forms/*.ui'; then refuser "borne écrite dans un formulaire"; fi
+if git grep --untracked -nE 'name="(checked|value)"' -- 'src/forms/programmes/*.ui'; then refuser "défaut écrit dans un formulaire"; fi
 
 # A failure has a name (core/panne/erreur.h), where it is raised and where a contract tells it.
 if git grep --untracked -nE '\bErreur\([0-9]' -- src; then refuser "erreur sans nom"; fi
+# What only a fault of ours can throw says so: a logic_error.
+if git grep --untracked -nE '\bthrow std::' -- src | grep -vE 'std::(logic_error|bad_alloc)\('; then refuser "échec sans Erreur"; fi
 if git grep --untracked -niE '^ *//.*\b(raises|throws|error|erreur) +[0-9]' -- 'src/*.h'; then refuser "contrat qui dit un numéro"; fi
 
 # Files of a length that one reads in a sitting: about 400 lines.

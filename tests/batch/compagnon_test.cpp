@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <regex>
 
 #include "core/fichiers/fichiers.h"
 #include "support/environnement.h"
@@ -64,6 +65,21 @@ TEST_F(Compagnon, TellsWhatItCouldNotReadOrWrite) {
     EXPECT_NE(sortie_.find(c.dit), std::string::npos) << c.ligne << '\n' << sortie_;
   }
   EXPECT_EQ(Lancer("ls -A | grep -c '~'"), 1) << "no scratch file is left";
+}
+
+TEST_F(Compagnon, UnderstandsEveryCommandThatTheDocumentsShow) {
+  static const std::regex commande("(^|\n|>|\" \\| )quelvar-batch ([^<&\n]*)");  // behind "&" the shell reads a file
+  int vues = 0;
+  for (const char* document : {"README.md", "docs/aide/QuelvarAide.html"}) {
+    const std::string texte = LireOctets(std::filesystem::path(QUELVAR_RACINE) / document);
+    for (std::sregex_iterator i(texte.begin(), texte.end(), commande); i != std::sregex_iterator(); ++i) {
+      const std::string arguments = (*i)[2];
+      if (arguments.find("PROGRAMME") != std::string::npos) continue;
+      EXPECT_NE(Lancer("$Q " + arguments), 2) << arguments << '\n' << sortie_;
+      ++vues;
+    }
+  }
+  EXPECT_GT(vues, 50);
 }
 
 // What would not fit is asked about, and without an answer stops before anything is written, with the bytes.

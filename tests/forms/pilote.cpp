@@ -105,6 +105,11 @@ Bureau::Bureau(int niveau, std::string_view generique) : Bureau() {
   Ecrire("qvr2.ini", std::string(generique) + "\r\n " + std::to_string(niveau) + " \r\n");
 }
 
+BureauDe::BureauDe(int niveau, std::initializer_list<Fichier> fichiers) : Bureau(niveau) {
+  for (const Fichier& fichier : fichiers) Ecrire(fichier.nom, fichier.octets);
+  Ouvrir();
+}
+
 quelvar::forms::Principal& Bureau::Ouvrir() {
   principal_ = std::make_unique<quelvar::forms::Principal>(
       quelvar::forms::Environnement{programme_, reglages, QString::fromStdString((programme_ / "aide").string()),
@@ -154,6 +159,12 @@ void MontrerOnglet(const QWidget& forme, const QWidget& controle) {
 }
 
 }  // namespace
+
+void Activer(QWidget& fenetre) {
+  fenetre.activateWindow();
+  if (!QTest::qWaitFor([&] { return fenetre.isActiveWindow(); }, 500)) QApplication::setActiveWindow(&fenetre);
+  QApplication::processEvents();
+}
 
 void Cliquer(const QWidget& forme, const char* nom) {
   auto& bouton = Bureau::Dans<QAbstractButton>(forme, nom);

@@ -111,8 +111,19 @@ class Bureau {
   std::unique_ptr<quelvar::forms::Principal> principal_;
 };
 
+struct Fichier {
+  const char* nom;
+  std::string_view octets;
+};
+// A main form that finds the files in its directory when it opens.
+struct BureauDe : Bureau {
+  BureauDe(int niveau, std::initializer_list<Fichier> fichiers);
+};
+
 // --- what a user does in a form, and what he sees there, by the names of the controls ---
 
+// Makes it the window that has the keyboard, also on a screen where no window manager gives it.
+void Activer(QWidget& fenetre);
 // Clicks a button in its middle, a box on its mark; the tab that holds it comes to the front before.
 void Cliquer(const QWidget& forme, const char* nom);
 void Cliquer(const QWidget& forme, std::initializer_list<const char*> noms);

@@ -85,6 +85,12 @@ OptionTrouvee TrouverOption(const std::vector<Option>& options, const ValeurDOpt
                                 nom, " (voir : quelvar-batch ", programme, " --aide)"}));
 }
 
+void RefuserDeuxValeurs(const Option& option, const OptionTrouvee& avant, const OptionTrouvee& apres) {
+  if (avant.rang != apres.rang || option.repetable || avant.valeur == apres.valeur) return;
+  throw UsageIncorrect(
+      Joindre({"l'option ", option.nom, " est donnée deux fois : \""_w, avant.valeur, "\" et \"", apres.valeur, "\""}));
+}
+
 void RefuserValeur(std::string_view nom, std::string_view attendu, std::string_view valeur) {
   throw UsageIncorrect(Joindre({"l'option ", nom, " attend ", attendu, " et non \"", valeur, "\""}));
 }

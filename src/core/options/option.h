@@ -68,6 +68,9 @@ struct OptionTrouvee {
 // Raises UsageIncorrect.
 OptionTrouvee TrouverOption(const std::vector<Option>& options, const ValeurDOption& typee, std::string_view programme);
 
+// Raises UsageIncorrect when both set that option to values that differ, and it takes one only.
+void RefuserDeuxValeurs(const Option& option, const OptionTrouvee& avant, const OptionTrouvee& apres);
+
 // Refuses a value: "l'option NOM attend ATTENDU et non ...". Raises UsageIncorrect.
 [[noreturn]] void RefuserValeur(std::string_view nom, std::string_view attendu, std::string_view valeur);
 

@@ -124,10 +124,7 @@ class TableDOptions {
                      [&](const OptionTrouvee& a, const OptionTrouvee& b) { return place(a) < place(b); });
     for (std::size_t i = 0; i < trouvees.size(); ++i) {
       const Option& option = options_[trouvees[i].rang];
-      const bool encore = i > 0 && trouvees[i - 1].rang == trouvees[i].rang && !option.repetable;
-      if (encore && trouvees[i - 1].valeur != trouvees[i].valeur)
-        throw UsageIncorrect(Joindre({"l'option ", option.nom, " est donnée deux fois : \""_w, trouvees[i - 1].valeur,
-                                      "\" et \"", trouvees[i].valeur, "\""}));
+      if (i > 0) RefuserDeuxValeurs(option, trouvees[i - 1], trouvees[i]);
       poseurs_[trouvees[i].rang](options, trouvees[i].valeur);
     }
   }

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollBar>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -288,7 +289,10 @@ void Principal::FixerTailleDEcran(const QString& action) {
   constexpr int lignes = 45;
   constexpr int bords = 12;  // pixels of the frame and the margins of the text
   const QFontMetrics police(ui_->Text1->font());
-  const QSize autour = size() - ui_->Text1->viewport()->size();
+  // A report that is longer or wider than the page brings its bars, which are not to cover any of it.
+  const QSize barres(ui_->Text1->verticalScrollBar()->sizeHint().width(),
+                     ui_->Text1->horizontalScrollBar()->sizeHint().height());
+  const QSize autour = size() - ui_->Text1->maximumViewportSize() + barres;
   QSize page(colonnes * police.horizontalAdvance(u'0') + bords, lignes * police.lineSpacing());
   if (action == QStringLiteral("mnuEcr38")) page = page * 4 / 3;
   setWindowState(windowState() & ~Qt::WindowMaximized);

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <numeric>
 #include <random>
 
+#include "factor/analyse/fichiers.h"
 #include "factor/analyse/supplementaires.h"
 #include "factor/analyse/tri.h"
 #include "support/programme.h"
@@ -35,6 +38,36 @@ class RunAnecar : public essai::RunDeProgramme {
     Table(mod, brt);
   }
 };
+
+TEST_F(RunAnecar, TheLastAnalysisIsThatOfTheYoungerReport) {
+  constexpr int kAbsent = -1;
+  const struct {
+    int afc, acp;  // seconds of the two reports
+    const char* derniere;
+  } cas[] = {{kAbsent, kAbsent, ".AFC"},
+             {1, kAbsent, ".AFC"},
+             {kAbsent, 1, ".ACP"},
+             {1, 2, ".ACP"},
+             {2, 1, ".AFC"},
+             {1, 1, ".AFC"}};
+  const auto poser = [&](const std::string& nom, int seconde) {
+    Effacer(nom);
+    if (seconde == kAbsent) return;
+    Ecrire(nom, "rapport");
+    std::filesystem::last_write_time(dossier_.Chemin() / nom,
+                                     std::filesystem::file_time_type(std::chrono::seconds(seconde)));
+  };
+  for (const auto& c : cas) {
+    poser("enq.afc", c.afc);
+    poser("ENQ.ACP", c.acp);
+    EXPECT_EQ(DerniereAnalyse(contexte_), c.derniere) << c.afc << ' ' << c.acp;
+  }
+  // What has no date, as a link that leads to itself, is no analysis.
+  Effacer("ENQ.ACP");
+  std::filesystem::create_symlink("ENQ.ACP", dossier_.Chemin() / "ENQ.ACP");
+  poser("enq.afc", 1);
+  EXPECT_EQ(DerniereAnalyse(contexte_), ".AFC");
+}
 
 TEST_F(RunAnecar, NumberOfFactorsIsBoundByTheActiveElements) {
   const struct {

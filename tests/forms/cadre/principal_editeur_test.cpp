@@ -13,6 +13,7 @@ using namespace quelvar::forms;
 namespace {
 
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Pilote;
 using quelvar::forms::frmSDI;
 
@@ -26,20 +27,15 @@ std::vector<frmSDI*> Editeurs() {
 
 class MenuEditeur : public testing::Test {
  protected:
-  MenuEditeur() : bureau(1) {
-    bureau.Ecrire("enq.pos", "ENQ\r\n 3 \r\nSEX   1 2\r\n");
-    bureau.Ecrire("ENQ.DAT", "1\r\n2\r\n1\r\n");
-    bureau.Ouvrir();
-  }
-  Bureau bureau;
+  MenuEditeur() : bureau(1, {{"enq.pos", "ENQ\r\n 3 \r\nSEX   1 2\r\n"}, {"ENQ.DAT", "1\r\n2\r\n1\r\n"}}) {}
+  BureauDe bureau;
 };
 
 TEST_F(MenuEditeur, CorrectsTheFileThatTheNextRunReads) {
   bureau.Menu("mnuEdPOS");
   ASSERT_EQ(Editeurs().size(), 1U);
   auto& texte = Bureau::Dans<quelvar::forms::EditTexte>(*Editeurs()[0], "TexteEd");
-  Editeurs()[0]->activateWindow();
-  QApplication::processEvents();
+  essai::Activer(*Editeurs()[0]);
   QTest::keyClick(&texte, Qt::Key_End, Qt::ControlModifier);
   QTest::keyClicks(&texte, "PRO   1 2");
   QTest::keyClick(&texte, Qt::Key_S, Qt::ControlModifier);

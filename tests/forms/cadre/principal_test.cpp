@@ -159,8 +159,7 @@ TEST(Principal, FichiersRecentsDansLeMenu) {
 
 TEST(Principal, RepertoireSansInitialisationAttendUnGenerique) {
   BureauOuvert bureau;
-  bureau.Fenetre().activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&bureau.Fenetre()));
+  essai::Activer(bureau.Fenetre());
   const std::filesystem::path vide = bureau.Dossier() / "vide";
   std::filesystem::create_directory(vide);
   bureau.Fenetre().ServicesDesFormes().ouvrirInitialisation(quelvar::CheminInitialisation(vide));
@@ -172,21 +171,31 @@ TEST(Principal, RepertoireSansInitialisationAttendUnGenerique) {
 TEST(Principal, TaillesDeLEcran) {
   BureauOuvert bureau;
   auto& texte = bureau.Controle<quelvar::forms::TexteFixe>("Text1");
-  bureau.Controle<QComboBox>("TailleCar").setCurrentText("8");  // a page that fits the screen of the test
-  bureau.Menu("mnuEcr35");
-  QTest::qWait(20);
-  const QSize page = texte.viewport()->size();
+  texte.FixerTaille(6);  // a page that fits the screen of the test
+  // What is left of the text box once a report has brought both bars.
+  const auto choisir = [&](const char* taille) {
+    const auto montrer = [&](std::size_t lignes, std::size_t colonnes) {
+      bureau.Fenetre().ServicesDesFormes().afficherTexte(std::string(colonnes, 'x') + std::string(lignes, '\n'));
+      QTest::qWait(20);
+      return texte.viewport()->size();
+    };
+    montrer(1, 1);
+    bureau.Menu(taille);
+    const QSize sansBarres = montrer(1, 1);
+    const QSize avecBarres = montrer(500, 400);
+    EXPECT_LT(avecBarres.width(), sansBarres.width()) << taille;
+    return avecBarres;
+  };
+  const QSize page = choisir("mnuEcr35");
   const QFontMetrics police(texte.font());
-  EXPECT_GE(page.width(), 80 * police.horizontalAdvance(u'0'));
-  bureau.Menu("mnuEcrAuto");
-  QTest::qWait(20);
+  EXPECT_EQ(page, QSize(80 * police.horizontalAdvance(u'0') + 12, 45 * police.lineSpacing()));
+  choisir("mnuEcrAuto");
   EXPECT_TRUE(bureau.Fenetre().isMaximized());
-  bureau.Menu("mnuEcr38");
-  QTest::qWait(20);
+  const QSize grande = choisir("mnuEcr38");
   EXPECT_FALSE(bureau.Fenetre().isMaximized());
   const QSize ecran = bureau.Fenetre().screen()->availableSize();
-  const int autour = bureau.Fenetre().width() - texte.viewport()->width();
-  EXPECT_EQ(bureau.Fenetre().width(), std::min(ecran.width(), page.width() * 4 / 3 + autour));
+  const int autour = bureau.Fenetre().width() - grande.width();
+  EXPECT_EQ(bureau.Fenetre().width(), std::min(ecran.width(), (page * 4 / 3).width() + autour));
 }
 
 TEST(Principal, TailleDesCaracteres) {

@@ -22,22 +22,21 @@ using namespace quelvar::forms;
 namespace {
 
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Cliquer;
 using essai::CliquerLigne;
 using essai::Pilote;
 using essai::Taper;
 
-struct BureauAuTravail : Bureau {
-  BureauAuTravail() : Bureau(2) {
-    Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   2 3 $Age$ &SUP&\r\nCSP   3 1\r\n");
-    Ecrire("ENQ.DAT", "111\r\n221\r\n130\r\n111\r\n");
-    Ecrire("ENQ.MOD", "ENQ\r\n BRT=2 FMT=2 \r\nSEX1   Homme\r\nSEX2   \r\n");
-    Ecrire("ENQ.BRT", "SEX1 3 0\r\nSEX2 0 1\r\n");
-    Ecrire("ENQ.CSV", "SEX;AGE\r\n1;2\r\n");
-    Ecrire("AUTRE.POS", "AUTRE\r\n 1 \r\nSEX   1 2\r\n");
-    Ecrire("AUTRE.DAT", "1\r\n");
-    Ouvrir();
-  }
+struct BureauAuTravail : BureauDe {
+  BureauAuTravail()
+      : BureauDe(2, {{"ENQ.POS", "ENQ\r\n 4 \r\nSEX   1 2 $Sexe$ &ACT&\r\nAGE   2 3 $Age$ &SUP&\r\nCSP   3 1\r\n"},
+                     {"ENQ.DAT", "111\r\n221\r\n130\r\n111\r\n"},
+                     {"ENQ.MOD", "ENQ\r\n BRT=2 FMT=2 \r\nSEX1   Homme\r\nSEX2   \r\n"},
+                     {"ENQ.BRT", "SEX1 3 0\r\nSEX2 0 1\r\n"},
+                     {"ENQ.CSV", "SEX;AGE\r\n1;2\r\n"},
+                     {"AUTRE.POS", "AUTRE\r\n 1 \r\nSEX   1 2\r\n"},
+                     {"AUTRE.DAT", "1\r\n"}}) {}
 };
 
 // A form with something typed or chosen in it.

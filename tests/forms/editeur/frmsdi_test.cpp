@@ -36,8 +36,7 @@ class FrmSDI : public testing::Test {
                                                                         }},
                                         genre);
     editeur_->show();
-    editeur_->activateWindow();
-    QApplication::processEvents();
+    essai::Activer(*editeur_);
     ouvert = nom == nullptr || editeur_->Ouvrir(Chemin(nom));
     return *editeur_;
   }
@@ -52,16 +51,13 @@ class FrmSDI : public testing::Test {
   void Revenir() {
     QWidget ailleurs;
     ailleurs.show();
-    ailleurs.activateWindow();
-    QApplication::processEvents();
-    editeur_->activateWindow();
-    QApplication::processEvents();
+    essai::Activer(ailleurs);
+    essai::Activer(*editeur_);
   }
   EditTexte& Texte() { return Bureau::Dans<EditTexte>(*editeur_, "TexteEd"); }
   QString Etat(const char* libelle) { return Bureau::Dans<QLabel>(*editeur_, libelle).text(); }
   void Touche(Qt::Key touche, Qt::KeyboardModifiers avec = Qt::NoModifier) {
-    editeur_->activateWindow();  // a box that closes leaves no window active here
-    QApplication::processEvents();
+    essai::Activer(*editeur_);  // a box that closes leaves no window active here
     QTest::keyClick(&Texte(), touche, avec);
   }
   // The keys of a French keyboard, accents included.

@@ -13,11 +13,10 @@
 namespace {
 
 using essai::Bureau;
+using essai::BureauDe;
 
 TEST(Barre, MenusSansLettreNiRaccourciDouble) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\n"}});
   QMap<QString, QString> raccourcis;
   for (const QMenu* menu : bureau.Fenetre().findChildren<QMenu*>()) {
     if (menu->title().isEmpty()) continue;  // the bar's own, for what does not fit

@@ -17,6 +17,7 @@ using namespace quelvar::forms;
 namespace {
 
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Champ;
 using essai::Cliquer;
 using essai::ContenuDe;
@@ -42,7 +43,6 @@ void Ecrire(Saisief& forme, const QString& texte) {
 
 TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
   Bureau bureau(1);
-  bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   EXPECT_FALSE(essai::Actif(des, "BoutSaisie")) << "no question yet";
   Pilote pilote;
@@ -81,7 +81,6 @@ TEST(SaisieDes, DuDescripteurAuPremierEnregistrement) {
 // What is typed when the descriptor is ended belongs to it, a correction as well as a new question.
 TEST(SaisieDes, CeQuiNEstPasValide) {
   Bureau bureau(1);
-  bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   const auto frapper = [&](const char* nom, const char* codeMax) {
     Taper(des, "TextMod", nom);
@@ -117,7 +116,6 @@ TEST(SaisieDes, CeQuiNEstPasValide) {
 // The keyboard alone: behind an alphabetic question the kinds begin again with the short numeric, where Tab goes.
 TEST(SaisieDes, LesGenresAuClavier) {
   Bureau bureau(1);
-  bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   const auto frapper = [&](const char* nom, int bas, const char* codeMax) {
     QTest::keyClicks(des.focusWidget(), nom);
@@ -127,8 +125,7 @@ TEST(SaisieDes, LesGenresAuClavier) {
     QTest::keyClicks(des.focusWidget(), codeMax);
     QTest::keyClick(des.focusWidget(), Qt::Key_Return);
   };
-  des.activateWindow();
-  QApplication::setActiveWindow(&des);
+  essai::Activer(des);
   Bureau::Dans<QLineEdit>(des, "TextMod").setFocus();
   frapper("NOM", 1, "8");
   frapper("CP1", 2, "5");
@@ -143,7 +140,6 @@ TEST(SaisieDes, LesGenresAuClavier) {
 
 TEST(SaisieDes, QuitterSansEnregistrer) {
   Bureau bureau(1);
-  bureau.Ouvrir();
   SaisieDes& des = bureau.Demander<SaisieDes>("mnuSaisie");
   const QString avant = bureau.Texte();
   Taper(des, "TextMod", "SEX");
@@ -161,10 +157,8 @@ TEST(SaisieDes, QuitterSansEnregistrer) {
 }
 
 TEST(Saisief, UnIndividuAuClavier) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.DES", "SEX     2     \r\nNOM     8A    \r\nCP1     5A NUM\r\n");
-  bureau.Ecrire("ENQ.MOD", "ENQ\r\n\r\nSEX2   Femme\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.DES", "SEX     2     \r\nNOM     8A    \r\nCP1     5A NUM\r\n"},
+                      {"ENQ.MOD", "ENQ\r\n\r\nSEX2   Femme\r\n"}});
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
   const auto etat = [&](const char* nom) { return Etiquette(forme, nom); };
   EXPECT_EQ(etat("Label5") + "|" + etat("TextMod") + "|" + etat("Label6") + "|" + etat("Label7"),
@@ -208,9 +202,7 @@ TEST(Saisief, UnIndividuAuClavier) {
 }
 
 TEST(Saisief, SaisieDirecteEtTouchesTenues) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.DES", "SEX     2     \r\nAGE    25     \r\nENF     9     \r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.DES", "SEX     2     \r\nAGE    25     \r\nENF     9     \r\n"}});
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
   Touches(forme, {Qt::Key_1});
   EXPECT_EQ(Etiquette(forme, "Label5") + Etiquette(forme, "TextMod"), "SEX 0") << "off at the start";
@@ -230,9 +222,7 @@ TEST(Saisief, SaisieDirecteEtTouchesTenues) {
 }
 
 TEST(Saisief, ArreterDevantLesFautes) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.DES", "NUL     0     \r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.DES", "NUL     0     \r\n"}});
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
   QTest::keyClick(forme.focusWidget(), Qt::Key_Tab);
   QTest::keyClick(forme.focusWidget(), Qt::Key_Return);
@@ -242,10 +232,7 @@ TEST(Saisief, ArreterDevantLesFautes) {
 }
 
 TEST(Saisief, FautesAvantLaPremiereQuestion) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.DES", "SEX     2     \r\nNUL     0     \r\n");
-  bureau.Ecrire("ENQ.DAT", "1\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.DES", "SEX     2     \r\nNUL     0     \r\n"}, {"ENQ.DAT", "1\r\n"}});
   Saisief& forme = bureau.Demander<Saisief>("mnuSaisie");
   EXPECT_TRUE(
       Etiquette(forme, "TextMsg")

@@ -95,7 +95,7 @@ TEST(ChoixVar, ControlesSelonLeNiveau) {
 TEST(ChoixVar, AuClavierSeul) {
   BureauDEnquete bureau;
   ChoixVar& forme = bureau.Demande();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&forme));
+  essai::Activer(forme);
   auto& questions = Bureau::Dans<QListWidget>(forme, "ListVar1");
   EXPECT_TRUE(questions.hasFocus());
   QTest::keyClick(&questions, Qt::Key_Home);

@@ -95,7 +95,7 @@ TEST(Graphe2, VoirLaCommande) {
 TEST(Graphe2, EnregistreSousSonNom) {
   BureauDeGraphe bureau;
   Graphe2& forme = bureau.Graphe();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&forme));
+  essai::Activer(forme);
   Pilote pilote;
   const auto accepterSurLaForme = [&](QDialog& boite) {
     EXPECT_EQ(boite.parentWidget(), &forme);  // the box leaves the picture in front

@@ -22,6 +22,7 @@ using namespace quelvar::forms;
 namespace {
 
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Cliquer;
 using essai::CliquerLigne;
 using essai::Etiquette;
@@ -31,16 +32,14 @@ using essai::Visible;
 
 class FormesDeLaRegression : public testing::Test {
  protected:
-  FormesDeLaRegression() : bureau_(2) {
-    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 4 \r\nCIN   1 2 $Cinema$\r\nSEX   2 2 $Sexe$\r\nAGE   3 3\r\n");
-    bureau_.Ecrire("ENQ.DAT", "111\r\n212\r\n121\r\n223\r\n");
-    bureau_.Ecrire("ENQ.MOD",
-                   "ENQ\r\n FMT=1\r\nCIN1   oui\r\nCIN2   non\r\nSEX1   Homme\r\nSEX2   Femme\r\n**\r\nX\r\n");
-    bureau_.Ouvrir();
-  }
+  FormesDeLaRegression()
+      : bureau_(2, {{"ENQ.POS", "ENQ\r\n 4 \r\nCIN   1 2 $Cinema$\r\nSEX   2 2 $Sexe$\r\nAGE   3 3\r\n"},
+                    {"ENQ.DAT", "111\r\n212\r\n121\r\n223\r\n"},
+                    {"ENQ.MOD",
+                     "ENQ\r\n FMT=1\r\nCIN1   oui\r\nCIN2   non\r\nSEX1   Homme\r\nSEX2   Femme\r\n**\r\nX\r\n"}}) {}
   static std::string ArretVolontaire() { return "Arr\xEAt volontaire du programme\r\n"; }
 
-  Bureau bureau_;
+  BureauDe bureau_;
 };
 
 TEST_F(FormesDeLaRegression, CodageParLesTroisEtapes) {

@@ -49,8 +49,7 @@ TEST(Prem, DesDonneesExistantesAuTriAPlat) {
   ASSERT_NE(prem, nullptr);
   EXPECT_FALSE(Bureau::Dans<QPushButton>(*prem, "BnomDir").isEnabled());
   Cliquer(*prem, "BdatOui");
-  prem->activateWindow();
-  QApplication::processEvents();
+  essai::Activer(*prem);
   QTest::keyClick(prem, Qt::Key_S, Qt::AltModifier);
   EXPECT_TRUE(Bureau::Dans<QListWidget>(*prem, "Dir1").hasFocus()) << "the letter of its label";
   DoubleClic(Bureau::Dans<QListWidget>(*prem, "Dir1"), "donnees");
@@ -137,8 +136,7 @@ TEST(Repertoires, DoubleClicEtFichierInitialisation) {
   EXPECT_EQ(fichiers.item(0)->text(), "Qvr2.ini");
   DoubleClic(dir, "donnees");
   EXPECT_EQ(bureau.Fenetre().ServicesDesFormes().session.generique, "ENQ");
-  forme->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(forme));
+  essai::Activer(*forme);
   dir.setFocus();
   dir.setCurrentItem(Ligne(dir, "Vide"));
   QTest::keyClick(&dir, Qt::Key_Return);

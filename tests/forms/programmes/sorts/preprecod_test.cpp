@@ -19,6 +19,7 @@ namespace {
 
 using essai::Actif;
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Cliquer;
 using essai::Coche;
 using essai::Etiquette;
@@ -27,11 +28,9 @@ using quelvar::forms::PrepRecod;
 
 class FormeRecodage : public testing::Test {
  protected:
-  FormeRecodage() : bureau_(2) {
-    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\nAGE   212 $Age$\r\nLEC   4 2\r\n");
-    bureau_.Ecrire("ENQ.DAT", "1 31\r\n2122\r\n1 71\r\n");
-    bureau_.Ouvrir();
-  }
+  FormeRecodage()
+      : bureau_(2, {{"ENQ.POS", "ENQ\r\n 3 \r\nSEX   1 2 $Sexe$\r\nAGE   212 $Age$\r\nLEC   4 2\r\n"},
+                    {"ENQ.DAT", "1 31\r\n2122\r\n1 71\r\n"}}) {}
   PrepRecod& Ouvrir() { return bureau_.Demander<PrepRecod>("mnuPrepRecod"); }
   static void Question(const QWidget& forme, int rang) {
     Bureau::Dans<QListWidget>(forme, "ListPos").setCurrentRow(rang);
@@ -45,7 +44,7 @@ class FormeRecodage : public testing::Test {
     QTest::keyClick(codes.view(), Qt::Key_Return);
   }
 
-  Bureau bureau_;
+  BureauDe bureau_;
 };
 
 TEST_F(FormeRecodage, RulesFilterAndVitReachThePosAndTheRecoding) {

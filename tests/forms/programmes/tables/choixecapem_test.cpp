@@ -16,22 +16,21 @@ namespace {
 
 using essai::Actif;
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Cliquer;
 using essai::Etiquette;
 using quelvar::forms::ChoixEcapem;
 
 class FormeEcapem : public testing::Test {
  protected:
-  FormeEcapem() : bureau_(1) {
-    bureau_.Ecrire("ENQ.POS", "ENQ\r\n 120 \r\n");
-    bureau_.Ecrire("ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 LA=3\r\nOUI    Favorable\r\nNON    Defavorable\r\n");
-    bureau_.Ecrire("ENQ.BRT", "OUV  30 10Ouvriers\r\nCAD  10 30Cadres\r\nEMP  20 20\r\n");
-    bureau_.Ouvrir();
-  }
+  FormeEcapem()
+      : bureau_(1, {{"ENQ.POS", "ENQ\r\n 120 \r\n"},
+                    {"ENQ.MOD", "ENQ\r\n LIGN=3 COL=2 LA=3\r\nOUI    Favorable\r\nNON    Defavorable\r\n"},
+                    {"ENQ.BRT", "OUV  30 10Ouvriers\r\nCAD  10 30Cadres\r\nEMP  20 20\r\n"}}) {}
 
   ChoixEcapem& Ouvrir(const char* entree = "mnuEcapem") { return bureau_.Demander<ChoixEcapem>(entree); }
 
-  Bureau bureau_;
+  BureauDe bureau_;
 };
 
 TEST_F(FormeEcapem, OptionsParDefaut) {
@@ -80,7 +79,7 @@ TEST_F(FormeEcapem, AidesDesCases) {
 TEST_F(FormeEcapem, CliquesAuClavier) {
   bureau_.Ecrire("ENQ.NT1", "   1: 1 2\r\n");
   ChoixEcapem& forme = Ouvrir();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&forme));
+  essai::Activer(forme);
   QTest::keyClick(&forme, Qt::Key_R, Qt::AltModifier);
   // A box taken by its letter is pressed for a moment before it is ticked.
   ASSERT_TRUE(QTest::qWaitFor([&] { return !Actif(forme, "ChkPEL"); }));

@@ -12,13 +12,13 @@ using namespace quelvar::forms;
 namespace {
 
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Cliquer;
 using essai::Pilote;
 
 TEST(Graphe, TheTriangleFollowsItsControls) {
-  Bureau bureau(2);
-  bureau.Ecrire("ENQ.TRG", "Titre\r\nUn\r\nDeux\r\nTrois\r\nAGE1 20.0 30.0 50.0jeunes\r\nAGE2 60.0 30.0 10.0vieux\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(
+      2, {{"ENQ.TRG", "Titre\r\nUn\r\nDeux\r\nTrois\r\nAGE1 20.0 30.0 50.0jeunes\r\nAGE2 60.0 30.0 10.0vieux\r\n"}});
   Pilote pilote;
   Graphe& forme = bureau.Demander<Graphe>("mnuTriang");
   EXPECT_EQ(forme.windowTitle(), "Graphique non encore enregistré");

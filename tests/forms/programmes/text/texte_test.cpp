@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QTest>
 #include <tuple>
 
@@ -36,6 +35,12 @@ class FormesDuTexte : public testing::Test {
     QTest::mouseDClick(liste.viewport(), Qt::LeftButton, touche, place.center());
   }
 
+  Concord* Concordance() {
+    auto* forme = bureau_.Forme<Concord>();
+    if (forme == nullptr) throw std::runtime_error("no concordance is shown");
+    return forme;
+  }
+
   Bureau bureau_{2};
   Pilote pilote_;
 };
@@ -51,7 +56,7 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   EXPECT_TRUE(bureau_.Texte().endsWith("    le nouveau est désormais : ENR\nFin normale du programme\n"));
 
   auto& decoupage = bureau_.Demander<SaisieMot>("mnuImpMot");
-  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(decoupage, "Verif").toPlainText().contains("1le travail  bien sur"));
+  EXPECT_TRUE(Etiquette(decoupage, "Verif").contains("1le travail  bien sur"));
   EXPECT_FALSE(Visible(decoupage, "FrMots"));
   pilote_.Cliquer("OK");
   Cliquer(decoupage, "CbLancer");
@@ -81,21 +86,16 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   Cliquer(lignes, {"OptLong", "BtTri"});
   EXPECT_EQ(Lignes(lignes, "ListLignSuppl").last(), "   2           travtravail   ");
   DoubleCliquer(lignes, "ListLignSuppl", 7);
-  auto* concordance = bureau_.Forme<Concord>();
-  ASSERT_NE(concordance, nullptr);
-  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
-                  .toPlainText()
-                  .startsWith("Concordance de : travail\n2 ligne(s) de ENR.DAT\n"));
+  Concord* concordance = Concordance();
+  EXPECT_TRUE(Etiquette(*concordance, "TextInfo").startsWith("Concordance de : travail\n2 ligne(s) de ENR.DAT\n"));
   Cliquer(*concordance, "OptGauche");
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),
             "quelvar-batch --niveau 2 concordance ENR mots=travail ordre=gauche");
   Taper(*concordance, "TextMots", "rire, le");
   Cliquer(*concordance, "BoutChercher");
-  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
-                  .toPlainText()
-                  .startsWith("Concordance de : rire, le\n3 ligne(s)"));
+  EXPECT_TRUE(Etiquette(*concordance, "TextInfo").startsWith("Concordance de : rire, le\n3 ligne(s)"));
   Cliquer(*concordance, "BoutCopier");
-  EXPECT_EQ(QGuiApplication::clipboard()->text(), Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo").toPlainText());
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), Etiquette(*concordance, "TextInfo"));
   pilote_.Choisir(QString::fromStdString((bureau_.Dossier() / "c.txt").string()));
   Cliquer(*concordance, "BoutEnregS");
   EXPECT_TRUE(bureau_.Lire("c.txt").starts_with("Concordance de : rire, le\r\n3 ligne(s) de ENR.DAT\r\n\r\n"));
@@ -107,11 +107,8 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
   for (const auto& [ligne, touche, mot] :
        {std::tuple{7, Qt::NoModifier, "travail"}, {6, Qt::ControlModifier, "travailler"}, {3, Qt::NoModifier, "le"}}) {
     DoubleCliquer(lignes, "ListLignSuppl", ligne, touche);
-    concordance = bureau_.Forme<Concord>();
-    ASSERT_NE(concordance, nullptr);
-    EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
-                    .toPlainText()
-                    .startsWith(QStringLiteral("Concordance de : %1\n").arg(mot)));
+    concordance = Concordance();
+    EXPECT_TRUE(Etiquette(*concordance, "TextInfo").startsWith(QStringLiteral("Concordance de : %1\n").arg(mot)));
     Cliquer(*concordance, "BoutQuitter");
     QStringList marquees = Lignes(lignes, "ListLignSuppl").filter(QStringLiteral(" A agréger "));
     EXPECT_EQ(marquees.size(), 2) << mot;
@@ -127,18 +124,15 @@ TEST_F(FormesDuTexte, DUnTexteAUneTableDontDesLignesSontReunies) {
 
   auto& agregees = bureau_.Demander<TabMotAgreg>("mnuTabMotAgreg");
   DoubleCliquer(agregees, "ListLignSuppl", 6);
-  concordance = bureau_.Forme<Concord>();
-  ASSERT_NE(concordance, nullptr);
-  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
-                  .toPlainText()
+  concordance = Concordance();
+  EXPECT_TRUE(Etiquette(*concordance, "TextInfo")
                   .startsWith("Concordance de : travail (travailler, travail)\n3 ligne(s) de ENS.DAT\n\n"));
   Cliquer(*concordance, "BoutChercher");
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),
             "quelvar-batch --niveau 2 concordance ENS mots=travailler,travail");
   Taper(*concordance, "TextMots", "travail");
   Cliquer(*concordance, "BoutChercher");
-  EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo")
-                  .toPlainText()
+  EXPECT_TRUE(Etiquette(*concordance, "TextInfo")
                   .contains("Ce sont les lignes du mot travail seul ; la ligne travail du tableau (fréquence 3)"));
 }
 
@@ -169,10 +163,9 @@ TEST_F(FormesDuTexte, AnnulerUnNomArreteLeDecoupageEtRienNeChange) {
 TEST_F(FormesDuTexte, UnMotQuiContientUneVirguleSeCherche) {
   bureau_.Ecrire("ENQ.DAT", "1oui,oui,      $$" + std::string(30, '*') + "oui, non" + std::string(37, ' ') + "\r\n");
   OuvrirConcord(bureau_.Fenetre().ServicesDesFormes(), quelvar::text::CherchesDesMots({"oui,"}));
-  auto* concordance = bureau_.Forme<Concord>();
-  ASSERT_NE(concordance, nullptr);
+  Concord* concordance = Concordance();
   for (int fois = 0; fois < 2; ++fois) {
-    EXPECT_TRUE(Bureau::Dans<QPlainTextEdit>(*concordance, "TextInfo").toPlainText().contains("1 ligne(s) de ENQ.DAT"));
+    EXPECT_TRUE(Etiquette(*concordance, "TextInfo").contains("1 ligne(s) de ENQ.DAT"));
     Cliquer(*concordance, "BoutChercher");
   }
   EXPECT_EQ(FaitCommeLaCommande(bureau_, pilote_, *concordance, [] {}),

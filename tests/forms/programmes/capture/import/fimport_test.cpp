@@ -12,17 +12,27 @@
 using namespace quelvar::forms;
 
 using essai::Bureau;
+using essai::BureauDe;
 using essai::Cliquer;
 using essai::Etiquette;
 using essai::Pilote;
+using essai::Visible;
+
+namespace {
+
+// The form of the other sources, by the way that a user without a spreadsheet takes.
+FImport& ParLesAutresSources(Bureau& bureau) {
+  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
+  FImport* const forme = bureau.Forme<FImport>();
+  if (forme == nullptr) throw std::runtime_error("BoutAutres shows no form");
+  return *forme;
+}
+
+}  // namespace
 
 TEST(FImport, SansSource) {
-  Bureau bureau(2);
-  bureau.Ecrire("autre.csv", "SEX\r\n1\r\n");
-  bureau.Ouvrir();
-  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
-  ASSERT_NE(bureau.Forme<FImport>(), nullptr);
-  FImport& forme = *bureau.Forme<FImport>();
+  BureauDe bureau(2, {{"autre.csv", "SEX\r\n1\r\n"}});
+  FImport& forme = ParLesAutresSources(bureau);
   EXPECT_EQ(Etiquette(forme, "TextAide"),
             "Pas d'mportation d'un fichier dBase (*.DBF) ou d'un fichier de données (*.DAT) possible du fait de "
             "l'absence de fichiers.\nAnnulez ou prenez l'option d'importation d'un tableau de Burt.\n");
@@ -37,15 +47,11 @@ TEST(FImport, SansSource) {
                                         "Vous devez définir le fichier Burt issu de SAS"}));
   EXPECT_FALSE(bureau.Existe("ENQ.IMP")) << "nothing was launched";
   bureau.Menu("mnuNiv1");
-  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
-  EXPECT_FALSE(Bureau::Dans<QWidget>(*bureau.Forme<FImport>(), "FrOptions").isVisible());
+  EXPECT_FALSE(Visible(ParLesAutresSources(bureau), "FrOptions"));
 }
 
 TEST(FImport, DonneesSeules) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.DAT", "12\r\n31\r\n");
-  bureau.Ecrire("ENQ.IMP", "un ancien rapport\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.DAT", "12\r\n31\r\n"}, {"ENQ.IMP", "un ancien rapport\r\n"}});
   FImport& forme = bureau.Demander<FImport>("mnuImport");
   const auto presence = [&] {
     QString presents;
@@ -66,20 +72,13 @@ TEST(FImport, DonneesSeules) {
 }
 
 TEST(FImport, LesDonneesRemplaceesSontAnnoncees) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.DBF", "");
-  bureau.Ecrire("ENQ.DAT", "12\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.DBF", ""}, {"ENQ.DAT", "12\r\n"}});
   EXPECT_TRUE(Etiquette(bureau.Demander<FImport>("mnuImport"), "TextAide").contains("seront remplacés"));
 }
 
 TEST(FImport, TableauDeBurt) {
-  Bureau bureau(2);
-  bureau.Ecrire("sas.txt", "SEX1Homme 4 0\r\nSEX2Femme 0 6\r\n");
-  bureau.Ouvrir();
-  Cliquer(bureau.Demander<SourceImport>("mnuImport"), "BoutAutres");
-  ASSERT_NE(bureau.Forme<FImport>(), nullptr);
-  FImport& forme = *bureau.Forme<FImport>();
+  BureauDe bureau(2, {{"sas.txt", "SEX1Homme 4 0\r\nSEX2Femme 0 6\r\n"}});
+  FImport& forme = ParLesAutresSources(bureau);
   Cliquer(forme, {"CheckBRT", "OptUtil"});
   EXPECT_TRUE(Etiquette(forme, "TextAide")
                   .contains("Dans PROC CORRESP;\n     format  Q1  formatQ1.  Q2  formatQ2  etc. ;\n"
@@ -122,10 +121,7 @@ TEST(Import, FormulaireSelonLesSources) {
 }
 
 TEST(Import, AideEtEtatDesFichiers) {
-  Bureau bureau(1);
-  bureau.Ecrire("ENQ.CSV", essai::kTableur);
-  bureau.Ecrire("ENQ.DAT", "1\r\n");
-  bureau.Ouvrir();
+  BureauDe bureau(1, {{"ENQ.CSV", essai::kTableur}, {"ENQ.DAT", "1\r\n"}});
   bureau.Menu("mnuImport");
   FImportCSV& forme = *bureau.Forme<FImportCSV>();
   const auto etat = [&](const char* nom) { return Etiquette(forme, nom); };

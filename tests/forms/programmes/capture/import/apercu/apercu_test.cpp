@@ -74,8 +74,7 @@ void PrendreColonne(ApercuImport& forme, int ligne) {
 
 // Writes a short name where the focus is, and leaves the field.
 void Nommer(ApercuImport& forme, const char* nom) {
-  forme.activateWindow();
-  QApplication::processEvents();
+  essai::Activer(forme);
   auto& champ = Bureau::Dans<QLineEdit>(forme, "TextNom");
   champ.setFocus();
   champ.selectAll();
